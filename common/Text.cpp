@@ -1,0 +1,127 @@
+#include "common/Text.h"
+
+#include <array>
+#include <limits>
+
+namespace {
+
+// Windows-1252, 80 to 9F: https://www.unicode.org/Public/MAPPINGS/VENDORS/MICSFT/WINDOWS/CP1252.TXT
+constexpr std::array<char16_t, 32> kWindows1252{
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+};
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+struct Sequence {
+    std::size_t length;
+    char32_t smallest;
+    char32_t firstBits;
+};
+
+// What the first byte says of a UTF-8 sequence; length 0 where no sequence begins so.
+constexpr Sequence SequenceOf(unsigned char first) {
+    if (first < 0x80) return {1, 0, first};
+    if ((first & 0xE0) == 0xC0) return {2, 0x80, first & 0x1FU};
+    if ((first & 0xF0) == 0xE0) return {3, 0x800, first & 0x0FU};
+    if ((first & 0xF8) == 0xF0) return {4, 0x10000, first & 0x07U};
+    return {0, 0, 0};
+}
+
+bool IsSurrogate(char32_t point) { return point >= 0xD800 && point <= 0xDFFF; }
+
+void AppendUtf16(Text& text, char32_t point) {
+    if (point < 0x10000) {
+        text.push_back(static_cast<char16_t>(point));
+        return;
+    }
+    point -= 0x10000;
+    text.push_back(static_cast<char16_t>(0xD800 + (point >> 10)));
+    text.push_back(static_cast<char16_t>(0xDC00 + (point & 0x3FF)));
+}
+
+void AppendUtf8(std::string& bytes, char32_t point) {
+    const auto tail = [&](int shift) { bytes.push_back(static_cast<char>(0x80 | ((point >> shift) & 0x3F))); };
+    if (point < 0x80) {
+        bytes.push_back(static_cast<char>(point));
+    } else if (point < 0x800) {
+        bytes.push_back(static_cast<char>(0xC0 | (point >> 6)));
+        tail(0);
+    } else if (point < 0x10000) {
+        bytes.push_back(static_cast<char>(0xE0 | (point >> 12)));
+        tail(6);
+        tail(0);
+    } else {
+        bytes.push_back(static_cast<char>(0xF0 | (point >> 18)));
+        tail(12);
+        tail(6);
+        tail(0);
+    }
+}
+
+} // namespace
+
+std::optional<Text> FromUtf8(std::string_view bytes) {
+    Text text;
+    text.reserve(bytes.size());
+    for (std::size_t at = 0; at < bytes.size();) {
+        const Sequence sequence = SequenceOf(static_cast<unsigned char>(bytes[at]));
+        if (sequence.length == 0 || at + sequence.length > bytes.size()) return std::nullopt;
+        char32_t point = sequence.firstBits;
+        for (std::size_t i = 1; i < sequence.length; ++i) {
+            const auto next = static_cast<unsigned char>(bytes[at + i]);
+            if ((next & 0xC0) != 0x80) return std::nullopt;
+            point = (point << 6) | (next & 0x3FU);
+        }
+        if (point < sequence.smallest || point > 0x10FFFF || IsSurrogate(point)) return std::nullopt;
+        AppendUtf16(text, point);
+        at += sequence.length;
+    }
+    return text;
+}
+
+Text FromBytes(std::string_view bytes) {
+    if (auto text = FromUtf8(bytes)) return *std::move(text);
+    Text text;
+    text.reserve(bytes.size());
+    for (const char byte : bytes) {
+        const auto value = static_cast<unsigned char>(byte);
+        text.push_back(value >= 0x80 && value <= 0x9F ? kWindows1252[value - 0x80] : value);
+    }
+    return text;
+}
+
+std::string ToUtf8(TextView text) {
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        char32_t point = text[at];
+        if (IsSurrogate(point)) {
+            const bool pair = point < 0xDC00 && at + 1 < text.size() && (text[at + 1] & 0xFC00) == 0xDC00;
+            point = pair ? 0x10000 + ((point - 0xD800) << 10) + (text[++at] - 0xDC00U) : kReplacement;
+        }
+        AppendUtf8(bytes, point);
+    }
+    return bytes;
+}
+
+Text Decimal(std::int64_t number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
+std::optional<std::int32_t> WholeNumber(TextView text) {
+    const bool negative = !text.empty() && text.front() == u'-';
+    if (negative || (!text.empty() && text.front() == u'+')) text.remove_prefix(1);
+    if (text.empty()) return std::nullopt;
+    std::int64_t number = 0;
+    for (const char16_t digit : text) {
+        if (digit < u'0' || digit > u'9') return std::nullopt;
+        number = number * 10 + (digit - u'0');
+        if (number > std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1) return std::nullopt;
+    }
+    if (negative) number = -number;
+    if (number > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
+    return static_cast<std::int32_t>(number);
+}

@@ -1,0 +1,28 @@
+#pragma once
+// Text inside the program is UTF-16, because titles and captions are counted and cut in UTF-16 units.
+// std::string is bytes as they stand in a file.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+using Text = std::u16string;
+using TextView = std::u16string_view;
+
+/// The bytes read as UTF-8 when they are valid UTF-8, else as Windows-1252 (where 81 8D 8F 90 9D stand for
+/// themselves). Never fails.
+[[nodiscard]] Text FromBytes(std::string_view bytes);
+
+/// The bytes of valid UTF-8 as text; nothing when they are not valid UTF-8.
+[[nodiscard]] std::optional<Text> FromUtf8(std::string_view bytes);
+
+/// The text as UTF-8. An unpaired surrogate becomes U+FFFD.
+[[nodiscard]] std::string ToUtf8(TextView text);
+
+/// A whole number in decimal, without leading zeros.
+[[nodiscard]] Text Decimal(std::int64_t number);
+
+/// The whole number that a text of decimal digits, with an optional sign, writes; nothing for any other text or a
+/// number out of range.
+[[nodiscard]] std::optional<std::int32_t> WholeNumber(TextView text);

@@ -1,0 +1,68 @@
+#pragma once
+#include "common/ResumeNext.h"
+#include "common/Text.h"
+#include "common/Units.h"
+
+#include <cstdint>
+#include <memory>
+
+/// One page view of the engine. Making one costs nothing: the engine's page comes into being at the next turn of the
+/// event loop, and of several navigations asked for within one turn only the last takes place.
+/// Owned by the view array. Calls may raise events before they return.
+class BrowserView {
+public:
+    virtual ~BrowserView() = default;
+
+    /// Loads what a person types or a page names: an address, a host, a path, or words to search for.
+    virtual Outcome Navigate(TextView address) = 0;
+    virtual Outcome Stop() = 0;
+    virtual Outcome Refresh() = 0;
+    virtual Outcome GoBack() = 0;
+    virtual Outcome GoForward() = 0;
+    virtual Outcome GoHome() = 0;
+
+    [[nodiscard]] virtual bool Busy() const = 0;
+    /// The address of the page shown; of a view that has shown none yet, the address that it is to load.
+    [[nodiscard]] virtual Text LocationURL() const = 0;
+
+    virtual void SetVisible(bool visible) = 0;
+    virtual void SetTabStop(bool tabStop) = 0;
+    /// In the page area of the window. A view far to the left is parked: hidden from the engine, alive.
+    virtual void Move(const Rect& place) = 0;
+    virtual void MoveLeft(Twips left) = 0;
+    virtual void BringToFront() = 0;
+    virtual void SetFocus() = 0;
+};
+
+/// Whether an event concerns the view's page or a frame inside it.
+enum class PageLevel { Top, Frame };
+
+/// The history command whose state changed.
+enum class HistoryCommand { UpdateCommands = -1, NavigateForward = 1, NavigateBack = 2 };
+
+/// Where the events of all views arrive, the view's index first.
+class BrowserViewEvents {
+public:
+    virtual ~BrowserViewEvents() = default;
+
+    virtual void StatusTextChange(std::int16_t Index, TextView Text) = 0;
+    virtual void CommandStateChange(std::int16_t Index, HistoryCommand Command, bool Enable) = 0;
+    virtual void DownloadBegin(std::int16_t Index) = 0;
+    virtual void DownloadComplete(std::int16_t Index) = 0;
+    virtual void TitleChange(std::int16_t Index, TextView Text) = 0;
+    virtual void BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
+    /// A page asks for a new window: the view to show it in, or nothing.
+    virtual BrowserView* NewWindow2(std::int16_t Index) = 0;
+    virtual void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
+    virtual void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
+    /// The page has closed its own window.
+    virtual void WindowClosing(std::int16_t Index) = 0;
+};
+
+/// Makes views. Owned by the program's entry.
+class BrowserViewFactory {
+public:
+    virtual ~BrowserViewFactory() = default;
+    /// `events` outlives the view. Nothing when no view can be made.
+    virtual std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events) = 0;
+};

@@ -1,0 +1,29 @@
+#pragma once
+#include "common/Text.h"
+
+enum class Answer { Yes, No, Cancel };
+
+/// Questions to the user. Owned by the program's entry. A dialog runs its own event loop: what was looked up before
+/// may be gone when it returns.
+class MessageBoxes {
+public:
+    virtual ~MessageBoxes() = default;
+    /// A modal question with the buttons Yes, No and Cancel and the question icon, titled with the application's
+    /// title. Closing the box answers Cancel.
+    virtual Answer AskYesNoCancel(TextView question) = 0;
+};
+
+/// One use of the common file dialog `cmDialog`.
+struct FileDialogRequest {
+    Text DialogTitle;
+    Text InitDir;
+    Text Filter; ///< pairs of description and patterns, separated by "|", patterns by ";"
+    bool MustExist = false;
+};
+
+class FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+    /// The chosen path; empty when the user cancelled.
+    virtual Text ShowOpen(const FileDialogRequest& request) = 0;
+};

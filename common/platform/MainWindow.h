@@ -1,0 +1,34 @@
+#pragma once
+#include "common/Text.h"
+#include "common/Units.h"
+
+enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
+
+/// Position and size of a window on the screen.
+struct Placement {
+    Twips left, top, width, height;
+    bool operator==(const Placement&) const = default;
+};
+
+/// The main window's frame on the desktop. Owned by the program's entry.
+class MainWindow {
+public:
+    virtual ~MainWindow() = default;
+
+    virtual void SetCaption(TextView caption) = 0;
+    virtual void Show() = 0;
+    /// Closes the window; its unload handler runs.
+    virtual void Close() = 0;
+
+    [[nodiscard]] virtual WindowState State() const = 0;
+    virtual void SetState(WindowState state) = 0;
+    [[nodiscard]] virtual Placement Place() const = 0;
+    virtual void SetPlace(const Placement& place) = 0;
+    /// The inner area that tab strip, page and status bar share.
+    [[nodiscard]] virtual Pixels InnerWidth() const = 0;
+    [[nodiscard]] virtual Pixels InnerHeight() const = 0;
+    [[nodiscard]] virtual Twips ScreenWidth() const = 0;
+    [[nodiscard]] virtual Twips ScreenHeight() const = 0;
+    /// Places the tab strip in the inner area.
+    virtual void MoveTabStrip(const Rect& place) = 0;
+};
