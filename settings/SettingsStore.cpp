@@ -1,0 +1,83 @@
+#include "settings/SettingsStore.h"
+
+template<>
+std::optional<bool> Setting<bool>::Find() const {
+    const auto text = m_storage.Read(m_name);
+    if (text == u"true") return true;
+    if (text == u"false") return false;
+    return std::nullopt;
+}
+
+template<>
+Outcome Setting<bool>::Set(const bool& value) {
+    return m_storage.Write(m_name, value ? u"true" : u"false");
+}
+
+template<>
+std::optional<std::int32_t> Setting<std::int32_t>::Find() const {
+    const auto text = m_storage.Read(m_name);
+    return text ? WholeNumber(*text) : std::nullopt;
+}
+
+template<>
+Outcome Setting<std::int32_t>::Set(const std::int32_t& value) {
+    return m_storage.Write(m_name, Decimal(value));
+}
+
+template<>
+std::optional<Twips> Setting<Twips>::Find() const {
+    const auto text = m_storage.Read(m_name);
+    const auto number = text ? WholeNumber(*text) : std::nullopt;
+    return number ? std::optional(Saturated16(Twips{*number})) : std::nullopt;
+}
+
+template<>
+Outcome Setting<Twips>::Set(const Twips& value) {
+    return m_storage.Write(m_name, Decimal(Saturated16(value).value));
+}
+
+template<>
+std::optional<Text> Setting<Text>::Find() const {
+    return m_storage.Read(m_name);
+}
+
+template<>
+Outcome Setting<Text>::Set(const Text& value) {
+    return m_storage.Write(m_name, value);
+}
+
+template<>
+std::optional<std::vector<Text>> Setting<std::vector<Text>>::Find() const {
+    return m_storage.ReadList(m_name);
+}
+
+template<>
+Outcome Setting<std::vector<Text>>::Set(const std::vector<Text>& value) {
+    return m_storage.WriteList(m_name, value);
+}
+
+SettingsStore::SettingsStore(SettingsStorageFactory& factory)
+    : m_storage(factory.Open()),
+      AskDefaultBrowser(*m_storage, u"AskDefaultBrowser", true),
+      RememberLastSites(*m_storage, u"RememberLastSites", true),
+      TGCloseOthersFirst(*m_storage, u"TGCloseOthersFirst", false),
+      TitleLengthLimit(*m_storage, u"TitleLengthLimit", 20),
+      OpenNewInFront(*m_storage, u"OpenNewInFront", true),
+      WindowWidth(*m_storage, u"WindowWidth", Twips{15360}),
+      WindowHeight(*m_storage, u"WindowHeight", Twips{11520}),
+      WindowTop(*m_storage, u"WindowTop"),
+      WindowLeft(*m_storage, u"WindowLeft"),
+      WindowMaximized(*m_storage, u"WindowMaximized", false),
+      HandOffCommandLine(*m_storage, u"HandOffCommandLine"),
+      LastSites(*m_storage, u"LastSites"),
+      SearchHistory(*m_storage, u"SearchHistory"),
+      AddressHistory(*m_storage, u"AddressHistory"),
+      TabsUp(*m_storage, u"TabsUp", true),
+      AllowMultipleInstances(*m_storage, u"AllowMultipleInstances", false),
+      ShowStatusBar(*m_storage, u"ShowStatusBar", true),
+      LoadImages(*m_storage, u"LoadImages", true),
+      LoadAnimations(*m_storage, u"LoadAnimations", true),
+      LoadVideos(*m_storage, u"LoadVideos", true),
+      LoadSounds(*m_storage, u"LoadSounds", true),
+      MailClient(*m_storage, u"MailClient"),
+      NewsClient(*m_storage, u"NewsClient") {}
