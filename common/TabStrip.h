@@ -1,5 +1,6 @@
 #pragma once
 #include "common/Text.h"
+#include "common/Units.h"
 
 #include <cstdint>
 #include <functional>
@@ -62,6 +63,8 @@ public:
     [[nodiscard]] TabPlacement Placement() const { return m_placement; }
     void SetPlacement(TabPlacement placement);
 
+    /// How high the row of tabs is; grows with the font, reported by the view.
+    Pixels RowHeight{22};
     /// The owner's handler of a selection.
     std::function<void()> Click;
     /// Attaches the view: called once a change until `Clean()`; runs at once to show the present state.

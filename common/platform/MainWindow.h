@@ -24,6 +24,8 @@ public:
     virtual void SetState(WindowState state) = 0;
     [[nodiscard]] virtual Placement Place() const = 0;
     virtual void SetPlace(const Placement& place) = 0;
+    /// Leaves the position to the desktop.
+    virtual void SetSize(Twips width, Twips height) = 0;
     /// The inner area that tab strip, page and status bar share.
     [[nodiscard]] virtual Pixels InnerWidth() const = 0;
     [[nodiscard]] virtual Pixels InnerHeight() const = 0;

@@ -1,0 +1,56 @@
+#include "tabs/BrowserEvents.h"
+
+void BrowserEvents::StatusTextChange(std::int16_t Index, TextView Text) {
+    if (m_tabs.IsSelected(Index)) m_tabs.ShowStatusText(Text);
+}
+
+void BrowserEvents::CommandStateChange(std::int16_t Index, HistoryCommand Command, bool Enable) {
+    if (auto* view = m_browser.Find(Index)) {
+        if (Command == HistoryCommand::NavigateForward) view->ForwardFlag = Enable ? 1 : 0;
+        if (Command == HistoryCommand::NavigateBack) view->Tag = Enable ? u"1" : u"0";
+    }
+    if (m_tabs.IsSelected(Index)) m_tabs.UpdateBackForward();
+}
+
+void BrowserEvents::DownloadBegin(std::int16_t) { m_tabs.UpdateStopRefresh(); }
+
+void BrowserEvents::DownloadComplete(std::int16_t) { m_tabs.UpdateStopRefresh(); }
+
+void BrowserEvents::TitleChange(std::int16_t Index, TextView Text) { m_tabs.SetTabTitle(Index, Text); }
+
+void BrowserEvents::BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) {
+    if (m_tabs.IsSelected(Index) && pDisp == PageLevel::Top) {
+        ShowAddress(pDisp, URL);
+        m_tabs.UpdateStopRefresh();
+    }
+    m_tabs.SetTabBusy(Decimal(Index), TabBusy::Yes);
+}
+
+BrowserView* BrowserEvents::NewWindow2(std::int16_t) {
+    return m_tabs.GetNewBrowser(m_tabs.OpenNewInFront ? InFront::Yes : InFront::No);
+}
+
+// Deliberate: a tab turns idle as soon as its navigation completes, before the document has, and the completion of
+// any frame clears the mark too.
+void BrowserEvents::NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) {
+    DocumentComplete(Index, pDisp, URL);
+}
+
+void BrowserEvents::DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) {
+    if (m_tabs.IsSelected(Index)) {
+        ShowAddress(pDisp, URL);
+        m_tabs.UpdateStopRefresh();
+        if (auto* view = m_browser.Find(Index)) {
+            view->Control->BringToFront();
+            view->Control->SetFocus();
+        }
+    }
+    m_tabs.SetTabBusy(Decimal(Index), TabBusy::No);
+}
+
+void BrowserEvents::WindowClosing(std::int16_t Index) { m_tabs.CloseBrowserTab(Index); }
+
+void BrowserEvents::ShowAddress(PageLevel pDisp, TextView URL) {
+    auto* address = m_tabs.AddressCombo();
+    if (pDisp == PageLevel::Top && address) address->Value = Text(URL);
+}

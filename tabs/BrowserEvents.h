@@ -1,0 +1,27 @@
+#pragma once
+#include "tabs/TabSet.h"
+
+/// Keeps strip, address box, status bar and command enabling in step with the views. A view that is not selected
+/// changes only its own tab.
+class BrowserEvents final : public BrowserViewEvents {
+public:
+    /// Both must outlive the views that report here; they may still be under construction.
+    BrowserEvents(TabSet& tabs, ViewArray& Browser) : m_tabs(tabs), m_browser(Browser) {}
+
+    void StatusTextChange(std::int16_t Index, TextView Text) override;
+    void CommandStateChange(std::int16_t Index, HistoryCommand Command, bool Enable) override;
+    void DownloadBegin(std::int16_t Index) override;
+    void DownloadComplete(std::int16_t Index) override;
+    void TitleChange(std::int16_t Index, TextView Text) override;
+    void BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    BrowserView* NewWindow2(std::int16_t Index) override;
+    void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    void WindowClosing(std::int16_t Index) override;
+
+private:
+    void ShowAddress(PageLevel pDisp, TextView URL);
+
+    TabSet& m_tabs;
+    ViewArray& m_browser;
+};

@@ -1,0 +1,154 @@
+#include "tabs/TabSet.h"
+
+namespace {
+
+constexpr TextView kBlankPage = u"about:blank";
+constexpr TextView kLastTabQuestion = u"Do you want to close the last browser tab and exit this application?";
+
+Text KeyOf(std::int32_t index) { return u"Tab" + Decimal(index); }
+
+void Enable(CommandBar& bar, TextView tool, bool enabled) {
+    if (auto* found = bar.Find(tool)) found->Enabled = enabled;
+}
+
+} // namespace
+
+TabSet::TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusBar& sbStatus, MessageBoxes& messages)
+    : m_pcPage(pcPage), m_browser(Browser), m_actBar(actBar), m_sbStatus(sbStatus), m_messages(messages) {
+    m_pcPage.Click = [this] { pcPage_Click(); };
+}
+
+BrowserView* TabSet::PrepareFirstTab() {
+    if (auto* tab = m_pcPage.Add(1, KeyOf(1))) tab->Tag = 1;
+    NextBrowserIndex = 2;
+    auto* view = m_browser.Find(1);
+    if (!view) return nullptr;
+    view->Control->SetVisible(true);
+    if (PlaceView) PlaceView(*view);
+    view->Control->BringToFront();
+    ResumeNext(view->Control->Navigate(kBlankPage));
+    return view->Control.get();
+}
+
+BrowserView* TabSet::GetNewBrowser(InFront inFront) {
+    const std::int32_t index = NextBrowserIndex;
+    auto* view = m_browser.Load(index);
+    if (view) {
+        view->Control->SetVisible(true);
+        ResumeNext(view->Control->Navigate(kBlankPage));
+    }
+    auto* tab = m_pcPage.Add(m_pcPage.PositionOf(m_pcPage.SelectedItem()) + 1, KeyOf(index));
+    if (tab) tab->Tag = index;
+    ++NextBrowserIndex;
+    if (tab) m_pcPage.SetCaption(tab, u"Loading...");
+    if (tab && inFront == InFront::Yes) m_pcPage.Select(tab);
+    return view ? view->Control.get() : nullptr;
+}
+
+void TabSet::pcPage_Click() {
+    const auto* selected = m_pcPage.SelectedItem();
+    if (!selected) return;
+    if (auto* view = m_browser.Find(selected->Tag)) {
+        if (PlaceView) PlaceView(*view);
+        view->Control->SetTabStop(true);
+        view->Control->SetVisible(true);
+        view->Control->BringToFront();
+        view->Control->SetFocus();
+    }
+    m_browser.ParkAllBut(selected->Tag);
+    UpdateBackForward();
+    UpdateStopRefresh();
+    auto* view = CurrentView();
+    auto* address = AddressCombo();
+    if (view && address) address->Value = view->Control->LocationURL();
+}
+
+void TabSet::UpdateBackForward() {
+    const auto* view = CurrentView();
+    if (!view) return;
+    Enable(m_actBar, u"mnuGoBack", view->Tag == u"1");
+    Enable(m_actBar, u"mnuGoForward", view->ForwardFlag != 0);
+}
+
+void TabSet::UpdateStopRefresh() {
+    const auto* view = CurrentView();
+    if (!view) return;
+    const bool busy = view->Control->Busy();
+    Enable(m_actBar, u"mnuRefresh", !busy);
+    Enable(m_actBar, u"mnuStop", busy);
+}
+
+void TabSet::SetTabBusy(TextView Tag, TabBusy Busy) {
+    if (auto* tab = m_pcPage.Find(Text(u"Tab").append(Tag))) {
+        m_pcPage.SetImage(tab, Busy == TabBusy::Yes ? TabImage::Red : TabImage::None);
+    }
+}
+
+void TabSet::SetTabTitle(std::int32_t Index, TextView title) {
+    auto* tab = m_pcPage.Find(KeyOf(Index));
+    if (!tab) return;
+    const bool whole = TitleLengthLimit < 1 || title.size() <= static_cast<std::size_t>(TitleLengthLimit);
+    if (whole) {
+        m_pcPage.SetCaption(tab, Text(title));
+        return;
+    }
+    // Deliberate: the dots come on top of the limit.
+    m_pcPage.SetCaption(tab, Text(title.substr(0, static_cast<std::size_t>(TitleLengthLimit))) + u"...");
+}
+
+void TabSet::CloseBrowserTab(std::int32_t Index) {
+    // Deliberate: the page is stopped before the question, and stays stopped when the answer is no.
+    if (auto* view = m_browser.Find(Index)) ResumeNext(view->Control->Stop());
+    if (m_pcPage.Count() != 1) {
+        CloseOneOfSeveral(Index);
+    } else if (m_messages.AskYesNoCancel(kLastTabQuestion) == Answer::Yes && CloseWindow) {
+        CloseWindow();
+    }
+}
+
+void TabSet::CloseOneOfSeveral(std::int32_t Index) {
+    if (Index != 1) {
+        m_browser.Unload(Index);
+    } else if (auto* view = m_browser.Find(1)) {
+        view->Control->SetVisible(false);
+    }
+    const auto* selected = m_pcPage.SelectedItem();
+    const auto* closing = m_pcPage.Find(KeyOf(Index));
+    // Deliberate: two tabs with one caption count as the same tab.
+    const bool background = selected && closing && selected->Caption() != closing->Caption();
+    const Text keptKey = background ? selected->Key() : Text();
+    m_pcPage.Remove(closing);
+    if (background) m_pcPage.Select(m_pcPage.Find(keptKey));
+    pcPage_Click();
+}
+
+void TabSet::CloseSelectedTab() {
+    if (const auto* selected = m_pcPage.SelectedItem()) CloseBrowserTab(selected->Tag);
+}
+
+void TabSet::CloseOtherTabs() {
+    for (std::size_t position = m_pcPage.Count(); position >= 2; --position) {
+        if (const auto* tab = m_pcPage.FindAt(position)) CloseBrowserTab(tab->Tag);
+    }
+    if (auto* view = CurrentView()) ResumeNext(view->Control->Navigate(kBlankPage));
+}
+
+void TabSet::ShowStatusText(TextView Text) { m_sbStatus.SimpleText = ::Text(Text); }
+
+void TabSet::ShowStatusBar(bool Show) {
+    if (auto* tool = m_actBar.Find(u"mnuViewStatusbar")) tool->Checked = Show;
+    m_sbStatus.Visible = Show;
+    if (Resize) Resize();
+}
+
+ComboTool* TabSet::AddressCombo() const { return m_actBar.FindCombo(u"cboAddress"); }
+
+ArrayView* TabSet::CurrentView() const {
+    const auto* selected = m_pcPage.SelectedItem();
+    return selected ? m_browser.Find(selected->Tag) : nullptr;
+}
+
+bool TabSet::IsSelected(std::int32_t Index) const {
+    const auto* selected = m_pcPage.SelectedItem();
+    return selected && selected->Tag == Index;
+}

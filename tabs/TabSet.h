@@ -1,0 +1,70 @@
+#pragma once
+#include "common/CommandBar.h"
+#include "common/StatusBar.h"
+#include "common/TabStrip.h"
+#include "common/platform/Dialogs.h"
+#include "tabs/ViewArray.h"
+
+#include <functional>
+
+enum class InFront : bool { No = false, Yes = true };
+enum class TabBusy : bool { No = false, Yes = true };
+
+/// The tab set: pairs each entry of the strip with a view of the array and owns every operation that makes,
+/// activates, marks, retitles or closes a tab. A tab's key is "Tab" and the view's index, its tag the index.
+/// A step that finds no tab or no view does nothing. Owned by the main window; what it refers to outlives it.
+class TabSet {
+public:
+    TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusBar& sbStatus, MessageBoxes& messages);
+
+    /// Makes a tab right of the selected one, with a blank view for the caller to navigate. Nothing when no view
+    /// could be made.
+    BrowserView* GetNewBrowser(InFront inFront);
+    /// Pairs the strip's first tab with view 1, which exists with the window.
+    BrowserView* PrepareFirstTab();
+
+    /// The activation: brings the selected tab's view forward and everything that is shown for it up to date.
+    void pcPage_Click();
+    /// Shows or clears the busy mark of the tab of view `Tag`, an index in decimal.
+    void SetTabBusy(TextView Tag, TabBusy Busy);
+    /// The caption for a page's title: the whole title, or its first `TitleLengthLimit` characters and "...".
+    void SetTabTitle(std::int32_t Index, TextView title);
+    /// Closes the tab of view `Index`; asks first when it is the only one, because that ends the program.
+    void CloseBrowserTab(std::int32_t Index);
+    /// Closes the selected tab, by the same rules.
+    void CloseSelectedTab();
+    /// Leaves the leftmost tab and blanks it.
+    void CloseOtherTabs();
+
+    void UpdateBackForward();
+    void UpdateStopRefresh();
+    void ShowStatusText(TextView Text);
+    void ShowStatusBar(bool Show);
+    void ToggleStatusBar() { ShowStatusBar(!m_sbStatus.Visible()); }
+
+    /// The address box.
+    [[nodiscard]] ComboTool* AddressCombo() const;
+    /// The view of the selected tab, or nothing.
+    [[nodiscard]] ArrayView* CurrentView() const;
+    [[nodiscard]] bool IsSelected(std::int32_t Index) const;
+
+    std::int32_t NextBrowserIndex = 1;
+    /// The most characters of a title that a tab shows; below 1 there is no limit.
+    std::int32_t TitleLengthLimit = 0;
+    /// Whether a tab that a page asks for comes to the front.
+    bool OpenNewInFront = true;
+
+    /// Filled in by the main window: lays a view over the page area, lays the whole window out, closes it.
+    std::function<void(ArrayView&)> PlaceView;
+    std::function<void()> Resize;
+    std::function<void()> CloseWindow;
+
+private:
+    void CloseOneOfSeveral(std::int32_t Index);
+
+    TabStrip& m_pcPage;
+    ViewArray& m_browser;
+    CommandBar& m_actBar;
+    StatusBar& m_sbStatus;
+    MessageBoxes& m_messages;
+};

@@ -1,0 +1,49 @@
+#pragma once
+#include "common/platform/BrowserView.h"
+
+#include <map>
+#include <memory>
+
+/// Where a view that is not selected has its left edge: far outside any screen, alive.
+inline constexpr Twips kParkedLeft{100000};
+
+/// One element of the array: a page view and what the program keeps with it.
+struct ArrayView {
+    std::unique_ptr<BrowserView> Control;
+    /// Whether the page's history allows going back: "1" or "0".
+    Text Tag = u"0";
+    /// Whether it allows going forward: 1 or 0.
+    int ForwardFlag = 0;
+
+    /// Moves the view out of sight and out of the keyboard's way; nothing when it is there already.
+    void Park();
+    /// Lays the view over the page area.
+    void Place(const Rect& place);
+
+private:
+    bool m_parked = false;
+};
+
+/// The view array `Browser`. Element 1 exists as long as the array; others come and go, and an index is never used
+/// twice. Owns its views, which report to the events given.
+class ViewArray {
+public:
+    /// `views` and `events` must outlive the array.
+    ViewArray(BrowserViewFactory& views, BrowserViewEvents& events);
+
+    /// Makes element `index`, parked. Nothing when the index is in use, does not fit into 16 bits (no index wraps
+    /// around), or when the engine has no view to give.
+    ArrayView* Load(std::int32_t index);
+    [[nodiscard]] ArrayView* Find(std::int32_t index);
+    /// Destroys an element. Element 1 is part of the window and stays.
+    void Unload(std::int32_t index);
+    /// Destroys every element, at the end of the window.
+    void UnloadAll() { m_views.clear(); }
+    /// Parks every view but that one.
+    void ParkAllBut(std::int32_t index);
+
+private:
+    BrowserViewFactory& m_factory;
+    BrowserViewEvents& m_events;
+    std::map<std::int32_t, ArrayView> m_views;
+};
