@@ -1,0 +1,264 @@
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <optional>
+#include <regex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder of the house and the folders, itself left out, whose headers its files may include.
+struct Layer {
+    std::string_view folder;
+    std::string_view mayInclude; ///< separated by blanks, one at both ends
+};
+
+constexpr std::string_view kBelowApp = " common settings favorites tabs groups commands mainwindow ";
+constexpr std::string_view kCore = " common settings favorites tabs groups commands mainwindow app ";
+
+constexpr std::array kLayers{
+    Layer{"common", " "},
+    Layer{"settings", " common "},
+    Layer{"favorites", " common "},
+    Layer{"tabs", " common settings "},
+    Layer{"groups", " common settings tabs "},
+    Layer{"commands", " common settings tabs groups favorites "},
+    Layer{"mainwindow", " common settings tabs groups favorites commands "},
+    Layer{"app", kBelowApp},
+    Layer{"qt", kCore},
+};
+
+/// One file of the house: its path from the project's folder, with '/' between the names, and what stands in it.
+struct Source {
+    std::string path;
+    std::string text;
+};
+
+enum class Written { Quoted, Angled, Macro };
+
+/// What an #include names, without its delimiters.
+struct Include {
+    std::string name;
+    Written as = Written::Quoted;
+};
+
+std::string FirstFolder(std::string_view path) {
+    const std::size_t slash = path.find('/');
+    return slash == std::string_view::npos ? std::string() : std::string(path.substr(0, slash));
+}
+
+bool Lists(std::string_view names, std::string_view name) {
+    return names.find(" " + std::string(name) + " ") != std::string_view::npos;
+}
+
+std::vector<Include> Includes(const std::string& text) {
+    static const std::regex kInclude(R"re(^[ \t]*#[ \t]*include[ \t]*("[^"]*"|<[^>]*>|[^ \t\r]+))re",
+                                     std::regex::ECMAScript | std::regex::multiline);
+    std::vector<Include> includes;
+    for (std::sregex_iterator each(text.begin(), text.end(), kInclude), end; each != end; ++each) {
+        const std::string word = (*each)[1];
+        const Written as = word.front() == '"'   ? Written::Quoted
+                           : word.front() == '<' ? Written::Angled
+                                                 : Written::Macro;
+        includes.push_back({as == Written::Macro ? word : word.substr(1, word.size() - 2), as});
+    }
+    return includes;
+}
+
+bool NamesQt(const Include& include) {
+    static const std::regex kQt("(Q[A-Z].*|Qt|q[a-z0-9_]+\\.h)");
+    const std::size_t slash = include.name.rfind('/');
+    const std::string last = slash == std::string::npos ? include.name : include.name.substr(slash + 1);
+    return include.as == Written::Angled && (std::regex_match(include.name, kQt) || std::regex_match(last, kQt));
+}
+
+/// What is wrong with one #include of a file in `layer`; nothing when it is in order.
+std::optional<std::string> Complaint(const Layer& layer, const std::string& path, const Include& include) {
+    const bool isMain = path == "app/main.cpp";
+    if (include.as == Written::Macro) return path + " hides behind a macro what it includes: " + include.name;
+    if (NamesQt(include) && layer.folder != "qt" && !isMain) return path + " includes Qt: " + include.name;
+    if (include.as == Written::Angled) return std::nullopt;
+    if (include.name.find("..") != std::string::npos) return path + " climbs out of its folder: " + include.name;
+    const std::string target = FirstFolder(include.name);
+    const bool mayInclude = target == layer.folder || Lists(layer.mayInclude, target) || (isMain && target == "qt");
+    return mayInclude ? std::nullopt : std::optional(path + " includes " + include.name);
+}
+
+std::vector<std::string> Complaints(const std::vector<Source>& sources) {
+    std::vector<std::string> complaints;
+    for (const Source& source : sources) {
+        const std::string folder = FirstFolder(source.path);
+        if (folder == "tests") continue;
+        const auto layer =
+            std::find_if(kLayers.begin(), kLayers.end(), [&](const Layer& each) { return each.folder == folder; });
+        if (layer == kLayers.end()) {
+            complaints.push_back(source.path + " is in no folder of the house");
+            continue;
+        }
+        for (const Include& include : Includes(source.text))
+            if (auto complaint = Complaint(*layer, source.path, include)) complaints.push_back(*complaint);
+    }
+    return complaints;
+}
+
+/// Takes comments and the insides of literals out of C++ text, so that what is left is code.
+class CodeOnly {
+public:
+    explicit CodeOnly(std::string_view text) : m_text(text) {}
+
+    std::string Read() {
+        while (m_at < m_text.size()) Step();
+        return m_code;
+    }
+
+private:
+    bool Follows(std::string_view what) const { return m_text.substr(m_at, what.size()) == what; }
+
+    void Step() {
+        if (Follows("//")) return SkipPast("\n");
+        if (Follows("/*")) return SkipPast("*/");
+        if (Follows("R\"")) return SkipRawString();
+        if (Follows("\"")) return SkipLiteral('"');
+        // An apostrophe behind a digit or letter separates digits: 1'000.
+        if (Follows("'") && (m_at == 0 || !std::isxdigit(static_cast<unsigned char>(m_text[m_at - 1]))))
+            return SkipLiteral('\'');
+        m_code += m_text[m_at++];
+    }
+
+    void SkipPast(const std::string& end) {
+        const std::size_t found = m_text.find(end, m_at);
+        m_at = found == std::string_view::npos ? m_text.size() : found + end.size();
+        m_code += ' ';
+    }
+
+    void SkipRawString() {
+        const std::size_t open = m_text.find('(', m_at);
+        if (open == std::string_view::npos) return SkipPast("(");
+        SkipPast(")" + std::string(m_text.substr(m_at + 2, open - m_at - 2)) + "\"");
+    }
+
+    void SkipLiteral(char quote) {
+        for (++m_at; m_at < m_text.size() && m_text[m_at] != quote; ++m_at)
+            if (m_text[m_at] == '\\') ++m_at;
+        ++m_at;
+        m_code += ' ';
+    }
+
+    std::string_view m_text;
+    std::size_t m_at = 0;
+    std::string m_code;
+};
+
+/// The core's way with failure is `Outcome` and `ResumeNext`; an exception would skip the steps that must still run.
+std::vector<std::string> FilesWithExceptions(const std::vector<Source>& sources) {
+    static const std::regex kWords("\\b(try|catch|throw)\\b");
+    std::vector<std::string> found;
+    for (const Source& source : sources)
+        if (Lists(kCore, FirstFolder(source.path)) && source.path != "app/main.cpp" &&
+            std::regex_search(CodeOnly(source.text).Read(), kWords))
+            found.push_back(source.path);
+    return found;
+}
+
+bool IsSource(const fs::path& path) { return path.extension() == ".h" || path.extension() == ".cpp"; }
+
+/// Build folders hold what tools have made, hidden ones are not part of the house.
+bool IsOutside(const std::string& name) { return name.starts_with("build") || name.starts_with("."); }
+
+std::vector<Source> ReadHouse() {
+    const fs::path root = SOURCE_ROOT;
+    std::vector<Source> sources;
+    for (fs::recursive_directory_iterator each(root), end; each != end; ++each) {
+        if (each->is_directory() && IsOutside(each->path().filename().string())) each.disable_recursion_pending();
+        if (!each->is_regular_file() || !IsSource(each->path())) continue;
+        std::ifstream file(each->path(), std::ios::binary);
+        sources.push_back({fs::relative(each->path(), root).generic_string(),
+                           std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>())});
+    }
+    return sources;
+}
+
+std::string Lines(const std::vector<std::string>& lines) {
+    std::string all;
+    for (const std::string& line : lines) all += line + "\n";
+    return all;
+}
+
+std::string Judge(const std::string& path, const std::string& text) { return Lines(Complaints({{path, text}})); }
+
+bool HasException(const std::string& text) { return !FilesWithExceptions({{"tabs/X.cpp", text}}).empty(); }
+
+TEST(Layers, EveryIncludeOfTheHouseKeepsToItsLayer) {
+    const std::vector<Source> house = ReadHouse();
+    EXPECT_EQ(Lines(Complaints(house)), "");
+    // Guards against a look at the wrong folder, which would find nothing wrong anywhere.
+    for (const std::string_view file : {"common/Text.h", "common/platform/BrowserView.h", "tabs/TabSet.cpp"})
+        EXPECT_TRUE(std::any_of(house.begin(), house.end(), [&](const Source& each) { return each.path == file; }))
+            << file;
+}
+
+TEST(Layers, TheCoreHasNoExceptions) { EXPECT_EQ(Lines(FilesWithExceptions(ReadHouse())), ""); }
+
+TEST(Layers, AnIncludeOfALowerFolderIsInOrder) {
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"tabs/X.h\"\n#include \"common/Text.h\"\n#include \"settings/S.h\"\n"),
+              "");
+    EXPECT_EQ(Judge("app/X.cpp", "#include \"mainwindow/frmMain.h\"\n"), "");
+    EXPECT_EQ(Judge("qt/X.cpp", "#include \"app/Startup.h\"\n#include <QWidget>\n"), "");
+    EXPECT_EQ(Judge("common/platform/X.h", "#include \"common/Text.h\"\n#include <vector>\n"), "");
+}
+
+TEST(Layers, AnIncludeOfAHigherFolderIsFound) {
+    EXPECT_EQ(Judge("common/X.cpp", "#include \"tabs/TabSet.h\"\n"), "common/X.cpp includes tabs/TabSet.h\n");
+    EXPECT_EQ(Judge("common/platform/X.h", "  #  include \"settings/S.h\"\n"),
+              "common/platform/X.h includes settings/S.h\n");
+    EXPECT_EQ(Judge("favorites/X.h", "#include \"settings/S.h\"\n"), "favorites/X.h includes settings/S.h\n");
+    EXPECT_EQ(Judge("settings/X.h", "\n#include \"tests/Desk.h\"\r\n"), "settings/X.h includes tests/Desk.h\n");
+    EXPECT_EQ(Judge("mainwindow/X.h", "#include \"app/Hook.h\"\n"), "mainwindow/X.h includes app/Hook.h\n");
+    EXPECT_EQ(Judge("app/Startup.cpp", "#include \"qt/QtText.h\"\n"), "app/Startup.cpp includes qt/QtText.h\n");
+}
+
+TEST(Layers, QtOutsideItsFolderIsFound) {
+    EXPECT_EQ(Judge("app/main.cpp", "#include \"qt/QtProgram.h\"\n#include <QApplication>\n"), "");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include <QString>\n"), "tabs/X.cpp includes Qt: QString\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include <QtCore/qglobal.h>\n"), "tabs/X.cpp includes Qt: QtCore/qglobal.h\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include <qstring.h>\n"), "tabs/X.cpp includes Qt: qstring.h\n");
+}
+
+TEST(Layers, AWayAroundTheTableIsFound) {
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"../qt/QtText.h\"\n"),
+              "tabs/X.cpp climbs out of its folder: ../qt/QtText.h\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"tabs/../qt/Y.h\"\n"),
+              "tabs/X.cpp climbs out of its folder: tabs/../qt/Y.h\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include HEADER\n"), "tabs/X.cpp hides behind a macro what it includes: HEADER\n");
+    EXPECT_EQ(Judge("helpers/X.cpp", "#include <vector>\n"), "helpers/X.cpp is in no folder of the house\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"QtText.h\"\n"), "tabs/X.cpp includes QtText.h\n");
+}
+
+TEST(Layers, TestsMayIncludeAnything) {
+    EXPECT_EQ(Judge("tests/qt/XTest.cpp", "#include \"qt/QtText.h\"\n#include \"Desk.h\"\n#include <QTest>\n"), "");
+}
+
+TEST(Layers, AnIncludeInACommentIsNone) { EXPECT_EQ(Judge("tabs/X.cpp", "// #include \"qt/QtText.h\"\n"), ""); }
+
+TEST(Layers, AnExceptionInCodeIsFound) {
+    EXPECT_TRUE(HasException("void F() { try { G(); } catch (...) {} }"));
+    EXPECT_TRUE(HasException("int n = 1'000; throw n;"));
+    EXPECT_TRUE(HasException("char q = '\"'; throw q; // \""));
+    EXPECT_TRUE(HasException("auto s = R\"x(\")x\"; throw s;"));
+}
+
+TEST(Layers, TheWordsOfExceptionsMayStandInCommentsAndTexts) {
+    EXPECT_FALSE(HasException("// try this\n/* throw\n away */ auto s = \"catch \\\" try\"; int retry = 1;"));
+    EXPECT_FALSE(HasException("auto s = R\"(\" throw )\";"));
+    EXPECT_TRUE(FilesWithExceptions({{"app/main.cpp", "throw 1;"}, {"qt/X.cpp", "throw 1;"}}).empty());
+}
+
+} // namespace
