@@ -60,7 +60,7 @@ bool Lists(std::string_view names, std::string_view name) {
 }
 
 std::vector<Include> Includes(const std::string& text) {
-    static const std::regex kInclude(R"re(^[ \t]*#[ \t]*include[ \t]*("[^"]*"|<[^>]*>|[^ \t\r]+))re",
+    static const std::regex kInclude(R"re(^[ \t]*#[ \t]*include[ \t]*("[^"]*"|<[^>]*>|[^ \t\r\n]+))re",
                                      std::regex::ECMAScript | std::regex::multiline);
     std::vector<Include> includes;
     for (std::sregex_iterator each(text.begin(), text.end(), kInclude), end; each != end; ++each) {
