@@ -59,7 +59,7 @@ class SettingsStore {
     std::unique_ptr<SettingsStorage> m_storage;
 
 public:
-    /// Opens the storage. The factory must outlive the call only.
+    /// Opens the storage. The factory must outlive this object.
     explicit SettingsStore(SettingsStorageFactory& factory);
 
     Setting<bool> AskDefaultBrowser;        ///< ask at start-up to make the program the default browser
