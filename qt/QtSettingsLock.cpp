@@ -1,0 +1,30 @@
+#include "qt/QtSettingsLock.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QThread>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace {
+constexpr int kPatienceMs = 10000;
+constexpr unsigned long kPauseMs = 2;
+} // namespace
+
+QtSettingsLock::QtSettingsLock(const QString& lockFile) {
+    m_descriptor = ::open(QFile::encodeName(lockFile).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (m_descriptor < 0) return;
+    const QDeadlineTimer patience(kPatienceMs);
+    while (!(m_held = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0)) {
+        const bool taken = errno == EWOULDBLOCK || errno == EINTR;
+        if (!taken || patience.hasExpired()) return;
+        QThread::msleep(kPauseMs);
+    }
+}
+
+QtSettingsLock::~QtSettingsLock() {
+    if (m_descriptor >= 0) ::close(m_descriptor);
+}

@@ -1,0 +1,192 @@
+#include "qt/QtSettingsStorage.h"
+
+#include "qt/QtSettingsLock.h"
+#include "qt/QtText.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QTemporaryFile>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr auto kUserFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+constexpr auto kUserFolder = kUserFile | QFileDevice::ExeOwner;
+constexpr int kMostDamagedFiles = 10000;
+
+// Never through a buffer: its flush takes a disk that fills up half way for success.
+constexpr auto kWriteAtOnce = QIODevice::WriteOnly | QIODevice::Unbuffered;
+
+bool WriteWhole(QIODevice& file, const std::string& bytes) {
+    const auto size = static_cast<qint64>(bytes.size());
+    return file.write(bytes.data(), size) == size;
+}
+
+// A rename is on disk once its folder is.
+void FlushFolder(const QString& folder) {
+    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+} // namespace
+
+/// One use of the settings: the values as they were when it was opened, and what was written since.
+class QtSettingsStorage::Storage : public SettingsStorage {
+public:
+    Storage(QtSettingsStorage& owner, SettingsValues values) : m_owner(owner), m_values(std::move(values)) {}
+
+    ~Storage() override {
+        if (!m_changes.empty() && !m_owner.Save(m_changes)) m_owner.SayNotSaved();
+    }
+
+    std::optional<Text> Read(TextView name) const override {
+        const auto found = m_values.find(name);
+        if (found == m_values.end() || !std::holds_alternative<Text>(found->second)) return std::nullopt;
+        return std::get<Text>(found->second);
+    }
+
+    std::optional<std::vector<Text>> ReadList(TextView name) const override {
+        const auto found = m_values.find(name);
+        if (found == m_values.end()) return std::nullopt;
+        if (const auto* list = std::get_if<std::vector<Text>>(&found->second)) return *list;
+        // An empty list is written as an empty text.
+        return std::get<Text>(found->second).empty() ? std::optional(std::vector<Text>()) : std::nullopt;
+    }
+
+    Outcome Write(TextView name, TextView value) override { return Keep(name, Text(value)); }
+    Outcome WriteList(TextView name, const std::vector<Text>& values) override { return Keep(name, values); }
+
+private:
+    Outcome Keep(TextView name, SettingsValue value) {
+        if (!m_takes) m_takes = m_owner.HasRoomFor(m_values);
+        if (!*m_takes) {
+            m_owner.SayNotSaved();
+            return Outcome::Failed;
+        }
+        m_values.insert_or_assign(Text(name), value);
+        m_changes.insert_or_assign(Text(name), std::move(value));
+        return Outcome::Done;
+    }
+
+    QtSettingsStorage& m_owner;
+    SettingsValues m_values;
+    SettingsValues m_changes;
+    std::optional<bool> m_takes; // asked on the first write
+};
+
+QtSettingsStorage::QtSettingsStorage(QString folder)
+    : m_folder(std::move(folder)), m_file(m_folder + QStringLiteral("/settings.ini")) {}
+
+std::unique_ptr<SettingsStorage> QtSettingsStorage::Open() {
+    Loaded loaded = Load();
+    if (loaded.trouble != Trouble::None) {
+        const QtSettingsLock lock(m_file + QStringLiteral(".lock"));
+        // Another process may have put the file aside by now.
+        loaded.values = LoadSound().value_or(SettingsValues());
+    }
+    return std::make_unique<Storage>(*this, std::move(loaded.values));
+}
+
+QtSettingsStorage::Loaded QtSettingsStorage::Load() const {
+    const QFileInfo info(m_file);
+    if (!info.exists() && !info.isSymLink()) return {};
+    QFile file(m_file);
+    // Only a regular file: opening a pipe would wait for its other end.
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly)) return {{}, Trouble::Unreadable};
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) return {{}, Trouble::Unreadable};
+    auto values = ParseSettings({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    if (!values) return {{}, Trouble::Damaged};
+    return {*std::move(values), Trouble::None};
+}
+
+std::optional<SettingsValues> QtSettingsStorage::LoadSound() {
+    Loaded loaded = Load();
+    if (loaded.trouble == Trouble::None) {
+        m_saidUnreadable = false;
+        return std::move(loaded.values);
+    }
+    if (loaded.trouble == Trouble::Damaged && PutAside()) return SettingsValues();
+    if (!m_saidUnreadable) Say(QStringLiteral("The settings could not be read."));
+    m_saidUnreadable = true;
+    return std::nullopt;
+}
+
+bool QtSettingsStorage::PutAside() {
+    for (int number = 1; number <= kMostDamagedFiles; ++number) {
+        const QString aside = m_file + QStringLiteral(".damaged-%1").arg(number);
+        // Renaming never replaces a file that is there.
+        if (QFileInfo::exists(aside) || !QFile(m_file).rename(aside)) {
+            if (QFileInfo::exists(aside)) continue;
+            return false;
+        }
+        Say(QStringLiteral("The settings were damaged and start afresh. The damaged file is kept as %1.").arg(aside));
+        return true;
+    }
+    return false;
+}
+
+bool QtSettingsStorage::MakeFolder() const {
+    if (QFileInfo(m_folder).isDir()) return true;
+    if (!QDir().mkpath(QFileInfo(m_folder).path())) return false;
+    return QDir().mkdir(m_folder, kUserFolder) || QFileInfo(m_folder).isDir();
+}
+
+bool QtSettingsStorage::HasRoomFor(const SettingsValues& values) const {
+    if (!MakeFolder()) return false;
+    QTemporaryFile trial(m_file + QStringLiteral(".XXXXXX"));
+    QIODevice& file = trial;
+    return file.open(kWriteAtOnce) && WriteWhole(file, SettingsBytes(values));
+}
+
+bool QtSettingsStorage::Save(const SettingsValues& changes) {
+    const QtSettingsLock lock(m_file + QStringLiteral(".lock"));
+    if (!lock.Held()) return false;
+    auto values = LoadSound();
+    if (!values) return false;
+    for (const auto& [name, value] : changes) values->insert_or_assign(name, value);
+    if (!Replace(*values)) return false;
+    RemoveLeftovers();
+    m_saidNotSaved = false;
+    return true;
+}
+
+bool QtSettingsStorage::Replace(const SettingsValues& values) const {
+    QSaveFile file(m_file);
+    if (!file.open(kWriteAtOnce) || !file.setPermissions(kUserFile)) return false;
+    if (!WriteWhole(file, SettingsBytes(values)) || !file.commit()) return false;
+    FlushFolder(m_folder);
+    return true;
+}
+
+// What killed processes left half written. Under the lock such a file is in use only to try the disk, and then it may
+// go too.
+void QtSettingsStorage::RemoveLeftovers() const {
+    QDir folder(m_folder);
+    const QStringList patterns{QFileInfo(m_file).fileName() + QStringLiteral(".??????")};
+    for (const QString& name : folder.entryList(patterns, QDir::Files | QDir::Hidden)) folder.remove(name);
+}
+
+void QtSettingsStorage::SetReport(std::function<void(Text)> report) {
+    m_report = std::move(report);
+    if (!m_report) return;
+    for (Text& message : std::exchange(m_unsaid, {})) m_report(std::move(message));
+}
+
+void QtSettingsStorage::Say(const QString& message) {
+    if (m_report) {
+        m_report(FromQt(message));
+    } else {
+        m_unsaid.push_back(FromQt(message));
+    }
+}
+
+void QtSettingsStorage::SayNotSaved() {
+    if (!std::exchange(m_saidNotSaved, true)) Say(QStringLiteral("The settings could not be saved."));
+}

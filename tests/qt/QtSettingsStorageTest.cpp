@@ -1,0 +1,341 @@
+#include "qt/QtSettingsStorage.h"
+#include "qt/QtText.h"
+#include "settings/SettingsStore.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <iostream>
+#include <sys/resource.h>
+
+namespace {
+
+using List = std::vector<Text>;
+
+void WriteFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+QByteArray FileBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+}
+
+/// Another process that plays one of the roles at the end of this file, on the same folder.
+class OtherProcess {
+public:
+    OtherProcess(const char* role, const QString& folder, const QString& name = {}) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("ROLE_FOLDER"), folder);
+        environment.insert(QStringLiteral("ROLE_NAME"), name);
+        m_process.setProcessEnvironment(environment);
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(QCoreApplication::applicationFilePath(),
+                        {QStringLiteral("--gtest_also_run_disabled_tests"), QStringLiteral("--gtest_brief=1"),
+                         QStringLiteral("--gtest_filter=Role.DISABLED_%1").arg(QLatin1String(role))});
+    }
+
+    void Tell(int number) { m_process.write(QByteArray::number(number) + '\n'); }
+    /// The number on its next line; waits for it.
+    int Answer() {
+        while (!m_process.canReadLine()) {
+            if (!m_process.waitForReadyRead(kPatienceMs)) return -1;
+        }
+        return m_process.readLine().trimmed().toInt();
+    }
+    void Kill() {
+        m_process.kill();
+        m_process.waitForFinished(kPatienceMs);
+    }
+    bool Succeeds() {
+        m_process.closeWriteChannel();
+        return m_process.waitForFinished(kPatienceMs) && m_process.exitStatus() == QProcess::NormalExit &&
+               m_process.exitCode() == 0;
+    }
+
+private:
+    static constexpr int kPatienceMs = 60000;
+    QProcess m_process;
+};
+
+class QtSettingsStorageTest : public testing::Test {
+protected:
+    QTemporaryDir m_home;
+    QString m_folder = m_home.path() + QStringLiteral("/a/b");
+    QString m_file = m_folder + QStringLiteral("/settings.ini");
+    QtSettingsStorage m_settings{m_folder};
+    QStringList m_said;
+
+    void SetUp() override {
+        m_settings.SetReport([this](const Text& message) { m_said << ToQt(message); });
+    }
+    [[nodiscard]] QString Files() const {
+        return QDir(m_folder).entryList(QDir::Files | QDir::Hidden, QDir::Name).join(u' ');
+    }
+};
+
+TEST_F(QtSettingsStorageTest, ReadingMakesNoFile) {
+    EXPECT_FALSE(m_settings.Open()->Read(u"TabsUp"));
+    EXPECT_FALSE(m_settings.Open()->ReadList(u"LastSites"));
+    EXPECT_FALSE(QFileInfo::exists(m_folder));
+    EXPECT_TRUE(m_said.isEmpty());
+}
+
+TEST_F(QtSettingsStorageTest, KeepsTextsAndListsForTheNextObject) {
+    {
+        const auto storage = m_settings.Open();
+        EXPECT_EQ(storage->Write(u"TabsUp", u"true"), Outcome::Done);
+        EXPECT_EQ(storage->WriteList(u"LastSites", {u"a", u"", u"b \"c\", \\d\n"}), Outcome::Done);
+        EXPECT_EQ(storage->Read(u"TabsUp"), u"true");
+        EXPECT_FALSE(QFileInfo::exists(m_file));
+    }
+    QtSettingsStorage other(m_folder);
+    EXPECT_EQ(other.Open()->Read(u"TabsUp"), u"true");
+    EXPECT_EQ(other.Open()->ReadList(u"LastSites"), (List{u"a", u"", u"b \"c\", \\d\n"}));
+    EXPECT_FALSE(other.Open()->ReadList(u"TabsUp"));
+    EXPECT_FALSE(other.Open()->Read(u"LastSites"));
+}
+
+TEST_F(QtSettingsStorageTest, KeepsListsAndTextsExactly) {
+    Text odd{char16_t{0}, char16_t{0xD800}, u'x', char16_t{0xDC00}, char16_t{0xFEFF}, char16_t{0xFFFF}};
+    for (const List& list : {List{}, List{u""}, List{u"one"}, List{u"", u""}, List{odd, u" a ", u"@Invalid()"}}) {
+        EXPECT_EQ(m_settings.Open()->WriteList(u"L", list), Outcome::Done);
+        EXPECT_EQ(m_settings.Open()->ReadList(u"L"), list);
+    }
+    EXPECT_EQ(m_settings.Open()->Write(u"T", odd), Outcome::Done);
+    EXPECT_EQ(m_settings.Open()->Read(u"T"), odd);
+}
+
+TEST_F(QtSettingsStorageTest, IsReadableByTheUserAlone) {
+    ResumeNext(m_settings.Open()->Write(u"A", u"1"));
+    const auto mode = [](const QString& path) { return int(QFileInfo(path).permissions()) & 0x0FFF; };
+    EXPECT_EQ(mode(m_file) & 0x0077, 0);
+    EXPECT_EQ(mode(m_folder) & 0x0077, 0);
+    QFile::setPermissions(m_file, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadOther);
+    ResumeNext(m_settings.Open()->Write(u"A", u"2"));
+    EXPECT_EQ(mode(m_file) & 0x0077, 0);
+}
+
+TEST_F(QtSettingsStorageTest, LeavesNothingButItsFileAndItsLock) {
+    ResumeNext(m_settings.Open()->Write(u"A", u"1"));
+    WriteFile(m_file + QStringLiteral(".AbCdEf"), "half written by a killed process");
+    ResumeNext(m_settings.Open()->Write(u"A", u"2"));
+    EXPECT_EQ(Files(), QStringLiteral("settings.ini settings.ini.lock"));
+}
+
+TEST_F(QtSettingsStorageTest, MergesWhatTwoObjectsWrote) {
+    ResumeNext(m_settings.Open()->Write(u"Untouched", u"yes"));
+    {
+        const auto first = m_settings.Open();
+        const auto second = m_settings.Open();
+        ResumeNext(first->Write(u"A", u"1"));
+        ResumeNext(second->Write(u"B", u"2"));
+    }
+    EXPECT_EQ(FileBytes(m_file), "[General]\nA=1\nB=2\nUntouched=yes\n");
+}
+
+TEST_F(QtSettingsStorageTest, FollowsALinkToTheFile) {
+    const QString real = m_home.path() + QStringLiteral("/real.ini");
+    WriteFile(real, "A=1\n");
+    ASSERT_TRUE(QDir().mkpath(m_folder));
+    ASSERT_TRUE(QFile::link(real, m_file));
+    ResumeNext(m_settings.Open()->Write(u"B", u"2"));
+    EXPECT_EQ(FileBytes(real), "[General]\nA=1\nB=2\n");
+    EXPECT_TRUE(QFileInfo(m_file).isSymLink());
+}
+
+TEST_F(QtSettingsStorageTest, KeepsADamagedFileAsideAndSaysSoOnce) {
+    ASSERT_TRUE(QDir().mkpath(m_folder));
+    WriteFile(m_file + QStringLiteral(".damaged-1"), "earlier");
+    WriteFile(m_file, "A=1\n\xFF\xFE\0\0");
+    EXPECT_FALSE(m_settings.Open()->Read(u"A"));
+    EXPECT_FALSE(m_settings.Open()->Read(u"A"));
+    EXPECT_EQ(FileBytes(m_file + QStringLiteral(".damaged-1")), "earlier");
+    EXPECT_EQ(FileBytes(m_file + QStringLiteral(".damaged-2")), QByteArray("A=1\n\xFF\xFE\0\0"));
+    ASSERT_EQ(m_said.size(), 1);
+    EXPECT_TRUE(m_said[0].contains(QStringLiteral("settings.ini.damaged-2"))) << m_said[0].toStdString();
+    ResumeNext(m_settings.Open()->Write(u"A", u"2"));
+    EXPECT_EQ(m_settings.Open()->Read(u"A"), u"2");
+    EXPECT_EQ(m_said.size(), 1);
+}
+
+TEST_F(QtSettingsStorageTest, KeepsAsideAFileThatIsDamagedWhileItIsInUse) {
+    ResumeNext(m_settings.Open()->Write(u"A", u"1"));
+    {
+        const auto storage = m_settings.Open();
+        ResumeNext(storage->Write(u"B", u"2"));
+        WriteFile(m_file, "garbage");
+    }
+    EXPECT_EQ(FileBytes(m_file + QStringLiteral(".damaged-1")), "garbage");
+    EXPECT_EQ(FileBytes(m_file), "[General]\nB=2\n");
+    EXPECT_EQ(m_said.size(), 1);
+}
+
+TEST_F(QtSettingsStorageTest, SaysWhatHappenedBeforeAnybodyListened) {
+    ASSERT_TRUE(QDir().mkpath(m_folder));
+    WriteFile(m_file, "garbage");
+    QtSettingsStorage early(m_folder);
+    EXPECT_FALSE(early.Open()->Read(u"A"));
+    int said = 0;
+    early.SetReport([&](const Text&) { ++said; });
+    EXPECT_EQ(said, 1);
+    early.SetReport([&](const Text&) { ++said; });
+    EXPECT_EQ(said, 1);
+}
+
+TEST_F(QtSettingsStorageTest, FailsWhereThereCanBeNoFolder) {
+    WriteFile(m_home.path() + QStringLiteral("/a"), "a file where the folder should be");
+    {
+        const auto storage = m_settings.Open();
+        EXPECT_FALSE(storage->Read(u"A"));
+        EXPECT_EQ(storage->Write(u"A", u"1"), Outcome::Failed);
+        EXPECT_EQ(storage->WriteList(u"L", {u"1"}), Outcome::Failed);
+        EXPECT_FALSE(storage->Read(u"A"));
+    }
+    EXPECT_EQ(m_said, QStringList(QStringLiteral("The settings could not be saved.")));
+}
+
+TEST_F(QtSettingsStorageTest, NeverReplacesWhatItCannotRead) {
+    ASSERT_TRUE(QDir().mkpath(m_file + QStringLiteral("/x")));
+    EXPECT_FALSE(m_settings.Open()->Read(u"A"));
+    { ResumeNext(m_settings.Open()->Write(u"A", u"1")); }
+    EXPECT_TRUE(QFileInfo(m_file + QStringLiteral("/x")).isDir());
+    EXPECT_EQ(m_said, (QStringList{QStringLiteral("The settings could not be read."),
+                                   QStringLiteral("The settings could not be saved.")}));
+}
+
+/// While it lives no file of this process grows beyond some bytes, as on a full disk.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
+
+TEST_F(QtSettingsStorageTest, AFullDiskFailsTheWriteAndLeavesTheOldFile) {
+    ResumeNext(m_settings.Open()->Write(u"A", u"1"));
+    const QByteArray before = FileBytes(m_file);
+    Outcome outcome = Outcome::Done;
+    {
+        const FullDisk full(4);
+        outcome = m_settings.Open()->Write(u"A", u"2");
+    }
+    EXPECT_EQ(outcome, Outcome::Failed);
+    EXPECT_EQ(FileBytes(m_file), before);
+    EXPECT_EQ(m_said, QStringList(QStringLiteral("The settings could not be saved.")));
+    EXPECT_EQ(m_settings.Open()->Write(u"A", u"3"), Outcome::Done);
+    EXPECT_EQ(m_settings.Open()->Read(u"A"), u"3");
+}
+
+TEST_F(QtSettingsStorageTest, ADiskThatFillsUpBeforeTheReleaseLeavesTheOldFileAndSaysSo) {
+    ResumeNext(m_settings.Open()->Write(u"A", u"1"));
+    const QByteArray before = FileBytes(m_file);
+    {
+        auto storage = m_settings.Open();
+        EXPECT_EQ(storage->Write(u"A", u"2"), Outcome::Done);
+        const FullDisk full(4);
+        storage.reset();
+    }
+    EXPECT_EQ(FileBytes(m_file), before);
+    EXPECT_EQ(m_said, QStringList(QStringLiteral("The settings could not be saved.")));
+    EXPECT_EQ(Files(), QStringLiteral("settings.ini settings.ini.lock"));
+}
+
+TEST_F(QtSettingsStorageTest, TwoProcessesSeeEachOthersValuesAtOnce) {
+    constexpr int kFirst = 10000; // all of one length: neither size nor the clock's tick tells them apart
+    constexpr int kRounds = 300;
+    OtherProcess other("Echo", m_folder);
+    for (int number = kFirst; number < kFirst + kRounds; ++number) {
+        {
+            SettingsStore store(m_settings);
+            ASSERT_EQ(store.TitleLengthLimit.Set(number), Outcome::Done);
+        }
+        other.Tell(number);
+        ASSERT_EQ(other.Answer(), number);
+        ASSERT_EQ(SettingsStore(m_settings).HandOffCommandLine.Get(), Decimal(number));
+    }
+    EXPECT_TRUE(other.Succeeds());
+}
+
+TEST_F(QtSettingsStorageTest, TwoProcessesThatWriteAtTheSameTimeLoseNothing) {
+    OtherProcess first("Count", m_folder, QStringLiteral("First"));
+    OtherProcess second("Count", m_folder, QStringLiteral("Second"));
+    EXPECT_TRUE(first.Succeeds());
+    EXPECT_TRUE(second.Succeeds());
+    EXPECT_EQ(m_settings.Open()->Read(u"First"), u"200");
+    EXPECT_EQ(m_settings.Open()->Read(u"Second"), u"200");
+    EXPECT_TRUE(m_said.isEmpty());
+}
+
+TEST_F(QtSettingsStorageTest, AKilledProcessLeavesTheOldOrTheNewValuesAndHoldsUpNobody) {
+    int last = 0;
+    for (int round = 0; round < 40; ++round) {
+        OtherProcess writer("WriteForEver", m_folder);
+        // Another number of writes each time, so that the kill meets every step of a write.
+        for (int written = 0; written <= round % 10; ++written) ASSERT_GE(writer.Answer(), 0);
+        writer.Kill();
+        const auto storage = m_settings.Open();
+        const int now = WholeNumber(storage->Read(u"Number").value_or(u"")).value_or(-1);
+        EXPECT_GT(now, last);
+        last = now;
+        EXPECT_EQ(storage->ReadList(u"Numbers"), List(100, Decimal(now)));
+        ASSERT_EQ(storage->Write(u"Mine", Decimal(round)), Outcome::Done);
+    }
+    EXPECT_EQ(m_settings.Open()->Read(u"Mine"), u"39");
+    EXPECT_TRUE(m_said.isEmpty());
+    EXPECT_EQ(Files(), QStringLiteral("settings.ini settings.ini.lock"));
+}
+
+// What the other processes do; each runs alone in a process of its own.
+
+QString RoleFolder() { return qEnvironmentVariable("ROLE_FOLDER"); }
+
+void Print(int number) { std::cout << number << std::endl; }
+
+TEST(Role, DISABLED_Echo) {
+    QtSettingsStorage settings(RoleFolder());
+    for (int expected = 0; std::cin >> expected;) {
+        const int seen = SettingsStore(settings).TitleLengthLimit.Get();
+        ASSERT_EQ(SettingsStore(settings).HandOffCommandLine.Set(Decimal(seen)), Outcome::Done);
+        Print(seen);
+    }
+}
+
+TEST(Role, DISABLED_Count) {
+    QtSettingsStorage settings(RoleFolder());
+    const Text name = FromQt(qEnvironmentVariable("ROLE_NAME"));
+    for (int number = 1; number <= 200; ++number) {
+        const auto storage = settings.Open();
+        ASSERT_EQ(storage->Read(name).value_or(u"0"), Decimal(number - 1));
+        ASSERT_EQ(storage->Write(name, Decimal(number)), Outcome::Done);
+    }
+}
+
+TEST(Role, DISABLED_WriteForEver) {
+    QtSettingsStorage settings(RoleFolder());
+    for (int number = WholeNumber(settings.Open()->Read(u"Number").value_or(u"")).value_or(0) + 1;; ++number) {
+        {
+            const auto storage = settings.Open();
+            ASSERT_EQ(storage->Write(u"Number", Decimal(number)), Outcome::Done);
+            ASSERT_EQ(storage->WriteList(u"Numbers", List(100, Decimal(number))), Outcome::Done);
+        }
+        Print(number);
+    }
+}
+
+} // namespace
