@@ -1,0 +1,23 @@
+#pragma once
+#include "settings/frmSettings.h"
+
+#include <QDialog>
+
+class QVBoxLayout;
+
+/// The window of `frmSettings`: lays out its controls and binds them. The form must outlive it.
+class QtSettingsDialog : public QDialog {
+public:
+    explicit QtSettingsDialog(frmSettings& form, QWidget* parent = nullptr);
+
+private:
+    QWidget* GeneralPage();
+    QWidget* Buttons();
+    void AddCheckBox(QVBoxLayout& rows, CheckBox& box, const char* name, char16_t accessKey);
+    void AddLimit(QVBoxLayout& rows);
+
+    frmSettings& m_form;
+};
+
+/// Shows the form over `parent` until it hides; `form.Apply` then tells OK from Cancel.
+void ShowModal(frmSettings& form, QWidget* parent);
