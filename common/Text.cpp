@@ -1,5 +1,6 @@
 #include "common/Text.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -85,10 +86,7 @@ Text FromBytes(std::string_view bytes) {
     if (auto text = FromUtf8(bytes)) return *std::move(text);
     Text text;
     text.reserve(bytes.size());
-    for (const char byte : bytes) {
-        const auto value = static_cast<unsigned char>(byte);
-        text.push_back(value >= 0x80 && value <= 0x9F ? kWindows1252[value - 0x80] : value);
-    }
+    for (const char byte : bytes) text.push_back(FromWindows1252(static_cast<unsigned char>(byte)));
     return text;
 }
 
@@ -124,4 +122,12 @@ std::optional<std::int32_t> WholeNumber(TextView text) {
     if (negative) number = -number;
     if (number > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
     return static_cast<std::int32_t>(number);
+}
+
+char16_t FromWindows1252(unsigned char byte) { return byte >= 0x80 && byte <= 0x9F ? kWindows1252[byte - 0x80] : byte; }
+
+char ToWindows1252(char16_t unit) {
+    if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF)) return static_cast<char>(unit);
+    const auto found = std::ranges::find(kWindows1252, unit);
+    return found == kWindows1252.end() ? '?' : static_cast<char>(0x80 + (found - kWindows1252.begin()));
 }

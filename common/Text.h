@@ -26,3 +26,7 @@ using TextView = std::u16string_view;
 /// The whole number that a text of decimal digits, with an optional sign, writes; nothing for any other text or a
 /// number out of range.
 [[nodiscard]] std::optional<std::int32_t> WholeNumber(TextView text);
+
+/// One byte of Windows-1252 as a character, and back; a character that is not in it becomes "?".
+[[nodiscard]] char16_t FromWindows1252(unsigned char byte);
+[[nodiscard]] char ToWindows1252(char16_t unit);

@@ -1,0 +1,22 @@
+#pragma once
+#include "common/ResumeNext.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Whole files, by path. A write leaves the old file or the new one, whatever happens in between.
+
+/// The bytes of a regular file; nothing when there is none or it cannot be read.
+[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path);
+
+/// Whether anything of that name exists.
+[[nodiscard]] bool FileExists(const std::string& path);
+/// Whether the folder that is to hold the file exists.
+[[nodiscard]] bool FolderExists(const std::string& path);
+/// Whether the file may be written: not by a user who may write everything if it is marked read-only for all.
+[[nodiscard]] bool IsWritable(const std::string& path);
+
+/// Replaces a file, or makes it: written beside it, flushed, renamed. Owner and mode stay, a link goes on pointing to
+/// it. Only where the folder takes no new file but the file itself may be written is it rewritten in place.
+Outcome WriteWholeFile(const std::string& path, std::string_view bytes);

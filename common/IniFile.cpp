@@ -1,0 +1,262 @@
+#include "common/IniFile.h"
+
+#include "common/AtomicFile.h"
+#include "common/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16Mark = "\xFF\xFE";
+
+constexpr bool IsBlank(char byte) { return byte == ' ' || byte == '\t' || byte == '\v'; }
+
+std::string_view Trimmed(std::string_view text) {
+    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+std::string_view WithoutSpacesBehind(std::string_view text) {
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+// Of a caller's names only spaces are dropped.
+std::string_view Argument(std::string_view text) {
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    return WithoutSpacesBehind(text);
+}
+
+// Lower case in Windows-1252, the page that names in such files are written in.
+char Lower(char letter) {
+    const auto byte = static_cast<unsigned char>(letter);
+    const bool latin = (byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7);
+    if (latin) return static_cast<char>(byte + 0x20);
+    if (byte == 0x8A || byte == 0x8C || byte == 0x8E) return static_cast<char>(byte + 0x10);
+    return byte == 0x9F ? static_cast<char>(0xFF) : letter;
+}
+
+std::string Folded(std::string_view name) {
+    std::string folded(name);
+    for (char& byte : folded) byte = Lower(byte);
+    return folded;
+}
+
+std::string_view WithoutQuotes(std::string_view value) {
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+std::string Cut(std::string_view value, std::size_t size) {
+    return std::string(size == 0 ? std::string_view() : value.substr(0, size - 1));
+}
+
+std::string CutList(std::string list, std::size_t size) {
+    if (size <= 2) return {};
+    if (list.size() > size - 2) list.resize(size - 2);
+    return list;
+}
+
+std::string_view HeaderName(std::string_view line) {
+    line = Trimmed(line).substr(1);
+    return Trimmed(line.substr(0, line.find(']')));
+}
+
+std::u16string UnitsOf(std::string_view bytes) {
+    std::u16string units;
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+        const auto low = static_cast<unsigned char>(bytes[at]);
+        const auto high = static_cast<unsigned char>(bytes[at + 1]);
+        units.push_back(static_cast<char16_t>(low | high << 8));
+    }
+    return units;
+}
+
+std::string BytesOf(const std::u16string& units) {
+    std::string bytes;
+    bytes.reserve(units.size() * 2);
+    for (const char16_t unit : units) {
+        bytes.push_back(static_cast<char>(unit & 0xFF));
+        bytes.push_back(static_cast<char>(unit >> 8));
+    }
+    return bytes;
+}
+
+std::u16string Widened(std::string_view text) {
+    std::u16string units;
+    for (const char byte : text) units.push_back(FromWindows1252(static_cast<unsigned char>(byte)));
+    return units;
+}
+
+} // namespace
+
+IniFile::IniFile(std::string_view bytes) {
+    if (bytes.starts_with(kUtf16Mark)) {
+        m_mark = kUtf16Mark;
+        m_wide = UnitsOf(bytes.substr(kUtf16Mark.size()));
+        m_text.reserve(m_wide->size());
+        for (const char16_t unit : *m_wide) m_text.push_back(ToWindows1252(unit));
+    } else {
+        if (bytes.starts_with(kUtf8Mark)) m_mark = kUtf8Mark;
+        m_text = bytes.substr(m_mark.size());
+    }
+    Parse();
+}
+
+std::string IniFile::Bytes() const { return m_mark + (m_wide ? BytesOf(*m_wide) : m_text); }
+
+void IniFile::Parse() {
+    m_lines.clear();
+    m_sections.clear();
+    m_keysByHeader.clear();
+    for (std::size_t at = 0; at < m_text.size();) {
+        std::size_t end = m_text.find_first_of("\r\n", at);
+        if (end == std::string::npos) end = m_text.size();
+        std::size_t next = std::min(end + 1, m_text.size());
+        if (m_text.compare(end, 2, "\r\n") == 0) next = end + 2;
+        Line line{at, end, next, Kind::Other};
+        const std::string_view text = Trimmed(LineText(line));
+        if (text.starts_with('['))
+            line.kind = Kind::Header;
+        else if (!text.starts_with(';') && text.find('=') != std::string_view::npos)
+            line.kind = Kind::Key;
+        if (line.kind == Kind::Header) m_sections.emplace(Folded(HeaderName(text)), m_lines.size());
+        m_lines.push_back(line);
+        at = next;
+    }
+}
+
+std::string_view IniFile::LineText(const Line& line) const {
+    return std::string_view(m_text).substr(line.begin, line.end - line.begin);
+}
+
+std::string_view IniFile::KeyName(const Line& line) const {
+    const std::string_view text = LineText(line);
+    return Trimmed(text.substr(0, text.find('=')));
+}
+
+std::optional<IniFile::Range> IniFile::FindSection(std::string_view name) const {
+    const auto found = m_sections.find(Folded(Argument(name)));
+    if (found == m_sections.end()) return std::nullopt;
+    const std::size_t first = found->second + 1;
+    std::size_t last = first;
+    while (last < m_lines.size() && m_lines[last].kind != Kind::Header) ++last;
+    return Range{found->second, first, last};
+}
+
+const IniFile::KeyIndex& IniFile::KeysOf(const Range& section) const {
+    const auto [index, made] = m_keysByHeader.try_emplace(section.header);
+    if (!made) return index->second;
+    for (std::size_t i = section.first; i < section.last; ++i) {
+        if (m_lines[i].kind == Kind::Key) index->second.emplace(Folded(KeyName(m_lines[i])), i);
+    }
+    return index->second;
+}
+
+std::optional<std::size_t> IniFile::FindKey(const Range& section, std::string_view key) const {
+    const auto& keys = KeysOf(section);
+    const auto found = keys.find(Folded(Argument(key)));
+    return found == keys.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::string IniFile::Value(std::string_view section, std::string_view key, std::string_view whenMissing,
+                           std::size_t size) const {
+    const auto range = FindSection(section);
+    const auto line = range ? FindKey(*range, key) : std::nullopt;
+    if (!line) return Cut(WithoutSpacesBehind(whenMissing), size);
+    std::string_view value = LineText(m_lines[*line]);
+    value = Trimmed(value.substr(value.find('=') + 1));
+    // The caller's buffer ends at the first NUL.
+    return Cut(WithoutQuotes(value).substr(0, WithoutQuotes(value).find('\0')), size);
+}
+
+std::string IniFile::KeyList(std::string_view section, std::string_view whenMissing, std::size_t size) const {
+    const auto range = FindSection(section);
+    std::string list;
+    for (std::size_t i = range ? range->first : 0; range && i < range->last; ++i) {
+        if (m_lines[i].kind == Kind::Key) list.append(KeyName(m_lines[i])).push_back('\0');
+    }
+    return list.empty() ? Cut(WithoutSpacesBehind(whenMissing), size) : CutList(std::move(list), size);
+}
+
+std::string IniFile::SectionList(std::size_t size) const {
+    std::string list;
+    for (const Line& line : m_lines) {
+        if (line.kind == Kind::Header) list.append(HeaderName(LineText(line))).push_back('\0');
+    }
+    return CutList(std::move(list), size);
+}
+
+void IniFile::SetValue(std::string_view section, std::string_view key, std::string_view value) {
+    const std::string line = std::string(Argument(key)) + "=" + std::string(value) + "\r\n";
+    const auto range = FindSection(section);
+    if (!range) {
+        const bool unfinished = !Bytes().empty() && (m_text.empty() || m_text.back() != '\n');
+        const std::string header = "[" + std::string(Argument(section)) + "]\r\n";
+        Replace(m_text.size(), m_text.size(), (unfinished ? "\r\n" : "") + header + line);
+    } else if (const auto found = FindKey(*range, key)) {
+        const Line& old = m_lines[*found];
+        Replace(m_text.find('=', old.begin) + 1, old.next, std::string(value) + "\r\n");
+    } else {
+        std::size_t behind = range->header;
+        for (std::size_t i = range->first; i < range->last; ++i) {
+            if (m_lines[i].kind == Kind::Key) behind = i;
+        }
+        const Line& before = m_lines[behind];
+        Replace(before.next, before.next, (before.next == before.end ? "\r\n" : "") + line);
+    }
+}
+
+void IniFile::RemoveKey(std::string_view section, std::string_view key) {
+    const auto range = FindSection(section);
+    const auto line = range ? FindKey(*range, key) : std::nullopt;
+    if (line) Replace(m_lines[*line].begin, m_lines[*line].next, {});
+}
+
+void IniFile::RemoveSection(std::string_view section) {
+    const auto range = FindSection(section);
+    if (!range) return;
+    std::string kept;
+    const std::size_t begin = m_lines[range->header].begin;
+    const std::size_t end = m_lines[range->last - 1].next;
+    for (std::size_t i = range->first; i < range->last; ++i) {
+        if (m_lines[i].kind == Kind::Other) kept += m_text.substr(m_lines[i].begin, m_lines[i].next - m_lines[i].begin);
+    }
+    Replace(begin, end, kept);
+}
+
+void IniFile::Replace(std::size_t begin, std::size_t end, std::string_view text) {
+    if (m_wide) m_wide->replace(begin, end - begin, Widened(text));
+    m_text.replace(begin, end - begin, text);
+    Parse();
+}
+
+std::string GetPrivateProfileString(const std::string& path, std::optional<std::string_view> section,
+                                    std::optional<std::string_view> key, std::optional<std::string_view> whenMissing,
+                                    std::size_t size) {
+    const IniFile file(ReadWholeFile(path).value_or(std::string()));
+    if (!section) return file.SectionList(size);
+    if (!key) return file.KeyList(*section, whenMissing.value_or(""), size);
+    return file.Value(*section, *key, whenMissing.value_or(""), size);
+}
+
+bool WritePrivateProfileString(const std::string& path, std::optional<std::string_view> section,
+                               std::optional<std::string_view> key, std::optional<std::string_view> value) {
+    if (!section) return false;
+    const auto bytes = ReadWholeFile(path);
+    if (!bytes && (FileExists(path) || !FolderExists(path))) return false;
+    IniFile file(bytes.value_or(std::string()));
+    if (!key)
+        file.RemoveSection(*section);
+    else if (!value)
+        file.RemoveKey(*section, *key);
+    else
+        file.SetValue(*section, *key, *value);
+    const std::string after = file.Bytes();
+    if (bytes ? after == *bytes && IsWritable(path) : after.empty()) return true;
+    return WriteWholeFile(path, after) == Outcome::Done;
+}
