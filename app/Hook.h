@@ -1,0 +1,14 @@
+#pragma once
+#include "common/platform/InstanceChannel.h"
+#include "mainwindow/frmMain.h"
+
+/// Receives what later starts of the program hand over. Messages that come before the hook is installed are answered
+/// and ignored.
+namespace Hook {
+
+/// Attaches the main window to the channel. The hook goes when the window unloads.
+void Install(InstanceChannel& instances, frmMain& main, SettingsStorageFactory& settings);
+/// Does nothing when no hook was installed.
+void Remove(InstanceChannel& instances);
+
+} // namespace Hook

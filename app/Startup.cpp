@@ -1,0 +1,49 @@
+#include "app/Startup.h"
+
+#include "app/Hook.h"
+#include "settings/SettingsStore.h"
+
+namespace {
+
+bool AllowsMultipleInstances(SettingsStorageFactory& settings) {
+    return SettingsStore(settings).AllowMultipleInstances.Get();
+}
+
+void HandOff(const Startup::Program& program, TextView commandLine) {
+    program.application.SetTitle(Startup::kSecondInstance);
+    // Giving the window its caption loads it, as in every instance; it is never shown, so no page comes into being.
+    program.main.Platform.window.SetCaption(Startup::kSecondInstance);
+    program.main.Form_Load(commandLine);
+    ResumeNext(program.instances.SetForegroundWindow());
+    if (commandLine.empty()) return;
+    ResumeNext(SettingsStore(program.settings).HandOffCommandLine.Set(Text(commandLine)));
+    ResumeNext(program.instances.SendMessage());
+}
+
+void Run(const Startup::Program& program, TextView commandLine) {
+    program.splash.Show();
+    program.application.DoEvents();
+    program.main.Platform.window.SetCaption(Startup::kMainTitle);
+    program.main.Form_Load(commandLine);
+    Hook::Install(program.instances, program.main, program.settings);
+    program.main.Platform.window.Show();
+    program.splash.Unload();
+}
+
+} // namespace
+
+namespace Startup {
+
+Result Main(const Program& program, TextView commandLine) {
+    const bool several = AllowsMultipleInstances(program.settings);
+    ResumeNext(program.instances.RegisterMessage(kMessageName));
+    const bool running = program.instances.PreviousInstance(several ? Instances::Several : Instances::One);
+    if (!several && running) {
+        HandOff(program, commandLine);
+        return Result::HandedOff;
+    }
+    Run(program, commandLine);
+    return Result::Runs;
+}
+
+} // namespace Startup

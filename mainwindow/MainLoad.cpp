@@ -1,0 +1,95 @@
+#include "mainwindow/MainLoad.h"
+
+#include "mainwindow/frmMain.h"
+#include "settings/SettingsStore.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr Twips kSmallestHeight{4000};
+constexpr Twips kSmallestWidth{6000};
+constexpr std::array kDisabledAtStart{TextView(u"mnuGoBack"), TextView(u"mnuGoForward"), TextView(u"mnuStop"),
+                                      TextView(u"mnuRefresh")};
+
+void PlaceTabs(frmMain& main, const SettingsStore& store) {
+    main.pcPage.SetPlacement(store.TabsUp.Get() ? TabPlacement::Top : TabPlacement::Bottom);
+}
+
+void CopyLiveSettings(frmMain& main, const SettingsStore& store) {
+    main.Tabs.OpenNewInFront = store.OpenNewInFront.Get();
+    main.Tabs.TitleLengthLimit = store.TitleLengthLimit.Get();
+    main.Groups.TGCloseOthersFirst = store.TGCloseOthersFirst.Get();
+}
+
+Placement StoredPlacement(const SettingsStore& store, const MainWindow& window) {
+    Placement place;
+    place.left = std::max(Saturated16(store.WindowLeft.Get()), Twips{0});
+    place.top = std::max(Saturated16(store.WindowTop.Get()), Twips{0});
+    place.height = std::max(Saturated16(store.WindowHeight.Get()), kSmallestHeight);
+    place.width = std::max(Saturated16(store.WindowWidth.Get()), kSmallestWidth);
+    // Deliberate: strictly greater, a top equal to the screen's height is kept.
+    if (place.top > window.ScreenHeight()) place.top = {0};
+    if (place.left > window.ScreenWidth()) place.left = {0};
+    return place;
+}
+
+void PlaceWindow(MainWindow& window, const SettingsStore& store) {
+    if (store.WindowMaximized.Get()) {
+        window.SetState(WindowState::Maximized);
+        return;
+    }
+    window.SetState(WindowState::Normal);
+    const Placement place = StoredPlacement(store, window);
+    // A window that was never placed gets its size from us and its place from the desktop.
+    if (store.WindowLeft.HasValue() || store.WindowTop.HasValue())
+        window.SetPlace(place);
+    else
+        window.SetSize(place.width, place.height);
+}
+
+} // namespace
+
+namespace MainLoad {
+
+void Prepare(frmMain& main) {
+    const SettingsStore store(main.Platform.settings);
+    PlaceTabs(main, store);
+    main.RememberLastSites = store.RememberLastSites.Get();
+    main.Tabs.ShowStatusBar(store.ShowStatusBar.Get());
+    for (const TextView name : kDisabledAtStart) {
+        if (auto* tool = main.actBar.Find(name)) tool->Enabled = false;
+    }
+}
+
+void Restore(frmMain& main) {
+    const SettingsStore store(main.Platform.settings);
+    PlaceWindow(main.Platform.window, store);
+    CopyLiveSettings(main, store);
+}
+
+void ApplySettings(frmMain& main) {
+    const SettingsStore store(main.Platform.settings);
+    PlaceTabs(main, store);
+    main.Form_Resize();
+    main.RememberLastSites = store.RememberLastSites.Get();
+    CopyLiveSettings(main, store);
+}
+
+void ReopenLastSites(frmMain& main) {
+    const std::vector<Text> sites = SettingsStore(main.Platform.settings).LastSites.Get();
+    // Deliberate: a session of one tab is not reopened.
+    if (sites.size() < 2) return;
+    auto* first = main.Browser.Find(1);
+    if (first && !sites.front().empty()) {
+        ResumeNext(first->Control->Stop());
+        ResumeNext(first->Control->Navigate(sites.front()));
+    }
+    for (std::size_t i = 1; i < sites.size(); ++i) {
+        if (sites[i].empty()) continue;
+        if (auto* view = main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(sites[i]));
+    }
+}
+
+} // namespace MainLoad

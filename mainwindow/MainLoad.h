@@ -1,0 +1,17 @@
+#pragma once
+
+class frmMain;
+
+/// The main window's start-up, step by step.
+namespace MainLoad {
+
+/// Before the first tab: placement of the tabs, status bar, tools that have nothing to act on yet.
+void Prepare(frmMain& main);
+/// After it: the window's place on the screen and the live copies of settings.
+void Restore(frmMain& main);
+/// Brings settings that were changed in the dialog into effect.
+void ApplySettings(frmMain& main);
+/// Reopens the addresses of the session before, the first one in the first tab.
+void ReopenLastSites(frmMain& main);
+
+} // namespace MainLoad

@@ -1,0 +1,44 @@
+#include "mainwindow/MainUnload.h"
+
+#include "mainwindow/frmMain.h"
+#include "settings/SettingsStore.h"
+
+namespace {
+
+std::vector<Text> OpenAddresses(frmMain& main) {
+    std::vector<Text> sites(main.pcPage.Count());
+    for (std::size_t i = 0; i < sites.size(); ++i) {
+        const auto* tab = main.pcPage.FindAt(i + 1);
+        const auto* view = tab ? main.Browser.Find(tab->Tag) : nullptr;
+        if (view) sites[i] = view->Control->LocationURL();
+    }
+    return sites;
+}
+
+void SavePlacement(SettingsStore& store, const MainWindow& window) {
+    ResumeNext(store.WindowMaximized.Set(window.State() == WindowState::Maximized));
+    if (window.State() == WindowState::Minimized) return;
+    const Placement place = window.Place();
+    ResumeNext(store.WindowTop.Set(place.top));
+    ResumeNext(store.WindowLeft.Set(place.left));
+    ResumeNext(store.WindowWidth.Set(place.width));
+    ResumeNext(store.WindowHeight.Set(place.height));
+}
+
+} // namespace
+
+namespace MainUnload {
+
+void Save(frmMain& main) {
+    const std::vector<Text> sites = OpenAddresses(main);
+    SettingsStore store(main.Platform.settings);
+    SavePlacement(store, main.Platform.window);
+    ResumeNext(store.OpenNewInFront.Set(main.Tabs.OpenNewInFront));
+    ResumeNext(store.TitleLengthLimit.Set(main.Tabs.TitleLengthLimit));
+    ResumeNext(store.RememberLastSites.Set(main.RememberLastSites));
+    ResumeNext(store.TabsUp.Set(main.pcPage.Placement() == TabPlacement::Top));
+    ResumeNext(store.LastSites.Set(sites));
+    ResumeNext(store.ShowStatusBar.Set(main.sbStatus.Visible()));
+}
+
+} // namespace MainUnload

@@ -1,0 +1,92 @@
+#include "mainwindow/frmMain.h"
+
+#include "commands/ToolNames.h"
+#include "mainwindow/MainLoad.h"
+#include "mainwindow/MainUnload.h"
+#include "settings/frmSettings.h"
+
+frmMain::frmMain(MainWindowPlatform platform)
+    : Platform(std::move(platform)),
+      Events(Tabs, Browser),
+      Browser(Platform.views, Events),
+      Tabs(pcPage, Browser, actBar, sbStatus, Platform.messages),
+      Groups(Tabs),
+      m_dispatcher(Tabs) {
+    for (const auto& [name, caption] : kToolCaptions) actBar.Add(Text(name), Text(caption));
+    actBar.Add<ComboTool>(u"cboAddress", u"Address");
+    WireParts();
+}
+
+void frmMain::WireParts() {
+    Tabs.PlaceView = [this](ArrayView& view) { PlaceView(view); };
+    Tabs.Resize = [this] { Form_Resize(); };
+    Tabs.CloseWindow = [this] { Platform.window.Close(); };
+    actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
+    m_dispatcher.Host = {[this] { ShowSettingsDialog(); }, [this] { OpenGroupDialog(); },
+                         [this] { Platform.window.Close(); }};
+}
+
+void frmMain::Form_Load(TextView commandLine) {
+    if (m_stage != Stage::New) return;
+    m_stage = Stage::Loaded;
+    MainLoad::Prepare(*this);
+    if (auto* view = Tabs.PrepareFirstTab()) OpenCommandLine(*view, commandLine);
+    MainLoad::Restore(*this);
+}
+
+void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
+    if (commandLine.empty()) {
+        ResumeNext(view.GoHome());
+    } else if (commandLine.ends_with(u".tvg")) {
+        ResumeNext(view.Navigate(u"about:blank"));
+        OpenTessaGroup(commandLine);
+    } else {
+        m_openedFromCommandLine = true;
+        ResumeNext(view.Navigate(commandLine));
+    }
+}
+
+void frmMain::Form_Activate() {
+    Platform.splash.Unload();
+    if (m_activated || m_stage != Stage::Loaded) return;
+    m_activated = true;
+    if (RememberLastSites && !m_openedFromCommandLine) MainLoad::ReopenLastSites(*this);
+}
+
+void frmMain::Form_Resize() {
+    Platform.window.MoveTabStrip(MainLayout::TabStripPlace(LayoutInputs()));
+    if (auto* view = Tabs.CurrentView()) PlaceView(*view);
+}
+
+void frmMain::Form_Unload() {
+    if (m_stage != Stage::Loaded) return;
+    m_stage = Stage::Unloaded;
+    MainUnload::Save(*this);
+    Browser.UnloadAll();
+    if (Unloaded) Unloaded();
+}
+
+MainLayout::Inputs frmMain::LayoutInputs() const {
+    const auto& window = Platform.window;
+    return {window.InnerWidth(), window.InnerHeight(), sbStatus.Visible() ? sbStatus.Height : Pixels{0},
+            pcPage.RowHeight, pcPage.Placement()};
+}
+
+void frmMain::PlaceView(ArrayView& view) {
+    if (Platform.window.State() == WindowState::Minimized) return;
+    view.Place(MainLayout::ViewPlace(LayoutInputs()));
+}
+
+void frmMain::ShowSettingsDialog() {
+    frmSettings form(Platform.settings);
+    if (Platform.showSettings) Platform.showSettings(form);
+    if (form.Apply) MainLoad::ApplySettings(*this);
+}
+
+void frmMain::OpenGroupDialog() {
+    const Text chosen = Platform.files.ShowOpen({.DialogTitle = u"Open TessaGroup",
+                                                 .InitDir = Platform.groupFolder,
+                                                 .Filter = u"TessaGroup File (*.tvg)|*.tvg",
+                                                 .MustExist = true});
+    if (!chosen.empty()) OpenTessaGroup(chosen);
+}

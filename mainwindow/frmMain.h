@@ -1,0 +1,75 @@
+#pragma once
+#include "commands/Dispatcher.h"
+#include "common/platform/Application.h"
+#include "common/platform/MainWindow.h"
+#include "common/platform/SettingsStorage.h"
+#include "groups/GroupCommands.h"
+#include "mainwindow/MainLayout.h"
+#include "tabs/BrowserEvents.h"
+
+#include <functional>
+
+class frmSettings;
+
+/// What the main window needs of the world outside; all of it outlives the window.
+struct MainWindowPlatform {
+    MainWindow& window;
+    BrowserViewFactory& views;
+    SettingsStorageFactory& settings;
+    MessageBoxes& messages;
+    FileDialogs& files;
+    SplashWindow& splash;
+    /// Shows the settings dialog and returns when it is hidden.
+    std::function<void(frmSettings&)> showSettings;
+    /// Where TessaGroup files lie, with the separator at the end.
+    Text groupFolder;
+};
+
+/// The main window: owns its controls and parts, and forwards to them.
+class frmMain {
+public:
+    explicit frmMain(MainWindowPlatform platform);
+
+    /// Builds the window while it is hidden and opens the command line: nothing (the home page), a TessaGroup, or
+    /// an address. Runs once.
+    void Form_Load(TextView commandLine);
+    /// The first activation reopens the last sites; later ones do nothing.
+    void Form_Activate();
+    /// Lays out the tab strip and the selected view.
+    void Form_Resize();
+    /// Saves what the next start needs and ends the views. Runs once.
+    void Form_Unload();
+
+    BrowserView* GetNewBrowser(InFront inFront) { return Tabs.GetNewBrowser(inFront); }
+    void OpenTessaGroup(TextView TessaGroup) { Groups.OpenTessaGroup(TessaGroup); }
+    void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
+    void actBar_Click(const Tool& tool) { m_dispatcher.actBar_Click(tool); }
+    void cboAddress_Enter() { m_dispatcher.AddressEntered(); }
+
+    MainWindowPlatform Platform;
+    TabStrip pcPage;
+    StatusBar sbStatus;
+    CommandBar actBar;
+    BrowserEvents Events;
+    ViewArray Browser;
+    TabSet Tabs;
+    GroupCommands Groups;
+    bool RememberLastSites = true;
+    /// Filled in by the program's start: what to undo of it once the window's views have ended.
+    std::function<void()> Unloaded;
+
+private:
+    enum class Stage { New, Loaded, Unloaded };
+
+    void WireParts();
+    [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
+    void PlaceView(ArrayView& view);
+    void ShowSettingsDialog();
+    void OpenGroupDialog();
+    void OpenCommandLine(BrowserView& view, TextView commandLine);
+
+    Dispatcher m_dispatcher;
+    Stage m_stage = Stage::New;
+    bool m_activated = false;
+    bool m_openedFromCommandLine = false;
+};

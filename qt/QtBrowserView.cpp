@@ -1,0 +1,244 @@
+#include "qt/QtBrowserView.h"
+
+#include "qt/QtEngine.h"
+#include "qt/QtPage.h"
+#include "qt/QtText.h"
+
+#include <QDesktopServices>
+#include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
+#include <QWebEngineNewWindowRequest>
+#include <QWebEngineView>
+
+QtBrowserView::QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine)
+    : m_index(index), m_events(events), m_engine(engine) {
+    m_engine.Register(index, this);
+}
+
+QtBrowserView::~QtBrowserView() {
+    Release();
+    m_engine.Forget(m_index);
+}
+
+Outcome QtBrowserView::Navigate(TextView address) {
+    QtAddress target = QtAddress::FromTyped(address);
+    if (target.url.scheme() == u"mailto") {
+        return QDesktopServices::openUrl(target.url) ? Outcome::Done : Outcome::Failed;
+    }
+    m_requested = target.url;
+    m_pending = std::move(target);
+    m_engine.RequestNavigation(m_index);
+    return Outcome::Done;
+}
+
+Outcome QtBrowserView::GoHome() { return Navigate(u"tessaview:start"); }
+
+Outcome QtBrowserView::Stop() {
+    m_pending.reset();
+    m_engine.EndNavigation(m_index);
+    if (m_page && m_loading) m_page->triggerAction(QWebEnginePage::Stop);
+    return Outcome::Done;
+}
+
+Outcome QtBrowserView::Refresh() {
+    // A view that was stopped before it showed anything has nothing to reload: it loads what it was to show.
+    if (!m_committed) return Navigate(FromQt(m_requested.toString(QUrl::FullyEncoded)));
+    m_page->triggerAction(QWebEnginePage::Reload);
+    return Outcome::Done;
+}
+
+Outcome QtBrowserView::GoBack() {
+    if (!m_page || !m_page->history()->canGoBack()) return Outcome::Failed;
+    m_page->history()->back();
+    return Outcome::Done;
+}
+
+Outcome QtBrowserView::GoForward() {
+    if (!m_page || !m_page->history()->canGoForward()) return Outcome::Failed;
+    m_page->history()->forward();
+    return Outcome::Done;
+}
+
+Text QtBrowserView::LocationURL() const {
+    const QUrl& address = m_page && m_committed ? m_page->url() : m_requested;
+    return FromQt(address.toString(QUrl::FullyEncoded));
+}
+
+void QtBrowserView::SetVisible(bool visible) {
+    // A view is made invisible only when its tab is closed; nobody can see or hear it any more.
+    if (!visible) Release();
+}
+
+void QtBrowserView::SetTabStop(bool tabStop) {
+    m_tabStop = tabStop;
+    if (m_widget) m_widget->setFocusPolicy(tabStop ? Qt::WheelFocus : Qt::NoFocus);
+}
+
+void QtBrowserView::Move(const Rect& place) {
+    m_place = QRect(place.left.value, place.top.value, place.width.value, place.height.value);
+    if (m_widget) m_widget->setGeometry(m_place);
+}
+
+void QtBrowserView::MoveLeft(Twips) {
+    m_wantsFocus = false;
+    // The engine hides what is no longer in front, together with showing what is.
+    m_engine.Schedule();
+}
+
+void QtBrowserView::BringToFront() { m_engine.BringToFront(m_index); }
+
+void QtBrowserView::SetFocus() {
+    m_wantsFocus = true;
+    if (!m_widget || !m_widget->isVisible()) return;
+    m_widget->setFocus(Qt::OtherFocusReason);
+}
+
+QIcon QtBrowserView::Icon() const { return m_page ? m_page->icon() : QIcon(); }
+
+void QtBrowserView::StartNavigation() {
+    if (!m_pending) {
+        m_engine.EndNavigation(m_index);
+        return;
+    }
+    const QtAddress target = *std::exchange(m_pending, std::nullopt);
+    MakePage();
+    m_fallback = target.fallback;
+    m_page->load(target.url);
+}
+
+void QtBrowserView::Show() {
+    MakePage();
+    MakeWidget();
+    m_widget->setGeometry(m_place);
+    m_widget->show();
+    m_widget->raise();
+    if (m_wantsFocus) m_widget->setFocus(Qt::OtherFocusReason);
+}
+
+void QtBrowserView::Hide() {
+    if (m_widget) m_widget->hide();
+}
+
+void QtBrowserView::MakePage() {
+    if (m_page) return;
+    m_page = new QtPage(m_engine.Profile(), m_engine.Token());
+    ConnectLoading();
+    ConnectPage();
+    MakeWidget();
+}
+
+void QtBrowserView::MakeWidget() {
+    if (m_widget) return;
+    m_widget = new QWebEngineView(m_engine.PageArea());
+    m_widget->hide();
+    m_widget->setPage(m_page);
+    m_widget->setGeometry(m_place.isEmpty() ? m_engine.PageArea()->rect() : m_place);
+    SetTabStop(m_tabStop);
+}
+
+void QtBrowserView::Release() {
+    m_pending.reset();
+    if (m_page) m_page->disconnect(this);
+    if (m_widget) {
+        m_widget->hide();
+        m_widget->deleteLater();
+    }
+    // Later, because the page may be in the middle of telling us that it closed itself.
+    if (m_page) m_page->deleteLater();
+    m_widget = nullptr;
+    m_page = nullptr;
+    m_loading = m_committed = false;
+}
+
+void QtBrowserView::ConnectLoading() {
+    QtPage* page = m_page;
+    connect(page, &QtPage::NavigationRequested, this, [this](const QUrl& url, bool top) {
+        m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame,
+                                 FromQt(url.toString(QUrl::FullyEncoded)));
+    });
+    connect(page, &QWebEnginePage::loadStarted, this, &QtBrowserView::OnLoadStarted);
+    connect(page, &QWebEnginePage::loadFinished, this, &QtBrowserView::OnLoadFinished);
+    connect(page, &QWebEnginePage::loadingChanged, this, &QtBrowserView::OnLoadingChanged);
+    connect(page, &QWebEnginePage::urlChanged, this, &QtBrowserView::OnAddressChanged);
+    connect(page, &QtPage::FrameReady, this, [this](const QUrl& url) {
+        m_events.NavigateComplete2(m_index, PageLevel::Frame, FromQt(url.toString(QUrl::FullyEncoded)));
+    });
+    connect(page, &QtPage::FrameLoaded, this, [this](const QUrl& url) {
+        m_events.DocumentComplete(m_index, PageLevel::Frame, FromQt(url.toString(QUrl::FullyEncoded)));
+    });
+}
+
+void QtBrowserView::ConnectPage() {
+    QtPage* page = m_page;
+    connect(page, &QWebEnginePage::titleChanged, this,
+            [this](const QString& title) { m_events.TitleChange(m_index, FromQt(title)); });
+    connect(page, &QWebEnginePage::linkHovered, this,
+            [this](const QString& url) { m_events.StatusTextChange(m_index, FromQt(url)); });
+    connect(page, &QWebEnginePage::iconChanged, this, [this] {
+        if (m_engine.IconChanged) m_engine.IconChanged(m_index);
+    });
+    connect(page, &QWebEnginePage::newWindowRequested, this, &QtBrowserView::OnNewWindow);
+    connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtBrowserView::OnRendererGone);
+    // Queued: closing may ask the user, and the page waits for its own answer meanwhile.
+    connect(
+        page, &QWebEnginePage::windowCloseRequested, this, [this] { m_events.WindowClosing(m_index); },
+        Qt::QueuedConnection);
+}
+
+void QtBrowserView::OnLoadStarted() {
+    m_loading = true;
+    m_events.StatusTextChange(m_index, u"Connecting...");
+    m_events.DownloadBegin(m_index);
+}
+
+void QtBrowserView::OnLoadFinished(bool) {
+    m_loading = false;
+    if (!m_pending) m_engine.EndNavigation(m_index);
+    ReportHistory();
+    m_events.StatusTextChange(m_index, u"Done");
+    m_events.DownloadComplete(m_index);
+    m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
+}
+
+void QtBrowserView::OnAddressChanged(const QUrl& url) {
+    if (url.isEmpty()) return;
+    m_committed = true;
+    ReportHistory();
+    m_events.NavigateComplete2(m_index, PageLevel::Top, FromQt(url.toString(QUrl::FullyEncoded)));
+}
+
+void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
+    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_fallback.clear();
+    if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;
+    if (info.errorDomain() != QWebEngineLoadingInfo::ConnectionErrorDomain) return;
+    Navigate(FromQt(std::exchange(m_fallback, QUrl()).toString(QUrl::FullyEncoded)));
+}
+
+void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
+    auto* supplied = static_cast<QtBrowserView*>(m_events.NewWindow2(m_index));
+    if (!supplied) return;
+    // The page that asked fills the view; the blank page that it was to load first would only be in the way.
+    supplied->m_pending.reset();
+    m_engine.EndNavigation(supplied->m_index);
+    supplied->m_requested = request.requestedUrl();
+    supplied->MakePage();
+    request.openIn(supplied->m_page);
+}
+
+void QtBrowserView::OnRendererGone() {
+    m_loading = false;
+    m_engine.EndNavigation(m_index);
+    m_events.DownloadComplete(m_index);
+    m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
+}
+
+void QtBrowserView::ReportHistory() {
+    const bool back = m_page->history()->canGoBack();
+    const bool forward = m_page->history()->canGoForward();
+    if (std::exchange(m_canGoBack, back) != back) {
+        m_events.CommandStateChange(m_index, HistoryCommand::NavigateBack, back);
+    }
+    if (std::exchange(m_canGoForward, forward) != forward) {
+        m_events.CommandStateChange(m_index, HistoryCommand::NavigateForward, forward);
+    }
+}

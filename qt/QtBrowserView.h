@@ -1,0 +1,78 @@
+#pragma once
+#include "common/platform/BrowserView.h"
+#include "qt/QtAddress.h"
+#include "qt/QtPage.h"
+
+#include <QIcon>
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+#include <optional>
+
+class QtEngine;
+class QWebEngineLoadingInfo;
+class QWebEngineNewWindowRequest;
+class QWebEngineView;
+
+/// One page view on Qt WebEngine. The engine's page comes into being when its first navigation starts, its widget
+/// when it is first shown; a parked view's page stays hidden from the engine and goes on running.
+class QtBrowserView final : public QObject, public BrowserView {
+public:
+    /// Both outlive the view.
+    QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine);
+    ~QtBrowserView() override;
+
+    Outcome Navigate(TextView address) override;
+    Outcome Stop() override;
+    Outcome Refresh() override;
+    Outcome GoBack() override;
+    Outcome GoForward() override;
+    Outcome GoHome() override;
+    [[nodiscard]] bool Busy() const override { return m_loading; }
+    [[nodiscard]] Text LocationURL() const override;
+    void SetVisible(bool visible) override;
+    void SetTabStop(bool tabStop) override;
+    void Move(const Rect& place) override;
+    void MoveLeft(Twips left) override;
+    void BringToFront() override;
+    void SetFocus() override;
+
+    // For the engine.
+    /// Does the navigation that was last asked for.
+    void StartNavigation();
+    void Show();
+    void Hide();
+    [[nodiscard]] QIcon Icon() const;
+    [[nodiscard]] QtPage* Page() const { return m_page; }
+    [[nodiscard]] QWebEngineView* Widget() const { return m_widget; }
+
+private:
+    void MakePage();
+    void MakeWidget();
+    void Release();
+    void ConnectLoading();
+    void ConnectPage();
+    void OnLoadStarted();
+    void OnLoadFinished(bool ok);
+    void OnAddressChanged(const QUrl& url);
+    void OnLoadingChanged(const QWebEngineLoadingInfo& info);
+    void OnNewWindow(QWebEngineNewWindowRequest& request);
+    void OnRendererGone();
+    void ReportHistory();
+
+    const std::int16_t m_index;
+    BrowserViewEvents& m_events;
+    QtEngine& m_engine;
+    QPointer<QtPage> m_page;
+    QPointer<QWebEngineView> m_widget;
+    std::optional<QtAddress> m_pending; ///< asked for, not started
+    QUrl m_requested;                   ///< the address of the last navigation from outside the page
+    QUrl m_fallback;                    ///< where to go when that cannot connect
+    QRect m_place;
+    bool m_committed = false;
+    bool m_loading = false;
+    bool m_tabStop = false;
+    bool m_wantsFocus = false;
+    bool m_canGoBack = false;
+    bool m_canGoForward = false;
+};

@@ -1,0 +1,110 @@
+#include "qt/QtEngine.h"
+
+#include "qt/QtBrowserView.h"
+#include "qt/QtProfile.h"
+
+#include <QCoreApplication>
+#include <QUuid>
+#include <algorithm>
+
+QtEngine::QtEngine(QWidget* pageArea, QString profileFolder, QString cacheFolder)
+    : m_pageArea(pageArea),
+      m_profileFolder(std::move(profileFolder)),
+      m_cacheFolder(std::move(cacheFolder)),
+      m_token(QUuid::createUuid().toString(QUuid::Id128)) {
+    m_turn.setSingleShot(true);
+    m_turn.callOnTimeout(this, [this] { Turn(); });
+    m_clock.start();
+}
+
+QtEngine::~QtEngine() = default;
+
+std::unique_ptr<BrowserView> QtEngine::Create(std::int16_t Index, BrowserViewEvents& events) {
+    return std::make_unique<QtBrowserView>(Index, events, *this);
+}
+
+void QtEngine::Start() {
+    m_started = true;
+    Schedule();
+}
+
+void QtEngine::Shutdown() {
+    Must(m_views.empty());
+    // Pages end later than their views; the profile must outlive them.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_profile.reset();
+}
+
+QIcon QtEngine::Icon(std::int32_t index) const {
+    const auto* view = Find(index);
+    return view ? view->Icon() : QIcon();
+}
+
+std::size_t QtEngine::PageCount() const {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(m_views, [](const auto& each) { return each.second->Page() != nullptr; }));
+}
+
+void QtEngine::Register(std::int32_t index, QtBrowserView* view) { m_views[index] = view; }
+
+void QtEngine::Forget(std::int32_t index) {
+    m_views.erase(index);
+    if (m_front == index) m_front = 0;
+    if (m_shown == index) m_shown = 0;
+    m_queue.Remove(index);
+    Schedule();
+}
+
+void QtEngine::RequestNavigation(std::int32_t index) {
+    // A view that is still loading gives its place up for what it is to load now.
+    m_queue.Remove(index);
+    m_queue.Add(index);
+    Schedule();
+}
+
+void QtEngine::EndNavigation(std::int32_t index) {
+    m_queue.Remove(index);
+    if (m_queue.Waiting() > 0) Schedule();
+}
+
+void QtEngine::BringToFront(std::int32_t index) {
+    if (m_front == index && m_shown == index) return;
+    m_front = index;
+    m_queue.SetFront(index);
+    Schedule();
+}
+
+void QtEngine::Schedule() {
+    if (m_started) m_turn.start(0);
+}
+
+QWebEngineProfile* QtEngine::Profile() {
+    if (!m_profile) m_profile = std::make_unique<QtProfile>(m_profileFolder, m_cacheFolder, m_token);
+    return m_profile->Get();
+}
+
+void QtEngine::Turn() {
+    ShowFront();
+    const NavigationQueue::Time now{m_clock.elapsed()};
+    // One page a turn: making one takes milliseconds in which no menu opens.
+    if (const auto next = m_queue.Next(now)) {
+        if (auto* view = Find(*next)) view->StartNavigation();
+        Schedule();
+    } else if (const auto deadline = m_queue.Deadline()) {
+        m_turn.start(std::max(*deadline - now, NavigationQueue::Time{1}));
+    }
+}
+
+void QtEngine::ShowFront() {
+    if (m_front == m_shown) return;
+    auto* front = Find(m_front);
+    if (!front) return;
+    front->Show();
+    if (auto* before = Find(m_shown)) before->Hide();
+    m_shown = m_front;
+}
+
+QtBrowserView* QtEngine::Find(std::int32_t index) const {
+    const auto found = m_views.find(index);
+    return found == m_views.end() ? nullptr : found->second;
+}

@@ -1,0 +1,69 @@
+#pragma once
+#include "common/platform/BrowserView.h"
+#include "tabs/NavigationQueue.h"
+
+#include <QElapsedTimer>
+#include <QIcon>
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <memory>
+
+class QWebEngineProfile;
+class QtBrowserView;
+class QtProfile;
+
+/// The page engine: makes the views, and decides when their pages come into being. Nothing of the engine exists
+/// before `Start()`, so a process that only hands its command line over never loads it. What is asked of the views
+/// takes place at the next turn of the event loop: of several navigations of one view only the last, of several
+/// views brought to the front only the last.
+class QtEngine final : public QObject, public BrowserViewFactory {
+public:
+    /// Pages are children of `pageArea`. `profileFolder` and `cacheFolder` are made when the engine starts.
+    QtEngine(QWidget* pageArea, QString profileFolder, QString cacheFolder);
+    ~QtEngine() override;
+
+    std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events) override;
+    /// From now on views may load. Called once the window is on the screen.
+    void Start();
+    /// Ends the pages' profile; no view may be left. Called before the application ends.
+    void Shutdown();
+
+    /// The icon of the page of a view; a null icon when it has none.
+    [[nodiscard]] QIcon Icon(std::int32_t index) const;
+    /// A page's icon has changed.
+    std::function<void(std::int32_t index)> IconChanged;
+    /// How many engine pages exist.
+    [[nodiscard]] std::size_t PageCount() const;
+
+    // For the views.
+    void Register(std::int32_t index, QtBrowserView* view);
+    void Forget(std::int32_t index);
+    void RequestNavigation(std::int32_t index);
+    void EndNavigation(std::int32_t index);
+    void BringToFront(std::int32_t index);
+    /// Asks for a turn: the waiting work is done once, at the next turn of the event loop.
+    void Schedule();
+    [[nodiscard]] QWidget* PageArea() const { return m_pageArea; }
+    [[nodiscard]] QWebEngineProfile* Profile();
+    /// Marks the lines with which our script in the pages reports frames; new for every run.
+    [[nodiscard]] const QString& Token() const { return m_token; }
+
+private:
+    void Turn();
+    void ShowFront();
+    [[nodiscard]] QtBrowserView* Find(std::int32_t index) const;
+
+    QPointer<QWidget> m_pageArea;
+    QString m_profileFolder, m_cacheFolder, m_token;
+    std::unique_ptr<QtProfile> m_profile;
+    std::map<std::int32_t, QtBrowserView*> m_views;
+    NavigationQueue m_queue;
+    QTimer m_turn;
+    QElapsedTimer m_clock;
+    std::int32_t m_front = 0;
+    std::int32_t m_shown = 0;
+    bool m_started = false;
+};

@@ -1,0 +1,43 @@
+#include "qt/QtFolders.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <unistd.h>
+
+namespace {
+
+QString XdgFolder(const char* variable, const QString& underHome) {
+    const QString set = qEnvironmentVariable(variable);
+    // A relative path in these variables is to be ignored: the base directory rules of freedesktop.org.
+    const QString base = QDir::isAbsolutePath(set) ? set : QDir::homePath() + u'/' + underHome;
+    return QDir::cleanPath(base) + QStringLiteral("/tessaview");
+}
+
+bool IsUsersOwn(const QFileInfo& folder) {
+    return folder.isDir() && folder.ownerId() == ::geteuid() && folder.isWritable();
+}
+
+void Make(const QString& folder) {
+    if (QDir().mkpath(folder)) return;
+    qWarning("tessaview: the folder %s cannot be made", qPrintable(folder));
+}
+
+} // namespace
+
+QtFolders QtFolders::Find(const QString& programFile) {
+    QtFolders folders;
+    const QString home = qEnvironmentVariable("TESSAVIEW_HOME");
+    if (!home.isEmpty()) {
+        const QString all = QDir::cleanPath(QDir().absoluteFilePath(home));
+        folders = {all, all, all + QStringLiteral("/engine"), all + QStringLiteral("/cache"), all};
+    } else {
+        const QFileInfo own(QFileInfo(programFile).absolutePath());
+        const QString data = XdgFolder("XDG_DATA_HOME", QStringLiteral(".local/share"));
+        const QString config = XdgFolder("XDG_CONFIG_HOME", QStringLiteral(".config"));
+        folders = {IsUsersOwn(own) ? own.absoluteFilePath() : data, config, data + QStringLiteral("/engine"),
+                   XdgFolder("XDG_CACHE_HOME", QStringLiteral(".cache")), config};
+    }
+    for (const QString& folder : {folders.program, folders.GroupFolder(), folders.settings}) Make(folder);
+    return folders;
+}

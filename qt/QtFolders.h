@@ -1,0 +1,16 @@
+#pragma once
+#include <QString>
+
+/// Where the program keeps its files. All folders end without a separator and are made when first asked for.
+struct QtFolders {
+    QString program;  ///< user.tb and TessaGroups/
+    QString settings; ///< settings.ini
+    QString data;     ///< the engine's profile
+    QString cache;    ///< the engine's cache
+    QString state;    ///< names the instance: two state folders never meet
+
+    /// $TESSAVIEW_HOME for everything when set; else the folder of the running program, if it is the user's and
+    /// writable, for what belongs to the program, and the desktop's usual folders for the rest.
+    static QtFolders Find(const QString& programFile);
+    [[nodiscard]] QString GroupFolder() const { return program + QStringLiteral("/TessaGroups/"); }
+};

@@ -1,0 +1,76 @@
+#include "qt/QtProfile.h"
+
+#include "qt/QtStartPage.h"
+
+#include <QDir>
+#include <QFile>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineProfile>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
+#include <QWebEngineSettings>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace {
+
+// The descriptor of the locked folder; -1 when another process holds it or it cannot be made.
+int LockFolder(const QString& folder) {
+    if (!QDir().mkpath(folder)) return -1;
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const int lock = ::open(QFile::encodeName(folder + QStringLiteral("/lock")).constData(),
+                            O_CREAT | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) == 0) return lock;
+    if (lock >= 0) ::close(lock);
+    return -1;
+}
+
+// Runs in every frame, in a world of its own that the page cannot see. The engine has no signal for frames, so each
+// reports itself.
+constexpr auto kFrameScript = R"js((function () {
+    if (window === window.parent) return;
+    console.log('%1 ready ' + location.href);
+    window.addEventListener('load', function () { console.log('%1 load ' + location.href); });
+})();)js";
+
+} // namespace
+
+QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QString& token)
+    : m_lock(folder.isEmpty() ? -1 : LockFolder(folder)), m_startPage(std::make_unique<QtStartPage>()) {
+    if (m_lock >= 0) {
+        m_profile = std::make_unique<QWebEngineProfile>(QStringLiteral("TessaView"));
+        m_profile->setPersistentStoragePath(folder);
+        m_profile->setCachePath(cacheFolder);
+    } else {
+        m_profile = std::make_unique<QWebEngineProfile>();
+    }
+    ApplySettings();
+    InstallFrameScript(token);
+    m_profile->installUrlSchemeHandler(QtStartPage::Scheme(), m_startPage.get());
+}
+
+QtProfile::~QtProfile() {
+    m_profile.reset();
+    if (m_lock >= 0) ::close(m_lock);
+}
+
+void QtProfile::ApplySettings() {
+    auto* settings = m_profile->settings();
+    settings->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
+    settings->setAttribute(QWebEngineSettings::FullScreenSupportEnabled, false);
+    settings->setAttribute(QWebEngineSettings::ScrollAnimatorEnabled, true);
+    settings->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
+    m_profile->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
+}
+
+void QtProfile::InstallFrameScript(const QString& token) {
+    QWebEngineScript script;
+    script.setName(QStringLiteral("frames"));
+    script.setSourceCode(QString::fromLatin1(kFrameScript).arg(token));
+    script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setRunsOnSubFrames(true);
+    m_profile->scripts()->insert(script);
+}

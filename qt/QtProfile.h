@@ -1,0 +1,25 @@
+#pragma once
+#include <QString>
+#include <memory>
+
+class QWebEngineProfile;
+class QtStartPage;
+
+/// The engine's profile: cookies, storage and cache of all pages. Kept on disk by the one process that holds the
+/// lock on its folder; a further instance, or one whose folder cannot be written, keeps its profile in memory.
+class QtProfile {
+public:
+    /// `token` marks the lines that our script in the pages writes.
+    QtProfile(const QString& folder, const QString& cacheFolder, const QString& token);
+    ~QtProfile();
+
+    [[nodiscard]] QWebEngineProfile* Get() const { return m_profile.get(); }
+
+private:
+    void InstallFrameScript(const QString& token);
+    void ApplySettings();
+
+    int m_lock = -1;
+    std::unique_ptr<QtStartPage> m_startPage;
+    std::unique_ptr<QWebEngineProfile> m_profile;
+};

@@ -1,0 +1,123 @@
+#include "qt/QtProgram.h"
+
+#include "qt/QtAddressBox.h"
+#include "qt/QtCommandBar.h"
+#include "qt/QtDialogs.h"
+#include "qt/QtEngine.h"
+#include "qt/QtFolders.h"
+#include "qt/QtIcons.h"
+#include "qt/QtInstanceChannel.h"
+#include "qt/QtMainWindow.h"
+#include "qt/QtSettingsDialog.h"
+#include "qt/QtSettingsStorage.h"
+#include "qt/QtSplash.h"
+#include "qt/QtStartPage.h"
+#include "qt/QtStatusBar.h"
+#include "qt/QtTabStrip.h"
+#include "qt/QtText.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace {
+
+class QtApplication final : public Application {
+public:
+    void SetTitle(TextView title) override { QGuiApplication::setApplicationDisplayName(ToQt(title)); }
+    void DoEvents() override { QCoreApplication::processEvents(); }
+};
+
+// What must be said before the application object exists.
+int& BeforeApplication(int& argc) {
+    QtStartPage::RegisterScheme();
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QCoreApplication::setApplicationName(QStringLiteral("tessaview"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TESSAVIEW_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("TessaView"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("tessaview"));
+    return argc;
+}
+
+} // namespace
+
+// In the order in which they are made; what a part needs stands before it.
+struct QtProgram::Parts {
+    Parts(int& argc, char** argv)
+        : qt(BeforeApplication(argc), argv),
+          folders(QtFolders::Find(QCoreApplication::applicationFilePath())),
+          settings(folders.settings),
+          channel(folders.state),
+          engine(window.PageArea(), folders.data, folders.cache),
+          main({.window = window,
+                .views = engine,
+                .settings = settings,
+                .messages = messages,
+                .files = files,
+                .splash = splash,
+                .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
+                .groupFolder = FromQt(folders.GroupFolder())}),
+          strip(main.pcPage),
+          statusBar(main.sbStatus),
+          commandBar(main.actBar, window) {}
+
+    QApplication qt;
+    QtFolders folders;
+    QtSettingsStorage settings;
+    QtInstanceChannel channel;
+    QtApplication application;
+    QtMessageBoxes messages;
+    QtFileDialogs files;
+    QtSplash splash;
+    QtMainWindow window;
+    QtEngine engine;
+    frmMain main;
+    QtTabStrip strip;
+    QtStatusBar statusBar;
+    QtCommandBar commandBar;
+};
+
+QtProgram::QtProgram(int& argc, char** argv) {
+    m = std::make_unique<Parts>(argc, argv);
+    // The program ends with its main window; dialogs and the splash have no say in it.
+    QApplication::setQuitOnLastWindowClosed(false);
+    QtIcons::ChooseTheme(QApplication::palette());
+    WireWindow();
+    WireEngine();
+}
+
+QtProgram::~QtProgram() = default;
+
+Startup::Program QtProgram::Platform() { return {m->application, m->settings, m->channel, m->splash, m->main}; }
+
+int QtProgram::Run() {
+    // The window is on the screen before the engine, which takes long to load, is.
+    QTimer::singleShot(0, &m->engine, [this] { m->engine.Start(); });
+    const int result = QApplication::exec();
+    m->engine.Shutdown();
+    return result;
+}
+
+void QtProgram::WireWindow() {
+    auto& main = m->main;
+    m->main.pcPage.RowHeight = m->strip.RowHeight();
+    m->window.SetTabStrip(m->strip);
+    m->window.SetStatusBar(m->statusBar);
+    m->window.Resized = [this] {
+        m->main.pcPage.RowHeight = m->strip.RowHeight();
+        m->main.Form_Resize();
+    };
+    m->window.Activated = [&main] { main.Form_Activate(); };
+    m->window.Unload = [&main] {
+        main.Form_Unload();
+        QCoreApplication::quit();
+    };
+    m->commandBar.AddressEntered = [&main] { main.cboAddress_Enter(); };
+    m->settings.SetReport([&main](Text message) { main.Tabs.ShowStatusText(message); });
+    m->channel.Foreground = [this](const QByteArray& token) { m->window.BringToForeground(token); };
+}
+
+void QtProgram::WireEngine() {
+    m->strip.PageIcon = [this](const Tab& tab) { return m->engine.Icon(tab.Tag); };
+    m->strip.CloseRequested = [this](Tab& tab) { m->main.CloseBrowserTab(tab.Tag); };
+    m->engine.IconChanged = [this](std::int32_t index) { m->strip.RefreshIcons(index); };
+}

@@ -1,0 +1,23 @@
+#pragma once
+#include "app/Startup.h"
+
+#include <memory>
+
+/// The program on Qt: makes everything outside the core, hands it to the start, and runs the windows' events.
+class QtProgram {
+public:
+    /// `argc` and `argv` as the system gave them; both outlive the program.
+    QtProgram(int& argc, char** argv);
+    ~QtProgram();
+
+    [[nodiscard]] Startup::Program Platform();
+    /// Runs until the main window is closed; the exit code of the process.
+    int Run();
+
+private:
+    struct Parts;
+    void WireWindow();
+    void WireEngine();
+
+    std::unique_ptr<Parts> m;
+};

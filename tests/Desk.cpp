@@ -1,0 +1,95 @@
+#include "tests/Desk.h"
+
+#include <vector>
+
+Desk::Desk(FakeSettings* shared)
+    : settings(shared ? *shared : ownSettings),
+      main({.window = window,
+            .views = views,
+            .settings = settings,
+            .messages = messages,
+            .files = files,
+            .splash = splash,
+            .showSettings =
+                [this](frmSettings& form) {
+                    if (inSettings) inSettings(form);
+                },
+            .groupFolder = u"/groups/"}),
+      m_skippedBefore(SkippedSteps()) {
+    window.closed = [this] { main.Form_Unload(); };
+}
+
+Desk::~Desk() { EXPECT_EQ(SkippedSteps(), m_skippedBefore) << "a step was skipped that was not announced"; }
+
+void Desk::Start(TextView commandLine) {
+    main.Form_Load(commandLine);
+    window.Show();
+    main.Form_Activate();
+}
+
+void Desk::StartWithTabs(int count) {
+    Start();
+    for (int i = 2; i <= count; ++i) {
+        ClickTab(static_cast<std::size_t>(i - 1));
+        main.GetNewBrowser(InFront::No);
+    }
+    for (int i = 1; i <= count; ++i) main.Tabs.SetTabTitle(i, Decimal(i));
+    ClickTab(1);
+}
+
+std::string Desk::Strip() const {
+    std::string all;
+    for (std::size_t i = 1; i <= main.pcPage.Count(); ++i) {
+        const auto* tab = main.pcPage.FindAt(i);
+        const std::string key = ToUtf8(tab->Key()).substr(3);
+        all += (all.empty() ? "" : " ") + (tab == main.pcPage.SelectedItem() ? "[" + key + "*]" : key);
+    }
+    return all;
+}
+
+std::string Desk::Captions() const {
+    std::string all;
+    for (std::size_t i = 1; i <= main.pcPage.Count(); ++i) {
+        const auto* tab = main.pcPage.FindAt(i);
+        const std::string face = ToUtf8(tab->Caption()) + (tab->Image() == TabImage::Red ? "!" : "");
+        all += (all.empty() ? "" : " ") + (tab == main.pcPage.SelectedItem() ? "[" + face + "*]" : face);
+    }
+    return all;
+}
+
+std::string Desk::Enabled() const {
+    std::string all;
+    for (const auto& [name, word] : std::vector<std::pair<TextView, std::string>>{
+             {u"mnuGoBack", "Back"}, {u"mnuGoForward", "Forward"}, {u"mnuStop", "Stop"}, {u"mnuRefresh", "Refresh"}}) {
+        if (main.actBar.Find(name)->Enabled()) all += (all.empty() ? "" : " ") + word;
+    }
+    return all;
+}
+
+void Desk::ClickTab(std::size_t position) { main.pcPage.UserClick(main.pcPage.FindAt(position)); }
+
+void Desk::Click(TextView tool) {
+    auto* found = main.actBar.Find(tool);
+    ASSERT_NE(found, nullptr);
+    if (found->Enabled()) main.actBar.Click(*found);
+}
+
+void Desk::TypeAddress(TextView text) {
+    main.Tabs.AddressCombo()->Value = Text(text);
+    main.cboAddress_Enter();
+}
+
+void Desk::PageLoads(int index, TextView address, TextView title) {
+    auto& view = views.At(index);
+    auto& events = view.events;
+    const auto n = static_cast<std::int16_t>(index);
+    events.BeforeNavigate2(n, PageLevel::Top, address);
+    view.busy = true;
+    events.DownloadBegin(n);
+    view.location = address;
+    events.NavigateComplete2(n, PageLevel::Top, address);
+    events.TitleChange(n, title);
+    view.busy = false;
+    events.DownloadComplete(n);
+    events.DocumentComplete(n, PageLevel::Top, address);
+}

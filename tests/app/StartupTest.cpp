@@ -1,0 +1,140 @@
+#include "app/Startup.h"
+
+#include "app/Hook.h"
+#include "tests/Desk.h"
+
+namespace {
+
+Startup::Result Begin(Desk& desk, TextView commandLine) {
+    return Startup::Main({desk.application, desk.settings, desk.channel, desk.splash, desk.main}, commandLine);
+}
+
+TEST(Startup, AFirstStartShowsTheSplashThenTheWindow) {
+    Desk desk;
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    EXPECT_EQ(desk.log.Take(), "register TESSAVIEW3, look, splash, events, caption TessaView 3, show, no splash");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, home");
+}
+
+TEST(Startup, ASecondStartWithoutACommandLineOnlyBringsTheWindowForward) {
+    Desk desk;
+    desk.channel.running = true;
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::HandedOff);
+    EXPECT_EQ(desk.log.Take(), "register TESSAVIEW3, look, title second instance, caption second instance, foreground");
+    EXPECT_EQ(desk.settings.Stored(u"HandOffCommandLine"), u"(none)");
+}
+
+TEST(Startup, ASecondStartHandsItsAddressOver) {
+    FakeSettings shared;
+    Desk running(&shared);
+    EXPECT_EQ(Begin(running, u""), Startup::Result::Runs);
+    Desk second(&shared);
+    second.channel.running = true;
+    second.channel.runningHandles = [&] { running.channel.Arrives(); };
+    EXPECT_EQ(Begin(second, u"http://new/"), Startup::Result::HandedOff);
+    EXPECT_EQ(running.Strip(), "1 [2*]");
+    EXPECT_EQ(running.views.Calls(2), "go about:blank, go http://new/");
+    EXPECT_EQ(shared.Stored(u"HandOffCommandLine"), u"http://new/") << "the last text stays";
+}
+
+TEST(Startup, ASecondStartLoadsItsOwnWindowAndNeverShowsIt) {
+    Desk desk;
+    desk.channel.running = true;
+    EXPECT_EQ(Begin(desk, u"http://new/"), Startup::Result::HandedOff);
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, go http://new/");
+    EXPECT_EQ(desk.log.Take().find("show"), std::string::npos);
+}
+
+TEST(Startup, TheTextIsStoredBeforeTheMessageIsSent) {
+    Desk desk;
+    desk.channel.running = true;
+    Text stored;
+    desk.channel.runningHandles = [&] { stored = desk.settings.Stored(u"HandOffCommandLine"); };
+    EXPECT_EQ(Begin(desk, u"\"/a path/page.html\""), Startup::Result::HandedOff);
+    EXPECT_EQ(stored, u"\"/a path/page.html\"") << "the quotes are part of it";
+}
+
+TEST(Startup, ALostWindowCostsTheHandOffButTheStoreKeepsTheText) {
+    Desk desk;
+    desk.channel.running = true;
+    desk.channel.windowFound = false;
+    desk.ExpectSkipped(2);
+    EXPECT_EQ(Begin(desk, u"http://new/"), Startup::Result::HandedOff);
+    EXPECT_EQ(desk.settings.Stored(u"HandOffCommandLine"), u"http://new/");
+}
+
+TEST(Startup, WithMultipleInstancesAllowedEveryStartRuns) {
+    Desk desk;
+    desk.settings.Put(u"AllowMultipleInstances", u"true");
+    desk.channel.running = true;
+    EXPECT_EQ(Begin(desk, u"http://new/"), Startup::Result::Runs);
+    EXPECT_EQ(desk.log.Take(), "register TESSAVIEW3, look, several allowed, splash, events, caption TessaView 3, "
+                               "show, no splash");
+}
+
+TEST(Startup, AHandOffDuringTheStartIsIgnored) {
+    Desk desk;
+    desk.settings.Put(u"HandOffCommandLine", u"http://early/");
+    desk.application.onEvents = [&] { desk.channel.Arrives(); };
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.settings.Stored(u"HandOffCommandLine"), u"http://early/");
+}
+
+TEST(Startup, TheHookGoesWithTheWindow) {
+    Desk desk;
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    desk.main.Form_Unload();
+    desk.channel.Arrives();
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    Hook::Remove(desk.channel);
+}
+
+TEST(Hook, RestoresAMinimizedWindowFirst) {
+    Desk desk;
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    desk.settings.Put(u"HandOffCommandLine", u"http://new/");
+    desk.window.state = WindowState::Minimized;
+    desk.channel.Arrives();
+    EXPECT_EQ(desk.window.state, WindowState::Normal);
+    EXPECT_EQ(desk.views.At(2).place, (Rect{{0}, {22}, {1000}, {654}})) << "laid out in the restored window";
+}
+
+TEST(Hook, LeavesAMaximizedWindowMaximized) {
+    Desk desk;
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    desk.window.state = WindowState::Maximized;
+    desk.channel.Arrives();
+    EXPECT_EQ(desk.window.state, WindowState::Maximized);
+}
+
+TEST(Hook, NavigatesToAGroupFileLikeToAnyAddress_Deliberate) {
+    Desk desk;
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    desk.settings.Put(u"HandOffCommandLine", u"/groups/news.tvg");
+    desk.channel.Arrives();
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go /groups/news.tvg");
+}
+
+TEST(Hook, OfTwoHandOffsAtOnceTheLaterTextMayBeReadTwice) {
+    Desk desk;
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    desk.settings.Put(u"HandOffCommandLine", u"http://one/");
+    desk.settings.Put(u"HandOffCommandLine", u"http://two/");
+    desk.channel.Arrives();
+    desk.channel.Arrives();
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://two/");
+    EXPECT_EQ(desk.views.Calls(3), "go about:blank, go http://two/");
+}
+
+TEST(Hook, OpensNothingWhenNoTabCanBeMade) {
+    Desk desk;
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    desk.views.refuses = true;
+    desk.channel.Arrives();
+    EXPECT_FALSE(desk.views.Has(2));
+}
+
+} // namespace

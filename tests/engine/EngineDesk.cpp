@@ -1,0 +1,158 @@
+#include "tests/engine/EngineDesk.h"
+
+#include "qt/QtBrowserView.h"
+#include "qt/QtText.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QWebEngineView>
+
+namespace {
+constexpr qint64 kPatience = 30000;
+}
+
+bool WaitUntil(const std::function<bool()>& condition) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > kPatience) return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
+        QTest::qWait(1);
+    }
+    return true;
+}
+
+void Settle(QtEngine&, QWebEnginePage* page) {
+    bool answered = false;
+    page->runJavaScript(QStringLiteral("1"), [&](const QVariant&) { answered = true; });
+    EXPECT_TRUE(WaitUntil([&] { return answered; }));
+}
+
+void EventRecorder::StatusTextChange(std::int16_t, TextView Text) { statusTexts << ToQt(Text); }
+
+void EventRecorder::CommandStateChange(std::int16_t, HistoryCommand Command, bool Enable) {
+    const QString name = Command == HistoryCommand::NavigateBack ? QStringLiteral("back") : QStringLiteral("forward");
+    lines << name + (Enable ? u'+' : u'-');
+}
+
+void EventRecorder::DownloadBegin(std::int16_t) { lines << QStringLiteral("S"); }
+
+void EventRecorder::DownloadComplete(std::int16_t) { lines << QStringLiteral("F"); }
+
+void EventRecorder::TitleChange(std::int16_t, TextView Text) { lines << QStringLiteral("T:") + ToQt(Text); }
+
+void EventRecorder::BeforeNavigate2(std::int16_t, PageLevel pDisp, TextView URL) {
+    Add(QStringLiteral("A"), pDisp, URL);
+}
+
+BrowserView* EventRecorder::NewWindow2(std::int16_t) {
+    lines << QStringLiteral("W");
+    return supplyView ? supplyView() : nullptr;
+}
+
+void EventRecorder::NavigateComplete2(std::int16_t, PageLevel pDisp, TextView URL) {
+    Add(QStringLiteral("N"), pDisp, URL);
+}
+
+void EventRecorder::DocumentComplete(std::int16_t, PageLevel pDisp, TextView URL) {
+    Add(QStringLiteral("D"), pDisp, URL);
+}
+
+void EventRecorder::WindowClosing(std::int16_t) { lines << QStringLiteral("X"); }
+
+void EventRecorder::Add(const QString& kind, PageLevel level, TextView URL) {
+    const QUrl url(ToQt(URL));
+    const QString place =
+        url.scheme() == u"http" ? url.path() + (url.hasFragment() ? u'#' + url.fragment() : QString()) : url.toString();
+    lines << kind + (level == PageLevel::Frame ? QStringLiteral("frame:") : QStringLiteral(":")) + place;
+}
+
+EngineView::EngineView() {
+    window.resize(800, 600);
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    view = engine.Create(1, events);
+    view->Move({{0}, {0}, {800}, {600}});
+    view->BringToFront();
+    engine.Start();
+}
+
+EngineView::~EngineView() {
+    view.reset();
+    engine.Shutdown();
+}
+
+QtBrowserView& EngineView::Real() const { return static_cast<QtBrowserView&>(*view); }
+
+void EngineView::Navigate(const QString& address) { EXPECT_EQ(view->Navigate(FromQt(address)), Outcome::Done); }
+
+void EngineView::Load(const QString& address) {
+    const auto before = events.Count(QStringLiteral("F"));
+    Navigate(address);
+    ASSERT_TRUE(WaitUntil([&] { return events.Count(QStringLiteral("F")) > before && !view->Busy(); }));
+    Settle(engine, Real().Page());
+}
+
+QString EngineView::Script(const QString& source) {
+    QVariant result;
+    bool answered = false;
+    Real().Page()->runJavaScript(source, [&](const QVariant& value) {
+        result = value;
+        answered = true;
+    });
+    EXPECT_TRUE(WaitUntil([&] { return answered; }));
+    return result.toString();
+}
+
+QPoint EngineView::MiddleOf(const QString& elementId) {
+    const QStringList middle = Script(QStringLiteral("var r = document.getElementById('%1').getBoundingClientRect();"
+                                                     "(r.left + r.width / 2) + ' ' + (r.top + r.height / 2)")
+                                          .arg(elementId))
+                                   .split(u' ');
+    return {static_cast<int>(middle.value(0).toDouble()), static_cast<int>(middle.value(1).toDouble())};
+}
+
+QWidget* EngineView::PointerTarget() const {
+    auto* widget = Real().Widget();
+    return widget->focusProxy() ? widget->focusProxy() : widget;
+}
+
+void EngineView::ClickOn(const QString& elementId) {
+    QTest::mouseClick(PointerTarget(), Qt::LeftButton, {}, MiddleOf(elementId));
+}
+
+void EngineView::PointAt(const QString& elementId) { QTest::mouseMove(PointerTarget(), MiddleOf(elementId)); }
+
+EngineDesk::EngineDesk() {
+    window.resize(1000, 700);
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    main = std::make_unique<frmMain>(MainWindowPlatform{.window = frame,
+                                                        .views = engine,
+                                                        .settings = settings,
+                                                        .messages = messages,
+                                                        .files = files,
+                                                        .splash = splash,
+                                                        .showSettings = {},
+                                                        .groupFolder = {}});
+    main->Form_Load(u"about:blank");
+    main->Form_Activate();
+    engine.Start();
+}
+
+EngineDesk::~EngineDesk() {
+    main->Form_Unload();
+    main.reset();
+    engine.Shutdown();
+}
+
+QtBrowserView& EngineDesk::View(std::int32_t index) {
+    return static_cast<QtBrowserView&>(*main->Browser.Find(index)->Control);
+}
+
+void EngineDesk::Open(const std::vector<QString>& addresses) {
+    for (const auto& address : addresses) {
+        if (auto* view = main->GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(FromQt(address)));
+    }
+}

@@ -1,0 +1,92 @@
+#pragma once
+#include "mainwindow/frmMain.h"
+#include "qt/QtEngine.h"
+#include "tests/engine/LocalServer.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeSettings.h"
+
+#include <QWidget>
+#include <functional>
+#include <gtest/gtest.h>
+
+/// Lets events run until the condition holds; false when it did not within half a minute.
+bool WaitUntil(const std::function<bool()>& condition);
+
+/// Runs events until the engine has nothing left to say about what was just done: a page that is asked to answer has
+/// answered.
+void Settle(QtEngine& engine, class QWebEnginePage* page);
+
+/// Writes down every event of its views, one short line each: "A 1 /page" (before a navigation), "N" (navigation
+/// complete), "D" (document complete), "T" (title), "S" and "F" (download begin and end), "back+"; a frame's lines end
+/// with " frame". Passes them on when told to.
+class EventRecorder final : public BrowserViewEvents {
+public:
+    void StatusTextChange(std::int16_t Index, TextView Text) override;
+    void CommandStateChange(std::int16_t Index, HistoryCommand Command, bool Enable) override;
+    void DownloadBegin(std::int16_t Index) override;
+    void DownloadComplete(std::int16_t Index) override;
+    void TitleChange(std::int16_t Index, TextView Text) override;
+    void BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    BrowserView* NewWindow2(std::int16_t Index) override;
+    void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    void WindowClosing(std::int16_t Index) override;
+
+    /// All lines so far, separated by blanks; forgets them.
+    QString Take() { return std::exchange(lines, {}).join(u' '); }
+    [[nodiscard]] qsizetype Count(const QString& line) const { return lines.count(line); }
+
+    QStringList lines;
+    QStringList statusTexts;
+    std::function<BrowserView*()> supplyView;
+
+private:
+    void Add(const QString& kind, PageLevel level, TextView URL);
+};
+
+/// One view on the real engine, with its events written down.
+class EngineView {
+public:
+    EngineView();
+    ~EngineView();
+
+    /// Navigates and waits until the document is complete.
+    void Load(const QString& address);
+    void Navigate(const QString& address);
+    /// Runs a script in the page and gives its result as text.
+    QString Script(const QString& source);
+    /// A person's click with the left button on the middle of the element.
+    void ClickOn(const QString& elementId);
+    /// Moves the pointer there.
+    void PointAt(const QString& elementId);
+
+    QWidget window;
+    QtEngine engine{&window, {}, {}};
+    EventRecorder events;
+    std::unique_ptr<BrowserView> view;
+    [[nodiscard]] class QtBrowserView& Real() const;
+
+private:
+    QPoint MiddleOf(const QString& elementId);
+    QWidget* PointerTarget() const;
+};
+
+/// A user at the program on the real engine; the rest of the world is faked.
+class EngineDesk {
+public:
+    EngineDesk();
+    ~EngineDesk();
+
+    [[nodiscard]] QtBrowserView& View(std::int32_t index);
+    void Open(const std::vector<QString>& addresses);
+
+    QWidget window;
+    FakeLog log;
+    FakeSettings settings;
+    FakeMessages messages;
+    FakeFiles files;
+    FakeWindow frame{log};
+    FakeSplash splash{log};
+    QtEngine engine{&window, {}, {}};
+    std::unique_ptr<frmMain> main;
+};

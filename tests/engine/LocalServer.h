@@ -1,0 +1,32 @@
+#pragma once
+#include <QByteArray>
+#include <QHash>
+#include <QHostAddress>
+#include <QStringList>
+#include <QTcpServer>
+#include <functional>
+
+/// A web server of the test's own on 127.0.0.1, in the test's thread. It knows the pages that it was given, remembers
+/// what it was asked for, and can leave a request unanswered.
+class LocalServer final : public QTcpServer {
+public:
+    LocalServer();
+
+    /// Answers `path` with that page.
+    void Page(const QString& path, const QByteArray& html);
+    /// Answers `path` with a whole response of the test's own: status line, header lines, empty line, body.
+    void Raw(const QString& path, const QByteArray& response) { m_answers[path] = response; }
+    void Redirect(const QString& path, const QString& to);
+    /// Takes requests for `path` and never answers them.
+    void Stall(const QString& path) { m_answers[path] = QByteArray(); }
+
+    [[nodiscard]] QString Address(const QString& path, const QString& host = QStringLiteral("127.0.0.1")) const;
+    /// The paths asked for so far, in order; the engine's own wish for an icon is left out.
+    QStringList requests;
+
+private:
+    void OnConnection();
+    void OnData(class QTcpSocket* socket);
+
+    QHash<QString, QByteArray> m_answers;
+};

@@ -1,0 +1,107 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtText.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QCoreApplication>
+#include <QWebEngineHistory>
+#include <QWebEngineView>
+
+namespace {
+
+QString Path(int number) { return QStringLiteral("/%1").arg(number); }
+
+std::vector<QString> Pages(LocalServer& server, int count) {
+    std::vector<QString> addresses;
+    for (int i = 1; i <= count; ++i) {
+        server.Page(Path(i), "<title>" + QByteArray::number(i) + "</title>page");
+        addresses.push_back(server.Address(Path(i)));
+    }
+    return addresses;
+}
+
+TEST(SpeedRules, AViewCostsNothingBeforeTheEngineStarts) {
+    QWidget window;
+    QtEngine engine(&window, {}, {});
+    EventRecorder events;
+    const auto view = engine.Create(1, events);
+    EXPECT_EQ(view->Navigate(u"http://127.0.0.1:1/"), Outcome::Done);
+    view->BringToFront();
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(engine.PageCount(), 0u);
+    EXPECT_EQ(ToUtf8(view->LocationURL()), "http://127.0.0.1:1/");
+}
+
+TEST(SpeedRules, BlankThenAddressReachesTheEngineAsOneNavigation) {
+    LocalServer server;
+    const auto addresses = Pages(server, 1);
+    EngineView desk;
+    desk.Navigate(QStringLiteral("about:blank"));
+    desk.Load(addresses[0]);
+    EXPECT_EQ(desk.Real().Page()->history()->count(), 1);
+    EXPECT_EQ(desk.events.Count(QStringLiteral("S")), 1);
+    EXPECT_EQ(server.requests, QStringList{Path(1)});
+}
+
+TEST(SpeedRules, OnlyTheSelectedViewIsShownToTheEngine) {
+    LocalServer server;
+    EngineDesk desk;
+    desk.Open(Pages(server, 3));
+    ASSERT_TRUE(WaitUntil([&] { return server.requests.size() == 3 && desk.engine.PageCount() >= 3; }));
+    for (int index = 2; index <= 4; ++index) {
+        ASSERT_TRUE(WaitUntil([&] { return desk.View(index).Page() && !desk.View(index).Busy(); }));
+        const auto* widget = desk.View(index).Widget();
+        EXPECT_EQ(widget && widget->isVisible(), index == 4) << index;
+    }
+    desk.main->pcPage.UserClick(desk.main->pcPage.Find(u"Tab2"));
+    ASSERT_TRUE(WaitUntil([&] { return desk.View(2).Widget() && desk.View(2).Widget()->isVisible(); }));
+    EXPECT_FALSE(desk.View(4).Widget()->isVisible());
+}
+
+TEST(SpeedRules, OfManyViewsBroughtToTheFrontInOneTurnOnlyTheLastIsShown) {
+    LocalServer server;
+    EngineDesk desk;
+    desk.Open(Pages(server, 20));
+    ASSERT_TRUE(WaitUntil([&] { return desk.View(21).Widget() && desk.View(21).Widget()->isVisible(); }));
+    EXPECT_EQ(desk.engine.PageCount(), 1u) << "no other page exists before the one in front";
+}
+
+TEST(SpeedRules, ThePageInFrontIsAskedForFirst) {
+    LocalServer server;
+    EngineDesk desk;
+    desk.Open(Pages(server, 20));
+    ASSERT_TRUE(WaitUntil([&] { return server.requests.size() == 20; }));
+    EXPECT_EQ(server.requests.front(), Path(20));
+}
+
+TEST(SpeedRules, AParkedPageLoadsRunsAndReportsUnseen) {
+    LocalServer server;
+    server.Page(QStringLiteral("/parked"), "<title>before</title><script>setTimeout(function () {"
+                                           "document.title = document.visibilityState; }, 10)</script>");
+    EngineDesk desk;
+    auto* view = desk.main->GetNewBrowser(InFront::No);
+    ResumeNext(view->Navigate(FromQt(server.Address(QStringLiteral("/parked")))));
+    EXPECT_TRUE(WaitUntil([&] { return desk.main->pcPage.Find(u"Tab2")->Caption() == u"hidden"; }));
+}
+
+TEST(SpeedRules, AParkedPageHasTheSizeOfThePageArea) {
+    LocalServer server;
+    server.Page(QStringLiteral("/size"), "<title>t</title><script>document.title = innerWidth > 900 ? 'wide' : "
+                                         "'narrow ' + innerWidth</script>");
+    EngineDesk desk;
+    auto* view = desk.main->GetNewBrowser(InFront::No);
+    ResumeNext(view->Navigate(FromQt(server.Address(QStringLiteral("/size")))));
+    EXPECT_TRUE(WaitUntil([&] { return desk.main->pcPage.Find(u"Tab2")->Caption() == u"wide"; }))
+        << ToUtf8(desk.main->pcPage.Find(u"Tab2")->Caption());
+}
+
+TEST(SpeedRules, ClosingTheFirstTabReleasesItsPage) {
+    LocalServer server;
+    EngineDesk desk;
+    desk.Open(Pages(server, 1));
+    ASSERT_TRUE(WaitUntil([&] { return !server.requests.empty() && desk.View(1).Page(); }));
+    desk.main->CloseBrowserTab(1);
+    EXPECT_EQ(desk.View(1).Page(), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,58 @@
+#include "tests/fakes/FakeDesktop.h"
+
+#include <utility>
+
+std::string FakeLog::Take() {
+    std::string all;
+    for (const auto& line : std::exchange(lines, {})) all += (all.empty() ? "" : ", ") + line;
+    return all;
+}
+
+Answer FakeMessages::AskYesNoCancel(TextView question) {
+    asked.emplace_back(question);
+    if (whileOpen) whileOpen();
+    return answer;
+}
+
+Text FakeFiles::ShowOpen(const FileDialogRequest& request) {
+    last = request;
+    return chosen;
+}
+
+void FakeWindow::SetCaption(TextView value) {
+    caption = value;
+    m_log.Add("caption " + ToUtf8(value));
+}
+
+void FakeWindow::Show() { m_log.Add("show"); }
+
+void FakeWindow::Close() {
+    m_log.Add("close");
+    if (closed) closed();
+}
+
+void FakeWindow::SetSize(Twips width, Twips height) {
+    place.width = width;
+    place.height = height;
+}
+
+Outcome FakeChannel::RegisterMessage(TextView name) {
+    m_log.Add("register " + ToUtf8(name));
+    return Outcome::Done;
+}
+
+bool FakeChannel::PreviousInstance(Instances allowed) {
+    m_log.Add(allowed == Instances::One ? "look" : "look, several allowed");
+    return running;
+}
+
+Outcome FakeChannel::SetForegroundWindow() {
+    m_log.Add("foreground");
+    return windowFound ? Outcome::Done : Outcome::Failed;
+}
+
+Outcome FakeChannel::SendMessage() {
+    m_log.Add("send");
+    if (windowFound && runningHandles) runningHandles();
+    return windowFound ? Outcome::Done : Outcome::Failed;
+}

@@ -1,0 +1,104 @@
+#pragma once
+#include "common/platform/Application.h"
+#include "common/platform/Dialogs.h"
+#include "common/platform/InstanceChannel.h"
+#include "common/platform/MainWindow.h"
+
+#include <string>
+#include <vector>
+
+/// Everything outside the program but pages and settings, as plain values. Each object writes what it was asked into
+/// the one `log`, in order.
+struct FakeLog {
+    std::vector<std::string> lines;
+    void Add(std::string line) { lines.push_back(std::move(line)); }
+    /// All lines so far, separated by ", "; forgets them.
+    std::string Take();
+};
+
+class FakeMessages final : public MessageBoxes {
+public:
+    Answer AskYesNoCancel(TextView question) override;
+    Answer answer = Answer::Cancel;
+    std::vector<Text> asked;
+    std::function<void()> whileOpen; ///< what happens behind the box before it is answered
+};
+
+class FakeFiles final : public FileDialogs {
+public:
+    Text ShowOpen(const FileDialogRequest& request) override;
+    Text chosen;
+    FileDialogRequest last;
+};
+
+class FakeWindow final : public MainWindow {
+public:
+    explicit FakeWindow(FakeLog& log) : m_log(log) {}
+    void SetCaption(TextView value) override;
+    void Show() override;
+    void Close() override;
+    [[nodiscard]] WindowState State() const override { return state; }
+    void SetState(WindowState value) override { state = value; }
+    [[nodiscard]] Placement Place() const override { return place; }
+    void SetPlace(const Placement& value) override { place = value; }
+    void SetSize(Twips width, Twips height) override;
+    [[nodiscard]] Pixels InnerWidth() const override { return innerWidth; }
+    [[nodiscard]] Pixels InnerHeight() const override { return innerHeight; }
+    [[nodiscard]] Twips ScreenWidth() const override { return screenWidth; }
+    [[nodiscard]] Twips ScreenHeight() const override { return screenHeight; }
+    void MoveTabStrip(const Rect& value) override { strip = value; }
+
+    std::function<void()> closed; ///< what closing the window runs: its unload handler
+    Text caption;
+    WindowState state = WindowState::Normal;
+    Placement place{{-1}, {-1}, {-1}, {-1}};
+    Pixels innerWidth{1000}, innerHeight{700};
+    Twips screenWidth{28800}, screenHeight{16200};
+    Rect strip;
+
+private:
+    FakeLog& m_log;
+};
+
+class FakeSplash final : public SplashWindow {
+public:
+    explicit FakeSplash(FakeLog& log) : m_log(log) {}
+    void Show() override { m_log.Add("splash"); }
+    void Unload() override { m_log.Add("no splash"); }
+
+private:
+    FakeLog& m_log;
+};
+
+class FakeApplication final : public Application {
+public:
+    explicit FakeApplication(FakeLog& log) : m_log(log) {}
+    void SetTitle(TextView value) override { m_log.Add("title " + ToUtf8(value)); }
+    void DoEvents() override {
+        m_log.Add("events");
+        if (onEvents) onEvents();
+    }
+    std::function<void()> onEvents;
+
+private:
+    FakeLog& m_log;
+};
+
+class FakeChannel final : public InstanceChannel {
+public:
+    explicit FakeChannel(FakeLog& log) : m_log(log) {}
+    Outcome RegisterMessage(TextView name) override;
+    bool PreviousInstance(Instances allowed) override;
+    Outcome SetForegroundWindow() override;
+    Outcome SendMessage() override;
+    /// A later start of the program sends the message.
+    void Arrives() const {
+        if (Message) Message();
+    }
+    bool running = false;                 ///< another instance runs
+    bool windowFound = true;              ///< and has its window
+    std::function<void()> runningHandles; ///< what it does with the message
+
+private:
+    FakeLog& m_log;
+};

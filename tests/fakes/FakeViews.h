@@ -1,0 +1,59 @@
+#pragma once
+#include "common/platform/BrowserView.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+class FakeViews;
+
+/// A view that remembers what it was asked and raises events when the test says so.
+class FakeView final : public BrowserView {
+public:
+    FakeView(std::int16_t index, BrowserViewEvents& events, FakeViews& all);
+    ~FakeView() override;
+
+    Outcome Navigate(TextView address) override;
+    Outcome Stop() override;
+    Outcome Refresh() override;
+    Outcome GoBack() override;
+    Outcome GoForward() override;
+    Outcome GoHome() override;
+    [[nodiscard]] bool Busy() const override { return busy; }
+    [[nodiscard]] Text LocationURL() const override { return location; }
+    void SetVisible(bool value) override { visible = value; }
+    void SetTabStop(bool value) override { tabStop = value; }
+    void Move(const Rect& value) override;
+    void MoveLeft(Twips value) override;
+    void BringToFront() override;
+    void SetFocus() override;
+
+    std::int16_t index;
+    BrowserViewEvents& events;
+    FakeViews& all;
+    bool busy = false;
+    bool visible = false;
+    bool tabStop = true;
+    bool refuses = false; ///< every call that can fail does
+    Text location;
+    Rect place;
+    Twips left{0};
+    std::vector<std::string> calls; ///< in order: "go about:blank", "stop", ...
+};
+
+/// Makes fake views and lets the test reach them by index.
+class FakeViews final : public BrowserViewFactory {
+public:
+    std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events) override;
+
+    /// The living view of that index; fails the test when there is none.
+    FakeView& At(int index);
+    [[nodiscard]] bool Has(int index) const { return living.contains(index); }
+    /// What view `index` was asked so far, separated by blanks; forgets it.
+    std::string Calls(int index);
+
+    std::map<int, FakeView*> living;
+    int front = 0;        ///< the view last brought to the front
+    int focused = 0;      ///< the view that last got the keyboard
+    bool refuses = false; ///< no view is made any more
+};

@@ -1,0 +1,140 @@
+#include "settings/frmSettings.h"
+#include "tests/Desk.h"
+
+namespace {
+
+TEST(MainLoad, WithoutACommandLineOneTabShowsTheHomePage) {
+    Desk desk;
+    desk.Start();
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, home");
+    EXPECT_EQ(desk.Enabled(), "");
+}
+
+TEST(MainLoad, AnAddressOpensInTheFirstTab) {
+    Desk desk;
+    desk.Start(u"http://one/");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, go http://one/");
+}
+
+TEST(MainLoad, ACapitalExtensionIsAnAddress) {
+    Desk desk;
+    desk.Start(u"/nowhere/news.TVG");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, go /nowhere/news.TVG");
+}
+
+TEST(MainLoad, AGroupThatCannotBeReadLeavesABlankTab) {
+    Desk desk;
+    desk.Start(u"/nowhere/news.tvg");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, go about:blank");
+    EXPECT_EQ(desk.Strip(), "[1*]");
+}
+
+TEST(MainLoad, ADamagedPlacementComesBackUsable) {
+    Desk desk;
+    desk.settings.Put(u"WindowWidth", u"100");
+    desk.settings.Put(u"WindowHeight", u"100");
+    desk.settings.Put(u"WindowTop", u"-50");
+    desk.settings.Put(u"WindowLeft", u"-1");
+    desk.Start();
+    EXPECT_EQ(desk.window.place, (Placement{{0}, {0}, {6000}, {4000}}));
+}
+
+TEST(MainLoad, APlaceOutsideTheScreenComesBackAtItsEdge) {
+    Desk desk;
+    desk.settings.Put(u"WindowWidth", u"9000");
+    desk.settings.Put(u"WindowHeight", u"9000");
+    desk.settings.Put(u"WindowTop", u"16201");
+    desk.settings.Put(u"WindowLeft", u"28801");
+    desk.Start();
+    EXPECT_EQ(desk.window.place, (Placement{{0}, {0}, {9000}, {9000}}));
+}
+
+TEST(MainLoad, ATopEqualToTheScreensHeightIsKept_Deliberate) {
+    Desk desk;
+    desk.settings.Put(u"WindowTop", u"16200");
+    desk.settings.Put(u"WindowLeft", u"28800");
+    desk.Start();
+    EXPECT_EQ(desk.window.place.top, Twips{16200});
+    EXPECT_EQ(desk.window.place.left, Twips{28800});
+}
+
+TEST(MainLoad, AWindowThatWasNeverPlacedIsPlacedByTheDesktop) {
+    Desk desk;
+    desk.Start();
+    EXPECT_EQ(desk.window.place, (Placement{{-1}, {-1}, {15360}, {11520}}));
+}
+
+TEST(MainLoad, AMaximizedWindowReadsNoPlacement) {
+    Desk desk;
+    desk.settings.Put(u"WindowMaximized", u"true");
+    desk.settings.Put(u"WindowWidth", u"9000");
+    desk.Start();
+    EXPECT_EQ(desk.window.state, WindowState::Maximized);
+    EXPECT_EQ(desk.window.place, (Placement{{-1}, {-1}, {-1}, {-1}}));
+}
+
+TEST(MainLoad, TheFirstActivationReopensTheLastSitesInOrder) {
+    Desk desk;
+    desk.settings.PutList(u"LastSites", {u"http://one/", u"", u"http://three/"});
+    desk.Start();
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, home, stop, go http://one/");
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://three/");
+    desk.main.Form_Activate();
+    EXPECT_EQ(desk.Strip(), "1 [2*]") << "later activations open nothing";
+}
+
+TEST(MainLoad, AnEmptyFirstSiteKeepsTheHomePage) {
+    Desk desk;
+    desk.settings.PutList(u"LastSites", {u"", u"http://two/"});
+    desk.Start();
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, home");
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+}
+
+TEST(MainLoad, ASessionOfOneTabIsNotReopened_Deliberate) {
+    Desk desk;
+    desk.settings.PutList(u"LastSites", {u"http://one/"});
+    desk.Start();
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, home");
+}
+
+TEST(MainLoad, NothingIsReopenedWhenTheUserDoesNotWantItOrNamedAnAddress) {
+    for (const bool wanted : {false, true}) {
+        Desk desk;
+        desk.settings.Put(u"RememberLastSites", wanted ? u"true" : u"false");
+        desk.settings.PutList(u"LastSites", {u"http://one/", u"http://two/"});
+        desk.Start(wanted ? u"http://named/" : u"");
+        EXPECT_EQ(desk.Strip(), "[1*]");
+    }
+}
+
+TEST(MainLoad, TheSettingsDialogComesIntoEffectAtOnce) {
+    Desk desk;
+    desk.Start();
+    desk.inSettings = [](frmSettings& form) {
+        form.chkTabsUp.Tick(false);
+        form.chkOpenNew.Tick(false);
+        form.Text1.Value = u"7";
+        form.cmdOK.Click();
+    };
+    desk.Click(u"mnuSettings");
+    EXPECT_EQ(desk.main.pcPage.Placement(), TabPlacement::Bottom);
+    EXPECT_EQ(desk.views.At(1).place.top, Pixels{0});
+    EXPECT_FALSE(desk.main.Tabs.OpenNewInFront);
+    EXPECT_EQ(desk.main.Tabs.TitleLengthLimit, 7);
+}
+
+TEST(MainLoad, ACancelledSettingsDialogChangesNothing) {
+    Desk desk;
+    desk.Start();
+    desk.inSettings = [](frmSettings& form) {
+        form.chkTabsUp.Tick(false);
+        form.cmdCancel.Click();
+    };
+    desk.Click(u"mnuSettings");
+    EXPECT_EQ(desk.main.pcPage.Placement(), TabPlacement::Top);
+}
+
+} // namespace

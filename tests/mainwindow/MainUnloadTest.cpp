@@ -1,0 +1,60 @@
+#include "tests/Desk.h"
+
+namespace {
+
+TEST(MainUnload, SavesTheAddressesInTheOrderOfTheTabs) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    desk.PageLoads(2, u"http://two/", u"Two");
+    desk.views.At(1).location = u"";
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.StoredList(u"LastSites"), u"[][http://two/]");
+}
+
+TEST(MainUnload, SavesThePlacementAndTheOptions) {
+    Desk desk;
+    desk.Start();
+    desk.window.place = {{150}, {300}, {9000}, {8000}};
+    desk.main.Tabs.TitleLengthLimit = 12;
+    desk.Click(u"mnuViewStatusbar");
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.Stored(u"WindowLeft"), u"150");
+    EXPECT_EQ(desk.settings.Stored(u"WindowTop"), u"300");
+    EXPECT_EQ(desk.settings.Stored(u"WindowWidth"), u"9000");
+    EXPECT_EQ(desk.settings.Stored(u"WindowHeight"), u"8000");
+    EXPECT_EQ(desk.settings.Stored(u"WindowMaximized"), u"false");
+    EXPECT_EQ(desk.settings.Stored(u"TitleLengthLimit"), u"12");
+    EXPECT_EQ(desk.settings.Stored(u"ShowStatusBar"), u"false");
+}
+
+TEST(MainUnload, AMinimizedWindowKeepsThePlacementOfTheSessionBefore) {
+    Desk desk;
+    desk.settings.Put(u"WindowLeft", u"450");
+    desk.Start();
+    desk.window.state = WindowState::Minimized;
+    desk.window.place = {{1}, {2}, {3}, {4}};
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.Stored(u"WindowLeft"), u"450");
+    EXPECT_EQ(desk.settings.Stored(u"WindowWidth"), u"(none)");
+}
+
+TEST(MainUnload, AValueThatCannotBeWrittenIsSkipped) {
+    Desk desk;
+    desk.Start();
+    desk.settings.refuse.insert(u"LastSites");
+    desk.ExpectSkipped(1);
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.Stored(u"ShowStatusBar"), u"true");
+}
+
+TEST(MainUnload, RunsOnceAndEndsTheViews) {
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.main.Form_Unload();
+    EXPECT_TRUE(desk.views.living.empty());
+    const auto written = desk.settings.written.size();
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.written.size(), written);
+}
+
+} // namespace

@@ -1,0 +1,231 @@
+#include "tests/Desk.h"
+
+namespace {
+
+TEST(TabSet, PutsANewTabRightOfTheSelectedOneWhateverInFrontSays) {
+    for (const auto inFront : {InFront::No, InFront::Yes}) {
+        Desk desk;
+        desk.StartWithTabs(5);
+        desk.ClickTab(3);
+        desk.main.GetNewBrowser(inFront);
+        EXPECT_EQ(desk.Strip(), inFront == InFront::Yes ? "1 2 3 [6*] 4 5" : "1 2 [3*] 6 4 5");
+    }
+}
+
+TEST(TabSet, ANewTabBehindLeavesSelectionAddressAndFocus) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.main.GetNewBrowser(InFront::No);
+    EXPECT_EQ(desk.Captions(), "[One*] Loading... 2");
+    EXPECT_EQ(desk.Address(), "http://one/");
+    EXPECT_EQ(desk.views.focused, 1);
+    EXPECT_EQ(desk.views.front, 1);
+}
+
+TEST(TabSet, ANewViewIsVisibleBlankAndOutOfTheWay) {
+    Desk desk;
+    desk.Start();
+    desk.main.GetNewBrowser(InFront::No);
+    const auto& view = desk.views.At(2);
+    EXPECT_TRUE(view.visible);
+    EXPECT_EQ(view.left, kParkedLeft);
+    EXPECT_FALSE(view.tabStop);
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank");
+    EXPECT_EQ(desk.main.pcPage.Find(u"Tab2")->Tag, 2);
+}
+
+TEST(TabSet, ActivationShowsTheSelectedViewAndParksTheOthers) {
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.views.At(2).location = u"http://two/";
+    desk.views.At(2).busy = true;
+    desk.ClickTab(2);
+    EXPECT_EQ(desk.Strip(), "1 [2*] 3");
+    EXPECT_EQ(desk.views.front, 2);
+    EXPECT_EQ(desk.views.focused, 2);
+    EXPECT_EQ(desk.views.At(2).left, Twips{0});
+    EXPECT_TRUE(desk.views.At(2).tabStop);
+    EXPECT_EQ(desk.views.At(1).left, kParkedLeft);
+    EXPECT_EQ(desk.views.At(3).left, kParkedLeft);
+    EXPECT_TRUE(desk.views.At(1).visible) << "parked views keep running";
+    EXPECT_EQ(desk.Address(), "http://two/");
+    EXPECT_EQ(desk.Enabled(), "Stop");
+}
+
+TEST(TabSet, CutsATitleOneCharacterOverTheLimit) {
+    Desk desk;
+    desk.Start();
+    desk.main.Tabs.TitleLengthLimit = 5;
+    desk.main.Tabs.SetTabTitle(1, u"12345");
+    EXPECT_EQ(desk.Captions(), "[12345*]");
+    desk.main.Tabs.SetTabTitle(1, u"123456");
+    EXPECT_EQ(desk.Captions(), "[12345...*]");
+}
+
+TEST(TabSet, ShowsEveryTitleWholeWithoutALimit) {
+    Desk desk;
+    desk.Start();
+    const Text title(300, u'x');
+    for (const std::int32_t limit : {0, -1}) {
+        desk.main.Tabs.TitleLengthLimit = limit;
+        desk.main.Tabs.SetTabTitle(1, title);
+        EXPECT_EQ(desk.main.pcPage.FindAt(1)->Caption(), title);
+        desk.main.Tabs.SetTabTitle(1, u"");
+    }
+}
+
+TEST(TabSet, AsksBeforeItClosesTheLastTab) {
+    for (const auto answer : {Answer::No, Answer::Cancel}) {
+        Desk desk;
+        desk.Start();
+        desk.views.At(1).busy = true;
+        desk.messages.answer = answer;
+        desk.main.CloseBrowserTab(1);
+        ASSERT_EQ(desk.messages.asked.size(), 1u);
+        EXPECT_EQ(ToUtf8(desk.messages.asked[0]),
+                  "Do you want to close the last browser tab and exit this application?");
+        EXPECT_EQ(desk.Strip(), "[1*]");
+        EXPECT_FALSE(desk.views.At(1).busy) << "the page is stopped before the question";
+        EXPECT_EQ(desk.log.Take(), "show, no splash") << "the window is not closed";
+    }
+}
+
+TEST(TabSet, ClosesTheWindowWithTheLastTabOnYes) {
+    Desk desk;
+    desk.Start();
+    desk.messages.answer = Answer::Yes;
+    desk.log.Take();
+    desk.main.CloseBrowserTab(1);
+    EXPECT_EQ(desk.log.Take(), "close");
+    EXPECT_TRUE(desk.views.living.empty());
+}
+
+TEST(TabSet, ClosingABackgroundTabKeepsTheSelectedOne) {
+    Desk desk;
+    desk.StartWithTabs(4);
+    desk.ClickTab(3);
+    desk.main.CloseBrowserTab(2);
+    EXPECT_EQ(desk.Strip(), "1 [3*] 4");
+    EXPECT_FALSE(desk.views.Has(2));
+    EXPECT_EQ(desk.views.front, 3);
+}
+
+TEST(TabSet, ClosingTheSelectedTabSelectsItsRightNeighbourElseTheLeft) {
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.ClickTab(2);
+    desk.main.CloseBrowserTab(2);
+    EXPECT_EQ(desk.Strip(), "1 [3*]");
+    EXPECT_EQ(desk.views.front, 3);
+    desk.main.CloseBrowserTab(3);
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.views.front, 1);
+}
+
+TEST(TabSet, TwoTabsWithOneCaptionCountAsTheSameTab_Deliberate) {
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.main.Tabs.SetTabTitle(3, u"1");
+    desk.main.CloseBrowserTab(3);
+    // The selection is the strip's own choice then, and that tab is brought forward.
+    EXPECT_EQ(desk.Strip(), "[1*] 2");
+    EXPECT_EQ(desk.views.front, 1);
+}
+
+TEST(TabSet, ClosingTheFirstViewsTabHidesItAndKeepsItsIndex) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    desk.main.CloseBrowserTab(1);
+    EXPECT_EQ(desk.Strip(), "[2*]");
+    EXPECT_TRUE(desk.views.Has(1));
+    EXPECT_FALSE(desk.views.At(1).visible);
+    desk.main.GetNewBrowser(InFront::Yes);
+    EXPECT_EQ(desk.Strip(), "2 [3*]");
+}
+
+TEST(TabSet, IndexesAreNeverReused) {
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.main.CloseBrowserTab(3);
+    desk.main.GetNewBrowser(InFront::No);
+    EXPECT_EQ(desk.Strip(), "[1*] 4 2");
+}
+
+TEST(TabSet, CloseOthersKeepsTheLeftmostTabAndBlanksIt) {
+    Desk desk;
+    desk.StartWithTabs(4);
+    desk.ClickTab(3);
+    desk.views.Calls(1);
+    desk.main.Tabs.CloseOtherTabs();
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank");
+    EXPECT_TRUE(desk.messages.asked.empty());
+}
+
+TEST(TabSet, CloseOthersWithOneTabOnlyBlanksIt) {
+    Desk desk;
+    desk.Start();
+    desk.views.Calls(1);
+    desk.main.Tabs.CloseOtherTabs();
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank");
+}
+
+TEST(TabSet, NoViewHasAnIndexBeyondSixteenBits) {
+    Desk desk;
+    desk.Start();
+    desk.main.Tabs.NextBrowserIndex = 32767;
+    EXPECT_NE(desk.main.GetNewBrowser(InFront::Yes), nullptr);
+    EXPECT_EQ(desk.main.GetNewBrowser(InFront::Yes), nullptr);
+    EXPECT_EQ(desk.main.Tabs.NextBrowserIndex, 32769);
+    EXPECT_EQ(desk.Strip(), "1 32767 [32768*]");
+    desk.main.CloseBrowserTab(32768);
+    EXPECT_EQ(desk.Strip(), "1 [32767*]") << "a tab without a view can still be closed";
+}
+
+TEST(TabSet, MarksAndTitlesOfAGoneTabDoNothing) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    desk.main.CloseBrowserTab(2);
+    desk.main.Tabs.SetTabBusy(u"2", TabBusy::Yes);
+    desk.main.Tabs.SetTabTitle(2, u"late");
+    desk.main.CloseBrowserTab(17);
+    EXPECT_EQ(desk.Captions(), "[1*]");
+}
+
+TEST(TabSet, GoesOnWhenTheEngineRefuses) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    desk.views.At(2).refuses = true;
+    desk.ExpectSkipped(1);
+    desk.main.CloseBrowserTab(2);
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    desk.views.refuses = true;
+    EXPECT_EQ(desk.main.GetNewBrowser(InFront::Yes), nullptr);
+    EXPECT_EQ(desk.Strip(), "1 [3*]");
+    desk.ClickTab(1);
+}
+
+TEST(TabSet, ATabThatGoesWhileTheQuestionIsOpenIsNoHarm) {
+    Desk desk;
+    desk.Start();
+    desk.messages.whileOpen = [&] { desk.main.GetNewBrowser(InFront::Yes); };
+    desk.messages.answer = Answer::No;
+    desk.main.CloseBrowserTab(1);
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+}
+
+TEST(TabSet, TheStatusBarTakesItsRoomFromThePage) {
+    Desk desk;
+    desk.Start();
+    const auto before = desk.views.At(1).place;
+    desk.Click(u"mnuViewStatusbar");
+    EXPECT_FALSE(desk.main.sbStatus.Visible());
+    EXPECT_FALSE(desk.main.actBar.Find(u"mnuViewStatusbar")->Checked());
+    EXPECT_EQ(desk.views.At(1).place.height.value, before.height.value + desk.main.sbStatus.Height.value);
+    desk.Click(u"mnuViewStatusbar");
+    EXPECT_EQ(desk.views.At(1).place, before);
+}
+
+} // namespace
