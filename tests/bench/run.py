@@ -1,0 +1,296 @@
+#!/usr/bin/python3
+"""Holds TessaView against the bare program: opens the same pages with both in turn and prints what each needed.
+
+    run.py --program build/tessaview --reference build/tests/bench/bench_reference \\
+           --server build/tests/bench/bench_server [--pages 1,20,100] [--runs 3]
+
+Both run on a virtual display of their own, with a fresh profile each time, and are measured from outside: what the
+page server was asked for when, and what the kernel says of all processes of the run. The exit code is 0 when all
+targets are met, 1 when one is missed, 2 when something could not be measured.
+"""
+import argparse
+import collections
+import os
+import select
+import signal
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+import urllib.request
+
+# What TessaView may need at most, as a part of what the bare program needs: (pages, value) -> ratio.
+TARGETS = {(1, "front"): 1.10, (1, "all"): 1.10, (20, "front"): 0.35, (20, "all"): 0.80, (100, "front"): 0.15,
+           (100, "all"): 0.80}
+MEMORY_TARGET = 1.10
+VALUES = {"first": "first request, s", "front": "front page loaded, s", "all": "all loaded, s",
+          "memory": "memory, MB (PSS)", "idle": "idle CPU, s in 5 s"}
+QUIET_SECONDS = 3
+IDLE_SECONDS = 5
+END_PATIENCE_SECONDS = 10
+
+
+class Processes:
+    """All processes of one session, which is how a run keeps together whatever it starts."""
+
+    def __init__(self, session):
+        self.session = session
+
+    def _stats(self):
+        for name in filter(str.isdigit, os.listdir("/proc")):
+            try:
+                with open(f"/proc/{name}/stat", encoding="latin-1") as file:
+                    fields = file.read().rpartition(")")[2].split()
+            except OSError:
+                continue
+            if int(fields[3]) == self.session and fields[0] != "Z":
+                yield int(name), fields
+
+    def cpu_seconds(self):
+        """User and system time of all of them so far."""
+        ticks = sum(int(fields[11]) + int(fields[12]) for _, fields in self._stats())
+        return ticks / os.sysconf("SC_CLK_TCK")
+
+    def memory_megabytes(self):
+        """Proportional set size of all of them: shared pages are counted once."""
+        total = 0
+        for pid, _ in self._stats():
+            try:
+                with open(f"/proc/{pid}/smaps_rollup", encoding="ascii") as file:
+                    total += sum(int(line.split()[1]) for line in file if line.startswith("Pss:"))
+            except OSError:
+                continue
+        return total / 1024
+
+    def kill(self):
+        deadline = time.monotonic() + END_PATIENCE_SECONDS
+        while pids := [pid for pid, _ in self._stats()]:
+            if time.monotonic() > deadline:
+                raise RuntimeError(f"processes {pids} do not end")
+            for pid in pids:
+                try:
+                    os.kill(pid, signal.SIGKILL)
+                except ProcessLookupError:
+                    pass
+            time.sleep(0.05)
+
+
+class Display:
+    """A virtual display with a window manager, for as long as the block lasts."""
+
+    def __enter__(self):
+        read, write = os.pipe()
+        self._server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x900x24", "-nolisten",
+                                         "tcp"], pass_fds=[write], stderr=subprocess.DEVNULL, start_new_session=True)
+        os.close(write)
+        if not select.select([read], [], [], END_PATIENCE_SECONDS)[0]:
+            raise RuntimeError("the virtual display does not start")
+        self.name = ":" + os.read(read, 16).decode().strip()
+        os.close(read)
+        self._manager = subprocess.Popen(["openbox"], env={**os.environ, "DISPLAY": self.name},
+                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True)
+        return self
+
+    def __exit__(self, *_):
+        for process in self._manager, self._server:
+            process.terminate()
+            process.wait()
+
+
+class PageServer:
+    """The server of the pages, for as long as the block lasts."""
+
+    def __init__(self, path, hosts, delay):
+        self._command = [path, "--hosts", str(hosts), "--delay", str(delay)]
+
+    def __enter__(self):
+        self._process = subprocess.Popen(self._command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        answer = self._process.stdout.readline().split()
+        if not answer:
+            raise RuntimeError("the page server does not start")
+        self.port = int(answer[1])
+        return self
+
+    def __exit__(self, *_):
+        self._process.stdin.close()
+        self._process.wait()
+
+    def address(self, number):
+        return f"http://127.0.1.{number}:{self.port}/page/{number}"
+
+    def control(self, path, patience=10):
+        with urllib.request.urlopen(f"http://127.0.1.1:{self.port}/control/{path}", timeout=patience) as answer:
+            return answer.read().decode()
+
+    def done(self, pages, seconds):
+        """Waits until so many pages are loaded or the time is up; how many are."""
+        return int(self.control(f"wait?n={pages}&ms={int(seconds * 1000)}", seconds + 10))
+
+    def events(self):
+        """(seconds of the monotonic clock, path) of every request since the last reset."""
+        lines = [line.split(" ", 2) for line in self.control("log").splitlines()]
+        return [(int(microseconds) / 1e6, path) for microseconds, _, path in lines]
+
+
+def reference_command(options, addresses, _home):
+    return [options.reference, *addresses]
+
+
+def program_command(options, addresses, home):
+    with open(os.path.join(home, "settings.ini"), "w", encoding="ascii") as file:
+        file.write("[General]\nAskDefaultBrowser=false\n")
+    if len(addresses) == 1:
+        return [options.program, addresses[0]]
+    group = os.path.join(home, "bench.tvg")
+    lines = ["[TessaGroup]"] + [f"url{i}={address}" for i, address in enumerate(addresses, 1)]
+    with open(group, "w", encoding="ascii", newline="") as file:
+        file.write("".join(line + "\r\n" for line in lines))
+    return [options.program, group]
+
+
+def environment(display, home):
+    result = {**os.environ, "DISPLAY": display.name, "QT_QPA_PLATFORM": "xcb", "TESSAVIEW_HOME": home}
+    if os.geteuid() == 0:
+        result["QTWEBENGINE_DISABLE_SANDBOX"] = "1"
+    return result
+
+
+def wait_until_loaded(process, server, pages, seconds):
+    """What went wrong, in words; nothing when all is well."""
+    deadline = time.monotonic() + seconds
+    while (left := deadline - time.monotonic()) > 0:
+        loaded = server.done(pages, min(left, 5))
+        if loaded >= pages:
+            return ""
+        if process.poll() is not None:
+            return f"ended with code {process.returncode}, {loaded} of {pages} pages loaded"
+    return f"timed out after {seconds} s, {loaded} of {pages} pages loaded"
+
+
+def times(server, start, pages):
+    """Seconds from the start of the process to what the server saw."""
+    events = [(moment - start, path) for moment, path in server.events()]
+    done = {}
+    for moment, path in events:
+        if path.startswith("/done?"):
+            done.setdefault(path, moment)
+    result = {"first": events[0][0]} if events else {}
+    if (front := f"/done?n={pages}") in done:
+        result["front"] = done[front]
+    if len(done) == pages:
+        result["all"] = max(done.values())
+    twice = collections.Counter(path for _, path in events if path.startswith("/page/"))
+    result["again"] = sum(twice.values()) - len(twice)
+    return result
+
+
+def measure(command_for, options, pages, server, display, quiet=QUIET_SECONDS, idle=IDLE_SECONDS):
+    """One run: what was measured, and what went wrong in words."""
+    server.control("reset")
+    with tempfile.TemporaryDirectory(prefix="tessabench-") as home:
+        command = command_for(options, [server.address(n) for n in range(1, pages + 1)], home)
+        with open(os.path.join(home, "output"), "wb") as output:
+            start = time.monotonic()
+            process = subprocess.Popen(command, env=environment(display, home), start_new_session=True, cwd=home,
+                                       stdin=subprocess.DEVNULL, stdout=output, stderr=output)
+        tree = Processes(process.pid)
+        try:
+            problem = wait_until_loaded(process, server, pages, options.timeout)
+            result = times(server, start, pages)
+            if not problem:
+                time.sleep(quiet)
+                result["memory"] = tree.memory_megabytes()
+                before = tree.cpu_seconds()
+                time.sleep(idle)
+                result["idle"] = tree.cpu_seconds() - before
+        finally:
+            tree.kill()
+            process.wait()
+    return result, problem
+
+
+def medians(runs):
+    return {key: statistics.median(run[key] for run in runs) for key in VALUES if all(key in run for run in runs)}
+
+
+def verdict(pages, key, ratio):
+    target = MEMORY_TARGET if key == "memory" else TARGETS.get((pages, key))
+    if target is None:
+        return ""
+    if ratio is None:
+        return f"<= {target:.2f}  not measured"
+    return f"<= {target:.2f}  {'met' if ratio <= target else 'MISSED'}"
+
+
+def print_table(pages, program, reference):
+    """Gives the verdicts."""
+    print(f"\n{pages} page{'s' if pages > 1 else ''}")
+    print(f"  {'':22}{'TessaView':>10}{'bare':>10}{'ratio':>8}   target")
+    verdicts = []
+    for key, label in VALUES.items():
+        ours, bare = program.get(key), reference.get(key)
+        ratio = ours / bare if ours is not None and bare else None
+        cells = [f"{value:.2f}" if value is not None else "-" for value in (ours, bare, ratio)]
+        verdicts.append(verdict(pages, key, ratio))
+        print(f"  {label:22}{cells[0]:>10}{cells[1]:>10}{cells[2]:>8}   {verdicts[-1]}".rstrip())
+    return verdicts
+
+
+def compare(pages, options, server, display):
+    """Runs both in turn with so many pages and prints the result; gives the verdicts and what went wrong."""
+    results = {"TessaView": [], "bare": []}
+    problems = []
+    pair = [("TessaView", program_command), ("bare", reference_command)]
+    for run in range(1, options.runs + 1):
+        # The order changes each time, so that neither always comes after the other.
+        pair.reverse()
+        for name, command_for in pair:
+            result, problem = measure(command_for, options, pages, server, display)
+            results[name].append(result)
+            shown = "  ".join(f"{key} {result[key]:.2f}" for key in VALUES if key in result)
+            again = f"  {result['again']} pages asked for more than once" if result["again"] else ""
+            print(f"  {pages:3} pages, run {run}, {name:9}: {shown}{again}  {problem}".rstrip(), flush=True)
+            if problem:
+                problems.append(f"{pages} pages, {name}: {problem}")
+    return print_table(pages, medians(results["TessaView"]), medians(results["bare"])), problems
+
+
+def arguments():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--program", required=True, help="tessaview")
+    parser.add_argument("--reference", required=True, help="bench_reference")
+    parser.add_argument("--server", required=True, help="bench_server")
+    parser.add_argument("--pages", default="1,20,100", help="numbers of pages, at most 250 each")
+    parser.add_argument("--runs", type=int, default=3, help="repetitions of each; the median counts")
+    parser.add_argument("--delay", type=int, default=20, help="of each answer, milliseconds")
+    parser.add_argument("--timeout", type=float, default=120, help="of each run, seconds")
+    options = parser.parse_args()
+    for name in "program", "reference", "server":
+        setattr(options, name, os.path.abspath(getattr(options, name)))
+    options.pages = [int(number) for number in options.pages.split(",")]
+    return options
+
+
+def main():
+    options = arguments()
+    print(f"{os.cpu_count()} processors, load average {os.getloadavg()[0]:.2f} before the first run, "
+          f"{options.delay} ms for each answer, median of {options.runs}")
+    verdicts, problems = [], []
+    with Display() as display, PageServer(options.server, max(options.pages), options.delay) as server:
+        # Not counted: it brings both programs and the engine from the disk into memory.
+        for command_for in program_command, reference_command:
+            measure(command_for, options, 1, server, display, quiet=0, idle=0)
+        for pages in options.pages:
+            found, wrong = compare(pages, options, server, display)
+            verdicts += found
+            problems += wrong
+    missed = sum("MISSED" in each for each in verdicts)
+    print(f"\n{sum('  met' in each for each in verdicts)} targets met, {missed} missed")
+    for problem in problems:
+        print("not measured: " + problem)
+    return 2 if problems else 1 if missed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
