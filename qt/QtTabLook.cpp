@@ -1,0 +1,155 @@
+#include "qt/QtTabLook.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPalette>
+#include <algorithm>
+
+namespace {
+constexpr int kIconSize = 16;
+constexpr int kMargin = 7;
+constexpr int kGap = 6;
+constexpr int kCorner = 4;
+constexpr int kAccentHeight = 2;
+/// No tab is wide enough for more; measuring a longer text would only cost time.
+constexpr int kMeasuredUnits = 256;
+
+QColor Mix(const QColor& from, const QColor& to, double share) {
+    const auto part = [share](float a, float b) { return static_cast<float>(a + (b - a) * share); };
+    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
+                            part(from.blueF(), to.blueF()));
+}
+
+/// A box with two round corners, at the side away from the page.
+QPainterPath TabShape(const QRect& place, TabPlacement placement) {
+    QRectF box(place);
+    if (placement == TabPlacement::Top)
+        box.setBottom(box.bottom() + kCorner);
+    else
+        box.setTop(box.top() - kCorner);
+    QPainterPath shape;
+    shape.addRoundedRect(box, kCorner, kCorner);
+    return shape;
+}
+} // namespace
+
+QtTabLook::QtTabLook(const QPalette& palette, TabPlacement placement)
+    : m_placement(placement),
+      m_text(palette.color(QPalette::WindowText)),
+      m_accent(palette.color(QPalette::Highlight)) {
+    const QColor window = palette.color(QPalette::Window);
+    const bool dark = window.lightnessF() < 0.5F;
+    m_row = Mix(window, Qt::black, dark ? 0.35 : 0.10);
+    m_selected = dark ? Mix(window, Qt::white, 0.10) : palette.color(QPalette::Base);
+    m_hovered = Mix(m_row, m_selected, 0.45);
+    m_line = Mix(m_row, m_text, 0.22);
+    m_quietText = Mix(m_row, m_text, 0.78);
+}
+
+void QtTabLook::PaintBackground(QPainter& painter, const QRect& row) const {
+    painter.fillRect(row, m_row);
+    const int edge = m_placement == TabPlacement::Top ? row.bottom() : row.top();
+    painter.fillRect(QRect(row.left(), edge, row.width(), 1), m_line);
+}
+
+void QtTabLook::PaintTab(QPainter& painter, const QtTabFace& face) const {
+    painter.save();
+    painter.setClipRect(face.place, Qt::IntersectClip);
+    PaintBody(painter, face);
+    const QRect icon(face.place.left() + kMargin, face.place.top() + (face.place.height() - kIconSize) / 2, kIconSize,
+                     kIconSize);
+    if (face.busy)
+        PaintBusyMark(painter, icon);
+    else if (face.icon.isNull())
+        PaintBlankPage(painter, icon);
+    else
+        face.icon.paint(&painter, icon);
+
+    QRect text = face.place;
+    text.setLeft(icon.right() + 1 + kGap);
+    text.setRight(face.closeShown ? face.closePlace.left() - 3 : face.place.right() - kMargin);
+    painter.setPen(face.selected ? m_text : m_quietText);
+    const QString caption =
+        painter.fontMetrics().elidedText(face.caption.left(kMeasuredUnits).simplified(), Qt::ElideRight, text.width());
+    painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, caption);
+    if (face.closeShown) PaintClose(painter, face);
+    painter.restore();
+}
+
+void QtTabLook::PaintBody(QPainter& painter, const QtTabFace& face) const {
+    const QRect& place = face.place;
+    if (!face.selected && !face.hovered) {
+        painter.fillRect(QRect(place.right(), place.top() + 5, 1, place.height() - 10), m_line);
+        return;
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPainterPath shape = TabShape(place, m_placement);
+    painter.fillPath(shape, face.selected ? m_selected : m_hovered);
+    if (!face.selected) return;
+    painter.save();
+    painter.setClipPath(shape, Qt::IntersectClip);
+    const int top = m_placement == TabPlacement::Top ? place.top() : place.bottom() + 1 - kAccentHeight;
+    painter.fillRect(QRect(place.left(), top, place.width(), kAccentHeight), m_accent);
+    painter.restore();
+    if (!face.focused) return;
+    painter.setPen(QPen(m_accent, 1));
+    painter.drawRoundedRect(QRectF(place).adjusted(2.5, 3.5, -2.5, -3.5), 2, 2);
+}
+
+void QtTabLook::PaintBusyMark(QPainter& painter, const QRect& place) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPointF centre = QRectF(place).center();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(224, 49, 49, 70));
+    painter.drawEllipse(centre, 6.5, 6.5);
+    painter.setBrush(QColor(224, 49, 49));
+    painter.drawEllipse(centre, 4, 4);
+    painter.restore();
+}
+
+/// A sheet with a folded corner, for a page that has no icon.
+void QtTabLook::PaintBlankPage(QPainter& painter, const QRect& place) const {
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF sheet = QRectF(place).adjusted(3.5, 2.5, -3.5, -2.5);
+    constexpr double kFold = 3.5;
+    QPainterPath outline(sheet.topLeft());
+    outline.lineTo(sheet.right() - kFold, sheet.top());
+    outline.lineTo(sheet.right(), sheet.top() + kFold);
+    outline.lineTo(sheet.bottomRight());
+    outline.lineTo(sheet.bottomLeft());
+    outline.closeSubpath();
+    outline.moveTo(sheet.right() - kFold, sheet.top());
+    outline.lineTo(sheet.right() - kFold, sheet.top() + kFold);
+    outline.lineTo(sheet.right(), sheet.top() + kFold);
+    painter.strokePath(outline, QPen(Mix(m_row, m_text, 0.55), 1));
+}
+
+void QtTabLook::PaintClose(QPainter& painter, const QtTabFace& face) const {
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor ground = face.selected ? m_selected : m_hovered;
+    if (face.closeHovered) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Mix(ground, m_text, 0.18));
+        painter.drawRoundedRect(face.closePlace, 3, 3);
+    }
+    const QRectF cross = QRectF(face.closePlace).adjusted(4.5, 4.5, -4.5, -4.5);
+    painter.setPen(QPen(face.closeHovered ? m_text : Mix(ground, m_text, 0.65), 1.3, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(cross.topLeft(), cross.bottomRight());
+    painter.drawLine(cross.topRight(), cross.bottomLeft());
+}
+
+void QtTabLook::PaintArrow(QPainter& painter, const QRect& place, Qt::LayoutDirection towards, bool enabled,
+                           bool hovered) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (enabled && hovered) painter.fillRect(place.adjusted(1, 2, -1, -2), m_hovered);
+    const double step = towards == Qt::LeftToRight ? 2.5 : -2.5;
+    const QPointF centre = QRectF(place).center();
+    const QPointF tip(centre.x() + step, centre.y());
+    painter.setPen(QPen(enabled ? m_text : Mix(m_row, m_text, 0.3), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF angle[] = {{centre.x() - step, centre.y() - 4}, tip, {centre.x() - step, centre.y() + 4}};
+    painter.drawPolyline(angle, 3);
+    painter.restore();
+}

@@ -1,0 +1,111 @@
+#pragma once
+#include "common/TabStrip.h"
+#include "common/Units.h"
+#include "qt/QtTabLook.h"
+#include "qt/QtTabRow.h"
+
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <optional>
+#include <set>
+#include <vector>
+
+/// Shows a `TabStrip` as one widget that paints all tabs itself, so that the strip costs what is visible of it, not
+/// what it holds. It covers the row of tabs alone; the page area is laid beside it. The strip outlives the widget.
+///
+/// Layout is done once a turn of the event loop; captions, busy marks and page icons are gathered for a tenth of a
+/// second, because any repaint has the whole window composed again with the page's picture.
+class QtTabStrip final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit QtTabStrip(TabStrip& strip, QWidget* parent = nullptr);
+    ~QtTabStrip() override;
+
+    /// The icon of a tab's page; a null icon when it has none. Filled in by the owner.
+    std::function<QIcon(const Tab&)> PageIcon;
+    /// The tab's close button was pressed. Filled in by the owner.
+    std::function<void(Tab&)> CloseRequested;
+    /// The font has made the row higher or lower. Filled in by the owner.
+    std::function<void()> RowHeightChanged;
+    /// What the strip shows has changed. Filled in by the accessibility, once somebody asks for it.
+    std::function<void()> Changed;
+
+    /// How high the row is; never less than 22.
+    [[nodiscard]] Pixels RowHeight() const { return m_rowHeight; }
+    [[nodiscard]] TabPlacement Placement() const { return m_strip.Placement(); }
+    /// The page icon of the tabs with this tag has changed.
+    void RefreshIcons(std::int32_t tag);
+    /// The tab at a point of the widget; nothing where no tab is.
+    [[nodiscard]] Tab* FindTabAt(QPoint point);
+    /// Where the tab at a position stands, as far out as it may be scrolled; empty for no position of the strip.
+    [[nodiscard]] QRect TabPlace(std::size_t position);
+    [[nodiscard]] QRect ClosePlace(std::size_t position);
+    [[nodiscard]] const TabStrip& Model() const { return m_strip; }
+    /// What a click on the tab does.
+    void Click(Tab& tab);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    enum class Part { None, Tab, Close, Back, Forward };
+
+    /// What is under the pointer.
+    struct Spot {
+        Part part = Part::None;
+        std::size_t position = 0;
+        bool operator==(const Spot&) const = default;
+    };
+
+    /// What a tab showed when it was last painted.
+    struct Face {
+        Text key, caption;
+        TabImage image;
+        bool operator==(const Face&) const = default;
+    };
+
+    void OnChange(TabStripChange change);
+    /// Does a layout that is due now rather than at the next turn.
+    void Settle();
+    void Relayout();
+    void RefreshFaces();
+    void Scroll(int offset);
+    void Measure();
+    [[nodiscard]] Face FaceAt(std::size_t position) const;
+    void RememberFaces();
+    [[nodiscard]] QtTabFace PaintedFace(std::size_t position) const;
+    [[nodiscard]] Spot SpotAt(QPoint point) const;
+    [[nodiscard]] Spot SpotUnderPointer() const;
+    [[nodiscard]] QRect SpotPlace(const Spot& spot) const;
+    void SetHover(const Spot& spot);
+    void ShowToolTip(QPoint point, QPoint globalPoint);
+    void StepTo(std::size_t position);
+
+    TabStrip& m_strip;
+    QtTabRow m_row;
+    QTimer m_layoutTimer, m_facesTimer;
+    std::vector<Face> m_faces; ///< of the visible tabs, from the first visible one on
+    std::set<std::int32_t> m_changedIcons;
+    std::size_t m_selected = 0; ///< position at the last layout
+    Text m_revealed;            ///< key of the selected tab that was last scrolled into view
+    Spot m_hover;
+    std::optional<Text> m_closing; ///< key of the tab whose close button is held down
+    Pixels m_rowHeight{22};
+    int m_wheel = 0; ///< what of the wheel's turning has not moved a tab yet
+};

@@ -1,0 +1,134 @@
+// The mouse and the keyboard on the tab strip.
+#include "qt/QtTabStrip.h"
+#include "qt/QtText.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QTextDocument>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr int kWheelNotch = 120;
+} // namespace
+
+bool QtTabStrip::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    ShowToolTip(help->pos(), help->globalPos());
+    return true;
+}
+
+void QtTabStrip::ShowToolTip(QPoint point, QPoint globalPoint) {
+    Tab* tab = FindTabAt(point);
+    if (!tab || tab->Caption().empty()) return QToolTip::hideText();
+    // A caption comes from the page; it is text, whatever it looks like.
+    const QString text = Qt::convertFromPlainText(ToQt(tab->Caption()), Qt::WhiteSpaceNormal);
+    QToolTip::showText(globalPoint, text, this, m_row.TabPlace(m_row.PositionAt(point)));
+}
+
+QtTabStrip::Spot QtTabStrip::SpotAt(QPoint point) const {
+    if (m_row.ArrowPlace(QtTabRow::Arrow::Back).contains(point)) return {Part::Back, 0};
+    if (m_row.ArrowPlace(QtTabRow::Arrow::Forward).contains(point)) return {Part::Forward, 0};
+    const std::size_t position = m_row.PositionAt(point);
+    if (position == 0) return {};
+    return {m_row.ClosePlace(position).contains(point) ? Part::Close : Part::Tab, position};
+}
+
+QtTabStrip::Spot QtTabStrip::SpotUnderPointer() const {
+    return underMouse() ? SpotAt(mapFromGlobal(QCursor::pos())) : Spot{};
+}
+
+QRect QtTabStrip::SpotPlace(const Spot& spot) const {
+    if (spot.part == Part::Back) return m_row.ArrowPlace(QtTabRow::Arrow::Back);
+    if (spot.part == Part::Forward) return m_row.ArrowPlace(QtTabRow::Arrow::Forward);
+    return m_row.TabPlace(spot.position) & m_row.Area();
+}
+
+void QtTabStrip::SetHover(const Spot& spot) {
+    if (spot == m_hover) return;
+    update(SpotPlace(m_hover));
+    m_hover = spot;
+    update(SpotPlace(m_hover));
+}
+
+void QtTabStrip::mouseMoveEvent(QMouseEvent* event) {
+    Settle();
+    SetHover(SpotAt(event->position().toPoint()));
+}
+
+void QtTabStrip::leaveEvent(QEvent*) { SetHover({}); }
+
+void QtTabStrip::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return event->ignore();
+    Settle();
+    const Spot spot = SpotAt(event->position().toPoint());
+    Tab* tab = m_strip.FindAt(spot.position);
+    m_closing.reset();
+    if (spot.part == Part::Back || spot.part == Part::Forward) {
+        QtTabRow aimed = m_row;
+        aimed.ScrollPage(spot.part == Part::Back ? QtTabRow::Arrow::Back : QtTabRow::Arrow::Forward);
+        Scroll(aimed.Offset());
+    } else if (spot.part == Part::Close && tab) {
+        m_closing = tab->Key();
+    } else if (tab) {
+        Click(*tab);
+    }
+}
+
+void QtTabStrip::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return event->ignore();
+    const std::optional<Text> closing = std::exchange(m_closing, std::nullopt);
+    if (!closing) return;
+    Settle();
+    const Spot spot = SpotAt(event->position().toPoint());
+    Tab* tab = m_strip.FindAt(spot.position);
+    if (spot.part == Part::Close && tab && tab->Key() == *closing && CloseRequested) CloseRequested(*tab);
+}
+
+void QtTabStrip::wheelEvent(QWheelEvent* event) {
+    Settle();
+    event->accept();
+    if (!m_row.Overflows()) return;
+    const QPoint pixels = event->pixelDelta();
+    if (!pixels.isNull()) return Scroll(m_row.Offset() - (pixels.x() != 0 ? pixels.x() : pixels.y()));
+    const QPoint angle = event->angleDelta();
+    m_wheel += angle.x() != 0 ? angle.x() : angle.y();
+    const int notches = m_wheel / kWheelNotch;
+    m_wheel %= kWheelNotch;
+    Scroll(m_row.Offset() - notches * QApplication::wheelScrollLines() * m_row.TabWidth());
+}
+
+void QtTabStrip::keyPressEvent(QKeyEvent* event) {
+    Settle();
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return StepTo(m_selected - 1);
+    case Qt::Key_Right:
+        return StepTo(m_selected + 1);
+    case Qt::Key_Home:
+        return StepTo(1);
+    case Qt::Key_End:
+        return StepTo(m_strip.Count());
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void QtTabStrip::StepTo(std::size_t position) {
+    if (Tab* tab = m_strip.FindAt(position)) Click(*tab);
+}
+
+void QtTabStrip::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    update(m_row.TabPlace(m_selected));
+    if (Changed) Changed();
+}
+
+void QtTabStrip::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    update(m_row.TabPlace(m_selected));
+}

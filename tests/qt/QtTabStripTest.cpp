@@ -1,0 +1,404 @@
+#include "qt/QtTabStrip.h"
+
+#include "qt/QtText.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QPaintEvent>
+#include <QPixmap>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// Writes down what is repainted.
+class PaintLog : public QObject {
+public:
+    explicit PaintLog(QWidget& widget) { widget.installEventFilter(this); }
+    std::vector<QRegion> regions;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) regions.push_back(static_cast<QPaintEvent*>(event)->region());
+        return false;
+    }
+};
+
+/// A shown strip of 800 logical pixels, as a person has it before the eyes.
+class QtTabStripTest : public testing::Test {
+protected:
+    void SetUp() override {
+        widget.resize(800, widget.RowHeight().value);
+        strip.Click = [this] { ++clicks; };
+        widget.CloseRequested = [this](Tab& tab) { closed += ToUtf8(tab.Caption()) + ";"; };
+    }
+
+    Tab* Add(const std::string& caption) {
+        Tab* tab = strip.Add(0, u"Tab" + Decimal(++m_last));
+        tab->Tag = m_last;
+        strip.SetCaption(tab, FromBytes(caption));
+        return tab;
+    }
+
+    void AddMany(int count) {
+        for (int i = 1; i <= count; ++i) Add("page " + std::to_string(i));
+    }
+
+    void Show() {
+        widget.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
+        Quiet();
+    }
+
+    /// Waits until everything has been painted: a change of the layout takes along whatever is gathered.
+    void Quiet() {
+        PaintLog log(widget);
+        strip.SetPlacement(strip.Placement() == TabPlacement::Top ? TabPlacement::Bottom : TabPlacement::Top);
+        strip.SetPlacement(strip.Placement() == TabPlacement::Top ? TabPlacement::Bottom : TabPlacement::Top);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); }));
+    }
+
+    QPoint Middle(std::size_t position) { return widget.TabPlace(position).center(); }
+    void ClickOn(QPoint point) { QTest::mouseClick(&widget, Qt::LeftButton, {}, point); }
+
+    void Wheel(int angle) {
+        const QPointF at(widget.rect().center());
+        QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(&widget, &event);
+    }
+
+    bool Shows(std::size_t position) {
+        const QRect place = widget.TabPlace(position);
+        return place.left() >= 0 && place.right() < widget.width();
+    }
+
+    TabStrip strip;
+    QtTabStrip widget{strip};
+    int clicks = 0;
+    std::string closed;
+
+private:
+    std::int32_t m_last = 0;
+};
+
+TEST_F(QtTabStripTest, FiveHundredNewTabsAreLaidOutAndPaintedOnce) {
+    Add("first");
+    Show();
+    PaintLog log(widget);
+    AddMany(500);
+    EXPECT_TRUE(log.regions.empty());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); }));
+    EXPECT_EQ(log.regions.size(), 1U);
+    EXPECT_FALSE(widget.TabPlace(501).isEmpty());
+}
+
+TEST_F(QtTabStripTest, CaptionsAreGatheredAndOnlyChangedTabsArePainted) {
+    AddMany(3);
+    Show();
+    PaintLog log(widget);
+    strip.SetCaption(strip.FindAt(2), u"second");
+    strip.SetImage(strip.FindAt(2), TabImage::Red);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(log.regions.empty());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); }));
+    ASSERT_EQ(log.regions.size(), 1U);
+    EXPECT_TRUE(log.regions[0].intersects(widget.TabPlace(2)));
+    EXPECT_FALSE(log.regions[0].intersects(widget.TabPlace(1)));
+    EXPECT_FALSE(log.regions[0].intersects(widget.TabPlace(3)));
+}
+
+TEST_F(QtTabStripTest, ACaptionOutOfSightPaintsNothing) {
+    AddMany(500);
+    Show();
+    PaintLog log(widget);
+    strip.SetCaption(strip.FindAt(500), u"far away");
+    strip.SetCaption(strip.FindAt(2), u"near");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); }));
+    EXPECT_EQ(log.regions[0].boundingRect(), widget.TabPlace(2));
+}
+
+TEST_F(QtTabStripTest, OnlyVisibleTabsAreAskedForTheirIcons) {
+    AddMany(2000);
+    int asked = 0;
+    widget.PageIcon = [&](const Tab&) { return ++asked, QIcon(); };
+    Show();
+    asked = 0;
+    widget.repaint();
+    EXPECT_GT(asked, 0);
+    EXPECT_LT(asked, 20);
+}
+
+TEST_F(QtTabStripTest, AChangedPageIconPaintsItsTab) {
+    AddMany(3);
+    Show();
+    PaintLog log(widget);
+    widget.RefreshIcons(strip.FindAt(3)->Tag);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); }));
+    EXPECT_EQ(log.regions[0].boundingRect(), widget.TabPlace(3));
+}
+
+TEST_F(QtTabStripTest, ABusyTabShowsRedInPlaceOfThePageIcon) {
+    QPixmap blue(16, 16);
+    blue.fill(Qt::blue);
+    widget.PageIcon = [&](const Tab&) { return QIcon(blue); };
+    AddMany(1);
+    Show();
+    const QPoint icon(15, widget.height() / 2);
+    EXPECT_EQ(widget.grab().toImage().pixelColor(icon), QColor(Qt::blue));
+    strip.SetImage(strip.FindAt(1), TabImage::Red);
+    Quiet();
+    const QColor mark = widget.grab().toImage().pixelColor(icon);
+    EXPECT_GT(mark.red(), 200);
+    EXPECT_LT(mark.blue(), 100);
+}
+
+TEST_F(QtTabStripTest, APressOfTheLeftButtonSelects) {
+    AddMany(3);
+    Show();
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Middle(3));
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(3));
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtTabStripTest, OtherButtonsAndTheEmptyRowSelectNothing) {
+    AddMany(2);
+    Show();
+    QTest::mousePress(&widget, Qt::RightButton, {}, Middle(2));
+    QTest::mousePress(&widget, Qt::MiddleButton, {}, Middle(2));
+    ClickOn({widget.width() - 2, 5});
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(QtTabStripTest, TheCloseButtonClosesWithoutSelecting) {
+    AddMany(3);
+    Show();
+    ClickOn(widget.ClosePlace(2).center());
+    EXPECT_EQ(closed, "page 2;");
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(QtTabStripTest, ACloseButtonLeftBeforeTheReleaseClosesNothing) {
+    AddMany(3);
+    Show();
+    QTest::mousePress(&widget, Qt::LeftButton, {}, widget.ClosePlace(2).center());
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Middle(2));
+    QTest::mousePress(&widget, Qt::LeftButton, {}, widget.ClosePlace(2).center());
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, widget.ClosePlace(3).center());
+    EXPECT_EQ(closed, "");
+}
+
+TEST_F(QtTabStripTest, ATabThatGoesWhileItsCloseButtonIsHeldIsNotMistakenForItsNeighbour) {
+    AddMany(3);
+    Show();
+    QTest::mousePress(&widget, Qt::LeftButton, {}, widget.ClosePlace(2).center());
+    strip.Remove(strip.FindAt(2));
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, widget.ClosePlace(2).center());
+    EXPECT_EQ(closed, "");
+}
+
+TEST_F(QtTabStripTest, TheCloseButtonShowsOnTheSelectedTabAndUnderThePointer) {
+    AddMany(3);
+    Show();
+    const auto picture = [&](std::size_t position) { return widget.grab(widget.ClosePlace(position)).toImage(); };
+    EXPECT_NE(picture(1), picture(2));
+    const QImage bare = picture(2);
+    QTest::mouseMove(&widget, Middle(2));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return picture(2) != bare; }));
+    QTest::mouseMove(&widget, Middle(3));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return picture(2) == bare; }));
+}
+
+TEST_F(QtTabStripTest, TheSelectedTabIsScrolledIntoView) {
+    AddMany(100);
+    Show();
+    EXPECT_TRUE(Shows(1));
+    EXPECT_FALSE(Shows(77));
+    strip.Select(strip.FindAt(77));
+    EXPECT_TRUE(Shows(77));
+    EXPECT_FALSE(Shows(1));
+}
+
+TEST_F(QtTabStripTest, ANewTabBehindLeavesTheRowWhereItWasScrolled) {
+    AddMany(100);
+    Show();
+    Wheel(-120);
+    const QRect before = widget.TabPlace(10);
+    Add("behind");
+    EXPECT_EQ(widget.TabPlace(10), before);
+}
+
+TEST_F(QtTabStripTest, TheWheelScrollsTabsThatDoNotFitAndSelectsNone) {
+    AddMany(100);
+    Show();
+    Wheel(-120);
+    EXPECT_FALSE(Shows(1));
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
+    for (int i = 0; i < 100; ++i) Wheel(-120);
+    EXPECT_EQ(widget.TabPlace(100).intersected(widget.rect()), widget.TabPlace(100));
+    for (int i = 0; i < 100; ++i) Wheel(120);
+    EXPECT_EQ(widget.TabPlace(1).left(), 0);
+}
+
+TEST_F(QtTabStripTest, TheWheelLeavesTabsThatFitAlone) {
+    AddMany(2);
+    Show();
+    Wheel(-120);
+    EXPECT_EQ(widget.TabPlace(1).left(), 0);
+}
+
+TEST_F(QtTabStripTest, TheArrowsScroll) {
+    AddMany(100);
+    Show();
+    ClickOn({widget.width() - 5, 10});
+    EXPECT_FALSE(Shows(1));
+    ClickOn({widget.width() - 30, 10});
+    EXPECT_TRUE(Shows(1));
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(QtTabStripTest, TheArrowKeysStepThroughTheTabs) {
+    AddMany(3);
+    Show();
+    QTest::keyClick(&widget, Qt::Key_Left);
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
+    QTest::keyClick(&widget, Qt::Key_Right);
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(2));
+    QTest::keyClick(&widget, Qt::Key_End);
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(3));
+    QTest::keyClick(&widget, Qt::Key_Right);
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(3));
+    QTest::keyClick(&widget, Qt::Key_Home);
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
+}
+
+TEST_F(QtTabStripTest, TheToolTipIsTheFullCaptionAsText) {
+    Add("<b>a caption that no tab is wide enough to show</b> " + std::string(300, 'x'));
+    Show();
+    QHelpEvent help(QEvent::ToolTip, Middle(1), widget.mapToGlobal(Middle(1)));
+    QApplication::sendEvent(&widget, &help);
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("&lt;b&gt;a caption")));
+    EXPECT_TRUE(QToolTip::text().contains(QString(300, QLatin1Char('x'))));
+    QToolTip::hideText();
+}
+
+TEST_F(QtTabStripTest, TheRowIsNeverLowerThan22AndGrowsWithTheFont) {
+    int changes = 0;
+    widget.RowHeightChanged = [&] { ++changes; };
+    QFont font = widget.font();
+    font.setPixelSize(6);
+    widget.setFont(font);
+    EXPECT_EQ(widget.RowHeight().value, 22);
+    font.setPixelSize(40);
+    widget.setFont(font);
+    EXPECT_GE(widget.RowHeight().value, 40);
+    EXPECT_EQ(strip.RowHeight, widget.RowHeight());
+    EXPECT_GE(changes, 1);
+}
+
+TEST_F(QtTabStripTest, AnEmptyStripAndATinyOneAreShown) {
+    Show();
+    widget.grab();
+    ClickOn({5, 5});
+    QTest::keyClick(&widget, Qt::Key_Right);
+    AddMany(50);
+    widget.resize(10, 22);
+    widget.grab();
+    ClickOn({5, 5});
+    widget.resize(0, 0);
+    widget.grab();
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(QtTabStripTest, TabsRemovedBeforeTheLayoutAreNotPainted) {
+    AddMany(20);
+    Show();
+    while (strip.Count() > 1) strip.Remove(strip.FindAt(1));
+    widget.repaint();
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
+    ClickOn(Middle(1));
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST(QtTabStripLife, AStripGoesOnWithoutItsWidget) {
+    TabStrip strip;
+    { QtTabStrip widget(strip); }
+    EXPECT_NE(strip.Add(0, u"Tab1"), nullptr);
+}
+
+// What screen readers see.
+
+QAccessibleInterface* Accessible(QWidget& widget) { return QAccessible::queryAccessibleInterface(&widget); }
+
+TEST_F(QtTabStripTest, ScreenReadersSeeAListOfPageTabs) {
+    AddMany(3);
+    strip.SetImage(strip.FindAt(3), TabImage::Red);
+    Show();
+    QAccessibleInterface* list = Accessible(widget);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::PageTabList);
+    EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("Tabs"));
+    ASSERT_EQ(list->childCount(), 3);
+    for (int i = 0; i < 3; ++i) {
+        QAccessibleInterface* tab = list->child(i);
+        EXPECT_EQ(tab->role(), QAccessible::PageTab);
+        EXPECT_EQ(tab->text(QAccessible::Name), QStringLiteral("page %1").arg(i + 1));
+        EXPECT_EQ(tab->state().selected, i == 0);
+        EXPECT_EQ(tab->state().busy, i == 2);
+        EXPECT_EQ(tab->parent(), list);
+        EXPECT_EQ(list->indexOfChild(tab), i);
+        EXPECT_EQ(list->childAt(tab->rect().center().x(), tab->rect().center().y()), tab);
+    }
+    EXPECT_EQ(list->child(3), nullptr);
+    EXPECT_EQ(list->child(-1), nullptr);
+}
+
+TEST_F(QtTabStripTest, ScreenReadersSelectATabByItsAction) {
+    AddMany(3);
+    Show();
+    QAccessibleActionInterface* action = Accessible(widget)->child(1)->actionInterface();
+    ASSERT_NE(action, nullptr);
+    ASSERT_EQ(action->actionNames(), QStringList{QAccessibleActionInterface::pressAction()});
+    action->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(2));
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtTabStripTest, AnInterfaceOfATabThatHasGoneAnswersNothing) {
+    AddMany(2);
+    Show();
+    QAccessibleInterface* gone = Accessible(widget)->child(1);
+    strip.Remove(strip.FindAt(2));
+    EXPECT_TRUE(gone->state().invalid);
+    EXPECT_EQ(gone->text(QAccessible::Name), QString());
+    EXPECT_TRUE(gone->rect().isEmpty());
+    gone->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(QtTabStripTest, ScreenReadersFollowChanges) {
+    AddMany(3);
+    Show();
+    QAccessibleInterface* list = Accessible(widget);
+    QAccessibleInterface* third = list->child(2);
+    ASSERT_EQ(list->childCount(), 3);
+    strip.SetCaption(strip.FindAt(3), u"renamed");
+    strip.Select(strip.FindAt(3));
+    strip.Remove(strip.FindAt(1));
+    Add("new");
+    Quiet();
+    ASSERT_EQ(list->childCount(), 3);
+    EXPECT_EQ(list->child(1), third);
+    EXPECT_EQ(third->text(QAccessible::Name), QStringLiteral("renamed"));
+    EXPECT_TRUE(third->state().selected);
+    EXPECT_FALSE(list->child(0)->state().selected);
+    EXPECT_EQ(list->child(2)->text(QAccessible::Name), QStringLiteral("new"));
+}
+
+} // namespace
