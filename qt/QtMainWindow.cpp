@@ -1,0 +1,167 @@
+#include "qt/QtMainWindow.h"
+
+#include "qt/QtIcons.h"
+#include "qt/QtStatusBar.h"
+#include "qt/QtTabStrip.h"
+#include "qt/QtText.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QLayout>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+
+namespace {
+QRect VirtualScreen() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->virtualGeometry() : QRect();
+}
+} // namespace
+
+QtMainWindow::QtMainWindow() : m_inner(new QWidget) {
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowIcon(QtIcons::Application());
+    m_inner->setObjectName(QStringLiteral("innerArea"));
+    setCentralWidget(m_inner);
+    m_inner->installEventFilter(this);
+}
+
+QtMainWindow::~QtMainWindow() {
+    // Their owners delete them, the window does not.
+    if (m_tabStrip) {
+        m_tabStrip->RowHeightChanged = {};
+        m_tabStrip->setParent(nullptr);
+    }
+    if (m_statusBar) {
+        m_statusBar->HeightChanged = {};
+        m_statusBar->setParent(nullptr);
+    }
+}
+
+void QtMainWindow::SetCaption(TextView caption) { setWindowTitle(ToQt(caption)); }
+
+void QtMainWindow::Show() {
+    show();
+    raise();
+    activateWindow();
+    QTimer::singleShot(0, this, [this] {
+        if (!m_activated) Activate();
+    });
+}
+
+void QtMainWindow::BringToForeground(const QByteArray& token) {
+    // Where Qt looks for the token when it activates a window.
+    if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token);
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void QtMainWindow::Close() { close(); }
+
+WindowState QtMainWindow::State() const {
+    if (isMinimized()) return WindowState::Minimized;
+    return isMaximized() || isFullScreen() ? WindowState::Maximized : WindowState::Normal;
+}
+
+void QtMainWindow::SetState(WindowState state) {
+    constexpr Qt::WindowStates kOurs = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+    const Qt::WindowStates others = windowState() & ~kOurs;
+    switch (state) {
+    case WindowState::Normal:
+        return setWindowState(others);
+    case WindowState::Minimized:
+        return setWindowState(windowState() | Qt::WindowMinimized);
+    case WindowState::Maximized:
+        return setWindowState(others | Qt::WindowMaximized);
+    }
+}
+
+Placement QtMainWindow::Place() const {
+    return {ToTwips({x()}), ToTwips({y()}), ToTwips({width()}), ToTwips({height()})};
+}
+
+void QtMainWindow::SetPlace(const Placement& place) {
+    SetSize(place.width, place.height);
+    move(ToPixels(place.left).value, ToPixels(place.top).value);
+}
+
+void QtMainWindow::SetSize(Twips width, Twips height) {
+    resize(std::max(ToPixels(width).value, 1), std::max(ToPixels(height).value, 1));
+}
+
+Pixels QtMainWindow::InnerWidth() const { return {InnerSize().width()}; }
+Pixels QtMainWindow::InnerHeight() const { return {InnerSize().height()}; }
+
+QSize QtMainWindow::InnerSize() const {
+    // A window that was never shown has not laid out its inner area yet.
+    if (!isVisible()) layout()->activate();
+    return m_inner->size();
+}
+
+Twips QtMainWindow::ScreenWidth() const { return ToTwips({VirtualScreen().width()}); }
+Twips QtMainWindow::ScreenHeight() const { return ToTwips({VirtualScreen().height()}); }
+
+void QtMainWindow::MoveTabStrip(const Rect& place) {
+    m_tabStripPlace = {place.left.value, place.top.value, place.width.value, place.height.value};
+    LayTabStrip();
+}
+
+void QtMainWindow::SetTabStrip(QtTabStrip& strip) {
+    m_tabStrip = &strip;
+    strip.setParent(m_inner);
+    strip.RowHeightChanged = [this] { OnInnerResized(); };
+    LayTabStrip();
+    strip.show();
+}
+
+void QtMainWindow::SetStatusBar(QtStatusBar& bar) {
+    m_statusBar = &bar;
+    bar.setParent(m_inner);
+    bar.HeightChanged = [this] { OnInnerResized(); };
+    LayStatusBar();
+}
+
+void QtMainWindow::LayTabStrip() {
+    if (!m_tabStrip) return;
+    QRect row = m_tabStripPlace;
+    row.setHeight(m_tabStrip->RowHeight().value);
+    if (m_tabStrip->Placement() == TabPlacement::Bottom) row.moveBottom(m_tabStripPlace.bottom());
+    m_tabStrip->setGeometry(row);
+}
+
+void QtMainWindow::LayStatusBar() {
+    if (!m_statusBar) return;
+    const int height = m_statusBar->Height().value;
+    m_statusBar->setGeometry(0, m_inner->height() - height, m_inner->width(), height);
+}
+
+void QtMainWindow::OnInnerResized() {
+    LayStatusBar();
+    LayTabStrip();
+    if (Resized) Resized();
+}
+
+bool QtMainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_inner && event->type() == QEvent::Resize) OnInnerResized();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+bool QtMainWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) Activate();
+    return QMainWindow::event(event);
+}
+
+void QtMainWindow::Activate() {
+    m_activated = true;
+    if (Activated) Activated();
+}
+
+void QtMainWindow::closeEvent(QCloseEvent* event) {
+    event->accept();
+    if (m_unloaded) return;
+    m_unloaded = true;
+    if (Unload) Unload();
+}

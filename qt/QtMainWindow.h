@@ -1,0 +1,68 @@
+#pragma once
+#include "common/platform/MainWindow.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+
+class QtStatusBar;
+class QtTabStrip;
+
+/// The main window's frame on the desktop. Its inner area holds tab strip, pages and status bar: the core says where
+/// strip and pages go, the status bar keeps to the lower edge. Costs no window of the desktop until it is shown.
+class QtMainWindow final : public QMainWindow, public MainWindow {
+    Q_OBJECT
+
+public:
+    QtMainWindow();
+    ~QtMainWindow() override;
+
+    void SetCaption(TextView caption) override;
+    void Show() override;
+    void Close() override;
+    [[nodiscard]] WindowState State() const override;
+    void SetState(WindowState state) override;
+    [[nodiscard]] Placement Place() const override;
+    void SetPlace(const Placement& place) override;
+    void SetSize(Twips width, Twips height) override;
+    [[nodiscard]] Pixels InnerWidth() const override;
+    [[nodiscard]] Pixels InnerHeight() const override;
+    [[nodiscard]] Twips ScreenWidth() const override;
+    [[nodiscard]] Twips ScreenHeight() const override;
+    void MoveTabStrip(const Rect& place) override;
+
+    /// Raises and activates the window, from the task bar too if need be. `token` is what the desktop gave the one who
+    /// asks for it; may be empty.
+    void BringToForeground(const QByteArray& token);
+    /// Takes the widget into the inner area. The caller goes on owning it and may delete it.
+    void SetTabStrip(QtTabStrip& strip);
+    void SetStatusBar(QtStatusBar& bar);
+    /// The parent of the page views; their places are relative to it.
+    [[nodiscard]] QWidget* PageArea() const { return m_inner; }
+
+    /// The inner area, or what in it takes room, has changed its size. All three are filled in by the owner.
+    std::function<void()> Resized;
+    /// The window has become the active one. Comes once after `Show()` even if the desktop keeps the focus elsewhere.
+    std::function<void()> Activated;
+    /// The window closes. Runs once.
+    std::function<void()> Unload;
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Activate();
+    void OnInnerResized();
+    void LayStatusBar();
+    void LayTabStrip();
+    [[nodiscard]] QSize InnerSize() const;
+
+    QWidget* m_inner;
+    QPointer<QtTabStrip> m_tabStrip;
+    QPointer<QtStatusBar> m_statusBar;
+    QRect m_tabStripPlace;
+    bool m_activated = false;
+    bool m_unloaded = false;
+};

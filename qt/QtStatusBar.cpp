@@ -1,0 +1,50 @@
+#include "qt/QtStatusBar.h"
+
+#include "qt/QtText.h"
+
+#include <QEvent>
+#include <chrono>
+
+namespace {
+constexpr std::chrono::milliseconds kTextDelay{100};
+constexpr std::int32_t kPadding = 8;
+} // namespace
+
+QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent) : QStatusBar(parent), m_bar(bar) {
+    setObjectName(QStringLiteral("sbStatus"));
+    setAccessibleName(QStringLiteral("Status"));
+    setSizeGripEnabled(false);
+    m_textTimer.setSingleShot(true);
+    connect(&m_textTimer, &QTimer::timeout, this, [this] { showMessage(ToQt(m_bar.SimpleText())); });
+    Measure();
+    m_bar.SimpleText.Attach([this](const Text&) {
+        if (!m_textTimer.isActive()) m_textTimer.start(kTextDelay);
+    });
+    m_bar.Visible.Attach([this](bool) {
+        FollowVisible();
+        if (HeightChanged) HeightChanged();
+    });
+}
+
+QtStatusBar::~QtStatusBar() {
+    m_bar.SimpleText.Attach({});
+    m_bar.Visible.Attach({});
+}
+
+void QtStatusBar::changeEvent(QEvent* event) {
+    QStatusBar::changeEvent(event);
+    if (event->type() == QEvent::ParentChange) FollowVisible();
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Measure();
+}
+
+void QtStatusBar::FollowVisible() {
+    // Without a parent it would show as a window of its own.
+    if (parentWidget()) setVisible(m_bar.Visible());
+}
+
+void QtStatusBar::Measure() {
+    const Pixels height{fontMetrics().height() + kPadding};
+    if (height == m_bar.Height) return;
+    m_bar.Height = height;
+    if (HeightChanged) HeightChanged();
+}

@@ -1,0 +1,30 @@
+#pragma once
+#include "common/StatusBar.h"
+
+#include <QStatusBar>
+#include <QTimer>
+#include <functional>
+
+/// Shows a `StatusBar`, which outlives it. Texts are gathered for a tenth of a second, because any repaint has the
+/// whole window composed again with the page's picture. Its owner gives it its place.
+class QtStatusBar final : public QStatusBar {
+    Q_OBJECT
+
+public:
+    explicit QtStatusBar(StatusBar& bar, QWidget* parent = nullptr);
+    ~QtStatusBar() override;
+
+    [[nodiscard]] Pixels Height() const { return m_bar.Height; }
+    /// The bar has been shown or hidden, or the font has made it higher or lower. Filled in by the owner.
+    std::function<void()> HeightChanged;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void FollowVisible();
+    void Measure();
+
+    StatusBar& m_bar;
+    QTimer m_textTimer;
+};
