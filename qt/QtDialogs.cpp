@@ -1,0 +1,51 @@
+#include "qt/QtDialogs.h"
+
+#include "qt/QtText.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QRegularExpression>
+
+Answer QtMessageBoxes::AskYesNoCancel(TextView question) {
+    QMessageBox box(QMessageBox::Question, QGuiApplication::applicationDisplayName(), ToQt(question),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QApplication::activeWindow());
+    // What is asked may name a page, and a page's name is text.
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::Cancel);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
+}
+
+Text QtFileDialogs::ShowOpen(const FileDialogRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow(), ToQt(request.DialogTitle), ToQt(request.InitDir));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(request.MustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (const QStringList filters = QtNameFilters(request.Filter); !filters.isEmpty()) dialog.setNameFilters(filters);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return FromQt(dialog.selectedFiles().constFirst());
+}
+
+QStringList QtNameFilters(TextView filter) {
+    static const QRegularExpression kPatternsInDescription(QStringLiteral("\\s*\\([^()]*\\)\\s*$"));
+    const QStringList parts = ToQt(filter).split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns;
+        for (const QString& each : parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+            const QString pattern = each.trimmed();
+            if (!pattern.isEmpty()) patterns << (pattern == QLatin1String("*.*") ? QStringLiteral("*") : pattern);
+        }
+        if (patterns.isEmpty()) continue;
+        const QString description = QString(parts[i]).remove(kPatternsInDescription);
+        filters << QStringLiteral("%1 (%2)").arg(description, patterns.join(QLatin1Char(' ')));
+    }
+    return filters;
+}

@@ -1,0 +1,22 @@
+#pragma once
+#include "common/platform/Dialogs.h"
+
+#include <QPointer>
+#include <QStringList>
+#include <QWidget>
+
+/// Message boxes on the desktop, over the window that is active.
+class QtMessageBoxes final : public MessageBoxes {
+public:
+    Answer AskYesNoCancel(TextView question) override;
+};
+
+/// The desktop's file dialog.
+class QtFileDialogs final : public FileDialogs {
+public:
+    Text ShowOpen(const FileDialogRequest& request) override;
+};
+
+/// A filter as Qt wants it, an entry a pair of description and patterns. "*.*" means all files; a description
+/// without patterns is left out.
+[[nodiscard]] QStringList QtNameFilters(TextView filter);

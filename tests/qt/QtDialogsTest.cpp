@@ -1,0 +1,118 @@
+#include "qt/QtDialogs.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Runs `act` on the modal window as soon as one is on the screen.
+template<typename Window>
+class OnModal {
+public:
+    explicit OnModal(std::function<void(Window&)> act) : m_act(std::move(act)) {
+        QObject::connect(&m_timer, &QTimer::timeout, [this] {
+            auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
+            if (!window || !window->isVisible()) return;
+            m_timer.stop();
+            m_act(*window);
+        });
+        m_timer.start(5);
+    }
+
+private:
+    std::function<void(Window&)> m_act;
+    QTimer m_timer;
+};
+
+Answer AnswerWith(QMessageBox::StandardButton button) {
+    OnModal<QMessageBox> user([button](QMessageBox& box) { box.button(button)->click(); });
+    return QtMessageBoxes().AskYesNoCancel(u"Really?");
+}
+
+TEST(QtMessageBoxes, EachButtonIsItsAnswer) {
+    EXPECT_EQ(AnswerWith(QMessageBox::Yes), Answer::Yes);
+    EXPECT_EQ(AnswerWith(QMessageBox::No), Answer::No);
+    EXPECT_EQ(AnswerWith(QMessageBox::Cancel), Answer::Cancel);
+}
+
+TEST(QtMessageBoxes, EscapeAndClosingAnswerCancelAndEnterAnswersYes) {
+    {
+        OnModal<QMessageBox> user([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        EXPECT_EQ(QtMessageBoxes().AskYesNoCancel(u"Really?"), Answer::Cancel);
+    }
+    {
+        OnModal<QMessageBox> user([](QMessageBox& box) { box.close(); });
+        EXPECT_EQ(QtMessageBoxes().AskYesNoCancel(u"Really?"), Answer::Cancel);
+    }
+    OnModal<QMessageBox> user([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(QtMessageBoxes().AskYesNoCancel(u"Really?"), Answer::Yes);
+}
+
+TEST(QtMessageBoxes, TheQuestionIsTextUnderTheApplicationsTitle) {
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("TessaView"));
+    QString title, text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    Qt::TextFormat format = Qt::AutoText;
+    OnModal<QMessageBox> user([&](QMessageBox& box) {
+        title = box.windowTitle();
+        text = box.text();
+        icon = box.icon();
+        format = box.textFormat();
+        box.close();
+    });
+    (void)QtMessageBoxes().AskYesNoCancel(u"<b>Really?</b>");
+    EXPECT_EQ(title, QStringLiteral("TessaView"));
+    EXPECT_EQ(text, QStringLiteral("<b>Really?</b>"));
+    EXPECT_EQ(icon, QMessageBox::Question);
+    EXPECT_EQ(format, Qt::PlainText);
+}
+
+TEST(QtFileDialogs, PairsOfDescriptionAndPatternsBecomeQtFilters) {
+    EXPECT_EQ(QtNameFilters(u"TessaGroup File (*.tvg)|*.tvg"), QStringList{QStringLiteral("TessaGroup File (*.tvg)")});
+    EXPECT_EQ(QtNameFilters(u"HTML Files (*.htm, *.html)|*.htm; *.html|All Files (*.*)|*.*"),
+              (QStringList{QStringLiteral("HTML Files (*.htm *.html)"), QStringLiteral("All Files (*)")}));
+    EXPECT_EQ(QtNameFilters(u"Plain|*.txt"), QStringList{QStringLiteral("Plain (*.txt)")});
+}
+
+TEST(QtFileDialogs, AFilterThatIsNoneGivesNone) {
+    EXPECT_TRUE(QtNameFilters(u"").isEmpty());
+    EXPECT_TRUE(QtNameFilters(u"Only a description").isEmpty());
+    EXPECT_TRUE(QtNameFilters(u"Empty| ; ").isEmpty());
+    EXPECT_EQ(QtNameFilters(u"A|*.a|odd"), QStringList{QStringLiteral("A (*.a)")});
+}
+
+TEST(QtFileDialogs, TheChosenFileIsTheAnswer) {
+    QTemporaryDir folder;
+    const QString path = QDir(folder.path()).filePath(QStringLiteral("news.tvg"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    const FileDialogRequest request{u"Open TessaGroup", folder.path().toStdU16String(),
+                                    u"TessaGroup File (*.tvg)|*.tvg", true};
+    QString title;
+    OnModal<QFileDialog> user([&](QFileDialog& dialog) {
+        title = dialog.windowTitle();
+        auto* name = dialog.findChild<QLineEdit*>();
+        name->setText(QStringLiteral("news.tvg"));
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtFileDialogs().ShowOpen(request), path.toStdU16String());
+    EXPECT_EQ(title, QStringLiteral("Open TessaGroup"));
+}
+
+TEST(QtFileDialogs, CancellingAnswersNothing) {
+    OnModal<QFileDialog> user([](QFileDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(QtFileDialogs().ShowOpen({}), Text());
+}
+
+} // namespace
