@@ -1,0 +1,63 @@
+# Sourced by run.sh and test.sh: what the house needs from Debian, and how it gets there.
+# shellcheck shell=bash
+# shellcheck disable=SC2034 # the lists are for those who source this
+
+core_packages=(g++ cmake ninja-build ccache libgtest-dev)
+build_packages=("${core_packages[@]}" qt6-base-dev qt6-webengine-dev libgl-dev libbenchmark-dev)
+# What the program needs to look right wherever it runs; qt6-wayland for desktops without an X server.
+run_packages=(qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)
+display_packages=(xvfb openbox xdotool imagemagick)
+format_packages=(clang-format git)
+test_packages=(dbus at-spi2-core python3 python3-pyatspi)
+
+# SVG icons need a plugin of Qt that has a package of its own from Debian 13 on.
+svg_package() {
+  local package
+  compgen -G '/usr/lib/*/qt6/plugins/iconengines/libqsvgicon.so' >/dev/null && return
+  for package in qt6-svg-plugins libqt6svg6; do
+    if apt-cache show "$package" >/dev/null 2>&1; then echo "$package"; return; fi
+  done
+  echo libqt6svg6
+}
+
+missing_of() {
+  local have package
+  have=" $(dpkg-query -W -f='${db:Status-Status}:${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed://p' | tr '\n' ' ')"
+  for package in "$@"; do
+    [[ $have == *" $package "* ]] || echo "$package"
+  done
+}
+
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+can_be_root() {
+  [ "$(id -u)" = 0 ] && return
+  command -v sudo >/dev/null || return
+  # Without a terminal nobody can type the password.
+  sudo -n true 2>/dev/null || [ -t 0 ]
+}
+
+# install_missing [--svg] PACKAGE...: installs what is missing; does nothing, and at once, when nothing is. --svg adds
+# the plugin for SVG icons.
+install_missing() {
+  local svg=no missing
+  if [ "$1" = --svg ]; then svg=yes; shift; fi
+  if ! command -v dpkg-query >/dev/null; then
+    echo "This is not a Debian system, so nothing is installed. Needed are the equivalents of: $*" >&2
+    return
+  fi
+  mapfile -t missing < <(missing_of "$@"; [ $svg = no ] || svg_package)
+  [ ${#missing[@]} -gt 0 ] || return 0
+  if ! can_be_root; then
+    echo "Packages are missing, and installing them needs root or sudo. Have an administrator run:" >&2
+    echo "  apt-get install --no-install-recommends ${missing[*]}" >&2
+    return 1
+  fi
+  as_root apt-get update -qq || echo "The lists of packages could not be brought up to date." >&2
+  # Which package holds the plugin is known for sure only with fresh lists.
+  mapfile -t missing < <(missing_of "$@"; [ $svg = no ] || svg_package)
+  echo "Installing packages: ${missing[*]}" >&2
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}
