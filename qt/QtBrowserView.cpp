@@ -211,7 +211,7 @@ void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_fallback.clear();
     if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;
     if (info.errorDomain() != QWebEngineLoadingInfo::ConnectionErrorDomain) return;
-    Navigate(FromQt(std::exchange(m_fallback, QUrl()).toString(QUrl::FullyEncoded)));
+    ResumeNext(Navigate(FromQt(std::exchange(m_fallback, QUrl()).toString(QUrl::FullyEncoded))));
 }
 
 void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {

@@ -23,7 +23,7 @@ namespace {
 
 class QtApplication final : public Application {
 public:
-    void SetTitle(TextView title) override { QGuiApplication::setApplicationDisplayName(ToQt(title)); }
+    void SetTitle(TextView title) override { QCoreApplication::setApplicationName(ToQt(title)); }
     void DoEvents() override { QCoreApplication::processEvents(); }
 };
 
@@ -31,9 +31,9 @@ public:
 int& BeforeApplication(int& argc) {
     QtStartPage::RegisterScheme();
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    QCoreApplication::setApplicationName(QStringLiteral("tessaview"));
+    // Not the display name, which Qt appends to the title of every window.
+    QCoreApplication::setApplicationName(QStringLiteral("TessaView"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TESSAVIEW_VERSION));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("TessaView"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tessaview"));
     return argc;
 }
