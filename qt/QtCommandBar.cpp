@@ -123,6 +123,8 @@ void QtCommandBar::MakeToolBar() {
     bar->addWidget(m_addressBox);
 }
 
+QtAddressBox* QtCommandBar::AddressBox() const { return m_addressBox; }
+
 void QtCommandBar::FocusAddressBox() {
     if (!m_addressBox) return;
     m_addressBox->setFocus(Qt::ShortcutFocusReason);

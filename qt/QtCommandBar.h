@@ -21,7 +21,7 @@ public:
 
     /// Nothing for a tool that the bar does not have.
     [[nodiscard]] QAction* Find(TextView name) const;
-    [[nodiscard]] QtAddressBox* AddressBox() const { return m_addressBox; }
+    [[nodiscard]] QtAddressBox* AddressBox() const;
     void FocusAddressBox();
 
     /// Enter was pressed in the address box, whose tool holds the text. Filled in by the owner.

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 namespace {
-constexpr int kNarrowest = 7; // in heights of the font
+constexpr int kNarrowest = 8; // in heights of the font
 constexpr int kWidest = 14;
 constexpr int kArrowWidth = 20;
 constexpr int kCloseSize = 16;

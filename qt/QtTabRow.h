@@ -10,7 +10,7 @@ class QtTabRow {
 public:
     enum class Arrow { Back, Forward };
 
-    /// `em` is the font's height; a tab is 7 to 14 of it wide.
+    /// `em` is the font's height; a tab is 8 to 14 of it wide.
     void Lay(QSize size, std::size_t count, int em);
     /// Clamped to what there is to scroll.
     void ScrollTo(int offset);
