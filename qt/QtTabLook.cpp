@@ -80,7 +80,7 @@ void QtTabLook::PaintTab(QPainter& painter, const QtTabFace& face) const {
 void QtTabLook::PaintBody(QPainter& painter, const QtTabFace& face) const {
     const QRect& place = face.place;
     if (!face.selected && !face.hovered) {
-        painter.fillRect(QRect(place.right(), place.top() + 5, 1, place.height() - 10), m_line);
+        if (face.dividerShown) painter.fillRect(QRect(place.right(), place.top() + 5, 1, place.height() - 10), m_line);
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);

@@ -17,6 +17,7 @@ struct QtTabFace {
     bool selected = false;
     bool hovered = false;
     bool focused = false;
+    bool dividerShown = true; ///< the line to the next tab
     bool closeShown = false;
     bool closeHovered = false;
     QRect place;

@@ -118,6 +118,7 @@ QtTabFace QtTabStrip::PaintedFace(std::size_t position) const {
     face.selected = position == m_selected;
     face.hovered = position == m_hover.position;
     face.focused = face.selected && hasFocus();
+    face.dividerShown = position + 1 != m_selected;
     face.closeShown = face.selected || face.hovered;
     face.closeHovered = face.hovered && m_hover.part == Part::Close;
     face.place = m_row.TabPlace(position);
