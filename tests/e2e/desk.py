@@ -1,0 +1,297 @@
+"""What end-to-end tests share: the real program on the display that on-display.sh provides, looked at from outside
+through the accessibility bus and the X server, and a local server for pages. Every wait is for a condition."""
+
+import http.server
+import os
+import signal
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+
+import pyatspi
+
+WINDOW_TITLE = "TessaView 3"
+PATIENCE = 60  # seconds until a condition counts as never coming true; far beyond what any step takes
+
+
+class NeverTrue(AssertionError):
+    """A condition has not come true in time."""
+
+
+def wait_until(condition, seconds=PATIENCE, what=None):
+    """Asks `condition` again until its answer is true, and returns that answer. A part of the window that went away
+    while it was looked at counts as not yet true. `what`, a text or a function that gives one, says what was missed."""
+    end = time.monotonic() + seconds
+    while True:
+        try:
+            answer = condition()
+        except Exception as error:  # AT-SPI reports a vanished object as one of several kinds of error
+            if isinstance(error, (AssertionError, NameError, TypeError)):
+                raise
+            answer = None
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise NeverTrue(what() if callable(what) else what or "the condition never came true")
+        time.sleep(0.03)
+
+
+def walk(node):
+    """The node and everything in it, from the outside in."""
+    yield node
+    for index in range(node.childCount):
+        child = node.getChildAtIndex(index)
+        if child is not None:
+            yield from walk(child)
+
+
+def is_showing(node):
+    return node.getState().contains(pyatspi.STATE_SHOWING)
+
+
+class Program:
+    """One start of the program. Use it in a `with`: it is ended at the end of the block if it still runs."""
+
+    def __init__(self, file, *arguments, home, folder=None):
+        """`home` is the state folder; two starts with the same one meet each other. `folder` is the current folder."""
+        self.home = home
+        environment = dict(os.environ, TESSAVIEW_HOME=home)
+        self._errors = tempfile.TemporaryFile()
+        self.process = subprocess.Popen(
+            [file, *arguments], env=environment, cwd=folder, stdin=subprocess.DEVNULL, stderr=self._errors
+        )
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, kind, error, trace):
+        if error is not None:
+            print(f"-- {self.process.args}: {self.what_is_seen()}\n-- standard error: {self.errors()}", file=sys.stderr)
+        self.kill()
+        self._errors.close()
+
+    def errors(self):
+        """What the program has written to standard error so far."""
+        self._errors.seek(0)
+        return self._errors.read().decode(errors="replace")
+
+    def kill(self):
+        """Ends the program at once, as a crash would."""
+        if self.process.poll() is None:
+            self.process.send_signal(signal.SIGKILL)
+        self.process.wait()
+
+    def wait_end(self, seconds=PATIENCE):
+        """Waits until the program has ended by itself; its exit code."""
+        wait_until(lambda: self.process.poll() is not None, seconds, "the program did not end")
+        return self.process.returncode
+
+    # -- what is there
+
+    def application(self):
+        """The program on the accessibility bus; nothing while it is not there."""
+        desktop = pyatspi.Registry.getDesktop(0)
+        for index in range(desktop.childCount):
+            each = desktop.getChildAtIndex(index)
+            if each is not None and each.get_process_id() == self.process.pid:
+                return each
+        return None
+
+    def _alive(self):
+        if self.process.poll() is not None:
+            raise AssertionError(f"the program has ended with {self.process.returncode}: {self.errors()}")
+
+    def find_now(self, role, name=None):
+        """The first visible thing of that role, and that name if one is given; nothing when there is none."""
+        self._alive()
+        application = self.application()
+        for node in walk(application) if application else ():
+            if node.getRoleName() == role and (name is None or node.name == name) and is_showing(node):
+                return node
+        return None
+
+    def find(self, role, name=None, seconds=PATIENCE):
+        """Like `find_now`, but waits for it."""
+        return wait_until(
+            lambda: self.find_now(role, name), seconds, lambda: f"no {role} {name!r}; seen: {self.what_is_seen()}"
+        )
+
+    def window(self):
+        """Waits for the main window."""
+        return self.find("frame", WINDOW_TITLE)
+
+    def window_id(self):
+        """The main window's number on the X server, waited for."""
+        command = ["xdotool", "search", "--pid", str(self.process.pid), "--name", f"^{WINDOW_TITLE}$"]
+        return wait_until(
+            lambda: subprocess.run(command, capture_output=True, text=True).stdout.split(), what="no main window"
+        )[0]
+
+    def tabs(self):
+        """The tabs of the strip from left to right, those scrolled out of sight included."""
+        self._alive()
+        application = self.application()
+        for node in walk(application) if application else ():
+            if node.getRoleName() == "page tab list":
+                return [node.getChildAtIndex(index) for index in range(node.childCount)]
+        return []
+
+    def strip(self):
+        """The strip as a person reads it: the captions, the selected one in brackets."""
+        selected = pyatspi.STATE_SELECTED
+        return [f"[{tab.name}]" if tab.getState().contains(selected) else tab.name for tab in self.tabs()]
+
+    def wait_strip(self, expected):
+        """Waits until the strip shows exactly these captions, the selected one in brackets."""
+        wait_until(lambda: self.strip() == expected, what=lambda: f"strip is {self.strip()}, not {expected}")
+
+    def message_now(self):
+        """The question of the message box that is open: the window that has it, and its text; else nothing."""
+        self._alive()
+        application = self.application()
+        for index in range(application.childCount if application else 0):
+            window = application.getChildAtIndex(index)
+            if window.getRoleName() not in ("alert", "dialog") or not is_showing(window):
+                continue
+            labels = [node.name for node in walk(window) if node.getRoleName() == "label" and node.name]
+            return window, labels[0] if labels else window.name
+        return None
+
+    def what_is_seen(self):
+        try:
+            application = self.application()
+            nodes = [f"{node.getRoleName()} {node.name!r}" for node in walk(application)] if application else []
+            return "; ".join(nodes)
+        except Exception as error:
+            return f"nothing ({error})"
+
+    # -- what a person does
+
+    def press(self, role, name):
+        """Presses a button or chooses a menu's entry, without waiting for what comes of it."""
+        press_node(self.find(role, name))
+
+    def answer(self, question, button):
+        """Waits for a message box with that question, presses a button of it and waits until it has closed."""
+
+        def box():
+            found = self.message_now()
+            return found and found[1] == question and found[0]
+
+        window = wait_until(box, what=lambda: f"no question {question!r}; seen: {self.what_is_seen()}")
+        buttons = {node.name.replace("&", ""): node for node in walk(window) if node.getRoleName() == "push button"}
+        press_node(buttons[button])
+        wait_until(
+            lambda: self.process.poll() is not None or self.message_now() is None, what="the message box did not close"
+        )
+
+    def focus(self):
+        """Makes the main window the one that gets the keys, and waits until it is."""
+        window = self.window_id()
+        subprocess.run(["xdotool", "windowactivate", "--sync", window], check=True)
+        wait_until(lambda: xdotool("getactivewindow") == window, what="the main window did not become the active one")
+
+    def keys(self, *keys):
+        """Presses key combinations, named as xdotool names them: "ctrl+w", "Return"."""
+        self.focus()
+        subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)
+
+    def screenshot(self, file):
+        """Writes the whole display as a picture."""
+        subprocess.run(["import", "-window", "root", file], check=True)
+
+
+def xdotool(*arguments):
+    return subprocess.run(["xdotool", *arguments], capture_output=True, text=True).stdout.strip()
+
+
+def press_node(node):
+    action = node.queryAction()
+    names = [action.getName(index) for index in range(action.nActions)]
+    for name in ("Press", "press", "click"):
+        if name in names:
+            action.doAction(names.index(name))
+            return
+    raise AssertionError(f"{node.getRoleName()} {node.name!r} cannot be pressed, only {names}")
+
+
+class PageServer:
+    """Pages on 127.0.0.1, 127.0.0.2 and so on, all at one port, so that each is a host of its own to the engine. The
+    address says the title: /Garden is a page with the title "Garden". Use it in a `with`."""
+
+    def __init__(self, hosts=1):
+        self.requests = []  # paths in the order in which they were asked for, the host before them: "127.0.0.1/Garden"
+        self._lock = threading.Lock()
+        self._servers = []
+        port = 0
+        for host in range(1, hosts + 1):
+            server = http.server.ThreadingHTTPServer((f"127.0.0.{host}", port), self._handler())
+            port = server.server_address[1]
+            self._servers.append(server)
+            threading.Thread(target=server.serve_forever, daemon=True).start()
+        self.port = port
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *error):
+        for server in self._servers:
+            server.shutdown()
+            server.server_close()
+
+    def address(self, title, host=1):
+        return f"http://127.0.0.{host}:{self.port}/{title}"
+
+    def requested(self):
+        with self._lock:
+            return list(self.requests)
+
+    def _handler(self):
+        pages = self
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                host = self.server.server_address[0]
+                with pages._lock:
+                    pages.requests.append(host + self.path)
+                title = self.path.strip("/")
+                known = title != "favicon.ico"
+                page = f"<!doctype html><title>{title}</title><h1>{title}</h1>".encode() if known else b""
+                self.send_response(200 if known else 404)
+                self.send_header("Content-Type", "text/html; charset=utf-8")
+                self.send_header("Content-Length", str(len(page)))
+                self.end_headers()
+                self.wfile.write(page)
+
+            def log_message(self, *words):
+                pass
+
+        return Handler
+
+
+def write_group(file, addresses):
+    """Writes a TessaGroup file."""
+    lines = ["[TessaGroup]", *(f"url{number}={address}" for number, address in enumerate(addresses, 1))]
+    with open(file, "w", newline="\r\n", encoding="utf-8") as group:
+        group.write("\n".join(lines) + "\n")
+
+
+def state_folder():
+    """A fresh state folder inside the one that on-display.sh removes at the end."""
+    return tempfile.mkdtemp(dir=os.environ["TESSAVIEW_HOME"])
+
+
+def program_file():
+    """The program under test: the first argument of the test."""
+    if len(sys.argv) < 2:
+        sys.exit(f"usage: on-display.sh /usr/bin/python3 {sys.argv[0]} PROGRAM")
+    return os.path.abspath(sys.argv.pop(1))
+
+
+def main():
+    """Runs the tests of the file that calls it."""
+    # pyatspi itself calls what its library has declared out of date.
+    unittest.main(module="__main__", warnings="ignore")
