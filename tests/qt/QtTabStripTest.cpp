@@ -149,7 +149,7 @@ TEST_F(QtTabStripTest, ABusyTabShowsRedInPlaceOfThePageIcon) {
     widget.PageIcon = [&](const Tab&) { return QIcon(blue); };
     AddMany(1);
     Show();
-    const QPoint icon(15, widget.height() / 2);
+    const QPoint icon = QPoint(15, widget.height() / 2) * widget.devicePixelRatio();
     EXPECT_EQ(widget.grab().toImage().pixelColor(icon), QColor(Qt::blue));
     strip.SetImage(strip.FindAt(1), TabImage::Red);
     Quiet();
