@@ -109,25 +109,31 @@ IniFile::IniFile(std::string_view bytes) {
 
 std::string IniFile::Bytes() const { return m_mark + (m_wide ? BytesOf(*m_wide) : m_text); }
 
+// Only headers and keys are kept; all else is what lies between them.
 void IniFile::Parse() {
     m_lines.clear();
     m_sections.clear();
     m_keysByHeader.clear();
+    std::optional<Range> open;
+    std::string openName;
+    const auto close = [&] {
+        if (open) m_sections.try_emplace(openName, Range{open->header, open->first, m_lines.size()});
+    };
     for (std::size_t at = 0; at < m_text.size();) {
-        std::size_t end = m_text.find_first_of("\r\n", at);
-        if (end == std::string::npos) end = m_text.size();
-        std::size_t next = std::min(end + 1, m_text.size());
-        if (m_text.compare(end, 2, "\r\n") == 0) next = end + 2;
-        Line line{at, end, next, Kind::Other};
-        const std::string_view text = Trimmed(LineText(line));
-        if (text.starts_with('['))
-            line.kind = Kind::Header;
-        else if (!text.starts_with(';') && text.find('=') != std::string_view::npos)
-            line.kind = Kind::Key;
-        if (line.kind == Kind::Header) m_sections.emplace(Folded(HeaderName(text)), m_lines.size());
-        m_lines.push_back(line);
+        const std::size_t end = std::min(m_text.find_first_of("\r\n", at), m_text.size());
+        const std::size_t next = m_text.compare(end, 2, "\r\n") == 0 ? end + 2 : std::min(end + 1, m_text.size());
+        const std::string_view text = Trimmed(std::string_view(m_text).substr(at, end - at));
+        if (text.starts_with('[')) {
+            close();
+            open = Range{m_lines.size(), m_lines.size() + 1, 0};
+            openName = Folded(HeaderName(text));
+            m_lines.push_back({at, end, next, Kind::Header});
+        } else if (!text.starts_with(';') && text.find('=') != std::string_view::npos) {
+            m_lines.push_back({at, end, next, Kind::Key});
+        }
         at = next;
     }
+    close();
 }
 
 std::string_view IniFile::LineText(const Line& line) const {
@@ -142,18 +148,13 @@ std::string_view IniFile::KeyName(const Line& line) const {
 std::optional<IniFile::Range> IniFile::FindSection(std::string_view name) const {
     const auto found = m_sections.find(Folded(Argument(name)));
     if (found == m_sections.end()) return std::nullopt;
-    const std::size_t first = found->second + 1;
-    std::size_t last = first;
-    while (last < m_lines.size() && m_lines[last].kind != Kind::Header) ++last;
-    return Range{found->second, first, last};
+    return found->second;
 }
 
 const IniFile::KeyIndex& IniFile::KeysOf(const Range& section) const {
     const auto [index, made] = m_keysByHeader.try_emplace(section.header);
     if (!made) return index->second;
-    for (std::size_t i = section.first; i < section.last; ++i) {
-        if (m_lines[i].kind == Kind::Key) index->second.emplace(Folded(KeyName(m_lines[i])), i);
-    }
+    for (std::size_t i = section.first; i < section.last; ++i) index->second.emplace(Folded(KeyName(m_lines[i])), i);
     return index->second;
 }
 
@@ -178,7 +179,7 @@ std::string IniFile::KeyList(std::string_view section, std::string_view whenMiss
     const auto range = FindSection(section);
     std::string list;
     for (std::size_t i = range ? range->first : 0; range && i < range->last; ++i) {
-        if (m_lines[i].kind == Kind::Key) list.append(KeyName(m_lines[i])).push_back('\0');
+        list.append(KeyName(m_lines[i])).push_back('\0');
     }
     return list.empty() ? Cut(WithoutSpacesBehind(whenMissing), size) : CutList(std::move(list), size);
 }
@@ -202,11 +203,7 @@ void IniFile::SetValue(std::string_view section, std::string_view key, std::stri
         const Line& old = m_lines[*found];
         Replace(m_text.find('=', old.begin) + 1, old.next, std::string(value) + "\r\n");
     } else {
-        std::size_t behind = range->header;
-        for (std::size_t i = range->first; i < range->last; ++i) {
-            if (m_lines[i].kind == Kind::Key) behind = i;
-        }
-        const Line& before = m_lines[behind];
+        const Line& before = m_lines[range->last - 1];
         Replace(before.next, before.next, (before.next == before.end ? "\r\n" : "") + line);
     }
 }
@@ -221,11 +218,12 @@ void IniFile::RemoveSection(std::string_view section) {
     const auto range = FindSection(section);
     if (!range) return;
     std::string kept;
-    const std::size_t begin = m_lines[range->header].begin;
-    const std::size_t end = m_lines[range->last - 1].next;
-    for (std::size_t i = range->first; i < range->last; ++i) {
-        if (m_lines[i].kind == Kind::Other) kept += m_text.substr(m_lines[i].begin, m_lines[i].next - m_lines[i].begin);
+    const std::size_t end = range->last < m_lines.size() ? m_lines[range->last].begin : m_text.size();
+    for (std::size_t i = range->header; i < range->last; ++i) {
+        const std::size_t until = i + 1 < range->last ? m_lines[i + 1].begin : end;
+        kept.append(m_text, m_lines[i].next, until - m_lines[i].next);
     }
+    const std::size_t begin = m_lines[range->header].begin;
     Replace(begin, end, kept);
 }
 

@@ -36,7 +36,7 @@ public:
     [[nodiscard]] std::string Bytes() const;
 
 private:
-    enum class Kind { Other, Header, Key };
+    enum class Kind { Header, Key };
     struct Line {
         std::size_t begin, end; ///< without the line end
         std::size_t next;       ///< where the next line begins
@@ -60,7 +60,7 @@ private:
     std::string m_mark;
     std::optional<std::u16string> m_wide; ///< of UTF-16 text its units, one to each byte of `m_text`
     std::vector<Line> m_lines;
-    std::unordered_map<std::string, std::size_t> m_sections;          ///< folded name to the first header's line
+    std::unordered_map<std::string, Range> m_sections;                ///< by folded name, the first of each
     mutable std::unordered_map<std::size_t, KeyIndex> m_keysByHeader; ///< made when first asked for
 };
 

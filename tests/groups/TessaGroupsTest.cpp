@@ -1,0 +1,92 @@
+#include "groups/TessaGroups.h"
+
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string Loaded(const TemporaryFolder& folder, const std::string& bytes) {
+    folder.Write("a.tvg", bytes);
+    std::string all;
+    for (const auto& address : TessaGroups::Load(folder.PathText("a.tvg"))) all += "<" + ToUtf8(address.Key) + ">";
+    return all;
+}
+
+TEST(TessaGroups, TakesTheAddressesInTheOrderOfTheKeysWhateverTheirNumbers) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(Loaded(folder, "[TessaGroup]\r\nurl2=http://b/\r\nurl1=http://a/\r\n"), "<http://b/><http://a/>");
+    EXPECT_EQ(Loaded(folder, "[TessaGroup]\r\nurl0=http://a/\r\nother=http://b/\r\n"), "<http://a/><http://b/>");
+}
+
+TEST(TessaGroups, OtherSectionsAreIgnored) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(Loaded(folder, "[x]\r\nurl1=no\r\n[tessagroup]\r\nurl1=yes\r\n[y]\r\nurl2=no\r\n"), "<yes>");
+}
+
+TEST(TessaGroups, EmptyValuesAreEmptyAddresses) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(Loaded(folder, "[TessaGroup]\r\nurl1=\r\nurl2=b\r\n"), "<><b>");
+}
+
+TEST(TessaGroups, EqualKeysAreListedTwiceAndReadTheFirstValue) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(Loaded(folder, "[TessaGroup]\r\nurl1=a\r\nurl1=b\r\n"), "<a><a>");
+}
+
+TEST(TessaGroups, AFileWithoutTheSectionOrKeysIsAnEmptyGroup) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(Loaded(folder, ""), "");
+    EXPECT_EQ(Loaded(folder, "[TessaGroup]\r\n"), "");
+    EXPECT_EQ(Loaded(folder, "[Other]\r\nurl1=a\r\n"), "");
+}
+
+TEST(TessaGroups, AMissingFileOrAFolderIsAnEmptyGroup) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(TessaGroups::Load(folder.PathText("missing.tvg")).Count(), 0u);
+    EXPECT_EQ(TessaGroups::Load(folder.PathText("")).Count(), 0u);
+    EXPECT_EQ(TessaGroups::Load(u"").Count(), 0u);
+}
+
+TEST(TessaGroups, AValueOf600CharactersComesBackAsItsFirst511) {
+    const TemporaryFolder folder;
+    const std::string all = Loaded(folder, "[TessaGroup]\r\nurl1=" + std::string(600, 'x') + "\r\n");
+    EXPECT_EQ(all, "<" + std::string(511, 'x') + ">");
+}
+
+TEST(TessaGroups, AKeyListBeyondItsBufferIsCutAndTheCutNameDropped) {
+    const TemporaryFolder folder;
+    std::string bytes = "[TessaGroup]\r\n";
+    // 8 bytes a name with its NUL: 2047 names are 16376 bytes, the next one would end at 16384.
+    for (int i = 0; i < 3000; ++i) bytes += "u" + std::to_string(100000 + i) + "=" + std::to_string(i) + "\r\n";
+    folder.Write("a.tvg", bytes);
+    EXPECT_EQ(TessaGroups::Load(folder.PathText("a.tvg")).Count(), 2047u);
+}
+
+TEST(TessaGroups, GarbageAndAMillionKeysAreRead) {
+    const TemporaryFolder folder;
+    std::string garbage;
+    std::minstd_rand random(17);
+    for (int i = 0; i < 1'000'000; ++i) garbage.push_back(static_cast<char>(random()));
+    EXPECT_EQ(Loaded(folder, garbage), "");
+    std::string keys = "[TessaGroup]\n";
+    for (int i = 0; i < 1'000'000; ++i) keys += "k=" + std::to_string(i) + "\n";
+    folder.Write("a.tvg", keys);
+    EXPECT_EQ(TessaGroups::Load(folder.PathText("a.tvg")).Count(), 8191u);
+}
+
+TEST(TessaGroups, TextIsUtf8WhenItIsValidElseWindows1252) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(Loaded(folder, "[TessaGroup]\r\nurl1=http://b\xC3\xBC/\r\nurl2=http://b\xFC/\r\n"),
+              "<http://bü/><http://bü/>");
+    EXPECT_EQ(Loaded(folder, "\xEF\xBB\xBF[TessaGroup]\r\nurl1=a\r\n"), "<a>");
+}
+
+TEST(TessaGroups, ReadsOneValueOfAnyIniFile) {
+    const TemporaryFolder folder;
+    folder.Write("x.url", "[InternetShortcut]\r\nURL=http://a/\r\n");
+    EXPECT_EQ(TessaGroups::ReadIniValue(folder.PathText("x.url"), u"InternetShortcut", u"url", u""), u"http://a/");
+    EXPECT_EQ(TessaGroups::ReadIniValue(folder.PathText("x.url"), u"InternetShortcut", u"no", u"d "), u"d");
+}
+
+} // namespace
