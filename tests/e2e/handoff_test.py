@@ -1,5 +1,8 @@
 """A second start of the program hands its command line to the one that runs."""
 
+import os
+import signal
+import subprocess
 import unittest
 
 import desk
@@ -42,6 +45,71 @@ class HandOff(unittest.TestCase):
             with desk.Program(PROGRAM, pages.address("Second"), home=desk.state_folder()) as second:
                 second.wait_strip(["[Second]"])
                 first.wait_strip(["[First]"])
+
+    def test_two_second_starts_at_the_same_moment_both_arrive(self):
+        with desk.PageServer(hosts=2) as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home) as first:
+            first.wait_strip(["[First]"])
+            with (
+                desk.Program(PROGRAM, pages.address("Second"), home=self.home) as second,
+                desk.Program(PROGRAM, pages.address("Third"), home=self.home) as third,
+            ):
+                self.assertEqual((second.wait_end(), third.wait_end()), (0, 0))
+            # The text of the one may have been read for both: the last writer wins.
+            desk.wait_until(lambda: len(first.strip()) == 3, what=lambda: f"strip is {first.strip()}")
+
+    def test_of_two_first_starts_at_the_same_moment_one_runs(self):
+        with desk.Program(PROGRAM, home=self.home) as one, desk.Program(PROGRAM, home=self.home) as other:
+            desk.wait_until(
+                lambda: (one.process.poll(), other.process.poll()) in ((None, 0), (0, None)), what="not exactly one ended"
+            )
+            running = one if one.process.poll() is None else other
+            running.window()
+
+    def test_with_multiple_instances_allowed_every_start_runs(self):
+        with open(os.path.join(self.home, "settings.ini"), "w", encoding="ascii") as settings:
+            settings.write("[General]\nAllowMultipleInstances=true\n")
+        with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home) as first:
+            first.wait_strip(["[First]"])
+            with desk.Program(PROGRAM, pages.address("Second"), home=self.home) as second:
+                second.wait_strip(["[Second]"])
+                self.assertEqual(first.strip(), ["[First]"])
+
+    def test_a_minimized_window_comes_back(self):
+        def state():
+            answer = ["xprop", "-id", first.window_id(), "WM_STATE"]
+            return subprocess.run(answer, capture_output=True, text=True).stdout
+
+        with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home) as first:
+            first.wait_strip(["[First]"])
+            desk.xdotool("windowminimize", first.window_id())
+            desk.wait_until(lambda: "Iconic" in state(), what="the window was not minimized")
+            with desk.Program(PROGRAM, pages.address("Second"), home=self.home) as second:
+                self.assertEqual(second.wait_end(), 0)
+            desk.wait_until(lambda: "Normal" in state(), what=state)
+            first.wait_strip(["First", "[Second]"])
+
+    def test_a_group_is_navigated_to_not_opened(self):
+        group = os.path.join(self.home, "group.tvg")
+        with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home) as first:
+            desk.write_group(group, [pages.address("A"), pages.address("B")])
+            first.wait_strip(["[First]"])
+            with desk.Program(PROGRAM, group, home=self.home) as second:
+                self.assertEqual(second.wait_end(), 0)
+            with desk.Program(PROGRAM, pages.address("Last"), home=self.home) as third:
+                self.assertEqual(third.wait_end(), 0)
+            desk.wait_until(lambda: first.strip()[-1:] == ["[Last]"], what=lambda: f"strip is {first.strip()}")
+            self.assertEqual(len(first.strip()), 3)
+
+    def test_a_sender_gives_up_on_an_instance_that_hangs(self):
+        with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home) as first:
+            first.wait_strip(["[First]"])
+            first.process.send_signal(signal.SIGSTOP)
+            try:
+                with desk.Program(PROGRAM, pages.address("Second"), home=self.home) as second:
+                    self.assertEqual(second.wait_end(), 0)
+                    self.assertIn("does not answer", second.errors())
+            finally:
+                first.process.send_signal(signal.SIGCONT)
 
 
 if __name__ == "__main__":
