@@ -16,7 +16,7 @@ constexpr std::string_view kWords[] = {"river", "paper", "north",  "garden", "si
 // The same words for the same page in every run, other words for another page.
 class Words {
 public:
-    explicit Words(std::uint32_t seed) : m_state(seed * 2654435761U + 1) {}
+    explicit Words(std::uint32_t start) : m_state(start * 2654435761U + 1) {}
 
     std::uint32_t Number() {
         m_state = m_state * 1664525U + 1013904223U;
@@ -37,7 +37,7 @@ void AppendLittle(std::string& bytes, std::uint32_t value, int count) {
 }
 
 // An uncompressed 24-bit bitmap; both sides are multiples of four, so that no line needs padding.
-std::string Bitmap(int side, std::uint32_t seed) {
+std::string Bitmap(int side, std::uint32_t start) {
     constexpr std::uint32_t kHeader = 54;
     const auto size = static_cast<std::uint32_t>(side * side * 3);
     std::string bytes = "BM";
@@ -47,7 +47,7 @@ std::string Bitmap(int side, std::uint32_t seed) {
     AppendLittle(bytes, 1, 2);
     AppendLittle(bytes, 24, 2);
     for (const std::uint32_t field : {0U, size, 2835U, 2835U, 0U, 0U}) AppendLittle(bytes, field, 4);
-    Words colours(seed);
+    Words colours(start);
     for (std::uint32_t i = 0; i < size; ++i) bytes.push_back(static_cast<char>(colours.Number()));
     return bytes;
 }
