@@ -118,11 +118,21 @@ QWidget* EngineView::PointerTarget() const {
     return widget->focusProxy() ? widget->focusProxy() : widget;
 }
 
+// A page takes the pointer once its first picture is on the screen.
+void EngineView::WaitForPicture() {
+    Script(QStringLiteral("requestAnimationFrame(() => requestAnimationFrame(() => { window.painted = 'yes'; })); 1"));
+    EXPECT_TRUE(WaitUntil([this] { return Script(QStringLiteral("window.painted")) == u"yes"; }));
+}
+
 void EngineView::ClickOn(const QString& elementId) {
+    WaitForPicture();
     QTest::mouseClick(PointerTarget(), Qt::LeftButton, {}, MiddleOf(elementId));
 }
 
-void EngineView::PointAt(const QString& elementId) { QTest::mouseMove(PointerTarget(), MiddleOf(elementId)); }
+void EngineView::PointAt(const QString& elementId) {
+    WaitForPicture();
+    QTest::mouseMove(PointerTarget(), MiddleOf(elementId));
+}
 
 EngineDesk::EngineDesk() {
     window.resize(1000, 700);

@@ -67,6 +67,7 @@ public:
     [[nodiscard]] class QtBrowserView& Real() const;
 
 private:
+    void WaitForPicture();
     QPoint MiddleOf(const QString& elementId);
     QWidget* PointerTarget() const;
 };
