@@ -32,7 +32,6 @@ void Refresh(TabSet& tabs, BrowserView& view) {
 
 const std::array kCommands{
     Command{u"mnuSettings", &CommandHost::ShowSettings},
-    Command{u"mnuOpenGroup", &CommandHost::OpenGroup},
     Command{u"mnuGoBack", ViewEffect{[](TabSet&, BrowserView& view) { ResumeNext(view.GoBack()); }}},
     Command{u"mnuGoForward", ViewEffect{[](TabSet&, BrowserView& view) { ResumeNext(view.GoForward()); }}},
     Command{u"mnuViewStatusbar", TabEffect{[](TabSet& tabs) { tabs.ToggleStatusBar(); }}},

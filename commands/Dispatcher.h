@@ -7,7 +7,6 @@
 /// What the commands need of the layers above; filled in by the main window.
 struct CommandHost {
     std::function<void()> ShowSettings;
-    std::function<void()> OpenGroup;
     std::function<void()> Exit;
 };
 

@@ -1,18 +1,22 @@
 #pragma once
-#include "common/Text.h"
+#include "common/CommandBar.h"
 
-#include <array>
+#include <span>
 
-/// A tool's unique name, the word of the command vocabulary, and its caption with "&" before the access key.
-struct ToolCaption {
-    TextView name;
+/// A tool as it is laid out by design. Ids are given in the order of the table, from 1.
+struct ToolRow {
+    TextView name; ///< the word of the command vocabulary
     TextView caption;
+    TextView category;
+    TextView description;
+    TextView icon;    ///< a name of the icon theme; empty for none
+    TextView subBand; ///< empty for none
 };
 
-inline constexpr std::array kToolCaptions{
-    ToolCaption{u"mnuNewBlank", u"New &Blank"}, ToolCaption{u"mnuOpenGroup", u"&Open TessaGroup..."},
-    ToolCaption{u"mnuClose", u"&Close"},        ToolCaption{u"mnuSettings", u"&Settings..."},
-    ToolCaption{u"mnuExit", u"E&xit"},          ToolCaption{u"mnuGoBack", u"&Back"},
-    ToolCaption{u"mnuGoForward", u"&Forward"},  ToolCaption{u"mnuStop", u"&Stop"},
-    ToolCaption{u"mnuRefresh", u"&Refresh"},    ToolCaption{u"mnuViewStatusbar", u"S&tatus Bar"},
-};
+/// The tools of the master list.
+[[nodiscard]] std::span<const ToolRow> DesignedTools();
+/// The Shop and Find links, whose description is the keyword of the link.
+[[nodiscard]] std::span<const ToolRow> ShopLinks();
+[[nodiscard]] std::span<const ToolRow> FindLinks();
+/// The combinations of keys beside those that the main window handles itself.
+[[nodiscard]] std::span<const Shortcut> DesignedShortcuts();

@@ -2,14 +2,99 @@
 
 #include "common/ResumeNext.h"
 
-Tool* CommandBar::Find(TextView name) const {
+#include <algorithm>
+
+void ComboTool::InsertFirst(Text item) {
+    std::vector<Text> list = List();
+    list.insert(list.begin(), std::move(item));
+    List = std::move(list);
+}
+
+void ComboTool::RemoveItem(std::size_t index) {
+    if (index >= ListCount()) return;
+    std::vector<Text> list = List();
+    list.erase(list.begin() + static_cast<std::ptrdiff_t>(index));
+    List = std::move(list);
+}
+
+void CommandBar::Keep(std::shared_ptr<Tool> tool) {
+    Must(tool && m_byName.emplace(tool->Name(), tool).second);
+    m_tools.push_back(std::move(tool));
+}
+
+std::shared_ptr<Tool> CommandBar::Share(TextView name) const {
     const auto found = m_byName.find(Text(name));
     return found == m_byName.end() ? nullptr : found->second;
 }
 
+Tool* CommandBar::Find(TextView name) const {
+    if (const auto found = m_byName.find(Text(name)); found != m_byName.end()) return found->second.get();
+    for (const auto& band : m_bands) {
+        if (Tool* tool = band->Find(name)) return tool;
+    }
+    return nullptr;
+}
+
 ComboTool* CommandBar::FindCombo(TextView name) const { return dynamic_cast<ComboTool*>(Find(name)); }
 
-void CommandBar::Keep(std::unique_ptr<Tool> tool) {
-    Must(m_byName.emplace(tool->Name(), tool.get()).second);
-    m_tools.push_back(std::move(tool));
+Band* CommandBar::AddBand(Text name, Text caption, BandKind kind) {
+    if (FindBand(name)) return nullptr;
+    m_bands.push_back(std::make_unique<Band>(std::move(name), std::move(caption), kind));
+    Band* band = m_bands.back().get();
+    m_bandsByName.emplace(band->Name(), band);
+    // Only a toolbar or the menu bar is on the screen by itself; a menu is made when it opens.
+    if (m_view.BandsChanged && (kind == BandKind::Toolbar || kind == BandKind::MenuBar)) m_view.BandsChanged();
+    return band;
 }
+
+Band* CommandBar::FindBand(TextView name) const {
+    const auto found = m_bandsByName.find(Text(name));
+    return found == m_bandsByName.end() ? nullptr : found->second;
+}
+
+void CommandBar::RemoveBand(TextView name) {
+    const auto place = std::ranges::find(m_bands, name, [](const auto& band) { return TextView(band->Name()); });
+    if (place == m_bands.end()) return;
+    // The view must let go of the band's tools before they end.
+    const std::unique_ptr<Band> removed = std::move(*place);
+    m_bandsByName.erase(removed->Name());
+    m_bands.erase(place);
+    removed->Clear();
+    if (m_view.BandsChanged) m_view.BandsChanged();
+}
+
+void CommandBar::Popup(TextView band) {
+    Band* found = FindBand(band);
+    if (found && m_view.Popup) m_view.Popup(*found);
+}
+
+void CommandBar::FocusTool(TextView band, TextView tool) {
+    Band* found = FindBand(band);
+    Tool* item = found ? found->Find(tool) : nullptr;
+    if (item && m_view.FocusTool) m_view.FocusTool(*found, *item);
+}
+
+void CommandBar::RecalcLayout() {
+    if (m_view.RecalcLayout) m_view.RecalcLayout();
+}
+
+KeyUsed CommandBar::KeyDown(KeyStroke key) {
+    const auto shortcut = std::ranges::find(m_shortcuts, key, &Shortcut::Key);
+    Tool* tool = shortcut == m_shortcuts.end() ? nullptr : Find(shortcut->ToolName);
+    if (!tool || !tool->Enabled()) return KeyUsed::No;
+    UserClick(*tool);
+    return KeyUsed::Yes;
+}
+
+// Everything happens when a key goes down.
+KeyUsed CommandBar::KeyUp(KeyStroke) { return KeyUsed::No; }
+
+void CommandBar::OpenBand(Band& band) const {
+    if (BandOpen) BandOpen(band);
+}
+
+void CommandBar::UserClick(Tool& tool) const {
+    if (tool.Enabled() && Click) Click(tool);
+}
+
+void CommandBar::Attach(View view) { m_view = std::move(view); }

@@ -1,6 +1,6 @@
 #include "mainwindow/frmMain.h"
 
-#include "commands/ToolNames.h"
+#include "commands/DesignTimeBar.h"
 #include "mainwindow/MainLoad.h"
 #include "mainwindow/MainUnload.h"
 #include "settings/frmSettings.h"
@@ -12,8 +12,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       Tabs(pcPage, Browser, actBar, sbStatus, Platform.messages),
       Groups(Tabs),
       m_dispatcher(Tabs) {
-    for (const auto& [name, caption] : kToolCaptions) actBar.Add(Text(name), Text(caption));
-    actBar.Add<ComboTool>(u"cboAddress", u"Address");
+    DesignTimeBar::Make(actBar);
     WireParts();
 }
 
@@ -22,8 +21,11 @@ void frmMain::WireParts() {
     Tabs.Resize = [this] { Form_Resize(); };
     Tabs.CloseWindow = [this] { Platform.window.Close(); };
     actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
-    m_dispatcher.Host = {[this] { ShowSettingsDialog(); }, [this] { OpenGroupDialog(); },
-                         [this] { Platform.window.Close(); }};
+    actBar.ComboKeyDown = [this](ComboTool&, KeyStroke) {
+        cboAddress_Enter();
+        return KeyUsed::Yes;
+    };
+    m_dispatcher.Host = {[this] { ShowSettingsDialog(); }, [this] { Platform.window.Close(); }};
 }
 
 void frmMain::Form_Load(TextView commandLine) {
@@ -81,12 +83,4 @@ void frmMain::ShowSettingsDialog() {
     frmSettings form(Platform.settings);
     if (Platform.showSettings) Platform.showSettings(form);
     if (form.Apply) MainLoad::ApplySettings(*this);
-}
-
-void frmMain::OpenGroupDialog() {
-    const Text chosen = Platform.files.ShowOpen({.DialogTitle = u"Open TessaGroup",
-                                                 .InitDir = Platform.groupFolder,
-                                                 .Filter = u"TessaGroup File (*.tvg)|*.tvg",
-                                                 .MustExist = true});
-    if (!chosen.empty()) OpenTessaGroup(chosen);
 }

@@ -4,6 +4,7 @@
 #include "common/platform/MainWindow.h"
 #include "common/platform/SettingsStorage.h"
 #include "groups/GroupCommands.h"
+#include "mainwindow/MainKeyboard.h"
 #include "mainwindow/MainLayout.h"
 #include "tabs/BrowserEvents.h"
 
@@ -44,6 +45,9 @@ public:
     void OpenTessaGroup(TextView TessaGroup) { Groups.OpenTessaGroup(TessaGroup); }
     void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
     void actBar_Click(const Tool& tool) { m_dispatcher.actBar_Click(tool); }
+    /// Every key goes down here first; one that was used is no longer for the control that has the keyboard.
+    KeyUsed Form_KeyDown(KeyStroke key) { return MainKeyboard::Form_KeyDown(*this, key); }
+    KeyUsed Form_KeyUp(KeyStroke key) { return MainKeyboard::Form_KeyUp(*this, key); }
     void cboAddress_Enter() { m_dispatcher.AddressEntered(); }
 
     MainWindowPlatform Platform;
@@ -65,7 +69,6 @@ private:
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
     void ShowSettingsDialog();
-    void OpenGroupDialog();
     void OpenCommandLine(BrowserView& view, TextView commandLine);
 
     Dispatcher m_dispatcher;

@@ -6,139 +6,121 @@
 
 #include <QAction>
 #include <QEvent>
-#include <QKeySequence>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTimer>
 #include <QToolBar>
-#include <array>
+#include <QToolButton>
+#include <algorithm>
+#include <vector>
 
-namespace {
-
-/// An entry of a menu; an empty tool is a separator.
-struct MenuEntry {
-    TextView menu;
-    TextView tool;
-};
-
-constexpr TextView kFile = u"&File", kView = u"&View", kGo = u"&Go";
-
-constexpr std::array kMenuEntries{
-    MenuEntry{kFile, u"mnuNewBlank"},      MenuEntry{kFile, u"mnuOpenGroup"},
-    MenuEntry{kFile, u"mnuClose"},         MenuEntry{kFile, u""},
-    MenuEntry{kFile, u"mnuSettings"},      MenuEntry{kFile, u"mnuExit"},
-    MenuEntry{kView, u"mnuStop"},          MenuEntry{kView, u"mnuRefresh"},
-    MenuEntry{kView, u"mnuViewStatusbar"}, MenuEntry{kGo, u"mnuGoBack"},
-    MenuEntry{kGo, u"mnuGoForward"},
-};
-
-constexpr std::array kToolBar{u"mnuGoBack", u"mnuGoForward", u"mnuStop", u"mnuRefresh"};
-
-struct Shortcut {
-    TextView tool;
-    TextView keys; ///< separated by "; "
-};
-
-constexpr std::array kShortcuts{
-    Shortcut{u"mnuNewBlank", u"Ctrl+T"},     Shortcut{u"mnuClose", u"Ctrl+W"}, Shortcut{u"mnuExit", u"Ctrl+Q"},
-    Shortcut{u"mnuRefresh", u"F5; Ctrl+R"},  Shortcut{u"mnuStop", u"Esc"},     Shortcut{u"mnuGoBack", u"Alt+Left"},
-    Shortcut{u"mnuGoForward", u"Alt+Right"},
-};
-
-} // namespace
-
-QtCommandBar::QtCommandBar(CommandBar& bar, QMainWindow& window) : m_bar(bar), m_window(window) {
-    QtIcons::ChooseTheme(window.palette());
-    for (const auto& tool : bar.Tools()) {
-        if (!dynamic_cast<ComboTool*>(tool.get())) MakeAction(*tool);
-    }
-    for (const Shortcut& each : kShortcuts) {
-        if (QAction* action = Find(each.tool)) action->setShortcuts(QKeySequence::listFromString(ToQt(each.keys)));
-    }
-    MakeMenus();
-    MakeToolBar();
-    ShowIcons();
+QtCommandBar::QtCommandBar(CommandBar& bar, QMainWindow& window)
+    : m_bar(bar), m_window(window), m_actions(bar), m_menus(bar, m_actions, window) {
+    m_bar.Attach({.BandsChanged = [this] { Show(); },
+                  .Popup = [this](Band& band) { m_menus.Popup(band); },
+                  .FocusTool = [this](Band&, Tool& tool) { FocusTool(tool); },
+                  .RecalcLayout = {}});
+    Show();
     window.installEventFilter(this);
 }
 
 QtCommandBar::~QtCommandBar() {
-    for (const auto& tool : m_bar.Tools()) {
-        if (!m_actions.contains(tool->Name())) continue;
-        tool->Caption.Attach({});
-        tool->Enabled.Attach({});
-        tool->Checked.Attach({});
+    m_bar.Attach({});
+    for (const auto& band : m_bar.Bands()) {
+        band->Attach({});
+        band->Visible.Attach({});
     }
-    delete m_addressBox;
+    for (const auto& [name, bar] : m_toolBars) delete bar;
 }
 
-QAction* QtCommandBar::Find(TextView name) const {
-    const auto found = m_actions.find(Text(name));
-    return found == m_actions.end() ? nullptr : found->second;
+void QtCommandBar::Show() {
+    std::vector<Band*> toolBars;
+    for (const auto& band : m_bar.Bands()) {
+        if (band->Kind() == BandKind::MenuBar) ShowMenuBar(*band);
+        if (band->Kind() == BandKind::Toolbar) toolBars.push_back(band.get());
+    }
+    std::ranges::stable_sort(toolBars, {},
+                             [](const Band* band) { return std::pair(band->Dock().Row, band->Dock().Place); });
+    std::int32_t row = toolBars.empty() ? 0 : toolBars.front()->Dock().Row;
+    for (Band* band : toolBars) {
+        if (m_toolBars.contains(band->Name())) continue;
+        if (band->Dock().Row != std::exchange(row, band->Dock().Row)) m_window.addToolBarBreak();
+        ShowToolBar(*band);
+    }
 }
 
-void QtCommandBar::MakeAction(Tool& tool) {
-    auto* action = new QAction(this);
-    action->setObjectName(ToQt(tool.Name()));
-    m_actions.emplace(tool.Name(), action);
-    tool.Caption.Attach([action](const Text& caption) { action->setText(ToQt(caption)); });
-    tool.Enabled.Attach([action](bool enabled) { action->setEnabled(enabled); });
-    tool.Checked.Attach([action](bool checked) {
-        // A tool shows itself to be one that is checked by being checked for the first time.
-        if (checked) action->setCheckable(true);
-        action->setChecked(checked);
+void QtCommandBar::ShowMenuBar(Band& band) {
+    band.Attach([this, &band] {
+        QMenuBar* menuBar = m_window.menuBar();
+        menuBar->clear();
+        for (const BandEntry& entry : band.Entries()) {
+            QAction* action = m_actions.For(entry.Item);
+            if (!entry.Item->SubBand.empty()) action->setMenu(m_menus.For(entry.Item->SubBand));
+            menuBar->addAction(action);
+        }
+        band.Clean();
     });
-    connect(action, &QAction::triggered, this, [this, &tool] { OnTriggered(tool); });
 }
 
-void QtCommandBar::OnTriggered(Tool& tool) {
-    // The tool decides whether it is checked; Qt has toggled the action by itself.
-    Find(tool.Name())->setChecked(tool.Checked());
-    if (m_bar.Click) m_bar.Click(tool);
-}
-
-void QtCommandBar::MakeMenus() {
-    QMenu* menu = nullptr;
-    for (const MenuEntry& each : kMenuEntries) {
-        if (!menu || menu->title() != ToQt(each.menu)) menu = m_window.menuBar()->addMenu(ToQt(each.menu));
-        if (each.tool.empty())
-            menu->addSeparator();
-        else if (QAction* action = Find(each.tool))
-            menu->addAction(action);
-    }
-}
-
-void QtCommandBar::MakeToolBar() {
-    QToolBar* bar = m_window.addToolBar(QStringLiteral("Go"));
-    bar->setObjectName(QStringLiteral("bndGo"));
-    bar->setMovable(false);
+void QtCommandBar::ShowToolBar(Band& band) {
+    auto* bar = new QToolBar(ToQt(band.Caption()), &m_window);
+    bar->setObjectName(ToQt(band.Name()));
     bar->setIconSize({22, 22});
-    for (const TextView name : kToolBar) {
-        if (QAction* action = Find(name)) bar->addAction(action);
+    m_window.addToolBar(bar);
+    m_toolBars.emplace(band.Name(), bar);
+    band.Visible.Attach([bar](bool visible) { bar->setVisible(visible); });
+    band.Attach([this, &band, bar] {
+        Fill(*bar, band);
+        band.Clean();
+    });
+}
+
+void QtCommandBar::Fill(QToolBar& bar, const Band& band) {
+    bar.clear();
+    for (const BandEntry& entry : band.Entries()) AddTool(bar, entry);
+}
+
+void QtCommandBar::AddTool(QToolBar& bar, const BandEntry& entry) {
+    if (entry.Group == BeginGroup::Yes) bar.addSeparator();
+    Tool& tool = *entry.Item;
+    if (auto* combo = dynamic_cast<ComboTool*>(&tool)) {
+        auto* box = new QtAddressBox(*combo, &bar);
+        box->Entered = [this, combo] {
+            if (m_bar.ComboKeyDown) m_bar.ComboKeyDown(*combo, {Keys::kEnter, 0});
+        };
+        m_boxes[tool.Name()] = box;
+        bar.addWidget(box);
+    } else if (tool.Kind() == ToolKind::Label) {
+        bar.addWidget(new QLabel(ToQt(tool.Caption()), &bar));
+    } else {
+        QAction* action = m_actions.For(entry.Item);
+        if (!tool.SubBand.empty()) action->setMenu(m_menus.For(tool.SubBand));
+        bar.addAction(action);
+        auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
+        if (button && tool.ClickWithSubBand) button->setPopupMode(QToolButton::MenuButtonPopup);
     }
-    ComboTool* address = m_bar.FindCombo(u"cboAddress");
-    if (!address) return;
-    m_addressBox = new QtAddressBox(*address, bar);
-    m_addressBox->Entered = [this] {
-        if (AddressEntered) AddressEntered();
-    };
-    bar->addWidget(m_addressBox);
 }
 
-QtAddressBox* QtCommandBar::AddressBox() const { return m_addressBox; }
-
-void QtCommandBar::FocusAddressBox() {
-    if (!m_addressBox) return;
-    m_addressBox->setFocus(Qt::ShortcutFocusReason);
-    m_addressBox->selectAll();
+QtAddressBox* QtCommandBar::Box(TextView tool) const {
+    const auto found = m_boxes.find(Text(tool));
+    return found == m_boxes.end() ? nullptr : found->second.data();
 }
 
-void QtCommandBar::ShowIcons() {
-    for (const auto& [name, action] : m_actions) action->setIcon(QtIcons::ForTool(name));
+void QtCommandBar::FocusTool(const Tool& tool) {
+    QtAddressBox* box = Box(tool.Name());
+    if (!box) return;
+    box->setFocus(Qt::ShortcutFocusReason);
+    box->selectAll();
 }
 
 bool QtCommandBar::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == &m_window && event->type() == QEvent::PaletteChange) {
+    const auto showIcons = [this] {
         QtIcons::ChooseTheme(m_window.palette());
-        ShowIcons();
-    }
+        m_actions.ShowIcons();
+    };
+    // The pictures are looked up when the window is on the screen: that takes longer than all the rest of it.
+    if (event->type() == QEvent::Show && watched == &m_window) QTimer::singleShot(0, this, showIcons);
+    if (event->type() == QEvent::PaletteChange && watched == &m_window) showIcons();
     return QObject::eventFilter(watched, event);
 }

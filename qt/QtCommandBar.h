@@ -1,17 +1,18 @@
 #pragma once
 #include "common/CommandBar.h"
+#include "qt/QtBandMenus.h"
+#include "qt/QtToolActions.h"
 
 #include <QMainWindow>
 #include <QObject>
 #include <QPointer>
 #include <functional>
-#include <unordered_map>
+#include <map>
 
-class QAction;
+class QToolBar;
 class QtAddressBox;
 
-/// Shows a `CommandBar` in a window's menus and toolbar: an action a tool, the address box for "cboAddress". The bar
-/// and the window outlive it; it shows the tools that the bar has when it is made.
+/// Shows a `CommandBar` in a window's menu bar and toolbars. The bar and the window outlive it.
 class QtCommandBar final : public QObject {
     Q_OBJECT
 
@@ -19,26 +20,26 @@ public:
     QtCommandBar(CommandBar& bar, QMainWindow& window);
     ~QtCommandBar() override;
 
-    /// Nothing for a tool that the bar does not have.
-    [[nodiscard]] QAction* Find(TextView name) const;
-    [[nodiscard]] QtAddressBox* AddressBox() const;
-    void FocusAddressBox();
-
-    /// Enter was pressed in the address box, whose tool holds the text. Filled in by the owner.
-    std::function<void()> AddressEntered;
+    /// The action of a tool that is shown somewhere; nothing for any other.
+    [[nodiscard]] QAction* Find(TextView name) const { return m_actions.Find(name); }
+    /// The box of a combo tool; nothing while no toolbar shows it.
+    [[nodiscard]] QtAddressBox* Box(TextView tool) const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void MakeAction(Tool& tool);
-    void MakeMenus();
-    void MakeToolBar();
-    void ShowIcons();
-    void OnTriggered(Tool& tool);
+    void Show();
+    void ShowMenuBar(Band& band);
+    void ShowToolBar(Band& band);
+    void Fill(QToolBar& bar, const Band& band);
+    void AddTool(QToolBar& bar, const BandEntry& entry);
+    void FocusTool(const Tool& tool);
 
     CommandBar& m_bar;
     QMainWindow& m_window;
-    std::unordered_map<Text, QAction*> m_actions; ///< by the tool's name
-    QPointer<QtAddressBox> m_addressBox;
+    QtToolActions m_actions;
+    QtBandMenus m_menus;
+    std::map<Text, QToolBar*> m_toolBars;           ///< by the band's name
+    std::map<Text, QPointer<QtAddressBox>> m_boxes; ///< by the tool's name
 };

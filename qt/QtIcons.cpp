@@ -4,24 +4,6 @@
 
 #include <QPalette>
 #include <QStringList>
-#include <array>
-
-namespace {
-
-struct ToolIcon {
-    TextView tool;
-    TextView icon; ///< name in the icon theme
-};
-
-constexpr std::array kToolIcons{
-    ToolIcon{u"mnuNewBlank", u"tab-new"},      ToolIcon{u"mnuOpenGroup", u"document-open"},
-    ToolIcon{u"mnuClose", u"tab-close"},       ToolIcon{u"mnuSettings", u"configure"},
-    ToolIcon{u"mnuExit", u"application-exit"}, ToolIcon{u"mnuGoBack", u"go-previous"},
-    ToolIcon{u"mnuGoForward", u"go-next"},     ToolIcon{u"mnuStop", u"process-stop"},
-    ToolIcon{u"mnuRefresh", u"view-refresh"},
-};
-
-} // namespace
 
 // Stands outside the namespace, as Qt's macro demands.
 static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
@@ -42,9 +24,6 @@ void QtIcons::ChooseTheme(const QPalette& palette) {
     if (QIcon::themeName().isEmpty() || QIcon::themeName().startsWith(light)) QIcon::setThemeName(breeze);
 }
 
-QIcon QtIcons::ForTool(TextView name) {
-    for (const ToolIcon& each : kToolIcons) {
-        if (each.tool == name) return QIcon::fromTheme(ToQt(each.icon));
-    }
-    return {};
+QIcon QtIcons::Of(const Picture& picture) {
+    return picture.Name.empty() ? QIcon() : QIcon::fromTheme(ToQt(picture.Name));
 }

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/Text.h"
+#include "common/Tool.h"
 
 #include <QIcon>
 
@@ -15,7 +15,7 @@ namespace QtIcons {
 /// Chooses the fallback theme that shows on the palette's ground. To be run again when the palette changes.
 void ChooseTheme(const QPalette& palette);
 
-/// The picture of a tool; a null icon for a tool that has none.
-[[nodiscard]] QIcon ForTool(TextView name);
+/// A picture in the theme chosen last; a null icon for none, or for one that no theme has.
+[[nodiscard]] QIcon Of(const Picture& picture);
 
 } // namespace QtIcons

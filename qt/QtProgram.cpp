@@ -5,8 +5,8 @@
 #include "qt/QtDialogs.h"
 #include "qt/QtEngine.h"
 #include "qt/QtFolders.h"
-#include "qt/QtIcons.h"
 #include "qt/QtInstanceChannel.h"
+#include "qt/QtKeys.h"
 #include "qt/QtMainWindow.h"
 #include "qt/QtSettingsDialog.h"
 #include "qt/QtSettingsStorage.h"
@@ -58,7 +58,8 @@ struct QtProgram::Parts {
                 .groupFolder = FromQt(folders.GroupFolder())}),
           strip(main.pcPage),
           statusBar(main.sbStatus),
-          commandBar(main.actBar, window) {}
+          commandBar(main.actBar, window),
+          keys(window) {}
 
     QApplication qt;
     QtFolders folders;
@@ -74,13 +75,13 @@ struct QtProgram::Parts {
     QtTabStrip strip;
     QtStatusBar statusBar;
     QtCommandBar commandBar;
+    QtKeys keys;
 };
 
 QtProgram::QtProgram(int& argc, char** argv) {
     m = std::make_unique<Parts>(argc, argv);
     // The program ends with its main window; dialogs and the splash have no say in it.
     QApplication::setQuitOnLastWindowClosed(false);
-    QtIcons::ChooseTheme(QApplication::palette());
     WireWindow();
     WireEngine();
 }
@@ -111,7 +112,8 @@ void QtProgram::WireWindow() {
         main.Form_Unload();
         QCoreApplication::quit();
     };
-    m->commandBar.AddressEntered = [&main] { main.cboAddress_Enter(); };
+    m->keys.Down = [&main](KeyStroke key) { return main.Form_KeyDown(key); };
+    m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
     m->settings.SetReport([&main](Text message) { main.Tabs.ShowStatusText(message); });
     m->channel.Foreground = [this](const QByteArray& token) { m->window.BringToForeground(token); };
 }

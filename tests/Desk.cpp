@@ -71,7 +71,7 @@ void Desk::ClickTab(std::size_t position) { main.pcPage.UserClick(main.pcPage.Fi
 void Desk::Click(TextView tool) {
     auto* found = main.actBar.Find(tool);
     ASSERT_NE(found, nullptr);
-    if (found->Enabled()) main.actBar.Click(*found);
+    main.actBar.UserClick(*found);
 }
 
 void Desk::TypeAddress(TextView text) {

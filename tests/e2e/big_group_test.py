@@ -19,7 +19,7 @@ class BigGroup(unittest.TestCase):
             desk.write_group(group, [pages.address(title, host=1 + i % HOSTS) for i, title in enumerate(titles)])
             with desk.Program(PROGRAM, group, home=home) as program:
                 desk.wait_until(lambda: len(set(pages.requested())) > 20, what="the pages do not load")
-                program.keys("alt+f")
+                program.keys("alt+o")
                 program.find("menu item", "Settings...")
                 self.assertLess(len(set(pages.requested())), COUNT, "everything had loaded before the menu was there")
                 desk.xdotool("key", "Escape")

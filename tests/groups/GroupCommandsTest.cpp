@@ -74,17 +74,4 @@ TEST(OpenTessaGroup, AGroupOnTheCommandLineOpensBesideABlankTab) {
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://a/");
 }
 
-TEST(OpenTessaGroup, FromTheMenuAsksForTheFile) {
-    const Group group({"http://a/"});
-    Desk desk;
-    desk.Start();
-    desk.Click(u"mnuOpenGroup");
-    EXPECT_EQ(desk.files.last.InitDir, u"/groups/");
-    EXPECT_EQ(desk.files.last.Filter, u"TessaGroup File (*.tvg)|*.tvg");
-    EXPECT_EQ(desk.Strip(), "[1*]") << "cancelled";
-    desk.files.chosen = group.File();
-    desk.Click(u"mnuOpenGroup");
-    EXPECT_EQ(desk.Strip(), "1 [2*]");
-}
-
 } // namespace

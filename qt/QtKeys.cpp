@@ -1,0 +1,60 @@
+#include "qt/QtKeys.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWidget>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct KeyName {
+    int qt;
+    std::int32_t code;
+};
+
+constexpr std::array kKeys{
+    KeyName{Qt::Key_Tab, Keys::kTab},     KeyName{Qt::Key_Backtab, Keys::kTab},   KeyName{Qt::Key_Return, Keys::kEnter},
+    KeyName{Qt::Key_Enter, Keys::kEnter}, KeyName{Qt::Key_Escape, Keys::kEscape}, KeyName{Qt::Key_Home, Keys::kHome},
+    KeyName{Qt::Key_Left, Keys::kLeft},   KeyName{Qt::Key_Right, Keys::kRight},   KeyName{Qt::Key_Plus, Keys::kPlus},
+    KeyName{Qt::Key_Equal, Keys::kPlus},  KeyName{Qt::Key_Minus, Keys::kMinus},
+};
+
+std::int32_t CodeOf(int key) {
+    if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) return key;
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return Keys::kF1 + (key - Qt::Key_F1);
+    const auto* found = std::ranges::find(kKeys, key, &KeyName::qt);
+    return found == kKeys.end() ? 0 : found->code;
+}
+
+} // namespace
+
+QtKeys::QtKeys(QWidget& window) : m_window(window) { qApp->installEventFilter(this); }
+
+KeyStroke QtKeys::Of(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers held = event.modifiers();
+    std::int32_t shift = 0;
+    if (held & Qt::ShiftModifier) shift += Keys::kShift;
+    if (held & Qt::ControlModifier) shift += Keys::kCtrl;
+    if (held & Qt::AltModifier) shift += Keys::kAlt;
+    return {CodeOf(event.key()), shift};
+}
+
+// An event that its widget ignores is shown to the parents in turn; only the first time counts.
+bool QtKeys::IsFor(const QObject* watched) const {
+    if (!watched->isWidgetType() || QApplication::activePopupWidget()) return false;
+    const auto* widget = static_cast<const QWidget*>(watched);
+    if (widget->window() != &m_window) return false;
+    const QWidget* focus = QApplication::focusWidget();
+    return widget == (focus ? focus : &m_window);
+}
+
+bool QtKeys::eventFilter(QObject* watched, QEvent* event) {
+    const bool down = event->type() == QEvent::KeyPress;
+    if ((!down && event->type() != QEvent::KeyRelease) || !IsFor(watched)) return false;
+    const KeyStroke key = Of(*static_cast<QKeyEvent*>(event));
+    const auto& handler = down ? Down : Up;
+    if (key.KeyCode == 0 || !handler || handler(key) == KeyUsed::No) return false;
+    event->accept();
+    return true;
+}

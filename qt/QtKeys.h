@@ -1,0 +1,32 @@
+#pragma once
+#include "common/CommandBar.h"
+
+#include <QObject>
+#include <functional>
+
+class QKeyEvent;
+class QWidget;
+
+/// Shows every key that is meant for a window or anything in it to the program first, before the page or the box that
+/// has the keyboard. A key that the program has used goes no further.
+class QtKeys final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The window outlives it. Works as long as it lives.
+    explicit QtKeys(QWidget& window);
+
+    /// The key in the program's terms; its code is 0 for one that has no name there.
+    [[nodiscard]] static KeyStroke Of(const QKeyEvent& event);
+
+    std::function<KeyUsed(KeyStroke)> Down;
+    std::function<KeyUsed(KeyStroke)> Up;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    [[nodiscard]] bool IsFor(const QObject* watched) const;
+
+    QWidget& m_window;
+};

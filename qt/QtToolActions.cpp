@@ -1,0 +1,86 @@
+#include "qt/QtToolActions.h"
+
+#include "qt/QtIcons.h"
+#include "qt/QtText.h"
+
+#include <QAction>
+#include <QPixmap>
+
+namespace {
+
+void Detach(Tool& tool) {
+    tool.Caption.Attach({});
+    tool.Enabled.Attach({});
+    tool.Checked.Attach({});
+    tool.Visible.Attach({});
+}
+
+// Keeps the picture's room until it is looked up, so that the toolbars do not jump then.
+QIcon Placeholder(const Tool& tool) {
+    if (tool.Image.Name.empty()) return {};
+    QPixmap empty(22, 22);
+    empty.fill(Qt::transparent);
+    return QIcon(empty);
+}
+
+} // namespace
+
+QtToolActions::~QtToolActions() {
+    for (const auto& [key, shown] : m_shown) Detach(*shown.tool);
+}
+
+QAction* QtToolActions::For(const std::shared_ptr<Tool>& tool) {
+    const auto found = m_shown.find(tool.get());
+    if (found != m_shown.end()) return found->second.action;
+    auto* action = new QAction(this);
+    action->setObjectName(ToQt(tool->Name()));
+    action->setToolTip(ToQt(tool->TooltipText));
+    action->setIcon(m_icons ? QtIcons::Of(tool->Image) : Placeholder(*tool));
+    m_shown.emplace(tool.get(), Shown{tool, action});
+    Mirror(*tool, *action);
+    return action;
+}
+
+void QtToolActions::Mirror(Tool& tool, QAction& action) {
+    QAction* shown = &action;
+    tool.Caption.Attach([shown](const Text& caption) { shown->setText(ToQt(caption)); });
+    tool.Enabled.Attach([shown](bool enabled) { shown->setEnabled(enabled); });
+    tool.Visible.Attach([shown](bool visible) { shown->setVisible(visible); });
+    tool.Checked.Attach([shown](bool checked) {
+        // A tool shows itself to be one that is checked by being checked for the first time.
+        if (checked) shown->setCheckable(true);
+        shown->setChecked(checked);
+    });
+    connect(shown, &QAction::triggered, this, [this, &tool, shown] { OnTriggered(tool, *shown); });
+    connect(shown, &QAction::hovered, this, [this, &tool] {
+        if (m_bar.MouseOver) m_bar.MouseOver(&tool);
+    });
+}
+
+void QtToolActions::OnTriggered(Tool& tool, QAction& action) {
+    // The tool decides whether it is checked; Qt has toggled the action by itself.
+    action.setChecked(tool.Checked());
+    // The click may take the tool off its band.
+    const auto held = m_shown.at(&tool).tool;
+    m_bar.UserClick(*held);
+}
+
+QAction* QtToolActions::Find(TextView name) const {
+    const Tool* tool = m_bar.Find(name);
+    const auto found = m_shown.find(tool);
+    return found == m_shown.end() ? nullptr : found->second.action;
+}
+
+void QtToolActions::Prune() {
+    std::erase_if(m_shown, [](const auto& entry) {
+        if (entry.second.tool.use_count() > 1) return false;
+        Detach(*entry.second.tool);
+        entry.second.action->deleteLater();
+        return true;
+    });
+}
+
+void QtToolActions::ShowIcons() {
+    m_icons = true;
+    for (const auto& [key, shown] : m_shown) shown.action->setIcon(QtIcons::Of(shown.tool->Image));
+}

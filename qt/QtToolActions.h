@@ -1,0 +1,41 @@
+#pragma once
+#include "common/CommandBar.h"
+
+#include <QObject>
+#include <memory>
+#include <unordered_map>
+
+class QAction;
+
+/// The actions of a command bar: one a tool, however many menus and toolbars show it. An action lives until its tool
+/// is listed nowhere any more and `Prune` is called.
+class QtToolActions final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The bar outlives it.
+    explicit QtToolActions(CommandBar& bar) : m_bar(bar) {}
+    ~QtToolActions() override;
+
+    QAction* For(const std::shared_ptr<Tool>& tool);
+    /// The action of the first tool of that name; nothing when no band and no menu has shown it yet.
+    [[nodiscard]] QAction* Find(TextView name) const;
+    /// Forgets the actions of tools that nobody else holds.
+    void Prune();
+    /// Looks all pictures up again, in the theme that is now chosen. Until it is first called there are none: looking
+    /// them up takes longer than making the window.
+    void ShowIcons();
+
+private:
+    struct Shown {
+        std::shared_ptr<Tool> tool;
+        QAction* action = nullptr;
+    };
+
+    void Mirror(Tool& tool, QAction& action);
+    void OnTriggered(Tool& tool, QAction& action);
+
+    CommandBar& m_bar;
+    std::unordered_map<const Tool*, Shown> m_shown;
+    bool m_icons = false;
+};
