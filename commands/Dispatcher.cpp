@@ -1,62 +1,83 @@
 #include "commands/Dispatcher.h"
 
+#include "commands/CommandTable.h"
+#include "commands/Endpoints.h"
+
 #include <algorithm>
-#include <array>
-#include <variant>
 
 namespace {
 
-using TabEffect = void (*)(TabSet&);
-using ViewEffect = void (*)(TabSet&, BrowserView&);
-using HostEffect = std::function<void()> CommandHost::*;
+/// Ids of tools made at run time, from the first to before the last.
+constexpr std::int32_t kFirstFavorite = 50000, kEndOfFavorites = 100000;
+constexpr std::int32_t kFirstGroup = 150000, kEndOfGroups = 200000;
 
-/// A tool's name and what a click on it does; an effect that takes a view does nothing without one.
-struct Command {
-    TextView tool;
-    std::variant<TabEffect, ViewEffect, HostEffect> effect;
-};
-
-void NewBlank(TabSet& tabs) {
-    if (auto* view = tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(u"about:blank"));
-}
-
-void Stop(TabSet& tabs, BrowserView& view) {
-    ResumeNext(view.Stop());
-    tabs.UpdateStopRefresh();
-}
-
-void Refresh(TabSet& tabs, BrowserView& view) {
-    ResumeNext(view.Refresh());
-    tabs.UpdateStopRefresh();
-}
-
-const std::array kCommands{
-    Command{u"mnuSettings", &CommandHost::ShowSettings},
-    Command{u"mnuGoBack", ViewEffect{[](TabSet&, BrowserView& view) { ResumeNext(view.GoBack()); }}},
-    Command{u"mnuGoForward", ViewEffect{[](TabSet&, BrowserView& view) { ResumeNext(view.GoForward()); }}},
-    Command{u"mnuViewStatusbar", TabEffect{[](TabSet& tabs) { tabs.ToggleStatusBar(); }}},
-    Command{u"mnuNewBlank", TabEffect{NewBlank}},
-    Command{u"mnuClose", TabEffect{[](TabSet& tabs) { tabs.CloseSelectedTab(); }}},
-    Command{u"mnuStop", ViewEffect{Stop}},
-    Command{u"mnuRefresh", ViewEffect{Refresh}},
-    Command{u"mnuExit", &CommandHost::Exit},
+template<typename... Each>
+struct Overloaded : Each... {
+    using Each::operator()...;
 };
 
 } // namespace
 
 void Dispatcher::actBar_Click(const Tool& tool) {
-    const auto* command = std::ranges::find(kCommands, TextView(tool.Name()), &Command::tool);
-    if (command == kCommands.end()) return;
-    if (const auto* tabEffect = std::get_if<TabEffect>(&command->effect)) (*tabEffect)(m_tabs);
-    auto* view = m_tabs.CurrentView();
-    const auto* viewEffect = std::get_if<ViewEffect>(&command->effect);
-    if (viewEffect && view) (*viewEffect)(m_tabs, *view->Control);
-    const auto* hostEffect = std::get_if<HostEffect>(&command->effect);
-    if (hostEffect && Host.*(*hostEffect)) (Host.*(*hostEffect))();
+    if (RunLink(tool)) return;
+    // A command may rebuild the menu that the tool stands in, and the tool with it.
+    const std::int32_t id = tool.Id();
+    const Text name = tool.Name(), description = tool.Description;
+    RunNamed(tool);
+    RunById(id, name, description);
 }
 
-void Dispatcher::AddressEntered() {
-    const auto* address = m_tabs.AddressCombo();
-    auto* view = m_tabs.CurrentView();
-    if (address && view) ResumeNext(view->Control->Navigate(Text(address->Value())));
+bool Dispatcher::RunLink(const Tool& tool) {
+    const TextView name = tool.Name();
+    if (name.starts_with(u"shp")) {
+        NavigateCurrent(Text(Endpoints::kShop) + tool.Description);
+    } else if (name.starts_with(u"fnd")) {
+        NavigateCurrent(Text(Endpoints::kFind) + tool.Description);
+    } else if (name.starts_with(u"mnuRes")) {
+        const auto& host = m_context.host;
+        const auto& resize = name == u"mnuResizeAddress" ? host.ResizeAddress : host.ResizeSearch;
+        if (resize) resize();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void Dispatcher::RunNamed(const Tool& tool) {
+    const auto table = CommandTable();
+    const auto command = std::ranges::find(table, TextView(tool.Name()), &Command::tool);
+    if (command == table.end() || (command->available && !command->available(m_context.host))) return;
+    std::visit(Overloaded{[&](WindowEffect effect) { effect(m_context); },
+                          [&](ToolEffect effect) { effect(m_context, tool); },
+                          [&](ViewEffect effect) {
+                              if (auto* view = m_context.tabs.CurrentView()) effect(m_context, *view->Control);
+                          }},
+               command->effect);
+}
+
+void Dispatcher::RunById(std::int32_t id, TextView name, TextView description) {
+    if (id >= kFirstFavorite && id < kEndOfFavorites) OpenFavorite(name);
+    if (id >= kFirstGroup && id < kEndOfGroups) m_context.groups.OpenTessaGroup(description);
+}
+
+void Dispatcher::OpenFavorite(TextView address) {
+    const auto& host = m_context.host;
+    const bool newTab = host.ShiftHeld && host.ShiftHeld();
+    if (host.MayOpenLink && !host.MayOpenLink(address)) return;
+    if (!newTab) return NavigateCurrent(address);
+    if (auto* view = m_context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(address));
+}
+
+void Dispatcher::NavigateCurrent(TextView address) {
+    if (auto* view = m_context.tabs.CurrentView()) ResumeNext(view->Control->Navigate(address));
+}
+
+void Dispatcher::DisableUnavailable() {
+    for (const Command& command : CommandTable()) {
+        auto* tool = m_context.actBar.Find(command.tool);
+        if (tool && command.available && !command.available(m_context.host)) tool->Enabled = false;
+    }
+    const auto& host = m_context.host;
+    if (auto* tool = m_context.actBar.Find(u"mnuResizeAddress")) tool->Enabled = bool(host.ResizeAddress);
+    if (auto* tool = m_context.actBar.Find(u"mnuResizeSearch")) tool->Enabled = bool(host.ResizeSearch);
 }

@@ -1,28 +1,24 @@
 #pragma once
-#include "common/CommandBar.h"
-#include "tabs/TabSet.h"
+#include "commands/CommandContext.h"
 
-#include <functional>
-
-/// What the commands need of the layers above; filled in by the main window.
-struct CommandHost {
-    std::function<void()> ShowSettings;
-    std::function<void()> Exit;
-};
-
-/// Maps the name of a clicked tool to its effect. Owned by the main window.
+/// Maps a clicked tool to its effect, by the tool's name and, for tools made at run time, by its id. Keeps no state
+/// between clicks. Owned by the main window.
 class Dispatcher {
 public:
-    /// `tabs` outlives this object.
-    explicit Dispatcher(TabSet& tabs) : m_tabs(tabs) {}
+    /// The context outlives this object.
+    explicit Dispatcher(CommandContext& context) : m_context(context) {}
 
-    /// Runs the command of that name; a name that is none runs nothing.
+    /// Runs the tool's command; a name that is none runs nothing. Names are told apart by case.
     void actBar_Click(const Tool& tool);
-    /// Enter in the address box: the current view goes to its text as typed.
-    void AddressEntered();
-
-    CommandHost Host;
+    /// Disables the commands whose operation the main window does not have.
+    void DisableUnavailable();
 
 private:
-    TabSet& m_tabs;
+    bool RunLink(const Tool& tool);
+    void RunNamed(const Tool& tool);
+    void RunById(std::int32_t id, TextView name, TextView description);
+    void OpenFavorite(TextView address);
+    void NavigateCurrent(TextView address);
+
+    CommandContext& m_context;
 };

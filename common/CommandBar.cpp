@@ -74,6 +74,12 @@ void CommandBar::FocusTool(TextView band, TextView tool) {
     if (item && m_view.FocusTool) m_view.FocusTool(*found, *item);
 }
 
+void CommandBar::FocusBox(const Tool& box) {
+    for (const auto& band : m_bands) {
+        if (band->Kind() == BandKind::Toolbar && band->Find(box.Name())) return FocusTool(band->Name(), box.Name());
+    }
+}
+
 void CommandBar::RecalcLayout() {
     if (m_view.RecalcLayout) m_view.RecalcLayout();
 }
@@ -82,7 +88,10 @@ KeyUsed CommandBar::KeyDown(KeyStroke key) {
     const auto shortcut = std::ranges::find(m_shortcuts, key, &Shortcut::Key);
     Tool* tool = shortcut == m_shortcuts.end() ? nullptr : Find(shortcut->ToolName);
     if (!tool || !tool->Enabled()) return KeyUsed::No;
-    UserClick(*tool);
+    if (tool->Kind() == ToolKind::Combo)
+        FocusBox(*tool);
+    else
+        UserClick(*tool);
     return KeyUsed::Yes;
 }
 

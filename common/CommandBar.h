@@ -132,7 +132,7 @@ public:
     /// Has the view lay the toolbars out anew, now.
     void RecalcLayout();
 
-    /// Clicks the tool whose combination it is; one that is disabled does not use the key.
+    /// Clicks the tool whose combination it is, or gives a box the keyboard; a disabled tool does not use the key.
     KeyUsed KeyDown(KeyStroke key);
     KeyUsed KeyUp(KeyStroke key);
     void SetShortcuts(std::vector<Shortcut> shortcuts) { m_shortcuts = std::move(shortcuts); }
@@ -165,6 +165,7 @@ public:
 
 private:
     void Keep(std::shared_ptr<Tool> tool);
+    void FocusBox(const Tool& box);
 
     std::vector<std::shared_ptr<Tool>> m_tools;
     std::unordered_map<Text, std::shared_ptr<Tool>> m_byName;

@@ -54,6 +54,7 @@ void PlaceWindow(MainWindow& window, const SettingsStore& store) {
 namespace MainLoad {
 
 void Prepare(frmMain& main) {
+    main.Pages.ShowLoadOptions();
     const SettingsStore store(main.Platform.settings);
     PlaceTabs(main, store);
     main.RememberLastSites = store.RememberLastSites.Get();

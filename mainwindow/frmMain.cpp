@@ -11,7 +11,18 @@ frmMain::frmMain(MainWindowPlatform platform)
       Browser(Platform.views, Events),
       Tabs(pcPage, Browser, actBar, sbStatus, Platform.messages),
       Groups(Tabs),
-      m_dispatcher(Tabs) {
+      StripInput(Tabs, pcPage, Browser, actBar),
+      Pages(Tabs, actBar, Platform.settings),
+      Commands{Tabs,
+               StripInput,
+               actBar,
+               Pages,
+               Groups,
+               Platform.files,
+               Platform.messages,
+               Platform.groupFolder,
+               Platform.commands},
+      m_dispatcher(Commands) {
     DesignTimeBar::Make(actBar);
     WireParts();
 }
@@ -21,11 +32,16 @@ void frmMain::WireParts() {
     Tabs.Resize = [this] { Form_Resize(); };
     Tabs.CloseWindow = [this] { Platform.window.Close(); };
     actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
-    actBar.ComboKeyDown = [this](ComboTool&, KeyStroke) {
-        cboAddress_Enter();
+    actBar.ComboKeyDown = [this](ComboTool& box, KeyStroke) {
+        auto* view = Tabs.CurrentView();
+        if (view) ResumeNext(view->Control->Navigate(Text(box.Value())));
         return KeyUsed::Yes;
     };
-    m_dispatcher.Host = {[this] { ShowSettingsDialog(); }, [this] { Platform.window.Close(); }};
+    actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? tool->Description : Text()); };
+    Pages.ApplyLoadOptions = Platform.applyLoadOptions;
+    Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
+    Commands.host.Exit = [this] { Platform.window.Close(); };
+    m_dispatcher.DisableUnavailable();
 }
 
 void frmMain::Form_Load(TextView commandLine) {

@@ -24,6 +24,11 @@ struct MainWindowPlatform {
     std::function<void(frmSettings&)> showSettings;
     /// Where TessaGroup files lie, with the separator at the end.
     Text groupFolder;
+    /// Operations outside the core that commands run; the window adds its own. A command without its operation is
+    /// disabled.
+    CommandHost commands{};
+    /// Puts the stored load switches into effect for the engine.
+    std::function<void()> applyLoadOptions{};
 };
 
 /// The main window: owns its controls and parts, and forwards to them.
@@ -48,7 +53,6 @@ public:
     /// Every key goes down here first; one that was used is no longer for the control that has the keyboard.
     KeyUsed Form_KeyDown(KeyStroke key) { return MainKeyboard::Form_KeyDown(*this, key); }
     KeyUsed Form_KeyUp(KeyStroke key) { return MainKeyboard::Form_KeyUp(*this, key); }
-    void cboAddress_Enter() { m_dispatcher.AddressEntered(); }
 
     MainWindowPlatform Platform;
     TabStrip pcPage;
@@ -58,6 +62,9 @@ public:
     ViewArray Browser;
     TabSet Tabs;
     GroupCommands Groups;
+    TabStripInput StripInput;
+    PageOptions Pages;
+    CommandContext Commands;
     bool RememberLastSites = true;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
     std::function<void()> Unloaded;

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QHostAddress>
 #include <QRegularExpression>
+#include <optional>
 
 namespace {
 
@@ -32,11 +33,23 @@ bool LooksLikeHost(const QString& text) {
 
 QUrl WithScheme(const QString& scheme, const QString& text) { return QUrl(scheme + QStringLiteral("://") + text); }
 
+// The product appends words to these addresses as they are; whatever they contain must arrive at the service.
+std::optional<QUrl> WithWords(const QString& text) {
+    for (const TextView endpoint : {Endpoints::kSearch, Endpoints::kShop, Endpoints::kFind}) {
+        const QString start = ToQt(endpoint);
+        if (!text.startsWith(start)) continue;
+        const QByteArray words = QUrl::toPercentEncoding(text.mid(start.size()));
+        return QUrl::fromEncoded(start.toLatin1() + words);
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 QtAddress QtAddress::FromTyped(TextView typed) {
     const QString text = ToQt(typed).trimmed();
     if (text.isEmpty() || text.startsWith(u"javascript:", Qt::CaseInsensitive)) return {Blank(), {}};
+    if (const auto words = WithWords(ToQt(typed))) return {*words, {}};
     if (QDir::isAbsolutePath(text) || QFileInfo::exists(text)) {
         return {QUrl::fromLocalFile(QFileInfo(text).absoluteFilePath()), {}};
     }
@@ -46,5 +59,5 @@ QtAddress QtAddress::FromTyped(TextView typed) {
         const QUrl secure = WithScheme(QStringLiteral("https"), text);
         if (secure.isValid()) return {secure, WithScheme(QStringLiteral("http"), text)};
     }
-    return {QUrl(ToQt(Endpoints::kSearch) + QString::fromUtf8(QUrl::toPercentEncoding(text))), {}};
+    return {*WithWords(ToQt(Endpoints::kSearch) + text), {}};
 }

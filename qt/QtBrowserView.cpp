@@ -2,6 +2,7 @@
 
 #include "qt/QtEngine.h"
 #include "qt/QtPage.h"
+#include "qt/QtPageOutput.h"
 #include "qt/QtText.h"
 
 #include <QDesktopServices>
@@ -9,6 +10,20 @@
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineView>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+/// How large the page is at the text sizes 0 to 4.
+constexpr std::array kZoomFactors{0.6, 0.8, 1.0, 1.25, 1.5};
+
+Outcome Trigger(QWebEnginePage& page, QWebEnginePage::WebAction action) {
+    page.triggerAction(action);
+    return Outcome::Done;
+}
+
+} // namespace
 
 QtBrowserView::QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine)
     : m_index(index), m_events(events), m_engine(engine) {
@@ -59,6 +74,46 @@ Outcome QtBrowserView::GoForward() {
     return Outcome::Done;
 }
 
+Outcome QtBrowserView::ExecWB(BrowserCommand command) {
+    if (!m_page) return Outcome::Failed;
+    switch (command) {
+    case BrowserCommand::SaveAs:
+        return QtPageOutput::SaveAs(*m_page, m_engine.PageArea());
+    case BrowserCommand::Print:
+        return m_engine.Output().Print(*m_page, m_engine.PageArea());
+    case BrowserCommand::PageSetup:
+        return m_engine.Output().PageSetup(m_engine.PageArea());
+    case BrowserCommand::Cut:
+        return Trigger(*m_page, QWebEnginePage::Cut);
+    case BrowserCommand::Copy:
+        return Trigger(*m_page, QWebEnginePage::Copy);
+    case BrowserCommand::Paste:
+        return Trigger(*m_page, QWebEnginePage::Paste);
+    case BrowserCommand::SelectAll:
+        return Trigger(*m_page, QWebEnginePage::SelectAll);
+    }
+    return Outcome::Failed;
+}
+
+Text QtBrowserView::LocationName() const { return m_page ? FromQt(m_page->title()) : Text(); }
+
+PageDocument* QtBrowserView::Document() {
+    const bool shown = m_page && m_committed && m_page->url().scheme() != u"about";
+    return shown ? static_cast<PageDocument*>(this) : nullptr;
+}
+
+Outcome QtBrowserView::Zoom(int level) {
+    m_zoom = std::clamp(level, 0, static_cast<int>(kZoomFactors.size()) - 1);
+    ApplyZoom();
+    return Outcome::Done;
+}
+
+// The engine forgets the factor when a navigation changes the page's process.
+void QtBrowserView::ApplyZoom() {
+    const double factor = kZoomFactors.at(static_cast<std::size_t>(m_zoom));
+    if (m_page && m_page->zoomFactor() != factor) m_page->setZoomFactor(factor);
+}
+
 Text QtBrowserView::LocationURL() const {
     const QUrl& address = m_page && m_committed ? m_page->url() : m_requested;
     return FromQt(address.toString(QUrl::FullyEncoded));
@@ -76,7 +131,11 @@ void QtBrowserView::SetTabStop(bool tabStop) {
 
 void QtBrowserView::Move(const Rect& place) {
     m_place = QRect(place.left.value, place.top.value, place.width.value, place.height.value);
-    if (m_widget) m_widget->setGeometry(m_place);
+    LayWidget();
+}
+
+void QtBrowserView::LayWidget() {
+    if (m_widget) m_widget->setGeometry(m_engine.PageRect(m_place));
 }
 
 void QtBrowserView::MoveLeft(Twips) {
@@ -109,7 +168,7 @@ void QtBrowserView::StartNavigation() {
 void QtBrowserView::Show() {
     MakePage();
     MakeWidget();
-    m_widget->setGeometry(m_place);
+    LayWidget();
     m_widget->show();
     m_widget->raise();
     if (m_wantsFocus) m_widget->setFocus(Qt::OtherFocusReason);
@@ -122,6 +181,7 @@ void QtBrowserView::Hide() {
 void QtBrowserView::MakePage() {
     if (m_page) return;
     m_page = new QtPage(m_engine.Profile(), m_engine.Token());
+    m_page->setAudioMuted(!m_engine.PlaysSounds());
     ConnectLoading();
     ConnectPage();
     MakeWidget();
@@ -203,6 +263,7 @@ void QtBrowserView::OnLoadFinished(bool) {
 void QtBrowserView::OnAddressChanged(const QUrl& url) {
     if (url.isEmpty()) return;
     m_committed = true;
+    ApplyZoom();
     ReportHistory();
     m_events.NavigateComplete2(m_index, PageLevel::Top, FromQt(url.toString(QUrl::FullyEncoded)));
 }

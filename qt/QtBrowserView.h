@@ -16,7 +16,7 @@ class QWebEngineView;
 
 /// One page view on Qt WebEngine. The engine's page comes into being when its first navigation starts, its widget
 /// when it is first shown; a parked view's page stays hidden from the engine and goes on running.
-class QtBrowserView final : public QObject, public BrowserView {
+class QtBrowserView final : public QObject, public BrowserView, private PageDocument {
 public:
     /// Both outlive the view.
     QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine);
@@ -28,6 +28,9 @@ public:
     Outcome GoBack() override;
     Outcome GoForward() override;
     Outcome GoHome() override;
+    Outcome ExecWB(BrowserCommand command) override;
+    [[nodiscard]] Text LocationName() const override;
+    [[nodiscard]] PageDocument* Document() override;
     [[nodiscard]] bool Busy() const override { return m_loading; }
     [[nodiscard]] Text LocationURL() const override;
     void SetVisible(bool visible) override;
@@ -42,11 +45,18 @@ public:
     void StartNavigation();
     void Show();
     void Hide();
+    /// Lays the widget out, because bars beside the page came or went.
+    void LayWidget();
     [[nodiscard]] QIcon Icon() const;
     [[nodiscard]] QtPage* Page() const { return m_page; }
     [[nodiscard]] QWebEngineView* Widget() const { return m_widget; }
 
 private:
+    // The document.
+    Outcome Zoom(int level) override;
+    [[nodiscard]] std::optional<int> ZoomLevel() const override { return m_zoom; }
+
+    void ApplyZoom();
     void MakePage();
     void MakeWidget();
     void Release();
@@ -69,6 +79,7 @@ private:
     QUrl m_requested;                   ///< the address of the last navigation from outside the page
     QUrl m_fallback;                    ///< where to go when that cannot connect
     QRect m_place;
+    int m_zoom = 2;
     bool m_committed = false;
     bool m_loading = false;
     bool m_tabStop = false;

@@ -24,13 +24,28 @@ Answer QtMessageBoxes::AskYesNoCancel(TextView question) {
     }
 }
 
+namespace {
+
+Text Show(QFileDialog& dialog, const FileDialogRequest& request) {
+    if (const QStringList filters = QtNameFilters(request.Filter); !filters.isEmpty()) dialog.setNameFilters(filters);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return FromQt(dialog.selectedFiles().constFirst());
+}
+
+} // namespace
+
 Text QtFileDialogs::ShowOpen(const FileDialogRequest& request) {
     QFileDialog dialog(QApplication::activeWindow(), ToQt(request.DialogTitle), ToQt(request.InitDir));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(request.MustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    if (const QStringList filters = QtNameFilters(request.Filter); !filters.isEmpty()) dialog.setNameFilters(filters);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    return FromQt(dialog.selectedFiles().constFirst());
+    return Show(dialog, request);
+}
+
+Text QtFileDialogs::ShowSave(const FileDialogRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow(), ToQt(request.DialogTitle), ToQt(request.InitDir));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    return Show(dialog, request);
 }
 
 QStringList QtNameFilters(TextView filter) {

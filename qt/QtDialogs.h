@@ -15,6 +15,7 @@ public:
 class QtFileDialogs final : public FileDialogs {
 public:
     Text ShowOpen(const FileDialogRequest& request) override;
+    Text ShowSave(const FileDialogRequest& request) override;
 };
 
 /// A filter as Qt wants it, an entry a pair of description and patterns. "*.*" means all files; a description

@@ -1,6 +1,7 @@
 #include "qt/QtEngine.h"
 
 #include "qt/QtBrowserView.h"
+#include "qt/QtPage.h"
 #include "qt/QtProfile.h"
 
 #include <QCoreApplication>
@@ -38,6 +39,23 @@ void QtEngine::Shutdown() {
 QIcon QtEngine::Icon(std::int32_t index) const {
     const auto* view = Find(index);
     return view ? view->Icon() : QIcon();
+}
+
+QtPage* QtEngine::FrontPage() const {
+    const auto* view = Front();
+    return view ? view->Page() : nullptr;
+}
+
+void QtEngine::SetLoadOptions(const QtLoadOptions& options) {
+    m_loadOptions = options;
+    if (m_profile) m_profile->SetLoadOptions(options);
+    for (const auto& [index, view] : m_views) {
+        if (view->Page()) view->Page()->setAudioMuted(!options.sounds);
+    }
+}
+
+void QtEngine::Relayout() {
+    if (auto* view = Front()) view->LayWidget();
 }
 
 std::size_t QtEngine::PageCount() const {
@@ -79,7 +97,11 @@ void QtEngine::Schedule() {
 }
 
 QWebEngineProfile* QtEngine::Profile() {
-    if (!m_profile) m_profile = std::make_unique<QtProfile>(m_profileFolder, m_cacheFolder, m_token);
+    if (!m_profile) {
+        m_profile = std::make_unique<QtProfile>(m_profileFolder, m_cacheFolder, m_token);
+        m_profile->SetLoadOptions(m_loadOptions);
+        if (ProfileMade) ProfileMade(*m_profile->Get());
+    }
     return m_profile->Get();
 }
 

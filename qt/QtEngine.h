@@ -1,5 +1,7 @@
 #pragma once
 #include "common/platform/BrowserView.h"
+#include "qt/QtLoadOptions.h"
+#include "qt/QtPageOutput.h"
 #include "tabs/NavigationQueue.h"
 
 #include <QElapsedTimer>
@@ -13,6 +15,7 @@
 
 class QWebEngineProfile;
 class QtBrowserView;
+class QtPage;
 class QtProfile;
 
 /// The page engine: makes the views, and decides when their pages come into being. Nothing of the engine exists
@@ -35,10 +38,24 @@ public:
     [[nodiscard]] QIcon Icon(std::int32_t index) const;
     /// A page's icon has changed.
     std::function<void(std::int32_t index)> IconChanged;
+    /// The pages' profile has come into being.
+    std::function<void(QWebEngineProfile&)> ProfileMade;
     /// How many engine pages exist.
     [[nodiscard]] std::size_t PageCount() const;
 
+    /// The view shown, and its page; nothing when there is none yet.
+    [[nodiscard]] QtBrowserView* Front() const { return Find(m_shown); }
+    [[nodiscard]] QtPage* FrontPage() const;
+    /// Puts the load switches into effect for all pages, present and future.
+    void SetLoadOptions(const QtLoadOptions& options);
+    /// Bars beside the page: given the whole page area, places them and answers what is left for the page.
+    std::function<QRect(const QRect& whole)> LayBars;
+    /// The bars have changed; lays the view in front out anew.
+    void Relayout();
+
     // For the views.
+    [[nodiscard]] QRect PageRect(const QRect& whole) const { return LayBars ? LayBars(whole) : whole; }
+    [[nodiscard]] QtPageOutput& Output() { return m_output; }
     void Register(std::int32_t index, QtBrowserView* view);
     void Forget(std::int32_t index);
     void RequestNavigation(std::int32_t index);
@@ -48,6 +65,7 @@ public:
     void Schedule();
     [[nodiscard]] QWidget* PageArea() const { return m_pageArea; }
     [[nodiscard]] QWebEngineProfile* Profile();
+    [[nodiscard]] bool PlaysSounds() const { return m_loadOptions.sounds; }
     /// Marks the lines with which our script in the pages reports frames; new for every run.
     [[nodiscard]] const QString& Token() const { return m_token; }
 
@@ -63,6 +81,8 @@ private:
     NavigationQueue m_queue;
     QTimer m_turn;
     QElapsedTimer m_clock;
+    QtPageOutput m_output;
+    QtLoadOptions m_loadOptions;
     std::int32_t m_front = 0;
     std::int32_t m_shown = 0;
     bool m_started = false;

@@ -65,6 +65,10 @@ void QtProfile::ApplySettings() {
     m_profile->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
 }
 
+void QtProfile::SetLoadOptions(const QtLoadOptions& options) {
+    m_profile->settings()->setAttribute(QWebEngineSettings::AutoLoadImages, options.images);
+}
+
 void QtProfile::InstallFrameScript(const QString& token) {
     QWebEngineScript script;
     script.setName(QStringLiteral("frames"));

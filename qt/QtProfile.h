@@ -1,4 +1,6 @@
 #pragma once
+#include "qt/QtLoadOptions.h"
+
 #include <QString>
 #include <memory>
 
@@ -14,6 +16,8 @@ public:
     ~QtProfile();
 
     [[nodiscard]] QWebEngineProfile* Get() const { return m_profile.get(); }
+    /// What pages may load from now on.
+    void SetLoadOptions(const QtLoadOptions& options);
 
 private:
     void InstallFrameScript(const QString& token);

@@ -4,10 +4,14 @@
 #include "qt/QtCommandBar.h"
 #include "qt/QtDialogs.h"
 #include "qt/QtEngine.h"
+#include "qt/QtFindBar.h"
 #include "qt/QtFolders.h"
 #include "qt/QtInstanceChannel.h"
 #include "qt/QtKeys.h"
 #include "qt/QtMainWindow.h"
+#include "qt/QtPage.h"
+#include "qt/QtPageBars.h"
+#include "qt/QtRequests.h"
 #include "qt/QtSettingsDialog.h"
 #include "qt/QtSettingsStorage.h"
 #include "qt/QtSplash.h"
@@ -15,9 +19,11 @@
 #include "qt/QtStatusBar.h"
 #include "qt/QtTabStrip.h"
 #include "qt/QtText.h"
+#include "settings/SettingsStore.h"
 
 #include <QApplication>
 #include <QTimer>
+#include <QWebEngineProfile>
 
 namespace {
 
@@ -55,11 +61,34 @@ struct QtProgram::Parts {
                 .files = files,
                 .splash = splash,
                 .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
-                .groupFolder = FromQt(folders.GroupFolder())}),
+                .groupFolder = FromQt(folders.GroupFolder()),
+                .commands = Operations(),
+                .applyLoadOptions = [this] { ApplyLoadOptions(); }}),
           strip(main.pcPage),
           statusBar(main.sbStatus),
           commandBar(main.actBar, window),
-          keys(window) {}
+          keys(window),
+          findBar(window.PageArea()) {}
+
+    CommandHost Operations() {
+        CommandHost host;
+        host.ShowFind = [this](BrowserView&) { findBar.Open(); };
+        host.ShiftHeld = [] { return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier); };
+        return host;
+    }
+
+    void ApplyLoadOptions() {
+        const SettingsStore store(settings);
+        engine.SetLoadOptions({.images = store.LoadImages.Get(),
+                               .animations = store.LoadAnimations.Get(),
+                               .videos = store.LoadVideos.Get(),
+                               .sounds = store.LoadSounds.Get()});
+    }
+
+    [[nodiscard]] ServiceTemplates Services() {
+        const SettingsStore store(settings);
+        return {store.SearchService.Get(), store.ShopService.Get(), store.FindService.Get()};
+    }
 
     QApplication qt;
     QtFolders folders;
@@ -70,12 +99,15 @@ struct QtProgram::Parts {
     QtFileDialogs files;
     QtSplash splash;
     QtMainWindow window;
+    QtRequests requests;
     QtEngine engine;
     frmMain main;
     QtTabStrip strip;
     QtStatusBar statusBar;
     QtCommandBar commandBar;
     QtKeys keys;
+    QtFindBar findBar;
+    QtPageBars bars;
 };
 
 QtProgram::QtProgram(int& argc, char** argv) {
@@ -121,5 +153,14 @@ void QtProgram::WireWindow() {
 void QtProgram::WireEngine() {
     m->strip.PageIcon = [this](const Tab& tab) { return m->engine.Icon(tab.Tag); };
     m->strip.CloseRequested = [this](Tab& tab) { m->main.CloseBrowserTab(tab.Tag); };
+    m->requests.Templates = [this] { return m->Services(); };
+    m->engine.ProfileMade = [this](QWebEngineProfile& profile) { profile.setUrlRequestInterceptor(&m->requests); };
+    m->bars.Add(m->findBar, QtPageBars::Side::Below);
+    m->engine.LayBars = [this](const QRect& whole) { return m->bars.Lay(whole); };
+    m->findBar.Page = [this] { return m->engine.FrontPage(); };
+    m->findBar.Changed = [this] { m->engine.Relayout(); };
+    m->findBar.FocusPage = [this] {
+        if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
+    };
     m->engine.IconChanged = [this](std::int32_t index) { m->strip.RefreshIcons(index); };
 }

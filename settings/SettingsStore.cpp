@@ -80,4 +80,7 @@ SettingsStore::SettingsStore(SettingsStorageFactory& factory)
       LoadVideos(*m_storage, u"LoadVideos", true),
       LoadSounds(*m_storage, u"LoadSounds", true),
       MailClient(*m_storage, u"MailClient"),
-      NewsClient(*m_storage, u"NewsClient") {}
+      NewsClient(*m_storage, u"NewsClient"),
+      SearchService(*m_storage, u"SearchService"),
+      ShopService(*m_storage, u"ShopService"),
+      FindService(*m_storage, u"FindService") {}

@@ -86,4 +86,7 @@ public:
     Setting<bool> LoadSounds;     ///< pages may play sounds
     Setting<Text> MailClient;     ///< command line of the user's mail program; may hold %NAME% references
     Setting<Text> NewsClient;     ///< command line of the user's news program; may hold %NAME% references
+    Setting<Text> SearchService;  ///< address of the search service, "%s" for the words; empty for the one by design
+    Setting<Text> ShopService;    ///< what the Shop links lead to, "%s" for the link's name; empty as above
+    Setting<Text> FindService;    ///< what the Find links lead to, likewise
 };

@@ -133,6 +133,17 @@ void TabSet::CloseOtherTabs() {
     if (auto* view = CurrentView()) ResumeNext(view->Control->Navigate(kBlankPage));
 }
 
+void TabSet::SelectNextTab() {
+    if (m_pcPage.Count() < 2) return;
+    const std::size_t position = m_pcPage.PositionOf(m_pcPage.SelectedItem());
+    m_pcPage.Select(m_pcPage.FindAt(position == m_pcPage.Count() ? 1 : position + 1));
+}
+
+void TabSet::SelectPreviousTab() {
+    const std::size_t position = m_pcPage.PositionOf(m_pcPage.SelectedItem());
+    m_pcPage.Select(m_pcPage.FindAt(position == 1 ? m_pcPage.Count() : position - 1));
+}
+
 void TabSet::ShowStatusText(TextView Text) { m_sbStatus.SimpleText = ::Text(Text); }
 
 void TabSet::ShowStatusBar(bool Show) {

@@ -36,6 +36,11 @@ public:
     /// Leaves the leftmost tab and blanks it.
     void CloseOtherTabs();
 
+    /// The tab right of the selected one, after the last the first; nothing with fewer than two tabs.
+    void SelectNextTab();
+    /// The tab left of the selected one, before the first the last.
+    void SelectPreviousTab();
+
     void UpdateBackForward();
     void UpdateStopRefresh();
     void ShowStatusText(TextView Text);

@@ -75,8 +75,9 @@ void Desk::Click(TextView tool) {
 }
 
 void Desk::TypeAddress(TextView text) {
-    main.Tabs.AddressCombo()->Value = Text(text);
-    main.cboAddress_Enter();
+    auto& box = *main.Tabs.AddressCombo();
+    box.Value = Text(text);
+    main.actBar.ComboKeyDown(box, {Keys::kEnter, 0});
 }
 
 void Desk::PageLoads(int index, TextView address, TextView title) {

@@ -1,5 +1,6 @@
 #pragma once
 #include "mainwindow/frmMain.h"
+#include "settings/SettingsStore.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeSettings.h"
 #include "tests/fakes/FakeViews.h"

@@ -5,6 +5,19 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+
+/// Standard commands of a page view, with their known numbers.
+enum class BrowserCommand { SaveAs = 4, Print = 6, PageSetup = 8, Cut = 11, Copy = 12, Paste = 13, SelectAll = 17 };
+
+/// The document of a page view.
+class PageDocument {
+public:
+    virtual ~PageDocument() = default;
+    /// The size of the text, from 0 (smallest) to 4 (largest); 2 is the usual one.
+    virtual Outcome Zoom(int level) = 0;
+    [[nodiscard]] virtual std::optional<int> ZoomLevel() const = 0;
+};
 
 /// One page view of the engine. Making one costs nothing: the engine's page comes into being at the next turn of the
 /// event loop, and of several navigations asked for within one turn only the last takes place.
@@ -20,10 +33,17 @@ public:
     virtual Outcome GoBack() = 0;
     virtual Outcome GoForward() = 0;
     virtual Outcome GoHome() = 0;
+    /// Runs a standard command with its default options; it may ask the user and end later.
+    virtual Outcome ExecWB(BrowserCommand command) = 0;
 
     [[nodiscard]] virtual bool Busy() const = 0;
     /// The address of the page shown; of a view that has shown none yet, the address that it is to load.
     [[nodiscard]] virtual Text LocationURL() const = 0;
+
+    /// The title of the page shown.
+    [[nodiscard]] virtual Text LocationName() const = 0;
+    /// Nothing while the view has shown no page but a blank one. Belongs to the view.
+    [[nodiscard]] virtual PageDocument* Document() = 0;
 
     virtual void SetVisible(bool visible) = 0;
     virtual void SetTabStop(bool tabStop) = 0;

@@ -26,4 +26,6 @@ public:
     virtual ~FileDialogs() = default;
     /// The chosen path; empty when the user cancelled.
     virtual Text ShowOpen(const FileDialogRequest& request) = 0;
+    /// The path to save to; empty when the user cancelled. Does not ask whether to overwrite.
+    virtual Text ShowSave(const FileDialogRequest& request) = 0;
 };

@@ -27,6 +27,7 @@ public:
 class FakeFiles final : public FileDialogs {
 public:
     Text ShowOpen(const FileDialogRequest& request) override;
+    Text ShowSave(const FileDialogRequest& request) override { return ShowOpen(request); }
     Text chosen;
     FileDialogRequest last;
 };

@@ -46,6 +46,17 @@ Outcome FakeView::GoHome() {
     return refuses ? Outcome::Failed : Outcome::Done;
 }
 
+Outcome FakeView::ExecWB(BrowserCommand command) {
+    calls.push_back("command " + std::to_string(static_cast<int>(command)));
+    return refuses ? Outcome::Failed : Outcome::Done;
+}
+
+Outcome FakeView::Zoom(int level) {
+    calls.push_back("zoom " + std::to_string(level));
+    zoom = level;
+    return Outcome::Done;
+}
+
 void FakeView::Move(const Rect& value) {
     place = value;
     left = ToTwips(value.left);

@@ -8,7 +8,7 @@
 class FakeViews;
 
 /// A view that remembers what it was asked and raises events when the test says so.
-class FakeView final : public BrowserView {
+class FakeView final : public BrowserView, public PageDocument {
 public:
     FakeView(std::int16_t index, BrowserViewEvents& events, FakeViews& all);
     ~FakeView() override;
@@ -19,6 +19,11 @@ public:
     Outcome GoBack() override;
     Outcome GoForward() override;
     Outcome GoHome() override;
+    Outcome ExecWB(BrowserCommand command) override;
+    [[nodiscard]] Text LocationName() const override { return name; }
+    [[nodiscard]] PageDocument* Document() override { return hasDocument ? this : nullptr; }
+    Outcome Zoom(int level) override;
+    [[nodiscard]] std::optional<int> ZoomLevel() const override { return zoom; }
     [[nodiscard]] bool Busy() const override { return busy; }
     [[nodiscard]] Text LocationURL() const override { return location; }
     void SetVisible(bool value) override { visible = value; }
@@ -35,7 +40,10 @@ public:
     bool visible = false;
     bool tabStop = true;
     bool refuses = false; ///< every call that can fail does
+    bool hasDocument = true;
+    int zoom = 2;
     Text location;
+    Text name;
     Rect place;
     Twips left{0};
     std::vector<std::string> calls; ///< in order: "go about:blank", "stop", ...

@@ -1,0 +1,56 @@
+#include "commands/CollectionCommands.h"
+
+namespace {
+
+constexpr TextView kGroupFilter = u"TessaGroup File (*.tvg)|*.tvg";
+constexpr TextView kRepairQuestion =
+    u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
+    u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
+    u"Would you like TessaView to make these changes?";
+
+struct Page {
+    Text address, title;
+};
+
+Page CurrentPage(const CommandContext& context) {
+    const auto* view = context.tabs.CurrentView();
+    return view ? Page{view->Control->LocationURL(), view->Control->LocationName()} : Page{};
+}
+
+} // namespace
+
+namespace CollectionCommands {
+
+void AddToTessaGroup(CommandContext& context) {
+    const Text file = context.files.ShowOpen(
+        {.DialogTitle = u"Add to TessaGroup", .InitDir = context.groupFolder, .Filter = Text(kGroupFilter)});
+    if (file.empty()) return;
+    context.host.AddToTessaGroup(CurrentPage(context).address, file);
+    context.groupsMenuStale = true;
+}
+
+void SaveAsTessaGroup(CommandContext& context) {
+    const Text file = context.files.ShowSave(
+        {.DialogTitle = u"Save as TessaGroup", .InitDir = context.groupFolder, .Filter = Text(kGroupFilter)});
+    if (file.empty()) return;
+    context.host.SaveAsTessaGroup(file);
+    context.groupsMenuStale = true;
+}
+
+void OrganizeTessaGroups(CommandContext& context) { context.host.OrganizeTessaGroups(); }
+
+void AddToFavorites(CommandContext& context) {
+    const Page page = CurrentPage(context);
+    if (context.host.AddFavorite(page.address, page.title)) {
+        context.favoritesMenuStale = true;
+    } else if (context.messages.AskYesNoCancel(kRepairQuestion) == Answer::Yes && context.host.RepairFavorites) {
+        context.host.RepairFavorites();
+    }
+}
+
+void OrganizeFavorites(CommandContext& context) {
+    context.host.OrganizeFavorites();
+    context.favoritesMenuStale = true;
+}
+
+} // namespace CollectionCommands

@@ -1,0 +1,13 @@
+#pragma once
+#include "commands/CommandTable.h"
+
+/// Commands that keep pages: TessaGroups and Favorites. What they may have changed makes the menu out of date.
+namespace CollectionCommands {
+
+void AddToTessaGroup(CommandContext& context);
+void SaveAsTessaGroup(CommandContext& context);
+void OrganizeTessaGroups(CommandContext& context);
+void AddToFavorites(CommandContext& context);
+void OrganizeFavorites(CommandContext& context);
+
+} // namespace CollectionCommands

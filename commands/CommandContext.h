@@ -1,0 +1,52 @@
+#pragma once
+#include "common/platform/Dialogs.h"
+#include "groups/GroupCommands.h"
+#include "tabs/PageOptions.h"
+#include "tabs/TabStripInput.h"
+
+#include <functional>
+
+/// What the commands need of the layers above, filled in by the main window. A command whose operation is missing is
+/// disabled.
+struct CommandHost {
+    std::function<void()> ShowSettings;
+    std::function<void()> ShowAbout;
+    std::function<void()> ShowHelp;
+    std::function<void()> Customize;
+    std::function<void()> Exit;
+    std::function<void()> ResizeAddress;
+    std::function<void()> ResizeSearch;
+    std::function<void(BrowserView&)> ShowFind;
+    std::function<void()> ShowInternetOptions;
+    /// The page to add, by address and title. False when there is no way to add any.
+    std::function<bool(TextView address, TextView title)> AddFavorite;
+    std::function<void()> OrganizeFavorites;
+    std::function<void()> RepairFavorites;
+    std::function<void(TextView URL, TextView SGFile)> AddToTessaGroup;
+    std::function<void(TextView path)> SaveAsTessaGroup;
+    std::function<void()> OrganizeTessaGroups;
+    std::function<void()> LaunchMailClient;
+    std::function<void()> LaunchNewsClient;
+    /// The address that begins a mail, for the command of that name and the current page.
+    std::function<Text(TextView tool, TextView title, TextView address)> MailAddress;
+    /// Whether the Shift key is held down at this moment.
+    std::function<bool()> ShiftHeld;
+    /// Whether a Favorites link may be opened; asks the user where that is in doubt.
+    std::function<bool(TextView address)> MayOpenLink;
+};
+
+/// What the commands work on. Owned by the main window; everything in it outlives it.
+struct CommandContext {
+    TabSet& tabs;
+    TabStripInput& strip;
+    CommandBar& actBar;
+    PageOptions& pages;
+    GroupCommands& groups;
+    FileDialogs& files;
+    MessageBoxes& messages;
+    Text groupFolder; ///< with the separator at the end
+    CommandHost host;
+    /// The Favorites or TessaGroups menu is out of date, because a command may have changed its folder.
+    bool favoritesMenuStale = true;
+    bool groupsMenuStale = true;
+};

@@ -1,0 +1,106 @@
+#include "commands/CommandTable.h"
+
+#include "commands/CollectionCommands.h"
+#include "commands/PageCommands.h"
+#include "commands/TabCommands.h"
+
+#include <array>
+
+namespace {
+
+void ClearList(CommandContext& context, TextView box) {
+    if (auto* combo = context.actBar.FindCombo(box)) combo->Clear();
+}
+
+void ClearAddresses(CommandContext& context) { ClearList(context, u"cboAddress"); }
+
+void ClearSearches(CommandContext& context) { ClearList(context, u"cboSearch"); }
+
+void ToggleStatusBar(CommandContext& context) { context.tabs.ToggleStatusBar(); }
+
+/// Runs an operation of the host.
+template<auto operation>
+void Host(CommandContext& context) {
+    (context.host.*operation)();
+}
+
+template<auto operation>
+bool Has(const CommandHost& host) {
+    return static_cast<bool>(host.*operation);
+}
+
+template<auto operation>
+constexpr Command FromHost(TextView tool) {
+    return {tool, Host<operation>, Has<operation>};
+}
+
+namespace Page = PageCommands;
+namespace Tabs = TabCommands;
+namespace Keep = CollectionCommands;
+
+const std::array kCommands{
+    Command{u"mnuAddToTessaGroup", Keep::AddToTessaGroup, Has<&CommandHost::AddToTessaGroup>},
+    Command{u"mnuCloseAll", Tabs::CloseAll},
+    FromHost<&CommandHost::ShowHelp>(u"mnuHelp"),
+    Command{u"mnuClearAddresses", ClearAddresses},
+    Command{u"mnuClearSearches", ClearSearches},
+    Command{u"mnuLoadImages", Page::ToggleLoadOption},
+    Command{u"mnuLoadVideos", Page::ToggleLoadOption},
+    Command{u"mnuLoadSounds", Page::ToggleLoadOption},
+    Command{u"mnuLoadAnimations", Page::ToggleLoadOption},
+    Command{u"mnuOrganizeTessaGroups", Keep::OrganizeTessaGroups, Has<&CommandHost::OrganizeTessaGroups>},
+    Command{u"mnuFontLargest", Page::TextSize},
+    Command{u"mnuFontLarger", Page::TextSize},
+    Command{u"mnuFontMedium", Page::TextSize},
+    Command{u"mnuFontSmaller", Page::TextSize},
+    Command{u"mnuFontSmallest", Page::TextSize},
+    Command{u"mnuFont", Page::MediumTextSize},
+    FromHost<&CommandHost::LaunchNewsClient>(u"mnuReadNews"),
+    Command{u"mnuNewMessage", Page::Mail, Has<&CommandHost::MailAddress>},
+    Command{u"mnuSendLink", Page::Mail, Has<&CommandHost::MailAddress>},
+    Command{u"mnuMailQuorvaneSoftware", Page::Mail, Has<&CommandHost::MailAddress>},
+    Command{u"mnuFeatureRequest", Page::Mail, Has<&CommandHost::MailAddress>},
+    Command{u"mnuMailBugReport", Page::Mail, Has<&CommandHost::MailAddress>},
+    FromHost<&CommandHost::LaunchMailClient>(u"mnuReadMail"),
+    FromHost<&CommandHost::LaunchMailClient>(u"mnuMail"),
+    Command{u"mnuNextBrowserTab", Tabs::Next},
+    Command{u"mnuPreviousBrowserTab", Tabs::Previous},
+    FromHost<&CommandHost::ShowSettings>(u"mnuSettings"),
+    Command{u"mnuOpen", Page::Open},
+    FromHost<&CommandHost::ShowAbout>(u"mnuAbout"),
+    Command{u"mnuSaveAsTessaGroup", Keep::SaveAsTessaGroup, Has<&CommandHost::SaveAsTessaGroup>},
+    Command{u"mnuGoBack", Page::GoBack},
+    Command{u"mnuGoForward", Page::GoForward},
+    Command{u"mnuAddToFavorites", Keep::AddToFavorites, Has<&CommandHost::AddFavorite>},
+    Command{u"mnuOrganizeFavorites", Keep::OrganizeFavorites, Has<&CommandHost::OrganizeFavorites>},
+    Command{u"mnuNewHome", Tabs::NewHome},
+    Command{u"mnuViewStatusbar", ToggleStatusBar},
+    Command{u"mnuNewSearch", Tabs::NewSearch},
+    Command{u"mnuNewBlank", Tabs::NewBlank},
+    Command{u"tbNew", Tabs::NewBlank},
+    Command{u"mnuNewCurrent", Tabs::NewCurrent},
+    Command{u"mnuClose", Tabs::Close},
+    Command{u"mnuSearch", Page::Search},
+    Command{u"mnuHome", Page::Home},
+    Command{u"mnuStop", Page::Stop},
+    Command{u"mnuRefresh", Page::Refresh},
+    Command{u"mnuSaveAs", Page::Exec<BrowserCommand::SaveAs>},
+    Command{u"mnuPageSetup", Page::Exec<BrowserCommand::PageSetup>},
+    Command{u"mnuPrint", Page::Exec<BrowserCommand::Print>},
+    Command{u"mnuCut", Page::Exec<BrowserCommand::Cut>},
+    Command{u"mnuCopy", Page::Exec<BrowserCommand::Copy>},
+    Command{u"mnuPaste", Page::Exec<BrowserCommand::Paste>},
+    Command{u"mnuSelectAll", Page::SelectAll},
+    Command{u"mnuFind", Page::Find, Has<&CommandHost::ShowFind>},
+    Command{u"mnuViewInternetOptions", Page::InternetOptions, Has<&CommandHost::ShowInternetOptions>},
+    Command{u"mnuViewSource", Page::Source},
+    FromHost<&CommandHost::Exit>(u"mnuExit"),
+    FromHost<&CommandHost::Customize>(u"mnuViewToolbars"),
+    Command{u"mnuTabStop", Tabs::PopupStop},
+    Command{u"mnuTabRefresh", Tabs::PopupRefresh},
+    Command{u"mnuTabClose", Tabs::PopupClose},
+};
+
+} // namespace
+
+std::span<const Command> CommandTable() { return kCommands; }

@@ -1,0 +1,69 @@
+#include "commands/PageCommands.h"
+
+#include "commands/Endpoints.h"
+#include "tabs/Browser.h"
+
+namespace {
+
+void Navigate(CommandContext& context, TextView address) {
+    if (auto* view = context.tabs.CurrentView()) ResumeNext(view->Control->Navigate(address));
+}
+
+} // namespace
+
+namespace PageCommands {
+
+void GoBack(CommandContext&, BrowserView& view) { ResumeNext(view.GoBack()); }
+
+void GoForward(CommandContext&, BrowserView& view) { ResumeNext(view.GoForward()); }
+
+void Home(CommandContext&, BrowserView& view) { ResumeNext(view.GoHome()); }
+
+void Search(CommandContext&, BrowserView& view) { ResumeNext(view.Navigate(Endpoints::kSearchStart)); }
+
+void Stop(CommandContext& context, BrowserView& view) {
+    ResumeNext(view.Stop());
+    context.tabs.UpdateStopRefresh();
+}
+
+void Refresh(CommandContext& context, BrowserView& view) {
+    ResumeNext(view.Refresh());
+    context.tabs.UpdateStopRefresh();
+}
+
+void Source(CommandContext& context, BrowserView& view) { Browser::ViewSource(context.tabs, view); }
+
+void Find(CommandContext& context, BrowserView& view) { context.host.ShowFind(view); }
+
+void InternetOptions(CommandContext& context, BrowserView&) {
+    context.host.ShowInternetOptions();
+    context.pages.ShowLoadOptions();
+}
+
+void SelectAll(CommandContext&, BrowserView& view) {
+    view.SetFocus();
+    ResumeNext(view.ExecWB(BrowserCommand::SelectAll));
+}
+
+void Open(CommandContext& context) {
+    const Text file =
+        context.files.ShowOpen({.DialogTitle = u"Open",
+                                .InitDir = {},
+                                .Filter = u"HTML Files (*.htm, *.html)|*.htm; *.html|All Files (*.*)|*.*"});
+    if (!file.empty()) Navigate(context, file);
+}
+
+void TextSize(CommandContext& context, const Tool& tool) { context.pages.SetTextSize(tool.Name(), Apply::Yes); }
+
+void MediumTextSize(CommandContext& context) { context.pages.SetTextSize(u"mnuFontMedium", Apply::Yes); }
+
+void ToggleLoadOption(CommandContext& context, const Tool& tool) { context.pages.ToggleLoadOption(tool.Name()); }
+
+void Mail(CommandContext& context, const Tool& tool) {
+    const auto* view = context.tabs.CurrentView();
+    const Text title = view ? view->Control->LocationName() : Text();
+    const Text address = view ? view->Control->LocationURL() : Text();
+    Navigate(context, context.host.MailAddress(tool.Name(), title, address));
+}
+
+} // namespace PageCommands

@@ -1,0 +1,49 @@
+#include "commands/TabCommands.h"
+
+#include "commands/Endpoints.h"
+
+namespace {
+
+void OpenInFront(CommandContext& context, TextView address) {
+    if (auto* view = context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(address));
+}
+
+} // namespace
+
+namespace TabCommands {
+
+void NewBlank(CommandContext& context) { OpenInFront(context, u"about:blank"); }
+
+void NewSearch(CommandContext& context) { OpenInFront(context, Endpoints::kSearchStart); }
+
+void NewHome(CommandContext& context) {
+    if (auto* view = context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->GoHome());
+}
+
+void NewCurrent(CommandContext& context) {
+    const auto* current = context.tabs.CurrentView();
+    const Text address = current ? current->Control->LocationURL() : Text();
+    OpenInFront(context, address);
+}
+
+void Close(CommandContext& context) { context.tabs.CloseSelectedTab(); }
+
+void CloseAll(CommandContext& context) { context.tabs.CloseOtherTabs(); }
+
+void Next(CommandContext& context) { context.tabs.SelectNextTab(); }
+
+void Previous(CommandContext& context) { context.tabs.SelectPreviousTab(); }
+
+void PopupStop(CommandContext& context) {
+    if (auto* view = context.strip.PopupView()) ResumeNext(view->Control->Stop());
+}
+
+void PopupRefresh(CommandContext& context) {
+    if (auto* view = context.strip.PopupView()) ResumeNext(view->Control->Refresh());
+}
+
+void PopupClose(CommandContext& context) {
+    if (context.strip.PopupView()) context.tabs.CloseBrowserTab(context.strip.PopupTab()->Tag);
+}
+
+} // namespace TabCommands

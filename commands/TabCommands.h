@@ -1,0 +1,21 @@
+#pragma once
+#include "commands/CommandTable.h"
+
+/// Commands that make, choose and close tabs.
+namespace TabCommands {
+
+void NewBlank(CommandContext& context);
+void NewSearch(CommandContext& context);
+void NewHome(CommandContext& context);
+/// The current page once more; with no current view an empty address.
+void NewCurrent(CommandContext& context);
+void Close(CommandContext& context);
+void CloseAll(CommandContext& context);
+void Next(CommandContext& context);
+void Previous(CommandContext& context);
+// The tab that the pop-up was opened on.
+void PopupStop(CommandContext& context);
+void PopupRefresh(CommandContext& context);
+void PopupClose(CommandContext& context);
+
+} // namespace TabCommands

@@ -1,0 +1,44 @@
+#pragma once
+#include <QWidget>
+#include <functional>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QWebEngineFindTextResult;
+class QWebEnginePage;
+
+/// The bar under the page that finds text on it: forwards, backwards, counting what it finds.
+class QtFindBar final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit QtFindBar(QWidget* parent);
+
+    /// Shows the bar with the text of last time, all of it selected.
+    void Open();
+    /// Hides it and takes the marks off the page.
+    void Close();
+    /// Another page has come to the front: what was found on the one before is no longer told.
+    void OnPageChanged();
+
+    /// The page in front; nothing when there is none.
+    std::function<QWebEnginePage*()> Page;
+    /// The bar was shown or hidden.
+    std::function<void()> Changed;
+    /// Gives the keyboard back to the page.
+    std::function<void()> FocusPage;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    enum class Direction { Forward, Backward };
+
+    void Find(Direction direction);
+    void Tell(const QWebEngineFindTextResult& result);
+
+    QLineEdit* m_text;
+    QCheckBox* m_matchCase;
+    QLabel* m_found;
+};

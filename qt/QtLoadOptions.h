@@ -1,0 +1,9 @@
+#pragma once
+
+/// What pages may load and play.
+struct QtLoadOptions {
+    bool images = true;
+    bool animations = true;
+    bool videos = true;
+    bool sounds = true;
+};

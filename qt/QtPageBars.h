@@ -1,0 +1,24 @@
+#pragma once
+#include <QRect>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+/// The bars above and below the page, which take their room from it.
+class QtPageBars {
+public:
+    enum class Side { Above, Below };
+
+    /// A bar that is shown or hidden calls `Changed`. Bars outlive this object or are removed first.
+    void Add(QWidget& bar, Side side);
+    void Remove(const QWidget& bar);
+    /// Places the bars that are shown and answers what they leave of the whole page area.
+    [[nodiscard]] QRect Lay(const QRect& whole) const;
+
+private:
+    struct Bar {
+        QWidget* widget;
+        Side side;
+    };
+    std::vector<Bar> m_bars;
+};

@@ -1,0 +1,116 @@
+#include "qt/QtPageOutput.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QStandardPaths>
+#include <QWebEngineDownloadRequest>
+#include <QWebEnginePage>
+#include <QWebEngineView>
+#include <array>
+#include <memory>
+
+namespace {
+
+struct Format {
+    const char* filter;
+    const char* suffix;
+};
+
+constexpr std::array kFormats{
+    Format{"Web page, complete (*.html *.htm)", "html"},
+    Format{"Web page, single file (*.mhtml)", "mhtml"},
+    Format{"PDF document (*.pdf)", "pdf"},
+};
+
+constexpr qsizetype kLongestName = 80;
+
+void Save(QWebEnginePage& page, const QString& path) {
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == u"pdf")
+        page.printToPdf(path);
+    else if (suffix == u"mhtml" || suffix == u"mht")
+        page.save(path, QWebEngineDownloadRequest::MimeHtmlSaveFormat);
+    else
+        page.save(path, QWebEngineDownloadRequest::CompleteHtmlSaveFormat);
+}
+
+// The dialog follows the chosen kind of file with the name's ending.
+void FollowFormat(QFileDialog& dialog) {
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        for (const Format& format : kFormats) {
+            if (filter == QLatin1String(format.filter)) dialog.setDefaultSuffix(QLatin1String(format.suffix));
+        }
+        const QFileInfo chosen(dialog.selectedFiles().value(0));
+        if (!chosen.fileName().isEmpty()) dialog.selectFile(chosen.completeBaseName());
+    });
+}
+
+} // namespace
+
+QString QtPageOutput::FileNameFor(const QString& title) {
+    QString name;
+    for (const QChar unit : title.simplified()) {
+        const bool refused = QStringLiteral("/\\:*?\"<>|").contains(unit) || unit.category() == QChar::Other_Format ||
+                             unit.category() == QChar::Other_Control;
+        name += refused ? QLatin1Char(' ') : unit;
+    }
+    name = name.simplified().left(kLongestName).trimmed();
+    while (name.startsWith(u'.')) name.remove(0, 1);
+    return name.isEmpty() ? QStringLiteral("page") : name;
+}
+
+Outcome QtPageOutput::SaveAs(QWebEnginePage& page, QWidget* parent) {
+    QFileDialog dialog(parent, QStringLiteral("Save As"),
+                       QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    QStringList filters;
+    for (const Format& format : kFormats) filters << QLatin1String(format.filter);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(QLatin1String(kFormats.front().suffix));
+    FollowFormat(dialog);
+    dialog.selectFile(FileNameFor(page.title()));
+    const QPointer<QWebEnginePage> alive(&page);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return Outcome::Done;
+    if (!alive) return Outcome::Failed;
+    Save(page, dialog.selectedFiles().constFirst());
+    return Outcome::Done;
+}
+
+Outcome QtPageOutput::Print(QWebEnginePage& page, QWidget* parent) {
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setPageLayout(m_layout);
+    printer->setDocName(page.title());
+    QPrintDialog dialog(printer.get(), parent);
+    dialog.setWindowTitle(QStringLiteral("Print"));
+    const QPointer<QWebEnginePage> alive(&page);
+    if (dialog.exec() != QDialog::Accepted) return Outcome::Done;
+    if (!alive) return Outcome::Failed;
+    // The engine writes PDF itself, with text that can be searched.
+    if (printer->outputFormat() == QPrinter::PdfFormat) {
+        page.printToPdf(printer->outputFileName(), printer->pageLayout());
+        return Outcome::Done;
+    }
+    auto* view = QWebEngineView::forPage(&page);
+    if (!view) return Outcome::Failed;
+    // The printer must live until the engine is done with it.
+    auto held = std::make_shared<QMetaObject::Connection>();
+    *held = QObject::connect(view, &QWebEngineView::printFinished, view,
+                             [printer, held](bool) { QObject::disconnect(*held); });
+    view->print(printer.get());
+    return Outcome::Done;
+}
+
+Outcome QtPageOutput::PageSetup(QWidget* parent) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageLayout(m_layout);
+    QPageSetupDialog dialog(&printer, parent);
+    dialog.setWindowTitle(QStringLiteral("Page Setup"));
+    if (dialog.exec() == QDialog::Accepted) m_layout = printer.pageLayout();
+    return Outcome::Done;
+}

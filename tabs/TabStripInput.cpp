@@ -1,0 +1,53 @@
+#include "tabs/TabStripInput.h"
+
+#include <cmath>
+
+namespace {
+
+Pixels Rounded(double value) { return {static_cast<std::int32_t>(std::lround(value))}; }
+
+void Enable(CommandBar& bar, TextView tool, bool enabled) {
+    if (auto* found = bar.Find(tool)) found->Enabled = enabled;
+}
+
+} // namespace
+
+std::size_t TabStripInput::PositionAt(Pixels x, Pixels y) const {
+    return HitTest ? static_cast<std::size_t>(HitTest(x, y) + 1) : 0;
+}
+
+ArrayView* TabStripInput::PopupView() const {
+    const auto* tab = PopupTab();
+    return tab ? m_browser.Find(tab->Tag) : nullptr;
+}
+
+void TabStripInput::MouseDown(MouseButton Button, Twips x, Twips y) {
+    if (Button != MouseButton::Right) return;
+    // Deliberate: both are divided by the horizontal factor; here the two are one.
+    PopupTabPosition = PositionAt(Rounded(static_cast<double>(x.value) / kTwipsPerPixel),
+                                  Rounded(static_cast<double>(y.value) / kTwipsPerPixel));
+    auto* view = PopupView();
+    if (!view) return;
+    const bool busy = view->Control->Busy();
+    Enable(m_actBar, u"mnuTabRefresh", !busy);
+    Enable(m_actBar, u"mnuTabStop", busy);
+    m_actBar.Popup(u"bndTabPopup");
+}
+
+void TabStripInput::OLEDragOver(bool hasText, double x, double y) {
+    // Deliberate: only rounded, not converted, because the desktop gives the point in pixels.
+    if (hasText) DropTabPosition = PositionAt(Rounded(x), Rounded(y));
+}
+
+void TabStripInput::OLEDragDrop(const std::optional<Text>& text) {
+    if (!text) return;
+    const auto* selected = m_pcPage.SelectedItem();
+    const auto* target = m_pcPage.FindAt(DropTabPosition);
+    if (!target || (selected && selected->Tag == target->Tag)) return OpenInNewTab(*text);
+    if (auto* view = m_browser.Find(target->Tag)) ResumeNext(view->Control->Navigate(*text));
+}
+
+void TabStripInput::OpenInNewTab(TextView text) {
+    const auto inFront = m_tabs.OpenNewInFront ? InFront::Yes : InFront::No;
+    if (auto* view = m_tabs.GetNewBrowser(inFront)) ResumeNext(view->Navigate(text));
+}

@@ -1,0 +1,46 @@
+#pragma once
+#include "tabs/TabSet.h"
+
+#include <functional>
+#include <optional>
+
+/// Buttons of the mouse, with their known numbers.
+enum class MouseButton { Left = 1, Right = 2, Middle = 4 };
+
+/// What the mouse and dragged text do on the tab strip. Owned by the main window.
+class TabStripInput {
+public:
+    /// All outlive this object.
+    TabStripInput(TabSet& tabs, TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar)
+        : m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser), m_actBar(actBar) {}
+
+    /// A button goes down at a point of the strip, in twips. The right one opens the pop-up for the tab under it,
+    /// which is not selected.
+    void MouseDown(MouseButton Button, Twips x, Twips y);
+    /// Data is dragged over a point of the strip, in logical pixels. Nothing without text.
+    void OLEDragOver(bool hasText, double x, double y);
+    /// Text is dropped where it was dragged last: on the selected tab it opens a new tab, on another one it is loaded
+    /// there, on none it opens a new tab.
+    void OLEDragDrop(const std::optional<Text>& text);
+
+    /// The view of the tab that the pop-up was opened on; nothing when the tab is gone.
+    [[nodiscard]] ArrayView* PopupView() const;
+    [[nodiscard]] const Tab* PopupTab() const { return m_pcPage.FindAt(PopupTabPosition); }
+
+    /// 1-based positions; 0 when the pointer was over no tab.
+    std::size_t PopupTabPosition = 0;
+    std::size_t DropTabPosition = 0;
+
+    /// The 0-based position of the tab at a point of the strip in logical pixels; -1 for none. Filled in by the
+    /// strip's view.
+    std::function<int(Pixels x, Pixels y)> HitTest;
+
+private:
+    [[nodiscard]] std::size_t PositionAt(Pixels x, Pixels y) const;
+    void OpenInNewTab(TextView text);
+
+    TabSet& m_tabs;
+    TabStrip& m_pcPage;
+    ViewArray& m_browser;
+    CommandBar& m_actBar;
+};

@@ -1,0 +1,314 @@
+#include "commands/DesignTimeBar.h"
+
+#include "commands/CommandTable.h"
+
+#include <array>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+
+namespace {
+
+struct DesignedBand {
+    const char* name;
+    const char* caption;
+    const char* tools; ///< separated by blanks; a sub-band stands in brackets behind its tool
+};
+
+// The product's own layout, written out once more.
+constexpr std::array kDesign{
+    DesignedBand{"bndMenu", "Menu Bar",
+                 "mnuFile[bndFileMenu] mnuEdit[bndEditMenu] mnuView[bndViewMenu] mnuGo[bndGoMenu] "
+                 "mnuFavorites[bndFavorites] mnuTessaGroups[bndTessaGroupsMenu] mnuFindLinks[bndFindLinks] "
+                 "mnuShop[bndShopMenu] mnuOptions[bndOptions] mnuHelp[bndHelpMenu]"},
+    DesignedBand{"bndFile", "File", "tbNew[bndNew] mnuOpen mnuClose mnuCloseAll"},
+    DesignedBand{"bndNew", "", "mnuNewBlank mnuNewSearch mnuNewHome mnuNewCurrent"},
+    DesignedBand{"bndGo", "Go", "mnuGoBack mnuGoForward mnuStop mnuRefresh mnuHome mnuSearch"},
+    DesignedBand{"bndFileMenu", "File",
+                 "mnuNewBlank mnuNewSearch mnuNewHome mnuNewCurrent mnuOpen mnuClose mnuCloseAll mnuSaveAs mnuPrint "
+                 "mnuPageSetup mnuExit"},
+    DesignedBand{"bndEditMenu", "Edit", "mnuCut mnuCopy mnuPaste mnuSelectAll mnuFind"},
+    DesignedBand{"bndAddress", "Address", "mnuAddress cboAddress"},
+    DesignedBand{"bndViewMenu", "View",
+                 "mnuViewStatusbar mnuViewToolbars mnuStop mnuRefresh mnuViewSource mnuViewInternetOptions "
+                 "mnuClearAddresses mnuClearSearches mnuResizeAddress mnuResizeSearch"},
+    DesignedBand{"bndGoMenu", "Go", "mnuGoBack mnuGoForward mnuHome mnuSearch mnuPreviousBrowserTab mnuNextBrowserTab"},
+    DesignedBand{"bndFavorites", "Favorites", "mnuAddToFavorites mnuOrganizeFavorites"},
+    DesignedBand{"bndTabPopup", "Tab Popup", "mnuTabStop mnuTabRefresh mnuTabClose"},
+    DesignedBand{"bndSearch", "Search", "mnuSearchLabel cboSearch"},
+    DesignedBand{"bndOptions", "Options", "mnuLoadImages mnuLoadVideos mnuLoadSounds mnuLoadAnimations mnuSettings"},
+    DesignedBand{"bndHelpMenu", "Help", "mnuHelp mnuAbout"},
+    DesignedBand{"bndTessaGroupsMenu", "TessaGroups", "mnuAddToTessaGroup mnuSaveAsTessaGroup mnuOrganizeTessaGroups"},
+    DesignedBand{"bndMail", "Mail",
+                 "mnuReadMail mnuNewMessage mnuSendLink mnuMailQuorvaneSoftware mnuFeatureRequest mnuMailBugReport "
+                 "mnuReadNews"},
+    DesignedBand{"bndMisc", "Misc",
+                 "mnuAddToFavorites mnuOrganizeFavorites mnuPrint mnuViewSource mnuLoadImages mnuMail[bndMail] "
+                 "mnuFont[bndFont]"},
+    DesignedBand{"bndFont", "Font", "mnuFontLargest mnuFontLarger mnuFontMedium mnuFontSmaller mnuFontSmallest"},
+    DesignedBand{"bndShopMenu", "Shop",
+                 "shpAirlineTickets shpAuctions shpAudioBooks shpBooks shpCars shpComputers shpCreditCards "
+                 "shpEventTickets shpFlowers shpHomesLoans shpHotelReservations shpMagazines shpMusic shpSoftware "
+                 "shpSportingGoods shpStocks shpSunglasses shpToys shpTravel shpVideos shpHosting"},
+    DesignedBand{"bndFindLinks", "Find",
+                 "fndWebSites fndNewsgroups fndPeople fndBusinesses fndMaps fndWeather fndReference fndStockQuotes"},
+};
+
+struct DesignedTool {
+    const char* name;
+    const char* caption;
+    const char* description; ///< nothing where the product leaves it to us
+};
+
+constexpr std::array kCaptions{
+    DesignedTool{"mnuFile", "&File", nullptr},
+    DesignedTool{"mnuEdit", "&Edit", nullptr},
+    DesignedTool{"mnuView", "&View", nullptr},
+    DesignedTool{"mnuGo", "&Go", nullptr},
+    DesignedTool{"mnuFavorites", "F&avorites", nullptr},
+    DesignedTool{"mnuTessaGroups", "&TessaGroups", nullptr},
+    DesignedTool{"mnuFindLinks", "F&ind", nullptr},
+    DesignedTool{"mnuShop", "Sho&p", "Shop the Internet"},
+    DesignedTool{"mnuOptions", "&Options", nullptr},
+    DesignedTool{"tbNew", "&New", "Opens a new browser tab at your home page"},
+    DesignedTool{"mnuAddress", "A&ddress", nullptr},
+    DesignedTool{"mnuAddToTessaGroup", "Add to TessaGroup...", nullptr},
+    DesignedTool{"mnuCloseAll", "Close &All", nullptr},
+    DesignedTool{"mnuHelp", "&Help Topics", nullptr},
+    DesignedTool{"mnuClearAddresses", "&Clear Addresses", nullptr},
+    DesignedTool{"mnuClearSearches", "C&lear Searches", nullptr},
+    DesignedTool{"mnuLoadImages", "&Load Images", nullptr},
+    DesignedTool{"mnuLoadVideos", "Load &Videos", nullptr},
+    DesignedTool{"mnuLoadSounds", "Load &Sounds", nullptr},
+    DesignedTool{"mnuLoadAnimations", "Load &Animations", nullptr},
+    DesignedTool{"mnuOrganizeTessaGroups", "&Organize TessaGroups...", nullptr},
+    DesignedTool{"mnuFontLargest", "Lar&gest", nullptr},
+    DesignedTool{"mnFontLarge", "&Large", nullptr},
+    DesignedTool{"mnuFontLarger", "&Large", nullptr},
+    DesignedTool{"mnuFontMedium", "&Medium", nullptr},
+    DesignedTool{"mnuFontSmaller", "&Smaller", nullptr},
+    DesignedTool{"mnuFontSmallest", "Sm&allest", nullptr},
+    DesignedTool{"mnuFont", "&Font", nullptr},
+    DesignedTool{"mnuReadNews", "Read &News...", nullptr},
+    DesignedTool{"mnuNewMessage", "Ne&w Message...", nullptr},
+    DesignedTool{"mnuSendLink", "Send a &Link...", nullptr},
+    DesignedTool{"mnuMailQuorvaneSoftware", "&Quorvane Software", nullptr},
+    DesignedTool{"mnuFeatureRequest", "&Feature Request", nullptr},
+    DesignedTool{"mnuMailBugReport", "&Bug Report", nullptr},
+    DesignedTool{"mnuReadMail", "&Read Mail...", nullptr},
+    DesignedTool{"mnuMail", "&Mail", nullptr},
+    DesignedTool{"mnuNextBrowserTab", "&Next Tab", nullptr},
+    DesignedTool{"mnuPreviousBrowserTab", "&Previous Tab", nullptr},
+    DesignedTool{"mnuSettings", "&Settings...", nullptr},
+    DesignedTool{"mnuOpen", "&Open", nullptr},
+    DesignedTool{"mnuAbout", "About...", nullptr},
+    DesignedTool{"mnuSaveAsTessaGroup", "&Save as TessaGroup...", nullptr},
+    DesignedTool{"mnuGoBack", "&Back", nullptr},
+    DesignedTool{"mnuGoForward", "&Forward", nullptr},
+    DesignedTool{"mnuAddToFavorites", "&Add to Favorites...", nullptr},
+    DesignedTool{"mnuOrganizeFavorites", "&Organize Favorites...", nullptr},
+    DesignedTool{"mnuNewHome", "New &Home", nullptr},
+    DesignedTool{"mnuViewStatusbar", "S&tatus Bar", nullptr},
+    DesignedTool{"mnuNewSearch", "New &Search", nullptr},
+    DesignedTool{"mnuNewBlank", "New &Blank", nullptr},
+    DesignedTool{"mnuNewCurrent", "New &Current", nullptr},
+    DesignedTool{"mnuClose", "&Close", nullptr},
+    DesignedTool{"mnuSearch", "&Search", nullptr},
+    DesignedTool{"mnuHome", "&Home", nullptr},
+    DesignedTool{"mnuStop", "&Stop", nullptr},
+    DesignedTool{"mnuRefresh", "&Refresh", nullptr},
+    DesignedTool{"mnuSaveAs", "&Save As", nullptr},
+    DesignedTool{"mnuPageSetup", "Page Set&up...", nullptr},
+    DesignedTool{"mnuPrint", "&Print", nullptr},
+    DesignedTool{"mnuCut", "C&ut", nullptr},
+    DesignedTool{"mnuCopy", "&Copy", nullptr},
+    DesignedTool{"mnuPaste", "&Paste", nullptr},
+    DesignedTool{"mnuSelectAll", "&Select All", nullptr},
+    DesignedTool{"mnuFind", "&Find (on this page)...", nullptr},
+    DesignedTool{"mnuViewInternetOptions", "&Internet Options...", nullptr},
+    DesignedTool{"mnuViewSource", "S&ource", nullptr},
+    DesignedTool{"mnuExit", "E&xit", nullptr},
+    DesignedTool{"mnuViewToolbars", "&Toolbars...", nullptr},
+    DesignedTool{"mnuResizeAddress", "&Resize Address Bar", "Resize the address bar"},
+    DesignedTool{"mnuResizeSearch", "R&esize Search Bar", "Resize the search bar"},
+    DesignedTool{"mnuTabStop", "&Stop", nullptr},
+    DesignedTool{"mnuTabRefresh", "&Refresh", nullptr},
+    DesignedTool{"mnuTabClose", "&Close", nullptr},
+    DesignedTool{"mnuLinkImage", "Link Image", "Link image holder"},
+    DesignedTool{"mnuFolderImage", "Folder Image", nullptr},
+    DesignedTool{"mnuTessaGroupsImage", "TessaGroups Image", nullptr},
+    DesignedTool{"shpAirlineTickets", "&Airline Tickets", "airlinetickets"},
+    DesignedTool{"shpAuctions", "A&uctions", "auctions"},
+    DesignedTool{"shpAudioBooks", "Au&dio Books", "audiobooks"},
+    DesignedTool{"shpBooks", "&Books", "book"},
+    DesignedTool{"shpCars", "&Cars", "cars"},
+    DesignedTool{"shpComputers", "C&omputers", "computers"},
+    DesignedTool{"shpCreditCards", "Cr&edit Cards", "creditcards"},
+    DesignedTool{"shpEventTickets", "E&vent Tickets", "eventtickets"},
+    DesignedTool{"shpFlowers", "&Flowers", "flowers"},
+    DesignedTool{"shpHomesLoans", "&Homes && Loans", "homesloans"},
+    DesignedTool{"shpHotelReservations", "Hotel Reservations", "hotelreservations"},
+    DesignedTool{"shpMagazines", "&Magazines", "magazines"},
+    DesignedTool{"shpMusic", "Mus&ic", "cds"},
+    DesignedTool{"shpSoftware", "&Software", "software"},
+    DesignedTool{"shpSportingGoods", "S&porting Goods", "sportinggoods"},
+    DesignedTool{"shpStocks", "St&ocks", "stocks"},
+    DesignedTool{"shpSunglasses", "Su&nglasses", "sunglasses"},
+    DesignedTool{"shpToys", "&Toys", "toys"},
+    DesignedTool{"shpTravel", "T&ravel", "travel"},
+    DesignedTool{"shpVideos", "&Videos", "videos"},
+    DesignedTool{"shpHosting", "&Web Site Hosting", "hosting"},
+    DesignedTool{"fndWebSites", "&Web Sites", "websites"},
+    DesignedTool{"fndNewsgroups", "&Newsgroups", "newsgroups"},
+    DesignedTool{"fndPeople", "&People", "people"},
+    DesignedTool{"fndBusinesses", "&Businesses", "business"},
+    DesignedTool{"fndMaps", "&Maps && Directions", "maps"},
+    DesignedTool{"fndWeather", "&Weather", "weather"},
+    DesignedTool{"fndReference", "&Reference", "reference"},
+    DesignedTool{"fndStockQuotes", "&Stock Quotes", "stockquotes"},
+};
+
+// The order in which the names of commands are tested.
+constexpr auto kCommandOrder =
+    "mnuAddToTessaGroup mnuCloseAll mnuHelp mnuClearAddresses mnuClearSearches mnuLoadImages mnuLoadVideos "
+    "mnuLoadSounds mnuLoadAnimations mnuOrganizeTessaGroups mnuFontLargest mnuFontLarger mnuFontMedium "
+    "mnuFontSmaller mnuFontSmallest mnuFont mnuReadNews mnuNewMessage mnuSendLink mnuMailQuorvaneSoftware "
+    "mnuFeatureRequest mnuMailBugReport mnuReadMail mnuMail mnuNextBrowserTab mnuPreviousBrowserTab mnuSettings "
+    "mnuOpen mnuAbout mnuSaveAsTessaGroup mnuGoBack mnuGoForward mnuAddToFavorites mnuOrganizeFavorites mnuNewHome "
+    "mnuViewStatusbar mnuNewSearch mnuNewBlank tbNew mnuNewCurrent mnuClose mnuSearch mnuHome mnuStop mnuRefresh "
+    "mnuSaveAs mnuPageSetup mnuPrint mnuCut mnuCopy mnuPaste mnuSelectAll mnuFind mnuViewInternetOptions "
+    "mnuViewSource mnuExit mnuViewToolbars mnuTabStop mnuTabRefresh mnuTabClose";
+
+class DesignTimeBarTest : public testing::Test {
+protected:
+    void SetUp() override { DesignTimeBar::Make(bar); }
+
+    static std::string Listed(const Band& band) {
+        std::string all;
+        for (const BandEntry& entry : band.Entries()) {
+            const Tool& tool = *entry.Item;
+            all += (all.empty() ? "" : " ") + ToUtf8(tool.Name());
+            if (!tool.SubBand.empty()) all += "[" + ToUtf8(tool.SubBand) + "]";
+        }
+        return all;
+    }
+
+    CommandBar bar;
+};
+
+TEST_F(DesignTimeBarTest, EveryBandHasItsCaptionAndItsToolsInOrder) {
+    std::size_t designed = 0;
+    for (const DesignedBand& each : kDesign) {
+        const Band* band = bar.FindBand(FromBytes(each.name));
+        ASSERT_NE(band, nullptr) << each.name;
+        EXPECT_EQ(ToUtf8(band->Caption()), each.caption) << each.name;
+        EXPECT_EQ(Listed(*band), each.tools) << each.name;
+        ++designed;
+    }
+    std::size_t own = 0;
+    for (const auto& band : bar.Bands()) own += ToUtf8(band->Name()).starts_with("bndMore") ? 1 : 0;
+    EXPECT_EQ(bar.Bands().size(), designed + own);
+}
+
+TEST_F(DesignTimeBarTest, EveryToolHasItsCaptionAndDescription) {
+    std::set<std::string> known{"mnuSearchLabel", "cboAddress", "cboSearch"};
+    for (const DesignedTool& each : kCaptions) {
+        known.insert(each.name);
+        const Tool* tool = bar.Find(FromBytes(each.name));
+        ASSERT_NE(tool, nullptr) << each.name;
+        EXPECT_EQ(ToUtf8(tool->Caption()), each.caption) << each.name;
+        if (each.description) {
+            EXPECT_EQ(ToUtf8(tool->Description), each.description) << each.name;
+        }
+        EXPECT_FALSE(tool->Description.empty()) << each.name;
+        EXPECT_FALSE(tool->TooltipText.empty()) << each.name;
+        EXPECT_GT(tool->Id(), 0);
+        EXPECT_LT(tool->Id(), 200) << each.name;
+    }
+    for (const auto& tool : bar.Tools()) {
+        const std::string name = ToUtf8(tool->Name());
+        EXPECT_TRUE(known.contains(name) || name.starts_with("xtr")) << name;
+    }
+}
+
+TEST_F(DesignTimeBarTest, IdsAreGivenOnce) {
+    std::set<std::int32_t> ids;
+    for (const auto& tool : bar.Tools()) EXPECT_TRUE(ids.insert(tool->Id()).second) << ToUtf8(tool->Name());
+}
+
+TEST_F(DesignTimeBarTest, CategoriesAreThoseOfTheMenus) {
+    const std::set<std::string> categories{"File",        "Edit", "View",    "Go",     "Favorites", "Popup",
+                                           "Options",     "Help", "Mail",    "Font",   "Shop",      "Find",
+                                           "TessaGroups", "Menu", "Address", "Search", ""};
+    for (const auto& tool : bar.Tools()) EXPECT_TRUE(categories.contains(ToUtf8(tool->Category)));
+    EXPECT_EQ(bar.Find(u"shpToys")->Category, u"Shop");
+    EXPECT_EQ(bar.Find(u"mnuFile")->Category, u"Menu");
+}
+
+TEST_F(DesignTimeBarTest, OneToolTipHasASlipOfThePen_Deliberate) {
+    EXPECT_EQ(bar.Find(u"shpHomesLoans")->TooltipText, u"Homes & Loads");
+    EXPECT_EQ(bar.Find(u"fndMaps")->TooltipText, u"Maps & Directions");
+}
+
+TEST_F(DesignTimeBarTest, TheLargeSizeIsSpelledOtherwiseInTheMasterList_Deliberate) {
+    EXPECT_NE(bar.Share(u"mnFontLarge"), nullptr);
+    EXPECT_EQ(bar.Share(u"mnuFontLarger"), nullptr);
+    EXPECT_NE(bar.FindBand(u"bndFont")->Find(u"mnuFontLarger"), nullptr);
+    EXPECT_EQ(bar.Find(u"mnuFontLarge"), nullptr);
+}
+
+TEST_F(DesignTimeBarTest, TheHelpMenuAndHelpTopicsShareAName) {
+    const Tool* menu = bar.FindBand(u"bndMenu")->Find(u"mnuHelp");
+    const Tool* topics = bar.FindBand(u"bndHelpMenu")->Find(u"mnuHelp");
+    EXPECT_EQ(ToUtf8(menu->Caption()), "&Help");
+    EXPECT_EQ(ToUtf8(topics->Caption()), "&Help Topics");
+    EXPECT_EQ(bar.Find(u"mnuHelp"), topics);
+}
+
+TEST_F(DesignTimeBarTest, PictureHoldersAreNotShown) {
+    for (const TextView name : {u"mnuLinkImage", u"mnuFolderImage", u"mnuTessaGroupsImage"}) {
+        EXPECT_FALSE(bar.Find(name)->Visible());
+        EXPECT_FALSE(bar.Find(name)->Image.Name.empty());
+    }
+}
+
+TEST_F(DesignTimeBarTest, EverySubBandIsABand) {
+    for (const auto& band : bar.Bands()) {
+        for (const BandEntry& entry : band->Entries()) {
+            if (entry.Item->SubBand.empty()) continue;
+            EXPECT_NE(bar.FindBand(entry.Item->SubBand), nullptr);
+        }
+    }
+}
+
+TEST_F(DesignTimeBarTest, ABandIsResetToItsDesign) {
+    Band* band = bar.FindBand(u"bndGo");
+    band->Clear();
+    band->Visible = false;
+    EXPECT_TRUE(DesignTimeBar::ResetBand(bar, u"bndGo"));
+    EXPECT_EQ(band->Entries().size(), 6u);
+    EXPECT_TRUE(band->Visible());
+    bar.RemoveBand(u"bndMisc");
+    EXPECT_TRUE(DesignTimeBar::ResetBand(bar, u"bndMisc"));
+    EXPECT_EQ(bar.FindBand(u"bndMisc")->Entries().size(), 7u);
+    EXPECT_FALSE(DesignTimeBar::ResetBand(bar, u"bndMine"));
+}
+
+TEST_F(DesignTimeBarTest, ShortcutsBelongToToolsAndAreGivenOnce) {
+    std::set<std::pair<std::int32_t, std::int32_t>> keys;
+    for (const Shortcut& each : bar.Shortcuts()) {
+        EXPECT_NE(bar.Find(each.ToolName), nullptr) << ToUtf8(each.ToolName);
+        EXPECT_TRUE(keys.insert({each.Key.KeyCode, each.Key.Shift}).second) << ToUtf8(each.ToolName);
+    }
+}
+
+TEST_F(DesignTimeBarTest, CommandsAreTestedInTheProductsOrder) {
+    std::string all;
+    for (const Command& command : CommandTable()) {
+        if (command.tool.starts_with(u"xtr")) continue;
+        all += (all.empty() ? "" : " ") + ToUtf8(command.tool);
+    }
+    EXPECT_EQ(all, kCommandOrder);
+}
+
+} // namespace

@@ -1,0 +1,266 @@
+#include "tests/Desk.h"
+
+#include "commands/Endpoints.h"
+
+namespace {
+
+/// Clicks a tool that was made for the occasion.
+void ClickMade(Desk& desk, std::int32_t id, TextView name, TextView description = u"") {
+    Tool tool(id, Text(name));
+    tool.Description = description;
+    desk.main.actBar_Click(tool);
+}
+
+class DispatcherTest : public testing::Test {
+protected:
+    void Start(int tabs) {
+        desk.StartWithTabs(tabs);
+        for (int i = 1; i <= tabs; ++i) desk.views.Calls(i);
+    }
+    Desk desk;
+};
+
+TEST_F(DispatcherTest, AShopLinkGoesToTheAdServerWithItsKeyword) {
+    Start(1);
+    desk.Click(u"shpHomesLoans");
+    EXPECT_EQ(desk.views.Calls(1), "go https://ads.tessaview.example/ad.asp?id=homesloans");
+}
+
+TEST_F(DispatcherTest, AFindLinkGoesToTheFindServerWithItsKeyword) {
+    Start(1);
+    desk.Click(u"fndStockQuotes");
+    EXPECT_EQ(desk.views.Calls(1), "go https://find.tessaview.example/find.asp?id=stockquotes");
+}
+
+TEST_F(DispatcherTest, ThePrefixDecidesWhateverTheId) {
+    Start(1);
+    ClickMade(desk, 50001, u"shpMine", u"a b&c");
+    ClickMade(desk, 150001, u"fndMine", u"x#y");
+    EXPECT_EQ(desk.views.Calls(1),
+              "go https://ads.tessaview.example/ad.asp?id=a b&c, go https://find.tessaview.example/find.asp?id=x#y");
+}
+
+TEST_F(DispatcherTest, NamesAreToldApartByCase) {
+    Start(2);
+    ClickMade(desk, 1, u"MNUCLOSE");
+    ClickMade(desk, 1, u"SHPBooks");
+    EXPECT_EQ(desk.Strip(), "[1*] 2");
+    EXPECT_EQ(desk.views.Calls(1), "");
+}
+
+TEST_F(DispatcherTest, NewTabsComeToTheFront) {
+    Start(1);
+    desk.views.At(1).location = u"http://a/?x=1 2#%";
+    desk.Click(u"mnuNewBlank");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go about:blank");
+    desk.Click(u"tbNew");
+    EXPECT_EQ(desk.views.Calls(3), "go about:blank, go about:blank") << "deliberately not the home page";
+    desk.Click(u"mnuNewHome");
+    EXPECT_EQ(desk.views.Calls(4), "go about:blank, home");
+    desk.Click(u"mnuNewSearch");
+    EXPECT_EQ(desk.views.Calls(5),
+              "go about:blank, go https://search.tessaview.example/d/redirect?Partner=tessaview&url="
+              "http%3a%2f%2fsearch.tessaview.example%2fd%2fhome%2fp%2ftessaview%2f");
+    desk.ClickTab(1);
+    desk.Click(u"mnuNewCurrent");
+    EXPECT_EQ(desk.views.Calls(6), "go about:blank, go http://a/?x=1 2#%") << "without any encoding";
+    EXPECT_EQ(desk.Strip(), "1 [6*] 2 3 4 5");
+}
+
+TEST_F(DispatcherTest, TheNextTabOfTheLastIsTheFirst) {
+    Start(3);
+    desk.Click(u"mnuNextBrowserTab");
+    EXPECT_EQ(desk.Strip(), "1 [2*] 3");
+    desk.Click(u"mnuNextBrowserTab");
+    desk.Click(u"mnuNextBrowserTab");
+    EXPECT_EQ(desk.Strip(), "[1*] 2 3");
+    desk.Click(u"mnuPreviousBrowserTab");
+    EXPECT_EQ(desk.Strip(), "1 2 [3*]");
+    desk.Click(u"mnuPreviousBrowserTab");
+    EXPECT_EQ(desk.Strip(), "1 [2*] 3");
+    EXPECT_EQ(desk.views.front, 2) << "the selected tab's page is shown";
+}
+
+TEST_F(DispatcherTest, TheOnlyTabHasNoNext) {
+    Start(1);
+    desk.Click(u"mnuNextBrowserTab");
+    desk.Click(u"mnuPreviousBrowserTab");
+    EXPECT_EQ(desk.Strip(), "[1*]");
+}
+
+TEST_F(DispatcherTest, PageCommandsReachTheCurrentView) {
+    Start(2);
+    desk.main.Tabs.UpdateStopRefresh();
+    desk.ClickTab(2);
+    for (const TextView tool : {u"mnuHome", u"mnuSearch", u"mnuSaveAs", u"mnuPageSetup", u"mnuPrint", u"mnuCut",
+                                u"mnuCopy", u"mnuPaste", u"mnuSelectAll"})
+        desk.Click(tool);
+    EXPECT_EQ(desk.views.Calls(2),
+              "home, go " + ToUtf8(Endpoints::kSearchStart) +
+                  ", command 4, command 8, command 6, command 11, command 12, command 13, command 17");
+    EXPECT_EQ(desk.views.Calls(1), "");
+    EXPECT_EQ(desk.views.focused, 2) << "selecting all needs the keyboard";
+}
+
+TEST_F(DispatcherTest, StopAndRefreshFollowTheViewsBusyState) {
+    Start(1);
+    desk.Click(u"mnuRefresh");
+    EXPECT_EQ(desk.Enabled(), "Stop");
+    desk.Click(u"mnuStop");
+    EXPECT_EQ(desk.Enabled(), "Refresh");
+    EXPECT_EQ(desk.views.Calls(1), "refresh, stop");
+}
+
+TEST_F(DispatcherTest, OpenAsksForAFileAndCancelDoesNothing) {
+    Start(1);
+    desk.Click(u"mnuOpen");
+    EXPECT_EQ(desk.files.last.DialogTitle, u"Open");
+    EXPECT_EQ(desk.files.last.Filter, u"HTML Files (*.htm, *.html)|*.htm; *.html|All Files (*.*)|*.*");
+    EXPECT_EQ(desk.views.Calls(1), "");
+    desk.files.chosen = u"/pages/a b.html";
+    desk.Click(u"mnuOpen");
+    EXPECT_EQ(desk.views.Calls(1), "go /pages/a b.html");
+}
+
+TEST_F(DispatcherTest, TheSourceComesInANewTabInFront) {
+    Start(1);
+    desk.views.At(1).location = u"http://a/b";
+    desk.Click(u"mnuViewSource");
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go view-source:http://a/b");
+}
+
+TEST_F(DispatcherTest, ClearingEmptiesTheListOfOneBox) {
+    Start(1);
+    auto* address = desk.main.actBar.FindCombo(u"cboAddress");
+    auto* search = desk.main.actBar.FindCombo(u"cboSearch");
+    address->InsertFirst(u"http://a/");
+    search->InsertFirst(u"words");
+    desk.Click(u"mnuClearAddresses");
+    EXPECT_EQ(address->ListCount(), 0u);
+    EXPECT_EQ(search->ListCount(), 1u);
+    desk.Click(u"mnuClearSearches");
+    EXPECT_EQ(search->ListCount(), 0u);
+}
+
+TEST_F(DispatcherTest, ALoadSwitchIsTurnedAndKept) {
+    Start(1);
+    const auto* tool = desk.main.actBar.Find(u"mnuLoadImages");
+    EXPECT_TRUE(tool->Checked());
+    desk.Click(u"mnuLoadImages");
+    EXPECT_FALSE(tool->Checked());
+    EXPECT_FALSE(SettingsStore(desk.settings).LoadImages.Get());
+    EXPECT_TRUE(SettingsStore(desk.settings).LoadVideos.Get());
+    desk.Click(u"mnuLoadImages");
+    EXPECT_TRUE(SettingsStore(desk.settings).LoadImages.Get());
+}
+
+TEST_F(DispatcherTest, TheStatusBarIsToggled) {
+    Start(1);
+    EXPECT_TRUE(desk.main.actBar.Find(u"mnuViewStatusbar")->Checked());
+    desk.Click(u"mnuViewStatusbar");
+    EXPECT_FALSE(desk.main.sbStatus.Visible());
+    EXPECT_FALSE(desk.main.actBar.Find(u"mnuViewStatusbar")->Checked());
+}
+
+TEST_F(DispatcherTest, AFavoriteReplacesThePageOrOpensATabWithShift) {
+    Start(1);
+    bool shift = false;
+    desk.main.Commands.host.ShiftHeld = [&] { return shift; };
+    ClickMade(desk, 50000, u"http://fav/a b", u"http://fav/a b");
+    EXPECT_EQ(desk.views.Calls(1), "go http://fav/a b");
+    shift = true;
+    ClickMade(desk, 99999, u"http://fav/2");
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://fav/2");
+}
+
+TEST_F(DispatcherTest, IdsOutsideTheRangesDoNothingMore) {
+    Start(1);
+    for (const std::int32_t id : {-1, 199, 49999, 100000, 149999, 200000}) ClickMade(desk, id, u"http://x/", u"/x.tvg");
+    EXPECT_EQ(desk.views.Calls(1), "");
+    EXPECT_EQ(desk.Strip(), "[1*]");
+}
+
+TEST_F(DispatcherTest, ALinkMayBeRefused) {
+    Start(1);
+    desk.main.Commands.host.MayOpenLink = [](TextView address) { return address != u"file:///secret"; };
+    ClickMade(desk, 50000, u"file:///secret");
+    EXPECT_EQ(desk.views.Calls(1), "");
+    ClickMade(desk, 50000, u"http://a/");
+    EXPECT_EQ(desk.views.Calls(1), "go http://a/");
+}
+
+TEST_F(DispatcherTest, ThePopupsCommandsActOnItsTabOnly) {
+    Start(3);
+    desk.main.StripInput.PopupTabPosition = 2;
+    desk.Click(u"mnuTabRefresh");
+    desk.Click(u"mnuTabStop");
+    EXPECT_EQ(desk.views.Calls(2), "refresh, stop");
+    EXPECT_EQ(desk.views.Calls(1), "");
+    desk.Click(u"mnuTabClose");
+    EXPECT_EQ(desk.Strip(), "[1*] 3");
+    desk.main.StripInput.PopupTabPosition = 7;
+    desk.Click(u"mnuTabStop");
+    desk.Click(u"mnuTabClose");
+    EXPECT_EQ(desk.Strip(), "[1*] 3");
+}
+
+TEST_F(DispatcherTest, CommandsWithoutTheirOperationAreDisabledNotSilent) {
+    Start(1);
+    EXPECT_FALSE(desk.main.actBar.Find(u"mnuViewInternetOptions")->Enabled());
+    EXPECT_TRUE(desk.main.actBar.Find(u"mnuSettings")->Enabled());
+    EXPECT_TRUE(desk.main.actBar.Find(u"mnuNewBlank")->Enabled());
+}
+
+TEST_F(DispatcherTest, FavoritesThatCannotBeAddedAskTheRepairQuestion) {
+    Start(1);
+    std::string asked;
+    bool works = true;
+    int repaired = 0;
+    desk.views.At(1).location = u"http://a/";
+    desk.views.At(1).name = u"A";
+    desk.main.Commands.favoritesMenuStale = false;
+    desk.main.Commands.host.AddFavorite = [&](TextView address, TextView title) {
+        asked += ToUtf8(address) + " " + ToUtf8(title) + ";";
+        return works;
+    };
+    desk.main.Commands.host.RepairFavorites = [&] { ++repaired; };
+    ClickMade(desk, 1, u"mnuAddToFavorites");
+    EXPECT_EQ(asked, "http://a/ A;");
+    EXPECT_TRUE(desk.main.Commands.favoritesMenuStale);
+    works = false;
+    desk.messages.answer = Answer::No;
+    ClickMade(desk, 1, u"mnuAddToFavorites");
+    EXPECT_EQ(repaired, 0);
+    EXPECT_EQ(desk.messages.asked.back(),
+              u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
+              u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
+              u"Would you like TessaView to make these changes?");
+    desk.messages.answer = Answer::Yes;
+    ClickMade(desk, 1, u"mnuAddToFavorites");
+    EXPECT_EQ(repaired, 1);
+}
+
+TEST_F(DispatcherTest, GroupCommandsAskForTheFileAndMakeTheMenuStale) {
+    Start(1);
+    std::string done;
+    auto& host = desk.main.Commands.host;
+    host.AddToTessaGroup = [&](TextView url, TextView file) { done += ToUtf8(url) + ">" + ToUtf8(file) + ";"; };
+    host.SaveAsTessaGroup = [&](TextView file) { done += ToUtf8(file) + ";"; };
+    desk.views.At(1).location = u"http://a/";
+    desk.main.Commands.groupsMenuStale = false;
+    ClickMade(desk, 1, u"mnuAddToTessaGroup");
+    EXPECT_EQ(desk.files.last.DialogTitle, u"Add to TessaGroup");
+    EXPECT_EQ(desk.files.last.InitDir, u"/groups/");
+    EXPECT_EQ(desk.files.last.Filter, u"TessaGroup File (*.tvg)|*.tvg");
+    EXPECT_FALSE(desk.main.Commands.groupsMenuStale) << "cancelled";
+    desk.files.chosen = u"/groups/a.tvg";
+    ClickMade(desk, 1, u"mnuAddToTessaGroup");
+    ClickMade(desk, 1, u"mnuSaveAsTessaGroup");
+    EXPECT_EQ(desk.files.last.DialogTitle, u"Save as TessaGroup");
+    EXPECT_EQ(done, "http://a/>/groups/a.tvg;/groups/a.tvg;");
+    EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
+}
+
+} // namespace

@@ -1,0 +1,73 @@
+#include "tests/Desk.h"
+
+namespace {
+
+class MainKeyboardTest : public testing::Test {
+protected:
+    void SetUp() override {
+        desk.StartWithTabs(3);
+        desk.main.actBar.Attach(
+            {.BandsChanged = {},
+             .Popup = {},
+             .FocusTool = [this](Band& band, Tool& tool) { focused = ToUtf8(band.Name()) + "." + ToUtf8(tool.Name()); },
+             .RecalcLayout = {}});
+    }
+
+    Desk desk;
+    std::string focused;
+};
+
+constexpr std::int32_t kCtrlShift = Keys::kCtrl | Keys::kShift;
+
+TEST_F(MainKeyboardTest, CtrlTabGoesRoundTheTabs) {
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl}), KeyUsed::No) << "the table does not clear the key";
+    EXPECT_EQ(desk.Strip(), "1 [2*] 3");
+    desk.main.Form_KeyDown({Keys::kTab, kCtrlShift});
+    desk.main.Form_KeyDown({Keys::kTab, kCtrlShift});
+    EXPECT_EQ(desk.Strip(), "1 2 [3*]");
+}
+
+TEST_F(MainKeyboardTest, OtherModifiersWithTabDoNothing) {
+    desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl | Keys::kAlt});
+    desk.main.Form_KeyDown({Keys::kTab, kCtrlShift | Keys::kAlt});
+    desk.main.Form_KeyDown({Keys::kTab, Keys::kShift});
+    desk.main.Form_KeyDown({Keys::kTab, 0});
+    EXPECT_EQ(desk.Strip(), "[1*] 2 3");
+    desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl | 8});
+    EXPECT_EQ(desk.Strip(), "1 [2*] 3") << "only the three bits count";
+}
+
+TEST_F(MainKeyboardTest, AltDAndAltRReachTheBoxesWhateverElseIsHeld) {
+    desk.main.Form_KeyDown({'D', Keys::kAlt});
+    EXPECT_EQ(focused, "bndAddress.cboAddress");
+    desk.main.Form_KeyDown({'R', Keys::kAlt | Keys::kShift});
+    EXPECT_EQ(focused, "bndSearch.cboSearch");
+    desk.main.Form_KeyDown({'D', Keys::kAlt | kCtrlShift});
+    EXPECT_EQ(focused, "bndAddress.cboAddress");
+    focused.clear();
+    desk.main.Form_KeyDown({'D', 0});
+    EXPECT_EQ(focused, "");
+}
+
+TEST_F(MainKeyboardTest, AKeyThatTheBarUsesIsCleared) {
+    EXPECT_EQ(desk.main.Form_KeyDown({'T', Keys::kCtrl}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Strip(), "1 [4*] 2 3");
+    EXPECT_EQ(desk.main.Form_KeyDown({'A', 0}), KeyUsed::No);
+    EXPECT_EQ(desk.main.Form_KeyUp({'T', Keys::kCtrl}), KeyUsed::No);
+}
+
+TEST_F(MainKeyboardTest, TheBoxesHaveCombinationsOfTheirOwn) {
+    EXPECT_EQ(desk.main.Form_KeyDown({'L', Keys::kCtrl}), KeyUsed::Yes);
+    EXPECT_EQ(focused, "bndAddress.cboAddress");
+    EXPECT_EQ(desk.main.Form_KeyDown({'K', Keys::kCtrl}), KeyUsed::Yes);
+    EXPECT_EQ(focused, "bndSearch.cboSearch");
+}
+
+TEST_F(MainKeyboardTest, EscapeBelongsToThePageUnlessItLoads) {
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kEscape, 0}), KeyUsed::No);
+    desk.views.At(1).busy = true;
+    desk.main.Tabs.UpdateStopRefresh();
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kEscape, 0}), KeyUsed::Yes);
+}
+
+} // namespace
