@@ -9,13 +9,21 @@
 #include <QToolButton>
 #include <QWebEngineFindTextResult>
 #include <QWebEnginePage>
+#include <array>
 
 namespace {
 
-QToolButton* Button(const QString& name, const QString& icon, const QString& tip, QWidget* parent) {
+struct ButtonIcon {
+    const char* button;
+    const char* icon;
+};
+
+constexpr std::array kIcons{ButtonIcon{"cmdPrevious", "go-up"}, ButtonIcon{"cmdNext", "go-down"},
+                            ButtonIcon{"cmdClose", "window-close"}};
+
+QToolButton* Button(const QString& name, const QString& tip, QWidget* parent) {
     auto* button = new QToolButton(parent);
     button->setObjectName(name);
-    button->setIcon(QIcon::fromTheme(icon));
     button->setToolTip(tip);
     button->setAccessibleName(tip);
     button->setAutoRaise(true);
@@ -37,9 +45,9 @@ QtFindBar::QtFindBar(QWidget* parent)
     m_text->setPlaceholderText(QStringLiteral("Find on this page"));
     m_text->setClearButtonEnabled(true);
     m_text->setMaximumWidth(360);
-    auto* previous = Button(QStringLiteral("cmdPrevious"), QStringLiteral("go-up"), QStringLiteral("Previous"), this);
-    auto* next = Button(QStringLiteral("cmdNext"), QStringLiteral("go-down"), QStringLiteral("Next"), this);
-    auto* close = Button(QStringLiteral("cmdClose"), QStringLiteral("window-close"), QStringLiteral("Close"), this);
+    auto* previous = Button(QStringLiteral("cmdPrevious"), QStringLiteral("Previous"), this);
+    auto* next = Button(QStringLiteral("cmdNext"), QStringLiteral("Next"), this);
+    auto* close = Button(QStringLiteral("cmdClose"), QStringLiteral("Close"), this);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(6, 3, 6, 3);
     for (QWidget* each : std::initializer_list<QWidget*>{m_text, previous, next, m_matchCase, m_found})
@@ -54,7 +62,16 @@ QtFindBar::QtFindBar(QWidget* parent)
     hide();
 }
 
+// Only now, because the theme is not chosen before the window is shown.
+void QtFindBar::ShowIcons() {
+    for (const auto& [name, icon] : kIcons) {
+        if (auto* button = findChild<QToolButton*>(QLatin1String(name)))
+            button->setIcon(QIcon::fromTheme(QLatin1String(icon)));
+    }
+}
+
 void QtFindBar::Open() {
+    ShowIcons();
     show();
     if (Changed) Changed();
     m_text->setFocus(Qt::ShortcutFocusReason);

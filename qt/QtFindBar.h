@@ -35,6 +35,7 @@ protected:
 private:
     enum class Direction { Forward, Backward };
 
+    void ShowIcons();
     void Find(Direction direction);
     void Tell(const QWebEngineFindTextResult& result);
 

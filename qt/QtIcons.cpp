@@ -20,8 +20,9 @@ void QtIcons::ChooseTheme(const QPalette& palette) {
     const bool dark = palette.color(QPalette::Window).lightnessF() < 0.5F;
     const QString light = QStringLiteral("breeze"), breeze = dark ? QStringLiteral("breeze-dark") : light;
     QIcon::setFallbackThemeName(breeze);
-    // Without a theme of the desktop Qt does not ask the fallback either.
-    if (QIcon::themeName().isEmpty() || QIcon::themeName().startsWith(light)) QIcon::setThemeName(breeze);
+    // Without a theme of the desktop Qt does not ask the fallback either. "hicolor" holds no pictures for commands.
+    const QString theme = QIcon::themeName();
+    if (theme.isEmpty() || theme == u"hicolor" || theme.startsWith(light)) QIcon::setThemeName(breeze);
 }
 
 QIcon QtIcons::Of(const Picture& picture) {

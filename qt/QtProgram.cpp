@@ -150,9 +150,25 @@ void QtProgram::WireWindow() {
     m->channel.Foreground = [this](const QByteArray& token) { m->window.BringToForeground(token); };
 }
 
-void QtProgram::WireEngine() {
+void QtProgram::WireStrip() {
+    auto& input = m->main.StripInput;
     m->strip.PageIcon = [this](const Tab& tab) { return m->engine.Icon(tab.Tag); };
     m->strip.CloseRequested = [this](Tab& tab) { m->main.CloseBrowserTab(tab.Tag); };
+    m->strip.BlankRequested = [this] {
+        if (auto* tool = m->main.actBar.Find(u"mnuNewBlank")) m->main.actBar.UserClick(*tool);
+    };
+    input.HitTest = [this](Pixels x, Pixels y) {
+        const auto* tab = m->strip.FindTabAt({x.value, y.value});
+        return static_cast<int>(m->main.pcPage.PositionOf(tab)) - 1;
+    };
+    m->strip.RightButtonDown = [&input](QPoint point) {
+        input.MouseDown(MouseButton::Right, ToTwips({point.x()}), ToTwips({point.y()}));
+    };
+    m->strip.DragOver = [&input](bool hasText, QPointF point) { input.OLEDragOver(hasText, point.x(), point.y()); };
+    m->strip.Drop = [&input](const Text& text) { input.OLEDragDrop(text); };
+}
+
+void QtProgram::WireEngine() {
     m->requests.Templates = [this] { return m->Services(); };
     m->engine.ProfileMade = [this](QWebEngineProfile& profile) { profile.setUrlRequestInterceptor(&m->requests); };
     m->bars.Add(m->findBar, QtPageBars::Side::Below);
@@ -162,5 +178,6 @@ void QtProgram::WireEngine() {
     m->findBar.FocusPage = [this] {
         if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
     };
+    WireStrip();
     m->engine.IconChanged = [this](std::int32_t index) { m->strip.RefreshIcons(index); };
 }

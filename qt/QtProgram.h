@@ -18,6 +18,7 @@ private:
     struct Parts;
     void WireWindow();
     void WireEngine();
+    void WireStrip();
 
     std::unique_ptr<Parts> m;
 };

@@ -21,6 +21,7 @@ QtTabStrip::QtTabStrip(TabStrip& strip, QWidget* parent) : QWidget(parent), m_st
     setAccessibleName(QStringLiteral("Tabs"));
     setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);
+    setAcceptDrops(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_layoutTimer.setSingleShot(true);
     m_facesTimer.setSingleShot(true);

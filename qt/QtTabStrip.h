@@ -27,6 +27,13 @@ public:
     std::function<QIcon(const Tab&)> PageIcon;
     /// The tab's close button was pressed. Filled in by the owner.
     std::function<void(Tab&)> CloseRequested;
+    /// The right button went down at a point of the widget. Filled in by the owner.
+    std::function<void(QPoint)> RightButtonDown;
+    /// Data is dragged over a point, with or without text; text was dropped. Filled in by the owner.
+    std::function<void(bool hasText, QPointF)> DragOver;
+    std::function<void(const Text&)> Drop;
+    /// A double click on the empty part of the row. Filled in by the owner.
+    std::function<void()> BlankRequested;
     /// The font has made the row higher or lower. Filled in by the owner.
     std::function<void()> RowHeightChanged;
     /// What the strip shows has changed. Filled in by the accessibility, once somebody asks for it.
@@ -57,7 +64,11 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -96,6 +107,9 @@ private:
     void SetHover(const Spot& spot);
     void ShowToolTip(QPoint point, QPoint globalPoint);
     void StepTo(std::size_t position);
+    void CloseByMiddleButton(QPoint point);
+    void DragTab(QPoint point);
+    void OfferDrag(QDropEvent& event);
 
     TabStrip& m_strip;
     QtTabRow m_row;
@@ -106,6 +120,9 @@ private:
     Text m_revealed;            ///< key of the selected tab that was last scrolled into view
     Spot m_hover;
     std::optional<Text> m_closing; ///< key of the tab whose close button is held down
+    std::optional<Text> m_dragged; ///< key of the tab that the left button holds
+    QPoint m_dragStart;
+    bool m_dragging = false;
     Pixels m_rowHeight{22};
     int m_wheel = 0; ///< what of the wheel's turning has not moved a tab yet
 };

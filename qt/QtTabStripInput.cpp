@@ -57,15 +57,20 @@ void QtTabStrip::SetHover(const Spot& spot) {
 
 void QtTabStrip::mouseMoveEvent(QMouseEvent* event) {
     Settle();
-    SetHover(SpotAt(event->position().toPoint()));
+    const QPoint point = event->position().toPoint();
+    if (m_dragged) DragTab(point);
+    SetHover(SpotAt(point));
 }
 
 void QtTabStrip::leaveEvent(QEvent*) { SetHover({}); }
 
 void QtTabStrip::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return event->ignore();
     Settle();
-    const Spot spot = SpotAt(event->position().toPoint());
+    const QPoint point = event->position().toPoint();
+    if (event->button() == Qt::RightButton && RightButtonDown) RightButtonDown(point);
+    if (event->button() == Qt::MiddleButton) CloseByMiddleButton(point);
+    if (event->button() != Qt::LeftButton) return;
+    const Spot spot = SpotAt(point);
     Tab* tab = m_strip.FindAt(spot.position);
     m_closing.reset();
     if (spot.part == Part::Back || spot.part == Part::Forward) {
@@ -75,12 +80,16 @@ void QtTabStrip::mousePressEvent(QMouseEvent* event) {
     } else if (spot.part == Part::Close && tab) {
         m_closing = tab->Key();
     } else if (tab) {
+        m_dragged = tab->Key();
+        m_dragStart = point;
         Click(*tab);
     }
 }
 
 void QtTabStrip::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
+    m_dragged.reset();
+    m_dragging = false;
     const std::optional<Text> closing = std::exchange(m_closing, std::nullopt);
     if (!closing) return;
     Settle();

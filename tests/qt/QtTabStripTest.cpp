@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QMimeData>
 #include <QPaintEvent>
 #include <QPixmap>
 #include <QSignalSpy>
@@ -164,6 +165,76 @@ TEST_F(QtTabStripTest, APressOfTheLeftButtonSelects) {
     QTest::mousePress(&widget, Qt::LeftButton, {}, Middle(3));
     EXPECT_EQ(strip.SelectedItem(), strip.FindAt(3));
     EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtTabStripTest, ADraggedTabFollowsThePointerAndStaysSelected) {
+    AddMany(4);
+    Show();
+    const Text key = strip.FindAt(1)->Key();
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Middle(1));
+    QTest::mouseMove(&widget, Middle(1) + QPoint(2, 0));
+    EXPECT_EQ(strip.FindAt(1)->Key(), key) << "a little way is no drag";
+    QTest::mouseMove(&widget, Middle(3));
+    EXPECT_EQ(strip.FindAt(3)->Key(), key);
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Middle(3));
+    QTest::mouseMove(&widget, Middle(1));
+    EXPECT_EQ(strip.FindAt(3)->Key(), key) << "let go";
+    EXPECT_EQ(strip.SelectedItem()->Key(), key);
+}
+
+TEST_F(QtTabStripTest, TheMiddleButtonClosesItsTabAndTheRightOneIsReported) {
+    AddMany(3);
+    Show();
+    QPoint reported;
+    widget.RightButtonDown = [&](QPoint point) { reported = point; };
+    QTest::mousePress(&widget, Qt::RightButton, {}, Middle(2));
+    EXPECT_EQ(reported, Middle(2));
+    EXPECT_EQ(closed, "");
+    QTest::mousePress(&widget, Qt::MiddleButton, {}, Middle(2));
+    EXPECT_EQ(closed, ToUtf8(strip.FindAt(2)->Caption()) + ";");
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
+}
+
+TEST_F(QtTabStripTest, ADoubleClickOnTheEmptyRowAsksForABlankTab) {
+    AddMany(1);
+    Show();
+    int asked = 0;
+    widget.BlankRequested = [&] { ++asked; };
+    QTest::mouseDClick(&widget, Qt::LeftButton, {}, Middle(1));
+    EXPECT_EQ(asked, 0);
+    QTest::mouseDClick(&widget, Qt::LeftButton, {}, {widget.width() - 2, 5});
+    EXPECT_EQ(asked, 1);
+}
+
+/// Drags the data to a point of the strip and drops it there.
+void DropAt(QtTabStrip& widget, QPoint point, const QMimeData& data) {
+    QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &enter);
+    QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &drop);
+}
+
+TEST_F(QtTabStripTest, TextAndLinksAreDroppedAndFilesAloneAreNot) {
+    AddMany(2);
+    Show();
+    std::string told;
+    widget.DragOver = [&](bool hasText, QPointF point) {
+        told +=
+            (hasText ? "text " : "none ") + std::to_string(strip.PositionOf(widget.FindTabAt(point.toPoint()))) + ";";
+    };
+    widget.Drop = [&](const Text& text) { told += ToUtf8(text) + "!"; };
+    QMimeData text, link, file;
+    text.setText(QStringLiteral(" a b "));
+    link.setUrls({QUrl(QStringLiteral("http://one.example/x y"))});
+    file.setUrls({QUrl::fromLocalFile(QStringLiteral("/etc/hosts"))});
+    DropAt(widget, Middle(2), text);
+    EXPECT_EQ(told, "text 2;text 2; a b !");
+    told.clear();
+    DropAt(widget, {widget.width() - 2, 5}, link);
+    EXPECT_EQ(told, "text 0;text 0;http://one.example/x%20y!");
+    told.clear();
+    DropAt(widget, Middle(1), file);
+    EXPECT_EQ(told, "none 1;") << "what is refused on its way in is not dropped";
 }
 
 TEST_F(QtTabStripTest, OtherButtonsAndTheEmptyRowSelectNothing) {
