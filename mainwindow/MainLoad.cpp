@@ -1,5 +1,6 @@
 #include "mainwindow/MainLoad.h"
 
+#include "mainwindow/frmDefBrowser.h"
 #include "mainwindow/frmMain.h"
 #include "settings/SettingsStore.h"
 
@@ -15,6 +16,12 @@ constexpr std::array kDisabledAtStart{TextView(u"mnuGoBack"), TextView(u"mnuGoFo
 
 void PlaceTabs(frmMain& main, const SettingsStore& store) {
     main.pcPage.SetPlacement(store.TabsUp.Get() ? TabPlacement::Top : TabPlacement::Bottom);
+}
+
+void AskDefaultBrowser(MainWindowPlatform& platform) {
+    if (platform.defaultBrowser.IsDefault(frmDefBrowser::kProgramName, platform.programPath)) return;
+    frmDefBrowser form(platform.settings, platform.defaultBrowser, platform.programPath);
+    if (platform.showDefBrowser) platform.showDefBrowser(form);
 }
 
 void CopyLiveSettings(frmMain& main, const SettingsStore& store) {
@@ -55,8 +62,15 @@ namespace MainLoad {
 
 void Prepare(frmMain& main) {
     main.Pages.ShowLoadOptions();
+    bool ask = false;
+    {
+        const SettingsStore store(main.Platform.settings);
+        PlaceTabs(main, store);
+        ask = store.AskDefaultBrowser.Get();
+    }
+    // No store is held while the question is open: it writes through one of its own.
+    if (ask) AskDefaultBrowser(main.Platform);
     const SettingsStore store(main.Platform.settings);
-    PlaceTabs(main, store);
     main.RememberLastSites = store.RememberLastSites.Get();
     main.Tabs.ShowStatusBar(store.ShowStatusBar.Get());
     for (const TextView name : kDisabledAtStart) {

@@ -3,6 +3,7 @@
 #include "commands/DesignTimeBar.h"
 #include "mainwindow/MainLoad.h"
 #include "mainwindow/MainUnload.h"
+#include "mainwindow/frmSplash.h"
 #include "settings/frmSettings.h"
 
 frmMain::frmMain(MainWindowPlatform platform)
@@ -40,6 +41,7 @@ void frmMain::WireParts() {
     actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? tool->Description : Text()); };
     Pages.ApplyLoadOptions = Platform.applyLoadOptions;
     Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
+    Commands.host.ShowAbout = [this] { ShowAbout(); };
     Commands.host.Exit = [this] { Platform.window.Close(); };
     m_dispatcher.DisableUnavailable();
 }
@@ -93,6 +95,12 @@ MainLayout::Inputs frmMain::LayoutInputs() const {
 void frmMain::PlaceView(ArrayView& view) {
     if (Platform.window.State() == WindowState::Minimized) return;
     view.Place(MainLayout::ViewPlace(LayoutInputs()));
+}
+
+void frmMain::ShowAbout() {
+    frmSplash form;
+    form.ShowButton();
+    if (Platform.showAbout) Platform.showAbout(form);
 }
 
 void frmMain::ShowSettingsDialog() {

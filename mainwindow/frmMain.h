@@ -1,6 +1,7 @@
 #pragma once
 #include "commands/Dispatcher.h"
 #include "common/platform/Application.h"
+#include "common/platform/DefaultBrowser.h"
 #include "common/platform/MainWindow.h"
 #include "common/platform/SettingsStorage.h"
 #include "groups/GroupCommands.h"
@@ -10,7 +11,9 @@
 
 #include <functional>
 
+class frmDefBrowser;
 class frmSettings;
+class frmSplash;
 
 /// What the main window needs of the world outside; all of it outlives the window.
 struct MainWindowPlatform {
@@ -20,8 +23,15 @@ struct MainWindowPlatform {
     MessageBoxes& messages;
     FileDialogs& files;
     SplashWindow& splash;
+    DefaultBrowser& defaultBrowser;
     /// Shows the settings dialog and returns when it is hidden.
     std::function<void(frmSettings&)> showSettings;
+    /// Shows the question about the default browser and returns when it is hidden.
+    std::function<void(frmDefBrowser&)> showDefBrowser;
+    /// Shows the About box and returns when it is hidden.
+    std::function<void(frmSplash&)> showAbout;
+    /// The full path of the running program.
+    Text programPath;
     /// Where TessaGroup files lie, with the separator at the end.
     Text groupFolder;
     /// Operations outside the core that commands run; the window adds its own. A command without its operation is
@@ -76,6 +86,7 @@ private:
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
     void ShowSettingsDialog();
+    void ShowAbout();
     void OpenCommandLine(BrowserView& view, TextView commandLine);
 
     Dispatcher m_dispatcher;

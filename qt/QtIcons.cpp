@@ -8,10 +8,12 @@
 // Stands outside the namespace, as Qt's macro demands.
 static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
 
-QIcon QtIcons::Application() {
+QIcon QtIcons::Own(const QString& name) {
     LoadResources();
-    return QIcon(QStringLiteral(":/tessaview.svg"));
+    return QIcon(QStringLiteral(":/%1.svg").arg(name));
 }
+
+QIcon QtIcons::Application() { return Own(QStringLiteral("tessaview")); }
 
 void QtIcons::ChooseTheme(const QPalette& palette) {
     const QString system = QStringLiteral("/usr/share/icons");

@@ -9,6 +9,9 @@ class QPalette;
 /// Breeze behind it.
 namespace QtIcons {
 
+/// A picture of the program's own by its name in the resources; a null icon for a name that is none.
+[[nodiscard]] QIcon Own(const QString& name);
+
 /// The program's icon.
 [[nodiscard]] QIcon Application();
 

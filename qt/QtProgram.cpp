@@ -1,7 +1,10 @@
 #include "qt/QtProgram.h"
 
+#include "qt/QtAbout.h"
 #include "qt/QtAddressBox.h"
 #include "qt/QtCommandBar.h"
+#include "qt/QtDefBrowserDialog.h"
+#include "qt/QtDefaultBrowser.h"
 #include "qt/QtDialogs.h"
 #include "qt/QtEngine.h"
 #include "qt/QtFindBar.h"
@@ -60,7 +63,12 @@ struct QtProgram::Parts {
                 .messages = messages,
                 .files = files,
                 .splash = splash,
+                .defaultBrowser = defaultBrowser,
                 .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
+                // Above the splash, which would cover it.
+                .showDefBrowser = [this](frmDefBrowser& form) { ShowModal(form, splash.Window()); },
+                .showAbout = [this](frmSplash& form) { ShowModal(form, &window); },
+                .programPath = FromQt(QCoreApplication::applicationFilePath()),
                 .groupFolder = FromQt(folders.GroupFolder()),
                 .commands = Operations(),
                 .applyLoadOptions = [this] { ApplyLoadOptions(); }}),
@@ -98,6 +106,7 @@ struct QtProgram::Parts {
     QtMessageBoxes messages;
     QtFileDialogs files;
     QtSplash splash;
+    QtDefaultBrowser defaultBrowser;
     QtMainWindow window;
     QtRequests requests;
     QtEngine engine;

@@ -1,10 +1,11 @@
 #pragma once
 #include "common/platform/Application.h"
+#include "mainwindow/frmSplash.h"
 
 #include <QWidget>
 #include <memory>
 
-/// The window that says the program's name while the main window is being built.
+/// The window that says the program's name while the main window is being built. Never waits for anything.
 class QtSplash final : public SplashWindow {
 public:
     QtSplash();
@@ -12,7 +13,10 @@ public:
 
     void Show() override;
     void Unload() override;
+    /// The window, for what must be shown above it; null when it is not there.
+    [[nodiscard]] QWidget* Window() const { return m_window.get(); }
 
 private:
+    std::unique_ptr<frmSplash> m_form;
     std::unique_ptr<QWidget> m_window;
 };

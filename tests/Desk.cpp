@@ -10,10 +10,20 @@ Desk::Desk(FakeSettings* shared)
             .messages = messages,
             .files = files,
             .splash = splash,
+            .defaultBrowser = defaultBrowser,
             .showSettings =
                 [this](frmSettings& form) {
                     if (inSettings) inSettings(form);
                 },
+            .showDefBrowser =
+                [this](frmDefBrowser& form) {
+                    if (inDefBrowser) inDefBrowser(form);
+                },
+            .showAbout =
+                [this](frmSplash& form) {
+                    if (inAbout) inAbout(form);
+                },
+            .programPath = u"/programs/tessaview",
             .groupFolder = u"/groups/"}),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] { main.Form_Unload(); };

@@ -48,9 +48,12 @@ public:
     FakeFiles files;
     FakeWindow window{log};
     FakeSplash splash{log};
+    FakeDefaultBrowser defaultBrowser;
     FakeApplication application{log};
     FakeChannel channel{log};
-    std::function<void(frmSettings&)> inSettings; ///< what the user does in the settings dialog
+    std::function<void(frmSettings&)> inSettings;     ///< what the user does in the settings dialog
+    std::function<void(frmDefBrowser&)> inDefBrowser; ///< what the user answers to the question at the start
+    std::function<void(frmSplash&)> inAbout;          ///< what the user does in the About box
     frmMain main;
 
 private:

@@ -211,7 +211,7 @@ def xdotool(*arguments):
 def press_node(node):
     action = node.queryAction()
     names = [action.getName(index) for index in range(action.nActions)]
-    for name in ("Press", "press", "click"):
+    for name in ("Press", "press", "click", "Toggle"):
         if name in names:
             action.doAction(names.index(name))
             return

@@ -21,6 +21,9 @@ export XDG_RUNTIME_DIR=$folder/runtime XDG_CONFIG_HOME=$folder/config XDG_DATA_H
 export XDG_CACHE_HOME=$folder/cache TESSAVIEW_HOME=$folder/home
 mkdir -p "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_CACHE_HOME" "$TESSAVIEW_HOME"
 mkdir -m 700 "$XDG_RUNTIME_DIR"
+# Else a program that is installed on this machine would be asked about at every start.
+printf '%s\n' '[Default Applications]' {x-scheme-handler/http,x-scheme-handler/https,text/html}=tessaview.desktop \
+  >"$XDG_CONFIG_HOME/mimeapps.list"
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 QT_QPA_PLATFORM=xcb
 # The engine's sandbox does not work for root.
 if [ "$(id -u)" = 0 ]; then export QTWEBENGINE_DISABLE_SANDBOX=1; fi

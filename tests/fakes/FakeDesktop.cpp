@@ -36,6 +36,18 @@ void FakeWindow::SetSize(Twips width, Twips height) {
     place.height = height;
 }
 
+bool FakeDefaultBrowser::IsDefault(TextView name, TextView path) {
+    calls.push_back("query " + ToUtf8(name) + " " + ToUtf8(path));
+    return isDefault;
+}
+
+Outcome FakeDefaultBrowser::MakeDefault(TextView name, TextView path) {
+    calls.push_back("make " + ToUtf8(name) + " " + ToUtf8(path));
+    if (refuses) return Outcome::Failed;
+    isDefault = true;
+    return Outcome::Done;
+}
+
 Outcome FakeChannel::RegisterMessage(TextView name) {
     m_log.Add("register " + ToUtf8(name));
     return Outcome::Done;

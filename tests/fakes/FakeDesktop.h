@@ -1,5 +1,6 @@
 #pragma once
 #include "common/platform/Application.h"
+#include "common/platform/DefaultBrowser.h"
 #include "common/platform/Dialogs.h"
 #include "common/platform/InstanceChannel.h"
 #include "common/platform/MainWindow.h"
@@ -69,6 +70,15 @@ public:
 
 private:
     FakeLog& m_log;
+};
+
+class FakeDefaultBrowser final : public DefaultBrowser {
+public:
+    bool IsDefault(TextView name, TextView path) override;
+    Outcome MakeDefault(TextView name, TextView path) override;
+    bool isDefault = true;
+    bool refuses = false;           ///< making one the default fails
+    std::vector<std::string> calls; ///< "query NAME PATH" and "make NAME PATH"
 };
 
 class FakeApplication final : public Application {
