@@ -1,36 +1,44 @@
+#include "app/CommandLine.h"
 #include "app/Startup.h"
 #include "qt/QtProgram.h"
-#include "qt/QtText.h"
+#include "qt/QtStartFailure.h"
 
 #include <cstdio>
 #include <unistd.h>
 
 namespace {
 
-// What stands behind the program's name, as one text.
-Text CommandLine(int argc, char** argv) {
-    std::string all;
-    for (int i = 1; i < argc; ++i) all += (i > 1 ? " " : "") + std::string(argv[i]);
-    return FromBytes(all);
+std::string Variable(const char* name) {
+    const char* value = ::getenv(name);
+    return value ? value : "";
 }
 
-// The engine would end the program without a word a person understands.
-bool SandboxRefused() {
-    const char* disabled = ::getenv("QTWEBENGINE_DISABLE_SANDBOX");
-    return ::geteuid() == 0 && !(disabled && std::string(disabled) == "1");
+CommandLine::Surroundings Surroundings() {
+    return {.root = ::geteuid() == 0,
+            .disableSandbox = Variable("QTWEBENGINE_DISABLE_SANDBOX"),
+            .display = Variable("DISPLAY"),
+            .waylandDisplay = Variable("WAYLAND_DISPLAY"),
+            .windowingSystem = Variable("QT_QPA_PLATFORM")};
+}
+
+std::unique_ptr<QtProgram> MakeProgram(int& argc, char** argv) {
+    const QtStartFailure told;
+    return std::make_unique<QtProgram>(argc, argv);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    const Text commandLine = CommandLine(argc, argv);
-    if (SandboxRefused()) {
-        std::fputs("TessaView does not show pages as root, because the page engine's sandbox does not work for root.\n"
-                   "Start it as an ordinary user, or set QTWEBENGINE_DISABLE_SANDBOX=1 if you know what you do.\n",
-                   stderr);
+    const CommandLine::Arguments arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    if (const auto information = CommandLine::Information(arguments)) {
+        return std::fputs(information->c_str(), stdout) < 0 || std::fflush(stdout) != 0;
+    }
+    if (const auto refusal = CommandLine::Refusal(arguments, Surroundings())) {
+        std::fputs(refusal->c_str(), stderr);
         return 1;
     }
-    QtProgram program(argc, argv);
-    if (Startup::Main(program.Platform(), commandLine) == Startup::Result::HandedOff) ::_exit(0);
-    return program.Run();
+    const auto program = MakeProgram(argc, argv);
+    const Text commandLine = CommandLine::AsText(arguments);
+    if (Startup::Main(program->Platform(), commandLine) == Startup::Result::HandedOff) ::_exit(0);
+    return program->Run();
 }

@@ -1,0 +1,91 @@
+#include "app/CommandLine.h"
+
+#include "common/Version.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace {
+
+constexpr std::string_view kUsage =
+    R"(Usage: tessaview [ADDRESS | GROUP.tvg]
+Shows web pages in the tabs of one window.
+
+  ADDRESS     a web address or a local file, opened in a tab
+  GROUP.tvg   a TessaGroup: each of its addresses opens in a tab of its own
+  --help      show this text and end
+  --version   show the version and end
+
+Without an argument the home page opens, with the tabs of the session before where these are remembered. When a
+window is open already, it takes the address into a new tab.
+
+Environment:
+  TESSAVIEW_HOME                  a folder that everything is kept in: settings, groups, Favorites, what pages store
+  QTWEBENGINE_DISABLE_SANDBOX=1   show pages without the engine's sandbox, which does not work for root
+)";
+
+constexpr std::string_view kRootRefused =
+    R"(TessaView does not show pages as root, because the page engine's sandbox does not work for root.
+Start it as an ordinary user, or set QTWEBENGINE_DISABLE_SANDBOX=1 if you know what you do.
+)";
+
+constexpr std::string_view kNoDisplay =
+    R"(TessaView needs a display, and there is none: neither DISPLAY nor WAYLAND_DISPLAY is set.
+Start it from a desktop session, or on a virtual display: xvfb-run tessaview
+)";
+
+constexpr std::string_view kFileScheme = "file://";
+constexpr std::string_view kGroupExtension = ".tvg";
+
+// Windows that need neither kind of display, like "offscreen" or "vnc".
+bool NeedsNoDisplay(std::string_view windowingSystem) {
+    return !windowingSystem.empty() && !windowingSystem.starts_with("xcb") && !windowingSystem.starts_with("wayland");
+}
+
+std::string WindowingSystem(const CommandLine::Arguments& arguments, const std::string& variable) {
+    const auto option = std::ranges::find_if(
+        arguments, [](const std::string& each) { return each == "-platform" || each == "--platform"; });
+    return option == arguments.end() || option + 1 == arguments.end() ? variable : *(option + 1);
+}
+
+std::string PercentDecoded(std::string_view text) {
+    std::string bytes;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        unsigned value = 0;
+        const char* digits = text.data() + i + 1;
+        const bool escape =
+            text[i] == '%' && i + 2 < text.size() && std::from_chars(digits, digits + 2, value, 16).ptr == digits + 2;
+        bytes += escape ? static_cast<char>(value) : text[i];
+        if (escape) i += 2;
+    }
+    return bytes;
+}
+
+} // namespace
+
+namespace CommandLine {
+
+std::optional<std::string> Information(const Arguments& arguments) {
+    if (arguments.size() != 1) return std::nullopt;
+    if (arguments.front() == "--help" || arguments.front() == "-h") return std::string(kUsage);
+    if (arguments.front() != "--version") return std::nullopt;
+    return ToUtf8(Text(Version::kProduct) + u" " + Text(Version::kNumber) + u" Build " + Decimal(Version::kRevision)) +
+           "\n";
+}
+
+std::optional<std::string> Refusal(const Arguments& arguments, const Surroundings& surroundings) {
+    if (surroundings.root && surroundings.disableSandbox != "1") return std::string(kRootRefused);
+    if (NeedsNoDisplay(WindowingSystem(arguments, surroundings.windowingSystem))) return std::nullopt;
+    if (surroundings.display.empty() && surroundings.waylandDisplay.empty()) return std::string(kNoDisplay);
+    return std::nullopt;
+}
+
+Text AsText(const Arguments& arguments) {
+    std::string all;
+    for (const std::string& argument : arguments) all += (all.empty() ? "" : " ") + argument;
+    const bool local = all.starts_with(std::string(kFileScheme) + "/");
+    if (local && all.ends_with(kGroupExtension)) all = PercentDecoded(std::string_view(all).substr(kFileScheme.size()));
+    return FromBytes(all);
+}
+
+} // namespace CommandLine

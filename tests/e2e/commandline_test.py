@@ -1,0 +1,57 @@
+"""What the program says on a terminal: about itself, and where it cannot start."""
+
+import os
+import subprocess
+import unittest
+
+import desk
+
+PROGRAM = desk.program_file()
+
+
+def run(*arguments, **changes):
+    """Runs the program to its end; a variable that is given as None is not set."""
+    environment = {**os.environ, "TESSAVIEW_HOME": desk.state_folder(), **changes}
+    environment = {name: value for name, value in environment.items() if value is not None}
+    return subprocess.run(
+        [PROGRAM, *arguments], env=environment, stdin=subprocess.DEVNULL, capture_output=True, text=True,
+        timeout=desk.PATIENCE, check=False
+    )
+
+
+NOTHING = {"DISPLAY": None, "WAYLAND_DISPLAY": None, "QT_QPA_PLATFORM": None, "QTWEBENGINE_DISABLE_SANDBOX": None}
+
+
+class CommandLine(unittest.TestCase):
+    def test_version_and_help_need_no_display_and_no_ordinary_user(self):
+        version = run("--version", **NOTHING)
+        self.assertEqual((version.returncode, version.stdout, version.stderr), (0, "TessaView 3.02 Build 159\n", ""))
+        usage = run("--help", **NOTHING)
+        self.assertEqual((usage.returncode, usage.stderr), (0, ""))
+        self.assertTrue(usage.stdout.startswith("Usage: tessaview [ADDRESS | GROUP.tvg]\n"), usage.stdout)
+
+    def test_an_answer_that_cannot_be_written_is_a_failure(self):
+        with open("/dev/full", "w", encoding="utf-8") as full:
+            self.assertNotEqual(subprocess.run([PROGRAM, "--version"], stdout=full, check=False).returncode, 0)
+
+    def test_without_a_display_it_says_so(self):
+        ended = run("about:blank", **{**NOTHING, "QTWEBENGINE_DISABLE_SANDBOX": "1"})
+        self.assertEqual(ended.returncode, 1)
+        self.assertEqual(ended.stdout, "")
+        self.assertIn("TessaView needs a display, and there is none", ended.stderr)
+
+    def test_a_display_that_does_not_answer_is_no_crash(self):
+        ended = run("about:blank", **{**NOTHING, "DISPLAY": ":4711", "QTWEBENGINE_DISABLE_SANDBOX": "1"})
+        self.assertEqual(ended.returncode, 1)
+        self.assertIn("TessaView cannot open a window", ended.stderr)
+        self.assertIn('DISPLAY is ":4711"', ended.stderr)
+
+    @unittest.skipUnless(os.geteuid() == 0, "only root is refused")
+    def test_root_is_refused_unless_the_sandbox_is_off(self):
+        ended = run("about:blank", QTWEBENGINE_DISABLE_SANDBOX=None)
+        self.assertEqual(ended.returncode, 1)
+        self.assertIn("TessaView does not show pages as root", ended.stderr)
+
+
+if __name__ == "__main__":
+    desk.main()
