@@ -95,6 +95,7 @@ void TabStrip::Attach(std::function<void(TabStripChange)> mirror) {
 void TabStrip::Clean() { m_layoutMarked = m_facesMarked = false; }
 
 void TabStrip::Mark(TabStripChange change) {
+    if (Touched) Touched();
     bool& marked = change == TabStripChange::Layout ? m_layoutMarked : m_facesMarked;
     if (marked) return;
     marked = true;

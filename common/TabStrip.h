@@ -67,6 +67,8 @@ public:
     Pixels RowHeight{22};
     /// The owner's handler of a selection.
     std::function<void()> Click;
+    /// Something about the tabs has changed; runs at every change.
+    std::function<void()> Touched;
     /// Attaches the view: called once a change until `Clean()`; runs at once to show the present state.
     void Attach(std::function<void(TabStripChange)> mirror);
     /// The view has repainted; the next change is reported again.

@@ -23,6 +23,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                Platform.messages,
                Platform.groupFolder,
                Platform.commands},
+      Sessions(Platform.sessions, Tabs, pcPage, Browser),
       m_dispatcher(Commands) {
     DesignTimeBar::Make(actBar);
     WireParts();
@@ -39,6 +40,8 @@ void frmMain::WireParts() {
         return KeyUsed::Yes;
     };
     actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? tool->Description : Text()); };
+    pcPage.Touched = [this] { Sessions.Touch(); };
+    Events.Navigated = [this] { Sessions.Touch(); };
     Pages.ApplyLoadOptions = Platform.applyLoadOptions;
     Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
     Commands.host.ShowAbout = [this] { ShowAbout(); };
@@ -71,6 +74,12 @@ void frmMain::Form_Activate() {
     if (m_activated || m_stage != Stage::Loaded) return;
     m_activated = true;
     if (RememberLastSites && !m_openedFromCommandLine) MainLoad::ReopenLastSites(*this);
+    OfferSession();
+}
+
+void frmMain::OfferSession() {
+    const auto session = Platform.offerSession ? Sessions.ToOffer() : std::nullopt;
+    if (session) Platform.offerSession(session->first, session->second);
 }
 
 void frmMain::Form_Resize() {
@@ -82,6 +91,7 @@ void frmMain::Form_Unload() {
     if (m_stage != Stage::Loaded) return;
     m_stage = Stage::Unloaded;
     MainUnload::Save(*this);
+    Sessions.End();
     Browser.UnloadAll();
     if (Unloaded) Unloaded();
 }

@@ -7,6 +7,7 @@
 #include "groups/GroupCommands.h"
 #include "mainwindow/MainKeyboard.h"
 #include "mainwindow/MainLayout.h"
+#include "mainwindow/SessionJournal.h"
 #include "tabs/BrowserEvents.h"
 
 #include <functional>
@@ -23,6 +24,7 @@ struct MainWindowPlatform {
     MessageBoxes& messages;
     FileDialogs& files;
     SplashWindow& splash;
+    SessionFiles& sessions;
     DefaultBrowser& defaultBrowser;
     /// Shows the settings dialog and returns when it is hidden.
     std::function<void(frmSettings&)> showSettings;
@@ -37,6 +39,8 @@ struct MainWindowPlatform {
     /// Operations outside the core that commands run; the window adds its own. A command without its operation is
     /// disabled.
     CommandHost commands{};
+    /// Offers to reopen the pages of a session that ended badly; the user answers later, or never.
+    std::function<void(TextView id, const Session& session)> offerSession{};
     /// Puts the stored load switches into effect for the engine.
     std::function<void()> applyLoadOptions{};
 };
@@ -75,6 +79,7 @@ public:
     TabStripInput StripInput;
     PageOptions Pages;
     CommandContext Commands;
+    SessionJournal Sessions;
     bool RememberLastSites = true;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
     std::function<void()> Unloaded;
@@ -87,6 +92,7 @@ private:
     void PlaceView(ArrayView& view);
     void ShowSettingsDialog();
     void ShowAbout();
+    void OfferSession();
     void OpenCommandLine(BrowserView& view, TextView commandLine);
 
     Dispatcher m_dispatcher;

@@ -15,8 +15,11 @@
 #include "qt/QtPage.h"
 #include "qt/QtPageBars.h"
 #include "qt/QtRequests.h"
+#include "qt/QtSessionFiles.h"
+#include "qt/QtSessionOffer.h"
 #include "qt/QtSettingsDialog.h"
 #include "qt/QtSettingsStorage.h"
+#include "qt/QtSignals.h"
 #include "qt/QtSplash.h"
 #include "qt/QtStartPage.h"
 #include "qt/QtStatusBar.h"
@@ -25,10 +28,15 @@
 #include "settings/SettingsStore.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QTimer>
 #include <QWebEngineProfile>
+#include <chrono>
 
 namespace {
+
+// What is written down is never older than a second.
+constexpr std::chrono::milliseconds kJournalDelay{700};
 
 class QtApplication final : public Application {
 public:
@@ -56,6 +64,7 @@ struct QtProgram::Parts {
           folders(QtFolders::Find(QCoreApplication::applicationFilePath())),
           settings(folders.settings),
           channel(folders.state),
+          sessions(folders.state + QStringLiteral("/sessions")),
           engine(window.PageArea(), folders.data, folders.cache),
           main({.window = window,
                 .views = engine,
@@ -63,6 +72,7 @@ struct QtProgram::Parts {
                 .messages = messages,
                 .files = files,
                 .splash = splash,
+                .sessions = sessions,
                 .defaultBrowser = defaultBrowser,
                 .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
                 // Above the splash, which would cover it.
@@ -71,12 +81,20 @@ struct QtProgram::Parts {
                 .programPath = FromQt(QCoreApplication::applicationFilePath()),
                 .groupFolder = FromQt(folders.GroupFolder()),
                 .commands = Operations(),
+                .offerSession = [this](TextView id, const Session& session) { OfferSession(id, session); },
                 .applyLoadOptions = [this] { ApplyLoadOptions(); }}),
           strip(main.pcPage),
           statusBar(main.sbStatus),
           commandBar(main.actBar, window),
           keys(window),
-          findBar(window.PageArea()) {}
+          findBar(window.PageArea()),
+          offer(window.PageArea()) {}
+
+    void OfferSession(TextView id, const Session& session) {
+        offer.Reopen = [this, id = Text(id)] { main.Sessions.Reopen(id); };
+        offer.Dismiss = [this, id = Text(id)] { main.Sessions.Settle(id); };
+        offer.Offer(session.Pages.size());
+    }
 
     CommandHost Operations() {
         CommandHost host;
@@ -102,6 +120,7 @@ struct QtProgram::Parts {
     QtFolders folders;
     QtSettingsStorage settings;
     QtInstanceChannel channel;
+    QtSessionFiles sessions;
     QtApplication application;
     QtMessageBoxes messages;
     QtFileDialogs files;
@@ -116,7 +135,10 @@ struct QtProgram::Parts {
     QtCommandBar commandBar;
     QtKeys keys;
     QtFindBar findBar;
+    QtSessionOffer offer;
     QtPageBars bars;
+    QTimer journal;
+    QtSignals signals;
 };
 
 QtProgram::QtProgram(int& argc, char** argv) {
@@ -125,6 +147,7 @@ QtProgram::QtProgram(int& argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     WireWindow();
     WireEngine();
+    WireSession();
 }
 
 QtProgram::~QtProgram() = default;
@@ -159,6 +182,16 @@ void QtProgram::WireWindow() {
     m->channel.Foreground = [this](const QByteArray& token) { m->window.BringToForeground(token); };
 }
 
+void QtProgram::WireSession() {
+    auto& journal = m->main.Sessions;
+    m->journal.setSingleShot(true);
+    m->journal.setInterval(kJournalDelay);
+    m->journal.callOnTimeout([&journal] { journal.Write(); });
+    journal.Schedule = [this] { m->journal.start(); };
+    journal.Now = [] { return QDateTime::currentSecsSinceEpoch(); };
+    m->signals.Quit = [this] { m->window.Close(); };
+}
+
 void QtProgram::WireStrip() {
     auto& input = m->main.StripInput;
     m->strip.PageIcon = [this](const Tab& tab) { return m->engine.Icon(tab.Tag); };
@@ -180,7 +213,9 @@ void QtProgram::WireStrip() {
 void QtProgram::WireEngine() {
     m->requests.Templates = [this] { return m->Services(); };
     m->engine.ProfileMade = [this](QWebEngineProfile& profile) { profile.setUrlRequestInterceptor(&m->requests); };
+    m->bars.Add(m->offer, QtPageBars::Side::Above);
     m->bars.Add(m->findBar, QtPageBars::Side::Below);
+    m->offer.Changed = [this] { m->engine.Relayout(); };
     m->engine.LayBars = [this](const QRect& whole) { return m->bars.Lay(whole); };
     m->findBar.Page = [this] { return m->engine.FrontPage(); };
     m->findBar.Changed = [this] { m->engine.Relayout(); };

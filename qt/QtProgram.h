@@ -19,6 +19,7 @@ private:
     void WireWindow();
     void WireEngine();
     void WireStrip();
+    void WireSession();
 
     std::unique_ptr<Parts> m;
 };

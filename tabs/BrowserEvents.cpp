@@ -16,7 +16,10 @@ void BrowserEvents::DownloadBegin(std::int16_t) { m_tabs.UpdateStopRefresh(); }
 
 void BrowserEvents::DownloadComplete(std::int16_t) { m_tabs.UpdateStopRefresh(); }
 
-void BrowserEvents::TitleChange(std::int16_t Index, TextView Text) { m_tabs.SetTabTitle(Index, Text); }
+void BrowserEvents::TitleChange(std::int16_t Index, TextView Text) {
+    m_tabs.SetTabTitle(Index, Text);
+    if (Navigated) Navigated();
+}
 
 void BrowserEvents::BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) {
     if (m_tabs.IsSelected(Index) && pDisp == PageLevel::Top) {
@@ -34,6 +37,7 @@ BrowserView* BrowserEvents::NewWindow2(std::int16_t) {
 // any frame clears the mark too.
 void BrowserEvents::NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) {
     DocumentComplete(Index, pDisp, URL);
+    if (Navigated) Navigated();
 }
 
 void BrowserEvents::DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) {

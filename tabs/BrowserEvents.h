@@ -1,6 +1,8 @@
 #pragma once
 #include "tabs/TabSet.h"
 
+#include <functional>
+
 /// Keeps strip, address box, status bar and command enabling in step with the views. A view that is not selected
 /// changes only its own tab.
 class BrowserEvents final : public BrowserViewEvents {
@@ -18,6 +20,9 @@ public:
     void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void WindowClosing(std::int16_t Index) override;
+
+    /// A view shows another address or title than before. Filled in by the main window.
+    std::function<void()> Navigated;
 
 private:
     void ShowAddress(PageLevel pDisp, TextView URL);

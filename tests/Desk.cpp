@@ -10,6 +10,7 @@ Desk::Desk(FakeSettings* shared)
             .messages = messages,
             .files = files,
             .splash = splash,
+            .sessions = sessions,
             .defaultBrowser = defaultBrowser,
             .showSettings =
                 [this](frmSettings& form) {

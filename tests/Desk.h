@@ -48,6 +48,7 @@ public:
     FakeFiles files;
     FakeWindow window{log};
     FakeSplash splash{log};
+    FakeSessions sessions;
     FakeDefaultBrowser defaultBrowser;
     FakeApplication application{log};
     FakeChannel channel{log};

@@ -144,7 +144,12 @@ EngineDesk::EngineDesk() {
                                                         .messages = messages,
                                                         .files = files,
                                                         .splash = splash,
+                                                        .sessions = sessions,
+                                                        .defaultBrowser = defaultBrowser,
                                                         .showSettings = {},
+                                                        .showDefBrowser = {},
+                                                        .showAbout = {},
+                                                        .programPath = {},
                                                         .groupFolder = {}});
     main->Form_Load(u"about:blank");
     main->Form_Activate();

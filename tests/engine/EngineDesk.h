@@ -88,6 +88,8 @@ public:
     FakeFiles files;
     FakeWindow frame{log};
     FakeSplash splash{log};
+    FakeSessions sessions;
+    FakeDefaultBrowser defaultBrowser;
     QtEngine engine{&window, {}, {}};
     std::unique_ptr<frmMain> main;
 };

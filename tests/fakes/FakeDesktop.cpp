@@ -68,3 +68,11 @@ Outcome FakeChannel::SendMessage() {
     if (windowFound && runningHandles) runningHandles();
     return windowFound ? Outcome::Done : Outcome::Failed;
 }
+
+Outcome FakeSessions::Rewrite(TextView Id, const std::string& bytes) {
+    for (KeptSession& kept : earlier) {
+        if (kept.Id == Id) kept.Bytes = bytes;
+    }
+    std::erase_if(earlier, [](const KeptSession& kept) { return kept.Bytes.empty(); });
+    return Outcome::Done;
+}

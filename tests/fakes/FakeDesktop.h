@@ -4,6 +4,7 @@
 #include "common/platform/Dialogs.h"
 #include "common/platform/InstanceChannel.h"
 #include "common/platform/MainWindow.h"
+#include "common/platform/SessionFiles.h"
 
 #include <string>
 #include <vector>
@@ -60,6 +61,22 @@ public:
 
 private:
     FakeLog& m_log;
+};
+
+/// Sessions in memory, newest first.
+class FakeSessions final : public SessionFiles {
+public:
+    Outcome WriteOwn(const std::string& bytes) override {
+        own = bytes;
+        ++writes;
+        return refuses ? Outcome::Failed : Outcome::Done;
+    }
+    [[nodiscard]] std::vector<KeptSession> Earlier() override { return earlier; }
+    Outcome Rewrite(TextView Id, const std::string& bytes) override;
+    std::string own;
+    int writes = 0;
+    bool refuses = false;
+    std::vector<KeptSession> earlier;
 };
 
 class FakeSplash final : public SplashWindow {

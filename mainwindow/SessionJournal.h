@@ -1,0 +1,50 @@
+#pragma once
+#include "common/TabStrip.h"
+#include "common/platform/SessionFiles.h"
+#include "mainwindow/Session.h"
+#include "tabs/TabSet.h"
+
+#include <functional>
+
+/// Writes down which pages are open whenever that changes, so that a session that ends badly can be brought back.
+/// Owned by the main window.
+class SessionJournal {
+public:
+    /// All outlive this object.
+    SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
+        : m_files(files), m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {}
+
+    /// Something has changed: has `Write` called soon, once for all changes until then.
+    void Touch();
+    /// Writes the open pages down, when they are others than were last written.
+    void Write();
+    /// Writes them down for the last time. The session has ended well.
+    void End();
+
+    /// The newest session that ended badly and that the user has not settled; nothing when there is none.
+    [[nodiscard]] std::optional<std::pair<Text, Session>> ToOffer() const;
+    /// All sessions that are kept, newest first, by their ids.
+    [[nodiscard]] std::vector<std::pair<Text, Session>> Earlier() const;
+    /// Opens all pages of a session in new tabs, the one that was in front in front.
+    void Reopen(TextView Id);
+    /// The user need not be asked about this session again. It is still kept.
+    void Settle(TextView Id);
+    /// Forgets a session.
+    void Forget(TextView Id) { ResumeNext(m_files.Rewrite(Id, {})); }
+
+    /// Has `Write` called in a part of a second. Filled in by the program; without it nothing is written meanwhile.
+    std::function<void()> Schedule;
+    /// The present time in seconds since 1970. Filled in by the program.
+    std::function<std::int64_t()> Now;
+
+private:
+    [[nodiscard]] Session Snapshot() const;
+    void Keep(Session session);
+
+    SessionFiles& m_files;
+    TabSet& m_tabs;
+    TabStrip& m_pcPage;
+    ViewArray& m_browser;
+    Session m_written;
+    bool m_touched = false;
+};

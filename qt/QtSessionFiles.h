@@ -1,0 +1,31 @@
+#pragma once
+#include "common/platform/SessionFiles.h"
+
+#include <QString>
+#include <QThreadPool>
+#include <vector>
+
+/// Sessions as files of a folder, one a run. A run holds a lock beside its file for as long as it lives, however it
+/// ends, so that no other takes its session for one that has ended. Files are written behind the scenes, in order;
+/// this object ends when all are on disk.
+class QtSessionFiles final : public SessionFiles {
+public:
+    /// The folder is made when the first session is written.
+    explicit QtSessionFiles(QString folder);
+    ~QtSessionFiles() override;
+
+    Outcome WriteOwn(const std::string& bytes) override;
+    [[nodiscard]] std::vector<KeptSession> Earlier() override;
+    Outcome Rewrite(TextView Id, const std::string& bytes) override;
+
+private:
+    [[nodiscard]] QString PathOf(const QString& name) const;
+    bool Begin();
+    bool HasEnded(const QString& name) const;
+    void Remove(const QString& name) const;
+    void WriteLater(const QString& name, const std::string& bytes);
+
+    QString m_folder, m_own;
+    int m_lock = -1;
+    QThreadPool m_writer;
+};

@@ -1,0 +1,41 @@
+#include "qt/QtSessionOffer.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+QtSessionOffer::QtSessionOffer(QWidget* parent) : QWidget(parent), m_text(new QLabel(this)) {
+    setObjectName(QStringLiteral("sessionOffer"));
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::AlternateBase);
+    m_text->setTextFormat(Qt::PlainText);
+    auto* reopen = new QPushButton(QStringLiteral("&Reopen"), this);
+    auto* all = new QPushButton(QStringLiteral("&Earlier Sessions..."), this);
+    auto* dismiss = new QPushButton(QStringLiteral("&Not Now"), this);
+    reopen->setObjectName(QStringLiteral("cmdReopen"));
+    all->setObjectName(QStringLiteral("cmdEarlier"));
+    dismiss->setObjectName(QStringLiteral("cmdNotNow"));
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 4, 8, 4);
+    row->addWidget(m_text, 1);
+    for (QPushButton* each : {reopen, all, dismiss}) row->addWidget(each);
+    connect(reopen, &QPushButton::clicked, this, [this] { Answer(Reopen); });
+    connect(dismiss, &QPushButton::clicked, this, [this] { Answer(Dismiss); });
+    connect(all, &QPushButton::clicked, this, [this] {
+        if (ShowAll) ShowAll();
+    });
+    hide();
+}
+
+void QtSessionOffer::Offer(std::size_t pages) {
+    m_text->setText(pages == 1 ? QStringLiteral("TessaView did not end properly. One page was open.")
+                               : QStringLiteral("TessaView did not end properly. %1 pages were open.").arg(pages));
+    show();
+    if (Changed) Changed();
+}
+
+void QtSessionOffer::Answer(const std::function<void()>& answer) {
+    hide();
+    if (Changed) Changed();
+    if (answer) answer();
+}

@@ -1,0 +1,30 @@
+#pragma once
+#include <QWidget>
+#include <functional>
+
+class QLabel;
+class QPushButton;
+
+/// The bar above the page that offers to reopen the pages of a session that ended badly. It waits for as long as the
+/// user likes.
+class QtSessionOffer final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit QtSessionOffer(QWidget* parent);
+
+    /// Shows the bar for a session with so many pages.
+    void Offer(std::size_t pages);
+
+    std::function<void()> Reopen;
+    std::function<void()> Dismiss;
+    /// Opens the list of earlier sessions.
+    std::function<void()> ShowAll;
+    /// The bar was shown or hidden.
+    std::function<void()> Changed;
+
+private:
+    void Answer(const std::function<void()>& answer);
+
+    QLabel* m_text;
+};

@@ -1,0 +1,21 @@
+#pragma once
+#include <QObject>
+#include <functional>
+
+class QSocketNotifier;
+
+/// The signals with which the desktop or a terminal asks the program to end: it ends as if its window was closed.
+class QtSignals final : public QObject {
+    Q_OBJECT
+
+public:
+    /// At most one at a time.
+    QtSignals();
+    ~QtSignals() override;
+
+    /// The program is to end.
+    std::function<void()> Quit;
+
+private:
+    QSocketNotifier* m_notifier = nullptr;
+};
