@@ -99,6 +99,7 @@ void Desk::PageLoads(int index, TextView address, TextView title) {
     view.busy = true;
     events.DownloadBegin(n);
     view.location = address;
+    view.name = title;
     events.NavigateComplete2(n, PageLevel::Top, address);
     events.TitleChange(n, title);
     view.busy = false;

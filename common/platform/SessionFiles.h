@@ -16,7 +16,8 @@ struct KeptSession {
 class SessionFiles {
 public:
     virtual ~SessionFiles() = default;
-    /// Replaces what is kept of the session that runs; no bytes remove it. On disk, whole, when this returns.
+    /// Replaces what is kept of the session that runs; no bytes remove it. Written whole or not at all, soon after this
+    /// returns and before the program ends; a failure to begin is reported.
     virtual Outcome WriteOwn(const std::string& bytes) = 0;
     /// The sessions that have ended, newest first. One that another instance is running is not among them.
     [[nodiscard]] virtual std::vector<KeptSession> Earlier() = 0;

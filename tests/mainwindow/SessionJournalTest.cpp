@@ -1,0 +1,159 @@
+#include "tests/Desk.h"
+
+namespace {
+
+/// The journal of a window whose program schedules nothing by itself.
+class JournalDesk : public Desk {
+public:
+    JournalDesk() {
+        main.Sessions.Schedule = [this] { ++scheduled; };
+        main.Sessions.Now = [this] { return now; };
+    }
+    /// The pages that were written last, "*" behind the one in front.
+    [[nodiscard]] std::string Written() const { return Shown(sessions.own); }
+    void Keep(const Session& session, TextView id) { sessions.earlier.push_back({Text(id), SessionBytes(session)}); }
+    [[nodiscard]] std::optional<Session> Kept(std::size_t i) const {
+        return SessionFromBytes(sessions.earlier[i].Bytes);
+    }
+
+    int scheduled = 0;
+    std::int64_t now = 1000;
+
+private:
+    static std::string Shown(const std::string& bytes) {
+        const auto session = SessionFromBytes(bytes);
+        if (!session) return "(none)";
+        std::string all;
+        for (std::size_t i = 0; i < session->Pages.size(); ++i)
+            all += (i ? " " : "") + ToUtf8(session->Pages[i].Address) + (session->Selected == i + 1 ? "*" : "");
+        return all;
+    }
+};
+
+Session Crashed(std::vector<SessionPage> pages, std::size_t selected = 1) {
+    return {.Time = 500, .Selected = selected, .Pages = std::move(pages)};
+}
+
+TEST(SessionJournal, SchedulesOneWriteForManyChanges) {
+    JournalDesk desk;
+    desk.StartWithTabs(3);
+    EXPECT_EQ(desk.scheduled, 1);
+    desk.main.Sessions.Write();
+    desk.PageLoads(2, u"http://two/", u"Two");
+    desk.PageLoads(3, u"http://three/", u"Three");
+    EXPECT_EQ(desk.scheduled, 2);
+}
+
+TEST(SessionJournal, WritesTheAddressesAndTitlesInTheOrderOfTheTabs) {
+    JournalDesk desk;
+    desk.StartWithTabs(3);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.PageLoads(2, u"about:blank", u"");
+    desk.PageLoads(3, u"http://three/", u"Three");
+    desk.ClickTab(3);
+    desk.main.Sessions.Write();
+    EXPECT_EQ(desk.Written(), "http://one/ http://three/*");
+    const auto session = SessionFromBytes(desk.sessions.own);
+    EXPECT_EQ(session->Time, 1000);
+    EXPECT_FALSE(session->Ended);
+    EXPECT_EQ(session->Pages[1].Title, u"Three");
+}
+
+TEST(SessionJournal, NothingIsWrittenTwice) {
+    JournalDesk desk;
+    desk.StartWithTabs(1);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.main.Sessions.Write();
+    const int writes = desk.sessions.writes;
+    desk.now = 2000;
+    desk.main.Sessions.Write();
+    EXPECT_EQ(desk.sessions.writes, writes);
+}
+
+TEST(SessionJournal, ASessionWithoutPagesIsRemoved) {
+    JournalDesk desk;
+    desk.StartWithTabs(1);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.main.Sessions.Write();
+    desk.PageLoads(1, u"about:blank", u"");
+    desk.main.Sessions.Write();
+    EXPECT_EQ(desk.sessions.own, "");
+}
+
+TEST(SessionJournal, ClosingTheWindowEndsTheSessionWell) {
+    JournalDesk desk;
+    desk.StartWithTabs(1);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.main.Form_Unload();
+    const auto session = SessionFromBytes(desk.sessions.own);
+    ASSERT_TRUE(session);
+    EXPECT_TRUE(session->Ended);
+    EXPECT_EQ(desk.Written(), "http://one/*");
+}
+
+TEST(SessionJournal, AFailingDiskDisturbsNobody) {
+    JournalDesk desk;
+    desk.sessions.refuses = true;
+    desk.StartWithTabs(1);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.ExpectSkipped(1);
+    desk.main.Sessions.Write();
+}
+
+TEST(SessionJournal, OffersTheNewestSessionThatEndedBadly) {
+    JournalDesk desk;
+    Session ended = Crashed({{u"http://well/", u""}});
+    ended.Ended = true;
+    Session settled = Crashed({{u"http://settled/", u""}});
+    settled.Settled = true;
+    desk.Keep(ended, u"e");
+    desk.Keep(settled, u"d");
+    desk.Keep(Crashed({}), u"c");
+    desk.Keep(Crashed({{u"http://newer/", u""}}), u"b");
+    desk.Keep(Crashed({{u"http://older/", u""}}), u"a");
+    ASSERT_TRUE(desk.main.Sessions.ToOffer());
+    EXPECT_EQ(desk.main.Sessions.ToOffer()->first, u"b");
+    desk.main.Sessions.Settle(u"b");
+    EXPECT_EQ(desk.main.Sessions.ToOffer()->first, u"a") << "two crashes in a row lose nothing";
+    desk.main.Sessions.Settle(u"a");
+    EXPECT_FALSE(desk.main.Sessions.ToOffer());
+    EXPECT_EQ(desk.main.Sessions.Earlier().size(), 5U) << "settled sessions are still kept";
+}
+
+TEST(SessionJournal, ReopensAllPagesWithTheRightOneInFront) {
+    JournalDesk desk;
+    desk.Keep(Crashed({{u"http://a/", u"A"}, {u"http://b/", u"B"}, {u"http://c/", u"C"}}, 2), u"x");
+    desk.StartWithTabs(1);
+    desk.main.Sessions.Reopen(u"x");
+    EXPECT_EQ(desk.Strip(), "1 2 [3*] 4");
+    EXPECT_EQ(desk.views.At(2).location, u"http://a/");
+    EXPECT_EQ(desk.views.At(4).location, u"http://c/");
+    EXPECT_TRUE(desk.Kept(0)->Settled);
+}
+
+TEST(SessionJournal, AnUnknownSessionChangesNothing) {
+    JournalDesk desk;
+    desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
+    desk.StartWithTabs(1);
+    desk.main.Sessions.Reopen(u"y");
+    desk.main.Sessions.Settle(u"y");
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_FALSE(desk.Kept(0)->Settled);
+}
+
+TEST(SessionJournal, AForgottenSessionIsGone) {
+    JournalDesk desk;
+    desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
+    desk.main.Sessions.Forget(u"x");
+    EXPECT_TRUE(desk.main.Sessions.Earlier().empty());
+}
+
+TEST(SessionJournal, ASessionThatCannotBeReadIsPassedOver) {
+    JournalDesk desk;
+    desk.sessions.earlier.push_back({u"bad", "garbage"});
+    desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
+    EXPECT_EQ(desk.main.Sessions.ToOffer()->first, u"x");
+    EXPECT_EQ(desk.main.Sessions.Earlier().size(), 1U);
+}
+
+} // namespace

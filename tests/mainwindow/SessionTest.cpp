@@ -1,0 +1,62 @@
+#include "mainwindow/Session.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+Session Three() {
+    return {.Time = 1700000000,
+            .Ended = true,
+            .Settled = true,
+            .Selected = 2,
+            .Pages = {{u"http://one/", u"One"}, {u"http://two/?q=\u00e4", u"\u4e8c"}, {u"http://three/", u""}}};
+}
+
+TEST(Session, ComesBackFromItsBytes) {
+    EXPECT_EQ(SessionFromBytes(SessionBytes(Three())), Three());
+    EXPECT_EQ(SessionFromBytes(SessionBytes({})), Session());
+}
+
+TEST(Session, LineEndsAndTabsInATitleBecomeBlanks) {
+    const Session session{.Pages = {{u"http://one/", u"a\tb\r\npage=c"}}};
+    const auto read = SessionFromBytes(SessionBytes(session));
+    ASSERT_EQ(read->Pages.size(), 1U);
+    EXPECT_EQ(read->Pages[0], (SessionPage{u"http://one/", u"a b  page=c"}));
+}
+
+TEST(Session, AnythingElseIsNone) {
+    for (const std::string_view bytes : {"", "\n", "page=http://one/\n", "TessaView session 2\npage=a\n",
+                                         "TessaView session 1", "TessaView session 1\r\n"})
+        EXPECT_EQ(SessionFromBytes(bytes), std::nullopt) << bytes;
+}
+
+TEST(Session, OfATextThatBreaksOffTheWholeLinesCount) {
+    const std::string whole = SessionBytes(Three());
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        const auto read = SessionFromBytes(whole.substr(0, length));
+        if (!read) continue;
+        EXPECT_LE(read->Selected, read->Pages.size());
+        for (std::size_t i = 0; i < read->Pages.size(); ++i) EXPECT_EQ(read->Pages[i], Three().Pages[i]);
+    }
+    EXPECT_EQ(SessionFromBytes(whole.substr(0, whole.size() - 1))->Pages.size(), 2U);
+}
+
+TEST(Session, NumbersThatAreNoneAreZeroAndHugeOnesEnd) {
+    const auto read = SessionFromBytes("TessaView session 1\ntime=x\nselected=-1\nended=2\npage=a\n");
+    EXPECT_EQ(read->Time, 0);
+    EXPECT_EQ(read->Selected, 0U);
+    EXPECT_FALSE(read->Ended);
+    const auto huge = SessionFromBytes("TessaView session 1\ntime=" + std::string(400, '9') + "\nselected=99999\n");
+    EXPECT_GT(huge->Time, 0);
+    EXPECT_EQ(huge->Selected, 0U);
+}
+
+TEST(Session, BlankPagesAndTheHomePageAreNotWorthKeeping) {
+    EXPECT_FALSE(IsWorthKeeping(u""));
+    EXPECT_FALSE(IsWorthKeeping(u"about:blank"));
+    EXPECT_FALSE(IsWorthKeeping(u"tessaview:start"));
+    EXPECT_TRUE(IsWorthKeeping(u"http://one/"));
+    EXPECT_TRUE(IsWorthKeeping(u"about:blank#top"));
+}
+
+} // namespace
