@@ -1,0 +1,165 @@
+#include "qt/QtSessionFiles.h"
+#include "qt/QtSessionOffer.h"
+#include "qt/QtText.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+namespace {
+
+class QtSessionFilesTest : public testing::Test {
+protected:
+    QTemporaryDir m_home;
+    QString m_folder = m_home.path() + QStringLiteral("/a/sessions");
+
+    void Put(const QString& name, const QByteArray& bytes) {
+        ASSERT_TRUE(QDir().mkpath(m_folder));
+        QFile file(m_folder + QLatin1Char('/') + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+    [[nodiscard]] QStringList Files() const { return QDir(m_folder).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+    [[nodiscard]] std::string Earlier(QtSessionFiles& files) const {
+        std::string all;
+        for (const KeptSession& kept : files.Earlier()) all += (all.empty() ? "" : " ") + kept.Bytes;
+        return all;
+    }
+};
+
+TEST_F(QtSessionFilesTest, NothingIsMadeBeforeSomethingIsWritten) {
+    QtSessionFiles files(m_folder);
+    EXPECT_TRUE(files.Earlier().empty());
+    EXPECT_EQ(files.WriteOwn({}), Outcome::Done);
+    EXPECT_FALSE(QFileInfo::exists(m_folder));
+}
+
+TEST_F(QtSessionFilesTest, WhatWasWrittenLastIsOnDiskWhenTheObjectEnds) {
+    {
+        QtSessionFiles files(m_folder);
+        for (int i = 0; i < 50; ++i) EXPECT_EQ(files.WriteOwn("state " + std::to_string(i)), Outcome::Done);
+        EXPECT_TRUE(files.Earlier().empty()) << "the session that runs is not an earlier one";
+    }
+    ASSERT_EQ(Files().size(), 1) << Files().join(u' ').toStdString();
+    QFile file(m_folder + QLatin1Char('/') + Files().constFirst());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "state 49");
+    EXPECT_EQ(int(QFileInfo(m_folder).permissions()) & 0x0077, 0) << "what somebody reads is nobody else's business";
+}
+
+TEST_F(QtSessionFilesTest, NoBytesRemoveTheSession) {
+    {
+        QtSessionFiles files(m_folder);
+        ResumeNext(files.WriteOwn("state"));
+        ResumeNext(files.WriteOwn({}));
+    }
+    EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(QtSessionFilesTest, TheLastTenAreKeptNewestFirst) {
+    for (int i = 10; i < 23; ++i) Put(QStringLiteral("000000000000%1-7.session").arg(i), QByteArray::number(i));
+    Put(QStringLiteral("00000000000010-7.session.lock"), {});
+    Put(QStringLiteral("notes.txt"), "mine");
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Earlier(files), "22 21 20 19 18 17 16 15 14 13");
+    EXPECT_EQ(Files().size(), 11);
+    EXPECT_TRUE(Files().contains(QStringLiteral("notes.txt")));
+}
+
+TEST_F(QtSessionFilesTest, AnEarlierSessionIsRewrittenAndRemoved) {
+    Put(QStringLiteral("1-1.session"), "old");
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(files.Rewrite(u"1-1.session", "new"), Outcome::Done);
+    EXPECT_EQ(Earlier(files), "new");
+    EXPECT_EQ(files.Rewrite(u"1-1.session", {}), Outcome::Done);
+    EXPECT_EQ(Earlier(files), "");
+    EXPECT_EQ(files.Rewrite(u"1-1.session", "again"), Outcome::Failed);
+    EXPECT_EQ(files.Rewrite(u"../1-1.session", "outside"), Outcome::Failed);
+}
+
+TEST_F(QtSessionFilesTest, AFolderThatCannotBeMadeIsReported) {
+    QFile blocking(m_home.path() + QStringLiteral("/a"));
+    ASSERT_TRUE(blocking.open(QIODevice::WriteOnly));
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(files.WriteOwn("state"), Outcome::Failed);
+    EXPECT_TRUE(files.Earlier().empty());
+}
+
+/// Another program that has its session written and then lives on.
+class OtherProgram {
+public:
+    explicit OtherProgram(const QString& folder) {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("ROLE_FOLDER"), folder);
+        m_process.setProcessEnvironment(environment);
+        m_process.start(QCoreApplication::applicationFilePath(),
+                        {QStringLiteral("--gtest_also_run_disabled_tests"), QStringLiteral("--gtest_brief=1"),
+                         QStringLiteral("--gtest_filter=Role.DISABLED_WriteAndStay")});
+        while (!m_process.readLine().contains("written")) {
+            if (!m_process.canReadLine() && !m_process.waitForReadyRead(60000)) break;
+        }
+    }
+    void Kill() {
+        m_process.kill();
+        m_process.waitForFinished(60000);
+    }
+
+private:
+    QProcess m_process;
+};
+
+TEST_F(QtSessionFilesTest, AnotherProgramsSessionIsAnEarlierOneOnceItHasEnded) {
+    OtherProgram other(m_folder);
+    QtSessionFiles files(m_folder);
+    ASSERT_FALSE(Files().isEmpty());
+    EXPECT_EQ(Earlier(files), "");
+    other.Kill();
+    EXPECT_EQ(Earlier(files), "of another");
+}
+
+TEST(QtSessionOffer, ShowsHowManyPagesAndTakesOneAnswer) {
+    QtSessionOffer offer(nullptr);
+    int reopened = 0, dismissed = 0, all = 0, changed = 0;
+    offer.Reopen = [&] { ++reopened; };
+    offer.Dismiss = [&] { ++dismissed; };
+    offer.ShowAll = [&] { ++all; };
+    offer.Changed = [&] { ++changed; };
+    const auto click = [&](const char* name) {
+        QTest::mouseClick(offer.findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
+    };
+    EXPECT_FALSE(offer.isVisible());
+    offer.Offer(1);
+    EXPECT_TRUE(offer.findChild<QLabel*>()->text().contains(QStringLiteral("One page")));
+    click("cmdEarlier");
+    EXPECT_TRUE(offer.isVisible()) << "looking at the list is no answer";
+    click("cmdReopen");
+    EXPECT_FALSE(offer.isVisible());
+    offer.Offer(40);
+    EXPECT_TRUE(offer.findChild<QLabel*>()->text().contains(QStringLiteral("40 pages")));
+    click("cmdNotNow");
+    EXPECT_FALSE(offer.isVisible());
+    EXPECT_EQ(reopened, 1);
+    EXPECT_EQ(dismissed, 1);
+    EXPECT_EQ(all, 1);
+    EXPECT_EQ(changed, 4);
+}
+
+// What the other program does, alone in a process of its own.
+TEST(Role, DISABLED_WriteAndStay) {
+    QtSessionFiles files(qEnvironmentVariable("ROLE_FOLDER"));
+    ASSERT_EQ(files.WriteOwn("of another"), Outcome::Done);
+    ASSERT_TRUE(files.Earlier().empty()); // waits until it is written
+    std::cout << "written" << std::endl;
+    for (std::string line; std::getline(std::cin, line);) {}
+}
+
+} // namespace
