@@ -169,13 +169,14 @@ struct OwnRow {
     TextView band;
     TextView tool;
     TextView caption;
+    TextView category;
     TextView description;
     TextView subBand;
 };
 
 constexpr std::array kOwn{
-    OwnRow{u"bndMenu", u"mnuHelp", u"&Help", u"Help and information on TessaView", u"bndHelpMenu"},
-    OwnRow{u"bndFont", u"mnuFontLarger", u"&Large", u"Shows the text at a large size", u""},
+    OwnRow{u"bndMenu", u"mnuHelp", u"&Help", u"Menu", u"Help and information on TessaView", u"bndHelpMenu"},
+    OwnRow{u"bndFont", u"mnuFontLarger", u"&Large", u"Font", u"Shows the text at a large size", u""},
 };
 
 constexpr std::int32_t kFirstOwnId = 180;
@@ -218,19 +219,20 @@ void AddLabelAndBox(CommandBar& bar, std::int32_t& id, TextView category, TextVi
     }
 }
 
-std::shared_ptr<Tool> ToolFor(const CommandBar& bar, const EntryRow& row) {
+void AddOwnTools(CommandBar& bar) {
     std::int32_t id = kFirstOwnId;
-    for (const OwnRow& own : kOwn) {
-        if (own.band == row.band && own.tool == row.tool) {
-            auto tool = std::make_shared<Tool>(id, Text(own.tool), Text(own.caption));
-            tool->Description = own.description;
-            tool->TooltipText = WithoutAccessKey(own.caption);
-            tool->SubBand = own.subBand;
-            return tool;
-        }
-        ++id;
+    for (const OwnRow& row : kOwn) {
+        const auto tool = bar.AddOwn(Text(row.band), std::make_unique<Tool>(id++, Text(row.tool), Text(row.caption)));
+        tool->TooltipText = WithoutAccessKey(row.caption);
+        tool->Category = row.category;
+        tool->Description = row.description;
+        tool->SubBand = row.subBand;
     }
-    return bar.Share(row.tool);
+}
+
+std::shared_ptr<Tool> ToolFor(const CommandBar& bar, const EntryRow& row) {
+    auto own = bar.ShareOwn(row.band, row.tool);
+    return own ? own : bar.Share(row.tool);
 }
 
 std::vector<BandEntry> EntriesOf(const CommandBar& bar, TextView band) {
@@ -254,6 +256,7 @@ void Make(CommandBar& bar) {
     AddTools(bar, DesignedTools(), id);
     AddTools(bar, ShopLinks(), id);
     AddTools(bar, FindLinks(), id);
+    AddOwnTools(bar);
     AddLabelAndBox(bar, id, u"Address", u"mnuAddress", u"A&ddress", u"cboAddress", u"The address of the page");
     AddLabelAndBox(bar, id, u"Search", u"mnuSearchLabel", u"Sea&rch " + Text(Endpoints::kSearchServiceName),
                    u"cboSearch", u"Words to search for");

@@ -32,7 +32,20 @@ Tool* CommandBar::Find(TextView name) const {
     for (const auto& band : m_bands) {
         if (Tool* tool = band->Find(name)) return tool;
     }
-    return nullptr;
+    const auto own = std::ranges::find(m_ownTools, name, [](const auto& each) { return TextView(each.Item->Name()); });
+    return own == m_ownTools.end() ? nullptr : own->Item.get();
+}
+
+std::shared_ptr<Tool> CommandBar::AddOwn(Text band, std::unique_ptr<Tool> tool) {
+    Must(tool && !ShareOwn(band, tool->Name()));
+    m_ownTools.push_back({std::move(band), std::move(tool)});
+    return m_ownTools.back().Item;
+}
+
+std::shared_ptr<Tool> CommandBar::ShareOwn(TextView band, TextView name) const {
+    const auto found = std::ranges::find_if(
+        m_ownTools, [&](const OwnTool& own) { return own.Band == band && own.Item->Name() == name; });
+    return found == m_ownTools.end() ? nullptr : found->Item;
 }
 
 ComboTool* CommandBar::FindCombo(TextView name) const { return dynamic_cast<ComboTool*>(Find(name)); }

@@ -1,4 +1,5 @@
 #pragma once
+#include "common/BarLook.h"
 #include "common/Tool.h"
 
 #include <functional>
@@ -114,6 +115,15 @@ public:
     [[nodiscard]] const std::vector<std::shared_ptr<Tool>>& Tools() const { return m_tools; }
     /// A tool of the master list, to be listed by a band.
     [[nodiscard]] std::shared_ptr<Tool> Share(TextView name) const;
+    /// Keeps a tool that one band has by design, beside the master list, whose names it may repeat. It stays even
+    /// while no band lists it.
+    std::shared_ptr<Tool> AddOwn(Text band, std::unique_ptr<Tool> tool);
+    struct OwnTool {
+        Text Band;
+        std::shared_ptr<Tool> Item;
+    };
+    [[nodiscard]] const std::vector<OwnTool>& OwnTools() const { return m_ownTools; }
+    [[nodiscard]] std::shared_ptr<Tool> ShareOwn(TextView band, TextView name) const;
     /// A tool of the master list, else the first tool of that name that any band has of its own.
     [[nodiscard]] Tool* Find(TextView name) const;
     [[nodiscard]] ComboTool* FindCombo(TextView name) const;
@@ -143,6 +153,9 @@ public:
     /// What a user's click does; a disabled tool does nothing.
     void UserClick(Tool& tool) const;
 
+    /// How the toolbars look.
+    Property<BarLook> Look;
+
     std::function<void(Tool&)> Click;
     std::function<void(Band&)> BandOpen;
     /// The pointer is over a tool, or over none any more.
@@ -169,6 +182,7 @@ private:
 
     std::vector<std::shared_ptr<Tool>> m_tools;
     std::unordered_map<Text, std::shared_ptr<Tool>> m_byName;
+    std::vector<OwnTool> m_ownTools;
     std::vector<std::unique_ptr<Band>> m_bands;
     std::unordered_map<Text, Band*> m_bandsByName;
     std::vector<Shortcut> m_shortcuts;
