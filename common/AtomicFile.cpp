@@ -1,5 +1,6 @@
 #include "common/AtomicFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -69,12 +70,12 @@ Outcome WriteInPlace(const std::string& path, std::string_view bytes) {
 
 } // namespace
 
-std::optional<std::string> ReadWholeFile(const std::string& path) {
+std::optional<std::string> ReadWholeFile(const std::string& path, std::size_t most) {
     // Not blocking, so that a pipe of that name does not hold us up.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat facts {};
     if (!file.Open() || ::fstat(file.Number(), &facts) != 0 || !S_ISREG(facts.st_mode)) return std::nullopt;
-    std::string bytes(static_cast<std::size_t>(facts.st_size), '\0');
+    std::string bytes(std::min(static_cast<std::size_t>(facts.st_size), most), '\0');
     std::size_t have = 0;
     while (have < bytes.size()) {
         const ssize_t got = ::read(file.Number(), bytes.data() + have, bytes.size() - have);

@@ -1,14 +1,15 @@
 #pragma once
 #include "common/ResumeNext.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 
 // Whole files, by path. A write leaves the old file or the new one, whatever happens in between.
 
-/// The bytes of a regular file; nothing when there is none or it cannot be read.
-[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path);
+/// The bytes of a regular file, of a longer one the first `most`; nothing when there is none or it cannot be read.
+[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path, std::size_t most = std::string::npos);
 
 /// Whether anything of that name exists.
 [[nodiscard]] bool FileExists(const std::string& path);

@@ -55,8 +55,7 @@ Band* CommandBar::AddBand(Text name, Text caption, BandKind kind) {
     m_bands.push_back(std::make_unique<Band>(std::move(name), std::move(caption), kind));
     Band* band = m_bands.back().get();
     m_bandsByName.emplace(band->Name(), band);
-    // Only a toolbar or the menu bar is on the screen by itself; a menu is made when it opens.
-    if (m_view.BandsChanged && (kind == BandKind::Toolbar || kind == BandKind::MenuBar)) m_view.BandsChanged();
+    TellOf(kind);
     return band;
 }
 
@@ -73,7 +72,12 @@ void CommandBar::RemoveBand(TextView name) {
     m_bandsByName.erase(removed->Name());
     m_bands.erase(place);
     removed->Clear();
-    if (m_view.BandsChanged) m_view.BandsChanged();
+    TellOf(removed->Kind());
+}
+
+void CommandBar::TellOf(BandKind kind) const {
+    // Only a toolbar or the menu bar is on the screen by itself; a menu is made when it opens.
+    if (m_view.BandsChanged && (kind == BandKind::Toolbar || kind == BandKind::MenuBar)) m_view.BandsChanged();
 }
 
 void CommandBar::Popup(TextView band) {

@@ -179,6 +179,7 @@ public:
 private:
     void Keep(std::shared_ptr<Tool> tool);
     void FocusBox(const Tool& box);
+    void TellOf(BandKind kind) const;
 
     std::vector<std::shared_ptr<Tool>> m_tools;
     std::unordered_map<Text, std::shared_ptr<Tool>> m_byName;

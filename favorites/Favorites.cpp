@@ -1,0 +1,83 @@
+#include "favorites/Favorites.h"
+
+#include "common/AtomicFile.h"
+#include "common/Folder.h"
+#include "common/IniFile.h"
+
+namespace {
+
+constexpr std::string_view kSection = "InternetShortcut";
+constexpr std::string_view kKey = "URL";
+constexpr std::size_t kValueSize = 512;
+/// No shortcut is longer; of a file that is, the beginning is read.
+constexpr std::size_t kMostBytes = std::size_t{1} << 20;
+
+constexpr std::size_t kLongestCaption = 45;
+constexpr std::int32_t kFirstShortcut = 50000;
+constexpr std::int32_t kFirstFolder = 100000;
+constexpr std::int32_t kFolderId = -1;
+
+Text CaptionOf(TextView title) {
+    return title.size() > kLongestCaption ? Text(title.substr(0, kLongestCaption)) + u"..." : Text(title);
+}
+
+} // namespace
+
+namespace Favorites {
+
+Text ReadAddress(const std::string& path) {
+    const IniFile file(ReadWholeFile(path, kMostBytes).value_or(std::string()));
+    return FromBytes(file.Value(kSection, kKey, "", kValueSize));
+}
+
+Listing List(TextView folder) {
+    Listing listing;
+    if (folder.empty()) return listing;
+    const std::string path = ToUtf8(folder) + "/";
+    for (const FolderEntry& entry : ListFolder(path)) {
+        const Text name = FromBytes(entry.Name);
+        if (entry.IsFolder)
+            listing.Folders.Add(name, Text(folder) + u"/" + name);
+        else if (EndsLike(entry.Name, ToUtf8(kEnding)))
+            listing.Shortcuts.Add(name, ReadAddress(path + entry.Name));
+    }
+    return listing;
+}
+
+TextView TitleOf(TextView fileName) { return fileName.substr(0, fileName.size() - kEnding.size()); }
+
+void Menu::ScanFolder(TextView folder, Band& band, BeginGroup& first) {
+    if (m_folders == 0) m_folders = kFirstFolder;
+    if (m_shortcuts == 0) m_shortcuts = kFirstShortcut;
+    const Listing listing = List(folder);
+    for (const CKeyValue& each : listing.Folders) AddFolder(band, each, first);
+    for (const CKeyValue& each : listing.Shortcuts) AddShortcut(band, each);
+}
+
+void Menu::AddFolder(Band& band, const CKeyValue& folder, BeginGroup& first) {
+    Tool* tool = band.Add(kFolderId, u"", std::exchange(first, BeginGroup::No));
+    tool->PlainCaption = true;
+    tool->Caption = folder.Key;
+    tool->Image = PictureOf(u"mnuFolderImage");
+    tool->Description = folder.Value;
+    tool->SubBand = Text(kBandPrefix) + folder.Value;
+    m_actBar.AddBand(tool->SubBand, folder.Key, BandKind::Popup);
+    // Deliberate: folders are counted, though they all carry the same id.
+    ++m_folders;
+}
+
+void Menu::AddShortcut(Band& band, const CKeyValue& shortcut) {
+    Tool* tool = band.Add(m_shortcuts, shortcut.Value);
+    tool->PlainCaption = true;
+    tool->Caption = CaptionOf(TitleOf(shortcut.Key));
+    tool->Description = shortcut.Value;
+    tool->Image = PictureOf(u"mnuLinkImage");
+    ++m_shortcuts;
+}
+
+Picture Menu::PictureOf(TextView holder) const {
+    const Tool* tool = m_actBar.Find(holder);
+    return tool ? tool->Image : Picture();
+}
+
+} // namespace Favorites
