@@ -116,3 +116,12 @@ Outcome WriteWholeFile(const std::string& path, std::string_view bytes) {
     ::unlink(temporary.c_str());
     return Outcome::Failed;
 }
+
+Outcome RemoveFile(const std::string& path) {
+    if (!FileExists(path)) return Outcome::Done;
+    struct stat facts {};
+    // A link that leads nowhere has nothing to protect.
+    const bool leadsSomewhere = ::stat(path.c_str(), &facts) == 0;
+    if (leadsSomewhere && !IsWritable(path)) return Outcome::Failed;
+    return ::unlink(path.c_str()) == 0 ? Outcome::Done : Outcome::Failed;
+}

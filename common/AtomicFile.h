@@ -21,3 +21,6 @@
 /// Replaces a file, or makes it: written beside it, flushed, renamed. Owner and mode stay, a link goes on pointing to
 /// it. Only where the folder takes no new file but the file itself may be written is it rewritten in place.
 Outcome WriteWholeFile(const std::string& path, std::string_view bytes);
+
+/// Removes a file, not one that is marked read-only for all. Done when there is none.
+Outcome RemoveFile(const std::string& path);

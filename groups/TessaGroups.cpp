@@ -2,12 +2,43 @@
 
 #include "common/AtomicFile.h"
 #include "common/IniFile.h"
+#include "common/TabStrip.h"
+
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
 constexpr std::string_view kSection = "TessaGroup";
 constexpr std::size_t kValueSize = 512;
 constexpr std::size_t kKeyListSize = 16384;
+constexpr TextView kOverwriteQuestion =
+    u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
+
+std::string KeyOf(std::size_t number) { return "url" + std::to_string(number); }
+
+std::string GroupBytes(const std::vector<TessaGroups::NumberedAddress>& addresses) {
+    std::string bytes = "[" + std::string(kSection) + "]\r\n";
+    for (const auto& [number, address] : addresses) bytes += KeyOf(number) + "=" + ToUtf8(address) + "\r\n";
+    return bytes;
+}
+
+// A folder of that name is nothing to overwrite; writing will fail.
+bool HasGroup(TextView path) {
+    const std::string file = ToUtf8(path);
+    std::error_code unknown;
+    return FileExists(file) && !std::filesystem::is_directory(file, unknown);
+}
+
+std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, ViewArray& Browser) {
+    std::vector<TessaGroups::NumberedAddress> addresses;
+    for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
+        const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
+        // A tab whose view is gone leaves its number out.
+        if (view) addresses.push_back({position, view->Control->LocationURL()});
+    }
+    return addresses;
+}
 
 } // namespace
 
@@ -29,6 +60,21 @@ CStrings Load(TextView path) {
         begin = end + 1;
     }
     return addresses;
+}
+
+Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses) {
+    const std::string file = ToUtf8(path);
+    return addresses.empty() ? RemoveFile(file) : WriteWholeFile(file, GroupBytes(addresses));
+}
+
+Outcome Append(TextView path, TextView address) {
+    const std::string key = KeyOf(Load(path).Count() + 1);
+    return WritePrivateProfileString(ToUtf8(path), kSection, key, ToUtf8(address)) ? Outcome::Done : Outcome::Failed;
+}
+
+Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages) {
+    if (HasGroup(path) && messages.AskYesNoCancel(kOverwriteQuestion) != Answer::Yes) return Saved::Declined;
+    return Write(path, OpenAddresses(pcPage, Browser)) == Outcome::Done ? Saved::Yes : Saved::Failed;
 }
 
 } // namespace TessaGroups

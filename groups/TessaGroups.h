@@ -1,7 +1,15 @@
 #pragma once
-#include "common/CStrings.h"
+#include "common/CKeyValues.h"
+#include "common/CommandBar.h"
+#include "common/platform/Dialogs.h"
+#include "tabs/ViewArray.h"
 
-/// TessaGroup files: INI text whose section "TessaGroup" names one address a key.
+#include <vector>
+
+class TabStrip;
+
+/// TessaGroup files: INI text whose section "TessaGroup" names one address a key. A group is known by the full path of
+/// its file; its name is the file's without ".tvg".
 namespace TessaGroups {
 
 /// The value of a key of an INI file, at most 511 bytes of it.
@@ -10,5 +18,33 @@ namespace TessaGroups {
 /// The addresses of a group file in the order of its keys, whatever the keys are; empty ones stay. Empty when the
 /// file or its section cannot be read. Keys beyond 16382 bytes of names are left out.
 [[nodiscard]] CStrings Load(TextView path);
+
+/// What an entry of a group file to be written is called: "url" and this number.
+struct NumberedAddress {
+    std::size_t number;
+    Text address;
+};
+
+/// Replaces the whole file by one with these addresses, as they stand. No addresses leave no file. A write that fails
+/// leaves the file as it was.
+Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses);
+
+/// Writes one address under "url" and the number behind the count of the group's addresses, deliberately the count
+/// and not the highest number: in a group with gaps it takes the place of another. A missing file is made.
+Outcome Append(TextView path, TextView address);
+
+enum class Saved { Yes, Declined, Failed };
+
+/// Saves the addresses of all tabs in the order of the strip as the group of that path. Asks before it replaces
+/// a group that exists.
+Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages);
+
+/// The groups of a folder (with the separator at the end) by name, with their full paths. Of a folder that cannot be
+/// read none; hidden files, and names that are not valid text, are left out.
+[[nodiscard]] CKeyValues List(TextView folder);
+
+/// Adds an entry for each group of the folder to a band, behind what it has: ids count on from `nextId`, which the
+/// caller keeps for the whole run and which is 0 before the first use; the description is the file's full path.
+void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId);
 
 } // namespace TessaGroups

@@ -1,0 +1,67 @@
+#include "common/Captions.h"
+#include "groups/TessaGroups.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <limits>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace {
+
+constexpr std::int32_t kFirstId = 150000;
+constexpr std::size_t kExtensionSize = 4;
+
+// The folder is asked with a pattern, and patterns do not tell upper from lower case.
+bool IsGroupName(std::string_view name) {
+    if (name.size() < kExtensionSize || name.front() == '.') return false;
+    const std::string_view extension = name.substr(name.size() - kExtensionSize);
+    return std::ranges::equal(extension, std::string_view(".tvg"), {},
+                              [](char each) { return each >= 'A' && each <= 'Z' ? each + ('a' - 'A') : each; });
+}
+
+std::vector<Text> GroupFiles(TextView folder) {
+    std::vector<Text> names;
+    std::error_code failed;
+    const std::filesystem::directory_iterator end;
+    for (std::filesystem::directory_iterator at(ToUtf8(folder), failed); !failed && at != end; at.increment(failed)) {
+        const std::string name = at->path().filename().string();
+        std::error_code unknown;
+        if (!IsGroupName(name) || !at->is_regular_file(unknown)) continue;
+        if (auto text = FromUtf8(name)) names.push_back(std::move(*text));
+    }
+    // Equal names keep the order in which they come, so that must be the same every time.
+    std::ranges::sort(names);
+    return names;
+}
+
+} // namespace
+
+namespace TessaGroups {
+
+CKeyValues List(TextView folder) {
+    CKeyValues groups;
+    for (const Text& file : GroupFiles(folder))
+        groups.Add(file.substr(0, file.size() - kExtensionSize), Text(folder) + file);
+    return groups;
+}
+
+void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId) {
+    constexpr TextView kMark = u"555-";
+    if (nextId == 0) nextId = kFirstId;
+    if (band.Caption().starts_with(kMark)) band.Caption = band.Caption().substr(kMark.size());
+    auto first = BeginGroup::Yes;
+    for (const auto& [name, path] : List(folder)) {
+        auto tool = std::make_shared<Tool>(nextId, u"zzx" + name, MenuCaption(name));
+        tool->Description = path;
+        tool->Image = TessaGroupsPicture;
+        band.Append(std::move(tool), std::exchange(first, BeginGroup::No));
+        // The numbers end here, and with them the list.
+        if (nextId == std::numeric_limits<std::int32_t>::max()) return;
+        ++nextId;
+    }
+}
+
+} // namespace TessaGroups

@@ -1,0 +1,23 @@
+#pragma once
+#include <csignal>
+#include <sys/resource.h>
+
+/// A disk that has no room while this object lives: no file can be made longer than a few bytes.
+class FullDisk {
+public:
+    FullDisk() : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit none{4, m_before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk() {
+        ::setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    void (*m_handler)(int);
+    rlimit m_before{};
+};

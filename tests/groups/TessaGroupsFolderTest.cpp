@@ -1,0 +1,133 @@
+#include "groups/TessaGroups.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <limits>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct GroupFolder : testing::Test, TemporaryFolder {
+    GroupFolder() : folder(PathText("")) {}
+    void Groups(const std::vector<std::string>& names) const {
+        for (const auto& name : names) Write(name, "");
+    }
+    [[nodiscard]] std::string Names() const {
+        std::string all;
+        for (const auto& group : TessaGroups::List(folder)) all += (all.empty() ? "" : " ") + ToUtf8(group.Key);
+        return all;
+    }
+    /// "ID NAME" of each entry, "|" before one that begins a group.
+    std::string Fill(Band& band) {
+        TessaGroups::FillBand(band, folder, {u"view-list-icons"}, nextId);
+        std::string all;
+        for (const auto& entry : band.Entries()) {
+            all += (all.empty() ? "" : " ") + std::string(entry.Group == BeginGroup::Yes ? "|" : "") +
+                   std::to_string(entry.Item->Id()) + " " + ToUtf8(entry.Item->Name());
+        }
+        band.Clear();
+        return all;
+    }
+    Text folder;
+    std::int32_t nextId = 0;
+    Band menu{u"bndTessaGroupsMenu", u"TessaGroups", BandKind::Menu};
+};
+
+TEST_F(GroupFolder, ListsUpperCaseBeforeLowerCase) {
+    Groups({"beta.tvg", "Alpha.tvg", "alpha.tvg"});
+    EXPECT_EQ(Names(), "Alpha alpha beta");
+}
+
+TEST_F(GroupFolder, TheValueIsTheFullPath) {
+    Groups({"News.tvg"});
+    const CKeyValues groups = TessaGroups::List(folder);
+    ASSERT_EQ(groups.Count(), 1u);
+    EXPECT_EQ(groups.begin()->Value, PathText("News.tvg"));
+}
+
+TEST_F(GroupFolder, OnlyGroupFilesAreListedWhateverTheCaseOfTheirExtension) {
+    Groups({"a.tvg", "b.TVG", "c.tvgx", "d.txt", "e.tvg.bak", "tvg", ".tvg", ".hidden.tvg"});
+    fs::create_directory(Path("folder.tvg"));
+    EXPECT_EQ(Names(), "a b");
+    EXPECT_EQ(std::next(TessaGroups::List(folder).begin())->Value, PathText("b.TVG"));
+}
+
+TEST_F(GroupFolder, EqualNamesAreListedBoth) {
+    Groups({"a.tvg", "a.TVG", "a.Tvg"});
+    const CKeyValues groups = TessaGroups::List(folder);
+    std::string files;
+    for (const auto& group : groups) files += ToUtf8(group.Value.substr(folder.size())) + " ";
+    EXPECT_EQ(files, "a.TVG a.Tvg a.tvg ");
+}
+
+TEST_F(GroupFolder, AMissingOrUnreadableFolderIsAnEmptyList) {
+    EXPECT_EQ(TessaGroups::List(u"/nowhere/at/all/").Count(), 0u);
+    EXPECT_EQ(TessaGroups::List(u"").Count(), 0u);
+    Write("file", "");
+    EXPECT_EQ(TessaGroups::List(PathText("file") + u"/").Count(), 0u);
+    EXPECT_EQ(TessaGroups::List(Text(u"a\0b/", 4)).Count(), 0u);
+    EXPECT_EQ(TessaGroups::List(Text(70'000, u'x')).Count(), 0u);
+}
+
+TEST_F(GroupFolder, LinksAreFollowedAndLoopsLeftOut) {
+    Groups({"real.tvg"});
+    fs::create_symlink(Path("real.tvg"), Path("link.tvg"));
+    fs::create_symlink(Path("loop.tvg"), Path("loop.tvg"));
+    fs::create_symlink(Path("gone"), Path("dead.tvg"));
+    fs::create_directory_symlink(Path(""), Path("around.tvg"));
+    EXPECT_EQ(Names(), "link real");
+}
+
+TEST_F(GroupFolder, NamesOfAllKindsAreListedThoseThatAreNoTextLeftOut) {
+    const std::string longest(251, 'n');
+    Groups({longest + ".tvg", "a\nb\x01.tvg", "..tvg.tvg", "b\xC3\xBC.tvg", "b\xFC.tvg", "\xE2\x80\xAE.x.tvg"});
+    std::vector<Text> names;
+    for (const auto& group : TessaGroups::List(folder)) names.push_back(group.Key);
+    EXPECT_EQ(names, (std::vector<Text>{u"a\nb\u0001", u"b\u00FC", FromBytes(longest), u"\u202E.x"}));
+}
+
+TEST_F(GroupFolder, TheMenuNumbersGoOnFromOneOpeningToTheNext) {
+    Groups({"b.tvg", "a.tvg", "c.tvg"});
+    EXPECT_EQ(Fill(menu), "|150000 zzxa 150001 zzxb 150002 zzxc");
+    EXPECT_EQ(Fill(menu), "|150003 zzxa 150004 zzxb 150005 zzxc");
+}
+
+TEST_F(GroupFolder, EntriesComeBehindWhatTheBandHas) {
+    Groups({"a.tvg"});
+    menu.Add(7, u"mnuSaveAsTessaGroup");
+    EXPECT_EQ(Fill(menu), "7 mnuSaveAsTessaGroup |150000 zzxa");
+}
+
+TEST_F(GroupFolder, AnEntryCarriesThePathThePictureAndTheNameToRead) {
+    Groups({"R&D\t2.tvg"});
+    TessaGroups::FillBand(menu, folder, {u"view-list-icons"}, nextId);
+    ASSERT_EQ(menu.Entries().size(), 1u);
+    const Tool& tool = *menu.Entries()[0].Item;
+    EXPECT_EQ(tool.Name(), u"zzxR&D\t2");
+    EXPECT_EQ(tool.Caption(), u"R&&D\uFFFD2");
+    EXPECT_EQ(tool.Description, PathText("R&D\t2.tvg"));
+    EXPECT_EQ(tool.Image, Picture{u"view-list-icons"});
+}
+
+TEST_F(GroupFolder, ThePrefixIsRemovedFromTheBandOnce) {
+    menu.Caption = u"555-555-TessaGroups";
+    Fill(menu);
+    EXPECT_EQ(menu.Caption(), u"555-TessaGroups");
+    menu.Caption = u"5555-TessaGroups";
+    Fill(menu);
+    EXPECT_EQ(menu.Caption(), u"5555-TessaGroups");
+}
+
+TEST_F(GroupFolder, TheListEndsWhereTheNumbersDo) {
+    Groups({"a.tvg", "b.tvg", "c.tvg"});
+    nextId = std::numeric_limits<std::int32_t>::max() - 1;
+    EXPECT_EQ(Fill(menu), "|2147483646 zzxa 2147483647 zzxb");
+    EXPECT_EQ(Fill(menu), "|2147483647 zzxa");
+}
+
+TEST_F(GroupFolder, AnEmptyFolderAddsNothing) { EXPECT_EQ(Fill(menu), ""); }
+
+} // namespace
