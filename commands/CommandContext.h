@@ -12,6 +12,7 @@ struct CommandHost {
     std::function<void()> ShowSettings;
     std::function<void()> ShowAbout;
     std::function<void()> ShowHelp;
+    std::function<void()> ShowSessions;
     std::function<void()> Customize;
     std::function<void()> Exit;
     std::function<void()> ResizeAddress;

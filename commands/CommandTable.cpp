@@ -99,6 +99,7 @@ const std::array kCommands{
     Command{u"mnuTabStop", Tabs::PopupStop},
     Command{u"mnuTabRefresh", Tabs::PopupRefresh},
     Command{u"mnuTabClose", Tabs::PopupClose},
+    FromHost<&CommandHost::ShowSessions>(u"xtrSessions"),
 };
 
 } // namespace

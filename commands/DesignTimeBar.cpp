@@ -39,6 +39,9 @@ constexpr std::array kBands{
     BandRow{u"bndFont", u"Font", BandKind::Menu, {}},
     BandRow{u"bndShopMenu", u"Shop", BandKind::Menu, {}},
     BandRow{u"bndFindLinks", u"Find", BandKind::Menu, {}},
+    // Additions of our own, beside the product's bands.
+    BandRow{u"bndMore", u"More", BandKind::Toolbar, At(2, 2)},
+    BandRow{u"bndMoreMenu", u"More", BandKind::Menu, {}},
 };
 
 /// A tool on a band.
@@ -162,6 +165,10 @@ constexpr std::array kEntries{
     EntryRow{u"bndFont", u"mnuFontMedium"},
     EntryRow{u"bndFont", u"mnuFontSmaller"},
     EntryRow{u"bndFont", u"mnuFontSmallest"},
+
+    EntryRow{u"bndMore", u"xtrMore"},
+
+    EntryRow{u"bndMoreMenu", u"xtrSessions"},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.
@@ -260,6 +267,9 @@ void Make(CommandBar& bar) {
     AddLabelAndBox(bar, id, u"Address", u"mnuAddress", u"A&ddress", u"cboAddress", u"The address of the page");
     AddLabelAndBox(bar, id, u"Search", u"mnuSearchLabel", u"Sea&rch " + Text(Endpoints::kSearchServiceName),
                    u"cboSearch", u"Words to search for");
+    AddTools(bar, OwnTools(), id);
+    // The button does nothing but open its menu.
+    bar.Find(u"xtrMore")->ClickWithSubBand = false;
     for (const TextView holder : {u"mnuLinkImage", u"mnuFolderImage", u"mnuTessaGroupsImage"})
         bar.Find(holder)->Visible = false;
     if (auto* address = bar.FindCombo(u"cboAddress")) address->Width = Pixels{520};

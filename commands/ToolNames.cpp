@@ -161,6 +161,12 @@ constexpr std::array kFind{
     Find(u"fndReference", u"&Reference", u"reference"), Find(u"fndStockQuotes", u"&Stock Quotes", u"stockquotes"),
 };
 
+constexpr std::array kOwnTools{
+    ToolRow{u"xtrMore", u"&More", u"More", u"Shows more commands", u"application-menu", u"bndMoreMenu"},
+    ToolRow{u"xtrSessions", u"Earlier &Sessions...", u"More", u"Opens pages of earlier sessions again", u"view-history",
+            u""},
+};
+
 constexpr std::int32_t kCtrl = Keys::kCtrl, kAlt = Keys::kAlt;
 constexpr std::array kShortcuts{
     Shortcut{u"mnuNewBlank", {'T', kCtrl}},
@@ -188,4 +194,5 @@ constexpr std::array kShortcuts{
 std::span<const ToolRow> DesignedTools() { return kDesigned; }
 std::span<const ToolRow> ShopLinks() { return kShop; }
 std::span<const ToolRow> FindLinks() { return kFind; }
+std::span<const ToolRow> OwnTools() { return kOwnTools; }
 std::span<const Shortcut> DesignedShortcuts() { return kShortcuts; }

@@ -18,5 +18,7 @@ struct ToolRow {
 /// The Shop and Find links, whose description is the keyword of the link.
 [[nodiscard]] std::span<const ToolRow> ShopLinks();
 [[nodiscard]] std::span<const ToolRow> FindLinks();
+/// Commands of our own beside the product's, which its bands never list. Their names begin with "xtr".
+[[nodiscard]] std::span<const ToolRow> OwnTools();
 /// The combinations of keys beside those that the main window handles itself.
 [[nodiscard]] std::span<const Shortcut> DesignedShortcuts();

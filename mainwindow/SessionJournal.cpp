@@ -59,16 +59,20 @@ void SessionJournal::Reopen(TextView Id) {
     const auto sessions = Earlier();
     const auto found = std::ranges::find(sessions, Id, [](const auto& each) { return TextView(each.first); });
     if (found == sessions.end()) return;
-    Text front;
-    for (std::size_t i = 0; i < found->second.Pages.size(); ++i) {
+    Open(found->second.Pages, found->second.Selected);
+    Settle(Id);
+}
+
+void SessionJournal::Open(const std::vector<SessionPage>& pages, std::size_t front) {
+    Text key;
+    for (std::size_t i = 0; i < pages.size(); ++i) {
         auto* view = m_tabs.GetNewBrowser(InFront::Yes);
         if (!view) continue;
-        ResumeNext(view->Navigate(found->second.Pages[i].Address));
+        ResumeNext(view->Navigate(pages[i].Address));
         const auto* tab = m_pcPage.SelectedItem();
-        if (tab && i + 1 == found->second.Selected) front = tab->Key();
+        if (tab && i + 1 == front) key = tab->Key();
     }
-    if (auto* tab = m_pcPage.Find(front)) m_pcPage.Select(tab);
-    Settle(Id);
+    if (auto* tab = m_pcPage.Find(key)) m_pcPage.Select(tab);
 }
 
 void SessionJournal::Settle(TextView Id) {

@@ -25,8 +25,10 @@ public:
     [[nodiscard]] std::optional<std::pair<Text, Session>> ToOffer() const;
     /// All sessions that are kept, newest first, by their ids.
     [[nodiscard]] std::vector<std::pair<Text, Session>> Earlier() const;
-    /// Opens all pages of a session in new tabs, the one that was in front in front.
+    /// Opens all pages of a session in new tabs, the one that was in front in front. The session is settled.
     void Reopen(TextView Id);
+    /// Opens pages in new tabs, the 1-based `front` in front; 0 means the last.
+    void Open(const std::vector<SessionPage>& pages, std::size_t front);
     /// The user need not be asked about this session again. It is still kept.
     void Settle(TextView Id);
     /// Forgets a session.

@@ -3,6 +3,7 @@
 #include "commands/DesignTimeBar.h"
 #include "mainwindow/MainLoad.h"
 #include "mainwindow/MainUnload.h"
+#include "mainwindow/frmSessions.h"
 #include "mainwindow/frmSplash.h"
 #include "settings/frmSettings.h"
 
@@ -45,6 +46,7 @@ void frmMain::WireParts() {
     Pages.ApplyLoadOptions = Platform.applyLoadOptions;
     Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
     Commands.host.ShowAbout = [this] { ShowAbout(); };
+    Commands.host.ShowSessions = [this] { ShowSessions(); };
     Commands.host.Exit = [this] { Platform.window.Close(); };
     m_dispatcher.DisableUnavailable();
 }
@@ -79,7 +81,19 @@ void frmMain::Form_Activate() {
 
 void frmMain::OfferSession() {
     const auto session = Platform.offerSession ? Sessions.ToOffer() : std::nullopt;
-    if (session) Platform.offerSession(session->first, session->second);
+    if (session) {
+        Platform.offerSession(session->first, session->second);
+    } else if (Platform.withdrawOffer) {
+        Platform.withdrawOffer();
+    }
+}
+
+void frmMain::ShowSessions() {
+    frmSessions form(Sessions, {Platform.files, Platform.messages, Platform.groupFolder, Platform.timeText});
+    if (Platform.showSessions) Platform.showSessions(form);
+    if (form.SavedGroup) Commands.groupsMenuStale = true;
+    // What was offered may have been reopened or forgotten in the list.
+    OfferSession();
 }
 
 void frmMain::Form_Resize() {

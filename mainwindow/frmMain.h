@@ -13,6 +13,7 @@
 #include <functional>
 
 class frmDefBrowser;
+class frmSessions;
 class frmSettings;
 class frmSplash;
 
@@ -41,6 +42,12 @@ struct MainWindowPlatform {
     CommandHost commands{};
     /// Offers to reopen the pages of a session that ended badly; the user answers later, or never.
     std::function<void(TextView id, const Session& session)> offerSession{};
+    /// Takes the offer back: there is nothing left to reopen.
+    std::function<void()> withdrawOffer{};
+    /// Shows the list of earlier sessions and returns when it is hidden.
+    std::function<void(frmSessions&)> showSessions{};
+    /// A time in seconds since 1970 as a person reads it.
+    std::function<Text(std::int64_t)> timeText{};
     /// Puts the stored load switches into effect for the engine.
     std::function<void()> applyLoadOptions{};
 };
@@ -93,6 +100,7 @@ private:
     void ShowSettingsDialog();
     void ShowAbout();
     void OfferSession();
+    void ShowSessions();
     void OpenCommandLine(BrowserView& view, TextView commandLine);
 
     Dispatcher m_dispatcher;

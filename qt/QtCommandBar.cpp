@@ -98,7 +98,8 @@ void QtCommandBar::AddTool(QToolBar& bar, const BandEntry& entry) {
         if (!tool.SubBand.empty()) action->setMenu(m_menus.For(tool.SubBand));
         bar.addAction(action);
         auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
-        if (button && tool.ClickWithSubBand) button->setPopupMode(QToolButton::MenuButtonPopup);
+        if (button && !tool.SubBand.empty())
+            button->setPopupMode(tool.ClickWithSubBand ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
     }
 }
 

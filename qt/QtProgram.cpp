@@ -17,6 +17,7 @@
 #include "qt/QtRequests.h"
 #include "qt/QtSessionFiles.h"
 #include "qt/QtSessionOffer.h"
+#include "qt/QtSessionsDialog.h"
 #include "qt/QtSettingsDialog.h"
 #include "qt/QtSettingsStorage.h"
 #include "qt/QtSignals.h"
@@ -82,6 +83,9 @@ struct QtProgram::Parts {
                 .groupFolder = FromQt(folders.GroupFolder()),
                 .commands = Operations(),
                 .offerSession = [this](TextView id, const Session& session) { OfferSession(id, session); },
+                .withdrawOffer = [this] { offer.Withdraw(); },
+                .showSessions = [this](frmSessions& form) { ShowModal(form, &window); },
+                .timeText = SessionTimeText,
                 .applyLoadOptions = [this] { ApplyLoadOptions(); }}),
           strip(main.pcPage),
           statusBar(main.sbStatus),
@@ -93,6 +97,7 @@ struct QtProgram::Parts {
     void OfferSession(TextView id, const Session& session) {
         offer.Reopen = [this, id = Text(id)] { main.Sessions.Reopen(id); };
         offer.Dismiss = [this, id = Text(id)] { main.Sessions.Settle(id); };
+        offer.ShowAll = [this] { main.Commands.host.ShowSessions(); };
         offer.Offer(session.Pages.size());
     }
 

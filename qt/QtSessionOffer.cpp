@@ -10,7 +10,7 @@ QtSessionOffer::QtSessionOffer(QWidget* parent) : QWidget(parent), m_text(new QL
     setBackgroundRole(QPalette::AlternateBase);
     m_text->setTextFormat(Qt::PlainText);
     auto* reopen = new QPushButton(QStringLiteral("&Reopen"), this);
-    auto* all = new QPushButton(QStringLiteral("&Earlier Sessions..."), this);
+    auto* all = new QPushButton(QStringLiteral("Show &All..."), this);
     auto* dismiss = new QPushButton(QStringLiteral("&Not Now"), this);
     reopen->setObjectName(QStringLiteral("cmdReopen"));
     all->setObjectName(QStringLiteral("cmdEarlier"));
@@ -32,6 +32,10 @@ void QtSessionOffer::Offer(std::size_t pages) {
                                : QStringLiteral("TessaView did not end properly. %1 pages were open.").arg(pages));
     show();
     if (Changed) Changed();
+}
+
+void QtSessionOffer::Withdraw() {
+    if (!isHidden()) Answer({});
 }
 
 void QtSessionOffer::Answer(const std::function<void()>& answer) {

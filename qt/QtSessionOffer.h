@@ -16,6 +16,9 @@ public:
     /// Shows the bar for a session with so many pages.
     void Offer(std::size_t pages);
 
+    /// Hides the bar: there is nothing left to reopen.
+    void Withdraw();
+
     std::function<void()> Reopen;
     std::function<void()> Dismiss;
     /// Opens the list of earlier sessions.

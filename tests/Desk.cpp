@@ -25,7 +25,12 @@ Desk::Desk(FakeSettings* shared)
                     if (inAbout) inAbout(form);
                 },
             .programPath = u"/programs/tessaview",
-            .groupFolder = u"/groups/"}),
+            .groupFolder = u"/groups/",
+            .showSessions =
+                [this](frmSessions& form) {
+                    if (inSessions) inSessions(form);
+                },
+            .timeText = [](std::int64_t time) { return u"at " + Decimal(time); }}),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] { main.Form_Unload(); };
 }

@@ -55,6 +55,7 @@ public:
     std::function<void(frmSettings&)> inSettings;     ///< what the user does in the settings dialog
     std::function<void(frmDefBrowser&)> inDefBrowser; ///< what the user answers to the question at the start
     std::function<void(frmSplash&)> inAbout;          ///< what the user does in the About box
+    std::function<void(frmSessions&)> inSessions;     ///< what the user does in the list of earlier sessions
     frmMain main;
 
 private:

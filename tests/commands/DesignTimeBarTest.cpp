@@ -239,7 +239,7 @@ TEST_F(DesignTimeBarTest, IdsAreGivenOnce) {
 TEST_F(DesignTimeBarTest, CategoriesAreThoseOfTheMenus) {
     const std::set<std::string> categories{"File",        "Edit", "View",    "Go",     "Favorites", "Popup",
                                            "Options",     "Help", "Mail",    "Font",   "Shop",      "Find",
-                                           "TessaGroups", "Menu", "Address", "Search", ""};
+                                           "TessaGroups", "Menu", "Address", "Search", "More",      ""};
     for (const auto& tool : bar.Tools()) EXPECT_TRUE(categories.contains(ToUtf8(tool->Category)));
     EXPECT_EQ(bar.Find(u"shpToys")->Category, u"Shop");
     EXPECT_EQ(bar.Find(u"mnuFile")->Category, u"Menu");
