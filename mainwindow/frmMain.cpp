@@ -15,6 +15,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       Groups(Tabs),
       StripInput(Tabs, pcPage, Browser, actBar),
       Pages(Tabs, actBar, Platform.settings),
+      Boxes(Tabs, actBar),
       Commands{Tabs,
                StripInput,
                actBar,
@@ -35,11 +36,6 @@ void frmMain::WireParts() {
     Tabs.Resize = [this] { Form_Resize(); };
     Tabs.CloseWindow = [this] { Platform.window.Close(); };
     actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
-    actBar.ComboKeyDown = [this](ComboTool& box, KeyStroke) {
-        auto* view = Tabs.CurrentView();
-        if (view) ResumeNext(view->Control->Navigate(Text(box.Value())));
-        return KeyUsed::Yes;
-    };
     actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? tool->Description : Text()); };
     pcPage.Touched = [this] { Sessions.Touch(); };
     Events.Navigated = [this] { Sessions.Touch(); };

@@ -1,4 +1,5 @@
 #pragma once
+#include "commands/AddressBoxes.h"
 #include "commands/Dispatcher.h"
 #include "common/platform/Application.h"
 #include "common/platform/DefaultBrowser.h"
@@ -70,6 +71,8 @@ public:
     BrowserView* GetNewBrowser(InFront inFront) { return Tabs.GetNewBrowser(inFront); }
     void OpenTessaGroup(TextView TessaGroup) { Groups.OpenTessaGroup(TessaGroup); }
     void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
+    /// The address box.
+    [[nodiscard]] ComboTool* AddressCombo() const { return Tabs.AddressCombo(); }
     void actBar_Click(const Tool& tool) { m_dispatcher.actBar_Click(tool); }
     /// Every key goes down here first; one that was used is no longer for the control that has the keyboard.
     KeyUsed Form_KeyDown(KeyStroke key) { return MainKeyboard::Form_KeyDown(*this, key); }
@@ -85,6 +88,7 @@ public:
     GroupCommands Groups;
     TabStripInput StripInput;
     PageOptions Pages;
+    AddressBoxes Boxes;
     CommandContext Commands;
     SessionJournal Sessions;
     bool RememberLastSites = true;

@@ -96,6 +96,50 @@ void Desk::TypeAddress(TextView text) {
     main.actBar.ComboKeyDown(box, {Keys::kEnter, 0});
 }
 
+void Desk::Type(TextView box, TextView text) {
+    auto& combo = *main.actBar.FindCombo(box);
+    for (const char16_t each : text) {
+        Text value = combo.Value();
+        const TextSelection selected = combo.Selection();
+        combo.Value = value.replace(selected.Start, selected.Length, 1, each);
+        combo.Selection = TextSelection{selected.Start + 1, 0};
+        main.actBar.TextChange(combo);
+    }
+}
+
+void Desk::Backspace(TextView box) {
+    auto& combo = *main.actBar.FindCombo(box);
+    TextSelection selected = combo.Selection();
+    if (selected.Length == 0) selected = {selected.Start - 1, 1};
+    Text value = combo.Value();
+    combo.Value = value.erase(selected.Start, selected.Length);
+    combo.Selection = TextSelection{selected.Start, 0};
+    main.actBar.TextChange(combo);
+}
+
+KeyUsed Desk::Press(TextView box, KeyStroke key) { return main.actBar.ComboKeyDown(*main.actBar.FindCombo(box), key); }
+
+void Desk::Choose(TextView box, std::size_t index) {
+    auto& combo = *main.actBar.FindCombo(box);
+    const Text item = combo.List().at(index);
+    combo.Value = item;
+    main.actBar.SelChange(combo);
+}
+
+std::string Desk::Box(TextView box) const {
+    const auto& combo = *main.actBar.FindCombo(box);
+    const Text& value = combo.Value();
+    const auto [start, length] = combo.Selection();
+    if (length == 0) return ToUtf8(value);
+    return ToUtf8(value.substr(0, start) + u"[" + value.substr(start, length) + u"]" + value.substr(start + length));
+}
+
+std::string Desk::List(TextView box) const {
+    std::string all;
+    for (const Text& item : main.actBar.FindCombo(box)->List()) all += "[" + ToUtf8(item) + "]";
+    return all;
+}
+
 void Desk::PageLoads(int index, TextView address, TextView title) {
     auto& view = views.At(index);
     auto& events = view.events;

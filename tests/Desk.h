@@ -34,6 +34,16 @@ public:
     void ClickTab(std::size_t position);
     void Click(TextView tool);
     void TypeAddress(TextView text);
+    /// Types into a box over what is selected, key by key.
+    void Type(TextView box, TextView text);
+    void Backspace(TextView box);
+    KeyUsed Press(TextView box, KeyStroke key);
+    /// Chooses an item of a box's list, counted from 0.
+    void Choose(TextView box, std::size_t index);
+    /// A box's text, what is selected of it in brackets: "ne[ws.example]".
+    [[nodiscard]] std::string Box(TextView box) const;
+    /// The items of a box's list in brackets.
+    [[nodiscard]] std::string List(TextView box) const;
     /// A view's page goes through a whole navigation of its own.
     void PageLoads(int index, TextView address, TextView title);
 

@@ -1,0 +1,16 @@
+#pragma once
+#include "common/Tool.h"
+
+/// What the address box and the search box know of texts entered before: their list, newest first.
+namespace CabCombo {
+
+/// Completes what the user has typed from the box's list and selects what it added, so that typing on replaces it.
+/// Called after every change of the text. `PrevText` is the text before the caret as the last call left it; nothing is
+/// completed while that does not grow.
+void AutoComplete(Text& PrevText, ComboTool& Combo);
+
+/// Puts an entry at the top of the list and lets the oldest one go when there are more than `MaxItems`. Does nothing
+/// without a box.
+void AddFindEntry(TextView Entry, ComboTool* Tool, std::int32_t MaxItems);
+
+} // namespace CabCombo

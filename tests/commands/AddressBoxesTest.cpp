@@ -1,0 +1,200 @@
+#include "tests/Desk.h"
+
+namespace {
+
+constexpr TextView kAddress = u"cboAddress", kSearch = u"cboSearch";
+constexpr KeyStroke kEnter{Keys::kEnter, 0}, kCtrlEnter{Keys::kEnter, Keys::kCtrl}, kEscape{Keys::kEscape, 0};
+
+class AddressBoxesTest : public testing::Test {
+protected:
+    Desk m_desk;
+
+    void SetUp() override {
+        m_desk.Start();
+        m_desk.views.Calls(1);
+    }
+
+    void Enter(TextView text, KeyStroke key = kEnter) {
+        m_desk.main.AddressCombo()->Value = Text(text);
+        EXPECT_EQ(m_desk.Press(kAddress, key), KeyUsed::Yes);
+    }
+
+    void Search(TextView words) {
+        m_desk.main.actBar.FindCombo(kSearch)->Value = Text(words);
+        EXPECT_EQ(m_desk.Press(kSearch, kEnter), KeyUsed::Yes);
+    }
+};
+
+TEST_F(AddressBoxesTest, EnterGoesToTheTextAsTypedAndKeepsIt) {
+    Enter(u"news.example");
+    EXPECT_EQ(m_desk.views.Calls(1), "go news.example");
+    EXPECT_EQ(m_desk.List(kAddress), "[news.example]");
+    Enter(u"other.example");
+    EXPECT_EQ(m_desk.List(kAddress), "[other.example][news.example]");
+    EXPECT_EQ(m_desk.Strip(), "[1*]");
+}
+
+TEST_F(AddressBoxesTest, EnteringAKnownAddressMovesItToTheTop) {
+    for (const TextView each : {u"a", u"b", u"a"}) Enter(each);
+    EXPECT_EQ(m_desk.List(kAddress), "[a][b]");
+}
+
+TEST_F(AddressBoxesTest, TheTwentySixthAddressPushesTheOldestOut) {
+    for (int i = 1; i <= 26; ++i) Enter(Decimal(i));
+    EXPECT_EQ(m_desk.main.AddressCombo()->ListCount(), 25U);
+    EXPECT_EQ(m_desk.main.AddressCombo()->List().back(), u"2");
+}
+
+TEST_F(AddressBoxesTest, CtrlEnterMakesAnAddressOfAWord) {
+    Enter(u"word", kCtrlEnter);
+    EXPECT_EQ(m_desk.views.Calls(1), "go http://www.word.com");
+    EXPECT_EQ(m_desk.List(kAddress), "[http://www.word.com]");
+}
+
+TEST_F(AddressBoxesTest, CtrlEnterOnATextWithADotAddsThePrefixAlone_Deliberate) {
+    Enter(u"name.org", kCtrlEnter);
+    Enter(u"http://name.org/", kCtrlEnter);
+    EXPECT_EQ(m_desk.views.Calls(1), "go http://www.name.org, go http://www.http://name.org/");
+    EXPECT_EQ(m_desk.Box(kAddress), "http://www.http://name.org/");
+}
+
+TEST_F(AddressBoxesTest, OtherModifiersAreNoCtrl) {
+    Enter(u"word", {Keys::kEnter, Keys::kShift | Keys::kAlt});
+    EXPECT_EQ(m_desk.views.Calls(1), "go word");
+}
+
+TEST_F(AddressBoxesTest, OneEnterAddsOneEntry) {
+    m_desk.main.Boxes.AddAddressEntry(u"early");
+    EXPECT_EQ(m_desk.List(kAddress), "") << "Enter was not pressed yet";
+    Enter(u"a");
+    m_desk.main.Boxes.AddAddressEntry(u"late");
+    EXPECT_EQ(m_desk.List(kAddress), "[a]");
+}
+
+TEST_F(AddressBoxesTest, CtrlWithAnyOtherKeyLeavesAnEntryPending_Deliberate) {
+    EXPECT_EQ(m_desk.Press(kAddress, {'C', Keys::kCtrl}), KeyUsed::No);
+    m_desk.main.Boxes.AddAddressEntry(u"pending");
+    EXPECT_EQ(m_desk.List(kAddress), "[pending]");
+    m_desk.Press(kAddress, {'C', Keys::kCtrl});
+    Enter(u"plain");
+    EXPECT_EQ(m_desk.List(kAddress), "[plain][pending]");
+}
+
+TEST_F(AddressBoxesTest, OtherKeysAreForTheBoxItself) {
+    EXPECT_EQ(m_desk.Press(kAddress, {'A', 0}), KeyUsed::No);
+    EXPECT_EQ(m_desk.Press(kSearch, {'A', Keys::kCtrl}), KeyUsed::No);
+    EXPECT_EQ(m_desk.Press(kSearch, kEscape), KeyUsed::No);
+    m_desk.main.Boxes.AddSearchEntry(u"early");
+    EXPECT_EQ(m_desk.List(kSearch), "");
+    EXPECT_EQ(m_desk.views.Calls(1), "");
+}
+
+TEST_F(AddressBoxesTest, ASearchOpensATabInFrontWithTheWordsAsTheyAre) {
+    Search(u"cats & dogs #1 100% a+b Ж");
+    EXPECT_EQ(m_desk.Strip(), "1 [2*]");
+    EXPECT_EQ(m_desk.views.Calls(2),
+              "go about:blank, "
+              "go https://search.tessaview.example/d/search/p/tessaview/?Keywords=cats & dogs #1 100% a+b Ж");
+    EXPECT_EQ(m_desk.List(kSearch), "[cats & dogs #1 100% a+b Ж]");
+    EXPECT_EQ(m_desk.List(kAddress), "");
+}
+
+TEST_F(AddressBoxesTest, CtrlEnterSearchesForTheWordsAsTheyAre) {
+    m_desk.main.actBar.FindCombo(kSearch)->Value = u"word";
+    m_desk.Press(kSearch, kCtrlEnter);
+    EXPECT_EQ(m_desk.List(kSearch), "[word]");
+    EXPECT_EQ(m_desk.Strip(), "1 [2*]");
+}
+
+TEST_F(AddressBoxesTest, TheSearchHistoryHoldsTwentyFive) {
+    for (int i = 1; i <= 26; ++i) Search(Decimal(i));
+    EXPECT_EQ(m_desk.main.actBar.FindCombo(kSearch)->ListCount(), 25U);
+    EXPECT_EQ(m_desk.main.actBar.FindCombo(kSearch)->List().front(), u"26");
+}
+
+TEST_F(AddressBoxesTest, AChoiceFromTheListGoesThereAndAddsNothing) {
+    Enter(u"a");
+    Enter(u"b");
+    Search(u"words");
+    m_desk.ClickTab(1);
+    m_desk.views.Calls(1);
+    m_desk.Choose(kAddress, 1);
+    EXPECT_EQ(m_desk.views.Calls(1), "go a");
+    EXPECT_EQ(m_desk.List(kAddress), "[b][a]");
+    m_desk.Choose(kSearch, 0);
+    EXPECT_EQ(m_desk.Strip(), "1 [3*] 2");
+    EXPECT_EQ(m_desk.views.Calls(3),
+              "go about:blank, go https://search.tessaview.example/d/search/p/tessaview/?Keywords=words");
+    EXPECT_EQ(m_desk.List(kSearch), "[words]");
+}
+
+TEST_F(AddressBoxesTest, BothBoxesCompleteFromTheirOwnLists) {
+    m_desk.main.AddressCombo()->List = {u"news.example"};
+    m_desk.main.actBar.FindCombo(kSearch)->List = {u"newspapers"};
+    m_desk.main.AddressCombo()->Value = Text();
+    m_desk.Type(kAddress, u"ne");
+    EXPECT_EQ(m_desk.Box(kAddress), "ne[ws.example]");
+    m_desk.Type(kSearch, u"news");
+    EXPECT_EQ(m_desk.Box(kSearch), "news[papers]");
+    m_desk.Type(kAddress, u"w");
+    EXPECT_EQ(m_desk.Box(kAddress), "new[s.example]");
+}
+
+TEST_F(AddressBoxesTest, BackspaceTakesTheCompletionAwayAndOffersNone) {
+    m_desk.main.AddressCombo()->List = {u"news.example"};
+    m_desk.main.AddressCombo()->Value = Text();
+    m_desk.Type(kAddress, u"ne");
+    m_desk.Backspace(kAddress);
+    EXPECT_EQ(m_desk.Box(kAddress), "ne");
+    m_desk.Backspace(kAddress);
+    EXPECT_EQ(m_desk.Box(kAddress), "n");
+    m_desk.Type(kAddress, u"e");
+    EXPECT_EQ(m_desk.Box(kAddress), "ne[ws.example]");
+}
+
+TEST_F(AddressBoxesTest, EscapeBringsThePagesAddressBackSelected) {
+    m_desk.PageLoads(1, u"http://a/", u"A");
+    m_desk.main.AddressCombo()->Value = u"something else";
+    EXPECT_EQ(m_desk.Press(kAddress, kEscape), KeyUsed::Yes);
+    EXPECT_EQ(m_desk.Box(kAddress), "[http://a/]");
+    EXPECT_EQ(m_desk.views.Calls(1), "");
+}
+
+TEST_F(AddressBoxesTest, WithoutACurrentPageEnterOnlyUpdatesTheHistory) {
+    m_desk.main.pcPage.Remove(m_desk.main.pcPage.FindAt(1));
+    Enter(u"a");
+    EXPECT_EQ(m_desk.List(kAddress), "[a]");
+    m_desk.Press(kAddress, kEscape);
+    EXPECT_EQ(m_desk.Address(), "a");
+}
+
+TEST_F(AddressBoxesTest, TheClearCommandsEmptyTheirOwnLists) {
+    Enter(u"a");
+    Search(u"words");
+    m_desk.Click(u"mnuClearAddresses");
+    EXPECT_EQ(m_desk.List(kAddress) + m_desk.List(kSearch), "[words]");
+    Enter(u"b");
+    m_desk.Click(u"mnuClearSearches");
+    EXPECT_EQ(m_desk.List(kAddress) + m_desk.List(kSearch), "[b]");
+}
+
+TEST_F(AddressBoxesTest, KeysGiveTheBoxesTheKeyboard) {
+    std::string focused;
+    m_desk.main.actBar.Attach(
+        {.BandsChanged = {},
+         .Popup = {},
+         .FocusTool = [&](Band& band, Tool& tool) { focused += ToUtf8(band.Name() + u"." + tool.Name()) + " "; },
+         .RecalcLayout = {}});
+    for (const KeyStroke key : {KeyStroke{'D', Keys::kAlt}, {'R', Keys::kAlt}, {'L', Keys::kCtrl}, {'K', Keys::kCtrl}})
+        m_desk.main.Form_KeyDown(key);
+    EXPECT_EQ(focused, "bndAddress.cboAddress bndSearch.cboSearch bndAddress.cboAddress bndSearch.cboSearch ");
+}
+
+TEST_F(AddressBoxesTest, ThePointerOverABoxShowsItsHelp) {
+    m_desk.main.actBar.MouseOver(m_desk.main.AddressCombo());
+    EXPECT_EQ(m_desk.Status(), "The address of the page");
+    m_desk.main.actBar.MouseOver(nullptr);
+    EXPECT_EQ(m_desk.Status(), "");
+}
+
+} // namespace
