@@ -24,6 +24,20 @@ void AskDefaultBrowser(MainWindowPlatform& platform) {
     if (platform.showDefBrowser) platform.showDefBrowser(form);
 }
 
+enum class EmptyEntries : bool { LeftOut, Kept };
+
+void RestoreHistory(ComboTool* box, std::vector<Text> history, EmptyEntries empty) {
+    // Deliberate: a history that was stored with a single entry is not restored.
+    if (!box || history.size() < 2) return;
+    if (empty == EmptyEntries::LeftOut) std::erase(history, Text());
+    box->List = std::move(history);
+}
+
+void RestoreHistories(frmMain& main, const SettingsStore& store) {
+    RestoreHistory(main.AddressCombo(), store.AddressHistory.Get(), EmptyEntries::Kept);
+    RestoreHistory(main.SearchCombo(), store.SearchHistory.Get(), EmptyEntries::LeftOut);
+}
+
 void CopyLiveSettings(frmMain& main, const SettingsStore& store) {
     main.Tabs.OpenNewInFront = store.OpenNewInFront.Get();
     main.Tabs.TitleLengthLimit = store.TitleLengthLimit.Get();
@@ -72,6 +86,7 @@ void Prepare(frmMain& main) {
     if (ask) AskDefaultBrowser(main.Platform);
     const SettingsStore store(main.Platform.settings);
     main.RememberLastSites = store.RememberLastSites.Get();
+    RestoreHistories(main, store);
     main.Tabs.ShowStatusBar(store.ShowStatusBar.Get());
     for (const TextView name : kDisabledAtStart) {
         if (auto* tool = main.actBar.Find(name)) tool->Enabled = false;

@@ -15,6 +15,8 @@ std::vector<Text> OpenAddresses(frmMain& main) {
     return sites;
 }
 
+std::vector<Text> History(const ComboTool* box) { return box ? box->List() : std::vector<Text>(); }
+
 void SavePlacement(SettingsStore& store, const MainWindow& window) {
     ResumeNext(store.WindowMaximized.Set(window.State() == WindowState::Maximized));
     if (window.State() == WindowState::Minimized) return;
@@ -30,7 +32,9 @@ void SavePlacement(SettingsStore& store, const MainWindow& window) {
 namespace MainUnload {
 
 void Save(frmMain& main) {
+    const std::vector<Text> searches = History(main.SearchCombo());
     const std::vector<Text> sites = OpenAddresses(main);
+    const std::vector<Text> addresses = History(main.AddressCombo());
     SettingsStore store(main.Platform.settings);
     SavePlacement(store, main.Platform.window);
     ResumeNext(store.OpenNewInFront.Set(main.Tabs.OpenNewInFront));
@@ -38,6 +42,8 @@ void Save(frmMain& main) {
     ResumeNext(store.RememberLastSites.Set(main.RememberLastSites));
     ResumeNext(store.TabsUp.Set(main.pcPage.Placement() == TabPlacement::Top));
     ResumeNext(store.LastSites.Set(sites));
+    ResumeNext(store.SearchHistory.Set(searches));
+    ResumeNext(store.AddressHistory.Set(addresses));
     ResumeNext(store.ShowStatusBar.Set(main.sbStatus.Visible()));
 }
 

@@ -71,8 +71,9 @@ public:
     BrowserView* GetNewBrowser(InFront inFront) { return Tabs.GetNewBrowser(inFront); }
     void OpenTessaGroup(TextView TessaGroup) { Groups.OpenTessaGroup(TessaGroup); }
     void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
-    /// The address box.
+    /// The address box and the search box.
     [[nodiscard]] ComboTool* AddressCombo() const { return Tabs.AddressCombo(); }
+    [[nodiscard]] ComboTool* SearchCombo() const { return actBar.FindCombo(u"cboSearch"); }
     void actBar_Click(const Tool& tool) { m_dispatcher.actBar_Click(tool); }
     /// Every key goes down here first; one that was used is no longer for the control that has the keyboard.
     KeyUsed Form_KeyDown(KeyStroke key) { return MainKeyboard::Form_KeyDown(*this, key); }

@@ -110,6 +110,30 @@ TEST(MainLoad, NothingIsReopenedWhenTheUserDoesNotWantItOrNamedAnAddress) {
     }
 }
 
+TEST(MainLoad, TheHistoriesComeBackInTheirOrder) {
+    Desk desk;
+    desk.settings.PutList(u"AddressHistory", {u"http://one/", u"", u"http://two/"});
+    desk.settings.PutList(u"SearchHistory", {u"cats", u"", u"dogs & birds"});
+    desk.Start();
+    EXPECT_EQ(desk.List(u"cboAddress"), "[http://one/][][http://two/]");
+    EXPECT_EQ(desk.List(u"cboSearch"), "[cats][dogs & birds]") << "empty searches are left out";
+}
+
+TEST(MainLoad, AHistoryOfOneEntryIsNotShown_Deliberate) {
+    Desk desk;
+    desk.settings.PutList(u"AddressHistory", {u"http://one/"});
+    desk.settings.PutList(u"SearchHistory", {u"cats"});
+    desk.Start();
+    EXPECT_EQ(desk.List(u"cboAddress") + desk.List(u"cboSearch"), "");
+}
+
+TEST(MainLoad, WhatWasStoredDecidesWhetherAHistoryIsShown) {
+    Desk desk;
+    desk.settings.PutList(u"SearchHistory", {u"", u"cats"});
+    desk.Start();
+    EXPECT_EQ(desk.List(u"cboSearch"), "[cats]");
+}
+
 TEST(MainLoad, TheSettingsDialogComesIntoEffectAtOnce) {
     Desk desk;
     desk.Start();

@@ -47,6 +47,44 @@ TEST(MainUnload, AValueThatCannotBeWrittenIsSkipped) {
     EXPECT_EQ(desk.settings.Stored(u"ShowStatusBar"), u"true");
 }
 
+TEST(MainUnload, SavesTheHistoriesForTheNextRun) {
+    FakeSettings settings;
+    {
+        Desk desk(&settings);
+        desk.Start();
+        for (const TextView each : {u"one", u"two"}) desk.TypeAddress(each);
+        desk.main.SearchCombo()->List = {u"cats & dogs"};
+        desk.main.Form_Unload();
+    }
+    EXPECT_EQ(settings.StoredList(u"AddressHistory"), u"[two][one]");
+    EXPECT_EQ(settings.StoredList(u"SearchHistory"), u"[cats & dogs]");
+    Desk next(&settings);
+    next.Start();
+    EXPECT_EQ(next.List(u"cboAddress"), "[two][one]");
+    EXPECT_EQ(next.List(u"cboSearch"), "") << "a single entry is not restored";
+}
+
+TEST(MainUnload, AClearedHistoryStaysCleared) {
+    Desk desk;
+    desk.settings.PutList(u"AddressHistory", {u"one", u"two"});
+    desk.Start();
+    desk.Click(u"mnuClearAddresses");
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.StoredList(u"AddressHistory"), u"");
+}
+
+TEST(MainUnload, SavesEverythingInItsOrder) {
+    Desk desk;
+    desk.Start();
+    desk.settings.written.clear();
+    desk.main.Form_Unload();
+    const std::vector<Text> order{u"WindowMaximized", u"WindowTop",      u"WindowLeft",       u"WindowWidth",
+                                  u"WindowHeight",    u"OpenNewInFront", u"TitleLengthLimit", u"RememberLastSites",
+                                  u"TabsUp",          u"LastSites",      u"SearchHistory",    u"AddressHistory",
+                                  u"ShowStatusBar"};
+    EXPECT_EQ(desk.settings.written, order);
+}
+
 TEST(MainUnload, RunsOnceAndEndsTheViews) {
     Desk desk;
     desk.StartWithTabs(3);
