@@ -1,6 +1,6 @@
 #include "qt/QtSettingsStorage.h"
 
-#include "qt/QtSettingsLock.h"
+#include "qt/QtFileLock.h"
 #include "qt/QtText.h"
 
 #include <QDir>
@@ -86,7 +86,7 @@ QtSettingsStorage::QtSettingsStorage(QString folder)
 std::unique_ptr<SettingsStorage> QtSettingsStorage::Open() {
     Loaded loaded = Load();
     if (loaded.trouble != Trouble::None) {
-        const QtSettingsLock lock(m_file + QStringLiteral(".lock"));
+        const QtFileLock lock(m_file + QStringLiteral(".lock"));
         // Another process may have put the file aside by now.
         loaded.values = LoadSound().value_or(SettingsValues());
     }
@@ -146,7 +146,7 @@ bool QtSettingsStorage::HasRoomFor(const SettingsValues& values) const {
 }
 
 bool QtSettingsStorage::Save(const SettingsValues& changes) {
-    const QtSettingsLock lock(m_file + QStringLiteral(".lock"));
+    const QtFileLock lock(m_file + QStringLiteral(".lock"));
     if (!lock.Held()) return false;
     auto values = LoadSound();
     if (!values) return false;

@@ -3,13 +3,13 @@
 
 /// A lock that all processes share, held from construction to destruction. The system gives it back when its process
 /// dies, so a killed program holds up nobody.
-class QtSettingsLock {
+class QtFileLock {
 public:
     /// Waits for other holders, ten seconds at most. The lock file is made when missing and stays.
-    explicit QtSettingsLock(const QString& lockFile);
-    ~QtSettingsLock();
-    QtSettingsLock(const QtSettingsLock&) = delete;
-    QtSettingsLock& operator=(const QtSettingsLock&) = delete;
+    explicit QtFileLock(const QString& lockFile);
+    ~QtFileLock();
+    QtFileLock(const QtFileLock&) = delete;
+    QtFileLock& operator=(const QtFileLock&) = delete;
 
     [[nodiscard]] bool Held() const { return m_held; }
 

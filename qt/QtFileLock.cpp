@@ -1,4 +1,4 @@
-#include "qt/QtSettingsLock.h"
+#include "qt/QtFileLock.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -14,7 +14,7 @@ constexpr int kPatienceMs = 10000;
 constexpr unsigned long kPauseMs = 2;
 } // namespace
 
-QtSettingsLock::QtSettingsLock(const QString& lockFile) {
+QtFileLock::QtFileLock(const QString& lockFile) {
     m_descriptor = ::open(QFile::encodeName(lockFile).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (m_descriptor < 0) return;
     const QDeadlineTimer patience(kPatienceMs);
@@ -25,6 +25,6 @@ QtSettingsLock::QtSettingsLock(const QString& lockFile) {
     }
 }
 
-QtSettingsLock::~QtSettingsLock() {
+QtFileLock::~QtFileLock() {
     if (m_descriptor >= 0) ::close(m_descriptor);
 }
