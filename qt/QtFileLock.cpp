@@ -10,17 +10,16 @@
 #include <unistd.h>
 
 namespace {
-constexpr int kPatienceMs = 10000;
 constexpr unsigned long kPauseMs = 2;
 } // namespace
 
-QtFileLock::QtFileLock(const QString& lockFile) {
+QtFileLock::QtFileLock(const QString& lockFile, int patience) {
     m_descriptor = ::open(QFile::encodeName(lockFile).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (m_descriptor < 0) return;
-    const QDeadlineTimer patience(kPatienceMs);
+    const QDeadlineTimer deadline(patience);
     while (!(m_held = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0)) {
         const bool taken = errno == EWOULDBLOCK || errno == EINTR;
-        if (!taken || patience.hasExpired()) return;
+        if (!taken || deadline.hasExpired()) return;
         QThread::msleep(kPauseMs);
     }
 }

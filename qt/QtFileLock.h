@@ -5,8 +5,8 @@
 /// dies, so a killed program holds up nobody.
 class QtFileLock {
 public:
-    /// Waits for other holders, ten seconds at most. The lock file is made when missing and stays.
-    explicit QtFileLock(const QString& lockFile);
+    /// Waits for other holders, so many milliseconds at most. The lock file is made when missing and stays.
+    explicit QtFileLock(const QString& lockFile, int patience = 10000);
     ~QtFileLock();
     QtFileLock(const QtFileLock&) = delete;
     QtFileLock& operator=(const QtFileLock&) = delete;

@@ -1,45 +1,48 @@
 #include "qt/QtInstanceChannel.h"
 
+#include "qt/QtFileLock.h"
 #include "qt/QtText.h"
 
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QLocalSocket>
+#include <QPointer>
+#include <QTimer>
 
 #include <cstdio>
-#include <fcntl.h>
-#include <sys/file.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr qint64 kLongestLine = 4096;
 constexpr int kConnectPatience = 200; // a living instance's socket takes a connection at once, even when it hangs
+constexpr auto kForeground = "foreground", kMessage = "message", kDone = "done\n";
 
-QString RuntimeFolder(const QString& stateFolder) {
-    const QString set = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QFileInfo folder(set);
-    return !set.isEmpty() && folder.isDir() && folder.ownerId() == ::geteuid() ? set : stateFolder;
+QString SocketName(const QString& prefix, qint64 process) {
+    return prefix + QString::number(process) + QStringLiteral(".socket");
 }
 
-// Held while a start looks for instances and becomes one, so that two starts at one moment do not both become one.
-class StartLock {
-public:
-    explicit StartLock(const QString& path)
-        : m_file(::open(QFile::encodeName(path).constData(), O_CREAT | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
-        if (m_file >= 0) ::flock(m_file, LOCK_EX);
-    }
-    ~StartLock() {
-        if (m_file >= 0) ::close(m_file);
-    }
-    StartLock(const StartLock&) = delete;
-    StartLock& operator=(const StartLock&) = delete;
+// The system's word on who is at the other end, which nobody can forge.
+bool IsOurUser(const QLocalSocket& socket) {
+    ucred peer{};
+    socklen_t size = sizeof peer;
+    const auto descriptor = static_cast<int>(socket.socketDescriptor());
+    return ::getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == ::geteuid();
+}
 
-private:
-    int m_file;
-};
+enum class Found { Instance, Remains, Foreign };
+
+Found Look(const QString& path) {
+    QLocalSocket probe;
+    probe.connectToServer(path);
+    if (probe.waitForConnected(kConnectPatience)) return IsOurUser(probe) ? Found::Instance : Found::Foreign;
+    // It lives, but so many wait for it already that no more are let in.
+    if (probe.state() == QLocalSocket::ConnectingState) return Found::Instance;
+    return probe.error() == QLocalSocket::ConnectionRefusedError ? Found::Remains : Found::Foreign;
+}
 
 } // namespace
 
@@ -52,15 +55,18 @@ QtInstanceChannel::QtInstanceChannel(QString stateFolder, int patience)
 QtInstanceChannel::~QtInstanceChannel() = default;
 
 Outcome QtInstanceChannel::RegisterMessage(TextView name) {
-    const QByteArray state = QFile::encodeName(QFileInfo(m_stateFolder).canonicalFilePath());
-    const auto hash = QCryptographicHash::hash(state, QCryptographicHash::Sha1).toHex().left(16);
-    m_folder = RuntimeFolder(m_stateFolder);
+    const QFileInfo folder(m_stateFolder);
+    // A folder that could not be made has no canonical path.
+    const QString state = folder.exists() ? folder.canonicalFilePath() : folder.absoluteFilePath();
+    const auto hash = QCryptographicHash::hash(QFile::encodeName(state), QCryptographicHash::Sha1).toHex().left(16);
     m_prefix = ToQt(name) + u'-' + QString::fromLatin1(hash) + u'-';
-    return QFileInfo(m_folder).isWritable() ? Outcome::Done : Outcome::Failed;
+    m_folder.Open(m_stateFolder, SocketName(m_prefix, INT_MAX).size());
+    return m_folder.IsWritable() ? Outcome::Done : Outcome::Failed;
 }
 
 bool QtInstanceChannel::PreviousInstance(Instances allowed) {
-    const StartLock lock(m_folder + u'/' + m_prefix + QStringLiteral("lock"));
+    // Held while a start looks for instances and becomes one, so that two starts at one moment do not both become one.
+    const QtFileLock lock(m_folder.PathOf(m_prefix + QStringLiteral("lock")), m_patience);
     m_running = FindRunning();
     if (m_running.isEmpty() || allowed == Instances::Several) Listen();
     return !m_running.isEmpty();
@@ -68,64 +74,90 @@ bool QtInstanceChannel::PreviousInstance(Instances allowed) {
 
 QString QtInstanceChannel::FindRunning() const {
     // The oldest first, so that every sender finds the same one.
-    const auto sockets = QDir(m_folder).entryInfoList({m_prefix + QStringLiteral("*.socket")},
-                                                      QDir::System | QDir::Files, QDir::Time | QDir::Reversed);
+    const auto sockets = QDir(m_folder.Path())
+                             .entryInfoList({m_prefix + QStringLiteral("*.socket")}, QDir::System | QDir::Files,
+                                            QDir::Time | QDir::Reversed);
     for (const QFileInfo& each : sockets) {
-        QLocalSocket probe;
-        probe.connectToServer(each.filePath());
-        if (probe.waitForConnected(kConnectPatience)) return each.filePath();
-        if (probe.error() == QLocalSocket::ConnectionRefusedError) QFile::remove(each.filePath());
+        const Found found = Look(each.filePath());
+        if (found == Found::Instance) return each.filePath();
+        if (found == Found::Remains) QFile::remove(each.filePath());
     }
     return {};
 }
 
 void QtInstanceChannel::Listen() {
-    const QString path = m_folder + u'/' + m_prefix + QString::number(::getpid()) + QStringLiteral(".socket");
+    const QString path = m_folder.PathOf(SocketName(m_prefix, ::getpid()));
     QFile::remove(path);
-    if (!m_server.listen(path))
+    if (m_server.listen(path))
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    else
         qWarning("tessaview: later starts will not find this one: %s", qPrintable(m_server.errorString()));
 }
 
 void QtInstanceChannel::OnConnection() {
     while (auto* sender = m_server.nextPendingConnection()) {
-        sender->setReadBufferSize(kLongestLine);
         QObject::connect(sender, &QLocalSocket::disconnected, sender, &QObject::deleteLater);
-        QObject::connect(sender, &QLocalSocket::readyRead, sender, [this, sender] {
-            while (sender->canReadLine()) Handle(*sender, sender->readLine().trimmed());
-            if (sender->bytesAvailable() >= kLongestLine) sender->abort();
-        });
+        if (!IsOurUser(*sender)) {
+            sender->abort();
+            continue;
+        }
+        sender->setReadBufferSize(kLongestLine);
+        QObject::connect(sender, &QLocalSocket::readyRead, sender, [this, sender] { Receive(*sender); });
+        QTimer::singleShot(m_patience, sender, [sender] { sender->abort(); });
     }
 }
 
-void QtInstanceChannel::Handle(QLocalSocket& sender, const QByteArray& line) {
-    if (line.startsWith("foreground") && Foreground) Foreground(line.mid(11));
-    if (line == "message" && Message) Message();
-    sender.write("done\n");
+void QtInstanceChannel::Receive(QLocalSocket& sender) {
+    if (!sender.canReadLine()) {
+        if (sender.bytesAvailable() >= kLongestLine) sender.abort();
+        return;
+    }
+    // Handling may run events, in which the sender may give up.
+    const QPointer<QLocalSocket> answered(&sender);
+    sender.disconnect(SIGNAL(readyRead()));
+    const bool understood = Handle(sender.readLine().trimmed());
+    if (!answered) return;
+    if (understood) sender.write(kDone);
     sender.flush();
+    sender.disconnectFromServer();
+}
+
+bool QtInstanceChannel::Handle(const QByteArray& line) const {
+    const bool foreground = line == kForeground || line.startsWith(kForeground + QByteArray(" "));
+    const bool message = line == kMessage;
+    if (foreground && Foreground) Foreground(line.mid(static_cast<qsizetype>(qstrlen(kForeground)) + 1));
+    if (message && Message) Message();
+    return foreground || message;
 }
 
 Outcome QtInstanceChannel::SetForegroundWindow() {
     QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
     if (token.isEmpty()) token = qgetenv("DESKTOP_STARTUP_ID");
-    return Send("foreground " + token.left(kLongestLine / 2).replace('\n', ' '));
+    return Send(QByteArray(kForeground) + ' ' + token.left(kLongestLine / 2).replace('\n', ' '));
 }
 
-Outcome QtInstanceChannel::SendMessage() { return Send("message"); }
+Outcome QtInstanceChannel::SendMessage() { return Send(kMessage); }
 
 Outcome QtInstanceChannel::Send(const QByteArray& line) {
     if (m_running.isEmpty()) return Outcome::Failed;
-    QElapsedTimer clock;
-    clock.start();
+    if (Tell(line)) return Outcome::Done;
+    // Nor will it answer the next line; waiting again would only take longer.
+    m_running.clear();
+    std::fputs("tessaview: the running instance does not answer; nothing was handed over.\n", stderr);
+    return Outcome::Failed;
+}
+
+bool QtInstanceChannel::Tell(const QByteArray& line) const {
+    const QDeadlineTimer deadline(m_patience);
     QLocalSocket socket;
+    socket.setReadBufferSize(kLongestLine);
     socket.connectToServer(m_running);
-    if (!socket.waitForConnected(kConnectPatience)) return Outcome::Failed;
+    if (!socket.waitForConnected(m_patience) || !IsOurUser(socket)) return false;
     socket.write(line + '\n');
     while (!socket.canReadLine()) {
-        const int left = m_patience - static_cast<int>(clock.elapsed());
-        if (left > 0 && socket.waitForReadyRead(left)) continue;
-        m_running.clear();
-        std::fputs("tessaview: the running instance does not answer; nothing was handed over.\n", stderr);
-        return Outcome::Failed;
+        if (deadline.hasExpired() || socket.bytesAvailable() >= kLongestLine) return false;
+        const bool more = socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
+        if (!more && !socket.canReadLine()) return false;
     }
-    return Outcome::Done;
+    return socket.readLine() == kDone;
 }

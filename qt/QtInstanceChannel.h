@@ -1,16 +1,20 @@
 #pragma once
 #include "common/platform/InstanceChannel.h"
+#include "qt/QtSocketFolder.h"
 
 #include <QByteArray>
 #include <QLocalServer>
 #include <QString>
 #include <functional>
 
+class QLocalSocket;
+
 /// Instances of one user and one state folder, over local sockets that the user alone may open. Each instance listens
-/// on a socket of its own; a socket that nobody answers is left over from one that crashed, and is removed.
+/// on a socket of its own; a socket that nobody answers is left over from one that crashed, and is removed. Whoever
+/// connects says one line and is answered with one; what says anything else, or nothing, is cut off.
 class QtInstanceChannel final : public InstanceChannel {
 public:
-    /// `stateFolder` tells instances apart; `patience` in milliseconds is how long a sender waits in all.
+    /// `stateFolder` tells instances apart; `patience` in milliseconds is how long either side waits for the other.
     explicit QtInstanceChannel(QString stateFolder, int patience = 10000);
     ~QtInstanceChannel() override;
 
@@ -26,10 +30,14 @@ private:
     [[nodiscard]] QString FindRunning() const;
     void Listen();
     void OnConnection();
-    void Handle(class QLocalSocket& sender, const QByteArray& line);
+    void Receive(QLocalSocket& sender);
+    [[nodiscard]] bool Handle(const QByteArray& line) const;
     Outcome Send(const QByteArray& line);
+    [[nodiscard]] bool Tell(const QByteArray& line) const;
 
-    QString m_stateFolder, m_folder, m_prefix, m_running;
-    int m_patience;
+    const QString m_stateFolder;
+    const int m_patience;
+    QtSocketFolder m_folder;
+    QString m_prefix, m_running;
     QLocalServer m_server;
 };

@@ -1,12 +1,11 @@
 #include "qt/QtSettingsStorage.h"
 #include "qt/QtText.h"
 #include "settings/SettingsStore.h"
+#include "tests/qt/OtherProcess.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -28,43 +27,6 @@ QByteArray FileBytes(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
 }
-
-/// Another process that plays one of the roles at the end of this file, on the same folder.
-class OtherProcess {
-public:
-    OtherProcess(const char* role, const QString& folder, const QString& name = {}) {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("ROLE_FOLDER"), folder);
-        environment.insert(QStringLiteral("ROLE_NAME"), name);
-        m_process.setProcessEnvironment(environment);
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QCoreApplication::applicationFilePath(),
-                        {QStringLiteral("--gtest_also_run_disabled_tests"), QStringLiteral("--gtest_brief=1"),
-                         QStringLiteral("--gtest_filter=Role.DISABLED_%1").arg(QLatin1String(role))});
-    }
-
-    void Tell(int number) { m_process.write(QByteArray::number(number) + '\n'); }
-    /// The number on its next line; waits for it.
-    int Answer() {
-        while (!m_process.canReadLine()) {
-            if (!m_process.waitForReadyRead(kPatienceMs)) return -1;
-        }
-        return m_process.readLine().trimmed().toInt();
-    }
-    void Kill() {
-        m_process.kill();
-        m_process.waitForFinished(kPatienceMs);
-    }
-    bool Succeeds() {
-        m_process.closeWriteChannel();
-        return m_process.waitForFinished(kPatienceMs) && m_process.exitStatus() == QProcess::NormalExit &&
-               m_process.exitCode() == 0;
-    }
-
-private:
-    static constexpr int kPatienceMs = 60000;
-    QProcess m_process;
-};
 
 class QtSettingsStorageTest : public testing::Test {
 protected:
@@ -302,10 +264,6 @@ TEST_F(QtSettingsStorageTest, AKilledProcessLeavesTheOldOrTheNewValuesAndHoldsUp
 }
 
 // What the other processes do; each runs alone in a process of its own.
-
-QString RoleFolder() { return qEnvironmentVariable("ROLE_FOLDER"); }
-
-void Print(int number) { std::cout << number << std::endl; }
 
 TEST(Role, DISABLED_Echo) {
     QtSettingsStorage settings(RoleFolder());
