@@ -75,6 +75,8 @@ void PlaceWindow(MainWindow& window, const SettingsStore& store) {
 namespace MainLoad {
 
 void Prepare(frmMain& main) {
+    main.Layout.Load();
+    main.actBar.RecalcLayout();
     main.Pages.ShowLoadOptions();
     bool ask = false;
     {

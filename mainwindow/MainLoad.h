@@ -5,8 +5,8 @@ class frmMain;
 /// The main window's start-up, step by step.
 namespace MainLoad {
 
-/// Before the first tab: placement of the tabs, the question about the default browser, status bar, tools that have
-/// nothing to act on yet.
+/// Before the first tab: layout of the command bar, placement of the tabs, the question about the default browser,
+/// status bar, tools that have nothing to act on yet.
 void Prepare(frmMain& main);
 /// After it: the window's place on the screen and the live copies of settings.
 void Restore(frmMain& main);

@@ -27,11 +27,16 @@ void SavePlacement(SettingsStore& store, const MainWindow& window) {
     ResumeNext(store.WindowHeight.Set(place.height));
 }
 
-} // namespace
+// So that the saved layout holds only what was designed or arranged by the user.
+void RemoveRunTimeBands(CommandBar& bar) {
+    std::vector<Text> names;
+    for (const auto& band : bar.Bands()) {
+        if (TextView(band->Name()).starts_with(u"zz")) names.push_back(band->Name());
+    }
+    for (const Text& name : names) bar.RemoveBand(name);
+}
 
-namespace MainUnload {
-
-void Save(frmMain& main) {
+void SaveSettings(frmMain& main) {
     const std::vector<Text> searches = History(main.SearchCombo());
     const std::vector<Text> sites = OpenAddresses(main);
     const std::vector<Text> addresses = History(main.AddressCombo());
@@ -45,6 +50,16 @@ void Save(frmMain& main) {
     ResumeNext(store.SearchHistory.Set(searches));
     ResumeNext(store.AddressHistory.Set(addresses));
     ResumeNext(store.ShowStatusBar.Set(main.sbStatus.Visible()));
+}
+
+} // namespace
+
+namespace MainUnload {
+
+void Save(frmMain& main) {
+    SaveSettings(main);
+    RemoveRunTimeBands(main.actBar);
+    main.Layout.Save();
 }
 
 } // namespace MainUnload

@@ -26,6 +26,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                Platform.groupFolder,
                Platform.commands},
       Sessions(Platform.sessions, Tabs, pcPage, Browser),
+      Layout(actBar, Platform.layout, Tabs),
       m_dispatcher(Commands) {
     DesignTimeBar::Make(actBar);
     WireParts();

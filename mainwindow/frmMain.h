@@ -3,9 +3,11 @@
 #include "commands/Dispatcher.h"
 #include "common/platform/Application.h"
 #include "common/platform/DefaultBrowser.h"
+#include "common/platform/LayoutFile.h"
 #include "common/platform/MainWindow.h"
 #include "common/platform/SettingsStorage.h"
 #include "groups/GroupCommands.h"
+#include "mainwindow/LayoutKeeper.h"
 #include "mainwindow/MainKeyboard.h"
 #include "mainwindow/MainLayout.h"
 #include "mainwindow/SessionJournal.h"
@@ -27,6 +29,7 @@ struct MainWindowPlatform {
     FileDialogs& files;
     SplashWindow& splash;
     SessionFiles& sessions;
+    LayoutFile& layout;
     DefaultBrowser& defaultBrowser;
     /// Shows the settings dialog and returns when it is hidden.
     std::function<void(frmSettings&)> showSettings;
@@ -92,6 +95,7 @@ public:
     AddressBoxes Boxes;
     CommandContext Commands;
     SessionJournal Sessions;
+    LayoutKeeper Layout;
     bool RememberLastSites = true;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
     std::function<void()> Unloaded;

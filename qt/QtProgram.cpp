@@ -11,6 +11,7 @@
 #include "qt/QtFolders.h"
 #include "qt/QtInstanceChannel.h"
 #include "qt/QtKeys.h"
+#include "qt/QtLayoutFile.h"
 #include "qt/QtMainWindow.h"
 #include "qt/QtPage.h"
 #include "qt/QtPageBars.h"
@@ -66,6 +67,7 @@ struct QtProgram::Parts {
           settings(folders.settings),
           channel(folders.state),
           sessions(folders.state + QStringLiteral("/sessions")),
+          layout(folders.program),
           engine(window.PageArea(), folders.data, folders.cache),
           main({.window = window,
                 .views = engine,
@@ -74,6 +76,7 @@ struct QtProgram::Parts {
                 .files = files,
                 .splash = splash,
                 .sessions = sessions,
+                .layout = layout,
                 .defaultBrowser = defaultBrowser,
                 .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
                 // Above the splash, which would cover it.
@@ -126,6 +129,7 @@ struct QtProgram::Parts {
     QtSettingsStorage settings;
     QtInstanceChannel channel;
     QtSessionFiles sessions;
+    QtLayoutFile layout;
     QtApplication application;
     QtMessageBoxes messages;
     QtFileDialogs files;

@@ -11,6 +11,7 @@ Desk::Desk(FakeSettings* shared)
             .files = files,
             .splash = splash,
             .sessions = sessions,
+            .layout = layout,
             .defaultBrowser = defaultBrowser,
             .showSettings =
                 [this](frmSettings& form) {

@@ -59,6 +59,7 @@ public:
     FakeWindow window{log};
     FakeSplash splash{log};
     FakeSessions sessions;
+    FakeLayoutFile layout;
     FakeDefaultBrowser defaultBrowser;
     FakeApplication application{log};
     FakeChannel channel{log};

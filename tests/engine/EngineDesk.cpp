@@ -145,6 +145,7 @@ EngineDesk::EngineDesk() {
                                                         .files = files,
                                                         .splash = splash,
                                                         .sessions = sessions,
+                                                        .layout = layout,
                                                         .defaultBrowser = defaultBrowser,
                                                         .showSettings = {},
                                                         .showDefBrowser = {},

@@ -89,6 +89,7 @@ public:
     FakeWindow frame{log};
     FakeSplash splash{log};
     FakeSessions sessions;
+    FakeLayoutFile layout;
     FakeDefaultBrowser defaultBrowser;
     QtEngine engine{&window, {}, {}};
     std::unique_ptr<frmMain> main;

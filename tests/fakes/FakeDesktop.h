@@ -3,6 +3,7 @@
 #include "common/platform/DefaultBrowser.h"
 #include "common/platform/Dialogs.h"
 #include "common/platform/InstanceChannel.h"
+#include "common/platform/LayoutFile.h"
 #include "common/platform/MainWindow.h"
 #include "common/platform/SessionFiles.h"
 
@@ -77,6 +78,26 @@ public:
     int writes = 0;
     bool refuses = false;
     std::vector<KeptSession> earlier;
+};
+
+/// The layout file in memory.
+class FakeLayoutFile final : public LayoutFile {
+public:
+    [[nodiscard]] std::optional<std::string> Read() override {
+        return unreadable ? std::nullopt : std::optional(bytes);
+    }
+    Outcome Write(const std::string& value) override {
+        ++writes;
+        if (onWrite) onWrite();
+        if (refuses) return Outcome::Failed;
+        bytes = value;
+        return Outcome::Done;
+    }
+    std::string bytes;
+    int writes = 0;
+    std::function<void()> onWrite; ///< what is the case when it is written
+    bool unreadable = false;
+    bool refuses = false;
 };
 
 class FakeSplash final : public SplashWindow {
