@@ -165,7 +165,11 @@ Startup::Program QtProgram::Platform() { return {m->application, m->settings, m-
 
 int QtProgram::Run() {
     // The window is on the screen before the engine, which takes long to load, is.
-    QTimer::singleShot(0, &m->engine, [this] { m->engine.Start(); });
+    QTimer::singleShot(0, &m->engine, [this] {
+        m->engine.Start();
+        // Known now, it can still be mended; at the end it would be too late.
+        m->settings.TrySaving();
+    });
     const int result = QApplication::exec();
     m->engine.Shutdown();
     return result;
@@ -187,7 +191,7 @@ void QtProgram::WireWindow() {
     };
     m->keys.Down = [&main](KeyStroke key) { return main.Form_KeyDown(key); };
     m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
-    m->settings.SetReport([&main](Text message) { main.Tabs.ShowStatusText(message); });
+    m->settings.SetReport([this](const Text& message) { m->statusBar.Notice(ToQt(message)); });
     m->channel.Foreground = [this](const QByteArray& token) { m->window.BringToForeground(token); };
 }
 

@@ -179,6 +179,11 @@ void QtSettingsStorage::SetReport(std::function<void(Text)> report) {
     for (Text& message : std::exchange(m_unsaid, {})) m_report(std::move(message));
 }
 
+void QtSettingsStorage::TrySaving() {
+    const Loaded loaded = Load();
+    if (loaded.trouble == Trouble::None && !HasRoomFor(loaded.values)) SayNotSaved();
+}
+
 void QtSettingsStorage::Say(const QString& message) {
     if (m_report) {
         m_report(FromQt(message));

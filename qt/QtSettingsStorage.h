@@ -24,6 +24,8 @@ public:
     /// Who tells the user that the settings were damaged or cannot be read or saved; each is said once until it is
     /// over. What happened before this was called is said at once.
     void SetReport(std::function<void(Text)> report);
+    /// Finds out whether settings can be saved, and says so if not. Changes nothing.
+    void TrySaving();
 
 private:
     class Storage;

@@ -15,7 +15,11 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent) : QStatusBar(parent), 
     setAccessibleName(QStringLiteral("Status"));
     setSizeGripEnabled(false);
     m_textTimer.setSingleShot(true);
-    connect(&m_textTimer, &QTimer::timeout, this, [this] { showMessage(ToQt(m_bar.SimpleText())); });
+    m_noticeTimer.setSingleShot(true);
+    connect(&m_textTimer, &QTimer::timeout, this, &QtStatusBar::ShowText);
+    connect(&m_noticeTimer, &QTimer::timeout, this, &QtStatusBar::ShowText);
+    // Else nobody would know who cannot see it.
+    connect(this, &QStatusBar::messageChanged, this, &QWidget::setAccessibleDescription);
     Measure();
     m_bar.SimpleText.Attach([this](const Text&) {
         if (!m_textTimer.isActive()) m_textTimer.start(kTextDelay);
@@ -35,6 +39,15 @@ void QtStatusBar::changeEvent(QEvent* event) {
     QStatusBar::changeEvent(event);
     if (event->type() == QEvent::ParentChange) FollowVisible();
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Measure();
+}
+
+void QtStatusBar::ShowText() {
+    if (!m_noticeTimer.isActive()) showMessage(ToQt(m_bar.SimpleText()));
+}
+
+void QtStatusBar::Notice(const QString& text, std::chrono::milliseconds time) {
+    m_noticeTimer.start(time);
+    showMessage(text);
 }
 
 void QtStatusBar::FollowVisible() {

@@ -3,6 +3,7 @@
 
 #include <QStatusBar>
 #include <QTimer>
+#include <chrono>
 #include <functional>
 
 /// Shows a `StatusBar`, which outlives it. Texts are gathered for a tenth of a second, because any repaint has the
@@ -14,6 +15,9 @@ public:
     explicit QtStatusBar(StatusBar& bar, QWidget* parent = nullptr);
     ~QtStatusBar() override;
 
+    /// Shows what the program itself has to say, which no text of a page replaces until somebody can have read it.
+    void Notice(const QString& text, std::chrono::milliseconds time = std::chrono::seconds(15));
+
     [[nodiscard]] Pixels Height() const { return m_bar.Height; }
     /// The bar has been shown or hidden, or the font has made it higher or lower. Filled in by the owner.
     std::function<void()> HeightChanged;
@@ -23,8 +27,9 @@ protected:
 
 private:
     void FollowVisible();
+    void ShowText();
     void Measure();
 
     StatusBar& m_bar;
-    QTimer m_textTimer;
+    QTimer m_textTimer, m_noticeTimer;
 };

@@ -165,15 +165,6 @@ TEST_F(QtSettingsStorageTest, FailsWhereThereCanBeNoFolder) {
     EXPECT_EQ(m_said, QStringList(QStringLiteral("The settings could not be saved.")));
 }
 
-TEST_F(QtSettingsStorageTest, NeverReplacesWhatItCannotRead) {
-    ASSERT_TRUE(QDir().mkpath(m_file + QStringLiteral("/x")));
-    EXPECT_FALSE(m_settings.Open()->Read(u"A"));
-    { ResumeNext(m_settings.Open()->Write(u"A", u"1")); }
-    EXPECT_TRUE(QFileInfo(m_file + QStringLiteral("/x")).isDir());
-    EXPECT_EQ(m_said, (QStringList{QStringLiteral("The settings could not be read."),
-                                   QStringLiteral("The settings could not be saved.")}));
-}
-
 /// While it lives no file of this process grows beyond some bytes, as on a full disk.
 class FullDisk {
 public:
@@ -188,6 +179,30 @@ public:
 private:
     rlimit m_before{};
 };
+
+TEST_F(QtSettingsStorageTest, TriesToSaveWithoutChangingAnything) {
+    ResumeNext(m_settings.Open()->Write(u"A", u"1"));
+    const QByteArray before = FileBytes(m_file);
+    m_settings.TrySaving();
+    EXPECT_TRUE(m_said.isEmpty());
+    {
+        const FullDisk full(4);
+        m_settings.TrySaving();
+        m_settings.TrySaving();
+    }
+    EXPECT_EQ(m_said, QStringList(QStringLiteral("The settings could not be saved.")));
+    EXPECT_EQ(FileBytes(m_file), before);
+    EXPECT_EQ(Files(), QStringLiteral("settings.ini settings.ini.lock"));
+}
+
+TEST_F(QtSettingsStorageTest, NeverReplacesWhatItCannotRead) {
+    ASSERT_TRUE(QDir().mkpath(m_file + QStringLiteral("/x")));
+    EXPECT_FALSE(m_settings.Open()->Read(u"A"));
+    { ResumeNext(m_settings.Open()->Write(u"A", u"1")); }
+    EXPECT_TRUE(QFileInfo(m_file + QStringLiteral("/x")).isDir());
+    EXPECT_EQ(m_said, (QStringList{QStringLiteral("The settings could not be read."),
+                                   QStringLiteral("The settings could not be saved.")}));
+}
 
 TEST_F(QtSettingsStorageTest, AFullDiskFailsTheWriteAndLeavesTheOldFile) {
     ResumeNext(m_settings.Open()->Write(u"A", u"1"));

@@ -1,0 +1,50 @@
+#include "qt/QtStatusBar.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+class QtStatusBarTest : public testing::Test {
+protected:
+    bool Shows(const char* text) {
+        return QTest::qWaitFor([&] { return m_widget.currentMessage() == QLatin1String(text); }, 60000);
+    }
+
+    StatusBar m_bar;
+    QtStatusBar m_widget{m_bar};
+};
+
+TEST_F(QtStatusBarTest, ShowsTheLastOfManyTextsOnce) {
+    const QSignalSpy changes(&m_widget, &QStatusBar::messageChanged);
+    for (const Text& text : {Text(u"One"), Text(u"Two"), Text(u"Three")}) m_bar.SimpleText = text;
+    EXPECT_TRUE(Shows("Three"));
+    EXPECT_EQ(changes.size(), 1);
+}
+
+TEST_F(QtStatusBarTest, SaysItsTextToWhoCannotSeeIt) {
+    m_bar.SimpleText = u"Connecting...";
+    EXPECT_TRUE(Shows("Connecting..."));
+    EXPECT_EQ(m_widget.accessibleDescription(), u"Connecting...");
+}
+
+TEST_F(QtStatusBarTest, ANoticeStaysUntilItsTimeIsOver) {
+    QStringList shown;
+    QObject::connect(&m_widget, &QStatusBar::messageChanged, [&](const QString& text) { shown << text; });
+    m_widget.Notice(QStringLiteral("Beware"), std::chrono::milliseconds(400));
+    m_bar.SimpleText = u"Connecting...";
+    EXPECT_TRUE(Shows("Beware"));
+    m_bar.SimpleText = u"Done";
+    EXPECT_TRUE(Shows("Done"));
+    EXPECT_EQ(shown, (QStringList{QStringLiteral("Beware"), QStringLiteral("Done")}));
+}
+
+TEST_F(QtStatusBarTest, ALaterNoticeReplacesAnEarlierOne) {
+    m_widget.Notice(QStringLiteral("Beware"));
+    m_widget.Notice(QStringLiteral("Beware again"));
+    EXPECT_TRUE(Shows("Beware again"));
+    EXPECT_EQ(m_widget.accessibleDescription(), u"Beware again");
+}
+
+} // namespace
