@@ -272,9 +272,14 @@ void Make(CommandBar& bar) {
     bar.Find(u"xtrMore")->ClickWithSubBand = false;
     for (const TextView holder : {u"mnuLinkImage", u"mnuFolderImage", u"mnuTessaGroupsImage"})
         bar.Find(holder)->Visible = false;
-    if (auto* address = bar.FindCombo(u"cboAddress")) address->Width = Pixels{520};
+    ResetWidths(bar);
     bar.SetShortcuts({DesignedShortcuts().begin(), DesignedShortcuts().end()});
     for (const BandRow& row : kBands) ResetBand(bar, row.name);
+}
+
+void ResetWidths(CommandBar& bar) {
+    if (auto* address = bar.FindCombo(u"cboAddress")) address->Width = Pixels{520};
+    if (auto* search = bar.FindCombo(u"cboSearch")) search->Width = Pixels{240};
 }
 
 bool ResetBand(CommandBar& bar, TextView name) {

@@ -9,6 +9,8 @@ void Make(CommandBar& bar);
 /// Gives one band, which may be missing, its designed tools, caption and place. False for a name that is no band of
 /// the design.
 bool ResetBand(CommandBar& bar, TextView name);
+/// Gives the boxes their designed widths.
+void ResetWidths(CommandBar& bar);
 [[nodiscard]] bool IsDesigned(TextView band);
 
 } // namespace DesignTimeBar
