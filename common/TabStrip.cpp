@@ -80,6 +80,12 @@ void TabStrip::SetImage(Tab* tab, TabImage image) {
     Mark(TabStripChange::Faces);
 }
 
+void TabStrip::SetAsks(Tab* tab, bool asks) {
+    if (tab->m_asks == asks) return;
+    tab->m_asks = asks;
+    Mark(TabStripChange::Faces);
+}
+
 void TabStrip::SetPlacement(TabPlacement placement) {
     if (m_placement == placement) return;
     m_placement = placement;

@@ -19,12 +19,15 @@ public:
     [[nodiscard]] const Text& Key() const { return m_key; }
     [[nodiscard]] const Text& Caption() const { return m_caption; }
     [[nodiscard]] TabImage Image() const { return m_image; }
+    /// The page waits for an answer of its user.
+    [[nodiscard]] bool Asks() const { return m_asks; }
     std::int32_t Tag = 0;
 
 private:
     friend class TabStrip;
     Text m_key, m_caption;
     TabImage m_image = TabImage::None;
+    bool m_asks = false;
 };
 
 /// What a strip's view has to repaint.
@@ -59,6 +62,7 @@ public:
 
     void SetCaption(Tab* tab, Text caption);
     void SetImage(Tab* tab, TabImage image);
+    void SetAsks(Tab* tab, bool asks);
 
     [[nodiscard]] TabPlacement Placement() const { return m_placement; }
     void SetPlacement(TabPlacement placement);

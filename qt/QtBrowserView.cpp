@@ -135,7 +135,10 @@ void QtBrowserView::Move(const Rect& place) {
 }
 
 void QtBrowserView::LayWidget() {
-    if (m_widget) m_widget->setGeometry(m_engine.PageRect(m_place));
+    if (!m_widget) return;
+    const QRect page = m_engine.PageRect(m_place);
+    m_widget->setGeometry(page);
+    m_questions->covers.Lay(page);
 }
 
 void QtBrowserView::MoveLeft(Twips) {
@@ -148,7 +151,7 @@ void QtBrowserView::BringToFront() { m_engine.BringToFront(m_index); }
 
 void QtBrowserView::SetFocus() {
     m_wantsFocus = true;
-    if (!m_widget || !m_widget->isVisible()) return;
+    if (!m_widget || !m_widget->isVisible() || m_questions->covers.TakeFocus()) return;
     m_widget->setFocus(Qt::OtherFocusReason);
 }
 
@@ -171,11 +174,14 @@ void QtBrowserView::Show() {
     LayWidget();
     m_widget->show();
     m_widget->raise();
-    if (m_wantsFocus) m_widget->setFocus(Qt::OtherFocusReason);
+    m_questions->covers.SetShown(true);
+    if (m_wantsFocus) SetFocus();
 }
 
 void QtBrowserView::Hide() {
-    if (m_widget) m_widget->hide();
+    if (!m_widget) return;
+    m_widget->hide();
+    m_questions->covers.SetShown(false);
 }
 
 void QtBrowserView::MakePage() {
@@ -184,7 +190,14 @@ void QtBrowserView::MakePage() {
     m_page->setAudioMuted(!m_engine.PlaysSounds());
     ConnectLoading();
     ConnectPage();
+    MakeQuestions();
     MakeWidget();
+}
+
+void QtBrowserView::MakeQuestions() {
+    m_questions = std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted());
+    m_questions->covers.FocusPage = [this] { SetFocus(); };
+    m_questions->covers.Changed = [this] { m_events.AttentionChange(m_index, !m_questions->covers.Empty()); };
 }
 
 void QtBrowserView::MakeWidget() {
@@ -198,6 +211,7 @@ void QtBrowserView::MakeWidget() {
 
 void QtBrowserView::Release() {
     m_pending.reset();
+    m_questions.reset();
     if (m_page) m_page->disconnect(this);
     if (m_widget) {
         m_widget->hide();

@@ -2,6 +2,7 @@
 #include "common/platform/BrowserView.h"
 #include "qt/QtAddress.h"
 #include "qt/QtPage.h"
+#include "qt/QtPageQuestions.h"
 
 #include <QIcon>
 #include <QObject>
@@ -59,6 +60,7 @@ private:
     void ApplyZoom();
     void MakePage();
     void MakeWidget();
+    void MakeQuestions();
     void Release();
     void ConnectLoading();
     void ConnectPage();
@@ -75,9 +77,10 @@ private:
     QtEngine& m_engine;
     QPointer<QtPage> m_page;
     QPointer<QWebEngineView> m_widget;
-    std::optional<QtAddress> m_pending; ///< asked for, not started
-    QUrl m_requested;                   ///< the address of the last navigation from outside the page
-    QUrl m_fallback;                    ///< where to go when that cannot connect
+    std::unique_ptr<QtPageQuestions> m_questions; ///< as long as there is a page
+    std::optional<QtAddress> m_pending;           ///< asked for, not started
+    QUrl m_requested;                             ///< the address of the last navigation from outside the page
+    QUrl m_fallback;                              ///< where to go when that cannot connect
     QRect m_place;
     int m_zoom = 2;
     bool m_committed = false;

@@ -1,5 +1,6 @@
 #pragma once
 #include "common/platform/BrowserView.h"
+#include "pages/Certificates.h"
 #include "qt/QtLoadOptions.h"
 #include "qt/QtPageOutput.h"
 #include "tabs/NavigationQueue.h"
@@ -55,6 +56,8 @@ public:
 
     // For the views.
     [[nodiscard]] QRect PageRect(const QRect& whole) const { return LayBars ? LayBars(whole) : whole; }
+    /// The exceptions for refused certificates, of all views.
+    [[nodiscard]] AcceptedCertificates& Accepted() { return m_accepted; }
     [[nodiscard]] QtPageOutput& Output() { return m_output; }
     void Register(std::int32_t index, QtBrowserView* view);
     void Forget(std::int32_t index);
@@ -83,6 +86,7 @@ private:
     QElapsedTimer m_clock;
     QtPageOutput m_output;
     QtLoadOptions m_loadOptions;
+    AcceptedCertificates m_accepted;
     std::int32_t m_front = 0;
     std::int32_t m_shown = 0;
     bool m_started = false;

@@ -2,7 +2,9 @@
 
 #include <QDesktopServices>
 
-QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {}
+QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {
+    connect(this, &QWebEnginePage::urlChanged, this, [this] { m_awaited.clear(); });
+}
 
 bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
     if (url.scheme() == u"mailto") {
@@ -10,6 +12,7 @@ bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool 
         if (type == NavigationTypeLinkClicked) QDesktopServices::openUrl(url);
         return false;
     }
+    if (isMainFrame) m_awaited = url;
     Q_EMIT NavigationRequested(url, isMainFrame);
     return true;
 }

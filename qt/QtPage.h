@@ -10,6 +10,9 @@ public:
     /// `token` marks the console lines with which frames report themselves.
     QtPage(QWebEngineProfile* profile, QString token);
 
+    /// Whether the page is about to show what is fetched from there.
+    [[nodiscard]] bool Awaits(const QUrl& url) const { return !m_awaited.isEmpty() && m_awaited == url; }
+
 Q_SIGNALS:
     /// A navigation begins, of the page or of a frame inside it.
     void NavigationRequested(const QUrl& url, bool topLevel);
@@ -24,4 +27,5 @@ protected:
 
 private:
     QString m_token;
+    QUrl m_awaited; ///< of the top-level navigation that has not ended
 };

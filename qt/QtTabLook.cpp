@@ -59,7 +59,9 @@ void QtTabLook::PaintTab(QPainter& painter, const QtTabFace& face) const {
     PaintBody(painter, face);
     const QRect icon(face.place.left() + kMargin, face.place.top() + (face.place.height() - kIconSize) / 2, kIconSize,
                      kIconSize);
-    if (face.busy)
+    if (face.asks)
+        PaintAskMark(painter, icon);
+    else if (face.busy)
         PaintBusyMark(painter, icon);
     else if (face.icon.isNull())
         PaintBlankPage(painter, icon);
@@ -95,6 +97,21 @@ void QtTabLook::PaintBody(QPainter& painter, const QtTabFace& face) const {
     if (!face.focused) return;
     painter.setPen(QPen(m_accent, 1));
     painter.drawRoundedRect(QRectF(place).adjusted(2.5, 3.5, -2.5, -3.5), 2, 2);
+}
+
+void QtTabLook::PaintAskMark(QPainter& painter, const QRect& place) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(201, 84, 0));
+    painter.drawEllipse(QRectF(place).center(), 7.5, 7.5);
+    QFont bold = painter.font();
+    bold.setBold(true);
+    bold.setPixelSize(12);
+    painter.setFont(bold);
+    painter.setPen(Qt::white);
+    painter.drawText(place, Qt::AlignCenter, QStringLiteral("?"));
+    painter.restore();
 }
 
 void QtTabLook::PaintBusyMark(QPainter& painter, const QRect& place) {

@@ -14,6 +14,7 @@ struct QtTabFace {
     QString caption;
     QIcon icon;
     bool busy = false;
+    bool asks = false; ///< the page waits for an answer
     bool selected = false;
     bool hovered = false;
     bool focused = false;
@@ -36,6 +37,8 @@ public:
                     bool hovered) const;
     /// The picture "Red": the page is loading.
     static void PaintBusyMark(QPainter& painter, const QRect& place);
+    /// The page waits for an answer.
+    static void PaintAskMark(QPainter& painter, const QRect& place);
 
 private:
     void PaintBody(QPainter& painter, const QtTabFace& face) const;

@@ -101,7 +101,7 @@ void QtTabStrip::Measure() {
 
 QtTabStrip::Face QtTabStrip::FaceAt(std::size_t position) const {
     const Tab* tab = m_strip.FindAt(position);
-    return tab ? Face{tab->Key(), tab->Caption(), tab->Image()} : Face{};
+    return tab ? Face{tab->Key(), tab->Caption(), tab->Image(), tab->Asks()} : Face{};
 }
 
 void QtTabStrip::RememberFaces() {
@@ -114,6 +114,7 @@ QtTabFace QtTabStrip::PaintedFace(std::size_t position) const {
     const Tab* tab = m_strip.FindAt(position);
     QtTabFace face;
     face.caption = ToQt(tab->Caption());
+    face.asks = tab->Asks() && position != m_selected;
     face.busy = tab->Image() == TabImage::Red;
     if (!face.busy && PageIcon) face.icon = PageIcon(*tab);
     face.selected = position == m_selected;

@@ -88,6 +88,7 @@ private:
     struct Face {
         Text key, caption;
         TabImage image;
+        bool asks;
         bool operator==(const Face&) const = default;
     };
 

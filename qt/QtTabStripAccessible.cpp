@@ -31,6 +31,7 @@ public:
         const Tab* tab = Find();
         if (!tab) return {};
         if (kind == QAccessible::Name) return ToQt(tab->Caption());
+        if (kind == QAccessible::Description && tab->Asks()) return QStringLiteral("Asks a question");
         if (kind == QAccessible::Description && Busy(*tab)) return QStringLiteral("Loading");
         return {};
     }

@@ -8,7 +8,7 @@ build_packages=("${core_packages[@]}" qt6-base-dev qt6-webengine-dev libgl-dev l
 run_packages=(qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)
 display_packages=(xvfb openbox xdotool imagemagick)
 format_packages=(clang-format git)
-test_packages=(dbus at-spi2-core python3 python3-pyatspi)
+test_packages=(dbus at-spi2-core python3 python3-pyatspi openssl)
 
 # SVG icons need a plugin of Qt that has a package of its own from Debian 13 on.
 svg_package() {

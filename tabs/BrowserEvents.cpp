@@ -52,6 +52,8 @@ void BrowserEvents::DocumentComplete(std::int16_t Index, PageLevel pDisp, TextVi
     m_tabs.SetTabBusy(Decimal(Index), TabBusy::No);
 }
 
+void BrowserEvents::AttentionChange(std::int16_t Index, bool Asks) { m_tabs.SetTabAsks(Index, Asks); }
+
 void BrowserEvents::WindowClosing(std::int16_t Index) { m_tabs.CloseBrowserTab(Index); }
 
 void BrowserEvents::ShowAddress(PageLevel pDisp, TextView URL) {

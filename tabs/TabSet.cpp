@@ -84,6 +84,10 @@ void TabSet::SetTabBusy(TextView Tag, TabBusy Busy) {
     }
 }
 
+void TabSet::SetTabAsks(std::int32_t Index, bool asks) {
+    if (auto* tab = m_pcPage.Find(KeyOf(Index))) m_pcPage.SetAsks(tab, asks);
+}
+
 void TabSet::SetTabTitle(std::int32_t Index, TextView title) {
     auto* tab = m_pcPage.Find(KeyOf(Index));
     if (!tab) return;

@@ -27,6 +27,8 @@ public:
     void pcPage_Click();
     /// Shows or clears the busy mark of the tab of view `Tag`, an index in decimal.
     void SetTabBusy(TextView Tag, TabBusy Busy);
+    /// Marks the tab of view `Index` as one whose page waits for an answer, or takes the mark off.
+    void SetTabAsks(std::int32_t Index, bool asks);
     /// The caption for a page's title: the whole title, or its first `TitleLengthLimit` characters and "...".
     void SetTabTitle(std::int32_t Index, TextView title);
     /// Closes the tab of view `Index`; asks first when it is the only one, because that ends the program.

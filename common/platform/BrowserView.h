@@ -75,6 +75,8 @@ public:
     virtual BrowserView* NewWindow2(std::int16_t Index) = 0;
     virtual void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
     virtual void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
+    /// The page asks its user something, or no longer does.
+    virtual void AttentionChange(std::int16_t Index, bool Asks) = 0;
     /// The page has closed its own window.
     virtual void WindowClosing(std::int16_t Index) = 0;
 };

@@ -21,17 +21,18 @@ struct Layer {
     std::string_view mayInclude; ///< separated by blanks, one at both ends
 };
 
-constexpr std::string_view kBelowApp = " common settings favorites tabs groups commands mainwindow ";
-constexpr std::string_view kCore = " common settings favorites tabs groups commands mainwindow app ";
+constexpr std::string_view kBelowApp = " common settings favorites pages tabs groups commands mainwindow ";
+constexpr std::string_view kCore = " common settings favorites pages tabs groups commands mainwindow app ";
 
 constexpr std::array kLayers{
     Layer{"common", " "},
     Layer{"settings", " common "},
     Layer{"favorites", " common "},
+    Layer{"pages", " common settings "},
     Layer{"tabs", " common settings "},
     Layer{"groups", " common settings tabs "},
-    Layer{"commands", " common settings tabs groups favorites "},
-    Layer{"mainwindow", " common settings tabs groups favorites commands "},
+    Layer{"commands", " common settings pages tabs groups favorites "},
+    Layer{"mainwindow", " common settings pages tabs groups favorites commands "},
     Layer{"app", kBelowApp},
     Layer{"qt", kCore},
 };

@@ -59,6 +59,10 @@ void EventRecorder::DocumentComplete(std::int16_t, PageLevel pDisp, TextView URL
     Add(QStringLiteral("D"), pDisp, URL);
 }
 
+void EventRecorder::AttentionChange(std::int16_t, bool Asks) {
+    lines << (Asks ? QStringLiteral("asks+") : QStringLiteral("asks-"));
+}
+
 void EventRecorder::WindowClosing(std::int16_t) { lines << QStringLiteral("X"); }
 
 void EventRecorder::Add(const QString& kind, PageLevel level, TextView URL) {

@@ -30,6 +30,7 @@ public:
     BrowserView* NewWindow2(std::int16_t Index) override;
     void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    void AttentionChange(std::int16_t Index, bool Asks) override;
     void WindowClosing(std::int16_t Index) override;
 
     /// All lines so far, separated by blanks; forgets them.

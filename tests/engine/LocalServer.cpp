@@ -1,10 +1,54 @@
 #include "tests/engine/LocalServer.h"
 
+#include <QFile>
+#include <QProcess>
+#include <QSslKey>
+#include <QSslSocket>
 #include <QTcpSocket>
+#include <QTemporaryDir>
+
+namespace {
+
+QByteArray Contents(const QString& path) {
+    QFile file(path);
+    if (!file.open(QFile::ReadOnly)) qFatal("the test's certificate was not made");
+    return file.readAll();
+}
+
+QSslConfiguration SelfSigned(const QString& name) {
+    const QTemporaryDir folder;
+    const QString key = folder.filePath(QStringLiteral("key.pem"));
+    const QString certificate = folder.filePath(QStringLiteral("certificate.pem"));
+    QProcess maker;
+    maker.start(QStringLiteral("openssl"),
+                QStringLiteral("req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 30 -keyout %1 "
+                               "-out %2 -subj /CN=%3 -addext subjectAltName=IP:127.0.0.1,DNS:%3")
+                    .arg(key, certificate, name)
+                    .split(u' '));
+    maker.waitForFinished();
+    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+    tls.setPrivateKey(QSslKey(Contents(key), QSsl::Ec));
+    tls.setLocalCertificate(QSslCertificate(Contents(certificate)));
+    tls.setPeerVerifyMode(QSslSocket::VerifyNone);
+    return tls;
+}
+
+} // namespace
 
 LocalServer::LocalServer() {
     connect(this, &QTcpServer::newConnection, this, &LocalServer::OnConnection);
     if (!listen(QHostAddress::AnyIPv4)) qFatal("the test's server cannot listen");
+}
+
+LocalServer::LocalServer(const QString& certificateName) : LocalServer() { m_tls = SelfSigned(certificateName); }
+
+void LocalServer::incomingConnection(qintptr descriptor) {
+    if (!m_tls) return QTcpServer::incomingConnection(descriptor);
+    auto* socket = new QSslSocket(this);
+    socket->setSslConfiguration(*m_tls);
+    socket->setSocketDescriptor(descriptor);
+    socket->startServerEncryption();
+    addPendingConnection(socket);
 }
 
 void LocalServer::Page(const QString& path, const QByteArray& html) {
@@ -19,7 +63,10 @@ void LocalServer::Redirect(const QString& path, const QString& to) {
 }
 
 QString LocalServer::Address(const QString& path, const QString& host) const {
-    return QStringLiteral("http://%1:%2%3").arg(host).arg(serverPort()).arg(path);
+    return QStringLiteral("%1://%2:%3%4")
+        .arg(m_tls ? QStringLiteral("https") : QStringLiteral("http"), host)
+        .arg(serverPort())
+        .arg(path);
 }
 
 void LocalServer::OnConnection() {
@@ -36,7 +83,9 @@ void LocalServer::OnData(QTcpSocket* socket) {
     socket->readAll();
     const QString path = QString::fromLatin1(request.split(' ').value(1));
     if (path != u"/favicon.ico") requests << path;
-    if (!m_answers.contains(path)) {
+    if (m_makers.contains(path)) {
+        socket->write(m_makers[path](request));
+    } else if (!m_answers.contains(path)) {
         socket->write("HTTP/1.1 404 Not Found\r\nConnection: close\r\nContent-Length: 0\r\n\r\n");
     } else if (m_answers[path].isEmpty()) {
         return;

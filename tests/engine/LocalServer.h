@@ -2,15 +2,19 @@
 #include <QByteArray>
 #include <QHash>
 #include <QHostAddress>
+#include <QSslConfiguration>
 #include <QStringList>
 #include <QTcpServer>
 #include <functional>
+#include <optional>
 
 /// A web server of the test's own on 127.0.0.1, in the test's thread. It knows the pages that it was given, remembers
 /// what it was asked for, and can leave a request unanswered.
 class LocalServer final : public QTcpServer {
 public:
     LocalServer();
+    /// One that speaks TLS, with a certificate that it has signed itself, for 127.0.0.1 and that host.
+    explicit LocalServer(const QString& certificateName);
 
     /// Answers `path` with that page.
     void Page(const QString& path, const QByteArray& html);
@@ -20,13 +24,21 @@ public:
     /// Takes requests for `path` and never answers them.
     void Stall(const QString& path) { m_answers[path] = QByteArray(); }
 
+    /// Answers `path` with what the function makes of the whole request.
+    void Answer(const QString& path, std::function<QByteArray(const QByteArray& request)> answer) {
+        m_makers[path] = std::move(answer);
+    }
+
     [[nodiscard]] QString Address(const QString& path, const QString& host = QStringLiteral("127.0.0.1")) const;
     /// The paths asked for so far, in order; the engine's own wish for an icon is left out.
     QStringList requests;
 
 private:
+    void incomingConnection(qintptr descriptor) override;
     void OnConnection();
     void OnData(class QTcpSocket* socket);
 
     QHash<QString, QByteArray> m_answers;
+    QHash<QString, std::function<QByteArray(const QByteArray&)>> m_makers;
+    std::optional<QSslConfiguration> m_tls;
 };

@@ -135,6 +135,21 @@ TEST(BrowserEvents, APageThatClosesItselfClosesItsTabByTheSameRules) {
     EXPECT_EQ(desk.Strip(), "[1*]");
 }
 
+TEST(BrowserEvents, APageThatAsksMarksItsTabAndNothingElse) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    auto& events = desk.views.At(2).events;
+    events.AttentionChange(2, true);
+    EXPECT_TRUE(desk.main.pcPage.Find(u"Tab2")->Asks());
+    EXPECT_FALSE(desk.main.pcPage.Find(u"Tab1")->Asks());
+    EXPECT_EQ(desk.Strip(), "[1*] 2");
+    events.AttentionChange(2, false);
+    EXPECT_FALSE(desk.main.pcPage.Find(u"Tab2")->Asks());
+    desk.main.CloseBrowserTab(2);
+    events.AttentionChange(2, true);
+    EXPECT_EQ(desk.Strip(), "[1*]") << "a tab that has gone cannot ask";
+}
+
 TEST(BrowserEvents, EventsOfAViewThatIsGoneDoNothing) {
     Desk desk;
     desk.StartWithTabs(2);

@@ -1,0 +1,29 @@
+#pragma once
+#include <QScrollArea>
+#include <functional>
+
+class QPushButton;
+class QVBoxLayout;
+struct RefusedCertificate;
+
+/// The page of our own that stands in for one whose certificate was refused: who, what and why, with details, and
+/// the ways back and on.
+class QtCertificatePage final : public QScrollArea {
+    Q_OBJECT
+
+public:
+    explicit QtCertificatePage(const RefusedCertificate& certificate);
+
+    std::function<void()> GoBack;
+    std::function<void()> GoOn;
+
+protected:
+    void keyPressEvent(class QKeyEvent* event) override;
+
+private:
+    void AddWords(QVBoxLayout& column, const RefusedCertificate& certificate);
+    void AddDetails(QVBoxLayout& column, const RefusedCertificate& certificate);
+    void AddButtons(QVBoxLayout& column, const RefusedCertificate& certificate);
+
+    QPushButton* m_back = nullptr;
+};

@@ -1,0 +1,172 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtLoginDialog.h"
+#include "qt/QtText.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QWebEngineView>
+
+namespace {
+
+const QString kSecret = QStringLiteral("/secret");
+
+/// A page that only "mole" with the password "burrow" may see.
+QByteArray Guarded(const QByteArray& request) {
+    if (request.contains("Authorization: Basic " + QByteArray("mole:burrow").toBase64()))
+        return "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nCache-Control: no-store\r\nConnection: close\r\n\r\n"
+               "<title>Inside</title>";
+    return "HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"The Hole\"\r\nContent-Type: text/html\r\n"
+           "Connection: close\r\n\r\n<title>Outside</title>";
+}
+
+class Logins : public ::testing::Test {
+protected:
+    Logins() {
+        server.Answer(kSecret, Guarded);
+        other.Answer(kSecret, Guarded);
+        server.Page(QStringLiteral("/plain"), "<title>Plain</title>");
+        server.Page(QStringLiteral("/parts"), "<title>Parts</title><img src='" +
+                                                  other.Address(kSecret, QStringLiteral("localhost")).toUtf8() + "'>");
+        server.Page(QStringLiteral("/frame"), "<title>Framed</title><iframe src='" +
+                                                  other.Address(kSecret, QStringLiteral("localhost")).toUtf8() +
+                                                  "'></iframe>");
+    }
+
+    [[nodiscard]] QtLoginDialog* Dialog() const {
+        for (auto* each : desk.window.findChildren<QtLoginDialog*>()) {
+            if (!each->isHidden()) return each;
+        }
+        return nullptr;
+    }
+
+    [[nodiscard]] bool IsAsked() const {
+        return WaitUntil([&] { return Dialog() && Dialog()->isVisible() && !desk.view->Busy(); });
+    }
+
+    [[nodiscard]] QString Label(const char* name) const {
+        const auto* label = Dialog()->findChild<QLabel*>(QLatin1String(name));
+        return label ? label->text() : QString();
+    }
+
+    void Answer(const QString& user, const QString& password) const {
+        auto* name = Dialog()->findChild<QLineEdit*>(QStringLiteral("txtUser"));
+        name->clear();
+        QTest::keyClicks(name, user);
+        auto* secret = Dialog()->findChild<QLineEdit*>(QStringLiteral("txtPassword"));
+        QTest::keyClicks(secret, password);
+        QTest::keyClick(secret, Qt::Key_Return);
+    }
+
+    bool Titled(const char* title) {
+        return WaitUntil([&] { return desk.events.lines.contains(QStringLiteral("T:") + QLatin1String(title)); });
+    }
+
+    LocalServer server, other;
+    EngineView desk;
+};
+
+TEST_F(Logins, TheDialogNamesTheHostThatAsks) {
+    desk.Navigate(server.Address(kSecret));
+    ASSERT_TRUE(IsAsked());
+    EXPECT_EQ(Label("lblHeading"),
+              QStringLiteral("127.0.0.1:%1 asks for a name and a password").arg(server.serverPort()));
+    EXPECT_EQ(Label("lblRealm"), u"It calls itself \u201CThe Hole\u201D.");
+    EXPECT_FALSE(Label("lblNotEncrypted").isEmpty());
+    EXPECT_TRUE(Label("lblWrong").isEmpty());
+    EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 1);
+}
+
+TEST_F(Logins, TheRightAnswerOpensThePage) {
+    desk.Navigate(server.Address(kSecret));
+    ASSERT_TRUE(IsAsked());
+    Answer(QStringLiteral("mole"), QStringLiteral("burrow"));
+    EXPECT_TRUE(Titled("Inside"));
+    EXPECT_EQ(Dialog(), nullptr);
+}
+
+TEST_F(Logins, AWrongAnswerIsAskedAgain) {
+    desk.Navigate(server.Address(kSecret));
+    ASSERT_TRUE(IsAsked());
+    const QPointer<QtLoginDialog> first = Dialog();
+    Answer(QStringLiteral("mole"), QStringLiteral("wrong"));
+    ASSERT_TRUE(WaitUntil([&] { return !first && Dialog() && !desk.view->Busy(); }));
+    EXPECT_EQ(Label("lblWrong"), u"The name or the password was not accepted.");
+    Answer(QStringLiteral("mole"), QStringLiteral("burrow"));
+    EXPECT_TRUE(Titled("Inside"));
+}
+
+TEST_F(Logins, CancellingShowsTheServersPage) {
+    desk.Navigate(server.Address(kSecret));
+    ASSERT_TRUE(IsAsked());
+    QTest::keyClick(Dialog()->focusProxy(), Qt::Key_Escape);
+    EXPECT_EQ(Dialog(), nullptr);
+    EXPECT_TRUE(Titled("Outside"));
+    EXPECT_EQ(server.requests.count(kSecret), 1);
+}
+
+TEST_F(Logins, RefreshingAfterCancellingAsksAgain) {
+    desk.Navigate(server.Address(kSecret));
+    ASSERT_TRUE(IsAsked());
+    QTest::keyClick(Dialog()->focusProxy(), Qt::Key_Escape);
+    EXPECT_EQ(desk.view->Refresh(), Outcome::Done);
+    EXPECT_TRUE(IsAsked());
+}
+
+TEST_F(Logins, APartFromAnotherHostAsksNothing) {
+    desk.Load(server.Address(QStringLiteral("/parts")));
+    EXPECT_TRUE(WaitUntil([&] { return other.requests.contains(kSecret); }));
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_EQ(Dialog(), nullptr);
+}
+
+TEST_F(Logins, AFrameOfAnotherHostAsksUnderItsOwnName) {
+    desk.Navigate(server.Address(QStringLiteral("/frame")));
+    ASSERT_TRUE(IsAsked());
+    EXPECT_TRUE(Label("lblHeading").startsWith(u"localhost:"));
+}
+
+TEST_F(Logins, LeavingThePageTakesTheDialogAway) {
+    desk.Navigate(server.Address(kSecret));
+    ASSERT_TRUE(IsAsked());
+    desk.Load(server.Address(QStringLiteral("/plain")));
+    EXPECT_EQ(Dialog(), nullptr);
+}
+
+TEST_F(Logins, TheTabKeyStaysInTheDialog) {
+    desk.Navigate(server.Address(kSecret));
+    ASSERT_TRUE(IsAsked());
+    QStringList visited;
+    for (int i = 0; i < 5; ++i) {
+        visited << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(visited.join(u' '), u"txtUser txtPassword cmdOK cmdCancel txtUser");
+}
+
+TEST_F(Logins, ClosingTheTabEndsTheQuestion) {
+    desk.Navigate(server.Address(kSecret));
+    ASSERT_TRUE(IsAsked());
+    desk.view.reset();
+    EXPECT_TRUE(WaitUntil([&] { return desk.window.findChild<QtLoginDialog*>() == nullptr; }));
+    desk.view = desk.engine.Create(2, desk.events);
+}
+
+TEST(LoginsOfTabs, ABackgroundTabAsksWhenItIsSelected) {
+    LocalServer server;
+    server.Answer(kSecret, Guarded);
+    EngineDesk desk;
+    auto* view = desk.main->GetNewBrowser(InFront::No);
+    ResumeNext(view->Navigate(FromQt(server.Address(kSecret))));
+    ASSERT_TRUE(WaitUntil([&] { return desk.main->pcPage.Find(u"Tab2")->Asks(); }));
+    EXPECT_EQ(desk.main->pcPage.SelectedItem()->Key(), u"Tab1");
+    auto* dialog = desk.window.findChild<QtLoginDialog*>();
+    EXPECT_FALSE(dialog->isVisible());
+    desk.main->pcPage.UserClick(desk.main->pcPage.Find(u"Tab2"));
+    EXPECT_TRUE(WaitUntil([&] { return dialog->isVisible(); }));
+}
+
+} // namespace
