@@ -6,7 +6,9 @@ namespace Version {
 
 inline constexpr TextView kProduct = u"TessaView";
 inline constexpr TextView kNumber = u"3.02";
-/// The program's revision number.
+/// The number in its parts.
+inline constexpr int kMajor = 3;
+inline constexpr int kMinor = 2;
 inline constexpr int kRevision = 159;
 
 } // namespace Version

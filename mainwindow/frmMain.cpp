@@ -1,6 +1,7 @@
 #include "mainwindow/frmMain.h"
 
 #include "commands/DesignTimeBar.h"
+#include "mainwindow/MainCommands.h"
 #include "mainwindow/MainLoad.h"
 #include "mainwindow/MainUnload.h"
 #include "mainwindow/frmSessions.h"
@@ -41,6 +42,7 @@ void frmMain::WireParts() {
     pcPage.Touched = [this] { Sessions.Touch(); };
     Events.Navigated = [this] { Sessions.Touch(); };
     Pages.ApplyLoadOptions = Platform.applyLoadOptions;
+    MainCommands::Fill(Commands.host, *this);
     Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
     Commands.host.ShowAbout = [this] { ShowAbout(); };
     Commands.host.ShowSessions = [this] { ShowSessions(); };

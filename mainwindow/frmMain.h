@@ -6,6 +6,7 @@
 #include "common/platform/LayoutFile.h"
 #include "common/platform/MainWindow.h"
 #include "common/platform/SettingsStorage.h"
+#include "common/platform/Shell.h"
 #include "groups/GroupCommands.h"
 #include "mainwindow/LayoutKeeper.h"
 #include "mainwindow/MainKeyboard.h"
@@ -16,6 +17,7 @@
 #include <functional>
 
 class frmDefBrowser;
+class frmResize;
 class frmSessions;
 class frmSettings;
 class frmSplash;
@@ -31,12 +33,15 @@ struct MainWindowPlatform {
     SessionFiles& sessions;
     LayoutFile& layout;
     DefaultBrowser& defaultBrowser;
+    Shell& shell;
     /// Shows the settings dialog and returns when it is hidden.
     std::function<void(frmSettings&)> showSettings;
     /// Shows the question about the default browser and returns when it is hidden.
     std::function<void(frmDefBrowser&)> showDefBrowser;
     /// Shows the About box and returns when it is hidden.
     std::function<void(frmSplash&)> showAbout;
+    /// Shows the dialog for the width of a box and returns when it is hidden.
+    std::function<void(frmResize&)> showResize;
     /// The full path of the running program.
     Text programPath;
     /// Where TessaGroup files lie, with the separator at the end.

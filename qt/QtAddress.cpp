@@ -1,6 +1,7 @@
 #include "qt/QtAddress.h"
 
 #include "commands/Endpoints.h"
+#include "qt/QtMail.h"
 #include "qt/QtText.h"
 
 #include <QDir>
@@ -50,6 +51,7 @@ QtAddress QtAddress::FromTyped(TextView typed) {
     const QString text = ToQt(typed).trimmed();
     if (text.isEmpty() || text.startsWith(u"javascript:", Qt::CaseInsensitive)) return {Blank(), {}};
     if (const auto words = WithWords(ToQt(typed))) return {*words, {}};
+    if (QtMail::IsMail(text)) return {QtMail::AddressOf(text), {}};
     if (QDir::isAbsolutePath(text) || QFileInfo::exists(text)) {
         return {QUrl::fromLocalFile(QFileInfo(text).absoluteFilePath()), {}};
     }

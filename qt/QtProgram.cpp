@@ -16,11 +16,13 @@
 #include "qt/QtPage.h"
 #include "qt/QtPageBars.h"
 #include "qt/QtRequests.h"
+#include "qt/QtResizeDialog.h"
 #include "qt/QtSessionFiles.h"
 #include "qt/QtSessionOffer.h"
 #include "qt/QtSessionsDialog.h"
 #include "qt/QtSettingsDialog.h"
 #include "qt/QtSettingsStorage.h"
+#include "qt/QtShell.h"
 #include "qt/QtSignals.h"
 #include "qt/QtSplash.h"
 #include "qt/QtStartPage.h"
@@ -78,10 +80,12 @@ struct QtProgram::Parts {
                 .sessions = sessions,
                 .layout = layout,
                 .defaultBrowser = defaultBrowser,
+                .shell = shell,
                 .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
                 // Above the splash, which would cover it.
                 .showDefBrowser = [this](frmDefBrowser& form) { ShowModal(form, splash.Window()); },
                 .showAbout = [this](frmSplash& form) { ShowModal(form, &window); },
+                .showResize = [this](frmResize& form) { ShowModal(form, &window); },
                 .programPath = FromQt(QCoreApplication::applicationFilePath()),
                 .groupFolder = FromQt(folders.GroupFolder()),
                 .commands = Operations(),
@@ -135,6 +139,7 @@ struct QtProgram::Parts {
     QtFileDialogs files;
     QtSplash splash;
     QtDefaultBrowser defaultBrowser;
+    QtShell shell;
     QtMainWindow window;
     QtRequests requests;
     QtEngine engine;

@@ -81,6 +81,7 @@ SettingsStore::SettingsStore(SettingsStorageFactory& factory)
       LoadSounds(*m_storage, u"LoadSounds", true),
       MailClient(*m_storage, u"MailClient"),
       NewsClient(*m_storage, u"NewsClient"),
+      EnvironmentText(*m_storage, u"EnvironmentText"),
       SearchService(*m_storage, u"SearchService"),
       ShopService(*m_storage, u"ShopService"),
       FindService(*m_storage, u"FindService") {}

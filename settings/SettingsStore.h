@@ -80,13 +80,14 @@ public:
     Setting<bool> AllowMultipleInstances;
     Setting<bool> ShowStatusBar;
 
-    Setting<bool> LoadImages;     ///< pages may load images
-    Setting<bool> LoadAnimations; ///< pages may show animated pictures moving
-    Setting<bool> LoadVideos;     ///< pages may play videos
-    Setting<bool> LoadSounds;     ///< pages may play sounds
-    Setting<Text> MailClient;     ///< command line of the user's mail program; may hold %NAME% references
-    Setting<Text> NewsClient;     ///< command line of the user's news program; may hold %NAME% references
-    Setting<Text> SearchService;  ///< address of the search service, "%s" for the words; empty for the one by design
-    Setting<Text> ShopService;    ///< what the Shop links lead to, "%s" for the link's name; empty as above
-    Setting<Text> FindService;    ///< what the Find links lead to, likewise
+    Setting<bool> LoadImages;      ///< pages may load images
+    Setting<bool> LoadAnimations;  ///< pages may show animated pictures moving
+    Setting<bool> LoadVideos;      ///< pages may play videos
+    Setting<bool> LoadSounds;      ///< pages may play sounds
+    Setting<Text> MailClient;      ///< command line of the user's mail program; may hold %NAME% references
+    Setting<Text> NewsClient;      ///< command line of the user's news program; may hold %NAME% references
+    Setting<Text> EnvironmentText; ///< what a bug report calls the system; empty for what the system calls itself
+    Setting<Text> SearchService;   ///< address of the search service, "%s" for the words; empty for the one by design
+    Setting<Text> ShopService;     ///< what the Shop links lead to, "%s" for the link's name; empty as above
+    Setting<Text> FindService;     ///< what the Find links lead to, likewise
 };

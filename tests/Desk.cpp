@@ -13,6 +13,7 @@ Desk::Desk(FakeSettings* shared)
             .sessions = sessions,
             .layout = layout,
             .defaultBrowser = defaultBrowser,
+            .shell = shell,
             .showSettings =
                 [this](frmSettings& form) {
                     if (inSettings) inSettings(form);
@@ -24,6 +25,10 @@ Desk::Desk(FakeSettings* shared)
             .showAbout =
                 [this](frmSplash& form) {
                     if (inAbout) inAbout(form);
+                },
+            .showResize =
+                [this](frmResize& form) {
+                    if (inResize) inResize(form);
                 },
             .programPath = u"/programs/tessaview",
             .groupFolder = u"/groups/",

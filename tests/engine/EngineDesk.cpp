@@ -151,9 +151,11 @@ EngineDesk::EngineDesk() {
                                                         .sessions = sessions,
                                                         .layout = layout,
                                                         .defaultBrowser = defaultBrowser,
+                                                        .shell = shell,
                                                         .showSettings = {},
                                                         .showDefBrowser = {},
                                                         .showAbout = {},
+                                                        .showResize = {},
                                                         .programPath = {},
                                                         .groupFolder = {}});
     main->Form_Load(u"about:blank");

@@ -92,6 +92,7 @@ public:
     FakeSessions sessions;
     FakeLayoutFile layout;
     FakeDefaultBrowser defaultBrowser;
+    FakeShell shell;
     QtEngine engine{&window, {}, {}};
     std::unique_ptr<frmMain> main;
 };

@@ -48,6 +48,18 @@ Outcome FakeDefaultBrowser::MakeDefault(TextView name, TextView path) {
     return Outcome::Done;
 }
 
+std::optional<Text> FakeShell::EnvironmentVariable(TextView name) const {
+    const auto found = variables.find(name);
+    return found == variables.end() ? std::nullopt : std::optional(found->second);
+}
+
+Outcome FakeShell::Start(const std::vector<Text>& words) {
+    std::string all;
+    for (const Text& word : words) all += "<" + ToUtf8(word) + ">";
+    m_log.Add(all);
+    return refuses ? Outcome::Failed : Outcome::Done;
+}
+
 Outcome FakeChannel::RegisterMessage(TextView name) {
     m_log.Add("register " + ToUtf8(name));
     return Outcome::Done;

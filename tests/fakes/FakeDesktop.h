@@ -6,7 +6,9 @@
 #include "common/platform/LayoutFile.h"
 #include "common/platform/MainWindow.h"
 #include "common/platform/SessionFiles.h"
+#include "common/platform/Shell.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -117,6 +119,22 @@ public:
     bool isDefault = true;
     bool refuses = false;           ///< making one the default fails
     std::vector<std::string> calls; ///< "query NAME PATH" and "make NAME PATH"
+};
+
+/// Starts nothing; remembers what it was to start, each word in angle brackets.
+class FakeShell final : public Shell {
+public:
+    [[nodiscard]] std::optional<Text> EnvironmentVariable(TextView name) const override;
+    Outcome Start(const std::vector<Text>& words) override;
+    [[nodiscard]] Text SystemName() const override { return system; }
+    /// The programs started so far; forgets them.
+    std::string Take() { return m_log.Take(); }
+    std::map<Text, Text, std::less<>> variables;
+    Text system;
+    bool refuses = false; ///< no program starts
+
+private:
+    FakeLog m_log;
 };
 
 class FakeApplication final : public Application {

@@ -1,0 +1,13 @@
+#pragma once
+#include <QString>
+#include <QUrl>
+
+/// Addresses that begin a mail, on their way to the desktop's mail program.
+namespace QtMail {
+
+[[nodiscard]] bool IsMail(const QString& text);
+/// The address as mail programs read it. What the program's own mails say arrives whole, whatever it contains; in any
+/// other address only what no mail address may contain is encoded.
+[[nodiscard]] QUrl AddressOf(const QString& text);
+
+} // namespace QtMail

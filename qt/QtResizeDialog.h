@@ -1,0 +1,19 @@
+#pragma once
+#include "commands/frmResize.h"
+
+#include <QDialog>
+
+class QHBoxLayout;
+
+/// The window of `frmResize`: lays out its controls and binds them. The form must outlive it.
+class QtResizeDialog : public QDialog {
+public:
+    explicit QtResizeDialog(frmResize& form, QWidget* parent = nullptr);
+
+private:
+    QHBoxLayout* Steps(frmResize& form);
+    QHBoxLayout* CloseRow(frmResize& form);
+};
+
+/// Shows the form over `parent` until it hides. Escape and the window's close button mean Close.
+void ShowModal(frmResize& form, QWidget* parent);
