@@ -16,6 +16,8 @@ void ClearAddresses(CommandContext& context) { ClearList(context, u"cboAddress")
 
 void ClearSearches(CommandContext& context) { ClearList(context, u"cboSearch"); }
 
+void StopAll(CommandContext& context) { context.groups.StopAll(); }
+
 void ToggleStatusBar(CommandContext& context) { context.tabs.ToggleStatusBar(); }
 
 /// Runs an operation of the host.
@@ -100,6 +102,7 @@ const std::array kCommands{
     Command{u"mnuTabRefresh", Tabs::PopupRefresh},
     Command{u"mnuTabClose", Tabs::PopupClose},
     FromHost<&CommandHost::ShowSessions>(u"xtrSessions"),
+    Command{u"xtrStopAll", StopAll},
 };
 
 } // namespace

@@ -169,6 +169,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndMore", u"xtrMore"},
 
     EntryRow{u"bndMoreMenu", u"xtrSessions"},
+    EntryRow{u"bndMoreMenu", u"xtrStopAll"},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.

@@ -165,27 +165,20 @@ constexpr std::array kOwnTools{
     ToolRow{u"xtrMore", u"&More", u"More", u"Shows more commands", u"application-menu", u"bndMoreMenu"},
     ToolRow{u"xtrSessions", u"Earlier &Sessions...", u"More", u"Opens pages of earlier sessions again", u"view-history",
             u""},
+    ToolRow{u"xtrStopAll", u"Stop &All Pages", u"More", u"Stops every page that is loading", u"process-stop", u""},
 };
 
 constexpr std::int32_t kCtrl = Keys::kCtrl, kAlt = Keys::kAlt;
 constexpr std::array kShortcuts{
-    Shortcut{u"mnuNewBlank", {'T', kCtrl}},
-    Shortcut{u"mnuClose", {'W', kCtrl}},
-    Shortcut{u"mnuOpen", {'O', kCtrl}},
-    Shortcut{u"mnuSaveAs", {'S', kCtrl}},
-    Shortcut{u"mnuPrint", {'P', kCtrl}},
-    Shortcut{u"mnuFind", {'F', kCtrl}},
-    Shortcut{u"mnuRefresh", {Keys::kF5, 0}},
-    Shortcut{u"mnuRefresh", {'R', kCtrl}},
-    Shortcut{u"mnuStop", {Keys::kEscape, 0}},
-    Shortcut{u"mnuGoBack", {Keys::kLeft, kAlt}},
-    Shortcut{u"mnuGoForward", {Keys::kRight, kAlt}},
-    Shortcut{u"mnuHome", {Keys::kHome, kAlt}},
-    Shortcut{u"cboAddress", {'L', kCtrl}},
-    Shortcut{u"cboSearch", {'K', kCtrl}},
-    Shortcut{u"mnuAddToFavorites", {'D', kCtrl}},
-    Shortcut{u"mnuViewSource", {'U', kCtrl}},
-    Shortcut{u"mnuExit", {'Q', kCtrl}},
+    Shortcut{u"mnuNewBlank", {'T', kCtrl}},      Shortcut{u"mnuClose", {'W', kCtrl}},
+    Shortcut{u"mnuOpen", {'O', kCtrl}},          Shortcut{u"mnuSaveAs", {'S', kCtrl}},
+    Shortcut{u"mnuPrint", {'P', kCtrl}},         Shortcut{u"mnuFind", {'F', kCtrl}},
+    Shortcut{u"mnuRefresh", {Keys::kF5, 0}},     Shortcut{u"mnuRefresh", {'R', kCtrl}},
+    Shortcut{u"mnuStop", {Keys::kEscape, 0}},    Shortcut{u"xtrStopAll", {Keys::kEscape, Keys::kShift}},
+    Shortcut{u"mnuGoBack", {Keys::kLeft, kAlt}}, Shortcut{u"mnuGoForward", {Keys::kRight, kAlt}},
+    Shortcut{u"mnuHome", {Keys::kHome, kAlt}},   Shortcut{u"cboAddress", {'L', kCtrl}},
+    Shortcut{u"cboSearch", {'K', kCtrl}},        Shortcut{u"mnuAddToFavorites", {'D', kCtrl}},
+    Shortcut{u"mnuViewSource", {'U', kCtrl}},    Shortcut{u"mnuExit", {'Q', kCtrl}},
     Shortcut{u"mnuHelp", {Keys::kF1, 0}},
 };
 

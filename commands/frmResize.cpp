@@ -15,7 +15,7 @@ frmResize::frmResize(CommandBar& actBar)
 ComboTool* frmResize::Target() const { return m_actBar.FindCombo(m_mode == u"Search" ? u"cboSearch" : u"cboAddress"); }
 
 void frmResize::cmdResize_Click(std::size_t Index) {
-    const auto step = RoundedNumber(cmdResize.at(Index).Caption);
+    const auto step = RoundedNumber(cmdResize.at(Index).Caption());
     auto* box = Target();
     if (!box || !step) return;
     const std::int64_t width = std::int64_t{box->Width().value} + *step;

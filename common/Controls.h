@@ -21,6 +21,8 @@ struct CheckBox {
 struct TextBox {
     Property<Text> Value;
     Property<bool> Enabled{true};
+    /// Gives the box the keyboard, its text selected. Filled in by the view, empty without one.
+    std::function<void()> SetFocus;
 };
 
 struct Label {
@@ -30,10 +32,15 @@ struct Label {
 
 struct Button {
     explicit Button(Text caption) : Caption(std::move(caption)) {}
-    Text Caption;
+    Property<Text> Caption;
     Property<bool> Enabled{true};
     Property<bool> Visible{true};
     std::function<void()> Click;
+};
+
+/// A part of a form with controls of its own.
+struct Frame {
+    Property<bool> Visible{false};
 };
 
 /// Whether a form is on the screen; hiding ends a modal show.

@@ -1,11 +1,15 @@
 #pragma once
-#include "common/Property.h"
+#include "common/Controls.h"
 #include "common/Text.h"
 #include "common/Units.h"
 
-/// The status bar: a single text, shown or hidden. `Height` is what its view needs, reported by the view.
+/// The status bar: a single text, shown or hidden, and a button while there is something to stop. `Height` is what its
+/// view needs, reported by the view.
 struct StatusBar {
+    StatusBar() { StopAll.Visible = false; }
+
     Property<Text> SimpleText;
     Property<bool> Visible{true};
+    Button StopAll{u"Stop all"};
     Pixels Height{24};
 };

@@ -1,20 +1,59 @@
 #pragma once
+#include "groups/LoadProgress.h"
+#include "groups/frmTessaGroup.h"
 #include "tabs/TabSet.h"
 
-/// What the main window does with TessaGroups. Owned by the main window.
+#include <vector>
+
+/// What the main window does with TessaGroups. A group is named by the full path of its file. What goes wrong with a
+/// file is said in the status bar. Owned by the main window.
 class GroupCommands {
 public:
-    /// `tabs` outlives this object.
-    explicit GroupCommands(TabSet& tabs) : m_tabs(tabs) {}
+    /// What the commands work on; all of it outlives them.
+    struct Parts {
+        TabSet& tabs;
+        TabStrip& pcPage;
+        ViewArray& Browser;
+        StatusBar& sbStatus;
+        MessageBoxes& messages;
+        FileDialogs& files;
+        const Text& groupFolder; ///< with the separator at the end
+    };
+    explicit GroupCommands(Parts parts);
+    GroupCommands(const GroupCommands&) = delete;
+    GroupCommands& operator=(const GroupCommands&) = delete;
 
-    /// Opens every address of a group file (its full path), one tab an address, the last one in front. With
-    /// `TGCloseOthersFirst` only the leftmost tab stays, and shows the first address. A file that cannot be read is a
-    /// group without addresses.
-    void OpenTessaGroup(TextView TessaGroup);
+    /// Opens every address of a group, one tab an address, the last one in front. With `TGCloseOthersFirst` only the
+    /// leftmost tab stays, and shows the first address. A file that cannot be read is a group without addresses.
+    void OpenTessaGroup(TextView TessaGroup) { OpenTessaGroups({Text(TessaGroup)}); }
+    /// Opens several groups as if they were one.
+    void OpenTessaGroups(const std::vector<Text>& groups);
+    /// Writes an address into a group, which is made when missing.
+    void AddToTessaGroup(TextView URL, TextView SGFile);
+    /// Saves all open tabs as that group; asks before it replaces one.
+    void SaveAsTessaGroup(TextView path);
+    /// Edits that group.
+    void OrganizeTessaGroup(TextView sFileName);
+    /// Asks which group to edit, and edits it. A file whose name does not end in ".tvg" is not edited.
+    void OrganizeTessaGroups();
+
+    /// Whether a path names a group: by ".tvg" at its end, in small letters.
+    [[nodiscard]] static bool IsGroupFile(TextView path) { return path.ends_with(u".tvg"); }
+
+    /// The view's page has loaded, or the view has gone.
+    void PageDone(std::int32_t index) { m_progress.Done(index); }
+    /// Stops every page that loads or waits to; the tabs stay, and show what they were to load when they are refreshed.
+    void StopAll();
 
     /// Whether the other tabs are closed when a group is opened.
     bool TGCloseOthersFirst = false;
+    /// Shows the editor and returns when it is hidden. Filled in by the main window.
+    std::function<void(frmTessaGroup&)> ShowEditor;
 
 private:
-    TabSet& m_tabs;
+    void Open(const std::vector<Text>& addresses);
+    [[nodiscard]] Text TitleOf(TextView address) const;
+
+    Parts m_parts;
+    LoadProgress m_progress;
 };

@@ -13,7 +13,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       Events(Tabs, Browser),
       Browser(Platform.views, Events),
       Tabs(pcPage, Browser, actBar, sbStatus, Platform.messages),
-      Groups(Tabs),
+      Groups({Tabs, pcPage, Browser, sbStatus, Platform.messages, Platform.files, Platform.groupFolder}),
       StripInput(Tabs, pcPage, Browser, actBar),
       Pages(Tabs, actBar, Platform.settings),
       Boxes(Tabs, actBar),
@@ -47,7 +47,17 @@ void frmMain::WireParts() {
     Commands.host.ShowAbout = [this] { ShowAbout(); };
     Commands.host.ShowSessions = [this] { ShowSessions(); };
     Commands.host.Exit = [this] { Platform.window.Close(); };
+    WireGroups();
     m_dispatcher.DisableUnavailable();
+}
+
+void frmMain::WireGroups() {
+    Events.Loaded = [this](std::int16_t Index) { Groups.PageDone(Index); };
+    Browser.Unloaded = [this](std::int32_t index) { Groups.PageDone(index); };
+    Groups.ShowEditor = Platform.showTessaGroup;
+    Commands.host.AddToTessaGroup = [this](TextView URL, TextView SGFile) { AddToTessaGroup(URL, SGFile); };
+    Commands.host.SaveAsTessaGroup = [this](TextView path) { Groups.SaveAsTessaGroup(path); };
+    Commands.host.OrganizeTessaGroups = [this] { Groups.OrganizeTessaGroups(); };
 }
 
 void frmMain::Form_Load(TextView commandLine) {

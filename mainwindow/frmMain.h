@@ -59,6 +59,8 @@ struct MainWindowPlatform {
     std::function<Text(std::int64_t)> timeText{};
     /// Puts the stored load switches into effect for the engine.
     std::function<void()> applyLoadOptions{};
+    /// Shows the editor of a TessaGroup and returns when it is hidden.
+    std::function<void(frmTessaGroup&)> showTessaGroup{};
 };
 
 /// The main window: owns its controls and parts, and forwards to them.
@@ -78,6 +80,8 @@ public:
 
     BrowserView* GetNewBrowser(InFront inFront) { return Tabs.GetNewBrowser(inFront); }
     void OpenTessaGroup(TextView TessaGroup) { Groups.OpenTessaGroup(TessaGroup); }
+    void AddToTessaGroup(TextView URL, TextView SGFile) { Groups.AddToTessaGroup(URL, SGFile); }
+    void OrganizeTessaGroup(TextView sFileName) { Groups.OrganizeTessaGroup(sFileName); }
     void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
     /// The address box and the search box.
     [[nodiscard]] ComboTool* AddressCombo() const { return Tabs.AddressCombo(); }
@@ -109,6 +113,7 @@ private:
     enum class Stage { New, Loaded, Unloaded };
 
     void WireParts();
+    void WireGroups();
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
     void ShowSettingsDialog();

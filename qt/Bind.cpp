@@ -83,10 +83,12 @@ void Bind(CheckBox& box, QCheckBox& widget, const QString& name, QChar accessKey
 }
 
 void Bind(Button& button, QPushButton& widget, const QString& name, QChar accessKey) {
-    const QString caption = ToQt(button.Caption);
     widget.setObjectName(name);
-    widget.setText(Shown(caption, accessKey));
-    widget.setAccessibleName(Spoken(caption, accessKey.isNull()));
+    Follow<Text>(button.Caption, widget, [&widget, accessKey](const Text& text) {
+        const QString caption = ToQt(text);
+        widget.setText(Shown(caption, accessKey));
+        widget.setAccessibleName(Spoken(caption, accessKey.isNull()));
+    });
     FollowEnabled(button.Enabled, widget);
     Follow<bool>(button.Visible, widget, [&widget](bool visible) {
         // Only what was hidden is shown: a widget that has no parent yet would come up as a window.
@@ -111,6 +113,11 @@ void Bind(TextBox& box, QLineEdit& widget, const QString& name, const QString& a
     // The widget must not cut what the form holds.
     widget.setMaxLength(std::numeric_limits<int>::max());
     FollowEnabled(box.Enabled, widget);
+    box.SetFocus = [&widget] {
+        widget.setFocus(Qt::OtherFocusReason);
+        widget.selectAll();
+    };
+    QObject::connect(&widget, &QObject::destroyed, [&box] { box.SetFocus = {}; });
     Follow<Text>(box.Value, widget, [&widget](const Text& text) {
         // Setting the same text again would move the cursor.
         if (const QString shown = ToQt(text); shown != widget.text()) widget.setText(shown);

@@ -24,10 +24,26 @@ Answer QtMessageBoxes::AskYesNoCancel(TextView question) {
     }
 }
 
+void QtMessageBoxes::Inform(TextView message) {
+    QMessageBox box(QMessageBox::Information, QGuiApplication::applicationDisplayName(), ToQt(message), QMessageBox::Ok,
+                    QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
 namespace {
 
+// Where only one kind of file is meant, a name without an ending means that kind.
+QString OnlyEnding(const QStringList& filters) {
+    static const QRegularExpression kOnePattern(QStringLiteral("\\(\\*\\.(\\w+)\\)$"));
+    return filters.size() == 1 ? kOnePattern.match(filters.constFirst()).captured(1) : QString();
+}
+
 Text Show(QFileDialog& dialog, const FileDialogRequest& request) {
-    if (const QStringList filters = QtNameFilters(request.Filter); !filters.isEmpty()) dialog.setNameFilters(filters);
+    if (const QStringList filters = QtNameFilters(request.Filter); !filters.isEmpty()) {
+        dialog.setNameFilters(filters);
+        dialog.setDefaultSuffix(OnlyEnding(filters));
+    }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return FromQt(dialog.selectedFiles().constFirst());
 }

@@ -9,6 +9,7 @@
 class QtMessageBoxes final : public MessageBoxes {
 public:
     Answer AskYesNoCancel(TextView question) override;
+    void Inform(TextView message) override;
 };
 
 /// The desktop's file dialog.

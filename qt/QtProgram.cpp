@@ -7,8 +7,10 @@
 #include "qt/QtDefaultBrowser.h"
 #include "qt/QtDialogs.h"
 #include "qt/QtEngine.h"
+#include "qt/QtFileDrop.h"
 #include "qt/QtFindBar.h"
 #include "qt/QtFolders.h"
+#include "qt/QtGroupEditor.h"
 #include "qt/QtInstanceChannel.h"
 #include "qt/QtKeys.h"
 #include "qt/QtLayoutFile.h"
@@ -93,11 +95,13 @@ struct QtProgram::Parts {
                 .withdrawOffer = [this] { offer.Withdraw(); },
                 .showSessions = [this](frmSessions& form) { ShowModal(form, &window); },
                 .timeText = SessionTimeText,
-                .applyLoadOptions = [this] { ApplyLoadOptions(); }}),
+                .applyLoadOptions = [this] { ApplyLoadOptions(); },
+                .showTessaGroup = [this](frmTessaGroup& form) { ShowModal(form, &window); }}),
           strip(main.pcPage),
           statusBar(main.sbStatus),
           commandBar(main.actBar, window),
           keys(window),
+          fileDrop(window),
           findBar(window.PageArea()),
           offer(window.PageArea()) {}
 
@@ -148,6 +152,7 @@ struct QtProgram::Parts {
     QtStatusBar statusBar;
     QtCommandBar commandBar;
     QtKeys keys;
+    QtFileDrop fileDrop;
     QtFindBar findBar;
     QtSessionOffer offer;
     QtPageBars bars;
@@ -197,6 +202,8 @@ void QtProgram::WireWindow() {
     m->keys.Down = [&main](KeyStroke key) { return main.Form_KeyDown(key); };
     m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
     m->settings.SetReport([this](const Text& message) { m->statusBar.Notice(ToQt(message)); });
+    m->fileDrop.Takes = GroupCommands::IsGroupFile;
+    m->fileDrop.Dropped = [&main](const std::vector<Text>& files) { main.Groups.OpenTessaGroups(files); };
     m->channel.Foreground = [this](const QByteArray& token) { m->window.BringToForeground(token); };
 }
 

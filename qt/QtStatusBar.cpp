@@ -1,8 +1,10 @@
 #include "qt/QtStatusBar.h"
 
+#include "qt/Bind.h"
 #include "qt/QtText.h"
 
 #include <QEvent>
+#include <QPushButton>
 #include <chrono>
 
 namespace {
@@ -10,7 +12,8 @@ constexpr std::chrono::milliseconds kTextDelay{100};
 constexpr std::int32_t kPadding = 8;
 } // namespace
 
-QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent) : QStatusBar(parent), m_bar(bar) {
+QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
+    : QStatusBar(parent), m_bar(bar), m_stopAll(new QPushButton(this)) {
     setObjectName(QStringLiteral("sbStatus"));
     setAccessibleName(QStringLiteral("Status"));
     setSizeGripEnabled(false);
@@ -20,6 +23,9 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent) : QStatusBar(parent), 
     connect(&m_noticeTimer, &QTimer::timeout, this, &QtStatusBar::ShowText);
     // Else nobody would know who cannot see it.
     connect(this, &QStatusBar::messageChanged, this, &QWidget::setAccessibleDescription);
+    Bind(m_bar.StopAll, *m_stopAll, QStringLiteral("cmdStopAll"));
+    m_stopAll->setFocusPolicy(Qt::TabFocus);
+    m_stopAll->setAutoFillBackground(true);
     Measure();
     m_bar.SimpleText.Attach([this](const Text&) {
         if (!m_textTimer.isActive()) m_textTimer.start(kTextDelay);
@@ -41,6 +47,17 @@ void QtStatusBar::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Measure();
 }
 
+void QtStatusBar::resizeEvent(QResizeEvent* event) {
+    QStatusBar::resizeEvent(event);
+    LayStopAll();
+}
+
+// Over the end of the text, because a widget of the bar's own layout would make it higher.
+void QtStatusBar::LayStopAll() {
+    const int wanted = m_stopAll->sizeHint().width();
+    m_stopAll->setGeometry(width() - wanted - kPadding, 1, wanted, height() - 2);
+}
+
 void QtStatusBar::ShowText() {
     if (!m_noticeTimer.isActive()) showMessage(ToQt(m_bar.SimpleText()));
 }
@@ -57,6 +74,7 @@ void QtStatusBar::FollowVisible() {
 
 void QtStatusBar::Measure() {
     const Pixels height{fontMetrics().height() + kPadding};
+    LayStopAll();
     if (height == m_bar.Height) return;
     m_bar.Height = height;
     if (HeightChanged) HeightChanged();

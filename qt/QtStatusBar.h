@@ -6,6 +6,8 @@
 #include <chrono>
 #include <functional>
 
+class QPushButton;
+
 /// Shows a `StatusBar`, which outlives it. Texts are gathered for a tenth of a second, because any repaint has the
 /// whole window composed again with the page's picture. Its owner gives it its place.
 class QtStatusBar final : public QStatusBar {
@@ -24,12 +26,15 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void FollowVisible();
+    void LayStopAll();
     void ShowText();
     void Measure();
 
     StatusBar& m_bar;
+    QPushButton* m_stopAll;
     QTimer m_textTimer, m_noticeTimer;
 };

@@ -36,11 +36,16 @@ BrowserView* BrowserEvents::NewWindow2(std::int16_t) {
 // Deliberate: a tab turns idle as soon as its navigation completes, before the document has, and the completion of
 // any frame clears the mark too.
 void BrowserEvents::NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) {
-    DocumentComplete(Index, pDisp, URL);
+    ShowIdle(Index, pDisp, URL);
     if (Navigated) Navigated();
 }
 
 void BrowserEvents::DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) {
+    ShowIdle(Index, pDisp, URL);
+    if (Loaded && pDisp == PageLevel::Top) Loaded(Index);
+}
+
+void BrowserEvents::ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL) {
     if (m_tabs.IsSelected(Index)) {
         ShowAddress(pDisp, URL);
         m_tabs.UpdateStopRefresh();

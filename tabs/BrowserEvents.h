@@ -24,8 +24,11 @@ public:
 
     /// A view shows another address or title than before. Filled in by the main window.
     std::function<void()> Navigated;
+    /// A view's page has loaded, or its load has ended otherwise. Filled in by the main window.
+    std::function<void(std::int16_t Index)> Loaded;
 
 private:
+    void ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL);
     void ShowAddress(PageLevel pDisp, TextView URL);
 
     TabSet& m_tabs;

@@ -34,7 +34,8 @@ ArrayView* ViewArray::Find(std::int32_t index) {
 }
 
 void ViewArray::Unload(std::int32_t index) {
-    if (index != 1) m_views.erase(index);
+    if (index == 1 || m_views.erase(index) == 0) return;
+    if (Unloaded) Unloaded(index);
 }
 
 void ViewArray::ParkAllBut(std::int32_t index) {

@@ -1,6 +1,7 @@
 #pragma once
 #include "common/platform/BrowserView.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -41,6 +42,9 @@ public:
     void UnloadAll() { m_views.clear(); }
     /// Parks every view but that one.
     void ParkAllBut(std::int32_t index);
+
+    /// Element `index` has been destroyed. Filled in by the main window.
+    std::function<void(std::int32_t index)> Unloaded;
 
 private:
     BrowserViewFactory& m_factory;

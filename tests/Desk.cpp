@@ -36,7 +36,11 @@ Desk::Desk(FakeSettings* shared)
                 [this](frmSessions& form) {
                     if (inSessions) inSessions(form);
                 },
-            .timeText = [](std::int64_t time) { return u"at " + Decimal(time); }}),
+            .timeText = [](std::int64_t time) { return u"at " + Decimal(time); },
+            .showTessaGroup =
+                [this](frmTessaGroup& form) {
+                    if (inTessaGroup) inTessaGroup(form);
+                }}),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] { main.Form_Unload(); };
 }

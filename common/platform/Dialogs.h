@@ -3,14 +3,16 @@
 
 enum class Answer { Yes, No, Cancel };
 
-/// Questions to the user. Owned by the program's entry. A dialog runs its own event loop: what was looked up before
-/// may be gone when it returns.
+/// Questions and messages to the user. Owned by the program's entry. A dialog runs its own event loop: what was looked
+/// up before may be gone when it returns.
 class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
     /// A modal question with the buttons Yes, No and Cancel and the question icon, titled with the application's
     /// title. Closing the box answers Cancel.
     virtual Answer AskYesNoCancel(TextView question) = 0;
+    /// A modal message with the information icon and an OK button, titled with the application's title.
+    virtual void Inform(TextView message) = 0;
 };
 
 /// One use of the common file dialog `cmDialog`.

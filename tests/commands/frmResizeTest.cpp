@@ -28,9 +28,9 @@ protected:
 
 TEST_F(frmResizeTest, HasTheStepsFromLeftToRight) {
     std::string captions;
-    for (const Button& each : m_form.cmdResize) captions += ToUtf8(each.Caption) + " ";
+    for (const Button& each : m_form.cmdResize) captions += ToUtf8(each.Caption()) + " ";
     EXPECT_EQ(captions, "-100 -25 -10 -1 +1 +10 +25 +100 ");
-    EXPECT_EQ(m_form.cmdClose.Caption, u"&Close");
+    EXPECT_EQ(m_form.cmdClose.Caption(), u"&Close");
     EXPECT_EQ(m_form.Caption, u"Resize");
 }
 

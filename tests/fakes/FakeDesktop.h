@@ -24,8 +24,10 @@ struct FakeLog {
 class FakeMessages final : public MessageBoxes {
 public:
     Answer AskYesNoCancel(TextView question) override;
+    void Inform(TextView message) override { told.emplace_back(message); }
     Answer answer = Answer::Cancel;
     std::vector<Text> asked;
+    std::vector<Text> told;
     std::function<void()> whileOpen; ///< what happens behind the box before it is answered
 };
 

@@ -1,5 +1,8 @@
 #include "tests/Desk.h"
+#include "tests/fakes/FullDisk.h"
 #include "tests/fakes/TemporaryFolder.h"
+
+#include <filesystem>
 
 namespace {
 
@@ -72,6 +75,241 @@ TEST(OpenTessaGroup, AGroupOnTheCommandLineOpensBesideABlankTab) {
     desk.Start(group.File());
     EXPECT_EQ(desk.Strip(), "1 2 3 [4*]") << "a group does not keep the last sites from opening beside it";
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://a/");
+}
+
+TEST(OpenTessaGroup, SeveralGroupsOpenAsOne) {
+    const Group one({"http://a/", "http://b/"});
+    const Group two({"http://c/"});
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.main.Groups.TGCloseOthersFirst = true;
+    desk.main.Groups.OpenTessaGroups({one.File(), two.File()});
+    EXPECT_EQ(desk.Strip(), "1 4 [5*]");
+    EXPECT_EQ(desk.views.Calls(5), "go about:blank, go http://c/");
+}
+
+TEST(OpenTessaGroup, AGroupThatCannotBeReadIsNamedInTheStatusBar) {
+    Desk desk;
+    desk.StartWithTabs(1);
+    desk.main.OpenTessaGroup(u"/nowhere/News.tvg");
+    EXPECT_EQ(desk.Status(), "The TessaGroup News could not be read.");
+}
+
+/// A desk on which a group of that many addresses has been opened beside the first tab; view 2 shows the first.
+struct ManyPages : testing::Test {
+    void Open(std::size_t count) {
+        desk.Start();
+        std::vector<std::string> addresses(count);
+        for (std::size_t i = 0; i < count; ++i) addresses[i] = "http://" + std::to_string(i + 2) + "/";
+        const Group group(addresses);
+        desk.main.OpenTessaGroup(group.File());
+    }
+    void Loads(int index) { desk.PageLoads(index, u"http://x/", u"x"); }
+    [[nodiscard]] bool StopOffered() const { return desk.main.sbStatus.StopAll.Visible(); }
+    Desk desk;
+};
+
+TEST_F(ManyPages, TheStatusBarCountsThePagesThatHaveLoaded) {
+    Open(40);
+    EXPECT_EQ(desk.Status(), "0 of 40 pages loaded");
+    EXPECT_TRUE(StopOffered());
+    for (int index = 2; index < 14; ++index) Loads(index);
+    EXPECT_EQ(desk.Status(), "12 of 40 pages loaded");
+    Loads(2);
+    EXPECT_EQ(desk.Status(), "12 of 40 pages loaded") << "a page counts once";
+    for (int index = 14; index < 42; ++index) Loads(index);
+    EXPECT_EQ(desk.Status(), "40 of 40 pages loaded");
+    EXPECT_FALSE(StopOffered());
+}
+
+TEST_F(ManyPages, AFewPagesLoadWithoutAWord) {
+    Open(4);
+    EXPECT_EQ(desk.Status(), "");
+    EXPECT_FALSE(StopOffered());
+    Loads(2);
+    EXPECT_EQ(desk.Status(), "");
+}
+
+TEST_F(ManyPages, AFrameInAPageDoesNotCount) {
+    Open(5);
+    auto& events = desk.views.At(3).events;
+    events.DocumentComplete(3, PageLevel::Frame, u"http://frame/");
+    events.NavigateComplete2(3, PageLevel::Top, u"http://3/");
+    EXPECT_EQ(desk.Status(), "0 of 5 pages loaded");
+    events.DocumentComplete(3, PageLevel::Top, u"http://3/");
+    EXPECT_EQ(desk.Status(), "1 of 5 pages loaded");
+}
+
+TEST_F(ManyPages, AClosedTabIsNotWaitedFor) {
+    Open(5);
+    for (int index = 2; index < 6; ++index) Loads(index);
+    EXPECT_TRUE(StopOffered());
+    desk.main.CloseBrowserTab(6);
+    EXPECT_FALSE(StopOffered());
+}
+
+TEST_F(ManyPages, PagesOfASecondGroupAreAddedWhileTheFirstLoads) {
+    Open(5);
+    Loads(2);
+    const Group second({"http://a/", "http://b/"});
+    desk.main.OpenTessaGroup(second.File());
+    EXPECT_EQ(desk.Status(), "1 of 7 pages loaded");
+    for (int index = 3; index < 9; ++index) Loads(index);
+    EXPECT_EQ(desk.Status(), "7 of 7 pages loaded");
+    desk.main.sbStatus.SimpleText = u"";
+    desk.main.OpenTessaGroup(second.File());
+    EXPECT_EQ(desk.Status(), "") << "the two are counted anew";
+}
+
+TEST_F(ManyPages, ThePageInTheSelectedTabCountsToo) {
+    const Group group({"http://a/", "http://b/", "http://c/", "http://d/", "http://e/"});
+    desk.StartWithTabs(2);
+    desk.main.Groups.TGCloseOthersFirst = true;
+    desk.main.OpenTessaGroup(group.File());
+    EXPECT_EQ(desk.Status(), "0 of 5 pages loaded");
+    desk.PageLoads(1, u"http://a/", u"A");
+    EXPECT_EQ(desk.Status(), "1 of 5 pages loaded");
+}
+
+TEST_F(ManyPages, StopAllStopsEveryPageAndNamesThoseThatHadNotBegun) {
+    Open(5);
+    Loads(2);
+    for (int index = 1; index <= 6; ++index) desk.views.Calls(index);
+    desk.views.At(4).location = u"http://4/";
+    desk.main.sbStatus.StopAll.Click();
+    for (int index = 1; index <= 6; ++index) EXPECT_EQ(desk.views.Calls(index), "stop") << index;
+    EXPECT_FALSE(StopOffered());
+    EXPECT_EQ(desk.main.pcPage.Find(u"Tab2")->Caption(), u"x");
+    EXPECT_EQ(desk.main.pcPage.Find(u"Tab4")->Caption(), u"http://4/");
+    desk.main.sbStatus.SimpleText = u"";
+    Loads(3);
+    EXPECT_EQ(desk.Status(), "") << "nothing is counted any more";
+}
+
+TEST_F(ManyPages, StopAllIsACommandToo) {
+    Open(5);
+    desk.views.Calls(3);
+    desk.Click(u"xtrStopAll");
+    EXPECT_EQ(desk.views.Calls(3), "stop");
+    EXPECT_FALSE(StopOffered());
+}
+
+/// The user chooses a file for a command of the TessaGroups menu.
+struct GroupMenu : testing::Test, TemporaryFolder {
+    void Click(TextView tool, const std::string& file) {
+        desk.files.chosen = file.empty() ? Text() : PathText(file);
+        desk.Click(tool);
+    }
+    Desk desk;
+};
+
+TEST_F(GroupMenu, AddWritesTheCurrentPageBehindTheOthers) {
+    Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
+    desk.StartWithTabs(2);
+    desk.views.At(1).location = u"http://page/";
+    desk.main.Commands.groupsMenuStale = false;
+    Click(u"mnuAddToTessaGroup", "News.tvg");
+    EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\nurl3=http://page/\r\n");
+    EXPECT_EQ(desk.Status(), "Added to the TessaGroup News.");
+    EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
+}
+
+TEST_F(GroupMenu, AddMakesAMissingGroup) {
+    desk.Start();
+    desk.main.AddToTessaGroup(u"http://page/", PathText("new.tvg"));
+    EXPECT_EQ(Read("new.tvg"), "[TessaGroup]\r\nurl1=http://page/\r\n");
+}
+
+TEST_F(GroupMenu, AddCountsTheAddressesAndReplacesOneInAGroupWithGaps_Deliberate) {
+    Write("gap.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl3=http://c/\r\n");
+    desk.main.AddToTessaGroup(u"http://page/", PathText("gap.tvg"));
+    EXPECT_EQ(Read("gap.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl3=http://page/\r\n");
+    Write("edited.tvg", "[TessaGroup]\r\nurl0=http://a/\r\nurl1=http://b/\r\n");
+    desk.main.AddToTessaGroup(u"http://page/", PathText("edited.tvg"));
+    EXPECT_EQ(Read("edited.tvg"), "[TessaGroup]\r\nurl0=http://a/\r\nurl1=http://b/\r\nurl3=http://page/\r\n");
+}
+
+TEST_F(GroupMenu, AddKeepsWhatElseTheFileHas) {
+    Write("mine.tvg", "; mine\n[x]\ny=1\n[TessaGroup]\nurl1=http://a/\n\n[z]\nw=2\n");
+    desk.main.AddToTessaGroup(u"http://page/", PathText("mine.tvg"));
+    EXPECT_EQ(Read("mine.tvg"), "; mine\n[x]\ny=1\n[TessaGroup]\nurl1=http://a/\nurl2=http://page/\r\n\n[z]\nw=2\n");
+}
+
+TEST_F(GroupMenu, AFullDiskLeavesTheGroupAndIsSaidInTheStatusBar) {
+    Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\n");
+    std::filesystem::create_directory(Path("Folder.tvg"));
+    desk.StartWithTabs(2);
+    {
+        const FullDisk full;
+        desk.main.AddToTessaGroup(u"http://page/", PathText("News.tvg"));
+    }
+    EXPECT_EQ(desk.Status(), "The TessaGroup News could not be written.");
+    EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n");
+    Click(u"mnuSaveAsTessaGroup", "Folder.tvg");
+    EXPECT_EQ(desk.Status(), "The TessaGroup Folder could not be written.");
+    EXPECT_EQ(Files(), 2u);
+}
+
+TEST_F(GroupMenu, SaveWritesAllTabs) {
+    desk.StartWithTabs(2);
+    desk.views.At(1).location = u"http://a/";
+    desk.views.At(2).location = u"http://b/";
+    Click(u"mnuSaveAsTessaGroup", "News.tvg");
+    EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
+    EXPECT_EQ(desk.Status(), "Saved as the TessaGroup News.");
+    Click(u"mnuSaveAsTessaGroup", "");
+    EXPECT_EQ(Files(), 1u);
+}
+
+TEST_F(GroupMenu, ASaveThatWasDeclinedSaysNothing) {
+    Write("News.tvg", "old");
+    desk.StartWithTabs(1);
+    desk.main.sbStatus.SimpleText = u"before";
+    desk.messages.answer = Answer::No;
+    Click(u"mnuSaveAsTessaGroup", "News.tvg");
+    EXPECT_EQ(Read("News.tvg"), "old");
+    EXPECT_EQ(desk.Status(), "before");
+}
+
+TEST_F(GroupMenu, OrganizeEditsTheChosenGroup) {
+    Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
+    desk.StartWithTabs(2);
+    desk.PageLoads(2, u"http://b/", u"B");
+    desk.views.At(2).name = u"The page B";
+    int shown = 0;
+    desk.inTessaGroup = [&](frmTessaGroup& form) {
+        ++shown;
+        EXPECT_EQ(form.lblTessaGroupName.Caption(), u"News.tvg");
+        EXPECT_EQ(form.TitleOf(u"http://b/"), u"The page B");
+        EXPECT_EQ(form.TitleOf(u"http://a/"), u"");
+        form.cmdDown.Click();
+        form.cmdOK.Click();
+    };
+    Click(u"mnuOrganizeTessaGroups", "News.tvg");
+    EXPECT_EQ(shown, 1);
+    EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl0=http://b/\r\nurl1=http://a/\r\n");
+    EXPECT_EQ(desk.files.last.Filter, u"TessaGroup File (*.tvg)|*.tvg");
+    EXPECT_EQ(desk.files.last.InitDir, u"/groups/");
+    EXPECT_TRUE(desk.files.last.MustExist);
+}
+
+TEST_F(GroupMenu, OrganizeOpensNoEditorForOtherFilesOrNone) {
+    Write("Work.TVG", "[TessaGroup]\r\nurl1=http://a/\r\n");
+    desk.inTessaGroup = [](frmTessaGroup&) { ADD_FAILURE() << "an editor was opened"; };
+    Click(u"mnuOrganizeTessaGroups", "Work.TVG");
+    Click(u"mnuOrganizeTessaGroups", "Work.txt");
+    Click(u"mnuOrganizeTessaGroups", "");
+}
+
+TEST_F(GroupMenu, AnEditThatCannotBeWrittenIsSaidInTheStatusBar) {
+    Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\n");
+    desk.inTessaGroup = [&](frmTessaGroup& form) {
+        const FullDisk full;
+        form.cmdOK.Click();
+    };
+    Click(u"mnuOrganizeTessaGroups", "News.tvg");
+    EXPECT_EQ(desk.Status(), "The TessaGroup News could not be written.");
+    EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n");
 }
 
 } // namespace

@@ -23,8 +23,8 @@ TEST_F(DefBrowserTest, ShowsItsTexts) {
     EXPECT_EQ(m_form.Label1.Caption(), u"TessaView is not currently your default browser.");
     EXPECT_EQ(m_form.Label2.Caption(), u"Would you like to make it your default browser?");
     EXPECT_EQ(m_form.Check1.Caption, u"&Always perform this check when starting TessaView.");
-    EXPECT_EQ(m_form.cmdYes.Caption, u"&Yes");
-    EXPECT_EQ(m_form.cmdNo.Caption, u"&No");
+    EXPECT_EQ(m_form.cmdYes.Caption(), u"&Yes");
+    EXPECT_EQ(m_form.cmdNo.Caption(), u"&No");
     EXPECT_TRUE(m_form.Check1.Ticked());
 }
 

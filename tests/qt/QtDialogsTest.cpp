@@ -115,4 +115,36 @@ TEST(QtFileDialogs, CancellingAnswersNothing) {
     EXPECT_EQ(QtFileDialogs().ShowOpen({}), Text());
 }
 
+TEST(QtMessageBoxes, AMessageIsTextWithTheInformationIcon) {
+    QString text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QMessageBox::StandardButtons buttons;
+    OnModal<QMessageBox> user([&](QMessageBox& box) {
+        text = box.text();
+        icon = box.icon();
+        buttons = box.standardButtons();
+        box.close();
+    });
+    QtMessageBoxes().Inform(u"<i>So it is.</i>");
+    EXPECT_EQ(text, QStringLiteral("<i>So it is.</i>"));
+    EXPECT_EQ(icon, QMessageBox::Information);
+    EXPECT_EQ(buttons, QMessageBox::Ok);
+}
+
+TEST(QtFileDialogs, ANameWithoutAnEndingIsOfTheOnlyKind) {
+    const QTemporaryDir folder;
+    const auto typed = [&](const char16_t* filter, const QString& name) {
+        OnModal<QFileDialog> user([&](QFileDialog& dialog) {
+            auto* edit = dialog.findChild<QLineEdit*>();
+            edit->setText(name);
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        const FileDialogRequest request{u"Save", folder.path().toStdU16String(), filter};
+        return QDir(folder.path()).relativeFilePath(QString::fromStdU16String(QtFileDialogs().ShowSave(request)));
+    };
+    EXPECT_EQ(typed(u"TessaGroup File (*.tvg)|*.tvg", QStringLiteral("News")), QStringLiteral("News.tvg"));
+    EXPECT_EQ(typed(u"TessaGroup File (*.tvg)|*.tvg", QStringLiteral("News.txt")), QStringLiteral("News.txt"));
+    EXPECT_EQ(typed(u"Pages|*.htm;*.html", QStringLiteral("page")), QStringLiteral("page"));
+}
+
 } // namespace

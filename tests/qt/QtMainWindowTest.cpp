@@ -4,6 +4,7 @@
 #include "qt/QtTabStrip.h"
 
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTest>
 #include <QToolBar>
 #include <gtest/gtest.h>
@@ -185,6 +186,29 @@ TEST(QtMainWindow, ControlsMayGoBeforeOrAfterTheWindow) {
     window.reset();
     status.Visible = false;
     EXPECT_EQ(bar.parentWidget(), nullptr);
+}
+
+TEST(QtStatusBar, TheButtonThatStopsIsThereWhileThereIsSomethingToStop) {
+    QtMainWindow window;
+    StatusBar status;
+    QtStatusBar bar(status);
+    window.SetStatusBar(bar);
+    window.SetPlace(kPlace);
+    window.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    auto* button = bar.findChild<QPushButton*>(QStringLiteral("cmdStopAll"));
+    ASSERT_NE(button, nullptr);
+    EXPECT_FALSE(button->isVisible());
+    status.StopAll.Visible = true;
+    EXPECT_TRUE(button->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.rect().contains(button->geometry()); }))
+        << "the bar is no higher than before";
+    int stopped = 0;
+    status.StopAll.Click = [&] { ++stopped; };
+    button->click();
+    EXPECT_EQ(stopped, 1);
+    status.StopAll.Visible = false;
+    EXPECT_FALSE(button->isVisible());
 }
 
 } // namespace

@@ -1,0 +1,26 @@
+#include "groups/LoadProgress.h"
+
+void LoadProgress::Begin() {
+    if (m_loading.empty()) m_all = 0;
+}
+
+void LoadProgress::Add(std::int32_t index) {
+    if (m_loading.insert(index).second) ++m_all;
+    Show();
+}
+
+void LoadProgress::Done(std::int32_t index) {
+    if (m_loading.erase(index) > 0) Show();
+}
+
+void LoadProgress::End() {
+    m_loading.clear();
+    m_sbStatus.StopAll.Visible = false;
+}
+
+void LoadProgress::Show() {
+    m_sbStatus.StopAll.Visible = Loading() && m_all >= kMany;
+    if (m_all < kMany) return;
+    m_sbStatus.SimpleText = Decimal(static_cast<std::int64_t>(m_all - m_loading.size())) + u" of " +
+                            Decimal(static_cast<std::int64_t>(m_all)) + u" pages loaded";
+}

@@ -1,0 +1,34 @@
+#pragma once
+#include "common/StatusBar.h"
+
+#include <cstdint>
+#include <unordered_set>
+
+/// Says in the status bar how many of the pages that were opened together have loaded, and offers to stop them
+/// meanwhile. A few pages load without a word. Owned by the group commands.
+class LoadProgress {
+public:
+    /// How many pages are worth a word.
+    static constexpr std::size_t kMany = 5;
+
+    /// The bar outlives this object.
+    explicit LoadProgress(StatusBar& sbStatus) : m_sbStatus(sbStatus) {}
+
+    /// Pages opened from here on count anew, unless earlier ones still load.
+    void Begin();
+    /// The view of that index has been sent to a page.
+    void Add(std::int32_t index);
+    /// The view's page has loaded, or the view has gone. Nothing for a view that is not followed.
+    void Done(std::int32_t index);
+    /// No page is followed any more.
+    void End();
+
+    [[nodiscard]] bool Loading() const { return !m_loading.empty(); }
+
+private:
+    void Show();
+
+    StatusBar& m_sbStatus;
+    std::unordered_set<std::int32_t> m_loading;
+    std::size_t m_all = 0;
+};

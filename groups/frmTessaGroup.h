@@ -1,0 +1,72 @@
+#pragma once
+#include "common/Controls.h"
+#include "common/ListBox.h"
+#include "common/Units.h"
+#include "common/platform/Dialogs.h"
+
+/// The editor of one group file, as data: reorders, inserts, changes and deletes addresses and writes them all with
+/// OK. Made afresh for every show.
+class frmTessaGroup {
+public:
+    static constexpr Twips kCollapsed{4110};
+    static constexpr Twips kExpanded{4815};
+
+    /// `messages` outlives the form.
+    explicit frmTessaGroup(MessageBoxes& messages);
+    frmTessaGroup(const frmTessaGroup&) = delete;
+    frmTessaGroup& operator=(const frmTessaGroup&) = delete;
+
+    /// Fills the form from a group file (its full path), has `ShowModal` show it, and returns when that does.
+    void EditTessaGroup(TextView sFileName);
+
+    FormState Form;
+    /// Low while browsing, with only the list; high while an address is being entered.
+    Property<Twips> Height{kCollapsed};
+    Text Caption = u"Organize TessaGroup";
+    Label Label1{u"TessaGroup:"};
+    Label lblTessaGroupName{u""};
+    ListBox lstUrls;
+    Button cmdUp{u"Move Up"};
+    Button cmdDown{u"Move Down"};
+    Button cmdInsert{u"Insert"};
+    Button cmdUpdate{u"Update"};
+    Button cmdDelete{u"Delete"};
+    Button cmdOK{u"OK"};
+    Button cmdCancel{u"Cancel"};
+    Frame Frame1;
+    Label Label2{u"Url:"};
+    TextBox txtUrl;
+    Button cmdUrlInsert{u"Insert"};
+    Button Cancel{u"Cancel"};
+
+    /// Takes the entry at `from` to the place `to`, both from 0, and selects it; does nothing where there is none.
+    void MoveEntry(std::size_t from, std::size_t to);
+
+    /// OK was pressed and the file could not be written; it is as it was.
+    bool Unwritten = false;
+
+    /// Shows the form and returns when it is hidden. Filled in by the owner.
+    std::function<void(frmTessaGroup&)> ShowModal;
+    /// The title of the page at an address, empty where it is not known. Filled in by the owner.
+    std::function<Text(TextView address)> TitleOf;
+
+private:
+    void cmdUp_Click();
+    void cmdDown_Click();
+    void cmdInsert_Click();
+    void cmdUpdate_Click();
+    void cmdUrlInsert_Click();
+    void Cancel_Click();
+    void cmdDelete_Click();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+    void lstUrls_DblClick();
+
+    void RefreshButtons();
+    void Enter(TextView caption, Text url);
+    void InsertLines(TextView text);
+    void UpdateSelected(TextView text);
+
+    MessageBoxes& m_messages;
+    Text m_fileName;
+};

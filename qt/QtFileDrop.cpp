@@ -1,0 +1,39 @@
+#include "qt/QtFileDrop.h"
+
+#include "qt/QtText.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+#include <QWidget>
+#include <QWindow>
+
+QtFileDrop::QtFileDrop(QWidget& window) : m_window(window) { qApp->installEventFilter(this); }
+
+std::vector<Text> QtFileDrop::FilesOf(const QMimeData& data) const {
+    std::vector<Text> files;
+    for (const QUrl& url : data.urls()) {
+        Text path = FromQt(url.toLocalFile());
+        if (path.empty() || !Takes || !Takes(path)) return {};
+        files.push_back(std::move(path));
+    }
+    return files;
+}
+
+// The desktop's events come to the window as a whole first, then to what lies under the pointer.
+bool QtFileDrop::eventFilter(QObject* watched, QEvent* event) {
+    const auto type = event->type();
+    if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop) return false;
+    if (watched != m_window.windowHandle() || QApplication::activeModalWidget()) return false;
+    auto* drag = static_cast<QDropEvent*>(event);
+    const std::vector<Text> files = FilesOf(*drag->mimeData());
+    if (files.empty()) return false;
+    drag->setDropAction(Qt::CopyAction);
+    drag->accept();
+    if (type != QEvent::Drop || !Dropped) return true;
+    // Later, because whoever dropped them waits for this event to be done.
+    QMetaObject::invokeMethod(
+        this, [this, files] { Dropped(files); }, Qt::QueuedConnection);
+    return true;
+}

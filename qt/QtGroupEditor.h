@@ -1,0 +1,36 @@
+#pragma once
+#include "groups/frmTessaGroup.h"
+
+#include <QDialog>
+
+class QBoxLayout;
+class QFrame;
+class QPushButton;
+class QtListBox;
+
+/// The window of `frmTessaGroup`: lays out its controls and binds them. The form must outlive it.
+class QtGroupEditor : public QDialog {
+public:
+    explicit QtGroupEditor(frmTessaGroup& form, QWidget* parent = nullptr);
+    ~QtGroupEditor() override;
+
+private:
+    QWidget* Name();
+    QWidget* Entries();
+    QWidget* Buttons();
+    QFrame* Entry();
+    QPushButton* Add(QBoxLayout& row, Button& button, const char* name, char16_t accessKey);
+    void AddListKeys();
+    void ShowEntry(bool visible);
+    void ShowHeight(Twips height);
+
+    frmTessaGroup& m_form;
+    QtListBox* m_list = nullptr;
+    QFrame* m_entry = nullptr;
+    QPushButton* m_ok = nullptr;
+    QPushButton* m_commit = nullptr;
+    int m_formHeight = 0; ///< what the form asked for last, in logical pixels
+};
+
+/// Shows the form over `parent` until it hides.
+void ShowModal(frmTessaGroup& form, QWidget* parent);

@@ -1,0 +1,88 @@
+#include "qt/QtFileDrop.h"
+
+#include <QDialog>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+#include <QWidget>
+#include <QWindow>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Takes what is dropped on it; stands for a page.
+struct Page : QWidget {
+    explicit Page(QWidget* parent) : QWidget(parent) { setAcceptDrops(true); }
+    void dragEnterEvent(QDragEnterEvent* event) override { event->acceptProposedAction(); }
+    void dropEvent(QDropEvent* event) override {
+        event->acceptProposedAction();
+        ++drops;
+    }
+    int drops = 0;
+};
+
+struct QtFileDropTest : testing::Test {
+    QtFileDropTest() {
+        window.resize(300, 200);
+        page.resize(300, 200);
+        drop.Takes = [](TextView path) { return path.ends_with(u".tvg"); };
+        drop.Dropped = [this](const std::vector<Text>& paths) {
+            for (const Text& path : paths) dropped += ToUtf8(path) + " ";
+        };
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+    /// Drags the data over the middle of the window and drops it; whether the window would take it.
+    bool Drop(const QMimeData& data) {
+        const QPoint middle(150, 100);
+        QDragEnterEvent enter(middle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(window.windowHandle(), &enter);
+        QDropEvent event(middle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(window.windowHandle(), &event);
+        QCoreApplication::processEvents();
+        return enter.isAccepted();
+    }
+    bool DropUrls(const QStringList& urls) {
+        QMimeData data;
+        QList<QUrl> all;
+        for (const QString& each : urls) all << QUrl(each);
+        data.setUrls(all);
+        return Drop(data);
+    }
+    QWidget window;
+    Page page{&window};
+    QtFileDrop drop{window};
+    std::string dropped;
+};
+
+TEST_F(QtFileDropTest, FilesToTakeNeverReachThePage) {
+    EXPECT_TRUE(DropUrls({QStringLiteral("file:///a/News%20of%20today.tvg"), QStringLiteral("file:///b/x.tvg")}));
+    EXPECT_EQ(dropped, "/a/News of today.tvg /b/x.tvg ");
+    EXPECT_EQ(page.drops, 0);
+}
+
+TEST_F(QtFileDropTest, EverythingElseGoesWhereItWent) {
+    EXPECT_TRUE(DropUrls({QStringLiteral("file:///a/page.html")}));
+    EXPECT_EQ(page.drops, 1);
+    EXPECT_TRUE(DropUrls({QStringLiteral("file:///a/x.tvg"), QStringLiteral("file:///a/page.html")}));
+    EXPECT_EQ(page.drops, 2);
+    EXPECT_TRUE(DropUrls({QStringLiteral("http://host/x.tvg")}));
+    EXPECT_EQ(page.drops, 3);
+    QMimeData text;
+    text.setText(QStringLiteral("/a/x.tvg"));
+    EXPECT_TRUE(Drop(text));
+    EXPECT_EQ(page.drops, 4);
+    EXPECT_EQ(dropped, "");
+}
+
+TEST_F(QtFileDropTest, NothingIsTakenBehindADialog) {
+    QDialog dialog(&window);
+    dialog.setModal(true);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    DropUrls({QStringLiteral("file:///a/x.tvg")});
+    EXPECT_EQ(dropped, "");
+}
+
+} // namespace
