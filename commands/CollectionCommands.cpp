@@ -17,16 +17,29 @@ Page CurrentPage(const CommandContext& context) {
     return view ? Page{view->Control->LocationURL(), view->Control->LocationName()} : Page{};
 }
 
+// The address is asked for after the file was chosen, as the page may have moved on meanwhile.
+void AddToGroup(CommandContext& context, const std::function<Text()>& address) {
+    const Text file = context.files.ShowOpen(
+        {.DialogTitle = u"Add to TessaGroup", .InitDir = context.groupFolder, .Filter = Text(kGroupFilter)});
+    if (file.empty()) return;
+    context.host.AddToTessaGroup(address(), file);
+    context.groupsMenuStale = true;
+}
+
 } // namespace
 
 namespace CollectionCommands {
 
 void AddToTessaGroup(CommandContext& context) {
-    const Text file = context.files.ShowOpen(
-        {.DialogTitle = u"Add to TessaGroup", .InitDir = context.groupFolder, .Filter = Text(kGroupFilter)});
-    if (file.empty()) return;
-    context.host.AddToTessaGroup(CurrentPage(context).address, file);
-    context.groupsMenuStale = true;
+    AddToGroup(context, [&] { return CurrentPage(context).address; });
+}
+
+void AddTabToTessaGroup(CommandContext& context) {
+    if (!context.strip.PopupView()) return;
+    AddToGroup(context, [&] {
+        const auto* view = context.strip.PopupView();
+        return view ? view->Control->LocationURL() : Text();
+    });
 }
 
 void SaveAsTessaGroup(CommandContext& context) {

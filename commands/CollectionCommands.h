@@ -5,6 +5,8 @@
 namespace CollectionCommands {
 
 void AddToTessaGroup(CommandContext& context);
+/// The same for the tab that the pop-up was opened on.
+void AddTabToTessaGroup(CommandContext& context);
 void SaveAsTessaGroup(CommandContext& context);
 void OrganizeTessaGroups(CommandContext& context);
 void AddToFavorites(CommandContext& context);

@@ -1,6 +1,7 @@
 #pragma once
 #include "common/platform/Dialogs.h"
 #include "groups/GroupCommands.h"
+#include "tabs/ClosedTabs.h"
 #include "tabs/PageOptions.h"
 #include "tabs/TabStripInput.h"
 
@@ -30,6 +31,9 @@ struct CommandHost {
     std::function<void()> LaunchNewsClient;
     /// The address that begins a mail, for the command of that name and the current page.
     std::function<Text(TextView tool, TextView title, TextView address)> MailAddress;
+    std::function<void()> ShowTabList;
+    /// Puts a text on the clipboard.
+    std::function<void(TextView)> CopyText;
     /// Whether the Shift key is held down at this moment.
     std::function<bool()> ShiftHeld;
     /// Whether a Favorites link may be opened; asks the user where that is in doubt.
@@ -39,10 +43,12 @@ struct CommandHost {
 /// What the commands work on. Owned by the main window; everything in it outlives it.
 struct CommandContext {
     TabSet& tabs;
+    TabStrip& pcPage;
     TabStripInput& strip;
     CommandBar& actBar;
     PageOptions& pages;
     GroupCommands& groups;
+    ClosedTabs& closed;
     FileDialogs& files;
     MessageBoxes& messages;
     Text groupFolder; ///< with the separator at the end

@@ -3,6 +3,7 @@
 #include "commands/CollectionCommands.h"
 #include "commands/PageCommands.h"
 #include "commands/TabCommands.h"
+#include "commands/TabMoreCommands.h"
 
 #include <array>
 
@@ -38,6 +39,7 @@ constexpr Command FromHost(TextView tool) {
 
 namespace Page = PageCommands;
 namespace Tabs = TabCommands;
+namespace TabMore = TabMoreCommands;
 namespace Keep = CollectionCommands;
 
 const std::array kCommands{
@@ -101,8 +103,17 @@ const std::array kCommands{
     Command{u"mnuTabStop", Tabs::PopupStop},
     Command{u"mnuTabRefresh", Tabs::PopupRefresh},
     Command{u"mnuTabClose", Tabs::PopupClose},
+    // Our own come behind the product's.
     FromHost<&CommandHost::ShowSessions>(u"xtrSessions"),
     Command{u"xtrStopAll", StopAll},
+    Command{u"xtrTabCloseOthers", TabMore::CloseOthers},
+    Command{u"xtrTabCloseRight", TabMore::CloseToTheRight},
+    Command{u"xtrTabDuplicate", TabMore::Duplicate},
+    Command{u"xtrReopenTab", TabMore::Reopen},
+    FromHost<&CommandHost::ShowTabList>(u"xtrTabList"),
+    Command{u"xtrTabMute", TabMore::Mute},
+    Command{u"xtrTabAddToTessaGroup", Keep::AddTabToTessaGroup, Has<&CommandHost::AddToTessaGroup>},
+    Command{u"xtrTabCopyAddress", TabMore::CopyAddress, Has<&CommandHost::CopyText>},
 };
 
 } // namespace

@@ -42,6 +42,7 @@ constexpr std::array kBands{
     // Additions of our own, beside the product's bands.
     BandRow{u"bndMore", u"More", BandKind::Toolbar, At(2, 2)},
     BandRow{u"bndMoreMenu", u"More", BandKind::Menu, {}},
+    BandRow{u"bndTabMore", u"More for the Tab", BandKind::Menu, {}},
 };
 
 /// A tool on a band.
@@ -127,6 +128,15 @@ constexpr std::array kEntries{
     EntryRow{u"bndTabPopup", u"mnuTabStop"},
     EntryRow{u"bndTabPopup", u"mnuTabRefresh"},
     EntryRow{u"bndTabPopup", u"mnuTabClose", kGroup},
+    EntryRow{u"bndTabPopup", u"xtrTabMore", kGroup},
+
+    EntryRow{u"bndTabMore", u"xtrTabCloseOthers"},
+    EntryRow{u"bndTabMore", u"xtrTabCloseRight"},
+    EntryRow{u"bndTabMore", u"xtrReopenTab"},
+    EntryRow{u"bndTabMore", u"xtrTabDuplicate", kGroup},
+    EntryRow{u"bndTabMore", u"xtrTabMute"},
+    EntryRow{u"bndTabMore", u"xtrTabAddToTessaGroup", kGroup},
+    EntryRow{u"bndTabMore", u"xtrTabCopyAddress"},
 
     EntryRow{u"bndSearch", u"mnuSearchLabel"},
     EntryRow{u"bndSearch", u"cboSearch"},
@@ -168,8 +178,10 @@ constexpr std::array kEntries{
 
     EntryRow{u"bndMore", u"xtrMore"},
 
-    EntryRow{u"bndMoreMenu", u"xtrSessions"},
+    EntryRow{u"bndMoreMenu", u"xtrReopenTab"},
+    EntryRow{u"bndMoreMenu", u"xtrTabList"},
     EntryRow{u"bndMoreMenu", u"xtrStopAll"},
+    EntryRow{u"bndMoreMenu", u"xtrSessions", kGroup},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.
@@ -269,8 +281,8 @@ void Make(CommandBar& bar) {
     AddLabelAndBox(bar, id, u"Search", u"mnuSearchLabel", u"Sea&rch " + Text(Endpoints::kSearchServiceName),
                    u"cboSearch", u"Words to search for");
     AddTools(bar, OwnTools(), id);
-    // The button does nothing but open its menu.
-    bar.Find(u"xtrMore")->ClickWithSubBand = false;
+    // They do nothing but open their menus.
+    for (const TextView opener : {u"xtrMore", u"xtrTabMore"}) bar.Find(opener)->ClickWithSubBand = false;
     for (const TextView holder : {u"mnuLinkImage", u"mnuFolderImage", u"mnuTessaGroupsImage"})
         bar.Find(holder)->Visible = false;
     ResetWidths(bar);

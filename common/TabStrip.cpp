@@ -86,6 +86,12 @@ void TabStrip::SetAsks(Tab* tab, bool asks) {
     Mark(TabStripChange::Faces);
 }
 
+void TabStrip::SetSound(Tab* tab, TabSound sound) {
+    if (tab->m_sound == sound) return;
+    tab->m_sound = sound;
+    Mark(TabStripChange::Faces);
+}
+
 void TabStrip::SetPlacement(TabPlacement placement) {
     if (m_placement == placement) return;
     m_placement = placement;

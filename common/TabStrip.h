@@ -11,6 +11,9 @@
 /// Pictures of the strip's image list `ilTabs`; "Red" is the busy mark.
 enum class TabImage { None = 0, Red };
 
+/// What is to be heard of a tab's page.
+enum class TabSound { None, Playing, Muted };
+
 enum class TabPlacement { Top = 0, Bottom = 1 };
 
 /// One entry of the strip. `Key` names it and never changes; `Tag` is the caller's number.
@@ -21,6 +24,7 @@ public:
     [[nodiscard]] TabImage Image() const { return m_image; }
     /// The page waits for an answer of its user.
     [[nodiscard]] bool Asks() const { return m_asks; }
+    [[nodiscard]] TabSound Sound() const { return m_sound; }
     std::int32_t Tag = 0;
 
 private:
@@ -28,6 +32,7 @@ private:
     Text m_key, m_caption;
     TabImage m_image = TabImage::None;
     bool m_asks = false;
+    TabSound m_sound = TabSound::None;
 };
 
 /// What a strip's view has to repaint.
@@ -63,6 +68,7 @@ public:
     void SetCaption(Tab* tab, Text caption);
     void SetImage(Tab* tab, TabImage image);
     void SetAsks(Tab* tab, bool asks);
+    void SetSound(Tab* tab, TabSound sound);
 
     [[nodiscard]] TabPlacement Placement() const { return m_placement; }
     void SetPlacement(TabPlacement placement);

@@ -1,6 +1,7 @@
 #include "mainwindow/frmMain.h"
 
 #include "commands/DesignTimeBar.h"
+#include "commands/TabMoreCommands.h"
 #include "mainwindow/MainCommands.h"
 #include "mainwindow/MainLoad.h"
 #include "mainwindow/MainUnload.h"
@@ -14,14 +15,17 @@ frmMain::frmMain(MainWindowPlatform platform)
       Browser(Platform.views, Events),
       Tabs(pcPage, Browser, actBar, sbStatus, Platform.messages),
       Groups({Tabs, pcPage, Browser, sbStatus, Platform.messages, Platform.files, Platform.groupFolder}),
+      Closed(Tabs, pcPage, Browser),
       StripInput(Tabs, pcPage, Browser, actBar),
       Pages(Tabs, actBar, Platform.settings),
       Boxes(Tabs, actBar),
       Commands{Tabs,
+               pcPage,
                StripInput,
                actBar,
                Pages,
                Groups,
+               Closed,
                Platform.files,
                Platform.messages,
                Platform.groupFolder,
@@ -39,6 +43,9 @@ void frmMain::WireParts() {
     Tabs.CloseWindow = [this] { Platform.window.Close(); };
     actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
     actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? tool->Description : Text()); };
+    Tabs.Closing = [this](std::int32_t index) { Closed.Remember(index); };
+    Closed.Changed = [this] { TabMoreCommands::ShowReopen(Commands); };
+    StripInput.Opening = [this] { TabMoreCommands::ShowState(Commands); };
     pcPage.Touched = [this] { Sessions.Touch(); };
     Events.Navigated = [this] { Sessions.Touch(); };
     Pages.ApplyLoadOptions = Platform.applyLoadOptions;
@@ -49,6 +56,7 @@ void frmMain::WireParts() {
     Commands.host.Exit = [this] { Platform.window.Close(); };
     WireGroups();
     m_dispatcher.DisableUnavailable();
+    TabMoreCommands::ShowReopen(Commands);
 }
 
 void frmMain::WireGroups() {

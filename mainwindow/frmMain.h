@@ -99,6 +99,7 @@ public:
     ViewArray Browser;
     TabSet Tabs;
     GroupCommands Groups;
+    ClosedTabs Closed;
     TabStripInput StripInput;
     PageOptions Pages;
     AddressBoxes Boxes;

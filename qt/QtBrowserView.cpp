@@ -5,6 +5,7 @@
 #include "qt/QtPageOutput.h"
 #include "qt/QtText.h"
 
+#include <QDataStream>
 #include <QDesktopServices>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
@@ -17,6 +18,8 @@ namespace {
 
 /// How large the page is at the text sizes 0 to 4.
 constexpr std::array kZoomFactors{0.6, 0.8, 1.0, 1.25, 1.5};
+
+constexpr auto kHistoryVersion = QDataStream::Qt_6_4;
 
 Outcome Trigger(QWebEnginePage& page, QWebEnginePage::WebAction action) {
     page.triggerAction(action);
@@ -42,6 +45,7 @@ Outcome QtBrowserView::Navigate(TextView address) {
     }
     m_requested = target.url;
     m_pending = std::move(target);
+    m_pendingHistory.clear();
     m_engine.RequestNavigation(m_index);
     return Outcome::Done;
 }
@@ -119,6 +123,38 @@ Text QtBrowserView::LocationURL() const {
     return FromQt(address.toString(QUrl::FullyEncoded));
 }
 
+std::string QtBrowserView::History() const {
+    if (!m_page || !m_committed) return {};
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(kHistoryVersion);
+    stream << *m_page->history();
+    return bytes.toStdString();
+}
+
+Outcome QtBrowserView::Restore(const std::string& history, TextView address) {
+    const Outcome outcome = Navigate(address);
+    if (outcome == Outcome::Done && m_pending) m_pendingHistory = QByteArray::fromStdString(history);
+    return outcome;
+}
+
+bool QtBrowserView::FillHistory(const QByteArray& bytes) {
+    QDataStream stream(bytes);
+    stream.setVersion(kHistoryVersion);
+    stream >> *m_page->history();
+    return stream.status() == QDataStream::Ok && m_page->history()->count() > 0;
+}
+
+void QtBrowserView::SetMuted(bool muted) {
+    m_muted = muted;
+    ApplyMute();
+    m_events.SoundChange(m_index);
+}
+
+void QtBrowserView::ApplyMute() {
+    if (m_page) m_page->setAudioMuted(m_muted || !m_engine.PlaysSounds());
+}
+
 void QtBrowserView::SetVisible(bool visible) {
     // A view is made invisible only when its tab is closed; nobody can see or hear it any more.
     if (!visible) Release();
@@ -165,7 +201,8 @@ void QtBrowserView::StartNavigation() {
     const QtAddress target = *std::exchange(m_pending, std::nullopt);
     MakePage();
     m_fallback = target.fallback;
-    m_page->load(target.url);
+    const QByteArray history = std::exchange(m_pendingHistory, QByteArray());
+    if (history.isEmpty() || !FillHistory(history)) m_page->load(target.url);
 }
 
 void QtBrowserView::Show() {
@@ -187,7 +224,7 @@ void QtBrowserView::Hide() {
 void QtBrowserView::MakePage() {
     if (m_page) return;
     m_page = new QtPage(m_engine.Profile(), m_engine.Token());
-    m_page->setAudioMuted(!m_engine.PlaysSounds());
+    ApplyMute();
     ConnectLoading();
     ConnectPage();
     MakeQuestions();
@@ -251,6 +288,7 @@ void QtBrowserView::ConnectPage() {
     connect(page, &QWebEnginePage::iconChanged, this, [this] {
         if (m_engine.IconChanged) m_engine.IconChanged(m_index);
     });
+    connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_events.SoundChange(m_index); });
     connect(page, &QWebEnginePage::newWindowRequested, this, &QtBrowserView::OnNewWindow);
     connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtBrowserView::OnRendererGone);
     // Queued: closing may ask the user, and the page waits for its own answer meanwhile.

@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QRect>
 #include <optional>
+#include <string>
 
 class QtEngine;
 class QWebEngineLoadingInfo;
@@ -34,6 +35,11 @@ public:
     [[nodiscard]] PageDocument* Document() override;
     [[nodiscard]] bool Busy() const override { return m_loading; }
     [[nodiscard]] Text LocationURL() const override;
+    [[nodiscard]] std::string History() const override;
+    Outcome Restore(const std::string& history, TextView address) override;
+    [[nodiscard]] bool Audible() const override { return m_page && m_page->recentlyAudible(); }
+    [[nodiscard]] bool Muted() const override { return m_muted; }
+    void SetMuted(bool muted) override;
     void SetVisible(bool visible) override;
     void SetTabStop(bool tabStop) override;
     void Move(const Rect& place) override;
@@ -48,6 +54,8 @@ public:
     void Hide();
     /// Lays the widget out, because bars beside the page came or went.
     void LayWidget();
+    /// Silences the page or not, as the tab and the load switches have it.
+    void ApplyMute();
     [[nodiscard]] QIcon Icon() const;
     [[nodiscard]] QtPage* Page() const { return m_page; }
     [[nodiscard]] QWebEngineView* Widget() const { return m_widget; }
@@ -58,6 +66,7 @@ private:
     [[nodiscard]] std::optional<int> ZoomLevel() const override { return m_zoom; }
 
     void ApplyZoom();
+    bool FillHistory(const QByteArray& bytes);
     void MakePage();
     void MakeWidget();
     void MakeQuestions();
@@ -79,12 +88,14 @@ private:
     QPointer<QWebEngineView> m_widget;
     std::unique_ptr<QtPageQuestions> m_questions; ///< as long as there is a page
     std::optional<QtAddress> m_pending;           ///< asked for, not started
+    QByteArray m_pendingHistory;                  ///< where the page that is asked for has been
     QUrl m_requested;                             ///< the address of the last navigation from outside the page
     QUrl m_fallback;                              ///< where to go when that cannot connect
     QRect m_place;
     int m_zoom = 2;
     bool m_committed = false;
     bool m_loading = false;
+    bool m_muted = false;
     bool m_tabStop = false;
     bool m_wantsFocus = false;
     bool m_canGoBack = false;

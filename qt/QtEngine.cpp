@@ -50,7 +50,7 @@ void QtEngine::SetLoadOptions(const QtLoadOptions& options) {
     m_loadOptions = options;
     if (m_profile) m_profile->SetLoadOptions(options);
     for (const auto& [index, view] : m_views) {
-        if (view->Page()) view->Page()->setAudioMuted(!options.sounds);
+        view->ApplyMute();
     }
 }
 

@@ -29,11 +29,13 @@
 #include "qt/QtSplash.h"
 #include "qt/QtStartPage.h"
 #include "qt/QtStatusBar.h"
+#include "qt/QtTabList.h"
 #include "qt/QtTabStrip.h"
 #include "qt/QtText.h"
 #include "settings/SettingsStore.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDateTime>
 #include <QTimer>
 #include <QWebEngineProfile>
@@ -65,8 +67,9 @@ int& BeforeApplication(int& argc) {
 
 // In the order in which they are made; what a part needs stands before it.
 struct QtProgram::Parts {
-    Parts(int& argc, char** argv)
-        : qt(BeforeApplication(argc), argv),
+    Parts(QtProgram& owner, int& argc, char** argv)
+        : program(owner),
+          qt(BeforeApplication(argc), argv),
           folders(QtFolders::Find(QCoreApplication::applicationFilePath())),
           settings(folders.settings),
           channel(folders.state),
@@ -102,6 +105,7 @@ struct QtProgram::Parts {
           commandBar(main.actBar, window),
           keys(window),
           fileDrop(window),
+          tabList(&strip),
           findBar(window.PageArea()),
           offer(window.PageArea()) {}
 
@@ -115,6 +119,8 @@ struct QtProgram::Parts {
     CommandHost Operations() {
         CommandHost host;
         host.ShowFind = [this](BrowserView&) { findBar.Open(); };
+        host.ShowTabList = [this] { program.ListTabs(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); };
+        host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
         host.ShiftHeld = [] { return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier); };
         return host;
     }
@@ -132,6 +138,7 @@ struct QtProgram::Parts {
         return {store.SearchService.Get(), store.ShopService.Get(), store.FindService.Get()};
     }
 
+    QtProgram& program;
     QApplication qt;
     QtFolders folders;
     QtSettingsStorage settings;
@@ -153,6 +160,7 @@ struct QtProgram::Parts {
     QtCommandBar commandBar;
     QtKeys keys;
     QtFileDrop fileDrop;
+    QtTabList tabList;
     QtFindBar findBar;
     QtSessionOffer offer;
     QtPageBars bars;
@@ -161,7 +169,7 @@ struct QtProgram::Parts {
 };
 
 QtProgram::QtProgram(int& argc, char** argv) {
-    m = std::make_unique<Parts>(argc, argv);
+    m = std::make_unique<Parts>(*this, argc, argv);
     // The program ends with its main window; dialogs and the splash have no say in it.
     QApplication::setQuitOnLastWindowClosed(false);
     WireWindow();
@@ -221,6 +229,14 @@ void QtProgram::WireStrip() {
     auto& input = m->main.StripInput;
     m->strip.PageIcon = [this](const Tab& tab) { return m->engine.Icon(tab.Tag); };
     m->strip.CloseRequested = [this](Tab& tab) { m->main.CloseBrowserTab(tab.Tag); };
+    m->strip.ListRequested = [this](QPoint corner) { ListTabs(corner); };
+    m->tabList.Chosen = [&strip = m->main.pcPage](const Text& key) {
+        if (auto* tab = strip.Find(key)) strip.UserClick(tab);
+    };
+    m->strip.MuteRequested = [this](const Tab& tab) {
+        if (auto* view = m->main.Browser.Find(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
+    };
+    m->strip.ToolTipText = [this](const Tab& tab) { return m->main.Tabs.Describe(tab); };
     m->strip.BlankRequested = [this] {
         if (auto* tool = m->main.actBar.Find(u"mnuNewBlank")) m->main.actBar.UserClick(*tool);
     };
@@ -233,6 +249,18 @@ void QtProgram::WireStrip() {
     };
     m->strip.DragOver = [&input](bool hasText, QPointF point) { input.OLEDragOver(hasText, point.x(), point.y()); };
     m->strip.Drop = [&input](const Text& text) { input.OLEDragDrop(text); };
+}
+
+void QtProgram::ListTabs(QPoint corner) {
+    std::vector<QtTabListEntry> tabs;
+    auto& strip = m->main.pcPage;
+    for (std::size_t position = 1; position <= strip.Count(); ++position) {
+        const Tab& tab = *strip.FindAt(position);
+        const QStringList lines = ToQt(m->main.Tabs.Describe(tab)).split(QLatin1Char('\n'));
+        tabs.push_back(
+            {tab.Key(), lines.value(0), lines.value(1), m->engine.Icon(tab.Tag), &tab == strip.SelectedItem()});
+    }
+    m->tabList.Open(tabs, corner);
 }
 
 void QtProgram::WireEngine() {

@@ -1,6 +1,7 @@
 #pragma once
 #include "app/Startup.h"
 
+#include <QPoint>
 #include <memory>
 
 /// The program on Qt: makes everything outside the core, hands it to the start, and runs the windows' events.
@@ -19,6 +20,7 @@ private:
     void WireWindow();
     void WireEngine();
     void WireStrip();
+    void ListTabs(QPoint corner);
     void WireSession();
 
     std::unique_ptr<Parts> m;

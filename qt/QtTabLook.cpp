@@ -71,10 +71,12 @@ void QtTabLook::PaintTab(QPainter& painter, const QtTabFace& face) const {
     QRect text = face.place;
     text.setLeft(icon.right() + 1 + kGap);
     text.setRight(face.closeShown ? face.closePlace.left() - 3 : face.place.right() - kMargin);
+    if (face.sound != TabSound::None) text.setRight(face.soundPlace.left() - 3);
     painter.setPen(face.selected ? m_text : m_quietText);
     const QString caption =
         painter.fontMetrics().elidedText(face.caption.left(kMeasuredUnits).simplified(), Qt::ElideRight, text.width());
     painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, caption);
+    if (face.sound != TabSound::None) PaintSound(painter, face);
     if (face.closeShown) PaintClose(painter, face);
     painter.restore();
 }
@@ -143,6 +145,36 @@ void QtTabLook::PaintBlankPage(QPainter& painter, const QRect& place) const {
     painter.strokePath(outline, QPen(Mix(m_row, m_text, 0.55), 1));
 }
 
+/// A loudspeaker, with waves when it is heard and crossed out when it is muted.
+void QtTabLook::PaintSound(QPainter& painter, const QtTabFace& face) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor ground = face.selected ? m_selected : face.hovered ? m_hovered : m_row;
+    if (face.soundHovered) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Mix(ground, m_text, 0.18));
+        painter.drawRoundedRect(face.soundPlace, 3, 3);
+    }
+    const QColor ink = face.soundHovered ? m_text : Mix(ground, m_text, 0.75);
+    const QPointF centre = QRectF(face.soundPlace).center();
+    const QPolygonF horn({centre + QPointF(-5, -1.8), centre + QPointF(-3, -1.8), centre + QPointF(0, -4.5),
+                          centre + QPointF(0, 4.5), centre + QPointF(-3, 1.8), centre + QPointF(-5, 1.8)});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ink);
+    painter.drawPolygon(horn);
+    painter.setPen(QPen(ink, 1.2, Qt::SolidLine, Qt::RoundCap));
+    painter.setBrush(Qt::NoBrush);
+    if (face.sound == TabSound::Muted) {
+        painter.drawLine(centre + QPointF(2, -2), centre + QPointF(6, 2));
+        painter.drawLine(centre + QPointF(6, -2), centre + QPointF(2, 2));
+    } else {
+        for (const double radius : {2.5, 5.0})
+            painter.drawArc(QRectF(centre.x() - radius + 0.5, centre.y() - radius, 2 * radius, 2 * radius), -50 * 16,
+                            100 * 16);
+    }
+    painter.restore();
+}
+
 void QtTabLook::PaintClose(QPainter& painter, const QtTabFace& face) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor ground = face.selected ? m_selected : m_hovered;
@@ -155,6 +187,17 @@ void QtTabLook::PaintClose(QPainter& painter, const QtTabFace& face) const {
     painter.setPen(QPen(face.closeHovered ? m_text : Mix(ground, m_text, 0.65), 1.3, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(cross.topLeft(), cross.bottomRight());
     painter.drawLine(cross.topRight(), cross.bottomLeft());
+}
+
+void QtTabLook::PaintListButton(QPainter& painter, const QRect& place, bool hovered) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (hovered) painter.fillRect(place.adjusted(1, 2, -1, -2), m_hovered);
+    const QPointF centre = QRectF(place).center();
+    painter.setPen(QPen(m_text, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF angle[] = {centre + QPointF(-4, -2), centre + QPointF(0, 2.5), centre + QPointF(4, -2)};
+    painter.drawPolyline(angle, 3);
+    painter.restore();
 }
 
 void QtTabLook::PaintArrow(QPainter& painter, const QRect& place, Qt::LayoutDirection towards, bool enabled,

@@ -15,6 +15,8 @@ struct QtTabFace {
     QIcon icon;
     bool busy = false;
     bool asks = false; ///< the page waits for an answer
+    TabSound sound = TabSound::None;
+    bool soundHovered = false;
     bool selected = false;
     bool hovered = false;
     bool focused = false;
@@ -23,6 +25,7 @@ struct QtTabFace {
     bool closeHovered = false;
     QRect place;
     QRect closePlace;
+    QRect soundPlace;
 };
 
 /// How the tab strip looks, all from the palette: the selected tab is of one piece with the page beside the row and
@@ -35,6 +38,7 @@ public:
     void PaintTab(QPainter& painter, const QtTabFace& face) const;
     void PaintArrow(QPainter& painter, const QRect& place, Qt::LayoutDirection towards, bool enabled,
                     bool hovered) const;
+    void PaintListButton(QPainter& painter, const QRect& place, bool hovered) const;
     /// The picture "Red": the page is loading.
     static void PaintBusyMark(QPainter& painter, const QRect& place);
     /// The page waits for an answer.
@@ -43,6 +47,7 @@ public:
 private:
     void PaintBody(QPainter& painter, const QtTabFace& face) const;
     void PaintBlankPage(QPainter& painter, const QRect& place) const;
+    void PaintSound(QPainter& painter, const QtTabFace& face) const;
     void PaintClose(QPainter& painter, const QtTabFace& face) const;
 
     TabPlacement m_placement;

@@ -39,12 +39,17 @@ void QtTabRow::Reveal(std::size_t position) {
 bool QtTabRow::CanScroll(Arrow arrow) const { return arrow == Arrow::Back ? m_offset > 0 : m_offset < MaximumOffset(); }
 
 QRect QtTabRow::Area() const {
-    return {0, 0, std::max(m_size.width() - (m_overflows ? 2 * kArrowWidth : 0), 0), m_size.height()};
+    return {0, 0, std::max(m_size.width() - (m_overflows ? 3 * kArrowWidth : 0), 0), m_size.height()};
 }
 
 QRect QtTabRow::ArrowPlace(Arrow arrow) const {
     if (!m_overflows) return {};
     return {Area().width() + (arrow == Arrow::Back ? 0 : kArrowWidth), 0, kArrowWidth, m_size.height()};
+}
+
+QRect QtTabRow::ListPlace() const {
+    if (!m_overflows) return {};
+    return {Area().width() + 2 * kArrowWidth, 0, kArrowWidth, m_size.height()};
 }
 
 QRect QtTabRow::TabPlace(std::size_t position) const {
@@ -57,6 +62,11 @@ QRect QtTabRow::ClosePlace(std::size_t position) const {
     if (tab.isEmpty()) return {};
     return {tab.right() - kCloseMargin - kCloseSize + 1, tab.top() + (tab.height() - kCloseSize) / 2, kCloseSize,
             kCloseSize};
+}
+
+QRect QtTabRow::SoundPlace(std::size_t position) const {
+    const QRect close = ClosePlace(position);
+    return close.isEmpty() ? close : close.translated(-kCloseSize - 1, 0);
 }
 
 std::size_t QtTabRow::PositionAt(QPoint point) const {

@@ -27,8 +27,12 @@ public:
     [[nodiscard]] QRect Area() const;
     /// Empty unless the row overflows.
     [[nodiscard]] QRect ArrowPlace(Arrow arrow) const;
+    /// The button at the end that lists all tabs; empty unless the row overflows.
+    [[nodiscard]] QRect ListPlace() const;
     [[nodiscard]] QRect TabPlace(std::size_t position) const;
     [[nodiscard]] QRect ClosePlace(std::size_t position) const;
+    /// Left of the close button.
+    [[nodiscard]] QRect SoundPlace(std::size_t position) const;
     [[nodiscard]] std::size_t PositionAt(QPoint point) const;
     /// The tabs that show, wholly or in part; `first` > `last` when none do.
     [[nodiscard]] std::size_t FirstVisible() const;

@@ -101,7 +101,7 @@ void QtTabStrip::Measure() {
 
 QtTabStrip::Face QtTabStrip::FaceAt(std::size_t position) const {
     const Tab* tab = m_strip.FindAt(position);
-    return tab ? Face{tab->Key(), tab->Caption(), tab->Image(), tab->Asks()} : Face{};
+    return tab ? Face{tab->Key(), tab->Caption(), tab->Image(), tab->Asks(), tab->Sound()} : Face{};
 }
 
 void QtTabStrip::RememberFaces() {
@@ -117,6 +117,8 @@ QtTabFace QtTabStrip::PaintedFace(std::size_t position) const {
     face.asks = tab->Asks() && position != m_selected;
     face.busy = tab->Image() == TabImage::Red;
     if (!face.busy && PageIcon) face.icon = PageIcon(*tab);
+    face.sound = tab->Sound();
+    face.soundHovered = position == m_hover.position && m_hover.part == Part::Sound;
     face.selected = position == m_selected;
     face.hovered = position == m_hover.position;
     face.focused = face.selected && hasFocus();
@@ -125,6 +127,7 @@ QtTabFace QtTabStrip::PaintedFace(std::size_t position) const {
     face.closeHovered = face.hovered && m_hover.part == Part::Close;
     face.place = m_row.TabPlace(position);
     face.closePlace = m_row.ClosePlace(position);
+    face.soundPlace = m_row.SoundPlace(position);
     return face;
 }
 
@@ -144,6 +147,7 @@ void QtTabStrip::paintEvent(QPaintEvent* event) {
                     m_row.CanScroll(QtTabRow::Arrow::Back), m_hover.part == Part::Back);
     look.PaintArrow(painter, m_row.ArrowPlace(QtTabRow::Arrow::Forward), Qt::LeftToRight,
                     m_row.CanScroll(QtTabRow::Arrow::Forward), m_hover.part == Part::Forward);
+    look.PaintListButton(painter, m_row.ListPlace(), m_hover.part == Part::List);
 }
 
 void QtTabStrip::resizeEvent(QResizeEvent*) {
@@ -172,6 +176,16 @@ QRect QtTabStrip::TabPlace(std::size_t position) {
 QRect QtTabStrip::ClosePlace(std::size_t position) {
     Settle();
     return m_row.ClosePlace(position);
+}
+
+QRect QtTabStrip::SoundPlace(std::size_t position) {
+    Settle();
+    return m_row.SoundPlace(position);
+}
+
+QRect QtTabStrip::ListPlace() {
+    Settle();
+    return m_row.ListPlace();
 }
 
 void QtTabStrip::Click(Tab& tab) { m_strip.UserClick(&tab); }

@@ -27,6 +27,13 @@ public:
     std::function<QIcon(const Tab&)> PageIcon;
     /// The tab's close button was pressed. Filled in by the owner.
     std::function<void(Tab&)> CloseRequested;
+    /// The button that lists all tabs was pressed; where the list is to drop down, its right upper corner. Filled in by
+    /// the owner.
+    std::function<void(QPoint corner)> ListRequested;
+    /// The sound mark of a tab was pressed. Filled in by the owner.
+    std::function<void(Tab&)> MuteRequested;
+    /// What to show of a tab while the pointer rests on it. Filled in by the owner.
+    std::function<Text(const Tab&)> ToolTipText;
     /// The right button went down at a point of the widget. Filled in by the owner.
     std::function<void(QPoint)> RightButtonDown;
     /// Data is dragged over a point, with or without text; text was dropped. Filled in by the owner.
@@ -49,6 +56,9 @@ public:
     /// Where the tab at a position stands, as far out as it may be scrolled; empty for no position of the strip.
     [[nodiscard]] QRect TabPlace(std::size_t position);
     [[nodiscard]] QRect ClosePlace(std::size_t position);
+    [[nodiscard]] QRect SoundPlace(std::size_t position);
+    /// The button that lists all tabs; empty while all tabs fit into the row.
+    [[nodiscard]] QRect ListPlace();
     [[nodiscard]] const TabStrip& Model() const { return m_strip; }
     /// What a click on the tab does.
     void Click(Tab& tab);
@@ -75,7 +85,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    enum class Part { None, Tab, Close, Back, Forward };
+    enum class Part { None, Tab, Sound, Close, Back, Forward, List };
 
     /// What is under the pointer.
     struct Spot {
@@ -89,6 +99,7 @@ private:
         Text key, caption;
         TabImage image;
         bool asks;
+        TabSound sound;
         bool operator==(const Face&) const = default;
     };
 

@@ -24,17 +24,22 @@ bool QtTabStrip::event(QEvent* event) {
 
 void QtTabStrip::ShowToolTip(QPoint point, QPoint globalPoint) {
     Tab* tab = FindTabAt(point);
-    if (!tab || tab->Caption().empty()) return QToolTip::hideText();
-    // A caption comes from the page; it is text, whatever it looks like.
-    const QString text = Qt::convertFromPlainText(ToQt(tab->Caption()), Qt::WhiteSpaceNormal);
+    const Text shown = !tab ? Text() : ToolTipText ? ToolTipText(*tab) : tab->Caption();
+    if (shown.empty()) return QToolTip::hideText();
+    // A title comes from the page; it is text, whatever it looks like.
+    const QString text = Qt::convertFromPlainText(ToQt(shown), Qt::WhiteSpaceNormal);
     QToolTip::showText(globalPoint, text, this, m_row.TabPlace(m_row.PositionAt(point)));
 }
 
 QtTabStrip::Spot QtTabStrip::SpotAt(QPoint point) const {
     if (m_row.ArrowPlace(QtTabRow::Arrow::Back).contains(point)) return {Part::Back, 0};
     if (m_row.ArrowPlace(QtTabRow::Arrow::Forward).contains(point)) return {Part::Forward, 0};
+    if (m_row.ListPlace().contains(point)) return {Part::List, 0};
     const std::size_t position = m_row.PositionAt(point);
     if (position == 0) return {};
+    const Tab* tab = m_strip.FindAt(position);
+    const bool heard = tab && tab->Sound() != TabSound::None;
+    if (heard && m_row.SoundPlace(position).contains(point)) return {Part::Sound, position};
     return {m_row.ClosePlace(position).contains(point) ? Part::Close : Part::Tab, position};
 }
 
@@ -45,6 +50,7 @@ QtTabStrip::Spot QtTabStrip::SpotUnderPointer() const {
 QRect QtTabStrip::SpotPlace(const Spot& spot) const {
     if (spot.part == Part::Back) return m_row.ArrowPlace(QtTabRow::Arrow::Back);
     if (spot.part == Part::Forward) return m_row.ArrowPlace(QtTabRow::Arrow::Forward);
+    if (spot.part == Part::List) return m_row.ListPlace();
     return m_row.TabPlace(spot.position) & m_row.Area();
 }
 
@@ -77,8 +83,13 @@ void QtTabStrip::mousePressEvent(QMouseEvent* event) {
         QtTabRow aimed = m_row;
         aimed.ScrollPage(spot.part == Part::Back ? QtTabRow::Arrow::Back : QtTabRow::Arrow::Forward);
         Scroll(aimed.Offset());
+    } else if (spot.part == Part::List) {
+        const QRect place = m_row.ListPlace();
+        if (ListRequested) ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
     } else if (spot.part == Part::Close && tab) {
         m_closing = tab->Key();
+    } else if (spot.part == Part::Sound && tab) {
+        if (MuteRequested) MuteRequested(*tab);
     } else if (tab) {
         m_dragged = tab->Key();
         m_dragStart = point;

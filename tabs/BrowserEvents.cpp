@@ -61,6 +61,8 @@ void BrowserEvents::AttentionChange(std::int16_t Index, bool Asks) { m_tabs.SetT
 
 void BrowserEvents::WindowClosing(std::int16_t Index) { m_tabs.CloseBrowserTab(Index); }
 
+void BrowserEvents::SoundChange(std::int16_t Index) { m_tabs.UpdateSound(Index); }
+
 void BrowserEvents::ShowAddress(PageLevel pDisp, TextView URL) {
     auto* address = m_tabs.AddressCombo();
     if (pDisp == PageLevel::Top && address) address->Value = Text(URL);

@@ -21,6 +21,7 @@ public:
     void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void AttentionChange(std::int16_t Index, bool Asks) override;
     void WindowClosing(std::int16_t Index) override;
+    void SoundChange(std::int16_t Index) override;
 
     /// A view shows another address or title than before. Filled in by the main window.
     std::function<void()> Navigated;

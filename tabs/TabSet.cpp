@@ -5,6 +5,9 @@ namespace {
 constexpr TextView kBlankPage = u"about:blank";
 constexpr TextView kLastTabQuestion = u"Do you want to close the last browser tab and exit this application?";
 
+/// Units of a title or an address that anybody reads.
+constexpr std::size_t kMostDescribed = 300;
+
 Text KeyOf(std::int32_t index) { return u"Tab" + Decimal(index); }
 
 void Enable(CommandBar& bar, TextView tool, bool enabled) {
@@ -100,6 +103,22 @@ void TabSet::SetTabTitle(std::int32_t Index, TextView title) {
     m_pcPage.SetCaption(tab, Text(title.substr(0, static_cast<std::size_t>(TitleLengthLimit))) + u"...");
 }
 
+Text TabSet::Describe(const Tab& tab) const {
+    const auto* view = m_browser.Find(tab.Tag);
+    if (!view) return tab.Caption();
+    const Text title = view->Control->LocationName(), address = view->Control->LocationURL();
+    const Text first = (title.empty() ? tab.Caption() : title).substr(0, kMostDescribed);
+    return address.empty() ? first : first + u"\n" + address.substr(0, kMostDescribed);
+}
+
+void TabSet::UpdateSound(std::int32_t Index) {
+    auto* tab = m_pcPage.Find(KeyOf(Index));
+    const auto* view = m_browser.Find(Index);
+    if (!tab || !view) return;
+    const TabSound heard = view->Control->Audible() ? TabSound::Playing : TabSound::None;
+    m_pcPage.SetSound(tab, view->Control->Muted() ? TabSound::Muted : heard);
+}
+
 void TabSet::CloseBrowserTab(std::int32_t Index) {
     // Deliberate: the page is stopped before the question, and stays stopped when the answer is no.
     if (auto* view = m_browser.Find(Index)) ResumeNext(view->Control->Stop());
@@ -111,6 +130,7 @@ void TabSet::CloseBrowserTab(std::int32_t Index) {
 }
 
 void TabSet::CloseOneOfSeveral(std::int32_t Index) {
+    if (Closing) Closing(Index);
     if (Index != 1) {
         m_browser.Unload(Index);
     } else if (auto* view = m_browser.Find(1)) {

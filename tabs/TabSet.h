@@ -31,6 +31,10 @@ public:
     void SetTabAsks(std::int32_t Index, bool asks);
     /// The caption for a page's title: the whole title, or its first `TitleLengthLimit` characters and "...".
     void SetTabTitle(std::int32_t Index, TextView title);
+    /// What a tab's page is, for a person: its title and its address, a line each; no more than what is readable.
+    [[nodiscard]] Text Describe(const Tab& tab) const;
+    /// Shows on the tab what is to be heard of the view's page.
+    void UpdateSound(std::int32_t Index);
     /// Closes the tab of view `Index`; asks first when it is the only one, because that ends the program.
     void CloseBrowserTab(std::int32_t Index);
     /// Closes the selected tab, by the same rules.
@@ -65,6 +69,8 @@ public:
     std::function<void(ArrayView&)> PlaceView;
     std::function<void()> Resize;
     std::function<void()> CloseWindow;
+    /// One of several tabs is about to be closed; its view still lives.
+    std::function<void(std::int32_t Index)> Closing;
 
 private:
     void CloseOneOfSeveral(std::int32_t Index);

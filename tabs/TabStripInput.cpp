@@ -31,6 +31,7 @@ void TabStripInput::MouseDown(MouseButton Button, Twips x, Twips y) {
     const bool busy = view->Control->Busy();
     Enable(m_actBar, u"mnuTabRefresh", !busy);
     Enable(m_actBar, u"mnuTabStop", busy);
+    if (Opening) Opening();
     m_actBar.Popup(u"bndTabPopup");
 }
 

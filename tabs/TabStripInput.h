@@ -25,12 +25,14 @@ public:
 
     /// The view of the tab that the pop-up was opened on; nothing when the tab is gone.
     [[nodiscard]] ArrayView* PopupView() const;
-    [[nodiscard]] const Tab* PopupTab() const { return m_pcPage.FindAt(PopupTabPosition); }
+    [[nodiscard]] Tab* PopupTab() const { return m_pcPage.FindAt(PopupTabPosition); }
 
     /// 1-based positions; 0 when the pointer was over no tab.
     std::size_t PopupTabPosition = 0;
     std::size_t DropTabPosition = 0;
 
+    /// The pop-up is about to be shown. Filled in by the main window.
+    std::function<void()> Opening;
     /// The 0-based position of the tab at a point of the strip in logical pixels; -1 for none. Filled in by the
     /// strip's view.
     std::function<int(Pixels x, Pixels y)> HitTest;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 /// Standard commands of a page view, with their known numbers.
 enum class BrowserCommand { SaveAs = 4, Print = 6, PageSetup = 8, Cut = 11, Copy = 12, Paste = 13, SelectAll = 17 };
@@ -45,6 +46,16 @@ public:
     /// Nothing while the view has shown no page but a blank one. Belongs to the view.
     [[nodiscard]] virtual PageDocument* Document() = 0;
 
+    /// Where the page has been, as bytes that only `Restore` of a view understands; empty when there is nothing.
+    [[nodiscard]] virtual std::string History() const = 0;
+    /// Brings a page back with where it has been. Bytes that are damaged, or of another release, load the address alone.
+    virtual Outcome Restore(const std::string& history, TextView address) = 0;
+
+    /// Whether the page can be heard at this moment, were it not muted.
+    [[nodiscard]] virtual bool Audible() const = 0;
+    [[nodiscard]] virtual bool Muted() const = 0;
+    virtual void SetMuted(bool muted) = 0;
+
     virtual void SetVisible(bool visible) = 0;
     virtual void SetTabStop(bool tabStop) = 0;
     /// In the page area of the window. A view far to the left is parked: hidden from the engine, alive.
@@ -79,6 +90,8 @@ public:
     virtual void AttentionChange(std::int16_t Index, bool Asks) = 0;
     /// The page has closed its own window.
     virtual void WindowClosing(std::int16_t Index) = 0;
+    /// The page has begun or ended to be heard, or was muted or not.
+    virtual void SoundChange(std::int16_t Index) = 0;
 };
 
 /// Makes views. Owned by the program's entry.

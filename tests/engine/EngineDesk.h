@@ -32,6 +32,7 @@ public:
     void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void AttentionChange(std::int16_t Index, bool Asks) override;
     void WindowClosing(std::int16_t Index) override;
+    void SoundChange(std::int16_t) override {}
 
     /// All lines so far, separated by blanks; forgets them.
     QString Take() { return std::exchange(lines, {}).join(u' '); }

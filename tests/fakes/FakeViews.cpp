@@ -18,6 +18,19 @@ Outcome FakeView::Navigate(TextView address) {
     return Outcome::Done;
 }
 
+Outcome FakeView::Restore(const std::string& bytes, TextView address) {
+    calls.push_back("restore " + bytes);
+    if (refuses) return Outcome::Failed;
+    location = address;
+    history = bytes;
+    return Outcome::Done;
+}
+
+void FakeView::SetMuted(bool value) {
+    muted = value;
+    events.SoundChange(index);
+}
+
 Outcome FakeView::Stop() {
     calls.emplace_back("stop");
     busy = false;

@@ -26,6 +26,11 @@ public:
     [[nodiscard]] std::optional<int> ZoomLevel() const override { return zoom; }
     [[nodiscard]] bool Busy() const override { return busy; }
     [[nodiscard]] Text LocationURL() const override { return location; }
+    [[nodiscard]] std::string History() const override { return history; }
+    Outcome Restore(const std::string& bytes, TextView address) override;
+    [[nodiscard]] bool Audible() const override { return audible; }
+    [[nodiscard]] bool Muted() const override { return muted; }
+    void SetMuted(bool value) override;
     void SetVisible(bool value) override { visible = value; }
     void SetTabStop(bool value) override { tabStop = value; }
     void Move(const Rect& value) override;
@@ -42,6 +47,9 @@ public:
     bool refuses = false; ///< every call that can fail does
     bool hasDocument = true;
     int zoom = 2;
+    bool audible = false;
+    bool muted = false;
+    std::string history;
     Text location;
     Text name;
     Rect place;

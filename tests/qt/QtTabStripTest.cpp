@@ -324,12 +324,70 @@ TEST_F(QtTabStripTest, TheWheelLeavesTabsThatFitAlone) {
     EXPECT_EQ(widget.TabPlace(1).left(), 0);
 }
 
+TEST_F(QtTabStripTest, TheListButtonIsThereWhenTabsDoNotFit) {
+    int asked = 0;
+    QPoint corner;
+    widget.ListRequested = [&](QPoint point) {
+        corner = point;
+        ++asked;
+    };
+    AddMany(2);
+    Show();
+    EXPECT_TRUE(widget.ListPlace().isEmpty());
+    AddMany(60);
+    ASSERT_FALSE(widget.ListPlace().isEmpty());
+    EXPECT_TRUE(widget.rect().contains(widget.ListPlace()));
+    ClickOn(widget.ListPlace().center());
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(corner, widget.mapToGlobal(QPoint(widget.width(), widget.height())));
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(QtTabStripTest, ThePressedSoundMarkMutesAndSelectsNothing) {
+    std::string muted;
+    widget.MuteRequested = [&](Tab& tab) { muted += ToUtf8(tab.Caption()) + ";"; };
+    AddMany(2);
+    Show();
+    const QPoint mark = widget.SoundPlace(2).center();
+    strip.SetSound(strip.FindAt(2), TabSound::Playing);
+    ClickOn(mark);
+    EXPECT_EQ(muted, "page 2;");
+    EXPECT_EQ(clicks, 0);
+    strip.SetSound(strip.FindAt(2), TabSound::None);
+    ClickOn(mark);
+    EXPECT_EQ(muted, "page 2;");
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtTabStripTest, TheSoundMarkIsPainted) {
+    AddMany(2);
+    Show();
+    const auto picture = [&](TabSound sound) {
+        strip.SetSound(strip.FindAt(2), sound);
+        Quiet();
+        return widget.grab().toImage().copy(widget.SoundPlace(2));
+    };
+    const QImage none = picture(TabSound::None), playing = picture(TabSound::Playing), muted = picture(TabSound::Muted);
+    EXPECT_NE(none, playing);
+    EXPECT_NE(playing, muted);
+}
+
+TEST_F(QtTabStripTest, TheToolTipIsTheOwnersText) {
+    AddMany(1);
+    widget.ToolTipText = [](const Tab& tab) { return tab.Caption() + u"\n<b>http://page/"; };
+    Show();
+    QHelpEvent event(QEvent::ToolTip, Middle(1), widget.mapToGlobal(Middle(1)));
+    QApplication::sendEvent(&widget, &event);
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("page 1"))) << QToolTip::text().toStdString();
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("&lt;b&gt;http")));
+}
+
 TEST_F(QtTabStripTest, TheArrowsScroll) {
     AddMany(100);
     Show();
-    ClickOn({widget.width() - 5, 10});
+    ClickOn({widget.width() - 25, 10});
     EXPECT_FALSE(Shows(1));
-    ClickOn({widget.width() - 30, 10});
+    ClickOn({widget.width() - 50, 10});
     EXPECT_TRUE(Shows(1));
     EXPECT_EQ(clicks, 0);
 }

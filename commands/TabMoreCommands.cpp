@@ -1,0 +1,62 @@
+#include "commands/TabMoreCommands.h"
+
+namespace {
+
+void Enable(CommandContext& context, TextView tool, bool enabled) {
+    if (auto* found = context.actBar.Find(tool)) found->Enabled = enabled;
+}
+
+void CloseFrom(CommandContext& context, std::size_t first, const Tab* kept) {
+    auto& strip = context.pcPage;
+    for (std::size_t position = strip.Count(); position >= first && strip.Count() > 1; --position) {
+        const auto* tab = strip.FindAt(position);
+        if (tab != kept) context.tabs.CloseBrowserTab(tab->Tag);
+    }
+}
+
+} // namespace
+
+namespace TabMoreCommands {
+
+void CloseOthers(CommandContext& context) {
+    auto* kept = context.strip.PopupTab();
+    if (!kept) return;
+    context.pcPage.Select(kept);
+    CloseFrom(context, 1, kept);
+}
+
+void CloseToTheRight(CommandContext& context) {
+    const auto* tab = context.strip.PopupTab();
+    if (tab) CloseFrom(context, context.strip.PopupTabPosition + 1, tab);
+}
+
+void Duplicate(CommandContext& context) {
+    const auto* view = context.strip.PopupView();
+    auto* tab = context.strip.PopupTab();
+    if (!view) return;
+    const Text address = view->Control->LocationURL();
+    const std::string history = view->Control->History();
+    context.pcPage.Select(tab);
+    if (auto* copy = context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(copy->Restore(history, address));
+}
+
+void Reopen(CommandContext& context) { context.closed.Reopen(); }
+
+void Mute(CommandContext& context) {
+    if (auto* view = context.strip.PopupView()) view->Control->SetMuted(!view->Control->Muted());
+}
+
+void CopyAddress(CommandContext& context) {
+    if (const auto* view = context.strip.PopupView()) context.host.CopyText(view->Control->LocationURL());
+}
+
+void ShowState(CommandContext& context) {
+    const auto* view = context.strip.PopupView();
+    Enable(context, u"xtrTabCloseOthers", context.pcPage.Count() > 1);
+    Enable(context, u"xtrTabCloseRight", context.strip.PopupTabPosition < context.pcPage.Count());
+    if (auto* mute = context.actBar.Find(u"xtrTabMute")) mute->Checked = view && view->Control->Muted();
+}
+
+void ShowReopen(CommandContext& context) { Enable(context, u"xtrReopenTab", !context.closed.IsEmpty()); }
+
+} // namespace TabMoreCommands

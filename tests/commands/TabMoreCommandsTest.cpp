@@ -1,0 +1,120 @@
+#include "tests/Desk.h"
+
+namespace {
+
+/// The pop-up has been opened on one of several tabs.
+class TabMoreCommandsTest : public testing::Test {
+protected:
+    void Start(int tabs, int popup) {
+        desk.StartWithTabs(tabs);
+        for (int i = 1; i <= tabs; ++i) desk.views.At(i).location = u"http://" + Decimal(i) + u"/";
+        desk.main.StripInput.HitTest = [popup](Pixels, Pixels) { return popup - 1; };
+        desk.main.StripInput.MouseDown(MouseButton::Right, {}, {});
+    }
+    [[nodiscard]] const Tool& Find(TextView name) { return *desk.main.actBar.Find(name); }
+
+    Desk desk;
+};
+
+TEST_F(TabMoreCommandsTest, ClosesAllOthersAndSelectsTheOneThatStays) {
+    Start(4, 3);
+    desk.Click(u"xtrTabCloseOthers");
+    EXPECT_EQ(desk.Strip(), "[3*]");
+    EXPECT_TRUE(desk.messages.asked.empty());
+}
+
+TEST_F(TabMoreCommandsTest, ClosesTheTabsToTheRight) {
+    Start(4, 2);
+    desk.Click(u"xtrTabCloseRight");
+    EXPECT_EQ(desk.Strip(), "[1*] 2");
+    desk.Click(u"xtrTabCloseRight");
+    EXPECT_EQ(desk.Strip(), "[1*] 2");
+}
+
+TEST_F(TabMoreCommandsTest, CloseToolsAreEnabledWhereThereIsSomethingToClose) {
+    Start(2, 2);
+    EXPECT_TRUE(Find(u"xtrTabCloseOthers").Enabled());
+    EXPECT_FALSE(Find(u"xtrTabCloseRight").Enabled());
+    desk.main.CloseBrowserTab(1);
+    desk.main.StripInput.HitTest = [](Pixels, Pixels) { return 0; };
+    desk.main.StripInput.MouseDown(MouseButton::Right, {}, {});
+    EXPECT_FALSE(Find(u"xtrTabCloseOthers").Enabled());
+}
+
+TEST_F(TabMoreCommandsTest, DuplicatesThePageBesideItsTabWithItsHistory) {
+    Start(3, 2);
+    desk.views.At(2).history = "been";
+    desk.Click(u"xtrTabDuplicate");
+    EXPECT_EQ(desk.Strip(), "1 2 [4*] 3");
+    EXPECT_EQ(desk.views.Calls(4), "go about:blank, restore been");
+    EXPECT_EQ(desk.views.At(4).location, u"http://2/");
+}
+
+TEST_F(TabMoreCommandsTest, MutesAndShowsIt) {
+    Start(2, 2);
+    EXPECT_FALSE(Find(u"xtrTabMute").Checked());
+    desk.Click(u"xtrTabMute");
+    EXPECT_TRUE(desk.views.At(2).muted);
+    EXPECT_EQ(desk.main.pcPage.FindAt(2)->Sound(), TabSound::Muted);
+    desk.main.StripInput.MouseDown(MouseButton::Right, {}, {});
+    EXPECT_TRUE(Find(u"xtrTabMute").Checked());
+    desk.Click(u"xtrTabMute");
+    EXPECT_FALSE(desk.views.At(2).muted);
+    EXPECT_EQ(desk.main.pcPage.FindAt(2)->Sound(), TabSound::None);
+}
+
+TEST_F(TabMoreCommandsTest, ATabThatIsHeardShowsIt) {
+    Start(2, 2);
+    desk.views.At(2).audible = true;
+    desk.views.At(2).events.SoundChange(2);
+    EXPECT_EQ(desk.main.pcPage.FindAt(2)->Sound(), TabSound::Playing);
+    desk.views.At(2).audible = false;
+    desk.views.At(2).events.SoundChange(2);
+    EXPECT_EQ(desk.main.pcPage.FindAt(2)->Sound(), TabSound::None);
+    desk.views.At(2).events.SoundChange(9);
+}
+
+TEST_F(TabMoreCommandsTest, CopiesTheAddress) {
+    Start(2, 2);
+    Text copied;
+    desk.main.Commands.host.CopyText = [&](TextView text) { copied = text; };
+    desk.main.actBar.Find(u"xtrTabCopyAddress")->Enabled = true;
+    desk.Click(u"xtrTabCopyAddress");
+    EXPECT_EQ(copied, u"http://2/");
+}
+
+TEST_F(TabMoreCommandsTest, AddsTheTabsPageToAGroup) {
+    Start(2, 2);
+    std::string added;
+    desk.main.Commands.host.AddToTessaGroup = [&](TextView url, TextView file) {
+        added = ToUtf8(url) + " " + ToUtf8(file);
+    };
+    desk.main.actBar.Find(u"xtrTabAddToTessaGroup")->Enabled = true;
+    desk.main.Commands.groupsMenuStale = false;
+    desk.Click(u"xtrTabAddToTessaGroup");
+    EXPECT_EQ(added, "") << "the dialog was cancelled";
+    EXPECT_FALSE(desk.main.Commands.groupsMenuStale);
+    desk.files.chosen = u"/groups/a.tvg";
+    desk.Click(u"xtrTabAddToTessaGroup");
+    EXPECT_EQ(added, "http://2/ /groups/a.tvg");
+    EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
+}
+
+TEST_F(TabMoreCommandsTest, NothingHappensWhenTheTabIsGone) {
+    Start(3, 3);
+    desk.main.CloseBrowserTab(3);
+    for (const TextView name : {u"xtrTabCloseOthers", u"xtrTabCloseRight", u"xtrTabDuplicate", u"xtrTabMute"})
+        desk.Click(name);
+    EXPECT_EQ(desk.Strip(), "[1*] 2");
+}
+
+TEST_F(TabMoreCommandsTest, ATabIsDescribedByItsWholeTitleAndAddress) {
+    Start(2, 2);
+    desk.main.Tabs.TitleLengthLimit = 3;
+    desk.PageLoads(2, u"http://two/", u"A title");
+    EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.FindAt(2)), u"A title\nhttp://two/");
+    desk.views.At(2).name = Text(5000, u'x');
+    EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.FindAt(2)), Text(300, u'x') + u"\nhttp://two/");
+}
+
+} // namespace
