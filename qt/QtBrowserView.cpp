@@ -233,6 +233,7 @@ void QtBrowserView::MakePage() {
 
 void QtBrowserView::MakeQuestions() {
     m_questions = std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted());
+    m_questions->crashes.Reload = [this] { ResumeNext(Refresh()); };
     m_questions->covers.FocusPage = [this] { SetFocus(); };
     m_questions->covers.Changed = [this] { m_events.AttentionChange(m_index, !m_questions->covers.Empty()); };
 }
@@ -341,6 +342,7 @@ void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
 void QtBrowserView::OnRendererGone() {
     m_loading = false;
     m_engine.EndNavigation(m_index);
+    m_events.StatusTextChange(m_index, u"The page has stopped working.");
     m_events.DownloadComplete(m_index);
     m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
 }

@@ -59,6 +59,8 @@ public:
     [[nodiscard]] QIcon Icon() const;
     [[nodiscard]] QtPage* Page() const { return m_page; }
     [[nodiscard]] QWebEngineView* Widget() const { return m_widget; }
+    /// What covers the page because its process has died; nothing while it lives.
+    [[nodiscard]] QtCrashPage* CrashPage() const { return m_questions ? m_questions->crashes.Shown() : nullptr; }
 
 private:
     // The document.

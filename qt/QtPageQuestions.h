@@ -1,15 +1,17 @@
 #pragma once
 #include "qt/QtCertificates.h"
 #include "qt/QtCovers.h"
+#include "qt/QtCrashes.h"
 #include "qt/QtLogins.h"
 
 /// What one page asks of its user, and what covers it meanwhile.
 struct QtPageQuestions {
     /// All outlive this object.
     QtPageQuestions(QtPage& page, QWidget* pageArea, AcceptedCertificates& accepted)
-        : covers(pageArea), certificates(page, covers, accepted), logins(page, covers) {}
+        : covers(pageArea), certificates(page, covers, accepted), logins(page, covers), crashes(page, covers) {}
 
     QtCovers covers;
     QtCertificates certificates;
     QtLogins logins;
+    QtCrashes crashes;
 };

@@ -1,0 +1,22 @@
+#pragma once
+#include <QWidget>
+#include <functional>
+
+class QPushButton;
+
+/// What covers a page whose process has died: says so and offers to load the page again.
+class QtCrashPage final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `address` is the page that was shown.
+    explicit QtCrashPage(const QString& address);
+
+    /// The user wants the page back.
+    std::function<void()> Reload;
+
+private:
+    void LayOut(const QString& address);
+
+    QPushButton* m_reload;
+};
