@@ -232,7 +232,8 @@ void QtBrowserView::MakePage() {
 }
 
 void QtBrowserView::MakeQuestions() {
-    m_questions = std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted());
+    m_questions =
+        std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted(), m_engine.DialogScheme());
     m_questions->crashes.Reload = [this] { ResumeNext(Refresh()); };
     m_questions->covers.FocusPage = [this] { SetFocus(); };
     m_questions->covers.Changed = [this] { m_events.AttentionChange(m_index, !m_questions->covers.Empty()); };
@@ -256,7 +257,7 @@ void QtBrowserView::Release() {
         m_widget->deleteLater();
     }
     // Later, because the page may be in the middle of telling us that it closed itself.
-    if (m_page) m_page->deleteLater();
+    if (m_page) m_page->End();
     m_widget = nullptr;
     m_page = nullptr;
     m_loading = m_committed = false;

@@ -22,6 +22,7 @@ public:
     [[nodiscard]] bool Empty() const { return m_covers.empty(); }
     /// The tab comes to the front, or leaves it.
     void SetShown(bool shown);
+    [[nodiscard]] bool Shown() const { return m_shown; }
     void Lay(const QRect& page);
     /// Gives the keyboard to the topmost cover; false when there is none.
     bool TakeFocus();

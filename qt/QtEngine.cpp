@@ -105,6 +105,11 @@ QWebEngineProfile* QtEngine::Profile() {
     return m_profile->Get();
 }
 
+QtDialogScheme& QtEngine::DialogScheme() {
+    static_cast<void>(Profile());
+    return m_profile->Dialogs();
+}
+
 void QtEngine::Turn() {
     ShowFront();
     const NavigationQueue::Time now{m_clock.elapsed()};

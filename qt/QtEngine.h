@@ -16,6 +16,7 @@
 
 class QWebEngineProfile;
 class QtBrowserView;
+class QtDialogScheme;
 class QtPage;
 class QtProfile;
 
@@ -68,6 +69,7 @@ public:
     void Schedule();
     [[nodiscard]] QWidget* PageArea() const { return m_pageArea; }
     [[nodiscard]] QWebEngineProfile* Profile();
+    [[nodiscard]] QtDialogScheme& DialogScheme();
     [[nodiscard]] bool PlaysSounds() const { return m_loadOptions.sounds; }
     /// Marks the lines with which our script in the pages reports frames; new for every run.
     [[nodiscard]] const QString& Token() const { return m_token; }

@@ -14,19 +14,10 @@ struct QtLogins::Asker {
     bool ofPage = true; ///< the page itself or a frame in it, not some picture from elsewhere
 };
 
-namespace {
-
-QString HostAndPort(const QUrl& url) {
-    const QString host = url.host(QUrl::FullyEncoded);
-    return url.port() < 0 ? host : QStringLiteral("%1:%2").arg(host).arg(url.port());
-}
-
-} // namespace
-
 QtLogins::QtLogins(QtPage& page, QtCovers& covers) : m_page(page), m_covers(covers) {
     connect(&page, &QWebEnginePage::authenticationRequired, this,
             [this](const QUrl& url, QAuthenticator* authenticator) {
-                OnAsked({HostAndPort(url), false, url.scheme() == u"https", BelongsToPage(url)}, authenticator);
+                OnAsked({QtPage::HostAndPort(url), false, url.scheme() == u"https", BelongsToPage(url)}, authenticator);
             });
     connect(&page, &QWebEnginePage::proxyAuthenticationRequired, this,
             [this](const QUrl&, QAuthenticator* authenticator, const QString& proxy) {

@@ -1,6 +1,9 @@
 #include "qt/QtPage.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
+#include <memory>
+#include <optional>
 
 QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {
     connect(this, &QWebEnginePage::urlChanged, this, [this] { m_awaited.clear(); });
@@ -13,8 +16,69 @@ bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool 
         return false;
     }
     if (isMainFrame) m_awaited = url;
+    if (isMainFrame && (type == NavigationTypeTyped || type == NavigationTypeLinkClicked)) Q_EMIT PersonNavigated();
     Q_EMIT NavigationRequested(url, isMainFrame);
     return true;
+}
+
+QString QtPage::HostAndPort(const QUrl& url) {
+    const QString host = url.host(QUrl::FullyEncoded);
+    return url.port() < 0 ? host : QStringLiteral("%1:%2").arg(host).arg(url.port());
+}
+
+namespace {
+
+// The engine asks with these words of its own, in its own language, before a page with input is left.
+QString LeaveQuestion() {
+    return QCoreApplication::translate(
+        "QWebEnginePage", "Are you sure you want to leave this page? Changes that you made may not be saved.");
+}
+
+} // namespace
+
+void QtPage::javaScriptAlert(const QUrl& origin, const QString& message) {
+    Ask({PageDialogKind::Alert, HostAndPort(origin), message, {}});
+}
+
+bool QtPage::javaScriptConfirm(const QUrl& origin, const QString& message) {
+    const bool leave = message == LeaveQuestion();
+    const auto kind = leave ? PageDialogKind::Leave : PageDialogKind::Confirm;
+    return Ask({kind, HostAndPort(origin), message, {}}).accepted;
+}
+
+bool QtPage::javaScriptPrompt(const QUrl& origin, const QString& message, const QString& suggestion, QString* result) {
+    const auto answer = Ask({PageDialogKind::Prompt, HostAndPort(origin), message, suggestion});
+    if (answer.accepted) *result = answer.text;
+    return answer.accepted;
+}
+
+// The engine wants the answer before this returns. The rest of the program goes on meanwhile, so the tab may be closed;
+// then the page ends, but not before the engine, which called, has it back.
+PageDialogAnswer QtPage::Ask(const PageDialogRequest& request) {
+    if (!ShowDialog || m_waiting || m_ending) return {};
+    QEventLoop waiting;
+    // Shared, because a dialog may outlast the call.
+    const auto given = std::make_shared<std::optional<PageDialogAnswer>>();
+    ShowDialog(request, [given, loop = QPointer<QEventLoop>(&waiting)](const PageDialogAnswer& answer) {
+        *given = answer;
+        if (loop) loop->quit();
+    });
+    if (!*given) {
+        m_waiting = &waiting;
+        waiting.exec();
+        m_waiting = nullptr;
+        if (m_ending) deleteLater();
+    }
+    return given->value_or(PageDialogAnswer{});
+}
+
+void QtPage::End() {
+    m_ending = true;
+    ShowDialog = {};
+    if (m_waiting)
+        m_waiting->quit();
+    else
+        deleteLater();
 }
 
 void QtPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int, const QString&) {

@@ -1,6 +1,11 @@
 #pragma once
+#include "qt/QtPageDialog.h"
+
+#include <QEventLoop>
+#include <QPointer>
 #include <QUrl>
 #include <QWebEnginePage>
+#include <functional>
 
 /// An engine page that reports what only its virtual functions tell.
 class QtPage final : public QWebEnginePage {
@@ -10,22 +15,40 @@ public:
     /// `token` marks the console lines with which frames report themselves.
     QtPage(QWebEngineProfile* profile, QString token);
 
+    /// A host as it is shown: in the form that cannot be mistaken for another, with an unusual port.
+    [[nodiscard]] static QString HostAndPort(const QUrl& url);
     /// Whether the page is about to show what is fetched from there.
     [[nodiscard]] bool Awaits(const QUrl& url) const { return !m_awaited.isEmpty() && m_awaited == url; }
+
+    /// Shows a dialog for which the whole engine waits - one that our script could not stand in for, or the question
+    /// before a page is left - and returns; the answer comes later, or never.
+    std::function<void(const PageDialogRequest&, std::function<void(const PageDialogAnswer&)> answer)> ShowDialog;
+    /// Deletes the page as soon as it waits for nothing any more.
+    void End();
 
 Q_SIGNALS:
     /// A navigation begins, of the page or of a frame inside it.
     void NavigationRequested(const QUrl& url, bool topLevel);
+    /// A person, not the page, goes to another page.
+    void PersonNavigated();
     /// A frame has its document ready, or is loaded.
     void FrameReady(const QUrl& url);
     void FrameLoaded(const QUrl& url);
 
 protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
+    void javaScriptAlert(const QUrl& origin, const QString& message) override;
+    bool javaScriptConfirm(const QUrl& origin, const QString& message) override;
+    bool javaScriptPrompt(const QUrl& origin, const QString& message, const QString& suggestion,
+                          QString* result) override;
     void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message, int line,
                                   const QString& source) override;
 
 private:
+    PageDialogAnswer Ask(const PageDialogRequest& request);
+
     QString m_token;
+    QPointer<QEventLoop> m_waiting; ///< for the answer to a dialog
+    bool m_ending = false;
     QUrl m_awaited; ///< of the top-level navigation that has not ended
 };

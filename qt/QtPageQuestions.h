@@ -3,15 +3,21 @@
 #include "qt/QtCovers.h"
 #include "qt/QtCrashes.h"
 #include "qt/QtLogins.h"
+#include "qt/QtPageDialogs.h"
 
 /// What one page asks of its user, and what covers it meanwhile.
 struct QtPageQuestions {
     /// All outlive this object.
-    QtPageQuestions(QtPage& page, QWidget* pageArea, AcceptedCertificates& accepted)
-        : covers(pageArea), certificates(page, covers, accepted), logins(page, covers), crashes(page, covers) {}
+    QtPageQuestions(QtPage& page, QWidget* pageArea, AcceptedCertificates& accepted, QtDialogScheme& dialogScheme)
+        : covers(pageArea),
+          certificates(page, covers, accepted),
+          logins(page, covers),
+          crashes(page, covers),
+          dialogs(page, covers, dialogScheme) {}
 
     QtCovers covers;
     QtCertificates certificates;
     QtLogins logins;
     QtCrashes crashes;
+    QtPageDialogs dialogs;
 };

@@ -1,5 +1,6 @@
 #include "qt/QtProfile.h"
 
+#include "qt/QtDialogScheme.h"
 #include "qt/QtStartPage.h"
 
 #include <QDir>
@@ -38,7 +39,9 @@ constexpr auto kFrameScript = R"js((function () {
 } // namespace
 
 QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QString& token)
-    : m_lock(folder.isEmpty() ? -1 : LockFolder(folder)), m_startPage(std::make_unique<QtStartPage>()) {
+    : m_lock(folder.isEmpty() ? -1 : LockFolder(folder)),
+      m_startPage(std::make_unique<QtStartPage>()),
+      m_dialogs(std::make_unique<QtDialogScheme>()) {
     if (m_lock >= 0) {
         m_profile = std::make_unique<QWebEngineProfile>(QStringLiteral("TessaView"));
         m_profile->setPersistentStoragePath(folder);
@@ -49,6 +52,7 @@ QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QS
     ApplySettings();
     InstallFrameScript(token);
     m_profile->installUrlSchemeHandler(QtStartPage::Scheme(), m_startPage.get());
+    m_profile->installUrlSchemeHandler(QtDialogScheme::Scheme(), m_dialogs.get());
 }
 
 QtProfile::~QtProfile() {

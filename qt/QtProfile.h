@@ -5,6 +5,7 @@
 #include <memory>
 
 class QWebEngineProfile;
+class QtDialogScheme;
 class QtStartPage;
 
 /// The engine's profile: cookies, storage and cache of all pages. Kept on disk by the one process that holds the
@@ -16,6 +17,7 @@ public:
     ~QtProfile();
 
     [[nodiscard]] QWebEngineProfile* Get() const { return m_profile.get(); }
+    [[nodiscard]] QtDialogScheme& Dialogs() const { return *m_dialogs; }
     /// What pages may load from now on.
     void SetLoadOptions(const QtLoadOptions& options);
 
@@ -25,5 +27,6 @@ private:
 
     int m_lock = -1;
     std::unique_ptr<QtStartPage> m_startPage;
+    std::unique_ptr<QtDialogScheme> m_dialogs;
     std::unique_ptr<QWebEngineProfile> m_profile;
 };

@@ -5,6 +5,7 @@
 #include "qt/QtCommandBar.h"
 #include "qt/QtDefBrowserDialog.h"
 #include "qt/QtDefaultBrowser.h"
+#include "qt/QtDialogScheme.h"
 #include "qt/QtDialogs.h"
 #include "qt/QtEngine.h"
 #include "qt/QtFileDrop.h"
@@ -55,6 +56,7 @@ public:
 // What must be said before the application object exists.
 int& BeforeApplication(int& argc) {
     QtStartPage::RegisterScheme();
+    QtDialogScheme::RegisterScheme();
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     // Not the display name, which Qt appends to the title of every window.
     QCoreApplication::setApplicationName(QStringLiteral("TessaView"));

@@ -1,3 +1,4 @@
+#include "qt/QtDialogScheme.h"
 #include "qt/QtStartPage.h"
 
 #include <QApplication>
@@ -6,6 +7,7 @@
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     QtStartPage::RegisterScheme();
+    QtDialogScheme::RegisterScheme();
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();
