@@ -50,7 +50,7 @@ install_packages() {
   local packages=("${core_packages[@]}" "${format_packages[@]}")
   [ $core_only = no ] || { install_missing "${packages[@]}"; return; }
   install_missing --svg "${packages[@]}" "${build_packages[@]}" "${run_packages[@]}" "${display_packages[@]}" \
-    "${test_packages[@]}"
+    "${test_packages[@]}" "${packaging_packages[@]}"
 }
 
 tracked_sources() {

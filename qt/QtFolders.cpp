@@ -14,8 +14,9 @@ QString XdgFolder(const char* variable, const QString& underHome) {
     return QDir::cleanPath(base) + QStringLiteral("/tessaview");
 }
 
+// A folder "bin" is where many programs are installed, so that none may call it its own.
 bool IsUsersOwn(const QFileInfo& folder) {
-    return folder.isDir() && folder.ownerId() == ::geteuid() && folder.isWritable();
+    return folder.fileName() != u"bin" && folder.isDir() && folder.ownerId() == ::geteuid() && folder.isWritable();
 }
 
 void Make(const QString& folder) {

@@ -9,8 +9,9 @@ struct QtFolders {
     QString cache;    ///< the engine's cache
     QString state;    ///< names the instance: two state folders never meet
 
-    /// $TESSAVIEW_HOME for everything when set; else the folder of the running program, if it is the user's and
-    /// writable, for what belongs to the program, and the desktop's usual folders for the rest.
+    /// $TESSAVIEW_HOME for everything when set; else the folder of the running program, if it is the user's own and
+    /// writable and no "bin" that it shares with other programs, for what belongs to the program, and the desktop's
+    /// usual folders for the rest.
     static QtFolders Find(const QString& programFile);
     [[nodiscard]] QString GroupFolder() const { return program + QStringLiteral("/TessaGroups/"); }
 };

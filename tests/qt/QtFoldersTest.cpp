@@ -1,0 +1,65 @@
+#include "qt/QtFolders.h"
+
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Variables as they are for one test.
+class QtFoldersTest : public testing::Test {
+protected:
+    QtFoldersTest() {
+        qunsetenv("TESSAVIEW_HOME");
+        for (const char* name : {"DATA", "CONFIG", "CACHE"})
+            qputenv((QByteArray("XDG_") + name + "_HOME").constData(), Path(name).toUtf8());
+    }
+    ~QtFoldersTest() override {
+        for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "TESSAVIEW_HOME"})
+            qunsetenv(name);
+    }
+    [[nodiscard]] QString Path(const char* name) const { return QString::fromStdString(m_folder.Path(name)); }
+    /// The program's file in a folder of that name.
+    [[nodiscard]] QString ProgramIn(const char* name) const {
+        QDir().mkpath(Path(name));
+        return Path(name) + QStringLiteral("/tessaview");
+    }
+
+    TemporaryFolder m_folder;
+};
+
+TEST_F(QtFoldersTest, AFolderOfItsOwnHoldsWhatBelongsToTheProgram) {
+    const QtFolders folders = QtFolders::Find(ProgramIn("unpacked"));
+    EXPECT_EQ(folders.program, Path("unpacked"));
+    EXPECT_EQ(folders.settings, Path("CONFIG/tessaview"));
+    EXPECT_EQ(folders.data, Path("DATA/tessaview/engine"));
+    EXPECT_EQ(folders.cache, Path("CACHE/tessaview"));
+    EXPECT_TRUE(QDir(Path("unpacked/TessaGroups")).exists());
+}
+
+TEST_F(QtFoldersTest, AnInstalledProgramKeepsNothingAmongOtherPrograms) {
+    const QtFolders folders = QtFolders::Find(ProgramIn("bin"));
+    EXPECT_EQ(folders.program, Path("DATA/tessaview"));
+    EXPECT_TRUE(QDir(Path("bin")).isEmpty());
+    EXPECT_TRUE(QDir(Path("DATA/tessaview/TessaGroups")).exists());
+}
+
+TEST_F(QtFoldersTest, OneVariableMovesEverything) {
+    qputenv("TESSAVIEW_HOME", Path("home").toUtf8());
+    const QtFolders folders = QtFolders::Find(ProgramIn("unpacked"));
+    for (const QString& each : {folders.program, folders.settings, folders.state}) EXPECT_EQ(each, Path("home"));
+    EXPECT_EQ(folders.data, Path("home/engine"));
+    EXPECT_EQ(folders.GroupFolder(), Path("home/TessaGroups/"));
+    EXPECT_FALSE(QDir(Path("CONFIG")).exists());
+}
+
+TEST_F(QtFoldersTest, ARelativePathOfTheDesktopIsIgnored) {
+    qputenv("XDG_CONFIG_HOME", "somewhere");
+    qputenv("HOME", Path("user").toUtf8());
+    const QtFolders folders = QtFolders::Find(ProgramIn("unpacked"));
+    EXPECT_EQ(folders.settings, Path("user/.config/tessaview"));
+}
+
+} // namespace
