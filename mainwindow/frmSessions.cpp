@@ -1,7 +1,7 @@
 #include "mainwindow/frmSessions.h"
 
 #include "common/AtomicFile.h"
-#include "common/IniFile.h"
+#include "groups/TessaGroups.h"
 
 #include <algorithm>
 
@@ -11,14 +11,6 @@ constexpr TextView kGroupFilter = u"TessaGroup File (*.tvg)|*.tvg";
 constexpr TextView kGroupExtension = u".tvg";
 constexpr TextView kOverwriteQuestion =
     u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
-
-Outcome WriteGroup(const Text& path, const std::vector<Text>& addresses) {
-    IniFile file("");
-    std::size_t number = 0;
-    for (const Text& address : addresses)
-        file.SetValue("TessaGroup", "url" + std::to_string(++number), ToUtf8(address));
-    return WriteWholeFile(ToUtf8(path), file.Bytes());
-}
 
 } // namespace
 
@@ -132,9 +124,9 @@ void frmSessions::cmdSave_Click() {
     if (path.empty()) return;
     if (!path.ends_with(kGroupExtension)) path += kGroupExtension;
     if (!MayWrite(path)) return;
-    std::vector<Text> addresses;
-    for (const std::size_t each : TickedPages()) addresses.push_back(lstPages()[each].Address);
-    const bool saved = WriteGroup(path, addresses) == Outcome::Done;
+    std::vector<TessaGroups::NumberedAddress> addresses;
+    for (const std::size_t each : TickedPages()) addresses.push_back({addresses.size() + 1, lstPages()[each].Address});
+    const bool saved = TessaGroups::Write(path, addresses) == Outcome::Done;
     SavedGroup = SavedGroup || saved;
     lblMessage.Caption = saved ? u"The TessaGroup has been saved." : u"The TessaGroup could not be saved.";
 }
