@@ -1,9 +1,9 @@
 #include "app/CommandLine.h"
 
+#include "common/Percent.h"
 #include "common/Version.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace {
 
@@ -46,19 +46,6 @@ std::string WindowingSystem(const CommandLine::Arguments& arguments, const std::
     const auto option = std::ranges::find_if(
         arguments, [](const std::string& each) { return each == "-platform" || each == "--platform"; });
     return option == arguments.end() || option + 1 == arguments.end() ? variable : *(option + 1);
-}
-
-std::string PercentDecoded(std::string_view text) {
-    std::string bytes;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        unsigned value = 0;
-        const char* digits = text.data() + i + 1;
-        const bool escape =
-            text[i] == '%' && i + 2 < text.size() && std::from_chars(digits, digits + 2, value, 16).ptr == digits + 2;
-        bytes += escape ? static_cast<char>(value) : text[i];
-        if (escape) i += 2;
-    }
-    return bytes;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "commands/Endpoints.h"
 #include "commands/ToolNames.h"
+#include "common/Percent.h"
 
 #include <algorithm>
 #include <array>
@@ -27,21 +28,6 @@ constexpr std::array kFindByDesign{
     FindTarget{"stockquotes", "https://finance.yahoo.com/"},
 };
 
-std::string Encoded(std::string_view bytes) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string all;
-    for (const char each : bytes) {
-        const auto byte = static_cast<unsigned char>(each);
-        const bool plain = (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
-                           (byte >= 'a' && byte <= 'z') || each == '-' || each == '.' || each == '_' || each == '~';
-        if (plain)
-            all += each;
-        else
-            (all += '%') += {kDigits[byte >> 4U], kDigits[byte & 15U]};
-    }
-    return all;
-}
-
 std::string Filled(std::string_view pattern, std::string_view words) {
     std::string all(pattern);
     if (const auto place = all.find("%s"); place != std::string::npos) all.replace(place, 2, words);
@@ -58,7 +44,7 @@ std::string NameOf(std::span<const ToolRow> links, std::string_view keyword) {
         std::ranges::find(links, FromBytes(keyword), [](const ToolRow& row) { return Text(row.description); });
     std::string name = link == links.end() ? std::string(keyword) : ToUtf8(link->caption);
     std::erase(name, '&');
-    return Encoded(name);
+    return PercentEncoded(name);
 }
 
 std::string FindService(const Text& chosen, std::string_view keyword) {

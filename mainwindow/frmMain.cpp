@@ -2,9 +2,11 @@
 
 #include "commands/DesignTimeBar.h"
 #include "commands/TabMoreCommands.h"
+#include "groups/TessaGroups.h"
 #include "mainwindow/MainCommands.h"
 #include "mainwindow/MainLoad.h"
 #include "mainwindow/MainUnload.h"
+#include "mainwindow/StartPage.h"
 #include "mainwindow/frmSessions.h"
 #include "mainwindow/frmSplash.h"
 #include "settings/frmSettings.h"
@@ -86,6 +88,14 @@ void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
         m_openedFromCommandLine = true;
         ResumeNext(view.Navigate(commandLine));
     }
+}
+
+void frmMain::OpenStartLink(std::string_view link) {
+    const auto name = StartPage::GroupOf(link);
+    // Only what the folder lists is a group: a name is no path.
+    CKeyValues groups = name ? TessaGroups::List(Platform.groupFolder) : CKeyValues();
+    const auto* group = name ? groups.FindItem(*name) : nullptr;
+    if (group) OpenTessaGroup(Text(group->Value));
 }
 
 void frmMain::Form_Activate() {

@@ -1,0 +1,11 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+// Percent-encoding, as addresses use it.
+
+/// The bytes with all but letters, digits and "-._~" as "%XX".
+[[nodiscard]] std::string PercentEncoded(std::string_view bytes);
+
+/// The bytes with every "%XX" decoded; a "%" without two hexadecimal digits stays.
+[[nodiscard]] std::string PercentDecoded(std::string_view text);

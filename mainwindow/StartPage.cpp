@@ -1,0 +1,164 @@
+#include "mainwindow/StartPage.h"
+
+#include "commands/Endpoints.h"
+#include "common/Percent.h"
+#include "favorites/Favorites.h"
+#include "groups/TessaGroups.h"
+#include "mainwindow/StartPageStyle.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t kMostGroups = 60, kMostFavorites = 60, kSitesOfACard = 4;
+constexpr std::string_view kGroupLink = "tessaview:group?";
+
+// Nothing is loaded, nothing runs; words go wherever the search leads, by way of the product's own address.
+constexpr std::string_view kPolicy = "default-src 'none'; style-src 'unsafe-inline'; form-action https: http:";
+
+constexpr std::string_view kPicture =
+    R"(<svg viewBox="0 0 64 64" aria-hidden="true"><rect x="3" y="3" width="58" height="58" rx="11" fill="#2668b9"/>)"
+    R"(<path d="M12 17a4 4 0 0 1 4-4h9a4 4 0 0 1 4 4v1.500h2v12H12z" fill="#fff"/>)"
+    R"(<path d="M34 18.500h14a4 4 0 0 1 4 4v8H34z" fill="#9fd0ff"/>)"
+    R"(<path d="M12 33.500h13v17.500h-9a4 4 0 0 1-4-4z" fill="#6fb3f5"/>)"
+    R"(<path d="M28 33.500h24v13.500a4 4 0 0 1-4 4H28z" fill="#ffb347"/></svg>)";
+
+std::string Escaped(TextView text) {
+    std::string all;
+    for (const char each : ToUtf8(text)) {
+        switch (each) {
+        case '&':
+            all += "&amp;";
+            break;
+        case '<':
+            all += "&lt;";
+            break;
+        case '>':
+            all += "&gt;";
+            break;
+        case '"':
+            all += "&quot;";
+            break;
+        case '\'':
+            all += "&#39;";
+            break;
+        default:
+            all += static_cast<unsigned char>(each) < ' ' ? ' ' : each;
+        }
+    }
+    return all;
+}
+
+// Of an address what a person knows the site by.
+Text SiteOf(TextView address) {
+    const auto scheme = address.find(u"://");
+    if (scheme == TextView::npos) return Text(address);
+    TextView host = address.substr(scheme + 3);
+    host = host.substr(0, host.find_first_of(u"/?#"));
+    if (const auto user = host.rfind(u'@'); user != TextView::npos) host.remove_prefix(user + 1);
+    if (host.starts_with(u"www.")) host.remove_prefix(4);
+    return host.empty() ? Text(address) : Text(host);
+}
+
+// A coloured tile with the first letter; the same site always has the same colour.
+std::string Tile(TextView site) {
+    unsigned sum = 0;
+    for (const char16_t each : site) sum = sum * 31 + each;
+    const auto first = site.find_first_not_of(u" \t");
+    const std::size_t units = first + 1 < site.size() && (site[first] & 0xFC00U) == 0xD800U ? 2 : 1;
+    const TextView letter = first == TextView::npos ? TextView(u"?") : site.substr(first, units);
+    return "<i class=\"t" + std::to_string(sum % 8) + "\" aria-hidden=\"true\">" + Escaped(letter) + "</i>";
+}
+
+std::string Isolated(TextView text) { return "<span><bdi>" + Escaped(text) + "</bdi></span>"; }
+
+std::string Count(std::size_t pages) { return pages == 1 ? "One page" : std::to_string(pages) + " pages"; }
+
+std::string Card(const StartGroup& group) {
+    std::string card = "<a class=\"card\" href=\"" + std::string(kGroupLink) + PercentEncoded(ToUtf8(group.Name)) +
+                       "\"><b><bdi>" + Escaped(group.Name) + "</bdi></b><small>" + Count(group.Addresses.size()) +
+                       "</small>";
+    for (std::size_t i = 0; i < std::min(group.Addresses.size(), kSitesOfACard); ++i) {
+        const Text site = SiteOf(group.Addresses[i]);
+        card += "<div class=\"site\">" + Tile(site) + Isolated(site) + "</div>";
+    }
+    return card + "</a>\n";
+}
+
+std::string Groups(const StartContent& content) {
+    std::string part = "<h2 id=\"groups\">TessaGroups</h2>\n";
+    if (content.Groups.empty()) {
+        return part + "<p class=\"hint\">There are no TessaGroups yet. Open some pages, then choose Save as TessaGroup "
+                      "in the TessaGroups menu: one click here opens them all again.</p>\n";
+    }
+    part += "<div class=\"cards\">\n";
+    for (const StartGroup& each : content.Groups) part += Card(each);
+    part += "</div>\n";
+    if (content.MoreGroups > 0)
+        part += "<p class=\"more\">" + std::to_string(content.MoreGroups) + " more in the TessaGroups menu</p>\n";
+    return part;
+}
+
+std::string Links(const std::vector<StartLink>& favorites) {
+    if (favorites.empty()) return {};
+    std::string part = "<h2>Favorites</h2>\n<div class=\"links\">\n";
+    for (const StartLink& each : favorites)
+        part += "<a class=\"link\" href=\"" + Escaped(each.Address) + "\">" + Tile(each.Title) + Isolated(each.Title) +
+                "</a>\n";
+    return part + "</div>\n";
+}
+
+std::string SearchForm() {
+    const std::string address = ToUtf8(Endpoints::kSearch);
+    const auto query = address.find('?');
+    const std::string name = address.substr(query + 1, address.size() - query - 2);
+    return "<form action=\"" + address.substr(0, query) + "\"><input name=\"" + name +
+           "\" type=\"search\" placeholder=\"Search " + Escaped(Endpoints::kSearchServiceName) +
+           "\" aria-label=\"Words to search for\" autocomplete=\"off\" autofocus required>"
+           "<button>Search</button></form>\n";
+}
+
+// Another kind of address would run as this page, or reach what pages must not.
+bool IsOfTheWeb(TextView address) { return address.starts_with(u"https://") || address.starts_with(u"http://"); }
+
+} // namespace
+
+namespace StartPage {
+
+StartContent Read(TextView groupFolder, TextView favoritesFolder) {
+    StartContent content;
+    const CKeyValues groups = TessaGroups::List(groupFolder);
+    for (const CKeyValue& each : groups) {
+        if (content.Groups.size() == kMostGroups) break;
+        StartGroup group{each.Key, {}};
+        for (const CString& address : TessaGroups::Load(each.Value)) group.Addresses.push_back(address.Key);
+        content.Groups.push_back(std::move(group));
+    }
+    content.MoreGroups = groups.Count() - content.Groups.size();
+    for (const CKeyValue& each : Favorites::List(favoritesFolder).Shortcuts) {
+        if (content.Favorites.size() == kMostFavorites) break;
+        if (IsOfTheWeb(each.Value)) content.Favorites.push_back({Text(Favorites::TitleOf(each.Key)), each.Value});
+    }
+    return content;
+}
+
+std::string Html(const StartContent& content) {
+    std::string page = "<!doctype html><html lang=\"en\"";
+    if (content.Dark) page += " class=\"dark\"";
+    page += "><head><meta charset=\"utf-8\"><title>TessaView</title>"
+            "<meta http-equiv=\"Content-Security-Policy\" content=\"";
+    page += kPolicy;
+    page += "\"><style>";
+    page += kStartPageStyle;
+    page += "</style></head><body><main>\n<header>";
+    page += kPicture;
+    page += "<h1>TessaView</h1></header>\n";
+    return page + SearchForm() + Groups(content) + Links(content.Favorites) + "</main></body></html>\n";
+}
+
+std::optional<Text> GroupOf(std::string_view link) {
+    if (!link.starts_with(kGroupLink)) return std::nullopt;
+    return FromUtf8(PercentDecoded(link.substr(kGroupLink.size())));
+}
+
+} // namespace StartPage
