@@ -7,6 +7,7 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QTabWidget tabs;
+    tabs.setWindowTitle(QStringLiteral("bench_reference"));
     tabs.resize(1024, 768);
     const QStringList addresses = QApplication::arguments().mid(1);
     for (const QString& address : addresses) {

@@ -2,7 +2,9 @@
 """Holds TessaView against the bare program: opens the same pages with both in turn and prints what each needed.
 
     run.py --program build/tessaview --reference build/tests/bench/bench_reference \\
-           --server build/tests/bench/bench_server [--pages 1,20,100] [--runs 3]
+           --server build/tests/bench/bench_server [--pages 1,20,100] [--restart 100] [--runs 3]
+
+Also measured: how soon a start shows its window, and a restart with so many remembered sites.
 
 Both run on a virtual display of their own, with a fresh profile each time, and are measured from outside: what the
 page server was asked for when, and what the kernel says of all processes of the run. The exit code is 0 when all
@@ -23,8 +25,10 @@ import urllib.request
 # What TessaView may need at most, as a part of what the bare program needs: (pages, value) -> ratio.
 TARGETS = {(1, "front"): 1.10, (1, "all"): 1.10, (20, "front"): 0.35, (20, "all"): 0.80, (100, "front"): 0.15,
            (100, "all"): 0.80}
+TITLES = {"TessaView": "^TessaView 3$", "bare": "^bench_reference$"}
 MEMORY_TARGET = 1.10
-VALUES = {"first": "first request, s", "front": "front page loaded, s", "all": "all loaded, s",
+WINDOW_TARGET = 1.25
+VALUES = {"window": "window shown, s", "first": "first request, s", "front": "front page loaded, s", "all": "all loaded, s",
           "memory": "memory, MB (PSS)", "idle": "idle CPU, s in 5 s"}
 QUIET_SECONDS = 3
 IDLE_SECONDS = 5
@@ -154,6 +158,14 @@ def program_command(options, addresses, home):
     return [options.program, group]
 
 
+def restart_command(options, addresses, home):
+    """A start that brings the sites of the session before back, the last of them in front."""
+    sites = ", ".join(f'"{address}"' for address in addresses)
+    with open(os.path.join(home, "settings.ini"), "w", encoding="ascii") as file:
+        file.write(f"[General]\nAskDefaultBrowser=false\nRememberLastSites=true\nLastSites={sites}\n")
+    return [options.program]
+
+
 def environment(display, home):
     result = {**os.environ, "DISPLAY": display.name, "QT_QPA_PLATFORM": "xcb", "TESSAVIEW_HOME": home}
     if os.geteuid() == 0:
@@ -190,6 +202,25 @@ def times(server, start, pages):
     return result
 
 
+def measure_window(name, command_for, options, server, display):
+    """Seconds from the start to the main window on the screen."""
+    server.control("reset")
+    look = ["xdotool", "search", "--onlyvisible", "--name", TITLES[name]]
+    with tempfile.TemporaryDirectory(prefix="tessabench-") as home:
+        command = command_for(options, [server.address(1)], home)
+        start = time.monotonic()
+        process = subprocess.Popen(command, env=environment(display, home), start_new_session=True, cwd=home,
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            while process.poll() is None and time.monotonic() - start < options.timeout:
+                if subprocess.run(look, env=environment(display, home), capture_output=True, check=False).stdout:
+                    return {"window": time.monotonic() - start}, ""
+            return {}, "shows no window"
+        finally:
+            Processes(process.pid).kill()
+            process.wait()
+
+
 def measure(command_for, options, pages, server, display, quiet=QUIET_SECONDS, idle=IDLE_SECONDS):
     """One run: what was measured, and what went wrong in words."""
     server.control("reset")
@@ -220,7 +251,7 @@ def medians(runs):
 
 
 def verdict(pages, key, ratio):
-    target = MEMORY_TARGET if key == "memory" else TARGETS.get((pages, key))
+    target = {"memory": MEMORY_TARGET, "window": WINDOW_TARGET}.get(key, TARGETS.get((pages, key)))
     if target is None:
         return ""
     if ratio is None:
@@ -228,12 +259,14 @@ def verdict(pages, key, ratio):
     return f"<= {target:.2f}  {'met' if ratio <= target else 'MISSED'}"
 
 
-def print_table(pages, program, reference):
+def print_table(title, pages, program, reference):
     """Gives the verdicts."""
-    print(f"\n{pages} page{'s' if pages > 1 else ''}")
+    print(f"\n{title}")
     print(f"  {'':22}{'TessaView':>10}{'bare':>10}{'ratio':>8}   target")
     verdicts = []
     for key, label in VALUES.items():
+        if key not in program and key not in reference:
+            continue
         ours, bare = program.get(key), reference.get(key)
         ratio = ours / bare if ours is not None and bare else None
         cells = [f"{value:.2f}" if value is not None else "-" for value in (ours, bare, ratio)]
@@ -242,23 +275,41 @@ def print_table(pages, program, reference):
     return verdicts
 
 
-def compare(pages, options, server, display):
-    """Runs both in turn with so many pages and prints the result; gives the verdicts and what went wrong."""
+def in_turn(runs, pair):
+    """The kinds of program to run one after the other; the order changes each time, so that neither always comes after
+    the other."""
+    for run in range(1, runs + 1):
+        for name, command_for in pair if run % 2 == 0 else reversed(pair):
+            yield run, name, command_for
+
+
+def compare(title, pages, options, measured, command_for_ours=program_command):
+    """Measures both in turn and prints the result; gives the verdicts and what went wrong."""
     results = {"TessaView": [], "bare": []}
     problems = []
-    pair = [("TessaView", program_command), ("bare", reference_command)]
-    for run in range(1, options.runs + 1):
-        # The order changes each time, so that neither always comes after the other.
-        pair.reverse()
-        for name, command_for in pair:
-            result, problem = measure(command_for, options, pages, server, display)
-            results[name].append(result)
-            shown = "  ".join(f"{key} {result[key]:.2f}" for key in VALUES if key in result)
-            again = f"  {result['again']} pages asked for more than once" if result["again"] else ""
-            print(f"  {pages:3} pages, run {run}, {name:9}: {shown}{again}  {problem}".rstrip(), flush=True)
-            if problem:
-                problems.append(f"{pages} pages, {name}: {problem}")
-    return print_table(pages, medians(results["TessaView"]), medians(results["bare"])), problems
+    for run, name, command_for in in_turn(options.runs, [("TessaView", command_for_ours), ("bare", reference_command)]):
+        result, problem = measured(name, command_for)
+        results[name].append(result)
+        shown = "  ".join(f"{key} {result[key]:.2f}" for key in VALUES if key in result)
+        again = f"  {result['again']} pages asked for more than once" if result.get("again") else ""
+        print(f"  {title}, run {run}, {name:9}: {shown}{again}  {problem}".rstrip(), flush=True)
+        if problem:
+            problems.append(f"{title}, {name}: {problem}")
+    return print_table(title, pages, medians(results["TessaView"]), medians(results["bare"])), problems
+
+
+def comparisons(options, server, display):
+    """All that is asked for, one comparison after the other."""
+    yield compare("start", 0, options,
+                  lambda name, command_for: measure_window(name, command_for, options, server, display))
+    for pages in options.pages:
+        title = f"{pages} page{'s' if pages > 1 else ''}"
+        yield compare(title, pages, options,
+                      lambda _, command_for, n=pages: measure(command_for, options, n, server, display))
+    if options.restart:
+        yield compare(f"restart with {options.restart} sites", options.restart, options,
+                      lambda _, command_for: measure(command_for, options, options.restart, server, display),
+                      restart_command)
 
 
 def arguments():
@@ -267,13 +318,14 @@ def arguments():
     parser.add_argument("--reference", required=True, help="bench_reference")
     parser.add_argument("--server", required=True, help="bench_server")
     parser.add_argument("--pages", default="1,20,100", help="numbers of pages, at most 250 each")
+    parser.add_argument("--restart", type=int, default=100, help="remembered sites of a restart; 0 for none")
     parser.add_argument("--runs", type=int, default=3, help="repetitions of each; the median counts")
     parser.add_argument("--delay", type=int, default=20, help="of each answer, milliseconds")
     parser.add_argument("--timeout", type=float, default=120, help="of each run, seconds")
     options = parser.parse_args()
     for name in "program", "reference", "server":
         setattr(options, name, os.path.abspath(getattr(options, name)))
-    options.pages = [int(number) for number in options.pages.split(",")]
+    options.pages = [int(number) for number in options.pages.split(",") if number]
     return options
 
 
@@ -282,12 +334,11 @@ def main():
     print(f"{os.cpu_count()} processors, load average {os.getloadavg()[0]:.2f} before the first run, "
           f"{options.delay} ms for each answer, median of {options.runs}")
     verdicts, problems = [], []
-    with Display() as display, PageServer(options.server, max(options.pages), options.delay) as server:
+    with Display() as display, PageServer(options.server, max([1, options.restart, *options.pages]), options.delay) as server:
         # Not counted: it brings both programs and the engine from the disk into memory.
         for command_for in program_command, reference_command:
             measure(command_for, options, 1, server, display, quiet=0, idle=0)
-        for pages in options.pages:
-            found, wrong = compare(pages, options, server, display)
+        for found, wrong in comparisons(options, server, display):
             verdicts += found
             problems += wrong
     missed = sum("MISSED" in each for each in verdicts)

@@ -1,0 +1,172 @@
+"""What comes back at the next start: tabs, the window's place, and what a session that ended badly had open."""
+
+import configparser
+import os
+import signal
+import subprocess
+import unittest
+
+import desk
+
+PROGRAM = desk.program_file()
+TWIPS = 15  # in a pixel
+HOME_PAGE = ["[TessaView]"]
+
+
+def settings_of(home):
+    """The stored settings by name; without any, an empty answer."""
+    stored = configparser.ConfigParser(interpolation=None)
+    stored.optionxform = str
+    stored.read(os.path.join(home, "settings.ini"), encoding="utf-8")
+    return dict(stored["General"]) if stored.has_section("General") else {}
+
+
+def store(home, **values):
+    with open(os.path.join(home, "settings.ini"), "w", encoding="utf-8") as settings:
+        settings.write("[General]\n" + "".join(f"{name}={value}\n" for name, value in values.items()))
+
+
+def end(program, how=signal.SIGTERM):
+    program.process.send_signal(how)
+    if program.wait_end() != 0:
+        raise AssertionError(f"the program ended with {program.process.returncode}: {program.errors()}")
+
+
+def geometry(program):
+    """The main window's width and height in pixels."""
+    told = desk.xdotool("getwindowgeometry", "--shell", program.window_id())
+    values = dict(line.split("=") for line in told.splitlines())
+    return int(values["WIDTH"]), int(values["HEIGHT"])
+
+
+class Restart(unittest.TestCase):
+    def setUp(self):
+        self.home = desk.state_folder()
+        self.pages = desk.PageServer(hosts=3)
+        self.pages.__enter__()
+        self.addCleanup(self.pages.__exit__)
+
+    def group(self, *titles):
+        file = os.path.join(self.home, "some.tvg")
+        desk.write_group(file, [self.pages.address(title, host) for host, title in enumerate(titles, 1)])
+        return file
+
+    def start(self, *arguments):
+        return desk.Program(PROGRAM, *arguments, home=self.home)
+
+    def leave_three_tabs(self, how=signal.SIGTERM):
+        """A session of the pages One, Two and Three, which ends with Two in front."""
+        with self.start(self.pages.address("One")) as program:
+            program.wait_strip(["[One]"])
+            for host, title in ((2, "Two"), (3, "Three")):
+                with self.start(self.pages.address(title, host)) as second:
+                    self.assertEqual(second.wait_end(), 0)
+                desk.wait_until(lambda: program.strip()[-1] == f"[{title}]", what=program.strip)
+            program.keys("ctrl+shift+Tab")
+            program.wait_strip(["One", "[Two]", "Three"])
+            if how == "keys":
+                program.keys("ctrl+q")
+                self.assertEqual(program.wait_end(), 0)
+            else:
+                end(program, how)
+
+    def test_three_tabs_come_back_in_order_with_the_last_in_front(self):
+        for how in (signal.SIGTERM, signal.SIGHUP, "keys"):
+            with self.subTest(how=how):
+                self.leave_three_tabs(how)
+                with self.start() as program:
+                    # Deliberate: each is opened in front of the one before, so the last of them stays there.
+                    program.wait_strip(["One", "Two", "[Three]"])
+                    end(program)
+
+    def test_one_tab_does_not_come_back(self):
+        with self.start(self.pages.address("One")) as program:
+            program.wait_strip(["[One]"])
+            end(program)
+        with self.start() as program:
+            program.wait_strip(HOME_PAGE)
+
+    def test_what_is_not_to_be_remembered_does_not_come_back(self):
+        self.leave_three_tabs()
+        store(self.home, **{**settings_of(self.home), "RememberLastSites": "false"})
+        with self.start() as program:
+            program.wait_strip(HOME_PAGE)
+
+    def test_an_address_on_the_command_line_comes_alone(self):
+        self.leave_three_tabs()
+        with self.start(self.pages.address("Other")) as program:
+            program.wait_strip(["[Other]"])
+
+    def test_a_group_on_the_command_line_comes_beside_the_session(self):
+        self.leave_three_tabs()
+        with self.start(self.group("Garden")) as program:
+            program.wait_strip(["One", "Garden", "Two", "[Three]"])
+
+    def test_a_damaged_placement_comes_back_usable(self):
+        store(self.home, WindowMaximized="false", WindowLeft=-50, WindowTop=32767, WindowWidth=100, WindowHeight=100)
+        with self.start("about:blank") as program:
+            program.window()
+            end(program)
+        stored = settings_of(self.home)
+        # What is stored is counted in whole pixels.
+        self.assertGreaterEqual(int(stored["WindowWidth"]), 6000 // TWIPS * TWIPS)
+        self.assertGreaterEqual(int(stored["WindowHeight"]), 4000 // TWIPS * TWIPS)
+        # The window manager may move it down by its title bar.
+        self.assertIn(int(stored["WindowTop"]), range(0, 60 * TWIPS))
+        self.assertIn(int(stored["WindowLeft"]), range(0, 60 * TWIPS))
+
+    def test_the_window_comes_back_where_and_as_large_as_it_was(self):
+        with self.start("about:blank") as program:
+            window = program.window_id()
+            subprocess.run(["xdotool", "windowsize", "--sync", window, "900", "600"], check=True)
+            desk.wait_until(lambda: geometry(program) == (900, 600), what=lambda: f"{geometry(program)}")
+            end(program)
+        self.assertEqual(settings_of(self.home)["WindowWidth"], str(900 * TWIPS))
+        with self.start("about:blank") as program:
+            program.window()
+            desk.wait_until(lambda: geometry(program) == (900, 600), what=lambda: f"{geometry(program)}")
+
+    def test_closing_while_minimized_keeps_the_place_of_the_session_before(self):
+        place = {"WindowMaximized": "false", "WindowLeft": "1500", "WindowTop": "1200", "WindowWidth": "12000",
+                 "WindowHeight": "9000"}
+        store(self.home, **place)
+        with self.start("about:blank") as program:
+            window = program.window_id()
+            program.wait_strip(["[about:blank]"])
+            subprocess.run(["xdotool", "windowminimize", "--sync", window], check=True)
+            desk.wait_until(lambda: "Iconic" in subprocess.run(
+                ["xprop", "-id", window, "WM_STATE"], capture_output=True, text=True, check=True).stdout)
+            end(program)
+        stored = settings_of(self.home)
+        self.assertEqual({name: stored[name] for name in place}, place)
+
+    def test_all_sessions_are_listed_and_their_pages_can_be_opened(self):
+        with self.start(self.group("One", "Two")) as program:
+            program.wait_strip(["about:blank", "One", "[Two]"])
+            self.wait_for_journal("Two")
+            program.kill()
+        with self.start("about:blank") as program:
+            program.press("push button", "Show All...")
+            program.find("list item")
+            active = lambda: desk.xdotool("getactivewindow", "getwindowname")
+            desk.wait_until(lambda: active() == "Earlier Sessions", what=active)
+            subprocess.run(["xdotool", "key", "Return"], check=True)
+            program.wait_strip(["about:blank", "One", "[Two]"])
+            # What was reopened is offered no longer.
+            desk.wait_until(lambda: program.find_now("push button", "Show All...") is None)
+
+    def wait_for_journal(self, title):
+        def written():
+            folder = os.path.join(self.home, "sessions")
+            for name in os.listdir(folder):
+                if name.endswith(".session"):
+                    with open(os.path.join(folder, name), encoding="utf-8") as session:
+                        if f"\t{title}\n" in session.read():
+                            return True
+            return False
+
+        desk.wait_until(written, what="the session was not written down")
+
+
+if __name__ == "__main__":
+    desk.main()
