@@ -291,6 +291,13 @@ void QtBrowserView::ConnectPage() {
         if (m_engine.IconChanged) m_engine.IconChanged(m_index);
     });
     connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_events.SoundChange(m_index); });
+    // Queued: opening a TessaGroup may close this very page.
+    connect(
+        page, &QtPage::StartLinkFollowed, this,
+        [this](const QUrl& url) {
+            if (m_engine.StartLink) m_engine.StartLink(url);
+        },
+        Qt::QueuedConnection);
     connect(page, &QWebEnginePage::newWindowRequested, this, &QtBrowserView::OnNewWindow);
     connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtBrowserView::OnRendererGone);
     // Queued: closing may ask the user, and the page waits for its own answer meanwhile.

@@ -100,6 +100,7 @@ QWebEngineProfile* QtEngine::Profile() {
     if (!m_profile) {
         m_profile = std::make_unique<QtProfile>(m_profileFolder, m_cacheFolder, m_token);
         m_profile->SetLoadOptions(m_loadOptions);
+        m_profile->SetStartPage([this] { return StartPage ? StartPage() : std::string(); });
         if (ProfileMade) ProfileMade(*m_profile->Get());
     }
     return m_profile->Get();

@@ -9,6 +9,7 @@
 #include <QIcon>
 #include <QPointer>
 #include <QTimer>
+#include <QUrl>
 #include <QWidget>
 #include <functional>
 #include <map>
@@ -42,6 +43,10 @@ public:
     std::function<void(std::int32_t index)> IconChanged;
     /// The pages' profile has come into being.
     std::function<void(QWebEngineProfile&)> ProfileMade;
+    /// Makes the home page, in UTF-8, whenever it is loaded.
+    std::function<std::string()> StartPage;
+    /// The user has followed a link of the home page that is for the program and not for the engine.
+    std::function<void(const QUrl&)> StartLink;
     /// How many engine pages exist.
     [[nodiscard]] std::size_t PageCount() const;
 

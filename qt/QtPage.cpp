@@ -1,5 +1,7 @@
 #include "qt/QtPage.h"
 
+#include "qt/QtStartPage.h"
+
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <memory>
@@ -10,6 +12,7 @@ QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profi
 }
 
 bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
+    if (url.scheme() == QLatin1String(QtStartPage::Scheme()) && !AcceptOwn(url, type, isMainFrame)) return false;
     if (url.scheme() == u"mailto") {
         // Only a person's click starts the mail program, so that no page can start it a hundred times.
         if (type == NavigationTypeLinkClicked) QDesktopServices::openUrl(url);
@@ -79,6 +82,18 @@ void QtPage::End() {
         m_waiting->quit();
     else
         deleteLater();
+}
+
+// The home page is reached by the program and by the history, never by a page; its links are its own alone.
+bool QtPage::AcceptOwn(const QUrl& address, NavigationType type, bool isMainFrame) {
+    const bool atHome = isMainFrame && QtStartPage::IsStart(url()) && type == NavigationTypeLinkClicked;
+    if (!QtStartPage::IsStart(address)) {
+        if (atHome) Q_EMIT StartLinkFollowed(address);
+        return false;
+    }
+    const bool byUser =
+        type == NavigationTypeTyped || type == NavigationTypeBackForward || type == NavigationTypeReload;
+    return atHome || (isMainFrame && byUser);
 }
 
 void QtPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int, const QString&) {

@@ -31,6 +31,8 @@ Q_SIGNALS:
     void NavigationRequested(const QUrl& url, bool topLevel);
     /// A person, not the page, goes to another page.
     void PersonNavigated();
+    /// A link of the home page was clicked that is for the program and not for the engine.
+    void StartLinkFollowed(const QUrl& url);
     /// A frame has its document ready, or is loaded.
     void FrameReady(const QUrl& url);
     void FrameLoaded(const QUrl& url);
@@ -46,6 +48,8 @@ protected:
 
 private:
     PageDialogAnswer Ask(const PageDialogRequest& request);
+
+    [[nodiscard]] bool AcceptOwn(const QUrl& url, NavigationType type, bool isMainFrame);
 
     QString m_token;
     QPointer<QEventLoop> m_waiting; ///< for the answer to a dialog

@@ -69,6 +69,8 @@ void QtProfile::ApplySettings() {
     m_profile->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
 }
 
+void QtProfile::SetStartPage(std::function<std::string()> page) { m_startPage->Page = std::move(page); }
+
 void QtProfile::SetLoadOptions(const QtLoadOptions& options) {
     m_profile->settings()->setAttribute(QWebEngineSettings::AutoLoadImages, options.images);
 }

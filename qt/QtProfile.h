@@ -2,7 +2,9 @@
 #include "qt/QtLoadOptions.h"
 
 #include <QString>
+#include <functional>
 #include <memory>
+#include <string>
 
 class QWebEngineProfile;
 class QtDialogScheme;
@@ -18,6 +20,8 @@ public:
 
     [[nodiscard]] QWebEngineProfile* Get() const { return m_profile.get(); }
     [[nodiscard]] QtDialogScheme& Dialogs() const { return *m_dialogs; }
+    /// How the home page is made.
+    void SetStartPage(std::function<std::string()> page);
     /// What pages may load from now on.
     void SetLoadOptions(const QtLoadOptions& options);
 

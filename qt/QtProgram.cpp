@@ -1,5 +1,6 @@
 #include "qt/QtProgram.h"
 
+#include "mainwindow/StartPage.h"
 #include "qt/QtAbout.h"
 #include "qt/QtAddressBox.h"
 #include "qt/QtCommandBar.h"
@@ -265,7 +266,17 @@ void QtProgram::ListTabs(QPoint corner) {
     m->tabList.Open(tabs, corner);
 }
 
+void QtProgram::WireStartPage() {
+    m->engine.StartPage = [this] {
+        StartContent content = StartPage::Read(m->main.Platform.groupFolder, {});
+        content.Dark = m->window.palette().color(QPalette::Window).lightnessF() < 0.5F;
+        return StartPage::Html(content);
+    };
+    m->engine.StartLink = [this](const QUrl& url) { m->main.OpenStartLink(url.toEncoded().toStdString()); };
+}
+
 void QtProgram::WireEngine() {
+    WireStartPage();
     m->requests.Templates = [this] { return m->Services(); };
     m->engine.ProfileMade = [this](QWebEngineProfile& profile) { profile.setUrlRequestInterceptor(&m->requests); };
     m->bars.Add(m->offer, QtPageBars::Side::Above);

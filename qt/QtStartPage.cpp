@@ -1,24 +1,13 @@
 #include "qt/QtStartPage.h"
 
 #include <QBuffer>
+#include <QUrl>
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 
-namespace {
-
-constexpr auto kPage = R"html(<!doctype html><html lang="en"><head><meta charset="utf-8">
-<title>TessaView</title><meta name="color-scheme" content="light dark">
-<style>
-body { font: 16px/1.5 system-ui, sans-serif; margin: 12vh auto 0; max-width: 34em; padding: 0 1.5em; }
-h1 { font-weight: 300; font-size: 2.6em; margin: 0 0 .3em; }
-kbd { border: 1px solid; border-radius: 4px; padding: 0 .4em; opacity: .75; }
-</style></head><body>
-<h1>TessaView</h1>
-<p>Type an address above and press <kbd>Enter</kbd>, or open a whole TessaGroup from the File menu: every address of
-the group becomes a tab of its own.</p>
-</body></html>)html";
-
-} // namespace
+bool QtStartPage::IsStart(const QUrl& url) {
+    return url.scheme() == QLatin1String(Scheme()) && url.path() == QStringLiteral("start");
+}
 
 void QtStartPage::RegisterScheme() {
     QWebEngineUrlScheme scheme(Scheme());
@@ -28,11 +17,14 @@ void QtStartPage::RegisterScheme() {
 }
 
 void QtStartPage::requestStarted(QWebEngineUrlRequestJob* job) {
-    if (job->requestUrl().path() != u"start") {
+    const QUrl asker = job->initiator();
+    if (!asker.isEmpty() && asker.scheme() != QLatin1String(Scheme())) {
+        job->fail(QWebEngineUrlRequestJob::RequestDenied);
+    } else if (!IsStart(job->requestUrl()) || !Page) {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
-        return;
+    } else {
+        auto* page = new QBuffer(job);
+        page->setData(QByteArray::fromStdString(Page()));
+        job->reply(QByteArrayLiteral("text/html"), page);
     }
-    auto* page = new QBuffer(job);
-    page->setData(kPage);
-    job->reply(QByteArrayLiteral("text/html"), page);
 }
