@@ -291,7 +291,10 @@ void Make(CommandBar& bar) {
 }
 
 void ResetWidths(CommandBar& bar) {
-    if (auto* address = bar.FindCombo(u"cboAddress")) address->Width = Pixels{520};
+    if (auto* address = bar.FindCombo(u"cboAddress")) {
+        address->Width = Pixels{520};
+        address->FillsRow = true;
+    }
     if (auto* search = bar.FindCombo(u"cboSearch")) search->Width = Pixels{240};
 }
 

@@ -4,6 +4,12 @@
 
 #include <algorithm>
 
+void ComboTool::Measure(Pixels width) {
+    m_measuring = true;
+    Width = width;
+    m_measuring = false;
+}
+
 void ComboTool::InsertFirst(Text item) {
     std::vector<Text> list = List();
     list.insert(list.begin(), std::move(item));
@@ -102,6 +108,7 @@ void CommandBar::RecalcLayout() {
 }
 
 KeyUsed CommandBar::KeyDown(KeyStroke key) {
+    if (m_edited && key == KeyStroke{Keys::kEscape, 0}) return KeyUsed::No;
     const auto shortcut = std::ranges::find(m_shortcuts, key, &Shortcut::Key);
     Tool* tool = shortcut == m_shortcuts.end() ? nullptr : Find(shortcut->ToolName);
     if (!tool || !tool->Enabled()) return KeyUsed::No;

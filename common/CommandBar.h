@@ -145,6 +145,9 @@ public:
     /// Clicks the tool whose combination it is, or gives a box the keyboard; a disabled tool does not use the key.
     KeyUsed KeyDown(KeyStroke key);
     KeyUsed KeyUp(KeyStroke key);
+    /// A view tells which box's text the user is changing, or none: Escape is for that box then, not for a command.
+    void SetEdited(const ComboTool* box) { m_edited = box; }
+    [[nodiscard]] const ComboTool* Edited() const { return m_edited; }
     void SetShortcuts(std::vector<Shortcut> shortcuts) { m_shortcuts = std::move(shortcuts); }
     [[nodiscard]] const std::vector<Shortcut>& Shortcuts() const { return m_shortcuts; }
 
@@ -187,5 +190,6 @@ private:
     std::vector<std::unique_ptr<Band>> m_bands;
     std::unordered_map<Text, Band*> m_bandsByName;
     std::vector<Shortcut> m_shortcuts;
+    const ComboTool* m_edited = nullptr;
     View m_view;
 };

@@ -68,7 +68,9 @@ std::string LookLines(const CommandBar& bar) {
 std::string WidthLines(const CommandBar& bar) {
     std::string lines = Header("Widths");
     for (const auto& tool : bar.Tools()) {
-        if (const auto* box = dynamic_cast<const ComboTool*>(tool.get()))
+        const auto* box = dynamic_cast<const ComboTool*>(tool.get());
+        // The width of a box that fills its row is the window's.
+        if (box && !box->FillsRow())
             lines += Line(ToUtf8(box->Name()), std::to_string(std::clamp(box->Width().value, 0, kWidest)));
     }
     return lines;
@@ -128,8 +130,10 @@ private:
         for (const auto& tool : m_bar.Tools()) {
             auto* box = dynamic_cast<ComboTool*>(tool.get());
             if (!box) continue;
-            if (const auto width = NumberIn(Value("Widths", ToUtf8(box->Name())), 0, kWidest))
+            if (const auto width = NumberIn(Value("Widths", ToUtf8(box->Name())), 0, kWidest)) {
                 box->Width = Pixels{*width};
+                box->FillsRow = false;
+            }
         }
     }
 

@@ -69,7 +69,9 @@ struct TextSelection {
 class ComboTool final : public Tool {
 public:
     ComboTool(std::int32_t id, Text name, Text caption = {})
-        : Tool(id, std::move(name), std::move(caption), ToolKind::Combo) {}
+        : Tool(id, std::move(name), std::move(caption), ToolKind::Combo) {
+        Width.Change = [this] { FillsRow = FillsRow() && m_measuring; };
+    }
 
     /// The text that the box shows.
     Property<Text> Value;
@@ -78,6 +80,10 @@ public:
     Property<std::vector<Text>> List;
     /// Never below 0.
     Property<Pixels> Width{Pixels{240}};
+    /// The box takes what its row leaves, and `Width` says how much that is. Ends when a width is set.
+    Property<bool> FillsRow{false};
+    /// The view tells how wide a box that fills its row is on the screen.
+    void Measure(Pixels width);
 
     [[nodiscard]] std::size_t ListCount() const { return List().size(); }
     /// Inserts before all others.
@@ -85,4 +91,7 @@ public:
     /// An index that is none removes nothing.
     void RemoveItem(std::size_t index);
     void Clear() { List = std::vector<Text>(); }
+
+private:
+    bool m_measuring = false;
 };

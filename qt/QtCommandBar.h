@@ -1,18 +1,16 @@
 #pragma once
 #include "common/CommandBar.h"
 #include "qt/QtBandMenus.h"
+#include "qt/QtDocking.h"
 #include "qt/QtToolActions.h"
+#include "qt/QtToolBars.h"
 
 #include <QMainWindow>
 #include <QObject>
-#include <QPointer>
-#include <functional>
-#include <map>
 
-class QToolBar;
-class QtAddressBox;
+class QContextMenuEvent;
 
-/// Shows a `CommandBar` in a window's menu bar and toolbars. The bar and the window outlive it.
+/// Shows a `CommandBar` in a window's menu bar, toolbars and menus. The bar and the window outlive it.
 class QtCommandBar final : public QObject {
     Q_OBJECT
 
@@ -23,23 +21,25 @@ public:
     /// The action of a tool that is shown somewhere; nothing for any other.
     [[nodiscard]] QAction* Find(TextView name) const { return m_actions.Find(name); }
     /// The box of a combo tool; nothing while no toolbar shows it.
-    [[nodiscard]] QtAddressBox* Box(TextView tool) const;
+    [[nodiscard]] QtComboBox* Box(TextView tool) const { return m_toolBars.Box(tool); }
+    /// The toolbar of a band; nothing for any other band.
+    [[nodiscard]] QToolBar* ToolBar(TextView band) const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void Show();
+    [[nodiscard]] CommandBar::View View();
+    void Follow();
     void ShowMenuBar(Band& band);
-    void ShowToolBar(Band& band);
-    void Fill(QToolBar& bar, const Band& band);
-    void AddTool(QToolBar& bar, const BandEntry& entry);
-    void FocusTool(const Tool& tool);
+    void FillMenuBar(const Band& band);
+    void ShowIcons();
+    bool ShowToolBarsMenu(const QObject* watched, const QContextMenuEvent& event);
 
     CommandBar& m_bar;
     QMainWindow& m_window;
     QtToolActions m_actions;
     QtBandMenus m_menus;
-    std::map<Text, QToolBar*> m_toolBars;           ///< by the band's name
-    std::map<Text, QPointer<QtAddressBox>> m_boxes; ///< by the tool's name
+    QtToolBars m_toolBars;
+    QtDocking m_docking;
 };

@@ -2,7 +2,6 @@
 
 #include "mainwindow/StartPage.h"
 #include "qt/QtAbout.h"
-#include "qt/QtAddressBox.h"
 #include "qt/QtCommandBar.h"
 #include "qt/QtDefBrowserDialog.h"
 #include "qt/QtDefaultBrowser.h"

@@ -204,12 +204,21 @@ TEST(CommandBarLayout, OnlyProperToolbarsOfTheUserAreMade) {
     EXPECT_EQ(nameless.FindBand(u"gui1"), nullptr);
 }
 
+TEST(CommandBarLayout, ABoxFillsItsRowAgainUnlessItsWidthWasSet) {
+    Designed bar;
+    ComboTool* box = bar.FindCombo(u"cboAddress");
+    box->Measure(Pixels{900});
+    EXPECT_TRUE(Designed(bar.Saved()).FindCombo(u"cboAddress")->FillsRow());
+    box->Width = Pixels{520};
+    EXPECT_FALSE(Designed(bar.Saved()).FindCombo(u"cboAddress")->FillsRow());
+}
+
 TEST(CommandBarLayout, DamagedWidthsAndOptionsStayAsDesigned) {
-    std::string saved = Replaced(Designed().Saved(), "cboAddress=520", "cboAddress=-1");
+    std::string saved = Replaced(Designed().Saved(), "cboSearch=240", "cboSearch=-1");
     saved = Replaced(saved, "IconSize=Medium", "IconSize=Huge");
     saved = Replaced(saved, "ToolTips=1", "ToolTips=0");
     const Designed back(saved);
-    EXPECT_EQ(back.FindCombo(u"cboAddress")->Width(), Pixels{520});
+    EXPECT_EQ(back.FindCombo(u"cboSearch")->Width(), Pixels{240});
     EXPECT_EQ(back.Look(), (BarLook{IconSize::Medium, ToolText::IconsOnly, false}));
 }
 

@@ -99,6 +99,30 @@ TEST(CommandBar, AKeyClicksItsToolAndSaysWhetherItWasUsed) {
     EXPECT_EQ(clicked, "mnuStop;");
 }
 
+TEST(CommandBar, EscapeIsForTheBoxThatTheUserIsChanging) {
+    CommandBar bar;
+    std::string clicked;
+    bar.Click = [&](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; };
+    bar.Add(std::make_unique<Tool>(1, u"mnuStop"));
+    const ComboTool* box = bar.Add(std::make_unique<ComboTool>(2, u"cboAddress"));
+    bar.SetShortcuts({{u"mnuStop", {Keys::kEscape, 0}}});
+    bar.SetEdited(box);
+    EXPECT_EQ(bar.KeyDown({Keys::kEscape, 0}), KeyUsed::No);
+    bar.SetEdited(nullptr);
+    EXPECT_EQ(bar.KeyDown({Keys::kEscape, 0}), KeyUsed::Yes);
+    EXPECT_EQ(clicked, "mnuStop;");
+}
+
+TEST(CommandBar, ABoxFillsItsRowUntilItsWidthIsSet) {
+    ComboTool box(1, u"cboAddress");
+    box.FillsRow = true;
+    box.Measure(Pixels{700});
+    EXPECT_TRUE(box.FillsRow());
+    EXPECT_EQ(box.Width().value, 700);
+    box.Width = Pixels{701};
+    EXPECT_FALSE(box.FillsRow());
+}
+
 TEST(CommandBar, ABoxKeepsTextsFirstToLast) {
     ComboTool box(1, u"cboAddress");
     box.InsertFirst(u"one");

@@ -1,0 +1,194 @@
+#include "qt/QtComboBox.h"
+
+#include "qt/QtComboEdit.h"
+#include "qt/QtKeys.h"
+#include "qt/QtText.h"
+
+#include <QAbstractItemView>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+#include <algorithm>
+
+namespace {
+
+constexpr int kNarrowest = 120; // of a box that has to make room, in logical pixels
+constexpr int kVisibleItems = 16;
+
+bool OpensList(const QKeyEvent& event) {
+    const int key = event.key();
+    const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (key == Qt::Key_F4) return plain;
+    const bool alt = event.modifiers().testFlag(Qt::AltModifier);
+    return (key == Qt::Key_Down && (plain || alt)) || (key == Qt::Key_Up && alt);
+}
+
+} // namespace
+
+QtComboBox::QtComboBox(CommandBar& bar, ComboTool& tool, QWidget* parent)
+    : QComboBox(parent), m_bar(bar), m_tool(tool), m_edit(new QtComboEdit) {
+    setObjectName(ToQt(tool.Name()));
+    setAccessibleName(ToQt(tool.Caption()));
+    setLineEdit(m_edit);
+    m_edit->setAccessibleName(accessibleName());
+    m_edit->setPlaceholderText(ToQt(tool.Description));
+    setCompleter(nullptr);
+    setInsertPolicy(QComboBox::NoInsert);
+    setMaxVisibleItems(kVisibleItems);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    view()->setTextElideMode(Qt::ElideMiddle);
+    // Else leaving a text that the list has as well counted as choosing it there.
+    disconnect(m_edit, &QLineEdit::editingFinished, this, nullptr);
+    connect(m_edit, &QLineEdit::textEdited, this, &QtComboBox::OnEdited);
+    connect(m_edit, &QLineEdit::cursorPositionChanged, this, &QtComboBox::Publish);
+    connect(m_edit, &QLineEdit::selectionChanged, this, &QtComboBox::Publish);
+    connect(this, &QComboBox::activated, this, &QtComboBox::OnChosen);
+}
+
+QtComboBox::~QtComboBox() { SetEditing(false); }
+
+void QtComboBox::SetEditing(bool editing) {
+    m_editing = editing;
+    if (editing)
+        m_bar.SetEdited(&m_tool);
+    else if (m_bar.Edited() == &m_tool)
+        m_bar.SetEdited(nullptr);
+}
+
+// The caret stands at the selection's end, wherever the user began it.
+void QtComboBox::Publish() {
+    if (m_showing) return;
+    const QScopedValueRollback publishing(m_publishing, true);
+    const bool selected = m_edit->hasSelectedText();
+    const int start = selected ? m_edit->selectionStart() : m_edit->cursorPosition();
+    m_tool.Value = FromQt(m_edit->text());
+    m_tool.Selection =
+        TextSelection{static_cast<std::size_t>(start), static_cast<std::size_t>(m_edit->selectionLength())};
+}
+
+void QtComboBox::OnEdited() {
+    if (m_showing) return;
+    SetEditing(true);
+    Publish();
+    // What is not yet decided on is not to be completed, and moving the caret would decide it.
+    if (m_edit->IsComposing() || !m_bar.TextChange) return;
+    {
+        const QScopedValueRollback publishing(m_publishing, true);
+        m_bar.TextChange(m_tool);
+    }
+    ShowAnswer();
+}
+
+void QtComboBox::ShowAnswer() {
+    const QScopedValueRollback showing(m_showing, true);
+    m_edit->Show(ToQt(m_tool.Value()));
+    ShowSelection();
+}
+
+void QtComboBox::ShowValue() {
+    if (m_publishing) return;
+    m_pageText = m_tool.Value();
+    m_heldBack = m_editing;
+    // The text on the screen is what Enter means.
+    if (m_editing) return Publish();
+    ShowText(ToQt(m_pageText));
+    // A selection that the program sets next counts from here.
+    Publish();
+}
+
+void QtComboBox::ShowText(const QString& text) {
+    const QScopedValueRollback showing(m_showing, true);
+    m_edit->setText(text);
+    // The beginning tells the site.
+    if (!m_edit->hasFocus()) m_edit->home(false);
+}
+
+void QtComboBox::ShowSelection() {
+    if (m_publishing) return;
+    const QScopedValueRollback showing(m_showing, true);
+    const auto size = static_cast<std::size_t>(m_edit->text().size());
+    const std::size_t start = std::min(m_tool.Selection().Start, size);
+    const std::size_t length = std::min(m_tool.Selection().Length, size - start);
+    if (length == 0)
+        m_edit->setCursorPosition(static_cast<int>(start));
+    else
+        m_edit->setSelection(static_cast<int>(start), static_cast<int>(length));
+}
+
+void QtComboBox::keyPressEvent(QKeyEvent* event) {
+    const KeyStroke key = QtKeys::Of(*event);
+    const bool escape = key == KeyStroke{Keys::kEscape, 0};
+    Publish();
+    // Enter makes the text the box's own, Escape gives it up: what the program sets now is to be shown.
+    if (escape || key.KeyCode == Keys::kEnter) SetEditing(false);
+    if (m_bar.ComboKeyDown && m_bar.ComboKeyDown(m_tool, key) == KeyUsed::Yes) return event->accept();
+    if (escape) return Restore();
+    if (OpensList(*event)) return showPopup();
+    m_edit->event(event);
+}
+
+void QtComboBox::Restore() {
+    m_tool.Value = Text(m_pageText);
+    m_edit->selectAll();
+}
+
+void QtComboBox::focusOutEvent(QFocusEvent* event) {
+    QComboBox::focusOutEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    // The user comes back and goes on.
+    if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
+    SetEditing(false);
+    if (std::exchange(m_heldBack, false)) m_tool.Value = Text(m_pageText);
+    if (!m_edit->hasSelectedText()) m_edit->home(false);
+}
+
+void QtComboBox::OnChosen(int index) {
+    SetEditing(false);
+    m_heldBack = false;
+    Publish();
+    m_pageText = FromQt(itemText(index));
+    if (m_bar.SelChange) m_bar.SelChange(m_tool);
+}
+
+void QtComboBox::showPopup() {
+    FillList();
+    if (count() > 0) QComboBox::showPopup();
+}
+
+// The list is copied when it opens; changing it sets the text, which is to stay.
+void QtComboBox::FillList() {
+    const QScopedValueRollback showing(m_showing, true);
+    const QSignalBlocker quiet(this);
+    const QString text = m_edit->text();
+    clear();
+    for (const Text& item : m_tool.List()) addItem(ToQt(item));
+    setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    m_edit->setText(text);
+    ShowSelection();
+}
+
+void QtComboBox::SetRoom(int width) {
+    if (m_room == width) return;
+    m_room = width;
+    updateGeometry();
+}
+
+QSize QtComboBox::sizeHint() const {
+    const bool fills = m_tool.FillsRow() && m_room > 0;
+    return {fills ? m_room : m_tool.Width().value, QComboBox::sizeHint().height()};
+}
+
+QSize QtComboBox::minimumSizeHint() const {
+    return {std::min(sizeHint().width(), kNarrowest), QComboBox::minimumSizeHint().height()};
+}
+
+void QtComboBox::resizeEvent(QResizeEvent* event) {
+    QComboBox::resizeEvent(event);
+    if (!m_tool.FillsRow() || m_room == 0 || !isVisible()) return;
+    m_tool.Measure(Pixels{width()});
+}
+
+// A turn of the wheel must not choose from the list.
+void QtComboBox::wheelEvent(QWheelEvent* event) { event->ignore(); }

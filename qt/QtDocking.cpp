@@ -1,0 +1,210 @@
+#include "qt/QtDocking.h"
+
+#include "common/DockRows.h"
+#include "qt/QtComboBox.h"
+#include "qt/QtToolBars.h"
+
+#include <QEvent>
+#include <QLayout>
+#include <QScopedValueRollback>
+#include <QTimer>
+#include <QToolBar>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int kWidestMinimum = 360; // of a toolbar with a box, in logical pixels
+constexpr int kNarrowestFilling = 120;
+
+struct SideName {
+    DockSide side;
+    Qt::ToolBarArea area;
+};
+
+constexpr std::array kSides{
+    SideName{DockSide::Top, Qt::TopToolBarArea},
+    SideName{DockSide::Bottom, Qt::BottomToolBarArea},
+    SideName{DockSide::Left, Qt::LeftToolBarArea},
+    SideName{DockSide::Right, Qt::RightToolBarArea},
+};
+
+Qt::ToolBarArea AreaOf(DockSide side) {
+    const auto* found = std::ranges::find(kSides, side, &SideName::side);
+    return found == kSides.end() ? Qt::TopToolBarArea : found->area;
+}
+
+// How far a toolbar's row is from its edge of the window, and how far along the row the toolbar is.
+std::pair<int, int> Standing(const QToolBar& bar, DockSide side) {
+    const QPoint at = bar.pos();
+    switch (side) {
+    case DockSide::Bottom:
+        return {-at.y(), at.x()};
+    case DockSide::Left:
+        return {at.x(), at.y()};
+    case DockSide::Right:
+        return {-at.x(), at.y()};
+    default:
+        return {at.y(), at.x()};
+    }
+}
+
+} // namespace
+
+QtDocking::QtDocking(CommandBar& bar, QMainWindow& window, QtToolBars& toolBars)
+    : m_bar(bar), m_window(window), m_toolBars(toolBars) {
+    // Each step of an animation would have the page composed again.
+    m_window.setAnimated(false);
+    m_window.installEventFilter(this);
+    Follow();
+}
+
+QtDocking::~QtDocking() {
+    for (Band* band : ToolBarBands()) {
+        band->Dock.Attach({});
+        band->Visible.Attach({});
+    }
+}
+
+std::vector<Band*> QtDocking::ToolBarBands() const {
+    std::vector<Band*> bands;
+    for (const auto& band : m_bar.Bands()) {
+        if (m_toolBars.Find(*band)) bands.push_back(band.get());
+    }
+    return bands;
+}
+
+void QtDocking::Follow() {
+    for (Band* band : ToolBarBands()) {
+        QToolBar* bar = m_toolBars.Find(*band);
+        bar->installEventFilter(this);
+        band->Dock.Attach([this](const Docking&) {
+            if (!m_reading) Schedule();
+        });
+        band->Visible.Attach([bar](bool visible) { bar->setVisible(visible); });
+    }
+    Arrange();
+}
+
+void QtDocking::Schedule() {
+    if (std::exchange(m_scheduled, true)) return;
+    QTimer::singleShot(0, this, [this] {
+        if (m_scheduled) Arrange();
+    });
+}
+
+void QtDocking::Flush() {
+    if (m_scheduled) Arrange();
+    ShareRows();
+    m_window.layout()->activate();
+}
+
+void QtDocking::Arrange() {
+    m_scheduled = false;
+    for (const SideName& each : kSides) ArrangeSide(each.side);
+    for (Band* band : ToolBarBands()) {
+        QToolBar& bar = *m_toolBars.Find(*band);
+        if (band->Dock().Side == DockSide::Floating) Float(*band, bar);
+        bar.setVisible(band->Visible());
+    }
+    ShareRows();
+}
+
+void QtDocking::ArrangeSide(DockSide side) {
+    std::vector<Band*> bands = ToolBarBands();
+    std::erase_if(bands, [&](const Band* band) { return band->Dock().Side != side; });
+    std::ranges::stable_sort(bands, {}, [](const Band* b) { return std::pair(b->Dock().Row, b->Dock().Place); });
+    const Band* before = nullptr;
+    for (const Band* band : bands) {
+        QToolBar* bar = m_toolBars.Find(*band);
+        m_window.removeToolBar(bar);
+        if (bar->isFloating()) bar->setParent(&m_window, Qt::Widget);
+        if (before && before->Dock().Row != band->Dock().Row) m_window.addToolBarBreak(AreaOf(side));
+        m_window.addToolBar(AreaOf(side), bar);
+        before = band;
+    }
+}
+
+void QtDocking::Float(const Band& band, QToolBar& bar) {
+    if (m_window.toolBarArea(&bar) == Qt::NoToolBarArea) m_window.addToolBar(Qt::TopToolBarArea, &bar);
+    bar.setOrientation(Qt::Horizontal);
+    if (!bar.isFloating()) bar.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    bar.adjustSize();
+    bar.move(band.Dock().Left.value, band.Dock().Top.value);
+}
+
+std::vector<std::vector<Band*>> QtDocking::RowsOf(DockSide side) const {
+    std::vector<std::pair<std::pair<int, int>, Band*>> seen;
+    for (Band* band : ToolBarBands()) {
+        const QToolBar* bar = m_toolBars.Find(*band);
+        if (!bar->isHidden() && !bar->isFloating() && m_window.toolBarArea(bar) == AreaOf(side))
+            seen.emplace_back(Standing(*bar, side), band);
+    }
+    std::ranges::stable_sort(seen, {}, [](const auto& each) { return each.first; });
+    std::vector<std::vector<Band*>> rows;
+    const int* row = nullptr;
+    for (const auto& [standing, band] : seen) {
+        if (!row || *row != standing.first) rows.emplace_back();
+        row = &standing.first;
+        rows.back().push_back(band);
+    }
+    return rows;
+}
+
+void QtDocking::Read() {
+    // What the program wants is not yet shown.
+    if (m_scheduled) return;
+    m_window.layout()->activate();
+    const QScopedValueRollback reading(m_reading, true);
+    std::vector<std::vector<std::vector<Band*>>> rows;
+    for (const SideName& each : kSides) rows.push_back(RowsOf(each.side));
+    for (std::size_t i = 0; i < kSides.size(); ++i) AssignDockRows(m_bar, kSides[i].side, rows[i]);
+    for (Band* band : ToolBarBands()) {
+        const QToolBar* bar = m_toolBars.Find(*band);
+        if (!bar->isFloating()) continue;
+        const Docking& old = band->Dock();
+        band->Dock = Docking{DockSide::Floating, old.Row, old.Place, {bar->x()}, {bar->y()}};
+    }
+    ShareRows();
+}
+
+void QtDocking::ShareRows() {
+    std::vector<Band*> upright = ToolBarBands();
+    for (const DockSide side : {DockSide::Top, DockSide::Bottom}) {
+        for (const auto& row : RowsOf(side)) {
+            ShareRow(row);
+            std::erase_if(upright, [&](Band* band) { return std::ranges::find(row, band) != row.end(); });
+        }
+    }
+    for (const Band* band : upright) m_toolBars.Find(*band)->setMinimumWidth(0);
+}
+
+// A box shrinks before it leaves its toolbar, and the one that fills its row has what the others leave.
+void QtDocking::ShareRow(const std::vector<Band*>& row) {
+    std::vector<QtComboBox*> filling;
+    int taken = 0;
+    for (Band* band : row) {
+        QToolBar* bar = m_toolBars.Find(*band);
+        const int hint = bar->layout()->sizeHint().width();
+        int spare = 0;
+        taken += hint;
+        for (auto* box : bar->findChildren<QtComboBox*>()) {
+            spare += box->sizeHint().width() - box->minimumSizeHint().width();
+            if (!box->Shown().FillsRow()) continue;
+            taken -= box->sizeHint().width();
+            filling.push_back(box);
+        }
+        bar->setMinimumWidth(spare > 0 ? std::min(hint - spare, kWidestMinimum) : 0);
+    }
+    const int room = filling.empty() ? 0 : (m_window.width() - taken) / static_cast<int>(filling.size());
+    for (auto* box : filling) box->SetRoom(std::max(room, kNarrowestFilling));
+}
+
+bool QtDocking::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    const bool window = watched == &m_window;
+    if (window && (type == QEvent::Resize || type == QEvent::LayoutRequest || type == QEvent::Show)) ShareRows();
+    // The toolbar itself has first to do what the release of the button means.
+    if (!window && type == QEvent::MouseButtonRelease) QTimer::singleShot(0, this, &QtDocking::Read);
+    return QObject::eventFilter(watched, event);
+}

@@ -1,0 +1,43 @@
+#pragma once
+#include "common/CommandBar.h"
+
+#include <QMainWindow>
+#include <QObject>
+
+class QToolBar;
+class QtToolBars;
+
+/// Keeps the toolbars where their bands say, and tells the bands where the user has put them.
+class QtDocking final : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    QtDocking(CommandBar& bar, QMainWindow& window, QtToolBars& toolBars);
+    ~QtDocking() override;
+
+    /// Toolbars came or went.
+    void Follow();
+    /// Does now what would be done in the next turn of the event loop.
+    void Flush();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Schedule();
+    void Arrange();
+    void ArrangeSide(DockSide side);
+    void Float(const Band& band, QToolBar& bar);
+    void Read();
+    [[nodiscard]] std::vector<std::vector<Band*>> RowsOf(DockSide side) const;
+    void ShareRows();
+    void ShareRow(const std::vector<Band*>& row);
+    [[nodiscard]] std::vector<Band*> ToolBarBands() const;
+
+    CommandBar& m_bar;
+    QMainWindow& m_window;
+    QtToolBars& m_toolBars;
+    bool m_scheduled = false; ///< the bands say something else than the window shows
+    bool m_reading = false;
+};

@@ -1,0 +1,155 @@
+#include "qt/QtToolBars.h"
+
+#include "qt/QtBandMenus.h"
+#include "qt/QtComboBox.h"
+#include "qt/QtText.h"
+#include "qt/QtToolActions.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QMenu>
+#include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
+
+namespace {
+
+constexpr int kIconSize = 22;
+constexpr int kLabelMargin = 4;
+
+// Tells of the pointer that comes and goes. Lives as long as its widget.
+class Hover final : public QObject {
+public:
+    Hover(QWidget& widget, std::function<void(bool over)> report) : QObject(&widget), m_report(std::move(report)) {
+        widget.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Enter) m_report(true);
+        if (event->type() == QEvent::Leave) m_report(false);
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void(bool)> m_report;
+};
+
+void Empty(QToolBar& bar) {
+    for (QAction* action : bar.actions()) {
+        bar.removeAction(action);
+        // Separators, labels and boxes are the toolbar's own; a box may be the one that is being typed in.
+        if (action->parent() == &bar) action->deleteLater();
+    }
+}
+
+} // namespace
+
+QtToolBars::~QtToolBars() {
+    for (const auto& [name, bar] : m_toolBars) {
+        if (Band* band = m_bar.FindBand(name)) {
+            band->Attach({});
+            band->Caption.Attach({});
+        }
+        delete bar;
+    }
+}
+
+bool QtToolBars::Follow() {
+    const std::size_t removed = std::erase_if(m_toolBars, [this](const auto& each) {
+        if (m_bar.FindBand(each.first)) return false;
+        each.second->hide();
+        each.second->deleteLater();
+        return true;
+    });
+    const std::size_t before = m_toolBars.size();
+    for (const auto& band : m_bar.Bands()) {
+        if (band->Kind() == BandKind::Toolbar && !m_toolBars.contains(band->Name())) Make(*band);
+    }
+    return removed > 0 || m_toolBars.size() > before;
+}
+
+void QtToolBars::Make(Band& band) {
+    auto* bar = new QToolBar(&m_window);
+    bar->setObjectName(ToQt(band.Name()));
+    bar->setIconSize({kIconSize, kIconSize});
+    m_toolBars.emplace(band.Name(), bar);
+    band.Caption.Attach([bar](const Text& caption) {
+        bar->setWindowTitle(ToQt(caption));
+        bar->setAccessibleName(ToQt(caption));
+    });
+    band.Attach([this, &band, bar] {
+        Fill(*bar, band);
+        band.Clean();
+    });
+}
+
+QToolBar* QtToolBars::Find(const Band& band) const {
+    const auto found = m_toolBars.find(band.Name());
+    return found == m_toolBars.end() ? nullptr : found->second;
+}
+
+void QtToolBars::Fill(QToolBar& bar, const Band& band) {
+    Empty(bar);
+    QLabel* label = nullptr;
+    for (const BandEntry& entry : band.Entries()) {
+        if (entry.Group == BeginGroup::Yes && !bar.actions().isEmpty()) bar.addSeparator();
+        if (entry.Item->Kind() == ToolKind::Combo) AddBox(bar, entry, label);
+        if (entry.Item->Kind() == ToolKind::Button) AddButton(bar, entry);
+        label = entry.Item->Kind() == ToolKind::Label ? AddLabel(bar, entry) : nullptr;
+    }
+}
+
+QLabel* QtToolBars::AddLabel(QToolBar& bar, const BandEntry& entry) {
+    auto* label = new QLabel(&bar);
+    label->setContentsMargins(kLabelMargin, 0, kLabelMargin, 0);
+    QAction* place = bar.addWidget(label);
+    QAction* shown = m_actions.For(entry.Item);
+    const auto follow = [label, place, shown] {
+        label->setText(shown->text());
+        place->setVisible(shown->isVisible());
+    };
+    connect(shown, &QAction::changed, label, follow);
+    follow();
+    ReportPointer(*label, *entry.Item);
+    return label;
+}
+
+// The label before a box is its name and has its access key.
+void QtToolBars::AddBox(QToolBar& bar, const BandEntry& entry, QLabel* label) {
+    QtComboBox* box = m_boxes.Make(entry.Item, &bar);
+    if (!box) return;
+    if (label) label->setBuddy(box);
+    bar.addWidget(box)->setVisible(entry.Item->Visible());
+    ReportPointer(*box, *entry.Item);
+}
+
+void QtToolBars::AddButton(QToolBar& bar, const BandEntry& entry) {
+    const Tool& tool = *entry.Item;
+    QAction* action = m_actions.For(entry.Item);
+    if (!tool.SubBand.empty()) action->setMenu(m_menus.For(tool.SubBand));
+    bar.addAction(action);
+    auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
+    if (!button) return;
+    button->setPopupMode(tool.ClickWithSubBand ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
+    ReportPointer(*button, tool);
+}
+
+void QtToolBars::ReportPointer(QWidget& widget, const Tool& tool) {
+    new Hover(widget, [this, &tool](bool over) {
+        if (m_bar.MouseOver) m_bar.MouseOver(over ? &tool : nullptr);
+    });
+}
+
+void QtToolBars::FocusTool(const Band& band, const Tool& tool) {
+    QtComboBox* box = m_boxes.Find(tool.Name());
+    const QToolBar* bar = Find(band);
+    if (!box || !bar || !bar->isVisible()) return;
+    // It may be among the tools that did not fit.
+    auto* more = bar->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    if (!box->isVisible() && more && more->isVisible()) more->click();
+    box->setFocus(Qt::ShortcutFocusReason);
+    box->lineEdit()->selectAll();
+}
