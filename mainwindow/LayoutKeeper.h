@@ -1,13 +1,14 @@
 #pragma once
 #include "common/CommandBar.h"
 #include "common/platform/LayoutFile.h"
-#include "tabs/TabSet.h"
 
-/// Keeps the command bar's layout in its file from one run to the next. What goes wrong is said in the status bar.
+#include <functional>
+
+/// Keeps the command bar's layout in its file from one run to the next.
 class LayoutKeeper {
 public:
-    /// All outlive it.
-    LayoutKeeper(CommandBar& actBar, LayoutFile& file, TabSet& tabs) : m_actBar(actBar), m_file(file), m_tabs(tabs) {}
+    /// Both outlive it.
+    LayoutKeeper(CommandBar& actBar, LayoutFile& file) : m_actBar(actBar), m_file(file) {}
 
     /// Arranges the bar, which is as designed, like the file says. One that is missing or cannot be read changes
     /// nothing.
@@ -16,10 +17,14 @@ public:
     /// so that a passing trouble does not cost the layout that is in it.
     void Save();
 
+    /// Tells the user what went wrong. Filled in by the owner.
+    std::function<void(TextView)> Say;
+
 private:
+    void Tell(TextView message) const;
+
     CommandBar& m_actBar;
     LayoutFile& m_file;
-    TabSet& m_tabs;
     bool m_unread = false;
     std::string m_loaded; ///< the layout as it was after loading
 };

@@ -33,7 +33,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                Platform.groupFolder,
                Platform.commands},
       Sessions(Platform.sessions, Tabs, pcPage, Browser),
-      Layout(actBar, Platform.layout, Tabs),
+      Layout(actBar, Platform.layout),
       m_dispatcher(Commands) {
     DesignTimeBar::Make(actBar);
     WireParts();
@@ -52,6 +52,7 @@ void frmMain::WireParts() {
     Events.Navigated = [this] { Sessions.Touch(); };
     Pages.ApplyLoadOptions = Platform.applyLoadOptions;
     MainCommands::Fill(Commands.host, *this);
+    Layout.Say = [this](TextView message) { Tabs.ShowStatusText(message); };
     Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
     Commands.host.ShowAbout = [this] { ShowAbout(); };
     Commands.host.ShowSessions = [this] { ShowSessions(); };

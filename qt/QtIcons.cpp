@@ -3,6 +3,7 @@
 #include "qt/QtText.h"
 
 #include <QPalette>
+#include <QPixmap>
 #include <QStringList>
 
 // Stands outside the namespace, as Qt's macro demands.
@@ -29,4 +30,12 @@ void QtIcons::ChooseTheme(const QPalette& palette) {
 
 QIcon QtIcons::Of(const Picture& picture) {
     return picture.Name.empty() ? QIcon() : QIcon::fromTheme(ToQt(picture.Name));
+}
+
+QIcon QtIcons::OfOrBlank(const Picture& picture) {
+    QIcon icon = Of(picture);
+    if (!icon.isNull()) return icon;
+    QPixmap blank(1, 1);
+    blank.fill(Qt::transparent);
+    return QIcon(blank);
 }

@@ -21,4 +21,7 @@ void ChooseTheme(const QPalette& palette);
 /// A picture in the theme chosen last; a null icon for none, or for one that no theme has.
 [[nodiscard]] QIcon Of(const Picture& picture);
 
+/// The same, with an empty picture for one that there is not, so that texts below each other begin at one line.
+[[nodiscard]] QIcon OfOrBlank(const Picture& picture);
+
 } // namespace QtIcons

@@ -2,7 +2,9 @@
 
 #include "mainwindow/StartPage.h"
 #include "qt/QtAbout.h"
+#include "qt/QtBarLook.h"
 #include "qt/QtCommandBar.h"
+#include "qt/QtCustomizeDialog.h"
 #include "qt/QtDefBrowserDialog.h"
 #include "qt/QtDefaultBrowser.h"
 #include "qt/QtDialogScheme.h"
@@ -104,7 +106,9 @@ struct QtProgram::Parts {
                 .showTessaGroup = [this](frmTessaGroup& form) { ShowModal(form, &window); }}),
           strip(main.pcPage),
           statusBar(main.sbStatus),
+          look(main.actBar, window),
           commandBar(main.actBar, window),
+          customize(main.actBar, window),
           keys(window),
           fileDrop(window),
           tabList(&strip),
@@ -123,6 +127,7 @@ struct QtProgram::Parts {
         host.ShowFind = [this](BrowserView&) { findBar.Open(); };
         host.ShowTabList = [this] { program.ListTabs(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); };
         host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
+        host.Customize = [this] { customize.Open(); };
         host.ShiftHeld = [] { return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier); };
         return host;
     }
@@ -159,7 +164,9 @@ struct QtProgram::Parts {
     frmMain main;
     QtTabStrip strip;
     QtStatusBar statusBar;
+    QtBarLook look;
     QtCommandBar commandBar;
+    QtCustomize customize;
     QtKeys keys;
     QtFileDrop fileDrop;
     QtTabList tabList;
@@ -209,6 +216,8 @@ void QtProgram::WireWindow() {
         main.Form_Unload();
         QCoreApplication::quit();
     };
+    main.Layout.Say = [this](TextView message) { m->statusBar.Notice(ToQt(message)); };
+    m->customize.Closed = [&main] { main.Layout.Save(); };
     m->keys.Down = [&main](KeyStroke key) { return main.Form_KeyDown(key); };
     m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
     m->settings.SetReport([this](const Text& message) { m->statusBar.Notice(ToQt(message)); });

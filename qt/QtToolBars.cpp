@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr int kIconSize = 22;
 constexpr int kLabelMargin = 4;
 
 // Tells of the pointer that comes and goes. Lives as long as its widget.
@@ -74,7 +73,6 @@ bool QtToolBars::Follow() {
 void QtToolBars::Make(Band& band) {
     auto* bar = new QToolBar(&m_window);
     bar->setObjectName(ToQt(band.Name()));
-    bar->setIconSize({kIconSize, kIconSize});
     m_toolBars.emplace(band.Name(), bar);
     band.Caption.Attach([bar](const Text& caption) {
         bar->setWindowTitle(ToQt(caption));

@@ -1,0 +1,26 @@
+#pragma once
+#include "commands/Customization.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+
+/// The page of the customisation dialog on how toolbars look.
+class QtLookPage final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The customisation outlives it.
+    explicit QtLookPage(Customization& custom, QWidget* parent = nullptr);
+
+    void Refresh();
+
+private:
+    void Apply();
+
+    Customization& m_custom;
+    QComboBox* m_icons;
+    QComboBox* m_text;
+    QCheckBox* m_tips;
+};
