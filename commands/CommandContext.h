@@ -15,6 +15,7 @@ struct CommandHost {
     std::function<void()> ShowHelp;
     std::function<void()> ShowSessions;
     std::function<void()> Customize;
+    std::function<void()> ToggleFullScreen;
     std::function<void()> Exit;
     std::function<void()> ResizeAddress;
     std::function<void()> ResizeSearch;

@@ -114,6 +114,10 @@ const std::array kCommands{
     Command{u"xtrTabMute", TabMore::Mute},
     Command{u"xtrTabAddToTessaGroup", Keep::AddTabToTessaGroup, Has<&CommandHost::AddToTessaGroup>},
     Command{u"xtrTabCopyAddress", TabMore::CopyAddress, Has<&CommandHost::CopyText>},
+    Command{u"xtrTextLarger", Page::LargerText},
+    Command{u"xtrTextSmaller", Page::SmallerText},
+    Command{u"xtrTextUsual", Page::MediumTextSize},
+    FromHost<&CommandHost::ToggleFullScreen>(u"xtrFullScreen"),
 };
 
 } // namespace

@@ -180,8 +180,13 @@ constexpr std::array kEntries{
 
     EntryRow{u"bndMoreMenu", u"xtrReopenTab"},
     EntryRow{u"bndMoreMenu", u"xtrTabList"},
-    EntryRow{u"bndMoreMenu", u"xtrStopAll"},
-    EntryRow{u"bndMoreMenu", u"xtrSessions", kGroup},
+    EntryRow{u"bndMoreMenu", u"xtrSessions"},
+    EntryRow{u"bndMoreMenu", u"xtrStopAll", kGroup},
+    EntryRow{u"bndMoreMenu", u"mnuFind"},
+    EntryRow{u"bndMoreMenu", u"xtrTextLarger", kGroup},
+    EntryRow{u"bndMoreMenu", u"xtrTextSmaller"},
+    EntryRow{u"bndMoreMenu", u"xtrTextUsual"},
+    EntryRow{u"bndMoreMenu", u"xtrFullScreen", kGroup},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.
@@ -200,15 +205,6 @@ constexpr std::array kOwn{
 };
 
 constexpr std::int32_t kFirstOwnId = 180;
-
-Text WithoutAccessKey(TextView caption) {
-    Text plain;
-    for (std::size_t i = 0; i < caption.size(); ++i) {
-        if (caption[i] == u'&' && ++i >= caption.size()) break;
-        plain += caption[i];
-    }
-    return plain.ends_with(u"...") ? plain.substr(0, plain.size() - 3) : plain;
-}
 
 Text TooltipOf(const ToolRow& row) {
     // Deliberate: the slip of the pen is part of the product.

@@ -57,6 +57,10 @@ void TextSize(CommandContext& context, const Tool& tool) { context.pages.SetText
 
 void MediumTextSize(CommandContext& context) { context.pages.SetTextSize(u"mnuFontMedium", Apply::Yes); }
 
+void LargerText(CommandContext& context) { context.pages.StepTextSize(1); }
+
+void SmallerText(CommandContext& context) { context.pages.StepTextSize(-1); }
+
 void ToggleLoadOption(CommandContext& context, const Tool& tool) { context.pages.ToggleLoadOption(tool.Name()); }
 
 void Mail(CommandContext& context, const Tool& tool) {

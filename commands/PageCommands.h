@@ -23,6 +23,8 @@ void Exec(CommandContext&, BrowserView& view) {
 void Open(CommandContext& context);
 void TextSize(CommandContext& context, const Tool& tool);
 void MediumTextSize(CommandContext& context);
+void LargerText(CommandContext& context);
+void SmallerText(CommandContext& context);
 void ToggleLoadOption(CommandContext& context, const Tool& tool);
 /// Loads the address that begins a mail.
 void Mail(CommandContext& context, const Tool& tool);

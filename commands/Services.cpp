@@ -42,9 +42,7 @@ std::string Filled(const Text& chosen, std::string_view byDesign, std::string_vi
 std::string NameOf(std::span<const ToolRow> links, std::string_view keyword) {
     const auto link =
         std::ranges::find(links, FromBytes(keyword), [](const ToolRow& row) { return Text(row.description); });
-    std::string name = link == links.end() ? std::string(keyword) : ToUtf8(link->caption);
-    std::erase(name, '&');
-    return PercentEncoded(name);
+    return PercentEncoded(link == links.end() ? keyword : std::string_view(ToUtf8(WithoutAccessKey(link->caption))));
 }
 
 std::string FindService(const Text& chosen, std::string_view keyword) {

@@ -178,6 +178,12 @@ constexpr std::array kOwnTools{
     ToolRow{u"xtrSessions", u"Earlier &Sessions...", u"More", u"Opens pages of earlier sessions again", u"view-history",
             u""},
     ToolRow{u"xtrStopAll", u"Stop &All Pages", u"More", u"Stops every page that is loading", u"process-stop", u""},
+    ToolRow{u"xtrTextLarger", u"&Larger Text", u"More", u"Shows the text of the page one size larger",
+            u"format-font-size-more", u""},
+    ToolRow{u"xtrTextSmaller", u"S&maller Text", u"More", u"Shows the text of the page one size smaller",
+            u"format-font-size-less", u""},
+    ToolRow{u"xtrTextUsual", u"&Usual Text", u"More", u"Shows the text of the page at its usual size", u"", u""},
+    ToolRow{u"xtrFullScreen", u"&Full Screen", u"More", u"Shows pages on the whole screen", u"view-fullscreen", u""},
 };
 
 constexpr std::int32_t kCtrl = Keys::kCtrl, kAlt = Keys::kAlt;
@@ -203,9 +209,23 @@ constexpr std::array kShortcuts{
     Shortcut{u"xtrTabList", {'A', kCtrl | Keys::kShift}},
     Shortcut{u"xtrReopenTab", {'T', kCtrl | Keys::kShift}},
     Shortcut{u"mnuHelp", {Keys::kF1, 0}},
+    Shortcut{u"xtrTextLarger", {Keys::kPlus, kCtrl}},
+    Shortcut{u"xtrTextLarger", {Keys::kPlus, kCtrl | Keys::kShift}},
+    Shortcut{u"xtrTextSmaller", {Keys::kMinus, kCtrl}},
+    Shortcut{u"xtrTextUsual", {'0', kCtrl}},
+    Shortcut{u"xtrFullScreen", {Keys::kF11, 0}},
 };
 
 } // namespace
+
+Text WithoutAccessKey(TextView caption) {
+    Text plain;
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+        if (caption[i] == u'&' && ++i >= caption.size()) break;
+        plain += caption[i];
+    }
+    return plain.ends_with(u"...") ? plain.substr(0, plain.size() - 3) : plain;
+}
 
 std::span<const ToolRow> DesignedTools() { return kDesigned; }
 std::span<const ToolRow> ShopLinks() { return kShop; }

@@ -22,3 +22,5 @@ struct ToolRow {
 [[nodiscard]] std::span<const ToolRow> OwnTools();
 /// The combinations of keys beside those that the main window handles itself.
 [[nodiscard]] std::span<const Shortcut> DesignedShortcuts();
+/// A caption as it reads: without access key and the dots that announce a dialog.
+[[nodiscard]] Text WithoutAccessKey(TextView caption);

@@ -6,10 +6,22 @@
 
 namespace {
 
+constexpr TextView kHelpPage = u"tessaview:help";
+
 void Resize(frmMain& main, void (frmResize::*mode)()) {
     frmResize form(main.actBar);
     (form.*mode)();
     if (main.Platform.showResize) main.Platform.showResize(form);
+}
+
+// Asked for again and again, the help has one tab.
+void ShowHelp(frmMain& main) {
+    for (std::size_t i = 1; i <= main.pcPage.Count(); ++i) {
+        auto* tab = main.pcPage.FindAt(i);
+        const auto* view = main.Browser.Find(tab->Tag);
+        if (view && view->Control->LocationURL().starts_with(kHelpPage)) return main.pcPage.Select(tab);
+    }
+    if (auto* view = main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(kHelpPage));
 }
 
 Text MailAddress(const frmMain& main, TextView tool, TextView title, TextView address) {
@@ -24,6 +36,8 @@ namespace MainCommands {
 void Fill(CommandHost& host, frmMain& main) {
     host.ResizeAddress = [&main] { Resize(main, &frmResize::ResizeAddress); };
     host.ResizeSearch = [&main] { Resize(main, &frmResize::ResizeSearch); };
+    host.ShowHelp = [&main] { ShowHelp(main); };
+    host.ToggleFullScreen = [&main] { main.Platform.window.SetFullScreen(!main.Platform.window.FullScreen()); };
     host.LaunchMailClient = [&main] { External::LaunchMailClient(main.Platform.settings, main.Platform.shell); };
     host.LaunchNewsClient = [&main] { External::LaunchNewsClient(main.Platform.settings, main.Platform.shell); };
     host.MailAddress = [&main](TextView tool, TextView title, TextView address) {

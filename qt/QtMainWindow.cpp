@@ -19,12 +19,16 @@ QRect VirtualScreen() {
 }
 } // namespace
 
-QtMainWindow::QtMainWindow() : m_inner(new QWidget) {
+QtMainWindow::QtMainWindow() : m_inner(new QWidget), m_fullScreen(*this, *m_inner) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowIcon(QtIcons::Application());
     m_inner->setObjectName(QStringLiteral("innerArea"));
     setCentralWidget(m_inner);
     m_inner->installEventFilter(this);
+    m_fullScreen.Changed = [this](bool on) {
+        if (!on) m_placeBefore.reset();
+        if (FullScreenChanged) FullScreenChanged(on);
+    };
 }
 
 QtMainWindow::~QtMainWindow() {
@@ -63,7 +67,7 @@ void QtMainWindow::Close() { close(); }
 
 WindowState QtMainWindow::State() const {
     if (isMinimized()) return WindowState::Minimized;
-    return isMaximized() || isFullScreen() ? WindowState::Maximized : WindowState::Normal;
+    return isMaximized() ? WindowState::Maximized : WindowState::Normal;
 }
 
 void QtMainWindow::SetState(WindowState state) {
@@ -80,6 +84,7 @@ void QtMainWindow::SetState(WindowState state) {
 }
 
 Placement QtMainWindow::Place() const {
+    if (m_placeBefore) return *m_placeBefore;
     return {ToTwips({x()}), ToTwips({y()}), ToTwips({width()}), ToTwips({height()})};
 }
 
@@ -90,6 +95,11 @@ void QtMainWindow::SetPlace(const Placement& place) {
 
 void QtMainWindow::SetSize(Twips width, Twips height) {
     resize(std::max(ToPixels(width).value, 1), std::max(ToPixels(height).value, 1));
+}
+
+void QtMainWindow::SetFullScreen(bool on) {
+    if (on && !FullScreen()) m_placeBefore = Place();
+    m_fullScreen.Set(on);
 }
 
 Pixels QtMainWindow::InnerWidth() const { return {InnerSize().width()}; }

@@ -1,9 +1,11 @@
 #pragma once
 #include "common/platform/MainWindow.h"
+#include "qt/QtFullScreen.h"
 
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
+#include <optional>
 
 class QtStatusBar;
 class QtTabStrip;
@@ -25,6 +27,8 @@ public:
     [[nodiscard]] Placement Place() const override;
     void SetPlace(const Placement& place) override;
     void SetSize(Twips width, Twips height) override;
+    [[nodiscard]] bool FullScreen() const override { return m_fullScreen.On(); }
+    void SetFullScreen(bool on) override;
     [[nodiscard]] Pixels InnerWidth() const override;
     [[nodiscard]] Pixels InnerHeight() const override;
     [[nodiscard]] Twips ScreenWidth() const override;
@@ -44,6 +48,8 @@ public:
     std::function<void()> Resized;
     /// The window has become the active one. Comes once after `Show()` even if the desktop keeps the focus elsewhere.
     std::function<void()> Activated;
+    /// Full screen begins or ends.
+    std::function<void(bool on)> FullScreenChanged;
     /// The window closes. Runs once.
     std::function<void()> Unload;
 
@@ -60,6 +66,8 @@ private:
     [[nodiscard]] QSize InnerSize() const;
 
     QWidget* m_inner;
+    QtFullScreen m_fullScreen;
+    std::optional<Placement> m_placeBefore; ///< where the window was before it took the whole screen
     QPointer<QtTabStrip> m_tabStrip;
     QPointer<QtStatusBar> m_statusBar;
     QRect m_tabStripPlace;

@@ -84,10 +84,10 @@ void QtPage::End() {
         deleteLater();
 }
 
-// The home page is reached by the program and by the history, never by a page; its links are its own alone.
+// The program's own pages are reached by the program and by the history, never by others; their links are their own.
 bool QtPage::AcceptOwn(const QUrl& address, NavigationType type, bool isMainFrame) {
-    const bool atHome = isMainFrame && QtStartPage::IsStart(url()) && type == NavigationTypeLinkClicked;
-    if (!QtStartPage::IsStart(address)) {
+    const bool atHome = isMainFrame && QtStartPage::IsOwn(url()) && type == NavigationTypeLinkClicked;
+    if (!QtStartPage::IsOwn(address)) {
         if (atHome) Q_EMIT StartLinkFollowed(address);
         return false;
     }

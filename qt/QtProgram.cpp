@@ -212,6 +212,9 @@ void QtProgram::WireWindow() {
         m->main.Form_Resize();
     };
     m->window.Activated = [&main] { main.Form_Activate(); };
+    m->window.FullScreenChanged = [&main](bool on) {
+        if (auto* tool = main.actBar.Find(u"xtrFullScreen")) tool->Checked = on;
+    };
     m->window.Unload = [&main] {
         main.Form_Unload();
         QCoreApplication::quit();

@@ -1,12 +1,15 @@
 #include "qt/QtStartPage.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QUrl>
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 
-bool QtStartPage::IsStart(const QUrl& url) {
-    return url.scheme() == QLatin1String(Scheme()) && url.path() == QStringLiteral("start");
+bool QtStartPage::IsOwn(const QUrl& url) {
+    const QString path = url.path();
+    return url.scheme() == QLatin1String(Scheme()) &&
+           (path == QStringLiteral("start") || path == QStringLiteral("help"));
 }
 
 void QtStartPage::RegisterScheme() {
@@ -16,15 +19,24 @@ void QtStartPage::RegisterScheme() {
     QWebEngineUrlScheme::registerScheme(scheme);
 }
 
+QByteArray QtStartPage::PageAt(const QString& path) const {
+    if (path == u"start") return Page ? QByteArray::fromStdString(Page()) : QByteArray();
+    QFile help(QStringLiteral(":/help.html"));
+    return path == u"help" && help.open(QFile::ReadOnly) ? help.readAll() : QByteArray();
+}
+
 void QtStartPage::requestStarted(QWebEngineUrlRequestJob* job) {
     const QUrl asker = job->initiator();
     if (!asker.isEmpty() && asker.scheme() != QLatin1String(Scheme())) {
         job->fail(QWebEngineUrlRequestJob::RequestDenied);
-    } else if (!IsStart(job->requestUrl()) || !Page) {
-        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
-    } else {
-        auto* page = new QBuffer(job);
-        page->setData(QByteArray::fromStdString(Page()));
-        job->reply(QByteArrayLiteral("text/html"), page);
+        return;
     }
+    const QByteArray html = PageAt(job->requestUrl().path());
+    if (html.isEmpty()) {
+        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+        return;
+    }
+    auto* page = new QBuffer(job);
+    page->setData(html);
+    job->reply(QByteArrayLiteral("text/html"), page);
 }

@@ -60,6 +60,15 @@ void PageOptions::MarkTextSize() {
     SetTextSize(size == kSizes.end() ? TextView(u"mnuFontMedium") : size->tool, Apply::No);
 }
 
+void PageOptions::StepTextSize(int steps) {
+    auto* view = m_tabs.CurrentView();
+    auto* document = view ? view->Control->Document() : nullptr;
+    if (!document) return;
+    const auto [smallest, largest] = std::ranges::minmax(kSizes, {}, &TextSize::level);
+    const int level = std::clamp(document->ZoomLevel().value_or(kUsualLevel) + steps, smallest.level, largest.level);
+    SetTextSize(std::ranges::find(kSizes, level, &TextSize::level)->tool, Apply::Yes);
+}
+
 void PageOptions::ShowLoadOptions() {
     const SettingsStore store(m_settings);
     for (const LoadSwitch& each : kSwitches) Mark(m_actBar, each.tool, (store.*each.setting).Get());

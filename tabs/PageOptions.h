@@ -17,6 +17,8 @@ public:
     void SetTextSize(TextView Name, ::Apply Apply);
     /// The tool of the size at which the current page shows its text.
     void MarkTextSize();
+    /// Shows the current page's text so many sizes larger, smaller when negative; stays at the ends.
+    void StepTextSize(int steps);
     /// Sets the check marks of the four load switches and puts them into effect.
     void ShowLoadOptions();
     /// Turns the load switch of that tool's name and keeps its new state.

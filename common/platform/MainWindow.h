@@ -26,6 +26,9 @@ public:
     virtual void SetPlace(const Placement& place) = 0;
     /// Leaves the position to the desktop.
     virtual void SetSize(Twips width, Twips height) = 0;
+    /// Full screen goes on top of the state, which comes back afterwards.
+    [[nodiscard]] virtual bool FullScreen() const = 0;
+    virtual void SetFullScreen(bool on) = 0;
     /// The inner area that tab strip, page and status bar share.
     [[nodiscard]] virtual Pixels InnerWidth() const = 0;
     [[nodiscard]] virtual Pixels InnerHeight() const = 0;

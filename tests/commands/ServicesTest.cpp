@@ -31,7 +31,7 @@ TEST(Services, TheSearchStartPageIsThatOfTheService) {
 TEST(Services, ShopLinksAskForTheLinksName) {
     EXPECT_EQ(Target("https://ads.tessaview.example/ad.asp?id=cds"), "https://duckduckgo.com/?q=buy+Music");
     EXPECT_EQ(Target("https://ads.tessaview.example/ad.asp?id=homesloans", {{}, u"http://s/%s", {}}),
-              "http://s/Homes%20%20Loans");
+              "http://s/Homes%20%26%20Loans");
     EXPECT_EQ(Target("https://ads.tessaview.example/ad.asp?id=other", {{}, u"http://s/%s", {}}), "http://s/other");
 }
 

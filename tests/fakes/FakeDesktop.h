@@ -50,6 +50,8 @@ public:
     [[nodiscard]] Placement Place() const override { return place; }
     void SetPlace(const Placement& value) override { place = value; }
     void SetSize(Twips width, Twips height) override;
+    [[nodiscard]] bool FullScreen() const override { return fullScreen; }
+    void SetFullScreen(bool on) override { fullScreen = on; }
     [[nodiscard]] Pixels InnerWidth() const override { return innerWidth; }
     [[nodiscard]] Pixels InnerHeight() const override { return innerHeight; }
     [[nodiscard]] Twips ScreenWidth() const override { return screenWidth; }
@@ -59,6 +61,7 @@ public:
     std::function<void()> closed; ///< what closing the window runs: its unload handler
     Text caption;
     WindowState state = WindowState::Normal;
+    bool fullScreen = false;
     Placement place{{-1}, {-1}, {-1}, {-1}};
     Pixels innerWidth{1000}, innerHeight{700};
     Twips screenWidth{28800}, screenHeight{16200};

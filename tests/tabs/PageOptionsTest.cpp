@@ -102,4 +102,27 @@ TEST_F(PageOptionsTest, TheEngineSeesASwitchAfterItIsStored) {
     EXPECT_FALSE(seen);
 }
 
+TEST_F(PageOptionsTest, KeysStepThroughTheSizesAndStayAtTheEnds) {
+    Start();
+    for (int i = 0; i < 3; ++i) desk.main.Form_KeyDown({Keys::kPlus, Keys::kCtrl});
+    EXPECT_EQ(desk.views.Calls(1), "zoom 3, zoom 4, zoom 4");
+    EXPECT_EQ(Marked(), "Largest;");
+    desk.main.Form_KeyDown({'0', Keys::kCtrl});
+    for (int i = 0; i < 3; ++i) desk.main.Form_KeyDown({Keys::kMinus, Keys::kCtrl});
+    EXPECT_EQ(desk.views.Calls(1), "zoom 2, zoom 1, zoom 0, zoom 0");
+    EXPECT_EQ(Marked(), "Smallest;");
+    EXPECT_EQ(desk.views.Calls(2), "");
+}
+
+TEST_F(PageOptionsTest, WithoutADocumentNoSizeIsStepped) {
+    Start();
+    desk.views.At(1).hasDocument = false;
+    desk.Click(u"xtrTextLarger");
+    EXPECT_EQ(desk.views.Calls(1), "");
+    desk.main.pcPage.Remove(desk.main.pcPage.FindAt(1));
+    desk.main.pcPage.Remove(desk.main.pcPage.FindAt(1));
+    desk.Click(u"xtrTextSmaller");
+    EXPECT_EQ(Marked(), "");
+}
+
 } // namespace
