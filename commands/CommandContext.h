@@ -16,6 +16,8 @@ struct CommandHost {
     std::function<void()> ShowSessions;
     std::function<void()> Customize;
     std::function<void()> ToggleFullScreen;
+    /// Opens the developer tools for the current page, or closes them.
+    std::function<void()> ToggleDevTools;
     std::function<void()> Exit;
     std::function<void()> ResizeAddress;
     std::function<void()> ResizeSearch;

@@ -118,6 +118,7 @@ const std::array kCommands{
     Command{u"xtrTextSmaller", Page::SmallerText},
     Command{u"xtrTextUsual", Page::MediumTextSize},
     FromHost<&CommandHost::ToggleFullScreen>(u"xtrFullScreen"),
+    FromHost<&CommandHost::ToggleDevTools>(u"xtrDevTools"),
 };
 
 } // namespace

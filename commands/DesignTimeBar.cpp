@@ -187,6 +187,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreMenu", u"xtrTextSmaller"},
     EntryRow{u"bndMoreMenu", u"xtrTextUsual"},
     EntryRow{u"bndMoreMenu", u"xtrFullScreen", kGroup},
+    EntryRow{u"bndMoreMenu", u"xtrDevTools", kGroup},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.

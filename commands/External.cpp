@@ -12,6 +12,10 @@ namespace {
 constexpr std::size_t kMailBuffer = 256;
 constexpr std::size_t kNewsBuffer = 512;
 
+Text CommandOf(const Setting<Text>& setting, TextView scheme, const Shell& shell) {
+    return setting.HasValue() ? setting.Get() : shell.ProgramFor(scheme);
+}
+
 void Launch(TextView command, std::size_t buffer, Shell& shell) {
     if (command.empty()) return;
     const auto expanded = External::ExpandEnvironmentStrings(command, buffer, shell);
@@ -66,12 +70,12 @@ namespace External {
 
 void LaunchMailClient(SettingsStorageFactory& settings, Shell& shell) {
     const SettingsStore store(settings);
-    Launch(store.MailClient.Get(), kMailBuffer, shell);
+    Launch(CommandOf(store.MailClient, u"mailto", shell), kMailBuffer, shell);
 }
 
 void LaunchNewsClient(SettingsStorageFactory& settings, Shell& shell) {
     const SettingsStore store(settings);
-    Launch(store.NewsClient.Get(), kNewsBuffer, shell);
+    Launch(CommandOf(store.NewsClient, u"news", shell), kNewsBuffer, shell);
 }
 
 Text EnvironmentText(SettingsStorageFactory& settings, const Shell& shell) {

@@ -184,6 +184,7 @@ constexpr std::array kOwnTools{
             u"format-font-size-less", u""},
     ToolRow{u"xtrTextUsual", u"&Usual Text", u"More", u"Shows the text of the page at its usual size", u"", u""},
     ToolRow{u"xtrFullScreen", u"&Full Screen", u"More", u"Shows pages on the whole screen", u"view-fullscreen", u""},
+    ToolRow{u"xtrDevTools", u"&Developer Tools", u"More", u"Shows how the current page is made", u"tools", u""},
 };
 
 constexpr std::int32_t kCtrl = Keys::kCtrl, kAlt = Keys::kAlt;
@@ -214,6 +215,7 @@ constexpr std::array kShortcuts{
     Shortcut{u"xtrTextSmaller", {Keys::kMinus, kCtrl}},
     Shortcut{u"xtrTextUsual", {'0', kCtrl}},
     Shortcut{u"xtrFullScreen", {Keys::kF11, 0}},
+    Shortcut{u"xtrDevTools", {Keys::kF12, 0}},
 };
 
 } // namespace

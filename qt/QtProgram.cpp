@@ -7,6 +7,7 @@
 #include "qt/QtCustomizeDialog.h"
 #include "qt/QtDefBrowserDialog.h"
 #include "qt/QtDefaultBrowser.h"
+#include "qt/QtDevTools.h"
 #include "qt/QtDialogScheme.h"
 #include "qt/QtDialogs.h"
 #include "qt/QtEngine.h"
@@ -128,6 +129,7 @@ struct QtProgram::Parts {
         host.ShowTabList = [this] { program.ListTabs(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); };
         host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
         host.Customize = [this] { customize.Open(); };
+        host.ToggleDevTools = [this] { devTools.Toggle(engine.FrontPage()); };
         host.ShiftHeld = [] { return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier); };
         return host;
     }
@@ -159,6 +161,7 @@ struct QtProgram::Parts {
     QtDefaultBrowser defaultBrowser;
     QtShell shell;
     QtMainWindow window;
+    QtDevTools devTools{window};
     QtRequests requests;
     QtEngine engine;
     frmMain main;
@@ -215,7 +218,8 @@ void QtProgram::WireWindow() {
     m->window.FullScreenChanged = [&main](bool on) {
         if (auto* tool = main.actBar.Find(u"xtrFullScreen")) tool->Checked = on;
     };
-    m->window.Unload = [&main] {
+    m->window.Unload = [this, &main] {
+        m->devTools.Close();
         main.Form_Unload();
         QCoreApplication::quit();
     };

@@ -1,5 +1,6 @@
 #include "qt/QtShell.h"
 
+#include "qt/QtDesktopPrograms.h"
 #include "qt/QtText.h"
 
 #include <QDir>
@@ -23,6 +24,8 @@ Outcome QtShell::Start(const std::vector<Text>& words) {
     process.setStandardInputFile(QProcess::nullDevice());
     return process.startDetached() ? Outcome::Done : Outcome::Failed;
 }
+
+Text QtShell::ProgramFor(TextView scheme) const { return FromQt(QtDesktopPrograms::CommandFor(ToQt(scheme))); }
 
 Text QtShell::SystemName() const {
     return FromQt(QStringLiteral("%1, Qt %2").arg(QSysInfo::prettyProductName(), QLatin1String(qVersion())));

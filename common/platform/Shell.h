@@ -14,6 +14,8 @@ public:
     /// Starts a program, the first word, with the others as its arguments. Nothing interprets the words any further.
     /// Does not wait for the program.
     virtual Outcome Start(const std::vector<Text>& words) = 0;
+    /// The command line of the program that the desktop has for addresses of that scheme; empty when it has none.
+    [[nodiscard]] virtual Text ProgramFor(TextView scheme) const = 0;
     /// The system and the engine that the program runs on, in a few words for a report.
     [[nodiscard]] virtual Text SystemName() const = 0;
 };

@@ -48,6 +48,15 @@ TEST_F(ExternalTest, ACommandThatWasNeverSetStartsNothing) {
     EXPECT_EQ(m_shell.Take(), "");
 }
 
+TEST_F(ExternalTest, UntilOneIsSetTheDesktopsProgramStarts) {
+    m_shell.programs = {{u"mailto", u"post --main"}, {u"news", u"reader"}};
+    External::LaunchMailClient(m_settings, m_shell);
+    External::LaunchNewsClient(m_settings, m_shell);
+    EXPECT_EQ(m_shell.Take(), "<post><--main>, <reader>");
+    EXPECT_EQ(Mail(u""), "") << "none was wanted";
+    EXPECT_EQ(Mail(u"mailer"), "<mailer>");
+}
+
 TEST_F(ExternalTest, ReferencesAreReplacedByTheVariablesValues) {
     m_shell.variables = {{u"HOME", u"/home/user"}, {u"EMPTY", u""}};
     EXPECT_EQ(Mail(u"%HOME%/bin/mailer a%EMPTY%b"), "</home/user/bin/mailer><ab>");

@@ -53,6 +53,11 @@ std::optional<Text> FakeShell::EnvironmentVariable(TextView name) const {
     return found == variables.end() ? std::nullopt : std::optional(found->second);
 }
 
+Text FakeShell::ProgramFor(TextView scheme) const {
+    const auto found = programs.find(scheme);
+    return found == programs.end() ? Text() : found->second;
+}
+
 Outcome FakeShell::Start(const std::vector<Text>& words) {
     std::string all;
     for (const Text& word : words) all += "<" + ToUtf8(word) + ">";

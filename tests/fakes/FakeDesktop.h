@@ -131,10 +131,12 @@ class FakeShell final : public Shell {
 public:
     [[nodiscard]] std::optional<Text> EnvironmentVariable(TextView name) const override;
     Outcome Start(const std::vector<Text>& words) override;
+    [[nodiscard]] Text ProgramFor(TextView scheme) const override;
     [[nodiscard]] Text SystemName() const override { return system; }
     /// The programs started so far; forgets them.
     std::string Take() { return m_log.Take(); }
     std::map<Text, Text, std::less<>> variables;
+    std::map<Text, Text, std::less<>> programs; ///< the desktop's, by scheme
     Text system;
     bool refuses = false; ///< no program starts
 

@@ -1,0 +1,29 @@
+#pragma once
+#include <QObject>
+#include <QPointer>
+
+class QDockWidget;
+class QMainWindow;
+class QWebEnginePage;
+
+/// The engine's developer tools for one page at a time, in a pane of the window. They cost nothing while closed.
+class QtDevTools final : public QObject {
+public:
+    /// The window outlives it.
+    explicit QtDevTools(QMainWindow& window) : m_window(window) {}
+
+    /// Opens the tools for that page, moves them there from another page, or closes them when they show it already.
+    /// Does nothing for no page.
+    void Toggle(QWebEnginePage* page);
+    /// Closes the tools; before the engine ends.
+    void Close();
+    /// The page that the tools show; nothing while they are closed.
+    [[nodiscard]] QWebEnginePage* Inspected() const { return m_inspected; }
+
+private:
+    void Open(QWebEnginePage& page);
+
+    QMainWindow& m_window;
+    QPointer<QDockWidget> m_pane;
+    QPointer<QWebEnginePage> m_inspected;
+};

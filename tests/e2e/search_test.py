@@ -1,0 +1,106 @@
+"""Searches, Shop and Find links reach the services that the settings name, and the words arrive as they were typed."""
+
+import os
+import subprocess
+import unittest
+import urllib.parse
+
+import desk
+import pyatspi
+
+PROGRAM = desk.program_file()
+
+
+def focused_box(program):
+    """The box that has the keyboard; nothing while none has."""
+    for node in desk.walk(program.application()):
+        is_box = node.getRoleName() in ("combo box", "text") and "Text" in node.get_interfaces()
+        if is_box and node.getState().contains(pyatspi.STATE_FOCUSED):
+            return node
+    return None
+
+
+def text_of(node):
+    content = node.queryText()
+    return content.getText(0, content.characterCount)
+
+
+def write_services(home, pages):
+    """Settings whose services are paths of the local server."""
+    lines = [f"{name}Service={pages.address(name.lower())}?words=%s" for name in ("Search", "Shop", "Find")]
+    with open(os.path.join(home, "settings.ini"), "w", encoding="utf-8") as settings:
+        settings.write("\n".join(["[General]", *lines]) + "\n")
+
+
+def arrived(pages, service):
+    """The words of all requests to a service so far, decoded as a server does it."""
+    start = f"127.0.0.1/{service}?words="
+    return [urllib.parse.unquote(each[len(start) :]) for each in pages.requested() if each.startswith(start)]
+
+
+class Search(unittest.TestCase):
+    def setUp(self):
+        self.home = desk.state_folder()
+
+    def type_into_search_box(self, program, words):
+        """Types with the keyboard until the box shows the words: a page that is loaded takes the keyboard once."""
+
+        def is_typed(expected):
+            box = focused_box(program)
+            shown = text_of(box) if box else None
+            # What was searched for before completes what is being typed.
+            return shown == expected or expected != words and shown is not None and shown.startswith(expected)
+
+        def attempt():
+            program.keys("alt+r", "ctrl+a", "Delete")
+            try:
+                # A key of another script is there only while it is pressed: the next one waits for its character.
+                for count in range(len(words) + 1):
+                    if count:
+                        subprocess.run(["xdotool", "type", words[count - 1]], check=True)
+                    desk.wait_until(lambda: is_typed(words[:count]), seconds=5)
+            except desk.NeverTrue:
+                return False
+            return True
+
+        desk.wait_until(attempt, what=lambda: f"not typed: {words!r}; seen: {program.what_is_seen()}")
+
+    def test_words_arrive_as_they_were_typed(self):
+        searches = ["cats and dogs", "a&b=c", "c# and f#", "100% of %41", "1+1", 'say "yes"', "Привет мир", "日本語"]
+        with desk.PageServer() as pages:
+            write_services(self.home, pages)
+            with desk.Program(PROGRAM, pages.address("Start"), home=self.home) as program:
+                program.wait_strip(["[Start]"])
+                for count, words in enumerate(searches, 1):
+                    self.type_into_search_box(program, words)
+                    desk.xdotool("key", "Return")
+                    desk.wait_until(
+                        lambda: len(arrived(pages, "search")) == count, what=lambda: f"{words}: {pages.requested()}"
+                    )
+                    self.assertEqual(arrived(pages, "search")[-1], words)
+                    desk.wait_until(lambda: len(program.strip()) == count + 1, what=lambda: str(program.strip()))
+                    # In front, right of the tab that was in front.
+                    self.assertTrue(program.strip()[count].startswith("["), program.strip())
+
+    def test_shop_and_find_links_ask_for_their_names(self):
+        with desk.PageServer() as pages:
+            write_services(self.home, pages)
+            with desk.Program(PROGRAM, pages.address("Start"), home=self.home) as program:
+                program.wait_strip(["[Start]"])
+                for service, menu, entry, name in (
+                    ("shop", "alt+p", "i", "Music"),
+                    ("shop", "alt+p", "h", "Homes & Loans"),
+                    ("find", "alt+i", "p", "People"),
+                    ("find", "alt+i", "m", "Maps & Directions"),
+                ):
+                    before = len(arrived(pages, service))
+                    program.keys(menu)
+                    desk.wait_until(lambda: program.find_now("popup menu"), what=f"the menu {menu} did not open")
+                    desk.xdotool("key", entry)
+                    desk.wait_until(lambda: len(arrived(pages, service)) > before, what=lambda: str(pages.requested()))
+                    self.assertEqual(arrived(pages, service)[-1], name)
+                self.assertEqual(len(program.strip()), 1)
+
+
+if __name__ == "__main__":
+    desk.main()

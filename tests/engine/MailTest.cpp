@@ -1,0 +1,70 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtText.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+namespace {
+
+/// The desktop's mail program: writes down what it is opened with.
+class MailProgram final : public QObject {
+    Q_OBJECT
+
+public:
+    MailProgram() { QDesktopServices::setUrlHandler(QStringLiteral("mailto"), this, "Open"); }
+    ~MailProgram() override { QDesktopServices::unsetUrlHandler(QStringLiteral("mailto")); }
+
+    /// What it was opened with so far, separated by blanks; forgets it.
+    std::string Take() { return std::exchange(m_opened, {}).join(u' ').toStdString(); }
+    [[nodiscard]] bool WasOpened() const { return !m_opened.isEmpty(); }
+
+public Q_SLOTS:
+    void Open(const QUrl& url) { m_opened << QString::fromLatin1(url.toEncoded()); }
+
+private:
+    QStringList m_opened;
+};
+
+TEST(Mail, ALinkIsSentWholeWhateverThePagesTitleIs) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), "<title>Q &amp; A? #1 100%</title>page");
+    MailProgram mail;
+    EngineDesk desk;
+    desk.Open({server.Address(QStringLiteral("/page"))});
+    ASSERT_TRUE(WaitUntil([&] { return desk.View(2).LocationName() == u"Q & A? #1 100%"; }));
+    const auto loads = server.requests.size();
+    desk.main->actBar_Click(*desk.main->actBar.Find(u"mnuSendLink"));
+    const std::string address = QUrl::toPercentEncoding(server.Address(QStringLiteral("/page"))).toStdString();
+    EXPECT_EQ(mail.Take(), "mailto:?subject=Q%20%26%20A%3F%20%231%20100%25%20%28" + address + "%29&body=" + address);
+    EXPECT_EQ(desk.View(2).LocationName(), u"Q & A? #1 100%") << "the page stays";
+    EXPECT_EQ(server.requests.size(), loads);
+}
+
+TEST(Mail, APersonsClickOnALinkOpensTheMailProgram) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), "<a id=link href='mailto:a@b.example?subject=x%20%26%20y'>write</a>");
+    MailProgram mail;
+    EngineView desk;
+    desk.Load(server.Address(QStringLiteral("/page")));
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(WaitUntil([&] { return mail.WasOpened(); }));
+    EXPECT_EQ(mail.Take(), "mailto:a@b.example?subject=x%20%26%20y");
+    EXPECT_EQ(desk.view->LocationURL(), FromQt(server.Address(QStringLiteral("/page"))));
+}
+
+TEST(Mail, APageDoesNotOpenItByItself) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"),
+                "<script>for (var i = 0; i < 20; ++i) location.href = 'mailto:a@b' + i;</script>");
+    MailProgram mail;
+    EngineView desk;
+    desk.Load(server.Address(QStringLiteral("/page")));
+    desk.Script(QStringLiteral("location.assign('mailto:c@d'); 1"));
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_EQ(mail.Take(), "");
+}
+
+} // namespace
+
+#include "MailTest.moc"
