@@ -54,7 +54,8 @@ struct CommandContext {
     ClosedTabs& closed;
     FileDialogs& files;
     MessageBoxes& messages;
-    Text groupFolder; ///< with the separator at the end
+    Text groupFolder;     ///< with the separator at the end
+    Text favoritesFolder; ///< without one; empty when there is none
     CommandHost host;
     /// The Favorites or TessaGroups menu is out of date, because a command may have changed its folder.
     bool favoritesMenuStale = true;

@@ -1,5 +1,6 @@
 #include "commands/CommandTable.h"
 
+#include "commands/BookmarkCommands.h"
 #include "commands/CollectionCommands.h"
 #include "commands/PageCommands.h"
 #include "commands/TabCommands.h"
@@ -119,6 +120,10 @@ const std::array kCommands{
     Command{u"xtrTextUsual", Page::MediumTextSize},
     FromHost<&CommandHost::ToggleFullScreen>(u"xtrFullScreen"),
     FromHost<&CommandHost::ToggleDevTools>(u"xtrDevTools"),
+    Command{u"xtrImportFavorites", BookmarkCommands::ImportFavorites},
+    Command{u"xtrImportTessaGroups", BookmarkCommands::ImportTessaGroups},
+    Command{u"xtrExportFavorites", BookmarkCommands::ExportFavorites},
+    Command{u"xtrExportTessaGroups", BookmarkCommands::ExportTessaGroups},
 };
 
 } // namespace

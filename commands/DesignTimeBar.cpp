@@ -43,6 +43,7 @@ constexpr std::array kBands{
     BandRow{u"bndMore", u"More", BandKind::Toolbar, At(2, 2)},
     BandRow{u"bndMoreMenu", u"More", BandKind::Menu, {}},
     BandRow{u"bndTabMore", u"More for the Tab", BandKind::Menu, {}},
+    BandRow{u"bndMoreBookmarks", u"Import and Export", BandKind::Menu, {}},
 };
 
 /// A tool on a band.
@@ -187,7 +188,13 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreMenu", u"xtrTextSmaller"},
     EntryRow{u"bndMoreMenu", u"xtrTextUsual"},
     EntryRow{u"bndMoreMenu", u"xtrFullScreen", kGroup},
+    EntryRow{u"bndMoreMenu", u"xtrBookmarks", kGroup},
     EntryRow{u"bndMoreMenu", u"xtrDevTools", kGroup},
+
+    EntryRow{u"bndMoreBookmarks", u"xtrImportFavorites"},
+    EntryRow{u"bndMoreBookmarks", u"xtrImportTessaGroups"},
+    EntryRow{u"bndMoreBookmarks", u"xtrExportFavorites", kGroup},
+    EntryRow{u"bndMoreBookmarks", u"xtrExportTessaGroups"},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.
@@ -279,7 +286,8 @@ void Make(CommandBar& bar) {
                    u"cboSearch", u"Words to search for");
     AddTools(bar, OwnTools(), id);
     // They do nothing but open their menus.
-    for (const TextView opener : {u"xtrMore", u"xtrTabMore"}) bar.Find(opener)->ClickWithSubBand = false;
+    for (const TextView opener : {u"xtrMore", u"xtrTabMore", u"xtrBookmarks"})
+        bar.Find(opener)->ClickWithSubBand = false;
     for (const TextView holder : {u"mnuLinkImage", u"mnuFolderImage", u"mnuTessaGroupsImage"})
         bar.Find(holder)->Visible = false;
     ResetWidths(bar);

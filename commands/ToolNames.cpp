@@ -185,6 +185,16 @@ constexpr std::array kOwnTools{
     ToolRow{u"xtrTextUsual", u"&Usual Text", u"More", u"Shows the text of the page at its usual size", u"", u""},
     ToolRow{u"xtrFullScreen", u"&Full Screen", u"More", u"Shows pages on the whole screen", u"view-fullscreen", u""},
     ToolRow{u"xtrDevTools", u"&Developer Tools", u"More", u"Shows how the current page is made", u"tools", u""},
+    ToolRow{u"xtrBookmarks", u"&Import and Export", u"More", u"Takes over and hands on bookmarks of other browsers",
+            u"document-import", u"bndMoreBookmarks"},
+    ToolRow{u"xtrImportFavorites", u"Import &Favorites...", u"More",
+            u"Adds the bookmarks of another browser to your Favorites", u"document-import", u""},
+    ToolRow{u"xtrImportTessaGroups", u"Import &TessaGroups...", u"More",
+            u"Makes a TessaGroup of each folder of another browser's bookmarks", u"document-import", u""},
+    ToolRow{u"xtrExportFavorites", u"&Export Favorites...", u"More",
+            u"Writes your Favorites to a file for other browsers", u"document-export", u""},
+    ToolRow{u"xtrExportTessaGroups", u"E&xport TessaGroups...", u"More",
+            u"Writes your TessaGroups to a file for other browsers", u"document-export", u""},
 };
 
 constexpr std::int32_t kCtrl = Keys::kCtrl, kAlt = Keys::kAlt;

@@ -34,10 +34,8 @@ public:
     void SetName(Text name) { m_name = std::move(name); }
     [[nodiscard]] ToolKind Kind() const { return m_kind; }
 
-    /// "&" stands before the access key, "&&" for one "&", unless the caption is plain.
+    /// "&" stands before the access key, "&&" for one "&".
     Property<Text> Caption;
-    /// Whether the caption is somebody else's text, such as a file's name, to be shown as it is. Set before it.
-    bool PlainCaption = false;
     Property<bool> Enabled{true};
     Property<bool> Checked{false};
     Property<bool> Visible{true};

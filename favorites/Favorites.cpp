@@ -1,6 +1,7 @@
 #include "favorites/Favorites.h"
 
 #include "common/AtomicFile.h"
+#include "common/Captions.h"
 #include "common/Folder.h"
 #include "common/IniFile.h"
 
@@ -17,7 +18,7 @@ constexpr std::int32_t kFirstShortcut = 50000;
 constexpr std::int32_t kFirstFolder = 100000;
 constexpr std::int32_t kFolderId = -1;
 
-Text CaptionOf(TextView title) {
+Text CutToCaption(TextView title) {
     return title.size() > kLongestCaption ? Text(title.substr(0, kLongestCaption)) + u"..." : Text(title);
 }
 
@@ -56,8 +57,7 @@ void Menu::ScanFolder(TextView folder, Band& band, BeginGroup& first) {
 
 void Menu::AddFolder(Band& band, const CKeyValue& folder, BeginGroup& first) {
     Tool* tool = band.Add(kFolderId, u"", std::exchange(first, BeginGroup::No));
-    tool->PlainCaption = true;
-    tool->Caption = folder.Key;
+    tool->Caption = MenuCaption(folder.Key);
     tool->Image = PictureOf(u"mnuFolderImage");
     tool->Description = folder.Value;
     tool->SubBand = Text(kBandPrefix) + folder.Value;
@@ -68,8 +68,7 @@ void Menu::AddFolder(Band& band, const CKeyValue& folder, BeginGroup& first) {
 
 void Menu::AddShortcut(Band& band, const CKeyValue& shortcut) {
     Tool* tool = band.Add(m_shortcuts, shortcut.Value);
-    tool->PlainCaption = true;
-    tool->Caption = CaptionOf(TitleOf(shortcut.Key));
+    tool->Caption = MenuCaption(CutToCaption(TitleOf(shortcut.Key)));
     tool->Description = shortcut.Value;
     tool->Image = PictureOf(u"mnuLinkImage");
     ++m_shortcuts;

@@ -31,9 +31,12 @@ frmMain::frmMain(MainWindowPlatform platform)
                Platform.files,
                Platform.messages,
                Platform.groupFolder,
+               Platform.favoritesFolder,
                Platform.commands},
       Sessions(Platform.sessions, Tabs, pcPage, Browser),
       Layout(actBar, Platform.layout),
+      Menus(Commands, Platform.folderWatch),
+      Favorite(Commands, {Platform.trash, Platform.showAddFavorite, Platform.showOrganizeFavorites}),
       m_dispatcher(Commands) {
     DesignTimeBar::Make(actBar);
     WireParts();
@@ -44,6 +47,7 @@ void frmMain::WireParts() {
     Tabs.Resize = [this] { Form_Resize(); };
     Tabs.CloseWindow = [this] { Platform.window.Close(); };
     actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
+    actBar.BandOpen = [this](Band& band) { Menus.BandOpen(band); };
     actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? tool->Description : Text()); };
     Tabs.Closing = [this](std::int32_t index) { Closed.Remember(index); };
     Closed.Changed = [this] { TabMoreCommands::ShowReopen(Commands); };

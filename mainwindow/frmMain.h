@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/AddressBoxes.h"
 #include "commands/Dispatcher.h"
+#include "commands/FavoriteCommands.h"
+#include "commands/RuntimeMenus.h"
 #include "common/platform/Application.h"
 #include "common/platform/DefaultBrowser.h"
 #include "common/platform/LayoutFile.h"
@@ -34,6 +36,8 @@ struct MainWindowPlatform {
     LayoutFile& layout;
     DefaultBrowser& defaultBrowser;
     Shell& shell;
+    FolderWatch& folderWatch;
+    Trash& trash;
     /// Shows the settings dialog and returns when it is hidden.
     std::function<void(frmSettings&)> showSettings;
     /// Shows the question about the default browser and returns when it is hidden.
@@ -42,10 +46,15 @@ struct MainWindowPlatform {
     std::function<void(frmSplash&)> showAbout;
     /// Shows the dialog for the width of a box and returns when it is hidden.
     std::function<void(frmResize&)> showResize;
+    /// Show a dialog of Favorites and return when it is hidden.
+    std::function<void(frmAddFavorite&)> showAddFavorite{};
+    std::function<void(frmOrganizeFavorites&)> showOrganizeFavorites{};
     /// The full path of the running program.
     Text programPath;
     /// Where TessaGroup files lie, with the separator at the end.
     Text groupFolder;
+    /// Where Favorites lie, without a separator at the end. Empty when there is no such folder, which may come later.
+    Text favoritesFolder{};
     /// Operations outside the core that commands run; the window adds its own. A command without its operation is
     /// disabled.
     CommandHost commands{};
@@ -108,6 +117,8 @@ public:
     CommandContext Commands;
     SessionJournal Sessions;
     LayoutKeeper Layout;
+    RuntimeMenus Menus;
+    FavoriteCommands Favorite;
     bool RememberLastSites = true;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
     std::function<void()> Unloaded;

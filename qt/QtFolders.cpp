@@ -24,6 +24,13 @@ void Make(const QString& folder) {
     qWarning("tessaview: the folder %s cannot be made", qPrintable(folder));
 }
 
+QString FavoritesFolder(const QString& all) {
+    const QString name = QStringLiteral("/Favorites");
+    if (!all.isEmpty()) return all + name;
+    if (const QString old = QDir::homePath() + name; QFileInfo(old).isDir()) return old;
+    return XdgFolder("XDG_DATA_HOME", QStringLiteral(".local/share")) + name;
+}
+
 } // namespace
 
 QtFolders QtFolders::Find(const QString& programFile) {
@@ -31,14 +38,15 @@ QtFolders QtFolders::Find(const QString& programFile) {
     const QString home = qEnvironmentVariable("TESSAVIEW_HOME");
     if (!home.isEmpty()) {
         const QString all = QDir::cleanPath(QDir().absoluteFilePath(home));
-        folders = {all, all, all + QStringLiteral("/engine"), all + QStringLiteral("/cache"), all};
+        folders = {all, all, all + QStringLiteral("/engine"), all + QStringLiteral("/cache"), all, {}};
     } else {
         const QFileInfo own(QFileInfo(programFile).absolutePath());
         const QString data = XdgFolder("XDG_DATA_HOME", QStringLiteral(".local/share"));
         const QString config = XdgFolder("XDG_CONFIG_HOME", QStringLiteral(".config"));
-        folders = {IsUsersOwn(own) ? own.absoluteFilePath() : data, config, data + QStringLiteral("/engine"),
-                   XdgFolder("XDG_CACHE_HOME", QStringLiteral(".cache")), config};
+        folders = {IsUsersOwn(own) ? own.absoluteFilePath() : data,       config, data + QStringLiteral("/engine"),
+                   XdgFolder("XDG_CACHE_HOME", QStringLiteral(".cache")), config, {}};
     }
+    folders.favorites = FavoritesFolder(home.isEmpty() ? QString() : folders.program);
     for (const QString& folder : {folders.program, folders.GroupFolder(), folders.settings}) Make(folder);
     return folders;
 }

@@ -1,13 +1,15 @@
 #pragma once
 #include <QString>
 
-/// Where the program keeps its files. All folders end without a separator and are made when first asked for.
+/// Where the program keeps its files. All folders end without a separator and, but for the Favorites, are made when
+/// first asked for.
 struct QtFolders {
-    QString program;  ///< user.tb and TessaGroups/
-    QString settings; ///< settings.ini
-    QString data;     ///< the engine's profile
-    QString cache;    ///< the engine's cache
-    QString state;    ///< names the instance: two state folders never meet
+    QString program;   ///< user.tb and TessaGroups/
+    QString settings;  ///< settings.ini
+    QString data;      ///< the engine's profile
+    QString cache;     ///< the engine's cache
+    QString state;     ///< names the instance: two state folders never meet
+    QString favorites; ///< the user's Favorites; made when the first is added
 
     /// $TESSAVIEW_HOME for everything when set; else the folder of the running program, if it is the user's own and
     /// writable and no "bin" that it shares with other programs, for what belongs to the program, and the desktop's

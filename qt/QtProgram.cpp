@@ -2,6 +2,7 @@
 
 #include "mainwindow/StartPage.h"
 #include "qt/QtAbout.h"
+#include "qt/QtAddFavorite.h"
 #include "qt/QtBarLook.h"
 #include "qt/QtCommandBar.h"
 #include "qt/QtCustomizeDialog.h"
@@ -13,12 +14,15 @@
 #include "qt/QtEngine.h"
 #include "qt/QtFileDrop.h"
 #include "qt/QtFindBar.h"
+#include "qt/QtFolderWatch.h"
 #include "qt/QtFolders.h"
 #include "qt/QtGroupEditor.h"
 #include "qt/QtInstanceChannel.h"
 #include "qt/QtKeys.h"
 #include "qt/QtLayoutFile.h"
 #include "qt/QtMainWindow.h"
+#include "qt/QtMiddleClick.h"
+#include "qt/QtOrganizeFavorites.h"
 #include "qt/QtPage.h"
 #include "qt/QtPageBars.h"
 #include "qt/QtRequests.h"
@@ -36,6 +40,7 @@
 #include "qt/QtTabList.h"
 #include "qt/QtTabStrip.h"
 #include "qt/QtText.h"
+#include "qt/QtTrash.h"
 #include "settings/SettingsStore.h"
 
 #include <QApplication>
@@ -91,13 +96,18 @@ struct QtProgram::Parts {
                 .layout = layout,
                 .defaultBrowser = defaultBrowser,
                 .shell = shell,
+                .folderWatch = folderWatch,
+                .trash = trash,
                 .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
                 // Above the splash, which would cover it.
                 .showDefBrowser = [this](frmDefBrowser& form) { ShowModal(form, splash.Window()); },
                 .showAbout = [this](frmSplash& form) { ShowModal(form, &window); },
                 .showResize = [this](frmResize& form) { ShowModal(form, &window); },
+                .showAddFavorite = [this](frmAddFavorite& form) { ShowModal(form, &window); },
+                .showOrganizeFavorites = [this](frmOrganizeFavorites& form) { ShowModal(form, &window); },
                 .programPath = FromQt(QCoreApplication::applicationFilePath()),
                 .groupFolder = FromQt(folders.GroupFolder()),
+                .favoritesFolder = FromQt(folders.favorites),
                 .commands = Operations(),
                 .offerSession = [this](TextView id, const Session& session) { OfferSession(id, session); },
                 .withdrawOffer = [this] { offer.Withdraw(); },
@@ -130,7 +140,10 @@ struct QtProgram::Parts {
         host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
         host.Customize = [this] { customize.Open(); };
         host.ToggleDevTools = [this] { devTools.Toggle(engine.FrontPage()); };
-        host.ShiftHeld = [] { return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier); };
+        // A middle click means the same.
+        host.ShiftHeld = [this] {
+            return middleClick.Now() || QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
+        };
         return host;
     }
 
@@ -160,6 +173,9 @@ struct QtProgram::Parts {
     QtSplash splash;
     QtDefaultBrowser defaultBrowser;
     QtShell shell;
+    QtFolderWatch folderWatch;
+    QtTrash trash;
+    QtMiddleClick middleClick;
     QtMainWindow window;
     QtDevTools devTools{window};
     QtRequests requests;

@@ -23,17 +23,6 @@ QIcon Placeholder(const Tool& tool) {
     return QIcon(empty);
 }
 
-// A file's name may hold anything: what Qt would take for an access key, a shortcut's text or a second line.
-QString Verbatim(TextView caption) {
-    QString text = ToQt(caption);
-    for (QChar& each : text) {
-        if (each.category() == QChar::Other_Control || each.category() == QChar::Separator_Line ||
-            each.category() == QChar::Separator_Paragraph)
-            each = u' ';
-    }
-    return text.replace(u'&', QStringLiteral("&&"));
-}
-
 } // namespace
 
 QtToolActions::~QtToolActions() {
@@ -54,8 +43,7 @@ QAction* QtToolActions::For(const std::shared_ptr<Tool>& tool) {
 
 void QtToolActions::Mirror(Tool& tool, QAction& action) {
     QAction* shown = &action;
-    tool.Caption.Attach(
-        [shown, &tool](const Text& caption) { shown->setText(tool.PlainCaption ? Verbatim(caption) : ToQt(caption)); });
+    tool.Caption.Attach([shown](const Text& caption) { shown->setText(ToQt(caption)); });
     tool.Enabled.Attach([shown](bool enabled) { shown->setEnabled(enabled); });
     tool.Visible.Attach([shown](bool visible) { shown->setVisible(visible); });
     tool.Checked.Attach([shown](bool checked) {

@@ -2,7 +2,7 @@
 # shellcheck shell=bash
 # shellcheck disable=SC2034 # the lists are for those who source this
 
-core_packages=(g++ cmake ninja-build ccache libgtest-dev)
+core_packages=(g++ cmake ninja-build ccache libgtest-dev libxml2-dev)
 build_packages=("${core_packages[@]}" qt6-base-dev qt6-webengine-dev libgl-dev libbenchmark-dev)
 # What the program needs to look right wherever it runs; qt6-wayland for desktops without an X server.
 run_packages=(qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)

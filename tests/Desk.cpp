@@ -14,6 +14,8 @@ Desk::Desk(FakeSettings* shared)
             .layout = layout,
             .defaultBrowser = defaultBrowser,
             .shell = shell,
+            .folderWatch = folderWatch,
+            .trash = trash,
             .showSettings =
                 [this](frmSettings& form) {
                     if (inSettings) inSettings(form);
@@ -30,8 +32,17 @@ Desk::Desk(FakeSettings* shared)
                 [this](frmResize& form) {
                     if (inResize) inResize(form);
                 },
+            .showAddFavorite =
+                [this](frmAddFavorite& form) {
+                    if (inAddFavorite) inAddFavorite(form);
+                },
+            .showOrganizeFavorites =
+                [this](frmOrganizeFavorites& form) {
+                    if (inOrganizeFavorites) inOrganizeFavorites(form);
+                },
             .programPath = u"/programs/tessaview",
             .groupFolder = u"/groups/",
+            .favoritesFolder = u"/favorites",
             .showSessions =
                 [this](frmSessions& form) {
                     if (inSessions) inSessions(form);

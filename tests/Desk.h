@@ -62,6 +62,8 @@ public:
     FakeLayoutFile layout;
     FakeDefaultBrowser defaultBrowser;
     FakeShell shell;
+    FakeFolderWatch folderWatch;
+    FakeTrash trash;
     FakeApplication application{log};
     FakeChannel channel{log};
     std::function<void(frmSettings&)> inSettings;     ///< what the user does in the settings dialog
@@ -70,6 +72,8 @@ public:
     std::function<void(frmSplash&)> inAbout;          ///< what the user does in the About box
     std::function<void(frmSessions&)> inSessions;     ///< what the user does in the list of earlier sessions
     std::function<void(frmResize&)> inResize;         ///< what the user does in the bar width dialog
+    std::function<void(frmAddFavorite&)> inAddFavorite;
+    std::function<void(frmOrganizeFavorites&)> inOrganizeFavorites;
     frmMain main;
 
 private:

@@ -152,6 +152,8 @@ EngineDesk::EngineDesk() {
                                                         .layout = layout,
                                                         .defaultBrowser = defaultBrowser,
                                                         .shell = shell,
+                                                        .folderWatch = folderWatch,
+                                                        .trash = trash,
                                                         .showSettings = {},
                                                         .showDefBrowser = {},
                                                         .showAbout = {},

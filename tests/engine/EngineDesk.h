@@ -94,6 +94,8 @@ public:
     FakeLayoutFile layout;
     FakeDefaultBrowser defaultBrowser;
     FakeShell shell;
+    FakeFolderWatch folderWatch;
+    FakeTrash trash;
     QtEngine engine{&window, {}, {}};
     std::unique_ptr<frmMain> main;
 };

@@ -2,18 +2,21 @@
 #include "common/platform/Application.h"
 #include "common/platform/DefaultBrowser.h"
 #include "common/platform/Dialogs.h"
+#include "common/platform/FolderWatch.h"
 #include "common/platform/InstanceChannel.h"
 #include "common/platform/LayoutFile.h"
 #include "common/platform/MainWindow.h"
 #include "common/platform/SessionFiles.h"
 #include "common/platform/Shell.h"
+#include "common/platform/Trash.h"
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
-/// Everything outside the program but pages and settings, as plain values. Each object writes what it was asked into
-/// the one `log`, in order.
+/// Everything outside the program but pages and settings, as plain values. Each object writes what it was asked
+/// into the one `log`, in order.
 struct FakeLog {
     std::vector<std::string> lines;
     void Add(std::string line) { lines.push_back(std::move(line)); }
@@ -142,6 +145,19 @@ public:
 
 private:
     FakeLog m_log;
+};
+
+class FakeTrash final : public Trash {
+public:
+    Outcome Take(TextView path) override { return take ? take(path) : Outcome::Failed; }
+    std::function<Outcome(TextView)> take; ///< nothing where there is no trash
+};
+
+class FakeFolderWatch final : public FolderWatch {
+public:
+    void Watch(TextView folder) override { watched.emplace(folder); }
+    void Unwatch(TextView folder) override { watched.erase(Text(folder)); }
+    std::set<Text> watched;
 };
 
 class FakeApplication final : public Application {

@@ -1,0 +1,90 @@
+#include "commands/FavoriteCommands.h"
+
+#include "common/AtomicFile.h"
+#include "favorites/LinkTrust.h"
+#include "groups/TessaGroups.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t kManyTabs = 30;
+constexpr std::size_t kShownAddress = 300;
+constexpr TextView kGroupFilter = u"TessaGroup File (*.tvg)|*.tvg";
+constexpr TextView kGroupExtension = u".tvg";
+constexpr TextView kOverwriteQuestion =
+    u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
+
+std::vector<Text> AddressesIn(TextView folder) {
+    std::vector<Text> addresses;
+    for (const Favorites::Item& item : Favorites::Items(folder)) {
+        if (!item.IsFolder) addresses.push_back(item.Address);
+    }
+    return addresses;
+}
+
+} // namespace
+
+FavoriteCommands::FavoriteCommands(CommandContext& context, Outside outside)
+    : m_context(context), m_outside(std::move(outside)) {
+    auto& host = m_context.host;
+    host.MayOpenLink = [this](TextView address) { return MayOpenLink(address); };
+    if (m_outside.showAdd)
+        host.AddFavorite = [this](TextView address, TextView title) { return AddFavorite(address, title); };
+    if (m_outside.showOrganize) host.OrganizeFavorites = [this] { OrganizeFavorites(); };
+}
+
+bool FavoriteCommands::AddFavorite(TextView address, TextView title) {
+    if (m_context.favoritesFolder.empty()) return false;
+    frmAddFavorite form(m_context.favoritesFolder, address, title);
+    m_outside.showAdd(form);
+    return true;
+}
+
+void FavoriteCommands::OrganizeFavorites() {
+    frmOrganizeFavorites form(m_context.favoritesFolder,
+                              {.messages = m_context.messages,
+                               .trash = m_outside.trash,
+                               .OpenAll = [this](TextView folder) { OpenAll(folder); },
+                               .SaveAsGroup = [this](TextView folder) { return SaveAsGroup(folder); }});
+    m_outside.showOrganize(form);
+}
+
+bool FavoriteCommands::MayOpenLink(TextView address) {
+    const LinkTrust trust = TrustOf(address);
+    if (trust == LinkTrust::Never)
+        m_context.tabs.ShowStatusText(u"This Favorite is a script, not a page. It was not opened.");
+    if (trust != LinkTrust::Ask) return trust == LinkTrust::Open;
+    return m_context.messages.AskYesNoCancel(u"This Favorite does not lead to the web but to\n\n" +
+                                             Text(address.substr(0, kShownAddress)) + u"\n\nDo you want to open it?") ==
+           Answer::Yes;
+}
+
+void FavoriteCommands::OpenAll(TextView folder) {
+    std::vector<Text> addresses = AddressesIn(folder);
+    const auto left = std::erase_if(
+        addresses, [](const Text& address) { return address.empty() || TrustOf(address) != LinkTrust::Open; });
+    const auto count = static_cast<std::int64_t>(addresses.size());
+    if (addresses.size() > kManyTabs &&
+        m_context.messages.AskYesNoCancel(u"This opens " + Decimal(count) + u" tabs. Do you want to open them all?") !=
+            Answer::Yes)
+        return;
+    for (const Text& address : addresses) {
+        if (auto* view = m_context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(address));
+    }
+    if (left > 0) m_context.tabs.ShowStatusText(u"Favorites that do not lead to the web were not opened.");
+}
+
+Text FavoriteCommands::SaveAsGroup(TextView folder) {
+    const std::vector<Text> addresses = AddressesIn(folder);
+    Text path = m_context.files.ShowSave(
+        {.DialogTitle = u"Save as TessaGroup", .InitDir = m_context.groupFolder, .Filter = Text(kGroupFilter)});
+    if (path.empty()) return {};
+    if (!path.ends_with(kGroupExtension)) path += kGroupExtension;
+    if (FileExists(ToUtf8(path)) && m_context.messages.AskYesNoCancel(kOverwriteQuestion) != Answer::Yes) return {};
+    std::vector<TessaGroups::NumberedAddress> numbered;
+    for (const Text& address : addresses) numbered.push_back({numbered.size() + 1, address});
+    const bool saved = TessaGroups::Write(path, numbered) == Outcome::Done;
+    m_context.groupsMenuStale = m_context.groupsMenuStale || saved;
+    return saved ? u"The TessaGroup has been saved." : u"The TessaGroup could not be saved.";
+}

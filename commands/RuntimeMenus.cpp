@@ -1,0 +1,76 @@
+#include "commands/RuntimeMenus.h"
+
+#include "groups/TessaGroups.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+/// How the names of bands begin that are laid out by design, or made by the user.
+constexpr std::array kNoFolders{TextView(u"bnd"), TextView(u"shp"), TextView(u"gui")};
+constexpr TextView kRuntimeBands = u"zz";
+
+bool ShowsFolder(const Band& band) {
+    const auto begins = [&](TextView prefix) { return band.Name().starts_with(prefix); };
+    return std::ranges::none_of(kNoFolders, begins) && band.Entries().empty();
+}
+
+} // namespace
+
+RuntimeMenus::RuntimeMenus(CommandContext& context, FolderWatch& watch)
+    : m_context(context), m_watch(watch), m_favorites(context.actBar) {
+    m_watch.Changed = [this](TextView folder) {
+        const bool groups = folder == m_context.groupFolder;
+        (groups ? m_context.groupsMenuStale : m_context.favoritesMenuStale) = true;
+    };
+}
+
+void RuntimeMenus::BandOpen(Band& band) {
+    if (band.Name() == u"bndFavorites" && m_context.favoritesMenuStale) return RebuildFavorites(band);
+    if (band.Name() == u"bndTessaGroupsMenu" && m_context.groupsMenuStale) return RebuildGroups(band);
+    if (band.Name() == u"bndFont") return m_context.pages.MarkTextSize();
+    if (ShowsFolder(band)) FillFolder(band);
+}
+
+void RuntimeMenus::RebuildFavorites(Band& band) {
+    band.Clear();
+    List(band, u"mnuAddToFavorites");
+    List(band, u"mnuOrganizeFavorites");
+    RemoveFolderBands();
+    ScanFolder(m_context.favoritesFolder, band, BeginGroup::Yes);
+    m_context.favoritesMenuStale = false;
+}
+
+void RuntimeMenus::RebuildGroups(Band& band) {
+    band.Clear();
+    List(band, u"mnuAddToTessaGroup");
+    List(band, u"mnuSaveAsTessaGroup");
+    List(band, u"mnuOrganizeTessaGroups");
+    m_watch.Watch(m_context.groupFolder);
+    const Tool* holder = m_context.actBar.Find(u"mnuTessaGroupsImage");
+    TessaGroups::FillBand(band, m_context.groupFolder, holder ? holder->Image : Picture(), m_nextGroup);
+    m_context.groupsMenuStale = false;
+}
+
+void RuntimeMenus::FillFolder(Band& band) {
+    const auto prefix = std::min(band.Name().size(), Favorites::kBandPrefix.size());
+    ScanFolder(TextView(band.Name()).substr(prefix), band, BeginGroup::No);
+}
+
+void RuntimeMenus::ScanFolder(TextView folder, Band& band, BeginGroup first) {
+    // Before it is read, so that no change falls in between.
+    m_watch.Watch(folder);
+    m_watched.emplace_back(folder);
+    m_favorites.ScanFolder(folder, band, first);
+}
+
+void RuntimeMenus::RemoveFolderBands() {
+    std::vector<Text> names;
+    for (const auto& band : m_context.actBar.Bands()) {
+        if (band->Name().starts_with(kRuntimeBands)) names.push_back(band->Name());
+    }
+    for (const Text& name : names) m_context.actBar.RemoveBand(name);
+    for (const Text& folder : m_watched) m_watch.Unwatch(folder);
+    m_watched.clear();
+}

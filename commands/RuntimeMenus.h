@@ -1,0 +1,31 @@
+#pragma once
+#include "commands/CommandContext.h"
+#include "common/platform/FolderWatch.h"
+#include "favorites/Favorites.h"
+
+#include <vector>
+
+/// Brings the menus that are not fixed up to date at the moment they open: Favorites, TessaGroups, and the check mark
+/// of the text size. The ids it gives count on for the whole run. Owned by the main window.
+class RuntimeMenus {
+public:
+    /// Both outlive this object. A change in a folder that a menu shows makes that menu stale.
+    RuntimeMenus(CommandContext& context, FolderWatch& watch);
+
+    /// A band is about to be shown. Only a stale menu is built anew, only an empty folder is filled.
+    void BandOpen(Band& band);
+
+private:
+    void RebuildFavorites(Band& band);
+    void RebuildGroups(Band& band);
+    void FillFolder(Band& band);
+    void ScanFolder(TextView folder, Band& band, BeginGroup first);
+    void RemoveFolderBands();
+    void List(Band& band, TextView tool) { band.Append(m_context.actBar.Share(tool)); }
+
+    CommandContext& m_context;
+    FolderWatch& m_watch;
+    Favorites::Menu m_favorites;
+    std::vector<Text> m_watched; ///< the folders of Favorites that were read since the last rebuild
+    std::int32_t m_nextGroup = 0;
+};

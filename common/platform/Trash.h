@@ -1,0 +1,11 @@
+#pragma once
+#include "common/ResumeNext.h"
+#include "common/Text.h"
+
+/// The desktop's place for what the user has thrown away. Owned by the program's entry.
+class Trash {
+public:
+    virtual ~Trash() = default;
+    /// Moves a file or a folder there. Fails, and leaves it, where the desktop has no such place for it.
+    virtual Outcome Take(TextView path) = 0;
+};

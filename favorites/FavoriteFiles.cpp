@@ -1,0 +1,137 @@
+#include "favorites/FavoriteFiles.h"
+
+#include "common/AtomicFile.h"
+#include "common/IniFile.h"
+#include "favorites/Favorites.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/// A name has 255 bytes at most on disk; some are kept for the ending and a number.
+constexpr std::size_t kMostBytes = 240;
+constexpr int kMostNumbers = 10000;
+
+bool IsControl(char16_t unit) { return unit < 0x20 || unit == 0x7F; }
+
+Text NameOf(TextView path) { return Text(path.substr(path.rfind(u'/') + 1)); }
+
+bool IsFolder(TextView path) {
+    std::error_code failed;
+    return std::filesystem::is_directory(ToUtf8(path), failed);
+}
+
+/// Renames without taking another's place: 0, or the number of the error.
+int RenameToFree(const std::string& from, const std::string& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS) return errno;
+    // Not every disk can do both in one step.
+    if (FileExists(to)) return EEXIST;
+    return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+}
+
+/// Tries "Name", "Name (2)" and so on until the name is free. `take` answers like `RenameToFree`.
+template<typename Take>
+std::optional<Text> TakeFree(const Text& folder, const Text& name, TextView ending, const Take& take) {
+    for (int number = 1; number < kMostNumbers; ++number) {
+        const Text counted = number == 1 ? name : name + u" (" + Decimal(number) + u")";
+        Text path = folder + u"/" + counted + Text(ending);
+        const int error = take(ToUtf8(path));
+        if (error == 0) return path;
+        if (error != EEXIST) return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+std::optional<Text> MoveTo(TextView path, const Text& folder, const Text& title, TextView ending) {
+    if (Text(path) == folder + u"/" + title + Text(ending)) return Text(path);
+    const std::string from = ToUtf8(path);
+    return TakeFree(folder, title, ending, [&](const std::string& to) { return RenameToFree(from, to); });
+}
+
+std::string ShortcutBytes(TextView address) {
+    Text line(address);
+    std::erase_if(line, IsControl);
+    IniFile file("");
+    file.SetValue("InternetShortcut", "URL", ToUtf8(line));
+    return file.Bytes();
+}
+
+void Add(std::vector<Favorites::Item>& items, const CKeyValues& folders) {
+    for (const CKeyValue& each : folders) items.push_back({each.Key, each.Value, {}, true});
+}
+
+} // namespace
+
+namespace Favorites {
+
+std::vector<Item> Items(TextView folder) {
+    const Listing listing = List(folder);
+    std::vector<Item> items;
+    Add(items, listing.Folders);
+    for (const CKeyValue& each : listing.Shortcuts)
+        items.push_back({Text(TitleOf(each.Key)), Text(folder) + u"/" + each.Key, each.Value, false});
+    return items;
+}
+
+std::vector<Item> Folders(TextView folder) {
+    std::vector<Item> items = Items(folder);
+    std::erase_if(items, [](const Item& item) { return !item.IsFolder; });
+    return items;
+}
+
+Text FolderOf(TextView path) { return Text(path.substr(0, path.rfind(u'/'))); }
+
+Text FileNameOf(TextView title) {
+    Text name;
+    for (const char16_t unit : title) name += IsControl(unit) ? u' ' : unit == u'/' ? u'-' : unit;
+    const auto begin = name.find_first_not_of(u" .");
+    name = begin == Text::npos ? Text(u"Page") : name.substr(begin);
+    name = name.substr(0, name.find_last_not_of(u' ') + 1);
+    while (ToUtf8(name).size() > kMostBytes) name.pop_back();
+    // A character of two units is not to be halved.
+    if ((name.back() & 0xFC00) == 0xD800) name.pop_back();
+    return name;
+}
+
+std::optional<Text> AddShortcut(TextView folder, TextView title, TextView address) {
+    std::error_code failed;
+    std::filesystem::create_directories(ToUtf8(folder), failed);
+    const Text written = Text(folder) + u"/.tessaview-new-" + Decimal(::getpid());
+    if (WriteWholeFile(ToUtf8(written), ShortcutBytes(address)) != Outcome::Done) return std::nullopt;
+    auto added = MoveTo(written, Text(folder), FileNameOf(title), kEnding);
+    if (!added) ::unlink(ToUtf8(written).c_str());
+    return added;
+}
+
+std::optional<Text> MakeFolder(TextView parent, TextView name) {
+    std::error_code failed;
+    std::filesystem::create_directories(ToUtf8(parent), failed);
+    return TakeFree(Text(parent), FileNameOf(name), u"",
+                    [](const std::string& path) { return ::mkdir(path.c_str(), 0777) == 0 ? 0 : errno; });
+}
+
+std::optional<Text> Rename(TextView path, TextView title) {
+    return MoveTo(path, FolderOf(path), FileNameOf(title), IsFolder(path) ? TextView() : kEnding);
+}
+
+std::optional<Text> Move(TextView path, TextView folder) {
+    if (FolderOf(path) == folder) return Text(path);
+    const Text name = NameOf(path);
+    const bool isFolder = IsFolder(path);
+    const Text title = isFolder ? name : Text(TitleOf(name));
+    return MoveTo(path, Text(folder), title, isFolder ? TextView() : TextView(name).substr(title.size()));
+}
+
+Outcome Delete(TextView path) {
+    std::error_code failed;
+    const auto gone = std::filesystem::remove_all(ToUtf8(path), failed);
+    return !failed && gone > 0 && gone != static_cast<std::uintmax_t>(-1) ? Outcome::Done : Outcome::Failed;
+}
+
+} // namespace Favorites

@@ -1,0 +1,43 @@
+#pragma once
+#include "common/ResumeNext.h"
+#include "common/Text.h"
+
+#include <optional>
+#include <vector>
+
+namespace Favorites {
+
+/// A line of a tree of Favorites.
+struct Item {
+    Text Title; ///< the name without the ending
+    Text Path;
+    Text Address; ///< of a shortcut
+    bool IsFolder = false;
+    bool operator==(const Item&) const = default;
+};
+
+/// What one folder holds, in the order of the menu. What lies below is not read.
+[[nodiscard]] std::vector<Item> Items(TextView folder);
+/// Its sub-folders alone.
+[[nodiscard]] std::vector<Item> Folders(TextView folder);
+/// The folder in which a file or folder lies.
+[[nodiscard]] Text FolderOf(TextView path);
+
+// What changes the disk. A name is mended where the disk would refuse it or hide the file, and never takes the place
+// of another: the second is called "Name (2)". Each answers the path that came of it, and nothing when it failed, which
+// leaves everything as it was.
+
+/// Writes a shortcut; the folder is made when it is missing.
+[[nodiscard]] std::optional<Text> AddShortcut(TextView folder, TextView title, TextView address);
+[[nodiscard]] std::optional<Text> MakeFolder(TextView parent, TextView name);
+/// Gives a shortcut or folder another title. Its own title is no other's.
+[[nodiscard]] std::optional<Text> Rename(TextView path, TextView title);
+/// Moves a shortcut or folder into a folder; not into itself or what is below it.
+[[nodiscard]] std::optional<Text> Move(TextView path, TextView folder);
+/// Deletes a shortcut or folder for good, with all that is in it; what a link leads to stays.
+Outcome Delete(TextView path);
+
+/// The file name for a title.
+[[nodiscard]] Text FileNameOf(TextView title);
+
+} // namespace Favorites

@@ -1,0 +1,37 @@
+#pragma once
+#include "common/Controls.h"
+#include "favorites/FavoriteFiles.h"
+
+/// The question under which name and in which folder a page is kept. Made afresh for every show.
+class frmAddFavorite {
+public:
+    /// `root` is the Favorites folder, which need not exist.
+    frmAddFavorite(Text root, TextView address, TextView title);
+    frmAddFavorite(const frmAddFavorite&) = delete;
+    frmAddFavorite& operator=(const frmAddFavorite&) = delete;
+
+    FormState Form;
+    Text Caption = u"Add to Favorites";
+    Label lblName{u"&Name:"};
+    TextBox txtName;
+    Label lblFolder{u"Create &in:"};
+    Label lblMessage{u""}; ///< why nothing was added
+    Button cmdNewFolder{u"New &Folder"};
+    Button cmdOK{u"OK"};
+    Button cmdCancel{u"Cancel"};
+    Property<Text> Folder; ///< the path of the folder chosen in the tree
+
+    [[nodiscard]] const Text& Root() const { return m_root; }
+    /// The user has given a folder of the tree another name; its new path, nothing when that failed.
+    std::optional<Text> treFolders_AfterLabelEdit(TextView path, TextView name);
+    /// A folder has a new sub-folder, whose name the user may change at once. Filled in by the view.
+    std::function<void(const Text& folder, const Text& made)> NewFolder;
+
+private:
+    void txtName_Change();
+    void cmdNewFolder_Click();
+    void cmdOK_Click();
+
+    Text m_root;
+    Text m_address;
+};

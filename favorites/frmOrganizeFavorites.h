@@ -1,0 +1,62 @@
+#pragma once
+#include "common/Controls.h"
+#include "common/platform/Dialogs.h"
+#include "common/platform/Trash.h"
+#include "favorites/FavoriteFiles.h"
+
+/// The dialog that sorts, renames and deletes Favorites. Every change is on disk at once. Made afresh for every show.
+class frmOrganizeFavorites {
+public:
+    /// What the form needs beside the disk. All outlive it.
+    struct Outside {
+        MessageBoxes& messages;
+        Trash& trash;
+        /// Opens every shortcut of a folder in a tab of its own.
+        std::function<void(TextView folder)> OpenAll{};
+        /// Asks for a file and saves the shortcuts of a folder as a TessaGroup; what to tell the user of it.
+        std::function<Text(TextView folder)> SaveAsGroup{};
+    };
+
+    frmOrganizeFavorites(Text root, Outside outside);
+    frmOrganizeFavorites(const frmOrganizeFavorites&) = delete;
+    frmOrganizeFavorites& operator=(const frmOrganizeFavorites&) = delete;
+
+    FormState Form;
+    Text Caption = u"Organize Favorites";
+    Label lblFavorites{u"F&avorites:"};
+    Label lblAddress{u""}; ///< where the selected shortcut leads
+    Label lblMessage{u""}; ///< why something was not done
+    Button cmdNewFolder{u"New &Folder"};
+    Button cmdRename{u"&Rename"};
+    Button cmdMove{u"&Move..."};
+    Button cmdDelete{u"&Delete"};
+    Button cmdOpenAll{u"&Open All in Tabs"};
+    Button cmdSaveGroup{u"Save as &TessaGroup..."};
+    Button cmdClose{u"Close"};
+    Property<Text> Selected; ///< the path of the selected line
+
+    [[nodiscard]] const Text& Root() const { return m_root; }
+    /// The user has typed another name for a line; its new path, nothing when that failed.
+    std::optional<Text> treFavorites_AfterLabelEdit(TextView path, TextView title);
+    /// The user wants a line moved into a folder.
+    void MoveTo(Text path, const Text& folder);
+
+    /// Filled in by the view: what a folder holds has changed; the name of a line is to be edited; which folder to
+    /// move a line to (empty when the user thought better of it).
+    std::function<void(const Text& folder)> FolderChanged;
+    std::function<void(const Text& path)> EditName;
+    std::function<Text()> AskFolder;
+
+private:
+    void Selected_Change();
+    void cmdNewFolder_Click();
+    void cmdMove_Click();
+    void cmdDelete_Click();
+    void cmdSaveGroup_Click();
+    void Tell(const Text& folder) const;
+    [[nodiscard]] Text SelectedFolder() const;
+    [[nodiscard]] bool MayDelete(TextView path);
+
+    Text m_root;
+    Outside m_outside;
+};

@@ -1,0 +1,23 @@
+#pragma once
+#include "favorites/frmAddFavorite.h"
+
+#include <QDialog>
+
+class QtFavoriteTree;
+
+/// The window of `frmAddFavorite`: a name, and the tree of folders to keep the page in. The form must outlive it.
+class QtAddFavorite : public QDialog {
+public:
+    explicit QtAddFavorite(frmAddFavorite& form, QWidget* parent = nullptr);
+    ~QtAddFavorite() override;
+
+private:
+    QWidget* Buttons();
+    void BindTree();
+
+    frmAddFavorite& m_form;
+    QtFavoriteTree* m_tree;
+};
+
+/// Shows the form over `parent` until it hides.
+void ShowModal(frmAddFavorite& form, QWidget* parent);

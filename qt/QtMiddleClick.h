@@ -1,0 +1,16 @@
+#pragma once
+#include <QObject>
+
+/// Tells whether the menu entry that is being chosen was clicked with the middle button, which opens a page in a tab
+/// of its own. Qt does not say with which button an entry was chosen.
+class QtMiddleClick final : public QObject {
+public:
+    QtMiddleClick();
+    [[nodiscard]] bool Now() const { return m_now; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool m_now = false;
+};

@@ -1,0 +1,207 @@
+#include "commands/RuntimeMenus.h"
+
+#include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class RuntimeMenusTest : public testing::Test {
+protected:
+    TemporaryFolder m_favorites, m_groups;
+    Desk m_desk;
+    CommandBar& m_bar = m_desk.main.actBar;
+
+    void SetUp() override {
+        m_desk.main.Commands.favoritesFolder = Path(m_favorites);
+        m_desk.main.Commands.groupFolder = m_groups.PathText("");
+        m_desk.StartWithTabs(1);
+        m_desk.views.Calls(1);
+    }
+    static Text Path(const TemporaryFolder& folder) {
+        Text path = folder.PathText("");
+        path.pop_back();
+        return path;
+    }
+    void Favorite(const std::string& name, const std::string& address) const {
+        m_favorites.Write(name + ".url", "[InternetShortcut]\r\nURL=" + address + "\r\n");
+    }
+    void FavoriteFolder(const std::string& name) const { fs::create_directories(m_favorites.Path(name)); }
+    void Group(const std::string& name) const { m_groups.Write(name + ".tvg", "[TessaGroup]\r\nurl1=http://1/\r\n"); }
+
+    /// What a band shows once it has opened: "id caption", tools of the master list by name, "|" before a group.
+    std::string Opened(const Text& name) const {
+        Band* band = m_bar.FindBand(name);
+        if (!band) return "(no band)";
+        m_bar.OpenBand(*band);
+        std::string all;
+        for (const BandEntry& entry : band->Entries()) {
+            const Tool& tool = *entry.Item;
+            const bool made = tool.Id() < 0 || tool.Id() >= 50000;
+            all += (all.empty() ? "" : ", ") + std::string(entry.Group == BeginGroup::Yes ? "| " : "");
+            all += made ? std::to_string(tool.Id()) + " " + ToUtf8(tool.Caption()) : ToUtf8(tool.Name());
+        }
+        return all;
+    }
+    std::string OpenedFolder(const std::string& name) const { return Opened(u"zzz" + m_favorites.PathText(name)); }
+    Tool& Entry(const Text& band, std::size_t position) const {
+        return *m_bar.FindBand(band)->Entries().at(position).Item;
+    }
+};
+
+constexpr const char* kFixed = "mnuAddToFavorites, mnuOrganizeFavorites";
+constexpr const char* kFixedGroups = "mnuAddToTessaGroup, mnuSaveAsTessaGroup, mnuOrganizeTessaGroups";
+
+TEST_F(RuntimeMenusTest, FavoritesStandBehindTheFixedEntriesFoldersFirst) {
+    Favorite("b", "http://b/");
+    Favorite("A", "http://A/");
+    FavoriteFolder("news");
+    EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", | -1 news, 50000 A, 50001 b");
+    EXPECT_FALSE(m_desk.main.Commands.favoritesMenuStale);
+}
+
+TEST_F(RuntimeMenusTest, OpeningFavoritesAgainRebuildsNothingUntilItIsStale) {
+    Favorite("a", "http://a/");
+    EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50000 a");
+    Favorite("b", "http://b/");
+    EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50000 a");
+    m_desk.main.Commands.host.AddFavorite = [](TextView, TextView) { return true; };
+    m_bar.Find(u"mnuAddToFavorites")->Enabled = true;
+    m_desk.Click(u"mnuAddToFavorites");
+    EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50001 a, 50002 b");
+}
+
+TEST_F(RuntimeMenusTest, OrganizingFavoritesMakesThemStale) {
+    Opened(u"bndFavorites");
+    m_desk.main.Commands.host.OrganizeFavorites = [this] { Favorite("new", "http://n/"); };
+    m_bar.Find(u"mnuOrganizeFavorites")->Enabled = true;
+    m_desk.Click(u"mnuOrganizeFavorites");
+    EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50000 new");
+}
+
+TEST_F(RuntimeMenusTest, AFolderIsFilledWhenItFirstOpensAndKeptUntilTheNextRebuild) {
+    FavoriteFolder("news/deep");
+    Favorite("news/a", "http://a/");
+    Opened(u"bndFavorites");
+    EXPECT_EQ(OpenedFolder("news/deep"), "(no band)");
+    EXPECT_EQ(OpenedFolder("news"), "-1 deep, 50000 a");
+    Favorite("news/b", "http://b/");
+    EXPECT_EQ(OpenedFolder("news"), "-1 deep, 50000 a");
+    Favorite("news/deep/c", "http://c/");
+    EXPECT_EQ(OpenedFolder("news/deep"), "50001 c");
+    m_desk.main.Commands.favoritesMenuStale = true;
+    Opened(u"bndFavorites");
+    EXPECT_EQ(OpenedFolder("news/deep"), "(no band)");
+    EXPECT_EQ(OpenedFolder("news"), "-1 deep, 50002 a, 50003 b");
+}
+
+TEST_F(RuntimeMenusTest, AFavoriteAndAGroupOpenByTheDispatcher) {
+    Favorite("a", "http://a/");
+    Group("g");
+    Opened(u"bndFavorites");
+    Opened(u"bndTessaGroupsMenu");
+    m_bar.UserClick(Entry(u"bndFavorites", 2));
+    EXPECT_EQ(m_desk.views.Calls(1), "go http://a/");
+    m_bar.UserClick(Entry(u"bndTessaGroupsMenu", 3));
+    EXPECT_EQ(m_desk.Strip(), "1 [2*]");
+    EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://1/");
+}
+
+TEST_F(RuntimeMenusTest, AClickOnAFolderDoesNothing) {
+    FavoriteFolder("news");
+    Opened(u"bndFavorites");
+    m_bar.UserClick(Entry(u"bndFavorites", 2));
+    EXPECT_EQ(m_desk.Strip(), "[1*]");
+    EXPECT_EQ(m_desk.views.Calls(1), "");
+}
+
+TEST_F(RuntimeMenusTest, AShortcutNamedLikeAShopLinkIsOne_Deliberate) {
+    Favorite("a", "shpBooks");
+    Opened(u"bndFavorites");
+    m_bar.UserClick(Entry(u"bndFavorites", 2));
+    EXPECT_EQ(m_desk.views.Calls(1), "go https://ads.tessaview.example/ad.asp?id=shpBooks");
+}
+
+TEST_F(RuntimeMenusTest, GroupsStandBehindTheFixedEntriesWithASeparatorBeforeTheFirst) {
+    for (const char* name : {"beta", "Alpha", "alpha"}) Group(name);
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150000 Alpha, 150001 alpha, 150002 beta");
+    EXPECT_EQ(Entry(u"bndTessaGroupsMenu", 3).Name(), u"zzxAlpha");
+    EXPECT_EQ(Entry(u"bndTessaGroupsMenu", 3).Description, m_groups.PathText("Alpha.tvg"));
+    EXPECT_EQ(Entry(u"bndTessaGroupsMenu", 3).Image.Name, m_bar.Find(u"mnuTessaGroupsImage")->Image.Name);
+    EXPECT_FALSE(m_desk.main.Commands.groupsMenuStale);
+    Group("new");
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150000 Alpha, 150001 alpha, 150002 beta");
+    m_desk.main.Commands.groupsMenuStale = true;
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"),
+              std::string(kFixedGroups) + ", | 150003 Alpha, 150004 alpha, 150005 beta, 150006 new");
+}
+
+TEST_F(RuntimeMenusTest, AChangeOnDiskMakesTheMenuThatShowsItStale) {
+    FavoriteFolder("news");
+    Opened(u"bndFavorites");
+    Opened(u"bndTessaGroupsMenu");
+    OpenedFolder("news");
+    auto& watch = m_desk.folderWatch;
+    EXPECT_EQ(watch.watched, (std::set<Text>{Path(m_favorites), m_favorites.PathText("news"), m_groups.PathText("")}));
+    watch.Changed(m_groups.PathText(""));
+    EXPECT_TRUE(m_desk.main.Commands.groupsMenuStale);
+    EXPECT_FALSE(m_desk.main.Commands.favoritesMenuStale);
+    watch.Changed(m_favorites.PathText("news"));
+    EXPECT_TRUE(m_desk.main.Commands.favoritesMenuStale);
+    Opened(u"bndFavorites");
+    EXPECT_EQ(watch.watched, (std::set<Text>{Path(m_favorites), m_groups.PathText("")}));
+}
+
+TEST_F(RuntimeMenusTest, NothingIsReadBeforeAMenuOpens) {
+    EXPECT_TRUE(m_desk.folderWatch.watched.empty());
+    EXPECT_TRUE(m_desk.main.Commands.favoritesMenuStale);
+    EXPECT_TRUE(m_desk.main.Commands.groupsMenuStale);
+}
+
+TEST_F(RuntimeMenusTest, TheFontMenuChecksThePagesSizeWithoutChangingIt) {
+    const std::vector<std::pair<int, TextView>> sizes{{4, u"mnuFontLargest"},
+                                                      {2, u"mnuFontMedium"},
+                                                      {1, u"mnuFontSmaller"},
+                                                      {0, u"mnuFontSmallest"},
+                                                      {9, u"mnuFontMedium"}};
+    for (const auto& [level, checked] : sizes) {
+        m_desk.views.At(1).zoom = level;
+        Opened(u"bndFont");
+        for (const BandEntry& entry : m_bar.FindBand(u"bndFont")->Entries())
+            EXPECT_EQ(entry.Item->Checked(), entry.Item->Name() == checked) << level;
+    }
+    EXPECT_EQ(m_desk.views.Calls(1), "");
+}
+
+TEST_F(RuntimeMenusTest, WithoutAViewTheFontMenuChecksTheSmallestSize_Deliberate) {
+    m_desk.main.pcPage.FindAt(1)->Tag = 99;
+    Opened(u"bndFont");
+    EXPECT_TRUE(m_bar.Find(u"mnuFontSmallest")->Checked());
+    EXPECT_FALSE(m_bar.Find(u"mnuFontMedium")->Checked());
+}
+
+TEST_F(RuntimeMenusTest, AnEmptyBandOfTheDesignIsNeverFilled) {
+    Favorite("a", "http://a/");
+    for (const TextView prefix : {u"bnd", u"shp", u"gui"}) {
+        const Text name = Text(prefix) + Path(m_favorites);
+        m_bar.AddBand(name, u"", BandKind::Menu);
+        EXPECT_EQ(Opened(name), "");
+    }
+    m_bar.AddBand(u"xyz" + Path(m_favorites), u"", BandKind::Menu);
+    EXPECT_EQ(Opened(u"xyz" + Path(m_favorites)), "50000 a");
+    m_bar.AddBand(u"x", u"", BandKind::Menu);
+    EXPECT_EQ(Opened(u"x"), "");
+}
+
+TEST_F(RuntimeMenusTest, MissingFoldersLeaveTheFixedEntries) {
+    m_desk.main.Commands.favoritesFolder = u"/none";
+    m_desk.main.Commands.groupFolder = u"/none/";
+    EXPECT_EQ(Opened(u"bndFavorites"), kFixed);
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), kFixedGroups);
+}
+
+} // namespace

@@ -1,0 +1,130 @@
+#include "favorites/frmOrganizeFavorites.h"
+
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class frmOrganizeFavoritesTest : public testing::Test {
+protected:
+    TemporaryFolder m_folder;
+    FakeMessages m_messages;
+    FakeTrash m_trash;
+    Text m_root = Favorites::FolderOf(m_folder.PathText("x"));
+    Text m_opened, m_saved;
+    std::string m_told;
+    std::unique_ptr<frmOrganizeFavorites> m_form;
+
+    void SetUp() override {
+        fs::create_directory(m_folder.Path("Work"));
+        ASSERT_TRUE(Favorites::AddShortcut(m_root, u"A", u"http://a/"));
+        m_form = std::make_unique<frmOrganizeFavorites>(
+            m_root, frmOrganizeFavorites::Outside{m_messages, m_trash, [this](TextView folder) { m_opened = folder; },
+                                                  [this](TextView folder) {
+                                                      m_saved = folder;
+                                                      return Text(u"Saved.");
+                                                  }});
+        m_form->FolderChanged = [this](const Text& folder) { m_told += "changed " + Name(folder) + ";"; };
+        m_form->EditName = [this](const Text& path) { m_told += "edit " + Name(path) + ";"; };
+        m_form->Form.Visible = true;
+    }
+    std::string Name(const Text& path) const {
+        return path == m_root ? "root" : fs::path(ToUtf8(path)).filename().string();
+    }
+    /// The buttons that can be pressed.
+    std::string Enabled() const {
+        std::string all;
+        for (const auto& [button, name] : {std::pair{&m_form->cmdNewFolder, "new "},
+                                           {&m_form->cmdRename, "rename "},
+                                           {&m_form->cmdMove, "move "},
+                                           {&m_form->cmdDelete, "delete "},
+                                           {&m_form->cmdOpenAll, "open "},
+                                           {&m_form->cmdSaveGroup, "save "}})
+            all += button->Enabled() ? name : "";
+        return all;
+    }
+};
+
+TEST_F(frmOrganizeFavoritesTest, OnlyWhatTheLineAllowsCanBeDone) {
+    EXPECT_EQ(Enabled(), "new open save ");
+    m_form->Selected = m_folder.PathText("Work");
+    EXPECT_EQ(Enabled(), "new rename move delete ");
+    m_form->Selected = m_folder.PathText("A.url");
+    EXPECT_EQ(Enabled(), "new rename move delete open save ");
+    EXPECT_EQ(m_form->lblAddress.Caption(), u"http://a/");
+    m_form->Selected = m_folder.PathText("gone.url");
+    EXPECT_EQ(Enabled(), "new open save ");
+}
+
+TEST_F(frmOrganizeFavoritesTest, ANewFolderStandsWhereTheSelectionIs) {
+    m_form->Selected = m_folder.PathText("Work");
+    m_form->cmdNewFolder.Click();
+    EXPECT_TRUE(fs::is_directory(m_folder.Path("Work/New Folder")));
+    EXPECT_EQ(m_told, "changed Work;edit New Folder;");
+    m_form->Selected = m_folder.PathText("A.url");
+    m_form->cmdNewFolder.Click();
+    EXPECT_TRUE(fs::is_directory(m_folder.Path("New Folder")));
+}
+
+TEST_F(frmOrganizeFavoritesTest, RenamingSelectsTheNewName) {
+    m_form->Selected = m_folder.PathText("A.url");
+    m_form->cmdRename.Click();
+    EXPECT_EQ(m_told, "edit A.url;");
+    EXPECT_EQ(m_form->treFavorites_AfterLabelEdit(m_form->Selected(), u"B"), m_folder.PathText("B.url"));
+    EXPECT_EQ(m_form->Selected(), m_folder.PathText("B.url"));
+    EXPECT_FALSE(m_form->treFavorites_AfterLabelEdit(m_root, u"B"));
+    EXPECT_EQ(m_form->lblMessage.Caption(), u"The Favorite could not be renamed.");
+}
+
+TEST_F(frmOrganizeFavoritesTest, MovingAsksForTheFolder) {
+    m_form->Selected = m_folder.PathText("A.url");
+    m_form->AskFolder = [] { return Text(); };
+    m_form->cmdMove.Click();
+    EXPECT_TRUE(fs::exists(m_folder.Path("A.url")));
+    m_form->AskFolder = [this] { return m_folder.PathText("Work"); };
+    m_form->cmdMove.Click();
+    EXPECT_TRUE(fs::exists(m_folder.Path("Work/A.url")));
+    EXPECT_EQ(m_told, "changed root;changed Work;");
+    EXPECT_EQ(m_form->Selected(), m_folder.PathText("Work/A.url"));
+    m_form->MoveTo(m_folder.PathText("Work"), m_folder.PathText("Work"));
+    EXPECT_EQ(m_form->lblMessage.Caption(), u"The Favorite could not be moved.");
+}
+
+TEST_F(frmOrganizeFavoritesTest, DeletingGoesToTheTrashWithoutAQuestion) {
+    m_form->Selected = m_folder.PathText("A.url");
+    m_trash.take = [](TextView path) { return Favorites::Delete(path); };
+    m_form->cmdDelete.Click();
+    EXPECT_TRUE(m_messages.asked.empty());
+    EXPECT_EQ(m_told, "changed root;");
+    EXPECT_EQ(m_form->Selected(), m_root);
+    m_form->cmdDelete.Click();
+    EXPECT_TRUE(fs::exists(m_folder.Path(""))) << "the Favorites folder itself stays";
+}
+
+TEST_F(frmOrganizeFavoritesTest, WithoutATrashDeletingAsksFirst) {
+    m_form->Selected = m_folder.PathText("Work");
+    m_messages.answer = Answer::No;
+    m_form->cmdDelete.Click();
+    EXPECT_TRUE(fs::exists(m_folder.Path("Work")));
+    EXPECT_EQ(m_form->Selected(), m_folder.PathText("Work"));
+    m_messages.answer = Answer::Yes;
+    m_form->cmdDelete.Click();
+    EXPECT_FALSE(fs::exists(m_folder.Path("Work")));
+    EXPECT_EQ(m_messages.asked.size(), 2U);
+}
+
+TEST_F(frmOrganizeFavoritesTest, AFoldersShortcutsOpenOrBecomeAGroup) {
+    m_form->cmdSaveGroup.Click();
+    EXPECT_EQ(m_saved, m_root);
+    EXPECT_EQ(m_form->lblMessage.Caption(), u"Saved.");
+    m_form->Selected = m_folder.PathText("A.url");
+    m_form->cmdOpenAll.Click();
+    EXPECT_EQ(m_opened, m_root);
+    EXPECT_FALSE(m_form->Form.Visible()) << "the pages are to be seen";
+}
+
+} // namespace
