@@ -60,6 +60,8 @@ void SessionJournal::Reopen(TextView Id) {
     const auto found = std::ranges::find(sessions, Id, [](const auto& each) { return TextView(each.first); });
     if (found == sessions.end()) return;
     Open(found->second.Pages, found->second.Selected);
+    // Its pages are our own on disk before it is no longer offered: the next crash may come at once.
+    Write();
     Settle(Id);
 }
 

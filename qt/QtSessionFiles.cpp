@@ -16,6 +16,7 @@
 namespace {
 
 constexpr qsizetype kMostKept = 10;
+constexpr qint64 kLeftoverAge = 3600; // seconds
 const QString& Ending() {
     static const QString ending = QStringLiteral(".session");
     return ending;
@@ -87,8 +88,24 @@ void QtSessionFiles::Remove(const QString& name) const {
     QFile::remove(PathOf(name) + QStringLiteral(".lock"));
 }
 
+// What killed runs left beside their sessions: a file half written, the lock of a session that had no pages. What is
+// young may belong to a run that is about to write.
+void QtSessionFiles::RemoveLeftovers() const {
+    const QDateTime old = QDateTime::currentDateTimeUtc().addSecs(-kLeftoverAge);
+    const QString lock = QStringLiteral(".lock");
+    const QStringList patterns{QStringLiteral(".tessaview-??????"), QLatin1Char('*') + Ending() + lock};
+    for (const QFileInfo& each : QDir(m_folder).entryInfoList(patterns, QDir::Files | QDir::Hidden)) {
+        if (each.lastModified() > old) continue;
+        const QString session = each.filePath().chopped(lock.size());
+        const bool isLock = each.fileName().endsWith(lock);
+        if (!isLock || (!QFile::exists(session) && HasEnded(QFileInfo(session).fileName())))
+            QFile::remove(each.filePath());
+    }
+}
+
 std::vector<KeptSession> QtSessionFiles::Earlier() {
     m_writer.waitForDone();
+    RemoveLeftovers();
     std::vector<KeptSession> sessions;
     const QDir folder(m_folder);
     for (const QString& name :

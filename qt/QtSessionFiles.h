@@ -23,6 +23,7 @@ private:
     bool Begin();
     bool HasEnded(const QString& name) const;
     void Remove(const QString& name) const;
+    void RemoveLeftovers() const;
     void WriteLater(const QString& name, const std::string& bytes);
 
     QString m_folder, m_own;

@@ -1,6 +1,7 @@
 #include "mainwindow/Session.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace {
 
@@ -49,6 +50,51 @@ TEST(Session, NumbersThatAreNoneAreZeroAndHugeOnesEnd) {
     const auto huge = SessionFromBytes("TessaView session 1\ntime=" + std::string(400, '9') + "\nselected=99999\n");
     EXPECT_GT(huge->Time, 0);
     EXPECT_EQ(huge->Selected, 0U);
+}
+
+TEST(Session, AnyBytesAreReadSoundlyAndComeBackFromTheirOwn) {
+    std::minstd_rand random(4711);
+    const std::string_view pieces[] = {"TessaView session 1\n",
+                                       "page=",
+                                       "time=",
+                                       "ended=",
+                                       "settled=",
+                                       "selected=",
+                                       "\n",
+                                       "\r\n",
+                                       "\t",
+                                       "=",
+                                       "1",
+                                       "99999999999",
+                                       "-",
+                                       "http://one/",
+                                       std::string_view("\0", 1),
+                                       "\x1B",
+                                       "\xC3\xA4",
+                                       "\xED\xA0\x80",
+                                       "\x81",
+                                       "\xFF"};
+    for (int round = 0; round < 5000; ++round) {
+        std::string bytes(random() % 8 ? pieces[0] : std::string_view());
+        for (auto i = random() % 60; i > 0; --i) bytes += pieces[random() % std::size(pieces)];
+        const auto read = SessionFromBytes(bytes);
+        if (!read) continue;
+        EXPECT_LE(read->Selected, read->Pages.size());
+        EXPECT_GE(read->Time, 0);
+        const auto again = SessionFromBytes(SessionBytes(*read));
+        ASSERT_TRUE(again);
+        EXPECT_EQ(again->Pages.size(), read->Pages.size()) << bytes;
+        EXPECT_EQ(SessionFromBytes(SessionBytes(*again)), again) << bytes;
+    }
+}
+
+TEST(Session, ReadsAHundredThousandPagesAndOneOfTenMegabytes) {
+    std::string bytes = "TessaView session 1\nselected=100001\npage=" + std::string(10'000'000, 'x') + '\n';
+    for (int page = 0; page < 100'000; ++page) bytes += "page=http://one/\tOne\n";
+    const auto read = SessionFromBytes(bytes);
+    ASSERT_EQ(read->Pages.size(), 100'001U);
+    EXPECT_EQ(read->Pages[0].Address.size(), 10'000'000U);
+    EXPECT_EQ(read->Selected, 100'001U);
 }
 
 TEST(Session, BlankPagesAndTheHomePageAreNotWorthKeeping) {
