@@ -48,7 +48,7 @@ public:
 
     /// Where the page has been, as bytes that only `Restore` of a view understands; empty when there is nothing.
     [[nodiscard]] virtual std::string History() const = 0;
-    /// Brings a page back with where it has been. Bytes that are damaged, or of another release, load the address alone.
+    /// Brings a page back with where it has been. Damaged bytes, or another release's, load the address alone.
     virtual Outcome Restore(const std::string& history, TextView address) = 0;
 
     /// Whether the page can be heard at this moment, were it not muted.
