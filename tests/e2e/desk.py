@@ -125,7 +125,8 @@ class Program:
 
     def window_id(self):
         """The main window's number on the X server, waited for."""
-        command = ["xdotool", "search", "--pid", str(self.process.pid), "--name", f"^{WINDOW_TITLE}$"]
+        # Without "--all" any window of the process would do, a tool tip too.
+        command = ["xdotool", "search", "--all", "--pid", str(self.process.pid), "--name", f"^{WINDOW_TITLE}$"]
         return wait_until(
             lambda: subprocess.run(command, capture_output=True, text=True).stdout.split(), what="no main window"
         )[0]
