@@ -51,6 +51,7 @@ void QtEngine::SetLoadOptions(const QtLoadOptions& options) {
     if (m_profile) m_profile->SetLoadOptions(options);
     for (const auto& [index, view] : m_views) {
         view->ApplyMute();
+        if (m_profile && view->Page()) m_profile->TellLoadOptions(*view->Page(), options);
     }
 }
 

@@ -71,9 +71,7 @@ void QtProfile::ApplySettings() {
 
 void QtProfile::SetStartPage(std::function<std::string()> page) { m_startPage->Page = std::move(page); }
 
-void QtProfile::SetLoadOptions(const QtLoadOptions& options) {
-    m_profile->settings()->setAttribute(QWebEngineSettings::AutoLoadImages, options.images);
-}
+void QtProfile::SetLoadOptions(const QtLoadOptions& options) { m_loads.Install(*m_profile, options); }
 
 void QtProfile::InstallFrameScript(const QString& token) {
     QWebEngineScript script;

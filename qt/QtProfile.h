@@ -1,11 +1,12 @@
 #pragma once
-#include "qt/QtLoadOptions.h"
+#include "qt/QtLoadSwitches.h"
 
 #include <QString>
 #include <functional>
 #include <memory>
 #include <string>
 
+class QWebEnginePage;
 class QWebEngineProfile;
 class QtDialogScheme;
 class QtStartPage;
@@ -24,12 +25,15 @@ public:
     void SetStartPage(std::function<std::string()> page);
     /// What pages may load from now on.
     void SetLoadOptions(const QtLoadOptions& options);
+    /// The same for a page that is there already.
+    void TellLoadOptions(QWebEnginePage& page, const QtLoadOptions& options) const { m_loads.Tell(page, options); }
 
 private:
     void InstallFrameScript(const QString& token);
     void ApplySettings();
 
     int m_lock = -1;
+    QtLoadSwitches m_loads;
     std::unique_ptr<QtStartPage> m_startPage;
     std::unique_ptr<QtDialogScheme> m_dialogs;
     std::unique_ptr<QWebEngineProfile> m_profile;

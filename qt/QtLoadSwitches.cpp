@@ -1,0 +1,53 @@
+#include "qt/QtLoadSwitches.h"
+
+#include <QFile>
+#include <QUuid>
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
+#include <QWebEngineSettings>
+
+static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
+
+namespace {
+
+const QString kName = QStringLiteral("loads");
+
+QString Source() {
+    LoadResources();
+    QFile file(QStringLiteral(":/load-switches.js"));
+    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString AsScript(const QtLoadOptions& options) {
+    const auto word = [](bool on) { return on ? QStringLiteral("true") : QStringLiteral("false"); };
+    return QStringLiteral("{ images: %1, animations: %2, videos: %3, sounds: %4 }")
+        .arg(word(options.images), word(options.animations), word(options.videos), word(options.sounds));
+}
+
+} // namespace
+
+QtLoadSwitches::QtLoadSwitches()
+    : m_script(Source().replace(QStringLiteral("%1"), QUuid::createUuid().toString(QUuid::Id128))) {}
+
+void QtLoadSwitches::Install(QWebEngineProfile& profile, const QtLoadOptions& options) const {
+    profile.settings()->setAttribute(QWebEngineSettings::AutoLoadImages, options.images);
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    using Policy = QWebEngineSettings::ImageAnimationPolicy;
+    profile.settings()->setImageAnimationPolicy(options.animations ? Policy::Allow : Policy::Disallow);
+#endif
+    QWebEngineScript script;
+    script.setName(kName);
+    script.setSourceCode(QString(m_script).replace(QStringLiteral("%2"), AsScript(options)));
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setRunsOnSubFrames(true);
+    for (const QWebEngineScript& before : profile.scripts()->find(kName)) profile.scripts()->remove(before);
+    profile.scripts()->insert(script);
+}
+
+void QtLoadSwitches::Tell(QWebEnginePage& page, const QtLoadOptions& options) const {
+    page.runJavaScript(QStringLiteral("window.tessaLoads && tessaLoads(%1)").arg(AsScript(options)),
+                       QWebEngineScript::ApplicationWorld);
+}
