@@ -98,8 +98,10 @@ TEST_F(QtFavoritesDialogsTest, FoldersAreReadWhenTheyOpenAndALoopDoesNoHarm) {
         auto& tree = Tree(dialog, "treFolders");
         EXPECT_EQ(tree.topLevelItem(0)->childCount(), 1) << "folders alone";
         EXPECT_EQ(tree.topLevelItem(0)->child(0)->childCount(), 0);
-        tree.Select(m_folder.PathText("Work/loop/Work/deep"));
-        EXPECT_EQ(form.Folder(), m_folder.PathText("Work/loop/Work/deep"));
+        tree.Select(m_folder.PathText("Work/loop/"
+                                      "Work/deep"));
+        EXPECT_EQ(form.Folder(), m_folder.PathText("Work/loop/"
+                                                   "Work/deep"));
         tree.Select(u"/nowhere");
         EXPECT_EQ(form.Folder(), m_root);
         QTest::keyClick(&dialog, Qt::Key_Escape);
