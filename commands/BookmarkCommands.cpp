@@ -10,7 +10,6 @@ namespace {
 
 constexpr TextView kFilter = u"Bookmarks File (*.html, *.htm)|*.html; *.htm|All Files (*.*)|*.*";
 constexpr TextView kExtension = u".html";
-constexpr TextView kGroupExtension = u".tvg";
 constexpr TextView kRootGroup = u"Bookmarks";
 constexpr TextView kOverwriteQuestion =
     u"A file with this name already exists. Do you want to overwrite the existing file?";
@@ -25,16 +24,16 @@ BookmarkFolder Chosen(CommandContext& context, TextView title) {
     const Text path =
         context.files.ShowOpen({.DialogTitle = Text(title), .InitDir = {}, .Filter = Text(kFilter), .MustExist = true});
     if (path.empty()) return {};
-    auto bookmarks = Bookmarks::Read(ReadWholeFile(ToUtf8(path)).value_or(std::string()));
+    auto bookmarks = Bookmarks::Read(ReadWholeFile(ToUtf8(path), Bookmarks::kMostBytes).value_or(std::string()));
     if (Bookmarks::Count(bookmarks) == 0) context.tabs.ShowStatusText(u"There are no bookmarks in that file.");
     return bookmarks;
 }
 
 Text FreeGroupPath(const CommandContext& context, TextView name) {
     const Text begin = context.groupFolder + Favorites::FileNameOf(name);
-    Text path = begin + Text(kGroupExtension);
+    Text path = begin + Text(TessaGroups::kExtension);
     for (int number = 2; FileExists(ToUtf8(path)); ++number)
-        path = begin + u" (" + Decimal(number) + u")" + Text(kGroupExtension);
+        path = begin + u" (" + Decimal(number) + u")" + Text(TessaGroups::kExtension);
     return path;
 }
 

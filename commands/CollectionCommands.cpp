@@ -1,8 +1,9 @@
 #include "commands/CollectionCommands.h"
 
+#include "groups/TessaGroups.h"
+
 namespace {
 
-constexpr TextView kGroupFilter = u"TessaGroup File (*.tvg)|*.tvg";
 constexpr TextView kRepairQuestion =
     u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
     u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
@@ -19,8 +20,9 @@ Page CurrentPage(const CommandContext& context) {
 
 // The address is asked for after the file was chosen, as the page may have moved on meanwhile.
 void AddToGroup(CommandContext& context, const std::function<Text()>& address) {
-    const Text file = context.files.ShowOpen(
-        {.DialogTitle = u"Add to TessaGroup", .InitDir = context.groupFolder, .Filter = Text(kGroupFilter)});
+    const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
+                                              .InitDir = context.groupFolder,
+                                              .Filter = Text(TessaGroups::kFileFilter)});
     if (file.empty()) return;
     context.host.AddToTessaGroup(address(), file);
     context.groupsMenuStale = true;
@@ -43,8 +45,9 @@ void AddTabToTessaGroup(CommandContext& context) {
 }
 
 void SaveAsTessaGroup(CommandContext& context) {
-    const Text file = context.files.ShowSave(
-        {.DialogTitle = u"Save as TessaGroup", .InitDir = context.groupFolder, .Filter = Text(kGroupFilter)});
+    const Text file = context.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
+                                              .InitDir = context.groupFolder,
+                                              .Filter = Text(TessaGroups::kFileFilter)});
     if (file.empty()) return;
     context.host.SaveAsTessaGroup(file);
     context.groupsMenuStale = true;

@@ -39,6 +39,12 @@ struct CommandHost {
     std::function<void(TextView)> CopyText;
     /// Whether the Shift key is held down at this moment.
     std::function<bool()> ShiftHeld;
+    /// Opens all shortcuts of a Favorites folder, each in a tab.
+    std::function<void(TextView folder)> OpenFavorites;
+    /// Saves the shortcuts of a Favorites folder as a TessaGroup; what to tell the user of it.
+    std::function<Text(TextView folder)> SaveFavorites;
+    /// Edits the TessaGroup of that path.
+    std::function<void(TextView path)> OrganizeTessaGroup;
     /// Whether a Favorites link may be opened; asks the user where that is in doubt.
     std::function<bool(TextView address)> MayOpenLink;
 };
@@ -60,4 +66,6 @@ struct CommandContext {
     /// The Favorites or TessaGroups menu is out of date, because a command may have changed its folder.
     bool favoritesMenuStale = true;
     bool groupsMenuStale = true;
+    /// What the pop-up of a menu's entry was opened on: a folder of Favorites, a link's address, a TessaGroup's file.
+    Text menuEntry;
 };

@@ -2,6 +2,7 @@
 
 #include "commands/BookmarkCommands.h"
 #include "commands/CollectionCommands.h"
+#include "commands/MenuEntryCommands.h"
 #include "commands/PageCommands.h"
 #include "commands/TabCommands.h"
 #include "commands/TabMoreCommands.h"
@@ -42,6 +43,7 @@ namespace Page = PageCommands;
 namespace Tabs = TabCommands;
 namespace TabMore = TabMoreCommands;
 namespace Keep = CollectionCommands;
+namespace MenuEntry = MenuEntryCommands;
 
 const std::array kCommands{
     Command{u"mnuAddToTessaGroup", Keep::AddToTessaGroup, Has<&CommandHost::AddToTessaGroup>},
@@ -124,6 +126,11 @@ const std::array kCommands{
     Command{u"xtrImportTessaGroups", BookmarkCommands::ImportTessaGroups},
     Command{u"xtrExportFavorites", BookmarkCommands::ExportFavorites},
     Command{u"xtrExportTessaGroups", BookmarkCommands::ExportTessaGroups},
+    Command{u"xtrFolderOpen", MenuEntry::OpenFolder, Has<&CommandHost::OpenFavorites>},
+    Command{u"xtrFolderSave", MenuEntry::SaveFolder, Has<&CommandHost::SaveFavorites>},
+    Command{u"xtrLinkNewTab", MenuEntry::OpenLink},
+    Command{u"xtrGroupOpen", MenuEntry::OpenGroup},
+    Command{u"xtrGroupOrganize", MenuEntry::OrganizeGroup, Has<&CommandHost::OrganizeTessaGroup>},
 };
 
 } // namespace

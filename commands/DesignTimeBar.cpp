@@ -44,6 +44,9 @@ constexpr std::array kBands{
     BandRow{u"bndMoreMenu", u"More", BandKind::Menu, {}},
     BandRow{u"bndTabMore", u"More for the Tab", BandKind::Menu, {}},
     BandRow{u"bndMoreBookmarks", u"Import and Export", BandKind::Menu, {}},
+    BandRow{u"bndFavoriteFolder", u"Favorites Folder Popup", BandKind::Popup, {}},
+    BandRow{u"bndFavoriteLink", u"Favorites Link Popup", BandKind::Popup, {}},
+    BandRow{u"bndGroupEntry", u"TessaGroup Popup", BandKind::Popup, {}},
 };
 
 /// A tool on a band.
@@ -195,6 +198,14 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreBookmarks", u"xtrImportTessaGroups"},
     EntryRow{u"bndMoreBookmarks", u"xtrExportFavorites", kGroup},
     EntryRow{u"bndMoreBookmarks", u"xtrExportTessaGroups"},
+
+    EntryRow{u"bndFavoriteFolder", u"xtrFolderOpen"},
+    EntryRow{u"bndFavoriteFolder", u"xtrFolderSave"},
+
+    EntryRow{u"bndFavoriteLink", u"xtrLinkNewTab"},
+
+    EntryRow{u"bndGroupEntry", u"xtrGroupOpen"},
+    EntryRow{u"bndGroupEntry", u"xtrGroupOrganize"},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.

@@ -2,14 +2,11 @@
 
 #include "commands/CommandTable.h"
 #include "commands/Endpoints.h"
+#include "commands/RuntimeIds.h"
 
 #include <algorithm>
 
 namespace {
-
-/// Ids of tools made at run time, from the first to before the last.
-constexpr std::int32_t kFirstFavorite = 50000, kEndOfFavorites = 100000;
-constexpr std::int32_t kFirstGroup = 150000, kEndOfGroups = 200000;
 
 template<typename... Each>
 struct Overloaded : Each... {
@@ -56,8 +53,9 @@ void Dispatcher::RunNamed(const Tool& tool) {
 }
 
 void Dispatcher::RunById(std::int32_t id, TextView name, TextView description) {
-    if (id >= kFirstFavorite && id < kEndOfFavorites) OpenFavorite(name);
-    if (id >= kFirstGroup && id < kEndOfGroups) m_context.groups.OpenTessaGroup(description);
+    const auto kind = RuntimeIds::KindOf(id);
+    if (kind == RuntimeIds::Kind::Favorite) OpenFavorite(name);
+    if (kind == RuntimeIds::Kind::Group) m_context.groups.OpenTessaGroup(description);
 }
 
 void Dispatcher::OpenFavorite(TextView address) {

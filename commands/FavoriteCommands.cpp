@@ -1,6 +1,5 @@
 #include "commands/FavoriteCommands.h"
 
-#include "common/AtomicFile.h"
 #include "favorites/LinkTrust.h"
 #include "groups/TessaGroups.h"
 
@@ -10,10 +9,6 @@ namespace {
 
 constexpr std::size_t kManyTabs = 30;
 constexpr std::size_t kShownAddress = 300;
-constexpr TextView kGroupFilter = u"TessaGroup File (*.tvg)|*.tvg";
-constexpr TextView kGroupExtension = u".tvg";
-constexpr TextView kOverwriteQuestion =
-    u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
 
 std::vector<Text> AddressesIn(TextView folder) {
     std::vector<Text> addresses;
@@ -28,6 +23,8 @@ std::vector<Text> AddressesIn(TextView folder) {
 FavoriteCommands::FavoriteCommands(CommandContext& context, Outside outside)
     : m_context(context), m_outside(std::move(outside)) {
     auto& host = m_context.host;
+    host.OpenFavorites = [this](TextView folder) { OpenAll(folder); };
+    host.SaveFavorites = [this](TextView folder) { return SaveAsGroup(folder); };
     host.MayOpenLink = [this](TextView address) { return MayOpenLink(address); };
     if (m_outside.showAdd)
         host.AddFavorite = [this](TextView address, TextView title) { return AddFavorite(address, title); };
@@ -69,22 +66,22 @@ void FavoriteCommands::OpenAll(TextView folder) {
         m_context.messages.AskYesNoCancel(u"This opens " + Decimal(count) + u" tabs. Do you want to open them all?") !=
             Answer::Yes)
         return;
-    for (const Text& address : addresses) {
-        if (auto* view = m_context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(address));
-    }
+    m_context.groups.OpenInTabs(addresses);
+    if (addresses.empty() && left == 0) m_context.tabs.ShowStatusText(u"There are no pages in that folder.");
     if (left > 0) m_context.tabs.ShowStatusText(u"Favorites that do not lead to the web were not opened.");
 }
 
 Text FavoriteCommands::SaveAsGroup(TextView folder) {
     const std::vector<Text> addresses = AddressesIn(folder);
-    Text path = m_context.files.ShowSave(
-        {.DialogTitle = u"Save as TessaGroup", .InitDir = m_context.groupFolder, .Filter = Text(kGroupFilter)});
+    if (addresses.empty()) return u"There are no pages in that folder.";
+    Text path = m_context.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
+                                          .InitDir = m_context.groupFolder,
+                                          .Filter = Text(TessaGroups::kFileFilter)});
     if (path.empty()) return {};
-    if (!path.ends_with(kGroupExtension)) path += kGroupExtension;
-    if (FileExists(ToUtf8(path)) && m_context.messages.AskYesNoCancel(kOverwriteQuestion) != Answer::Yes) return {};
-    std::vector<TessaGroups::NumberedAddress> numbered;
-    for (const Text& address : addresses) numbered.push_back({numbered.size() + 1, address});
-    const bool saved = TessaGroups::Write(path, numbered) == Outcome::Done;
-    m_context.groupsMenuStale = m_context.groupsMenuStale || saved;
-    return saved ? u"The TessaGroup has been saved." : u"The TessaGroup could not be saved.";
+    if (!path.ends_with(TessaGroups::kExtension)) path += TessaGroups::kExtension;
+    using TessaGroups::Saved;
+    const Saved saved = TessaGroups::Save(path, addresses, m_context.messages);
+    if (saved == Saved::Declined) return {};
+    m_context.groupsMenuStale = m_context.groupsMenuStale || saved == Saved::Yes;
+    return saved == Saved::Yes ? u"The TessaGroup has been saved." : u"The TessaGroup could not be saved.";
 }

@@ -1,5 +1,6 @@
 #include "commands/RuntimeMenus.h"
 
+#include "commands/MenuEntryCommands.h"
 #include "groups/TessaGroups.h"
 
 #include <algorithm>
@@ -31,6 +32,19 @@ void RuntimeMenus::BandOpen(Band& band) {
     if (band.Name() == u"bndTessaGroupsMenu" && m_context.groupsMenuStale) return RebuildGroups(band);
     if (band.Name() == u"bndFont") return m_context.pages.MarkTextSize();
     if (ShowsFolder(band)) FillFolder(band);
+}
+
+bool RuntimeMenus::EntryPopup(const Tool& tool) {
+    const auto entry = MenuEntryCommands::EntryOf(tool);
+    if (entry.band.empty()) return false;
+    m_context.menuEntry = entry.target;
+    m_context.actBar.Popup(entry.band);
+    return true;
+}
+
+std::function<void()> RuntimeMenus::EntryMiddleClick(const Tool& tool) {
+    if (!tool.SubBand.starts_with(Favorites::kBandPrefix) || !m_context.host.OpenFavorites) return {};
+    return [this, folder = tool.Description] { m_context.host.OpenFavorites(folder); };
 }
 
 void RuntimeMenus::RebuildFavorites(Band& band) {

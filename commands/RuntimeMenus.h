@@ -14,6 +14,12 @@ public:
 
     /// A band is about to be shown. Only a stale menu is built anew, only an empty folder is filled.
     void BandOpen(Band& band);
+    /// The user asks what can be done with an entry of a menu: pops up what there is. False for an entry that has no
+    /// such pop-up.
+    bool EntryPopup(const Tool& tool);
+    /// What a click with the middle button on an entry that opens a menu does, once all menus have closed; nothing for
+    /// most.
+    [[nodiscard]] std::function<void()> EntryMiddleClick(const Tool& tool);
 
 private:
     void RebuildFavorites(Band& band);

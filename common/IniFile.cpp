@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16Mark = "\xFF\xFE";
+constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 
 constexpr bool IsBlank(char byte) { return byte == ' ' || byte == '\t' || byte == '\v'; }
 
@@ -236,7 +237,7 @@ void IniFile::Replace(std::size_t begin, std::size_t end, std::string_view text)
 std::string GetPrivateProfileString(const std::string& path, std::optional<std::string_view> section,
                                     std::optional<std::string_view> key, std::optional<std::string_view> whenMissing,
                                     std::size_t size) {
-    const IniFile file(ReadWholeFile(path).value_or(std::string()));
+    const IniFile file(ReadWholeFile(path, kMostBytes).value_or(std::string()));
     if (!section) return file.SectionList(size);
     if (!key) return file.KeyList(*section, whenMissing.value_or(""), size);
     return file.Value(*section, *key, whenMissing.value_or(""), size);
@@ -245,7 +246,9 @@ std::string GetPrivateProfileString(const std::string& path, std::optional<std::
 bool WritePrivateProfileString(const std::string& path, std::optional<std::string_view> section,
                                std::optional<std::string_view> key, std::optional<std::string_view> value) {
     if (!section) return false;
-    const auto bytes = ReadWholeFile(path);
+    const auto bytes = ReadWholeFile(path, kMostBytes + 1);
+    // What is not read whole cannot be written back whole.
+    if (bytes && bytes->size() > kMostBytes) return false;
     if (!bytes && (FileExists(path) || !FolderExists(path))) return false;
     IniFile file(bytes.value_or(std::string()));
     if (!key)

@@ -65,13 +65,15 @@ private:
 };
 
 /// The calls as they are known, on a file named by its path; each reads the file afresh. No value of `key` lists the
-/// keys, no value of `section` the sections. A file that cannot be read is an empty one.
+/// keys, no value of `section` the sections. A file that cannot be read is an empty one; of one beyond 64 MiB the
+/// beginning is read.
 [[nodiscard]] std::string GetPrivateProfileString(const std::string& path, std::optional<std::string_view> section,
                                                   std::optional<std::string_view> key,
                                                   std::optional<std::string_view> whenMissing, std::size_t size);
 
 /// No value of `key` removes the section, no value of `value` the key. False, and nothing changed, when there is no
-/// section or the file cannot be written. A missing file is made, a missing folder is not. The write is atomic.
+/// section or the file cannot be written, or is beyond 64 MiB. A missing file is made, a missing folder is not. The
+/// write is atomic.
 [[nodiscard]] bool WritePrivateProfileString(const std::string& path, std::optional<std::string_view> section,
                                              std::optional<std::string_view> key,
                                              std::optional<std::string_view> value);

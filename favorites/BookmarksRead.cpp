@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{256} << 20;
 constexpr std::size_t kDeepest = 64;
 
 /// What is known while the file is read from its beginning to its end. A heading names the list that follows it.
@@ -56,7 +55,9 @@ void Start(void* data, const xmlChar* name, const xmlChar** attributes) {
     reading.address = Is(name, "a") ? Attribute(attributes, "href") : Text();
 }
 
+// A line end in an address would begin a line of its own in the files that addresses are kept in.
 void AddLink(Reading& reading) {
+    std::erase_if(reading.address, [](char16_t unit) { return unit < 0x20; });
     const bool wanted = !reading.address.empty() && !reading.address.starts_with(u"place:") &&
                         TrustOf(reading.address) != LinkTrust::Never;
     if (wanted) reading.open.back()->Links.push_back({OneSpaced(reading.text), reading.address});

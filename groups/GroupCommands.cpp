@@ -1,12 +1,9 @@
 #include "groups/GroupCommands.h"
 
-#include "common/AtomicFile.h"
 #include "common/Captions.h"
-#include "groups/TessaGroups.h"
 
 namespace {
 
-constexpr TextView kFilter = u"TessaGroup File (*.tvg)|*.tvg";
 /// What a tab is called until its page says more.
 constexpr TextView kUntitled = u"Loading...";
 
@@ -14,7 +11,7 @@ constexpr TextView kUntitled = u"Loading...";
 Text NameOf(TextView path) {
     const auto separator = path.find_last_of(u"/\\");
     TextView name = separator == TextView::npos ? path : path.substr(separator + 1);
-    if (GroupCommands::IsGroupFile(name)) name.remove_suffix(4);
+    if (GroupCommands::IsGroupFile(name)) name.remove_suffix(TessaGroups::kExtension.size());
     return OneLine(name);
 }
 
@@ -28,7 +25,7 @@ void GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
     std::vector<Text> addresses;
     Text unread;
     for (const Text& group : groups) {
-        if (!ReadWholeFile(ToUtf8(group))) unread = group;
+        if (!TessaGroups::IsReadable(group)) unread = group;
         for (const auto& address : TessaGroups::Load(group)) addresses.push_back(address.Key);
     }
     Open(addresses);
@@ -37,17 +34,28 @@ void GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
 
 void GroupCommands::Open(const std::vector<Text>& addresses) {
     auto& tabs = m_parts.tabs;
-    if (TGCloseOthersFirst) tabs.CloseOtherTabs();
+    if (!TGCloseOthersFirst) return OpenInTabs(addresses);
+    tabs.CloseOtherTabs();
+    if (addresses.empty()) return;
     m_progress.Begin();
-    bool intoSelected = TGCloseOthersFirst;
-    for (const Text& address : addresses) {
-        auto* current = intoSelected ? tabs.CurrentView() : nullptr;
-        auto* view = current ? current->Control.get() : nullptr;
-        if (!intoSelected) view = tabs.GetNewBrowser(InFront::Yes);
-        if (view) ResumeNext(view->Navigate(address));
-        if (const auto* tab = m_parts.pcPage.SelectedItem(); tab && view) m_progress.Add(tab->Tag);
-        intoSelected = false;
-    }
+    auto* current = tabs.CurrentView();
+    Show(current ? current->Control.get() : nullptr, addresses.front());
+    OpenEach(std::span(addresses).subspan(1));
+}
+
+void GroupCommands::OpenInTabs(const std::vector<Text>& addresses) {
+    m_progress.Begin();
+    OpenEach(addresses);
+}
+
+void GroupCommands::OpenEach(std::span<const Text> addresses) {
+    for (const Text& address : addresses) Show(m_parts.tabs.GetNewBrowser(InFront::Yes), address);
+}
+
+void GroupCommands::Show(BrowserView* view, TextView address) {
+    if (!view) return;
+    ResumeNext(view->Navigate(address));
+    if (const auto* tab = m_parts.pcPage.SelectedItem()) m_progress.Add(tab->Tag);
 }
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
@@ -75,12 +83,14 @@ void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
 void GroupCommands::OrganizeTessaGroups() {
     const Text file = m_parts.files.ShowOpen({.DialogTitle = u"Organize TessaGroup",
                                               .InitDir = m_parts.groupFolder,
-                                              .Filter = Text(kFilter),
+                                              .Filter = Text(TessaGroups::kFileFilter),
                                               .MustExist = true});
     if (IsGroupFile(file)) OrganizeTessaGroup(file);
 }
 
 void GroupCommands::StopAll() {
+    // First, because a page that is stopped says that it is done.
+    m_progress.Stop();
     const auto& pcPage = m_parts.pcPage;
     for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
         const std::int32_t index = pcPage.FindAt(position)->Tag;
@@ -93,7 +103,6 @@ void GroupCommands::StopAll() {
         const bool untitled = view && tab && tab->Tag == index && tab->Caption() == kUntitled;
         if (untitled) m_parts.tabs.SetTabTitle(index, view->Control->LocationURL());
     }
-    m_progress.End();
 }
 
 Text GroupCommands::TitleOf(TextView address) const {

@@ -1,8 +1,10 @@
 #pragma once
 #include "groups/LoadProgress.h"
+#include "groups/TessaGroups.h"
 #include "groups/frmTessaGroup.h"
 #include "tabs/TabSet.h"
 
+#include <span>
 #include <vector>
 
 /// What the main window does with TessaGroups. A group is named by the full path of its file. What goes wrong with a
@@ -28,6 +30,8 @@ public:
     void OpenTessaGroup(TextView TessaGroup) { OpenTessaGroups({Text(TessaGroup)}); }
     /// Opens several groups as if they were one.
     void OpenTessaGroups(const std::vector<Text>& groups);
+    /// Opens addresses that belong together, one tab an address, beside the tabs that are open.
+    void OpenInTabs(const std::vector<Text>& addresses);
     /// Writes an address into a group, which is made when missing.
     void AddToTessaGroup(TextView URL, TextView SGFile);
     /// Saves all open tabs as that group; asks before it replaces one.
@@ -38,7 +42,7 @@ public:
     void OrganizeTessaGroups();
 
     /// Whether a path names a group: by ".tvg" at its end, in small letters.
-    [[nodiscard]] static bool IsGroupFile(TextView path) { return path.ends_with(u".tvg"); }
+    [[nodiscard]] static bool IsGroupFile(TextView path) { return path.ends_with(TessaGroups::kExtension); }
 
     /// The view's page has loaded, or the view has gone.
     void PageDone(std::int32_t index) { m_progress.Done(index); }
@@ -52,6 +56,8 @@ public:
 
 private:
     void Open(const std::vector<Text>& addresses);
+    void OpenEach(std::span<const Text> addresses);
+    void Show(BrowserView* view, TextView address);
     [[nodiscard]] Text TitleOf(TextView address) const;
 
     Parts m_parts;

@@ -13,14 +13,18 @@ void LoadProgress::Done(std::int32_t index) {
     if (m_loading.erase(index) > 0) Show();
 }
 
-void LoadProgress::End() {
+void LoadProgress::Stop() {
+    if (m_sbStatus.StopAll.Visible()) m_sbStatus.SimpleText = u"Stopped: " + Count();
     m_loading.clear();
     m_sbStatus.StopAll.Visible = false;
 }
 
+Text LoadProgress::Count() const {
+    return Decimal(static_cast<std::int64_t>(m_all - m_loading.size())) + u" of " +
+           Decimal(static_cast<std::int64_t>(m_all)) + u" pages loaded";
+}
+
 void LoadProgress::Show() {
     m_sbStatus.StopAll.Visible = Loading() && m_all >= kMany;
-    if (m_all < kMany) return;
-    m_sbStatus.SimpleText = Decimal(static_cast<std::int64_t>(m_all - m_loading.size())) + u" of " +
-                            Decimal(static_cast<std::int64_t>(m_all)) + u" pages loaded";
+    if (m_all >= kMany) m_sbStatus.SimpleText = Count();
 }

@@ -20,13 +20,14 @@ public:
     void Add(std::int32_t index);
     /// The view's page has loaded, or the view has gone. Nothing for a view that is not followed.
     void Done(std::int32_t index);
-    /// No page is followed any more.
-    void End();
+    /// The user has had enough: no page is followed any more.
+    void Stop();
 
     [[nodiscard]] bool Loading() const { return !m_loading.empty(); }
 
 private:
     void Show();
+    [[nodiscard]] Text Count() const;
 
     StatusBar& m_sbStatus;
     std::unordered_set<std::int32_t> m_loading;

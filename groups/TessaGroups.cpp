@@ -12,6 +12,8 @@ namespace {
 constexpr std::string_view kSection = "TessaGroup";
 constexpr std::size_t kValueSize = 512;
 constexpr std::size_t kKeyListSize = 16384;
+/// Far more than a group can hold that is read whole.
+constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 constexpr TextView kOverwriteQuestion =
     u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
 
@@ -51,7 +53,7 @@ Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMi
 
 CStrings Load(TextView path) {
     CStrings addresses;
-    const IniFile file(ReadWholeFile(ToUtf8(path)).value_or(std::string()));
+    const IniFile file(ReadWholeFile(ToUtf8(path), kMostBytes).value_or(std::string()));
     const std::string keys = file.KeyList(kSection, "", kKeyListSize);
     // A name that was cut off has no NUL behind it and is dropped.
     std::size_t begin = 0;
@@ -61,6 +63,8 @@ CStrings Load(TextView path) {
     }
     return addresses;
 }
+
+bool IsReadable(TextView path) { return ReadWholeFile(ToUtf8(path), 0).has_value(); }
 
 Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses) {
     const std::string file = ToUtf8(path);
@@ -72,8 +76,19 @@ Outcome Append(TextView path, TextView address) {
     return WritePrivateProfileString(ToUtf8(path), kSection, key, ToUtf8(address)) ? Outcome::Done : Outcome::Failed;
 }
 
+bool MayReplace(TextView path, MessageBoxes& messages) {
+    return !HasGroup(path) || messages.AskYesNoCancel(kOverwriteQuestion) == Answer::Yes;
+}
+
+Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& messages) {
+    if (!MayReplace(path, messages)) return Saved::Declined;
+    std::vector<NumberedAddress> numbered;
+    for (const Text& address : addresses) numbered.push_back({numbered.size() + 1, address});
+    return Write(path, numbered) == Outcome::Done ? Saved::Yes : Saved::Failed;
+}
+
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages) {
-    if (HasGroup(path) && messages.AskYesNoCancel(kOverwriteQuestion) != Answer::Yes) return Saved::Declined;
+    if (!MayReplace(path, messages)) return Saved::Declined;
     return Write(path, OpenAddresses(pcPage, Browser)) == Outcome::Done ? Saved::Yes : Saved::Failed;
 }
 

@@ -12,12 +12,20 @@ class TabStrip;
 /// its file; its name is the file's without ".tvg".
 namespace TessaGroups {
 
+/// What the name of a group's file ends with.
+inline constexpr TextView kExtension = u".tvg";
+/// For a file dialog that asks for a group.
+inline constexpr TextView kFileFilter = u"TessaGroup File (*.tvg)|*.tvg";
+
 /// The value of a key of an INI file, at most 511 bytes of it.
 [[nodiscard]] Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMissing);
 
 /// The addresses of a group file in the order of its keys, whatever the keys are; empty ones stay. Empty when the
-/// file or its section cannot be read. Keys beyond 16382 bytes of names are left out.
+/// file or its section cannot be read. Keys beyond 16382 bytes of names are left out, and so is what stands behind the
+/// first 64 MiB of a file.
 [[nodiscard]] CStrings Load(TextView path);
+/// Whether the file is there and can be read, whatever is in it.
+[[nodiscard]] bool IsReadable(TextView path);
 
 /// What an entry of a group file to be written is called: "url" and this number.
 struct NumberedAddress {
@@ -34,6 +42,12 @@ Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses);
 Outcome Append(TextView path, TextView address);
 
 enum class Saved { Yes, Declined, Failed };
+
+/// Whether a group of that path may be written: asks when there is one already.
+[[nodiscard]] bool MayReplace(TextView path, MessageBoxes& messages);
+
+/// Saves addresses as the group of that path, numbered from 1. Asks before it replaces a group that exists.
+Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& messages);
 
 /// Saves the addresses of all tabs in the order of the strip as the group of that path. Asks before it replaces
 /// a group that exists.

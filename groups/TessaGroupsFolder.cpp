@@ -1,8 +1,8 @@
 #include "common/Captions.h"
+#include "common/Folder.h"
 #include "groups/TessaGroups.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <limits>
 #include <string>
@@ -12,14 +12,10 @@
 namespace {
 
 constexpr std::int32_t kFirstId = 150000;
-constexpr std::size_t kExtensionSize = 4;
 
 // The folder is asked with a pattern, and patterns do not tell upper from lower case.
 bool IsGroupName(std::string_view name) {
-    if (name.size() < kExtensionSize || name.front() == '.') return false;
-    const std::string_view extension = name.substr(name.size() - kExtensionSize);
-    return std::ranges::equal(extension, std::string_view(".tvg"), {},
-                              [](char each) { return each >= 'A' && each <= 'Z' ? each + ('a' - 'A') : each; });
+    return !name.starts_with('.') && EndsLike(name, ToUtf8(TessaGroups::kExtension));
 }
 
 std::vector<Text> GroupFiles(TextView folder) {
@@ -44,7 +40,7 @@ namespace TessaGroups {
 CKeyValues List(TextView folder) {
     CKeyValues groups;
     for (const Text& file : GroupFiles(folder))
-        groups.Add(file.substr(0, file.size() - kExtensionSize), Text(folder) + file);
+        groups.Add(file.substr(0, file.size() - kExtension.size()), Text(folder) + file);
     return groups;
 }
 

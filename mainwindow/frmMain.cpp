@@ -72,6 +72,7 @@ void frmMain::WireGroups() {
     Groups.ShowEditor = Platform.showTessaGroup;
     Commands.host.AddToTessaGroup = [this](TextView URL, TextView SGFile) { AddToTessaGroup(URL, SGFile); };
     Commands.host.SaveAsTessaGroup = [this](TextView path) { Groups.SaveAsTessaGroup(path); };
+    Commands.host.OrganizeTessaGroup = [this](TextView path) { OrganizeTessaGroup(path); };
     Commands.host.OrganizeTessaGroups = [this] { Groups.OrganizeTessaGroups(); };
 }
 
@@ -86,7 +87,7 @@ void frmMain::Form_Load(TextView commandLine) {
 void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
     if (commandLine.empty()) {
         ResumeNext(view.GoHome());
-    } else if (commandLine.ends_with(u".tvg")) {
+    } else if (GroupCommands::IsGroupFile(commandLine)) {
         ResumeNext(view.Navigate(u"about:blank"));
         OpenTessaGroup(commandLine);
     } else {

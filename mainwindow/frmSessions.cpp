@@ -1,18 +1,8 @@
 #include "mainwindow/frmSessions.h"
 
-#include "common/AtomicFile.h"
 #include "groups/TessaGroups.h"
 
 #include <algorithm>
-
-namespace {
-
-constexpr TextView kGroupFilter = u"TessaGroup File (*.tvg)|*.tvg";
-constexpr TextView kGroupExtension = u".tvg";
-constexpr TextView kOverwriteQuestion =
-    u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
-
-} // namespace
 
 frmSessions::frmSessions(SessionJournal& sessions, Outside outside)
     : m_journal(sessions), m_outside(std::move(outside)) {
@@ -114,21 +104,20 @@ void frmSessions::Open(const std::vector<std::size_t>& indexes) {
     if (pages.size() == session.Pages.size()) m_journal.Settle(id);
 }
 
-bool frmSessions::MayWrite(const Text& path) const {
-    return !FileExists(ToUtf8(path)) || m_outside.messages.AskYesNoCancel(kOverwriteQuestion) == Answer::Yes;
-}
-
 void frmSessions::cmdSave_Click() {
-    Text path = m_outside.files.ShowSave(
-        {.DialogTitle = u"Save as TessaGroup", .InitDir = m_outside.groupFolder, .Filter = Text(kGroupFilter)});
+    Text path = m_outside.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
+                                          .InitDir = m_outside.groupFolder,
+                                          .Filter = Text(TessaGroups::kFileFilter)});
     if (path.empty()) return;
-    if (!path.ends_with(kGroupExtension)) path += kGroupExtension;
-    if (!MayWrite(path)) return;
-    std::vector<TessaGroups::NumberedAddress> addresses;
-    for (const std::size_t each : TickedPages()) addresses.push_back({addresses.size() + 1, lstPages()[each].Address});
-    const bool saved = TessaGroups::Write(path, addresses) == Outcome::Done;
-    SavedGroup = SavedGroup || saved;
-    lblMessage.Caption = saved ? u"The TessaGroup has been saved." : u"The TessaGroup could not be saved.";
+    if (!path.ends_with(TessaGroups::kExtension)) path += TessaGroups::kExtension;
+    std::vector<Text> addresses;
+    for (const std::size_t each : TickedPages()) addresses.push_back(lstPages()[each].Address);
+    using TessaGroups::Saved;
+    const Saved saved = TessaGroups::Save(path, addresses, m_outside.messages);
+    if (saved == Saved::Declined) return;
+    SavedGroup = SavedGroup || saved == Saved::Yes;
+    lblMessage.Caption =
+        saved == Saved::Yes ? u"The TessaGroup has been saved." : u"The TessaGroup could not be saved.";
 }
 
 void frmSessions::cmdForget_Click() {

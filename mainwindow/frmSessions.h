@@ -71,7 +71,6 @@ private:
     void Open(const std::vector<std::size_t>& indexes);
     [[nodiscard]] SessionLine LineOf(const Session& session) const;
     [[nodiscard]] std::vector<std::size_t> TickedPages() const;
-    [[nodiscard]] bool MayWrite(const Text& path) const;
 
     SessionJournal& m_journal;
     Outside m_outside;

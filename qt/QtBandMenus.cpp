@@ -4,8 +4,11 @@
 #include "qt/QtToolActions.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QCursor>
 #include <QMenu>
+#include <QMouseEvent>
 
 QtBandMenus::~QtBandMenus() {
     for (const auto& [band, menu] : m_menus) delete menu;
@@ -17,9 +20,11 @@ QMenu* QtBandMenus::For(const Text& band) {
     menu = new QMenu(&m_window);
     menu->setObjectName(ToQt(band));
     menu->setToolTipsVisible(false);
+    menu->installEventFilter(this);
     connect(menu, &QMenu::aboutToShow, this, [this, shown = menu.data(), band] { Fill(*shown, band); });
-    connect(menu, &QMenu::aboutToHide, this, [this] {
+    connect(menu, &QMenu::aboutToHide, this, [this, hidden = menu.data()] {
         if (m_bar.MouseOver) m_bar.MouseOver(nullptr);
+        if (hidden == m_entryPopup) HideAllBut(hidden);
     });
     return menu;
 }
@@ -36,7 +41,55 @@ void QtBandMenus::Fill(QMenu& menu, const Text& name) {
         if (!subBand.empty() && !action->menu()) action->setMenu(For(subBand));
         menu.addAction(action);
     }
+    // A menu of nothing would be a speck on the screen.
+    if (menu.isEmpty()) menu.addAction(QStringLiteral("(Empty)"))->setEnabled(false);
     m_actions.Prune();
 }
 
-void QtBandMenus::Popup(Band& band) { For(band.Name())->popup(QCursor::pos()); }
+void QtBandMenus::Popup(Band& band) {
+    QMenu* menu = For(band.Name());
+    // One that pops up over another menu ends that too, whatever is chosen.
+    m_entryPopup = qobject_cast<QMenu*>(QApplication::activePopupWidget()) ? menu : nullptr;
+    menu->popup(m_entryPopup ? m_at : QCursor::pos());
+}
+
+void QtBandMenus::HideAllBut(const QMenu* hidden) {
+    for (const auto& [band, menu] : m_menus) {
+        if (menu && menu != hidden) menu->hide();
+    }
+}
+
+bool QtBandMenus::PopupFor(const QAction* action, QPoint at) {
+    const auto tool = m_actions.ToolOf(action);
+    m_at = at;
+    return tool && EntryPopup && EntryPopup(*tool);
+}
+
+bool QtBandMenus::MiddleClick(const QAction* action) {
+    const auto tool = m_actions.ToolOf(action);
+    if (!tool || !action->menu() || !EntryMiddleClick) return false;
+    auto effect = EntryMiddleClick(*tool);
+    if (!effect) return false;
+    HideAllBut(nullptr);
+    // Whatever it shows must not come up while a menu still holds mouse and keyboard.
+    QMetaObject::invokeMethod(this, std::move(effect), Qt::QueuedConnection);
+    return true;
+}
+
+bool QtBandMenus::eventFilter(QObject* watched, QEvent* event) {
+    const auto* menu = qobject_cast<QMenu*>(watched);
+    if (!menu) return QObject::eventFilter(watched, event);
+    if (event->type() == QEvent::ContextMenu) {
+        const auto* wanted = static_cast<QContextMenuEvent*>(event);
+        const bool byKey = wanted->reason() == QContextMenuEvent::Keyboard;
+        const QAction* action = byKey ? menu->activeAction() : menu->actionAt(wanted->pos());
+        const QPoint key = menu->mapToGlobal(menu->actionGeometry(menu->activeAction()).center());
+        return PopupFor(action, byKey ? key : wanted->globalPos());
+    }
+    if (event->type() == QEvent::MouseButtonRelease) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const bool middle = mouse->button() == Qt::MiddleButton;
+        return middle && MiddleClick(menu->actionAt(mouse->position().toPoint()));
+    }
+    return QObject::eventFilter(watched, event);
+}

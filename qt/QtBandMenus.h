@@ -2,9 +2,12 @@
 #include "common/CommandBar.h"
 
 #include <QObject>
+#include <QPoint>
 #include <QPointer>
+#include <functional>
 #include <unordered_map>
 
+class QAction;
 class QMenu;
 class QtToolActions;
 class QWidget;
@@ -22,14 +25,28 @@ public:
 
     /// The menu that shows a band, which may come into being later.
     QMenu* For(const Text& band);
-    /// Shows a band at the pointer.
+    /// Shows a band at the pointer; over an open menu at the entry that `EntryPopup` was called for.
     void Popup(Band& band);
+
+    /// The user asks what can be done with an entry of an open menu; false where there is nothing.
+    std::function<bool(const Tool&)> EntryPopup;
+    /// What a click with the middle button on an entry that opens a menu does; nothing for most. Called once no menu
+    /// is open any more.
+    std::function<std::function<void()>(const Tool&)> EntryMiddleClick;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Fill(QMenu& menu, const Text& band);
+    void HideAllBut(const QMenu* hidden);
+    bool PopupFor(const QAction* action, QPoint at);
+    bool MiddleClick(const QAction* action);
 
     CommandBar& m_bar;
     QtToolActions& m_actions;
     QWidget& m_window;
     std::unordered_map<Text, QPointer<QMenu>> m_menus; ///< by the band's name
+    QPointer<QMenu> m_entryPopup;                      ///< the menu that was opened over others
+    QPoint m_at;                                       ///< where on the screen it opens
 };

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] QAction* Find(TextView name) const { return m_actions.Find(name); }
     /// The box of a combo tool; nothing while no toolbar shows it.
     [[nodiscard]] QtComboBox* Box(TextView tool) const { return m_toolBars.Box(tool); }
+    /// The menus that drop down from the bar's tools.
+    [[nodiscard]] QtBandMenus& Menus() { return m_menus; }
     /// The toolbar of a band; nothing for any other band.
     [[nodiscard]] QToolBar* ToolBar(TextView band) const;
 

@@ -244,6 +244,9 @@ void QtProgram::WireWindow() {
     m->keys.Down = [&main](KeyStroke key) { return main.Form_KeyDown(key); };
     m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
     m->settings.SetReport([this](const Text& message) { m->statusBar.Notice(ToQt(message)); });
+    auto& menus = m->commandBar.Menus();
+    menus.EntryPopup = [&main](const Tool& tool) { return main.Menus.EntryPopup(tool); };
+    menus.EntryMiddleClick = [&main](const Tool& tool) { return main.Menus.EntryMiddleClick(tool); };
     m->fileDrop.Takes = GroupCommands::IsGroupFile;
     m->fileDrop.Dropped = [&main](const std::vector<Text>& files) { main.Groups.OpenTessaGroups(files); };
     m->channel.Foreground = [this](const QByteArray& token) { m->window.BringToForeground(token); };
@@ -299,7 +302,7 @@ void QtProgram::ListTabs(QPoint corner) {
 
 void QtProgram::WireStartPage() {
     m->engine.StartPage = [this] {
-        StartContent content = StartPage::Read(m->main.Platform.groupFolder, {});
+        StartContent content = StartPage::Read(m->main.Platform.groupFolder, m->main.Platform.favoritesFolder);
         content.Dark = m->window.palette().color(QPalette::Window).lightnessF() < 0.5F;
         return StartPage::Html(content);
     };

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QPixmap>
+#include <algorithm>
 
 namespace {
 
@@ -69,6 +70,12 @@ QAction* QtToolActions::Find(TextView name) const {
     const Tool* tool = m_bar.Find(name);
     const auto found = m_shown.find(tool);
     return found == m_shown.end() ? nullptr : found->second.action;
+}
+
+std::shared_ptr<Tool> QtToolActions::ToolOf(const QAction* action) const {
+    const auto found =
+        std::ranges::find_if(m_shown, [action](const auto& each) { return each.second.action == action; });
+    return found == m_shown.end() ? nullptr : found->second.tool;
 }
 
 void QtToolActions::Prune() {

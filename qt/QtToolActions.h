@@ -20,6 +20,8 @@ public:
     QAction* For(const std::shared_ptr<Tool>& tool);
     /// The action of the first tool of that name; nothing when no band and no menu has shown it yet.
     [[nodiscard]] QAction* Find(TextView name) const;
+    /// The tool that an action shows; nothing for an action of someone else.
+    [[nodiscard]] std::shared_ptr<Tool> ToolOf(const QAction* action) const;
     /// Forgets the actions of tools that nobody else holds.
     void Prune();
     /// Looks all pictures up again, in the theme that is now chosen. Until it is first called there are none: looking

@@ -51,6 +51,17 @@ TEST_F(BookmarkCommandsTest, AFolderBecomesAGroupAndReplacesNone) {
     EXPECT_TRUE(m_desk.main.Commands.groupsMenuStale);
 }
 
+TEST_F(BookmarkCommandsTest, NamesAndAddressesOfAHostileFileStayWithinTheirFiles) {
+    Choose("<DL><DT><H3>../../evil</H3><DL><DT><A HREF='http://a/&#13;&#10;url9=http://b/\n[x]'>A\n/../B</A></DL>"
+           "<DT><H3>..</H3><DL><DT><A HREF='http://c/'>..</A></DL></DL>");
+    m_desk.Click(u"xtrImportTessaGroups");
+    EXPECT_EQ(Group("-..-evil"), "http://a/url9=http://b/[x] ");
+    EXPECT_EQ(Group("Page"), "http://c/ ");
+    m_desk.Click(u"xtrImportFavorites");
+    EXPECT_EQ(Favorites::Items(m_favorites.PathText("-..-evil")).at(0).Title, u"A -..-B");
+    EXPECT_EQ(Favorites::Items(m_favorites.PathText("Page")).at(0).Path, m_favorites.PathText("Page/Page.url"));
+}
+
 TEST_F(BookmarkCommandsTest, AFileWithoutBookmarksChangesNothingAndSaysSo) {
     Choose("<html>nothing");
     m_desk.Click(u"xtrImportFavorites");

@@ -206,7 +206,8 @@ TEST_F(DesignTimeBarTest, EveryBandHasItsCaptionAndItsToolsInOrder) {
         ++designed;
     }
     std::size_t own = 0;
-    for (const TextView ours : {u"bndMore", u"bndMoreMenu", u"bndTabMore", u"bndMoreBookmarks"})
+    for (const TextView ours : {u"bndMore", u"bndMoreMenu", u"bndTabMore", u"bndMoreBookmarks", u"bndFavoriteFolder",
+                                u"bndFavoriteLink", u"bndGroupEntry"})
         own += bar.FindBand(ours) ? 1 : 0;
     EXPECT_EQ(bar.Bands().size(), designed + own);
 }

@@ -84,6 +84,14 @@ TEST_F(FavoriteCommandsTest, AWholeFolderOpensButForWhatAsksOrRuns) {
     EXPECT_EQ(m_desk.Status(), "Favorites that do not lead to the web were not opened.");
 }
 
+TEST_F(FavoriteCommandsTest, TheStatusBarCountsThePagesOfAFolderToo) {
+    for (int i = 0; i < 6; ++i) Add(Decimal(i), u"http://a/");
+    m_desk.main.Favorite.OpenAll(m_root);
+    EXPECT_EQ(m_desk.Status(), "0 of 6 pages loaded");
+    m_desk.PageLoads(2, u"http://a/", u"A");
+    EXPECT_EQ(m_desk.Status(), "1 of 6 pages loaded");
+}
+
 TEST_F(FavoriteCommandsTest, VeryManyTabsAreAskedAbout) {
     for (int i = 0; i < 31; ++i) Add(Decimal(i), u"http://a/");
     m_desk.messages.answer = Answer::No;

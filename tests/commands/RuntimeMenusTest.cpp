@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 class RuntimeMenusTest : public testing::Test {
 protected:
     TemporaryFolder m_favorites, m_groups;
-    Desk m_desk;
+    mutable Desk m_desk;
     CommandBar& m_bar = m_desk.main.actBar;
 
     void SetUp() override {
@@ -48,6 +48,17 @@ protected:
         return all;
     }
     std::string OpenedFolder(const std::string& name) const { return Opened(u"zzz" + m_favorites.PathText(name)); }
+    /// The tools of the band that an entry pops up; nothing when it pops up none.
+    std::string PopupOf(const Tool& tool) const {
+        std::string all;
+        m_bar.Attach({.Popup = [&](Band& band) {
+            for (const BandEntry& entry : band.Entries()) all += (all.empty() ? "" : " ") + ToUtf8(entry.Item->Name());
+        }});
+        const bool popped = m_desk.main.Menus.EntryPopup(tool);
+        EXPECT_EQ(popped, !all.empty());
+        m_bar.Attach({});
+        return all;
+    }
     Tool& Entry(const Text& band, std::size_t position) const {
         return *m_bar.FindBand(band)->Entries().at(position).Item;
     }
@@ -117,6 +128,74 @@ TEST_F(RuntimeMenusTest, AClickOnAFolderDoesNothing) {
     m_bar.UserClick(Entry(u"bndFavorites", 2));
     EXPECT_EQ(m_desk.Strip(), "[1*]");
     EXPECT_EQ(m_desk.views.Calls(1), "");
+}
+
+TEST_F(RuntimeMenusTest, AFolderPopsUpWhatToDoWithItsPages) {
+    FavoriteFolder("news");
+    Favorite("news/a", "http://a/");
+    Favorite("news/b", "http://b/");
+    Opened(u"bndFavorites");
+    EXPECT_EQ(PopupOf(Entry(u"bndFavorites", 2)), "xtrFolderOpen xtrFolderSave");
+    m_desk.Click(u"xtrFolderOpen");
+    EXPECT_EQ(m_desk.Strip(), "1 2 [3*]");
+    m_desk.files.chosen = m_groups.PathText("news.tvg");
+    m_desk.Click(u"xtrFolderSave");
+    EXPECT_EQ(m_desk.Status(), "The TessaGroup has been saved.");
+    EXPECT_EQ(m_groups.Read("news.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
+}
+
+TEST_F(RuntimeMenusTest, AMiddleClickOnAFolderOpensItsPages) {
+    FavoriteFolder("news");
+    Favorite("news/a", "http://a/");
+    Opened(u"bndFavorites");
+    const auto effect = m_desk.main.Menus.EntryMiddleClick(Entry(u"bndFavorites", 2));
+    ASSERT_TRUE(effect);
+    effect();
+    EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://a/");
+    EXPECT_FALSE(m_desk.main.Menus.EntryMiddleClick(Entry(u"bndFavorites", 0)));
+}
+
+TEST_F(RuntimeMenusTest, AnEmptyFolderHasNothingToOpenOrSaveAndItSaysSo) {
+    FavoriteFolder("news");
+    Opened(u"bndFavorites");
+    PopupOf(Entry(u"bndFavorites", 2));
+    for (const TextView tool : {u"xtrFolderOpen", u"xtrFolderSave"}) {
+        m_desk.main.sbStatus.SimpleText = u"";
+        m_desk.files.chosen = m_groups.PathText("news.tvg");
+        m_desk.Click(tool);
+        EXPECT_EQ(m_desk.Status(), "There are no pages in that folder.");
+    }
+    EXPECT_EQ(m_groups.Files(), 0U);
+}
+
+TEST_F(RuntimeMenusTest, ALinkPopsUpToOpenInANewTab) {
+    Favorite("a", "http://a/");
+    Favorite("b", "javascript:b");
+    Opened(u"bndFavorites");
+    EXPECT_EQ(PopupOf(Entry(u"bndFavorites", 2)), "xtrLinkNewTab");
+    m_desk.Click(u"xtrLinkNewTab");
+    EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://a/");
+    PopupOf(Entry(u"bndFavorites", 3));
+    m_desk.Click(u"xtrLinkNewTab");
+    EXPECT_EQ(m_desk.Strip(), "1 [2*]") << "a script is not opened there either";
+}
+
+TEST_F(RuntimeMenusTest, AGroupPopsUpToBeOpenedOrOrganized) {
+    Group("g");
+    Opened(u"bndTessaGroupsMenu");
+    EXPECT_EQ(PopupOf(Entry(u"bndTessaGroupsMenu", 3)), "xtrGroupOpen xtrGroupOrganize");
+    m_desk.Click(u"xtrGroupOpen");
+    EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://1/");
+    Text edited;
+    m_desk.inTessaGroup = [&](frmTessaGroup& form) { edited = form.lblTessaGroupName.Caption(); };
+    m_desk.Click(u"xtrGroupOrganize");
+    EXPECT_EQ(edited, u"g.tvg");
+}
+
+TEST_F(RuntimeMenusTest, OtherEntriesPopUpNothing) {
+    EXPECT_EQ(PopupOf(*m_bar.Find(u"mnuAddToFavorites")), "");
+    EXPECT_EQ(PopupOf(*m_bar.Find(u"mnuFile")), "");
+    EXPECT_EQ(PopupOf(Tool(100000, u"http://a/")), "") << "links that were counted out of their range are none";
 }
 
 TEST_F(RuntimeMenusTest, AShortcutNamedLikeAShopLinkIsOne_Deliberate) {

@@ -20,12 +20,6 @@ NOT_SAVED = "The settings could not be saved."
 NOT_READ = "The settings could not be read."
 
 
-def status_now(program):
-    """The text in the status bar, as a screen reader finds it."""
-    bar = program.find_now("status bar", "Status")
-    return bar.description if bar else None
-
-
 def address_now(program):
     """The text in the address box."""
     box = program.find_now("text", "Address")
@@ -135,7 +129,7 @@ class BadInput(unittest.TestCase):
     # -- where it has to live
 
     def wait_status(self, program, text):
-        desk.wait_until(lambda: text in (status_now(program) or ""), what=lambda: f"status is {status_now(program)!r}")
+        desk.wait_until(lambda: text in (program.status() or ""), what=lambda: f"status is {program.status()!r}")
 
     def test_damaged_settings_are_put_aside_and_it_says_so(self):
         garbage = os.urandom(10_000) + b"\x00"

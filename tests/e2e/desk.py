@@ -52,6 +52,10 @@ def is_showing(node):
     return node.getState().contains(pyatspi.STATE_SHOWING)
 
 
+def is_focused(node):
+    return node.getState().contains(pyatspi.STATE_FOCUSED)
+
+
 class Program:
     """One start of the program. Use it in a `with`: it is ended at the end of the block if it still runs."""
 
@@ -169,6 +173,11 @@ class Program:
         except Exception as error:
             return f"nothing ({error})"
 
+    def status(self):
+        """The text in the status bar, as a screen reader finds it."""
+        bar = self.find_now("status bar", "Status")
+        return bar.description if bar else None
+
     # -- what a person does
 
     def press(self, role, name):
@@ -207,6 +216,17 @@ class Program:
 
 def xdotool(*arguments):
     return subprocess.run(["xdotool", *arguments], capture_output=True, text=True).stdout.strip()
+
+
+def click(node, button=1):
+    """Clicks into the middle of something on the screen, once it has a place there."""
+
+    def place():
+        box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        return box.width > 0 and box.x >= 0 and (box.x + box.width // 2, box.y + box.height // 2)
+
+    x, y = wait_until(place, what="it has no place on the screen")
+    xdotool("mousemove", str(x), str(y), "click", str(button))
 
 
 def press_node(node):

@@ -34,6 +34,7 @@ void FakeView::SetMuted(bool value) {
 Outcome FakeView::Stop() {
     calls.emplace_back("stop");
     busy = false;
+    if (stopped) stopped();
     return refuses ? Outcome::Failed : Outcome::Done;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 #include "common/platform/BrowserView.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -44,7 +45,8 @@ public:
     bool busy = false;
     bool visible = false;
     bool tabStop = true;
-    bool refuses = false; ///< every call that can fail does
+    bool refuses = false;          ///< every call that can fail does
+    std::function<void()> stopped; ///< what a page does when it is stopped
     bool hasDocument = true;
     int zoom = 2;
     bool audible = false;

@@ -1,5 +1,6 @@
 #include "favorites/Favorites.h"
 
+#include "tests/fakes/NoRights.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -142,6 +143,22 @@ TEST_F(FavoritesTest, AFolderThatIsMissingOrNoneListsNothing) {
     EXPECT_EQ(Scanned("missing"), "");
     EXPECT_EQ(Scanned("file"), "");
     EXPECT_EQ(Favorites::List(u"").Shortcuts.Count(), 0U);
+}
+
+TEST_F(FavoritesTest, WhatMayNotBeReadIsAnEmptyFolderAndALinkToNowhere) {
+    MakeFolder("secret");
+    Put("secret/page.url");
+    Put("closed.url");
+    fs::permissions(m_folder.Path("secret"), fs::perms::none);
+    fs::permissions(m_folder.Path("closed.url"), fs::perms::none);
+    {
+        const NoRights none;
+        EXPECT_EQ(Scanned("secret"), "");
+        EXPECT_EQ(Scanned(), "| -1 secret , 50000 closed ");
+        EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("closed.url")), u"");
+    }
+    EXPECT_EQ(Favorites::List(Text(70'000, u'x')).Folders.Count(), 0U);
+    EXPECT_EQ(Favorites::List(Text(u"a\0b", 3)).Folders.Count(), 0U);
 }
 
 TEST_F(FavoritesTest, AShortcutThatCannotBeReadIsListedWithoutAnAddress) {

@@ -177,6 +177,7 @@ TEST_F(ManyPages, StopAllStopsEveryPageAndNamesThoseThatHadNotBegun) {
     for (int index = 1; index <= 6; ++index) desk.views.Calls(index);
     desk.views.At(4).location = u"http://4/";
     desk.main.sbStatus.StopAll.Click();
+    EXPECT_EQ(desk.Status(), "Stopped: 1 of 5 pages loaded");
     for (int index = 1; index <= 6; ++index) EXPECT_EQ(desk.views.Calls(index), "stop") << index;
     EXPECT_FALSE(StopOffered());
     EXPECT_EQ(desk.main.pcPage.Find(u"Tab2")->Caption(), u"x");
@@ -184,6 +185,16 @@ TEST_F(ManyPages, StopAllStopsEveryPageAndNamesThoseThatHadNotBegun) {
     desk.main.sbStatus.SimpleText = u"";
     Loads(3);
     EXPECT_EQ(desk.Status(), "") << "nothing is counted any more";
+}
+
+TEST_F(ManyPages, PagesThatSayThatTheyAreDoneBecauseTheyWereStoppedAreNotCounted) {
+    Open(6);
+    for (int index = 2; index <= 7; ++index)
+        desk.views.At(index).stopped = [this, index] {
+            desk.views.At(index).events.DocumentComplete(static_cast<std::int16_t>(index), PageLevel::Top, u"");
+        };
+    desk.main.Groups.StopAll();
+    EXPECT_EQ(desk.Status(), "Stopped: 0 of 6 pages loaded");
 }
 
 TEST_F(ManyPages, StopAllIsACommandToo) {
@@ -248,6 +259,18 @@ TEST_F(GroupMenu, AFullDiskLeavesTheGroupAndIsSaidInTheStatusBar) {
     Click(u"mnuSaveAsTessaGroup", "Folder.tvg");
     EXPECT_EQ(desk.Status(), "The TessaGroup Folder could not be written.");
     EXPECT_EQ(Files(), 2u);
+}
+
+TEST_F(GroupMenu, AFileFarTooLongForAGroupIsReadInPartAndNeverCut) {
+    Write("Huge.tvg", "[TessaGroup]\r\nurl1=http://a/\r\n");
+    constexpr std::uintmax_t kTerabyte = std::uintmax_t{1} << 40;
+    std::filesystem::resize_file(Path("Huge.tvg"), kTerabyte);
+    desk.StartWithTabs(1);
+    desk.main.OpenTessaGroup(PathText("Huge.tvg"));
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://a/");
+    desk.main.AddToTessaGroup(u"http://page/", PathText("Huge.tvg"));
+    EXPECT_EQ(desk.Status(), "The TessaGroup Huge could not be written.");
+    EXPECT_EQ(std::filesystem::file_size(Path("Huge.tvg")), kTerabyte);
 }
 
 TEST_F(GroupMenu, SaveWritesAllTabs) {

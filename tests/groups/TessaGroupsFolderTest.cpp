@@ -1,4 +1,5 @@
 #include "groups/TessaGroups.h"
+#include "tests/fakes/NoRights.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -70,6 +71,17 @@ TEST_F(GroupFolder, AMissingOrUnreadableFolderIsAnEmptyList) {
     EXPECT_EQ(TessaGroups::List(PathText("file") + u"/").Count(), 0u);
     EXPECT_EQ(TessaGroups::List(Text(u"a\0b/", 4)).Count(), 0u);
     EXPECT_EQ(TessaGroups::List(Text(70'000, u'x')).Count(), 0u);
+}
+
+TEST_F(GroupFolder, AFolderThatMayNotBeReadIsAnEmptyList) {
+    Groups({"a.tvg"});
+    fs::create_directory(Path("closed"));
+    Write("closed/b.tvg", "");
+    fs::permissions(Path("closed"), fs::perms::none);
+    const NoRights none;
+    EXPECT_EQ(Names(), "a");
+    folder = PathText("closed/");
+    EXPECT_EQ(Names(), "");
 }
 
 TEST_F(GroupFolder, LinksAreFollowedAndLoopsLeftOut) {

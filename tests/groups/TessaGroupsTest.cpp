@@ -2,7 +2,9 @@
 
 #include "tests/fakes/TemporaryFolder.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace {
 
@@ -73,6 +75,26 @@ TEST(TessaGroups, GarbageAndAMillionKeysAreRead) {
     for (int i = 0; i < 1'000'000; ++i) keys += "k=" + std::to_string(i) + "\n";
     folder.Write("a.tvg", keys);
     EXPECT_EQ(TessaGroups::Load(folder.PathText("a.tvg")).Count(), 8191u);
+}
+
+TEST(TessaGroups, AFileThatIsWrittenWhileItIsReadGivesWhatItHasOrHad) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.tvg", "");
+    std::atomic<bool> done = false;
+    // Another program that writes its files in place, in pieces.
+    std::thread writer([&] {
+        for (int round = 0; !done; ++round) {
+            std::ofstream file(path, std::ios::binary | std::ios::trunc);
+            file << "[TessaGroup]\r\n";
+            for (int i = 0; i < 100 + round % 900; ++i) file << "url" << i << "=http://page/\r\n" << std::flush;
+        }
+    });
+    for (int round = 0; round < 300; ++round) {
+        for (const auto& each : TessaGroups::Load(FromBytes(path)))
+            EXPECT_TRUE(TextView(u"http://page/").starts_with(each.Key)) << ToUtf8(each.Key);
+    }
+    done = true;
+    writer.join();
 }
 
 TEST(TessaGroups, TextIsUtf8WhenItIsValidElseWindows1252) {

@@ -81,6 +81,81 @@ TEST_F(QtCommandBarTest, AnAccessKeyOpensItsMenu) {
     EXPECT_EQ(clicked, "mnuViewStatusbar;");
 }
 
+/// An open menu with a folder in it, and what its entries have been asked.
+class QtEntryMenuTest : public QtCommandBarTest {
+protected:
+    void SetUp() override {
+        QtCommandBarTest::SetUp();
+        AddTool(u"folder", u"Folder")->SubBand = u"zzzfolder";
+        AddTool(u"xtrFolderOpen", u"&Open");
+        AddBand(u"zzzfolder", BandKind::Popup, {});
+        AddBand(u"bndFavoriteFolder", BandKind::Popup, {u"xtrFolderOpen"});
+        bar.FindBand(u"bndFileMenu")->Append(bar.Share(u"folder"));
+        shown->Menus().EntryPopup = [this](const Tool& tool) {
+            const bool pops = tool.Name() == u"folder";
+            if (pops) bar.Popup(u"bndFavoriteFolder");
+            return pops;
+        };
+        shown->Menus().EntryMiddleClick = [this](const Tool& tool) {
+            return [this, name = ToUtf8(tool.Name())] { clicked += "middle " + name + ";"; };
+        };
+        menu = window.menuBar()->actions().constFirst()->menu();
+        menu->popup(window.mapToGlobal(QPoint(0, 30)));
+    }
+    [[nodiscard]] QPoint Place(TextView tool) const { return menu->actionGeometry(shown->Find(tool)).center(); }
+    /// Asks for the pop-up of an entry with the mouse; the menu that came up, if any.
+    QMenu* RightClick(TextView tool) const {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, Place(tool), menu->mapToGlobal(Place(tool)));
+        QApplication::sendEvent(menu, &event);
+        auto* top = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        return top == menu ? nullptr : top;
+    }
+    QMenu* menu = nullptr;
+};
+
+TEST_F(QtEntryMenuTest, AnEntryPopsUpWhatToDoWithItAndThenAllMenusClose) {
+    QMenu* popup = RightClick(u"folder");
+    ASSERT_NE(popup, nullptr);
+    EXPECT_TRUE(menu->isVisible());
+    QTest::keyClick(popup, Qt::Key_O);
+    EXPECT_EQ(clicked, "xtrFolderOpen;");
+    EXPECT_FALSE(menu->isVisible());
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(QtEntryMenuTest, AnEntryWithoutACommandOfItsOwnPopsUpNothing) {
+    EXPECT_EQ(RightClick(u"mnuGoBack"), nullptr);
+    EXPECT_TRUE(menu->isVisible());
+}
+
+TEST_F(QtEntryMenuTest, AnEntryPopsUpByKeyboard) {
+    menu->setActiveAction(shown->Find(u"folder"));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {});
+    QApplication::sendEvent(menu, &event);
+    EXPECT_NE(QApplication::activePopupWidget(), menu);
+}
+
+TEST_F(QtEntryMenuTest, AMiddleClickOnAMenusEntryRunsOnceAllMenusHaveClosed) {
+    QTest::mouseClick(menu, Qt::MiddleButton, {}, Place(u"folder"));
+    EXPECT_EQ(clicked, "") << "not while a menu is open";
+    EXPECT_FALSE(menu->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return clicked == "middle folder;"; }));
+}
+
+TEST_F(QtEntryMenuTest, AMenuOfNothingSaysSo) {
+    QMenu* below = shown->Find(u"folder")->menu();
+    below->popup({});
+    ASSERT_EQ(below->actions().size(), 1);
+    EXPECT_EQ(below->actions().constFirst()->text(), QStringLiteral("(Empty)"));
+    EXPECT_FALSE(below->actions().constFirst()->isEnabled());
+    below->close();
+    bar.FindBand(u"zzzfolder")->Append(bar.Share(u"mnuStop"));
+    below->popup({});
+    ASSERT_EQ(below->actions().size(), 1);
+    EXPECT_EQ(below->actions().constFirst()->objectName(), QStringLiteral("mnuStop"));
+    below->close();
+}
+
 TEST_F(QtCommandBarTest, ToolsGoOnWithoutTheirView) {
     shown.reset();
     back->Enabled = false;

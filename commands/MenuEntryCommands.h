@@ -1,0 +1,21 @@
+#pragma once
+#include "commands/CommandTable.h"
+
+/// Commands of the pop-ups that entries of the Favorites and TessaGroups menus have. They work on the entry that the
+/// pop-up was opened on.
+namespace MenuEntryCommands {
+
+/// The band that pops up for a tool of those menus, and what it is opened on; an empty band for every other tool.
+struct Entry {
+    TextView band;
+    TextView target;
+};
+[[nodiscard]] Entry EntryOf(const Tool& tool);
+
+void OpenFolder(CommandContext& context);
+void SaveFolder(CommandContext& context);
+void OpenLink(CommandContext& context);
+void OpenGroup(CommandContext& context);
+void OrganizeGroup(CommandContext& context);
+
+} // namespace MenuEntryCommands

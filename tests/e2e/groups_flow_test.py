@@ -1,0 +1,119 @@
+"""A TessaGroup's life: saved from the open tabs, opened after a restart, reordered in the editor, opened again."""
+
+import configparser
+import os
+import signal
+import unittest
+
+import desk
+
+PROGRAM = desk.program_file()
+TITLES = ("One", "Two", "Three", "Four")
+
+
+def addresses_in(file):
+    """The addresses of a group as any program that knows INI files reads them; nothing while there is no such file."""
+    group = configparser.ConfigParser(interpolation=None)
+    group.read(file, encoding="utf-8")
+    return list(group["TessaGroup"].values()) if group.has_section("TessaGroup") else None
+
+
+class GroupsFlow(unittest.TestCase):
+    def setUp(self):
+        self.home = desk.state_folder()
+        self.pages = desk.PageServer()
+        self.pages.__enter__()
+        self.addCleanup(self.pages.__exit__)
+        self.file = os.path.join(self.home, "TessaGroups", "Four.tvg")
+
+    def start(self, *arguments):
+        return desk.Program(PROGRAM, *arguments, home=self.home)
+
+    def wait_addresses(self, *titles):
+        expected = [self.pages.address(title) for title in titles]
+        desk.wait_until(lambda: addresses_in(self.file) == expected, what=lambda: f"group has {addresses_in(self.file)}")
+
+    def choose(self, program, entry):
+        """Opens the TessaGroups menu by its access key and chooses an entry."""
+        program.keys("alt+t")
+        program.press("menu item", entry)
+
+    def name_file(self, program, title):
+        """Types a name into the file dialog of that title and accepts it."""
+        program.find("dialog", title)
+        desk.wait_until(lambda: desk.xdotool("getactivewindow", "getwindowname") == title, what=f"{title} is not active")
+        desk.xdotool("type", "Four.tvg")
+        desk.wait_until(lambda: self.typed(program) == "Four.tvg", what=lambda: f"typed: {self.typed(program)!r}")
+        desk.xdotool("key", "Return")
+
+    def typed(self, program):
+        for node in desk.walk(program.application()):
+            if node.getRoleName() == "text" and desk.is_focused(node):
+                return node.queryText().getText(0, -1)
+        return None
+
+    def entries(self, program):
+        """The addresses that the editor shows, by the titles of their pages."""
+        items = [node.name for node in desk.walk(program.find("list", "Addresses")) if node.getRoleName() == "list item"]
+        return [item.rsplit("/", 1)[-1] for item in items]
+
+    def save_four_tabs(self):
+        with self.start(self.pages.address("One")) as program:
+            program.wait_strip(["[One]"])
+            for position in range(1, len(TITLES)):
+                with self.start(self.pages.address(TITLES[position])) as second:
+                    self.assertEqual(second.wait_end(), 0)
+                program.wait_strip([*TITLES[:position], f"[{TITLES[position]}]"])
+            self.choose(program, "Save as TessaGroup...")
+            self.name_file(program, "Save as TessaGroup")
+            self.wait_addresses(*TITLES)
+            self.assertEqual(program.status(), "Saved as the TessaGroup Four.")
+            program.process.send_signal(signal.SIGTERM)
+            self.assertEqual(program.wait_end(), 0)
+
+    def test_four_tabs_are_saved_opened_reordered_and_opened_again(self):
+        self.save_four_tabs()
+        with self.start("about:blank") as program:
+            program.wait_strip(["[about:blank]"])
+            self.choose(program, "Four")
+            program.wait_strip(["about:blank", "One", "Two", "Three", "[Four]"])
+
+            self.choose(program, "Organize TessaGroups...")
+            self.name_file(program, "Organize TessaGroup")
+            desk.wait_until(lambda: self.entries(program) == list(TITLES), what=lambda: f"{self.entries(program)}")
+            # By keyboard: the first address two places down, the last one to be moved up.
+            desk.xdotool("key", "ctrl+Down", "ctrl+Down", "End", "ctrl+Up")
+            reordered = ["Two", "Three", "Four", "One"]
+            desk.wait_until(lambda: self.entries(program) == reordered, what=lambda: f"{self.entries(program)}")
+            desk.xdotool("key", "Return")
+            self.wait_addresses(*reordered)
+            with open(self.file, encoding="utf-8") as group:
+                self.assertIn("url0=" + self.pages.address("Two"), group.read().split("\n"))
+
+            self.choose(program, "Four")
+            program.wait_strip(["about:blank", "One", "Two", "Three", "Four", "Two", "Three", "Four", "[One]"])
+
+    def test_an_entry_of_the_menu_pops_up_its_own_commands(self):
+        desk.write_group(self.group_of("News"), [self.pages.address("One"), self.pages.address("Two")])
+        with self.start("about:blank") as program:
+            program.wait_strip(["[about:blank]"])
+            program.keys("alt+t")
+            desk.click(program.find("menu item", "News"), button=3)
+            program.press("menu item", "Organize...")
+            program.find("list", "Addresses")
+            self.assertEqual(self.entries(program), ["One", "Two"])
+            desk.xdotool("key", "Escape")
+            desk.wait_until(lambda: program.find_now("list", "Addresses") is None, what="the editor did not close")
+            program.keys("alt+t")
+            desk.click(program.find("menu item", "News"), button=3)
+            program.press("menu item", "Open")
+            program.wait_strip(["about:blank", "One", "[Two]"])
+
+    def group_of(self, name):
+        folder = os.path.join(self.home, "TessaGroups")
+        os.makedirs(folder, exist_ok=True)
+        return os.path.join(folder, name + ".tvg")
+
+
+if __name__ == "__main__":
+    desk.main()

@@ -1,0 +1,20 @@
+#pragma once
+#include <unistd.h>
+
+/// While this object lives, files that nobody may read cannot be read, also when the tests run as root.
+class NoRights {
+public:
+    NoRights() {
+        if (m_before == 0) m_changed = ::seteuid(kNobody) == 0;
+    }
+    ~NoRights() {
+        if (m_changed) (void)!::seteuid(m_before);
+    }
+    NoRights(const NoRights&) = delete;
+    NoRights& operator=(const NoRights&) = delete;
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    uid_t m_before = ::geteuid();
+    bool m_changed = false;
+};
