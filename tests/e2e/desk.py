@@ -198,6 +198,35 @@ class Program:
             lambda: self.process.poll() is not None or self.message_now() is None, what="the message box did not close"
         )
 
+    def windows_shown(self):
+        """How many windows of the program the X server shows, its menus among them."""
+        command = ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)]
+        return len(subprocess.run(command, capture_output=True, text=True).stdout.split())
+
+    def selected_entry(self):
+        """The entry of the innermost open menu that is selected; nothing while none is."""
+        entries = [node for node in walk(self.application()) if node.getRoleName() == "menu item" and is_focused(node)]
+        return entries[-1].name if entries else None
+
+    def go_down_to(self, entry):
+        """Goes down in the open menu, key by key, until an entry is selected."""
+        self.find("menu item", entry)
+        while (before := self.selected_entry()) != entry:
+            xdotool("key", "Down")
+            wait_until(lambda: self.selected_entry() != before, what=lambda: f"Down stays on {before}")
+
+    def wait_menu(self, opens):
+        """Waits until what `opens` does has brought up one more menu."""
+        before = self.windows_shown()
+        opens()
+        wait_until(lambda: self.windows_shown() > before, what="no menu came up")
+
+    def menu_of(self, entry, key):
+        """Clicks a menu's entry with the right button and presses a key of the menu that comes up."""
+        node = self.find("menu item", entry)
+        self.wait_menu(lambda: click(node, button=3))
+        xdotool("key", key)
+
     def focus(self):
         """Makes the main window the one that gets the keys, and waits until it is."""
         window = self.window_id()
@@ -227,6 +256,8 @@ def click(node, button=1):
 
     x, y = wait_until(place, what="it has no place on the screen")
     xdotool("mousemove", str(x), str(y), "click", str(button))
+    # Left where it is, the pointer would choose in the next menu that opens under it.
+    xdotool("mousemove", "0", "0")
 
 
 def press_node(node):

@@ -8,6 +8,24 @@ import desk
 PROGRAM = desk.program_file()
 
 
+BOOKMARKS = """<!DOCTYPE NETSCAPE-Bookmark-file-1>
+<!-- This is an automatically generated file. -->
+<META HTTP-EQUIV="Content-Type" CONTENT="text/html; charset=UTF-8">
+<TITLE>Bookmarks</TITLE>
+<H1>Bookmarks</H1>
+<DL><p>
+    <DT><H3 ADD_DATE="1700000000" LAST_MODIFIED="0" PERSONAL_TOOLBAR_FOLDER="true">Flowers &amp; trees</H3>
+    <DL><p>
+        <DT><A HREF="{rose}" ADD_DATE="1700000000" ICON="data:image/png;base64,AAAA">Rose</A>
+        <DD>Red, mostly
+        <HR>
+        <DT><A HREF="{oak}" ADD_DATE="1700000000" TAGS="a,b">Oak</A>
+        <DT><A HREF="javascript:alert(1)">Not a page</A>
+    </DL><p>
+</DL><p>
+"""
+
+
 def add(folder, name, address):
     os.makedirs(folder, exist_ok=True)
     with open(os.path.join(folder, name + ".url"), "w", newline="\r\n", encoding="utf-8") as file:
@@ -25,11 +43,11 @@ class FavoritesMenu(unittest.TestCase):
                 program.window()
                 # By keyboard: the menu, past its two commands to the folder, into it and into the one below.
                 program.keys("alt+a")
-                program.find("menu item", "Start")
-                program.keys("Down", "Down", "Down", "Right")
-                program.keys("Right")
-                program.find("menu item", "Red & white")
-                program.keys("Return")
+                for folder in ("Garden", "Roses"):
+                    program.go_down_to(folder)
+                    desk.xdotool("key", "Right")
+                program.go_down_to("Red & white")
+                desk.xdotool("key", "Return")
                 program.wait_strip(["[Rose]"])
 
     def test_a_link_that_is_copied_into_the_folder_shows_at_the_next_opening(self):
@@ -50,6 +68,58 @@ class FavoritesMenu(unittest.TestCase):
                 return found
 
             desk.wait_until(shown, what="the new link did not show")
+
+    def test_a_folder_opens_whole_from_its_entry(self):
+        home = desk.state_folder()
+        with desk.PageServer() as pages:
+            for title in ("Oak", "Pine"):
+                add(os.path.join(home, "Favorites", "Trees"), title, pages.address(title))
+            with desk.Program(PROGRAM, "about:blank", home=home) as program:
+                program.wait_strip(["[about:blank]"])
+                program.keys("alt+a")
+                program.menu_of("Trees", "o")
+                program.wait_strip(["about:blank", "Oak", "[Pine]"])
+                program.keys("alt+a")
+                desk.click(program.find("menu item", "Trees"), button=2)
+                program.wait_strip(["about:blank", "Oak", "Pine", "Oak", "[Pine]"])
+
+    def test_a_page_is_added_and_opens_in_a_tab_of_its_own_with_the_middle_button(self):
+        home = desk.state_folder()
+        with desk.PageServer() as pages:
+            with desk.Program(PROGRAM, pages.address("Garden"), home=home) as program:
+                program.wait_strip(["[Garden]"])
+                program.keys("ctrl+d")
+                program.find("dialog", "Add to Favorites")
+                desk.xdotool("key", "Return")
+                file = os.path.join(home, "Favorites", "Garden.url")
+                desk.wait_until(lambda: os.path.exists(file), what="no shortcut was written")
+                program.keys("alt+a")
+                desk.click(program.find("menu item", "Garden"), button=2)
+                program.wait_strip(["Garden", "[Garden]"])
+
+    def test_bookmarks_of_another_browser_come_in_with_their_folders(self):
+        home = desk.state_folder()
+        file = os.path.join(home, "bookmarks.html")
+        with desk.PageServer() as pages, open(file, "w", encoding="utf-8") as bookmarks:
+            bookmarks.write(BOOKMARKS.format(rose=pages.address("Rose"), oak=pages.address("Oak")))
+            bookmarks.close()
+            with desk.Program(PROGRAM, "about:blank", home=home) as program:
+                program.wait_strip(["[about:blank]"])
+                more = program.find("push button", "More")
+                program.wait_menu(lambda: desk.click(more))
+                program.wait_menu(lambda: desk.xdotool("key", "i"))
+                desk.xdotool("key", "f")
+                program.find("dialog", "Import Favorites")
+                desk.wait_until(lambda: desk.xdotool("getactivewindow", "getwindowname") == "Import Favorites")
+                desk.xdotool("type", file)
+                desk.xdotool("key", "Return")
+                desk.wait_until(lambda: program.status() == "2 Favorites were added.", what=program.status)
+                program.keys("alt+a")
+                program.go_down_to("Flowers & trees")
+                desk.xdotool("key", "Right")
+                program.go_down_to("Rose")
+                desk.xdotool("key", "Return")
+                program.wait_strip(["[Rose]"])
 
 
 if __name__ == "__main__":
