@@ -8,6 +8,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLayout>
+#include <QOpenGLWidget>
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
@@ -17,6 +18,11 @@ QRect VirtualScreen() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen ? screen->virtualGeometry() : QRect();
 }
+
+// The engine's widgets are painted by the graphics card. A window that learns of that when it is on the screen already
+// is taken away and made anew; with such a widget in it, never shown and so for nothing, it is made for them at once.
+void ExpectEngine(QWidget& area) { (new QOpenGLWidget(&area))->hide(); }
+
 } // namespace
 
 QtMainWindow::QtMainWindow() : m_inner(new QWidget), m_fullScreen(*this, *m_inner) {
@@ -24,6 +30,7 @@ QtMainWindow::QtMainWindow() : m_inner(new QWidget), m_fullScreen(*this, *m_inne
     setWindowIcon(QtIcons::Application());
     m_inner->setObjectName(QStringLiteral("innerArea"));
     setCentralWidget(m_inner);
+    ExpectEngine(*m_inner);
     m_inner->installEventFilter(this);
     m_fullScreen.Changed = [this](bool on) {
         if (!on) m_placeBefore.reset();
