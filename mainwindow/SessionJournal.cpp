@@ -29,6 +29,8 @@ void SessionJournal::Keep(Session session) {
 }
 
 void SessionJournal::Write() {
+    // The views have ended before the window has: what is open now is not what the user had open.
+    if (m_ended) return;
     m_touched = false;
     Keep(Snapshot());
 }
@@ -38,6 +40,7 @@ void SessionJournal::End() {
     session.Ended = true;
     Keep(std::move(session));
     Schedule = {};
+    m_ended = true;
 }
 
 std::vector<std::pair<Text, Session>> SessionJournal::Earlier() const {

@@ -18,7 +18,7 @@ public:
     void Touch();
     /// Writes the open pages down, when they are others than were last written.
     void Write();
-    /// Writes them down for the last time. The session has ended well.
+    /// Writes them down for the last time. The session has ended well; from now on nothing is written.
     void End();
 
     /// The newest session that ended badly and that the user has not settled; nothing when there is none.
@@ -49,4 +49,5 @@ private:
     ViewArray& m_browser;
     Session m_written;
     bool m_touched = false;
+    bool m_ended = false;
 };

@@ -59,7 +59,10 @@ void BrowserEvents::ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL) 
 
 void BrowserEvents::AttentionChange(std::int16_t Index, bool Asks) { m_tabs.SetTabAsks(Index, Asks); }
 
-void BrowserEvents::WindowClosing(std::int16_t Index) { m_tabs.CloseBrowserTab(Index); }
+void BrowserEvents::WindowClosing(std::int16_t Index) {
+    // The user may have closed the tab while its page was closing itself; nothing is left to close, or to ask.
+    if (m_tabs.IsOpen(Index)) m_tabs.CloseBrowserTab(Index);
+}
 
 void BrowserEvents::SoundChange(std::int16_t Index) { m_tabs.UpdateSound(Index); }
 

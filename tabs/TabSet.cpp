@@ -183,6 +183,8 @@ ArrayView* TabSet::CurrentView() const {
     return selected ? m_browser.Find(selected->Tag) : nullptr;
 }
 
+bool TabSet::IsOpen(std::int32_t Index) const { return m_pcPage.Find(KeyOf(Index)) != nullptr; }
+
 bool TabSet::IsSelected(std::int32_t Index) const {
     const auto* selected = m_pcPage.SelectedItem();
     return selected && selected->Tag == Index;

@@ -58,6 +58,8 @@ public:
     /// The view of the selected tab, or nothing.
     [[nodiscard]] ArrayView* CurrentView() const;
     [[nodiscard]] bool IsSelected(std::int32_t Index) const;
+    /// Whether a tab shows the view of that index.
+    [[nodiscard]] bool IsOpen(std::int32_t Index) const;
 
     std::int32_t NextBrowserIndex = 1;
     /// The most characters of a title that a tab shows; below 1 there is no limit.

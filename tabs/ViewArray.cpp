@@ -19,7 +19,8 @@ ViewArray::ViewArray(BrowserViewFactory& views, BrowserViewEvents& events) : m_f
 }
 
 ArrayView* ViewArray::Load(std::int32_t index) {
-    if (index < 1 || index > std::numeric_limits<std::int16_t>::max() || m_views.contains(index)) return nullptr;
+    if (m_ended || index < 1 || index > std::numeric_limits<std::int16_t>::max() || m_views.contains(index))
+        return nullptr;
     auto control = m_factory.Create(static_cast<std::int16_t>(index), m_events);
     if (!control) return nullptr;
     ArrayView& view = m_views[index];
@@ -36,6 +37,11 @@ ArrayView* ViewArray::Find(std::int32_t index) {
 void ViewArray::Unload(std::int32_t index) {
     if (index == 1 || m_views.erase(index) == 0) return;
     if (Unloaded) Unloaded(index);
+}
+
+void ViewArray::UnloadAll() {
+    m_ended = true;
+    m_views.clear();
 }
 
 void ViewArray::ParkAllBut(std::int32_t index) {

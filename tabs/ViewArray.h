@@ -38,8 +38,8 @@ public:
     [[nodiscard]] ArrayView* Find(std::int32_t index);
     /// Destroys an element. Element 1 is part of the window and stays.
     void Unload(std::int32_t index);
-    /// Destroys every element, at the end of the window.
-    void UnloadAll() { m_views.clear(); }
+    /// Destroys every element, at the end of the window. No more can be made.
+    void UnloadAll();
     /// Parks every view but that one.
     void ParkAllBut(std::int32_t index);
 
@@ -50,4 +50,5 @@ private:
     BrowserViewFactory& m_factory;
     BrowserViewEvents& m_events;
     std::map<std::int32_t, ArrayView> m_views;
+    bool m_ended = false;
 };

@@ -85,6 +85,15 @@ TEST(MainUnload, SavesEverythingInItsOrder) {
     EXPECT_EQ(desk.settings.written, order);
 }
 
+TEST(MainUnload, NothingThatComesLateOpensAPageInAWindowThatHasEnded) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.main.GetNewBrowser(InFront::Yes), nullptr);
+    desk.main.OpenStartLink("http://a/");
+    EXPECT_TRUE(desk.views.living.empty());
+}
+
 TEST(MainUnload, RunsOnceAndEndsTheViews) {
     Desk desk;
     desk.StartWithTabs(3);

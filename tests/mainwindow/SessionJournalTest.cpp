@@ -91,6 +91,16 @@ TEST(SessionJournal, ClosingTheWindowEndsTheSessionWell) {
     EXPECT_EQ(desk.Written(), "http://one/*");
 }
 
+TEST(SessionJournal, AWriteThatComesTooLateLeavesTheEndedSessionAlone) {
+    JournalDesk desk;
+    desk.StartWithTabs(2);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.main.Form_Unload();
+    desk.main.Sessions.Write();
+    EXPECT_EQ(desk.Written(), "http://one/*");
+    EXPECT_TRUE(SessionFromBytes(desk.sessions.own)->Ended);
+}
+
 TEST(SessionJournal, AFailingDiskDisturbsNobody) {
     JournalDesk desk;
     desk.sessions.refuses = true;

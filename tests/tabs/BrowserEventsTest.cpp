@@ -135,6 +135,16 @@ TEST(BrowserEvents, APageThatClosesItselfClosesItsTabByTheSameRules) {
     EXPECT_EQ(desk.Strip(), "[1*]");
 }
 
+TEST(BrowserEvents, APageWhoseTabHasGoneClosesNothingMore) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    auto& events = desk.views.At(1).events;
+    events.WindowClosing(1);
+    events.WindowClosing(1);
+    EXPECT_EQ(desk.Strip(), "[2*]");
+    EXPECT_TRUE(desk.messages.asked.empty());
+}
+
 TEST(BrowserEvents, APageThatAsksMarksItsTabAndNothingElse) {
     Desk desk;
     desk.StartWithTabs(2);
