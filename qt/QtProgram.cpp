@@ -49,6 +49,7 @@
 #include <QTimer>
 #include <QWebEngineProfile>
 #include <chrono>
+#include <optional>
 
 namespace {
 
@@ -162,6 +163,8 @@ struct QtProgram::Parts {
 
     QtProgram& program;
     QApplication qt;
+    // Ends after everything that saves something: a second signal must not cut that short.
+    std::optional<QtSignals> signals;
     QtFolders folders;
     QtSettingsStorage settings;
     QtInstanceChannel channel;
@@ -193,7 +196,6 @@ struct QtProgram::Parts {
     QtSessionOffer offer;
     QtPageBars bars;
     QTimer journal;
-    QtSignals signals;
 };
 
 QtProgram::QtProgram(int& argc, char** argv) {
@@ -216,6 +218,9 @@ int QtProgram::Run() {
         // Known now, it can still be mended; at the end it would be too late.
         m->settings.TrySaving();
     });
+    // Before this there is nothing to save: a start that is still asking the user something ends as it is.
+    m->signals.emplace();
+    m->signals->Quit = [this] { m->window.Close(); };
     const int result = QApplication::exec();
     m->engine.Shutdown();
     return result;
@@ -237,7 +242,8 @@ void QtProgram::WireWindow() {
     m->window.Unload = [this, &main] {
         m->devTools.Close();
         main.Form_Unload();
-        QCoreApplication::quit();
+        // Not quit(), which any window that does not want to close, a dialog say, can refuse.
+        QCoreApplication::exit();
     };
     main.Layout.Say = [this](TextView message) { m->statusBar.Notice(ToQt(message)); };
     m->customize.Closed = [&main] { main.Layout.Save(); };
@@ -259,7 +265,6 @@ void QtProgram::WireSession() {
     m->journal.callOnTimeout([&journal] { journal.Write(); });
     journal.Schedule = [this] { m->journal.start(); };
     journal.Now = [] { return QDateTime::currentSecsSinceEpoch(); };
-    m->signals.Quit = [this] { m->window.Close(); };
 }
 
 void QtProgram::WireStrip() {

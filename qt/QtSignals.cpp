@@ -37,7 +37,8 @@ QtSignals::QtSignals() {
 
 QtSignals::~QtSignals() {
     if (!m_notifier) return;
-    for (const int signal : kSignals) std::signal(signal, SIG_DFL);
+    // The program is ending already; hurrying it would only lose what it has still to save.
+    for (const int signal : kSignals) std::signal(signal, SIG_IGN);
     ::close(static_cast<int>(m_notifier->socket()));
     ::close(s_writeEnd);
     s_writeEnd = -1;

@@ -75,6 +75,17 @@ class DefaultBrowser(unittest.TestCase):
             program.window()
         self.assertEqual(self.calls(), ["check"])
 
+    def test_it_can_be_ended_while_it_asks_and_what_was_stored_stays(self):
+        stored = '[General]\nAddressHistory="http://one/","http://two/"\n'
+        with open(f"{self.home}/settings.ini", "w", encoding="utf-8") as settings:
+            settings.write(stored)
+        with self.start() as program:
+            desk.wait_until(lambda: program.message_now(), what="no question")
+            program.process.terminate()
+            program.wait_end()
+        with open(f"{self.home}/settings.ini", encoding="utf-8") as settings:
+            self.assertEqual(settings.read(), stored)
+
 
 if __name__ == "__main__":
     desk.main()
