@@ -12,6 +12,9 @@ template<typename... Each>
 struct Overloaded : Each... {
     using Each::operator()...;
 };
+// Not every compiler finds this by itself.
+template<typename... Each>
+Overloaded(Each...) -> Overloaded<Each...>;
 
 } // namespace
 
