@@ -1,5 +1,6 @@
 #include "qt/QtTabStrip.h"
 
+#include "common/Captions.h"
 #include "qt/QtTabStripAccessible.h"
 #include "qt/QtText.h"
 
@@ -113,7 +114,8 @@ void QtTabStrip::RememberFaces() {
 QtTabFace QtTabStrip::PaintedFace(std::size_t position) const {
     const Tab* tab = m_strip.FindAt(position);
     QtTabFace face;
-    face.caption = ToQt(tab->Caption());
+    // What turns the writing around in a title would do so in the dots behind it as well.
+    face.caption = ToQt(OneLine(tab->Caption()));
     face.asks = tab->Asks() && position != m_selected;
     face.busy = tab->Image() == TabImage::Red;
     if (!face.busy && PageIcon) face.icon = PageIcon(*tab);

@@ -1,5 +1,6 @@
 #include "qt/QtTabStripAccessible.h"
 
+#include "common/Captions.h"
 #include "qt/QtTabStrip.h"
 #include "qt/QtText.h"
 
@@ -30,7 +31,7 @@ public:
     QString text(QAccessible::Text kind) const override {
         const Tab* tab = Find();
         if (!tab) return {};
-        if (kind == QAccessible::Name) return ToQt(tab->Caption());
+        if (kind == QAccessible::Name) return ToQt(OneLine(tab->Caption()));
         if (kind == QAccessible::Description && tab->Asks()) return QStringLiteral("Asks a question");
         if (kind == QAccessible::Description && Busy(*tab)) return QStringLiteral("Loading");
         return {};

@@ -1,5 +1,7 @@
 #include "qt/QtStatusBar.h"
 
+#include "qt/QtText.h"
+
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -38,6 +40,12 @@ TEST_F(QtStatusBarTest, ANoticeStaysUntilItsTimeIsOver) {
     m_bar.SimpleText = u"Done";
     EXPECT_TRUE(Shows("Done"));
     EXPECT_EQ(shown, (QStringList{QStringLiteral("Beware"), QStringLiteral("Done")}));
+}
+
+TEST_F(QtStatusBarTest, OfATextThatNobodyCouldReadTheBeginningIsShown) {
+    m_bar.SimpleText = u"http://127.0.0.1/" + Text(2'000'000, u'x');
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !m_widget.currentMessage().isEmpty(); }, 60000));
+    EXPECT_EQ(m_widget.currentMessage(), ToQt(u"http://127.0.0.1/" + Text(983, u'x')));
 }
 
 TEST_F(QtStatusBarTest, ALaterNoticeReplacesAnEarlierOne) {

@@ -463,6 +463,17 @@ TEST(QtTabStripLife, AStripGoesOnWithoutItsWidget) {
 
 // What screen readers see.
 
+TEST_F(QtTabStripTest, SignsThatTurnTheWritingAroundAreShownAndReadAsWhatTheyAre) {
+    Tab* tab = Add("\u202Eevil\u2066...");
+    Show();
+    const QImage turned = widget.grab().toImage();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&widget)->child(0)->text(QAccessible::Name),
+              QStringLiteral("\uFFFDevil\uFFFD..."));
+    strip.SetCaption(tab, u"\uFFFDevil\uFFFD...");
+    Quiet();
+    EXPECT_EQ(widget.grab().toImage(), turned);
+}
+
 QAccessibleInterface* Accessible(QWidget& widget) { return QAccessible::queryAccessibleInterface(&widget); }
 
 TEST_F(QtTabStripTest, ScreenReadersSeeAListOfPageTabs) {
