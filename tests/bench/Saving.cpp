@@ -1,0 +1,103 @@
+// What saving costs with 500 open tabs: at the end of a session, and after each change meanwhile. Real files and a
+// real disk; what the engine would be asked is answered at once.
+#include "mainwindow/frmMain.h"
+#include "qt/QtLayoutFile.h"
+#include "qt/QtSessionFiles.h"
+#include "qt/QtSettingsStorage.h"
+#include "qt/QtText.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeViews.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <QCoreApplication>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <optional>
+
+namespace {
+
+constexpr int kTabs = 500;
+using Clock = std::chrono::steady_clock;
+
+/// A window with its tabs, as it is when somebody reads.
+class Reader {
+public:
+    Reader() {
+        main.Form_Load(u"about:blank");
+        main.Form_Activate();
+        for (int i = 1; i <= kTabs; ++i) Show(i, u"An article of some length about number " + Decimal(i));
+    }
+
+    /// Tab `index` shows a page of that title.
+    void Show(int index, const Text& title) {
+        if (!views.Has(index)) main.GetNewBrowser(InFront::Yes);
+        FakeView& view = views.At(index);
+        view.location = u"https://www.news.example/section/today/article-" + Decimal(index) + u"?from=front&page=2";
+        view.name = title;
+        main.Tabs.SetTabTitle(index, title);
+    }
+
+    TemporaryFolder folder;
+    FakeLog log;
+    FakeViews views;
+    FakeMessages messages;
+    FakeFiles files;
+    FakeWindow window{log};
+    FakeSplash splash{log};
+    FakeDefaultBrowser defaultBrowser;
+    FakeShell shell;
+    FakeFolderWatch folderWatch;
+    FakeTrash trash;
+    QtSettingsStorage settings{ToQt(folder.PathText("."))};
+    QtLayoutFile layout{ToQt(folder.PathText("."))};
+    std::optional<QtSessionFiles> sessions{ToQt(folder.PathText("sessions"))};
+    frmMain main{{.window = window,
+                  .views = views,
+                  .settings = settings,
+                  .messages = messages,
+                  .files = files,
+                  .splash = splash,
+                  .sessions = *sessions,
+                  .layout = layout,
+                  .defaultBrowser = defaultBrowser,
+                  .shell = shell,
+                  .folderWatch = folderWatch,
+                  .trash = trash,
+                  .showSettings = {},
+                  .showDefBrowser = {},
+                  .showAbout = {},
+                  .showResize = {},
+                  .programPath = {},
+                  .groupFolder = {}}};
+};
+
+/// From the end of the window until everything is on the disk.
+void SaveAtTheEnd(benchmark::State& state) {
+    for (auto each : state) {
+        Reader reader;
+        const auto start = Clock::now();
+        reader.main.Form_Unload();
+        reader.sessions.reset();
+        state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+    }
+}
+BENCHMARK(SaveAtTheEnd)->Unit(benchmark::kMillisecond)->UseManualTime();
+
+/// What one change holds up the window for; the disk is written to behind the scenes.
+void SaveAfterAChange(benchmark::State& state) {
+    Reader reader;
+    int changes = 0;
+    for (auto each : state) {
+        reader.Show(1 + ++changes % kTabs, u"News at " + Decimal(changes));
+        reader.main.Sessions.Write();
+    }
+}
+BENCHMARK(SaveAfterAChange)->Unit(benchmark::kMillisecond)->Iterations(100);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}
