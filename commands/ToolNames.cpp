@@ -23,8 +23,8 @@ constexpr std::array kTools{
     ToolRow{u"mnuNewCurrent", u"New &Current", u"File", u"Opens the current page once more in a new tab",
             u"tab-duplicate", u""},
     ToolRow{u"mnuOpen", u"&Open", u"File", u"Opens a file in the current tab", u"document-open", u""},
-    ToolRow{u"mnuClose", u"&Close", u"File", u"Closes the current tab", u"tab-close", u""},
-    ToolRow{u"mnuCloseAll", u"Close &All", u"File", u"Closes all tabs but the first", u"tab-close-other", u""},
+    ToolRow{u"mnuClose", u"&Close", u"File", u"Closes the current tab", u"view-close", u""},
+    ToolRow{u"mnuCloseAll", u"Close &All", u"File", u"Closes all tabs but the first", u"window-close", u""},
     ToolRow{u"mnuSaveAs", u"&Save As", u"File", u"Saves the current page to a file", u"document-save-as", u""},
     ToolRow{u"mnuPrint", u"&Print", u"File", u"Prints the current page", u"document-print", u""},
     ToolRow{u"mnuPageSetup", u"Page Set&up...", u"File", u"Changes paper, orientation and margins for printing",
@@ -67,7 +67,7 @@ constexpr std::array kTools{
 
     ToolRow{u"mnuTabStop", u"&Stop", u"Popup", u"Stops loading the page of this tab", u"process-stop", u""},
     ToolRow{u"mnuTabRefresh", u"&Refresh", u"Popup", u"Loads the page of this tab again", u"view-refresh", u""},
-    ToolRow{u"mnuTabClose", u"&Close", u"Popup", u"Closes this tab", u"tab-close", u""},
+    ToolRow{u"mnuTabClose", u"&Close", u"Popup", u"Closes this tab", u"view-close", u""},
 
     ToolRow{u"mnuLoadImages", u"&Load Images", u"Options", u"Whether pages load images", u"view-preview", u""},
     ToolRow{u"mnuLoadVideos", u"Load &Videos", u"Options", u"Whether pages load videos", u"", u""},
@@ -97,8 +97,7 @@ constexpr std::array kTools{
             u""},
     ToolRow{u"mnuReadNews", u"Read &News...", u"Mail", u"Starts your news program", u"view-pim-news", u""},
 
-    ToolRow{u"mnuFont", u"&Font", u"Font", u"Changes the size of the text on the page", u"preferences-desktop-font",
-            u"bndFont"},
+    ToolRow{u"mnuFont", u"&Font", u"Font", u"Changes the size of the text on the page", u"font", u"bndFont"},
     ToolRow{u"mnuFontLargest", u"Lar&gest", u"Font", u"Shows the text at the largest size", u"", u""},
     // Deliberate: the master list spells this name so; the font menu has a tool of its own, spelled otherwise.
     ToolRow{u"mnFontLarge", u"&Large", u"Font", u"Shows the text at a large size", u"", u""},
@@ -167,7 +166,7 @@ constexpr std::array kOwnTools{
             u""},
     ToolRow{u"xtrTabList", u"&List Tabs...", u"More", u"Lists all tabs and searches them", u"view-list-text", u""},
     ToolRow{u"xtrTabMore", u"&More", u"", u"Shows more commands for this tab", u"", u"bndTabMore"},
-    ToolRow{u"xtrTabCloseOthers", u"Close &Others", u"", u"Closes all tabs but this one", u"tab-close-other", u""},
+    ToolRow{u"xtrTabCloseOthers", u"Close &Others", u"", u"Closes all tabs but this one", u"", u""},
     ToolRow{u"xtrTabCloseRight", u"Close to the R&ight", u"", u"Closes the tabs to the right of this one", u"", u""},
     ToolRow{u"xtrTabDuplicate", u"&Duplicate", u"", u"Opens this page once more beside its tab", u"tab-duplicate", u""},
     ToolRow{u"xtrTabMute", u"M&ute", u"", u"Silences this tab or lets it be heard again", u"audio-volume-muted", u""},
@@ -237,6 +236,15 @@ constexpr std::array kShortcuts{
     Shortcut{u"xtrDevTools", {Keys::kF12, 0}},
 };
 
+constexpr std::array kOthers{
+    Shortcut{u"mnuCut", {'X', kCtrl}},
+    Shortcut{u"mnuCopy", {'C', kCtrl}},
+    Shortcut{u"mnuPaste", {'V', kCtrl}},
+    Shortcut{u"mnuSelectAll", {'A', kCtrl}},
+    Shortcut{u"mnuNextBrowserTab", {Keys::kTab, kCtrl}},
+    Shortcut{u"mnuPreviousBrowserTab", {Keys::kTab, kCtrl | Keys::kShift}},
+};
+
 } // namespace
 
 Text WithoutAccessKey(TextView caption) {
@@ -253,3 +261,4 @@ std::span<const ToolRow> ShopLinks() { return kShop; }
 std::span<const ToolRow> FindLinks() { return kFind; }
 std::span<const ToolRow> OwnTools() { return kOwnTools; }
 std::span<const Shortcut> DesignedShortcuts() { return kShortcuts; }
+std::span<const Shortcut> ShortcutsOfOthers() { return kOthers; }

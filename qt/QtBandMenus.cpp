@@ -9,9 +9,28 @@
 #include <QCursor>
 #include <QMenu>
 #include <QMouseEvent>
+#include <algorithm>
 
 QtBandMenus::~QtBandMenus() {
     for (const auto& [band, menu] : m_menus) delete menu;
+}
+
+namespace {
+
+// Laying out a menu of thousands of entries takes long, so one that is still right is not filled again.
+bool Holds(const QMenu& menu, const std::vector<QAction*>& wanted) {
+    const auto same = [](const QAction* has, const QAction* wants) {
+        return wants ? has == wants : has->isSeparator();
+    };
+    const QList<QAction*> has = menu.actions();
+    return std::ranges::equal(has, wanted, same);
+}
+
+} // namespace
+
+int QtBandMenus::Scrolling::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                      QStyleHintReturn* data) const {
+    return hint == SH_Menu_Scrollable ? 1 : QProxyStyle::styleHint(hint, option, widget, data);
 }
 
 QMenu* QtBandMenus::For(const Text& band) {
@@ -19,6 +38,7 @@ QMenu* QtBandMenus::For(const Text& band) {
     if (menu) return menu;
     menu = new QMenu(&m_window);
     menu->setObjectName(ToQt(band));
+    menu->setStyle(&m_style);
     menu->setToolTipsVisible(false);
     menu->installEventFilter(this);
     connect(menu, &QMenu::aboutToShow, this, [this, shown = menu.data(), band] { Fill(*shown, band); });
@@ -33,17 +53,31 @@ void QtBandMenus::Fill(QMenu& menu, const Text& name) {
     Band* band = m_bar.FindBand(name);
     if (!band) return menu.clear();
     m_bar.OpenBand(*band);
+    const std::vector<QAction*> wanted = ActionsOf(*band);
+    if (Holds(menu, wanted)) return;
     menu.clear();
-    for (const BandEntry& entry : band->Entries()) {
-        if (entry.Group == BeginGroup::Yes && !menu.isEmpty()) menu.addSeparator();
-        QAction* action = m_actions.For(entry.Item);
-        const Text& subBand = entry.Item->SubBand;
-        if (!subBand.empty() && !action->menu()) action->setMenu(For(subBand));
-        menu.addAction(action);
+    for (QAction* action : wanted) {
+        if (action)
+            menu.addAction(action);
+        else
+            menu.addSeparator();
     }
     // A menu of nothing would be a speck on the screen.
     if (menu.isEmpty()) menu.addAction(QStringLiteral("(Empty)"))->setEnabled(false);
     m_actions.Prune();
+}
+
+std::vector<QAction*> QtBandMenus::ActionsOf(const Band& band) {
+    std::vector<QAction*> actions;
+    actions.reserve(band.Entries().size());
+    for (const BandEntry& entry : band.Entries()) {
+        if (entry.Group == BeginGroup::Yes && !actions.empty()) actions.push_back(nullptr);
+        QAction* action = m_actions.For(entry.Item);
+        const Text& subBand = entry.Item->SubBand;
+        if (!subBand.empty() && !action->menu()) action->setMenu(For(subBand));
+        actions.push_back(action);
+    }
+    return actions;
 }
 
 void QtBandMenus::Popup(Band& band) {

@@ -4,8 +4,10 @@
 #include <QObject>
 #include <QPoint>
 #include <QPointer>
+#include <QProxyStyle>
 #include <functional>
 #include <unordered_map>
+#include <vector>
 
 class QAction;
 class QMenu;
@@ -38,7 +40,17 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// The desktop's style, in which a menu that is higher than the screen scrolls: its further columns would be
+    /// beside the screen.
+    class Scrolling final : public QProxyStyle {
+    public:
+        int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                      QStyleHintReturn* data) const override;
+    };
+
     void Fill(QMenu& menu, const Text& band);
+    /// What a menu lists for a band; nothing where a separator stands.
+    std::vector<QAction*> ActionsOf(const Band& band);
     void HideAllBut(const QMenu* hidden);
     bool PopupFor(const QAction* action, QPoint at);
     bool MiddleClick(const QAction* action);
@@ -46,6 +58,7 @@ private:
     CommandBar& m_bar;
     QtToolActions& m_actions;
     QWidget& m_window;
+    Scrolling m_style;
     std::unordered_map<Text, QPointer<QMenu>> m_menus; ///< by the band's name
     QPointer<QMenu> m_entryPopup;                      ///< the menu that was opened over others
     QPoint m_at;                                       ///< where on the screen it opens

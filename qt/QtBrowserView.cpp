@@ -3,6 +3,7 @@
 #include "qt/QtEngine.h"
 #include "qt/QtPage.h"
 #include "qt/QtPageOutput.h"
+#include "qt/QtSceneWindows.h"
 #include "qt/QtText.h"
 
 #include <QDataStream>
@@ -243,6 +244,7 @@ void QtBrowserView::MakeWidget() {
     if (m_widget) return;
     m_widget = new QWebEngineView(m_engine.PageArea());
     m_widget->hide();
+    QtSceneWindows::Hide(*m_widget);
     m_widget->setPage(m_page);
     m_widget->setGeometry(m_place.isEmpty() ? m_engine.PageArea()->rect() : m_place);
     SetTabStop(m_tabStop);

@@ -35,7 +35,8 @@ QIcon QtIcons::Of(const Picture& picture) {
 QIcon QtIcons::OfOrBlank(const Picture& picture) {
     QIcon icon = Of(picture);
     if (!icon.isNull()) return icon;
-    QPixmap blank(1, 1);
+    // Only larger pictures are made smaller, so it is as large as any place for one.
+    QPixmap blank(64, 64);
     blank.fill(Qt::transparent);
     return QIcon(blank);
 }

@@ -40,6 +40,18 @@ KeyStroke QtKeys::Of(const QKeyEvent& event) {
     return {CodeOf(event.key()), shift};
 }
 
+QKeySequence QtKeys::Sequence(KeyStroke key) {
+    const auto* found = std::ranges::find(kKeys, key.KeyCode, &KeyName::code);
+    int code = found == kKeys.end() ? key.KeyCode : found->qt;
+    if (key.KeyCode >= Keys::kF1 && key.KeyCode <= Keys::kF12) code = Qt::Key_F1 + (key.KeyCode - Keys::kF1);
+    if (CodeOf(code) != key.KeyCode) return {};
+    Qt::KeyboardModifiers held;
+    held.setFlag(Qt::ShiftModifier, key.Shift & Keys::kShift);
+    held.setFlag(Qt::ControlModifier, key.Shift & Keys::kCtrl);
+    held.setFlag(Qt::AltModifier, key.Shift & Keys::kAlt);
+    return QKeySequence(QKeyCombination(held, static_cast<Qt::Key>(code)));
+}
+
 // An event that its widget ignores is shown to the parents in turn; only the first time counts.
 bool QtKeys::IsFor(const QObject* watched) const {
     if (!watched->isWidgetType() || QApplication::activePopupWidget()) return false;

@@ -1,6 +1,7 @@
 #pragma once
 #include "common/CommandBar.h"
 
+#include <QKeySequence>
 #include <QObject>
 #include <functional>
 
@@ -18,6 +19,8 @@ public:
 
     /// The key in the program's terms; its code is 0 for one that has no name there.
     [[nodiscard]] static KeyStroke Of(const QKeyEvent& event);
+    /// A combination in Qt's terms, as a menu shows it; an empty one for a key that has no name there.
+    [[nodiscard]] static QKeySequence Sequence(KeyStroke key);
 
     std::function<KeyUsed(KeyStroke)> Down;
     std::function<KeyUsed(KeyStroke)> Up;

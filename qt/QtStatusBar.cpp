@@ -4,6 +4,7 @@
 #include "qt/QtText.h"
 
 #include <QEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <chrono>
 
@@ -52,6 +53,12 @@ void QtStatusBar::changeEvent(QEvent* event) {
 void QtStatusBar::resizeEvent(QResizeEvent* event) {
     QStatusBar::resizeEvent(event);
     LayStopAll();
+}
+
+// A line parts it from the page, which may have the same ground.
+void QtStatusBar::paintEvent(QPaintEvent* event) {
+    QStatusBar::paintEvent(event);
+    QPainter(this).fillRect(0, 0, width(), 1, palette().color(QPalette::Mid));
 }
 
 // Over the end of the text, because a widget of the bar's own layout would make it higher.

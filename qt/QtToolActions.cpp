@@ -1,11 +1,14 @@
 #include "qt/QtToolActions.h"
 
+#include "commands/ToolNames.h"
 #include "qt/QtIcons.h"
+#include "qt/QtKeys.h"
 #include "qt/QtText.h"
 
 #include <QAction>
 #include <QPixmap>
 #include <algorithm>
+#include <span>
 
 namespace {
 
@@ -36,6 +39,7 @@ QAction* QtToolActions::For(const std::shared_ptr<Tool>& tool) {
     auto* action = new QAction(this);
     action->setObjectName(ToQt(tool->Name()));
     action->setToolTip(ToQt(tool->TooltipText));
+    ShowShortcut(*tool, *action);
     action->setIcon(m_icons ? QtIcons::Of(tool->Image) : Placeholder(*tool));
     m_shown.emplace(tool.get(), Shown{tool, action});
     Mirror(*tool, *action);
@@ -49,13 +53,33 @@ void QtToolActions::Mirror(Tool& tool, QAction& action) {
     tool.Visible.Attach([shown](bool visible) { shown->setVisible(visible); });
     tool.Checked.Attach([shown](bool checked) {
         // A tool shows itself to be one that is checked by being checked for the first time.
-        if (checked) shown->setCheckable(true);
+        if (checked) {
+            shown->setCheckable(true);
+            // In a menu the mark would be a frame around the picture, hardly to be seen.
+            shown->setIconVisibleInMenu(false);
+        }
         shown->setChecked(checked);
     });
     connect(shown, &QAction::triggered, this, [this, &tool, shown] { OnTriggered(tool, *shown); });
     connect(shown, &QAction::hovered, this, [this, &tool] {
         if (m_bar.MouseOver) m_bar.MouseOver(&tool);
     });
+}
+
+// The bar itself answers the keys, before Qt does: the action only shows them.
+void QtToolActions::ShowShortcut(const Tool& tool, QAction& action) const {
+    const auto find = [&](std::span<const Shortcut> all) -> const Shortcut* {
+        const auto found = std::ranges::find(all, TextView(tool.Name()), &Shortcut::ToolName);
+        return found == all.end() ? nullptr : &*found;
+    };
+    const Shortcut* shortcut = find(m_bar.Shortcuts());
+    if (!shortcut) shortcut = find(ShortcutsOfOthers());
+    const QKeySequence keys = shortcut ? QtKeys::Sequence(shortcut->Key) : QKeySequence();
+    if (keys.isEmpty()) return;
+    action.setShortcutContext(Qt::WidgetShortcut);
+    action.setShortcut(keys);
+    if (!tool.TooltipText.empty())
+        action.setToolTip(QStringLiteral("%1 (%2)").arg(action.toolTip(), keys.toString(QKeySequence::NativeText)));
 }
 
 void QtToolActions::OnTriggered(Tool& tool, QAction& action) {

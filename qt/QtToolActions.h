@@ -35,6 +35,7 @@ private:
     };
 
     void Mirror(Tool& tool, QAction& action);
+    void ShowShortcut(const Tool& tool, QAction& action) const;
     void OnTriggered(Tool& tool, QAction& action);
 
     CommandBar& m_bar;

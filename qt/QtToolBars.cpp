@@ -36,6 +36,11 @@ private:
     std::function<void(bool)> m_report;
 };
 
+// Opens the tools that did not fit.
+QToolButton* MoreButton(const QToolBar& bar) {
+    return bar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+}
+
 void Empty(QToolBar& bar) {
     for (QAction* action : bar.actions()) {
         bar.removeAction(action);
@@ -73,6 +78,10 @@ bool QtToolBars::Follow() {
 void QtToolBars::Make(Band& band) {
     auto* bar = new QToolBar(&m_window);
     bar->setObjectName(ToQt(band.Name()));
+    if (QToolButton* more = MoreButton(*bar)) {
+        more->setAccessibleName(QStringLiteral("More tools"));
+        more->setToolTip(QStringLiteral("More tools"));
+    }
     m_toolBars.emplace(band.Name(), bar);
     band.Caption.Attach([bar](const Text& caption) {
         bar->setWindowTitle(ToQt(caption));
@@ -146,7 +155,7 @@ void QtToolBars::FocusTool(const Band& band, const Tool& tool) {
     const QToolBar* bar = Find(band);
     if (!box || !bar || !bar->isVisible()) return;
     // It may be among the tools that did not fit.
-    auto* more = bar->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    QToolButton* more = MoreButton(*bar);
     if (!box->isVisible() && more && more->isVisible()) more->click();
     box->setFocus(Qt::ShortcutFocusReason);
     box->lineEdit()->selectAll();

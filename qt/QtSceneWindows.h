@@ -1,0 +1,11 @@
+#pragma once
+
+class QWidget;
+
+/// The engine paints each page in a window of its own that never comes to the screen.
+namespace QtSceneWindows {
+
+/// Keeps assistive tools from listing those windows of a view beside the program's own, as long as the view lives.
+void Hide(QWidget& view);
+
+} // namespace QtSceneWindows

@@ -1,0 +1,163 @@
+#include "tests/qt/BarDesk.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QToolButton>
+
+namespace {
+
+/// Menus, pop-ups and toolbars that share tools.
+class QtBandMenusTest : public BarDesk {
+protected:
+    void SetUp() override {
+        AddTool(u"mnuFile", u"&File")->SubBand = u"bndFileMenu";
+        AddTool(u"mnuGo", u"&Go")->SubBand = u"bndGoMenu";
+        AddTool(u"mnuMore", u"&More")->SubBand = u"bndMoreMenu";
+        Tool* mail = AddTool(u"mnuMail", u"&Mail");
+        mail->SubBand = u"bndMail";
+        mail->ClickWithSubBand = true;
+        refresh = AddTool(u"mnuRefresh", u"&Refresh");
+        refresh->Description = u"Loads the page again";
+        refresh->TooltipText = u"Refresh";
+        AddTool(u"mnuStop", u"&Stop");
+        AddTool(u"mnuReadMail", u"&Read Mail...");
+        AddTool(u"mnuLoadImages", u"&Load Images")->Checked = true;
+        bar.SetShortcuts({{u"mnuRefresh", {Keys::kF5, 0}}, {u"mnuRefresh", {'R', Keys::kCtrl}}});
+        AddBand(u"bndMenu", BandKind::MenuBar, {u"mnuFile", u"mnuGo"});
+        AddBand(u"bndFileMenu", BandKind::Menu, {u"mnuRefresh", u"mnuMore"});
+        AddBand(u"bndMoreMenu", BandKind::Menu, {u"mnuStop", u"mnuLoadImages"});
+        AddBand(u"bndGoMenu", BandKind::Menu, {u"mnuStop", u"mnuRefresh"});
+        AddBand(u"bndMail", BandKind::Menu, {u"mnuReadMail"});
+        AddBand(u"bndTabPopup", BandKind::Popup, {u"mnuStop", u"mnuRefresh"});
+        AddBand(u"bndGo", BandKind::Toolbar, {u"mnuRefresh", u"mnuMail", u"mnuMore"});
+        AddBand(u"bndMisc", BandKind::Toolbar, {u"mnuStop", u"mnuRefresh"});
+        ShowWindow();
+    }
+
+    QMenu& MenuAt(int index) { return *window.menuBar()->actions().at(index)->menu(); }
+    QToolButton& Button(TextView band, TextView tool) {
+        return *qobject_cast<QToolButton*>(ToolBarOf(band).widgetForAction(shown->Find(tool)));
+    }
+    static std::string Entries(const QMenu& menu) {
+        std::string entries;
+        for (const QAction* entry : menu.actions()) entries += entry->objectName().toStdString() + ";";
+        return entries;
+    }
+    void Fill(TextView band, int count) {
+        Band* menu = bar.FindBand(band);
+        for (int i = 0; i < count; ++i) {
+            Tool* tool = menu->Add(50000 + i, u"page " + Decimal(i));
+            tool->Caption = u"Page " + Decimal(i);
+        }
+    }
+
+    Tool* refresh = nullptr;
+};
+
+TEST_F(QtBandMenusTest, AToolOnSeveralBandsIsTheSameEverywhere) {
+    refresh->Caption = u"&Again";
+    refresh->Enabled = false;
+    for (const TextView band : {u"bndGo", u"bndMisc"}) {
+        EXPECT_FALSE(Button(band, u"mnuRefresh").isEnabled());
+        EXPECT_EQ(Button(band, u"mnuRefresh").text(), QStringLiteral("Again"));
+    }
+    refresh->Enabled = true;
+    for (const TextView band : {u"bndGo", u"bndMisc"}) QTest::mouseClick(&Button(band, u"mnuRefresh"), Qt::LeftButton);
+    for (int menu : {0, 1}) {
+        MenuAt(menu).popup({});
+        QTest::keyClick(&MenuAt(menu), Qt::Key_A);
+    }
+    EXPECT_EQ(clicked, "mnuRefresh;mnuRefresh;mnuRefresh;mnuRefresh;");
+}
+
+TEST_F(QtBandMenusTest, AMenuOpensOutOfAnotherAndOutOfAToolbar) {
+    MenuAt(0).popup({});
+    QMenu* more = shown->Find(u"mnuMore")->menu();
+    QTest::keyClick(&MenuAt(0), Qt::Key_M);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return more->isVisible(); }));
+    EXPECT_EQ(Entries(*more), "mnuStop;mnuLoadImages;");
+    QTest::keyClick(more, Qt::Key_S);
+    EXPECT_EQ(clicked, "mnuStop;");
+    EXPECT_FALSE(MenuAt(0).isVisible());
+    EXPECT_EQ(Button(u"bndGo", u"mnuMore").popupMode(), QToolButton::InstantPopup);
+}
+
+TEST_F(QtBandMenusTest, AButtonWithACommandOfItsOwnOpensItsMenuBesideIt) {
+    QToolButton& mail = Button(u"bndGo", u"mnuMail");
+    EXPECT_EQ(mail.popupMode(), QToolButton::MenuButtonPopup);
+    QTest::mouseClick(&mail, Qt::LeftButton, {}, {3, mail.height() / 2});
+    EXPECT_EQ(clicked, "mnuMail;");
+    EXPECT_FALSE(shown->Find(u"mnuMail")->menu()->isVisible());
+}
+
+TEST_F(QtBandMenusTest, APopupOpensAtThePointerAndClosesByEscape) {
+    const QPoint at = window.mapToGlobal(QPoint(200, 150));
+    QCursor::setPos(at);
+    bar.BandOpen = [this](Band& band) { clicked += "open " + ToUtf8(band.Name()) + ";"; };
+    bar.Popup(u"bndTabPopup");
+    auto* popup = window.findChild<QMenu*>(QStringLiteral("bndTabPopup"));
+    ASSERT_NE(popup, nullptr);
+    EXPECT_TRUE(popup->isVisible());
+    EXPECT_EQ(popup->pos(), QCursor::pos());
+    EXPECT_EQ(Entries(*popup), "mnuStop;mnuRefresh;");
+    QTest::keyClick(popup, Qt::Key_Escape);
+    EXPECT_FALSE(popup->isVisible());
+    bar.Popup(u"bndTabPopup");
+    QTest::mouseClick(popup, Qt::LeftButton, {}, popup->actionGeometry(popup->actions().constLast()).center());
+    EXPECT_EQ(clicked, "open bndTabPopup;open bndTabPopup;mnuRefresh;");
+}
+
+TEST_F(QtBandMenusTest, ABandThatIsNoneOpensNothing) {
+    bar.Popup(u"bndUnknown");
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(QtBandMenusTest, TheEntryUnderThePointerIsReportedUntilTheMenuCloses) {
+    MenuAt(0).popup({});
+    MenuAt(0).setActiveAction(MenuAt(0).actions().constFirst());
+    EXPECT_EQ(pointed, "mnuRefresh");
+    MenuAt(0).close();
+    EXPECT_EQ(pointed, "");
+}
+
+TEST_F(QtBandMenusTest, MenusShowTheFirstCombinationOfATool) {
+    MenuAt(0).popup({});
+    EXPECT_EQ(MenuAt(0).actions().constFirst()->shortcut(), QKeySequence(Qt::Key_F5));
+    EXPECT_EQ(Button(u"bndGo", u"mnuRefresh").toolTip(), QStringLiteral("Refresh (F5)"));
+    MenuAt(0).close();
+}
+
+TEST_F(QtBandMenusTest, ACombinationThatIsShownDoesNotClickByItself) {
+    QTest::keyClick(&window, Qt::Key_F5);
+    EXPECT_EQ(clicked, "") << "the bar answers keys";
+    EXPECT_EQ(bar.KeyDown({Keys::kF5, 0}), KeyUsed::Yes);
+    EXPECT_EQ(clicked, "mnuRefresh;");
+}
+
+TEST_F(QtBandMenusTest, ACheckedToolShowsItsMarkAndNoPictureInAMenu) {
+    MenuAt(0).popup({});
+    shown->Find(u"mnuMore")->menu()->popup({});
+    EXPECT_TRUE(shown->Find(u"mnuLoadImages")->isChecked());
+    EXPECT_FALSE(shown->Find(u"mnuLoadImages")->isIconVisibleInMenu());
+    EXPECT_TRUE(shown->Find(u"mnuStop")->isIconVisibleInMenu());
+    MenuAt(0).close();
+}
+
+TEST_F(QtBandMenusTest, AMenuOfTenThousandEntriesScrollsToItsLast) {
+    Fill(u"bndGoMenu", 10000);
+    QMenu& menu = MenuAt(1);
+    menu.popup(window.mapToGlobal(QPoint(10, 20)));
+    ASSERT_EQ(menu.actions().size(), 10002);
+    const QRect screen = window.screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(menu.geometry())) << menu.width() << "x" << menu.height();
+    const auto inSight = [&](QAction* entry) { return menu.rect().contains(menu.actionGeometry(entry).center()); };
+    EXPECT_FALSE(inSight(menu.actions().constLast()));
+    QTest::keyClick(&menu, Qt::Key_End);
+    EXPECT_EQ(menu.activeAction(), menu.actions().constLast());
+    EXPECT_TRUE(inSight(menu.actions().constLast()));
+    QTest::keyClick(&menu, Qt::Key_Return);
+    EXPECT_EQ(clicked, "page 9999;");
+}
+
+} // namespace
