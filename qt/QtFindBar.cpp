@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr char16_t kPrivateUse = u'\uE000'; // stands on no page
+
 struct ButtonIcon {
     const char* button;
     const char* icon;
@@ -55,7 +57,7 @@ QtFindBar::QtFindBar(QWidget* parent)
     row->addStretch(1);
     row->addWidget(close);
     connect(m_text, &QLineEdit::textChanged, this, [this] { Find(Direction::Forward); });
-    connect(m_matchCase, &QCheckBox::toggled, this, [this] { Find(Direction::Forward); });
+    connect(m_matchCase, &QCheckBox::toggled, this, &QtFindBar::FindAnew);
     connect(previous, &QToolButton::clicked, this, [this] { Find(Direction::Backward); });
     connect(next, &QToolButton::clicked, this, [this] { Find(Direction::Forward); });
     connect(close, &QToolButton::clicked, this, &QtFindBar::Close);
@@ -76,6 +78,13 @@ void QtFindBar::Open() {
     if (Changed) Changed();
     m_text->setFocus(Qt::ShortcutFocusReason);
     m_text->selectAll();
+    FindAnew();
+}
+
+// The engine goes on with the search before, without counting, as long as the text is the same.
+void QtFindBar::FindAnew() {
+    auto* page = Page ? Page() : nullptr;
+    if (page && !m_text->text().isEmpty()) page->findText(QString(QChar(kPrivateUse)));
     Find(Direction::Forward);
 }
 

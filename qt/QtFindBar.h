@@ -37,6 +37,7 @@ private:
 
     void ShowIcons();
     void Find(Direction direction);
+    void FindAnew();
     void Tell(const QWebEngineFindTextResult& result);
 
     QLineEdit* m_text;
