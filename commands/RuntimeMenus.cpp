@@ -62,9 +62,24 @@ void RuntimeMenus::RebuildGroups(Band& band) {
     List(band, u"mnuSaveAsTessaGroup");
     List(band, u"mnuOrganizeTessaGroups");
     m_watch.Watch(m_context.groupFolder);
-    const Tool* holder = m_context.actBar.Find(u"mnuTessaGroupsImage");
-    TessaGroups::FillBand(band, m_context.groupFolder, holder ? holder->Image : Picture(), m_nextGroup);
+    TessaGroups::FillBand(band, m_context.groupFolder, TessaGroupsPicture, m_nextGroup);
     m_context.groupsMenuStale = false;
+}
+
+void RuntimeMenus::KeepPictures() {
+    m_favorites.FolderPicture = PictureOf(u"mnuFolderImage");
+    m_favorites.LinkPicture = PictureOf(u"mnuLinkImage");
+    TessaGroupsPicture = PictureOf(u"mnuTessaGroupsImage");
+}
+
+void RuntimeMenus::ReleasePictures() {
+    m_favorites.FolderPicture = {};
+    m_favorites.LinkPicture = {};
+}
+
+Picture RuntimeMenus::PictureOf(TextView holder) const {
+    const Tool* tool = m_context.actBar.Find(holder);
+    return tool ? tool->Image : Picture();
 }
 
 void RuntimeMenus::FillFolder(Band& band) {

@@ -20,6 +20,12 @@ public:
     /// What a click with the middle button on an entry that opens a menu does, once all menus have closed; nothing for
     /// most.
     [[nodiscard]] std::function<void()> EntryMiddleClick(const Tool& tool);
+    /// Takes the entries' pictures from the hidden tools that are there to carry them.
+    void KeepPictures();
+    /// Lets the pictures of Favorites go. Deliberate: that of TessaGroups stays.
+    void ReleasePictures();
+
+    Picture TessaGroupsPicture; ///< of the entries of the TessaGroups menu
 
 private:
     void RebuildFavorites(Band& band);
@@ -27,6 +33,7 @@ private:
     void FillFolder(Band& band);
     void ScanFolder(TextView folder, Band& band, BeginGroup first);
     void RemoveFolderBands();
+    [[nodiscard]] Picture PictureOf(TextView holder) const;
     void List(Band& band, TextView tool) { band.Append(m_context.actBar.Share(tool)); }
 
     CommandContext& m_context;

@@ -58,7 +58,7 @@ void Menu::ScanFolder(TextView folder, Band& band, BeginGroup& first) {
 void Menu::AddFolder(Band& band, const CKeyValue& folder, BeginGroup& first) {
     Tool* tool = band.Add(kFolderId, u"", std::exchange(first, BeginGroup::No));
     tool->Caption = MenuCaption(folder.Key);
-    tool->Image = PictureOf(u"mnuFolderImage");
+    tool->Image = FolderPicture;
     tool->Description = folder.Value;
     tool->SubBand = Text(kBandPrefix) + folder.Value;
     m_actBar.AddBand(tool->SubBand, folder.Key, BandKind::Popup);
@@ -70,13 +70,8 @@ void Menu::AddShortcut(Band& band, const CKeyValue& shortcut) {
     Tool* tool = band.Add(m_shortcuts, shortcut.Value);
     tool->Caption = MenuCaption(CutToCaption(TitleOf(shortcut.Key)));
     tool->Description = shortcut.Value;
-    tool->Image = PictureOf(u"mnuLinkImage");
+    tool->Image = LinkPicture;
     ++m_shortcuts;
-}
-
-Picture Menu::PictureOf(TextView holder) const {
-    const Tool* tool = m_actBar.Find(holder);
-    return tool ? tool->Image : Picture();
 }
 
 } // namespace Favorites

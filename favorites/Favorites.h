@@ -37,10 +37,12 @@ public:
     /// `first` asks for a separator before the first sub-folder, and is cleared when that has got it.
     void ScanFolder(TextView folder, Band& band, BeginGroup& first);
 
+    /// What sub-folders and shortcuts look like. Filled in by the owner.
+    Picture FolderPicture, LinkPicture;
+
 private:
     void AddFolder(Band& band, const CKeyValue& folder, BeginGroup& first);
     void AddShortcut(Band& band, const CKeyValue& shortcut);
-    [[nodiscard]] Picture PictureOf(TextView holder) const;
 
     CommandBar& m_actBar;
     std::int32_t m_folders = 0;   ///< how far folders are counted; no tool gets this number

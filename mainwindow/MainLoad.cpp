@@ -78,6 +78,7 @@ void Prepare(frmMain& main) {
     main.Layout.Load();
     main.actBar.RecalcLayout();
     main.Pages.ShowLoadOptions();
+    main.Menus.KeepPictures();
     bool ask = false;
     {
         const SettingsStore store(main.Platform.settings);

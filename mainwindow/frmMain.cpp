@@ -140,6 +140,7 @@ void frmMain::Form_Unload() {
     MainUnload::Save(*this);
     Sessions.End();
     Browser.UnloadAll();
+    Menus.ReleasePictures();
     if (Unloaded) Unloaded();
 }
 

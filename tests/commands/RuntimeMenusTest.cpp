@@ -86,6 +86,27 @@ TEST_F(RuntimeMenusTest, OpeningFavoritesAgainRebuildsNothingUntilItIsStale) {
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50001 a, 50002 b");
 }
 
+TEST_F(RuntimeMenusTest, AtTheEndThePictureOfGroupsAloneIsKept_Deliberate) {
+    FavoriteFolder("news");
+    Favorite("a", "http://a/");
+    Opened(u"bndFavorites");
+    EXPECT_EQ(Entry(u"bndFavorites", 2).Image, m_bar.Find(u"mnuFolderImage")->Image);
+    EXPECT_EQ(Entry(u"bndFavorites", 3).Image, m_bar.Find(u"mnuLinkImage")->Image);
+    m_desk.main.Form_Unload();
+    m_desk.main.Commands.favoritesMenuStale = true;
+    Opened(u"bndFavorites");
+    EXPECT_EQ(Entry(u"bndFavorites", 2).Image, Picture());
+    EXPECT_EQ(Entry(u"bndFavorites", 3).Image, Picture());
+    EXPECT_EQ(m_desk.main.Menus.TessaGroupsPicture, m_bar.Find(u"mnuTessaGroupsImage")->Image);
+}
+
+TEST_F(RuntimeMenusTest, ThePicturesAreThoseOfTheLoadedLayout) {
+    FavoriteFolder("news");
+    m_bar.Find(u"mnuFolderImage")->Image = {u"other"};
+    Opened(u"bndFavorites");
+    EXPECT_EQ(Entry(u"bndFavorites", 2).Image, (Picture{u"folder"})) << "kept at the start";
+}
+
 TEST_F(RuntimeMenusTest, OrganizingFavoritesMakesThemStale) {
     Opened(u"bndFavorites");
     m_desk.main.Commands.host.OrganizeFavorites = [this] { Favorite("new", "http://n/"); };

@@ -109,9 +109,9 @@ TEST_F(FavoritesTest, ALinkCarriesItsAddressAndItsFilesNameVerbatim) {
     EXPECT_EQ(tool.Caption(), u"R&&D") << "no access key";
 }
 
-TEST_F(FavoritesTest, TheBarsPictureHoldersGiveThePictures) {
-    m_bar.Add(std::make_unique<Tool>(1, u"mnuLinkImage"))->Image = {u"text-html"};
-    m_bar.Add(std::make_unique<Tool>(2, u"mnuFolderImage"))->Image = {u"folder"};
+TEST_F(FavoritesTest, FoldersAndLinksHaveTheirPictures) {
+    m_menu.LinkPicture = {u"text-html"};
+    m_menu.FolderPicture = {u"folder"};
     MakeFolder("Work");
     Put("a.url");
     Scanned();
