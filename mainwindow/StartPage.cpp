@@ -5,12 +5,14 @@
 #include "favorites/Favorites.h"
 #include "groups/TessaGroups.h"
 #include "mainwindow/StartPageStyle.h"
+#include "pages/PlainText.h"
 
 #include <algorithm>
 
 namespace {
 
 constexpr std::size_t kMostGroups = 60, kMostFavorites = 60, kSitesOfACard = 4;
+constexpr std::size_t kLongestName = 200;
 constexpr std::string_view kGroupLink = "tessaview:group?";
 
 // Nothing is loaded, nothing runs; words go wherever the search leads, by way of the product's own address.
@@ -64,20 +66,22 @@ Text SiteOf(TextView address) {
 std::string Tile(TextView site) {
     unsigned sum = 0;
     for (const char16_t each : site) sum = sum * 31 + each;
-    const auto first = site.find_first_not_of(u" \t");
-    const std::size_t units = first + 1 < site.size() && (site[first] & 0xFC00U) == 0xD800U ? 2 : 1;
-    const TextView letter = first == TextView::npos ? TextView(u"?") : site.substr(first, units);
+    const Text name = PlainLine(site, kLongestName);
+    const std::size_t units = name.size() > 1 && (name.front() & 0xFC00U) == 0xD800U ? 2 : 1;
+    const TextView letter = name.empty() ? TextView(u"?") : TextView(name).substr(0, units);
     return "<i class=\"t" + std::to_string(sum % 8) + "\" aria-hidden=\"true\">" + Escaped(letter) + "</i>";
 }
 
-std::string Isolated(TextView text) { return "<span><bdi>" + Escaped(text) + "</bdi></span>"; }
+// A name as people see it: nothing in it hides a part of it or turns the others around.
+std::string Shown(TextView text) { return "<bdi>" + Escaped(PlainLine(text, kLongestName)) + "</bdi>"; }
+
+std::string Isolated(TextView text) { return "<span>" + Shown(text) + "</span>"; }
 
 std::string Count(std::size_t pages) { return pages == 1 ? "One page" : std::to_string(pages) + " pages"; }
 
 std::string Card(const StartGroup& group) {
     std::string card = "<a class=\"card\" href=\"" + std::string(kGroupLink) + PercentEncoded(ToUtf8(group.Name)) +
-                       "\"><b><bdi>" + Escaped(group.Name) + "</bdi></b><small>" + Count(group.Addresses.size()) +
-                       "</small>";
+                       "\"><b>" + Shown(group.Name) + "</b><small>" + Count(group.Addresses.size()) + "</small>";
     for (std::size_t i = 0; i < std::min(group.Addresses.size(), kSitesOfACard); ++i) {
         const Text site = SiteOf(group.Addresses[i]);
         card += "<div class=\"site\">" + Tile(site) + Isolated(site) + "</div>";

@@ -1,5 +1,6 @@
 #include "qt/QtIcons.h"
 
+#include "qt/QtPalette.h"
 #include "qt/QtText.h"
 
 #include <QPalette>
@@ -20,8 +21,8 @@ void QtIcons::ChooseTheme(const QPalette& palette) {
     const QString system = QStringLiteral("/usr/share/icons");
     if (QStringList paths = QIcon::themeSearchPaths(); !paths.contains(system))
         QIcon::setThemeSearchPaths(paths << system);
-    const bool dark = palette.color(QPalette::Window).lightnessF() < 0.5F;
-    const QString light = QStringLiteral("breeze"), breeze = dark ? QStringLiteral("breeze-dark") : light;
+    const QString light = QStringLiteral("breeze"),
+                  breeze = QtPalette::IsDark(palette) ? QStringLiteral("breeze-dark") : light;
     QIcon::setFallbackThemeName(breeze);
     // Without a theme of the desktop Qt does not ask the fallback either. "hicolor" holds no pictures for commands.
     const QString theme = QIcon::themeName();

@@ -25,6 +25,7 @@
 #include "qt/QtOrganizeFavorites.h"
 #include "qt/QtPage.h"
 #include "qt/QtPageBars.h"
+#include "qt/QtPalette.h"
 #include "qt/QtRequests.h"
 #include "qt/QtResizeDialog.h"
 #include "qt/QtSessionFiles.h"
@@ -200,6 +201,8 @@ struct QtProgram::Parts {
 
 QtProgram::QtProgram(int& argc, char** argv) {
     m = std::make_unique<Parts>(*this, argc, argv);
+    if (const QPalette mended = QtPalette::Mended(QGuiApplication::palette()); mended != QGuiApplication::palette())
+        QApplication::setPalette(mended);
     // The program ends with its main window; dialogs and the splash have no say in it.
     QApplication::setQuitOnLastWindowClosed(false);
     WireWindow();
@@ -308,7 +311,7 @@ void QtProgram::ListTabs(QPoint corner) {
 void QtProgram::WireStartPage() {
     m->engine.StartPage = [this] {
         StartContent content = StartPage::Read(m->main.Platform.groupFolder, m->main.Platform.favoritesFolder);
-        content.Dark = m->window.palette().color(QPalette::Window).lightnessF() < 0.5F;
+        content.Dark = QtPalette::IsDark(m->window.palette());
         return StartPage::Html(content);
     };
     m->engine.StartLink = [this](const QUrl& url) { m->main.OpenStartLink(url.toEncoded().toStdString()); };

@@ -1,10 +1,27 @@
 #include "qt/QtStartPage.h"
 
+#include "qt/QtPalette.h"
+
 #include <QBuffer>
 #include <QFile>
+#include <QGuiApplication>
 #include <QUrl>
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
+
+namespace {
+
+// Pages are not told by every version of the engine that the desktop is dark.
+QByteArray Help() {
+    QFile file(QStringLiteral(":/help.html"));
+    if (!file.open(QFile::ReadOnly)) return {};
+    QByteArray page = file.readAll();
+    if (QtPalette::IsDark(QGuiApplication::palette()))
+        page.replace(QByteArrayLiteral("<html "), QByteArrayLiteral("<html class=\"dark\" "));
+    return page;
+}
+
+} // namespace
 
 bool QtStartPage::IsOwn(const QUrl& url) {
     const QString path = url.path();
@@ -21,8 +38,7 @@ void QtStartPage::RegisterScheme() {
 
 QByteArray QtStartPage::PageAt(const QString& path) const {
     if (path == u"start") return Page ? QByteArray::fromStdString(Page()) : QByteArray();
-    QFile help(QStringLiteral(":/help.html"));
-    return path == u"help" && help.open(QFile::ReadOnly) ? help.readAll() : QByteArray();
+    return path == u"help" ? Help() : QByteArray();
 }
 
 void QtStartPage::requestStarted(QWebEngineUrlRequestJob* job) {

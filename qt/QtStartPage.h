@@ -5,9 +5,8 @@
 #include <string>
 
 /// Answers for the home page `tessaview:start`, which the program makes itself, and for the help `tessaview:help`, no
-/// network needed. Web pages cannot
-/// reach the scheme: the engine takes it for a local one, a page's wish to go there is refused, and what is asked for
-/// on behalf of another origin is denied.
+/// network needed. Web pages cannot reach the scheme: the engine takes it for a local one, a page's wish to go there is
+/// refused, and what is asked for on behalf of another origin is denied.
 class QtStartPage final : public QWebEngineUrlSchemeHandler {
 public:
     [[nodiscard]] static QByteArray Scheme() { return QByteArrayLiteral("tessaview"); }

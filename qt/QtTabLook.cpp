@@ -1,5 +1,7 @@
 #include "qt/QtTabLook.h"
 
+#include "qt/QtPalette.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
@@ -39,7 +41,7 @@ QtTabLook::QtTabLook(const QPalette& palette, TabPlacement placement)
       m_text(palette.color(QPalette::WindowText)),
       m_accent(palette.color(QPalette::Highlight)) {
     const QColor window = palette.color(QPalette::Window);
-    const bool dark = window.lightnessF() < 0.5F;
+    const bool dark = QtPalette::IsDark(palette);
     m_row = Mix(window, Qt::black, dark ? 0.35 : 0.10);
     m_selected = dark ? Mix(window, Qt::white, 0.10) : palette.color(QPalette::Base);
     m_hovered = Mix(m_row, m_selected, 0.45);

@@ -1,6 +1,10 @@
 #include "qt/QtBrowserView.h"
 #include "qt/QtPage.h"
+#include "qt/QtStartPage.h"
 #include "tests/engine/EngineDesk.h"
+
+#include <QGuiApplication>
+#include <QPalette>
 
 namespace {
 
@@ -96,6 +100,46 @@ TEST_F(StartPageAccess, AWebPageCannotGoThere) {
     EXPECT_EQ(Scheme(), QStringLiteral("http"));
     EXPECT_EQ(m_asked, 0);
     EXPECT_TRUE(m_links.isEmpty());
+}
+
+TEST_F(StartPageAccess, NeitherARefreshNorAFormNorAFrameLeadsThere) {
+    Serve("<title>Page</title><meta http-equiv='refresh' content='0;url=tessaview:start'>"
+          "<form id='form' action='tessaview:start'><button id='send'>send</button></form>"
+          "<iframe src='data:text/html,<script>top.location=%22tessaview:start%22</script>'></iframe>"
+          "<iframe src='tessaview:help'></iframe>");
+    LoadPage();
+    m_view.ClickOn(QStringLiteral("send"));
+    Settle(m_view.engine, m_view.Real().Page());
+    EXPECT_EQ(Scheme(), QStringLiteral("http"));
+    EXPECT_EQ(m_view
+                  .Script(QStringLiteral("[...document.querySelectorAll('iframe')].map(f => { try { return "
+                                         "f.contentDocument.title } catch (e) { return 'closed' } }).join()"))
+                  .indexOf(QStringLiteral("TessaView")),
+              -1);
+    EXPECT_EQ(m_asked, 0);
+}
+
+TEST_F(StartPageAccess, TheHelpIsReachedByTheProgramAlone) {
+    m_view.Load(QStringLiteral("tessaview:help"));
+    EXPECT_EQ(Title(), QStringLiteral("TessaView Help"));
+    Serve("<title>Page</title><a id='help' href='tessaview:help#keys'>help</a>");
+    LoadPage();
+    m_view.ClickOn(QStringLiteral("help"));
+    m_view.Script(QStringLiteral("location = 'tessaview:help'; fetch('tessaview:help').then("
+                                 "() => document.title = 'reached', () => document.title = 'refused'); 0"));
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("refused")));
+    EXPECT_EQ(Scheme(), QStringLiteral("http"));
+}
+
+TEST_F(StartPageAccess, TheHelpIsDarkWhereTheDesktopIs) {
+    const QPalette before = QGuiApplication::palette();
+    for (const bool dark : {true, false}) {
+        QGuiApplication::setPalette(dark ? QPalette(Qt::black) : QPalette(Qt::lightGray));
+        m_view.Load(QStringLiteral("tessaview:help"));
+        EXPECT_EQ(m_view.Script(QStringLiteral("document.documentElement.className")),
+                  dark ? QStringLiteral("dark") : QString());
+    }
+    QGuiApplication::setPalette(before);
 }
 
 TEST_F(StartPageAccess, AServerCannotSendThePageThere) {

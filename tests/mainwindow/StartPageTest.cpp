@@ -42,6 +42,20 @@ TEST(StartPage, NamesAndAddressesAreTextWhateverTheyHold) {
     EXPECT_TRUE(Has(page, "<bdi>&quot;&gt;&lt;script&gt;alert(&#39;1&#39;)&lt;/script&gt;&amp;amp; "));
 }
 
+TEST(StartPage, NothingInANameTurnsOthersAroundOrHidesAPartOfIt) {
+    const std::string page = PageWith(u"\u202Egnp.exe\u202C\u200B", {u"https://\u2066\u202Ereversed.example/"});
+    EXPECT_TRUE(Has(page, "<bdi>gnp.exe</bdi>"));
+    EXPECT_TRUE(Has(page, ">r</i><span><bdi>reversed.example</bdi></span>"));
+    EXPECT_EQ(StartPage::GroupOf(Behind(page, "class=\"card\" href=\"", '"')), u"\u202Egnp.exe\u202C\u200B")
+        << "it still opens";
+    EXPECT_FALSE(Has(page, "\u202E"));
+}
+
+TEST(StartPage, AVeryLongNameIsCut) {
+    const std::string page = PageWith(Text(100'000, u'x'), {});
+    EXPECT_TRUE(Has(page, "<bdi>" + std::string(200, 'x') + "...</bdi>"));
+}
+
 TEST(StartPage, ACardsLinkNamesItsGroup) {
     for (const TextView name : {u"News", u"50% & more?#/..", u"B\u00FCcher \"\U0001F4DA\"", u"%41"}) {
         const std::string link = Behind(PageWith(Text(name), {}), "class=\"card\" href=\"", '"');
