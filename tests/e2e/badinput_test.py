@@ -1,9 +1,11 @@
 """Whatever it is started with and wherever it has to live, the program shows its window, runs on and says what is to
 be said."""
 
+import errno
 import os
 import signal
 import stat
+import subprocess
 import unittest
 
 import desk
@@ -162,6 +164,36 @@ class BadInput(unittest.TestCase):
         self.assertEqual(os.listdir(self.home), ["settings.ini"])
         with open(settings, "rb") as kept:
             self.assertEqual(kept.read(), b"[General]\nTitleLengthLimit=3\n")
+
+    @unittest.skipUnless(os.geteuid() == 0, "only root can mount a small disk of the test's own")
+    def test_on_a_full_disk_it_runs_says_so_and_loses_nothing(self):
+        subprocess.run(["mount", "-t", "tmpfs", "-o", "size=8m", "tmpfs", self.home], check=True)
+        self.addCleanup(subprocess.run, ["umount", "-l", self.home], check=True)
+        before = b"[General]\nTitleLengthLimit=3\nRememberLastSites=false\n"
+        settings = self.write("settings.ini", before)
+        with open(self.path("filler"), "wb", buffering=0) as filler, self.assertRaises(OSError) as full:
+            while True:
+                filler.write(bytes(4096))
+        self.assertEqual(full.exception.errno, errno.ENOSPC)
+        with desk.PageServer() as pages, self.start(pages.address("Garden")) as program:
+            self.wait_status(program, NOT_SAVED)
+            program.wait_strip(["[Gar...]"])
+            self.assert_runs_on_without_saving(program)
+        with open(settings, "rb") as kept:
+            self.assertEqual(kept.read(), before)
+        os.remove(self.path("filler"))
+        with desk.PageServer() as pages, self.start(pages.address("Garden")) as program:
+            program.wait_strip(["[Gar...]"])
+            program.process.send_signal(signal.SIGTERM)
+            self.assertEqual(program.wait_end(), 0)
+        with open(settings, encoding="utf-8") as kept:
+            self.assertIn("LastSites=", kept.read())
+
+    def assert_runs_on_without_saving(self, program):
+        program.keys("ctrl+t")
+        desk.wait_until(lambda: len(program.strip()) == 2, what=lambda: f"strip is {program.strip()}")
+        program.process.send_signal(signal.SIGTERM)
+        self.assertEqual(program.wait_end(), 0)
 
     def test_where_there_can_be_no_folder_it_runs_and_says_so(self):
         for home in ("/proc/none", self.write("file", b"")):

@@ -2,6 +2,7 @@
 
 import configparser
 import os
+import re
 import signal
 import subprocess
 import unittest
@@ -24,6 +25,12 @@ def settings_of(home):
 def store(home, **values):
     with open(os.path.join(home, "settings.ini"), "w", encoding="utf-8") as settings:
         settings.write("[General]\n" + "".join(f"{name}={value}\n" for name, value in values.items()))
+
+
+def hidden(layout, band):
+    """The text of a layout in which that band is not shown."""
+    start = layout.index(f"[{band}]")
+    return layout[:start] + layout[start:].replace("Visible=1", "Visible=0", 1)
 
 
 def end(program, how=signal.SIGTERM):
@@ -101,6 +108,57 @@ class Restart(unittest.TestCase):
         self.leave_three_tabs()
         with self.start(self.group("Garden")) as program:
             program.wait_strip(["One", "Garden", "Two", "[Three]"])
+
+    def type_address(self, program, address):
+        def typed():
+            program.keys("ctrl+l", "ctrl+a")
+            subprocess.run(["xdotool", "type", address], check=True)
+            return program.find("text", "Address").queryText().getText(0, -1) == address
+
+        # A page that is loaded takes the keyboard once.
+        desk.wait_until(typed, what="the address was not typed")
+        program.keys("Return")
+
+    def test_what_was_typed_is_remembered_from_start_to_start(self):
+        typed = []
+        # Deliberate: a history of one entry does not come back, so the first session has two.
+        for titles in (("One", "Two"), ("Three",)):
+            with self.start("about:blank") as program:
+                program.wait_strip(["[about:blank]"])
+                for title in titles:
+                    self.type_address(program, self.pages.address(title))
+                    program.wait_strip([f"[{title}]"])
+                    typed.insert(0, self.pages.address(title))
+                end(program)
+            self.assertEqual(re.findall(r'[^", ]+', settings_of(self.home)["AddressHistory"]), typed)
+
+    def test_a_maximized_window_comes_back_maximized_and_keeps_its_own_size(self):
+        place = {"WindowLeft": "1500", "WindowTop": "1200", "WindowWidth": "12000", "WindowHeight": "9000"}
+        store(self.home, WindowMaximized="true", **place)
+        for _ in range(2):
+            with self.start(self.pages.address("One")) as program:
+                window = program.window_id()
+                program.wait_strip(["[One]"])
+                desk.wait_until(lambda: geometry(program)[0] >= 1270, what=lambda: f"{geometry(program)}")
+                self.assertEqual(program.window_id(), window, "the first page has not put up the window anew")
+                end(program)
+            self.assertEqual(settings_of(self.home)["WindowMaximized"], "true")
+
+    def test_the_layout_of_the_bars_is_kept(self):
+        layout = os.path.join(self.home, "user.tb")
+        with self.start("about:blank") as program:
+            program.wait_strip(["[about:blank]"])
+            end(program)
+        with open(layout, encoding="utf-8") as file:
+            designed = file.read()
+        # As a user leaves it who hides the toolbar "Go".
+        with open(layout, "w", encoding="utf-8", newline="") as file:
+            file.write(hidden(designed, "bndGo"))
+        for _ in range(2):
+            with self.start("about:blank") as program:
+                program.find("tool bar", "File")
+                self.assertIsNone(program.find_now("tool bar", "Go"))
+                end(program)
 
     def test_a_damaged_placement_comes_back_usable(self):
         store(self.home, WindowMaximized="false", WindowLeft=-50, WindowTop=32767, WindowWidth=100, WindowHeight=100)

@@ -1,5 +1,6 @@
 #include "settings/frmSettings.h"
 #include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
 
 namespace {
 
@@ -28,6 +29,47 @@ TEST(MainLoad, AGroupThatCannotBeReadLeavesABlankTab) {
     desk.Start(u"/nowhere/news.tvg");
     EXPECT_EQ(desk.views.Calls(1), "go about:blank, go about:blank");
     EXPECT_EQ(desk.Strip(), "[1*]");
+}
+
+TEST(MainLoad, AGroupOpensAndTheLastSitesBesideIt) {
+    const TemporaryFolder folder;
+    const std::string group = folder.Write("news.tvg", "[TessaGroup]\nurl1=http://group/\n");
+    Desk desk;
+    desk.settings.PutList(u"LastSites", {u"http://one/", u"http://two/"});
+    desk.Start(FromBytes(group));
+    EXPECT_EQ(desk.Strip(), "1 2 [3*]");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, go about:blank, stop, go http://one/");
+    EXPECT_EQ(desk.views.At(2).location, u"http://group/");
+    EXPECT_EQ(desk.views.At(3).location, u"http://two/");
+}
+
+TEST(MainLoad, TheTabsAreWhereTheyWere) {
+    for (const bool up : {false, true}) {
+        Desk desk;
+        desk.settings.Put(u"TabsUp", up ? u"true" : u"false");
+        desk.Start();
+        EXPECT_EQ(desk.main.pcPage.Placement(), up ? TabPlacement::Top : TabPlacement::Bottom);
+        EXPECT_EQ(desk.views.At(1).place.top, Pixels{up ? 22 : 0});
+    }
+}
+
+TEST(MainLoad, TheStatusBarIsAsItWas) {
+    for (const bool shown : {false, true}) {
+        Desk desk;
+        desk.settings.Put(u"ShowStatusBar", shown ? u"true" : u"false");
+        desk.Start();
+        EXPECT_EQ(desk.main.sbStatus.Visible(), shown);
+        EXPECT_EQ(desk.main.actBar.Find(u"mnuViewStatusbar")->Checked(), shown);
+    }
+}
+
+TEST(MainLoad, AVeryWideWindowComesBackAsWideAsSixteenBitsAllow) {
+    Desk desk;
+    desk.settings.Put(u"WindowWidth", u"60000");
+    desk.settings.Put(u"WindowHeight", u"9000");
+    desk.settings.Put(u"WindowLeft", u"0");
+    desk.Start();
+    EXPECT_EQ(desk.window.place, (Placement{{0}, {0}, {32767}, {9000}}));
 }
 
 TEST(MainLoad, ADamagedPlacementComesBackUsable) {
