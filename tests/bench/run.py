@@ -2,9 +2,10 @@
 """Holds TessaView against the bare program: opens the same pages with both in turn and prints what each needed.
 
     run.py --program build/tessaview --reference build/tests/bench/bench_reference \\
-           --server build/tests/bench/bench_server [--pages 1,20,100] [--restart 100] [--runs 3]
+           --server build/tests/bench/bench_server [--pages 1,20,100] [--restart 100] [--exit 500] [--runs 3]
 
-Also measured: how soon a start shows its window, and a restart with so many remembered sites.
+Also measured: how soon a start shows its window, a restart with so many remembered sites, and how soon everything is
+saved when the program is asked to end with so many tabs open.
 
 Both run on a virtual display of their own, with a fresh profile each time, and are measured from outside: what the
 page server was asked for when, and what the kernel says of all processes of the run. The exit code is 0 when all
@@ -30,6 +31,7 @@ MEMORY_TARGET = 1.10
 WINDOW_TARGET = 1.25
 VALUES = {"window": "window shown, s", "first": "first request, s", "front": "front page loaded, s", "all": "all loaded, s",
           "memory": "memory, MB (PSS)", "idle": "idle CPU, s in 5 s"}
+EXIT_TARGET = 0.1  # seconds until everything is saved
 QUIET_SECONDS = 3
 IDLE_SECONDS = 5
 END_PATIENCE_SECONDS = 10
@@ -127,6 +129,10 @@ class PageServer:
 
     def address(self, number):
         return f"http://127.0.1.{number}:{self.port}/page/{number}"
+
+    def small_address(self, number):
+        """A page of two letters at an address of the usual length, which counts as loaded once it was asked for."""
+        return f"http://127.0.1.1:{self.port}/done?n={number}&in=a-section&of=some-paper&from=the-front-page"
 
     def control(self, path, patience=10):
         with urllib.request.urlopen(f"http://127.0.1.1:{self.port}/control/{path}", timeout=patience) as answer:
@@ -246,6 +252,58 @@ def measure(command_for, options, pages, server, display, quiet=QUIET_SECONDS, i
     return result, problem
 
 
+def exit_command(options, server, home):
+    """A start with many small pages whose addresses are of the usual length."""
+    return program_command(options, [server.small_address(n) for n in range(1, options.exit + 1)], home)
+
+
+def last_written(home, since):
+    """Seconds after `since`, a time of day, at which the last file of the state was written."""
+    kept = [os.path.join(home, name) for name in ("settings.ini", "user.tb")]
+    sessions = os.path.join(home, "sessions")
+    kept += [os.path.join(sessions, name) for name in os.listdir(sessions)]
+    return max(os.stat(path).st_mtime for path in kept) - since
+
+
+def measure_exit(options, server, display):
+    """Seconds from the wish to end until everything is saved, and until the process is gone."""
+    server.control("reset")
+    with tempfile.TemporaryDirectory(prefix="tessabench-") as home:
+        process = subprocess.Popen(exit_command(options, server, home), env=environment(display, home), cwd=home,
+                                   start_new_session=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
+        try:
+            problem = wait_until_loaded(process, server, options.exit, options.timeout)
+            if problem:
+                return {}, problem
+            time.sleep(QUIET_SECONDS)
+            asked, start = time.time(), time.monotonic()
+            process.send_signal(signal.SIGTERM)
+            process.wait(options.timeout)
+            ended = time.monotonic() - start
+            return {"saved": last_written(home, asked), "ended": ended}, ""
+        finally:
+            Processes(process.pid).kill()
+            process.wait()
+
+
+def report_exit(options, server, display):
+    """Measures saving at the end; gives the verdict and what went wrong."""
+    title = f"end with {options.exit} tabs"
+    runs, problems = [], []
+    for run in range(1, options.runs + 1):
+        result, problem = measure_exit(options, server, display)
+        shown = "  ".join(f"{key} {value:.3f}" for key, value in result.items())
+        print(f"  {title}, run {run}: {shown}  {problem}".rstrip(), flush=True)
+        runs += [result] if result else []
+        problems += [f"{title}: {problem}"] if problem else []
+    saved = statistics.median(run["saved"] for run in runs) if runs else None
+    words = "not measured" if saved is None else "met" if saved <= EXIT_TARGET else "MISSED"
+    print(f"\n{title}\n  everything saved, s    {'-' if saved is None else f'{saved:10.3f}'}"
+          f"                     <= {EXIT_TARGET:.2f}  {words}")
+    return [f"  {words}"], problems
+
+
 def medians(runs):
     return {key: statistics.median(run[key] for run in runs) for key in VALUES if all(key in run for run in runs)}
 
@@ -310,6 +368,8 @@ def comparisons(options, server, display):
         yield compare(f"restart with {options.restart} sites", options.restart, options,
                       lambda _, command_for: measure(command_for, options, options.restart, server, display),
                       restart_command)
+    if options.exit:
+        yield report_exit(options, server, display)
 
 
 def arguments():
@@ -319,6 +379,7 @@ def arguments():
     parser.add_argument("--server", required=True, help="bench_server")
     parser.add_argument("--pages", default="1,20,100", help="numbers of pages, at most 250 each")
     parser.add_argument("--restart", type=int, default=100, help="remembered sites of a restart; 0 for none")
+    parser.add_argument("--exit", type=int, default=500, help="tabs that are open at the end; 0 for none")
     parser.add_argument("--runs", type=int, default=3, help="repetitions of each; the median counts")
     parser.add_argument("--delay", type=int, default=20, help="of each answer, milliseconds")
     parser.add_argument("--timeout", type=float, default=120, help="of each run, seconds")
