@@ -3,6 +3,7 @@
 #include "commands/External.h"
 #include "commands/frmResize.h"
 #include "mainwindow/frmMain.h"
+#include "settings/frmInternetOptions.h"
 
 namespace {
 
@@ -24,6 +25,30 @@ void ShowHelp(frmMain& main) {
     if (auto* view = main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(kHelpPage));
 }
 
+void ForgetTyped(frmMain& main) {
+    for (const TextView box : {u"cboAddress", u"cboSearch"})
+        if (auto* combo = main.actBar.FindCombo(box)) combo->Clear();
+    SettingsStore store(main.Platform.settings);
+    ResumeNext(store.AddressHistory.Set({}));
+    ResumeNext(store.SearchHistory.Set({}));
+}
+
+void Clear(frmMain& main, const BrowsingData& data) {
+    if (data.typed) ForgetTyped(main);
+    if (main.Platform.clearBrowsingData) main.Platform.clearBrowsingData(data);
+}
+
+void ShowInternetOptions(frmMain& main) {
+    const auto* view = main.Tabs.CurrentView();
+    frmInternetOptions form(main.Platform.settings, {.chooseFolder = main.Platform.chooseFolder,
+                                                     .clear = [&main](const BrowsingData& data) { Clear(main, data); },
+                                                     .currentPage = view ? view->Control->LocationURL() : Text(),
+                                                     .mailProgram = main.Platform.shell.ProgramFor(u"mailto"),
+                                                     .newsProgram = main.Platform.shell.ProgramFor(u"news")});
+    if (main.Platform.showInternetOptions) main.Platform.showInternetOptions(form);
+    if (form.Apply && main.Platform.applyInternetOptions) main.Platform.applyInternetOptions();
+}
+
 Text MailAddress(const frmMain& main, TextView tool, TextView title, TextView address) {
     const Text environment = External::EnvironmentText(main.Platform.settings, main.Platform.shell);
     return External::MailAddress(tool, {.title = title, .address = address, .environment = environment});
@@ -37,6 +62,7 @@ void Fill(CommandHost& host, frmMain& main) {
     host.ResizeAddress = [&main] { Resize(main, &frmResize::ResizeAddress); };
     host.ResizeSearch = [&main] { Resize(main, &frmResize::ResizeSearch); };
     host.ShowHelp = [&main] { ShowHelp(main); };
+    host.ShowInternetOptions = [&main] { ShowInternetOptions(main); };
     host.ToggleFullScreen = [&main] { main.Platform.window.SetFullScreen(!main.Platform.window.FullScreen()); };
     host.LaunchMailClient = [&main] { External::LaunchMailClient(main.Platform.settings, main.Platform.shell); };
     host.LaunchNewsClient = [&main] { External::LaunchNewsClient(main.Platform.settings, main.Platform.shell); };

@@ -18,7 +18,9 @@
 
 #include <functional>
 
+struct BrowsingData;
 class frmDefBrowser;
+class frmInternetOptions;
 class frmResize;
 class frmSessions;
 class frmSettings;
@@ -70,6 +72,14 @@ struct MainWindowPlatform {
     std::function<void()> applyLoadOptions{};
     /// Shows the editor of a TessaGroup and returns when it is hidden.
     std::function<void(frmTessaGroup&)> showTessaGroup{};
+    /// Shows the Internet Options and returns when they are hidden.
+    std::function<void(frmInternetOptions&)> showInternetOptions{};
+    /// Puts the stored Internet Options into effect for the engine.
+    std::function<void()> applyInternetOptions{};
+    /// Has the engine forget what it keeps of where pages have been.
+    std::function<void(const BrowsingData&)> clearBrowsingData{};
+    /// Asks for a folder, beginning at the one given; empty when the user changed his mind.
+    std::function<Text(TextView folder)> chooseFolder{};
 };
 
 /// The main window: owns its controls and parts, and forwards to them.

@@ -51,7 +51,10 @@ Outcome QtBrowserView::Navigate(TextView address) {
     return Outcome::Done;
 }
 
-Outcome QtBrowserView::GoHome() { return Navigate(u"tessaview:start"); }
+Outcome QtBrowserView::GoHome() {
+    const Text chosen = m_engine.HomeAddress ? m_engine.HomeAddress() : Text();
+    return Navigate(chosen.empty() ? TextView(u"tessaview:start") : TextView(chosen));
+}
 
 Outcome QtBrowserView::Stop() {
     m_pending.reset();
@@ -201,6 +204,11 @@ void QtBrowserView::StartNavigation() {
     }
     const QtAddress target = *std::exchange(m_pending, std::nullopt);
     MakePage();
+    if (ExternalSchemes::IsExternal(FromQt(target.url.scheme()))) {
+        m_engine.EndNavigation(m_index);
+        m_questions->links.Open(target.url, {});
+        return;
+    }
     m_fallback = target.fallback;
     const QByteArray history = std::exchange(m_pendingHistory, QByteArray());
     if (history.isEmpty() || !FillHistory(history)) m_page->load(target.url);
@@ -233,8 +241,8 @@ void QtBrowserView::MakePage() {
 }
 
 void QtBrowserView::MakeQuestions() {
-    m_questions =
-        std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted(), m_engine.DialogScheme());
+    m_questions = std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted(),
+                                                    m_engine.DialogScheme(), m_engine.External());
     m_questions->crashes.Reload = [this] { ResumeNext(Refresh()); };
     m_questions->covers.FocusPage = [this] { SetFocus(); };
     m_questions->covers.Changed = [this] { m_events.AttentionChange(m_index, !m_questions->covers.Empty()); };

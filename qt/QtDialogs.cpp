@@ -64,6 +64,10 @@ Text QtFileDialogs::ShowSave(const FileDialogRequest& request) {
     return Show(dialog, request);
 }
 
+Text QtFileDialogs::ChooseFolder(TextView folder) {
+    return FromQt(QFileDialog::getExistingDirectory(QApplication::activeWindow(), QString(), ToQt(folder)));
+}
+
 QStringList QtNameFilters(TextView filter) {
     static const QRegularExpression kPatternsInDescription(QStringLiteral("\\s*\\([^()]*\\)\\s*$"));
     const QStringList parts = ToQt(filter).split(QLatin1Char('|'));

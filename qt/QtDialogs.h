@@ -17,6 +17,8 @@ class QtFileDialogs final : public FileDialogs {
 public:
     Text ShowOpen(const FileDialogRequest& request) override;
     Text ShowSave(const FileDialogRequest& request) override;
+    /// Asks for a folder, beginning at the one given; empty when none was chosen.
+    [[nodiscard]] static Text ChooseFolder(TextView folder);
 };
 
 /// A filter as Qt wants it, an entry a pair of description and patterns. "*.*" means all files; a description

@@ -1,6 +1,7 @@
 #pragma once
 #include "common/platform/BrowserView.h"
 #include "pages/Certificates.h"
+#include "pages/ExternalSchemes.h"
 #include "qt/QtLoadOptions.h"
 #include "qt/QtPageOutput.h"
 #include "tabs/NavigationQueue.h"
@@ -43,6 +44,8 @@ public:
     std::function<void(std::int32_t index)> IconChanged;
     /// The pages' profile has come into being.
     std::function<void(QWebEngineProfile&)> ProfileMade;
+    /// The address of the home page; empty, or without a function, for the program's own.
+    std::function<Text()> HomeAddress;
     /// Makes the home page, in UTF-8, whenever it is loaded.
     std::function<std::string()> StartPage;
     /// The user has followed a link of the home page that is for the program and not for the engine.
@@ -64,6 +67,8 @@ public:
     [[nodiscard]] QRect PageRect(const QRect& whole) const { return LayBars ? LayBars(whole) : whole; }
     /// The exceptions for refused certificates, of all views.
     [[nodiscard]] AcceptedCertificates& Accepted() { return m_accepted; }
+    /// What the user has answered about addresses for other programs.
+    [[nodiscard]] ExternalSchemes& External() { return m_external; }
     [[nodiscard]] QtPageOutput& Output() { return m_output; }
     void Register(std::int32_t index, QtBrowserView* view);
     void Forget(std::int32_t index);
@@ -94,6 +99,7 @@ private:
     QtPageOutput m_output;
     QtLoadOptions m_loadOptions;
     AcceptedCertificates m_accepted;
+    ExternalSchemes m_external;
     std::int32_t m_front = 0;
     std::int32_t m_shown = 0;
     bool m_started = false;

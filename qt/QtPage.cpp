@@ -1,6 +1,8 @@
 #include "qt/QtPage.h"
 
+#include "pages/ExternalSchemes.h"
 #include "qt/QtStartPage.h"
+#include "qt/QtText.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -16,6 +18,10 @@ bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool 
     if (url.scheme() == u"mailto") {
         // Only a person's click starts the mail program, so that no page can start it a hundred times.
         if (type == NavigationTypeLinkClicked) QDesktopServices::openUrl(url);
+        return false;
+    }
+    if (ExternalSchemes::IsExternal(FromQt(url.scheme()))) {
+        Q_EMIT ExternalRequested(url);
         return false;
     }
     if (isMainFrame) m_awaited = url;

@@ -33,6 +33,8 @@ Q_SIGNALS:
     void PersonNavigated();
     /// A link of the home page was clicked that is for the program and not for the engine.
     void StartLinkFollowed(const QUrl& url);
+    /// The page wants another program of the desktop to open an address.
+    void ExternalRequested(const QUrl& url);
     /// A frame has its document ready, or is loaded.
     void FrameReady(const QUrl& url);
     void FrameLoaded(const QUrl& url);

@@ -1,5 +1,6 @@
 #include "qt/QtProfile.h"
 
+#include "qt/QtBrowsingData.h"
 #include "qt/QtDialogScheme.h"
 #include "qt/QtStartPage.h"
 
@@ -43,6 +44,7 @@ QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QS
       m_startPage(std::make_unique<QtStartPage>()),
       m_dialogs(std::make_unique<QtDialogScheme>()) {
     if (m_lock >= 0) {
+        QtBrowsingData::ForgetSites(folder);
         m_profile = std::make_unique<QWebEngineProfile>(QStringLiteral("TessaView"));
         m_profile->setPersistentStoragePath(folder);
         m_profile->setCachePath(cacheFolder);
@@ -66,6 +68,8 @@ void QtProfile::ApplySettings() {
     settings->setAttribute(QWebEngineSettings::FullScreenSupportEnabled, false);
     settings->setAttribute(QWebEngineSettings::ScrollAnimatorEnabled, true);
     settings->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
+    // All of them reach the page's own check, which lets none pass: the program asks first, and opens them itself.
+    settings->setUnknownUrlSchemePolicy(QWebEngineSettings::AllowAllUnknownUrlSchemes);
     m_profile->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
 }
 

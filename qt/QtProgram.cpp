@@ -4,6 +4,7 @@
 #include "qt/QtAbout.h"
 #include "qt/QtAddFavorite.h"
 #include "qt/QtBarLook.h"
+#include "qt/QtBrowsingData.h"
 #include "qt/QtCommandBar.h"
 #include "qt/QtCustomizeDialog.h"
 #include "qt/QtDefBrowserDialog.h"
@@ -18,6 +19,7 @@
 #include "qt/QtFolders.h"
 #include "qt/QtGroupEditor.h"
 #include "qt/QtInstanceChannel.h"
+#include "qt/QtInternetOptionsDialog.h"
 #include "qt/QtKeys.h"
 #include "qt/QtLayoutFile.h"
 #include "qt/QtMainWindow.h"
@@ -42,11 +44,13 @@
 #include "qt/QtTabStrip.h"
 #include "qt/QtText.h"
 #include "qt/QtTrash.h"
+#include "qt/QtWebOptions.h"
 #include "settings/SettingsStore.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDateTime>
+#include <QPointer>
 #include <QTimer>
 #include <QWebEngineProfile>
 #include <chrono>
@@ -87,6 +91,7 @@ struct QtProgram::Parts {
           channel(folders.state),
           sessions(folders.state + QStringLiteral("/sessions")),
           layout(folders.program),
+          browsingData(folders.data),
           engine(window.PageArea(), folders.data, folders.cache),
           main({.window = window,
                 .views = engine,
@@ -116,7 +121,14 @@ struct QtProgram::Parts {
                 .showSessions = [this](frmSessions& form) { ShowModal(form, &window); },
                 .timeText = SessionTimeText,
                 .applyLoadOptions = [this] { ApplyLoadOptions(); },
-                .showTessaGroup = [this](frmTessaGroup& form) { ShowModal(form, &window); }}),
+                .showTessaGroup = [this](frmTessaGroup& form) { ShowModal(form, &window); },
+                .showInternetOptions = [this](frmInternetOptions& form) { ShowModal(form, &window); },
+                .applyInternetOptions = [this] { ApplyInternetOptions(); },
+                .clearBrowsingData =
+                    [this](const BrowsingData& data) {
+                        if (profile) browsingData.Clear(data, *profile);
+                    },
+                .chooseFolder = [](TextView folder) { return QtFileDialogs::ChooseFolder(folder); }}),
           strip(main.pcPage),
           statusBar(main.sbStatus),
           look(main.actBar, window),
@@ -151,10 +163,25 @@ struct QtProgram::Parts {
 
     void ApplyLoadOptions() {
         const SettingsStore store(settings);
-        engine.SetLoadOptions({.images = store.LoadImages.Get(),
-                               .animations = store.LoadAnimations.Get(),
-                               .videos = store.LoadVideos.Get(),
-                               .sounds = store.LoadSounds.Get()});
+        requests.Loads = {.images = store.LoadImages.Get(),
+                          .animations = store.LoadAnimations.Get(),
+                          .videos = store.LoadVideos.Get(),
+                          .sounds = store.LoadSounds.Get()};
+        engine.SetLoadOptions(requests.Loads);
+    }
+
+    void ApplyInternetOptions() {
+        const InternetValues values = InternetSettings(settings).Get();
+        QtWebOptions::ApplyProxy(values);
+        QtWebOptions::Apply(values, requests);
+        if (profile) QtWebOptions::Apply(values, *profile);
+    }
+
+    void TakeProfile(QWebEngineProfile& made) {
+        made.setUrlRequestInterceptor(&requests);
+        browsingData.Watch(made);
+        profile = &made;
+        ApplyInternetOptions();
     }
 
     [[nodiscard]] ServiceTemplates Services() {
@@ -183,6 +210,8 @@ struct QtProgram::Parts {
     QtMainWindow window;
     QtDevTools devTools{window};
     QtRequests requests;
+    QtBrowsingData browsingData;
+    QPointer<QWebEngineProfile> profile;
     QtEngine engine;
     frmMain main;
     QtTabStrip strip;
@@ -320,7 +349,8 @@ void QtProgram::WireStartPage() {
 void QtProgram::WireEngine() {
     WireStartPage();
     m->requests.Templates = [this] { return m->Services(); };
-    m->engine.ProfileMade = [this](QWebEngineProfile& profile) { profile.setUrlRequestInterceptor(&m->requests); };
+    m->engine.ProfileMade = [this](QWebEngineProfile& profile) { m->TakeProfile(profile); };
+    m->engine.HomeAddress = [this] { return InternetSettings(m->settings).Get().homePage; };
     m->bars.Add(m->offer, QtPageBars::Side::Above);
     m->bars.Add(m->findBar, QtPageBars::Side::Below);
     m->offer.Changed = [this] { m->engine.Relayout(); };

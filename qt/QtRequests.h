@@ -1,5 +1,6 @@
 #pragma once
 #include "commands/Services.h"
+#include "qt/QtLoadOptions.h"
 
 #include <QWebEngineUrlRequestInterceptor>
 #include <functional>
@@ -13,4 +14,12 @@ public:
 
     /// Which services the user has chosen; read for each request that is for one of the product's hosts.
     std::function<ServiceTemplates()> Templates;
+    /// What pages may load; what has a place in no page, as a sound that a script plays, is held back here.
+    QtLoadOptions Loads;
+    /// What every request tells the server.
+    bool DoNotTrack = false;
+    bool GlobalPrivacyControl = false;
+
+private:
+    [[nodiscard]] bool HoldsBack(const QWebEngineUrlRequestInfo& info) const;
 };

@@ -11,12 +11,23 @@
 
 namespace {
 
-// Plain text, else the first link of those that are dragged; files alone are no text.
-std::optional<QString> DraggedText(const QMimeData& data) {
-    if (data.hasFormat(QStringLiteral("text/plain"))) return data.text();
+const QString kPlain = QStringLiteral("text/plain");
+
+// The first link of those that are dragged; files are none.
+std::optional<QString> DraggedLink(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
     if (urls.isEmpty() || urls.constFirst().isLocalFile()) return std::nullopt;
     return urls.constFirst().toString(QUrl::FullyEncoded);
+}
+
+// Plain text is not fetched before it is dropped: it may be long, and comes from another program.
+bool OffersText(const QMimeData& data) { return data.hasFormat(kPlain) || DraggedLink(data); }
+
+// Nothing, too, when the other program has promised a text and gives none.
+std::optional<QString> DraggedText(const QMimeData& data) {
+    if (!data.hasFormat(kPlain)) return DraggedLink(data);
+    const QString text = data.text();
+    return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
 } // namespace
@@ -47,7 +58,7 @@ void QtTabStrip::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void QtTabStrip::OfferDrag(QDropEvent& event) {
     Settle();
-    const bool hasText = DraggedText(*event.mimeData()).has_value();
+    const bool hasText = OffersText(*event.mimeData());
     if (DragOver) DragOver(hasText, event.position());
     if (hasText)
         event.acceptProposedAction();

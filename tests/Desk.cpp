@@ -1,5 +1,7 @@
 #include "tests/Desk.h"
 
+#include "settings/frmInternetOptions.h"
+
 #include <vector>
 
 Desk::Desk(FakeSettings* shared)
@@ -51,7 +53,14 @@ Desk::Desk(FakeSettings* shared)
             .showTessaGroup =
                 [this](frmTessaGroup& form) {
                     if (inTessaGroup) inTessaGroup(form);
-                }}),
+                },
+            .showInternetOptions =
+                [this](frmInternetOptions& form) {
+                    if (inInternetOptions) inInternetOptions(form);
+                },
+            .applyInternetOptions = [this] { log.Add("internet options"); },
+            .clearBrowsingData =
+                [this](const BrowsingData& data) { log.Add(data.cookies ? "clear cookies" : "clear no cookies"); }}),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] { main.Form_Unload(); };
 }

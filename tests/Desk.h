@@ -66,12 +66,13 @@ public:
     FakeTrash trash;
     FakeApplication application{log};
     FakeChannel channel{log};
-    std::function<void(frmSettings&)> inSettings;     ///< what the user does in the settings dialog
-    std::function<void(frmDefBrowser&)> inDefBrowser; ///< what the user answers to the question at the start
-    std::function<void(frmTessaGroup&)> inTessaGroup; ///< what the user does in the editor of a TessaGroup
-    std::function<void(frmSplash&)> inAbout;          ///< what the user does in the About box
-    std::function<void(frmSessions&)> inSessions;     ///< what the user does in the list of earlier sessions
-    std::function<void(frmResize&)> inResize;         ///< what the user does in the bar width dialog
+    std::function<void(frmSettings&)> inSettings;               ///< what the user does in the settings dialog
+    std::function<void(frmDefBrowser&)> inDefBrowser;           ///< what the user answers to the question at the start
+    std::function<void(frmTessaGroup&)> inTessaGroup;           ///< what the user does in the editor of a TessaGroup
+    std::function<void(frmSplash&)> inAbout;                    ///< what the user does in the About box
+    std::function<void(frmSessions&)> inSessions;               ///< what the user does in the list of earlier sessions
+    std::function<void(frmResize&)> inResize;                   ///< what the user does in the bar width dialog
+    std::function<void(frmInternetOptions&)> inInternetOptions; ///< what the user does in the Internet Options
     std::function<void(frmAddFavorite&)> inAddFavorite;
     std::function<void(frmOrganizeFavorites&)> inOrganizeFavorites;
     frmMain main;

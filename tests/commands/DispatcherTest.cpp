@@ -208,7 +208,7 @@ TEST_F(DispatcherTest, ThePopupsCommandsActOnItsTabOnly) {
 
 TEST_F(DispatcherTest, CommandsWithoutTheirOperationAreDisabledNotSilent) {
     Start(1);
-    EXPECT_FALSE(desk.main.actBar.Find(u"mnuViewInternetOptions")->Enabled());
+    EXPECT_FALSE(desk.main.actBar.Find(u"mnuFind")->Enabled());
     EXPECT_TRUE(desk.main.actBar.Find(u"mnuSettings")->Enabled());
     EXPECT_TRUE(desk.main.actBar.Find(u"mnuNewBlank")->Enabled());
 }

@@ -263,7 +263,7 @@ def click(node, button=1):
 def press_node(node):
     action = node.queryAction()
     names = [action.getName(index) for index in range(action.nActions)]
-    for name in ("Press", "press", "click", "Toggle"):
+    for name in ("Press", "press", "click", "Toggle", "jump"):
         if name in names:
             action.doAction(names.index(name))
             return

@@ -1,4 +1,5 @@
 #include "commands/frmResize.h"
+#include "settings/frmInternetOptions.h"
 #include "tests/Desk.h"
 
 namespace {
@@ -37,6 +38,56 @@ TEST(MainCommands, HelpThatIsOpenComesToTheFront) {
     desk.ClickTab(1);
     desk.Click(u"mnuHelp");
     EXPECT_EQ(desk.Strip(), "1 [2*]");
+}
+
+TEST(MainCommands, InternetOptionsTakeEffectAfterOkAlone) {
+    Desk desk;
+    desk.Start();
+    desk.views.At(1).location = u"http://page.example/";
+    EXPECT_TRUE(desk.main.actBar.Find(u"mnuViewInternetOptions")->Enabled());
+    desk.log.Take();
+    desk.inInternetOptions = [](frmInternetOptions& form) { form.cmdCancel.Click(); };
+    desk.Click(u"mnuViewInternetOptions");
+    EXPECT_EQ(desk.log.Take(), "");
+    desk.inInternetOptions = [](frmInternetOptions& form) {
+        form.cmdUseCurrent.Click();
+        form.cmdOK.Click();
+    };
+    desk.Click(u"mnuViewInternetOptions");
+    EXPECT_EQ(desk.log.Take(), "internet options");
+    EXPECT_EQ(desk.settings.Stored(u"InternetHomePage"), u"http://page.example/");
+}
+
+TEST(MainCommands, InternetOptionsShowTheDesktopsMailAndNewsPrograms) {
+    Desk desk;
+    desk.Start();
+    desk.shell.programs[u"mailto"] = u"letters --compose";
+    desk.shell.programs[u"news"] = u"papers";
+    Text shown;
+    desk.inInternetOptions = [&](frmInternetOptions& form) {
+        shown = form.txtMail.Value() + u", " + form.txtNews.Value();
+    };
+    desk.Click(u"mnuViewInternetOptions");
+    EXPECT_EQ(shown, u"letters --compose, papers");
+}
+
+TEST(MainCommands, ClearingTypedAddressesEmptiesTheBoxesAndWhatIsStored) {
+    Desk desk;
+    desk.Start();
+    desk.main.AddressCombo()->List = std::vector<Text>{u"a.example"};
+    desk.main.SearchCombo()->List = std::vector<Text>{u"words"};
+    desk.settings.PutList(u"AddressHistory", {u"a.example"});
+    desk.settings.PutList(u"SearchHistory", {u"words"});
+    desk.log.Take();
+    desk.inInternetOptions = [](frmInternetOptions& form) {
+        form.chkClearTyped.Tick(true);
+        form.cmdClear.Click();
+    };
+    desk.Click(u"mnuViewInternetOptions");
+    EXPECT_EQ(desk.List(u"cboAddress") + desk.List(u"cboSearch"), "");
+    EXPECT_EQ(desk.settings.StoredList(u"AddressHistory"), u"");
+    EXPECT_EQ(desk.settings.StoredList(u"SearchHistory"), u"");
+    EXPECT_EQ(desk.log.Take(), "clear no cookies");
 }
 
 TEST(MainCommands, FullScreenGoesOnAndOff) {

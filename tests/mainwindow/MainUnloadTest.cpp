@@ -11,6 +11,18 @@ TEST(MainUnload, SavesTheAddressesInTheOrderOfTheTabs) {
     EXPECT_EQ(desk.settings.StoredList(u"LastSites"), u"[][http://two/]");
 }
 
+TEST(MainUnload, SavesTabsThatWereMovedInTheirNewOrder) {
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.views.At(1).location = u"http://one/";
+    desk.views.At(2).location = u"http://two/";
+    desk.views.At(3).location = u"http://three/";
+    desk.main.pcPage.Move(desk.main.pcPage.FindAt(3), 1);
+    EXPECT_EQ(desk.Strip(), "3 [1*] 2");
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.StoredList(u"LastSites"), u"[http://three/][http://one/][http://two/]");
+}
+
 TEST(MainUnload, SavesThePlacementAndTheOptions) {
     Desk desk;
     desk.Start();

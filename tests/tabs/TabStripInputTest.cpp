@@ -97,6 +97,15 @@ TEST_F(TabStripInputTest, TextDroppedOnNoTabOpensANewTab) {
     EXPECT_EQ(desk.Strip(), "1 [3*] 2");
 }
 
+TEST_F(TabStripInputTest, TextIsLoadedAsItComesHoweverLongAndWithItsLines) {
+    Start(2);
+    input.OLEDragOver(true, 150, 5);
+    const Text lines = u"http://a/\r\nhttp://b/\n" + Text(10'000'000, u'x');
+    input.OLEDragDrop(lines);
+    EXPECT_TRUE(desk.views.Calls(2) == "go " + ToUtf8(lines));
+    EXPECT_EQ(desk.Strip(), "[1*] 2");
+}
+
 TEST_F(TabStripInputTest, DataWithoutTextChangesNothing) {
     Start(2);
     input.OLEDragOver(true, 150, 5);

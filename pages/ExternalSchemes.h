@@ -1,0 +1,23 @@
+#pragma once
+#include "common/Text.h"
+
+#include <map>
+#include <utility>
+
+/// What is to become of an address that no page can show.
+enum class ExternalRule { Ask, Open, Refuse };
+
+/// Which addresses belong to other programs of the desktop, and what the user has answered about them. Each scheme
+/// and site is asked about once in a run: who clicks in anger is not asked again, and a page cannot insist.
+class ExternalSchemes {
+public:
+    /// Whether addresses of that scheme, in lower case, are for other programs.
+    [[nodiscard]] static bool IsExternal(TextView scheme);
+
+    /// `site` is the host that wants it opened; empty for the user.
+    [[nodiscard]] ExternalRule RuleFor(TextView scheme, TextView site) const;
+    void Remember(TextView scheme, TextView site, bool open);
+
+private:
+    std::map<std::pair<Text, Text>, bool> m_answers;
+};

@@ -1,0 +1,102 @@
+#include "qt/QtBrowsingData.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QNetworkCookie>
+#include <QSaveFile>
+#include <QWebEngineCookieStore>
+#include <QWebEngineProfile>
+
+namespace {
+
+const QString kNotes = QStringLiteral("/cookie-times");
+const QString kForget = QStringLiteral("/forget-sites");
+
+// What the engine keeps of sites beside their cookies, by the names of its folders.
+constexpr const char* kSiteFolders[]{"Local Storage", "Session Storage", "IndexedDB",    "Service Worker",
+                                     "File System",   "databases",       "blob_storage", "WebStorage"};
+
+QByteArray Key(const QNetworkCookie& cookie) {
+    return cookie.domain().toUtf8() + '\n' + cookie.path().toUtf8() + '\n' + cookie.name();
+}
+
+QByteArray Unquoted(const QByteArray& part) { return QByteArray::fromPercentEncoding(part); }
+
+} // namespace
+
+QtBrowsingData::QtBrowsingData(QString profileFolder)
+    : Now([] { return QDateTime::currentSecsSinceEpoch(); }), m_folder(std::move(profileFolder)) {
+    Load();
+}
+
+QtBrowsingData::~QtBrowsingData() { Save(); }
+
+void QtBrowsingData::Watch(QWebEngineProfile& profile) {
+    // Of what is kept in memory nothing may outlive it.
+    if (profile.isOffTheRecord()) m_folder.clear();
+    auto* cookies = profile.cookieStore();
+    QObject::connect(cookies, &QWebEngineCookieStore::cookieAdded, cookies, [this](const QNetworkCookie& cookie) {
+        m_notes[Key(cookie)] = {cookie.domain().toUtf8(), cookie.path().toUtf8(), cookie.name(), Now()};
+    });
+    QObject::connect(cookies, &QWebEngineCookieStore::cookieRemoved, cookies,
+                     [this](const QNetworkCookie& cookie) { m_notes.remove(Key(cookie)); });
+}
+
+void QtBrowsingData::Clear(const BrowsingData& data, QWebEngineProfile& profile) {
+    if (data.cookies) ClearCookies(data.seconds, profile);
+    if (data.cache) profile.clearHttpCache();
+    if (data.visitedLinks) profile.clearAllVisitedLinks();
+    // The engine has these files open as long as it runs.
+    QFile forget(m_folder + kForget);
+    if (data.siteData && !m_folder.isEmpty() && forget.open(QFile::WriteOnly)) forget.close();
+}
+
+void QtBrowsingData::ClearCookies(qint64 seconds, QWebEngineProfile& profile) {
+    auto* cookies = profile.cookieStore();
+    if (seconds == 0) {
+        m_notes.clear();
+        return cookies->deleteAllCookies();
+    }
+    const qint64 since = Now() - seconds;
+    for (const Note& note : std::as_const(m_notes)) {
+        if (note.time < since) continue;
+        QNetworkCookie cookie(note.name);
+        cookie.setDomain(QString::fromUtf8(note.domain));
+        cookie.setPath(QString::fromUtf8(note.path));
+        cookies->deleteCookie(cookie);
+    }
+}
+
+void QtBrowsingData::Load() {
+    QFile file(m_folder + kNotes);
+    if (m_folder.isEmpty() || !file.open(QFile::ReadOnly)) return;
+    while (!file.atEnd()) {
+        const QList<QByteArray> parts = file.readLine().trimmed().split(' ');
+        if (parts.size() != 4) continue;
+        const Note note{Unquoted(parts[1]), Unquoted(parts[2]), Unquoted(parts[3]), parts[0].toLongLong()};
+        m_notes[note.domain + '\n' + note.path + '\n' + note.name] = note;
+    }
+}
+
+void QtBrowsingData::Save() {
+    if (m_folder.isEmpty() || !QDir(m_folder).exists()) return;
+    QSaveFile file(m_folder + kNotes);
+    if (!file.open(QFile::WriteOnly)) return;
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    for (const Note& note : std::as_const(m_notes)) {
+        file.write(QByteArray::number(note.time) + ' ' + note.domain.toPercentEncoding() + ' ' +
+                   note.path.toPercentEncoding() + ' ' + note.name.toPercentEncoding() + '\n');
+    }
+    file.commit();
+}
+
+void QtBrowsingData::ForgetSites(const QString& profileFolder) {
+    if (!QFile::exists(profileFolder + kForget)) return;
+    bool gone = true;
+    for (const char* name : kSiteFolders) {
+        QDir folder(profileFolder + u'/' + QLatin1String(name));
+        gone = (!folder.exists() || folder.removeRecursively()) && gone;
+    }
+    if (gone) QFile::remove(profileFolder + kForget);
+}

@@ -1,0 +1,89 @@
+#include "qt/QtExternalLinks.h"
+
+#include "pages/PlainText.h"
+#include "qt/QtCovers.h"
+#include "qt/QtDesktopPrograms.h"
+#include "qt/QtPage.h"
+#include "qt/QtText.h"
+
+#include <QDesktopServices>
+
+namespace {
+
+constexpr std::size_t kShownLength = 200;
+
+// What a page calls an address is not to be trusted: one line of plain characters, cut.
+QString Shown(const QUrl& url) { return ToQt(PlainLine(FromQt(url.toString(QUrl::FullyEncoded)), kShownLength)); }
+
+class Question final : public QtDialogCover {
+public:
+    Question(const QUrl& url, const QString& site) {
+        setObjectName(QStringLiteral("externalDialog"));
+        AddHeading(site.isEmpty() ? QStringLiteral("Open this address with another program?")
+                                  : QStringLiteral("%1 wants to open another program.").arg(site));
+        AddWords(Shown(url), "lblAddress");
+        AddWords(QStringLiteral("The answer holds for addresses that begin with \"%1:\" until TessaView is closed.")
+                     .arg(url.scheme()),
+                 "lblHolds");
+        AddButtons(QStringLiteral("&Open"), QStringLiteral("&Cancel"));
+    }
+};
+
+class NoProgram final : public QtDialogCover {
+public:
+    explicit NoProgram(const QUrl& url) {
+        setObjectName(QStringLiteral("externalDialog"));
+        AddHeading(QStringLiteral("No program opens this address."));
+        AddWords(Shown(url), "lblAddress");
+        AddWords(QStringLiteral("This desktop has no program for addresses that begin with \"%1:\".").arg(url.scheme()),
+                 "lblHolds");
+        AddButtons(QStringLiteral("OK"), {});
+    }
+};
+
+} // namespace
+
+QtExternalLinks::QtExternalLinks(QtPage& page, QtCovers& covers, ExternalSchemes& answers)
+    : m_page(page), m_covers(covers), m_answers(answers) {
+    // Queued: the engine waits until it is told that the page stays where it is.
+    connect(
+        &page, &QtPage::ExternalRequested, this,
+        [this](const QUrl& url) { Open(url, QtPage::HostAndPort(m_page.url())); }, Qt::QueuedConnection);
+    connect(&page, &QtPage::NavigationRequested, this, [this](const QUrl&, bool topLevel) {
+        if (topLevel) TakeOff();
+    });
+}
+
+void QtExternalLinks::Open(const QUrl& url, const QString& site) {
+    const ExternalRule rule = m_answers.RuleFor(FromQt(url.scheme()), FromQt(site));
+    if (rule == ExternalRule::Open) QDesktopServices::openUrl(url);
+    if (rule == ExternalRule::Ask && !m_shown) Ask(url, site);
+}
+
+void QtExternalLinks::Ask(const QUrl& url, const QString& site) {
+    // Without one the desktop would give the address back to a browser.
+    if (QtDesktopPrograms::CommandFor(url.scheme()).isEmpty()) {
+        auto* told = new NoProgram(url);
+        told->Accepted = [this] { TakeOff(); };
+        return Show(told);
+    }
+    auto* question = new Question(url, site);
+    const auto answer = [this, url, site](bool open) {
+        m_answers.Remember(FromQt(url.scheme()), FromQt(site), open);
+        TakeOff();
+        if (open) QDesktopServices::openUrl(url);
+    };
+    question->Accepted = [answer] { answer(true); };
+    question->Cancelled = [answer] { answer(false); };
+    Show(question);
+}
+
+void QtExternalLinks::Show(QtDialogCover* dialog) {
+    m_shown = dialog;
+    m_covers.Add(dialog);
+}
+
+void QtExternalLinks::TakeOff() {
+    if (m_shown) m_covers.Remove(m_shown);
+    m_shown = nullptr;
+}

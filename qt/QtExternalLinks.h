@@ -1,0 +1,33 @@
+#pragma once
+#include "pages/ExternalSchemes.h"
+#include "qt/QtDialogCover.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QUrl>
+
+class QtCovers;
+class QtPage;
+
+/// Hands addresses that no page can show to the desktop's program for them, after the user was asked in a dialog of
+/// the tab. One question at a time: a page that wants many opened gets one answer.
+class QtExternalLinks final : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive this object.
+    QtExternalLinks(QtPage& page, QtCovers& covers, ExternalSchemes& answers);
+
+    /// `site` is the host that wants it opened; empty for the user.
+    void Open(const QUrl& url, const QString& site);
+
+private:
+    void Ask(const QUrl& url, const QString& site);
+    void Show(QtDialogCover* dialog);
+    void TakeOff();
+
+    QtPage& m_page;
+    QtCovers& m_covers;
+    ExternalSchemes& m_answers;
+    QPointer<QtDialogCover> m_shown;
+};

@@ -1,0 +1,185 @@
+#include "qt/QtInternetOptionsDialog.h"
+
+#include "qt/Bind.h"
+#include "qt/QtChoice.h"
+#include "qt/QtText.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kBoxWidthInDigits = 48;
+constexpr int kPortWidthInDigits = 8;
+
+QString Name(const char* name) { return QString::fromLatin1(name); }
+
+// A text box under the label that names it.
+QLineEdit* AddBox(QVBoxLayout& rows, Label& label, TextBox& box, const char* name, char16_t accessKey) {
+    auto* caption = new QLabel;
+    auto* edit = new QLineEdit;
+    caption->setBuddy(edit);
+    Bind(label, *caption, QStringLiteral("lbl") + Name(name).mid(3), accessKey);
+    Bind(box, *edit, Name(name), caption->accessibleName());
+    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(u'0') * kBoxWidthInDigits);
+    rows.addWidget(caption);
+    rows.addWidget(edit);
+    return edit;
+}
+
+void AddCheckBox(QVBoxLayout& rows, CheckBox& box, const char* name, char16_t accessKey) {
+    auto* widget = new QCheckBox;
+    Bind(box, *widget, Name(name), accessKey);
+    rows.addWidget(widget);
+}
+
+void AddChoice(QVBoxLayout& rows, Choice& choice, const char* name, char16_t accessKey) {
+    auto* caption = new QLabel(WithAccessKey(ToQt(choice.Caption), accessKey));
+    auto* box = new QComboBox;
+    caption->setBuddy(box);
+    Bind(choice, *box, Name(name));
+    auto* row = new QHBoxLayout;
+    row->addWidget(caption);
+    row->addWidget(box);
+    row->addStretch();
+    rows.addLayout(row);
+}
+
+QPushButton* NewButton(Button& button, const char* name, char16_t accessKey) {
+    auto* widget = new QPushButton;
+    Bind(button, *widget, Name(name), accessKey);
+    widget->setAutoDefault(false);
+    return widget;
+}
+
+void AddButtons(QVBoxLayout& rows, std::initializer_list<QPushButton*> buttons) {
+    auto* row = new QHBoxLayout;
+    for (auto* button : buttons) row->addWidget(button);
+    row->addStretch();
+    rows.addLayout(row);
+}
+
+} // namespace
+
+QtInternetOptionsDialog::QtInternetOptionsDialog(frmInternetOptions& form, QWidget* parent)
+    : QDialog(parent), m_form(form) {
+    setObjectName(QStringLiteral("frmInternetOptions"));
+    setWindowTitle(ToQt(form.Caption));
+    auto* tabs = new QTabWidget(this);
+    tabs->setObjectName(QStringLiteral("tabOptions"));
+    tabs->addTab(GeneralPage(), QStringLiteral("&General"));
+    tabs->addTab(ProgramsPage(), QStringLiteral("&Programs"));
+    tabs->addTab(PrivacyPage(), QStringLiteral("Pri&vacy"));
+    tabs->addTab(ClearPage(), QStringLiteral("C&lear Data"));
+    tabs->addTab(ConnectionPage(), QStringLiteral("&Connection"));
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(tabs);
+    rows->addWidget(Buttons());
+    // Larger fonts enlarge the dialog; more room than it needs is of no use.
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+    Bind(form.Form, *this, form.cmdCancel);
+    findChild<QLineEdit*>(QStringLiteral("txtHomePage"))->setFocus();
+}
+
+QWidget* QtInternetOptionsDialog::GeneralPage() {
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    AddBox(*rows, m_form.lblHomePage, m_form.txtHomePage, "txtHomePage", u'H');
+    AddButtons(*rows, {NewButton(m_form.cmdUseCurrent, "cmdUseCurrent", u'U'),
+                       NewButton(m_form.cmdUseDefault, "cmdUseDefault", u'D')});
+    AddBox(*rows, m_form.lblSearch, m_form.txtSearch, "txtSearch", u'S');
+    AddBox(*rows, m_form.lblShop, m_form.txtShop, "txtShop", u'O');
+    AddBox(*rows, m_form.lblFind, m_form.txtFind, "txtFind", u'F');
+    for (const char* name : {"txtSearch", "txtShop", "txtFind"})
+        page->findChild<QLineEdit*>(Name(name))->setPlaceholderText(QStringLiteral("TessaView's own choice"));
+    rows->addStretch();
+    return page;
+}
+
+QWidget* QtInternetOptionsDialog::ProgramsPage() {
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    AddBox(*rows, m_form.lblMail, m_form.txtMail, "txtMail", u'M');
+    AddBox(*rows, m_form.lblNews, m_form.txtNews, "txtNews", u'N');
+    AddBox(*rows, m_form.lblDownloads, m_form.txtDownloads, "txtDownloads", u'D');
+    AddButtons(*rows, {NewButton(m_form.cmdBrowse, "cmdBrowse", u'B')});
+    rows->addStretch();
+    return page;
+}
+
+QWidget* QtInternetOptionsDialog::PrivacyPage() {
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    AddCheckBox(*rows, m_form.chkJavaScript, "chkJavaScript", u'J');
+    AddChoice(*rows, m_form.cboCookies, "cboCookies", u'K');
+    AddCheckBox(*rows, m_form.chkDoNotTrack, "chkDoNotTrack", u'T');
+    AddCheckBox(*rows, m_form.chkGlobalPrivacyControl, "chkGlobalPrivacyControl", u'S');
+    rows->addStretch();
+    return page;
+}
+
+QWidget* QtInternetOptionsDialog::ClearPage() {
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    AddCheckBox(*rows, m_form.chkClearCookies, "chkClearCookies", u'K');
+    AddChoice(*rows, m_form.cboSince, "cboSince", u'O');
+    AddCheckBox(*rows, m_form.chkClearSiteData, "chkClearSiteData", u'W');
+    AddCheckBox(*rows, m_form.chkClearCache, "chkClearCache", u'S');
+    AddCheckBox(*rows, m_form.chkClearVisited, "chkClearVisited", u'I');
+    AddCheckBox(*rows, m_form.chkClearTyped, "chkClearTyped", u'T');
+    AddButtons(*rows, {NewButton(m_form.cmdClear, "cmdClear", u'N')});
+    auto* cleared = new QLabel;
+    Bind(m_form.lblCleared, *cleared, QStringLiteral("lblCleared"));
+    rows->addWidget(cleared);
+    rows->addStretch();
+    return page;
+}
+
+QWidget* QtInternetOptionsDialog::ConnectionPage() {
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    AddChoice(*rows, m_form.cboProxy, "cboProxy", u'X');
+    AddBox(*rows, m_form.lblProxyHost, m_form.txtProxyHost, "txtProxyHost", u'H');
+    auto* port = AddBox(*rows, m_form.lblProxyPort, m_form.txtProxyPort, "txtProxyPort", u'R');
+    port->setMinimumWidth(0);
+    port->setFixedWidth(port->fontMetrics().horizontalAdvance(u'0') * kPortWidthInDigits);
+    auto* bad = new QLabel;
+    Bind(m_form.lblProxyBad, *bad, QStringLiteral("lblProxyBad"));
+    rows->addWidget(bad);
+    rows->addStretch();
+    // What is missing is led to wherever it is.
+    auto* tabs = findChild<QTabWidget*>(QStringLiteral("tabOptions"));
+    for (auto* box : {&m_form.txtProxyHost, &m_form.txtProxyPort}) {
+        box->SetFocus = [tabs, page, focus = box->SetFocus] {
+            tabs->setCurrentWidget(page);
+            focus();
+        };
+    }
+    return page;
+}
+
+QWidget* QtInternetOptionsDialog::Buttons() {
+    auto* buttons = new QDialogButtonBox;
+    auto* ok = new QPushButton;
+    auto* cancel = new QPushButton;
+    Bind(m_form.cmdOK, *ok, QStringLiteral("cmdOK"));
+    Bind(m_form.cmdCancel, *cancel, QStringLiteral("cmdCancel"));
+    buttons->addButton(ok, QDialogButtonBox::AcceptRole);
+    buttons->addButton(cancel, QDialogButtonBox::RejectRole);
+    ok->setDefault(true);
+    return buttons;
+}
+
+void ShowModal(frmInternetOptions& form, QWidget* parent) {
+    const QPointer<QtInternetOptionsDialog> dialog = new QtInternetOptionsDialog(form, parent);
+    ShowModal(form.Form, *dialog);
+    delete dialog;
+}

@@ -1,0 +1,27 @@
+#pragma once
+#include "settings/frmInternetOptions.h"
+
+#include <QDialog>
+
+class QFormLayout;
+class QHBoxLayout;
+class QVBoxLayout;
+
+/// The window of `frmInternetOptions`: lays out its controls and binds them. The form must outlive it.
+class QtInternetOptionsDialog : public QDialog {
+public:
+    explicit QtInternetOptionsDialog(frmInternetOptions& form, QWidget* parent = nullptr);
+
+private:
+    QWidget* GeneralPage();
+    QWidget* ProgramsPage();
+    QWidget* PrivacyPage();
+    QWidget* ClearPage();
+    QWidget* ConnectionPage();
+    QWidget* Buttons();
+
+    frmInternetOptions& m_form;
+};
+
+/// Shows the form over `parent` until it hides; `form.Apply` then tells OK from Cancel.
+void ShowModal(frmInternetOptions& form, QWidget* parent);

@@ -1,0 +1,86 @@
+#include "qt/QtWebOptions.h"
+
+#include "qt/QtRequests.h"
+#include "qt/QtText.h"
+
+#include <QNetworkProxy>
+#include <QStandardPaths>
+#include <QWebEngineCookieStore>
+#include <QWebEngineProfile>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
+#include <QWebEngineSettings>
+
+namespace {
+
+const QString kSignalsName = QStringLiteral("signals");
+
+// What the headers tell the server, the page can read.
+QString SignalsScript(const InternetValues& values) {
+    const auto define = [](const char* name, const char* value) {
+        return QStringLiteral("Object.defineProperty(Navigator.prototype, '%1', "
+                              "{ get: () => %2, configurable: true, enumerable: true });")
+            .arg(QLatin1String(name), QLatin1String(value));
+    };
+    QString script;
+    if (values.doNotTrack) script += define("doNotTrack", "'1'");
+    if (values.globalPrivacyControl) script += define("globalPrivacyControl", "true");
+    return script;
+}
+
+void SetSignals(const InternetValues& values, QWebEngineProfile& profile) {
+    for (const QWebEngineScript& before : profile.scripts()->find(kSignalsName)) profile.scripts()->remove(before);
+    const QString source = SignalsScript(values);
+    if (source.isEmpty()) return;
+    QWebEngineScript script;
+    script.setName(kSignalsName);
+    script.setSourceCode(source);
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::MainWorld);
+    script.setRunsOnSubFrames(true);
+    profile.scripts()->insert(script);
+}
+
+void SetCookies(CookieRule rule, QWebEngineCookieStore& cookies) {
+    // Asked on a thread of the engine's own.
+    if (rule == CookieRule::All) return cookies.setCookieFilter(nullptr);
+    cookies.setCookieFilter([rule](const QWebEngineCookieStore::FilterRequest& request) {
+        return rule == CookieRule::SameSite && !request.thirdParty;
+    });
+}
+
+} // namespace
+
+namespace QtWebOptions {
+
+void Apply(const InternetValues& values, QWebEngineProfile& profile) {
+    profile.settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, values.javaScript);
+    SetCookies(values.cookies, *profile.cookieStore());
+    SetSignals(values, profile);
+    profile.setDownloadPath(ToQt(DownloadFolder(values)));
+}
+
+void Apply(const InternetValues& values, QtRequests& requests) {
+    requests.DoNotTrack = values.doNotTrack;
+    requests.GlobalPrivacyControl = values.globalPrivacyControl;
+}
+
+void ApplyProxy(const InternetValues& values) {
+    QNetworkProxyFactory::setUseSystemConfiguration(values.proxy == ProxyKind::System);
+    if (values.proxy == ProxyKind::System) return;
+    QNetworkProxy proxy(QNetworkProxy::NoProxy);
+    if (values.proxy == ProxyKind::Http) proxy.setType(QNetworkProxy::HttpProxy);
+    if (values.proxy == ProxyKind::Socks) proxy.setType(QNetworkProxy::Socks5Proxy);
+    if (values.proxy != ProxyKind::Direct) {
+        proxy.setHostName(ToQt(values.proxyHost));
+        proxy.setPort(static_cast<quint16>(values.proxyPort));
+    }
+    QNetworkProxy::setApplicationProxy(proxy);
+}
+
+Text DownloadFolder(const InternetValues& values) {
+    if (!values.downloadFolder.empty()) return values.downloadFolder;
+    return FromQt(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
+}
+
+} // namespace QtWebOptions

@@ -1,0 +1,78 @@
+#include "settings/InternetSettings.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+template<typename Kind>
+struct Word {
+    Kind kind;
+    TextView word;
+};
+
+constexpr std::array kCookies{
+    Word<CookieRule>{CookieRule::All, u"all"},
+    Word<CookieRule>{CookieRule::SameSite, u"site"},
+    Word<CookieRule>{CookieRule::None, u"none"},
+};
+
+constexpr std::array kProxies{
+    Word<ProxyKind>{ProxyKind::System, u"system"},
+    Word<ProxyKind>{ProxyKind::Direct, u"direct"},
+    Word<ProxyKind>{ProxyKind::Http, u"http"},
+    Word<ProxyKind>{ProxyKind::Socks, u"socks"},
+};
+
+template<typename Words, typename Kind>
+Kind KindOf(const Words& words, TextView word, Kind otherwise) {
+    const auto found = std::ranges::find(words, word, [](const auto& each) { return each.word; });
+    return found == words.end() ? otherwise : found->kind;
+}
+
+template<typename Words, typename Kind>
+Text WordOf(const Words& words, Kind kind) {
+    return Text(std::ranges::find(words, kind, [](const auto& each) { return each.kind; })->word);
+}
+
+constexpr std::int32_t kLastPort = 65535;
+
+} // namespace
+
+InternetSettings::InternetSettings(SettingsStorageFactory& factory)
+    : m_storage(factory.Open()),
+      HomePage(*m_storage, u"InternetHomePage"),
+      JavaScript(*m_storage, u"InternetJavaScript", true),
+      Cookies(*m_storage, u"InternetCookies"),
+      DoNotTrack(*m_storage, u"InternetDoNotTrack", false),
+      GlobalPrivacyControl(*m_storage, u"InternetGlobalPrivacyControl", false),
+      Proxy(*m_storage, u"InternetProxy"),
+      ProxyHost(*m_storage, u"InternetProxyHost"),
+      ProxyPort(*m_storage, u"InternetProxyPort", 0),
+      DownloadFolder(*m_storage, u"InternetDownloadFolder") {}
+
+InternetValues InternetSettings::Get() const {
+    const InternetValues byDesign;
+    const std::int32_t port = ProxyPort.Get();
+    return {.homePage = HomePage.Get(),
+            .javaScript = JavaScript.Get(),
+            .cookies = KindOf(kCookies, Cookies.Get(), byDesign.cookies),
+            .doNotTrack = DoNotTrack.Get(),
+            .globalPrivacyControl = GlobalPrivacyControl.Get(),
+            .proxy = KindOf(kProxies, Proxy.Get(), byDesign.proxy),
+            .proxyHost = ProxyHost.Get(),
+            .proxyPort = port >= 0 && port <= kLastPort ? port : 0,
+            .downloadFolder = DownloadFolder.Get()};
+}
+
+void InternetSettings::Set(const InternetValues& values) {
+    ResumeNext(HomePage.Set(values.homePage));
+    ResumeNext(JavaScript.Set(values.javaScript));
+    ResumeNext(Cookies.Set(WordOf(kCookies, values.cookies)));
+    ResumeNext(DoNotTrack.Set(values.doNotTrack));
+    ResumeNext(GlobalPrivacyControl.Set(values.globalPrivacyControl));
+    ResumeNext(Proxy.Set(WordOf(kProxies, values.proxy)));
+    ResumeNext(ProxyHost.Set(values.proxyHost));
+    ResumeNext(ProxyPort.Set(values.proxyPort));
+    ResumeNext(DownloadFolder.Set(values.downloadFolder));
+}

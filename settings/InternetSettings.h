@@ -1,0 +1,47 @@
+#pragma once
+#include "settings/SettingsStore.h"
+
+/// Which cookies pages may keep and read.
+enum class CookieRule { All, SameSite, None };
+
+/// How the program reaches the network.
+enum class ProxyKind { System, Direct, Http, Socks };
+
+/// The options of Internet Options that are not the product's own settings, as values.
+struct InternetValues {
+    Text homePage; ///< as a person types it; empty for the program's own
+    bool javaScript = true;
+    CookieRule cookies = CookieRule::SameSite; ///< third parties keep none by default
+    bool doNotTrack = false;                   ///< send the header "DNT"
+    bool globalPrivacyControl = false;         ///< send the header "Sec-GPC"
+    ProxyKind proxy = ProxyKind::System;
+    Text proxyHost;
+    std::int32_t proxyPort = 0;
+    Text downloadFolder; ///< empty for the desktop's
+
+    friend bool operator==(const InternetValues&, const InternetValues&) = default;
+};
+
+/// Where these are kept. Made for one use and released right after it.
+class InternetSettings {
+    std::unique_ptr<SettingsStorage> m_storage;
+
+public:
+    /// The factory must outlive this object.
+    explicit InternetSettings(SettingsStorageFactory& factory);
+
+    /// What cannot be understood counts as never written.
+    [[nodiscard]] InternetValues Get() const;
+    /// Each value on its own: one that cannot be written leaves the others alone.
+    void Set(const InternetValues& values);
+
+    Setting<Text> HomePage;
+    Setting<bool> JavaScript;
+    Setting<Text> Cookies; ///< "all", "site" or "none"
+    Setting<bool> DoNotTrack;
+    Setting<bool> GlobalPrivacyControl;
+    Setting<Text> Proxy; ///< "system", "direct", "http" or "socks"
+    Setting<Text> ProxyHost;
+    Setting<std::int32_t> ProxyPort;
+    Setting<Text> DownloadFolder;
+};

@@ -1,0 +1,153 @@
+#include "settings/frmInternetOptions.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::int64_t kHour = 3600;
+constexpr std::array<std::int64_t, 4> kSince{kHour, 24 * kHour, 7 * 24 * kHour, 0};
+
+Text Trimmed(TextView text) {
+    const auto isBlank = [](char16_t each) { return each <= u' '; };
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return Text(text);
+}
+
+// Nothing for what is no port.
+std::optional<std::int32_t> Port(const Text& text) {
+    const auto number = WholeNumber(Trimmed(text));
+    return number && *number > 0 && *number <= 65535 ? number : std::nullopt;
+}
+
+// A command that was not touched stays unset, so that it follows the desktop.
+void Keep(Setting<Text>& setting, const Text& command, const Text& shown) {
+    if (command != shown) ResumeNext(setting.Set(command));
+}
+
+} // namespace
+
+frmInternetOptions::frmInternetOptions(SettingsStorageFactory& settings, Outside outside)
+    : m_settings(settings), m_outside(std::move(outside)) {
+    WireClicks();
+    Form_Load();
+}
+
+void frmInternetOptions::WireClicks() {
+    cmdUseCurrent.Click = [this] { txtHomePage.Value = m_outside.currentPage; };
+    cmdUseDefault.Click = [this] { txtHomePage.Value = Text(); };
+    cmdBrowse.Click = [this] { cmdBrowse_Click(); };
+    cmdClear.Click = [this] { cmdClear_Click(); };
+    for (auto* box : {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearTyped})
+        box->Value.Change = [this] { chkClear_Click(); };
+    cboProxy.Index.Change = [this] { cboProxy_Click(); };
+    cmdOK.Click = [this] { cmdOK_Click(); };
+    cmdCancel.Click = [this] { cmdCancel_Click(); };
+}
+
+void frmInternetOptions::Form_Load() {
+    ShowValues(InternetSettings(m_settings).Get());
+    const SettingsStore store(m_settings);
+    txtSearch.Value = store.SearchService.Get();
+    txtShop.Value = store.ShopService.Get();
+    txtFind.Value = store.FindService.Get();
+    m_mailShown = store.MailClient.HasValue() ? store.MailClient.Get() : m_outside.mailProgram;
+    m_newsShown = store.NewsClient.HasValue() ? store.NewsClient.Get() : m_outside.newsProgram;
+    txtMail.Value = m_mailShown;
+    txtNews.Value = m_newsShown;
+    cmdUseCurrent.Enabled = !m_outside.currentPage.empty();
+    cmdBrowse.Enabled = static_cast<bool>(m_outside.chooseFolder);
+    chkClear_Click();
+    cboProxy_Click();
+}
+
+void frmInternetOptions::ShowValues(const InternetValues& values) {
+    txtHomePage.Value = values.homePage;
+    chkJavaScript.Tick(values.javaScript);
+    cboCookies.Index = static_cast<std::size_t>(values.cookies);
+    chkDoNotTrack.Tick(values.doNotTrack);
+    chkGlobalPrivacyControl.Tick(values.globalPrivacyControl);
+    cboProxy.Index = static_cast<std::size_t>(values.proxy);
+    txtProxyHost.Value = values.proxyHost;
+    txtProxyPort.Value = values.proxyPort > 0 ? Decimal(values.proxyPort) : Text();
+    txtDownloads.Value = values.downloadFolder;
+}
+
+InternetValues frmInternetOptions::Values() const {
+    return {.homePage = Trimmed(txtHomePage.Value()),
+            .javaScript = chkJavaScript.Ticked(),
+            .cookies = static_cast<CookieRule>(cboCookies.Index()),
+            .doNotTrack = chkDoNotTrack.Ticked(),
+            .globalPrivacyControl = chkGlobalPrivacyControl.Ticked(),
+            .proxy = static_cast<ProxyKind>(cboProxy.Index()),
+            .proxyHost = Trimmed(txtProxyHost.Value()),
+            .proxyPort = Port(txtProxyPort.Value()).value_or(0),
+            .downloadFolder = Trimmed(txtDownloads.Value())};
+}
+
+BrowsingData frmInternetOptions::Chosen() const {
+    return {.cookies = chkClearCookies.Ticked(),
+            .siteData = chkClearSiteData.Ticked(),
+            .cache = chkClearCache.Ticked(),
+            .visitedLinks = chkClearVisited.Ticked(),
+            .typed = chkClearTyped.Ticked(),
+            .seconds = kSince.at(cboSince.Index())};
+}
+
+void frmInternetOptions::cmdBrowse_Click() {
+    if (!m_outside.chooseFolder) return;
+    const Text folder = m_outside.chooseFolder(txtDownloads.Value());
+    if (!folder.empty()) txtDownloads.Value = folder;
+}
+
+void frmInternetOptions::cmdClear_Click() {
+    const BrowsingData chosen = Chosen();
+    if (!chosen.Any()) return;
+    if (m_outside.clear) m_outside.clear(chosen);
+    for (auto* box : {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearTyped})
+        box->Tick(false);
+    lblCleared.Caption = Text(u"Cleared.");
+}
+
+void frmInternetOptions::chkClear_Click() {
+    const BrowsingData chosen = Chosen();
+    cmdClear.Enabled = chosen.Any();
+    cboSince.Enabled = chosen.cookies;
+    if (chosen.Any()) lblCleared.Caption = Text();
+}
+
+void frmInternetOptions::cboProxy_Click() {
+    const auto kind = static_cast<ProxyKind>(cboProxy.Index());
+    const bool own = kind == ProxyKind::Http || kind == ProxyKind::Socks;
+    txtProxyHost.Enabled = own;
+    txtProxyPort.Enabled = own;
+    lblProxyBad.Caption = Text();
+}
+
+bool frmInternetOptions::ProxyIsWhole() {
+    const InternetValues values = Values();
+    if (values.proxy == ProxyKind::System || values.proxy == ProxyKind::Direct) return true;
+    TextBox* missing = values.proxyHost.empty() ? &txtProxyHost : values.proxyPort == 0 ? &txtProxyPort : nullptr;
+    if (!missing) return true;
+    lblProxyBad.Caption = Text(u"A proxy needs a host and a port from 1 to 65535.");
+    if (missing->SetFocus) missing->SetFocus();
+    return false;
+}
+
+void frmInternetOptions::cmdOK_Click() {
+    if (!ProxyIsWhole()) return;
+    InternetSettings(m_settings).Set(Values());
+    {
+        SettingsStore store(m_settings);
+        ResumeNext(store.SearchService.Set(Trimmed(txtSearch.Value())));
+        ResumeNext(store.ShopService.Set(Trimmed(txtShop.Value())));
+        ResumeNext(store.FindService.Set(Trimmed(txtFind.Value())));
+        Keep(store.MailClient, txtMail.Value(), m_mailShown);
+        Keep(store.NewsClient, txtNews.Value(), m_newsShown);
+    }
+    Apply = true;
+    Form.Visible = false;
+}
+
+void frmInternetOptions::cmdCancel_Click() { Form.Visible = false; }

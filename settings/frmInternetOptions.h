@@ -1,0 +1,109 @@
+#pragma once
+#include "common/Controls.h"
+#include "settings/Choice.h"
+#include "settings/InternetSettings.h"
+
+#include <functional>
+
+/// What the user wants forgotten of where pages have been.
+struct BrowsingData {
+    bool cookies = false;
+    bool siteData = false; ///< what sites keep beside cookies
+    bool cache = false;
+    bool visitedLinks = false;
+    bool typed = false;       ///< addresses and searches of the boxes
+    std::int64_t seconds = 0; ///< how far back, for what is kept with its time; 0 for all of it
+
+    [[nodiscard]] bool Any() const { return cookies || siteData || cache || visitedLinks || typed; }
+    friend bool operator==(const BrowsingData&, const BrowsingData&) = default;
+};
+
+/// The dialog of the Internet Options as data, made afresh for every show. Nothing is written before OK; "Clear Now"
+/// takes effect at once.
+class frmInternetOptions {
+public:
+    /// What the form needs of the world outside; all may be empty.
+    struct Outside {
+        /// Asks for a folder, beginning at the one given; empty when the user changed his mind.
+        std::function<Text(TextView folder)> chooseFolder{};
+        std::function<void(const BrowsingData&)> clear{};
+        /// The address of the page in front.
+        Text currentPage{};
+        /// The programs that the desktop has; used while no other was ever set.
+        Text mailProgram{};
+        Text newsProgram{};
+    };
+
+    /// The factory must outlive the form.
+    frmInternetOptions(SettingsStorageFactory& settings, Outside outside);
+    frmInternetOptions(const frmInternetOptions&) = delete;
+    frmInternetOptions& operator=(const frmInternetOptions&) = delete;
+
+    /// False while the dialog is open, true after OK.
+    bool Apply = false;
+
+    FormState Form;
+    Text Caption = u"Internet Options";
+
+    Label lblHomePage{u"Home page (empty for TessaView's own)"};
+    TextBox txtHomePage;
+    Button cmdUseCurrent{u"Use Current"};
+    Button cmdUseDefault{u"Use Default"};
+    Label lblSearch{u"Search service (%s stands for the words)"};
+    TextBox txtSearch;
+    Label lblShop{u"Shop links lead to (%s stands for the link)"};
+    TextBox txtShop;
+    Label lblFind{u"Find links lead to (%s stands for the link)"};
+    TextBox txtFind;
+
+    Label lblMail{u"Mail program"};
+    TextBox txtMail;
+    Label lblNews{u"News program"};
+    TextBox txtNews;
+    Label lblDownloads{u"Download folder (empty for the desktop's)"};
+    TextBox txtDownloads;
+    Button cmdBrowse{u"Browse..."};
+
+    CheckBox chkJavaScript{u"Pages may run JavaScript"};
+    Choice cboCookies{u"Cookies", {u"From all sites", u"From the site of the page only", u"None"}};
+    CheckBox chkDoNotTrack{u"Tell sites not to track me"};
+    CheckBox chkGlobalPrivacyControl{u"Tell sites not to sell or share what they know of me"};
+
+    CheckBox chkClearCookies{u"Cookies"};
+    CheckBox chkClearSiteData{u"What sites have stored (goes at the next start)"};
+    CheckBox chkClearCache{u"Stored copies of pages"};
+    CheckBox chkClearVisited{u"Visited links"};
+    CheckBox chkClearTyped{u"Typed addresses and searches"};
+    Choice cboSince{u"Cookies of", {u"the last hour", u"the last day", u"the last week", u"all time"}};
+    Button cmdClear{u"Clear Now"};
+    Label lblCleared{u""};
+
+    Choice cboProxy{u"Proxy", {u"As the desktop has it", u"None", u"HTTP proxy", u"SOCKS 5 proxy"}};
+    Label lblProxyHost{u"Host"};
+    TextBox txtProxyHost;
+    Label lblProxyPort{u"Port"};
+    TextBox txtProxyPort;
+    Label lblProxyBad{u""};
+
+    Button cmdOK{u"OK"};
+    Button cmdCancel{u"Cancel"};
+
+private:
+    void Form_Load();
+    void WireClicks();
+    void ShowValues(const InternetValues& values);
+    [[nodiscard]] InternetValues Values() const;
+    [[nodiscard]] BrowsingData Chosen() const;
+    void cmdBrowse_Click();
+    void cmdClear_Click();
+    void chkClear_Click();
+    void cboProxy_Click();
+    /// Whether the proxy can be used; says so and leads to what is missing otherwise.
+    [[nodiscard]] bool ProxyIsWhole();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+
+    SettingsStorageFactory& m_settings;
+    Outside m_outside;
+    Text m_mailShown, m_newsShown; ///< what the boxes showed at first
+};

@@ -1,0 +1,114 @@
+"""Mails reach the desktop's mail program whole, whatever they contain: as one word, seen by no shell, no option of it."""
+
+import http.server
+import json
+import os
+import stat
+import threading
+import unittest
+import urllib.parse
+
+import desk
+import pyatspi
+
+PROGRAM = desk.program_file()
+
+HOSTILE = [
+    "mailto:a@b.example?subject=%22%20--attach%20/etc/passwd%20%22",
+    "mailto:a@b.example?subject=one%0D%0ABcc:%20c@d.example",
+    "mailto:$(id)`id`;id|id>x@b.example?subject='quoted'",
+    "mailto:?attach=/etc/passwd&body=--help",
+    "mailto:--help",
+    "mailto:-a@b.example",
+    'mailto:a"b c"@d.example',
+    "MAILTO:a@b.example?subject=%F0%9F%90%88%20%C3%A9&body=100%25",
+]
+
+
+class Pages:
+    """One page under a title of its own. It is all one link, which after every click leads to the next address."""
+
+    def __init__(self, title, links):
+        html = (
+            f"<!doctype html><meta charset=utf-8><title>{title}</title>"
+            "<a id=a style='position: fixed; inset: 0; background: #def'>link</a>"
+            f"<script>const links = {json.dumps(links)}; const next = () => a.href = links.shift() || '#';"
+            "next(); a.onclick = () => setTimeout(next)</script>"
+        )
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                self.send_response(200)
+                self.send_header("Content-Type", "text/html; charset=utf-8")
+                self.end_headers()
+                self.wfile.write(html.encode())
+
+            def log_message(self, *words):
+                pass
+
+        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        self.address = f"http://127.0.0.1:{self.server.server_address[1]}/page"
+
+    def __enter__(self):
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+        return self
+
+    def __exit__(self, *error):
+        self.server.shutdown()
+        self.server.server_close()
+
+
+def middle(program):
+    """Puts the pointer on the page."""
+    place = program.window().queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    desk.xdotool("mousemove", "--sync", str(place.x + place.width // 2), str(place.y + place.height * 2 // 3))
+
+
+class Mail(unittest.TestCase):
+    def setUp(self):
+        self.home = desk.state_folder()
+        self.record = os.path.join(self.home, "record")
+        programs = os.path.join(self.home, "programs")
+        os.makedirs(programs)
+        # What Qt starts for a mail on a desktop that it does not know.
+        fake = os.path.join(programs, "xdg-open")
+        with open(fake, "w") as file:
+            file.write(f"#!/bin/sh\nfor word; do printf '<%s>' \"$word\"; done >>'{self.record}'\necho >>'{self.record}'\n")
+        os.chmod(fake, stat.S_IRWXU)
+        self.path = os.environ["PATH"]
+        os.environ["PATH"] = programs + os.pathsep + self.path
+
+    def tearDown(self):
+        os.environ["PATH"] = self.path
+
+    def recorded(self):
+        if not os.path.exists(self.record):
+            return []
+        with open(self.record) as file:
+            return file.read().splitlines()
+
+    def wait_recorded(self, count):
+        desk.wait_until(lambda: len(self.recorded()) >= count, what=lambda: f"recorded: {self.recorded()}")
+        lines = self.recorded()
+        self.assertEqual(len(lines), count)
+        self.assertTrue(lines[-1].startswith("<") and lines[-1].endswith(">"), lines[-1])
+        self.assertNotIn("><", lines[-1])
+        return lines[-1][1:-1]
+
+    def test_hostile_links_arrive_as_one_address_that_is_a_mail(self):
+        with Pages("Links", HOSTILE) as pages:
+            with desk.Program(PROGRAM, pages.address, home=self.home) as program:
+                program.wait_strip(["[Links]"])
+                middle(program)
+                for at, link in enumerate(HOSTILE):
+                    program.focus()
+                    desk.xdotool("click", "1")
+                    arrived = self.wait_recorded(at + 1)
+                    self.assertTrue(arrived.lower().startswith("mailto:"), arrived)
+                    self.assertFalse(any(each in arrived for each in " \t\r\n\""), arrived)
+                    self.assertEqual(urllib.parse.unquote(arrived[7:]), urllib.parse.unquote(link[7:]))
+                program.wait_strip(["[Links]"])
+
+
+if __name__ == "__main__":
+    desk.main()

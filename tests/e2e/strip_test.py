@@ -1,0 +1,219 @@
+"""The tab strip under a real pointer: the popup on a background tab, tabs that are dragged, what another program drops."""
+
+import http.server
+import os
+import subprocess
+import threading
+import unittest
+
+import desk
+import pyatspi
+
+PROGRAM = desk.program_file()
+DRAG_SOURCE = os.path.join(os.path.dirname(PROGRAM), "tests", "text_drag_source")
+
+
+def middle(node):
+    place = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    return place.x + place.width // 2, place.y + place.height // 2
+
+
+def move(point):
+    desk.xdotool("mousemove", "--sync", str(point[0]), str(point[1]))
+
+
+def drag(start, end, arrived=lambda: True):
+    """Presses the left button, goes to the end in steps as a hand does, moves about there until `arrived`, and lets
+    go."""
+    move(start)
+    desk.xdotool("mousedown", "1")
+    for step in range(1, 9):
+        move([start[axis] + (end[axis] - start[axis]) * step // 8 for axis in (0, 1)])
+
+    def moved():
+        for offset in (1, 0):
+            move((end[0] + offset, end[1]))
+        return arrived()
+
+    desk.wait_until(moved, what="nobody takes what is dragged")
+    desk.xdotool("mouseup", "1")
+
+
+class Source:
+    """Another program's window, put where it covers no tab."""
+
+    def __init__(self, kind, text):
+        self.process = subprocess.Popen([DRAG_SOURCE, kind, text], stdin=subprocess.DEVNULL)
+
+    def __enter__(self):
+        self.window = desk.wait_until(lambda: self.find("Drag Source"), what="no drag source")
+        desk.xdotool("windowmove", "--sync", self.window, "300", "500")
+        return self
+
+    def __exit__(self, *error):
+        self.process.kill()
+        self.process.wait()
+
+    def find(self, title):
+        return desk.xdotool("search", "--pid", str(self.process.pid), "--name", f"^{title}$").split("\n")[0]
+
+    def middle(self):
+        def place():
+            shell = desk.xdotool("getwindowgeometry", "--shell", self.window).split()
+            return dict(line.split("=") for line in shell)
+
+        found = desk.wait_until(place)
+        return int(found["X"]) + int(found["WIDTH"]) // 2, int(found["Y"]) + int(found["HEIGHT"]) // 2
+
+    def wait_end(self, how):
+        desk.wait_until(lambda: self.find(f"Drag Source {how}"), what=f"the drag did not end {how}")
+
+
+class Stalling:
+    """A server that never answers, and counts how often it was asked."""
+
+    def __enter__(self):
+        let_go = self.let_go = threading.Event()
+        asked = self.asked = []
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                asked.append(self.path)
+                let_go.wait()
+
+            def log_message(self, *words):
+                pass
+
+        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        self.server.daemon_threads = True
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+        self.address = f"http://127.0.0.1:{self.server.server_address[1]}/page"
+        return self
+
+    def count(self):
+        return len([path for path in self.asked if path == "/page"])
+
+    def __exit__(self, *error):
+        self.let_go.set()
+        self.server.shutdown()
+        self.server.server_close()
+
+
+class Strip(unittest.TestCase):
+    def setUp(self):
+        self.home = desk.state_folder()
+
+    def start(self, pages, *titles):
+        """The program with one tab for each title."""
+        group = os.path.join(self.home, "start.tvg")
+        desk.write_group(group, [pages.address(title) for title in titles])
+        return desk.Program(PROGRAM, group, home=self.home)
+
+    def windows(self, program):
+        """The numbers of the program's windows that can be seen. Popups of no menu are not on the accessibility bus."""
+        found = desk.xdotool("search", "--onlyvisible", "--pid", str(program.process.pid), "--name", ".*")
+        return set(found.split())
+
+    def popup(self, program, position, *keys):
+        """Opens the popup of a tab by the right button, presses keys in it and waits until it has gone."""
+        program.focus()
+        before = self.windows(program)
+        move(middle(program.tabs()[position]))
+        desk.xdotool("click", "3")
+        desk.wait_until(lambda: self.windows(program) - before, what="no popup")
+        for key in keys:
+            desk.xdotool("key", key)
+        desk.wait_until(lambda: not self.windows(program) - before, what=f"the popup is still there after {keys}")
+
+    def test_popup_works_on_the_tab_under_the_pointer_and_selects_nothing(self):
+        with desk.PageServer() as pages, Stalling() as slow:
+            with desk.Program(PROGRAM, pages.address("One"), home=self.home) as program:
+                program.wait_strip(["[One]"])
+                self.drop(program, "link", slow.address, 0)
+                desk.wait_until(lambda: len(program.strip()) == 2 and slow.count() == 1)
+                program.keys("ctrl+t")
+                desk.wait_until(lambda: len(program.strip()) == 3)
+                strip = program.strip()
+                self.assertTrue(strip[2].startswith("["), strip)
+                count = len(pages.requested())
+                # Stop is disabled for a page that is there, so its key does nothing; Refresh works.
+                self.popup(program, 0, "s", "r")
+                desk.wait_until(lambda: len(pages.requested()) > count, what=lambda: str(pages.requested()))
+                # For a busy page it is the other way round; once stopped, it can be refreshed.
+                self.popup(program, 1, "r", "s")
+                self.assertEqual(slow.count(), 1)
+                self.popup(program, 1, "r")
+                desk.wait_until(lambda: slow.count() == 2, what="the stopped page was not asked for again")
+                self.assertEqual([each.startswith("[") for each in program.strip()], [False, False, True])
+                self.popup(program, 0, "c")
+                desk.wait_until(lambda: len(program.strip()) == 2, what=lambda: str(program.strip()))
+                self.assertNotIn("One", program.strip())
+                self.assertTrue(program.strip()[1].startswith("["), program.strip())
+
+    def test_a_tab_is_dragged_and_comes_back_in_its_new_place(self):
+        with desk.PageServer() as pages:
+            with self.start(pages, "One", "Two", "Three") as program:
+                names = lambda: [each.strip("[]") for each in program.strip()]
+                desk.wait_until(lambda: set(names()) >= {"One", "Two", "Three"}, what=lambda: str(program.strip()))
+                before = names()
+                program.focus()
+                drag(middle(program.tabs()[-1]), middle(program.tabs()[0]))
+                desk.wait_until(lambda: names() == before[-1:] + before[:-1], what=lambda: str(program.strip()))
+                self.assertTrue(program.strip()[0].startswith("["), program.strip())
+                after = names()
+                program.keys("ctrl+q")
+                program.wait_end()
+            with desk.Program(PROGRAM, home=self.home) as program:
+                desk.wait_until(
+                    lambda: [each for each in names() if each in after and each != "about:blank"]
+                    == [each for each in after if each != "about:blank"],
+                    what=lambda: f"{program.strip()} after {after}",
+                )
+
+    def drop(self, program, kind, text, position, how="taken"):
+        """Drags from another program to a tab, or with no position to the empty part of the strip."""
+        tabs = program.tabs()
+        target = middle(tabs[position]) if position is not None else None
+        if target is None:
+            last = tabs[-1].queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+            target = (last.x + last.width + 60, last.y + last.height // 2)
+        with Source(kind, text) as source:
+            # What is refused shows it only at the end.
+            drag(source.middle(), target, lambda: how == "refused" or source.find("Drag Source accepted"))
+            source.wait_end(how)
+
+    def test_links_and_text_from_another_program_are_loaded_where_they_are_dropped(self):
+        with desk.PageServer() as pages:
+            with desk.Program(PROGRAM, pages.address("Start"), home=self.home) as program:
+                program.wait_strip(["[Start]"])
+                self.drop_until(program, "link", pages.address("Dropped"), 0, ["Start", "[Dropped]"])
+                self.drop_until(program, "text", pages.address("Plain"), 0, ["Plain", "[Dropped]"])
+                before = program.strip()
+                self.drop(program, "file", "/etc/hosts", 0, how="refused")
+                self.assertEqual(program.strip(), before)
+
+    def drop_until(self, program, kind, text, position, strip):
+        """Drops again when nothing came of it: between two programs on a busy machine a transfer may fail."""
+
+        def attempt():
+            self.drop(program, kind, text, position)
+            try:
+                desk.wait_until(lambda: program.strip() == strip, seconds=10)
+            except desk.NeverTrue:
+                return False
+            return True
+
+        desk.wait_until(attempt, what=lambda: f"strip is {program.strip()}, not {strip}")
+
+    def test_ten_megabytes_of_text_do_no_harm(self):
+        with desk.PageServer() as pages:
+            with desk.Program(PROGRAM, pages.address("Start"), home=self.home) as program:
+                program.wait_strip(["[Start]"])
+                self.drop(program, "text", "5000000*x ", None)
+                desk.wait_until(lambda: len(program.strip()) == 2, what=lambda: str(program.strip()))
+                self.drop(program, "link", pages.address("After"), 0)
+                desk.wait_until(lambda: "After" in "".join(program.strip()), what=lambda: str(program.strip()))
+
+
+if __name__ == "__main__":
+    desk.main()

@@ -1,0 +1,169 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtDialogCover.h"
+#include "qt/QtText.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+
+/// The desktop's program for "testapp:" addresses: writes down what it is opened with.
+class OtherProgram final : public QObject {
+    Q_OBJECT
+
+public:
+    OtherProgram() {
+        for (const QString& scheme : Schemes()) QDesktopServices::setUrlHandler(scheme, this, "Open");
+        Write(QStringLiteral("testapp.desktop"), "[Desktop Entry]\nType=Application\nExec=testapp %u\n");
+        Write(QStringLiteral("mimeinfo.cache"),
+              "[MIME Cache]\nx-scheme-handler/testapp=testapp.desktop;\nx-scheme-handler/testapp2=testapp.desktop;\n");
+    }
+    ~OtherProgram() override {
+        for (const QString& scheme : Schemes()) QDesktopServices::unsetUrlHandler(scheme);
+        for (const QString& file : std::as_const(m_files)) QFile::remove(file);
+    }
+
+    std::string Take() { return std::exchange(m_opened, {}).join(u' ').toStdString(); }
+
+public Q_SLOTS:
+    void Open(const QUrl& url) { m_opened << QString::fromLatin1(url.toEncoded()); }
+
+private:
+    static QStringList Schemes() {
+        return {QStringLiteral("testapp"), QStringLiteral("testapp2"), QStringLiteral("nobodys")};
+    }
+    void Write(const QString& name, const QByteArray& text) {
+        const QString folder = qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/applications");
+        QDir().mkpath(folder);
+        m_files << folder + u'/' + name;
+        QFile file(m_files.constLast());
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write(text);
+    }
+    QStringList m_opened, m_files;
+};
+
+class ExternalLinks : public testing::Test {
+protected:
+    void SetUp() override {
+        server.Page(QStringLiteral("/page"), "<a id=link href='testapp:do?x=1%20%22'>one</a><br>"
+                                             "<a id=two href='testapp2:other'>two</a><br>"
+                                             "<a id=none href='nobodys:thing'>three</a>");
+        desk.Load(server.Address(QStringLiteral("/page")));
+    }
+    [[nodiscard]] QtDialogCover* Shown() const {
+        for (auto* each : desk.window.findChildren<QtDialogCover*>(QStringLiteral("externalDialog")))
+            if (each->isVisible()) return each;
+        return nullptr;
+    }
+    bool Asks() {
+        return WaitUntil([this] { return Shown() != nullptr; });
+    }
+    std::string Words(const char* name) const {
+        const auto* label = Shown()->findChild<QLabel*>(QLatin1String(name));
+        return label ? label->text().toStdString() : "(none)";
+    }
+    void Press(const char* button) { Shown()->findChild<QPushButton*>(QLatin1String(button))->click(); }
+    void Settled() {
+        Settle(desk.engine, desk.Real().Page());
+        QCoreApplication::processEvents();
+    }
+
+    OtherProgram program;
+    LocalServer server;
+    EngineView desk;
+};
+
+TEST_F(ExternalLinks, TheUserIsAskedBeforeAnotherProgramOpens) {
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(Asks());
+    EXPECT_EQ(program.Take(), "");
+    EXPECT_EQ(Words("lblHeading"),
+              "127.0.0.1:" + std::to_string(server.serverPort()) + " wants to open another program.");
+    EXPECT_EQ(Words("lblAddress"), "testapp:do?x=1%20%22");
+    Press("cmdOK");
+    EXPECT_EQ(program.Take(), "testapp:do?x=1%20%22");
+    EXPECT_EQ(Shown(), nullptr);
+    EXPECT_EQ(desk.view->LocationURL(), FromQt(server.Address(QStringLiteral("/page"))));
+}
+
+TEST_F(ExternalLinks, OnceForASchemeAndASite) {
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(Asks());
+    Press("cmdOK");
+    program.Take();
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(WaitUntil([&] { return program.Take() == "testapp:do?x=1%20%22"; }));
+    EXPECT_EQ(Shown(), nullptr);
+    desk.ClickOn(QStringLiteral("two"));
+    ASSERT_TRUE(Asks()) << "another scheme";
+    Press("cmdCancel");
+    desk.Load(server.Address(QStringLiteral("/page"), QStringLiteral("localhost")));
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(Asks()) << "another site";
+    QTest::keyClick(Shown(), Qt::Key_Escape);
+    EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, WhatWasRefusedIsNotAskedAgain) {
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(Asks());
+    Press("cmdCancel");
+    desk.ClickOn(QStringLiteral("link"));
+    Settled();
+    EXPECT_EQ(Shown(), nullptr);
+    EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, APageThatWantsManyOpenedGetsOneQuestion) {
+    desk.Script(QStringLiteral("for (let i = 0; i < 20; ++i) location.href = 'testapp:' + i;"
+                               "for (let i = 0; i < 20; ++i) { const f = document.createElement('iframe');"
+                               "f.src = 'testapp:frame' + i; document.body.append(f) } 1"));
+    ASSERT_TRUE(Asks());
+    Press("cmdCancel");
+    Settled();
+    EXPECT_EQ(Shown(), nullptr);
+    EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, WithoutAProgramForItTheUserIsToldSo) {
+    desk.ClickOn(QStringLiteral("none"));
+    ASSERT_TRUE(Asks());
+    EXPECT_EQ(Words("lblHeading"), "No program opens this address.");
+    QTest::keyClick(Shown(), Qt::Key_Escape);
+    EXPECT_EQ(Shown(), nullptr);
+    EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, AnAddressThatThePersonTypedIsAskedAboutToo) {
+    desk.Navigate(QStringLiteral("testapp:typed"));
+    ASSERT_TRUE(Asks());
+    EXPECT_EQ(Words("lblHeading"), "Open this address with another program?");
+    Press("cmdOK");
+    EXPECT_EQ(program.Take(), "testapp:typed");
+    EXPECT_EQ(desk.view->LocationURL(), FromQt(server.Address(QStringLiteral("/page")))) << "the page stays";
+}
+
+TEST_F(ExternalLinks, AQuestionGoesWithItsPage) {
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(Asks());
+    desk.Load(server.Address(QStringLiteral("/page?2")));
+    EXPECT_EQ(Shown(), nullptr);
+    EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, AnAddressIsShownAsOneLineThatIsCut) {
+    desk.Script(QStringLiteral("location.href = 'testapp:' + 'long '.repeat(100000) + '\\n\\u202Eevil'; 1"));
+    ASSERT_TRUE(Asks());
+    EXPECT_LE(Words("lblAddress").size(), 220U);
+    EXPECT_LT(Shown()->height(), 700);
+}
+
+} // namespace
+
+#include "ExternalLinksTest.moc"

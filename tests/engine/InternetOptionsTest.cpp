@@ -1,0 +1,187 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtBrowsingData.h"
+#include "qt/QtRequests.h"
+#include "qt/QtText.h"
+#include "qt/QtWebOptions.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QDir>
+#include <QNetworkProxy>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QWebEngineCookieStore>
+#include <QWebEngineProfile>
+
+namespace {
+
+/// A view whose profile and requests follow the options.
+class InternetOptionsInEffect : public testing::Test {
+protected:
+    InternetOptionsInEffect() {
+        desk.engine.ProfileMade = [this](QWebEngineProfile& made) {
+            profile = &made;
+            made.setUrlRequestInterceptor(&requests);
+            data.Watch(made);
+        };
+        data.Now = [this] { return now; };
+    }
+    ~InternetOptionsInEffect() override { QtWebOptions::ApplyProxy({}); }
+
+    void SetUp() override {
+        server.Answer(QStringLiteral("/page"), [this](const QByteArray& request) {
+            seen << request;
+            return QByteArray("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n\r\n"
+                              "<title>no script</title><script>document.title = 'script'</script>");
+        });
+        desk.Load(server.Address(QStringLiteral("/page")));
+        ASSERT_NE(profile, nullptr);
+    }
+    void Apply(const InternetValues& values) {
+        QtWebOptions::Apply(values, *profile);
+        QtWebOptions::Apply(values, requests);
+        QtWebOptions::ApplyProxy(values);
+    }
+    /// Loads the page anew and gives the head of its request.
+    QByteArray Request() {
+        seen.clear();
+        desk.Load(server.Address(QStringLiteral("/page")));
+        return seen.value(0);
+    }
+    bool Titled(const char* title) {
+        return WaitUntil([&] { return desk.view->LocationName() == FromQt(QString::fromLatin1(title)); });
+    }
+    QString Cookies() { return desk.Script(QStringLiteral("document.cookie")); }
+
+    LocalServer server;
+    QList<QByteArray> seen;
+    qint64 now = 1000000;
+    QtRequests requests;
+    QtBrowsingData data{QString()};
+    QPointer<QWebEngineProfile> profile;
+    EngineView desk;
+};
+
+TEST_F(InternetOptionsInEffect, JavaScriptGoesOffAndOn) {
+    EXPECT_TRUE(Titled("script"));
+    Apply({.javaScript = false});
+    desk.Navigate(server.Address(QStringLiteral("/page")));
+    EXPECT_TRUE(Titled("no script"));
+    Apply({});
+    desk.Navigate(server.Address(QStringLiteral("/page")));
+    EXPECT_TRUE(Titled("script"));
+}
+
+TEST_F(InternetOptionsInEffect, HeadersSayWhatTheUserWantsSaid) {
+    EXPECT_FALSE(Request().contains("DNT:"));
+    EXPECT_FALSE(seen.value(0).contains("Sec-GPC:"));
+    Apply({.doNotTrack = true, .globalPrivacyControl = true});
+    EXPECT_TRUE(Request().contains("DNT: 1\r\n"));
+    EXPECT_TRUE(seen.value(0).contains("Sec-GPC: 1\r\n"));
+    EXPECT_EQ(desk.Script(QStringLiteral("navigator.doNotTrack + ' ' + navigator.globalPrivacyControl")), u"1 true");
+    Apply({});
+    EXPECT_FALSE(Request().contains("DNT:"));
+    EXPECT_NE(desk.Script(QStringLiteral("navigator.globalPrivacyControl + ''")), u"true");
+}
+
+TEST_F(InternetOptionsInEffect, NoCookiesMeansNone) {
+    Apply({.cookies = CookieRule::None});
+    Request();
+    desk.Script(QStringLiteral("document.cookie = 'own=1'"));
+    EXPECT_EQ(Cookies(), u"");
+    EXPECT_FALSE(Request().contains("Cookie:"));
+    Apply({});
+    Request();
+    desk.Script(QStringLiteral("document.cookie = 'own=1'"));
+    EXPECT_EQ(Cookies(), u"own=1");
+    EXPECT_TRUE(Request().contains("Cookie: own=1"));
+}
+
+TEST_F(InternetOptionsInEffect, ThirdPartiesKeepCookiesOnlyWhenAllMay) {
+    // Cookies for other sites need TLS; what is stored by a frame of another site shows the same.
+    server.Page(QStringLiteral("/frame"), "<script>let all; try { localStorage.setItem('a', '1');"
+                                          "all = localStorage.getItem('a') } catch (e) { all = 'refused' }"
+                                          "parent.postMessage(all + '', '*')</script>");
+    server.Page(QStringLiteral("/host"),
+                "<script>onmessage = e => document.title = 'third ' + e.data</script><iframe src='" +
+                    server.Address(QStringLiteral("/frame"), QStringLiteral("localhost")).toUtf8() + "'></iframe>");
+    Apply({});
+    desk.Load(server.Address(QStringLiteral("/host")));
+    EXPECT_TRUE(Titled("third refused")) << ToUtf8(desk.view->LocationName());
+    Apply({.cookies = CookieRule::All});
+    desk.Load(server.Address(QStringLiteral("/host")));
+    EXPECT_TRUE(Titled("third 1"));
+}
+
+TEST_F(InternetOptionsInEffect, AProxyIsAskedInstead) {
+    server.Answer(QStringLiteral("http://far.example/page"), [](const QByteArray&) {
+        return QByteArray(
+            "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n\r\n<title>by proxy</title>");
+    });
+    Apply({.proxy = ProxyKind::Http, .proxyHost = u"127.0.0.1", .proxyPort = server.serverPort()});
+    desk.Load(QStringLiteral("http://far.example/page"));
+    EXPECT_TRUE(Titled("by proxy"));
+    server.requests.clear();
+    Apply({.proxy = ProxyKind::Direct});
+    desk.Load(QStringLiteral("http://far.example/page?again"));
+    EXPECT_TRUE(server.requests.isEmpty()) << server.requests.join(u' ').toStdString();
+}
+
+TEST_F(InternetOptionsInEffect, TheHomePageIsTheChosenOne) {
+    desk.engine.HomeAddress = [this] { return FromQt(server.Address(QStringLiteral("/page"))); };
+    desk.Load(QStringLiteral("about:blank"));
+    EXPECT_EQ(desk.view->GoHome(), Outcome::Done);
+    EXPECT_TRUE(Titled("script"));
+    desk.engine.HomeAddress = [] { return Text(); };
+    EXPECT_EQ(desk.view->GoHome(), Outcome::Done);
+    EXPECT_TRUE(WaitUntil([&] { return desk.view->LocationURL() == u"tessaview:start"; }));
+}
+
+TEST_F(InternetOptionsInEffect, DownloadsGoWhereTheUserWants) {
+    Apply({.downloadFolder = u"/tmp/some where"});
+    EXPECT_EQ(profile->downloadPath(), QStringLiteral("/tmp/some where"));
+    Apply({});
+    EXPECT_EQ(FromQt(profile->downloadPath()), QtWebOptions::DownloadFolder({}));
+    EXPECT_FALSE(profile->downloadPath().isEmpty());
+}
+
+TEST_F(InternetOptionsInEffect, CookiesAreForgottenAsFarBackAsTheUserSays) {
+    int noted = 0;
+    QObject::connect(profile->cookieStore(), &QWebEngineCookieStore::cookieAdded, &desk.window, [&] { ++noted; });
+    desk.Script(QStringLiteral("document.cookie = 'old=1; max-age=9999'"));
+    ASSERT_TRUE(WaitUntil([&] { return noted == 1; }));
+    now += 7200;
+    desk.Script(QStringLiteral("document.cookie = 'new=1; max-age=9999'"));
+    ASSERT_TRUE(WaitUntil([&] { return noted == 2; }));
+    data.Clear({.cookies = true, .seconds = 3600}, *profile);
+    EXPECT_TRUE(WaitUntil([&] { return Cookies() == u"old=1"; })) << Cookies().toStdString();
+    data.Clear({.cookies = true}, *profile);
+    EXPECT_TRUE(WaitUntil([&] { return Cookies().isEmpty(); }));
+}
+
+TEST_F(InternetOptionsInEffect, SoundsWithoutAnElementAreHeldBackTheyAndTheirRequests) {
+    requests.Loads.sounds = false;
+    desk.Script(QStringLiteral("new Audio('/beep.mp3').onerror = () => document.title = 'held back'; 1"));
+    EXPECT_TRUE(Titled("held back"));
+    EXPECT_FALSE(server.requests.contains(QStringLiteral("/beep.mp3")));
+}
+
+TEST(SiteData, IsForgottenBeforeTheEngineOpensIt) {
+    const QTemporaryDir folder;
+    const QDir data(folder.path());
+    for (const char* name : {"Local Storage/leveldb", "IndexedDB", "Kept"}) data.mkpath(QLatin1String(name));
+    QtBrowsingData::ForgetSites(folder.path());
+    EXPECT_TRUE(data.exists(QStringLiteral("IndexedDB"))) << "nobody asked";
+    {
+        QtBrowsingData browsing(folder.path());
+        QWebEngineProfile profile;
+        browsing.Clear({.siteData = true}, profile);
+    }
+    QtBrowsingData::ForgetSites(folder.path());
+    EXPECT_FALSE(data.exists(QStringLiteral("Local Storage")) || data.exists(QStringLiteral("IndexedDB")));
+    EXPECT_TRUE(data.exists(QStringLiteral("Kept")));
+    data.mkpath(QStringLiteral("IndexedDB"));
+    QtBrowsingData::ForgetSites(folder.path());
+    EXPECT_TRUE(data.exists(QStringLiteral("IndexedDB"))) << "once is enough";
+}
+
+} // namespace

@@ -1,0 +1,81 @@
+#include "commands/DesignTimeBar.h"
+#include "commands/ToolNames.h"
+#include "qt/QtText.h"
+#include "settings/frmInternetOptions.h"
+#include "settings/frmSettings.h"
+#include "tests/fakes/FakeSettings.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+// Stands outside the namespace, as Qt's macro demands.
+static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
+
+namespace {
+
+/// The help as it is, and as it reads without its marks.
+class QtHelpPageTest : public testing::Test {
+protected:
+    void SetUp() override {
+        LoadResources();
+        QFile file(QStringLiteral(":/help.html"));
+        ASSERT_TRUE(file.open(QFile::ReadOnly));
+        m_html = QString::fromUtf8(file.readAll());
+        static const QRegularExpression marks(QStringLiteral("<[^>]*>")), blanks(QStringLiteral("\\s+"));
+        m_words = QString(m_html).remove(marks).replace(blanks, QStringLiteral(" "));
+        m_words.replace(QStringLiteral("&amp;"), QStringLiteral("&"));
+    }
+    void ExpectSays(const QString& text) const {
+        EXPECT_TRUE(m_words.contains(text, Qt::CaseInsensitive)) << "the help does not say " << text.toStdString();
+    }
+    QString m_html, m_words;
+};
+
+TEST_F(QtHelpPageTest, EveryMenuOfTheMenuBarIsExplained) {
+    CommandBar bar;
+    DesignTimeBar::Make(bar);
+    for (const BandEntry& entry : bar.FindBand(u"bndMenu")->Entries()) {
+        const QString caption = ToQt(WithoutAccessKey(entry.Item->Caption()));
+        EXPECT_TRUE(m_html.contains(QStringLiteral("<th scope=\"row\">%1</th>").arg(caption))) << caption.toStdString();
+    }
+    for (const char* other : {"Mail", "Font", "More"})
+        EXPECT_TRUE(m_html.contains(QStringLiteral("<th scope=\"row\">%1</th>").arg(QLatin1String(other)))) << other;
+}
+
+TEST_F(QtHelpPageTest, EverySettingIsExplained) {
+    FakeSettings settings;
+    const frmSettings form(settings);
+    for (const CheckBox* box :
+         {&form.chkAllowMultipleInstances, &form.chkTabsUp, &form.chkLimitTitleLength, &form.chkCloseTessaGroups,
+          &form.chkOpenNew, &form.chkAskDefaultBrowser, &form.chkRememberAndOpenLastSites})
+        ExpectSays(ToQt(box->Caption));
+    const frmInternetOptions options(settings, {});
+    ExpectSays(ToQt(options.Caption));
+    ExpectSays(ToQt(options.cmdClear.Caption()));
+}
+
+TEST_F(QtHelpPageTest, EveryLinkOfTheContentsLeadsToAChapterAndEveryChapterIsListed) {
+    static const QRegularExpression link(QStringLiteral("href=\"#(\\w+)\"")),
+        chapter(QStringLiteral("<h2 id=\"(\\w+)\">"));
+    const auto all = [this](const QRegularExpression& what) {
+        QStringList found;
+        for (auto each = what.globalMatch(m_html); each.hasNext();) found << each.next().captured(1);
+        return found;
+    };
+    EXPECT_EQ(all(link), all(chapter));
+    EXPECT_GT(all(chapter).size(), 5);
+}
+
+TEST_F(QtHelpPageTest, ThereArePicturesThatReadersWhoDoNotSeeThemCanRead) {
+    EXPECT_GE(m_html.count(QStringLiteral("<svg ")), 3);
+    EXPECT_EQ(m_html.count(QStringLiteral("<svg ")), m_html.count(QStringLiteral("role=\"img\" aria-label=\"")));
+    EXPECT_EQ(m_html.count(QStringLiteral("<figure>")), m_html.count(QStringLiteral("<figcaption>")));
+}
+
+TEST_F(QtHelpPageTest, NothingIsFetchedFromElsewhere) {
+    for (const char* from : {"src=", "url(", "@import", "<script", "<link"})
+        EXPECT_FALSE(m_html.contains(QLatin1String(from))) << from;
+}
+
+} // namespace

@@ -1,0 +1,183 @@
+#include "qt/QtInternetOptionsDialog.h"
+
+#include "qt/QtText.h"
+#include "tests/fakes/FakeSettings.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+class QtInternetOptionsDialogTest : public testing::Test {
+protected:
+    FakeSettings m_settings;
+    std::vector<BrowsingData> m_cleared;
+    frmInternetOptions m_form{m_settings,
+                              {.chooseFolder = [](TextView) { return Text(u"/chosen"); },
+                               .clear = [this](const BrowsingData& data) { m_cleared.push_back(data); },
+                               .currentPage = u"http://here.example/",
+                               .mailProgram = {},
+                               .newsProgram = {}}};
+
+    /// What the user does in the open dialog; returns once it is closed.
+    void Use(const std::function<void(QDialog&)>& user) {
+        bool used = false;
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+            user(*dialog);
+            used = true;
+            if (!dialog->isHidden()) {
+                ADD_FAILURE() << "the dialog is still open";
+                dialog->hide();
+            }
+        });
+        ShowModal(m_form, nullptr);
+        EXPECT_TRUE(used);
+        EXPECT_FALSE(m_form.Form.Visible());
+    }
+
+    template<typename T>
+    static T& Find(QDialog& dialog, const char* name) {
+        auto* widget = dialog.findChild<T*>(QString::fromLatin1(name));
+        if (widget == nullptr) throw std::runtime_error(std::string("no widget ") + name);
+        return *widget;
+    }
+
+    static void ShowPageOf(QDialog& dialog, const QWidget& control) {
+        auto& tabs = Find<QTabWidget>(dialog, "tabOptions");
+        for (int i = 0; i < tabs.count(); ++i)
+            if (tabs.widget(i)->isAncestorOf(&control)) tabs.setCurrentIndex(i);
+        ASSERT_TRUE(control.isVisible()) << control.objectName().toStdString();
+    }
+
+    static void Type(QDialog& dialog, const char* name, const char* text) {
+        auto& box = Find<QLineEdit>(dialog, name);
+        ShowPageOf(dialog, box);
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, QString::fromLatin1(text));
+    }
+
+    static void Click(QDialog& dialog, const char* name) {
+        auto& button = Find<QAbstractButton>(dialog, name);
+        if (QString::fromLatin1(name) != u"cmdOK" && QString::fromLatin1(name) != u"cmdCancel")
+            ShowPageOf(dialog, button);
+        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
+    }
+
+    static void Choose(QDialog& dialog, const char* name, int steps) {
+        auto& box = Find<QComboBox>(dialog, name);
+        ShowPageOf(dialog, box);
+        for (int i = 0; i < steps; ++i) QTest::keyClick(&box, Qt::Key_Down);
+    }
+};
+
+TEST_F(QtInternetOptionsDialogTest, WhatIsTypedAndTickedIsKeptAfterOk) {
+    Use([](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Internet Options"));
+        Type(dialog, "txtHomePage", "home.example");
+        Type(dialog, "txtSearch", "https://s.example/?q=%s");
+        Type(dialog, "txtMail", "letters");
+        Type(dialog, "txtDownloads", "/tmp/d");
+        Click(dialog, "chkJavaScript");
+        Click(dialog, "chkDoNotTrack");
+        Click(dialog, "chkGlobalPrivacyControl");
+        Choose(dialog, "cboCookies", 1);
+        Choose(dialog, "cboProxy", 2);
+        Type(dialog, "txtProxyHost", "proxy.example");
+        Type(dialog, "txtProxyPort", "3128");
+        Click(dialog, "cmdOK");
+    });
+    EXPECT_TRUE(m_form.Apply);
+    EXPECT_EQ(InternetSettings(m_settings).Get(), (InternetValues{.homePage = u"home.example",
+                                                                  .javaScript = false,
+                                                                  .cookies = CookieRule::None,
+                                                                  .doNotTrack = true,
+                                                                  .globalPrivacyControl = true,
+                                                                  .proxy = ProxyKind::Http,
+                                                                  .proxyHost = u"proxy.example",
+                                                                  .proxyPort = 3128,
+                                                                  .downloadFolder = u"/tmp/d"}));
+    EXPECT_EQ(m_settings.Stored(u"SearchService"), u"https://s.example/?q=%s");
+    EXPECT_EQ(m_settings.Stored(u"MailClient"), u"letters");
+}
+
+TEST_F(QtInternetOptionsDialogTest, EscapeKeepsNothing) {
+    Use([](QDialog& dialog) {
+        Type(dialog, "txtHomePage", "home.example");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(m_form.Apply);
+    EXPECT_TRUE(m_settings.written.empty());
+}
+
+TEST_F(QtInternetOptionsDialogTest, AProxyThatIsNotWholeLeadsToWhatIsMissing) {
+    Use([](QDialog& dialog) {
+        Choose(dialog, "cboProxy", 2);
+        Find<QTabWidget>(dialog, "tabOptions").setCurrentIndex(0);
+        Click(dialog, "cmdOK");
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_TRUE(Find<QLineEdit>(dialog, "txtProxyHost").isVisible());
+        EXPECT_EQ(dialog.focusWidget(), &Find<QLineEdit>(dialog, "txtProxyHost"));
+        EXPECT_FALSE(Find<QLabel>(dialog, "lblProxyBad").text().isEmpty());
+        Click(dialog, "cmdCancel");
+    });
+    EXPECT_FALSE(m_form.Apply);
+}
+
+TEST_F(QtInternetOptionsDialogTest, ClearNowClearsWhileTheDialogStaysOpen) {
+    Use([this](QDialog& dialog) {
+        EXPECT_FALSE(Find<QPushButton>(dialog, "cmdClear").isEnabled());
+        Click(dialog, "chkClearCookies");
+        Choose(dialog, "cboSince", 1);
+        Click(dialog, "cmdClear");
+        EXPECT_EQ(m_cleared.size(), 1u);
+        EXPECT_EQ(Find<QLabel>(dialog, "lblCleared").text(), QStringLiteral("Cleared."));
+        Click(dialog, "cmdCancel");
+    });
+    EXPECT_EQ(m_cleared.at(0), (BrowsingData{.cookies = true, .seconds = 24 * 3600}));
+}
+
+TEST_F(QtInternetOptionsDialogTest, ThePresentPageAndAChosenFolderFillTheirBoxes) {
+    Use([](QDialog& dialog) {
+        Click(dialog, "cmdUseCurrent");
+        EXPECT_EQ(Find<QLineEdit>(dialog, "txtHomePage").text(), QStringLiteral("http://here.example/"));
+        Click(dialog, "cmdUseDefault");
+        EXPECT_EQ(Find<QLineEdit>(dialog, "txtHomePage").text(), QString());
+        Click(dialog, "cmdBrowse");
+        EXPECT_EQ(Find<QLineEdit>(dialog, "txtDownloads").text(), QStringLiteral("/chosen"));
+        Click(dialog, "cmdCancel");
+    });
+}
+
+TEST_F(QtInternetOptionsDialogTest, EveryControlHasANameThatAPersonCanHearAndKeysOfAPageDiffer) {
+    QtInternetOptionsDialog dialog(m_form);
+    auto& tabs = Find<QTabWidget>(dialog, "tabOptions");
+    for (int i = 0; i < tabs.count(); ++i) {
+        QString keys = QStringLiteral("gpvlc"); // those of the tabs
+        const auto take = [&](const QString& text) {
+            const qsizetype at = text.indexOf(u'&');
+            if (at < 0) return;
+            EXPECT_FALSE(keys.contains(text[at + 1].toLower())) << text.toStdString();
+            keys += text[at + 1].toLower();
+        };
+        for (const auto* label : tabs.widget(i)->findChildren<QLabel*>()) take(label->text());
+        for (const auto* button : tabs.widget(i)->findChildren<QAbstractButton*>()) take(button->text());
+        for (const auto* edit : tabs.widget(i)->findChildren<QLineEdit*>())
+            EXPECT_FALSE(edit->accessibleName().isEmpty()) << edit->objectName().toStdString();
+        for (const auto* box : tabs.widget(i)->findChildren<QComboBox*>())
+            EXPECT_FALSE(box->accessibleName().isEmpty()) << box->objectName().toStdString();
+    }
+}
+
+} // namespace

@@ -1,0 +1,186 @@
+#include "settings/frmInternetOptions.h"
+#include "tests/fakes/FakeSettings.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class InternetOptions : public testing::Test {
+protected:
+    std::unique_ptr<frmInternetOptions> Open() {
+        return std::make_unique<frmInternetOptions>(
+            settings,
+            frmInternetOptions::Outside{.chooseFolder = [this](TextView) { return chosen; },
+                                        .clear = [this](const BrowsingData& data) { cleared.push_back(data); },
+                                        .currentPage = u"http://here.example/",
+                                        .mailProgram = u"letters",
+                                        .newsProgram = u"papers"});
+    }
+    FakeSettings settings;
+    Text chosen;
+    std::vector<BrowsingData> cleared;
+};
+
+TEST_F(InternetOptions, ShowsWhatIsSoByDesignAtFirst) {
+    const auto form = Open();
+    EXPECT_EQ(form->txtHomePage.Value(), u"");
+    EXPECT_TRUE(form->chkJavaScript.Ticked());
+    EXPECT_EQ(form->cboCookies.Items.at(form->cboCookies.Index()), u"From the site of the page only");
+    EXPECT_FALSE(form->chkDoNotTrack.Ticked() || form->chkGlobalPrivacyControl.Ticked());
+    EXPECT_EQ(form->cboProxy.Items.at(form->cboProxy.Index()), u"As the desktop has it");
+    EXPECT_EQ(form->txtMail.Value() + u" " + form->txtNews.Value(), u"letters papers");
+    EXPECT_FALSE(form->Apply);
+    EXPECT_EQ(settings.open, 0);
+    EXPECT_EQ(settings.written.size(), 0u);
+}
+
+TEST_F(InternetOptions, OkKeepsEveryOption) {
+    auto form = Open();
+    form->txtHomePage.Value = Text(u" home.example ");
+    form->txtSearch.Value = Text(u"https://s.example/?q=%s");
+    form->txtShop.Value = Text(u"https://shop.example/%s");
+    form->txtFind.Value = Text(u"https://find.example/%s");
+    form->txtMail.Value = Text(u"mail --new");
+    form->txtNews.Value = Text(u"news");
+    form->txtDownloads.Value = Text(u"/tmp/downloads");
+    form->chkJavaScript.Tick(false);
+    form->cboCookies.Index = 2;
+    form->chkDoNotTrack.Tick(true);
+    form->chkGlobalPrivacyControl.Tick(true);
+    form->cboProxy.Index = 3;
+    form->txtProxyHost.Value = Text(u"proxy.example");
+    form->txtProxyPort.Value = Text(u"1080");
+    form->cmdOK.Click();
+    EXPECT_TRUE(form->Apply);
+
+    const InternetValues kept = InternetSettings(settings).Get();
+    EXPECT_EQ(kept, (InternetValues{.homePage = u"home.example",
+                                    .javaScript = false,
+                                    .cookies = CookieRule::None,
+                                    .doNotTrack = true,
+                                    .globalPrivacyControl = true,
+                                    .proxy = ProxyKind::Socks,
+                                    .proxyHost = u"proxy.example",
+                                    .proxyPort = 1080,
+                                    .downloadFolder = u"/tmp/downloads"}));
+    const SettingsStore store(settings);
+    EXPECT_EQ(store.SearchService.Get() + store.ShopService.Get() + store.FindService.Get(),
+              u"https://s.example/?q=%shttps://shop.example/%shttps://find.example/%s");
+    EXPECT_EQ(store.MailClient.Get() + u" " + store.NewsClient.Get(), u"mail --new news");
+    form = Open();
+    EXPECT_EQ(form->txtProxyPort.Value(), u"1080");
+    EXPECT_EQ(form->cboCookies.Index(), 2u);
+    EXPECT_EQ(form->txtMail.Value(), u"mail --new");
+}
+
+TEST_F(InternetOptions, CancelKeepsNothing) {
+    const auto form = Open();
+    form->chkJavaScript.Tick(false);
+    form->cmdCancel.Click();
+    EXPECT_FALSE(form->Apply);
+    EXPECT_EQ(settings.written.size(), 0u);
+}
+
+TEST_F(InternetOptions, AProgramThatWasNotTouchedGoesOnFollowingTheDesktop) {
+    Open()->cmdOK.Click();
+    EXPECT_EQ(settings.Stored(u"MailClient"), u"(none)");
+    const auto form = Open();
+    form->txtMail.Value = Text();
+    form->cmdOK.Click();
+    EXPECT_EQ(settings.Stored(u"MailClient"), u"") << "none at all";
+    EXPECT_EQ(settings.Stored(u"NewsClient"), u"(none)");
+}
+
+TEST_F(InternetOptions, AValueThatCannotBeWrittenLeavesTheOthersAlone) {
+    settings.refuse = {u"InternetJavaScript"};
+    const auto skipped = SkippedSteps();
+    const auto form = Open();
+    form->chkJavaScript.Tick(false);
+    form->chkDoNotTrack.Tick(true);
+    form->cmdOK.Click();
+    EXPECT_EQ(settings.Stored(u"InternetDoNotTrack"), u"true");
+    EXPECT_EQ(settings.Stored(u"InternetJavaScript"), u"(none)");
+    EXPECT_EQ(SkippedSteps(), skipped + 1);
+}
+
+TEST_F(InternetOptions, StoredValuesThatMakeNoSenseCountAsNeverWritten) {
+    settings.Put(u"InternetCookies", u"some");
+    settings.Put(u"InternetProxy", u"carrier pigeon");
+    settings.Put(u"InternetProxyPort", u"70000");
+    settings.Put(u"InternetJavaScript", u"perhaps");
+    EXPECT_EQ(InternetSettings(settings).Get(), InternetValues{});
+}
+
+TEST_F(InternetOptions, AProxyWithoutHostOrPortIsNotTaken) {
+    const auto form = Open();
+    EXPECT_FALSE(form->txtProxyHost.Enabled() || form->txtProxyPort.Enabled());
+    form->cboProxy.Index = 2;
+    EXPECT_TRUE(form->txtProxyHost.Enabled() && form->txtProxyPort.Enabled());
+    Text focus;
+    form->txtProxyHost.SetFocus = [&] { focus = u"host"; };
+    form->txtProxyPort.SetFocus = [&] { focus = u"port"; };
+    form->cmdOK.Click();
+    EXPECT_FALSE(form->Apply);
+    EXPECT_EQ(focus, u"host");
+    EXPECT_NE(form->lblProxyBad.Caption(), u"");
+    form->txtProxyHost.Value = Text(u"proxy.example");
+    for (const TextView bad : {u"", u"0", u"65536", u"-1", u"http", u"80 80", u"99999999999"}) {
+        form->txtProxyPort.Value = Text(bad);
+        form->cmdOK.Click();
+        EXPECT_FALSE(form->Apply) << ToUtf8(bad);
+    }
+    EXPECT_EQ(focus, u"port");
+    EXPECT_EQ(settings.written.size(), 0u);
+    form->txtProxyPort.Value = Text(u" 8080 ");
+    form->cmdOK.Click();
+    EXPECT_TRUE(form->Apply);
+}
+
+TEST_F(InternetOptions, ABadPortDoesNotMatterWithoutAProxyOfOnesOwn) {
+    const auto form = Open();
+    form->txtProxyPort.Value = Text(u"x");
+    form->cboProxy.Index = 1;
+    form->cmdOK.Click();
+    EXPECT_TRUE(form->Apply);
+}
+
+TEST_F(InternetOptions, TheHomePageCanBeThePageInFrontOrTheProgramsOwn) {
+    const auto form = Open();
+    form->cmdUseCurrent.Click();
+    EXPECT_EQ(form->txtHomePage.Value(), u"http://here.example/");
+    form->cmdUseDefault.Click();
+    EXPECT_EQ(form->txtHomePage.Value(), u"");
+}
+
+TEST_F(InternetOptions, BrowsingForAFolderKeepsTheOldOneWhenNoneIsChosen) {
+    const auto form = Open();
+    chosen = u"/new";
+    form->cmdBrowse.Click();
+    chosen = u"";
+    form->cmdBrowse.Click();
+    EXPECT_EQ(form->txtDownloads.Value(), u"/new");
+}
+
+TEST_F(InternetOptions, ClearNowForgetsWhatIsTickedAtOnce) {
+    const auto form = Open();
+    EXPECT_FALSE(form->cmdClear.Enabled());
+    EXPECT_FALSE(form->cboSince.Enabled());
+    form->cmdClear.Click();
+    EXPECT_TRUE(cleared.empty());
+    form->chkClearCookies.Tick(true);
+    form->chkClearCache.Tick(true);
+    EXPECT_TRUE(form->cboSince.Enabled());
+    form->cmdClear.Click();
+    ASSERT_EQ(cleared.size(), 1u);
+    EXPECT_EQ(cleared[0], (BrowsingData{.cookies = true, .cache = true, .seconds = 3600}));
+    EXPECT_EQ(form->lblCleared.Caption(), u"Cleared.");
+    EXPECT_FALSE(form->cmdClear.Enabled()) << "not twice by mistake";
+    form->chkClearCookies.Tick(true);
+    form->cboSince.Index = 3;
+    EXPECT_EQ(form->lblCleared.Caption(), u"");
+    form->cmdClear.Click();
+    EXPECT_EQ(cleared[1], (BrowsingData{.cookies = true, .seconds = 0}));
+    EXPECT_EQ(settings.written.size(), 0u);
+}
+
+} // namespace
