@@ -182,6 +182,16 @@ TEST_F(DispatcherTest, IdsOutsideTheRangesDoNothingMore) {
     EXPECT_EQ(desk.Strip(), "[1*]");
 }
 
+TEST_F(DispatcherTest, TheIdCountsBehindANamedCommandToo) {
+    Start(1);
+    desk.Click(u"mnuRefresh");
+    EXPECT_EQ(desk.views.Calls(1), "refresh") << "a designed tool's id is in no range";
+    desk.main.actBar.FindCombo(u"cboAddress")->InsertFirst(u"http://a/");
+    ClickMade(desk, 50000, u"mnuClearAddresses");
+    EXPECT_EQ(desk.main.actBar.FindCombo(u"cboAddress")->ListCount(), 0U);
+    EXPECT_EQ(desk.views.Calls(1), "go mnuClearAddresses");
+}
+
 TEST_F(DispatcherTest, ALinkMayBeRefused) {
     Start(1);
     desk.main.Commands.host.MayOpenLink = [](TextView address) { return address != u"file:///secret"; };
