@@ -9,6 +9,18 @@
 #include <QWidget>
 #include <QWindow>
 
+namespace {
+
+void Refuse(QObject& window, QDropEvent& drag) {
+    drag.ignore();
+    if (drag.type() != QEvent::Drop) return;
+    // Whoever was told of the drag waits for its end.
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&window, &leave);
+}
+
+} // namespace
+
 QtFileDrop::QtFileDrop(QWidget& window) : m_window(window) { qApp->installEventFilter(this); }
 
 std::vector<Text> QtFileDrop::FilesOf(const QMimeData& data) const {
@@ -27,8 +39,15 @@ bool QtFileDrop::eventFilter(QObject* watched, QEvent* event) {
     if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop) return false;
     if (watched != m_window.windowHandle() || QApplication::activeModalWidget()) return false;
     auto* drag = static_cast<QDropEvent*>(event);
-    const std::vector<Text> files = FilesOf(*drag->mimeData());
-    if (files.empty()) return false;
+    const QMimeData& data = *drag->mimeData();
+    const bool lost = data.hasUrls() && data.urls().isEmpty();
+    // What was dragged over the window is what is dropped, though it may be gone by then.
+    if (!lost || type == QEvent::DragEnter) m_dragged = FilesOf(data);
+    if (m_dragged.empty()) {
+        if (lost) Refuse(*watched, *drag);
+        return lost;
+    }
+    const std::vector<Text> files = m_dragged;
     drag->setDropAction(Qt::CopyAction);
     drag->accept();
     if (type != QEvent::Drop || !Dropped) return true;

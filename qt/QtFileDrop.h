@@ -9,7 +9,8 @@ class QMimeData;
 class QWidget;
 
 /// Takes files that are dropped anywhere on a window before the page or the control under the pointer sees them.
-/// Everything else that is dragged goes where it went.
+/// Everything else that is dragged goes where it went, but for addresses that were announced and do not come, as when
+/// the program that they are dragged from has ended: the engine relies on them.
 class QtFileDrop final : public QObject {
     Q_OBJECT
 
@@ -29,4 +30,5 @@ private:
     [[nodiscard]] std::vector<Text> FilesOf(const QMimeData& data) const;
 
     QWidget& m_window;
+    std::vector<Text> m_dragged; ///< the files to take that are over the window
 };

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace {
@@ -74,7 +75,7 @@ QVBoxLayout* QtOrganizeFavorites::Buttons() {
     add(m_form.cmdRename, "cmdRename");
     add(m_form.cmdMove, "cmdMove");
     add(m_form.cmdDelete, "cmdDelete");
-    rows->addSpacing(rows->spacing() * 3);
+    rows->addSpacing(style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing) * 2);
     add(m_form.cmdOpenAll, "cmdOpenAll");
     add(m_form.cmdSaveGroup, "cmdSaveGroup");
     rows->addStretch();

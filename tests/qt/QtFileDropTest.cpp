@@ -19,7 +19,8 @@ struct Page : QWidget {
         event->acceptProposedAction();
         ++drops;
     }
-    int drops = 0;
+    void dragLeaveEvent(QDragLeaveEvent*) override { ++left; }
+    int drops = 0, left = 0;
 };
 
 struct QtFileDropTest : testing::Test {
@@ -35,14 +36,18 @@ struct QtFileDropTest : testing::Test {
     }
     /// Drags the data over the middle of the window and drops it; whether the window would take it.
     bool Drop(const QMimeData& data) {
-        const QPoint middle(150, 100);
-        QDragEnterEvent enter(middle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(window.windowHandle(), &enter);
-        QDropEvent event(middle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        const bool accepted = Enter(data);
+        QDropEvent event(kMiddle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(window.windowHandle(), &event);
         QCoreApplication::processEvents();
+        return accepted;
+    }
+    bool Enter(const QMimeData& data) {
+        QDragEnterEvent enter(kMiddle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(window.windowHandle(), &enter);
         return enter.isAccepted();
     }
+    static constexpr QPoint kMiddle{150, 100};
     bool DropUrls(const QStringList& urls) {
         QMimeData data;
         QList<QUrl> all;
@@ -74,6 +79,38 @@ TEST_F(QtFileDropTest, EverythingElseGoesWhereItWent) {
     EXPECT_TRUE(Drop(text));
     EXPECT_EQ(page.drops, 4);
     EXPECT_EQ(dropped, "");
+}
+
+TEST_F(QtFileDropTest, AddressesThatDoNotComeReachNobody) {
+    QMimeData data;
+    data.setData(QStringLiteral("text/uri-list"), {});
+    EXPECT_FALSE(Drop(data));
+    EXPECT_EQ(page.drops, 0);
+    EXPECT_EQ(dropped, "");
+}
+
+TEST_F(QtFileDropTest, FilesThatWereOverTheWindowAreTakenThoughTheyAreGoneWhenDropped) {
+    QMimeData files, gone;
+    files.setUrls({QUrl(QStringLiteral("file:///a/x.tvg"))});
+    gone.setData(QStringLiteral("text/uri-list"), {});
+    Enter(files);
+    QDropEvent event(kMiddle, Qt::CopyAction, &gone, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(dropped, "/a/x.tvg ");
+    EXPECT_FALSE(Drop(gone)) << "the next drag begins anew";
+    EXPECT_EQ(dropped, "/a/x.tvg ");
+}
+
+TEST_F(QtFileDropTest, APageThatWasPromisedAddressesLearnsThatTheDragIsOver) {
+    QMimeData link, gone;
+    link.setUrls({QUrl(QStringLiteral("http://a/"))});
+    gone.setData(QStringLiteral("text/uri-list"), {});
+    EXPECT_TRUE(Enter(link));
+    QDropEvent event(kMiddle, Qt::CopyAction, &gone, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+    EXPECT_EQ(page.drops, 0);
+    EXPECT_EQ(page.left, 1);
 }
 
 TEST_F(QtFileDropTest, NothingIsTakenBehindADialog) {
