@@ -7,6 +7,7 @@ import subprocess
 import unittest
 
 import desk
+import session_manager
 
 PROGRAM = desk.program_file()
 BLANK = "about:blank"
@@ -86,6 +87,17 @@ class Endings(unittest.TestCase):
 
             desk.wait_until(has_ended_under_signals)
             self.assert_saved(program, "One", "Two")
+
+    def test_the_end_of_the_desktops_session_ends_it_like_its_own(self):
+        for dialog in (False, True):
+            with self.subTest(dialog=dialog), session_manager.SessionManager() as manager, self.start("One") as program:
+                self.wait_started(program, "One")
+                desk.wait_until(lambda: manager.saved == 1, what="it did not join the session")
+                if dialog:
+                    self.choose(program, "alt+o", "Settings...", "Up")
+                    desk.wait_until(lambda: active_window() not in ("", desk.WINDOW_TITLE), what=program.what_is_seen)
+                manager.end_session()
+                self.assert_saved(program, "One")
 
     # -- what may stand open
 

@@ -1,0 +1,115 @@
+"""The process of a page is killed: its tab keeps its address and offers to load it again, the others notice nothing."""
+
+import os
+import signal
+import unittest
+
+import desk
+
+PROGRAM = desk.program_file()
+HEAVY = b"""<!doctype html><title>Heavy</title><h1>Heavy</h1>
+<script>const kept = new Uint8Array(1e8).fill(1); document.title = 'Heavy page';</script>"""
+
+
+class Pages(desk.PageServer):
+    """The page /Heavy holds so much memory that its process is the largest."""
+
+    def _handler(self):
+        pages = self
+
+        class Handler(super()._handler()):
+            def do_GET(self):
+                if self.path != "/Heavy":
+                    return super().do_GET()
+                with pages._lock:
+                    pages.requests.append(self.server.server_address[0] + self.path)
+                self.send_response(200)
+                self.send_header("Content-Type", "text/html")
+                self.send_header("Content-Length", str(len(HEAVY)))
+                self.end_headers()
+                self.wfile.write(HEAVY)
+
+        return Handler
+
+
+def renderers(program):
+    """The processes of the program's pages and the memory that each holds, in pages of the system."""
+    found = {}
+    parents = {program.process.pid}
+    for process in sorted(int(name) for name in os.listdir("/proc") if name.isdigit()):
+        try:
+            with open(f"/proc/{process}/stat", encoding="utf-8") as stat:
+                parent = int(stat.read().rpartition(")")[2].split()[1])
+            with open(f"/proc/{process}/cmdline", encoding="utf-8") as words:
+                command = words.read()
+            with open(f"/proc/{process}/statm", encoding="utf-8") as memory:
+                resident = int(memory.read().split()[1])
+        except OSError:
+            continue  # it has ended meanwhile
+        if parent not in parents:
+            continue
+        parents.add(process)
+        if "--type=renderer" in command:
+            found[process] = resident
+    return found
+
+
+class RendererKill(unittest.TestCase):
+    def setUp(self):
+        self.home = desk.state_folder()
+        self.pages = Pages(hosts=2)
+        self.pages.__enter__()
+        self.addCleanup(self.pages.__exit__)
+
+    def start(self):
+        """Two tabs, the page Heavy in front."""
+        program = desk.Program(PROGRAM, self.pages.address("One"), home=self.home)
+        program.wait_strip(["[One]"])
+        with desk.Program(PROGRAM, self.pages.address("Heavy", 2), home=self.home) as second:
+            self.assertEqual(second.wait_end(), 0)
+        program.wait_strip(["One", "[Heavy page]"])
+        return program
+
+    def times(self, page):
+        return self.pages.requested().count(page)
+
+    def address(self, program):
+        box = program.find("text", "Address")
+        return box.queryText().getText(0, -1)
+
+    def test_one_that_dies_can_be_loaded_again_and_the_others_live_on(self):
+        with self.start() as program:
+            memory = renderers(program)
+            os.kill(max(memory, key=memory.get), signal.SIGKILL)
+            program.find("push button", "Reload")
+            self.assertEqual(program.strip(), ["One", "[Heavy page]"])
+            self.assertEqual(self.address(program), self.pages.address("Heavy", 2))
+            program.keys("ctrl+shift+Tab")
+            program.wait_strip(["[One]", "Heavy page"])
+            self.assertIsNone(program.find_now("push button", "Reload"))
+            self.assertEqual(self.times("127.0.0.1/One"), 1)
+            program.keys("F5")
+            desk.wait_until(lambda: self.times("127.0.0.1/One") == 2, what="the page that lives did not load again")
+            program.keys("ctrl+Tab")
+            program.press("push button", "Reload")
+            desk.wait_until(lambda: self.times("127.0.0.2/Heavy") == 2, what="it was not loaded again")
+            desk.wait_until(lambda: program.find_now("push button", "Reload") is None)
+            program.wait_strip(["One", "[Heavy page]"])
+
+    def test_when_all_have_died_nothing_of_the_session_is_lost(self):
+        with self.start() as program:
+            for process in renderers(program):
+                os.kill(process, signal.SIGKILL)
+            program.find("push button", "Reload")
+            program.keys("ctrl+shift+Tab")
+            program.wait_strip(["[One]", "Heavy page"])
+            program.find("push button", "Reload")
+            program.process.terminate()
+            self.assertEqual(program.wait_end(), 0)
+        with desk.Program(PROGRAM, home=self.home) as program:
+            program.wait_strip(["One", "[Heavy page]"])
+            self.assertEqual(self.address(program), self.pages.address("Heavy", 2))
+
+
+if __name__ == "__main__":
+    desk.main()
