@@ -201,7 +201,7 @@ class Life:
     def wait(self, condition):
         started = time.monotonic()
         while not condition():
-            if self.killed_at:
+            if self.killed_at is not None:
                 raise Killed
             assert self.program.process.poll() is None, f"it ended by itself: {self.program.errors()}"
             assert time.monotonic() - started < desk.PATIENCE, f"this never came: {self.tabs.names}"
@@ -276,7 +276,10 @@ class Life:
     def end(self):
         """Waits for the death."""
         self.killer.join()
-        self.program.process.wait()
+        self.clear_away()
+
+    def clear_away(self):
+        self.program.kill()
         for start in self.heirs:
             start.kill()
             start.wait()
@@ -385,6 +388,8 @@ class SessionKill(unittest.TestCase):
                 try:
                     if answer == "dies at once":
                         life.kill_in(dice.uniform(0.05, 1.0))
+                        # Another start at this moment might become the program, and this one end.
+                        life.wait(lambda: False)
                     else:
                         self.check_offer(life, session)
                         self.check_kept()
@@ -396,7 +401,8 @@ class SessionKill(unittest.TestCase):
                     life.live()
                 except Exception:
                     # Whatever was being done to it then, it is dead as it should be.
-                    if not life.killed_at:
+                    if life.killed_at is None:
+                        life.clear_away()
                         raise
                 self.bury(life)
         print(f"{KILLS} kills, offers {dict(offers)}, {self.names} pages, the oldest state was no longer true for "
