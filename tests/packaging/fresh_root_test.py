@@ -1,5 +1,9 @@
 """The package installed in a fresh system of its own, and the program started there as from the desktop's menu.
-Skipped, with the reason, where a system cannot be made."""
+Runs when it is asked for, because it loads and installs a whole system; says so, or why it cannot, when it does not.
+
+    TESSAVIEW_FRESH_ROOT=yes ctest --test-dir build -R fresh_root --output-on-failure
+
+TESSAVIEW_FRESH_ROOT_RELEASE names the release of Debian, TESSAVIEW_FRESH_ROOT_MIRROR where it is loaded from."""
 
 import os
 import pathlib
@@ -27,19 +31,20 @@ APT = ["apt-get", "-qq", "-o", "Acquire::Check-Date=false", "-o", "Acquire::Chec
 
 def why_not():
     """Why no system can be made here; nothing when one can."""
-    if os.environ.get("TESSAVIEW_FRESH_ROOT") == "no":
-        return "TESSAVIEW_FRESH_ROOT=no asks for it"
+    if os.environ.get("TESSAVIEW_FRESH_ROOT") != "yes":
+        return ("it takes minutes and loads hundreds of megabytes. To run it: "
+                "TESSAVIEW_FRESH_ROOT=yes ctest --test-dir build -R fresh_root --output-on-failure")
     if os.geteuid() != 0:
-        return "making a system needs root"
+        return "making a system needs root."
     if shutil.disk_usage(BUILD).free < NEEDED_SPACE:
-        return f"{BUILD} has less than 3 GB of room"
+        return f"{BUILD} has less than 3 GB of room."
     if subprocess.run(["unshare", "--mount", "mount", "--make-rprivate", "/"], capture_output=True, check=False).returncode:
-        return "file systems cannot be mounted here"
+        return "file systems cannot be mounted here."
     try:
         with urllib.request.urlopen(f"{MIRROR}/dists/{RELEASE}/Release", timeout=20):
             return None
     except OSError as error:
-        return f"{MIRROR} does not answer: {error}"
+        return f"{MIRROR} does not answer: {error}."
 
 
 class FreshRoot(unittest.TestCase):
@@ -110,9 +115,9 @@ class FreshRoot(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    package.install_tools("fresh_root_packages")
     reason = why_not()
     if reason:
-        print(f"SKIPPED: the package was not installed in a fresh system: {reason}.")
+        print(f"SKIPPED: the package was not installed in a fresh system: {reason}")
         sys.exit(SKIPPED)
+    package.install_tools("fresh_root_packages")
     unittest.main()
