@@ -30,8 +30,9 @@ TEST(CommandLine, OnlyAnOnlyArgumentAsksAboutTheProgram) {
 TEST(CommandLine, RootIsRefusedUnlessTheSandboxIsOff) {
     Surroundings found{.root = true, .display = ":0"};
     const auto refusal = CommandLine::Refusal({}, found);
-    EXPECT_TRUE(Says(refusal, "does not show pages as root"));
-    EXPECT_TRUE(Says(refusal, "QTWEBENGINE_DISABLE_SANDBOX=1"));
+    EXPECT_EQ(refusal,
+              "TessaView does not show pages as root, because the page engine's sandbox does not work for root.\n"
+              "Start it as an ordinary user, or set QTWEBENGINE_DISABLE_SANDBOX=1 if you know what you do.\n");
     found.disableSandbox = "0";
     EXPECT_EQ(CommandLine::Refusal({}, found), refusal);
     found.disableSandbox = "1";
@@ -40,7 +41,8 @@ TEST(CommandLine, RootIsRefusedUnlessTheSandboxIsOff) {
 
 TEST(CommandLine, NoDisplayIsRefused) {
     const auto refusal = CommandLine::Refusal({"http://one/"}, {});
-    EXPECT_TRUE(Says(refusal, "neither DISPLAY nor WAYLAND_DISPLAY is set"));
+    EXPECT_EQ(refusal, "TessaView needs a display, and there is none: neither DISPLAY nor WAYLAND_DISPLAY is set.\n"
+                       "Start it from a desktop session, or on a virtual display: xvfb-run tessaview\n");
     EXPECT_EQ(CommandLine::Refusal({}, {.windowingSystem = "xcb"}), refusal);
     EXPECT_EQ(CommandLine::Refusal({}, {.windowingSystem = "wayland;xcb"}), refusal);
     EXPECT_EQ(CommandLine::Refusal({"-platform"}, {}), refusal) << "an option without its value";

@@ -102,6 +102,32 @@ TEST_F(StartPageAccess, AWebPageCannotGoThere) {
     EXPECT_TRUE(m_links.isEmpty());
 }
 
+TEST_F(StartPageAccess, AWindowOfAWebPageCannotGoThereEither) {
+    Serve("<title>Page</title><button id='script' onclick=\"window.open('tessaview:start')\">script</button><p>"
+          "<a id='link' href='tessaview:help' target='_blank'>link</a><p>"
+          "<button id='later' onclick=\"window.open('about:blank').location = 'tessaview:start'\">later</button>");
+    LoadPage();
+    std::vector<std::unique_ptr<BrowserView>> windows;
+    m_view.events.supplyView = [&] {
+        windows.push_back(m_view.engine.Create(static_cast<std::int16_t>(windows.size() + 2), m_view.events));
+        return windows.back().get();
+    };
+    for (const char* element : {"script", "link", "later"}) {
+        m_view.ClickOn(QString::fromLatin1(element));
+        Settle(m_view.engine, m_view.Real().Page());
+    }
+    // The last of them at least, which began elsewhere.
+    EXPECT_TRUE(WaitUntil([&] { return !windows.empty(); }));
+    for (const auto& each : windows) {
+        auto* page = static_cast<QtBrowserView&>(*each).Page();
+        Settle(m_view.engine, page);
+        EXPECT_FALSE(QtStartPage::IsOwn(page->url())) << page->url().toString().toStdString();
+        EXPECT_EQ(page->title().indexOf(QStringLiteral("TessaView")), -1);
+    }
+    EXPECT_EQ(m_asked, 0);
+    m_view.events.supplyView = {};
+}
+
 TEST_F(StartPageAccess, NeitherARefreshNorAFormNorAFrameLeadsThere) {
     Serve("<title>Page</title><meta http-equiv='refresh' content='0;url=tessaview:start'>"
           "<form id='form' action='tessaview:start'><button id='send'>send</button></form>"
