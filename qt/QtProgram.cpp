@@ -172,7 +172,7 @@ struct QtProgram::Parts {
 
     void ApplyInternetOptions() {
         const InternetValues values = InternetSettings(settings).Get();
-        QtWebOptions::ApplyProxy(values);
+        QtWebOptions::ApplyProxy(values, profile);
         QtWebOptions::Apply(values, requests);
         if (profile) QtWebOptions::Apply(values, *profile);
     }
@@ -246,6 +246,8 @@ Startup::Program QtProgram::Platform() { return {m->application, m->settings, m-
 int QtProgram::Run() {
     // The window is on the screen before the engine, which takes long to load, is.
     QTimer::singleShot(0, &m->engine, [this] {
+        // The very first request goes the way that the user wants.
+        m->ApplyInternetOptions();
         m->engine.Start();
         // Known now, it can still be mended; at the end it would be too late.
         m->settings.TrySaving();

@@ -6,6 +6,7 @@
 #include <QNetworkProxy>
 #include <QStandardPaths>
 #include <QWebEngineCookieStore>
+#include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
@@ -49,6 +50,21 @@ void SetCookies(CookieRule rule, QWebEngineCookieStore& cookies) {
     });
 }
 
+// The engine looks for another proxy only when something is asked for, and too late for that: so something is, which
+// goes nowhere.
+void HaveProxyLookedAt(QWebEngineProfile& profile) {
+    auto* page = new QWebEnginePage(&profile, &profile);
+    QObject::connect(page, &QWebEnginePage::loadFinished, page, &QObject::deleteLater);
+    page->load(QUrl(QStringLiteral("http://127.0.0.1:65535/")));
+}
+
+QNetworkProxy ProxyOf(const InternetValues& values) {
+    if (values.proxy != ProxyKind::Http && values.proxy != ProxyKind::Socks)
+        return QNetworkProxy(QNetworkProxy::NoProxy);
+    const auto type = values.proxy == ProxyKind::Http ? QNetworkProxy::HttpProxy : QNetworkProxy::Socks5Proxy;
+    return QNetworkProxy(type, ToQt(values.proxyHost), static_cast<quint16>(values.proxyPort));
+}
+
 } // namespace
 
 namespace QtWebOptions {
@@ -65,17 +81,15 @@ void Apply(const InternetValues& values, QtRequests& requests) {
     requests.GlobalPrivacyControl = values.globalPrivacyControl;
 }
 
-void ApplyProxy(const InternetValues& values) {
-    QNetworkProxyFactory::setUseSystemConfiguration(values.proxy == ProxyKind::System);
-    if (values.proxy == ProxyKind::System) return;
-    QNetworkProxy proxy(QNetworkProxy::NoProxy);
-    if (values.proxy == ProxyKind::Http) proxy.setType(QNetworkProxy::HttpProxy);
-    if (values.proxy == ProxyKind::Socks) proxy.setType(QNetworkProxy::Socks5Proxy);
-    if (values.proxy != ProxyKind::Direct) {
-        proxy.setHostName(ToQt(values.proxyHost));
-        proxy.setPort(static_cast<quint16>(values.proxyPort));
-    }
-    QNetworkProxy::setApplicationProxy(proxy);
+void ApplyProxy(const InternetValues& values, QWebEngineProfile* profile) {
+    const bool system = values.proxy == ProxyKind::System;
+    const QNetworkProxy proxy = ProxyOf(values);
+    if (system == QNetworkProxyFactory::usesSystemConfiguration() &&
+        (system || proxy == QNetworkProxy::applicationProxy()))
+        return;
+    QNetworkProxyFactory::setUseSystemConfiguration(system);
+    if (!system) QNetworkProxy::setApplicationProxy(proxy);
+    if (profile) HaveProxyLookedAt(*profile);
 }
 
 Text DownloadFolder(const InternetValues& values) {

@@ -11,8 +11,9 @@ namespace QtWebOptions {
 /// For the pages of that profile, those that are there too.
 void Apply(const InternetValues& values, QWebEngineProfile& profile);
 void Apply(const InternetValues& values, QtRequests& requests);
-/// For the whole program.
-void ApplyProxy(const InternetValues& values);
+/// For the whole program. `profile`, if there is one already, goes by it a moment later; before there is one, from its
+/// first request on.
+void ApplyProxy(const InternetValues& values, QWebEngineProfile* profile);
 /// Where downloads go; it may not exist yet.
 [[nodiscard]] Text DownloadFolder(const InternetValues& values);
 

@@ -25,7 +25,7 @@ protected:
         };
         data.Now = [this] { return now; };
     }
-    ~InternetOptionsInEffect() override { QtWebOptions::ApplyProxy({}); }
+    ~InternetOptionsInEffect() override { QtWebOptions::ApplyProxy({}, nullptr); }
 
     void SetUp() override {
         server.Answer(QStringLiteral("/page"), [this](const QByteArray& request) {
@@ -39,7 +39,7 @@ protected:
     void Apply(const InternetValues& values) {
         QtWebOptions::Apply(values, *profile);
         QtWebOptions::Apply(values, requests);
-        QtWebOptions::ApplyProxy(values);
+        QtWebOptions::ApplyProxy(values, profile);
     }
     /// Loads the page anew and gives the head of its request.
     QByteArray Request() {
@@ -118,12 +118,16 @@ TEST_F(InternetOptionsInEffect, AProxyIsAskedInstead) {
             "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n\r\n<title>by proxy</title>");
     });
     Apply({.proxy = ProxyKind::Http, .proxyHost = u"127.0.0.1", .proxyPort = server.serverPort()});
-    desk.Load(QStringLiteral("http://far.example/page"));
-    EXPECT_TRUE(Titled("by proxy"));
-    server.requests.clear();
+    EXPECT_TRUE(WaitUntil([&] {
+        desk.Load(QStringLiteral("http://far.example/page"));
+        return desk.view->LocationName() == u"by proxy";
+    }));
     Apply({.proxy = ProxyKind::Direct});
-    desk.Load(QStringLiteral("http://far.example/page?again"));
-    EXPECT_TRUE(server.requests.isEmpty()) << server.requests.join(u' ').toStdString();
+    EXPECT_TRUE(WaitUntil([&] {
+        server.requests.clear();
+        desk.Load(QStringLiteral("http://far.example/page?again"));
+        return server.requests.isEmpty();
+    }));
 }
 
 TEST_F(InternetOptionsInEffect, TheHomePageIsTheChosenOne) {
