@@ -20,11 +20,18 @@ std::optional<QString> DraggedLink(const QMimeData& data) {
     return urls.constFirst().toString(QUrl::FullyEncoded);
 }
 
+// Some programs offer the names of files as plain text too.
+bool IsFiles(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return !urls.isEmpty() && urls.constFirst().isLocalFile();
+}
+
 // Plain text is not fetched before it is dropped: it may be long, and comes from another program.
-bool OffersText(const QMimeData& data) { return data.hasFormat(kPlain) || DraggedLink(data); }
+bool OffersText(const QMimeData& data) { return !IsFiles(data) && (data.hasFormat(kPlain) || DraggedLink(data)); }
 
 // Nothing, too, when the other program has promised a text and gives none.
 std::optional<QString> DraggedText(const QMimeData& data) {
+    if (IsFiles(data)) return std::nullopt;
     if (!data.hasFormat(kPlain)) return DraggedLink(data);
     const QString text = data.text();
     return text.isEmpty() ? std::nullopt : std::optional(text);

@@ -235,6 +235,10 @@ TEST_F(QtTabStripTest, TextAndLinksAreDroppedAndFilesAloneAreNot) {
     told.clear();
     DropAt(widget, Middle(1), file);
     EXPECT_EQ(told, "none 1;") << "what is refused on its way in is not dropped";
+    told.clear();
+    file.setData(QStringLiteral("text/plain"), "file:///etc/hosts");
+    DropAt(widget, Middle(1), file);
+    EXPECT_EQ(told, "none 1;") << "some programs offer the names of files as text";
 }
 
 TEST_F(QtTabStripTest, OtherButtonsAndTheEmptyRowSelectNothing) {
