@@ -27,9 +27,10 @@ void AddressBoxes::AddAddressEntry(TextView text) { AddEntry(text, m_actBar.Find
 
 void AddressBoxes::AddSearchEntry(TextView text) { AddEntry(text, m_actBar.FindCombo(kSearchBox), m_search); }
 
-void AddressBoxes::AddEntry(TextView text, ComboTool* box, Box& state) {
+void AddressBoxes::AddEntry(TextView text, ComboTool* box, Box& state) const {
     if (!state.EntryPending) return;
-    CabCombo::AddFindEntry(text, box, kHistoryLimit);
+    // What is typed for a private tab is not kept.
+    if (m_tabs.CurrentPrivacy() == Privacy::Ordinary) CabCombo::AddFindEntry(text, box, kHistoryLimit);
     state.EntryPending = false;
 }
 
@@ -88,5 +89,5 @@ void AddressBoxes::GoTo(TextView address) {
 
 void AddressBoxes::SearchFor(TextView words) {
     const Text address = Text(Endpoints::kSearch) + Text(words);
-    if (auto* view = m_tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(address));
+    if (auto* view = m_tabs.GetNewBrowser(InFront::Yes, m_tabs.CurrentPrivacy())) ResumeNext(view->Navigate(address));
 }

@@ -28,7 +28,7 @@ private:
     void RestoreAddress(ComboTool& box);
     void GoTo(TextView address);
     void SearchFor(TextView words);
-    static void AddEntry(TextView text, ComboTool* box, Box& state);
+    void AddEntry(TextView text, ComboTool* box, Box& state) const;
 
     TabSet& m_tabs;
     CommandBar& m_actBar;

@@ -4,6 +4,8 @@
 
 namespace {
 
+constexpr TextView kPrivateQuestion =
+    u"The page is open in a private tab. Do you want to write its address into the TessaGroup?";
 constexpr TextView kRepairQuestion =
     u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
     u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
@@ -19,7 +21,8 @@ Page CurrentPage(const CommandContext& context) {
 }
 
 // The address is asked for after the file was chosen, as the page may have moved on meanwhile.
-void AddToGroup(CommandContext& context, const std::function<Text()>& address) {
+void AddToGroup(CommandContext& context, Privacy privacy, const std::function<Text()>& address) {
+    if (privacy == Privacy::Private && context.messages.AskYesNoCancel(kPrivateQuestion) != Answer::Yes) return;
     const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});
@@ -33,12 +36,13 @@ void AddToGroup(CommandContext& context, const std::function<Text()>& address) {
 namespace CollectionCommands {
 
 void AddToTessaGroup(CommandContext& context) {
-    AddToGroup(context, [&] { return CurrentPage(context).address; });
+    AddToGroup(context, context.tabs.CurrentPrivacy(), [&] { return CurrentPage(context).address; });
 }
 
 void AddTabToTessaGroup(CommandContext& context) {
-    if (!context.strip.PopupView()) return;
-    AddToGroup(context, [&] {
+    const auto* popup = context.strip.PopupView();
+    if (!popup) return;
+    AddToGroup(context, popup->Privacy, [&] {
         const auto* view = context.strip.PopupView();
         return view ? view->Control->LocationURL() : Text();
     });

@@ -18,6 +18,8 @@ struct CommandHost {
     std::function<void()> ToggleFullScreen;
     /// Opens the developer tools for the current page, or closes them.
     std::function<void()> ToggleDevTools;
+    /// Shows the panel of downloads, or hides it.
+    std::function<void()> ToggleDownloads;
     std::function<void()> Exit;
     std::function<void()> ResizeAddress;
     std::function<void()> ResizeSearch;
@@ -35,6 +37,8 @@ struct CommandHost {
     /// The address that begins a mail, for the command of that name and the current page.
     std::function<Text(TextView tool, TextView title, TextView address)> MailAddress;
     std::function<void()> ShowTabList;
+    /// The folder where downloads go, without a separator at the end.
+    std::function<Text()> DownloadFolder;
     /// Puts a text on the clipboard.
     std::function<void(TextView)> CopyText;
     /// Whether the Shift key is held down at this moment.
@@ -63,6 +67,9 @@ struct CommandContext {
     Text groupFolder;     ///< with the separator at the end
     Text favoritesFolder; ///< without one; empty when there is none
     CommandHost host;
+    /// What the menu of a page was asked for on, and the view.
+    std::int32_t menuView = 0;
+    PageContext menuPage{};
     /// The Favorites or TessaGroups menu is out of date, because a command may have changed its folder.
     bool favoritesMenuStale = true;
     bool groupsMenuStale = true;

@@ -4,6 +4,7 @@
 #include "commands/CollectionCommands.h"
 #include "commands/MenuEntryCommands.h"
 #include "commands/PageCommands.h"
+#include "commands/PageMenu.h"
 #include "commands/TabCommands.h"
 #include "commands/TabMoreCommands.h"
 
@@ -108,6 +109,30 @@ const std::array kCommands{
     Command{u"mnuTabClose", Tabs::PopupClose},
     // Our own come behind the product's.
     FromHost<&CommandHost::ShowSessions>(u"xtrSessions"),
+    FromHost<&CommandHost::ToggleDownloads>(u"xtrDownloads"),
+    Command{u"xtrPrivateTab", Tabs::NewPrivate},
+    Command{u"xtrLinkOpen", PageMenu::OpenLink},
+    Command{u"xtrLinkOpenOther", PageMenu::OpenLinkOtherWay},
+    Command{u"xtrLinkOpenPrivate", PageMenu::OpenLinkPrivate},
+    Command{u"xtrLinkSave", PageMenu::SaveLink},
+    Command{u"xtrLinkCopy", PageMenu::CopyLink, Has<&CommandHost::CopyText>},
+    Command{u"xtrLinkAddToTessaGroup", PageMenu::AddLinkToTessaGroup, Has<&CommandHost::AddToTessaGroup>},
+    Command{u"xtrImageOpen", PageMenu::OpenMedia},
+    Command{u"xtrImageSave", PageMenu::SaveMedia},
+    Command{u"xtrImageCopy", PageMenu::Run},
+    Command{u"xtrMediaPlay", PageMenu::Run},
+    Command{u"xtrMediaMute", PageMenu::Run},
+    Command{u"xtrMediaLoop", PageMenu::Run},
+    Command{u"xtrMediaControls", PageMenu::Run},
+    Command{u"xtrMediaSave", PageMenu::SaveMedia},
+    Command{u"xtrMediaCopyAddress", PageMenu::CopyMediaAddress, Has<&CommandHost::CopyText>},
+    Command{u"xtrUndo", PageMenu::Run},
+    Command{u"xtrRedo", PageMenu::Run},
+    Command{u"xtrPasteAsText", PageMenu::Run},
+    Command{u"xtrSearchSelection", PageMenu::SearchForSelection},
+    Command{u"xtrOpenSelectedLinks", PageMenu::OpenSelectedLinks},
+    Command{u"xtrReplaceWord", PageMenu::ReplaceWord},
+    Command{u"xtrInspect", PageMenu::Run},
     Command{u"xtrStopAll", StopAll},
     Command{u"xtrTabCloseOthers", TabMore::CloseOthers},
     Command{u"xtrTabCloseRight", TabMore::CloseToTheRight},

@@ -182,9 +182,11 @@ constexpr std::array kEntries{
 
     EntryRow{u"bndMore", u"xtrMore"},
 
+    EntryRow{u"bndMoreMenu", u"xtrPrivateTab"},
     EntryRow{u"bndMoreMenu", u"xtrReopenTab"},
     EntryRow{u"bndMoreMenu", u"xtrTabList"},
     EntryRow{u"bndMoreMenu", u"xtrSessions"},
+    EntryRow{u"bndMoreMenu", u"xtrDownloads"},
     EntryRow{u"bndMoreMenu", u"xtrStopAll", kGroup},
     EntryRow{u"bndMoreMenu", u"mnuFind"},
     EntryRow{u"bndMoreMenu", u"xtrTextLarger", kGroup},

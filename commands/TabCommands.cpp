@@ -4,8 +4,8 @@
 
 namespace {
 
-void OpenInFront(CommandContext& context, TextView address) {
-    if (auto* view = context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(address));
+void OpenInFront(CommandContext& context, TextView address, Privacy privacy = Privacy::Ordinary) {
+    if (auto* view = context.tabs.GetNewBrowser(InFront::Yes, privacy)) ResumeNext(view->Navigate(address));
 }
 
 } // namespace
@@ -23,8 +23,10 @@ void NewHome(CommandContext& context) {
 void NewCurrent(CommandContext& context) {
     const auto* current = context.tabs.CurrentView();
     const Text address = current ? current->Control->LocationURL() : Text();
-    OpenInFront(context, address);
+    OpenInFront(context, address, context.tabs.CurrentPrivacy());
 }
+
+void NewPrivate(CommandContext& context) { OpenInFront(context, u"about:blank", Privacy::Private); }
 
 void Close(CommandContext& context) { context.tabs.CloseSelectedTab(); }
 

@@ -9,6 +9,8 @@ void NewSearch(CommandContext& context);
 void NewHome(CommandContext& context);
 /// The current page once more; with no current view an empty address.
 void NewCurrent(CommandContext& context);
+/// A blank tab that is forgotten when it is closed.
+void NewPrivate(CommandContext& context);
 void Close(CommandContext& context);
 void CloseAll(CommandContext& context);
 void Next(CommandContext& context);

@@ -36,8 +36,9 @@ void Duplicate(CommandContext& context) {
     if (!view) return;
     const Text address = view->Control->LocationURL();
     const std::string history = view->Control->History();
+    const Privacy privacy = view->Privacy;
     context.pcPage.Select(tab);
-    if (auto* copy = context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(copy->Restore(history, address));
+    if (auto* copy = context.tabs.GetNewBrowser(InFront::Yes, privacy)) ResumeNext(copy->Restore(history, address));
 }
 
 void Reopen(CommandContext& context) { context.closed.Reopen(); }

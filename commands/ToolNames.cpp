@@ -176,6 +176,8 @@ constexpr std::array kOwnTools{
             u"edit-copy", u""},
     ToolRow{u"xtrSessions", u"Earlier &Sessions...", u"More", u"Opens pages of earlier sessions again", u"view-history",
             u""},
+    ToolRow{u"xtrDownloads", u"Do&wnloads", u"More", u"Shows the files that are being saved and those that were",
+            u"folder-download", u""},
     ToolRow{u"xtrStopAll", u"Stop &All Pages", u"More", u"Stops every page that is loading", u"process-stop", u""},
     ToolRow{u"xtrTextLarger", u"&Larger Text", u"More", u"Shows the text of the page one size larger",
             u"format-font-size-more", u""},
@@ -184,6 +186,40 @@ constexpr std::array kOwnTools{
     ToolRow{u"xtrTextUsual", u"&Usual Text", u"More", u"Shows the text of the page at its usual size", u"", u""},
     ToolRow{u"xtrFullScreen", u"&Full Screen", u"More", u"Shows pages on the whole screen", u"view-fullscreen", u""},
     ToolRow{u"xtrDevTools", u"&Developer Tools", u"More", u"Shows how the current page is made", u"tools", u""},
+    ToolRow{u"xtrPrivateTab", u"New &Private Tab", u"More",
+            u"Opens a tab whose page, cookies and history are forgotten when it is closed", u"view-private", u""},
+
+    // The menu of a page.
+    ToolRow{u"xtrLinkOpen", u"&Open Link in New Tab", u"", u"Opens the link in a new tab", u"tab-new", u""},
+    ToolRow{u"xtrLinkOpenOther", u"Open Link &Behind This Tab", u"", u"Opens the link in a new tab, the other way", u"",
+            u""},
+    ToolRow{u"xtrLinkOpenPrivate", u"Open Link in Pri&vate Tab", u"", u"Opens the link in a tab that is forgotten",
+            u"view-private", u""},
+    ToolRow{u"xtrLinkSave", u"&Save Link As...", u"", u"Saves what the link leads to", u"document-save-as", u""},
+    ToolRow{u"xtrLinkCopy", u"&Copy Link Address", u"", u"Copies the address of the link to the clipboard",
+            u"edit-copy", u""},
+    ToolRow{u"xtrLinkAddToTessaGroup", u"Add Link to &TessaGroup...", u"", u"Adds the link to a TessaGroup",
+            u"list-add", u""},
+    ToolRow{u"xtrImageOpen", u"Open &Image in New Tab", u"", u"Shows the image alone in a new tab", u"view-preview",
+            u""},
+    ToolRow{u"xtrImageSave", u"Save I&mage As...", u"", u"Saves the image to a file", u"document-save-as", u""},
+    ToolRow{u"xtrImageCopy", u"Copy Ima&ge", u"", u"Copies the image to the clipboard", u"edit-copy", u""},
+    ToolRow{u"xtrMediaPlay", u"&Play", u"", u"Plays or halts", u"media-playback-start", u""},
+    ToolRow{u"xtrMediaMute", u"M&ute", u"", u"Silences this or lets it be heard again", u"", u""},
+    ToolRow{u"xtrMediaLoop", u"&Loop", u"", u"Begins again at the end", u"", u""},
+    ToolRow{u"xtrMediaControls", u"Show Co&ntrols", u"", u"Shows the buttons for playing", u"", u""},
+    ToolRow{u"xtrMediaSave", u"&Save Media As...", u"", u"Saves the sound or film to a file", u"document-save-as", u""},
+    ToolRow{u"xtrMediaCopyAddress", u"Copy Media &Address", u"", u"Copies the address of this to the clipboard",
+            u"edit-copy", u""},
+    ToolRow{u"xtrUndo", u"&Undo", u"", u"Takes the last change back", u"edit-undo", u""},
+    ToolRow{u"xtrRedo", u"&Redo", u"", u"Makes the change again", u"edit-redo", u""},
+    ToolRow{u"xtrPasteAsText", u"Paste as Plain Te&xt", u"", u"Inserts the text of the clipboard without its looks",
+            u"edit-paste", u""},
+    ToolRow{u"xtrSearchSelection", u"S&earch for Selection", u"", u"Searches the web for the selected words",
+            u"edit-find", u""},
+    ToolRow{u"xtrOpenSelectedLinks", u"Open Selected &Links", u"", u"Opens every selected link in a tab of its own",
+            u"tab-new", u""},
+    ToolRow{u"xtrInspect", u"&Inspect", u"", u"Shows how this part of the page is made", u"tools", u""},
     ToolRow{u"xtrBookmarks", u"&Import and Export", u"More", u"Takes over and hands on bookmarks of other browsers",
             u"document-import", u"bndMoreBookmarks"},
     ToolRow{u"xtrImportFavorites", u"Import &Favorites...", u"More",
@@ -232,6 +268,8 @@ constexpr std::array kShortcuts{
     Shortcut{u"xtrTextLarger", {Keys::kPlus, kCtrl | Keys::kShift}},
     Shortcut{u"xtrTextSmaller", {Keys::kMinus, kCtrl}},
     Shortcut{u"xtrTextUsual", {'0', kCtrl}},
+    Shortcut{u"xtrPrivateTab", {'N', kCtrl | Keys::kShift}},
+    Shortcut{u"xtrDownloads", {'J', kCtrl}},
     Shortcut{u"xtrFullScreen", {Keys::kF11, 0}},
     Shortcut{u"xtrDevTools", {Keys::kF12, 0}},
 };
@@ -247,12 +285,23 @@ constexpr std::array kOthers{
 
 } // namespace
 
-Text WithoutAccessKey(TextView caption) {
+Text EscapedCaption(TextView text) {
+    Text caption;
+    for (const char16_t unit : text) caption.append(unit == u'&' ? 2 : 1, unit);
+    return caption;
+}
+
+Text PlainCaption(TextView caption) {
     Text plain;
     for (std::size_t i = 0; i < caption.size(); ++i) {
         if (caption[i] == u'&' && ++i >= caption.size()) break;
         plain += caption[i];
     }
+    return plain;
+}
+
+Text WithoutAccessKey(TextView caption) {
+    Text plain = PlainCaption(caption);
     return plain.ends_with(u"...") ? plain.substr(0, plain.size() - 3) : plain;
 }
 

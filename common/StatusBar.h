@@ -9,6 +9,8 @@ struct StatusBar {
     StatusBar() { StopAll.Visible = false; }
 
     Property<Text> SimpleText;
+    /// How large the text of the page is, at the right end; empty when it has its usual size.
+    Property<Text> Zoom;
     Property<bool> Visible{true};
     Button StopAll{u"Stop all"};
     Pixels Height{24};

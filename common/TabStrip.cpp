@@ -92,6 +92,12 @@ void TabStrip::SetSound(Tab* tab, TabSound sound) {
     Mark(TabStripChange::Faces);
 }
 
+void TabStrip::SetPrivate(Tab* tab, bool isPrivate) {
+    if (tab->m_private == isPrivate) return;
+    tab->m_private = isPrivate;
+    Mark(TabStripChange::Faces);
+}
+
 void TabStrip::SetPlacement(TabPlacement placement) {
     if (m_placement == placement) return;
     m_placement = placement;

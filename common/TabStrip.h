@@ -25,6 +25,8 @@ public:
     /// The page waits for an answer of its user.
     [[nodiscard]] bool Asks() const { return m_asks; }
     [[nodiscard]] TabSound Sound() const { return m_sound; }
+    /// What the page does is forgotten with the tab.
+    [[nodiscard]] bool Private() const { return m_private; }
     std::int32_t Tag = 0;
 
 private:
@@ -33,6 +35,7 @@ private:
     TabImage m_image = TabImage::None;
     bool m_asks = false;
     TabSound m_sound = TabSound::None;
+    bool m_private = false;
 };
 
 /// What a strip's view has to repaint.
@@ -69,6 +72,7 @@ public:
     void SetImage(Tab* tab, TabImage image);
     void SetAsks(Tab* tab, bool asks);
     void SetSound(Tab* tab, TabSound sound);
+    void SetPrivate(Tab* tab, bool isPrivate);
 
     [[nodiscard]] TabPlacement Placement() const { return m_placement; }
     void SetPlacement(TabPlacement placement);

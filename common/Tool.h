@@ -39,6 +39,8 @@ public:
     Property<bool> Enabled{true};
     Property<bool> Checked{false};
     Property<bool> Visible{true};
+    /// A number shown on the picture; 0 for none.
+    Property<std::size_t> Badge{0};
     Text TooltipText;
     /// The menu that the tool was designed for; empty for a tool that is not to be arranged.
     Text Category;
@@ -63,6 +65,13 @@ struct TextSelection {
     bool operator==(const TextSelection&) const = default;
 };
 
+/// A picture inside a box, before its text, and what it means.
+struct BoxSign {
+    Picture Image;
+    Text Meaning;
+    bool operator==(const BoxSign&) const = default;
+};
+
 /// A box with an editable text and a drop-down list of texts, indexed from 0.
 class ComboTool final : public Tool {
 public:
@@ -76,6 +85,7 @@ public:
     /// What is selected in it; follows the user's caret. Set it after `Value`.
     Property<TextSelection> Selection;
     Property<std::vector<Text>> List;
+    Property<BoxSign> Sign;
     /// Never below 0.
     Property<Pixels> Width{Pixels{240}};
     /// The box takes what its row leaves, and `Width` says how much that is. Ends when a width is set.

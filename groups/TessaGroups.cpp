@@ -17,6 +17,9 @@ constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 constexpr TextView kOverwriteQuestion =
     u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
 
+constexpr TextView kPrivateQuestion =
+    u"Some of the tabs are private. Do you want to write their addresses into the TessaGroup too?";
+
 std::string KeyOf(std::size_t number) { return "url" + std::to_string(number); }
 
 std::string GroupBytes(const std::vector<TessaGroups::NumberedAddress>& addresses) {
@@ -32,14 +35,27 @@ bool HasGroup(TextView path) {
     return FileExists(file) && !std::filesystem::is_directory(file, unknown);
 }
 
-std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, ViewArray& Browser) {
+std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, ViewArray& Browser, bool withPrivate) {
     std::vector<TessaGroups::NumberedAddress> addresses;
+    std::size_t left = 0;
     for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
         const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
+        if (!withPrivate && view && view->Privacy == Privacy::Private) {
+            ++left;
+            continue;
+        }
         // A tab whose view is gone leaves its number out.
-        if (view) addresses.push_back({position, view->Control->LocationURL()});
+        if (view) addresses.push_back({position - left, view->Control->LocationURL()});
     }
     return addresses;
+}
+
+bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser) {
+    for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
+        const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
+        if (view && view->Privacy == Privacy::Private) return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -89,7 +105,10 @@ Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& mess
 
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages) {
     if (!MayReplace(path, messages)) return Saved::Declined;
-    return Write(path, OpenAddresses(pcPage, Browser)) == Outcome::Done ? Saved::Yes : Saved::Failed;
+    const Answer privates = HasPrivate(pcPage, Browser) ? messages.AskYesNoCancel(kPrivateQuestion) : Answer::No;
+    if (privates == Answer::Cancel) return Saved::Declined;
+    return Write(path, OpenAddresses(pcPage, Browser, privates == Answer::Yes)) == Outcome::Done ? Saved::Yes
+                                                                                                 : Saved::Failed;
 }
 
 } // namespace TessaGroups

@@ -50,7 +50,7 @@ enum class Saved { Yes, Declined, Failed };
 Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& messages);
 
 /// Saves the addresses of all tabs in the order of the strip as the group of that path. Asks before it replaces
-/// a group that exists.
+/// a group that exists, and whether to write down what is open in private tabs.
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages);
 
 /// The groups of a folder (with the separator at the end) by name, with their full paths. Of a folder that cannot be

@@ -6,11 +6,11 @@
 namespace {
 
 std::vector<Text> OpenAddresses(frmMain& main) {
-    std::vector<Text> sites(main.pcPage.Count());
-    for (std::size_t i = 0; i < sites.size(); ++i) {
-        const auto* tab = main.pcPage.FindAt(i + 1);
-        const auto* view = tab ? main.Browser.Find(tab->Tag) : nullptr;
-        if (view) sites[i] = view->Control->LocationURL();
+    std::vector<Text> sites;
+    for (std::size_t position = 1; position <= main.pcPage.Count(); ++position) {
+        const auto* view = main.Browser.Find(main.pcPage.FindAt(position)->Tag);
+        if (view && view->Privacy == Privacy::Private) continue;
+        sites.push_back(view ? view->Control->LocationURL() : Text());
     }
     return sites;
 }

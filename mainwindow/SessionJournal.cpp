@@ -13,7 +13,8 @@ Session SessionJournal::Snapshot() const {
     for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
         const auto* tab = m_pcPage.FindAt(position);
         const auto* view = m_browser.Find(tab->Tag);
-        const Text address = view ? view->Control->LocationURL() : Text();
+        const bool kept = view && view->Privacy == Privacy::Ordinary;
+        const Text address = kept ? view->Control->LocationURL() : Text();
         if (!IsWorthKeeping(address)) continue;
         session.Pages.push_back({address, view->Control->LocationName()});
         if (tab == m_pcPage.SelectedItem()) session.Selected = session.Pages.size();

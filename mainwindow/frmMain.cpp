@@ -1,6 +1,7 @@
 #include "mainwindow/frmMain.h"
 
 #include "commands/DesignTimeBar.h"
+#include "commands/PageMenu.h"
 #include "commands/TabMoreCommands.h"
 #include "groups/TessaGroups.h"
 #include "mainwindow/MainCommands.h"
@@ -9,6 +10,7 @@
 #include "mainwindow/StartPage.h"
 #include "mainwindow/frmSessions.h"
 #include "mainwindow/frmSplash.h"
+#include "pages/DownloadWords.h"
 #include "settings/frmSettings.h"
 
 frmMain::frmMain(MainWindowPlatform platform)
@@ -37,6 +39,8 @@ frmMain::frmMain(MainWindowPlatform platform)
       Layout(actBar, Platform.layout),
       Menus(Commands, Platform.folderWatch),
       Favorite(Commands, {Platform.trash, Platform.showAddFavorite, Platform.showOrganizeFavorites}),
+      Downloads(Platform.downloads, Platform.downloadsFile),
+      DownloadPanel(Downloads),
       m_dispatcher(Commands) {
     DesignTimeBar::Make(actBar);
     WireParts();
@@ -53,6 +57,9 @@ void frmMain::WireParts() {
     Closed.Changed = [this] { TabMoreCommands::ShowReopen(Commands); };
     StripInput.Opening = [this] { TabMoreCommands::ShowState(Commands); };
     pcPage.Touched = [this] { Sessions.Touch(); };
+    Events.ShowMenu = [this](std::int16_t Index, const PageContext& Context) {
+        PageMenu::Open(Commands, Index, Context);
+    };
     Events.Navigated = [this] { Sessions.Touch(); };
     Pages.ApplyLoadOptions = Platform.applyLoadOptions;
     MainCommands::Fill(Commands.host, *this);
@@ -62,6 +69,7 @@ void frmMain::WireParts() {
     Commands.host.ShowSessions = [this] { ShowSessions(); };
     Commands.host.Exit = [this] { Platform.window.Close(); };
     WireGroups();
+    WireDownloads();
     m_dispatcher.DisableUnavailable();
     TabMoreCommands::ShowReopen(Commands);
 }
@@ -76,12 +84,28 @@ void frmMain::WireGroups() {
     Commands.host.OrganizeTessaGroups = [this] { Groups.OrganizeTessaGroups(); };
 }
 
+void frmMain::WireDownloads() {
+    Downloads.Changed = [this] {
+        for (const TextView name : {u"xtrMore", u"xtrDownloads"}) {
+            if (auto* tool = actBar.Find(name)) tool->Badge = Downloads.CountActive();
+        }
+        DownloadPanel.Touch();
+    };
+    Downloads.Say = [this](TextView message) { Tabs.ShowStatusText(message); };
+    Commands.host.DownloadFolder = [this] { return Platform.downloads.Folder(); };
+    Commands.host.ToggleDownloads = [this] { DownloadPanel.Form.Visible = !DownloadPanel.Form.Visible(); };
+    DownloadPanel.Shown = [this](bool shown) {
+        if (auto* tool = actBar.Find(u"xtrDownloads")) tool->Checked = shown;
+    };
+}
+
 void frmMain::Form_Load(TextView commandLine) {
     if (m_stage != Stage::New) return;
     m_stage = Stage::Loaded;
     MainLoad::Prepare(*this);
     if (auto* view = Tabs.PrepareFirstTab()) OpenCommandLine(*view, commandLine);
     MainLoad::Restore(*this);
+    Downloads.Load();
 }
 
 void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
@@ -134,11 +158,17 @@ void frmMain::Form_Resize() {
     if (auto* view = Tabs.CurrentView()) PlaceView(*view);
 }
 
+bool frmMain::Form_QueryUnload() {
+    const std::size_t running = m_stage == Stage::Loaded ? Downloads.CountActive() : 0;
+    return running == 0 || Platform.messages.AskYesNoCancel(DownloadWords::ExitQuestion(running)) == Answer::Yes;
+}
+
 void frmMain::Form_Unload() {
     if (m_stage != Stage::Loaded) return;
     m_stage = Stage::Unloaded;
     MainUnload::Save(*this);
     Sessions.End();
+    Downloads.End();
     Browser.UnloadAll();
     Menus.ReleasePictures();
     if (Unloaded) Unloaded();

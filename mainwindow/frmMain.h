@@ -14,6 +14,7 @@
 #include "mainwindow/MainKeyboard.h"
 #include "mainwindow/MainLayout.h"
 #include "mainwindow/SessionJournal.h"
+#include "pages/frmDownloads.h"
 #include "tabs/BrowserEvents.h"
 
 #include <functional>
@@ -40,6 +41,7 @@ struct MainWindowPlatform {
     Shell& shell;
     FolderWatch& folderWatch;
     Trash& trash;
+    DownloadDesktop& downloads;
     /// Shows the settings dialog and returns when it is hidden.
     std::function<void(frmSettings&)> showSettings;
     /// Shows the question about the default browser and returns when it is hidden.
@@ -57,6 +59,8 @@ struct MainWindowPlatform {
     Text groupFolder;
     /// Where Favorites lie, without a separator at the end. Empty when there is no such folder, which may come later.
     Text favoritesFolder{};
+    /// Where the list of downloads is kept; empty for nowhere.
+    Text downloadsFile{};
     /// Operations outside the core that commands run; the window adds its own. A command without its operation is
     /// disabled.
     CommandHost commands{};
@@ -94,6 +98,8 @@ public:
     void Form_Activate();
     /// Lays out the tab strip and the selected view.
     void Form_Resize();
+    /// Whether the window may close; asks the user while downloads run.
+    [[nodiscard]] bool Form_QueryUnload();
     /// Saves what the next start needs and ends the views. Runs once.
     void Form_Unload();
 
@@ -129,6 +135,8 @@ public:
     LayoutKeeper Layout;
     RuntimeMenus Menus;
     FavoriteCommands Favorite;
+    ::Downloads Downloads;
+    frmDownloads DownloadPanel;
     bool RememberLastSites = true;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
     std::function<void()> Unloaded;
@@ -138,6 +146,7 @@ private:
 
     void WireParts();
     void WireGroups();
+    void WireDownloads();
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
     void ShowSettingsDialog();

@@ -3,22 +3,19 @@
 #include "qt/QtEngine.h"
 #include "qt/QtPage.h"
 #include "qt/QtPageOutput.h"
+#include "qt/QtPageSecurity.h"
 #include "qt/QtSceneWindows.h"
 #include "qt/QtText.h"
 
 #include <QDataStream>
 #include <QDesktopServices>
+#include <QIODevice>
 #include <QWebEngineHistory>
-#include <QWebEngineLoadingInfo>
-#include <QWebEngineNewWindowRequest>
 #include <QWebEngineView>
 #include <algorithm>
 #include <array>
 
 namespace {
-
-/// How large the page is at the text sizes 0 to 4.
-constexpr std::array kZoomFactors{0.6, 0.8, 1.0, 1.25, 1.5};
 
 constexpr auto kHistoryVersion = QDataStream::Qt_6_4;
 
@@ -29,8 +26,8 @@ Outcome Trigger(QWebEnginePage& page, QWebEnginePage::WebAction action) {
 
 } // namespace
 
-QtBrowserView::QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine)
-    : m_index(index), m_events(events), m_engine(engine) {
+QtBrowserView::QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine, ::Privacy privacy)
+    : m_index(index), m_events(events), m_engine(engine), m_privacy(privacy) {
     m_engine.Register(index, this);
 }
 
@@ -111,14 +108,14 @@ PageDocument* QtBrowserView::Document() {
 }
 
 Outcome QtBrowserView::Zoom(int level) {
-    m_zoom = std::clamp(level, 0, static_cast<int>(kZoomFactors.size()) - 1);
+    m_zoom = std::clamp(level, 0, static_cast<int>(kPercents.size()) - 1);
     ApplyZoom();
     return Outcome::Done;
 }
 
 // The engine forgets the factor when a navigation changes the page's process.
 void QtBrowserView::ApplyZoom() {
-    const double factor = kZoomFactors.at(static_cast<std::size_t>(m_zoom));
+    const double factor = kPercents.at(static_cast<std::size_t>(m_zoom)) / 100.0;
     if (m_page && m_page->zoomFactor() != factor) m_page->setZoomFactor(factor);
 }
 
@@ -176,7 +173,14 @@ void QtBrowserView::Move(const Rect& place) {
 
 void QtBrowserView::LayWidget() {
     if (!m_widget) return;
-    const QRect page = m_engine.PageRect(m_place);
+    QRect page = m_engine.PageRect(m_place);
+    QtQuestionBar& bar = *m_questions->bar;
+    if (bar.Asks()) {
+        const int height = std::min(bar.HeightFor(page.width()), page.height() / 2);
+        bar.setGeometry(page.left(), page.top(), page.width(), height);
+        bar.raise();
+        page.setTop(page.top() + height);
+    }
     m_widget->setGeometry(page);
     m_questions->covers.Lay(page);
 }
@@ -221,18 +225,20 @@ void QtBrowserView::Show() {
     m_widget->show();
     m_widget->raise();
     m_questions->covers.SetShown(true);
+    m_questions->bar->setVisible(m_questions->bar->Asks());
     if (m_wantsFocus) SetFocus();
 }
 
 void QtBrowserView::Hide() {
     if (!m_widget) return;
     m_widget->hide();
+    m_questions->bar->hide();
     m_questions->covers.SetShown(false);
 }
 
 void QtBrowserView::MakePage() {
     if (m_page) return;
-    m_page = new QtPage(m_engine.Profile(), m_engine.Token());
+    m_page = m_engine.MakePage(m_privacy);
     ApplyMute();
     ConnectLoading();
     ConnectPage();
@@ -241,11 +247,30 @@ void QtBrowserView::MakePage() {
 }
 
 void QtBrowserView::MakeQuestions() {
+    // What is decided for a private page ends with it.
+    auto* kept = m_privacy == Privacy::Private ? nullptr : m_engine.Permissions;
     m_questions = std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted(),
-                                                    m_engine.DialogScheme(), m_engine.External());
+                                                    m_engine.DialogScheme(m_privacy), m_engine.External(), kept);
+    WireQuestions();
     m_questions->crashes.Reload = [this] { ResumeNext(Refresh()); };
     m_questions->covers.FocusPage = [this] { SetFocus(); };
-    m_questions->covers.Changed = [this] { m_events.AttentionChange(m_index, !m_questions->covers.Empty()); };
+    m_questions->covers.Changed = [this] { ShowQuestion(); };
+}
+
+void QtBrowserView::WireQuestions() {
+    m_questions->questions.Changed = [this] { ShowQuestion(); };
+    m_questions->bar->FocusPage = [this] { SetFocus(); };
+    m_questions->permissions.OpenPopup = [this](const QUrl& address) { OpenPopup(address); };
+    m_questions->tools.SaveAddress = m_engine.SaveAddress;
+    m_questions->tools.ShowInspector = m_engine.ShowInspector;
+}
+
+void QtBrowserView::ShowQuestion() {
+    QtQuestionBar& bar = *m_questions->bar;
+    bar.ShowCurrent();
+    bar.setVisible(bar.Asks() && m_widget && m_widget->isVisible());
+    LayWidget();
+    m_events.AttentionChange(m_index, bar.Asks() || !m_questions->covers.Empty());
 }
 
 void QtBrowserView::MakeWidget() {
@@ -256,6 +281,14 @@ void QtBrowserView::MakeWidget() {
     m_widget->setPage(m_page);
     m_widget->setGeometry(m_place.isEmpty() ? m_engine.PageArea()->rect() : m_place);
     SetTabStop(m_tabStop);
+    m_widget->setContextMenuPolicy(Qt::CustomContextMenu);
+    // Queued: the engine is in the middle of telling what lies there.
+    connect(
+        m_widget, &QWidget::customContextMenuRequested, this,
+        [this] {
+            if (m_widget) m_events.ContextMenu(m_index, QtPageTools::ContextOf(*m_widget));
+        },
+        Qt::QueuedConnection);
 }
 
 void QtBrowserView::Release() {
@@ -270,108 +303,10 @@ void QtBrowserView::Release() {
     if (m_page) m_page->End();
     m_widget = nullptr;
     m_page = nullptr;
-    m_loading = m_committed = false;
+    m_loading = m_committed = m_failed = false;
 }
 
-void QtBrowserView::ConnectLoading() {
-    QtPage* page = m_page;
-    connect(page, &QtPage::NavigationRequested, this, [this](const QUrl& url, bool top) {
-        m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame,
-                                 FromQt(url.toString(QUrl::FullyEncoded)));
-    });
-    connect(page, &QWebEnginePage::loadStarted, this, &QtBrowserView::OnLoadStarted);
-    connect(page, &QWebEnginePage::loadFinished, this, &QtBrowserView::OnLoadFinished);
-    connect(page, &QWebEnginePage::loadingChanged, this, &QtBrowserView::OnLoadingChanged);
-    connect(page, &QWebEnginePage::urlChanged, this, &QtBrowserView::OnAddressChanged);
-    connect(page, &QtPage::FrameReady, this, [this](const QUrl& url) {
-        m_events.NavigateComplete2(m_index, PageLevel::Frame, FromQt(url.toString(QUrl::FullyEncoded)));
-    });
-    connect(page, &QtPage::FrameLoaded, this, [this](const QUrl& url) {
-        m_events.DocumentComplete(m_index, PageLevel::Frame, FromQt(url.toString(QUrl::FullyEncoded)));
-    });
-}
-
-void QtBrowserView::ConnectPage() {
-    QtPage* page = m_page;
-    connect(page, &QWebEnginePage::titleChanged, this,
-            [this](const QString& title) { m_events.TitleChange(m_index, FromQt(title)); });
-    connect(page, &QWebEnginePage::linkHovered, this,
-            [this](const QString& url) { m_events.StatusTextChange(m_index, FromQt(url)); });
-    connect(page, &QWebEnginePage::iconChanged, this, [this] {
-        if (m_engine.IconChanged) m_engine.IconChanged(m_index);
-    });
-    connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_events.SoundChange(m_index); });
-    // Queued: opening a TessaGroup may close this very page.
-    connect(
-        page, &QtPage::StartLinkFollowed, this,
-        [this](const QUrl& url) {
-            if (m_engine.StartLink) m_engine.StartLink(url);
-        },
-        Qt::QueuedConnection);
-    connect(page, &QWebEnginePage::newWindowRequested, this, &QtBrowserView::OnNewWindow);
-    connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtBrowserView::OnRendererGone);
-    // Queued: closing may ask the user, and the page waits for its own answer meanwhile.
-    connect(
-        page, &QWebEnginePage::windowCloseRequested, this, [this] { m_events.WindowClosing(m_index); },
-        Qt::QueuedConnection);
-}
-
-void QtBrowserView::OnLoadStarted() {
-    m_loading = true;
-    m_events.StatusTextChange(m_index, u"Connecting...");
-    m_events.DownloadBegin(m_index);
-}
-
-void QtBrowserView::OnLoadFinished(bool) {
-    m_loading = false;
-    if (!m_pending) m_engine.EndNavigation(m_index);
-    ReportHistory();
-    m_events.StatusTextChange(m_index, u"Done");
-    m_events.DownloadComplete(m_index);
-    m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
-}
-
-void QtBrowserView::OnAddressChanged(const QUrl& url) {
-    if (url.isEmpty()) return;
-    m_committed = true;
-    ApplyZoom();
-    ReportHistory();
-    m_events.NavigateComplete2(m_index, PageLevel::Top, FromQt(url.toString(QUrl::FullyEncoded)));
-}
-
-void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
-    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_fallback.clear();
-    if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;
-    if (info.errorDomain() != QWebEngineLoadingInfo::ConnectionErrorDomain) return;
-    ResumeNext(Navigate(FromQt(std::exchange(m_fallback, QUrl()).toString(QUrl::FullyEncoded))));
-}
-
-void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
-    auto* supplied = static_cast<QtBrowserView*>(m_events.NewWindow2(m_index));
-    if (!supplied) return;
-    // The page that asked fills the view; the blank page that it was to load first would only be in the way.
-    supplied->m_pending.reset();
-    m_engine.EndNavigation(supplied->m_index);
-    supplied->m_requested = request.requestedUrl();
-    supplied->MakePage();
-    request.openIn(supplied->m_page);
-}
-
-void QtBrowserView::OnRendererGone() {
-    m_loading = false;
-    m_engine.EndNavigation(m_index);
-    m_events.StatusTextChange(m_index, u"The page has stopped working.");
-    m_events.DownloadComplete(m_index);
-    m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
-}
-
-void QtBrowserView::ReportHistory() {
-    const bool back = m_page->history()->canGoBack();
-    const bool forward = m_page->history()->canGoForward();
-    if (std::exchange(m_canGoBack, back) != back) {
-        m_events.CommandStateChange(m_index, HistoryCommand::NavigateBack, back);
-    }
-    if (std::exchange(m_canGoForward, forward) != forward) {
-        m_events.CommandStateChange(m_index, HistoryCommand::NavigateForward, forward);
-    }
+PageSecurity QtBrowserView::Security() const {
+    if (!m_page || !m_committed || m_failed) return PageSecurity::None;
+    return SecurityOf(m_page->url(), m_engine.Accepted());
 }

@@ -21,7 +21,7 @@ class QWebEngineView;
 class QtBrowserView final : public QObject, public BrowserView, private PageDocument {
 public:
     /// Both outlive the view.
-    QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine);
+    QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine, Privacy privacy);
     ~QtBrowserView() override;
 
     Outcome Navigate(TextView address) override;
@@ -33,6 +33,8 @@ public:
     Outcome ExecWB(BrowserCommand command) override;
     [[nodiscard]] Text LocationName() const override;
     [[nodiscard]] PageDocument* Document() override;
+    [[nodiscard]] PageTools* Tools() override { return m_questions ? &m_questions->tools : nullptr; }
+    [[nodiscard]] PageSecurity Security() const override;
     [[nodiscard]] bool Busy() const override { return m_loading; }
     [[nodiscard]] Text LocationURL() const override;
     [[nodiscard]] std::string History() const override;
@@ -58,6 +60,9 @@ public:
     void ApplyMute();
     [[nodiscard]] QIcon Icon() const;
     [[nodiscard]] QtPage* Page() const { return m_page; }
+    [[nodiscard]] ::Privacy Privacy() const { return m_privacy; }
+    /// What the page asks for, and what covers it; nothing while there is no page.
+    [[nodiscard]] QtPageQuestions* Questions() const { return m_questions.get(); }
     [[nodiscard]] QWebEngineView* Widget() const { return m_widget; }
     /// What covers the page because its process has died; nothing while it lives.
     [[nodiscard]] QtCrashPage* CrashPage() const { return m_questions ? m_questions->crashes.Shown() : nullptr; }
@@ -80,12 +85,16 @@ private:
     void OnAddressChanged(const QUrl& url);
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
     void OnNewWindow(QWebEngineNewWindowRequest& request);
+    void OpenPopup(const QUrl& address);
+    void WireQuestions();
+    void ShowQuestion();
     void OnRendererGone();
     void ReportHistory();
 
     const std::int16_t m_index;
     BrowserViewEvents& m_events;
     QtEngine& m_engine;
+    const ::Privacy m_privacy;
     QPointer<QtPage> m_page;
     QPointer<QWebEngineView> m_widget;
     std::unique_ptr<QtPageQuestions> m_questions; ///< as long as there is a page
@@ -97,6 +106,7 @@ private:
     int m_zoom = 2;
     bool m_committed = false;
     bool m_loading = false;
+    bool m_failed = false; ///< what is shown is an error page
     bool m_muted = false;
     bool m_tabStop = false;
     bool m_wantsFocus = false;

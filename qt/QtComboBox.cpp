@@ -1,10 +1,12 @@
 #include "qt/QtComboBox.h"
 
 #include "qt/QtComboEdit.h"
+#include "qt/QtIcons.h"
 #include "qt/QtKeys.h"
 #include "qt/QtText.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -55,6 +57,22 @@ void QtComboBox::SetEditing(bool editing) {
         m_bar.SetEdited(&m_tool);
     else if (m_bar.Edited() == &m_tool)
         m_bar.SetEdited(nullptr);
+}
+
+void QtComboBox::ShowSign(const BoxSign& sign) {
+    if (sign.Meaning.empty()) {
+        delete std::exchange(m_sign, nullptr);
+        return;
+    }
+    const QIcon icon = sign.Image.Name == u"tessaview" ? QtIcons::Application() : QtIcons::Of(sign.Image);
+    if (!m_sign) {
+        m_sign = m_edit->addAction(icon, QLineEdit::LeadingPosition);
+        m_sign->setObjectName(QStringLiteral("addressSign"));
+    }
+    m_sign->setIcon(icon);
+    m_sign->setText(ToQt(sign.Meaning));
+    m_sign->setToolTip(ToQt(sign.Meaning));
+    m_edit->setAccessibleDescription(ToQt(sign.Meaning));
 }
 
 // The caret stands at the selection's end, wherever the user began it.

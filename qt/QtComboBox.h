@@ -19,6 +19,7 @@ public:
     [[nodiscard]] ComboTool& Shown() const { return m_tool; }
     void ShowValue();
     void ShowSelection();
+    void ShowSign(const BoxSign& sign);
     /// How wide a box that fills its row may be, in logical pixels.
     void SetRoom(int width);
 
@@ -45,7 +46,8 @@ private:
     CommandBar& m_bar;
     ComboTool& m_tool;
     QtComboEdit* m_edit;
-    Text m_pageText; ///< the last text that the user did not make
+    QAction* m_sign = nullptr; ///< before the text
+    Text m_pageText;           ///< the last text that the user did not make
     int m_room = 0;
     bool m_editing = false;    ///< the text is the user's
     bool m_heldBack = false;   ///< another text came while it was

@@ -12,6 +12,7 @@ void Detach(ComboTool& tool) {
     tool.Width.Attach({});
     tool.FillsRow.Attach({});
     tool.Enabled.Attach({});
+    tool.Sign.Attach({});
 }
 
 } // namespace
@@ -42,6 +43,7 @@ void QtComboBoxes::Attach(ComboTool& tool, Shown& shown) {
     tool.Selection.Mirror = [each](const TextSelection&) { each([](QtComboBox& box) { box.ShowSelection(); }); };
     tool.Width.Mirror = [each](Pixels) { each([](QtComboBox& box) { box.updateGeometry(); }); };
     tool.FillsRow.Mirror = [each](bool) { each([](QtComboBox& box) { box.updateGeometry(); }); };
+    tool.Sign.Attach([each](const BoxSign& sign) { each([&](QtComboBox& box) { box.ShowSign(sign); }); });
     tool.Enabled.Attach([each](bool enabled) { each([&](QtComboBox& box) { box.setEnabled(enabled); }); });
 }
 

@@ -12,6 +12,12 @@ void QtDevTools::Toggle(QWebEnginePage* page) {
     if (!shown) Open(*page);
 }
 
+void QtDevTools::Show(QWebEnginePage& page) {
+    if (m_inspected == &page) return;
+    Close();
+    Open(page);
+}
+
 void QtDevTools::Open(QWebEnginePage& page) {
     m_inspected = &page;
     m_pane = new QDockWidget(QStringLiteral("Developer Tools"), &m_window);

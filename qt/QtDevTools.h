@@ -15,6 +15,8 @@ public:
     /// Opens the tools for that page, moves them there from another page, or closes them when they show it already.
     /// Does nothing for no page.
     void Toggle(QWebEnginePage* page);
+    /// Opens the tools for that page, wherever they are now.
+    void Show(QWebEnginePage& page);
     /// Closes the tools; before the engine ends.
     void Close();
     /// The page that the tools show; nothing while they are closed.

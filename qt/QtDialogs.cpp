@@ -61,6 +61,7 @@ Text QtFileDialogs::ShowSave(const FileDialogRequest& request) {
     QFileDialog dialog(QApplication::activeWindow(), ToQt(request.DialogTitle), ToQt(request.InitDir));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (!request.FileName.empty()) dialog.selectFile(ToQt(request.FileName));
     return Show(dialog, request);
 }
 

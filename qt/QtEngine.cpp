@@ -20,8 +20,8 @@ QtEngine::QtEngine(QWidget* pageArea, QString profileFolder, QString cacheFolder
 
 QtEngine::~QtEngine() = default;
 
-std::unique_ptr<BrowserView> QtEngine::Create(std::int16_t Index, BrowserViewEvents& events) {
-    return std::make_unique<QtBrowserView>(Index, events, *this);
+std::unique_ptr<BrowserView> QtEngine::Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) {
+    return std::make_unique<QtBrowserView>(Index, events, *this, privacy);
 }
 
 void QtEngine::Start() {
@@ -33,6 +33,7 @@ void QtEngine::Shutdown() {
     Must(m_views.empty());
     // Pages end later than their views; the profile must outlive them.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_private.reset();
     m_profile.reset();
 }
 
@@ -48,10 +49,13 @@ QtPage* QtEngine::FrontPage() const {
 
 void QtEngine::SetLoadOptions(const QtLoadOptions& options) {
     m_loadOptions = options;
-    if (m_profile) m_profile->SetLoadOptions(options);
+    for (const auto* profile : {&m_profile, &m_private}) {
+        if (*profile) (*profile)->SetLoadOptions(options);
+    }
     for (const auto& [index, view] : m_views) {
         view->ApplyMute();
-        if (m_profile && view->Page()) m_profile->TellLoadOptions(*view->Page(), options);
+        auto& profile = view->Privacy() == Privacy::Private ? m_private : m_profile;
+        if (profile && view->Page()) profile->TellLoadOptions(*view->Page(), options);
     }
 }
 
@@ -97,19 +101,55 @@ void QtEngine::Schedule() {
     if (m_started) m_turn.start(0);
 }
 
-QWebEngineProfile* QtEngine::Profile() {
+std::unique_ptr<QtProfile> QtEngine::MakeProfile(const QString& folder, const QString& cacheFolder) {
+    auto profile = std::make_unique<QtProfile>(folder, cacheFolder, m_token);
+    profile->SetLoadOptions(m_loadOptions);
+    profile->SetStartPage([this] { return StartPage ? StartPage() : std::string(); });
+    return profile;
+}
+
+QWebEngineProfile* QtEngine::PrivateProfile() {
+    if (!m_private) {
+        m_private = MakeProfile({}, {});
+        if (PrivateProfileMade) PrivateProfileMade(*m_private->Get());
+    }
+    return m_private->Get();
+}
+
+QWebEngineProfile* QtEngine::Profile(Privacy privacy) {
+    if (privacy == Privacy::Private) return PrivateProfile();
     if (!m_profile) {
-        m_profile = std::make_unique<QtProfile>(m_profileFolder, m_cacheFolder, m_token);
-        m_profile->SetLoadOptions(m_loadOptions);
-        m_profile->SetStartPage([this] { return StartPage ? StartPage() : std::string(); });
+        m_profile = MakeProfile(m_profileFolder, m_cacheFolder);
         if (ProfileMade) ProfileMade(*m_profile->Get());
     }
     return m_profile->Get();
 }
 
-QtDialogScheme& QtEngine::DialogScheme() {
-    static_cast<void>(Profile());
-    return m_profile->Dialogs();
+QtDialogScheme& QtEngine::DialogScheme(Privacy privacy) {
+    static_cast<void>(Profile(privacy));
+    return (privacy == Privacy::Private ? m_private : m_profile)->Dialogs();
+}
+
+QtPage* QtEngine::MakePage(Privacy privacy) {
+    auto* page = new QtPage(Profile(privacy), m_token);
+    if (privacy == Privacy::Private) {
+        ++m_privatePages;
+        // Queued: the profile must outlive the page, which is not quite gone yet.
+        connect(page, &QObject::destroyed, this, &QtEngine::OnPrivatePageGone, Qt::QueuedConnection);
+    }
+    return page;
+}
+
+bool QtEngine::HasPrivateView() const {
+    return std::ranges::any_of(m_views, [](const auto& each) { return each.second->Privacy() == Privacy::Private; });
+}
+
+void QtEngine::OnPrivatePageGone() {
+    --m_privatePages;
+    // What the private pages have left behind ends with the last of them, once its developer tools have gone too.
+    QTimer::singleShot(0, this, [this] {
+        if (m_privatePages == 0 && !HasPrivateView()) m_private.reset();
+    });
 }
 
 void QtEngine::Turn() {
@@ -131,6 +171,11 @@ void QtEngine::ShowFront() {
     front->Show();
     if (auto* before = Find(m_shown)) before->Hide();
     m_shown = m_front;
+}
+
+QtBrowserView* QtEngine::ViewOf(const QWebEnginePage* page) const {
+    const auto found = std::ranges::find_if(m_views, [page](const auto& each) { return each.second->Page() == page; });
+    return page && found != m_views.end() ? found->second : nullptr;
 }
 
 QtBrowserView* QtEngine::Find(std::int32_t index) const {

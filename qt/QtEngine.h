@@ -2,6 +2,7 @@
 #include "common/platform/BrowserView.h"
 #include "pages/Certificates.h"
 #include "pages/ExternalSchemes.h"
+#include "pages/SitePermissions.h"
 #include "qt/QtLoadOptions.h"
 #include "qt/QtPageOutput.h"
 #include "tabs/NavigationQueue.h"
@@ -16,6 +17,7 @@
 #include <map>
 #include <memory>
 
+class QWebEnginePage;
 class QWebEngineProfile;
 class QtBrowserView;
 class QtDialogScheme;
@@ -32,7 +34,7 @@ public:
     QtEngine(QWidget* pageArea, QString profileFolder, QString cacheFolder);
     ~QtEngine() override;
 
-    std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events) override;
+    std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) override;
     /// From now on views may load. Called once the window is on the screen.
     void Start();
     /// Ends the pages' profile; no view may be left. Called before the application ends.
@@ -42,10 +44,16 @@ public:
     [[nodiscard]] QIcon Icon(std::int32_t index) const;
     /// A page's icon has changed.
     std::function<void(std::int32_t index)> IconChanged;
-    /// The pages' profile has come into being.
+    /// The pages' profile has come into being; that of private pages, which ends with the last of them.
     std::function<void(QWebEngineProfile&)> ProfileMade;
+    std::function<void(QWebEngineProfile&)> PrivateProfileMade;
     /// The address of the home page; empty, or without a function, for the program's own.
     std::function<Text()> HomeAddress;
+    /// What sites may do for good. Outlives the views; nothing to ask every time.
+    SitePermissions* Permissions = nullptr;
+    /// For the menus of pages, see `QtPageTools`.
+    std::function<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
+    std::function<void(QtPage&)> ShowInspector;
     /// Makes the home page, in UTF-8, whenever it is loaded.
     std::function<std::string()> StartPage;
     /// The user has followed a link of the home page that is for the program and not for the engine.
@@ -56,6 +64,8 @@ public:
     /// The view shown, and its page; nothing when there is none yet.
     [[nodiscard]] QtBrowserView* Front() const { return Find(m_shown); }
     [[nodiscard]] QtPage* FrontPage() const;
+    /// The view of a page; nothing for a page of nobody's.
+    [[nodiscard]] QtBrowserView* ViewOf(const QWebEnginePage* page) const;
     /// Puts the load switches into effect for all pages, present and future.
     void SetLoadOptions(const QtLoadOptions& options);
     /// Bars beside the page: given the whole page area, places them and answers what is left for the page.
@@ -78,8 +88,9 @@ public:
     /// Asks for a turn: the waiting work is done once, at the next turn of the event loop.
     void Schedule();
     [[nodiscard]] QWidget* PageArea() const { return m_pageArea; }
-    [[nodiscard]] QWebEngineProfile* Profile();
-    [[nodiscard]] QtDialogScheme& DialogScheme();
+    [[nodiscard]] QWebEngineProfile* Profile(Privacy privacy = Privacy::Ordinary);
+    [[nodiscard]] QtDialogScheme& DialogScheme(Privacy privacy);
+    [[nodiscard]] QtPage* MakePage(Privacy privacy);
     [[nodiscard]] bool PlaysSounds() const { return m_loadOptions.sounds; }
     /// Marks the lines with which our script in the pages reports frames; new for every run.
     [[nodiscard]] const QString& Token() const { return m_token; }
@@ -88,10 +99,15 @@ private:
     void Turn();
     void ShowFront();
     [[nodiscard]] QtBrowserView* Find(std::int32_t index) const;
+    std::unique_ptr<QtProfile> MakeProfile(const QString& folder, const QString& cacheFolder);
+    QWebEngineProfile* PrivateProfile();
+    void OnPrivatePageGone();
+    [[nodiscard]] bool HasPrivateView() const;
 
     QPointer<QWidget> m_pageArea;
     QString m_profileFolder, m_cacheFolder, m_token;
-    std::unique_ptr<QtProfile> m_profile;
+    std::unique_ptr<QtProfile> m_profile, m_private;
+    int m_privatePages = 0;
     std::map<std::int32_t, QtBrowserView*> m_views;
     NavigationQueue m_queue;
     QTimer m_turn;

@@ -3,9 +3,11 @@
 #include "qt/QtPalette.h"
 #include "qt/QtText.h"
 
+#include <QPainter>
 #include <QPalette>
 #include <QPixmap>
 #include <QStringList>
+#include <algorithm>
 
 // Stands outside the namespace, as Qt's macro demands.
 static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
@@ -40,4 +42,32 @@ QIcon QtIcons::OfOrBlank(const Picture& picture) {
     QPixmap blank(64, 64);
     blank.fill(Qt::transparent);
     return QIcon(blank);
+}
+
+QIcon QtIcons::WithBadge(const QIcon& icon, std::size_t number) {
+    if (number == 0 || icon.isNull()) return icon;
+    constexpr int kSize = 44;
+    constexpr int kScale = 2;
+    QPixmap picture = icon.pixmap(QSize(kSize, kSize) / kScale, kScale);
+    picture.setDevicePixelRatio(1);
+    QPixmap all(kSize, kSize);
+    all.fill(Qt::transparent);
+    QPainter painter(&all);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawPixmap(QRect(0, 0, kSize, kSize), picture);
+    const QString text = number > 99 ? QStringLiteral("99+") : QString::number(number);
+    QFont font = painter.font();
+    font.setBold(true);
+    font.setPixelSize(20);
+    painter.setFont(font);
+    const int width = std::max(24, painter.fontMetrics().horizontalAdvance(text) + 8);
+    const QRect place(kSize - width, kSize - 24, width, 24);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(201, 52, 0));
+    painter.drawRoundedRect(place, 12, 12);
+    painter.setPen(Qt::white);
+    painter.drawText(place, Qt::AlignCenter, text);
+    painter.end();
+    all.setDevicePixelRatio(kScale);
+    return QIcon(all);
 }

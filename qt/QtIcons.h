@@ -24,4 +24,7 @@ void ChooseTheme(const QPalette& palette);
 /// The same, with an empty picture for one that there is not, so that texts below each other begin at one line.
 [[nodiscard]] QIcon OfOrBlank(const Picture& picture);
 
+/// The picture with a number in its corner; unchanged for 0. More than 99 are "99+".
+[[nodiscard]] QIcon WithBadge(const QIcon& icon, std::size_t number);
+
 } // namespace QtIcons

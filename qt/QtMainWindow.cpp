@@ -177,8 +177,11 @@ void QtMainWindow::Activate() {
 }
 
 void QtMainWindow::closeEvent(QCloseEvent* event) {
-    event->accept();
-    if (m_unloaded) return;
+    // Held, because who ends the session takes the question away while it is asked.
+    const auto query = QueryUnload;
+    const bool mayClose = m_unloaded || !query || query();
+    event->setAccepted(mayClose || m_unloaded);
+    if (m_unloaded || !mayClose) return;
     m_unloaded = true;
     if (Unload) Unload();
 }

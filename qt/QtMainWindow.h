@@ -50,6 +50,8 @@ public:
     std::function<void()> Activated;
     /// Full screen begins or ends.
     std::function<void(bool on)> FullScreenChanged;
+    /// Whether the window may close; without it, it may.
+    std::function<bool()> QueryUnload;
     /// The window closes. Runs once.
     std::function<void()> Unload;
 

@@ -5,18 +5,32 @@
 #include "qt/QtExternalLinks.h"
 #include "qt/QtLogins.h"
 #include "qt/QtPageDialogs.h"
+#include "qt/QtPageTools.h"
+#include "qt/QtPermissions.h"
+#include "qt/QtQuestionBar.h"
 
 /// What one page asks of its user, and what covers it meanwhile.
 struct QtPageQuestions {
     /// All outlive this object.
     QtPageQuestions(QtPage& page, QWidget* pageArea, AcceptedCertificates& accepted, QtDialogScheme& dialogScheme,
-                    ExternalSchemes& external)
-        : covers(pageArea),
+                    ExternalSchemes& external, SitePermissions* permissionsKept)
+        : permissions(page, questions, permissionsKept),
+          bar(new QtQuestionBar(questions, pageArea)),
+          tools(page),
+          covers(pageArea),
           certificates(page, covers, accepted),
           logins(page, covers),
           crashes(page, covers),
           dialogs(page, covers, dialogScheme),
           links(page, covers, external) {}
+    ~QtPageQuestions() { delete bar; }
+    QtPageQuestions(const QtPageQuestions&) = delete;
+    QtPageQuestions& operator=(const QtPageQuestions&) = delete;
+
+    QtPermissions permissions; ///< before the questions, which tell it when they end
+    PageQuestions questions;
+    QPointer<QtQuestionBar> bar;
+    QtPageTools tools;
 
     QtCovers covers;
     QtCertificates certificates;

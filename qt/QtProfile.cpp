@@ -64,7 +64,12 @@ QtProfile::~QtProfile() {
 
 void QtProfile::ApplySettings() {
     auto* settings = m_profile->settings();
-    settings->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
+    // A window that a page opens by itself is held back by us, so that its user can be asked.
+    settings->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, true);
+    settings->setAttribute(QWebEngineSettings::ScreenCaptureEnabled, true);
+    // Without it the engine's PDF viewer does not run.
+    settings->setAttribute(QWebEngineSettings::PluginsEnabled, true);
+    settings->setAttribute(QWebEngineSettings::PdfViewerEnabled, true);
     settings->setAttribute(QWebEngineSettings::FullScreenSupportEnabled, false);
     settings->setAttribute(QWebEngineSettings::ScrollAnimatorEnabled, true);
     settings->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);

@@ -4,6 +4,7 @@
 #include "qt/QtAbout.h"
 #include "qt/QtAddFavorite.h"
 #include "qt/QtBarLook.h"
+#include "qt/QtBrowserView.h"
 #include "qt/QtBrowsingData.h"
 #include "qt/QtCommandBar.h"
 #include "qt/QtCustomizeDialog.h"
@@ -12,6 +13,8 @@
 #include "qt/QtDevTools.h"
 #include "qt/QtDialogScheme.h"
 #include "qt/QtDialogs.h"
+#include "qt/QtDownloads.h"
+#include "qt/QtDownloadsPanel.h"
 #include "qt/QtEngine.h"
 #include "qt/QtFileDrop.h"
 #include "qt/QtFindBar.h"
@@ -24,6 +27,7 @@
 #include "qt/QtLayoutFile.h"
 #include "qt/QtMainWindow.h"
 #include "qt/QtMiddleClick.h"
+#include "qt/QtNotifications.h"
 #include "qt/QtOrganizeFavorites.h"
 #include "qt/QtPage.h"
 #include "qt/QtPageBars.h"
@@ -53,6 +57,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <QWebEngineProfile>
+#include <QWebEngineView>
 #include <chrono>
 #include <optional>
 
@@ -105,6 +110,7 @@ struct QtProgram::Parts {
                 .shell = shell,
                 .folderWatch = folderWatch,
                 .trash = trash,
+                .downloads = downloads,
                 .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
                 // Above the splash, which would cover it.
                 .showDefBrowser = [this](frmDefBrowser& form) { ShowModal(form, splash.Window()); },
@@ -115,6 +121,7 @@ struct QtProgram::Parts {
                 .programPath = FromQt(QCoreApplication::applicationFilePath()),
                 .groupFolder = FromQt(folders.GroupFolder()),
                 .favoritesFolder = FromQt(folders.favorites),
+                .downloadsFile = FromQt(folders.state + QStringLiteral("/downloads")),
                 .commands = Operations(),
                 .offerSession = [this](TextView id, const Session& session) { OfferSession(id, session); },
                 .withdrawOffer = [this] { offer.Withdraw(); },
@@ -174,7 +181,9 @@ struct QtProgram::Parts {
         const InternetValues values = InternetSettings(settings).Get();
         QtWebOptions::ApplyProxy(values, profile);
         QtWebOptions::Apply(values, requests);
-        if (profile) QtWebOptions::Apply(values, *profile);
+        for (const auto& each : {profile, privateProfile}) {
+            if (each) QtWebOptions::Apply(values, *each);
+        }
     }
 
     void TakeProfile(QWebEngineProfile& made) {
@@ -182,6 +191,17 @@ struct QtProgram::Parts {
         browsingData.Watch(made);
         profile = &made;
         ApplyInternetOptions();
+        downloads.Follow(made);
+        notifications.Follow(made);
+    }
+
+    // Nothing of it is noted anywhere.
+    void TakePrivateProfile(QWebEngineProfile& made) {
+        made.setUrlRequestInterceptor(&requests);
+        privateProfile = &made;
+        ApplyInternetOptions();
+        downloads.Follow(made);
+        notifications.Follow(made);
     }
 
     [[nodiscard]] ServiceTemplates Services() {
@@ -206,12 +226,15 @@ struct QtProgram::Parts {
     QtShell shell;
     QtFolderWatch folderWatch;
     QtTrash trash;
+    QtDownloads downloads;
+    QtNotifications notifications;
+    SitePermissions permissions{settings};
     QtMiddleClick middleClick;
     QtMainWindow window;
     QtDevTools devTools{window};
     QtRequests requests;
     QtBrowsingData browsingData;
-    QPointer<QWebEngineProfile> profile;
+    QPointer<QWebEngineProfile> profile, privateProfile;
     QtEngine engine;
     frmMain main;
     QtTabStrip strip;
@@ -224,6 +247,7 @@ struct QtProgram::Parts {
     QtTabList tabList;
     QtFindBar findBar;
     QtSessionOffer offer;
+    QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
     QtPageBars bars;
     QTimer journal;
 };
@@ -254,8 +278,13 @@ int QtProgram::Run() {
     });
     // Before this there is nothing to save: a start that is still asking the user something ends as it is.
     m->signals.emplace();
-    m->signals->Quit = [this] { m->window.Close(); };
+    m->signals->Quit = [this] {
+        // Whoever ends the session waits for no answer.
+        m->window.QueryUnload = {};
+        m->window.Close();
+    };
     const int result = QApplication::exec();
+    m->downloads.Shutdown();
     m->engine.Shutdown();
     return result;
 }
@@ -273,6 +302,7 @@ void QtProgram::WireWindow() {
     m->window.FullScreenChanged = [&main](bool on) {
         if (auto* tool = main.actBar.Find(u"xtrFullScreen")) tool->Checked = on;
     };
+    m->window.QueryUnload = [&main] { return main.Form_QueryUnload(); };
     m->window.Unload = [this, &main] {
         m->devTools.Close();
         main.Form_Unload();
@@ -348,11 +378,32 @@ void QtProgram::WireStartPage() {
     m->engine.StartLink = [this](const QUrl& url) { m->main.OpenStartLink(url.toEncoded().toStdString()); };
 }
 
+void QtProgram::WirePages() {
+    m->engine.Permissions = &m->permissions;
+    m->engine.SaveAddress = [this](QtPage& page, const QUrl& address, const Text& path) {
+        m->downloads.Save(page, address, path);
+    };
+    m->engine.ShowInspector = [this](QtPage& page) { m->devTools.Show(page); };
+    m->downloads.List = &m->main.Downloads;
+    m->downloads.Profile = [this] { return m->engine.Profile(); };
+    m->downloads.MaySave = [this](QWebEnginePage* page, const QUrl& address) {
+        auto* view = m->engine.ViewOf(page);
+        return !view || view->Questions()->permissions.MaySave(address);
+    };
+    m->main.Downloads.Say = [this](TextView message) { m->statusBar.Notice(ToQt(message)); };
+    m->downloadsPanel.FocusPage = [this] {
+        if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
+    };
+    m->notifications.Clicked = [this] { m->window.BringToForeground({}); };
+}
+
 void QtProgram::WireEngine() {
     WireStartPage();
     m->requests.Templates = [this] { return m->Services(); };
     m->engine.ProfileMade = [this](QWebEngineProfile& profile) { m->TakeProfile(profile); };
+    m->engine.PrivateProfileMade = [this](QWebEngineProfile& profile) { m->TakePrivateProfile(profile); };
     m->engine.HomeAddress = [this] { return InternetSettings(m->settings).Get().homePage; };
+    WirePages();
     m->bars.Add(m->offer, QtPageBars::Side::Above);
     m->bars.Add(m->findBar, QtPageBars::Side::Below);
     m->offer.Changed = [this] { m->engine.Relayout(); };

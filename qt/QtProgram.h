@@ -19,6 +19,7 @@ private:
     struct Parts;
     void WireWindow();
     void WireEngine();
+    void WirePages();
     void WireStartPage();
     void WireStrip();
     void ListTabs(QPoint corner);

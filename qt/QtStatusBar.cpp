@@ -4,6 +4,7 @@
 #include "qt/QtText.h"
 
 #include <QEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <chrono>
@@ -16,7 +17,7 @@ constexpr std::size_t kMostShown = 1000;
 } // namespace
 
 QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
-    : QStatusBar(parent), m_bar(bar), m_stopAll(new QPushButton(this)) {
+    : QStatusBar(parent), m_bar(bar), m_stopAll(new QPushButton(this)), m_zoom(new QLabel(this)) {
     setObjectName(QStringLiteral("sbStatus"));
     setAccessibleName(QStringLiteral("Status"));
     setSizeGripEnabled(false);
@@ -29,7 +30,16 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
     Bind(m_bar.StopAll, *m_stopAll, QStringLiteral("cmdStopAll"));
     m_stopAll->setFocusPolicy(Qt::TabFocus);
     m_stopAll->setAutoFillBackground(true);
+    m_zoom->setObjectName(QStringLiteral("lblZoom"));
+    m_zoom->setTextFormat(Qt::PlainText);
+    m_zoom->setAutoFillBackground(true);
     Measure();
+    m_bar.Zoom.Attach([this](const Text& text) {
+        m_zoom->setText(ToQt(text));
+        m_zoom->setAccessibleName(QStringLiteral("Text size %1").arg(m_zoom->text()));
+        m_zoom->setVisible(!text.empty());
+        LayParts();
+    });
     m_bar.SimpleText.Attach([this](const Text&) {
         if (!m_textTimer.isActive()) m_textTimer.start(kTextDelay);
     });
@@ -41,6 +51,7 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
 
 QtStatusBar::~QtStatusBar() {
     m_bar.SimpleText.Attach({});
+    m_bar.Zoom.Attach({});
     m_bar.Visible.Attach({});
 }
 
@@ -52,7 +63,7 @@ void QtStatusBar::changeEvent(QEvent* event) {
 
 void QtStatusBar::resizeEvent(QResizeEvent* event) {
     QStatusBar::resizeEvent(event);
-    LayStopAll();
+    LayParts();
 }
 
 // A line parts it from the page, which may have the same ground.
@@ -62,9 +73,15 @@ void QtStatusBar::paintEvent(QPaintEvent* event) {
 }
 
 // Over the end of the text, because a widget of the bar's own layout would make it higher.
-void QtStatusBar::LayStopAll() {
-    const int wanted = m_stopAll->sizeHint().width();
-    m_stopAll->setGeometry(width() - wanted - kPadding, 1, wanted, height() - 2);
+void QtStatusBar::LayParts() {
+    int right = width() - kPadding;
+    const auto lay = [&](QWidget& part) {
+        const int wanted = part.sizeHint().width();
+        part.setGeometry(right - wanted, 1, wanted, height() - 2);
+        if (!part.isHidden()) right -= wanted + kPadding;
+    };
+    lay(*m_zoom);
+    lay(*m_stopAll);
 }
 
 void QtStatusBar::ShowText() {
@@ -83,7 +100,7 @@ void QtStatusBar::FollowVisible() {
 
 void QtStatusBar::Measure() {
     const Pixels height{fontMetrics().height() + kPadding};
-    LayStopAll();
+    LayParts();
     if (height == m_bar.Height) return;
     m_bar.Height = height;
     if (HeightChanged) HeightChanged();

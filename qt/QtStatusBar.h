@@ -6,6 +6,7 @@
 #include <chrono>
 #include <functional>
 
+class QLabel;
 class QPushButton;
 
 /// Shows a `StatusBar`, which outlives it. Texts are gathered for a tenth of a second, because any repaint has the
@@ -31,11 +32,12 @@ protected:
 
 private:
     void FollowVisible();
-    void LayStopAll();
+    void LayParts();
     void ShowText();
     void Measure();
 
     StatusBar& m_bar;
     QPushButton* m_stopAll;
+    QLabel* m_zoom;
     QTimer m_textTimer, m_noticeTimer;
 };

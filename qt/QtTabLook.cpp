@@ -47,6 +47,7 @@ QtTabLook::QtTabLook(const QPalette& palette, TabPlacement placement)
     m_hovered = Mix(m_row, m_selected, 0.45);
     m_line = Mix(m_row, m_text, 0.22);
     m_quietText = Mix(m_row, m_text, 0.78);
+    m_private = dark ? QColor(178, 132, 255) : QColor(106, 50, 196);
 }
 
 void QtTabLook::PaintBackground(QPainter& painter, const QRect& row) const {
@@ -85,18 +86,20 @@ void QtTabLook::PaintTab(QPainter& painter, const QtTabFace& face) const {
 
 void QtTabLook::PaintBody(QPainter& painter, const QtTabFace& face) const {
     const QRect& place = face.place;
+    if (face.isPrivate && !face.selected) painter.fillRect(place.adjusted(0, 1, -1, 0), Mix(m_row, m_private, 0.25));
     if (!face.selected && !face.hovered) {
         if (face.dividerShown) painter.fillRect(QRect(place.right(), place.top() + 5, 1, place.height() - 10), m_line);
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
     const QPainterPath shape = TabShape(place, m_placement);
-    painter.fillPath(shape, face.selected ? m_selected : m_hovered);
+    const QColor body = face.selected ? m_selected : m_hovered;
+    painter.fillPath(shape, face.isPrivate ? Mix(body, m_private, 0.25) : body);
     if (!face.selected) return;
     painter.save();
     painter.setClipPath(shape, Qt::IntersectClip);
     const int top = m_placement == TabPlacement::Top ? place.top() : place.bottom() + 1 - kAccentHeight;
-    painter.fillRect(QRect(place.left(), top, place.width(), kAccentHeight), m_accent);
+    painter.fillRect(QRect(place.left(), top, place.width(), kAccentHeight), face.isPrivate ? m_private : m_accent);
     painter.restore();
     if (!face.focused) return;
     painter.setPen(QPen(m_accent, 1));

@@ -14,6 +14,7 @@ struct QtTabFace {
     QString caption;
     QIcon icon;
     bool busy = false;
+    bool isPrivate = false;
     bool asks = false; ///< the page waits for an answer
     TabSound sound = TabSound::None;
     bool soundHovered = false;
@@ -51,5 +52,5 @@ private:
     void PaintClose(QPainter& painter, const QtTabFace& face) const;
 
     TabPlacement m_placement;
-    QColor m_row, m_line, m_selected, m_hovered, m_text, m_quietText, m_accent;
+    QColor m_row, m_line, m_selected, m_hovered, m_text, m_quietText, m_accent, m_private;
 };

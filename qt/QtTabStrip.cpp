@@ -116,6 +116,7 @@ QtTabFace QtTabStrip::PaintedFace(std::size_t position) const {
     QtTabFace face;
     // What turns the writing around in a title would do so in the dots behind it as well.
     face.caption = ToQt(OneLine(tab->Caption()));
+    face.isPrivate = tab->Private();
     face.asks = tab->Asks() && position != m_selected;
     face.busy = tab->Image() == TabImage::Red;
     if (!face.busy && PageIcon) face.icon = PageIcon(*tab);

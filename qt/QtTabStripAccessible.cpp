@@ -33,6 +33,7 @@ public:
         if (!tab) return {};
         if (kind == QAccessible::Name) return ToQt(OneLine(tab->Caption()));
         if (kind == QAccessible::Description && tab->Asks()) return QStringLiteral("Asks a question");
+        if (kind == QAccessible::Description && tab->Private()) return QStringLiteral("Private");
         if (kind == QAccessible::Description && Busy(*tab)) return QStringLiteral("Loading");
         return {};
     }

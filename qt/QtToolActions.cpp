@@ -17,7 +17,10 @@ void Detach(Tool& tool) {
     tool.Enabled.Attach({});
     tool.Checked.Attach({});
     tool.Visible.Attach({});
+    tool.Badge.Attach({});
 }
+
+QIcon PictureOf(const Tool& tool) { return QtIcons::WithBadge(QtIcons::Of(tool.Image), tool.Badge()); }
 
 // Keeps the picture's room until it is looked up, so that the toolbars do not jump then.
 QIcon Placeholder(const Tool& tool) {
@@ -39,8 +42,8 @@ QAction* QtToolActions::For(const std::shared_ptr<Tool>& tool) {
     auto* action = new QAction(this);
     action->setObjectName(ToQt(tool->Name()));
     action->setToolTip(ToQt(tool->TooltipText));
+    action->setIcon(m_icons ? PictureOf(*tool) : Placeholder(*tool));
     ShowShortcut(*tool, *action);
-    action->setIcon(m_icons ? QtIcons::Of(tool->Image) : Placeholder(*tool));
     m_shown.emplace(tool.get(), Shown{tool, action});
     Mirror(*tool, *action);
     return action;
@@ -51,6 +54,9 @@ void QtToolActions::Mirror(Tool& tool, QAction& action) {
     tool.Caption.Attach([shown](const Text& caption) { shown->setText(ToQt(caption)); });
     tool.Enabled.Attach([shown](bool enabled) { shown->setEnabled(enabled); });
     tool.Visible.Attach([shown](bool visible) { shown->setVisible(visible); });
+    tool.Badge.Mirror = [this, &tool, shown](std::size_t) {
+        if (m_icons) shown->setIcon(PictureOf(tool));
+    };
     tool.Checked.Attach([shown](bool checked) {
         // A tool shows itself to be one that is checked by being checked for the first time.
         if (checked) {
@@ -113,5 +119,5 @@ void QtToolActions::Prune() {
 
 void QtToolActions::ShowIcons() {
     m_icons = true;
-    for (const auto& [key, shown] : m_shown) shown.action->setIcon(QtIcons::Of(shown.tool->Image));
+    for (const auto& [key, shown] : m_shown) shown.action->setIcon(PictureOf(*shown.tool));
 }

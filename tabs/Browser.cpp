@@ -9,7 +9,7 @@ void SetZoom(BrowserView& view, int level) {
 void ViewSource(TabSet& tabs, BrowserView& view) {
     if (!view.Document()) return;
     const Text address = u"view-source:" + view.LocationURL();
-    if (auto* shown = tabs.GetNewBrowser(InFront::Yes)) ResumeNext(shown->Navigate(address));
+    if (auto* shown = tabs.GetNewBrowser(InFront::Yes, tabs.CurrentPrivacy())) ResumeNext(shown->Navigate(address));
 }
 
 } // namespace Browser

@@ -29,8 +29,8 @@ void BrowserEvents::BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextVie
     m_tabs.SetTabBusy(Decimal(Index), TabBusy::Yes);
 }
 
-BrowserView* BrowserEvents::NewWindow2(std::int16_t) {
-    return m_tabs.GetNewBrowser(m_tabs.OpenNewInFront ? InFront::Yes : InFront::No);
+BrowserView* BrowserEvents::NewWindow2(std::int16_t Index, NewWindowPlace Place) {
+    return m_tabs.GetNewBrowser(m_tabs.PlaceFor(Place), m_tabs.PrivacyOf(Index));
 }
 
 // Deliberate: a tab turns idle as soon as its navigation completes, before the document has, and the completion of
@@ -59,6 +59,10 @@ void BrowserEvents::ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL) 
 
 void BrowserEvents::AttentionChange(std::int16_t Index, bool Asks) { m_tabs.SetTabAsks(Index, Asks); }
 
+void BrowserEvents::ContextMenu(std::int16_t Index, const PageContext& Context) {
+    if (ShowMenu && m_tabs.IsSelected(Index)) ShowMenu(Index, Context);
+}
+
 void BrowserEvents::WindowClosing(std::int16_t Index) {
     // The user may have closed the tab while its page was closing itself; nothing is left to close, or to ask.
     if (m_tabs.IsOpen(Index)) m_tabs.CloseBrowserTab(Index);
@@ -69,4 +73,6 @@ void BrowserEvents::SoundChange(std::int16_t Index) { m_tabs.UpdateSound(Index);
 void BrowserEvents::ShowAddress(PageLevel pDisp, TextView URL) {
     auto* address = m_tabs.AddressCombo();
     if (pDisp == PageLevel::Top && address) address->Value = Text(URL);
+    m_tabs.UpdateSecurity();
+    m_tabs.UpdateZoom();
 }

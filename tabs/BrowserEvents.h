@@ -16,10 +16,11 @@ public:
     void DownloadComplete(std::int16_t Index) override;
     void TitleChange(std::int16_t Index, TextView Text) override;
     void BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
-    BrowserView* NewWindow2(std::int16_t Index) override;
+    BrowserView* NewWindow2(std::int16_t Index, NewWindowPlace Place) override;
     void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void AttentionChange(std::int16_t Index, bool Asks) override;
+    void ContextMenu(std::int16_t Index, const PageContext& Context) override;
     void WindowClosing(std::int16_t Index) override;
     void SoundChange(std::int16_t Index) override;
 
@@ -27,6 +28,8 @@ public:
     std::function<void()> Navigated;
     /// A view's page has loaded, or its load has ended otherwise. Filled in by the main window.
     std::function<void(std::int16_t Index)> Loaded;
+    /// Shows the menu of the page in front. Filled in by the main window.
+    std::function<void(std::int16_t Index, const PageContext& Context)> ShowMenu;
 
 private:
     void ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL);

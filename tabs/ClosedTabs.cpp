@@ -6,7 +6,7 @@
 void ClosedTabs::Remember(std::int32_t Index) {
     const auto* view = m_browser.Find(Index);
     const auto* tab = m_pcPage.Find(u"Tab" + Decimal(Index));
-    if (!view || !tab) return;
+    if (!view || !tab || view->Privacy == Privacy::Private) return;
     const Text address = view->Control->LocationURL();
     if (address.empty() || address == u"about:blank") return;
     if (m_closed.size() == kMost) m_closed.erase(m_closed.begin());

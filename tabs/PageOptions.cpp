@@ -48,6 +48,7 @@ void PageOptions::SetTextSize(TextView Name, ::Apply Apply) {
     auto* view = m_tabs.CurrentView();
     const auto* size = std::ranges::find(kSizes, Name, &TextSize::tool);
     if (view && Apply == ::Apply::Yes && size != kSizes.end()) Browser::SetZoom(*view->Control, size->level);
+    m_tabs.UpdateZoom();
 }
 
 void PageOptions::MarkTextSize() {

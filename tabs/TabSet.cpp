@@ -1,9 +1,13 @@
 #include "tabs/TabSet.h"
 
+#include "tabs/AddressSigns.h"
+
 namespace {
 
 constexpr TextView kBlankPage = u"about:blank";
 constexpr TextView kLastTabQuestion = u"Do you want to close the last browser tab and exit this application?";
+
+constexpr int kUsualPercent = 100;
 
 /// Units of a title or an address that anybody reads.
 constexpr std::size_t kMostDescribed = 300;
@@ -33,15 +37,16 @@ BrowserView* TabSet::PrepareFirstTab() {
     return view->Control.get();
 }
 
-BrowserView* TabSet::GetNewBrowser(InFront inFront) {
+BrowserView* TabSet::GetNewBrowser(InFront inFront, Privacy privacy) {
     const std::int32_t index = NextBrowserIndex;
-    auto* view = m_browser.Load(index);
+    auto* view = m_browser.Load(index, privacy);
     if (view) {
         view->Control->SetVisible(true);
         ResumeNext(view->Control->Navigate(kBlankPage));
     }
     auto* tab = m_pcPage.Add(m_pcPage.PositionOf(m_pcPage.SelectedItem()) + 1, KeyOf(index));
     if (tab) tab->Tag = index;
+    if (tab) m_pcPage.SetPrivate(tab, privacy == Privacy::Private);
     ++NextBrowserIndex;
     if (tab) m_pcPage.SetCaption(tab, u"Loading...");
     if (tab && inFront == InFront::Yes) m_pcPage.Select(tab);
@@ -64,6 +69,37 @@ void TabSet::pcPage_Click() {
     auto* view = CurrentView();
     auto* address = AddressCombo();
     if (view && address) address->Value = view->Control->LocationURL();
+    UpdateSecurity();
+    UpdateZoom();
+}
+
+Privacy TabSet::PrivacyOf(std::int32_t Index) const {
+    const auto* view = m_browser.Find(Index);
+    return view ? view->Privacy : Privacy::Ordinary;
+}
+
+Privacy TabSet::CurrentPrivacy() const {
+    const auto* view = CurrentView();
+    return view ? view->Privacy : Privacy::Ordinary;
+}
+
+InFront TabSet::PlaceFor(NewWindowPlace place) const {
+    return OpenNewInFront == (place == NewWindowPlace::AsSet) ? InFront::Yes : InFront::No;
+}
+
+void TabSet::UpdateZoom() {
+    const auto* view = CurrentView();
+    const auto* document = view ? view->Control->Document() : nullptr;
+    const auto level = document ? document->ZoomLevel() : std::nullopt;
+    const bool known = level && *level >= 0 && *level < static_cast<int>(PageDocument::kPercents.size());
+    const int percent = known ? PageDocument::kPercents.at(static_cast<std::size_t>(*level)) : kUsualPercent;
+    m_sbStatus.Zoom = percent == kUsualPercent ? Text() : Decimal(percent) + u" %";
+}
+
+void TabSet::UpdateSecurity() {
+    const auto* view = CurrentView();
+    auto* address = AddressCombo();
+    if (view && address) address->Sign = AddressSigns::Of(view->Control->Security());
 }
 
 void TabSet::UpdateBackForward() {

@@ -19,7 +19,13 @@ public:
 
     /// Makes a tab right of the selected one, with a blank view for the caller to navigate. Nothing when no view
     /// could be made.
-    BrowserView* GetNewBrowser(InFront inFront);
+    BrowserView* GetNewBrowser(InFront inFront, Privacy privacy = Privacy::Ordinary);
+    /// Of the selected tab's view, for what is opened from it.
+    [[nodiscard]] Privacy CurrentPrivacy() const;
+    /// Of the view `Index`.
+    [[nodiscard]] Privacy PrivacyOf(std::int32_t Index) const;
+    /// Where a tab that a page asks for comes.
+    [[nodiscard]] InFront PlaceFor(NewWindowPlace place) const;
     /// Pairs the strip's first tab with view 1, which exists with the window.
     BrowserView* PrepareFirstTab();
 
@@ -47,6 +53,10 @@ public:
     /// The tab left of the selected one, before the first the last.
     void SelectPreviousTab();
 
+    /// Shows at the address box how far the selected view's page can be trusted.
+    void UpdateSecurity();
+    /// Shows in the status bar how large the text of the selected view's page is.
+    void UpdateZoom();
     void UpdateBackForward();
     void UpdateStopRefresh();
     void ShowStatusText(TextView Text);

@@ -18,13 +18,14 @@ ViewArray::ViewArray(BrowserViewFactory& views, BrowserViewEvents& events) : m_f
     Load(1);
 }
 
-ArrayView* ViewArray::Load(std::int32_t index) {
+ArrayView* ViewArray::Load(std::int32_t index, Privacy privacy) {
     if (m_ended || index < 1 || index > std::numeric_limits<std::int16_t>::max() || m_views.contains(index))
         return nullptr;
-    auto control = m_factory.Create(static_cast<std::int16_t>(index), m_events);
+    auto control = m_factory.Create(static_cast<std::int16_t>(index), m_events, privacy);
     if (!control) return nullptr;
     ArrayView& view = m_views[index];
     view.Control = std::move(control);
+    view.Privacy = privacy;
     view.Park();
     return &view;
 }

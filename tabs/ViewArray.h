@@ -15,6 +15,7 @@ struct ArrayView {
     Text Tag = u"0";
     /// Whether it allows going forward: 1 or 0.
     int ForwardFlag = 0;
+    ::Privacy Privacy = ::Privacy::Ordinary;
 
     /// Moves the view out of sight and out of the keyboard's way; nothing when it is there already.
     void Park();
@@ -34,7 +35,7 @@ public:
 
     /// Makes element `index`, parked. Nothing when the index is in use, does not fit into 16 bits (no index wraps
     /// around), or when the engine has no view to give.
-    ArrayView* Load(std::int32_t index);
+    ArrayView* Load(std::int32_t index, Privacy privacy = Privacy::Ordinary);
     [[nodiscard]] ArrayView* Find(std::int32_t index);
     /// Destroys an element. Element 1 is part of the window and stays.
     void Unload(std::int32_t index);

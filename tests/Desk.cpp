@@ -18,6 +18,7 @@ Desk::Desk(FakeSettings* shared)
             .shell = shell,
             .folderWatch = folderWatch,
             .trash = trash,
+            .downloads = downloads,
             .showSettings =
                 [this](frmSettings& form) {
                     if (inSettings) inSettings(form);
@@ -62,7 +63,9 @@ Desk::Desk(FakeSettings* shared)
             .clearBrowsingData =
                 [this](const BrowsingData& data) { log.Add(data.cookies ? "clear cookies" : "clear no cookies"); }}),
       m_skippedBefore(SkippedSteps()) {
-    window.closed = [this] { main.Form_Unload(); };
+    window.closed = [this] {
+        if (main.Form_QueryUnload()) main.Form_Unload();
+    };
 }
 
 Desk::~Desk() { EXPECT_EQ(SkippedSteps(), m_skippedBefore) << "a step was skipped that was not announced"; }

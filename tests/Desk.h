@@ -2,6 +2,7 @@
 #include "mainwindow/frmMain.h"
 #include "settings/SettingsStore.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeDownloads.h"
 #include "tests/fakes/FakeSettings.h"
 #include "tests/fakes/FakeViews.h"
 
@@ -64,6 +65,7 @@ public:
     FakeShell shell;
     FakeFolderWatch folderWatch;
     FakeTrash trash;
+    FakeDownloads downloads;
     FakeApplication application{log};
     FakeChannel channel{log};
     std::function<void(frmSettings&)> inSettings;               ///< what the user does in the settings dialog

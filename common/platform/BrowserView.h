@@ -2,7 +2,9 @@
 #include "common/ResumeNext.h"
 #include "common/Text.h"
 #include "common/Units.h"
+#include "common/platform/PageTools.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -17,7 +19,22 @@ public:
     virtual ~PageDocument() = default;
     /// The size of the text, from 0 (smallest) to 4 (largest); 2 is the usual one.
     virtual Outcome Zoom(int level) = 0;
+    /// What the sizes are in percent.
+    static constexpr std::array kPercents{60, 80, 100, 125, 150};
     [[nodiscard]] virtual std::optional<int> ZoomLevel() const = 0;
+};
+
+/// Whether what a page does is forgotten with its tab and the others like it.
+enum class Privacy : bool { Ordinary = false, Private = true };
+
+/// How far what a page shows can be trusted to come from where its address says.
+enum class PageSecurity {
+    None,      ///< a blank page, or one that has not been shown yet
+    Own,       ///< made by the program
+    Local,     ///< a file of this computer
+    Secure,    ///< a host whose certificate was accepted by the engine
+    Exception, ///< a host whose certificate the user has accepted
+    NotSecure, ///< anybody on the way could have written it
 };
 
 /// One page view of the engine. Making one costs nothing: the engine's page comes into being at the next turn of the
@@ -45,6 +62,10 @@ public:
     [[nodiscard]] virtual Text LocationName() const = 0;
     /// Nothing while the view has shown no page but a blank one. Belongs to the view.
     [[nodiscard]] virtual PageDocument* Document() = 0;
+    /// Nothing while there is no page. Belongs to the view.
+    [[nodiscard]] virtual PageTools* Tools() = 0;
+    /// Of the page shown.
+    [[nodiscard]] virtual PageSecurity Security() const = 0;
 
     /// Where the page has been, as bytes that only `Restore` of a view understands; empty when there is nothing.
     [[nodiscard]] virtual std::string History() const = 0;
@@ -71,6 +92,10 @@ enum class PageLevel { Top, Frame };
 /// The history command whose state changed.
 enum class HistoryCommand { UpdateCommands = -1, NavigateForward = 1, NavigateBack = 2 };
 
+/// Where a window that a page asks for is to come: as the user has set it, or the other way, because the user has held
+/// the key for that.
+enum class NewWindowPlace { AsSet, OtherWay };
+
 /// Where the events of all views arrive, the view's index first.
 class BrowserViewEvents {
 public:
@@ -83,11 +108,13 @@ public:
     virtual void TitleChange(std::int16_t Index, TextView Text) = 0;
     virtual void BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
     /// A page asks for a new window: the view to show it in, or nothing.
-    virtual BrowserView* NewWindow2(std::int16_t Index) = 0;
+    virtual BrowserView* NewWindow2(std::int16_t Index, NewWindowPlace Place) = 0;
     virtual void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
     virtual void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
     /// The page asks its user something, or no longer does.
     virtual void AttentionChange(std::int16_t Index, bool Asks) = 0;
+    /// The user asks for the menu of what lies there in the page.
+    virtual void ContextMenu(std::int16_t Index, const PageContext& Context) = 0;
     /// The page has closed its own window.
     virtual void WindowClosing(std::int16_t Index) = 0;
     /// The page has begun or ended to be heard, or was muted or not.
@@ -99,5 +126,5 @@ class BrowserViewFactory {
 public:
     virtual ~BrowserViewFactory() = default;
     /// `events` outlives the view. Nothing when no view can be made.
-    virtual std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events) = 0;
+    virtual std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) = 0;
 };

@@ -21,6 +21,7 @@ struct FileDialogRequest {
     Text InitDir;
     Text Filter; ///< pairs of description and patterns, separated by "|", patterns by ";"
     bool MustExist = false;
+    Text FileName{}; ///< suggested, when saving
 };
 
 class FileDialogs {

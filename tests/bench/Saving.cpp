@@ -6,6 +6,7 @@
 #include "qt/QtSettingsStorage.h"
 #include "qt/QtText.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeDownloads.h"
 #include "tests/fakes/FakeViews.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -48,6 +49,7 @@ public:
     FakeShell shell;
     FakeFolderWatch folderWatch;
     FakeTrash trash;
+    FakeDownloads downloads;
     QtSettingsStorage settings{ToQt(folder.PathText("."))};
     QtLayoutFile layout{ToQt(folder.PathText("."))};
     std::optional<QtSessionFiles> sessions{ToQt(folder.PathText("sessions"))};
@@ -63,6 +65,7 @@ public:
                   .shell = shell,
                   .folderWatch = folderWatch,
                   .trash = trash,
+                  .downloads = downloads,
                   .showSettings = {},
                   .showDefBrowser = {},
                   .showAbout = {},

@@ -109,7 +109,7 @@ TEST_F(Certificates, TheExplanationLeavesWithItsTab) {
     ASSERT_TRUE(IsExplained());
     desk.view.reset();
     EXPECT_TRUE(WaitUntil([&] { return Page() == nullptr; }));
-    desk.view = desk.engine.Create(2, desk.events);
+    desk.view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
 }
 
 TEST(CertificatesOfTabs, ABackgroundTabIsMarkedAndStaysInTheBackground) {

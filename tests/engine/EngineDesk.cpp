@@ -46,8 +46,8 @@ void EventRecorder::BeforeNavigate2(std::int16_t, PageLevel pDisp, TextView URL)
     Add(QStringLiteral("A"), pDisp, URL);
 }
 
-BrowserView* EventRecorder::NewWindow2(std::int16_t) {
-    lines << QStringLiteral("W");
+BrowserView* EventRecorder::NewWindow2(std::int16_t, NewWindowPlace Place) {
+    lines << (Place == NewWindowPlace::AsSet ? QStringLiteral("W") : QStringLiteral("W:other"));
     return supplyView ? supplyView() : nullptr;
 }
 
@@ -63,6 +63,8 @@ void EventRecorder::AttentionChange(std::int16_t, bool Asks) {
     lines << (Asks ? QStringLiteral("asks+") : QStringLiteral("asks-"));
 }
 
+void EventRecorder::ContextMenu(std::int16_t, const PageContext& Context) { menu = Context; }
+
 void EventRecorder::WindowClosing(std::int16_t) { lines << QStringLiteral("X"); }
 
 void EventRecorder::Add(const QString& kind, PageLevel level, TextView URL) {
@@ -76,7 +78,7 @@ EngineView::EngineView() {
     window.resize(800, 600);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-    view = engine.Create(1, events);
+    view = engine.Create(1, events, Privacy::Ordinary);
     view->Move({{0}, {0}, {800}, {600}});
     view->BringToFront();
     engine.Start();
@@ -128,9 +130,9 @@ void EngineView::WaitForPicture() {
     EXPECT_TRUE(WaitUntil([this] { return Script(QStringLiteral("window.painted")) == u"yes"; }));
 }
 
-void EngineView::ClickOn(const QString& elementId) {
+void EngineView::ClickOn(const QString& elementId, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
     WaitForPicture();
-    QTest::mouseClick(PointerTarget(), Qt::LeftButton, {}, MiddleOf(elementId));
+    QTest::mouseClick(PointerTarget(), button, modifiers, MiddleOf(elementId));
 }
 
 void EngineView::PointAt(const QString& elementId) {
@@ -154,6 +156,7 @@ EngineDesk::EngineDesk() {
                                                         .shell = shell,
                                                         .folderWatch = folderWatch,
                                                         .trash = trash,
+                                                        .downloads = downloads,
                                                         .showSettings = {},
                                                         .showDefBrowser = {},
                                                         .showAbout = {},

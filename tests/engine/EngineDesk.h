@@ -3,6 +3,7 @@
 #include "qt/QtEngine.h"
 #include "tests/engine/LocalServer.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeDownloads.h"
 #include "tests/fakes/FakeSettings.h"
 
 #include <QWidget>
@@ -27,10 +28,11 @@ public:
     void DownloadComplete(std::int16_t Index) override;
     void TitleChange(std::int16_t Index, TextView Text) override;
     void BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
-    BrowserView* NewWindow2(std::int16_t Index) override;
+    BrowserView* NewWindow2(std::int16_t Index, NewWindowPlace Place) override;
     void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void AttentionChange(std::int16_t Index, bool Asks) override;
+    void ContextMenu(std::int16_t Index, const PageContext& Context) override;
     void WindowClosing(std::int16_t Index) override;
     void SoundChange(std::int16_t) override {}
 
@@ -40,6 +42,7 @@ public:
 
     QStringList lines;
     QStringList statusTexts;
+    std::optional<PageContext> menu; ///< asked for last
     std::function<BrowserView*()> supplyView;
 
 private:
@@ -57,8 +60,9 @@ public:
     void Navigate(const QString& address);
     /// Runs a script in the page and gives its result as text.
     QString Script(const QString& source);
-    /// A person's click with the left button on the middle of the element.
-    void ClickOn(const QString& elementId);
+    /// A person's click on the middle of the element.
+    void ClickOn(const QString& elementId, Qt::MouseButton button = Qt::LeftButton,
+                 Qt::KeyboardModifiers modifiers = {});
     /// Moves the pointer there.
     void PointAt(const QString& elementId);
 
@@ -96,6 +100,7 @@ public:
     FakeShell shell;
     FakeFolderWatch folderWatch;
     FakeTrash trash;
+    FakeDownloads downloads;
     QtEngine engine{&window, {}, {}};
     std::unique_ptr<frmMain> main;
 };

@@ -150,7 +150,7 @@ TEST_F(EventTable, ALinkThatAsksForAWindowOpensInTheSuppliedView) {
     std::unique_ptr<BrowserView> supplied;
     EventRecorder its;
     desk.events.supplyView = [&] {
-        supplied = desk.engine.Create(2, its);
+        supplied = desk.engine.Create(2, its, Privacy::Ordinary);
         EXPECT_EQ(supplied->Navigate(u"about:blank"), Outcome::Done);
         return supplied.get();
     };

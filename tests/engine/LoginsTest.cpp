@@ -152,7 +152,7 @@ TEST_F(Logins, ClosingTheTabEndsTheQuestion) {
     ASSERT_TRUE(IsAsked());
     desk.view.reset();
     EXPECT_TRUE(WaitUntil([&] { return desk.window.findChild<QtLoginDialog*>() == nullptr; }));
-    desk.view = desk.engine.Create(2, desk.events);
+    desk.view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
 }
 
 TEST(LoginsOfTabs, ABackgroundTabAsksWhenItIsSelected) {

@@ -23,7 +23,7 @@ TEST(SpeedRules, AViewCostsNothingBeforeTheEngineStarts) {
     QWidget window;
     QtEngine engine(&window, {}, {});
     EventRecorder events;
-    const auto view = engine.Create(1, events);
+    const auto view = engine.Create(1, events, Privacy::Ordinary);
     EXPECT_EQ(view->Navigate(u"http://127.0.0.1:1/"), Outcome::Done);
     view->BringToFront();
     QCoreApplication::processEvents();

@@ -109,7 +109,8 @@ TEST_F(StartPageAccess, AWindowOfAWebPageCannotGoThereEither) {
     LoadPage();
     std::vector<std::unique_ptr<BrowserView>> windows;
     m_view.events.supplyView = [&] {
-        windows.push_back(m_view.engine.Create(static_cast<std::int16_t>(windows.size() + 2), m_view.events));
+        windows.push_back(
+            m_view.engine.Create(static_cast<std::int16_t>(windows.size() + 2), m_view.events, Privacy::Ordinary));
         return windows.back().get();
     };
     for (const char* element : {"script", "link", "later"}) {

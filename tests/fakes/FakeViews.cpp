@@ -82,8 +82,26 @@ void FakeView::BringToFront() { all.front = index; }
 
 void FakeView::SetFocus() { all.focused = index; }
 
-std::unique_ptr<BrowserView> FakeViews::Create(std::int16_t Index, BrowserViewEvents& events) {
-    return refuses ? nullptr : std::make_unique<FakeView>(Index, events, *this);
+Outcome FakeView::Run(PageAction action) {
+    calls.push_back("action " + std::to_string(static_cast<int>(action)));
+    return refuses ? Outcome::Failed : Outcome::Done;
+}
+
+Outcome FakeView::ReplaceWord(TextView word) {
+    calls.push_back("word " + ToUtf8(word));
+    return refuses ? Outcome::Failed : Outcome::Done;
+}
+
+Outcome FakeView::Save(TextView address, TextView path) {
+    calls.push_back("save " + ToUtf8(address) + " in " + ToUtf8(path));
+    return refuses ? Outcome::Failed : Outcome::Done;
+}
+
+std::unique_ptr<BrowserView> FakeViews::Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) {
+    if (refuses) return nullptr;
+    auto view = std::make_unique<FakeView>(Index, events, *this);
+    view->privacy = privacy;
+    return view;
 }
 
 FakeView& FakeViews::At(int index) {

@@ -9,7 +9,7 @@
 class FakeViews;
 
 /// A view that remembers what it was asked and raises events when the test says so.
-class FakeView final : public BrowserView, public PageDocument {
+class FakeView final : public BrowserView, public PageDocument, public PageTools {
 public:
     FakeView(std::int16_t index, BrowserViewEvents& events, FakeViews& all);
     ~FakeView() override;
@@ -24,6 +24,12 @@ public:
     [[nodiscard]] Text LocationName() const override { return name; }
     [[nodiscard]] PageDocument* Document() override { return hasDocument ? this : nullptr; }
     Outcome Zoom(int level) override;
+    [[nodiscard]] PageTools* Tools() override { return hasTools ? this : nullptr; }
+    [[nodiscard]] PageSecurity Security() const override { return security; }
+    Outcome Run(PageAction action) override;
+    Outcome ReplaceWord(TextView word) override;
+    Outcome Save(TextView address, TextView path) override;
+    void FindSelectedLinks(std::function<void(std::vector<Text>)> answer) override { answer(selectedLinks); }
     [[nodiscard]] std::optional<int> ZoomLevel() const override { return zoom; }
     [[nodiscard]] bool Busy() const override { return busy; }
     [[nodiscard]] Text LocationURL() const override { return location; }
@@ -48,6 +54,10 @@ public:
     bool refuses = false;          ///< every call that can fail does
     std::function<void()> stopped; ///< what a page does when it is stopped
     bool hasDocument = true;
+    bool hasTools = true;
+    PageSecurity security = PageSecurity::None;
+    Privacy privacy = Privacy::Ordinary;
+    std::vector<Text> selectedLinks;
     int zoom = 2;
     bool audible = false;
     bool muted = false;
@@ -62,7 +72,7 @@ public:
 /// Makes fake views and lets the test reach them by index.
 class FakeViews final : public BrowserViewFactory {
 public:
-    std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events) override;
+    std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) override;
 
     /// The living view of that index; fails the test when there is none.
     FakeView& At(int index);

@@ -2,6 +2,8 @@
 
 #include "qt/QtText.h"
 
+#include <QLabel>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -53,6 +55,22 @@ TEST_F(QtStatusBarTest, ALaterNoticeReplacesAnEarlierOne) {
     m_widget.Notice(QStringLiteral("Beware again"));
     EXPECT_TRUE(Shows("Beware again"));
     EXPECT_EQ(m_widget.accessibleDescription(), u"Beware again");
+}
+
+TEST_F(QtStatusBarTest, SaysHowLargeTheTextIsAtItsEnd) {
+    m_widget.resize(600, 26);
+    m_widget.show();
+    auto* zoom = m_widget.findChild<QLabel*>(QStringLiteral("lblZoom"));
+    EXPECT_TRUE(zoom->isHidden());
+    m_bar.Zoom = u"125 %";
+    EXPECT_TRUE(zoom->isVisible());
+    EXPECT_EQ(zoom->accessibleName(), u"Text size 125 %");
+    m_bar.StopAll.Visible = true;
+    auto* stopAll = m_widget.findChild<QPushButton*>();
+    m_widget.resize(700, 26);
+    EXPECT_FALSE(zoom->geometry().intersects(stopAll->geometry()));
+    m_bar.Zoom = u"";
+    EXPECT_TRUE(zoom->isHidden());
 }
 
 } // namespace

@@ -103,15 +103,15 @@ TEST(BrowserEvents, APageThatWantsANewWindowGetsATabWhereTheSettingSays) {
     Desk desk;
     desk.StartWithTabs(2);
     desk.main.Tabs.OpenNewInFront = false;
-    const auto* behind = desk.views.At(1).events.NewWindow2(1);
+    const auto* behind = desk.views.At(1).events.NewWindow2(1, NewWindowPlace::AsSet);
     EXPECT_EQ(behind, &desk.views.At(3));
     EXPECT_EQ(desk.Strip(), "[1*] 3 2");
     desk.main.Tabs.OpenNewInFront = true;
-    const auto* inFront = desk.views.At(2).events.NewWindow2(2);
+    const auto* inFront = desk.views.At(2).events.NewWindow2(2, NewWindowPlace::AsSet);
     EXPECT_EQ(inFront, &desk.views.At(4));
     EXPECT_EQ(desk.Strip(), "1 [4*] 3 2") << "right of the selected tab, not of the one that asked";
     desk.views.refuses = true;
-    EXPECT_EQ(desk.views.At(2).events.NewWindow2(2), nullptr);
+    EXPECT_EQ(desk.views.At(2).events.NewWindow2(2, NewWindowPlace::AsSet), nullptr);
 }
 
 TEST(BrowserEvents, OnlyTheSelectedViewsStatusTextIsShown) {

@@ -125,4 +125,23 @@ TEST_F(PageOptionsTest, WithoutADocumentNoSizeIsStepped) {
     EXPECT_EQ(Marked(), "");
 }
 
+TEST(PageOptions, SayInTheStatusBarHowLargeTheTextIs) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    const auto zoom = [&] { return ToUtf8(desk.main.sbStatus.Zoom()); };
+    EXPECT_EQ(zoom(), "") << "the usual size says nothing";
+    desk.Click(u"xtrTextLarger");
+    EXPECT_EQ(zoom(), "125 %");
+    desk.ClickTab(2);
+    EXPECT_EQ(zoom(), "") << "each page has its own";
+    desk.views.At(2).zoom = 0;
+    desk.PageLoads(2, u"https://a.example/", u"A");
+    EXPECT_EQ(zoom(), "60 %");
+    desk.ClickTab(1);
+    EXPECT_EQ(zoom(), "125 %");
+    desk.views.At(1).hasDocument = false;
+    desk.PageLoads(1, u"about:blank", u"");
+    EXPECT_EQ(zoom(), "");
+}
+
 } // namespace

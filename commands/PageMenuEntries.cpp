@@ -1,0 +1,122 @@
+#include "commands/PageMenuEntries.h"
+
+#include "commands/ToolNames.h"
+#include "pages/LinkRules.h"
+#include "pages/PlainText.h"
+
+#include <initializer_list>
+
+namespace {
+
+constexpr std::size_t kShownWords = 24;
+
+/// The entries as they are gathered, in groups with a line between them.
+class Entries {
+public:
+    explicit Entries(const CommandBar& bar) : m_bar(bar) {}
+
+    void Group() { m_begins = true; }
+    void Add(TextView tool, bool fits = true) {
+        if (fits) Add(m_bar.Share(tool));
+    }
+    void Add(std::shared_ptr<Tool> tool) {
+        if (!tool) return;
+        const bool begins = m_begins && !m_all.empty();
+        m_all.push_back({std::move(tool), begins ? BeginGroup::Yes : BeginGroup::No});
+        m_begins = false;
+    }
+    [[nodiscard]] std::vector<BandEntry> Take() { return std::move(m_all); }
+
+private:
+    const CommandBar& m_bar;
+    std::vector<BandEntry> m_all;
+    bool m_begins = false;
+};
+
+void AddWords(Entries& entries, const PageContext& page) {
+    for (const Text& word : page.Suggestions)
+        entries.Add(std::make_shared<Tool>(0, u"xtrReplaceWord", EscapedCaption(PlainLine(word, kShownWords))));
+}
+
+void AddLink(Entries& entries, const CommandContext& context, const PageContext& page, TextView address) {
+    if (page.LinkURL.empty()) return;
+    const bool opens = MayOpenFromPage(address, page.LinkURL);
+    entries.Group();
+    entries.Add(u"xtrLinkOpen", opens);
+    entries.Add(u"xtrLinkOpenOther", opens);
+    entries.Add(u"xtrLinkOpenPrivate", opens);
+    entries.Group();
+    entries.Add(u"xtrLinkSave", MaySave(page.LinkURL));
+    entries.Add(u"xtrLinkCopy", bool(context.host.CopyText));
+    entries.Add(u"xtrLinkAddToTessaGroup", opens && bool(context.host.AddToTessaGroup));
+}
+
+void AddImage(Entries& entries, const CommandContext& context, const PageContext& page, TextView address) {
+    if (page.Media != PageContext::Kind::Image) return;
+    entries.Group();
+    entries.Add(u"xtrImageOpen", MayOpenFromPage(address, page.MediaURL));
+    entries.Add(u"xtrImageSave", MaySave(page.MediaURL));
+    entries.Add(u"xtrImageCopy");
+    entries.Add(u"xtrMediaCopyAddress", bool(context.host.CopyText) && !page.MediaURL.empty());
+}
+
+void AddMedia(Entries& entries, const CommandContext& context, const PageContext& page) {
+    if (page.Media != PageContext::Kind::Audio && page.Media != PageContext::Kind::Video) return;
+    entries.Group();
+    entries.Add(u"xtrMediaPlay");
+    entries.Add(u"xtrMediaMute");
+    entries.Add(u"xtrMediaLoop");
+    entries.Add(u"xtrMediaControls");
+    entries.Group();
+    entries.Add(u"xtrMediaSave", MaySave(page.MediaURL));
+    entries.Add(u"xtrMediaCopyAddress", bool(context.host.CopyText) && !page.MediaURL.empty());
+}
+
+void AddText(Entries& entries, const PageContext& page) {
+    entries.Group();
+    if (page.Editable) {
+        entries.Add(u"xtrUndo", page.CanUndo);
+        entries.Add(u"xtrRedo", page.CanRedo);
+        entries.Group();
+        entries.Add(u"mnuCut", page.CanCut);
+    }
+    const bool selected = !page.SelectedText.empty();
+    entries.Add(u"mnuCopy", page.Editable ? page.CanCopy : selected);
+    if (page.Editable) {
+        entries.Add(u"mnuPaste", page.CanPaste);
+        entries.Add(u"xtrPasteAsText", page.CanPaste);
+        entries.Add(u"mnuSelectAll");
+    }
+    entries.Add(u"xtrSearchSelection", !PlainLine(page.SelectedText, kShownWords).empty());
+    entries.Add(u"xtrOpenSelectedLinks", selected && !page.Editable);
+}
+
+void AddPage(Entries& entries) {
+    for (const TextView tool : {u"mnuGoBack", u"mnuGoForward", u"mnuRefresh", u"mnuStop"}) entries.Add(tool);
+    entries.Group();
+    for (const TextView tool : {u"mnuAddToFavorites", u"mnuAddToTessaGroup", u"mnuSaveAs", u"mnuPrint"})
+        entries.Add(tool);
+    entries.Group();
+    entries.Add(u"mnuSelectAll");
+    entries.Add(u"mnuViewSource");
+}
+
+} // namespace
+
+namespace PageMenuEntries {
+
+std::vector<BandEntry> For(const CommandContext& context, const PageContext& page, TextView address) {
+    Entries entries(context.actBar);
+    AddWords(entries, page);
+    AddLink(entries, context, page, address);
+    AddImage(entries, context, page, address);
+    AddMedia(entries, context, page);
+    const bool text = page.Editable || !page.SelectedText.empty();
+    if (text) AddText(entries, page);
+    if (!text && page.LinkURL.empty() && page.Media == PageContext::Kind::None) AddPage(entries);
+    entries.Group();
+    entries.Add(u"xtrInspect");
+    return entries.Take();
+}
+
+} // namespace PageMenuEntries

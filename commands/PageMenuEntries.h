@@ -1,0 +1,10 @@
+#pragma once
+#include "commands/CommandContext.h"
+
+/// What the menu of a page lists.
+namespace PageMenuEntries {
+
+/// The entries for the page of a view, in their order.
+[[nodiscard]] std::vector<BandEntry> For(const CommandContext& context, const PageContext& page, TextView address);
+
+} // namespace PageMenuEntries

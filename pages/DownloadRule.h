@@ -1,0 +1,23 @@
+#pragma once
+#include <cstddef>
+
+/// How many files a page may save by itself. A few are what a person expects of a click; from there on the page asks.
+/// Whoever goes to another page begins anew.
+class DownloadRule {
+public:
+    static constexpr std::size_t kFree = 3;
+
+    /// Whether the page may save one more file now; counts it if so.
+    [[nodiscard]] bool Take() {
+        if (!m_allowed && m_taken >= kFree) return false;
+        ++m_taken;
+        return true;
+    }
+    /// The user lets the page save as many as it likes.
+    void Allow() { m_allowed = true; }
+    void PersonNavigated() { *this = {}; }
+
+private:
+    std::size_t m_taken = 0;
+    bool m_allowed = false;
+};

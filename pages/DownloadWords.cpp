@@ -1,0 +1,95 @@
+#include "pages/DownloadWords.h"
+
+#include <array>
+
+namespace {
+
+constexpr std::array kUnits{TextView(u" bytes"), TextView(u" kB"), TextView(u" MB"), TextView(u" GB"),
+                            TextView(u" TB")};
+constexpr std::int64_t kMinute = 60;
+constexpr std::int64_t kHour = 3600;
+
+Text Left(std::int64_t count, TextView unit) {
+    return u"about " + Decimal(count) + u' ' + Text(unit) + (count == 1 ? u"" : u"s") + u" left";
+}
+
+Text Amount(const DownloadReport& report) {
+    const Text received = DownloadWords::Size(report.Received);
+    return report.Total < 0 ? received : received + u" of " + DownloadWords::Size(report.Total);
+}
+
+Text Running(const Download& download) {
+    Text text = Amount(download.Report);
+    if (const auto rate = download.Rate.PerSecond()) text += u", " + DownloadWords::Size(*rate) + u" a second";
+    if (const auto left = download.SecondsLeft()) text += u", " + DownloadWords::TimeLeft(*left);
+    return text;
+}
+
+} // namespace
+
+namespace DownloadWords {
+
+Text Size(std::int64_t bytes) {
+    std::size_t unit = 0;
+    std::int64_t tenths = bytes;
+    // Above bytes, counted in tenths of the unit.
+    for (std::int64_t rest = bytes; rest >= 1000 && unit + 1 < kUnits.size(); rest /= 1000) {
+        tenths = rest / 100;
+        ++unit;
+    }
+    if (unit == 0) return Decimal(bytes) + (bytes == 1 ? Text(u" byte") : Text(kUnits[0]));
+    const bool whole = tenths >= 1000 || tenths % 10 == 0;
+    return Decimal(tenths / 10) + (whole ? Text() : u"." + Decimal(tenths % 10)) + Text(kUnits[unit]);
+}
+
+Text TimeLeft(std::int64_t seconds) {
+    if (seconds < 2) return u"almost done";
+    if (seconds < kMinute) return Left(seconds, u"second");
+    if (seconds < kHour) return Left((seconds + kMinute / 2) / kMinute, u"minute");
+    return Left((seconds + kHour / 2) / kHour, u"hour");
+}
+
+Text Why(DownloadProblem problem) {
+    switch (problem) {
+    case DownloadProblem::None:
+        return {};
+    case DownloadProblem::Connection:
+        return u"The connection broke off.";
+    case DownloadProblem::DiskFull:
+        return u"The disk is full.";
+    case DownloadProblem::NoAccess:
+        return u"The file may not be written there.";
+    case DownloadProblem::Server:
+        return u"The server refused to send the file.";
+    case DownloadProblem::Gone:
+        return u"It was not finished.";
+    case DownloadProblem::Other:
+        return u"Something went wrong.";
+    }
+    return {};
+}
+
+Text Standing(const Download& download) {
+    const DownloadReport& report = download.Report;
+    switch (report.State) {
+    case DownloadState::Running:
+        return Running(download);
+    case DownloadState::Paused:
+        return u"Paused, " + Amount(report);
+    case DownloadState::Broken:
+        return Why(report.Problem) + u' ' + Amount(report);
+    case DownloadState::Done:
+        return Size(report.Received);
+    case DownloadState::Cancelled:
+        return u"Cancelled";
+    }
+    return {};
+}
+
+Text ExitQuestion(std::size_t running) {
+    return running == 1 ? Text(u"A download is still running. Do you want to stop it and exit?")
+                        : Decimal(static_cast<std::int64_t>(running)) +
+                              u" downloads are still running. Do you want to stop them and exit?";
+}
+
+} // namespace DownloadWords

@@ -1,0 +1,52 @@
+#pragma once
+#include "common/Text.h"
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <vector>
+
+/// Something that a page wants, to be decided by its user in a bar above it.
+struct PageQuestion {
+    static constexpr std::size_t kDismissed = static_cast<std::size_t>(-1);
+
+    Text Key; ///< a question with the key of one that waits is the same question
+    Text Words;
+    std::vector<Text> Answers; ///< the captions of its buttons
+    Text Remember;             ///< the caption of the box that makes the answer last; empty for none
+    /// Runs once: the number of the answer, from 0, or that there is none.
+    std::function<void(std::size_t answer, bool remembers)> Answered;
+};
+
+/// The questions of one page, one at a time. A page can have but a few wait; further ones are dismissed at once.
+class PageQuestions {
+public:
+    static constexpr std::size_t kMostWaiting = 6;
+    /// So many may wait for the answer to one question.
+    static constexpr std::size_t kMostWaiters = 50;
+
+    ~PageQuestions();
+    PageQuestions() = default;
+    PageQuestions(const PageQuestions&) = delete;
+    PageQuestions& operator=(const PageQuestions&) = delete;
+
+    void Ask(PageQuestion question);
+    /// The question that is to be shown; nothing when there is none.
+    [[nodiscard]] const PageQuestion* Current() const { return m_waiting.empty() ? nullptr : &m_waiting.front().first; }
+    /// The user answers the question that is shown, or dismisses it.
+    void Answer(std::size_t answer, bool remembers);
+    /// The page no longer asks for that.
+    void Withdraw(TextView key);
+    /// The page has gone, and all questions with it.
+    void DismissAll();
+
+    /// Another question is to be shown, or none.
+    std::function<void()> Changed;
+
+private:
+    using Waiters = std::vector<std::function<void(std::size_t, bool)>>;
+    using Waiting = std::pair<PageQuestion, Waiters>;
+    static void Tell(const Waiters& waiters, std::size_t answer, bool remembers);
+
+    std::deque<Waiting> m_waiting;
+};

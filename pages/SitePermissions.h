@@ -1,0 +1,50 @@
+#pragma once
+#include "common/platform/SettingsStorage.h"
+
+#include <optional>
+#include <vector>
+
+/// What a site asks for.
+enum class SitePermission {
+    Location,
+    Camera,
+    Microphone,
+    CameraAndMicrophone,
+    Notifications,
+    Screen,
+    ScreenAndSound,
+    Pointer,
+    Popups,
+    Downloads,
+};
+
+/// What the user has decided about one site for good.
+struct SiteDecision {
+    Text Site; ///< an origin, as in "https://a.example"
+    SitePermission Permission{};
+    bool Allowed = false;
+    bool operator==(const SiteDecision&) const = default;
+};
+
+/// The decisions that outlive a run, kept among the settings. Each call reads or writes them anew, so that all
+/// instances know the same.
+class SitePermissions {
+public:
+    /// The storage outlives this object.
+    explicit SitePermissions(SettingsStorageFactory& settings) : m_settings(settings) {}
+
+    [[nodiscard]] std::vector<SiteDecision> All() const;
+    /// Nothing when the user is to be asked.
+    [[nodiscard]] std::optional<bool> Find(TextView site, SitePermission permission) const;
+    /// A private page's decisions are not to come here.
+    void Remember(const SiteDecision& decision);
+    void Forget(TextView site, SitePermission permission);
+
+    /// What is asked for, after "wants to".
+    [[nodiscard]] static Text Wish(SitePermission permission);
+
+private:
+    void Write(const std::vector<SiteDecision>& all);
+
+    SettingsStorageFactory& m_settings;
+};

@@ -1,0 +1,20 @@
+#pragma once
+#include <cstdint>
+#include <deque>
+#include <optional>
+
+/// How fast bytes arrive: the average of the last few seconds, so that it neither jumps nor lags.
+class TransferRate {
+public:
+    /// So many bytes in all had arrived at that time, in milliseconds.
+    void Add(std::int64_t now, std::int64_t received);
+    /// Bytes a second; nothing until that can be told.
+    [[nodiscard]] std::optional<std::int64_t> PerSecond() const;
+    void Reset() { m_samples.clear(); }
+
+private:
+    struct Sample {
+        std::int64_t time, received;
+    };
+    std::deque<Sample> m_samples;
+};

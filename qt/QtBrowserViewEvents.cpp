@@ -1,0 +1,127 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtEngine.h"
+#include "qt/QtText.h"
+
+#include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
+#include <QWebEngineNewWindowRequest>
+
+// Which signal of the engine becomes which event of the view.
+
+void QtBrowserView::ConnectLoading() {
+    QtPage* page = m_page;
+    connect(page, &QtPage::NavigationRequested, this, [this](const QUrl& url, bool top) {
+        m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame,
+                                 FromQt(url.toString(QUrl::FullyEncoded)));
+    });
+    connect(page, &QWebEnginePage::loadStarted, this, &QtBrowserView::OnLoadStarted);
+    connect(page, &QWebEnginePage::loadFinished, this, &QtBrowserView::OnLoadFinished);
+    connect(page, &QWebEnginePage::loadingChanged, this, &QtBrowserView::OnLoadingChanged);
+    connect(page, &QWebEnginePage::urlChanged, this, &QtBrowserView::OnAddressChanged);
+    connect(page, &QtPage::FrameReady, this, [this](const QUrl& url) {
+        m_events.NavigateComplete2(m_index, PageLevel::Frame, FromQt(url.toString(QUrl::FullyEncoded)));
+    });
+    connect(page, &QtPage::FrameLoaded, this, [this](const QUrl& url) {
+        m_events.DocumentComplete(m_index, PageLevel::Frame, FromQt(url.toString(QUrl::FullyEncoded)));
+    });
+}
+
+void QtBrowserView::ConnectPage() {
+    QtPage* page = m_page;
+    connect(page, &QWebEnginePage::titleChanged, this,
+            [this](const QString& title) { m_events.TitleChange(m_index, FromQt(title)); });
+    connect(page, &QWebEnginePage::linkHovered, this,
+            [this](const QString& url) { m_events.StatusTextChange(m_index, FromQt(url)); });
+    connect(page, &QWebEnginePage::iconChanged, this, [this] {
+        if (m_engine.IconChanged) m_engine.IconChanged(m_index);
+    });
+    connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_events.SoundChange(m_index); });
+    // Queued: opening a TessaGroup may close this very page.
+    connect(
+        page, &QtPage::StartLinkFollowed, this,
+        [this](const QUrl& url) {
+            if (m_engine.StartLink) m_engine.StartLink(url);
+        },
+        Qt::QueuedConnection);
+    connect(page, &QWebEnginePage::newWindowRequested, this, &QtBrowserView::OnNewWindow);
+    connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtBrowserView::OnRendererGone);
+    // Queued: closing may ask the user, and the page waits for its own answer meanwhile.
+    connect(
+        page, &QWebEnginePage::windowCloseRequested, this, [this] { m_events.WindowClosing(m_index); },
+        Qt::QueuedConnection);
+}
+
+void QtBrowserView::OnLoadStarted() {
+    m_loading = true;
+    m_events.StatusTextChange(m_index, u"Connecting...");
+    m_events.DownloadBegin(m_index);
+}
+
+void QtBrowserView::OnLoadFinished(bool) {
+    m_loading = false;
+    if (!m_pending) m_engine.EndNavigation(m_index);
+    ReportHistory();
+    m_events.StatusTextChange(m_index, u"Done");
+    m_events.DownloadComplete(m_index);
+    m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
+}
+
+void QtBrowserView::OnAddressChanged(const QUrl& url) {
+    if (url.isEmpty()) return;
+    m_committed = true;
+    ApplyZoom();
+    ReportHistory();
+    m_events.NavigateComplete2(m_index, PageLevel::Top, FromQt(url.toString(QUrl::FullyEncoded)));
+}
+
+void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
+    // What ends without a page, as a download does, leaves the page shown as it is.
+    const bool ofPage = info.url() == m_page->url();
+    const bool failed = info.status() == QWebEngineLoadingInfo::LoadFailedStatus;
+    if (ofPage && info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_failed = false;
+    if (ofPage && failed) m_failed = info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain;
+    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_fallback.clear();
+    if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;
+    if (info.errorDomain() != QWebEngineLoadingInfo::ConnectionErrorDomain) return;
+    ResumeNext(Navigate(FromQt(std::exchange(m_fallback, QUrl()).toString(QUrl::FullyEncoded))));
+}
+
+void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
+    if (!request.isUserInitiated() && !m_questions->permissions.MayOpenPopup(request.requestedUrl())) return;
+    // What the engine calls a background tab was clicked with the key for the other way, or the middle button.
+    const bool other = request.destination() == QWebEngineNewWindowRequest::InNewBackgroundTab;
+    const auto place = other ? NewWindowPlace::OtherWay : NewWindowPlace::AsSet;
+    auto* supplied = static_cast<QtBrowserView*>(m_events.NewWindow2(m_index, place));
+    if (!supplied) return;
+    // The page that asked fills the view; the blank page that it was to load first would only be in the way.
+    supplied->m_pending.reset();
+    m_engine.EndNavigation(supplied->m_index);
+    supplied->m_requested = request.requestedUrl();
+    supplied->MakePage();
+    request.openIn(supplied->m_page);
+}
+
+void QtBrowserView::OpenPopup(const QUrl& address) {
+    if (address.scheme() != u"http" && address.scheme() != u"https") return;
+    auto* opened = m_events.NewWindow2(m_index, NewWindowPlace::AsSet);
+    if (opened) ResumeNext(opened->Navigate(FromQt(address.toString(QUrl::FullyEncoded))));
+}
+
+void QtBrowserView::OnRendererGone() {
+    m_loading = false;
+    m_engine.EndNavigation(m_index);
+    m_events.StatusTextChange(m_index, u"The page has stopped working.");
+    m_events.DownloadComplete(m_index);
+    m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
+}
+
+void QtBrowserView::ReportHistory() {
+    const bool back = m_page->history()->canGoBack();
+    const bool forward = m_page->history()->canGoForward();
+    if (std::exchange(m_canGoBack, back) != back) {
+        m_events.CommandStateChange(m_index, HistoryCommand::NavigateBack, back);
+    }
+    if (std::exchange(m_canGoForward, forward) != forward) {
+        m_events.CommandStateChange(m_index, HistoryCommand::NavigateForward, forward);
+    }
+}

@@ -1,0 +1,126 @@
+#include "qt/QtDownloadLines.h"
+
+#include "qt/QtText.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QSignalBlocker>
+#include <QStyleOptionProgressBar>
+
+namespace {
+
+constexpr int kMargin = 6;
+constexpr int kGap = 3;
+constexpr int kBarHeight = 12;
+
+void DrawBar(QPainter& painter, const QStyleOptionViewItem& option, const QRect& place, int percent) {
+    QStyleOptionProgressBar bar;
+    bar.rect = place;
+    bar.state = QStyle::State_Enabled | QStyle::State_Horizontal;
+    bar.palette = option.palette;
+    bar.minimum = 0;
+    bar.maximum = 100;
+    // Of a size that nobody knows the bar is empty: a moving one would paint the window all the time.
+    bar.progress = percent > 100 ? 0 : percent;
+    bar.textVisible = false;
+    option.widget->style()->drawControl(QStyle::CE_ProgressBar, &bar, &painter, option.widget);
+}
+
+void FillItem(QListWidgetItem& item, const DownloadLine& line) {
+    item.setData(QtDownloadDelegate::kIdRole, line.Id);
+    item.setData(QtDownloadDelegate::kPercentRole, line.Percent);
+    item.setData(QtDownloadDelegate::kNameRole, ToQt(line.Name));
+    item.setData(QtDownloadDelegate::kStandingRole, ToQt(line.Standing));
+    item.setData(Qt::AccessibleTextRole, ToQt(line.Name + u", " + line.Standing));
+}
+
+} // namespace
+
+void QtDownloadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QStyleOptionViewItem item(option);
+    initStyleOption(&item, index);
+    const QStyle* style = item.widget->style();
+    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &item, painter, item.widget);
+    const bool selected = item.state.testFlag(QStyle::State_Selected);
+    const auto role = selected ? QPalette::HighlightedText : QPalette::Text;
+    QRect rest = item.rect.adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    const auto write = [&](const QString& text, const QFont& font, Qt::TextElideMode elide) {
+        const QFontMetrics metrics(font);
+        const QRect line(rest.left(), rest.top(), rest.width(), metrics.height());
+        painter->setFont(font);
+        style->drawItemText(painter, line, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), item.palette, true,
+                            metrics.elidedText(text, elide, line.width()), role);
+        rest.setTop(line.bottom() + 1 + kGap);
+    };
+    painter->save();
+    QFont bold = item.font;
+    bold.setBold(true);
+    write(index.data(kNameRole).toString(), bold, Qt::ElideMiddle);
+    const int percent = index.data(kPercentRole).toInt();
+    if (percent >= 0) {
+        DrawBar(*painter, item, {rest.left(), rest.top(), rest.width(), kBarHeight}, percent);
+        rest.setTop(rest.top() + kBarHeight + kGap);
+    }
+    write(index.data(kStandingRole).toString(), item.font, Qt::ElideRight);
+    painter->restore();
+}
+
+QSize QtDownloadDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QFont bold = option.font;
+    bold.setBold(true);
+    const int bar = index.data(kPercentRole).toInt() >= 0 ? kBarHeight + kGap : 0;
+    const int text = QFontMetrics(bold).height() + kGap + QFontMetrics(option.font).height();
+    return {200, 2 * kMargin + text + bar};
+}
+
+QtDownloadLines::QtDownloadLines(frmDownloads& form, QWidget* parent) : QListWidget(parent), m_form(form) {
+    setObjectName(QStringLiteral("lstDownloads"));
+    setAccessibleName(QStringLiteral("Downloads"));
+    setItemDelegate(new QtDownloadDelegate(this));
+    setVerticalScrollMode(ScrollPerPixel);
+    setResizeMode(Adjust);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_form.lstDownloads.Attach([this](const auto& lines) { ShowLines(lines); });
+    m_form.Selected.Attach([this](std::int32_t) { ShowSelected(); });
+    connect(this, &QListWidget::currentItemChanged, this, [this](const QListWidgetItem* item) {
+        m_form.Selected = item ? item->data(QtDownloadDelegate::kIdRole).toInt() : 0;
+    });
+    connect(this, &QListWidget::itemDoubleClicked, this, [this] { m_form.lstDownloads_DblClick(); });
+}
+
+QtDownloadLines::~QtDownloadLines() {
+    m_form.lstDownloads.Attach({});
+    m_form.Selected.Attach({});
+}
+
+// Items stay where they are while downloads go on, and with them the keyboard's place.
+void QtDownloadLines::ShowLines(const std::vector<DownloadLine>& lines) {
+    const QSignalBlocker quiet(this);
+    while (count() > static_cast<int>(lines.size())) delete takeItem(count() - 1);
+    while (count() < static_cast<int>(lines.size())) addItem(new QListWidgetItem);
+    for (std::size_t i = 0; i < lines.size(); ++i) FillItem(*item(static_cast<int>(i)), lines[i]);
+    ShowSelected();
+    scheduleDelayedItemsLayout();
+}
+
+void QtDownloadLines::ShowSelected() {
+    const QSignalBlocker quiet(this);
+    for (int i = 0; i < count(); ++i) {
+        if (item(i)->data(QtDownloadDelegate::kIdRole).toInt() == m_form.Selected()) return setCurrentRow(i);
+    }
+    setCurrentRow(-1);
+}
+
+void QtDownloadLines::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return m_form.lstDownloads_DblClick();
+    case Qt::Key_Space:
+        return m_form.cmdPause.Enabled() ? m_form.cmdPause.Click() : QListWidget::keyPressEvent(event);
+    case Qt::Key_Delete:
+        return m_form.lstDownloads_Delete();
+    default:
+        return QListWidget::keyPressEvent(event);
+    }
+}

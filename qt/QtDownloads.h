@@ -1,0 +1,56 @@
+#pragma once
+#include "pages/Downloads.h"
+
+#include <QElapsedTimer>
+#include <QMultiHash>
+#include <QObject>
+#include <QPointer>
+#include <QUrl>
+#include <functional>
+#include <memory>
+
+class QWebEngineDownloadRequest;
+class QWebEnginePage;
+class QWebEngineProfile;
+
+/// What the list of downloads needs of engine and desktop: brings the engine's downloads to it, fetches addresses
+/// again, opens files.
+class QtDownloads final : public QObject, public DownloadDesktop {
+    Q_OBJECT
+
+public:
+    QtDownloads();
+    ~QtDownloads() override;
+
+    /// The list, which outlives the pages. Without one the engine saves nothing.
+    Downloads* List = nullptr;
+    /// The profile with which an address is fetched again; nothing while there is none.
+    std::function<QWebEngineProfile*()> Profile;
+    /// Whether a page may save a file now; it may be a page of which nobody knows. Without it, each may.
+    std::function<bool(QWebEnginePage*, const QUrl&)> MaySave;
+    /// Takes the profile's downloads from now on.
+    void Follow(QWebEngineProfile& profile);
+    /// Saves what `page` can fetch from there at the path that the user wants; replaces what is there.
+    void Save(QWebEnginePage& page, const QUrl& address, const Text& path);
+    /// Ends the page with which addresses are fetched again; before its profile ends.
+    void Shutdown();
+
+    [[nodiscard]] Text Folder() override;
+    Outcome Open(TextView path) override;
+    Outcome ShowInFolder(TextView path) override;
+    Outcome Fetch(std::int32_t id, TextView address) override;
+    [[nodiscard]] std::int64_t Now() override { return m_clock.elapsed(); }
+
+private:
+    struct Expected {
+        Text path;
+        std::int32_t again = 0;
+    };
+    void OnRequest(QWebEngineDownloadRequest& request);
+    void Begin(QWebEngineDownloadRequest& request);
+    void Accept(QWebEngineDownloadRequest& request, const Download& download);
+
+    QMultiHash<QUrl, Expected> m_expected;
+    std::unique_ptr<QWebEnginePage> m_page; ///< shows nothing; fetches
+    QElapsedTimer m_clock;
+};

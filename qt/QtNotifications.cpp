@@ -1,0 +1,85 @@
+#include "qt/QtNotifications.h"
+
+#include "pages/PlainText.h"
+#include "qt/QtPage.h"
+#include "qt/QtText.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QVariantMap>
+#include <QWebEngineNotification>
+#include <QWebEngineProfile>
+
+namespace {
+
+constexpr auto kService = "org.freedesktop.Notifications";
+constexpr auto kPath = "/org/freedesktop/Notifications";
+constexpr std::size_t kLongestTitle = 100;
+constexpr std::size_t kMostLines = 4;
+constexpr std::size_t kLongestLine = 200;
+constexpr qsizetype kMostShown = 50;
+
+QDBusMessage Call(const char* method) {
+    return QDBusMessage::createMethodCall(QLatin1String(kService), QLatin1String(kPath), QLatin1String(kService),
+                                          QLatin1String(method));
+}
+
+} // namespace
+
+QtNotifications::QtNotifications() {
+    auto bus = QDBusConnection::sessionBus();
+    const auto listen = [&](const char* signal, const char* slot) {
+        bus.connect(QLatin1String(kService), QLatin1String(kPath), QLatin1String(kService), QLatin1String(signal), this,
+                    slot);
+    };
+    listen("ActionInvoked", SLOT(OnAction(uint, QString)));
+    listen("NotificationClosed", SLOT(OnClosed(uint, uint)));
+}
+
+void QtNotifications::Follow(QWebEngineProfile& profile) {
+    profile.setNotificationPresenter(
+        [this](std::unique_ptr<QWebEngineNotification> notification) { Show(std::move(notification)); });
+}
+
+void QtNotifications::Show(std::shared_ptr<QWebEngineNotification> notification) {
+    if (m_shown.size() >= kMostShown) return;
+    // Whoever reads it is to know who speaks; what a page says is text, not markup.
+    const QString title = ToQt(PlainLine(FromQt(notification->title()), kLongestTitle));
+    const QString words = ToQt(PlainLines(FromQt(notification->message()), kMostLines, kLongestLine));
+    const QString body = QtPage::HostAndPort(notification->origin()) + u'\n' + words;
+    QDBusMessage call = Call("Notify");
+    call.setArguments({QStringLiteral("TessaView"), 0U, QStringLiteral("tessaview"), title, body.toHtmlEscaped(),
+                       QStringList{QStringLiteral("default"), QStringLiteral("Show")},
+                       QVariantMap{{QStringLiteral("desktop-entry"), QStringLiteral("tessaview")}}, -1});
+    auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, notification](QDBusPendingCallWatcher* done) {
+        const QDBusPendingReply<uint> reply = *done;
+        done->deleteLater();
+        if (reply.isError()) return notification->close();
+        m_shown.insert(reply.value(), notification);
+        notification->show();
+    });
+    connect(notification.get(), &QWebEngineNotification::closed, this, [this, gone = notification.get()] {
+        for (auto each = m_shown.begin(); each != m_shown.end(); ++each) {
+            if (each.value().get() != gone) continue;
+            QDBusMessage close = Call("CloseNotification");
+            close.setArguments({each.key()});
+            QDBusConnection::sessionBus().send(close);
+            return;
+        }
+    });
+}
+
+void QtNotifications::OnAction(uint id, const QString&) {
+    if (const auto notification = m_shown.value(id)) {
+        notification->click();
+        if (Clicked) Clicked();
+    }
+}
+
+void QtNotifications::OnClosed(uint id, uint) {
+    // Held until the page has been told.
+    if (const auto notification = m_shown.take(id)) notification->close();
+}

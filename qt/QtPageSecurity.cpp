@@ -1,0 +1,28 @@
+#include "qt/QtPageSecurity.h"
+
+#include "qt/QtStartPage.h"
+#include "qt/QtText.h"
+
+#include <QHostAddress>
+
+namespace {
+
+// What this computer says to itself passes nobody on the way.
+bool IsThisComputer(const QString& host) {
+    return host == u"localhost" || host.endsWith(u".localhost") || QHostAddress(host).isLoopback();
+}
+
+} // namespace
+
+PageSecurity SecurityOf(const QUrl& address, const AcceptedCertificates& accepted) {
+    const QString scheme = address.scheme();
+    if (scheme == u"view-source" || scheme == u"blob") return SecurityOf(QUrl(address.path()), accepted);
+    if (scheme == QLatin1String(QtStartPage::Scheme())) return PageSecurity::Own;
+    if (scheme == u"file") return PageSecurity::Local;
+    if (scheme == u"https") {
+        const bool exception = accepted.HasHost(FromQt(address.host(QUrl::FullyEncoded)));
+        return exception ? PageSecurity::Exception : PageSecurity::Secure;
+    }
+    if (scheme == u"http") return IsThisComputer(address.host()) ? PageSecurity::Local : PageSecurity::NotSecure;
+    return PageSecurity::None;
+}

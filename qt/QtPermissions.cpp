@@ -1,0 +1,158 @@
+#include "qt/QtPermissions.h"
+
+#include "qt/QtPage.h"
+#include "qt/QtText.h"
+
+#include <optional>
+#include <utility>
+
+namespace {
+
+constexpr qsizetype kMostHeld = 20;
+constexpr TextView kRemember = u"&Remember for this site";
+
+std::optional<SitePermission> PermissionOf(QWebEnginePage::Feature feature) {
+    switch (feature) {
+    case QWebEnginePage::Geolocation:
+        return SitePermission::Location;
+    case QWebEnginePage::MediaVideoCapture:
+        return SitePermission::Camera;
+    case QWebEnginePage::MediaAudioCapture:
+        return SitePermission::Microphone;
+    case QWebEnginePage::MediaAudioVideoCapture:
+        return SitePermission::CameraAndMicrophone;
+    case QWebEnginePage::Notifications:
+        return SitePermission::Notifications;
+    case QWebEnginePage::DesktopVideoCapture:
+        return SitePermission::Screen;
+    case QWebEnginePage::DesktopAudioVideoCapture:
+        return SitePermission::ScreenAndSound;
+    case QWebEnginePage::MouseLock:
+        return SitePermission::Pointer;
+    default:
+        return std::nullopt;
+    }
+}
+
+Text SiteOf(const QUrl& url) {
+    if (url.host().isEmpty()) return {};
+    return FromQt(url.scheme() + QStringLiteral("://") + QtPage::HostAndPort(url));
+}
+
+Text Words(const QUrl& origin, SitePermission permission) {
+    const QString host = QtPage::HostAndPort(origin);
+    return (host.isEmpty() ? Text(u"This page") : FromQt(host)) + u" wants to " + SitePermissions::Wish(permission) +
+           u".";
+}
+
+Text KeyOf(const QUrl& origin, SitePermission permission) {
+    return Decimal(static_cast<std::int64_t>(permission)) + u" " + SiteOf(origin);
+}
+
+} // namespace
+
+QtPermissions::QtPermissions(QtPage& page, PageQuestions& questions, SitePermissions* kept)
+    : m_page(page), m_questions(questions), m_kept(kept) {
+    connect(&page, &QWebEnginePage::featurePermissionRequested, this, &QtPermissions::OnFeature);
+    connect(&page, &QWebEnginePage::featurePermissionRequestCanceled, this,
+            [this](const QUrl& origin, QWebEnginePage::Feature feature) {
+                if (const auto permission = PermissionOf(feature)) m_questions.Withdraw(KeyOf(origin, *permission));
+            });
+    connect(&page, &QtPage::PersonNavigated, this, &QtPermissions::OnPersonNavigated);
+    connect(&page, &QWebEnginePage::urlChanged, this, &QtPermissions::OnAddress);
+}
+
+std::optional<bool> QtPermissions::Decided(const QUrl& origin, SitePermission permission) const {
+    const Text site = SiteOf(origin);
+    return m_kept && !site.empty() ? m_kept->Find(site, permission) : std::nullopt;
+}
+
+void QtPermissions::Remember(const QUrl& origin, SitePermission permission, bool allowed) {
+    if (m_kept) m_kept->Remember({SiteOf(origin), permission, allowed});
+}
+
+void QtPermissions::OnFeature(const QUrl& origin, QWebEnginePage::Feature feature) {
+    const auto grant = [page = QPointer<QtPage>(&m_page), origin, feature](bool allowed) {
+        if (page)
+            page->setFeaturePermission(origin, feature,
+                                       allowed ? QWebEnginePage::PermissionGrantedByUser
+                                               : QWebEnginePage::PermissionDeniedByUser);
+    };
+    const auto permission = PermissionOf(feature);
+    permission ? Decide(origin, *permission, grant) : grant(false);
+}
+
+void QtPermissions::Decide(const QUrl& origin, SitePermission permission, const std::function<void(bool)>& decided) {
+    if (const auto known = Decided(origin, permission)) return decided(*known);
+    const bool mayRemember = m_kept && !SiteOf(origin).empty();
+    m_questions.Ask({.Key = KeyOf(origin, permission),
+                     .Words = Words(origin, permission),
+                     .Answers = {u"A&llow", u"&Block"},
+                     .Remember = mayRemember ? Text(kRemember) : Text(),
+                     .Answered = [this, origin, permission, decided](std::size_t answer, bool remembers) {
+                         const bool allowed = answer == 0;
+                         if (remembers && answer != PageQuestion::kDismissed) Remember(origin, permission, allowed);
+                         decided(allowed);
+                     }});
+}
+
+bool QtPermissions::MayOpenPopup(const QUrl& address) {
+    const auto known = Decided(m_page.url(), SitePermission::Popups);
+    if (known) return *known;
+    // However many there are, they are one question.
+    if (m_heldWindows.size() < kMostHeld) m_heldWindows << address;
+    if (m_heldWindows.size() == 1) AskPopup(address);
+    return false;
+}
+
+void QtPermissions::AskPopup(const QUrl& address) {
+    const QUrl origin = m_page.url();
+    const Text place = FromQt(QtPage::HostAndPort(address));
+    const Text words =
+        Words(origin, SitePermission::Popups) + (place.empty() ? Text() : u" The first is of " + place + u".");
+    const bool mayRemember = m_kept && !SiteOf(origin).empty();
+    std::vector<Text> answers{u"A&llow Once", u"&Block"};
+    if (mayRemember) answers.emplace_back(u"Al&ways Allow");
+    m_questions.Ask({.Key = KeyOf(origin, SitePermission::Popups),
+                     .Words = words,
+                     .Answers = answers,
+                     .Remember = {},
+                     .Answered = [this, origin](std::size_t answer, bool) {
+                         const QList<QUrl> held = std::exchange(m_heldWindows, {});
+                         if (answer == 2) Remember(origin, SitePermission::Popups, true);
+                         if (answer != 0 && answer != 2) return;
+                         for (const QUrl& each : held) {
+                             if (OpenPopup) OpenPopup(each);
+                         }
+                     }});
+}
+
+bool QtPermissions::MaySave(const QUrl& address) {
+    const QUrl origin = m_page.url();
+    const auto known = Decided(origin, SitePermission::Downloads);
+    if (known == true || m_downloads.Take()) return true;
+    if (known == false) return false;
+    // What lies in the page itself cannot be fetched again later.
+    const bool fetchable = address.scheme() == u"http" || address.scheme() == u"https";
+    if (fetchable && m_heldFiles.size() < kMostHeld) m_heldFiles << address;
+    if (std::exchange(m_asksToSave, true)) return false;
+    Decide(origin, SitePermission::Downloads, [this, page = QPointer<QtPage>(&m_page)](bool allowed) {
+        const QList<QUrl> held = std::exchange(m_heldFiles, {});
+        m_asksToSave = false;
+        if (!allowed || !page) return;
+        m_downloads.Allow();
+        for (const QUrl& each : held) page->download(each);
+    });
+    return false;
+}
+
+// The answer would be another site's.
+void QtPermissions::OnAddress(const QUrl& url) {
+    const Text site = SiteOf(url);
+    if (std::exchange(m_site, site) != site) m_questions.DismissAll();
+}
+
+void QtPermissions::OnPersonNavigated() {
+    m_downloads.PersonNavigated();
+    m_questions.DismissAll();
+}

@@ -1,0 +1,49 @@
+#pragma once
+#include "pages/DownloadRule.h"
+#include "pages/PageQuestions.h"
+#include "pages/SitePermissions.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QUrl>
+#include <QWebEnginePage>
+#include <functional>
+
+class QtPage;
+
+/// Has the user decide what one page may do: what the engine asks for, windows that it opens by itself, files that it
+/// saves one after another.
+class QtPermissions final : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive this object. `kept` says what was decided for good; nothing for a page of which nothing is kept.
+    QtPermissions(QtPage& page, PageQuestions& questions, SitePermissions* kept);
+
+    /// The page wants to open a window without a click of its user: answers whether it may at once, else asks, and
+    /// calls `OpenPopup` when the user allows it later.
+    [[nodiscard]] bool MayOpenPopup(const QUrl& address);
+    /// The page saves a file: answers whether it may at once, else asks, and fetches the file when the user allows it
+    /// later.
+    [[nodiscard]] bool MaySave(const QUrl& address);
+
+    /// Opens a window that was held back.
+    std::function<void(const QUrl&)> OpenPopup;
+
+private:
+    void OnFeature(const QUrl& origin, QWebEnginePage::Feature feature);
+    void Decide(const QUrl& origin, SitePermission permission, const std::function<void(bool)>& decided);
+    [[nodiscard]] std::optional<bool> Decided(const QUrl& origin, SitePermission permission) const;
+    void Remember(const QUrl& origin, SitePermission permission, bool allowed);
+    void AskPopup(const QUrl& address);
+    void OnPersonNavigated();
+    void OnAddress(const QUrl& url);
+
+    QtPage& m_page;
+    PageQuestions& m_questions;
+    SitePermissions* m_kept;
+    DownloadRule m_downloads;
+    QList<QUrl> m_heldWindows, m_heldFiles;
+    bool m_asksToSave = false;
+    Text m_site; ///< of the page shown
+};

@@ -1,0 +1,85 @@
+#include "qt/QtQuestionBar.h"
+
+#include "qt/QtText.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <algorithm>
+#include <utility>
+
+QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent)
+    : QWidget(parent), m_questions(questions), m_words(new QLabel(this)), m_remember(new QCheckBox(this)) {
+    setObjectName(QStringLiteral("questionBar"));
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::AlternateBase);
+    m_words->setObjectName(QStringLiteral("lblQuestion"));
+    m_words->setTextFormat(Qt::PlainText);
+    m_words->setWordWrap(true);
+    m_words->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_remember->setObjectName(QStringLiteral("chkRemember"));
+    m_row = new QHBoxLayout(this);
+    m_row->setContentsMargins(8, 4, 8, 4);
+    m_row->addWidget(m_words, 1);
+    m_row->addWidget(m_remember);
+    auto* reach = new QShortcut(QKeySequence(Qt::Key_F6), this);
+    connect(reach, &QShortcut::activated, this, [this] {
+        if (!m_buttons.empty()) m_buttons.front()->setFocus(Qt::ShortcutFocusReason);
+    });
+    hide();
+}
+
+void QtQuestionBar::ShowCurrent() {
+    const auto* question = m_questions.Current();
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
+    for (QPushButton* each : std::exchange(m_buttons, {})) each->deleteLater();
+    if (!question) {
+        hide();
+        if (hadFocus && FocusPage) FocusPage();
+        return;
+    }
+    m_words->setText(ToQt(question->Words));
+    setAccessibleName(m_words->text());
+    m_remember->setText(ToQt(question->Remember));
+    m_remember->setChecked(false);
+    m_remember->setVisible(!question->Remember.empty());
+    ShowAnswers(*question);
+    // Whoever is answering goes on to the next question.
+    if (hadFocus) m_buttons.front()->setFocus(Qt::OtherFocusReason);
+}
+
+void QtQuestionBar::ShowAnswers(const PageQuestion& question) {
+    for (std::size_t i = 0; i < question.Answers.size(); ++i) {
+        auto* button = new QPushButton(ToQt(question.Answers[i]), this);
+        button->setObjectName(QStringLiteral("cmdAnswer%1").arg(i + 1));
+        button->setAutoDefault(true);
+        m_row->addWidget(button);
+        connect(button, &QPushButton::clicked, this, [this, i] { Answer(i); });
+        button->show();
+        m_buttons.push_back(button);
+    }
+}
+
+int QtQuestionBar::HeightFor(int width) const {
+    m_row->invalidate();
+    return std::max(m_row->hasHeightForWidth() ? m_row->totalHeightForWidth(width) : 0,
+                    m_row->totalMinimumSize().height());
+}
+
+void QtQuestionBar::Answer(std::size_t answer) { m_questions.Answer(answer, m_remember->isChecked()); }
+
+// Escape is the bar's before it is anybody's shortcut.
+bool QtQuestionBar::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        event->accept();
+    return QWidget::event(event);
+}
+
+void QtQuestionBar::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) return Answer(PageQuestion::kDismissed);
+    QWidget::keyPressEvent(event);
+}

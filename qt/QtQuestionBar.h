@@ -1,0 +1,43 @@
+#pragma once
+#include "pages/PageQuestions.h"
+
+#include <QWidget>
+#include <vector>
+
+class QCheckBox;
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+
+/// The bar above a page that shows what the page wants and takes the user's answer. It never takes the keyboard from
+/// the page by itself: F6 brings it there, Escape dismisses the question.
+class QtQuestionBar final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The questions outlive the bar.
+    QtQuestionBar(PageQuestions& questions, QWidget* parent);
+
+    /// Shows the question that is to be shown now.
+    void ShowCurrent();
+    /// Whether there is something to show.
+    [[nodiscard]] bool Asks() const { return m_questions.Current() != nullptr; }
+    /// How high the bar is at that width.
+    [[nodiscard]] int HeightFor(int width) const;
+    /// Gives the keyboard back to the page. Filled in by the owner.
+    std::function<void()> FocusPage;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void ShowAnswers(const PageQuestion& question);
+    void Answer(std::size_t answer);
+
+    PageQuestions& m_questions;
+    QLabel* m_words;
+    QCheckBox* m_remember;
+    QHBoxLayout* m_row;
+    std::vector<QPushButton*> m_buttons;
+};

@@ -1,0 +1,215 @@
+#include "commands/PageMenu.h"
+
+#include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+namespace {
+
+/// A user who asks for the menu of a page.
+class PageMenuTest : public testing::Test {
+protected:
+    PageMenuTest() {
+        desk.main.Commands.host.CopyText = [this](TextView text) { copied = ToUtf8(text); };
+        for (const TextView tool : {u"xtrLinkCopy", u"xtrMediaCopyAddress"})
+            desk.main.actBar.Find(tool)->Enabled = true;
+        desk.StartWithTabs(1);
+        desk.views.At(1).location = u"https://a.example/";
+        desk.views.Calls(1);
+    }
+
+    /// The names of the menu's entries, "|" before those that begin a group.
+    std::string Ask(const PageContext& page) {
+        desk.views.At(1).events.ContextMenu(1, page);
+        std::string all;
+        for (const BandEntry& entry : desk.main.actBar.FindBand(PageMenu::kBand)->Entries()) {
+            if (!all.empty()) all += entry.Group == BeginGroup::Yes ? " | " : " ";
+            all += ToUtf8(entry.Item->Name());
+        }
+        return all;
+    }
+    [[nodiscard]] std::string Caption(TextView tool) const { return ToUtf8(desk.main.actBar.Find(tool)->Caption()); }
+    static PageContext Link(TextView address) {
+        PageContext page;
+        page.LinkURL = address;
+        return page;
+    }
+    static PageContext Selection(TextView text) {
+        PageContext page;
+        page.SelectedText = text;
+        return page;
+    }
+
+    Desk desk;
+    std::string copied;
+};
+
+TEST_F(PageMenuTest, OfThePageListsWhatIsDoneWithPages) {
+    EXPECT_EQ(Ask({}), "mnuGoBack mnuGoForward mnuRefresh mnuStop | mnuAddToFavorites mnuAddToTessaGroup mnuSaveAs "
+                       "mnuPrint | mnuSelectAll mnuViewSource | xtrInspect");
+}
+
+TEST_F(PageMenuTest, OfALinkOpensItWhereTheSettingSays) {
+    EXPECT_EQ(Ask(Link(u"https://b.example/")),
+              "xtrLinkOpen xtrLinkOpenOther xtrLinkOpenPrivate | xtrLinkSave xtrLinkCopy xtrLinkAddToTessaGroup | "
+              "xtrInspect");
+    desk.main.Tabs.OpenNewInFront = false;
+    desk.Click(u"xtrLinkOpen");
+    EXPECT_EQ(desk.Strip(), "[1*] 2");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go https://b.example/");
+}
+
+TEST_F(PageMenuTest, OfALinkOpensItTheOtherWayToo) {
+    desk.main.Tabs.OpenNewInFront = false;
+    Ask(Link(u"https://b.example/"));
+    EXPECT_EQ(Caption(u"xtrLinkOpenOther"), "Open Link in &Front");
+    desk.Click(u"xtrLinkOpenOther");
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+    desk.ClickTab(1);
+    desk.main.Tabs.OpenNewInFront = true;
+    Ask(Link(u"https://b.example/"));
+    EXPECT_EQ(Caption(u"xtrLinkOpenOther"), "Open Link &Behind This Tab");
+    desk.Click(u"xtrLinkOpenOther");
+    EXPECT_EQ(desk.Strip(), "[1*] 3 2");
+}
+
+TEST_F(PageMenuTest, OpensNothingThatAPageOfTheWebMayNotReach) {
+    for (const TextView address :
+         {u"file:///etc/passwd", u"javascript:alert(1)", u"tessaview:start", u"data:text/html,x",
+          u"view-source:https://a.example/", u"about:blank", u"FILE:///x", u"nonsense"}) {
+        const std::string entries = Ask(Link(address));
+        EXPECT_EQ(entries.find("xtrLinkOpen"), std::string::npos) << ToUtf8(address);
+        desk.Click(u"xtrLinkOpen");
+        desk.Click(u"xtrLinkOpenPrivate");
+        EXPECT_EQ(desk.Strip(), "[1*]") << ToUtf8(address);
+    }
+    desk.views.At(1).location = u"file:///home/me/index.html";
+    Ask(Link(u"file:///home/me/next.html"));
+    desk.Click(u"xtrLinkOpen");
+    EXPECT_EQ(desk.Strip(), "1 [2*]") << "a local page may lead to another";
+}
+
+TEST_F(PageMenuTest, OfALinkCopiesSavesAndKeepsIt) {
+    const TemporaryFolder folder;
+    Ask(Link(u"https://b.example/My%20file.zip"));
+    desk.Click(u"xtrLinkCopy");
+    EXPECT_EQ(copied, "https://b.example/My%20file.zip");
+    desk.Click(u"xtrLinkSave");
+    EXPECT_EQ(desk.views.Calls(1), "") << "the user has cancelled";
+    EXPECT_EQ(desk.files.last.FileName, u"My file.zip");
+    EXPECT_EQ(desk.files.last.InitDir, u"/nowhere/downloads");
+    desk.files.chosen = folder.PathText("x.zip");
+    desk.Click(u"xtrLinkSave");
+    EXPECT_EQ(desk.views.Calls(1), "save https://b.example/My%20file.zip in " + folder.Path("x.zip"));
+    folder.Write("x.zip", "old");
+    desk.messages.answer = Answer::No;
+    desk.Click(u"xtrLinkSave");
+    EXPECT_EQ(desk.views.Calls(1), "") << "the file is not to be replaced";
+    EXPECT_EQ(desk.messages.asked.size(), 1U);
+    desk.files.chosen = folder.PathText("g.tvg");
+    desk.Click(u"xtrLinkAddToTessaGroup");
+    EXPECT_NE(folder.Read("g.tvg").find("url1=https://b.example/My%20file.zip"), std::string::npos);
+}
+
+TEST_F(PageMenuTest, SavesNothingOfAPageThatHasGoneMeanwhile) {
+    desk.Click(u"mnuNewBlank");
+    desk.ClickTab(1);
+    Ask(Link(u"https://b.example/x"));
+    desk.ClickTab(2);
+    desk.files.chosen = u"/nowhere/x";
+    desk.Click(u"xtrLinkSave");
+    desk.Click(u"xtrLinkOpen");
+    EXPECT_EQ(desk.views.Calls(1), "");
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+}
+
+TEST_F(PageMenuTest, OfABackgroundPageIsNotShown) {
+    desk.Click(u"mnuNewBlank");
+    desk.views.At(1).events.ContextMenu(1, {});
+    EXPECT_EQ(desk.main.actBar.FindBand(PageMenu::kBand), nullptr);
+}
+
+TEST_F(PageMenuTest, OfAnImageOpensSavesAndCopiesIt) {
+    PageContext page;
+    page.Media = PageContext::Kind::Image;
+    page.MediaURL = u"https://a.example/p.png";
+    EXPECT_EQ(Ask(page), "xtrImageOpen xtrImageSave xtrImageCopy xtrMediaCopyAddress | xtrInspect");
+    EXPECT_EQ(Caption(u"xtrMediaCopyAddress"), "Copy Image &Address");
+    desk.Click(u"xtrImageOpen");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go https://a.example/p.png");
+    desk.ClickTab(1);
+    desk.Click(u"xtrImageCopy");
+    desk.Click(u"xtrMediaCopyAddress");
+    EXPECT_EQ(desk.views.Calls(1), "action 3");
+    EXPECT_EQ(copied, "https://a.example/p.png");
+}
+
+TEST_F(PageMenuTest, OfAFilmPlaysItAndTellsHowItStands) {
+    PageContext page;
+    page.Media = PageContext::Kind::Video;
+    page.MediaURL = u"blob:https://a.example/1";
+    page.MediaPaused = page.MediaLoops = true;
+    EXPECT_EQ(Ask(page), "xtrMediaPlay xtrMediaMute xtrMediaLoop xtrMediaControls | xtrMediaSave xtrMediaCopyAddress | "
+                         "xtrInspect");
+    EXPECT_EQ(Caption(u"xtrMediaPlay"), "&Play");
+    EXPECT_TRUE(desk.main.actBar.Find(u"xtrMediaLoop")->Checked());
+    EXPECT_FALSE(desk.main.actBar.Find(u"xtrMediaMute")->Checked());
+    for (const TextView tool : {u"xtrMediaPlay", u"xtrMediaMute", u"xtrMediaLoop", u"xtrMediaControls"})
+        desk.Click(tool);
+    EXPECT_EQ(desk.views.Calls(1), "action 4, action 5, action 6, action 7");
+}
+
+TEST_F(PageMenuTest, OfATextFieldListsWhatCanBeDone) {
+    PageContext page;
+    page.Editable = page.CanUndo = page.CanPaste = true;
+    EXPECT_EQ(Ask(page), "xtrUndo | mnuPaste xtrPasteAsText mnuSelectAll | xtrInspect");
+    page.CanRedo = page.CanCut = page.CanCopy = true;
+    page.SelectedText = u"wrod";
+    page.MisspelledWord = u"wrod";
+    page.Suggestions = {u"word", u"rod & reel"};
+    EXPECT_EQ(Ask(page), "xtrReplaceWord xtrReplaceWord | xtrUndo xtrRedo | mnuCut mnuCopy mnuPaste xtrPasteAsText "
+                         "mnuSelectAll xtrSearchSelection | xtrInspect");
+    for (const TextView tool : {u"xtrUndo", u"xtrRedo", u"xtrPasteAsText", u"xtrInspect"}) desk.Click(tool);
+    auto& suggestions = desk.main.actBar.FindBand(PageMenu::kBand)->Entries();
+    desk.main.actBar.UserClick(*suggestions[1].Item);
+    EXPECT_EQ(desk.views.Calls(1), "action 0, action 1, action 2, action 8, word rod & reel");
+}
+
+TEST_F(PageMenuTest, OfASelectionSearchesForIt) {
+    EXPECT_EQ(Ask(Selection(u"tea & \ncake\u202E that is far too long to be shown here")),
+              "mnuCopy xtrSearchSelection xtrOpenSelectedLinks | xtrInspect");
+    EXPECT_EQ(Caption(u"xtrSearchSelection"), "S&earch for \"tea && cake that is far t...\"");
+    EXPECT_EQ(Ask(Selection(u" \u200B ")), "mnuCopy xtrOpenSelectedLinks | xtrInspect") << "there is nothing to find";
+    Ask(Selection(u"tea"));
+    desk.Click(u"xtrSearchSelection");
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+    EXPECT_TRUE(ToUtf8(desk.views.At(2).location).ends_with("tea"));
+}
+
+TEST_F(PageMenuTest, OfASelectionOpensItsLinksBehindInTheirOrder) {
+    desk.views.At(1).selectedLinks = {u"https://b.example/", u"file:///etc/passwd", u"https://c.example/"};
+    Ask(Selection(u"x"));
+    desk.Click(u"xtrOpenSelectedLinks");
+    EXPECT_EQ(desk.Strip(), "[1*] 3 2");
+    EXPECT_EQ(ToUtf8(desk.views.At(3).location), "https://b.example/");
+    EXPECT_EQ(ToUtf8(desk.views.At(2).location), "https://c.example/");
+}
+
+TEST_F(PageMenuTest, AsksBeforeItOpensVeryManyLinks) {
+    desk.views.At(1).selectedLinks.assign(16, u"https://b.example/");
+    Ask(Selection(u"x"));
+    desk.Click(u"xtrOpenSelectedLinks");
+    EXPECT_EQ(desk.messages.asked, std::vector<Text>{u"Do you want to open 16 tabs?"});
+    EXPECT_EQ(desk.main.pcPage.Count(), 1U);
+    desk.messages.answer = Answer::Yes;
+    desk.Click(u"xtrOpenSelectedLinks");
+    EXPECT_EQ(desk.main.pcPage.Count(), 17U);
+}
+
+TEST_F(PageMenuTest, DoesNothingForAViewWithoutAPage) {
+    Ask(Selection(u"x"));
+    desk.views.At(1).hasTools = false;
+    for (const TextView tool : {u"xtrUndo", u"xtrOpenSelectedLinks", u"xtrLinkSave", u"xtrInspect"}) desk.Click(tool);
+    EXPECT_EQ(desk.views.Calls(1), "");
+}
+
+} // namespace

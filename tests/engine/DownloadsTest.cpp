@@ -1,0 +1,207 @@
+#include "qt/QtDownloads.h"
+
+#include "qt/QtBrowserView.h"
+#include "qt/QtText.h"
+#include "tests/engine/EngineDesk.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <QFile>
+#include <QTcpSocket>
+#include <QTest>
+#include <QWebEngineProfile>
+#include <algorithm>
+
+namespace {
+
+QByteArray Attachment(const QByteArray& body, const QByteArray& name, qsizetype length = -1) {
+    return "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\nContent-Disposition: attachment; " + name +
+           "\r\nConnection: close\r\nContent-Length: " + QByteArray::number(length < 0 ? body.size() : length) +
+           "\r\n\r\n" + body;
+}
+
+/// A server that sends the first half of a file and then breaks off, or goes on from where it is asked to.
+class BreakingServer final : public QTcpServer {
+public:
+    explicit BreakingServer(QByteArray body) : m_body(std::move(body)) {
+        if (!listen(QHostAddress::LocalHost)) qFatal("the test's server cannot listen");
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            while (auto* socket = nextPendingConnection())
+                connect(socket, &QTcpSocket::readyRead, this, [this, socket] { Answer(*socket); });
+        });
+    }
+    [[nodiscard]] QString Address() const { return QStringLiteral("http://127.0.0.1:%1/file.bin").arg(serverPort()); }
+    bool breaks = true;
+    int requests = 0;
+
+private:
+    void Answer(QTcpSocket& socket) {
+        const QByteArray request = socket.readAll();
+        ++requests;
+        const qsizetype at = request.indexOf("Range: bytes=");
+        const qsizetype from = at < 0 ? 0 : request.mid(at + 13).split('-').value(0).toLongLong();
+        const QByteArray rest = m_body.mid(from);
+        socket.write(QByteArray(from > 0 ? "HTTP/1.1 206 Partial Content\r\nContent-Range: bytes " +
+                                               QByteArray::number(from) + "-" + QByteArray::number(m_body.size() - 1) +
+                                               "/" + QByteArray::number(m_body.size()) + "\r\n"
+                                         : QByteArray("HTTP/1.1 200 OK\r\n")) +
+                     "Content-Type: application/octet-stream\r\nAccept-Ranges: bytes\r\nETag: \"1\"\r\n"
+                     "Last-Modified: Mon, 05 Jan 2026 10:00:00 GMT\r\nConnection: close\r\nContent-Length: " +
+                     QByteArray::number(rest.size()) + "\r\n\r\n");
+        socket.write(breaks ? rest.left(rest.size() / 2) : rest);
+        socket.flush();
+        socket.waitForBytesWritten();
+        breaks ? socket.abort() : socket.disconnectFromHost();
+    }
+    QByteArray m_body;
+};
+
+/// The real engine with the list of downloads in a folder of the test's own.
+class EngineDownloads : public testing::Test {
+protected:
+    EngineDownloads() {
+        desktop.List = &downloads;
+        desktop.Profile = [this] { return desk.engine.Profile(); };
+        desk.engine.ProfileMade = [this](QWebEngineProfile& profile) { desktop.Follow(profile); };
+        desk.engine.SaveAddress = [this](QtPage& page, const QUrl& address, const Text& path) {
+            desktop.Save(page, address, path);
+        };
+        desktop.MaySave = [this](QWebEnginePage* page, const QUrl& address) {
+            auto* view = desk.engine.ViewOf(page);
+            return !view || view->Questions()->permissions.MaySave(address);
+        };
+        folder.Write("user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"" + folder.Path("got") + "\"\n");
+        qputenv("XDG_CONFIG_HOME", folder.Path("").c_str());
+        EXPECT_EQ(desktop.Folder(), folder.PathText("got"));
+    }
+    ~EngineDownloads() override {
+        desk.view.reset();
+        desktop.Shutdown();
+        qputenv("XDG_CONFIG_HOME", configBefore);
+    }
+
+    bool WaitFor(DownloadState state, std::size_t count = 1) {
+        return WaitUntil([&] {
+            return downloads.All().size() >= count &&
+                   std::ranges::all_of(downloads.All(), [&](const auto& each) { return each.Report.State == state; });
+        });
+    }
+    [[nodiscard]] const Download& First() const { return downloads.All().front(); }
+    [[nodiscard]] QByteArray Saved() const {
+        QFile file(ToQt(First().Path));
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+    [[nodiscard]] QString Name() const { return ToQt(First().Name()); }
+
+    TemporaryFolder folder;
+    LocalServer server;
+    QtDownloads desktop;
+    Downloads downloads{desktop, {}};
+    EngineView desk;
+    const QByteArray configBefore = qgetenv("XDG_CONFIG_HOME");
+};
+
+TEST_F(EngineDownloads, OfAnAttachmentTakeTheNameThatTheServerSuggests) {
+    server.Raw(QStringLiteral("/get"), Attachment("the body", "filename=\"my report.pdf\""));
+    desk.Navigate(server.Address(QStringLiteral("/get")));
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_TRUE(Name().startsWith(u"my report")) << Name().toStdString();
+    EXPECT_EQ(Saved(), "the body");
+    EXPECT_EQ(First().Report.Total, 8);
+}
+
+TEST_F(EngineDownloads, StayInTheirFolderWhateverTheNameSays) {
+    server.Raw(QStringLiteral("/get"), Attachment("x", "filename*=UTF-8''..%2F..%2F%E2%80%AEgpj.exe"));
+    desk.Navigate(server.Address(QStringLiteral("/get")));
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(ToQt(First().Path).section(u'/', 0, -2), ToQt(folder.PathText("got")));
+    EXPECT_FALSE(Name().contains(QChar(0x202E)));
+    EXPECT_EQ(Saved(), "x");
+}
+
+TEST_F(EngineDownloads, ComeFromLinksToBlobsAndDataAndOtherPages) {
+    server.Raw(QStringLiteral("/plain"), "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nContent-Length: 4\r\n\r\nhtml");
+    server.Page(QStringLiteral("/page"),
+                "<a id=blob download='blob.txt'>b</a><br><a id=data download='data.txt' href='data:text/plain,hello'>d"
+                "</a><br><a id=page download='saved.html' href='/plain'>p</a>"
+                "<script>blob.href = URL.createObjectURL(new Blob(['from a blob']))</script>");
+    for (const auto& [id, body] :
+         {std::pair("blob", "from a blob"), std::pair("data", "hello"), std::pair("page", "html")}) {
+        desk.Load(server.Address(QStringLiteral("/page")));
+        const std::size_t before = downloads.All().size();
+        desk.ClickOn(QLatin1String(id));
+        ASSERT_TRUE(WaitFor(DownloadState::Done, before + 1)) << id;
+        EXPECT_EQ(Saved(), body);
+    }
+}
+
+TEST_F(EngineDownloads, NeverOverwrite) {
+    server.Raw(QStringLiteral("/get"), Attachment("new", "filename=same.txt"));
+    for (std::size_t count = 1; count <= 2; ++count) {
+        desk.Navigate(server.Address(QStringLiteral("/get")));
+        ASSERT_TRUE(WaitFor(DownloadState::Done, count));
+    }
+    EXPECT_NE(downloads.All()[0].Path, downloads.All()[1].Path);
+}
+
+TEST_F(EngineDownloads, ThatBreakOffSayItAndGoOnOrBeginAnew) {
+    QByteArray body;
+    for (int i = 0; i < 40000; ++i) body += QByteArray::number(i) + ',';
+    BreakingServer breaking(body);
+    desk.Navigate(breaking.Address());
+    ASSERT_TRUE(WaitFor(DownloadState::Broken));
+    EXPECT_EQ(First().Report.Problem, DownloadProblem::Connection);
+    breaking.breaks = false;
+    downloads.Resume(First().Id);
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(downloads.All().size(), 1U) << "it keeps its line";
+    EXPECT_EQ(Saved(), body);
+}
+
+TEST_F(EngineDownloads, ArePausedAndCancelled) {
+    server.Answer(QStringLiteral("/get"), [](const QByteArray&) { return Attachment("half", "filename=x.bin", 1000); });
+    desk.Navigate(server.Address(QStringLiteral("/get")));
+    ASSERT_TRUE(WaitUntil([this] { return !downloads.All().empty(); }));
+    downloads.Cancel(First().Id);
+    EXPECT_TRUE(WaitFor(DownloadState::Cancelled));
+    EXPECT_EQ(Saved(), "(no file)");
+}
+
+TEST_F(EngineDownloads, AreFetchedAnewAfterARestart) {
+    server.Raw(QStringLiteral("/get"), Attachment("again", "filename=again.txt"));
+    desk.Navigate(server.Address(QStringLiteral("/get")));
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    const std::int32_t id = First().Id;
+    downloads.OnReport(id, {DownloadState::Broken, DownloadProblem::Gone, 0, -1});
+    QFile::remove(ToQt(First().Path));
+    downloads.Retry(id);
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(First().Id, id);
+    EXPECT_EQ(Saved(), "again");
+}
+
+TEST_F(EngineDownloads, OfALinkGoWhereTheUserWantsThem) {
+    server.Page(QStringLiteral("/page"), "<p>hello</p>");
+    server.Raw(QStringLiteral("/x.html"), "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nContent-Length: 2\r\n\r\nok");
+    desk.Load(server.Address(QStringLiteral("/page")));
+    const Text path = folder.PathText("mine.html");
+    EXPECT_EQ(desk.view->Tools()->Save(FromQt(server.Address(QStringLiteral("/x.html"))), path), Outcome::Done);
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(First().Path, path);
+    EXPECT_EQ(Saved(), "ok");
+}
+
+TEST_F(EngineDownloads, OfAPageThatSavesAndSavesWaitForItsUser) {
+    server.Page(QStringLiteral("/page"),
+                "<script>for (let i = 0; i < 40; ++i) { const a = document.createElement('a');"
+                "a.href = 'data:text/plain,' + i; a.download = 'storm.txt'; document.body.append(a); a.click(); }"
+                "document.title = 'stormed'</script>");
+    desk.Load(server.Address(QStringLiteral("/page")));
+    ASSERT_TRUE(WaitUntil([this] { return desk.Real().Questions()->questions.Current() != nullptr; }));
+    ASSERT_TRUE(WaitFor(DownloadState::Done, 1));
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_LE(downloads.All().size(), DownloadRule::kFree);
+    EXPECT_EQ(desk.Real().Questions()->questions.Current()->Words,
+              FromQt(QStringLiteral("127.0.0.1:%1 wants to save several files.").arg(server.serverPort())));
+}
+
+} // namespace

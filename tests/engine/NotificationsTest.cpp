@@ -1,0 +1,91 @@
+#include "qt/QtNotifications.h"
+
+#include "qt/QtBrowserView.h"
+#include "qt/QtText.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QVariantMap>
+#include <QWebEngineProfile>
+
+namespace {
+
+constexpr auto kService = "org.freedesktop.Notifications";
+constexpr auto kPath = "/org/freedesktop/Notifications";
+
+} // namespace
+
+/// The part of the desktop that shows notifications, on the test's own bus.
+class NotificationDesktop final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+public:
+    NotificationDesktop() {
+        EXPECT_TRUE(m_bus.registerObject(QLatin1String(kPath), this,
+                                         QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+        EXPECT_TRUE(m_bus.registerService(QLatin1String(kService)));
+    }
+    ~NotificationDesktop() override {
+        m_bus.unregisterService(QLatin1String(kService));
+        QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
+    }
+    QStringList titles, bodies;
+    QList<uint> closed;
+
+public Q_SLOTS:
+    uint Notify(const QString&, uint, const QString&, const QString& title, const QString& body, const QStringList&,
+                const QVariantMap&, int) {
+        titles << title;
+        bodies << body;
+        return static_cast<uint>(titles.size());
+    }
+    void CloseNotification(uint id) { closed << id; }
+
+Q_SIGNALS:
+    void ActionInvoked(uint id, const QString& action);
+    void NotificationClosed(uint id, uint reason);
+
+private:
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("desktop"));
+};
+
+namespace {
+
+TEST(Notifications, ReachTheDesktopAndComeBack) {
+    NotificationDesktop desktop;
+    FakeSettings settings;
+    SitePermissions kept(settings);
+    LocalServer server;
+    QtNotifications notifications;
+    bool clicked = false;
+    notifications.Clicked = [&] { clicked = true; };
+    EngineView desk;
+    desk.engine.Permissions = &kept;
+    desk.engine.ProfileMade = [&](QWebEngineProfile& profile) { notifications.Follow(profile); };
+    const QString host = QStringLiteral("localhost");
+    kept.Remember({FromQt(server.Address({}, host)), SitePermission::Notifications, true});
+    server.Page(QStringLiteral("/page"),
+                "<script>Notification.requestPermission().then(() => {"
+                "const n = new Notification('Tea\\u202E is ready', {body: '<b>come</b>\\nnow'});"
+                "n.onclick = () => document.title = 'clicked'; window.kept = n; })</script>");
+    desk.Load(server.Address(QStringLiteral("/page"), host));
+    ASSERT_TRUE(WaitUntil([&] { return !desktop.titles.isEmpty(); }));
+    EXPECT_EQ(desktop.titles.constFirst(), u"Tea is ready") << "nothing in it turns the text around";
+    EXPECT_EQ(desktop.bodies.constFirst(),
+              QStringLiteral("localhost:%1\n&lt;b&gt;come&lt;/b&gt;\nnow").arg(server.serverPort()));
+    // The page is told once the desktop has answered; a click may come as soon as that.
+    EXPECT_TRUE(WaitUntil([&] {
+        Q_EMIT desktop.ActionInvoked(1, QStringLiteral("default"));
+        QCoreApplication::processEvents();
+        return clicked;
+    }));
+    EXPECT_TRUE(WaitUntil([&] { return desk.Real().Page()->title() == u"clicked"; }));
+    desk.Script(QStringLiteral("kept.close(); ''"));
+    EXPECT_TRUE(WaitUntil([&] { return desktop.closed == QList<uint>{1}; }));
+}
+
+} // namespace
+
+#include "NotificationsTest.moc"

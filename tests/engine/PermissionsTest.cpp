@@ -1,0 +1,120 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtText.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <QWebEngineView>
+
+namespace {
+
+/// A page that asks for things, and its user at the bar above it.
+class EnginePermissions : public testing::Test {
+protected:
+    EnginePermissions() { desk.engine.Permissions = &kept; }
+
+    void Load(const QByteArray& html) {
+        server.Page(QStringLiteral("/page"), html);
+        desk.Load(server.Address(QStringLiteral("/page"), QStringLiteral("localhost")));
+    }
+    [[nodiscard]] PageQuestions& Questions() { return desk.Real().Questions()->questions; }
+    bool WaitForQuestion() {
+        return WaitUntil([this] { return Questions().Current() != nullptr; });
+    }
+    [[nodiscard]] Text Site() const { return FromQt(server.Address({}, QStringLiteral("localhost"))); }
+    [[nodiscard]] QtQuestionBar& Bar() { return *desk.Real().Questions()->bar; }
+    bool WaitForTitle(const QString& title) {
+        return WaitUntil([&] { return desk.Real().Page()->title() == title; });
+    }
+
+    FakeSettings settings;
+    SitePermissions kept{settings};
+    LocalServer server;
+    EngineView desk;
+};
+
+constexpr auto kAskLocation = "<script>document.title = 'asking';"
+                              "navigator.geolocation.getCurrentPosition(() => document.title = 'allowed',"
+                              "e => document.title = e.code === 1 ? 'refused' : 'allowed')</script>";
+
+TEST_F(EnginePermissions, AreAskedForInABarAboveThePage) {
+    Load(kAskLocation);
+    ASSERT_TRUE(WaitForQuestion());
+    EXPECT_EQ(Questions().Current()->Words,
+              FromQt(QStringLiteral("localhost:%1 wants to know where you are.").arg(server.serverPort())));
+    EXPECT_TRUE(Bar().isVisible());
+    EXPECT_EQ(Bar().geometry().bottom() + 1, desk.Real().Widget()->geometry().top()) << "the bar covers nothing";
+    EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 1);
+    QTest::keyClick(Bar().findChild<QPushButton*>(QStringLiteral("cmdAnswer2")), Qt::Key_Space);
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("refused")));
+    EXPECT_FALSE(Bar().isVisible());
+    EXPECT_EQ(desk.Real().Widget()->geometry(), desk.window.rect());
+    EXPECT_EQ(desk.events.Count(QStringLiteral("asks-")), 1);
+    EXPECT_TRUE(kept.All().empty()) << "nothing was to be remembered";
+}
+
+TEST_F(EnginePermissions, AreRememberedForTheSite) {
+    Load(kAskLocation);
+    ASSERT_TRUE(WaitForQuestion());
+    Questions().Answer(1, true);
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("refused")));
+    EXPECT_EQ(kept.Find(Site(), SitePermission::Location), false);
+    Load(kAskLocation);
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("refused")));
+    EXPECT_EQ(Questions().Current(), nullptr);
+    kept.Remember({Site(), SitePermission::Notifications, true});
+    Load("<script>Notification.requestPermission().then(p => document.title = p)</script>");
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("granted")));
+}
+
+TEST_F(EnginePermissions, AreDismissedWhenThePersonGoesElsewhere) {
+    Load(kAskLocation);
+    ASSERT_TRUE(WaitForQuestion());
+    server.Page(QStringLiteral("/next"), "<title>next</title>");
+    desk.Load(server.Address(QStringLiteral("/next")));
+    EXPECT_EQ(Questions().Current(), nullptr);
+    EXPECT_FALSE(Bar().isVisible());
+}
+
+TEST_F(EnginePermissions, HoldWindowsBackThatNobodyClickedFor) {
+    Load("<script>for (let i = 0; i < 300; ++i) open('/popup' + i); document.title = 'opened'</script>");
+    ASSERT_TRUE(WaitForQuestion());
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("opened")));
+    EXPECT_EQ(desk.events.Count(QStringLiteral("W")), 0);
+    EXPECT_EQ(Questions().Current()->Answers, (std::vector<Text>{u"A&llow Once", u"&Block", u"Al&ways Allow"}));
+    Questions().Answer(1, false);
+    EXPECT_EQ(Questions().Current(), nullptr) << "three hundred windows are one question";
+    EXPECT_EQ(desk.events.Count(QStringLiteral("W")), 0);
+}
+
+TEST_F(EnginePermissions, OpenHeldWindowsOnceOrAlways) {
+    Load("<script>open('/popup')</script>");
+    ASSERT_TRUE(WaitForQuestion());
+    Questions().Answer(0, false);
+    EXPECT_EQ(desk.events.Count(QStringLiteral("W")), 1);
+    EXPECT_TRUE(kept.All().empty());
+    Load("<script>open('/popup')</script>");
+    ASSERT_TRUE(WaitForQuestion());
+    Questions().Answer(2, false);
+    EXPECT_EQ(desk.events.Count(QStringLiteral("W")), 2);
+    EXPECT_EQ(kept.Find(Site(), SitePermission::Popups), true);
+    Load("<script>open('/popup')</script>");
+    EXPECT_TRUE(WaitUntil([&] { return desk.events.Count(QStringLiteral("W")) == 3; }));
+}
+
+TEST_F(EnginePermissions, NeedNoQuestionForAWindowThatWasClickedFor) {
+    Load("<button id=b onclick=\"open('/popup')\">open</button>");
+    desk.ClickOn(QStringLiteral("b"));
+    EXPECT_TRUE(WaitUntil([&] { return desk.events.Count(QStringLiteral("W")) == 1; }));
+    EXPECT_EQ(Questions().Current(), nullptr);
+}
+
+TEST_F(EnginePermissions, TellHowFarThePageCanBeTrusted) {
+    Load("<title>page</title>");
+    EXPECT_EQ(desk.view->Security(), PageSecurity::Local) << "this computer speaks to itself";
+    desk.Load(QStringLiteral("about:blank"));
+    EXPECT_EQ(desk.view->Security(), PageSecurity::None);
+}
+
+} // namespace

@@ -1,0 +1,130 @@
+#include "qt/QtDownloadsPanel.h"
+
+#include "qt/QtDownloadLines.h"
+#include "tests/fakes/FakeDownloads.h"
+
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A window with the panel of downloads, and a user with a keyboard.
+class DownloadsPanel : public testing::Test {
+protected:
+    DownloadsPanel() {
+        downloads.Changed = [this] { form.Touch(); };
+        window.setCentralWidget(new QPushButton);
+        window.resize(900, 600);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    std::int32_t Begin(TextView name, std::int64_t total = 100) {
+        transfer = std::make_shared<FakeTransfer>();
+        return downloads.Begin({.Address = u"http://a.example/" + Text(name), .Total = total}, transfer).Id;
+    }
+    void Report(std::int32_t id, DownloadState state, std::int64_t received) {
+        downloads.OnReport(id, {state, DownloadProblem::None, received, 100});
+    }
+    [[nodiscard]] QtDownloadLines* Lines() const { return window.findChild<QtDownloadLines*>(); }
+    /// What a screen reader says of the lines, separated by "|".
+    [[nodiscard]] QString Spoken() const {
+        QStringList all;
+        for (int i = 0; Lines() && i < Lines()->count(); ++i)
+            all << Lines()->item(i)->data(Qt::AccessibleTextRole).toString();
+        return all.join(u'|');
+    }
+    void Press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
+
+    FakeDownloads desktop;
+    Downloads downloads{desktop, {}};
+    frmDownloads form{downloads};
+    QMainWindow window;
+    QtDownloadsPanel panel{form, window};
+    std::shared_ptr<FakeTransfer> transfer;
+};
+
+TEST_F(DownloadsPanel, IsNotThereUntilItIsShown) {
+    EXPECT_EQ(Lines(), nullptr);
+    form.Form.Visible = true;
+    ASSERT_NE(Lines(), nullptr);
+    EXPECT_TRUE(Lines()->hasFocus());
+    form.Form.Visible = false;
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Lines() == nullptr; }));
+}
+
+TEST_F(DownloadsPanel, SpeaksAndFollowsTheDownloads) {
+    const auto id = Begin(u"a.zip");
+    form.Form.Visible = true;
+    EXPECT_EQ(Spoken(), u"a.zip, 0 bytes of 100 bytes");
+    Report(id, DownloadState::Running, 40);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Spoken() == u"a.zip, 40 bytes of 100 bytes"; }));
+    Begin(u"b.zip");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Lines()->count() == 2; }));
+    EXPECT_EQ(Lines()->currentRow(), 1) << "the selection stays with its download";
+}
+
+TEST_F(DownloadsPanel, IsWorkedByKeyboard) {
+    const auto id = Begin(u"a.zip");
+    form.Form.Visible = true;
+    Press(Qt::Key_Space);
+    Report(id, DownloadState::Paused, 40);
+    form.Show();
+    Press(Qt::Key_Space);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(transfer->asked, "pause resume cancel");
+    Report(id, DownloadState::Cancelled, 0);
+    form.Show();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(desktop.Take(), "fetch 1 http://a.example/a.zip");
+    Press(Qt::Key_Delete);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Lines()->count() == 0; }));
+}
+
+TEST_F(DownloadsPanel, MovesBetweenDownloadsWithTheArrows) {
+    Begin(u"a.zip");
+    const auto first = transfer;
+    Begin(u"b.zip");
+    form.Form.Visible = true;
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(first->asked, "pause");
+    EXPECT_EQ(transfer->asked, "");
+}
+
+TEST_F(DownloadsPanel, ReachesItsButtonsWithTheTabKey) {
+    const auto id = Begin(u"a.zip");
+    Report(id, DownloadState::Done, 100);
+    form.Form.Visible = true;
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"cmdOpen");
+    Press(Qt::Key_Space);
+    EXPECT_EQ(desktop.Take(), "open /nowhere/downloads/a.zip");
+}
+
+TEST_F(DownloadsPanel, ClosesWithEscapeAndByItsButtonAndHandsTheKeyboardBack) {
+    bool handedBack = false;
+    panel.FocusPage = [&] { handedBack = true; };
+    Begin(u"a.zip");
+    form.Form.Visible = true;
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(form.Form.Visible());
+    EXPECT_TRUE(handedBack);
+    form.Form.Visible = true;
+    window.findChild<QDockWidget*>(QStringLiteral("downloads"))->close();
+    EXPECT_FALSE(form.Form.Visible());
+}
+
+TEST_F(DownloadsPanel, PaintsNamesThatAreTextAndNothingElse) {
+    Begin(u"<b>bold</b>");
+    form.Form.Visible = true;
+    Report(1, DownloadState::Running, 30);
+    form.Show();
+    EXPECT_FALSE(window.grab().isNull());
+    EXPECT_EQ(Spoken(), u"b_, 30 bytes of 100 bytes");
+}
+
+} // namespace

@@ -1,0 +1,105 @@
+#include "qt/QtQuestionBar.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A page, played by a line to type in, with the bar above it.
+class QuestionBar : public testing::Test {
+protected:
+    QuestionBar() {
+        questions.Changed = [this] {
+            bar.ShowCurrent();
+            bar.setVisible(bar.Asks());
+            bar.setGeometry(0, 0, window.width(), bar.HeightFor(window.width()));
+        };
+        bar.FocusPage = [this] { page->setFocus(); };
+        page->setGeometry(0, 200, 600, 30);
+        window.resize(600, 300);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        page->setFocus();
+    }
+    ~QuestionBar() override { questions.Changed = {}; }
+    void Ask(const Text& words, const Text& remember = u"&Remember for this site") {
+        questions.Ask({.Key = words,
+                       .Words = words,
+                       .Answers = {u"A&llow", u"&Block"},
+                       .Remember = remember,
+                       .Answered = [this](std::size_t answer, bool remembers) {
+                           answers << (answer == PageQuestion::kDismissed ? QStringLiteral("none")
+                                                                          : QString::number(answer)) +
+                                          (remembers ? QStringLiteral("!") : QString());
+                       }});
+    }
+    void Press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    [[nodiscard]] QString Words() const { return bar.findChild<QLabel*>()->text(); }
+
+    QWidget window;
+    QLineEdit* page = new QLineEdit(&window);
+    PageQuestions questions;
+    QtQuestionBar bar{questions, &window};
+    QStringList answers;
+};
+
+TEST_F(QuestionBar, LeavesTheKeyboardToThePage) {
+    Ask(u"a.example wants to know where you are.");
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_EQ(Words(), u"a.example wants to know where you are.");
+    EXPECT_TRUE(page->hasFocus());
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(answers.isEmpty()) << "what is typed into the page answers nothing";
+}
+
+TEST_F(QuestionBar, IsAnsweredByKeyboard) {
+    Ask(u"a?");
+    Press(Qt::Key_F6);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"cmdAnswer1");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(answers.join(u' '), u"0");
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_TRUE(page->hasFocus());
+}
+
+TEST_F(QuestionBar, RemembersWhenItsBoxIsTicked) {
+    Ask(u"a?");
+    Ask(u"b?", {});
+    auto* remember = bar.findChild<QCheckBox*>();
+    EXPECT_TRUE(remember->isVisible());
+    remember->setFocus();
+    Press(Qt::Key_Space);
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"cmdAnswer2");
+    Press(Qt::Key_Space);
+    EXPECT_EQ(answers.join(u' '), u"1!");
+    EXPECT_EQ(Words(), u"b?");
+    EXPECT_FALSE(remember->isVisible());
+    EXPECT_FALSE(remember->isChecked()) << "a tick is for one question";
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"cmdAnswer1") << "whoever answers goes on";
+}
+
+TEST_F(QuestionBar, IsDismissedWithEscape) {
+    Ask(u"a?");
+    Press(Qt::Key_F6);
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(answers.join(u' '), u"none");
+    EXPECT_FALSE(bar.isVisible());
+}
+
+TEST_F(QuestionBar, ShowsWordsAsTextAndGrowsWithThem) {
+    Ask(u"<img src=x> & <b>b</b>");
+    EXPECT_EQ(bar.findChild<QLabel*>()->textFormat(), Qt::PlainText);
+    const int low = bar.HeightFor(600);
+    questions.DismissAll();
+    Ask(Text(600, u'x') + u" " + Text(600, u'y') + u" y y y y y y y y y y y y y y y y y y y y y y y y y y y y y y");
+    EXPECT_GE(bar.HeightFor(600), low);
+}
+
+} // namespace
