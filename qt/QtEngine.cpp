@@ -171,6 +171,7 @@ void QtEngine::ShowFront() {
     front->Show();
     if (auto* before = Find(m_shown)) before->Hide();
     m_shown = m_front;
+    if (FrontChanged) FrontChanged();
 }
 
 QtBrowserView* QtEngine::ViewOf(const QWebEnginePage* page) const {

@@ -42,6 +42,8 @@ public:
 
     /// The icon of the page of a view; a null icon when it has none.
     [[nodiscard]] QIcon Icon(std::int32_t index) const;
+    /// Another view is shown than before.
+    std::function<void()> FrontChanged;
     /// A page's icon has changed.
     std::function<void(std::int32_t index)> IconChanged;
     /// The pages' profile has come into being; that of private pages, which ends with the last of them.

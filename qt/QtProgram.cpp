@@ -410,6 +410,7 @@ void QtProgram::WireEngine() {
     m->engine.LayBars = [this](const QRect& whole) { return m->bars.Lay(whole); };
     m->findBar.Page = [this] { return m->engine.FrontPage(); };
     m->findBar.Changed = [this] { m->engine.Relayout(); };
+    m->engine.FrontChanged = [this] { m->findBar.OnPageChanged(); };
     m->findBar.FocusPage = [this] {
         if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
     };

@@ -61,8 +61,11 @@ TEST(SpeedRules, OnlyTheSelectedViewIsShownToTheEngine) {
 TEST(SpeedRules, OfManyViewsBroughtToTheFrontInOneTurnOnlyTheLastIsShown) {
     LocalServer server;
     EngineDesk desk;
+    int fronts = 0;
+    desk.engine.FrontChanged = [&] { ++fronts; };
     desk.Open(Pages(server, 20));
     ASSERT_TRUE(WaitUntil([&] { return desk.View(21).Widget() && desk.View(21).Widget()->isVisible(); }));
+    EXPECT_EQ(fronts, 1);
     EXPECT_EQ(desk.engine.PageCount(), 1u) << "no other page exists before the one in front";
 }
 
