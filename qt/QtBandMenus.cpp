@@ -54,7 +54,7 @@ void QtBandMenus::Fill(QMenu& menu, const Text& name) {
     if (!band) return menu.clear();
     m_bar.OpenBand(*band);
     const std::vector<QAction*> wanted = ActionsOf(*band);
-    if (Holds(menu, wanted)) return;
+    if (!wanted.empty() && Holds(menu, wanted)) return;
     menu.clear();
     for (QAction* action : wanted) {
         if (action)

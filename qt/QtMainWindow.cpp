@@ -8,6 +8,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLayout>
+#include <QOpenGLContext>
 #include <QOpenGLWidget>
 #include <QScreen>
 #include <QTimer>
@@ -21,7 +22,10 @@ QRect VirtualScreen() {
 
 // The engine's widgets are painted by the graphics card. A window that learns of that when it is on the screen already
 // is taken away and made anew; with such a widget in it, never shown and so for nothing, it is made for them at once.
-void ExpectEngine(QWidget& area) { (new QOpenGLWidget(&area))->hide(); }
+void ExpectEngine(QWidget& area) {
+    const auto* graphics = QOpenGLContext::globalShareContext();
+    if (graphics && graphics->isValid()) (new QOpenGLWidget(&area))->hide();
+}
 
 } // namespace
 

@@ -73,8 +73,9 @@ void QtProfile::ApplySettings() {
     settings->setAttribute(QWebEngineSettings::FullScreenSupportEnabled, false);
     settings->setAttribute(QWebEngineSettings::ScrollAnimatorEnabled, true);
     settings->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
-    // All of them reach the page's own check, which lets none pass: the program asks first, and opens them itself.
-    settings->setUnknownUrlSchemePolicy(QWebEngineSettings::AllowAllUnknownUrlSchemes);
+    // They reach the page's own check, which lets none pass: the program asks first, and opens them itself. A page that
+    // nobody has clicked or typed into may not even ask.
+    settings->setUnknownUrlSchemePolicy(QWebEngineSettings::AllowUnknownUrlSchemesFromUserInteraction);
     m_profile->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
 }
 

@@ -104,7 +104,7 @@ TEST_F(EnginePermissions, OpenHeldWindowsOnceOrAlways) {
 }
 
 TEST_F(EnginePermissions, NeedNoQuestionForAWindowThatWasClickedFor) {
-    Load("<button id=b onclick=\"open('/popup')\">open</button>");
+    Load("<p>words</p><button id=b onclick=\"window.open('/popup')\">open</button>");
     desk.ClickOn(QStringLiteral("b"));
     EXPECT_TRUE(WaitUntil([&] { return desk.events.Count(QStringLiteral("W")) == 1; }));
     EXPECT_EQ(Questions().Current(), nullptr);

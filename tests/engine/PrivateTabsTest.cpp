@@ -22,7 +22,10 @@ TEST(PrivatePages, KeepACookieToThemselvesUntilTheLastOfThemHasGone) {
         return ToUtf8(desk.View(index).LocationName());
     };
     const auto loaded = [&](std::int32_t index) {
-        return WaitUntil([&] { return desk.View(index).LocationURL().ends_with(u"/set") && !desk.View(index).Busy(); });
+        return WaitUntil([&] {
+            const auto* page = desk.View(index).Page();
+            return page && page->url().path() == u"/set" && !desk.View(index).Busy();
+        });
     };
     const auto first = open(Privacy::Private, "/set");
     ASSERT_TRUE(loaded(first));
