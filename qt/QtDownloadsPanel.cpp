@@ -76,7 +76,8 @@ void QtDownloadsPanel::Close() {
     const bool hadFocus = m_pane->isAncestorOf(QApplication::focusWidget());
     m_pane->removeEventFilter(this);
     m_pane->hide();
-    // It may be in the middle of telling that it was closed.
+    // It may be in the middle of telling that it was closed. Until it is gone, another may open under its name.
+    m_pane->setObjectName({});
     m_pane->deleteLater();
     m_pane.clear();
     if (hadFocus && FocusPage) FocusPage();
