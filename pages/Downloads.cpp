@@ -73,6 +73,10 @@ const Download& Downloads::Begin(const Request& request, std::shared_ptr<Downloa
     return *Find(id);
 }
 
+void Downloads::Continue(std::int32_t id, std::shared_ptr<DownloadTransfer> transfer) {
+    if (auto* download = Look(id)) download->Transfer = std::move(transfer);
+}
+
 void Downloads::OnReport(std::int32_t id, const DownloadReport& report) {
     Download* download = Look(id);
     if (!download || m_ended) return;

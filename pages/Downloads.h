@@ -53,6 +53,8 @@ public:
     };
     /// A download begins: the one that stands for it, with the path that it is to be written to.
     const Download& Begin(const Request& request, std::shared_ptr<DownloadTransfer> transfer);
+    /// The engine goes on by itself with one that broke off, in another transfer.
+    void Continue(std::int32_t id, std::shared_ptr<DownloadTransfer> transfer);
     void OnReport(std::int32_t id, const DownloadReport& report);
 
     void Pause(std::int32_t id);

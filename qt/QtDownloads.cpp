@@ -27,7 +27,11 @@ DownloadState StateOf(const Request& request) {
     }
 }
 
+// What the engine gives as a reason when less arrives than the server announced; it has no name for it.
+constexpr int kTooShort = 38;
+
 DownloadProblem ProblemOf(const Request& request) {
+    if (static_cast<int>(request.interruptReason()) == kTooShort) return DownloadProblem::Connection;
     switch (request.interruptReason()) {
     case Request::NoReason:
         return DownloadProblem::None;
@@ -55,6 +59,8 @@ DownloadProblem ProblemOf(const Request& request) {
         return DownloadProblem::Other;
     }
 }
+
+Text AddressOf(const Request& request) { return FromQt(request.url().toString(QUrl::FullyEncoded)); }
 
 DownloadReport ReportOf(const Request& request) {
     return {StateOf(request), ProblemOf(request), request.receivedBytes(), request.totalBytes()};
@@ -90,19 +96,35 @@ QtDownloads::~QtDownloads() = default;
 void QtDownloads::Shutdown() { m_page.reset(); }
 
 void QtDownloads::Follow(QWebEngineProfile& profile) {
-    connect(&profile, &QWebEngineProfile::downloadRequested, this, [this](Request* request) { OnRequest(*request); });
+    connect(&profile, &QWebEngineProfile::downloadRequested, this,
+            [this, known = std::make_shared<Known>()](Request* request) { OnRequest(*request, *known); });
 }
 
-void QtDownloads::OnRequest(Request& request) {
+void QtDownloads::OnRequest(Request& request, Known& known) {
+    // A download that goes on after its connection broke is requested like a new one, but nobody saves one more file.
+    if (const auto* download = List ? Continued(request, known) : nullptr) {
+        List->Continue(download->Id, std::make_shared<Transfer>(request));
+        return Accept(request, *download);
+    }
     const bool wanted = request.isSavePageDownload() || m_expected.contains(request.url());
     // What the engine does not see accepted, it drops.
     if (!List || (!wanted && MaySave && !MaySave(request.page(), request.url()))) return;
-    Begin(request);
+    const Download& download = Begin(request);
+    known.insert(request.id(), download.Id);
+    Accept(request, download);
 }
 
-void QtDownloads::Begin(Request& request) {
+const Download* QtDownloads::Continued(const Request& request, const Known& known) const {
+    const auto* download = List->Find(known.value(request.id()));
+    // The engine may give a number again once it has forgotten whose it was.
+    const bool over = !download || download->Report.State == DownloadState::Done ||
+                      download->Report.State == DownloadState::Cancelled;
+    return !over && download->Address == AddressOf(request) ? download : nullptr;
+}
+
+const Download& QtDownloads::Begin(Request& request) {
     Downloads::Request wanted;
-    wanted.Address = FromQt(request.url().toString(QUrl::FullyEncoded));
+    wanted.Address = AddressOf(request);
     wanted.Total = request.totalBytes();
     if (request.isSavePageDownload()) {
         // The user has chosen its place in a dialog that asks before anything is replaced.
@@ -121,7 +143,7 @@ void QtDownloads::Begin(Request& request) {
     const auto* page = request.page();
     const bool offTheRecord = page && page->profile()->isOffTheRecord();
     wanted.Kept = offTheRecord ? Remembered::No : Remembered::Yes;
-    Accept(request, List->Begin(wanted, std::make_shared<Transfer>(request)));
+    return List->Begin(wanted, std::make_shared<Transfer>(request));
 }
 
 void QtDownloads::Accept(Request& request, const Download& download) {

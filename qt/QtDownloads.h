@@ -2,6 +2,7 @@
 #include "pages/Downloads.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QMultiHash>
 #include <QObject>
 #include <QPointer>
@@ -46,8 +47,12 @@ private:
         Text path;
         std::int32_t again = 0;
     };
-    void OnRequest(QWebEngineDownloadRequest& request);
-    void Begin(QWebEngineDownloadRequest& request);
+    /// A profile's downloads in the list, by the engine's number.
+    using Known = QHash<quint32, std::int32_t>;
+    void OnRequest(QWebEngineDownloadRequest& request, Known& known);
+    /// The list's download with which the engine goes on; nothing when it is a new one.
+    [[nodiscard]] const Download* Continued(const QWebEngineDownloadRequest& request, const Known& known) const;
+    const Download& Begin(QWebEngineDownloadRequest& request);
     void Accept(QWebEngineDownloadRequest& request, const Download& download);
 
     QMultiHash<QUrl, Expected> m_expected;
