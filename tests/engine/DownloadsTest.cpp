@@ -192,7 +192,7 @@ TEST_F(EngineDownloads, OfALinkGoWhereTheUserWantsThem) {
 
 TEST_F(EngineDownloads, OfAPageThatSavesAndSavesWaitForItsUser) {
     server.Page(QStringLiteral("/page"),
-                "<script>for (let i = 0; i < 40; ++i) { const a = document.createElement('a');"
+                "<body><script>for (let i = 0; i < 40; ++i) { const a = document.createElement('a');"
                 "a.href = 'data:text/plain,' + i; a.download = 'storm.txt'; document.body.append(a); a.click(); }"
                 "document.title = 'stormed'</script>");
     desk.Load(server.Address(QStringLiteral("/page")));
