@@ -60,10 +60,16 @@ def press(*keys):
 
 
 def tools(program, band):
-    """The names of the buttons on a toolbar, from left to right; nothing when it is not shown."""
+    """The names of the buttons on a toolbar, from left to right; nothing when it is not shown.
+
+    The button for what does not fit is left out: Qt calls it shown for a while after it has gone."""
     for node in desk.walk(program.application()):
         if node.getRoleName() == "tool bar" and node.name == band and desk.is_showing(node):
-            shown = [each for each in node if each.getRoleName() != "separator" and each.name and desk.is_showing(each)]
+            shown = [
+                each
+                for each in node
+                if each.getRoleName() != "separator" and each.name not in ("", "More tools") and desk.is_showing(each)
+            ]
             return [each.name for each in sorted(shown, key=lambda each: middle(each)[0])]
     return None
 
