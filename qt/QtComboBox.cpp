@@ -70,6 +70,8 @@ void QtComboBox::ShowSign(const BoxSign& sign) {
         m_sign->setObjectName(QStringLiteral("addressSign"));
     }
     m_sign->setIcon(icon);
+    // The text makes room for it, but is not painted anew by itself.
+    m_edit->update();
     m_sign->setText(ToQt(sign.Meaning));
     m_sign->setToolTip(ToQt(sign.Meaning));
     m_edit->setAccessibleDescription(ToQt(sign.Meaning));
