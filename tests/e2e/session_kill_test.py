@@ -380,7 +380,7 @@ class SessionKill(unittest.TestCase):
         dice = random.Random(SEED)
         offers = collections.Counter()
         for number in range(1, KILLS + 1):
-            with self.subTest(kill=number, seed=SEED):
+            with self.subTest(kill=number, numbers=SEED):
                 session = self.offered()
                 life = Life(self, dice)
                 answer = dice.choice(["Reopen", "Reopen", "Not Now", "nothing", "dies at once"])
