@@ -3,6 +3,7 @@
 #include "qt/QtPage.h"
 #include "qt/QtText.h"
 
+#include <QWebEngineSettings>
 #include <optional>
 #include <utility>
 
@@ -102,7 +103,14 @@ bool QtPermissions::MayOpenPopup(const QUrl& address) {
     // However many there are, they are one question.
     if (m_heldWindows.size() < kMostHeld) m_heldWindows << address;
     if (m_heldWindows.size() == 1) AskPopup(address);
+    // The engine itself refuses the rest, or a page that wants windows without end would find no time for a click.
+    m_page.settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, m_heldWindows.size() < kMostHeld);
     return false;
+}
+
+QList<QUrl> QtPermissions::TakeHeldWindows() {
+    m_page.settings()->resetAttribute(QWebEngineSettings::JavascriptCanOpenWindows);
+    return std::exchange(m_heldWindows, {});
 }
 
 void QtPermissions::AskPopup(const QUrl& address) {
@@ -118,7 +126,7 @@ void QtPermissions::AskPopup(const QUrl& address) {
                      .Answers = answers,
                      .Remember = {},
                      .Answered = [this, origin](std::size_t answer, bool) {
-                         const QList<QUrl> held = std::exchange(m_heldWindows, {});
+                         const QList<QUrl> held = TakeHeldWindows();
                          if (answer == 2) Remember(origin, SitePermission::Popups, true);
                          if (answer != 0 && answer != 2) return;
                          for (const QUrl& each : held) {

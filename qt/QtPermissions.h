@@ -36,6 +36,8 @@ private:
     [[nodiscard]] std::optional<bool> Decided(const QUrl& origin, SitePermission permission) const;
     void Remember(const QUrl& origin, SitePermission permission, bool allowed);
     void AskPopup(const QUrl& address);
+    /// What was held back; from now on the page may ask again.
+    QList<QUrl> TakeHeldWindows();
     void OnPersonNavigated();
     void OnAddress(const QUrl& url);
 

@@ -131,7 +131,23 @@ class Hostile(unittest.TestCase):
             program.find("push button", "Block")
             self.assertEqual(len(program.strip()), 1, program.strip())
 
-        self.live_beside("popup-storm", self.shows("Popup storm"), one_question)
+        def opened(program):
+            """Whether a click opens a window. One that comes before the page has been painted is nobody's."""
+            point = ("mousemove", "--window", program.window_id(), "400", "400")
+            subprocess.run(["xdotool", *point, "click", "1"], check=True)
+            try:
+                return desk.wait_until(lambda: len(program.strip()) > 1, seconds=5)
+            except desk.NeverTrue:
+                return False
+
+        def click(program):
+            one_question(program)
+            program.focus()
+            desk.wait_until(lambda: opened(program), what="a click opened nothing")
+            # One click is one window.
+            self.assertLess(len(program.strip()), 5, program.strip())
+
+        self.live_beside("popup-storm", self.shows("Popup storm"), click)
 
     def test_a_title_of_a_million_letters(self):
         def is_one_line(program):
