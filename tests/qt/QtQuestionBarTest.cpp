@@ -41,11 +41,12 @@ protected:
     void Press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
     [[nodiscard]] QString Words() const { return bar.findChild<QLabel*>()->text(); }
 
+    /// Outlives the questions, which are dismissed when they go.
+    QStringList answers;
     QWidget window;
     QLineEdit* page = new QLineEdit(&window);
     PageQuestions questions;
     QtQuestionBar bar{questions, &window};
-    QStringList answers;
 };
 
 TEST_F(QuestionBar, LeavesTheKeyboardToThePage) {
