@@ -112,11 +112,16 @@ void QtInstanceChannel::Receive(QLocalSocket& sender) {
         if (sender.bytesAvailable() >= kLongestLine) sender.abort();
         return;
     }
-    // Handling may run events, in which the sender may give up.
-    const QPointer<QLocalSocket> answered(&sender);
     sender.disconnect(SIGNAL(readyRead()));
-    const bool understood = Handle(sender.readLine().trimmed());
-    if (!answered) return;
+    // Handling may run events, in which the sender may give up and go. That must not happen inside its own signal.
+    const auto handle = [this, answered = QPointer(&sender), line = sender.readLine().trimmed()] {
+        const bool understood = Handle(line);
+        if (answered) Answer(*answered, understood);
+    };
+    QMetaObject::invokeMethod(&m_server, handle, Qt::QueuedConnection);
+}
+
+void QtInstanceChannel::Answer(QLocalSocket& sender, bool understood) {
     if (understood) sender.write(kDone);
     sender.flush();
     sender.disconnectFromServer();

@@ -31,6 +31,7 @@ private:
     void Listen();
     void OnConnection();
     void Receive(QLocalSocket& sender);
+    static void Answer(QLocalSocket& sender, bool understood);
     [[nodiscard]] bool Handle(const QByteArray& line) const;
     Outcome Send(const QByteArray& line);
     [[nodiscard]] bool Tell(const QByteArray& line) const;
