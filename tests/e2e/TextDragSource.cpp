@@ -16,17 +16,32 @@ QString Expanded(const QString& text) {
     return star > 0 && counted ? text.mid(star + 1).repeated(count) : text;
 }
 
+/// Remembers whether somebody asked for what is in it.
+class Data final : public QMimeData {
+public:
+    explicit Data(bool& isFetched) : m_isFetched(isFetched) {}
+
+protected:
+    QVariant retrieveData(const QString& type, QMetaType preferred) const override {
+        m_isFetched = true;
+        return QMimeData::retrieveData(type, preferred);
+    }
+
+private:
+    bool& m_isFetched;
+};
+
 class Source final : public QWidget {
 public:
     Source(QString kind, QString text) : m_kind(std::move(kind)), m_text(std::move(text)) {
         setWindowTitle(QStringLiteral("Drag Source"));
-        setWindowFlag(Qt::WindowStaysOnTopHint);
-        resize(120, 60);
+        setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        resize(100, 30);
     }
 
 protected:
     void mousePressEvent(QMouseEvent*) override {
-        auto* data = new QMimeData;
+        auto* data = new Data(m_isFetched);
         if (m_kind == u"text") data->setText(m_text);
         if (m_kind == u"link") data->setUrls({QUrl(m_text)});
         if (m_kind == u"file") data->setUrls({QUrl::fromLocalFile(m_text)});
@@ -37,13 +52,20 @@ protected:
             setWindowTitle(action == Qt::IgnoreAction ? QStringLiteral("Drag Source")
                                                       : QStringLiteral("Drag Source accepted"));
         });
-        const bool taken =
-            drag->exec(Qt::CopyAction | Qt::LinkAction | Qt::MoveAction, Qt::CopyAction) != Qt::IgnoreAction;
-        setWindowTitle(taken ? QStringLiteral("Drag Source taken") : QStringLiteral("Drag Source refused"));
+        if (drag->exec(Qt::CopyAction | Qt::LinkAction | Qt::MoveAction, Qt::CopyAction) == Qt::IgnoreAction)
+            return setWindowTitle(QStringLiteral("Drag Source refused"));
+        // Only what is asked for from now on is asked for because it was dropped.
+        m_isFetched = false;
+        // Once the other program is done with what it took, the drag is deleted. On a busy machine the X server at
+        // times knows no owner of what is dragged, and then the other program has got nothing.
+        connect(drag, &QObject::destroyed, this, [this] {
+            setWindowTitle(m_isFetched ? QStringLiteral("Drag Source taken") : QStringLiteral("Drag Source lost"));
+        });
     }
 
 private:
     QString m_kind, m_text;
+    bool m_isFetched = false;
 };
 
 } // namespace

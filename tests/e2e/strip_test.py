@@ -40,14 +40,16 @@ def drag(start, end, arrived=lambda: True):
 
 
 class Source:
-    """Another program's window, put where it covers no tab."""
+    """Another program's window. It is put right above where it drags to: on the way there is nothing else that would
+    take what is dragged, be it the page, a box or another tab."""
+
+    SIZE = (100, 30)
 
     def __init__(self, kind, text):
         self.process = subprocess.Popen([DRAG_SOURCE, kind, text], stdin=subprocess.DEVNULL)
 
     def __enter__(self):
         self.window = desk.wait_until(lambda: self.find("Drag Source"), what="no drag source")
-        desk.xdotool("windowmove", "--sync", self.window, "300", "500")
         return self
 
     def __exit__(self, *error):
@@ -55,18 +57,28 @@ class Source:
         self.process.wait()
 
     def find(self, title):
-        return desk.xdotool("search", "--pid", str(self.process.pid), "--name", f"^{title}$").split("\n")[0]
+        return desk.xdotool("search", "--all", "--pid", str(self.process.pid), "--name", f"^{title}$").split("\n")[0]
 
-    def middle(self):
+    def put_above(self, point):
+        """Where it can be pressed now."""
+        width, height = self.SIZE
+        middle = (point[0], point[1] - height)
+        desk.xdotool("windowmove", self.window, str(middle[0] - width // 2), str(middle[1] - height // 2))
+
         def place():
             shell = desk.xdotool("getwindowgeometry", "--shell", self.window).split()
-            return dict(line.split("=") for line in shell)
+            found = dict(line.split("=") for line in shell)
+            return int(found["X"]) + width // 2, int(found["Y"]) + height // 2
 
-        found = desk.wait_until(place)
-        return int(found["X"]) + int(found["WIDTH"]) // 2, int(found["Y"]) + int(found["HEIGHT"]) // 2
+        desk.wait_until(lambda: place() == middle, what=lambda: f"the window is at {place()}, not at {middle}")
+        return middle
 
-    def wait_end(self, how):
-        desk.wait_until(lambda: self.find(f"Drag Source {how}"), what=f"the drag did not end {how}")
+    def wait_end(self):
+        """How the drag ended: refused, taken, or lost on its way."""
+        return desk.wait_until(
+            lambda: next((how for how in ("refused", "taken", "lost") if self.find(f"Drag Source {how}")), None),
+            what="the drag did not end",
+        )
 
 
 class Stalling:
@@ -177,39 +189,36 @@ class Strip(unittest.TestCase):
         if target is None:
             last = tabs[-1].queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
             target = (last.x + last.width + 60, last.y + last.height // 2)
-        with Source(kind, text) as source:
-            # What is refused shows it only at the end.
-            drag(source.middle(), target, lambda: how == "refused" or source.find("Drag Source accepted"))
-            source.wait_end(how)
+        def ended():
+            with Source(kind, text) as source:
+                # What is refused shows it only at the end.
+                drag(source.put_above(target), target, lambda: how == "refused" or source.find("Drag Source accepted"))
+                return source.wait_end()
+
+        end = desk.wait_until(lambda: (found := ended()) != "lost" and found, what="all that was dropped was lost")
+        self.assertEqual(end, how)
 
     def test_links_and_text_from_another_program_are_loaded_where_they_are_dropped(self):
         with desk.PageServer() as pages:
             with desk.Program(PROGRAM, pages.address("Start"), home=self.home) as program:
                 program.wait_strip(["[Start]"])
-                self.drop_until(program, "link", pages.address("Dropped"), 0, ["Start", "[Dropped]"].__eq__)
-                self.drop_until(program, "text", pages.address("Plain"), 0, ["Plain", "[Dropped]"].__eq__)
+                self.drop_and_wait(program, "link", pages.address("Dropped"), 0, ["Start", "[Dropped]"].__eq__)
+                self.drop_and_wait(program, "text", pages.address("Plain"), 0, ["Plain", "[Dropped]"].__eq__)
                 self.drop(program, "file", "/etc/hosts", 0, how="refused")
                 self.assertEqual(program.strip(), ["Plain", "[Dropped]"])
 
-    def drop_until(self, program, kind, text, position, arrived):
-        """Drops again when nothing came of it: between two programs on a busy machine a transfer may fail."""
-
-        def attempt():
-            self.drop(program, kind, text, position)
-            try:
-                desk.wait_until(lambda: arrived(program.strip()), seconds=10)
-            except desk.NeverTrue:
-                return False
-            return True
-
-        desk.wait_until(attempt, what=lambda: f"nothing arrived of {text[:80]}: {program.strip()}")
+    def drop_and_wait(self, program, kind, text, position, arrived):
+        self.drop(program, kind, text, position)
+        desk.wait_until(
+            lambda: arrived(program.strip()), what=lambda: f"nothing arrived of {text[:80]}: {program.strip()}"
+        )
 
     def test_ten_megabytes_of_text_do_no_harm(self):
         with desk.PageServer() as pages:
             with desk.Program(PROGRAM, pages.address("Start"), home=self.home) as program:
                 program.wait_strip(["[Start]"])
-                self.drop_until(program, "text", "5000000*x ", None, lambda strip: len(strip) > 1)
-                self.drop_until(program, "link", pages.address("After"), 0, lambda strip: "After" in "".join(strip))
+                self.drop_and_wait(program, "text", "5000000*x ", None, lambda strip: len(strip) > 1)
+                self.drop_and_wait(program, "link", pages.address("After"), 0, lambda strip: "After" in "".join(strip))
 
 
 if __name__ == "__main__":
