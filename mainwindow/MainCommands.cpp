@@ -2,6 +2,7 @@
 
 #include "commands/External.h"
 #include "commands/frmResize.h"
+#include "mainwindow/MainLoad.h"
 #include "mainwindow/frmMain.h"
 #include "settings/frmInternetOptions.h"
 
@@ -46,7 +47,9 @@ void ShowInternetOptions(frmMain& main) {
                                                      .mailProgram = main.Platform.shell.ProgramFor(u"mailto"),
                                                      .newsProgram = main.Platform.shell.ProgramFor(u"news")});
     if (main.Platform.showInternetOptions) main.Platform.showInternetOptions(form);
-    if (form.Apply && main.Platform.applyInternetOptions) main.Platform.applyInternetOptions();
+    if (!form.Apply) return;
+    if (main.Platform.applyInternetOptions) main.Platform.applyInternetOptions();
+    MainLoad::ApplySleep(main);
 }
 
 Text MailAddress(const frmMain& main, TextView tool, TextView title, TextView address) {

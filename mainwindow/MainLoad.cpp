@@ -2,6 +2,7 @@
 
 #include "mainwindow/frmDefBrowser.h"
 #include "mainwindow/frmMain.h"
+#include "settings/InternetSettings.h"
 #include "settings/SettingsStore.h"
 
 #include <algorithm>
@@ -100,6 +101,7 @@ void Restore(frmMain& main) {
     const SettingsStore store(main.Platform.settings);
     PlaceWindow(main.Platform.window, store);
     CopyLiveSettings(main, store);
+    ApplySleep(main);
 }
 
 void ApplySettings(frmMain& main) {
@@ -108,6 +110,11 @@ void ApplySettings(frmMain& main) {
     main.Form_Resize();
     main.RememberLastSites = store.RememberLastSites.Get();
     CopyLiveSettings(main, store);
+}
+
+void ApplySleep(frmMain& main) {
+    const InternetValues values = InternetSettings(main.Platform.settings).Get();
+    main.Sleep.SetPatience(values.tabsSleep ? std::chrono::minutes(values.sleepMinutes) : std::chrono::minutes(0));
 }
 
 void ReopenLastSites(frmMain& main) {

@@ -12,6 +12,8 @@ void Prepare(frmMain& main);
 void Restore(frmMain& main);
 /// Brings settings that were changed in the dialog into effect.
 void ApplySettings(frmMain& main);
+/// Lets tabs sleep, or not, as the user has set it.
+void ApplySleep(frmMain& main);
 /// Reopens the addresses of the session before, the first one in the first tab.
 void ReopenLastSites(frmMain& main);
 

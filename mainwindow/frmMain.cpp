@@ -41,6 +41,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       Favorite(Commands, {Platform.trash, Platform.showAddFavorite, Platform.showOrganizeFavorites}),
       Downloads(Platform.downloads, Platform.downloadsFile),
       DownloadPanel(Downloads),
+      Sleep(pcPage, Browser),
       m_dispatcher(Commands) {
     DesignTimeBar::Make(actBar);
     WireParts();
@@ -56,7 +57,10 @@ void frmMain::WireParts() {
     Tabs.Closing = [this](std::int32_t index) { Closed.Remember(index); };
     Closed.Changed = [this] { TabMoreCommands::ShowReopen(Commands); };
     StripInput.Opening = [this] { TabMoreCommands::ShowState(Commands); };
-    pcPage.Touched = [this] { Sessions.Touch(); };
+    pcPage.Touched = [this] {
+        Sessions.Touch();
+        Sleep.Touch();
+    };
     Events.ShowMenu = [this](std::int16_t Index, const PageContext& Context) {
         PageMenu::Open(Commands, Index, Context);
     };
@@ -166,6 +170,7 @@ bool frmMain::Form_QueryUnload() {
 void frmMain::Form_Unload() {
     if (m_stage != Stage::Loaded) return;
     m_stage = Stage::Unloaded;
+    Sleep.SetPatience({});
     MainUnload::Save(*this);
     Sessions.End();
     Downloads.End();

@@ -16,6 +16,7 @@
 #include "mainwindow/SessionJournal.h"
 #include "pages/frmDownloads.h"
 #include "tabs/BrowserEvents.h"
+#include "tabs/TabSleep.h"
 
 #include <functional>
 
@@ -137,6 +138,7 @@ public:
     FavoriteCommands Favorite;
     ::Downloads Downloads;
     frmDownloads DownloadPanel;
+    TabSleep Sleep;
     bool RememberLastSites = true;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
     std::function<void()> Unloaded;

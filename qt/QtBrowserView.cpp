@@ -69,18 +69,21 @@ Outcome QtBrowserView::Refresh() {
 
 Outcome QtBrowserView::GoBack() {
     if (!m_page || !m_page->history()->canGoBack()) return Outcome::Failed;
+    m_life->Wake();
     m_page->history()->back();
     return Outcome::Done;
 }
 
 Outcome QtBrowserView::GoForward() {
     if (!m_page || !m_page->history()->canGoForward()) return Outcome::Failed;
+    m_life->Wake();
     m_page->history()->forward();
     return Outcome::Done;
 }
 
 Outcome QtBrowserView::ExecWB(BrowserCommand command) {
-    if (!m_page) return Outcome::Failed;
+    // A sleeping page has nothing to print, save or copy, and the engine takes it ill to be asked.
+    if (!m_page || m_life->Asleep()) return Outcome::Failed;
     switch (command) {
     case BrowserCommand::SaveAs:
         return QtPageOutput::SaveAs(*m_page, m_engine.PageArea());
@@ -199,7 +202,7 @@ void QtBrowserView::SetFocus() {
     m_widget->setFocus(Qt::OtherFocusReason);
 }
 
-QIcon QtBrowserView::Icon() const { return m_page ? m_page->icon() : QIcon(); }
+QIcon QtBrowserView::Icon() const { return m_life ? m_life->Icon() : QIcon(); }
 
 void QtBrowserView::StartNavigation() {
     if (!m_pending) {
@@ -243,6 +246,7 @@ void QtBrowserView::MakePage() {
     ConnectLoading();
     ConnectPage();
     MakeQuestions();
+    MakeLife();
     MakeWidget();
 }
 
@@ -255,6 +259,18 @@ void QtBrowserView::MakeQuestions() {
     m_questions->crashes.Reload = [this] { ResumeNext(Refresh()); };
     m_questions->covers.FocusPage = [this] { SetFocus(); };
     m_questions->covers.Changed = [this] { ShowQuestion(); };
+}
+
+void QtBrowserView::MakeLife() {
+    m_life = std::make_unique<QtPageLife>(*m_page);
+    m_life->AddActivity = [this](PageActivity& activity) {
+        activity.Loading |= m_loading || m_pending.has_value();
+        activity.Asks = m_questions->bar->Asks() || !m_questions->covers.Empty();
+        activity.FullScreen = m_widget && m_widget->isVisible() && m_widget->window()->isFullScreen();
+    };
+    m_life->IconChanged = [this] {
+        if (m_engine.IconChanged) m_engine.IconChanged(m_index);
+    };
 }
 
 void QtBrowserView::WireQuestions() {
@@ -293,6 +309,7 @@ void QtBrowserView::MakeWidget() {
 
 void QtBrowserView::Release() {
     m_pending.reset();
+    m_life.reset();
     m_questions.reset();
     if (m_page) m_page->disconnect(this);
     if (m_widget) {

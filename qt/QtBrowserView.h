@@ -2,6 +2,7 @@
 #include "common/platform/BrowserView.h"
 #include "qt/QtAddress.h"
 #include "qt/QtPage.h"
+#include "qt/QtPageLife.h"
 #include "qt/QtPageQuestions.h"
 
 #include <QIcon>
@@ -34,6 +35,7 @@ public:
     [[nodiscard]] Text LocationName() const override;
     [[nodiscard]] PageDocument* Document() override;
     [[nodiscard]] PageTools* Tools() override { return m_questions ? &m_questions->tools : nullptr; }
+    [[nodiscard]] PageLife* Life() override { return m_life.get(); }
     [[nodiscard]] PageSecurity Security() const override;
     [[nodiscard]] bool Busy() const override { return m_loading; }
     [[nodiscard]] Text LocationURL() const override;
@@ -77,6 +79,7 @@ private:
     void MakePage();
     void MakeWidget();
     void MakeQuestions();
+    void MakeLife();
     void Release();
     void ConnectLoading();
     void ConnectPage();
@@ -98,6 +101,7 @@ private:
     QPointer<QtPage> m_page;
     QPointer<QWebEngineView> m_widget;
     std::unique_ptr<QtPageQuestions> m_questions; ///< as long as there is a page
+    std::unique_ptr<QtPageLife> m_life;           ///< likewise
     std::optional<QtAddress> m_pending;           ///< asked for, not started
     QByteArray m_pendingHistory;                  ///< where the page that is asked for has been
     QUrl m_requested;                             ///< the address of the last navigation from outside the page

@@ -32,9 +32,6 @@ void QtBrowserView::ConnectPage() {
             [this](const QString& title) { m_events.TitleChange(m_index, FromQt(title)); });
     connect(page, &QWebEnginePage::linkHovered, this,
             [this](const QString& url) { m_events.StatusTextChange(m_index, FromQt(url)); });
-    connect(page, &QWebEnginePage::iconChanged, this, [this] {
-        if (m_engine.IconChanged) m_engine.IconChanged(m_index);
-    });
     connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_events.SoundChange(m_index); });
     // Queued: opening a TessaGroup may close this very page.
     connect(

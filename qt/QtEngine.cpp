@@ -55,7 +55,9 @@ void QtEngine::SetLoadOptions(const QtLoadOptions& options) {
     for (const auto& [index, view] : m_views) {
         view->ApplyMute();
         auto& profile = view->Privacy() == Privacy::Private ? m_private : m_profile;
-        if (profile && view->Page()) profile->TellLoadOptions(*view->Page(), options);
+        // A sleeping page is told when it wakes, like any page that loads.
+        const bool awake = view->Page() && !view->Life()->Asleep();
+        if (profile && awake) profile->TellLoadOptions(*view->Page(), options);
     }
 }
 

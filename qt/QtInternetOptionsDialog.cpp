@@ -67,6 +67,22 @@ void AddButtons(QVBoxLayout& rows, std::initializer_list<QPushButton*> buttons) 
     rows.addLayout(row);
 }
 
+void AddSleep(QVBoxLayout& rows, frmInternetOptions& form) {
+    auto* check = new QCheckBox;
+    auto* minutes = new QLineEdit;
+    auto* bad = new QLabel;
+    Bind(form.chkSleep, *check, QStringLiteral("chkSleep"), u'T');
+    Bind(form.txtSleepMinutes, *minutes, QStringLiteral("txtSleepMinutes"), QStringLiteral("Minutes"));
+    Bind(form.lblSleepBad, *bad, QStringLiteral("lblSleepBad"));
+    minutes->setFixedWidth(minutes->fontMetrics().horizontalAdvance(u'0') * kPortWidthInDigits);
+    auto* row = new QHBoxLayout;
+    row->addWidget(check);
+    row->addWidget(minutes);
+    row->addStretch();
+    rows.addLayout(row);
+    rows.addWidget(bad);
+}
+
 } // namespace
 
 QtInternetOptionsDialog::QtInternetOptionsDialog(frmInternetOptions& form, QWidget* parent)
@@ -100,6 +116,8 @@ QWidget* QtInternetOptionsDialog::GeneralPage() {
     AddBox(*rows, m_form.lblFind, m_form.txtFind, "txtFind", u'F');
     for (const char* name : {"txtSearch", "txtShop", "txtFind"})
         page->findChild<QLineEdit*>(Name(name))->setPlaceholderText(QStringLiteral("TessaView's own choice"));
+    AddSleep(*rows, m_form);
+    LeadTo(*page, m_form.txtSleepMinutes);
     rows->addStretch();
     return page;
 }
@@ -155,15 +173,16 @@ QWidget* QtInternetOptionsDialog::ConnectionPage() {
     Bind(m_form.lblProxyBad, *bad, QStringLiteral("lblProxyBad"));
     rows->addWidget(bad);
     rows->addStretch();
-    // What is missing is led to wherever it is.
-    auto* tabs = findChild<QTabWidget*>(QStringLiteral("tabOptions"));
-    for (auto* box : {&m_form.txtProxyHost, &m_form.txtProxyPort}) {
-        box->SetFocus = [tabs, page, focus = box->SetFocus] {
-            tabs->setCurrentWidget(page);
-            focus();
-        };
-    }
+    for (auto* box : {&m_form.txtProxyHost, &m_form.txtProxyPort}) LeadTo(*page, *box);
     return page;
+}
+
+void QtInternetOptionsDialog::LeadTo(QWidget& page, TextBox& box) {
+    auto* tabs = findChild<QTabWidget*>(QStringLiteral("tabOptions"));
+    box.SetFocus = [tabs, &page, focus = box.SetFocus] {
+        tabs->setCurrentWidget(&page);
+        focus();
+    };
 }
 
 QWidget* QtInternetOptionsDialog::Buttons() {

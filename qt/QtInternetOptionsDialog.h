@@ -19,6 +19,8 @@ private:
     QWidget* ClearPage();
     QWidget* ConnectionPage();
     QWidget* Buttons();
+    /// What is missing in a box is led to, on whatever page it is.
+    void LeadTo(QWidget& page, TextBox& box);
 
     frmInternetOptions& m_form;
 };

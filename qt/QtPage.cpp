@@ -11,6 +11,7 @@
 
 QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {
     connect(this, &QWebEnginePage::urlChanged, this, [this] { m_awaited.clear(); });
+    connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] { m_input.clear(); });
 }
 
 bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
@@ -102,10 +103,19 @@ bool QtPage::AcceptOwn(const QUrl& address, NavigationType type, bool isMainFram
     return atHome || (isMainFrame && byUser);
 }
 
+void QtPage::OnInputReport(const QString& report) {
+    const QString state = report.section(u' ', 1, 1), document = report.section(u' ', 2);
+    // A page of its own: what the one before it held, and the frames of that, are gone.
+    if (state == u"new") m_input.clear();
+    if (state == u"yes") m_input.insert(document);
+    if (state == u"no") m_input.remove(document);
+}
+
 void QtPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int, const QString&) {
     if (!message.startsWith(m_token)) return;
     const QString report = message.mid(m_token.size() + 1);
     const QUrl address(report.section(u' ', 1));
+    if (report.startsWith(u"input ")) return OnInputReport(report);
     if (report.startsWith(u"ready ")) Q_EMIT FrameReady(address);
     if (report.startsWith(u"load ")) Q_EMIT FrameLoaded(address);
 }

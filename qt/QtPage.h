@@ -3,6 +3,7 @@
 
 #include <QEventLoop>
 #include <QPointer>
+#include <QSet>
 #include <QUrl>
 #include <QWebEnginePage>
 #include <functional>
@@ -19,6 +20,9 @@ public:
     [[nodiscard]] static QString HostAndPort(const QUrl& url);
     /// Whether the page is about to show what is fetched from there.
     [[nodiscard]] bool Awaits(const QUrl& url) const { return !m_awaited.isEmpty() && m_awaited == url; }
+
+    /// Whether the user has typed or chosen something in the page, or in a frame of it, that was not sent.
+    [[nodiscard]] bool HoldsInput() const { return !m_input.isEmpty(); }
 
     /// Shows a dialog for which the whole engine waits - one that our script could not stand in for, or the question
     /// before a page is left - and returns; the answer comes later, or never.
@@ -49,6 +53,7 @@ protected:
                                   const QString& source) override;
 
 private:
+    void OnInputReport(const QString& report);
     PageDialogAnswer Ask(const PageDialogRequest& request);
 
     [[nodiscard]] bool AcceptOwn(const QUrl& url, NavigationType type, bool isMainFrame);
@@ -56,5 +61,6 @@ private:
     QString m_token;
     QPointer<QEventLoop> m_waiting; ///< for the answer to a dialog
     bool m_ending = false;
-    QUrl m_awaited; ///< of the top-level navigation that has not ended
+    QSet<QString> m_input; ///< the documents that hold some
+    QUrl m_awaited;        ///< of the top-level navigation that has not ended
 };

@@ -16,6 +16,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
+
 namespace {
 
 // The descriptor of the locked folder; -1 when another process holds it or it cannot be made.
@@ -37,6 +39,12 @@ constexpr auto kFrameScript = R"js((function () {
     window.addEventListener('load', function () { console.log('%1 load ' + location.href); });
 })();)js";
 
+QString InputWatch() {
+    LoadResources();
+    QFile file(QStringLiteral(":/input-watch.js"));
+    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
 } // namespace
 
 QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QString& token)
@@ -53,6 +61,7 @@ QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QS
     }
     ApplySettings();
     InstallFrameScript(token);
+    InstallInputWatch(token);
     m_profile->installUrlSchemeHandler(QtStartPage::Scheme(), m_startPage.get());
     m_profile->installUrlSchemeHandler(QtDialogScheme::Scheme(), m_dialogs.get());
 }
@@ -88,6 +97,16 @@ void QtProfile::InstallFrameScript(const QString& token) {
     script.setName(QStringLiteral("frames"));
     script.setSourceCode(QString::fromLatin1(kFrameScript).arg(token));
     script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setRunsOnSubFrames(true);
+    m_profile->scripts()->insert(script);
+}
+
+void QtProfile::InstallInputWatch(const QString& token) {
+    QWebEngineScript script;
+    script.setName(QStringLiteral("input"));
+    script.setSourceCode(InputWatch().replace(QStringLiteral("%1"), token));
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
     script.setRunsOnSubFrames(true);
     m_profile->scripts()->insert(script);

@@ -30,6 +30,7 @@ public:
 
 private:
     void InstallFrameScript(const QString& token);
+    void InstallInputWatch(const QString& token);
     void ApplySettings();
 
     int m_lock = -1;

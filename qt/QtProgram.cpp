@@ -249,7 +249,7 @@ struct QtProgram::Parts {
     QtSessionOffer offer;
     QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
     QtPageBars bars;
-    QTimer journal;
+    QTimer journal, sleep;
 };
 
 QtProgram::QtProgram(int& argc, char** argv) {
@@ -261,6 +261,7 @@ QtProgram::QtProgram(int& argc, char** argv) {
     WireWindow();
     WireEngine();
     WireSession();
+    WireSleep();
 }
 
 QtProgram::~QtProgram() = default;
@@ -329,6 +330,18 @@ void QtProgram::WireSession() {
     m->journal.callOnTimeout([&journal] { journal.Write(); });
     journal.Schedule = [this] { m->journal.start(); };
     journal.Now = [] { return QDateTime::currentSecsSinceEpoch(); };
+}
+
+void QtProgram::WireSleep() {
+    auto& sleep = m->main.Sleep;
+    m->sleep.setSingleShot(true);
+    // To the minute is near enough, and saves waking the processor up.
+    m->sleep.setTimerType(Qt::VeryCoarseTimer);
+    m->sleep.callOnTimeout([&sleep] { sleep.Look(); });
+    sleep.Schedule = [this](TabSleep::Time time) { m->sleep.start(time); };
+    sleep.Now = [] {
+        return std::chrono::duration_cast<TabSleep::Time>(std::chrono::steady_clock::now().time_since_epoch());
+    };
 }
 
 void QtProgram::WireStrip() {

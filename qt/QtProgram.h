@@ -24,6 +24,7 @@ private:
     void WireStrip();
     void ListTabs(QPoint corner);
     void WireSession();
+    void WireSleep();
 
     std::unique_ptr<Parts> m;
 };

@@ -49,11 +49,14 @@ InternetSettings::InternetSettings(SettingsStorageFactory& factory)
       Proxy(*m_storage, u"InternetProxy"),
       ProxyHost(*m_storage, u"InternetProxyHost"),
       ProxyPort(*m_storage, u"InternetProxyPort", 0),
-      DownloadFolder(*m_storage, u"InternetDownloadFolder") {}
+      DownloadFolder(*m_storage, u"InternetDownloadFolder"),
+      TabsSleep(*m_storage, u"InternetTabsSleep", false),
+      SleepMinutes(*m_storage, u"InternetSleepMinutes", 0) {}
 
 InternetValues InternetSettings::Get() const {
     const InternetValues byDesign;
     const std::int32_t port = ProxyPort.Get();
+    const std::int32_t minutes = SleepMinutes.Get();
     return {.homePage = HomePage.Get(),
             .javaScript = JavaScript.Get(),
             .cookies = KindOf(kCookies, Cookies.Get(), byDesign.cookies),
@@ -62,7 +65,10 @@ InternetValues InternetSettings::Get() const {
             .proxy = KindOf(kProxies, Proxy.Get(), byDesign.proxy),
             .proxyHost = ProxyHost.Get(),
             .proxyPort = port >= 0 && port <= kLastPort ? port : 0,
-            .downloadFolder = DownloadFolder.Get()};
+            .downloadFolder = DownloadFolder.Get(),
+            .tabsSleep = TabsSleep.Get(),
+            .sleepMinutes =
+                minutes > 0 && minutes <= InternetValues::kMostSleepMinutes ? minutes : byDesign.sleepMinutes};
 }
 
 void InternetSettings::Set(const InternetValues& values) {
@@ -75,4 +81,6 @@ void InternetSettings::Set(const InternetValues& values) {
     ResumeNext(ProxyHost.Set(values.proxyHost));
     ResumeNext(ProxyPort.Set(values.proxyPort));
     ResumeNext(DownloadFolder.Set(values.downloadFolder));
+    ResumeNext(TabsSleep.Set(values.tabsSleep));
+    ResumeNext(SleepMinutes.Set(values.sleepMinutes));
 }

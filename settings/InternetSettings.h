@@ -17,7 +17,11 @@ struct InternetValues {
     ProxyKind proxy = ProxyKind::System;
     Text proxyHost;
     std::int32_t proxyPort = 0;
-    Text downloadFolder; ///< empty for the desktop's
+    Text downloadFolder;    ///< empty for the desktop's
+    bool tabsSleep = false; ///< tabs that were not looked at for a while sleep; by design they keep living
+    std::int32_t sleepMinutes = 30;
+
+    static constexpr std::int32_t kMostSleepMinutes = 1440;
 
     friend bool operator==(const InternetValues&, const InternetValues&) = default;
 };
@@ -44,4 +48,6 @@ public:
     Setting<Text> ProxyHost;
     Setting<std::int32_t> ProxyPort;
     Setting<Text> DownloadFolder;
+    Setting<bool> TabsSleep;
+    Setting<std::int32_t> SleepMinutes;
 };

@@ -21,6 +21,12 @@ std::optional<std::int32_t> Port(const Text& text) {
     return number && *number > 0 && *number <= 65535 ? number : std::nullopt;
 }
 
+// Nothing for what is no time to sleep after.
+std::optional<std::int32_t> Minutes(const Text& text) {
+    const auto number = WholeNumber(Trimmed(text));
+    return number && *number > 0 && *number <= InternetValues::kMostSleepMinutes ? number : std::nullopt;
+}
+
 // A command that was not touched stays unset, so that it follows the desktop.
 void Keep(Setting<Text>& setting, const Text& command, const Text& shown) {
     if (command != shown) ResumeNext(setting.Set(command));
@@ -41,6 +47,7 @@ void frmInternetOptions::WireClicks() {
     cmdClear.Click = [this] { cmdClear_Click(); };
     for (auto* box : {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearTyped})
         box->Value.Change = [this] { chkClear_Click(); };
+    chkSleep.Value.Change = [this] { chkSleep_Click(); };
     cboProxy.Index.Change = [this] { cboProxy_Click(); };
     cmdOK.Click = [this] { cmdOK_Click(); };
     cmdCancel.Click = [this] { cmdCancel_Click(); };
@@ -59,6 +66,7 @@ void frmInternetOptions::Form_Load() {
     cmdUseCurrent.Enabled = !m_outside.currentPage.empty();
     cmdBrowse.Enabled = static_cast<bool>(m_outside.chooseFolder);
     chkClear_Click();
+    chkSleep_Click();
     cboProxy_Click();
 }
 
@@ -72,6 +80,8 @@ void frmInternetOptions::ShowValues(const InternetValues& values) {
     txtProxyHost.Value = values.proxyHost;
     txtProxyPort.Value = values.proxyPort > 0 ? Decimal(values.proxyPort) : Text();
     txtDownloads.Value = values.downloadFolder;
+    chkSleep.Tick(values.tabsSleep);
+    txtSleepMinutes.Value = Decimal(values.sleepMinutes);
 }
 
 InternetValues frmInternetOptions::Values() const {
@@ -83,7 +93,9 @@ InternetValues frmInternetOptions::Values() const {
             .proxy = static_cast<ProxyKind>(cboProxy.Index()),
             .proxyHost = Trimmed(txtProxyHost.Value()),
             .proxyPort = Port(txtProxyPort.Value()).value_or(0),
-            .downloadFolder = Trimmed(txtDownloads.Value())};
+            .downloadFolder = Trimmed(txtDownloads.Value()),
+            .tabsSleep = chkSleep.Ticked(),
+            .sleepMinutes = Minutes(txtSleepMinutes.Value()).value_or(InternetValues().sleepMinutes)};
 }
 
 BrowsingData frmInternetOptions::Chosen() const {
@@ -125,6 +137,18 @@ void frmInternetOptions::cboProxy_Click() {
     lblProxyBad.Caption = Text();
 }
 
+void frmInternetOptions::chkSleep_Click() {
+    txtSleepMinutes.Enabled = chkSleep.Ticked();
+    lblSleepBad.Caption = Text();
+}
+
+bool frmInternetOptions::SleepIsWhole() {
+    if (!chkSleep.Ticked() || Minutes(txtSleepMinutes.Value())) return true;
+    lblSleepBad.Caption = u"Tabs sleep after 1 to " + Decimal(InternetValues::kMostSleepMinutes) + u" minutes.";
+    if (txtSleepMinutes.SetFocus) txtSleepMinutes.SetFocus();
+    return false;
+}
+
 bool frmInternetOptions::ProxyIsWhole() {
     const InternetValues values = Values();
     if (values.proxy == ProxyKind::System || values.proxy == ProxyKind::Direct) return true;
@@ -136,7 +160,7 @@ bool frmInternetOptions::ProxyIsWhole() {
 }
 
 void frmInternetOptions::cmdOK_Click() {
-    if (!ProxyIsWhole()) return;
+    if (!SleepIsWhole() || !ProxyIsWhole()) return;
     InternetSettings(m_settings).Set(Values());
     {
         SettingsStore store(m_settings);

@@ -55,6 +55,9 @@ public:
     TextBox txtShop;
     Label lblFind{u"Find links lead to (%s stands for the link)"};
     TextBox txtFind;
+    CheckBox chkSleep{u"Let tabs that were not looked at for this many minutes sleep"};
+    TextBox txtSleepMinutes;
+    Label lblSleepBad{u""};
 
     Label lblMail{u"Mail program"};
     TextBox txtMail;
@@ -98,6 +101,9 @@ private:
     void cmdClear_Click();
     void chkClear_Click();
     void cboProxy_Click();
+    void chkSleep_Click();
+    /// Whether that is a time; says so and leads there otherwise.
+    [[nodiscard]] bool SleepIsWhole();
     /// Whether the proxy can be used; says so and leads to what is missing otherwise.
     [[nodiscard]] bool ProxyIsWhole();
     void cmdOK_Click();

@@ -2,6 +2,7 @@
 #include "common/ResumeNext.h"
 #include "common/Text.h"
 #include "common/Units.h"
+#include "common/platform/PageLife.h"
 #include "common/platform/PageTools.h"
 
 #include <array>
@@ -64,6 +65,8 @@ public:
     [[nodiscard]] virtual PageDocument* Document() = 0;
     /// Nothing while there is no page. Belongs to the view.
     [[nodiscard]] virtual PageTools* Tools() = 0;
+    /// Nothing while there is no page. Belongs to the view.
+    [[nodiscard]] virtual PageLife* Life() = 0;
     /// Of the page shown.
     [[nodiscard]] virtual PageSecurity Security() const = 0;
 

@@ -87,6 +87,21 @@ Outcome FakeView::Run(PageAction action) {
     return refuses ? Outcome::Failed : Outcome::Done;
 }
 
+Outcome FakeView::Sleep() {
+    calls.emplace_back("sleep");
+    if (refuses) return Outcome::Failed;
+    asleep = true;
+    return Outcome::Done;
+}
+
+Outcome FakeView::EndProcess() {
+    calls.emplace_back("end");
+    if (refuses || process == 0) return Outcome::Failed;
+    process = 0;
+    ended = true;
+    return Outcome::Done;
+}
+
 Outcome FakeView::ReplaceWord(TextView word) {
     calls.push_back("word " + ToUtf8(word));
     return refuses ? Outcome::Failed : Outcome::Done;

@@ -9,7 +9,7 @@
 class FakeViews;
 
 /// A view that remembers what it was asked and raises events when the test says so.
-class FakeView final : public BrowserView, public PageDocument, public PageTools {
+class FakeView final : public BrowserView, public PageDocument, public PageTools, public PageLife {
 public:
     FakeView(std::int16_t index, BrowserViewEvents& events, FakeViews& all);
     ~FakeView() override;
@@ -25,6 +25,13 @@ public:
     [[nodiscard]] PageDocument* Document() override { return hasDocument ? this : nullptr; }
     Outcome Zoom(int level) override;
     [[nodiscard]] PageTools* Tools() override { return hasTools ? this : nullptr; }
+    [[nodiscard]] PageLife* Life() override { return hasLife ? this : nullptr; }
+    [[nodiscard]] PageActivity Activity() const override { return activity; }
+    [[nodiscard]] bool Asleep() const override { return asleep; }
+    Outcome Sleep() override;
+    [[nodiscard]] std::int64_t Process() const override { return asleep ? 0 : process; }
+    [[nodiscard]] bool Ended() const override { return ended; }
+    Outcome EndProcess() override;
     [[nodiscard]] PageSecurity Security() const override { return security; }
     Outcome Run(PageAction action) override;
     Outcome ReplaceWord(TextView word) override;
@@ -55,6 +62,11 @@ public:
     std::function<void()> stopped; ///< what a page does when it is stopped
     bool hasDocument = true;
     bool hasTools = true;
+    bool hasLife = true;
+    PageActivity activity;
+    bool asleep = false;
+    bool ended = false;
+    std::int64_t process = 0;
     PageSecurity security = PageSecurity::None;
     Privacy privacy = Privacy::Ordinary;
     std::vector<Text> selectedLinks;

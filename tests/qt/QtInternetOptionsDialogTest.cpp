@@ -112,6 +112,28 @@ TEST_F(QtInternetOptionsDialogTest, WhatIsTypedAndTickedIsKeptAfterOk) {
     EXPECT_EQ(m_settings.Stored(u"MailClient"), u"letters");
 }
 
+TEST_F(QtInternetOptionsDialogTest, TabsSleepAfterTheTimeThatIsTyped) {
+    Use([](QDialog& dialog) {
+        EXPECT_FALSE(Find<QLineEdit>(dialog, "txtSleepMinutes").isEnabled());
+        auto& check = Find<QAbstractButton>(dialog, "chkSleep");
+        check.setFocus();
+        QTest::keyClick(&check, Qt::Key_Space);
+        QTest::keyClick(&check, Qt::Key_Tab);
+        auto& minutes = Find<QLineEdit>(dialog, "txtSleepMinutes");
+        ASSERT_TRUE(minutes.hasFocus());
+        QTest::keyClicks(&minutes, QStringLiteral("0"));
+        Find<QTabWidget>(dialog, "tabOptions").setCurrentIndex(2);
+        Click(dialog, "cmdOK");
+        EXPECT_TRUE(minutes.hasFocus()) << "what is wrong is led to, wherever it is";
+        EXPECT_FALSE(Find<QLabel>(dialog, "lblSleepBad").text().isEmpty());
+        QTest::keyClicks(&minutes, QStringLiteral("15"));
+        QTest::keyClick(&minutes, Qt::Key_Return);
+    });
+    EXPECT_TRUE(m_form.Apply);
+    EXPECT_TRUE(InternetSettings(m_settings).Get().tabsSleep);
+    EXPECT_EQ(InternetSettings(m_settings).Get().sleepMinutes, 15);
+}
+
 TEST_F(QtInternetOptionsDialogTest, EscapeKeepsNothing) {
     Use([](QDialog& dialog) {
         Type(dialog, "txtHomePage", "home.example");

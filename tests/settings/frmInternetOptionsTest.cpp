@@ -73,6 +73,50 @@ TEST_F(InternetOptions, OkKeepsEveryOption) {
     EXPECT_EQ(form->txtMail.Value(), u"mail --new");
 }
 
+TEST_F(InternetOptions, TabsSleepOnlyWhenAskedFor) {
+    auto form = Open();
+    EXPECT_FALSE(form->chkSleep.Ticked());
+    EXPECT_FALSE(form->txtSleepMinutes.Enabled());
+    EXPECT_EQ(form->txtSleepMinutes.Value(), u"30");
+    form->chkSleep.Tick(true);
+    EXPECT_TRUE(form->txtSleepMinutes.Enabled());
+    form->txtSleepMinutes.Value = Text(u" 5 ");
+    form->cmdOK.Click();
+    const InternetValues kept = InternetSettings(settings).Get();
+    EXPECT_TRUE(kept.tabsSleep);
+    EXPECT_EQ(kept.sleepMinutes, 5);
+    form = Open();
+    EXPECT_TRUE(form->chkSleep.Ticked());
+    EXPECT_EQ(form->txtSleepMinutes.Value(), u"5");
+}
+
+TEST_F(InternetOptions, TabsSleepAfterATimeOnly) {
+    for (const char16_t* minutes : {u"", u"0", u"-3", u"1441", u"soon", u"2.5"}) {
+        const auto form = Open();
+        int led = 0;
+        form->txtSleepMinutes.SetFocus = [&] { ++led; };
+        form->chkSleep.Tick(true);
+        form->txtSleepMinutes.Value = Text(minutes);
+        form->cmdOK.Click();
+        EXPECT_FALSE(form->Apply) << ToUtf8(minutes);
+        EXPECT_EQ(led, 1);
+        EXPECT_EQ(form->lblSleepBad.Caption(), u"Tabs sleep after 1 to 1440 minutes.");
+        // What is not asked for is in nobody's way.
+        form->chkSleep.Tick(false);
+        EXPECT_EQ(form->lblSleepBad.Caption(), u"");
+        form->cmdOK.Click();
+        EXPECT_TRUE(form->Apply);
+        EXPECT_EQ(InternetSettings(settings).Get().sleepMinutes, 30);
+    }
+}
+
+TEST_F(InternetOptions, ATimeToSleepAfterThatIsNoneCountsAsNeverSet) {
+    for (const std::int32_t minutes : {0, -1, 1441, 99999}) {
+        ResumeNext(InternetSettings(settings).SleepMinutes.Set(minutes));
+        EXPECT_EQ(InternetSettings(settings).Get().sleepMinutes, 30) << minutes;
+    }
+}
+
 TEST_F(InternetOptions, CancelKeepsNothing) {
     const auto form = Open();
     form->chkJavaScript.Tick(false);

@@ -1,0 +1,49 @@
+#pragma once
+#include "tabs/ViewArray.h"
+
+#include <chrono>
+#include <functional>
+#include <map>
+
+class TabStrip;
+
+/// Puts tabs to sleep that were not looked at for a while, if the user wants that; by design parked tabs keep living.
+/// The tab in front never sleeps, nor does one whose page does something that would be lost or missed. A sleeping tab
+/// wakes by itself when it is selected. Owned by the main window; strip and views outlive it.
+class TabSleep {
+public:
+    using Time = std::chrono::milliseconds; ///< on any steady clock
+
+    /// When to look again at a tab that had a reason to stay awake.
+    static constexpr Time kAgain{60000};
+
+    TabSleep(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {}
+
+    /// How long a tab may go without being looked at; zero for as long as it likes. For the tabs that are there when
+    /// this is switched on, it begins then.
+    void SetPatience(Time patience);
+    /// The strip has changed: notes what came, went and left the front.
+    void Touch();
+    /// Puts to sleep what may sleep by now, and asks to be called again.
+    void Look();
+
+    /// The present time. Filled in by the main window's owner; without it no tab sleeps.
+    std::function<Time()> Now;
+    /// Has `Look` called once after that time, instead of when it was asked for before. Filled in like `Now`.
+    std::function<void(Time)> Schedule;
+
+private:
+    struct Seen {
+        Time last{0};        ///< when the tab was last in front, or came
+        bool asleep = false; ///< as far as we know
+    };
+    void Note(Time now);
+    /// How long until there is something to decide about the tab.
+    [[nodiscard]] Time LookAt(std::int32_t index, Seen& seen, Time now);
+
+    TabStrip& m_pcPage;
+    ViewArray& m_browser;
+    std::map<std::int32_t, Seen> m_seen;
+    std::int32_t m_front = 0;
+    Time m_patience{0};
+};
