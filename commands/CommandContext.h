@@ -18,6 +18,8 @@ struct CommandHost {
     std::function<void()> ToggleFullScreen;
     /// Opens the developer tools for the current page, or closes them.
     std::function<void()> ToggleDevTools;
+    /// Shows what each tab uses of the machine.
+    std::function<void()> ShowTaskView;
     /// Shows the panel of downloads, or hides it.
     std::function<void()> ToggleDownloads;
     std::function<void()> Exit;

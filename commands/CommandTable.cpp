@@ -147,6 +147,7 @@ const std::array kCommands{
     Command{u"xtrTextUsual", Page::MediumTextSize},
     FromHost<&CommandHost::ToggleFullScreen>(u"xtrFullScreen"),
     FromHost<&CommandHost::ToggleDevTools>(u"xtrDevTools"),
+    FromHost<&CommandHost::ShowTaskView>(u"xtrTaskView"),
     Command{u"xtrImportFavorites", BookmarkCommands::ImportFavorites},
     Command{u"xtrImportTessaGroups", BookmarkCommands::ImportTessaGroups},
     Command{u"xtrExportFavorites", BookmarkCommands::ExportFavorites},

@@ -195,6 +195,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreMenu", u"xtrFullScreen", kGroup},
     EntryRow{u"bndMoreMenu", u"xtrBookmarks", kGroup},
     EntryRow{u"bndMoreMenu", u"xtrDevTools", kGroup},
+    EntryRow{u"bndMoreMenu", u"xtrTaskView"},
 
     EntryRow{u"bndMoreBookmarks", u"xtrImportFavorites"},
     EntryRow{u"bndMoreBookmarks", u"xtrImportTessaGroups"},

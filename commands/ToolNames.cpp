@@ -186,6 +186,8 @@ constexpr std::array kOwnTools{
     ToolRow{u"xtrTextUsual", u"&Usual Text", u"More", u"Shows the text of the page at its usual size", u"", u""},
     ToolRow{u"xtrFullScreen", u"&Full Screen", u"More", u"Shows pages on the whole screen", u"view-fullscreen", u""},
     ToolRow{u"xtrDevTools", u"&Developer Tools", u"More", u"Shows how the current page is made", u"tools", u""},
+    ToolRow{u"xtrTaskView", u"&Task View...", u"More",
+            u"Shows what each tab uses of memory and processor, and ends pages", u"utilities-system-monitor", u""},
     ToolRow{u"xtrPrivateTab", u"New &Private Tab", u"More",
             u"Opens a tab whose page, cookies and history are forgotten when it is closed", u"view-private", u""},
 
@@ -272,6 +274,7 @@ constexpr std::array kShortcuts{
     Shortcut{u"xtrDownloads", {'J', kCtrl}},
     Shortcut{u"xtrFullScreen", {Keys::kF11, 0}},
     Shortcut{u"xtrDevTools", {Keys::kF12, 0}},
+    Shortcut{u"xtrTaskView", {Keys::kEscape, kCtrl | Keys::kShift}},
 };
 
 constexpr std::array kOthers{

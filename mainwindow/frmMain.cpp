@@ -42,6 +42,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       Downloads(Platform.downloads, Platform.downloadsFile),
       DownloadPanel(Downloads),
       Sleep(pcPage, Browser),
+      TaskView(pcPage, Browser),
       m_dispatcher(Commands) {
     DesignTimeBar::Make(actBar);
     WireParts();
@@ -71,6 +72,10 @@ void frmMain::WireParts() {
     Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
     Commands.host.ShowAbout = [this] { ShowAbout(); };
     Commands.host.ShowSessions = [this] { ShowSessions(); };
+    Commands.host.ShowTaskView = [this] {
+        TaskView.Form.Visible = true;
+        if (TaskView.ShowItself) TaskView.ShowItself();
+    };
     Commands.host.Exit = [this] { Platform.window.Close(); };
     WireGroups();
     WireDownloads();
@@ -170,6 +175,7 @@ bool frmMain::Form_QueryUnload() {
 void frmMain::Form_Unload() {
     if (m_stage != Stage::Loaded) return;
     m_stage = Stage::Unloaded;
+    TaskView.Form.Visible = false;
     Sleep.SetPatience({});
     MainUnload::Save(*this);
     Sessions.End();

@@ -14,6 +14,7 @@
 #include "mainwindow/MainKeyboard.h"
 #include "mainwindow/MainLayout.h"
 #include "mainwindow/SessionJournal.h"
+#include "mainwindow/frmTaskView.h"
 #include "pages/frmDownloads.h"
 #include "tabs/BrowserEvents.h"
 #include "tabs/TabSleep.h"
@@ -139,6 +140,7 @@ public:
     ::Downloads Downloads;
     frmDownloads DownloadPanel;
     TabSleep Sleep;
+    frmTaskView TaskView;
     bool RememberLastSites = true;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
     std::function<void()> Unloaded;

@@ -46,6 +46,7 @@
 #include "qt/QtStatusBar.h"
 #include "qt/QtTabList.h"
 #include "qt/QtTabStrip.h"
+#include "qt/QtTaskView.h"
 #include "qt/QtText.h"
 #include "qt/QtTrash.h"
 #include "qt/QtWebOptions.h"
@@ -248,6 +249,7 @@ struct QtProgram::Parts {
     QtFindBar findBar;
     QtSessionOffer offer;
     QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
+    QtTaskView taskView{main.TaskView, window};
     QtPageBars bars;
     QTimer journal, sleep;
 };

@@ -343,6 +343,23 @@ TEST_F(SleepingTabs, AreNoneOfThoseWhoseProcessHasDied) {
     EXPECT_TRUE(View().CrashPage()) << "it is loaded again when its user says so, not before";
 }
 
+TEST_F(SleepingTabs, TheTaskViewEndsAPageThatThenOffersToReload) {
+    Load(QStringLiteral("/one"));
+    auto& tasks = desk.main->TaskView;
+    tasks.Form.Visible = true;
+    tasks.Selected = Text(u"Tab2");
+    ASSERT_TRUE(tasks.cmdEnd.Enabled());
+    tasks.cmdEnd.Click();
+    ASSERT_TRUE(WaitUntil([&] { return View().CrashPage() != nullptr; }));
+    tasks.Refresh();
+    EXPECT_FALSE(tasks.cmdEnd.Enabled());
+    QTest::mouseClick(View().CrashPage()->findChild<QPushButton*>(QStringLiteral("cmdReload")), Qt::LeftButton);
+    ASSERT_TRUE(WaitUntil([&] { return !View().CrashPage(); }));
+    ASSERT_TRUE(IsLoaded(u"one"));
+    EXPECT_FALSE(View().Life()->Ended());
+    EXPECT_GT(View().Life()->Process(), 0);
+}
+
 TEST_F(SleepingTabs, TakeTheLoadSwitchesOnWhenTheyWake) {
     Load(QStringLiteral("/one"));
     ASSERT_TRUE(FallsAsleep());
