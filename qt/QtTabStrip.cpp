@@ -134,6 +134,15 @@ QtTabFace QtTabStrip::PaintedFace(std::size_t position) const {
     return face;
 }
 
+// What the screen shows may be newer than what was remembered, and must be known for it to be painted over later.
+void QtTabStrip::RememberPainted(std::size_t position, const QRegion& painted) {
+    const std::size_t index = position - m_row.FirstVisible();
+    Face face = FaceAt(position);
+    if (index >= m_faces.size() || face == m_faces[index]) return;
+    const bool whole = QRegion(m_row.TabPlace(position) & m_row.Area()).subtracted(painted).isEmpty();
+    m_faces[index] = whole ? std::move(face) : Face{};
+}
+
 void QtTabStrip::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QtTabLook look(palette(), m_strip.Placement());
@@ -143,6 +152,7 @@ void QtTabStrip::paintEvent(QPaintEvent* event) {
     for (std::size_t position = m_row.FirstVisible(); position <= m_row.LastVisible(); ++position) {
         if (!m_strip.FindAt(position) || !event->region().intersects(m_row.TabPlace(position))) continue;
         look.PaintTab(painter, PaintedFace(position));
+        RememberPainted(position, event->region());
     }
     painter.restore();
     if (!m_row.Overflows()) return;

@@ -112,6 +112,7 @@ private:
     void Measure();
     [[nodiscard]] Face FaceAt(std::size_t position) const;
     void RememberFaces();
+    void RememberPainted(std::size_t position, const QRegion& painted);
     [[nodiscard]] QtTabFace PaintedFace(std::size_t position) const;
     [[nodiscard]] Spot SpotAt(QPoint point) const;
     [[nodiscard]] Spot SpotUnderPointer() const;

@@ -144,6 +144,24 @@ TEST_F(QtTabStripTest, AChangedPageIconPaintsItsTab) {
     EXPECT_EQ(log.regions[0].boundingRect(), widget.TabPlace(3));
 }
 
+TEST_F(QtTabStripTest, ATabThatWasPaintedBetweenTwoChangesIsPaintedOnceMore) {
+    AddMany(3);
+    Show();
+    strip.SetImage(strip.FindAt(2), TabImage::Red);
+    widget.repaint();
+    strip.SetImage(strip.FindAt(2), TabImage::None);
+    PaintLog log(widget);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); })) << "it would stay red";
+    EXPECT_TRUE(log.regions[0].intersects(widget.TabPlace(2)));
+
+    strip.SetImage(strip.FindAt(2), TabImage::Red);
+    widget.repaint(widget.TabPlace(2).adjusted(3, 3, -3, -3));
+    strip.SetImage(strip.FindAt(2), TabImage::None);
+    log.regions.clear();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); })) << "a part of it would stay red";
+    EXPECT_TRUE(log.regions[0].intersects(widget.TabPlace(2)));
+}
+
 TEST_F(QtTabStripTest, ABusyTabShowsRedInPlaceOfThePageIcon) {
     QPixmap blue(16, 16);
     blue.fill(Qt::blue);
