@@ -70,17 +70,22 @@ void AddButtons(QVBoxLayout& rows, std::initializer_list<QPushButton*> buttons) 
 void AddSleep(QVBoxLayout& rows, frmInternetOptions& form) {
     auto* check = new QCheckBox;
     auto* minutes = new QLineEdit;
+    auto* unit = new QLabel;
     auto* bad = new QLabel;
     Bind(form.chkSleep, *check, QStringLiteral("chkSleep"), u'T');
     Bind(form.txtSleepMinutes, *minutes, QStringLiteral("txtSleepMinutes"), QStringLiteral("Minutes"));
+    Bind(form.lblSleepMinutes, *unit, QStringLiteral("lblSleepMinutes"));
     Bind(form.lblSleepBad, *bad, QStringLiteral("lblSleepBad"));
     minutes->setFixedWidth(minutes->fontMetrics().horizontalAdvance(u'0') * kPortWidthInDigits);
     auto* row = new QHBoxLayout;
     row->addWidget(check);
     row->addWidget(minutes);
+    row->addWidget(unit);
     row->addStretch();
     rows.addLayout(row);
     rows.addWidget(bad);
+    // Who hears the box alone would not know what it is for.
+    check->setAccessibleName(QStringLiteral("Let tabs sleep that were not looked at for so many minutes"));
 }
 
 } // namespace

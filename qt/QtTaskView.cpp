@@ -27,6 +27,11 @@ constexpr int kKeyRole = Qt::UserRole;
 
 TaskColumn ColumnOf(int section) { return static_cast<TaskColumn>(section); }
 
+void AlignNumbers(QTreeWidgetItem& item) {
+    for (const TaskColumn column : {TaskColumn::Memory, TaskColumn::Processor})
+        item.setTextAlignment(static_cast<int>(column), Qt::AlignRight | Qt::AlignVCenter);
+}
+
 void Fill(QTreeWidgetItem& item, const TaskLine& line) {
     item.setData(0, kKeyRole, ToQt(line.Key));
     for (int column = 0; column < static_cast<int>(line.Cells.size()); ++column) {
@@ -35,9 +40,8 @@ void Fill(QTreeWidgetItem& item, const TaskLine& line) {
         item.setText(column, cell);
         // What a page calls itself is text; as a tool tip Qt would read it as HTML if it looks like it.
         item.setToolTip(column, QStringLiteral("<span>%1</span>").arg(cell.toHtmlEscaped()));
-        const bool number = ColumnOf(column) == TaskColumn::Memory || ColumnOf(column) == TaskColumn::Processor;
-        if (number) item.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     }
+    AlignNumbers(item);
 }
 
 QLabel* NewLabel(Label& label, const char* name) {
@@ -76,6 +80,7 @@ void QtTaskDialog::MakeTasks() {
     QStringList headings;
     for (const TextView heading : frmTaskView::kHeadings) headings << ToQt(heading);
     m_tasks->setHeaderLabels(headings);
+    AlignNumbers(*m_tasks->headerItem());
     m_tasks->setRootIsDecorated(false);
     m_tasks->setUniformRowHeights(true);
     m_tasks->setAlternatingRowColors(true);

@@ -55,8 +55,9 @@ public:
     TextBox txtShop;
     Label lblFind{u"Find links lead to (%s stands for the link)"};
     TextBox txtFind;
-    CheckBox chkSleep{u"Let tabs that were not looked at for this many minutes sleep"};
+    CheckBox chkSleep{u"Let tabs that were not looked at for"};
     TextBox txtSleepMinutes;
+    Label lblSleepMinutes{u"minutes sleep"};
     Label lblSleepBad{u""};
 
     Label lblMail{u"Mail program"};

@@ -142,6 +142,17 @@ TEST_F(SleepingTabs, WakeWhereTheyWereWithWhatThePageKept) {
     EXPECT_EQ(Script(QStringLiteral("sessionStorage.kept")), u"yes");
 }
 
+TEST_F(SleepingTabs, AreNotBusyAnyMoreOnceTheyAreAwake) {
+    server.Page(QStringLiteral("/icon"), "<title>icon</title><link rel=icon href=/icon.svg>");
+    Load(QStringLiteral("/icon"));
+    ASSERT_TRUE(FallsAsleep());
+    Select();
+    ASSERT_TRUE(IsLoaded(u"icon"));
+    EXPECT_TRUE(WaitUntil([&] { return desk.main->pcPage.Find(u"Tab2")->Image() == TabImage::None; }));
+    EXPECT_TRUE(desk.main->actBar.Find(u"mnuRefresh")->Enabled());
+    EXPECT_FALSE(desk.main->actBar.Find(u"mnuStop")->Enabled());
+}
+
 TEST_F(SleepingTabs, KeepTheirSizeOfTextAndStayMuted) {
     Load(QStringLiteral("/one"));
     View().SetMuted(true);
