@@ -89,7 +89,7 @@ private:
     void TakeRequests(int socket);
     void Answer(int socket, const std::string& path);
     void Control(int socket, const std::string& path);
-    void Send(int socket, int status, std::string_view type, std::string_view body);
+    void Send(int socket, const ::Answer& answer);
     void Flush(int socket);
     void Close(int socket);
     void AnswerWhatIsDue();
@@ -207,10 +207,7 @@ void Server::TakeRequests(int socket) {
     }
 }
 
-void Server::Answer(int socket, const std::string& path) {
-    const auto answer = AnswerFor(path);
-    Send(socket, answer.status, answer.type, answer.body);
-}
+void Server::Answer(int socket, const std::string& path) { Send(socket, AnswerFor(path)); }
 
 void Server::Control(int socket, const std::string& path) {
     if (path.starts_with("/control/wait?")) {
@@ -223,14 +220,15 @@ void Server::Control(int socket, const std::string& path) {
         m_done.clear();
     }
     const bool known = path == "/control/reset" || path == "/control/log";
-    Send(socket, known ? 200 : 404, "text/plain", known ? Log() : std::string());
+    Send(socket, {.status = known ? 200 : 404, .body = known ? Log() : std::string()});
 }
 
-void Server::Send(int socket, int status, std::string_view type, std::string_view body) {
+void Server::Send(int socket, const ::Answer& answer) {
     auto& out = m_connections[socket].out;
-    out.append("HTTP/1.1 ").append(status == 200 ? "200 OK" : "404 Not Found");
-    out.append("\r\nContent-Type: ").append(type).append("\r\nCache-Control: max-age=3600\r\nContent-Length: ");
-    out.append(std::to_string(body.size())).append("\r\n\r\n").append(body);
+    out.append("HTTP/1.1 ").append(answer.status == 200 ? "200 OK" : "404 Not Found");
+    out.append("\r\nContent-Type: ").append(answer.type).append("\r\nCache-Control: ");
+    out.append(answer.kept).append("\r\nContent-Length: ");
+    out.append(std::to_string(answer.body.size())).append("\r\n\r\n").append(answer.body);
     Flush(socket);
 }
 
@@ -265,7 +263,7 @@ void Server::AnswerWhatIsDue() {
         const Later later = each->second;
         each = m_later.erase(each);
         if (waits) {
-            Send(later.socket, 200, "text/plain", std::to_string(m_done.size()));
+            Send(later.socket, {.status = 200, .body = std::to_string(m_done.size())});
         } else {
             Answer(later.socket, later.path);
         }

@@ -128,6 +128,7 @@ Answer AnswerFor(std::string_view path) {
         return {200, "image/bmp",
                 Bitmap(kPictureSide, static_cast<std::uint32_t>(std::hash<std::string_view>()(path)))};
     }
-    if (path.starts_with("/done?")) return {200, "text/plain", "ok"};
+    // Asked for each time, however often a page is loaded.
+    if (path.starts_with("/done?")) return {200, "text/plain", "ok", "no-store"};
     return {};
 }

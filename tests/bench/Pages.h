@@ -6,7 +6,8 @@
 struct Answer {
     int status = 404;
     std::string_view type = "text/plain";
-    std::string body;
+    std::string body{};
+    std::string_view kept = "max-age=3600"; ///< how long a browser may keep it
 };
 
 /// What the server gives for a path. A page /page/<n> is about 60 kB of text with a table, its own style and script,

@@ -2,10 +2,12 @@
 """Holds TessaView against the bare program: opens the same pages with both in turn and prints what each needed.
 
     run.py --program build/tessaview --reference build/tests/bench/bench_reference \\
-           --server build/tests/bench/bench_server [--pages 1,20,100] [--restart 100] [--exit 500] [--runs 3]
+           --server build/tests/bench/bench_server [--pages 1,20,100] [--restart 100] [--exit 500] [--asleep 100]
+           [--runs 3]
 
-Also measured: how soon a start shows its window, a restart with so many remembered sites, and how soon everything is
-saved when the program is asked to end with so many tabs open.
+Also measured: how soon a start shows its window, a restart with so many remembered sites, how soon everything is saved
+when the program is asked to end with so many tabs open, and of so many tabs the memory asleep and awake, and how soon
+one wakes, held against loading its page anew.
 
 Both run on a virtual display of their own, with a fresh profile each time, and are measured from outside: what the
 page server was asked for when, and what the kernel says of all processes of the run. The exit code is 0 when all
@@ -32,6 +34,11 @@ WINDOW_TARGET = 1.25
 VALUES = {"window": "window shown, s", "first": "first request, s", "front": "front page loaded, s", "all": "all loaded, s",
           "memory": "memory, MB (PSS)", "idle": "idle CPU, s in 5 s"}
 EXIT_TARGET = 0.1  # seconds until everything is saved
+ASLEEP_TARGET = 0.25  # of the memory awake
+WAKE_TARGET = 1.0  # of the time to load the page anew
+SLEEP_MINUTES = 1  # the least that can be set
+SLEEP_PATIENCE_SECONDS = 200
+WAKE_UPS = 5
 QUIET_SECONDS = 3
 IDLE_SECONDS = 5
 END_PATIENCE_SECONDS = 10
@@ -57,6 +64,9 @@ class Processes:
         """User and system time of all of them so far."""
         ticks = sum(int(fields[11]) + int(fields[12]) for _, fields in self._stats())
         return ticks / os.sysconf("SC_CLK_TCK")
+
+    def count(self):
+        return sum(1 for _ in self._stats())
 
     def memory_megabytes(self):
         """Proportional set size of all of them: shared pages are counted once."""
@@ -304,6 +314,102 @@ def report_exit(options, server, display):
     return [f"  {words}"], problems
 
 
+def sleep_command(options, addresses, home):
+    command = program_command(options, addresses, home)
+    with open(os.path.join(home, "settings.ini"), "a", encoding="ascii") as file:
+        file.write(f"InternetTabsSleep=true\nInternetSleepMinutes={SLEEP_MINUTES}\n")
+    return command
+
+
+def wait_until_asleep(tree, awake):
+    """Waits until the processes of most pages have ended and no more do; whether they have."""
+    deadline = time.monotonic() + SLEEP_PATIENCE_SECONDS
+    counts = collections.deque([awake], maxlen=QUIET_SECONDS)
+    while time.monotonic() < deadline:
+        time.sleep(1)
+        counts.append(tree.count())
+        if len(counts) == QUIET_SECONDS and len(set(counts)) == 1 and counts[0] * 2 < awake:
+            return True
+    return False
+
+
+def seconds_until_done(key, server, display, home):
+    """From the press of a key until a page is loaded by it; nothing when none is."""
+    server.control("reset")
+    start = time.monotonic()
+    subprocess.run(["xdotool", "key", key], env=environment(display, home), check=True)
+    if server.done(1, END_PATIENCE_SECONDS) == 0:
+        return None
+    return next(moment - start for moment, path in server.events() if path.startswith("/done?"))
+
+
+def measure_wake_ups(server, display, home):
+    """What was measured, and what went wrong in words."""
+    find = ["xdotool", "search", "--onlyvisible", "--name", TITLES["TessaView"], "windowactivate", "--sync"]
+    subprocess.run(find, env=environment(display, home), check=True, capture_output=True)
+    times_of = {"wake": [], "anew": []}
+    for _ in range(WAKE_UPS):
+        for name, key in ("wake", "ctrl+shift+Tab"), ("anew", "F5"):
+            taken = seconds_until_done(key, server, display, home)
+            if taken is None:
+                return {}, f"no page was loaded by {key}"
+            times_of[name].append(taken)
+            time.sleep(1)
+    return {name: statistics.median(taken) for name, taken in times_of.items()}, ""
+
+
+def measure_sleep(options, server, display):
+    """Memory of many tabs awake and asleep, and how soon one wakes; and what went wrong in words."""
+    server.control("reset")
+    with tempfile.TemporaryDirectory(prefix="tessabench-") as home:
+        command = sleep_command(options, [server.address(n) for n in range(1, options.asleep + 1)], home)
+        process = subprocess.Popen(command, env=environment(display, home), start_new_session=True, cwd=home,
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        tree = Processes(process.pid)
+        try:
+            problem = wait_until_loaded(process, server, options.asleep, options.timeout)
+            if problem:
+                return {}, problem
+            time.sleep(QUIET_SECONDS)
+            awake = tree.count()
+            result = {"awake": tree.memory_megabytes()}
+            if not wait_until_asleep(tree, awake):
+                return result, f"{tree.count()} of {awake} processes are left, the tabs do not sleep"
+            result["asleep"] = tree.memory_megabytes()
+            woken, problem = measure_wake_ups(server, display, home)
+            return {**result, **woken}, problem
+        finally:
+            tree.kill()
+            process.wait()
+
+
+def report_ratio(label, runs, value, of, target):
+    """Prints how one median compares with another; gives the verdict."""
+    pairs = [(run[value], run[of]) for run in runs if value in run and of in run]
+    if not pairs:
+        print(f"  {label:34}         -            <= {target:.2f}  not measured")
+        return "  not measured"
+    ours, base = (statistics.median(pair[i] for pair in pairs) for i in (0, 1))
+    word = "met" if ours / base <= target else "MISSED"
+    print(f"  {label:34}{ours:10.2f}{base:10.2f}{ours / base:8.2f}   <= {target:.2f}  {word}")
+    return f"  {word}"
+
+
+def report_sleep(options, server, display):
+    """Measures tabs that sleep; gives the verdicts and what went wrong."""
+    title = f"{options.asleep} tabs asleep"
+    runs, problems = [], []
+    for run in range(1, options.runs + 1):
+        result, problem = measure_sleep(options, server, display)
+        shown = "  ".join(f"{key} {value:.2f}" for key, value in result.items())
+        print(f"  {title}, run {run}: {shown}  {problem}".rstrip(), flush=True)
+        runs.append(result)
+        problems += [f"{title}: {problem}"] if problem else []
+    print(f"\n{title}")
+    return [report_ratio("memory asleep, awake, MB (PSS)", runs, "asleep", "awake", ASLEEP_TARGET),
+            report_ratio("loaded by waking, anew, s", runs, "wake", "anew", WAKE_TARGET)], problems
+
+
 def medians(runs):
     return {key: statistics.median(run[key] for run in runs) for key in VALUES if all(key in run for run in runs)}
 
@@ -370,6 +476,8 @@ def comparisons(options, server, display):
                       restart_command)
     if options.exit:
         yield report_exit(options, server, display)
+    if options.asleep:
+        yield report_sleep(options, server, display)
 
 
 def arguments():
@@ -380,6 +488,7 @@ def arguments():
     parser.add_argument("--pages", default="1,20,100", help="numbers of pages, at most 250 each")
     parser.add_argument("--restart", type=int, default=100, help="remembered sites of a restart; 0 for none")
     parser.add_argument("--exit", type=int, default=500, help="tabs that are open at the end; 0 for none")
+    parser.add_argument("--asleep", type=int, default=100, help="tabs that sleep; 0 for none")
     parser.add_argument("--runs", type=int, default=3, help="repetitions of each; the median counts")
     parser.add_argument("--delay", type=int, default=20, help="of each answer, milliseconds")
     parser.add_argument("--timeout", type=float, default=120, help="of each run, seconds")
@@ -395,7 +504,7 @@ def main():
     print(f"{os.cpu_count()} processors, load average {os.getloadavg()[0]:.2f} before the first run, "
           f"{options.delay} ms for each answer, median of {options.runs}")
     verdicts, problems = [], []
-    with Display() as display, PageServer(options.server, max([1, options.restart, *options.pages]), options.delay) as server:
+    with Display() as display, PageServer(options.server, max([1, options.restart, options.asleep, *options.pages]), options.delay) as server:
         # Not counted: it brings both programs and the engine from the disk into memory.
         for command_for in program_command, reference_command:
             measure(command_for, options, 1, server, display, quiet=0, idle=0)
