@@ -51,6 +51,8 @@ struct CommandHost {
     std::function<Text(TextView folder)> SaveFavorites;
     /// Edits the TessaGroup of that path.
     std::function<void(TextView path)> OrganizeTessaGroup;
+    /// Moves a file to the desktop's trash; fails where there is none for it.
+    std::function<Outcome(TextView path)> MoveToTrash;
     /// Whether a Favorites link may be opened; asks the user where that is in doubt.
     std::function<bool(TextView address)> MayOpenLink;
 };

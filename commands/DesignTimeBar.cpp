@@ -209,6 +209,7 @@ constexpr std::array kEntries{
 
     EntryRow{u"bndGroupEntry", u"xtrGroupOpen"},
     EntryRow{u"bndGroupEntry", u"xtrGroupOrganize"},
+    EntryRow{u"bndGroupEntry", u"xtrGroupDelete", kGroup},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.

@@ -18,6 +18,11 @@ std::vector<Text> AddressesIn(TextView folder) {
     return addresses;
 }
 
+/// A group that is made of a folder is called like it.
+Text SuggestedName(TextView folder) {
+    return Favorites::FileNameOf(folder.substr(folder.rfind(u'/') + 1)) + Text(TessaGroups::kExtension);
+}
+
 } // namespace
 
 FavoriteCommands::FavoriteCommands(CommandContext& context, Outside outside)
@@ -76,7 +81,8 @@ Text FavoriteCommands::SaveAsGroup(TextView folder) {
     if (addresses.empty()) return u"There are no pages in that folder.";
     Text path = m_context.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
                                           .InitDir = m_context.groupFolder,
-                                          .Filter = Text(TessaGroups::kFileFilter)});
+                                          .Filter = Text(TessaGroups::kFileFilter),
+                                          .FileName = SuggestedName(folder)});
     if (path.empty()) return {};
     if (!path.ends_with(TessaGroups::kExtension)) path += TessaGroups::kExtension;
     using TessaGroups::Saved;

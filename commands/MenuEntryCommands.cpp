@@ -1,7 +1,28 @@
 #include "commands/MenuEntryCommands.h"
 
 #include "commands/RuntimeIds.h"
+#include "common/AtomicFile.h"
+#include "common/Captions.h"
 #include "favorites/Favorites.h"
+#include "groups/TessaGroups.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr TextView kNoTrashQuestion =
+    u"The TessaGroup cannot be moved to the trash. Do you want to delete it for good?";
+
+Text NameOf(TextView path) {
+    path.remove_prefix(path.rfind(u'/') + 1);
+    return OneLine(path.substr(0, path.size() - std::min(path.size(), TessaGroups::kExtension.size())));
+}
+
+bool Agrees(CommandContext& context, TextView question) {
+    return context.messages.AskYesNoCancel(question) == Answer::Yes;
+}
+
+} // namespace
 
 namespace MenuEntryCommands {
 
@@ -34,5 +55,14 @@ void OpenLink(CommandContext& context) {
 void OpenGroup(CommandContext& context) { context.groups.OpenTessaGroup(Text(context.menuEntry)); }
 
 void OrganizeGroup(CommandContext& context) { context.host.OrganizeTessaGroup(Text(context.menuEntry)); }
+
+void DeleteGroup(CommandContext& context) {
+    const Text path = context.menuEntry;
+    if (!Agrees(context, u"Do you want to move the TessaGroup \"" + NameOf(path) + u"\" to the trash?")) return;
+    const bool there = context.host.MoveToTrash(path) == Outcome::Failed && FileExists(ToUtf8(path));
+    const bool stays = there && (!Agrees(context, kNoTrashQuestion) || TessaGroups::Delete(path) == Outcome::Failed);
+    context.groupsMenuStale = true;
+    context.tabs.ShowStatusText(stays ? u"The TessaGroup was not deleted." : u"The TessaGroup has been deleted.");
+}
 
 } // namespace MenuEntryCommands

@@ -1,6 +1,7 @@
 #include "commands/RuntimeMenus.h"
 
 #include "commands/MenuEntryCommands.h"
+#include "commands/RuntimeIds.h"
 #include "groups/TessaGroups.h"
 
 #include <algorithm>
@@ -45,6 +46,14 @@ bool RuntimeMenus::EntryPopup(const Tool& tool) {
 std::function<void()> RuntimeMenus::EntryMiddleClick(const Tool& tool) {
     if (!tool.SubBand.starts_with(Favorites::kBandPrefix) || !m_context.host.OpenFavorites) return {};
     return [this, folder = tool.Description] { m_context.host.OpenFavorites(folder); };
+}
+
+std::function<void()> RuntimeMenus::EntryDelete(const Tool& tool) {
+    if (RuntimeIds::KindOf(tool.Id()) != RuntimeIds::Kind::Group) return {};
+    return [this, path = tool.Description] {
+        m_context.menuEntry = path;
+        MenuEntryCommands::DeleteGroup(m_context);
+    };
 }
 
 void RuntimeMenus::RebuildFavorites(Band& band) {

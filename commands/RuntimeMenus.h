@@ -20,6 +20,8 @@ public:
     /// What a click with the middle button on an entry that opens a menu does, once all menus have closed; nothing for
     /// most.
     [[nodiscard]] std::function<void()> EntryMiddleClick(const Tool& tool);
+    /// What the Delete key on an entry does, once all menus have closed; nothing for most.
+    [[nodiscard]] std::function<void()> EntryDelete(const Tool& tool);
     /// Takes the entries' pictures from the hidden tools that are there to carry them.
     void KeepPictures();
     /// Lets the pictures of Favorites go. Deliberate: that of TessaGroups stays.

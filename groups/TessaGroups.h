@@ -57,6 +57,9 @@ Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, Me
 /// read none; hidden files, and names that are not valid text, are left out.
 [[nodiscard]] CKeyValues List(TextView folder);
 
+/// Deletes a group's file for good.
+Outcome Delete(TextView path);
+
 /// Adds an entry for each group of the folder to a band, behind what it has: ids count on from `nextId`, which the
 /// caller keeps for the whole run and which is 0 before the first use; the description is the file's full path.
 void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId);

@@ -44,6 +44,11 @@ CKeyValues List(TextView folder) {
     return groups;
 }
 
+Outcome Delete(TextView path) {
+    std::error_code failed;
+    return std::filesystem::remove(ToUtf8(path), failed) ? Outcome::Done : Outcome::Failed;
+}
+
 void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId) {
     constexpr TextView kMark = u"555-";
     if (nextId == 0) nextId = kFirstId;

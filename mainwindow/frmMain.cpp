@@ -91,6 +91,7 @@ void frmMain::WireGroups() {
     Commands.host.SaveAsTessaGroup = [this](TextView path) { Groups.SaveAsTessaGroup(path); };
     Commands.host.OrganizeTessaGroup = [this](TextView path) { OrganizeTessaGroup(path); };
     Commands.host.OrganizeTessaGroups = [this] { Groups.OrganizeTessaGroups(); };
+    Commands.host.MoveToTrash = [this](TextView path) { return Platform.trash.Take(path); };
 }
 
 void frmMain::WireDownloads() {

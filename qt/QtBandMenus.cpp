@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QCursor>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <algorithm>
@@ -102,7 +103,15 @@ bool QtBandMenus::PopupFor(const QAction* action, QPoint at) {
 bool QtBandMenus::MiddleClick(const QAction* action) {
     const auto tool = m_actions.ToolOf(action);
     if (!tool || !action->menu() || !EntryMiddleClick) return false;
-    auto effect = EntryMiddleClick(*tool);
+    return RunBehindMenus(EntryMiddleClick(*tool));
+}
+
+bool QtBandMenus::DeleteKey(const QAction* action) {
+    const auto tool = m_actions.ToolOf(action);
+    return tool && EntryDelete && RunBehindMenus(EntryDelete(*tool));
+}
+
+bool QtBandMenus::RunBehindMenus(std::function<void()> effect) {
     if (!effect) return false;
     HideAllBut(nullptr);
     // Whatever it shows must not come up while a menu still holds mouse and keyboard.
@@ -124,6 +133,10 @@ bool QtBandMenus::eventFilter(QObject* watched, QEvent* event) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
         const bool middle = mouse->button() == Qt::MiddleButton;
         return middle && MiddleClick(menu->actionAt(mouse->position().toPoint()));
+    }
+    if (event->type() == QEvent::KeyPress) {
+        const bool deletes = static_cast<QKeyEvent*>(event)->matches(QKeySequence::Delete);
+        return deletes && DeleteKey(menu->activeAction());
     }
     return QObject::eventFilter(watched, event);
 }

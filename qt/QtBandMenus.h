@@ -35,6 +35,8 @@ public:
     /// What a click with the middle button on an entry that opens a menu does; nothing for most. Called once no menu
     /// is open any more.
     std::function<std::function<void()>(const Tool&)> EntryMiddleClick;
+    /// What the Delete key on an entry does; nothing for most. Called once no menu is open any more.
+    std::function<std::function<void()>(const Tool&)> EntryDelete;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -54,6 +56,9 @@ private:
     void HideAllBut(const QMenu* hidden);
     bool PopupFor(const QAction* action, QPoint at);
     bool MiddleClick(const QAction* action);
+    bool DeleteKey(const QAction* action);
+    /// Closes all menus and then runs it; false when there is nothing to run.
+    bool RunBehindMenus(std::function<void()> effect);
 
     CommandBar& m_bar;
     QtToolActions& m_actions;

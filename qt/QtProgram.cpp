@@ -320,6 +320,7 @@ void QtProgram::WireWindow() {
     auto& menus = m->commandBar.Menus();
     menus.EntryPopup = [&main](const Tool& tool) { return main.Menus.EntryPopup(tool); };
     menus.EntryMiddleClick = [&main](const Tool& tool) { return main.Menus.EntryMiddleClick(tool); };
+    menus.EntryDelete = [&main](const Tool& tool) { return main.Menus.EntryDelete(tool); };
     m->fileDrop.Takes = GroupCommands::IsGroupFile;
     m->fileDrop.Dropped = [&main](const std::vector<Text>& files) { main.Groups.OpenTessaGroups(files); };
     m->channel.Foreground = [this](const QByteArray& token) { m->window.BringToForeground(token); };

@@ -161,6 +161,7 @@ TEST_F(RuntimeMenusTest, AFolderPopsUpWhatToDoWithItsPages) {
     EXPECT_EQ(m_desk.Strip(), "1 2 [3*]");
     m_desk.files.chosen = m_groups.PathText("news.tvg");
     m_desk.Click(u"xtrFolderSave");
+    EXPECT_EQ(m_desk.files.last.FileName, u"news.tvg");
     EXPECT_EQ(m_desk.Status(), "The TessaGroup has been saved.");
     EXPECT_EQ(m_groups.Read("news.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
 }
@@ -204,13 +205,72 @@ TEST_F(RuntimeMenusTest, ALinkPopsUpToOpenInANewTab) {
 TEST_F(RuntimeMenusTest, AGroupPopsUpToBeOpenedOrOrganized) {
     Group("g");
     Opened(u"bndTessaGroupsMenu");
-    EXPECT_EQ(PopupOf(Entry(u"bndTessaGroupsMenu", 3)), "xtrGroupOpen xtrGroupOrganize");
+    EXPECT_EQ(PopupOf(Entry(u"bndTessaGroupsMenu", 3)), "xtrGroupOpen xtrGroupOrganize xtrGroupDelete");
     m_desk.Click(u"xtrGroupOpen");
     EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://1/");
     Text edited;
     m_desk.inTessaGroup = [&](frmTessaGroup& form) { edited = form.lblTessaGroupName.Caption(); };
     m_desk.Click(u"xtrGroupOrganize");
     EXPECT_EQ(edited, u"g.tvg");
+}
+
+TEST_F(RuntimeMenusTest, AGroupGoesToTheTrashOnceTheUserAgrees) {
+    for (const char* name : {"a", "b"}) Group(name);
+    m_desk.trash.take = [](TextView path) { return TessaGroups::Delete(path); };
+    Opened(u"bndTessaGroupsMenu");
+    PopupOf(Entry(u"bndTessaGroupsMenu", 3));
+    m_desk.Click(u"xtrGroupDelete");
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150000 a, 150001 b") << "cancelled";
+    m_desk.messages.answer = Answer::Yes;
+    m_desk.Click(u"xtrGroupDelete");
+    EXPECT_EQ(m_desk.messages.asked.back(), u"Do you want to move the TessaGroup \"a\" to the trash?");
+    EXPECT_EQ(m_desk.messages.asked.size(), 2U);
+    EXPECT_EQ(m_desk.Status(), "The TessaGroup has been deleted.");
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150002 b");
+}
+
+TEST_F(RuntimeMenusTest, WithoutATrashAGroupIsDeletedForGoodOnceTheUserAgreesToThat) {
+    Group("a");
+    Opened(u"bndTessaGroupsMenu");
+    PopupOf(Entry(u"bndTessaGroupsMenu", 3));
+    m_desk.messages.answer = Answer::Yes;
+    m_desk.messages.whileOpen = [this] {
+        if (m_desk.messages.asked.size() == 2) m_desk.messages.answer = Answer::No;
+    };
+    m_desk.Click(u"xtrGroupDelete");
+    EXPECT_EQ(m_desk.Status(), "The TessaGroup was not deleted.");
+    EXPECT_EQ(m_groups.Files(), 1U);
+    m_desk.messages.answer = Answer::Yes;
+    m_desk.Click(u"xtrGroupDelete");
+    EXPECT_EQ(m_desk.messages.asked.back(),
+              u"The TessaGroup cannot be moved to the trash. Do you want to delete it for good?");
+    EXPECT_EQ(m_desk.Status(), "The TessaGroup has been deleted.");
+    EXPECT_EQ(m_groups.Files(), 0U);
+}
+
+TEST_F(RuntimeMenusTest, AGroupThatIsGoneAlreadyIsNoTrouble) {
+    Group("a");
+    Opened(u"bndTessaGroupsMenu");
+    PopupOf(Entry(u"bndTessaGroupsMenu", 3));
+    m_desk.messages.answer = Answer::Yes;
+    m_desk.messages.whileOpen = [this] { EXPECT_EQ(TessaGroups::Delete(m_groups.PathText("a.tvg")), Outcome::Done); };
+    m_desk.Click(u"xtrGroupDelete");
+    EXPECT_EQ(m_desk.messages.asked.size(), 1U);
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), kFixedGroups);
+}
+
+TEST_F(RuntimeMenusTest, TheDeleteKeyIsForGroupsAlone) {
+    Favorite("a", "http://a/");
+    Group("g");
+    Opened(u"bndFavorites");
+    Opened(u"bndTessaGroupsMenu");
+    EXPECT_FALSE(m_desk.main.Menus.EntryDelete(Entry(u"bndFavorites", 2)));
+    EXPECT_FALSE(m_desk.main.Menus.EntryDelete(Entry(u"bndTessaGroupsMenu", 0)));
+    const auto effect = m_desk.main.Menus.EntryDelete(Entry(u"bndTessaGroupsMenu", 3));
+    ASSERT_TRUE(effect);
+    m_desk.messages.answer = Answer::Yes;
+    effect();
+    EXPECT_EQ(m_desk.messages.asked.front(), u"Do you want to move the TessaGroup \"g\" to the trash?");
 }
 
 TEST_F(RuntimeMenusTest, OtherEntriesPopUpNothing) {

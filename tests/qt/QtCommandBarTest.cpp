@@ -99,6 +99,11 @@ protected:
         shown->Menus().EntryMiddleClick = [this](const Tool& tool) {
             return [this, name = ToUtf8(tool.Name())] { clicked += "middle " + name + ";"; };
         };
+        shown->Menus().EntryDelete = [this](const Tool& tool) {
+            std::function<void()> effect;
+            if (tool.Name() == u"folder") effect = [this] { clicked += "delete;"; };
+            return effect;
+        };
         menu = window.menuBar()->actions().constFirst()->menu();
         menu->popup(window.mapToGlobal(QPoint(0, 30)));
     }
@@ -140,6 +145,17 @@ TEST_F(QtEntryMenuTest, AMiddleClickOnAMenusEntryRunsOnceAllMenusHaveClosed) {
     EXPECT_EQ(clicked, "") << "not while a menu is open";
     EXPECT_FALSE(menu->isVisible());
     ASSERT_TRUE(QTest::qWaitFor([&] { return clicked == "middle folder;"; }));
+}
+
+TEST_F(QtEntryMenuTest, TheDeleteKeyOnAnEntryRunsOnceAllMenusHaveClosed) {
+    menu->setActiveAction(shown->Find(u"mnuGoBack"));
+    QTest::keyClick(menu, Qt::Key_Delete);
+    EXPECT_TRUE(menu->isVisible()) << "nothing is to be deleted there";
+    menu->setActiveAction(shown->Find(u"folder"));
+    QTest::keyClick(menu, Qt::Key_Delete);
+    EXPECT_EQ(clicked, "") << "not while a menu is open";
+    EXPECT_FALSE(menu->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return clicked == "delete;"; }));
 }
 
 TEST_F(QtEntryMenuTest, AMenuOfNothingSaysSo) {
