@@ -18,6 +18,8 @@ QtBandMenus::~QtBandMenus() {
 
 namespace {
 
+constexpr qsizetype kManyEntries = 500;
+
 // Laying out a menu of thousands of entries takes long, so one that is still right is not filled again.
 bool Holds(const QMenu& menu, const std::vector<QAction*>& wanted) {
     const auto same = [](const QAction* has, const QAction* wants) {
@@ -57,11 +59,11 @@ void QtBandMenus::Fill(QMenu& menu, const Text& name) {
     const std::vector<QAction*> wanted = ActionsOf(*band);
     if (!wanted.empty() && Holds(menu, wanted)) return;
     menu.clear();
-    for (QAction* action : wanted) {
-        if (action)
-            menu.addAction(action);
-        else
-            menu.addSeparator();
+    // From the last to the first: at its beginning the menu finds the place for an entry at once.
+    QAction* next = nullptr;
+    for (auto action = wanted.rbegin(); action != wanted.rend(); ++action) {
+        if (*action) menu.insertAction(next, *action);
+        next = *action ? *action : menu.insertSeparator(next);
     }
     // A menu of nothing would be a speck on the screen.
     if (menu.isEmpty()) menu.addAction(QStringLiteral("(Empty)"))->setEnabled(false);
@@ -122,6 +124,8 @@ bool QtBandMenus::RunBehindMenus(std::function<void()> effect) {
 bool QtBandMenus::eventFilter(QObject* watched, QEvent* event) {
     const auto* menu = qobject_cast<QMenu*>(watched);
     if (!menu) return QObject::eventFilter(watched, event);
+    // Entries in one column lie where they do whatever size the menu gets; laying out thousands anew takes long.
+    if (event->type() == QEvent::Resize) return menu->actions().size() > kManyEntries;
     if (event->type() == QEvent::ContextMenu) {
         const auto* wanted = static_cast<QContextMenuEvent*>(event);
         const bool byKey = wanted->reason() == QContextMenuEvent::Keyboard;

@@ -195,9 +195,14 @@ void QtComboBox::SetRoom(int width) {
     updateGeometry();
 }
 
+int QtComboBox::Wanted() const { return m_tool.Width().value; }
+
+int QtComboBox::Narrowest() const { return std::min(Wanted(), kNarrowest); }
+
 QSize QtComboBox::sizeHint() const {
-    const bool fills = m_tool.FillsRow() && m_room > 0;
-    return {fills ? m_room : m_tool.Width().value, QComboBox::sizeHint().height()};
+    const bool fills = m_tool.FillsRow();
+    const int width = m_room == 0 ? Wanted() : fills ? m_room : std::min(Wanted(), m_room);
+    return {width, QComboBox::sizeHint().height()};
 }
 
 QSize QtComboBox::minimumSizeHint() const {

@@ -20,7 +20,12 @@ public:
     void ShowValue();
     void ShowSelection();
     void ShowSign(const BoxSign& sign);
-    /// How wide a box that fills its row may be, in logical pixels.
+    // Widths in logical pixels.
+    /// How wide it would be had it room enough, and how narrow it may become.
+    [[nodiscard]] int Wanted() const;
+    [[nodiscard]] int Narrowest() const;
+    /// How wide it may be: a box that fills its row is as wide as that, another one no wider. 0 for as wide as it
+    /// wants.
     void SetRoom(int width);
 
     void showPopup() override;

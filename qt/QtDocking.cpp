@@ -15,6 +15,8 @@
 namespace {
 
 constexpr int kWidestMinimum = 360; // of a toolbar with a box, in logical pixels
+// Of a box that fills its row: it makes room for others as long as it has more than the first.
+constexpr int kFairFilling = 280;
 constexpr int kNarrowestFilling = 120;
 
 struct SideName {
@@ -47,6 +49,23 @@ std::pair<int, int> Standing(const QToolBar& bar, DockSide side) {
     default:
         return {at.y(), at.x()};
     }
+}
+
+/// The boxes that fill a row have what the others leave. Where that is too little for them, the others shrink first.
+void ShareRoom(int room, const std::vector<QtComboBox*>& filling, const std::vector<QtComboBox*>& others) {
+    const int count = static_cast<int>(filling.size());
+    int wanted = 0, least = 0;
+    for (const auto* box : others) {
+        wanted += box->Wanted();
+        least += box->Narrowest();
+    }
+    const int left = count == 0 ? wanted : std::clamp(room - count * kFairFilling, least, wanted);
+    for (auto* box : others) {
+        const int spare = box->Wanted() - box->Narrowest();
+        const bool shrinks = left < wanted;
+        box->SetRoom(shrinks ? box->Narrowest() + (left - least) * spare / (wanted - least) : 0);
+    }
+    for (auto* box : filling) box->SetRoom(std::max((room - left) / count, kNarrowestFilling));
 }
 
 } // namespace
@@ -176,28 +195,33 @@ void QtDocking::ShareRows() {
             std::erase_if(upright, [&](Band* band) { return std::ranges::find(row, band) != row.end(); });
         }
     }
-    for (const Band* band : upright) m_toolBars.Find(*band)->setMinimumWidth(0);
+    for (const Band* band : upright) {
+        QToolBar* bar = m_toolBars.Find(*band);
+        bar->setMinimumWidth(0);
+        for (auto* box : bar->findChildren<QtComboBox*>()) box->SetRoom(0);
+    }
 }
 
-// A box shrinks before it leaves its toolbar, and the one that fills its row has what the others leave.
+// A box shrinks before it leaves its toolbar.
 void QtDocking::ShareRow(const std::vector<Band*>& row) {
-    std::vector<QtComboBox*> filling;
-    int taken = 0;
+    std::vector<QtComboBox*> filling, others;
+    int room = m_window.width();
     for (Band* band : row) {
         QToolBar* bar = m_toolBars.Find(*band);
+        // It may still know the widths that its boxes had before.
+        bar->layout()->invalidate();
         const int hint = bar->layout()->sizeHint().width();
         int spare = 0;
-        taken += hint;
+        room -= hint;
         for (auto* box : bar->findChildren<QtComboBox*>()) {
-            spare += box->sizeHint().width() - box->minimumSizeHint().width();
-            if (!box->Shown().FillsRow()) continue;
-            taken -= box->sizeHint().width();
-            filling.push_back(box);
+            const int width = box->sizeHint().width();
+            spare += width - box->minimumSizeHint().width();
+            room += width;
+            (box->Shown().FillsRow() ? filling : others).push_back(box);
         }
         bar->setMinimumWidth(spare > 0 ? std::min(hint - spare, kWidestMinimum) : 0);
     }
-    const int room = filling.empty() ? 0 : (m_window.width() - taken) / static_cast<int>(filling.size());
-    for (auto* box : filling) box->SetRoom(std::max(room, kNarrowestFilling));
+    ShareRoom(room, filling, others);
 }
 
 bool QtDocking::eventFilter(QObject* watched, QEvent* event) {

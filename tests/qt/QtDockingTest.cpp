@@ -192,6 +192,32 @@ TEST_F(QtOverflowTest, ABoxShrinksBeforeItLeavesItsToolbar) {
     EXPECT_EQ(More(kAddress), nullptr);
 }
 
+TEST_F(QtOverflowTest, TheBoxThatFillsTheRowShrinksLast) {
+    bar.FindCombo(u"cboAddress")->FillsRow = true;
+    AddCombo(u"cboSearch")->Width = Pixels{240};
+    bar.FindBand(kAddress)->Append(bar.Share(u"cboSearch"));
+    bar.RecalcLayout();
+    const auto waitWidths = [this](int address, int search) {
+        const auto widths = [this] { return std::pair(Box(u"cboAddress").width(), Box(u"cboSearch").width()); };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return widths() == std::pair(address, search); }))
+            << widths().first << " " << widths().second;
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Box(u"cboSearch").width() == 240; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ToolBarOf(kAddress).geometry().right() >= window.width() - 10; }));
+    const int wide = Box(u"cboAddress").width();
+    ASSERT_GT(wide, 280);
+    window.resize(900 - (wide - 280), 400);
+    waitWidths(280, 240);
+    window.resize(window.width() - 60, 400);
+    waitWidths(280, 180);
+    window.resize(window.width() - 60 - 100, 400);
+    waitWidths(180, 120);
+    EXPECT_EQ(More(kAddress), nullptr);
+    EXPECT_EQ(bar.FindCombo(u"cboSearch")->Width().value, 240) << "what it is to be is kept";
+    window.resize(900, 400);
+    waitWidths(wide, 240);
+}
+
 TEST_F(QtOverflowTest, ABoxBehindTheButtonIsReachedByItsKeyAndTypedIn) {
     Band* address = bar.FindBand(kAddress);
     for (int i = 0; i < 40; ++i) {
