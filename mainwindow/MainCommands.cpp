@@ -34,15 +34,17 @@ void ForgetTyped(frmMain& main) {
     ResumeNext(store.SearchHistory.Set({}));
 }
 
-void Clear(frmMain& main, const BrowsingData& data) {
+void Clear(frmMain& main, const BrowsingData& data, const Forgotten& done) {
     if (data.typed) ForgetTyped(main);
-    if (main.Platform.clearBrowsingData) main.Platform.clearBrowsingData(data);
+    if (main.Platform.clearBrowsingData) return main.Platform.clearBrowsingData(data, done);
+    done(Outcome::Done);
 }
 
 void ShowInternetOptions(frmMain& main) {
     const auto* view = main.Tabs.CurrentView();
+    const auto clear = [&main](const BrowsingData& data, const Forgotten& done) { Clear(main, data, done); };
     frmInternetOptions form(main.Platform.settings, {.chooseFolder = main.Platform.chooseFolder,
-                                                     .clear = [&main](const BrowsingData& data) { Clear(main, data); },
+                                                     .clear = clear,
                                                      .currentPage = view ? view->Control->LocationURL() : Text(),
                                                      .mailProgram = main.Platform.shell.ProgramFor(u"mailto"),
                                                      .newsProgram = main.Platform.shell.ProgramFor(u"news")});

@@ -82,8 +82,8 @@ struct MainWindowPlatform {
     std::function<void(frmInternetOptions&)> showInternetOptions{};
     /// Puts the stored Internet Options into effect for the engine.
     std::function<void()> applyInternetOptions{};
-    /// Has the engine forget what it keeps of where pages have been.
-    std::function<void(const BrowsingData&)> clearBrowsingData{};
+    /// Has the engine forget what it keeps of where pages have been, and tells when it has, which may never come.
+    std::function<void(const BrowsingData&, std::function<void(Outcome)> done)> clearBrowsingData{};
     /// Asks for a folder, beginning at the one given; empty when the user changed his mind.
     std::function<Text(TextView folder)> chooseFolder{};
 };

@@ -83,6 +83,7 @@ private:
     void Release();
     void ConnectLoading();
     void ConnectPage();
+    void NoteVisit(const QUrl& url);
     void OnLoadStarted();
     void OnLoadFinished(bool ok);
     void OnAddressChanged(const QUrl& url);

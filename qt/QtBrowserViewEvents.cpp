@@ -11,6 +11,7 @@
 void QtBrowserView::ConnectLoading() {
     QtPage* page = m_page;
     connect(page, &QtPage::NavigationRequested, this, [this](const QUrl& url, bool top) {
+        NoteVisit(url);
         m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame,
                                  FromQt(url.toString(QUrl::FullyEncoded)));
     });
@@ -48,6 +49,10 @@ void QtBrowserView::ConnectPage() {
         Qt::QueuedConnection);
 }
 
+void QtBrowserView::NoteVisit(const QUrl& url) {
+    if (m_privacy == Privacy::Ordinary && m_engine.Visited) m_engine.Visited(url);
+}
+
 void QtBrowserView::OnLoadStarted() {
     m_loading = true;
     m_events.StatusTextChange(m_index, u"Connecting...");
@@ -66,6 +71,7 @@ void QtBrowserView::OnLoadFinished(bool) {
 void QtBrowserView::OnAddressChanged(const QUrl& url) {
     if (url.isEmpty()) return;
     m_committed = true;
+    NoteVisit(url);
     ApplyZoom();
     ReportHistory();
     m_events.NavigateComplete2(m_index, PageLevel::Top, FromQt(url.toString(QUrl::FullyEncoded)));

@@ -1,5 +1,7 @@
 #include "qt/QtBrowsingData.h"
 
+#include "qt/QtSiteData.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -16,6 +18,9 @@ const QString kForget = QStringLiteral("/forget-sites");
 // What the engine keeps of sites beside their cookies, by the names of its folders.
 constexpr const char* kSiteFolders[]{"Local Storage", "Session Storage", "IndexedDB",    "Service Worker",
                                      "File System",   "databases",       "blob_storage", "WebStorage"};
+
+// A page can visit addresses of its own without end.
+constexpr qsizetype kMostVisits = 20000;
 
 QByteArray Key(const QNetworkCookie& cookie) {
     return cookie.domain().toUtf8() + '\n' + cookie.path().toUtf8() + '\n' + cookie.name();
@@ -43,14 +48,47 @@ void QtBrowsingData::Watch(QWebEngineProfile& profile) {
                      [this](const QNetworkCookie& cookie) { m_notes.remove(Key(cookie)); });
 }
 
-void QtBrowsingData::Clear(const BrowsingData& data, QWebEngineProfile& profile) {
+void QtBrowsingData::NoteVisit(const QUrl& url) {
+    if (m_visits.size() >= kMostVisits) {
+        m_visits.clear();
+        m_visitsFrom.reset();
+    }
+    const qint64 now = Now();
+    m_visitsFrom = m_visitsFrom.value_or(now);
+    m_visits[url] = now;
+}
+
+void QtBrowsingData::Clear(const BrowsingData& data, QWebEngineProfile& profile, Forgotten done) {
     if (data.cookies) ClearCookies(data.seconds, profile);
     if (data.cache) profile.clearHttpCache();
-    if (data.visitedLinks) profile.clearAllVisitedLinks();
-    // The engine has these files open as long as it runs.
-    QFile forget(m_folder + kForget);
-    if (data.siteData && !m_folder.isEmpty() && forget.open(QFile::WriteOnly)) forget.close();
+    if (data.visitedLinks) ClearVisits(data.seconds, profile);
+    if (data.siteData) return ClearSites(profile, std::move(done));
+    done(Outcome::Done);
 }
+
+void QtBrowsingData::ClearVisits(qint64 seconds, QWebEngineProfile& profile) {
+    const qint64 since = Now() - seconds;
+    if (seconds == 0 || !m_visitsFrom || since < *m_visitsFrom) return profile.clearAllVisitedLinks();
+    QList<QUrl> recent;
+    for (auto visit = m_visits.constBegin(); visit != m_visits.constEnd(); ++visit) {
+        if (visit.value() >= since) recent << visit.key();
+    }
+    profile.clearVisitedLinks(recent);
+}
+
+// Should the program end before the engine has answered, the files go at the next start.
+void QtBrowsingData::ClearSites(QWebEngineProfile& profile, Forgotten done) {
+    QFile forget(m_folder + kForget);
+    if (!m_folder.isEmpty() && forget.open(QFile::WriteOnly)) forget.close();
+    m_sites = std::make_unique<QtSiteData>(profile);
+    m_sites->Forget([this, done = std::move(done)](Outcome outcome) {
+        if (outcome == Outcome::Done && !m_folder.isEmpty()) QFile::remove(m_folder + kForget);
+        m_sites.release()->deleteLater();
+        done(outcome);
+    });
+}
+
+void QtBrowsingData::Shutdown() { m_sites.reset(); }
 
 void QtBrowsingData::ClearCookies(qint64 seconds, QWebEngineProfile& profile) {
     auto* cookies = profile.cookieStore();

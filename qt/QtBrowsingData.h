@@ -3,13 +3,19 @@
 
 #include <QHash>
 #include <QString>
+#include <QUrl>
 #include <functional>
+#include <memory>
+#include <optional>
 
 class QNetworkCookie;
 class QWebEngineProfile;
 
-/// Has the engine forget what it keeps of where pages have been. The engine does not say when a cookie was set, so
-/// this notes it for every cookie that it sees come, beside the profile.
+class QtSiteData;
+
+/// Has the engine forget what it keeps of where pages have been. The engine does not say when a cookie was set or a
+/// link visited. So this notes it for every cookie that it sees come, beside the profile, and for every visit, in
+/// memory alone: a list of them is not to lie on the disk.
 class QtBrowsingData {
 public:
     /// `profileFolder` is the profile's own; empty for one that is kept in memory alone.
@@ -20,7 +26,12 @@ public:
 
     /// From now on the profile's cookies are noted. The profile ends after this object or tells it nothing more.
     void Watch(QWebEngineProfile& profile);
-    void Clear(const BrowsingData& data, QWebEngineProfile& profile);
+    void NoteVisit(const QUrl& url);
+    /// Forgets at once, but for what sites have stored, which takes the engine a moment: tells when that has gone too.
+    /// Where it fails it goes at the next start.
+    void Clear(const BrowsingData& data, QWebEngineProfile& profile, Forgotten done);
+    /// Leaves off what is going on; before the profile ends.
+    void Shutdown();
     /// Writes the notes down.
     void Save();
     /// Forgets what sites have stored in that folder, if that was asked for. Before the engine opens it.
@@ -37,7 +48,12 @@ private:
 
     void Load();
     void ClearCookies(qint64 seconds, QWebEngineProfile& profile);
+    void ClearVisits(qint64 seconds, QWebEngineProfile& profile);
+    void ClearSites(QWebEngineProfile& profile, Forgotten done);
 
     QString m_folder;
+    QHash<QUrl, qint64> m_visits;       ///< when an address was visited last
+    std::optional<qint64> m_visitsFrom; ///< from when on that is known
+    std::unique_ptr<QtSiteData> m_sites;
     QHash<QByteArray, Note> m_notes; ///< by everything that makes a cookie one
 };

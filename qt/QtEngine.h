@@ -49,6 +49,8 @@ public:
     /// The pages' profile has come into being; that of private pages, which ends with the last of them.
     std::function<void(QWebEngineProfile&)> ProfileMade;
     std::function<void(QWebEngineProfile&)> PrivateProfileMade;
+    /// A page that is not private, or a frame of it, goes to an address.
+    std::function<void(const QUrl&)> Visited;
     /// The address of the home page; empty, or without a function, for the program's own.
     std::function<Text()> HomeAddress;
     /// What sites may do for good. Outlives the views; nothing to ask every time.

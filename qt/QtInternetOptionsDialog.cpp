@@ -53,6 +53,13 @@ void AddChoice(QVBoxLayout& rows, Choice& choice, const char* name, char16_t acc
     rows.addLayout(row);
 }
 
+void AddNote(QVBoxLayout& rows, Label& label, const char* name) {
+    auto* widget = new QLabel;
+    widget->setWordWrap(true);
+    Bind(label, *widget, Name(name));
+    rows.addWidget(widget);
+}
+
 QPushButton* NewButton(Button& button, const char* name, char16_t accessKey) {
     auto* widget = new QPushButton;
     Bind(button, *widget, Name(name), accessKey);
@@ -153,15 +160,14 @@ QWidget* QtInternetOptionsDialog::ClearPage() {
     auto* page = new QWidget;
     auto* rows = new QVBoxLayout(page);
     AddCheckBox(*rows, m_form.chkClearCookies, "chkClearCookies", u'K');
+    AddCheckBox(*rows, m_form.chkClearVisited, "chkClearVisited", u'I');
     AddChoice(*rows, m_form.cboSince, "cboSince", u'O');
     AddCheckBox(*rows, m_form.chkClearSiteData, "chkClearSiteData", u'W');
     AddCheckBox(*rows, m_form.chkClearCache, "chkClearCache", u'S');
-    AddCheckBox(*rows, m_form.chkClearVisited, "chkClearVisited", u'I');
     AddCheckBox(*rows, m_form.chkClearTyped, "chkClearTyped", u'T');
+    AddNote(*rows, m_form.lblClearNote, "lblClearNote");
     AddButtons(*rows, {NewButton(m_form.cmdClear, "cmdClear", u'N')});
-    auto* cleared = new QLabel;
-    Bind(m_form.lblCleared, *cleared, QStringLiteral("lblCleared"));
-    rows->addWidget(cleared);
+    AddNote(*rows, m_form.lblCleared, "lblCleared");
     rows->addStretch();
     return page;
 }

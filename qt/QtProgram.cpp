@@ -133,8 +133,9 @@ struct QtProgram::Parts {
                 .showInternetOptions = [this](frmInternetOptions& form) { ShowModal(form, &window); },
                 .applyInternetOptions = [this] { ApplyInternetOptions(); },
                 .clearBrowsingData =
-                    [this](const BrowsingData& data) {
-                        if (profile) browsingData.Clear(data, *profile);
+                    [this](const BrowsingData& data, std::function<void(Outcome)> done) {
+                        if (profile) return browsingData.Clear(data, *profile, std::move(done));
+                        done(Outcome::Failed);
                     },
                 .chooseFolder = [](TextView folder) { return QtFileDialogs::ChooseFolder(folder); }}),
           strip(main.pcPage),
@@ -288,6 +289,7 @@ int QtProgram::Run() {
     };
     const int result = QApplication::exec();
     m->downloads.Shutdown();
+    m->browsingData.Shutdown();
     m->engine.Shutdown();
     return result;
 }
@@ -418,6 +420,7 @@ void QtProgram::WireEngine() {
     m->requests.Templates = [this] { return m->Services(); };
     m->engine.ProfileMade = [this](QWebEngineProfile& profile) { m->TakeProfile(profile); };
     m->engine.PrivateProfileMade = [this](QWebEngineProfile& profile) { m->TakePrivateProfile(profile); };
+    m->engine.Visited = [this](const QUrl& url) { m->browsingData.NoteVisit(url); };
     m->engine.HomeAddress = [this] { return InternetSettings(m->settings).Get().homePage; };
     WirePages();
     m->bars.Add(m->offer, QtPageBars::Side::Above);

@@ -116,16 +116,25 @@ void frmInternetOptions::cmdBrowse_Click() {
 void frmInternetOptions::cmdClear_Click() {
     const BrowsingData chosen = Chosen();
     if (!chosen.Any()) return;
-    if (m_outside.clear) m_outside.clear(chosen);
     for (auto* box : {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearTyped})
         box->Tick(false);
-    lblCleared.Caption = Text(u"Cleared.");
+    lblCleared.Caption = Text(u"Clearing...");
+    const auto done = [this, alive = std::weak_ptr(m_alive)](Outcome outcome) {
+        if (!alive.expired()) ShowCleared(outcome);
+    };
+    if (m_outside.clear) m_outside.clear(chosen, done);
+}
+
+void frmInternetOptions::ShowCleared(Outcome outcome) {
+    lblCleared.Caption = outcome == Outcome::Done
+                             ? Text(u"Cleared.")
+                             : Text(u"Cleared. What sites have stored goes when TessaView starts next.");
 }
 
 void frmInternetOptions::chkClear_Click() {
     const BrowsingData chosen = Chosen();
     cmdClear.Enabled = chosen.Any();
-    cboSince.Enabled = chosen.cookies;
+    cboSince.Enabled = chosen.cookies || chosen.visitedLinks;
     if (chosen.Any()) lblCleared.Caption = Text();
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 #include "common/Controls.h"
+#include "common/ResumeNext.h"
 #include "settings/Choice.h"
 #include "settings/InternetSettings.h"
 
 #include <functional>
+#include <memory>
 
 /// What the user wants forgotten of where pages have been.
 struct BrowsingData {
@@ -12,11 +14,14 @@ struct BrowsingData {
     bool cache = false;
     bool visitedLinks = false;
     bool typed = false;       ///< addresses and searches of the boxes
-    std::int64_t seconds = 0; ///< how far back, for what is kept with its time; 0 for all of it
+    std::int64_t seconds = 0; ///< how far back, for cookies and visited links; 0 for all of them
 
     [[nodiscard]] bool Any() const { return cookies || siteData || cache || visitedLinks || typed; }
     friend bool operator==(const BrowsingData&, const BrowsingData&) = default;
 };
+
+/// Told once things are forgotten; failed when what sites have stored has to wait for the next start.
+using Forgotten = std::function<void(Outcome)>;
 
 /// The dialog of the Internet Options as data, made afresh for every show. Nothing is written before OK; "Clear Now"
 /// takes effect at once.
@@ -26,7 +31,7 @@ public:
     struct Outside {
         /// Asks for a folder, beginning at the one given; empty when the user changed his mind.
         std::function<Text(TextView folder)> chooseFolder{};
-        std::function<void(const BrowsingData&)> clear{};
+        std::function<void(const BrowsingData&, Forgotten done)> clear{};
         /// The address of the page in front.
         Text currentPage{};
         /// The programs that the desktop has; used while no other was ever set.
@@ -74,13 +79,16 @@ public:
     CheckBox chkGlobalPrivacyControl{u"Tell sites not to sell or share what they know of me"};
 
     CheckBox chkClearCookies{u"Cookies"};
-    CheckBox chkClearSiteData{u"What sites have stored (goes at the next start)"};
+    CheckBox chkClearSiteData{u"What sites have stored"};
     CheckBox chkClearCache{u"Stored copies of pages"};
     CheckBox chkClearVisited{u"Visited links"};
     CheckBox chkClearTyped{u"Typed addresses and searches"};
-    Choice cboSince{u"Cookies of", {u"the last hour", u"the last day", u"the last week", u"all time"}};
+    Choice cboSince{u"Cookies and visited links of",
+                    {u"the last hour", u"the last day", u"the last week", u"all time"}};
     Button cmdClear{u"Clear Now"};
     Label lblCleared{u""};
+    Label lblClearNote{u"All else goes whole. When links were visited before this start is not known: they all go once "
+                       u"the time reaches back that far."};
 
     Choice cboProxy{u"Proxy", {u"As the desktop has it", u"None", u"HTTP proxy", u"SOCKS 5 proxy"}};
     Label lblProxyHost{u"Host"};
@@ -101,6 +109,7 @@ private:
     void cmdBrowse_Click();
     void cmdClear_Click();
     void chkClear_Click();
+    void ShowCleared(Outcome outcome);
     void cboProxy_Click();
     void chkSleep_Click();
     /// Whether that is a time; says so and leads there otherwise.
@@ -113,4 +122,6 @@ private:
     SettingsStorageFactory& m_settings;
     Outside m_outside;
     Text m_mailShown, m_newsShown; ///< what the boxes showed at first
+    /// Ends with the form, which may not wait for what it has cleared.
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

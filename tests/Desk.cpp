@@ -61,7 +61,10 @@ Desk::Desk(FakeSettings* shared)
                 },
             .applyInternetOptions = [this] { log.Add("internet options"); },
             .clearBrowsingData =
-                [this](const BrowsingData& data) { log.Add(data.cookies ? "clear cookies" : "clear no cookies"); }}),
+                [this](const BrowsingData& data, const std::function<void(Outcome)>& done) {
+                    log.Add(data.cookies ? "clear cookies" : "clear no cookies");
+                    done(Outcome::Done);
+                }}),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] {
         if (main.Form_QueryUnload()) main.Form_Unload();

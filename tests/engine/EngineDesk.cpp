@@ -74,7 +74,7 @@ void EventRecorder::Add(const QString& kind, PageLevel level, TextView URL) {
     lines << kind + (level == PageLevel::Frame ? QStringLiteral("frame:") : QStringLiteral(":")) + place;
 }
 
-EngineView::EngineView() {
+EngineView::EngineView(const QString& profileFolder) : engine(&window, profileFolder, profileFolder) {
     window.resize(800, 600);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));

@@ -52,7 +52,8 @@ private:
 /// One view on the real engine, with its events written down.
 class EngineView {
 public:
-    EngineView();
+    /// Its profile lies in that folder; in memory without one.
+    explicit EngineView(const QString& profileFolder = {});
     ~EngineView();
 
     /// Navigates and waits until the document is complete.
@@ -67,7 +68,7 @@ public:
     void PointAt(const QString& elementId);
 
     QWidget window;
-    QtEngine engine{&window, {}, {}};
+    QtEngine engine;
     EventRecorder events;
     std::unique_ptr<BrowserView> view;
     [[nodiscard]] class QtBrowserView& Real() const;

@@ -1,15 +1,11 @@
 #include "qt/QtBrowserView.h"
-#include "qt/QtBrowsingData.h"
 #include "qt/QtRequests.h"
 #include "qt/QtText.h"
 #include "qt/QtWebOptions.h"
 #include "tests/engine/EngineDesk.h"
 
-#include <QDir>
 #include <QNetworkProxy>
 #include <QPointer>
-#include <QTemporaryDir>
-#include <QWebEngineCookieStore>
 #include <QWebEngineProfile>
 
 namespace {
@@ -21,9 +17,7 @@ protected:
         desk.engine.ProfileMade = [this](QWebEngineProfile& made) {
             profile = &made;
             made.setUrlRequestInterceptor(&requests);
-            data.Watch(made);
         };
-        data.Now = [this] { return now; };
     }
     ~InternetOptionsInEffect() override { QtWebOptions::ApplyProxy({}, nullptr); }
 
@@ -54,9 +48,7 @@ protected:
 
     LocalServer server;
     QList<QByteArray> seen;
-    qint64 now = 1000000;
     QtRequests requests;
-    QtBrowsingData data{QString()};
     QPointer<QWebEngineProfile> profile;
     EngineView desk;
 };
@@ -148,44 +140,11 @@ TEST_F(InternetOptionsInEffect, DownloadsGoWhereTheUserWants) {
     EXPECT_FALSE(profile->downloadPath().isEmpty());
 }
 
-TEST_F(InternetOptionsInEffect, CookiesAreForgottenAsFarBackAsTheUserSays) {
-    int noted = 0;
-    QObject::connect(profile->cookieStore(), &QWebEngineCookieStore::cookieAdded, &desk.window, [&] { ++noted; });
-    desk.Script(QStringLiteral("document.cookie = 'old=1; max-age=9999'"));
-    ASSERT_TRUE(WaitUntil([&] { return noted == 1; }));
-    now += 7200;
-    desk.Script(QStringLiteral("document.cookie = 'new=1; max-age=9999'"));
-    ASSERT_TRUE(WaitUntil([&] { return noted == 2; }));
-    data.Clear({.cookies = true, .seconds = 3600}, *profile);
-    EXPECT_TRUE(WaitUntil([&] { return Cookies() == u"old=1"; })) << Cookies().toStdString();
-    data.Clear({.cookies = true}, *profile);
-    EXPECT_TRUE(WaitUntil([&] { return Cookies().isEmpty(); }));
-}
-
 TEST_F(InternetOptionsInEffect, SoundsWithoutAnElementAreHeldBackTheyAndTheirRequests) {
     requests.Loads.sounds = false;
     desk.Script(QStringLiteral("new Audio('/beep.mp3').onerror = () => document.title = 'held back'; 1"));
     EXPECT_TRUE(Titled("held back"));
     EXPECT_FALSE(server.requests.contains(QStringLiteral("/beep.mp3")));
-}
-
-TEST(SiteData, IsForgottenBeforeTheEngineOpensIt) {
-    const QTemporaryDir folder;
-    const QDir data(folder.path());
-    for (const char* name : {"Local Storage/leveldb", "IndexedDB", "Kept"}) data.mkpath(QLatin1String(name));
-    QtBrowsingData::ForgetSites(folder.path());
-    EXPECT_TRUE(data.exists(QStringLiteral("IndexedDB"))) << "nobody asked";
-    {
-        QtBrowsingData browsing(folder.path());
-        QWebEngineProfile profile;
-        browsing.Clear({.siteData = true}, profile);
-    }
-    QtBrowsingData::ForgetSites(folder.path());
-    EXPECT_FALSE(data.exists(QStringLiteral("Local Storage")) || data.exists(QStringLiteral("IndexedDB")));
-    EXPECT_TRUE(data.exists(QStringLiteral("Kept")));
-    data.mkpath(QStringLiteral("IndexedDB"));
-    QtBrowsingData::ForgetSites(folder.path());
-    EXPECT_TRUE(data.exists(QStringLiteral("IndexedDB"))) << "once is enough";
 }
 
 } // namespace

@@ -22,7 +22,11 @@ protected:
     std::vector<BrowsingData> m_cleared;
     frmInternetOptions m_form{m_settings,
                               {.chooseFolder = [](TextView) { return Text(u"/chosen"); },
-                               .clear = [this](const BrowsingData& data) { m_cleared.push_back(data); },
+                               .clear =
+                                   [this](const BrowsingData& data, const Forgotten& done) {
+                                       m_cleared.push_back(data);
+                                       done(Outcome::Done);
+                                   },
                                .currentPage = u"http://here.example/",
                                .mailProgram = {},
                                .newsProgram = {}}};

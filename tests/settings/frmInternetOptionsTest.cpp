@@ -9,16 +9,21 @@ class InternetOptions : public testing::Test {
 protected:
     std::unique_ptr<frmInternetOptions> Open() {
         return std::make_unique<frmInternetOptions>(
-            settings,
-            frmInternetOptions::Outside{.chooseFolder = [this](TextView) { return chosen; },
-                                        .clear = [this](const BrowsingData& data) { cleared.push_back(data); },
-                                        .currentPage = u"http://here.example/",
-                                        .mailProgram = u"letters",
-                                        .newsProgram = u"papers"});
+            settings, frmInternetOptions::Outside{.chooseFolder = [this](TextView) { return chosen; },
+                                                  .clear =
+                                                      [this](const BrowsingData& data, const Forgotten& done) {
+                                                          cleared.push_back(data);
+                                                          forgotten = done;
+                                                          if (!data.siteData) done(Outcome::Done);
+                                                      },
+                                                  .currentPage = u"http://here.example/",
+                                                  .mailProgram = u"letters",
+                                                  .newsProgram = u"papers"});
     }
     FakeSettings settings;
     Text chosen;
     std::vector<BrowsingData> cleared;
+    Forgotten forgotten;
 };
 
 TEST_F(InternetOptions, ShowsWhatIsSoByDesignAtFirst) {
@@ -225,6 +230,30 @@ TEST_F(InternetOptions, ClearNowForgetsWhatIsTickedAtOnce) {
     form->cmdClear.Click();
     EXPECT_EQ(cleared[1], (BrowsingData{.cookies = true, .seconds = 0}));
     EXPECT_EQ(settings.written.size(), 0u);
+}
+
+TEST_F(InternetOptions, WhatSitesHaveStoredTakesItsTimeAndSoDoesTheAnswer) {
+    auto form = Open();
+    form->chkClearSiteData.Tick(true);
+    EXPECT_FALSE(form->cboSince.Enabled()) << "it goes whole";
+    form->cmdClear.Click();
+    EXPECT_EQ(form->lblCleared.Caption(), u"Clearing...");
+    forgotten(Outcome::Done);
+    EXPECT_EQ(form->lblCleared.Caption(), u"Cleared.");
+    form->chkClearSiteData.Tick(true);
+    form->cmdClear.Click();
+    forgotten(Outcome::Failed);
+    EXPECT_EQ(form->lblCleared.Caption(), u"Cleared. What sites have stored goes when TessaView starts next.");
+    form.reset();
+    forgotten(Outcome::Done); // the answer comes when nobody waits for it any more
+}
+
+TEST_F(InternetOptions, VisitedLinksGoAsFarBackAsTheUserSays) {
+    const auto form = Open();
+    form->chkClearVisited.Tick(true);
+    EXPECT_TRUE(form->cboSince.Enabled());
+    form->cmdClear.Click();
+    EXPECT_EQ(cleared.at(0), (BrowsingData{.visitedLinks = true, .seconds = 3600}));
 }
 
 } // namespace

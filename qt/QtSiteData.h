@@ -1,0 +1,26 @@
+#pragma once
+#include "common/ResumeNext.h"
+
+#include <QTimer>
+#include <QWebEnginePage>
+#include <functional>
+
+/// Has the engine forget what all sites have stored beside their cookies, while it runs. The engine offers that to its
+/// developer tools alone, so two pages that nobody sees do it: one with the tools, and one for the tools to look at.
+class QtSiteData final : public QObject {
+public:
+    /// Ends before the profile.
+    explicit QtSiteData(QWebEngineProfile& profile);
+
+    /// Tells once whether it has gone; called once.
+    void Forget(std::function<void(Outcome)> done);
+
+private:
+    void Ask();
+    void OnTitle(const QString& title);
+    void End(Outcome outcome);
+
+    std::function<void(Outcome)> m_done;
+    QTimer m_patience;
+    QWebEnginePage m_blank, m_tools;
+};
