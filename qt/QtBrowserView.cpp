@@ -86,7 +86,7 @@ Outcome QtBrowserView::ExecWB(BrowserCommand command) {
     if (!m_page || m_life->Asleep()) return Outcome::Failed;
     switch (command) {
     case BrowserCommand::SaveAs:
-        return QtPageOutput::SaveAs(*m_page, m_engine.PageArea());
+        return m_engine.Output().SaveAs(*m_page, m_engine.PageArea());
     case BrowserCommand::Print:
         return m_engine.Output().Print(*m_page, m_engine.PageArea());
     case BrowserCommand::PageSetup:

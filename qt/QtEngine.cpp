@@ -31,6 +31,7 @@ void QtEngine::Start() {
 
 void QtEngine::Shutdown() {
     Must(m_views.empty());
+    m_output.Finish();
     // Pages end later than their views; the profile must outlive them.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_private.reset();

@@ -77,7 +77,7 @@ PageDialogAnswer QtPage::Ask(const PageDialogRequest& request) {
         m_waiting = &waiting;
         waiting.exec();
         m_waiting = nullptr;
-        if (m_ending) deleteLater();
+        if (m_ending && m_holders == 0) deleteLater();
     }
     return given->value_or(PageDialogAnswer{});
 }
@@ -87,8 +87,12 @@ void QtPage::End() {
     ShowDialog = {};
     if (m_waiting)
         m_waiting->quit();
-    else
+    else if (m_holders == 0)
         deleteLater();
+}
+
+void QtPage::Let() {
+    if (--m_holders == 0 && m_ending && !m_waiting) deleteLater();
 }
 
 // The program's own pages are reached by the program and by the history, never by others; their links are their own.

@@ -27,8 +27,11 @@ public:
     /// Shows a dialog for which the whole engine waits - one that our script could not stand in for, or the question
     /// before a page is left - and returns; the answer comes later, or never.
     std::function<void(const PageDialogRequest&, std::function<void(const PageDialogAnswer&)> answer)> ShowDialog;
-    /// Deletes the page as soon as it waits for nothing any more.
+    /// Deletes the page as soon as it waits for nothing any more and nobody holds it.
     void End();
+    /// Somebody waits for what the engine makes of the page, and needs it that long.
+    void Hold() { ++m_holders; }
+    void Let();
 
 Q_SIGNALS:
     /// A navigation begins, of the page or of a frame inside it.
@@ -62,5 +65,6 @@ private:
     QPointer<QEventLoop> m_waiting; ///< for the answer to a dialog
     bool m_ending = false;
     QSet<QString> m_input; ///< the documents that hold some
-    QUrl m_awaited;        ///< of the top-level navigation that has not ended
+    int m_holders = 0;
+    QUrl m_awaited; ///< of the top-level navigation that has not ended
 };

@@ -1,19 +1,25 @@
 #include "qt/QtPageOutput.h"
 
+#include "qt/QtPage.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
-#include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QSaveFile>
 #include <QStandardPaths>
+#include <QThread>
 #include <QWebEngineDownloadRequest>
-#include <QWebEnginePage>
 #include <QWebEngineView>
 #include <array>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -29,15 +35,19 @@ constexpr std::array kFormats{
 };
 
 constexpr qsizetype kLongestName = 80;
+constexpr int kPatience = 5000, kTurn = 5; // milliseconds that the end waits for files, in all and at a time
 
-void Save(QWebEnginePage& page, const QString& path) {
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    if (suffix == u"pdf")
-        page.printToPdf(path);
-    else if (suffix == u"mhtml" || suffix == u"mht")
-        page.save(path, QWebEngineDownloadRequest::MimeHtmlSaveFormat);
-    else
-        page.save(path, QWebEngineDownloadRequest::CompleteHtmlSaveFormat);
+bool Write(const QString& path, const QByteArray& bytes) {
+    QSaveFile file(path);
+    return !bytes.isEmpty() && file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+void TellNotWritten(const QString& path, QWidget* parent) {
+    auto* box = new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
+                                QStringLiteral("%1 could not be written.").arg(path), QMessageBox::Ok, parent);
+    box->setTextFormat(Qt::PlainText);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 // The dialog follows the chosen kind of file with the name's ending.
@@ -65,7 +75,7 @@ QString QtPageOutput::FileNameFor(const QString& title) {
     return name.isEmpty() ? QStringLiteral("page") : name;
 }
 
-Outcome QtPageOutput::SaveAs(QWebEnginePage& page, QWidget* parent) {
+Outcome QtPageOutput::SaveAs(QtPage& page, QWidget* parent) {
     QFileDialog dialog(parent, QStringLiteral("Save As"),
                        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -75,25 +85,57 @@ Outcome QtPageOutput::SaveAs(QWebEnginePage& page, QWidget* parent) {
     dialog.setDefaultSuffix(QLatin1String(kFormats.front().suffix));
     FollowFormat(dialog);
     dialog.selectFile(FileNameFor(page.title()));
-    const QPointer<QWebEnginePage> alive(&page);
+    const QPointer<QtPage> alive(&page);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return Outcome::Done;
     if (!alive) return Outcome::Failed;
-    Save(page, dialog.selectedFiles().constFirst());
+    Save(page, dialog.selectedFiles().constFirst(), parent);
     return Outcome::Done;
 }
 
-Outcome QtPageOutput::Print(QWebEnginePage& page, QWidget* parent) {
+void QtPageOutput::Save(QtPage& page, const QString& path, QWidget* parent) {
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == u"pdf")
+        WritePdf(page, path, QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()), parent);
+    else if (suffix == u"mhtml" || suffix == u"mht")
+        page.save(path, QWebEngineDownloadRequest::MimeHtmlSaveFormat);
+    else
+        page.save(path, QWebEngineDownloadRequest::CompleteHtmlSaveFormat);
+}
+
+// The file is written here and not by the engine, which does not survive that the page goes while it writes one.
+void QtPageOutput::WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent) {
+    page.Hold();
+    m_writing << &page;
+    const auto done = [this, &page, path, parent = QPointer(parent)](const QByteArray& pdf) {
+        // Whoever waited too long has given it up.
+        if (!m_writing.removeOne(&page)) return;
+        if (!Write(path, pdf) && parent && parent->isVisible()) TellNotWritten(path, parent);
+        page.Let();
+    };
+    page.printToPdf(done, layout);
+}
+
+void QtPageOutput::Finish() {
+    const QDeadlineTimer patience(kPatience);
+    while (!m_writing.isEmpty() && !patience.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(kTurn);
+    }
+    for (const auto& page : std::exchange(m_writing, {})) delete page.data();
+}
+
+Outcome QtPageOutput::Print(QtPage& page, QWidget* parent) {
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageLayout(m_layout);
     printer->setDocName(page.title());
     QPrintDialog dialog(printer.get(), parent);
     dialog.setWindowTitle(QStringLiteral("Print"));
-    const QPointer<QWebEnginePage> alive(&page);
+    const QPointer<QtPage> alive(&page);
     if (dialog.exec() != QDialog::Accepted) return Outcome::Done;
     if (!alive) return Outcome::Failed;
     // The engine writes PDF itself, with text that can be searched.
     if (printer->outputFormat() == QPrinter::PdfFormat) {
-        page.printToPdf(printer->outputFileName(), printer->pageLayout());
+        WritePdf(page, printer->outputFileName(), printer->pageLayout(), parent);
         return Outcome::Done;
     }
     auto* view = QWebEngineView::forPage(&page);

@@ -1,11 +1,13 @@
 #pragma once
 #include "common/ResumeNext.h"
 
+#include <QList>
 #include <QPageLayout>
 #include <QPointer>
 
+class QByteArray;
 class QString;
-class QWebEnginePage;
+class QtPage;
 class QWidget;
 
 /// Saving and printing of pages. Keeps the page layout that the user has chosen.
@@ -13,16 +15,22 @@ class QtPageOutput {
 public:
     /// Asks where to and saves: as a complete page with its files, as one MHTML file, or as PDF. The page must live
     /// until the user has answered, else nothing is saved.
-    static Outcome SaveAs(QWebEnginePage& page, QWidget* parent);
+    Outcome SaveAs(QtPage& page, QWidget* parent);
     /// Asks for a printer, or a PDF file where there is none, and prints.
-    Outcome Print(QWebEnginePage& page, QWidget* parent);
+    Outcome Print(QtPage& page, QWidget* parent);
     /// Asks for paper, orientation and margins.
     Outcome PageSetup(QWidget* parent);
 
     /// A file name that suggests itself for a page's title: without what file systems refuse.
     [[nodiscard]] static QString FileNameFor(const QString& title);
+    /// Waits, not for ever, until all that was to be saved as PDF is; before the pages' profile ends.
+    void Finish();
 
 private:
+    void Save(QtPage& page, const QString& path, QWidget* parent);
+    void WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent);
+
+    QList<QPointer<QtPage>> m_writing; ///< a page for each PDF that the engine still makes of it
     QPageLayout m_layout{QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(15, 15, 15, 15),
                          QPageLayout::Millimeter};
 };
