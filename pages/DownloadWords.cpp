@@ -18,10 +18,12 @@ Text Amount(const DownloadReport& report) {
     return report.Total < 0 ? received : received + u" of " + DownloadWords::Size(report.Total);
 }
 
-Text Running(const Download& download) {
+Text Running(const Download& download, std::int64_t now) {
     Text text = Amount(download.Report);
-    if (const auto rate = download.Rate.PerSecond()) text += u", " + DownloadWords::Size(*rate) + u" a second";
-    if (const auto left = download.SecondsLeft()) text += u", " + DownloadWords::TimeLeft(*left);
+    const auto rate = download.Rate.PerSecond(now);
+    if (rate == 0) return text + u", stalled";
+    if (rate) text += u", " + DownloadWords::Size(*rate) + u" a second";
+    if (const auto left = download.SecondsLeft(now)) text += u", " + DownloadWords::TimeLeft(*left);
     return text;
 }
 
@@ -69,11 +71,11 @@ Text Why(DownloadProblem problem) {
     return {};
 }
 
-Text Standing(const Download& download) {
+Text Standing(const Download& download, std::int64_t now) {
     const DownloadReport& report = download.Report;
     switch (report.State) {
     case DownloadState::Running:
-        return Running(download);
+        return Running(download, now);
     case DownloadState::Paused:
         return u"Paused, " + Amount(report);
     case DownloadState::Broken:

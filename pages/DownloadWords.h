@@ -10,8 +10,8 @@ namespace DownloadWords {
 [[nodiscard]] Text TimeLeft(std::int64_t seconds);
 /// Why a download broke off, as a sentence. Nothing for no problem.
 [[nodiscard]] Text Why(DownloadProblem problem);
-/// How a download stands.
-[[nodiscard]] Text Standing(const Download& download);
+/// How a download stands at that time, by the clock of its rate.
+[[nodiscard]] Text Standing(const Download& download, std::int64_t now);
 /// The question before the program ends while so many downloads run.
 [[nodiscard]] Text ExitQuestion(std::size_t running);
 

@@ -17,8 +17,8 @@ Text NameOf(const Download& download) { return PlainLine(download.Name(), kLonge
 
 } // namespace
 
-std::optional<std::int64_t> Download::SecondsLeft() const {
-    const auto rate = Rate.PerSecond();
+std::optional<std::int64_t> Download::SecondsLeft(std::int64_t now) const {
+    const auto rate = Rate.PerSecond(now);
     if (Report.State != DownloadState::Running || Report.Total < 0 || !rate || *rate <= 0) return std::nullopt;
     return (std::max<std::int64_t>(Report.Total - Report.Received, 0) + *rate - 1) / *rate;
 }
@@ -65,6 +65,7 @@ const Download& Downloads::Begin(const Request& request, std::shared_ptr<Downloa
     download->Path = request.Overwrites ? wanted.Path : FreePath(wanted);
     download->Report = {DownloadState::Running, DownloadProblem::None, 0, request.Total};
     download->Rate.Reset();
+    download->Rate.Add(m_desktop.Now(), 0);
     download->Transfer = std::move(transfer);
     const std::int32_t id = download->Id;
     const Text name = NameOf(*download);

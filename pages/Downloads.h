@@ -24,8 +24,8 @@ struct Download {
         return Report.State == DownloadState::Running || Report.State == DownloadState::Paused;
     }
     [[nodiscard]] TextView Name() const { return TextView(Path).substr(Path.rfind(u'/') + 1); }
-    /// Seconds until it is done; nothing when nobody can tell.
-    [[nodiscard]] std::optional<std::int64_t> SecondsLeft() const;
+    /// Seconds until it is done, as it stands at that time; nothing when nobody can tell.
+    [[nodiscard]] std::optional<std::int64_t> SecondsLeft(std::int64_t now) const;
 };
 
 /// The files that pages or the user had saved, the newest first. A download has a file of its own in the folder for
@@ -76,6 +76,8 @@ public:
     [[nodiscard]] const std::deque<Download>& All() const { return m_all; }
     [[nodiscard]] const Download* Find(std::int32_t id) const;
     [[nodiscard]] std::size_t CountActive() const;
+    /// The clock of the rates, in milliseconds.
+    [[nodiscard]] std::int64_t Now() const { return m_desktop.Now(); }
 
     /// Something about the list has changed, or how far one is.
     std::function<void()> Changed;

@@ -1,5 +1,7 @@
 #include "pages/TransferRate.h"
 
+#include <algorithm>
+
 namespace {
 constexpr std::int64_t kWindow = 5000;
 constexpr std::int64_t kShortest = 300;
@@ -12,9 +14,12 @@ void TransferRate::Add(std::int64_t now, std::int64_t received) {
     while (m_samples.size() > 2 && now - m_samples[1].time >= kWindow) m_samples.pop_front();
 }
 
-std::optional<std::int64_t> TransferRate::PerSecond() const {
-    if (m_samples.size() < 2) return std::nullopt;
-    const std::int64_t time = m_samples.back().time - m_samples.front().time;
-    if (time < kShortest) return std::nullopt;
-    return (m_samples.back().received - m_samples.front().received) * 1000 / time;
+std::optional<std::int64_t> TransferRate::PerSecond(std::int64_t now) const {
+    if (m_samples.empty()) return std::nullopt;
+    // What had arrived when the window began is what was last told before it.
+    auto from = m_samples.begin();
+    for (auto each = from; each != m_samples.end() && now - each->time >= kWindow; ++each) from = each;
+    const std::int64_t time = std::min(now - from->time, kWindow), bytes = m_samples.back().received - from->received;
+    if (time < (bytes > 0 ? kShortest : kWindow)) return std::nullopt;
+    return bytes * 1000 / time;
 }

@@ -8,8 +8,8 @@ class TransferRate {
 public:
     /// So many bytes in all had arrived at that time, in milliseconds.
     void Add(std::int64_t now, std::int64_t received);
-    /// Bytes a second; nothing until that can be told.
-    [[nodiscard]] std::optional<std::int64_t> PerSecond() const;
+    /// Bytes a second, as it stands at that time; nothing until that can be told. Falls to 0 when none arrive any more.
+    [[nodiscard]] std::optional<std::int64_t> PerSecond(std::int64_t now) const;
     void Reset() { m_samples.clear(); }
 
 private:

@@ -52,10 +52,14 @@ void frmDownloads::Touch() {
 void frmDownloads::Show() {
     if (!Form.Visible()) return;
     std::vector<DownloadLine> lines;
+    const std::int64_t now = m_downloads.Now();
     for (const Download& each : m_downloads.All())
         lines.push_back(
-            {each.Id, PlainLine(each.Name(), kLongestName), DownloadWords::Standing(each), PercentOf(each)});
+            {each.Id, PlainLine(each.Name(), kLongestName), DownloadWords::Standing(each, now), PercentOf(each)});
     lstDownloads = std::move(lines);
+    // One that stalls reports nothing, but is slower every second.
+    const auto runs = [](const Download& each) { return each.Report.State == DownloadState::Running; };
+    if (Schedule && std::ranges::any_of(m_downloads.All(), runs)) Schedule();
     if (!m_downloads.Find(Selected())) Selected = m_downloads.All().empty() ? 0 : m_downloads.All().front().Id;
     ShowButtons();
 }

@@ -195,6 +195,5 @@ Outcome QtDownloads::Open(TextView path) {
 }
 
 Outcome QtDownloads::ShowInFolder(TextView path) {
-    const QString folder = QFileInfo(ToQt(path)).path();
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(folder)) ? Outcome::Done : Outcome::Failed;
+    return m_fileManager.Show(ToQt(path)) ? Outcome::Done : Outcome::Failed;
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include "pages/Downloads.h"
+#include "qt/QtFileManager.h"
 
 #include <QElapsedTimer>
 #include <QHash>
@@ -58,4 +59,5 @@ private:
     QMultiHash<QUrl, Expected> m_expected;
     std::unique_ptr<QWebEnginePage> m_page; ///< shows nothing; fetches
     QElapsedTimer m_clock;
+    QtFileManager m_fileManager;
 };

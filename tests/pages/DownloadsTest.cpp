@@ -78,6 +78,29 @@ TEST_F(DownloadsTest, KnowsNoPercentOfWhatHasNoSize) {
     EXPECT_EQ(panel.lstDownloads()[0].Percent, frmDownloads::kUnknownPercent);
 }
 
+TEST_F(DownloadsTest, SaysThatItStallsThoughNobodyReportsThat) {
+    int scheduled = 0;
+    panel.Schedule = [&] { ++scheduled; };
+    const auto id = Begin(u"http://a.example/film.mp4", {}, 40'000'000);
+    desktop.now = 2000;
+    Report(id, DownloadState::Running, 8'000'000);
+    panel.Show();
+    EXPECT_EQ(Lines(), "*film.mp4: 8 MB of 40 MB, 4 MB a second, about 8 seconds left 20%");
+    desktop.now = 4000;
+    panel.Show();
+    EXPECT_EQ(Lines(), "*film.mp4: 8 MB of 40 MB, 2 MB a second, about 16 seconds left 20%");
+    desktop.now = 7000;
+    scheduled = 0;
+    panel.Show();
+    EXPECT_EQ(Lines(), "*film.mp4: 8 MB of 40 MB, stalled 20%");
+    EXPECT_EQ(scheduled, 1) << "it is looked at again while it runs";
+    Report(id, DownloadState::Paused, 8'000'000);
+    scheduled = 0;
+    panel.Show();
+    EXPECT_EQ(Lines(), "*film.mp4: Paused, 8 MB of 40 MB 20%");
+    EXPECT_EQ(scheduled, 0);
+}
+
 TEST_F(DownloadsTest, PausesAndGoesOn) {
     const auto id = Begin(u"http://a.example/a", {}, 100);
     panel.cmdPause.Click();
@@ -237,16 +260,32 @@ TEST(DownloadWords, TellAmountsAndTimes) {
 TEST(TransferRate, IsTheAverageOfTheLastSeconds) {
     TransferRate rate;
     rate.Add(0, 0);
-    EXPECT_EQ(rate.PerSecond(), std::nullopt);
+    EXPECT_EQ(rate.PerSecond(0), std::nullopt);
     rate.Add(100, 1000);
-    EXPECT_EQ(rate.PerSecond(), std::nullopt) << "too short to tell";
+    EXPECT_EQ(rate.PerSecond(100), std::nullopt) << "too short to tell";
     rate.Add(1000, 1000);
-    EXPECT_EQ(rate.PerSecond(), 1000);
+    EXPECT_EQ(rate.PerSecond(1000), 1000);
     rate.Add(20'000, 1000);
     rate.Add(21'000, 3000);
-    EXPECT_EQ(rate.PerSecond(), 100) << "a stall counts";
+    EXPECT_EQ(rate.PerSecond(21'000), 400) << "a stall counts";
     rate.Add(22'000, 0);
-    EXPECT_EQ(rate.PerSecond(), std::nullopt) << "it began anew";
+    EXPECT_EQ(rate.PerSecond(22'000), std::nullopt) << "it began anew";
+}
+
+TEST(TransferRate, FallsToNothingWhenNothingArrives) {
+    TransferRate rate;
+    EXPECT_EQ(rate.PerSecond(0), std::nullopt);
+    rate.Add(0, 0);
+    EXPECT_EQ(rate.PerSecond(4999), std::nullopt) << "it may yet begin";
+    EXPECT_EQ(rate.PerSecond(5000), 0) << "it never began";
+    rate.Add(6000, 6000);
+    rate.Add(7000, 8000);
+    EXPECT_EQ(rate.PerSecond(8000), 1600);
+    EXPECT_EQ(rate.PerSecond(11'500), 400);
+    EXPECT_EQ(rate.PerSecond(12'000), 0);
+    EXPECT_EQ(rate.PerSecond(1'000'000), 0);
+    rate.Add(1'000'100, 9000);
+    EXPECT_EQ(rate.PerSecond(1'000'100), 200) << "it goes on";
 }
 
 TEST(DownloadsOfTheWindow, AreCountedOnTheirCommandAndAskedForAtTheEnd) {
