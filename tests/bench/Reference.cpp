@@ -1,7 +1,10 @@
 // The bare program that the benchmarks hold TessaView against: a tab widget and one engine view a page, all pages
-// loaded at once, the last one in front. Its arguments are the addresses.
+// loaded at once, the last one in front. Its arguments are the addresses. Downloads go to the current folder.
 #include <QApplication>
+#include <QDir>
 #include <QTabWidget>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineProfile>
 #include <QWebEngineView>
 
 int main(int argc, char** argv) {
@@ -9,6 +12,11 @@ int main(int argc, char** argv) {
     QTabWidget tabs;
     tabs.setWindowTitle(QStringLiteral("bench_reference"));
     tabs.resize(1024, 768);
+    QObject::connect(QWebEngineProfile::defaultProfile(), &QWebEngineProfile::downloadRequested, &tabs,
+                     [](QWebEngineDownloadRequest* request) {
+                         request->setDownloadDirectory(QDir::currentPath());
+                         request->accept();
+                     });
     const QStringList addresses = QApplication::arguments().mid(1);
     for (const QString& address : addresses) {
         auto* view = new QWebEngineView(&tabs);

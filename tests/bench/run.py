@@ -3,11 +3,12 @@
 
     run.py --program build/tessaview --reference build/tests/bench/bench_reference \\
            --server build/tests/bench/bench_server [--pages 1,20,100] [--restart 100] [--exit 500] [--asleep 100]
-           [--runs 3]
+           [--download 1000] [--runs 3]
+
 
 Also measured: how soon a start shows its window, a restart with so many remembered sites, how soon everything is saved
-when the program is asked to end with so many tabs open, and of so many tabs the memory asleep and awake, and how soon
-one wakes, held against loading its page anew.
+when the program is asked to end with so many tabs open, a download of so many MB (how long it takes and how much memory
+meanwhile), and of so many tabs the memory asleep and awake, and how soon one wakes, held against loading its page anew.
 
 Both run on a virtual display of their own, with a fresh profile each time, and are measured from outside: what the
 page server was asked for when, and what the kernel says of all processes of the run. The exit code is 0 when all
@@ -15,6 +16,7 @@ targets are met, 1 when one is missed, 2 when something could not be measured.
 """
 import argparse
 import collections
+import http.server
 import os
 import select
 import signal
@@ -22,6 +24,7 @@ import statistics
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 import urllib.request
 
@@ -32,7 +35,10 @@ TITLES = {"TessaView": "^TessaView 3$", "bare": "^bench_reference$"}
 MEMORY_TARGET = 1.10
 WINDOW_TARGET = 1.25
 VALUES = {"window": "window shown, s", "first": "first request, s", "front": "front page loaded, s", "all": "all loaded, s",
-          "memory": "memory, MB (PSS)", "idle": "idle CPU, s in 5 s"}
+          "memory": "memory, MB (PSS)", "idle": "idle CPU, s in 5 s", "saved": "file saved, s", "peak": "peak memory, MB (PSS)",
+          "grown": "grown meanwhile, MB"}
+DOWNLOAD_TARGET = 1.10
+GROWTH_TARGET = 50  # MB that a download may take at most, however large it is
 EXIT_TARGET = 0.1  # seconds until everything is saved
 ASLEEP_TARGET = 0.25  # of the memory awake
 WAKE_TARGET = 1.0  # of the time to load the page anew
@@ -158,6 +164,45 @@ class PageServer:
         return [(int(microseconds) / 1e6, path) for microseconds, _, path in lines]
 
 
+class FileServer:
+    """A file of so many MB, as fast as it can be sent, for as long as the block lasts."""
+
+    def __init__(self, megabytes):
+        self.size = megabytes * 1000 * 1000
+        self.asked = None  # when it was asked for last, in seconds of the monotonic clock
+
+    def __enter__(self):
+        server = self
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                server.asked = time.monotonic()
+                self.send_response(200)
+                self.send_header("Content-Type", "application/octet-stream")
+                self.send_header("Content-Disposition", 'attachment; filename="big.bin"')
+                self.send_header("Content-Length", str(server.size))
+                self.end_headers()
+                with tempfile.TemporaryFile() as file:
+                    file.truncate(server.size)
+                    try:
+                        self.connection.sendfile(file)
+                    except OSError:
+                        pass  # the program was ended
+
+            def log_message(self, *words):
+                pass
+
+        self._server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        self._server.daemon_threads = True
+        threading.Thread(target=self._server.serve_forever, daemon=True).start()
+        self.address = f"http://127.0.0.1:{self._server.server_address[1]}/big"
+        return self
+
+    def __exit__(self, *_):
+        self._server.shutdown()
+        self._server.server_close()
+
+
 def reference_command(options, addresses, _home):
     return [options.reference, *addresses]
 
@@ -260,6 +305,38 @@ def measure(command_for, options, pages, server, display, quiet=QUIET_SECONDS, i
             tree.kill()
             process.wait()
     return result, problem
+
+
+def download_command(options, addresses, home):
+    """A start that saves where the bare program does: in the current folder."""
+    with open(os.path.join(home, "settings.ini"), "w", encoding="ascii") as file:
+        file.write(f"[General]\nAskDefaultBrowser=false\nInternetDownloadFolder={home}\n")
+    return [options.program, *addresses]
+
+
+def measure_download(command_for, options, display):
+    """Seconds from the request until the file is whole, and the memory meanwhile."""
+    with FileServer(options.download) as server, tempfile.TemporaryDirectory(prefix="tessabench-") as home:
+        process = subprocess.Popen(command_for(options, [server.address], home), env=environment(display, home), cwd=home,
+                                   start_new_session=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
+        tree, file = Processes(process.pid), os.path.join(home, "big.bin")
+        memory, deadline = [], time.monotonic() + options.timeout
+        try:
+            # The file has its name once it is whole.
+            while not os.path.exists(file):
+                if process.poll() is not None or time.monotonic() > deadline:
+                    return {}, "the file was not saved"
+                if server.asked:
+                    memory.append(tree.memory_megabytes())
+                time.sleep(0.02)
+            saved = os.stat(file).st_mtime - time.time() + time.monotonic() - server.asked
+            if os.path.getsize(file) != server.size or not memory:
+                return {}, "the file is not whole"
+            return {"saved": saved, "peak": max(memory), "grown": max(memory) - memory[0]}, ""
+        finally:
+            tree.kill()
+            process.wait()
 
 
 def exit_command(options, server, home):
@@ -414,8 +491,10 @@ def medians(runs):
     return {key: statistics.median(run[key] for run in runs) for key in VALUES if all(key in run for run in runs)}
 
 
-def verdict(pages, key, ratio):
-    target = {"memory": MEMORY_TARGET, "window": WINDOW_TARGET}.get(key, TARGETS.get((pages, key)))
+def verdict(pages, key, ratio, ours):
+    if key == "grown" and ours is not None:
+        return f"<= {GROWTH_TARGET} MB  {'met' if ours <= GROWTH_TARGET else 'MISSED'}"
+    target = {"memory": MEMORY_TARGET, "window": WINDOW_TARGET, "saved": DOWNLOAD_TARGET, "peak": MEMORY_TARGET}.get(key, TARGETS.get((pages, key)))
     if target is None:
         return ""
     if ratio is None:
@@ -434,7 +513,7 @@ def print_table(title, pages, program, reference):
         ours, bare = program.get(key), reference.get(key)
         ratio = ours / bare if ours is not None and bare else None
         cells = [f"{value:.2f}" if value is not None else "-" for value in (ours, bare, ratio)]
-        verdicts.append(verdict(pages, key, ratio))
+        verdicts.append(verdict(pages, key, ratio, ours))
         print(f"  {label:22}{cells[0]:>10}{cells[1]:>10}{cells[2]:>8}   {verdicts[-1]}".rstrip())
     return verdicts
 
@@ -474,6 +553,9 @@ def comparisons(options, server, display):
         yield compare(f"restart with {options.restart} sites", options.restart, options,
                       lambda _, command_for: measure(command_for, options, options.restart, server, display),
                       restart_command)
+    if options.download:
+        yield compare(f"download of {options.download} MB", 0, options,
+                      lambda _, command_for: measure_download(command_for, options, display), download_command)
     if options.exit:
         yield report_exit(options, server, display)
     if options.asleep:
@@ -489,6 +571,7 @@ def arguments():
     parser.add_argument("--restart", type=int, default=100, help="remembered sites of a restart; 0 for none")
     parser.add_argument("--exit", type=int, default=500, help="tabs that are open at the end; 0 for none")
     parser.add_argument("--asleep", type=int, default=100, help="tabs that sleep; 0 for none")
+    parser.add_argument("--download", type=int, default=1000, help="MB of a file that is saved; 0 for none")
     parser.add_argument("--runs", type=int, default=3, help="repetitions of each; the median counts")
     parser.add_argument("--delay", type=int, default=20, help="of each answer, milliseconds")
     parser.add_argument("--timeout", type=float, default=120, help="of each run, seconds")
