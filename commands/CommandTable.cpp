@@ -145,6 +145,7 @@ const std::array kCommands{
     Command{u"xtrTextLarger", Page::LargerText},
     Command{u"xtrTextSmaller", Page::SmallerText},
     Command{u"xtrTextUsual", Page::MediumTextSize},
+    Command{u"xtrPrintPreview", Page::Exec<BrowserCommand::PrintPreview>},
     FromHost<&CommandHost::ToggleFullScreen>(u"xtrFullScreen"),
     FromHost<&CommandHost::ToggleDevTools>(u"xtrDevTools"),
     FromHost<&CommandHost::ShowTaskView>(u"xtrTaskView"),

@@ -193,6 +193,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreMenu", u"xtrTextSmaller"},
     EntryRow{u"bndMoreMenu", u"xtrTextUsual"},
     EntryRow{u"bndMoreMenu", u"xtrFullScreen", kGroup},
+    EntryRow{u"bndMoreMenu", u"xtrPrintPreview"},
     EntryRow{u"bndMoreMenu", u"xtrBookmarks", kGroup},
     EntryRow{u"bndMoreMenu", u"xtrDevTools", kGroup},
     EntryRow{u"bndMoreMenu", u"xtrTaskView"},

@@ -185,6 +185,8 @@ constexpr std::array kOwnTools{
             u"format-font-size-less", u""},
     ToolRow{u"xtrTextUsual", u"&Usual Text", u"More", u"Shows the text of the page at its usual size", u"", u""},
     ToolRow{u"xtrFullScreen", u"&Full Screen", u"More", u"Shows pages on the whole screen", u"view-fullscreen", u""},
+    ToolRow{u"xtrPrintPreview", u"Print Pre&view", u"More", u"Shows in a tab how the page will look on paper",
+            u"document-print-preview", u""},
     ToolRow{u"xtrDevTools", u"&Developer Tools", u"More", u"Shows how the current page is made", u"tools", u""},
     ToolRow{u"xtrTaskView", u"&Task View...", u"More",
             u"Shows what each tab uses of memory and processor, and ends pages", u"utilities-system-monitor", u""},

@@ -44,6 +44,7 @@ void ShowInternetOptions(frmMain& main) {
     const auto* view = main.Tabs.CurrentView();
     const auto clear = [&main](const BrowsingData& data, const Forgotten& done) { Clear(main, data, done); };
     frmInternetOptions form(main.Platform.settings, {.chooseFolder = main.Platform.chooseFolder,
+                                                     .siteChoices = main.Platform.siteChoices,
                                                      .clear = clear,
                                                      .currentPage = view ? view->Control->LocationURL() : Text(),
                                                      .mailProgram = main.Platform.shell.ProgramFor(u"mailto"),

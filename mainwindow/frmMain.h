@@ -16,6 +16,7 @@
 #include "mainwindow/SessionJournal.h"
 #include "mainwindow/frmTaskView.h"
 #include "pages/frmDownloads.h"
+#include "settings/SiteChoice.h"
 #include "tabs/BrowserEvents.h"
 #include "tabs/TabSleep.h"
 
@@ -82,6 +83,8 @@ struct MainWindowPlatform {
     std::function<void(frmInternetOptions&)> showInternetOptions{};
     /// Puts the stored Internet Options into effect for the engine.
     std::function<void()> applyInternetOptions{};
+    /// What the user has decided for sites, as the Internet Options list it.
+    SiteChoices siteChoices{};
     /// Has the engine forget what it keeps of where pages have been, and tells when it has, which may never come.
     std::function<void(const BrowsingData&, std::function<void(Outcome)> done)> clearBrowsingData{};
     /// Asks for a folder, beginning at the one given; empty when the user changed his mind.

@@ -44,3 +44,11 @@ ExternalRule ExternalSchemes::RuleFor(TextView scheme, TextView site) const {
 void ExternalSchemes::Remember(TextView scheme, TextView site, bool open) {
     m_answers[{Text(scheme), Text(site)}] = open;
 }
+
+std::vector<ExternalSchemes::Decision> ExternalSchemes::All() const {
+    std::vector<Decision> all;
+    for (const auto& [key, opens] : m_answers) all.push_back({key.first, key.second, opens});
+    return all;
+}
+
+void ExternalSchemes::Forget(TextView scheme, TextView site) { m_answers.erase({Text(scheme), Text(site)}); }

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <utility>
+#include <vector>
 
 /// What is to become of an address that no page can show.
 enum class ExternalRule { Ask, Open, Refuse };
@@ -17,6 +18,14 @@ public:
     /// `site` is the host that wants it opened; empty for the user.
     [[nodiscard]] ExternalRule RuleFor(TextView scheme, TextView site) const;
     void Remember(TextView scheme, TextView site, bool open);
+
+    struct Decision {
+        Text Scheme, Site;
+        bool Opens = false;
+    };
+    [[nodiscard]] std::vector<Decision> All() const;
+    void Forget(TextView scheme, TextView site);
+    void ForgetAll() { m_answers.clear(); }
 
 private:
     std::map<std::pair<Text, Text>, bool> m_answers;

@@ -77,7 +77,19 @@ void SitePermissions::Remember(const SiteDecision& decision) {
 
 void SitePermissions::Forget(TextView site, SitePermission permission) {
     auto all = All();
-    if (std::erase_if(all, Matching(site, permission)) > 0) Write(all);
+    const auto found = std::ranges::find_if(all, Matching(site, permission));
+    if (found == all.end()) return;
+    const SiteDecision forgotten = *found;
+    all.erase(found);
+    Write(all);
+    if (Forgotten) Forgotten(forgotten);
+}
+
+void SitePermissions::ForgetAll() {
+    const auto all = All();
+    Write({});
+    if (!Forgotten) return;
+    for (const SiteDecision& each : all) Forgotten(each);
 }
 
 Text SitePermissions::Wish(SitePermission permission) { return Text(RowOf(permission).wish); }

@@ -1,6 +1,7 @@
 #pragma once
 #include "common/platform/SettingsStorage.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -39,6 +40,9 @@ public:
     /// A private page's decisions are not to come here.
     void Remember(const SiteDecision& decision);
     void Forget(TextView site, SitePermission permission);
+    void ForgetAll();
+    /// A decision was forgotten: what rests on it is to end.
+    std::function<void(const SiteDecision&)> Forgotten;
 
     /// What is asked for, after "wants to".
     [[nodiscard]] static Text Wish(SitePermission permission);

@@ -5,6 +5,7 @@
 #include "qt/QtPageOutput.h"
 #include "qt/QtPageSecurity.h"
 #include "qt/QtSceneWindows.h"
+#include "qt/QtStartPage.h"
 #include "qt/QtText.h"
 
 #include <QDataStream>
@@ -89,6 +90,9 @@ Outcome QtBrowserView::ExecWB(BrowserCommand command) {
         return m_engine.Output().SaveAs(*m_page, m_engine.PageArea());
     case BrowserCommand::Print:
         return m_engine.Output().Print(*m_page, m_engine.PageArea());
+    case BrowserCommand::PrintPreview:
+        PrintPreview();
+        return Outcome::Done;
     case BrowserCommand::PageSetup:
         return m_engine.Output().PageSetup(m_engine.PageArea());
     case BrowserCommand::Cut:
@@ -101,6 +105,28 @@ Outcome QtBrowserView::ExecWB(BrowserCommand command) {
         return Trigger(*m_page, QWebEnginePage::SelectAll);
     }
     return Outcome::Failed;
+}
+
+void QtBrowserView::PrintPreview() {
+    // Else stopping the load, which closing the tab does, would crash the engine.
+    m_previewsLater = m_loading;
+    if (m_loading) return;
+    m_page->printToPdf(
+        [view = QPointer<QtBrowserView>(this)](const QByteArray& pdf) {
+            // Queued: the engine is in the middle of telling.
+            if (view && !pdf.isEmpty())
+                QMetaObject::invokeMethod(
+                    view, [view, pdf] { view->ShowPreview(pdf); }, Qt::QueuedConnection);
+        },
+        m_engine.Output().Layout());
+}
+
+void QtBrowserView::ShowPreview(const QByteArray& pdf) {
+    auto* opened = static_cast<QtBrowserView*>(m_events.NewWindow2(m_index, NewWindowPlace::InFront));
+    if (!opened) return;
+    opened->m_preview = std::make_shared<const QByteArray>(pdf);
+    const QUrl address = m_engine.OwnPages(opened->m_privacy).AddPreview(opened->m_preview);
+    ResumeNext(opened->Navigate(FromQt(address.toString())));
 }
 
 Text QtBrowserView::LocationName() const { return m_page ? FromQt(m_page->title()) : Text(); }
@@ -175,7 +201,7 @@ void QtBrowserView::Move(const Rect& place) {
 }
 
 void QtBrowserView::LayWidget() {
-    if (!m_widget) return;
+    if (!m_widget || m_engine.FullScreen().Has(m_widget)) return;
     QRect page = m_engine.PageRect(m_place);
     QtQuestionBar& bar = *m_questions->bar;
     if (bar.Asks()) {
@@ -234,6 +260,7 @@ void QtBrowserView::Show() {
 
 void QtBrowserView::Hide() {
     if (!m_widget) return;
+    m_engine.FullScreen().Leave(m_widget);
     m_widget->hide();
     m_questions->bar->hide();
     m_questions->covers.SetShown(false);
@@ -283,6 +310,8 @@ void QtBrowserView::WireQuestions() {
 
 void QtBrowserView::ShowQuestion() {
     QtQuestionBar& bar = *m_questions->bar;
+    // What is asked is to be seen.
+    if (bar.Asks() || !m_questions->covers.Empty()) m_engine.FullScreen().Leave(m_widget);
     bar.ShowCurrent();
     bar.setVisible(bar.Asks() && m_widget && m_widget->isVisible());
     LayWidget();
@@ -309,6 +338,7 @@ void QtBrowserView::MakeWidget() {
 
 void QtBrowserView::Release() {
     m_pending.reset();
+    m_engine.FullScreen().Leave(m_widget);
     m_life.reset();
     m_questions.reset();
     if (m_page) m_page->disconnect(this);

@@ -13,6 +13,7 @@
 #include <string>
 
 class QtEngine;
+class QWebEngineFullScreenRequest;
 class QWebEngineLoadingInfo;
 class QWebEngineNewWindowRequest;
 class QWebEngineView;
@@ -89,7 +90,10 @@ private:
     void OnAddressChanged(const QUrl& url);
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
     void OnNewWindow(QWebEngineNewWindowRequest& request);
+    void OnFullScreen(QWebEngineFullScreenRequest request);
     void OpenPopup(const QUrl& address);
+    void PrintPreview();
+    void ShowPreview(const QByteArray& pdf);
     void WireQuestions();
     void ShowQuestion();
     void OnRendererGone();
@@ -107,12 +111,14 @@ private:
     QByteArray m_pendingHistory;                  ///< where the page that is asked for has been
     QUrl m_requested;                             ///< the address of the last navigation from outside the page
     QUrl m_fallback;                              ///< where to go when that cannot connect
+    std::shared_ptr<const QByteArray> m_preview;  ///< the PDF that the view was opened for
     QRect m_place;
     int m_zoom = 2;
     bool m_committed = false;
     bool m_loading = false;
     bool m_failed = false; ///< what is shown is an error page
     bool m_muted = false;
+    bool m_previewsLater = false; ///< as soon as the page is there
     bool m_tabStop = false;
     bool m_wantsFocus = false;
     bool m_canGoBack = false;

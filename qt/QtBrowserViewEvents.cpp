@@ -2,6 +2,7 @@
 #include "qt/QtEngine.h"
 #include "qt/QtText.h"
 
+#include <QWebEngineFullScreenRequest>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
@@ -42,6 +43,7 @@ void QtBrowserView::ConnectPage() {
         },
         Qt::QueuedConnection);
     connect(page, &QWebEnginePage::newWindowRequested, this, &QtBrowserView::OnNewWindow);
+    connect(page, &QWebEnginePage::fullScreenRequested, this, &QtBrowserView::OnFullScreen);
     connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtBrowserView::OnRendererGone);
     // Queued: closing may ask the user, and the page waits for its own answer meanwhile.
     connect(
@@ -66,6 +68,7 @@ void QtBrowserView::OnLoadFinished(bool) {
     m_events.StatusTextChange(m_index, u"Done");
     m_events.DownloadComplete(m_index);
     m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
+    if (m_previewsLater) PrintPreview();
 }
 
 void QtBrowserView::OnAddressChanged(const QUrl& url) {
@@ -102,6 +105,19 @@ void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
     supplied->m_requested = request.requestedUrl();
     supplied->MakePage();
     request.openIn(supplied->m_page);
+}
+
+void QtBrowserView::OnFullScreen(QWebEngineFullScreenRequest request) {
+    if (!request.toggleOn()) {
+        request.accept();
+        m_engine.FullScreen().Leave(m_widget);
+        return LayWidget();
+    }
+    // A page that nobody sees, or that asks something, is not to fill the screen.
+    if (!m_widget || !m_widget->isVisible() || m_questions->bar->Asks() || !m_questions->covers.Empty())
+        return request.reject();
+    request.accept();
+    m_engine.FullScreen().Enter(*m_widget, QtPage::HostAndPort(request.origin()));
 }
 
 void QtBrowserView::OpenPopup(const QUrl& address) {

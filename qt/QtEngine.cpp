@@ -48,6 +48,18 @@ QtPage* QtEngine::FrontPage() const {
     return view ? view->Page() : nullptr;
 }
 
+QtPage* QtEngine::MediaPage() {
+    const auto isHeard = [](const QtBrowserView* view) { return view && view->Audible(); };
+    if (isHeard(Front())) {
+        m_media = m_shown;
+    } else {
+        const auto heard = std::ranges::find_if(m_views, [&](const auto& each) { return isHeard(each.second); });
+        if (heard != m_views.end()) m_media = heard->first;
+    }
+    const auto* view = Find(m_media) ? Find(m_media) : Front();
+    return view ? view->Page() : nullptr;
+}
+
 void QtEngine::SetLoadOptions(const QtLoadOptions& options) {
     m_loadOptions = options;
     for (const auto* profile : {&m_profile, &m_private}) {
@@ -59,6 +71,12 @@ void QtEngine::SetLoadOptions(const QtLoadOptions& options) {
         // A sleeping page is told when it wakes, like any page that loads.
         const bool awake = view->Page() && !view->Life()->Asleep();
         if (profile && awake) profile->TellLoadOptions(*view->Page(), options);
+    }
+}
+
+void QtEngine::ForgetDecision(const SiteDecision& forgotten) {
+    for (const auto& [index, view] : m_views) {
+        if (view->Questions() && view->Privacy() == Privacy::Ordinary) view->Questions()->permissions.Forget(forgotten);
     }
 }
 
@@ -131,6 +149,11 @@ QWebEngineProfile* QtEngine::Profile(Privacy privacy) {
 QtDialogScheme& QtEngine::DialogScheme(Privacy privacy) {
     static_cast<void>(Profile(privacy));
     return (privacy == Privacy::Private ? m_private : m_profile)->Dialogs();
+}
+
+QtStartPage& QtEngine::OwnPages(Privacy privacy) {
+    static_cast<void>(Profile(privacy));
+    return (privacy == Privacy::Private ? m_private : m_profile)->OwnPages();
 }
 
 QtPage* QtEngine::MakePage(Privacy privacy) {

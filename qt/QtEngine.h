@@ -4,7 +4,9 @@
 #include "pages/ExternalSchemes.h"
 #include "pages/SitePermissions.h"
 #include "qt/QtLoadOptions.h"
+#include "qt/QtPageFullScreen.h"
 #include "qt/QtPageOutput.h"
+#include "qt/QtPersonInput.h"
 #include "tabs/NavigationQueue.h"
 
 #include <QElapsedTimer>
@@ -23,6 +25,7 @@ class QtBrowserView;
 class QtDialogScheme;
 class QtPage;
 class QtProfile;
+class QtStartPage;
 
 /// The page engine: makes the views, and decides when their pages come into being. Nothing of the engine exists
 /// before `Start()`, so a process that only hands its command line over never loads it. What is asked of the views
@@ -55,6 +58,8 @@ public:
     std::function<Text()> HomeAddress;
     /// What sites may do for good. Outlives the views; nothing to ask every time.
     SitePermissions* Permissions = nullptr;
+    /// A decision was forgotten: pages of that site ask again.
+    void ForgetDecision(const SiteDecision& forgotten);
     /// For the menus of pages, see `QtPageTools`.
     std::function<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
     std::function<void(QtPage&)> ShowInspector;
@@ -68,6 +73,9 @@ public:
     /// The view shown, and its page; nothing when there is none yet.
     [[nodiscard]] QtBrowserView* Front() const { return Find(m_shown); }
     [[nodiscard]] QtPage* FrontPage() const;
+    /// The page that the keys for play and pause are for: the one that is heard, the one in front first; else the one
+    /// that they were for last; else the one in front.
+    [[nodiscard]] QtPage* MediaPage();
     /// The view of a page; nothing for a page of nobody's.
     [[nodiscard]] QtBrowserView* ViewOf(const QWebEnginePage* page) const;
     /// Puts the load switches into effect for all pages, present and future.
@@ -84,6 +92,8 @@ public:
     /// What the user has answered about addresses for other programs.
     [[nodiscard]] ExternalSchemes& External() { return m_external; }
     [[nodiscard]] QtPageOutput& Output() { return m_output; }
+    /// The page that fills the screen.
+    [[nodiscard]] QtPageFullScreen& FullScreen() { return m_fullScreen; }
     void Register(std::int32_t index, QtBrowserView* view);
     void Forget(std::int32_t index);
     void RequestNavigation(std::int32_t index);
@@ -94,6 +104,8 @@ public:
     [[nodiscard]] QWidget* PageArea() const { return m_pageArea; }
     [[nodiscard]] QWebEngineProfile* Profile(Privacy privacy = Privacy::Ordinary);
     [[nodiscard]] QtDialogScheme& DialogScheme(Privacy privacy);
+    /// What the program itself shows as pages.
+    [[nodiscard]] QtStartPage& OwnPages(Privacy privacy);
     [[nodiscard]] QtPage* MakePage(Privacy privacy);
     [[nodiscard]] bool PlaysSounds() const { return m_loadOptions.sounds; }
     /// Marks the lines with which our script in the pages reports frames; new for every run.
@@ -117,9 +129,12 @@ private:
     QTimer m_turn;
     QElapsedTimer m_clock;
     QtPageOutput m_output;
+    QtPersonInput m_personInput;
+    QtPageFullScreen m_fullScreen;
     QtLoadOptions m_loadOptions;
     AcceptedCertificates m_accepted;
     ExternalSchemes m_external;
+    std::int32_t m_media = 0; ///< the view that the keys for play and pause were for last
     std::int32_t m_front = 0;
     std::int32_t m_shown = 0;
     bool m_started = false;

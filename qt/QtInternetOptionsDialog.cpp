@@ -2,6 +2,7 @@
 
 #include "qt/Bind.h"
 #include "qt/QtChoice.h"
+#include "qt/QtListBox.h"
 #include "qt/QtText.h"
 
 #include <QCheckBox>
@@ -12,6 +13,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -106,6 +108,7 @@ QtInternetOptionsDialog::QtInternetOptionsDialog(frmInternetOptions& form, QWidg
     tabs->addTab(GeneralPage(), QStringLiteral("&General"));
     tabs->addTab(ProgramsPage(), QStringLiteral("&Programs"));
     tabs->addTab(PrivacyPage(), QStringLiteral("Pri&vacy"));
+    tabs->addTab(SitesPage(), QStringLiteral("Sit&es"));
     tabs->addTab(ClearPage(), QStringLiteral("C&lear Data"));
     tabs->addTab(ConnectionPage(), QStringLiteral("&Connection"));
     auto* rows = new QVBoxLayout(this);
@@ -153,6 +156,27 @@ QWidget* QtInternetOptionsDialog::PrivacyPage() {
     AddCheckBox(*rows, m_form.chkDoNotTrack, "chkDoNotTrack", u'T');
     AddCheckBox(*rows, m_form.chkGlobalPrivacyControl, "chkGlobalPrivacyControl", u'S');
     rows->addStretch();
+    return page;
+}
+
+QWidget* QtInternetOptionsDialog::SitesPage() {
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    auto* caption = new QLabel;
+    auto* list = new QtListBox(m_form.lstSites, QStringLiteral("lstSites"), ToQt(m_form.lblSites.Caption()));
+    list->setDragDropMode(QListView::NoDragDrop);
+    caption->setBuddy(list);
+    Bind(m_form.lblSites, *caption, QStringLiteral("lblSites"), u'W');
+    // Delete does what it does in every list.
+    auto* revoke = NewButton(m_form.cmdRevoke, "cmdRevoke", u'R');
+    auto* key = new QShortcut(QKeySequence::Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(key, &QShortcut::activated, revoke, &QPushButton::click);
+    auto* hint = new QLabel;
+    Bind(m_form.lblSitesHint, *hint, QStringLiteral("lblSitesHint"));
+    rows->addWidget(caption);
+    rows->addWidget(list);
+    AddButtons(*rows, {revoke, NewButton(m_form.cmdRevokeAll, "cmdRevokeAll", u'A')});
+    rows->addWidget(hint);
     return page;
 }
 

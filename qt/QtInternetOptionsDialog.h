@@ -16,6 +16,7 @@ private:
     QWidget* GeneralPage();
     QWidget* ProgramsPage();
     QWidget* PrivacyPage();
+    QWidget* SitesPage();
     QWidget* ClearPage();
     QWidget* ConnectionPage();
     QWidget* Buttons();

@@ -6,19 +6,37 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QWebEngineSettings>
+#include <chrono>
 #include <memory>
 #include <optional>
+
+namespace {
+constexpr std::chrono::seconds kCopyTime{1};
+}
 
 QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {
     connect(this, &QWebEnginePage::urlChanged, this, [this] { m_awaited.clear(); });
     connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] { m_input.clear(); });
+    m_mayCopy.setSingleShot(true);
+    m_mayCopy.setInterval(kCopyTime);
+    m_mayCopy.callOnTimeout(this,
+                            [this] { settings()->resetAttribute(QWebEngineSettings::JavascriptCanAccessClipboard); });
+}
+
+// The engine does not ask about the clipboard, it goes by a switch: so a page may write to it when its user has just
+// done something in it, and never reads it.
+void QtPage::NotePerson() {
+    m_personActed = true;
+    if (!m_mayCopy.isActive()) settings()->setAttribute(QWebEngineSettings::JavascriptCanAccessClipboard, true);
+    m_mayCopy.start();
 }
 
 bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
     if (url.scheme() == QLatin1String(QtStartPage::Scheme()) && !AcceptOwn(url, type, isMainFrame)) return false;
     if (url.scheme() == u"mailto") {
         // Only a person's click starts the mail program, so that no page can start it a hundred times.
-        if (type == NavigationTypeLinkClicked) QDesktopServices::openUrl(url);
+        if (type == NavigationTypeLinkClicked && TakePerson()) QDesktopServices::openUrl(url);
         return false;
     }
     if (ExternalSchemes::IsExternal(FromQt(url.scheme()))) {
@@ -26,7 +44,9 @@ bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool 
         return false;
     }
     if (isMainFrame) m_awaited = url;
-    if (isMainFrame && (type == NavigationTypeTyped || type == NavigationTypeLinkClicked)) Q_EMIT PersonNavigated();
+    // A link that a script clicks is a clicked one too.
+    if (isMainFrame && (type == NavigationTypeTyped || (type == NavigationTypeLinkClicked && TakePerson())))
+        Q_EMIT PersonNavigated();
     Q_EMIT NavigationRequested(url, isMainFrame);
     return true;
 }

@@ -4,9 +4,11 @@
 #include <QEventLoop>
 #include <QPointer>
 #include <QSet>
+#include <QTimer>
 #include <QUrl>
 #include <QWebEnginePage>
 #include <functional>
+#include <utility>
 
 /// An engine page that reports what only its virtual functions tell.
 class QtPage final : public QWebEnginePage {
@@ -27,6 +29,10 @@ public:
     /// Shows a dialog for which the whole engine waits - one that our script could not stand in for, or the question
     /// before a page is left - and returns; the answer comes later, or never.
     std::function<void(const PageDialogRequest&, std::function<void(const PageDialogAnswer&)> answer)> ShowDialog;
+    /// A person has clicked or typed into the page.
+    void NotePerson();
+    /// Whether a person has, since this was asked last: what a page does beyond that it does by itself.
+    [[nodiscard]] bool TakePerson() { return std::exchange(m_personActed, false); }
     /// Deletes the page as soon as it waits for nothing any more and nobody holds it.
     void End();
     /// Somebody waits for what the engine makes of the page, and needs it that long.
@@ -66,5 +72,7 @@ private:
     bool m_ending = false;
     QSet<QString> m_input; ///< the documents that hold some
     int m_holders = 0;
-    QUrl m_awaited; ///< of the top-level navigation that has not ended
+    bool m_personActed = false;
+    QTimer m_mayCopy; ///< runs for as long as the page may put something on the clipboard
+    QUrl m_awaited;   ///< of the top-level navigation that has not ended
 };

@@ -21,6 +21,8 @@ public:
     /// Asks for paper, orientation and margins.
     Outcome PageSetup(QWidget* parent);
 
+    [[nodiscard]] const QPageLayout& Layout() const { return m_layout; }
+
     /// A file name that suggests itself for a page's title: without what file systems refuse.
     [[nodiscard]] static QString FileNameFor(const QString& title);
     /// Waits, not for ever, until all that was to be saved as PDF is; before the pages' profile ends.

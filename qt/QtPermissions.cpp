@@ -97,6 +97,17 @@ void QtPermissions::Decide(const QUrl& origin, SitePermission permission, const 
                      }});
 }
 
+void QtPermissions::Forget(const SiteDecision& forgotten) {
+    if (forgotten.Permission == SitePermission::Downloads && SiteOf(m_page.url()) == forgotten.Site)
+        m_downloads.PersonNavigated();
+    // The engine remembers both by itself, and tells a page of them without asking.
+    const QUrl origin(ToQt(forgotten.Site));
+    for (const auto feature : {QWebEnginePage::Geolocation, QWebEnginePage::Notifications}) {
+        if (PermissionOf(feature) == forgotten.Permission)
+            m_page.setFeaturePermission(origin, feature, QWebEnginePage::PermissionUnknown);
+    }
+}
+
 bool QtPermissions::MayOpenPopup(const QUrl& address) {
     const auto known = Decided(m_page.url(), SitePermission::Popups);
     if (known) return *known;
@@ -138,6 +149,8 @@ void QtPermissions::AskPopup(const QUrl& address) {
 bool QtPermissions::MaySave(const QUrl& address) {
     const QUrl origin = m_page.url();
     const auto known = Decided(origin, SitePermission::Downloads);
+    // Whoever clicks for each file wants each of them.
+    if (m_page.TakePerson()) m_downloads.PersonNavigated();
     if (known == true || m_downloads.Take()) return true;
     if (known == false) return false;
     // What lies in the page itself cannot be fetched again later.

@@ -27,6 +27,9 @@ public:
     /// later.
     [[nodiscard]] bool MaySave(const QUrl& address);
 
+    /// A decision about the page's site was forgotten: the engine is to ask again.
+    void Forget(const SiteDecision& forgotten);
+
     /// Opens a window that was held back.
     std::function<void(const QUrl&)> OpenPopup;
 

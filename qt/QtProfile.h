@@ -23,6 +23,7 @@ public:
     [[nodiscard]] QtDialogScheme& Dialogs() const { return *m_dialogs; }
     /// How the home page is made.
     void SetStartPage(std::function<std::string()> page);
+    [[nodiscard]] QtStartPage& OwnPages() const { return *m_startPage; }
     /// What pages may load from now on.
     void SetLoadOptions(const QtLoadOptions& options);
     /// The same for a page that is there already.

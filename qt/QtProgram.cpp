@@ -1,6 +1,7 @@
 #include "qt/QtProgram.h"
 
 #include "mainwindow/StartPage.h"
+#include "pages/DecidedSites.h"
 #include "qt/QtAbout.h"
 #include "qt/QtAddFavorite.h"
 #include "qt/QtBarLook.h"
@@ -13,6 +14,7 @@
 #include "qt/QtDevTools.h"
 #include "qt/QtDialogScheme.h"
 #include "qt/QtDialogs.h"
+#include "qt/QtDictionaries.h"
 #include "qt/QtDownloads.h"
 #include "qt/QtDownloadsPanel.h"
 #include "qt/QtEngine.h"
@@ -26,6 +28,7 @@
 #include "qt/QtKeys.h"
 #include "qt/QtLayoutFile.h"
 #include "qt/QtMainWindow.h"
+#include "qt/QtMediaKeys.h"
 #include "qt/QtMiddleClick.h"
 #include "qt/QtNotifications.h"
 #include "qt/QtOrganizeFavorites.h"
@@ -132,6 +135,7 @@ struct QtProgram::Parts {
                 .showTessaGroup = [this](frmTessaGroup& form) { ShowModal(form, &window); },
                 .showInternetOptions = [this](frmInternetOptions& form) { ShowModal(form, &window); },
                 .applyInternetOptions = [this] { ApplyInternetOptions(); },
+                .siteChoices = DecidedSites(permissions, engine.External()),
                 .clearBrowsingData =
                     [this](const BrowsingData& data, std::function<void(Outcome)> done) {
                         if (profile) return browsingData.Clear(data, *profile, std::move(done));
@@ -195,6 +199,7 @@ struct QtProgram::Parts {
         ApplyInternetOptions();
         downloads.Follow(made);
         notifications.Follow(made);
+        if (dictionaries) dictionaries->Follow(made);
     }
 
     // Nothing of it is noted anywhere.
@@ -204,6 +209,7 @@ struct QtProgram::Parts {
         ApplyInternetOptions();
         downloads.Follow(made);
         notifications.Follow(made);
+        if (dictionaries) dictionaries->Follow(made);
     }
 
     [[nodiscard]] ServiceTemplates Services() {
@@ -232,6 +238,8 @@ struct QtProgram::Parts {
     QtNotifications notifications;
     SitePermissions permissions{settings};
     QtMiddleClick middleClick;
+    QtMediaKeys mediaKeys;
+    std::optional<QtDictionaries> dictionaries; ///< once the engine is to start
     QtMainWindow window;
     QtDevTools devTools{window};
     QtRequests requests;
@@ -274,6 +282,7 @@ Startup::Program QtProgram::Platform() { return {m->application, m->settings, m-
 int QtProgram::Run() {
     // The window is on the screen before the engine, which takes long to load, is.
     QTimer::singleShot(0, &m->engine, [this] {
+        m->dictionaries.emplace(QtDictionaries::OfThisComputer(m->folders.cache));
         // The very first request goes the way that the user wants.
         m->ApplyInternetOptions();
         m->engine.Start();
@@ -398,9 +407,13 @@ void QtProgram::WireStartPage() {
 
 void QtProgram::WirePages() {
     m->engine.Permissions = &m->permissions;
+    m->permissions.Forgotten = [this](const SiteDecision& forgotten) { m->engine.ForgetDecision(forgotten); };
     m->engine.SaveAddress = [this](QtPage& page, const QUrl& address, const Text& path) {
         m->downloads.Save(page, address, path);
     };
+    m->mediaKeys.Page = [this] { return m->engine.MediaPage(); };
+    m->engine.FullScreen().WindowIsFull = [this] { return m->window.FullScreen(); };
+    m->engine.FullScreen().SetWindowFull = [this](bool on) { m->window.SetFullScreen(on); };
     m->engine.ShowInspector = [this](QtPage& page) { m->devTools.Show(page); };
     m->downloads.List = &m->main.Downloads;
     m->downloads.Profile = [this] { return m->engine.Profile(); };

@@ -11,6 +11,8 @@
 
 namespace {
 
+const QString kPreview = QStringLiteral("preview/");
+
 // Pages are not told by every version of the engine that the desktop is dark.
 QByteArray Help() {
     QFile file(QStringLiteral(":/help.html"));
@@ -26,7 +28,7 @@ QByteArray Help() {
 bool QtStartPage::IsOwn(const QUrl& url) {
     const QString path = url.path();
     return url.scheme() == QLatin1String(Scheme()) &&
-           (path == QStringLiteral("start") || path == QStringLiteral("help"));
+           (path == QStringLiteral("start") || path == QStringLiteral("help") || path.startsWith(kPreview));
 }
 
 void QtStartPage::RegisterScheme() {
@@ -41,18 +43,33 @@ QByteArray QtStartPage::PageAt(const QString& path) const {
     return path == u"help" ? Help() : QByteArray();
 }
 
+QUrl QtStartPage::AddPreview(const std::shared_ptr<const QByteArray>& pdf) {
+    std::erase_if(m_previews, [](const auto& each) { return each.second.expired(); });
+    const QString path = kPreview + QString::number(++m_previewCount);
+    m_previews[path] = pdf;
+    return QUrl(QLatin1String(Scheme()) + u':' + path);
+}
+
+QByteArray QtStartPage::PreviewAt(const QString& path) const {
+    const auto found = m_previews.find(path);
+    const auto pdf = found == m_previews.end() ? nullptr : found->second.lock();
+    return pdf ? *pdf : QByteArray();
+}
+
 void QtStartPage::requestStarted(QWebEngineUrlRequestJob* job) {
     const QUrl asker = job->initiator();
     if (!asker.isEmpty() && asker.scheme() != QLatin1String(Scheme())) {
         job->fail(QWebEngineUrlRequestJob::RequestDenied);
         return;
     }
-    const QByteArray html = PageAt(job->requestUrl().path());
-    if (html.isEmpty()) {
+    const QString path = job->requestUrl().path();
+    const bool preview = path.startsWith(kPreview);
+    const QByteArray bytes = preview ? PreviewAt(path) : PageAt(path);
+    if (bytes.isEmpty()) {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
         return;
     }
     auto* page = new QBuffer(job);
-    page->setData(html);
-    job->reply(QByteArrayLiteral("text/html"), page);
+    page->setData(bytes);
+    job->reply(preview ? QByteArrayLiteral("application/pdf") : QByteArrayLiteral("text/html"), page);
 }

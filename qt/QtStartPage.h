@@ -2,19 +2,25 @@
 #include <QByteArray>
 #include <QWebEngineUrlSchemeHandler>
 #include <functional>
+#include <map>
+#include <memory>
 #include <string>
 
-/// Answers for the home page `tessaview:start`, which the program makes itself, and for the help `tessaview:help`, no
-/// network needed. Web pages cannot reach the scheme: the engine takes it for a local one, a page's wish to go there is
-/// refused, and what is asked for on behalf of another origin is denied.
+/// Answers for what the program makes itself, no network needed: the home page `tessaview:start`, the help
+/// `tessaview:help`, and how pages will look on paper, `tessaview:preview/1` and so on. Web pages cannot reach the
+/// scheme: the engine takes it for a local one, a page's wish to go there is refused, and what is asked for on behalf
+/// of another origin is denied.
 class QtStartPage final : public QWebEngineUrlSchemeHandler {
 public:
     [[nodiscard]] static QByteArray Scheme() { return QByteArrayLiteral("tessaview"); }
-    /// Whether the address is the home page's or the help's.
+    /// Whether the address is one of these.
     [[nodiscard]] static bool IsOwn(const QUrl& url);
     /// Makes the scheme known to the engine; before the application object exists.
     static void RegisterScheme();
     void requestStarted(QWebEngineUrlRequestJob* job) override;
+
+    /// The address at which these bytes, a PDF, are shown for as long as somebody holds them.
+    [[nodiscard]] QUrl AddPreview(const std::shared_ptr<const QByteArray>& pdf);
 
     /// Makes the home page, in UTF-8. Filled in by the owner.
     std::function<std::string()> Page;
@@ -22,4 +28,8 @@ public:
 private:
     /// Nothing for a page that does not exist.
     [[nodiscard]] QByteArray PageAt(const QString& path) const;
+    [[nodiscard]] QByteArray PreviewAt(const QString& path) const;
+
+    std::map<QString, std::weak_ptr<const QByteArray>> m_previews; ///< by path
+    int m_previewCount = 0;
 };

@@ -44,6 +44,9 @@ void frmInternetOptions::WireClicks() {
     cmdUseCurrent.Click = [this] { txtHomePage.Value = m_outside.currentPage; };
     cmdUseDefault.Click = [this] { txtHomePage.Value = Text(); };
     cmdBrowse.Click = [this] { cmdBrowse_Click(); };
+    lstSites.ListIndex.Change = [this] { lstSites_Click(); };
+    cmdRevoke.Click = [this] { cmdRevoke_Click(); };
+    cmdRevokeAll.Click = [this] { cmdRevokeAll_Click(); };
     cmdClear.Click = [this] { cmdClear_Click(); };
     for (auto* box : {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearTyped})
         box->Value.Change = [this] { chkClear_Click(); };
@@ -65,6 +68,7 @@ void frmInternetOptions::Form_Load() {
     txtNews.Value = m_newsShown;
     cmdUseCurrent.Enabled = !m_outside.currentPage.empty();
     cmdBrowse.Enabled = static_cast<bool>(m_outside.chooseFolder);
+    ShowSites(0);
     chkClear_Click();
     chkSleep_Click();
     cboProxy_Click();
@@ -111,6 +115,32 @@ void frmInternetOptions::cmdBrowse_Click() {
     if (!m_outside.chooseFolder) return;
     const Text folder = m_outside.chooseFolder(txtDownloads.Value());
     if (!folder.empty()) txtDownloads.Value = folder;
+}
+
+void frmInternetOptions::ShowSites(std::size_t selected) {
+    lstSites.ListIndex = -1;
+    while (lstSites.ListCount() > 0) lstSites.RemoveItem(lstSites.ListCount() - 1);
+    m_sites = m_outside.siteChoices.All ? m_outside.siteChoices.All() : std::vector<SiteChoice>();
+    for (const SiteChoice& each : m_sites) lstSites.AddItem(each.Words);
+    if (!m_sites.empty()) lstSites.ListIndex = static_cast<std::int32_t>(std::min(selected, m_sites.size() - 1));
+    lstSites_Click();
+}
+
+void frmInternetOptions::lstSites_Click() {
+    cmdRevoke.Enabled = lstSites.FindSelected() != nullptr;
+    cmdRevokeAll.Enabled = lstSites.ListCount() > 0;
+}
+
+void frmInternetOptions::cmdRevoke_Click() {
+    if (!lstSites.FindSelected()) return;
+    const auto place = static_cast<std::size_t>(lstSites.ListIndex());
+    m_sites.at(place).Revoke();
+    ShowSites(place);
+}
+
+void frmInternetOptions::cmdRevokeAll_Click() {
+    if (m_outside.siteChoices.RevokeAll) m_outside.siteChoices.RevokeAll();
+    ShowSites(0);
 }
 
 void frmInternetOptions::cmdClear_Click() {

@@ -1,8 +1,10 @@
 #pragma once
 #include "common/Controls.h"
+#include "common/ListBox.h"
 #include "common/ResumeNext.h"
 #include "settings/Choice.h"
 #include "settings/InternetSettings.h"
+#include "settings/SiteChoice.h"
 
 #include <functional>
 #include <memory>
@@ -24,13 +26,14 @@ struct BrowsingData {
 using Forgotten = std::function<void(Outcome)>;
 
 /// The dialog of the Internet Options as data, made afresh for every show. Nothing is written before OK; "Clear Now"
-/// takes effect at once.
+/// and what is revoked take effect at once.
 class frmInternetOptions {
 public:
     /// What the form needs of the world outside; all may be empty.
     struct Outside {
         /// Asks for a folder, beginning at the one given; empty when the user changed his mind.
         std::function<Text(TextView folder)> chooseFolder{};
+        SiteChoices siteChoices{};
         std::function<void(const BrowsingData&, Forgotten done)> clear{};
         /// The address of the page in front.
         Text currentPage{};
@@ -78,6 +81,12 @@ public:
     CheckBox chkDoNotTrack{u"Tell sites not to track me"};
     CheckBox chkGlobalPrivacyControl{u"Tell sites not to sell or share what they know of me"};
 
+    Label lblSites{u"What was decided for sites"};
+    ListBox lstSites;
+    Button cmdRevoke{u"Revoke"};
+    Button cmdRevokeAll{u"Revoke All"};
+    Label lblSitesHint{u"A site that is revoked has to ask again."};
+
     CheckBox chkClearCookies{u"Cookies"};
     CheckBox chkClearSiteData{u"What sites have stored"};
     CheckBox chkClearCache{u"Stored copies of pages"};
@@ -107,6 +116,11 @@ private:
     [[nodiscard]] InternetValues Values() const;
     [[nodiscard]] BrowsingData Chosen() const;
     void cmdBrowse_Click();
+    /// Reads the list anew and selects the entry at that place, or the last one.
+    void ShowSites(std::size_t selected);
+    void lstSites_Click();
+    void cmdRevoke_Click();
+    void cmdRevokeAll_Click();
     void cmdClear_Click();
     void chkClear_Click();
     void ShowCleared(Outcome outcome);
@@ -124,4 +138,5 @@ private:
     Text m_mailShown, m_newsShown; ///< what the boxes showed at first
     /// Ends with the form, which may not wait for what it has cleared.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    std::vector<SiteChoice> m_sites;
 };

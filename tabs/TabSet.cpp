@@ -84,6 +84,7 @@ Privacy TabSet::CurrentPrivacy() const {
 }
 
 InFront TabSet::PlaceFor(NewWindowPlace place) const {
+    if (place == NewWindowPlace::InFront) return InFront::Yes;
     return OpenNewInFront == (place == NewWindowPlace::AsSet) ? InFront::Yes : InFront::No;
 }
 

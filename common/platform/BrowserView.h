@@ -12,7 +12,16 @@
 #include <string>
 
 /// Standard commands of a page view, with their known numbers.
-enum class BrowserCommand { SaveAs = 4, Print = 6, PageSetup = 8, Cut = 11, Copy = 12, Paste = 13, SelectAll = 17 };
+enum class BrowserCommand {
+    SaveAs = 4,
+    Print = 6,
+    PrintPreview = 7,
+    PageSetup = 8,
+    Cut = 11,
+    Copy = 12,
+    Paste = 13,
+    SelectAll = 17
+};
 
 /// The document of a page view.
 class PageDocument {
@@ -96,8 +105,8 @@ enum class PageLevel { Top, Frame };
 enum class HistoryCommand { UpdateCommands = -1, NavigateForward = 1, NavigateBack = 2 };
 
 /// Where a window that a page asks for is to come: as the user has set it, or the other way, because the user has held
-/// the key for that.
-enum class NewWindowPlace { AsSet, OtherWay };
+/// the key for that, or in front, because a command of the user's is about it.
+enum class NewWindowPlace { AsSet, OtherWay, InFront };
 
 /// Where the events of all views arrive, the view's index first.
 class BrowserViewEvents {

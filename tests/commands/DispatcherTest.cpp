@@ -93,11 +93,11 @@ TEST_F(DispatcherTest, PageCommandsReachTheCurrentView) {
     desk.main.Tabs.UpdateStopRefresh();
     desk.ClickTab(2);
     for (const TextView tool : {u"mnuHome", u"mnuSearch", u"mnuSaveAs", u"mnuPageSetup", u"mnuPrint", u"mnuCut",
-                                u"mnuCopy", u"mnuPaste", u"mnuSelectAll"})
+                                u"mnuCopy", u"mnuPaste", u"mnuSelectAll", u"xtrPrintPreview"})
         desk.Click(tool);
     EXPECT_EQ(desk.views.Calls(2),
               "home, go " + ToUtf8(Endpoints::kSearchStart) +
-                  ", command 4, command 8, command 6, command 11, command 12, command 13, command 17");
+                  ", command 4, command 8, command 6, command 11, command 12, command 13, command 17, command 7");
     EXPECT_EQ(desk.views.Calls(1), "");
     EXPECT_EQ(desk.views.focused, 2) << "selecting all needs the keyboard";
 }

@@ -204,4 +204,34 @@ TEST_F(EngineDownloads, OfAPageThatSavesAndSavesWaitForItsUser) {
               FromQt(QStringLiteral("127.0.0.1:%1 wants to save several files.").arg(server.serverPort())));
 }
 
+TEST_F(EngineDownloads, OfAPageThatClicksItsOwnLinksWaitForItsUser) {
+    QFile page(QStringLiteral(HOSTILE_PAGES "/download-storm.html"));
+    ASSERT_TRUE(page.open(QFile::ReadOnly));
+    server.Page(QStringLiteral("/page"), page.readAll());
+    server.Raw(QStringLiteral("/storm.bin"), Attachment("storm", "filename=storm.bin"));
+    desk.Load(server.Address(QStringLiteral("/page")));
+    const auto& questions = desk.Real().Questions()->questions;
+    ASSERT_TRUE(WaitUntil([&] { return questions.Current() != nullptr; }));
+    // However often it clicks from now on, the question stays and nothing more is saved.
+    const QString clicks = desk.Script(QStringLiteral("window.clicks = 0; setInterval(() => ++clicks, 100); clicks"));
+    ASSERT_TRUE(WaitUntil([&] { return desk.Script(QStringLiteral("clicks")).toInt() > clicks.toInt() + 5; }));
+    ASSERT_NE(questions.Current(), nullptr) << "it went away by itself";
+    EXPECT_LE(downloads.All().size(), DownloadRule::kFree);
+}
+
+TEST_F(EngineDownloads, ThatAPersonClicksForAreNeverAskedAbout) {
+    server.Raw(QStringLiteral("/get"), Attachment("x", "filename=x.txt"));
+    server.Page(QStringLiteral("/page"), "<a id=kept download='y.txt' href='data:text/plain,y'>keep</a><br>"
+                                         "<a id=get href='/get'>get</a>");
+    desk.Load(server.Address(QStringLiteral("/page")));
+    std::size_t saved = 0;
+    for (std::size_t i = 0; i <= DownloadRule::kFree; ++i) {
+        for (const auto* id : {"kept", "get"}) {
+            desk.ClickOn(QLatin1String(id));
+            ASSERT_TRUE(WaitFor(DownloadState::Done, ++saved)) << saved;
+        }
+    }
+    EXPECT_EQ(desk.Real().Questions()->questions.Current(), nullptr);
+}
+
 } // namespace

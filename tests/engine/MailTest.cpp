@@ -61,6 +61,8 @@ TEST(Mail, APageDoesNotOpenItByItself) {
     EngineView desk;
     desk.Load(server.Address(QStringLiteral("/page")));
     desk.Script(QStringLiteral("location.assign('mailto:c@d'); 1"));
+    desk.Script(QStringLiteral("var a = document.createElement('a'); a.href = 'mailto:e@f'; document.body.append(a);"
+                               "a.click(); 1"));
     Settle(desk.engine, desk.Real().Page());
     EXPECT_EQ(mail.Take(), "");
 }

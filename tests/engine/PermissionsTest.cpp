@@ -117,4 +117,26 @@ TEST_F(EnginePermissions, TellHowFarThePageCanBeTrusted) {
     EXPECT_EQ(desk.view->Security(), PageSecurity::None);
 }
 
+TEST_F(EnginePermissions, EndAtOnceWhenTheyAreRevoked) {
+    kept.Forgotten = [this](const SiteDecision& forgotten) { desk.engine.ForgetDecision(forgotten); };
+    kept.Remember({Site(), SitePermission::Notifications, true});
+    Load("<script>Notification.requestPermission().then(p => document.title = p)</script>");
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("granted")));
+    EXPECT_EQ(desk.Script(QStringLiteral("Notification.permission")), QStringLiteral("granted"));
+    kept.Forget(Site(), SitePermission::Notifications);
+    EXPECT_TRUE(WaitUntil([&] {
+        return desk.Script(QStringLiteral("Notification.permission")) != QStringLiteral("granted");
+    })) << "the page that is open knows";
+    Load("<script>Notification.requestPermission().then(p => document.title = p)</script>");
+    EXPECT_TRUE(WaitForQuestion());
+    Questions().Answer(1, false);
+
+    kept.Remember({Site(), SitePermission::Location, false});
+    Load(kAskLocation);
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("refused")));
+    kept.ForgetAll();
+    Load(kAskLocation);
+    EXPECT_TRUE(WaitForQuestion());
+}
+
 } // namespace

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
@@ -18,18 +19,26 @@ namespace {
 
 class QtInternetOptionsDialogTest : public testing::Test {
 protected:
+    std::vector<SiteChoice> Sites() {
+        std::vector<SiteChoice> all;
+        for (const Text& each : m_decided) all.push_back({each, [this, each] { std::erase(m_decided, each); }});
+        return all;
+    }
     FakeSettings m_settings;
+    std::vector<Text> m_decided{u"a may", u"b may", u"c may not"};
     std::vector<BrowsingData> m_cleared;
-    frmInternetOptions m_form{m_settings,
-                              {.chooseFolder = [](TextView) { return Text(u"/chosen"); },
-                               .clear =
-                                   [this](const BrowsingData& data, const Forgotten& done) {
-                                       m_cleared.push_back(data);
-                                       done(Outcome::Done);
-                                   },
-                               .currentPage = u"http://here.example/",
-                               .mailProgram = {},
-                               .newsProgram = {}}};
+    frmInternetOptions m_form{
+        m_settings,
+        {.chooseFolder = [](TextView) { return Text(u"/chosen"); },
+         .siteChoices = {.All = [this] { return Sites(); }, .RevokeAll = [this] { m_decided.clear(); }},
+         .clear =
+             [this](const BrowsingData& data, const Forgotten& done) {
+                 m_cleared.push_back(data);
+                 done(Outcome::Done);
+             },
+         .currentPage = u"http://here.example/",
+         .mailProgram = {},
+         .newsProgram = {}}};
 
     /// What the user does in the open dialog; returns once it is closed.
     void Use(const std::function<void(QDialog&)>& user) {
@@ -174,6 +183,33 @@ TEST_F(QtInternetOptionsDialogTest, ClearNowClearsWhileTheDialogStaysOpen) {
     EXPECT_EQ(m_cleared.at(0), (BrowsingData{.cookies = true, .seconds = 24 * 3600}));
 }
 
+TEST_F(QtInternetOptionsDialogTest, WhatSitesMayIsRevokedByKeyboard) {
+    Use([this](QDialog& dialog) {
+        auto& tabs = Find<QTabWidget>(dialog, "tabOptions");
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_E, Qt::AltModifier);
+        auto& list = Find<QListView>(dialog, "lstSites");
+        ASSERT_TRUE(list.isVisible()) << tabs.currentIndex();
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_W, Qt::AltModifier);
+        ASSERT_EQ(dialog.focusWidget(), &list);
+        EXPECT_EQ(list.model()->rowCount(), 3);
+        QTest::keyClick(&list, Qt::Key_Down);
+        QTest::keyClick(&list, Qt::Key_Delete);
+        EXPECT_EQ(m_decided, (std::vector<Text>{u"a may", u"c may not"}));
+        EXPECT_EQ(list.currentIndex().data().toString(), QStringLiteral("c may not"));
+        QTest::keyClick(&list, Qt::Key_R, Qt::AltModifier);
+        // A button that is pressed by its key is clicked a moment later.
+        EXPECT_TRUE(QTest::qWaitFor([&] { return m_decided == std::vector<Text>{u"a may"}; }));
+        m_decided.emplace_back(u"another");
+        QTest::keyClick(&list, Qt::Key_A, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return m_decided.empty(); }));
+        EXPECT_EQ(list.model()->rowCount(), 0);
+        EXPECT_FALSE(Find<QPushButton>(dialog, "cmdRevoke").isEnabled());
+        EXPECT_FALSE(Find<QPushButton>(dialog, "cmdRevokeAll").isEnabled());
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    EXPECT_TRUE(m_settings.written.empty());
+}
+
 TEST_F(QtInternetOptionsDialogTest, ThePresentPageAndAChosenFolderFillTheirBoxes) {
     Use([](QDialog& dialog) {
         Click(dialog, "cmdUseCurrent");
@@ -190,7 +226,7 @@ TEST_F(QtInternetOptionsDialogTest, EveryControlHasANameThatAPersonCanHearAndKey
     QtInternetOptionsDialog dialog(m_form);
     auto& tabs = Find<QTabWidget>(dialog, "tabOptions");
     for (int i = 0; i < tabs.count(); ++i) {
-        QString keys = QStringLiteral("gpvlc"); // those of the tabs
+        QString keys = QStringLiteral("gpvelc"); // those of the tabs
         const auto take = [&](const QString& text) {
             const qsizetype at = text.indexOf(u'&');
             if (at < 0) return;

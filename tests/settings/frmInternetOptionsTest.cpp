@@ -9,19 +9,27 @@ class InternetOptions : public testing::Test {
 protected:
     std::unique_ptr<frmInternetOptions> Open() {
         return std::make_unique<frmInternetOptions>(
-            settings, frmInternetOptions::Outside{.chooseFolder = [this](TextView) { return chosen; },
-                                                  .clear =
-                                                      [this](const BrowsingData& data, const Forgotten& done) {
-                                                          cleared.push_back(data);
-                                                          forgotten = done;
-                                                          if (!data.siteData) done(Outcome::Done);
-                                                      },
-                                                  .currentPage = u"http://here.example/",
-                                                  .mailProgram = u"letters",
-                                                  .newsProgram = u"papers"});
+            settings, frmInternetOptions::Outside{
+                          .chooseFolder = [this](TextView) { return chosen; },
+                          .siteChoices = {.All = [this] { return Sites(); }, .RevokeAll = [this] { decided.clear(); }},
+                          .clear =
+                              [this](const BrowsingData& data, const Forgotten& done) {
+                                  cleared.push_back(data);
+                                  forgotten = done;
+                                  if (!data.siteData) done(Outcome::Done);
+                              },
+                          .currentPage = u"http://here.example/",
+                          .mailProgram = u"letters",
+                          .newsProgram = u"papers"});
+    }
+    std::vector<SiteChoice> Sites() {
+        std::vector<SiteChoice> all;
+        for (const Text& each : decided) all.push_back({each, [this, each] { std::erase(decided, each); }});
+        return all;
     }
     FakeSettings settings;
     Text chosen;
+    std::vector<Text> decided;
     std::vector<BrowsingData> cleared;
     Forgotten forgotten;
 };
@@ -254,6 +262,39 @@ TEST_F(InternetOptions, VisitedLinksGoAsFarBackAsTheUserSays) {
     EXPECT_TRUE(form->cboSince.Enabled());
     form->cmdClear.Click();
     EXPECT_EQ(cleared.at(0), (BrowsingData{.visitedLinks = true, .seconds = 3600}));
+}
+
+TEST_F(InternetOptions, WhatWasDecidedForSitesIsRevokedAtOnceSinglyOrAll) {
+    decided = {u"a", u"b", u"c", u"d"};
+    const auto form = Open();
+    EXPECT_EQ(form->lstSites.Items(), decided);
+    EXPECT_EQ(form->lstSites.ListIndex(), 0);
+    form->lstSites.ListIndex = 1;
+    form->cmdRevoke.Click();
+    EXPECT_EQ(decided, (std::vector<Text>{u"a", u"c", u"d"}));
+    EXPECT_EQ(form->lstSites.Items(), decided);
+    EXPECT_EQ(*form->lstSites.FindSelected(), u"c") << "the next one can be revoked with the next key";
+    form->lstSites.ListIndex = 2;
+    form->cmdRevoke.Click();
+    EXPECT_EQ(*form->lstSites.FindSelected(), u"c") << "the last one when there is no next";
+    form->cmdRevokeAll.Click();
+    EXPECT_TRUE(decided.empty());
+    EXPECT_EQ(form->lstSites.ListCount(), 0U);
+    EXPECT_FALSE(form->cmdRevoke.Enabled() || form->cmdRevokeAll.Enabled());
+    form->cmdCancel.Click();
+    EXPECT_TRUE(decided.empty()) << "what is revoked stays so";
+}
+
+TEST_F(InternetOptions, NothingDecidedLeavesNothingToRevoke) {
+    const auto form = Open();
+    EXPECT_FALSE(form->cmdRevoke.Enabled() || form->cmdRevokeAll.Enabled());
+    form->cmdRevoke.Click();
+    form->cmdRevokeAll.Click();
+    decided = {u"a"};
+    const auto later = Open();
+    later->lstSites.ListIndex = -1;
+    EXPECT_FALSE(later->cmdRevoke.Enabled());
+    EXPECT_TRUE(later->cmdRevokeAll.Enabled());
 }
 
 } // namespace

@@ -114,6 +114,14 @@ TEST(BrowserEvents, APageThatWantsANewWindowGetsATabWhereTheSettingSays) {
     EXPECT_EQ(desk.views.At(2).events.NewWindow2(2, NewWindowPlace::AsSet), nullptr);
 }
 
+TEST(BrowserEvents, WhatACommandOpensComesInFrontWhateverTheSettingSays) {
+    Desk desk;
+    desk.StartWithTabs(1);
+    desk.main.Tabs.OpenNewInFront = false;
+    desk.views.At(1).events.NewWindow2(1, NewWindowPlace::InFront);
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+}
+
 TEST(BrowserEvents, OnlyTheSelectedViewsStatusTextIsShown) {
     Desk desk;
     desk.StartWithTabs(2);

@@ -1,0 +1,70 @@
+#include "qt/QtMediaKeys.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct Key {
+    int qt;
+    QtMediaKeys::Wish wish;
+    const char* word; ///< for the script
+};
+
+constexpr std::array kKeys{
+    Key{Qt::Key_MediaTogglePlayPause, QtMediaKeys::Wish::PlayOrPause, "toggle"},
+    // Keyboards with one key for both call it "play".
+    Key{Qt::Key_MediaPlay, QtMediaKeys::Wish::PlayOrPause, "toggle"},
+    Key{0, QtMediaKeys::Wish::Play, "play"},
+    Key{Qt::Key_MediaPause, QtMediaKeys::Wish::Pause, "pause"},
+    Key{Qt::Key_MediaStop, QtMediaKeys::Wish::Stop, "stop"},
+};
+
+// Runs in a world of its own, which keeps what was paused.
+constexpr auto kScript = R"js((function (wish) {
+    function collect(page, found) {
+        found.push.apply(found, page.querySelectorAll('video, audio'));
+        page.querySelectorAll('iframe').forEach(function (frame) {
+            try { if (frame.contentDocument) collect(frame.contentDocument, found); } catch (other) { }
+        });
+        return found;
+    }
+    var all = collect(document, []);
+    var playing = all.filter(function (each) { return !each.paused && !each.ended; });
+    if (wish === 'toggle') wish = playing.length > 0 ? 'pause' : 'play';
+    if (wish === 'play') {
+        var kept = (window.tessaPaused || []).filter(function (each) { return all.indexOf(each) >= 0; });
+        var begun = all.filter(function (each) { return each.currentTime > 0; });
+        if (kept.length === 0) kept = (begun.length > 0 ? begun : all).slice(0, 1);
+        if (playing.length === 0) kept.forEach(function (each) { each.play().catch(function () { }); });
+        return;
+    }
+    if (playing.length > 0) window.tessaPaused = playing;
+    playing.forEach(function (each) {
+        each.pause();
+        if (wish === 'stop') each.currentTime = 0;
+    });
+})('%1'))js";
+
+} // namespace
+
+QtMediaKeys::QtMediaKeys() { QCoreApplication::instance()->installEventFilter(this); }
+
+void QtMediaKeys::Tell(QWebEnginePage& page, Wish wish) {
+    const auto* key = std::ranges::find(kKeys, wish, &Key::wish);
+    page.runJavaScript(QString::fromLatin1(kScript).arg(QLatin1String(key->word)), QWebEngineScript::ApplicationWorld);
+}
+
+bool QtMediaKeys::eventFilter(QObject* watched, QEvent* event) {
+    // Windows get a key before the widgets in them do, and once.
+    if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return QObject::eventFilter(watched, event);
+    const auto* found = std::ranges::find(kKeys, static_cast<QKeyEvent*>(event)->key(), &Key::qt);
+    auto* page = found != kKeys.end() && Page ? Page() : nullptr;
+    if (!page) return QObject::eventFilter(watched, event);
+    Tell(*page, found->wish);
+    return true;
+}

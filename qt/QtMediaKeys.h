@@ -1,0 +1,22 @@
+#pragma once
+#include <QObject>
+#include <functional>
+
+class QWebEnginePage;
+
+/// The keyboard's keys for play, pause and stop, wherever the keyboard is in the program.
+class QtMediaKeys final : public QObject {
+public:
+    enum class Wish { PlayOrPause, Play, Pause, Stop };
+
+    QtMediaKeys();
+
+    /// The page that they are for; nothing when there is none. Filled in by the program.
+    std::function<QWebEnginePage*()> Page;
+
+    /// Has what plays in the page do so: what was paused in this way goes on, else what has begun, else the first.
+    static void Tell(QWebEnginePage& page, Wish wish);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};

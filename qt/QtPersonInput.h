@@ -1,0 +1,12 @@
+#pragma once
+#include <QObject>
+
+/// Tells each page of the clicks and keys that reach it from a person. The engine does not say of a link whether it
+/// was clicked by one or by a script.
+class QtPersonInput final : public QObject {
+public:
+    QtPersonInput();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};

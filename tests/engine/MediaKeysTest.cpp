@@ -1,0 +1,67 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtEngine.h"
+#include "qt/QtMediaKeys.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QWindow>
+
+namespace {
+
+// Two films that a script paints, the first of which plays.
+constexpr auto kFilms =
+    "<video id=one muted></video><video id=two muted></video><canvas id=paper width=40 height=40></canvas><script>"
+    "const x = paper.getContext('2d'); let n = 0;"
+    "setInterval(() => { x.fillStyle = ++n % 2 ? 'red' : 'blue'; x.fillRect(0, 0, 40, 40) }, 30);"
+    "one.srcObject = two.srcObject = paper.captureStream(30); one.play()</script>";
+
+class MediaKeys : public testing::Test {
+protected:
+    MediaKeys() {
+        keys.Page = [this] { return desk.engine.MediaPage(); };
+        server.Page(QStringLiteral("/page"), kFilms);
+        desk.Load(server.Address(QStringLiteral("/page")));
+    }
+    void Press(Qt::Key key) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(desk.window.windowHandle(), &press);
+    }
+    bool Plays(const char* which) {
+        return WaitUntil([&] {
+            return desk.Script(QStringLiteral("(one.paused ? '' : 'one') + (two.paused ? '' : 'two')")) ==
+                   QLatin1String(which);
+        });
+    }
+
+    QtMediaKeys keys;
+    LocalServer server;
+    EngineView desk;
+};
+
+TEST_F(MediaKeys, PauseWhatPlaysAndLetItGoOn) {
+    ASSERT_TRUE(Plays("one"));
+    Press(Qt::Key_MediaTogglePlayPause);
+    EXPECT_TRUE(Plays(""));
+    Press(Qt::Key_MediaPlay);
+    EXPECT_TRUE(Plays("one"));
+    desk.Script(QStringLiteral("one.pause(); two.play(); 1"));
+    ASSERT_TRUE(Plays("two"));
+    Press(Qt::Key_MediaPause);
+    EXPECT_TRUE(Plays(""));
+    Press(Qt::Key_MediaTogglePlayPause);
+    EXPECT_TRUE(Plays("two")) << "what was paused last";
+    Press(Qt::Key_MediaStop);
+    EXPECT_TRUE(Plays(""));
+}
+
+TEST_F(MediaKeys, DoNothingWhereNothingCanPlay) {
+    server.Page(QStringLiteral("/page"), "<title>words</title>");
+    desk.Load(server.Address(QStringLiteral("/page")));
+    Press(Qt::Key_MediaTogglePlayPause);
+    EXPECT_EQ(desk.Script(QStringLiteral("document.title")), QStringLiteral("words"));
+    keys.Page = [] { return nullptr; };
+    Press(Qt::Key_MediaTogglePlayPause);
+}
+
+} // namespace

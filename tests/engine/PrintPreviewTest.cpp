@@ -1,0 +1,104 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtEngine.h"
+#include "qt/QtStartPage.h"
+#include "qt/QtText.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QImage>
+#include <QWebEngineView>
+
+namespace {
+
+/// How dark the middle of what a view shows is, from 0 to 255: a sheet of paper is white, all around it is not.
+int Lightness(QtBrowserView& view) {
+    const QImage picture = view.Widget()->grab().toImage();
+    return picture.isNull() ? 0 : qGray(picture.pixel(picture.rect().center()));
+}
+
+class PrintPreview : public testing::Test {
+protected:
+    PrintPreview() {
+        server.Page(QStringLiteral("/page"), "<title>A page</title><body style='background: black'><p>words</p>");
+        desk.Open({server.Address(QStringLiteral("/page"))});
+        EXPECT_TRUE(WaitUntil([this] { return desk.View(2).LocationName() == u"A page"; }));
+    }
+    void Preview() { desk.main->actBar_Click(*desk.main->actBar.Find(u"xtrPrintPreview")); }
+    bool Opened(std::int32_t index) {
+        return WaitUntil([&] {
+            return desk.main->Browser.Find(index) && QtStartPage::IsOwn(QUrl(ToQt(desk.View(index).LocationURL()))) &&
+                   desk.View(index).Widget() && !desk.View(index).Busy();
+        });
+    }
+
+    LocalServer server;
+    EngineDesk desk;
+};
+
+TEST_F(PrintPreview, ShowsThePaperInATabInFront) {
+    desk.main->Tabs.OpenNewInFront = false;
+    Preview();
+    ASSERT_TRUE(Opened(3));
+    EXPECT_EQ(desk.main->Tabs.CurrentView(), desk.main->Browser.Find(3));
+    EXPECT_EQ(desk.View(3).LocationURL(), u"tessaview:preview/1");
+    EXPECT_TRUE(WaitUntil([this] { return Lightness(desk.View(3)) > 250; })) << "paper is white";
+    EXPECT_EQ(desk.View(2).LocationName(), u"A page") << "the page stays";
+    desk.main->Sessions.Write();
+    EXPECT_NE(desk.sessions.own.find("/page"), std::string::npos);
+    EXPECT_EQ(desk.sessions.own.find("preview"), std::string::npos) << "nobody wants it back the next time";
+}
+
+TEST_F(PrintPreview, EndsWithItsTab) {
+    Preview();
+    ASSERT_TRUE(Opened(3));
+    desk.main->CloseBrowserTab(3);
+    ResumeNext(desk.View(2).Navigate(u"tessaview:preview/1"));
+    EXPECT_TRUE(WaitUntil([this] { return desk.View(2).LocationURL() == u"tessaview:preview/1"; }));
+    EXPECT_TRUE(WaitUntil([this] { return !desk.View(2).Busy(); }));
+    EXPECT_EQ(desk.View(2).Security(), PageSecurity::None) << "an error page";
+}
+
+TEST_F(PrintPreview, IsMissedByNobodyWhoHasClosedTheTabMeanwhile) {
+    ASSERT_TRUE(WaitUntil([this] { return !desk.View(2).Busy(); }));
+    Preview();
+    desk.main->CloseBrowserTab(2);
+    ResumeNext(desk.View(1).Navigate(FromQt(server.Address(QStringLiteral("/page")))));
+    EXPECT_TRUE(WaitUntil([this] { return desk.View(1).LocationName() == u"A page"; }));
+    EXPECT_EQ(desk.main->pcPage.Count(), 1U);
+}
+
+TEST_F(PrintPreview, WaitsForAPageThatIsLoadingAndSurvivesItsEnd) {
+    server.Stall(QStringLiteral("/late.png"));
+    server.Page(QStringLiteral("/slow"), "<title>slow</title><img src=/late.png>");
+    for (const bool closes : {false, true}) {
+        ResumeNext(desk.View(2).Navigate(FromQt(server.Address(QStringLiteral("/slow")))));
+        ASSERT_TRUE(WaitUntil([this] { return desk.View(2).LocationName() == u"slow"; }));
+        Preview();
+        if (closes) desk.main->CloseBrowserTab(2);
+        if (!closes) ResumeNext(desk.View(2).Stop());
+        if (!closes) ASSERT_TRUE(Opened(3));
+    }
+    Settle(desk.engine, desk.View(3).Page());
+    EXPECT_EQ(desk.main->pcPage.Count(), 2U);
+}
+
+TEST_F(PrintPreview, SurvivesThatThePageIsLeftMeanwhile) {
+    ASSERT_TRUE(WaitUntil([this] { return !desk.View(2).Busy(); }));
+    server.Page(QStringLiteral("/next"), "<title>next</title>");
+    Preview();
+    ResumeNext(desk.View(2).Navigate(FromQt(server.Address(QStringLiteral("/next")))));
+    ResumeNext(desk.View(2).Stop());
+    ResumeNext(desk.View(2).Navigate(FromQt(server.Address(QStringLiteral("/next")))));
+    EXPECT_TRUE(WaitUntil([this] { return desk.View(2).LocationName() == u"next" && !desk.View(2).Busy(); }));
+}
+
+TEST_F(PrintPreview, IsOutOfReachForPages) {
+    Preview();
+    ASSERT_TRUE(Opened(3));
+    server.Page(QStringLiteral("/thief"), "<title>thief</title><iframe src='tessaview:preview/1'></iframe><script>"
+                                          "fetch('tessaview:preview/1').then(() => document.title = 'got it',"
+                                          "() => document.title = 'refused')</script>");
+    ResumeNext(desk.View(2).Navigate(FromQt(server.Address(QStringLiteral("/thief")))));
+    EXPECT_TRUE(WaitUntil([this] { return desk.View(2).LocationName() == u"refused"; }));
+}
+
+} // namespace
