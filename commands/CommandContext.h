@@ -78,5 +78,5 @@ struct CommandContext {
     bool favoritesMenuStale = true;
     bool groupsMenuStale = true;
     /// What the pop-up of a menu's entry was opened on: a folder of Favorites, a link's address, a TessaGroup's file.
-    Text menuEntry;
+    Text menuEntry{};
 };

@@ -43,9 +43,9 @@ public:
     void Load();
 
     struct Request {
-        Text Address;
-        Text SuggestedName;
-        Text Path;               ///< where the user wants it; empty for a name of its own in the folder
+        Text Address{};
+        Text SuggestedName{};
+        Text Path{};             ///< where the user wants it; empty for a name of its own in the folder
         bool Overwrites = false; ///< the user has agreed to replace what is there
         std::int64_t Total = -1;
         std::int32_t Again = 0; ///< the download that is fetched anew; 0 for a new one

@@ -5,7 +5,6 @@
            --server build/tests/bench/bench_server [--pages 1,20,100] [--restart 100] [--exit 500] [--asleep 100]
            [--download 1000] [--runs 3]
 
-
 Also measured: how soon a start shows its window, a restart with so many remembered sites, how soon everything is saved
 when the program is asked to end with so many tabs open, a download of so many MB (how long it takes and how much memory
 meanwhile), and of so many tabs the memory asleep and awake, and how soon one wakes, held against loading its page anew.
