@@ -1,0 +1,117 @@
+// Tabs that open, close, load, reload, stop and die in quick succession, while events of all that are still on their
+// way: whatever comes late finds nothing, and what is left works.
+#include "qt/QtBrowserView.h"
+#include "qt/QtText.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QCoreApplication>
+#include <QWebEnginePage>
+#include <csignal>
+#include <random>
+
+namespace {
+
+constexpr unsigned kSeed = 20;
+constexpr int kSteps = 400;
+constexpr std::size_t kMostTabs = 6;
+
+class Races : public testing::Test {
+protected:
+    Races() {
+        server.Page(QStringLiteral("/plain"), "<title>Plain</title><p>Plain");
+        server.Page(QStringLiteral("/frames"), "<title>Frames</title><iframe src=/plain></iframe><iframe src=/slow>");
+        server.Page(QStringLiteral("/closes"), "<title>Closes</title><script>window.close()</script>");
+        server.Page(QStringLiteral("/alerts"), "<title>Alerts</title><script>alert('Hello')</script>");
+        server.Page(QStringLiteral("/goes"), "<title>Goes</title><script>location = '/plain'</script>");
+        server.Page(QStringLiteral("/opens"), "<title>Opens</title><script>window.open('/plain')</script>");
+        server.Redirect(QStringLiteral("/moved"), QStringLiteral("/frames"));
+        server.Stall(QStringLiteral("/slow"));
+    }
+
+    std::size_t Dice(std::size_t sides) { return std::uniform_int_distribution<std::size_t>(0, sides - 1)(m_random); }
+
+    QString Anywhere() {
+        static const QStringList kPages{QStringLiteral("/plain"),  QStringLiteral("/frames"), QStringLiteral("/closes"),
+                                        QStringLiteral("/alerts"), QStringLiteral("/goes"),   QStringLiteral("/opens"),
+                                        QStringLiteral("/moved"),  QStringLiteral("/slow"),   QStringLiteral("/none")};
+        const QString host = QStringLiteral("127.0.0.%1").arg(1 + Dice(3));
+        return server.Address(kPages[static_cast<qsizetype>(Dice(static_cast<std::size_t>(kPages.size())))], host);
+    }
+
+    Tab& AnyTab() { return *desk.main->pcPage.FindAt(1 + Dice(desk.main->pcPage.Count())); }
+
+    BrowserView& AnyView() { return *desk.main->Browser.Find(AnyTab().Tag)->Control; }
+
+    void Open() {
+        if (desk.main->pcPage.Count() >= kMostTabs) return Close();
+        auto* view = desk.main->GetNewBrowser(Dice(2) ? InFront::Yes : InFront::No);
+        ASSERT_TRUE(view);
+        ResumeNext(view->Navigate(FromQt(Anywhere())));
+    }
+
+    void Close() {
+        if (desk.main->pcPage.Count() > 1) desk.main->CloseBrowserTab(AnyTab().Tag);
+    }
+
+    void Die() {
+        auto& view = static_cast<QtBrowserView&>(AnyView());
+        const auto process = view.Page() ? view.Page()->renderProcessPid() : 0;
+        if (process > 0) ::kill(static_cast<pid_t>(process), SIGKILL);
+    }
+
+    void Step() {
+        switch (Dice(10)) {
+        case 0:
+        case 1:
+            return Open();
+        case 2:
+        case 3:
+            return Close();
+        case 4:
+            return ResumeNext(AnyView().Navigate(FromQt(Anywhere())));
+        case 5:
+            return ResumeNext(AnyView().Refresh());
+        case 6:
+            return ResumeNext(AnyView().Stop());
+        case 7:
+            // There may be nothing to go back to.
+            return static_cast<void>(AnyView().GoBack());
+        case 8:
+            return desk.main->pcPage.UserClick(&AnyTab());
+        default:
+            return Die();
+        }
+    }
+
+    LocalServer server;
+    EngineDesk desk;
+
+private:
+    std::mt19937 m_random{kSeed};
+};
+
+TEST_F(Races, WhateverOvertakesWhatTheProgramLivesOn) {
+    for (int i = 0; i < kSteps; ++i) {
+        Step();
+        // Now and then the events have time to come, else they pile up.
+        const int turns = Dice(4) ? 1 : 20;
+        for (int turn = 0; turn < turns; ++turn) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+    auto* view = desk.main->GetNewBrowser(InFront::Yes);
+    ASSERT_TRUE(view);
+    ResumeNext(view->Navigate(FromQt(server.Address(QStringLiteral("/plain")))));
+    EXPECT_TRUE(WaitUntil([&] { return view->LocationName() == u"Plain"; }));
+    for (std::size_t tab = 1; tab <= desk.main->pcPage.Count(); ++tab)
+        EXPECT_TRUE(desk.main->Browser.Find(desk.main->pcPage.FindAt(tab)->Tag));
+}
+
+TEST_F(Races, TheWindowClosesInTheMidstOfIt) {
+    for (int i = 0; i < 60; ++i) {
+        Step();
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+    desk.main->Form_Unload();
+    EXPECT_EQ(desk.engine.PageCount(), 0U);
+}
+
+} // namespace
