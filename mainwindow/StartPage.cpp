@@ -14,9 +14,11 @@ namespace {
 constexpr std::size_t kMostGroups = 60, kMostFavorites = 60, kSitesOfACard = 4;
 constexpr std::size_t kLongestName = 200;
 constexpr std::string_view kGroupLink = "tessaview:group?";
+constexpr std::string_view kSearchForm = "tessaview:search", kSearchLink = "tessaview:search?words=";
 
-// Nothing is loaded, nothing runs; words go wherever the search leads, by way of the product's own address.
-constexpr std::string_view kPolicy = "default-src 'none'; style-src 'unsafe-inline'; form-action https: http:";
+// Nothing is loaded, nothing runs. The words to search for go to the program: the engine lets no page of the program's
+// own be led from one host to another.
+constexpr std::string_view kPolicy = "default-src 'none'; style-src 'unsafe-inline'; form-action tessaview:";
 
 constexpr std::string_view kPicture =
     R"(<svg viewBox="0 0 64 64" aria-hidden="true"><rect x="3" y="3" width="58" height="58" rx="11" fill="#2668b9"/>)"
@@ -113,11 +115,8 @@ std::string Links(const std::vector<StartLink>& favorites) {
 }
 
 std::string SearchForm() {
-    const std::string address = ToUtf8(Endpoints::kSearch);
-    const auto query = address.find('?');
-    const std::string name = address.substr(query + 1, address.size() - query - 2);
-    return "<form action=\"" + address.substr(0, query) + "\"><input name=\"" + name +
-           "\" type=\"search\" placeholder=\"Search " + Escaped(Endpoints::kSearchServiceName) +
+    return "<form action=\"" + std::string(kSearchForm) +
+           "\"><input name=\"words\" type=\"search\" placeholder=\"Search " + Escaped(Endpoints::kSearchServiceName) +
            "\" aria-label=\"Words to search for\" autocomplete=\"off\" autofocus required>"
            "<button>Search</button></form>\n";
 }
@@ -163,6 +162,14 @@ std::string Html(const StartContent& content) {
 std::optional<Text> GroupOf(std::string_view link) {
     if (!link.starts_with(kGroupLink)) return std::nullopt;
     return FromUtf8(PercentDecoded(link.substr(kGroupLink.size())));
+}
+
+std::optional<Text> WordsOf(std::string_view link) {
+    if (!link.starts_with(kSearchLink)) return std::nullopt;
+    std::string words(link.substr(kSearchLink.size()));
+    // So a form writes blanks.
+    std::ranges::replace(words, '+', ' ');
+    return FromUtf8(PercentDecoded(words));
 }
 
 } // namespace StartPage

@@ -39,5 +39,7 @@ inline constexpr TextView kAddress = u"tessaview:start";
 [[nodiscard]] std::string Html(const StartContent& content);
 /// The name of the group that a link of the page opens; nothing for every other address.
 [[nodiscard]] std::optional<Text> GroupOf(std::string_view link);
+/// The words that the page's search field sends; nothing for every other address.
+[[nodiscard]] std::optional<Text> WordsOf(std::string_view link);
 
 } // namespace StartPage

@@ -1,6 +1,7 @@
 #include "mainwindow/frmMain.h"
 
 #include "commands/DesignTimeBar.h"
+#include "commands/Endpoints.h"
 #include "commands/PageMenu.h"
 #include "commands/TabMoreCommands.h"
 #include "groups/TessaGroups.h"
@@ -131,6 +132,9 @@ void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
 }
 
 void frmMain::OpenStartLink(std::string_view link) {
+    const auto words = StartPage::WordsOf(link);
+    auto* view = words ? Tabs.CurrentView() : nullptr;
+    if (view) return ResumeNext(view->Control->Navigate(Text(Endpoints::kSearch) + *words));
     const auto name = StartPage::GroupOf(link);
     // Only what the folder lists is a group: a name is no path.
     CKeyValues groups = name ? TessaGroups::List(Platform.groupFolder) : CKeyValues();

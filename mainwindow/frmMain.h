@@ -112,7 +112,7 @@ public:
     void OpenTessaGroup(TextView TessaGroup) { Groups.OpenTessaGroup(TessaGroup); }
     void AddToTessaGroup(TextView URL, TextView SGFile) { Groups.AddToTessaGroup(URL, SGFile); }
     void OrganizeTessaGroup(TextView sFileName) { Groups.OrganizeTessaGroup(sFileName); }
-    /// Follows a link of the home page, which may open a TessaGroup. Any other address does nothing.
+    /// Follows a link of the home page, which opens a TessaGroup or searches. Any other address does nothing.
     void OpenStartLink(std::string_view link);
     void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
     /// The address box and the search box.

@@ -117,7 +117,8 @@ void QtPage::Let() {
 
 // The program's own pages are reached by the program and by the history, never by others; their links are their own.
 bool QtPage::AcceptOwn(const QUrl& address, NavigationType type, bool isMainFrame) {
-    const bool atHome = isMainFrame && QtStartPage::IsOwn(url()) && type == NavigationTypeLinkClicked;
+    const bool followed = type == NavigationTypeLinkClicked || type == NavigationTypeFormSubmitted;
+    const bool atHome = isMainFrame && QtStartPage::IsOwn(url()) && followed;
     if (!QtStartPage::IsOwn(address)) {
         if (atHome) Q_EMIT StartLinkFollowed(address);
         return false;

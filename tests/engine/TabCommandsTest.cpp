@@ -1,6 +1,9 @@
+#include "mainwindow/StartPage.h"
 #include "qt/QtRequests.h"
 #include "tests/engine/CommandsOnPages.h"
 
+#include <QApplication>
+#include <QTest>
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
 
@@ -74,6 +77,24 @@ TEST_F(TabCommandsTest, WithoutAChosenHomePageANewTabShowsTheProgramsOwn) {
     desk.engine.StartPage = [] { return std::string("<title>Start</title><p>words</p>"); };
     OpensInFront(u"mnuNewHome", u"Start");
     EXPECT_EQ(Front().LocationURL(), u"tessaview:start");
+}
+
+TEST_F(TabCommandsTest, TheFieldOfTheProgramsHomePageSearchesWithTheChosenService) {
+    home.clear();
+    desk.engine.StartPage = [] { return StartPage::Html({}); };
+    desk.engine.StartLink = [this](const QUrl& url) { desk.main->OpenStartLink(url.toEncoded().toStdString()); };
+    server.Page(QStringLiteral("/find?q=a%26b%20%2B%20%D1%8F"), "<title>Found</title><p>words</p>");
+    Click(u"mnuHome");
+    ASSERT_TRUE(WaitUntil([&] { return Path() == u"start" && !Front().Busy(); }));
+    WaitForPicture();
+    const auto field = QStringLiteral("document.querySelector('input')");
+    EXPECT_EQ(Script(QStringLiteral("document.activeElement == ") + field), u"true") << "one can type at once";
+    Script(field + QString::fromUtf8(".value = 'a&b + я'; 1"));
+    Front().SetFocus();
+    ASSERT_TRUE(WaitUntil([&] { return Script(QStringLiteral("document.hasFocus()")) == u"true"; }));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(WaitTitle(u"Found")) << server.requests.join(u' ').toStdString();
+    EXPECT_EQ(Tabs(), 1U);
 }
 
 TEST_F(TabCommandsTest, ASearchLinkAndAHomeLeadTheCurrentTab) {

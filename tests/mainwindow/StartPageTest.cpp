@@ -77,10 +77,10 @@ TEST(StartPage, ItLoadsAndRunsNothing) {
     for (const char* part : {"<script", "<img", "src=\"", "<link", "url("}) EXPECT_FALSE(Has(page, part)) << part;
 }
 
-TEST(StartPage, TheSearchGoesToTheProductsAddress) {
+TEST(StartPage, ItsFieldSendsTheWordsToTheProgram) {
     const std::string page = StartPage::Html({});
-    EXPECT_EQ(Behind(page, "<form action=\"", '"'), "https://search.tessaview.example/d/search/p/tessaview/");
-    EXPECT_EQ(Behind(page, "<input name=\"", '"'), "Keywords");
+    EXPECT_EQ(Behind(page, "<form action=\"", '"'), "tessaview:search");
+    EXPECT_EQ(Behind(page, "<input name=\"", '"'), "words");
 }
 
 TEST(StartPage, WithoutGroupsItSaysHowToMakeOne) {
@@ -113,6 +113,18 @@ TEST(StartPage, ManyGroupsAreNotAllShown) {
     const StartContent content = StartPage::Read(folder.PathText(""), u"");
     EXPECT_EQ(content.Groups.size(), 60u);
     EXPECT_TRUE(Has(StartPage::Html(content), "15 more in the TessaGroups menu"));
+}
+
+TEST(StartPage, ItsFieldSearchesInTheCurrentTab) {
+    Desk desk;
+    desk.StartWithTabs(1);
+    desk.views.Calls(1);
+    desk.main.OpenStartLink("tessaview:search?words=a%26b+%2B+%D1%8F");
+    EXPECT_EQ(desk.views.Calls(1), "go https://search.tessaview.example/d/search/p/tessaview/?Keywords=a&b + я");
+    for (const char* link : {"tessaview:search?words=%FF", "tessaview:search", "https://a/tessaview:search?words=b"})
+        desk.main.OpenStartLink(link);
+    EXPECT_EQ(desk.views.Calls(1), "");
+    EXPECT_EQ(desk.Strip(), "[1*]");
 }
 
 TEST(StartPage, ItsLinkOpensTheGroupOfThatNameInTheFolder) {
