@@ -25,6 +25,14 @@ def text_of(node):
     return content.getText(0, content.characterCount)
 
 
+def type_letters(words, shows):
+    """Types letter by letter; waits after each until what has been typed so far is shown."""
+    for count, letter in enumerate(words, 1):
+        # A key of another script is there only while it is pressed, which is as long as the delay.
+        subprocess.run(["xdotool", "type", "--delay", "1" if letter.isascii() else "100", letter], check=True)
+        desk.wait_until(lambda: shows(words[:count]), seconds=5)
+
+
 def write_services(home, pages):
     """Settings whose services are paths of the local server."""
     lines = [f"{name}Service={pages.address(name.lower())}?words=%s" for name in ("Search", "Shop", "Find")]
@@ -45,20 +53,15 @@ class Search(unittest.TestCase):
     def type_into_search_box(self, program, words):
         """Types with the keyboard until the box shows the words: a page that is loaded takes the keyboard once."""
 
-        def is_typed(expected):
-            box = focused_box(program)
-            shown = text_of(box) if box else None
-            # What was searched for before completes what is being typed.
-            return shown == expected or expected != words and shown is not None and shown.startswith(expected)
-
         def attempt():
             program.keys("alt+r", "ctrl+a", "Delete")
             try:
-                # A key of another script is there only while it is pressed: the next one waits for its character.
-                for count in range(len(words) + 1):
-                    if count:
-                        subprocess.run(["xdotool", "type", words[count - 1]], check=True)
-                    desk.wait_until(lambda: is_typed(words[:count]), seconds=5)
+                # Looked up once: whoever looks through the whole window for each letter takes his time.
+                box = desk.wait_until(lambda: focused_box(program), seconds=5)
+                desk.wait_until(lambda: text_of(box) == "", seconds=5)
+                # What was searched for before completes what is being typed.
+                type_letters(words, lambda typed: desk.is_focused(box) and text_of(box).startswith(typed))
+                desk.wait_until(lambda: text_of(box) == words, seconds=5)
             except desk.NeverTrue:
                 return False
             return True
