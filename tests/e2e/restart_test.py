@@ -3,7 +3,9 @@
 import configparser
 import os
 import re
+import shutil
 import signal
+import stat
 import subprocess
 import unittest
 
@@ -53,12 +55,25 @@ def known_size(program):
     return extents.width, extents.height
 
 
+def sockets(folder, names):
+    """Those of the names that are sockets: they end with the program, and cannot be copied."""
+    return [name for name in names if stat.S_ISSOCK(os.lstat(os.path.join(folder, name)).st_mode)]
+
+
 class Restart(unittest.TestCase):
+    left = None  # a state folder as a session of three tabs has left it, once one has
+
+    @classmethod
+    def setUpClass(cls):
+        cls.pages = desk.PageServer(hosts=3)
+        cls.pages.__enter__()
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.pages.__exit__()
+
     def setUp(self):
         self.home = desk.state_folder()
-        self.pages = desk.PageServer(hosts=3)
-        self.pages.__enter__()
-        self.addCleanup(self.pages.__exit__)
 
     def group(self, *titles):
         file = os.path.join(self.home, "some.tvg")
@@ -84,6 +99,14 @@ class Restart(unittest.TestCase):
             else:
                 end(program, how)
 
+    def take_three_tabs(self):
+        """What `leave_three_tabs` leaves; made once, and copied for each test that begins with it."""
+        if Restart.left is None:
+            self.leave_three_tabs()
+            Restart.left = self.home
+            self.home = desk.state_folder()
+        shutil.copytree(Restart.left, self.home, symlinks=True, ignore=sockets, dirs_exist_ok=True)
+
     def test_three_tabs_come_back_in_order_with_the_last_in_front(self):
         for how in (signal.SIGTERM, signal.SIGHUP, "keys"):
             with self.subTest(how=how):
@@ -101,18 +124,18 @@ class Restart(unittest.TestCase):
             program.wait_strip(HOME_PAGE)
 
     def test_what_is_not_to_be_remembered_does_not_come_back(self):
-        self.leave_three_tabs()
+        self.take_three_tabs()
         store(self.home, **{**settings_of(self.home), "RememberLastSites": "false"})
         with self.start() as program:
             program.wait_strip(HOME_PAGE)
 
     def test_an_address_on_the_command_line_comes_alone(self):
-        self.leave_three_tabs()
+        self.take_three_tabs()
         with self.start(self.pages.address("Other")) as program:
             program.wait_strip(["[Other]"])
 
     def test_a_group_on_the_command_line_comes_beside_the_session(self):
-        self.leave_three_tabs()
+        self.take_three_tabs()
         with self.start(self.group("Garden")) as program:
             program.wait_strip(["One", "Garden", "Two", "[Three]"])
 
