@@ -63,12 +63,23 @@
 #include <QWebEngineProfile>
 #include <QWebEngineView>
 #include <chrono>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 #include <optional>
 
 namespace {
 
 // What is written down is never older than a second.
 constexpr std::chrono::milliseconds kJournalDelay{700};
+constexpr std::chrono::seconds kGiveBackDelay{3};
+
+// What was freed stays with the process otherwise.
+void GiveMemoryBack() {
+#ifdef __GLIBC__
+    ::malloc_trim(0);
+#endif
+}
 
 class QtApplication final : public Application {
 public:
@@ -260,7 +271,7 @@ struct QtProgram::Parts {
     QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
     QtTaskView taskView{main.TaskView, window};
     QtPageBars bars;
-    QTimer journal, sleep;
+    QTimer journal, sleep, giveBack;
 };
 
 QtProgram::QtProgram(int& argc, char** argv) {
@@ -353,6 +364,11 @@ void QtProgram::WireSleep() {
     m->sleep.setTimerType(Qt::VeryCoarseTimer);
     m->sleep.callOnTimeout([&sleep] { sleep.Look(); });
     sleep.Schedule = [this](TabSleep::Time time) { m->sleep.start(time); };
+    // Once what the engine still does about them is done: it keeps what a hundred pages had in our own process.
+    m->giveBack.setSingleShot(true);
+    m->giveBack.setInterval(kGiveBackDelay);
+    m->giveBack.callOnTimeout(GiveMemoryBack);
+    sleep.Slept = [this] { m->giveBack.start(); };
     sleep.Now = [] {
         return std::chrono::duration_cast<TabSleep::Time>(std::chrono::steady_clock::now().time_since_epoch());
     };

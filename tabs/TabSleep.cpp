@@ -60,9 +60,14 @@ void TabSleep::Look() {
     std::vector<std::int32_t> open;
     std::ranges::transform(m_seen, std::back_inserter(open), [](const auto& each) { return each.first; });
     Time next = m_patience;
+    bool slept = false;
     for (const std::int32_t index : open) {
         const auto seen = m_seen.find(index);
-        if (seen != m_seen.end()) next = std::min(next, LookAt(index, seen->second, now));
+        if (seen == m_seen.end()) continue;
+        const bool asleep = seen->second.asleep;
+        next = std::min(next, LookAt(index, seen->second, now));
+        slept |= seen->second.asleep && !asleep;
     }
+    if (slept && Slept) Slept();
     if (Schedule) Schedule(next);
 }

@@ -31,6 +31,8 @@ public:
     std::function<Time()> Now;
     /// Has `Look` called once after that time, instead of when it was asked for before. Filled in like `Now`.
     std::function<void(Time)> Schedule;
+    /// Some tabs have just fallen asleep, and left memory behind that the system can have back. Filled in likewise.
+    std::function<void()> Slept;
 
 private:
     struct Seen {

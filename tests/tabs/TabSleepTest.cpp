@@ -80,6 +80,17 @@ TEST_F(TabsThatSleep, AreNotAskedAgainWhileTheySleep) {
     EXPECT_EQ(desk.views.Calls(2), "");
 }
 
+TEST_F(TabsThatSleep, TellWhenSomeHaveFallenAsleepSoThatTheirMemoryIsGivenBack) {
+    int times = 0;
+    desk.main.Sleep.Slept = [&] { ++times; };
+    Wait(10min - 1ms);
+    EXPECT_EQ(times, 0);
+    Wait(1ms);
+    EXPECT_EQ(times, 1) << "once for all three";
+    Wait(10h);
+    EXPECT_EQ(times, 1);
+}
+
 TEST_F(TabsThatSleep, SelectingOneBringsItToTheFrontAndItSleepsAgainLater) {
     Wait(10min);
     desk.ClickTab(2);
