@@ -451,6 +451,8 @@ def measure_sleep(options, server, display):
             result = {"awake": tree.memory_megabytes()}
             if not wait_until_asleep(tree, awake):
                 return result, f"{tree.count()} of {awake} processes are left, the tabs do not sleep"
+            # What was freed is given back a moment later.
+            time.sleep(2 * QUIET_SECONDS)
             result["asleep"] = tree.memory_megabytes()
             woken, problem = measure_wake_ups(server, display, home)
             return {**result, **woken}, problem
