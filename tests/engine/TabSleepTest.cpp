@@ -295,21 +295,24 @@ TEST_F(SleepingTabs, AreNoneOfThoseThatSaveAFile) {
     server.Page(QStringLiteral("/page"), "<title>page</title><a id=link href='/file'>file</a>");
     Load(QStringLiteral("/page"));
     const QTemporaryDir folder;
-    QPointer<QWebEngineDownloadRequest> download;
+    // The engine asks again when it goes on by itself after the connection broke.
+    QList<QPointer<QWebEngineDownloadRequest>> downloads;
     QObject::connect(View().Page()->profile(), &QWebEngineProfile::downloadRequested, &desk.window, [&](auto* request) {
-        download = request;
+        downloads.append(request);
         request->setDownloadDirectory(folder.path());
         request->accept();
+        request->pause();
     });
     Script(QStringLiteral("link.click()"));
-    ASSERT_TRUE(WaitUntil([&] { return download && !View().Busy(); }));
+    ASSERT_TRUE(WaitUntil([&] { return !downloads.isEmpty() && !View().Busy(); }));
     Park();
-    if (!download->isFinished()) {
-        EXPECT_TRUE(View().Life()->Activity().Downloads);
-        EXPECT_FALSE(SleepsInTime());
-        download->cancel();
-    }
-    EXPECT_TRUE(FallsAsleep());
+    ASSERT_TRUE(View().Life()->Activity().Downloads);
+    EXPECT_FALSE(SleepsInTime());
+    EXPECT_TRUE(WaitUntil([&] {
+        for (const auto& each : downloads)
+            if (each && !each->isFinished()) each->cancel();
+        return SleepsInTime();
+    }));
 }
 
 TEST_F(SleepingTabs, AreNoneOfThoseThatDeveloperToolsLookAt) {
