@@ -111,14 +111,12 @@ void QtBrowserView::PrintPreview() {
     // Else stopping the load, which closing the tab does, would crash the engine.
     m_previewsLater = m_loading;
     if (m_loading) return;
-    m_page->printToPdf(
-        [view = QPointer<QtBrowserView>(this)](const QByteArray& pdf) {
-            // Queued: the engine is in the middle of telling.
-            if (view && !pdf.isEmpty())
-                QMetaObject::invokeMethod(
-                    view, [view, pdf] { view->ShowPreview(pdf); }, Qt::QueuedConnection);
-        },
-        m_engine.Output().Layout());
+    m_page->Print(m_engine.Output().Layout(), [view = QPointer<QtBrowserView>(this)](const QByteArray& pdf) {
+        // Queued: the engine is in the middle of telling.
+        if (view && !pdf.isEmpty())
+            QMetaObject::invokeMethod(
+                view, [view, pdf] { view->ShowPreview(pdf); }, Qt::QueuedConnection);
+    });
 }
 
 void QtBrowserView::ShowPreview(const QByteArray& pdf) {
@@ -347,7 +345,7 @@ void QtBrowserView::Release() {
         m_widget->deleteLater();
     }
     // Later, because the page may be in the middle of telling us that it closed itself.
-    if (m_page) m_page->End();
+    if (m_page) m_engine.End(*m_page);
     m_widget = nullptr;
     m_page = nullptr;
     m_loading = m_committed = m_failed = false;

@@ -5,8 +5,16 @@
 #include "qt/QtProfile.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QUuid>
 #include <algorithm>
+#include <chrono>
+
+namespace {
+constexpr std::chrono::seconds kEndPatience{10};
+constexpr std::chrono::milliseconds kEndStep{50};
+} // namespace
 
 QtEngine::QtEngine(QWidget* pageArea, QString profileFolder, QString cacheFolder)
     : m_pageArea(pageArea),
@@ -29,11 +37,24 @@ void QtEngine::Start() {
     Schedule();
 }
 
+void QtEngine::End(QtPage& page) {
+    std::erase_if(m_ending, [](const auto& each) { return each.isNull(); });
+    m_ending.emplace_back(&page);
+    page.End();
+}
+
 void QtEngine::Shutdown() {
     Must(m_views.empty());
-    m_output.Finish();
-    // Pages end later than their views; the profile must outlive them.
+    // Pages end later than their views; the profile must outlive them. One that is being printed takes its time.
+    const auto ended = [this] { return std::ranges::all_of(m_ending, &QPointer<QtPage>::isNull); };
+    const QDeadlineTimer patience(kEndPatience);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    while (!ended() && !patience.hasExpired()) {
+        QEventLoop wait;
+        QTimer::singleShot(kEndStep, &wait, &QEventLoop::quit);
+        wait.exec();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
     m_private.reset();
     m_profile.reset();
 }

@@ -18,6 +18,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 class QWebEnginePage;
 class QWebEngineProfile;
@@ -107,6 +108,8 @@ public:
     /// What the program itself shows as pages.
     [[nodiscard]] QtStartPage& OwnPages(Privacy privacy);
     [[nodiscard]] QtPage* MakePage(Privacy privacy);
+    /// A view is done with its page, which ends as soon as it can.
+    void End(QtPage& page);
     [[nodiscard]] bool PlaysSounds() const { return m_loadOptions.sounds; }
     /// Marks the lines with which our script in the pages reports frames; new for every run.
     [[nodiscard]] const QString& Token() const { return m_token; }
@@ -124,6 +127,7 @@ private:
     QString m_profileFolder, m_cacheFolder, m_token;
     std::unique_ptr<QtProfile> m_profile, m_private;
     int m_privatePages = 0;
+    std::vector<QPointer<QtPage>> m_ending; ///< pages that were there last when theirs ended
     std::map<std::int32_t, QtBrowserView*> m_views;
     NavigationQueue m_queue;
     QTimer m_turn;

@@ -97,9 +97,20 @@ PageDialogAnswer QtPage::Ask(const PageDialogRequest& request) {
         m_waiting = &waiting;
         waiting.exec();
         m_waiting = nullptr;
-        if (m_ending && m_holders == 0) deleteLater();
+        if (m_ending && m_printing == 0) deleteLater();
     }
     return given->value_or(PageDialogAnswer{});
+}
+
+void QtPage::Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed) {
+    ++m_printing;
+    printToPdf(
+        [this, printed](const QByteArray& pdf) {
+            --m_printing;
+            printed(pdf);
+            if (m_ending && m_printing == 0) deleteLater();
+        },
+        layout);
 }
 
 void QtPage::End() {
@@ -107,12 +118,8 @@ void QtPage::End() {
     ShowDialog = {};
     if (m_waiting)
         m_waiting->quit();
-    else if (m_holders == 0)
+    else if (m_printing == 0)
         deleteLater();
-}
-
-void QtPage::Let() {
-    if (--m_holders == 0 && m_ending && !m_waiting) deleteLater();
 }
 
 // The program's own pages are reached by the program and by the history, never by others; their links are their own.

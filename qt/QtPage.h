@@ -2,6 +2,7 @@
 #include "qt/QtPageDialog.h"
 
 #include <QEventLoop>
+#include <QPageLayout>
 #include <QPointer>
 #include <QSet>
 #include <QTimer>
@@ -33,11 +34,10 @@ public:
     void NotePerson();
     /// Whether a person has, since this was asked last: what a page does beyond that it does by itself.
     [[nodiscard]] bool TakePerson() { return std::exchange(m_personActed, false); }
-    /// Deletes the page as soon as it waits for nothing any more and nobody holds it.
+    /// Prints the page; the PDF is empty when that fails.
+    void Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed);
+    /// Deletes the page as soon as it waits for nothing any more: an answer, or that it is printed.
     void End();
-    /// Somebody waits for what the engine makes of the page, and needs it that long.
-    void Hold() { ++m_holders; }
-    void Let();
 
 Q_SIGNALS:
     /// A navigation begins, of the page or of a frame inside it.
@@ -71,7 +71,7 @@ private:
     QPointer<QEventLoop> m_waiting; ///< for the answer to a dialog
     bool m_ending = false;
     QSet<QString> m_input; ///< the documents that hold some
-    int m_holders = 0;
+    int m_printing = 0;    ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
     bool m_personActed = false;
     QTimer m_mayCopy; ///< runs for as long as the page may put something on the clipboard
     QUrl m_awaited;   ///< of the top-level navigation that has not ended

@@ -30,7 +30,6 @@ void QtPageFullScreen::Enter(QWebEngineView& view, const QString& who) {
     QCoreApplication::instance()->installEventFilter(this);
     m_windowWasFull = WindowIsFull && WindowIsFull();
     if (SetWindowFull && !m_windowWasFull) SetWindowFull(true);
-    Lay();
     view.show();
     view.setFocus();
     ShowHint(who);
@@ -40,7 +39,7 @@ void QtPageFullScreen::Leave(QWebEngineView* view) {
     if (!Has(view)) return;
     QCoreApplication::instance()->removeEventFilter(this);
     m_view.clear();
-    delete view->findChild<QLabel*>(QStringLiteral("pageFullScreenHint"));
+    delete m_hint;
     view->setParent(m_home);
     view->show();
     view->setFocus();
@@ -51,6 +50,9 @@ void QtPageFullScreen::Leave(QWebEngineView* view) {
 void QtPageFullScreen::Lay() {
     m_view->setGeometry(m_view->window()->rect());
     m_view->raise();
+    if (!m_hint) return;
+    m_hint->move((m_view->width() - m_hint->width()) / 2, m_view->height() / 12);
+    m_hint->raise();
 }
 
 bool QtPageFullScreen::eventFilter(QObject* watched, QEvent* event) {
@@ -70,16 +72,16 @@ bool QtPageFullScreen::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
+// A child of the window: assistive tools see nothing in the view but its page.
 void QtPageFullScreen::ShowHint(const QString& who) {
-    auto* hint = new QLabel(tr("%1 fills the screen. Press Esc to leave.").arg(who), m_view);
-    hint->setObjectName(QStringLiteral("pageFullScreenHint"));
-    hint->setTextFormat(Qt::PlainText);
+    m_hint = new QLabel(tr("%1 fills the screen. Press Esc to leave.").arg(who), m_view->window());
+    m_hint->setObjectName(QStringLiteral("pageFullScreenHint"));
+    m_hint->setTextFormat(Qt::PlainText);
     // Above pages of any colour.
-    hint->setStyleSheet(
+    m_hint->setStyleSheet(
         QStringLiteral("background: rgba(20, 24, 30, 220); color: white; padding: 10px 18px; border-radius: 8px;"));
-    hint->adjustSize();
-    hint->move((m_view->width() - hint->width()) / 2, m_view->height() / 12);
-    hint->raise();
-    hint->show();
-    QTimer::singleShot(kHintTime, hint, &QObject::deleteLater);
+    m_hint->adjustSize();
+    Lay();
+    m_hint->show();
+    QTimer::singleShot(kHintTime, m_hint, &QObject::deleteLater);
 }

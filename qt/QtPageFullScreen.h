@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <functional>
 
+class QLabel;
 class QWebEngineView;
 class QWidget;
 
@@ -28,6 +29,7 @@ private:
     void Lay();
 
     QPointer<QWebEngineView> m_view;
+    QPointer<QLabel> m_hint;
     QPointer<QWidget> m_home; ///< the view's parent before
     bool m_windowWasFull = false;
 };

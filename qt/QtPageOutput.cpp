@@ -2,8 +2,6 @@
 
 #include "qt/QtPage.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -14,7 +12,6 @@
 #include <QPrinter>
 #include <QSaveFile>
 #include <QStandardPaths>
-#include <QThread>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineView>
 #include <array>
@@ -35,7 +32,6 @@ constexpr std::array kFormats{
 };
 
 constexpr qsizetype kLongestName = 80;
-constexpr int kPatience = 5000, kTurn = 5; // milliseconds that the end waits for files, in all and at a time
 
 bool Write(const QString& path, const QByteArray& bytes) {
     QSaveFile file(path);
@@ -104,24 +100,9 @@ void QtPageOutput::Save(QtPage& page, const QString& path, QWidget* parent) {
 
 // The file is written here and not by the engine, which does not survive that the page goes while it writes one.
 void QtPageOutput::WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent) {
-    page.Hold();
-    m_writing << &page;
-    const auto done = [this, &page, path, parent = QPointer(parent)](const QByteArray& pdf) {
-        // Whoever waited too long has given it up.
-        if (!m_writing.removeOne(&page)) return;
+    page.Print(layout, [path, parent = QPointer(parent)](const QByteArray& pdf) {
         if (!Write(path, pdf) && parent && parent->isVisible()) TellNotWritten(path, parent);
-        page.Let();
-    };
-    page.printToPdf(done, layout);
-}
-
-void QtPageOutput::Finish() {
-    const QDeadlineTimer patience(kPatience);
-    while (!m_writing.isEmpty() && !patience.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        QThread::msleep(kTurn);
-    }
-    for (const auto& page : std::exchange(m_writing, {})) delete page.data();
+    });
 }
 
 Outcome QtPageOutput::Print(QtPage& page, QWidget* parent) {

@@ -1,9 +1,7 @@
 #pragma once
 #include "common/ResumeNext.h"
 
-#include <QList>
 #include <QPageLayout>
-#include <QPointer>
 
 class QByteArray;
 class QString;
@@ -25,14 +23,11 @@ public:
 
     /// A file name that suggests itself for a page's title: without what file systems refuse.
     [[nodiscard]] static QString FileNameFor(const QString& title);
-    /// Waits, not for ever, until all that was to be saved as PDF is; before the pages' profile ends.
-    void Finish();
 
 private:
-    void Save(QtPage& page, const QString& path, QWidget* parent);
-    void WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent);
+    static void Save(QtPage& page, const QString& path, QWidget* parent);
+    static void WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent);
 
-    QList<QPointer<QtPage>> m_writing; ///< a page for each PDF that the engine still makes of it
     QPageLayout m_layout{QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(15, 15, 15, 15),
                          QPageLayout::Millimeter};
 };

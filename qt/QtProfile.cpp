@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QWebEngineDownloadRequest>
+#include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
@@ -67,6 +68,8 @@ QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QS
 }
 
 QtProfile::~QtProfile() {
+    // Those that nobody shows and that are not done yet.
+    qDeleteAll(m_profile->findChildren<QWebEnginePage*>(QString(), Qt::FindDirectChildrenOnly));
     m_profile.reset();
     if (m_lock >= 0) ::close(m_lock);
 }

@@ -41,14 +41,14 @@ TEST_F(PageFullScreen, FillsTheWindowSaysHowToLeaveAndLeavesByEscape) {
     ASSERT_TRUE(IsBack());
     Enter();
     EXPECT_TRUE(windowIsFull);
-    const auto* hint = View().findChild<QLabel*>(QStringLiteral("pageFullScreenHint"));
+    const auto* hint = desk.window.findChild<QLabel*>(QStringLiteral("pageFullScreenHint"));
     ASSERT_NE(hint, nullptr);
     EXPECT_EQ(hint->text(),
               QStringLiteral("127.0.0.1:%1 fills the screen. Press Esc to leave.").arg(server.serverPort()));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_TRUE(WaitUntil([this] { return IsBack(); }));
     EXPECT_FALSE(windowIsFull);
-    EXPECT_EQ(View().findChild<QLabel*>(QStringLiteral("pageFullScreenHint")), nullptr);
+    EXPECT_EQ(desk.window.findChild<QLabel*>(QStringLiteral("pageFullScreenHint")), nullptr);
 }
 
 TEST_F(PageFullScreen, LeavesAWindowThatWasFullAsItWas) {
