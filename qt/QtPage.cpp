@@ -108,7 +108,7 @@ void QtPage::Print(const QPageLayout& layout, const std::function<void(const QBy
         [this, printed](const QByteArray& pdf) {
             --m_printing;
             printed(pdf);
-            if (m_ending && m_printing == 0) deleteLater();
+            if (m_ending && m_printing == 0 && !m_waiting) deleteLater();
         },
         layout);
 }
