@@ -123,8 +123,9 @@ void QtBrowserView::ShowPreview(const QByteArray& pdf) {
     auto* opened = static_cast<QtBrowserView*>(m_events.NewWindow2(m_index, NewWindowPlace::InFront));
     if (!opened) return;
     opened->m_preview = std::make_shared<const QByteArray>(pdf);
-    const QUrl address = m_engine.OwnPages(opened->m_privacy).AddPreview(opened->m_preview);
-    ResumeNext(opened->Navigate(FromQt(address.toString())));
+    const QString name = m_page ? QtPageOutput::FileNameFor(m_page->title()) : QString();
+    const QUrl address = m_engine.OwnPages(opened->m_privacy).AddPreview(opened->m_preview, name);
+    ResumeNext(opened->Navigate(FromQt(address.toString(QUrl::FullyEncoded))));
 }
 
 Text QtBrowserView::LocationName() const { return m_page ? FromQt(m_page->title()) : Text(); }

@@ -43,15 +43,18 @@ QByteArray QtStartPage::PageAt(const QString& path) const {
     return path == u"help" ? Help() : QByteArray();
 }
 
-QUrl QtStartPage::AddPreview(const std::shared_ptr<const QByteArray>& pdf) {
+QUrl QtStartPage::AddPreview(const std::shared_ptr<const QByteArray>& pdf, const QString& name) {
     std::erase_if(m_previews, [](const auto& each) { return each.second.expired(); });
-    const QString path = kPreview + QString::number(++m_previewCount);
-    m_previews[path] = pdf;
-    return QUrl(QLatin1String(Scheme()) + u':' + path);
+    m_previews[++m_previewCount] = pdf;
+    QUrl address;
+    address.setScheme(QLatin1String(Scheme()));
+    // The engine's viewer calls the page by the end of its address.
+    address.setPath(QStringLiteral("%1%2/%3").arg(kPreview).arg(m_previewCount).arg(name), QUrl::DecodedMode);
+    return address;
 }
 
 QByteArray QtStartPage::PreviewAt(const QString& path) const {
-    const auto found = m_previews.find(path);
+    const auto found = m_previews.find(path.section(u'/', 1, 1).toInt());
     const auto pdf = found == m_previews.end() ? nullptr : found->second.lock();
     return pdf ? *pdf : QByteArray();
 }

@@ -7,7 +7,7 @@
 #include <string>
 
 /// Answers for what the program makes itself, no network needed: the home page `tessaview:start`, the help
-/// `tessaview:help`, and how pages will look on paper, `tessaview:preview/1` and so on. Web pages cannot reach the
+/// `tessaview:help`, and how pages will look on paper, `tessaview:preview/1/name` and so on. Web pages cannot reach the
 /// scheme: the engine takes it for a local one, a page's wish to go there is refused, and what is asked for on behalf
 /// of another origin is denied.
 class QtStartPage final : public QWebEngineUrlSchemeHandler {
@@ -19,8 +19,8 @@ public:
     static void RegisterScheme();
     void requestStarted(QWebEngineUrlRequestJob* job) override;
 
-    /// The address at which these bytes, a PDF, are shown for as long as somebody holds them.
-    [[nodiscard]] QUrl AddPreview(const std::shared_ptr<const QByteArray>& pdf);
+    /// The address at which these bytes, a PDF, are shown under that name for as long as somebody holds them.
+    [[nodiscard]] QUrl AddPreview(const std::shared_ptr<const QByteArray>& pdf, const QString& name);
 
     /// Makes the home page, in UTF-8. Filled in by the owner.
     std::function<std::string()> Page;
@@ -30,6 +30,6 @@ private:
     [[nodiscard]] QByteArray PageAt(const QString& path) const;
     [[nodiscard]] QByteArray PreviewAt(const QString& path) const;
 
-    std::map<QString, std::weak_ptr<const QByteArray>> m_previews; ///< by path
+    std::map<int, std::weak_ptr<const QByteArray>> m_previews; ///< by their numbers
     int m_previewCount = 0;
 };

@@ -40,7 +40,8 @@ TEST_F(PrintPreview, ShowsThePaperInATabInFront) {
     Preview();
     ASSERT_TRUE(Opened(3));
     EXPECT_EQ(desk.main->Tabs.CurrentView(), desk.main->Browser.Find(3));
-    EXPECT_EQ(desk.View(3).LocationURL(), u"tessaview:preview/1");
+    EXPECT_EQ(desk.View(3).LocationURL(), u"tessaview:preview/1/A%20page");
+    EXPECT_TRUE(WaitUntil([this] { return desk.View(3).LocationName() == u"A page"; }));
     EXPECT_TRUE(WaitUntil([this] { return ShowsRedPaper(desk.View(3)); }));
     EXPECT_EQ(desk.View(2).LocationName(), u"A page") << "the page stays";
     desk.main->Sessions.Write();
@@ -52,8 +53,8 @@ TEST_F(PrintPreview, EndsWithItsTab) {
     Preview();
     ASSERT_TRUE(Opened(3));
     desk.main->CloseBrowserTab(3);
-    ResumeNext(desk.View(2).Navigate(u"tessaview:preview/1"));
-    EXPECT_TRUE(WaitUntil([this] { return desk.View(2).LocationURL() == u"tessaview:preview/1"; }));
+    ResumeNext(desk.View(2).Navigate(u"tessaview:preview/1/A%20page"));
+    EXPECT_TRUE(WaitUntil([this] { return desk.View(2).LocationURL() == u"tessaview:preview/1/A%20page"; }));
     EXPECT_TRUE(WaitUntil([this] { return !desk.View(2).Busy(); }));
     EXPECT_EQ(desk.View(2).Security(), PageSecurity::None) << "an error page";
 }
@@ -95,9 +96,10 @@ TEST_F(PrintPreview, SurvivesThatThePageIsLeftMeanwhile) {
 TEST_F(PrintPreview, IsOutOfReachForPages) {
     Preview();
     ASSERT_TRUE(Opened(3));
-    server.Page(QStringLiteral("/thief"), "<title>thief</title><iframe src='tessaview:preview/1'></iframe><script>"
-                                          "fetch('tessaview:preview/1').then(() => document.title = 'got it',"
-                                          "() => document.title = 'refused')</script>");
+    server.Page(QStringLiteral("/thief"),
+                "<title>thief</title><iframe src='tessaview:preview/1/A%20page'></iframe><script>"
+                "fetch('tessaview:preview/1/A%20page').then(() => document.title = 'got it',"
+                "() => document.title = 'refused')</script>");
     ResumeNext(desk.View(2).Navigate(FromQt(server.Address(QStringLiteral("/thief")))));
     EXPECT_TRUE(WaitUntil([this] { return desk.View(2).LocationName() == u"refused"; }));
 }
