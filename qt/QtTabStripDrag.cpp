@@ -29,10 +29,11 @@ bool IsFiles(const QMimeData& data) {
 // Plain text is not fetched before it is dropped: it may be long, and comes from another program.
 bool OffersText(const QMimeData& data) { return !IsFiles(data) && (data.hasFormat(kPlain) || DraggedLink(data)); }
 
-// Nothing, too, when the other program has promised a text and gives none.
+// Nothing, too, when the other program has promised a text and gives none. The plain text of a page's link is what one
+// reads there, not where it leads.
 std::optional<QString> DraggedText(const QMimeData& data) {
     if (IsFiles(data)) return std::nullopt;
-    if (!data.hasFormat(kPlain)) return DraggedLink(data);
+    if (auto link = DraggedLink(data)) return link;
     const QString text = data.text();
     return text.isEmpty() ? std::nullopt : std::optional(text);
 }

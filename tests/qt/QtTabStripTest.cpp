@@ -251,6 +251,10 @@ TEST_F(QtTabStripTest, TextAndLinksAreDroppedAndFilesAloneAreNot) {
     DropAt(widget, {widget.width() - 2, 5}, link);
     EXPECT_EQ(told, "text 0;text 0;http://one.example/x%20y!");
     told.clear();
+    link.setText(QStringLiteral("what one reads"));
+    DropAt(widget, Middle(2), link);
+    EXPECT_EQ(told, "text 2;text 2;http://one.example/x%20y!") << "where a page's link leads, not what it is called";
+    told.clear();
     DropAt(widget, Middle(1), file);
     EXPECT_EQ(told, "none 1;") << "what is refused on its way in is not dropped";
     told.clear();
