@@ -15,9 +15,13 @@ public:
     }
     /// The user lets the page save as many as it likes.
     void Allow() { m_allowed = true; }
+    /// The user does not; the page is not to ask again.
+    void Refuse() { m_refused = true; }
+    [[nodiscard]] bool Refused() const { return m_refused; }
     void PersonNavigated() { *this = {}; }
 
 private:
     std::size_t m_taken = 0;
     bool m_allowed = false;
+    bool m_refused = false;
 };

@@ -152,7 +152,7 @@ bool QtPermissions::MaySave(const QUrl& address) {
     // Whoever clicks for each file wants each of them.
     if (m_page.TakePerson()) m_downloads.PersonNavigated();
     if (known == true || m_downloads.Take()) return true;
-    if (known == false) return false;
+    if (known == false || m_downloads.Refused()) return false;
     // What lies in the page itself cannot be fetched again later.
     const bool fetchable = address.scheme() == u"http" || address.scheme() == u"https";
     if (fetchable && m_heldFiles.size() < kMostHeld) m_heldFiles << address;
@@ -160,7 +160,8 @@ bool QtPermissions::MaySave(const QUrl& address) {
     Decide(origin, SitePermission::Downloads, [this, page = QPointer<QtPage>(&m_page)](bool allowed) {
         const QList<QUrl> held = std::exchange(m_heldFiles, {});
         m_asksToSave = false;
-        if (!allowed || !page) return;
+        if (!page) return;
+        if (!allowed) return m_downloads.Refuse();
         m_downloads.Allow();
         for (const QUrl& each : held) page->download(each);
     });
@@ -174,6 +175,7 @@ void QtPermissions::OnAddress(const QUrl& url) {
 }
 
 void QtPermissions::OnPersonNavigated() {
-    m_downloads.PersonNavigated();
+    // A question that ends with its page counts as refused; the next page begins anew.
     m_questions.DismissAll();
+    m_downloads.PersonNavigated();
 }

@@ -29,6 +29,8 @@ class Site(desk.PageServer):
                 file = os.path.join(SITE, name + ".html")
                 if name == "login":
                     self.answer(401, b"<title>No</title>", ("WWW-Authenticate", 'Basic realm="Never"'))
+                elif name == "storm.bin":
+                    self.answer(200, b"storm", ("Content-Disposition", "attachment"))
                 elif name == "endless":
                     self.never_end()
                 elif name and os.path.exists(file):
@@ -148,6 +150,16 @@ class Hostile(unittest.TestCase):
             self.assertLess(len(program.strip()), 5, program.strip())
 
         self.live_beside("popup-storm", self.shows("Popup storm"), click)
+
+    def test_downloads_without_end(self):
+        def asks(program):
+            """However many files the page saves by itself, its user is asked after a few, and once."""
+            words = f"127.0.0.1:{self.site.port} wants to save several files."
+            program.find("label", words)
+            program.press("push button", "Block")
+            desk.wait_until(lambda: not program.find_now("label", words), what="it asks again")
+
+        self.live_beside("download-storm", self.shows("Download storm"), asks)
 
     def test_a_title_of_a_million_letters(self):
         def is_one_line(program):
