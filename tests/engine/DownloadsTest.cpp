@@ -222,8 +222,6 @@ TEST_F(EngineDownloads, OfAPageThatClicksItsOwnLinksWaitForItsUser) {
     ASSERT_TRUE(WaitUntil([&] { return desk.Script(QStringLiteral("clicks")).toInt() > before + 5; }));
     EXPECT_EQ(questions.Current(), nullptr) << "who was refused does not ask again";
     EXPECT_LE(downloads.All().size(), DownloadRule::kFree);
-    desk.Load(server.Address(QStringLiteral("/page")));
-    EXPECT_TRUE(WaitUntil([&] { return questions.Current() != nullptr; })) << "another visit is another question";
     server.Raw(QStringLiteral("/get"), Attachment("x", "filename=wanted.txt"));
     desk.Navigate(server.Address(QStringLiteral("/get")));
     EXPECT_TRUE(WaitUntil([&] { return First().Name() == u"wanted.txt"; })) << "what the user asks for comes";
