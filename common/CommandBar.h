@@ -172,10 +172,10 @@ public:
 
     /// What only a view can do. It detaches itself when it goes.
     struct View {
-        std::function<void()> BandsChanged; ///< a band came or went
-        std::function<void(Band&)> Popup;
-        std::function<void(Band&, Tool&)> FocusTool;
-        std::function<void()> RecalcLayout;
+        std::function<void()> BandsChanged{}; ///< a band came or went
+        std::function<void(Band&)> Popup{};
+        std::function<void(Band&, Tool&)> FocusTool{};
+        std::function<void()> RecalcLayout{};
     };
     void Attach(View view);
 

@@ -9,15 +9,15 @@ enum class ProxyKind { System, Direct, Http, Socks };
 
 /// The options of Internet Options that are not the product's own settings, as values.
 struct InternetValues {
-    Text homePage; ///< as a person types it; empty for the program's own
+    Text homePage{}; ///< as a person types it; empty for the program's own
     bool javaScript = true;
     CookieRule cookies = CookieRule::SameSite; ///< third parties keep none by default
     bool doNotTrack = false;                   ///< send the header "DNT"
     bool globalPrivacyControl = false;         ///< send the header "Sec-GPC"
     ProxyKind proxy = ProxyKind::System;
-    Text proxyHost;
+    Text proxyHost{};
     std::int32_t proxyPort = 0;
-    Text downloadFolder;    ///< empty for the desktop's
+    Text downloadFolder{};  ///< empty for the desktop's
     bool tabsSleep = false; ///< tabs that were not looked at for a while sleep; by design they keep living
     std::int32_t sleepMinutes = 30;
 

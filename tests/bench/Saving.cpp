@@ -91,7 +91,8 @@ void SaveAfterAChange(benchmark::State& state) {
     Reader reader;
     int changes = 0;
     for (auto each : state) {
-        reader.Show(1 + ++changes % kTabs, u"News at " + Decimal(changes));
+        ++changes;
+        reader.Show(1 + changes % kTabs, u"News at " + Decimal(changes));
         reader.main.Sessions.Write();
     }
 }

@@ -75,9 +75,12 @@ TEST_F(PrintPreview, WaitsForAPageThatIsLoadingAndSurvivesItsEnd) {
         ResumeNext(desk.View(2).Navigate(FromQt(server.Address(QStringLiteral("/slow")))));
         ASSERT_TRUE(WaitUntil([this] { return desk.View(2).LocationName() == u"slow"; }));
         Preview();
-        if (closes) desk.main->CloseBrowserTab(2);
-        if (!closes) ResumeNext(desk.View(2).Stop());
-        if (!closes) ASSERT_TRUE(Opened(3));
+        if (closes) {
+            desk.main->CloseBrowserTab(2);
+        } else {
+            ResumeNext(desk.View(2).Stop());
+            ASSERT_TRUE(Opened(3));
+        }
     }
     Settle(desk.engine, desk.View(3).Page());
     EXPECT_EQ(desk.main->pcPage.Count(), 2U);
