@@ -135,7 +135,7 @@ TEST_F(QtEntryMenuTest, AnEntryWithoutACommandOfItsOwnPopsUpNothing) {
 
 TEST_F(QtEntryMenuTest, AnEntryPopsUpByKeyboard) {
     menu->setActiveAction(shown->Find(u"folder"));
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {});
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(menu, &event);
     EXPECT_NE(QApplication::activePopupWidget(), menu);
 }

@@ -1,0 +1,62 @@
+// The engine, its pages and the bars around them, and what they do in the program.
+#include "qt/QtProgramParts.h"
+
+#include "mainwindow/StartPage.h"
+#include "qt/QtBrowserView.h"
+#include "qt/QtPage.h"
+#include "qt/QtPalette.h"
+#include "settings/InternetSettings.h"
+
+void QtProgram::WireStartPage() {
+    m->engine.StartPage = [this] {
+        StartContent content = StartPage::Read(m->main.Platform.groupFolder, m->main.Platform.favoritesFolder);
+        content.Dark = QtPalette::IsDark(m->window.palette());
+        return StartPage::Html(content);
+    };
+    m->engine.StartLink = [this](const QUrl& url) { m->main.OpenStartLink(url.toEncoded().toStdString()); };
+}
+
+void QtProgram::WirePages() {
+    m->engine.Permissions = &m->permissions;
+    m->permissions.Forgotten = [this](const SiteDecision& forgotten) { m->engine.ForgetDecision(forgotten); };
+    m->engine.SaveAddress = [this](QtPage& page, const QUrl& address, const Text& path) {
+        m->downloads.Save(page, address, path);
+    };
+    m->mediaKeys.Page = [this] { return m->engine.MediaPage(); };
+    m->engine.FullScreen().WindowIsFull = [this] { return m->window.FullScreen(); };
+    m->engine.FullScreen().SetWindowFull = [this](bool on) { m->window.SetFullScreen(on); };
+    m->engine.ShowInspector = [this](QtPage& page) { m->devTools.Show(page); };
+    m->downloads.List = &m->main.Downloads;
+    m->downloads.Profile = [this] { return m->engine.Profile(); };
+    m->downloads.MaySave = [this](QWebEnginePage* page, const QUrl& address) {
+        auto* view = m->engine.ViewOf(page);
+        return !view || view->Questions()->permissions.MaySave(address);
+    };
+    m->main.Downloads.Say = [this](TextView message) { m->statusBar.Notice(ToQt(message)); };
+    m->downloadsPanel.FocusPage = [this] {
+        if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
+    };
+    m->notifications.Clicked = [this] { m->window.BringToForeground({}); };
+}
+
+void QtProgram::WireEngine() {
+    WireStartPage();
+    m->requests.Templates = [this] { return m->Services(); };
+    m->engine.ProfileMade = [this](QWebEngineProfile& profile) { m->TakeProfile(profile); };
+    m->engine.PrivateProfileMade = [this](QWebEngineProfile& profile) { m->TakePrivateProfile(profile); };
+    m->engine.Visited = [this](const QUrl& url) { m->browsingData.NoteVisit(url); };
+    m->engine.HomeAddress = [this] { return InternetSettings(m->settings).Get().homePage; };
+    WirePages();
+    m->bars.Add(m->offer, QtPageBars::Side::Above);
+    m->bars.Add(m->findBar, QtPageBars::Side::Below);
+    m->offer.Changed = [this] { m->engine.Relayout(); };
+    m->engine.LayBars = [this](const QRect& whole) { return m->bars.Lay(whole); };
+    m->findBar.Page = [this] { return m->engine.FrontPage(); };
+    m->findBar.Changed = [this] { m->engine.Relayout(); };
+    m->engine.FrontChanged = [this] { m->findBar.OnPageChanged(); };
+    m->findBar.FocusPage = [this] {
+        if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
+    };
+    WireStrip();
+    m->engine.IconChanged = [this](std::int32_t index) { m->strip.RefreshIcons(index); };
+}

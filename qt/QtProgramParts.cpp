@@ -1,0 +1,161 @@
+#include "qt/QtProgramParts.h"
+
+#include "pages/DecidedSites.h"
+#include "qt/QtAbout.h"
+#include "qt/QtAddFavorite.h"
+#include "qt/QtDefBrowserDialog.h"
+#include "qt/QtDialogScheme.h"
+#include "qt/QtGroupEditor.h"
+#include "qt/QtInternetOptionsDialog.h"
+#include "qt/QtOrganizeFavorites.h"
+#include "qt/QtPage.h"
+#include "qt/QtResizeDialog.h"
+#include "qt/QtSessionsDialog.h"
+#include "qt/QtSettingsDialog.h"
+#include "qt/QtStartPage.h"
+#include "qt/QtWebOptions.h"
+#include "settings/InternetSettings.h"
+#include "settings/SettingsStore.h"
+
+#include <QClipboard>
+
+namespace {
+
+// What must be said before the application object exists.
+int& BeforeApplication(int& argc) {
+    QtStartPage::RegisterScheme();
+    QtDialogScheme::RegisterScheme();
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    // Not the display name, which Qt appends to the title of every window.
+    QCoreApplication::setApplicationName(QStringLiteral("TessaView"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TESSAVIEW_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("tessaview"));
+    return argc;
+}
+
+} // namespace
+
+QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
+    : program(owner),
+      qt(BeforeApplication(argc), argv),
+      folders(QtFolders::Find(QCoreApplication::applicationFilePath())),
+      settings(folders.settings),
+      channel(folders.state),
+      sessions(folders.state + QStringLiteral("/sessions")),
+      layout(folders.program),
+      browsingData(folders.data),
+      engine(window.PageArea(), folders.data, folders.cache),
+      main({.window = window,
+            .views = engine,
+            .settings = settings,
+            .messages = messages,
+            .files = files,
+            .splash = splash,
+            .sessions = sessions,
+            .layout = layout,
+            .defaultBrowser = defaultBrowser,
+            .shell = shell,
+            .folderWatch = folderWatch,
+            .trash = trash,
+            .downloads = downloads,
+            .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
+            // Above the splash, which would cover it.
+            .showDefBrowser = [this](frmDefBrowser& form) { ShowModal(form, splash.Window()); },
+            .showAbout = [this](frmSplash& form) { ShowModal(form, &window); },
+            .showResize = [this](frmResize& form) { ShowModal(form, &window); },
+            .showAddFavorite = [this](frmAddFavorite& form) { ShowModal(form, &window); },
+            .showOrganizeFavorites = [this](frmOrganizeFavorites& form) { ShowModal(form, &window); },
+            .programPath = FromQt(QCoreApplication::applicationFilePath()),
+            .groupFolder = FromQt(folders.GroupFolder()),
+            .favoritesFolder = FromQt(folders.favorites),
+            .downloadsFile = FromQt(folders.state + QStringLiteral("/downloads")),
+            .commands = Operations(),
+            .offerSession = [this](TextView id, const Session& session) { OfferSession(id, session); },
+            .withdrawOffer = [this] { offer.Withdraw(); },
+            .showSessions = [this](frmSessions& form) { ShowModal(form, &window); },
+            .timeText = SessionTimeText,
+            .applyLoadOptions = [this] { ApplyLoadOptions(); },
+            .showTessaGroup = [this](frmTessaGroup& form) { ShowModal(form, &window); },
+            .showInternetOptions = [this](frmInternetOptions& form) { ShowModal(form, &window); },
+            .applyInternetOptions = [this] { ApplyInternetOptions(); },
+            .siteChoices = DecidedSites(permissions, engine.External()),
+            .clearBrowsingData =
+                [this](const BrowsingData& data, std::function<void(Outcome)> done) {
+                    if (profile) return browsingData.Clear(data, *profile, std::move(done));
+                    done(Outcome::Failed);
+                },
+            .chooseFolder = [](TextView folder) { return QtFileDialogs::ChooseFolder(folder); }}),
+      strip(main.pcPage),
+      statusBar(main.sbStatus),
+      look(main.actBar, window),
+      commandBar(main.actBar, window),
+      customize(main.actBar, window),
+      keys(window),
+      fileDrop(window),
+      tabList(&strip),
+      findBar(window.PageArea()),
+      offer(window.PageArea()) {}
+
+void QtProgram::Parts::OfferSession(TextView id, const Session& session) {
+    offer.Reopen = [this, id = Text(id)] { main.Sessions.Reopen(id); };
+    offer.Dismiss = [this, id = Text(id)] { main.Sessions.Settle(id); };
+    offer.ShowAll = [this] { main.Commands.host.ShowSessions(); };
+    offer.Offer(session.Pages.size());
+}
+
+CommandHost QtProgram::Parts::Operations() {
+    CommandHost host;
+    host.ShowFind = [this](BrowserView&) { findBar.Open(); };
+    host.ShowTabList = [this] { program.ListTabs(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); };
+    host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
+    host.Customize = [this] { customize.Open(); };
+    host.ToggleDevTools = [this] { devTools.Toggle(engine.FrontPage()); };
+    // A middle click means the same.
+    host.ShiftHeld = [this] {
+        return middleClick.Now() || QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
+    };
+    return host;
+}
+
+void QtProgram::Parts::ApplyLoadOptions() {
+    const SettingsStore store(settings);
+    requests.Loads = {.images = store.LoadImages.Get(),
+                      .animations = store.LoadAnimations.Get(),
+                      .videos = store.LoadVideos.Get(),
+                      .sounds = store.LoadSounds.Get()};
+    engine.SetLoadOptions(requests.Loads);
+}
+
+void QtProgram::Parts::ApplyInternetOptions() {
+    const InternetValues values = InternetSettings(settings).Get();
+    QtWebOptions::ApplyProxy(values, profile);
+    QtWebOptions::Apply(values, requests);
+    for (const auto& each : {profile, privateProfile}) {
+        if (each) QtWebOptions::Apply(values, *each);
+    }
+}
+
+void QtProgram::Parts::TakeProfile(QWebEngineProfile& made) {
+    browsingData.Watch(made);
+    profile = &made;
+    Follow(made);
+}
+
+// Nothing of it is noted anywhere.
+void QtProgram::Parts::TakePrivateProfile(QWebEngineProfile& made) {
+    privateProfile = &made;
+    Follow(made);
+}
+
+void QtProgram::Parts::Follow(QWebEngineProfile& made) {
+    made.setUrlRequestInterceptor(&requests);
+    ApplyInternetOptions();
+    downloads.Follow(made);
+    notifications.Follow(made);
+    if (dictionaries) dictionaries->Follow(made);
+}
+
+ServiceTemplates QtProgram::Parts::Services() {
+    const SettingsStore store(settings);
+    return {store.SearchService.Get(), store.ShopService.Get(), store.FindService.Get()};
+}
