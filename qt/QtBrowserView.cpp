@@ -128,7 +128,12 @@ void QtBrowserView::ShowPreview(const QByteArray& pdf) {
     ResumeNext(opened->Navigate(FromQt(address.toString(QUrl::FullyEncoded))));
 }
 
-Text QtBrowserView::LocationName() const { return m_page ? FromQt(m_page->title()) : Text(); }
+Text QtBrowserView::LocationName() const {
+    if (!m_page) return {};
+    // While one page takes another's place, the engine tells the title of the one and the address of the other.
+    const bool changes = m_page->isLoading() && m_page->url() != m_page->history()->currentItem().url();
+    return changes ? Text() : FromQt(m_page->title());
+}
 
 PageDocument* QtBrowserView::Document() {
     const bool shown = m_page && m_committed && m_page->url().scheme() != u"about";
