@@ -114,7 +114,7 @@ void QtDocking::Schedule() {
 
 void QtDocking::Flush() {
     if (m_scheduled) Arrange();
-    ShareRows();
+    ShareRows(Hints::Stale);
     m_window.layout()->activate();
 }
 
@@ -126,7 +126,7 @@ void QtDocking::Arrange() {
         if (band->Dock().Side == DockSide::Floating) Float(*band, bar);
         bar.setVisible(band->Visible());
     }
-    ShareRows();
+    ShareRows(Hints::Stale);
 }
 
 void QtDocking::ArrangeSide(DockSide side) {
@@ -184,14 +184,14 @@ void QtDocking::Read() {
         const Docking& old = band->Dock();
         band->Dock = Docking{DockSide::Floating, old.Row, old.Place, {bar->x()}, {bar->y()}};
     }
-    ShareRows();
+    ShareRows(Hints::Stale);
 }
 
-void QtDocking::ShareRows() {
+void QtDocking::ShareRows(Hints hints) {
     std::vector<Band*> upright = ToolBarBands();
     for (const DockSide side : {DockSide::Top, DockSide::Bottom}) {
         for (const auto& row : RowsOf(side)) {
-            ShareRow(row);
+            ShareRow(row, hints);
             std::erase_if(upright, [&](Band* band) { return std::ranges::find(row, band) != row.end(); });
         }
     }
@@ -203,13 +203,13 @@ void QtDocking::ShareRows() {
 }
 
 // A box shrinks before it leaves its toolbar.
-void QtDocking::ShareRow(const std::vector<Band*>& row) {
+void QtDocking::ShareRow(const std::vector<Band*>& row, Hints hints) {
     std::vector<QtComboBox*> filling, others;
     int room = m_window.width();
     for (Band* band : row) {
         QToolBar* bar = m_toolBars.Find(*band);
         // It may still know the widths that its boxes had before.
-        bar->layout()->invalidate();
+        if (hints == Hints::Stale) bar->layout()->invalidate();
         const int hint = bar->layout()->sizeHint().width();
         int spare = 0;
         room -= hint;
@@ -227,7 +227,9 @@ void QtDocking::ShareRow(const std::vector<Band*>& row) {
 bool QtDocking::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
     const bool window = watched == &m_window;
-    if (window && (type == QEvent::Resize || type == QEvent::LayoutRequest || type == QEvent::Show)) ShareRows();
+    if (window && (type == QEvent::Resize || type == QEvent::Show)) ShareRows(Hints::Stale);
+    // What asks for a layout has new hints already; to ask again would go on for ever.
+    if (window && type == QEvent::LayoutRequest) ShareRows(Hints::Fresh);
     // The toolbar itself has first to do what the release of the button means.
     if (!window && type == QEvent::MouseButtonRelease) QTimer::singleShot(0, this, &QtDocking::Read);
     return QObject::eventFilter(watched, event);

@@ -31,8 +31,10 @@ private:
     void Float(const Band& band, QToolBar& bar);
     void Read();
     [[nodiscard]] std::vector<std::vector<Band*>> RowsOf(DockSide side) const;
-    void ShareRows();
-    void ShareRow(const std::vector<Band*>& row);
+    /// Whether the toolbars know how wide their boxes want to be now.
+    enum class Hints { Fresh, Stale };
+    void ShareRows(Hints hints);
+    void ShareRow(const std::vector<Band*>& row, Hints hints);
     [[nodiscard]] std::vector<Band*> ToolBarBands() const;
 
     CommandBar& m_bar;
