@@ -219,7 +219,7 @@ void QtDocking::ShareRow(const std::vector<Band*>& row, Hints hints) {
             room += width;
             (box->Shown().FillsRow() ? filling : others).push_back(box);
         }
-        bar->setMinimumWidth(spare > 0 ? std::min(hint - spare, kWidestMinimum) : 0);
+        bar->setMinimumWidth(spare > 0 ? std::clamp(hint - spare, 0, kWidestMinimum) : 0);
     }
     ShareRoom(room, filling, others);
 }

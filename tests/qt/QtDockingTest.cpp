@@ -234,4 +234,26 @@ TEST_F(QtOverflowTest, ABoxBehindTheButtonIsReachedByItsKeyAndTypedIn) {
     EXPECT_EQ(bar.FindCombo(u"cboAddress")->Value(), u"rose");
 }
 
+/// Counts how often a widget is asked to lay itself out.
+class LayoutRequests final : public QObject {
+public:
+    explicit LayoutRequests(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest) ++count;
+        return QObject::eventFilter(watched, event);
+    }
+    int count = 0;
+};
+
+TEST_F(QtDockingTest, AWindowThatIsLaidOutIsAtRest) {
+    constexpr int kTurns = 50;
+    for (const int width : {1200, 500}) {
+        window.resize(width, 600);
+        for (int turn = 0; turn < kTurns; ++turn) QCoreApplication::processEvents();
+        const LayoutRequests requests(window);
+        for (int turn = 0; turn < kTurns; ++turn) QCoreApplication::processEvents();
+        EXPECT_EQ(requests.count, 0) << width;
+    }
+}
+
 } // namespace
