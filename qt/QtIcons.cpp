@@ -1,6 +1,7 @@
 #include "qt/QtIcons.h"
 
 #include "qt/QtPalette.h"
+#include "qt/QtResources.h"
 #include "qt/QtText.h"
 
 #include <QPainter>
@@ -9,11 +10,8 @@
 #include <QStringList>
 #include <algorithm>
 
-// Stands outside the namespace, as Qt's macro demands.
-static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
-
 QIcon QtIcons::Own(const QString& name) {
-    LoadResources();
+    QtResources::Load();
     return QIcon(QStringLiteral(":/%1.svg").arg(name));
 }
 

@@ -1,6 +1,7 @@
 #include "qt/QtLoadSwitches.h"
 
-#include <QFile>
+#include "qt/QtResources.h"
+
 #include <QUuid>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
@@ -8,17 +9,9 @@
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 
-static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
-
 namespace {
 
 const QString kName = QStringLiteral("loads");
-
-QString Source() {
-    LoadResources();
-    QFile file(QStringLiteral(":/load-switches.js"));
-    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 QString AsScript(const QtLoadOptions& options) {
     const auto word = [](bool on) { return on ? QStringLiteral("true") : QStringLiteral("false"); };
@@ -29,7 +22,8 @@ QString AsScript(const QtLoadOptions& options) {
 } // namespace
 
 QtLoadSwitches::QtLoadSwitches()
-    : m_script(Source().replace(QStringLiteral("%1"), QUuid::createUuid().toString(QUuid::Id128))) {}
+    : m_script(QtResources::ReadText(QStringLiteral("load-switches.js"))
+                   .replace(QStringLiteral("%1"), QUuid::createUuid().toString(QUuid::Id128))) {}
 
 void QtLoadSwitches::Install(QWebEngineProfile& profile, const QtLoadOptions& options) const {
     profile.settings()->setAttribute(QWebEngineSettings::AutoLoadImages, options.images);

@@ -2,6 +2,7 @@
 
 #include "qt/QtBrowsingData.h"
 #include "qt/QtDialogScheme.h"
+#include "qt/QtResources.h"
 #include "qt/QtStartPage.h"
 
 #include <QDir>
@@ -16,8 +17,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
-
-static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
 
 namespace {
 
@@ -39,12 +38,6 @@ constexpr auto kFrameScript = R"js((function () {
     console.log('%1 ready ' + location.href);
     window.addEventListener('load', function () { console.log('%1 load ' + location.href); });
 })();)js";
-
-QString InputWatch() {
-    LoadResources();
-    QFile file(QStringLiteral(":/input-watch.js"));
-    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 } // namespace
 
@@ -108,7 +101,7 @@ void QtProfile::InstallFrameScript(const QString& token) {
 void QtProfile::InstallInputWatch(const QString& token) {
     QWebEngineScript script;
     script.setName(QStringLiteral("input"));
-    script.setSourceCode(InputWatch().replace(QStringLiteral("%1"), token));
+    script.setSourceCode(QtResources::ReadText(QStringLiteral("input-watch.js")).replace(QStringLiteral("%1"), token));
     script.setInjectionPoint(QWebEngineScript::DocumentCreation);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
     script.setRunsOnSubFrames(true);

@@ -1,9 +1,9 @@
 #include "qt/QtStartPage.h"
 
 #include "qt/QtPalette.h"
+#include "qt/QtResources.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QGuiApplication>
 #include <QUrl>
 #include <QWebEngineUrlRequestJob>
@@ -15,9 +15,7 @@ const QString kPreview = QStringLiteral("preview/");
 
 // Pages are not told by every version of the engine that the desktop is dark.
 QByteArray Help() {
-    QFile file(QStringLiteral(":/help.html"));
-    if (!file.open(QFile::ReadOnly)) return {};
-    QByteArray page = file.readAll();
+    QByteArray page = QtResources::ReadText(QStringLiteral("help.html")).toUtf8();
     if (QtPalette::IsDark(QGuiApplication::palette()))
         page.replace(QByteArrayLiteral("<html "), QByteArrayLiteral("<html class=\"dark\" "));
     return page;
