@@ -6,14 +6,22 @@ root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 . "$root/scripts/build.sh"
 . "$root/scripts/display.sh"
 
-packages=("${build_packages[@]}" "${run_packages[@]}")
+step() { echo "== $1 of 3: $2" >&2; }
+
+packages=("${program_packages[@]}" "${run_packages[@]}")
 has_display=yes
 if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
   has_display=no
   packages+=("${display_packages[@]}")
 fi
+step 1 "Packages"
 install_missing --svg "${packages[@]}"
-build "$root/build" tessaview >&2
+need_commands cmake ninja c++
+step 2 "Build (one to two minutes the first time on two processors)"
+options=()
+is_configured "$root/build" || options=(-DTESSAVIEW_TESTS=OFF -DTESSAVIEW_BENCH=OFF)
+build "$root/build" tessaview "${options[@]}" >&2
+step 3 "TessaView"
 
 # The engine's sandbox does not work for root.
 if [ "$(id -u)" = 0 ]; then export QTWEBENGINE_DISABLE_SANDBOX=1; fi

@@ -17,7 +17,12 @@ esac
 format_version=14
 build_folder=$root/build
 options=()
-if [ $core_only = yes ]; then build_folder=$root/build-core options=(-DTESSAVIEW_QT=OFF); fi
+if [ $core_only = yes ]; then
+  build_folder=$root/build-core options=(-DTESSAVIEW_QT=OFF)
+else
+  # run.sh makes the same folder for the program alone.
+  options=(-DTESSAVIEW_TESTS=ON -DTESSAVIEW_BENCH=ON)
+fi
 jobs=$(nproc)
 summary=()
 failed=no
@@ -47,6 +52,10 @@ not_run() {
 }
 
 install_packages() {
+  install_all_packages && need_commands cmake ninja ctest c++ clang-format
+}
+
+install_all_packages() {
   local packages=("${core_packages[@]}" "${format_packages[@]}")
   [ $core_only = no ] || { install_missing "${packages[@]}"; return; }
   install_missing --svg "${packages[@]}" "${build_packages[@]}" "${run_packages[@]}" "${display_packages[@]}" \

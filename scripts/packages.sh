@@ -2,8 +2,12 @@
 # shellcheck shell=bash
 # shellcheck disable=SC2034 # the lists are for those who source this
 
-core_packages=(g++ cmake ninja-build ccache libgtest-dev libxml2-dev)
-build_packages=("${core_packages[@]}" qt6-base-dev qt6-webengine-dev libgl-dev libbenchmark-dev)
+# The program alone; ccache keeps what was compiled once.
+program_packages=(g++ cmake ninja-build ccache libxml2-dev qt6-base-dev qt6-webengine-dev libgl-dev)
+# The core alone, with its tests.
+core_packages=(g++ cmake ninja-build ccache libxml2-dev libgtest-dev)
+# The program with its tests and benchmarks.
+build_packages=("${program_packages[@]}" "${core_packages[@]}" libbenchmark-dev)
 # What the program needs to look right wherever it runs; qt6-wayland for desktops without an X server.
 run_packages=(qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)
 display_packages=(xvfb openbox xdotool imagemagick)
@@ -23,11 +27,16 @@ svg_package() {
   echo libqt6svg6
 }
 
+# missing_of PACKAGE...: prints those that are not installed, each once.
 missing_of() {
   local have package
-  have=" $(dpkg-query -W -f='${db:Status-Status}:${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed://p' | tr '\n' ' ')"
+  # dpkg-query fails when it does not know one of the packages, and still tells of the others.
+  have=" $(dpkg-query -W -f='${db:Status-Status}:${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed://p' | tr '\n' ' ' || true)"
   for package in "$@"; do
-    [[ $have == *" $package "* ]] || echo "$package"
+    if [[ $have != *" $package "* ]]; then
+      echo "$package"
+      have+="$package "
+    fi
   done
 }
 
@@ -42,25 +51,49 @@ can_be_root() {
   sudo -n true 2>/dev/null || [ -t 0 ]
 }
 
-# install_missing [--svg] PACKAGE...: installs what is missing; does nothing, and at once, when nothing is. --svg adds
-# the plugin for SVG icons.
-install_missing() {
-  local svg=no missing
+# find_missing [--svg] PACKAGE...: sets `missing` to what is not installed.
+find_missing() {
+  local svg=no list
   if [ "$1" = --svg ]; then svg=yes; shift; fi
+  list=$(missing_of "$@")
+  [ $svg = no ] || list+=$'\n'$(svg_package)
+  mapfile -t missing < <(sed '/^$/d' <<<"$list")
+}
+
+# install_missing [--svg] PACKAGE...: installs what is missing; does nothing, and at once, when nothing is. --svg adds
+# the plugin for SVG icons. Fails when the packages could not be installed.
+install_missing() {
+  local missing=()
   if ! command -v dpkg-query >/dev/null; then
-    echo "This is not a Debian system, so nothing is installed. Needed are the equivalents of: $*" >&2
+    echo "This is not a Debian system, so nothing is installed. Needed are the equivalents of: ${*#--svg}" >&2
     return
   fi
-  mapfile -t missing < <(missing_of "$@"; [ $svg = no ] || svg_package)
+  find_missing "$@"
   [ ${#missing[@]} -gt 0 ] || return 0
   if ! can_be_root; then
     echo "Packages are missing, and installing them needs root or sudo. Have an administrator run:" >&2
     echo "  apt-get install --no-install-recommends ${missing[*]}" >&2
     return 1
   fi
-  as_root apt-get update -qq || echo "The lists of packages could not be brought up to date." >&2
+  echo "Bringing the lists of packages up to date" >&2
+  as_root apt-get update -qq >&2 || echo "The lists of packages could not be brought up to date." >&2
   # Which package holds the plugin is known for sure only with fresh lists.
-  mapfile -t missing < <(missing_of "$@"; [ $svg = no ] || svg_package)
-  echo "Installing packages: ${missing[*]}" >&2
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+  find_missing "$@"
+  echo "Installing ${#missing[@]} packages and what they need: ${missing[*]}" >&2
+  if ! as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2; then
+    echo "The packages could not be installed; what apt-get says of it stands above." >&2
+    return 1
+  fi
+}
+
+# need_commands COMMAND...: fails, and says which are missing.
+need_commands() {
+  local command result=0
+  for command in "$@"; do
+    if ! command -v "$command" >/dev/null; then
+      echo "The command $command is missing." >&2
+      result=1
+    fi
+  done
+  return $result
 }
