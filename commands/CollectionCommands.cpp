@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr TextView kPrivateQuestion =
+constexpr TextView kPrivatePageQuestion =
     u"The page is open in a private tab. Do you want to write its address into the TessaGroup?";
 constexpr TextView kRepairQuestion =
     u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
@@ -22,7 +22,7 @@ Page CurrentPage(const CommandContext& context) {
 
 // The address is asked for after the file was chosen, as the page may have moved on meanwhile.
 void AddToGroup(CommandContext& context, Privacy privacy, const std::function<Text()>& address) {
-    if (privacy == Privacy::Private && context.messages.AskYesNoCancel(kPrivateQuestion) != Answer::Yes) return;
+    if (privacy == Privacy::Private && context.messages.AskYesNoCancel(kPrivatePageQuestion) != Answer::Yes) return;
     const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});

@@ -13,7 +13,7 @@ namespace {
 constexpr TextView kNoTrashQuestion =
     u"The TessaGroup cannot be moved to the trash. Do you want to delete it for good?";
 
-Text NameOf(TextView path) {
+Text GroupNameOf(TextView path) {
     path.remove_prefix(path.rfind(u'/') + 1);
     return OneLine(path.substr(0, path.size() - std::min(path.size(), TessaGroups::kExtension.size())));
 }
@@ -58,7 +58,7 @@ void OrganizeGroup(CommandContext& context) { context.host.OrganizeTessaGroup(Te
 
 void DeleteGroup(CommandContext& context) {
     const Text path = context.menuEntry;
-    if (!Agrees(context, u"Do you want to move the TessaGroup \"" + NameOf(path) + u"\" to the trash?")) return;
+    if (!Agrees(context, u"Do you want to move the TessaGroup \"" + GroupNameOf(path) + u"\" to the trash?")) return;
     const bool there = context.host.MoveToTrash(path) == Outcome::Failed && FileExists(ToUtf8(path));
     const bool stays = there && (!Agrees(context, kNoTrashQuestion) || TessaGroups::Delete(path) == Outcome::Failed);
     context.groupsMenuStale = true;

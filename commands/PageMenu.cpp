@@ -19,7 +19,7 @@ constexpr std::size_t kMostWords = 500;
 constexpr std::size_t kManyLinks = 15;
 constexpr std::size_t kMostLinks = 200;
 constexpr TextView kReplaceQuestion = u"A file with this name already exists. Do you want to replace it?";
-constexpr TextView kPrivateQuestion =
+constexpr TextView kPrivateLinkQuestion =
     u"The link is in a private tab. Do you want to write its address into the TessaGroup?";
 
 struct Action {
@@ -129,7 +129,7 @@ void CopyMediaAddress(CommandContext& context) { context.host.CopyText(context.m
 
 void AddLinkToTessaGroup(CommandContext& context) {
     const Text link = context.menuPage.LinkURL;
-    if (IsPrivate(context) && context.messages.AskYesNoCancel(kPrivateQuestion) != Answer::Yes) return;
+    if (IsPrivate(context) && context.messages.AskYesNoCancel(kPrivateLinkQuestion) != Answer::Yes) return;
     const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::size_t kShownWords = 24;
+constexpr std::size_t kMostShownWords = 24;
 
 /// The entries as they are gathered, in groups with a line between them.
 class Entries {
@@ -35,7 +35,7 @@ private:
 
 void AddWords(Entries& entries, const PageContext& page) {
     for (const Text& word : page.Suggestions)
-        entries.Add(std::make_shared<Tool>(0, u"xtrReplaceWord", EscapedCaption(PlainLine(word, kShownWords))));
+        entries.Add(std::make_shared<Tool>(0, u"xtrReplaceWord", EscapedCaption(PlainLine(word, kMostShownWords))));
 }
 
 void AddLink(Entries& entries, const CommandContext& context, const PageContext& page, TextView address) {
@@ -87,7 +87,7 @@ void AddText(Entries& entries, const PageContext& page) {
         entries.Add(u"xtrPasteAsText", page.CanPaste);
         entries.Add(u"mnuSelectAll");
     }
-    entries.Add(u"xtrSearchSelection", !PlainLine(page.SelectedText, kShownWords).empty());
+    entries.Add(u"xtrSearchSelection", !PlainLine(page.SelectedText, kMostShownWords).empty());
     entries.Add(u"xtrOpenSelectedLinks", selected && !page.Editable);
 }
 

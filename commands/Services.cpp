@@ -39,14 +39,14 @@ std::string Filled(const Text& chosen, std::string_view byDesign, std::string_vi
 }
 
 /// What a Shop or Find link of that keyword is called, without its access key.
-std::string NameOf(std::span<const ToolRow> links, std::string_view keyword) {
+std::string LinkNameOf(std::span<const ToolRow> links, std::string_view keyword) {
     const auto link =
         std::ranges::find(links, FromBytes(keyword), [](const ToolRow& row) { return Text(row.description); });
     return PercentEncoded(link == links.end() ? keyword : std::string_view(ToUtf8(WithoutAccessKey(link->caption))));
 }
 
 std::string FindService(const Text& chosen, std::string_view keyword) {
-    if (!chosen.empty()) return Filled(chosen, {}, NameOf(FindLinks(), keyword));
+    if (!chosen.empty()) return Filled(chosen, {}, LinkNameOf(FindLinks(), keyword));
     const auto* target = std::ranges::find(kFindByDesign, keyword, &FindTarget::keyword);
     return target == kFindByDesign.end() ? Filled(kSearchByDesign, keyword) : std::string(target->address);
 }
@@ -80,7 +80,7 @@ std::optional<std::string> TargetOf(std::string_view url, const ServiceTemplates
     }
     const auto keyword = Query(rest, "?id=");
     if (host == ToUtf8(Endpoints::kAdHost))
-        return Filled(templates.shop, kShopByDesign, NameOf(ShopLinks(), keyword.value_or(std::string_view())));
+        return Filled(templates.shop, kShopByDesign, LinkNameOf(ShopLinks(), keyword.value_or(std::string_view())));
     if (host == ToUtf8(Endpoints::kFindHost)) return FindService(templates.find, keyword.value_or(std::string_view()));
     return std::nullopt;
 }

@@ -2,10 +2,6 @@
 
 namespace {
 
-void Enable(CommandContext& context, TextView tool, bool enabled) {
-    if (auto* found = context.actBar.Find(tool)) found->Enabled = enabled;
-}
-
 void CloseFrom(CommandContext& context, std::size_t first, const Tab* kept) {
     auto& strip = context.pcPage;
     for (std::size_t position = strip.Count(); position >= first && strip.Count() > 1; --position) {
@@ -53,11 +49,11 @@ void CopyAddress(CommandContext& context) {
 
 void ShowState(CommandContext& context) {
     const auto* view = context.strip.PopupView();
-    Enable(context, u"xtrTabCloseOthers", context.pcPage.Count() > 1);
-    Enable(context, u"xtrTabCloseRight", context.strip.PopupTabPosition < context.pcPage.Count());
+    context.actBar.Enable(u"xtrTabCloseOthers", context.pcPage.Count() > 1);
+    context.actBar.Enable(u"xtrTabCloseRight", context.strip.PopupTabPosition < context.pcPage.Count());
     if (auto* mute = context.actBar.Find(u"xtrTabMute")) mute->Checked = view && view->Control->Muted();
 }
 
-void ShowReopen(CommandContext& context) { Enable(context, u"xtrReopenTab", !context.closed.IsEmpty()); }
+void ShowReopen(CommandContext& context) { context.actBar.Enable(u"xtrReopenTab", !context.closed.IsEmpty()); }
 
 } // namespace TabMoreCommands

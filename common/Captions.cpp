@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr char16_t kReplacement = 0xFFFD;
+constexpr char16_t kReplacementUnit = 0xFFFD;
 
 constexpr bool IsControl(char16_t unit) {
     return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || unit == 0x2028 || unit == 0x2029;
@@ -18,7 +18,7 @@ constexpr bool TurnsWriting(char16_t unit) {
 Text OneLine(TextView text) {
     Text line(text);
     for (char16_t& unit : line) {
-        if (IsControl(unit) || TurnsWriting(unit)) unit = kReplacement;
+        if (IsControl(unit) || TurnsWriting(unit)) unit = kReplacementUnit;
     }
     return line;
 }

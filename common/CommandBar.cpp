@@ -65,6 +65,10 @@ Band* CommandBar::AddBand(Text name, Text caption, BandKind kind) {
     return band;
 }
 
+void CommandBar::Enable(TextView tool, bool enabled) {
+    if (auto* found = Find(tool)) found->Enabled = enabled;
+}
+
 Band* CommandBar::FindBand(TextView name) const {
     const auto found = m_bandsByName.find(Text(name));
     return found == m_bandsByName.end() ? nullptr : found->second;

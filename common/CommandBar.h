@@ -126,6 +126,8 @@ public:
     [[nodiscard]] std::shared_ptr<Tool> ShareOwn(TextView band, TextView name) const;
     /// A tool of the master list, else the first tool of that name that any band has of its own.
     [[nodiscard]] Tool* Find(TextView name) const;
+    /// Enables or disables a tool; does nothing when there is none of that name.
+    void Enable(TextView tool, bool enabled);
     [[nodiscard]] ComboTool* FindCombo(TextView name) const;
 
     /// A band name in use adds nothing and returns nothing.

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::size_t kDeepest = 64;
+constexpr std::size_t kDeepestRead = 64;
 
 /// What is known while the file is read from its beginning to its end. A heading names the list that follows it.
 struct Reading {
@@ -30,29 +30,32 @@ Text OneSpaced(const std::string& bytes) {
     return text;
 }
 
-bool Is(const xmlChar* name, const char* tag) { return std::strcmp(reinterpret_cast<const char*>(name), tag) == 0; }
+bool HasName(const xmlChar* name, const char* tag) {
+    return std::strcmp(reinterpret_cast<const char*>(name), tag) == 0;
+}
 
 Text Attribute(const xmlChar** attributes, const char* name) {
     for (; attributes && attributes[0]; attributes += 2) {
-        if (Is(attributes[0], name) && attributes[1]) return FromBytes(reinterpret_cast<const char*>(attributes[1]));
+        if (HasName(attributes[0], name) && attributes[1])
+            return FromBytes(reinterpret_cast<const char*>(attributes[1]));
     }
     return {};
 }
 
 void OpenList(Reading& reading) {
     BookmarkFolder* above = reading.open.back();
-    const bool own = !reading.heading.empty() && reading.open.size() < kDeepest;
+    const bool own = !reading.heading.empty() && reading.open.size() < kDeepestRead;
     if (own) above->Folders.push_back({std::exchange(reading.heading, {}), {}, {}});
     reading.open.push_back(own ? &above->Folders.back() : above);
 }
 
 void Start(void* data, const xmlChar* name, const xmlChar** attributes) {
     auto& reading = *static_cast<Reading*>(data);
-    if (Is(name, "dl")) OpenList(reading);
-    if (!Is(name, "a") && !Is(name, "h3")) return;
+    if (HasName(name, "dl")) OpenList(reading);
+    if (!HasName(name, "a") && !HasName(name, "h3")) return;
     reading.collecting = true;
     reading.text.clear();
-    reading.address = Is(name, "a") ? Attribute(attributes, "href") : Text();
+    reading.address = HasName(name, "a") ? Attribute(attributes, "href") : Text();
 }
 
 // A line end in an address would begin a line of its own in the files that addresses are kept in.
@@ -66,10 +69,10 @@ void AddLink(Reading& reading) {
 
 void End(void* data, const xmlChar* name) {
     auto& reading = *static_cast<Reading*>(data);
-    if (Is(name, "dl") && reading.open.size() > 1) reading.open.pop_back();
-    if (Is(name, "h3")) reading.heading = OneSpaced(reading.text);
-    if (Is(name, "a")) AddLink(reading);
-    if (Is(name, "a") || Is(name, "h3")) reading.collecting = false;
+    if (HasName(name, "dl") && reading.open.size() > 1) reading.open.pop_back();
+    if (HasName(name, "h3")) reading.heading = OneSpaced(reading.text);
+    if (HasName(name, "a")) AddLink(reading);
+    if (HasName(name, "a") || HasName(name, "h3")) reading.collecting = false;
 }
 
 void Characters(void* data, const xmlChar* text, int length) {

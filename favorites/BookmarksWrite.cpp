@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr std::size_t kDeepest = 64;
+constexpr std::size_t kDeepestWritten = 64;
 
 std::string Escaped(TextView text) {
     std::string html;
@@ -49,7 +49,7 @@ BookmarkFolder Collect(TextView folder, Visited& above) {
     BookmarkFolder all;
     std::error_code failed;
     const auto real = std::filesystem::canonical(ToUtf8(folder), failed);
-    if (failed || above.size() >= kDeepest || !above.insert(real).second) return all;
+    if (failed || above.size() >= kDeepestWritten || !above.insert(real).second) return all;
     for (const Favorites::Item& item : Favorites::Items(folder)) {
         if (!item.IsFolder) {
             all.Links.push_back({item.Title, item.Address});

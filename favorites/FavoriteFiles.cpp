@@ -14,17 +14,12 @@
 namespace {
 
 /// A name has 255 bytes at most on disk; some are kept for the ending and a number.
-constexpr std::size_t kMostBytes = 240;
+constexpr std::size_t kLongestNameBytes = 240;
 constexpr int kMostNumbers = 10000;
 
 bool IsControl(char16_t unit) { return unit < 0x20 || unit == 0x7F; }
 
 Text NameOf(TextView path) { return Text(path.substr(path.rfind(u'/') + 1)); }
-
-bool IsFolder(TextView path) {
-    std::error_code failed;
-    return std::filesystem::is_directory(ToUtf8(path), failed);
-}
 
 /// Renames without taking another's place: 0, or the number of the error.
 int RenameToFree(const std::string& from, const std::string& to) {
@@ -70,6 +65,11 @@ void Add(std::vector<Favorites::Item>& items, const CKeyValues& folders) {
 
 namespace Favorites {
 
+bool IsFolder(TextView path) {
+    std::error_code failed;
+    return std::filesystem::is_directory(ToUtf8(path), failed);
+}
+
 std::vector<Item> Items(TextView folder) {
     const Listing listing = List(folder);
     std::vector<Item> items;
@@ -93,7 +93,7 @@ Text FileNameOf(TextView title) {
     const auto begin = name.find_first_not_of(u" .");
     name = begin == Text::npos ? Text(u"Page") : name.substr(begin);
     name = name.substr(0, name.find_last_not_of(u' ') + 1);
-    while (ToUtf8(name).size() > kMostBytes) name.pop_back();
+    while (ToUtf8(name).size() > kLongestNameBytes) name.pop_back();
     // A character of two units is not to be halved.
     if ((name.back() & 0xFC00) == 0xD800) name.pop_back();
     return name;

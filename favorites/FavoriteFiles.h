@@ -7,6 +7,9 @@
 
 namespace Favorites {
 
+/// What a folder is called until the user gives it a name.
+inline constexpr TextView kNewFolder = u"New Folder";
+
 /// A line of a tree of Favorites.
 struct Item {
     Text Title; ///< the name without the ending
@@ -20,6 +23,7 @@ struct Item {
 [[nodiscard]] std::vector<Item> Items(TextView folder);
 /// Its sub-folders alone.
 [[nodiscard]] std::vector<Item> Folders(TextView folder);
+[[nodiscard]] bool IsFolder(TextView path);
 /// The folder in which a file or folder lies.
 [[nodiscard]] Text FolderOf(TextView path);
 

@@ -11,7 +11,7 @@ constexpr std::string_view kSection = "InternetShortcut";
 constexpr std::string_view kKey = "URL";
 constexpr std::size_t kValueSize = 512;
 /// No shortcut is longer; of a file that is, the beginning is read.
-constexpr std::size_t kMostBytes = std::size_t{1} << 20;
+constexpr std::size_t kLargestShortcut = std::size_t{1} << 20;
 
 constexpr std::size_t kLongestCaption = 45;
 constexpr std::int32_t kFirstShortcut = 50000;
@@ -27,7 +27,7 @@ Text CutToCaption(TextView title) {
 namespace Favorites {
 
 Text ReadAddress(const std::string& path) {
-    const IniFile file(ReadWholeFile(path, kMostBytes).value_or(std::string()));
+    const IniFile file(ReadWholeFile(path, kLargestShortcut).value_or(std::string()));
     return FromBytes(file.Value(kSection, kKey, "", kValueSize));
 }
 

@@ -29,7 +29,7 @@ bool IsSchemeUnit(char16_t unit) {
            unit == u'.';
 }
 
-bool Is(TextView scheme, std::span<const TextView> schemes) {
+bool IsOneOf(TextView scheme, std::span<const TextView> schemes) {
     return std::ranges::find(schemes, scheme) != schemes.end();
 }
 
@@ -54,6 +54,6 @@ LinkTrust TrustOf(TextView address) {
     const std::size_t colon = rest.find(u':');
     const TextView scheme = rest.substr(0, colon);
     if (colon == TextView::npos || !std::ranges::all_of(scheme, IsSchemeUnit)) return LinkTrust::Open;
-    if (Is(scheme, kScripts)) return LinkTrust::Never;
-    return Is(scheme, kWeb) || IsPort(rest.substr(colon + 1)) ? LinkTrust::Open : LinkTrust::Ask;
+    if (IsOneOf(scheme, kScripts)) return LinkTrust::Never;
+    return IsOneOf(scheme, kWeb) || IsPort(rest.substr(colon + 1)) ? LinkTrust::Open : LinkTrust::Ask;
 }

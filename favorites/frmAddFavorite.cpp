@@ -2,10 +2,6 @@
 
 #include "common/Captions.h"
 
-namespace {
-constexpr TextView kNewFolder = u"New Folder";
-}
-
 frmAddFavorite::frmAddFavorite(Text root, TextView address, TextView title)
     : m_root(std::move(root)), m_address(address) {
     txtName.Value.Change = [this] { txtName_Change(); };
@@ -24,7 +20,7 @@ void frmAddFavorite::txtName_Change() {
 
 void frmAddFavorite::cmdNewFolder_Click() {
     const Text parent = Folder();
-    const auto made = Favorites::MakeFolder(parent, kNewFolder);
+    const auto made = Favorites::MakeFolder(parent, Favorites::kNewFolder);
     lblMessage.Caption = made ? Text() : Text(u"The folder could not be made.");
     if (!made) return;
     Folder = *made;

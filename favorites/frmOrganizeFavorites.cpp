@@ -9,13 +9,7 @@
 
 namespace {
 
-constexpr TextView kNewFolder = u"New Folder";
 constexpr TextView kDeleteQuestion = u"There is no trash for this Favorite. Do you want to delete it for good?";
-
-bool IsFolder(TextView path) {
-    std::error_code failed;
-    return std::filesystem::is_directory(ToUtf8(path), failed);
-}
 
 } // namespace
 
@@ -39,7 +33,7 @@ frmOrganizeFavorites::frmOrganizeFavorites(Text root, Outside outside)
 }
 
 Text frmOrganizeFavorites::SelectedFolder() const {
-    return IsFolder(Selected()) || Selected() == m_root ? Selected() : Favorites::FolderOf(Selected());
+    return Favorites::IsFolder(Selected()) || Selected() == m_root ? Selected() : Favorites::FolderOf(Selected());
 }
 
 void frmOrganizeFavorites::Selected_Change() {
@@ -47,7 +41,7 @@ void frmOrganizeFavorites::Selected_Change() {
     cmdRename.Enabled = below;
     cmdMove.Enabled = below;
     cmdDelete.Enabled = below;
-    const bool shortcut = below && !IsFolder(Selected());
+    const bool shortcut = below && !Favorites::IsFolder(Selected());
     lblAddress.Caption = shortcut ? OneLine(Favorites::ReadAddress(ToUtf8(Selected()))) : Text();
     const Text folder = SelectedFolder();
     const auto items = Favorites::Items(folder);
@@ -63,7 +57,7 @@ void frmOrganizeFavorites::Tell(const Text& folder) const {
 
 void frmOrganizeFavorites::cmdNewFolder_Click() {
     const Text parent = SelectedFolder();
-    const auto made = Favorites::MakeFolder(parent, kNewFolder);
+    const auto made = Favorites::MakeFolder(parent, Favorites::kNewFolder);
     if (!made) return void(lblMessage.Caption = u"The folder could not be made.");
     Tell(parent);
     Selected = *made;

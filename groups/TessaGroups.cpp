@@ -13,7 +13,7 @@ constexpr std::string_view kSection = "TessaGroup";
 constexpr std::size_t kValueSize = 512;
 constexpr std::size_t kKeyListSize = 16384;
 /// Far more than a group can hold that is read whole.
-constexpr std::size_t kMostBytes = std::size_t{64} << 20;
+constexpr std::size_t kLargestGroup = std::size_t{64} << 20;
 constexpr TextView kOverwriteQuestion =
     u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
 
@@ -69,7 +69,7 @@ Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMi
 
 CStrings Load(TextView path) {
     CStrings addresses;
-    const IniFile file(ReadWholeFile(ToUtf8(path), kMostBytes).value_or(std::string()));
+    const IniFile file(ReadWholeFile(ToUtf8(path), kLargestGroup).value_or(std::string()));
     const std::string keys = file.KeyList(kSection, "", kKeyListSize);
     // A name that was cut off has no NUL behind it and is dropped.
     std::size_t begin = 0;

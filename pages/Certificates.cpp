@@ -6,16 +6,16 @@
 
 namespace {
 
-constexpr std::size_t kLongestName = 120;
+constexpr std::size_t kLongestSubject = 120;
 constexpr std::size_t kMostNames = 4;
 
-Text Quoted(TextView name) { return u"\u201C" + PlainLine(name, kLongestName) + u"\u201D"; }
+Text Quoted(TextView name) { return u"\u201C" + PlainLine(name, kLongestSubject) + u"\u201D"; }
 
 Text NamesOf(const RefusedCertificate& certificate) {
     Text names;
     for (std::size_t i = 0; i < certificate.Names.size() && i < kMostNames; ++i) {
         if (i > 0) names += u", ";
-        names += PlainLine(certificate.Names[i], kLongestName);
+        names += PlainLine(certificate.Names[i], kLongestSubject);
     }
     if (certificate.Names.size() > kMostNames) names += u" and others";
     return names;
@@ -100,8 +100,8 @@ Text Choice(const RefusedCertificate& certificate) {
 std::vector<Detail> Details(const RefusedCertificate& certificate) {
     std::vector<Detail> details{{u"Host", certificate.Host},
                                 {u"Problem", Text(Problem(certificate.Problem))},
-                                {u"Issued to", PlainLine(certificate.IssuedTo, kLongestName)},
-                                {u"Issued by", PlainLine(certificate.IssuedBy, kLongestName)},
+                                {u"Issued to", PlainLine(certificate.IssuedTo, kLongestSubject)},
+                                {u"Issued by", PlainLine(certificate.IssuedBy, kLongestSubject)},
                                 {u"For the hosts", NamesOf(certificate)},
                                 {u"Valid from", certificate.ValidFrom},
                                 {u"Valid until", certificate.ValidUntil},

@@ -11,14 +11,14 @@ constexpr std::size_t kFields = 6;
 constexpr std::int64_t kProblems = static_cast<std::int64_t>(DownloadProblem::Other) + 1;
 constexpr std::int64_t kStates = static_cast<std::int64_t>(DownloadState::Cancelled) + 1;
 
-std::optional<std::int64_t> Number(std::string_view text) {
+std::optional<std::int64_t> NumberField(std::string_view text) {
     std::int64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
     return number;
 }
 
-std::optional<std::array<std::string_view, kFields>> Fields(std::string_view line) {
+std::optional<std::array<std::string_view, kFields>> FieldsOf(std::string_view line) {
     std::array<std::string_view, kFields> fields;
     for (std::size_t i = 0; i < kFields; ++i) {
         const std::size_t tab = line.find('\t');
@@ -29,12 +29,12 @@ std::optional<std::array<std::string_view, kFields>> Fields(std::string_view lin
     return fields;
 }
 
-std::optional<Download> FromLine(std::string_view line) {
-    const auto fields = Fields(line);
+std::optional<Download> DownloadFrom(std::string_view line) {
+    const auto fields = FieldsOf(line);
     if (!fields) return std::nullopt;
     const auto& [stateText, problemText, receivedText, totalText, path, address] = *fields;
-    const auto state = Number(stateText), problem = Number(problemText), received = Number(receivedText),
-               total = Number(totalText);
+    const auto state = NumberField(stateText), problem = NumberField(problemText), received = NumberField(receivedText),
+               total = NumberField(totalText);
     const auto place = FromUtf8(path), from = FromUtf8(address);
     if (!state || !problem || !received || !total || !place || !from) return std::nullopt;
     if (*state < 0 || *state >= kStates || *problem < 0 || *problem >= kProblems) return std::nullopt;
@@ -77,7 +77,7 @@ std::vector<Download> Read(std::string_view bytes) {
         const std::size_t end = bytes.find('\n');
         // A line without an end was cut off.
         if (end == std::string_view::npos) break;
-        if (auto download = FromLine(bytes.substr(0, end))) all.push_back(std::move(*download));
+        if (auto download = DownloadFrom(bytes.substr(0, end))) all.push_back(std::move(*download));
         bytes.remove_prefix(end + 1);
     }
     return all;

@@ -9,11 +9,11 @@
 
 namespace {
 
-constexpr std::size_t kLongestName = 60;
+constexpr std::size_t kNameInStatusBar = 60;
 
 bool IsOver(const Download& each) { return !each.Active(); }
 
-Text NameOf(const Download& download) { return PlainLine(download.Name(), kLongestName); }
+Text NameOf(const Download& download) { return PlainLine(download.Name(), kNameInStatusBar); }
 
 } // namespace
 

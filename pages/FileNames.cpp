@@ -8,7 +8,7 @@
 namespace {
 
 /// Leaves room for " (123)" and for what the engine adds while it writes.
-constexpr std::size_t kMostBytes = 180;
+constexpr std::size_t kLongestNameBytes = 180;
 constexpr std::size_t kLongestEnding = 16;
 
 constexpr TextView kRefused = u"/\\:*?\"<>|";
@@ -64,11 +64,11 @@ std::size_t Bytes(TextView text) { return ToUtf8(text).size(); }
 
 /// The stem cut so that it and the ending have no more bytes than that, and no half of a character.
 Text Shortened(const Text& name) {
-    if (Bytes(name) <= kMostBytes) return name;
+    if (Bytes(name) <= kLongestNameBytes) return name;
     const std::size_t ending = EndingOf(name);
     Text stem = name.substr(0, ending);
     const Text kept = name.substr(ending);
-    while (!stem.empty() && Bytes(stem) + Bytes(kept) > kMostBytes) stem.pop_back();
+    while (!stem.empty() && Bytes(stem) + Bytes(kept) > kLongestNameBytes) stem.pop_back();
     if (!stem.empty() && stem.back() >= 0xD800 && stem.back() <= 0xDBFF) stem.pop_back();
     return Trimmed(stem) + kept;
 }

@@ -35,7 +35,7 @@ Text Line(const SiteDecision& decision) {
            decision.Site;
 }
 
-std::optional<SiteDecision> FromLine(TextView line) {
+std::optional<SiteDecision> DecisionFrom(TextView line) {
     const std::size_t first = line.find(u' ');
     const std::size_t second = first == TextView::npos ? first : line.find(u' ', first + 1);
     if (second == TextView::npos) return std::nullopt;
@@ -54,7 +54,7 @@ auto Matching(TextView site, SitePermission permission) {
 std::vector<SiteDecision> SitePermissions::All() const {
     std::vector<SiteDecision> all;
     for (const Text& line : m_settings.Open()->ReadList(kName).value_or(std::vector<Text>())) {
-        if (auto decision = FromLine(line)) all.push_back(std::move(*decision));
+        if (auto decision = DecisionFrom(line)) all.push_back(std::move(*decision));
     }
     return all;
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t kLongestName = 200;
+constexpr std::size_t kNameInList = 200;
 
 int PercentOf(const Download& download) {
     if (!download.Active()) return -1;
@@ -55,7 +55,7 @@ void frmDownloads::Show() {
     const std::int64_t now = m_downloads.Now();
     for (const Download& each : m_downloads.All())
         lines.push_back(
-            {each.Id, PlainLine(each.Name(), kLongestName), DownloadWords::Standing(each, now), PercentOf(each)});
+            {each.Id, PlainLine(each.Name(), kNameInList), DownloadWords::Standing(each, now), PercentOf(each)});
     lstDownloads = std::move(lines);
     // One that stalls reports nothing, but is slower every second.
     const auto runs = [](const Download& each) { return each.Report.State == DownloadState::Running; };

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr QSize kUsualSize{460, 400};
+constexpr QSize kUsualAddSize{460, 400};
 
 QLabel* Caption(Label& label, const char* name, QWidget* buddy) {
     auto* line = new QLabel;
@@ -46,7 +46,7 @@ QtAddFavorite::QtAddFavorite(frmAddFavorite& form, QWidget* parent)
     grid->addWidget(Buttons(), 3, 0, 1, 2);
     BindTree();
     Bind(form.Form, *this, form.cmdCancel);
-    resize(kUsualSize.expandedTo(minimumSizeHint()));
+    resize(kUsualAddSize.expandedTo(minimumSizeHint()));
     name->setFocus();
     name->selectAll();
 }

@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int kGroupRole = Qt::UserRole;
-constexpr int kIconSize = 16, kLine = 3, kHoverMilliseconds = 450;
+constexpr int kBandIconSize = 16, kDropLine = 3, kHoverMilliseconds = 450;
 
 // Draws the separator above an entry that begins a group.
 class GroupDelegate final : public QStyledItemDelegate {
@@ -48,7 +48,7 @@ QListWidgetItem* ItemOf(const BandEntry& entry) {
 
 QtBandList::QtBandList(Customization& custom, QWidget* parent) : QListWidget(parent), m_custom(custom) {
     setItemDelegate(new GroupDelegate(this));
-    setIconSize({kIconSize, kIconSize});
+    setIconSize({kBandIconSize, kBandIconSize});
     setDragEnabled(true);
     setAcceptDrops(true);
     setDragDropMode(QAbstractItemView::DragDrop);
@@ -163,6 +163,6 @@ void QtBandList::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     const bool behind = m_place >= count();
     const QRect entry = count() ? visualItemRect(item(behind ? count() - 1 : m_place)) : QRect();
-    const int y = behind ? entry.bottom() - kLine + 2 : entry.top();
-    painter.fillRect(0, std::max(y, 0), viewport()->width(), kLine, palette().color(QPalette::Highlight));
+    const int y = behind ? entry.bottom() - kDropLine + 2 : entry.top();
+    painter.fillRect(0, std::max(y, 0), viewport()->width(), kDropLine, palette().color(QPalette::Highlight));
 }

@@ -22,7 +22,7 @@ constexpr const char* kSiteFolders[]{"Local Storage", "Session Storage", "Indexe
 // A page can visit addresses of its own without end.
 constexpr qsizetype kMostVisits = 20000;
 
-QByteArray Key(const QNetworkCookie& cookie) {
+QByteArray CookieKey(const QNetworkCookie& cookie) {
     return cookie.domain().toUtf8() + '\n' + cookie.path().toUtf8() + '\n' + cookie.name();
 }
 
@@ -42,10 +42,10 @@ void QtBrowsingData::Watch(QWebEngineProfile& profile) {
     if (profile.isOffTheRecord()) m_folder.clear();
     auto* cookies = profile.cookieStore();
     QObject::connect(cookies, &QWebEngineCookieStore::cookieAdded, cookies, [this](const QNetworkCookie& cookie) {
-        m_notes[Key(cookie)] = {cookie.domain().toUtf8(), cookie.path().toUtf8(), cookie.name(), Now()};
+        m_notes[CookieKey(cookie)] = {cookie.domain().toUtf8(), cookie.path().toUtf8(), cookie.name(), Now()};
     });
     QObject::connect(cookies, &QWebEngineCookieStore::cookieRemoved, cookies,
-                     [this](const QNetworkCookie& cookie) { m_notes.remove(Key(cookie)); });
+                     [this](const QNetworkCookie& cookie) { m_notes.remove(CookieKey(cookie)); });
 }
 
 void QtBrowsingData::NoteVisit(const QUrl& url) {

@@ -15,7 +15,7 @@
 
 namespace {
 
-CertificateProblem ProblemOf(const QWebEngineCertificateError& error, const QSslCertificate& certificate) {
+CertificateProblem CertificateProblemOf(const QWebEngineCertificateError& error, const QSslCertificate& certificate) {
     switch (error.type()) {
     case QWebEngineCertificateError::CertificateAuthorityInvalid:
     case QWebEngineCertificateError::CertificateKnownInterceptionBlocked:
@@ -64,7 +64,7 @@ Text FingerprintOf(const QSslCertificate& certificate) {
 RefusedCertificate Describe(const QWebEngineCertificateError& error) {
     const QSslCertificate leaf = LeafOf(error);
     RefusedCertificate refused{.Host = HostOf(error.url()),
-                               .Problem = ProblemOf(error, leaf),
+                               .Problem = CertificateProblemOf(error, leaf),
                                .IssuedTo = NameOf(leaf, false),
                                .IssuedBy = NameOf(leaf, true),
                                .Names = {},

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kNarrowest = 120; // of a box that has to make room, in logical pixels
+constexpr int kNarrowestBox = 120; // of a box that has to make room, in logical pixels
 constexpr int kVisibleItems = 16;
 
 bool OpensList(const QKeyEvent& event) {
@@ -197,7 +197,7 @@ void QtComboBox::SetRoom(int width) {
 
 int QtComboBox::Wanted() const { return m_tool.Width().value; }
 
-int QtComboBox::Narrowest() const { return std::min(Wanted(), kNarrowest); }
+int QtComboBox::Narrowest() const { return std::min(Wanted(), kNarrowestBox); }
 
 QSize QtComboBox::sizeHint() const {
     const bool fills = m_tool.FillsRow();
@@ -206,7 +206,7 @@ QSize QtComboBox::sizeHint() const {
 }
 
 QSize QtComboBox::minimumSizeHint() const {
-    return {std::min(sizeHint().width(), kNarrowest), QComboBox::minimumSizeHint().height()};
+    return {std::min(sizeHint().width(), kNarrowestBox), QComboBox::minimumSizeHint().height()};
 }
 
 void QtComboBox::resizeEvent(QResizeEvent* event) {

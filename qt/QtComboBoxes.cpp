@@ -6,7 +6,7 @@
 
 namespace {
 
-void Detach(ComboTool& tool) {
+void DetachBox(ComboTool& tool) {
     tool.Value.Attach({});
     tool.Selection.Attach({});
     tool.Width.Attach({});
@@ -18,7 +18,7 @@ void Detach(ComboTool& tool) {
 } // namespace
 
 QtComboBoxes::~QtComboBoxes() {
-    for (const auto& [name, shown] : m_shown) Detach(static_cast<ComboTool&>(*shown.tool));
+    for (const auto& [name, shown] : m_shown) DetachBox(static_cast<ComboTool&>(*shown.tool));
 }
 
 QtComboBox* QtComboBoxes::Make(const std::shared_ptr<Tool>& tool, QWidget* parent) {

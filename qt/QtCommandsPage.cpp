@@ -15,13 +15,13 @@
 
 namespace {
 
-constexpr int kIconSize = 16;
+constexpr int kCommandIconSize = 16;
 
 /// The commands of a category, which are dragged out of it.
 class CommandList final : public QListWidget {
 public:
     explicit CommandList(const Customization& custom) : m_custom(custom) {
-        setIconSize({kIconSize, kIconSize});
+        setIconSize({kCommandIconSize, kCommandIconSize});
         setDragEnabled(true);
         setDragDropMode(QAbstractItemView::DragOnly);
     }
@@ -38,7 +38,7 @@ private:
     const Customization& m_custom;
 };
 
-void Name(QWidget& widget, const char* name, const QString& accessibleName) {
+void NameWidget(QWidget& widget, const char* name, const QString& accessibleName) {
     widget.setObjectName(QString::fromLatin1(name));
     widget.setAccessibleName(accessibleName);
 }
@@ -59,11 +59,11 @@ QtCommandsPage::QtCommandsPage(Customization& custom, QWidget* parent)
       m_description(new QLabel),
       m_bands(new QComboBox),
       m_entries(new QtBandList(custom)) {
-    Name(*m_categories, "lstCategories", QStringLiteral("Categories"));
-    Name(*m_commands, "lstCommands", QStringLiteral("Commands"));
-    Name(*m_bands, "cboBands", QStringLiteral("Toolbar or menu"));
-    Name(*m_entries, "lstEntries", QStringLiteral("Tools on it"));
-    Name(*m_description, "lblDescription", {});
+    NameWidget(*m_categories, "lstCategories", QStringLiteral("Categories"));
+    NameWidget(*m_commands, "lstCommands", QStringLiteral("Commands"));
+    NameWidget(*m_bands, "cboBands", QStringLiteral("Toolbar or menu"));
+    NameWidget(*m_entries, "lstEntries", QStringLiteral("Tools on it"));
+    NameWidget(*m_description, "lblDescription", {});
     LayOut();
     for (const Text& category : m_custom.Categories()) m_categories->addItem(ToQt(category));
     connect(m_categories, &QListWidget::currentRowChanged, this, &QtCommandsPage::ShowCommands);

@@ -10,7 +10,7 @@ namespace {
 constexpr int kTextWidth = 480; // a line that is easily read
 constexpr double kHeadingSize = 1.6;
 
-QLabel* Line(const QString& text, QWidget* parent) {
+QLabel* TextLine(const QString& text, QWidget* parent) {
     auto* line = new QLabel(text, parent);
     line->setTextFormat(Qt::PlainText);
     line->setWordWrap(true);
@@ -39,11 +39,11 @@ QtCrashPage::QtCrashPage(const QString& address) : m_reload(new QPushButton(QStr
 }
 
 void QtCrashPage::LayOut(const QString& address) {
-    auto* heading = Line(QStringLiteral("This page has stopped working."), this);
+    auto* heading = TextLine(QStringLiteral("This page has stopped working."), this);
     QFont font = heading->font();
     font.setPointSizeF(font.pointSizeF() * kHeadingSize);
     heading->setFont(font);
-    auto* place = Line(Shortened(address, fontMetrics()), this);
+    auto* place = TextLine(Shortened(address, fontMetrics()), this);
     place->setToolTip(address.toHtmlEscaped());
     place->setForegroundRole(QPalette::PlaceholderText);
     auto* column = new QVBoxLayout;
@@ -52,9 +52,9 @@ void QtCrashPage::LayOut(const QString& address) {
     column->addWidget(heading);
     column->addWidget(place);
     column->addWidget(
-        Line(QStringLiteral("The process that showed it has ended. Your other tabs go on as before, unless "
-                            "they shared it. What you had typed into the page may be lost."),
-             this));
+        TextLine(QStringLiteral("The process that showed it has ended. Your other tabs go on as before, unless "
+                                "they shared it. What you had typed into the page may be lost."),
+                 this));
     column->addWidget(m_reload, 0, Qt::AlignLeft);
     column->addStretch(2);
     auto* row = new QHBoxLayout(this);

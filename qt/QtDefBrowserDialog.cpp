@@ -14,7 +14,7 @@
 
 namespace {
 
-QLabel* Line(Label& label, const char* name) {
+QLabel* QuestionLine(Label& label, const char* name) {
     auto* line = new QLabel;
     Bind(label, *line, QString::fromLatin1(name));
     return line;
@@ -35,8 +35,8 @@ QtDefBrowserDialog::QtDefBrowserDialog(frmDefBrowser& form, QWidget* parent) : Q
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(size / 3);
     grid->addWidget(picture, 0, 0, 2, 1, Qt::AlignTop);
-    grid->addWidget(Line(form.Label1, "Label1"), 0, 1);
-    grid->addWidget(Line(form.Label2, "Label2"), 1, 1);
+    grid->addWidget(QuestionLine(form.Label1, "Label1"), 0, 1);
+    grid->addWidget(QuestionLine(form.Label2, "Label2"), 1, 1);
     grid->setRowMinimumHeight(2, size / 4);
     grid->addWidget(box, 3, 1);
     grid->setRowMinimumHeight(4, size / 4);

@@ -12,14 +12,14 @@
 namespace {
 
 constexpr int kPatienceAtStart = 1500; // milliseconds; the tool needs about a tenth of it
-constexpr std::size_t kLongestLine = 4096;
+constexpr std::size_t kLongestDesktopList = 4096;
 constexpr std::array kDecisiveTypes{"x-scheme-handler/http", "x-scheme-handler/https", "text/html"};
 
 QString Entry() { return QStringLiteral("tessaview.desktop"); }
 
 bool Installed() { return !QStandardPaths::locate(QStandardPaths::ApplicationsLocation, Entry()).isEmpty(); }
 
-QString Tool() { return QStandardPaths::findExecutable(QStringLiteral("xdg-settings")); }
+QString SettingsTool() { return QStandardPaths::findExecutable(QStringLiteral("xdg-settings")); }
 
 // The user's lists in the order in which they count: those of the desktops that run, then the common one.
 std::vector<std::string> UsersLists() {
@@ -35,7 +35,7 @@ std::vector<std::string> UsersLists() {
 // The first entry of the first list that says anything about the type.
 std::string UsersChoice(const std::vector<std::string>& lists, const char* type) {
     for (const std::string& list : lists) {
-        const std::string value = GetPrivateProfileString(list, "Default Applications", type, "", kLongestLine);
+        const std::string value = GetPrivateProfileString(list, "Default Applications", type, "", kLongestDesktopList);
         if (!value.empty()) return value.substr(0, value.find(';'));
     }
     return {};
@@ -55,7 +55,7 @@ QProcessEnvironment ToolsEnvironment() {
 }
 
 // The tool's first line; empty when it fails or takes too long.
-QByteArray Answer(const QString& tool) {
+QByteArray AnswerOf(const QString& tool) {
     QProcess process;
     process.setProcessEnvironment(ToolsEnvironment());
     process.setStandardErrorFile(QProcess::nullDevice());
@@ -70,12 +70,12 @@ QByteArray Answer(const QString& tool) {
 
 bool QtDefaultBrowser::IsDefault(TextView, TextView) {
     if (!Installed() || UsersListsNameUs()) return true;
-    const QString tool = Tool();
-    return tool.isEmpty() || Answer(tool) != "no";
+    const QString tool = SettingsTool();
+    return tool.isEmpty() || AnswerOf(tool) != "no";
 }
 
 Outcome QtDefaultBrowser::MakeDefault(TextView, TextView) {
-    const QString tool = Tool();
+    const QString tool = SettingsTool();
     if (!Installed() || tool.isEmpty()) return Outcome::Failed;
     QProcess process;
     process.setProcessEnvironment(ToolsEnvironment());

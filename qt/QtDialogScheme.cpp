@@ -10,7 +10,7 @@
 namespace {
 
 // Where fetching is not possible - while a page is being left, say - the engine's own function answers.
-constexpr auto kScript = R"js((function () {
+constexpr auto kDialogsScript = R"js((function () {
     const Request = window.XMLHttpRequest;
     let silenced = null;
     function quoted(text) {
@@ -55,7 +55,7 @@ void QtDialogScheme::RegisterScheme() {
     QWebEngineUrlScheme::registerScheme(scheme);
 }
 
-QString QtDialogScheme::ScriptFor(const QString& token) { return QString::fromLatin1(kScript).arg(token); }
+QString QtDialogScheme::ScriptFor(const QString& token) { return QString::fromLatin1(kDialogsScript).arg(token); }
 
 void QtDialogScheme::Reply(QWebEngineUrlRequestJob& job, const PageDialogAnswer& answer) {
     const QJsonObject reply{{QStringLiteral("accepted"), answer.accepted},

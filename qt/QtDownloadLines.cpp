@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr int kMargin = 6;
-constexpr int kGap = 3;
+constexpr int kLineMargin = 6;
+constexpr int kLineGap = 3;
 constexpr int kBarHeight = 12;
 
 void DrawBar(QPainter& painter, const QStyleOptionViewItem& option, const QRect& place, int percent) {
@@ -43,14 +43,14 @@ void QtDownloadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     style->drawPrimitive(QStyle::PE_PanelItemViewItem, &item, painter, item.widget);
     const bool selected = item.state.testFlag(QStyle::State_Selected);
     const auto role = selected ? QPalette::HighlightedText : QPalette::Text;
-    QRect rest = item.rect.adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    QRect rest = item.rect.adjusted(kLineMargin, kLineMargin, -kLineMargin, -kLineMargin);
     const auto write = [&](const QString& text, const QFont& font, Qt::TextElideMode elide) {
         const QFontMetrics metrics(font);
         const QRect line(rest.left(), rest.top(), rest.width(), metrics.height());
         painter->setFont(font);
         style->drawItemText(painter, line, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), item.palette, true,
                             metrics.elidedText(text, elide, line.width()), role);
-        rest.setTop(line.bottom() + 1 + kGap);
+        rest.setTop(line.bottom() + 1 + kLineGap);
     };
     painter->save();
     QFont bold = item.font;
@@ -59,7 +59,7 @@ void QtDownloadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     const int percent = index.data(kPercentRole).toInt();
     if (percent >= 0) {
         DrawBar(*painter, item, {rest.left(), rest.top(), rest.width(), kBarHeight}, percent);
-        rest.setTop(rest.top() + kBarHeight + kGap);
+        rest.setTop(rest.top() + kBarHeight + kLineGap);
     }
     write(index.data(kStandingRole).toString(), item.font, Qt::ElideRight);
     painter->restore();
@@ -68,9 +68,9 @@ void QtDownloadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
 QSize QtDownloadDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QFont bold = option.font;
     bold.setBold(true);
-    const int bar = index.data(kPercentRole).toInt() >= 0 ? kBarHeight + kGap : 0;
-    const int text = QFontMetrics(bold).height() + kGap + QFontMetrics(option.font).height();
-    return {200, 2 * kMargin + text + bar};
+    const int bar = index.data(kPercentRole).toInt() >= 0 ? kBarHeight + kLineGap : 0;
+    const int text = QFontMetrics(bold).height() + kLineGap + QFontMetrics(option.font).height();
+    return {200, 2 * kLineMargin + text + bar};
 }
 
 QtDownloadLines::QtDownloadLines(frmDownloads& form, QWidget* parent) : QListWidget(parent), m_form(form) {

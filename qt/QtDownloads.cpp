@@ -14,7 +14,7 @@ namespace {
 
 using Request = QWebEngineDownloadRequest;
 
-DownloadState StateOf(const Request& request) {
+DownloadState TransferStateOf(const Request& request) {
     switch (request.state()) {
     case Request::DownloadCompleted:
         return DownloadState::Done;
@@ -30,7 +30,7 @@ DownloadState StateOf(const Request& request) {
 // What the engine gives as a reason when less arrives than the server announced; it has no name for it.
 constexpr int kTooShort = 38;
 
-DownloadProblem ProblemOf(const Request& request) {
+DownloadProblem TransferProblemOf(const Request& request) {
     if (static_cast<int>(request.interruptReason()) == kTooShort) return DownloadProblem::Connection;
     switch (request.interruptReason()) {
     case Request::NoReason:
@@ -63,7 +63,7 @@ DownloadProblem ProblemOf(const Request& request) {
 Text AddressOf(const Request& request) { return FromQt(request.url().toString(QUrl::FullyEncoded)); }
 
 DownloadReport ReportOf(const Request& request) {
-    return {StateOf(request), ProblemOf(request), request.receivedBytes(), request.totalBytes()};
+    return {TransferStateOf(request), TransferProblemOf(request), request.receivedBytes(), request.totalBytes()};
 }
 
 /// The engine's request, for as long as the engine keeps it.

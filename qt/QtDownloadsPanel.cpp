@@ -15,7 +15,7 @@
 #include <chrono>
 
 namespace {
-constexpr std::chrono::milliseconds kRefresh{250};
+constexpr std::chrono::milliseconds kLinesRefresh{250};
 constexpr int kUsualWidth = 380;
 } // namespace
 
@@ -23,7 +23,7 @@ QtDownloadsPanel::QtDownloadsPanel(frmDownloads& form, QMainWindow& window) : m_
     m_refresh.setSingleShot(true);
     m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
     m_form.Schedule = [this] {
-        if (!m_refresh.isActive()) m_refresh.start(kRefresh);
+        if (!m_refresh.isActive()) m_refresh.start(kLinesRefresh);
     };
     m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : Close(); });
 }

@@ -13,7 +13,9 @@ namespace {
 constexpr std::size_t kShownLength = 200;
 
 // What a page calls an address is not to be trusted: one line of plain characters, cut.
-QString Shown(const QUrl& url) { return ToQt(PlainLine(FromQt(url.toString(QUrl::FullyEncoded)), kShownLength)); }
+QString ShownAddress(const QUrl& url) {
+    return ToQt(PlainLine(FromQt(url.toString(QUrl::FullyEncoded)), kShownLength));
+}
 
 class Question final : public QtDialogCover {
 public:
@@ -21,7 +23,7 @@ public:
         setObjectName(QStringLiteral("externalDialog"));
         AddHeading(site.isEmpty() ? QStringLiteral("Open this address with another program?")
                                   : QStringLiteral("%1 wants to open another program.").arg(site));
-        AddWords(Shown(url), "lblAddress");
+        AddWords(ShownAddress(url), "lblAddress");
         AddWords(QStringLiteral("The answer holds for addresses that begin with \"%1:\" until TessaView is closed.")
                      .arg(url.scheme()),
                  "lblHolds");
@@ -34,7 +36,7 @@ public:
     explicit NoProgram(const QUrl& url) {
         setObjectName(QStringLiteral("externalDialog"));
         AddHeading(QStringLiteral("No program opens this address."));
-        AddWords(Shown(url), "lblAddress");
+        AddWords(ShownAddress(url), "lblAddress");
         AddWords(QStringLiteral("This desktop has no program for addresses that begin with \"%1:\".").arg(url.scheme()),
                  "lblHolds");
         AddButtons(QStringLiteral("OK"), {});

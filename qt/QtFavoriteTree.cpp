@@ -10,16 +10,17 @@
 
 namespace {
 
-constexpr int kPath = Qt::UserRole, kIsFolder = Qt::UserRole + 1, kLoaded = Qt::UserRole + 2, kShown = Qt::UserRole + 3;
+constexpr int kPathRole = Qt::UserRole, kIsFolder = Qt::UserRole + 1, kLoaded = Qt::UserRole + 2,
+              kShown = Qt::UserRole + 3;
 
-Text PathOf(const QTreeWidgetItem& item) { return FromQt(item.data(0, kPath).toString()); }
+Text PathOf(const QTreeWidgetItem& item) { return FromQt(item.data(0, kPathRole).toString()); }
 bool IsFolder(const QTreeWidgetItem& item) { return item.data(0, kIsFolder).toBool(); }
 
 void Fill(QTreeWidgetItem& item, const Text& title, const Text& path, bool isFolder) {
     const QString shown = ToQt(OneLine(title));
     item.setText(0, shown);
     item.setData(0, kShown, shown);
-    item.setData(0, kPath, ToQt(path));
+    item.setData(0, kPathRole, ToQt(path));
     item.setData(0, kIsFolder, isFolder);
     item.setIcon(0, QtIcons::Of({isFolder ? u"folder" : u"text-html"}));
     if (isFolder) item.setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);

@@ -23,7 +23,7 @@ struct ButtonIcon {
 constexpr std::array kIcons{ButtonIcon{"cmdPrevious", "go-up"}, ButtonIcon{"cmdNext", "go-down"},
                             ButtonIcon{"cmdClose", "window-close"}};
 
-QToolButton* Button(const QString& name, const QString& tip, QWidget* parent) {
+QToolButton* NewToolButton(const QString& name, const QString& tip, QWidget* parent) {
     auto* button = new QToolButton(parent);
     button->setObjectName(name);
     button->setToolTip(tip);
@@ -47,9 +47,9 @@ QtFindBar::QtFindBar(QWidget* parent)
     m_text->setPlaceholderText(QStringLiteral("Find on this page"));
     m_text->setClearButtonEnabled(true);
     m_text->setMaximumWidth(360);
-    auto* previous = Button(QStringLiteral("cmdPrevious"), QStringLiteral("Previous"), this);
-    auto* next = Button(QStringLiteral("cmdNext"), QStringLiteral("Next"), this);
-    auto* close = Button(QStringLiteral("cmdClose"), QStringLiteral("Close"), this);
+    auto* previous = NewToolButton(QStringLiteral("cmdPrevious"), QStringLiteral("Previous"), this);
+    auto* next = NewToolButton(QStringLiteral("cmdNext"), QStringLiteral("Next"), this);
+    auto* close = NewToolButton(QStringLiteral("cmdClose"), QStringLiteral("Close"), this);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(6, 3, 6, 3);
     for (QWidget* each : std::initializer_list<QWidget*>{m_text, previous, next, m_matchCase, m_found})

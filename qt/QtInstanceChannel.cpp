@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr qint64 kLongestLine = 4096;
+constexpr qint64 kLongestMessage = 4096;
 constexpr int kConnectPatience = 200; // a living instance's socket takes a connection at once, even when it hangs
 constexpr auto kForeground = "foreground", kMessage = "message", kDone = "done\n";
 
@@ -101,7 +101,7 @@ void QtInstanceChannel::OnConnection() {
             sender->abort();
             continue;
         }
-        sender->setReadBufferSize(kLongestLine);
+        sender->setReadBufferSize(kLongestMessage);
         QObject::connect(sender, &QLocalSocket::readyRead, sender, [this, sender] { Receive(*sender); });
         QTimer::singleShot(m_patience, sender, [sender] { sender->abort(); });
     }
@@ -109,7 +109,7 @@ void QtInstanceChannel::OnConnection() {
 
 void QtInstanceChannel::Receive(QLocalSocket& sender) {
     if (!sender.canReadLine()) {
-        if (sender.bytesAvailable() >= kLongestLine) sender.abort();
+        if (sender.bytesAvailable() >= kLongestMessage) sender.abort();
         return;
     }
     sender.disconnect(SIGNAL(readyRead()));
@@ -138,7 +138,7 @@ bool QtInstanceChannel::Handle(const QByteArray& line) const {
 Outcome QtInstanceChannel::SetForegroundWindow() {
     QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
     if (token.isEmpty()) token = qgetenv("DESKTOP_STARTUP_ID");
-    return Send(QByteArray(kForeground) + ' ' + token.left(kLongestLine / 2).replace('\n', ' '));
+    return Send(QByteArray(kForeground) + ' ' + token.left(kLongestMessage / 2).replace('\n', ' '));
 }
 
 Outcome QtInstanceChannel::SendMessage() { return Send(kMessage); }
@@ -155,12 +155,12 @@ Outcome QtInstanceChannel::Send(const QByteArray& line) {
 bool QtInstanceChannel::Tell(const QByteArray& line) const {
     const QDeadlineTimer deadline(m_patience);
     QLocalSocket socket;
-    socket.setReadBufferSize(kLongestLine);
+    socket.setReadBufferSize(kLongestMessage);
     socket.connectToServer(m_running);
     if (!socket.waitForConnected(m_patience) || !IsOurUser(socket)) return false;
     socket.write(line + '\n');
     while (!socket.canReadLine()) {
-        if (deadline.hasExpired() || socket.bytesAvailable() >= kLongestLine) return false;
+        if (deadline.hasExpired() || socket.bytesAvailable() >= kLongestMessage) return false;
         const bool more = socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
         if (!more && !socket.canReadLine()) return false;
     }

@@ -22,15 +22,15 @@ namespace {
 constexpr int kBoxWidthInDigits = 48;
 constexpr int kPortWidthInDigits = 8;
 
-QString Name(const char* name) { return QString::fromLatin1(name); }
+QString ObjectName(const char* name) { return QString::fromLatin1(name); }
 
 // A text box under the label that names it.
 QLineEdit* AddBox(QVBoxLayout& rows, Label& label, TextBox& box, const char* name, char16_t accessKey) {
     auto* caption = new QLabel;
     auto* edit = new QLineEdit;
     caption->setBuddy(edit);
-    Bind(label, *caption, QStringLiteral("lbl") + Name(name).mid(3), accessKey);
-    Bind(box, *edit, Name(name), caption->accessibleName());
+    Bind(label, *caption, QStringLiteral("lbl") + ObjectName(name).mid(3), accessKey);
+    Bind(box, *edit, ObjectName(name), caption->accessibleName());
     edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(u'0') * kBoxWidthInDigits);
     rows.addWidget(caption);
     rows.addWidget(edit);
@@ -39,7 +39,7 @@ QLineEdit* AddBox(QVBoxLayout& rows, Label& label, TextBox& box, const char* nam
 
 void AddCheckBox(QVBoxLayout& rows, CheckBox& box, const char* name, char16_t accessKey) {
     auto* widget = new QCheckBox;
-    Bind(box, *widget, Name(name), accessKey);
+    Bind(box, *widget, ObjectName(name), accessKey);
     rows.addWidget(widget);
 }
 
@@ -47,7 +47,7 @@ void AddChoice(QVBoxLayout& rows, Choice& choice, const char* name, char16_t acc
     auto* caption = new QLabel(WithAccessKey(ToQt(choice.Caption), accessKey));
     auto* box = new QComboBox;
     caption->setBuddy(box);
-    Bind(choice, *box, Name(name));
+    Bind(choice, *box, ObjectName(name));
     auto* row = new QHBoxLayout;
     row->addWidget(caption);
     row->addWidget(box);
@@ -58,13 +58,13 @@ void AddChoice(QVBoxLayout& rows, Choice& choice, const char* name, char16_t acc
 void AddNote(QVBoxLayout& rows, Label& label, const char* name) {
     auto* widget = new QLabel;
     widget->setWordWrap(true);
-    Bind(label, *widget, Name(name));
+    Bind(label, *widget, ObjectName(name));
     rows.addWidget(widget);
 }
 
 QPushButton* NewButton(Button& button, const char* name, char16_t accessKey) {
     auto* widget = new QPushButton;
-    Bind(button, *widget, Name(name), accessKey);
+    Bind(button, *widget, ObjectName(name), accessKey);
     widget->setAutoDefault(false);
     return widget;
 }
@@ -130,7 +130,7 @@ QWidget* QtInternetOptionsDialog::GeneralPage() {
     AddBox(*rows, m_form.lblShop, m_form.txtShop, "txtShop", u'O');
     AddBox(*rows, m_form.lblFind, m_form.txtFind, "txtFind", u'F');
     for (const char* name : {"txtSearch", "txtShop", "txtFind"})
-        page->findChild<QLineEdit*>(Name(name))->setPlaceholderText(QStringLiteral("TessaView's own choice"));
+        page->findChild<QLineEdit*>(ObjectName(name))->setPlaceholderText(QStringLiteral("TessaView's own choice"));
     AddSleep(*rows, m_form);
     LeadTo(*page, m_form.txtSleepMinutes);
     rows->addStretch();

@@ -9,23 +9,23 @@
 
 namespace {
 
-struct Key {
+struct MediaKey {
     int qt;
     QtMediaKeys::Wish wish;
     const char* word; ///< for the script
 };
 
-constexpr std::array kKeys{
-    Key{Qt::Key_MediaTogglePlayPause, QtMediaKeys::Wish::PlayOrPause, "toggle"},
+constexpr std::array kMediaKeys{
+    MediaKey{Qt::Key_MediaTogglePlayPause, QtMediaKeys::Wish::PlayOrPause, "toggle"},
     // Keyboards with one key for both call it "play".
-    Key{Qt::Key_MediaPlay, QtMediaKeys::Wish::PlayOrPause, "toggle"},
-    Key{0, QtMediaKeys::Wish::Play, "play"},
-    Key{Qt::Key_MediaPause, QtMediaKeys::Wish::Pause, "pause"},
-    Key{Qt::Key_MediaStop, QtMediaKeys::Wish::Stop, "stop"},
+    MediaKey{Qt::Key_MediaPlay, QtMediaKeys::Wish::PlayOrPause, "toggle"},
+    MediaKey{0, QtMediaKeys::Wish::Play, "play"},
+    MediaKey{Qt::Key_MediaPause, QtMediaKeys::Wish::Pause, "pause"},
+    MediaKey{Qt::Key_MediaStop, QtMediaKeys::Wish::Stop, "stop"},
 };
 
 // Runs in a world of its own, which keeps what was paused.
-constexpr auto kScript = R"js((function (wish) {
+constexpr auto kMediaScript = R"js((function (wish) {
     function collect(page, found) {
         found.push.apply(found, page.querySelectorAll('video, audio'));
         page.querySelectorAll('iframe').forEach(function (frame) {
@@ -55,15 +55,16 @@ constexpr auto kScript = R"js((function (wish) {
 QtMediaKeys::QtMediaKeys() { QCoreApplication::instance()->installEventFilter(this); }
 
 void QtMediaKeys::Tell(QWebEnginePage& page, Wish wish) {
-    const auto* key = std::ranges::find(kKeys, wish, &Key::wish);
-    page.runJavaScript(QString::fromLatin1(kScript).arg(QLatin1String(key->word)), QWebEngineScript::ApplicationWorld);
+    const auto* key = std::ranges::find(kMediaKeys, wish, &MediaKey::wish);
+    page.runJavaScript(QString::fromLatin1(kMediaScript).arg(QLatin1String(key->word)),
+                       QWebEngineScript::ApplicationWorld);
 }
 
 bool QtMediaKeys::eventFilter(QObject* watched, QEvent* event) {
     // Windows get a key before the widgets in them do, and once.
     if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return QObject::eventFilter(watched, event);
-    const auto* found = std::ranges::find(kKeys, static_cast<QKeyEvent*>(event)->key(), &Key::qt);
-    auto* page = found != kKeys.end() && Page ? Page() : nullptr;
+    const auto* found = std::ranges::find(kMediaKeys, static_cast<QKeyEvent*>(event)->key(), &MediaKey::qt);
+    auto* page = found != kMediaKeys.end() && Page ? Page() : nullptr;
     if (!page) return QObject::eventFilter(watched, event);
     Tell(*page, found->wish);
     return true;

@@ -14,16 +14,16 @@
 
 namespace {
 
-constexpr auto kService = "org.freedesktop.Notifications";
-constexpr auto kPath = "/org/freedesktop/Notifications";
+constexpr auto kNotificationsService = "org.freedesktop.Notifications";
+constexpr auto kNotificationsPath = "/org/freedesktop/Notifications";
 constexpr std::size_t kLongestTitle = 100;
-constexpr std::size_t kMostLines = 4;
-constexpr std::size_t kLongestLine = 200;
-constexpr qsizetype kMostShown = 50;
+constexpr std::size_t kMostBodyLines = 4;
+constexpr std::size_t kLongestBodyLine = 200;
+constexpr qsizetype kMostNotifications = 50;
 
 QDBusMessage Call(const char* method) {
-    return QDBusMessage::createMethodCall(QLatin1String(kService), QLatin1String(kPath), QLatin1String(kService),
-                                          QLatin1String(method));
+    return QDBusMessage::createMethodCall(QLatin1String(kNotificationsService), QLatin1String(kNotificationsPath),
+                                          QLatin1String(kNotificationsService), QLatin1String(method));
 }
 
 } // namespace
@@ -31,8 +31,8 @@ QDBusMessage Call(const char* method) {
 QtNotifications::QtNotifications() {
     auto bus = QDBusConnection::sessionBus();
     const auto listen = [&](const char* signal, const char* slot) {
-        bus.connect(QLatin1String(kService), QLatin1String(kPath), QLatin1String(kService), QLatin1String(signal), this,
-                    slot);
+        bus.connect(QLatin1String(kNotificationsService), QLatin1String(kNotificationsPath),
+                    QLatin1String(kNotificationsService), QLatin1String(signal), this, slot);
     };
     listen("ActionInvoked", SLOT(OnAction(uint, QString)));
     listen("NotificationClosed", SLOT(OnClosed(uint, uint)));
@@ -44,10 +44,10 @@ void QtNotifications::Follow(QWebEngineProfile& profile) {
 }
 
 void QtNotifications::Show(std::shared_ptr<QWebEngineNotification> notification) {
-    if (m_shown.size() >= kMostShown) return;
+    if (m_shown.size() >= kMostNotifications) return;
     // Whoever reads it is to know who speaks; what a page says is text, not markup.
     const QString title = ToQt(PlainLine(FromQt(notification->title()), kLongestTitle));
-    const QString words = ToQt(PlainLines(FromQt(notification->message()), kMostLines, kLongestLine));
+    const QString words = ToQt(PlainLines(FromQt(notification->message()), kMostBodyLines, kLongestBodyLine));
     const QString body = QtPage::HostAndPort(notification->origin()) + u'\n' + words;
     QDBusMessage call = Call("Notify");
     call.setArguments({QStringLiteral("TessaView"), 0U, QStringLiteral("tessaview"), title, body.toHtmlEscaped(),

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr QSize kUsualSize{620, 460};
+constexpr QSize kUsualOrganizeSize{620, 460};
 constexpr QSize kAskSize{360, 340};
 
 } // namespace
@@ -29,7 +29,7 @@ QtOrganizeFavorites::QtOrganizeFavorites(frmOrganizeFavorites& form, QWidget* pa
     columns->addLayout(Buttons());
     BindTree();
     Bind(form.Form, *this, form.cmdClose);
-    resize(kUsualSize.expandedTo(minimumSizeHint()));
+    resize(kUsualOrganizeSize.expandedTo(minimumSizeHint()));
     m_tree->setFocus();
 }
 

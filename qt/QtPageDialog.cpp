@@ -11,14 +11,14 @@
 
 namespace {
 
-constexpr std::size_t kMostLines = 200;
-constexpr std::size_t kLongestLine = 2000;
+constexpr std::size_t kMostDialogLines = 200;
+constexpr std::size_t kLongestDialogLine = 2000;
 /// A longer message scrolls.
 constexpr qsizetype kLongestLabel = 400;
 constexpr qsizetype kMostLabelLines = 8;
 constexpr int kScrolledHeight = 180;
 
-QString Heading(const PageDialogRequest& request) {
+QString HeadingOf(const PageDialogRequest& request) {
     if (request.kind == PageDialogKind::Leave) return QStringLiteral("Leave this page of %1?").arg(request.host);
     return request.host.isEmpty() ? QStringLiteral("The page says:") : QStringLiteral("%1 says:").arg(request.host);
 }
@@ -27,10 +27,10 @@ QString Heading(const PageDialogRequest& request) {
 
 QtPageDialog::QtPageDialog(const PageDialogRequest& request, bool offersSilence) {
     setObjectName(QStringLiteral("pageDialog"));
-    AddHeading(Heading(request));
+    AddHeading(HeadingOf(request));
     const bool leave = request.kind == PageDialogKind::Leave;
     AddMessage(leave ? QStringLiteral("What you have entered there may be lost.")
-                     : ToQt(PlainLines(FromQt(request.message), kMostLines, kLongestLine)));
+                     : ToQt(PlainLines(FromQt(request.message), kMostDialogLines, kLongestDialogLine)));
     if (request.kind == PageDialogKind::Prompt) {
         m_text = new QLineEdit(request.suggestion, this);
         m_text->setObjectName(QStringLiteral("txtAnswer"));

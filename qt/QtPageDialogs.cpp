@@ -16,7 +16,7 @@ namespace {
 /// Each frame of a page can wait for one answer; nobody reads more than a few.
 constexpr std::size_t kMostWaiting = 20;
 
-PageDialogKind KindOf(const QString& name) {
+PageDialogKind DialogKindOf(const QString& name) {
     if (name == u"confirm") return PageDialogKind::Confirm;
     return name == u"prompt" ? PageDialogKind::Prompt : PageDialogKind::Alert;
 }
@@ -58,7 +58,8 @@ void QtPageDialogs::OnJob(QWebEngineUrlRequestJob& job) {
     };
     connect(&job, &QObject::destroyed, this, &QtPageDialogs::OnJobGone, Qt::QueuedConnection);
     const QPointer<QWebEngineUrlRequestJob> waiting(&job);
-    Ask({{KindOf(job.requestUrl().path()), QtPage::HostAndPort(job.initiator()), item("text"), item("suggestion")},
+    Ask({{DialogKindOf(job.requestUrl().path()), QtPage::HostAndPort(job.initiator()), item("text"),
+          item("suggestion")},
          [waiting](const PageDialogAnswer& answer) {
              if (waiting) QtDialogScheme::Reply(*waiting, answer);
          },

@@ -40,7 +40,7 @@ Text SiteOf(const QUrl& url) {
     return FromQt(url.scheme() + QStringLiteral("://") + QtPage::HostAndPort(url));
 }
 
-Text Words(const QUrl& origin, SitePermission permission) {
+Text PermissionWords(const QUrl& origin, SitePermission permission) {
     const QString host = QtPage::HostAndPort(origin);
     return (host.isEmpty() ? Text(u"This page") : FromQt(host)) + u" wants to " + SitePermissions::Wish(permission) +
            u".";
@@ -87,7 +87,7 @@ void QtPermissions::Decide(const QUrl& origin, SitePermission permission, const 
     if (const auto known = Decided(origin, permission)) return decided(*known);
     const bool mayRemember = m_kept && !SiteOf(origin).empty();
     m_questions.Ask({.Key = KeyOf(origin, permission),
-                     .Words = Words(origin, permission),
+                     .Words = PermissionWords(origin, permission),
                      .Answers = {u"A&llow", u"&Block"},
                      .Remember = mayRemember ? Text(kRemember) : Text(),
                      .Answered = [this, origin, permission, decided](std::size_t answer, bool remembers) {
@@ -127,8 +127,8 @@ QList<QUrl> QtPermissions::TakeHeldWindows() {
 void QtPermissions::AskPopup(const QUrl& address) {
     const QUrl origin = m_page.url();
     const Text place = FromQt(QtPage::HostAndPort(address));
-    const Text words =
-        Words(origin, SitePermission::Popups) + (place.empty() ? Text() : u" The first is of " + place + u".");
+    const Text words = PermissionWords(origin, SitePermission::Popups) +
+                       (place.empty() ? Text() : u" The first is of " + place + u".");
     const bool mayRemember = m_kept && !SiteOf(origin).empty();
     std::vector<Text> answers{u"A&llow Once", u"&Block"};
     if (mayRemember) answers.emplace_back(u"Al&ways Allow");

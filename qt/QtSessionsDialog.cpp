@@ -19,9 +19,9 @@
 
 namespace {
 
-constexpr QSize kUsualSize{820, 460};
+constexpr QSize kUsualSessionsSize{820, 460};
 
-QLabel* Heading(Label& label, const char* name, QWidget* buddy) {
+QLabel* SessionHeading(Label& label, const char* name, QWidget* buddy) {
     auto* heading = new QLabel;
     heading->setBuddy(buddy);
     // Beside a box to tick or not, all headings are equally high.
@@ -69,7 +69,7 @@ QtSessionsDialog::QtSessionsDialog(frmSessions& form, QWidget* parent)
     BindSessions();
     BindPages();
     Bind(form.Form, *this, form.cmdClose);
-    resize(kUsualSize.expandedTo(minimumSizeHint()));
+    resize(kUsualSessionsSize.expandedTo(minimumSizeHint()));
     m_sessions->setFocus();
 }
 
@@ -83,7 +83,7 @@ QWidget* QtSessionsDialog::Sessions() {
     auto* half = new QWidget;
     auto* rows = new QVBoxLayout(half);
     rows->setContentsMargins(0, 0, 0, 0);
-    rows->addWidget(Heading(m_form.lblSessions, "lblSessions", m_sessions));
+    rows->addWidget(SessionHeading(m_form.lblSessions, "lblSessions", m_sessions));
     rows->addWidget(m_sessions, 1);
     m_sessions->setObjectName(QStringLiteral("lstSessions"));
     m_sessions->setAccessibleName(QStringLiteral("Sessions"));
@@ -99,7 +99,7 @@ QWidget* QtSessionsDialog::Pages() {
     all->setTristate(false);
     Bind(m_form.chkAll, *all, QStringLiteral("chkAll"));
     auto* head = new QHBoxLayout;
-    head->addWidget(Heading(m_form.lblPages, "lblPages", m_pages));
+    head->addWidget(SessionHeading(m_form.lblPages, "lblPages", m_pages));
     head->addStretch();
     head->addWidget(all);
     auto* rows = new QVBoxLayout(half);
@@ -113,7 +113,7 @@ QWidget* QtSessionsDialog::Pages() {
     m_pages->setUniformRowHeights(true);
     m_pages->setAlternatingRowColors(true);
     m_pages->setAllColumnsShowFocus(true);
-    m_pages->header()->resizeSection(0, kUsualSize.width() * 2 / 5);
+    m_pages->header()->resizeSection(0, kUsualSessionsSize.width() * 2 / 5);
     return half;
 }
 

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr QSize kPictureSize{440, 170};
-constexpr int kMargin = 20;
+constexpr int kPanelMargin = 20;
 
 QLabel* MakeLine(Label& label, const char* name, double scale) {
     auto* line = new QLabel;
@@ -35,13 +35,13 @@ QLabel* MakePicture(const frmSplash& form, qreal pixelRatio) {
 QtSplashPanel::QtSplashPanel(frmSplash& form, QWidget* parent) : QWidget(parent) {
     auto* notice = MakeLine(form.Label3, "Label3", 0.9);
     notice->setWordWrap(true);
-    notice->setMinimumWidth(kPictureSize.width() - 2 * kMargin);
+    notice->setMinimumWidth(kPictureSize.width() - 2 * kPanelMargin);
     auto* lines = new QVBoxLayout;
-    lines->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin);
+    lines->setContentsMargins(kPanelMargin, kPanelMargin / 2, kPanelMargin, kPanelMargin);
     lines->setSpacing(2);
     lines->addWidget(MakeLine(form.Label1, "Label1", 1.8));
     lines->addWidget(MakeLine(form.Label2, "Label2", 1));
-    lines->addSpacing(kMargin / 2);
+    lines->addSpacing(kPanelMargin / 2);
     lines->addWidget(notice);
 
     auto* rows = new QVBoxLayout(this);

@@ -13,7 +13,7 @@ namespace {
 constexpr std::chrono::milliseconds kTextDelay{100};
 constexpr std::int32_t kPadding = 8;
 /// Units of an address of two million, which would hold the window up for seconds.
-constexpr std::size_t kMostShown = 1000;
+constexpr std::size_t kMostShownText = 1000;
 } // namespace
 
 QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
@@ -85,7 +85,7 @@ void QtStatusBar::LayParts() {
 }
 
 void QtStatusBar::ShowText() {
-    if (!m_noticeTimer.isActive()) showMessage(ToQt(TextView(m_bar.SimpleText()).substr(0, kMostShown)));
+    if (!m_noticeTimer.isActive()) showMessage(ToQt(TextView(m_bar.SimpleText()).substr(0, kMostShownText)));
 }
 
 void QtStatusBar::Notice(const QString& text, std::chrono::milliseconds time) {

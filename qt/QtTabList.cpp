@@ -12,7 +12,7 @@
 #include <algorithm>
 
 namespace {
-constexpr int kKeyRole = Qt::UserRole, kSearchedRole = Qt::UserRole + 1;
+constexpr int kTabKeyRole = Qt::UserRole, kSearchedRole = Qt::UserRole + 1;
 constexpr int kWidthInEms = 26, kRows = 18;
 } // namespace
 
@@ -56,7 +56,7 @@ void QtTabList::Open(const std::vector<QtTabListEntry>& tabs, QPoint corner) {
     int selected = 0;
     for (const QtTabListEntry& tab : tabs) {
         auto* item = new QStandardItem(tab.icon, tab.title);
-        item->setData(ToQt(tab.key), kKeyRole);
+        item->setData(ToQt(tab.key), kTabKeyRole);
         item->setData(QString(tab.title + QLatin1Char('\n') + tab.address), kSearchedRole);
         item->setToolTip(Qt::convertFromPlainText(tab.title + QLatin1Char('\n') + tab.address, Qt::WhiteSpaceNormal));
         if (tab.selected) selected = m_tabs->rowCount();
@@ -106,7 +106,7 @@ bool QtTabList::eventFilter(QObject* watched, QEvent* event) {
 
 void QtTabList::Choose(const QModelIndex& index) {
     if (!index.isValid()) return;
-    const Text key = FromQt(index.data(kKeyRole).toString());
+    const Text key = FromQt(index.data(kTabKeyRole).toString());
     close();
     if (Chosen) Chosen(key);
 }

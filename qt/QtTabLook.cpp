@@ -9,9 +9,9 @@
 #include <algorithm>
 
 namespace {
-constexpr int kIconSize = 16;
-constexpr int kMargin = 7;
-constexpr int kGap = 6;
+constexpr int kTabIconSize = 16;
+constexpr int kTabMargin = 7;
+constexpr int kTabGap = 6;
 constexpr int kCorner = 4;
 constexpr int kAccentHeight = 2;
 /// No tab is wide enough for more; measuring a longer text would only cost time.
@@ -60,8 +60,8 @@ void QtTabLook::PaintTab(QPainter& painter, const QtTabFace& face) const {
     painter.save();
     painter.setClipRect(face.place, Qt::IntersectClip);
     PaintBody(painter, face);
-    const QRect icon(face.place.left() + kMargin, face.place.top() + (face.place.height() - kIconSize) / 2, kIconSize,
-                     kIconSize);
+    const QRect icon(face.place.left() + kTabMargin, face.place.top() + (face.place.height() - kTabIconSize) / 2,
+                     kTabIconSize, kTabIconSize);
     if (face.asks)
         PaintAskMark(painter, icon);
     else if (face.busy)
@@ -72,8 +72,8 @@ void QtTabLook::PaintTab(QPainter& painter, const QtTabFace& face) const {
         face.icon.paint(&painter, icon);
 
     QRect text = face.place;
-    text.setLeft(icon.right() + 1 + kGap);
-    text.setRight(face.closeShown ? face.closePlace.left() - 3 : face.place.right() - kMargin);
+    text.setLeft(icon.right() + 1 + kTabGap);
+    text.setRight(face.closeShown ? face.closePlace.left() - 3 : face.place.right() - kTabMargin);
     if (face.sound != TabSound::None) text.setRight(face.soundPlace.left() - 3);
     painter.setPen(face.selected ? m_text : m_quietText);
     const QString caption =

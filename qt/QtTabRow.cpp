@@ -3,7 +3,7 @@
 #include <algorithm>
 
 namespace {
-constexpr int kNarrowest = 8; // in heights of the font
+constexpr int kNarrowestTab = 8; // in heights of the font
 constexpr int kWidest = 14;
 constexpr int kArrowWidth = 20;
 constexpr int kCloseSize = 16;
@@ -13,7 +13,7 @@ constexpr int kCloseMargin = 5;
 void QtTabRow::Lay(QSize size, std::size_t count, int em) {
     m_size = size;
     m_count = count;
-    const int narrowest = std::max(1, kNarrowest * em);
+    const int narrowest = std::max(1, kNarrowestTab * em);
     const int share = count == 0 ? size.width() : size.width() / static_cast<int>(count);
     m_overflows = share < narrowest && count > 1;
     m_tabWidth = std::clamp(share, narrowest, kWidest * em);

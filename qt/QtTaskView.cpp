@@ -20,10 +20,10 @@
 
 namespace {
 
-constexpr std::chrono::seconds kRefresh{1};
-constexpr QSize kUsualSize{860, 420};
+constexpr std::chrono::seconds kFiguresRefresh{1};
+constexpr QSize kUsualTaskViewSize{860, 420};
 constexpr std::array kWidths{230, 250, 80, 170};
-constexpr int kKeyRole = Qt::UserRole;
+constexpr int kTaskKeyRole = Qt::UserRole;
 
 TaskColumn ColumnOf(int section) { return static_cast<TaskColumn>(section); }
 
@@ -32,8 +32,8 @@ void AlignNumbers(QTreeWidgetItem& item) {
         item.setTextAlignment(static_cast<int>(column), Qt::AlignRight | Qt::AlignVCenter);
 }
 
-void Fill(QTreeWidgetItem& item, const TaskLine& line) {
-    item.setData(0, kKeyRole, ToQt(line.Key));
+void FillRow(QTreeWidgetItem& item, const TaskLine& line) {
+    item.setData(0, kTaskKeyRole, ToQt(line.Key));
     for (int column = 0; column < static_cast<int>(line.Cells.size()); ++column) {
         const QString cell = ToQt(line.Cell(ColumnOf(column)));
         if (item.text(column) == cell) continue;
@@ -64,7 +64,7 @@ QtTaskDialog::QtTaskDialog(frmTaskView& form, QWidget* parent)
     rows->addWidget(Buttons());
     BindTasks();
     connect(this, &QDialog::rejected, this, [this] { m_form.Form.Visible = false; });
-    resize(kUsualSize.expandedTo(minimumSizeHint()));
+    resize(kUsualTaskViewSize.expandedTo(minimumSizeHint()));
     m_tasks->setFocus();
 }
 
@@ -146,7 +146,7 @@ void QtTaskDialog::BindTasks() {
     m_form.lstTasks.Attach([this](const auto& lines) { ShowTasks(lines); });
     m_form.Selected.Attach([this](const Text&) { ShowSelected(); });
     connect(m_tasks, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
-        if (item) m_form.Selected = FromQt(item->data(0, kKeyRole).toString());
+        if (item) m_form.Selected = FromQt(item->data(0, kTaskKeyRole).toString());
     });
     connect(m_tasks, &QTreeWidget::itemDoubleClicked, this, [this] { m_form.lstTasks_DblClick(); });
 }
@@ -158,7 +158,7 @@ void QtTaskDialog::ShowTasks(const std::vector<TaskLine>& lines) {
             delete m_tasks->takeTopLevelItem(m_tasks->topLevelItemCount() - 1);
         while (m_tasks->topLevelItemCount() < static_cast<int>(lines.size()))
             m_tasks->addTopLevelItem(new QTreeWidgetItem);
-        for (std::size_t i = 0; i < lines.size(); ++i) Fill(*m_tasks->topLevelItem(static_cast<int>(i)), lines[i]);
+        for (std::size_t i = 0; i < lines.size(); ++i) FillRow(*m_tasks->topLevelItem(static_cast<int>(i)), lines[i]);
     }
     ShowSelected();
     m_tasks->viewport()->update();
@@ -170,7 +170,7 @@ void QtTaskDialog::ShowSelected() {
     const QString key = ToQt(m_form.Selected());
     for (int i = 0; i < m_tasks->topLevelItemCount(); ++i) {
         auto* item = m_tasks->topLevelItem(i);
-        if (item->data(0, kKeyRole).toString() != key) continue;
+        if (item->data(0, kTaskKeyRole).toString() != key) continue;
         if (item != m_tasks->currentItem()) m_tasks->setCurrentItem(item);
         return;
     }
@@ -221,7 +221,7 @@ void QtTaskView::Show(bool visible) {
     if (visible) {
         if (!m_dialog) m_dialog = new QtTaskDialog(m_form, &m_window);
         m_dialog->show();
-        m_refresh.start(kRefresh);
+        m_refresh.start(kFiguresRefresh);
     } else {
         m_refresh.stop();
         if (m_dialog) m_dialog->hide();

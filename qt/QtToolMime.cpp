@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kMargin = 4, kIconSize = 16;
+constexpr int kPictureMargin = 4, kIconSize = 16;
 
 /// The band that has the tool of its own; empty for a tool of the master list.
 Text OwnerOf(const CommandBar& bar, const Tool& tool) {
@@ -33,9 +33,9 @@ QPixmap Face(const QWidget& widget, const Tool& tool) {
     const QString title = ToQt(Customization::TitleOf(tool));
     const QFontMetrics metrics = widget.fontMetrics();
     const QIcon icon = QtIcons::Of(tool.Image);
-    const int indent = kMargin + (icon.isNull() ? 0 : kIconSize + kMargin);
-    const QSize size(indent + metrics.horizontalAdvance(title) + kMargin,
-                     std::max(metrics.height(), kIconSize) + 2 * kMargin);
+    const int indent = kPictureMargin + (icon.isNull() ? 0 : kIconSize + kPictureMargin);
+    const QSize size(indent + metrics.horizontalAdvance(title) + kPictureMargin,
+                     std::max(metrics.height(), kIconSize) + 2 * kPictureMargin);
     QPixmap face(size * widget.devicePixelRatioF());
     face.setDevicePixelRatio(widget.devicePixelRatioF());
     face.fill(widget.palette().color(QPalette::Window));
@@ -43,7 +43,7 @@ QPixmap Face(const QWidget& widget, const Tool& tool) {
     painter.setFont(widget.font());
     painter.setPen(widget.palette().color(QPalette::WindowText));
     painter.drawRect(0, 0, size.width() - 1, size.height() - 1);
-    icon.paint(&painter, kMargin, (size.height() - kIconSize) / 2, kIconSize, kIconSize);
+    icon.paint(&painter, kPictureMargin, (size.height() - kIconSize) / 2, kIconSize, kIconSize);
     painter.drawText(QRect(QPoint(indent, 0), size), Qt::AlignVCenter | Qt::AlignLeft, title);
     return face;
 }
@@ -89,7 +89,7 @@ void Drag(QWidget& source, const CommandBar& bar, const DraggedTool& dragged) {
     auto* drag = new QDrag(QCoreApplication::instance());
     drag->setMimeData(Write(bar, dragged));
     drag->setPixmap(Face(source, *dragged.Item));
-    drag->setHotSpot({kMargin, kMargin});
+    drag->setHotSpot({kPictureMargin, kPictureMargin});
     drag->exec(Qt::MoveAction);
 }
 

@@ -13,7 +13,7 @@
 
 namespace {
 
-void Show(QListWidgetItem& item, const Band& band) {
+void ShowChecked(QListWidgetItem& item, const Band& band) {
     item.setText(ToQt(band.Caption()));
     item.setData(Qt::UserRole, ToQt(band.Name()));
     item.setFlags(item.flags().setFlag(Qt::ItemIsUserCheckable, Customization::MayHide(band)));
@@ -65,7 +65,7 @@ void QtToolbarsPage::Refresh() {
     // Not cleared: the user may be ticking one of them.
     while (m_list->count() > count) delete m_list->takeItem(m_list->count() - 1);
     while (m_list->count() < count) m_list->addItem(QString());
-    for (int row = 0; row < count; ++row) Show(*m_list->item(row), *bands[static_cast<std::size_t>(row)]);
+    for (int row = 0; row < count; ++row) ShowChecked(*m_list->item(row), *bands[static_cast<std::size_t>(row)]);
     ShowButtons();
 }
 

@@ -14,10 +14,6 @@ constexpr std::size_t kMostDescribed = 300;
 
 Text KeyOf(std::int32_t index) { return u"Tab" + Decimal(index); }
 
-void Enable(CommandBar& bar, TextView tool, bool enabled) {
-    if (auto* found = bar.Find(tool)) found->Enabled = enabled;
-}
-
 } // namespace
 
 TabSet::TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusBar& sbStatus, MessageBoxes& messages)
@@ -106,16 +102,16 @@ void TabSet::UpdateSecurity() {
 void TabSet::UpdateBackForward() {
     const auto* view = CurrentView();
     if (!view) return;
-    Enable(m_actBar, u"mnuGoBack", view->Tag == u"1");
-    Enable(m_actBar, u"mnuGoForward", view->ForwardFlag != 0);
+    m_actBar.Enable(u"mnuGoBack", view->Tag == u"1");
+    m_actBar.Enable(u"mnuGoForward", view->ForwardFlag != 0);
 }
 
 void TabSet::UpdateStopRefresh() {
     const auto* view = CurrentView();
     if (!view) return;
     const bool busy = view->Control->Busy();
-    Enable(m_actBar, u"mnuRefresh", !busy);
-    Enable(m_actBar, u"mnuStop", busy);
+    m_actBar.Enable(u"mnuRefresh", !busy);
+    m_actBar.Enable(u"mnuStop", busy);
 }
 
 void TabSet::SetTabBusy(TextView Tag, TabBusy Busy) {

@@ -6,10 +6,6 @@ namespace {
 
 Pixels Rounded(double value) { return {static_cast<std::int32_t>(std::lround(value))}; }
 
-void Enable(CommandBar& bar, TextView tool, bool enabled) {
-    if (auto* found = bar.Find(tool)) found->Enabled = enabled;
-}
-
 } // namespace
 
 std::size_t TabStripInput::PositionAt(Pixels x, Pixels y) const {
@@ -29,8 +25,8 @@ void TabStripInput::MouseDown(MouseButton Button, Twips x, Twips y) {
     auto* view = PopupView();
     if (!view) return;
     const bool busy = view->Control->Busy();
-    Enable(m_actBar, u"mnuTabRefresh", !busy);
-    Enable(m_actBar, u"mnuTabStop", busy);
+    m_actBar.Enable(u"mnuTabRefresh", !busy);
+    m_actBar.Enable(u"mnuTabStop", busy);
     if (Opening) Opening();
     m_actBar.Popup(u"bndTabPopup");
 }

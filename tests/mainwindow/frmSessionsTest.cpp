@@ -11,7 +11,7 @@ Session Ended(std::vector<SessionPage> pages, std::size_t selected = 1) {
     return {.Time = 700, .Ended = true, .Selected = selected, .Pages = std::move(pages)};
 }
 
-Session Crashed(std::vector<SessionPage> pages, std::size_t selected = 1) {
+Session EndedBadly(std::vector<SessionPage> pages, std::size_t selected = 1) {
     return {.Time = 500, .Selected = selected, .Pages = std::move(pages)};
 }
 
@@ -65,7 +65,7 @@ std::string Sessions(const frmSessions& form) {
 TEST(frmSessions, ListsTheSessionsAndThePagesOfTheNewest) {
     SessionsDesk desk;
     desk.Keep(u"b", Ended(kThree, 2));
-    desk.Keep(u"a", Crashed({{u"http://four/", u""}}));
+    desk.Keep(u"a", EndedBadly({{u"http://four/", u""}}));
     desk.Start();
     desk.Use([](frmSessions& form) {
         EXPECT_EQ(Sessions(form), "at 700: 3 pages; at 500: One page, did not end properly");
@@ -150,7 +150,7 @@ TEST(frmSessions, OneBoxTicksAllPagesOrNone) {
 TEST(frmSessions, AForgottenSessionIsGoneAndItsNeighbourIsShown) {
     SessionsDesk desk;
     desk.Keep(u"b", Ended(kThree));
-    desk.Keep(u"a", Crashed({{u"http://four/", u"Four"}}));
+    desk.Keep(u"a", EndedBadly({{u"http://four/", u"Four"}}));
     desk.Start();
     EXPECT_EQ(desk.offered, u"a");
     desk.Use([](frmSessions& form) {
@@ -169,7 +169,7 @@ TEST(frmSessions, AForgottenSessionIsGoneAndItsNeighbourIsShown) {
 
 TEST(frmSessions, AnOfferIsTakenBackOnceAllItsPagesHaveBeenOpened) {
     SessionsDesk desk;
-    desk.Keep(u"a", Crashed(kThree));
+    desk.Keep(u"a", EndedBadly(kThree));
     desk.Start();
     desk.Use([](frmSessions& form) {
         form.lstPages_ItemCheck(0, false);
