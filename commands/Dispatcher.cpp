@@ -16,6 +16,9 @@ struct Overloaded : Each... {
 template<typename... Each>
 Overloaded(Each...) -> Overloaded<Each...>;
 
+/// How the names of commands begin that are additions of ours.
+constexpr TextView kOwnCommands = u"xtr";
+
 } // namespace
 
 void Dispatcher::actBar_Click(const Tool& tool) {
@@ -44,6 +47,8 @@ bool Dispatcher::RunLink(const Tool& tool) {
 }
 
 void Dispatcher::RunNamed(const Tool& tool) {
+    // The name of a Favorite is its address, which whoever wrote it has chosen.
+    if (RuntimeIds::IsMade(tool.Id()) && tool.Name().starts_with(kOwnCommands)) return;
     const auto table = CommandTable();
     const auto command = std::ranges::find(table, TextView(tool.Name()), &Command::tool);
     if (command == table.end() || (command->available && !command->available(m_context.host))) return;

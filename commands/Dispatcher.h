@@ -8,7 +8,8 @@ public:
     /// The context outlives this object.
     explicit Dispatcher(CommandContext& context) : m_context(context) {}
 
-    /// Runs the tool's command; a name that is none runs nothing. Names are told apart by case.
+    /// Runs the tool's command; a name that is none runs nothing. Names are told apart by case. A tool made at run
+    /// time never runs a command of ours, only one of the product's.
     void actBar_Click(const Tool& tool);
     /// Disables the commands whose operation the main window does not have.
     void DisableUnavailable();

@@ -12,4 +12,7 @@ enum class Kind { None, Favorite, Group };
     return id >= 150000 && id < 200000 ? Kind::Group : Kind::None;
 }
 
+/// Whether a tool was made at run time. Those laid out by design have numbers below.
+[[nodiscard]] constexpr bool IsMade(std::int32_t id) { return id >= 50000; }
+
 } // namespace RuntimeIds

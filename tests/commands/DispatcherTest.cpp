@@ -192,6 +192,23 @@ TEST_F(DispatcherTest, TheIdCountsBehindANamedCommandToo) {
     EXPECT_EQ(desk.views.Calls(1), "go mnuClearAddresses");
 }
 
+TEST_F(DispatcherTest, AFavoriteThatIsCalledLikeACommandOfOursIsOnlyALink) {
+    Start(3);
+    desk.main.StripInput.PopupTabPosition = 1;
+    ClickMade(desk, 50000, u"xtrTabCloseOthers");
+    EXPECT_EQ(desk.Strip(), "[1*] 2 3");
+    EXPECT_EQ(desk.views.Calls(1), "go xtrTabCloseOthers");
+    ClickMade(desk, 1, u"xtrTabCloseOthers");
+    EXPECT_EQ(desk.Strip(), "[1*]") << "the command itself";
+}
+
+TEST_F(DispatcherTest, AFavoriteThatIsCalledLikeACommandOfTheProductRunsIt_Deliberate) {
+    Start(1);
+    desk.log.Take();
+    ClickMade(desk, 50000, u"mnuExit");
+    EXPECT_EQ(desk.log.Take(), "close");
+}
+
 TEST_F(DispatcherTest, ALinkMayBeRefused) {
     Start(1);
     desk.main.Commands.host.MayOpenLink = [](TextView address) { return address != u"file:///secret"; };
@@ -247,6 +264,10 @@ TEST_F(DispatcherTest, FavoritesThatCannotBeAddedAskTheRepairQuestion) {
               u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
               u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
               u"Would you like TessaView to make these changes?");
+    desk.messages.answer = Answer::Cancel;
+    ClickMade(desk, 1, u"mnuAddToFavorites");
+    EXPECT_EQ(repaired, 0);
+    EXPECT_EQ(desk.messages.asked.size(), 2U);
     desk.messages.answer = Answer::Yes;
     ClickMade(desk, 1, u"mnuAddToFavorites");
     EXPECT_EQ(repaired, 1);
