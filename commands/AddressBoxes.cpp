@@ -49,7 +49,8 @@ KeyUsed AddressBoxes::AddressKey(ComboTool& box, KeyStroke key) {
     }
     if (key.KeyCode != Keys::kEnter) return KeyUsed::No;
     m_address.EntryPending = true;
-    const Text address = ctrl ? Completed(box.Value()) : box.Value();
+    if (ctrl) box.Value = Completed(box.Value());
+    const Text address = box.Value();
     AddAddressEntry(address);
     GoTo(address);
     return KeyUsed::Yes;

@@ -51,6 +51,17 @@ TEST_F(AddressBoxesTest, CtrlEnterMakesAnAddressOfAWord) {
     EXPECT_EQ(m_desk.List(kAddress), "[http://www.word.com]");
 }
 
+TEST_F(AddressBoxesTest, CtrlEnterCompletesTheTextInTheBoxItself) {
+    Enter(u"word", kCtrlEnter);
+    EXPECT_EQ(m_desk.Box(kAddress), "http://www.word.com") << "with an empty history too";
+    m_desk.Click(u"xtrPrivateTab");
+    m_desk.views.Calls(2);
+    Enter(u"secret", kCtrlEnter);
+    EXPECT_EQ(m_desk.Box(kAddress), "http://www.secret.com");
+    EXPECT_EQ(m_desk.views.Calls(2), "go http://www.secret.com");
+    EXPECT_EQ(m_desk.List(kAddress), "[http://www.word.com]") << "nothing of a private tab is kept";
+}
+
 TEST_F(AddressBoxesTest, CtrlEnterOnATextWithADotAddsThePrefixAlone_Deliberate) {
     Enter(u"name.org", kCtrlEnter);
     Enter(u"http://name.org/", kCtrlEnter);
@@ -69,6 +80,20 @@ TEST_F(AddressBoxesTest, OneEnterAddsOneEntry) {
     Enter(u"a");
     m_desk.main.Boxes.AddAddressEntry(u"late");
     EXPECT_EQ(m_desk.List(kAddress), "[a]");
+}
+
+TEST_F(AddressBoxesTest, WithoutABoxAnEntryIsNeitherAddedNorLeftPending) {
+    CommandBar bar;
+    AddressBoxes boxes(m_desk.main.Tabs, bar);
+    ComboTool elsewhere(1, Text(kAddress));
+    bar.ComboKeyDown(elsewhere, {'C', Keys::kCtrl});
+    boxes.AddAddressEntry(u"lost");
+    const auto* box = bar.Add(std::make_unique<ComboTool>(2, Text(kAddress)));
+    boxes.AddAddressEntry(u"late");
+    EXPECT_EQ(box->ListCount(), 0U);
+    bar.ComboKeyDown(elsewhere, {'C', Keys::kCtrl});
+    boxes.AddAddressEntry(u"kept");
+    EXPECT_EQ(box->ListCount(), 1U);
 }
 
 TEST_F(AddressBoxesTest, CtrlWithAnyOtherKeyLeavesAnEntryPending_Deliberate) {
