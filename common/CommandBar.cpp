@@ -111,11 +111,20 @@ void CommandBar::RecalcLayout() {
     if (m_view.RecalcLayout) m_view.RecalcLayout();
 }
 
-KeyUsed CommandBar::KeyDown(KeyStroke key) {
-    if (m_edited && key == KeyStroke{Keys::kEscape, 0}) return KeyUsed::No;
+Tool* CommandBar::ToolFor(KeyStroke key) const {
+    if (m_edited && key == KeyStroke{Keys::kEscape, 0}) return nullptr;
     const auto shortcut = std::ranges::find(m_shortcuts, key, &Shortcut::Key);
     Tool* tool = shortcut == m_shortcuts.end() ? nullptr : Find(shortcut->ToolName);
-    if (!tool || !tool->Enabled()) return KeyUsed::No;
+    return tool && tool->Enabled() ? tool : nullptr;
+}
+
+KeyUsed CommandBar::KeyDown(KeyStroke key) {
+    // Its last way up may have gone to another window.
+    std::erase(m_usedDown, key.KeyCode);
+    Tool* tool = ToolFor(key);
+    if (!tool) return KeyUsed::No;
+    // Before the click, which may run a loop of its own in which the key goes up.
+    m_usedDown.push_back(key.KeyCode);
     if (tool->Kind() == ToolKind::Combo)
         FocusBox(*tool);
     else
@@ -123,8 +132,10 @@ KeyUsed CommandBar::KeyDown(KeyStroke key) {
     return KeyUsed::Yes;
 }
 
-// Everything happens when a key goes down.
-KeyUsed CommandBar::KeyUp(KeyStroke) { return KeyUsed::No; }
+// Everything happens when a key goes down. Its way up is no news to whoever has not seen that.
+KeyUsed CommandBar::KeyUp(KeyStroke key) {
+    return std::erase(m_usedDown, key.KeyCode) > 0 ? KeyUsed::Yes : KeyUsed::No;
+}
 
 void CommandBar::OpenBand(Band& band) const {
     if (BandOpen) BandOpen(band);

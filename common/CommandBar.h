@@ -146,6 +146,7 @@ public:
 
     /// Clicks the tool whose combination it is, or gives a box the keyboard; a disabled tool does not use the key.
     KeyUsed KeyDown(KeyStroke key);
+    /// The bar uses a key's way up when it has used its way down, whatever else is held by then.
     KeyUsed KeyUp(KeyStroke key);
     /// A view tells which box's text the user is changing, or none: Escape is for that box then, not for a command.
     void SetEdited(const ComboTool* box) { m_edited = box; }
@@ -183,6 +184,7 @@ public:
 
 private:
     void Keep(std::shared_ptr<Tool> tool);
+    [[nodiscard]] Tool* ToolFor(KeyStroke key) const;
     void FocusBox(const Tool& box);
     void TellOf(BandKind kind) const;
 
@@ -192,6 +194,7 @@ private:
     std::vector<std::unique_ptr<Band>> m_bands;
     std::unordered_map<Text, Band*> m_bandsByName;
     std::vector<Shortcut> m_shortcuts;
+    std::vector<std::int32_t> m_usedDown; ///< codes of keys that are down and were used
     const ComboTool* m_edited = nullptr;
     View m_view;
 };

@@ -95,8 +95,31 @@ TEST(CommandBar, AKeyClicksItsToolAndSaysWhetherItWasUsed) {
     EXPECT_EQ(bar.KeyDown({'T', Keys::kCtrl}), KeyUsed::No) << "no such tool";
     stop->Enabled = false;
     EXPECT_EQ(bar.KeyDown({Keys::kEscape, 0}), KeyUsed::No) << "disabled";
-    EXPECT_EQ(bar.KeyUp({Keys::kEscape, 0}), KeyUsed::No);
     EXPECT_EQ(clicked, "mnuStop;");
+}
+
+TEST(CommandBar, AKeysWayUpIsUsedWhenItsWayDownWas) {
+    CommandBar bar;
+    const auto stop = SharedTool(bar, 1, u"mnuStop");
+    bar.SetShortcuts({{u"mnuStop", {'S', Keys::kCtrl}}});
+    EXPECT_EQ(bar.KeyUp({'S', Keys::kCtrl}), KeyUsed::No) << "it went down elsewhere";
+    bar.KeyDown({'S', Keys::kCtrl});
+    EXPECT_EQ(bar.KeyUp({'T', Keys::kCtrl}), KeyUsed::No) << "another key";
+    EXPECT_EQ(bar.KeyUp({'S', 0}), KeyUsed::Yes) << "Ctrl may go up first";
+    EXPECT_EQ(bar.KeyUp({'S', 0}), KeyUsed::No) << "once";
+}
+
+TEST(CommandBar, AWayUpThatNeverCameIsForgottenWhenTheKeyGoesDownAgain) {
+    CommandBar bar;
+    const auto stop = SharedTool(bar, 1, u"mnuStop");
+    bar.SetShortcuts({{u"mnuStop", {'S', Keys::kCtrl}}});
+    bar.KeyDown({'S', Keys::kCtrl});
+    EXPECT_EQ(bar.KeyDown({'S', 0}), KeyUsed::No);
+    EXPECT_EQ(bar.KeyUp({'S', 0}), KeyUsed::No);
+    bar.KeyDown({'S', Keys::kCtrl});
+    bar.KeyDown({'S', Keys::kCtrl});
+    EXPECT_EQ(bar.KeyUp({'S', 0}), KeyUsed::Yes) << "a key that is held down repeats";
+    EXPECT_EQ(bar.KeyUp({'S', 0}), KeyUsed::No);
 }
 
 TEST(CommandBar, EscapeIsForTheBoxThatTheUserIsChanging) {

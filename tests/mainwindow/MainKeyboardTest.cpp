@@ -53,7 +53,24 @@ TEST_F(MainKeyboardTest, AKeyThatTheBarUsesIsCleared) {
     EXPECT_EQ(desk.main.Form_KeyDown({'T', Keys::kCtrl}), KeyUsed::Yes);
     EXPECT_EQ(desk.Strip(), "1 [4*] 2 3");
     EXPECT_EQ(desk.main.Form_KeyDown({'A', 0}), KeyUsed::No);
-    EXPECT_EQ(desk.main.Form_KeyUp({'T', Keys::kCtrl}), KeyUsed::No);
+}
+
+TEST_F(MainKeyboardTest, AKeyUpThatTheBarUsesIsClearedToo) {
+    desk.main.Form_KeyDown({'T', Keys::kCtrl});
+    EXPECT_EQ(desk.main.Form_KeyUp({'T', Keys::kCtrl}), KeyUsed::Yes);
+    desk.main.Form_KeyDown({'A', 0});
+    EXPECT_EQ(desk.main.Form_KeyUp({'A', 0}), KeyUsed::No);
+    desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl});
+    EXPECT_EQ(desk.main.Form_KeyUp({Keys::kTab, Keys::kCtrl}), KeyUsed::No) << "the table does not clear the key";
+}
+
+TEST_F(MainKeyboardTest, AKeyOfTheTableReachesTheBarToo) {
+    desk.main.actBar.SetShortcuts({{u"mnuNewBlank", {'D', Keys::kAlt}}, {u"mnuClose", {Keys::kTab, Keys::kCtrl}}});
+    EXPECT_EQ(desk.main.Form_KeyDown({'D', Keys::kAlt}), KeyUsed::Yes);
+    EXPECT_EQ(focused, "bndAddress.cboAddress");
+    EXPECT_EQ(desk.Strip(), "1 [4*] 2 3");
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Strip(), "1 4 [3*]") << "the next tab was shown, then closed";
 }
 
 TEST_F(MainKeyboardTest, TheBoxesHaveCombinationsOfTheirOwn) {
