@@ -30,6 +30,7 @@ struct CommandHost {
     /// The page to add, by address and title. False when there is no way to add any.
     std::function<bool(TextView address, TextView title)> AddFavorite;
     std::function<void()> OrganizeFavorites;
+    /// Makes adding possible again, and tells the user what it did.
     std::function<void()> RepairFavorites;
     std::function<void(TextView URL, TextView SGFile)> AddToTessaGroup;
     std::function<void(TextView path)> SaveAsTessaGroup;

@@ -1,5 +1,6 @@
 #include "commands/FavoriteCommands.h"
 
+#include "favorites/FavoriteRepair.h"
 #include "favorites/LinkTrust.h"
 #include "groups/TessaGroups.h"
 
@@ -31,16 +32,23 @@ FavoriteCommands::FavoriteCommands(CommandContext& context, Outside outside)
     host.OpenFavorites = [this](TextView folder) { OpenAll(folder); };
     host.SaveFavorites = [this](TextView folder) { return SaveAsGroup(folder); };
     host.MayOpenLink = [this](TextView address) { return MayOpenLink(address); };
+    host.RepairFavorites = [this] { RepairFavorites(); };
     if (m_outside.showAdd)
         host.AddFavorite = [this](TextView address, TextView title) { return AddFavorite(address, title); };
     if (m_outside.showOrganize) host.OrganizeFavorites = [this] { OrganizeFavorites(); };
 }
 
 bool FavoriteCommands::AddFavorite(TextView address, TextView title) {
-    if (m_context.favoritesFolder.empty()) return false;
+    if (!Favorites::CanKeep(m_context.favoritesFolder)) return false;
     frmAddFavorite form(m_context.favoritesFolder, address, title);
     m_outside.showAdd(form);
     return true;
+}
+
+void FavoriteCommands::RepairFavorites() {
+    const Text done = Favorites::WordsOf(Favorites::Repair(m_context.favoritesFolder));
+    m_context.favoritesMenuStale = true;
+    m_context.tabs.ShowStatusText(done);
 }
 
 void FavoriteCommands::OrganizeFavorites() {

@@ -26,6 +26,7 @@ public:
 
 private:
     bool AddFavorite(TextView address, TextView title);
+    void RepairFavorites();
     void OrganizeFavorites();
     bool MayOpenLink(TextView address);
 

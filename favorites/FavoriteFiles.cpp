@@ -3,10 +3,9 @@
 #include "common/AtomicFile.h"
 #include "common/IniFile.h"
 #include "favorites/Favorites.h"
+#include "favorites/FreeNames.h"
 
 #include <cerrno>
-#include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,15 +19,6 @@ constexpr int kMostNumbers = 10000;
 bool IsControl(char16_t unit) { return unit < 0x20 || unit == 0x7F; }
 
 Text NameOf(TextView path) { return Text(path.substr(path.rfind(u'/') + 1)); }
-
-/// Renames without taking another's place: 0, or the number of the error.
-int RenameToFree(const std::string& from, const std::string& to) {
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-    if (errno != EINVAL && errno != ENOSYS) return errno;
-    // Not every disk can do both in one step.
-    if (FileExists(to)) return EEXIST;
-    return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
-}
 
 /// Tries "Name", "Name (2)" and so on until the name is free. `take` answers like `RenameToFree`.
 template<typename Take>

@@ -39,10 +39,38 @@ TEST_F(FavoriteCommandsTest, ThePageIsAddedAndShowsInTheMenu) {
     EXPECT_EQ(Favorites::Items(m_root).at(0).Title, u"A & B");
 }
 
-TEST_F(FavoriteCommandsTest, WithoutAFolderTheRepairQuestionIsAsked) {
+TEST_F(FavoriteCommandsTest, WithoutAFolderTheRepairQuestionIsAskedAndNothingIsAdded) {
+    bool shown = false;
+    m_desk.inAddFavorite = [&](frmAddFavorite&) { shown = true; };
     m_desk.main.Commands.favoritesFolder.clear();
+    m_desk.messages.answer = Answer::Yes;
     m_desk.Click(u"mnuAddToFavorites");
     EXPECT_EQ(m_desk.messages.asked.size(), 1U);
+    EXPECT_EQ(m_desk.Status(), "The Favorites folder can still not be written to.");
+    EXPECT_FALSE(shown);
+}
+
+TEST_F(FavoriteCommandsTest, WhereAFileLiesInTheirPlaceFavoritesAreRepairedOnlyAfterYes) {
+    m_folder.Write("Favorites", "mine");
+    m_desk.main.Commands.favoritesFolder = m_folder.PathText("Favorites");
+    for (const Answer refusal : {Answer::No, Answer::Cancel}) {
+        m_desk.messages.answer = refusal;
+        m_desk.Click(u"mnuAddToFavorites");
+        EXPECT_EQ(m_folder.Read("Favorites"), "mine");
+        EXPECT_EQ(m_desk.Status(), "");
+    }
+    m_desk.main.Commands.favoritesMenuStale = false;
+    m_desk.messages.answer = Answer::Yes;
+    m_desk.Click(u"mnuAddToFavorites");
+    EXPECT_EQ(m_desk.Status(),
+              "The Favorites folder was made. What lay in its place is now called \"Favorites set aside\".");
+    EXPECT_TRUE(m_desk.main.Commands.favoritesMenuStale);
+    EXPECT_EQ(m_folder.Read("Favorites set aside"), "mine");
+
+    m_desk.inAddFavorite = [](frmAddFavorite& form) { form.cmdOK.Click(); };
+    m_desk.Click(u"mnuAddToFavorites");
+    EXPECT_EQ(m_desk.messages.asked.size(), 3U) << "now it works without a question";
+    EXPECT_EQ(Favorites::Items(m_folder.PathText("Favorites")).size(), 1U);
 }
 
 TEST_F(FavoriteCommandsTest, OrganizingShowsTheFolder) {

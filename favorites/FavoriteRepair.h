@@ -1,0 +1,33 @@
+#pragma once
+#include "common/Text.h"
+
+#include <cstddef>
+
+// When no Favorites can be added because of what lies on the disk.
+
+namespace Favorites {
+
+/// The folder inside the Favorites folder for shortcuts that cannot be read.
+inline constexpr TextView kDamagedFolder = u"Damaged";
+
+/// Whether shortcuts can be kept in a folder: it can be written to, or be made where it is missing. Changes nothing.
+[[nodiscard]] bool CanKeep(TextView folder);
+
+/// What a repair has done.
+struct Repaired {
+    bool Works = false;      ///< shortcuts can be kept now
+    bool Made = false;       ///< the folder was missing
+    bool Opened = false;     ///< the folder was closed to its owner
+    Text SetAside{};         ///< what lay where the folder belongs, by its new name; empty for nothing
+    std::size_t Damaged = 0; ///< entries that were moved to `kDamagedFolder`
+    bool operator==(const Repaired&) const = default;
+};
+
+/// Sees to it that shortcuts can be kept in a folder. Deletes nothing: a file where the folder belongs gets another
+/// name, and shortcuts without an address that can be read, from all sub-folders, get a folder of their own.
+Repaired Repair(TextView folder);
+
+/// The same in words for the user.
+[[nodiscard]] Text WordsOf(const Repaired& repaired);
+
+} // namespace Favorites
