@@ -41,6 +41,7 @@ QString OnlyEnding(const QStringList& filters) {
 
 Text Show(QFileDialog& dialog, const FileDialogRequest& request) {
     if (const QStringList filters = QtNameFilters(request.Filter); !filters.isEmpty()) {
+        dialog.setOption(QFileDialog::HideNameFilterDetails);
         dialog.setNameFilters(filters);
         dialog.setDefaultSuffix(OnlyEnding(filters));
     }
@@ -70,7 +71,6 @@ Text QtFileDialogs::ChooseFolder(TextView folder) {
 }
 
 QStringList QtNameFilters(TextView filter) {
-    static const QRegularExpression kPatternsInDescription(QStringLiteral("\\s*\\([^()]*\\)\\s*$"));
     const QStringList parts = ToQt(filter).split(QLatin1Char('|'));
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
@@ -80,8 +80,7 @@ QStringList QtNameFilters(TextView filter) {
             if (!pattern.isEmpty()) patterns << (pattern == QLatin1String("*.*") ? QStringLiteral("*") : pattern);
         }
         if (patterns.isEmpty()) continue;
-        const QString description = QString(parts[i]).remove(kPatternsInDescription);
-        filters << QStringLiteral("%1 (%2)").arg(description, patterns.join(QLatin1Char(' ')));
+        filters << QStringLiteral("%1 (%2)").arg(parts[i], patterns.join(QLatin1Char(' ')));
     }
     return filters;
 }

@@ -21,6 +21,7 @@ public:
     [[nodiscard]] static Text ChooseFolder(TextView folder);
 };
 
-/// A filter as Qt wants it, an entry a pair of description and patterns. "*.*" means all files; a description
-/// without patterns is left out.
+/// A filter as Qt wants it, an entry a pair of description and patterns: the description as it is, which is what the
+/// dialog shows, and behind it the patterns in brackets, which Qt takes away before it shows the rest. "*.*" means all
+/// files; a description without patterns is left out.
 [[nodiscard]] QStringList QtNameFilters(TextView filter);

@@ -2,10 +2,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -78,9 +80,11 @@ TEST(QtMessageBoxes, TheQuestionIsTextUnderTheApplicationsTitle) {
 }
 
 TEST(QtFileDialogs, PairsOfDescriptionAndPatternsBecomeQtFilters) {
-    EXPECT_EQ(QtNameFilters(u"TessaGroup File (*.tvg)|*.tvg"), QStringList{QStringLiteral("TessaGroup File (*.tvg)")});
+    EXPECT_EQ(QtNameFilters(u"TessaGroup File (*.tvg)|*.tvg"),
+              QStringList{QStringLiteral("TessaGroup File (*.tvg) (*.tvg)")});
     EXPECT_EQ(QtNameFilters(u"HTML Files (*.htm, *.html)|*.htm; *.html|All Files (*.*)|*.*"),
-              (QStringList{QStringLiteral("HTML Files (*.htm *.html)"), QStringLiteral("All Files (*)")}));
+              (QStringList{QStringLiteral("HTML Files (*.htm, *.html) (*.htm *.html)"),
+                           QStringLiteral("All Files (*.*) (*)")}));
     EXPECT_EQ(QtNameFilters(u"Plain|*.txt"), QStringList{QStringLiteral("Plain (*.txt)")});
 }
 
@@ -108,6 +112,36 @@ TEST(QtFileDialogs, TheChosenFileIsTheAnswer) {
     });
     EXPECT_EQ(QtFileDialogs().ShowOpen(request), path.toStdU16String());
     EXPECT_EQ(title, QStringLiteral("Open TessaGroup"));
+}
+
+TEST(QtFileDialogs, TheKindsOfFilesAreShownInTheWordsOfTheFilter) {
+    const QTemporaryDir folder;
+    for (const char* name : {"a.htm", "b.html", "c", "d.txt"}) {
+        QFile file(QDir(folder.path()).filePath(QLatin1String(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    QStringList kinds, pages;
+    const auto listed = [](QFileDialog& dialog) {
+        const auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
+        QStringList names;
+        for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+            names << list->model()->index(row, 0, list->rootIndex()).data().toString();
+        return names;
+    };
+    OnModal<QFileDialog> user([&](QFileDialog& dialog) {
+        auto* kind = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        for (int i = 0; i < kind->count(); ++i) kinds << kind->itemText(i);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return listed(dialog).size() == 2; }));
+        pages = listed(dialog);
+        pages.sort();
+        QTest::keyClick(kind, Qt::Key_Down);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return listed(dialog).size() == 4; }));
+        dialog.reject();
+    });
+    (void)QtFileDialogs().ShowOpen(
+        {u"Open", folder.path().toStdU16String(), u"HTML Files (*.htm, *.html)|*.htm; *.html|All Files (*.*)|*.*"});
+    EXPECT_EQ(kinds, (QStringList{QStringLiteral("HTML Files (*.htm, *.html)"), QStringLiteral("All Files (*.*)")}));
+    EXPECT_EQ(pages, (QStringList{QStringLiteral("a.htm"), QStringLiteral("b.html")}));
 }
 
 TEST(QtFileDialogs, CancellingAnswersNothing) {
