@@ -19,6 +19,8 @@ public:
 
     FormState Form;
     Text Caption = u"Resize";
+    /// The family of its font; the desktop's usual font where that is missing.
+    Text Font = u"Tahoma";
     /// The captions are the steps, in pixels.
     std::array<Button, 8> cmdResize;
     Button cmdClose{u"&Close"};

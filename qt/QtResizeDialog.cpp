@@ -3,6 +3,7 @@
 #include "qt/Bind.h"
 #include "qt/QtText.h"
 
+#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QPushButton>
@@ -16,10 +17,19 @@ int StepWidth(const QPushButton& widest) {
     return widest.fontMetrics().horizontalAdvance(widest.text()) + 2 * widest.fontMetrics().averageCharWidth() + 12;
 }
 
+// Of the size that the desktop's usual font has.
+QFont DialogFont(const frmResize& form, QFont usual) {
+    const QString family = ToQt(form.Font);
+    // Asked for a family that is missing, Qt may find one that only looks similar.
+    if (QFontDatabase::hasFamily(family)) usual.setFamilies({family});
+    return usual;
+}
+
 } // namespace
 
 QtResizeDialog::QtResizeDialog(frmResize& form, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmResize"));
+    setFont(DialogFont(form, font()));
     setWindowTitle(ToQt(form.Caption));
     auto* rows = new QVBoxLayout(this);
     rows->addLayout(Steps(form));

@@ -32,6 +32,7 @@ TEST_F(frmResizeTest, HasTheStepsFromLeftToRight) {
     EXPECT_EQ(captions, "-100 -25 -10 -1 +1 +10 +25 +100 ");
     EXPECT_EQ(m_form.cmdClose.Caption(), u"&Close");
     EXPECT_EQ(m_form.Caption, u"Resize");
+    EXPECT_EQ(m_form.Font, u"Tahoma");
 }
 
 TEST_F(frmResizeTest, EachStepAddsItsCaptionsValueAtOnce) {
@@ -88,10 +89,19 @@ TEST_F(frmResizeTest, ClosingHidesTheFormAndKeepsTheWidth) {
 }
 
 TEST_F(frmResizeTest, WithoutItsBoxAStepDoesNothing) {
-    CommandBar empty;
-    frmResize form(empty);
-    form.cmdResize[0].Click();
-    EXPECT_TRUE(empty.Tools().empty());
+    CommandBar bar;
+    const auto* search = bar.Add(std::make_unique<ComboTool>(1, u"cboSearch"));
+    int layouts = 0;
+    bar.Attach({.BandsChanged = {}, .Popup = {}, .FocusTool = {}, .RecalcLayout = [&] { ++layouts; }});
+    frmResize form(bar);
+    form.ResizeAddress();
+    form.cmdResize[7].Click();
+    EXPECT_EQ(search->Width().value, 240) << "the other box is not meant";
+    EXPECT_EQ(layouts, 0);
+    form.ResizeSearch();
+    form.cmdResize[7].Click();
+    EXPECT_EQ(search->Width().value, 340);
+    EXPECT_EQ(layouts, 1);
 }
 
 } // namespace

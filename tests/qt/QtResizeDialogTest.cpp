@@ -4,9 +4,12 @@
 #include "qt/QtText.h"
 
 #include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -75,6 +78,23 @@ TEST_F(QtResizeDialogTest, AStepWorksWhileTheDialogIsOpen) {
         QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdClose")), Qt::LeftButton);
     });
     EXPECT_EQ(Width(), 275);
+}
+
+TEST_F(QtResizeDialogTest, IsInItsOwnFontOrWhereThatIsMissingInTheUsualOne) {
+    const QFont usual = QApplication::font();
+    m_form.Font = u"No Such Family";
+    EXPECT_EQ(QtResizeDialog(m_form).font().families(), usual.families());
+    const QStringList all = QFontDatabase::families();
+    const auto other = std::ranges::find_if(all, [&](const QString& each) {
+        return each != QFontInfo(usual).family() && QFontInfo(QFont(each)).family() == each;
+    });
+    ASSERT_NE(other, all.end());
+    const QString family = *other;
+    m_form.Font = FromQt(family);
+    QtResizeDialog dialog(m_form);
+    EXPECT_EQ(dialog.font().families(), QStringList{family});
+    EXPECT_EQ(dialog.font().pointSizeF(), usual.pointSizeF());
+    EXPECT_EQ(QFontInfo(Step(dialog, 0).font()).family(), family) << "its buttons too";
 }
 
 TEST_F(QtResizeDialogTest, TheKeyboardBeginsAtClose) {
