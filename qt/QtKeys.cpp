@@ -1,5 +1,7 @@
 #include "qt/QtKeys.h"
 
+#include "qt/QtKeyPlaces.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QWidget>
@@ -37,7 +39,7 @@ KeyStroke QtKeys::Of(const QKeyEvent& event) {
     if (held & Qt::ShiftModifier) shift += Keys::kShift;
     if (held & Qt::ControlModifier) shift += Keys::kCtrl;
     if (held & Qt::AltModifier) shift += Keys::kAlt;
-    return {CodeOf(event.key()), shift};
+    return {CodeOf(QtKeyPlaces::KeyOf(event)), shift};
 }
 
 QKeySequence QtKeys::Sequence(KeyStroke key) {

@@ -1,0 +1,85 @@
+#include "qt/QtKeys.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QTest>
+#include <QVBoxLayout>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+/// Something in the window that takes every key it gets.
+class Taker final : public QWidget {
+public:
+    Taker() { setFocusPolicy(Qt::StrongFocus); }
+    std::string seen;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { Note("down ", *event); }
+    void keyReleaseEvent(QKeyEvent* event) override { Note("up ", *event); }
+
+private:
+    void Note(const char* way, const QKeyEvent& event) {
+        if (event.key() != Qt::Key_Control) seen += way + QKeySequence(event.key()).toString().toStdString() + ";";
+    }
+};
+
+class QtKeysTest : public testing::Test {
+protected:
+    void SetUp() override {
+        auto* rows = new QVBoxLayout(&m_window);
+        m_taker = new Taker;
+        rows->addWidget(m_taker);
+        m_keys.Down = [this](KeyStroke key) { return Ask("down ", key); };
+        m_keys.Up = [this](KeyStroke key) { return Ask("up ", key); };
+        m_window.show();
+        m_window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+        m_taker->setFocus();
+    }
+
+    /// The program uses T, whatever is held, and no other key.
+    KeyUsed Ask(const char* way, KeyStroke key) {
+        m_asked += way + std::to_string(key.Shift) + static_cast<char>(key.KeyCode) + ";";
+        return key.KeyCode == 'T' ? KeyUsed::Yes : KeyUsed::No;
+    }
+
+    QWidget m_window;
+    Taker* m_taker = nullptr;
+    QtKeys m_keys{m_window};
+    std::string m_asked;
+};
+
+TEST_F(QtKeysTest, TheProgramIsAskedFirstAndWhatItUsesGoesNoFurther) {
+    QTest::keyClick(m_taker, Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(m_asked, "down 2T;up 2T;");
+    EXPECT_EQ(m_taker->seen, "");
+    QTest::keyClick(m_taker, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(m_asked, "down 2T;up 2T;down 2A;up 2A;");
+    EXPECT_EQ(m_taker->seen, "down A;up A;");
+}
+
+TEST_F(QtKeysTest, AKeyThatIsUsedOnOneWayOnlyGoesOnOnTheOther) {
+    m_keys.Up = {};
+    QTest::keyClick(m_taker, Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(m_taker->seen, "up T;");
+    m_keys.Up = [](KeyStroke) { return KeyUsed::Yes; };
+    m_keys.Down = {};
+    QTest::keyClick(m_taker, Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(m_taker->seen, "up T;down T;");
+}
+
+TEST_F(QtKeysTest, KeysOfAnotherWindowOrAnOpenMenuAreNotTheWindows) {
+    QWidget other;
+    other.show();
+    QTest::keyClick(&other, Qt::Key_T, Qt::ControlModifier);
+    QMenu menu;
+    menu.addAction(QStringLiteral("Entry"));
+    menu.popup({});
+    QTest::keyClick(&menu, Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(m_asked, "");
+}
+
+} // namespace
