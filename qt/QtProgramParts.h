@@ -18,6 +18,7 @@
 #include "qt/QtFolders.h"
 #include "qt/QtInstanceChannel.h"
 #include "qt/QtKeys.h"
+#include "qt/QtLatinKeys.h"
 #include "qt/QtLayoutFile.h"
 #include "qt/QtMainWindow.h"
 #include "qt/QtMediaKeys.h"
@@ -85,6 +86,7 @@ struct QtProgram::Parts {
     QtDownloads downloads;
     QtNotifications notifications;
     SitePermissions permissions{settings};
+    QtLatinKeys latinKeys;
     QtMiddleClick middleClick;
     QtMediaKeys mediaKeys;
     std::optional<QtDictionaries> dictionaries; ///< once the engine is to start

@@ -12,7 +12,7 @@ build_packages=("${program_packages[@]}" "${core_packages[@]}" libbenchmark-dev)
 run_packages=(qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)
 display_packages=(xvfb openbox xdotool imagemagick)
 format_packages=(clang-format git)
-test_packages=(dbus at-spi2-core python3 python3-pyatspi openssl)
+test_packages=(dbus at-spi2-core python3 python3-pyatspi openssl x11-xkb-utils)
 # What checks the package; debootstrap for the test that installs it in a system of its own.
 packaging_packages=(appstream desktop-file-utils dpkg-dev gzip lintian man-db python3 shared-mime-info)
 fresh_root_packages=(debootstrap)

@@ -56,6 +56,21 @@ def is_focused(node):
     return node.getState().contains(pyatspi.STATE_FOCUSED)
 
 
+def focused_box(program):
+    """The box that has the keyboard; nothing while none has."""
+    for node in walk(program.application()):
+        is_box = node.getRoleName() in ("combo box", "text") and "Text" in node.get_interfaces()
+        if is_box and is_focused(node):
+            return node
+    return None
+
+
+def text_of(node):
+    """The text in a box."""
+    content = node.queryText()
+    return content.getText(0, content.characterCount)
+
+
 class Program:
     """One start of the program. Use it in a `with`: it is ended at the end of the block if it still runs."""
 

@@ -6,23 +6,8 @@ import unittest
 import urllib.parse
 
 import desk
-import pyatspi
 
 PROGRAM = desk.program_file()
-
-
-def focused_box(program):
-    """The box that has the keyboard; nothing while none has."""
-    for node in desk.walk(program.application()):
-        is_box = node.getRoleName() in ("combo box", "text") and "Text" in node.get_interfaces()
-        if is_box and node.getState().contains(pyatspi.STATE_FOCUSED):
-            return node
-    return None
-
-
-def text_of(node):
-    content = node.queryText()
-    return content.getText(0, content.characterCount)
 
 
 def type_letters(words, shows):
@@ -57,11 +42,11 @@ class Search(unittest.TestCase):
             program.keys("alt+r", "ctrl+a", "Delete")
             try:
                 # Looked up once: whoever looks through the whole window for each letter takes his time.
-                box = desk.wait_until(lambda: focused_box(program), seconds=5)
-                desk.wait_until(lambda: text_of(box) == "", seconds=5)
+                box = desk.wait_until(lambda: desk.focused_box(program), seconds=5)
+                desk.wait_until(lambda: desk.text_of(box) == "", seconds=5)
                 # What was searched for before completes what is being typed.
-                type_letters(words, lambda typed: desk.is_focused(box) and text_of(box).startswith(typed))
-                desk.wait_until(lambda: text_of(box) == words, seconds=5)
+                type_letters(words, lambda typed: desk.is_focused(box) and desk.text_of(box).startswith(typed))
+                desk.wait_until(lambda: desk.text_of(box) == words, seconds=5)
             except desk.NeverTrue:
                 return False
             return True
