@@ -46,7 +46,7 @@ QMenu* QtBandMenus::For(const Text& band) {
     menu->installEventFilter(this);
     connect(menu, &QMenu::aboutToShow, this, [this, shown = menu.data(), band] { Fill(*shown, band); });
     connect(menu, &QMenu::aboutToHide, this, [this, hidden = menu.data()] {
-        if (m_bar.MouseOver) m_bar.MouseOver(nullptr);
+        m_actions.ReportNoPointer();
         if (hidden == m_entryPopup) HideAllBut(hidden);
     });
     return menu;
@@ -124,6 +124,9 @@ bool QtBandMenus::RunBehindMenus(std::function<void()> effect) {
 bool QtBandMenus::eventFilter(QObject* watched, QEvent* event) {
     const auto* menu = qobject_cast<QMenu*>(watched);
     if (!menu) return QObject::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseMove)
+        m_actions.ReportPointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+    if (event->type() == QEvent::Leave) m_actions.ReportNoPointer();
     // Entries in one column lie where they do whatever size the menu gets; laying out thousands anew takes long.
     if (event->type() == QEvent::Resize) return menu->actions().size() > kManyEntries;
     if (event->type() == QEvent::ContextMenu) {

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QToolBar>
 
@@ -88,7 +89,9 @@ bool QtCommandBar::eventFilter(QObject* watched, QEvent* event) {
     // The pictures are looked up when the window is on the screen: that takes longer than all the rest of it.
     if (event->type() == QEvent::Show && window) QTimer::singleShot(0, this, &QtCommandBar::ShowIcons);
     if (event->type() == QEvent::PaletteChange && window) ShowIcons();
-    if (event->type() == QEvent::Leave && !window && m_bar.MouseOver) m_bar.MouseOver(nullptr);
+    if (event->type() == QEvent::Leave && !window) m_actions.ReportNoPointer();
+    if (event->type() == QEvent::MouseMove && watched == m_window.menuBar())
+        m_actions.ReportPointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
     if (event->type() == QEvent::ContextMenu) return ShowToolBarsMenu(watched, static_cast<QContextMenuEvent&>(*event));
     return QObject::eventFilter(watched, event);
 }

@@ -6,6 +6,9 @@
 #include "qt/QtText.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPixmap>
 #include <algorithm>
 #include <span>
@@ -21,6 +24,14 @@ void Detach(Tool& tool) {
 }
 
 QIcon PictureOf(const Tool& tool) { return QtIcons::WithBadge(QtIcons::Of(tool.Image), tool.Badge()); }
+
+// A menu that has the mouse gets its moves wherever the pointer is, so the point itself is asked about.
+const QAction* ActionUnder(QPoint at) {
+    const QWidget* widget = QApplication::widgetAt(at);
+    if (const auto* menu = qobject_cast<const QMenu*>(widget)) return menu->actionAt(menu->mapFromGlobal(at));
+    const auto* menuBar = qobject_cast<const QMenuBar*>(widget);
+    return menuBar ? menuBar->actionAt(menuBar->mapFromGlobal(at)) : nullptr;
+}
 
 // Keeps the picture's room until it is looked up, so that the toolbars do not jump then.
 QIcon Placeholder(const Tool& tool) {
@@ -106,6 +117,19 @@ std::shared_ptr<Tool> QtToolActions::ToolOf(const QAction* action) const {
     const auto found =
         std::ranges::find_if(m_shown, [action](const auto& each) { return each.second.action == action; });
     return found == m_shown.end() ? nullptr : found->second.tool;
+}
+
+void QtToolActions::ReportPointer(QPoint at) {
+    const QAction* action = ActionUnder(at);
+    if (action == m_pointed) return;
+    m_pointed = action;
+    const auto tool = ToolOf(action);
+    if (m_bar.MouseOver) m_bar.MouseOver(tool.get());
+}
+
+void QtToolActions::ReportNoPointer() {
+    m_pointed = nullptr;
+    if (m_bar.MouseOver) m_bar.MouseOver(nullptr);
 }
 
 void QtToolActions::Prune() {

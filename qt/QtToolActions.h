@@ -2,6 +2,7 @@
 #include "common/CommandBar.h"
 
 #include <QObject>
+#include <QPoint>
 #include <memory>
 #include <unordered_map>
 
@@ -22,6 +23,11 @@ public:
     [[nodiscard]] QAction* Find(TextView name) const;
     /// The tool that an action shows; nothing for an action of someone else.
     [[nodiscard]] std::shared_ptr<Tool> ToolOf(const QAction* action) const;
+    /// Reports which tool of a menu or of the menu bar is at a point of the screen, whenever that is another one, or
+    /// none any more: an action tells only that the pointer comes.
+    void ReportPointer(QPoint at);
+    /// The pointer is on no menu any more.
+    void ReportNoPointer();
     /// Forgets the actions of tools that nobody else holds.
     void Prune();
     /// Looks all pictures up again, in the theme that is now chosen. Until it is first called there are none: looking
@@ -40,5 +46,6 @@ private:
 
     CommandBar& m_bar;
     std::unordered_map<const Tool*, Shown> m_shown;
+    const QAction* m_pointed = nullptr; ///< under the pointer; only to compare with
     bool m_icons = false;
 };

@@ -185,6 +185,28 @@ class Menus(unittest.TestCase):
         click(entry(self.program, "Load Videos"))
         wait_closed(self.program)
 
+    def test_the_status_bar_tells_of_the_tool_under_the_pointer_and_of_no_other(self):
+        def wait_status(text):
+            desk.wait_until(lambda: self.program.status() == text, 10, lambda: f"{self.program.status()!r}, not {text!r}")
+
+        def point_beside(node):
+            x, y = middle(node)
+            subprocess.run(["xdotool", "mousemove", str(x + 450), str(y)], check=True)
+
+        click(title(self.program, "View"))
+        source = entry(self.program, "Source")
+        for _ in range(2):
+            point(source)
+            wait_status("Shows the source of the current page")
+            point_beside(source)
+            wait_status("")
+        press("Escape", "Escape")
+        wait_closed(self.program)
+        point(title(self.program, "Go"))
+        wait_status("Go to other pages and tabs")
+        point_beside(title(self.program, "Help"))
+        wait_status("")
+
     def test_a_tab_has_a_menu_of_its_own(self):
         self.program.keys("ctrl+t")
         self.program.wait_strip(["about:blank", "[about:blank]"])

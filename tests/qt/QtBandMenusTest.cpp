@@ -121,6 +121,38 @@ TEST_F(QtBandMenusTest, TheEntryUnderThePointerIsReportedUntilTheMenuCloses) {
     EXPECT_EQ(pointed, "");
 }
 
+TEST_F(QtBandMenusTest, WhereThePointerIsOnNoEntryOfAnOpenMenuNoneIsReported) {
+    bar.FindBand(u"bndFileMenu")->SetGroup(1, BeginGroup::Yes);
+    QMenu& menu = MenuAt(0);
+    menu.popup(window.mapToGlobal(QPoint(200, 150)));
+    const QRect first = menu.actionGeometry(menu.actions().constFirst());
+    QTest::mouseMove(&menu, first.center());
+    EXPECT_EQ(pointed, "mnuRefresh");
+    ASSERT_TRUE(menu.actions().at(1)->isSeparator());
+    QTest::mouseMove(&menu, menu.actionGeometry(menu.actions().at(1)).center());
+    EXPECT_EQ(pointed, "") << "a separator";
+    QTest::mouseMove(&menu, first.center());
+    EXPECT_EQ(pointed, "mnuRefresh");
+    QTest::mouseMove(&window, QPoint(600, 350));
+    EXPECT_EQ(pointed, "") << "outside the menu";
+    QTest::mouseMove(&menu, first.center());
+    EXPECT_EQ(pointed, "mnuRefresh");
+    menu.close();
+}
+
+TEST_F(QtBandMenusTest, OnTheFreePartOfABarNoToolIsReported) {
+    QMenuBar& menuBar = *window.menuBar();
+    QTest::mouseMove(&menuBar, menuBar.actionGeometry(menuBar.actions().constFirst()).center());
+    EXPECT_EQ(pointed, "mnuFile");
+    QTest::mouseMove(&menuBar, QPoint(menuBar.width() - 2, menuBar.height() / 2));
+    EXPECT_EQ(pointed, "");
+    QToolButton& button = Button(u"bndGo", u"mnuRefresh");
+    QTest::mouseMove(&button, button.rect().center());
+    EXPECT_EQ(pointed, "mnuRefresh");
+    QTest::mouseMove(&ToolBarOf(u"bndGo"), QPoint(1, 1));
+    EXPECT_EQ(pointed, "");
+}
+
 TEST_F(QtBandMenusTest, MenusShowTheFirstCombinationOfATool) {
     MenuAt(0).popup({});
     EXPECT_EQ(MenuAt(0).actions().constFirst()->shortcut(), QKeySequence(Qt::Key_F5));
