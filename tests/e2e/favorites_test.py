@@ -25,6 +25,12 @@ BOOKMARKS = """<!DOCTYPE NETSCAPE-Bookmark-file-1>
 </DL><p>
 """
 
+REPAIR = """You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.
+
+TessaView can make some changes to the system registry to allow you to add Favorites.
+
+Would you like TessaView to make these changes?"""
+
 
 def add(folder, name, address):
     os.makedirs(folder, exist_ok=True)
@@ -96,6 +102,28 @@ class FavoritesMenu(unittest.TestCase):
                 program.keys("alt+a")
                 desk.click(program.find("menu item", "Garden"), button=2)
                 program.wait_strip(["Garden", "[Garden]"])
+
+    def test_where_no_favorites_can_be_added_they_are_repaired_if_the_user_agrees(self):
+        home = desk.state_folder()
+        favorites = os.path.join(home, "Favorites")
+        with open(favorites, "w", encoding="utf-8") as file:
+            file.write("in the way")
+        with desk.PageServer() as pages:
+            with desk.Program(PROGRAM, pages.address("Garden"), home=home) as program:
+                program.wait_strip(["[Garden]"])
+                for refusal in ("Cancel", "No"):
+                    program.keys("ctrl+d")
+                    program.answer(REPAIR, refusal)
+                    self.assertTrue(os.path.isfile(favorites))
+                program.keys("ctrl+d")
+                program.answer(REPAIR, "Yes")
+                words = 'The Favorites folder was made. What lay in its place is now called "Favorites set aside".'
+                desk.wait_until(lambda: program.status() == words, what=program.status)
+                program.keys("ctrl+d")
+                program.find("dialog", "Add to Favorites")
+                desk.xdotool("key", "Return")
+                file = os.path.join(favorites, "Garden.url")
+                desk.wait_until(lambda: os.path.exists(file), what="no shortcut was written")
 
     def test_bookmarks_of_another_browser_come_in_with_their_folders(self):
         home = desk.state_folder()
