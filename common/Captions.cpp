@@ -17,8 +17,8 @@ constexpr bool TurnsWriting(char16_t unit) {
 
 Text OneLine(TextView text) {
     Text line(text);
-    for (char16_t& unit : line) {
-        if (IsControl(unit) || TurnsWriting(unit)) unit = kReplacementUnit;
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        if (IsControl(text[at]) || TurnsWriting(text[at]) || IsUnpaired(text, at)) line[at] = kReplacementUnit;
     }
     return line;
 }

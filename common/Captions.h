@@ -3,8 +3,8 @@
 
 // How names that come from outside, as of files, are shown. A file may have any name.
 
-/// The text as one line that reads in its written order: control characters and those that turn the direction of
-/// writing become U+FFFD.
+/// The text as one line that reads in its written order: control characters, those that turn the direction of writing,
+/// and the bytes of a name that are no text become U+FFFD.
 [[nodiscard]] Text OneLine(TextView text);
 
 /// A tool's caption that reads as that text; a "&" in it is no access key.

@@ -32,6 +32,29 @@ constexpr Sequence SequenceOf(unsigned char first) {
 
 bool IsSurrogate(char32_t point) { return point >= 0xD800 && point <= 0xDFFF; }
 
+struct Utf8Character {
+    char32_t point;
+    std::size_t length; ///< in bytes; 0 where no valid character begins
+};
+
+Utf8Character FirstUtf8Character(std::string_view bytes) {
+    const Sequence sequence = SequenceOf(static_cast<unsigned char>(bytes.front()));
+    if (sequence.length == 0 || sequence.length > bytes.size()) return {0, 0};
+    char32_t point = sequence.firstBits;
+    for (std::size_t i = 1; i < sequence.length; ++i) {
+        const auto next = static_cast<unsigned char>(bytes[i]);
+        if ((next & 0xC0) != 0x80) return {0, 0};
+        point = (point << 6) | (next & 0x3FU);
+    }
+    if (point < sequence.smallest || point > 0x10FFFF || IsSurrogate(point)) return {0, 0};
+    return {point, sequence.length};
+}
+
+// A byte of a path that is no text, as PathFromBytes keeps it.
+constexpr char32_t kFirstKeptByte = 0xDC80, kLastKeptByte = 0xDCFF;
+
+bool IsKeptByte(char32_t unit) { return unit >= kFirstKeptByte && unit <= kLastKeptByte; }
+
 void AppendUtf16(Text& text, char32_t point) {
     if (point < 0x10000) {
         text.push_back(static_cast<char16_t>(point));
@@ -61,23 +84,29 @@ void AppendUtf8(std::string& bytes, char32_t point) {
     }
 }
 
+bool IsHighSurrogateUnit(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
+bool IsLowSurrogateUnit(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
+
+// Appends the character at that place, U+FFFD for half a one. How many units it has.
+std::size_t AppendCharacter(std::string& bytes, TextView text, std::size_t at) {
+    const bool pair = IsHighSurrogateUnit(text[at]) && at + 1 < text.size() && IsLowSurrogateUnit(text[at + 1]);
+    if (pair)
+        AppendUtf8(bytes, 0x10000 + ((text[at] - 0xD800U) << 10) + (text[at + 1] - 0xDC00U));
+    else
+        AppendUtf8(bytes, IsSurrogate(text[at]) ? kReplacement : text[at]);
+    return pair ? 2 : 1;
+}
+
 } // namespace
 
 std::optional<Text> FromUtf8(std::string_view bytes) {
     Text text;
     text.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size();) {
-        const Sequence sequence = SequenceOf(static_cast<unsigned char>(bytes[at]));
-        if (sequence.length == 0 || at + sequence.length > bytes.size()) return std::nullopt;
-        char32_t point = sequence.firstBits;
-        for (std::size_t i = 1; i < sequence.length; ++i) {
-            const auto next = static_cast<unsigned char>(bytes[at + i]);
-            if ((next & 0xC0) != 0x80) return std::nullopt;
-            point = (point << 6) | (next & 0x3FU);
-        }
-        if (point < sequence.smallest || point > 0x10FFFF || IsSurrogate(point)) return std::nullopt;
-        AppendUtf16(text, point);
-        at += sequence.length;
+    while (!bytes.empty()) {
+        const Utf8Character first = FirstUtf8Character(bytes);
+        if (first.length == 0) return std::nullopt;
+        AppendUtf16(text, first.point);
+        bytes.remove_prefix(first.length);
     }
     return text;
 }
@@ -90,18 +119,61 @@ Text FromBytes(std::string_view bytes) {
     return text;
 }
 
+Text FromFirstBytes(std::string_view bytes, std::size_t most) {
+    const std::string_view first = bytes.substr(0, most);
+    if (auto text = FromUtf8(first)) return *std::move(text);
+    // A character that the cut goes through begins at most three bytes before it.
+    for (std::size_t back = 1; back <= 3 && back <= first.size(); ++back) {
+        const std::size_t end = first.size() - back;
+        const bool cut = FirstUtf8Character(bytes.substr(end)).length > back;
+        auto text = cut ? FromUtf8(first.substr(0, end)) : std::nullopt;
+        if (text) return *std::move(text);
+    }
+    return FromBytes(first);
+}
+
 std::string ToUtf8(TextView text) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        char32_t point = text[at];
-        if (IsSurrogate(point)) {
-            const bool pair = point < 0xDC00 && at + 1 < text.size() && (text[at + 1] & 0xFC00) == 0xDC00;
-            point = pair ? 0x10000 + ((point - 0xD800) << 10) + (text[++at] - 0xDC00U) : kReplacement;
-        }
-        AppendUtf8(bytes, point);
+    for (std::size_t at = 0; at < text.size(); ++at) at += AppendCharacter(bytes, text, at) - 1;
+    return bytes;
+}
+
+Text PathFromBytes(std::string_view bytes) {
+    Text path;
+    path.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const Utf8Character first = FirstUtf8Character(bytes);
+        if (first.length > 0)
+            AppendUtf16(path, first.point);
+        else
+            path.push_back(static_cast<char16_t>(0xDC00 + static_cast<unsigned char>(bytes.front())));
+        bytes.remove_prefix(std::max<std::size_t>(first.length, 1));
+    }
+    return path;
+}
+
+std::string PathToBytes(TextView path) {
+    std::string bytes;
+    bytes.reserve(path.size());
+    for (std::size_t at = 0; at < path.size();) {
+        if (IsKeptByte(path[at]) && IsUnpaired(path, at))
+            bytes.push_back(static_cast<char>(path[at++] & 0xFF));
+        else
+            at += AppendCharacter(bytes, path, at);
     }
     return bytes;
+}
+
+bool IsUnpaired(TextView text, std::size_t at) {
+    if (IsHighSurrogateUnit(text[at])) return at + 1 == text.size() || !IsLowSurrogateUnit(text[at + 1]);
+    return IsLowSurrogateUnit(text[at]) && (at == 0 || !IsHighSurrogateUnit(text[at - 1]));
+}
+
+TextView FirstUnits(TextView text, std::size_t most) {
+    if (text.size() <= most) return text;
+    const bool halves = most > 0 && IsHighSurrogateUnit(text[most - 1]) && IsLowSurrogateUnit(text[most]);
+    return text.substr(0, halves ? most - 1 : most);
 }
 
 Text Decimal(std::int64_t number) {

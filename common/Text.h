@@ -17,8 +17,23 @@ using TextView = std::u16string_view;
 /// The bytes of valid UTF-8 as text; nothing when they are not valid UTF-8.
 [[nodiscard]] std::optional<Text> FromUtf8(std::string_view bytes);
 
+/// The first `most` bytes, read like `FromBytes`. A character of UTF-8 that does not fit is left out whole.
+[[nodiscard]] Text FromFirstBytes(std::string_view bytes, std::size_t most);
+
 /// The text as UTF-8. An unpaired surrogate becomes U+FFFD.
 [[nodiscard]] std::string ToUtf8(TextView text);
+
+/// A path, or the name of a file, as text. The disk takes names that are not valid UTF-8; a byte of theirs that belongs
+/// to no character becomes an unpaired surrogate, U+DC00 and the byte, so that `PathToBytes` brings the same name back.
+/// `OneLine` shows it as U+FFFD.
+[[nodiscard]] Text PathFromBytes(std::string_view bytes);
+/// The bytes that name a file on disk. Of what `PathFromBytes` gave, the bytes it was given; else like `ToUtf8`.
+[[nodiscard]] std::string PathToBytes(TextView path);
+
+/// Whether the unit at that place is a surrogate without its other half.
+[[nodiscard]] bool IsUnpaired(TextView text, std::size_t at);
+/// The first `most` units, or one less where the cut would go through a character of two.
+[[nodiscard]] TextView FirstUnits(TextView text, std::size_t most);
 
 /// A whole number in decimal, without leading zeros.
 [[nodiscard]] Text Decimal(std::int64_t number);

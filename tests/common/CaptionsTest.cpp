@@ -14,6 +14,10 @@ TEST(Captions, OneLineKeepsForeignWritingButNotMarksThatTurnIt) {
     EXPECT_EQ(OneLine(u"a\u202Egvt.b\u200F\u2066"), u"a\uFFFDgvt.b\uFFFD\uFFFD");
 }
 
+TEST(Captions, OneLineMarksWhatIsNoTextInTheNameOfAFile) {
+    EXPECT_EQ(OneLine(PathFromBytes("b\xFC-\xF0\x9F\x98\x80\xE2\x82.tvg")), u"b\uFFFD-\U0001F600\uFFFD\uFFFD.tvg");
+}
+
 TEST(Captions, AMenuCaptionHasNoAccessKeyOfTheNames) { EXPECT_EQ(MenuCaption(u"R&D && x\t"), u"R&&D &&&& x\uFFFD"); }
 
 } // namespace
