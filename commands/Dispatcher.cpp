@@ -2,7 +2,7 @@
 
 #include "commands/CommandTable.h"
 #include "commands/Endpoints.h"
-#include "commands/RuntimeIds.h"
+#include "common/RuntimeIds.h"
 
 #include <algorithm>
 

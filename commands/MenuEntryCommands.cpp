@@ -1,8 +1,8 @@
 #include "commands/MenuEntryCommands.h"
 
-#include "commands/RuntimeIds.h"
 #include "common/AtomicFile.h"
 #include "common/Captions.h"
+#include "common/RuntimeIds.h"
 #include "favorites/Favorites.h"
 #include "groups/TessaGroups.h"
 

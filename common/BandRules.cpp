@@ -1,11 +1,12 @@
 #include "common/BandRules.h"
 
+#include "common/RuntimeIds.h"
+
 #include <algorithm>
 #include <set>
 
 namespace {
 
-constexpr std::int32_t kFirstRunTimeId = 50000;
 constexpr std::size_t kLongestCaption = 60;
 
 /// Whether the menu named `from` opens the band, itself or through its sub-menus.
@@ -30,7 +31,7 @@ bool MayList(const CommandBar& bar, const Band& band, const Tool& tool) {
     return !Reaches(bar, tool.SubBand, band, seen);
 }
 
-bool IsRunTime(const Tool& tool) { return tool.Id() < 0 || tool.Id() >= kFirstRunTimeId; }
+bool IsRunTime(const Tool& tool) { return tool.Id() < 0 || tool.Id() >= RuntimeIds::kFavorites.First; }
 
 void Mend(CommandBar& bar) {
     std::set<const Tool*> boxes;

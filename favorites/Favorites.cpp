@@ -4,6 +4,7 @@
 #include "common/Captions.h"
 #include "common/Folder.h"
 #include "common/IniFile.h"
+#include "common/RuntimeIds.h"
 
 namespace {
 
@@ -14,9 +15,7 @@ constexpr std::size_t kValueSize = 512;
 constexpr std::size_t kLargestShortcut = std::size_t{1} << 20;
 
 constexpr std::size_t kLongestCaption = 45;
-constexpr std::int32_t kFirstShortcut = 50000;
 constexpr std::int32_t kFirstFolder = 100000;
-constexpr std::int32_t kFolderId = -1;
 
 Text CutToCaption(TextView title) {
     return title.size() > kLongestCaption ? Text(title.substr(0, kLongestCaption)) + u"..." : Text(title);
@@ -49,14 +48,13 @@ TextView TitleOf(TextView fileName) { return fileName.substr(0, fileName.size() 
 
 void Menu::ScanFolder(TextView folder, Band& band, BeginGroup& first) {
     if (m_folders == 0) m_folders = kFirstFolder;
-    if (m_shortcuts == 0) m_shortcuts = kFirstShortcut;
     const Listing listing = List(folder);
     for (const CKeyValue& each : listing.Folders) AddFolder(band, each, first);
     for (const CKeyValue& each : listing.Shortcuts) AddShortcut(band, each);
 }
 
 void Menu::AddFolder(Band& band, const CKeyValue& folder, BeginGroup& first) {
-    Tool* tool = band.Add(kFolderId, u"", std::exchange(first, BeginGroup::No));
+    Tool* tool = band.Add(RuntimeIds::kFolder, u"", std::exchange(first, BeginGroup::No));
     tool->Caption = MenuCaption(folder.Key);
     tool->Image = FolderPicture;
     tool->Description = folder.Value;
@@ -67,11 +65,10 @@ void Menu::AddFolder(Band& band, const CKeyValue& folder, BeginGroup& first) {
 }
 
 void Menu::AddShortcut(Band& band, const CKeyValue& shortcut) {
-    Tool* tool = band.Add(m_shortcuts, shortcut.Value);
+    Tool* tool = band.Add(RuntimeIds::Take(RuntimeIds::kFavorites, m_nextShortcut), shortcut.Value);
     tool->Caption = MenuCaption(CutToCaption(TitleOf(shortcut.Key)));
     tool->Description = shortcut.Value;
     tool->Image = LinkPicture;
-    ++m_shortcuts;
 }
 
 } // namespace Favorites

@@ -27,7 +27,8 @@ struct Listing {
 /// What a shortcut is called: its file's name without the ending.
 [[nodiscard]] TextView TitleOf(TextView fileName);
 
-/// Makes menu entries of Favorites. The ids that it gives are never given again, so it lives as long as the program.
+/// Makes menu entries of Favorites. Their ids count on from one rebuild to the next, so it lives as long as the
+/// program.
 class Menu {
 public:
     /// The bar outlives this object.
@@ -45,8 +46,8 @@ private:
     void AddShortcut(Band& band, const CKeyValue& shortcut);
 
     CommandBar& m_actBar;
-    std::int32_t m_folders = 0;   ///< how far folders are counted; no tool gets this number
-    std::int32_t m_shortcuts = 0; ///< the next shortcut's id
+    std::int32_t m_folders = 0;      ///< how far folders are counted; no tool gets this number
+    std::int32_t m_nextShortcut = 0; ///< the next shortcut's id
 };
 
 } // namespace Favorites

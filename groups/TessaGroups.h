@@ -60,8 +60,8 @@ Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, Me
 /// Deletes a group's file for good.
 Outcome Delete(TextView path);
 
-/// Adds an entry for each group of the folder to a band, behind what it has: ids count on from `nextId`, which the
-/// caller keeps for the whole run and which is 0 before the first use; the description is the file's full path.
+/// Adds an entry for each group of the folder to a band, behind what it has. `nextId` is the caller's to keep for the
+/// whole run, 0 before the first use; the description is the file's full path.
 void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId);
 
 } // namespace TessaGroups

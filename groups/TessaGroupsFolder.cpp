@@ -1,17 +1,15 @@
 #include "common/Captions.h"
 #include "common/Folder.h"
+#include "common/RuntimeIds.h"
 #include "groups/TessaGroups.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <limits>
 #include <string>
 #include <system_error>
 #include <utility>
 
 namespace {
-
-constexpr std::int32_t kFirstId = 150000;
 
 // The folder is asked with a pattern, and patterns do not tell upper from lower case.
 bool IsGroupName(std::string_view name) {
@@ -51,17 +49,14 @@ Outcome Delete(TextView path) {
 
 void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId) {
     constexpr TextView kMark = u"555-";
-    if (nextId == 0) nextId = kFirstId;
     if (band.Caption().starts_with(kMark)) band.Caption = band.Caption().substr(kMark.size());
     auto first = BeginGroup::Yes;
     for (const auto& [name, path] : List(folder)) {
-        auto tool = std::make_shared<Tool>(nextId, u"zzx" + name, MenuCaption(name));
+        auto tool =
+            std::make_shared<Tool>(RuntimeIds::Take(RuntimeIds::kGroups, nextId), u"zzx" + name, MenuCaption(name));
         tool->Description = path;
         tool->Image = TessaGroupsPicture;
         band.Append(std::move(tool), std::exchange(first, BeginGroup::No));
-        // The numbers end here, and with them the list.
-        if (nextId == std::numeric_limits<std::int32_t>::max()) return;
-        ++nextId;
     }
 }
 

@@ -276,7 +276,7 @@ TEST_F(RuntimeMenusTest, TheDeleteKeyIsForGroupsAlone) {
 TEST_F(RuntimeMenusTest, OtherEntriesPopUpNothing) {
     EXPECT_EQ(PopupOf(*m_bar.Find(u"mnuAddToFavorites")), "");
     EXPECT_EQ(PopupOf(*m_bar.Find(u"mnuFile")), "");
-    EXPECT_EQ(PopupOf(Tool(100000, u"http://a/")), "") << "links that were counted out of their range are none";
+    EXPECT_EQ(PopupOf(Tool(100000, u"http://a/")), "") << "of no kind";
 }
 
 TEST_F(RuntimeMenusTest, AShortcutNamedLikeAShopLinkIsOne_Deliberate) {
@@ -298,6 +298,41 @@ TEST_F(RuntimeMenusTest, GroupsStandBehindTheFixedEntriesWithASeparatorBeforeThe
     m_desk.main.Commands.groupsMenuStale = true;
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"),
               std::string(kFixedGroups) + ", | 150003 Alpha, 150004 alpha, 150005 beta, 150006 new");
+}
+
+TEST_F(RuntimeMenusTest, NoNumberLeavesItsRangeHoweverOftenABigFolderIsRebuilt) {
+    constexpr int kMany = 10'000;
+    for (int i = 0; i < kMany; ++i) m_favorites.Write(std::to_string(i) + ".url", "");
+    FavoriteFolder("deep");
+    Favorite("deep/a", "http://a/");
+    for (int round = 0; round < 7; ++round) {
+        m_desk.main.Commands.favoritesMenuStale = true;
+        m_bar.OpenBand(*m_bar.FindBand(u"bndFavorites"));
+        std::set<std::int32_t> ids;
+        for (const BandEntry& entry : m_bar.FindBand(u"bndFavorites")->Entries()) ids.insert(entry.Item->Id());
+        ids.erase(ids.begin(), ids.lower_bound(1000)); // those of the two commands and the folder
+        ASSERT_EQ(ids.size(), std::size_t{kMany}) << "each once, in round " << round;
+        OpenedFolder("deep");
+        EXPECT_TRUE(ids.insert(Entry(u"zzz" + m_favorites.PathText("deep"), 0).Id()).second);
+        EXPECT_GE(*ids.begin(), 50000);
+        EXPECT_LE(*ids.rbegin(), 99999);
+        m_bar.UserClick(Entry(u"zzz" + m_favorites.PathText("deep"), 0));
+        EXPECT_EQ(m_desk.views.Calls(1), "go http://a/") << "in round " << round;
+    }
+}
+
+TEST_F(RuntimeMenusTest, AGroupWithTheLastNumberIsAGroupAndTheNextHasTheFirst) {
+    for (const char* name : {"a", "b", "c"}) Group(name);
+    for (int i = 0; i < 16'666; ++i) {
+        m_desk.main.Commands.groupsMenuStale = true;
+        m_bar.OpenBand(*m_bar.FindBand(u"bndTessaGroupsMenu"));
+    }
+    m_desk.main.Commands.groupsMenuStale = true;
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 199998 a, 199999 b, 150000 c");
+    for (int i = 0; i < 3; ++i) {
+        m_bar.UserClick(Entry(u"bndTessaGroupsMenu", 3U + static_cast<std::size_t>(i)));
+        EXPECT_EQ(m_desk.views.Calls(2 + i), "go about:blank, go http://1/");
+    }
 }
 
 TEST_F(RuntimeMenusTest, AChangeOnDiskMakesTheMenuThatShowsItStale) {
