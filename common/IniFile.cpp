@@ -11,6 +11,10 @@ namespace {
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 constexpr std::size_t kMostBytes = std::size_t{64} << 20;
+/// Of a value, in bytes.
+constexpr std::size_t kMostOfAValue = 511;
+/// Enough to see the whole of a character that the end goes through.
+constexpr std::size_t kLookAhead = 3;
 
 constexpr bool IsBlank(char byte) { return byte == ' ' || byte == '\t' || byte == '\v'; }
 
@@ -260,4 +264,13 @@ bool WritePrivateProfileString(const std::string& path, std::optional<std::strin
     const std::string after = file.Bytes();
     if (bytes ? after == *bytes && IsWritable(path) : after.empty()) return true;
     return WriteWholeFile(path, after) == Outcome::Done;
+}
+
+Text ReadIniValue(const IniFile& file, std::string_view section, std::string_view key, TextView whenMissing) {
+    return FromFirstBytes(file.Value(section, key, ToUtf8(whenMissing), kMostOfAValue + kLookAhead + 1), kMostOfAValue);
+}
+
+Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMissing) {
+    const IniFile file(ReadWholeFile(PathToBytes(path), kMostBytes).value_or(std::string()));
+    return ReadIniValue(file, ToUtf8(section), ToUtf8(key), whenMissing);
 }

@@ -1,4 +1,6 @@
 #pragma once
+#include "common/Text.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -77,3 +79,10 @@ private:
 [[nodiscard]] bool WritePrivateProfileString(const std::string& path, std::optional<std::string_view> section,
                                              std::optional<std::string_view> key,
                                              std::optional<std::string_view> value);
+
+/// One value of an INI file as the parts of the program read it: at most 511 bytes of it as text, without a character
+/// that the end goes through. Of what is not there, `whenMissing` without blanks at its end.
+[[nodiscard]] Text ReadIniValue(const IniFile& file, std::string_view section, std::string_view key,
+                                TextView whenMissing);
+/// The same of the file of that path.
+[[nodiscard]] Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMissing);

@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::string_view kSection = "InternetShortcut";
 constexpr std::string_view kKey = "URL";
-constexpr std::size_t kValueSize = 512;
 /// No shortcut is longer; of a file that is, the beginning is read.
 constexpr std::size_t kLargestShortcut = std::size_t{1} << 20;
 
@@ -18,7 +17,7 @@ constexpr std::size_t kLongestCaption = 45;
 constexpr std::int32_t kFirstFolder = 100000;
 
 Text CutToCaption(TextView title) {
-    return title.size() > kLongestCaption ? Text(title.substr(0, kLongestCaption)) + u"..." : Text(title);
+    return title.size() > kLongestCaption ? Text(FirstUnits(title, kLongestCaption)) + u"..." : Text(title);
 }
 
 } // namespace
@@ -27,7 +26,7 @@ namespace Favorites {
 
 Text ReadAddress(const std::string& path) {
     const IniFile file(ReadWholeFile(path, kLargestShortcut).value_or(std::string()));
-    return FromBytes(file.Value(kSection, kKey, "", kValueSize));
+    return ReadIniValue(file, kSection, kKey, u"");
 }
 
 Listing List(TextView folder) {

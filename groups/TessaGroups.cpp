@@ -1,7 +1,6 @@
 #include "groups/TessaGroups.h"
 
 #include "common/AtomicFile.h"
-#include "common/IniFile.h"
 #include "common/TabStrip.h"
 
 #include <filesystem>
@@ -10,7 +9,6 @@
 namespace {
 
 constexpr std::string_view kSection = "TessaGroup";
-constexpr std::size_t kValueSize = 512;
 constexpr std::size_t kKeyListSize = 16384;
 /// Far more than a group can hold that is read whole.
 constexpr std::size_t kLargestGroup = std::size_t{64} << 20;
@@ -62,11 +60,6 @@ bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser) {
 
 namespace TessaGroups {
 
-Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMissing) {
-    return FromBytes(
-        GetPrivateProfileString(ToUtf8(path), ToUtf8(section), ToUtf8(key), ToUtf8(whenMissing), kValueSize));
-}
-
 CStrings Load(TextView path) {
     CStrings addresses;
     const IniFile file(ReadWholeFile(ToUtf8(path), kLargestGroup).value_or(std::string()));
@@ -74,7 +67,7 @@ CStrings Load(TextView path) {
     // A name that was cut off has no NUL behind it and is dropped.
     std::size_t begin = 0;
     for (std::size_t end = keys.find('\0'); end != std::string::npos; end = keys.find('\0', begin)) {
-        addresses.Add(FromBytes(file.Value(kSection, keys.substr(begin, end - begin), "", kValueSize)));
+        addresses.Add(ReadIniValue(file, kSection, keys.substr(begin, end - begin), u""));
         begin = end + 1;
     }
     return addresses;

@@ -1,6 +1,7 @@
 #pragma once
 #include "common/CKeyValues.h"
 #include "common/CommandBar.h"
+#include "common/IniFile.h"
 #include "common/platform/Dialogs.h"
 #include "tabs/ViewArray.h"
 
@@ -17,8 +18,7 @@ inline constexpr TextView kExtension = u".tvg";
 /// For a file dialog that asks for a group.
 inline constexpr TextView kFileFilter = u"TessaGroup File (*.tvg)|*.tvg";
 
-/// The value of a key of an INI file, at most 511 bytes of it.
-[[nodiscard]] Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMissing);
+using ::ReadIniValue;
 
 /// The addresses of a group file in the order of its keys, whatever the keys are; empty ones stay. Empty when the
 /// file or its section cannot be read. Keys beyond 16382 bytes of names are left out, and so is what stands behind the

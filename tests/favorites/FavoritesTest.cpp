@@ -58,6 +58,15 @@ TEST_F(FavoritesTest, ALongTitleIsCutTo45CharactersAndDots) {
     EXPECT_EQ(Scanned(), "50001 " + std::string(45, 'x') + " http://a/");
 }
 
+TEST_F(FavoritesTest, TheCutOfATitleHalvesNoCharacter) {
+    const std::string before(44, 'x');
+    Put(before + "\xF0\x9F\x98\x80.url");
+    EXPECT_EQ(Scanned(), "50000 " + before + "... http://a/");
+    fs::remove(m_folder.Path(before + "\xF0\x9F\x98\x80.url"));
+    Put(before.substr(1) + "\xF0\x9F\x98\x80.url");
+    EXPECT_EQ(Scanned(), "50001 " + before.substr(1) + "\xF0\x9F\x98\x80 http://a/");
+}
+
 TEST_F(FavoritesTest, OtherFilesAreNotListed) {
     m_folder.Write("notes.txt", "x");
     m_folder.Write("url", "x");
@@ -196,6 +205,8 @@ TEST_F(FavoritesTest, ReadsFilesOfTheOtherDesktopAsTheyAre) {
 TEST_F(FavoritesTest, AnAddressIsCutAt511BytesAndAHugeFileIsReadInPart) {
     m_folder.Write("long.url", Shortcut(std::string(600, 'a')));
     EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("long.url")).size(), 511U);
+    m_folder.Write("cut.url", Shortcut("b\xC3\xBC/" + std::string(505, 'x') + "\xE2\x82\xAC/"));
+    EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("cut.url")), u"b\u00FC/" + Text(505, u'x')) << "no half character";
     m_folder.Write("value.url", Shortcut(std::string(3U << 20, 'a')));
     EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("value.url")).size(), 511U);
     Put("huge.url", "http://huge/");

@@ -104,11 +104,29 @@ TEST(TessaGroups, TextIsUtf8WhenItIsValidElseWindows1252) {
     EXPECT_EQ(Loaded(folder, "\xEF\xBB\xBF[TessaGroup]\r\nurl1=a\r\n"), "<a>");
 }
 
+TEST(TessaGroups, TheCutLosesOneCharacterNotTheMeaningOfTheOthers) {
+    const TemporaryFolder folder;
+    // 509 bytes stand before the euro sign, whose third byte is the 512th.
+    const std::string before = "b\xC3\xBC/" + std::string(505, 'x');
+    EXPECT_EQ(Loaded(folder, "[TessaGroup]\r\nurl1=" + before + "\xE2\x82\xACyz\r\n"), "<" + before + ">");
+    EXPECT_EQ(Loaded(folder, "[TessaGroup]\r\nurl1=" + before + "\xC3\xA4\r\n"), "<" + before + "\xC3\xA4>")
+        << "a character that ends at the last byte is kept";
+    const std::string latin = "caf\xE9" + std::string(506, 'x') + "\xE9";
+    EXPECT_EQ(Loaded(folder, "[TessaGroup]\r\nurl1=" + latin + "yz\r\n"),
+              "<caf\xC3\xA9" + std::string(506, 'x') + "\xC3\xA9>")
+        << "what is no UTF-8 is cut between two characters always";
+}
+
 TEST(TessaGroups, ReadsOneValueOfAnyIniFile) {
     const TemporaryFolder folder;
     folder.Write("x.url", "[InternetShortcut]\r\nURL=http://a/\r\n");
     EXPECT_EQ(TessaGroups::ReadIniValue(folder.PathText("x.url"), u"InternetShortcut", u"url", u""), u"http://a/");
     EXPECT_EQ(TessaGroups::ReadIniValue(folder.PathText("x.url"), u"InternetShortcut", u"no", u"d "), u"d");
+    const Text path = PathFromBytes(folder.Write("b\xFC.url", "[InternetShortcut]\r\nURL=http://b/\r\n"));
+    EXPECT_EQ(TessaGroups::ReadIniValue(path, u"InternetShortcut", u"URL", u""), u"http://b/");
+    EXPECT_EQ(TessaGroups::ReadIniValue(u"/nowhere.url", u"InternetShortcut", u"URL", Text(600, u'\u00E4')),
+              Text(255, u'\u00E4'))
+        << "what stands in for a missing value is cut like one";
 }
 
 } // namespace
