@@ -72,7 +72,7 @@ Text AsText(const Arguments& arguments) {
     for (const std::string& argument : arguments) all += (all.empty() ? "" : " ") + argument;
     const bool local = all.starts_with(std::string(kFileScheme) + "/");
     if (local && all.ends_with(kGroupExtension)) all = PercentDecoded(std::string_view(all).substr(kFileScheme.size()));
-    return FromBytes(all);
+    return all.ends_with(kGroupExtension) ? PathFromBytes(all) : FromBytes(all);
 }
 
 } // namespace CommandLine

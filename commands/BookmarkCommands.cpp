@@ -24,7 +24,7 @@ BookmarkFolder Chosen(CommandContext& context, TextView title) {
     const Text path =
         context.files.ShowOpen({.DialogTitle = Text(title), .InitDir = {}, .Filter = Text(kFilter), .MustExist = true});
     if (path.empty()) return {};
-    auto bookmarks = Bookmarks::Read(ReadWholeFile(ToUtf8(path), Bookmarks::kMostBytes).value_or(std::string()));
+    auto bookmarks = Bookmarks::Read(ReadWholeFile(PathToBytes(path), Bookmarks::kMostBytes).value_or(std::string()));
     if (Bookmarks::Count(bookmarks) == 0) context.tabs.ShowStatusText(u"There are no bookmarks in that file.");
     return bookmarks;
 }
@@ -32,7 +32,7 @@ BookmarkFolder Chosen(CommandContext& context, TextView title) {
 Text FreeGroupPath(const CommandContext& context, TextView name) {
     const Text begin = context.groupFolder + Favorites::FileNameOf(name);
     Text path = begin + Text(TessaGroups::kExtension);
-    for (int number = 2; FileExists(ToUtf8(path)); ++number)
+    for (int number = 2; FileExists(PathToBytes(path)); ++number)
         path = begin + u" (" + Decimal(number) + u")" + Text(TessaGroups::kExtension);
     return path;
 }
@@ -55,8 +55,9 @@ bool Save(CommandContext& context, TextView title, const BookmarkFolder& bookmar
     Text path = context.files.ShowSave({.DialogTitle = Text(title), .InitDir = {}, .Filter = Text(kFilter)});
     if (path.empty()) return false;
     if (!path.ends_with(kExtension) && !path.ends_with(u".htm")) path += kExtension;
-    if (FileExists(ToUtf8(path)) && context.messages.AskYesNoCancel(kOverwriteQuestion) != Answer::Yes) return false;
-    if (WriteWholeFile(ToUtf8(path), Bookmarks::Write(bookmarks)) == Outcome::Done) return true;
+    if (FileExists(PathToBytes(path)) && context.messages.AskYesNoCancel(kOverwriteQuestion) != Answer::Yes)
+        return false;
+    if (WriteWholeFile(PathToBytes(path), Bookmarks::Write(bookmarks)) == Outcome::Done) return true;
     context.tabs.ShowStatusText(u"The file could not be written.");
     return false;
 }

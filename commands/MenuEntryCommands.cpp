@@ -59,7 +59,7 @@ void OrganizeGroup(CommandContext& context) { context.host.OrganizeTessaGroup(Te
 void DeleteGroup(CommandContext& context) {
     const Text path = context.menuEntry;
     if (!Agrees(context, u"Do you want to move the TessaGroup \"" + GroupNameOf(path) + u"\" to the trash?")) return;
-    const bool there = context.host.MoveToTrash(path) == Outcome::Failed && FileExists(ToUtf8(path));
+    const bool there = context.host.MoveToTrash(path) == Outcome::Failed && FileExists(PathToBytes(path));
     const bool stays = there && (!Agrees(context, kNoTrashQuestion) || TessaGroups::Delete(path) == Outcome::Failed);
     context.groupsMenuStale = true;
     context.tabs.ShowStatusText(stays ? u"The TessaGroup was not deleted." : u"The TessaGroup has been deleted.");

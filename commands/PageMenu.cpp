@@ -69,7 +69,7 @@ void SaveAddress(CommandContext& context, const Text& address) {
                                 .Filter = {},
                                 .FileName = FileNameOfAddress(address)});
     if (path.empty()) return;
-    if (FileExists(ToUtf8(path)) && context.messages.AskYesNoCancel(kReplaceQuestion) != Answer::Yes) return;
+    if (FileExists(PathToBytes(path)) && context.messages.AskYesNoCancel(kReplaceQuestion) != Answer::Yes) return;
     // The dialogs ran; the page may have gone meanwhile.
     if (auto* tools = Tools(context)) ResumeNext(tools->Save(address, path));
 }

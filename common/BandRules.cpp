@@ -31,7 +31,7 @@ bool MayList(const CommandBar& bar, const Band& band, const Tool& tool) {
     return !Reaches(bar, tool.SubBand, band, seen);
 }
 
-bool IsRunTime(const Tool& tool) { return tool.Id() < 0 || tool.Id() >= RuntimeIds::kFavorites.First; }
+bool IsRunTime(const Tool& tool) { return tool.Id() < 0 || RuntimeIds::IsMade(tool.Id()); }
 
 void Mend(CommandBar& bar) {
     std::set<const Tool*> boxes;

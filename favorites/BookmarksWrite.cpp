@@ -48,7 +48,7 @@ using Visited = std::set<std::filesystem::path>;
 BookmarkFolder Collect(TextView folder, Visited& above) {
     BookmarkFolder all;
     std::error_code failed;
-    const auto real = std::filesystem::canonical(ToUtf8(folder), failed);
+    const auto real = std::filesystem::canonical(PathToBytes(folder), failed);
     if (failed || above.size() >= kDeepestWritten || !above.insert(real).second) return all;
     for (const Favorites::Item& item : Favorites::Items(folder)) {
         if (!item.IsFolder) {

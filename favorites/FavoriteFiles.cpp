@@ -18,6 +18,13 @@ constexpr int kMostNumbers = 10000;
 
 bool IsControl(char16_t unit) { return unit < 0x20 || unit == 0x7F; }
 
+/// What stands in a file's name for the unit of a title. A half of a character would come out as a byte of no text.
+char16_t FitForName(TextView title, std::size_t at) {
+    if (IsControl(title[at])) return u' ';
+    if (IsUnpaired(title, at)) return u'\uFFFD';
+    return title[at] == u'/' ? u'-' : title[at];
+}
+
 Text NameOf(TextView path) { return Text(path.substr(path.rfind(u'/') + 1)); }
 
 /// Tries "Name", "Name (2)" and so on until the name is free. `take` answers like `RenameToFree`.
@@ -26,7 +33,7 @@ std::optional<Text> TakeFree(const Text& folder, const Text& name, TextView endi
     for (int number = 1; number < kMostNumbers; ++number) {
         const Text counted = number == 1 ? name : name + u" (" + Decimal(number) + u")";
         Text path = folder + u"/" + counted + Text(ending);
-        const int error = take(ToUtf8(path));
+        const int error = take(PathToBytes(path));
         if (error == 0) return path;
         if (error != EEXIST) return std::nullopt;
     }
@@ -35,7 +42,7 @@ std::optional<Text> TakeFree(const Text& folder, const Text& name, TextView endi
 
 std::optional<Text> MoveTo(TextView path, const Text& folder, const Text& title, TextView ending) {
     if (Text(path) == folder + u"/" + title + Text(ending)) return Text(path);
-    const std::string from = ToUtf8(path);
+    const std::string from = PathToBytes(path);
     return TakeFree(folder, title, ending, [&](const std::string& to) { return RenameToFree(from, to); });
 }
 
@@ -57,7 +64,7 @@ namespace Favorites {
 
 bool IsFolder(TextView path) {
     std::error_code failed;
-    return std::filesystem::is_directory(ToUtf8(path), failed);
+    return std::filesystem::is_directory(PathToBytes(path), failed);
 }
 
 std::vector<Item> Items(TextView folder) {
@@ -79,7 +86,7 @@ Text FolderOf(TextView path) { return Text(path.substr(0, path.rfind(u'/'))); }
 
 Text FileNameOf(TextView title) {
     Text name;
-    for (const char16_t unit : title) name += IsControl(unit) ? u' ' : unit == u'/' ? u'-' : unit;
+    for (std::size_t at = 0; at < title.size(); ++at) name += FitForName(title, at);
     const auto begin = name.find_first_not_of(u" .");
     name = begin == Text::npos ? Text(u"Page") : name.substr(begin);
     name = name.substr(0, name.find_last_not_of(u' ') + 1);
@@ -91,17 +98,17 @@ Text FileNameOf(TextView title) {
 
 std::optional<Text> AddShortcut(TextView folder, TextView title, TextView address) {
     std::error_code failed;
-    std::filesystem::create_directories(ToUtf8(folder), failed);
+    std::filesystem::create_directories(PathToBytes(folder), failed);
     const Text written = Text(folder) + u"/.tessaview-new-" + Decimal(::getpid());
-    if (WriteWholeFile(ToUtf8(written), ShortcutBytes(address)) != Outcome::Done) return std::nullopt;
+    if (WriteWholeFile(PathToBytes(written), ShortcutBytes(address)) != Outcome::Done) return std::nullopt;
     auto added = MoveTo(written, Text(folder), FileNameOf(title), kEnding);
-    if (!added) ::unlink(ToUtf8(written).c_str());
+    if (!added) ::unlink(PathToBytes(written).c_str());
     return added;
 }
 
 std::optional<Text> MakeFolder(TextView parent, TextView name) {
     std::error_code failed;
-    std::filesystem::create_directories(ToUtf8(parent), failed);
+    std::filesystem::create_directories(PathToBytes(parent), failed);
     return TakeFree(Text(parent), FileNameOf(name), u"",
                     [](const std::string& path) { return ::mkdir(path.c_str(), 0777) == 0 ? 0 : errno; });
 }
@@ -120,7 +127,7 @@ std::optional<Text> Move(TextView path, TextView folder) {
 
 Outcome Delete(TextView path) {
     std::error_code failed;
-    const auto gone = std::filesystem::remove_all(ToUtf8(path), failed);
+    const auto gone = std::filesystem::remove_all(PathToBytes(path), failed);
     return !failed && gone > 0 && gone != static_cast<std::uintmax_t>(-1) ? Outcome::Done : Outcome::Failed;
 }
 

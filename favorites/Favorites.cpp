@@ -32,9 +32,9 @@ Text ReadAddress(const std::string& path) {
 Listing List(TextView folder) {
     Listing listing;
     if (folder.empty()) return listing;
-    const std::string path = ToUtf8(folder) + "/";
+    const std::string path = PathToBytes(folder) + "/";
     for (const FolderEntry& entry : ListFolder(path)) {
-        const Text name = FromBytes(entry.Name);
+        const Text name = PathFromBytes(entry.Name);
         if (entry.IsFolder)
             listing.Folders.Add(name, Text(folder) + u"/" + name);
         else if (EndsLike(entry.Name, ToUtf8(kEnding)))

@@ -37,12 +37,12 @@ Text frmOrganizeFavorites::SelectedFolder() const {
 }
 
 void frmOrganizeFavorites::Selected_Change() {
-    const bool below = Selected() != m_root && FileExists(ToUtf8(Selected()));
+    const bool below = Selected() != m_root && FileExists(PathToBytes(Selected()));
     cmdRename.Enabled = below;
     cmdMove.Enabled = below;
     cmdDelete.Enabled = below;
     const bool shortcut = below && !Favorites::IsFolder(Selected());
-    lblAddress.Caption = shortcut ? OneLine(Favorites::ReadAddress(ToUtf8(Selected()))) : Text();
+    lblAddress.Caption = shortcut ? OneLine(Favorites::ReadAddress(PathToBytes(Selected()))) : Text();
     const Text folder = SelectedFolder();
     const auto items = Favorites::Items(folder);
     const bool any = std::ranges::any_of(items, [](const auto& item) { return !item.IsFolder; });
@@ -94,7 +94,7 @@ void frmOrganizeFavorites::cmdDelete_Click() {
     const Text path = Selected();
     if (path == m_root) return;
     const bool failed = MayDelete(path) && Favorites::Delete(path) == Outcome::Failed;
-    if (!FileExists(ToUtf8(path))) {
+    if (!FileExists(PathToBytes(path))) {
         const Text folder = Favorites::FolderOf(path);
         Tell(folder);
         Selected = folder;

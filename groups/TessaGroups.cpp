@@ -28,7 +28,7 @@ std::string GroupBytes(const std::vector<TessaGroups::NumberedAddress>& addresse
 
 // A folder of that name is nothing to overwrite; writing will fail.
 bool HasGroup(TextView path) {
-    const std::string file = ToUtf8(path);
+    const std::string file = PathToBytes(path);
     std::error_code unknown;
     return FileExists(file) && !std::filesystem::is_directory(file, unknown);
 }
@@ -62,7 +62,7 @@ namespace TessaGroups {
 
 CStrings Load(TextView path) {
     CStrings addresses;
-    const IniFile file(ReadWholeFile(ToUtf8(path), kLargestGroup).value_or(std::string()));
+    const IniFile file(ReadWholeFile(PathToBytes(path), kLargestGroup).value_or(std::string()));
     const std::string keys = file.KeyList(kSection, "", kKeyListSize);
     // A name that was cut off has no NUL behind it and is dropped.
     std::size_t begin = 0;
@@ -73,16 +73,17 @@ CStrings Load(TextView path) {
     return addresses;
 }
 
-bool IsReadable(TextView path) { return ReadWholeFile(ToUtf8(path), 0).has_value(); }
+bool IsReadable(TextView path) { return ReadWholeFile(PathToBytes(path), 0).has_value(); }
 
 Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses) {
-    const std::string file = ToUtf8(path);
+    const std::string file = PathToBytes(path);
     return addresses.empty() ? RemoveFile(file) : WriteWholeFile(file, GroupBytes(addresses));
 }
 
 Outcome Append(TextView path, TextView address) {
     const std::string key = KeyOf(Load(path).Count() + 1);
-    return WritePrivateProfileString(ToUtf8(path), kSection, key, ToUtf8(address)) ? Outcome::Done : Outcome::Failed;
+    return WritePrivateProfileString(PathToBytes(path), kSection, key, ToUtf8(address)) ? Outcome::Done
+                                                                                        : Outcome::Failed;
 }
 
 bool MayReplace(TextView path, MessageBoxes& messages) {

@@ -54,7 +54,7 @@ Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& mess
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages);
 
 /// The groups of a folder (with the separator at the end) by name, with their full paths. Of a folder that cannot be
-/// read none; hidden files, and names that are not valid text, are left out.
+/// read none; hidden files are left out.
 [[nodiscard]] CKeyValues List(TextView folder);
 
 /// Deletes a group's file for good.

@@ -20,11 +20,12 @@ std::vector<Text> GroupFiles(TextView folder) {
     std::vector<Text> names;
     std::error_code failed;
     const std::filesystem::directory_iterator end;
-    for (std::filesystem::directory_iterator at(ToUtf8(folder), failed); !failed && at != end; at.increment(failed)) {
+    for (std::filesystem::directory_iterator at(PathToBytes(folder), failed); !failed && at != end;
+         at.increment(failed)) {
         const std::string name = at->path().filename().string();
         std::error_code unknown;
         if (!IsGroupName(name) || !at->is_regular_file(unknown)) continue;
-        if (auto text = FromUtf8(name)) names.push_back(std::move(*text));
+        names.push_back(PathFromBytes(name));
     }
     // Equal names keep the order in which they come, so that must be the same every time.
     std::ranges::sort(names);
@@ -44,7 +45,7 @@ CKeyValues List(TextView folder) {
 
 Outcome Delete(TextView path) {
     std::error_code failed;
-    return std::filesystem::remove(ToUtf8(path), failed) ? Outcome::Done : Outcome::Failed;
+    return std::filesystem::remove(PathToBytes(path), failed) ? Outcome::Done : Outcome::Failed;
 }
 
 void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId) {

@@ -82,7 +82,7 @@ std::string Isolated(TextView text) { return "<span>" + Shown(text) + "</span>";
 std::string Count(std::size_t pages) { return pages == 1 ? "One page" : std::to_string(pages) + " pages"; }
 
 std::string Card(const StartGroup& group) {
-    std::string card = "<a class=\"card\" href=\"" + std::string(kGroupLink) + PercentEncoded(ToUtf8(group.Name)) +
+    std::string card = "<a class=\"card\" href=\"" + std::string(kGroupLink) + PercentEncoded(PathToBytes(group.Name)) +
                        "\"><b>" + Shown(group.Name) + "</b><small>" + Count(group.Addresses.size()) + "</small>";
     for (std::size_t i = 0; i < std::min(group.Addresses.size(), kSitesOfACard); ++i) {
         const Text site = SiteOf(group.Addresses[i]);
@@ -161,7 +161,7 @@ std::string Html(const StartContent& content) {
 
 std::optional<Text> GroupOf(std::string_view link) {
     if (!link.starts_with(kGroupLink)) return std::nullopt;
-    return FromUtf8(PercentDecoded(link.substr(kGroupLink.size())));
+    return PathFromBytes(PercentDecoded(link.substr(kGroupLink.size())));
 }
 
 std::optional<Text> WordsOf(std::string_view link) {

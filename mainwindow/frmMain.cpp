@@ -4,6 +4,7 @@
 #include "commands/Endpoints.h"
 #include "commands/PageMenu.h"
 #include "commands/TabMoreCommands.h"
+#include "common/Captions.h"
 #include "groups/TessaGroups.h"
 #include "mainwindow/MainCommands.h"
 #include "mainwindow/MainLoad.h"
@@ -55,7 +56,7 @@ void frmMain::WireParts() {
     Tabs.CloseWindow = [this] { Platform.window.Close(); };
     actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
     actBar.BandOpen = [this](Band& band) { Menus.BandOpen(band); };
-    actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? tool->Description : Text()); };
+    actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); };
     Tabs.Closing = [this](std::int32_t index) { Closed.Remember(index); };
     Closed.Changed = [this] { TabMoreCommands::ShowReopen(Commands); };
     StripInput.Opening = [this] { TabMoreCommands::ShowState(Commands); };

@@ -1,5 +1,6 @@
 #include "qt/QtFileDrop.h"
 
+#include "common/Percent.h"
 #include "qt/QtText.h"
 
 #include <QApplication>
@@ -19,6 +20,12 @@ void Refuse(QObject& window, QDropEvent& drag) {
     QCoreApplication::sendEvent(&window, &leave);
 }
 
+// The path by its bytes, which need not be text.
+Text LocalPathOf(const QUrl& url) {
+    if (!url.isLocalFile() || !url.host().isEmpty()) return FromQt(url.toLocalFile());
+    return PathFromBytes(PercentDecoded(url.path(QUrl::FullyEncoded).toStdString()));
+}
+
 } // namespace
 
 QtFileDrop::QtFileDrop(QWidget& window) : m_window(window) { qApp->installEventFilter(this); }
@@ -26,7 +33,7 @@ QtFileDrop::QtFileDrop(QWidget& window) : m_window(window) { qApp->installEventF
 std::vector<Text> QtFileDrop::FilesOf(const QMimeData& data) const {
     std::vector<Text> files;
     for (const QUrl& url : data.urls()) {
-        Text path = FromQt(url.toLocalFile());
+        Text path = LocalPathOf(url);
         if (path.empty() || !Takes || !Takes(path)) return {};
         files.push_back(std::move(path));
     }

@@ -62,10 +62,12 @@ TEST(CommandLine, ArgumentsAreOneTextAsTheyStand) {
     EXPECT_EQ(CommandLine::AsText({"/p%20q.tvg"}), u"/p%20q.tvg");
     EXPECT_EQ(CommandLine::AsText({"/caf\xC3\xA9"}), u"/caf\u00E9");
     EXPECT_EQ(CommandLine::AsText({"/caf\xE9"}), u"/caf\u00E9") << "no UTF-8";
+    EXPECT_EQ(PathToBytes(CommandLine::AsText({"/caf\xE9.tvg"})), "/caf\xE9.tvg") << "a file is found by its bytes";
 }
 
 TEST(CommandLine, AGroupNamedByAFileAddressComesByItsPath) {
     EXPECT_EQ(CommandLine::AsText({"file:///my%20groups/caf%C3%A9%25.tvg"}), u"/my groups/caf\u00E9%.tvg");
+    EXPECT_EQ(PathToBytes(CommandLine::AsText({"file:///caf%E9.tvg"})), "/caf\xE9.tvg");
     EXPECT_EQ(CommandLine::AsText({"file:///a%2.tvg"}), u"/a%2.tvg") << "a broken escape stays";
     EXPECT_EQ(CommandLine::AsText({"file:///a%+1%zz.tvg"}), u"/a%+1%zz.tvg");
     EXPECT_EQ(CommandLine::AsText({"file:///pages/a%20b.html"}), u"file:///pages/a%20b.html");

@@ -273,6 +273,38 @@ TEST_F(RuntimeMenusTest, TheDeleteKeyIsForGroupsAlone) {
     EXPECT_EQ(m_desk.messages.asked.front(), u"Do you want to move the TessaGroup \"g\" to the trash?");
 }
 
+TEST_F(RuntimeMenusTest, AGroupWhoseNameIsNoTextIsOpenedOrganizedAndDeletedByItsBytes) {
+    Group("b\xFC");
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150000 b\xEF\xBF\xBD");
+    m_bar.UserClick(Entry(u"bndTessaGroupsMenu", 3));
+    EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://1/");
+    PopupOf(Entry(u"bndTessaGroupsMenu", 3));
+    m_desk.inTessaGroup = [&](frmTessaGroup& form) {
+        EXPECT_EQ(form.lblTessaGroupName.Caption(), u"b\uFFFD.tvg");
+        form.cmdOK.Click();
+    };
+    m_desk.Click(u"xtrGroupOrganize");
+    EXPECT_EQ(m_groups.Read("b\xFC.tvg"), "[TessaGroup]\r\nurl0=http://1/\r\n");
+    m_desk.messages.answer = Answer::Yes;
+    m_desk.Click(u"xtrGroupDelete");
+    EXPECT_EQ(m_desk.messages.asked.front(), u"Do you want to move the TessaGroup \"b\uFFFD\" to the trash?");
+    EXPECT_EQ(m_groups.Files(), 0U);
+}
+
+TEST_F(RuntimeMenusTest, AFolderOfFavoritesWhoseNameIsNoTextOpensByItsBytes) {
+    FavoriteFolder("w\xF6rk");
+    Favorite("w\xF6rk/a", "http://a/");
+    EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", | -1 w\xEF\xBF\xBDrk");
+    EXPECT_EQ(Opened(Entry(u"bndFavorites", 2).SubBand), "50000 a");
+}
+
+TEST_F(RuntimeMenusTest, TheHelpOfAnEntryMarksWhatIsNoTextInItsPath) {
+    Group("b\xFC");
+    Opened(u"bndTessaGroupsMenu");
+    m_bar.MouseOver(&Entry(u"bndTessaGroupsMenu", 3));
+    EXPECT_EQ(m_desk.Status(), m_groups.Path("b\xEF\xBF\xBD.tvg"));
+}
+
 TEST_F(RuntimeMenusTest, OtherEntriesPopUpNothing) {
     EXPECT_EQ(PopupOf(*m_bar.Find(u"mnuAddToFavorites")), "");
     EXPECT_EQ(PopupOf(*m_bar.Find(u"mnuFile")), "");

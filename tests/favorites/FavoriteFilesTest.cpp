@@ -19,7 +19,7 @@ protected:
         EXPECT_TRUE(Favorites::AddShortcut(folder, title, address));
     }
     static std::string Name(const std::optional<Text>& path) {
-        return path ? fs::path(ToUtf8(*path)).filename().string() : "(failed)";
+        return path ? fs::path(PathToBytes(*path)).filename().string() : "(failed)";
     }
 };
 
@@ -64,6 +64,8 @@ TEST_F(FavoriteFilesTest, NamesAreMended) {
     for (int i = 0; i < 100; ++i) pairs += u"\U0001F600";
     EXPECT_TRUE(FromUtf8(ToUtf8(Favorites::FileNameOf(pairs))));
     EXPECT_EQ(ToUtf8(Favorites::FileNameOf(pairs)).find("\xEF\xBF\xBD"), std::string::npos);
+    EXPECT_EQ(Favorites::FileNameOf(Text{u'a', char16_t{0xDCFC}, u'b', char16_t{0xD83D}}), u"a\uFFFDb\uFFFD")
+        << "half a character of a title is no byte of a name";
     EXPECT_EQ(Name(Favorites::AddShortcut(Root(), Text(300, u'n'), u"x")), std::string(240, 'n') + ".url");
     EXPECT_EQ(Name(Favorites::AddShortcut(Root(), Text(300, u'n'), u"x")), std::string(240, 'n') + " (2).url");
 }
@@ -98,6 +100,26 @@ TEST_F(FavoriteFilesTest, DeletingAFolderLeavesWhatItsLinksLeadTo) {
     EXPECT_EQ(m_folder.Files(), 0U);
     EXPECT_EQ(other.Read("kept"), "x");
     EXPECT_EQ(Favorites::Delete(m_folder.PathText("Work")), Outcome::Failed);
+}
+
+TEST_F(FavoriteFilesTest, WhatHasANameThatIsNoTextIsRenamedMovedAndDeletedByItsBytes) {
+    MakeFolder("w\xF6rk");
+    m_folder.Write("\xE4.url", "[InternetShortcut]\r\nURL=http://a/\r\n");
+    const auto items = Favorites::Items(Root());
+    ASSERT_EQ(items.size(), 2U);
+    EXPECT_EQ(PathToBytes(items[1].Title), "\xE4");
+    const auto moved = Favorites::Move(items[1].Path, items[0].Path);
+    ASSERT_EQ(Name(moved), "\xE4.url") << "a name is kept as it is when only the folder changes";
+    EXPECT_TRUE(fs::exists(m_folder.Path("w\xF6rk/\xE4.url")));
+    EXPECT_EQ(Name(Favorites::AddShortcut(items[0].Path, u"b", u"http://b/")), "b.url");
+    EXPECT_EQ(Favorites::Items(items[0].Path).size(), 2U);
+    EXPECT_EQ(Name(Favorites::MakeFolder(items[0].Path, u"deep")), "deep");
+    const auto renamed = Favorites::Rename(*moved, u"a");
+    ASSERT_EQ(Name(renamed), "a.url");
+    EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("w\xF6rk/a.url")), u"http://a/");
+    EXPECT_EQ(Favorites::Delete(*renamed), Outcome::Done);
+    EXPECT_EQ(Name(Favorites::Rename(items[0].Path, u"Work")), "Work");
+    EXPECT_TRUE(fs::exists(m_folder.Path("Work/b.url")));
 }
 
 TEST_F(FavoriteFilesTest, ItemsStandInTheOrderOfTheMenu) {

@@ -186,7 +186,23 @@ TEST_F(FavoritesTest, NamesOfAllKindsAreHarmless) {
     Put(longest + ".url");
     const auto listing = Favorites::List(m_folder.PathText(""));
     EXPECT_EQ(listing.Shortcuts.Count(), 4U);
-    EXPECT_EQ(listing.Shortcuts.begin()->Key, u"latin \u00E4.url");
+    EXPECT_EQ(listing.Shortcuts.begin()->Key, PathFromBytes("latin \xE4.url"));
+}
+
+TEST_F(FavoritesTest, NamesThatAreNoTextAreListedByTheirBytesAndMarked) {
+    MakeFolder("w\xF6rk");
+    Put("w\xF6rk/in.url", "http://in/");
+    Put("\xE4.url", "http://latin/");
+    Put("\xEF\xBF\xBD.url", "http://marked/");
+    const auto listing = Favorites::List(m_folder.PathText(""));
+    EXPECT_EQ(PathToBytes(listing.Folders.begin()->Key), "w\xF6rk");
+    EXPECT_EQ(PathToBytes(listing.Folders.begin()->Value), m_folder.Path("") + "/w\xF6rk");
+    const std::string mark = "\xEF\xBF\xBD";
+    EXPECT_EQ(Scanned(), "| -1 w" + mark + "rk , 50000 " + mark + " http://latin/, 50001 " + mark + " http://marked/");
+    const Tool& folder = *m_band->Entries().front().Item;
+    EXPECT_EQ(PathToBytes(folder.Description), m_folder.Path("w\xF6rk"));
+    m_menu.ScanFolder(folder.Description, *m_band, m_first);
+    EXPECT_EQ(m_band->Entries().back().Item->Name(), u"http://in/");
 }
 
 TEST_F(FavoritesTest, ReadsFilesOfTheOtherDesktopAsTheyAre) {

@@ -117,6 +117,17 @@ TEST_F(frmOrganizeFavoritesTest, WithoutATrashDeletingAsksFirst) {
     EXPECT_EQ(m_messages.asked.size(), 2U);
 }
 
+TEST_F(frmOrganizeFavoritesTest, WhatHasANameThatIsNoTextCanBeSelectedAndDeleted) {
+    m_folder.Write("\xE4.url", "[InternetShortcut]\r\nURL=http://latin/\r\n");
+    m_form->Selected = PathFromBytes(m_folder.Path("\xE4.url"));
+    EXPECT_EQ(Enabled(), "new rename move delete open save ");
+    EXPECT_EQ(m_form->lblAddress.Caption(), u"http://latin/");
+    m_messages.answer = Answer::Yes;
+    m_form->cmdDelete.Click();
+    EXPECT_FALSE(fs::exists(m_folder.Path("\xE4.url")));
+    EXPECT_EQ(m_form->Selected(), m_root);
+}
+
 TEST_F(frmOrganizeFavoritesTest, AFoldersShortcutsOpenOrBecomeAGroup) {
     m_form->cmdSaveGroup.Click();
     EXPECT_EQ(m_saved, m_root);

@@ -92,12 +92,39 @@ TEST_F(GroupFolder, LinksAreFollowedAndLoopsLeftOut) {
     EXPECT_EQ(Names(), "link real");
 }
 
-TEST_F(GroupFolder, NamesOfAllKindsAreListedThoseThatAreNoTextLeftOut) {
+TEST_F(GroupFolder, NamesOfAllKindsAreListed) {
     const std::string longest(251, 'n');
     Groups({longest + ".tvg", "a\nb\x01.tvg", "..tvg.tvg", "b\xC3\xBC.tvg", "b\xFC.tvg", "\xE2\x80\xAE.x.tvg"});
     std::vector<Text> names;
     for (const auto& group : TessaGroups::List(folder)) names.push_back(group.Key);
-    EXPECT_EQ(names, (std::vector<Text>{u"a\nb\u0001", u"b\u00FC", FromBytes(longest), u"\u202E.x"}));
+    EXPECT_EQ(names, (std::vector<Text>{u"a\nb\u0001", u"b\u00FC", Text{u'b', char16_t{0xDCFC}}, FromBytes(longest),
+                                        u"\u202E.x"}));
+}
+
+TEST_F(GroupFolder, AGroupWhoseNameIsNoTextIsReadWrittenAndDeletedByItsBytes) {
+    const std::string name = "b\xFC.tvg";
+    Write(name, "[TessaGroup]\r\nurl1=http://a/\r\n");
+    Write("b\xC3\xBC.tvg", "another");
+    Write("b\xEF\xBF\xBD.tvg", "what the name looks like");
+    const CKeyValues groups = TessaGroups::List(folder);
+    const Text path = std::next(groups.begin())->Value;
+    ASSERT_EQ(PathToBytes(path), Path(name));
+    EXPECT_TRUE(TessaGroups::IsReadable(path));
+    EXPECT_EQ(TessaGroups::Append(path, u"http://b/"), Outcome::Done);
+    EXPECT_EQ(TessaGroups::Load(path).Count(), 2U);
+    EXPECT_EQ(TessaGroups::Write(path, {{7, u"http://c/"}}), Outcome::Done);
+    EXPECT_EQ(Read(name), "[TessaGroup]\r\nurl7=http://c/\r\n");
+    EXPECT_EQ(TessaGroups::Delete(path), Outcome::Done);
+    EXPECT_FALSE(fs::exists(Path(name)));
+    EXPECT_EQ(Read("b\xC3\xBC.tvg") + ", " + Read("b\xEF\xBF\xBD.tvg"), "another, what the name looks like");
+}
+
+TEST_F(GroupFolder, AMenuEntryMarksWhatIsNoTextInItsName) {
+    Groups({"b\xFC.tvg"});
+    TessaGroups::FillBand(menu, folder, {}, nextId);
+    ASSERT_EQ(menu.Entries().size(), 1U);
+    EXPECT_EQ(menu.Entries()[0].Item->Caption(), u"b\uFFFD");
+    EXPECT_EQ(PathToBytes(menu.Entries()[0].Item->Description), Path("b\xFC.tvg"));
 }
 
 TEST_F(GroupFolder, TheMenuNumbersGoOnFromOneOpeningToTheNext) {

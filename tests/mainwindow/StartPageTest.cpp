@@ -63,7 +63,10 @@ TEST(StartPage, ACardsLinkNamesItsGroup) {
     }
     EXPECT_EQ(StartPage::GroupOf("tessaview:start"), std::nullopt);
     EXPECT_EQ(StartPage::GroupOf("https://a/tessaview:group?News"), std::nullopt);
-    EXPECT_EQ(StartPage::GroupOf("tessaview:group?%FF"), std::nullopt) << "no text";
+    const Text noText = PathFromBytes("b\xFC");
+    const std::string page = PageWith(noText, {});
+    EXPECT_EQ(StartPage::GroupOf(Behind(page, "class=\"card\" href=\"", '"')), noText);
+    EXPECT_TRUE(Has(page, "<bdi>b\xEF\xBF\xBD</bdi>"));
 }
 
 TEST(StartPage, ALetterOfTwoUnitsStaysWhole) {
@@ -136,10 +139,13 @@ TEST(StartPage, ItsLinkOpensTheGroupOfThatNameInTheFolder) {
     desk.main.OpenStartLink("tessaview:group?News%20%26%20more");
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
     EXPECT_EQ(desk.views.At(3).location, u"http://two/");
+    folder.Write("b\xFC.tvg", "[TessaGroup]\nurl1=http://three/\n");
+    desk.main.OpenStartLink("tessaview:group?b%FC");
+    EXPECT_EQ(desk.views.At(4).location, u"http://three/");
     for (const char* link :
          {"tessaview:group?none", "tessaview:group?..%2Fetc%2Fpasswd", "tessaview:start", "http://a/"})
         desk.main.OpenStartLink(link);
-    EXPECT_EQ(desk.Strip(), "1 2 [3*]");
+    EXPECT_EQ(desk.Strip(), "1 2 3 [4*]");
 }
 
 } // namespace

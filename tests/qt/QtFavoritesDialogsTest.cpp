@@ -131,6 +131,24 @@ TEST_F(QtFavoritesDialogsTest, FavoritesAreRenamedMovedAndDeletedByKeyboard) {
     EXPECT_EQ(m_messages.asked.size(), 1U);
 }
 
+TEST_F(QtFavoritesDialogsTest, WhatHasANameThatIsNoTextIsShownMarkedAndRenamedByItsBytes) {
+    m_folder.Write("Work/\xE4.url", "[InternetShortcut]\r\nURL=http://latin/\r\n");
+    const Text path = PathFromBytes(m_folder.Path("Work/\xE4.url"));
+    frmOrganizeFavorites form(m_root, {m_messages, m_trash});
+    Use(form, [&](QDialog& dialog) {
+        auto& tree = Tree(dialog, "treFavorites");
+        tree.Select(path);
+        EXPECT_EQ(tree.SelectedPath(), path);
+        EXPECT_EQ(tree.currentItem()->text(0), QStringLiteral("\uFFFD"));
+        EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("lblAddress"))->text(), QStringLiteral("http://latin/"));
+        QTest::keyClick(&dialog, Qt::Key_R, Qt::AltModifier);
+        Type(tree, QStringLiteral("a"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return tree.SelectedPath() == m_folder.PathText("Work/a.url"); }));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("Work/a.url")), u"http://latin/");
+}
+
 TEST_F(QtFavoritesDialogsTest, MovingAsksForTheFolderInATree) {
     frmOrganizeFavorites form(m_root, {m_messages, m_trash});
     Use(form, [&](QDialog& dialog) {

@@ -67,6 +67,13 @@ TEST_F(QtFileDropTest, FilesToTakeNeverReachThePage) {
     EXPECT_EQ(page.drops, 0);
 }
 
+TEST_F(QtFileDropTest, AFileWhoseNameIsNoTextComesByItsBytes) {
+    Text path;
+    drop.Dropped = [&](const std::vector<Text>& paths) { path = paths.front(); };
+    EXPECT_TRUE(DropUrls({QStringLiteral("file:///a%23/b%FC%C3%BC%25.tvg")}));
+    EXPECT_EQ(PathToBytes(path), "/a#/b\xFC\xC3\xBC%.tvg");
+}
+
 TEST_F(QtFileDropTest, EverythingElseGoesWhereItWent) {
     EXPECT_TRUE(DropUrls({QStringLiteral("file:///a/page.html")}));
     EXPECT_EQ(page.drops, 1);
