@@ -44,7 +44,7 @@ public:
     /// Whether a path names a group: by ".tvg" at its end, in small letters.
     [[nodiscard]] static bool IsGroupFile(TextView path) { return path.ends_with(TessaGroups::kExtension); }
 
-    /// The view's page has loaded, or the view has gone.
+    /// The view's page has loaded, or its tab is being closed.
     void PageDone(std::int32_t index) { m_progress.Done(index); }
     /// Stops every page that loads or waits to; the tabs stay, and show what they were to load when they are refreshed.
     void StopAll();

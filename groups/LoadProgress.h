@@ -18,7 +18,7 @@ public:
     void Begin();
     /// The view of that index has been sent to a page.
     void Add(std::int32_t index);
-    /// The view's page has loaded, or the view has gone. Nothing for a view that is not followed.
+    /// The view's page has loaded, or its tab is being closed. Nothing for a view that is not followed.
     void Done(std::int32_t index);
     /// The user has had enough: no page is followed any more.
     void Stop();

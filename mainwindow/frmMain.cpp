@@ -57,7 +57,10 @@ void frmMain::WireParts() {
     actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
     actBar.BandOpen = [this](Band& band) { Menus.BandOpen(band); };
     actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); };
-    Tabs.Closing = [this](std::int32_t index) { Closed.Remember(index); };
+    Tabs.Closing = [this](std::int32_t index) {
+        Closed.Remember(index);
+        Groups.PageDone(index);
+    };
     Closed.Changed = [this] { TabMoreCommands::ShowReopen(Commands); };
     StripInput.Opening = [this] { TabMoreCommands::ShowState(Commands); };
     pcPage.Touched = [this] {
@@ -87,7 +90,6 @@ void frmMain::WireParts() {
 
 void frmMain::WireGroups() {
     Events.Loaded = [this](std::int16_t Index) { Groups.PageDone(Index); };
-    Browser.Unloaded = [this](std::int32_t index) { Groups.PageDone(index); };
     Groups.ShowEditor = Platform.showTessaGroup;
     Commands.host.AddToTessaGroup = [this](TextView URL, TextView SGFile) { AddToTessaGroup(URL, SGFile); };
     Commands.host.SaveAsTessaGroup = [this](TextView path) { Groups.SaveAsTessaGroup(path); };

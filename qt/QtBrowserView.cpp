@@ -55,9 +55,13 @@ Outcome QtBrowserView::GoHome() {
 }
 
 Outcome QtBrowserView::Stop() {
+    const bool waited = m_pending.has_value();
     m_pending.reset();
     m_engine.EndNavigation(m_index);
-    if (m_page && m_loading) m_page->triggerAction(QWebEnginePage::Stop);
+    if (m_page && m_loading)
+        m_page->triggerAction(QWebEnginePage::Stop);
+    else if (waited)
+        ReportUnbegun();
     return Outcome::Done;
 }
 
@@ -244,6 +248,7 @@ void QtBrowserView::StartNavigation() {
     if (ExternalSchemes::IsExternal(FromQt(target.url.scheme()))) {
         m_engine.EndNavigation(m_index);
         m_questions->links.Open(target.url, {});
+        ReportUnbegun();
         return;
     }
     m_fallback = target.fallback;

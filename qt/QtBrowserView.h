@@ -87,6 +87,7 @@ private:
     void NoteVisit(const QUrl& url);
     void OnLoadStarted();
     void OnLoadFinished(bool ok);
+    void ReportUnbegun();
     void OnAddressChanged(const QUrl& url);
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
     void OnNewWindow(QWebEngineNewWindowRequest& request);

@@ -71,6 +71,9 @@ void QtBrowserView::OnLoadFinished(bool) {
     if (m_previewsLater) PrintPreview();
 }
 
+// A navigation that the engine never began ends all the same: somebody may count the pages that are to come.
+void QtBrowserView::ReportUnbegun() { m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL()); }
+
 void QtBrowserView::OnAddressChanged(const QUrl& url) {
     if (url.isEmpty()) return;
     m_committed = true;

@@ -36,8 +36,7 @@ ArrayView* ViewArray::Find(std::int32_t index) {
 }
 
 void ViewArray::Unload(std::int32_t index) {
-    if (index == 1 || m_views.erase(index) == 0) return;
-    if (Unloaded) Unloaded(index);
+    if (index != 1) m_views.erase(index);
 }
 
 void ViewArray::UnloadAll() {

@@ -1,7 +1,6 @@
 #pragma once
 #include "common/platform/BrowserView.h"
 
-#include <functional>
 #include <map>
 #include <memory>
 
@@ -43,9 +42,6 @@ public:
     void UnloadAll();
     /// Parks every view but that one.
     void ParkAllBut(std::int32_t index);
-
-    /// Element `index` has been destroyed. Filled in by the main window.
-    std::function<void(std::int32_t index)> Unloaded;
 
 private:
     BrowserViewFactory& m_factory;

@@ -148,6 +148,18 @@ TEST_F(ManyPages, AClosedTabIsNotWaitedFor) {
     EXPECT_FALSE(StopOffered());
 }
 
+TEST_F(ManyPages, TheFirstTabIsNotWaitedForEitherOnceItIsClosed) {
+    const Group group({"http://a/", "http://b/", "http://c/", "http://d/", "http://e/"});
+    desk.StartWithTabs(2);
+    desk.main.Groups.TGCloseOthersFirst = true;
+    desk.main.OpenTessaGroup(group.File());
+    EXPECT_EQ(desk.Strip(), "1 3 4 5 [6*]");
+    desk.main.CloseBrowserTab(1);
+    for (int index = 3; index <= 6; ++index) Loads(index);
+    EXPECT_EQ(desk.Status(), "5 of 5 pages loaded");
+    EXPECT_FALSE(StopOffered());
+}
+
 TEST_F(ManyPages, PagesOfASecondGroupAreAddedWhileTheFirstLoads) {
     Open(5);
     Loads(2);
