@@ -70,6 +70,8 @@ void GroupCommands::SaveAsTessaGroup(TextView path) {
     if (saved == Saved::Yes) m_parts.tabs.ShowStatusText(u"Saved as the TessaGroup " + NameOf(path) + u".");
     if (saved == Saved::Failed)
         m_parts.tabs.ShowStatusText(u"The TessaGroup " + NameOf(path) + u" could not be written.");
+    if (saved == Saved::Nothing)
+        m_parts.tabs.ShowStatusText(u"There was nothing to save as the TessaGroup " + NameOf(path) + u".");
 }
 
 void GroupCommands::OrganizeTessaGroup(TextView sFileName) {

@@ -48,6 +48,12 @@ std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, 
     return addresses;
 }
 
+TessaGroups::Saved WriteAny(TextView path, const std::vector<TessaGroups::NumberedAddress>& addresses) {
+    using TessaGroups::Saved;
+    if (addresses.empty()) return Saved::Nothing;
+    return TessaGroups::Write(path, addresses) == Outcome::Done ? Saved::Yes : Saved::Failed;
+}
+
 bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser) {
     for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
         const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
@@ -94,15 +100,14 @@ Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& mess
     if (!MayReplace(path, messages)) return Saved::Declined;
     std::vector<NumberedAddress> numbered;
     for (const Text& address : addresses) numbered.push_back({numbered.size() + 1, address});
-    return Write(path, numbered) == Outcome::Done ? Saved::Yes : Saved::Failed;
+    return WriteAny(path, numbered);
 }
 
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages) {
     if (!MayReplace(path, messages)) return Saved::Declined;
     const Answer privates = HasPrivate(pcPage, Browser) ? messages.AskYesNoCancel(kPrivateQuestion) : Answer::No;
     if (privates == Answer::Cancel) return Saved::Declined;
-    return Write(path, OpenAddresses(pcPage, Browser, privates == Answer::Yes)) == Outcome::Done ? Saved::Yes
-                                                                                                 : Saved::Failed;
+    return WriteAny(path, OpenAddresses(pcPage, Browser, privates == Answer::Yes));
 }
 
 } // namespace TessaGroups

@@ -41,7 +41,8 @@ Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses);
 /// and not the highest number: in a group with gaps it takes the place of another. A missing file is made.
 Outcome Append(TextView path, TextView address);
 
-enum class Saved { Yes, Declined, Failed };
+/// `Nothing`: there were no addresses to save, and the file is as it was.
+enum class Saved { Yes, Declined, Failed, Nothing };
 
 /// Whether a group of that path may be written: asks when there is one already.
 [[nodiscard]] bool MayReplace(TextView path, MessageBoxes& messages);

@@ -306,6 +306,22 @@ TEST_F(GroupMenu, ASaveThatWasDeclinedSaysNothing) {
     EXPECT_EQ(desk.Status(), "before");
 }
 
+TEST_F(GroupMenu, OfPrivateTabsAloneThatAreNotToBeSavedThereIsNothingToSave) {
+    Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\n");
+    desk.StartWithTabs(1);
+    desk.Click(u"xtrPrivateTab");
+    desk.main.CloseBrowserTab(1);
+    EXPECT_EQ(desk.Strip(), "[2*]");
+    desk.messages.answer = Answer::Yes;
+    desk.messages.whileOpen = [this] {
+        if (desk.messages.asked.size() == 2) desk.messages.answer = Answer::No;
+    };
+    Click(u"mnuSaveAsTessaGroup", "News.tvg");
+    EXPECT_EQ(desk.messages.asked.size(), 2U);
+    EXPECT_EQ(desk.Status(), "There was nothing to save as the TessaGroup News.");
+    EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n");
+}
+
 TEST_F(GroupMenu, OrganizeEditsTheChosenGroup) {
     Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
     desk.StartWithTabs(2);

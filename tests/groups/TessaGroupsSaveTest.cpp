@@ -129,6 +129,35 @@ TEST_F(SaveTabs, ReadsBackWhatItWrote) {
         EXPECT_EQ(group.FindItem(i)->Key, desk.views.At(static_cast<int>(i)).location);
 }
 
+TEST_F(SaveTabs, WithNothingToSaveTheOldGroupStaysAsItWas) {
+    Open(1);
+    desk.Click(u"xtrPrivateTab");
+    desk.main.CloseBrowserTab(1);
+    Write("a.tvg", "[TessaGroup]\r\nurl1=http://old/\r\n");
+    desk.messages.answer = Answer::Yes;
+    desk.messages.whileOpen = [this] {
+        if (desk.messages.asked.size() == 2) desk.messages.answer = Answer::No;
+    };
+    EXPECT_EQ(Save("a.tvg"), TessaGroups::Saved::Nothing);
+    EXPECT_EQ(desk.messages.asked.size(), 2U);
+    EXPECT_EQ(Read("a.tvg"), "[TessaGroup]\r\nurl1=http://old/\r\n");
+    EXPECT_EQ(TessaGroups::Save(PathText("none.tvg"), {}, desk.messages), TessaGroups::Saved::Nothing);
+    EXPECT_EQ(Files(), 1U) << "and no group is made";
+}
+
+TEST_F(SaveTabs, YesToOverwriteAndCancelForThePrivateTabsLeavesTheOldGroup) {
+    Open(2);
+    desk.main.Browser.Find(2)->Privacy = Privacy::Private;
+    Write("a.tvg", "[TessaGroup]\r\nurl1=http://old/\r\n");
+    desk.messages.answer = Answer::Yes;
+    desk.messages.whileOpen = [this] {
+        if (desk.messages.asked.size() == 2) desk.messages.answer = Answer::Cancel;
+    };
+    EXPECT_EQ(Save("a.tvg"), TessaGroups::Saved::Declined);
+    EXPECT_EQ(desk.messages.asked.size(), 2U);
+    EXPECT_EQ(Read("a.tvg"), "[TessaGroup]\r\nurl1=http://old/\r\n");
+}
+
 struct WriteGroup : testing::Test, TemporaryFolder {};
 
 TEST_F(WriteGroup, NoAddressesLeaveNoFile) {
