@@ -11,12 +11,25 @@ namespace {
 constexpr std::size_t kManyTabs = 30;
 constexpr std::size_t kShownAddress = 300;
 
-std::vector<Text> AddressesIn(TextView folder) {
+constexpr TextView kNoPages = u"There are no pages in that folder.";
+
+/// The pages in a folder that may open without a question, and how many of its shortcuts are not among them.
+struct Pages {
     std::vector<Text> addresses;
+    std::size_t left = 0;
+};
+
+Pages PagesIn(TextView folder) {
+    Pages pages;
     for (const Favorites::Item& item : Favorites::Items(folder)) {
-        if (!item.IsFolder) addresses.push_back(item.Address);
+        if (item.IsFolder) continue;
+        const bool opens = !item.Address.empty() && TrustOf(item.Address) == LinkTrust::Open;
+        if (opens)
+            pages.addresses.push_back(item.Address);
+        else
+            ++pages.left;
     }
-    return addresses;
+    return pages;
 }
 
 /// A group that is made of a folder is called like it.
@@ -71,22 +84,21 @@ bool FavoriteCommands::MayOpenLink(TextView address) {
 }
 
 void FavoriteCommands::OpenAll(TextView folder) {
-    std::vector<Text> addresses = AddressesIn(folder);
-    const auto left = std::erase_if(
-        addresses, [](const Text& address) { return address.empty() || TrustOf(address) != LinkTrust::Open; });
+    const auto [addresses, left] = PagesIn(folder);
     const auto count = static_cast<std::int64_t>(addresses.size());
     if (addresses.size() > kManyTabs &&
         m_context.messages.AskYesNoCancel(u"This opens " + Decimal(count) + u" tabs. Do you want to open them all?") !=
             Answer::Yes)
         return;
     m_context.groups.OpenInTabs(addresses);
-    if (addresses.empty() && left == 0) m_context.tabs.ShowStatusText(u"There are no pages in that folder.");
+    if (addresses.empty() && left == 0) m_context.tabs.ShowStatusText(kNoPages);
     if (left > 0) m_context.tabs.ShowStatusText(u"Favorites that do not lead to the web were not opened.");
 }
 
 Text FavoriteCommands::SaveAsGroup(TextView folder) {
-    const std::vector<Text> addresses = AddressesIn(folder);
-    if (addresses.empty()) return u"There are no pages in that folder.";
+    // The pages of a group open without a question.
+    const auto [addresses, left] = PagesIn(folder);
+    if (addresses.empty()) return left == 0 ? Text(kNoPages) : u"No Favorite in that folder leads to the web.";
     Text path = m_context.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
                                           .InitDir = m_context.groupFolder,
                                           .Filter = Text(TessaGroups::kFileFilter),
@@ -97,5 +109,7 @@ Text FavoriteCommands::SaveAsGroup(TextView folder) {
     const Saved saved = TessaGroups::Save(path, addresses, m_context.messages);
     if (saved == Saved::Declined) return {};
     m_context.groupsMenuStale = m_context.groupsMenuStale || saved == Saved::Yes;
-    return saved == Saved::Yes ? u"The TessaGroup has been saved." : u"The TessaGroup could not be saved.";
+    if (saved != Saved::Yes) return u"The TessaGroup could not be saved.";
+    return left == 0 ? u"The TessaGroup has been saved."
+                     : u"The TessaGroup has been saved, without the Favorites that do not lead to the web.";
 }

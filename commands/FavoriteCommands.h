@@ -20,8 +20,8 @@ public:
     /// Opens every shortcut that lies in a folder in a tab of its own, the last one in front. Asks before it opens
     /// very many; leaves out what a click would not open without a question.
     void OpenAll(TextView folder);
-    /// Asks for a file and saves the addresses of a folder's shortcuts as a TessaGroup; what to tell the user of it,
-    /// nothing when there is nothing to say.
+    /// Asks for a file and saves the addresses of a folder's shortcuts as a TessaGroup, but for those that a click
+    /// would not open without a question; what to tell the user of it, nothing when there is nothing to say.
     Text SaveAsGroup(TextView folder);
 
 private:

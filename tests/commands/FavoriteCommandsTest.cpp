@@ -147,8 +147,31 @@ TEST_F(FavoriteCommandsTest, AFolderIsSavedAsAGroup) {
     EXPECT_EQ(m_desk.main.Favorite.SaveAsGroup(m_root), u"");
     EXPECT_EQ(m_desk.messages.asked.back(),
               u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?");
+    EXPECT_EQ(TessaGroups::Load(m_folder.PathText("g.tvg")).Count(), 2U);
     m_desk.files.chosen = u"/nowhere/g.tvg";
     EXPECT_EQ(m_desk.main.Favorite.SaveAsGroup(m_root), u"The TessaGroup could not be saved.");
+}
+
+TEST_F(FavoriteCommandsTest, AGroupIsMadeOfThePagesThatOpenWithoutAQuestionAlone) {
+    Add(u"1", u"http://1/");
+    Add(u"2", u"javascript:x");
+    Add(u"3", u"file:///etc/passwd");
+    Add(u"4", u"");
+    Add(u"5", u"example.com");
+    m_desk.files.chosen = m_folder.PathText("g.tvg");
+    EXPECT_EQ(m_desk.main.Favorite.SaveAsGroup(m_root),
+              u"The TessaGroup has been saved, without the Favorites that do not lead to the web.");
+    EXPECT_EQ(m_folder.Read("g.tvg"), "[TessaGroup]\r\nurl1=http://1/\r\nurl2=example.com\r\n");
+}
+
+TEST_F(FavoriteCommandsTest, AFolderWithoutAPageOfTheWebMakesNoGroup) {
+    EXPECT_EQ(m_desk.main.Favorite.SaveAsGroup(m_root), u"There are no pages in that folder.");
+    Add(u"a", u"javascript:x");
+    m_folder.Write("g.tvg", "old");
+    m_desk.files.chosen = m_folder.PathText("g.tvg");
+    EXPECT_EQ(m_desk.main.Favorite.SaveAsGroup(m_root), u"No Favorite in that folder leads to the web.");
+    EXPECT_EQ(m_folder.Read("g.tvg"), "old");
+    EXPECT_TRUE(m_desk.messages.asked.empty());
 }
 
 } // namespace
