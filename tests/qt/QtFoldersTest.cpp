@@ -13,12 +13,14 @@ class QtFoldersTest : public testing::Test {
 protected:
     QtFoldersTest() {
         qunsetenv("TESSAVIEW_HOME");
+        qputenv("HOME", Path("user").toUtf8());
         for (const char* name : {"DATA", "CONFIG", "CACHE"})
             qputenv((QByteArray("XDG_") + name + "_HOME").constData(), Path(name).toUtf8());
     }
     ~QtFoldersTest() override {
         for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "TESSAVIEW_HOME"})
             qunsetenv(name);
+        qputenv("HOME", m_home);
     }
     [[nodiscard]] QString Path(const char* name) const { return QString::fromStdString(m_folder.Path(name)); }
     /// The program's file in a folder of that name.
@@ -28,6 +30,7 @@ protected:
     }
 
     TemporaryFolder m_folder;
+    const QByteArray m_home = qgetenv("HOME");
 };
 
 TEST_F(QtFoldersTest, AFolderOfItsOwnHoldsWhatBelongsToTheProgram) {
@@ -57,9 +60,34 @@ TEST_F(QtFoldersTest, OneVariableMovesEverything) {
 
 TEST_F(QtFoldersTest, ARelativePathOfTheDesktopIsIgnored) {
     qputenv("XDG_CONFIG_HOME", "somewhere");
-    qputenv("HOME", Path("user").toUtf8());
     const QtFolders folders = QtFolders::Find(ProgramIn("unpacked"));
     EXPECT_EQ(folders.settings, Path("user/.config/tessaview"));
+}
+
+TEST_F(QtFoldersTest, FavoritesLieInTheFoldersOfTheDesktop) {
+    QDir().mkpath(Path("user"));
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("DATA/tessaview/Favorites"));
+    EXPECT_FALSE(QDir(Path("DATA/tessaview/Favorites")).exists()) << "made when the first is added";
+    qunsetenv("XDG_DATA_HOME");
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("user/.local/share/tessaview/Favorites"));
+}
+
+TEST_F(QtFoldersTest, AFolderOfFavoritesThatTheUserHasAlreadyIsTaken) {
+    QDir().mkpath(Path("user/Favorites"));
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("user/Favorites"));
+    EXPECT_EQ(QtFolders::Find(ProgramIn("bin")).favorites, Path("user/Favorites"));
+}
+
+TEST_F(QtFoldersTest, AFileOfThatNameIsNoFolderOfFavorites) {
+    QDir().mkpath(Path("user"));
+    m_folder.Write("user/Favorites", "");
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("DATA/tessaview/Favorites"));
+}
+
+TEST_F(QtFoldersTest, TheOneVariableMovesFavoritesTooWhateverTheUserHas) {
+    QDir().mkpath(Path("user/Favorites"));
+    qputenv("TESSAVIEW_HOME", Path("home").toUtf8());
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("home/Favorites"));
 }
 
 } // namespace
