@@ -14,13 +14,13 @@ constexpr std::size_t kShownAddress = 300;
 constexpr TextView kNoPages = u"There are no pages in that folder.";
 
 /// The pages in a folder that may open without a question, and how many of its shortcuts are not among them.
-struct Pages {
+struct WebPages {
     std::vector<Text> addresses;
     std::size_t left = 0;
 };
 
-Pages PagesIn(TextView folder) {
-    Pages pages;
+WebPages PagesIn(TextView folder) {
+    WebPages pages;
     for (const Favorites::Item& item : Favorites::Items(folder)) {
         if (item.IsFolder) continue;
         const bool opens = !item.Address.empty() && TrustOf(item.Address) == LinkTrust::Open;

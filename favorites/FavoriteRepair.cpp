@@ -114,7 +114,7 @@ namespace Favorites {
 
 bool CanKeep(TextView folder) {
     if (folder.empty()) return false;
-    const std::string path = ToUtf8(folder);
+    const std::string path = PathToBytes(folder);
     const std::string nearest = NearestPresent(path);
     return nearest == path ? CanUse(path) : WhatLiesAt(nearest) == Lies::Folder && Allows(nearest, W_OK | X_OK);
 }
@@ -122,11 +122,11 @@ bool CanKeep(TextView folder) {
 Repaired Repair(TextView folder) {
     Repaired repaired;
     if (folder.empty()) return repaired;
-    const std::string path = ToUtf8(folder);
+    const std::string path = PathToBytes(folder);
     const std::string nearest = NearestPresent(path);
     if (WhatLiesAt(nearest) == Lies::Other) {
         const std::string aside = SetAside(nearest);
-        repaired.SetAside = FromBytes(std::filesystem::path(aside).filename().string());
+        repaired.SetAside = PathFromBytes(std::filesystem::path(aside).filename().string());
     }
     if (nearest != path) OpenUp(nearest);
     std::error_code failed;

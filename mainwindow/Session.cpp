@@ -8,7 +8,7 @@ constexpr std::string_view kHeader = "TessaView session 1";
 constexpr std::string_view kTime = "time=", kEnded = "ended=", kSettled = "settled=", kSelected = "selected=";
 constexpr std::string_view kPage = "page=";
 
-std::string OneLine(TextView text) {
+std::string OneLineBytes(TextView text) {
     std::string bytes = ToUtf8(text);
     std::ranges::replace_if(
         bytes, [](char each) { return static_cast<unsigned char>(each) < ' '; }, ' ');
@@ -55,7 +55,8 @@ std::string SessionBytes(const Session& session) {
     add(kEnded, session.Ended ? "1" : "0");
     add(kSettled, session.Settled ? "1" : "0");
     add(kSelected, std::to_string(session.Selected));
-    for (const SessionPage& page : session.Pages) add(kPage, OneLine(page.Address) + '\t' + OneLine(page.Title));
+    for (const SessionPage& page : session.Pages)
+        add(kPage, OneLineBytes(page.Address) + '\t' + OneLineBytes(page.Title));
     return bytes + '\n';
 }
 
