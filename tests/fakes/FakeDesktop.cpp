@@ -11,11 +11,15 @@ std::string FakeLog::Take() {
 Answer FakeMessages::AskYesNoCancel(TextView question) {
     asked.emplace_back(question);
     if (whileOpen) whileOpen();
-    return answer;
+    if (answers.empty()) return answer;
+    const Answer next = answers.front();
+    answers.pop_front();
+    return next;
 }
 
 Text FakeFiles::ShowOpen(const FileDialogRequest& request) {
     last = request;
+    if (whileOpen) whileOpen();
     return chosen;
 }
 

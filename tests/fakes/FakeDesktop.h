@@ -10,6 +10,7 @@
 #include "common/platform/Shell.h"
 #include "common/platform/Trash.h"
 
+#include <deque>
 #include <map>
 #include <set>
 #include <string>
@@ -29,6 +30,7 @@ public:
     Answer AskYesNoCancel(TextView question) override;
     void Inform(TextView message) override { told.emplace_back(message); }
     Answer answer = Answer::Cancel;
+    std::deque<Answer> answers; ///< to the next questions in order; `answer` is for all behind them
     std::vector<Text> asked;
     std::vector<Text> told;
     std::function<void()> whileOpen; ///< what happens behind the box before it is answered
@@ -40,6 +42,7 @@ public:
     Text ShowSave(const FileDialogRequest& request) override { return ShowOpen(request); }
     Text chosen;
     FileDialogRequest last;
+    std::function<void()> whileOpen; ///< what happens behind the dialog before a file is chosen
 };
 
 class FakeWindow final : public MainWindow {
