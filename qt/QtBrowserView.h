@@ -35,6 +35,7 @@ public:
     Outcome ExecWB(BrowserCommand command) override;
     [[nodiscard]] Text LocationName() const override;
     [[nodiscard]] PageDocument* Document() override;
+    [[nodiscard]] int ZoomLevel() const override { return m_zoom; }
     [[nodiscard]] PageTools* Tools() override { return m_questions ? &m_questions->tools : nullptr; }
     [[nodiscard]] PageLife* Life() override { return m_life.get(); }
     [[nodiscard]] PageSecurity Security() const override;
@@ -73,7 +74,6 @@ public:
 private:
     // The document.
     Outcome Zoom(int level) override;
-    [[nodiscard]] std::optional<int> ZoomLevel() const override { return m_zoom; }
 
     void ApplyZoom();
     bool FillHistory(const QByteArray& bytes);

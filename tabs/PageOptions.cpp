@@ -23,8 +23,6 @@ constexpr std::array kSizes{
     TextSize{u"mnuFontSmallest", 0, u"mnuFontSmallest"},
 };
 
-constexpr int kUsualLevel = 2;
-
 struct LoadSwitch {
     TextView tool;
     Setting<bool> SettingsStore::*setting;
@@ -52,21 +50,18 @@ void PageOptions::SetTextSize(TextView Name, ::Apply Apply) {
 }
 
 void PageOptions::MarkTextSize() {
-    auto* view = m_tabs.CurrentView();
-    auto* document = view ? view->Control->Document() : nullptr;
+    const auto* view = m_tabs.CurrentView();
     // Deliberate: without a view there is no level, which counts as 0, the smallest size.
-    int level = view ? kUsualLevel : 0;
-    if (document) level = document->ZoomLevel().value_or(0);
+    const int level = view ? view->Control->ZoomLevel() : 0;
     const auto* size = std::ranges::find(kSizes, level, &TextSize::level);
     SetTextSize(size == kSizes.end() ? TextView(u"mnuFontMedium") : size->tool, Apply::No);
 }
 
 void PageOptions::StepTextSize(int steps) {
     auto* view = m_tabs.CurrentView();
-    auto* document = view ? view->Control->Document() : nullptr;
-    if (!document) return;
+    if (!view || !view->Control->Document()) return;
     const auto [smallest, largest] = std::ranges::minmax(kSizes, {}, &TextSize::level);
-    const int level = std::clamp(document->ZoomLevel().value_or(kUsualLevel) + steps, smallest.level, largest.level);
+    const int level = std::clamp(view->Control->ZoomLevel() + steps, smallest.level, largest.level);
     SetTextSize(std::ranges::find(kSizes, level, &TextSize::level)->tool, Apply::Yes);
 }
 

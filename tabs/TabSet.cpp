@@ -86,10 +86,9 @@ InFront TabSet::PlaceFor(NewWindowPlace place) const {
 
 void TabSet::UpdateZoom() {
     const auto* view = CurrentView();
-    const auto* document = view ? view->Control->Document() : nullptr;
-    const auto level = document ? document->ZoomLevel() : std::nullopt;
-    const bool known = level && *level >= 0 && *level < static_cast<int>(PageDocument::kPercents.size());
-    const int percent = known ? PageDocument::kPercents.at(static_cast<std::size_t>(*level)) : kUsualPercent;
+    const int level = view && view->Control->Document() ? view->Control->ZoomLevel() : -1;
+    const bool known = level >= 0 && level < static_cast<int>(PageDocument::kPercents.size());
+    const int percent = known ? PageDocument::kPercents.at(static_cast<std::size_t>(level)) : kUsualPercent;
     m_sbStatus.Zoom = percent == kUsualPercent ? Text() : Decimal(percent) + u" %";
 }
 

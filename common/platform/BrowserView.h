@@ -31,7 +31,6 @@ public:
     virtual Outcome Zoom(int level) = 0;
     /// What the sizes are in percent.
     static constexpr std::array kPercents{60, 80, 100, 125, 150};
-    [[nodiscard]] virtual std::optional<int> ZoomLevel() const = 0;
 };
 
 /// Whether what a page does is forgotten with its tab and the others like it.
@@ -72,6 +71,8 @@ public:
     [[nodiscard]] virtual Text LocationName() const = 0;
     /// Nothing while the view has shown no page but a blank one. Belongs to the view.
     [[nodiscard]] virtual PageDocument* Document() = 0;
+    /// The size of the text at which the view shows its pages, blank ones too, from 0 to 4 like `PageDocument::Zoom`.
+    [[nodiscard]] virtual int ZoomLevel() const = 0;
     /// Nothing while there is no page. Belongs to the view.
     [[nodiscard]] virtual PageTools* Tools() = 0;
     /// Nothing while there is no page. Belongs to the view.

@@ -404,6 +404,23 @@ TEST_F(RuntimeMenusTest, TheFontMenuChecksThePagesSizeWithoutChangingIt) {
     EXPECT_EQ(m_desk.views.Calls(1), "");
 }
 
+TEST_F(RuntimeMenusTest, TheFontMenuAsksTheViewForItsSizeOfABlankPageToo) {
+    m_desk.views.At(1).hasDocument = false;
+    m_desk.views.At(1).zoom = 4;
+    Opened(u"bndFont");
+    EXPECT_TRUE(m_bar.Find(u"mnuFontLargest")->Checked());
+    EXPECT_FALSE(m_bar.Find(u"mnuFontMedium")->Checked());
+}
+
+TEST_F(RuntimeMenusTest, AtLevelThreeTheFontMenuChecksNothing_Deliberate) {
+    m_bar.Find(u"mnuFontSmallest")->Checked = true;
+    m_desk.views.At(1).zoom = 3;
+    Opened(u"bndFont");
+    for (const BandEntry& entry : m_bar.FindBand(u"bndFont")->Entries())
+        EXPECT_FALSE(entry.Item->Checked()) << ToUtf8(entry.Item->Name());
+    EXPECT_EQ(m_desk.views.Calls(1), "");
+}
+
 TEST_F(RuntimeMenusTest, WithoutAViewTheFontMenuChecksTheSmallestSize_Deliberate) {
     m_desk.main.pcPage.FindAt(1)->Tag = 99;
     Opened(u"bndFont");

@@ -37,7 +37,7 @@ public:
     Outcome ReplaceWord(TextView word) override;
     Outcome Save(TextView address, TextView path) override;
     void FindSelectedLinks(std::function<void(std::vector<Text>)> answer) override { answer(selectedLinks); }
-    [[nodiscard]] std::optional<int> ZoomLevel() const override { return zoom; }
+    [[nodiscard]] int ZoomLevel() const override { return zoom; }
     [[nodiscard]] bool Busy() const override { return busy; }
     [[nodiscard]] Text LocationURL() const override { return location; }
     [[nodiscard]] std::string History() const override { return history; }
