@@ -20,14 +20,18 @@ Page CurrentPage(const CommandContext& context) {
     return view ? Page{view->Control->LocationURL(), view->Control->LocationName()} : Page{};
 }
 
-// The address is asked for after the file was chosen, as the page may have moved on meanwhile.
-void AddToGroup(CommandContext& context, Privacy privacy, const std::function<Text()>& address) {
-    if (privacy == Privacy::Private && context.messages.AskYesNoCancel(kPrivatePageQuestion) != Answer::Yes) return;
+void AddToGroup(CommandContext& context, std::int32_t index) {
+    const bool isPrivate = context.tabs.PrivacyOf(index) == Privacy::Private;
+    if (isPrivate && context.messages.AskYesNoCancel(kPrivatePageQuestion) != Answer::Yes) return;
     const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});
     if (file.empty()) return;
-    context.host.AddToTessaGroup(address(), file);
+    // The address is asked for only now, as the page may have moved on meanwhile.
+    if (const auto* view = context.tabs.OpenView(index))
+        context.host.AddToTessaGroup(view->Control->LocationURL(), file);
+    else
+        context.tabs.ShowStatusText(u"The page is no longer open. Nothing was added.");
     context.groupsMenuStale = true;
 }
 
@@ -35,17 +39,11 @@ void AddToGroup(CommandContext& context, Privacy privacy, const std::function<Te
 
 namespace CollectionCommands {
 
-void AddToTessaGroup(CommandContext& context) {
-    AddToGroup(context, context.tabs.CurrentPrivacy(), [&] { return CurrentPage(context).address; });
-}
+void AddToTessaGroup(CommandContext& context) { AddToGroup(context, context.tabs.CurrentIndex()); }
 
 void AddTabToTessaGroup(CommandContext& context) {
-    const auto* popup = context.strip.PopupView();
-    if (!popup) return;
-    AddToGroup(context, popup->Privacy, [&] {
-        const auto* view = context.strip.PopupView();
-        return view ? view->Control->LocationURL() : Text();
-    });
+    // Its position may be another tab's when the dialogs have closed.
+    if (context.strip.PopupView()) AddToGroup(context, context.strip.PopupTab()->Tag);
 }
 
 void SaveAsTessaGroup(CommandContext& context) {

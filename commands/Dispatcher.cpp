@@ -22,20 +22,23 @@ constexpr TextView kOwnCommands = u"xtr";
 } // namespace
 
 void Dispatcher::actBar_Click(const Tool& tool) {
+    // What a click is about is decided when it comes: the command may bring another tab to the front, or ask the user,
+    // and a later start of the program may do so behind that question.
+    const std::int32_t view = m_context.tabs.CurrentIndex();
     if (RunLink(tool)) return;
     // A command may rebuild the menu that the tool stands in, and the tool with it.
     const std::int32_t id = tool.Id();
     const Text name = tool.Name(), description = tool.Description;
     RunNamed(tool);
-    RunById(id, name, description);
+    RunById(id, name, description, view);
 }
 
 bool Dispatcher::RunLink(const Tool& tool) {
     const TextView name = tool.Name();
     if (name.starts_with(u"shp")) {
-        NavigateCurrent(Text(Endpoints::kShop) + tool.Description);
+        Navigate(m_context.tabs.CurrentIndex(), Text(Endpoints::kShop) + tool.Description);
     } else if (name.starts_with(u"fnd")) {
-        NavigateCurrent(Text(Endpoints::kFind) + tool.Description);
+        Navigate(m_context.tabs.CurrentIndex(), Text(Endpoints::kFind) + tool.Description);
     } else if (name.starts_with(u"mnuRes")) {
         const auto& host = m_context.host;
         const auto& resize = name == u"mnuResizeAddress" ? host.ResizeAddress : host.ResizeSearch;
@@ -60,22 +63,22 @@ void Dispatcher::RunNamed(const Tool& tool) {
                command->effect);
 }
 
-void Dispatcher::RunById(std::int32_t id, TextView name, TextView description) {
+void Dispatcher::RunById(std::int32_t id, TextView name, TextView description, std::int32_t view) {
     const auto kind = RuntimeIds::KindOf(id);
-    if (kind == RuntimeIds::Kind::Favorite) OpenFavorite(name);
+    if (kind == RuntimeIds::Kind::Favorite) OpenFavorite(name, view);
     if (kind == RuntimeIds::Kind::Group) m_context.groups.OpenTessaGroup(description);
 }
 
-void Dispatcher::OpenFavorite(TextView address) {
+void Dispatcher::OpenFavorite(TextView address, std::int32_t view) {
     const auto& host = m_context.host;
     const bool newTab = host.ShiftHeld && host.ShiftHeld();
     if (host.MayOpenLink && !host.MayOpenLink(address)) return;
-    if (!newTab) return NavigateCurrent(address);
-    if (auto* view = m_context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(address));
+    if (!newTab) return Navigate(view, address);
+    if (auto* made = m_context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(made->Navigate(address));
 }
 
-void Dispatcher::NavigateCurrent(TextView address) {
-    if (auto* view = m_context.tabs.CurrentView()) ResumeNext(view->Control->Navigate(address));
+void Dispatcher::Navigate(std::int32_t view, TextView address) {
+    if (auto* open = m_context.tabs.OpenView(view)) ResumeNext(open->Control->Navigate(address));
 }
 
 void Dispatcher::DisableUnavailable() {

@@ -17,9 +17,9 @@ public:
 private:
     bool RunLink(const Tool& tool);
     void RunNamed(const Tool& tool);
-    void RunById(std::int32_t id, TextView name, TextView description);
-    void OpenFavorite(TextView address);
-    void NavigateCurrent(TextView address);
+    void RunById(std::int32_t id, TextView name, TextView description, std::int32_t view);
+    void OpenFavorite(TextView address, std::int32_t view);
+    void Navigate(std::int32_t view, TextView address);
 
     CommandContext& m_context;
 };

@@ -3,14 +3,6 @@
 #include "commands/Endpoints.h"
 #include "tabs/Browser.h"
 
-namespace {
-
-void Navigate(CommandContext& context, TextView address) {
-    if (auto* view = context.tabs.CurrentView()) ResumeNext(view->Control->Navigate(address));
-}
-
-} // namespace
-
 namespace PageCommands {
 
 void GoBack(CommandContext&, BrowserView& view) { ResumeNext(view.GoBack()); }
@@ -46,11 +38,13 @@ void SelectAll(CommandContext&, BrowserView& view) {
 }
 
 void Open(CommandContext& context) {
+    const std::int32_t current = context.tabs.CurrentIndex();
     const Text file =
         context.files.ShowOpen({.DialogTitle = u"Open",
                                 .InitDir = {},
                                 .Filter = u"HTML Files (*.htm, *.html)|*.htm; *.html|All Files (*.*)|*.*"});
-    if (!file.empty()) Navigate(context, file);
+    auto* view = file.empty() ? nullptr : context.tabs.OpenView(current);
+    if (view) ResumeNext(view->Control->Navigate(file));
 }
 
 void TextSize(CommandContext& context, const Tool& tool) { context.pages.SetTextSize(tool.Name(), Apply::Yes); }
@@ -64,10 +58,10 @@ void SmallerText(CommandContext& context) { context.pages.StepTextSize(-1); }
 void ToggleLoadOption(CommandContext& context, const Tool& tool) { context.pages.ToggleLoadOption(tool.Name()); }
 
 void Mail(CommandContext& context, const Tool& tool) {
-    const auto* view = context.tabs.CurrentView();
-    const Text title = view ? view->Control->LocationName() : Text();
-    const Text address = view ? view->Control->LocationURL() : Text();
-    Navigate(context, context.host.MailAddress(tool.Name(), title, address));
+    auto* view = context.tabs.CurrentView();
+    if (!view) return;
+    const Text title = view->Control->LocationName(), address = view->Control->LocationURL();
+    ResumeNext(view->Control->Navigate(context.host.MailAddress(tool.Name(), title, address)));
 }
 
 } // namespace PageCommands

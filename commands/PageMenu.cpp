@@ -39,30 +39,34 @@ constexpr std::array kActions{
     Action{u"xtrInspect", PageAction::Inspect},
 };
 
-bool IsPrivate(const CommandContext& context) { return context.tabs.PrivacyOf(context.menuView) == Privacy::Private; }
+/// How a tab is opened.
+struct TabToOpen {
+    InFront inFront;
+    Privacy privacy;
+};
 
-// The menu belongs to the view in front; when its tab is gone, so is what was asked for.
-ArrayView* View(const CommandContext& context) {
-    return context.tabs.IsSelected(context.menuView) ? context.tabs.CurrentView() : nullptr;
-}
-
-PageTools* Tools(const CommandContext& context) {
-    auto* view = View(context);
+// The view that the menu was asked for is fixed when a command begins; another tab may come to the front meanwhile, or
+// the view's tab may go.
+PageTools* Tools(const CommandContext& context, std::int32_t index) {
+    auto* view = context.tabs.OpenView(index);
     return view ? view->Control->Tools() : nullptr;
 }
 
-void OpenTab(CommandContext& context, TextView address, InFront inFront, Privacy privacy) {
-    const auto* view = View(context);
+void OpenTab(CommandContext& context, std::int32_t index, TextView address, TabToOpen tab) {
+    const auto* view = context.tabs.OpenView(index);
     if (!view || !MayOpenFromPage(view->Control->LocationURL(), address)) return;
-    if (auto* opened = context.tabs.GetNewBrowser(inFront, privacy)) ResumeNext(opened->Navigate(Text(address)));
+    if (auto* opened = context.tabs.GetNewBrowser(tab.inFront, tab.privacy))
+        ResumeNext(opened->Navigate(Text(address)));
 }
 
 void OpenTab(CommandContext& context, const Text& address, NewWindowPlace place) {
-    OpenTab(context, address, context.tabs.PlaceFor(place), context.tabs.PrivacyOf(context.menuView));
+    const std::int32_t index = context.menuView;
+    OpenTab(context, index, address, {context.tabs.PlaceFor(place), context.tabs.PrivacyOf(index)});
 }
 
 void SaveAddress(CommandContext& context, const Text& address) {
-    if (!Tools(context) || !MaySave(address)) return;
+    const std::int32_t index = context.menuView;
+    if (!Tools(context, index) || !MaySave(address)) return;
     const Text path =
         context.files.ShowSave({.DialogTitle = u"Save As",
                                 .InitDir = context.host.DownloadFolder ? context.host.DownloadFolder() : Text(),
@@ -70,8 +74,7 @@ void SaveAddress(CommandContext& context, const Text& address) {
                                 .FileName = FileNameOfAddress(address)});
     if (path.empty()) return;
     if (FileExists(PathToBytes(path)) && context.messages.AskYesNoCancel(kReplaceQuestion) != Answer::Yes) return;
-    // The dialogs ran; the page may have gone meanwhile.
-    if (auto* tools = Tools(context)) ResumeNext(tools->Save(address, path));
+    if (auto* tools = Tools(context, index)) ResumeNext(tools->Save(address, path));
 }
 
 void SetCaption(const CommandContext& context, TextView tool, Text caption) {
@@ -100,7 +103,7 @@ namespace PageMenu {
 void Open(CommandContext& context, std::int32_t index, const PageContext& page) {
     context.menuView = index;
     context.menuPage = page;
-    const auto* view = View(context);
+    const auto* view = context.tabs.OpenView(index);
     if (!view) return;
     ShowState(context, page);
     auto* band = context.actBar.FindBand(kBand);
@@ -114,7 +117,8 @@ void OpenLink(CommandContext& context) { OpenTab(context, context.menuPage.LinkU
 void OpenLinkOtherWay(CommandContext& context) { OpenTab(context, context.menuPage.LinkURL, NewWindowPlace::OtherWay); }
 
 void OpenLinkPrivate(CommandContext& context) {
-    OpenTab(context, context.menuPage.LinkURL, context.tabs.PlaceFor(NewWindowPlace::AsSet), Privacy::Private);
+    OpenTab(context, context.menuView, context.menuPage.LinkURL,
+            {context.tabs.PlaceFor(NewWindowPlace::AsSet), Privacy::Private});
 }
 
 void OpenMedia(CommandContext& context) { OpenTab(context, context.menuPage.MediaURL, NewWindowPlace::AsSet); }
@@ -129,7 +133,8 @@ void CopyMediaAddress(CommandContext& context) { context.host.CopyText(context.m
 
 void AddLinkToTessaGroup(CommandContext& context) {
     const Text link = context.menuPage.LinkURL;
-    if (IsPrivate(context) && context.messages.AskYesNoCancel(kPrivateLinkQuestion) != Answer::Yes) return;
+    const bool isPrivate = context.tabs.PrivacyOf(context.menuView) == Privacy::Private;
+    if (isPrivate && context.messages.AskYesNoCancel(kPrivateLinkQuestion) != Answer::Yes) return;
     const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});
@@ -139,38 +144,38 @@ void AddLinkToTessaGroup(CommandContext& context) {
 }
 
 void SearchForSelection(CommandContext& context) {
-    const auto* view = View(context);
     const Text words = PlainLine(context.menuPage.SelectedText, kMostWords);
-    if (!view || words.empty()) return;
+    if (!context.tabs.OpenView(context.menuView) || words.empty()) return;
     const Text address = Text(Endpoints::kSearch) + words;
-    auto* opened =
-        context.tabs.GetNewBrowser(context.tabs.PlaceFor(NewWindowPlace::AsSet), context.tabs.CurrentPrivacy());
+    const Privacy privacy = context.tabs.PrivacyOf(context.menuView);
+    auto* opened = context.tabs.GetNewBrowser(context.tabs.PlaceFor(NewWindowPlace::AsSet), privacy);
     if (opened) ResumeNext(opened->Navigate(address));
 }
 
 void OpenSelectedLinks(CommandContext& context) {
-    auto* tools = Tools(context);
+    const std::int32_t index = context.menuView;
+    auto* tools = Tools(context, index);
     if (!tools) return;
-    tools->FindSelectedLinks([&context](std::vector<Text> links) {
-        const auto* view = View(context);
+    tools->FindSelectedLinks([&context, index](std::vector<Text> links) {
+        const auto* view = context.tabs.OpenView(index);
         if (!view) return;
         const Text page = view->Control->LocationURL();
         std::erase_if(links, [&](const Text& link) { return !MayOpenFromPage(page, link); });
         if (links.size() > kMostLinks) links.resize(kMostLinks);
         const Text question = u"Do you want to open " + Decimal(static_cast<std::int64_t>(links.size())) + u" tabs?";
         if (links.size() > kManyLinks && context.messages.AskYesNoCancel(question) != Answer::Yes) return;
-        const Privacy privacy = context.tabs.PrivacyOf(context.menuView);
+        const TabToOpen behind{InFront::No, context.tabs.PrivacyOf(index)};
         // Each new tab stands right of the selected one, so the last is opened first.
-        for (auto link = links.rbegin(); link != links.rend(); ++link) OpenTab(context, *link, InFront::No, privacy);
+        for (auto link = links.rbegin(); link != links.rend(); ++link) OpenTab(context, index, *link, behind);
     });
 }
 
 void ReplaceWord(CommandContext& context, const Tool& tool) {
-    if (auto* tools = Tools(context)) ResumeNext(tools->ReplaceWord(PlainCaption(tool.Caption())));
+    if (auto* tools = Tools(context, context.menuView)) ResumeNext(tools->ReplaceWord(PlainCaption(tool.Caption())));
 }
 
 void Run(CommandContext& context, const Tool& tool) {
-    auto* tools = Tools(context);
+    auto* tools = Tools(context, context.menuView);
     for (const Action& each : kActions) {
         if (tools && tool.Name() == each.tool) ResumeNext(tools->Run(each.action));
     }

@@ -215,6 +215,14 @@ ArrayView* TabSet::CurrentView() const {
     return selected ? m_browser.Find(selected->Tag) : nullptr;
 }
 
+std::int32_t TabSet::CurrentIndex() const {
+    const auto* selected = m_pcPage.SelectedItem();
+    return selected ? selected->Tag : 0;
+}
+
+// View 1 outlives its tab.
+ArrayView* TabSet::OpenView(std::int32_t Index) const { return IsOpen(Index) ? m_browser.Find(Index) : nullptr; }
+
 bool TabSet::IsOpen(std::int32_t Index) const { return m_pcPage.Find(KeyOf(Index)) != nullptr; }
 
 bool TabSet::IsSelected(std::int32_t Index) const {

@@ -67,6 +67,11 @@ public:
     [[nodiscard]] ComboTool* AddressCombo() const;
     /// The view of the selected tab, or nothing.
     [[nodiscard]] ArrayView* CurrentView() const;
+    /// The index of the selected tab's view; 0 without a selected tab.
+    [[nodiscard]] std::int32_t CurrentIndex() const;
+    /// The view `Index`, or nothing once its tab has gone. A command keeps the index of the view that it began with and
+    /// finds it again behind a dialog, whatever tab has come to the front meanwhile.
+    [[nodiscard]] ArrayView* OpenView(std::int32_t Index) const;
     [[nodiscard]] bool IsSelected(std::int32_t Index) const;
     /// Whether a tab shows the view of that index.
     [[nodiscard]] bool IsOpen(std::int32_t Index) const;

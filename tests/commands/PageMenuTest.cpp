@@ -110,16 +110,27 @@ TEST_F(PageMenuTest, OfALinkCopiesSavesAndKeepsIt) {
     EXPECT_NE(folder.Read("g.tvg").find("url1=https://b.example/My%20file.zip"), std::string::npos);
 }
 
-TEST_F(PageMenuTest, SavesNothingOfAPageThatHasGoneMeanwhile) {
+TEST_F(PageMenuTest, SavesAndOpensNothingOfAPageThatHasGoneMeanwhile) {
     desk.Click(u"mnuNewBlank");
     desk.ClickTab(1);
     Ask(Link(u"https://b.example/x"));
-    desk.ClickTab(2);
+    desk.main.CloseBrowserTab(1);
+    desk.views.Calls(1);
+    desk.views.Calls(2);
     desk.files.chosen = u"/nowhere/x";
-    desk.Click(u"xtrLinkSave");
-    desk.Click(u"xtrLinkOpen");
-    EXPECT_EQ(desk.views.Calls(1), "");
-    EXPECT_EQ(desk.Strip(), "1 [2*]");
+    for (const TextView tool : {u"xtrLinkSave", u"xtrLinkOpen", u"xtrInspect"}) desk.Click(tool);
+    EXPECT_EQ(desk.views.Calls(1) + desk.views.Calls(2), "");
+    EXPECT_EQ(desk.Strip(), "[2*]");
+}
+
+TEST_F(PageMenuTest, IsForItsPageAlthoughAnotherTabHasComeToTheFront) {
+    Ask(Selection(u"tea"));
+    desk.Click(u"xtrPrivateTab");
+    desk.Click(u"xtrInspect");
+    EXPECT_EQ(desk.views.Calls(1), "action 8");
+    desk.Click(u"xtrSearchSelection");
+    EXPECT_EQ(desk.Strip(), "1 2 [3*]");
+    EXPECT_EQ(desk.views.At(3).privacy, Privacy::Ordinary) << "as the page is that holds the words";
 }
 
 TEST_F(PageMenuTest, OfABackgroundPageIsNotShown) {
