@@ -4,7 +4,9 @@
 
 #include <array>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -179,6 +181,29 @@ constexpr auto kCommandOrder =
     "mnuSaveAs mnuPageSetup mnuPrint mnuCut mnuCopy mnuPaste mnuSelectAll mnuFind mnuViewInternetOptions "
     "mnuViewSource mnuExit mnuViewToolbars mnuTabStop mnuTabRefresh mnuTabClose";
 
+// The menus that the tools were designed for; those of the Shop and Find links are told by their names.
+constexpr std::array kCategories{
+    std::pair("Menu", "mnuFile mnuEdit mnuView mnuGo mnuFavorites mnuTessaGroups mnuFindLinks mnuShop mnuOptions"),
+    std::pair("File", "tbNew mnuNewBlank mnuNewSearch mnuNewHome mnuNewCurrent mnuOpen mnuClose mnuCloseAll mnuSaveAs "
+                      "mnuPrint mnuPageSetup mnuExit"),
+    std::pair("Edit", "mnuCut mnuCopy mnuPaste mnuSelectAll mnuFind"),
+    std::pair("View", "mnuViewStatusbar mnuViewToolbars mnuStop mnuRefresh mnuViewSource mnuViewInternetOptions "
+                      "mnuClearAddresses mnuClearSearches mnuResizeAddress mnuResizeSearch"),
+    std::pair("Go", "mnuGoBack mnuGoForward mnuHome mnuSearch mnuPreviousBrowserTab mnuNextBrowserTab"),
+    std::pair("Favorites", "mnuAddToFavorites mnuOrganizeFavorites"),
+    std::pair("Popup", "mnuTabStop mnuTabRefresh mnuTabClose"),
+    std::pair("Options", "mnuLoadImages mnuLoadVideos mnuLoadSounds mnuLoadAnimations mnuSettings"),
+    std::pair("Help", "mnuHelp mnuAbout"),
+    std::pair("TessaGroups", "mnuAddToTessaGroup mnuSaveAsTessaGroup mnuOrganizeTessaGroups"),
+    std::pair("Mail", "mnuMail mnuReadMail mnuNewMessage mnuSendLink mnuMailQuorvaneSoftware mnuFeatureRequest "
+                      "mnuMailBugReport mnuReadNews"),
+    std::pair("Font", "mnuFont mnuFontLargest mnFontLarge mnuFontMedium mnuFontSmaller mnuFontSmallest"),
+    std::pair("Address", "mnuAddress cboAddress"),
+    std::pair("Search", "mnuSearchLabel cboSearch"),
+    // They only carry pictures.
+    std::pair("", "mnuLinkImage mnuFolderImage mnuTessaGroupsImage"),
+};
+
 class DesignTimeBarTest : public testing::Test {
 protected:
     void SetUp() override { DesignTimeBar::Make(bar); }
@@ -236,15 +261,41 @@ TEST_F(DesignTimeBarTest, EveryToolHasItsCaptionAndDescription) {
 TEST_F(DesignTimeBarTest, IdsAreGivenOnce) {
     std::set<std::int32_t> ids;
     for (const auto& tool : bar.Tools()) EXPECT_TRUE(ids.insert(tool->Id()).second) << ToUtf8(tool->Name());
+    // Tools of one band alone.
+    for (const auto& [band, name] : {std::pair(u"bndMenu", u"mnuHelp"), std::pair(u"bndFont", u"mnuFontLarger")}) {
+        const Tool* own = bar.FindBand(band)->Find(name);
+        ASSERT_NE(own, nullptr);
+        EXPECT_NE(bar.Share(name).get(), own);
+        EXPECT_TRUE(ids.insert(own->Id()).second) << ToUtf8(name) << " has the id " << own->Id();
+        EXPECT_GT(own->Id(), 0);
+        EXPECT_LT(own->Id(), 200);
+    }
+}
+
+TEST_F(DesignTimeBarTest, TheSearchLabelNamesTheService) {
+    EXPECT_EQ(bar.Find(u"mnuSearchLabel")->Caption(), u"Sea&rch the Web");
 }
 
 TEST_F(DesignTimeBarTest, CategoriesAreThoseOfTheMenus) {
-    const std::set<std::string> categories{"File",        "Edit", "View",    "Go",     "Favorites", "Popup",
-                                           "Options",     "Help", "Mail",    "Font",   "Shop",      "Find",
-                                           "TessaGroups", "Menu", "Address", "Search", "More",      ""};
-    for (const auto& tool : bar.Tools()) EXPECT_TRUE(categories.contains(ToUtf8(tool->Category)));
-    EXPECT_EQ(bar.Find(u"shpToys")->Category, u"Shop");
-    EXPECT_EQ(bar.Find(u"mnuFile")->Category, u"Menu");
+    std::map<std::string, std::string> expected;
+    for (const auto& [category, tools] : kCategories) {
+        std::istringstream names(tools);
+        for (std::string name; names >> name;) EXPECT_TRUE(expected.emplace(name, category).second) << name;
+    }
+    for (const auto& tool : bar.Tools()) {
+        const std::string name = ToUtf8(tool->Name()), category = ToUtf8(tool->Category);
+        if (name.starts_with("xtr")) {
+            EXPECT_TRUE(category == "More" || category.empty()) << name;
+            continue;
+        }
+        if (name.starts_with("shp")) expected[name] = "Shop";
+        if (name.starts_with("fnd")) expected[name] = "Find";
+        EXPECT_TRUE(expected.contains(name)) << name;
+        EXPECT_EQ(category, expected[name]) << name;
+    }
+    for (const auto& [name, category] : expected) EXPECT_NE(bar.Find(FromBytes(name)), nullptr) << name;
+    EXPECT_EQ(bar.FindBand(u"bndMenu")->Find(u"mnuHelp")->Category, u"Menu");
+    EXPECT_EQ(bar.FindBand(u"bndFont")->Find(u"mnuFontLarger")->Category, u"Font");
 }
 
 TEST_F(DesignTimeBarTest, OneToolTipHasASlipOfThePen_Deliberate) {

@@ -58,6 +58,26 @@ TEST(MainCommands, InternetOptionsTakeEffectAfterOkAlone) {
     EXPECT_EQ(desk.settings.Stored(u"InternetHomePage"), u"http://page.example/");
 }
 
+TEST(MainCommands, TheLoadSwitchesAreReadAnewAfterTheInternetOptionsWhateverTheAnswer) {
+    for (const bool accepted : {false, true}) {
+        Desk desk;
+        desk.Start();
+        std::string seen;
+        desk.main.Pages.ApplyLoadOptions = [&] {
+            seen += SettingsStore(desk.settings).LoadImages.Get() ? "images;" : "no images;";
+        };
+        desk.inInternetOptions = [&](frmInternetOptions& form) {
+            EXPECT_EQ(seen, "") << "not before the dialog closes";
+            ResumeNext(SettingsStore(desk.settings).LoadImages.Set(false));
+            (accepted ? form.cmdOK : form.cmdCancel).Click();
+        };
+        desk.Click(u"mnuViewInternetOptions");
+        EXPECT_EQ(seen, "no images;") << accepted;
+        EXPECT_FALSE(desk.main.actBar.Find(u"mnuLoadImages")->Checked());
+        EXPECT_TRUE(desk.main.actBar.Find(u"mnuLoadVideos")->Checked());
+    }
+}
+
 TEST(MainCommands, InternetOptionsShowTheDesktopsMailAndNewsPrograms) {
     Desk desk;
     desk.Start();

@@ -95,6 +95,22 @@ TEST_F(PrivateTabs, ComeIntoAGroupOnlyWhenTheUserSaysSo) {
     EXPECT_NE(folder.Read("g.tvg").find("url2=https://secret.example/"), std::string::npos);
 }
 
+TEST_F(PrivateTabs, KeepAGroupFromBeingReplacedWhenTheirQuestionIsCancelled) {
+    const TemporaryFolder folder;
+    const std::string before = "[TessaGroup]\r\nurl1=http://before/\r\n";
+    folder.Write("g.tvg", before);
+    desk.files.chosen = folder.PathText("g.tvg");
+    desk.messages.answers = {Answer::Yes, Answer::Cancel};
+    desk.Click(u"mnuSaveAsTessaGroup");
+    EXPECT_EQ(desk.messages.asked.size(), 2U);
+    EXPECT_EQ(desk.messages.asked.front(),
+              u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?");
+    EXPECT_EQ(folder.Read("g.tvg"), before);
+    desk.messages.answers = {Answer::Yes, Answer::No};
+    desk.Click(u"mnuSaveAsTessaGroup");
+    EXPECT_EQ(folder.Read("g.tvg"), "[TessaGroup]\r\nurl1=https://a.example/\r\n");
+}
+
 TEST_F(PrivateTabs, AreAddedToAGroupOnlyWhenTheUserSaysSo) {
     const TemporaryFolder folder;
     desk.files.chosen = folder.PathText("g.tvg");
