@@ -1,5 +1,6 @@
 #include "qt/QtBrowserView.h"
 #include "qt/QtEngine.h"
+#include "qt/QtFrameEnds.h"
 #include "qt/QtText.h"
 
 #include <QWebEngineFullScreenRequest>
@@ -19,7 +20,12 @@ void QtBrowserView::ConnectLoading() {
     connect(page, &QWebEnginePage::loadStarted, this, &QtBrowserView::OnLoadStarted);
     connect(page, &QWebEnginePage::loadFinished, this, &QtBrowserView::OnLoadFinished);
     connect(page, &QWebEnginePage::loadingChanged, this, &QtBrowserView::OnLoadingChanged);
-    connect(page, &QWebEnginePage::urlChanged, this, &QtBrowserView::OnAddressChanged);
+    connect(page, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
+        // What the page still awaits it does not show yet.
+        if (!m_page->Awaits(url)) OnAddressChanged(url);
+    });
+    connect(page, &QtPage::DocumentShown, this, [this] { OnAddressChanged(m_page->url()); });
+    connect(new QtFrameEnds(*page), &QtFrameEnds::Dropped, this, [this] { m_events.NavigationDropped(m_index); });
     connect(page, &QtPage::FrameReady, this, [this](const QUrl& url) {
         m_events.NavigateComplete2(m_index, PageLevel::Frame, FromQt(url.toString(QUrl::FullyEncoded)));
     });

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineSettings>
 #include <chrono>
 #include <memory>
@@ -16,8 +17,13 @@ constexpr std::chrono::seconds kCopyTime{1};
 }
 
 QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {
-    connect(this, &QWebEnginePage::urlChanged, this, [this] { m_awaited.clear(); });
-    connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] { m_input.clear(); });
+    connect(this, &QWebEnginePage::urlChanged, this, &QtPage::OnAddress);
+    connect(this, &QWebEnginePage::loadStarted, this, [this] { m_loading = true; });
+    connect(this, &QWebEnginePage::loadingChanged, this, &QtPage::OnLoading);
+    connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] {
+        m_input.clear();
+        m_loading = false;
+    });
     m_mayCopy.setSingleShot(true);
     m_mayCopy.setInterval(kCopyTime);
     m_mayCopy.callOnTimeout(this,
@@ -143,11 +149,32 @@ void QtPage::OnInputReport(const QString& report) {
     if (state == u"no") m_input.remove(document);
 }
 
+// A page that another one opens has its address before it begins to load, and before it has its document.
+void QtPage::OnAddress(const QUrl& address) {
+    if (m_loading || !Awaits(address)) m_awaited.clear();
+}
+
+void QtPage::OnLoading(const QWebEngineLoadingInfo& info) {
+    m_loading = info.status() == QWebEngineLoadingInfo::LoadStartedStatus;
+    if (!m_loading && Awaits(info.url())) m_awaited.clear();
+}
+
+// The engine has no signal for a document that comes from the address shown. Of one from another address it has told
+// before, and then nothing is awaited here any more.
+void QtPage::OnDocument(const QUrl& address) {
+    const auto withoutUser = [](const QUrl& url) { return url.adjusted(QUrl::RemoveUserInfo); };
+    const bool isError = address.scheme() == u"chrome-error";
+    if (m_awaited.isEmpty() || (!isError && withoutUser(address) != withoutUser(m_awaited))) return;
+    m_awaited.clear();
+    Q_EMIT DocumentShown();
+}
+
 void QtPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int, const QString&) {
     if (!message.startsWith(m_token)) return;
     const QString report = message.mid(m_token.size() + 1);
     const QUrl address(report.section(u' ', 1));
     if (report.startsWith(u"input ")) return OnInputReport(report);
+    if (report.startsWith(u"page ")) OnDocument(address);
     if (report.startsWith(u"ready ")) Q_EMIT FrameReady(address);
     if (report.startsWith(u"load ")) Q_EMIT FrameLoaded(address);
 }

@@ -38,6 +38,8 @@ public:
     void Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed);
     /// Deletes the page as soon as it waits for nothing any more: an answer, or that it is printed.
     void End();
+    /// Whether nobody needs the page any more, though it may still be there.
+    [[nodiscard]] bool Ended() const { return m_ending; }
 
 Q_SIGNALS:
     /// A navigation begins, of the page or of a frame inside it.
@@ -48,6 +50,9 @@ Q_SIGNALS:
     void StartLinkFollowed(const QUrl& url);
     /// The page wants another program of the desktop to open an address.
     void ExternalRequested(const QUrl& url);
+    /// The page shows the document that it was to load, and had its address already: after a refresh, or because
+    /// another page has opened it. Else `urlChanged` tells.
+    void DocumentShown();
     /// A frame has its document ready, or is loaded.
     void FrameReady(const QUrl& url);
     void FrameLoaded(const QUrl& url);
@@ -63,6 +68,9 @@ protected:
 
 private:
     void OnInputReport(const QString& report);
+    void OnAddress(const QUrl& address);
+    void OnLoading(const QWebEngineLoadingInfo& info);
+    void OnDocument(const QUrl& address);
     PageDialogAnswer Ask(const PageDialogRequest& request);
 
     [[nodiscard]] bool AcceptOwn(const QUrl& url, NavigationType type, bool isMainFrame);
@@ -73,6 +81,7 @@ private:
     QSet<QString> m_input; ///< the documents that hold some
     int m_printing = 0;    ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
     bool m_personActed = false;
+    bool m_loading = false;
     QTimer m_mayCopy; ///< runs for as long as the page may put something on the clipboard
-    QUrl m_awaited;   ///< of the top-level navigation that has not ended
+    QUrl m_awaited;   ///< of the top-level navigation whose document has not come, nor has it ended
 };

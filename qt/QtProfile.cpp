@@ -39,6 +39,10 @@ constexpr auto kFrameScript = R"js((function () {
     window.addEventListener('load', function () { console.log('%1 load ' + location.href); });
 })();)js";
 
+// Runs likewise in each document of a page as soon as there is one: the engine says nothing when a page shows a new
+// document from the address that it had already.
+constexpr auto kPageScript = "console.debug('%1 page ' + location.href);";
+
 } // namespace
 
 QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QString& token)
@@ -55,6 +59,7 @@ QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QS
     }
     ApplySettings();
     InstallFrameScript(token);
+    InstallPageScript(token);
     InstallInputWatch(token);
     m_profile->installUrlSchemeHandler(QtStartPage::Scheme(), m_startPage.get());
     m_profile->installUrlSchemeHandler(QtDialogScheme::Scheme(), m_dialogs.get());
@@ -95,6 +100,15 @@ void QtProfile::InstallFrameScript(const QString& token) {
     script.setInjectionPoint(QWebEngineScript::DocumentReady);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
     script.setRunsOnSubFrames(true);
+    m_profile->scripts()->insert(script);
+}
+
+void QtProfile::InstallPageScript(const QString& token) {
+    QWebEngineScript script;
+    script.setName(QStringLiteral("page"));
+    script.setSourceCode(QString::fromLatin1(kPageScript).arg(token));
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
     m_profile->scripts()->insert(script);
 }
 

@@ -31,6 +31,7 @@ public:
 
 private:
     void InstallFrameScript(const QString& token);
+    void InstallPageScript(const QString& token);
     void InstallInputWatch(const QString& token);
     void ApplySettings();
 

@@ -45,6 +45,9 @@ void BrowserEvents::DocumentComplete(std::int16_t Index, PageLevel pDisp, TextVi
     if (Loaded && pDisp == PageLevel::Top) Loaded(Index);
 }
 
+// Nothing new is shown, so the keyboard stays where it is.
+void BrowserEvents::NavigationDropped(std::int16_t Index) { m_tabs.SetTabBusy(Decimal(Index), TabBusy::No); }
+
 void BrowserEvents::ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL) {
     if (m_tabs.IsSelected(Index)) {
         ShowAddress(pDisp, URL);

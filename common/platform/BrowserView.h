@@ -124,6 +124,8 @@ public:
     virtual BrowserView* NewWindow2(std::int16_t Index, NewWindowPlace Place) = 0;
     virtual void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
     virtual void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
+    /// A frame's navigation has ended without a document: it became a download, or there was nothing to show.
+    virtual void NavigationDropped(std::int16_t Index) = 0;
     /// The page asks its user something, or no longer does.
     virtual void AttentionChange(std::int16_t Index, bool Asks) = 0;
     /// The user asks for the menu of what lies there in the page.

@@ -59,6 +59,8 @@ void EventRecorder::DocumentComplete(std::int16_t, PageLevel pDisp, TextView URL
     Add(QStringLiteral("D"), pDisp, URL);
 }
 
+void EventRecorder::NavigationDropped(std::int16_t) { lines << QStringLiteral("E"); }
+
 void EventRecorder::AttentionChange(std::int16_t, bool Asks) {
     lines << (Asks ? QStringLiteral("asks+") : QStringLiteral("asks-"));
 }

@@ -18,8 +18,8 @@ bool WaitUntil(const std::function<bool()>& condition);
 void Settle(QtEngine& engine, class QWebEnginePage* page);
 
 /// Writes down every event of its views, one short line each: "A 1 /page" (before a navigation), "N" (navigation
-/// complete), "D" (document complete), "T" (title), "S" and "F" (download begin and end), "back+"; a frame's lines end
-/// with " frame". Passes them on when told to.
+/// complete), "D" (document complete), "E" (a frame's navigation ended without one), "T" (title), "S" and "F" (download
+/// begin and end), "back+"; a frame's lines end with " frame". Passes them on when told to.
 class EventRecorder final : public BrowserViewEvents {
 public:
     void StatusTextChange(std::int16_t Index, TextView Text) override;
@@ -31,6 +31,7 @@ public:
     BrowserView* NewWindow2(std::int16_t Index, NewWindowPlace Place) override;
     void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    void NavigationDropped(std::int16_t Index) override;
     void AttentionChange(std::int16_t Index, bool Asks) override;
     void ContextMenu(std::int16_t Index, const PageContext& Context) override;
     void WindowClosing(std::int16_t Index) override;

@@ -92,5 +92,5 @@ void LocalServer::OnData(QTcpSocket* socket) {
     } else {
         socket->write(m_answers[path]);
     }
-    socket->disconnectFromHost();
+    if (!m_open.contains(path)) socket->disconnectFromHost();
 }

@@ -2,6 +2,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QHostAddress>
+#include <QSet>
 #include <QSslConfiguration>
 #include <QStringList>
 #include <QTcpServer>
@@ -24,6 +25,9 @@ public:
     /// Takes requests for `path` and never answers them.
     void Stall(const QString& path) { m_answers[path] = QByteArray(); }
 
+    /// Whatever the answer for `path` is, it does not come to its end: the connection stays open behind it.
+    void KeepOpen(const QString& path) { m_open.insert(path); }
+
     /// Answers `path` with what the function makes of the whole request.
     void Answer(const QString& path, std::function<QByteArray(const QByteArray& request)> answer) {
         m_makers[path] = std::move(answer);
@@ -39,6 +43,7 @@ private:
     void OnData(class QTcpSocket* socket);
 
     QHash<QString, QByteArray> m_answers;
+    QSet<QString> m_open;
     QHash<QString, std::function<QByteArray(const QByteArray&)>> m_makers;
     std::optional<QSslConfiguration> m_tls;
 };

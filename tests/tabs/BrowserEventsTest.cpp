@@ -73,6 +73,23 @@ TEST(BrowserEvents, TheCompletionOfAnyFrameClearsTheBusyMark_Deliberate) {
     EXPECT_EQ(desk.main.pcPage.FindAt(1)->Image(), TabImage::None);
 }
 
+TEST(BrowserEvents, AFramesNavigationThatIsDroppedClearsTheBusyMarkAndLeavesTheKeyboard) {
+    Desk desk;
+    desk.StartWithTabs(2);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.views.focused = desk.views.front = 0;
+    for (const std::int16_t index : {1, 2}) {
+        auto& events = desk.views.At(index).events;
+        events.BeforeNavigate2(index, PageLevel::Frame, u"http://frame/");
+        EXPECT_EQ(desk.main.pcPage.FindAt(static_cast<std::size_t>(index))->Image(), TabImage::Red);
+        events.NavigationDropped(index);
+        EXPECT_EQ(desk.main.pcPage.FindAt(static_cast<std::size_t>(index))->Image(), TabImage::None);
+    }
+    EXPECT_EQ(desk.views.focused, 0);
+    EXPECT_EQ(desk.views.front, 0);
+    EXPECT_EQ(desk.Address(), "http://one/");
+}
+
 TEST(BrowserEvents, HistoryStateEnablesBackAndForward) {
     Desk desk;
     desk.Start();
@@ -176,6 +193,7 @@ TEST(BrowserEvents, EventsOfAViewThatIsGoneDoNothing) {
     events.TitleChange(2, u"late");
     events.BeforeNavigate2(2, PageLevel::Top, u"http://late/");
     events.DocumentComplete(2, PageLevel::Top, u"http://late/");
+    events.NavigationDropped(2);
     events.CommandStateChange(2, HistoryCommand::NavigateBack, true);
     EXPECT_EQ(desk.Captions(), "[1*]");
     EXPECT_EQ(desk.Enabled(), "Refresh");
