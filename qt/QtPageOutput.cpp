@@ -83,7 +83,7 @@ Outcome QtPageOutput::SaveAs(QtPage& page, QWidget* parent) {
     dialog.selectFile(FileNameFor(page.title()));
     const QPointer<QtPage> alive(&page);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return Outcome::Done;
-    if (!alive) return Outcome::Failed;
+    if (!alive || alive->Ended()) return Outcome::Failed;
     Save(page, dialog.selectedFiles().constFirst(), parent);
     return Outcome::Done;
 }
@@ -113,7 +113,7 @@ Outcome QtPageOutput::Print(QtPage& page, QWidget* parent) {
     dialog.setWindowTitle(QStringLiteral("Print"));
     const QPointer<QtPage> alive(&page);
     if (dialog.exec() != QDialog::Accepted) return Outcome::Done;
-    if (!alive) return Outcome::Failed;
+    if (!alive || alive->Ended()) return Outcome::Failed;
     // The engine writes PDF itself, with text that can be searched.
     if (printer->outputFormat() == QPrinter::PdfFormat) {
         WritePdf(page, printer->outputFileName(), printer->pageLayout(), parent);

@@ -16,17 +16,20 @@ protected:
         server.Raw(QStringLiteral("/dot.svg"),
                    "HTTP/1.1 200 OK\r\nContent-Type: image/svg+xml\r\nContent-Length: 41\r\n"
                    "\r\n<svg xmlns='http://www.w3.org/2000/svg'/>");
+        server.Page(QStringLiteral("/tulip"), "<title>Tulip</title><p>yellow petals</p>");
         Show(QStringLiteral("/rose"), u"Rose");
     }
-    /// What the dialog is answered with once it is open: a file, or nothing to cancel it.
-    void Answer(const QString& path) {
+    /// What the dialog is answered with once it is open: a file, or nothing to cancel it; and what happens behind it
+    /// before that.
+    void Answer(const QString& path, const std::function<void()>& behind = {}) {
         auto* timer = new QTimer(&desk.window);
         timer->setInterval(10);
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, path] {
+        QObject::connect(timer, &QTimer::timeout, timer, [timer, path, behind] {
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
             if (!dialog) return;
             timer->deleteLater();
             timer->stop();
+            if (behind) behind();
             if (path.isEmpty()) return dialog->reject();
             dialog->selectFile(path);
             static_cast<QDialog*>(dialog)->accept();
@@ -43,6 +46,29 @@ TEST_P(SaveAsTest, WritesThePage) {
     Answer(File());
     Click(u"mnuSaveAs");
     EXPECT_TRUE(WaitUntil([&] { return QFileInfo(File()).size() > 0; }));
+}
+
+TEST_P(SaveAsTest, WritesThePageThatWasInFrontWhenItWasAskedFor) {
+    Answer(File(), [this] { desk.Open({server.Address(QStringLiteral("/tulip"))}); });
+    Click(u"mnuSaveAs");
+    ASSERT_TRUE(WaitTitle(u"Tulip"));
+    ASSERT_TRUE(WaitUntil([&] { return QFileInfo(File()).size() > 0; }));
+    if (IsPdf()) return;
+    const auto written = [this] {
+        QFile file(File());
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    EXPECT_TRUE(WaitUntil([&] { return written().contains("red petals"); })) << written().toStdString();
+}
+
+TEST_P(SaveAsTest, WritesNothingWhenThePageHasGoneBehindTheDialog) {
+    Answer(File(), [this] {
+        Click(u"mnuNewBlank");
+        desk.main->CloseBrowserTab(1);
+    });
+    Click(u"mnuSaveAs");
+    Show(QStringLiteral("/tulip"), u"Tulip");
+    EXPECT_FALSE(QFileInfo::exists(File()));
 }
 
 TEST_P(SaveAsTest, TheTabMayCloseAtOnce) {
