@@ -1,0 +1,75 @@
+#include "qt/QtComboBox.h"
+#include "qt/QtComboBoxes.h"
+#include "tests/engine/CommandsOnPages.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+
+namespace {
+
+/// A user who types into the address box, a real one, while pages load.
+class BoxFocusTest : public CommandsOnPages {
+protected:
+    void SetUp() override {
+        for (const char* name : {"Rose", "Tulip"})
+            server.Page(u'/' + QString::fromLatin1(name), QByteArray("<title>") + name + "</title><p>words</p>");
+        Show(QStringLiteral("/Rose"), u"Rose");
+        box = boxes.Make(desk.main->actBar.Share(u"cboAddress"), &desk.window);
+        ASSERT_NE(box, nullptr);
+        box->setGeometry(0, 0, 300, 25);
+        box->show();
+        desk.window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&desk.window));
+        box->setFocus();
+        box->lineEdit()->selectAll();
+        QTest::keyClicks(box->lineEdit(), QStringLiteral("half"));
+        ASSERT_TRUE(BoxHasKeyboard());
+    }
+    void TearDown() override { delete box; }
+
+    [[nodiscard]] bool BoxHasKeyboard() const {
+        return QApplication::focusWidget() == box || QApplication::focusWidget() == box->lineEdit();
+    }
+    [[nodiscard]] bool PageHasKeyboard() {
+        QWidget* page = Front().Widget();
+        QWidget* focus = QApplication::focusWidget();
+        return page && focus && (page == focus || page->isAncestorOf(focus));
+    }
+
+    QtComboBoxes boxes{desk.main->actBar};
+    QtComboBox* box = nullptr;
+};
+
+TEST_F(BoxFocusTest, ThePageInFrontTakesTheKeyboardWhenItIsThere) {
+    server.Answer(QStringLiteral("/Late"), [this](const QByteArray&) {
+        EXPECT_TRUE(BoxHasKeyboard()) << "the user types on while the page is on its way";
+        EXPECT_EQ(box->lineEdit()->text(), u"half");
+        return QByteArray("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n\r\n"
+                          "<title>Late</title><p>words</p>");
+    });
+    const QString late = server.Address(QStringLiteral("/Late"));
+    ResumeNext(Front().Navigate(FromQt(late)));
+    ASSERT_TRUE(WaitTitle(u"Late"));
+    EXPECT_TRUE(WaitUntil([&] { return PageHasKeyboard(); }));
+    EXPECT_EQ(box->lineEdit()->text(), late);
+    EXPECT_EQ(desk.main->AddressCombo()->Value(), FromQt(late));
+}
+
+TEST_F(BoxFocusTest, ARefreshTakesItToo) {
+    ResumeNext(Front().Refresh());
+    EXPECT_TRUE(WaitUntil([&] { return PageHasKeyboard(); }));
+    EXPECT_EQ(box->lineEdit()->text(), server.Address(QStringLiteral("/Rose")));
+}
+
+TEST_F(BoxFocusTest, APageBehindLeavesItAndWhatWasTyped) {
+    auto* behind = desk.main->GetNewBrowser(InFront::No);
+    ASSERT_NE(behind, nullptr);
+    ResumeNext(behind->Navigate(FromQt(server.Address(QStringLiteral("/Tulip")))));
+    ASSERT_TRUE(WaitUntil([&] { return behind->LocationName() == u"Tulip" && !behind->Busy(); }));
+    Settle(desk.engine, static_cast<QtBrowserView*>(behind)->Page());
+    EXPECT_TRUE(BoxHasKeyboard());
+    EXPECT_EQ(box->lineEdit()->text(), u"half");
+}
+
+} // namespace
