@@ -4,9 +4,6 @@
 
 namespace {
 
-/// What a tab is called until its page says more.
-constexpr TextView kUntitled = u"Loading...";
-
 /// The group as a person knows it: the name of its file, without ".tvg".
 Text NameOf(TextView path) {
     const auto separator = path.find_last_of(u"/\\");
@@ -102,7 +99,7 @@ void GroupCommands::StopAll() {
         view = m_parts.Browser.Find(index);
         const auto* tab = pcPage.FindAt(position);
         // A page that had not begun will never say its title.
-        const bool untitled = view && tab && tab->Tag == index && tab->Caption() == kUntitled;
+        const bool untitled = view && tab && tab->Tag == index && tab->Caption() == kUntitledCaption;
         if (untitled) m_parts.tabs.SetTabTitle(index, view->Control->LocationURL());
     }
 }

@@ -44,7 +44,7 @@ BrowserView* TabSet::GetNewBrowser(InFront inFront, Privacy privacy) {
     if (tab) tab->Tag = index;
     if (tab) m_pcPage.SetPrivate(tab, privacy == Privacy::Private);
     ++NextBrowserIndex;
-    if (tab) m_pcPage.SetCaption(tab, u"Loading...");
+    if (tab) m_pcPage.SetCaption(tab, Text(kUntitledCaption));
     if (tab && inFront == InFront::Yes) m_pcPage.Select(tab);
     return view ? view->Control.get() : nullptr;
 }

@@ -10,6 +10,9 @@
 enum class InFront : bool { No = false, Yes = true };
 enum class TabBusy : bool { No = false, Yes = true };
 
+/// What a tab is called until its page says more.
+inline constexpr TextView kUntitledCaption = u"Loading...";
+
 /// The tab set: pairs each entry of the strip with a view of the array and owns every operation that makes,
 /// activates, marks, retitles or closes a tab. A tab's key is "Tab" and the view's index, its tag the index.
 /// A step that finds no tab or no view does nothing. Owned by the main window; what it refers to outlives it.
