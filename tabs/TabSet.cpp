@@ -2,9 +2,12 @@
 
 #include "tabs/AddressSigns.h"
 
+#include <utility>
+
 namespace {
 
 constexpr TextView kBlankPage = u"about:blank";
+constexpr TextView kNoMoreTabs = u"No more tabs can be opened until TessaView is started again.";
 constexpr TextView kLastTabQuestion = u"Do you want to close the last browser tab and exit this application?";
 
 constexpr int kUsualPercent = 100;
@@ -35,18 +38,27 @@ BrowserView* TabSet::PrepareFirstTab() {
 
 BrowserView* TabSet::GetNewBrowser(InFront inFront, Privacy privacy) {
     const std::int32_t index = NextBrowserIndex;
-    auto* view = m_browser.Load(index, privacy);
-    if (view) {
-        view->Control->SetVisible(true);
-        ResumeNext(view->Control->Navigate(kBlankPage));
-    }
+    if (auto* view = m_browser.Load(index, privacy)) return AddTab(*view, index, inFront);
+    ++NextBrowserIndex;
+    TellWhenIndexesRanOut(index);
+    return nullptr;
+}
+
+BrowserView* TabSet::AddTab(ArrayView& view, std::int32_t index, InFront inFront) {
+    view.Control->SetVisible(true);
+    ResumeNext(view.Control->Navigate(kBlankPage));
     auto* tab = m_pcPage.Add(m_pcPage.PositionOf(m_pcPage.SelectedItem()) + 1, KeyOf(index));
     if (tab) tab->Tag = index;
-    if (tab) m_pcPage.SetPrivate(tab, privacy == Privacy::Private);
+    if (tab) m_pcPage.SetPrivate(tab, view.Privacy == Privacy::Private);
     ++NextBrowserIndex;
     if (tab) m_pcPage.SetCaption(tab, Text(kUntitledCaption));
     if (tab && inFront == InFront::Yes) m_pcPage.Select(tab);
-    return view ? view->Control.get() : nullptr;
+    return view.Control.get();
+}
+
+void TabSet::TellWhenIndexesRanOut(std::int32_t index) {
+    // Once: a group of a hundred addresses asks a hundred times.
+    if (index > ViewArray::kLastIndex && !std::exchange(m_toldNoMore, true)) ShowStatusText(kNoMoreTabs);
 }
 
 void TabSet::pcPage_Click() {

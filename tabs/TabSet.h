@@ -20,8 +20,8 @@ class TabSet {
 public:
     TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusBar& sbStatus, MessageBoxes& messages);
 
-    /// Makes a tab right of the selected one, with a blank view for the caller to navigate. Nothing when no view
-    /// could be made.
+    /// Makes a tab right of the selected one, with a blank view for the caller to navigate. Without a view there is no
+    /// tab either, and nothing is returned; when that is because the indexes have run out, the user is told, once.
     BrowserView* GetNewBrowser(InFront inFront, Privacy privacy = Privacy::Ordinary);
     /// Of the selected tab's view, for what is opened from it.
     [[nodiscard]] Privacy CurrentPrivacy() const;
@@ -93,6 +93,8 @@ public:
     std::function<void(std::int32_t Index)> Closing;
 
 private:
+    BrowserView* AddTab(ArrayView& view, std::int32_t index, InFront inFront);
+    void TellWhenIndexesRanOut(std::int32_t index);
     void CloseOneOfSeveral(std::int32_t Index);
 
     TabStrip& m_pcPage;
@@ -100,4 +102,5 @@ private:
     CommandBar& m_actBar;
     StatusBar& m_sbStatus;
     MessageBoxes& m_messages;
+    bool m_toldNoMore = false;
 };

@@ -1,7 +1,5 @@
 #include "tabs/ViewArray.h"
 
-#include <limits>
-
 void ArrayView::Park() {
     if (m_parked) return;
     m_parked = true;
@@ -19,8 +17,7 @@ ViewArray::ViewArray(BrowserViewFactory& views, BrowserViewEvents& events) : m_f
 }
 
 ArrayView* ViewArray::Load(std::int32_t index, Privacy privacy) {
-    if (m_ended || index < 1 || index > std::numeric_limits<std::int16_t>::max() || m_views.contains(index))
-        return nullptr;
+    if (m_ended || index < 1 || index > kLastIndex || m_views.contains(index)) return nullptr;
     auto control = m_factory.Create(static_cast<std::int16_t>(index), m_events, privacy);
     if (!control) return nullptr;
     ArrayView& view = m_views[index];

@@ -1,6 +1,8 @@
 #pragma once
 #include "common/platform/BrowserView.h"
 
+#include <cstdint>
+#include <limits>
 #include <map>
 #include <memory>
 
@@ -29,11 +31,14 @@ private:
 /// twice. Owns its views, which report to the events given.
 class ViewArray {
 public:
+    /// The highest index: what is higher does not fit into 16 bits, and no index wraps around.
+    static constexpr std::int32_t kLastIndex = std::numeric_limits<std::int16_t>::max();
+
     /// `views` and `events` must outlive the array.
     ViewArray(BrowserViewFactory& views, BrowserViewEvents& events);
 
-    /// Makes element `index`, parked. Nothing when the index is in use, does not fit into 16 bits (no index wraps
-    /// around), or when the engine has no view to give.
+    /// Makes element `index`, parked. Nothing when the index is in use or above the highest, or when the engine has no
+    /// view to give.
     ArrayView* Load(std::int32_t index, Privacy privacy = Privacy::Ordinary);
     [[nodiscard]] ArrayView* Find(std::int32_t index);
     /// Destroys an element. Element 1 is part of the window and stays.

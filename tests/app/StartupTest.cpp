@@ -132,9 +132,22 @@ TEST(Hook, OfTwoHandOffsAtOnceTheLaterTextMayBeReadTwice) {
 TEST(Hook, OpensNothingWhenNoTabCanBeMade) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    desk.settings.Put(u"HandOffCommandLine", u"http://new/");
     desk.views.refuses = true;
+    desk.views.Calls(1);
     desk.channel.Arrives();
-    EXPECT_FALSE(desk.views.Has(2));
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.views.Calls(1), "") << "nor does the address go anywhere else";
+    EXPECT_EQ(desk.settings.Stored(u"HandOffCommandLine"), u"http://new/");
+}
+
+TEST(Hook, TellsTheUserOnceWhenTheIndexesHaveRunOut) {
+    Desk desk;
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    desk.main.Tabs.NextBrowserIndex = 32768;
+    desk.channel.Arrives();
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.Status(), "No more tabs can be opened until TessaView is started again.");
 }
 
 } // namespace

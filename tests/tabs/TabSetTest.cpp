@@ -172,16 +172,19 @@ TEST(TabSet, CloseOthersWithOneTabOnlyBlanksIt) {
     EXPECT_EQ(desk.views.Calls(1), "go about:blank");
 }
 
-TEST(TabSet, NoViewHasAnIndexBeyondSixteenBits) {
+TEST(TabSet, BeyondSixteenBitsThereIsNoTabAndTheUserIsToldOnce) {
     Desk desk;
     desk.Start();
     desk.main.Tabs.NextBrowserIndex = 32767;
     EXPECT_NE(desk.main.GetNewBrowser(InFront::Yes), nullptr);
+    EXPECT_EQ(desk.Status(), "");
     EXPECT_EQ(desk.main.GetNewBrowser(InFront::Yes), nullptr);
-    EXPECT_EQ(desk.main.Tabs.NextBrowserIndex, 32769);
-    EXPECT_EQ(desk.Strip(), "1 32767 [32768*]");
-    desk.main.CloseBrowserTab(32768);
-    EXPECT_EQ(desk.Strip(), "1 [32767*]") << "a tab without a view can still be closed";
+    EXPECT_EQ(desk.main.Tabs.NextBrowserIndex, 32769) << "no index wraps around";
+    EXPECT_EQ(desk.Strip(), "1 [32767*]");
+    EXPECT_EQ(desk.Status(), "No more tabs can be opened until TessaView is started again.");
+    desk.main.Tabs.ShowStatusText(u"Done");
+    EXPECT_EQ(desk.main.GetNewBrowser(InFront::No), nullptr);
+    EXPECT_EQ(desk.Status(), "Done");
 }
 
 TEST(TabSet, MarksAndTitlesOfAGoneTabDoNothing) {
@@ -203,8 +206,11 @@ TEST(TabSet, GoesOnWhenTheEngineRefuses) {
     EXPECT_EQ(desk.Strip(), "[1*]");
     desk.views.refuses = true;
     EXPECT_EQ(desk.main.GetNewBrowser(InFront::Yes), nullptr);
-    EXPECT_EQ(desk.Strip(), "1 [3*]");
-    desk.ClickTab(1);
+    EXPECT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.Status(), "");
+    desk.views.refuses = false;
+    EXPECT_NE(desk.main.GetNewBrowser(InFront::Yes), nullptr);
+    EXPECT_EQ(desk.Strip(), "1 [4*]");
 }
 
 TEST(TabSet, ATabThatGoesWhileTheQuestionIsOpenIsNoHarm) {
