@@ -216,6 +216,7 @@ void TabSet::ShowStatusText(TextView Text) { m_sbStatus.SimpleText = ::Text(Text
 
 void TabSet::ShowStatusBar(bool Show) {
     if (auto* tool = m_actBar.Find(u"mnuViewStatusbar")) tool->Checked = Show;
+    m_actBar.RecalcLayout();
     m_sbStatus.Visible = Show;
     if (Resize) Resize();
 }

@@ -234,4 +234,17 @@ TEST(TabSet, TheStatusBarTakesItsRoomFromThePage) {
     EXPECT_EQ(desk.views.At(1).place, before);
 }
 
+TEST(TabSet, TheBarIsLaidOutAnewBetweenTheCheckMarkAndTheStatusBar) {
+    Desk desk;
+    desk.Start();
+    std::string seen;
+    desk.main.actBar.Attach({.RecalcLayout = [&] {
+        seen += desk.main.actBar.Find(u"mnuViewStatusbar")->Checked() ? "checked " : "unchecked ";
+        seen += desk.main.sbStatus.Visible() ? "shown " : "hidden ";
+    }});
+    desk.Click(u"mnuViewStatusbar");
+    desk.Click(u"mnuViewStatusbar");
+    EXPECT_EQ(seen, "unchecked shown checked hidden ");
+}
+
 } // namespace
