@@ -25,12 +25,16 @@ TabSet::TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusB
 }
 
 BrowserView* TabSet::PrepareFirstTab() {
-    if (auto* tab = m_pcPage.Add(1, KeyOf(1))) tab->Tag = 1;
+    if (auto* tab = m_pcPage.Add(1, KeyOf(1))) {
+        tab->Tag = 1;
+        m_pcPage.SetCaption(tab, Text(kUntitledCaption));
+    }
     NextBrowserIndex = 2;
     auto* view = m_browser.Find(1);
     if (!view) return nullptr;
     view->Control->SetVisible(true);
     if (PlaceView) PlaceView(*view);
+    view->Unpark();
     view->Control->BringToFront();
     ResumeNext(view->Control->Navigate(kBlankPage));
     return view->Control.get();

@@ -7,6 +7,11 @@ void ArrayView::Park() {
     Control->SetTabStop(false);
 }
 
+void ArrayView::Unpark() {
+    m_parked = false;
+    Control->SetTabStop(true);
+}
+
 void ArrayView::Place(const Rect& place) {
     m_parked = false;
     Control->Move(place);

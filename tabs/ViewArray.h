@@ -20,6 +20,8 @@ struct ArrayView {
 
     /// Moves the view out of sight and out of the keyboard's way; nothing when it is there already.
     void Park();
+    /// Puts the view in the keyboard's way again. Where it lies is for `Place`, which may come much later.
+    void Unpark();
     /// Lays the view over the page area.
     void Place(const Rect& place);
 

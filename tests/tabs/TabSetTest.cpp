@@ -53,6 +53,15 @@ TEST(TabSet, ActivationShowsTheSelectedViewAndParksTheOthers) {
     EXPECT_EQ(desk.Enabled(), "Stop");
 }
 
+TEST(TabSet, TheFirstTabLoadsUntilItsFirstTitleAndTakesTheKeyboardFromTheStart) {
+    Desk desk;
+    desk.main.Form_Load(u"http://one/");
+    EXPECT_EQ(desk.Captions(), "[Loading...*]");
+    EXPECT_TRUE(desk.views.At(1).tabStop);
+    desk.PageLoads(1, u"http://one/", u"One");
+    EXPECT_EQ(desk.Captions(), "[One*]");
+}
+
 TEST(TabSet, CutsATitleOneCharacterOverTheLimit) {
     Desk desk;
     desk.Start();
