@@ -175,6 +175,14 @@ bool QtMainWindow::event(QEvent* event) {
     return QMainWindow::event(event);
 }
 
+void QtMainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange) return;
+    const auto before = static_cast<const QWindowStateChangeEvent*>(event)->oldState();
+    // Nothing is laid out in a minimised window, and one that comes back need not have another size.
+    if (before.testFlag(Qt::WindowMinimized) && !isMinimized()) OnInnerResized();
+}
+
 void QtMainWindow::Activate() {
     m_activated = true;
     if (Activated) Activated();

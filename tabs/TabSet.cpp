@@ -70,7 +70,8 @@ void TabSet::pcPage_Click() {
     if (!selected) return;
     if (auto* view = m_browser.Find(selected->Tag)) {
         if (PlaceView) PlaceView(*view);
-        view->Control->SetTabStop(true);
+        // In a minimised window it has no place yet, but is the view in front all the same.
+        view->Unpark();
         view->Control->SetVisible(true);
         view->Control->BringToFront();
         view->Control->SetFocus();

@@ -248,6 +248,23 @@ class Program:
         subprocess.run(["xdotool", "windowactivate", "--sync", window], check=True)
         wait_until(lambda: xdotool("getactivewindow") == window, what="the main window did not become the active one")
 
+    def wait_active(self):
+        """Waits until the main window is the one that gets the keys."""
+        active = lambda: xdotool("getactivewindow")
+        wait_until(lambda: active() == self.window_id(), what=lambda: f"the window {active()} is the active one")
+
+    def window_state(self):
+        """What the window manager says of the main window: "Iconic" or "Normal" and words like "MAXIMIZED_HORZ"."""
+        command = ["xprop", "-id", self.window_id(), "WM_STATE", "_NET_WM_STATE"]
+        return subprocess.run(command, capture_output=True, text=True).stdout
+
+    def wait_state(self, word):
+        wait_until(lambda: word in self.window_state(), what=lambda: f"not {word}: {self.window_state()}")
+
+    def minimize(self):
+        xdotool("windowminimize", self.window_id())
+        self.wait_state("Iconic")
+
     def keys(self, *keys):
         """Presses key combinations, named as xdotool names them: "ctrl+w", "Return"."""
         self.focus()

@@ -147,6 +147,20 @@ TEST(QtMainWindow, BroughtToTheForegroundItIsNoLongerMinimized) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.State() == WindowState::Maximized; }));
 }
 
+TEST(QtMainWindow, ItLaysOutWhatItHoldsWhenItComesBackInTheSameSize) {
+    QtMainWindow window;
+    window.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    window.SetState(WindowState::Minimized);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window.State() == WindowState::Minimized; }));
+    const QSize before = window.size();
+    int reported = 0;
+    window.Resized = [&] { reported += window.State() != WindowState::Minimized; };
+    window.SetState(WindowState::Normal);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reported > 0; }));
+    EXPECT_EQ(window.size(), before);
+}
+
 TEST(QtMainWindow, ClosingRunsTheUnloadHandlerOnce) {
     QtMainWindow window;
     int unloads = 0;

@@ -46,11 +46,39 @@ TEST(TabSet, ActivationShowsTheSelectedViewAndParksTheOthers) {
     EXPECT_EQ(desk.views.focused, 2);
     EXPECT_EQ(desk.views.At(2).left, Twips{0});
     EXPECT_TRUE(desk.views.At(2).tabStop);
-    EXPECT_EQ(desk.views.At(1).left, kParkedLeft);
-    EXPECT_EQ(desk.views.At(3).left, kParkedLeft);
+    for (const int parked : {1, 3}) {
+        EXPECT_EQ(desk.views.At(parked).left, kParkedLeft);
+        EXPECT_FALSE(desk.views.At(parked).tabStop);
+    }
     EXPECT_TRUE(desk.views.At(1).visible) << "parked views keep running";
     EXPECT_EQ(desk.Address(), "http://two/");
     EXPECT_EQ(desk.Enabled(), "Stop");
+}
+
+TEST(TabSet, ATabActivatedInAMinimizedWindowHasItsPlaceOnceTheWindowIsBack) {
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.window.state = WindowState::Minimized;
+    desk.window.innerWidth = {800};
+    desk.ClickTab(2);
+    EXPECT_EQ(desk.views.At(2).left, kParkedLeft) << "nothing is laid out meanwhile";
+    EXPECT_TRUE(desk.views.At(2).tabStop);
+    EXPECT_EQ(desk.views.front, 2);
+    desk.window.state = WindowState::Normal;
+    desk.main.Form_Resize();
+    EXPECT_EQ(desk.views.At(2).place, (Rect{{0}, {22}, {800}, {654}}));
+    EXPECT_EQ(desk.views.At(2).left, Twips{0});
+}
+
+TEST(TabSet, ATabActivatedInAMinimizedWindowIsParkedLikeAnyOther) {
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.window.state = WindowState::Minimized;
+    desk.ClickTab(2);
+    desk.ClickTab(3);
+    EXPECT_FALSE(desk.views.At(2).tabStop);
+    EXPECT_EQ(desk.views.At(2).left, kParkedLeft);
+    EXPECT_TRUE(desk.views.At(3).tabStop);
 }
 
 TEST(TabSet, TheFirstTabLoadsUntilItsFirstTitleAndTakesTheKeyboardFromTheStart) {
