@@ -40,9 +40,9 @@ void RestoreHistories(frmMain& main, const SettingsStore& store) {
 }
 
 void CopyLiveSettings(frmMain& main, const SettingsStore& store) {
-    main.Tabs.OpenNewInFront = store.OpenNewInFront.Get();
+    main.OpenNewInFront = store.OpenNewInFront.Get();
     main.Tabs.TitleLengthLimit = store.TitleLengthLimit.Get();
-    main.Groups.TGCloseOthersFirst = store.TGCloseOthersFirst.Get();
+    main.TGCloseOthersFirst = store.TGCloseOthersFirst.Get();
 }
 
 Placement StoredPlacement(const SettingsStore& store, const MainWindow& window) {

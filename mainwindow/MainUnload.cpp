@@ -42,7 +42,7 @@ void SaveSettings(frmMain& main) {
     const std::vector<Text> addresses = History(main.AddressCombo());
     SettingsStore store(main.Platform.settings);
     SavePlacement(store, main.Platform.window);
-    ResumeNext(store.OpenNewInFront.Set(main.Tabs.OpenNewInFront));
+    ResumeNext(store.OpenNewInFront.Set(main.OpenNewInFront));
     ResumeNext(store.TitleLengthLimit.Set(main.Tabs.TitleLengthLimit));
     ResumeNext(store.RememberLastSites.Set(main.RememberLastSites));
     ResumeNext(store.TabsUp.Set(main.pcPage.Placement() == TabPlacement::Top));

@@ -145,6 +145,9 @@ public:
     TabSleep Sleep;
     frmTaskView TaskView;
     bool RememberLastSites = true;
+    /// Live copies of settings, where they take effect.
+    bool& OpenNewInFront = Tabs.OpenNewInFront;
+    bool& TGCloseOthersFirst = Groups.TGCloseOthersFirst;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
     std::function<void()> Unloaded;
 

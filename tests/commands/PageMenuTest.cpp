@@ -52,20 +52,20 @@ TEST_F(PageMenuTest, OfALinkOpensItWhereTheSettingSays) {
     EXPECT_EQ(Ask(Link(u"https://b.example/")),
               "xtrLinkOpen xtrLinkOpenOther xtrLinkOpenPrivate | xtrLinkSave xtrLinkCopy xtrLinkAddToTessaGroup | "
               "xtrInspect");
-    desk.main.Tabs.OpenNewInFront = false;
+    desk.main.OpenNewInFront = false;
     desk.Click(u"xtrLinkOpen");
     EXPECT_EQ(desk.Strip(), "[1*] 2");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go https://b.example/");
 }
 
 TEST_F(PageMenuTest, OfALinkOpensItTheOtherWayToo) {
-    desk.main.Tabs.OpenNewInFront = false;
+    desk.main.OpenNewInFront = false;
     Ask(Link(u"https://b.example/"));
     EXPECT_EQ(Caption(u"xtrLinkOpenOther"), "Open Link in &Front");
     desk.Click(u"xtrLinkOpenOther");
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     desk.ClickTab(1);
-    desk.main.Tabs.OpenNewInFront = true;
+    desk.main.OpenNewInFront = true;
     Ask(Link(u"https://b.example/"));
     EXPECT_EQ(Caption(u"xtrLinkOpenOther"), "Open Link &Behind This Tab");
     desk.Click(u"xtrLinkOpenOther");

@@ -36,7 +36,7 @@ protected:
 };
 
 TEST_F(PrintPreview, ShowsThePaperInATabInFront) {
-    desk.main->Tabs.OpenNewInFront = false;
+    desk.main->OpenNewInFront = false;
     Preview();
     ASSERT_TRUE(Opened(3));
     EXPECT_EQ(desk.main->Tabs.CurrentView(), desk.main->Browser.Find(3));

@@ -34,7 +34,7 @@ TEST(OpenTessaGroup, WithTheOthersClosedFirstTheFirstTabShowsTheFirstAddress) {
     desk.StartWithTabs(4);
     desk.ClickTab(3);
     desk.views.Calls(1);
-    desk.main.Groups.TGCloseOthersFirst = true;
+    desk.main.TGCloseOthersFirst = true;
     desk.main.OpenTessaGroup(group.File());
     EXPECT_EQ(desk.Strip(), "1 5 [6*]");
     EXPECT_EQ(desk.views.Calls(1), "go about:blank, go http://a/");
@@ -46,7 +46,7 @@ TEST(OpenTessaGroup, AnEmptyGroupWithTheOthersClosedFirstLeavesABlankTab) {
     Desk desk;
     desk.StartWithTabs(3);
     desk.views.Calls(1);
-    desk.main.Groups.TGCloseOthersFirst = true;
+    desk.main.TGCloseOthersFirst = true;
     desk.main.OpenTessaGroup(group.File());
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.views.Calls(1), "go about:blank");
@@ -82,7 +82,7 @@ TEST(OpenTessaGroup, SeveralGroupsOpenAsOne) {
     const Group two({"http://c/"});
     Desk desk;
     desk.StartWithTabs(3);
-    desk.main.Groups.TGCloseOthersFirst = true;
+    desk.main.TGCloseOthersFirst = true;
     desk.main.Groups.OpenTessaGroups({one.File(), two.File()});
     EXPECT_EQ(desk.Strip(), "1 4 [5*]");
     EXPECT_EQ(desk.views.Calls(5), "go about:blank, go http://c/");
@@ -176,7 +176,7 @@ TEST_F(ManyPages, PagesOfASecondGroupAreAddedWhileTheFirstLoads) {
 TEST_F(ManyPages, ThePageInTheSelectedTabCountsToo) {
     const Group group({"http://a/", "http://b/", "http://c/", "http://d/", "http://e/"});
     desk.StartWithTabs(2);
-    desk.main.Groups.TGCloseOthersFirst = true;
+    desk.main.TGCloseOthersFirst = true;
     desk.main.OpenTessaGroup(group.File());
     EXPECT_EQ(desk.Status(), "0 of 5 pages loaded");
     desk.PageLoads(1, u"http://a/", u"A");

@@ -43,6 +43,35 @@ TEST(MainLoad, AGroupOpensAndTheLastSitesBesideIt) {
     EXPECT_EQ(desk.views.At(3).location, u"http://two/");
 }
 
+TEST(MainLoad, AGroupOnTheCommandLineOpensBesideTheFirstTabAndLaterOnesCloseTheOthers) {
+    const TemporaryFolder folder;
+    const Text group = FromBytes(folder.Write("news.tvg", "[TessaGroup]\nurl1=http://a/\nurl2=http://b/\n"));
+    Desk desk;
+    desk.settings.Put(u"TGCloseOthersFirst", u"true");
+    desk.Start(group);
+    // The live setting is read after the command line.
+    EXPECT_EQ(desk.Strip(), "1 2 [3*]");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, go about:blank");
+    desk.main.OpenTessaGroup(group);
+    EXPECT_EQ(desk.Strip(), "1 [4*]");
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, go http://a/");
+}
+
+TEST(MainLoad, WhatIsStoredOfNewTabsAndGroupsHoldsFromTheStart) {
+    for (const bool stored : {false, true}) {
+        Desk desk;
+        for (const TextView name : {u"OpenNewInFront", u"TGCloseOthersFirst"})
+            desk.settings.Put(name, stored ? u"true" : u"false");
+        desk.Start();
+        EXPECT_EQ(desk.main.OpenNewInFront, stored);
+        EXPECT_EQ(desk.main.TGCloseOthersFirst, stored);
+        desk.views.At(1).events.NewWindow2(1, NewWindowPlace::AsSet);
+        EXPECT_EQ(desk.Strip(), stored ? "1 [2*]" : "[1*] 2");
+        desk.main.OpenTessaGroup(u"/nowhere/news.tvg");
+        EXPECT_EQ(desk.Strip(), stored ? "[1*]" : "[1*] 2");
+    }
+}
+
 TEST(MainLoad, TheTabsAreWhereTheyWere) {
     for (const bool up : {false, true}) {
         Desk desk;
@@ -182,14 +211,22 @@ TEST(MainLoad, TheSettingsDialogComesIntoEffectAtOnce) {
     desk.inSettings = [](frmSettings& form) {
         form.chkTabsUp.Tick(false);
         form.chkOpenNew.Tick(false);
+        form.chkCloseTessaGroups.Tick(true);
+        form.chkRememberAndOpenLastSites.Tick(false);
         form.Text1.Value = u"7";
         form.cmdOK.Click();
     };
     desk.Click(u"mnuSettings");
     EXPECT_EQ(desk.main.pcPage.Placement(), TabPlacement::Bottom);
     EXPECT_EQ(desk.views.At(1).place.top, Pixels{0});
-    EXPECT_FALSE(desk.main.Tabs.OpenNewInFront);
+    EXPECT_FALSE(desk.main.RememberLastSites);
+    EXPECT_FALSE(desk.main.OpenNewInFront);
+    EXPECT_TRUE(desk.main.TGCloseOthersFirst);
     EXPECT_EQ(desk.main.Tabs.TitleLengthLimit, 7);
+    desk.views.At(1).events.NewWindow2(1, NewWindowPlace::AsSet);
+    EXPECT_EQ(desk.Strip(), "[1*] 2") << "a new tab stays behind";
+    desk.main.OpenTessaGroup(u"/nowhere/news.tvg");
+    EXPECT_EQ(desk.Strip(), "[1*]") << "a group closes the others";
 }
 
 TEST(MainLoad, ACancelledSettingsDialogChangesNothing) {
@@ -197,10 +234,14 @@ TEST(MainLoad, ACancelledSettingsDialogChangesNothing) {
     desk.Start();
     desk.inSettings = [](frmSettings& form) {
         form.chkTabsUp.Tick(false);
+        form.chkOpenNew.Tick(false);
+        form.chkCloseTessaGroups.Tick(true);
         form.cmdCancel.Click();
     };
     desk.Click(u"mnuSettings");
     EXPECT_EQ(desk.main.pcPage.Placement(), TabPlacement::Top);
+    EXPECT_TRUE(desk.main.OpenNewInFront);
+    EXPECT_FALSE(desk.main.TGCloseOthersFirst);
 }
 
 } // namespace

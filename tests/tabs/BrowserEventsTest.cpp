@@ -119,11 +119,11 @@ TEST(BrowserEvents, DownloadsOfAnyViewReadTheSelectedViewsState) {
 TEST(BrowserEvents, APageThatWantsANewWindowGetsATabWhereTheSettingSays) {
     Desk desk;
     desk.StartWithTabs(2);
-    desk.main.Tabs.OpenNewInFront = false;
+    desk.main.OpenNewInFront = false;
     const auto* behind = desk.views.At(1).events.NewWindow2(1, NewWindowPlace::AsSet);
     EXPECT_EQ(behind, &desk.views.At(3));
     EXPECT_EQ(desk.Strip(), "[1*] 3 2");
-    desk.main.Tabs.OpenNewInFront = true;
+    desk.main.OpenNewInFront = true;
     const auto* inFront = desk.views.At(2).events.NewWindow2(2, NewWindowPlace::AsSet);
     EXPECT_EQ(inFront, &desk.views.At(4));
     EXPECT_EQ(desk.Strip(), "1 [4*] 3 2") << "right of the selected tab, not of the one that asked";
@@ -134,7 +134,7 @@ TEST(BrowserEvents, APageThatWantsANewWindowGetsATabWhereTheSettingSays) {
 TEST(BrowserEvents, WhatACommandOpensComesInFrontWhateverTheSettingSays) {
     Desk desk;
     desk.StartWithTabs(1);
-    desk.main.Tabs.OpenNewInFront = false;
+    desk.main.OpenNewInFront = false;
     desk.views.At(1).events.NewWindow2(1, NewWindowPlace::InFront);
     EXPECT_EQ(desk.Strip(), "1 [2*]");
 }

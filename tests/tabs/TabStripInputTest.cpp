@@ -72,12 +72,12 @@ TEST_F(TabStripInputTest, TheDragPointIsNotConvertedFromTwips_Deliberate) {
 
 TEST_F(TabStripInputTest, TextDroppedOnTheSelectedTabOpensANewTab) {
     Start(2);
-    desk.main.Tabs.OpenNewInFront = false;
+    desk.main.OpenNewInFront = false;
     input.OLEDragOver(true, 10, 5);
     input.OLEDragDrop(u" some text ");
     EXPECT_EQ(desk.Strip(), "[1*] 3 2");
     EXPECT_EQ(desk.views.Calls(3), "go about:blank, go  some text ") << "as it comes";
-    desk.main.Tabs.OpenNewInFront = true;
+    desk.main.OpenNewInFront = true;
     input.OLEDragDrop(u"http://a/");
     EXPECT_EQ(desk.Strip(), "1 [4*] 3 2");
 }
