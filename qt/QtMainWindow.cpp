@@ -5,6 +5,7 @@
 #include "qt/QtTabStrip.h"
 #include "qt/QtText.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLayout>
@@ -13,6 +14,7 @@
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 namespace {
 QRect VirtualScreen() {
@@ -66,10 +68,21 @@ void QtMainWindow::Show() {
 }
 
 void QtMainWindow::BringToForeground(const QByteArray& token) {
-    // Where Qt looks for the token when it activates a window.
-    if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token);
+    if (!isVisible()) return;
+    m_activationToken = token;
+    if (isMinimized()) return QApplication::alert(this);
+    RaiseAndActivate();
+}
+
+void QtMainWindow::ComeBack() {
+    if (!isVisible()) return;
     setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
+    RaiseAndActivate();
+}
+
+void QtMainWindow::RaiseAndActivate() {
+    // Where Qt looks for the token when it activates a window.
+    if (!m_activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", std::exchange(m_activationToken, {}));
     raise();
     activateWindow();
 }
@@ -84,9 +97,13 @@ WindowState QtMainWindow::State() const {
 void QtMainWindow::SetState(WindowState state) {
     constexpr Qt::WindowStates kOurs = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
     const Qt::WindowStates others = windowState() & ~kOurs;
+    const bool wasMinimized = isVisible() && isMinimized();
     switch (state) {
     case WindowState::Normal:
-        return setWindowState(others);
+        setWindowState(others);
+        // What asked for the foreground while the window was minimised had to be content with an alert.
+        if (wasMinimized) RaiseAndActivate();
+        return;
     case WindowState::Minimized:
         return setWindowState(windowState() | Qt::WindowMinimized);
     case WindowState::Maximized:

@@ -35,9 +35,12 @@ public:
     [[nodiscard]] Twips ScreenHeight() const override;
     void MoveTabStrip(const Rect& place) override;
 
-    /// Raises and activates the window, from the task bar too if need be. `token` is what the desktop gave the one who
-    /// asks for it; may be empty.
+    /// Raises and activates what is shown of the window. One that is minimised stays so, and asks for attention in the
+    /// task bar; one that is not there yet, or no longer, stays away. `token` is what the desktop gave the one who asks
+    /// for it; may be empty.
     void BringToForeground(const QByteArray& token);
+    /// The user has asked for the window: out of the task bar, as large as it was, and into the foreground.
+    void ComeBack();
     /// Takes the widget into the inner area. The caller goes on owning it and may delete it.
     void SetTabStrip(QtTabStrip& strip);
     void SetStatusBar(QtStatusBar& bar);
@@ -63,6 +66,7 @@ protected:
 
 private:
     void Activate();
+    void RaiseAndActivate();
     void OnInnerResized();
     void LayStatusBar();
     void LayTabStrip();
@@ -74,6 +78,7 @@ private:
     QPointer<QtTabStrip> m_tabStrip;
     QPointer<QtStatusBar> m_statusBar;
     QRect m_tabStripPlace;
+    QByteArray m_activationToken; ///< the desktop's permission to activate the window, until it is used
     bool m_activated = false;
     bool m_unloaded = false;
 };

@@ -36,7 +36,7 @@ void QtProgram::WirePages() {
     m->downloadsPanel.FocusPage = [this] {
         if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
     };
-    m->notifications.Clicked = [this] { m->window.BringToForeground({}); };
+    m->notifications.Clicked = [this] { m->window.ComeBack(); };
 }
 
 void QtProgram::WireEngine() {

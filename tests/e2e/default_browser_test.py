@@ -10,6 +10,7 @@ PROGRAM = desk.program_file()
 QUESTION = "TessaView is not currently your default browser."
 TOOL = """#!/bin/sh
 echo "$@" >> "$TESSAVIEW_HOME/calls"
+[ -n "$IS_DEFAULT" ] && echo yes && exit
 [ "$1" = set ] && : > "$TESSAVIEW_HOME/chosen"
 [ -e "$TESSAVIEW_HOME/chosen" ] && echo yes || echo no
 """
@@ -74,6 +75,18 @@ class DefaultBrowser(unittest.TestCase):
             desk.xdotool("key", "Escape")
             program.window()
         self.assertEqual(self.calls(), ["check"])
+
+    def test_a_second_start_does_not_show_the_window_while_the_question_is_open(self):
+        with self.start() as program:
+            desk.wait_until(lambda: program.message_now(), what="no question")
+            for arguments in ((), ("about:blank",)):
+                os.environ["IS_DEFAULT"] = "1"
+                with desk.Program(PROGRAM, *arguments, home=self.home) as second:
+                    self.assertEqual(second.wait_end(), 0, second.errors())
+            self.assertIsNone(program.find_now("frame", desk.WINDOW_TITLE))
+            program.answer(QUESTION, "No")
+            # What came before the window was there is ignored.
+            program.wait_strip(["[about:blank]"])
 
     def test_it_can_be_ended_while_it_asks_and_what_was_stored_stays(self):
         stored = '[General]\nAddressHistory="http://one/","http://two/"\n'

@@ -2,7 +2,6 @@
 
 import os
 import signal
-import subprocess
 import unittest
 
 import desk
@@ -74,19 +73,66 @@ class HandOff(unittest.TestCase):
                 second.wait_strip(["[Second]"])
                 self.assertEqual(first.strip(), ["[First]"])
 
-    def test_a_minimized_window_comes_back(self):
-        def state():
-            answer = ["xprop", "-id", first.window_id(), "WM_STATE"]
-            return subprocess.run(answer, capture_output=True, text=True).stdout
+    def hand_over(self, *arguments):
+        """A second start, which ends."""
+        with desk.Program(PROGRAM, *arguments, home=self.home) as second:
+            self.assertEqual(second.wait_end(), 0, second.errors())
 
-        with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home) as first:
-            first.wait_strip(["[First]"])
-            desk.xdotool("windowminimize", first.window_id())
-            desk.wait_until(lambda: "Iconic" in state(), what="the window was not minimized")
-            with desk.Program(PROGRAM, pages.address("Second"), home=self.home) as second:
-                self.assertEqual(second.wait_end(), 0)
-            desk.wait_until(lambda: "Normal" in state(), what=state)
-            first.wait_strip(["First", "[Second]"])
+    def start(self, maximized, address="about:blank"):
+        """The program in a state folder of its own, in a maximised window or a normal one."""
+        self.home = desk.state_folder()
+        with open(os.path.join(self.home, "settings.ini"), "w", encoding="ascii") as settings:
+            settings.write(f"[General]\nWindowMaximized={str(maximized).lower()}\n")
+        return desk.Program(PROGRAM, address, home=self.home)
+
+    def wait_started(self, program, maximized, title="about:blank"):
+        program.wait_strip([f"[{title}]"])
+        desk.wait_until(lambda: ("MAXIMIZED" in program.window_state()) == maximized, what=program.window_state)
+
+    def test_a_minimized_window_comes_back_for_an_address_as_a_normal_one(self):
+        for maximized in (False, True):
+            with (
+                self.subTest(maximized=maximized),
+                desk.PageServer() as pages,
+                desk.Program(PROGRAM, "about:blank", home=desk.state_folder()) as other,
+                self.start(maximized, pages.address("First")) as first,
+            ):
+                self.wait_started(first, maximized, "First")
+                first.minimize()
+                other.focus()
+                self.hand_over(pages.address("Second"))
+                first.wait_state("Normal")
+                desk.wait_until(lambda: "MAXIMIZED" not in first.window_state(), what=first.window_state)
+                first.wait_active()
+                first.wait_strip(["First", "[Second]"])
+
+    def test_a_minimized_window_asks_for_attention_when_there_is_no_address(self):
+        for maximized in (False, True):
+            with self.subTest(maximized=maximized), self.start(maximized) as first:
+                self.wait_started(first, maximized)
+                first.minimize()
+                self.hand_over()
+                first.wait_state("DEMANDS_ATTENTION")
+                self.assertIn("Iconic", first.window_state())
+                # The user answers it, and finds the window as it was.
+                first.focus()
+                desk.wait_until(lambda: "DEMANDS_ATTENTION" not in first.window_state(), what=first.window_state)
+                self.assertIn("Normal", first.window_state())
+                self.assertEqual("MAXIMIZED" in first.window_state(), maximized)
+                self.assertEqual(first.strip(), ["[about:blank]"])
+
+    def test_a_window_behind_others_comes_to_the_front_as_large_as_it_is(self):
+        for maximized in (False, True):
+            with (
+                self.subTest(maximized=maximized),
+                desk.Program(PROGRAM, "about:blank", home=desk.state_folder()) as other,
+                self.start(maximized) as first,
+            ):
+                self.wait_started(first, maximized)
+                other.focus()
+                self.hand_over()
+                first.wait_active()
+                self.assertEqual("MAXIMIZED" in first.window_state(), maximized)
 
     def test_a_group_is_navigated_to_not_opened(self):
         group = os.path.join(self.home, "group.tvg")

@@ -137,28 +137,72 @@ TEST(QtMainWindow, ItIsActivatedOnceShown) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return activations > 0; }));
 }
 
-TEST(QtMainWindow, BroughtToTheForegroundItIsNoLongerMinimized) {
+/// A window that was maximised and is in the task bar now.
+class QtMinimizedWindowTest : public testing::Test {
+protected:
+    void SetUp() override {
+        window.SetState(WindowState::Maximized);
+        window.Show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        window.SetState(WindowState::Minimized);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window.State() == WindowState::Minimized; }));
+    }
     QtMainWindow window;
-    window.SetState(WindowState::Maximized);
-    window.Show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    window.SetState(WindowState::Minimized);
+};
+
+TEST_F(QtMinimizedWindowTest, BroughtToTheForegroundItStaysMinimized) {
     window.BringToForeground({});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.State() == WindowState::Maximized; }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.State(), WindowState::Minimized);
 }
 
-TEST(QtMainWindow, ItLaysOutWhatItHoldsWhenItComesBackInTheSameSize) {
-    QtMainWindow window;
-    window.Show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    window.SetState(WindowState::Minimized);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return window.State() == WindowState::Minimized; }));
+TEST_F(QtMinimizedWindowTest, ItComesBackAsLargeAsItWas) {
+    window.ComeBack();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.State() == WindowState::Maximized; }));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+TEST_F(QtMinimizedWindowTest, SetToNormalItIsInFrontAndMaximizedNoLonger) {
+    window.SetState(WindowState::Normal);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.State() == WindowState::Normal; }));
+    EXPECT_FALSE(window.windowState().testFlag(Qt::WindowMaximized));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+TEST_F(QtMinimizedWindowTest, ItLaysOutWhatItHoldsWhenItComesBackInTheSameSize) {
     const QSize before = window.size();
     int reported = 0;
     window.Resized = [&] { reported += window.State() != WindowState::Minimized; };
-    window.SetState(WindowState::Normal);
+    window.ComeBack();
     EXPECT_TRUE(QTest::qWaitFor([&] { return reported > 0; }));
     EXPECT_EQ(window.size(), before);
+}
+
+TEST_F(QtMinimizedWindowTest, ThePermissionOfTheDesktopIsKeptUntilTheWindowComesBack) {
+    window.BringToForeground("token");
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+    window.SetState(WindowState::Normal);
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token");
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+TEST(QtMainWindow, NothingBringsAWindowToTheScreenThatWasNotShownYetOrIsClosed) {
+    QtMainWindow window;
+    const auto isAway = [&] {
+        window.BringToForeground("token");
+        window.ComeBack();
+        return !window.isVisible() && !qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN");
+    };
+    EXPECT_TRUE(isAway());
+    EXPECT_EQ(window.windowHandle(), nullptr);
+    window.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_FALSE(isAway());
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    window.Close();
+    EXPECT_TRUE(isAway());
+    window.SetState(WindowState::Normal);
+    EXPECT_FALSE(window.isVisible());
 }
 
 TEST(QtMainWindow, ClosingRunsTheUnloadHandlerOnce) {
