@@ -9,7 +9,6 @@
 #include "qt/QtText.h"
 
 #include <QDataStream>
-#include <QDesktopServices>
 #include <QIODevice>
 #include <QWebEngineHistory>
 #include <QWebEngineView>
@@ -39,9 +38,7 @@ QtBrowserView::~QtBrowserView() {
 
 Outcome QtBrowserView::Navigate(TextView address) {
     QtAddress target = QtAddress::FromTyped(address);
-    if (target.url.scheme() == u"mailto") {
-        return QDesktopServices::openUrl(target.url) ? Outcome::Done : Outcome::Failed;
-    }
+    if (target.url.scheme() == u"mailto") return m_engine.OpenOutside(target.url);
     m_requested = target.url;
     m_pending = std::move(target);
     m_pendingHistory.clear();

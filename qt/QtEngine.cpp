@@ -6,10 +6,12 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QDesktopServices>
 #include <QEventLoop>
 #include <QUuid>
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace {
 constexpr std::chrono::seconds kEndPatience{10};
@@ -34,7 +36,14 @@ std::unique_ptr<BrowserView> QtEngine::Create(std::int16_t Index, BrowserViewEve
 
 void QtEngine::Start() {
     m_started = true;
+    for (const QUrl& url : std::exchange(m_outside, {})) ResumeNext(OpenOutside(url));
     Schedule();
+}
+
+Outcome QtEngine::OpenOutside(const QUrl& url) {
+    if (m_started) return QDesktopServices::openUrl(url) ? Outcome::Done : Outcome::Failed;
+    m_outside.push_back(url);
+    return Outcome::Done;
 }
 
 void QtEngine::End(QtPage& page) {

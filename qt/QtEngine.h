@@ -102,6 +102,9 @@ public:
     void BringToFront(std::int32_t index);
     /// Asks for a turn: the waiting work is done once, at the next turn of the event loop.
     void Schedule();
+    /// Hands an address to the desktop's program for it; not before `Start()`, because a process that only hands its
+    /// command line over leaves that to the other.
+    Outcome OpenOutside(const QUrl& url);
     [[nodiscard]] QWidget* PageArea() const { return m_pageArea; }
     [[nodiscard]] QWebEngineProfile* Profile(Privacy privacy = Privacy::Ordinary);
     [[nodiscard]] QtDialogScheme& DialogScheme(Privacy privacy);
@@ -130,6 +133,7 @@ private:
     std::vector<QPointer<QtPage>> m_ending; ///< pages that were there last when theirs ended
     std::map<std::int32_t, QtBrowserView*> m_views;
     NavigationQueue m_queue;
+    std::vector<QUrl> m_outside; ///< to be handed to the desktop once the engine starts
     QTimer m_turn;
     QElapsedTimer m_clock;
     QtPageOutput m_output;

@@ -70,16 +70,20 @@ class Mail(unittest.TestCase):
         self.record = os.path.join(self.home, "record")
         programs = os.path.join(self.home, "programs")
         os.makedirs(programs)
-        # What Qt starts for a mail on a desktop that it does not know.
-        fake = os.path.join(programs, "xdg-open")
-        with open(fake, "w") as file:
-            file.write(f"#!/bin/sh\nfor word; do printf '<%s>' \"$word\"; done >>'{self.record}'\necho >>'{self.record}'\n")
-        os.chmod(fake, stat.S_IRWXU)
         self.path = os.environ["PATH"]
-        os.environ["PATH"] = programs + os.pathsep + self.path
+        self.make_mail_program(programs)
 
     def tearDown(self):
         os.environ["PATH"] = self.path
+
+    def make_mail_program(self, folder):
+        """What is started from now on begins mails with a program that writes them down."""
+        # What Qt starts for a mail on a desktop that it does not know.
+        fake = os.path.join(folder, "xdg-open")
+        with open(fake, "w") as file:
+            file.write(f"#!/bin/sh\nfor word; do printf '<%s>' \"$word\"; done >>'{self.record}'\necho >>'{self.record}'\n")
+        os.chmod(fake, stat.S_IRWXU)
+        os.environ["PATH"] = folder + os.pathsep + self.path
 
     def recorded(self):
         if not os.path.exists(self.record):
@@ -108,6 +112,30 @@ class Mail(unittest.TestCase):
                     self.assertFalse(any(each in arrived for each in " \t\r\n\""), arrived)
                     self.assertEqual(urllib.parse.unquote(arrived[7:]), urllib.parse.unquote(link[7:]))
                 program.wait_strip(["[Links]"])
+
+    def test_a_mail_on_the_command_line_of_a_first_start_is_begun_once(self):
+        with desk.Program(PROGRAM, "mailto:a@b.example", home=self.home) as program:
+            self.assertEqual(self.wait_recorded(1), "mailto:a@b.example")
+            program.window()
+            self.assertEqual(len(self.recorded()), 1)
+
+    def test_a_mail_on_the_command_line_of_a_second_start_is_begun_by_the_first_alone(self):
+        other = os.path.join(self.home, "other")
+        os.makedirs(other)
+        with desk.Program(PROGRAM, "about:blank", home=self.home) as program:
+            program.wait_strip(["[about:blank]"])
+            # What the second start itself began would be written down elsewhere.
+            mine, self.record = self.record, os.path.join(other, "record")
+            self.make_mail_program(other)
+            for number in (1, 2):
+                with desk.Program(PROGRAM, f"mailto:a@b.example?subject={number}", home=self.home) as second:
+                    self.assertEqual(second.wait_end(), 0)
+            theirs, self.record = self.record, mine
+            desk.wait_until(lambda: len(self.recorded()) >= 2, what=lambda: f"recorded: {self.recorded()}")
+            self.assertEqual(
+                sorted(self.recorded()), [f"<mailto:a@b.example?subject={number}>" for number in (1, 2)]
+            )
+            self.assertFalse(os.path.exists(theirs))
 
 
 if __name__ == "__main__":

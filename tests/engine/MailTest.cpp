@@ -2,6 +2,7 @@
 #include "qt/QtText.h"
 #include "tests/engine/EngineDesk.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QUrl>
 
@@ -39,6 +40,22 @@ TEST(Mail, ALinkIsSentWholeWhateverThePagesTitleIs) {
     EXPECT_EQ(mail.Take(), "mailto:?subject=Q%20%26%20A%3F%20%231%20100%25%20%28" + address + "%29&body=" + address);
     EXPECT_EQ(desk.View(2).LocationName(), u"Q & A? #1 100%") << "the page stays";
     EXPECT_EQ(server.requests.size(), loads);
+}
+
+TEST(Mail, NothingIsOpenedBeforeTheEngineStarts) {
+    MailProgram mail;
+    QWidget window;
+    QtEngine engine(&window, {}, {});
+    EventRecorder events;
+    auto view = engine.Create(1, events, Privacy::Ordinary);
+    EXPECT_EQ(view->Navigate(u"mailto:a@b.example"), Outcome::Done);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(mail.Take(), "");
+    engine.Start();
+    EXPECT_EQ(mail.Take(), "mailto:a@b.example");
+    EXPECT_EQ(engine.PageCount(), 0U);
+    view.reset();
+    engine.Shutdown();
 }
 
 TEST(Mail, APersonsClickOnALinkOpensTheMailProgram) {
