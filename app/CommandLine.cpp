@@ -42,10 +42,11 @@ bool NeedsNoDisplay(std::string_view windowingSystem) {
     return !windowingSystem.empty() && !windowingSystem.starts_with("xcb") && !windowingSystem.starts_with("wayland");
 }
 
-std::string WindowingSystem(const CommandLine::Arguments& arguments, const std::string& variable) {
-    const auto option = std::ranges::find_if(
-        arguments, [](const std::string& each) { return each == "-platform" || each == "--platform"; });
-    return option == arguments.end() || option + 1 == arguments.end() ? variable : *(option + 1);
+// Of an option for the windowing system, which may have two dashes; empty where it is missing.
+std::string ValueOf(const CommandLine::Arguments& arguments, const std::string& option) {
+    const auto found = std::ranges::find_if(
+        arguments, [&](const std::string& each) { return each == option || each == "-" + option; });
+    return found == arguments.end() || found + 1 == arguments.end() ? "" : *(found + 1);
 }
 
 } // namespace
@@ -62,9 +63,11 @@ std::optional<std::string> Information(const Arguments& arguments) {
 
 std::optional<std::string> Refusal(const Arguments& arguments, const Surroundings& surroundings) {
     if (surroundings.root && surroundings.disableSandbox != "1") return std::string(kRootRefused);
-    if (NeedsNoDisplay(WindowingSystem(arguments, surroundings.windowingSystem))) return std::nullopt;
-    if (surroundings.display.empty() && surroundings.waylandDisplay.empty()) return std::string(kNoDisplay);
-    return std::nullopt;
+    const std::string chosen = ValueOf(arguments, "-platform");
+    if (NeedsNoDisplay(chosen.empty() ? surroundings.windowingSystem : chosen)) return std::nullopt;
+    const bool named = !ValueOf(arguments, "-display").empty();
+    if (named || !surroundings.display.empty() || !surroundings.waylandDisplay.empty()) return std::nullopt;
+    return std::string(kNoDisplay);
 }
 
 Text AsText(const Arguments& arguments) {

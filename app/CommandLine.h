@@ -9,7 +9,8 @@
 /// What the program's start learns from its arguments and its surroundings before anything of it is made.
 namespace CommandLine {
 
-/// The arguments behind the program's name, as the system gave them.
+/// The arguments behind the program's name, as the system gave them. What is for the windowing system, "-platform" and
+/// its like, is still among them when it is asked whether the program can start, and no longer when they become a text.
 using Arguments = std::vector<std::string>;
 
 /// What was found around the program. A variable that is not set is empty.

@@ -21,6 +21,13 @@ CommandLine::Surroundings Surroundings() {
             .windowingSystem = Variable("QT_QPA_PLATFORM")};
 }
 
+CommandLine::Arguments ArgumentsOf(int argc, char** argv) { return {argv + (argc > 0 ? 1 : 0), argv + argc}; }
+
+/// The exit code.
+int Print(const std::string& information) {
+    return std::fputs(information.c_str(), stdout) < 0 || std::fflush(stdout) != 0;
+}
+
 std::unique_ptr<QtProgram> MakeProgram(int& argc, char** argv) {
     const QtStartFailure told;
     return std::make_unique<QtProgram>(argc, argv);
@@ -29,16 +36,17 @@ std::unique_ptr<QtProgram> MakeProgram(int& argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const CommandLine::Arguments arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-    if (const auto information = CommandLine::Information(arguments)) {
-        return std::fputs(information->c_str(), stdout) < 0 || std::fflush(stdout) != 0;
-    }
+    const CommandLine::Arguments arguments = ArgumentsOf(argc, argv);
+    if (const auto information = CommandLine::Information(arguments)) return Print(*information);
     if (const auto refusal = CommandLine::Refusal(arguments, Surroundings())) {
         std::fputs(refusal->c_str(), stderr);
         return 1;
     }
     const auto program = MakeProgram(argc, argv);
-    const Text commandLine = CommandLine::AsText(arguments);
+    // What was meant for the windowing system has been taken out by now.
+    const CommandLine::Arguments ours = ArgumentsOf(argc, argv);
+    if (const auto information = CommandLine::Information(ours)) return Print(*information);
+    const Text commandLine = CommandLine::AsText(ours);
     if (Startup::Main(program->Platform(), commandLine) == Startup::Result::HandedOff) ::_exit(0);
     return program->Run();
 }

@@ -46,6 +46,7 @@ TEST(CommandLine, NoDisplayIsRefused) {
     EXPECT_EQ(CommandLine::Refusal({}, {.windowingSystem = "xcb"}), refusal);
     EXPECT_EQ(CommandLine::Refusal({}, {.windowingSystem = "wayland;xcb"}), refusal);
     EXPECT_EQ(CommandLine::Refusal({"-platform"}, {}), refusal) << "an option without its value";
+    EXPECT_EQ(CommandLine::Refusal({"-display"}, {}), refusal);
 }
 
 TEST(CommandLine, AnyDisplayWillDoAndSomeWindowsNeedNone) {
@@ -53,6 +54,9 @@ TEST(CommandLine, AnyDisplayWillDoAndSomeWindowsNeedNone) {
     EXPECT_EQ(CommandLine::Refusal({}, {.waylandDisplay = "wayland-0"}), std::nullopt);
     EXPECT_EQ(CommandLine::Refusal({}, {.windowingSystem = "offscreen"}), std::nullopt);
     EXPECT_EQ(CommandLine::Refusal({"-platform", "vnc"}, {.windowingSystem = "xcb"}), std::nullopt);
+    EXPECT_EQ(CommandLine::Refusal({"--platform", "vnc"}, {}), std::nullopt);
+    EXPECT_EQ(CommandLine::Refusal({"-display", ":0"}, {}), std::nullopt);
+    EXPECT_EQ(CommandLine::Refusal({"http://one/", "--display", ":0"}, {}), std::nullopt);
 }
 
 TEST(CommandLine, ArgumentsAreOneTextAsTheyStand) {

@@ -46,6 +46,40 @@ class CommandLine(unittest.TestCase):
         self.assertIn("TessaView cannot open a window", ended.stderr)
         self.assertIn('DISPLAY is ":4711"', ended.stderr)
 
+    def test_options_of_the_windowing_system_are_no_addresses(self):
+        home = desk.state_folder()
+        display = os.environ["DISPLAY"]
+        with desk.PageServer() as pages:
+            address = pages.address
+            with desk.Program(
+                PROGRAM, "-platform", "xcb", address("First"), "--style", "fusion", home=home
+            ) as first:
+                first.wait_strip(["[First]"])
+                # Without an address of their own these only ask for the window.
+                for options in (("-name", "browser"), ("-session", "some_1")):
+                    with desk.Program(PROGRAM, *options, home=home) as second:
+                        self.assertEqual(second.wait_end(), 0)
+                with desk.Program(PROGRAM, "-display", display, address("Second"), "-reverse", home=home) as third:
+                    self.assertEqual(third.wait_end(), 0)
+                first.wait_strip(["First", "[Second]"])
+            self.assertEqual(
+                sorted(each for each in pages.requested() if "favicon" not in each),
+                ["127.0.0.1/First", "127.0.0.1/Second"],
+            )
+
+    def test_the_display_may_be_named_by_an_option(self):
+        display = os.environ["DISPLAY"]
+        del os.environ["DISPLAY"]
+        try:
+            with desk.Program(PROGRAM, "-display", display, "about:blank", home=desk.state_folder()) as program:
+                program.wait_strip(["[about:blank]"])
+        finally:
+            os.environ["DISPLAY"] = display
+
+    def test_the_version_is_told_beside_options_of_the_windowing_system(self):
+        version = run("-platform", "offscreen", "--version")
+        self.assertEqual((version.returncode, version.stdout), (0, "TessaView 3.02 Build 159\n"))
+
     @unittest.skipUnless(os.geteuid() == 0, "only root is refused")
     def test_root_is_refused_unless_the_sandbox_is_off(self):
         ended = run("about:blank", QTWEBENGINE_DISABLE_SANDBOX=None)
