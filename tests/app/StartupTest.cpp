@@ -2,6 +2,7 @@
 
 #include "app/Hook.h"
 #include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
 
 namespace {
 
@@ -89,6 +90,37 @@ TEST(Startup, TheHookGoesWithTheWindow) {
     desk.channel.Arrives();
     EXPECT_EQ(desk.Strip(), "[1*]");
     Hook::Remove(desk.channel);
+}
+
+/// The picture that the entry of a folder has in the Favorites menu.
+Picture FolderPictureOf(Desk& desk) {
+    auto& band = *desk.main.actBar.FindBand(u"bndFavorites");
+    desk.main.Commands.favoritesMenuStale = true;
+    desk.main.actBar.OpenBand(band);
+    return band.Entries().back().Item->Image;
+}
+
+TEST(Startup, AtTheEndTheViewsGoThenThePicturesThenTheHook) {
+    const TemporaryFolder favorites;
+    std::filesystem::create_directories(favorites.Path("news"));
+    Desk desk;
+    desk.main.Commands.favoritesFolder = favorites.PathText("");
+    EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
+    desk.main.GetNewBrowser(InFront::Yes);
+    desk.log.Take();
+    const auto what = [&desk] {
+        const std::string picture = FolderPictureOf(desk) == Picture() ? "" : " pictures";
+        return picture + (desk.channel.Message ? " hook" : "");
+    };
+    desk.views.ended = [&](int) { desk.log.Add("view" + what()); };
+    desk.main.Unloaded = [&, removeHook = desk.main.Unloaded] {
+        desk.log.Add("unloaded" + what());
+        removeHook();
+    };
+    desk.main.Form_Unload();
+    desk.views.ended = {};
+    EXPECT_EQ(desk.log.Take(), "view pictures hook, view pictures hook, unloaded hook");
+    EXPECT_FALSE(desk.channel.Message);
 }
 
 TEST(Hook, RestoresAMinimizedWindowFirst) {

@@ -9,7 +9,10 @@ FakeView::FakeView(std::int16_t index, BrowserViewEvents& events, FakeViews& all
     all.living[index] = this;
 }
 
-FakeView::~FakeView() { all.living.erase(index); }
+FakeView::~FakeView() {
+    all.living.erase(index);
+    if (all.ended) all.ended(index);
+}
 
 Outcome FakeView::Navigate(TextView address) {
     calls.push_back("go " + ToUtf8(address));

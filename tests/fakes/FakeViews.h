@@ -93,7 +93,8 @@ public:
     std::string Calls(int index);
 
     std::map<int, FakeView*> living;
-    int front = 0;        ///< the view last brought to the front
-    int focused = 0;      ///< the view that last got the keyboard
-    bool refuses = false; ///< no view is made any more
+    std::function<void(int index)> ended; ///< what is the case when a view goes
+    int front = 0;                        ///< the view last brought to the front
+    int focused = 0;                      ///< the view that last got the keyboard
+    bool refuses = false;                 ///< no view is made any more
 };

@@ -39,6 +39,44 @@ TEST(MainUnload, SavesThePlacementAndTheOptions) {
     EXPECT_EQ(desk.settings.Stored(u"ShowStatusBar"), u"false");
 }
 
+TEST(MainUnload, SavesEverySwitchAsItIsAtTheEnd) {
+    for (const bool on : {false, true}) {
+        const Text value = on ? u"true" : u"false";
+        Desk desk;
+        for (const TextView name : {u"OpenNewInFront", u"RememberLastSites", u"TabsUp", u"ShowStatusBar"})
+            desk.settings.Put(name, on ? u"false" : u"true");
+        desk.Start();
+        desk.main.OpenNewInFront = desk.main.RememberLastSites = on;
+        desk.main.pcPage.SetPlacement(on ? TabPlacement::Top : TabPlacement::Bottom);
+        desk.Click(u"mnuViewStatusbar");
+        desk.window.state = on ? WindowState::Maximized : WindowState::Normal;
+        desk.main.Form_Unload();
+        for (const TextView name :
+             {u"OpenNewInFront", u"RememberLastSites", u"TabsUp", u"ShowStatusBar", u"WindowMaximized"})
+            EXPECT_EQ(desk.settings.Stored(name), value) << ToUtf8(name);
+    }
+}
+
+TEST(MainUnload, SavesThePlaceOfAMaximizedWindowToo) {
+    Desk desk;
+    desk.Start();
+    desk.window.state = WindowState::Maximized;
+    desk.window.place = {{150}, {300}, {9000}, {8000}};
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.Stored(u"WindowLeft"), u"150");
+    EXPECT_EQ(desk.settings.Stored(u"WindowHeight"), u"8000");
+}
+
+TEST(MainUnload, TheSitesAreSavedWhetherOrNotTheyWillBeReopened) {
+    Desk desk;
+    desk.settings.Put(u"RememberLastSites", u"false");
+    desk.StartWithTabs(2);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.PageLoads(2, u"http://two/", u"Two");
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.StoredList(u"LastSites"), u"[http://one/][http://two/]");
+}
+
 TEST(MainUnload, AMinimizedWindowKeepsThePlacementOfTheSessionBefore) {
     Desk desk;
     desk.settings.Put(u"WindowLeft", u"450");
@@ -48,6 +86,7 @@ TEST(MainUnload, AMinimizedWindowKeepsThePlacementOfTheSessionBefore) {
     desk.main.Form_Unload();
     EXPECT_EQ(desk.settings.Stored(u"WindowLeft"), u"450");
     EXPECT_EQ(desk.settings.Stored(u"WindowWidth"), u"(none)");
+    EXPECT_EQ(desk.settings.Stored(u"WindowMaximized"), u"false");
 }
 
 TEST(MainUnload, AValueThatCannotBeWrittenIsSkipped) {
