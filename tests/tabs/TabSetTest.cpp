@@ -1,5 +1,7 @@
 #include "tests/Desk.h"
 
+#include <utility>
+
 namespace {
 
 TEST(TabSet, PutsANewTabRightOfTheSelectedOneWhateverInFrontSays) {
@@ -168,6 +170,23 @@ TEST(TabSet, TwoTabsWithOneCaptionCountAsTheSameTab_Deliberate) {
     // The selection is the strip's own choice then, and that tab is brought forward.
     EXPECT_EQ(desk.Strip(), "[1*] 2");
     EXPECT_EQ(desk.views.front, 1);
+}
+
+TEST(TabSet, WhatTheStripChoosesHoldsOnlyAfterATabWithTheSelectedOnesCaption_Deliberate) {
+    for (const bool oneCaption : {false, true}) {
+        Desk desk;
+        desk.StartWithTabs(3);
+        if (oneCaption) desk.main.Tabs.SetTabTitle(3, u"1");
+        auto& strip = desk.main.pcPage;
+        // Something else has the strip select the middle tab while the last one goes.
+        strip.Touched = [&strip, chosen = false]() mutable {
+            if (strip.Count() == 2 && !std::exchange(chosen, true)) strip.Select(strip.Find(u"Tab2"));
+        };
+        desk.main.CloseBrowserTab(3);
+        strip.Touched = {};
+        EXPECT_EQ(desk.Strip(), oneCaption ? "1 [2*]" : "[1*] 2");
+        EXPECT_EQ(desk.views.front, oneCaption ? 2 : 1);
+    }
 }
 
 TEST(TabSet, ClosingTheFirstViewsTabHidesItAndKeepsItsIndex) {
