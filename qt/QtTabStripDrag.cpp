@@ -7,35 +7,56 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QUrl>
+#include <algorithm>
 #include <optional>
 
 namespace {
 
 const QString kPlain = QStringLiteral("text/plain");
 
-// The first link of those that are dragged; files are none.
+// Whether it is a link and nothing else that was dragged out of a page, be that a page of the web or a file.
+bool IsPageLink(const QMimeData& data) {
+    const QString html = data.html().trimmed();
+    const QString end = QStringLiteral("</a>");
+    return data.hasUrls() && html.startsWith(u"<a ", Qt::CaseInsensitive) && html.endsWith(end, Qt::CaseInsensitive) &&
+           html.count(end, Qt::CaseInsensitive) == 1;
+}
+
+bool IsFiles(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return !urls.isEmpty() && urls.constFirst().isLocalFile() && !IsPageLink(data);
+}
+
 std::optional<QString> DraggedLink(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
-    if (urls.isEmpty() || urls.constFirst().isLocalFile()) return std::nullopt;
+    if (urls.isEmpty() || IsFiles(data)) return std::nullopt;
     return urls.constFirst().toString(QUrl::FullyEncoded);
 }
 
-// Some programs offer the names of files as plain text too.
-bool IsFiles(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
-    return !urls.isEmpty() && urls.constFirst().isLocalFile();
+// Some programs offer the names of files as plain text too. These are still files alone.
+bool NamesFiles(const QString& text, const QList<QUrl>& files) {
+    const auto isNamed = [&](const QString& line) {
+        return std::ranges::any_of(files, [name = line.trimmed()](const QUrl& file) {
+            return name.isEmpty() || name == file.toString() || name == file.toString(QUrl::FullyEncoded) ||
+                   name == file.toLocalFile() || name == file.fileName();
+        });
+    };
+    return std::ranges::all_of(text.split(u'\n'), isNamed);
 }
 
-// Plain text is not fetched before it is dropped: it may be long, and comes from another program.
-bool OffersText(const QMimeData& data) { return !IsFiles(data) && (data.hasFormat(kPlain) || DraggedLink(data)); }
+// Plain text is not fetched before it is dropped: it may be long, and comes from another program. Beside files it is
+// short, when it names them, and tells what they are.
+bool OffersPlainText(const QMimeData& data) {
+    return data.hasFormat(kPlain) && (!IsFiles(data) || !NamesFiles(data.text(), data.urls()));
+}
 
-// Nothing, too, when the other program has promised a text and gives none. The plain text of a page's link is what one
-// reads there, not where it leads.
+bool OffersText(const QMimeData& data) { return OffersPlainText(data) || DraggedLink(data); }
+
+// The plain text, but for a page's link, of which that is what one reads there and not where it leads. A link without
+// text is taken too. Nothing when the other program has promised a text and gives none.
 std::optional<QString> DraggedText(const QMimeData& data) {
-    if (IsFiles(data)) return std::nullopt;
-    if (auto link = DraggedLink(data)) return link;
-    const QString text = data.text();
-    return text.isEmpty() ? std::nullopt : std::optional(text);
+    const QString text = OffersPlainText(data) && !IsPageLink(data) ? data.text() : QString();
+    return text.isEmpty() ? DraggedLink(data) : text;
 }
 
 } // namespace

@@ -232,35 +232,96 @@ void DropAt(QtTabStrip& widget, QPoint point, const QMimeData& data) {
     QApplication::sendEvent(&widget, &drop);
 }
 
-TEST_F(QtTabStripTest, TextAndLinksAreDroppedAndFilesAloneAreNot) {
-    AddMany(2);
-    Show();
+/// What is dragged over the strip and dropped there: "text 2;" or "none 2;" for each time over tab 2, and what is
+/// dropped with a "!".
+class QtTabStripDropTest : public QtTabStripTest {
+protected:
+    void SetUp() override {
+        QtTabStripTest::SetUp();
+        AddMany(2);
+        Show();
+        widget.DragOver = [this](bool hasText, QPointF point) {
+            told += (hasText ? "text " : "none ") +
+                    std::to_string(strip.PositionOf(widget.FindTabAt(point.toPoint()))) + ";";
+        };
+        widget.Drop = [this](const Text& text) { told += ToUtf8(text) + "!"; };
+    }
+    std::string Dropped(const QMimeData& data) { return DroppedAt(Middle(2), data); }
+    std::string DroppedAt(QPoint point, const QMimeData& data) {
+        told.clear();
+        DropAt(widget, point, data);
+        return told;
+    }
+    static QList<QUrl> Link() { return {QUrl(QStringLiteral("http://one.example/x y"))}; }
+    static QList<QUrl> Files() {
+        return {QUrl::fromLocalFile(QStringLiteral("/home/me/a b.html")),
+                QUrl::fromLocalFile(QStringLiteral("/home/me/c.html"))};
+    }
+
+    QMimeData data;
     std::string told;
-    widget.DragOver = [&](bool hasText, QPointF point) {
-        told +=
-            (hasText ? "text " : "none ") + std::to_string(strip.PositionOf(widget.FindTabAt(point.toPoint()))) + ";";
-    };
-    widget.Drop = [&](const Text& text) { told += ToUtf8(text) + "!"; };
-    QMimeData text, link, file;
-    text.setText(QStringLiteral(" a b "));
-    link.setUrls({QUrl(QStringLiteral("http://one.example/x y"))});
-    file.setUrls({QUrl::fromLocalFile(QStringLiteral("/etc/hosts"))});
-    DropAt(widget, Middle(2), text);
-    EXPECT_EQ(told, "text 2;text 2; a b !");
-    told.clear();
-    DropAt(widget, {widget.width() - 2, 5}, link);
-    EXPECT_EQ(told, "text 0;text 0;http://one.example/x%20y!");
-    told.clear();
-    link.setText(QStringLiteral("what one reads"));
-    DropAt(widget, Middle(2), link);
-    EXPECT_EQ(told, "text 2;text 2;http://one.example/x%20y!") << "where a page's link leads, not what it is called";
-    told.clear();
-    DropAt(widget, Middle(1), file);
-    EXPECT_EQ(told, "none 1;") << "what is refused on its way in is not dropped";
-    told.clear();
-    file.setData(QStringLiteral("text/plain"), "file:///etc/hosts");
-    DropAt(widget, Middle(1), file);
-    EXPECT_EQ(told, "none 1;") << "some programs offer the names of files as text";
+};
+
+TEST_F(QtTabStripDropTest, TextIsDroppedAsItIs) {
+    data.setText(QStringLiteral(" a\nb "));
+    EXPECT_EQ(Dropped(data), "text 2;text 2; a\nb !");
+}
+
+TEST_F(QtTabStripDropTest, OfALinkThePlainTextIsDroppedThatIsOffered) {
+    data.setUrls(Link());
+    data.setText(QStringLiteral("http://other.example/"));
+    EXPECT_EQ(Dropped(data), "text 2;text 2;http://other.example/!");
+    data.setHtml(QStringLiteral("<p><a href='http://one.example/x%20y'>One</a> and <a href='#'>more</a></p>"));
+    EXPECT_EQ(Dropped(data), "text 2;text 2;http://other.example/!");
+}
+
+TEST_F(QtTabStripDropTest, ALinkWithoutTextIsDroppedToo) {
+    data.setUrls(Link());
+    EXPECT_EQ(DroppedAt({widget.width() - 2, 5}, data), "text 0;text 0;http://one.example/x%20y!");
+    data.setData(QStringLiteral("text/plain"), {});
+    EXPECT_EQ(Dropped(data), "text 2;text 2;http://one.example/x%20y!");
+}
+
+TEST_F(QtTabStripDropTest, OfAPagesLinkItIsDroppedWhereItLeadsNotWhatOneReads) {
+    data.setUrls(Link());
+    data.setText(QStringLiteral("Some link text"));
+    data.setHtml(QStringLiteral("<a class=\"x\" href=\"http://one.example/x%20y\">Some <b>link</b> text</a>"));
+    EXPECT_EQ(Dropped(data), "text 2;text 2;http://one.example/x%20y!");
+}
+
+TEST_F(QtTabStripDropTest, ALinkOfAPageOnTheLocalDiskIsDroppedLikeAnyOther) {
+    data.setUrls({Files().constFirst()});
+    data.setText(QStringLiteral("Local"));
+    data.setHtml(QStringLiteral("<a href=\"file:///home/me/a%20b.html\">Local</a>\n"));
+    EXPECT_EQ(Dropped(data), "text 2;text 2;file:///home/me/a%20b.html!");
+}
+
+TEST_F(QtTabStripDropTest, FilesAloneChangeNothing) {
+    data.setUrls(Files());
+    EXPECT_EQ(Dropped(data), "none 2;") << "what is refused on its way in is not dropped";
+    data.setHtml(QStringLiteral("<img src=\"file:///home/me/a%20b.html\">"));
+    EXPECT_EQ(Dropped(data), "none 2;") << "a picture of a page comes as a file";
+}
+
+TEST_F(QtTabStripDropTest, FilesThatAreNamedInPlainTextAreStillFilesAlone) {
+    data.setUrls(Files());
+    for (const char* names :
+         {"", "/home/me/a b.html\n/home/me/c.html\n", "file:///home/me/a%20b.html\r\nfile:///home/me/c.html\r\n",
+          "file:///home/me/a b.html", "a b.html\nc.html"}) {
+        data.setData(QStringLiteral("text/plain"), names);
+        EXPECT_EQ(Dropped(data), "none 2;") << names;
+    }
+}
+
+TEST_F(QtTabStripDropTest, TextBesideFilesIsDropped) {
+    data.setUrls(Files());
+    data.setText(QStringLiteral("c.html\nand what is in it"));
+    EXPECT_EQ(Dropped(data), "text 2;text 2;c.html\nand what is in it!");
+}
+
+TEST_F(QtTabStripDropTest, ATextThatIsPromisedAndNotGivenChangesNothing) {
+    data.setData(QStringLiteral("text/plain"), {});
+    EXPECT_EQ(Dropped(data), "text 2;text 2;");
 }
 
 TEST_F(QtTabStripTest, OtherButtonsAndTheEmptyRowSelectNothing) {
