@@ -73,6 +73,15 @@ TEST_F(FavoriteRepairTest, WhatLiesInItsPlaceGetsAnotherName) {
     EXPECT_TRUE(Favorites::CanKeep(m_folder));
 }
 
+TEST_F(FavoriteRepairTest, ANameThatIsNoTextIsKeptByItsBytes) {
+    m_home.Write("Fav\xFF", "mine");
+    const Text folder = PathFromBytes(m_home.Path("Fav\xFF"));
+    EXPECT_EQ(Favorites::Repair(folder).SetAside, PathFromBytes("Fav\xFF set aside"));
+    EXPECT_EQ(m_home.Read("Fav\xFF set aside"), "mine");
+    EXPECT_TRUE(std::filesystem::is_directory(m_home.Path("Fav\xFF")));
+    EXPECT_TRUE(Favorites::CanKeep(folder));
+}
+
 TEST_F(FavoriteRepairTest, AFileAboveItGetsAnotherNameToo) {
     m_home.Write("data", "mine");
     const Text below = m_home.PathText("data") + u"/tessaview/Favorites";
