@@ -1,7 +1,6 @@
 #include "tests/Desk.h"
 
 #include "commands/Endpoints.h"
-#include "tests/fakes/TemporaryFolder.h"
 
 namespace {
 
@@ -231,50 +230,6 @@ TEST_F(DispatcherTest, ALinkMayBeRefused) {
     EXPECT_EQ(desk.views.Calls(1), "");
     ClickMade(desk, 50000, u"http://a/");
     EXPECT_EQ(desk.views.Calls(1), "go http://a/");
-}
-
-TEST_F(DispatcherTest, AGroupsEntryOpensItsFileUpToTheLastId) {
-    const TemporaryFolder folder;
-    folder.Write("g.tvg", "[TessaGroup]\r\nurl1=http://g/\r\n");
-    Start(1);
-    ClickMade(desk, 150000, u"zzxg", folder.PathText("g.tvg"));
-    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://g/");
-    ClickMade(desk, 199999, u"zzxg", folder.PathText("g.tvg"));
-    EXPECT_EQ(desk.views.Calls(3), "go about:blank, go http://g/");
-    ClickMade(desk, 200000, u"zzxg", folder.PathText("g.tvg"));
-    ClickMade(desk, 149999, u"zzxg", folder.PathText("g.tvg"));
-    EXPECT_EQ(desk.Strip(), "1 2 [3*]");
-}
-
-TEST_F(DispatcherTest, CloseAllLeavesTheLeftmostTabAndBlanksIt) {
-    Start(3);
-    desk.ClickTab(2);
-    desk.Click(u"mnuCloseAll");
-    EXPECT_EQ(desk.Strip(), "[1*]");
-    EXPECT_EQ(desk.views.Calls(1), "go about:blank");
-    desk.Click(u"mnuCloseAll");
-    EXPECT_EQ(desk.Strip(), "[1*]");
-    EXPECT_EQ(desk.views.Calls(1), "go about:blank");
-    EXPECT_TRUE(desk.messages.asked.empty()) << "the last tab stays, so there is nothing to ask";
-}
-
-TEST_F(DispatcherTest, NamesThatBeginLikeTheResizeCommandsResizeABoxWhateverTheId) {
-    Start(1);
-    std::string resized;
-    desk.main.Commands.host.ResizeAddress = [&] { resized += "address;"; };
-    desk.main.Commands.host.ResizeSearch = [&] { resized += "search;"; };
-    ClickMade(desk, 1, u"mnuResizeAddress");
-    EXPECT_EQ(std::exchange(resized, {}), "address;");
-    for (const TextView name :
-         {u"mnuResizeSearch", u"mnuResizeAddressBar", u"mnuResizeaddress", u"mnuResume", u"mnuRes"})
-        ClickMade(desk, 50000, name);
-    EXPECT_EQ(std::exchange(resized, {}), "search;search;search;search;search;");
-    ClickMade(desk, 150000, u"mnuResX", u"/g.tvg");
-    EXPECT_EQ(std::exchange(resized, {}), "search;");
-    for (const TextView name : {u"mnuRe", u"mnures", u"MnuResize", u" mnuResize"}) ClickMade(desk, 1, name);
-    EXPECT_EQ(resized, "");
-    EXPECT_EQ(desk.views.Calls(1), "");
-    EXPECT_EQ(desk.Strip(), "[1*]");
 }
 
 TEST_F(DispatcherTest, ThePopupsCommandsActOnItsTabOnly) {
