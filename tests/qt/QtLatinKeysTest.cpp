@@ -21,8 +21,9 @@ struct RussianKey {
     quint32 scanCode;
 };
 
-constexpr RussianKey kA{u'ф', 38}, kC{u'с', 54}, kV{u'м', 55}, kX{u'ч', 53}, kZ{u'я', 52}, kF{u'а', 41}, kN{u'т', 57},
-    kD{u'в', 40}, kO{u'щ', 32}, kG{u'п', 42}, kS{u'ы', 39};
+constexpr RussianKey kRussianA{u'ф', 38}, kRussianC{u'с', 54}, kRussianV{u'м', 55}, kRussianX{u'ч', 53},
+    kRussianZ{u'я', 52}, kRussianF{u'а', 41}, kN{u'т', 57}, kRussianD{u'в', 40}, kO{u'щ', 32}, kG{u'п', 42},
+    kS{u'ы', 39};
 
 /// What a person does at a Russian keyboard, seen as the windows of the desktop see it.
 class QtLatinKeysTest : public BarDesk {
@@ -66,24 +67,24 @@ protected:
 
 TEST_F(QtLatinKeysTest, TheBoxesOwnCombinationsWork) {
     Box(u"cboAddress").setFocus();
-    Press(kA);
-    Press(kC);
+    Press(kRussianA);
+    Press(kRussianC);
     EXPECT_EQ(Field(u"cboAddress").text(), QStringLiteral("фс")) << "what is typed is left alone";
-    Press(kA, Qt::ControlModifier);
+    Press(kRussianA, Qt::ControlModifier);
     EXPECT_EQ(Field(u"cboAddress").selectedText(), QStringLiteral("фс"));
-    Press(kC, Qt::ControlModifier);
+    Press(kRussianC, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("фс"));
-    Press(kX, Qt::ControlModifier);
+    Press(kRussianX, Qt::ControlModifier);
     EXPECT_EQ(Field(u"cboAddress").text(), QString());
-    Press(kV, Qt::ControlModifier);
-    Press(kV, Qt::ControlModifier);
+    Press(kRussianV, Qt::ControlModifier);
+    Press(kRussianV, Qt::ControlModifier);
     EXPECT_EQ(Field(u"cboAddress").text(), QStringLiteral("фсфс"));
-    Press(kZ, Qt::ControlModifier);
+    Press(kRussianZ, Qt::ControlModifier);
     EXPECT_EQ(Field(u"cboAddress").text(), QStringLiteral("фс"));
 }
 
 TEST_F(QtLatinKeysTest, AltAndALetterOpenTheMenuAndTheLetterAloneChooses) {
-    Press(kF, Qt::AltModifier);
+    Press(kRussianF, Qt::AltModifier);
     EXPECT_EQ(OpenMenu(), "bndFileMenu");
     Press(kO);
     EXPECT_EQ(clicked, "mnuOpen;");
@@ -99,7 +100,7 @@ TEST_F(QtLatinKeysTest, AMenuThatHasTheLetterItselfIsGivenThat) {
 
 TEST_F(QtLatinKeysTest, TheMenuBarItselfKnowsTheLetterWhileItHasTheKeyboard) {
     window.menuBar()->setFocus();
-    Press(kF);
+    Press(kRussianF);
     EXPECT_EQ(OpenMenu(), "bndFileMenu");
     QApplication::activePopupWidget()->close();
 }
@@ -107,9 +108,9 @@ TEST_F(QtLatinKeysTest, TheMenuBarItselfKnowsTheLetterWhileItHasTheKeyboard) {
 TEST_F(QtLatinKeysTest, ALabelsLetterLeadsToItsBox) {
     window.centralWidget()->setFocusPolicy(Qt::StrongFocus);
     window.centralWidget()->setFocus();
-    Press(kD, Qt::AltModifier | Qt::ShiftModifier);
+    Press(kRussianD, Qt::AltModifier | Qt::ShiftModifier);
     EXPECT_FALSE(Box(u"cboAddress").hasFocus()) << "Alt alone is meant";
-    Press(kD, Qt::AltModifier);
+    Press(kRussianD, Qt::AltModifier);
     EXPECT_TRUE(Box(u"cboAddress").hasFocus());
 }
 
@@ -134,7 +135,7 @@ TEST_F(QtLatinKeysTest, DialogsKnowTheirLettersToo) {
     PressIn(dialog, kG, Qt::AltModifier);
     EXPECT_EQ(tabs->currentIndex(), 0);
     PressIn(dialog, kO, Qt::AltModifier);
-    PressIn(dialog, kF, Qt::AltModifier);
+    PressIn(dialog, kRussianF, Qt::AltModifier);
     EXPECT_EQ(OpenMenu(), "") << "the window behind is not meant";
     PressIn(dialog, kN, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pressed > 0; }));
