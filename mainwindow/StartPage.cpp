@@ -114,6 +114,10 @@ std::string Links(const std::vector<StartLink>& favorites) {
     return part + "</div>\n";
 }
 
+std::string NoticeOf(const StartContent& content) {
+    return content.Notice.empty() ? std::string() : "<footer>" + Escaped(content.Notice) + "</footer>\n";
+}
+
 std::string SearchForm() {
     return "<form action=\"" + std::string(kSearchForm) +
            "\"><input name=\"words\" type=\"search\" placeholder=\"Search " + Escaped(Endpoints::kSearchServiceName) +
@@ -156,7 +160,8 @@ std::string Html(const StartContent& content) {
     page += "</style></head><body><main>\n<header>";
     page += kPicture;
     page += "<h1>TessaView</h1></header>\n";
-    return page + SearchForm() + Groups(content) + Links(content.Favorites) + "</main></body></html>\n";
+    return page + SearchForm() + Groups(content) + Links(content.Favorites) + NoticeOf(content) +
+           "</main></body></html>\n";
 }
 
 std::optional<Text> GroupOf(std::string_view link) {

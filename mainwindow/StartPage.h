@@ -24,6 +24,7 @@ struct StartContent {
     std::size_t MoreGroups = 0; ///< how many more there are
     std::vector<StartLink> Favorites{};
     bool Dark = false; ///< the desktop's colours are dark
+    Text Notice{};     ///< said quietly at the end; empty for nothing
 };
 
 /// The home page, which the program makes itself: a search field, the TessaGroups as cards, the Favorites. It has no

@@ -42,4 +42,5 @@ i { flex: none; width: 19px; height: 19px; border-radius: 5px; font: 600 11px/19
 .hint { color: var(--soft); background: var(--face); border: 1px dashed var(--line); border-radius: 14px;
   padding: 20px 24px; }
 .more { color: var(--soft); font-size: 13px; }
+footer { color: var(--soft); font-size: 13px; margin-top: 44px; }
 )css";

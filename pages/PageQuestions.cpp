@@ -1,6 +1,7 @@
 #include "pages/PageQuestions.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 PageQuestions::~PageQuestions() {
@@ -46,9 +47,18 @@ void PageQuestions::Withdraw(TextView key) {
     Tell(gone.second, PageQuestion::kDismissed, false);
 }
 
-void PageQuestions::DismissAll() {
-    if (m_waiting.empty()) return;
-    const auto gone = std::exchange(m_waiting, {});
+void PageQuestions::DismissAll() { Dismiss(std::exchange(m_waiting, {})); }
+
+void PageQuestions::DismissAllBut(TextView asker) {
+    const auto isOthers = [&](const Waiting& each) { return each.first.Asker != asker; };
+    std::deque<Waiting> gone;
+    std::ranges::copy_if(m_waiting, std::back_inserter(gone), isOthers);
+    std::erase_if(m_waiting, isOthers);
+    Dismiss(gone);
+}
+
+void PageQuestions::Dismiss(const std::deque<Waiting>& gone) {
+    if (gone.empty()) return;
     if (Changed) Changed();
     for (const Waiting& each : gone) Tell(each.second, PageQuestion::kDismissed, false);
 }

@@ -6,14 +6,25 @@
 #include <functional>
 #include <vector>
 
+/// What a question is about, when that is for the user to choose.
+struct PageChoices {
+    std::vector<Text> Names;
+    std::size_t Chosen = 0;
+};
+
 /// Something that a page wants, to be decided by its user in a bar above it.
 struct PageQuestion {
     static constexpr std::size_t kDismissed = static_cast<std::size_t>(-1);
 
-    Text Key; ///< a question with the key of one that waits is the same question
+    Text Key;     ///< a question with the key of one that waits is the same question
+    Text Asker{}; ///< the site that asks, as an origin
     Text Words;
     std::vector<Text> Answers; ///< the captions of its buttons
     Text Remember;             ///< the caption of the box that makes the answer last; empty for none
+    /// Asked anew whenever the user looks at them; without it there is nothing to choose.
+    std::function<PageChoices()> Choices{};
+    /// The user chooses one of those given last, from 0.
+    std::function<void(std::size_t choice)> Choose{};
     /// Runs once: the number of the answer, from 0, or that there is none.
     std::function<void(std::size_t answer, bool remembers)> Answered;
 };
@@ -39,6 +50,8 @@ public:
     void Withdraw(TextView key);
     /// The page has gone, and all questions with it.
     void DismissAll();
+    /// Another site has come, which may have asked already: the engine tells of questions and of addresses in no order.
+    void DismissAllBut(TextView asker);
 
     /// Another question is to be shown, or none.
     std::function<void()> Changed;
@@ -46,6 +59,7 @@ public:
 private:
     using Waiters = std::vector<std::function<void(std::size_t, bool)>>;
     using Waiting = std::pair<PageQuestion, Waiters>;
+    void Dismiss(const std::deque<Waiting>& gone);
     static void Tell(const Waiters& waiters, std::size_t answer, bool remembers);
 
     std::deque<Waiting> m_waiting;

@@ -25,6 +25,8 @@ constexpr std::array kRows{
     Row{SitePermission::Pointer, u"pointer", u"take over the mouse pointer"},
     Row{SitePermission::Popups, u"popups", u"open windows"},
     Row{SitePermission::Downloads, u"downloads", u"save several files"},
+    Row{SitePermission::Clipboard, u"clipboard", u"read and change what you have copied"},
+    Row{SitePermission::Fonts, u"fonts", u"see which fonts you have"},
 };
 
 const Row& RowOf(SitePermission permission) { return *std::ranges::find(kRows, permission, &Row::permission); }

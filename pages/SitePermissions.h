@@ -17,6 +17,8 @@ enum class SitePermission {
     Pointer,
     Popups,
     Downloads,
+    Clipboard,
+    Fonts,
 };
 
 /// What the user has decided about one site for good.

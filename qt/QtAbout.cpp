@@ -17,7 +17,7 @@ namespace {
 constexpr int kMargin = 20;
 }
 
-QtAbout::QtAbout(frmSplash& form, QWidget* parent) : QDialog(parent), m_form(form) {
+QtAbout::QtAbout(frmSplash& form, const QString& notice, QWidget* parent) : QDialog(parent), m_form(form) {
     setObjectName(QStringLiteral("frmSplash"));
     setWindowTitle(ToQt(form.Caption));
     auto* rows = new QVBoxLayout(this);
@@ -28,6 +28,7 @@ QtAbout::QtAbout(frmSplash& form, QWidget* parent) : QDialog(parent), m_form(for
     below->setContentsMargins(kMargin, 0, kMargin, kMargin);
     below->setSpacing(kMargin);
     below->addWidget(Information());
+    if (!notice.isEmpty()) below->addWidget(Notice(notice));
     below->addWidget(Buttons());
     rows->addLayout(below);
     // Larger fonts enlarge the box; more room than it needs is of no use.
@@ -45,6 +46,14 @@ QWidget* QtAbout::Information() {
     return lines;
 }
 
+QWidget* QtAbout::Notice(const QString& notice) {
+    auto* line = new QLabel(notice);
+    line->setObjectName(QStringLiteral("lblNotice"));
+    line->setTextFormat(Qt::PlainText);
+    line->setWordWrap(true);
+    return line;
+}
+
 QWidget* QtAbout::Buttons() {
     auto* buttons = new QDialogButtonBox;
     auto* copy = new QPushButton(QStringLiteral("C&opy"));
@@ -60,7 +69,7 @@ QWidget* QtAbout::Buttons() {
 }
 
 void ShowModal(frmSplash& form, QWidget* parent) {
-    const QPointer<QtAbout> dialog = new QtAbout(form, parent);
+    const QPointer<QtAbout> dialog = new QtAbout(form, ToQt(QtBuildInfo::EngineNotice()), parent);
     ShowModal(form.Form, *dialog);
     delete dialog;
 }

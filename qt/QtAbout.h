@@ -6,10 +6,12 @@
 /// `frmSplash` as the About box: its panel, the build information to copy, and its button. The form must outlive it.
 class QtAbout : public QDialog {
 public:
-    explicit QtAbout(frmSplash& form, QWidget* parent = nullptr);
+    /// `notice` is said below the information; nothing when it is empty.
+    QtAbout(frmSplash& form, const QString& notice, QWidget* parent = nullptr);
 
 private:
     QWidget* Information();
+    QWidget* Notice(const QString& notice);
     QWidget* Buttons();
 
     frmSplash& m_form;

@@ -130,11 +130,15 @@ bool QtBandMenus::eventFilter(QObject* watched, QEvent* event) {
     // Entries in one column lie where they do whatever size the menu gets; laying out thousands anew takes long.
     if (event->type() == QEvent::Resize) return menu->actions().size() > kManyEntries;
     if (event->type() == QEvent::ContextMenu) {
-        const auto* wanted = static_cast<QContextMenuEvent*>(event);
-        const bool byKey = wanted->reason() == QContextMenuEvent::Keyboard;
-        const QAction* action = byKey ? menu->activeAction() : menu->actionAt(wanted->pos());
-        const QPoint key = menu->mapToGlobal(menu->actionGeometry(menu->activeAction()).center());
-        return PopupFor(action, byKey ? key : wanted->globalPos());
+        if (static_cast<QContextMenuEvent*>(event)->reason() != QContextMenuEvent::Keyboard) return false;
+        const QRect entry = menu->actionGeometry(menu->activeAction());
+        return PopupFor(menu->activeAction(), menu->mapToGlobal(entry.center()));
+    }
+    // Not all versions of Qt ask an open menu for its context menu when the mouse does.
+    if (event->type() == QEvent::MouseButtonPress) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const bool right = mouse->button() == Qt::RightButton;
+        return right && PopupFor(menu->actionAt(mouse->position().toPoint()), mouse->globalPosition().toPoint());
     }
     if (event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);

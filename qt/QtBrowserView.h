@@ -91,6 +91,7 @@ private:
     void OnAddressChanged(const QUrl& url);
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
     void OnNewWindow(QWebEngineNewWindowRequest& request);
+    void OnPrintRequested();
     void OnFullScreen(QWebEngineFullScreenRequest request);
     void OpenPopup(const QUrl& address);
     void PrintPreview();

@@ -1,5 +1,6 @@
 #include "qt/QtBrowserView.h"
 #include "qt/QtEngine.h"
+#include "qt/QtEngineVersions.h"
 #include "qt/QtFrameEnds.h"
 #include "qt/QtText.h"
 
@@ -48,6 +49,7 @@ void QtBrowserView::ConnectPage() {
             if (m_engine.StartLink) m_engine.StartLink(url);
         },
         Qt::QueuedConnection);
+    QtEngineVersions::FollowPrintRequests(*page, *this, [this] { OnPrintRequested(); });
     connect(page, &QWebEnginePage::newWindowRequested, this, &QtBrowserView::OnNewWindow);
     connect(page, &QWebEnginePage::fullScreenRequested, this, &QtBrowserView::OnFullScreen);
     connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtBrowserView::OnRendererGone);
@@ -127,6 +129,14 @@ void QtBrowserView::OnFullScreen(QWebEngineFullScreenRequest request) {
         return request.reject();
     request.accept();
     m_engine.FullScreen().Enter(*m_widget, QtPage::HostAndPort(request.origin()));
+}
+
+void QtBrowserView::OnPrintRequested() {
+    // The dialog is modal: only a person who is looking at the page may bring it up, not the page by itself.
+    if (!m_page->TakePerson() || !m_widget || !m_widget->isVisible()) return;
+    // Queued: the engine is in the middle of asking.
+    QMetaObject::invokeMethod(
+        this, [this] { ResumeNext(ExecWB(BrowserCommand::Print)); }, Qt::QueuedConnection);
 }
 
 void QtBrowserView::OpenPopup(const QUrl& address) {

@@ -27,8 +27,8 @@ public:
     /// From now on the profile's cookies are noted. The profile ends after this object or tells it nothing more.
     void Watch(QWebEngineProfile& profile);
     void NoteVisit(const QUrl& url);
-    /// Forgets at once, but for what sites have stored, which takes the engine a moment: tells when that has gone too.
-    /// Where it fails it goes at the next start.
+    /// Forgets at once, but for the cache and what sites have stored, which takes the engine a moment: tells when that
+    /// has gone too. Where sites' data stays it goes at the next start.
     void Clear(const BrowsingData& data, QWebEngineProfile& profile, Forgotten done);
     /// Leaves off what is going on; before the profile ends.
     void Shutdown();
@@ -49,7 +49,7 @@ private:
     void Load();
     void ClearCookies(qint64 seconds, QWebEngineProfile& profile);
     void ClearVisits(qint64 seconds, QWebEngineProfile& profile);
-    void ClearSites(QWebEngineProfile& profile, Forgotten done);
+    void ClearSites(QWebEngineProfile& profile, const Forgotten& done);
 
     QString m_folder;
     QHash<QUrl, qint64> m_visits;       ///< when an address was visited last

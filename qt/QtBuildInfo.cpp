@@ -1,5 +1,6 @@
 #include "qt/QtBuildInfo.h"
 
+#include "mainwindow/EngineAge.h"
 #include "mainwindow/frmSplash.h"
 #include "qt/QtText.h"
 
@@ -7,6 +8,7 @@
 #include <QStringList>
 #include <QSysInfo>
 #include <QtWebEngineCore>
+#include <chrono>
 
 namespace {
 
@@ -25,8 +27,14 @@ QString Platform() {
 } // namespace
 
 QString QtBuildInfo::Engine() {
-    return QStringLiteral("Qt WebEngine %1, based on Chromium %2")
-        .arg(QLatin1String(qWebEngineVersion()), QLatin1String(qWebEngineChromiumVersion()));
+    return QStringLiteral("Qt WebEngine %1, based on Chromium %2, with security fixes of %3")
+        .arg(QLatin1String(qWebEngineVersion()), QLatin1String(qWebEngineChromiumVersion()),
+             QLatin1String(qWebEngineChromiumSecurityPatchVersion()));
+}
+
+Text QtBuildInfo::EngineNotice() {
+    const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+    return EngineAge::Notice(qWebEngineChromiumSecurityPatchVersion(), today);
 }
 
 QString QtBuildInfo::Qt() { return QStringLiteral("Qt %1").arg(QLatin1String(qVersion())); }

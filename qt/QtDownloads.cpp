@@ -1,5 +1,6 @@
 #include "qt/QtDownloads.h"
 
+#include "qt/QtEngineVersions.h"
 #include "qt/QtText.h"
 
 #include <QDesktopServices>
@@ -107,8 +108,8 @@ void QtDownloads::OnRequest(Request& request, Known& known) {
         return Accept(request, *download);
     }
     const bool wanted = request.isSavePageDownload() || m_expected.contains(request.url());
-    // What the engine does not see accepted, it drops.
-    if (!List || (!wanted && MaySave && !MaySave(request.page(), request.url()))) return;
+    if (!List || (!wanted && MaySave && !MaySave(request.page(), request.url())))
+        return QtEngineVersions::Refuse(request);
     const Download& download = Begin(request);
     known.insert(request.id(), download.Id);
     Accept(request, download);

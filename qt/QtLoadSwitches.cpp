@@ -1,17 +1,21 @@
 #include "qt/QtLoadSwitches.h"
 
+#include "qt/QtEngineVersions.h"
 #include "qt/QtResources.h"
 
+#include <QTimer>
 #include <QUuid>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
+#include <chrono>
 
 namespace {
 
 const QString kName = QStringLiteral("loads");
+constexpr std::chrono::milliseconds kBehindTheEnginesTimer{1};
 
 QString AsScript(const QtLoadOptions& options) {
     const auto word = [](bool on) { return on ? QStringLiteral("true") : QStringLiteral("false"); };
@@ -27,10 +31,7 @@ QtLoadSwitches::QtLoadSwitches()
 
 void QtLoadSwitches::Install(QWebEngineProfile& profile, const QtLoadOptions& options) const {
     profile.settings()->setAttribute(QWebEngineSettings::AutoLoadImages, options.images);
-#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-    using Policy = QWebEngineSettings::ImageAnimationPolicy;
-    profile.settings()->setImageAnimationPolicy(options.animations ? Policy::Allow : Policy::Disallow);
-#endif
+    QtEngineVersions::SetAnimations(*profile.settings(), options.animations);
     QWebEngineScript script;
     script.setName(kName);
     script.setSourceCode(QString(m_script).replace(QStringLiteral("%2"), AsScript(options)));
@@ -42,6 +43,11 @@ void QtLoadSwitches::Install(QWebEngineProfile& profile, const QtLoadOptions& op
 }
 
 void QtLoadSwitches::Tell(QWebEnginePage& page, const QtLoadOptions& options) const {
-    page.runJavaScript(QStringLiteral("window.tessaLoads && tessaLoads(%1)").arg(AsScript(options)),
-                       QWebEngineScript::ApplicationWorld);
+    // The engine passes changed settings on by a timer. A picture that the script shows again must find them there, for
+    // only when it is painted does the engine look whether it may move.
+    const auto tell = [&page, options] {
+        page.runJavaScript(QStringLiteral("window.tessaLoads && tessaLoads(%1)").arg(AsScript(options)),
+                           QWebEngineScript::ApplicationWorld);
+    };
+    QTimer::singleShot(kBehindTheEnginesTimer, &page, tell);
 }

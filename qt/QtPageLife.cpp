@@ -25,7 +25,10 @@ PageActivity QtPageLife::Activity() const {
                           .Audible = m_page.recentlyAudible(),
                           .HoldsInput = m_page.HoldsInput(),
                           .Inspected = m_page.devToolsPage() != nullptr};
-    activity.Downloads = std::ranges::any_of(m_downloads, [](const auto& each) { return each && !each->isFinished(); });
+    // One that was refused before it began has not finished in every engine's eyes.
+    activity.Downloads = std::ranges::any_of(m_downloads, [](const auto& each) {
+        return each && !each->isFinished() && each->state() != QWebEngineDownloadRequest::DownloadCancelled;
+    });
     if (AddActivity) AddActivity(activity);
     return activity;
 }

@@ -12,29 +12,6 @@ namespace {
 constexpr qsizetype kMostHeld = 20;
 constexpr TextView kRemember = u"&Remember for this site";
 
-std::optional<SitePermission> PermissionOf(QWebEnginePage::Feature feature) {
-    switch (feature) {
-    case QWebEnginePage::Geolocation:
-        return SitePermission::Location;
-    case QWebEnginePage::MediaVideoCapture:
-        return SitePermission::Camera;
-    case QWebEnginePage::MediaAudioCapture:
-        return SitePermission::Microphone;
-    case QWebEnginePage::MediaAudioVideoCapture:
-        return SitePermission::CameraAndMicrophone;
-    case QWebEnginePage::Notifications:
-        return SitePermission::Notifications;
-    case QWebEnginePage::DesktopVideoCapture:
-        return SitePermission::Screen;
-    case QWebEnginePage::DesktopAudioVideoCapture:
-        return SitePermission::ScreenAndSound;
-    case QWebEnginePage::MouseLock:
-        return SitePermission::Pointer;
-    default:
-        return std::nullopt;
-    }
-}
-
 Text SiteOf(const QUrl& url) {
     if (url.host().isEmpty()) return {};
     return FromQt(url.scheme() + QStringLiteral("://") + QtPage::HostAndPort(url));
@@ -54,11 +31,8 @@ Text KeyOf(const QUrl& origin, SitePermission permission) {
 
 QtPermissions::QtPermissions(QtPage& page, PageQuestions& questions, SitePermissions* kept)
     : m_page(page), m_questions(questions), m_kept(kept) {
-    connect(&page, &QWebEnginePage::featurePermissionRequested, this, &QtPermissions::OnFeature);
-    connect(&page, &QWebEnginePage::featurePermissionRequestCanceled, this,
-            [this](const QUrl& origin, QWebEnginePage::Feature feature) {
-                if (const auto permission = PermissionOf(feature)) m_questions.Withdraw(KeyOf(origin, *permission));
-            });
+    QtEngineVersions::FollowPermissions(page, *this, [this](const auto& request) { OnPermission(request); });
+    QtEngineVersions::FollowScreenRequests(page, *this, [this](const auto& request) { OnScreen(request); });
     connect(&page, &QtPage::PersonNavigated, this, &QtPermissions::OnPersonNavigated);
     connect(&page, &QWebEnginePage::urlChanged, this, &QtPermissions::OnAddress);
 }
@@ -72,21 +46,54 @@ void QtPermissions::Remember(const QUrl& origin, SitePermission permission, bool
     if (m_kept) m_kept->Remember({SiteOf(origin), permission, allowed});
 }
 
-void QtPermissions::OnFeature(const QUrl& origin, QWebEnginePage::Feature feature) {
-    const auto grant = [page = QPointer<QtPage>(&m_page), origin, feature](bool allowed) {
-        if (page)
-            page->setFeaturePermission(origin, feature,
-                                       allowed ? QWebEnginePage::PermissionGrantedByUser
-                                               : QWebEnginePage::PermissionDeniedByUser);
-    };
-    const auto permission = PermissionOf(feature);
-    permission ? Decide(origin, *permission, grant) : grant(false);
+void QtPermissions::OnPermission(const QtEngineVersions::PermissionRequest& request) {
+    if (!request.Permission) return request.Answer(false);
+    // Which screen it is says more than whether; nobody is to be asked twice.
+    if (request.Permission == SitePermission::Screen && TakeShared(request.Origin)) return request.Answer(true);
+    Decide(request.Origin, *request.Permission, request.Answer);
+}
+
+// A page is shown a screen only by somebody who has just chosen it, whatever was decided before.
+void QtPermissions::OnScreen(const QtEngineVersions::ScreenRequest& request) {
+    const QUrl origin = m_page.url();
+    m_shared.clear();
+    if (m_screen || Decided(origin, SitePermission::Screen) == false) return request.Refuse();
+    m_screen.emplace(request);
+    if (m_screen->Empty()) return OnScreenAnswer(origin, PageQuestion::kDismissed);
+    const bool mayRemember = m_kept && !SiteOf(origin).empty();
+    std::vector<Text> answers{u"&Share", u"&Block"};
+    if (mayRemember) answers.emplace_back(u"Al&ways Block");
+    m_questions.Ask({.Key = u"screen " + SiteOf(origin),
+                     .Asker = SiteOf(origin),
+                     .Words = Words(origin, SitePermission::Screen),
+                     .Answers = answers,
+                     .Remember = {},
+                     .Choices = [this] { return m_screen ? m_screen->Choices() : PageChoices(); },
+                     .Choose =
+                         [this](std::size_t choice) {
+                             if (m_screen) m_screen->Choose(choice);
+                         },
+                     .Answered = [this, origin](std::size_t answer, bool) { OnScreenAnswer(origin, answer); }});
+}
+
+void QtPermissions::OnScreenAnswer(const QUrl& origin, std::size_t answer) {
+    if (answer == 2) Remember(origin, SitePermission::Screen, false);
+    auto screen = std::exchange(m_screen, std::nullopt);
+    if (answer != 0) return screen->Refuse();
+    // Before it is shared: the engine asks for the permission in the middle of that.
+    m_shared = SiteOf(origin);
+    if (!screen->Share()) m_shared.clear();
+}
+
+bool QtPermissions::TakeShared(const QUrl& origin) {
+    return !m_shared.empty() && std::exchange(m_shared, Text()) == SiteOf(origin);
 }
 
 void QtPermissions::Decide(const QUrl& origin, SitePermission permission, const std::function<void(bool)>& decided) {
     if (const auto known = Decided(origin, permission)) return decided(*known);
     const bool mayRemember = m_kept && !SiteOf(origin).empty();
     m_questions.Ask({.Key = KeyOf(origin, permission),
+                     .Asker = SiteOf(origin),
                      .Words = PermissionWords(origin, permission),
                      .Answers = {u"A&llow", u"&Block"},
                      .Remember = mayRemember ? Text(kRemember) : Text(),
@@ -100,12 +107,8 @@ void QtPermissions::Decide(const QUrl& origin, SitePermission permission, const 
 void QtPermissions::Forget(const SiteDecision& forgotten) {
     if (forgotten.Permission == SitePermission::Downloads && SiteOf(m_page.url()) == forgotten.Site)
         m_downloads.PersonNavigated();
-    // The engine remembers both by itself, and tells a page of them without asking.
-    const QUrl origin(ToQt(forgotten.Site));
-    for (const auto feature : {QWebEnginePage::Geolocation, QWebEnginePage::Notifications}) {
-        if (PermissionOf(feature) == forgotten.Permission)
-            m_page.setFeaturePermission(origin, feature, QWebEnginePage::PermissionUnknown);
-    }
+    // Some it remembers by itself, and tells a page of them without asking.
+    QtEngineVersions::ForgetPermission(m_page, QUrl(ToQt(forgotten.Site)), forgotten.Permission);
 }
 
 bool QtPermissions::MayOpenPopup(const QUrl& address) {
@@ -133,6 +136,7 @@ void QtPermissions::AskPopup(const QUrl& address) {
     std::vector<Text> answers{u"A&llow Once", u"&Block"};
     if (mayRemember) answers.emplace_back(u"Al&ways Allow");
     m_questions.Ask({.Key = KeyOf(origin, SitePermission::Popups),
+                     .Asker = SiteOf(origin),
                      .Words = words,
                      .Answers = answers,
                      .Remember = {},
@@ -171,11 +175,14 @@ bool QtPermissions::MaySave(const QUrl& address) {
 // The answer would be another site's.
 void QtPermissions::OnAddress(const QUrl& url) {
     const Text site = SiteOf(url);
-    if (std::exchange(m_site, site) != site) m_questions.DismissAll();
+    if (std::exchange(m_site, site) == site) return;
+    m_questions.DismissAllBut(site);
+    if (m_shared != site) m_shared.clear();
 }
 
 void QtPermissions::OnPersonNavigated() {
     // A question that ends with its page counts as refused; the next page begins anew.
     m_questions.DismissAll();
+    m_shared.clear();
     m_downloads.PersonNavigated();
 }

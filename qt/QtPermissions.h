@@ -2,17 +2,19 @@
 #include "pages/DownloadRule.h"
 #include "pages/PageQuestions.h"
 #include "pages/SitePermissions.h"
+#include "qt/QtEngineVersions.h"
+#include "qt/QtScreenChoice.h"
 
 #include <QObject>
 #include <QStringList>
 #include <QUrl>
-#include <QWebEnginePage>
 #include <functional>
+#include <optional>
 
 class QtPage;
 
-/// Has the user decide what one page may do: what the engine asks for, windows that it opens by itself, files that it
-/// saves one after another.
+/// Has the user decide what one page may do: what the engine asks for, which screen or window it is shown, windows
+/// that it opens by itself, files that it saves one after another.
 class QtPermissions final : public QObject {
     Q_OBJECT
 
@@ -34,7 +36,11 @@ public:
     std::function<void(const QUrl&)> OpenPopup;
 
 private:
-    void OnFeature(const QUrl& origin, QWebEnginePage::Feature feature);
+    void OnPermission(const QtEngineVersions::PermissionRequest& request);
+    void OnScreen(const QtEngineVersions::ScreenRequest& request);
+    void OnScreenAnswer(const QUrl& origin, std::size_t answer);
+    /// Whether the user has just chosen what that site is to see.
+    [[nodiscard]] bool TakeShared(const QUrl& origin);
     void Decide(const QUrl& origin, SitePermission permission, const std::function<void(bool)>& decided);
     [[nodiscard]] std::optional<bool> Decided(const QUrl& origin, SitePermission permission) const;
     void Remember(const QUrl& origin, SitePermission permission, bool allowed);
@@ -50,5 +56,7 @@ private:
     DownloadRule m_downloads;
     QList<QUrl> m_heldWindows, m_heldFiles;
     bool m_asksToSave = false;
-    Text m_site; ///< of the page shown
+    std::optional<QtScreenChoice> m_screen; ///< while the user chooses
+    Text m_shared;                          ///< the site that is given a screen
+    Text m_site;                            ///< of the page shown
 };

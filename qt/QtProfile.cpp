@@ -2,6 +2,7 @@
 
 #include "qt/QtBrowsingData.h"
 #include "qt/QtDialogScheme.h"
+#include "qt/QtEngineVersions.h"
 #include "qt/QtResources.h"
 #include "qt/QtStartPage.h"
 
@@ -51,12 +52,11 @@ QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QS
       m_dialogs(std::make_unique<QtDialogScheme>()) {
     if (m_lock >= 0) {
         QtBrowsingData::ForgetSites(folder);
-        m_profile = std::make_unique<QWebEngineProfile>(QStringLiteral("TessaView"));
-        m_profile->setPersistentStoragePath(folder);
-        m_profile->setCachePath(cacheFolder);
-    } else {
-        m_profile = std::make_unique<QWebEngineProfile>();
+        // The engine's own list of what sites may do, which nobody here could look at or change.
+        QFile::remove(folder + QStringLiteral("/permissions.json"));
+        m_profile = QtEngineVersions::OpenProfile(QStringLiteral("TessaView"), folder, cacheFolder);
     }
+    if (!m_profile) m_profile = std::make_unique<QWebEngineProfile>();
     ApplySettings();
     InstallFrameScript(token);
     InstallPageScript(token);

@@ -3,6 +3,7 @@
 
 #include "mainwindow/StartPage.h"
 #include "qt/QtBrowserView.h"
+#include "qt/QtBuildInfo.h"
 #include "qt/QtPage.h"
 #include "qt/QtPalette.h"
 #include "settings/InternetSettings.h"
@@ -11,6 +12,7 @@ void QtProgram::WireStartPage() {
     m->engine.StartPage = [this] {
         StartContent content = StartPage::Read(m->main.Platform.groupFolder, m->main.Platform.favoritesFolder);
         content.Dark = QtPalette::IsDark(m->window.palette());
+        content.Notice = QtBuildInfo::EngineNotice();
         return StartPage::Html(content);
     };
     m->engine.StartLink = [this](const QUrl& url) { m->main.OpenStartLink(url.toEncoded().toStdString()); };

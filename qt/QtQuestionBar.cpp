@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -12,8 +13,35 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+constexpr int kChoiceLength = 24; // characters that a choice shows at least
+
+/// A list that asks for its entries anew before it opens.
+class FreshChoices final : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+    std::function<void()> Fill;
+    void showPopup() override {
+        Fill();
+        QComboBox::showPopup();
+    }
+};
+
+} // namespace
+
 QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent)
     : QWidget(parent), m_questions(questions), m_words(new QLabel(this)), m_remember(new QCheckBox(this)) {
+    auto* choices = new FreshChoices(this);
+    m_choices = choices;
+    choices->setObjectName(QStringLiteral("cboChoices"));
+    choices->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    choices->setMinimumContentsLength(kChoiceLength);
+    choices->Fill = [this] { FillChoices(); };
+    connect(choices, &QComboBox::activated, this, [this](int choice) {
+        const auto* question = m_questions.Current();
+        if (question && question->Choose) question->Choose(static_cast<std::size_t>(choice));
+    });
     setObjectName(QStringLiteral("questionBar"));
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::AlternateBase);
@@ -25,10 +53,13 @@ QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent)
     m_row = new QHBoxLayout(this);
     m_row->setContentsMargins(8, 4, 8, 4);
     m_row->addWidget(m_words, 1);
+    m_row->addWidget(m_choices);
     m_row->addWidget(m_remember);
     auto* reach = new QShortcut(QKeySequence(Qt::Key_F6), this);
     connect(reach, &QShortcut::activated, this, [this] {
-        if (!m_buttons.empty()) m_buttons.front()->setFocus(Qt::ShortcutFocusReason);
+        if (m_buttons.empty()) return;
+        QWidget* first = m_choices->isHidden() ? static_cast<QWidget*>(m_buttons.front()) : m_choices;
+        first->setFocus(Qt::ShortcutFocusReason);
     });
     hide();
 }
@@ -44,12 +75,23 @@ void QtQuestionBar::ShowCurrent() {
     }
     m_words->setText(ToQt(question->Words));
     setAccessibleName(m_words->text());
+    FillChoices();
     m_remember->setText(ToQt(question->Remember));
     m_remember->setChecked(false);
     m_remember->setVisible(!question->Remember.empty());
     ShowAnswers(*question);
     // Whoever is answering goes on to the next question.
     if (hadFocus) m_buttons.front()->setFocus(Qt::OtherFocusReason);
+}
+
+void QtQuestionBar::FillChoices() {
+    const auto* question = m_questions.Current();
+    const PageChoices choices = question && question->Choices ? question->Choices() : PageChoices{};
+    m_choices->clear();
+    for (const Text& name : choices.Names) m_choices->addItem(ToQt(name));
+    m_choices->setCurrentIndex(static_cast<int>(choices.Chosen));
+    m_choices->setAccessibleName(m_words->text());
+    m_choices->setVisible(!choices.Names.empty());
 }
 
 void QtQuestionBar::ShowAnswers(const PageQuestion& question) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 class QCheckBox;
+class QComboBox;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -32,11 +33,13 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    void FillChoices();
     void ShowAnswers(const PageQuestion& question);
     void Answer(std::size_t answer);
 
     PageQuestions& m_questions;
     QLabel* m_words;
+    QComboBox* m_choices;
     QCheckBox* m_remember;
     QHBoxLayout* m_row;
     std::vector<QPushButton*> m_buttons;

@@ -10,7 +10,7 @@ core_packages=(g++ cmake ninja-build ccache libxml2-dev libgtest-dev)
 build_packages=("${program_packages[@]}" "${core_packages[@]}" libbenchmark-dev)
 # What the program needs to look right wherever it runs; qt6-wayland for desktops without an X server.
 run_packages=(qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)
-display_packages=(xvfb openbox xdotool imagemagick)
+display_packages=(xvfb openbox xdotool imagemagick x11-utils)
 format_packages=(clang-format git)
 test_packages=(dbus at-spi2-core python3 python3-pyatspi openssl x11-xkb-utils)
 # What checks the package; debootstrap for the test that installs it in a system of its own.

@@ -50,7 +50,7 @@ def open_dialog(program):
 def close_dialog(program):
     """Closes the dialog, wherever the keyboard is, and waits until it is gone."""
     close = [node for node in desk.walk(program.find("dialog", "Customize")) if node.name == "Close"]
-    desk.press_node(next(node for node in close if node.getRoleName() == "push button"))
+    desk.press_node(next(node for node in close if desk.role_of(node) == "push button"))
     desk.wait_until(lambda: program.find_now("dialog", "Customize") is None, what="the dialog stays open")
 
 

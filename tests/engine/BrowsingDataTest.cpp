@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QWebEngineCookieStore>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
@@ -15,14 +14,6 @@
 namespace {
 
 void Nobody(Outcome) {}
-
-/// Goes away once the engine, which ends a little later than its profile, has written its last file there.
-struct Folder {
-    ~Folder() {
-        EXPECT_TRUE(WaitUntil([this] { return dir.remove(); }));
-    }
-    QTemporaryDir dir;
-};
 
 /// A view whose cookies and visits are noted, by a clock that the test sets.
 class BrowsingDataTest : public testing::Test {
@@ -44,7 +35,7 @@ protected:
     }
     QString Cookies() { return desk.Script(QStringLiteral("document.cookie")); }
 
-    Folder folder;
+    ProfileFolder folder;
     LocalServer server;
     qint64 now = 1000000;
     QtBrowsingData data{QString()};
@@ -65,6 +56,24 @@ TEST_F(BrowsingDataTest, CookiesAreForgottenAsFarBackAsTheUserSays) {
     EXPECT_TRUE(WaitUntil([&] { return Cookies() == u"old=1"; })) << Cookies().toStdString();
     data.Clear({.cookies = true}, *profile, Nobody);
     EXPECT_TRUE(WaitUntil([&] { return Cookies().isEmpty(); }));
+}
+
+TEST_F(BrowsingDataTest, TheCacheIsForgottenAndItsEndIsTold) {
+    server.Raw(QStringLiteral("/kept"), "HTTP/1.1 200 OK\r\nConnection: close\r\nCache-Control: max-age=9999\r\n"
+                                        "Content-Type: text/plain\r\nContent-Length: 4\r\n\r\nkept");
+    const auto fetches = [this] {
+        desk.Script(QStringLiteral("window.got = ''; fetch('/kept').then(r => r.text()).then(t => got = t, e => got = String(e)); 1"));
+        EXPECT_TRUE(WaitUntil([this] { return !desk.Script(QStringLiteral("got")).isEmpty(); })) << server.requests.join(u' ').toStdString();
+        EXPECT_EQ(desk.Script(QStringLiteral("got")), u"kept");
+        return server.requests.count(QStringLiteral("/kept"));
+    };
+    EXPECT_EQ(fetches(), 1);
+    EXPECT_EQ(fetches(), 1);
+    int told = 0;
+    data.Clear({.cache = true}, *profile, [&](Outcome outcome) { told += outcome == Outcome::Done ? 1 : 9; });
+    EXPECT_TRUE(WaitUntil([&] { return told == 1; }));
+    // The engine before 6.7 does not say when the cache is empty.
+    EXPECT_TRUE(WaitUntil([&] { return fetches() == 2; }));
 }
 
 /// What the page has stored, once it is there: local, of the session, and a data base.

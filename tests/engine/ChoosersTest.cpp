@@ -63,10 +63,18 @@ TEST_F(Choosers, TheClipboardIsWrittenByAClickAndNotReadByAPage) {
     Load("<button id=copy onclick=\"navigator.clipboard.writeText('copied').then(() => document.title = 'written', e "
          "=> document.title = e)\">copy</button><script>navigator.clipboard && navigator.clipboard.readText().then(t "
          "=> document.title = t, () => document.title = 'refused')</script>");
-    EXPECT_TRUE(Titled("refused"));
+    // Engines before 6.8 refuse by themselves; later ones ask, and ask once.
+    auto& questions = desk.Real().Questions()->questions;
+    const auto blocked = [&](const QString& title) {
+        return WaitUntil([&] {
+            if (questions.Current()) questions.Answer(1, false);
+            return desk.Real().Page()->title() == title;
+        });
+    };
+    EXPECT_TRUE(blocked(QStringLiteral("refused")));
     desk.Script(QStringLiteral("navigator.clipboard.writeText('forced').then(() => document.title = 'forced', () => "
                                "document.title = 'not forced'); 1"));
-    EXPECT_TRUE(Titled("not forced"));
+    EXPECT_TRUE(blocked(QStringLiteral("not forced")));
     desk.ClickOn(QStringLiteral("copy"));
     EXPECT_TRUE(Titled("written")) << desk.Real().Page()->title().toStdString();
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("copied"));

@@ -6,6 +6,7 @@
 #include "tests/fakes/FakeDownloads.h"
 #include "tests/fakes/FakeSettings.h"
 
+#include <QTemporaryDir>
 #include <QWidget>
 #include <functional>
 #include <gtest/gtest.h>
@@ -48,6 +49,15 @@ public:
 
 private:
     void Add(const QString& kind, PageLevel level, TextView URL);
+};
+
+/// A folder for a profile. Goes away once the engine, which ends a little later than its profile, has written its last
+/// file there.
+struct ProfileFolder {
+    ~ProfileFolder() {
+        EXPECT_TRUE(WaitUntil([this] { return dir.remove(); }));
+    }
+    QTemporaryDir dir;
 };
 
 /// One view on the real engine, with its events written down.

@@ -3,6 +3,7 @@
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QPushButton>
 #include <QTest>
 #include <QWebEngineView>
@@ -117,6 +118,55 @@ TEST_F(EnginePermissions, TellHowFarThePageCanBeTrusted) {
     EXPECT_EQ(desk.view->Security(), PageSecurity::None);
 }
 
+/// A page that shares the screen when its button is clicked; its title says what came of it.
+constexpr auto kShareScreen =
+    "<p>words</p><button id=b>share</button><script>document.title = 'ready'; b.onclick = () => "
+    "navigator.mediaDevices.getDisplayMedia({video: true}).then("
+    "s => document.title = 'shared ' + s.getVideoTracks().length, e => document.title = e.name)</script>";
+
+TEST_F(EnginePermissions, ShowAScreenThatTheUserHasChosen) {
+    Load(kShareScreen);
+    desk.ClickOn(QStringLiteral("b"));
+    ASSERT_TRUE(WaitForQuestion());
+    EXPECT_EQ(Questions().Current()->Words,
+              FromQt(QStringLiteral("localhost:%1 wants to see your screen.").arg(server.serverPort())));
+    if (const auto& choices = Questions().Current()->Choices) {
+        ASSERT_FALSE(choices().Names.empty());
+        EXPECT_TRUE(choices().Names.front().starts_with(u"Screen: ")) << ToUtf8(choices().Names.front());
+    }
+    Questions().Answer(0, false);
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("shared 1"))) << desk.Real().Page()->title().toStdString();
+    EXPECT_EQ(Questions().Current(), nullptr) << "one question";
+    EXPECT_TRUE(kept.All().empty());
+}
+
+TEST_F(EnginePermissions, ShowNoScreenWhenTheUserRefusesOrDismisses) {
+    for (const std::size_t answer : {std::size_t{1}, PageQuestion::kDismissed}) {
+        Load(kShareScreen);
+        desk.ClickOn(QStringLiteral("b"));
+        ASSERT_TRUE(WaitForQuestion());
+        Questions().Answer(answer, false);
+        EXPECT_TRUE(WaitForTitle(QStringLiteral("NotAllowedError"))) << desk.Real().Page()->title().toStdString();
+        EXPECT_EQ(Questions().Current(), nullptr);
+    }
+}
+
+TEST_F(EnginePermissions, ShowNoScreenToASiteThatIsBlocked) {
+    kept.Remember({Site(), SitePermission::Screen, false});
+    Load(kShareScreen);
+    desk.ClickOn(QStringLiteral("b"));
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("NotAllowedError")));
+    EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 0);
+}
+
+TEST_F(EnginePermissions, OutliveATabThatClosesWhileTheUserChooses) {
+    Load(kShareScreen);
+    desk.ClickOn(QStringLiteral("b"));
+    ASSERT_TRUE(WaitForQuestion());
+    desk.view->SetVisible(false);
+    EXPECT_EQ(desk.Real().Page(), nullptr);
+}
+
 TEST_F(EnginePermissions, EndAtOnceWhenTheyAreRevoked) {
     kept.Forgotten = [this](const SiteDecision& forgotten) { desk.engine.ForgetDecision(forgotten); };
     kept.Remember({Site(), SitePermission::Notifications, true});
@@ -137,6 +187,29 @@ TEST_F(EnginePermissions, EndAtOnceWhenTheyAreRevoked) {
     kept.ForgetAll();
     Load(kAskLocation);
     EXPECT_TRUE(WaitForQuestion());
+}
+
+/// A profile on disk, as the program has one.
+TEST(KeptPermissions, AreTheProgramsOwnAndNotTheEngines) {
+    ProfileFolder folder;
+    const QString left = folder.dir.filePath(QStringLiteral("permissions.json"));
+    LocalServer server;
+    server.Page(QStringLiteral("/page"),
+                "<script>Notification.requestPermission().then(p => document.title = p)</script>");
+    for (const char* run : {"first", "second"}) {
+        QFile file(left);
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write("{\"NOTIFICATIONS\":{\"" + server.Address({}, QStringLiteral("localhost")).toUtf8() + "/\":true}}");
+        file.close();
+        EngineView desk(folder.dir.path());
+        desk.Load(server.Address(QStringLiteral("/page"), QStringLiteral("localhost")));
+        auto& questions = desk.Real().Questions()->questions;
+        ASSERT_TRUE(WaitUntil([&] { return questions.Current() != nullptr; })) << "nobody is asked in the " << run;
+        questions.Answer(0, false);
+        EXPECT_TRUE(WaitUntil([&] { return desk.Real().Page()->title() == u"granted"; }));
+        EXPECT_FALSE(QFile::exists(left));
+    }
+    EXPECT_FALSE(QFile::exists(left)) << "what was not to last is on the disk";
 }
 
 } // namespace

@@ -42,6 +42,12 @@ TEST(StartPage, NamesAndAddressesAreTextWhateverTheyHold) {
     EXPECT_TRUE(Has(page, "<bdi>&quot;&gt;&lt;script&gt;alert(&#39;1&#39;)&lt;/script&gt;&amp;amp; "));
 }
 
+TEST(StartPage, ANoticeStandsQuietlyAtTheEnd) {
+    const std::string page = StartPage::Html({.Favorites = {{u"One", u"https://one/"}}, .Notice = u"Old & slow."});
+    EXPECT_TRUE(Has(page, "<footer>Old &amp; slow.</footer>\n</main>"));
+    EXPECT_FALSE(Has(StartPage::Html({}), "<footer"));
+}
+
 TEST(StartPage, NothingInANameTurnsOthersAroundOrHidesAPartOfIt) {
     const std::string page = PageWith(u"\u202Egnp.exe\u202C\u200B", {u"https://\u2066\u202Ereversed.example/"});
     EXPECT_TRUE(Has(page, "<bdi>gnp.exe</bdi>"));

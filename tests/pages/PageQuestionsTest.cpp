@@ -12,8 +12,9 @@ namespace {
 /// A page that asks; what was answered comes as "key answer", "key none" and with "!" when it is to last.
 class PageQuestionsTest : public testing::Test {
 protected:
-    void Ask(const Text& key) {
+    void Ask(const Text& key, const Text& asker = {}) {
         questions.Ask({.Key = key,
+                       .Asker = asker,
                        .Words = key,
                        .Answers = {u"Yes", u"No"},
                        .Remember = {},
@@ -78,6 +79,22 @@ TEST_F(PageQuestionsTest, AreDismissedWithThePage) {
                     }});
     }
     EXPECT_EQ(answers, "gone") << "whoever waits is told when the page ends";
+}
+
+TEST_F(PageQuestionsTest, OfTheSiteThatComesStayWhenAllOthersAreDismissed) {
+    int changes = 0;
+    Ask(u"a", u"https://old");
+    Ask(u"b", u"https://new");
+    Ask(u"c");
+    questions.Changed = [&] { ++changes; };
+    questions.DismissAllBut(u"https://new");
+    EXPECT_EQ(answers, "a none, c none");
+    EXPECT_EQ(Shown(), "b");
+    EXPECT_EQ(changes, 1);
+    questions.DismissAllBut(u"https://new");
+    EXPECT_EQ(Shown(), "b");
+    EXPECT_EQ(changes, 1) << "nothing has changed";
+    questions.Changed = {};
 }
 
 TEST_F(PageQuestionsTest, MayBeAskedAnewWhileOneIsAnswered) {

@@ -92,8 +92,7 @@ TEST_F(QtBandMenusTest, AButtonWithACommandOfItsOwnOpensItsMenuBesideIt) {
 }
 
 TEST_F(QtBandMenusTest, APopupOpensAtThePointerAndClosesByEscape) {
-    const QPoint at = window.mapToGlobal(QPoint(200, 150));
-    QCursor::setPos(at);
+    QTest::mouseMove(&window, QPoint(200, 150));
     bar.BandOpen = [this](Band& band) { clicked += "open " + ToUtf8(band.Name()) + ";"; };
     bar.Popup(u"bndTabPopup");
     auto* popup = window.findChild<QMenu*>(QStringLiteral("bndTabPopup"));

@@ -105,13 +105,14 @@ protected:
             return effect;
         };
         menu = window.menuBar()->actions().constFirst()->menu();
+        // A menu takes no click where the pointer was when it opened.
+        QTest::mouseMove(&window, window.rect().bottomRight() - QPoint(9, 9));
         menu->popup(window.mapToGlobal(QPoint(0, 30)));
     }
     [[nodiscard]] QPoint Place(TextView tool) const { return menu->actionGeometry(shown->Find(tool)).center(); }
     /// Asks for the pop-up of an entry with the mouse; the menu that came up, if any.
     QMenu* RightClick(TextView tool) const {
-        QContextMenuEvent event(QContextMenuEvent::Mouse, Place(tool), menu->mapToGlobal(Place(tool)));
-        QApplication::sendEvent(menu, &event);
+        QTest::mouseClick(menu, Qt::RightButton, {}, Place(tool));
         auto* top = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         return top == menu ? nullptr : top;
     }
@@ -130,7 +131,7 @@ TEST_F(QtEntryMenuTest, AnEntryPopsUpWhatToDoWithItAndThenAllMenusClose) {
 
 TEST_F(QtEntryMenuTest, AnEntryWithoutACommandOfItsOwnPopsUpNothing) {
     EXPECT_EQ(RightClick(u"mnuGoBack"), nullptr);
-    EXPECT_TRUE(menu->isVisible());
+    EXPECT_EQ(clicked, "mnuGoBack;") << "the right button chooses like the left one";
 }
 
 TEST_F(QtEntryMenuTest, AnEntryPopsUpByKeyboard) {

@@ -9,11 +9,17 @@ namespace {
 
 /// What the click was when the entry's command ran; nothing when it did not run.
 std::optional<bool> Click(QtMiddleClick& middle, Qt::MouseButton button) {
+    // A menu takes no click where the pointer was when it opened.
+    QWidget window;
+    window.resize(600, 400);
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QTest::mouseMove(&window, {550, 350});
     QMenu menu;
     QAction* entry = menu.addAction(QStringLiteral("Page"));
     std::optional<bool> now;
     QObject::connect(entry, &QAction::triggered, &menu, [&] { now = middle.Now(); });
-    menu.popup({0, 0});
+    menu.popup(window.mapToGlobal(QPoint(0, 0)));
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&menu));
     QTest::mouseMove(&menu, menu.actionGeometry(entry).center());
     QTest::mousePress(&menu, button, {}, menu.actionGeometry(entry).center());

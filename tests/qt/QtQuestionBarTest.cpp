@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -92,6 +93,38 @@ TEST_F(QuestionBar, IsDismissedWithEscape) {
     Press(Qt::Key_Escape);
     EXPECT_EQ(answers.join(u' '), u"none");
     EXPECT_FALSE(bar.isVisible());
+}
+
+TEST_F(QuestionBar, OffersWhatThereIsToChooseWhenItIsLookedAt) {
+    PageChoices choices{{u"Screen: 1", u"Window: News"}, 1};
+    std::vector<std::size_t> chosen;
+    questions.Ask({.Key = u"a",
+                   .Words = u"a?",
+                   .Answers = {u"&Share", u"&Block"},
+                   .Remember = {},
+                   .Choices = [&] { return choices; },
+                   .Choose =
+                       [&](std::size_t choice) {
+                           chosen.push_back(choice);
+                           choices.Chosen = choice;
+                       },
+                   .Answered = [this](std::size_t answer, bool) { answers << QString::number(answer); }});
+    auto* list = bar.findChild<QComboBox*>();
+    ASSERT_TRUE(list->isVisible());
+    EXPECT_EQ(list->currentText(), u"Window: News");
+    Press(Qt::Key_F6);
+    EXPECT_TRUE(list->hasFocus()) << "what is chosen comes before the answer";
+    choices = {{u"Screen: 1", u"Window: Mail", u"Window: News"}, 2};
+    list->showPopup();
+    EXPECT_EQ(list->count(), 3) << "a window that was opened meanwhile";
+    EXPECT_EQ(list->currentText(), u"Window: News");
+    list->hidePopup();
+    Press(Qt::Key_Up);
+    EXPECT_EQ(chosen, (std::vector<std::size_t>{1}));
+    bar.findChild<QPushButton*>(QStringLiteral("cmdAnswer1"))->click();
+    EXPECT_EQ(answers.join(u' '), u"0");
+    Ask(u"b?");
+    EXPECT_FALSE(list->isVisible()) << "there is nothing to choose";
 }
 
 TEST_F(QuestionBar, ShowsWordsAsTextAndGrowsWithThem) {

@@ -2,6 +2,7 @@
 
 #include "qt/QtAbout.h"
 #include "qt/QtBuildInfo.h"
+#include "qt/QtText.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -74,13 +75,31 @@ protected:
 };
 
 TEST_F(QtAboutTest, SaysWhatRunsWhere) {
-    const QtAbout box(m_form);
+    const QtAbout box(m_form, {});
     EXPECT_EQ(box.windowTitle(), QStringLiteral("About TessaView"));
     EXPECT_EQ(TextOf(box, "Label2"), QStringLiteral("Version 3.02 Build 159"));
     const QString information = TextOf(box, "lblBuild");
-    for (const char* part : {qWebEngineVersion(), qWebEngineChromiumVersion(), qVersion(), "Version 3.02 Build 159"})
+    for (const char* part : {qWebEngineVersion(), qWebEngineChromiumVersion(), qWebEngineChromiumSecurityPatchVersion(),
+                             qVersion(), "Version 3.02 Build 159"})
         EXPECT_TRUE(information.contains(QLatin1String(part))) << part;
     EXPECT_EQ(information, QtBuildInfo::Text());
+}
+
+TEST_F(QtAboutTest, SaysQuietlyThatTheEngineIsOld) {
+    const QtAbout box(m_form, QStringLiteral("The engine is <b>old</b>."));
+    const auto* notice = box.findChild<QLabel*>(QStringLiteral("lblNotice"));
+    ASSERT_NE(notice, nullptr);
+    EXPECT_EQ(notice->text(), QStringLiteral("The engine is <b>old</b>."));
+    EXPECT_EQ(notice->textFormat(), Qt::PlainText);
+    EXPECT_EQ(QtAbout(m_form, {}).findChild<QLabel*>(QStringLiteral("lblNotice")), nullptr);
+}
+
+TEST_F(QtAboutTest, GoesByTheSecurityFixesOfTheEngineThatRuns) {
+    Use([](QDialog& box) {
+        const auto* notice = box.findChild<QLabel*>(QStringLiteral("lblNotice"));
+        EXPECT_EQ(FromQt(notice ? notice->text() : QString()), QtBuildInfo::EngineNotice());
+        box.close();
+    });
 }
 
 TEST_F(QtAboutTest, ItsButtonEnterAndEscapeCloseIt) {
@@ -109,7 +128,7 @@ TEST_F(QtAboutTest, CopiesTheBuildInformation) {
 
 TEST_F(QtAboutTest, WithoutTheFormsButtonItHasNoneEither) {
     frmSplash plain;
-    const QtAbout box(plain);
+    const QtAbout box(plain, {});
     EXPECT_TRUE(box.findChild<QPushButton*>(QStringLiteral("Command1"))->testAttribute(Qt::WA_WState_ExplicitShowHide));
 }
 

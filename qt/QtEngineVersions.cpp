@@ -1,0 +1,160 @@
+#include "qt/QtEngineVersions.h"
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QWebEngineDownloadRequest>
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineSettings>
+#include <QtWebEngineCore/qtwebenginecoreversion.h>
+#include <array>
+#include <utility>
+
+#define TESSAVIEW_ENGINE_SINCE(minor) (QTWEBENGINECORE_VERSION >= QT_VERSION_CHECK(6, minor, 0))
+
+#if TESSAVIEW_ENGINE_SINCE(7)
+#include <QWebEngineDesktopMediaRequest>
+#endif
+#if TESSAVIEW_ENGINE_SINCE(8)
+#include <QWebEngineFrame>
+#include <QWebEnginePermission>
+#endif
+#if TESSAVIEW_ENGINE_SINCE(9)
+#include <QWebEngineProfileBuilder>
+#endif
+
+namespace {
+
+#if TESSAVIEW_ENGINE_SINCE(8)
+using EnginePermission = QWebEnginePermission::PermissionType;
+#else
+using EnginePermission = QWebEnginePage::Feature;
+#endif
+
+constexpr std::array kEnginePermissions {
+    std::pair{EnginePermission::Geolocation, SitePermission::Location},
+        std::pair{EnginePermission::MediaVideoCapture, SitePermission::Camera},
+        std::pair{EnginePermission::MediaAudioCapture, SitePermission::Microphone},
+        std::pair{EnginePermission::MediaAudioVideoCapture, SitePermission::CameraAndMicrophone},
+        std::pair{EnginePermission::Notifications, SitePermission::Notifications},
+        std::pair{EnginePermission::DesktopVideoCapture, SitePermission::Screen},
+        std::pair{EnginePermission::DesktopAudioVideoCapture, SitePermission::ScreenAndSound},
+        std::pair{EnginePermission::MouseLock, SitePermission::Pointer},
+#if TESSAVIEW_ENGINE_SINCE(8)
+        std::pair{EnginePermission::ClipboardReadWrite, SitePermission::Clipboard},
+        std::pair{EnginePermission::LocalFontsAccess, SitePermission::Fonts},
+#endif
+};
+
+std::optional<SitePermission> PermissionOfEngine(EnginePermission wanted) {
+    for (const auto& [engine, site] : kEnginePermissions) {
+        if (engine == wanted) return site;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+// The program itself remembers what is to last; what the engine remembered on disk it would answer for ever.
+std::unique_ptr<QWebEngineProfile> QtEngineVersions::OpenProfile(const QString& name, const QString& folder,
+                                                                 const QString& cacheFolder) {
+#if TESSAVIEW_ENGINE_SINCE(9)
+    QWebEngineProfileBuilder builder;
+    builder.setPersistentStoragePath(folder)
+        .setCachePath(cacheFolder)
+        .setPersistentPermissionsPolicy(QWebEngineProfile::PersistentPermissionsPolicy::StoreInMemory);
+    return std::unique_ptr<QWebEngineProfile>(builder.createProfile(name));
+#else
+    auto profile = std::make_unique<QWebEngineProfile>(name);
+    profile->setPersistentStoragePath(folder);
+    profile->setCachePath(cacheFolder);
+#if TESSAVIEW_ENGINE_SINCE(8)
+    profile->setPersistentPermissionsPolicy(QWebEngineProfile::PersistentPermissionsPolicy::StoreInMemory);
+#endif
+    return profile;
+#endif
+}
+
+void QtEngineVersions::FollowPermissions(QWebEnginePage& page, QObject& context,
+                                         const std::function<void(const PermissionRequest&)>& asked) {
+#if TESSAVIEW_ENGINE_SINCE(8)
+    const auto tell = [asked](const QWebEnginePermission& permission) {
+        asked({permission.origin(), PermissionOfEngine(permission.permissionType()),
+               [permission](bool allowed) { allowed ? permission.grant() : permission.deny(); }});
+    };
+    QObject::connect(&page, &QWebEnginePage::permissionRequested, &context, tell);
+#else
+    using Policy = QWebEnginePage::PermissionPolicy;
+    const auto tell = [asked, &page](const QUrl& origin, QWebEnginePage::Feature feature) {
+        const auto answer = [page = QPointer(&page), origin, feature](bool allowed) {
+            const auto policy = allowed ? Policy::PermissionGrantedByUser : Policy::PermissionDeniedByUser;
+            if (page) page->setFeaturePermission(origin, feature, policy);
+        };
+        asked({origin, PermissionOfEngine(feature), answer});
+    };
+    QObject::connect(&page, &QWebEnginePage::featurePermissionRequested, &context, tell);
+#endif
+}
+
+void QtEngineVersions::ForgetPermission(QWebEnginePage& page, const QUrl& origin, SitePermission permission) {
+    for (const auto& [engine, site] : kEnginePermissions) {
+        if (site != permission) continue;
+#if TESSAVIEW_ENGINE_SINCE(8)
+        page.profile()->queryPermission(origin, engine).reset();
+#else
+        // All others it asks about every time.
+        if (engine == EnginePermission::Geolocation || engine == EnginePermission::Notifications)
+            page.setFeaturePermission(origin, engine, QWebEnginePage::PermissionUnknown);
+#endif
+    }
+}
+
+void QtEngineVersions::FollowScreenRequests([[maybe_unused]] QWebEnginePage& page, [[maybe_unused]] QObject& context,
+                                            [[maybe_unused]] const std::function<void(const ScreenRequest&)>& asked) {
+#if TESSAVIEW_ENGINE_SINCE(7)
+    // The closures keep the request, and with it the lists.
+    const auto tell = [asked](const QWebEngineDesktopMediaRequest& request) {
+        asked({request.screensModel(), request.windowsModel(),
+               [request](const QModelIndex& screen) { request.selectScreen(screen); },
+               [request](const QModelIndex& window) { request.selectWindow(window); },
+               [request] { request.cancel(); }});
+    };
+    QObject::connect(&page, &QWebEnginePage::desktopMediaRequested, &context, tell);
+#endif
+}
+
+void QtEngineVersions::FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::function<void()>& asked) {
+    QObject::connect(&page, &QWebEnginePage::printRequested, &context, asked);
+#if TESSAVIEW_ENGINE_SINCE(8)
+    // Before, a frame's wish was the page's.
+    QObject::connect(&page, &QWebEnginePage::printRequestedByFrame, &context, asked);
+#endif
+}
+
+// Before 6.9 the engine dropped by itself what nobody accepted; since then it waits for an answer.
+void QtEngineVersions::Refuse(QWebEngineDownloadRequest& request) {
+    request.cancel();
+    // Later, for the engine is in the middle of asking. Before 6.9 it deletes the request itself.
+#if TESSAVIEW_ENGINE_SINCE(9)
+    request.deleteLater();
+#endif
+}
+
+void QtEngineVersions::ClearCache(QWebEngineProfile& profile, std::function<void()> done) {
+#if TESSAVIEW_ENGINE_SINCE(7)
+    // A further call while one is going on is told by its end.
+    QObject::connect(&profile, &QWebEngineProfile::clearHttpCacheCompleted, &profile, std::move(done),
+                     Qt::SingleShotConnection);
+    profile.clearHttpCache();
+#else
+    profile.clearHttpCache();
+    done();
+#endif
+}
+
+void QtEngineVersions::SetAnimations([[maybe_unused]] QWebEngineSettings& settings, [[maybe_unused]] bool on) {
+#if TESSAVIEW_ENGINE_SINCE(8)
+    using Policy = QWebEngineSettings::ImageAnimationPolicy;
+    settings.setImageAnimationPolicy(on ? Policy::Allow : Policy::Disallow);
+#endif
+}

@@ -1,0 +1,65 @@
+#include "qt/QtBrowserView.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QApplication>
+#include <QPrintDialog>
+#include <QTimer>
+
+namespace {
+
+/// A page that wants to be printed; the user cancels each print dialog.
+class PrintRequests : public testing::Test {
+protected:
+    PrintRequests() {
+        m_look.callOnTimeout(&desk.window, [this] {
+            auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            if (!dialog) return;
+            ++dialogs;
+            dialog->reject();
+        });
+        m_look.start(10);
+    }
+    void Load(const QByteArray& html) {
+        server.Page(QStringLiteral("/page"), html);
+        desk.Load(server.Address(QStringLiteral("/page")));
+    }
+    bool Dialogs(int count) {
+        return WaitUntil([&] { return dialogs == count; });
+    }
+
+    int dialogs = 0;
+    LocalServer server;
+    EngineView desk;
+
+private:
+    QTimer m_look;
+};
+
+TEST_F(PrintRequests, BringUpTheDialogWhenAPersonHasClicked) {
+    Load("<p>words</p><button id=b onclick='print()'>print</button>");
+    desk.ClickOn(QStringLiteral("b"));
+    EXPECT_TRUE(Dialogs(1));
+    desk.ClickOn(QStringLiteral("b"));
+    EXPECT_TRUE(Dialogs(2)) << "each click asks again";
+}
+
+TEST_F(PrintRequests, OfAFrameAreThePages) {
+    server.Page(QStringLiteral("/frame"), "<title>frame</title><p>words</p>");
+    Load("<p>words</p><iframe id=f src=/frame></iframe>"
+         "<button id=b onclick='f.contentWindow.print()'>print</button>");
+    desk.ClickOn(QStringLiteral("b"));
+    EXPECT_TRUE(Dialogs(1));
+}
+
+TEST_F(PrintRequests, ThatNobodyClickedForBringUpNothing) {
+    Load("<p>words</p><button id=b onclick='print()'>print</button><script>for (let i = 0; i < 9; ++i) "
+         "print()</script>");
+    desk.Script(QStringLiteral("print()"));
+    // What comes later shows that nothing comes of what was before.
+    desk.ClickOn(QStringLiteral("b"));
+    EXPECT_TRUE(Dialogs(1));
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_EQ(dialogs, 1);
+}
+
+} // namespace
