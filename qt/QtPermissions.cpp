@@ -65,7 +65,7 @@ void QtPermissions::OnScreen(const QtEngineVersions::ScreenRequest& request) {
     if (mayRemember) answers.emplace_back(u"Al&ways Block");
     m_questions.Ask({.Key = u"screen " + SiteOf(origin),
                      .Asker = SiteOf(origin),
-                     .Words = Words(origin, SitePermission::Screen),
+                     .Words = PermissionWords(origin, SitePermission::Screen),
                      .Answers = answers,
                      .Remember = {},
                      .Choices = [this] { return m_screen ? m_screen->Choices() : PageChoices(); },
