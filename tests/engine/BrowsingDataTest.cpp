@@ -62,8 +62,10 @@ TEST_F(BrowsingDataTest, TheCacheIsForgottenAndItsEndIsTold) {
     server.Raw(QStringLiteral("/kept"), "HTTP/1.1 200 OK\r\nConnection: close\r\nCache-Control: max-age=9999\r\n"
                                         "Content-Type: text/plain\r\nContent-Length: 4\r\n\r\nkept");
     const auto fetches = [this] {
-        desk.Script(QStringLiteral("window.got = ''; fetch('/kept').then(r => r.text()).then(t => got = t, e => got = String(e)); 1"));
-        EXPECT_TRUE(WaitUntil([this] { return !desk.Script(QStringLiteral("got")).isEmpty(); })) << server.requests.join(u' ').toStdString();
+        desk.Script(QStringLiteral(
+            "window.got = ''; fetch('/kept').then(r => r.text()).then(t => got = t, e => got = String(e)); 1"));
+        EXPECT_TRUE(WaitUntil([this] { return !desk.Script(QStringLiteral("got")).isEmpty(); }))
+            << server.requests.join(u' ').toStdString();
         EXPECT_EQ(desk.Script(QStringLiteral("got")), u"kept");
         return server.requests.count(QStringLiteral("/kept"));
     };
