@@ -171,7 +171,8 @@ TEST_F(BusyMark, OfARefreshGoesBeforeTheDocumentIsComplete) {
     Answer(kEndless, Html("<title>Endless</title><p>words"));
     server.KeepOpen(kEndless);
     ResumeNext(Front().Navigate(FromQt(server.Address(kEndless))));
-    ASSERT_TRUE(WaitUntil([&] { return !atRequest.isEmpty() && !Red(); }));
+    // Behind its title nothing of the first document is on its way any more.
+    ASSERT_TRUE(WaitUntil([&] { return !atRequest.isEmpty() && !Red() && Front().LocationName() == u"Endless"; }));
     ResumeNext(Front().Refresh());
     ASSERT_TRUE(WaitUntil([&] { return atRequest.size() == 2; }));
     EXPECT_TRUE(TurnsIdle());
