@@ -1,6 +1,5 @@
 #include "qt/QtBrowsingData.h"
 
-#include "qt/QtEngineVersions.h"
 #include "qt/QtSiteData.h"
 
 #include <QDateTime>
@@ -25,18 +24,6 @@ constexpr qsizetype kMostVisits = 20000;
 
 QByteArray CookieKey(const QNetworkCookie& cookie) {
     return cookie.domain().toUtf8() + '\n' + cookie.path().toUtf8() + '\n' + cookie.name();
-}
-
-// Called for each of so many parts; tells once the last has told, and fails when one has.
-Forgotten Together(int parts, Forgotten done) {
-    struct Waiting {
-        int parts;
-        Outcome outcome = Outcome::Done;
-    };
-    return [waiting = std::make_shared<Waiting>(Waiting{parts}), done = std::move(done)](Outcome outcome) {
-        if (outcome != Outcome::Done) waiting->outcome = outcome;
-        if (--waiting->parts == 0) done(waiting->outcome);
-    };
 }
 
 QByteArray Unquoted(const QByteArray& part) { return QByteArray::fromPercentEncoding(part); }
@@ -74,10 +61,8 @@ void QtBrowsingData::NoteVisit(const QUrl& url) {
 void QtBrowsingData::Clear(const BrowsingData& data, QWebEngineProfile& profile, Forgotten done) {
     if (data.cookies) ClearCookies(data.seconds, profile);
     if (data.visitedLinks) ClearVisits(data.seconds, profile);
-    // Both at a time: the program may end before the first has gone.
-    const auto both = Together(2, std::move(done));
-    data.siteData ? ClearSites(profile, both) : both(Outcome::Done);
-    data.cache ? QtEngineVersions::ClearCache(profile, [both] { both(Outcome::Done); }) : both(Outcome::Done);
+    if (data.siteData || data.cache) return ClearStored({data.siteData, data.cache}, profile, std::move(done));
+    done(Outcome::Done);
 }
 
 void QtBrowsingData::ClearVisits(qint64 seconds, QWebEngineProfile& profile) {
@@ -90,13 +75,13 @@ void QtBrowsingData::ClearVisits(qint64 seconds, QWebEngineProfile& profile) {
     profile.clearVisitedLinks(recent);
 }
 
-// Should the program end before the engine has answered, the files go at the next start.
-void QtBrowsingData::ClearSites(QWebEngineProfile& profile, const Forgotten& done) {
+// Should the program end before the engine has answered, sites' files go at the next start.
+void QtBrowsingData::ClearStored(QtSiteData::What what, QWebEngineProfile& profile, Forgotten done) {
     QFile forget(m_folder + kForget);
-    if (!m_folder.isEmpty() && forget.open(QFile::WriteOnly)) forget.close();
+    if (what.sites && !m_folder.isEmpty() && forget.open(QFile::WriteOnly)) forget.close();
     m_sites = std::make_unique<QtSiteData>(profile);
-    m_sites->Forget([this, done](Outcome outcome) {
-        if (outcome == Outcome::Done && !m_folder.isEmpty()) QFile::remove(m_folder + kForget);
+    m_sites->Forget(what, [this, what, done = std::move(done)](Outcome outcome) {
+        if (what.sites && outcome == Outcome::Done && !m_folder.isEmpty()) QFile::remove(m_folder + kForget);
         m_sites.release()->deleteLater();
         done(outcome);
     });

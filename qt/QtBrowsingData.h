@@ -1,4 +1,5 @@
 #pragma once
+#include "qt/QtSiteData.h"
 #include "settings/frmInternetOptions.h"
 
 #include <QHash>
@@ -10,8 +11,6 @@
 
 class QNetworkCookie;
 class QWebEngineProfile;
-
-class QtSiteData;
 
 /// Has the engine forget what it keeps of where pages have been. The engine does not say when a cookie was set or a
 /// link visited. So this notes it for every cookie that it sees come, beside the profile, and for every visit, in
@@ -49,7 +48,7 @@ private:
     void Load();
     void ClearCookies(qint64 seconds, QWebEngineProfile& profile);
     void ClearVisits(qint64 seconds, QWebEngineProfile& profile);
-    void ClearSites(QWebEngineProfile& profile, const Forgotten& done);
+    void ClearStored(QtSiteData::What what, QWebEngineProfile& profile, Forgotten done);
 
     QString m_folder;
     QHash<QUrl, qint64> m_visits;       ///< when an address was visited last

@@ -140,18 +140,6 @@ void QtEngineVersions::Refuse(QWebEngineDownloadRequest& request) {
 #endif
 }
 
-void QtEngineVersions::ClearCache(QWebEngineProfile& profile, std::function<void()> done) {
-#if TESSAVIEW_ENGINE_SINCE(7)
-    // A further call while one is going on is told by its end.
-    QObject::connect(&profile, &QWebEngineProfile::clearHttpCacheCompleted, &profile, std::move(done),
-                     Qt::SingleShotConnection);
-    profile.clearHttpCache();
-#else
-    profile.clearHttpCache();
-    done();
-#endif
-}
-
 void QtEngineVersions::SetAnimations([[maybe_unused]] QWebEngineSettings& settings, [[maybe_unused]] bool on) {
 #if TESSAVIEW_ENGINE_SINCE(8)
     using Policy = QWebEngineSettings::ImageAnimationPolicy;

@@ -52,8 +52,6 @@ void FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::func
 
 /// Drops a download that nobody has accepted.
 void Refuse(QWebEngineDownloadRequest& request);
-/// Empties the cache on disk, and tells when that is done.
-void ClearCache(QWebEngineProfile& profile, std::function<void()> done);
 /// Whether pictures may move; engines before 6.8 do not know.
 void SetAnimations(QWebEngineSettings& settings, bool on);
 

@@ -1,5 +1,6 @@
 #include "qt/QtSiteData.h"
 
+#include <QStringList>
 #include <utility>
 
 namespace {
@@ -9,19 +10,24 @@ constexpr int kPatience = 15000; // milliseconds, for tools that do not come or 
 const QString kGone = QStringLiteral("sites forgotten");
 const QString kKept = QStringLiteral("sites kept");
 
+const QString kOrderSites =
+    QStringLiteral("{method: 'Storage.clearDataForOrigin', params: {origin: '*', storageTypes: "
+                   "'local_storage,indexeddb,websql,file_systems,service_workers,cache_storage'}}");
+const QString kOrderCache = QStringLiteral("{method: 'Network.clearBrowserCache'}");
+
 // The answer comes back as the title of the tools' page.
 constexpr auto kAsk = R"js((function () {
-    const number = 987654321;
+    const orders = [%1], first = 987654321;
+    let waiting = orders.length, failed = false;
     const pass = DevToolsAPI.dispatchMessage;
     DevToolsAPI.dispatchMessage = function (message) {
         const answer = typeof message === 'string' ? JSON.parse(message) : message;
-        if (answer.id !== number) return pass.call(DevToolsAPI, message);
-        document.title = answer.error ? '%2' : '%1';
+        if (!(answer.id >= first)) return pass.call(DevToolsAPI, message);
+        failed = failed || Boolean(answer.error);
+        if (--waiting === 0) document.title = failed ? '%3' : '%2';
     };
-    const kinds = 'local_storage,indexeddb,websql,file_systems,service_workers,cache_storage';
-    const order = {id: number, method: 'Storage.clearDataForOrigin', params: {origin: '*', storageTypes: kinds}};
-    DevToolsHost.sendMessageToEmbedder(
-        JSON.stringify({id: 0, method: 'dispatchProtocolMessage', params: [JSON.stringify(order)]}));
+    orders.forEach((order, index) => DevToolsHost.sendMessageToEmbedder(JSON.stringify(
+        {id: 0, method: 'dispatchProtocolMessage', params: [JSON.stringify(Object.assign({id: first + index}, order))]})));
 })();)js";
 
 } // namespace
@@ -36,13 +42,19 @@ QtSiteData::QtSiteData(QWebEngineProfile& profile) : m_blank(&profile), m_tools(
     connect(&m_tools, &QWebEnginePage::titleChanged, this, &QtSiteData::OnTitle);
 }
 
-void QtSiteData::Forget(std::function<void(Outcome)> done) {
+void QtSiteData::Forget(What what, std::function<void(Outcome)> done) {
+    m_what = what;
     m_done = std::move(done);
     m_patience.start(kPatience);
     m_tools.setInspectedPage(&m_blank);
 }
 
-void QtSiteData::Ask() { m_tools.runJavaScript(QString::fromLatin1(kAsk).arg(kGone, kKept)); }
+void QtSiteData::Ask() {
+    QStringList orders;
+    if (m_what.sites) orders << kOrderSites;
+    if (m_what.cache) orders << kOrderCache;
+    m_tools.runJavaScript(QString::fromLatin1(kAsk).arg(orders.join(u','), kGone, kKept));
+}
 
 void QtSiteData::OnTitle(const QString& title) {
     if (title == kGone) End(Outcome::Done);

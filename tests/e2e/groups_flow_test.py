@@ -108,6 +108,18 @@ class GroupsFlow(unittest.TestCase):
             program.menu_of("News", "o")
             program.wait_strip(["about:blank", "One", "[Two]"])
 
+    def test_a_group_whose_name_is_no_text_is_found_by_its_bytes(self):
+        group = os.fsencode(self.group_of("caf")).replace(b"caf.", b"caf\xe9.")
+        desk.write_group(group, [self.pages.address("One"), self.pages.address("Two")])
+        with self.start(group) as program:
+            program.wait_strip(["about:blank", "One", "[Two]"])
+            self.choose(program, "caf\ufffd")
+            program.wait_strip(["about:blank", "One", "Two", "One", "[Two]"])
+            program.keys("alt+t")
+            program.menu_of("caf\ufffd", "r")
+            program.find("list", "Addresses")
+            self.assertEqual(self.entries(program), ["One", "Two"])
+
     def group_of(self, name):
         folder = os.path.join(self.home, "TessaGroups")
         os.makedirs(folder, exist_ok=True)

@@ -21,7 +21,7 @@ protected:
     PrintPreview() {
         server.Page(QStringLiteral("/page"), "<title>A page</title><body style='background: red'><p>words</p>");
         desk.Open({server.Address(QStringLiteral("/page"))});
-        EXPECT_TRUE(WaitUntil([this] { return desk.View(2).LocationName() == u"A page"; }));
+        EXPECT_TRUE(WaitUntil([this] { return desk.View(2).LocationName() == u"A page" && !desk.View(2).Busy(); }));
     }
     void Preview() { desk.main->actBar_Click(*desk.main->actBar.Find(u"xtrPrintPreview")); }
     bool Opened(std::int32_t index) {
@@ -69,11 +69,14 @@ TEST_F(PrintPreview, IsMissedByNobodyWhoHasClosedTheTabMeanwhile) {
 }
 
 TEST_F(PrintPreview, WaitsForAPageThatIsLoadingAndSurvivesItsEnd) {
-    server.Stall(QStringLiteral("/late.png"));
-    server.Page(QStringLiteral("/slow"), "<title>slow</title><img src=/late.png>");
     for (const bool closes : {false, true}) {
-        ResumeNext(desk.View(2).Navigate(FromQt(server.Address(QStringLiteral("/slow")))));
-        ASSERT_TRUE(WaitUntil([this] { return desk.View(2).LocationName() == u"slow"; }));
+        const QString path = closes ? QStringLiteral("/closed") : QStringLiteral("/stopped");
+        server.Stall(path + QStringLiteral(".png"));
+        server.Page(path, "<title>" + path.toLatin1() + "</title><img src=" + path.toLatin1() + ".png>");
+        // The preview of the first round is in front.
+        desk.main->pcPage.UserClick(desk.main->pcPage.Find(u"Tab2"));
+        ResumeNext(desk.View(2).Navigate(FromQt(server.Address(path))));
+        ASSERT_TRUE(WaitUntil([&] { return desk.View(2).LocationName() == FromQt(path) && desk.View(2).Busy(); }));
         Preview();
         if (closes) {
             desk.main->CloseBrowserTab(2);
