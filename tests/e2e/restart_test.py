@@ -2,6 +2,7 @@
 
 import configparser
 import os
+import pathlib
 import re
 import shutil
 import signal
@@ -246,13 +247,9 @@ class Restart(unittest.TestCase):
 
     def wait_for_journal(self, title):
         def written():
-            folder = os.path.join(self.home, "sessions")
-            for name in os.listdir(folder):
-                if name.endswith(".session"):
-                    with open(os.path.join(folder, name), encoding="utf-8") as session:
-                        if f"\t{title}\n" in session.read():
-                            return True
-            return False
+            # The folder is made with the first session that is written down.
+            sessions = pathlib.Path(self.home, "sessions").glob("*.session")
+            return any(f"\t{title}\n" in each.read_text(encoding="utf-8") for each in sessions)
 
         desk.wait_until(written, what="the session was not written down")
 
