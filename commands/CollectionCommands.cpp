@@ -58,6 +58,7 @@ void SaveAsTessaGroup(CommandContext& context) {
 void OrganizeTessaGroups(CommandContext& context) { context.host.OrganizeTessaGroups(); }
 
 void AddToFavorites(CommandContext& context) {
+    if (!context.tabs.CurrentView()) return;
     const Page page = CurrentPage(context);
     if (context.host.AddFavorite(page.address, page.title)) {
         context.favoritesMenuStale = true;

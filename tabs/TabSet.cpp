@@ -1,5 +1,6 @@
 #include "tabs/TabSet.h"
 
+#include "common/Text.h"
 #include "tabs/AddressSigns.h"
 
 #include <utility>
@@ -149,7 +150,7 @@ void TabSet::SetTabTitle(std::int32_t Index, TextView title) {
         return;
     }
     // Deliberate: the dots come on top of the limit.
-    m_pcPage.SetCaption(tab, Text(title.substr(0, static_cast<std::size_t>(TitleLengthLimit))) + u"...");
+    m_pcPage.SetCaption(tab, Text(FirstUnits(title, static_cast<std::size_t>(TitleLengthLimit))) + u"...");
 }
 
 Text TabSet::Describe(const Tab& tab) const {

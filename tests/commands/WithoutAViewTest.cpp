@@ -14,6 +14,7 @@ protected:
         auto& host = desk.main.Commands.host;
         host.ShowFind = [this](BrowserView&) { done += "find;"; };
         host.ShowInternetOptions = [this] { done += "options;"; };
+        host.AddFavorite = [this](TextView, TextView) { return !(done += "favorite;").empty(); };
         desk.main.Pages.ApplyLoadOptions = [this] { done += "load options;"; };
         desk.files.chosen = u"/files/a.html";
         desk.main.Tabs.UpdateStopRefresh();
@@ -56,8 +57,8 @@ INSTANTIATE_TEST_SUITE_P(Commands, WithoutAViewTest,
                                          "mnuOpen", "mnuNewMessage", "mnuSendLink", "mnuMailQuorvaneSoftware",
                                          "mnuFeatureRequest", "mnuMailBugReport", "mnuFontLargest", "mnuFontLarger",
                                          "mnuFontMedium", "mnuFontSmaller", "mnuFontSmallest", "mnuFont",
-                                         "xtrTextLarger", "xtrTextSmaller", "xtrPrintPreview", "shpBooks",
-                                         "fndWeather"),
+                                         "mnuAddToFavorites", "xtrTextLarger", "xtrTextSmaller", "xtrPrintPreview",
+                                         "shpBooks", "fndWeather"),
                          [](const auto& info) { return std::string(info.param); });
 
 TEST_F(WithoutAViewTest, AFavoriteOpensNowhere) {

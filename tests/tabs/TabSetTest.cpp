@@ -102,6 +102,14 @@ TEST(TabSet, CutsATitleOneCharacterOverTheLimit) {
     EXPECT_EQ(desk.Captions(), "[12345...*]");
 }
 
+TEST(TabSet, CutsNoCharacterOfATitleInTwo) {
+    Desk desk;
+    desk.Start();
+    desk.main.Tabs.TitleLengthLimit = 5;
+    desk.main.Tabs.SetTabTitle(1, u"1234\U0001F600567");
+    EXPECT_EQ(desk.main.pcPage.FindAt(1)->Caption(), u"1234...");
+}
+
 TEST(TabSet, ShowsEveryTitleWholeWithoutALimit) {
     Desk desk;
     desk.Start();
