@@ -114,4 +114,25 @@ TEST_F(Races, TheWindowClosesInTheMidstOfIt) {
     EXPECT_EQ(desk.engine.PageCount(), 0U);
 }
 
+// Sent elsewhere between a page's title and the end of its load, again and again.
+TEST(Overtaking, TheLastOfManyNavigationsEndsTheLoad) {
+    LocalServer server;
+    for (int page = 0; page < 20; ++page) {
+        const QByteArray name = QByteArray::number(page);
+        const QByteArray part = page % 4 == 0 ? "<iframe src=/slow></iframe>" : page % 4 == 2 ? "<img src=/slow>" : "";
+        server.Page(QStringLiteral("/page%1").arg(page), "<title>" + name + "</title><p>" + name + part);
+    }
+    server.Stall(QStringLiteral("/slow"));
+    EngineView desk;
+    for (int page = 0; page < 20; ++page) {
+        desk.Navigate(server.Address(QStringLiteral("/page%1").arg(page)));
+        const Text title = Decimal(page);
+        ASSERT_TRUE(WaitUntil([&] { return desk.view->LocationName() == title; }));
+        // Every other one is left alone.
+        if (page % 2 == 0) continue;
+        EXPECT_TRUE(WaitUntil([&] { return !desk.view->Busy(); })) << desk.events.lines.join(u' ').toStdString();
+        desk.events.Take();
+    }
+}
+
 } // namespace
