@@ -14,6 +14,7 @@
 
 #if TESSAVIEW_ENGINE_SINCE(7)
 #include <QWebEngineDesktopMediaRequest>
+#include <QWebEngineWebAuthUxRequest>
 #endif
 #if TESSAVIEW_ENGINE_SINCE(8)
 #include <QWebEngineFrame>
@@ -52,6 +53,77 @@ std::optional<SitePermission> PermissionOfEngine(EnginePermission wanted) {
     }
     return std::nullopt;
 }
+
+#if TESSAVIEW_ENGINE_SINCE(7)
+using KeyRequest = QWebEngineWebAuthUxRequest;
+using KeyFailure = KeyRequest::RequestFailureReason;
+using PinTrouble = KeyRequest::PinEntryError;
+
+constexpr std::array kKeyFailures{
+    std::pair{KeyFailure::Timeout, "Nobody used a key in time."},
+    std::pair{KeyFailure::KeyNotRegistered, "This key is not known there."},
+    std::pair{KeyFailure::KeyAlreadyRegistered, "This key is known there already."},
+    std::pair{KeyFailure::SoftPinBlock, "The PIN was wrong too often. Unplug the key and plug it in again."},
+    std::pair{KeyFailure::HardPinBlock, "The PIN was wrong too often. The key must be reset before it can be used."},
+    std::pair{KeyFailure::AuthenticatorRemovedDuringPinEntry, "The key was taken away."},
+    std::pair{KeyFailure::AuthenticatorMissingResidentKeys, "This key cannot keep an account."},
+    std::pair{KeyFailure::AuthenticatorMissingUserVerification, "This key cannot tell who uses it."},
+    std::pair{KeyFailure::AuthenticatorMissingLargeBlob, "This key cannot keep what the page wants to keep there."},
+    std::pair{KeyFailure::NoCommonAlgorithms, "The key and the page have no way of signing in common."},
+    std::pair{KeyFailure::StorageFull, "There is no room left on the key."},
+    std::pair{KeyFailure::UserConsentDenied, "The key was not allowed to answer."},
+};
+constexpr std::array kPinTroubles{
+    std::pair{PinTrouble::InternalUvLocked, "The key did not recognise you; it needs its PIN."},
+    std::pair{PinTrouble::WrongPin, "The PIN was wrong."},
+    std::pair{PinTrouble::TooShort, "The PIN is too short."},
+    std::pair{PinTrouble::InvalidCharacters, "The key does not take these characters."},
+    std::pair{PinTrouble::SameAsCurrentPin, "The key has this PIN already."},
+};
+
+QString WordsFor(const auto& table, auto reason) {
+    for (const auto& [each, words] : table) {
+        if (each == reason) return QString::fromLatin1(words);
+    }
+    return {};
+}
+
+void AddPin(QtEngineVersions::SecurityKeyState& state, const QWebEngineWebAuthPinRequest& pin) {
+    const bool challenge = pin.reason == KeyRequest::PinEntryReason::Challenge;
+    state.Step = challenge ? QtEngineVersions::KeyStep::EnterPin : QtEngineVersions::KeyStep::SetPin;
+    state.Trouble = WordsFor(kPinTroubles, pin.error);
+    state.ShortestPin = pin.minPinLength;
+    if (pin.error == PinTrouble::WrongPin && pin.remainingAttempts > 0)
+        state.Trouble += QStringLiteral(" Attempts left: %1.").arg(pin.remainingAttempts);
+}
+
+QtEngineVersions::SecurityKeyState StateOfKey(const KeyRequest& request) {
+    using Step = QtEngineVersions::KeyStep;
+    QtEngineVersions::SecurityKeyState state;
+    state.Site = request.relyingPartyId();
+    switch (request.state()) {
+    case KeyRequest::WebAuthUxState::SelectAccount:
+        state.Step = Step::ChooseAccount;
+        state.Accounts = request.userNames();
+        break;
+    case KeyRequest::WebAuthUxState::CollectPin:
+        AddPin(state, request.pinRequest());
+        break;
+    case KeyRequest::WebAuthUxState::FinishTokenCollection:
+        state.Step = Step::Touch;
+        break;
+    case KeyRequest::WebAuthUxState::RequestFailed:
+        state.Step = Step::Failed;
+        state.Trouble = WordsFor(kKeyFailures, request.requestFailureReason());
+        break;
+    case KeyRequest::WebAuthUxState::NotStarted:
+    case KeyRequest::WebAuthUxState::Cancelled:
+    case KeyRequest::WebAuthUxState::Completed:
+        break;
+    }
+    return state;
+}
+#endif
 
 } // namespace
 
@@ -120,6 +192,24 @@ void QtEngineVersions::FollowScreenRequests([[maybe_unused]] QWebEnginePage& pag
                [request] { request.cancel(); }});
     };
     QObject::connect(&page, &QWebEnginePage::desktopMediaRequested, &context, tell);
+#endif
+}
+
+void QtEngineVersions::FollowSecurityKeys([[maybe_unused]] QWebEnginePage& page, [[maybe_unused]] QObject& context,
+                                          [[maybe_unused]] const std::function<void(const SecurityKeyRequest&)>& asked,
+                                          [[maybe_unused]] const std::function<void()>& changed) {
+#if TESSAVIEW_ENGINE_SINCE(7)
+    const auto tell = [asked, changed, &context](KeyRequest* request) {
+        const QPointer<KeyRequest> key(request);
+        QObject::connect(request, &KeyRequest::stateChanged, &context, changed);
+        // The engine deletes it when the page leaves.
+        QObject::connect(request, &QObject::destroyed, &context, changed);
+        asked({[key] { return key ? StateOfKey(*key) : SecurityKeyState(); },
+               [key](const QString& account) { return key ? key->setSelectedAccount(account) : void(); },
+               [key](const QString& pin) { return key ? key->setPin(pin) : void(); },
+               [key] { return key ? key->cancel() : void(); }});
+    };
+    QObject::connect(&page, &QWebEnginePage::webAuthUxRequested, &context, tell);
 #endif
 }
 

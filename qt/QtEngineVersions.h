@@ -3,6 +3,7 @@
 
 #include <QModelIndex>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 #include <functional>
 #include <memory>
@@ -46,6 +47,35 @@ struct ScreenRequest {
 /// Tells what is asked for from now on, for as long as `context` lives. Engines before 6.7 show their first screen.
 void FollowScreenRequests(QWebEnginePage& page, QObject& context,
                           const std::function<void(const ScreenRequest&)>& asked);
+
+/// What the user of a security key has to do next.
+enum class KeyStep {
+    None, ///< the engine is at it, or it is over
+    ChooseAccount,
+    EnterPin,
+    SetPin, ///< a key that never had one
+    Touch,
+    Failed
+};
+struct SecurityKeyState {
+    KeyStep Step = KeyStep::None;
+    QString Site;         ///< the domain that the key signs in to
+    QStringList Accounts; ///< to choose from
+    QString Trouble;      ///< why the last PIN was not taken, or why it failed; may be empty
+    int ShortestPin = 0;  ///< characters that a new PIN needs at least
+};
+/// A page uses a security key. What its user is asked for follows from the state, which changes as the key answers.
+struct SecurityKeyRequest {
+    std::function<SecurityKeyState()> State; ///< may be called at any time, also when the page is gone
+    std::function<void(const QString& account)> Choose;
+    std::function<void(const QString& pin)> EnterPin;
+    std::function<void()> Cancel; ///< may be called in any state
+};
+/// Tells of each use of a key, and then of each change of its state, for as long as `context` lives. Engines before 6.7
+/// ask for no PIN and no account: there a key that needs them does not work.
+void FollowSecurityKeys(QWebEnginePage& page, QObject& context,
+                        const std::function<void(const SecurityKeyRequest&)>& asked,
+                        const std::function<void()>& changed);
 
 /// Tells that the page, a frame of it or the engine's PDF viewer wants to be printed, for as long as `context` lives.
 void FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::function<void()>& asked);

@@ -8,6 +8,7 @@
 #include "qt/QtPageTools.h"
 #include "qt/QtPermissions.h"
 #include "qt/QtQuestionBar.h"
+#include "qt/QtSecurityKeys.h"
 
 /// What one page asks of its user, and what covers it meanwhile.
 struct QtPageQuestions {
@@ -22,7 +23,10 @@ struct QtPageQuestions {
           logins(page, covers),
           crashes(page, covers),
           dialogs(page, covers, dialogScheme),
-          links(page, covers, external) {}
+          links(page, covers, external),
+          securityKeys(covers) {
+        securityKeys.FollowPage(page);
+    }
     ~QtPageQuestions() { delete bar; }
     QtPageQuestions(const QtPageQuestions&) = delete;
     QtPageQuestions& operator=(const QtPageQuestions&) = delete;
@@ -38,4 +42,5 @@ struct QtPageQuestions {
     QtCrashes crashes;
     QtPageDialogs dialogs;
     QtExternalLinks links;
+    QtSecurityKeys securityKeys;
 };
