@@ -1,5 +1,6 @@
 #include "qt/QtBrowserView.h"
 #include "qt/QtCrashPage.h"
+#include "qt/QtDownloads.h"
 #include "qt/QtText.h"
 #include "tests/engine/EngineDesk.h"
 
@@ -286,6 +287,21 @@ TEST_F(SleepingTabs, AreNoneOfThoseThatLoad) {
     Park();
     EXPECT_FALSE(SleepsInTime());
     EXPECT_EQ(View().Stop(), Outcome::Done);
+    EXPECT_TRUE(FallsAsleep());
+}
+
+TEST_F(SleepingTabs, SleepWhenTheirDownloadWasRefused) {
+    server.Raw(QStringLiteral("/file"), "HTTP/1.1 200 OK\r\nContent-Disposition: attachment; filename=a\r\n"
+                                        "Content-Length: 100000\r\n\r\nonly a part");
+    server.Page(QStringLiteral("/page"), "<title>page</title><a id=link href='/file'>file</a>");
+    Load(QStringLiteral("/page"));
+    QtDownloads refusing;
+    refusing.Follow(*View().Page()->profile());
+    bool refused = false;
+    QObject::connect(View().Page()->profile(), &QWebEngineProfile::downloadRequested, &desk.window,
+                     [&] { refused = true; });
+    Script(QStringLiteral("link.click(); 1"));
+    ASSERT_TRUE(WaitUntil([&] { return refused; }));
     EXPECT_TRUE(FallsAsleep());
 }
 
