@@ -23,7 +23,8 @@ else
   # run.sh makes the same folder for the program alone.
   options=(-DTESSAVIEW_TESTS=ON -DTESSAVIEW_BENCH=ON)
 fi
-jobs=$(nproc)
+# One more than there are processors: many tests wait for the program most of their time.
+jobs=$(($(nproc) + 1))
 summary=()
 failed=no
 
