@@ -1,9 +1,11 @@
 #include "qt/QtBrowserView.h"
 
 #include "qt/QtEngine.h"
+#include "qt/QtEngineVersions.h"
 #include "qt/QtPage.h"
 #include "qt/QtPageOutput.h"
 #include "qt/QtPageSecurity.h"
+#include "qt/QtParkedSize.h"
 #include "qt/QtSceneWindows.h"
 #include "qt/QtStartPage.h"
 #include "qt/QtText.h"
@@ -250,7 +252,17 @@ void QtBrowserView::StartNavigation() {
     }
     m_fallback = target.fallback;
     const QByteArray history = std::exchange(m_pendingHistory, QByteArray());
-    if (history.isEmpty() || !FillHistory(history)) m_page->load(target.url);
+    if (history.isEmpty() || !FillHistory(history)) Load(target.url);
+}
+
+void QtBrowserView::Load(const QUrl& url) {
+    const bool silent = QtEngineVersions::GoesThereSilently(m_page->url(), url);
+    m_page->load(url);
+    if (!silent) return;
+    const Text address = FromQt(url.toString(QUrl::FullyEncoded));
+    m_events.BeforeNavigate2(m_index, PageLevel::Top, address);
+    m_engine.EndNavigation(m_index);
+    m_events.NavigateComplete2(m_index, PageLevel::Top, address);
 }
 
 void QtBrowserView::Show() {
@@ -329,6 +341,7 @@ void QtBrowserView::MakeWidget() {
     m_widget = new QWebEngineView(m_engine.PageArea());
     m_widget->hide();
     QtSceneWindows::Hide(*m_widget);
+    QtParkedSize::Follow(*m_widget);
     m_widget->setPage(m_page);
     m_widget->setGeometry(m_place.isEmpty() ? m_engine.PageArea()->rect() : m_place);
     SetTabStop(m_tabStop);

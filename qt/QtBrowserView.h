@@ -77,6 +77,7 @@ private:
 
     void ApplyZoom();
     bool FillHistory(const QByteArray& bytes);
+    void Load(const QUrl& url);
     void MakePage();
     void MakeWidget();
     void MakeQuestions();

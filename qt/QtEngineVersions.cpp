@@ -221,6 +221,10 @@ void QtEngineVersions::FollowPrintRequests(QWebEnginePage& page, QObject& contex
 #endif
 }
 
+bool QtEngineVersions::GoesThereSilently(const QUrl& shown, const QUrl& target) {
+    return TESSAVIEW_ENGINE_SINCE(10) && target.hasFragment() && shown == target;
+}
+
 // Before 6.9 the engine dropped by itself what nobody accepted; since then it waits for an answer.
 void QtEngineVersions::Refuse(QWebEngineDownloadRequest& request) {
     request.cancel();

@@ -80,6 +80,10 @@ void FollowSecurityKeys(QWebEnginePage& page, QObject& context,
 /// Tells that the page, a frame of it or the engine's PDF viewer wants to be printed, for as long as `context` lives.
 void FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::function<void()>& asked);
 
+/// Whether the engine goes to a place on the page that shows this very address, as in "page#place", without a word:
+/// those before 6.10 load the page anew.
+[[nodiscard]] bool GoesThereSilently(const QUrl& shown, const QUrl& target);
+
 /// Drops a download that nobody has accepted.
 void Refuse(QWebEngineDownloadRequest& request);
 /// Whether pictures may move; engines before 6.8 do not know.

@@ -68,7 +68,10 @@ bool QtKeys::eventFilter(QObject* watched, QEvent* event) {
     if ((!down && event->type() != QEvent::KeyRelease) || !IsFor(watched)) return false;
     const KeyStroke key = Of(*static_cast<QKeyEvent*>(event));
     const auto& handler = down ? Down : Up;
-    if (key.KeyCode == 0 || !handler || handler(key) == KeyUsed::No) return false;
+    if (key.KeyCode == 0 || !handler) return false;
+    const QWidget* const focused = QApplication::focusWidget();
+    // A key that has led the keyboard elsewhere is typed neither here nor there.
+    if (handler(key) == KeyUsed::No && QApplication::focusWidget() == focused) return false;
     event->accept();
     return true;
 }

@@ -18,11 +18,21 @@
 #include "settings/SettingsStore.h"
 
 #include <QClipboard>
+#include <string_view>
 
 namespace {
 
+// Engines from 6.9 open the display themselves, by its name in the environment; Qt takes the option's for its own.
+void NameDisplay(int argc, char** argv) {
+    for (int i = 1; i + 1 < argc; ++i) {
+        if (const std::string_view option = argv[i]; option == "-display" || option == "--display")
+            qputenv("DISPLAY", argv[i + 1]);
+    }
+}
+
 // What must be said before the application object exists.
-int& BeforeApplication(int& argc) {
+int& BeforeApplication(int& argc, char** argv) {
+    NameDisplay(argc, argv);
     QtStartPage::RegisterScheme();
     QtDialogScheme::RegisterScheme();
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
@@ -37,7 +47,7 @@ int& BeforeApplication(int& argc) {
 
 QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
     : program(owner),
-      qt(BeforeApplication(argc), argv),
+      qt(BeforeApplication(argc, argv), argv),
       folders(QtFolders::Find(QCoreApplication::applicationFilePath())),
       settings(folders.settings),
       channel(folders.state),

@@ -40,13 +40,13 @@ def wait_until(condition, seconds=PATIENCE, what=None):
         time.sleep(0.03)
 
 
-def walk(node):
-    """The node and everything in it, from the outside in."""
+def walk(node, into=lambda node: True):
+    """The node and everything in it, from the outside in; what is inside a node only if `into` says so of it."""
     yield node
-    for index in range(node.childCount):
+    for index in range(node.childCount if into(node) else 0):
         child = node.getChildAtIndex(index)
         if child is not None:
-            yield from walk(child)
+            yield from walk(child, into)
 
 
 # Newer accessibility buses call some things otherwise; the tests know one name for each.
@@ -68,8 +68,9 @@ def is_focused(node):
 
 
 def focused_box(program):
-    """The box that has the keyboard; nothing while none has."""
-    for node in walk(program.application()):
+    """The box of the window that has the keyboard; nothing while none has. A page has a focus of its own, which it keeps
+    while the keyboard is elsewhere."""
+    for node in walk(program.application(), lambda node: node.getRoleName() != "document web"):
         is_box = node.getRoleName() in ("combo box", "text") and "Text" in node.get_interfaces()
         if is_box and is_focused(node):
             return node

@@ -22,7 +22,8 @@ protected:
 
 private:
     void Note(const char* way, const QKeyEvent& event) {
-        if (event.key() != Qt::Key_Control) seen += way + QKeySequence(event.key()).toString().toStdString() + ";";
+        if (event.key() != Qt::Key_Control && event.key() != Qt::Key_Alt)
+            seen += way + QKeySequence(event.key()).toString().toStdString() + ";";
     }
 };
 
@@ -69,6 +70,21 @@ TEST_F(QtKeysTest, AKeyThatIsUsedOnOneWayOnlyGoesOnOnTheOther) {
     m_keys.Down = {};
     QTest::keyClick(m_taker, Qt::Key_T, Qt::ControlModifier);
     EXPECT_EQ(m_taker->seen, "up T;down T;");
+}
+
+TEST_F(QtKeysTest, AKeyThatLeadsTheKeyboardElsewhereIsTypedNowhere) {
+    auto* other = new Taker;
+    m_window.layout()->addWidget(other);
+    other->show();
+    m_keys.Down = [other](KeyStroke key) {
+        if (key.KeyCode == 'D') other->setFocus();
+        return KeyUsed::No;
+    };
+    QTest::keyPress(m_taker, Qt::Key_D, Qt::AltModifier);
+    ASSERT_TRUE(other->hasFocus());
+    EXPECT_EQ(m_taker->seen + other->seen, "");
+    QTest::keyPress(other, Qt::Key_A, Qt::AltModifier);
+    EXPECT_EQ(other->seen, "down A;");
 }
 
 TEST_F(QtKeysTest, KeysOfAnotherWindowOrAnOpenMenuAreNotTheWindows) {
