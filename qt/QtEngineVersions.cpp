@@ -2,48 +2,52 @@
 
 #include <QAbstractListModel>
 #include <QPointer>
+#include <QVersionNumber>
 #include <QWebEngineDownloadRequest>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
-#include <QtWebEngineCore/qtwebenginecoreversion.h>
+#include <QtWebEngineCore/qtwebenginecoreglobal.h>
 #include <array>
 #include <utility>
 
-#define TESSAVIEW_ENGINE_SINCE(minor) (QTWEBENGINECORE_VERSION >= QT_VERSION_CHECK(6, minor, 0))
-
-#if TESSAVIEW_ENGINE_SINCE(7)
+// What the engine can do is asked of its headers: those of an engine that is newer than its Qt may name Qt's version as
+// their own, as Debian's backports do.
+#if __has_include(<QWebEngineWebAuthUxRequest>)
+#define TESSAVIEW_ENGINE_6_7
 #include <QWebEngineDesktopMediaRequest>
 #include <QWebEngineWebAuthUxRequest>
 #endif
-#if TESSAVIEW_ENGINE_SINCE(8)
+#if __has_include(<QWebEnginePermission>)
+#define TESSAVIEW_ENGINE_6_8
 #include <QWebEngineFrame>
 #include <QWebEnginePermission>
 #endif
-#if TESSAVIEW_ENGINE_SINCE(9)
+#if __has_include(<QWebEngineProfileBuilder>)
+#define TESSAVIEW_ENGINE_6_9
 #include <QWebEngineProfileBuilder>
 #endif
 
 namespace {
 
-#if TESSAVIEW_ENGINE_SINCE(8)
+#ifdef TESSAVIEW_ENGINE_6_8
 using EnginePermission = QWebEnginePermission::PermissionType;
 #else
 using EnginePermission = QWebEnginePage::Feature;
 #endif
 
-constexpr std::array kEnginePermissions {
+constexpr std::array kEnginePermissions{
     std::pair{EnginePermission::Geolocation, SitePermission::Location},
-        std::pair{EnginePermission::MediaVideoCapture, SitePermission::Camera},
-        std::pair{EnginePermission::MediaAudioCapture, SitePermission::Microphone},
-        std::pair{EnginePermission::MediaAudioVideoCapture, SitePermission::CameraAndMicrophone},
-        std::pair{EnginePermission::Notifications, SitePermission::Notifications},
-        std::pair{EnginePermission::DesktopVideoCapture, SitePermission::Screen},
-        std::pair{EnginePermission::DesktopAudioVideoCapture, SitePermission::ScreenAndSound},
-        std::pair{EnginePermission::MouseLock, SitePermission::Pointer},
-#if TESSAVIEW_ENGINE_SINCE(8)
-        std::pair{EnginePermission::ClipboardReadWrite, SitePermission::Clipboard},
-        std::pair{EnginePermission::LocalFontsAccess, SitePermission::Fonts},
+    std::pair{EnginePermission::MediaVideoCapture, SitePermission::Camera},
+    std::pair{EnginePermission::MediaAudioCapture, SitePermission::Microphone},
+    std::pair{EnginePermission::MediaAudioVideoCapture, SitePermission::CameraAndMicrophone},
+    std::pair{EnginePermission::Notifications, SitePermission::Notifications},
+    std::pair{EnginePermission::DesktopVideoCapture, SitePermission::Screen},
+    std::pair{EnginePermission::DesktopAudioVideoCapture, SitePermission::ScreenAndSound},
+    std::pair{EnginePermission::MouseLock, SitePermission::Pointer},
+#ifdef TESSAVIEW_ENGINE_6_8
+    std::pair{EnginePermission::ClipboardReadWrite, SitePermission::Clipboard},
+    std::pair{EnginePermission::LocalFontsAccess, SitePermission::Fonts},
 #endif
 };
 
@@ -54,7 +58,7 @@ std::optional<SitePermission> PermissionOfEngine(EnginePermission wanted) {
     return std::nullopt;
 }
 
-#if TESSAVIEW_ENGINE_SINCE(7)
+#ifdef TESSAVIEW_ENGINE_6_7
 using KeyRequest = QWebEngineWebAuthUxRequest;
 using KeyFailure = KeyRequest::RequestFailureReason;
 using PinTrouble = KeyRequest::PinEntryError;
@@ -130,7 +134,7 @@ QtEngineVersions::SecurityKeyState StateOfKey(const KeyRequest& request) {
 // The program itself remembers what is to last; what the engine remembered on disk it would answer for ever.
 std::unique_ptr<QWebEngineProfile> QtEngineVersions::OpenProfile(const QString& name, const QString& folder,
                                                                  const QString& cacheFolder) {
-#if TESSAVIEW_ENGINE_SINCE(9)
+#ifdef TESSAVIEW_ENGINE_6_9
     QWebEngineProfileBuilder builder;
     builder.setPersistentStoragePath(folder)
         .setCachePath(cacheFolder)
@@ -140,7 +144,7 @@ std::unique_ptr<QWebEngineProfile> QtEngineVersions::OpenProfile(const QString& 
     auto profile = std::make_unique<QWebEngineProfile>(name);
     profile->setPersistentStoragePath(folder);
     profile->setCachePath(cacheFolder);
-#if TESSAVIEW_ENGINE_SINCE(8)
+#ifdef TESSAVIEW_ENGINE_6_8
     profile->setPersistentPermissionsPolicy(QWebEngineProfile::PersistentPermissionsPolicy::StoreInMemory);
 #endif
     return profile;
@@ -149,7 +153,7 @@ std::unique_ptr<QWebEngineProfile> QtEngineVersions::OpenProfile(const QString& 
 
 void QtEngineVersions::FollowPermissions(QWebEnginePage& page, QObject& context,
                                          const std::function<void(const PermissionRequest&)>& asked) {
-#if TESSAVIEW_ENGINE_SINCE(8)
+#ifdef TESSAVIEW_ENGINE_6_8
     const auto tell = [asked](const QWebEnginePermission& permission) {
         asked({permission.origin(), PermissionOfEngine(permission.permissionType()),
                [permission](bool allowed) { allowed ? permission.grant() : permission.deny(); }});
@@ -171,7 +175,7 @@ void QtEngineVersions::FollowPermissions(QWebEnginePage& page, QObject& context,
 void QtEngineVersions::ForgetPermission(QWebEnginePage& page, const QUrl& origin, SitePermission permission) {
     for (const auto& [engine, site] : kEnginePermissions) {
         if (site != permission) continue;
-#if TESSAVIEW_ENGINE_SINCE(8)
+#ifdef TESSAVIEW_ENGINE_6_8
         page.profile()->queryPermission(origin, engine).reset();
 #else
         // All others it asks about every time.
@@ -183,7 +187,7 @@ void QtEngineVersions::ForgetPermission(QWebEnginePage& page, const QUrl& origin
 
 void QtEngineVersions::FollowScreenRequests([[maybe_unused]] QWebEnginePage& page, [[maybe_unused]] QObject& context,
                                             [[maybe_unused]] const std::function<void(const ScreenRequest&)>& asked) {
-#if TESSAVIEW_ENGINE_SINCE(7)
+#ifdef TESSAVIEW_ENGINE_6_7
     // The closures keep the request, and with it the lists.
     const auto tell = [asked](const QWebEngineDesktopMediaRequest& request) {
         asked({request.screensModel(), request.windowsModel(),
@@ -198,7 +202,7 @@ void QtEngineVersions::FollowScreenRequests([[maybe_unused]] QWebEnginePage& pag
 void QtEngineVersions::FollowSecurityKeys([[maybe_unused]] QWebEnginePage& page, [[maybe_unused]] QObject& context,
                                           [[maybe_unused]] const std::function<void(const SecurityKeyRequest&)>& asked,
                                           [[maybe_unused]] const std::function<void()>& changed) {
-#if TESSAVIEW_ENGINE_SINCE(7)
+#ifdef TESSAVIEW_ENGINE_6_7
     const auto tell = [asked, changed, &context](KeyRequest* request) {
         const QPointer<KeyRequest> key(request);
         QObject::connect(request, &KeyRequest::stateChanged, &context, changed);
@@ -215,27 +219,31 @@ void QtEngineVersions::FollowSecurityKeys([[maybe_unused]] QWebEnginePage& page,
 
 void QtEngineVersions::FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::function<void()>& asked) {
     QObject::connect(&page, &QWebEnginePage::printRequested, &context, asked);
-#if TESSAVIEW_ENGINE_SINCE(8)
+#ifdef TESSAVIEW_ENGINE_6_8
     // Before, a frame's wish was the page's.
     QObject::connect(&page, &QWebEnginePage::printRequestedByFrame, &context, asked);
 #endif
 }
 
 bool QtEngineVersions::GoesThereSilently(const QUrl& shown, const QUrl& target) {
-    return TESSAVIEW_ENGINE_SINCE(10) && target.hasFragment() && shown == target;
+    // What it does is asked of the engine that runs. That of 6.10 is the first that is based on this one.
+    constexpr int kChromium = 134;
+    const bool newer =
+        QVersionNumber::fromString(QLatin1String(qWebEngineChromiumVersion())).majorVersion() >= kChromium;
+    return newer && target.hasFragment() && shown == target;
 }
 
 // Before 6.9 the engine dropped by itself what nobody accepted; since then it waits for an answer.
 void QtEngineVersions::Refuse(QWebEngineDownloadRequest& request) {
     request.cancel();
     // Later, for the engine is in the middle of asking. Before 6.9 it deletes the request itself.
-#if TESSAVIEW_ENGINE_SINCE(9)
+#ifdef TESSAVIEW_ENGINE_6_9
     request.deleteLater();
 #endif
 }
 
 void QtEngineVersions::SetAnimations([[maybe_unused]] QWebEngineSettings& settings, [[maybe_unused]] bool on) {
-#if TESSAVIEW_ENGINE_SINCE(8)
+#ifdef TESSAVIEW_ENGINE_6_8
     using Policy = QWebEngineSettings::ImageAnimationPolicy;
     settings.setImageAnimationPolicy(on ? Policy::Allow : Policy::Disallow);
 #endif
