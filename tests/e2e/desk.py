@@ -293,11 +293,21 @@ class Program:
     def keys(self, *keys):
         """Presses key combinations, named as xdotool names them: "ctrl+w", "Return"."""
         self.focus()
-        subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)
+        subprocess.run(["xdotool", "key", "--clearmodifiers", *map(with_places, keys)], check=True)
 
     def screenshot(self, file):
         """Writes the whole display as a picture."""
         subprocess.run(["import", "-window", "root", file], check=True)
+
+
+# Where a keyboard has its function keys, as the X server counts. Of the layouts of newer systems xdotool takes one of
+# their other levels, and presses Alt as well.
+PLACES = {f"F{number}": str(66 + number if number <= 10 else 84 + number) for number in range(1, 13)}
+
+
+def with_places(combination):
+    """The combination with its function key by its place."""
+    return "+".join(PLACES.get(key, key) for key in combination.split("+"))
 
 
 def xdotool(*arguments):
