@@ -50,7 +50,7 @@ def walk(node, into=lambda node: True):
 
 
 # Newer accessibility buses call some things otherwise; the tests know one name for each.
-ROLES = {"button": "push button"}
+ROLES = {"button": "push button", "push button menu": "push button", "button menu": "push button"}
 
 
 def role_of(node):
