@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineSettings>
 #include <chrono>
@@ -149,8 +150,10 @@ void QtPage::OnInputReport(const QString& report) {
     if (state == u"no") m_input.remove(document);
 }
 
-// A page that another one opens has its address before it begins to load, and before it has its document.
+// A page that another one opens has its address before it begins to load, and before it has its document. Newer engines
+// tell of the first address while it is loaded, too; what is shown has a place in the history.
 void QtPage::OnAddress(const QUrl& address) {
+    if (history()->count() == 0 && Awaits(address)) return;
     if (m_loading || !Awaits(address)) m_awaited.clear();
 }
 
