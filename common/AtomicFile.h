@@ -18,9 +18,18 @@
 /// Whether the file may be written: not by a user who may write everything if it is marked read-only for all.
 [[nodiscard]] bool IsWritable(const std::string& path);
 
-/// Replaces a file, or makes it: written beside it, flushed, renamed. Owner and mode stay, a link goes on pointing to
-/// it. Only where the folder takes no new file but the file itself may be written is it rewritten in place.
-Outcome WriteWholeFile(const std::string& path, std::string_view bytes);
+/// Who may read a file that is written: whoever could before, of a new one whoever the user's mask lets; or nobody but
+/// the user.
+enum class Readers { AsUsual, UserAlone };
+
+/// Replaces a file, or makes it: written beside it, flushed, renamed, and its folder flushed. The owner stays and so
+/// does the mode, a link goes on pointing to it. Only where the rights of the folder keep a new file out, but the file
+/// itself may be written, is it rewritten in place, when there is room for it; never for want of room in the folder.
+Outcome WriteWholeFile(const std::string& path, std::string_view bytes, Readers readers = Readers::AsUsual);
+/// Whether `WriteWholeFile` could replace the file as a whole now: writes those bytes beside it and removes them.
+[[nodiscard]] Outcome TryWholeFile(const std::string& path, std::string_view bytes);
+/// Removes what writers of that file that were killed left beside it. Nobody else may be writing it meanwhile.
+void RemoveLeftovers(const std::string& path);
 
 /// Removes a file, not one that is marked read-only for all. Done when there is none.
 Outcome RemoveFile(const std::string& path);

@@ -1,6 +1,7 @@
 #include "qt/QtInstanceChannel.h"
 
-#include "qt/QtFileLock.h"
+#include "common/FileLock.h"
+#include "qt/QtPathBytes.h"
 #include "qt/QtText.h"
 
 #include <QCryptographicHash>
@@ -11,6 +12,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -66,7 +68,8 @@ Outcome QtInstanceChannel::RegisterMessage(TextView name) {
 
 bool QtInstanceChannel::PreviousInstance(Instances allowed) {
     // Held while a start looks for instances and becomes one, so that two starts at one moment do not both become one.
-    const QtFileLock lock(m_folder.PathOf(m_prefix + QStringLiteral("lock")), m_patience);
+    const FileLock lock(PathBytes(m_folder.PathOf(m_prefix + QStringLiteral("lock"))),
+                        std::chrono::milliseconds(m_patience));
     m_running = FindRunning();
     if (m_running.isEmpty() || allowed == Instances::Several) Listen();
     return !m_running.isEmpty();

@@ -1,6 +1,8 @@
 #include "qt/QtPageOutput.h"
 
+#include "common/AtomicFile.h"
 #include "qt/QtPage.h"
+#include "qt/QtPathBytes.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -10,7 +12,6 @@
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineView>
@@ -34,8 +35,8 @@ constexpr std::array kFormats{
 constexpr qsizetype kLongestName = 80;
 
 bool Write(const QString& path, const QByteArray& bytes) {
-    QSaveFile file(path);
-    return !bytes.isEmpty() && file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    const std::string_view all(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    return !all.empty() && WriteWholeFile(PathBytes(path), all) == Outcome::Done;
 }
 
 void TellNotWritten(const QString& path, QWidget* parent) {

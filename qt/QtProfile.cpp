@@ -3,6 +3,7 @@
 #include "qt/QtBrowsingData.h"
 #include "qt/QtDialogScheme.h"
 #include "qt/QtEngineVersions.h"
+#include "qt/QtPathBytes.h"
 #include "qt/QtResources.h"
 #include "qt/QtStartPage.h"
 
@@ -15,21 +16,13 @@
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 namespace {
 
-// The descriptor of the locked folder; -1 when another process holds it or it cannot be made.
-int LockFolder(const QString& folder) {
-    if (!QDir().mkpath(folder)) return -1;
+// Not held when another process holds it or the folder cannot be made.
+FileLock LockFolder(const QString& folder) {
+    if (folder.isEmpty() || !QDir().mkpath(folder)) return {};
     QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    const int lock = ::open(QFile::encodeName(folder + QStringLiteral("/lock")).constData(),
-                            O_CREAT | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) == 0) return lock;
-    if (lock >= 0) ::close(lock);
-    return -1;
+    return FileLock(PathBytes(folder + QStringLiteral("/lock")), {});
 }
 
 // Runs in every frame, in a world of its own that the page cannot see. The engine has no signal for frames, so each
@@ -47,10 +40,10 @@ constexpr auto kPageScript = "console.debug('%1 page ' + location.href);";
 } // namespace
 
 QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QString& token)
-    : m_lock(folder.isEmpty() ? -1 : LockFolder(folder)),
+    : m_lock(LockFolder(folder)),
       m_startPage(std::make_unique<QtStartPage>()),
       m_dialogs(std::make_unique<QtDialogScheme>()) {
-    if (m_lock >= 0) {
+    if (m_lock.Held()) {
         QtBrowsingData::ForgetSites(folder);
         // The engine's own list of what sites may do, which nobody here could look at or change.
         QFile::remove(folder + QStringLiteral("/permissions.json"));
@@ -69,7 +62,6 @@ QtProfile::~QtProfile() {
     // Those that nobody shows and that are not done yet.
     qDeleteAll(m_profile->findChildren<QWebEnginePage*>(QString(), Qt::FindDirectChildrenOnly));
     m_profile.reset();
-    if (m_lock >= 0) ::close(m_lock);
 }
 
 void QtProfile::ApplySettings() {

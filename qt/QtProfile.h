@@ -1,4 +1,5 @@
 #pragma once
+#include "common/FileLock.h"
 #include "qt/QtLoadSwitches.h"
 
 #include <QString>
@@ -35,7 +36,7 @@ private:
     void InstallInputWatch(const QString& token);
     void ApplySettings();
 
-    int m_lock = -1;
+    FileLock m_lock; ///< held until the profile has ended
     QtLoadSwitches m_loads;
     std::unique_ptr<QtStartPage> m_startPage;
     std::unique_ptr<QtDialogScheme> m_dialogs;

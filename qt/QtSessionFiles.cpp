@@ -1,6 +1,7 @@
 #include "qt/QtSessionFiles.h"
 
 #include "common/AtomicFile.h"
+#include "qt/QtPathBytes.h"
 #include "qt/QtText.h"
 
 #include <QCoreApplication>
@@ -9,10 +10,6 @@
 #include <QFile>
 #include <utility>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 namespace {
 
 constexpr qsizetype kMostKept = 10;
@@ -20,13 +17,6 @@ constexpr qint64 kLeftoverAge = 3600; // seconds
 const QString& Ending() {
     static const QString ending = QStringLiteral(".session");
     return ending;
-}
-
-int OpenLocked(const QString& path) {
-    const int lock = ::open(QFile::encodeName(path).constData(), O_CREAT | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (lock < 0 || ::flock(lock, LOCK_EX | LOCK_NB) == 0) return lock;
-    ::close(lock);
-    return -1;
 }
 
 } // namespace
@@ -43,23 +33,23 @@ QtSessionFiles::QtSessionFiles(QString folder)
 
 QtSessionFiles::~QtSessionFiles() {
     m_writer.waitForDone();
-    if (m_lock < 0) return;
-    QFile::remove(PathOf(m_own) + QStringLiteral(".lock"));
-    ::close(m_lock);
+    if (m_lock.Held()) QFile::remove(LockOf(m_own));
 }
 
 QString QtSessionFiles::PathOf(const QString& name) const { return m_folder + QLatin1Char('/') + name; }
 
+QString QtSessionFiles::LockOf(const QString& name) const { return PathOf(name) + QStringLiteral(".lock"); }
+
 bool QtSessionFiles::Begin() {
-    if (m_lock >= 0) return true;
+    if (m_lock.Held()) return true;
     if (!QDir().mkpath(m_folder)) return false;
     QFile::setPermissions(m_folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    m_lock = OpenLocked(PathOf(m_own) + QStringLiteral(".lock"));
-    return m_lock >= 0;
+    m_lock = FileLock(PathBytes(LockOf(m_own)), {});
+    return m_lock.Held();
 }
 
 Outcome QtSessionFiles::WriteOwn(const std::string& bytes) {
-    if (bytes.empty() && m_lock < 0) return Outcome::Done;
+    if (bytes.empty() && !m_lock.Held()) return Outcome::Done;
     if (!Begin()) return Outcome::Failed;
     WriteLater(m_own, bytes);
     return Outcome::Done;
@@ -70,22 +60,17 @@ void QtSessionFiles::WriteLater(const QString& name, const std::string& bytes) {
         if (bytes.empty())
             QFile::remove(path);
         else
-            static_cast<void>(WriteWholeFile(QFile::encodeName(path).toStdString(), bytes));
+            static_cast<void>(WriteWholeFile(PathBytes(path), bytes, Readers::UserAlone));
     });
 }
 
 bool QtSessionFiles::HasEnded(const QString& name) const {
-    const QString lockPath = PathOf(name) + QStringLiteral(".lock");
-    if (!QFile::exists(lockPath)) return true;
-    const int lock = OpenLocked(lockPath);
-    if (lock < 0) return false;
-    ::close(lock);
-    return true;
+    return !QFile::exists(LockOf(name)) || FileLock(PathBytes(LockOf(name)), {}).Held();
 }
 
 void QtSessionFiles::Remove(const QString& name) const {
     QFile::remove(PathOf(name));
-    QFile::remove(PathOf(name) + QStringLiteral(".lock"));
+    QFile::remove(LockOf(name));
 }
 
 // What killed runs left beside their sessions: a file half written, the lock of a session that had no pages. What is
@@ -93,7 +78,7 @@ void QtSessionFiles::Remove(const QString& name) const {
 void QtSessionFiles::RemoveLeftovers() const {
     const QDateTime old = QDateTime::currentDateTimeUtc().addSecs(-kLeftoverAge);
     const QString lock = QStringLiteral(".lock");
-    const QStringList patterns{QStringLiteral(".tessaview-??????"), QLatin1Char('*') + Ending() + lock};
+    const QStringList patterns{QStringLiteral(".*.tessaview-??????"), QLatin1Char('*') + Ending() + lock};
     for (const QFileInfo& each : QDir(m_folder).entryInfoList(patterns, QDir::Files | QDir::Hidden)) {
         if (each.lastModified() > old) continue;
         const QString session = each.filePath().chopped(lock.size());
@@ -115,8 +100,7 @@ std::vector<KeptSession> QtSessionFiles::Earlier() {
             Remove(name);
             continue;
         }
-        if (auto bytes = ReadWholeFile(QFile::encodeName(PathOf(name)).toStdString()))
-            sessions.push_back({FromQt(name), std::move(*bytes)});
+        if (auto bytes = ReadWholeFile(PathBytes(PathOf(name)))) sessions.push_back({FromQt(name), std::move(*bytes)});
     }
     return sessions;
 }

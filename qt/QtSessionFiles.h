@@ -1,4 +1,5 @@
 #pragma once
+#include "common/FileLock.h"
 #include "common/platform/SessionFiles.h"
 
 #include <QString>
@@ -20,6 +21,7 @@ public:
 
 private:
     [[nodiscard]] QString PathOf(const QString& name) const;
+    [[nodiscard]] QString LockOf(const QString& name) const;
     bool Begin();
     bool HasEnded(const QString& name) const;
     void Remove(const QString& name) const;
@@ -27,6 +29,6 @@ private:
     void WriteLater(const QString& name, const std::string& bytes);
 
     QString m_folder, m_own;
-    int m_lock = -1;
+    FileLock m_lock;
     QThreadPool m_writer;
 };

@@ -1,38 +1,18 @@
 #include "qt/QtSettingsStorage.h"
 
-#include "qt/QtFileLock.h"
+#include "common/AtomicFile.h"
+#include "common/FileLock.h"
+#include "qt/QtPathBytes.h"
 #include "qt/QtText.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-#include <QTemporaryFile>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
-constexpr auto kUserFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-constexpr auto kUserFolder = kUserFile | QFileDevice::ExeOwner;
+constexpr auto kUserFolder = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
 constexpr int kMostDamagedFiles = 10000;
-
-// Never through a buffer: its flush takes a disk that fills up half way for success.
-constexpr auto kWriteAtOnce = QIODevice::WriteOnly | QIODevice::Unbuffered;
-
-bool WriteWhole(QIODevice& file, const std::string& bytes) {
-    const auto size = static_cast<qint64>(bytes.size());
-    return file.write(bytes.data(), size) == size;
-}
-
-// A rename is on disk once its folder is.
-void FlushFolder(const QString& folder) {
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-}
 
 } // namespace
 
@@ -86,7 +66,7 @@ QtSettingsStorage::QtSettingsStorage(QString folder)
 std::unique_ptr<SettingsStorage> QtSettingsStorage::Open() {
     Loaded loaded = Load();
     if (loaded.trouble != Trouble::None) {
-        const QtFileLock lock(m_file + QStringLiteral(".lock"));
+        const FileLock lock = Lock();
         // Another process may have put the file aside by now.
         loaded.values = LoadSound().value_or(SettingsValues());
     }
@@ -139,38 +119,22 @@ bool QtSettingsStorage::MakeFolder() const {
 }
 
 bool QtSettingsStorage::HasRoomFor(const SettingsValues& values) const {
-    if (!MakeFolder()) return false;
-    QTemporaryFile trial(m_file + QStringLiteral(".XXXXXX"));
-    QIODevice& file = trial;
-    return file.open(kWriteAtOnce) && WriteWhole(file, SettingsBytes(values));
+    return MakeFolder() && TryWholeFile(PathBytes(m_file), SettingsBytes(values)) == Outcome::Done;
 }
 
+FileLock QtSettingsStorage::Lock() const { return FileLock(PathBytes(m_file + QStringLiteral(".lock"))); }
+
 bool QtSettingsStorage::Save(const SettingsValues& changes) {
-    const QtFileLock lock(m_file + QStringLiteral(".lock"));
+    const FileLock lock = Lock();
     if (!lock.Held()) return false;
     auto values = LoadSound();
     if (!values) return false;
     for (const auto& [name, value] : changes) values->insert_or_assign(name, value);
-    if (!Replace(*values)) return false;
-    RemoveLeftovers();
+    if (WriteWholeFile(PathBytes(m_file), SettingsBytes(*values), Readers::UserAlone) == Outcome::Failed) return false;
+    // Under the lock such a file is in use only to try the disk, and then it may go too.
+    RemoveLeftovers(PathBytes(m_file));
     m_saidNotSaved = false;
     return true;
-}
-
-bool QtSettingsStorage::Replace(const SettingsValues& values) const {
-    QSaveFile file(m_file);
-    if (!file.open(kWriteAtOnce) || !file.setPermissions(kUserFile)) return false;
-    if (!WriteWhole(file, SettingsBytes(values)) || !file.commit()) return false;
-    FlushFolder(m_folder);
-    return true;
-}
-
-// What killed processes left half written. Under the lock such a file is in use only to try the disk, and then it may
-// go too.
-void QtSettingsStorage::RemoveLeftovers() const {
-    QDir folder(m_folder);
-    const QStringList patterns{QFileInfo(m_file).fileName() + QStringLiteral(".??????")};
-    for (const QString& name : folder.entryList(patterns, QDir::Files | QDir::Hidden)) folder.remove(name);
 }
 
 void QtSettingsStorage::SetReport(std::function<void(Text)> report) {

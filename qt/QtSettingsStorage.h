@@ -1,4 +1,5 @@
 #pragma once
+#include "common/FileLock.h"
 #include "common/platform/SettingsStorage.h"
 #include "settings/SettingsText.h"
 
@@ -43,8 +44,7 @@ private:
     /// Whether the folder takes a file that holds these values.
     [[nodiscard]] bool HasRoomFor(const SettingsValues& values) const;
     [[nodiscard]] bool Save(const SettingsValues& changes);
-    [[nodiscard]] bool Replace(const SettingsValues& values) const;
-    void RemoveLeftovers() const;
+    [[nodiscard]] FileLock Lock() const;
 
     void Say(const QString& message);
     void SayNotSaved();

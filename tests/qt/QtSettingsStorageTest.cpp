@@ -88,7 +88,7 @@ TEST_F(QtSettingsStorageTest, IsReadableByTheUserAlone) {
 
 TEST_F(QtSettingsStorageTest, LeavesNothingButItsFileAndItsLock) {
     ResumeNext(m_settings.Open()->Write(u"A", u"1"));
-    WriteFile(m_file + QStringLiteral(".AbCdEf"), "half written by a killed process");
+    WriteFile(m_folder + QStringLiteral("/.settings.ini.tessaview-abcdef"), "half written by a killed process");
     ResumeNext(m_settings.Open()->Write(u"A", u"2"));
     EXPECT_EQ(Files(), QStringLiteral("settings.ini settings.ini.lock"));
 }

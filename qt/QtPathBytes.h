@@ -1,0 +1,7 @@
+#pragma once
+#include <QFile>
+#include <QString>
+#include <string>
+
+/// The bytes that name a file on disk, for what works below Qt.
+[[nodiscard]] inline std::string PathBytes(const QString& path) { return QFile::encodeName(path).toStdString(); }
