@@ -2,6 +2,13 @@
 
 #include "common/CommandBarLayout.h"
 
+LayoutKeeper::LayoutKeeper(CommandBar& actBar, LayoutFile& file) : m_actBar(actBar), m_file(file) {
+    m_trouble.Say = [this](TextView message) { Tell(message); };
+    m_trouble.TryAgain = [this] {
+        if (TryAgain) TryAgain();
+    };
+}
+
 void LayoutKeeper::Tell(TextView message) const {
     if (Say) Say(message);
 }
@@ -17,7 +24,9 @@ void LayoutKeeper::Load() {
 void LayoutKeeper::Save() {
     const std::string bytes = CommandBarLayout::Save(m_actBar);
     if (m_unread && bytes == m_loaded) return;
-    const Outcome written = m_file.Write(bytes);
-    if (written == Outcome::Failed) Tell(u"The layout of the toolbars could not be saved.");
-    ResumeNext(written);
+    m_trouble.Note(m_file.Write(bytes));
+}
+
+void LayoutKeeper::SaveAgain() {
+    if (m_trouble.Pending()) Save();
 }

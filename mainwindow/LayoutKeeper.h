@@ -1,5 +1,6 @@
 #pragma once
 #include "common/CommandBar.h"
+#include "common/WriteTrouble.h"
 #include "common/platform/LayoutFile.h"
 
 #include <functional>
@@ -8,7 +9,9 @@
 class LayoutKeeper {
 public:
     /// Both outlive it.
-    LayoutKeeper(CommandBar& actBar, LayoutFile& file) : m_actBar(actBar), m_file(file) {}
+    LayoutKeeper(CommandBar& actBar, LayoutFile& file);
+    LayoutKeeper(const LayoutKeeper&) = delete;
+    LayoutKeeper& operator=(const LayoutKeeper&) = delete;
 
     /// Arranges the bar, which is as designed, like the file says. One that is missing or cannot be read changes
     /// nothing.
@@ -16,15 +19,20 @@ public:
     /// Writes the layout. A file that could not be read is replaced only when the user has arranged something since,
     /// so that a passing trouble does not cost the layout that is in it.
     void Save();
+    /// Writes it again when the last write failed.
+    void SaveAgain();
 
     /// Tells the user what went wrong. Filled in by the owner.
     std::function<void(TextView)> Say;
+    /// Has `SaveAgain` called in a while. Filled in by the owner.
+    std::function<void()> TryAgain;
 
 private:
     void Tell(TextView message) const;
 
     CommandBar& m_actBar;
     LayoutFile& m_file;
+    WriteTrouble m_trouble{u"The layout of the toolbars could not be saved."};
     bool m_unread = false;
     std::string m_loaded; ///< the layout as it was after loading
 };

@@ -3,6 +3,16 @@
 #include <algorithm>
 #include <utility>
 
+SessionJournal::SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
+    : m_files(files), m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {
+    const auto say = [this](TextView message) {
+        if (Say) Say(message);
+    };
+    m_trouble.Say = say;
+    m_trouble.TryAgain = [this] { Touch(); };
+    m_settleTrouble.Say = say;
+}
+
 void SessionJournal::Touch() {
     if (!Schedule || std::exchange(m_touched, true)) return;
     Schedule();
@@ -23,10 +33,19 @@ Session SessionJournal::Snapshot() const {
 }
 
 void SessionJournal::Keep(Session session) {
-    if (session == m_written) return;
+    if (session == m_written && m_unsettled.empty()) return;
     m_written = session;
     session.Time = Now ? Now() : 0;
-    ResumeNext(m_files.WriteOwn(session.Pages.empty() ? std::string() : SessionBytes(session)));
+    m_files.WriteOwn(session.Pages.empty() ? std::string() : SessionBytes(session),
+                     [this, unsettled = m_unsettled](Outcome outcome) { OnWritten(outcome, unsettled); });
+}
+
+void SessionJournal::OnWritten(Outcome outcome, const std::vector<Text>& unsettled) {
+    if (outcome == Outcome::Failed) m_written.reset();
+    m_trouble.Note(outcome);
+    if (outcome == Outcome::Failed) return;
+    std::erase_if(m_unsettled, [&](const Text& each) { return std::ranges::find(unsettled, each) != unsettled.end(); });
+    for (const Text& each : unsettled) Settle(each);
 }
 
 void SessionJournal::Write() {
@@ -63,10 +82,14 @@ void SessionJournal::Reopen(TextView Id) {
     const auto sessions = Earlier();
     const auto found = std::ranges::find(sessions, Id, [](const auto& each) { return TextView(each.first); });
     if (found == sessions.end()) return;
-    Open(found->second.Pages, found->second.Selected);
+    OpenAndSettle(found->second.Pages, found->second.Selected, Id);
+}
+
+void SessionJournal::OpenAndSettle(const std::vector<SessionPage>& pages, std::size_t front, TextView Id) {
+    Open(pages, front);
     // Its pages are our own on disk before it is no longer offered: the next crash may come at once.
+    m_unsettled.emplace_back(Id);
     Write();
-    Settle(Id);
 }
 
 void SessionJournal::Open(const std::vector<SessionPage>& pages, std::size_t front) {
@@ -86,6 +109,15 @@ void SessionJournal::Settle(TextView Id) {
         auto session = kept.Id == Id ? SessionFromBytes(kept.Bytes) : std::nullopt;
         if (!session || session->Settled) continue;
         session->Settled = true;
-        ResumeNext(m_files.Rewrite(Id, SessionBytes(*session)));
+        m_files.Rewrite(Id, SessionBytes(*session), [this, id = Text(Id)](Outcome outcome) { OnSettled(outcome, id); });
     }
+}
+
+void SessionJournal::OnSettled(Outcome outcome, const Text& id) {
+    m_settleTrouble.Note(outcome);
+    if (outcome == Outcome::Failed) m_unsettled.push_back(id);
+}
+
+void SessionJournal::Forget(TextView Id) {
+    m_files.Rewrite(Id, {}, [this](Outcome outcome) { m_settleTrouble.Note(outcome); });
 }

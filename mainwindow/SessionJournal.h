@@ -1,5 +1,6 @@
 #pragma once
 #include "common/TabStrip.h"
+#include "common/WriteTrouble.h"
 #include "common/platform/SessionFiles.h"
 #include "mainwindow/Session.h"
 #include "tabs/TabSet.h"
@@ -11,12 +12,13 @@
 class SessionJournal {
 public:
     /// All outlive this object.
-    SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
-        : m_files(files), m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {}
+    SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser);
+    SessionJournal(const SessionJournal&) = delete;
+    SessionJournal& operator=(const SessionJournal&) = delete;
 
     /// Something has changed: has `Write` called soon, once for all changes until then.
     void Touch();
-    /// Writes the open pages down, when they are others than were last written.
+    /// Writes the open pages down, when they are others than were last written. A write that fails is tried again.
     void Write();
     /// Writes them down for the last time. The session has ended well; from now on nothing is written.
     void End();
@@ -25,29 +27,39 @@ public:
     [[nodiscard]] std::optional<std::pair<Text, Session>> ToOffer() const;
     /// All sessions that are kept, newest first, by their ids.
     [[nodiscard]] std::vector<std::pair<Text, Session>> Earlier() const;
-    /// Opens all pages of a session in new tabs, the one that was in front in front. The session is settled.
+    /// Opens all pages of a session in new tabs, the one that was in front in front, and settles it.
     void Reopen(TextView Id);
+    /// Opens pages in new tabs, the 1-based `front` in front; 0 means the last. The session whose pages these all are
+    /// is settled once they have been written down.
+    void OpenAndSettle(const std::vector<SessionPage>& pages, std::size_t front, TextView Id);
     /// Opens pages in new tabs, the 1-based `front` in front; 0 means the last.
     void Open(const std::vector<SessionPage>& pages, std::size_t front);
     /// The user need not be asked about this session again. It is still kept.
     void Settle(TextView Id);
     /// Forgets a session.
-    void Forget(TextView Id) { ResumeNext(m_files.Rewrite(Id, {})); }
+    void Forget(TextView Id);
 
     /// Has `Write` called in a part of a second. Filled in by the program; without it nothing is written meanwhile.
     std::function<void()> Schedule;
     /// The present time in seconds since 1970. Filled in by the program.
     std::function<std::int64_t()> Now;
+    /// Tells the user that pages could not be written down. Filled in by the program.
+    std::function<void(TextView)> Say;
 
 private:
     [[nodiscard]] Session Snapshot() const;
     void Keep(Session session);
+    void OnWritten(Outcome outcome, const std::vector<Text>& unsettled);
+    void OnSettled(Outcome outcome, const Text& id);
 
     SessionFiles& m_files;
     TabSet& m_tabs;
     TabStrip& m_pcPage;
     ViewArray& m_browser;
-    Session m_written;
+    std::optional<Session> m_written{Session()}; ///< nothing when the last write failed
+    std::vector<Text> m_unsettled;               ///< to be settled once the open pages are written down
+    WriteTrouble m_trouble{u"The open pages could not be written down: a crash would lose them."};
+    WriteTrouble m_settleTrouble{u"An earlier session could not be changed and may be offered again."};
     bool m_touched = false;
     bool m_ended = false;
 };

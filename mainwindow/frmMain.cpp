@@ -74,6 +74,11 @@ void frmMain::WireParts() {
     Pages.ApplyLoadOptions = Platform.applyLoadOptions;
     MainCommands::Fill(Commands.host, *this);
     Layout.Say = [this](TextView message) { Tabs.ShowStatusText(message); };
+    Sessions.Say = Layout.Say;
+    Layout.TryAgain = [this] {
+        if (RetryLater) RetryLater();
+    };
+    Downloads.TryAgain = Layout.TryAgain;
     Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
     Commands.host.ShowAbout = [this] { ShowAbout(); };
     Commands.host.ShowSessions = [this] { ShowSessions(); };
@@ -143,6 +148,11 @@ void frmMain::OpenStartLink(std::string_view link) {
     CKeyValues groups = name ? TessaGroups::List(Platform.groupFolder) : CKeyValues();
     const auto* group = name ? groups.FindItem(*name) : nullptr;
     if (group) OpenTessaGroup(Text(group->Value));
+}
+
+void frmMain::RetryWrites() {
+    Layout.SaveAgain();
+    Downloads.WriteAgain();
 }
 
 void frmMain::Form_Activate() {

@@ -114,6 +114,8 @@ public:
     void OrganizeTessaGroup(TextView sFileName) { Groups.OrganizeTessaGroup(sFileName); }
     /// Follows a link of the home page, which opens a TessaGroup or searches. Any other address does nothing.
     void OpenStartLink(std::string_view link);
+    /// Writes again what could not be written; when a while has gone by since `RetryLater` asked for it.
+    void RetryWrites();
     void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
     /// The address box and the search box.
     [[nodiscard]] ComboTool* AddressCombo() const { return Tabs.AddressCombo(); }
@@ -150,6 +152,8 @@ public:
     bool& TGCloseOthersFirst = Groups.TGCloseOthersFirst;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
     std::function<void()> Unloaded;
+    /// Has `RetryWrites` called in a while. Filled in by the program's start.
+    std::function<void()> RetryLater;
 
 private:
     enum class Stage { New, Loaded, Unloaded };

@@ -100,8 +100,8 @@ void frmSessions::Open(const std::vector<std::size_t>& indexes) {
         if (each + 1 == session.Selected) front = pages.size();
     }
     Form.Visible = false;
+    if (pages.size() == session.Pages.size()) return m_journal.OpenAndSettle(pages, front, id);
     m_journal.Open(pages, front);
-    if (pages.size() == session.Pages.size()) m_journal.Settle(id);
 }
 
 void frmSessions::cmdSave_Click() {

@@ -23,6 +23,15 @@ std::optional<std::int64_t> Download::SecondsLeft(std::int64_t now) const {
     return (std::max<std::int64_t>(Report.Total - Report.Received, 0) + *rate - 1) / *rate;
 }
 
+Downloads::Downloads(DownloadDesktop& desktop, Text listFile) : m_desktop(desktop), m_listFile(std::move(listFile)) {
+    m_trouble.Say = [this](TextView message) {
+        if (Say) Say(message);
+    };
+    m_trouble.TryAgain = [this] {
+        if (TryAgain) TryAgain();
+    };
+}
+
 void Downloads::Load() {
     if (m_listFile.empty()) return;
     const auto bytes = ReadWholeFile(ToUtf8(m_listFile), DownloadList::kMostBytes);
@@ -69,8 +78,9 @@ const Download& Downloads::Begin(const Request& request, std::shared_ptr<Downloa
     download->Transfer = std::move(transfer);
     const std::int32_t id = download->Id;
     const Text name = NameOf(*download);
-    Update();
+    // First, so that it does not replace a complaint about the list.
     if (Say) Say(u"Saving " + name);
+    Update();
     return *Find(id);
 }
 
@@ -92,10 +102,9 @@ void Downloads::OnReport(std::int32_t id, const DownloadReport& report) {
         return;
     }
     const Text name = NameOf(*download);
+    if (Say && report.State == DownloadState::Done) Say(name + u" has been saved.");
+    if (Say && report.State == DownloadState::Broken) Say(name + u" could not be saved.");
     Update();
-    if (!Say) return;
-    if (report.State == DownloadState::Done) Say(name + u" has been saved.");
-    if (report.State == DownloadState::Broken) Say(name + u" could not be saved.");
 }
 
 void Downloads::Pause(std::int32_t id) {
@@ -195,6 +204,12 @@ void Downloads::Update() {
     if (Changed) Changed();
 }
 
-void Downloads::Write() const {
-    if (!m_listFile.empty()) ResumeNext(WriteWholeFile(ToUtf8(m_listFile), DownloadList::Bytes(m_all)));
+void Downloads::Write() {
+    if (m_listFile.empty()) return;
+    // Where files come from is the user's own business.
+    m_trouble.Note(WriteWholeFile(ToUtf8(m_listFile), DownloadList::Bytes(m_all), Readers::UserAlone));
+}
+
+void Downloads::WriteAgain() {
+    if (m_trouble.Pending()) Write();
 }

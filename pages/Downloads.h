@@ -1,4 +1,5 @@
 #pragma once
+#include "common/WriteTrouble.h"
 #include "common/platform/Downloads.h"
 #include "pages/TransferRate.h"
 
@@ -37,7 +38,9 @@ public:
     static constexpr std::size_t kMost = 200;
 
     /// `listFile` is where the list is kept; empty for nowhere. The desktop outlives the list.
-    Downloads(DownloadDesktop& desktop, Text listFile) : m_desktop(desktop), m_listFile(std::move(listFile)) {}
+    Downloads(DownloadDesktop& desktop, Text listFile);
+    Downloads(const Downloads&) = delete;
+    Downloads& operator=(const Downloads&) = delete;
 
     /// Reads the list of earlier runs.
     void Load();
@@ -72,6 +75,8 @@ public:
     void Clear();
     /// Ends all that are running, at the end of the program. They have broken off then.
     void End();
+    /// Writes the list again when the last write failed.
+    void WriteAgain();
 
     [[nodiscard]] const std::deque<Download>& All() const { return m_all; }
     [[nodiscard]] const Download* Find(std::int32_t id) const;
@@ -81,8 +86,10 @@ public:
 
     /// Something about the list has changed, or how far one is.
     std::function<void()> Changed;
-    /// A download has begun, is done or has broken off: a sentence for the user.
+    /// A download has begun, is done or has broken off, or the list cannot be written: a sentence for the user.
     std::function<void(TextView)> Say;
+    /// Has `WriteAgain` called in a while. Filled in by the owner.
+    std::function<void()> TryAgain;
 
 private:
     [[nodiscard]] Download* Look(std::int32_t id);
@@ -90,10 +97,11 @@ private:
     [[nodiscard]] bool Taken(TextView path) const;
     void Forget();
     void Update();
-    void Write() const;
+    void Write();
 
     DownloadDesktop& m_desktop;
     Text m_listFile;
+    WriteTrouble m_trouble{u"The list of downloads could not be saved."};
     std::deque<Download> m_all; ///< the newest first
     std::int32_t m_nextId = 1;
     bool m_ended = false;

@@ -13,6 +13,7 @@ namespace {
 
 // What is written down is never older than a second.
 constexpr std::chrono::milliseconds kJournalDelay{700};
+constexpr std::chrono::seconds kRetryDelay{1};
 constexpr std::chrono::seconds kGiveBackDelay{3};
 
 // What was freed stays with the process otherwise.
@@ -104,6 +105,11 @@ void QtProgram::WireSession() {
     m->journal.setInterval(kJournalDelay);
     m->journal.callOnTimeout([&journal] { journal.Write(); });
     journal.Schedule = [this] { m->journal.start(); };
+    m->retry.setSingleShot(true);
+    m->retry.setInterval(kRetryDelay);
+    m->retry.callOnTimeout([this] { m->main.RetryWrites(); });
+    m->main.RetryLater = [this] { m->retry.start(); };
+    journal.Say = m->main.Layout.Say;
     journal.Now = [] { return QDateTime::currentSecsSinceEpoch(); };
 }
 

@@ -110,5 +110,5 @@ struct QtProgram::Parts {
     QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
     QtTaskView taskView{main.TaskView, window};
     QtPageBars bars;
-    QTimer journal, sleep, giveBack;
+    QTimer journal, retry, sleep, giveBack;
 };

@@ -48,19 +48,17 @@ bool QtSessionFiles::Begin() {
     return m_lock.Held();
 }
 
-Outcome QtSessionFiles::WriteOwn(const std::string& bytes) {
-    if (bytes.empty() && !m_lock.Held()) return Outcome::Done;
-    if (!Begin()) return Outcome::Failed;
-    WriteLater(m_own, bytes);
-    return Outcome::Done;
+void QtSessionFiles::WriteOwn(const std::string& bytes, Written done) {
+    if (bytes.empty() && !m_lock.Held()) return done(Outcome::Done);
+    if (!Begin()) return done(Outcome::Failed);
+    WriteLater(m_own, bytes, std::move(done));
 }
 
-void QtSessionFiles::WriteLater(const QString& name, const std::string& bytes) {
-    m_writer.start([path = PathOf(name), bytes] {
-        if (bytes.empty())
-            QFile::remove(path);
-        else
-            static_cast<void>(WriteWholeFile(PathBytes(path), bytes, Readers::UserAlone));
+void QtSessionFiles::WriteLater(const QString& name, const std::string& bytes, Written done) {
+    m_writer.start([this, path = PathBytes(PathOf(name)), bytes, done = std::move(done)] {
+        const Outcome outcome = bytes.empty() ? RemoveFile(path) : WriteWholeFile(path, bytes, Readers::UserAlone);
+        QMetaObject::invokeMethod(
+            &m_window, [done, outcome] { done(outcome); }, Qt::QueuedConnection);
     });
 }
 
@@ -105,12 +103,10 @@ std::vector<KeptSession> QtSessionFiles::Earlier() {
     return sessions;
 }
 
-Outcome QtSessionFiles::Rewrite(TextView Id, const std::string& bytes) {
+void QtSessionFiles::Rewrite(TextView Id, const std::string& bytes, Written done) {
     const QString name = ToQt(Id);
-    if (name.contains(QLatin1Char('/')) || !QFile::exists(PathOf(name))) return Outcome::Failed;
-    if (bytes.empty())
-        Remove(name);
-    else
-        WriteLater(name, bytes);
-    return Outcome::Done;
+    if (name.contains(QLatin1Char('/')) || !QFile::exists(PathOf(name))) return done(Outcome::Failed);
+    if (!bytes.empty()) return WriteLater(name, bytes, std::move(done));
+    Remove(name);
+    done(QFile::exists(PathOf(name)) ? Outcome::Failed : Outcome::Done);
 }

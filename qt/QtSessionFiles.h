@@ -2,6 +2,7 @@
 #include "common/FileLock.h"
 #include "common/platform/SessionFiles.h"
 
+#include <QObject>
 #include <QString>
 #include <QThreadPool>
 #include <vector>
@@ -15,9 +16,9 @@ public:
     explicit QtSessionFiles(QString folder);
     ~QtSessionFiles() override;
 
-    Outcome WriteOwn(const std::string& bytes) override;
+    void WriteOwn(const std::string& bytes, Written done) override;
     [[nodiscard]] std::vector<KeptSession> Earlier() override;
-    Outcome Rewrite(TextView Id, const std::string& bytes) override;
+    void Rewrite(TextView Id, const std::string& bytes, Written done) override;
 
 private:
     [[nodiscard]] QString PathOf(const QString& name) const;
@@ -26,9 +27,10 @@ private:
     bool HasEnded(const QString& name) const;
     void Remove(const QString& name) const;
     void RemoveLeftovers() const;
-    void WriteLater(const QString& name, const std::string& bytes);
+    void WriteLater(const QString& name, const std::string& bytes, Written done);
 
     QString m_folder, m_own;
     FileLock m_lock;
+    QObject m_window; ///< lives in the window's thread, where those who write are told how it went
     QThreadPool m_writer;
 };

@@ -2,6 +2,7 @@
 #include "common/ResumeNext.h"
 #include "common/Text.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,12 +16,15 @@ struct KeptSession {
 /// Owned by the program's entry.
 class SessionFiles {
 public:
+    /// Tells how a write went, once, at once or later, but not after the event loop has ended.
+    using Written = std::function<void(Outcome)>;
+
     virtual ~SessionFiles() = default;
     /// Replaces what is kept of the session that runs; no bytes remove it. Written whole or not at all, soon after this
-    /// returns and before the program ends; a failure to begin is reported.
-    virtual Outcome WriteOwn(const std::string& bytes) = 0;
+    /// returns and before the program ends, in the order of the calls.
+    virtual void WriteOwn(const std::string& bytes, Written done) = 0;
     /// The sessions that have ended, newest first. One that another instance is running is not among them.
     [[nodiscard]] virtual std::vector<KeptSession> Earlier() = 0;
     /// Replaces a session that has ended; no bytes remove it.
-    virtual Outcome Rewrite(TextView Id, const std::string& bytes) = 0;
+    virtual void Rewrite(TextView Id, const std::string& bytes, Written done) = 0;
 };

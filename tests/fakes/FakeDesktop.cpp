@@ -90,10 +90,27 @@ Outcome FakeChannel::SendMessage() {
     return windowFound ? Outcome::Done : Outcome::Failed;
 }
 
-Outcome FakeSessions::Rewrite(TextView Id, const std::string& bytes) {
+void FakeSessions::WriteOwn(const std::string& bytes, Written done) {
+    ++writes;
+    const auto write = [this, bytes, done = std::move(done)] {
+        if (!refuses) own = bytes;
+        done(refuses ? Outcome::Failed : Outcome::Done);
+    };
+    if (slow)
+        m_waiting.emplace_back(write);
+    else
+        write();
+}
+
+void FakeSessions::Arrive() {
+    for (const auto& each : std::exchange(m_waiting, {})) each();
+}
+
+void FakeSessions::Rewrite(TextView Id, const std::string& bytes, Written done) {
+    if (refusesRewrite) return done(Outcome::Failed);
     for (KeptSession& kept : earlier) {
         if (kept.Id == Id) kept.Bytes = bytes;
     }
     std::erase_if(earlier, [](const KeptSession& kept) { return kept.Bytes.empty(); });
-    return Outcome::Done;
+    done(Outcome::Done);
 }

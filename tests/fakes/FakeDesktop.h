@@ -80,17 +80,20 @@ private:
 /// Sessions in memory, newest first.
 class FakeSessions final : public SessionFiles {
 public:
-    Outcome WriteOwn(const std::string& bytes) override {
-        own = bytes;
-        ++writes;
-        return refuses ? Outcome::Failed : Outcome::Done;
-    }
+    void WriteOwn(const std::string& bytes, Written done) override;
     [[nodiscard]] std::vector<KeptSession> Earlier() override { return earlier; }
-    Outcome Rewrite(TextView Id, const std::string& bytes) override;
+    void Rewrite(TextView Id, const std::string& bytes, Written done) override;
+    /// The disk gets to the writes that wait for it.
+    void Arrive();
     std::string own;
     int writes = 0;
-    bool refuses = false;
+    bool refuses = false;        ///< the disk has no room
+    bool refusesRewrite = false; ///< earlier sessions cannot be changed
+    bool slow = false;           ///< writes wait until they arrive
     std::vector<KeptSession> earlier;
+
+private:
+    std::vector<std::function<void()>> m_waiting;
 };
 
 /// The layout file in memory.

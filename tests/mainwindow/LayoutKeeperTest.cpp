@@ -97,6 +97,28 @@ TEST(LayoutKeeper, ALayoutThatCannotBeSavedIsSaidAndCostsNothing) {
     EXPECT_TRUE(desk.views.living.empty()) << "the window still ends";
 }
 
+TEST(LayoutKeeper, WhatCouldNotBeSavedIsTriedAgainUntilItIsAndSaidOnce) {
+    Desk desk;
+    int asked = 0, said = 0;
+    desk.main.RetryLater = [&] { ++asked; };
+    desk.main.Layout.Say = [&](TextView) { ++said; };
+    desk.Start();
+    desk.main.RetryWrites();
+    EXPECT_EQ(desk.layout.writes, 0) << "there is nothing to try";
+    desk.layout.refuses = true;
+    desk.ExpectSkipped(2);
+    desk.main.Layout.Save();
+    desk.main.RetryWrites();
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(said, 1);
+    desk.layout.refuses = false;
+    desk.main.RetryWrites();
+    EXPECT_EQ(desk.layout.bytes, CommandBarLayout::Save(desk.main.actBar));
+    desk.main.RetryWrites();
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(desk.layout.writes, 3);
+}
+
 TEST(LayoutKeeper, AFileThatCouldNotBeReadIsNotReplacedByTheDesign) {
     Desk desk;
     desk.layout.bytes = "what another program holds locked";

@@ -8,6 +8,7 @@ public:
     JournalDesk() {
         main.Sessions.Schedule = [this] { ++scheduled; };
         main.Sessions.Now = [this] { return now; };
+        main.Sessions.Say = [this](TextView message) { said.emplace_back(message); };
     }
     /// The pages that were written last, "*" behind the one in front.
     [[nodiscard]] std::string Written() const { return Shown(sessions.own); }
@@ -18,6 +19,7 @@ public:
 
     int scheduled = 0;
     std::int64_t now = 1000;
+    std::vector<Text> said;
 
 private:
     static std::string Shown(const std::string& bytes) {
@@ -110,6 +112,57 @@ TEST(SessionJournal, AFailingDiskDisturbsNobody) {
     desk.main.Sessions.Write();
 }
 
+TEST(SessionJournal, WhatCouldNotBeWrittenIsTriedAgainWithoutAChangeOfTabs) {
+    JournalDesk desk;
+    desk.StartWithTabs(1);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.sessions.refuses = true;
+    desk.ExpectSkipped(3);
+    for (int write = 1; write <= 3; ++write) {
+        desk.scheduled = 0;
+        desk.main.Sessions.Write();
+        EXPECT_EQ(desk.scheduled, 1) << write;
+    }
+    EXPECT_EQ(desk.said, std::vector<Text>{u"The open pages could not be written down: a crash would lose them."});
+    EXPECT_EQ(desk.Written(), "(none)");
+    desk.sessions.refuses = false;
+    desk.scheduled = 0;
+    desk.main.Sessions.Write();
+    EXPECT_EQ(desk.Written(), "http://one/*");
+    EXPECT_EQ(desk.scheduled, 0) << "there is nothing left to try";
+}
+
+TEST(SessionJournal, ASecondTroubleIsSaidAgain) {
+    JournalDesk desk;
+    desk.StartWithTabs(1);
+    desk.ExpectSkipped(2);
+    for (const TextView address : {u"http://one/", u"http://two/"}) {
+        desk.PageLoads(1, address, u"Title");
+        desk.sessions.refuses = true;
+        desk.main.Sessions.Write();
+        desk.sessions.refuses = false;
+        desk.main.Sessions.Write();
+    }
+    EXPECT_EQ(desk.said.size(), 2U);
+}
+
+TEST(SessionJournal, AWriteThatFailsLateIsTriedAgainToo) {
+    JournalDesk desk;
+    desk.StartWithTabs(1);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.sessions.slow = true;
+    desk.main.Sessions.Write();
+    desk.scheduled = 0;
+    desk.sessions.refuses = true;
+    desk.ExpectSkipped(1);
+    desk.sessions.Arrive();
+    EXPECT_EQ(desk.scheduled, 1);
+    desk.sessions.refuses = false;
+    desk.main.Sessions.Write();
+    desk.sessions.Arrive();
+    EXPECT_EQ(desk.Written(), "http://one/*");
+}
+
 TEST(SessionJournal, OffersTheNewestSessionThatEndedBadly) {
     JournalDesk desk;
     Session ended = Crashed({{u"http://well/", u""}});
@@ -139,6 +192,53 @@ TEST(SessionJournal, ReopensAllPagesWithTheRightOneInFront) {
     EXPECT_EQ(desk.views.At(2).location, u"http://a/");
     EXPECT_EQ(desk.views.At(4).location, u"http://c/");
     EXPECT_TRUE(desk.Kept(0)->Settled);
+}
+
+TEST(SessionJournal, AReopenedSessionIsSettledOnlyWhenItsPagesAreWrittenDown) {
+    JournalDesk desk;
+    desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
+    desk.StartWithTabs(1);
+    desk.sessions.refuses = true;
+    desk.ExpectSkipped(2);
+    desk.main.Sessions.Reopen(u"x");
+    EXPECT_FALSE(desk.Kept(0)->Settled) << "a crash now would lose its pages";
+    desk.main.Sessions.Write();
+    EXPECT_FALSE(desk.Kept(0)->Settled);
+    desk.sessions.refuses = false;
+    desk.main.Sessions.Write();
+    EXPECT_EQ(desk.Written(), "home: http://a/*");
+    EXPECT_TRUE(desk.Kept(0)->Settled);
+}
+
+TEST(SessionJournal, AReopenedSessionIsNotSettledByAWriteThatBeganBefore) {
+    JournalDesk desk;
+    desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
+    desk.StartWithTabs(1);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.sessions.slow = true;
+    desk.main.Sessions.Write();
+    desk.main.Sessions.Reopen(u"x");
+    EXPECT_FALSE(desk.Kept(0)->Settled);
+    desk.sessions.Arrive();
+    EXPECT_EQ(desk.Written(), "http://one/ http://a/*");
+    EXPECT_TRUE(desk.Kept(0)->Settled);
+}
+
+TEST(SessionJournal, AnEarlierSessionThatCannotBeSettledIsSaidOnceAndTriedWithTheNextWrite) {
+    JournalDesk desk;
+    desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
+    desk.StartWithTabs(1);
+    desk.sessions.refusesRewrite = true;
+    desk.ExpectSkipped(2);
+    desk.main.Sessions.Reopen(u"x");
+    desk.main.Sessions.Write();
+    EXPECT_EQ(desk.said, std::vector<Text>{u"An earlier session could not be changed and may be offered again."});
+    desk.sessions.refusesRewrite = false;
+    desk.main.Sessions.Write();
+    EXPECT_TRUE(desk.Kept(0)->Settled);
+    const int writes = desk.sessions.writes;
+    desk.main.Sessions.Write();
+    EXPECT_EQ(desk.sessions.writes, writes);
 }
 
 TEST(SessionJournal, AnUnknownSessionChangesNothing) {

@@ -5,6 +5,8 @@
 #include "tests/fakes/FullDisk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+#include <sys/stat.h>
+
 namespace {
 
 /// A list of downloads in a folder of its own, with the panel that shows it.
@@ -333,13 +335,35 @@ TEST(DownloadsOfTheWindow, AreShownAndHiddenByTheirCommand) {
     EXPECT_FALSE(desk.main.actBar.Find(u"xtrDownloads")->Checked());
 }
 
-TEST_F(DownloadsTest, GoesOnWhenItsListCannotBeWritten) {
+TEST_F(DownloadsTest, AListThatCannotBeWrittenIsSaidOnceAndWrittenWhenThereIsRoom) {
+    int asked = 0, complaints = 0;
+    downloads.TryAgain = [&] { ++asked; };
+    downloads.Say = [&](TextView text) {
+        said = ToUtf8(text);
+        complaints += said == "The list of downloads could not be saved.";
+    };
     {
         const FullDisk full;
         Begin(u"http://a.example/a");
+        EXPECT_EQ(said, "The list of downloads could not be saved.") << "and stays to be read";
+        downloads.WriteAgain();
     }
-    skippedBefore += 1;
-    EXPECT_EQ(Lines(), "*a: 0 bytes");
+    skippedBefore += 2;
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(complaints, 1);
+    EXPECT_EQ(Lines(), "*a: 0 bytes") << "the download goes on";
+    downloads.WriteAgain();
+    EXPECT_EQ(DownloadList::Read(folder.Read("list")).size(), 1U);
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(downloads.CountActive(), 1U);
+}
+
+TEST_F(DownloadsTest, ItsListIsTheUsersAlone) {
+    ASSERT_EQ(::chmod(folder.Write("list", "").c_str(), 0644), 0);
+    Begin(u"http://a.example/?token=secret");
+    struct stat facts {};
+    ASSERT_EQ(::stat(folder.Path("list").c_str(), &facts), 0);
+    EXPECT_EQ(facts.st_mode & 0777, 0600U) << "also one of an earlier version";
 }
 
 } // namespace

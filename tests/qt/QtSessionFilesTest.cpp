@@ -1,6 +1,7 @@
 #include "qt/QtSessionFiles.h"
 #include "qt/QtSessionOffer.h"
 #include "qt/QtText.h"
+#include "tests/fakes/FullDisk.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -28,6 +29,19 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         ASSERT_EQ(file.write(bytes), bytes.size());
     }
+    /// How a write went, once that is known.
+    static Outcome Wait(const std::function<void(SessionFiles::Written)>& write) {
+        std::optional<Outcome> outcome;
+        write([&](Outcome told) { outcome = told; });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return outcome.has_value(); }, 60000));
+        return outcome.value_or(Outcome::Failed);
+    }
+    static Outcome Own(QtSessionFiles& files, const std::string& bytes) {
+        return Wait([&](SessionFiles::Written done) { files.WriteOwn(bytes, std::move(done)); });
+    }
+    static Outcome Rewrite(QtSessionFiles& files, TextView id, const std::string& bytes) {
+        return Wait([&](SessionFiles::Written done) { files.Rewrite(id, bytes, std::move(done)); });
+    }
     [[nodiscard]] QStringList Files() const { return QDir(m_folder).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
     [[nodiscard]] std::string Earlier(QtSessionFiles& files) const {
         std::string all;
@@ -39,14 +53,14 @@ protected:
 TEST_F(QtSessionFilesTest, NothingIsMadeBeforeSomethingIsWritten) {
     QtSessionFiles files(m_folder);
     EXPECT_TRUE(files.Earlier().empty());
-    EXPECT_EQ(files.WriteOwn({}), Outcome::Done);
+    EXPECT_EQ(Own(files, {}), Outcome::Done);
     EXPECT_FALSE(QFileInfo::exists(m_folder));
 }
 
 TEST_F(QtSessionFilesTest, WhatWasWrittenLastIsOnDiskWhenTheObjectEnds) {
     {
         QtSessionFiles files(m_folder);
-        for (int i = 0; i < 50; ++i) EXPECT_EQ(files.WriteOwn("state " + std::to_string(i)), Outcome::Done);
+        for (int i = 0; i < 50; ++i) files.WriteOwn("state " + std::to_string(i), [](Outcome) {});
         EXPECT_TRUE(files.Earlier().empty()) << "the session that runs is not an earlier one";
     }
     ASSERT_EQ(Files().size(), 1) << Files().join(u' ').toStdString();
@@ -59,8 +73,8 @@ TEST_F(QtSessionFilesTest, WhatWasWrittenLastIsOnDiskWhenTheObjectEnds) {
 TEST_F(QtSessionFilesTest, NoBytesRemoveTheSession) {
     {
         QtSessionFiles files(m_folder);
-        ResumeNext(files.WriteOwn("state"));
-        ResumeNext(files.WriteOwn({}));
+        EXPECT_EQ(Own(files, "state"), Outcome::Done);
+        EXPECT_EQ(Own(files, {}), Outcome::Done);
     }
     EXPECT_EQ(Files(), QStringList());
 }
@@ -78,20 +92,32 @@ TEST_F(QtSessionFilesTest, TheLastTenAreKeptNewestFirst) {
 TEST_F(QtSessionFilesTest, AnEarlierSessionIsRewrittenAndRemoved) {
     Put(QStringLiteral("1-1.session"), "old");
     QtSessionFiles files(m_folder);
-    EXPECT_EQ(files.Rewrite(u"1-1.session", "new"), Outcome::Done);
+    EXPECT_EQ(Rewrite(files, u"1-1.session", "new"), Outcome::Done);
     EXPECT_EQ(Earlier(files), "new");
-    EXPECT_EQ(files.Rewrite(u"1-1.session", {}), Outcome::Done);
+    EXPECT_EQ(Rewrite(files, u"1-1.session", {}), Outcome::Done);
     EXPECT_EQ(Earlier(files), "");
-    EXPECT_EQ(files.Rewrite(u"1-1.session", "again"), Outcome::Failed);
-    EXPECT_EQ(files.Rewrite(u"../1-1.session", "outside"), Outcome::Failed);
+    EXPECT_EQ(Rewrite(files, u"1-1.session", "again"), Outcome::Failed);
+    EXPECT_EQ(Rewrite(files, u"../1-1.session", "outside"), Outcome::Failed);
 }
 
 TEST_F(QtSessionFilesTest, AFolderThatCannotBeMadeIsReported) {
     QFile blocking(m_home.path() + QStringLiteral("/a"));
     ASSERT_TRUE(blocking.open(QIODevice::WriteOnly));
     QtSessionFiles files(m_folder);
-    EXPECT_EQ(files.WriteOwn("state"), Outcome::Failed);
+    EXPECT_EQ(Own(files, "state"), Outcome::Failed);
     EXPECT_TRUE(files.Earlier().empty());
+}
+
+TEST_F(QtSessionFilesTest, ADiskThatFillsUpIsReportedForEachWriteThatFails) {
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Own(files, "state one"), Outcome::Done);
+    {
+        const FullDisk full;
+        EXPECT_EQ(Own(files, "state two"), Outcome::Failed);
+        EXPECT_EQ(Own(files, "state three"), Outcome::Failed);
+    }
+    EXPECT_EQ(Files().size(), 2) << "the lock, the old state, and nothing half written";
+    EXPECT_EQ(Own(files, "state four"), Outcome::Done);
 }
 
 /// Another program that has its session written and then lives on.
@@ -156,7 +182,7 @@ TEST(QtSessionOffer, ShowsHowManyPagesAndTakesOneAnswer) {
 // What the other program does, alone in a process of its own.
 TEST(Role, DISABLED_WriteAndStay) {
     QtSessionFiles files(qEnvironmentVariable("ROLE_FOLDER"));
-    ASSERT_EQ(files.WriteOwn("of another"), Outcome::Done);
+    files.WriteOwn("of another", [](Outcome) {});
     ASSERT_TRUE(files.Earlier().empty()); // waits until it is written
     std::cout << "written" << std::endl;
     for (std::string line; std::getline(std::cin, line);) {}

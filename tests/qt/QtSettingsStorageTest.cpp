@@ -1,6 +1,7 @@
 #include "qt/QtSettingsStorage.h"
 #include "qt/QtText.h"
 #include "settings/SettingsStore.h"
+#include "tests/fakes/FullDisk.h"
 #include "tests/qt/OtherProcess.h"
 
 #include <QDir>
@@ -165,28 +166,13 @@ TEST_F(QtSettingsStorageTest, FailsWhereThereCanBeNoFolder) {
     EXPECT_EQ(m_said, QStringList(QStringLiteral("The settings could not be saved.")));
 }
 
-/// While it lives no file of this process grows beyond some bytes, as on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before{};
-};
-
 TEST_F(QtSettingsStorageTest, TriesToSaveWithoutChangingAnything) {
     ResumeNext(m_settings.Open()->Write(u"A", u"1"));
     const QByteArray before = FileBytes(m_file);
     m_settings.TrySaving();
     EXPECT_TRUE(m_said.isEmpty());
     {
-        const FullDisk full(4);
+        const FullDisk full;
         m_settings.TrySaving();
         m_settings.TrySaving();
     }
@@ -209,7 +195,7 @@ TEST_F(QtSettingsStorageTest, AFullDiskFailsTheWriteAndLeavesTheOldFile) {
     const QByteArray before = FileBytes(m_file);
     Outcome outcome = Outcome::Done;
     {
-        const FullDisk full(4);
+        const FullDisk full;
         outcome = m_settings.Open()->Write(u"A", u"2");
     }
     EXPECT_EQ(outcome, Outcome::Failed);
@@ -225,7 +211,7 @@ TEST_F(QtSettingsStorageTest, ADiskThatFillsUpBeforeTheReleaseLeavesTheOldFileAn
     {
         auto storage = m_settings.Open();
         EXPECT_EQ(storage->Write(u"A", u"2"), Outcome::Done);
-        const FullDisk full(4);
+        const FullDisk full;
         storage.reset();
     }
     EXPECT_EQ(FileBytes(m_file), before);
