@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr auto kUserAlone = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+
 QString XdgFolder(const char* variable, const QString& underHome) {
     const QString set = qEnvironmentVariable(variable);
     // A relative path in these variables is to be ignored: the base directory rules of freedesktop.org.
@@ -19,9 +21,24 @@ bool IsUsersOwn(const QFileInfo& folder) {
     return folder.fileName() != u"bin" && folder.isDir() && folder.ownerId() == ::geteuid() && folder.isWritable();
 }
 
+void SayNotMade(const QString& folder) { qWarning("tessaview: the folder %s cannot be made", qPrintable(folder)); }
+
 void Make(const QString& folder) {
-    if (QDir().mkpath(folder)) return;
-    qWarning("tessaview: the folder %s cannot be made", qPrintable(folder));
+    if (!QDir().mkpath(folder)) SayNotMade(folder);
+}
+
+// What was visited, downloaded and set is nobody else's business. A folder that is there already has the rights that
+// its owner gave it: it may hold more than what is ours.
+void MakePrivate(const QString& folder) {
+    if (QFileInfo(folder).isDir()) return;
+    const bool parent = QDir().mkpath(QFileInfo(folder).path());
+    if (!parent || (!QDir().mkdir(folder, kUserAlone) && !QFileInfo(folder).isDir())) SayNotMade(folder);
+}
+
+// One that bears our name holds nothing else, so what an earlier version left open to others is closed.
+void MakeOwnPrivate(const QString& folder) {
+    MakePrivate(folder);
+    if (QFileInfo(folder).ownerId() == ::geteuid()) QFile::setPermissions(folder, kUserAlone);
 }
 
 QString FavoritesFolder(const QString& all) {
@@ -47,6 +64,7 @@ QtFolders QtFolders::Find(const QString& programFile) {
                    XdgFolder("XDG_CACHE_HOME", QStringLiteral(".cache")), config, {}};
     }
     folders.favorites = FavoritesFolder(home.isEmpty() ? QString() : folders.program);
+    home.isEmpty() ? MakeOwnPrivate(folders.state) : MakePrivate(folders.state);
     for (const QString& folder : {folders.program, folders.GroupFolder(), folders.settings}) Make(folder);
     return folders;
 }

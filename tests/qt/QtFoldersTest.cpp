@@ -58,6 +58,20 @@ TEST_F(QtFoldersTest, OneVariableMovesEverything) {
     EXPECT_FALSE(QDir(Path("CONFIG")).exists());
 }
 
+TEST_F(QtFoldersTest, TheFolderOfWhatWasVisitedIsTheUsersAlone) {
+    const auto others = [](const QString& folder) { return int(QFile::permissions(folder)) & 0x0077; };
+    const QString state = QtFolders::Find(ProgramIn("unpacked")).state;
+    EXPECT_EQ(others(state), 0);
+    QFile::setPermissions(state, QFile::permissions(state) | QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther);
+    (void)QtFolders::Find(ProgramIn("unpacked"));
+    EXPECT_EQ(others(state), 0) << "one of an earlier version is closed";
+    qputenv("TESSAVIEW_HOME", Path("home").toUtf8());
+    EXPECT_EQ(others(QtFolders::Find(ProgramIn("unpacked")).state), 0);
+    QFile::setPermissions(Path("home"), QFile::permissions(Path("home")) | QFile::ReadOther);
+    EXPECT_NE(others(QtFolders::Find(ProgramIn("unpacked")).state), 0)
+        << "a folder that the user names may hold more than what is ours";
+}
+
 TEST_F(QtFoldersTest, ARelativePathOfTheDesktopIsIgnored) {
     qputenv("XDG_CONFIG_HOME", "somewhere");
     const QtFolders folders = QtFolders::Find(ProgramIn("unpacked"));
