@@ -111,6 +111,7 @@ void frmMain::WireDownloads() {
         DownloadPanel.Touch();
     };
     Downloads.Say = [this](TextView message) { Tabs.ShowStatusText(message); };
+    Downloads.Complain = Downloads.Say;
     Commands.host.DownloadFolder = [this] { return Platform.downloads.Folder(); };
     Commands.host.ToggleDownloads = [this] { DownloadPanel.Form.Visible = !DownloadPanel.Form.Visible(); };
     DownloadPanel.Shown = [this](bool shown) {

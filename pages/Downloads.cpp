@@ -25,7 +25,7 @@ std::optional<std::int64_t> Download::SecondsLeft(std::int64_t now) const {
 
 Downloads::Downloads(DownloadDesktop& desktop, Text listFile) : m_desktop(desktop), m_listFile(std::move(listFile)) {
     m_trouble.Say = [this](TextView message) {
-        if (Say) Say(message);
+        if (Complain) Complain(message);
     };
     m_trouble.TryAgain = [this] {
         if (TryAgain) TryAgain();
@@ -78,9 +78,8 @@ const Download& Downloads::Begin(const Request& request, std::shared_ptr<Downloa
     download->Transfer = std::move(transfer);
     const std::int32_t id = download->Id;
     const Text name = NameOf(*download);
-    // First, so that it does not replace a complaint about the list.
-    if (Say) Say(u"Saving " + name);
     Update();
+    if (Say) Say(u"Saving " + name);
     return *Find(id);
 }
 
@@ -102,9 +101,10 @@ void Downloads::OnReport(std::int32_t id, const DownloadReport& report) {
         return;
     }
     const Text name = NameOf(*download);
-    if (Say && report.State == DownloadState::Done) Say(name + u" has been saved.");
-    if (Say && report.State == DownloadState::Broken) Say(name + u" could not be saved.");
     Update();
+    if (!Say) return;
+    if (report.State == DownloadState::Done) Say(name + u" has been saved.");
+    if (report.State == DownloadState::Broken) Say(name + u" could not be saved.");
 }
 
 void Downloads::Pause(std::int32_t id) {

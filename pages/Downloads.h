@@ -86,8 +86,10 @@ public:
 
     /// Something about the list has changed, or how far one is.
     std::function<void()> Changed;
-    /// A download has begun, is done or has broken off, or the list cannot be written: a sentence for the user.
+    /// A download has begun, is done or has broken off: a sentence for the user.
     std::function<void(TextView)> Say;
+    /// The list cannot be written: a sentence for the user.
+    std::function<void(TextView)> Complain;
     /// Has `WriteAgain` called in a while. Filled in by the owner.
     std::function<void()> TryAgain;
 

@@ -85,11 +85,11 @@ void QtProgram::WireWindow() {
         // Not quit(), which any window that does not want to close, a dialog say, can refuse.
         QCoreApplication::exit();
     };
-    main.Layout.Say = [this](TextView message) { m->statusBar.Notice(ToQt(message)); };
+    main.Layout.Say = [this](TextView message) { m->statusBar.Complain(ToQt(message)); };
     m->customize.Closed = [&main] { main.Layout.Save(); };
     m->keys.Down = [&main](KeyStroke key) { return main.Form_KeyDown(key); };
     m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
-    m->settings.SetReport([this](const Text& message) { m->statusBar.Notice(ToQt(message)); });
+    m->settings.SetReport([this](const Text& message) { m->statusBar.Complain(ToQt(message)); });
     auto& menus = m->commandBar.Menus();
     menus.EntryPopup = [&main](const Tool& tool) { return main.Menus.EntryPopup(tool); };
     menus.EntryMiddleClick = [&main](const Tool& tool) { return main.Menus.EntryMiddleClick(tool); };

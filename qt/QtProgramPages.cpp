@@ -34,6 +34,7 @@ void QtProgram::WirePages() {
         auto* view = m->engine.ViewOf(page);
         return !view || view->Questions()->permissions.MaySave(address);
     };
+    m->main.Downloads.Complain = m->main.Layout.Say;
     m->main.Downloads.Say = [this](TextView message) { m->statusBar.Notice(ToQt(message)); };
     m->downloadsPanel.FocusPage = [this] {
         if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();

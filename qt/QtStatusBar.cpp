@@ -85,12 +85,29 @@ void QtStatusBar::LayParts() {
 }
 
 void QtStatusBar::ShowText() {
-    if (!m_noticeTimer.isActive()) showMessage(ToQt(TextView(m_bar.SimpleText()).substr(0, kMostShownText)));
+    if (m_noticeTimer.isActive()) return;
+    m_complaints.clear();
+    showMessage(ToQt(TextView(m_bar.SimpleText()).substr(0, kMostShownText)));
 }
 
 void QtStatusBar::Notice(const QString& text, std::chrono::milliseconds time) {
-    m_noticeTimer.start(time);
-    showMessage(text);
+    m_notice = text;
+    // The time of a complaint is not cut short.
+    if (m_complaints.isEmpty() || m_noticeTimer.remainingTimeAsDuration() < time) m_noticeTimer.start(time);
+    ShowNotices();
+}
+
+void QtStatusBar::Complain(const QString& text) {
+    if (m_complaints.isEmpty()) m_notice.clear();
+    if (!m_complaints.contains(text)) m_complaints << text;
+    m_noticeTimer.start(kNoticeTime);
+    ShowNotices();
+}
+
+void QtStatusBar::ShowNotices() {
+    QStringList all = m_complaints;
+    if (!m_notice.isEmpty()) all << m_notice;
+    showMessage(all.join(QLatin1Char(' ')));
 }
 
 void QtStatusBar::FollowVisible() {

@@ -2,6 +2,7 @@
 #include "common/StatusBar.h"
 
 #include <QStatusBar>
+#include <QStringList>
 #include <QTimer>
 #include <chrono>
 #include <functional>
@@ -15,11 +16,15 @@ class QtStatusBar final : public QStatusBar {
     Q_OBJECT
 
 public:
+    static constexpr std::chrono::seconds kNoticeTime{15};
+
     explicit QtStatusBar(StatusBar& bar, QWidget* parent = nullptr);
     ~QtStatusBar() override;
 
     /// Shows what the program itself has to say, which no text of a page replaces until somebody can have read it.
-    void Notice(const QString& text, std::chrono::milliseconds time = std::chrono::seconds(15));
+    void Notice(const QString& text, std::chrono::milliseconds time = kNoticeTime);
+    /// The same for something that went wrong: nothing replaces it in that time. Several stand beside each other.
+    void Complain(const QString& text);
 
     [[nodiscard]] Pixels Height() const { return m_bar.Height; }
     /// The bar has been shown or hidden, or the font has made it higher or lower. Filled in by the owner.
@@ -34,10 +39,13 @@ private:
     void FollowVisible();
     void LayParts();
     void ShowText();
+    void ShowNotices();
     void Measure();
 
     StatusBar& m_bar;
     QPushButton* m_stopAll;
     QLabel* m_zoom;
+    QString m_notice;
+    QStringList m_complaints;
     QTimer m_textTimer, m_noticeTimer;
 };

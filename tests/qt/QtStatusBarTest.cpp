@@ -57,6 +57,19 @@ TEST_F(QtStatusBarTest, ALaterNoticeReplacesAnEarlierOne) {
     EXPECT_EQ(m_widget.accessibleDescription(), u"Beware again");
 }
 
+TEST_F(QtStatusBarTest, NothingReplacesAComplaint) {
+    m_widget.Notice(QStringLiteral("Good news"));
+    m_widget.Complain(QStringLiteral("One went wrong."));
+    m_widget.Complain(QStringLiteral("Two went wrong."));
+    m_widget.Complain(QStringLiteral("One went wrong."));
+    EXPECT_TRUE(Shows("One went wrong. Two went wrong."));
+    m_widget.Notice(QStringLiteral("More news"), std::chrono::milliseconds(1));
+    m_bar.SimpleText = u"Connecting...";
+    EXPECT_TRUE(Shows("One went wrong. Two went wrong. More news"));
+    m_widget.Notice(QStringLiteral("Still more"), std::chrono::milliseconds(1));
+    EXPECT_TRUE(Shows("One went wrong. Two went wrong. Still more"));
+}
+
 TEST_F(QtStatusBarTest, SaysHowLargeTheTextIsAtItsEnd) {
     m_widget.resize(600, 26);
     m_widget.show();
