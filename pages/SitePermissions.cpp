@@ -51,14 +51,18 @@ auto Matching(TextView site, SitePermission permission) {
     return [=](const SiteDecision& each) { return each.Site == site && each.Permission == permission; };
 }
 
-} // namespace
-
-std::vector<SiteDecision> SitePermissions::All() const {
+std::vector<SiteDecision> DecisionsFrom(const std::vector<Text>& lines) {
     std::vector<SiteDecision> all;
-    for (const Text& line : m_settings.Open()->ReadList(kName).value_or(std::vector<Text>())) {
+    for (const Text& line : lines) {
         if (auto decision = DecisionFrom(line)) all.push_back(std::move(*decision));
     }
     return all;
+}
+
+} // namespace
+
+std::vector<SiteDecision> SitePermissions::All() const {
+    return DecisionsFrom(m_settings.Open()->ReadList(kName).value_or(std::vector<Text>()));
 }
 
 std::optional<bool> SitePermissions::Find(TextView site, SitePermission permission) const {
@@ -70,34 +74,39 @@ std::optional<bool> SitePermissions::Find(TextView site, SitePermission permissi
 void SitePermissions::Remember(const SiteDecision& decision) {
     // An origin that is none - of a file, of a page in a box - stands for many pages.
     if (decision.Site.empty() || decision.Site == u"null") return;
-    auto all = All();
-    std::erase_if(all, Matching(decision.Site, decision.Permission));
-    if (all.size() >= kMost) all.erase(all.begin());
-    all.push_back(decision);
-    Write(all);
+    Change([decision](std::vector<SiteDecision>& all) {
+        std::erase_if(all, Matching(decision.Site, decision.Permission));
+        if (all.size() >= kMost) all.erase(all.begin());
+        all.push_back(decision);
+    });
 }
 
 void SitePermissions::Forget(TextView site, SitePermission permission) {
-    auto all = All();
-    const auto found = std::ranges::find_if(all, Matching(site, permission));
-    if (found == all.end()) return;
+    const auto before = All();
+    const auto found = std::ranges::find_if(before, Matching(site, permission));
+    if (found == before.end()) return;
     const SiteDecision forgotten = *found;
-    all.erase(found);
-    Write(all);
+    Change([forgotten](std::vector<SiteDecision>& all) {
+        std::erase_if(all, Matching(forgotten.Site, forgotten.Permission));
+    });
     if (Forgotten) Forgotten(forgotten);
 }
 
 void SitePermissions::ForgetAll() {
     const auto all = All();
-    Write({});
+    Change([](std::vector<SiteDecision>& decisions) { decisions.clear(); });
     if (!Forgotten) return;
     for (const SiteDecision& each : all) Forgotten(each);
 }
 
 Text SitePermissions::Wish(SitePermission permission) { return Text(RowOf(permission).wish); }
 
-void SitePermissions::Write(const std::vector<SiteDecision>& all) {
-    std::vector<Text> lines;
-    for (const SiteDecision& each : all) lines.push_back(Line(each));
-    ResumeNext(m_settings.Open()->WriteList(kName, lines));
+void SitePermissions::Change(const std::function<void(std::vector<SiteDecision>&)>& edit) {
+    ResumeNext(m_settings.Open()->ChangeList(kName, [edit](const std::vector<Text>& before) {
+        auto all = DecisionsFrom(before);
+        edit(all);
+        std::vector<Text> lines;
+        for (const SiteDecision& each : all) lines.push_back(Line(each));
+        return lines;
+    }));
 }

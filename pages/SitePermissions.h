@@ -29,8 +29,8 @@ struct SiteDecision {
     bool operator==(const SiteDecision&) const = default;
 };
 
-/// The decisions that outlive a run, kept among the settings. Each call reads or writes them anew, so that all
-/// instances know the same.
+/// The decisions that outlive a run, kept among the settings. Each call reads or changes them anew, so that all
+/// instances know the same and none undoes what another has decided.
 class SitePermissions {
 public:
     /// The storage outlives this object.
@@ -50,7 +50,7 @@ public:
     [[nodiscard]] static Text Wish(SitePermission permission);
 
 private:
-    void Write(const std::vector<SiteDecision>& all);
+    void Change(const std::function<void(std::vector<SiteDecision>&)>& edit);
 
     SettingsStorageFactory& m_settings;
 };

@@ -14,6 +14,18 @@ namespace {
 constexpr auto kUserFolder = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
 constexpr int kMostDamagedFiles = 10000;
 
+std::optional<std::vector<Text>> ListIn(const SettingsValues& values, TextView name) {
+    const auto found = values.find(name);
+    if (found == values.end()) return std::nullopt;
+    if (const auto* list = std::get_if<std::vector<Text>>(&found->second)) return *list;
+    // An empty list is written as an empty text.
+    return std::get<Text>(found->second).empty() ? std::optional(std::vector<Text>()) : std::nullopt;
+}
+
+void Change(SettingsValues& values, const Text& name, const ListChange& change) {
+    values.insert_or_assign(name, change(ListIn(values, name).value_or(std::vector<Text>())));
+}
+
 } // namespace
 
 /// One use of the settings: the values as they were when it was opened, and what was written since.
@@ -22,7 +34,8 @@ public:
     Storage(QtSettingsStorage& owner, SettingsValues values) : m_owner(owner), m_values(std::move(values)) {}
 
     ~Storage() override {
-        if (!m_changes.empty() && !m_owner.Save(m_changes)) m_owner.SayNotSaved();
+        const bool changed = !m_changes.empty() || !m_listChanges.empty();
+        if (changed && !m_owner.Save(m_changes, m_listChanges)) m_owner.SayNotSaved();
     }
 
     std::optional<Text> Read(TextView name) const override {
@@ -31,24 +44,27 @@ public:
         return std::get<Text>(found->second);
     }
 
-    std::optional<std::vector<Text>> ReadList(TextView name) const override {
-        const auto found = m_values.find(name);
-        if (found == m_values.end()) return std::nullopt;
-        if (const auto* list = std::get_if<std::vector<Text>>(&found->second)) return *list;
-        // An empty list is written as an empty text.
-        return std::get<Text>(found->second).empty() ? std::optional(std::vector<Text>()) : std::nullopt;
-    }
+    std::optional<std::vector<Text>> ReadList(TextView name) const override { return ListIn(m_values, name); }
 
     Outcome Write(TextView name, TextView value) override { return Keep(name, Text(value)); }
     Outcome WriteList(TextView name, const std::vector<Text>& values) override { return Keep(name, values); }
 
+    Outcome ChangeList(TextView name, ListChange change) override {
+        if (!Takes()) return Outcome::Failed;
+        Change(m_values, Text(name), change);
+        m_listChanges.emplace_back(name, std::move(change));
+        return Outcome::Done;
+    }
+
 private:
-    Outcome Keep(TextView name, SettingsValue value) {
+    bool Takes() {
         if (!m_takes) m_takes = m_owner.HasRoomFor(m_values);
-        if (!*m_takes) {
-            m_owner.SayNotSaved();
-            return Outcome::Failed;
-        }
+        if (!*m_takes) m_owner.SayNotSaved();
+        return *m_takes;
+    }
+
+    Outcome Keep(TextView name, SettingsValue value) {
+        if (!Takes()) return Outcome::Failed;
         m_values.insert_or_assign(Text(name), value);
         m_changes.insert_or_assign(Text(name), std::move(value));
         return Outcome::Done;
@@ -57,6 +73,7 @@ private:
     QtSettingsStorage& m_owner;
     SettingsValues m_values;
     SettingsValues m_changes;
+    std::vector<NamedChange> m_listChanges;
     std::optional<bool> m_takes; // asked on the first write
 };
 
@@ -124,12 +141,13 @@ bool QtSettingsStorage::HasRoomFor(const SettingsValues& values) const {
 
 FileLock QtSettingsStorage::Lock() const { return FileLock(PathBytes(m_file + QStringLiteral(".lock"))); }
 
-bool QtSettingsStorage::Save(const SettingsValues& changes) {
+bool QtSettingsStorage::Save(const SettingsValues& changes, const std::vector<NamedChange>& listChanges) {
     const FileLock lock = Lock();
     if (!lock.Held()) return false;
     auto values = LoadSound();
     if (!values) return false;
     for (const auto& [name, value] : changes) values->insert_or_assign(name, value);
+    for (const auto& [name, change] : listChanges) Change(*values, name, change);
     if (WriteWholeFile(PathBytes(m_file), SettingsBytes(*values), Readers::UserAlone) == Outcome::Failed) return false;
     // Under the lock such a file is in use only to try the disk, and then it may go too.
     RemoveLeftovers(PathBytes(m_file));

@@ -6,6 +6,8 @@
 #include <QString>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 /// Settings in the file "settings.ini" of one folder, readable by the user alone. Every opened storage reads the
 /// file afresh; what was written to it is merged into the file when it is released, under a lock that all processes
@@ -30,6 +32,7 @@ public:
 
 private:
     class Storage;
+    using NamedChange = std::pair<Text, ListChange>;
     enum class Trouble { None, Damaged, Unreadable };
     struct Loaded {
         SettingsValues values;
@@ -43,7 +46,7 @@ private:
     [[nodiscard]] bool MakeFolder() const;
     /// Whether the folder takes a file that holds these values.
     [[nodiscard]] bool HasRoomFor(const SettingsValues& values) const;
-    [[nodiscard]] bool Save(const SettingsValues& changes);
+    [[nodiscard]] bool Save(const SettingsValues& changes, const std::vector<NamedChange>& listChanges);
     [[nodiscard]] FileLock Lock() const;
 
     void Say(const QString& message);

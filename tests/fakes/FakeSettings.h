@@ -1,9 +1,11 @@
 #pragma once
 #include "common/platform/SettingsStorage.h"
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// Settings in memory. "Processes" that share one object see each other's values as real ones do: an opened storage
@@ -27,6 +29,7 @@ public:
     Values lists;                       ///< released lists by name
     std::set<Text, std::less<>> refuse; ///< names whose writes fail
     bool refuseAll = false;             ///< every write fails
+    std::function<void()> afterOpen;    ///< what another process does once, right after the next storage was opened
     std::vector<Text> written;          ///< names of all writes in order, the refused ones too
     int opened = 0;                     ///< how many storages were opened
     int open = 0;                       ///< how many of them are not released yet
@@ -46,6 +49,7 @@ public:
         --m_owner.open;
         for (const Text& name : m_changedTexts) m_owner.texts[name] = m_texts[name];
         for (const Text& name : m_changedLists) m_owner.lists[name] = m_lists[name];
+        for (const auto& [name, change] : m_listChanges) m_owner.lists[name] = change(m_owner.lists[name]);
     }
 
     std::optional<Text> Read(TextView name) const override {
@@ -72,6 +76,13 @@ public:
         return Outcome::Done;
     }
 
+    Outcome ChangeList(TextView name, ListChange change) override {
+        if (!Takes(name)) return Outcome::Failed;
+        m_lists[Text(name)] = change(m_lists[Text(name)]);
+        m_listChanges.emplace_back(name, std::move(change));
+        return Outcome::Done;
+    }
+
 private:
     bool Takes(TextView name) {
         m_owner.written.emplace_back(name);
@@ -83,9 +94,14 @@ private:
     FakeSettings::Values m_lists;
     std::set<Text> m_changedTexts;
     std::set<Text> m_changedLists;
+    std::vector<std::pair<Text, ListChange>> m_listChanges;
 };
 
-inline std::unique_ptr<SettingsStorage> FakeSettings::Open() { return std::make_unique<Storage>(*this); }
+inline std::unique_ptr<SettingsStorage> FakeSettings::Open() {
+    auto storage = std::make_unique<Storage>(*this);
+    if (const auto other = std::exchange(afterOpen, {})) other();
+    return storage;
+}
 
 inline Text FakeSettings::Stored(TextView name) const {
     const auto found = texts.find(name);

@@ -245,6 +245,30 @@ TEST_F(QtSettingsStorageTest, TwoProcessesThatWriteAtTheSameTimeLoseNothing) {
     EXPECT_TRUE(m_said.isEmpty());
 }
 
+TEST_F(QtSettingsStorageTest, AListThatIsChangedIsTheOneOfTheMomentOfTheRelease) {
+    ResumeNext(m_settings.Open()->WriteList(u"L", {u"a", u"b"}));
+    {
+        const auto first = m_settings.Open();
+        ASSERT_EQ(first->ChangeList(u"L", [](List list) { return list.push_back(u"c"), list; }), Outcome::Done);
+        EXPECT_EQ(first->ReadList(u"L"), (List{u"a", u"b", u"c"}));
+        ASSERT_EQ(m_settings.Open()->WriteList(u"L", {u"b"}), Outcome::Done);
+    }
+    EXPECT_EQ(m_settings.Open()->ReadList(u"L"), (List{u"b", u"c"}));
+    ASSERT_EQ(m_settings.Open()->ChangeList(u"New", [](const List& list) { return List{Decimal(int(list.size()))}; }),
+              Outcome::Done);
+    EXPECT_EQ(m_settings.Open()->ReadList(u"New"), List{u"0"});
+    const FullDisk full;
+    EXPECT_EQ(m_settings.Open()->ChangeList(u"L", [](List list) { return list; }), Outcome::Failed);
+}
+
+TEST_F(QtSettingsStorageTest, TwoProcessesThatChangeOneListLoseNothing) {
+    OtherProcess first("Add", m_folder, QStringLiteral("First"));
+    OtherProcess second("Add", m_folder, QStringLiteral("Second"));
+    EXPECT_TRUE(first.Succeeds());
+    EXPECT_TRUE(second.Succeeds());
+    EXPECT_EQ(m_settings.Open()->ReadList(u"L").value_or(List()).size(), 200U);
+}
+
 TEST_F(QtSettingsStorageTest, AKilledProcessLeavesTheOldOrTheNewValuesAndHoldsUpNobody) {
     int last = 0;
     for (int round = 0; round < 40; ++round) {
@@ -282,6 +306,15 @@ TEST(Role, DISABLED_Count) {
         const auto storage = settings.Open();
         ASSERT_EQ(storage->Read(name).value_or(u"0"), Decimal(number - 1));
         ASSERT_EQ(storage->Write(name, Decimal(number)), Outcome::Done);
+    }
+}
+
+TEST(Role, DISABLED_Add) {
+    QtSettingsStorage settings(RoleFolder());
+    const Text name = FromQt(qEnvironmentVariable("ROLE_NAME"));
+    for (int number = 1; number <= 100; ++number) {
+        ASSERT_EQ(settings.Open()->ChangeList(u"L", [&](List list) { return list.push_back(name), list; }),
+                  Outcome::Done);
     }
 }
 
