@@ -37,7 +37,7 @@ void ForgetTyped(frmMain& main) {
 void Clear(frmMain& main, const BrowsingData& data, const Forgotten& done) {
     if (data.typed) ForgetTyped(main);
     if (main.Platform.clearBrowsingData) return main.Platform.clearBrowsingData(data, done);
-    done(Outcome::Done);
+    done(Cleared::Yes);
 }
 
 void ShowInternetOptions(frmMain& main) {

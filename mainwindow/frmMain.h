@@ -23,6 +23,7 @@
 #include <functional>
 
 struct BrowsingData;
+enum class Cleared;
 class frmDefBrowser;
 class frmInternetOptions;
 class frmResize;
@@ -86,7 +87,7 @@ struct MainWindowPlatform {
     /// What the user has decided for sites, as the Internet Options list it.
     SiteChoices siteChoices{};
     /// Has the engine forget what it keeps of where pages have been, and tells when it has, which may never come.
-    std::function<void(const BrowsingData&, std::function<void(Outcome)> done)> clearBrowsingData{};
+    std::function<void(const BrowsingData&, std::function<void(Cleared)> done)> clearBrowsingData{};
     /// Asks for a folder, beginning at the one given; empty when the user changed his mind.
     std::function<Text(TextView folder)> chooseFolder{};
 };

@@ -1,12 +1,13 @@
 #include "qt/QtBrowsingData.h"
 
+#include "common/AtomicFile.h"
+#include "qt/QtPathBytes.h"
 #include "qt/QtSiteData.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QNetworkCookie>
-#include <QSaveFile>
 #include <QWebEngineCookieStore>
 #include <QWebEngineProfile>
 
@@ -14,6 +15,9 @@ namespace {
 
 const QString kNotes = QStringLiteral("/cookie-times");
 const QString kForget = QStringLiteral("/forget-sites");
+
+// Not empty, so that a disk without room refuses it.
+constexpr std::string_view kForgetMark = "forget\n";
 
 // What the engine keeps of sites beside their cookies, by the names of its folders.
 constexpr const char* kSiteFolders[]{"Local Storage", "Session Storage", "IndexedDB",    "Service Worker",
@@ -62,7 +66,7 @@ void QtBrowsingData::Clear(const BrowsingData& data, QWebEngineProfile& profile,
     if (data.cookies) ClearCookies(data.seconds, profile);
     if (data.visitedLinks) ClearVisits(data.seconds, profile);
     if (data.siteData || data.cache) return ClearStored({data.siteData, data.cache}, profile, std::move(done));
-    done(Outcome::Done);
+    done(Cleared::Yes);
 }
 
 void QtBrowsingData::ClearVisits(qint64 seconds, QWebEngineProfile& profile) {
@@ -76,14 +80,22 @@ void QtBrowsingData::ClearVisits(qint64 seconds, QWebEngineProfile& profile) {
 }
 
 // Should the program end before the engine has answered, sites' files go at the next start.
+bool QtBrowsingData::MarkSites() const {
+    // What is in memory alone goes in any case.
+    if (m_folder.isEmpty()) return true;
+    const Outcome written = WriteWholeFile(PathBytes(m_folder + kForget), kForgetMark, Readers::UserAlone);
+    ResumeNext(written);
+    return written == Outcome::Done;
+}
+
 void QtBrowsingData::ClearStored(QtSiteData::What what, QWebEngineProfile& profile, Forgotten done) {
-    QFile forget(m_folder + kForget);
-    if (what.sites && !m_folder.isEmpty() && forget.open(QFile::WriteOnly)) forget.close();
+    const bool marked = what.sites && MarkSites();
     m_sites = std::make_unique<QtSiteData>(profile);
-    m_sites->Forget(what, [this, what, done = std::move(done)](Outcome outcome) {
-        if (what.sites && outcome == Outcome::Done && !m_folder.isEmpty()) QFile::remove(m_folder + kForget);
+    m_sites->Forget(what, [this, marked, done = std::move(done)](Outcome outcome) {
+        const bool gone = outcome == Outcome::Done;
+        if (marked && gone && !m_folder.isEmpty()) ResumeNext(RemoveFile(PathBytes(m_folder + kForget)));
         m_sites.release()->deleteLater();
-        done(outcome);
+        done(gone ? Cleared::Yes : marked ? Cleared::AtNextStart : Cleared::NotAll);
     });
 }
 
@@ -118,14 +130,12 @@ void QtBrowsingData::Load() {
 
 void QtBrowsingData::Save() {
     if (m_folder.isEmpty() || !QDir(m_folder).exists()) return;
-    QSaveFile file(m_folder + kNotes);
-    if (!file.open(QFile::WriteOnly)) return;
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    QByteArray bytes;
     for (const Note& note : std::as_const(m_notes)) {
-        file.write(QByteArray::number(note.time) + ' ' + note.domain.toPercentEncoding() + ' ' +
-                   note.path.toPercentEncoding() + ' ' + note.name.toPercentEncoding() + '\n');
+        bytes += QByteArray::number(note.time) + ' ' + note.domain.toPercentEncoding() + ' ' +
+                 note.path.toPercentEncoding() + ' ' + note.name.toPercentEncoding() + '\n';
     }
-    file.commit();
+    ResumeNext(WriteWholeFile(PathBytes(m_folder + kNotes), bytes.toStdString(), Readers::UserAlone));
 }
 
 void QtBrowsingData::ForgetSites(const QString& profileFolder) {

@@ -31,7 +31,7 @@ public:
     void Clear(const BrowsingData& data, QWebEngineProfile& profile, Forgotten done);
     /// Leaves off what is going on; before the profile ends.
     void Shutdown();
-    /// Writes the notes down.
+    /// Writes the notes down; those of the last time stay when that fails.
     void Save();
     /// Forgets what sites have stored in that folder, if that was asked for. Before the engine opens it.
     static void ForgetSites(const QString& profileFolder);
@@ -48,6 +48,7 @@ private:
     void Load();
     void ClearCookies(qint64 seconds, QWebEngineProfile& profile);
     void ClearVisits(qint64 seconds, QWebEngineProfile& profile);
+    [[nodiscard]] bool MarkSites() const;
     void ClearStored(QtSiteData::What what, QWebEngineProfile& profile, Forgotten done);
 
     QString m_folder;

@@ -90,9 +90,9 @@ QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
             .applyInternetOptions = [this] { ApplyInternetOptions(); },
             .siteChoices = DecidedSites(permissions, engine.External()),
             .clearBrowsingData =
-                [this](const BrowsingData& data, std::function<void(Outcome)> done) {
+                [this](const BrowsingData& data, std::function<void(Cleared)> done) {
                     if (profile) return browsingData.Clear(data, *profile, std::move(done));
-                    done(Outcome::Failed);
+                    done(Cleared::NotAll);
                 },
             .chooseFolder = [](TextView folder) { return QtFileDialogs::ChooseFolder(folder); }}),
       strip(main.pcPage),

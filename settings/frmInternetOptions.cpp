@@ -149,16 +149,24 @@ void frmInternetOptions::cmdClear_Click() {
     for (auto* box : {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearTyped})
         box->Tick(false);
     lblCleared.Caption = Text(u"Clearing...");
-    const auto done = [this, alive = std::weak_ptr(m_alive)](Outcome outcome) {
-        if (!alive.expired()) ShowCleared(outcome);
+    const auto done = [this, alive = std::weak_ptr(m_alive)](Cleared cleared) {
+        if (!alive.expired()) ShowCleared(cleared);
     };
     if (m_outside.clear) m_outside.clear(chosen, done);
 }
 
-void frmInternetOptions::ShowCleared(Outcome outcome) {
-    lblCleared.Caption = outcome == Outcome::Done
-                             ? Text(u"Cleared.")
-                             : Text(u"Cleared. What sites have stored goes when TessaView starts next.");
+void frmInternetOptions::ShowCleared(Cleared cleared) {
+    switch (cleared) {
+    case Cleared::Yes:
+        lblCleared.Caption = u"Cleared.";
+        break;
+    case Cleared::AtNextStart:
+        lblCleared.Caption = u"Cleared. What sites have stored goes when TessaView starts next.";
+        break;
+    case Cleared::NotAll:
+        lblCleared.Caption = u"Not everything could be cleared.";
+        break;
+    }
 }
 
 void frmInternetOptions::chkClear_Click() {

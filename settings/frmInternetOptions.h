@@ -22,8 +22,12 @@ struct BrowsingData {
     friend bool operator==(const BrowsingData&, const BrowsingData&) = default;
 };
 
-/// Told once things are forgotten; failed when what sites have stored has to wait for the next start.
-using Forgotten = std::function<void(Outcome)>;
+/// How far the clearing got. `AtNextStart`: what sites have stored has to wait for the next start. `NotAll`: nor will
+/// the next start bring it about.
+enum class Cleared { Yes, AtNextStart, NotAll };
+
+/// Told once things are forgotten.
+using Forgotten = std::function<void(Cleared)>;
 
 /// The dialog of the Internet Options as data, made afresh for every show. Nothing is written before OK; "Clear Now"
 /// and what is revoked take effect at once.
@@ -123,7 +127,7 @@ private:
     void cmdRevokeAll_Click();
     void cmdClear_Click();
     void chkClear_Click();
-    void ShowCleared(Outcome outcome);
+    void ShowCleared(Cleared cleared);
     void cboProxy_Click();
     void chkSleep_Click();
     /// Whether that is a time; says so and leads there otherwise.

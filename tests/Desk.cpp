@@ -61,9 +61,9 @@ Desk::Desk(FakeSettings* shared)
                 },
             .applyInternetOptions = [this] { log.Add("internet options"); },
             .clearBrowsingData =
-                [this](const BrowsingData& data, const std::function<void(Outcome)>& done) {
+                [this](const BrowsingData& data, const std::function<void(Cleared)>& done) {
                     log.Add(data.cookies ? "clear cookies" : "clear no cookies");
-                    done(Outcome::Done);
+                    done(Cleared::Yes);
                 }}),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] {

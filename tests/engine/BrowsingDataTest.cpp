@@ -13,7 +13,7 @@
 
 namespace {
 
-void Nobody(Outcome) {}
+void Nobody(Cleared) {}
 
 /// A view whose cookies and visits are noted, by a clock that the test sets.
 class BrowsingDataTest : public testing::Test {
@@ -71,7 +71,7 @@ TEST_F(BrowsingDataTest, TheCacheIsForgottenAndItsEndIsTold) {
     EXPECT_EQ(fetches(), 1);
     EXPECT_EQ(fetches(), 1);
     int told = 0;
-    data.Clear({.cache = true}, *profile, [&](Outcome outcome) { told += outcome == Outcome::Done ? 1 : 9; });
+    data.Clear({.cache = true}, *profile, [&](Cleared cleared) { told += cleared == Cleared::Yes ? 1 : 9; });
     EXPECT_TRUE(WaitUntil([&] { return told == 1; }));
     EXPECT_EQ(fetches(), 2);
 }
@@ -91,18 +91,18 @@ protected:
         EXPECT_TRUE(WaitUntil([&] { return desk.Script(QStringLiteral("told")) != QString(); }));
         return desk.Script(QStringLiteral("told"));
     }
-    Outcome Forget() {
-        std::optional<Outcome> outcome;
-        data.Clear({.siteData = true}, *profile, [&](Outcome told) { outcome = told; });
+    Cleared Forget() {
+        std::optional<Cleared> outcome;
+        data.Clear({.siteData = true}, *profile, [&](Cleared told) { outcome = told; });
         EXPECT_TRUE(WaitUntil([&] { return outcome.has_value(); }));
-        return outcome.value_or(Outcome::Failed);
+        return outcome.value_or(Cleared::NotAll);
     }
 };
 
 TEST_F(SitesData, IsForgottenWhileThePageIsOpenAndItsCookiesStay) {
     Store();
     ASSERT_EQ(Stored(), QStringLiteral("local session c=1 base"));
-    ASSERT_EQ(Forget(), Outcome::Done);
+    ASSERT_EQ(Forget(), Cleared::Yes);
     EXPECT_EQ(Stored(), QStringLiteral("  c=1"));
 }
 
@@ -111,8 +111,8 @@ TEST_F(SitesData, OfPagesThatAreNotOpenIsForgottenToo) {
     Store();
     desk.Load(server.Address(QStringLiteral("/other"), QStringLiteral("localhost")));
     Store();
-    ASSERT_EQ(Forget(), Outcome::Done);
-    EXPECT_EQ(Forget(), Outcome::Done) << "as often as the user wants";
+    ASSERT_EQ(Forget(), Cleared::Yes);
+    EXPECT_EQ(Forget(), Cleared::Yes) << "as often as the user wants";
     EXPECT_EQ(Stored(), QStringLiteral("  c=1"));
     desk.Load(server.Address(QStringLiteral("/page")));
     EXPECT_TRUE(Stored().startsWith(QStringLiteral(" ")) && !Stored().contains(u"base")) << Stored().toStdString();
@@ -198,13 +198,25 @@ TEST(SiteData, ThatIsGoneAlreadyIsNotForgottenAgainAtTheNextStart) {
     QWebEngineProfile profile;
     QtBrowsingData browsing(folder.path());
     bool done = false;
-    browsing.Clear({.siteData = true}, profile, [&](Outcome outcome) { done = outcome == Outcome::Done; });
+    browsing.Clear({.siteData = true}, profile, [&](Cleared cleared) { done = cleared == Cleared::Yes; });
     EXPECT_FALSE(QDir(folder.path()).isEmpty());
     ASSERT_TRUE(WaitUntil([&] { return done; }));
     QDir(folder.path()).mkpath(QStringLiteral("IndexedDB"));
     QtBrowsingData::ForgetSites(folder.path());
     EXPECT_TRUE(QDir(folder.path()).exists(QStringLiteral("IndexedDB")));
     // The pages that did it end before their profile.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST(SiteData, ThatCannotBeMarkedForTheNextStartIsForgottenNowAndTheFailureCounts) {
+    QWebEngineProfile profile;
+    QtBrowsingData browsing(QStringLiteral("/nowhere/engine"));
+    const std::size_t before = SkippedSteps();
+    std::optional<Cleared> cleared;
+    browsing.Clear({.siteData = true}, profile, [&](Cleared told) { cleared = told; });
+    EXPECT_EQ(SkippedSteps(), before + 1);
+    ASSERT_TRUE(WaitUntil([&] { return cleared.has_value(); }));
+    EXPECT_EQ(*cleared, Cleared::Yes);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

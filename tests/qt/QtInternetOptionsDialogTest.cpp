@@ -34,7 +34,7 @@ protected:
          .clear =
              [this](const BrowsingData& data, const Forgotten& done) {
                  m_cleared.push_back(data);
-                 done(Outcome::Done);
+                 done(Cleared::Yes);
              },
          .currentPage = u"http://here.example/",
          .mailProgram = {},

@@ -16,7 +16,7 @@ protected:
                               [this](const BrowsingData& data, const Forgotten& done) {
                                   cleared.push_back(data);
                                   forgotten = done;
-                                  if (!data.siteData) done(Outcome::Done);
+                                  if (!data.siteData) done(Cleared::Yes);
                               },
                           .currentPage = u"http://here.example/",
                           .mailProgram = u"letters",
@@ -246,14 +246,18 @@ TEST_F(InternetOptions, WhatSitesHaveStoredTakesItsTimeAndSoDoesTheAnswer) {
     EXPECT_FALSE(form->cboSince.Enabled()) << "it goes whole";
     form->cmdClear.Click();
     EXPECT_EQ(form->lblCleared.Caption(), u"Clearing...");
-    forgotten(Outcome::Done);
+    forgotten(Cleared::Yes);
     EXPECT_EQ(form->lblCleared.Caption(), u"Cleared.");
     form->chkClearSiteData.Tick(true);
     form->cmdClear.Click();
-    forgotten(Outcome::Failed);
+    forgotten(Cleared::AtNextStart);
     EXPECT_EQ(form->lblCleared.Caption(), u"Cleared. What sites have stored goes when TessaView starts next.");
+    form->chkClearSiteData.Tick(true);
+    form->cmdClear.Click();
+    forgotten(Cleared::NotAll);
+    EXPECT_EQ(form->lblCleared.Caption(), u"Not everything could be cleared.");
     form.reset();
-    forgotten(Outcome::Done); // the answer comes when nobody waits for it any more
+    forgotten(Cleared::Yes); // the answer comes when nobody waits for it any more
 }
 
 TEST_F(InternetOptions, VisitedLinksGoAsFarBackAsTheUserSays) {
