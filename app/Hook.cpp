@@ -1,22 +1,20 @@
 #include "app/Hook.h"
 
-#include "settings/SettingsStore.h"
-
 namespace {
 
-void OnMessage(frmMain& main, SettingsStorageFactory& settings) {
+void OnMessage(frmMain& main, const Text& text) {
     if (main.Platform.window.State() == WindowState::Minimized) main.Platform.window.SetState(WindowState::Normal);
     auto* view = main.GetNewBrowser(InFront::Yes);
     // Deliberate: the text is an address as it stands; a TessaGroup is opened only by the start of the program.
-    if (view) ResumeNext(view->Navigate(SettingsStore(settings).HandOffCommandLine.Get()));
+    if (view) ResumeNext(view->Navigate(text));
 }
 
 } // namespace
 
 namespace Hook {
 
-void Install(InstanceChannel& instances, frmMain& main, SettingsStorageFactory& settings) {
-    instances.Message = [&main, &settings] { OnMessage(main, settings); };
+void Install(InstanceChannel& instances, frmMain& main) {
+    instances.Message = [&main](const Text& text) { OnMessage(main, text); };
     main.Unloaded = [&instances] { Remove(instances); };
 }
 

@@ -17,7 +17,8 @@ void HandOff(const Startup::Program& program, TextView commandLine) {
     ResumeNext(program.instances.SetForegroundWindow());
     if (commandLine.empty()) return;
     ResumeNext(SettingsStore(program.settings).HandOffCommandLine.Set(Text(commandLine)));
-    ResumeNext(program.instances.SendMessage());
+    // With the text in it: the settings may have no room, or hold the text of another start by the time they are read.
+    ResumeNext(program.instances.SendMessage(commandLine));
 }
 
 void Run(const Startup::Program& program, TextView commandLine) {
@@ -25,7 +26,7 @@ void Run(const Startup::Program& program, TextView commandLine) {
     program.application.DoEvents();
     program.main.Platform.window.SetCaption(Startup::kMainTitle);
     program.main.Form_Load(commandLine);
-    Hook::Install(program.instances, program.main, program.settings);
+    Hook::Install(program.instances, program.main);
     program.main.Platform.window.Show();
     program.splash.Unload();
 }

@@ -19,9 +19,10 @@
 
 namespace {
 
-constexpr qint64 kLongestMessage = 4096;
+constexpr qint64 kLongestAnswer = 4096;
+constexpr auto kLongestMessage = static_cast<qint64>(InstanceMessage::kLongestLine + InstanceMessage::kLongestText);
 constexpr int kConnectPatience = 200; // a living instance's socket takes a connection at once, even when it hangs
-constexpr auto kForeground = "foreground", kMessage = "message", kDone = "done\n";
+constexpr auto kDone = "done\n";
 
 QString SocketName(const QString& prefix, qint64 process) {
     return prefix + QString::number(process) + QStringLiteral(".socket");
@@ -111,59 +112,67 @@ void QtInstanceChannel::OnConnection() {
 }
 
 void QtInstanceChannel::Receive(QLocalSocket& sender) {
-    if (!sender.canReadLine()) {
-        if (sender.bytesAvailable() >= kLongestMessage) sender.abort();
-        return;
-    }
+    const QByteArray bytes = sender.peek(kLongestMessage);
+    auto reading = InstanceMessage::Read({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    if (reading.How == InstanceMessage::Standing::Incomplete) return;
     sender.disconnect(SIGNAL(readyRead()));
     // Handling may run events, in which the sender may give up and go. That must not happen inside its own signal.
-    const auto handle = [this, answered = QPointer(&sender), line = sender.readLine().trimmed()] {
-        const bool understood = Handle(line);
-        if (answered) Answer(*answered, understood);
+    const auto handle = [this, answered = QPointer(&sender), message = std::move(reading.What),
+                         refused = reading.How == InstanceMessage::Standing::Refused] {
+        if (refused) {
+            if (answered) answered->abort();
+            return;
+        }
+        Handle(message);
+        if (answered) Answer(*answered);
     };
     QMetaObject::invokeMethod(&m_server, handle, Qt::QueuedConnection);
 }
 
-void QtInstanceChannel::Answer(QLocalSocket& sender, bool understood) {
-    if (understood) sender.write(kDone);
+void QtInstanceChannel::Answer(QLocalSocket& sender) {
+    sender.write(kDone);
     sender.flush();
     sender.disconnectFromServer();
 }
 
-bool QtInstanceChannel::Handle(const QByteArray& line) const {
-    const bool foreground = line == kForeground || line.startsWith(kForeground + QByteArray(" "));
-    const bool message = line == kMessage;
-    if (foreground && Foreground) Foreground(line.mid(static_cast<qsizetype>(qstrlen(kForeground)) + 1));
-    if (message && Message) Message();
-    return foreground || message;
+void QtInstanceChannel::Handle(const InstanceMessage::Message& message) const {
+    if (message.What == InstanceMessage::Kind::HandOver) {
+        if (Message) Message(message.Text);
+    } else if (Foreground) {
+        Foreground(QByteArray::fromStdString(message.Token));
+    }
 }
 
 Outcome QtInstanceChannel::SetForegroundWindow() {
     QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
     if (token.isEmpty()) token = qgetenv("DESKTOP_STARTUP_ID");
-    return Send(QByteArray(kForeground) + ' ' + token.left(kLongestMessage / 2).replace('\n', ' '));
+    return Send(InstanceMessage::Foreground(token.toStdString()));
 }
 
-Outcome QtInstanceChannel::SendMessage() { return Send(kMessage); }
+Outcome QtInstanceChannel::SendMessage(TextView text) { return Send(InstanceMessage::HandOver(text)); }
 
-Outcome QtInstanceChannel::Send(const QByteArray& line) {
+Outcome QtInstanceChannel::Send(const std::string& message) {
     if (m_running.isEmpty()) return Outcome::Failed;
-    if (Tell(line)) return Outcome::Done;
-    // Nor will it answer the next line; waiting again would only take longer.
+    if (message.empty()) {
+        std::fputs("tessaview: the command line is too long; nothing was handed over.\n", stderr);
+        return Outcome::Failed;
+    }
+    if (Tell(message)) return Outcome::Done;
+    // Nor will it answer the next message; waiting again would only take longer.
     m_running.clear();
     std::fputs("tessaview: the running instance does not answer; nothing was handed over.\n", stderr);
     return Outcome::Failed;
 }
 
-bool QtInstanceChannel::Tell(const QByteArray& line) const {
+bool QtInstanceChannel::Tell(const std::string& message) const {
     const QDeadlineTimer deadline(m_patience);
     QLocalSocket socket;
-    socket.setReadBufferSize(kLongestMessage);
+    socket.setReadBufferSize(kLongestAnswer);
     socket.connectToServer(m_running);
     if (!socket.waitForConnected(m_patience) || !IsOurUser(socket)) return false;
-    socket.write(line + '\n');
+    socket.write(message.data(), static_cast<qint64>(message.size()));
     while (!socket.canReadLine()) {
-        if (deadline.hasExpired() || socket.bytesAvailable() >= kLongestMessage) return false;
+        if (deadline.hasExpired() || socket.bytesAvailable() >= kLongestAnswer) return false;
         const bool more = socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
         if (!more && !socket.canReadLine()) return false;
     }

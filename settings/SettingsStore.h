@@ -72,7 +72,7 @@ public:
     Setting<Twips> WindowTop;  ///< without a value the desktop places the window
     Setting<Twips> WindowLeft; ///< without a value the desktop places the window
     Setting<bool> WindowMaximized;
-    Setting<Text> HandOffCommandLine; ///< from a second instance to the running one
+    Setting<Text> HandOffCommandLine; ///< what a second instance handed over last
     Setting<std::vector<Text>> LastSites;
     Setting<std::vector<Text>> SearchHistory;
     Setting<std::vector<Text>> AddressHistory;

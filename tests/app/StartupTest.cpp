@@ -31,7 +31,7 @@ TEST(Startup, ASecondStartHandsItsAddressOver) {
     EXPECT_EQ(Begin(running, u""), Startup::Result::Runs);
     Desk second(&shared);
     second.channel.running = true;
-    second.channel.runningHandles = [&] { running.channel.Arrives(); };
+    second.channel.runningHandles = [&](const Text& text) { running.channel.Arrives(text); };
     EXPECT_EQ(Begin(second, u"http://new/"), Startup::Result::HandedOff);
     EXPECT_EQ(running.Strip(), "1 [2*]");
     EXPECT_EQ(running.views.Calls(2), "go about:blank, go http://new/");
@@ -51,9 +51,27 @@ TEST(Startup, TheTextIsStoredBeforeTheMessageIsSent) {
     Desk desk;
     desk.channel.running = true;
     Text stored;
-    desk.channel.runningHandles = [&] { stored = desk.settings.Stored(u"HandOffCommandLine"); };
+    desk.channel.runningHandles = [&](const Text& text) {
+        stored = desk.settings.Stored(u"HandOffCommandLine");
+        EXPECT_EQ(text, stored);
+    };
     EXPECT_EQ(Begin(desk, u"\"/a path/page.html\""), Startup::Result::HandedOff);
     EXPECT_EQ(stored, u"\"/a path/page.html\"") << "the quotes are part of it";
+}
+
+TEST(Startup, OnAFullDiskTheAddressArrivesAndNotThatOfAnEarlierDay) {
+    FakeSettings shared;
+    Desk running(&shared);
+    EXPECT_EQ(Begin(running, u""), Startup::Result::Runs);
+    shared.Put(u"HandOffCommandLine", u"http://weeks.ago/");
+    Desk second(&shared);
+    second.channel.running = true;
+    second.channel.runningHandles = [&](const Text& text) { running.channel.Arrives(text); };
+    shared.refuse.insert(u"HandOffCommandLine");
+    running.ExpectSkipped(1);
+    second.ExpectSkipped(1);
+    EXPECT_EQ(Begin(second, u"http://new/"), Startup::Result::HandedOff);
+    EXPECT_EQ(running.views.Calls(2), "go about:blank, go http://new/");
 }
 
 TEST(Startup, ALostWindowCostsTheHandOffButTheStoreKeepsTheText) {
@@ -76,18 +94,16 @@ TEST(Startup, WithMultipleInstancesAllowedEveryStartRuns) {
 
 TEST(Startup, AHandOffDuringTheStartIsIgnored) {
     Desk desk;
-    desk.settings.Put(u"HandOffCommandLine", u"http://early/");
-    desk.application.onEvents = [&] { desk.channel.Arrives(); };
+    desk.application.onEvents = [&] { desk.channel.Arrives(u"http://early/"); };
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
     EXPECT_EQ(desk.Strip(), "[1*]");
-    EXPECT_EQ(desk.settings.Stored(u"HandOffCommandLine"), u"http://early/");
 }
 
 TEST(Startup, TheHookGoesWithTheWindow) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
     desk.main.Form_Unload();
-    desk.channel.Arrives();
+    desk.channel.Arrives(u"http://late/");
     EXPECT_EQ(desk.Strip(), "[1*]");
     Hook::Remove(desk.channel);
 }
@@ -126,9 +142,8 @@ TEST(Startup, AtTheEndTheViewsGoThenThePicturesThenTheHook) {
 TEST(Hook, RestoresAMinimizedWindowFirst) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
-    desk.settings.Put(u"HandOffCommandLine", u"http://new/");
     desk.window.state = WindowState::Minimized;
-    desk.channel.Arrives();
+    desk.channel.Arrives(u"http://new/");
     EXPECT_EQ(desk.window.state, WindowState::Normal);
     EXPECT_EQ(desk.views.At(2).place, (Rect{{0}, {22}, {1000}, {654}})) << "laid out in the restored window";
 }
@@ -137,47 +152,43 @@ TEST(Hook, LeavesAMaximizedWindowMaximized) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
     desk.window.state = WindowState::Maximized;
-    desk.channel.Arrives();
+    desk.channel.Arrives(u"http://new/");
     EXPECT_EQ(desk.window.state, WindowState::Maximized);
 }
 
 TEST(Hook, NavigatesToAGroupFileLikeToAnyAddress_Deliberate) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
-    desk.settings.Put(u"HandOffCommandLine", u"/groups/news.tvg");
-    desk.channel.Arrives();
+    desk.channel.Arrives(u"/groups/news.tvg");
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go /groups/news.tvg");
 }
 
-TEST(Hook, OfTwoHandOffsAtOnceTheLaterTextMayBeReadTwice) {
+TEST(Hook, OfTwoHandOffsAtOnceNoneIsLost) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
-    desk.settings.Put(u"HandOffCommandLine", u"http://one/");
     desk.settings.Put(u"HandOffCommandLine", u"http://two/");
-    desk.channel.Arrives();
-    desk.channel.Arrives();
-    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://two/");
+    desk.channel.Arrives(u"http://one/");
+    desk.channel.Arrives(u"http://two/");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://one/");
     EXPECT_EQ(desk.views.Calls(3), "go about:blank, go http://two/");
 }
 
 TEST(Hook, OpensNothingWhenNoTabCanBeMade) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
-    desk.settings.Put(u"HandOffCommandLine", u"http://new/");
     desk.views.refuses = true;
     desk.views.Calls(1);
-    desk.channel.Arrives();
+    desk.channel.Arrives(u"http://new/");
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.views.Calls(1), "") << "nor does the address go anywhere else";
-    EXPECT_EQ(desk.settings.Stored(u"HandOffCommandLine"), u"http://new/");
 }
 
 TEST(Hook, TellsTheUserOnceWhenTheIndexesHaveRunOut) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
     desk.main.Tabs.NextBrowserIndex = 32768;
-    desk.channel.Arrives();
+    desk.channel.Arrives(u"http://new/");
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.Status(), "No more tabs can be opened until TessaView is started again.");
 }

@@ -84,9 +84,9 @@ Outcome FakeChannel::SetForegroundWindow() {
     return windowFound ? Outcome::Done : Outcome::Failed;
 }
 
-Outcome FakeChannel::SendMessage() {
+Outcome FakeChannel::SendMessage(TextView text) {
     m_log.Add("send");
-    if (windowFound && runningHandles) runningHandles();
+    if (windowFound && runningHandles) runningHandles(Text(text));
     return windowFound ? Outcome::Done : Outcome::Failed;
 }
 

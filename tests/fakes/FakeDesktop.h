@@ -186,14 +186,14 @@ public:
     Outcome RegisterMessage(TextView name) override;
     bool PreviousInstance(Instances allowed) override;
     Outcome SetForegroundWindow() override;
-    Outcome SendMessage() override;
+    Outcome SendMessage(TextView text) override;
     /// A later start of the program sends the message.
-    void Arrives() const {
-        if (Message) Message();
+    void Arrives(const Text& text) const {
+        if (Message) Message(text);
     }
-    bool running = false;                 ///< another instance runs
-    bool windowFound = true;              ///< and has its window
-    std::function<void()> runningHandles; ///< what it does with the message
+    bool running = false;                            ///< another instance runs
+    bool windowFound = true;                         ///< and has its window
+    std::function<void(const Text&)> runningHandles; ///< what it does with the message
 
 private:
     FakeLog& m_log;

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <gtest/gtest.h>
+#include <random>
 #include <thread>
 
 namespace {
@@ -127,6 +128,47 @@ TEST(TessaGroups, ReadsOneValueOfAnyIniFile) {
     EXPECT_EQ(TessaGroups::ReadIniValue(u"/nowhere.url", u"InternetShortcut", u"URL", Text(600, u'\u00E4')),
               Text(255, u'\u00E4'))
         << "what stands in for a missing value is cut like one";
+}
+
+// Anybody may send a group. Whatever is in it, what is read of it is bounded, and reading changes nothing.
+TEST(TessaGroupsFuzz, AnyBytesGiveAddressesThatAreBounded) {
+    const TemporaryFolder folder;
+    std::minstd_rand random(815);
+    const std::string_view pieces[] = {"[TessaGroup]",
+                                       "[",
+                                       "]",
+                                       "=",
+                                       "\r\n",
+                                       "\n",
+                                       "url1",
+                                       "url2=http://a/",
+                                       ";",
+                                       " ",
+                                       "\"",
+                                       "\xEF\xBB\xBF",
+                                       "\xFF\xFE",
+                                       "\x1A",
+                                       std::string_view("\0", 1),
+                                       "\xE9"};
+    std::size_t addresses = 0;
+    for (int round = 0; round < 2000; ++round) {
+        std::string bytes = random() % 2 ? "[TessaGroup]\r\n" : "";
+        for (std::size_t count = random() % 40; count > 0; --count) {
+            if (random() % 8 == 0)
+                bytes += static_cast<char>(random() % 256);
+            else if (random() % 32 == 0)
+                bytes += std::string(random() % 20000, 'x');
+            else
+                bytes += pieces[random() % std::size(pieces)];
+        }
+        folder.Write("any.tvg", bytes);
+        const CStrings group = TessaGroups::Load(folder.PathText("any.tvg"));
+        ASSERT_LE(group.Count(), 8191U);
+        for (const CString& each : group) EXPECT_LE(each.Key.size(), 511U);
+        EXPECT_TRUE(folder.Read("any.tvg") == bytes);
+        addresses += group.Count();
+    }
+    EXPECT_GT(addresses, 1000U) << "the bytes are to hit something";
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <vector>
 
 inline const Text kName = u"TEST";
 
@@ -30,13 +31,13 @@ struct Start {
     Outcome foreground = Outcome::Failed, message = Outcome::Failed;
 };
 
-inline Start StartIn(const QString& stateFolder, int patience = 10000) {
+inline Start StartIn(const QString& stateFolder, int patience = 10000, const Text& text = u"http://a.example/") {
     QtInstanceChannel channel(stateFolder, patience);
     EXPECT_EQ(channel.RegisterMessage(kName), Outcome::Done);
     Start start;
     start.running = channel.PreviousInstance(Instances::One);
     start.foreground = channel.SetForegroundWindow();
-    start.message = channel.SendMessage();
+    start.message = channel.SendMessage(text);
     return start;
 }
 
@@ -49,13 +50,17 @@ protected:
     void Run(QtInstanceChannel& channel) {
         ASSERT_EQ(channel.RegisterMessage(kName), Outcome::Done);
         ASSERT_FALSE(channel.PreviousInstance(Instances::One));
-        channel.Message = [this] { ++m_messages; };
+        channel.Message = [this](const Text& text) {
+            ++m_messages;
+            m_texts.push_back(text);
+        };
         channel.Foreground = [this](const QByteArray& token) { m_tokens << token; };
     }
     /// A later start, while the events of this process go on.
-    Start LaterStart(int patience = 10000) {
+    Start LaterStart(int patience = 10000, const Text& text = u"http://a.example/") {
         Start start;
-        const std::unique_ptr<QThread> thread(QThread::create([&] { start = StartIn(m_state.path(), patience); }));
+        const std::unique_ptr<QThread> thread(
+            QThread::create([&] { start = StartIn(m_state.path(), patience, text); }));
         thread->start();
         EXPECT_TRUE(WaitUntil([&] { return thread->isFinished(); }));
         thread->wait();
@@ -75,5 +80,6 @@ protected:
 
     QTemporaryDir m_runtime, m_state;
     int m_messages = 0;
+    std::vector<Text> m_texts; ///< what the messages handed over
     QByteArrayList m_tokens;
 };

@@ -1,8 +1,10 @@
+#include "qt/QtText.h"
 #include "tests/qt/InstanceDesk.h"
 #include "tests/qt/OtherProcess.h"
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <fcntl.h>
 #include <memory>
 #include <sys/file.h>
@@ -38,6 +40,33 @@ TEST_F(QtInstanceChannelTest, TheDesktopsPermissionGoesAlongWhateverItContains) 
     EXPECT_EQ(m_tokens[0], "a b message");
     EXPECT_LT(m_tokens[1].size(), 4096);
     EXPECT_EQ(m_messages, 2) << "one for each start, none out of the permission";
+}
+
+TEST_F(QtInstanceChannelTest, ATextArrivesWholeAndAsItIs) {
+    Run(m_first);
+    const std::vector<Text> texts{u"\"/a path/page.html\"", u"http://a/\nmessage 3\nx", u"\u00E4\U0001F600",
+                                  PathFromBytes("/tmp/\xFF.tvg"), Text(InstanceMessage::kLongestText, u'x')};
+    for (const Text& text : texts) EXPECT_EQ(LaterStart(10000, text).message, Outcome::Done);
+    EXPECT_TRUE(m_texts == texts);
+    EXPECT_EQ(LaterStart(10000, Text(InstanceMessage::kLongestText + 1, u'x')).message, Outcome::Failed);
+    EXPECT_TRUE(m_texts == texts) << "half of it would be another address";
+}
+
+TEST_F(QtInstanceChannelTest, OfManyHandOversAtOnceEachArrivesOnce) {
+    Run(m_first);
+    constexpr int kStarts = 12;
+    std::vector<std::unique_ptr<OtherProcess>> starts;
+    for (int each = 0; each < kStarts; ++each)
+        starts.push_back(
+            std::make_unique<OtherProcess>("Start", m_state.path(), QStringLiteral("http://a/%1").arg(each, 2)));
+    ASSERT_TRUE(WaitUntil([this] { return m_messages == kStarts; }));
+    for (auto& each : starts) {
+        EXPECT_EQ(each->Answer(), 1) << "it did not find the instance";
+        EXPECT_EQ(each->Answer(), 1) << "its message was not answered";
+    }
+    std::ranges::sort(m_texts);
+    for (int each = 0; each < kStarts; ++each)
+        EXPECT_EQ(m_texts[static_cast<std::size_t>(each)], FromQt(QStringLiteral("http://a/%1").arg(each, 2)));
 }
 
 TEST_F(QtInstanceChannelTest, AMessageBeforeAnybodyHandlesItIsAnsweredAndIgnored) {
@@ -131,7 +160,7 @@ TEST_F(QtInstanceChannelTest, WhereSeveralMayRunTheOldestIsFound) {
     ASSERT_EQ(oldest.Answer(), 0);
     ASSERT_EQ(m_first.RegisterMessage(kName), Outcome::Done);
     EXPECT_TRUE(m_first.PreviousInstance(Instances::Several));
-    m_first.Message = [this] { ++m_messages; };
+    m_first.Message = [this](const Text&) { ++m_messages; };
     EXPECT_EQ(SocketsOf(m_runtime.path()).size(), 2);
     EXPECT_EQ(LaterStart().message, Outcome::Done);
     EXPECT_EQ(oldest.Answer(), 1);
@@ -229,7 +258,7 @@ TEST_F(QtInstanceChannelTest, WhereThereIsNoFolderEveryStartRuns) {
         EXPECT_EQ(each->RegisterMessage(kName), Outcome::Failed);
         EXPECT_FALSE(each->PreviousInstance(Instances::One));
         EXPECT_EQ(each->SetForegroundWindow(), Outcome::Failed);
-        EXPECT_EQ(each->SendMessage(), Outcome::Failed);
+        EXPECT_EQ(each->SendMessage(u"http://a.example/"), Outcome::Failed);
     }
 }
 
@@ -241,11 +270,11 @@ TEST(Role, DISABLED_Start) {
     const bool running = channel.PreviousInstance(Instances::One);
     Print(running);
     if (running) {
-        Print(channel.SendMessage() == Outcome::Done);
+        Print(channel.SendMessage(FromQt(qEnvironmentVariable("ROLE_NAME"))) == Outcome::Done);
         return;
     }
     int messages = 0;
-    channel.Message = [&] { Print(++messages); };
+    channel.Message = [&](const Text&) { Print(++messages); };
     for (;;) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 

@@ -58,9 +58,9 @@ TEST_F(QtInstancePeersTest, GarbageIsCutOffWithoutAnAnswer) {
     Run(m_first);
     QByteArray everyByte;
     for (int byte = 0; byte < 256; ++byte) everyByte += static_cast<char>(byte);
-    for (const QByteArray& garbage :
-         {QByteArray("\n"), QByteArray("nonsense\n"), QByteArray("messages\n"), QByteArray("message x\n"),
-          QByteArray("foregroundx\n"), QByteArray("\0message\n", 9), everyByte + "\n", QByteArray("MESSAGE\n")}) {
+    for (const QByteArray& garbage : {QByteArray("\n"), QByteArray("nonsense\n"), QByteArray("messages\n"),
+                                      QByteArray("message\n"), QByteArray("message x\n"), QByteArray("foregroundx\n"),
+                                      QByteArray("\0message 0\n", 11), everyByte + "\n", QByteArray("MESSAGE 0\n")}) {
         EXPECT_EQ(Peer(Socket(), garbage).Heard(), QByteArray()) << garbage.toHex().toStdString();
     }
     EXPECT_EQ(m_messages, 0);
@@ -70,8 +70,8 @@ TEST_F(QtInstancePeersTest, GarbageIsCutOffWithoutAnAnswer) {
 
 TEST_F(QtInstancePeersTest, OneLineAConnectionIsTaken) {
     Run(m_first);
-    EXPECT_EQ(Peer(Socket(), "message\nmessage\nmessage\n").Heard(), "done\n");
-    EXPECT_EQ(m_messages, 1);
+    EXPECT_EQ(Peer(Socket(), "message 3\nonemessage 0\nmessage 0\n").Heard(), "done\n");
+    EXPECT_EQ(m_texts, std::vector<Text>{u"one"});
 }
 
 TEST_F(QtInstancePeersTest, ALineThatNeverEndsIsCutOff) {
@@ -86,7 +86,7 @@ TEST_F(QtInstancePeersTest, ALineThatNeverEndsIsCutOff) {
 TEST_F(QtInstancePeersTest, ALineInPiecesIsOneLine) {
     Run(m_first);
     Peer peer(Socket(), "mess");
-    Peer other(Socket(), "message\n");
+    Peer other(Socket(), "message 0\n");
     EXPECT_EQ(other.Heard(), "done\n") << "nobody waits for the slow one";
     EXPECT_FALSE(peer.IsCutOff());
     EXPECT_EQ(m_messages, 1);
@@ -111,16 +111,16 @@ TEST_F(QtInstancePeersTest, SilentPeersAreCutOffAfterAWhile) {
 
 TEST_F(QtInstancePeersTest, APeerThatDoesNotWaitForItsAnswerIsHandledAllTheSame) {
     Run(m_first);
-    { const Peer hasty(Socket(), "message\n"); }
+    { const Peer hasty(Socket(), "message 3\nabc"); }
     EXPECT_TRUE(WaitUntil([this] { return m_messages == 1; }));
     ExpectAlive();
 }
 
 TEST_F(QtInstancePeersTest, APeerMayGoAwayWhileItsMessageIsHandled) {
     Run(m_first);
-    Peer peer(Socket(), "message\n");
+    Peer peer(Socket(), "message 0\n");
     bool went = false;
-    m_first.Message = [&] {
+    m_first.Message = [&](const Text&) {
         // As while a message box asks the user.
         peer.GoAway();
         for (int turn = 0; turn < 20; ++turn) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
@@ -128,7 +128,7 @@ TEST_F(QtInstancePeersTest, APeerMayGoAwayWhileItsMessageIsHandled) {
         went = true;
     };
     EXPECT_TRUE(WaitUntil([&] { return went; }));
-    m_first.Message = [this] { ++m_messages; };
+    m_first.Message = [this](const Text&) { ++m_messages; };
     ExpectAlive();
 }
 
@@ -195,7 +195,7 @@ sockaddr_un AddressOf(const QString& socket) {
     return address;
 }
 
-/// Connects as another user and says "message"; how many bytes came back, -1 when it was not let in.
+/// Connects as another user and hands something over; how many bytes came back, -1 when it was not let in.
 int AskAsNobody(const QString& socket) {
     const sockaddr_un address = AddressOf(socket);
     const pid_t child = ::fork();
@@ -204,7 +204,7 @@ int AskAsNobody(const QString& socket) {
         const int peer = ::socket(AF_UNIX, SOCK_STREAM, 0);
         if (::connect(peer, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) ::_exit(100);
         std::array<char, 16> answer{};
-        const bool said = ::send(peer, "message\n", 8, MSG_NOSIGNAL) == 8;
+        const bool said = ::send(peer, "message 0\n", 10, MSG_NOSIGNAL) == 10;
         const auto heard = said ? ::read(peer, answer.data(), answer.size()) : 0;
         ::_exit(heard > 0 ? static_cast<int>(heard) : 0);
     }
