@@ -1,6 +1,8 @@
 #include "app/Startup.h"
 
 #include "app/Hook.h"
+#include "common/Log.h"
+#include "common/Version.h"
 #include "settings/SettingsStore.h"
 
 namespace {
@@ -10,6 +12,7 @@ bool AllowsMultipleInstances(SettingsStorageFactory& settings) {
 }
 
 void HandOff(const Startup::Program& program, TextView commandLine) {
+    Log::Note(LogLevel::Info, LogPart::Instances, "hands over to the instance that runs");
     program.application.SetTitle(Startup::kSecondInstance);
     // Giving the window its caption loads it, as in every instance; it is never shown, so no page comes into being.
     program.main.Platform.window.SetCaption(Startup::kSecondInstance);
@@ -36,6 +39,7 @@ void Run(const Startup::Program& program, TextView commandLine) {
 namespace Startup {
 
 Result Main(const Program& program, TextView commandLine) {
+    Log::Note(LogLevel::Info, LogPart::Program, "starts, build", Version::kRevision);
     const bool several = AllowsMultipleInstances(program.settings);
     ResumeNext(program.instances.RegisterMessage(kMessageName));
     const bool running = program.instances.PreviousInstance(several ? Instances::Several : Instances::One);

@@ -20,6 +20,8 @@ struct CommandHost {
     std::function<void()> ToggleDevTools;
     /// Shows what each tab uses of the machine.
     std::function<void()> ShowTaskView;
+    /// Copies what a person sends along who reports an error.
+    std::function<void()> CopyReport;
     /// Shows the panel of downloads, or hides it.
     std::function<void()> ToggleDownloads;
     std::function<void()> Exit;

@@ -149,6 +149,7 @@ const std::array kCommands{
     FromHost<&CommandHost::ToggleFullScreen>(u"xtrFullScreen"),
     FromHost<&CommandHost::ToggleDevTools>(u"xtrDevTools"),
     FromHost<&CommandHost::ShowTaskView>(u"xtrTaskView"),
+    FromHost<&CommandHost::CopyReport>(u"xtrCopyReport"),
     Command{u"xtrImportFavorites", BookmarkCommands::ImportFavorites},
     Command{u"xtrImportTessaGroups", BookmarkCommands::ImportTessaGroups},
     Command{u"xtrExportFavorites", BookmarkCommands::ExportFavorites},

@@ -152,6 +152,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndOptions", u"mnuSettings", kGroup},
 
     EntryRow{u"bndHelpMenu", u"mnuHelp"},
+    EntryRow{u"bndHelpMenu", u"xtrCopyReport"},
     EntryRow{u"bndHelpMenu", u"mnuAbout", kGroup},
 
     EntryRow{u"bndTessaGroupsMenu", u"mnuAddToTessaGroup"},

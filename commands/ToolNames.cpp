@@ -190,6 +190,9 @@ constexpr std::array kOwnTools{
     ToolRow{u"xtrDevTools", u"&Developer Tools", u"More", u"Shows how the current page is made", u"tools", u""},
     ToolRow{u"xtrTaskView", u"&Task View...", u"More",
             u"Shows what each tab uses of memory and processor, and ends pages", u"utilities-system-monitor", u""},
+    ToolRow{u"xtrCopyReport", u"&Copy Report", u"More",
+            u"Copies version, settings and log for a message to the makers; no address or title is in it", u"edit-copy",
+            u""},
     ToolRow{u"xtrPrivateTab", u"New &Private Tab", u"More",
             u"Opens a tab whose page, cookies and history are forgotten when it is closed", u"view-private", u""},
 

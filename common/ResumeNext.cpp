@@ -1,5 +1,7 @@
 #include "common/ResumeNext.h"
 
+#include "common/Log.h"
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -7,14 +9,17 @@ namespace {
 std::size_t skippedSteps = 0;
 }
 
-void ResumeNext(Outcome step) {
-    if (step == Outcome::Failed) ++skippedSteps;
+void ResumeNext(Outcome step, const std::source_location& where) {
+    if (step == Outcome::Done) return;
+    ++skippedSteps;
+    Log::NoteFailedStep(where);
 }
 
 std::size_t SkippedSteps() { return skippedSteps; }
 
-void Must(bool condition) {
+void Must(bool condition, const std::source_location& where) {
     if (condition) return;
-    std::fputs("tessaview: internal error\n", stderr);
+    std::fprintf(stderr, "tessaview: internal error at %s\n", Log::Place(where).c_str());
+    Log::NoteMistake(where);
     std::abort();
 }

@@ -12,7 +12,7 @@ public:
     explicit WriteTrouble(TextView complaint) : m_complaint(complaint) {}
 
     /// How a write went.
-    void Note(Outcome written);
+    void Note(Outcome written, const std::source_location& where = std::source_location::current());
     /// Whether what was to be written last is not on disk.
     [[nodiscard]] bool Pending() const { return m_pending; }
 

@@ -26,6 +26,13 @@ void ShowHelp(frmMain& main) {
     if (auto* view = main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(kHelpPage));
 }
 
+void CopyReport(frmMain& main) {
+    const Text words = Report::Words(main.Platform.reportFacts(), main.Platform.settings);
+    if (!main.Commands.host.CopyText) return;
+    main.Commands.host.CopyText(words);
+    main.Tabs.ShowStatusText(u"The report has been copied.");
+}
+
 void ForgetTyped(frmMain& main) {
     for (const TextView box : {u"cboAddress", u"cboSearch"})
         if (auto* combo = main.actBar.FindCombo(box)) combo->Clear();
@@ -68,6 +75,7 @@ void Fill(CommandHost& host, frmMain& main) {
     host.ResizeAddress = [&main] { Resize(main, &frmResize::ResizeAddress); };
     host.ResizeSearch = [&main] { Resize(main, &frmResize::ResizeSearch); };
     host.ShowHelp = [&main] { ShowHelp(main); };
+    if (main.Platform.reportFacts) host.CopyReport = [&main] { CopyReport(main); };
     host.ShowInternetOptions = [&main] { ShowInternetOptions(main); };
     host.ToggleFullScreen = [&main] { main.Platform.window.SetFullScreen(!main.Platform.window.FullScreen()); };
     host.LaunchMailClient = [&main] { External::LaunchMailClient(main.Platform.settings, main.Platform.shell); };

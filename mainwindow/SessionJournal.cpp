@@ -1,5 +1,7 @@
 #include "mainwindow/SessionJournal.h"
 
+#include "common/Log.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -82,6 +84,8 @@ void SessionJournal::Reopen(TextView Id) {
     const auto sessions = Earlier();
     const auto found = std::ranges::find(sessions, Id, [](const auto& each) { return TextView(each.first); });
     if (found == sessions.end()) return;
+    Log::Note(LogLevel::Info, LogPart::Session, "reopens a session, pages",
+              static_cast<std::int64_t>(found->second.Pages.size()));
     OpenAndSettle(found->second.Pages, found->second.Selected, Id);
 }
 

@@ -5,6 +5,7 @@
 #include "commands/PageMenu.h"
 #include "commands/TabMoreCommands.h"
 #include "common/Captions.h"
+#include "common/Log.h"
 #include "groups/TessaGroups.h"
 #include "mainwindow/MainCommands.h"
 #include "mainwindow/MainLoad.h"
@@ -194,6 +195,7 @@ bool frmMain::Form_QueryUnload() {
 void frmMain::Form_Unload() {
     if (m_stage != Stage::Loaded) return;
     m_stage = Stage::Unloaded;
+    Log::Note(LogLevel::Info, LogPart::Program, "ends, tabs", static_cast<std::int64_t>(pcPage.Count()));
     TaskView.Form.Visible = false;
     Sleep.SetPatience({});
     MainUnload::Save(*this);

@@ -13,6 +13,7 @@
 #include "mainwindow/LayoutKeeper.h"
 #include "mainwindow/MainKeyboard.h"
 #include "mainwindow/MainLayout.h"
+#include "mainwindow/Report.h"
 #include "mainwindow/SessionJournal.h"
 #include "mainwindow/frmTaskView.h"
 #include "pages/frmDownloads.h"
@@ -90,6 +91,8 @@ struct MainWindowPlatform {
     std::function<void(const BrowsingData&, std::function<void(Cleared)> done)> clearBrowsingData{};
     /// Asks for a folder, beginning at the one given; empty when the user changed his mind.
     std::function<Text(TextView folder)> chooseFolder{};
+    /// What the program knows about itself, for a report.
+    std::function<Report::Facts()> reportFacts{};
 };
 
 /// The main window: owns its controls and parts, and forwards to them.

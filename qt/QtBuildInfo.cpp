@@ -5,6 +5,9 @@
 #include "qt/QtText.h"
 
 #include <QGuiApplication>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
 #include <QStringList>
 #include <QSysInfo>
 #include <QtWebEngineCore>
@@ -48,4 +51,16 @@ QString QtBuildInfo::Text() {
     if (const QString platform = Platform(); !platform.isEmpty())
         lines << QStringLiteral("Windows by %1").arg(platform);
     return lines.join(u'\n');
+}
+
+QString QtBuildInfo::Drawing() {
+    QOffscreenSurface surface;
+    surface.create();
+    QOpenGLContext context;
+    if (!surface.isValid() || !context.create() || !context.makeCurrent(&surface))
+        return QStringLiteral("%1, without OpenGL").arg(Platform());
+    const auto* renderer = reinterpret_cast<const char*>(context.functions()->glGetString(GL_RENDERER));
+    const auto* version = reinterpret_cast<const char*>(context.functions()->glGetString(GL_VERSION));
+    return QStringLiteral("%1, OpenGL %2 by %3")
+        .arg(Platform(), QString::fromLatin1(version), QString::fromLatin1(renderer));
 }

@@ -16,4 +16,8 @@ namespace QtBuildInfo {
 /// All of it, a line each, without personal data.
 [[nodiscard]] QString Text();
 
+/// What draws windows and pages, as a line: the windowing system, and the machine's graphics or a program in their
+/// place. Needs the application.
+[[nodiscard]] QString Drawing();
+
 } // namespace QtBuildInfo

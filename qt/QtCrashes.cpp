@@ -1,5 +1,6 @@
 #include "qt/QtCrashes.h"
 
+#include "common/Log.h"
 #include "qt/QtCovers.h"
 #include "qt/QtCrashPage.h"
 #include "qt/QtPage.h"
@@ -14,6 +15,7 @@ QtCrashes::QtCrashes(QtPage& page, QtCovers& covers) : m_page(page), m_covers(co
 QtCrashPage* QtCrashes::Shown() const { return m_shown; }
 
 void QtCrashes::OnDeath() {
+    Log::Note(LogLevel::Warning, LogPart::Pages, "a page's process ended");
     TakeOff();
     m_shown = new QtCrashPage(m_page.url().toDisplayString());
     m_shown->Reload = [this] {

@@ -1,5 +1,6 @@
 #include "qt/QtEngine.h"
 
+#include "common/Log.h"
 #include "qt/QtBrowserView.h"
 #include "qt/QtPage.h"
 #include "qt/QtProfile.h"
@@ -36,6 +37,7 @@ std::unique_ptr<BrowserView> QtEngine::Create(std::int16_t Index, BrowserViewEve
 
 void QtEngine::Start() {
     m_started = true;
+    Log::Note(LogLevel::Info, LogPart::Engine, "starts");
     for (const QUrl& url : std::exchange(m_outside, {})) ResumeNext(OpenOutside(url));
     Schedule();
 }

@@ -3,6 +3,7 @@
 #include "pages/DecidedSites.h"
 #include "qt/QtAbout.h"
 #include "qt/QtAddFavorite.h"
+#include "qt/QtBuildInfo.h"
 #include "qt/QtDefBrowserDialog.h"
 #include "qt/QtDialogScheme.h"
 #include "qt/QtGroupEditor.h"
@@ -49,6 +50,7 @@ QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
     : program(owner),
       qt(BeforeApplication(argc, argv), argv),
       folders(QtFolders::Find(QCoreApplication::applicationFilePath())),
+      log(folders.state),
       settings(folders.settings),
       channel(folders.state),
       sessions(folders.state + QStringLiteral("/sessions")),
@@ -94,7 +96,12 @@ QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
                     if (profile) return browsingData.Clear(data, *profile, std::move(done));
                     done(Cleared::NotAll);
                 },
-            .chooseFolder = [](TextView folder) { return QtFileDialogs::ChooseFolder(folder); }}),
+            .chooseFolder = [](TextView folder) { return QtFileDialogs::ChooseFolder(folder); },
+            .reportFacts =
+                [this] {
+                    return Report::Facts{FromQt(QtBuildInfo::Text()), FromQt(QtBuildInfo::Drawing()),
+                                         log.File().LastLines(Report::kLines)};
+                }}),
       strip(main.pcPage),
       statusBar(main.sbStatus),
       look(main.actBar, window),

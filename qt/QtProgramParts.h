@@ -20,6 +20,7 @@
 #include "qt/QtKeys.h"
 #include "qt/QtLatinKeys.h"
 #include "qt/QtLayoutFile.h"
+#include "qt/QtLog.h"
 #include "qt/QtMainWindow.h"
 #include "qt/QtMediaKeys.h"
 #include "qt/QtMiddleClick.h"
@@ -71,6 +72,7 @@ struct QtProgram::Parts {
     // Ends after everything that saves something: a second signal must not cut that short.
     std::optional<QtSignals> signals;
     QtFolders folders;
+    QtLog log;
     QtSettingsStorage settings;
     QtInstanceChannel channel;
     QtSessionFiles sessions;

@@ -2,6 +2,7 @@
 
 #include "common/AtomicFile.h"
 #include "common/FileLock.h"
+#include "common/Log.h"
 #include "qt/QtPathBytes.h"
 #include "qt/QtText.h"
 
@@ -110,6 +111,7 @@ std::optional<SettingsValues> QtSettingsStorage::LoadSound() {
         return std::move(loaded.values);
     }
     if (loaded.trouble == Trouble::Damaged && PutAside()) return SettingsValues();
+    Log::Note(LogLevel::Error, LogPart::Settings, "could not be read");
     if (!m_saidUnreadable) Say(QStringLiteral("The settings could not be read."));
     m_saidUnreadable = true;
     return std::nullopt;
@@ -123,6 +125,7 @@ bool QtSettingsStorage::PutAside() {
             if (QFileInfo::exists(aside)) continue;
             return false;
         }
+        Log::Note(LogLevel::Error, LogPart::Settings, "were damaged");
         Say(QStringLiteral("The settings were damaged and start afresh. The damaged file is kept as %1.").arg(aside));
         return true;
     }
@@ -175,5 +178,6 @@ void QtSettingsStorage::Say(const QString& message) {
 }
 
 void QtSettingsStorage::SayNotSaved() {
+    Log::Note(LogLevel::Error, LogPart::Settings, "could not be saved");
     if (!std::exchange(m_saidNotSaved, true)) Say(QStringLiteral("The settings could not be saved."));
 }

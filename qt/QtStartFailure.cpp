@@ -8,6 +8,7 @@
 namespace {
 
 QtMessageHandler s_before = nullptr;
+bool s_starting = false;
 
 void SayWhy() {
     const QByteArray display = qgetenv("DISPLAY"), wayland = qgetenv("WAYLAND_DISPLAY");
@@ -18,7 +19,7 @@ void SayWhy() {
 }
 
 void Handle(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    if (type == QtFatalMsg) {
+    if (type == QtFatalMsg && s_starting) {
         SayWhy();
         ::_exit(1);
     }
@@ -27,6 +28,14 @@ void Handle(QtMsgType type, const QMessageLogContext& context, const QString& me
 
 } // namespace
 
-QtStartFailure::QtStartFailure() { s_before = qInstallMessageHandler(Handle); }
+QtStartFailure::QtStartFailure() {
+    s_before = qInstallMessageHandler(Handle);
+    s_starting = true;
+}
 
-QtStartFailure::~QtStartFailure() { qInstallMessageHandler(s_before); }
+QtStartFailure::~QtStartFailure() {
+    s_starting = false;
+    // Whoever listens by now goes on, and passes on to us.
+    const QtMessageHandler current = qInstallMessageHandler(s_before);
+    if (current != Handle) qInstallMessageHandler(current);
+}

@@ -84,3 +84,8 @@ void InternetSettings::Set(const InternetValues& values) {
     ResumeNext(TabsSleep.Set(values.tabsSleep));
     ResumeNext(SleepMinutes.Set(values.sleepMinutes));
 }
+
+std::vector<Text> InternetSettings::Differences() const {
+    return DifferencesOf(HomePage, JavaScript, Cookies, DoNotTrack, GlobalPrivacyControl, Proxy, ProxyHost, ProxyPort,
+                         DownloadFolder, TabsSleep, SleepMinutes);
+}

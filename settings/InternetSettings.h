@@ -50,4 +50,7 @@ public:
     Setting<Text> DownloadFolder;
     Setting<bool> TabsSleep;
     Setting<std::int32_t> SleepMinutes;
+
+    /// The `Difference` of each that has one.
+    [[nodiscard]] std::vector<Text> Differences() const;
 };

@@ -85,3 +85,19 @@ SettingsStore::SettingsStore(SettingsStorageFactory& factory)
       SearchService(*m_storage, u"SearchService"),
       ShopService(*m_storage, u"ShopService"),
       FindService(*m_storage, u"FindService") {}
+
+Text WithoutItsTexts(bool value) { return value ? u"yes" : u"no"; }
+Text WithoutItsTexts(std::int32_t value) { return Decimal(value); }
+Text WithoutItsTexts(Twips value) { return Decimal(value.value); }
+Text WithoutItsTexts(const Text& value) { return value.empty() ? u"empty" : u"set"; }
+Text WithoutItsTexts(const std::vector<Text>& value) {
+    return Decimal(static_cast<std::int64_t>(value.size())) + u" entries";
+}
+
+std::vector<Text> SettingsStore::Differences() const {
+    return DifferencesOf(AskDefaultBrowser, RememberLastSites, TGCloseOthersFirst, TitleLengthLimit, OpenNewInFront,
+                         WindowWidth, WindowHeight, WindowTop, WindowLeft, WindowMaximized, HandOffCommandLine,
+                         LastSites, SearchHistory, AddressHistory, TabsUp, AllowMultipleInstances, ShowStatusBar,
+                         LoadImages, LoadAnimations, LoadVideos, LoadSounds, MailClient, NewsClient, EnvironmentText,
+                         SearchService, ShopService, FindService);
+}

@@ -22,6 +22,9 @@ public:
     [[nodiscard]] bool HasValue() const { return Find().has_value(); }
     /// Fails when the storage takes no value; the old one then stays. Twips are kept in 16 bits and saturate.
     [[nodiscard]] Outcome Set(const T& value);
+    /// The name and the value, for a value that is another than when nothing is stored; of texts only that there is
+    /// one, of lists only how long they are. Empty when it is the same.
+    [[nodiscard]] Text Difference() const;
 
 private:
     [[nodiscard]] std::optional<T> Find() const;
@@ -52,6 +55,27 @@ template<>
 std::optional<std::vector<Text>> Setting<std::vector<Text>>::Find() const;
 template<>
 Outcome Setting<std::vector<Text>>::Set(const std::vector<Text>& value);
+
+/// What a value says of itself to others.
+[[nodiscard]] Text WithoutItsTexts(bool value);
+[[nodiscard]] Text WithoutItsTexts(std::int32_t value);
+[[nodiscard]] Text WithoutItsTexts(Twips value);
+[[nodiscard]] Text WithoutItsTexts(const Text& value);
+[[nodiscard]] Text WithoutItsTexts(const std::vector<Text>& value);
+
+template<typename T>
+Text Setting<T>::Difference() const {
+    const T value = Get();
+    return value == m_whenMissing ? Text() : Text(m_name) + u": " + WithoutItsTexts(value);
+}
+
+/// The `Difference` of those that have one.
+template<typename... Settings>
+[[nodiscard]] std::vector<Text> DifferencesOf(const Settings&... settings) {
+    std::vector<Text> all{settings.Difference()...};
+    std::erase(all, Text());
+    return all;
+}
 
 /// All values that outlive a run. Made for one use and released right after it: reading sees what any process of the
 /// user wrote before this object was made, and what is set here is on disk once this object is gone.
@@ -90,4 +114,7 @@ public:
     Setting<Text> SearchService;   ///< address of the search service, "%s" for the words; empty for the one by design
     Setting<Text> ShopService;     ///< what the Shop links lead to, "%s" for the link's name; empty as above
     Setting<Text> FindService;     ///< what the Find links lead to, likewise
+
+    /// The `Difference` of each setting that has one.
+    [[nodiscard]] std::vector<Text> Differences() const;
 };

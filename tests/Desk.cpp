@@ -64,6 +64,10 @@ Desk::Desk(FakeSettings* shared)
                 [this](const BrowsingData& data, const std::function<void(Cleared)>& done) {
                     log.Add(data.cookies ? "clear cookies" : "clear no cookies");
                     done(Cleared::Yes);
+                },
+            .reportFacts =
+                [] {
+                    return Report::Facts{u"TessaView 3", u"by hand", {"a line", "another"}};
                 }}),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] {

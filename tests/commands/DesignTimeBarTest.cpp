@@ -39,7 +39,7 @@ constexpr std::array kDesign{
     DesignedBand{"bndTabPopup", "Tab Popup", "mnuTabStop mnuTabRefresh mnuTabClose xtrTabMore[bndTabMore]"},
     DesignedBand{"bndSearch", "Search", "mnuSearchLabel cboSearch"},
     DesignedBand{"bndOptions", "Options", "mnuLoadImages mnuLoadVideos mnuLoadSounds mnuLoadAnimations mnuSettings"},
-    DesignedBand{"bndHelpMenu", "Help", "mnuHelp mnuAbout"},
+    DesignedBand{"bndHelpMenu", "Help", "mnuHelp xtrCopyReport mnuAbout"},
     DesignedBand{"bndTessaGroupsMenu", "TessaGroups", "mnuAddToTessaGroup mnuSaveAsTessaGroup mnuOrganizeTessaGroups"},
     DesignedBand{"bndMail", "Mail",
                  "mnuReadMail mnuNewMessage mnuSendLink mnuMailQuorvaneSoftware mnuFeatureRequest mnuMailBugReport "

@@ -119,4 +119,30 @@ TEST(MainCommands, FullScreenGoesOnAndOff) {
     EXPECT_FALSE(desk.window.fullScreen);
 }
 
+TEST(MainCommands, TheReportHoldsVersionDrawingSettingsAndLogButNoTextOfTheUsers) {
+    Desk desk;
+    desk.settings.Put(u"TabsUp", u"false");
+    desk.settings.Put(u"TitleLengthLimit", u"3");
+    desk.settings.Put(u"ShowStatusBar", u"true");
+    desk.settings.Put(u"MailClient", u"secret --user me");
+    desk.settings.Put(u"InternetHomePage", u"http://secret.example/");
+    desk.settings.PutList(u"AddressHistory", {u"http://secret/1", u"http://secret/2"});
+    desk.settings.PutList(u"LastSites", {u"http://secret/3"});
+    desk.Start();
+    Text copied;
+    desk.main.Commands.host.CopyText = [&](TextView text) { copied = text; };
+    desk.Click(u"xtrCopyReport");
+    EXPECT_EQ(ToUtf8(copied), "TessaView 3\nDrawing: by hand\n\n"
+                              "Settings other than by design:\n"
+                              "  TitleLengthLimit: 3\n  LastSites: 1 entries\n  AddressHistory: 2 entries\n"
+                              "  TabsUp: no\n  MailClient: set\n  InternetHomePage: set\n\n"
+                              "Log:\n  a line\n  another\n");
+    EXPECT_EQ(desk.Status(), "The report has been copied.");
+}
+
+TEST(MainCommands, AReportOfAProgramAsDesignedSaysSo) {
+    FakeSettings settings;
+    EXPECT_EQ(Report::Words({}, settings), u"\nDrawing: \n\nSettings other than by design:\n  none\n\nLog:\n");
+}
+
 } // namespace
