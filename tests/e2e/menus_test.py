@@ -39,7 +39,7 @@ MENUS = [
         "Travel, Videos, Web Site Hosting",
     ),
     ("Options", "o", "Load Images, Load Videos, Load Sounds, Load Animations, Settings..."),
-    ("Help", "h", "Help Topics, About..."),
+    ("Help", "h", "Help Topics, Copy Report, About..."),
 ]
 
 
