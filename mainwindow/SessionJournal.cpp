@@ -75,7 +75,8 @@ std::vector<std::pair<Text, Session>> SessionJournal::Earlier() const {
 
 std::optional<std::pair<Text, Session>> SessionJournal::ToOffer() const {
     for (auto& [id, session] : Earlier()) {
-        if (!session.Ended && !session.Settled && !session.Pages.empty()) return std::pair(id, session);
+        const bool answered = session.Settled || std::ranges::find(m_answered, id) != m_answered.end();
+        if (!session.Ended && !answered && !session.Pages.empty()) return std::pair(id, session);
     }
     return std::nullopt;
 }
@@ -93,6 +94,7 @@ void SessionJournal::OpenAndSettle(const std::vector<SessionPage>& pages, std::s
     Open(pages, front);
     // Its pages are our own on disk before it is no longer offered: the next crash may come at once.
     m_unsettled.emplace_back(Id);
+    m_answered.emplace_back(Id);
     Write();
 }
 
@@ -109,6 +111,7 @@ void SessionJournal::Open(const std::vector<SessionPage>& pages, std::size_t fro
 }
 
 void SessionJournal::Settle(TextView Id) {
+    m_answered.emplace_back(Id);
     for (const KeptSession& kept : m_files.Earlier()) {
         auto session = kept.Id == Id ? SessionFromBytes(kept.Bytes) : std::nullopt;
         if (!session || session->Settled) continue;

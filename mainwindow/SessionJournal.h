@@ -58,6 +58,7 @@ private:
     ViewArray& m_browser;
     std::optional<Session> m_written{Session()}; ///< nothing when the last write failed
     std::vector<Text> m_unsettled;               ///< to be settled once the open pages are written down
+    std::vector<Text> m_answered;                ///< not to be offered again, whenever that is on disk
     WriteTrouble m_trouble{u"The open pages could not be written down: a crash would lose them."};
     WriteTrouble m_settleTrouble{u"An earlier session could not be changed and may be offered again."};
     bool m_touched = false;

@@ -217,8 +217,10 @@ TEST(SessionJournal, AReopenedSessionIsNotSettledByAWriteThatBeganBefore) {
     desk.PageLoads(1, u"http://one/", u"One");
     desk.sessions.slow = true;
     desk.main.Sessions.Write();
+    ASSERT_TRUE(desk.main.Sessions.ToOffer());
     desk.main.Sessions.Reopen(u"x");
     EXPECT_FALSE(desk.Kept(0)->Settled);
+    EXPECT_FALSE(desk.main.Sessions.ToOffer()) << "the user has answered, whenever the disk hears of it";
     desk.sessions.Arrive();
     EXPECT_EQ(desk.Written(), "http://one/ http://a/*");
     EXPECT_TRUE(desk.Kept(0)->Settled);
