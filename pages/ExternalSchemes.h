@@ -8,8 +8,8 @@
 /// What is to become of an address that no page can show.
 enum class ExternalRule { Ask, Open, Refuse };
 
-/// Which addresses belong to other programs of the desktop, and what the user has answered about them. Each scheme
-/// and site is asked about once in a run: who clicks in anger is not asked again, and a page cannot insist.
+/// Which addresses belong to other programs of the desktop, and which answers about them the user wants to hold for the
+/// run.
 class ExternalSchemes {
 public:
     /// Whether addresses of that scheme, in lower case, are for other programs.

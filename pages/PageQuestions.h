@@ -15,6 +15,7 @@ struct PageChoices {
 /// Something that a page wants, to be decided by its user in a bar above it.
 struct PageQuestion {
     static constexpr std::size_t kDismissed = static_cast<std::size_t>(-1);
+    static constexpr std::size_t kRefused = 1; ///< the answer that refuses, of every question
 
     Text Key;     ///< a question with the key of one that waits is the same question
     Text Asker{}; ///< the site that asks, as an origin

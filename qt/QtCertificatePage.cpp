@@ -1,6 +1,7 @@
 #include "qt/QtCertificatePage.h"
 
 #include "pages/Certificates.h"
+#include "qt/QtAnswerGuard.h"
 #include "qt/QtText.h"
 
 #include <QFormLayout>
@@ -51,6 +52,7 @@ QtCertificatePage::QtCertificatePage(const RefusedCertificate& certificate) {
     lines->addStretch(1);
     setWidget(body);
     setFocusProxy(m_back);
+    new QtAnswerGuard(*this);
 }
 
 void QtCertificatePage::AddWords(QVBoxLayout& column, const RefusedCertificate& certificate) {

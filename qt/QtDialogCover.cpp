@@ -15,7 +15,8 @@ constexpr int kPanelWidth = 480;
 constexpr QColor kDark(0, 0, 0, 110);
 } // namespace
 
-QtDialogCover::QtDialogCover() : m_panel(new QFrame(this)), m_column(new QVBoxLayout(m_panel)) {
+QtDialogCover::QtDialogCover(QtAnswerGuard::Clock clock)
+    : m_panel(new QFrame(this)), m_column(new QVBoxLayout(m_panel)), m_clock(std::move(clock)) {
     setFocusPolicy(Qt::StrongFocus);
     auto* panel = static_cast<QFrame*>(m_panel);
     panel->setFrameShape(QFrame::StyledPanel);
@@ -53,23 +54,27 @@ QLabel* QtDialogCover::AddHeading(const QString& text) {
     return label;
 }
 
-void QtDialogCover::AddButtons(const QString& accept, const QString& cancel) {
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    m_accept = new QPushButton(accept, m_panel);
-    m_accept->setObjectName(QStringLiteral("cmdOK"));
-    m_accept->setDefault(true);
-    row->addWidget(m_accept);
-    connect(m_accept, &QPushButton::clicked, this, [this] { Answer(Accepted); });
-    if (!cancel.isEmpty()) {
-        auto* button = new QPushButton(cancel, m_panel);
-        button->setObjectName(QStringLiteral("cmdCancel"));
-        row->addWidget(button);
-        connect(button, &QPushButton::clicked, this, [this] { Answer(Cancelled); });
-        m_canCancel = true;
+QPushButton* QtDialogCover::AddButton(const QString& caption, const char* name, std::function<void()>& answer) {
+    auto* button = new QPushButton(caption, m_panel);
+    button->setObjectName(QLatin1String(name));
+    m_buttons->addWidget(button);
+    connect(button, &QPushButton::clicked, this, [this, &answer] { Answer(answer); });
+    return button;
+}
+
+void QtDialogCover::AddButtons(const QString& accept, const QString& cancel, DefaultAnswer byDefault) {
+    m_buttons = new QHBoxLayout;
+    m_buttons->addStretch(1);
+    m_default = AddButton(accept, "cmdOK", Accepted);
+    m_canCancel = !cancel.isEmpty();
+    if (m_canCancel) {
+        auto* button = AddButton(cancel, "cmdCancel", Cancelled);
+        if (byDefault == DefaultAnswer::Cancel) m_default = button;
     }
-    m_column->addLayout(row);
-    if (!focusProxy()) setFocusProxy(m_accept);
+    m_default->setDefault(true);
+    m_column->addLayout(m_buttons);
+    if (!focusProxy()) setFocusProxy(m_default);
+    new QtAnswerGuard(*this, m_clock);
 }
 
 void QtDialogCover::Answer(std::function<void()> answer) {
@@ -92,7 +97,7 @@ void QtDialogCover::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) return Answer(m_canCancel ? Cancelled : Accepted);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         auto* button = qobject_cast<QPushButton*>(focusWidget());
-        return (button ? button : m_accept)->click();
+        return (button ? button : m_default)->click();
     }
     QWidget::keyPressEvent(event);
 }

@@ -6,7 +6,9 @@
 #include "qt/QtPage.h"
 #include "qt/QtText.h"
 
+#include <QCheckBox>
 #include <QDesktopServices>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -24,11 +26,21 @@ public:
         AddHeading(site.isEmpty() ? QStringLiteral("Open this address with another program?")
                                   : QStringLiteral("%1 wants to open another program.").arg(site));
         AddWords(ShownAddress(url), "lblAddress");
-        AddWords(QStringLiteral("The answer holds for addresses that begin with \"%1:\" until TessaView is closed.")
-                     .arg(url.scheme()),
+        m_remember =
+            new QCheckBox(QStringLiteral("&Remember the answer for \"%1:\" addresses").arg(url.scheme()), this);
+        m_remember->setObjectName(QStringLiteral("chkRemember"));
+        Column()->addWidget(m_remember);
+        AddWords(QStringLiteral("Remembered, it holds for %1 until TessaView is closed.")
+                     .arg(site.isEmpty() ? QStringLiteral("what you type") : QStringLiteral("this site")),
                  "lblHolds");
-        AddButtons(QStringLiteral("&Open"), QStringLiteral("&Cancel"));
+        // What leaves the browser leaves it by a decision, not by a key that was pressed for something else.
+        AddButtons(QStringLiteral("&Open"), QStringLiteral("&Cancel"), DefaultAnswer::Cancel);
     }
+
+    [[nodiscard]] bool Remembers() const { return m_remember->isChecked(); }
+
+private:
+    QCheckBox* m_remember;
 };
 
 class NoProgram final : public QtDialogCover {
@@ -54,12 +66,13 @@ QtExternalLinks::QtExternalLinks(QtPage& page, QtCovers& covers, ExternalSchemes
     connect(&page, &QtPage::NavigationRequested, this, [this](const QUrl&, bool topLevel) {
         if (topLevel) TakeOff();
     });
+    connect(&page, &QtPage::PersonNavigated, this, [this] { m_refused.clear(); });
 }
 
 void QtExternalLinks::Open(const QUrl& url, const QString& site) {
     const ExternalRule rule = m_answers.RuleFor(FromQt(url.scheme()), FromQt(site));
     if (rule == ExternalRule::Open) QDesktopServices::openUrl(url);
-    if (rule == ExternalRule::Ask && !m_shown) Ask(url, site);
+    if (rule == ExternalRule::Ask && !m_shown && !m_refused.contains({url.scheme(), site})) Ask(url, site);
 }
 
 void QtExternalLinks::Ask(const QUrl& url, const QString& site) {
@@ -70,8 +83,10 @@ void QtExternalLinks::Ask(const QUrl& url, const QString& site) {
         return Show(told);
     }
     auto* question = new Question(url, site);
-    const auto answer = [this, url, site](bool open) {
-        m_answers.Remember(FromQt(url.scheme()), FromQt(site), open);
+    const auto answer = [this, question, url, site](bool open) {
+        if (question->Remembers()) m_answers.Remember(FromQt(url.scheme()), FromQt(site), open);
+        // A page cannot insist; a person who types it again means it.
+        if (!open && !site.isEmpty()) m_refused.insert({url.scheme(), site});
         TakeOff();
         if (open) QDesktopServices::openUrl(url);
     };

@@ -3,14 +3,17 @@
 #include "qt/QtDialogCover.h"
 
 #include <QObject>
+#include <QPair>
 #include <QPointer>
+#include <QSet>
 #include <QUrl>
 
 class QtCovers;
 class QtPage;
 
 /// Hands addresses that no page can show to the desktop's program for them, after the user was asked in a dialog of
-/// the tab. One question at a time: a page that wants many opened gets one answer.
+/// the tab. One question at a time: a page that wants many opened gets one answer. An answer is for once, unless the
+/// user wants it remembered; a page that was refused is not asked about again.
 class QtExternalLinks final : public QObject {
     Q_OBJECT
 
@@ -29,5 +32,6 @@ private:
     QtPage& m_page;
     QtCovers& m_covers;
     ExternalSchemes& m_answers;
+    QSet<QPair<QString, QString>> m_refused; ///< schemes and sites, until a person goes to another page
     QPointer<QtDialogCover> m_shown;
 };

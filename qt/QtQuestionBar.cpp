@@ -30,7 +30,7 @@ public:
 
 } // namespace
 
-QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent)
+QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent, QtAnswerGuard::Clock clock)
     : QWidget(parent), m_questions(questions), m_words(new QLabel(this)), m_remember(new QCheckBox(this)) {
     auto* choices = new FreshChoices(this);
     m_choices = choices;
@@ -61,6 +61,7 @@ QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent)
         QWidget* first = m_choices->isHidden() ? static_cast<QWidget*>(m_buttons.front()) : m_choices;
         first->setFocus(Qt::ShortcutFocusReason);
     });
+    m_guard = new QtAnswerGuard(*this, std::move(clock));
     hide();
 }
 
@@ -80,8 +81,9 @@ void QtQuestionBar::ShowCurrent() {
     m_remember->setChecked(false);
     m_remember->setVisible(!question->Remember.empty());
     ShowAnswers(*question);
-    // Whoever is answering goes on to the next question.
-    if (hadFocus) m_buttons.front()->setFocus(Qt::OtherFocusReason);
+    m_guard->Restart();
+    // Whoever is answering goes on to the next question, and allows nothing by going on.
+    if (hadFocus) m_buttons[PageQuestion::kRefused]->setFocus(Qt::OtherFocusReason);
 }
 
 void QtQuestionBar::FillChoices() {
@@ -100,6 +102,7 @@ void QtQuestionBar::ShowAnswers(const PageQuestion& question) {
         button->setObjectName(QStringLiteral("cmdAnswer%1").arg(i + 1));
         button->setAutoDefault(true);
         m_row->addWidget(button);
+        m_guard->Watch(*button);
         connect(button, &QPushButton::clicked, this, [this, i] { Answer(i); });
         button->show();
         m_buttons.push_back(button);

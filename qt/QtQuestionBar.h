@@ -1,5 +1,6 @@
 #pragma once
 #include "pages/PageQuestions.h"
+#include "qt/QtAnswerGuard.h"
 
 #include <QWidget>
 #include <vector>
@@ -11,13 +12,14 @@ class QLabel;
 class QPushButton;
 
 /// The bar above a page that shows what the page wants and takes the user's answer. It never takes the keyboard from
-/// the page by itself: F6 brings it there, Escape dismisses the question.
+/// the page by itself: F6 brings it there, Escape dismisses the question. What is held down or clicked when a question
+/// comes up does not answer it.
 class QtQuestionBar final : public QWidget {
     Q_OBJECT
 
 public:
-    /// The questions outlive the bar.
-    QtQuestionBar(PageQuestions& questions, QWidget* parent);
+    /// The questions outlive the bar. The clock is the guard's.
+    QtQuestionBar(PageQuestions& questions, QWidget* parent, QtAnswerGuard::Clock clock = {});
 
     /// Shows the question that is to be shown now.
     void ShowCurrent();
@@ -43,4 +45,5 @@ private:
     QCheckBox* m_remember;
     QHBoxLayout* m_row;
     std::vector<QPushButton*> m_buttons;
+    QtAnswerGuard* m_guard;
 };

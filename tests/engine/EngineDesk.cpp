@@ -1,5 +1,6 @@
 #include "tests/engine/EngineDesk.h"
 
+#include "qt/QtAnswerGuard.h"
 #include "qt/QtBrowserView.h"
 #include "qt/QtText.h"
 
@@ -21,6 +22,15 @@ bool WaitUntil(const std::function<bool()>& condition) {
         QTest::qWait(1);
     }
     return true;
+}
+
+bool TakesAnswers(const QWidget& question) {
+    const auto* guard = question.findChild<QtAnswerGuard*>();
+    return guard && guard->Ready();
+}
+
+bool WaitForAnswers(const QWidget& question) {
+    return WaitUntil([&] { return TakesAnswers(question); });
 }
 
 void Settle(QtEngine&, QWebEnginePage* page) {

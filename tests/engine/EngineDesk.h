@@ -14,6 +14,10 @@
 /// Lets events run until the condition holds; false when it did not within half a minute.
 bool WaitUntil(const std::function<bool()>& condition);
 
+/// Whether the question, a cover or a bar, takes answers by key and pointer by now.
+bool TakesAnswers(const QWidget& question);
+bool WaitForAnswers(const QWidget& question);
+
 /// Runs events until the engine has nothing left to say about what was just done: a page that is asked to answer has
 /// answered.
 void Settle(QtEngine& engine, class QWebEnginePage* page);

@@ -3,9 +3,12 @@
 #include "qt/QtText.h"
 #include "tests/engine/EngineDesk.h"
 
+#include <QApplication>
+#include <QCheckBox>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -51,9 +54,10 @@ private:
 class ExternalLinks : public testing::Test {
 protected:
     void SetUp() override {
-        server.Page(QStringLiteral("/page"), "<a id=link href='testapp:do?x=1%20%22'>one</a><br>"
+        for (const char* path : {"/page", "/more"})
+            server.Page(QLatin1String(path), "<a id=link href='testapp:do?x=1%20%22'>one</a><br>"
                                              "<a id=two href='testapp2:other'>two</a><br>"
-                                             "<a id=none href='nobodys:thing'>three</a>");
+                                             "<a id=none href='nobodys:thing'>three</a><p id=nothing>words</p>");
         desk.Load(server.Address(QStringLiteral("/page")));
     }
     [[nodiscard]] QtDialogCover* Shown() const {
@@ -98,9 +102,40 @@ TEST_F(ExternalLinks, TheUserIsAskedBeforeAnotherProgramOpens) {
     EXPECT_EQ(desk.view->LocationURL(), FromQt(server.Address(QStringLiteral("/page"))));
 }
 
-TEST_F(ExternalLinks, OnceForASchemeAndASite) {
+TEST_F(ExternalLinks, AKeyThatIsHeldDownOpensNothing) {
+    desk.Script(QStringLiteral("addEventListener('keydown', () => { location.href = 'testapp:held' }); 1"));
+    desk.ClickOn(QStringLiteral("nothing"));
+    QTest::keyPress(QApplication::focusWidget(), Qt::Key_Return);
+    ASSERT_TRUE(Asks());
+    ASSERT_TRUE(Shown()->isAncestorOf(QApplication::focusWidget()));
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"cmdCancel") << "what leaves the browser is a decision";
+    ASSERT_TRUE(WaitForAnswers(*Shown()));
+    for (const char* button : {"cmdCancel", "cmdOK"}) {
+        auto* focused = Shown()->findChild<QPushButton*>(QLatin1String(button));
+        focused->setFocus();
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+        QApplication::sendEvent(focused, &repeated);
+    }
+    EXPECT_EQ(program.Take(), "");
+    ASSERT_NE(Shown(), nullptr) << "the question waits for somebody who reads it";
+    QTest::keyClick(Shown(), Qt::Key_Escape);
+    EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, AnAnswerIsForOnce) {
+    for (int i = 0; i < 2; ++i) {
+        desk.ClickOn(QStringLiteral("link"));
+        ASSERT_TRUE(Asks());
+        EXPECT_FALSE(Shown()->findChild<QCheckBox*>()->isChecked());
+        Press("cmdOK");
+        EXPECT_EQ(program.Take(), "testapp:do?x=1%20%22");
+    }
+}
+
+TEST_F(ExternalLinks, OnceForASchemeAndASiteWhenItIsRemembered) {
     desk.ClickOn(QStringLiteral("link"));
     ASSERT_TRUE(Asks());
+    Shown()->findChild<QCheckBox*>()->setChecked(true);
     Press("cmdOK");
     program.Take();
     desk.ClickOn(QStringLiteral("link"));
@@ -124,6 +159,28 @@ TEST_F(ExternalLinks, WhatWasRefusedIsNotAskedAgain) {
     Settled();
     EXPECT_EQ(Shown(), nullptr);
     EXPECT_EQ(program.Take(), "");
+    desk.Load(server.Address(QStringLiteral("/more")));
+    desk.ClickOn(QStringLiteral("link"));
+    EXPECT_TRUE(Asks()) << "a person has come back";
+}
+
+TEST_F(ExternalLinks, ARefusalThatIsRememberedHoldsEverywhere) {
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(Asks());
+    Shown()->findChild<QCheckBox*>()->setChecked(true);
+    Press("cmdCancel");
+    desk.Load(server.Address(QStringLiteral("/more")));
+    desk.ClickOn(QStringLiteral("link"));
+    Settled();
+    EXPECT_EQ(Shown(), nullptr);
+}
+
+TEST_F(ExternalLinks, WhoTypesItAgainMeansIt) {
+    for (int i = 0; i < 2; ++i) {
+        desk.Navigate(QStringLiteral("testapp:typed"));
+        ASSERT_TRUE(Asks());
+        QTest::keyClick(Shown(), Qt::Key_Escape);
+    }
 }
 
 TEST_F(ExternalLinks, APageThatWantsManyOpenedGetsOneQuestion) {

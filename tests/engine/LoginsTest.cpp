@@ -58,6 +58,7 @@ protected:
         QTest::keyClicks(name, user);
         auto* secret = Dialog()->findChild<QLineEdit*>(QStringLiteral("txtPassword"));
         QTest::keyClicks(secret, password);
+        ASSERT_TRUE(WaitForAnswers(*Dialog()));
         QTest::keyClick(secret, Qt::Key_Return);
     }
 

@@ -38,9 +38,10 @@ public:
         return *this;
     }
 
-    /// A dialog is seen.
+    /// A dialog is seen, and takes answers.
     Steps& WhenShown(std::function<void(QtPageDialog&)> action) {
-        return When([this] { return DialogIn(m_window) != nullptr; }, [this, action] { action(*DialogIn(m_window)); });
+        const auto shown = [this] { return DialogIn(m_window) && TakesAnswers(*DialogIn(m_window)); };
+        return When(shown, [this, action] { action(*DialogIn(m_window)); });
     }
 
     /// Takes all steps, in their order.

@@ -54,6 +54,7 @@ TEST_F(EnginePermissions, AreAskedForInABarAboveThePage) {
     EXPECT_TRUE(Bar().isVisible());
     EXPECT_EQ(Bar().geometry().bottom() + 1, desk.Real().Widget()->geometry().top()) << "the bar covers nothing";
     EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 1);
+    ASSERT_TRUE(WaitForAnswers(Bar()));
     QTest::keyClick(Bar().findChild<QPushButton*>(QStringLiteral("cmdAnswer2")), Qt::Key_Space);
     EXPECT_TRUE(WaitForTitle(QStringLiteral("refused")));
     EXPECT_FALSE(Bar().isVisible());

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -39,6 +40,8 @@ protected:
                                           (remembers ? QStringLiteral("!") : QString());
                        }});
     }
+    /// The time in which nothing is answered is over.
+    void Later() { now += QtAnswerGuard::kQuiet; }
     void Press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
     [[nodiscard]] QString Words() const { return bar.findChild<QLabel*>()->text(); }
 
@@ -47,7 +50,8 @@ protected:
     QWidget window;
     QLineEdit* page = new QLineEdit(&window);
     PageQuestions questions;
-    QtQuestionBar bar{questions, &window};
+    std::chrono::milliseconds now{0};
+    QtQuestionBar bar{questions, &window, [this] { return now; }};
 };
 
 TEST_F(QuestionBar, LeavesTheKeyboardToThePage) {
@@ -63,6 +67,7 @@ TEST_F(QuestionBar, IsAnsweredByKeyboard) {
     Ask(u"a?");
     Press(Qt::Key_F6);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), u"cmdAnswer1");
+    Later();
     Press(Qt::Key_Return);
     EXPECT_EQ(answers.join(u' '), u"0");
     EXPECT_FALSE(bar.isVisible());
@@ -75,6 +80,7 @@ TEST_F(QuestionBar, RemembersWhenItsBoxIsTicked) {
     auto* remember = bar.findChild<QCheckBox*>();
     EXPECT_TRUE(remember->isVisible());
     remember->setFocus();
+    Later();
     Press(Qt::Key_Space);
     Press(Qt::Key_Tab);
     Press(Qt::Key_Tab);
@@ -84,7 +90,45 @@ TEST_F(QuestionBar, RemembersWhenItsBoxIsTicked) {
     EXPECT_EQ(Words(), u"b?");
     EXPECT_FALSE(remember->isVisible());
     EXPECT_FALSE(remember->isChecked()) << "a tick is for one question";
-    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"cmdAnswer1") << "whoever answers goes on";
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"cmdAnswer2")
+        << "whoever answers goes on, and allows nothing by going on";
+}
+
+TEST_F(QuestionBar, IsNotAnsweredByAKeyThatIsHeldDown) {
+    Ask(u"a?");
+    Ask(u"b?");
+    Press(Qt::Key_F6);
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(answers.isEmpty()) << "the keyboard has only just come to the question";
+    Later();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(answers.join(u' '), u"0");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(answers.join(u' '), u"0") << "the next question is another one";
+    Later();
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+    QApplication::sendEvent(QApplication::focusWidget(), &repeated);
+    EXPECT_EQ(answers.join(u' '), u"0");
+}
+
+TEST_F(QuestionBar, IsNotAnsweredByTheSecondClickOfTwo) {
+    Ask(u"a?");
+    auto* allow = bar.findChild<QPushButton*>(QStringLiteral("cmdAnswer1"));
+    QTest::mouseDClick(allow, Qt::LeftButton);
+    QTest::mouseClick(allow, Qt::LeftButton);
+    EXPECT_TRUE(answers.isEmpty());
+    Later();
+    QTest::mouseClick(allow, Qt::LeftButton);
+    EXPECT_EQ(answers.join(u' '), u"0") << "the focus that a click brings along is no surprise";
+}
+
+TEST_F(QuestionBar, TakesNoAnswerAtOnceWhenItsTabComesBack) {
+    Ask(u"a?");
+    Later();
+    bar.hide();
+    bar.show();
+    QTest::mouseClick(bar.findChild<QPushButton*>(QStringLiteral("cmdAnswer1")), Qt::LeftButton);
+    EXPECT_TRUE(answers.isEmpty());
 }
 
 TEST_F(QuestionBar, IsDismissedWithEscape) {
