@@ -110,6 +110,11 @@ void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
     const auto place = other ? NewWindowPlace::OtherWay : NewWindowPlace::AsSet;
     auto* supplied = static_cast<QtBrowserView*>(m_events.NewWindow2(m_index, place));
     if (!supplied) return;
+    // A page on this computer could read the file that it opens, so it gets no hold of its window.
+    if (m_page->url().isLocalFile()) {
+        ResumeNext(supplied->Navigate(FromQt(request.requestedUrl().toString(QUrl::FullyEncoded))));
+        return;
+    }
     // The page that asked fills the view; the blank page that it was to load first would only be in the way.
     supplied->m_pending.reset();
     m_engine.EndNavigation(supplied->m_index);

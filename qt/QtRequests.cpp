@@ -1,5 +1,8 @@
 #include "qt/QtRequests.h"
 
+#include "pages/LocalPages.h"
+#include "qt/QtText.h"
+
 #include <QRegularExpression>
 #include <QUrl>
 
@@ -12,6 +15,34 @@ bool NamesSound(const QString& path) {
     return sound.match(path).hasMatch();
 }
 
+LocalUse LocalUseOf(QWebEngineUrlRequestInfo::ResourceType type) {
+    switch (type) {
+    case QWebEngineUrlRequestInfo::ResourceTypeMainFrame:
+        return LocalUse::Page;
+    case QWebEngineUrlRequestInfo::ResourceTypeSubFrame:
+        return LocalUse::Frame;
+    case QWebEngineUrlRequestInfo::ResourceTypeImage:
+    case QWebEngineUrlRequestInfo::ResourceTypeFavicon:
+    case QWebEngineUrlRequestInfo::ResourceTypeStylesheet:
+    case QWebEngineUrlRequestInfo::ResourceTypeScript:
+    case QWebEngineUrlRequestInfo::ResourceTypeFontResource:
+    case QWebEngineUrlRequestInfo::ResourceTypeMedia:
+        return LocalUse::Part;
+    default:
+        return LocalUse::Data;
+    }
+}
+
+// The engine has a switch of its own, but without it a saved page has no pictures either. That pages of the web get no
+// file it sees to by itself.
+bool ReadsFileOfOthers(const QWebEngineUrlRequestInfo& info) {
+    const auto isFile = [](const QUrl& url) { return url.scheme() == u"file"; };
+    const QUrl page = info.firstPartyUrl();
+    if (!isFile(info.requestUrl()) || (!isFile(page) && !isFile(info.initiator()))) return false;
+    const QString of = isFile(page) ? page.path() : QString();
+    return !MayLoadLocal(FromQt(of), FromQt(info.requestUrl().path()), LocalUseOf(info.resourceType()));
+}
+
 } // namespace
 
 bool QtRequests::HoldsBack(const QWebEngineUrlRequestInfo& info) const {
@@ -20,7 +51,7 @@ bool QtRequests::HoldsBack(const QWebEngineUrlRequestInfo& info) const {
 }
 
 void QtRequests::interceptRequest(QWebEngineUrlRequestInfo& info) {
-    if (HoldsBack(info)) return info.block(true);
+    if (HoldsBack(info) || ReadsFileOfOthers(info)) return info.block(true);
     if (DoNotTrack) info.setHttpHeader(QByteArrayLiteral("DNT"), QByteArrayLiteral("1"));
     if (GlobalPrivacyControl) info.setHttpHeader(QByteArrayLiteral("Sec-GPC"), QByteArrayLiteral("1"));
     if (info.resourceType() != QWebEngineUrlRequestInfo::ResourceTypeMainFrame) return;

@@ -5,7 +5,8 @@
 #include <QWebEngineUrlRequestInterceptor>
 #include <functional>
 
-/// Sees every request before it leaves the engine: sends those for the product's own hosts on to the real services.
+/// Sees every request before it leaves the engine: sends those for the product's own hosts on to the real services, and
+/// keeps pages on this computer from reading other files.
 class QtRequests final : public QWebEngineUrlRequestInterceptor {
     Q_OBJECT
 
