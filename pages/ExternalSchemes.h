@@ -15,7 +15,7 @@ public:
     /// Whether addresses of that scheme, in lower case, are for other programs.
     [[nodiscard]] static bool IsExternal(TextView scheme);
 
-    /// `site` is the host that wants it opened; empty for the user.
+    /// `site` is the origin that wants it opened, as in "https://a.example"; empty for the user.
     [[nodiscard]] ExternalRule RuleFor(TextView scheme, TextView site) const;
     void Remember(TextView scheme, TextView site, bool open);
 

@@ -246,7 +246,7 @@ void QtBrowserView::StartNavigation() {
     MakePage();
     if (ExternalSchemes::IsExternal(FromQt(target.url.scheme()))) {
         m_engine.EndNavigation(m_index);
-        m_questions->links.Open(target.url, {});
+        m_questions->links.Open(target.url);
         ReportUnbegun();
         return;
     }
@@ -298,8 +298,9 @@ void QtBrowserView::MakePage() {
 void QtBrowserView::MakeQuestions() {
     // What is decided for a private page ends with it.
     auto* kept = m_privacy == Privacy::Private ? nullptr : m_engine.Permissions;
-    m_questions = std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted(),
-                                                    m_engine.DialogScheme(m_privacy), m_engine.External(), kept);
+    m_questions =
+        std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted(m_privacy),
+                                          m_engine.DialogScheme(m_privacy), m_engine.External(m_privacy), kept);
     WireQuestions();
     m_questions->crashes.Reload = [this] { ResumeNext(Refresh()); };
     m_questions->covers.FocusPage = [this] { SetFocus(); };
@@ -374,5 +375,5 @@ void QtBrowserView::Release() {
 
 PageSecurity QtBrowserView::Security() const {
     if (!m_page || !m_committed || m_failed) return PageSecurity::None;
-    return SecurityOf(m_page->url(), m_engine.Accepted());
+    return SecurityOf(m_page->url(), m_engine.Accepted(m_privacy));
 }

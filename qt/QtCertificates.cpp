@@ -57,6 +57,9 @@ QSslCertificate LeafOf(const QWebEngineCertificateError& error) {
 // In the form that cannot be mistaken for another host's.
 Text HostOf(const QUrl& url) { return FromQt(url.host(QUrl::FullyEncoded)); }
 
+/// For which an exception holds. Another port may be another program's.
+Text PlaceOf(const QUrl& url) { return FromQt(QtPage::HostAndPort(url)); }
+
 Text FingerprintOf(const QSslCertificate& certificate) {
     return FromQt(QString::fromLatin1(certificate.digest(QCryptographicHash::Sha256).toHex(':').toUpper()));
 }
@@ -88,7 +91,7 @@ QtCertificates::QtCertificates(QtPage& page, QtCovers& covers, AcceptedCertifica
 
 void QtCertificates::OnError(QWebEngineCertificateError error) {
     if (!m_page.Awaits(error.url())) return error.rejectCertificate();
-    if (error.isOverridable() && m_accepted.Has(HostOf(error.url()), FingerprintOf(LeafOf(error))))
+    if (error.isOverridable() && m_accepted.Has(PlaceOf(error.url()), FingerprintOf(LeafOf(error))))
         return error.acceptCertificate();
     Explain(error);
     error.rejectCertificate();
@@ -105,8 +108,8 @@ void QtCertificates::Explain(const QWebEngineCertificateError& error) {
         else
             m_page.load(QUrl(QStringLiteral("tessaview:start")));
     };
-    m_shown->GoOn = [this, host = refused.Host, fingerprint = refused.Fingerprint, url = error.url()] {
-        m_accepted.Accept(host, fingerprint);
+    m_shown->GoOn = [this, place = PlaceOf(error.url()), fingerprint = refused.Fingerprint, url = error.url()] {
+        m_accepted.Accept(place, fingerprint);
         TakeOff();
         // Loading again where the refused page stands leaves one entry in the page's history, not two.
         if (m_page.url() == url)

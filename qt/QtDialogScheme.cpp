@@ -18,11 +18,23 @@ constexpr auto kDialogsScript = R"js((function () {
         try { return encodeURIComponent(cut); }
         catch (e) { return encodeURIComponent(cut.replace(/[\ud800-\udfff]/g, '\ufffd')); }
     }
+    // A frame from elsewhere, or in a sandbox. The program looks for itself too; this spares it most of the questions.
+    function isStranger() {
+        try {
+            for (let each = window; each !== each.parent; each = each.parent) {
+                const frame = each.frameElement;
+                if (!frame) return true;
+                if (frame.hasAttribute('sandbox') && !frame.sandbox.contains('allow-modals')) return true;
+            }
+        } catch (e) { return true; }
+        return false;
+    }
     function replace(name, ask) {
         const native = window[name];
         if (typeof native !== 'function') return;
         const answer = function () {
             if (silenced) return ask(silenced);
+            if (isStranger()) return ask({ accepted: false });
             let reply;
             const words = Array.from(arguments, each => String(each));
             try {

@@ -206,7 +206,9 @@ void QtEngine::OnPrivatePageGone() {
     --m_privatePages;
     // What the private pages have left behind ends with the last of them, once its developer tools have gone too.
     QTimer::singleShot(0, this, [this] {
-        if (m_privatePages == 0 && !HasPrivateView()) m_private.reset();
+        if (m_privatePages > 0 || HasPrivateView()) return;
+        m_private.reset();
+        m_privateAnswers = {};
     });
 }
 

@@ -88,10 +88,12 @@ public:
 
     // For the views.
     [[nodiscard]] QRect PageRect(const QRect& whole) const { return LayBars ? LayBars(whole) : whole; }
-    /// The exceptions for refused certificates, of all views.
-    [[nodiscard]] AcceptedCertificates& Accepted() { return m_accepted; }
-    /// What the user has answered about addresses for other programs.
-    [[nodiscard]] ExternalSchemes& External() { return m_external; }
+    /// The exceptions for refused certificates. Those of private views end with the last of them.
+    [[nodiscard]] AcceptedCertificates& Accepted(Privacy privacy) { return AnswersFor(privacy).certificates; }
+    /// What the user has answered about addresses for other programs; of private views likewise.
+    [[nodiscard]] ExternalSchemes& External(Privacy privacy = Privacy::Ordinary) {
+        return AnswersFor(privacy).programs;
+    }
     [[nodiscard]] QtPageOutput& Output() { return m_output; }
     /// The page that fills the screen.
     [[nodiscard]] QtPageFullScreen& FullScreen() { return m_fullScreen; }
@@ -118,6 +120,14 @@ public:
     [[nodiscard]] const QString& Token() const { return m_token; }
 
 private:
+    /// What the user has answered for the run.
+    struct Answers {
+        AcceptedCertificates certificates;
+        ExternalSchemes programs;
+    };
+    [[nodiscard]] Answers& AnswersFor(Privacy privacy) {
+        return privacy == Privacy::Private ? m_privateAnswers : m_answers;
+    }
     void Turn();
     void ShowFront();
     [[nodiscard]] QtBrowserView* Find(std::int32_t index) const;
@@ -140,8 +150,7 @@ private:
     QtPersonInput m_personInput;
     QtPageFullScreen m_fullScreen;
     QtLoadOptions m_loadOptions;
-    AcceptedCertificates m_accepted;
-    ExternalSchemes m_external;
+    Answers m_answers, m_privateAnswers;
     std::int32_t m_media = 0; ///< the view that the keys for play and pause were for last
     std::int32_t m_front = 0;
     std::int32_t m_shown = 0;

@@ -13,34 +13,40 @@
 namespace {
 
 constexpr std::size_t kShownLength = 200;
+constexpr std::size_t kShownScheme = 40;
 
 // What a page calls an address is not to be trusted: one line of plain characters, cut.
 QString ShownAddress(const QUrl& url) {
     return ToQt(PlainLine(FromQt(url.toString(QUrl::FullyEncoded)), kShownLength));
 }
 
+// A scheme may be as long as its page likes.
+QString ShownScheme(const QUrl& url) { return ToQt(PlainLine(FromQt(url.scheme()), kShownScheme)); }
+
 class Question final : public QtDialogCover {
 public:
-    Question(const QUrl& url, const QString& site) {
+    /// `holder` says for whom an answer can be remembered; empty for nobody.
+    Question(const QUrl& url, const QString& heading, const QString& holder) {
         setObjectName(QStringLiteral("externalDialog"));
-        AddHeading(site.isEmpty() ? QStringLiteral("Open this address with another program?")
-                                  : QStringLiteral("%1 wants to open another program.").arg(site));
+        AddHeading(heading);
         AddWords(ShownAddress(url), "lblAddress");
-        m_remember =
-            new QCheckBox(QStringLiteral("&Remember the answer for \"%1:\" addresses").arg(url.scheme()), this);
-        m_remember->setObjectName(QStringLiteral("chkRemember"));
-        Column()->addWidget(m_remember);
-        AddWords(QStringLiteral("Remembered, it holds for %1 until TessaView is closed.")
-                     .arg(site.isEmpty() ? QStringLiteral("what you type") : QStringLiteral("this site")),
-                 "lblHolds");
+        if (!holder.isEmpty()) OfferToRemember(url, holder);
         // What leaves the browser leaves it by a decision, not by a key that was pressed for something else.
         AddButtons(QStringLiteral("&Open"), QStringLiteral("&Cancel"), DefaultAnswer::Cancel);
     }
 
-    [[nodiscard]] bool Remembers() const { return m_remember->isChecked(); }
+    [[nodiscard]] bool Remembers() const { return m_remember && m_remember->isChecked(); }
 
 private:
-    QCheckBox* m_remember;
+    void OfferToRemember(const QUrl& url, const QString& holder) {
+        const QString scheme = ShownScheme(url);
+        m_remember = new QCheckBox(QStringLiteral("&Remember the answer for \"%1:\" addresses").arg(scheme), this);
+        m_remember->setObjectName(QStringLiteral("chkRemember"));
+        Column()->addWidget(m_remember);
+        AddWords(QStringLiteral("Remembered, it holds for %1 until TessaView is closed.").arg(holder), "lblHolds");
+    }
+
+    QCheckBox* m_remember = nullptr;
 };
 
 class NoProgram final : public QtDialogCover {
@@ -49,44 +55,74 @@ public:
         setObjectName(QStringLiteral("externalDialog"));
         AddHeading(QStringLiteral("No program opens this address."));
         AddWords(ShownAddress(url), "lblAddress");
-        AddWords(QStringLiteral("This desktop has no program for addresses that begin with \"%1:\".").arg(url.scheme()),
-                 "lblHolds");
+        AddWords(
+            QStringLiteral("This desktop has no program for addresses that begin with \"%1:\".").arg(ShownScheme(url)),
+            "lblHolds");
         AddButtons(QStringLiteral("OK"), {});
     }
 };
 
 } // namespace
 
+/// Who wants an address opened.
+struct QtExternalLinks::Asker {
+    QString heading;
+    QString site;          ///< for which an answer holds; empty for the user and for pages without a host
+    QString who;           ///< tells one that was refused from the next
+    bool remembers = true; ///< whether an answer may hold for more than once
+    bool user = false;
+};
+
 QtExternalLinks::QtExternalLinks(QtPage& page, QtCovers& covers, ExternalSchemes& answers)
     : m_page(page), m_covers(covers), m_answers(answers) {
     // Queued: the engine waits until it is told that the page stays where it is.
     connect(
         &page, &QtPage::ExternalRequested, this,
-        [this](const QUrl& url) { Open(url, QtPage::HostAndPort(m_page.url())); }, Qt::QueuedConnection);
+        [this](const QUrl& url, const QtAsker& asker) { Open(url, AskerIn(asker)); }, Qt::QueuedConnection);
     connect(&page, &QtPage::NavigationRequested, this, [this](const QUrl&, bool topLevel) {
         if (topLevel) TakeOff();
     });
     connect(&page, &QtPage::PersonNavigated, this, [this] { m_refused.clear(); });
 }
 
-void QtExternalLinks::Open(const QUrl& url, const QString& site) {
-    const ExternalRule rule = m_answers.RuleFor(FromQt(url.scheme()), FromQt(site));
-    if (rule == ExternalRule::Open) QDesktopServices::openUrl(url);
-    if (rule == ExternalRule::Ask && !m_shown && !m_refused.contains({url.scheme(), site})) Ask(url, site);
+QtExternalLinks::Asker QtExternalLinks::AskerIn(const QtAsker& asker) {
+    const QString host = QtPage::HostAndPort(asker.page), site = QtPage::SiteOf(asker.page);
+    const QString from = QtPage::HostAndPort(asker.frameOrigin);
+    QString who = host.isEmpty() ? QStringLiteral("A page without an address") : host;
+    if (asker.frame) {
+        who = QStringLiteral("A frame in %1").arg(host.isEmpty() ? QStringLiteral("a page without an address") : host);
+        if (!from.isEmpty()) who += QStringLiteral(", from %1,").arg(from);
+    }
+    return {QStringLiteral("%1 wants to open another program.").arg(who), site, who + u' ' + site,
+            !asker.frame && !site.isEmpty(), false};
 }
 
-void QtExternalLinks::Ask(const QUrl& url, const QString& site) {
+void QtExternalLinks::Open(const QUrl& url) {
+    Open(url, {QStringLiteral("Open this address with another program?"), {}, {}, true, true});
+}
+
+void QtExternalLinks::Open(const QUrl& url, const Asker& asker) {
+    const bool known = asker.user || !asker.site.isEmpty();
+    ExternalRule rule = known ? m_answers.RuleFor(FromQt(url.scheme()), FromQt(asker.site)) : ExternalRule::Ask;
+    // What a page may do its frames may not; what it may not, they may not either.
+    if (rule == ExternalRule::Open && !asker.remembers) rule = ExternalRule::Ask;
+    if (rule == ExternalRule::Open) QDesktopServices::openUrl(url);
+    if (rule == ExternalRule::Ask && !m_shown && !m_refused.contains({url.scheme(), asker.who})) Ask(url, asker);
+}
+
+void QtExternalLinks::Ask(const QUrl& url, const Asker& asker) {
     // Without one the desktop would give the address back to a browser.
     if (QtDesktopPrograms::CommandFor(url.scheme()).isEmpty()) {
         auto* told = new NoProgram(url);
         told->Accepted = [this] { TakeOff(); };
         return Show(told);
     }
-    auto* question = new Question(url, site);
-    const auto answer = [this, question, url, site](bool open) {
-        if (question->Remembers()) m_answers.Remember(FromQt(url.scheme()), FromQt(site), open);
+    const QString holder = asker.user ? QStringLiteral("what you type") : QStringLiteral("this site");
+    auto* question = new Question(url, asker.heading, asker.remembers ? holder : QString());
+    const auto answer = [this, question, url, asker](bool open) {
+        if (question->Remembers()) m_answers.Remember(FromQt(url.scheme()), FromQt(asker.site), open);
         // A page cannot insist; a person who types it again means it.
-        if (!open && !site.isEmpty()) m_refused.insert({url.scheme(), site});
+        if (!open && !asker.user) m_refused.insert({url.scheme(), asker.who});
         TakeOff();
         if (open) QDesktopServices::openUrl(url);
     };

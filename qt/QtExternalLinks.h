@@ -9,11 +9,13 @@
 #include <QUrl>
 
 class QtCovers;
+struct QtAsker;
 class QtPage;
 
 /// Hands addresses that no page can show to the desktop's program for them, after the user was asked in a dialog of
 /// the tab. One question at a time: a page that wants many opened gets one answer. An answer is for once, unless the
-/// user wants it remembered; a page that was refused is not asked about again.
+/// user wants it remembered; a page that was refused is not asked about again. Nothing is remembered for frames, nor
+/// for pages without a host: nobody could tell whose answer it is.
 class QtExternalLinks final : public QObject {
     Q_OBJECT
 
@@ -21,17 +23,20 @@ public:
     /// All outlive this object.
     QtExternalLinks(QtPage& page, QtCovers& covers, ExternalSchemes& answers);
 
-    /// `site` is the host that wants it opened; empty for the user.
-    void Open(const QUrl& url, const QString& site);
+    /// The user has typed the address.
+    void Open(const QUrl& url);
 
 private:
-    void Ask(const QUrl& url, const QString& site);
+    struct Asker;
+    [[nodiscard]] static Asker AskerIn(const QtAsker& asker);
+    void Open(const QUrl& url, const Asker& asker);
+    void Ask(const QUrl& url, const Asker& asker);
     void Show(QtDialogCover* dialog);
     void TakeOff();
 
     QtPage& m_page;
     QtCovers& m_covers;
     ExternalSchemes& m_answers;
-    QSet<QPair<QString, QString>> m_refused; ///< schemes and sites, until a person goes to another page
+    QSet<QPair<QString, QString>> m_refused; ///< schemes and who wanted them, until a person goes to another page
     QPointer<QtDialogCover> m_shown;
 };

@@ -15,7 +15,8 @@
 
 namespace {
 constexpr std::chrono::seconds kCopyTime{1};
-}
+constexpr std::chrono::seconds kPersonTime{5};
+} // namespace
 
 QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {
     connect(this, &QWebEnginePage::urlChanged, this, &QtPage::OnAddress);
@@ -35,6 +36,8 @@ QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profi
 // done something in it, and never reads it.
 void QtPage::NotePerson() {
     m_personActed = true;
+    m_personTime.setRemainingTime(kPersonTime);
+    m_actedFrame.clear(); // a frame reports itself
     if (!m_mayCopy.isActive()) settings()->setAttribute(QWebEngineSettings::JavascriptCanAccessClipboard, true);
     m_mayCopy.start();
 }
@@ -47,7 +50,10 @@ bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool 
         return false;
     }
     if (ExternalSchemes::IsExternal(FromQt(url.scheme()))) {
-        Q_EMIT ExternalRequested(url);
+        // The engine does not tell who asks. It has made sure that a person acted in the page: where that was, asks.
+        const bool inOthers = !m_actedFrame.isEmpty() && SiteOf(QUrl(m_actedFrame)) != SiteOf(ShownAddress());
+        const bool byFrame = !isMainFrame || inOthers;
+        Q_EMIT ExternalRequested(url, {ShownAddress(), byFrame, QUrl(m_actedFrame)});
         return false;
     }
     if (isMainFrame) m_awaited = url;
@@ -63,6 +69,22 @@ QString QtPage::HostAndPort(const QUrl& url) {
     return url.port() < 0 ? host : QStringLiteral("%1:%2").arg(host).arg(url.port());
 }
 
+QString QtPage::SiteOf(const QUrl& url) {
+    return url.host().isEmpty() ? QString() : url.scheme() + QStringLiteral("://") + HostAndPort(url);
+}
+
+QUrl QtPage::ShownAddress() const {
+    const QWebEngineHistoryItem shown = history()->currentItem();
+    return shown.isValid() ? shown.url() : url();
+}
+
+bool QtPage::IsOwnOrigin(const QUrl& origin) const {
+    const QUrl shown = ShownAddress();
+    // A blank page is of whoever has filled it.
+    if (shown.isEmpty() || shown.scheme() == u"about") return true;
+    return SiteOf(origin) == SiteOf(shown.scheme() == u"blob" ? QUrl(shown.path()) : shown);
+}
+
 namespace {
 
 // The engine asks with these words of its own, in its own language, before a page with input is left.
@@ -74,17 +96,17 @@ QString LeaveQuestion() {
 } // namespace
 
 void QtPage::javaScriptAlert(const QUrl& origin, const QString& message) {
-    Ask({PageDialogKind::Alert, HostAndPort(origin), message, {}});
+    Ask({PageDialogKind::Alert, HostAndPort(origin), message, {}, origin});
 }
 
 bool QtPage::javaScriptConfirm(const QUrl& origin, const QString& message) {
     const bool leave = message == LeaveQuestion();
     const auto kind = leave ? PageDialogKind::Leave : PageDialogKind::Confirm;
-    return Ask({kind, HostAndPort(origin), message, {}}).accepted;
+    return Ask({kind, HostAndPort(origin), message, {}, origin}).accepted;
 }
 
 bool QtPage::javaScriptPrompt(const QUrl& origin, const QString& message, const QString& suggestion, QString* result) {
-    const auto answer = Ask({PageDialogKind::Prompt, HostAndPort(origin), message, suggestion});
+    const auto answer = Ask({PageDialogKind::Prompt, HostAndPort(origin), message, suggestion, origin});
     if (answer.accepted) *result = answer.text;
     return answer.accepted;
 }
@@ -177,7 +199,11 @@ void QtPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QStri
     const QString report = message.mid(m_token.size() + 1);
     const QUrl address(report.section(u' ', 1));
     if (report.startsWith(u"input ")) return OnInputReport(report);
-    if (report.startsWith(u"page ")) OnDocument(address);
+    if (report.startsWith(u"acted ")) m_actedFrame = report.section(u' ', 1);
+    if (report.startsWith(u"page ")) {
+        Q_EMIT DocumentBegun();
+        OnDocument(address);
+    }
     if (report.startsWith(u"ready ")) Q_EMIT FrameReady(address);
     if (report.startsWith(u"load ")) Q_EMIT FrameLoaded(address);
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include "qt/QtPageDialog.h"
 
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QPageLayout>
 #include <QPointer>
@@ -10,6 +11,13 @@
 #include <QWebEnginePage>
 #include <functional>
 #include <utility>
+
+/// Who in a page wants something.
+struct QtAsker {
+    QUrl page;          ///< the page shown
+    bool frame = false; ///< a frame in it, or nobody can tell that it was not one
+    QUrl frameOrigin;   ///< where that frame is from; empty when nobody can tell
+};
 
 /// An engine page that reports what only its virtual functions tell.
 class QtPage final : public QWebEnginePage {
@@ -21,6 +29,12 @@ public:
 
     /// A host as it is shown: in the form that cannot be mistaken for another, with an unusual port.
     [[nodiscard]] static QString HostAndPort(const QUrl& url);
+    /// Scheme, host and port, which together are a site of its own; empty for an address without a host.
+    [[nodiscard]] static QString SiteOf(const QUrl& url);
+    /// The address of the document shown, while another may be on its way.
+    [[nodiscard]] QUrl ShownAddress() const;
+    /// Whether what comes from that origin may speak for the page: frames from elsewhere and in a sandbox may not.
+    [[nodiscard]] bool IsOwnOrigin(const QUrl& origin) const;
     /// Whether the page is about to show what is fetched from there.
     [[nodiscard]] bool Awaits(const QUrl& url) const { return !m_awaited.isEmpty() && m_awaited == url; }
 
@@ -33,7 +47,7 @@ public:
     /// A person has clicked or typed into the page.
     void NotePerson();
     /// Whether a person has, since this was asked last: what a page does beyond that it does by itself.
-    [[nodiscard]] bool TakePerson() { return std::exchange(m_personActed, false); }
+    [[nodiscard]] bool TakePerson() { return std::exchange(m_personActed, false) && !m_personTime.hasExpired(); }
     /// Prints the page; the PDF is empty when that fails.
     void Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed);
     /// Deletes the page as soon as it waits for nothing any more: an answer, or that it is printed.
@@ -48,11 +62,13 @@ Q_SIGNALS:
     void PersonNavigated();
     /// A link of the home page was clicked that is for the program and not for the engine.
     void StartLinkFollowed(const QUrl& url);
-    /// The page wants another program of the desktop to open an address.
-    void ExternalRequested(const QUrl& url);
+    /// The page, or a frame in it, wants another program of the desktop to open an address.
+    void ExternalRequested(const QUrl& url, const QtAsker& asker);
     /// The page shows the document that it was to load, and had its address already: after a refresh, or because
     /// another page has opened it. Else `urlChanged` tells.
     void DocumentShown();
+    /// A document of the page itself has come to be, whatever its address.
+    void DocumentBegun();
     /// A frame has its document ready, or is loaded.
     void FrameReady(const QUrl& url);
     void FrameLoaded(const QUrl& url);
@@ -81,6 +97,8 @@ private:
     QSet<QString> m_input; ///< the documents that hold some
     int m_printing = 0;    ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
     bool m_personActed = false;
+    QDeadlineTimer m_personTime; ///< what comes later is not what that person wanted
+    QString m_actedFrame;        ///< the origin of the frame in which a person acted last; empty for the page itself
     bool m_loading = false;
     QTimer m_mayCopy; ///< runs for as long as the page may put something on the clipboard
     QUrl m_awaited;   ///< of the top-level navigation whose document has not come, nor has it ended

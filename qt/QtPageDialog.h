@@ -2,6 +2,7 @@
 #include "qt/QtDialogCover.h"
 
 #include <QString>
+#include <QUrl>
 
 class QCheckBox;
 class QLineEdit;
@@ -14,6 +15,7 @@ struct PageDialogRequest {
     QString host;    ///< of the page or the frame that speaks
     QString message; ///< its own words, not to be trusted
     QString suggestion;
+    QUrl origin; ///< of the page or the frame that speaks
 };
 
 struct PageDialogAnswer {

@@ -34,6 +34,7 @@ QtPageDialogs::QtPageDialogs(QtPage& page, QtCovers& covers, QtDialogScheme& sch
     page.scripts().insert(script);
     scheme.Register(m_token, [this](QWebEngineUrlRequestJob& job) { OnJob(job); });
     m_page.ShowDialog = [this](const PageDialogRequest& request, Answer answer) {
+        if (request.kind != PageDialogKind::Leave && !m_page.IsOwnOrigin(request.origin)) return answer({});
         // The whole engine waits for this answer, so nobody is asked who does not look at the page.
         if (!m_covers.Shown())
             return answer(
@@ -52,14 +53,16 @@ QtPageDialogs::~QtPageDialogs() {
 }
 
 void QtPageDialogs::OnJob(QWebEngineUrlRequestJob& job) {
+    // A frame from elsewhere would speak over the page and in its name; what is in a sandbox may not speak at all.
+    if (!m_page.IsOwnOrigin(job.initiator())) return QtDialogScheme::Reply(job, {});
     const QUrlQuery query(job.requestUrl());
     const auto item = [&query](const char* name) {
         return query.queryItemValue(QLatin1String(name), QUrl::FullyDecoded);
     };
     connect(&job, &QObject::destroyed, this, &QtPageDialogs::OnJobGone, Qt::QueuedConnection);
     const QPointer<QWebEngineUrlRequestJob> waiting(&job);
-    Ask({{DialogKindOf(job.requestUrl().path()), QtPage::HostAndPort(job.initiator()), item("text"),
-          item("suggestion")},
+    Ask({{DialogKindOf(job.requestUrl().path()), QtPage::HostAndPort(job.initiator()), item("text"), item("suggestion"),
+          job.initiator()},
          [waiting](const PageDialogAnswer& answer) {
              if (waiting) QtDialogScheme::Reply(*waiting, answer);
          },

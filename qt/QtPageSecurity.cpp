@@ -1,5 +1,6 @@
 #include "qt/QtPageSecurity.h"
 
+#include "qt/QtPage.h"
 #include "qt/QtStartPage.h"
 #include "qt/QtText.h"
 
@@ -20,7 +21,7 @@ PageSecurity SecurityOf(const QUrl& address, const AcceptedCertificates& accepte
     if (scheme == QLatin1String(QtStartPage::Scheme())) return PageSecurity::Own;
     if (scheme == u"file") return PageSecurity::Local;
     if (scheme == u"https") {
-        const bool exception = accepted.HasHost(FromQt(address.host(QUrl::FullyEncoded)));
+        const bool exception = accepted.HasHost(FromQt(QtPage::HostAndPort(address)));
         return exception ? PageSecurity::Exception : PageSecurity::Secure;
     }
     if (scheme == u"http") return IsThisComputer(address.host()) ? PageSecurity::Local : PageSecurity::NotSecure;

@@ -12,10 +12,7 @@ namespace {
 constexpr qsizetype kMostHeld = 20;
 constexpr TextView kRemember = u"&Remember for this site";
 
-Text SiteOf(const QUrl& url) {
-    if (url.host().isEmpty()) return {};
-    return FromQt(url.scheme() + QStringLiteral("://") + QtPage::HostAndPort(url));
-}
+Text SiteOf(const QUrl& url) { return FromQt(QtPage::SiteOf(url)); }
 
 Text PermissionWords(const QUrl& origin, SitePermission permission) {
     const QString host = QtPage::HostAndPort(origin);

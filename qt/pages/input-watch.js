@@ -25,7 +25,16 @@
         tell(held ? 'yes' : 'no');
     }
 
-    if (window === window.parent) tell('new');
+    if (window === window.parent) {
+        tell('new');
+    } else {
+        // What a frame wants is asked for in its own name.
+        ['pointerdown', 'pointerup', 'keydown'].forEach(function (kind) {
+            window.addEventListener(kind, function (event) {
+                if (event.isTrusted && !event.repeat) console.debug('%1 acted ' + self.origin);
+            }, true);
+        });
+    }
     window.addEventListener('input', function (event) {
         var field = event.composedPath()[0];
         if (!event.isTrusted || !(field instanceof Element)) return;

@@ -29,6 +29,7 @@ class Site(desk.PageServer):
                 name = self.path.strip("/").partition("?")[0]
                 file = os.path.join(SITE, name + ".html")
                 if name == "login":
+                    pages.logins += 1
                     self.answer(401, b"<title>No</title>", ("WWW-Authenticate", 'Basic realm="Never"'))
                 elif name == "storm.bin":
                     self.answer(200, b"storm", ("Content-Disposition", "attachment"))
@@ -65,6 +66,7 @@ class Site(desk.PageServer):
 
     def __init__(self):
         self.closed = threading.Event()
+        self.logins = 0
         super().__init__(hosts=2)
 
     def __exit__(self, *error):
@@ -127,6 +129,12 @@ class Hostile(unittest.TestCase):
 
     def test_messages_without_end(self):
         self.live_beside("alert-storm", lambda program: program.find_now("push button", "OK"))
+
+    def test_frames_that_speak_for_their_page(self):
+        def unheard(program):
+            self.assertIsNone(program.find_now("push button", "OK"))
+
+        self.live_beside("frame-dialogs", self.shows("Frame dialogs unheard"), unheard)
 
     def test_windows_without_end(self):
         def one_question(program):
@@ -203,7 +211,15 @@ class Hostile(unittest.TestCase):
         def log_in(program):
             for _ in range(3):
                 program.focus()
-                self.press("a", "Tab", "b", "Return")
+                self.press("a", "Tab", "b")
+                before = self.site.logins
+
+                def answered():
+                    """A dialog that has only just come up takes no answer."""
+                    self.press("Return")
+                    return self.site.logins > before
+
+                desk.wait_until(answered, what="the dialog takes no answer")
                 program.find("label", "The name or the password was not accepted.")
 
         self.live_beside("login", lambda program: program.find_now("push button", "Log In"), log_in)

@@ -79,6 +79,17 @@ TEST_F(Certificates, GoingOnHoldsForTheHostInThisRun) {
     EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 0);
 }
 
+TEST_F(Certificates, GoingOnInAnOrdinaryPageSaysNothingOfPrivateOnes) {
+    desk.Navigate(secure.Address(QStringLiteral("/private")));
+    ASSERT_TRUE(IsExplained());
+    Press("cmdGoOn");
+    ASSERT_TRUE(WaitUntil([&] { return desk.events.lines.contains(QStringLiteral("T:Private")); }));
+    ASSERT_TRUE(WaitUntil([&] { return Page() == nullptr; }));
+    desk.Replace(Privacy::Private);
+    desk.Navigate(secure.Address(QStringLiteral("/private")));
+    EXPECT_TRUE(IsExplained());
+}
+
 TEST_F(Certificates, GoingBackLeadsToThePageBefore) {
     desk.Load(plain.Address(QStringLiteral("/plain")));
     desk.Navigate(secure.Address(QStringLiteral("/private")));

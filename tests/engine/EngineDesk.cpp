@@ -90,10 +90,15 @@ EngineView::EngineView(const QString& profileFolder) : engine(&window, profileFo
     window.resize(800, 600);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-    view = engine.Create(1, events, Privacy::Ordinary);
+    Replace(Privacy::Ordinary);
+    engine.Start();
+}
+
+void EngineView::Replace(Privacy privacy) {
+    view.reset();
+    view = engine.Create(1, events, privacy);
     view->Move({{0}, {0}, {800}, {600}});
     view->BringToFront();
-    engine.Start();
 }
 
 EngineView::~EngineView() {

@@ -71,6 +71,8 @@ public:
     explicit EngineView(const QString& profileFolder = {});
     ~EngineView();
 
+    /// Another view takes the place of the one that is there.
+    void Replace(Privacy privacy);
     /// Navigates and waits until the document is complete.
     void Load(const QString& address);
     void Navigate(const QString& address);

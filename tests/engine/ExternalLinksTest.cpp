@@ -160,8 +160,11 @@ TEST_F(ExternalLinks, WhatWasRefusedIsNotAskedAgain) {
     EXPECT_EQ(Shown(), nullptr);
     EXPECT_EQ(program.Take(), "");
     desk.Load(server.Address(QStringLiteral("/more")));
-    desk.ClickOn(QStringLiteral("link"));
-    EXPECT_TRUE(Asks()) << "a person has come back";
+    // A click soon after a page has come may be nobody's.
+    EXPECT_TRUE(WaitUntil([this] {
+        desk.ClickOn(QStringLiteral("link"));
+        return Shown() != nullptr;
+    })) << "a person has come back";
 }
 
 TEST_F(ExternalLinks, ARefusalThatIsRememberedHoldsEverywhere) {
@@ -225,6 +228,74 @@ TEST_F(ExternalLinks, AQuestionGoesWithItsPage) {
     desk.Load(server.Address(QStringLiteral("/page?2")));
     EXPECT_EQ(Shown(), nullptr);
     EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, AFrameAsksInItsOwnNameAndForOnce) {
+    server.Page(QStringLiteral("/inner"), "<body style='margin:0'><a id=x href='testapp:ad' style='display:block;"
+                                          "width:300px;height:150px'>ad</a>");
+    server.Page(QStringLiteral("/outer"),
+                "<a id=link href='testapp:mine'>mine</a><br><iframe id=f src='" +
+                    server.Address(QStringLiteral("/inner"), QStringLiteral("localhost")).toUtf8() + "'></iframe>");
+    desk.Load(server.Address(QStringLiteral("/outer")));
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(Asks());
+    Shown()->findChild<QCheckBox*>()->setChecked(true);
+    Press("cmdOK");
+    EXPECT_EQ(program.Take(), "testapp:mine");
+    desk.ClickOn(QStringLiteral("f"));
+    ASSERT_TRUE(Asks()) << "what the page may its frames may not";
+    const std::string port = ":" + std::to_string(server.serverPort());
+    EXPECT_EQ(Words("lblHeading"),
+              "A frame in 127.0.0.1" + port + ", from localhost" + port + ", wants to open another program.");
+    EXPECT_EQ(Shown()->findChild<QCheckBox*>(), nullptr) << "nobody could tell whose answer it is";
+    Press("cmdOK");
+    EXPECT_EQ(program.Take(), "testapp:ad");
+    desk.ClickOn(QStringLiteral("f"));
+    EXPECT_TRUE(Asks());
+}
+
+TEST_F(ExternalLinks, AFrameThatTakesThePageElsewhereAsksInItsOwnName) {
+    server.Page(QStringLiteral("/inner"),
+                "<body style='margin:0'><a href='testapp:ad' target=_top style='display:block;"
+                "width:300px;height:150px'>ad</a>");
+    server.Page(QStringLiteral("/outer"),
+                "<p>words</p><iframe id=f src='" +
+                    server.Address(QStringLiteral("/inner"), QStringLiteral("localhost")).toUtf8() + "'></iframe>");
+    desk.Load(server.Address(QStringLiteral("/outer")));
+    desk.ClickOn(QStringLiteral("f"));
+    ASSERT_TRUE(Asks());
+    EXPECT_TRUE(QString::fromStdString(Words("lblHeading")).startsWith(u"A frame in 127.0.0.1")) << Words("lblHeading");
+}
+
+TEST_F(ExternalLinks, APageWithoutAnAddressIsNotItsUser) {
+    desk.Navigate(QStringLiteral("testapp:typed"));
+    ASSERT_TRUE(Asks());
+    Shown()->findChild<QCheckBox*>()->setChecked(true);
+    Press("cmdOK");
+    EXPECT_EQ(program.Take(), "testapp:typed");
+    desk.Load(QStringLiteral("data:text/html,<a id=link href='testapp:-o'>x</a>"));
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(Asks()) << "it opened what only its user may";
+    EXPECT_EQ(Words("lblHeading"), "A page without an address wants to open another program.");
+    EXPECT_EQ(Shown()->findChild<QCheckBox*>(), nullptr);
+    EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, PrivatePagesKnowNothingOfTheAnswersOfOthers) {
+    desk.engine.External().Remember(u"testapp", FromQt(server.Address({})), true);
+    desk.Replace(Privacy::Private);
+    desk.Load(server.Address(QStringLiteral("/page")));
+    desk.ClickOn(QStringLiteral("link"));
+    EXPECT_TRUE(Asks());
+    EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, AnAnswerIsForOneOriginAndNotForItsName) {
+    desk.engine.External().Remember(u"testapp", FromQt(QStringLiteral("https://127.0.0.1:%1").arg(server.serverPort())),
+                                    true);
+    desk.ClickOn(QStringLiteral("link"));
+    EXPECT_TRUE(Asks());
+    EXPECT_EQ(program.Take(), "") << "what https may, http may not";
 }
 
 TEST_F(ExternalLinks, AnAddressIsShownAsOneLineThatIsCut) {

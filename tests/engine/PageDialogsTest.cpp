@@ -153,6 +153,60 @@ TEST_F(PageDialogs, APromptGivesThePageTheText) {
     EXPECT_TRUE(Titled(QStringLiteral("none null")));
 }
 
+TEST_F(PageDialogs, FramesFromElsewhereOrInASandboxAreToldNoAtOnce) {
+    const QByteArray asks = "<script>alert('a'); parent.postMessage('said ' + confirm('b') + ' ' + prompt('c'), '*')"
+                            "</script>";
+    server.Page(QStringLiteral("/asks"), asks);
+    const QByteArray frames[] = {
+        "<iframe sandbox='allow-scripts' src='/asks'></iframe>",
+        "<iframe sandbox='allow-scripts allow-same-origin' src='/asks'></iframe>",
+        "<iframe src='" + server.Address(QStringLiteral("/asks"), QStringLiteral("localhost")).toUtf8() + "'></iframe>",
+        "<iframe src=\"data:text/html," + QByteArray(asks).replace('"', "'") + "\"></iframe>"};
+    int number = 0;
+    for (const QByteArray& frame : frames) {
+        const QString path = QStringLiteral("/framed%1").arg(++number);
+        server.Page(path, "<script>onmessage = e => document.title = 'heard ' + e.data</script>" + frame);
+        desk.events.Take();
+        desk.Navigate(server.Address(path));
+        EXPECT_TRUE(Titled(QStringLiteral("heard said false null"))) << frame.toStdString();
+        EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 0) << frame.toStdString();
+    }
+}
+
+TEST_F(PageDialogs, AFrameCannotGetRoundItByAskingTheProgramItself) {
+    // What our function in a frame knows its page can read.
+    server.Page(QStringLiteral("/asks"), "<script>const token = /page=([0-9a-f]+)/.exec(alert.toString())[1];"
+                                         "const r = new XMLHttpRequest(); let said = 'failed'; try {"
+                                         "r.open('GET', 'tessaview-ask:confirm?text=x&page=' + token, false); r.send();"
+                                         "said = JSON.parse(r.responseText).accepted } catch (e) {}"
+                                         "parent.postMessage('said ' + said, '*')</script>");
+    server.Page(QStringLiteral("/framed"),
+                "<script>onmessage = e => document.title = 'heard ' + e.data</script><iframe src='" +
+                    server.Address(QStringLiteral("/asks"), QStringLiteral("localhost")).toUtf8() + "'></iframe>");
+    desk.Navigate(server.Address(QStringLiteral("/framed")));
+    EXPECT_TRUE(Titled(QStringLiteral("heard said false")));
+    EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 0);
+}
+
+TEST_F(PageDialogs, FramesOfThePageItselfSpeakForIt) {
+    server.Page(QStringLiteral("/framed"), "<iframe srcdoc=\"<script>alert('inner');"
+                                           "parent.document.title = 'on'</script>\"></iframe>");
+    desk.Navigate(server.Address(QStringLiteral("/framed")));
+    steps
+        .WhenShown([&](QtPageDialog& dialog) {
+            EXPECT_EQ(Label(dialog, "lblMessage"), u"inner");
+            Key(Qt::Key_Return);
+        })
+        .Take();
+    EXPECT_TRUE(Titled(QStringLiteral("on")));
+}
+
+TEST_F(PageDialogs, PagesWithoutAHostSpeakToo) {
+    desk.Navigate(QStringLiteral("data:text/html,<script>alert('here'); document.title = 'on'</script>"));
+    steps.WhenShown([](QtPageDialog&) { Key(Qt::Key_Return); }).Take();
+    EXPECT_TRUE(Titled(QStringLiteral("on")));
+}
+
 TEST_F(PageDialogs, ALongMessageScrolls) {
     Run(QStringLiteral("alert('word '.repeat(100000)); document.title = 'on'"));
     steps

@@ -14,6 +14,7 @@ TEST(PageSecurity, KnowsWhoStandsBehindAnAddress) {
     EXPECT_EQ(Of("https://a.example/"), PageSecurity::Secure);
     EXPECT_EQ(Of("http://a.example/"), PageSecurity::NotSecure);
     EXPECT_EQ(Of("https://own.example/x"), PageSecurity::Exception);
+    EXPECT_EQ(Of("https://own.example:8443/x"), PageSecurity::Secure) << "another port is another program";
     EXPECT_EQ(Of("http://own.example/x"), PageSecurity::NotSecure);
     EXPECT_EQ(Of("file:///home/me/x.html"), PageSecurity::Local);
     EXPECT_EQ(Of("tessaview:start"), PageSecurity::Own);
