@@ -8,62 +8,81 @@
 
 /// Who asks.
 struct QtLogins::Asker {
-    QString host;
-    bool proxy = false;
-    bool encrypted = false;
+    Place place;
+    QString shownHost;
     bool ofPage = true; ///< the page itself or a frame in it, not some picture from elsewhere
 };
 
 QtLogins::QtLogins(QtPage& page, QtCovers& covers) : m_page(page), m_covers(covers) {
     connect(&page, &QWebEnginePage::authenticationRequired, this,
             [this](const QUrl& url, QAuthenticator* authenticator) {
-                OnAsked({QtPage::HostAndPort(url), false, url.scheme() == u"https", BelongsToPage(url)}, authenticator);
+                const Place place{url.scheme(), url.host(), url.port(), authenticator->realm(), false};
+                OnAsked({place, QtPage::HostAndPort(url), BelongsToPage(url)}, authenticator);
             });
     connect(&page, &QWebEnginePage::proxyAuthenticationRequired, this,
             [this](const QUrl&, QAuthenticator* authenticator, const QString& proxy) {
-                OnAsked({proxy, true, false, true}, authenticator);
+                OnAsked({{{}, proxy, -1, authenticator->realm(), true}, proxy, true}, authenticator);
             });
-    connect(&page, &QtPage::NavigationRequested, this, [this](const QUrl& url, bool topLevel) {
-        if (topLevel) m_frameHosts.clear();
-        if (!topLevel) m_frameHosts.insert(url.host());
-    });
+    connect(&page, &QtPage::NavigationRequested, this, &QtLogins::OnNavigation);
     connect(&page, &QWebEnginePage::loadStarted, this, [this] {
         m_askedAgain = false;
+        m_loadsAgain = true;
         m_refused.clear();
     });
-    // A page that no longer asks needs no answer.
-    connect(&page, &QWebEnginePage::loadFinished, this, [this] {
-        if (!m_askedAgain) TakeOff();
+    connect(&page, &QWebEnginePage::loadFinished, this, &QtLogins::OnLoadFinished);
+}
+
+void QtLogins::OnNavigation(const QUrl& url, bool topLevel) {
+    if (!topLevel) {
+        m_frameSites.insert(QtPage::SiteOf(url));
+        return;
+    }
+    m_frameSites.clear();
+    // Whoever goes elsewhere does not want to log in here any more.
+    if (QtPage::SiteOf(url) == m_answeredOn) return;
+    std::erase_if(m_answers, [&url](const auto& each) {
+        const Place& place = each.first;
+        return place.scheme != url.scheme() || place.host != url.host() || place.port != url.port();
     });
+}
+
+void QtLogins::OnLoadFinished() {
+    // A page that no longer asks needs no answer.
+    if (!m_askedAgain) TakeOff();
+    // What was not asked for by now was cut off on the way, and is not to be given to the next who asks.
+    if (m_loadsAgain) m_answers.clear();
 }
 
 bool QtLogins::BelongsToPage(const QUrl& url) const {
-    return m_page.Awaits(url) || url.host() == m_page.url().host() || m_frameHosts.contains(url.host());
+    const QString site = QtPage::SiteOf(url);
+    return m_page.Awaits(url) || site == QtPage::SiteOf(m_page.ShownAddress()) || m_frameSites.contains(site);
 }
 
 void QtLogins::OnAsked(const Asker& asker, QAuthenticator* authenticator) {
-    const QString key =
-        (asker.proxy ? QStringLiteral("proxy ") : QString()) + asker.host + u' ' + authenticator->realm();
-    if (const auto answer = m_answers.constFind(key); answer != m_answers.constEnd()) {
-        authenticator->setUser(answer->user);
-        authenticator->setPassword(answer->password);
+    const auto answer = asker.ofPage ? m_answers.find(asker.place) : m_answers.end();
+    if (answer != m_answers.end()) {
+        authenticator->setUser(answer->second.user);
+        authenticator->setPassword(answer->second.password);
         m_answers.erase(answer);
-        m_tried.insert(key);
+        m_tried.insert(asker.place);
         return;
     }
-    const QString realm = authenticator->realm();
     *authenticator = QAuthenticator();
-    if (m_shown && m_shownFor == key) m_askedAgain = true;
-    if (m_shown || !asker.ofPage || m_refused.contains(key)) return;
-    m_shownFor = key;
-    Ask(asker, realm);
+    if (m_shown && m_shownFor == asker.place) m_askedAgain = true;
+    if (m_shown || !asker.ofPage || m_refused.contains(asker.place)) return;
+    m_shownFor = asker.place;
+    Ask(asker);
 }
 
-void QtLogins::Ask(const Asker& asker, const QString& realm) {
+void QtLogins::Ask(const Asker& asker) {
     m_askedAgain = true;
-    m_shown = new QtLoginDialog({asker.host, realm, asker.proxy, asker.encrypted, m_tried.contains(m_shownFor)});
+    const bool encrypted = asker.place.scheme == u"https";
+    m_shown = new QtLoginDialog(
+        {asker.shownHost, asker.place.realm, asker.place.proxy, encrypted, m_tried.contains(asker.place)});
     m_shown->Accepted = [this] {
-        m_answers.insert(m_shownFor, {m_shown->User(), m_shown->Password()});
+        m_answers.insert_or_assign(m_shownFor, Credentials{m_shown->User(), m_shown->Password()});
+        m_answeredOn = QtPage::SiteOf(m_page.ShownAddress());
+        m_loadsAgain = false;
         TakeOff();
         m_page.triggerAction(QWebEnginePage::Reload);
     };

@@ -100,6 +100,26 @@ TEST_F(Logins, AWrongAnswerIsAskedAgain) {
     EXPECT_TRUE(Titled("Inside"));
 }
 
+TEST_F(Logins, AnAnswerThatWasCutOffIsGivenToNobodyElse) {
+    desk.Navigate(server.Address(kSecret));
+    ASSERT_TRUE(IsAsked());
+    QByteArrayList authorizations;
+    server.Answer(kSecret, [&](const QByteArray&) { return QByteArray("\r\n"); });
+    desk.events.Take();
+    Answer(QStringLiteral("mole"), QStringLiteral("burrow"));
+    ASSERT_TRUE(WaitUntil([&] { return desk.events.Count(QStringLiteral("F")) > 0 && !desk.view->Busy(); }));
+    // A frame of the same host, in a page of the same host, now asks with the same words.
+    const QString again = QStringLiteral("/again");
+    server.Answer(again, [&](const QByteArray& request) {
+        if (request.contains("Authorization:")) authorizations << request;
+        return Guarded(request);
+    });
+    server.Page(QStringLiteral("/later"), "<title>Later</title><img src='/again'><iframe src='/again'></iframe>");
+    desk.Navigate(server.Address(QStringLiteral("/later")));
+    ASSERT_TRUE(WaitUntil([&] { return Dialog() != nullptr; })) << "the answer was for another load";
+    EXPECT_TRUE(authorizations.isEmpty());
+}
+
 TEST_F(Logins, CancellingShowsTheServersPage) {
     desk.Navigate(server.Address(kSecret));
     ASSERT_TRUE(IsAsked());
