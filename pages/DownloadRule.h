@@ -9,12 +9,14 @@ public:
 
     /// Whether the page may save one more file now; counts it if so.
     [[nodiscard]] bool Take() {
-        if (!m_allowed && m_taken >= kFree) return false;
+        if (m_refused || (!m_allowed && m_taken >= kFree)) return false;
         ++m_taken;
         return true;
     }
     /// The user lets the page save as many as it likes.
     void Allow() { m_allowed = true; }
+    /// A person clicks or types in the page: what comes of it is wanted, unless it was refused before.
+    void PersonActed() { m_taken = 0; }
     /// The user does not; the page is not to ask again.
     void Refuse() { m_refused = true; }
     [[nodiscard]] bool Refused() const { return m_refused; }

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QUuid>
 #include <QWebEngineDownloadRequest>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
@@ -27,6 +28,9 @@ DownloadState TransferStateOf(const Request& request) {
         return request.isPaused() ? DownloadState::Paused : DownloadState::Running;
     }
 }
+
+/// Files that are asked for and have not begun to come.
+constexpr qsizetype kMostExpected = 200;
 
 // What the engine gives as a reason when less arrives than the server announced; it has no name for it.
 constexpr int kTooShort = 38;
@@ -63,6 +67,9 @@ DownloadProblem TransferProblemOf(const Request& request) {
 
 Text AddressOf(const Request& request) { return FromQt(request.url().toString(QUrl::FullyEncoded)); }
 
+/// The name by which `Expect` knows a request again; the engine may have put an ending behind it.
+QString AskedNameOf(const Request& request) { return request.suggestedFileName().section(u'.', 0, 0); }
+
 DownloadReport ReportOf(const Request& request) {
     return {TransferStateOf(request), TransferProblemOf(request), request.receivedBytes(), request.totalBytes()};
 }
@@ -97,33 +104,39 @@ QtDownloads::~QtDownloads() = default;
 void QtDownloads::Shutdown() { m_page.reset(); }
 
 void QtDownloads::Follow(QWebEngineProfile& profile) {
+    auto from = std::make_shared<Followed>();
+    from->profile = &profile;
     connect(&profile, &QWebEngineProfile::downloadRequested, this,
-            [this, known = std::make_shared<Known>()](Request* request) { OnRequest(*request, *known); });
+            [this, from](Request* request) { OnRequest(*request, *from); });
 }
 
-void QtDownloads::OnRequest(Request& request, Known& known) {
+void QtDownloads::OnRequest(Request& request, Followed& from) {
     // A download that goes on after its connection broke is requested like a new one, but nobody saves one more file.
-    if (const auto* download = List ? Continued(request, known) : nullptr) {
+    if (const auto* download = List ? Continued(request, from) : nullptr) {
         List->Continue(download->Id, std::make_shared<Transfer>(request));
         return Accept(request, *download);
     }
-    const bool wanted = request.isSavePageDownload() || m_expected.contains(request.url());
-    if (!List || (!wanted && MaySave && !MaySave(request.page(), request.url())))
-        return QtEngineVersions::Refuse(request);
-    const Download& download = Begin(request);
-    known.insert(request.id(), download.Id);
+    if (!List || !May(request, from)) return QtEngineVersions::Refuse(request);
+    const Download& download = Begin(request, from);
+    from.rows.insert(request.id(), download.Id);
     Accept(request, download);
 }
 
-const Download* QtDownloads::Continued(const Request& request, const Known& known) const {
-    const auto* download = List->Find(known.value(request.id()));
+bool QtDownloads::May(const Request& request, Followed& from) const {
+    if (request.isSavePageDownload() || m_expected.contains(AskedNameOf(request)) || !MaySave) return true;
+    // A page that has gone cannot be asked about, and one that goes at once is not to save without end.
+    return request.page() ? MaySave(request.page(), request.url()) : from.pageless.Take();
+}
+
+const Download* QtDownloads::Continued(const Request& request, const Followed& from) const {
+    const auto* download = List->Find(from.rows.value(request.id()));
     // The engine may give a number again once it has forgotten whose it was.
     const bool over = !download || download->Report.State == DownloadState::Done ||
                       download->Report.State == DownloadState::Cancelled;
     return !over && download->Address == AddressOf(request) ? download : nullptr;
 }
 
-const Download& QtDownloads::Begin(Request& request) {
+const Download& QtDownloads::Begin(Request& request, const Followed& from) {
     Downloads::Request wanted;
     wanted.Address = AddressOf(request);
     wanted.Total = request.totalBytes();
@@ -131,20 +144,21 @@ const Download& QtDownloads::Begin(Request& request) {
         // The user has chosen its place in a dialog that asks before anything is replaced.
         wanted.Path = FromQt(QDir(request.downloadDirectory()).filePath(request.downloadFileName()));
         wanted.Overwrites = true;
+    } else if (m_expected.contains(AskedNameOf(request))) {
+        const Expected expected = m_expected.take(AskedNameOf(request));
+        m_expectedOrder.removeOne(AskedNameOf(request));
+        wanted.Path = expected.path;
+        wanted.Overwrites = !expected.path.empty();
+        wanted.Again = expected.again;
     } else {
         wanted.SuggestedName = FromQt(request.suggestedFileName());
-        const auto expected = m_expected.find(request.url());
-        if (expected != m_expected.end()) {
-            wanted.Path = expected->path;
-            wanted.Overwrites = !expected->path.empty();
-            wanted.Again = expected->again;
-            m_expected.erase(expected);
-        }
     }
-    const auto* page = request.page();
-    const bool offTheRecord = page && page->profile()->isOffTheRecord();
+    // The page may have gone by now; its profile knows.
+    const bool offTheRecord = !from.profile || from.profile->isOffTheRecord();
     wanted.Kept = offTheRecord ? Remembered::No : Remembered::Yes;
-    return List->Begin(wanted, std::make_shared<Transfer>(request));
+    const Download& download = List->Begin(wanted, std::make_shared<Transfer>(request));
+    if (offTheRecord) m_private.insert(download.Id, from.profile);
+    return download;
 }
 
 void QtDownloads::Accept(Request& request, const Download& download) {
@@ -164,20 +178,41 @@ void QtDownloads::Accept(Request& request, const Download& download) {
     request.accept();
 }
 
+// A link may lead through other addresses before a file comes of it; only the name that was asked for comes back
+// unchanged. Nobody else can ask for it, so what never becomes a request cannot be mistaken for another later.
+QString QtDownloads::Expect(const Expected& expected) {
+    const QString name = QUuid::createUuid().toString(QUuid::Id128);
+    m_expected.insert(name, expected);
+    m_expectedOrder << name;
+    if (m_expectedOrder.size() > kMostExpected) m_expected.remove(m_expectedOrder.takeFirst());
+    return name;
+}
+
 void QtDownloads::Save(QWebEnginePage& page, const QUrl& address, const Text& path) {
-    m_expected.insert(address, {path, 0});
-    page.download(address, QFileInfo(ToQt(path)).fileName());
+    page.download(address, Expect({path, 0}));
+}
+
+// With the profile that the download was begun with: what a private page fetched is nothing to the others.
+QWebEnginePage* QtDownloads::PageFor(std::int32_t id) {
+    auto* ordinary = Profile ? Profile() : nullptr;
+    QWebEngineProfile* own = m_private.contains(id) ? m_private.value(id).data() : ordinary;
+    if (!own) return nullptr;
+    if (own == ordinary) {
+        if (!m_page) m_page = std::make_unique<QWebEnginePage>(own);
+        return m_page.get();
+    }
+    if (!m_privatePage || m_privatePage->profile() != own) m_privatePage = new QWebEnginePage(own, own);
+    return m_privatePage;
 }
 
 Outcome QtDownloads::Fetch(std::int32_t id, TextView address) {
     const QUrl url(ToQt(address));
-    auto* profile = Profile ? Profile() : nullptr;
     const QString scheme = url.scheme();
     // Pages of an earlier run took what was in them along.
-    if (!profile || !url.isValid() || (scheme != u"http" && scheme != u"https")) return Outcome::Failed;
-    if (!m_page) m_page = std::make_unique<QWebEnginePage>(profile);
-    m_expected.insert(url, {{}, id});
-    m_page->download(url);
+    if (!url.isValid() || (scheme != u"http" && scheme != u"https")) return Outcome::Failed;
+    auto* page = PageFor(id);
+    if (!page) return Outcome::Failed;
+    page->download(url, Expect({{}, id}));
     return Outcome::Done;
 }
 

@@ -1,12 +1,13 @@
 #pragma once
+#include "pages/DownloadRule.h"
 #include "pages/Downloads.h"
 #include "qt/QtFileManager.h"
 
 #include <QElapsedTimer>
 #include <QHash>
-#include <QMultiHash>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 #include <QUrl>
 #include <functional>
 #include <memory>
@@ -28,7 +29,7 @@ public:
     Downloads* List = nullptr;
     /// The profile with which an address is fetched again; nothing while there is none.
     std::function<QWebEngineProfile*()> Profile;
-    /// Whether a page may save a file now; it may be a page of which nobody knows. Without it, each may.
+    /// Whether a page may save a file now; it may be one that no tab shows. Without it, each may.
     std::function<bool(QWebEnginePage*, const QUrl&)> MaySave;
     /// Takes the profile's downloads from now on.
     void Follow(QWebEngineProfile& profile);
@@ -48,16 +49,28 @@ private:
         Text path;
         std::int32_t again = 0;
     };
-    /// A profile's downloads in the list, by the engine's number.
-    using Known = QHash<quint32, std::int32_t>;
-    void OnRequest(QWebEngineDownloadRequest& request, Known& known);
+    /// A profile, and what of its downloads is known.
+    struct Followed {
+        QPointer<QWebEngineProfile> profile;
+        QHash<quint32, std::int32_t> rows; ///< in the list, by the engine's number
+        DownloadRule pageless;             ///< those whose page has gone
+    };
+    void OnRequest(QWebEngineDownloadRequest& request, Followed& from);
+    [[nodiscard]] bool May(const QWebEngineDownloadRequest& request, Followed& from) const;
     /// The list's download with which the engine goes on; nothing when it is a new one.
-    [[nodiscard]] const Download* Continued(const QWebEngineDownloadRequest& request, const Known& known) const;
-    const Download& Begin(QWebEngineDownloadRequest& request);
+    [[nodiscard]] const Download* Continued(const QWebEngineDownloadRequest& request, const Followed& from) const;
+    const Download& Begin(QWebEngineDownloadRequest& request, const Followed& from);
+    /// The name under which a request comes back that is expected.
+    QString Expect(const Expected& expected);
+    [[nodiscard]] QWebEnginePage* PageFor(std::int32_t id);
     void Accept(QWebEngineDownloadRequest& request, const Download& download);
 
-    QMultiHash<QUrl, Expected> m_expected;
+    QHash<QString, Expected> m_expected;
+    QStringList m_expectedOrder;
+    /// Of the downloads of private pages the profile, which goes with the last of these pages.
+    QHash<std::int32_t, QPointer<QWebEngineProfile>> m_private;
     std::unique_ptr<QWebEnginePage> m_page; ///< shows nothing; fetches
+    QPointer<QWebEnginePage> m_privatePage; ///< likewise; ends with its profile
     QElapsedTimer m_clock;
     QtFileManager m_fileManager;
 };

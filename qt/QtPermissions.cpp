@@ -149,11 +149,11 @@ void QtPermissions::AskPopup(const QUrl& address) {
 
 bool QtPermissions::MaySave(const QUrl& address) {
     const QUrl origin = m_page.url();
-    const auto known = Decided(origin, SitePermission::Downloads);
+    if (const auto known = Decided(origin, SitePermission::Downloads)) return *known;
     // Whoever clicks for each file wants each of them.
-    if (m_page.TakePerson()) m_downloads.PersonNavigated();
-    if (known == true || m_downloads.Take()) return true;
-    if (known == false || m_downloads.Refused()) return false;
+    if (m_page.TakePerson()) m_downloads.PersonActed();
+    if (m_downloads.Take()) return true;
+    if (m_downloads.Refused()) return false;
     // What lies in the page itself cannot be fetched again later.
     const bool fetchable = address.scheme() == u"http" || address.scheme() == u"https";
     if (fetchable && m_heldFiles.size() < kMostHeld) m_heldFiles << address;

@@ -190,6 +190,110 @@ TEST_F(EngineDownloads, OfALinkGoWhereTheUserWantsThem) {
     EXPECT_EQ(Saved(), "ok");
 }
 
+TEST_F(EngineDownloads, OfALinkThatLeadsElsewhereGoWhereTheUserWantsThem) {
+    server.Page(QStringLiteral("/page"), "<p>hello</p>");
+    server.Redirect(QStringLiteral("/first"), QStringLiteral("/second"));
+    server.Raw(QStringLiteral("/second"), Attachment("led here", "filename=theirs.bin"));
+    desk.Load(server.Address(QStringLiteral("/page")));
+    const Text path = folder.PathText("mine.bin");
+    EXPECT_EQ(desk.view->Tools()->Save(FromQt(server.Address(QStringLiteral("/first"))), path), Outcome::Done);
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(First().Path, path);
+    EXPECT_EQ(Saved(), "led here");
+    // Whatever comes of that address later is another file.
+    server.Raw(QStringLiteral("/first"), Attachment("evil", "filename=mine.bin"));
+    desk.Navigate(server.Address(QStringLiteral("/first")));
+    ASSERT_TRUE(WaitFor(DownloadState::Done, 2));
+    EXPECT_NE(First().Path, path);
+    EXPECT_EQ(folder.Read("mine.bin"), "led here");
+}
+
+TEST_F(EngineDownloads, OfALinkThatCameToNothingOverwriteNothingLater) {
+    server.Page(QStringLiteral("/page"), "<p>hello</p>");
+    server.Stall(QStringLiteral("/first"));
+    desk.Load(server.Address(QStringLiteral("/page")));
+    const Text path = folder.PathText("mine.bin");
+    EXPECT_EQ(desk.view->Tools()->Save(FromQt(server.Address(QStringLiteral("/first"))), path), Outcome::Done);
+    ASSERT_TRUE(WaitUntil([&] { return server.requests.contains(QStringLiteral("/first")); }));
+    folder.Write("mine.bin", "precious");
+    server.Raw(QStringLiteral("/first"), Attachment("evil", "filename=mine.bin"));
+    desk.Navigate(server.Address(QStringLiteral("/first?again")));
+    desk.Navigate(server.Address(QStringLiteral("/first")));
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_NE(First().Path, path);
+    EXPECT_EQ(folder.Read("mine.bin"), "precious");
+}
+
+TEST_F(EngineDownloads, ThatAreFetchedAnewKeepTheirLineThroughARedirect) {
+    server.Raw(QStringLiteral("/get"), Attachment("again", "filename=again.txt"));
+    desk.Navigate(server.Address(QStringLiteral("/get")));
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    const std::int32_t id = First().Id;
+    downloads.OnReport(id, {DownloadState::Broken, DownloadProblem::Gone, 0, -1});
+    QFile::remove(ToQt(First().Path));
+    server.Redirect(QStringLiteral("/get"), QStringLiteral("/moved"));
+    server.Raw(QStringLiteral("/moved"), Attachment("moved", "filename=again.txt"));
+    downloads.Retry(id);
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(downloads.All().size(), 1U);
+    EXPECT_EQ(First().Id, id);
+    EXPECT_EQ(Saved(), "moved");
+}
+
+TEST_F(EngineDownloads, OfPrivatePagesAreFetchedAnewByPrivatePages) {
+    desk.engine.PrivateProfileMade = [this](QWebEngineProfile& profile) { desktop.Follow(profile); };
+    QByteArray cookies;
+    server.Answer(QStringLiteral("/get"), [&](const QByteArray& request) {
+        cookies = request.contains("Cookie: who=private") ? "private"
+                  : request.contains("Cookie:")           ? "ordinary"
+                                                          : "none";
+        return Attachment("x", "filename=x.txt");
+    });
+    server.Page(QStringLiteral("/ordinary"), "<script>document.cookie = 'who=ordinary'</script>");
+    server.Page(QStringLiteral("/private"), "<script>document.cookie = 'who=private'</script>");
+    desk.Load(server.Address(QStringLiteral("/ordinary")));
+    auto hidden = desk.engine.Create(2, desk.events, Privacy::Private);
+    ResumeNext(hidden->Navigate(FromQt(server.Address(QStringLiteral("/private")))));
+    ASSERT_TRUE(WaitUntil([&] { return desk.events.Count(QStringLiteral("D:/private")) > 0; }));
+    ResumeNext(hidden->Navigate(FromQt(server.Address(QStringLiteral("/get")))));
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(cookies, "private");
+    EXPECT_EQ(First().Kept, Remembered::No);
+    const auto breakOff = [&] {
+        downloads.OnReport(First().Id, {DownloadState::Broken, DownloadProblem::Gone, 0, -1});
+        QFile::remove(ToQt(First().Path));
+        cookies.clear();
+    };
+    breakOff();
+    downloads.Retry(First().Id);
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(cookies, "private");
+    breakOff();
+    const QPointer<QWebEngineProfile> profile = desk.engine.Profile(Privacy::Private);
+    hidden.reset();
+    ASSERT_TRUE(WaitUntil([&] { return profile.isNull(); }));
+    downloads.Retry(First().Id);
+    EXPECT_EQ(First().Report.State, DownloadState::Broken) << "who fetched it is gone";
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_EQ(cookies, "");
+}
+
+TEST_F(EngineDownloads, ThatWereBlockedForGoodDoNotComeByAClickEither) {
+    FakeSettings settings;
+    SitePermissions kept{settings};
+    kept.Remember({FromQt(server.Address({})), SitePermission::Downloads, false});
+    desk.engine.Permissions = &kept;
+    desk.Replace(Privacy::Ordinary);
+    server.Page(QStringLiteral("/page"), "<a id=kept download='y.txt' href='data:text/plain,y'>keep</a>"
+                                         "<script>kept.onclick = () => document.title = 'clicked'</script>");
+    desk.Load(server.Address(QStringLiteral("/page")));
+    desk.Real().Page()->NotePerson();
+    desk.ClickOn(QStringLiteral("kept"));
+    ASSERT_TRUE(WaitUntil([&] { return desk.Real().Page()->title() == u"clicked"; }));
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_TRUE(downloads.All().empty());
+}
+
 TEST_F(EngineDownloads, OfAPageThatSavesAndSavesWaitForItsUser) {
     server.Page(QStringLiteral("/page"),
                 "<body><script>for (let i = 0; i < 40; ++i) { const a = document.createElement('a');"

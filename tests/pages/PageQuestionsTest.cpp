@@ -163,6 +163,19 @@ TEST(DownloadRule, LetsAPageSaveAFewFilesByItself) {
     for (int i = 0; i < 100; ++i) EXPECT_TRUE(rule.Take());
 }
 
+TEST(DownloadRule, ARefusalOutlastsClicks) {
+    DownloadRule rule;
+    for (std::size_t i = 0; i < DownloadRule::kFree; ++i) EXPECT_TRUE(rule.Take());
+    rule.PersonActed();
+    EXPECT_TRUE(rule.Take()) << "what is clicked for is wanted";
+    rule.Refuse();
+    rule.PersonActed();
+    EXPECT_FALSE(rule.Take());
+    EXPECT_TRUE(rule.Refused());
+    rule.PersonNavigated();
+    EXPECT_TRUE(rule.Take());
+}
+
 TEST(LinkRules, KnowWhatCanBeSaved) {
     for (const TextView yes : {u"http://a/", u"HTTPS://a/", u"data:,x", u"blob:https://a/1"}) EXPECT_TRUE(MaySave(yes));
     for (const TextView no : {u"file:///x", u"javascript:1", u"tessaview:start", u"", u"x"}) EXPECT_FALSE(MaySave(no));
