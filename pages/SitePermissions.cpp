@@ -54,7 +54,9 @@ auto Matching(TextView site, SitePermission permission) {
 std::vector<SiteDecision> DecisionsFrom(const std::vector<Text>& lines) {
     std::vector<SiteDecision> all;
     for (const Text& line : lines) {
-        if (auto decision = DecisionFrom(line)) all.push_back(std::move(*decision));
+        auto decision = DecisionFrom(line);
+        if (decision && SitePermissions::CanLast(decision->Permission, decision->Allowed))
+            all.push_back(std::move(*decision));
     }
     return all;
 }
@@ -74,6 +76,7 @@ std::optional<bool> SitePermissions::Find(TextView site, SitePermission permissi
 void SitePermissions::Remember(const SiteDecision& decision) {
     // An origin that is none - of a file, of a page in a box - stands for many pages.
     if (decision.Site.empty() || decision.Site == u"null") return;
+    if (!CanLast(decision.Permission, decision.Allowed)) return;
     Change([decision](std::vector<SiteDecision>& all) {
         std::erase_if(all, Matching(decision.Site, decision.Permission));
         if (all.size() >= kMost) all.erase(all.begin());
@@ -97,6 +100,11 @@ void SitePermissions::ForgetAll() {
     Change([](std::vector<SiteDecision>& decisions) { decisions.clear(); });
     if (!Forgotten) return;
     for (const SiteDecision& each : all) Forgotten(each);
+}
+
+bool SitePermissions::CanLast(SitePermission permission, bool allowed) {
+    const bool isScreen = permission == SitePermission::Screen || permission == SitePermission::ScreenAndSound;
+    return !isScreen || !allowed;
 }
 
 Text SitePermissions::Wish(SitePermission permission) { return Text(RowOf(permission).wish); }

@@ -46,6 +46,9 @@ public:
     /// A decision was forgotten: what rests on it is to end.
     std::function<void(const SiteDecision&)> Forgotten;
 
+    /// Whether an answer may hold for good. Which screen or window it is, and what stands there, is new every time:
+    /// that it is shown can be refused for good, not allowed.
+    [[nodiscard]] static bool CanLast(SitePermission permission, bool allowed);
     /// What is asked for, after "wants to".
     [[nodiscard]] static Text Wish(SitePermission permission);
 

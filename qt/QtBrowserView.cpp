@@ -323,6 +323,7 @@ void QtBrowserView::WireQuestions() {
     m_questions->questions.Changed = [this] { ShowQuestion(); };
     m_questions->bar->FocusPage = [this] { SetFocus(); };
     m_questions->permissions.OpenPopup = [this](const QUrl& address) { OpenPopup(address); };
+    m_questions->permissions.CapturesChanged = [this] { m_engine.ReportCaptures(); };
     m_questions->tools.SaveAddress = m_engine.SaveAddress;
     m_questions->tools.ShowInspector = m_engine.ShowInspector;
 }
@@ -361,6 +362,7 @@ void QtBrowserView::Release() {
     m_engine.FullScreen().Leave(m_widget);
     m_life.reset();
     m_questions.reset();
+    m_engine.ReportCaptures();
     if (m_page) m_page->disconnect(this);
     if (m_widget) {
         m_widget->hide();

@@ -4,6 +4,7 @@
 #include "qt/QtBrowserView.h"
 #include "qt/QtPage.h"
 #include "qt/QtProfile.h"
+#include "qt/QtText.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -109,6 +110,23 @@ void QtEngine::SetLoadOptions(const QtLoadOptions& options) {
 void QtEngine::ForgetDecision(const SiteDecision& forgotten) {
     for (const auto& [index, view] : m_views) {
         if (view->Questions() && view->Privacy() == Privacy::Ordinary) view->Questions()->permissions.Forget(forgotten);
+    }
+}
+
+QStringList QtEngine::Captures() const {
+    QStringList all;
+    for (const auto& [index, view] : m_views) {
+        const Text words = view->Questions() ? view->Questions()->permissions.Captures() : Text();
+        if (words.empty()) continue;
+        const QString host = QtPage::HostAndPort(view->Page()->ShownAddress());
+        all << QStringLiteral("%1 may use your %2.").arg(host.isEmpty() ? QStringLiteral("A page") : host, ToQt(words));
+    }
+    return all;
+}
+
+void QtEngine::StopCaptures() {
+    for (const auto& [index, view] : std::map(m_views)) {
+        if (view->Questions() && !view->Questions()->permissions.Captures().empty()) ResumeNext(view->Refresh());
     }
 }
 

@@ -12,6 +12,7 @@
 #include <QElapsedTimer>
 #include <QIcon>
 #include <QPointer>
+#include <QStringList>
 #include <QTimer>
 #include <QUrl>
 #include <QWidget>
@@ -61,6 +62,12 @@ public:
     SitePermissions* Permissions = nullptr;
     /// A decision was forgotten: pages of that site ask again.
     void ForgetDecision(const SiteDecision& forgotten);
+    /// What pages may see and hear of their users has changed.
+    std::function<void()> CapturesChanged;
+    /// In words, a sentence for each page.
+    [[nodiscard]] QStringList Captures() const;
+    /// Loads these pages again, which ends it.
+    void StopCaptures();
     /// For the menus of pages, see `QtPageTools`.
     std::function<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
     std::function<void(QtPage&)> ShowInspector;
@@ -87,6 +94,9 @@ public:
     void Relayout();
 
     // For the views.
+    void ReportCaptures() const {
+        if (CapturesChanged) CapturesChanged();
+    }
     [[nodiscard]] QRect PageRect(const QRect& whole) const { return LayBars ? LayBars(whole) : whole; }
     /// The exceptions for refused certificates. Those of private views end with the last of them.
     [[nodiscard]] AcceptedCertificates& Accepted(Privacy privacy) { return AnswersFor(privacy).certificates; }

@@ -20,6 +20,11 @@ Text PermissionWords(const QUrl& origin, SitePermission permission) {
            u".";
 }
 
+/// Whether the engine itself remembers the answer, for the whole run and for all tabs.
+bool IsKeptByEngine(SitePermission permission) {
+    return permission == SitePermission::Location || permission == SitePermission::Notifications;
+}
+
 Text KeyOf(const QUrl& origin, SitePermission permission) {
     return Decimal(static_cast<std::int64_t>(permission)) + u" " + SiteOf(origin);
 }
@@ -32,6 +37,26 @@ QtPermissions::QtPermissions(QtPage& page, PageQuestions& questions, SitePermiss
     QtEngineVersions::FollowScreenRequests(page, *this, [this](const auto& request) { OnScreen(request); });
     connect(&page, &QtPage::PersonNavigated, this, &QtPermissions::OnPersonNavigated);
     connect(&page, &QWebEnginePage::urlChanged, this, &QtPermissions::OnAddress);
+    FollowCaptures();
+}
+
+void QtPermissions::FollowCaptures() {
+    connect(&m_page, &QtPage::NavigationRequested, this, [this](const QUrl&, bool topLevel) {
+        if (topLevel) ChangeCaptures(&PageCaptures::BeginNavigation);
+    });
+    connect(&m_page, &QtPage::DocumentBegun, this, [this] { ChangeCaptures(&PageCaptures::ShowDocument); });
+    connect(&m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { ChangeCaptures(&PageCaptures::End); });
+}
+
+void QtPermissions::ChangeCaptures(const std::function<void(PageCaptures&)>& change) {
+    const Text before = m_captures.Words();
+    change(m_captures);
+    if (before != m_captures.Words() && CapturesChanged) CapturesChanged();
+}
+
+QtPermissions::~QtPermissions() {
+    m_site.clear();
+    ForgetOnce();
 }
 
 std::optional<bool> QtPermissions::Decided(const QUrl& origin, SitePermission permission) const {
@@ -45,9 +70,13 @@ void QtPermissions::Remember(const QUrl& origin, SitePermission permission, bool
 
 void QtPermissions::OnPermission(const QtEngineVersions::PermissionRequest& request) {
     if (!request.Permission) return request.Answer(false);
+    const auto answer = [this, request](bool allowed) {
+        if (allowed) ChangeCaptures([&](PageCaptures& captures) { captures.Allow(*request.Permission); });
+        request.Answer(allowed);
+    };
     // Which screen it is says more than whether; nobody is to be asked twice.
-    if (request.Permission == SitePermission::Screen && TakeShared(request.Origin)) return request.Answer(true);
-    Decide(request.Origin, *request.Permission, request.Answer);
+    if (request.Permission == SitePermission::Screen && TakeShared(request.Origin)) return answer(true);
+    Decide(request.Origin, *request.Permission, answer);
 }
 
 // A page is shown a screen only by somebody who has just chosen it, whatever was decided before.
@@ -88,7 +117,7 @@ bool QtPermissions::TakeShared(const QUrl& origin) {
 
 void QtPermissions::Decide(const QUrl& origin, SitePermission permission, const std::function<void(bool)>& decided) {
     if (const auto known = Decided(origin, permission)) return decided(*known);
-    const bool mayRemember = m_kept && !SiteOf(origin).empty();
+    const bool mayRemember = m_kept && !SiteOf(origin).empty() && SitePermissions::CanLast(permission, true);
     m_questions.Ask({.Key = KeyOf(origin, permission),
                      .Asker = SiteOf(origin),
                      .Words = PermissionWords(origin, permission),
@@ -96,7 +125,10 @@ void QtPermissions::Decide(const QUrl& origin, SitePermission permission, const 
                      .Remember = mayRemember ? Text(kRemember) : Text(),
                      .Answered = [this, origin, permission, decided](std::size_t answer, bool remembers) {
                          const bool allowed = answer == 0;
-                         if (remembers && answer != PageQuestion::kDismissed) Remember(origin, permission, allowed);
+                         if (remembers && answer != PageQuestion::kDismissed)
+                             Remember(origin, permission, allowed);
+                         else if (!SiteOf(origin).empty() && IsKeptByEngine(permission))
+                             m_once.push_back({SiteOf(origin), permission, allowed});
                          decided(allowed);
                      }});
 }
@@ -169,10 +201,19 @@ bool QtPermissions::MaySave(const QUrl& address) {
     return false;
 }
 
+void QtPermissions::ForgetOnce() {
+    const auto isOver = [this](const SiteDecision& each) { return each.Site != m_site; };
+    for (const SiteDecision& each : m_once) {
+        if (isOver(each)) QtEngineVersions::ForgetPermission(m_page, QUrl(ToQt(each.Site)), each.Permission);
+    }
+    std::erase_if(m_once, isOver);
+}
+
 // The answer would be another site's.
 void QtPermissions::OnAddress(const QUrl& url) {
     const Text site = SiteOf(url);
     if (std::exchange(m_site, site) == site) return;
+    ForgetOnce();
     m_questions.DismissAllBut(site);
     if (m_shared != site) m_shared.clear();
 }

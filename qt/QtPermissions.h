@@ -1,5 +1,6 @@
 #pragma once
 #include "pages/DownloadRule.h"
+#include "pages/PageCaptures.h"
 #include "pages/PageQuestions.h"
 #include "pages/SitePermissions.h"
 #include "qt/QtEngineVersions.h"
@@ -10,6 +11,7 @@
 #include <QUrl>
 #include <functional>
 #include <optional>
+#include <vector>
 
 class QtPage;
 
@@ -21,6 +23,7 @@ class QtPermissions final : public QObject {
 public:
     /// All outlive this object. `kept` says what was decided for good; nothing for a page of which nothing is kept.
     QtPermissions(QtPage& page, PageQuestions& questions, SitePermissions* kept);
+    ~QtPermissions() override;
 
     /// The page wants to open a window without a click of its user: answers whether it may at once, else asks, and
     /// calls `OpenPopup` when the user allows it later.
@@ -32,6 +35,10 @@ public:
     /// A decision about the page's site was forgotten: the engine is to ask again.
     void Forget(const SiteDecision& forgotten);
 
+    /// What the page may see and hear of its user, in words.
+    [[nodiscard]] Text Captures() const { return m_captures.Words(); }
+    /// That has changed.
+    std::function<void()> CapturesChanged;
     /// Opens a window that was held back.
     std::function<void(const QUrl&)> OpenPopup;
 
@@ -45,8 +52,12 @@ private:
     [[nodiscard]] std::optional<bool> Decided(const QUrl& origin, SitePermission permission) const;
     void Remember(const QUrl& origin, SitePermission permission, bool allowed);
     void AskPopup(const QUrl& address);
+    void FollowCaptures();
+    void ChangeCaptures(const std::function<void(PageCaptures&)>& change);
     /// What was held back; from now on the page may ask again.
     QList<QUrl> TakeHeldWindows();
+    /// Ends what was answered for one visit of a site that the page has left.
+    void ForgetOnce();
     void OnPersonNavigated();
     void OnAddress(const QUrl& url);
 
@@ -55,7 +66,9 @@ private:
     SitePermissions* m_kept;
     DownloadRule m_downloads;
     QList<QUrl> m_heldWindows, m_heldFiles;
+    PageCaptures m_captures;
     bool m_asksToSave = false;
+    std::vector<SiteDecision> m_once;       ///< not to be remembered, though the engine does
     std::optional<QtScreenChoice> m_screen; ///< while the user chooses
     Text m_shared;                          ///< the site that is given a screen
     Text m_site;                            ///< of the page shown

@@ -50,8 +50,12 @@ void QtProgram::WireEngine() {
     m->engine.Visited = [this](const QUrl& url) { m->browsingData.NoteVisit(url); };
     m->engine.HomeAddress = [this] { return InternetSettings(m->settings).Get().homePage; };
     WirePages();
+    m->bars.Add(m->captures, QtPageBars::Side::Above);
     m->bars.Add(m->offer, QtPageBars::Side::Above);
     m->bars.Add(m->findBar, QtPageBars::Side::Below);
+    m->captures.Changed = [this] { m->engine.Relayout(); };
+    m->captures.Stop = [this] { m->engine.StopCaptures(); };
+    m->engine.CapturesChanged = [this] { m->captures.Tell(m->engine.Captures()); };
     m->offer.Changed = [this] { m->engine.Relayout(); };
     m->engine.LayBars = [this](const QRect& whole) { return m->bars.Lay(whole); };
     m->findBar.Page = [this] { return m->engine.FrontPage(); };

@@ -111,7 +111,8 @@ QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
       fileDrop(window),
       tabList(&strip),
       findBar(window.PageArea()),
-      offer(window.PageArea()) {}
+      offer(window.PageArea()),
+      captures(window.PageArea()) {}
 
 void QtProgram::Parts::OfferSession(TextView id, const Session& session) {
     offer.Reopen = [this, id = Text(id)] { main.Sessions.Reopen(id); };

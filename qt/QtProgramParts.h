@@ -3,6 +3,7 @@
 #include "pages/SitePermissions.h"
 #include "qt/QtBarLook.h"
 #include "qt/QtBrowsingData.h"
+#include "qt/QtCaptureBar.h"
 #include "qt/QtCommandBar.h"
 #include "qt/QtCustomizeDialog.h"
 #include "qt/QtDefaultBrowser.h"
@@ -109,6 +110,7 @@ struct QtProgram::Parts {
     QtTabList tabList;
     QtFindBar findBar;
     QtSessionOffer offer;
+    QtCaptureBar captures;
     QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
     QtTaskView taskView{main.TaskView, window};
     QtPageBars bars;

@@ -36,6 +36,7 @@ protected:
         });
     }
 
+    QStringList told; ///< what may see or hear the user
     FakeSettings settings;
     SitePermissions kept{settings};
     LocalServer server;
@@ -75,6 +76,27 @@ TEST_F(EnginePermissions, AreRememberedForTheSite) {
     kept.Remember({Site(), SitePermission::Notifications, true});
     Load("<script>Notification.requestPermission().then(p => document.title = p)</script>");
     EXPECT_TRUE(WaitForTitle(QStringLiteral("granted")));
+}
+
+TEST_F(EnginePermissions, ThatAreNotRememberedEndWithTheVisit) {
+    server.Page(QStringLiteral("/next"), "<title>next</title>");
+    Load("<script>Notification.requestPermission().then(p => document.title = p)</script>");
+    ASSERT_TRUE(WaitForQuestion());
+    Questions().Answer(0, false);
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("granted")));
+    desk.Load(server.Address(QStringLiteral("/next")));
+    Load("<script>document.title = Notification.permission;"
+         "Notification.requestPermission().then(p => document.title = p)</script>");
+    EXPECT_TRUE(WaitForQuestion()) << desk.Real().Page()->title().toStdString();
+    Questions().Answer(1, false);
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("denied")));
+    desk.Load(server.Address(QStringLiteral("/next")));
+    Load(kAskLocation);
+    ASSERT_TRUE(WaitForQuestion());
+    Questions().Answer(1, false);
+    desk.Load(server.Address(QStringLiteral("/next")));
+    Load(kAskLocation);
+    EXPECT_TRUE(WaitForQuestion()) << "a refusal without a word of remembering likewise";
 }
 
 TEST_F(EnginePermissions, AreDismissedWhenThePersonGoesElsewhere) {
@@ -146,6 +168,37 @@ TEST_F(EnginePermissions, ShowAScreenThatTheUserHasChosen) {
     EXPECT_TRUE(WaitForTitle(QStringLiteral("shared 1"))) << desk.Real().Page()->title().toStdString();
     EXPECT_EQ(Questions().Current(), nullptr) << "one question";
     EXPECT_TRUE(kept.All().empty());
+}
+
+TEST_F(EnginePermissions, AreTellingForAsLongAsAScreenMayBeSeen) {
+    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    Load(kShareScreen);
+    desk.ClickOn(QStringLiteral("b"));
+    ASSERT_TRUE(WaitForQuestion());
+    EXPECT_TRUE(Questions().Current()->Remember.empty()) << "a screen is shown for once";
+    EXPECT_TRUE(told.isEmpty());
+    Questions().Answer(0, true);
+    ASSERT_TRUE(WaitForTitle(QStringLiteral("shared 1")));
+    const QString sign = QStringLiteral("localhost:%1 may use your screen.").arg(server.serverPort());
+    EXPECT_EQ(told.join(u'|'), sign);
+    EXPECT_TRUE(kept.All().empty());
+    desk.Script(QStringLiteral("history.pushState(0, '', '/pushed'); location.hash = 'x'; 1"));
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_EQ(told.join(u'|'), sign) << "the document is the same";
+    desk.engine.StopCaptures();
+    EXPECT_TRUE(WaitUntil([&] { return told.isEmpty(); })) << told.join(u'|').toStdString();
+}
+
+TEST_F(EnginePermissions, AreTellingOfAScreenNoMoreWhenItsTabHasGone) {
+    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    Load(kShareScreen);
+    desk.ClickOn(QStringLiteral("b"));
+    ASSERT_TRUE(WaitForQuestion());
+    Questions().Answer(0, false);
+    ASSERT_TRUE(WaitForTitle(QStringLiteral("shared 1")));
+    EXPECT_EQ(told.size(), 1);
+    desk.view->SetVisible(false);
+    EXPECT_TRUE(told.isEmpty());
 }
 
 TEST_F(EnginePermissions, ShowNoScreenWhenTheUserRefusesOrDismisses) {

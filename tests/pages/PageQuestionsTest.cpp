@@ -131,6 +131,20 @@ TEST(SitePermissions, AreNotKeptForWhatIsNoSite) {
     EXPECT_TRUE(permissions.All().empty());
 }
 
+TEST(SitePermissions, AllowNoScreenForGood) {
+    FakeSettings settings;
+    SitePermissions permissions(settings);
+    for (const auto screen : {SitePermission::Screen, SitePermission::ScreenAndSound}) {
+        permissions.Remember({u"https://a.example", screen, true});
+        EXPECT_EQ(permissions.Find(u"https://a.example", screen), std::nullopt);
+        permissions.Remember({u"https://a.example", screen, false});
+        EXPECT_EQ(permissions.Find(u"https://a.example", screen), false) << "who is not to see it need not ask";
+    }
+    // Remembered by an earlier version.
+    ResumeNext(settings.Open()->WriteList(u"SitePermissions", {u"allow screen https://a.example"}));
+    EXPECT_TRUE(permissions.All().empty());
+}
+
 TEST(SitePermissions, LeaveOutDamagedLines) {
     FakeSettings settings;
     ResumeNext(settings.Open()->WriteList(

@@ -1,0 +1,25 @@
+#pragma once
+#include <QStringList>
+#include <QWidget>
+#include <functional>
+
+class QLabel;
+
+/// The bar above the page that is there for as long as any page, also one behind, may see or hear its user.
+class QtCaptureBar final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit QtCaptureBar(QWidget* parent);
+
+    /// What each page may, as in "a.example may use your camera."; none hides the bar.
+    void Tell(const QStringList& captures);
+
+    /// Ends it all.
+    std::function<void()> Stop;
+    /// The bar was shown or hidden, or needs other room.
+    std::function<void()> Changed;
+
+private:
+    QLabel* m_words;
+};
