@@ -55,4 +55,17 @@ QUrl AddressOf(const QString& text) {
     return QUrl(mended.replace(u'#', QStringLiteral("%23")));
 }
 
+QUrl WithoutFiles(const QUrl& address) {
+    static const QStringList kept{QStringLiteral("subject"), QStringLiteral("body"), QStringLiteral("to"),
+                                  QStringLiteral("cc"), QStringLiteral("bcc")};
+    QStringList fields;
+    for (const QString& field : address.query(QUrl::FullyEncoded).split(u'&', Qt::SkipEmptyParts)) {
+        const QString name = QUrl::fromPercentEncoding(field.section(u'=', 0, 0).toLatin1());
+        if (kept.contains(name, Qt::CaseInsensitive)) fields << field;
+    }
+    QUrl mail = address;
+    mail.setQuery(fields.isEmpty() ? QString() : fields.join(u'&'), QUrl::StrictMode);
+    return mail;
+}
+
 } // namespace QtMail

@@ -10,4 +10,7 @@ namespace QtMail {
 /// other address only what no mail address may contain is encoded.
 [[nodiscard]] QUrl AddressOf(const QString& text);
 
+/// The address as a page may have it: mail programs attach files of this computer when it says so.
+[[nodiscard]] QUrl WithoutFiles(const QUrl& address);
+
 } // namespace QtMail

@@ -1,6 +1,7 @@
 #include "qt/QtPage.h"
 
 #include "pages/ExternalSchemes.h"
+#include "qt/QtMail.h"
 #include "qt/QtStartPage.h"
 #include "qt/QtText.h"
 
@@ -46,7 +47,7 @@ bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool 
     if (url.scheme() == QLatin1String(QtStartPage::Scheme()) && !AcceptOwn(url, type, isMainFrame)) return false;
     if (url.scheme() == u"mailto") {
         // Only a person's click starts the mail program, so that no page can start it a hundred times.
-        if (type == NavigationTypeLinkClicked && TakePerson()) QDesktopServices::openUrl(url);
+        if (type == NavigationTypeLinkClicked && TakePerson()) QDesktopServices::openUrl(QtMail::WithoutFiles(url));
         return false;
     }
     if (ExternalSchemes::IsExternal(FromQt(url.scheme()))) {

@@ -25,6 +25,18 @@ QString Link(const QString& title, const QString& address) {
            address;
 }
 
+TEST(QtMail, APageAttachesNoFiles) {
+    for (const auto& [page, mail] : {
+             std::pair("mailto:a@b.example?attach=/etc/passwd", "mailto:a@b.example"),
+             std::pair("mailto:?attachment=x&subject=a%26b&ATTACH=y", "mailto:?subject=a%26b"),
+             std::pair("mailto:?%61ttach=x&body=1%0A2", "mailto:?body=1%0A2"),
+             std::pair("mailto:?To=a&cc=b&BCC=c&in-reply-to=d", "mailto:?To=a&cc=b&BCC=c"),
+             std::pair("mailto:a@b.example", "mailto:a@b.example"),
+             std::pair("mailto:a@b.example?subject=attach=x", "mailto:a@b.example?subject=attach=x"),
+         })
+        EXPECT_EQ(QtMail::WithoutFiles(QUrl(QLatin1String(page))).toEncoded().toStdString(), mail) << page;
+}
+
 TEST(QtMail, ALinkArrivesWholeWhateverItContains) {
     const QString address = QStringLiteral("http://a/?b=1&c=%20#d");
     EXPECT_EQ(Read(Link(QStringLiteral("Q & A? #1 100% \"+\" Ж"), address)),
