@@ -134,7 +134,7 @@ class Hostile(unittest.TestCase):
         def unheard(program):
             self.assertIsNone(program.find_now("push button", "OK"))
 
-        self.live_beside("frame-dialogs", self.shows("Frame dialogs unheard"), unheard)
+        self.live_beside("frame-dialogs", self.shows("Frames unheard"), unheard)
 
     def test_windows_without_end(self):
         def one_question(program):
