@@ -75,7 +75,14 @@ class Pages(unittest.TestCase):
         subprocess.run(["xdotool", "type", name], check=True)
         subprocess.run(["xdotool", "key", "Tab"], check=True)
         subprocess.run(["xdotool", "type", password], check=True)
-        subprocess.run(["xdotool", "key", "Return"], check=True)
+
+        def answered():
+            """A dialog takes no answer in its first moments."""
+            subprocess.run(["xdotool", "key", "Return"], check=True)
+            box = program.find_now("text", "Name")
+            return box is None or desk.text_of(box) != name
+
+        desk.wait_until(answered, what="the answer was not taken")
 
     def test_a_login_asks_again_and_then_opens(self):
         with self.start(self.pages.address("Vault")) as program:
