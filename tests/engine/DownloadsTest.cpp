@@ -91,6 +91,16 @@ protected:
         return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("(no file)");
     }
     [[nodiscard]] QString Name() const { return ToQt(First().Name()); }
+    /// Saves a file that is broken and gone afterwards; its number in the list.
+    std::int32_t SaveAndLose() {
+        server.Raw(QStringLiteral("/get"), Attachment("again", "filename=again.txt"));
+        desk.Navigate(server.Address(QStringLiteral("/get")));
+        if (!WaitFor(DownloadState::Done)) return ADD_FAILURE() << "no file came", 0;
+        const std::int32_t id = First().Id;
+        downloads.OnReport(id, {DownloadState::Broken, DownloadProblem::Gone, 0, -1});
+        QFile::remove(ToQt(First().Path));
+        return id;
+    }
 
     TemporaryFolder folder;
     LocalServer server;
@@ -167,12 +177,7 @@ TEST_F(EngineDownloads, ArePausedAndCancelled) {
 }
 
 TEST_F(EngineDownloads, AreFetchedAnewAfterARestart) {
-    server.Raw(QStringLiteral("/get"), Attachment("again", "filename=again.txt"));
-    desk.Navigate(server.Address(QStringLiteral("/get")));
-    ASSERT_TRUE(WaitFor(DownloadState::Done));
-    const std::int32_t id = First().Id;
-    downloads.OnReport(id, {DownloadState::Broken, DownloadProblem::Gone, 0, -1});
-    QFile::remove(ToQt(First().Path));
+    const std::int32_t id = SaveAndLose();
     downloads.Retry(id);
     ASSERT_TRUE(WaitFor(DownloadState::Done));
     EXPECT_EQ(First().Id, id);
@@ -225,12 +230,7 @@ TEST_F(EngineDownloads, OfALinkThatCameToNothingOverwriteNothingLater) {
 }
 
 TEST_F(EngineDownloads, ThatAreFetchedAnewKeepTheirLineThroughARedirect) {
-    server.Raw(QStringLiteral("/get"), Attachment("again", "filename=again.txt"));
-    desk.Navigate(server.Address(QStringLiteral("/get")));
-    ASSERT_TRUE(WaitFor(DownloadState::Done));
-    const std::int32_t id = First().Id;
-    downloads.OnReport(id, {DownloadState::Broken, DownloadProblem::Gone, 0, -1});
-    QFile::remove(ToQt(First().Path));
+    const std::int32_t id = SaveAndLose();
     server.Redirect(QStringLiteral("/get"), QStringLiteral("/moved"));
     server.Raw(QStringLiteral("/moved"), Attachment("moved", "filename=again.txt"));
     downloads.Retry(id);

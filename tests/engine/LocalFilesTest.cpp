@@ -27,6 +27,13 @@ protected:
         sent.Write("page.html", "<title>waiting</title><body><script>" + script.toStdString() + "</script>");
         desk.Load(AddressOf(sent, "page.html"));
     }
+    /// A page whose script reads what a frame in it shows.
+    void LoadWithFrame(const QString& address) {
+        LoadWith(QStringLiteral("const f = document.createElement('iframe'); f.src = '%1'; f.onload = () => {"
+                                "try { document.title = 'read ' + f.contentDocument.body.textContent }"
+                                "catch (e) { document.title = 'refused' } }; document.body.append(f)")
+                     .arg(address));
+    }
     bool Titled(const QString& title) {
         const auto now = [this] { return desk.Script(QStringLiteral("document.title")); };
         return WaitUntil([&] { return now() == title; }) || (ADD_FAILURE() << now().toStdString(), false);
@@ -52,18 +59,12 @@ TEST_F(LocalFiles, AreNotReadByALocalPageBesideThem) {
 }
 
 TEST_F(LocalFiles, AreNotReadThroughAFrame) {
-    LoadWith(QStringLiteral("const f = document.createElement('iframe'); f.src = '%1'; f.onload = () => {"
-                            "try { document.title = 'read ' + f.contentDocument.body.textContent }"
-                            "catch (e) { document.title = 'refused' } }; document.body.append(f)")
-                 .arg(AddressOf(secret, "key")));
+    LoadWithFrame(AddressOf(secret, "key"));
     EXPECT_TRUE(Titled(QStringLiteral("refused")));
 }
 
 TEST_F(LocalFiles, AreNotListedThroughAFrame) {
-    LoadWith(QStringLiteral("const f = document.createElement('iframe'); f.src = '%1'; f.onload = () => {"
-                            "try { document.title = 'read ' + f.contentDocument.body.textContent }"
-                            "catch (e) { document.title = 'refused' } }; document.body.append(f)")
-                 .arg(AddressOf(secret, "")));
+    LoadWithFrame(AddressOf(secret, ""));
     EXPECT_TRUE(Titled(QStringLiteral("refused")));
 }
 
