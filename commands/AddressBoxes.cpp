@@ -30,7 +30,8 @@ void AddressBoxes::AddSearchEntry(TextView text) { AddEntry(text, m_actBar.FindC
 void AddressBoxes::AddEntry(TextView text, ComboTool* box, Box& state) const {
     if (!state.EntryPending) return;
     // What is typed for a private tab is not kept.
-    if (m_tabs.CurrentPrivacy() == Privacy::Ordinary) CabCombo::AddFindEntry(text, box, kHistoryLimit);
+    if (m_tabs.CurrentPrivacy() == Privacy::Ordinary)
+        CabCombo::AddFindEntry(text, box, kHistoryLimit);
     state.EntryPending = false;
 }
 
@@ -78,9 +79,8 @@ void AddressBoxes::SelChange(ComboTool& box) {
 
 // Whoever changes his mind sees the page's address again, ready to be typed over.
 void AddressBoxes::RestoreAddress(ComboTool& box) {
-    const auto* view = m_tabs.CurrentView();
-    if (!view) return;
-    box.Value = view->Control->LocationURL();
+    if (!m_tabs.CurrentView()) return;
+    m_tabs.ShowAddress();
     box.Selection = TextSelection{0, box.Value().size()};
 }
 

@@ -4,6 +4,17 @@
 
 #include <algorithm>
 
+void ComboTool::ShowSigned(Text text, BoxSign sign) {
+    sign.Of = text;
+    Sign = std::move(sign);
+    Value = std::move(text);
+}
+
+BoxSign ComboTool::SignBeside(TextView text) const {
+    if (Sign().Meaning.empty() || text == Sign().Of) return Sign();
+    return {{u"document-edit"}, u"Not the address of the page that is shown", {}};
+}
+
 void ComboTool::Measure(Pixels width) {
     m_measuring = true;
     Width = width;

@@ -86,6 +86,12 @@ void TabStrip::SetAsks(Tab* tab, bool asks) {
     Mark(TabStripChange::Faces);
 }
 
+void TabStrip::SetAwaited(Tab* tab, Text address) {
+    if (tab->m_awaited == address) return;
+    tab->m_awaited = std::move(address);
+    Mark(TabStripChange::Faces);
+}
+
 void TabStrip::SetSound(Tab* tab, TabSound sound) {
     if (tab->m_sound == sound) return;
     tab->m_sound = sound;

@@ -25,13 +25,15 @@ public:
     /// The page waits for an answer of its user.
     [[nodiscard]] bool Asks() const { return m_asks; }
     [[nodiscard]] TabSound Sound() const { return m_sound; }
+    /// The address whose page the tab waits for while it still shows another; empty for none.
+    [[nodiscard]] const Text& Awaited() const { return m_awaited; }
     /// What the page does is forgotten with the tab.
     [[nodiscard]] bool Private() const { return m_private; }
     std::int32_t Tag = 0;
 
 private:
     friend class TabStrip;
-    Text m_key, m_caption;
+    Text m_key, m_caption, m_awaited;
     TabImage m_image = TabImage::None;
     bool m_asks = false;
     TabSound m_sound = TabSound::None;
@@ -71,6 +73,7 @@ public:
     void SetCaption(Tab* tab, Text caption);
     void SetImage(Tab* tab, TabImage image);
     void SetAsks(Tab* tab, bool asks);
+    void SetAwaited(Tab* tab, Text address);
     void SetSound(Tab* tab, TabSound sound);
     void SetPrivate(Tab* tab, bool isPrivate);
 

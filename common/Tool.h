@@ -65,10 +65,14 @@ struct TextSelection {
     bool operator==(const TextSelection&) const = default;
 };
 
-/// A picture inside a box, before its text, and what it means.
+/// A picture inside a box, before its text, and what it means. It is the sign of one text and never stands beside
+/// another. Without a meaning there is none.
 struct BoxSign {
     Picture Image;
     Text Meaning;
+    Text Of{};              ///< the text that it is the sign of
+    bool Waiting = false;   ///< what the text names is not there yet
+    TextSelection Weight{}; ///< the part of the text that tells most
     bool operator==(const BoxSign&) const = default;
 };
 
@@ -85,11 +89,17 @@ public:
     /// What is selected in it; follows the user's caret. Set it after `Value`.
     Property<TextSelection> Selection;
     Property<std::vector<Text>> List;
+    /// Set by `ShowSigned`, together with its text.
     Property<BoxSign> Sign;
     /// Never below 0.
     Property<Pixels> Width{Pixels{240}};
     /// The box takes what its row leaves, and `Width` says how much that is. Ends when a width is set.
     Property<bool> FillsRow{false};
+    /// Shows a text with its sign, which is from now on the sign of that text.
+    void ShowSigned(Text text, BoxSign sign);
+    /// What stands beside a text in the box: its sign, or beside any other text, which the user may be typing, one that
+    /// says no more than that.
+    [[nodiscard]] BoxSign SignBeside(TextView text) const;
     /// The view tells how wide a box that fills its row is on the screen.
     void Measure(Pixels width);
 

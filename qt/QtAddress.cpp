@@ -47,6 +47,13 @@ std::optional<QUrl> WithWords(const QString& text) {
 
 } // namespace
 
+Text QtAddress::Shown(const QUrl& url) {
+    QUrl shown = url.adjusted(QUrl::RemoveUserInfo);
+    // As the engine writes it.
+    if (shown.path().isEmpty() && !shown.host().isEmpty()) shown.setPath(QStringLiteral("/"));
+    return FromQt(shown.toString(QUrl::FullyEncoded));
+}
+
 QtAddress QtAddress::FromTyped(TextView typed) {
     const QString text = ToQt(typed).trimmed();
     if (text.isEmpty() || text.startsWith(u"javascript:", Qt::CaseInsensitive)) return {Blank(), {}};

@@ -12,4 +12,7 @@ struct QtAddress {
     /// A full address, a host without scheme (https first, http when that cannot connect), a local path, else words
     /// for the search partner. Nothing leads to about:blank. Scripts are no address: they lead to about:blank too.
     static QtAddress FromTyped(TextView text);
+
+    /// An address as it is shown and kept: fully encoded, without a user's name and password.
+    static Text Shown(const QUrl& url);
 };

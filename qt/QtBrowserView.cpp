@@ -1,5 +1,7 @@
 #include "qt/QtBrowserView.h"
 
+#include "common/Address.h"
+#include "qt/QtAwaited.h"
 #include "qt/QtEngine.h"
 #include "qt/QtEngineVersions.h"
 #include "qt/QtPage.h"
@@ -42,6 +44,7 @@ Outcome QtBrowserView::Navigate(TextView address) {
     QtAddress target = QtAddress::FromTyped(address);
     if (target.url.scheme() == u"mailto") return m_engine.OpenOutside(target.url);
     m_requested = target.url;
+    m_late = false;
     m_pending = std::move(target);
     m_pendingHistory.clear();
     m_engine.RequestNavigation(m_index);
@@ -67,6 +70,7 @@ Outcome QtBrowserView::Stop() {
 Outcome QtBrowserView::Refresh() {
     // A view that was stopped before it showed anything has nothing to reload: it loads what it was to show.
     if (!m_committed) return Navigate(FromQt(m_requested.toString(QUrl::FullyEncoded)));
+    m_awaited->Ask();
     m_page->triggerAction(QWebEnginePage::Reload);
     return Outcome::Done;
 }
@@ -74,6 +78,7 @@ Outcome QtBrowserView::Refresh() {
 Outcome QtBrowserView::GoBack() {
     if (!m_page || !m_page->history()->canGoBack()) return Outcome::Failed;
     m_life->Wake();
+    m_awaited->Ask();
     m_page->history()->back();
     return Outcome::Done;
 }
@@ -81,6 +86,7 @@ Outcome QtBrowserView::GoBack() {
 Outcome QtBrowserView::GoForward() {
     if (!m_page || !m_page->history()->canGoForward()) return Outcome::Failed;
     m_life->Wake();
+    m_awaited->Ask();
     m_page->history()->forward();
     return Outcome::Done;
 }
@@ -134,12 +140,13 @@ void QtBrowserView::ShowPreview(const QByteArray& pdf) {
 Text QtBrowserView::LocationName() const {
     if (!m_page) return {};
     // While one page takes another's place, the engine tells the title of the one and the address of the other.
-    const bool changes = m_page->isLoading() && m_page->url() != m_page->history()->currentItem().url();
+    // The history is not asked: of a window that another page writes into it has no entry, and then takes that ill.
+    const bool changes = m_page->isLoading() && m_page->url() != m_shown;
     return changes ? Text() : FromQt(m_page->title());
 }
 
 PageDocument* QtBrowserView::Document() {
-    const bool shown = m_page && m_committed && m_page->url().scheme() != u"about";
+    const bool shown = m_page && m_committed && m_shown.scheme() != u"about";
     return shown ? static_cast<PageDocument*>(this) : nullptr;
 }
 
@@ -156,8 +163,8 @@ void QtBrowserView::ApplyZoom() {
 }
 
 Text QtBrowserView::LocationURL() const {
-    const QUrl& address = m_page && m_committed ? m_page->url() : m_requested;
-    return FromQt(address.toString(QUrl::FullyEncoded));
+    if (!m_committed && m_late) return Text(Address::kBlank);
+    return QtAddress::Shown(m_committed ? m_shown : m_requested);
 }
 
 std::string QtBrowserView::History() const {
@@ -252,14 +259,19 @@ void QtBrowserView::StartNavigation() {
     }
     m_fallback = target.fallback;
     const QByteArray history = std::exchange(m_pendingHistory, QByteArray());
-    if (history.isEmpty() || !FillHistory(history)) Load(target.url);
+    if (QtEngineVersions::GoesThereSilently(m_page->url(), target.url)) return GoSilently(target.url);
+    m_awaited->Ask();
+    // Within the document that is shown nothing is awaited: it only moves.
+    const bool moves =
+        target.url.hasFragment() && target.url.adjusted(QUrl::RemoveFragment) == m_shown.adjusted(QUrl::RemoveFragment);
+    if (!moves) m_page->Await(target.url);
+    if (history.isEmpty() || !FillHistory(history)) m_page->load(target.url);
 }
 
-void QtBrowserView::Load(const QUrl& url) {
-    const bool silent = QtEngineVersions::GoesThereSilently(m_page->url(), url);
+// The engine tells of neither the beginning nor the end.
+void QtBrowserView::GoSilently(const QUrl& url) {
     m_page->load(url);
-    if (!silent) return;
-    const Text address = FromQt(url.toString(QUrl::FullyEncoded));
+    const Text address = QtAddress::Shown(url);
     m_events.BeforeNavigate2(m_index, PageLevel::Top, address);
     m_engine.EndNavigation(m_index);
     m_events.NavigateComplete2(m_index, PageLevel::Top, address);
@@ -288,6 +300,7 @@ void QtBrowserView::MakePage() {
     if (m_page) return;
     m_page = m_engine.MakePage(m_privacy);
     ApplyMute();
+    m_awaited = new QtAwaited(*m_page);
     ConnectLoading();
     ConnectPage();
     MakeQuestions();
@@ -372,10 +385,15 @@ void QtBrowserView::Release() {
     if (m_page) m_engine.End(*m_page);
     m_widget = nullptr;
     m_page = nullptr;
-    m_loading = m_committed = m_failed = false;
+    m_loading = m_committed = m_failed = m_known = m_newDocument = false;
+}
+
+bool QtBrowserView::AwaitsFirst() const {
+    return !m_committed && !m_late && !m_requested.isEmpty() && m_requested.scheme() != u"about";
 }
 
 PageSecurity QtBrowserView::Security() const {
-    if (!m_page || !m_committed || m_failed) return PageSecurity::None;
-    return SecurityOf(m_page->url(), m_engine.Accepted(m_privacy));
+    if (AwaitsFirst()) return PageSecurity::Awaited;
+    if (!m_page || !m_committed || m_failed || !m_known) return PageSecurity::None;
+    return SecurityOf(m_shown, m_engine.Accepted(m_privacy));
 }

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 
+class QtAwaited;
 class QtEngine;
 class QWebEngineFullScreenRequest;
 class QWebEngineLoadingInfo;
@@ -77,7 +78,7 @@ private:
 
     void ApplyZoom();
     bool FillHistory(const QByteArray& bytes);
-    void Load(const QUrl& url);
+    void GoSilently(const QUrl& url);
     void MakePage();
     void MakeWidget();
     void MakeQuestions();
@@ -85,10 +86,13 @@ private:
     void Release();
     void ConnectLoading();
     void ConnectPage();
+    [[nodiscard]] bool AwaitsFirst() const;
     void NoteVisit(const QUrl& url);
     void OnLoadStarted();
     void OnLoadFinished(bool ok);
     void ReportUnbegun();
+    void OnOverdue();
+    void OnDocumentBegan(bool isError);
     void OnAddressChanged(const QUrl& url);
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
     void OnNewWindow(QWebEngineNewWindowRequest& request);
@@ -108,18 +112,23 @@ private:
     const ::Privacy m_privacy;
     QPointer<QtPage> m_page;
     QPointer<QWebEngineView> m_widget;
+    QPointer<QtAwaited> m_awaited;                ///< the page's
     std::unique_ptr<QtPageQuestions> m_questions; ///< as long as there is a page
     std::unique_ptr<QtPageLife> m_life;           ///< likewise
     std::optional<QtAddress> m_pending;           ///< asked for, not started
     QByteArray m_pendingHistory;                  ///< where the page that is asked for has been
     QUrl m_requested;                             ///< the address of the last navigation from outside the page
     QUrl m_fallback;                              ///< where to go when that cannot connect
+    QUrl m_shown;                                 ///< the address of the document shown, whatever is to come
     std::shared_ptr<const QByteArray> m_preview;  ///< the PDF that the view was opened for
     QRect m_place;
     int m_zoom = 2;
     bool m_committed = false;
     bool m_loading = false;
-    bool m_failed = false; ///< what is shown is an error page
+    bool m_failed = false;      ///< what is shown is an error page
+    bool m_known = false;       ///< whether it is one is known
+    bool m_newDocument = false; ///< the next address is that of another document
+    bool m_late = false;        ///< the first page is overdue
     bool m_muted = false;
     bool m_previewsLater = false; ///< as soon as the page is there
     bool m_tabStop = false;

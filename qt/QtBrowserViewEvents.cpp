@@ -1,3 +1,4 @@
+#include "qt/QtAwaited.h"
 #include "qt/QtBrowserView.h"
 #include "qt/QtEngine.h"
 #include "qt/QtEngineVersions.h"
@@ -15,8 +16,8 @@ void QtBrowserView::ConnectLoading() {
     QtPage* page = m_page;
     connect(page, &QtPage::NavigationRequested, this, [this](const QUrl& url, bool top) {
         NoteVisit(url);
-        m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame,
-                                 FromQt(url.toString(QUrl::FullyEncoded)));
+        if (top) m_newDocument = true;
+        m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame, QtAddress::Shown(url));
     });
     connect(page, &QWebEnginePage::loadStarted, this, &QtBrowserView::OnLoadStarted);
     connect(page, &QWebEnginePage::loadFinished, this, &QtBrowserView::OnLoadFinished);
@@ -26,13 +27,13 @@ void QtBrowserView::ConnectLoading() {
         if (!m_page->Awaits(url)) OnAddressChanged(url);
     });
     connect(page, &QtPage::DocumentShown, this, [this] { OnAddressChanged(m_page->url()); });
+    connect(page, &QtPage::DocumentBegan, this, &QtBrowserView::OnDocumentBegan);
+    connect(m_awaited, &QtAwaited::Overdue, this, &QtBrowserView::OnOverdue);
     connect(new QtFrameEnds(*page), &QtFrameEnds::Dropped, this, [this] { m_events.NavigationDropped(m_index); });
-    connect(page, &QtPage::FrameReady, this, [this](const QUrl& url) {
-        m_events.NavigateComplete2(m_index, PageLevel::Frame, FromQt(url.toString(QUrl::FullyEncoded)));
-    });
-    connect(page, &QtPage::FrameLoaded, this, [this](const QUrl& url) {
-        m_events.DocumentComplete(m_index, PageLevel::Frame, FromQt(url.toString(QUrl::FullyEncoded)));
-    });
+    connect(page, &QtPage::FrameReady, this,
+            [this](const QUrl& url) { m_events.NavigateComplete2(m_index, PageLevel::Frame, QtAddress::Shown(url)); });
+    connect(page, &QtPage::FrameLoaded, this,
+            [this](const QUrl& url) { m_events.DocumentComplete(m_index, PageLevel::Frame, QtAddress::Shown(url)); });
 }
 
 void QtBrowserView::ConnectPage() {
@@ -69,9 +70,15 @@ void QtBrowserView::OnLoadStarted() {
     m_events.DownloadBegin(m_index);
 }
 
-void QtBrowserView::OnLoadFinished(bool) {
+void QtBrowserView::OnLoadFinished(bool ok) {
     m_loading = false;
     if (!m_pending) m_engine.EndNavigation(m_index);
+    if (!m_page->AwaitsAny()) {
+        // Where scripts are switched off, no document tells of itself.
+        if (!m_page->url().isEmpty()) m_shown = m_page->url();
+        m_committed = m_committed || (ok && !m_shown.isEmpty());
+        m_newDocument = false;
+    }
     ReportHistory();
     m_events.StatusTextChange(m_index, u"Done");
     m_events.DownloadComplete(m_index);
@@ -85,18 +92,35 @@ void QtBrowserView::ReportUnbegun() { m_events.DocumentComplete(m_index, PageLev
 void QtBrowserView::OnAddressChanged(const QUrl& url) {
     if (url.isEmpty()) return;
     m_committed = true;
+    m_shown = url;
+    if (std::exchange(m_newDocument, false)) m_known = false;
     NoteVisit(url);
     ApplyZoom();
     ReportHistory();
-    m_events.NavigateComplete2(m_index, PageLevel::Top, FromQt(url.toString(QUrl::FullyEncoded)));
+    m_events.NavigateComplete2(m_index, PageLevel::Top, QtAddress::Shown(url));
+}
+
+void QtBrowserView::OnDocumentBegan(bool isError) {
+    if (!m_committed) return;
+    m_known = true;
+    m_failed = isError;
+    m_events.SecurityChange(m_index);
+}
+
+void QtBrowserView::OnOverdue() {
+    m_late = true;
+    m_events.NavigationOverdue(m_index);
 }
 
 void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     // What ends without a page, as a download does, leaves the page shown as it is.
-    const bool ofPage = info.url() == m_page->url();
+    const bool ofPage = QtAddress::Shown(info.url()) == QtAddress::Shown(m_page->url());
     const bool failed = info.status() == QWebEngineLoadingInfo::LoadFailedStatus;
-    if (ofPage && info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_failed = false;
-    if (ofPage && failed) m_failed = info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain;
+    const bool ended = failed || info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
+    if (ofPage && ended) {
+        m_failed = failed && info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain;
+        m_known = true;
+    }
     if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_fallback.clear();
     if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;
     if (info.errorDomain() != QWebEngineLoadingInfo::ConnectionErrorDomain) return;
@@ -120,6 +144,7 @@ void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
     m_engine.EndNavigation(supplied->m_index);
     supplied->m_requested = request.requestedUrl();
     supplied->MakePage();
+    supplied->m_awaited->Expect();
     request.openIn(supplied->m_page);
 }
 

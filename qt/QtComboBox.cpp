@@ -45,6 +45,7 @@ QtComboBox::QtComboBox(CommandBar& bar, ComboTool& tool, QWidget* parent)
     disconnect(m_edit, &QLineEdit::editingFinished, this, nullptr);
     connect(m_edit, &QLineEdit::textEdited, this, &QtComboBox::OnEdited);
     connect(m_edit, &QLineEdit::cursorPositionChanged, this, &QtComboBox::Publish);
+    connect(m_edit, &QLineEdit::textChanged, this, &QtComboBox::ShowSign);
     connect(m_edit, &QLineEdit::selectionChanged, this, &QtComboBox::Publish);
     connect(this, &QComboBox::activated, this, &QtComboBox::OnChosen);
 }
@@ -59,9 +60,18 @@ void QtComboBox::SetEditing(bool editing) {
         m_bar.SetEdited(nullptr);
 }
 
-void QtComboBox::ShowSign(const BoxSign& sign) {
+void QtComboBox::ShowSign() {
+    const BoxSign sign = m_tool.SignBeside(FromQt(m_edit->text()));
+    if (sign == m_shownSign) return;
+    m_shownSign = sign;
+    ShowPicture(sign);
+    m_edit->ShowWeight(static_cast<int>(sign.Weight.Start), static_cast<int>(sign.Weight.Length), sign.Waiting);
+}
+
+void QtComboBox::ShowPicture(const BoxSign& sign) {
     if (sign.Meaning.empty()) {
         delete std::exchange(m_sign, nullptr);
+        m_edit->setAccessibleDescription({});
         return;
     }
     const QIcon icon = sign.Image.Name == u"tessaview" ? QtIcons::Application() : QtIcons::Of(sign.Image);
@@ -121,8 +131,7 @@ void QtComboBox::ShowValue() {
 void QtComboBox::ShowText(const QString& text) {
     const QScopedValueRollback showing(m_showing, true);
     m_edit->setText(text);
-    // The beginning tells the site.
-    if (!m_edit->hasFocus()) m_edit->home(false);
+    if (!m_edit->hasFocus()) m_edit->ShowWeighty();
 }
 
 void QtComboBox::ShowSelection() {
@@ -161,7 +170,7 @@ void QtComboBox::focusOutEvent(QFocusEvent* event) {
     if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
     SetEditing(false);
     if (std::exchange(m_heldBack, false)) m_tool.Value = Text(m_pageText);
-    if (!m_edit->hasSelectedText()) m_edit->home(false);
+    if (!m_edit->hasSelectedText()) m_edit->ShowWeighty();
 }
 
 void QtComboBox::OnChosen(int index) {

@@ -19,7 +19,8 @@ public:
     [[nodiscard]] ComboTool& Shown() const { return m_tool; }
     void ShowValue();
     void ShowSelection();
-    void ShowSign(const BoxSign& sign);
+    /// Shows what is to stand beside the present text.
+    void ShowSign();
     // Widths in logical pixels.
     /// How wide it would be had it room enough, and how narrow it may become.
     [[nodiscard]] int Wanted() const;
@@ -42,6 +43,7 @@ private:
     void OnEdited();
     void OnChosen(int index);
     void Publish();
+    void ShowPicture(const BoxSign& sign);
     void ShowAnswer();
     void ShowText(const QString& text);
     void FillList();
@@ -52,7 +54,8 @@ private:
     ComboTool& m_tool;
     QtComboEdit* m_edit;
     QAction* m_sign = nullptr; ///< before the text
-    Text m_pageText;           ///< the last text that the user did not make
+    BoxSign m_shownSign;
+    Text m_pageText; ///< the last text that the user did not make
     int m_room = 0;
     bool m_editing = false;    ///< the text is the user's
     bool m_heldBack = false;   ///< another text came while it was

@@ -43,7 +43,7 @@ void QtComboBoxes::Attach(ComboTool& tool, Shown& shown) {
     tool.Selection.Mirror = [each](const TextSelection&) { each([](QtComboBox& box) { box.ShowSelection(); }); };
     tool.Width.Mirror = [each](Pixels) { each([](QtComboBox& box) { box.updateGeometry(); }); };
     tool.FillsRow.Mirror = [each](bool) { each([](QtComboBox& box) { box.updateGeometry(); }); };
-    tool.Sign.Attach([each](const BoxSign& sign) { each([&](QtComboBox& box) { box.ShowSign(sign); }); });
+    tool.Sign.Attach([each](const BoxSign&) { each([](QtComboBox& box) { box.ShowSign(); }); });
     tool.Enabled.Attach([each](bool enabled) { each([&](QtComboBox& box) { box.setEnabled(enabled); }); });
 }
 

@@ -58,6 +58,7 @@ bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool 
         return false;
     }
     if (isMainFrame) m_awaited = url;
+    if (isMainFrame) m_redirects = type == NavigationTypeRedirect;
     // A link that a script clicks is a clicked one too.
     if (isMainFrame && (type == NavigationTypeTyped || (type == NavigationTypeLinkClicked && TakePerson())))
         Q_EMIT PersonNavigated();
@@ -180,6 +181,12 @@ void QtPage::OnAddress(const QUrl& address) {
     if (m_loading || !Awaits(address)) m_awaited.clear();
 }
 
+void QtPage::Await(const QUrl& url) {
+    m_awaited = url;
+    // What the page has been loading until now does not tell of this.
+    m_loading = false;
+}
+
 void QtPage::OnLoading(const QWebEngineLoadingInfo& info) {
     m_loading = info.status() == QWebEngineLoadingInfo::LoadStartedStatus;
     if (!m_loading && Awaits(info.url())) m_awaited.clear();
@@ -202,8 +209,8 @@ void QtPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QStri
     if (report.startsWith(u"input ")) return OnInputReport(report);
     if (report.startsWith(u"acted ")) m_actedFrame = report.section(u' ', 1);
     if (report.startsWith(u"page ")) {
-        Q_EMIT DocumentBegun();
         OnDocument(address);
+        Q_EMIT DocumentBegan(address.scheme() == u"chrome-error");
     }
     if (report.startsWith(u"ready ")) Q_EMIT FrameReady(address);
     if (report.startsWith(u"load ")) Q_EMIT FrameLoaded(address);

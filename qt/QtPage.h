@@ -38,6 +38,13 @@ public:
     /// Whether the page is about to show what is fetched from there.
     [[nodiscard]] bool Awaits(const QUrl& url) const { return !m_awaited.isEmpty() && m_awaited == url; }
 
+    /// Whether it is about to show anything else than it does.
+    [[nodiscard]] bool AwaitsAny() const { return !m_awaited.isEmpty(); }
+    /// The program is about to load what lies there. Until that has come, the engine may call the page by it already.
+    void Await(const QUrl& url);
+    /// Whether the navigation that began last is one on which another has been led.
+    [[nodiscard]] bool Redirects() const { return m_redirects; }
+
     /// Whether the user has typed or chosen something in the page, or in a frame of it, that was not sent.
     [[nodiscard]] bool HoldsInput() const { return !m_input.isEmpty(); }
 
@@ -67,8 +74,8 @@ Q_SIGNALS:
     /// The page shows the document that it was to load, and had its address already: after a refresh, or because
     /// another page has opened it. Else `urlChanged` tells.
     void DocumentShown();
-    /// A document of the page itself has come to be, whatever its address.
-    void DocumentBegun();
+    /// There is a document in the page, which has its address by then: one that was asked for, or an error's.
+    void DocumentBegan(bool isError);
     /// A frame has its document ready, or is loaded.
     void FrameReady(const QUrl& url);
     void FrameLoaded(const QUrl& url);
@@ -100,6 +107,7 @@ private:
     QDeadlineTimer m_personTime; ///< what comes later is not what that person wanted
     QString m_actedFrame;        ///< the origin of the frame in which a person acted last; empty for the page itself
     bool m_loading = false;
+    bool m_redirects = false;
     QTimer m_mayCopy; ///< runs for as long as the page may put something on the clipboard
     QUrl m_awaited;   ///< of the top-level navigation whose document has not come, nor has it ended
 };

@@ -1,4 +1,5 @@
 #pragma once
+#include <QColor>
 #include <QPalette>
 
 /// What the desktop's colours mean for what the program paints itself.
@@ -6,6 +7,8 @@ namespace QtPalette {
 
 /// Whether windows are dark.
 [[nodiscard]] bool IsDark(const QPalette& palette);
+/// A colour on the way from one to another: `share` of the way, from 0 to 1.
+[[nodiscard]] QColor Mix(const QColor& from, const QColor& to, double share);
 /// Gives hints in empty boxes a colour that can be read, where a desktop's dark colours have left them dark.
 [[nodiscard]] QPalette Mended(QPalette palette);
 

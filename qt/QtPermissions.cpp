@@ -44,7 +44,7 @@ void QtPermissions::FollowCaptures() {
     connect(&m_page, &QtPage::NavigationRequested, this, [this](const QUrl&, bool topLevel) {
         if (topLevel) ChangeCaptures(&PageCaptures::BeginNavigation);
     });
-    connect(&m_page, &QtPage::DocumentBegun, this, [this] { ChangeCaptures(&PageCaptures::ShowDocument); });
+    connect(&m_page, &QtPage::DocumentBegan, this, [this] { ChangeCaptures(&PageCaptures::ShowDocument); });
     connect(&m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { ChangeCaptures(&PageCaptures::End); });
 }
 

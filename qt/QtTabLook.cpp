@@ -17,12 +17,6 @@ constexpr int kAccentHeight = 2;
 /// No tab is wide enough for more; measuring a longer text would only cost time.
 constexpr int kMeasuredUnits = 256;
 
-QColor Mix(const QColor& from, const QColor& to, double share) {
-    const auto part = [share](float a, float b) { return static_cast<float>(a + (b - a) * share); };
-    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
-                            part(from.blueF(), to.blueF()));
-}
-
 /// A box with two round corners, at the side away from the page.
 QPainterPath TabShape(const QRect& place, TabPlacement placement) {
     QRectF box(place);
@@ -42,11 +36,11 @@ QtTabLook::QtTabLook(const QPalette& palette, TabPlacement placement)
       m_accent(palette.color(QPalette::Highlight)) {
     const QColor window = palette.color(QPalette::Window);
     const bool dark = QtPalette::IsDark(palette);
-    m_row = Mix(window, Qt::black, dark ? 0.35 : 0.10);
-    m_selected = dark ? Mix(window, Qt::white, 0.10) : palette.color(QPalette::Base);
-    m_hovered = Mix(m_row, m_selected, 0.45);
-    m_line = Mix(m_row, m_text, 0.22);
-    m_quietText = Mix(m_row, m_text, 0.78);
+    m_row = QtPalette::Mix(window, Qt::black, dark ? 0.35 : 0.10);
+    m_selected = dark ? QtPalette::Mix(window, Qt::white, 0.10) : palette.color(QPalette::Base);
+    m_hovered = QtPalette::Mix(m_row, m_selected, 0.45);
+    m_line = QtPalette::Mix(m_row, m_text, 0.22);
+    m_quietText = QtPalette::Mix(m_row, m_text, 0.78);
     m_private = dark ? QColor(178, 132, 255) : QColor(106, 50, 196);
 }
 
@@ -86,7 +80,8 @@ void QtTabLook::PaintTab(QPainter& painter, const QtTabFace& face) const {
 
 void QtTabLook::PaintBody(QPainter& painter, const QtTabFace& face) const {
     const QRect& place = face.place;
-    if (face.isPrivate && !face.selected) painter.fillRect(place.adjusted(0, 1, -1, 0), Mix(m_row, m_private, 0.25));
+    if (face.isPrivate && !face.selected)
+        painter.fillRect(place.adjusted(0, 1, -1, 0), QtPalette::Mix(m_row, m_private, 0.25));
     if (!face.selected && !face.hovered) {
         if (face.dividerShown) painter.fillRect(QRect(place.right(), place.top() + 5, 1, place.height() - 10), m_line);
         return;
@@ -94,7 +89,7 @@ void QtTabLook::PaintBody(QPainter& painter, const QtTabFace& face) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const QPainterPath shape = TabShape(place, m_placement);
     const QColor body = face.selected ? m_selected : m_hovered;
-    painter.fillPath(shape, face.isPrivate ? Mix(body, m_private, 0.25) : body);
+    painter.fillPath(shape, face.isPrivate ? QtPalette::Mix(body, m_private, 0.25) : body);
     if (!face.selected) return;
     painter.save();
     painter.setClipPath(shape, Qt::IntersectClip);
@@ -147,7 +142,7 @@ void QtTabLook::PaintBlankPage(QPainter& painter, const QRect& place) const {
     outline.moveTo(sheet.right() - kFold, sheet.top());
     outline.lineTo(sheet.right() - kFold, sheet.top() + kFold);
     outline.lineTo(sheet.right(), sheet.top() + kFold);
-    painter.strokePath(outline, QPen(Mix(m_row, m_text, 0.55), 1));
+    painter.strokePath(outline, QPen(QtPalette::Mix(m_row, m_text, 0.55), 1));
 }
 
 /// A loudspeaker, with waves when it is heard and crossed out when it is muted.
@@ -157,10 +152,10 @@ void QtTabLook::PaintSound(QPainter& painter, const QtTabFace& face) const {
     const QColor ground = face.selected ? m_selected : face.hovered ? m_hovered : m_row;
     if (face.soundHovered) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(Mix(ground, m_text, 0.18));
+        painter.setBrush(QtPalette::Mix(ground, m_text, 0.18));
         painter.drawRoundedRect(face.soundPlace, 3, 3);
     }
-    const QColor ink = face.soundHovered ? m_text : Mix(ground, m_text, 0.75);
+    const QColor ink = face.soundHovered ? m_text : QtPalette::Mix(ground, m_text, 0.75);
     const QPointF centre = QRectF(face.soundPlace).center();
     const QPolygonF horn({centre + QPointF(-5, -1.8), centre + QPointF(-3, -1.8), centre + QPointF(0, -4.5),
                           centre + QPointF(0, 4.5), centre + QPointF(-3, 1.8), centre + QPointF(-5, 1.8)});
@@ -185,11 +180,12 @@ void QtTabLook::PaintClose(QPainter& painter, const QtTabFace& face) const {
     const QColor ground = face.selected ? m_selected : m_hovered;
     if (face.closeHovered) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(Mix(ground, m_text, 0.18));
+        painter.setBrush(QtPalette::Mix(ground, m_text, 0.18));
         painter.drawRoundedRect(face.closePlace, 3, 3);
     }
     const QRectF cross = QRectF(face.closePlace).adjusted(4.5, 4.5, -4.5, -4.5);
-    painter.setPen(QPen(face.closeHovered ? m_text : Mix(ground, m_text, 0.65), 1.3, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(
+        QPen(face.closeHovered ? m_text : QtPalette::Mix(ground, m_text, 0.65), 1.3, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(cross.topLeft(), cross.bottomRight());
     painter.drawLine(cross.topRight(), cross.bottomLeft());
 }
@@ -213,7 +209,8 @@ void QtTabLook::PaintArrow(QPainter& painter, const QRect& place, Qt::LayoutDire
     const double step = towards == Qt::LeftToRight ? 2.5 : -2.5;
     const QPointF centre = QRectF(place).center();
     const QPointF tip(centre.x() + step, centre.y());
-    painter.setPen(QPen(enabled ? m_text : Mix(m_row, m_text, 0.3), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(
+        QPen(enabled ? m_text : QtPalette::Mix(m_row, m_text, 0.3), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const QPointF angle[] = {{centre.x() - step, centre.y() - 4}, tip, {centre.x() - step, centre.y() + 4}};
     painter.drawPolyline(angle, 3);
     painter.restore();

@@ -6,6 +6,9 @@
 
 namespace {
 
+/// Units of an address that anybody wants to hear.
+constexpr std::size_t kMostSaid = 200;
+
 /// One tab. It knows its tab by key, so that it outlives the tab unharmed: then it answers nothing.
 class TabAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
@@ -34,6 +37,7 @@ public:
         if (kind == QAccessible::Name) return ToQt(OneLine(tab->Caption()));
         if (kind == QAccessible::Description && tab->Asks()) return QStringLiteral("Asks a question");
         if (kind == QAccessible::Description && tab->Private()) return QStringLiteral("Private");
+        if (kind == QAccessible::Description && !tab->Awaited().empty()) return Waiting(*tab);
         if (kind == QAccessible::Description && Busy(*tab)) return QStringLiteral("Loading");
         return {};
     }
@@ -74,6 +78,10 @@ public:
 
 private:
     [[nodiscard]] Tab* Find() const { return m_strip.Model().Find(m_key); }
+    static QString Waiting(const Tab& tab) {
+        return QStringLiteral("Waiting for ") + ToQt(OneLine(FirstUnits(tab.Awaited(), kMostSaid))) +
+               QStringLiteral(", still shows the page before");
+    }
     static bool Busy(const Tab& tab) { return tab.Image() == TabImage::Red; }
 
     QtTabStrip& m_strip;

@@ -22,10 +22,7 @@ void BrowserEvents::TitleChange(std::int16_t Index, TextView Text) {
 }
 
 void BrowserEvents::BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) {
-    if (m_tabs.IsSelected(Index) && pDisp == PageLevel::Top) {
-        ShowAddress(pDisp, URL);
-        m_tabs.UpdateStopRefresh();
-    }
+    if (pDisp == PageLevel::Top) BeginNavigation(Index, URL);
     m_tabs.SetTabBusy(Decimal(Index), TabBusy::Yes);
 }
 
@@ -48,14 +45,34 @@ void BrowserEvents::DocumentComplete(std::int16_t Index, PageLevel pDisp, TextVi
 // Nothing new is shown, so the keyboard stays where it is.
 void BrowserEvents::NavigationDropped(std::int16_t Index) { m_tabs.SetTabBusy(Decimal(Index), TabBusy::No); }
 
+void BrowserEvents::NavigationOverdue(std::int16_t Index) {
+    m_tabs.SetTabAwaited(Index, {});
+    if (m_tabs.IsSelected(Index)) m_tabs.ShowAddress();
+}
+
+void BrowserEvents::SecurityChange(std::int16_t Index) {
+    const auto* address = m_tabs.AddressCombo();
+    // While the box shows where the page goes, its sign is of that.
+    if (m_tabs.IsSelected(Index) && address && !address->Sign().Waiting) m_tabs.ShowAddress();
+}
+
+void BrowserEvents::BeginNavigation(std::int16_t Index, TextView URL) {
+    m_tabs.SetTabAwaited(Index, URL);
+    if (!m_tabs.IsSelected(Index)) return;
+    m_tabs.ShowTarget(URL);
+    m_tabs.UpdateZoom();
+    m_tabs.UpdateStopRefresh();
+}
+
 void BrowserEvents::ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL) {
+    auto* view = m_browser.Find(Index);
+    if (pDisp == PageLevel::Top) m_tabs.SetTabAwaited(Index, {});
     if (m_tabs.IsSelected(Index)) {
-        ShowAddress(pDisp, URL);
+        if (pDisp == PageLevel::Top) m_tabs.ShowAddress(URL);
+        m_tabs.UpdateZoom();
         m_tabs.UpdateStopRefresh();
-        if (auto* view = m_browser.Find(Index)) {
-            view->Control->BringToFront();
-            view->Control->SetFocus();
-        }
+        if (view) view->Control->BringToFront();
+        if (view) view->Control->SetFocus();
     }
     m_tabs.SetTabBusy(Decimal(Index), TabBusy::No);
 }
@@ -72,10 +89,3 @@ void BrowserEvents::WindowClosing(std::int16_t Index) {
 }
 
 void BrowserEvents::SoundChange(std::int16_t Index) { m_tabs.UpdateSound(Index); }
-
-void BrowserEvents::ShowAddress(PageLevel pDisp, TextView URL) {
-    auto* address = m_tabs.AddressCombo();
-    if (pDisp == PageLevel::Top && address) address->Value = Text(URL);
-    m_tabs.UpdateSecurity();
-    m_tabs.UpdateZoom();
-}

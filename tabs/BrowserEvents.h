@@ -19,6 +19,8 @@ public:
     BrowserView* NewWindow2(std::int16_t Index, NewWindowPlace Place) override;
     void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    void NavigationOverdue(std::int16_t Index) override;
+    void SecurityChange(std::int16_t Index) override;
     void NavigationDropped(std::int16_t Index) override;
     void AttentionChange(std::int16_t Index, bool Asks) override;
     void ContextMenu(std::int16_t Index, const PageContext& Context) override;
@@ -34,7 +36,7 @@ public:
 
 private:
     void ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL);
-    void ShowAddress(PageLevel pDisp, TextView URL);
+    void BeginNavigation(std::int16_t Index, TextView URL);
 
     TabSet& m_tabs;
     ViewArray& m_browser;

@@ -80,10 +80,7 @@ void TabSet::pcPage_Click() {
     m_browser.ParkAllBut(selected->Tag);
     UpdateBackForward();
     UpdateStopRefresh();
-    auto* view = CurrentView();
-    auto* address = AddressCombo();
-    if (view && address) address->Value = view->Control->LocationURL();
-    UpdateSecurity();
+    ShowAddress();
     UpdateZoom();
 }
 
@@ -110,10 +107,30 @@ void TabSet::UpdateZoom() {
     m_sbStatus.Zoom = percent == kUsualPercent ? Text() : Decimal(percent) + u" %";
 }
 
-void TabSet::UpdateSecurity() {
+void TabSet::ShowAddress() {
+    if (const auto* view = CurrentView()) ShowAddress(view->Control->LocationURL());
+}
+
+void TabSet::ShowAddress(TextView URL) {
     const auto* view = CurrentView();
     auto* address = AddressCombo();
-    if (view && address) address->Sign = AddressSigns::Of(view->Control->Security());
+    if (!view || !address) return;
+    // What is known of the security holds for the address that the view itself goes by, and for no other.
+    const bool own = view->Control->LocationURL() == URL;
+    address->ShowSigned(Text(URL), AddressSigns::Of(own ? view->Control->Security() : PageSecurity::None, URL));
+}
+
+void TabSet::ShowTarget(TextView URL) {
+    const auto* view = CurrentView();
+    auto* address = AddressCombo();
+    if (!view || !address) return;
+    const bool shows = view->Control->Security() != PageSecurity::Awaited;
+    const Text shown = shows ? view->Control->LocationURL() : Text();
+    address->ShowSigned(Text(URL), AddressSigns::Waiting(URL, shown));
+}
+
+void TabSet::SetTabAwaited(std::int32_t Index, TextView URL) {
+    if (auto* tab = m_pcPage.Find(KeyOf(Index))) m_pcPage.SetAwaited(tab, Text(URL));
 }
 
 void TabSet::UpdateBackForward() {

@@ -56,8 +56,14 @@ public:
     /// The tab left of the selected one, before the first the last.
     void SelectPreviousTab();
 
-    /// Shows at the address box how far the selected view's page can be trusted.
-    void UpdateSecurity();
+    /// Shows in the address box where the selected view's page comes from, and how far that can be trusted.
+    void ShowAddress();
+    /// Shows an address of the page shown there; its sign too, when that is the address that the view goes by.
+    void ShowAddress(TextView URL);
+    /// Shows there where the selected view is about to go, with a sign that says so.
+    void ShowTarget(TextView URL);
+    /// Notes with the tab of view `Index` which page it waits for; empty for none.
+    void SetTabAwaited(std::int32_t Index, TextView URL);
     /// Shows in the status bar how large the text of the selected view's page is.
     void UpdateZoom();
     void UpdateBackForward();

@@ -38,7 +38,8 @@ enum class Privacy : bool { Ordinary = false, Private = true };
 
 /// How far what a page shows can be trusted to come from where its address says.
 enum class PageSecurity {
-    None,      ///< a blank page, or one that has not been shown yet
+    None,      ///< a blank page, an error's, or one of which that is not known yet
+    Awaited,   ///< no page has been shown yet, and one is to come
     Own,       ///< made by the program
     Local,     ///< a file of this computer
     Secure,    ///< a host whose certificate was accepted by the engine
@@ -64,7 +65,8 @@ public:
     virtual Outcome ExecWB(BrowserCommand command) = 0;
 
     [[nodiscard]] virtual bool Busy() const = 0;
-    /// The address of the page shown; of a view that has shown none yet, the address that it is to load.
+    /// The address of the page shown, whatever the view is about to load; of a view that has shown none yet, the
+    /// address that it is to load. Without a user's name and password.
     [[nodiscard]] virtual Text LocationURL() const = 0;
 
     /// The title of the page shown.
@@ -124,6 +126,11 @@ public:
     virtual BrowserView* NewWindow2(std::int16_t Index, NewWindowPlace Place) = 0;
     virtual void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
     virtual void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
+    /// The page shown has gone to an address by itself, and nothing of that has come for so long that what is shown is
+    /// to be called by its own address again. The navigation goes on.
+    virtual void NavigationOverdue(std::int16_t Index) = 0;
+    /// What is known of the security of the page shown has changed.
+    virtual void SecurityChange(std::int16_t Index) = 0;
     /// A frame's navigation has ended without a document: it became a download, or there was nothing to show.
     virtual void NavigationDropped(std::int16_t Index) = 0;
     /// The page asks its user something, or no longer does.

@@ -36,6 +36,8 @@ public:
     BrowserView* NewWindow2(std::int16_t Index, NewWindowPlace Place) override;
     void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) override;
     void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) override;
+    void NavigationOverdue(std::int16_t) override { lines << QStringLiteral("late"); }
+    void SecurityChange(std::int16_t) override {}
     void NavigationDropped(std::int16_t Index) override;
     void AttentionChange(std::int16_t Index, bool Asks) override;
     void ContextMenu(std::int16_t Index, const PageContext& Context) override;

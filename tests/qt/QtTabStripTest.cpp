@@ -597,6 +597,18 @@ TEST_F(QtTabStripTest, ScreenReadersSelectATabByItsAction) {
     EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(QtTabStripTest, ScreenReadersAreToldWhatATabWaitsFor) {
+    AddMany(1);
+    Show();
+    strip.SetAwaited(strip.FindAt(1), u"https://bank.example/");
+    strip.SetImage(strip.FindAt(1), TabImage::Red);
+    QAccessibleInterface* tab = Accessible(widget)->child(0);
+    EXPECT_EQ(tab->text(QAccessible::Description),
+              QStringLiteral("Waiting for https://bank.example/, still shows the page before"));
+    strip.SetAwaited(strip.FindAt(1), {});
+    EXPECT_EQ(tab->text(QAccessible::Description), QStringLiteral("Loading"));
+}
+
 TEST_F(QtTabStripTest, AnInterfaceOfATabThatHasGoneAnswersNothing) {
     AddMany(2);
     Show();

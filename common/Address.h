@@ -1,0 +1,20 @@
+#pragma once
+#include "common/Text.h"
+
+// Web addresses as texts, read as the engine reads them: a backslash counts as a slash, and how many of them stand
+// behind the colon does not matter.
+
+namespace Address {
+
+/// What shows nothing.
+inline constexpr TextView kBlank = u"about:blank";
+
+/// The host that a web address leads to, as a part of the text given, without user and port. Empty for an address that
+/// leads to none, and for a text that does not begin with a scheme.
+[[nodiscard]] TextView HostIn(TextView address);
+
+/// The address without a user's name and password, which are nobody else's business; a text that is no web address
+/// stays as it is.
+[[nodiscard]] Text WithoutUser(TextView address);
+
+} // namespace Address

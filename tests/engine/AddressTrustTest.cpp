@@ -1,0 +1,182 @@
+#include "tests/engine/CommandsOnPages.h"
+
+#include <QTcpServer>
+#include <QTest>
+#include <QWebEngineSettings>
+#include <QWebEngineView>
+
+namespace {
+
+/// An address where nobody listens.
+QString Unreachable(const QString& scheme, const QString& rest = QStringLiteral("/gone")) {
+    QTcpServer closed;
+    EXPECT_TRUE(closed.listen(QHostAddress::LocalHost));
+    return scheme + QStringLiteral("://127.0.0.1:%1").arg(closed.serverPort()) + rest;
+}
+
+/// A user who looks at the address box while pages go to another host, which does not answer.
+class AddressTrustOnPages : public CommandsOnPages {
+protected:
+    AddressTrustOnPages() {
+        other.Stall(QStringLiteral("/bank"));
+        server.Page(QStringLiteral("/page"), "<title>Page</title><p id='here'>words</p>");
+        bank = other.Address(QStringLiteral("/bank"), QStringLiteral("localhost"));
+    }
+
+    [[nodiscard]] ComboTool& Box() const { return *desk.main->Tabs.AddressCombo(); }
+    /// "text: picture", as the box shows them side by side.
+    [[nodiscard]] QString Shown() const {
+        return ToQt(Box().Value() + u": " + Box().SignBeside(Box().Value()).Image.Name);
+    }
+    [[nodiscard]] QString PageShown() const {
+        return server.Address(QStringLiteral("/page")) + QStringLiteral(": computer");
+    }
+    [[nodiscard]] QString BankAwaited() const { return bank + QStringLiteral(": chronometer"); }
+    /// The other host is asked for its page, which it never gives.
+    void AwaitBank() {
+        ASSERT_TRUE(WaitUntil([&] { return other.requests.contains(QStringLiteral("/bank")); }));
+        EXPECT_EQ(Script(QStringLiteral("document.title")), u"Page") << "the page before is still there";
+    }
+    void ToAnotherTabAndBack() {
+        desk.main->GetNewBrowser(InFront::Yes);
+        ASSERT_NE(Shown(), PageShown());
+        desk.main->pcPage.UserClick(desk.main->pcPage.FindAt(1));
+    }
+
+    LocalServer other;
+    QString bank;
+};
+
+TEST_F(AddressTrustOnPages, WhereAPageSaysItGoesHasNoSignOfThePage) {
+    Show(QStringLiteral("/page"), u"Page");
+    EXPECT_EQ(Shown(), PageShown());
+    Script(QStringLiteral("setTimeout(() => location = '%1'); 1").arg(bank));
+    AwaitBank();
+    EXPECT_EQ(Shown(), BankAwaited());
+    EXPECT_TRUE(Box().Sign().Waiting);
+    EXPECT_EQ(ToUtf8(desk.main->pcPage.FindAt(1)->Awaited()), bank.toStdString());
+    EXPECT_EQ(ToQt(Front().LocationURL()), server.Address(QStringLiteral("/page")));
+    EXPECT_TRUE(WaitUntil([&] { return Shown() == PageShown(); })) << "nothing has come for a while";
+    EXPECT_TRUE(Front().Busy()) << "it may still come";
+}
+
+TEST_F(AddressTrustOnPages, WhatTheUserAsksForHasNoneEitherAndStays) {
+    Show(QStringLiteral("/page"), u"Page");
+    ResumeNext(Front().Navigate(FromQt(bank)));
+    AwaitBank();
+    EXPECT_EQ(Shown(), BankAwaited());
+    EXPECT_EQ(ToQt(Front().LocationURL()), server.Address(QStringLiteral("/page")));
+    EXPECT_EQ(Front().Security(), PageSecurity::Local) << "of the page that is shown";
+    ToAnotherTabAndBack();
+    EXPECT_EQ(Shown(), PageShown());
+}
+
+TEST_F(AddressTrustOnPages, APageThatIsStillLoadingIsNotTakenForTheOneThatIsAskedFor) {
+    server.Page(QStringLiteral("/page"), "<title>Page</title><img src='/never'>");
+    server.Stall(QStringLiteral("/never"));
+    ResumeNext(Front().Navigate(FromQt(server.Address(QStringLiteral("/page")))));
+    ASSERT_TRUE(WaitUntil([&] { return server.requests.contains(QStringLiteral("/never")); }));
+    ASSERT_TRUE(WaitUntil([&] { return Shown() == PageShown(); }));
+    ResumeNext(Front().Navigate(FromQt(bank)));
+    AwaitBank();
+    EXPECT_EQ(Shown(), BankAwaited());
+    EXPECT_EQ(ToQt(Front().LocationURL()), server.Address(QStringLiteral("/page")));
+    ToAnotherTabAndBack();
+    EXPECT_EQ(Shown(), PageShown());
+}
+
+TEST_F(AddressTrustOnPages, AWindowThatAPageOpensIsNotCalledByATargetThatNeverComes) {
+    Show(QStringLiteral("/page"), u"Page");
+    // As a click would, with the leave to open windows.
+    Front().Page()->settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, true);
+    Script(QStringLiteral("document.body.onclick = () => open('%1'); 1").arg(bank));
+    WaitForPicture();
+    QWidget* target = Front().Widget()->focusProxy();
+    QTest::mouseClick(target, Qt::LeftButton, {}, QPoint(60, 20));
+    ASSERT_TRUE(WaitUntil([&] { return other.requests.contains(QStringLiteral("/bank")); }));
+    ASSERT_EQ(desk.main->pcPage.Count(), 2U);
+    EXPECT_FALSE(Shown().endsWith(u"computer"));
+    EXPECT_TRUE(WaitUntil([&] { return Box().Value() == u"about:blank"; })) << ToUtf8(Box().Value());
+    EXPECT_EQ(Box().Sign().Image.Name, u"");
+}
+
+TEST_F(AddressTrustOnPages, AnErrorPageNeverHasASign) {
+    Show(QStringLiteral("/page"), u"Page");
+    std::vector<std::string> signs;
+    Box().Sign.Mirror = [&](const BoxSign& sign) {
+        if (sign.Of.starts_with(u"https:")) signs.push_back(ToUtf8(sign.Image.Name));
+    };
+    const auto fails = [&](const QString& address) {
+        signs.clear();
+        ASSERT_TRUE(WaitUntil([&] { return !signs.empty() && !Box().Sign().Waiting && !Front().Busy(); }));
+        EXPECT_EQ(Box().Sign().Image.Name, u"") << address.toStdString() << ToUtf8(Box().Value());
+        for (const auto& sign : signs) EXPECT_TRUE(sign.empty() || sign == "chronometer") << sign;
+    };
+    const QString gone = Unreachable(QStringLiteral("https"));
+    for (const QString& address : {gone, Unreachable(QStringLiteral("https"), QStringLiteral("/a#b"))}) {
+        ResumeNext(Front().Navigate(FromQt(address)));
+        fails(address);
+        Show(QStringLiteral("/page"), u"Page");
+        EXPECT_EQ(Shown(), PageShown());
+        Front().Page()->runJavaScript(QStringLiteral("location = '%1'").arg(address));
+        fails(address);
+        Show(QStringLiteral("/page"), u"Page");
+    }
+    const QString user = QString(gone).replace(QStringLiteral("://"), QStringLiteral("://user@"));
+    ResumeNext(Front().Navigate(FromQt(user)));
+    fails(user);
+    server.Redirect(QStringLiteral("/led"), gone);
+    ResumeNext(Front().Navigate(FromQt(server.Address(QStringLiteral("/led")))));
+    fails(QStringLiteral("redirected"));
+    Box().Sign.Mirror = {};
+}
+
+TEST_F(AddressTrustOnPages, AnAnswerWithoutAPageLeavesThePageItsAddressAndSign) {
+    server.Raw(QStringLiteral("/nothing"), "HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n");
+    Show(QStringLiteral("/page"), u"Page");
+    Front().Page()->runJavaScript(QStringLiteral("location = '/nothing'"));
+    ASSERT_TRUE(WaitUntil([&] { return server.requests.contains(QStringLiteral("/nothing")); }));
+    EXPECT_TRUE(WaitUntil([&] { return Shown() == PageShown() && !Front().Busy(); })) << Shown().toStdString();
+    ResumeNext(Front().Navigate(FromQt(server.Address(QStringLiteral("/nothing")))));
+    ASSERT_TRUE(WaitUntil([&] { return server.requests.count(QStringLiteral("/nothing")) == 2; }));
+    EXPECT_TRUE(WaitUntil([&] { return Shown() == PageShown() && !Front().Busy(); })) << Shown().toStdString();
+}
+
+TEST_F(AddressTrustOnPages, APageThatMovesWithinItselfKeepsItsSign) {
+    Show(QStringLiteral("/page"), u"Page");
+    const QString moved = server.Address(QStringLiteral("/page#here"));
+    ResumeNext(Front().Navigate(FromQt(moved)));
+    EXPECT_TRUE(WaitUntil([&] { return Shown() == moved + QStringLiteral(": computer"); })) << Shown().toStdString();
+    Front().Page()->runJavaScript(QStringLiteral("history.pushState({}, '', '/pushed')"));
+    const QString pushed = server.Address(QStringLiteral("/pushed")) + QStringLiteral(": computer");
+    EXPECT_TRUE(WaitUntil([&] { return Shown() == pushed; })) << Shown().toStdString();
+    ResumeNext(Front().GoBack());
+    EXPECT_TRUE(WaitUntil([&] { return Shown() == moved + QStringLiteral(": computer"); })) << Shown().toStdString();
+}
+
+TEST_F(AddressTrustOnPages, APageWithoutScriptsHasItsSignOnceItIsLoaded) {
+    Show(QStringLiteral("/page"), u"Page");
+    Front().Page()->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+    server.Page(QStringLiteral("/next"), "<title>Next</title>");
+    ResumeNext(Front().Navigate(FromQt(server.Address(QStringLiteral("/next")))));
+    const QString next = server.Address(QStringLiteral("/next")) + QStringLiteral(": computer");
+    EXPECT_TRUE(WaitUntil([&] { return Shown() == next; })) << Shown().toStdString();
+}
+
+TEST_F(AddressTrustOnPages, TheUserInAnAddressIsNeitherShownNorKept) {
+    Show(QStringLiteral("/page"), u"Page");
+    server.Page(QStringLiteral("/login"), "<title>Login</title>");
+    QString address = server.Address(QStringLiteral("/login"));
+    const QString bare = address;
+    address.replace(QStringLiteral("://"), QStringLiteral("://bank.example%2Flogin:word@"));
+    std::vector<std::string> texts;
+    Box().Value.Mirror = [&](const Text& text) { texts.push_back(ToUtf8(text)); };
+    Front().Page()->runJavaScript(QStringLiteral("location = '%1'").arg(address));
+    ASSERT_TRUE(WaitTitle(u"Login"));
+    EXPECT_EQ(Shown(), bare + QStringLiteral(": computer"));
+    EXPECT_EQ(ToQt(Front().LocationURL()), bare);
+    for (const auto& text : texts) EXPECT_EQ(text.find("bank"), std::string::npos) << text;
+    Box().Value.Mirror = {};
+}
+
+} // namespace
