@@ -129,6 +129,11 @@ Tool* CommandBar::ToolFor(KeyStroke key) const {
     return tool && tool->Enabled() ? tool : nullptr;
 }
 
+void CommandBar::SetEdited(const ComboTool* box) {
+    m_edited = box;
+    if (box) NoteTyped();
+}
+
 KeyUsed CommandBar::KeyDown(KeyStroke key) {
     // Its last way up may have gone to another window.
     std::erase(m_usedDown, key.KeyCode);

@@ -149,8 +149,12 @@ public:
     /// The bar uses a key's way up when it has used its way down, whatever else is held by then.
     KeyUsed KeyUp(KeyStroke key);
     /// A view tells which box's text the user is changing, or none: Escape is for that box then, not for a command.
-    void SetEdited(const ComboTool* box) { m_edited = box; }
+    void SetEdited(const ComboTool* box);
     [[nodiscard]] const ComboTool* Edited() const { return m_edited; }
+    /// A view tells that the user types into a box of the window, of the bar or another.
+    void NoteTyped() { ++m_typed; }
+    /// How often that was told; who keeps the number knows later whether the user has typed since.
+    [[nodiscard]] std::size_t Typed() const { return m_typed; }
     void SetShortcuts(std::vector<Shortcut> shortcuts) { m_shortcuts = std::move(shortcuts); }
     [[nodiscard]] const std::vector<Shortcut>& Shortcuts() const { return m_shortcuts; }
 
@@ -196,5 +200,6 @@ private:
     std::vector<Shortcut> m_shortcuts;
     std::vector<std::int32_t> m_usedDown; ///< codes of keys that are down and were used
     const ComboTool* m_edited = nullptr;
+    std::size_t m_typed = 0;
     View m_view;
 };

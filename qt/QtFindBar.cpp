@@ -57,6 +57,9 @@ QtFindBar::QtFindBar(QWidget* parent)
     row->addStretch(1);
     row->addWidget(close);
     connect(m_text, &QLineEdit::textChanged, this, [this] { Find(Direction::Forward); });
+    connect(m_text, &QLineEdit::textEdited, this, [this] {
+        if (Typed) Typed();
+    });
     connect(m_matchCase, &QCheckBox::toggled, this, &QtFindBar::FindAnew);
     connect(previous, &QToolButton::clicked, this, [this] { Find(Direction::Backward); });
     connect(next, &QToolButton::clicked, this, [this] { Find(Direction::Forward); });

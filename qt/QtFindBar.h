@@ -26,6 +26,8 @@ public:
     std::function<QWebEnginePage*()> Page;
     /// The bar was shown or hidden.
     std::function<void()> Changed;
+    /// The user types into the bar.
+    std::function<void()> Typed;
     /// Gives the keyboard back to the page.
     std::function<void()> FocusPage;
 

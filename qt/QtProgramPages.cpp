@@ -61,6 +61,7 @@ void QtProgram::WireEngine() {
     m->findBar.Page = [this] { return m->engine.FrontPage(); };
     m->findBar.Changed = [this] { m->engine.Relayout(); };
     m->engine.FrontChanged = [this] { m->findBar.OnPageChanged(); };
+    m->findBar.Typed = [this] { m->main.actBar.NoteTyped(); };
     m->findBar.FocusPage = [this] {
         if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
     };

@@ -1,5 +1,7 @@
 #include "tabs/BrowserEvents.h"
 
+#include <utility>
+
 void BrowserEvents::StatusTextChange(std::int16_t Index, TextView Text) {
     if (m_tabs.IsSelected(Index)) m_tabs.ShowStatusText(Text);
 }
@@ -30,15 +32,23 @@ BrowserView* BrowserEvents::NewWindow2(std::int16_t Index, NewWindowPlace Place)
     return m_tabs.GetNewBrowser(m_tabs.PlaceFor(Place), m_tabs.PrivacyOf(Index));
 }
 
+// A document that is complete takes the keyboard, whoever types. What a page can bring about as often as it likes - an
+// address that only changes, a frame - takes it from nobody who types, and a frame once only.
+bool BrowserEvents::TakeMayFocus(ArrayView* view, PageLevel pDisp, bool Focusing::*what) const {
+    if (!view) return false;
+    if (pDisp == PageLevel::Frame) return std::exchange(view->MayFocus.Frame, false) && !m_tabs.TypedSince(*view);
+    return std::exchange(view->MayFocus.*what, false) || !m_tabs.TypedSince(*view);
+}
+
 // Deliberate: a tab turns idle as soon as its navigation completes, before the document has, and the completion of
 // any frame clears the mark too.
 void BrowserEvents::NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) {
-    ShowIdle(Index, pDisp, URL);
+    ShowIdle(Index, pDisp, URL, TakeMayFocus(m_browser.Find(Index), pDisp, &Focusing::Address));
     if (Navigated) Navigated();
 }
 
 void BrowserEvents::DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) {
-    ShowIdle(Index, pDisp, URL);
+    ShowIdle(Index, pDisp, URL, TakeMayFocus(m_browser.Find(Index), pDisp, &Focusing::Document));
     if (Loaded && pDisp == PageLevel::Top) Loaded(Index);
 }
 
@@ -57,6 +67,10 @@ void BrowserEvents::SecurityChange(std::int16_t Index) {
 }
 
 void BrowserEvents::BeginNavigation(std::int16_t Index, TextView URL) {
+    if (auto* view = m_browser.Find(Index)) {
+        view->MayFocus = {.Address = true, .Document = true, .Frame = true};
+        view->TypedBefore = m_tabs.TypedSoFar();
+    }
     m_tabs.SetTabAwaited(Index, URL);
     if (!m_tabs.IsSelected(Index)) return;
     m_tabs.ShowTarget(URL);
@@ -64,7 +78,7 @@ void BrowserEvents::BeginNavigation(std::int16_t Index, TextView URL) {
     m_tabs.UpdateStopRefresh();
 }
 
-void BrowserEvents::ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL) {
+void BrowserEvents::ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL, bool mayFocus) {
     auto* view = m_browser.Find(Index);
     if (pDisp == PageLevel::Top) m_tabs.SetTabAwaited(Index, {});
     if (m_tabs.IsSelected(Index)) {
@@ -72,7 +86,7 @@ void BrowserEvents::ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL) 
         m_tabs.UpdateZoom();
         m_tabs.UpdateStopRefresh();
         if (view) view->Control->BringToFront();
-        if (view) view->Control->SetFocus();
+        if (view && mayFocus) view->Control->SetFocus();
     }
     m_tabs.SetTabBusy(Decimal(Index), TabBusy::No);
 }

@@ -35,7 +35,8 @@ public:
     std::function<void(std::int16_t Index, const PageContext& Context)> ShowMenu;
 
 private:
-    void ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL);
+    void ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL, bool mayFocus);
+    [[nodiscard]] bool TakeMayFocus(ArrayView* view, PageLevel pDisp, bool Focusing::*what) const;
     void BeginNavigation(std::int16_t Index, TextView URL);
 
     TabSet& m_tabs;

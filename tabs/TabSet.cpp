@@ -133,6 +133,10 @@ void TabSet::SetTabAwaited(std::int32_t Index, TextView URL) {
     if (auto* tab = m_pcPage.Find(KeyOf(Index))) m_pcPage.SetAwaited(tab, Text(URL));
 }
 
+bool TabSet::TypedSince(const ArrayView& view) const {
+    return m_actBar.Edited() || m_actBar.Typed() != view.TypedBefore;
+}
+
 void TabSet::UpdateBackForward() {
     const auto* view = CurrentView();
     if (!view) return;

@@ -64,6 +64,8 @@ public:
     void ShowTarget(TextView URL);
     /// Notes with the tab of view `Index` which page it waits for; empty for none.
     void SetTabAwaited(std::int32_t Index, TextView URL);
+    /// Whether the user has typed into a box of the window since the view's page began to load.
+    [[nodiscard]] bool TypedSince(const ArrayView& view) const;
     /// Shows in the status bar how large the text of the selected view's page is.
     void UpdateZoom();
     void UpdateBackForward();
@@ -72,6 +74,8 @@ public:
     void ShowStatusBar(bool Show);
     void ToggleStatusBar() { ShowStatusBar(!m_sbStatus.Visible()); }
 
+    /// How often the user has typed into the window's boxes.
+    [[nodiscard]] std::size_t TypedSoFar() const { return m_actBar.Typed(); }
     /// The address box.
     [[nodiscard]] ComboTool* AddressCombo() const;
     /// The view of the selected tab, or nothing.

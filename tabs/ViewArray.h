@@ -9,6 +9,13 @@
 /// Where a view that is not selected has its left edge: far outside any screen, alive.
 inline constexpr Twips kParkedLeft{100000};
 
+/// What may still bring the keyboard into a page, each once after the page itself began to load.
+struct Focusing {
+    bool Address = false;  ///< it has another address
+    bool Document = false; ///< its document is complete
+    bool Frame = true;     ///< a frame of it is
+};
+
 /// One element of the array: a page view and what the program keeps with it.
 struct ArrayView {
     std::unique_ptr<BrowserView> Control;
@@ -17,6 +24,9 @@ struct ArrayView {
     /// Whether it allows going forward: 1 or 0.
     int ForwardFlag = 0;
     ::Privacy Privacy = ::Privacy::Ordinary;
+    Focusing MayFocus;
+    /// How often the user had typed into the window's boxes when its page began to load.
+    std::size_t TypedBefore = 0;
 
     /// Moves the view out of sight and out of the keyboard's way; nothing when it is there already.
     void Park();

@@ -72,4 +72,29 @@ TEST_F(BoxFocusTest, APageBehindLeavesItAndWhatWasTyped) {
     EXPECT_EQ(box->lineEdit()->text(), u"half");
 }
 
+TEST_F(BoxFocusTest, AFrameThatLoadsOverAndOverTakesNothingFromWhoTypes) {
+    server.Page(QStringLiteral("/Frame"), "<p>part</p>");
+    Script(QStringLiteral("const f = document.createElement('iframe'); f.src = '/Frame'; document.body.append(f); 1"));
+    for (int times = 1; times <= 5; ++times) {
+        ASSERT_TRUE(WaitUntil([&] { return server.requests.count(QStringLiteral("/Frame")) == times; }));
+        ASSERT_TRUE(WaitUntil([&] {
+            return Script(QStringLiteral("String(f.contentDocument.readyState == 'complete' && f.contentWindow.length"
+                                         " === 0 && f.contentDocument.URL.endsWith('/Frame'))")) == u"true";
+        }));
+        Settle(desk.engine, Front().Page());
+        EXPECT_TRUE(BoxHasKeyboard());
+        QTest::keyClicks(box->lineEdit(), QStringLiteral("x"));
+        Script(QStringLiteral("f.contentWindow.location.reload(); 1"));
+    }
+    EXPECT_EQ(box->lineEdit()->text(), u"halfxxxxx");
+}
+
+TEST_F(BoxFocusTest, AnAddressThatOnlyChangesTakesNothingFromWhoTypes) {
+    Script(QStringLiteral("history.pushState({}, '', '/pushed'); location.hash = 'there'; 1"));
+    ASSERT_TRUE(WaitUntil([&] { return Front().LocationURL().ends_with(u"/pushed#there"); }));
+    Settle(desk.engine, Front().Page());
+    EXPECT_TRUE(BoxHasKeyboard());
+    EXPECT_EQ(box->lineEdit()->text(), u"half");
+}
+
 } // namespace
