@@ -258,6 +258,7 @@ void QtBrowserView::StartNavigation() {
         return;
     }
     m_fallback = target.fallback;
+    m_fallbackOf = QtAddress::Shown(target.url);
     const QByteArray history = std::exchange(m_pendingHistory, QByteArray());
     if (QtEngineVersions::GoesThereSilently(m_page->url(), target.url)) return GoSilently(target.url);
     m_awaited->Ask();

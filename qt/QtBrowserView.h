@@ -119,6 +119,7 @@ private:
     QByteArray m_pendingHistory;                  ///< where the page that is asked for has been
     QUrl m_requested;                             ///< the address of the last navigation from outside the page
     QUrl m_fallback;                              ///< where to go when that cannot connect
+    Text m_fallbackOf;                            ///< what cannot be connected to then
     QUrl m_shown;                                 ///< the address of the document shown, whatever is to come
     std::shared_ptr<const QByteArray> m_preview;  ///< the PDF that the view was opened for
     QRect m_place;

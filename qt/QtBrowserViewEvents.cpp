@@ -1,3 +1,4 @@
+#include "pages/PlainText.h"
 #include "qt/QtAwaited.h"
 #include "qt/QtBrowserView.h"
 #include "qt/QtEngine.h"
@@ -10,6 +11,16 @@
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
 
+namespace {
+
+/// Units of an address that anybody reads.
+constexpr std::size_t kHoveredUnits = 1000;
+
+// The engine tells a link decoded, for people; what they are to judge it by is the form that nothing can hide in.
+Text HoveredLink(const QString& link) { return PlainLine(QtAddress::Shown(QUrl(link)), kHoveredUnits); }
+
+} // namespace
+
 // Which signal of the engine becomes which event of the view.
 
 void QtBrowserView::ConnectLoading() {
@@ -17,6 +28,8 @@ void QtBrowserView::ConnectLoading() {
     connect(page, &QtPage::NavigationRequested, this, [this](const QUrl& url, bool top) {
         NoteVisit(url);
         if (top) m_newDocument = true;
+        // The second try is for the address that was typed, and for none that comes after it.
+        if (top && QtAddress::Shown(url) != m_fallbackOf) m_fallback.clear();
         m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame, QtAddress::Shown(url));
     });
     connect(page, &QWebEnginePage::loadStarted, this, &QtBrowserView::OnLoadStarted);
@@ -41,7 +54,7 @@ void QtBrowserView::ConnectPage() {
     connect(page, &QWebEnginePage::titleChanged, this,
             [this](const QString& title) { m_events.TitleChange(m_index, FromQt(title)); });
     connect(page, &QWebEnginePage::linkHovered, this,
-            [this](const QString& url) { m_events.StatusTextChange(m_index, FromQt(url)); });
+            [this](const QString& url) { m_events.StatusTextChange(m_index, HoveredLink(url)); });
     connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_events.SoundChange(m_index); });
     // Queued: opening a TessaGroup may close this very page.
     connect(
@@ -124,6 +137,7 @@ void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_fallback.clear();
     if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;
     if (info.errorDomain() != QWebEngineLoadingInfo::ConnectionErrorDomain) return;
+    if (QtAddress::Shown(info.url()) != m_fallbackOf) return;
     ResumeNext(Navigate(FromQt(std::exchange(m_fallback, QUrl()).toString(QUrl::FullyEncoded))));
 }
 

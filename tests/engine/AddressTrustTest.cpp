@@ -179,4 +179,35 @@ TEST_F(AddressTrustOnPages, TheUserInAnAddressIsNeitherShownNorKept) {
     Box().Value.Mirror = {};
 }
 
+TEST_F(AddressTrustOnPages, ALinkUnderThePointerIsToldInTheFormThatHidesNothing) {
+    server.Page(QStringLiteral("/page"),
+                "<title>Page</title><a id='here' style='position:fixed;left:0;top:0;width:200px;"
+                "height:100px' href='http://user:word@b\xC3\xBC"
+                "cher.example/%E2%80%AEgnp.exe'>link</a>");
+    Show(QStringLiteral("/page"), u"Page");
+    WaitForPicture();
+    QTest::mouseMove(Front().Widget()->focusProxy(), QPoint(300, 300));
+    QTest::mouseMove(Front().Widget()->focusProxy(), QPoint(50, 50));
+    EXPECT_TRUE(WaitUntil([&] {
+        return desk.main->sbStatus.SimpleText() == u"http://xn--bcher-kva.example/%E2%80%AEgnp.exe";
+    })) << ToUtf8(desk.main->sbStatus.SimpleText());
+}
+
+TEST_F(AddressTrustOnPages, TheSecondTryOverHttpIsForTheAddressThatWasTyped) {
+    Show(QStringLiteral("/page"), u"Page");
+    // A host without a scheme is tried with https first, and this one never answers that.
+    QTcpServer silent;
+    ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
+    ResumeNext(Front().Navigate(FromQt(QStringLiteral("127.0.0.1:%1/typed").arg(silent.serverPort()))));
+    ASSERT_TRUE(WaitUntil([&] { return silent.hasPendingConnections(); }));
+    ResumeNext(Front().Stop());
+    ASSERT_TRUE(WaitUntil([&] { return !Front().Busy(); }));
+    const QString gone = Unreachable(QStringLiteral("http"));
+    Front().Page()->runJavaScript(QStringLiteral("location = '%1'").arg(gone));
+    EXPECT_TRUE(WaitUntil([&] { return Box().Value() == FromQt(gone) && !Front().Busy(); }));
+    Settle(desk.engine, Front().Page());
+    EXPECT_EQ(Box().Value(), FromQt(gone));
+    EXPECT_EQ(ToQt(Front().LocationURL()), gone);
+}
+
 } // namespace
