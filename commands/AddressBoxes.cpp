@@ -2,6 +2,7 @@
 
 #include "commands/CabCombo.h"
 #include "commands/Endpoints.h"
+#include "common/Address.h"
 
 namespace {
 
@@ -31,7 +32,7 @@ void AddressBoxes::AddEntry(TextView text, ComboTool* box, Box& state) const {
     if (!state.EntryPending) return;
     // What is typed for a private tab is not kept.
     if (m_tabs.CurrentPrivacy() == Privacy::Ordinary)
-        CabCombo::AddFindEntry(text, box, kHistoryLimit);
+        CabCombo::AddFindEntry(Address::WithoutUser(text), box, kHistoryLimit);
     state.EntryPending = false;
 }
 

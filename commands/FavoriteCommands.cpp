@@ -1,5 +1,6 @@
 #include "commands/FavoriteCommands.h"
 
+#include "common/Address.h"
 #include "favorites/FavoriteRepair.h"
 #include "favorites/LinkTrust.h"
 #include "groups/TessaGroups.h"
@@ -53,7 +54,7 @@ FavoriteCommands::FavoriteCommands(CommandContext& context, Outside outside)
 
 bool FavoriteCommands::AddFavorite(TextView address, TextView title) {
     if (!Favorites::CanKeep(m_context.favoritesFolder)) return false;
-    frmAddFavorite form(m_context.favoritesFolder, address, title);
+    frmAddFavorite form(m_context.favoritesFolder, Address::WithoutUser(address), title);
     m_outside.showAdd(form);
     return true;
 }

@@ -1,5 +1,6 @@
 #include "groups/GroupCommands.h"
 
+#include "common/Address.h"
 #include "common/Captions.h"
 
 namespace {
@@ -56,7 +57,7 @@ void GroupCommands::Show(BrowserView* view, TextView address) {
 }
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
-    const bool added = TessaGroups::Append(SGFile, URL) == Outcome::Done;
+    const bool added = TessaGroups::Append(SGFile, Address::WithoutUser(URL)) == Outcome::Done;
     m_parts.tabs.ShowStatusText(added ? u"Added to the TessaGroup " + NameOf(SGFile) + u"."
                                       : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
 }

@@ -1,5 +1,6 @@
 #include "pages/Downloads.h"
 
+#include "common/Address.h"
 #include "common/AtomicFile.h"
 #include "pages/DownloadList.h"
 #include "pages/FileNames.h"
@@ -64,7 +65,7 @@ const Download& Downloads::Begin(const Request& request, std::shared_ptr<Downloa
     if (!download) {
         download = &m_all.emplace_front();
         download->Id = m_nextId++;
-        download->Address = request.Address;
+        download->Address = Address::WithoutUser(request.Address);
         download->Kept = request.Kept;
         download->Report.State = DownloadState::Cancelled; // it claims no name before it has one
     }
