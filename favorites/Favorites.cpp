@@ -6,6 +6,9 @@
 #include "common/IniFile.h"
 #include "common/RuntimeIds.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 constexpr std::string_view kSection = "InternetShortcut";
@@ -18,6 +21,16 @@ constexpr std::int32_t kFirstFolder = 100000;
 
 Text CutToCaption(TextView title) {
     return title.size() > kLongestCaption ? Text(FirstUnits(title, kLongestCaption)) + u"..." : Text(title);
+}
+
+/// How the names of commands begin.
+constexpr std::array kCommandNames{TextView(u"mn"), TextView(u"tb"), TextView(u"xtr")};
+
+// The name of a link's tool is its address, and the tool's click runs the command of that name. Whoever has written the
+// address must not choose a command by it; a blank before it changes nothing of where it leads.
+Text LinkName(TextView address) {
+    const bool named = std::ranges::any_of(kCommandNames, [&](TextView name) { return address.starts_with(name); });
+    return named ? u" " + Text(address) : Text(address);
 }
 
 } // namespace
@@ -64,7 +77,7 @@ void Menu::AddFolder(Band& band, const CKeyValue& folder, BeginGroup& first) {
 }
 
 void Menu::AddShortcut(Band& band, const CKeyValue& shortcut) {
-    Tool* tool = band.Add(RuntimeIds::Take(RuntimeIds::kFavorites, m_nextShortcut), shortcut.Value);
+    Tool* tool = band.Add(RuntimeIds::Take(RuntimeIds::kFavorites, m_nextShortcut), LinkName(shortcut.Value));
     tool->Caption = MenuCaption(CutToCaption(TitleOf(shortcut.Key)));
     tool->Description = shortcut.Value;
     tool->Image = LinkPicture;

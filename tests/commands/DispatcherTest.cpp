@@ -1,6 +1,9 @@
 #include "tests/Desk.h"
 
+#include "commands/CommandTable.h"
 #include "commands/Endpoints.h"
+#include "favorites/Favorites.h"
+#include "tests/fakes/TemporaryFolder.h"
 
 namespace {
 
@@ -214,6 +217,30 @@ TEST_F(DispatcherTest, AFavoriteThatIsCalledLikeACommandOfOursIsOnlyALink) {
     EXPECT_EQ(desk.views.Calls(1), "go xtrTabCloseOthers");
     ClickMade(desk, 1, u"xtrTabCloseOthers");
     EXPECT_EQ(desk.Strip(), "[1*]") << "the command itself";
+}
+
+TEST_F(DispatcherTest, NoFavoriteOfTheMenuRunsACommandWhateverItsAddressIs) {
+    const TemporaryFolder folder;
+    std::vector<std::string> names{"mnuResizeAddress", "mnuResAnything"};
+    for (const Command& command : CommandTable()) names.push_back(ToUtf8(command.tool));
+    for (std::size_t i = 0; i < names.size(); ++i)
+        folder.Write(std::to_string(i) + ".url", "[InternetShortcut]\r\nURL=" + names[i] + "\r\n");
+    Start(3);
+    Band& band = *desk.main.actBar.AddBand(u"bndMade", u"Made", BandKind::Popup);
+    Favorites::Menu menu(desk.main.actBar);
+    auto first = BeginGroup::Yes;
+    menu.ScanFolder(folder.PathText(""), band, first);
+    ASSERT_EQ(band.Entries().size(), names.size());
+    desk.log.Take();
+    for (const BandEntry& entry : band.Entries()) {
+        desk.views.Calls(1);
+        desk.main.actBar_Click(*entry.Item);
+        const std::string name = ToUtf8(entry.Item->Description);
+        EXPECT_EQ(desk.views.Calls(1), "go  " + name);
+        EXPECT_EQ(desk.Strip(), "[1*] 2 3") << name;
+        EXPECT_EQ(desk.log.Take(), "") << name;
+        EXPECT_EQ(desk.messages.asked.size(), 0U) << name;
+    }
 }
 
 TEST_F(DispatcherTest, AFavoriteThatIsCalledLikeACommandOfTheProductRunsIt_Deliberate) {
