@@ -4,6 +4,8 @@
 #include "common/Version.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -49,6 +51,12 @@ std::string ValueOf(const CommandLine::Arguments& arguments, const std::string& 
     return found == arguments.end() || found + 1 == arguments.end() ? "" : *(found + 1);
 }
 
+// Whether the text is a path from the folder in which the program was started; any other instance is in another.
+bool IsFileHere(const std::string& text) {
+    std::error_code unknown;
+    return !text.starts_with('/') && text.find(':') == std::string::npos && std::filesystem::exists(text, unknown);
+}
+
 } // namespace
 
 namespace CommandLine {
@@ -75,7 +83,8 @@ Text AsText(const Arguments& arguments) {
     for (const std::string& argument : arguments) all += (all.empty() ? "" : " ") + argument;
     const bool local = all.starts_with(std::string(kFileScheme) + "/");
     if (local && all.ends_with(kGroupExtension)) all = PercentDecoded(std::string_view(all).substr(kFileScheme.size()));
-    return all.ends_with(kGroupExtension) ? PathFromBytes(all) : FromBytes(all);
+    if (all.ends_with(kGroupExtension)) return PathFromBytes(all);
+    return IsFileHere(all) ? PathFromBytes(std::filesystem::absolute(all).string()) : FromBytes(all);
 }
 
 } // namespace CommandLine

@@ -6,7 +6,7 @@ void OnMessage(frmMain& main, const Text& text) {
     if (main.Platform.window.State() == WindowState::Minimized) main.Platform.window.SetState(WindowState::Normal);
     auto* view = main.GetNewBrowser(InFront::Yes);
     // Deliberate: the text is an address as it stands; a TessaGroup is opened only by the start of the program.
-    if (view) ResumeNext(view->Navigate(text));
+    if (view) main.OpenGiven(*view, text);
 }
 
 } // namespace

@@ -16,6 +16,8 @@ void HandOff(const Startup::Program& program, TextView commandLine) {
     program.application.SetTitle(Startup::kSecondInstance);
     // Giving the window its caption loads it, as in every instance; it is never shown, so no page comes into being.
     program.main.Platform.window.SetCaption(Startup::kSecondInstance);
+    // Nobody sees this window, so it has nobody to ask.
+    program.main.Groups.MayAsk = false;
     program.main.Form_Load(commandLine);
     ResumeNext(program.instances.SetForegroundWindow());
     if (commandLine.empty()) return;

@@ -1,9 +1,9 @@
 #include "commands/BookmarkCommands.h"
 
 #include "common/AtomicFile.h"
+#include "common/LinkTrust.h"
 #include "favorites/Bookmarks.h"
 #include "favorites/FavoriteFiles.h"
-#include "favorites/LinkTrust.h"
 #include "groups/TessaGroups.h"
 
 namespace {
@@ -41,7 +41,8 @@ std::size_t WriteGroups(const CommandContext& context, const BookmarkFolder& fol
     std::vector<TessaGroups::NumberedAddress> addresses;
     for (const Bookmark& each : folder.Links) {
         // The pages of a group open without a question.
-        if (TrustOf(each.Address) == LinkTrust::Open) addresses.push_back({addresses.size() + 1, each.Address});
+        if (TrustOf(each.Address, LinkSource::Folder) == LinkTrust::Open)
+            addresses.push_back({addresses.size() + 1, each.Address});
     }
     const TextView name = folder.Name.empty() ? kRootGroup : TextView(folder.Name);
     std::size_t written = 0;

@@ -1,8 +1,8 @@
 #include "commands/FavoriteCommands.h"
 
 #include "common/Address.h"
+#include "common/LinkTrust.h"
 #include "favorites/FavoriteRepair.h"
-#include "favorites/LinkTrust.h"
 #include "groups/TessaGroups.h"
 
 #include <algorithm>
@@ -24,7 +24,7 @@ WebPages PagesIn(TextView folder) {
     WebPages pages;
     for (const Favorites::Item& item : Favorites::Items(folder)) {
         if (item.IsFolder) continue;
-        const bool opens = !item.Address.empty() && TrustOf(item.Address) == LinkTrust::Open;
+        const bool opens = !item.Address.empty() && TrustOf(item.Address, LinkSource::Folder) == LinkTrust::Open;
         if (opens)
             pages.addresses.push_back(item.Address);
         else
@@ -75,9 +75,9 @@ void FavoriteCommands::OrganizeFavorites() {
 }
 
 bool FavoriteCommands::MayOpenLink(TextView address) {
-    const LinkTrust trust = TrustOf(address);
+    const LinkTrust trust = TrustOf(address, LinkSource::Favorite);
     if (trust == LinkTrust::Never)
-        m_context.tabs.ShowStatusText(u"This Favorite is a script, not a page. It was not opened.");
+        m_context.tabs.ShowStatusText(u"This Favorite is a script, or leads into the program. It was not opened.");
     if (trust != LinkTrust::Ask) return trust == LinkTrust::Open;
     return m_context.messages.AskYesNoCancel(u"This Favorite does not lead to the web but to\n\n" +
                                              Text(address.substr(0, kShownAddress)) + u"\n\nDo you want to open it?") ==

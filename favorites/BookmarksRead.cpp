@@ -1,5 +1,5 @@
+#include "common/LinkTrust.h"
 #include "favorites/Bookmarks.h"
-#include "favorites/LinkTrust.h"
 
 #include <cstring>
 #include <libxml/HTMLparser.h>
@@ -62,7 +62,7 @@ void Start(void* data, const xmlChar* name, const xmlChar** attributes) {
 void AddLink(Reading& reading) {
     std::erase_if(reading.address, [](char16_t unit) { return unit < 0x20; });
     const bool wanted = !reading.address.empty() && !reading.address.starts_with(u"place:") &&
-                        TrustOf(reading.address) != LinkTrust::Never;
+                        TrustOf(reading.address, LinkSource::Favorite) != LinkTrust::Never;
     if (wanted) reading.open.back()->Links.push_back({OneSpaced(reading.text), reading.address});
     reading.address.clear();
 }

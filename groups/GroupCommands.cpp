@@ -2,8 +2,17 @@
 
 #include "common/Address.h"
 #include "common/Captions.h"
+#include "common/LinkTrust.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace {
+
+/// More pages of a group that somebody else may have made open only when the user wants them.
+constexpr std::size_t kManyPages = 100;
+constexpr std::size_t kAskedAddress = 300;
 
 /// The group as a person knows it: the name of its file, without ".tvg".
 Text NameOf(TextView path) {
@@ -21,13 +30,49 @@ GroupCommands::GroupCommands(Parts parts) : m_parts(parts), m_progress(parts.sbS
 
 void GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
     std::vector<Text> addresses;
+    std::size_t foreign = 0;
     Text unread;
     for (const Text& group : groups) {
         if (!TessaGroups::IsReadable(group)) unread = group;
+        const std::size_t before = addresses.size();
         for (const auto& address : TessaGroups::Load(group)) addresses.push_back(address.Key);
+        if (!IsOwnGroup(group)) foreign += addresses.size() - before;
     }
+    if (foreign > kManyPages && !MayOpenMany(addresses.size())) return;
+    const auto left = LeaveUntrusted(addresses);
+    if (!left) return;
     Open(addresses);
+    if (*left > 0) m_parts.tabs.ShowStatusText(u"What is no page of the web was not opened.");
     if (!unread.empty()) m_parts.tabs.ShowStatusText(u"The TessaGroup " + NameOf(unread) + u" could not be read.");
+}
+
+bool GroupCommands::IsOwnGroup(TextView group) const {
+    std::error_code unknown;
+    const auto folder = std::filesystem::path(PathToBytes(group)).parent_path();
+    return std::filesystem::equivalent(folder, PathToBytes(m_parts.groupFolder), unknown);
+}
+
+bool GroupCommands::MayOpenMany(std::size_t count) const {
+    if (!MayAsk) return false;
+    const Text question = u"Open all " + Decimal(static_cast<std::int64_t>(count)) + u" pages?";
+    return m_parts.messages.AskNoFirst(question) == Answer::Yes;
+}
+
+// Anybody may have written a group and sent it: what is no page of the web opens when its user says so, or not at all.
+std::optional<std::size_t> GroupCommands::LeaveUntrusted(std::vector<Text>& addresses) const {
+    const std::size_t all = addresses.size();
+    std::erase_if(addresses, [](const Text& each) { return TrustOf(each, LinkSource::Group) == LinkTrust::Never; });
+    const auto isAsked = [](const Text& each) { return TrustOf(each, LinkSource::Group) == LinkTrust::Ask; };
+    const auto first = std::ranges::find_if(addresses, isAsked);
+    if (first == addresses.end()) return all - addresses.size();
+    const auto others = static_cast<std::int64_t>(std::ranges::count_if(addresses, isAsked)) - 1;
+    const Text more = others > 0 ? u"\n\nand " + Decimal(others) + u" more." : Text();
+    const Text question = u"This TessaGroup does not lead to the web alone, but also to\n\n" +
+                          OneLine(FirstUnits(*first, kAskedAddress)) + more + u"\n\nDo you want to open that too?";
+    const Answer answer = MayAsk ? m_parts.messages.AskNoFirst(question) : Answer::No;
+    if (answer == Answer::Cancel) return std::nullopt;
+    if (answer == Answer::No) std::erase_if(addresses, isAsked);
+    return all - addresses.size();
 }
 
 void GroupCommands::Open(const std::vector<Text>& addresses) {

@@ -4,6 +4,7 @@
 #include "groups/frmTessaGroup.h"
 #include "tabs/TabSet.h"
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -26,7 +27,8 @@ public:
     GroupCommands& operator=(const GroupCommands&) = delete;
 
     /// Opens every address of a group, one tab an address, the last one in front. With `TGCloseOthersFirst` only the
-    /// leftmost tab stays, and shows the first address. A file that cannot be read is a group without addresses.
+    /// leftmost tab stays, and shows the first address. A file that cannot be read is a group without addresses. Asks
+    /// before it opens many that are not the user's own, or what is no page of the web; some of that it never opens.
     void OpenTessaGroup(TextView TessaGroup) { OpenTessaGroups({Text(TessaGroup)}); }
     /// Opens several groups as if they were one.
     void OpenTessaGroups(const std::vector<Text>& groups);
@@ -51,10 +53,17 @@ public:
 
     /// Whether the other tabs are closed when a group is opened.
     bool TGCloseOthersFirst = false;
+    /// Whether there is somebody to ask. Without anybody, what needs an answer is not opened.
+    bool MayAsk = true;
     /// Shows the editor and returns when it is hidden. Filled in by the main window.
     std::function<void(frmTessaGroup&)> ShowEditor;
 
 private:
+    /// Whether the group lies in the user's own folder of groups.
+    [[nodiscard]] bool IsOwnGroup(TextView group) const;
+    [[nodiscard]] bool MayOpenMany(std::size_t count) const;
+    /// Takes out what is not to be opened, and tells how much that was; nothing when nothing at all is to be opened.
+    [[nodiscard]] std::optional<std::size_t> LeaveUntrusted(std::vector<Text>& addresses) const;
     void Open(const std::vector<Text>& addresses);
     void OpenEach(std::span<const Text> addresses);
     void Show(BrowserView* view, TextView address);

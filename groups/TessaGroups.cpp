@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view kSection = "TessaGroup";
 constexpr std::size_t kKeyListSize = 16384;
 /// Far more than a group can hold that is read whole.
-constexpr std::size_t kLargestGroup = std::size_t{64} << 20;
+constexpr std::size_t kLargestGroup = std::size_t{8} << 20;
 constexpr TextView kOverwriteQuestion =
     u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
 

@@ -22,7 +22,7 @@ using ::ReadIniValue;
 
 /// The addresses of a group file in the order of its keys, whatever the keys are; empty ones stay. Empty when the
 /// file or its section cannot be read. Keys beyond 16382 bytes of names are left out, and so is what stands behind the
-/// first 64 MiB of a file.
+/// first 8 MiB of a file.
 [[nodiscard]] CStrings Load(TextView path);
 /// Whether the file is there and can be read, whatever is in it.
 [[nodiscard]] bool IsReadable(TextView path);

@@ -1,5 +1,6 @@
 #include "mainwindow/MainLoad.h"
 
+#include "common/LinkTrust.h"
 #include "mainwindow/frmDefBrowser.h"
 #include "mainwindow/frmMain.h"
 #include "settings/InternetSettings.h"
@@ -118,9 +119,12 @@ void ApplySleep(frmMain& main) {
 }
 
 void ReopenLastSites(frmMain& main) {
-    const std::vector<Text> sites = SettingsStore(main.Platform.settings).LastSites.Get();
+    std::vector<Text> sites = SettingsStore(main.Platform.settings).LastSites.Get();
     // Deliberate: a session of one tab is not reopened.
     if (sites.size() < 2) return;
+    for (Text& site : sites) {
+        if (TrustOf(site, LinkSource::Session) != LinkTrust::Open) site.clear();
+    }
     auto* first = main.Browser.Find(1);
     if (first && !sites.front().empty()) {
         ResumeNext(first->Control->Stop());

@@ -1,5 +1,6 @@
 #include "mainwindow/SessionJournal.h"
 
+#include "common/LinkTrust.h"
 #include "common/Log.h"
 
 #include <algorithm>
@@ -101,6 +102,7 @@ void SessionJournal::OpenAndSettle(const std::vector<SessionPage>& pages, std::s
 void SessionJournal::Open(const std::vector<SessionPage>& pages, std::size_t front) {
     Text key;
     for (std::size_t i = 0; i < pages.size(); ++i) {
+        if (TrustOf(pages[i].Address, LinkSource::Session) != LinkTrust::Open) continue;
         auto* view = m_tabs.GetNewBrowser(InFront::Yes);
         if (!view) continue;
         ResumeNext(view->Navigate(pages[i].Address));

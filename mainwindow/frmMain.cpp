@@ -5,6 +5,7 @@
 #include "commands/PageMenu.h"
 #include "commands/TabMoreCommands.h"
 #include "common/Captions.h"
+#include "common/LinkTrust.h"
 #include "common/Log.h"
 #include "groups/TessaGroups.h"
 #include "mainwindow/MainCommands.h"
@@ -137,8 +138,13 @@ void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
         OpenTessaGroup(commandLine);
     } else {
         m_openedFromCommandLine = true;
-        ResumeNext(view.Navigate(commandLine));
+        OpenGiven(view, commandLine);
     }
+}
+
+void frmMain::OpenGiven(BrowserView& view, TextView text) {
+    if (TrustOf(text, LinkSource::HandOver) == LinkTrust::Open) return ResumeNext(view.Navigate(text));
+    Tabs.ShowStatusText(u"What TessaView was to open is no page. It was not opened.");
 }
 
 void frmMain::OpenStartLink(std::string_view link) {

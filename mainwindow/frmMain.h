@@ -113,6 +113,8 @@ public:
     void Form_Unload();
 
     BrowserView* GetNewBrowser(InFront inFront) { return Tabs.GetNewBrowser(inFront); }
+    /// Goes to what the program was started with, or what a later start hands over; not to what is no page.
+    void OpenGiven(BrowserView& view, TextView text);
     void OpenTessaGroup(TextView TessaGroup) { Groups.OpenTessaGroup(TessaGroup); }
     void AddToTessaGroup(TextView URL, TextView SGFile) { Groups.AddToTessaGroup(URL, SGFile); }
     void OrganizeTessaGroup(TextView sFileName) { Groups.OrganizeTessaGroup(sFileName); }

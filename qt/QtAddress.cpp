@@ -5,7 +5,6 @@
 #include "qt/QtText.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QHostAddress>
 #include <QRegularExpression>
 #include <optional>
@@ -59,9 +58,8 @@ QtAddress QtAddress::FromTyped(TextView typed) {
     if (text.isEmpty() || text.startsWith(u"javascript:", Qt::CaseInsensitive)) return {Blank(), {}};
     if (const auto words = WithWords(ToQt(typed))) return {*words, {}};
     if (QtMail::IsMail(text)) return {QtMail::AddressOf(text), {}};
-    if (QDir::isAbsolutePath(text) || QFileInfo::exists(text)) {
-        return {QUrl::fromLocalFile(QFileInfo(text).absoluteFilePath()), {}};
-    }
+    // From which folder another path was meant, nobody knows here.
+    if (text.startsWith(u'/')) return {QUrl::fromLocalFile(QDir::cleanPath(text)), {}};
     if (HasScheme(text)) {
         if (const QUrl url(text); url.isValid()) return {url, {}};
     } else if (LooksLikeHost(text)) {

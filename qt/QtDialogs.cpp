@@ -7,12 +7,14 @@
 #include <QMessageBox>
 #include <QRegularExpression>
 
-Answer QtMessageBoxes::AskYesNoCancel(TextView question) {
+namespace {
+
+Answer AskWith(TextView question, QMessageBox::StandardButton first) {
     QMessageBox box(QMessageBox::Question, QGuiApplication::applicationDisplayName(), ToQt(question),
                     QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QApplication::activeWindow());
     // What is asked may name a page, and a page's name is text.
     box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::Yes);
+    box.setDefaultButton(first);
     box.setEscapeButton(QMessageBox::Cancel);
     switch (box.exec()) {
     case QMessageBox::Yes:
@@ -23,6 +25,12 @@ Answer QtMessageBoxes::AskYesNoCancel(TextView question) {
         return Answer::Cancel;
     }
 }
+
+} // namespace
+
+Answer QtMessageBoxes::AskYesNoCancel(TextView question) { return AskWith(question, QMessageBox::Yes); }
+
+Answer QtMessageBoxes::AskNoFirst(TextView question) { return AskWith(question, QMessageBox::No); }
 
 void QtMessageBoxes::Inform(TextView message) {
     QMessageBox box(QMessageBox::Information, QGuiApplication::applicationDisplayName(), ToQt(message), QMessageBox::Ok,

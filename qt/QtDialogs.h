@@ -9,6 +9,7 @@
 class QtMessageBoxes final : public MessageBoxes {
 public:
     Answer AskYesNoCancel(TextView question) override;
+    Answer AskNoFirst(TextView question) override;
     void Inform(TextView message) override;
 };
 

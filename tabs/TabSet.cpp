@@ -62,8 +62,7 @@ BrowserView* TabSet::AddTab(ArrayView& view, std::int32_t index, InFront inFront
 }
 
 void TabSet::TellWhenIndexesRanOut(std::int32_t index) {
-    // Once: a group of a hundred addresses asks a hundred times.
-    if (index > ViewArray::kLastIndex && !std::exchange(m_toldNoMore, true)) ShowStatusText(kNoMoreTabs);
+    if (index > ViewArray::kLastIndex) ShowStatusText(kNoMoreTabs);
 }
 
 void TabSet::pcPage_Click() {

@@ -21,7 +21,7 @@ public:
     TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusBar& sbStatus, MessageBoxes& messages);
 
     /// Makes a tab right of the selected one, with a blank view for the caller to navigate. Without a view there is no
-    /// tab either, and nothing is returned; when that is because the indexes have run out, the user is told, once.
+    /// tab either, and nothing is returned; when that is because the indexes have run out, the user is told.
     BrowserView* GetNewBrowser(InFront inFront, Privacy privacy = Privacy::Ordinary);
     /// Of the selected tab's view, for what is opened from it.
     [[nodiscard]] Privacy CurrentPrivacy() const;
@@ -112,5 +112,4 @@ private:
     CommandBar& m_actBar;
     StatusBar& m_sbStatus;
     MessageBoxes& m_messages;
-    bool m_toldNoMore = false;
 };

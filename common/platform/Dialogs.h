@@ -11,6 +11,8 @@ public:
     /// A modal question with the buttons Yes, No and Cancel and the question icon, titled with the application's
     /// title. Closing the box answers Cancel.
     virtual Answer AskYesNoCancel(TextView question) = 0;
+    /// The same question with No first: Enter answers that.
+    virtual Answer AskNoFirst(TextView question) = 0;
     /// A modal message with the information icon and an OK button, titled with the application's title.
     virtual void Inform(TextView message) = 0;
 };

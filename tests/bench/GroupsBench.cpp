@@ -37,6 +37,7 @@ private:
 
 struct Silent final : MessageBoxes {
     Answer AskYesNoCancel(TextView) override { return Answer::Yes; }
+    Answer AskNoFirst(TextView) override { return Answer::Yes; }
     void Inform(TextView) override {}
 };
 

@@ -17,6 +17,7 @@ namespace {
 
 struct Silent final : MessageBoxes {
     Answer AskYesNoCancel(TextView) override { return Answer::Yes; }
+    Answer AskNoFirst(TextView) override { return Answer::Yes; }
     void Inform(TextView) override {}
 };
 

@@ -84,7 +84,7 @@ TEST_F(FavoriteCommandsTest, AScriptIsNotOpenedAndTheStatusBarSaysSo) {
     Add(u"a", u"javascript:alert(1)");
     ClickFavorite(1);
     EXPECT_EQ(m_desk.views.Calls(1), "");
-    EXPECT_EQ(m_desk.Status(), "This Favorite is a script, not a page. It was not opened.");
+    EXPECT_EQ(m_desk.Status(), "This Favorite is a script, or leads into the program. It was not opened.");
     EXPECT_TRUE(m_desk.messages.asked.empty());
 }
 

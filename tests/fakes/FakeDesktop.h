@@ -28,10 +28,15 @@ struct FakeLog {
 class FakeMessages final : public MessageBoxes {
 public:
     Answer AskYesNoCancel(TextView question) override;
+    Answer AskNoFirst(TextView question) override {
+        ++noFirst;
+        return AskYesNoCancel(question);
+    }
     void Inform(TextView message) override { told.emplace_back(message); }
     Answer answer = Answer::Cancel;
     std::deque<Answer> answers; ///< to the next questions in order; `answer` is for all behind them
     std::vector<Text> asked;
+    std::size_t noFirst = 0; ///< how many of them had No first
     std::vector<Text> told;
     std::function<void()> whileOpen; ///< what happens behind the box before it is answered
 };
