@@ -1,5 +1,7 @@
 #include "app/CommandLine.h"
+#include "tests/fakes/TemporaryFolder.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {
@@ -77,6 +79,22 @@ TEST(CommandLine, AGroupNamedByAFileAddressComesByItsPath) {
     EXPECT_EQ(CommandLine::AsText({"file:///pages/a%20b.html"}), u"file:///pages/a%20b.html");
     EXPECT_EQ(CommandLine::AsText({"file://host/news.tvg"}), u"file://host/news.tvg");
     EXPECT_EQ(CommandLine::AsText({"file:///"}), u"file:///");
+}
+
+TEST(CommandLine, AFileHereIsNamedFromTheRoot) {
+    const TemporaryFolder folder;
+    folder.Write("page.html", "");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path(""));
+    const Text here = CommandLine::AsText({"page.html"}), above = CommandLine::AsText({"./page.html"}),
+               missing = CommandLine::AsText({"other.html"}), web = CommandLine::AsText({"http://page.html"});
+    std::filesystem::current_path(before);
+    EXPECT_EQ(ToUtf8(here).substr(ToUtf8(here).size() - 10), "/page.html");
+    EXPECT_TRUE(here.starts_with(u'/'));
+    EXPECT_TRUE(above.starts_with(u'/'));
+    EXPECT_EQ(missing, u"other.html");
+    EXPECT_EQ(web, u"http://page.html");
+    EXPECT_EQ(CommandLine::AsText({"page.html"}), u"page.html") << "from another folder";
 }
 
 } // namespace

@@ -60,6 +60,11 @@ TEST(QtMessageBoxes, EscapeAndClosingAnswerCancelAndEnterAnswersYes) {
     EXPECT_EQ(QtMessageBoxes().AskYesNoCancel(u"Really?"), Answer::Yes);
 }
 
+TEST(QtMessageBoxes, EnterAnswersNoWhereThatIsFirst) {
+    OnModal<QMessageBox> user([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(QtMessageBoxes().AskNoFirst(u"Really?"), Answer::No);
+}
+
 TEST(QtMessageBoxes, TheQuestionIsTextUnderTheApplicationsTitle) {
     QGuiApplication::setApplicationDisplayName(QStringLiteral("TessaView"));
     QString title, text;
