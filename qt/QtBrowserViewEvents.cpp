@@ -159,7 +159,7 @@ void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
     supplied->m_requested = request.requestedUrl();
     supplied->MakePage();
     supplied->m_awaited->Expect();
-    request.openIn(supplied->m_page);
+    QtEngineVersions::OpenIn(request, *supplied->m_page);
 }
 
 void QtBrowserView::OnFullScreen(QWebEngineFullScreenRequest request) {

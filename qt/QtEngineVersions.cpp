@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QVersionNumber>
 #include <QWebEngineDownloadRequest>
+#include <QWebEngineNewWindowRequest>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
@@ -231,6 +232,18 @@ bool QtEngineVersions::GoesThereSilently(const QUrl& shown, const QUrl& target) 
     const bool newer =
         QVersionNumber::fromString(QLatin1String(qWebEngineChromiumVersion())).majorVersion() >= kChromium;
     return newer && target.hasFragment() && shown == target;
+}
+
+void QtEngineVersions::OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePage& page) {
+#ifndef TESSAVIEW_ENGINE_6_8
+    // The settings of a page take effect, and stay with it, only from when it has begun to load something.
+    page.load(QUrl(QStringLiteral("about:blank")));
+#endif
+    request.openIn(&page);
+#ifndef TESSAVIEW_ENGINE_6_8
+    // Nothing is changed by this, but the engine hands all settings to the page anew.
+    page.settings()->resetAttribute(QWebEngineSettings::JavascriptCanAccessClipboard);
+#endif
 }
 
 // Before 6.9 the engine dropped by itself what nobody accepted; since then it waits for an answer.

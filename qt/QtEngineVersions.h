@@ -12,6 +12,7 @@
 class QAbstractItemModel;
 class QObject;
 class QWebEngineDownloadRequest;
+class QWebEngineNewWindowRequest;
 class QWebEnginePage;
 class QWebEngineProfile;
 class QWebEngineSettings;
@@ -83,6 +84,10 @@ void FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::func
 /// Whether the engine goes to a place on the page that shows this very address, as in "page#place", without a word:
 /// those before 6.10 load the page anew.
 [[nodiscard]] bool GoesThereSilently(const QUrl& shown, const QUrl& target);
+
+/// Shows in the page what another page wants a window for. Engines before 6.8 do not know how such a page is to look
+/// until its first navigation ends, and would end the program when a script fills it before.
+void OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePage& page);
 
 /// Drops a download that nobody has accepted.
 void Refuse(QWebEngineDownloadRequest& request);

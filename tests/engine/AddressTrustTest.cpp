@@ -100,6 +100,25 @@ TEST_F(AddressTrustOnPages, AWindowThatAPageOpensIsNotCalledByATargetThatNeverCo
     EXPECT_EQ(Box().Sign().Image.Name, u"");
 }
 
+TEST_F(AddressTrustOnPages, AWindowIsDrawnThatIsFilledBeforeAnythingHasCome) {
+    for (const QString& address : {QString(), bank}) {
+        Show(QStringLiteral("/page"), u"Page");
+        Front().Page()->settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, true);
+        Script(QStringLiteral("document.body.onclick = () => window.open('%1').document.write("
+                              "'<title>Filled</title><body bgcolor=red>words'); 1")
+                   .arg(address));
+        WaitForPicture();
+        QTest::mouseClick(Front().Widget()->focusProxy(), Qt::LeftButton, {}, QPoint(60, 20));
+        ASSERT_TRUE(WaitUntil([&] { return Front().LocationName() == u"Filled"; })) << address.toStdString();
+        EXPECT_TRUE(WaitUntil([&] {
+            return Front().Widget()->grab().toImage().pixelColor(200, 200) == QColor(Qt::red);
+        })) << address.toStdString();
+        // By then the engine has looked at the colours of what it has drawn.
+        WaitForPicture();
+        EXPECT_EQ(Script(QStringLiteral("document.body.innerText")), u"words");
+    }
+}
+
 TEST_F(AddressTrustOnPages, AnErrorPageNeverHasASign) {
     Show(QStringLiteral("/page"), u"Page");
     std::vector<std::string> signs;
