@@ -7,8 +7,6 @@
 #include "qt/QtPage.h"
 #include "qt/QtPageOutput.h"
 #include "qt/QtPageSecurity.h"
-#include "qt/QtParkedSize.h"
-#include "qt/QtSceneWindows.h"
 #include "qt/QtStartPage.h"
 #include "qt/QtText.h"
 
@@ -214,20 +212,6 @@ void QtBrowserView::Move(const Rect& place) {
     LayWidget();
 }
 
-void QtBrowserView::LayWidget() {
-    if (!m_widget || m_engine.FullScreen().Has(m_widget)) return;
-    QRect page = m_engine.PageRect(m_place);
-    QtQuestionBar& bar = *m_questions->bar;
-    if (bar.Asks()) {
-        const int height = std::min(bar.HeightFor(page.width()), page.height() / 2);
-        bar.setGeometry(page.left(), page.top(), page.width(), height);
-        bar.raise();
-        page.setTop(page.top() + height);
-    }
-    m_widget->setGeometry(page);
-    m_questions->covers.Lay(page);
-}
-
 void QtBrowserView::MoveLeft(Twips) {
     m_wantsFocus = false;
     // The engine hides what is no longer in front, together with showing what is.
@@ -276,117 +260,6 @@ void QtBrowserView::GoSilently(const QUrl& url) {
     m_events.BeforeNavigate2(m_index, PageLevel::Top, address);
     m_engine.EndNavigation(m_index);
     m_events.NavigateComplete2(m_index, PageLevel::Top, address);
-}
-
-void QtBrowserView::Show() {
-    MakePage();
-    MakeWidget();
-    LayWidget();
-    m_widget->show();
-    m_widget->raise();
-    m_questions->covers.SetShown(true);
-    m_questions->bar->setVisible(m_questions->bar->Asks());
-    if (m_wantsFocus) SetFocus();
-}
-
-void QtBrowserView::Hide() {
-    if (!m_widget) return;
-    m_engine.FullScreen().Leave(m_widget);
-    m_widget->hide();
-    m_questions->bar->hide();
-    m_questions->covers.SetShown(false);
-}
-
-void QtBrowserView::MakePage() {
-    if (m_page) return;
-    m_page = m_engine.MakePage(m_privacy);
-    ApplyMute();
-    m_awaited = new QtAwaited(*m_page);
-    ConnectLoading();
-    ConnectPage();
-    MakeQuestions();
-    MakeLife();
-    MakeWidget();
-}
-
-void QtBrowserView::MakeQuestions() {
-    // What is decided for a private page ends with it.
-    auto* kept = m_privacy == Privacy::Private ? nullptr : m_engine.Permissions;
-    m_questions =
-        std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted(m_privacy),
-                                          m_engine.DialogScheme(m_privacy), m_engine.External(m_privacy), kept);
-    WireQuestions();
-    m_questions->crashes.Reload = [this] { ResumeNext(Refresh()); };
-    m_questions->covers.FocusPage = [this] { SetFocus(); };
-    m_questions->covers.Changed = [this] { ShowQuestion(); };
-}
-
-void QtBrowserView::MakeLife() {
-    m_life = std::make_unique<QtPageLife>(*m_page);
-    m_life->AddActivity = [this](PageActivity& activity) {
-        activity.Loading |= m_loading || m_pending.has_value();
-        activity.Asks = m_questions->bar->Asks() || !m_questions->covers.Empty();
-        activity.FullScreen = m_widget && m_widget->isVisible() && m_widget->window()->isFullScreen();
-    };
-    m_life->IconChanged = [this] {
-        if (m_engine.IconChanged) m_engine.IconChanged(m_index);
-    };
-}
-
-void QtBrowserView::WireQuestions() {
-    m_questions->questions.Changed = [this] { ShowQuestion(); };
-    m_questions->bar->FocusPage = [this] { SetFocus(); };
-    m_questions->permissions.OpenPopup = [this](const QUrl& address) { OpenPopup(address); };
-    m_questions->permissions.CapturesChanged = [this] { m_engine.ReportCaptures(); };
-    m_questions->tools.SaveAddress = m_engine.SaveAddress;
-    m_questions->tools.ShowInspector = m_engine.ShowInspector;
-}
-
-void QtBrowserView::ShowQuestion() {
-    QtQuestionBar& bar = *m_questions->bar;
-    // What is asked is to be seen.
-    if (bar.Asks() || !m_questions->covers.Empty()) m_engine.FullScreen().Leave(m_widget);
-    bar.ShowCurrent();
-    bar.setVisible(bar.Asks() && m_widget && m_widget->isVisible());
-    LayWidget();
-    m_events.AttentionChange(m_index, bar.Asks() || !m_questions->covers.Empty());
-}
-
-void QtBrowserView::MakeWidget() {
-    if (m_widget) return;
-    m_widget = new QWebEngineView(m_engine.PageArea());
-    m_widget->hide();
-    QtSceneWindows::Hide(*m_widget);
-    QtParkedSize::Follow(*m_widget);
-    m_widget->setPage(m_page);
-    m_widget->setGeometry(m_place.isEmpty() ? m_engine.PageArea()->rect() : m_place);
-    SetTabStop(m_tabStop);
-    m_widget->setContextMenuPolicy(Qt::CustomContextMenu);
-    // Queued: the engine is in the middle of telling what lies there.
-    connect(
-        m_widget, &QWidget::customContextMenuRequested, this,
-        [this] {
-            if (m_widget) m_events.ContextMenu(m_index, QtPageTools::ContextOf(*m_widget));
-        },
-        Qt::QueuedConnection);
-}
-
-void QtBrowserView::Release() {
-    m_pending.reset();
-    m_engine.FullScreen().Leave(m_widget);
-    m_life.reset();
-    m_questions.reset();
-    m_engine.ReportCaptures();
-    if (m_page) m_page->disconnect(this);
-    if (m_widget) {
-        m_widget->hide();
-        m_widget->deleteLater();
-    }
-    // Later, because the page may be in the middle of telling us that it closed itself.
-    if (m_page) m_engine.End(*m_page);
-    m_widget = nullptr;
-    m_page = nullptr;
-    m_loading = m_committed = m_failed = m_known = m_newDocument = false;
 }
 
 bool QtBrowserView::AwaitsFirst() const {
