@@ -1,6 +1,7 @@
 #include "commands/BookmarkCommands.h"
 
 #include "common/AtomicFile.h"
+#include "common/Captions.h"
 #include "common/LinkTrust.h"
 #include "favorites/Bookmarks.h"
 #include "favorites/FavoriteFiles.h"
@@ -11,9 +12,6 @@ namespace {
 constexpr TextView kFilter = u"Bookmarks File (*.html, *.htm)|*.html; *.htm|All Files (*.*)|*.*";
 constexpr TextView kExtension = u".html";
 constexpr TextView kRootGroup = u"Bookmarks";
-constexpr TextView kOverwriteQuestion =
-    u"A file with this name already exists. Do you want to overwrite the existing file?";
-
 void Tell(CommandContext& context, std::size_t count, TextView what, TextView verb) {
     const Text number = Decimal(static_cast<std::int64_t>(count));
     context.tabs.ShowStatusText(number + u" " + Text(what) + (count == 1 ? u" was " : u"s were ") + Text(verb) + u".");
@@ -56,7 +54,8 @@ bool Save(CommandContext& context, TextView title, const BookmarkFolder& bookmar
     Text path = context.files.ShowSave({.DialogTitle = Text(title), .InitDir = {}, .Filter = Text(kFilter)});
     if (path.empty()) return false;
     if (!path.ends_with(kExtension) && !path.ends_with(u".htm")) path += kExtension;
-    if (FileExists(PathToBytes(path)) && context.messages.AskYesNoCancel(kOverwriteQuestion) != Answer::Yes)
+    if (FileExists(PathToBytes(path)) &&
+        !context.messages.AskOwn({u"A file with this name already exists", OneLine(path), u"&Cancel", u"&Replace It"}))
         return false;
     if (WriteWholeFile(PathToBytes(path), Bookmarks::Write(bookmarks)) == Outcome::Done) return true;
     context.tabs.ShowStatusText(u"The file could not be written.");

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr TextView kPrivatePageQuestion =
-    u"The page is open in a private tab. Do you want to write its address into the TessaGroup?";
 constexpr TextView kRepairQuestion =
     u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
     u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
@@ -22,7 +20,9 @@ Page CurrentPage(const CommandContext& context) {
 
 void AddToGroup(CommandContext& context, std::int32_t index) {
     const bool isPrivate = context.tabs.PrivacyOf(index) == Privacy::Private;
-    if (isPrivate && context.messages.AskYesNoCancel(kPrivatePageQuestion) != Answer::Yes) return;
+    if (isPrivate && !context.messages.AskOwn({u"The page is open in a private tab",
+                                               u"The TessaGroup would keep its address.", u"&Cancel", u"&Add It"}))
+        return;
     const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});

@@ -79,17 +79,15 @@ bool FavoriteCommands::MayOpenLink(TextView address) {
     if (trust == LinkTrust::Never)
         m_context.tabs.ShowStatusText(u"This Favorite is a script, or leads into the program. It was not opened.");
     if (trust != LinkTrust::Ask) return trust == LinkTrust::Open;
-    return m_context.messages.AskYesNoCancel(u"This Favorite does not lead to the web but to\n\n" +
-                                             Text(address.substr(0, kShownAddress)) + u"\n\nDo you want to open it?") ==
-           Answer::Yes;
+    return m_context.messages.AskOwn({u"This Favorite does not lead to the web but to",
+                                      Text(address.substr(0, kShownAddress)), u"&Cancel", u"&Open It"});
 }
 
 void FavoriteCommands::OpenAll(TextView folder) {
     const auto [addresses, left] = PagesIn(folder);
     const auto count = static_cast<std::int64_t>(addresses.size());
     if (addresses.size() > kManyTabs &&
-        m_context.messages.AskYesNoCancel(u"This opens " + Decimal(count) + u" tabs. Do you want to open them all?") !=
-            Answer::Yes)
+        !m_context.messages.AskOwn({u"Open " + Decimal(count) + u" tabs?", {}, u"&Cancel", u"&Open Them All"}))
         return;
     m_context.groups.OpenInTabs(addresses);
     if (addresses.empty() && left == 0) m_context.tabs.ShowStatusText(kNoPages);

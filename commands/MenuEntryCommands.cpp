@@ -10,16 +10,19 @@
 
 namespace {
 
-constexpr TextView kNoTrashQuestion =
-    u"The TessaGroup cannot be moved to the trash. Do you want to delete it for good?";
-
 Text GroupNameOf(TextView path) {
     path.remove_prefix(path.rfind(u'/') + 1);
     return OneLine(path.substr(0, path.size() - std::min(path.size(), TessaGroups::kExtension.size())));
 }
 
-bool Agrees(CommandContext& context, TextView question) {
-    return context.messages.AskYesNoCancel(question) == Answer::Yes;
+bool MayTrash(CommandContext& context, TextView path) {
+    return context.messages.AskOwn(
+        {u"Move the TessaGroup \"" + GroupNameOf(path) + u"\" to the trash?", {}, u"&Keep It", u"&Move to Trash"});
+}
+
+bool MayDelete(CommandContext& context) {
+    return context.messages.AskOwn({u"The TessaGroup cannot be moved to the trash",
+                                    u"Deleted, it cannot be brought back.", u"&Keep It", u"&Delete for Good"});
 }
 
 } // namespace
@@ -58,9 +61,9 @@ void OrganizeGroup(CommandContext& context) { context.host.OrganizeTessaGroup(Te
 
 void DeleteGroup(CommandContext& context) {
     const Text path = context.menuEntry;
-    if (!Agrees(context, u"Do you want to move the TessaGroup \"" + GroupNameOf(path) + u"\" to the trash?")) return;
+    if (!MayTrash(context, path)) return;
     const bool there = context.host.MoveToTrash(path) == Outcome::Failed && FileExists(PathToBytes(path));
-    const bool stays = there && (!Agrees(context, kNoTrashQuestion) || TessaGroups::Delete(path) == Outcome::Failed);
+    const bool stays = there && (!MayDelete(context) || TessaGroups::Delete(path) == Outcome::Failed);
     context.groupsMenuStale = true;
     context.tabs.ShowStatusText(stays ? u"The TessaGroup was not deleted." : u"The TessaGroup has been deleted.");
 }

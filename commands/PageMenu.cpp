@@ -4,6 +4,7 @@
 #include "commands/PageMenuEntries.h"
 #include "commands/ToolNames.h"
 #include "common/AtomicFile.h"
+#include "common/Captions.h"
 #include "groups/TessaGroups.h"
 #include "pages/FileNames.h"
 #include "pages/LinkRules.h"
@@ -18,9 +19,7 @@ constexpr std::size_t kMostWords = 500;
 /// So many links open without a question.
 constexpr std::size_t kManyLinks = 15;
 constexpr std::size_t kMostLinks = 200;
-constexpr TextView kReplaceQuestion = u"A file with this name already exists. Do you want to replace it?";
-constexpr TextView kPrivateLinkQuestion =
-    u"The link is in a private tab. Do you want to write its address into the TessaGroup?";
+constexpr TextView kCancelButton = u"&Cancel";
 
 struct Action {
     TextView tool;
@@ -73,7 +72,9 @@ void SaveAddress(CommandContext& context, const Text& address) {
                                 .Filter = {},
                                 .FileName = FileNameOfAddress(address)});
     if (path.empty()) return;
-    if (FileExists(PathToBytes(path)) && context.messages.AskYesNoCancel(kReplaceQuestion) != Answer::Yes) return;
+    if (FileExists(PathToBytes(path)) && !context.messages.AskOwn({u"A file with this name already exists",
+                                                                   OneLine(path), Text(kCancelButton), u"&Replace It"}))
+        return;
     if (auto* tools = Tools(context, index)) ResumeNext(tools->Save(address, path));
 }
 
@@ -134,7 +135,10 @@ void CopyMediaAddress(CommandContext& context) { context.host.CopyText(context.m
 void AddLinkToTessaGroup(CommandContext& context) {
     const Text link = context.menuPage.LinkURL;
     const bool isPrivate = context.tabs.PrivacyOf(context.menuView) == Privacy::Private;
-    if (isPrivate && context.messages.AskYesNoCancel(kPrivateLinkQuestion) != Answer::Yes) return;
+    if (isPrivate &&
+        !context.messages.AskOwn({u"The link is in a private tab", u"The TessaGroup would keep its address.",
+                                  Text(kCancelButton), u"&Add It"}))
+        return;
     const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});
@@ -162,8 +166,10 @@ void OpenSelectedLinks(CommandContext& context) {
         const Text page = view->Control->LocationURL();
         std::erase_if(links, [&](const Text& link) { return !MayOpenFromPage(page, link); });
         if (links.size() > kMostLinks) links.resize(kMostLinks);
-        const Text question = u"Do you want to open " + Decimal(static_cast<std::int64_t>(links.size())) + u" tabs?";
-        if (links.size() > kManyLinks && context.messages.AskYesNoCancel(question) != Answer::Yes) return;
+        const Text count = Decimal(static_cast<std::int64_t>(links.size()));
+        if (links.size() > kManyLinks &&
+            !context.messages.AskOwn({u"Open " + count + u" tabs?", {}, Text(kCancelButton), u"&Open Them All"}))
+            return;
         const TabToOpen behind{InFront::No, context.tabs.PrivacyOf(index)};
         // Each new tab stands right of the selected one, so the last is opened first.
         for (auto link = links.rbegin(); link != links.rend(); ++link) OpenTab(context, index, *link, behind);

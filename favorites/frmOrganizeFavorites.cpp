@@ -7,11 +7,7 @@
 #include <algorithm>
 #include <filesystem>
 
-namespace {
-
-constexpr TextView kDeleteQuestion = u"There is no trash for this Favorite. Do you want to delete it for good?";
-
-} // namespace
+namespace {} // namespace
 
 frmOrganizeFavorites::frmOrganizeFavorites(Text root, Outside outside)
     : m_root(std::move(root)), m_outside(std::move(outside)) {
@@ -87,7 +83,8 @@ void frmOrganizeFavorites::MoveTo(Text path, const Text& folder) {
 
 bool frmOrganizeFavorites::MayDelete(TextView path) {
     if (m_outside.trash.Take(path) == Outcome::Done) return false;
-    return m_outside.messages.AskYesNoCancel(kDeleteQuestion) == Answer::Yes;
+    return m_outside.messages.AskOwn({u"This Favorite cannot be moved to the trash",
+                                      u"Deleted, it cannot be brought back.", u"&Keep It", u"&Delete for Good"});
 }
 
 void frmOrganizeFavorites::cmdDelete_Click() {

@@ -81,8 +81,10 @@ void GroupCommands::Open(const std::vector<Text>& addresses) {
     tabs.CloseOtherTabs();
     if (addresses.empty()) return;
     m_progress.Begin();
-    auto* current = tabs.CurrentView();
-    Show(current ? current->Control.get() : nullptr, addresses.front());
+    // A page that holds its user keeps its tab.
+    auto* current = tabs.Leaving.Asks(tabs.CurrentIndex()) ? nullptr : tabs.CurrentView();
+    if (!current) return OpenEach(addresses);
+    Show(current->Control.get(), addresses.front());
     OpenEach(std::span(addresses).subspan(1));
 }
 

@@ -17,6 +17,17 @@
 #include "pages/DownloadWords.h"
 #include "settings/frmSettings.h"
 
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+/// Of the pages that hold their user, as many as anybody reads, and as much of their names.
+constexpr std::size_t kMostHolders = 8;
+constexpr std::size_t kLongestHolder = 80;
+
+} // namespace
+
 frmMain::frmMain(MainWindowPlatform platform)
     : Platform(std::move(platform)),
       Events(Tabs, Browser),
@@ -194,8 +205,39 @@ void frmMain::Form_Resize() {
 }
 
 bool frmMain::Form_QueryUnload() {
-    const std::size_t running = m_stage == Stage::Loaded ? Downloads.CountActive() : 0;
-    return running == 0 || Platform.messages.AskYesNoCancel(DownloadWords::ExitQuestion(running)) == Answer::Yes;
+    if (m_stage != Stage::Loaded) return true;
+    if (!m_left && !PagesLetGo()) return false;
+    // When the window stays after all, its pages are asked anew the next time.
+    m_left = false;
+    const std::size_t running = Downloads.CountActive();
+    return running == 0 || Platform.messages.AskOwn(DownloadWords::ExitQuestion(running));
+}
+
+bool frmMain::PagesLetGo() {
+    // The answer may come when this has long returned.
+    const auto atOnce = std::make_shared<bool>(true);
+    Tabs.Leaving.FindHolders([this, atOnce](const std::vector<std::int32_t>& holders) {
+        m_left = holders.empty() || UserLeaves(holders);
+        if (m_left && !*atOnce) Platform.window.Close();
+    });
+    *atOnce = false;
+    return m_left;
+}
+
+bool frmMain::UserLeaves(const std::vector<std::int32_t>& holders) {
+    const auto count = static_cast<std::int64_t>(holders.size());
+    OwnQuestion question{count == 1 ? Text(u"A page holds unsent text") : Decimal(count) + u" pages hold unsent text",
+                         {},
+                         u"&Stay",
+                         u"&Leave"};
+    for (std::size_t i = 0; i < std::min(holders.size(), kMostHolders); ++i) {
+        const auto* tab = pcPage.Find(u"Tab" + Decimal(holders[i]));
+        if (tab) question.Details += OneLine(FirstUnits(tab->Caption(), kLongestHolder)) + u"\n";
+    }
+    if (holders.size() > kMostHolders) question.Details += u"...";
+    if (Platform.messages.AskOwn(question)) return true;
+    if (auto* tab = pcPage.Find(u"Tab" + Decimal(holders.front()))) pcPage.Select(tab);
+    return false;
 }
 
 void frmMain::Form_Unload() {

@@ -107,7 +107,8 @@ public:
     void Form_Activate();
     /// Lays out the tab strip and the selected view.
     void Form_Resize();
-    /// Whether the window may close; asks the user while downloads run.
+    /// Whether the window may close; asks the user when pages hold unsent text, and while downloads run. Pages answer
+    /// in a while: the window then stays, and closes itself.
     [[nodiscard]] bool Form_QueryUnload();
     /// Saves what the next start needs and ends the views. Runs once.
     void Form_Unload();
@@ -174,9 +175,12 @@ private:
     void OfferSession();
     void ShowSessions();
     void OpenCommandLine(BrowserView& view, TextView commandLine);
+    [[nodiscard]] bool PagesLetGo();
+    [[nodiscard]] bool UserLeaves(const std::vector<std::int32_t>& holders);
 
     Dispatcher m_dispatcher;
     Stage m_stage = Stage::New;
+    bool m_left = false; ///< all pages have let their user go, or he has left them
     bool m_activated = false;
     bool m_openedFromCommandLine = false;
 };

@@ -88,10 +88,12 @@ Text Standing(const Download& download, std::int64_t now) {
     return {};
 }
 
-Text ExitQuestion(std::size_t running) {
-    return running == 1 ? Text(u"A download is still running. Do you want to stop it and exit?")
-                        : Decimal(static_cast<std::int64_t>(running)) +
-                              u" downloads are still running. Do you want to stop them and exit?";
+OwnQuestion ExitQuestion(std::size_t running) {
+    const Text many = Decimal(static_cast<std::int64_t>(running)) + u" downloads are still running";
+    return {running == 1 ? Text(u"A download is still running") : many,
+            running == 1 ? u"What it has saved so far is lost when the program ends."
+                         : u"What they have saved so far is lost when the program ends.",
+            u"&Go On Downloading", u"Stop and E&xit"};
 }
 
 } // namespace DownloadWords

@@ -1,4 +1,5 @@
 #pragma once
+#include "common/platform/Dialogs.h"
 #include "pages/Downloads.h"
 
 /// What is told about downloads.
@@ -13,6 +14,6 @@ namespace DownloadWords {
 /// How a download stands at that time, by the clock of its rate.
 [[nodiscard]] Text Standing(const Download& download, std::int64_t now);
 /// The question before the program ends while so many downloads run.
-[[nodiscard]] Text ExitQuestion(std::size_t running);
+[[nodiscard]] OwnQuestion ExitQuestion(std::size_t running);
 
 } // namespace DownloadWords

@@ -4,6 +4,7 @@
 #include "qt/QtAwaited.h"
 #include "qt/QtEngine.h"
 #include "qt/QtEngineVersions.h"
+#include "qt/QtLeaving.h"
 #include "qt/QtPage.h"
 #include "qt/QtPageOutput.h"
 #include "qt/QtPageSecurity.h"
@@ -172,6 +173,23 @@ std::string QtBrowserView::History() const {
     stream.setVersion(kHistoryVersion);
     stream << *m_page->history();
     return bytes.toStdString();
+}
+
+bool QtBrowserView::MayHold() const { return m_leaving && !CrashPage() && m_leaving->MayHold(); }
+
+void QtBrowserView::AskToLeave(LeaveReason why, std::function<void(bool holds)> told) {
+    if (!m_leaving) return told(false);
+    m_leaving->Ask(why, std::move(told));
+}
+
+void QtBrowserView::AskUserToLeave(std::function<void(bool leaves)> answered) {
+    if (!m_questions) return answered(true);
+    // Queued: who leaves closes the very page that the question lies over.
+    m_questions->dialogs.AskToLeave([this, answered = std::move(answered)](bool leaves) {
+        if (leaves && m_leaving) m_leaving->Leave();
+        QMetaObject::invokeMethod(
+            this, [answered, leaves] { answered(leaves); }, Qt::QueuedConnection);
+    });
 }
 
 Outcome QtBrowserView::Restore(const std::string& history, TextView address) {

@@ -14,6 +14,7 @@
 
 class QtAwaited;
 class QtEngine;
+class QtLeaving;
 class QWebEngineFullScreenRequest;
 class QWebEngineLoadingInfo;
 class QWebEngineNewWindowRequest;
@@ -42,6 +43,9 @@ public:
     [[nodiscard]] PageSecurity Security() const override;
     [[nodiscard]] bool Busy() const override { return m_loading; }
     [[nodiscard]] Text LocationURL() const override;
+    [[nodiscard]] bool MayHold() const override;
+    void AskToLeave(LeaveReason why, std::function<void(bool holds)> told) override;
+    void AskUserToLeave(std::function<void(bool leaves)> answered) override;
     [[nodiscard]] std::string History() const override;
     Outcome Restore(const std::string& history, TextView address) override;
     [[nodiscard]] bool Audible() const override { return m_page && m_page->recentlyAudible(); }
@@ -113,6 +117,7 @@ private:
     QPointer<QtPage> m_page;
     QPointer<QWebEngineView> m_widget;
     QPointer<QtAwaited> m_awaited;                ///< the page's
+    QPointer<QtLeaving> m_leaving;                ///< likewise
     std::unique_ptr<QtPageQuestions> m_questions; ///< as long as there is a page
     std::unique_ptr<QtPageLife> m_life;           ///< likewise
     std::optional<QtAddress> m_pending;           ///< asked for, not started

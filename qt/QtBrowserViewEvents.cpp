@@ -4,6 +4,7 @@
 #include "qt/QtEngine.h"
 #include "qt/QtEngineVersions.h"
 #include "qt/QtFrameEnds.h"
+#include "qt/QtLeaving.h"
 #include "qt/QtText.h"
 
 #include <QWebEngineFullScreenRequest>
@@ -69,7 +70,10 @@ void QtBrowserView::ConnectPage() {
     connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtBrowserView::OnRendererGone);
     // Queued: closing may ask the user, and the page waits for its own answer meanwhile.
     connect(
-        page, &QWebEnginePage::windowCloseRequested, this, [this] { m_events.WindowClosing(m_index); },
+        page, &QWebEnginePage::windowCloseRequested, this,
+        [this] {
+            if (m_leaving && !m_leaving->TakeClose()) m_events.WindowClosing(m_index);
+        },
         Qt::QueuedConnection);
 }
 

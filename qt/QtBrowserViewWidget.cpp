@@ -1,6 +1,7 @@
 #include "qt/QtAwaited.h"
 #include "qt/QtBrowserView.h"
 #include "qt/QtEngine.h"
+#include "qt/QtLeaving.h"
 #include "qt/QtPage.h"
 #include "qt/QtPageTools.h"
 #include "qt/QtParkedSize.h"
@@ -49,6 +50,7 @@ void QtBrowserView::MakePage() {
     m_page = m_engine.MakePage(m_privacy);
     ApplyMute();
     m_awaited = new QtAwaited(*m_page);
+    m_leaving = new QtLeaving(*m_page);
     ConnectLoading();
     ConnectPage();
     MakeQuestions();

@@ -65,12 +65,13 @@ QPushButton* QtDialogCover::AddButton(const QString& caption, const char* name, 
 void QtDialogCover::AddButtons(const QString& accept, const QString& cancel, DefaultAnswer byDefault) {
     m_buttons = new QHBoxLayout;
     m_buttons->addStretch(1);
-    m_default = AddButton(accept, "cmdOK", Accepted);
     m_canCancel = !cancel.isEmpty();
-    if (m_canCancel) {
-        auto* button = AddButton(cancel, "cmdCancel", Cancelled);
-        if (byDefault == DefaultAnswer::Cancel) m_default = button;
-    }
+    // The answer that Enter gives stands first.
+    const bool cancelFirst = m_canCancel && byDefault == DefaultAnswer::Cancel;
+    if (cancelFirst) m_default = AddButton(cancel, "cmdCancel", Cancelled);
+    auto* accepts = AddButton(accept, "cmdOK", Accepted);
+    if (!cancelFirst) m_default = accepts;
+    if (m_canCancel && !cancelFirst) AddButton(cancel, "cmdCancel", Cancelled);
     m_default->setDefault(true);
     m_column->addLayout(m_buttons);
     if (!focusProxy()) setFocusProxy(m_default);

@@ -32,6 +32,19 @@ Answer QtMessageBoxes::AskYesNoCancel(TextView question) { return AskWith(questi
 
 Answer QtMessageBoxes::AskNoFirst(TextView question) { return AskWith(question, QMessageBox::No); }
 
+bool QtMessageBoxes::AskOwn(const OwnQuestion& question) {
+    QMessageBox box(QMessageBox::Question, QGuiApplication::applicationDisplayName(), ToQt(question.Heading),
+                    QMessageBox::NoButton, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(ToQt(question.Details));
+    auto* keeps = box.addButton(ToQt(question.Keeps), QMessageBox::AcceptRole);
+    auto* goesOn = box.addButton(ToQt(question.GoesOn), QMessageBox::DestructiveRole);
+    box.setDefaultButton(keeps);
+    box.setEscapeButton(keeps);
+    box.exec();
+    return box.clickedButton() == goesOn;
+}
+
 void QtMessageBoxes::Inform(TextView message) {
     QMessageBox box(QMessageBox::Information, QGuiApplication::applicationDisplayName(), ToQt(message), QMessageBox::Ok,
                     QApplication::activeWindow());

@@ -10,6 +10,7 @@ class QtMessageBoxes final : public MessageBoxes {
 public:
     Answer AskYesNoCancel(TextView question) override;
     Answer AskNoFirst(TextView question) override;
+    bool AskOwn(const OwnQuestion& question) override;
     void Inform(TextView message) override;
 };
 

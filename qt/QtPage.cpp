@@ -36,7 +36,7 @@ QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profi
 // The engine does not ask about the clipboard, it goes by a switch: so a page may write to it when its user has just
 // done something in it, and never reads it.
 void QtPage::NotePerson() {
-    m_personActed = true;
+    m_personActed = m_personWasHere = true;
     m_personTime.setRemainingTime(kPersonTime);
     m_actedFrame.clear(); // a frame reports itself
     if (!m_mayCopy.isActive()) settings()->setAttribute(QWebEngineSettings::JavascriptCanAccessClipboard, true);
@@ -103,6 +103,7 @@ void QtPage::javaScriptAlert(const QUrl& origin, const QString& message) {
 
 bool QtPage::javaScriptConfirm(const QUrl& origin, const QString& message) {
     const bool leave = message == LeaveQuestion();
+    if (const auto leaves = leave && OnHold ? OnHold() : std::nullopt) return *leaves;
     const auto kind = leave ? PageDialogKind::Leave : PageDialogKind::Confirm;
     return Ask({kind, HostAndPort(origin), message, {}, origin}).accepted;
 }
@@ -209,6 +210,7 @@ void QtPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QStri
     if (report.startsWith(u"input ")) return OnInputReport(report);
     if (report.startsWith(u"acted ")) m_actedFrame = report.section(u' ', 1);
     if (report.startsWith(u"page ")) {
+        m_personWasHere = false;
         OnDocument(address);
         Q_EMIT DocumentBegan(address.scheme() == u"chrome-error");
     }

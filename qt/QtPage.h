@@ -10,6 +10,7 @@
 #include <QUrl>
 #include <QWebEnginePage>
 #include <functional>
+#include <optional>
 #include <utility>
 
 /// Who in a page wants something.
@@ -53,6 +54,10 @@ public:
     std::function<void(const PageDialogRequest&, std::function<void(const PageDialogAnswer&)> answer)> ShowDialog;
     /// A person has clicked or typed into the page.
     void NotePerson();
+    /// Whether a person has, since the document came. Only then may a page hold its user.
+    [[nodiscard]] bool PersonWasHere() const { return m_personWasHere; }
+    /// Asked when a document wants to hold its user: whether he leaves. Nothing when he is to be asked.
+    std::function<std::optional<bool>()> OnHold;
     /// Whether a person has, since this was asked last: what a page does beyond that it does by itself.
     [[nodiscard]] bool TakePerson() { return std::exchange(m_personActed, false) && !m_personTime.hasExpired(); }
     /// Prints the page; the PDF is empty when that fails.
@@ -104,6 +109,7 @@ private:
     QSet<QString> m_input; ///< the documents that hold some
     int m_printing = 0;    ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
     bool m_personActed = false;
+    bool m_personWasHere = false;
     QDeadlineTimer m_personTime; ///< what comes later is not what that person wanted
     QString m_actedFrame;        ///< the origin of the frame in which a person acted last; empty for the page itself
     bool m_loading = false;

@@ -48,7 +48,8 @@ QtPageDialog::QtPageDialog(const PageDialogRequest& request, bool offersSilence)
         AddButtons(QStringLiteral("OK"), {});
     else
         AddButtons(leave ? QStringLiteral("&Leave") : QStringLiteral("OK"),
-                   leave ? QStringLiteral("&Stay") : QStringLiteral("Cancel"));
+                   leave ? QStringLiteral("&Stay") : QStringLiteral("Cancel"),
+                   leave ? DefaultAnswer::Cancel : DefaultAnswer::Accept);
 }
 
 void QtPageDialog::AddMessage(const QString& message) {

@@ -52,6 +52,13 @@ QtPageDialogs::~QtPageDialogs() {
     m_page.ShowDialog = {};
 }
 
+void QtPageDialogs::AskToLeave(std::function<void(bool leaves)> answered) {
+    Ask({{PageDialogKind::Leave, QtPage::HostAndPort(m_page.ShownAddress()), {}, {}, {}},
+         [answered = std::move(answered)](const PageDialogAnswer& answer) { answered(answer.accepted); },
+         nullptr,
+         true});
+}
+
 void QtPageDialogs::OnJob(QWebEngineUrlRequestJob& job) {
     // A frame from elsewhere would speak over the page and in its name; what is in a sandbox may not speak at all.
     if (!m_page.IsOwnOrigin(job.initiator())) return QtDialogScheme::Reply(job, {});

@@ -21,6 +21,9 @@ public:
     QtPageDialogs(QtPage& page, QtCovers& covers, QtDialogScheme& scheme);
     ~QtPageDialogs() override;
 
+    /// Asks the user over the page whether he leaves it. Not answered any more once the page has gone.
+    void AskToLeave(std::function<void(bool leaves)> answered);
+
 private:
     using Answer = std::function<void(const PageDialogAnswer&)>;
     struct Asked {

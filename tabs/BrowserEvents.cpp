@@ -99,7 +99,7 @@ void BrowserEvents::ContextMenu(std::int16_t Index, const PageContext& Context) 
 
 void BrowserEvents::WindowClosing(std::int16_t Index) {
     // The user may have closed the tab while its page was closing itself; nothing is left to close, or to ask.
-    if (m_tabs.IsOpen(Index)) m_tabs.CloseBrowserTab(Index);
+    if (m_tabs.IsOpen(Index)) m_tabs.CloseUnasked(Index);
 }
 
 void BrowserEvents::SoundChange(std::int16_t Index) { m_tabs.UpdateSound(Index); }

@@ -21,7 +21,12 @@ Text KeyOf(std::int32_t index) { return u"Tab" + Decimal(index); }
 } // namespace
 
 TabSet::TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusBar& sbStatus, MessageBoxes& messages)
-    : m_pcPage(pcPage), m_browser(Browser), m_actBar(actBar), m_sbStatus(sbStatus), m_messages(messages) {
+    : Leaving(pcPage, Browser),
+      m_pcPage(pcPage),
+      m_browser(Browser),
+      m_actBar(actBar),
+      m_sbStatus(sbStatus),
+      m_messages(messages) {
     m_pcPage.Click = [this] { pcPage_Click(); };
 }
 
@@ -190,6 +195,10 @@ void TabSet::UpdateSound(std::int32_t Index) {
 }
 
 void TabSet::CloseBrowserTab(std::int32_t Index) {
+    Leaving.WhenLeft(Index, [this, Index] { CloseUnasked(Index); });
+}
+
+void TabSet::CloseUnasked(std::int32_t Index) {
     // Deliberate: the page is stopped before the question, and stays stopped when the answer is no.
     if (auto* view = m_browser.Find(Index)) ResumeNext(view->Control->Stop());
     if (m_pcPage.Count() != 1) {
@@ -201,6 +210,7 @@ void TabSet::CloseBrowserTab(std::int32_t Index) {
 
 void TabSet::CloseOneOfSeveral(std::int32_t Index) {
     if (Closing) Closing(Index);
+    Leaving.Forget(Index);
     if (Index != 1) {
         m_browser.Unload(Index);
     } else if (auto* view = m_browser.Find(1)) {
@@ -224,7 +234,11 @@ void TabSet::CloseOtherTabs() {
     for (std::size_t position = m_pcPage.Count(); position >= 2; --position) {
         if (const auto* tab = m_pcPage.FindAt(position)) CloseBrowserTab(tab->Tag);
     }
-    if (auto* view = CurrentView()) ResumeNext(view->Control->Navigate(kBlankPage));
+    const auto* left = m_pcPage.FindAt(1);
+    if (!left) return;
+    Leaving.WhenLeft(left->Tag, [this, Index = left->Tag] {
+        if (auto* view = OpenView(Index)) ResumeNext(view->Control->Navigate(kBlankPage));
+    });
 }
 
 void TabSet::SelectNextTab() {

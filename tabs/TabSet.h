@@ -3,6 +3,7 @@
 #include "common/StatusBar.h"
 #include "common/TabStrip.h"
 #include "common/platform/Dialogs.h"
+#include "tabs/PageLeaving.h"
 #include "tabs/ViewArray.h"
 
 #include <functional>
@@ -44,8 +45,11 @@ public:
     [[nodiscard]] Text Describe(const Tab& tab) const;
     /// Shows on the tab what is to be heard of the view's page.
     void UpdateSound(std::int32_t Index);
-    /// Closes the tab of view `Index`; asks first when it is the only one, because that ends the program.
+    /// Closes the tab of view `Index`, once its page lets its user go; asks first when it is the only one, because that
+    /// ends the program.
     void CloseBrowserTab(std::int32_t Index);
+    /// The same without asking the page.
+    void CloseUnasked(std::int32_t Index);
     /// Closes the selected tab, by the same rules.
     void CloseSelectedTab();
     /// Leaves the leftmost tab and blanks it.
@@ -89,6 +93,7 @@ public:
     /// Whether a tab shows the view of that index.
     [[nodiscard]] bool IsOpen(std::int32_t Index) const;
 
+    PageLeaving Leaving;
     std::int32_t NextBrowserIndex = 1;
     /// The most characters of a title that a tab shows; below 1 there is no limit.
     std::int32_t TitleLengthLimit = 0;

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -47,6 +48,12 @@ enum class PageSecurity {
     NotSecure, ///< anybody on the way could have written it
 };
 
+/// Why a page is asked whether it may go.
+enum class LeaveReason {
+    ToClose, ///< it is to be closed; it may take its leave, as pages do
+    ToKnow   ///< it may well stay, and is to notice nothing
+};
+
 /// One page view of the engine. Making one costs nothing: the engine's page comes into being at the next turn of the
 /// event loop, and of several navigations asked for within one turn only the last takes place.
 /// Owned by the view array. Calls may raise events before they return.
@@ -81,6 +88,15 @@ public:
     [[nodiscard]] virtual PageLife* Life() = 0;
     /// Of the page shown.
     [[nodiscard]] virtual PageSecurity Security() const = 0;
+
+    /// Whether the page may want to hold its user: somebody has done something in it since it came.
+    [[nodiscard]] virtual bool MayHold() const = 0;
+    /// Asks the page, which shows nothing: `told` hears once whether it wants to hold its user, at once or soon, and
+    /// not any more when the view goes.
+    virtual void AskToLeave(LeaveReason why, std::function<void(bool holds)> told) = 0;
+    /// Asks the user over the page, which is in front. Once he leaves, the page holds him no more. `answered` hears it
+    /// once, unless the view goes.
+    virtual void AskUserToLeave(std::function<void(bool leaves)> answered) = 0;
 
     /// Where the page has been, as bytes that only `Restore` of a view understands; empty when there is nothing.
     [[nodiscard]] virtual std::string History() const = 0;

@@ -3,6 +3,14 @@
 
 enum class Answer { Yes, No, Cancel };
 
+/// A question with answers of its own.
+struct OwnQuestion {
+    Text Heading;
+    Text Details; ///< lines below it; may be empty
+    Text Keeps;   ///< the button that changes nothing, which is the first and answers Enter and Escape
+    Text GoesOn;  ///< the other one
+};
+
 /// Questions and messages to the user. Owned by the program's entry. A dialog runs its own event loop: what was looked
 /// up before may be gone when it returns.
 class MessageBoxes {
@@ -13,6 +21,8 @@ public:
     virtual Answer AskYesNoCancel(TextView question) = 0;
     /// The same question with No first: Enter answers that.
     virtual Answer AskNoFirst(TextView question) = 0;
+    /// A modal question, titled with the application's title: whether the user goes on. Closing the box does not.
+    virtual bool AskOwn(const OwnQuestion& question) = 0;
     /// A modal message with the information icon and an OK button, titled with the application's title.
     virtual void Inform(TextView message) = 0;
 };

@@ -38,6 +38,7 @@ private:
 struct Silent final : MessageBoxes {
     Answer AskYesNoCancel(TextView) override { return Answer::Yes; }
     Answer AskNoFirst(TextView) override { return Answer::Yes; }
+    bool AskOwn(const OwnQuestion&) override { return true; }
     void Inform(TextView) override {}
 };
 

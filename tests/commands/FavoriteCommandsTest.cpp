@@ -93,8 +93,7 @@ TEST_F(FavoriteCommandsTest, AFileIsOpenedOnlyAfterAQuestion) {
     m_desk.messages.answer = Answer::No;
     ClickFavorite(1);
     EXPECT_EQ(m_desk.views.Calls(1), "");
-    EXPECT_EQ(m_desk.messages.asked.back(), u"This Favorite does not lead to the web but to\n\nfile:///etc/passwd\n\n"
-                                            u"Do you want to open it?");
+    EXPECT_EQ(m_desk.messages.asked.back(), u"This Favorite does not lead to the web but to\nfile:///etc/passwd");
     m_desk.messages.answer = Answer::Yes;
     ClickFavorite(1);
     EXPECT_EQ(m_desk.views.Calls(1), "go file:///etc/passwd");
@@ -125,7 +124,7 @@ TEST_F(FavoriteCommandsTest, VeryManyTabsAreAskedAbout) {
     m_desk.messages.answer = Answer::No;
     m_desk.main.Favorite.OpenAll(m_root);
     EXPECT_EQ(m_desk.Strip(), "[1*]");
-    EXPECT_EQ(m_desk.messages.asked.back(), u"This opens 31 tabs. Do you want to open them all?");
+    EXPECT_EQ(m_desk.messages.asked.back(), u"Open 31 tabs?");
     m_desk.messages.answer = Answer::Yes;
     m_desk.main.Favorite.OpenAll(m_root);
     EXPECT_EQ(m_desk.main.pcPage.Count(), 32U);

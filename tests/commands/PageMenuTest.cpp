@@ -209,7 +209,7 @@ TEST_F(PageMenuTest, AsksBeforeItOpensVeryManyLinks) {
     desk.views.At(1).selectedLinks.assign(16, u"https://b.example/");
     Ask(Selection(u"x"));
     desk.Click(u"xtrOpenSelectedLinks");
-    EXPECT_EQ(desk.messages.asked, std::vector<Text>{u"Do you want to open 16 tabs?"});
+    EXPECT_EQ(desk.messages.asked, std::vector<Text>{u"Open 16 tabs?"});
     EXPECT_EQ(desk.main.pcPage.Count(), 1U);
     desk.messages.answer = Answer::Yes;
     desk.Click(u"xtrOpenSelectedLinks");

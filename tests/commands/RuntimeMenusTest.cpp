@@ -223,7 +223,7 @@ TEST_F(RuntimeMenusTest, AGroupGoesToTheTrashOnceTheUserAgrees) {
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150000 a, 150001 b") << "cancelled";
     m_desk.messages.answer = Answer::Yes;
     m_desk.Click(u"xtrGroupDelete");
-    EXPECT_EQ(m_desk.messages.asked.back(), u"Do you want to move the TessaGroup \"a\" to the trash?");
+    EXPECT_EQ(m_desk.messages.asked.back(), u"Move the TessaGroup \"a\" to the trash?");
     EXPECT_EQ(m_desk.messages.asked.size(), 2U);
     EXPECT_EQ(m_desk.Status(), "The TessaGroup has been deleted.");
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150002 b");
@@ -243,7 +243,7 @@ TEST_F(RuntimeMenusTest, WithoutATrashAGroupIsDeletedForGoodOnceTheUserAgreesToT
     m_desk.messages.answer = Answer::Yes;
     m_desk.Click(u"xtrGroupDelete");
     EXPECT_EQ(m_desk.messages.asked.back(),
-              u"The TessaGroup cannot be moved to the trash. Do you want to delete it for good?");
+              u"The TessaGroup cannot be moved to the trash\nDeleted, it cannot be brought back.");
     EXPECT_EQ(m_desk.Status(), "The TessaGroup has been deleted.");
     EXPECT_EQ(m_groups.Files(), 0U);
 }
@@ -270,7 +270,7 @@ TEST_F(RuntimeMenusTest, TheDeleteKeyIsForGroupsAlone) {
     ASSERT_TRUE(effect);
     m_desk.messages.answer = Answer::Yes;
     effect();
-    EXPECT_EQ(m_desk.messages.asked.front(), u"Do you want to move the TessaGroup \"g\" to the trash?");
+    EXPECT_EQ(m_desk.messages.asked.front(), u"Move the TessaGroup \"g\" to the trash?");
 }
 
 TEST_F(RuntimeMenusTest, AGroupWhoseNameIsNoTextIsOpenedOrganizedAndDeletedByItsBytes) {
@@ -287,7 +287,7 @@ TEST_F(RuntimeMenusTest, AGroupWhoseNameIsNoTextIsOpenedOrganizedAndDeletedByIts
     EXPECT_EQ(m_groups.Read("b\xFC.tvg"), "[TessaGroup]\r\nurl0=http://1/\r\n");
     m_desk.messages.answer = Answer::Yes;
     m_desk.Click(u"xtrGroupDelete");
-    EXPECT_EQ(m_desk.messages.asked.front(), u"Do you want to move the TessaGroup \"b\uFFFD\" to the trash?");
+    EXPECT_EQ(m_desk.messages.asked.front(), u"Move the TessaGroup \"b\uFFFD\" to the trash?");
     EXPECT_EQ(m_groups.Files(), 0U);
 }
 

@@ -77,12 +77,12 @@ class Downloads(unittest.TestCase):
             program.window()
             program.keys("ctrl+j")
             self.wait_line(program, RUNNING)
-            question = "A download is still running. Do you want to stop it and exit?"
+            question = "A download is still running"
             program.keys("ctrl+q")
-            program.answer(question, "No")
+            program.answer(question, "Go On Downloading")
             self.wait_line(program, RUNNING)
             program.keys("ctrl+q")
-            program.answer(question, "Yes")
+            program.answer(question, "Stop and Exit")
             self.assertEqual(program.wait_end(), 0)
         self.assertEqual(os.listdir(self.folder), [], "what was not finished is removed")
         server.whole.set()

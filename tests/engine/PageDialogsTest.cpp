@@ -235,7 +235,13 @@ TEST_F(PageDialogs, LeavingAPageWithInputAsksFirst) {
     EXPECT_EQ(desk.Script(QStringLiteral("document.title")), u"Form");
     desk.events.Take();
     desk.Navigate(server.Address(QStringLiteral("/page")));
-    steps.WhenShown([](QtPageDialog&) { Key(Qt::Key_Return); }).Take();
+    steps
+        .WhenShown([](QtPageDialog& dialog) {
+            auto* leave = dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"));
+            EXPECT_FALSE(leave->isDefault()) << "Enter stays";
+            leave->click();
+        })
+        .Take();
     EXPECT_TRUE(Titled(QStringLiteral("Page")));
 }
 

@@ -32,6 +32,12 @@ public:
         ++noFirst;
         return AskYesNoCancel(question);
     }
+    bool AskOwn(const OwnQuestion& question) override {
+        own.push_back(question);
+        return AskYesNoCancel(question.Details.empty() ? question.Heading
+                                                       : question.Heading + u"\n" + question.Details) == Answer::Yes;
+    }
+    std::vector<OwnQuestion> own;
     void Inform(TextView message) override { told.emplace_back(message); }
     Answer answer = Answer::Cancel;
     std::deque<Answer> answers; ///< to the next questions in order; `answer` is for all behind them

@@ -29,6 +29,20 @@ Outcome FakeView::Restore(const std::string& bytes, TextView address) {
     return Outcome::Done;
 }
 
+void FakeView::AskToLeave(LeaveReason why, std::function<void(bool holds)> hears) {
+    calls.emplace_back(why == LeaveReason::ToClose ? "asked" : "sounded");
+    if (slow) {
+        told = std::move(hears);
+    } else {
+        hears(holds);
+    }
+}
+
+void FakeView::AskUserToLeave(std::function<void(bool leaves)> hears) {
+    calls.emplace_back("asks user");
+    answered = std::move(hears);
+}
+
 void FakeView::SetMuted(bool value) {
     muted = value;
     events.SoundChange(index);

@@ -40,6 +40,9 @@ public:
     [[nodiscard]] int ZoomLevel() const override { return zoom; }
     [[nodiscard]] bool Busy() const override { return busy; }
     [[nodiscard]] Text LocationURL() const override { return location; }
+    [[nodiscard]] bool MayHold() const override { return mayHold; }
+    void AskToLeave(LeaveReason why, std::function<void(bool holds)> told) override;
+    void AskUserToLeave(std::function<void(bool leaves)> answered) override;
     [[nodiscard]] std::string History() const override { return history; }
     Outcome Restore(const std::string& bytes, TextView address) override;
     [[nodiscard]] bool Audible() const override { return audible; }
@@ -60,6 +63,10 @@ public:
     bool tabStop = true;
     bool refuses = false;          ///< every call that can fail does
     std::function<void()> stopped; ///< what a page does when it is stopped
+    bool mayHold = false;
+    bool holds = false;                       ///< what the page says when it is asked
+    bool slow = false;                        ///< it says so only when the test calls `told`
+    std::function<void(bool)> told, answered; ///< by the page, by the user; nothing when nobody is asked
     bool hasDocument = true;
     bool hasTools = true;
     bool hasLife = true;

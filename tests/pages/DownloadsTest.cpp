@@ -310,7 +310,9 @@ TEST(DownloadsOfTheWindow, AreCountedOnTheirCommandAndAskedForAtTheEnd) {
     EXPECT_EQ(desk.Status(), "Saving a");
     desk.messages.answer = Answer::No;
     desk.Click(u"mnuExit");
-    EXPECT_EQ(desk.messages.asked, std::vector<Text>{u"A download is still running. Do you want to stop it and exit?"});
+    EXPECT_EQ(
+        desk.messages.asked,
+        std::vector<Text>{u"A download is still running\nWhat it has saved so far is lost when the program ends."});
     EXPECT_TRUE(desk.views.Has(1)) << "the window stays";
     desk.main.Downloads.OnReport(id, {DownloadState::Done, DownloadProblem::None, 3, 3});
     EXPECT_EQ(badge(), 0U);
@@ -328,7 +330,8 @@ TEST(DownloadsOfTheWindow, ArePausedByNoAnswerAndStoppedByYes) {
     desk.messages.answer = Answer::Yes;
     desk.Click(u"mnuExit");
     EXPECT_EQ(desk.messages.asked,
-              std::vector<Text>{u"2 downloads are still running. Do you want to stop them and exit?"});
+              std::vector<Text>{
+                  u"2 downloads are still running\nWhat they have saved so far is lost when the program ends."});
     EXPECT_EQ(transfer->asked, "cancel cancel");
     EXPECT_FALSE(desk.views.Has(1));
 }

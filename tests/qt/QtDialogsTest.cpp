@@ -65,6 +65,27 @@ TEST(QtMessageBoxes, EnterAnswersNoWhereThatIsFirst) {
     EXPECT_EQ(QtMessageBoxes().AskNoFirst(u"Really?"), Answer::No);
 }
 
+TEST(QtMessageBoxes, AQuestionWithItsOwnAnswersGoesOnOnlyByTheButtonForThat) {
+    const OwnQuestion question{u"Really?", u"one\ntwo", u"&Stay", u"&Leave"};
+    for (const int key : {Qt::Key_Return, Qt::Key_Escape}) {
+        OnModal<QMessageBox> user([key](QMessageBox& box) { QTest::keyClick(&box, static_cast<Qt::Key>(key)); });
+        EXPECT_FALSE(QtMessageBoxes().AskOwn(question));
+    }
+    {
+        OnModal<QMessageBox> user([](QMessageBox& box) { box.close(); });
+        EXPECT_FALSE(QtMessageBoxes().AskOwn(question));
+    }
+    QString details;
+    OnModal<QMessageBox> user([&](QMessageBox& box) {
+        details = box.informativeText();
+        for (auto* each : box.buttons()) {
+            if (each->text() == u"&Leave") return each->click();
+        }
+    });
+    EXPECT_TRUE(QtMessageBoxes().AskOwn(question));
+    EXPECT_EQ(details, u"one\ntwo");
+}
+
 TEST(QtMessageBoxes, TheQuestionIsTextUnderTheApplicationsTitle) {
     QGuiApplication::setApplicationDisplayName(QStringLiteral("TessaView"));
     QString title, text;

@@ -1,0 +1,69 @@
+#include "tabs/PageLeaving.h"
+
+#include <utility>
+
+namespace {
+
+Text KeyOfLeaving(std::int32_t index) { return u"Tab" + Decimal(index); }
+
+} // namespace
+
+void PageLeaving::WhenLeft(std::int32_t Index, std::function<void()> then) {
+    const auto* view = m_browser.Find(Index);
+    if (!view || !view->Control->MayHold()) return then();
+    if (!m_asked.insert(Index).second) return;
+    view->Control->AskToLeave(LeaveReason::ToClose,
+                              [this, Index, then = std::move(then)](bool holds) { OnAnswer(Index, holds, then); });
+}
+
+void PageLeaving::OnAnswer(std::int32_t Index, bool holds, const std::function<void()>& then) {
+    const auto* view = m_browser.Find(Index);
+    auto* tab = m_pcPage.Find(KeyOfLeaving(Index));
+    if (!m_asked.contains(Index) || !view || !tab) return;
+    const auto leave = [this, Index, then](bool leaves) {
+        if (m_asked.erase(Index) != 0 && leaves) then();
+    };
+    if (!holds) return leave(true);
+    // What is asked is to be seen.
+    m_pcPage.Select(tab);
+    view->Control->AskUserToLeave(leave);
+}
+
+void PageLeaving::FindHolders(std::function<void(const std::vector<std::int32_t>&)> told) {
+    if (m_search) return;
+    std::set<std::int32_t> asked;
+    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
+        const std::int32_t index = m_pcPage.FindAt(position)->Tag;
+        const auto* view = m_browser.Find(index);
+        if (view && view->Control->MayHold()) asked.insert(index);
+    }
+    if (asked.empty()) return told({});
+    m_search = Search{asked, {}, std::move(told)};
+    for (const std::int32_t index : asked) {
+        const auto* view = m_browser.Find(index);
+        if (!view) continue;
+        view->Control->AskToLeave(LeaveReason::ToKnow, [this, index](bool holds) { OnFound(index, holds); });
+    }
+}
+
+void PageLeaving::OnFound(std::int32_t Index, bool holds) {
+    if (!m_search || m_search->Waiting.erase(Index) == 0) return;
+    if (holds) m_search->Holders.insert(Index);
+    if (!m_search->Waiting.empty()) return;
+    const Search ended = *std::exchange(m_search, std::nullopt);
+    ended.Told(InOrder(ended.Holders));
+}
+
+std::vector<std::int32_t> PageLeaving::InOrder(const std::set<std::int32_t>& indexes) const {
+    std::vector<std::int32_t> ordered;
+    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
+        const std::int32_t index = m_pcPage.FindAt(position)->Tag;
+        if (indexes.contains(index)) ordered.push_back(index);
+    }
+    return ordered;
+}
+
+void PageLeaving::Forget(std::int32_t Index) {
+    m_asked.erase(Index);
+    OnFound(Index, false);
+}

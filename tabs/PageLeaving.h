@@ -1,0 +1,46 @@
+#pragma once
+#include "common/TabStrip.h"
+#include "tabs/ViewArray.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <set>
+#include <vector>
+
+/// Some pages hold what their user has entered and not sent. This asks them, and then the user, before they are closed.
+/// Owned by the tab set; what it refers to outlives it.
+class PageLeaving {
+public:
+    PageLeaving(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {}
+
+    /// Runs `then` when the page of view `Index` may go: at once when nobody has done anything in it, else as soon as
+    /// the page agrees, or the user does, to whom it is shown. Never when he stays. Of a page that is being asked
+    /// nothing more is wanted.
+    void WhenLeft(std::int32_t Index, std::function<void()> then);
+    /// Whether the page of view `Index` is being asked.
+    [[nodiscard]] bool Asks(std::int32_t Index) const { return m_asked.contains(Index); }
+
+    /// Tells which pages would hold their user, as indexes of views in the order of the tabs. At once when no page can;
+    /// else later, and while that is being found out nothing more is wanted.
+    void FindHolders(std::function<void(const std::vector<std::int32_t>&)> told);
+
+    /// The tab of view `Index` goes, so its page answers no more.
+    void Forget(std::int32_t Index);
+
+private:
+    struct Search {
+        std::set<std::int32_t> Waiting;
+        std::set<std::int32_t> Holders;
+        std::function<void(const std::vector<std::int32_t>&)> Told;
+    };
+
+    void OnAnswer(std::int32_t Index, bool holds, const std::function<void()>& then);
+    void OnFound(std::int32_t Index, bool holds);
+    [[nodiscard]] std::vector<std::int32_t> InOrder(const std::set<std::int32_t>& indexes) const;
+
+    TabStrip& m_pcPage;
+    ViewArray& m_browser;
+    std::set<std::int32_t> m_asked;
+    std::optional<Search> m_search;
+};

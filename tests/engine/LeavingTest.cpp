@@ -1,0 +1,123 @@
+#include "qt/QtPageDialog.h"
+#include "tests/engine/CommandsOnPages.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <QWebEngineView>
+
+namespace {
+
+/// A user who closes pages that hold what he has entered.
+class LeavingPages : public CommandsOnPages {
+protected:
+    LeavingPages() {
+        server.Page(QStringLiteral("/other"), "<title>Other</title>");
+        server.Page(QStringLiteral("/holds"),
+                    "<title>Holds</title><p>words<script>onbeforeunload = e => { e.preventDefault(); return 'no'; };"
+                    "onpagehide = () => { document.title = 'Left'; };</script>");
+    }
+
+    /// A second tab in front with that page, in which a person has clicked.
+    void ShowAndClick(const QString& path, TextView title) {
+        desk.main->GetNewBrowser(InFront::Yes);
+        Show(path, title);
+        WaitForPicture();
+        // The page lets go as long as the engine does not know of a click, and a page that has just come may miss one.
+        const QString active = QStringLiteral("String(navigator.userActivation.hasBeenActive)");
+        ASSERT_TRUE(WaitUntil([&] {
+            QTest::mouseClick(Front().Widget()->focusProxy(), Qt::LeftButton, {}, QPoint(60, 20));
+            return Script(active) == u"true";
+        }));
+        ASSERT_TRUE(Front().MayHold());
+    }
+    [[nodiscard]] QtPageDialog* Question() {
+        for (auto* each : desk.window.findChildren<QtPageDialog*>()) {
+            if (each->isVisible() && TakesAnswers(*each)) return each;
+        }
+        return nullptr;
+    }
+    void Answer(const QString& button) {
+        ASSERT_TRUE(WaitUntil([&] { return Question() != nullptr; }));
+        for (auto* each : Question()->findChildren<QPushButton*>()) {
+            if (each->text().remove(u'&') == button) return each->click();
+        }
+        FAIL() << button.toStdString();
+    }
+    [[nodiscard]] std::size_t Tabs() { return desk.main->pcPage.Count(); }
+    [[nodiscard]] std::vector<std::int32_t> Holders() {
+        std::optional<std::vector<std::int32_t>> holders;
+        desk.main->Tabs.Leaving.FindHolders([&](const std::vector<std::int32_t>& found) { holders = found; });
+        EXPECT_TRUE(WaitUntil([&] { return holders.has_value(); }));
+        return holders.value_or(std::vector<std::int32_t>());
+    }
+};
+
+TEST_F(LeavingPages, APageThatHoldsItsUserIsClosedWhenHeLeaves) {
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    desk.main->pcPage.UserClick(desk.main->pcPage.FindAt(1));
+    desk.main->CloseBrowserTab(2);
+    Answer(QStringLiteral("Stay"));
+    EXPECT_EQ(desk.main->Tabs.CurrentIndex(), 2) << "it was brought to the front";
+    EXPECT_TRUE(WaitUntil([&] { return !desk.main->Tabs.Leaving.Asks(2); }));
+    EXPECT_EQ(Tabs(), 2U);
+    EXPECT_EQ(Script(QStringLiteral("document.title")), u"Holds") << "it has not taken its leave";
+    desk.main->CloseBrowserTab(2);
+    Answer(QStringLiteral("Leave"));
+    EXPECT_TRUE(WaitUntil([&] { return Tabs() == 1; }));
+}
+
+TEST_F(LeavingPages, APageWithoutAReasonIsNotAskedAbout) {
+    server.Page(QStringLiteral("/plain"), "<title>Plain</title>words");
+    ShowAndClick(QStringLiteral("/plain"), u"Plain");
+    desk.main->CloseBrowserTab(2);
+    EXPECT_TRUE(WaitUntil([&] { return Tabs() == 1; }));
+}
+
+TEST_F(LeavingPages, APageInWhichNobodyDidAnythingHoldsNobody) {
+    desk.main->GetNewBrowser(InFront::Yes);
+    Show(QStringLiteral("/holds"), u"Holds");
+    EXPECT_FALSE(Front().MayHold());
+    desk.main->CloseBrowserTab(2);
+    EXPECT_EQ(Tabs(), 1U);
+}
+
+TEST_F(LeavingPages, AnotherDocumentBeginsAnew) {
+    ShowAndClick(QStringLiteral("/other"), u"Other");
+    Show(QStringLiteral("/holds"), u"Holds");
+    EXPECT_TRUE(WaitUntil([&] { return !Front().MayHold(); }));
+}
+
+TEST_F(LeavingPages, APageThatHangsHoldsNobodyForLong) {
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    Front().Page()->runJavaScript(QStringLiteral("for (;;) ;"));
+    desk.main->CloseBrowserTab(2);
+    EXPECT_TRUE(WaitUntil([&] { return Tabs() == 1; }));
+}
+
+TEST_F(LeavingPages, IsFoundOutWithoutAnythingHappeningToThePage) {
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    EXPECT_EQ(Holders(), std::vector<std::int32_t>{2});
+    EXPECT_EQ(Script(QStringLiteral("document.title")), u"Holds");
+    EXPECT_EQ(Question(), nullptr);
+    ShowAndClick(QStringLiteral("/other"), u"Other");
+    EXPECT_EQ(Holders(), std::vector<std::int32_t>{2});
+}
+
+TEST_F(LeavingPages, AFrameOfThePageHoldsToo) {
+    server.Page(QStringLiteral("/frames"), "<title>Frames</title>words<iframe src='/holds'></iframe>");
+    ShowAndClick(QStringLiteral("/frames"), u"Frames");
+    EXPECT_EQ(Holders(), std::vector<std::int32_t>{2});
+}
+
+TEST_F(LeavingPages, WhoHasLeftIsNotAskedAgainOnTheWay) {
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    desk.main->CloseBrowserTab(1);
+    ASSERT_EQ(Tabs(), 1U);
+    desk.main->Tabs.CloseOtherTabs();
+    Answer(QStringLiteral("Leave"));
+    EXPECT_TRUE(WaitUntil([&] { return Front().LocationURL() == u"about:blank"; })) << ToUtf8(Front().LocationURL());
+    EXPECT_EQ(Question(), nullptr);
+}
+
+} // namespace
