@@ -5,6 +5,7 @@ root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 . "$root/scripts/packages.sh"
 . "$root/scripts/build.sh"
 . "$root/scripts/display.sh"
+. "$root/scripts/sandbox.sh"
 
 step() { echo "== $1 of 3: $2" >&2; }
 
@@ -23,8 +24,7 @@ is_configured "$root/build" || options=(-DTESSAVIEW_TESTS=OFF -DTESSAVIEW_BENCH=
 build "$root/build" tessaview "${options[@]}" >&2
 step 3 "TessaView"
 
-# The engine's sandbox does not work for root.
-if [ "$(id -u)" = 0 ]; then export QTWEBENGINE_DISABLE_SANDBOX=1; fi
+sandbox_off_for_root
 [ $has_display = no ] || exec "$root/build/tessaview" "$@"
 
 # From here on: no display.

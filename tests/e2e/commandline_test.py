@@ -35,13 +35,13 @@ class CommandLine(unittest.TestCase):
             self.assertNotEqual(subprocess.run([PROGRAM, "--version"], stdout=full, check=False).returncode, 0)
 
     def test_without_a_display_it_says_so(self):
-        ended = run("about:blank", **{**NOTHING, "QTWEBENGINE_DISABLE_SANDBOX": "1"})
+        ended = run("about:blank", **{**NOTHING, **desk.SANDBOX})
         self.assertEqual(ended.returncode, 1)
         self.assertEqual(ended.stdout, "")
         self.assertIn("TessaView needs a display, and there is none", ended.stderr)
 
     def test_a_display_that_does_not_answer_is_no_crash(self):
-        ended = run("about:blank", **{**NOTHING, "DISPLAY": ":4711", "QTWEBENGINE_DISABLE_SANDBOX": "1"})
+        ended = run("about:blank", **{**NOTHING, "DISPLAY": ":4711", **desk.SANDBOX})
         self.assertEqual(ended.returncode, 1)
         self.assertIn("TessaView cannot open a window", ended.stderr)
         self.assertIn('DISPLAY is ":4711"', ended.stderr)

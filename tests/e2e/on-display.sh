@@ -6,6 +6,7 @@ set -euo pipefail
 [ $# -gt 0 ] || { echo "usage: on-display.sh COMMAND [ARGUMENT ...]" >&2; exit 2; }
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$here/../../scripts/display.sh"
+. "$here/../../scripts/sandbox.sh"
 
 folder=$(mktemp -d)
 stop() {
@@ -25,8 +26,9 @@ mkdir -m 700 "$XDG_RUNTIME_DIR"
 printf '%s\n' '[Default Applications]' {x-scheme-handler/http,x-scheme-handler/https,text/html}=tessaview.desktop \
   >"$XDG_CONFIG_HOME/mimeapps.list"
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 QT_QPA_PLATFORM=xcb
-# The engine's sandbox does not work for root.
-if [ "$(id -u)" = 0 ]; then export QTWEBENGINE_DISABLE_SANDBOX=1; fi
+# However the caller's own engine is set up, only root tests without the sandbox.
+unset QTWEBENGINE_DISABLE_SANDBOX QTWEBENGINE_CHROMIUM_FLAGS
+sandbox_off_for_root
 start_display "$folder"
 
 

@@ -101,6 +101,10 @@ class Sandbox(unittest.TestCase):
             for each in self.engine_processes(process):
                 self.assertNotIn("--no-sandbox", arguments(each))
 
+    def test_nobody_but_root_tests_without_it(self):
+        self.assertEqual("QTWEBENGINE_DISABLE_SANDBOX" in os.environ, os.geteuid() == 0)
+
+
 
 def why_not():
     """Why no sandbox can be had on this machine; nothing when one can."""

@@ -43,7 +43,7 @@ for each in "$@"; do
 done
 if [ "$1" = --build ]; then
   mkdir -p "$folder/tests"
-  printf '#!/bin/sh\\necho "tessaview $*" >>"$CALLS"\\n' >"$folder/tessaview"
+  printf '#!/bin/sh\\necho "tessaview $*" >>"$CALLS"\\necho "sandbox ${QTWEBENGINE_DISABLE_SANDBOX:-on}" >>"$CALLS"\\n' >"$folder/tessaview"
   printf '#!/bin/sh\\necho "  EveryInclude"\\n' >"$folder/tests/core_tests"
   chmod +x "$folder/tessaview" "$folder/tests/core_tests"
 else
@@ -130,6 +130,13 @@ LISTS = {
 }
 # The scripts look for the plugin itself, which this machine may have.
 SVG = set() if [*pathlib.Path("/usr/lib").glob("*/qt6/plugins/iconengines/libqsvgicon.so")] else {"libqt6svg6"}
+
+# They turn it off for root, or look whether that was done.
+MAY_NAME_THE_SANDBOX = {
+    "scripts/sandbox.sh", "tests/app/CommandLineTest.cpp", "tests/bench/run.py", "tests/e2e/commandline_test.py",
+    "tests/e2e/desk.py", "tests/e2e/on-display.sh", "tests/e2e/sandbox_test.py", "tests/packaging/package_test.py",
+    "tests/scripts/scripts_test.py",
+}
 
 
 class Scripts(unittest.TestCase):
@@ -244,6 +251,21 @@ class Scripts(unittest.TestCase):
         machine = self.new_machine().run("run.sh")
         steps = [line for line in machine.said.splitlines() if line.startswith("== ")]
         self.assertEqual([step[:9] for step in steps], ["== 1 of 3", "== 2 of 3", "== 3 of 3"])
+
+    def test_only_root_goes_without_the_engines_sandbox(self):
+        self.assertEqual(self.new_machine().run("run.sh").calls("sandbox"), ["1"])
+        machine = self.new_machine()
+        machine.set("is-user")
+        self.assertEqual(machine.run("run.sh").calls("sandbox"), ["on"])
+
+    def test_nothing_else_turns_the_sandbox_off(self):
+        words = ("DISABLE_SANDBOX", "--no" + "-sandbox")
+        files = [file for folder in ("scripts", "tests") for file in (SOURCES / folder).rglob("*")
+                 if file.suffix in (".cpp", ".h", ".py", ".sh", ".txt")] + [SOURCES / "run.sh", SOURCES / "test.sh"]
+        self.assertGreater(len(files), 100)
+        named = {str(file.relative_to(SOURCES)) for file in files
+                 if any(word in file.read_text(encoding="utf-8", errors="replace") for word in words)}
+        self.assertEqual(named, MAY_NAME_THE_SANDBOX)
 
 
 if __name__ == "__main__":
