@@ -16,7 +16,6 @@
 
 namespace {
 constexpr std::chrono::seconds kCopyTime{1};
-constexpr std::chrono::seconds kPersonTime{5};
 } // namespace
 
 QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {
@@ -36,8 +35,8 @@ QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profi
 // The engine does not ask about the clipboard, it goes by a switch: so a page may write to it when its user has just
 // done something in it, and never reads it.
 void QtPage::NotePerson() {
-    m_personActed = m_personWasHere = true;
-    m_personTime.setRemainingTime(kPersonTime);
+    m_personWasHere = true;
+    m_person.Make();
     m_actedFrame.clear(); // a frame reports itself
     if (!m_mayCopy.isActive()) settings()->setAttribute(QWebEngineSettings::JavascriptCanAccessClipboard, true);
     m_mayCopy.start();

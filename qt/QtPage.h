@@ -1,7 +1,7 @@
 #pragma once
+#include "pages/PersonNote.h"
 #include "qt/QtPageDialog.h"
 
-#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QPageLayout>
 #include <QPointer>
@@ -59,7 +59,7 @@ public:
     /// Asked when a document wants to hold its user: whether he leaves. Nothing when he is to be asked.
     std::function<std::optional<bool>()> OnHold;
     /// Whether a person has, since this was asked last: what a page does beyond that it does by itself.
-    [[nodiscard]] bool TakePerson() { return std::exchange(m_personActed, false) && !m_personTime.hasExpired(); }
+    [[nodiscard]] bool TakePerson() { return m_person.Take(); }
     /// Prints the page; the PDF is empty when that fails.
     void Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed);
     /// Deletes the page as soon as it waits for nothing any more: an answer, or that it is printed.
@@ -108,10 +108,9 @@ private:
     bool m_ending = false;
     QSet<QString> m_input; ///< the documents that hold some
     int m_printing = 0;    ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
-    bool m_personActed = false;
+    PersonNote m_person;
     bool m_personWasHere = false;
-    QDeadlineTimer m_personTime; ///< what comes later is not what that person wanted
-    QString m_actedFrame;        ///< the origin of the frame in which a person acted last; empty for the page itself
+    QString m_actedFrame; ///< the origin of the frame in which a person acted last; empty for the page itself
     bool m_loading = false;
     bool m_redirects = false;
     QTimer m_mayCopy; ///< runs for as long as the page may put something on the clipboard
