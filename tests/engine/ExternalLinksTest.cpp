@@ -24,7 +24,9 @@ public:
         for (const QString& scheme : Schemes()) QDesktopServices::setUrlHandler(scheme, this, "Open");
         Write(QStringLiteral("testapp.desktop"), "[Desktop Entry]\nType=Application\nExec=testapp %u\n");
         Write(QStringLiteral("mimeinfo.cache"),
-              "[MIME Cache]\nx-scheme-handler/testapp=testapp.desktop;\nx-scheme-handler/testapp2=testapp.desktop;\n");
+              "[MIME Cache]\nx-scheme-handler/testapp=testapp.desktop;\nx-scheme-handler/testapp2=testapp.desktop;\n"
+              "x-scheme-handler/" +
+                  LongScheme().toLatin1() + "=testapp.desktop;\n");
     }
     ~OtherProgram() override {
         for (const QString& scheme : Schemes()) QDesktopServices::unsetUrlHandler(scheme);
@@ -32,6 +34,7 @@ public:
     }
 
     std::string Take() { return std::exchange(m_opened, {}).join(u' ').toStdString(); }
+    static QString LongScheme() { return QString(2000, u'x'); }
 
 public Q_SLOTS:
     void Open(const QUrl& url) { m_opened << QString::fromLatin1(url.toEncoded()); }
@@ -119,6 +122,22 @@ TEST_F(ExternalLinks, AKeyThatIsHeldDownOpensNothing) {
     EXPECT_EQ(program.Take(), "");
     ASSERT_NE(Shown(), nullptr) << "the question waits for somebody who reads it";
     QTest::keyClick(Shown(), Qt::Key_Escape);
+    EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, ASchemeWithoutEndIsCut) {
+    const QString cut = OtherProgram::LongScheme().left(40) + QStringLiteral("...");
+    OnClick(QStringLiteral("location.href = '%1:x'").arg(OtherProgram::LongScheme()));
+    ASSERT_TRUE(Asks());
+    EXPECT_EQ(Shown()->findChild<QCheckBox*>()->text(),
+              QStringLiteral("&Remember the answer for \"%1:\" addresses").arg(cut));
+    EXPECT_EQ(Words("lblAddress").size(), 203U) << "cut likewise";
+    Press("cmdCancel");
+    OnClick(QStringLiteral("location.href = 'y%1:x'").arg(OtherProgram::LongScheme()));
+    ASSERT_TRUE(Asks());
+    EXPECT_EQ(Words("lblHolds"),
+              "This desktop has no program for addresses that begin with \"y" + cut.mid(1).toStdString() + ":\".");
+    Press("cmdOK");
     EXPECT_EQ(program.Take(), "");
 }
 

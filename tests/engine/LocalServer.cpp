@@ -9,6 +9,17 @@
 
 namespace {
 
+constexpr char kHandshake = 0x16; // the first byte of whoever speaks TLS
+
+/// Whether the socket was only about to begin with TLS.
+bool BeginsWithTls(QTcpSocket* socket) {
+    auto* secure = qobject_cast<QSslSocket*>(socket);
+    if (!secure || secure->mode() != QSslSocket::UnencryptedMode) return false;
+    if (!secure->peek(1).startsWith(kHandshake)) return false;
+    secure->startServerEncryption();
+    return true;
+}
+
 QByteArray Contents(const QString& path) {
     QFile file(path);
     if (!file.open(QFile::ReadOnly)) qFatal("the test's certificate was not made");
@@ -47,7 +58,7 @@ void LocalServer::incomingConnection(qintptr descriptor) {
     auto* socket = new QSslSocket(this);
     socket->setSslConfiguration(*m_tls);
     socket->setSocketDescriptor(descriptor);
-    socket->startServerEncryption();
+    if (!m_plainToo) socket->startServerEncryption();
     addPendingConnection(socket);
 }
 
@@ -77,6 +88,7 @@ void LocalServer::OnConnection() {
 }
 
 void LocalServer::OnData(QTcpSocket* socket) {
+    if (BeginsWithTls(socket)) return;
     // Small requests without a body: what ends with an empty line is whole.
     const QByteArray request = socket->peek(socket->bytesAvailable());
     if (!request.contains("\r\n\r\n")) return;

@@ -17,6 +17,9 @@ public:
     /// One that speaks TLS, with a certificate that it has signed itself, for 127.0.0.1 and that host.
     explicit LocalServer(const QString& certificateName);
 
+    /// Answers who comes without TLS too, at the same port, so that "http:" and "https:" are one host.
+    void SpeakPlainToo() { m_plainToo = true; }
+
     /// Answers `path` with that page.
     void Page(const QString& path, const QByteArray& html);
     /// Answers `path` with a whole response of the test's own: status line, header lines, empty line, body.
@@ -46,4 +49,5 @@ private:
     QSet<QString> m_open;
     QHash<QString, std::function<QByteArray(const QByteArray&)>> m_makers;
     std::optional<QSslConfiguration> m_tls;
+    bool m_plainToo = false;
 };

@@ -1,4 +1,5 @@
 #include "qt/QtBrowserView.h"
+#include "qt/QtCertificatePage.h"
 #include "qt/QtLoginDialog.h"
 #include "qt/QtText.h"
 #include "tests/engine/EngineDesk.h"
@@ -174,6 +175,61 @@ TEST_F(Logins, ClosingTheTabEndsTheQuestion) {
     desk.view.reset();
     EXPECT_TRUE(WaitUntil([&] { return desk.window.findChild<QtLoginDialog*>() == nullptr; }));
     desk.view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
+}
+
+/// One host that speaks http and https, at one port.
+class LoginsOfBoth : public Logins {
+protected:
+    LoginsOfBoth() {
+        both.SpeakPlainToo();
+        both.Answer(kSecret, Guarded);
+        both.Answer(kAgain, [this](const QByteArray& request) {
+            if (request.contains("Authorization:")) told << request;
+            return Guarded(request);
+        });
+        both.Page(QStringLiteral("/later"), "<title>Later</title><img src='/again'><iframe src='/again'></iframe>");
+    }
+    [[nodiscard]] QString Plain(const QString& path) const {
+        return both.Address(path).replace(QStringLiteral("https:"), QStringLiteral("http:"));
+    }
+    void AskByHttps() {
+        desk.Navigate(both.Address(kSecret));
+        ASSERT_TRUE(WaitUntil([&] { return desk.window.findChild<QtCertificatePage*>() && !desk.view->Busy(); }));
+        desk.window.findChild<QtCertificatePage*>()->findChild<QPushButton*>(QStringLiteral("cmdGoOn"))->click();
+        ASSERT_TRUE(IsAsked());
+    }
+    /// A page without TLS has asked, and its own frame is answered by nobody but the user.
+    void ExpectHttpIsToldNothing() {
+        desk.Navigate(Plain(QStringLiteral("/later")));
+        ASSERT_TRUE(Titled("Later"));
+        ASSERT_TRUE(WaitUntil([&] { return Dialog() != nullptr; })) << "http is somebody else";
+        EXPECT_FALSE(Label("lblNotEncrypted").isEmpty());
+        EXPECT_GE(both.requests.count(kAgain), 1);
+        EXPECT_TRUE(told.isEmpty()) << told.value(0).toStdString();
+    }
+
+    const QString kAgain = QStringLiteral("/again");
+    LocalServer both{QStringLiteral("self.example")};
+    QByteArrayList told; ///< what came with a name and a password
+};
+
+TEST_F(LoginsOfBoth, AnAnswerForHttpsThatWasCutOffIsNotGivenToHttp) {
+    AskByHttps();
+    both.Answer(kSecret, [](const QByteArray&) { return QByteArray("\r\n"); });
+    desk.events.Take();
+    Answer(QStringLiteral("mole"), QStringLiteral("burrow"));
+    ASSERT_TRUE(WaitUntil([&] { return desk.events.Count(QStringLiteral("F")) > 0 && !desk.view->Busy(); }));
+    ExpectHttpIsToldNothing();
+}
+
+TEST_F(LoginsOfBoth, AnAnswerForHttpsThatIsStillOnItsWayIsNotGivenToHttp) {
+    AskByHttps();
+    const auto before = both.requests.count(kSecret);
+    both.Answer(kSecret, [](const QByteArray&) { return QByteArray(); });
+    both.KeepOpen(kSecret);
+    Answer(QStringLiteral("mole"), QStringLiteral("burrow"));
+    ASSERT_TRUE(WaitUntil([&] { return both.requests.count(kSecret) > before; }));
+    ExpectHttpIsToldNothing();
 }
 
 TEST(LoginsOfTabs, ABackgroundTabAsksWhenItIsSelected) {

@@ -201,6 +201,37 @@ TEST_F(EnginePermissions, AreTellingOfAScreenNoMoreWhenItsTabHasGone) {
     EXPECT_TRUE(told.isEmpty());
 }
 
+/// A page that takes pictures and sound at once; its title says what it got.
+constexpr auto kCapture = "<p>words</p><script>document.title = 'ready';"
+                          "navigator.mediaDevices.getUserMedia({video: true, audio: true}).then("
+                          "s => document.title = 'got ' + s.getTracks().length, e => document.title = e.name)</script>";
+
+TEST_F(EnginePermissions, AreTellingForAsLongAsCameraAndMicrophoneMayBeUsed) {
+    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    Load(kCapture);
+    ASSERT_TRUE(WaitForQuestion()) << desk.Real().Page()->title().toStdString();
+    EXPECT_EQ(Questions().Current()->Words,
+              FromQt(QStringLiteral("localhost:%1 wants to use your camera and microphone.").arg(server.serverPort())));
+    EXPECT_TRUE(told.isEmpty()) << "nobody has allowed it";
+    EXPECT_EQ(desk.Real().Page()->title(), u"ready");
+    Questions().Answer(0, false);
+    ASSERT_TRUE(WaitForTitle(QStringLiteral("got 2"))) << desk.Real().Page()->title().toStdString();
+    EXPECT_EQ(told.join(u'|'),
+              QStringLiteral("localhost:%1 may use your camera and microphone.").arg(server.serverPort()));
+    server.Page(QStringLiteral("/next"), "<title>next</title>");
+    desk.Load(server.Address(QStringLiteral("/next")));
+    EXPECT_TRUE(WaitUntil([&] { return told.isEmpty(); })) << told.join(u'|').toStdString();
+}
+
+TEST_F(EnginePermissions, TellOfNoCameraThatTheUserRefused) {
+    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    Load(kCapture);
+    ASSERT_TRUE(WaitForQuestion());
+    Questions().Answer(1, false);
+    EXPECT_TRUE(WaitForTitle(QStringLiteral("NotAllowedError"))) << desk.Real().Page()->title().toStdString();
+    EXPECT_TRUE(told.isEmpty());
+}
+
 TEST_F(EnginePermissions, ShowNoScreenWhenTheUserRefusesOrDismisses) {
     for (const std::size_t answer : {std::size_t{1}, PageQuestion::kDismissed}) {
         Load(kShareScreen);

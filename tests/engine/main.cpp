@@ -10,6 +10,10 @@ int main(int argc, char** argv) {
     const QTemporaryDir dictionaries;
     qputenv("TESSAVIEW_TEST_DICTIONARIES", dictionaries.path().toUtf8());
     qputenv("QTWEBENGINE_DICTIONARIES_PATH", dictionaries.path().toUtf8());
+    // A camera and a microphone that show and say nothing: machines that test have none. The user is asked all the
+    // same.
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS",
+            qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") + " --use-fake-device-for-media-stream");
     ::testing::InitGoogleTest(&argc, argv);
     QtStartPage::RegisterScheme();
     QtDialogScheme::RegisterScheme();
