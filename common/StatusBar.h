@@ -11,6 +11,9 @@ struct StatusBar {
     Property<Text> SimpleText;
     /// How large the text of the page is, at the right end; empty when it has its usual size.
     Property<Text> Zoom;
+    /// Which of the engine's profiles the window has, beside it; empty for the usual one. What its tip says.
+    Property<Text> Profile;
+    Text ProfileTip;
     Property<bool> Visible{true};
     Button StopAll{u"Stop all"};
     Pixels Height{24};

@@ -34,22 +34,24 @@ QByteArray Unquoted(const QByteArray& part) { return QByteArray::fromPercentEnco
 
 } // namespace
 
-QtBrowsingData::QtBrowsingData(QString profileFolder)
-    : Now([] { return QDateTime::currentSecsSinceEpoch(); }), m_folder(std::move(profileFolder)) {
-    Load();
-}
+QtBrowsingData::QtBrowsingData() : Now([] { return QDateTime::currentSecsSinceEpoch(); }) {}
 
 QtBrowsingData::~QtBrowsingData() { Save(); }
 
 void QtBrowsingData::Watch(QWebEngineProfile& profile) {
     // Of what is kept in memory nothing may outlive it.
-    if (profile.isOffTheRecord()) m_folder.clear();
+    KeepIn(profile.isOffTheRecord() ? QString() : profile.persistentStoragePath());
     auto* cookies = profile.cookieStore();
     QObject::connect(cookies, &QWebEngineCookieStore::cookieAdded, cookies, [this](const QNetworkCookie& cookie) {
         m_notes[CookieKey(cookie)] = {cookie.domain().toUtf8(), cookie.path().toUtf8(), cookie.name(), Now()};
     });
     QObject::connect(cookies, &QWebEngineCookieStore::cookieRemoved, cookies,
                      [this](const QNetworkCookie& cookie) { m_notes.remove(CookieKey(cookie)); });
+}
+
+void QtBrowsingData::KeepIn(const QString& profileFolder) {
+    m_folder = profileFolder;
+    Load();
 }
 
 void QtBrowsingData::NoteVisit(const QUrl& url) {

@@ -17,14 +17,17 @@ class QWebEngineProfile;
 /// memory alone: a list of them is not to lie on the disk.
 class QtBrowsingData {
 public:
-    /// `profileFolder` is the profile's own; empty for one that is kept in memory alone.
-    explicit QtBrowsingData(QString profileFolder);
+    /// Notes nothing down before it has a profile.
+    QtBrowsingData();
     ~QtBrowsingData();
     QtBrowsingData(const QtBrowsingData&) = delete;
     QtBrowsingData& operator=(const QtBrowsingData&) = delete;
 
-    /// From now on the profile's cookies are noted. The profile ends after this object or tells it nothing more.
+    /// From now on the profile's cookies are noted, beside it if it is kept on disk. The profile ends after this object
+    /// or tells it nothing more.
     void Watch(QWebEngineProfile& profile);
+    /// Keeps the notes in that folder and reads those that are there; keeps none without a folder.
+    void KeepIn(const QString& profileFolder);
     void NoteVisit(const QUrl& url);
     /// Forgets at once, but for the cache and what sites have stored, which takes the engine a moment: tells when that
     /// has gone too. Where sites' data stays it goes at the next start.

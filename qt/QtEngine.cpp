@@ -2,6 +2,7 @@
 
 #include "common/Log.h"
 #include "qt/QtBrowserView.h"
+#include "qt/QtInstanceProfile.h"
 #include "qt/QtPage.h"
 #include "qt/QtProfile.h"
 #include "qt/QtText.h"
@@ -20,11 +21,8 @@ constexpr std::chrono::seconds kEndPatience{10};
 constexpr std::chrono::milliseconds kEndStep{50};
 } // namespace
 
-QtEngine::QtEngine(QWidget* pageArea, QString profileFolder, QString cacheFolder)
-    : m_pageArea(pageArea),
-      m_profileFolder(std::move(profileFolder)),
-      m_cacheFolder(std::move(cacheFolder)),
-      m_token(QUuid::createUuid().toString(QUuid::Id128)) {
+QtEngine::QtEngine(QWidget* pageArea, QtInstanceProfile& ownProfile)
+    : m_pageArea(pageArea), m_ownProfile(ownProfile), m_token(QUuid::createUuid().toString(QUuid::Id128)) {
     m_turn.setSingleShot(true);
     m_turn.callOnTimeout(this, [this] { Turn(); });
     m_clock.start();
@@ -190,7 +188,8 @@ QWebEngineProfile* QtEngine::PrivateProfile() {
 QWebEngineProfile* QtEngine::Profile(Privacy privacy) {
     if (privacy == Privacy::Private) return PrivateProfile();
     if (!m_profile) {
-        m_profile = MakeProfile(m_profileFolder, m_cacheFolder);
+        m_ownProfile.Take();
+        m_profile = MakeProfile(m_ownProfile.Folder(), m_ownProfile.CacheFolder());
         if (ProfileMade) ProfileMade(*m_profile->Get());
     }
     return m_profile->Get();

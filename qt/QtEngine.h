@@ -25,6 +25,7 @@ class QWebEnginePage;
 class QWebEngineProfile;
 class QtBrowserView;
 class QtDialogScheme;
+class QtInstanceProfile;
 class QtPage;
 class QtProfile;
 class QtStartPage;
@@ -35,8 +36,9 @@ class QtStartPage;
 /// views brought to the front only the last.
 class QtEngine final : public QObject, public BrowserViewFactory {
 public:
-    /// Pages are children of `pageArea`. `profileFolder` and `cacheFolder` are made when the engine starts.
-    QtEngine(QWidget* pageArea, QString profileFolder, QString cacheFolder);
+    /// Pages are children of `pageArea`. What they store goes into `ownProfile`, which is taken with the first of them
+    /// and outlives the engine.
+    QtEngine(QWidget* pageArea, QtInstanceProfile& ownProfile);
     ~QtEngine() override;
 
     std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) override;
@@ -147,7 +149,8 @@ private:
     [[nodiscard]] bool HasPrivateView() const;
 
     QPointer<QWidget> m_pageArea;
-    QString m_profileFolder, m_cacheFolder, m_token;
+    QtInstanceProfile& m_ownProfile;
+    QString m_token;
     std::unique_ptr<QtProfile> m_profile, m_private;
     int m_privatePages = 0;
     std::vector<QPointer<QtPage>> m_ending; ///< pages that were there last when theirs ended

@@ -3,11 +3,9 @@
 #include "qt/QtBrowsingData.h"
 #include "qt/QtDialogScheme.h"
 #include "qt/QtEngineVersions.h"
-#include "qt/QtPathBytes.h"
 #include "qt/QtResources.h"
 #include "qt/QtStartPage.h"
 
-#include <QDir>
 #include <QFile>
 #include <QWebEngineDownloadRequest>
 #include <QWebEnginePage>
@@ -17,13 +15,6 @@
 #include <QWebEngineSettings>
 
 namespace {
-
-// Not held when another process holds it or the folder cannot be made.
-FileLock LockFolder(const QString& folder) {
-    if (folder.isEmpty() || !QDir().mkpath(folder)) return {};
-    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    return FileLock(PathBytes(folder + QStringLiteral("/lock")), {});
-}
 
 // Runs in every frame, in a world of its own that the page cannot see. The engine has no signal for frames, so each
 // reports itself.
@@ -40,10 +31,8 @@ constexpr auto kPageScript = "console.debug('%1 page ' + location.href);";
 } // namespace
 
 QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QString& token)
-    : m_lock(LockFolder(folder)),
-      m_startPage(std::make_unique<QtStartPage>()),
-      m_dialogs(std::make_unique<QtDialogScheme>()) {
-    if (m_lock.Held()) {
+    : m_startPage(std::make_unique<QtStartPage>()), m_dialogs(std::make_unique<QtDialogScheme>()) {
+    if (!folder.isEmpty()) {
         QtBrowsingData::ForgetSites(folder);
         // The engine's own list of what sites may do, which nobody here could look at or change.
         QFile::remove(folder + QStringLiteral("/permissions.json"));

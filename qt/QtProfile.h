@@ -1,5 +1,4 @@
 #pragma once
-#include "common/FileLock.h"
 #include "qt/QtLoadSwitches.h"
 
 #include <QString>
@@ -12,11 +11,12 @@ class QWebEngineProfile;
 class QtDialogScheme;
 class QtStartPage;
 
-/// The engine's profile: cookies, storage and cache of all pages. Kept on disk by the one process that holds the
-/// lock on its folder; a further instance, or one whose folder cannot be written, keeps its profile in memory.
+/// The engine's profile: cookies, storage and cache of all pages.
 class QtProfile {
 public:
-    /// `token` marks the lines that our script in the pages writes.
+    /// In memory without a folder, or when the engine cannot use it. No other process may use the folder meanwhile, see
+    /// `QtInstanceProfile`. `token` marks the lines that our script in
+    /// the pages writes.
     QtProfile(const QString& folder, const QString& cacheFolder, const QString& token);
     ~QtProfile();
 
@@ -36,7 +36,6 @@ private:
     void InstallInputWatch(const QString& token);
     void ApplySettings();
 
-    FileLock m_lock; ///< held until the profile has ended
     QtLoadSwitches m_loads;
     std::unique_ptr<QtStartPage> m_startPage;
     std::unique_ptr<QtDialogScheme> m_dialogs;

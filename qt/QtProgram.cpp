@@ -80,6 +80,8 @@ void QtProgram::WireWindow() {
     };
     m->window.QueryUnload = [&main] { return main.Form_QueryUnload(); };
     m->window.Unload = [this, &main] {
+        // Before the next start can no longer be handed over to this one.
+        m->ownProfile->Leave();
         m->devTools.Close();
         main.Form_Unload();
         // Not quit(), which any window that does not want to close, a dialog say, can refuse.

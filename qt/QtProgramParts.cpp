@@ -1,6 +1,7 @@
 #include "qt/QtProgramParts.h"
 
 #include "pages/DecidedSites.h"
+#include "pages/InstanceProfiles.h"
 #include "qt/QtAbout.h"
 #include "qt/QtAddFavorite.h"
 #include "qt/QtBuildInfo.h"
@@ -55,8 +56,7 @@ QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
       channel(folders.state),
       sessions(folders.state + QStringLiteral("/sessions")),
       layout(folders.program),
-      browsingData(folders.data),
-      engine(window.PageArea(), folders.data, folders.cache),
+      engine(window.PageArea(), ownProfile.emplace(folders.data, folders.cache)),
       main({.window = window,
             .views = engine,
             .settings = settings,
@@ -156,7 +156,16 @@ void QtProgram::Parts::ApplyInternetOptions() {
 void QtProgram::Parts::TakeProfile(QWebEngineProfile& made) {
     browsingData.Watch(made);
     profile = &made;
+    TellProfile();
     Follow(made);
+}
+
+void QtProgram::Parts::TellProfile() {
+    const auto words = InstanceProfiles::WordsFor(profile->isOffTheRecord() ? 0 : ownProfile->Number());
+    main.sbStatus.ProfileTip = words.Tip;
+    main.sbStatus.Profile = words.Sign;
+    if (words.Notice.empty()) return;
+    profile->isOffTheRecord() ? statusBar.Complain(ToQt(words.Notice)) : statusBar.Notice(ToQt(words.Notice));
 }
 
 // Nothing of it is noted anywhere.

@@ -18,6 +18,7 @@
 #include "qt/QtFolderWatch.h"
 #include "qt/QtFolders.h"
 #include "qt/QtInstanceChannel.h"
+#include "qt/QtInstanceProfile.h"
 #include "qt/QtKeys.h"
 #include "qt/QtLatinKeys.h"
 #include "qt/QtLayoutFile.h"
@@ -64,11 +65,14 @@ struct QtProgram::Parts {
     void ApplyLoadOptions();
     void ApplyInternetOptions();
     void TakeProfile(QWebEngineProfile& made);
+    void TellProfile();
     void TakePrivateProfile(QWebEngineProfile& made);
     void Follow(QWebEngineProfile& made);
     [[nodiscard]] ServiceTemplates Services();
 
     QtProgram& program;
+    // Outlives the engine, which ends with the application.
+    std::optional<QtInstanceProfile> ownProfile;
     QApplication qt;
     // Ends after everything that saves something: a second signal must not cut that short.
     std::optional<QtSignals> signals;

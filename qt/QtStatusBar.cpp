@@ -17,7 +17,11 @@ constexpr std::size_t kMostShownText = 1000;
 } // namespace
 
 QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
-    : QStatusBar(parent), m_bar(bar), m_stopAll(new QPushButton(this)), m_zoom(new QLabel(this)) {
+    : QStatusBar(parent),
+      m_bar(bar),
+      m_stopAll(new QPushButton(this)),
+      m_zoom(MakeLabel(QStringLiteral("lblZoom"))),
+      m_profile(MakeLabel(QStringLiteral("lblProfile"))) {
     setObjectName(QStringLiteral("sbStatus"));
     setAccessibleName(QStringLiteral("Status"));
     setSizeGripEnabled(false);
@@ -30,14 +34,18 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
     Bind(m_bar.StopAll, *m_stopAll, QStringLiteral("cmdStopAll"));
     m_stopAll->setFocusPolicy(Qt::TabFocus);
     m_stopAll->setAutoFillBackground(true);
-    m_zoom->setObjectName(QStringLiteral("lblZoom"));
-    m_zoom->setTextFormat(Qt::PlainText);
-    m_zoom->setAutoFillBackground(true);
     Measure();
     m_bar.Zoom.Attach([this](const Text& text) {
         m_zoom->setText(ToQt(text));
         m_zoom->setAccessibleName(QStringLiteral("Text size %1").arg(m_zoom->text()));
         m_zoom->setVisible(!text.empty());
+        LayParts();
+    });
+    m_bar.Profile.Attach([this](const Text& text) {
+        m_profile->setText(ToQt(text));
+        m_profile->setToolTip(ToQt(m_bar.ProfileTip));
+        m_profile->setAccessibleDescription(m_profile->toolTip());
+        m_profile->setVisible(!text.empty());
         LayParts();
     });
     m_bar.SimpleText.Attach([this](const Text&) {
@@ -52,7 +60,16 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
 QtStatusBar::~QtStatusBar() {
     m_bar.SimpleText.Attach({});
     m_bar.Zoom.Attach({});
+    m_bar.Profile.Attach({});
     m_bar.Visible.Attach({});
+}
+
+QLabel* QtStatusBar::MakeLabel(const QString& name) {
+    auto* label = new QLabel(this);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setAutoFillBackground(true);
+    return label;
 }
 
 void QtStatusBar::changeEvent(QEvent* event) {
@@ -80,6 +97,7 @@ void QtStatusBar::LayParts() {
         part.setGeometry(right - wanted, 1, wanted, height() - 2);
         if (!part.isHidden()) right -= wanted + kPadding;
     };
+    lay(*m_profile);
     lay(*m_zoom);
     lay(*m_stopAll);
 }

@@ -36,6 +36,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    QLabel* MakeLabel(const QString& name);
     void FollowVisible();
     void LayParts();
     void ShowText();
@@ -44,7 +45,7 @@ private:
 
     StatusBar& m_bar;
     QPushButton* m_stopAll;
-    QLabel* m_zoom;
+    QLabel *m_zoom, *m_profile;
     QString m_notice;
     QStringList m_complaints;
     QTimer m_textTimer, m_noticeTimer;

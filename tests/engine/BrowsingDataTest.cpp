@@ -38,7 +38,7 @@ protected:
     ProfileFolder folder;
     LocalServer server;
     qint64 now = 1000000;
-    QtBrowsingData data{QString()};
+    QtBrowsingData data;
     QPointer<QWebEngineProfile> profile;
     // On disk, as the program's own is: one in memory forgets all visited links at once.
     EngineView desk{folder.dir.path()};
@@ -182,7 +182,8 @@ TEST(SiteData, IsForgottenBeforeTheEngineOpensItWhenItWasAskedForAtTheEnd) {
     EXPECT_TRUE(files.exists(QStringLiteral("IndexedDB"))) << "nobody asked";
     {
         QWebEngineProfile profile;
-        QtBrowsingData browsing(folder.path());
+        QtBrowsingData browsing;
+        browsing.KeepIn(folder.path());
         browsing.Clear({.siteData = true}, profile, Nobody);
     }
     QtBrowsingData::ForgetSites(folder.path());
@@ -196,7 +197,8 @@ TEST(SiteData, IsForgottenBeforeTheEngineOpensItWhenItWasAskedForAtTheEnd) {
 TEST(SiteData, ThatIsGoneAlreadyIsNotForgottenAgainAtTheNextStart) {
     const QTemporaryDir folder;
     QWebEngineProfile profile;
-    QtBrowsingData browsing(folder.path());
+    QtBrowsingData browsing;
+    browsing.KeepIn(folder.path());
     bool done = false;
     browsing.Clear({.siteData = true}, profile, [&](Cleared cleared) { done = cleared == Cleared::Yes; });
     EXPECT_FALSE(QDir(folder.path()).isEmpty());
@@ -210,7 +212,8 @@ TEST(SiteData, ThatIsGoneAlreadyIsNotForgottenAgainAtTheNextStart) {
 
 TEST(SiteData, ThatCannotBeMarkedForTheNextStartIsForgottenNowAndTheFailureCounts) {
     QWebEngineProfile profile;
-    QtBrowsingData browsing(QStringLiteral("/nowhere/engine"));
+    QtBrowsingData browsing;
+    browsing.KeepIn(QStringLiteral("/nowhere/engine"));
     const std::size_t before = SkippedSteps();
     std::optional<Cleared> cleared;
     browsing.Clear({.siteData = true}, profile, [&](Cleared told) { cleared = told; });

@@ -86,7 +86,8 @@ void EventRecorder::Add(const QString& kind, PageLevel level, TextView URL) {
     lines << kind + (level == PageLevel::Frame ? QStringLiteral("frame:") : QStringLiteral(":")) + place;
 }
 
-EngineView::EngineView(const QString& profileFolder) : engine(&window, profileFolder, profileFolder) {
+EngineView::EngineView(const QString& profileFolder)
+    : ownProfile(profileFolder, profileFolder), engine(&window, ownProfile) {
     window.resize(800, 600);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));

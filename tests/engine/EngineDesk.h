@@ -1,6 +1,7 @@
 #pragma once
 #include "mainwindow/frmMain.h"
 #include "qt/QtEngine.h"
+#include "qt/QtInstanceProfile.h"
 #include "tests/engine/LocalServer.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeDownloads.h"
@@ -86,6 +87,7 @@ public:
     /// Moves the pointer there.
     void PointAt(const QString& elementId);
 
+    QtInstanceProfile ownProfile;
     QWidget window;
     QtEngine engine;
     EventRecorder events;
@@ -121,6 +123,7 @@ public:
     FakeFolderWatch folderWatch;
     FakeTrash trash;
     FakeDownloads downloads;
-    QtEngine engine{&window, {}, {}};
+    QtInstanceProfile ownProfile{{}, {}};
+    QtEngine engine{&window, ownProfile};
     std::unique_ptr<frmMain> main;
 };

@@ -45,7 +45,8 @@ TEST(Mail, ALinkIsSentWholeWhateverThePagesTitleIs) {
 TEST(Mail, NothingIsOpenedBeforeTheEngineStarts) {
     MailProgram mail;
     QWidget window;
-    QtEngine engine(&window, {}, {});
+    QtInstanceProfile ownProfile({}, {});
+    QtEngine engine(&window, ownProfile);
     EventRecorder events;
     auto view = engine.Create(1, events, Privacy::Ordinary);
     EXPECT_EQ(view->Navigate(u"mailto:a@b.example"), Outcome::Done);

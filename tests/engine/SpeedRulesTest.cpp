@@ -21,7 +21,8 @@ std::vector<QString> Pages(LocalServer& server, int count) {
 
 TEST(SpeedRules, AViewCostsNothingBeforeTheEngineStarts) {
     QWidget window;
-    QtEngine engine(&window, {}, {});
+    QtInstanceProfile ownProfile({}, {});
+    QtEngine engine(&window, ownProfile);
     EventRecorder events;
     const auto view = engine.Create(1, events, Privacy::Ordinary);
     EXPECT_EQ(view->Navigate(u"http://127.0.0.1:1/"), Outcome::Done);

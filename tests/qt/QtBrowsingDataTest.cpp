@@ -19,7 +19,9 @@ TEST(QtBrowsingData, ItsNotesComeBackAndAreTheUsersAlone) {
     const std::string notes = "100 a.example / name\n";
     ASSERT_EQ(::chmod(folder.Write("cookie-times", notes).c_str(), 0644), 0);
     const std::size_t before = SkippedSteps();
-    QtBrowsingData(PathOfNotes(folder)).Save();
+    QtBrowsingData data;
+    data.KeepIn(PathOfNotes(folder));
+    data.Save();
     EXPECT_EQ(folder.Read("cookie-times"), "100 a.example %2F name\n");
     struct stat facts {};
     ASSERT_EQ(::stat(folder.Path("cookie-times").c_str(), &facts), 0);
@@ -30,7 +32,8 @@ TEST(QtBrowsingData, ItsNotesComeBackAndAreTheUsersAlone) {
 TEST(QtBrowsingData, NotesThatFindNoRoomLeaveThoseOfTheLastTimeAndCount) {
     const TemporaryFolder folder;
     folder.Write("cookie-times", "100 a.example / name\n");
-    QtBrowsingData data(PathOfNotes(folder));
+    QtBrowsingData data;
+    data.KeepIn(PathOfNotes(folder));
     const std::size_t before = SkippedSteps();
     {
         const FullDisk full;

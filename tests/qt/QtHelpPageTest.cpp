@@ -1,5 +1,6 @@
 #include "commands/DesignTimeBar.h"
 #include "commands/ToolNames.h"
+#include "pages/InstanceProfiles.h"
 #include "qt/QtText.h"
 #include "settings/frmInternetOptions.h"
 #include "settings/frmSettings.h"
@@ -53,6 +54,10 @@ TEST_F(QtHelpPageTest, EverySettingIsExplained) {
     const frmInternetOptions options(settings, {});
     ExpectSays(ToQt(options.Caption));
     ExpectSays(ToQt(options.cmdClear.Caption()));
+}
+
+TEST_F(QtHelpPageTest, WhatAWindowSaysOfItsProfileIsExplained) {
+    for (const int number : {0, 2}) ExpectSays(ToQt(InstanceProfiles::WordsFor(number).Sign));
 }
 
 TEST_F(QtHelpPageTest, EveryLinkOfTheContentsLeadsToAChapterAndEveryChapterIsListed) {

@@ -86,4 +86,19 @@ TEST_F(QtStatusBarTest, SaysHowLargeTheTextIsAtItsEnd) {
     EXPECT_TRUE(zoom->isHidden());
 }
 
+TEST_F(QtStatusBarTest, SaysWhichProfileTheWindowHasAtItsEnd) {
+    m_widget.resize(600, 26);
+    m_widget.show();
+    auto* profile = m_widget.findChild<QLabel*>(QStringLiteral("lblProfile"));
+    EXPECT_TRUE(profile->isHidden());
+    m_bar.ProfileTip = u"What that means";
+    m_bar.Profile = u"Profile 2";
+    EXPECT_TRUE(profile->isVisible());
+    EXPECT_EQ(profile->text(), u"Profile 2");
+    EXPECT_EQ(profile->toolTip(), u"What that means");
+    EXPECT_EQ(profile->accessibleDescription(), u"What that means");
+    m_bar.Zoom = u"125 %";
+    EXPECT_FALSE(profile->geometry().intersects(m_widget.findChild<QLabel*>(QStringLiteral("lblZoom"))->geometry()));
+}
+
 } // namespace

@@ -1,0 +1,35 @@
+#pragma once
+#include "common/Text.h"
+
+#include <functional>
+
+/// The engine's profiles: one for each instance of the program that runs at the same time, so that two never write to
+/// one. They last: an instance has the lowest that is free when it starts, which is that of the one before it.
+namespace InstanceProfiles {
+
+/// What became of the wish to have a profile for oneself.
+enum class Claim {
+    Held,
+    TakenByAnother, ///< another instance has it
+    Impossible      ///< it has no folder and can have none
+};
+
+/// Nobody has more windows of the program.
+inline constexpr int kMost = 100;
+
+/// The number of the first profile that `claim` holds, from 1 on; 0 when one is impossible or all are taken.
+[[nodiscard]] int Lowest(const std::function<Claim(int number)>& claim);
+
+/// What a profile's name ends in: nothing for the first, else "-2" and so on.
+[[nodiscard]] Text Suffix(int number);
+
+/// What a window says of its profile; all empty for the first, which is what everybody expects.
+struct Words {
+    Text Sign;   ///< stands in the window for good
+    Text Tip;    ///< what the sign means
+    Text Notice; ///< said once
+};
+/// 0 for a profile in memory, which is to be none.
+[[nodiscard]] Words WordsFor(int number);
+
+} // namespace InstanceProfiles

@@ -1,0 +1,69 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtBrowsingData.h"
+#include "tests/engine/EngineDesk.h"
+
+#include <QDir>
+#include <QFile>
+#include <QWebEngineProfile>
+
+namespace {
+
+class InstanceProfileTest : public testing::Test {
+protected:
+    void SetUp() override { server.Page(QStringLiteral("/page"), "<title>page</title><p>words</p>"); }
+    void Load(EngineView& desk) { desk.Load(server.Address(QStringLiteral("/page"))); }
+
+    ProfileFolder folder;
+    QString first = folder.dir.filePath(QStringLiteral("engine"));
+    LocalServer server;
+};
+
+TEST_F(InstanceProfileTest, AFurtherInstanceKeepsWhatPagesStoreTooApartFromTheFirst) {
+    EngineView one(first), two(first);
+    Load(one);
+    Load(two);
+    EXPECT_EQ(one.engine.Profile()->persistentStoragePath(), first);
+    EXPECT_EQ(two.engine.Profile()->persistentStoragePath(), first + QStringLiteral("-2"));
+    EXPECT_FALSE(two.engine.Profile()->isOffTheRecord());
+    one.Script(QStringLiteral("document.cookie = 'whose=first; max-age=9999'; localStorage.whose = 'first'"));
+    EXPECT_EQ(one.Script(QStringLiteral("document.cookie")), u"whose=first");
+    Load(two);
+    EXPECT_EQ(two.Script(QStringLiteral("document.cookie + (localStorage.whose || '')")), u"");
+}
+
+TEST_F(InstanceProfileTest, ClearingForgetsWhatThisInstanceKeepsAndNoOther) {
+    QtBrowsingData itsOwn;
+    EngineView one(first), two(first);
+    two.engine.ProfileMade = [&](QWebEngineProfile& made) { itsOwn.Watch(made); };
+    for (EngineView* each : {&one, &two}) {
+        Load(*each);
+        each->Script(QStringLiteral("document.cookie = 'kept=1; max-age=9999'"));
+        EXPECT_EQ(each->Script(QStringLiteral("document.cookie")), u"kept=1");
+    }
+    itsOwn.Clear({.cookies = true}, *two.engine.Profile(), [](Cleared) {});
+    EXPECT_TRUE(WaitUntil([&] { return two.Script(QStringLiteral("document.cookie")).isEmpty(); }));
+    EXPECT_EQ(one.Script(QStringLiteral("document.cookie")), u"kept=1");
+    itsOwn.Save();
+    EXPECT_TRUE(QFile::exists(first + QStringLiteral("-2/cookie-times")));
+    EXPECT_FALSE(QFile::exists(first + QStringLiteral("/cookie-times")));
+}
+
+TEST_F(InstanceProfileTest, APrivatePageOfAFurtherInstanceKeepsNothing) {
+    EngineView one(first), two(first);
+    Load(one);
+    two.Replace(Privacy::Private);
+    Load(two);
+    EXPECT_TRUE(two.engine.Profile(Privacy::Private)->isOffTheRecord());
+}
+
+TEST_F(InstanceProfileTest, WithoutAFolderPagesAreShownAndNothingIsKept) {
+    QFile inTheWay(first);
+    ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
+    EngineView desk(first);
+    Load(desk);
+    EXPECT_TRUE(desk.engine.Profile()->isOffTheRecord());
+    EXPECT_EQ(desk.ownProfile.Number(), 0);
+    EXPECT_EQ(inTheWay.size(), 0);
+}
+
+} // namespace
