@@ -2,12 +2,17 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 
-QtCaptureBar::QtCaptureBar(QWidget* parent) : QWidget(parent), m_words(new QLabel(this)) {
-    setObjectName(QStringLiteral("captureBar"));
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::AlternateBase);
+namespace {
+constexpr QColor kCaptureMark(224, 49, 49);
+constexpr int kCaptureMarkSize = 10;
+constexpr int kCaptureMarkPlace = 26; // from the bar's edge to its words
+} // namespace
+
+QtCaptureBar::QtCaptureBar(QWidget* parent)
+    : QtPageBar(QStringLiteral("captureBar"), parent), m_words(new QLabel(this)) {
     m_words->setObjectName(QStringLiteral("lblCaptures"));
     m_words->setTextFormat(Qt::PlainText);
     m_words->setWordWrap(true);
@@ -21,10 +26,21 @@ QtCaptureBar::QtCaptureBar(QWidget* parent) : QWidget(parent), m_words(new QLabe
         if (Stop) Stop();
     });
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(8, 4, 8, 4);
+    row->setContentsMargins(kCaptureMarkPlace, 4, 8, 4);
     row->addWidget(m_words, 1);
     row->addWidget(stop);
     hide();
+}
+
+// The mark that cameras themselves have.
+void QtCaptureBar::paintEvent(QPaintEvent* event) {
+    QtPageBar::paintEvent(event);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(kCaptureMark);
+    painter.drawEllipse(QRectF((kCaptureMarkPlace - kCaptureMarkSize) / 2.0, (height() - kCaptureMarkSize) / 2.0,
+                               kCaptureMarkSize, kCaptureMarkSize));
 }
 
 void QtCaptureBar::Tell(const QStringList& captures) {

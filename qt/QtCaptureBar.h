@@ -1,12 +1,12 @@
 #pragma once
+#include "qt/QtPageBar.h"
 #include <QStringList>
-#include <QWidget>
 #include <functional>
 
 class QLabel;
 
 /// The bar above the page that is there for as long as any page, also one behind, may see or hear its user.
-class QtCaptureBar final : public QWidget {
+class QtCaptureBar final : public QtPageBar {
     Q_OBJECT
 
 public:
@@ -19,6 +19,9 @@ public:
     std::function<void()> Stop;
     /// The bar was shown or hidden, or needs other room.
     std::function<void()> Changed;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QLabel* m_words;

@@ -1,5 +1,7 @@
 #include "qt/QtDialogCover.h"
 
+#include "qt/QtAddressLabel.h"
+
 #include <QApplication>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -43,6 +45,12 @@ QLabel* QtDialogCover::AddWords(const QString& text, const char* name) {
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_column->addWidget(label);
     return label;
+}
+
+void QtDialogCover::AddAddress(const QString& address) {
+    auto* label = new QtAddressLabel(address, m_panel);
+    label->setObjectName(QStringLiteral("lblAddress"));
+    m_column->addWidget(label);
 }
 
 QLabel* QtDialogCover::AddHeading(const QString& text) {

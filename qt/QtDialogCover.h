@@ -30,6 +30,8 @@ protected:
     [[nodiscard]] QVBoxLayout* Column() const { return m_column; }
     /// Plain text with the lines that it has.
     QLabel* AddWords(const QString& text, const char* name);
+    /// An address, whole, however long it is. Its label is "lblAddress".
+    void AddAddress(const QString& address);
     QLabel* AddHeading(const QString& text);
     /// The buttons, last of all. `cancel` may be empty: then Escape answers too.
     void AddButtons(const QString& accept, const QString& cancel, DefaultAnswer byDefault = DefaultAnswer::Accept);

@@ -29,7 +29,7 @@ public:
     Question(const QUrl& url, const QString& heading, const QString& holder) {
         setObjectName(QStringLiteral("externalDialog"));
         AddHeading(heading);
-        AddWords(ShownAddress(url), "lblAddress");
+        AddAddress(ShownAddress(url));
         if (!holder.isEmpty()) OfferToRemember(url, holder);
         // What leaves the browser leaves it by a decision, not by a key that was pressed for something else.
         AddButtons(QStringLiteral("&Open"), QStringLiteral("&Cancel"), DefaultAnswer::Cancel);
@@ -54,7 +54,7 @@ public:
     explicit NoProgram(const QUrl& url) {
         setObjectName(QStringLiteral("externalDialog"));
         AddHeading(QStringLiteral("No program opens this address."));
-        AddWords(ShownAddress(url), "lblAddress");
+        AddAddress(ShownAddress(url));
         AddWords(
             QStringLiteral("This desktop has no program for addresses that begin with \"%1:\".").arg(ShownScheme(url)),
             "lblHolds");

@@ -31,7 +31,10 @@ public:
 } // namespace
 
 QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent, QtAnswerGuard::Clock clock)
-    : QWidget(parent), m_questions(questions), m_words(new QLabel(this)), m_remember(new QCheckBox(this)) {
+    : QtPageBar(QStringLiteral("questionBar"), parent),
+      m_questions(questions),
+      m_words(new QLabel(this)),
+      m_remember(new QCheckBox(this)) {
     auto* choices = new FreshChoices(this);
     m_choices = choices;
     choices->setObjectName(QStringLiteral("cboChoices"));
@@ -42,9 +45,6 @@ QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent, QtAnswer
         const auto* question = m_questions.Current();
         if (question && question->Choose) question->Choose(static_cast<std::size_t>(choice));
     });
-    setObjectName(QStringLiteral("questionBar"));
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::AlternateBase);
     m_words->setObjectName(QStringLiteral("lblQuestion"));
     m_words->setTextFormat(Qt::PlainText);
     m_words->setWordWrap(true);

@@ -1,8 +1,8 @@
 #pragma once
 #include "pages/PageQuestions.h"
 #include "qt/QtAnswerGuard.h"
+#include "qt/QtPageBar.h"
 
-#include <QWidget>
 #include <vector>
 
 class QCheckBox;
@@ -14,7 +14,7 @@ class QPushButton;
 /// The bar above a page that shows what the page wants and takes the user's answer. It never takes the keyboard from
 /// the page by itself: F6 brings it there, Escape dismisses the question. What is held down or clicked when a question
 /// comes up does not answer it.
-class QtQuestionBar final : public QWidget {
+class QtQuestionBar final : public QtPageBar {
     Q_OBJECT
 
 public:

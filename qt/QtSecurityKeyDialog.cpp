@@ -15,6 +15,7 @@ using QtEngineVersions::KeyStep;
 namespace {
 constexpr std::size_t kLongestAccount = 120;
 constexpr int kMostAccountsShown = 6;
+constexpr int kAccountPadding = 6;
 const QString kCancelWord = QStringLiteral("Cancel");
 } // namespace
 
@@ -45,9 +46,15 @@ void QtSecurityKeyDialog::AskForAccount(const QtEngineVersions::SecurityKeyState
     m_accounts = new QListWidget(this);
     m_accounts->setObjectName(QStringLiteral("lstAccounts"));
     m_accounts->setAccessibleName(QStringLiteral("Accounts"));
+    // A name's end tells as much as its beginning, and a scroll bar would hide a row.
+    m_accounts->setTextElideMode(Qt::ElideMiddle);
+    m_accounts->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const QSize size(0, m_accounts->fontMetrics().height() + kAccountPadding);
     for (const QString& account : state.Accounts) {
         auto* row = new QListWidgetItem(ToQt(PlainLine(FromQt(account), kLongestAccount)), m_accounts);
         row->setData(Qt::UserRole, account);
+        row->setToolTip(row->text());
+        row->setSizeHint(size);
     }
     m_accounts->setCurrentRow(0);
     const int rows = std::clamp(m_accounts->count(), 1, kMostAccountsShown);

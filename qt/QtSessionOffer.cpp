@@ -4,10 +4,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-QtSessionOffer::QtSessionOffer(QWidget* parent) : QWidget(parent), m_text(new QLabel(this)) {
-    setObjectName(QStringLiteral("sessionOffer"));
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::AlternateBase);
+QtSessionOffer::QtSessionOffer(QWidget* parent)
+    : QtPageBar(QStringLiteral("sessionOffer"), parent), m_text(new QLabel(this)) {
     m_text->setTextFormat(Qt::PlainText);
     auto* reopen = new QPushButton(QStringLiteral("&Reopen"), this);
     auto* all = new QPushButton(QStringLiteral("Show &All..."), this);

@@ -1,5 +1,5 @@
 #pragma once
-#include <QWidget>
+#include "qt/QtPageBar.h"
 #include <functional>
 
 class QLabel;
@@ -7,7 +7,7 @@ class QPushButton;
 
 /// The bar above the page that offers to reopen the pages of a session that ended badly. It waits for as long as the
 /// user likes.
-class QtSessionOffer final : public QWidget {
+class QtSessionOffer final : public QtPageBar {
     Q_OBJECT
 
 public:

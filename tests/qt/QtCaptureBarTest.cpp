@@ -28,4 +28,15 @@ TEST(CaptureBar, IsThereForAsLongAsThereIsSomethingToTell) {
     EXPECT_TRUE(bar.isHidden());
 }
 
+TEST(CaptureBar, CatchesTheEyeAndIsPartedFromWhatIsBelow) {
+    QtCaptureBar bar(nullptr);
+    bar.Tell({QStringLiteral("a.example may use your camera.")});
+    bar.resize(500, 40);
+    const QImage picture = bar.grab().toImage();
+    const QColor ground = picture.pixelColor(2, 2), mark = picture.pixelColor(13, 20);
+    EXPECT_GT(mark.red(), 2 * mark.green());
+    EXPECT_NE(mark, ground);
+    EXPECT_NE(picture.pixelColor(250, picture.height() - 1), ground);
+}
+
 } // namespace

@@ -108,6 +108,16 @@ TEST_F(SecurityKeys, AnAccountIsChosenByItsOwnNameHoweverItIsShown) {
     EXPECT_EQ(told, "account bob\nbob;");
 }
 
+TEST_F(SecurityKeys, ALongAccountHidesNoOther) {
+    state.Accounts = {QStringLiteral("ann"), QString(100, u'w'), QStringLiteral("cleo")};
+    Begin(KeyStep::ChooseAccount);
+    const auto* accounts = Find<QListWidget>("lstAccounts");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return accounts->isVisible() && accounts->viewport()->width() > 200; }));
+    const QRect last = accounts->visualItemRect(accounts->item(2));
+    EXPECT_TRUE(accounts->viewport()->rect().contains(last)) << "a scroll bar would";
+    EXPECT_EQ(accounts->item(1)->toolTip(), QString(100, u'w'));
+}
+
 TEST_F(SecurityKeys, TheFirstAccountIsChosenWhenNothingElseIs) {
     state.Accounts = {QStringLiteral("ann"), QStringLiteral("bob")};
     Begin(KeyStep::ChooseAccount);

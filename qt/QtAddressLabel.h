@@ -1,0 +1,17 @@
+#pragma once
+#include <QLabel>
+
+/// Shows an address whole: one word without a blank, broken wherever a line is full.
+class QtAddressLabel final : public QLabel {
+    Q_OBJECT
+
+public:
+    QtAddressLabel(const QString& address, QWidget* parent);
+
+    [[nodiscard]] int heightForWidth(int width) const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
