@@ -214,7 +214,7 @@ protected:
 };
 
 TEST_F(LoginsOfBoth, AnAnswerForHttpsThatWasCutOffIsNotGivenToHttp) {
-    AskByHttps();
+    ASSERT_NO_FATAL_FAILURE(AskByHttps());
     both.Answer(kSecret, [](const QByteArray&) { return QByteArray("\r\n"); });
     desk.events.Take();
     Answer(QStringLiteral("mole"), QStringLiteral("burrow"));
@@ -223,7 +223,7 @@ TEST_F(LoginsOfBoth, AnAnswerForHttpsThatWasCutOffIsNotGivenToHttp) {
 }
 
 TEST_F(LoginsOfBoth, AnAnswerForHttpsThatIsStillOnItsWayIsNotGivenToHttp) {
-    AskByHttps();
+    ASSERT_NO_FATAL_FAILURE(AskByHttps());
     const auto before = both.requests.count(kSecret);
     both.Answer(kSecret, [](const QByteArray&) { return QByteArray(); });
     both.KeepOpen(kSecret);

@@ -267,6 +267,8 @@ TEST_F(SleepingTabs, SleepWithWhatWasTakenBackOrSent) {
     EXPECT_TRUE(HoldsInput(false));
     Type(QStringLiteral("text"), QStringLiteral("said in a chat"));
     ASSERT_TRUE(HoldsInput(true));
+    // The page hears of the last letter later than of the first.
+    ASSERT_TRUE(WaitUntil([&] { return Script(QStringLiteral("text.value")) == u"said in a chat"; }));
     Script(QStringLiteral("text.value = ''; 1"));
     EXPECT_TRUE(FallsAsleep()) << "the page has sent it and emptied its box";
 }
