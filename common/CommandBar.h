@@ -141,6 +141,8 @@ public:
     void Popup(TextView band);
     /// Gives the keyboard to a box on a band.
     void FocusTool(TextView band, TextView tool);
+    /// Gives the keyboard to a box, on whatever toolbar it stands.
+    void FocusBox(const Tool& box);
     /// Has the view lay the toolbars out anew, now.
     void RecalcLayout();
 
@@ -189,7 +191,6 @@ public:
 private:
     void Keep(std::shared_ptr<Tool> tool);
     [[nodiscard]] Tool* ToolFor(KeyStroke key) const;
-    void FocusBox(const Tool& box);
     void TellOf(BandKind kind) const;
 
     std::vector<std::shared_ptr<Tool>> m_tools;

@@ -25,4 +25,10 @@ KeyUsed Form_KeyDown(frmMain& main, KeyStroke key) {
 
 KeyUsed Form_KeyUp(frmMain& main, KeyStroke key) { return main.actBar.KeyUp(key); }
 
+void Form_Type(frmMain& main) {
+    const auto* view = main.Tabs.CurrentView();
+    const auto* address = main.AddressCombo();
+    if (view && address && view->Control->Blank()) main.actBar.FocusBox(*address);
+}
+
 } // namespace MainKeyboard

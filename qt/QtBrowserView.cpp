@@ -175,6 +175,13 @@ std::string QtBrowserView::History() const {
     return bytes.toStdString();
 }
 
+bool QtBrowserView::Blank() const {
+    const QUrl blank(QString::fromUtf16(Address::kBlank.data(), static_cast<qsizetype>(Address::kBlank.size())));
+    const bool comes = m_pending || m_loading || (m_page && m_page->AwaitsAny());
+    if (m_opened || (comes && m_requested != blank)) return false;
+    return (m_committed ? m_shown : m_requested) == blank;
+}
+
 bool QtBrowserView::MayHold() const { return m_leaving && !CrashPage() && m_leaving->MayHold(); }
 
 void QtBrowserView::AskToLeave(LeaveReason why, std::function<void(bool holds)> told) {
@@ -252,6 +259,7 @@ void QtBrowserView::StartNavigation() {
         return;
     }
     const QtAddress target = *std::exchange(m_pending, std::nullopt);
+    m_opened = false;
     MakePage();
     if (ExternalSchemes::IsExternal(FromQt(target.url.scheme()))) {
         m_engine.EndNavigation(m_index);

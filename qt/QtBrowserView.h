@@ -43,6 +43,7 @@ public:
     [[nodiscard]] PageSecurity Security() const override;
     [[nodiscard]] bool Busy() const override { return m_loading; }
     [[nodiscard]] Text LocationURL() const override;
+    [[nodiscard]] bool Blank() const override;
     [[nodiscard]] bool MayHold() const override;
     void AskToLeave(LeaveReason why, std::function<void(bool holds)> told) override;
     void AskUserToLeave(std::function<void(bool leaves)> answered) override;
@@ -134,6 +135,7 @@ private:
     bool m_failed = false;      ///< what is shown is an error page
     bool m_known = false;       ///< whether it is one is known
     bool m_newDocument = false; ///< the next address is that of another document
+    bool m_opened = false;      ///< another page has opened it, and may have filled it
     bool m_late = false;        ///< the first page is overdue
     bool m_muted = false;
     bool m_previewsLater = false; ///< as soon as the page is there

@@ -161,6 +161,7 @@ void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
     supplied->m_pending.reset();
     m_engine.EndNavigation(supplied->m_index);
     supplied->m_requested = request.requestedUrl();
+    supplied->m_opened = true;
     supplied->MakePage();
     supplied->m_awaited->Expect();
     QtEngineVersions::OpenIn(request, *supplied->m_page);

@@ -90,6 +90,7 @@ void QtProgram::WireWindow() {
     main.Layout.Say = [this](TextView message) { m->statusBar.Complain(ToQt(message)); };
     m->customize.Closed = [&main] { main.Layout.Save(); };
     m->keys.Down = [&main](KeyStroke key) { return main.Form_KeyDown(key); };
+    m->typing.OverPage = [&main] { MainKeyboard::Form_Type(main); };
     m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
     m->settings.SetReport([this](const Text& message) { m->statusBar.Complain(ToQt(message)); });
     auto& menus = m->commandBar.Menus();

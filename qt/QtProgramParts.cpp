@@ -108,6 +108,7 @@ QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
       commandBar(main.actBar, window),
       customize(main.actBar, window),
       keys(window),
+      typing(window),
       fileDrop(window),
       tabList(&strip),
       findBar(window.PageArea()),

@@ -40,6 +40,7 @@
 #include "qt/QtTabList.h"
 #include "qt/QtTabStrip.h"
 #include "qt/QtTaskView.h"
+#include "qt/QtTyping.h"
 #include "qt/QtText.h"
 #include "qt/QtTrash.h"
 
@@ -110,6 +111,7 @@ struct QtProgram::Parts {
     QtCommandBar commandBar;
     QtCustomize customize;
     QtKeys keys;
+    QtTyping typing;
     QtFileDrop fileDrop;
     QtTabList tabList;
     QtFindBar findBar;

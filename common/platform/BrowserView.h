@@ -76,6 +76,9 @@ public:
     /// address that it is to load. Without a user's name and password.
     [[nodiscard]] virtual Text LocationURL() const = 0;
 
+    /// Whether a blank page is shown with nothing in it, and nothing else is to come.
+    [[nodiscard]] virtual bool Blank() const = 0;
+
     /// The title of the page shown.
     [[nodiscard]] virtual Text LocationName() const = 0;
     /// Nothing while the view has shown no page but a blank one. Belongs to the view.

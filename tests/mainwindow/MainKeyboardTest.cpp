@@ -17,6 +17,15 @@ protected:
     std::string focused;
 };
 
+TEST_F(MainKeyboardTest, WhatIsTypedOverABlankPageIsForTheAddressBox) {
+    desk.PageLoads(1, u"http://one/", u"One");
+    MainKeyboard::Form_Type(desk.main);
+    EXPECT_EQ(focused, "");
+    desk.main.GetNewBrowser(InFront::Yes);
+    MainKeyboard::Form_Type(desk.main);
+    EXPECT_EQ(focused, "bndAddress.cboAddress");
+}
+
 constexpr std::int32_t kCtrlShift = Keys::kCtrl | Keys::kShift;
 
 TEST_F(MainKeyboardTest, CtrlTabGoesRoundTheTabs) {

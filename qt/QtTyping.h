@@ -1,0 +1,23 @@
+#pragma once
+#include <QObject>
+#include <functional>
+
+class QWidget;
+
+/// Tells of every letter that a person is about to type or paste into a page of a window. When the keyboard is led
+/// elsewhere for that, the letter goes there too.
+class QtTyping final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The window outlives it. Works as long as it lives.
+    explicit QtTyping(QWidget& window);
+
+    std::function<void()> OverPage;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget& m_window;
+};
