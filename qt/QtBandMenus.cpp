@@ -90,6 +90,10 @@ void QtBandMenus::Popup(Band& band) {
     menu->popup(m_entryPopup ? m_at : QCursor::pos());
 }
 
+bool QtBandMenus::IsBehindEntryPopup(const QMenu& menu) const {
+    return m_entryPopup && m_entryPopup->isVisible() && m_entryPopup != &menu;
+}
+
 void QtBandMenus::HideAllBut(const QMenu* hidden) {
     for (const auto& [band, menu] : m_menus) {
         if (menu && menu != hidden) menu->hide();
@@ -124,13 +128,17 @@ bool QtBandMenus::RunBehindMenus(std::function<void()> effect) {
 bool QtBandMenus::eventFilter(QObject* watched, QEvent* event) {
     const auto* menu = qobject_cast<QMenu*>(watched);
     if (!menu) return QObject::eventFilter(watched, event);
+    // The pointer was on an entry before its pop-up came: the entry's own menu must not come up over that.
+    if (event->type() == QEvent::Timer) return IsBehindEntryPopup(*menu);
     if (event->type() == QEvent::MouseMove)
         m_actions.ReportPointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
     if (event->type() == QEvent::Leave) m_actions.ReportNoPointer();
     // Entries in one column lie where they do whatever size the menu gets; laying out thousands anew takes long.
     if (event->type() == QEvent::Resize) return menu->actions().size() > kManyEntries;
     if (event->type() == QEvent::ContextMenu) {
-        if (static_cast<QContextMenuEvent*>(event)->reason() != QContextMenuEvent::Keyboard) return false;
+        const bool keyboard = static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
+        // Asked by the mouse, a menu opens the menu of the entry at once, over what the press has brought up.
+        if (!keyboard) return IsBehindEntryPopup(*menu);
         const QRect entry = menu->actionGeometry(menu->activeAction());
         return PopupFor(menu->activeAction(), menu->mapToGlobal(entry.center()));
     }

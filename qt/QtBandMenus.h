@@ -53,6 +53,7 @@ private:
     void Fill(QMenu& menu, const Text& band);
     /// What a menu lists for a band; nothing where a separator stands.
     std::vector<QAction*> ActionsOf(const Band& band);
+    [[nodiscard]] bool IsBehindEntryPopup(const QMenu& menu) const;
     void HideAllBut(const QMenu* hidden);
     bool PopupFor(const QAction* action, QPoint at);
     bool MiddleClick(const QAction* action);

@@ -116,6 +116,11 @@ protected:
         auto* top = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         return top == menu ? nullptr : top;
     }
+    /// What the desktop sends besides the key or the click.
+    void Ask(QContextMenuEvent::Reason by) const {
+        QContextMenuEvent event(by, Place(u"folder"), menu->mapToGlobal(Place(u"folder")));
+        QApplication::sendEvent(menu, &event);
+    }
     QMenu* menu = nullptr;
 };
 
@@ -129,6 +134,31 @@ TEST_F(QtEntryMenuTest, AnEntryPopsUpWhatToDoWithItAndThenAllMenusClose) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
+/// Counts how often a widget's timers have run out.
+class TimersRunOut final : public QObject {
+public:
+    explicit TimersRunOut(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Timer) ++count;
+        return QObject::eventFilter(watched, event);
+    }
+    int count = 0;
+};
+
+TEST_F(QtEntryMenuTest, TheMenuOfAnEntryDoesNotComeUpOverWhatPopsUp) {
+    QMenu* entrys = shown->Find(u"folder")->menu();
+    const TimersRunOut delay(*menu);
+    QTest::mouseMove(menu, menu->actionGeometry(shown->Find(u"folder")).topLeft() + QPoint(3, 3));
+    ASSERT_EQ(menu->activeAction(), shown->Find(u"folder"));
+    const QMenu* popup = RightClick(u"folder");
+    ASSERT_NE(popup, nullptr);
+    Ask(QContextMenuEvent::Mouse);
+    EXPECT_FALSE(entrys->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return delay.count > 0; }));
+    EXPECT_FALSE(entrys->isVisible());
+    EXPECT_EQ(QApplication::activePopupWidget(), popup);
+}
+
 TEST_F(QtEntryMenuTest, AnEntryWithoutACommandOfItsOwnPopsUpNothing) {
     EXPECT_EQ(RightClick(u"mnuGoBack"), nullptr);
     EXPECT_EQ(clicked, "mnuGoBack;") << "the right button chooses like the left one";
@@ -136,8 +166,7 @@ TEST_F(QtEntryMenuTest, AnEntryWithoutACommandOfItsOwnPopsUpNothing) {
 
 TEST_F(QtEntryMenuTest, AnEntryPopsUpByKeyboard) {
     menu->setActiveAction(shown->Find(u"folder"));
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(menu, &event);
+    Ask(QContextMenuEvent::Keyboard);
     EXPECT_NE(QApplication::activePopupWidget(), menu);
 }
 
