@@ -6,9 +6,11 @@
 
 #include <QEvent>
 #include <QLayout>
+#include <QLibraryInfo>
 #include <QScopedValueRollback>
 #include <QTimer>
 #include <QToolBar>
+#include <QVersionNumber>
 #include <algorithm>
 #include <array>
 
@@ -170,9 +172,18 @@ std::vector<std::vector<Band*>> QtDocking::RowsOf(DockSide side) const {
     return rows;
 }
 
+// Qt 6.11 keeps the layout from before a drag for as long as the toolbar floats, and meanwhile lays out nothing:
+// neither a window that is resized nor a toolbar that is docked. Only to restore a state ends that.
+void QtDocking::Thaw() {
+    if (QLibraryInfo::version() < QVersionNumber(6, 11)) return;
+    const auto floats = [this](const Band* band) { return m_toolBars.Find(*band)->isFloating(); };
+    if (std::ranges::any_of(ToolBarBands(), floats)) m_window.restoreState(m_window.saveState());
+}
+
 void QtDocking::Read() {
     // What the program wants is not yet shown.
     if (m_scheduled) return;
+    Thaw();
     m_window.layout()->activate();
     const QScopedValueRollback reading(m_reading, true);
     std::vector<std::vector<std::vector<Band*>>> rows;

@@ -29,6 +29,7 @@ private:
     void Arrange();
     void ArrangeSide(DockSide side);
     void Float(const Band& band, QToolBar& bar);
+    void Thaw();
     void Read();
     [[nodiscard]] std::vector<std::vector<Band*>> RowsOf(DockSide side) const;
     /// Whether the toolbars know how wide their boxes want to be now.

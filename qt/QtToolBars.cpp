@@ -51,6 +51,11 @@ void Empty(QToolBar& bar) {
 
 } // namespace
 
+int QtToolBars::Still::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                 QStyleHintReturn* data) const {
+    return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+}
+
 QtToolBars::~QtToolBars() {
     for (const auto& [name, bar] : m_toolBars) {
         if (Band* band = m_bar.FindBand(name)) {
@@ -78,6 +83,7 @@ bool QtToolBars::Follow() {
 void QtToolBars::Make(Band& band) {
     auto* bar = new QToolBar(&m_window);
     bar->setObjectName(ToQt(band.Name()));
+    bar->setStyle(&m_style);
     if (QToolButton* more = MoreButton(*bar)) {
         more->setAccessibleName(QStringLiteral("More tools"));
         more->setToolTip(QStringLiteral("More tools"));

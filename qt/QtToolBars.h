@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QObject>
+#include <QProxyStyle>
 #include <map>
 
 class QLabel;
@@ -29,6 +30,14 @@ public:
     void FocusTool(const Band& band, const Tool& tool);
 
 private:
+    /// The desktop's style without animations: to Qt 6.11 a toolbar that is dropped on a side floats until the
+    /// animation is over, also where the window has none.
+    class Still final : public QProxyStyle {
+    public:
+        int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                      QStyleHintReturn* data) const override;
+    };
+
     void Make(Band& band);
     void Fill(QToolBar& bar, const Band& band);
     void AddBox(QToolBar& bar, const BandEntry& entry, QLabel* label);
@@ -41,5 +50,6 @@ private:
     QtToolActions& m_actions;
     QtBandMenus& m_menus;
     QtComboBoxes m_boxes;
+    Still m_style;
     std::map<Text, QToolBar*> m_toolBars; ///< by the band's name
 };

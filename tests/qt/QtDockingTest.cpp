@@ -61,8 +61,6 @@ protected:
         for (int step = 1; step <= 10; ++step) {
             const QPoint at = from + (to - from) * step / 10;
             QTest::mouseMove(&dragged, dragged.mapFromGlobal(window.mapToGlobal(at)));
-            // Newer toolbars look where they are in a turn of their own.
-            QCoreApplication::processEvents();
         }
         QTest::mouseRelease(&dragged, Qt::LeftButton, {}, dragged.mapFromGlobal(window.mapToGlobal(to)));
     }
@@ -133,6 +131,17 @@ TEST_F(QtDockingTest, AToolbarThatIsDraggedOffTheSidesFloatsAndComesBack) {
     Put(kGo, DockSide::Top, DockOf(kFile).Row, 1);
     EXPECT_FALSE(ToolBarOf(kGo).isWindow());
     EXPECT_EQ(Place(kGo).top(), Place(kFile).top());
+}
+
+TEST_F(QtDockingTest, AWindowIsLaidOutWhileAToolbarFloats) {
+    Drag(kGo, {450, 250});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return DockOf(kGo).Side == DockSide::Floating; }));
+    const QPoint place = ToolBarOf(kGo).pos();
+    window.resize(700, 300);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window.centralWidget()->width() == 700; }));
+    EXPECT_EQ(window.centralWidget()->geometry().bottom(), 299);
+    EXPECT_TRUE(ToolBarOf(kGo).isVisible());
+    EXPECT_EQ(ToolBarOf(kGo).pos(), place);
 }
 
 TEST_F(QtDockingTest, ABandThatFloatsStandsWhereItSays) {
