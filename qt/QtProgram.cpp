@@ -37,7 +37,8 @@ QtProgram::QtProgram(int& argc, char** argv) {
     WireSleep();
 }
 
-QtProgram::~QtProgram() = default;
+// A view reports at its end what it captures no more, and views end after the bar that shows it.
+QtProgram::~QtProgram() { m->engine.CapturesChanged = {}; }
 
 Startup::Program QtProgram::Platform() { return {m->application, m->settings, m->channel, m->splash, m->main}; }
 
