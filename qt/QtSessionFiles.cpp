@@ -8,6 +8,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -18,16 +19,26 @@ const QString& Ending() {
     static const QString ending = QStringLiteral(".session");
     return ending;
 }
+constexpr int kSessionNameDigits = 14;                   // of milliseconds since 1970
+constexpr qint64 kHighestSessionNumber = 99999999999999; // of that many digits
+
+// Sorts behind all sessions that are there, also when the clock has been set back since: the newest would else be taken
+// for the oldest, which is not offered, and goes when there are too many.
+QString NextSessionName(const QString& folder) {
+    qint64 number = QDateTime::currentMSecsSinceEpoch();
+    for (const QString& name : QDir(folder).entryList({QLatin1Char('*') + Ending()}, QDir::Files)) {
+        const qint64 earlier = name.section(QLatin1Char('-'), 0, 0).toLongLong();
+        if (earlier < kHighestSessionNumber) number = std::max(number, earlier + 1);
+    }
+    return QStringLiteral("%1-%2%3")
+        .arg(number, kSessionNameDigits, 10, QLatin1Char('0'))
+        .arg(QCoreApplication::applicationPid())
+        .arg(Ending());
+}
 
 } // namespace
 
-QtSessionFiles::QtSessionFiles(QString folder)
-    : m_folder(std::move(folder)),
-      // Sorts by time as long as the program lives.
-      m_own(QStringLiteral("%1-%2%3")
-                .arg(QDateTime::currentMSecsSinceEpoch(), 14, 10, QLatin1Char('0'))
-                .arg(QCoreApplication::applicationPid())
-                .arg(Ending())) {
+QtSessionFiles::QtSessionFiles(QString folder) : m_folder(std::move(folder)), m_own(NextSessionName(m_folder)) {
     m_writer.setMaxThreadCount(1);
 }
 

@@ -89,6 +89,26 @@ TEST_F(QtSessionFilesTest, TheLastTenAreKeptNewestFirst) {
     EXPECT_TRUE(Files().contains(QStringLiteral("notes.txt")));
 }
 
+TEST_F(QtSessionFilesTest, TheNewestStaysTheNewestWhenTheClockIsSetBack) {
+    for (int i = 10; i < 20; ++i) Put(QStringLiteral("900000000000%1-7.session").arg(i), QByteArray::number(i));
+    for (const char* bytes : {"first", "second"}) {
+        QtSessionFiles files(m_folder);
+        EXPECT_EQ(Own(files, bytes), Outcome::Done);
+    }
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Earlier(files), "second first 19 18 17 16 15 14 13 12");
+}
+
+TEST_F(QtSessionFilesTest, ANameThatIsNoTimeDoesNotLeadTheOthersAstray) {
+    for (const char* name : {"99999999999999-7.session", "1234567890123456789-7.session", "x-7.session", ".session"})
+        Put(QLatin1String(name), "odd");
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Own(files, "own"), Outcome::Done);
+    const QStringList own = Files().filter(QString::number(QCoreApplication::applicationPid()));
+    ASSERT_EQ(own.size(), 2) << "the session and its lock";
+    EXPECT_EQ(own.constFirst().indexOf(u'-'), 14) << own.constFirst().toStdString();
+}
+
 TEST_F(QtSessionFilesTest, AnEarlierSessionIsRewrittenAndRemoved) {
     Put(QStringLiteral("1-1.session"), "old");
     QtSessionFiles files(m_folder);
