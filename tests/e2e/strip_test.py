@@ -8,37 +8,10 @@ import unittest
 
 import desk
 import pyatspi
+from pointer import drag, middle, move
 
 PROGRAM = desk.program_file()
 DRAG_SOURCE = os.path.join(os.path.dirname(PROGRAM), "tests", "text_drag_source")
-
-
-def middle(node):
-    place = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    return place.x + place.width // 2, place.y + place.height // 2
-
-
-def move(point):
-    # To wait for a pointer that is there already would take half a minute.
-    if not desk.xdotool("getmouselocation").startswith(f"x:{point[0]} y:{point[1]} "):
-        desk.xdotool("mousemove", "--sync", str(point[0]), str(point[1]))
-
-
-def drag(start, end, arrived=lambda: True):
-    """Presses the left button, goes to the end in steps as a hand does, moves about there until `arrived`, and lets
-    go."""
-    move(start)
-    desk.xdotool("mousedown", "1")
-    for step in range(1, 9):
-        move([start[axis] + (end[axis] - start[axis]) * step // 8 for axis in (0, 1)])
-
-    def moved():
-        for offset in (1, 0):
-            move((end[0] + offset, end[1]))
-        return arrived()
-
-    desk.wait_until(moved, what="nobody takes what is dragged")
-    desk.xdotool("mouseup", "1")
 
 
 class Source:
