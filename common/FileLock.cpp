@@ -10,10 +10,18 @@
 
 namespace {
 constexpr std::chrono::milliseconds kPauseBetweenTries{2};
+
+// Who may only read a file can lock it all the same, and so finds out whether somebody else has.
+int OpenLockFile(const std::string& path) {
+    const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    const bool mayRead = file < 0 && (errno == EROFS || errno == EACCES || errno == EPERM);
+    return mayRead ? ::open(path.c_str(), O_RDONLY | O_CLOEXEC) : file;
+}
+
 } // namespace
 
 FileLock::FileLock(const std::string& lockFile, std::chrono::milliseconds patience) {
-    m_descriptor = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    m_descriptor = OpenLockFile(lockFile);
     if (m_descriptor < 0) return;
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (!(m_held = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0)) {

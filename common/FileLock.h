@@ -11,6 +11,7 @@ public:
     /// Holds nothing.
     FileLock() = default;
     /// Waits that long at most for other holders. The lock file is made when missing, for the user alone, and stays.
+    /// One that may only be read will do.
     explicit FileLock(const std::string& lockFile, std::chrono::milliseconds patience = kPatience);
     ~FileLock() { LetGo(); }
     FileLock(FileLock&& other) noexcept;

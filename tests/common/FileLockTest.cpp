@@ -1,5 +1,6 @@
 #include "common/FileLock.h"
 
+#include "tests/fakes/NoRights.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -32,6 +33,16 @@ TEST(FileLock, ALockThatCanHaveNoFileIsNotTaken) {
     EXPECT_FALSE(lock.Held());
     EXPECT_FALSE(lock.Taken());
     EXPECT_FALSE(FileLock().Held());
+}
+
+TEST(FileLock, AFileThatMayOnlyBeReadCanBeLocked) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(::chmod(folder.Path("").c_str(), 0755), 0);
+    ASSERT_EQ(::chmod(folder.Write("lock", "").c_str(), 0444), 0);
+    const NoRights none;
+    const FileLock first(folder.Path("lock"), {});
+    EXPECT_TRUE(first.Held());
+    EXPECT_TRUE(FileLock(folder.Path("lock"), {}).Taken());
 }
 
 TEST(FileLock, ItsFileIsTheUsersAlone) {
