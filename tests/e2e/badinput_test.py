@@ -11,13 +11,7 @@ import unittest
 import desk
 
 PROGRAM = desk.program_file()
-
-# For root every folder is writable, unless it does without that right.
-OBEYS_PERMISSIONS = [PROGRAM]
-if os.geteuid() == 0:
-    taken = "-dac_override,-dac_read_search"
-    OBEYS_PERMISSIONS = ["setpriv", f"--inh-caps={taken}", f"--bounding-set={taken}", PROGRAM]
-
+OBEYS_PERMISSIONS = desk.obeying_permissions(PROGRAM)
 NOT_SAVED = "The settings could not be saved."
 NOT_READ = "The settings could not be read."
 

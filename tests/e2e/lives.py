@@ -303,14 +303,17 @@ class Life:
             lambda: all(arrives() for arrives in arrivals),
         )
 
+    def acts(self):
+        """What may happen now, what is likely more than once."""
+        count = len(self.tabs.pages())
+        acts = [self.open] * (count < MOST_PAGES) + [self.close] * (count > 0)
+        acts += [lambda: self.rename("push"), lambda: self.rename("go")] * 2 * (count > 0)
+        return acts + [self.move] * 2 * (count > 0)
+
     def live(self):
         """Opens, closes, moves and navigates until it is killed."""
         while True:
-            count = len(self.tabs.pages())
-            acts = [self.open] * (count < MOST_PAGES) + [self.close] * (count > 0)
-            acts += [lambda: self.rename("push"), lambda: self.rename("go")] * 2 * (count > 0)
-            acts += [self.move] * 2 * (count > 0)
-            self.dice.choice(acts)()
+            self.dice.choice(self.acts())()
 
     def end(self):
         """Waits for the death."""
@@ -323,9 +326,13 @@ class Life:
             start.kill()
             start.wait()
 
-    def possible(self, since=None):
-        """The states that were true within the last second before the death, or before another moment."""
-        oldest = (since or self.killed_at) - FRESH - self.longest
+    def kept_from_writing(self):
+        """Since when nothing could be written, if that held until a second before the death or longer."""
+        return self.killed_at
+
+    def possible(self):
+        """The states that were true within the last second in which they could be written down."""
+        oldest = self.kept_from_writing() - FRESH - self.longest
         before = [tabs for tabs, until in self.true_until if until is None or until > oldest]
         return [tabs.written() for tabs in [*before, self.tabs]]
 
