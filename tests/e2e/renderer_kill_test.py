@@ -1,12 +1,16 @@
-"""The process of a page is killed: its tab keeps its address and offers to load it again, the others notice nothing."""
+"""The process of a page is killed: its tab keeps its address and offers to load it again, the others notice nothing.
+RENDERER_KILLS says how often processes are killed by chance."""
 
 import os
+import random
 import signal
+import time
 import unittest
 
 import desk
 
 PROGRAM = desk.program_file()
+KILLS = int(os.environ.get("RENDERER_KILLS", "3"))
 HEAVY = b"""<!doctype html><title>Heavy</title><h1>Heavy</h1>
 <script>const kept = new Uint8Array(1e8).fill(1); document.title = 'Heavy page';</script>"""
 
@@ -109,6 +113,44 @@ class RendererKill(unittest.TestCase):
         with desk.Program(PROGRAM, home=self.home) as program:
             program.wait_strip(["One", "[Heavy page]"])
             self.assertEqual(self.address(program), self.pages.address("Heavy", 2))
+
+    def kill_and_recover(self, program, dice):
+        """Kills the process of the page in front, or all; how long the tab took to say so, and to come back."""
+        memory = renderers(program)
+        heavy = max(memory, key=memory.get)
+        killed = dice.choice([[heavy], list(memory)])
+        times = self.times("127.0.0.2/Heavy")
+        started = time.monotonic()
+        for process in killed:
+            os.kill(process, signal.SIGKILL)
+        button = program.find("push button", "Reload")
+        told = time.monotonic()
+        self.assertEqual(program.strip(), ["One", "[Heavy page]"])
+        self.assertEqual(self.address(program), self.pages.address("Heavy", 2))
+        desk.press_node(button)
+        desk.wait_until(lambda: self.times("127.0.0.2/Heavy") == times + 1, what="it was not loaded again")
+        desk.wait_until(lambda: program.find_now("push button", "Reload") is None)
+        program.wait_strip(["One", "[Heavy page]"])
+        recovered = time.monotonic()
+        # It is what it was: of the processes that are there, one holds its memory again.
+        desk.wait_until(lambda: self.holds_memory(program, dead=killed), what="its process does not hold its memory")
+        return told - started, recovered - told
+
+    def holds_memory(self, program, dead):
+        memory = renderers(program)
+        alive = [pages for process, pages in memory.items() if process not in dead]
+        return alive and max(alive) * os.sysconf("SC_PAGE_SIZE") > 100_000_000
+
+    def test_each_that_dies_comes_back(self):
+        dice = random.Random("renderers")
+        with self.start() as program:
+            desk.wait_until(lambda: self.holds_memory(program, dead=[]), what="its process does not hold its memory")
+            times = [self.kill_and_recover(program, dice) for _ in range(KILLS)]
+            program.process.terminate()
+            self.assertEqual(program.wait_end(), 0)
+        told, back = (max(each) for each in zip(*times))
+        print(f"{KILLS} kills, {len(times)} recovered, said so after {told:.2f} s at most, was back {back:.2f} s after "
+              "the button at most", flush=True)
 
 
 if __name__ == "__main__":
