@@ -125,7 +125,8 @@ void QtDownloads::OnRequest(Request& request, Followed& from) {
 bool QtDownloads::May(const Request& request, Followed& from) const {
     if (request.isSavePageDownload() || m_expected.contains(AskedNameOf(request)) || !MaySave) return true;
     // A page that has gone cannot be asked about, and one that goes at once is not to save without end.
-    return request.page() ? MaySave(request.page(), request.url()) : from.pageless.Take();
+    auto* page = QtEngineVersions::PageOf(request);
+    return page ? MaySave(page, request.url()) : from.pageless.Take();
 }
 
 const Download* QtDownloads::Continued(const Request& request, const Followed& from) const {

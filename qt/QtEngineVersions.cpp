@@ -1,5 +1,7 @@
 #include "qt/QtEngineVersions.h"
 
+#include "qt/QtNullGuard.h"
+
 #include <QAbstractListModel>
 #include <QPointer>
 #include <QVersionNumber>
@@ -244,6 +246,19 @@ void QtEngineVersions::OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePag
     // Nothing is changed by this, but the engine hands all settings to the page anew.
     page.settings()->resetAttribute(QWebEngineSettings::JavascriptCanAccessClipboard);
 #endif
+}
+
+// Of a page that has closed or sleeps some engines, 6.4 among them, ask through a null pointer. Nothing tells before.
+QWebEnginePage* QtEngineVersions::PageOf(const QWebEngineDownloadRequest& request) {
+    struct Question {
+        const QWebEngineDownloadRequest& request;
+        QWebEnginePage* page = nullptr;
+    } question{request};
+    const auto ask = [](void* context) {
+        auto& asked = *static_cast<Question*>(context);
+        asked.page = asked.request.page();
+    };
+    return QtNullGuard::Survives(ask, &question) ? question.page : nullptr;
 }
 
 // Before 6.9 the engine dropped by itself what nobody accepted; since then it waits for an answer.

@@ -89,6 +89,8 @@ void FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::func
 /// until its first navigation ends, and would end the program when a script fills it before.
 void OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePage& page);
 
+/// The page that a download is of; nothing when that has gone.
+[[nodiscard]] QWebEnginePage* PageOf(const QWebEngineDownloadRequest& request);
 /// Drops a download that nobody has accepted.
 void Refuse(QWebEngineDownloadRequest& request);
 /// Whether pictures may move; engines before 6.8 do not know.

@@ -1,5 +1,6 @@
 #include "qt/QtFrameEnds.h"
 
+#include "qt/QtEngineVersions.h"
 #include "qt/QtPage.h"
 
 #include <QWebEngineDownloadRequest>
@@ -31,7 +32,8 @@ void QtFrameEnds::OnNavigation(const QUrl& url, bool topLevel) {
 }
 
 void QtFrameEnds::OnDownload(const QWebEngineDownloadRequest& download) {
-    if (m_patience.isActive() && download.page() == &m_page && download.url() == m_awaited) Drop();
+    if (!m_patience.isActive() || download.url() != m_awaited) return;
+    if (QtEngineVersions::PageOf(download) == &m_page) Drop();
 }
 
 void QtFrameEnds::End() { m_patience.stop(); }

@@ -1,5 +1,6 @@
 #include "qt/QtPageLife.h"
 
+#include "qt/QtEngineVersions.h"
 #include "qt/QtPage.h"
 
 #include <QWebEngineDownloadRequest>
@@ -77,5 +78,5 @@ void QtPageLife::OnAddress(const QUrl& address) {
 
 void QtPageLife::OnDownload(QWebEngineDownloadRequest* request) {
     m_downloads.removeIf([](const auto& each) { return !each || each->isFinished(); });
-    if (request->page() == &m_page) m_downloads.append(request);
+    if (QtEngineVersions::PageOf(*request) == &m_page) m_downloads.append(request);
 }

@@ -55,6 +55,38 @@ private:
     QByteArray m_body;
 };
 
+/// A server with a page that wants five files, which come only when that is allowed.
+class LateServer final : public QTcpServer {
+public:
+    LateServer() {
+        if (!listen(QHostAddress::LocalHost)) qFatal("the test's server cannot listen");
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            while (auto* socket = nextPendingConnection())
+                connect(socket, &QTcpSocket::readyRead, this, [this, socket] { Answer(*socket); });
+        });
+    }
+    [[nodiscard]] QString Address() const { return QStringLiteral("http://127.0.0.1:%1/").arg(serverPort()); }
+    [[nodiscard]] qsizetype Waiting() const { return m_waiting.size(); }
+    void Allow() {
+        for (const auto& socket : std::as_const(m_waiting)) {
+            if (!socket) continue;
+            socket->write(Attachment("late", "filename=late.txt"));
+            socket->disconnectFromHost();
+        }
+    }
+
+private:
+    void Answer(QTcpSocket& socket) {
+        if (socket.readAll().startsWith("GET /late")) return m_waiting.push_back(&socket);
+        const QByteArray page = "<script>for (let i = 0; i < 5; ++i) { const link = document.createElement('a');"
+                                "link.href = '/late' + i; link.download = ''; link.click(); }</script>";
+        socket.write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\nContent-Length: " +
+                     QByteArray::number(page.size()) + "\r\n\r\n" + page);
+        socket.disconnectFromHost();
+    }
+    QList<QPointer<QTcpSocket>> m_waiting;
+};
+
 /// The real engine with the list of downloads in a folder of the test's own.
 class EngineDownloads : public testing::Test {
 protected:
@@ -276,6 +308,21 @@ TEST_F(EngineDownloads, OfPrivatePagesAreFetchedAnewByPrivatePages) {
     EXPECT_EQ(First().Report.State, DownloadState::Broken) << "who fetched it is gone";
     Settle(desk.engine, desk.Real().Page());
     EXPECT_EQ(cookies, "");
+}
+
+TEST_F(EngineDownloads, ThatComeWhenTheirPageHasGoneAreAFewAtMost) {
+    LateServer late;
+    auto view = desk.engine.Create(2, desk.events);
+    ResumeNext(view->Navigate(FromQt(late.Address())));
+    ASSERT_TRUE(WaitUntil([&] { return late.Waiting() == 5; }));
+    const QPointer<QtPage> page = dynamic_cast<QtBrowserView&>(*view).Page();
+    ASSERT_TRUE(page);
+    view.reset();
+    ASSERT_TRUE(WaitUntil([&] { return page.isNull(); }));
+    late.Allow();
+    ASSERT_TRUE(WaitFor(DownloadState::Done, 3));
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_EQ(downloads.All().size(), 3u);
 }
 
 TEST_F(EngineDownloads, ThatWereBlockedForGoodDoNotComeByAClickEither) {
