@@ -4,10 +4,12 @@ namespace {
 
 void CloseFrom(CommandContext& context, std::size_t first, const Tab* kept) {
     auto& strip = context.pcPage;
-    for (std::size_t position = strip.Count(); position >= first && strip.Count() > 1; --position) {
+    std::vector<std::int32_t> closed;
+    for (std::size_t position = strip.Count(); position >= first; --position) {
         const auto* tab = strip.FindAt(position);
-        if (tab != kept) context.tabs.CloseBrowserTab(tab->Tag);
+        if (tab != kept) closed.push_back(tab->Tag);
     }
+    context.tabs.CloseTabs(closed);
 }
 
 } // namespace
@@ -54,6 +56,13 @@ void ShowState(CommandContext& context) {
     if (auto* mute = context.actBar.Find(u"xtrTabMute")) mute->Checked = view && view->Control->Muted();
 }
 
-void ShowReopen(CommandContext& context) { context.actBar.Enable(u"xtrReopenTab", !context.closed.IsEmpty()); }
+void ShowReopen(CommandContext& context) {
+    const std::size_t next = context.closed.Next();
+    context.actBar.Enable(u"xtrReopenTab", next > 0);
+    auto* tool = context.actBar.Find(u"xtrReopenTab");
+    if (!tool) return;
+    tool->Caption =
+        next > 1 ? u"&Reopen " + Decimal(static_cast<std::int64_t>(next)) + u" Tabs" : Text(u"&Reopen Closed Tab");
+}
 
 } // namespace TabMoreCommands

@@ -74,6 +74,12 @@ void frmMain::WireParts() {
         Closed.Remember(index);
         Groups.PageDone(index);
     };
+    Tabs.ClosingSeveral = [this](const std::function<void()>& close) {
+        Closed.BeginSeveral();
+        close();
+        Closed.EndSeveral();
+    };
+    Tabs.Blanking = [this](std::int32_t index) { Closed.RememberBlanked(index); };
     Closed.Changed = [this] { TabMoreCommands::ShowReopen(Commands); };
     StripInput.Opening = [this] { TabMoreCommands::ShowState(Commands); };
     pcPage.Touched = [this] {

@@ -43,7 +43,7 @@ Outcome QtBrowserView::Navigate(TextView address) {
     QtAddress target = QtAddress::FromTyped(address);
     if (target.url.scheme() == u"mailto") return m_engine.OpenOutside(target.url);
     m_requested = target.url;
-    m_late = false;
+    m_late = m_later = false;
     m_pending = std::move(target);
     m_pendingHistory.clear();
     m_engine.RequestNavigation(m_index);
@@ -56,6 +56,8 @@ Outcome QtBrowserView::GoHome() {
 }
 
 Outcome QtBrowserView::Stop() {
+    // Nothing has begun.
+    if (m_later) return Outcome::Done;
     const bool waited = m_pending.has_value();
     m_pending.reset();
     m_engine.EndNavigation(m_index);
@@ -167,6 +169,7 @@ Text QtBrowserView::LocationURL() const {
 }
 
 std::string QtBrowserView::History() const {
+    if (m_later) return m_pendingHistory.toStdString();
     if (!m_page || !m_committed) return {};
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
@@ -202,6 +205,13 @@ void QtBrowserView::AskUserToLeave(std::function<void(bool leaves)> answered) {
 Outcome QtBrowserView::Restore(const std::string& history, TextView address) {
     const Outcome outcome = Navigate(address);
     if (outcome == Outcome::Done && m_pending) m_pendingHistory = QByteArray::fromStdString(history);
+    return outcome;
+}
+
+Outcome QtBrowserView::RestoreLater(const std::string& history, TextView address) {
+    const Outcome outcome = Restore(history, address);
+    if (m_pending) m_engine.EndNavigation(m_index);
+    m_later = m_pending.has_value();
     return outcome;
 }
 
@@ -243,7 +253,10 @@ void QtBrowserView::MoveLeft(Twips) {
     m_engine.Schedule();
 }
 
-void QtBrowserView::BringToFront() { m_engine.BringToFront(m_index); }
+void QtBrowserView::BringToFront() {
+    m_engine.BringToFront(m_index);
+    if (std::exchange(m_later, false)) m_engine.RequestNavigation(m_index);
+}
 
 void QtBrowserView::SetFocus() {
     m_wantsFocus = true;

@@ -49,6 +49,7 @@ public:
     void AskUserToLeave(std::function<void(bool leaves)> answered) override;
     [[nodiscard]] std::string History() const override;
     Outcome Restore(const std::string& history, TextView address) override;
+    Outcome RestoreLater(const std::string& history, TextView address) override;
     [[nodiscard]] bool Audible() const override { return m_page && m_page->recentlyAudible(); }
     [[nodiscard]] bool Muted() const override { return m_muted; }
     void SetMuted(bool muted) override;
@@ -136,6 +137,7 @@ private:
     bool m_known = false;       ///< whether it is one is known
     bool m_newDocument = false; ///< the next address is that of another document
     bool m_opened = false;      ///< another page has opened it, and may have filled it
+    bool m_later = false;       ///< what is pending waits until somebody looks
     bool m_late = false;        ///< the first page is overdue
     bool m_muted = false;
     bool m_previewsLater = false; ///< as soon as the page is there

@@ -5,35 +5,53 @@
 #include <string>
 #include <vector>
 
-/// The tabs that were closed last, so that a slip of the hand costs nothing. Owned by the main window; what it refers
-/// to outlives it.
+/// The tabs that were closed last, so that a slip of the hand costs nothing. Those that one command has closed come
+/// back together. Owned by the main window; what it refers to outlives it.
 class ClosedTabs {
 public:
-    /// More are forgotten, the oldest first.
+    /// More commands are forgotten, the oldest first, and older ones also when there are more tabs than these.
     static constexpr std::size_t kMost = 25;
+    static constexpr std::size_t kMostTabs = 1000;
+    /// So many of the tabs that come back together load at once; the others when they are looked at.
+    static constexpr std::size_t kAwake = 4;
 
     ClosedTabs(TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
         : m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {}
 
     /// Keeps the tab of view `Index`, which is about to be closed. A blank page is not worth it.
     void Remember(std::int32_t Index);
-    /// Brings the tab closed last back to its place and to the front, with where its page has been. Does nothing when
-    /// there is none.
-    void Reopen();
-    [[nodiscard]] bool IsEmpty() const { return m_closed.empty(); }
+    /// What is remembered until `EndSeveral` was closed by one command.
+    void BeginSeveral();
+    void EndSeveral();
+    /// The page of view `Index` gives way to a blank one, by the same command.
+    void RememberBlanked(std::int32_t Index);
 
-    /// Whether there is one to bring back may have changed.
+    /// Brings the tabs that were closed last back to their places and the leftmost to the front, with where their pages
+    /// have been. Does nothing when there are none.
+    void Reopen();
+    /// How many tabs `Reopen` brings back.
+    [[nodiscard]] std::size_t Next() const { return m_closed.empty() ? 0 : m_closed.back().Tabs.size(); }
+
+    /// What there is to bring back may have changed.
     std::function<void()> Changed;
 
 private:
     struct ClosedTab {
         Text Address;
+        Text Title;
         std::string History;
         std::size_t Position = 0;
     };
+    struct Command {
+        std::vector<ClosedTab> Tabs;   ///< in the order in which they were closed
+        std::int32_t BlankedIndex = 0; ///< the view that was blanked; 0 for none
+    };
+
+    void Forget();
 
     TabSet& m_tabs;
     TabStrip& m_pcPage;
     ViewArray& m_browser;
-    std::vector<ClosedTab> m_closed; ///< the one closed last at the end
+    bool m_several = false;
+    std::vector<Command> m_closed; ///< the one closed last at the end
 };

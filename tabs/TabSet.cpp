@@ -230,14 +230,31 @@ void TabSet::CloseSelectedTab() {
     if (const auto* selected = m_pcPage.SelectedItem()) CloseBrowserTab(selected->Tag);
 }
 
+void TabSet::CloseTabs(const std::vector<std::int32_t>& indexes) {
+    const auto close = [&] {
+        for (const std::int32_t index : indexes) CloseBrowserTab(index);
+    };
+    if (ClosingSeveral) return ClosingSeveral(close);
+    close();
+}
+
 void TabSet::CloseOtherTabs() {
-    for (std::size_t position = m_pcPage.Count(); position >= 2; --position) {
-        if (const auto* tab = m_pcPage.FindAt(position)) CloseBrowserTab(tab->Tag);
-    }
-    const auto* left = m_pcPage.FindAt(1);
-    if (!left) return;
-    Leaving.WhenLeft(left->Tag, [this, Index = left->Tag] {
-        if (auto* view = OpenView(Index)) ResumeNext(view->Control->Navigate(kBlankPage));
+    const auto close = [this] {
+        for (std::size_t position = m_pcPage.Count(); position >= 2; --position) {
+            if (const auto* tab = m_pcPage.FindAt(position)) CloseBrowserTab(tab->Tag);
+        }
+        if (const auto* left = m_pcPage.FindAt(1)) BlankTab(left->Tag);
+    };
+    if (ClosingSeveral) return ClosingSeveral(close);
+    close();
+}
+
+void TabSet::BlankTab(std::int32_t Index) {
+    Leaving.WhenLeft(Index, [this, Index] {
+        auto* view = OpenView(Index);
+        if (!view) return;
+        if (Blanking) Blanking(Index);
+        ResumeNext(view->Control->Navigate(kBlankPage));
     });
 }
 

@@ -7,6 +7,7 @@
 #include "tabs/ViewArray.h"
 
 #include <functional>
+#include <vector>
 
 enum class InFront : bool { No = false, Yes = true };
 enum class TabBusy : bool { No = false, Yes = true };
@@ -54,6 +55,8 @@ public:
     void CloseSelectedTab();
     /// Leaves the leftmost tab and blanks it.
     void CloseOtherTabs();
+    /// Closes the tabs of these views as one command.
+    void CloseTabs(const std::vector<std::int32_t>& indexes);
 
     /// The tab right of the selected one, after the last the first; nothing with fewer than two tabs.
     void SelectNextTab();
@@ -104,6 +107,9 @@ public:
     std::function<void(ArrayView&)> PlaceView;
     std::function<void()> Resize;
     std::function<void()> CloseWindow;
+    /// One command closes several tabs, from here to the end of what it is told; one of them may only be blanked.
+    std::function<void(const std::function<void()>& close)> ClosingSeveral;
+    std::function<void(std::int32_t Index)> Blanking;
     /// One of several tabs is about to be closed; its view still lives.
     std::function<void(std::int32_t Index)> Closing;
 
@@ -111,6 +117,7 @@ private:
     BrowserView* AddTab(ArrayView& view, std::int32_t index, InFront inFront);
     void TellWhenIndexesRanOut(std::int32_t index);
     void CloseOneOfSeveral(std::int32_t Index);
+    void BlankTab(std::int32_t Index);
 
     TabStrip& m_pcPage;
     ViewArray& m_browser;

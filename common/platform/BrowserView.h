@@ -105,6 +105,8 @@ public:
     [[nodiscard]] virtual std::string History() const = 0;
     /// Brings a page back with where it has been. Damaged bytes, or another release's, load the address alone.
     virtual Outcome Restore(const std::string& history, TextView address) = 0;
+    /// The same as soon as somebody looks at the view.
+    virtual Outcome RestoreLater(const std::string& history, TextView address) = 0;
 
     /// Whether the page can be heard at this moment, were it not muted.
     [[nodiscard]] virtual bool Audible() const = 0;

@@ -312,7 +312,7 @@ TEST_F(EngineDownloads, OfPrivatePagesAreFetchedAnewByPrivatePages) {
 
 TEST_F(EngineDownloads, ThatComeWhenTheirPageHasGoneAreAFewAtMost) {
     LateServer late;
-    auto view = desk.engine.Create(2, desk.events);
+    auto view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
     ResumeNext(view->Navigate(FromQt(late.Address())));
     ASSERT_TRUE(WaitUntil([&] { return late.Waiting() == 5; }));
     const QPointer<QtPage> page = dynamic_cast<QtBrowserView&>(*view).Page();

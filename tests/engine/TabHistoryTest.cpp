@@ -34,6 +34,21 @@ TEST_F(TabHistoryTest, ARestoredViewShowsThePageAndGoesBack) {
     ASSERT_TRUE(WaitUntil([&] { return second.view->LocationName() == u"one"; }));
 }
 
+TEST_F(TabHistoryTest, AViewThatIsRestoredLaterAsksForNothingUntilItIsLookedAt) {
+    EngineView second;
+    ResumeNext(second.view->RestoreLater(bytes, address));
+    const auto before = server.requests.size();
+    EngineView third;
+    third.Load(server.Address(QStringLiteral("/1")));
+    EXPECT_EQ(server.requests.size(), before + 1) << "the third's own";
+    EXPECT_EQ(second.view->LocationURL(), address);
+    EXPECT_EQ(second.view->History(), bytes) << "it may be closed before it was looked at";
+    EXPECT_EQ(second.view->Stop(), Outcome::Done);
+    second.view->BringToFront();
+    ASSERT_TRUE(WaitUntil([&] { return second.view->LocationName() == u"two" && !second.view->Busy(); }));
+    EXPECT_EQ(second.Real().Page()->history()->count(), 2);
+}
+
 TEST_F(TabHistoryTest, DamagedBytesLoadTheAddressAlone) {
     for (const std::string& damaged : {std::string(), std::string("garbage"), bytes.substr(0, bytes.size() / 2)}) {
         EngineView second;

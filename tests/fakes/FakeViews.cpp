@@ -43,6 +43,12 @@ void FakeView::AskUserToLeave(std::function<void(bool leaves)> hears) {
     answered = std::move(hears);
 }
 
+Outcome FakeView::RestoreLater(const std::string& bytes, TextView address) {
+    const Outcome outcome = Restore(bytes, address);
+    calls.back() += " later";
+    return outcome;
+}
+
 void FakeView::SetMuted(bool value) {
     muted = value;
     events.SoundChange(index);

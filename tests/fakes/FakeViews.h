@@ -46,6 +46,7 @@ public:
     void AskUserToLeave(std::function<void(bool leaves)> answered) override;
     [[nodiscard]] std::string History() const override { return history; }
     Outcome Restore(const std::string& bytes, TextView address) override;
+    Outcome RestoreLater(const std::string& bytes, TextView address) override;
     [[nodiscard]] bool Audible() const override { return audible; }
     [[nodiscard]] bool Muted() const override { return muted; }
     void SetMuted(bool value) override;

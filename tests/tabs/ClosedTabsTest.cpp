@@ -66,11 +66,63 @@ TEST_F(ClosedTabsTest, ALastTabThatStaysOpenIsNotKept) {
 
 TEST_F(ClosedTabsTest, TheOldestAreForgotten) {
     Start(static_cast<int>(ClosedTabs::kMost) + 3);
-    desk.main.Tabs.CloseOtherTabs();
-    ASSERT_EQ(desk.main.pcPage.Count(), 1U);
+    while (desk.main.pcPage.Count() > 1) desk.main.CloseBrowserTab(desk.main.pcPage.FindAt(2)->Tag);
     for (std::size_t i = 0; i < ClosedTabs::kMost; ++i) desk.main.Closed.Reopen();
     EXPECT_FALSE(CanReopen());
     EXPECT_EQ(desk.main.pcPage.Count(), ClosedTabs::kMost + 1);
+}
+
+TEST_F(ClosedTabsTest, WhatOneCommandHasClosedComesBackInOrderByOne) {
+    Start(8);
+    desk.ClickTab(3);
+    desk.Click(u"mnuCloseAll");
+    ASSERT_EQ(desk.Strip(), "[1*]");
+    EXPECT_EQ(desk.main.actBar.Find(u"xtrReopenTab")->Caption(), u"&Reopen 7 Tabs");
+    desk.views.Calls(1);
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.Strip(), "1 [9*] 10 11 12 13 14 15");
+    EXPECT_EQ(desk.Captions(), "1 [Loading...*] Loading... Loading... Loading... 6 7 8") << "the first few are awake";
+    EXPECT_EQ(desk.views.Calls(9), "go about:blank, restore history 2");
+    EXPECT_EQ(desk.views.Calls(12), "go about:blank, restore history 5");
+    EXPECT_EQ(desk.views.Calls(13), "go about:blank, restore history 6 later");
+    EXPECT_EQ(desk.views.Calls(1), "back") << "the tab that was left was blanked";
+    EXPECT_FALSE(CanReopen());
+    EXPECT_EQ(desk.main.actBar.Find(u"xtrReopenTab")->Caption(), u"&Reopen Closed Tab");
+}
+
+TEST_F(ClosedTabsTest, ATabThatWasLeftKeepsWhatItHasShownSince) {
+    Start(2);
+    desk.Click(u"mnuCloseAll");
+    desk.views.At(1).location = u"http://new/";
+    desk.views.Calls(1);
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.views.Calls(1), "");
+}
+
+TEST_F(ClosedTabsTest, EachCommandIsTakenBackByItself) {
+    Start(5);
+    desk.main.CloseBrowserTab(5);
+    desk.main.Tabs.CloseTabs({4, 3});
+    desk.main.CloseBrowserTab(2);
+    desk.main.Tabs.CloseTabs({});
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.main.pcPage.Count(), 2U);
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.main.pcPage.Count(), 4U);
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.main.pcPage.Count(), 5U);
+    EXPECT_EQ(ToUtf8(desk.views.At(7).location) + " " + ToUtf8(desk.views.At(8).location), "http://3/ http://4/");
+}
+
+TEST_F(ClosedTabsTest, ManyTabsOfOldCommandsAreForgotten) {
+    constexpr int kTabs = static_cast<int>(ClosedTabs::kMostTabs) / 2 + 10;
+    Start(kTabs);
+    desk.Click(u"mnuCloseAll");
+    for (int i = 0; i < kTabs; ++i) ResumeNext(desk.main.GetNewBrowser(InFront::No)->Navigate(u"http://again/"));
+    desk.Click(u"mnuCloseAll");
+    desk.main.Closed.Reopen();
+    EXPECT_EQ(desk.main.pcPage.Count(), static_cast<std::size_t>(kTabs) + 1);
+    EXPECT_FALSE(CanReopen());
 }
 
 TEST_F(ClosedTabsTest, APlaceThatIsNoMoreIsTheLast) {

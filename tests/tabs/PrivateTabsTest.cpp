@@ -67,7 +67,7 @@ TEST_F(PrivateTabs, AreNeverInTheJournal) {
 
 TEST_F(PrivateTabs, AreNotReopened) {
     desk.Click(u"mnuClose");
-    EXPECT_TRUE(desk.main.Closed.IsEmpty());
+    EXPECT_EQ(desk.main.Closed.Next(), 0U);
 }
 
 TEST_F(PrivateTabs, KeepNoHistoryOfTheBoxes) {
