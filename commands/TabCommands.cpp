@@ -1,6 +1,7 @@
 #include "commands/TabCommands.h"
 
 #include "commands/Endpoints.h"
+#include "common/Address.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ void NewCurrent(CommandContext& context) {
     OpenInFront(context, address, context.tabs.CurrentPrivacy());
 }
 
-void NewPrivate(CommandContext& context) { OpenInFront(context, u"about:blank", Privacy::Private); }
+void NewPrivate(CommandContext& context) { OpenInFront(context, Address::kPrivate, Privacy::Private); }
 
 void Close(CommandContext& context) { context.tabs.CloseSelectedTab(); }
 

@@ -24,7 +24,7 @@ constexpr std::array kTools{
             u"tab-duplicate", u""},
     ToolRow{u"mnuOpen", u"&Open", u"File", u"Opens a file in the current tab", u"document-open", u""},
     ToolRow{u"mnuClose", u"&Close", u"File", u"Closes the current tab", u"view-close", u""},
-    ToolRow{u"mnuCloseAll", u"Close &All", u"File", u"Closes all tabs but the first", u"tab-close-other", u""},
+    ToolRow{u"mnuCloseAll", u"Close &All", u"File", u"Closes all tabs but the first", u"project-development-close-all", u""},
     ToolRow{u"mnuSaveAs", u"&Save As", u"File", u"Saves the current page to a file", u"document-save-as", u""},
     ToolRow{u"mnuPrint", u"&Print", u"File", u"Prints the current page", u"document-print", u""},
     ToolRow{u"mnuPageSetup", u"Page Set&up...", u"File", u"Changes paper, orientation and margins for printing",

@@ -8,6 +8,8 @@ namespace Address {
 
 /// What shows nothing.
 inline constexpr TextView kBlank = u"about:blank";
+/// What a new private tab says of itself.
+inline constexpr TextView kPrivate = u"tessaview:private";
 
 /// The host that a web address leads to, as a part of the text given, without user and port. Empty for an address that
 /// leads to none, and for a text that does not begin with a scheme.

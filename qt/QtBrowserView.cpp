@@ -179,10 +179,13 @@ std::string QtBrowserView::History() const {
 }
 
 bool QtBrowserView::Blank() const {
-    const QUrl blank(QString::fromUtf16(Address::kBlank.data(), static_cast<qsizetype>(Address::kBlank.size())));
+    const auto isBlank = [](const QUrl& url) {
+        const Text address = QtAddress::Shown(url);
+        return address == Address::kBlank || address == Address::kPrivate;
+    };
     const bool comes = m_pending || m_loading || (m_page && m_page->AwaitsAny());
-    if (m_opened || (comes && m_requested != blank)) return false;
-    return (m_committed ? m_shown : m_requested) == blank;
+    if (m_opened || (comes && !isBlank(m_requested))) return false;
+    return isBlank(m_committed ? m_shown : m_requested);
 }
 
 bool QtBrowserView::MayHold() const { return m_leaving && !CrashPage() && m_leaving->MayHold(); }

@@ -1,5 +1,6 @@
 #include "qt/QtProgram.h"
 
+#include "qt/QtIcons.h"
 #include "qt/QtPalette.h"
 #include "qt/QtProgramParts.h"
 
@@ -30,6 +31,9 @@ QtProgram::QtProgram(int& argc, char** argv) {
     if (const QPalette mended = QtPalette::Mended(QGuiApplication::palette()); mended != QGuiApplication::palette())
         QApplication::setPalette(mended);
     // The program ends with its main window; dialogs and the splash have no say in it.
+    // Questions may be asked before there is a window.
+    QApplication::setWindowIcon(QtIcons::Application());
+    QtIcons::ChooseTheme(QApplication::palette());
     QApplication::setQuitOnLastWindowClosed(false);
     WireWindow();
     WireEngine();

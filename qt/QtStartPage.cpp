@@ -12,10 +12,11 @@
 namespace {
 
 const QString kPreview = QStringLiteral("preview/");
+const QStringList kWritten{QStringLiteral("help"), QStringLiteral("private")};
 
 // Pages are not told by every version of the engine that the desktop is dark.
-QByteArray Help() {
-    QByteArray page = QtResources::ReadText(QStringLiteral("help.html")).toUtf8();
+QByteArray Written(const QString& name) {
+    QByteArray page = QtResources::ReadText(name + QStringLiteral(".html")).toUtf8();
     if (QtPalette::IsDark(QGuiApplication::palette()))
         page.replace(QByteArrayLiteral("<html "), QByteArrayLiteral("<html class=\"dark\" "));
     return page;
@@ -26,7 +27,7 @@ QByteArray Help() {
 bool QtStartPage::IsOwn(const QUrl& url) {
     const QString path = url.path();
     return url.scheme() == QLatin1String(Scheme()) &&
-           (path == QStringLiteral("start") || path == QStringLiteral("help") || path.startsWith(kPreview));
+           (path == u"start" || kWritten.contains(path) || path.startsWith(kPreview));
 }
 
 void QtStartPage::RegisterScheme() {
@@ -38,7 +39,7 @@ void QtStartPage::RegisterScheme() {
 
 QByteArray QtStartPage::PageAt(const QString& path) const {
     if (path == u"start") return Page ? QByteArray::fromStdString(Page()) : QByteArray();
-    return path == u"help" ? Help() : QByteArray();
+    return kWritten.contains(path) ? Written(path) : QByteArray();
 }
 
 QUrl QtStartPage::AddPreview(const std::shared_ptr<const QByteArray>& pdf, const QString& name) {

@@ -183,7 +183,10 @@ Text TabSet::Describe(const Tab& tab) const {
     if (!view) return tab.Caption();
     const Text title = view->Control->LocationName(), address = view->Control->LocationURL();
     const Text first = (title.empty() ? tab.Caption() : title).substr(0, kMostDescribed);
-    return address.empty() ? first : first + u"\n" + address.substr(0, kMostDescribed);
+    Text all = address.empty() ? first : first + u"\n" + address.substr(0, kMostDescribed);
+    if (!tab.Awaited().empty()) all += u"\nWaiting for " + tab.Awaited().substr(0, kMostDescribed);
+    if (view->Privacy == Privacy::Private) all += u"\nPrivate tab: nothing of it is kept";
+    return all;
 }
 
 void TabSet::UpdateSound(std::int32_t Index) {

@@ -115,6 +115,12 @@ TEST_F(TabMoreCommandsTest, ATabIsDescribedByItsWholeTitleAndAddress) {
     EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.FindAt(2)), u"A title\nhttp://two/");
     desk.views.At(2).name = Text(5000, u'x');
     EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.FindAt(2)), Text(300, u'x') + u"\nhttp://two/");
+    desk.views.At(2).name = u"";
+    desk.main.Events.BeforeNavigate2(2, PageLevel::Top, u"http://next/");
+    EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.FindAt(2)), u"A t...\nhttp://two/\nWaiting for http://next/");
+    desk.Click(u"xtrPrivateTab");
+    EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.SelectedItem()),
+              u"Loading...\ntessaview:private\nPrivate tab: nothing of it is kept");
 }
 
 } // namespace

@@ -83,7 +83,7 @@ class Clock(unittest.TestCase):
             self.assertIn(last, self.sessions())
             program.press("push button", "Reopen")
             desk.wait_until(lambda: "[After]" in program.strip(), what=lambda: str(program.strip()))
-            self.assertIn("Before", program.strip())
+            desk.wait_until(lambda: "Before" in program.strip(), what=lambda: str(program.strip()))
             program.process.terminate()
             self.assertEqual(program.wait_end(), 0)
         # Back in its own time it knows what was open last.
@@ -103,7 +103,7 @@ class Clock(unittest.TestCase):
             program.find("label", offer_of(2))
             program.press("push button", "Reopen")
             desk.wait_until(lambda: "[After]" in program.strip(), what=lambda: str(program.strip()))
-            self.assertIn("Before", program.strip())
+            desk.wait_until(lambda: "Before" in program.strip(), what=lambda: str(program.strip()))
 
 
 if __name__ == "__main__":

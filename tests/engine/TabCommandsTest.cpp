@@ -61,15 +61,22 @@ TEST_F(TabCommandsTest, NewTabsShowWhatTheyAreFor) {
 }
 
 TEST_F(TabCommandsTest, NewBlankTabsAreBlank) {
-    for (const TextView tool : {u"mnuNewBlank", u"tbNew", u"xtrPrivateTab"}) {
+    for (const TextView tool : {u"mnuNewBlank", u"tbNew"}) {
         const auto before = Tabs();
         Click(tool);
         EXPECT_EQ(Tabs(), before + 1) << ToUtf8(tool);
         ASSERT_TRUE(WaitBlank()) << ToUtf8(tool);
-        EXPECT_EQ(Front().Page()->profile()->isOffTheRecord() && Front().Page()->profile() != desk.engine.Profile(),
-                  tool == u"xtrPrivateTab");
+        EXPECT_EQ(Front().Page()->profile(), desk.engine.Profile());
     }
     EXPECT_EQ(server.requests, QStringList{QStringLiteral("/Rose")});
+}
+
+TEST_F(TabCommandsTest, ANewPrivateTabSaysWhatIsKept) {
+    OpensInFront(u"xtrPrivateTab", u"Private tab");
+    EXPECT_EQ(Front().LocationURL(), u"tessaview:private");
+    EXPECT_TRUE(Front().Page()->profile()->isOffTheRecord());
+    EXPECT_NE(Front().Page()->profile(), desk.engine.Profile());
+    EXPECT_EQ(Script(QStringLiteral("document.querySelectorAll('section').length")), u"2");
 }
 
 TEST_F(TabCommandsTest, WithoutAChosenHomePageANewTabShowsTheProgramsOwn) {

@@ -1,3 +1,4 @@
+#include "common/Address.h"
 #include "qt/QtTyping.h"
 #include "tests/engine/CommandsOnPages.h"
 
@@ -55,7 +56,8 @@ TEST_F(TypingOverPages, IsForTheAddressBoxWhenThePageIsBlank) {
 }
 
 TEST_F(TypingOverPages, IsForTheAddressBoxInAPrivateTabToo) {
-    desk.main->Tabs.GetNewBrowser(InFront::Yes, Privacy::Private);
+    ResumeNext(desk.main->Tabs.GetNewBrowser(InFront::Yes, Privacy::Private)->Navigate(Address::kPrivate));
+    ASSERT_TRUE(WaitTitle(u"Private tab"));
     FocusPage();
     Type(QStringLiteral("x"));
     EXPECT_EQ(box.text(), u"x");

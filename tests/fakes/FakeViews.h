@@ -40,7 +40,7 @@ public:
     [[nodiscard]] int ZoomLevel() const override { return zoom; }
     [[nodiscard]] bool Busy() const override { return busy; }
     [[nodiscard]] Text LocationURL() const override { return location; }
-    [[nodiscard]] bool Blank() const override { return location == u"about:blank"; }
+    [[nodiscard]] bool Blank() const override { return location == u"about:blank" || location == u"tessaview:private"; }
     [[nodiscard]] bool MayHold() const override { return mayHold; }
     void AskToLeave(LeaveReason why, std::function<void(bool holds)> told) override;
     void AskUserToLeave(std::function<void(bool leaves)> answered) override;
