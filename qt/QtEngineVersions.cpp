@@ -132,7 +132,18 @@ QtEngineVersions::SecurityKeyState StateOfKey(const KeyRequest& request) {
 }
 #endif
 
+// What it does is asked of the engine that runs, not of its headers.
+int ChromiumOfEngine() { return QVersionNumber::fromString(QLatin1String(qWebEngineChromiumVersion())).majorVersion(); }
+
 } // namespace
+
+// What workers load, newer engines show to nobody. With its own rule the engine still shows a local page's pictures and
+// styles, but nothing of them can be read. The setting of the same name goes further: pictures do not come either.
+QByteArray QtEngineVersions::Switches() {
+    constexpr int kShowsAll = 102;
+    if (ChromiumOfEngine() <= kShowsAll) return {};
+    return QByteArrayLiteral("--blink-settings=allowFileAccessFromFileURLs=false");
+}
 
 // The program itself remembers what is to last; what the engine remembered on disk it would answer for ever.
 std::unique_ptr<QWebEngineProfile> QtEngineVersions::OpenProfile(const QString& name, const QString& folder,
@@ -229,11 +240,9 @@ void QtEngineVersions::FollowPrintRequests(QWebEnginePage& page, QObject& contex
 }
 
 bool QtEngineVersions::GoesThereSilently(const QUrl& shown, const QUrl& target) {
-    // What it does is asked of the engine that runs. That of 6.10 is the first that is based on this one.
+    // That of 6.10 is the first that is based on this one.
     constexpr int kChromium = 134;
-    const bool newer =
-        QVersionNumber::fromString(QLatin1String(qWebEngineChromiumVersion())).majorVersion() >= kChromium;
-    return newer && target.hasFragment() && shown == target;
+    return ChromiumOfEngine() >= kChromium && target.hasFragment() && shown == target;
 }
 
 void QtEngineVersions::OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePage& page) {

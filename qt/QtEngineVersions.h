@@ -1,6 +1,7 @@
 #pragma once
 #include "pages/SitePermissions.h"
 
+#include <QByteArray>
 #include <QModelIndex>
 #include <QString>
 #include <QStringList>
@@ -20,6 +21,9 @@ class QWebEngineSettings;
 /// What differs between the versions of the engine that the program can be built with, from 6.4 to the newest. No other
 /// file asks which one it is. The engine counts its versions apart from Qt's.
 namespace QtEngineVersions {
+
+/// What the engine is to be started with; may be empty. It reads this once, as it makes its first profile.
+[[nodiscard]] QByteArray Switches();
 
 /// The profile that keeps what it has in these folders; nothing when the engine does not give it.
 [[nodiscard]] std::unique_ptr<QWebEngineProfile> OpenProfile(const QString& name, const QString& folder,

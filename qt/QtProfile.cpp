@@ -28,10 +28,28 @@ constexpr auto kFrameScript = R"js((function () {
 // document from the address that it had already.
 constexpr auto kPageScript = "console.debug('%1 page ' + location.href);";
 
+constexpr auto kSwitchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
+
+/// The switches that the engine starts with, behind the user's own. Programs that ours starts later do not get them.
+class EngineSwitches {
+public:
+    EngineSwitches() {
+        const QByteArray ours = QtEngineVersions::Switches();
+        if (!ours.isEmpty()) qputenv(kSwitchesVariable, m_before + ' ' + ours);
+    }
+    ~EngineSwitches() { m_wasSet ? qputenv(kSwitchesVariable, m_before) : qunsetenv(kSwitchesVariable); }
+    Q_DISABLE_COPY_MOVE(EngineSwitches)
+
+private:
+    const bool m_wasSet = qEnvironmentVariableIsSet(kSwitchesVariable);
+    const QByteArray m_before = qgetenv(kSwitchesVariable);
+};
+
 } // namespace
 
 QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QString& token)
     : m_startPage(std::make_unique<QtStartPage>()), m_dialogs(std::make_unique<QtDialogScheme>()) {
+    const EngineSwitches switches;
     if (!folder.isEmpty()) {
         QtBrowsingData::ForgetSites(folder);
         // The engine's own list of what sites may do, which nobody here could look at or change.

@@ -77,6 +77,22 @@ TEST_F(LocalFiles, AreNotReadThroughAWorker) {
     EXPECT_TRUE(Titled(QStringLiteral("refused")));
 }
 
+TEST_F(LocalFiles, AreNotReadThroughAWorkerOfAPicture) {
+    sent.Write("drawn.svg",
+               "<svg xmlns='http://www.w3.org/2000/svg'><title>waiting</title><script>const code = 'const r = "
+               "new XMLHttpRequest(); try { r.open(`GET`, `" +
+                   AddressOf(secret, "key").toStdString() +
+                   "`, false); r.send(); postMessage(`read ` + r.responseText) } catch (e) { postMessage(`refused`) }';"
+                   "new Worker(URL.createObjectURL(new Blob([code]))).onmessage ="
+                   "e => document.querySelector('title').textContent = e.data</script></svg>");
+    desk.Load(AddressOf(sent, "drawn.svg"));
+    EXPECT_TRUE(Titled(QStringLiteral("refused")));
+}
+
+TEST_F(LocalFiles, AreKeptWithSwitchesThatNoOtherProgramGets) {
+    EXPECT_FALSE(qgetenv("QTWEBENGINE_CHROMIUM_FLAGS").contains("blink-settings"));
+}
+
 TEST_F(LocalFiles, AreNotReadThroughAnObject) {
     LoadWith(QStringLiteral("const o = document.createElement('object'); o.data = '%1'; document.body.append(o);"
                             "o.onload = o.onerror = () => document.title = o.contentDocument &&"
