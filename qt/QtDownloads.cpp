@@ -67,8 +67,10 @@ DownloadProblem TransferProblemOf(const Request& request) {
 
 Text AddressOf(const Request& request) { return FromQt(request.url().toString(QUrl::FullyEncoded)); }
 
-/// The name by which `Expect` knows a request again; the engine may have put an ending behind it.
-QString AskedNameOf(const Request& request) { return request.suggestedFileName().section(u'.', 0, 0); }
+bool IsOfASite(const QUrl& address) { return address.scheme() == u"http" || address.scheme() == u"https"; }
+
+/// A page that shows nothing, and has its own icon, for else the engine asks its site for one.
+const QString kBlankPage = QStringLiteral("<link rel=icon href='data:,'>");
 
 DownloadReport ReportOf(const Request& request) {
     return {TransferStateOf(request), TransferProblemOf(request), request.receivedBytes(), request.totalBytes()};
@@ -146,8 +148,10 @@ const Download& QtDownloads::Begin(Request& request, const Followed& from) {
         wanted.Path = FromQt(QDir(request.downloadDirectory()).filePath(request.downloadFileName()));
         wanted.Overwrites = true;
     } else if (m_expected.contains(AskedNameOf(request))) {
-        const Expected expected = m_expected.take(AskedNameOf(request));
-        m_expectedOrder.removeOne(AskedNameOf(request));
+        const QString name = AskedNameOf(request);
+        const Expected expected = m_expected.take(name);
+        m_expectedOrder.removeOne(name);
+        EndAlone(request);
         wanted.Path = expected.path;
         wanted.Overwrites = !expected.path.empty();
         wanted.Again = expected.again;
@@ -185,13 +189,45 @@ QString QtDownloads::Expect(const Expected& expected) {
     const QString name = QUuid::createUuid().toString(QUuid::Id128);
     m_expected.insert(name, expected);
     m_expectedOrder << name;
-    if (m_expectedOrder.size() > kMostExpected) m_expected.remove(m_expectedOrder.takeFirst());
+    if (m_expectedOrder.size() > kMostExpected) {
+        const QString oldest = m_expectedOrder.takeFirst();
+        m_expected.remove(oldest);
+        if (auto* page = m_alone.key(oldest)) page->deleteLater();
+    }
     return name;
 }
 
-void QtDownloads::Save(QWebEnginePage& page, const QUrl& address, const Text& path) {
-    page.download(address, Expect({path, 0}));
+QString QtDownloads::AskedNameOf(const Request& request) const {
+    const QString name = m_alone.isEmpty() ? QString() : m_alone.value(QtEngineVersions::PageOf(request));
+    // The engine may have put an ending behind it.
+    return name.isEmpty() ? request.suggestedFileName().section(u'.', 0, 0) : name;
 }
+
+void QtDownloads::Ask(QWebEnginePage& page, const QUrl& address, const Expected& expected) {
+    const QString name = Expect(expected);
+    if (QtEngineVersions::KeepsAskedNames() || !IsOfASite(address)) return page.download(address, name);
+    AskAlone(*page.profile(), address, name);
+}
+
+// Where the name does not come back, the page tells. It is one of the address's own site, so that this gets its cookies
+// as it does from a link that the user opens.
+void QtDownloads::AskAlone(QWebEngineProfile& profile, const QUrl& address, const QString& name) {
+    auto* page = new QWebEnginePage(&profile, &profile);
+    m_alone.insert(page, name);
+    connect(page, &QObject::destroyed, this, [this, page] { m_alone.remove(page); });
+    const auto fetch = [page, address, name] { page->download(address, name); };
+    connect(page, &QWebEnginePage::loadFinished, page, fetch, Qt::SingleShotConnection);
+    page->setHtml(kBlankPage, address);
+}
+
+void QtDownloads::EndAlone(Request& request) {
+    auto* page = QtEngineVersions::PageOf(request);
+    if (!m_alone.remove(page)) return;
+    connect(&request, &Request::isFinishedChanged, page, &QObject::deleteLater);
+    connect(&request, &QObject::destroyed, page, &QObject::deleteLater);
+}
+
+void QtDownloads::Save(QWebEnginePage& page, const QUrl& address, const Text& path) { Ask(page, address, {path, 0}); }
 
 // With the profile that the download was begun with: what a private page fetched is nothing to the others.
 QWebEnginePage* QtDownloads::PageFor(std::int32_t id) {
@@ -208,12 +244,11 @@ QWebEnginePage* QtDownloads::PageFor(std::int32_t id) {
 
 Outcome QtDownloads::Fetch(std::int32_t id, TextView address) {
     const QUrl url(ToQt(address));
-    const QString scheme = url.scheme();
     // Pages of an earlier run took what was in them along.
-    if (!url.isValid() || (scheme != u"http" && scheme != u"https")) return Outcome::Failed;
+    if (!url.isValid() || !IsOfASite(url)) return Outcome::Failed;
     auto* page = PageFor(id);
     if (!page) return Outcome::Failed;
-    page->download(url, Expect({{}, id}));
+    Ask(*page, url, {{}, id});
     return Outcome::Done;
 }
 

@@ -62,11 +62,19 @@ private:
     const Download& Begin(QWebEngineDownloadRequest& request, const Followed& from);
     /// The name under which a request comes back that is expected.
     QString Expect(const Expected& expected);
+    /// The name by which `Expect` knows a request again; any other for one that nobody asked for.
+    [[nodiscard]] QString AskedNameOf(const QWebEngineDownloadRequest& request) const;
+    /// Fetches what lies there as `page` would, or in its stead.
+    void Ask(QWebEnginePage& page, const QUrl& address, const Expected& expected);
+    void AskAlone(QWebEngineProfile& profile, const QUrl& address, const QString& name);
+    /// The page that was made for this request alone is needed until that has ended.
+    void EndAlone(QWebEngineDownloadRequest& request);
     [[nodiscard]] QWebEnginePage* PageFor(std::int32_t id);
     void Accept(QWebEngineDownloadRequest& request, const Download& download);
 
     QHash<QString, Expected> m_expected;
     QStringList m_expectedOrder;
+    QHash<QWebEnginePage*, QString> m_alone; ///< pages that fetch one file each, and the name it was asked under
     /// Of the downloads of private pages the profile, which goes with the last of these pages.
     QHash<std::int32_t, QPointer<QWebEngineProfile>> m_private;
     std::unique_ptr<QWebEnginePage> m_page; ///< shows nothing; fetches

@@ -257,6 +257,12 @@ void QtEngineVersions::OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePag
 #endif
 }
 
+bool QtEngineVersions::KeepsAskedNames() {
+    // That of 6.11 is the first that is based on this one.
+    constexpr int kChromium = 140;
+    return ChromiumOfEngine() < kChromium;
+}
+
 // Of a page that has closed or sleeps some engines, 6.4 among them, ask through a null pointer. Nothing tells before.
 QWebEnginePage* QtEngineVersions::PageOf(const QWebEngineDownloadRequest& request) {
     struct Question {

@@ -93,6 +93,9 @@ void FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::func
 /// until its first navigation ends, and would end the program when a script fills it before.
 void OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePage& page);
 
+/// Whether a download has the name that it was asked under, wherever its address leads: those of 6.11 and later drop it
+/// for files of other sites than the page's, a page without an address among them.
+[[nodiscard]] bool KeepsAskedNames();
 /// The page that a download is of; nothing when that has gone.
 [[nodiscard]] QWebEnginePage* PageOf(const QWebEngineDownloadRequest& request);
 /// Drops a download that nobody has accepted.

@@ -245,6 +245,20 @@ TEST_F(EngineDownloads, OfALinkThatLeadsElsewhereGoWhereTheUserWantsThem) {
     EXPECT_EQ(folder.Read("mine.bin"), "led here");
 }
 
+TEST_F(EngineDownloads, OfALinkToAnotherSiteGoWhereTheUserWantsThem) {
+    LocalServer other;
+    server.Page(QStringLiteral("/page"), "<p>hello</p>");
+    other.Redirect(QStringLiteral("/x"), server.Address(QStringLiteral("/far")));
+    server.Raw(QStringLiteral("/far"), Attachment("from afar", "filename=theirs.bin"));
+    desk.Load(server.Address(QStringLiteral("/page")));
+    const Text path = folder.PathText("mine.bin");
+    EXPECT_EQ(desk.view->Tools()->Save(FromQt(other.Address(QStringLiteral("/x"))), path), Outcome::Done);
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(First().Path, path);
+    EXPECT_EQ(Saved(), "from afar");
+    EXPECT_EQ(other.requests, QStringList{QStringLiteral("/x")}) << "nothing else is asked of it";
+}
+
 TEST_F(EngineDownloads, OfALinkThatCameToNothingOverwriteNothingLater) {
     server.Page(QStringLiteral("/page"), "<p>hello</p>");
     server.Stall(QStringLiteral("/first"));
@@ -270,6 +284,18 @@ TEST_F(EngineDownloads, ThatAreFetchedAnewKeepTheirLineThroughARedirect) {
     EXPECT_EQ(downloads.All().size(), 1U);
     EXPECT_EQ(First().Id, id);
     EXPECT_EQ(Saved(), "moved");
+}
+
+TEST_F(EngineDownloads, ThatAreFetchedAnewKeepTheirLineOnTheWayToAnotherSite) {
+    const std::int32_t id = SaveAndLose();
+    LocalServer other;
+    server.Redirect(QStringLiteral("/get"), other.Address(QStringLiteral("/moved")));
+    other.Raw(QStringLiteral("/moved"), Attachment("moved far", "filename=again.txt"));
+    downloads.Retry(id);
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(downloads.All().size(), 1U);
+    EXPECT_EQ(First().Id, id);
+    EXPECT_EQ(Saved(), "moved far");
 }
 
 TEST_F(EngineDownloads, OfPrivatePagesAreFetchedAnewByPrivatePages) {
