@@ -14,7 +14,6 @@ constexpr std::array kOwn{
     TextView(u"blob"),
     TextView(u"about"),
     TextView(u"javascript"),
-    TextView(u"ftp"),
     TextView(u"view-source"),
     TextView(u"filesystem"),
     TextView(u"ws"),

@@ -2,6 +2,7 @@
 
 #include "common/Address.h"
 #include "qt/QtAwaited.h"
+#include "qt/QtDesktopPrograms.h"
 #include "qt/QtEngine.h"
 #include "qt/QtEngineVersions.h"
 #include "qt/QtLeaving.h"
@@ -41,7 +42,8 @@ QtBrowserView::~QtBrowserView() {
 
 Outcome QtBrowserView::Navigate(TextView address) {
     QtAddress target = QtAddress::FromTyped(address);
-    if (target.url.scheme() == u"mailto") return m_engine.OpenOutside(target.url);
+    const QString scheme = target.url.scheme();
+    if (scheme == u"mailto" && QtDesktopPrograms::OpensElsewhere(scheme)) return m_engine.OpenOutside(target.url);
     m_requested = target.url;
     m_late = m_later = false;
     m_pending = std::move(target);
@@ -277,9 +279,8 @@ void QtBrowserView::StartNavigation() {
     const QtAddress target = *std::exchange(m_pending, std::nullopt);
     m_opened = false;
     MakePage();
-    if (ExternalSchemes::IsExternal(FromQt(target.url.scheme()))) {
+    if (m_questions->links.Take(target.url)) {
         m_engine.EndNavigation(m_index);
-        m_questions->links.Open(target.url);
         ReportUnbegun();
         return;
     }

@@ -147,6 +147,8 @@ void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
 
 void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
     if (!request.isUserInitiated() && !m_questions->permissions.MayOpenPopup(request.requestedUrl())) return;
+    // What is for another program needs no tab here.
+    if (m_page->HandOver(request.requestedUrl(), request.isUserInitiated(), true)) return;
     // What the engine calls a background tab was clicked with the key for the other way, or the middle button.
     const bool other = request.destination() == QWebEngineNewWindowRequest::InNewBackgroundTab;
     const auto place = other ? NewWindowPlace::OtherWay : NewWindowPlace::AsSet;

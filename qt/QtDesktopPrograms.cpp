@@ -2,7 +2,10 @@
 
 #include "common/IniFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QStringList>
@@ -24,6 +27,10 @@ QStringList Choices(const QString& type) {
         for (const QString& file : files) ids += Read(file, section, type).split(u';', Qt::SkipEmptyParts);
     };
     using Paths = QStandardPaths;
+    for (const QString& desktop : qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts)) {
+        const QString list = desktop.toLower() + QStringLiteral("-mimeapps.list");
+        addFrom(Paths::locateAll(Paths::GenericConfigLocation, list), "Default Applications");
+    }
     addFrom(Paths::locateAll(Paths::GenericConfigLocation, QStringLiteral("mimeapps.list")), "Default Applications");
     addFrom(Paths::locateAll(Paths::ApplicationsLocation, QStringLiteral("mimeapps.list")), "Default Applications");
     addFrom(Paths::locateAll(Paths::ApplicationsLocation, QStringLiteral("mimeinfo.cache")), "MIME Cache");
@@ -36,11 +43,25 @@ QString WithoutCodes(QString command) {
     return command.remove(code).replace(QStringLiteral("%%"), QStringLiteral("%")).trimmed();
 }
 
+QString EntryFile(const QString& id) { return QStandardPaths::locate(QStandardPaths::ApplicationsLocation, id); }
+
 QString CommandOf(const QString& id) {
-    const QString file = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, id);
+    const QString file = EntryFile(id);
     if (file.isEmpty() || Read(file, "Desktop Entry", QStringLiteral("Terminal")) == u"true") return {};
     return WithoutCodes(Read(file, "Desktop Entry", QStringLiteral("Exec")));
 }
+
+// By the entry that we install, or, for one that somebody wrote himself, by the file that it starts.
+bool IsThisProgram(const QString& id) {
+    if (id == u"tessaview.desktop") return true;
+    const QStringList words = QProcess::splitCommand(Read(EntryFile(id), "Desktop Entry", QStringLiteral("Exec")));
+    const QString started = QStandardPaths::findExecutable(words.value(0));
+    const QString own = QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath();
+    return !started.isEmpty() && QFileInfo(started).canonicalFilePath() == own;
+}
+
+// The desktop's programs cannot be seen from in there; its portal knows them.
+bool InSandbox() { return QFile::exists(QStringLiteral("/.flatpak-info")) || qEnvironmentVariableIsSet("SNAP"); }
 
 } // namespace
 
@@ -48,9 +69,17 @@ namespace QtDesktopPrograms {
 
 QString CommandFor(const QString& scheme) {
     for (const QString& id : Choices(QStringLiteral("x-scheme-handler/") + scheme)) {
-        if (const QString command = CommandOf(id); !command.isEmpty()) return command;
+        if (const QString command = CommandOf(id); !command.isEmpty()) return IsThisProgram(id) ? QString() : command;
     }
     return {};
+}
+
+bool OpensElsewhere(const QString& scheme) {
+    if (InSandbox()) return true;
+    for (const QString& id : Choices(QStringLiteral("x-scheme-handler/") + scheme)) {
+        if (!EntryFile(id).isEmpty()) return !IsThisProgram(id);
+    }
+    return false;
 }
 
 } // namespace QtDesktopPrograms

@@ -1,6 +1,7 @@
 #include "qt/QtExternalLinks.h"
 
 #include "pages/PlainText.h"
+#include "pages/UnshownAddresses.h"
 #include "qt/QtCovers.h"
 #include "qt/QtDesktopPrograms.h"
 #include "qt/QtPage.h"
@@ -49,18 +50,30 @@ private:
     QCheckBox* m_remember = nullptr;
 };
 
-class NoProgram final : public QtDialogCover {
+class Message final : public QtDialogCover {
 public:
-    explicit NoProgram(const QUrl& url) {
+    Message(const QString& heading, const QString& address, const QString& why) {
         setObjectName(QStringLiteral("externalDialog"));
-        AddHeading(QStringLiteral("No program opens this address."));
-        AddAddress(ShownAddress(url));
-        AddWords(
-            QStringLiteral("This desktop has no program for addresses that begin with \"%1:\".").arg(ShownScheme(url)),
-            "lblHolds");
+        AddHeading(heading);
+        AddAddress(address);
+        AddWords(why, "lblHolds");
         AddButtons(QStringLiteral("OK"), {});
     }
 };
+
+QtDialogCover* NoProgram(const QUrl& url) {
+    return new Message(
+        QStringLiteral("No program opens this address."), ShownAddress(url),
+        QStringLiteral("This desktop has no program for addresses that begin with \"%1:\".").arg(ShownScheme(url)));
+}
+
+QtDialogCover* NotShown(const QUrl& url, const Text& why) {
+    // What was typed as a path is read as one.
+    const bool drive = url.scheme().size() == 1;
+    const QString path = url.scheme().toUpper() + u':' + url.path(QUrl::FullyDecoded);
+    const QString address = drive ? ToQt(PlainLine(FromQt(path), kShownLength)) : ShownAddress(url);
+    return new Message(QStringLiteral("This address cannot be shown."), address, ToQt(why));
+}
 
 } // namespace
 
@@ -97,8 +110,16 @@ QtExternalLinks::Asker QtExternalLinks::AskerIn(const QtAsker& asker) {
             !asker.frame && !site.isEmpty(), false};
 }
 
-void QtExternalLinks::Open(const QUrl& url) {
-    Open(url, {QStringLiteral("Open this address with another program?"), {}, {}, true, true});
+bool QtExternalLinks::Take(const QUrl& url) {
+    const Asker user{QStringLiteral("Open this address with another program?"), {}, {}, true, true};
+    const Text address = FromQt(url.toString(QUrl::FullyEncoded));
+    if (const Text why = UnshownAddresses::WhyNot(address); !why.empty()) {
+        Tell(NotShown(url, why), user);
+        return true;
+    }
+    const bool external = url.scheme() == u"mailto" || ExternalSchemes::IsExternal(FromQt(url.scheme()));
+    if (external) Open(url, user);
+    return external;
 }
 
 void QtExternalLinks::Open(const QUrl& url, const Asker& asker) {
@@ -106,17 +127,14 @@ void QtExternalLinks::Open(const QUrl& url, const Asker& asker) {
     ExternalRule rule = known ? m_answers.RuleFor(FromQt(url.scheme()), FromQt(asker.site)) : ExternalRule::Ask;
     // What a page may do its frames may not; what it may not, they may not either.
     if (rule == ExternalRule::Open && !asker.remembers) rule = ExternalRule::Ask;
+    // Without another program the desktop would give the address back to a browser.
+    if (rule != ExternalRule::Refuse && !QtDesktopPrograms::OpensElsewhere(url.scheme()))
+        return Tell(NoProgram(url), asker);
     if (rule == ExternalRule::Open) QDesktopServices::openUrl(url);
     if (rule == ExternalRule::Ask && !m_shown && !m_refused.contains({url.scheme(), asker.who})) Ask(url, asker);
 }
 
 void QtExternalLinks::Ask(const QUrl& url, const Asker& asker) {
-    // Without one the desktop would give the address back to a browser.
-    if (QtDesktopPrograms::CommandFor(url.scheme()).isEmpty()) {
-        auto* told = new NoProgram(url);
-        told->Accepted = [this] { TakeOff(); };
-        return Show(told);
-    }
     const QString holder = asker.user ? QStringLiteral("what you type") : QStringLiteral("this site");
     auto* question = new Question(url, asker.heading, asker.remembers ? holder : QString());
     const auto answer = [this, question, url, asker](bool open) {
@@ -129,6 +147,17 @@ void QtExternalLinks::Ask(const QUrl& url, const Asker& asker) {
     question->Accepted = [answer] { answer(true); };
     question->Cancelled = [answer] { answer(false); };
     Show(question);
+    if (asker.user && m_covers.Shown()) m_covers.TakeFocus();
+}
+
+void QtExternalLinks::Tell(QtDialogCover* told, const Asker& asker) {
+    told->Accepted = [this] { TakeOff(); };
+    // A page may try as often as it likes; its user is told what came of the address that was typed last.
+    if (m_shown && !asker.user) return delete told;
+    TakeOff();
+    Show(told);
+    // Whoever has typed it is still in the address box, and is to answer without looking for the button.
+    if (asker.user && m_covers.Shown()) m_covers.TakeFocus();
 }
 
 void QtExternalLinks::Show(QtDialogCover* dialog) {

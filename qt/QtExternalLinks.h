@@ -23,14 +23,16 @@ public:
     /// All outlive this object.
     QtExternalLinks(QtPage& page, QtCovers& covers, ExternalSchemes& answers);
 
-    /// The user has typed the address.
-    void Open(const QUrl& url);
+    /// The user has typed the address. Asks about it when it is for another program, and says why when nothing can
+    /// show it; false for what the page may load.
+    bool Take(const QUrl& url);
 
 private:
     struct Asker;
     [[nodiscard]] static Asker AskerIn(const QtAsker& asker);
     void Open(const QUrl& url, const Asker& asker);
     void Ask(const QUrl& url, const Asker& asker);
+    void Tell(QtDialogCover* told, const Asker& asker);
     void Show(QtDialogCover* dialog);
     void TakeOff();
 

@@ -1,6 +1,7 @@
 #include "qt/QtPage.h"
 
 #include "pages/ExternalSchemes.h"
+#include "qt/QtDesktopPrograms.h"
 #include "qt/QtMail.h"
 #include "qt/QtStartPage.h"
 #include "qt/QtText.h"
@@ -44,24 +45,29 @@ void QtPage::NotePerson() {
 
 bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
     if (url.scheme() == QLatin1String(QtStartPage::Scheme()) && !AcceptOwn(url, type, isMainFrame)) return false;
-    if (url.scheme() == u"mailto") {
-        // Only a person's click starts the mail program, so that no page can start it a hundred times.
-        if (type == NavigationTypeLinkClicked && TakePerson()) QDesktopServices::openUrl(QtMail::WithoutFiles(url));
-        return false;
-    }
-    if (ExternalSchemes::IsExternal(FromQt(url.scheme()))) {
-        // The engine does not tell who asks. It has made sure that a person acted in the page: where that was, asks.
-        const bool inOthers = !m_actedFrame.isEmpty() && SiteOf(QUrl(m_actedFrame)) != SiteOf(ShownAddress());
-        const bool byFrame = !isMainFrame || inOthers;
-        Q_EMIT ExternalRequested(url, {ShownAddress(), byFrame, QUrl(m_actedFrame)});
-        return false;
-    }
+    if (HandOver(url, type == NavigationTypeLinkClicked, isMainFrame)) return false;
     if (isMainFrame) m_awaited = url;
     if (isMainFrame) m_redirects = type == NavigationTypeRedirect;
     // A link that a script clicks is a clicked one too.
     if (isMainFrame && (type == NavigationTypeTyped || (type == NavigationTypeLinkClicked && TakePerson())))
         Q_EMIT PersonNavigated();
     Q_EMIT NavigationRequested(url, isMainFrame);
+    return true;
+}
+
+bool QtPage::HandOver(const QUrl& url, bool clicked, bool isMainFrame) {
+    const bool mail = url.scheme() == u"mailto";
+    if (!mail && !ExternalSchemes::IsExternal(FromQt(url.scheme()))) return false;
+    // Only a person's click starts the mail program, so that no page can start it a hundred times.
+    if (mail && !(clicked && TakePerson())) return true;
+    if (mail && QtDesktopPrograms::OpensElsewhere(url.scheme())) {
+        QDesktopServices::openUrl(QtMail::WithoutFiles(url));
+        return true;
+    }
+    // The engine does not tell who asks. It has made sure that a person acted in the page: where that was, asks.
+    const bool inOthers = !m_actedFrame.isEmpty() && SiteOf(QUrl(m_actedFrame)) != SiteOf(ShownAddress());
+    const bool byFrame = !isMainFrame || inOthers;
+    Q_EMIT ExternalRequested(mail ? QtMail::WithoutFiles(url) : url, {ShownAddress(), byFrame, QUrl(m_actedFrame)});
     return true;
 }
 

@@ -46,6 +46,10 @@ public:
     /// Whether the navigation that began last is one on which another has been led.
     [[nodiscard]] bool Redirects() const { return m_redirects; }
 
+    /// Hands an address that another program is for over, or asks about it; false for what pages show. A mail is begun
+    /// only where a person has clicked.
+    bool HandOver(const QUrl& url, bool clicked, bool isMainFrame);
+
     /// Whether the user has typed or chosen something in the page, or in a frame of it, that was not sent.
     [[nodiscard]] bool HoldsInput() const { return !m_input.isEmpty(); }
 

@@ -71,10 +71,13 @@ class Mail(unittest.TestCase):
         programs = os.path.join(self.home, "programs")
         os.makedirs(programs)
         self.path = os.environ["PATH"]
+        self.entries = os.path.join(os.environ["XDG_DATA_HOME"], "applications")
+        os.makedirs(self.entries, exist_ok=True)
         self.make_mail_program(programs)
 
     def tearDown(self):
         os.environ["PATH"] = self.path
+        self.name_mail_program("")
 
     def make_mail_program(self, folder):
         """What is started from now on begins mails with a program that writes them down."""
@@ -83,7 +86,16 @@ class Mail(unittest.TestCase):
         with open(fake, "w") as file:
             file.write(f"#!/bin/sh\nfor word; do printf '<%s>' \"$word\"; done >>'{self.record}'\necho >>'{self.record}'\n")
         os.chmod(fake, stat.S_IRWXU)
+        # The desktop has a program for mails, which is not this browser.
+        with open(os.path.join(self.entries, "letters.desktop"), "w") as file:
+            file.write("[Desktop Entry]\nType=Application\nName=Letters\nExec=letters %u\n")
+        self.name_mail_program("letters.desktop")
         os.environ["PATH"] = folder + os.pathsep + self.path
+
+    def name_mail_program(self, entry):
+        """The desktop opens mails with the program of that entry; with none when it is empty."""
+        with open(os.path.join(self.entries, "mimeapps.list"), "w") as file:
+            file.write(f"[Default Applications]\nx-scheme-handler/mailto={entry}\n")
 
     def recorded(self):
         if not os.path.exists(self.record):
@@ -114,6 +126,25 @@ class Mail(unittest.TestCase):
                     self.assertFalse(any(each in arrived for each in " \t\r\n\""), arrived)
                     self.assertEqual(urllib.parse.unquote(arrived[7:]), urllib.parse.unquote(link[7:]))
                 program.wait_strip(["[Links]"])
+
+    def test_without_a_mail_program_a_click_says_so_and_goes_round_in_no_circle(self):
+        for entry in ("", "tessaview.desktop"):
+            self.name_mail_program(entry)
+            with open(os.path.join(self.entries, "tessaview.desktop"), "w") as file:
+                file.write(f"[Desktop Entry]\nType=Application\nName=TessaView\nExec={PROGRAM} %u\n")
+            with Pages("Links", ["mailto:a@b.example"] * 20) as pages:
+                with desk.Program(PROGRAM, pages.address, home=self.home) as program:
+                    program.wait_strip(["[Links]"])
+                    middle(program)
+                    program.focus()
+                    for answer in ("Return", "Escape"):
+                        desk.xdotool("click", "1")
+                        words = 'This desktop has no program for addresses that begin with "mailto:".'
+                        program.find("label", words)
+                        # What was pressed too early is no answer.
+                        desk.wait_until(lambda: not program.find_now("label", words) or desk.xdotool("key", answer))
+                    program.wait_strip(["[Links]"])
+        self.assertEqual(self.recorded(), [])
 
     def test_a_mail_on_the_command_line_of_a_first_start_is_begun_once(self):
         with desk.Program(PROGRAM, "mailto:a@b.example", home=self.home) as program:

@@ -1,15 +1,15 @@
 #include "qt/QtBrowserView.h"
 #include "qt/QtDialogCover.h"
 #include "qt/QtText.h"
+#include "tests/engine/DesktopEntries.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QDesktopServices>
-#include <QDir>
-#include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -22,15 +22,9 @@ class OtherProgram final : public QObject {
 public:
     OtherProgram() {
         for (const QString& scheme : Schemes()) QDesktopServices::setUrlHandler(scheme, this, "Open");
-        Write(QStringLiteral("testapp.desktop"), "[Desktop Entry]\nType=Application\nExec=testapp %u\n");
-        Write(QStringLiteral("mimeinfo.cache"),
-              "[MIME Cache]\nx-scheme-handler/testapp=testapp.desktop;\nx-scheme-handler/testapp2=testapp.desktop;\n"
-              "x-scheme-handler/" +
-                  LongScheme().toLatin1() + "=testapp.desktop;\n");
     }
     ~OtherProgram() override {
         for (const QString& scheme : Schemes()) QDesktopServices::unsetUrlHandler(scheme);
-        for (const QString& file : std::as_const(m_files)) QFile::remove(file);
     }
 
     std::string Take() { return std::exchange(m_opened, {}).join(u' ').toStdString(); }
@@ -43,15 +37,9 @@ private:
     static QStringList Schemes() {
         return {QStringLiteral("testapp"), QStringLiteral("testapp2"), QStringLiteral("nobodys")};
     }
-    void Write(const QString& name, const QByteArray& text) {
-        const QString folder = qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/applications");
-        QDir().mkpath(folder);
-        m_files << folder + u'/' + name;
-        QFile file(m_files.constLast());
-        ASSERT_TRUE(file.open(QFile::WriteOnly));
-        file.write(text);
-    }
-    QStringList m_opened, m_files;
+    QStringList m_opened;
+    // "nobodys:" has none.
+    DesktopEntries m_entries{{QStringLiteral("testapp"), QStringLiteral("testapp2"), LongScheme()}};
 };
 
 class ExternalLinks : public testing::Test {
@@ -230,6 +218,59 @@ TEST_F(ExternalLinks, WithoutAProgramForItTheUserIsToldSo) {
     QTest::keyClick(Shown(), Qt::Key_Escape);
     EXPECT_EQ(Shown(), nullptr);
     EXPECT_EQ(program.Take(), "");
+}
+
+TEST_F(ExternalLinks, AnAnswerThatIsRememberedOpensNothingWithoutAProgram) {
+    desk.engine.External().Remember(u"nobodys", FromQt(server.Address({})), true);
+    desk.ClickOn(QStringLiteral("none"));
+    ASSERT_TRUE(Asks());
+    EXPECT_EQ(Words("lblHeading"), "No program opens this address.");
+    EXPECT_EQ(program.Take(), "") << "the desktop would give it back";
+}
+
+TEST_F(ExternalLinks, ALinkForAnotherProgramNeedsNoTab) {
+    int tabs = 0;
+    desk.events.supplyView = [&tabs]() -> BrowserView* {
+        ++tabs;
+        return nullptr;
+    };
+    desk.Script(QStringLiteral("for (const each of document.links) each.target = '_blank'; 1"));
+    desk.ClickOn(QStringLiteral("link"));
+    ASSERT_TRUE(Asks());
+    Press("cmdOK");
+    EXPECT_EQ(program.Take(), "testapp:do?x=1%20%22");
+    desk.ClickOn(QStringLiteral("none"));
+    ASSERT_TRUE(Asks());
+    EXPECT_EQ(Words("lblHeading"), "No program opens this address.");
+    EXPECT_EQ(tabs, 0);
+}
+
+TEST_F(ExternalLinks, WhatNothingCanShowIsSaidWhereItWasTyped) {
+    QLineEdit box(&desk.window);
+    box.show();
+    const std::array<std::array<const char*, 3>, 4> rows{{
+        {"about:config", "about:config", "TessaView has no page of that name."},
+        {"C:\\x y", "C:\\x y",
+         "There are no drives with letters on this computer. The path of a file begins with \"/\"."},
+        {"http://", "http://", "The address names no host."},
+        {"ftp://a.example/b", "ftp://a.example/b",
+         "This desktop has no program for addresses that begin with \"ftp:\"."},
+    }};
+    for (const auto& [typed, shown, why] : rows) {
+        for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+            box.setFocus();
+            desk.Navigate(QString::fromLatin1(typed));
+            ASSERT_TRUE(Asks()) << typed;
+            EXPECT_EQ(Words("lblAddress"), shown);
+            EXPECT_EQ(Words("lblHolds"), why);
+            ASSERT_TRUE(WaitForAnswers(*Shown()));
+            ASSERT_EQ(QApplication::focusWidget(), Shown()->findChild<QPushButton*>()) << typed;
+            QTest::keyClick(QApplication::focusWidget(), key);
+            EXPECT_EQ(Shown(), nullptr) << typed;
+        }
+    }
+    EXPECT_EQ(desk.view->LocationURL(), FromQt(server.Address(QStringLiteral("/page")))) << "the page stays";
+    EXPECT_FALSE(desk.view->Busy());
 }
 
 TEST_F(ExternalLinks, AnAddressThatThePersonTypedIsAskedAboutToo) {

@@ -1,9 +1,12 @@
 #include "qt/QtBrowserView.h"
+#include "qt/QtDialogCover.h"
 #include "qt/QtText.h"
+#include "tests/engine/DesktopEntries.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QLabel>
 #include <QUrl>
 
 namespace {
@@ -25,7 +28,53 @@ public Q_SLOTS:
 
 private:
     QStringList m_opened;
+    DesktopEntries m_entries{{QStringLiteral("mailto")}};
 };
+
+/// A desktop that gives mails to this program, as one does that has no program for them.
+class NoMailProgram : public testing::TestWithParam<bool> {
+protected:
+    bool IsTold() {
+        return WaitUntil([this] {
+            const auto* cover = desk.window.findChild<QtDialogCover*>(QStringLiteral("externalDialog"));
+            return cover && cover->isVisible() && cover->accessibleName() == u"No program opens this address.";
+        });
+    }
+
+    MailProgram mail;
+    /// Instead of the other one's entry.
+    DesktopEntries entries{GetParam() ? QStringList(QStringLiteral("mailto")) : QStringList(), "tessaview.desktop"};
+    LocalServer server;
+    EngineView desk;
+};
+
+TEST_P(NoMailProgram, IsToldWhereALinkWasClicked) {
+    int tabs = 0;
+    desk.events.supplyView = [&tabs]() -> BrowserView* {
+        ++tabs;
+        return nullptr;
+    };
+    for (const char* target : {"_self", "_blank"}) {
+        server.Page(QStringLiteral("/page"),
+                    QByteArray("<a id=link href='mailto:a@b.example?attach=/x' target=") + target + ">write</a>");
+        desk.Load(server.Address(QStringLiteral("/page")));
+        desk.ClickOn(QStringLiteral("link"));
+        ASSERT_TRUE(IsTold()) << target;
+        const auto* cover = desk.window.findChild<QtDialogCover*>(QStringLiteral("externalDialog"));
+        EXPECT_EQ(cover->findChild<QLabel*>(QStringLiteral("lblAddress"))->text(), u"mailto:a@b.example");
+    }
+    EXPECT_EQ(tabs, 0);
+    EXPECT_EQ(mail.Take(), "") << "the desktop would give it back to the program";
+}
+
+TEST_P(NoMailProgram, IsToldWhereTheAddressWasTyped) {
+    desk.Navigate(QStringLiteral("mailto:a@b.example"));
+    ASSERT_TRUE(IsTold());
+    EXPECT_EQ(mail.Take(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktops, NoMailProgram, testing::Bool(),
+                         [](const auto& info) { return info.param ? "WithThisProgramForIt" : "WithNone"; });
 
 TEST(Mail, ALinkIsSentWholeWhateverThePagesTitleIs) {
     LocalServer server;

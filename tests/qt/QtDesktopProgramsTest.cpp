@@ -18,6 +18,7 @@ protected:
             m_before.insert(QLatin1String(name), qgetenv(name));
             qputenv(name, m_folder.filePath(QLatin1String(name)).toLocal8Bit());
         }
+        m_before.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), qgetenv("XDG_CURRENT_DESKTOP"));
     }
 
     void TearDown() override {
@@ -39,6 +40,8 @@ protected:
     }
 
     static std::string Command() { return QtDesktopPrograms::CommandFor(QStringLiteral("mailto")).toStdString(); }
+
+    static bool OpensElsewhere() { return QtDesktopPrograms::OpensElsewhere(QStringLiteral("mailto")); }
 
 private:
     QMap<QString, QByteArray> m_before;
@@ -70,6 +73,44 @@ TEST_F(QtDesktopProgramsTest, AProgramOfATerminalIsPassedOver) {
     EXPECT_EQ(Command(), "post");
 }
 
-TEST_F(QtDesktopProgramsTest, ADesktopThatKnowsNoneHasNone) { EXPECT_EQ(Command(), ""); }
+TEST_F(QtDesktopProgramsTest, ADesktopThatKnowsNoneHasNone) {
+    EXPECT_EQ(Command(), "");
+    EXPECT_FALSE(OpensElsewhere());
+    Write("XDG_CONFIG_HOME/mimeapps.list", "[Default Applications]\nx-scheme-handler/mailto=gone.desktop\n");
+    EXPECT_FALSE(OpensElsewhere()) << "its program is not installed any more";
+}
+
+TEST_F(QtDesktopProgramsTest, AnotherProgramMayNeedATerminal) {
+    Program("text.desktop", "Terminal=true\nExec=text %u\n");
+    Write("XDG_CONFIG_HOME/mimeapps.list", "[Default Applications]\nx-scheme-handler/mailto=text.desktop\n");
+    EXPECT_TRUE(OpensElsewhere());
+}
+
+TEST_F(QtDesktopProgramsTest, ThisProgramIsNoOtherOne) {
+    Program("post.desktop", "Exec=post %u\n");
+    Program("tessaview.desktop", "Exec=tessaview %u\n");
+    Program("mine.desktop", "Exec=\"" + QCoreApplication::applicationFilePath().toLocal8Bit() + "\" %u\n");
+    for (const QByteArray own : {"tessaview.desktop", "mine.desktop"}) {
+        Write("XDG_CONFIG_HOME/mimeapps.list",
+              "[Default Applications]\nx-scheme-handler/mailto=" + own + ";post.desktop\n");
+        EXPECT_FALSE(OpensElsewhere()) << own.toStdString();
+        EXPECT_EQ(Command(), "") << own.toStdString();
+    }
+    Write("XDG_CONFIG_HOME/mimeapps.list",
+          "[Default Applications]\nx-scheme-handler/mailto=post.desktop;tessaview.desktop\n");
+    EXPECT_TRUE(OpensElsewhere());
+    EXPECT_EQ(Command(), "post");
+}
+
+TEST_F(QtDesktopProgramsTest, TheListOfTheDesktopThatRunsCountsBeforeTheCommonOne) {
+    Program("post.desktop", "Exec=post %u\n");
+    Program("other.desktop", "Exec=other %u\n");
+    Write("XDG_CONFIG_HOME/mimeapps.list", "[Default Applications]\nx-scheme-handler/mailto=other.desktop\n");
+    Write("XDG_CONFIG_HOME/gnome-mimeapps.list", "[Default Applications]\nx-scheme-handler/mailto=post.desktop\n");
+    qputenv("XDG_CURRENT_DESKTOP", "");
+    EXPECT_EQ(Command(), "other");
+    qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
+    EXPECT_EQ(Command(), "post");
+}
 
 } // namespace

@@ -1,0 +1,35 @@
+#include "pages/UnshownAddresses.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+// With these the engine and the program speak to each other.
+constexpr std::array kInnerSchemes{TextView(u"chrome-error"), TextView(u"chrome-devtools"), TextView(u"tessaview-ask")};
+
+char16_t LowerLetter(char16_t unit) { return unit >= u'A' && unit <= u'Z' ? unit - u'A' + u'a' : unit; }
+
+bool NamesNoHost(TextView rest) { return rest.find_first_not_of(u'/') == TextView::npos; }
+
+} // namespace
+
+namespace UnshownAddresses {
+
+Text WhyNot(TextView address) {
+    const std::size_t colon = address.find(u':');
+    if (colon == TextView::npos) return {};
+    Text scheme(address.substr(0, colon));
+    std::ranges::transform(scheme, scheme.begin(), LowerLetter);
+    const TextView rest = address.substr(colon + 1);
+    if (scheme.size() == 1)
+        return u"There are no drives with letters on this computer. The path of a file begins with \"/\".";
+    if (scheme == u"about" && rest.substr(0, rest.find_first_of(u"?#")) != u"blank")
+        return u"TessaView has no page of that name.";
+    if ((scheme == u"http" || scheme == u"https") && NamesNoHost(rest)) return u"The address names no host.";
+    if (std::ranges::find(kInnerSchemes, TextView(scheme)) != kInnerSchemes.end())
+        return u"Such addresses are used inside the program only.";
+    return {};
+}
+
+} // namespace UnshownAddresses
