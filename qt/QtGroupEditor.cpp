@@ -14,7 +14,7 @@
 #include <array>
 
 namespace {
-constexpr int kUsualWidth = 520;
+constexpr int kEditorWidth = 520;
 }
 
 QtGroupEditor::QtGroupEditor(frmTessaGroup& form, QWidget* parent)
@@ -30,7 +30,7 @@ QtGroupEditor::QtGroupEditor(frmTessaGroup& form, QWidget* parent)
     findChild<QLabel*>(QStringLiteral("Label1"))->setBuddy(m_list);
     AddListKeys();
     form.Frame1.Visible.Attach([this](bool visible) { ShowEntry(visible); });
-    resize(kUsualWidth, m_formHeight);
+    resize(kEditorWidth, m_formHeight);
     form.Height.Attach([this](Twips height) { ShowHeight(height); });
     Bind(form.Form, *this, form.cmdCancel);
     m_list->setFocus();
