@@ -103,6 +103,7 @@ private:
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
     void OnNewWindow(QWebEngineNewWindowRequest& request);
     void OnPrintRequested();
+    void PrintIfShown();
     void OnFullScreen(QWebEngineFullScreenRequest request);
     void OpenPopup(const QUrl& address);
     void PrintPreview();
@@ -140,6 +141,7 @@ private:
     bool m_later = false;       ///< what is pending waits until somebody looks
     bool m_late = false;        ///< the first page is overdue
     bool m_muted = false;
+    bool m_printsLater = false;   ///< as soon as the page is shown
     bool m_previewsLater = false; ///< as soon as the page is there
     bool m_tabStop = false;
     bool m_wantsFocus = false;

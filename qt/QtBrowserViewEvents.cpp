@@ -29,6 +29,7 @@ void QtBrowserView::ConnectLoading() {
     connect(page, &QtPage::NavigationRequested, this, [this](const QUrl& url, bool top) {
         NoteVisit(url);
         if (top) m_newDocument = true;
+        if (top) m_printsLater = false;
         // The second try is for the address that was typed, and for none that comes after it.
         if (top && QtAddress::Shown(url) != m_fallbackOf) m_fallback.clear();
         m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame, QtAddress::Shown(url));
@@ -166,6 +167,10 @@ void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
     supplied->m_opened = true;
     supplied->MakePage();
     supplied->m_awaited->Expect();
+    // Its click is good for the window that was opened with it, too, if that is no other's.
+    const QUrl& target = request.requestedUrl();
+    const bool own = target.isEmpty() || target.scheme() == u"about" || m_page->IsOwnOrigin(target);
+    if (own && request.isUserInitiated()) supplied->m_page->NoteOpener();
     QtEngineVersions::OpenIn(request, *supplied->m_page);
 }
 
@@ -183,11 +188,17 @@ void QtBrowserView::OnFullScreen(QWebEngineFullScreenRequest request) {
 }
 
 void QtBrowserView::OnPrintRequested() {
-    // The dialog is modal: only a person who is looking at the page may bring it up, not the page by itself.
-    if (!m_page->TakePerson() || !m_widget || !m_widget->isVisible()) return;
+    // The dialog is modal: only a person may bring it up, not the page by itself.
+    if (m_page->TakePrintWish()) m_printsLater = true;
     // Queued: the engine is in the middle of asking.
     QMetaObject::invokeMethod(
-        this, [this] { ResumeNext(ExecWB(BrowserCommand::Print)); }, Qt::QueuedConnection);
+        this, [this] { PrintIfShown(); }, Qt::QueuedConnection);
+}
+
+// Only who is looking at a page is asked about it; one that was opened to be printed is not there yet when it asks.
+void QtBrowserView::PrintIfShown() {
+    if (!m_widget || !m_widget->isVisible() || !std::exchange(m_printsLater, false)) return;
+    ResumeNext(ExecWB(BrowserCommand::Print));
 }
 
 void QtBrowserView::OpenPopup(const QUrl& address) {

@@ -35,6 +35,9 @@ void QtBrowserView::Show() {
     m_questions->covers.SetShown(true);
     m_questions->bar->setVisible(m_questions->bar->Asks());
     if (m_wantsFocus) SetFocus();
+    // Queued: the one that was in front is still being hidden.
+    QMetaObject::invokeMethod(
+        this, [this] { PrintIfShown(); }, Qt::QueuedConnection);
 }
 
 void QtBrowserView::Hide() {
@@ -135,5 +138,5 @@ void QtBrowserView::Release() {
     if (m_page) m_engine.End(*m_page);
     m_widget = nullptr;
     m_page = nullptr;
-    m_loading = m_committed = m_failed = m_known = m_newDocument = false;
+    m_loading = m_committed = m_failed = m_known = m_newDocument = m_printsLater = false;
 }

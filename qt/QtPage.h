@@ -58,6 +58,10 @@ public:
     std::function<void(const PageDialogRequest&, std::function<void(const PageDialogAnswer&)> answer)> ShowDialog;
     /// A person has clicked or typed into the page.
     void NotePerson();
+    /// A person has opened the page from one that may speak for it.
+    void NoteOpener() { m_opener.Make(); }
+    /// Whether a person wants it printed: has acted in it, or opened it for that.
+    [[nodiscard]] bool TakePrintWish() { return m_person.Take() || m_opener.Take(); }
     /// Whether a person has, since the document came. Only then may a page hold its user.
     [[nodiscard]] bool PersonWasHere() const { return m_personWasHere; }
     /// Asked when a document wants to hold its user: whether he leaves. Nothing when he is to be asked.
@@ -112,7 +116,7 @@ private:
     bool m_ending = false;
     QSet<QString> m_input; ///< the documents that hold some
     int m_printing = 0;    ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
-    PersonNote m_person;
+    PersonNote m_person, m_opener;
     bool m_personWasHere = false;
     QString m_actedFrame; ///< the origin of the frame in which a person acted last; empty for the page itself
     bool m_loading = false;
