@@ -1,6 +1,7 @@
 #include "qt/QtMainWindow.h"
 
 #include "qt/QtIcons.h"
+#include "qt/QtScreenFit.h"
 #include "qt/QtStatusBar.h"
 #include "qt/QtTabStrip.h"
 #include "qt/QtText.h"
@@ -20,6 +21,10 @@ namespace {
 QRect VirtualScreen() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen ? screen->virtualGeometry() : QRect();
+}
+
+QSize SizeIn(Twips width, Twips height) {
+    return {std::max(ToPixels(width).value, 1), std::max(ToPixels(height).value, 1)};
 }
 
 // The engine's widgets are painted by the graphics card. A window that learns of that when it is on the screen already
@@ -63,6 +68,8 @@ void QtMainWindow::Show() {
     raise();
     activateWindow();
     QTimer::singleShot(0, this, [this] {
+        // What the desktop has put around it is known only now.
+        QtScreenFit::Fit(*this);
         if (!m_activated) Activate();
     });
 }
@@ -117,12 +124,19 @@ Placement QtMainWindow::Place() const {
 }
 
 void QtMainWindow::SetPlace(const Placement& place) {
-    SetSize(place.width, place.height);
-    move(ToPixels(place.left).value, ToPixels(place.top).value);
+    const QMargins around = QtScreenFit::FrameOf(*this);
+    const QPoint at(ToPixels(place.left).value, ToPixels(place.top).value);
+    const QRect asked(at, SizeIn(place.width, place.height).grownBy(around));
+    // A screen may have become smaller, or be gone.
+    const QRect frame = QtScreenFit::Within(asked, QtScreenFit::FreeAround(asked));
+    resize(frame.size().shrunkBy(around));
+    move(frame.topLeft());
 }
 
 void QtMainWindow::SetSize(Twips width, Twips height) {
-    resize(std::max(ToPixels(width).value, 1), std::max(ToPixels(height).value, 1));
+    const QMargins around = QtScreenFit::FrameOf(*this);
+    const QSize room = QtScreenFit::FreeAround(frameGeometry()).size().shrunkBy(around);
+    resize(SizeIn(width, height).boundedTo(room));
 }
 
 void QtMainWindow::SetFullScreen(bool on) {

@@ -30,6 +30,7 @@
 #include "qt/QtPageBars.h"
 #include "qt/QtProgram.h"
 #include "qt/QtRequests.h"
+#include "qt/QtScreenFit.h"
 #include "qt/QtSessionFiles.h"
 #include "qt/QtSessionOffer.h"
 #include "qt/QtSettingsStorage.h"
@@ -75,6 +76,7 @@ struct QtProgram::Parts {
     // Outlives the engine, which ends with the application.
     std::optional<QtInstanceProfile> ownProfile;
     QApplication qt;
+    QtScreenFit screenFit;
     // Ends after everything that saves something: a second signal must not cut that short.
     std::optional<QtSignals> signals;
     QtFolders folders;
