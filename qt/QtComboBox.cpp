@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QToolBar>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -220,7 +221,10 @@ QSize QtComboBox::minimumSizeHint() const {
 
 void QtComboBox::resizeEvent(QResizeEvent* event) {
     QComboBox::resizeEvent(event);
-    if (!m_tool.FillsRow() || m_room == 0 || !isVisible()) return;
+    // Upright, the toolbar gives it what a column can spare, which is not its width.
+    const auto* bar = qobject_cast<const QToolBar*>(parentWidget());
+    const bool upright = bar && bar->orientation() == Qt::Vertical;
+    if (!m_tool.FillsRow() || m_room == 0 || upright || !isVisible()) return;
     m_tool.Measure(Pixels{width()});
 }
 

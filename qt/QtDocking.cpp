@@ -20,6 +20,10 @@ constexpr int kWidestMinimum = 360; // of a toolbar with a box, in logical pixel
 // Of a box that fills its row: it makes room for others as long as it has more than the first.
 constexpr int kFairFilling = 280;
 constexpr int kNarrowestFilling = 120;
+constexpr int kUprightBox = 160; // a column beside the page leaves the page its room
+
+constexpr Qt::WindowFlags kFloatingBar =
+    Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
 struct SideName {
     DockSide side;
@@ -149,9 +153,27 @@ void QtDocking::ArrangeSide(DockSide side) {
 void QtDocking::Float(const Band& band, QToolBar& bar) {
     if (m_window.toolBarArea(&bar) == Qt::NoToolBarArea) m_window.addToolBar(Qt::TopToolBarArea, &bar);
     bar.setOrientation(Qt::Horizontal);
-    if (!bar.isFloating()) bar.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    if (bar.windowFlags() != kFloatingBar) bar.setWindowFlags(kFloatingBar);
     bar.adjustSize();
     bar.move(band.Dock().Left.value, band.Dock().Top.value);
+}
+
+// While it is dragged it has no frame, for the pointer holds it by its handle.
+void QtDocking::Frame(QToolBar& bar) {
+    if (!bar.isFloating() || bar.windowFlags() == kFloatingBar) return;
+    const QPoint at = bar.pos();
+    const bool shown = !bar.isHidden();
+    bar.setWindowFlags(kFloatingBar);
+    bar.move(at);
+    bar.setVisible(shown);
+}
+
+// Its own close button hides a floating toolbar; the ways to show it again are those of any hidden one.
+void QtDocking::OnClosed(const QObject& closed) {
+    for (Band* band : ToolBarBands()) {
+        const QToolBar* bar = m_toolBars.Find(*band);
+        if (bar == &closed && bar->isFloating()) band->Visible = false;
+    }
 }
 
 std::vector<std::vector<Band*>> QtDocking::RowsOf(DockSide side) const {
@@ -190,8 +212,9 @@ void QtDocking::Read() {
     for (const SideName& each : kSides) rows.push_back(RowsOf(each.side));
     for (std::size_t i = 0; i < kSides.size(); ++i) AssignDockRows(m_bar, kSides[i].side, rows[i]);
     for (Band* band : ToolBarBands()) {
-        const QToolBar* bar = m_toolBars.Find(*band);
+        QToolBar* bar = m_toolBars.Find(*band);
         if (!bar->isFloating()) continue;
+        Frame(*bar);
         const Docking& old = band->Dock();
         band->Dock = Docking{DockSide::Floating, old.Row, old.Place, {bar->x()}, {bar->y()}};
     }
@@ -208,9 +231,17 @@ void QtDocking::ShareRows(Hints hints) {
     }
     for (const Band* band : upright) {
         QToolBar* bar = m_toolBars.Find(*band);
-        bar->setMinimumWidth(0);
-        for (auto* box : bar->findChildren<QtComboBox*>()) box->SetRoom(0);
+        ShareColumn(*bar);
     }
+}
+
+// The others of a column do not grow with the widest.
+void QtDocking::ShareColumn(QToolBar& bar) {
+    const bool upright = bar.orientation() == Qt::Vertical && !bar.isFloating();
+    const auto boxes = bar.findChildren<QtComboBox*>();
+    bar.setMinimumWidth(0);
+    for (auto* box : boxes) box->SetRoom(upright ? kUprightBox : 0);
+    bar.setMaximumWidth(upright && boxes.isEmpty() ? bar.sizeHint().width() : QWIDGETSIZE_MAX);
 }
 
 // A box shrinks before it leaves its toolbar.
@@ -230,6 +261,7 @@ void QtDocking::ShareRow(const std::vector<Band*>& row, Hints hints) {
             room += width;
             (box->Shown().FillsRow() ? filling : others).push_back(box);
         }
+        bar->setMaximumWidth(QWIDGETSIZE_MAX);
         bar->setMinimumWidth(spare > 0 ? std::clamp(hint - spare, 0, kWidestMinimum) : 0);
     }
     ShareRoom(room, filling, others);
@@ -241,6 +273,7 @@ bool QtDocking::eventFilter(QObject* watched, QEvent* event) {
     if (window && (type == QEvent::Resize || type == QEvent::Show)) ShareRows(Hints::Stale);
     // What asks for a layout has new hints already; to ask again would go on for ever.
     if (window && type == QEvent::LayoutRequest) ShareRows(Hints::Fresh);
+    if (!window && type == QEvent::Close) OnClosed(*watched);
     // The toolbar itself has first to do what the release of the button means.
     if (!window && type == QEvent::MouseButtonRelease) QTimer::singleShot(0, this, &QtDocking::Read);
     return QObject::eventFilter(watched, event);

@@ -30,6 +30,9 @@ private:
     void ArrangeSide(DockSide side);
     void Float(const Band& band, QToolBar& bar);
     void Thaw();
+    static void Frame(QToolBar& bar);
+    void OnClosed(const QObject& closed);
+    static void ShareColumn(QToolBar& bar);
     void Read();
     [[nodiscard]] std::vector<std::vector<Band*>> RowsOf(DockSide side) const;
     /// Whether the toolbars know how wide their boxes want to be now.

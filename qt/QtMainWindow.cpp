@@ -145,7 +145,11 @@ void QtMainWindow::SetFullScreen(bool on) {
 }
 
 Pixels QtMainWindow::InnerWidth() const { return {InnerSize().width()}; }
-Pixels QtMainWindow::InnerHeight() const { return {InnerSize().height()}; }
+Pixels QtMainWindow::InnerHeight() const { return {InnerSize().height() + StatusHeight()}; }
+
+int QtMainWindow::StatusHeight() const {
+    return m_statusBar && !m_statusBar->isHidden() ? m_statusBar->Height().value : 0;
+}
 
 QSize QtMainWindow::InnerSize() const {
     // A window that was never shown has not laid out its inner area yet.
@@ -171,7 +175,7 @@ void QtMainWindow::SetTabStrip(QtTabStrip& strip) {
 
 void QtMainWindow::SetStatusBar(QtStatusBar& bar) {
     m_statusBar = &bar;
-    bar.setParent(m_inner);
+    bar.setParent(this);
     bar.HeightChanged = [this] { OnInnerResized(); };
     LayStatusBar();
 }
@@ -186,8 +190,11 @@ void QtMainWindow::LayTabStrip() {
 
 void QtMainWindow::LayStatusBar() {
     if (!m_statusBar) return;
+    // Beneath all toolbars and panels, which lie around the inner area.
+    setContentsMargins(0, 0, 0, StatusHeight());
+    layout()->activate();
     const int height = m_statusBar->Height().value;
-    m_statusBar->setGeometry(0, m_inner->height() - height, m_inner->width(), height);
+    m_statusBar->setGeometry(0, this->height() - height, width(), height);
 }
 
 void QtMainWindow::OnInnerResized() {
@@ -199,6 +206,11 @@ void QtMainWindow::OnInnerResized() {
 bool QtMainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_inner && event->type() == QEvent::Resize) OnInnerResized();
     return QMainWindow::eventFilter(watched, event);
+}
+
+void QtMainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    LayStatusBar();
 }
 
 bool QtMainWindow::event(QEvent* event) {

@@ -10,8 +10,9 @@
 class QtStatusBar;
 class QtTabStrip;
 
-/// The main window's frame on the desktop. Its inner area holds tab strip, pages and status bar: the core says where
-/// strip and pages go, the status bar keeps to the lower edge. Costs no window of the desktop until it is shown.
+/// The main window's frame on the desktop. Its inner area holds tab strip and pages: the core says where they go. The
+/// status bar keeps to the window's lower edge, beneath all toolbars; for the core it is a part of the area. Costs no
+/// window of the desktop until it is shown.
 class QtMainWindow final : public QMainWindow, public MainWindow {
     Q_OBJECT
 
@@ -41,7 +42,7 @@ public:
     void BringToForeground(const QByteArray& token);
     /// The user has asked for the window: out of the task bar, as large as it was, and into the foreground.
     void ComeBack();
-    /// Takes the widget into the inner area. The caller goes on owning it and may delete it.
+    /// Takes the widget in. The caller goes on owning it and may delete it.
     void SetTabStrip(QtTabStrip& strip);
     void SetStatusBar(QtStatusBar& bar);
     /// The parent of the page views; their places are relative to it.
@@ -66,6 +67,7 @@ protected:
 
 private:
     void Activate();
+    void resizeEvent(QResizeEvent* event) override;
     void RaiseAndActivate();
     void OnInnerResized();
     void LayStatusBar();
@@ -73,6 +75,7 @@ private:
     [[nodiscard]] QSize InnerSize() const;
 
     QWidget* m_inner;
+    [[nodiscard]] int StatusHeight() const;
     QtFullScreen m_fullScreen;
     std::optional<Placement> m_placeBefore; ///< where the window was before it took the whole screen
     QPointer<QtTabStrip> m_tabStrip;

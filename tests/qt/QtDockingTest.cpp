@@ -152,6 +152,46 @@ TEST_F(QtDockingTest, ABandThatFloatsStandsWhereItSays) {
     EXPECT_EQ(ToolBarOf(kMisc).pos(), QPoint(333, 222));
 }
 
+TEST_F(QtDockingTest, AFloatingToolbarHasATitleAndACloseButton) {
+    const auto framed = [&](TextView band) {
+        const Qt::WindowFlags flags = ToolBarOf(band).windowFlags();
+        return flags.testFlag(Qt::WindowTitleHint) && flags.testFlag(Qt::WindowCloseButtonHint) &&
+               !flags.testFlag(Qt::FramelessWindowHint) && !flags.testFlag(Qt::X11BypassWindowManagerHint);
+    };
+    bar.FindBand(kMisc)->Dock = Docking{DockSide::Floating, 0, 0, {333}, {222}};
+    bar.RecalcLayout();
+    EXPECT_TRUE(framed(kMisc));
+    EXPECT_EQ(ToolBarOf(kMisc).windowTitle(), QStringLiteral("bndMisc"));
+    Drag(kGo, {450, 250});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return DockOf(kGo).Side == DockSide::Floating; }));
+    EXPECT_TRUE(framed(kGo)) << "once it is let go";
+    EXPECT_TRUE(ToolBarOf(kGo).isVisible());
+    ToolBarOf(kGo).close();
+    EXPECT_FALSE(bar.FindBand(kGo)->Visible()) << "so it stays away, and can be shown again";
+    bar.FindBand(kGo)->Visible = true;
+    EXPECT_TRUE(ToolBarOf(kGo).isVisible());
+    EXPECT_EQ(DockOf(kGo).Side, DockSide::Floating);
+}
+
+TEST_F(QtDockingTest, ABoxInAColumnLeavesThePageItsRoom) {
+    bar.FindCombo(u"cboAddress")->Width = Pixels{520};
+    for (const DockSide side : {DockSide::Left, DockSide::Right}) {
+        Put(kAddress, side, 0, 0);
+        Put(kFile, side, 0, 1);
+        QtComboBox& box = Box(u"cboAddress");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return box.isVisible() && box.width() <= 160; }));
+        EXPECT_GE(box.width(), 120);
+        EXPECT_LT(Place(kAddress).width(), 190);
+        EXPECT_TRUE(ToolBarOf(kAddress).rect().contains(box.geometry())) << "it keeps its field";
+        EXPECT_LT(Place(kFile).width(), 100) << "others of the column stay narrow";
+        EXPECT_EQ(bar.FindCombo(u"cboAddress")->Width().value, 520) << "which the box has again in a row";
+    }
+    Put(kAddress, DockSide::Top, 1, 0);
+    Put(kFile, DockSide::Top, 0, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Box(u"cboAddress").width() > 400; }));
+    EXPECT_EQ(ToolBarOf(kFile).maximumWidth(), QWIDGETSIZE_MAX);
+}
+
 TEST_F(QtDockingTest, AHiddenToolbarComesBackWhereItWas) {
     const QRect before = Place(kGo);
     bar.FindBand(kGo)->Visible = false;

@@ -106,13 +106,35 @@ TEST(QtMainWindow, TheStatusBarKeepsToTheLowerEdge) {
     window.Show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     EXPECT_TRUE(bar.isVisible());
-    EXPECT_EQ(bar.geometry().bottom(), window.PageArea()->rect().bottom());
+    EXPECT_EQ(bar.geometry().bottom(), window.rect().bottom());
+    EXPECT_EQ(bar.width(), window.width());
     EXPECT_EQ(bar.height(), status.Height.value);
+    EXPECT_EQ(window.InnerHeight().value, window.PageArea()->height() + bar.height()) << "for the core it is inside";
     int resized = 0;
     window.Resized = [&] { ++resized; };
     status.Visible = false;
     EXPECT_FALSE(bar.isVisible());
-    EXPECT_EQ(resized, 1);
+    EXPECT_GE(resized, 1);
+    EXPECT_EQ(window.InnerHeight().value, window.PageArea()->height());
+    EXPECT_EQ(window.PageArea()->geometry().bottom(), window.rect().bottom());
+}
+
+TEST(QtMainWindow, AToolbarAtTheBottomLiesAboveTheStatusBar) {
+    QtMainWindow window;
+    StatusBar status;
+    QtStatusBar bar(status);
+    window.SetStatusBar(bar);
+    auto* tools = new QToolBar(QStringLiteral("Bar"));
+    tools->addAction(QStringLiteral("Tool"));
+    window.addToolBar(Qt::BottomToolBarArea, tools);
+    window.SetPlace(kPlace);
+    window.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tools->geometry().bottom() + 1 == bar.geometry().top(); }));
+    EXPECT_EQ(window.PageArea()->geometry().bottom() + 1, tools->geometry().top());
+    window.resize(700, 300);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.width() == 700 && bar.geometry().bottom() == 299; }));
+    EXPECT_EQ(tools->geometry().bottom() + 1, bar.geometry().top());
 }
 
 TEST(QtMainWindow, TheStatusBarShowsTheLastOfItsTexts) {
