@@ -103,7 +103,7 @@ Outcome QtBrowserView::ExecWB(BrowserCommand command) {
     case BrowserCommand::Print:
         return m_engine.Output().Print(*m_page, m_engine.PageArea());
     case BrowserCommand::PrintPreview:
-        PrintPreview();
+        PreviewShown();
         return Outcome::Done;
     case BrowserCommand::PageSetup:
         return m_engine.Output().PageSetup(m_engine.PageArea());
@@ -117,6 +117,17 @@ Outcome QtBrowserView::ExecWB(BrowserCommand command) {
         return Trigger(*m_page, QWebEnginePage::SelectAll);
     }
     return Outcome::Failed;
+}
+
+void QtBrowserView::PreviewShown() {
+    const QPointer<QtBrowserView> view(this);
+    // A PDF is its own preview. Queued: the engine is in the middle of telling.
+    const bool isPdf = m_engine.Output().FetchPdf(*m_page, [view](const QByteArray& pdf) {
+        if (view && !pdf.isEmpty())
+            QMetaObject::invokeMethod(
+                view, [view, pdf] { view->ShowPreview(pdf); }, Qt::QueuedConnection);
+    });
+    if (!isPdf && view && m_page) PrintPreview();
 }
 
 void QtBrowserView::PrintPreview() {

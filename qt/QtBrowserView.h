@@ -106,6 +106,7 @@ private:
     void PrintIfShown();
     void OnFullScreen(QWebEngineFullScreenRequest request);
     void OpenPopup(const QUrl& address);
+    void PreviewShown();
     void PrintPreview();
     void ShowPreview(const QByteArray& pdf);
     void WireQuestions();

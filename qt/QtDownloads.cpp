@@ -113,13 +113,16 @@ void QtDownloads::Follow(QWebEngineProfile& profile) {
 }
 
 void QtDownloads::OnRequest(Request& request, Followed& from) {
+    const auto document = Documents ? Documents->Take(request) : std::nullopt;
+    // What the program needs for itself is in no list.
+    if (document && document->Told) return QtPageDocuments::Bring(request, *document);
     // A download that goes on after its connection broke is requested like a new one, but nobody saves one more file.
     if (const auto* download = List ? Continued(request, from) : nullptr) {
         List->Continue(download->Id, std::make_shared<Transfer>(request));
         return Accept(request, *download);
     }
-    if (!List || !May(request, from)) return QtEngineVersions::Refuse(request);
-    const Download& download = Begin(request, from);
+    if (!List || !(document || May(request, from))) return QtEngineVersions::Refuse(request);
+    const Download& download = Begin(request, from, document ? document->Path : QString());
     from.rows.insert(request.id(), download.Id);
     Accept(request, download);
 }
@@ -139,13 +142,16 @@ const Download* QtDownloads::Continued(const Request& request, const Followed& f
     return !over && download->Address == AddressOf(request) ? download : nullptr;
 }
 
-const Download& QtDownloads::Begin(Request& request, const Followed& from) {
+const Download& QtDownloads::Begin(Request& request, const Followed& from, const QString& path) {
     Downloads::Request wanted;
     wanted.Address = AddressOf(request);
     wanted.Total = request.totalBytes();
     if (request.isSavePageDownload()) {
         // The user has chosen its place in a dialog that asks before anything is replaced.
         wanted.Path = FromQt(QDir(request.downloadDirectory()).filePath(request.downloadFileName()));
+        wanted.Overwrites = true;
+    } else if (!path.isEmpty()) {
+        wanted.Path = FromQt(path);
         wanted.Overwrites = true;
     } else if (m_expected.contains(AskedNameOf(request))) {
         const QString name = AskedNameOf(request);

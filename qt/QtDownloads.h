@@ -2,6 +2,7 @@
 #include "pages/DownloadRule.h"
 #include "pages/Downloads.h"
 #include "qt/QtFileManager.h"
+#include "qt/QtPageDocuments.h"
 
 #include <QElapsedTimer>
 #include <QHash>
@@ -31,6 +32,8 @@ public:
     std::function<QWebEngineProfile*()> Profile;
     /// Whether a page may save a file now; it may be one that no tab shows. Without it, each may.
     std::function<bool(QWebEnginePage*, const QUrl&)> MaySave;
+    /// Documents that the program itself writes to files; their downloads are found there. Outlives the pages.
+    QtPageDocuments* Documents = nullptr;
     /// Takes the profile's downloads from now on.
     void Follow(QWebEngineProfile& profile);
     /// Saves what `page` can fetch from there at the path that the user wants; replaces what is there.
@@ -59,7 +62,8 @@ private:
     [[nodiscard]] bool May(const QWebEngineDownloadRequest& request, Followed& from) const;
     /// The list's download with which the engine goes on; nothing when it is a new one.
     [[nodiscard]] const Download* Continued(const QWebEngineDownloadRequest& request, const Followed& from) const;
-    const Download& Begin(QWebEngineDownloadRequest& request, const Followed& from);
+    /// `path` is where a document is to lie that the user saves; empty for anything else.
+    const Download& Begin(QWebEngineDownloadRequest& request, const Followed& from, const QString& path);
     /// The name under which a request comes back that is expected.
     QString Expect(const Expected& expected);
     /// The name by which `Expect` knows a request again; any other for one that nobody asked for.

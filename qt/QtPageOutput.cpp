@@ -1,10 +1,15 @@
 #include "qt/QtPageOutput.h"
 
 #include "common/AtomicFile.h"
+#include "qt/QtDocumentKind.h"
+#include "qt/QtDocumentPrinter.h"
 #include "qt/QtPage.h"
 #include "qt/QtPathBytes.h"
+#include "qt/QtStartPage.h"
 
 #include <QDir>
+#include <QEventLoop>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -13,24 +18,36 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTimer>
 #include <QWebEngineDownloadRequest>
+#include <QWebEngineProfile>
+#include <QWebEngineScript>
 #include <QWebEngineView>
-#include <array>
-#include <memory>
+#include <chrono>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace {
 
 struct Format {
-    const char* filter;
-    const char* suffix;
+    QString filter;
+    QString suffix;
 };
 
-constexpr std::array kFormats{
-    Format{"Web page, complete (*.html *.htm)", "html"},
-    Format{"Web page, single file (*.mhtml)", "mhtml"},
-    Format{"PDF document (*.pdf)", "pdf"},
-};
+std::vector<Format> FormatsFor(const QtDocumentKind& kind) {
+    const Format pdf{QStringLiteral("PDF document (*.pdf)"), QStringLiteral("pdf")};
+    if (kind.IsWebPage)
+        return {{QStringLiteral("Web page, complete (*.html *.htm)"), QStringLiteral("html")},
+                {QStringLiteral("Web page, single file (*.mhtml)"), QStringLiteral("mhtml")},
+                pdf};
+    const Format own{kind.Filter(), kind.Suffix};
+    return kind.IsPdf ? std::vector{own} : std::vector{own, pdf};
+}
+
+// A page that is busy with itself does not say what it is.
+constexpr std::chrono::seconds kTypePatience{1};
 
 constexpr qsizetype kLongestName = 80;
 
@@ -39,19 +56,32 @@ bool Write(const QString& path, const QByteArray& bytes) {
     return !all.empty() && WriteWholeFile(PathBytes(path), all) == Outcome::Done;
 }
 
-void TellNotWritten(const QString& path, QWidget* parent) {
-    auto* box = new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                                QStringLiteral("%1 could not be written.").arg(path), QMessageBox::Ok, parent);
+void TellTrouble(const QString& words, QWidget* parent) {
+    auto* box = new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), words, QMessageBox::Ok,
+                                parent);
     box->setTextFormat(Qt::PlainText);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
 }
 
+void TellNotWritten(const QString& path, QWidget* parent) {
+    TellTrouble(QStringLiteral("%1 could not be written.").arg(path), parent);
+}
+
+QString PathIn(const std::shared_ptr<QTemporaryDir>& folder) {
+    return folder->filePath(QStringLiteral("document.pdf"));
+}
+
+QByteArray WholeFile(const QString& path) {
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 // The dialog follows the chosen kind of file with the name's ending.
-void FollowFormat(QFileDialog& dialog) {
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
-        for (const Format& format : kFormats) {
-            if (filter == QLatin1String(format.filter)) dialog.setDefaultSuffix(QLatin1String(format.suffix));
+void FollowFormat(QFileDialog& dialog, const std::vector<Format>& formats) {
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, formats](const QString& filter) {
+        for (const Format& format : formats) {
+            if (filter == format.filter) dialog.setDefaultSuffix(format.suffix);
         }
         const QFileInfo chosen(dialog.selectedFiles().value(0));
         if (!chosen.fileName().isEmpty()) dialog.selectFile(chosen.completeBaseName());
@@ -72,27 +102,58 @@ QString QtPageOutput::FileNameFor(const QString& title) {
     return name.isEmpty() ? QStringLiteral("page") : name;
 }
 
+// What the program itself shows as a PDF; the engine saves nothing of ours.
+QByteArray QtPageOutput::PreviewIn(const QtPage& page) {
+    const QUrl address = page.ShownAddress();
+    const auto* handler = page.profile()->urlSchemeHandler(QtStartPage::Scheme());
+    if (!handler || !QtStartPage::IsOwn(address)) return {};
+    return static_cast<const QtStartPage*>(handler)->PreviewAt(address.path());
+}
+
+// The engine itself has no word for it. Asked in a world of our own, the page cannot answer for it; no click and no key
+// comes in between.
+QtDocumentKind QtPageOutput::KindOf(QtPage& page) {
+    QEventLoop wait;
+    const auto type = std::make_shared<std::optional<QString>>();
+    page.runJavaScript(QStringLiteral("document.contentType"), QWebEngineScript::ApplicationWorld,
+                       [type, loop = QPointer(&wait)](const QVariant& answer) {
+                           *type = answer.toString();
+                           if (loop) loop->quit();
+                       });
+    QTimer::singleShot(kTypePatience, &wait, &QEventLoop::quit);
+    const QUrl address = page.ShownAddress();
+    if (!*type) wait.exec(QEventLoop::ExcludeUserInputEvents);
+    return QtDocumentKind::Of(type->value_or(QString()), address);
+}
+
 Outcome QtPageOutput::SaveAs(QtPage& page, QWidget* parent) {
+    const QPointer<QtPage> alive(&page);
+    const QtDocumentKind kind = KindOf(page);
+    if (!alive || alive->Ended()) return Outcome::Failed;
+    const std::vector<Format> formats = FormatsFor(kind);
     QFileDialog dialog(parent, QStringLiteral("Save As"),
                        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     QStringList filters;
-    for (const Format& format : kFormats) filters << QLatin1String(format.filter);
+    for (const Format& format : formats) filters << format.filter;
     dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(QLatin1String(kFormats.front().suffix));
-    FollowFormat(dialog);
-    dialog.selectFile(FileNameFor(page.title()));
-    const QPointer<QtPage> alive(&page);
+    dialog.setDefaultSuffix(formats.front().suffix);
+    FollowFormat(dialog, formats);
+    dialog.selectFile(kind.IsWebPage ? FileNameFor(page.title()) : kind.Name);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return Outcome::Done;
     if (!alive || alive->Ended()) return Outcome::Failed;
-    Save(page, dialog.selectedFiles().constFirst(), parent);
+    Save(page, kind, dialog.selectedFiles().constFirst(), parent);
     return Outcome::Done;
 }
 
-void QtPageOutput::Save(QtPage& page, const QString& path, QWidget* parent) {
+void QtPageOutput::Save(QtPage& page, const QtDocumentKind& kind, const QString& path, QWidget* parent) {
     const QString suffix = QFileInfo(path).suffix().toLower();
-    if (suffix == u"pdf")
+    if (suffix == u"pdf" && !kind.IsPdf)
         WritePdf(page, path, QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()), parent);
+    else if (const QByteArray preview = PreviewIn(page); !preview.isEmpty())
+        Write(path, preview) ? void() : TellNotWritten(path, parent);
+    else if (!kind.IsWebPage)
+        m_documents.Save(page, path);
     else if (suffix == u"mhtml" || suffix == u"mht")
         page.save(path, QWebEngineDownloadRequest::MimeHtmlSaveFormat);
     else
@@ -107,27 +168,54 @@ void QtPageOutput::WritePdf(QtPage& page, const QString& path, const QPageLayout
 }
 
 Outcome QtPageOutput::Print(QtPage& page, QWidget* parent) {
+    const QPointer<QtPage> alive(&page);
+    const bool isPdf = KindOf(page).IsPdf;
+    if (!alive || alive->Ended()) return Outcome::Failed;
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageLayout(m_layout);
     printer->setDocName(page.title());
     QPrintDialog dialog(printer.get(), parent);
     dialog.setWindowTitle(QStringLiteral("Print"));
-    const QPointer<QtPage> alive(&page);
     if (dialog.exec() != QDialog::Accepted) return Outcome::Done;
     if (!alive || alive->Ended()) return Outcome::Failed;
+    isPdf ? PrintDocument(page, printer, parent) : PrintPage(page, printer, parent);
+    return Outcome::Done;
+}
+
+void QtPageOutput::PrintPage(QtPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent) {
     // The engine writes PDF itself, with text that can be searched.
-    if (printer->outputFormat() == QPrinter::PdfFormat) {
-        WritePdf(page, printer->outputFileName(), printer->pageLayout(), parent);
-        return Outcome::Done;
-    }
+    if (printer->outputFormat() == QPrinter::PdfFormat)
+        return WritePdf(page, printer->outputFileName(), printer->pageLayout(), parent);
     auto* view = QWebEngineView::forPage(&page);
-    if (!view) return Outcome::Failed;
+    if (!view) return;
     // The printer must live until the engine is done with it.
     auto held = std::make_shared<QMetaObject::Connection>();
     *held = QObject::connect(view, &QWebEngineView::printFinished, view,
                              [printer, held](bool) { QObject::disconnect(*held); });
     view->print(printer.get());
-    return Outcome::Done;
+}
+
+// The engine would print its viewer, with the buttons.
+void QtPageOutput::PrintDocument(QtPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent) {
+    const bool toFile = printer->outputFormat() == QPrinter::PdfFormat;
+    if (toFile && printer->printRange() != QPrinter::AllPages)
+        return TellTrouble(QStringLiteral("Some pages of a PDF document can be printed, but not written to a file of "
+                                          "their own. Nothing was written."),
+                           parent);
+    Fetch(page, [printer, toFile, parent = QPointer(parent)](const FetchedFile& file) {
+        const auto tell = [parent](const QString& words) {
+            if (parent && parent->isVisible()) TellTrouble(words, parent);
+        };
+        if (!file) return tell(QStringLiteral("The document cannot be had any more. Nothing was printed."));
+        const QString target = printer->outputFileName();
+        if (toFile && !Write(target, WholeFile(PathIn(file))))
+            return tell(QStringLiteral("%1 could not be written.").arg(target));
+        if (toFile) return;
+        // The file stays for as long as the printing system reads it.
+        QtDocumentPrinter::Print(*printer, PathIn(file), [tell, file](bool taken) {
+            if (!taken) tell(QStringLiteral("The printer did not take the document. Nothing was printed."));
+        });
+    });
 }
 
 Outcome QtPageOutput::PageSetup(QWidget* parent) {
@@ -137,4 +225,19 @@ Outcome QtPageOutput::PageSetup(QWidget* parent) {
     dialog.setWindowTitle(QStringLiteral("Page Setup"));
     if (dialog.exec() == QDialog::Accepted) m_layout = printer.pageLayout();
     return Outcome::Done;
+}
+
+void QtPageOutput::Fetch(QtPage& page, const std::function<void(const FetchedFile& file)>& fetched) {
+    const FetchedFile folder = std::make_shared<QTemporaryDir>();
+    if (!folder->isValid()) return fetched(nullptr);
+    if (const QByteArray preview = PreviewIn(page); !preview.isEmpty())
+        return fetched(Write(PathIn(folder), preview) ? folder : nullptr);
+    m_documents.Save(page, PathIn(folder), [folder, fetched](bool came) { fetched(came ? folder : nullptr); });
+}
+
+bool QtPageOutput::FetchPdf(QtPage& page, const std::function<void(const QByteArray& pdf)>& fetched) {
+    const QPointer<QtPage> alive(&page);
+    if (!KindOf(page).IsPdf || !alive || alive->Ended()) return false;
+    Fetch(page, [fetched](const FetchedFile& file) { fetched(file ? WholeFile(PathIn(file)) : QByteArray()); });
+    return true;
 }

@@ -29,6 +29,7 @@ void QtProgram::WirePages() {
     m->engine.FullScreen().SetWindowFull = [this](bool on) { m->window.SetFullScreen(on); };
     m->engine.ShowInspector = [this](QtPage& page) { m->devTools.Show(page); };
     m->downloads.List = &m->main.Downloads;
+    m->downloads.Documents = &m->engine.Output().Documents();
     m->downloads.Profile = [this] { return m->engine.Profile(); };
     m->downloads.MaySave = [this](QWebEnginePage* page, const QUrl& address) {
         auto* view = m->engine.ViewOf(page);

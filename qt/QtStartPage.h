@@ -22,13 +22,15 @@ public:
     /// The address at which these bytes, a PDF, are shown under that name for as long as somebody holds them.
     [[nodiscard]] QUrl AddPreview(const std::shared_ptr<const QByteArray>& pdf, const QString& name);
 
+    /// These bytes again, by the path of their address; nothing when nobody holds them.
+    [[nodiscard]] QByteArray PreviewAt(const QString& path) const;
+
     /// Makes the home page, in UTF-8. Filled in by the owner.
     std::function<std::string()> Page;
 
 private:
     /// Nothing for a page that does not exist.
     [[nodiscard]] QByteArray PageAt(const QString& path) const;
-    [[nodiscard]] QByteArray PreviewAt(const QString& path) const;
 
     std::map<int, std::weak_ptr<const QByteArray>> m_previews; ///< by their numbers
     int m_previewCount = 0;

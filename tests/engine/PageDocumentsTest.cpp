@@ -1,0 +1,249 @@
+#include "qt/QtBrowserView.h"
+#include "qt/QtDownloads.h"
+#include "qt/QtText.h"
+#include "tests/engine/CommandsOnPages.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QImage>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QTemporaryDir>
+#include <QTimer>
+
+namespace {
+
+QByteArray RedPdf() {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QBuffer::WriteOnly);
+    QPdfWriter writer(&buffer);
+    QPainter(&writer).fillRect(0, 0, writer.width(), writer.height(), Qt::red);
+    return bytes;
+}
+
+QByteArray SmallPng() {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QBuffer::WriteOnly);
+    QImage picture(9, 9, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    picture.save(&buffer, "PNG");
+    return bytes;
+}
+
+/// Documents on the real engine, with a list of downloads, saved and printed in the dialogs that a user sees.
+class PageDocuments : public CommandsOnPages {
+protected:
+    PageDocuments() {
+        desktop.List = &downloads;
+        desktop.Documents = &desk.engine.Output().Documents();
+        desktop.Profile = [this] { return desk.engine.Profile(); };
+        // What a page saves by itself is refused; what its user saves is not asked about.
+        desktop.MaySave = [](QWebEnginePage*, const QUrl&) { return false; };
+        desk.engine.ProfileMade = [this](QWebEngineProfile& profile) { desktop.Follow(profile); };
+        Serve("/red.pdf", "application/pdf", pdf);
+        Serve("/dot", "image/png", SmallPng());
+        Serve("/words.txt", "text/plain", "plain <b> words\n");
+        Serve("/data", "application/json", "{\"a\": 1}");
+        Serve("/fresh.pdf", "application/pdf", pdf, "Cache-Control: no-store\r\n");
+    }
+    ~PageDocuments() override {
+        desk.main->Form_Unload();
+        desktop.Shutdown();
+    }
+    void Serve(const char* path, const QByteArray& type, const QByteArray& body, const QByteArray& more = {}) {
+        server.Raw(QLatin1String(path), "HTTP/1.1 200 OK\r\nContent-Type: " + type + "\r\nConnection: close\r\n" +
+                                            more + "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" +
+                                            body);
+    }
+    void Visit(const QString& path) {
+        ResumeNext(Front().Navigate(FromQt(server.Address(path))));
+        ASSERT_TRUE(WaitUntil([&] {
+            return Front().LocationURL() == FromQt(server.Address(path)) && !Front().Busy() && Front().Page() &&
+                   !Front().Page()->AwaitsAny();
+        }));
+    }
+    /// Once a dialog of that kind is open.
+    template<typename Dialog>
+    void In(const std::function<void(Dialog&)>& answer) {
+        auto* timer = new QTimer(&desk.window);
+        QObject::connect(timer, &QTimer::timeout, timer, [timer, answer] {
+            auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            if (!dialog) return;
+            timer->stop();
+            timer->deleteLater();
+            answer(*dialog);
+        });
+        timer->start(10);
+    }
+    /// Saves what is in front under the name that the dialog suggests, and tells it and the kinds of file offered.
+    std::string SaveAs() {
+        QString offered;
+        In<QFileDialog>([&](QFileDialog& dialog) {
+            const QString name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+            offered = name + QStringLiteral(": ") + dialog.nameFilters().join(QStringLiteral(", "));
+            dialog.setDirectory(folder.path());
+            dialog.selectFile(name);
+            static_cast<QDialog&>(dialog).accept();
+        });
+        Click(u"mnuSaveAs");
+        return offered.toStdString();
+    }
+    void PrintTo(const QString& path) {
+        In<QPrintDialog>([path](QPrintDialog& dialog) {
+            auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+            ASSERT_NE(file, nullptr);
+            file->setText(path);
+            dialog.accept();
+        });
+        Click(u"mnuPrint");
+    }
+    bool Ended(DownloadState state) {
+        return WaitUntil([&] { return downloads.All().size() == 1 && downloads.All().front().Report.State == state; });
+    }
+    [[nodiscard]] QByteArray Written(const QString& name) const {
+        QFile file(folder.filePath(name));
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
+    const QByteArray pdf = RedPdf();
+    QTemporaryDir folder;
+    QtDownloads desktop;
+    Downloads downloads{desktop, {}};
+};
+
+struct DocumentRow {
+    const char* path;
+    const char* offered;
+    const char* file;
+};
+
+class SavedDocuments : public PageDocuments, public testing::WithParamInterface<DocumentRow> {};
+
+TEST_P(SavedDocuments, AreTheBytesThatCame) {
+    Visit(QLatin1String(GetParam().path));
+    const QByteArray body = [this] {
+        const QString path = QString::fromLatin1(GetParam().path).section(u'#', 0, 0);
+        if (path.endsWith(u".pdf")) return pdf;
+        if (path == u"/dot") return SmallPng();
+        return path == u"/data" ? QByteArray("{\"a\": 1}") : QByteArray("plain <b> words\n");
+    }();
+    EXPECT_EQ(SaveAs(), GetParam().offered);
+    ASSERT_TRUE(Ended(DownloadState::Done));
+    EXPECT_EQ(Written(QLatin1String(GetParam().file)), body);
+    EXPECT_EQ(downloads.All().front().Path, FromQt(folder.filePath(QLatin1String(GetParam().file))));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, SavedDocuments,
+    testing::Values(DocumentRow{"/red.pdf", "red.pdf: PDF document (*.pdf)", "red.pdf"},
+                    DocumentRow{"/red.pdf#page=1", "red.pdf: PDF document (*.pdf)", "red.pdf"},
+                    DocumentRow{"/fresh.pdf", "fresh.pdf: PDF document (*.pdf)", "fresh.pdf"},
+                    DocumentRow{"/dot", "dot.png: Picture (*.png), PDF document (*.pdf)", "dot.png"},
+                    DocumentRow{"/words.txt", "words.txt: Text (*.txt), PDF document (*.pdf)", "words.txt"},
+                    DocumentRow{"/data", "data.json: Text (*.json), PDF document (*.pdf)", "data.json"}),
+    [](const auto& info) { return "row" + std::to_string(info.index); });
+
+TEST_F(PageDocuments, ThatLieInTheCacheAreNotFetchedAgain) {
+    Visit(QStringLiteral("/red.pdf"));
+    const auto before = server.requests.size();
+    SaveAs();
+    ASSERT_TRUE(Ended(DownloadState::Done));
+    EXPECT_EQ(server.requests.size(), before);
+}
+
+TEST_F(PageDocuments, ReplaceTheFileThatIsThere) {
+    QFile old(folder.filePath(QStringLiteral("red.pdf")));
+    ASSERT_TRUE(old.open(QFile::WriteOnly));
+    old.write(QByteArray(100000, 'x'));
+    old.close();
+    Visit(QStringLiteral("/red.pdf"));
+    // The dialog asks, and is answered with yes.
+    QTimer yes;
+    yes.callOnTimeout([] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box) box->button(QMessageBox::Yes)->click();
+    });
+    yes.start(10);
+    SaveAs();
+    ASSERT_TRUE(Ended(DownloadState::Done));
+    EXPECT_EQ(Written(QStringLiteral("red.pdf")), pdf);
+}
+
+TEST_F(PageDocuments, WhatCannotBeHadAnyMoreIsABrokenDownload) {
+    Visit(QStringLiteral("/fresh.pdf"));
+    server.Raw(QStringLiteral("/fresh.pdf"), "HTTP/1.1 404 Gone\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+    SaveAs();
+    EXPECT_TRUE(Ended(DownloadState::Broken));
+}
+
+TEST_F(PageDocuments, APictureMayBecomeAPdf) {
+    Visit(QStringLiteral("/dot"));
+    In<QFileDialog>([this](QFileDialog& dialog) {
+        dialog.selectFile(folder.filePath(QStringLiteral("dot.pdf")));
+        static_cast<QDialog&>(dialog).accept();
+    });
+    Click(u"mnuSaveAs");
+    EXPECT_TRUE(WaitUntil([this] { return Written(QStringLiteral("dot.pdf")).startsWith("%PDF-"); }));
+}
+
+TEST_F(PageDocuments, APdfIsPrintedAsItIsAndIsInNoList) {
+    Visit(QStringLiteral("/red.pdf"));
+    PrintTo(folder.filePath(QStringLiteral("paper.pdf")));
+    EXPECT_TRUE(WaitUntil([this] { return Written(QStringLiteral("paper.pdf")) == pdf; }));
+    EXPECT_TRUE(downloads.All().empty());
+}
+
+TEST_F(PageDocuments, APageIsPrintedByTheEngine) {
+    server.Page(QStringLiteral("/page"), "<title>page</title><p>words</p>");
+    Visit(QStringLiteral("/page"));
+    PrintTo(folder.filePath(QStringLiteral("paper.pdf")));
+    EXPECT_TRUE(WaitUntil([this] { return Written(QStringLiteral("paper.pdf")).startsWith("%PDF-"); }));
+}
+
+TEST_F(PageDocuments, APdfIsItsOwnPreviewWhichCanBeSavedAndPrinted) {
+    Visit(QStringLiteral("/red.pdf"));
+    Click(u"xtrPrintPreview");
+    // The address is known before there is a page.
+    ASSERT_TRUE(WaitUntil([this] {
+        return Front().Page() && Front().Page()->ShownAddress().scheme() == u"tessaview" && !Front().Busy();
+    }));
+    SaveAs();
+    EXPECT_TRUE(WaitUntil([this] {
+        const QStringList saved = QDir(folder.path()).entryList(QDir::Files);
+        return saved.size() == 1 && saved.front().endsWith(u".pdf") && Written(saved.front()) == pdf;
+    }));
+    PrintTo(folder.filePath(QStringLiteral("printed.pdf")));
+    EXPECT_TRUE(WaitUntil([this] { return Written(QStringLiteral("printed.pdf")) == pdf; }));
+}
+
+TEST_F(PageDocuments, ThePageMayGoBehindTheDialog) {
+    Visit(QStringLiteral("/red.pdf"));
+    In<QFileDialog>([this](QFileDialog& dialog) {
+        Click(u"mnuNewBlank");
+        desk.main->CloseBrowserTab(1);
+        dialog.selectFile(folder.filePath(QStringLiteral("red.pdf")));
+        static_cast<QDialog&>(dialog).accept();
+    });
+    Click(u"mnuSaveAs");
+    Visit(QStringLiteral("/words.txt"));
+    EXPECT_TRUE(downloads.All().empty());
+}
+
+TEST_F(PageDocuments, WhatAPageSavesOfItselfMeanwhileIsStillAskedAbout) {
+    server.Page(QStringLiteral("/page"), "<title>page</title><a id=a download href='/red.pdf'>x</a>");
+    Visit(QStringLiteral("/page"));
+    Script(QStringLiteral("a.click(); 1"));
+    Settle(desk.engine, Front().Page());
+    EXPECT_TRUE(downloads.All().empty());
+}
+
+} // namespace
