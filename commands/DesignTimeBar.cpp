@@ -47,6 +47,7 @@ constexpr std::array kBands{
     BandRow{u"bndFavoriteFolder", u"Favorites Folder Popup", BandKind::Popup, {}},
     BandRow{u"bndFavoriteLink", u"Favorites Link Popup", BandKind::Popup, {}},
     BandRow{u"bndGroupEntry", u"TessaGroup Popup", BandKind::Popup, {}},
+    BandRow{u"bndNewTab", u"New Tab Popup", BandKind::Popup, {}},
 };
 
 /// A tool on a band.
@@ -212,6 +213,11 @@ constexpr std::array kEntries{
     EntryRow{u"bndGroupEntry", u"xtrGroupOpen"},
     EntryRow{u"bndGroupEntry", u"xtrGroupOrganize"},
     EntryRow{u"bndGroupEntry", u"xtrGroupDelete", kGroup},
+
+    EntryRow{u"bndNewTab", u"mnuNewBlank"},
+    EntryRow{u"bndNewTab", u"xtrPrivateTab"},
+    EntryRow{u"bndNewTab", u"xtrReopenTab", kGroup},
+    EntryRow{u"bndNewTab", u"xtrTabList"},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.

@@ -3,6 +3,9 @@
 
 #include <QPoint>
 #include <memory>
+#include <vector>
+
+struct QtTabListEntry;
 
 /// The program on Qt: makes everything outside the core, hands it to the start, and runs the windows' events.
 class QtProgram {
@@ -24,6 +27,7 @@ private:
     void WireStrip();
     void ListTabs(QPoint corner);
     void WireSession();
+    [[nodiscard]] std::vector<QtTabListEntry> TabLines() const;
     void WireSleep();
 
     std::unique_ptr<Parts> m;

@@ -9,6 +9,13 @@ void QtProgram::WireStrip() {
     m->tabList.Chosen = [&strip = m->main.pcPage](const Text& key) {
         if (auto* tab = strip.Find(key)) strip.UserClick(tab);
     };
+    m->tabList.CloseRequested = [this](const Text& key) {
+        if (const auto* tab = m->main.pcPage.Find(key)) m->main.CloseBrowserTab(tab->Tag);
+    };
+    m->strip.Rearranged = [this] {
+        if (m->tabList.isVisible()) m->tabList.Refresh(TabLines());
+    };
+    m->strip.NewMenuRequested = [this] { m->main.actBar.Popup(u"bndNewTab"); };
     m->strip.MuteRequested = [this](const Tab& tab) {
         if (auto* view = m->main.Browser.Find(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
     };
@@ -27,7 +34,7 @@ void QtProgram::WireStrip() {
     m->strip.Drop = [&input](const Text& text) { input.OLEDragDrop(text); };
 }
 
-void QtProgram::ListTabs(QPoint corner) {
+std::vector<QtTabListEntry> QtProgram::TabLines() const {
     std::vector<QtTabListEntry> tabs;
     auto& strip = m->main.pcPage;
     for (std::size_t position = 1; position <= strip.Count(); ++position) {
@@ -36,5 +43,7 @@ void QtProgram::ListTabs(QPoint corner) {
         tabs.push_back(
             {tab.Key(), lines.value(0), lines.value(1), m->engine.Icon(tab.Tag), &tab == strip.SelectedItem()});
     }
-    m->tabList.Open(tabs, corner);
+    return tabs;
 }
+
+void QtProgram::ListTabs(QPoint corner) { m->tabList.Open(TabLines(), corner); }

@@ -20,8 +20,9 @@ struct QtTabListEntry {
     bool selected = false;
 };
 
-/// A list of all tabs that drops down, with a box to search them by title or address. Typing narrows the list, the
-/// arrow keys go through it, Enter or a click chooses.
+/// A list of all tabs that drops down, each with its icon, its host and a button that closes it, and with a box to
+/// search them by title or address. Typing narrows the list, the arrow keys go through it, Enter or a click chooses,
+/// Ctrl+W closes the marked tab.
 class QtTabList final : public QFrame {
     Q_OBJECT
 
@@ -31,6 +32,11 @@ public:
     /// Drops down from a point of the screen with these tabs, the selected one marked.
     void Open(const std::vector<QtTabListEntry>& tabs, QPoint corner);
 
+    /// The tabs have changed while the list is open. What is searched and marked stays as far as it is still there.
+    void Refresh(const std::vector<QtTabListEntry>& tabs);
+
+    /// A tab is to be closed, by its key. The list is open still, but for the last tab.
+    std::function<void(const Text& key)> CloseRequested;
     /// A tab was chosen, by its key. The list is closed by then.
     std::function<void(const Text& key)> Chosen;
 
@@ -38,7 +44,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void Fill(const std::vector<QtTabListEntry>& tabs);
+    void LayDown(QPoint corner);
+    void MakeList();
     void Choose(const QModelIndex& index);
+    void Close(const QModelIndex& index);
     void Mark(int row);
 
     QLineEdit* m_search;

@@ -201,6 +201,18 @@ void QtTabLook::PaintListButton(QPainter& painter, const QRect& place, bool hove
     painter.restore();
 }
 
+void QtTabLook::PaintNewButton(QPainter& painter, const QRect& place, bool hovered) const {
+    constexpr double kArm = 5;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (hovered) painter.fillRect(place.adjusted(2, 2, -2, -2), m_hovered);
+    const QPointF centre = QRectF(place).center();
+    painter.setPen(QPen(m_text, 1.5, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(centre - QPointF(kArm, 0), centre + QPointF(kArm, 0));
+    painter.drawLine(centre - QPointF(0, kArm), centre + QPointF(0, kArm));
+    painter.restore();
+}
+
 void QtTabLook::PaintArrow(QPainter& painter, const QRect& place, Qt::LayoutDirection towards, bool enabled,
                            bool hovered) const {
     painter.save();

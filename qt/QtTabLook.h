@@ -40,6 +40,8 @@ public:
     void PaintArrow(QPainter& painter, const QRect& place, Qt::LayoutDirection towards, bool enabled,
                     bool hovered) const;
     void PaintListButton(QPainter& painter, const QRect& place, bool hovered) const;
+    /// The plus of the button for a new tab.
+    void PaintNewButton(QPainter& painter, const QRect& place, bool hovered) const;
     /// The picture "Red": the page is loading.
     static void PaintBusyMark(QPainter& painter, const QRect& place);
     /// The page waits for an answer.

@@ -6,6 +6,7 @@ namespace {
 constexpr int kNarrowestTab = 8; // in heights of the font
 constexpr int kWidest = 14;
 constexpr int kArrowWidth = 20;
+constexpr int kNewWidth = 26;
 constexpr int kCloseSize = 16;
 constexpr int kCloseMargin = 5;
 } // namespace
@@ -14,7 +15,8 @@ void QtTabRow::Lay(QSize size, std::size_t count, int em) {
     m_size = size;
     m_count = count;
     const int narrowest = std::max(1, kNarrowestTab * em);
-    const int share = count == 0 ? size.width() : size.width() / static_cast<int>(count);
+    const int room = std::max(size.width() - kNewWidth, 0);
+    const int share = count == 0 ? room : room / static_cast<int>(count);
     m_overflows = share < narrowest && count > 1;
     m_tabWidth = std::clamp(share, narrowest, kWidest * em);
     ScrollTo(m_offset);
@@ -39,17 +41,23 @@ void QtTabRow::Reveal(std::size_t position) {
 bool QtTabRow::CanScroll(Arrow arrow) const { return arrow == Arrow::Back ? m_offset > 0 : m_offset < MaximumOffset(); }
 
 QRect QtTabRow::Area() const {
-    return {0, 0, std::max(m_size.width() - (m_overflows ? 3 * kArrowWidth : 0), 0), m_size.height()};
+    return {0, 0, std::max(m_size.width() - kNewWidth - (m_overflows ? 3 * kArrowWidth : 0), 0), m_size.height()};
 }
 
 QRect QtTabRow::ArrowPlace(Arrow arrow) const {
     if (!m_overflows) return {};
-    return {Area().width() + (arrow == Arrow::Back ? 0 : kArrowWidth), 0, kArrowWidth, m_size.height()};
+    const int left = Area().width() + kNewWidth + (arrow == Arrow::Back ? 0 : kArrowWidth);
+    return {left, 0, kArrowWidth, m_size.height()};
 }
 
 QRect QtTabRow::ListPlace() const {
     if (!m_overflows) return {};
-    return {Area().width() + 2 * kArrowWidth, 0, kArrowWidth, m_size.height()};
+    return {Area().width() + kNewWidth + 2 * kArrowWidth, 0, kArrowWidth, m_size.height()};
+}
+
+QRect QtTabRow::NewPlace() const {
+    const int end = static_cast<int>(m_count) * m_tabWidth;
+    return {std::min(end, Area().width()), 0, kNewWidth, m_size.height()};
 }
 
 QRect QtTabRow::TabPlace(std::size_t position) const {

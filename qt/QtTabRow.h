@@ -29,6 +29,8 @@ public:
     [[nodiscard]] QRect ArrowPlace(Arrow arrow) const;
     /// The button at the end that lists all tabs; empty unless the row overflows.
     [[nodiscard]] QRect ListPlace() const;
+    /// The button for a new tab: behind the last tab, and beside the tabs that show where they do not fit.
+    [[nodiscard]] QRect NewPlace() const;
     [[nodiscard]] QRect TabPlace(std::size_t position) const;
     [[nodiscard]] QRect ClosePlace(std::size_t position) const;
     /// Left of the close button.

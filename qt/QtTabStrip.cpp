@@ -66,6 +66,7 @@ void QtTabStrip::Relayout() {
     RememberFaces();
     update();
     if (Changed) Changed();
+    if (Rearranged) Rearranged();
 }
 
 void QtTabStrip::RefreshFaces() {
@@ -155,6 +156,7 @@ void QtTabStrip::paintEvent(QPaintEvent* event) {
         RememberPainted(position, event->region());
     }
     painter.restore();
+    look.PaintNewButton(painter, m_row.NewPlace(), m_hover.part == Part::New);
     if (!m_row.Overflows()) return;
     look.PaintArrow(painter, m_row.ArrowPlace(QtTabRow::Arrow::Back), Qt::RightToLeft,
                     m_row.CanScroll(QtTabRow::Arrow::Back), m_hover.part == Part::Back);
@@ -199,6 +201,11 @@ QRect QtTabStrip::SoundPlace(std::size_t position) {
 QRect QtTabStrip::ListPlace() {
     Settle();
     return m_row.ListPlace();
+}
+
+QRect QtTabStrip::NewPlace() {
+    Settle();
+    return m_row.NewPlace();
 }
 
 void QtTabStrip::Click(Tab& tab) { m_strip.UserClick(&tab); }

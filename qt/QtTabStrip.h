@@ -39,8 +39,12 @@ public:
     /// Data is dragged over a point, with or without text; text was dropped. Filled in by the owner.
     std::function<void(bool hasText, QPointF)> DragOver;
     std::function<void(const Text&)> Drop;
-    /// A double click on the empty part of the row. Filled in by the owner.
+    /// The button for a new tab, or a double click on the empty part of the row. Filled in by the owner.
     std::function<void()> BlankRequested;
+    /// The right button went down on the button for a new tab. Filled in by the owner.
+    std::function<void()> NewMenuRequested;
+    /// Tabs came, went, moved or another one was selected. Filled in by the owner.
+    std::function<void()> Rearranged;
     /// The font has made the row higher or lower. Filled in by the owner.
     std::function<void()> RowHeightChanged;
     /// What the strip shows has changed. Filled in by the accessibility, once somebody asks for it.
@@ -59,6 +63,8 @@ public:
     [[nodiscard]] QRect SoundPlace(std::size_t position);
     /// The button that lists all tabs; empty while all tabs fit into the row.
     [[nodiscard]] QRect ListPlace();
+    /// The button for a new tab.
+    [[nodiscard]] QRect NewPlace();
     [[nodiscard]] const TabStrip& Model() const { return m_strip; }
     /// What a click on the tab does.
     void Click(Tab& tab);
@@ -85,7 +91,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    enum class Part { None, Tab, Sound, Close, Back, Forward, List };
+    enum class Part { None, Tab, Sound, Close, Back, Forward, List, New };
 
     /// What is under the pointer.
     struct Spot {
@@ -120,6 +126,8 @@ private:
     void SetHover(const Spot& spot);
     void ShowToolTip(QPoint point, QPoint globalPoint);
     void StepTo(std::size_t position);
+    void PressLeft(QPoint point);
+    void PressRight(QPoint point);
     void CloseByMiddleButton(QPoint point);
     void DragTab(QPoint point);
     void OfferDrag(QDropEvent& event);

@@ -24,6 +24,11 @@ bool QtTabStrip::event(QEvent* event) {
 
 void QtTabStrip::ShowToolTip(QPoint point, QPoint globalPoint) {
     Tab* tab = FindTabAt(point);
+    if (NewPlace().contains(point)) {
+        QToolTip::showText(globalPoint, QStringLiteral("New tab (Ctrl+T); more with the right button"), this,
+                           NewPlace());
+        return;
+    }
     const Text shown = !tab ? Text() : ToolTipText ? ToolTipText(*tab) : tab->Caption();
     if (shown.empty()) return QToolTip::hideText();
     // A title comes from the page; it is text, whatever it looks like.
@@ -35,6 +40,7 @@ QtTabStrip::Spot QtTabStrip::SpotAt(QPoint point) const {
     if (m_row.ArrowPlace(QtTabRow::Arrow::Back).contains(point)) return {Part::Back, 0};
     if (m_row.ArrowPlace(QtTabRow::Arrow::Forward).contains(point)) return {Part::Forward, 0};
     if (m_row.ListPlace().contains(point)) return {Part::List, 0};
+    if (m_row.NewPlace().contains(point)) return {Part::New, 0};
     const std::size_t position = m_row.PositionAt(point);
     if (position == 0) return {};
     const Tab* tab = m_strip.FindAt(position);
@@ -51,6 +57,7 @@ QRect QtTabStrip::SpotPlace(const Spot& spot) const {
     if (spot.part == Part::Back) return m_row.ArrowPlace(QtTabRow::Arrow::Back);
     if (spot.part == Part::Forward) return m_row.ArrowPlace(QtTabRow::Arrow::Forward);
     if (spot.part == Part::List) return m_row.ListPlace();
+    if (spot.part == Part::New) return m_row.NewPlace();
     return m_row.TabPlace(spot.position) & m_row.Area();
 }
 
@@ -73,9 +80,20 @@ void QtTabStrip::leaveEvent(QEvent*) { SetHover({}); }
 void QtTabStrip::mousePressEvent(QMouseEvent* event) {
     Settle();
     const QPoint point = event->position().toPoint();
-    if (event->button() == Qt::RightButton && RightButtonDown) RightButtonDown(point);
+    if (event->button() == Qt::RightButton) PressRight(point);
     if (event->button() == Qt::MiddleButton) CloseByMiddleButton(point);
-    if (event->button() != Qt::LeftButton) return;
+    if (event->button() == Qt::LeftButton) PressLeft(point);
+}
+
+void QtTabStrip::PressRight(QPoint point) {
+    if (SpotAt(point).part != Part::New) {
+        if (RightButtonDown) RightButtonDown(point);
+    } else if (NewMenuRequested) {
+        NewMenuRequested();
+    }
+}
+
+void QtTabStrip::PressLeft(QPoint point) {
     const Spot spot = SpotAt(point);
     Tab* tab = m_strip.FindAt(spot.position);
     m_closing.reset();
@@ -86,6 +104,8 @@ void QtTabStrip::mousePressEvent(QMouseEvent* event) {
     } else if (spot.part == Part::List) {
         const QRect place = m_row.ListPlace();
         if (ListRequested) ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
+    } else if (spot.part == Part::New) {
+        if (BlankRequested) BlankRequested();
     } else if (spot.part == Part::Close && tab) {
         m_closing = tab->Key();
     } else if (spot.part == Part::Sound && tab) {

@@ -232,7 +232,7 @@ TEST_F(DesignTimeBarTest, EveryBandHasItsCaptionAndItsToolsInOrder) {
     }
     std::size_t own = 0;
     for (const TextView ours : {u"bndMore", u"bndMoreMenu", u"bndTabMore", u"bndMoreBookmarks", u"bndFavoriteFolder",
-                                u"bndFavoriteLink", u"bndGroupEntry"})
+                                u"bndFavoriteLink", u"bndGroupEntry", u"bndNewTab"})
         own += bar.FindBand(ours) ? 1 : 0;
     EXPECT_EQ(bar.Bands().size(), designed + own);
 }

@@ -1,5 +1,7 @@
 #include "qt/QtTabList.h"
 
+#include "qt/QtTabLines.h"
+
 #include <QLineEdit>
 #include <QListView>
 #include <QTest>
@@ -10,9 +12,10 @@ namespace {
 class QtTabListTest : public testing::Test {
 protected:
     void SetUp() override {
+        list.CloseRequested = [this](const Text& key) { closed += ToUtf8(key) + ";"; };
         list.Chosen = [this](const Text& key) { chosen += ToUtf8(key) + ";"; };
     }
-    void Open(int count, int selected) {
+    static std::vector<QtTabListEntry> Tabs(int count, int selected) {
         std::vector<QtTabListEntry> tabs;
         for (int i = 1; i <= count; ++i)
             tabs.push_back({u"Tab" + Decimal(i),
@@ -20,7 +23,10 @@ protected:
                             QStringLiteral("http://host%1.example/<b>").arg(i * 1000),
                             {},
                             i == selected});
-        list.Open(tabs, {500, 100});
+        return tabs;
+    }
+    void Open(int count, int selected) {
+        list.Open(Tabs(count, selected), {500, 100});
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&list));
     }
     [[nodiscard]] QLineEdit* Search() const { return list.findChild<QLineEdit*>(); }
@@ -30,7 +36,7 @@ protected:
 
     QWidget window;
     QtTabList list{&window};
-    std::string chosen;
+    std::string chosen, closed;
 };
 
 TEST_F(QtTabListTest, OpensWithTheSelectedTabMarkedAndEnterChoosesIt) {
@@ -84,6 +90,64 @@ TEST_F(QtTabListTest, AClickChooses) {
     const QRect place = View()->visualRect(View()->model()->index(3, 0));
     QTest::mouseClick(View()->viewport(), Qt::LeftButton, {}, place.center());
     EXPECT_EQ(chosen, "Tab4;");
+}
+
+TEST_F(QtTabListTest, EachLineHasAnIconAndTheHostOfItsPage) {
+    Open(2, 1);
+    const QModelIndex line = View()->model()->index(1, 0);
+    EXPECT_EQ(line.data(QtTabLines::kHostRole).toString(), QStringLiteral("host2000.example"));
+    EXPECT_TRUE(line.data(Qt::DecorationRole).canConvert<QIcon>());
+}
+
+TEST_F(QtTabListTest, TheButtonOfALineClosesItsTabAndChoosesNone) {
+    Open(5, 1);
+    const QRect line = View()->visualRect(View()->model()->index(3, 0));
+    const QPoint button = QtTabLines::ClosePlace(line).center();
+    EXPECT_TRUE(line.contains(button));
+    QTest::mouseClick(View()->viewport(), Qt::LeftButton, {}, button);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return closed == "Tab4;"; }));
+    EXPECT_EQ(chosen, "");
+    EXPECT_TRUE(list.isVisible());
+    QTest::mousePress(View()->viewport(), Qt::LeftButton, {}, button);
+    QTest::mouseRelease(View()->viewport(), Qt::LeftButton, {}, line.center());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(closed + chosen, "Tab4;") << "the button was left again";
+    QTest::mouseClick(View()->viewport(), Qt::LeftButton, {}, line.center());
+    EXPECT_EQ(chosen, "Tab4;");
+}
+
+TEST_F(QtTabListTest, CtrlWClosesTheMarkedTab) {
+    Open(5, 2);
+    QTest::keyClick(Search(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(closed, "Tab2;");
+    EXPECT_TRUE(list.isVisible());
+}
+
+TEST_F(QtTabListTest, TheListIsAwayWhenTheLastTabIsToClose) {
+    Open(1, 1);
+    bool open = true;
+    list.CloseRequested = [&](const Text&) { open = list.isVisible(); };
+    QTest::keyClick(Search(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(open);
+}
+
+TEST_F(QtTabListTest, ATabThatHasGoneLeavesTheListAndItsNeighbourIsMarked) {
+    Open(5, 3);
+    QTest::keyClicks(Search(), QStringLiteral("page"));
+    Key(Qt::Key_Down);
+    ASSERT_EQ(Marked(), QStringLiteral("Page 2"));
+    auto tabs = Tabs(5, 3);
+    tabs.erase(tabs.begin());
+    list.Refresh(tabs);
+    EXPECT_EQ(View()->model()->rowCount(), 4);
+    EXPECT_EQ(Marked(), QStringLiteral("Page 2")) << "it is still there";
+    tabs.erase(tabs.begin());
+    list.Refresh(tabs);
+    EXPECT_EQ(Marked(), QStringLiteral("Page 3"));
+    EXPECT_EQ(Search()->text(), QStringLiteral("page"));
+    tabs.resize(1);
+    list.Refresh(tabs);
+    EXPECT_EQ(Marked(), QStringLiteral("Page 3"));
 }
 
 TEST_F(QtTabListTest, TheSearchOfTheLastTimeIsForgotten) {

@@ -430,6 +430,45 @@ TEST_F(QtTabStripTest, TheListButtonIsThereWhenTabsDoNotFit) {
     EXPECT_EQ(clicks, 0);
 }
 
+TEST_F(QtTabStripTest, TheButtonBehindTheLastTabOpensANewOne) {
+    int blanks = 0, menus = 0, rights = 0;
+    widget.BlankRequested = [&] { ++blanks; };
+    widget.NewMenuRequested = [&] { ++menus; };
+    widget.RightButtonDown = [&](QPoint) { ++rights; };
+    AddMany(2);
+    Show();
+    EXPECT_EQ(widget.NewPlace().left(), widget.TabPlace(2).right() + 1);
+    ClickOn(widget.NewPlace().center());
+    EXPECT_EQ(blanks, 1);
+    QTest::mouseDClick(&widget, Qt::LeftButton, {}, widget.NewPlace().center());
+    EXPECT_EQ(blanks, 2) << "the second of two quick clicks counts like the first";
+    QTest::mouseClick(&widget, Qt::RightButton, {}, widget.NewPlace().center());
+    EXPECT_EQ(menus, 1);
+    EXPECT_EQ(rights, 0);
+    QTest::mouseClick(&widget, Qt::RightButton, {}, {790, 5});
+    EXPECT_EQ(rights, 1) << "the empty part is another thing";
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(QtTabStripTest, TheButtonForANewTabStaysInSightWhenTabsDoNotFit) {
+    for (const int count : {3, 8, 60}) {
+        AddMany(count);
+        if (!widget.isVisible()) Show();
+        EXPECT_TRUE(widget.rect().contains(widget.NewPlace())) << count;
+        EXPECT_FALSE(widget.NewPlace().intersects(widget.ListPlace())) << count;
+        EXPECT_EQ(widget.FindTabAt(widget.NewPlace().center()), nullptr) << count;
+    }
+}
+
+TEST_F(QtTabStripTest, TellsWhenTabsCameOrWent) {
+    AddMany(2);
+    Show();
+    int told = 0;
+    widget.Rearranged = [&] { ++told; };
+    Add("third");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told == 1; }));
+}
+
 TEST_F(QtTabStripTest, ThePressedSoundMarkMutesAndSelectsNothing) {
     std::string muted;
     widget.MuteRequested = [&](Tab& tab) { muted += ToUtf8(tab.Caption()) + ";"; };

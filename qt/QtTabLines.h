@@ -1,0 +1,38 @@
+#pragma once
+#include <QPersistentModelIndex>
+#include <QStyledItemDelegate>
+#include <functional>
+#include <utility>
+
+class QAbstractItemView;
+
+/// The lines of a list of tabs: icon, title, host and, on the line under the pointer and on the marked one, a button
+/// that closes the tab.
+class QtTabLines final : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    /// The host of a tab's page, a text.
+    static constexpr int kHostRole = Qt::UserRole + 2;
+
+    /// `list` is what shows the lines and is their parent.
+    explicit QtTabLines(QAbstractItemView* list);
+
+    /// The button of a line was clicked. Filled in by the owner.
+    std::function<void(const QModelIndex&)> CloseAt;
+    /// Whether the click that has just ended was one on such a button; asking forgets it.
+    [[nodiscard]] bool TakeClosed() { return std::exchange(m_closed, false); }
+    /// Where the button is on a line.
+    [[nodiscard]] static QRect ClosePlace(const QRect& line);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+protected:
+    bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) override;
+
+private:
+    QPersistentModelIndex m_pressed; ///< the line whose button is held down
+    bool m_closed = false;
+};
