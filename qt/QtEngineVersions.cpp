@@ -137,11 +137,10 @@ int ChromiumOfEngine() { return QVersionNumber::fromString(QLatin1String(qWebEng
 
 } // namespace
 
-// What workers load, newer engines show to nobody. With its own rule the engine still shows a local page's pictures and
-// styles, but nothing of them can be read. The setting of the same name goes further: pictures do not come either.
+// What shared workers load, no engine shows to anybody, and those of 6.10 and later nothing that any worker loads. With
+// its own rule the engine still shows a local page's pictures and styles, but nothing of them can be read. The setting
+// of the same name goes further: pictures do not come either.
 QByteArray QtEngineVersions::Switches() {
-    constexpr int kShowsAll = 102;
-    if (ChromiumOfEngine() <= kShowsAll) return {};
     return QByteArrayLiteral("--blink-settings=allowFileAccessFromFileURLs=false");
 }
 

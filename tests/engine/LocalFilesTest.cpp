@@ -77,6 +77,17 @@ TEST_F(LocalFiles, AreNotReadThroughAWorker) {
     EXPECT_TRUE(Titled(QStringLiteral("refused")));
 }
 
+TEST_F(LocalFiles, AreNotReadThroughASharedWorker) {
+    LoadWith(QStringLiteral("const code = 'const r = new XMLHttpRequest(); let t = `refused`; try { r.open(`GET`, `%1`,"
+                            "false); r.send(); t = `read ` + r.responseText } catch (e) {}"
+                            "onconnect = e => e.ports[0].postMessage(t)';"
+                            "const w = new SharedWorker(URL.createObjectURL(new Blob([code])));"
+                            "w.onerror = () => document.title = 'refused';"
+                            "w.port.onmessage = e => document.title = e.data")
+                 .arg(AddressOf(secret, "key")));
+    EXPECT_TRUE(Titled(QStringLiteral("refused")));
+}
+
 TEST_F(LocalFiles, AreNotReadThroughAWorkerOfAPicture) {
     sent.Write("drawn.svg",
                "<svg xmlns='http://www.w3.org/2000/svg'><title>waiting</title><script>const code = 'const r = "
