@@ -24,7 +24,8 @@ constexpr std::array kTools{
             u"tab-duplicate", u""},
     ToolRow{u"mnuOpen", u"&Open", u"File", u"Opens a file in the current tab", u"document-open", u""},
     ToolRow{u"mnuClose", u"&Close", u"File", u"Closes the current tab", u"view-close", u""},
-    ToolRow{u"mnuCloseAll", u"Close &All", u"File", u"Closes all tabs but the first", u"project-development-close-all", u""},
+    ToolRow{u"mnuCloseAll", u"Close &All", u"File", u"Closes all tabs but the first", u"project-development-close-all",
+            u""},
     ToolRow{u"mnuSaveAs", u"&Save As", u"File", u"Saves the current page to a file", u"document-save-as", u""},
     ToolRow{u"mnuPrint", u"&Print", u"File", u"Prints the current page", u"document-print", u""},
     ToolRow{u"mnuPageSetup", u"Page Set&up...", u"File", u"Changes paper, orientation and margins for printing",
@@ -162,8 +163,7 @@ constexpr std::array kFind{
 
 constexpr std::array kOwnTools{
     ToolRow{u"xtrMore", u"&More", u"More", u"Shows more commands", u"application-menu", u"bndMoreMenu"},
-    ToolRow{u"xtrReopenTab", u"&Reopen Closed Tab", u"More", u"Brings back what was closed last", u"edit-undo",
-            u""},
+    ToolRow{u"xtrReopenTab", u"&Reopen Closed Tab", u"More", u"Brings back what was closed last", u"edit-undo", u""},
     ToolRow{u"xtrTabList", u"&List Tabs...", u"More", u"Lists all tabs and searches them", u"view-list-text", u""},
     ToolRow{u"xtrTabMore", u"&More", u"", u"Shows more commands for this tab", u"", u"bndTabMore"},
     ToolRow{u"xtrTabCloseOthers", u"Close &Others", u"", u"Closes all tabs but this one", u"", u""},

@@ -7,24 +7,12 @@ namespace {
 
 // What the engine, or the program itself, answers for.
 constexpr std::array kOwn{
-    TextView(u"http"),
-    TextView(u"https"),
-    TextView(u"file"),
-    TextView(u"data"),
-    TextView(u"blob"),
-    TextView(u"about"),
-    TextView(u"javascript"),
-    TextView(u"view-source"),
-    TextView(u"filesystem"),
-    TextView(u"ws"),
-    TextView(u"wss"),
-    TextView(u"chrome"),
-    TextView(u"chrome-error"),
-    TextView(u"devtools"),
-    TextView(u"chrome-devtools"),
-    TextView(u"qrc"),
-    TextView(u"tessaview"),
-    TextView(u"tessaview-ask"),
+    TextView(u"http"),         TextView(u"https"),       TextView(u"file"),
+    TextView(u"data"),         TextView(u"blob"),        TextView(u"about"),
+    TextView(u"javascript"),   TextView(u"view-source"), TextView(u"filesystem"),
+    TextView(u"ws"),           TextView(u"wss"),         TextView(u"chrome"),
+    TextView(u"chrome-error"), TextView(u"devtools"),    TextView(u"chrome-devtools"),
+    TextView(u"qrc"),          TextView(u"tessaview"),   TextView(u"tessaview-ask"),
     TextView(u"mailto"),
 };
 

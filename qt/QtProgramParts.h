@@ -41,9 +41,9 @@
 #include "qt/QtTabList.h"
 #include "qt/QtTabStrip.h"
 #include "qt/QtTaskView.h"
-#include "qt/QtTyping.h"
 #include "qt/QtText.h"
 #include "qt/QtTrash.h"
+#include "qt/QtTyping.h"
 
 #include <QApplication>
 #include <QPointer>

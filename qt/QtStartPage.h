@@ -7,9 +7,9 @@
 #include <string>
 
 /// Answers for what the program makes itself, no network needed: the home page `tessaview:start`, the help
-/// `tessaview:help`, what a private tab says of itself, `tessaview:private`, and how pages will look on paper, `tessaview:preview/1/name` and so on. Web pages cannot reach the
-/// scheme: the engine takes it for a local one, a page's wish to go there is refused, and what is asked for on behalf
-/// of another origin is denied.
+/// `tessaview:help`, what a private tab says of itself, `tessaview:private`, and how pages will look on paper,
+/// `tessaview:preview/1/name` and so on. Web pages cannot reach the scheme: the engine takes it for a local one, a
+/// page's wish to go there is refused, and what is asked for on behalf of another origin is denied.
 class QtStartPage final : public QWebEngineUrlSchemeHandler {
 public:
     [[nodiscard]] static QByteArray Scheme() { return QByteArrayLiteral("tessaview"); }
