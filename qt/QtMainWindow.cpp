@@ -68,7 +68,6 @@ void QtMainWindow::Show() {
     raise();
     activateWindow();
     QTimer::singleShot(0, this, [this] {
-        // What the desktop has put around it is known only now.
         QtScreenFit::Fit(*this);
         if (!m_activated) Activate();
     });
@@ -131,6 +130,16 @@ void QtMainWindow::SetPlace(const Placement& place) {
     const QRect frame = QtScreenFit::Within(asked, QtScreenFit::FreeAround(asked));
     resize(frame.size().shrunkBy(around));
     move(frame.topLeft());
+    if (!isVisible()) m_corner = frame.topLeft();
+}
+
+// Only now is known what the desktop has put around the window. Until then it took the place to be that of the inside,
+// so that the window would go up by a title bar with every start.
+void QtMainWindow::SettlePlace() {
+    constexpr Qt::WindowStates kElsewhere = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+    const std::optional<QPoint> corner = std::exchange(m_corner, std::nullopt);
+    if (corner && !(windowState() & kElsewhere)) move(*corner);
+    QtScreenFit::Fit(*this);
 }
 
 void QtMainWindow::SetSize(Twips width, Twips height) {
@@ -214,7 +223,10 @@ void QtMainWindow::resizeEvent(QResizeEvent* event) {
 }
 
 bool QtMainWindow::event(QEvent* event) {
-    if (event->type() == QEvent::WindowActivate) Activate();
+    if (event->type() == QEvent::WindowActivate) {
+        if (!std::exchange(m_settled, true)) SettlePlace();
+        Activate();
+    }
     return QMainWindow::event(event);
 }
 

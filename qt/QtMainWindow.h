@@ -73,15 +73,18 @@ private:
     void LayStatusBar();
     void LayTabStrip();
     [[nodiscard]] QSize InnerSize() const;
+    [[nodiscard]] int StatusHeight() const;
+    void SettlePlace();
 
     QWidget* m_inner;
-    [[nodiscard]] int StatusHeight() const;
     QtFullScreen m_fullScreen;
     std::optional<Placement> m_placeBefore; ///< where the window was before it took the whole screen
     QPointer<QtTabStrip> m_tabStrip;
     QPointer<QtStatusBar> m_statusBar;
     QRect m_tabStripPlace;
-    QByteArray m_activationToken; ///< the desktop's permission to activate the window, until it is used
+    QByteArray m_activationToken;   ///< the desktop's permission to activate the window, until it is used
+    std::optional<QPoint> m_corner; ///< where its frame is to stand, until the desktop has made that
+    bool m_settled = false;
     bool m_activated = false;
     bool m_unloaded = false;
 };
