@@ -158,6 +158,16 @@ void QtDocking::Float(const Band& band, QToolBar& bar) {
     bar.move(band.Dock().Left.value, band.Dock().Top.value);
 }
 
+// Those that were shown before their window are behind it.
+void QtDocking::ShowFloating() {
+    for (const Band* band : ToolBarBands()) {
+        QToolBar* bar = m_toolBars.Find(*band);
+        if (!bar->isFloating() || bar->isHidden()) continue;
+        bar->hide();
+        bar->show();
+    }
+}
+
 // While it is dragged it has no frame, for the pointer holds it by its handle.
 void QtDocking::Frame(QToolBar& bar) {
     if (!bar.isFloating() || bar.windowFlags() == kFloatingBar) return;
@@ -270,6 +280,7 @@ void QtDocking::ShareRow(const std::vector<Band*>& row, Hints hints) {
 bool QtDocking::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
     const bool window = watched == &m_window;
+    if (window && type == QEvent::Show) QTimer::singleShot(0, this, &QtDocking::ShowFloating);
     if (window && (type == QEvent::Resize || type == QEvent::Show)) ShareRows(Hints::Stale);
     // What asks for a layout has new hints already; to ask again would go on for ever.
     if (window && type == QEvent::LayoutRequest) ShareRows(Hints::Fresh);

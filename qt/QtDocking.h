@@ -31,6 +31,7 @@ private:
     void Float(const Band& band, QToolBar& bar);
     void Thaw();
     static void Frame(QToolBar& bar);
+    void ShowFloating();
     void OnClosed(const QObject& closed);
     static void ShareColumn(QToolBar& bar);
     void Read();
