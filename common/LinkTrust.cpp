@@ -8,7 +8,7 @@
 
 namespace {
 
-enum class LinkKind { Web, Computer, Mail, Own, Other, Forbidden };
+enum class LinkKind { Web, Computer, Mail, Own, Document, Other, Forbidden };
 
 struct TrustRow {
     LinkKind kind;
@@ -23,6 +23,8 @@ constexpr std::array kTrustTable{
     TrustRow{LinkKind::Computer, kAsk, kAsk, kAsk, kOpen, kOpen},
     TrustRow{LinkKind::Mail, kNever, kOpen, kNever, kNever, kOpen},
     TrustRow{LinkKind::Own, kOpen, kAsk, kAsk, kOpen, kOpen},
+    // A page that is its own address is of nobody, and reaches nothing: in a group it is like one of the web.
+    TrustRow{LinkKind::Document, kOpen, kAsk, kAsk, kOpen, kOpen},
     TrustRow{LinkKind::Other, kAsk, kAsk, kAsk, kOpen, kOpen},
     TrustRow{LinkKind::Forbidden, kNever, kNever, kNever, kNever, kNever},
 };
@@ -32,7 +34,7 @@ struct SchemeRow {
     LinkKind kind;
 };
 
-// What is in none of these rows is for another program, or a document in itself.
+// What is in none of these rows is for another program.
 constexpr std::array kSchemeTable{
     SchemeRow{u"http", LinkKind::Web},
     SchemeRow{u"https", LinkKind::Web},
@@ -40,6 +42,7 @@ constexpr std::array kSchemeTable{
     SchemeRow{u"file", LinkKind::Computer},
     SchemeRow{u"mailto", LinkKind::Mail},
     SchemeRow{u"tessaview", LinkKind::Own},
+    SchemeRow{u"data", LinkKind::Document},
     SchemeRow{u"javascript", LinkKind::Forbidden},
     SchemeRow{u"vbscript", LinkKind::Forbidden},
     SchemeRow{u"livescript", LinkKind::Forbidden},

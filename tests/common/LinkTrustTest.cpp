@@ -53,7 +53,7 @@ constexpr std::array kExpected{
     Expected{u"tessaview:start", "+??++"},
     // Other programs, and documents in themselves.
     Expected{u"C:\\x.exe", "???++"},
-    Expected{u"data:text/html,x", "???++"},
+    Expected{u"data:text/html,x", "+??++"},
     Expected{u"tel:1-2", "???++"},
     Expected{u"blob:x", "???++"},
     // The engine's inside.

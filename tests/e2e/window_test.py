@@ -27,10 +27,6 @@ class Window(unittest.TestCase):
         group = os.path.join(self.home, "sized.tvg")
         desk.write_group(group, [sized("A"), sized("B")])
         with desk.Program(PROGRAM, group, home=self.home) as program:
-            # Such addresses are not of the web.
-            _, question = desk.wait_until(program.message_now, what="nothing is asked")
-            self.assertIn("data:text/html", question)
-            program.answer(question, "Yes")
 
             def sizes():
                 return {name: size for name, _, size in (tab.strip("[]").partition(" ") for tab in program.strip())}
