@@ -207,9 +207,14 @@ class Restart(unittest.TestCase):
     def test_the_window_comes_back_where_and_as_large_as_it_was(self):
         with self.start("about:blank") as program:
             window = program.window_id()
-            subprocess.run(["xdotool", "windowsize", "--sync", window, "900", "600"], check=True)
-            # Not what the server says: the program hears of it later.
-            desk.wait_until(lambda: known_size(program) == (900, 600), what=lambda: f"{known_size(program)}")
+
+            def resized():
+                # A window that has just come puts itself in its place, and takes the size that it knows along.
+                subprocess.run(["xdotool", "windowsize", window, "900", "600"], check=True)
+                # Not what the server says: the program hears of it later.
+                return known_size(program) == (900, 600)
+
+            desk.wait_until(resized, what=lambda: f"{known_size(program)}")
             end(program)
         self.assertEqual(settings_of(self.home)["WindowWidth"], str(900 * TWIPS))
         with self.start("about:blank") as program:
