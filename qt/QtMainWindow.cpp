@@ -68,7 +68,7 @@ void QtMainWindow::Show() {
     raise();
     activateWindow();
     QTimer::singleShot(0, this, [this] {
-        QtScreenFit::Fit(*this);
+        if (m_fits) QtScreenFit::Fit(*this);
         if (!m_activated) Activate();
     });
 }
@@ -113,6 +113,8 @@ void QtMainWindow::SetState(WindowState state) {
     case WindowState::Minimized:
         return setWindowState(windowState() | Qt::WindowMinimized);
     case WindowState::Maximized:
+        // How large it is then is for the desktop to say, which may take a while over it.
+        m_fits = false;
         return setWindowState(others | Qt::WindowMaximized);
     }
 }
@@ -131,6 +133,7 @@ void QtMainWindow::SetPlace(const Placement& place) {
     resize(frame.size().shrunkBy(around));
     move(frame.topLeft());
     if (!isVisible()) m_corner = frame.topLeft();
+    m_fits = true;
 }
 
 // Only now is known what the desktop has put around the window. Until then it took the place to be that of the inside,
@@ -138,7 +141,8 @@ void QtMainWindow::SetPlace(const Placement& place) {
 void QtMainWindow::SettlePlace() {
     constexpr Qt::WindowStates kElsewhere = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
     const std::optional<QPoint> corner = std::exchange(m_corner, std::nullopt);
-    if (corner && !(windowState() & kElsewhere)) move(*corner);
+    if (!m_fits || (windowState() & kElsewhere)) return;
+    if (corner) move(*corner);
     QtScreenFit::Fit(*this);
 }
 
@@ -146,6 +150,7 @@ void QtMainWindow::SetSize(Twips width, Twips height) {
     const QMargins around = QtScreenFit::FrameOf(*this);
     const QSize room = QtScreenFit::FreeAround(frameGeometry()).size().shrunkBy(around);
     resize(SizeIn(width, height).boundedTo(room));
+    m_fits = true;
 }
 
 void QtMainWindow::SetFullScreen(bool on) {

@@ -84,6 +84,7 @@ private:
     QRect m_tabStripPlace;
     QByteArray m_activationToken;   ///< the desktop's permission to activate the window, until it is used
     std::optional<QPoint> m_corner; ///< where its frame is to stand, until the desktop has made that
+    bool m_fits = false;            ///< its place or size is ours, and is to be inside the screen
     bool m_settled = false;
     bool m_activated = false;
     bool m_unloaded = false;
