@@ -16,6 +16,7 @@
 #include "mainwindow/frmSplash.h"
 #include "pages/DownloadWords.h"
 #include "settings/frmSettings.h"
+#include "tabs/TabKeys.h"
 
 #include <algorithm>
 #include <memory>
@@ -237,12 +238,12 @@ bool frmMain::UserLeaves(const std::vector<std::int32_t>& holders) {
                          u"&Stay",
                          u"&Leave"};
     for (std::size_t i = 0; i < std::min(holders.size(), kMostHolders); ++i) {
-        const auto* tab = pcPage.Find(u"Tab" + Decimal(holders[i]));
+        const auto* tab = TabOfView(pcPage, holders[i]);
         if (tab) question.Details += OneLine(FirstUnits(tab->Caption(), kLongestHolder)) + u"\n";
     }
     if (holders.size() > kMostHolders) question.Details += u"...";
     if (Platform.messages.AskOwn(question)) return true;
-    if (auto* tab = pcPage.Find(u"Tab" + Decimal(holders.front()))) pcPage.Select(tab);
+    if (auto* tab = TabOfView(pcPage, holders.front())) pcPage.Select(tab);
     return false;
 }
 

@@ -1,12 +1,14 @@
 #include "tabs/ClosedTabs.h"
 
+#include "tabs/TabKeys.h"
+
 #include <algorithm>
 #include <numeric>
 #include <utility>
 
 void ClosedTabs::Remember(std::int32_t Index) {
     const auto* view = m_browser.Find(Index);
-    const auto* tab = m_pcPage.Find(u"Tab" + Decimal(Index));
+    const auto* tab = TabOfView(m_pcPage, Index);
     if (!view || !tab || view->Privacy == Privacy::Private) return;
     const Text address = view->Control->LocationURL();
     if (address.empty() || address == u"about:blank") return;
@@ -48,13 +50,12 @@ void ClosedTabs::Reopen() {
     for (auto closed = command.Tabs.rbegin(); closed != command.Tabs.rend(); ++closed) {
         const std::int32_t index = m_tabs.NextBrowserIndex;
         auto* view = m_tabs.GetNewBrowser(InFront::No);
-        const auto* tab = m_pcPage.Find(u"Tab" + Decimal(index));
+        auto* tab = TabOfView(m_pcPage, index);
         if (!view || !tab) continue;
         const bool awake = ++opened <= kAwake;
         ResumeNext(awake ? view->Restore(closed->History, closed->Address)
                          : view->RestoreLater(closed->History, closed->Address));
-        if (auto* named = awake ? nullptr : m_pcPage.Find(u"Tab" + Decimal(index)))
-            m_pcPage.SetCaption(named, closed->Title);
+        if (!awake) m_pcPage.SetCaption(tab, closed->Title);
         m_pcPage.Move(tab, std::min(closed->Position, m_pcPage.Count()));
         if (leftmost.empty()) leftmost = tab->Key();
     }

@@ -1,12 +1,8 @@
 #include "tabs/PageLeaving.h"
 
+#include "tabs/TabKeys.h"
+
 #include <utility>
-
-namespace {
-
-Text KeyOfLeaving(std::int32_t index) { return u"Tab" + Decimal(index); }
-
-} // namespace
 
 void PageLeaving::WhenLeft(std::int32_t Index, std::function<void()> then) {
     const auto* view = m_browser.Find(Index);
@@ -18,7 +14,7 @@ void PageLeaving::WhenLeft(std::int32_t Index, std::function<void()> then) {
 
 void PageLeaving::OnAnswer(std::int32_t Index, bool holds, const std::function<void()>& then) {
     const auto* view = m_browser.Find(Index);
-    auto* tab = m_pcPage.Find(KeyOfLeaving(Index));
+    auto* tab = TabOfView(m_pcPage, Index);
     if (!m_asked.contains(Index) || !view || !tab) return;
     const auto leave = [this, Index, then](bool leaves) {
         if (m_asked.erase(Index) != 0 && leaves) then();

@@ -2,6 +2,7 @@
 
 #include "common/Text.h"
 #include "tabs/AddressSigns.h"
+#include "tabs/TabKeys.h"
 
 #include <utility>
 
@@ -16,8 +17,6 @@ constexpr int kUsualPercent = 100;
 /// Units of a title or an address that anybody reads.
 constexpr std::size_t kMostDescribed = 300;
 
-Text KeyOf(std::int32_t index) { return u"Tab" + Decimal(index); }
-
 } // namespace
 
 TabSet::TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusBar& sbStatus, MessageBoxes& messages)
@@ -31,7 +30,7 @@ TabSet::TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusB
 }
 
 BrowserView* TabSet::PrepareFirstTab() {
-    if (auto* tab = m_pcPage.Add(1, KeyOf(1))) {
+    if (auto* tab = m_pcPage.Add(1, KeyOfTab(1))) {
         tab->Tag = 1;
         m_pcPage.SetCaption(tab, Text(kUntitledCaption));
     }
@@ -57,7 +56,7 @@ BrowserView* TabSet::GetNewBrowser(InFront inFront, Privacy privacy) {
 BrowserView* TabSet::AddTab(ArrayView& view, std::int32_t index, InFront inFront) {
     view.Control->SetVisible(true);
     ResumeNext(view.Control->Navigate(kBlankPage));
-    auto* tab = m_pcPage.Add(m_pcPage.PositionOf(m_pcPage.SelectedItem()) + 1, KeyOf(index));
+    auto* tab = m_pcPage.Add(m_pcPage.PositionOf(m_pcPage.SelectedItem()) + 1, KeyOfTab(index));
     if (tab) tab->Tag = index;
     if (tab) m_pcPage.SetPrivate(tab, view.Privacy == Privacy::Private);
     ++NextBrowserIndex;
@@ -134,7 +133,7 @@ void TabSet::ShowTarget(TextView URL) {
 }
 
 void TabSet::SetTabAwaited(std::int32_t Index, TextView URL) {
-    if (auto* tab = m_pcPage.Find(KeyOf(Index))) m_pcPage.SetAwaited(tab, Text(URL));
+    if (auto* tab = TabOfView(m_pcPage, Index)) m_pcPage.SetAwaited(tab, Text(URL));
 }
 
 bool TabSet::TypedSince(const ArrayView& view) const {
@@ -163,11 +162,11 @@ void TabSet::SetTabBusy(TextView Tag, TabBusy Busy) {
 }
 
 void TabSet::SetTabAsks(std::int32_t Index, bool asks) {
-    if (auto* tab = m_pcPage.Find(KeyOf(Index))) m_pcPage.SetAsks(tab, asks);
+    if (auto* tab = TabOfView(m_pcPage, Index)) m_pcPage.SetAsks(tab, asks);
 }
 
 void TabSet::SetTabTitle(std::int32_t Index, TextView title) {
-    auto* tab = m_pcPage.Find(KeyOf(Index));
+    auto* tab = TabOfView(m_pcPage, Index);
     if (!tab) return;
     const bool whole = TitleLengthLimit < 1 || title.size() <= static_cast<std::size_t>(TitleLengthLimit);
     if (whole) {
@@ -190,7 +189,7 @@ Text TabSet::Describe(const Tab& tab) const {
 }
 
 void TabSet::UpdateSound(std::int32_t Index) {
-    auto* tab = m_pcPage.Find(KeyOf(Index));
+    auto* tab = TabOfView(m_pcPage, Index);
     const auto* view = m_browser.Find(Index);
     if (!tab || !view) return;
     const TabSound heard = view->Control->Audible() ? TabSound::Playing : TabSound::None;
@@ -220,7 +219,7 @@ void TabSet::CloseOneOfSeveral(std::int32_t Index) {
         view->Control->SetVisible(false);
     }
     const auto* selected = m_pcPage.SelectedItem();
-    const auto* closing = m_pcPage.Find(KeyOf(Index));
+    const auto* closing = TabOfView(m_pcPage, Index);
     // Deliberate: two tabs with one caption count as the same tab.
     const bool background = selected && closing && selected->Caption() != closing->Caption();
     const Text keptKey = background ? selected->Key() : Text();
@@ -234,20 +233,21 @@ void TabSet::CloseSelectedTab() {
 }
 
 void TabSet::CloseTabs(const std::vector<std::int32_t>& indexes) {
-    const auto close = [&] {
+    AsOneCommand([&] {
         for (const std::int32_t index : indexes) CloseBrowserTab(index);
-    };
-    if (ClosingSeveral) return ClosingSeveral(close);
-    close();
+    });
 }
 
 void TabSet::CloseOtherTabs() {
-    const auto close = [this] {
+    AsOneCommand([this] {
         for (std::size_t position = m_pcPage.Count(); position >= 2; --position) {
             if (const auto* tab = m_pcPage.FindAt(position)) CloseBrowserTab(tab->Tag);
         }
         if (const auto* left = m_pcPage.FindAt(1)) BlankTab(left->Tag);
-    };
+    });
+}
+
+void TabSet::AsOneCommand(const std::function<void()>& close) {
     if (ClosingSeveral) return ClosingSeveral(close);
     close();
 }
@@ -296,7 +296,7 @@ std::int32_t TabSet::CurrentIndex() const {
 // View 1 outlives its tab.
 ArrayView* TabSet::OpenView(std::int32_t Index) const { return IsOpen(Index) ? m_browser.Find(Index) : nullptr; }
 
-bool TabSet::IsOpen(std::int32_t Index) const { return m_pcPage.Find(KeyOf(Index)) != nullptr; }
+bool TabSet::IsOpen(std::int32_t Index) const { return TabOfView(m_pcPage, Index) != nullptr; }
 
 bool TabSet::IsSelected(std::int32_t Index) const {
     const auto* selected = m_pcPage.SelectedItem();

@@ -118,6 +118,7 @@ private:
     void TellWhenIndexesRanOut(std::int32_t index);
     void CloseOneOfSeveral(std::int32_t Index);
     void BlankTab(std::int32_t Index);
+    void AsOneCommand(const std::function<void()>& close);
 
     TabStrip& m_pcPage;
     ViewArray& m_browser;
