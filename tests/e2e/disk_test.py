@@ -198,19 +198,13 @@ class DiskTest(lives.KillTest):
             with self.subTest(round=number):
                 session = self.offered()
                 life = DiskLife(self, PROGRAM, dice, disk)
-                try:
+                with self.until_killed(life):
                     self.check_offer(life, session)
                     self.check_kept()
                     life.kill_in(dice.uniform(0.5, 6.0))
                     if session and dice.random() < 0.5:
                         life.reopen(session)
                     life.live()
-                except Exception:
-                    # Whatever was being done to it then, it is dead as it should be.
-                    if life.killed_at is None:
-                        life.clear_away()
-                        raise
-                self.bury(life)
                 changes += life.changes
         print(f"{ROUNDS} kills, the disk was filled or cleared {changes} times, {self.names} pages, {self.moves} moves, "
               f"the oldest state was no longer true for {self.oldest_age:.2f} s", flush=True)

@@ -3,6 +3,7 @@ lies on disk, and a run of the program that does things at random until it is ki
 
 import collections
 import configparser
+import contextlib
 import os
 import queue
 import re
@@ -380,6 +381,17 @@ class KillTest(unittest.TestCase):
         for name, written in self.dead[:MOST_KEPT]:
             self.assertIn(name, sessions)
             self.assertEqual(sessions[name].written(), written)
+
+    @contextlib.contextmanager
+    def until_killed(self, life):
+        """What is done in it ends as it likes, once the life has been killed."""
+        try:
+            yield
+        except Exception:
+            if life.killed_at is None:
+                life.clear_away()
+                raise
+        self.bury(life)
 
     def bury(self, life):
         """Looks at what the killed run has left."""

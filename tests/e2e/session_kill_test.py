@@ -28,7 +28,7 @@ class SessionKill(KillTest):
                 life = Life(self, PROGRAM, dice)
                 answer = dice.choice(["Reopen", "Reopen", "Not Now", "nothing", "dies at once"])
                 offers[answer if session else "none"] += 1
-                try:
+                with self.until_killed(life):
                     if answer == "dies at once":
                         life.kill_in(dice.uniform(0.05, 1.0))
                         # Another start at this moment might become the program, and this one end.
@@ -42,12 +42,6 @@ class SessionKill(KillTest):
                         elif session and answer == "Not Now":
                             life.program.press("push button", "Not Now")
                     life.live()
-                except Exception:
-                    # Whatever was being done to it then, it is dead as it should be.
-                    if life.killed_at is None:
-                        life.clear_away()
-                        raise
-                self.bury(life)
         print(f"{KILLS} kills, offers {dict(offers)}, {self.names} pages, {self.moves} moves, the oldest state was no "
               f"longer true for {self.oldest_age:.2f} s", flush=True)
         self.assertGreater(len(self.dead), 0)
