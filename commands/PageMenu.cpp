@@ -89,7 +89,7 @@ void ShowState(const CommandContext& context, const PageContext& page) {
                u"S&earch for \"" + EscapedCaption(PlainLine(page.SelectedText, kShownWords)) + u"\"");
     const bool image = page.Media == PageContext::Kind::Image;
     SetCaption(context, u"xtrMediaCopyAddress", image ? u"Copy Image &Address" : u"Copy Media &Address");
-    SetCaption(context, u"xtrMediaPlay", page.MediaPaused ? u"&Play" : u"&Pause");
+    SetCaption(context, u"xtrMediaPlay", page.MediaPaused ? u"Pla&y" : u"Pa&use");
     for (const auto& [tool, checked] :
          {std::pair(TextView(u"xtrMediaMute"), page.MediaMuted), std::pair(TextView(u"xtrMediaLoop"), page.MediaLoops),
           std::pair(TextView(u"xtrMediaControls"), page.MediaHasControls)}) {

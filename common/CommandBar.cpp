@@ -3,6 +3,24 @@
 #include "common/ResumeNext.h"
 
 #include <algorithm>
+#include <array>
+
+namespace {
+
+struct StepKey {
+    KeyStroke key;
+    BarStep step;
+};
+
+// Alt counts when it goes up: until then it may still become a combination.
+constexpr std::array kSteps{
+    StepKey{{Keys::kAltAlone, 0}, BarStep::MenuBar},
+    StepKey{{Keys::kF10, 0}, BarStep::MenuBar},
+    StepKey{{Keys::kF6, 0}, BarStep::Next},
+    StepKey{{Keys::kF6, Keys::kShift}, BarStep::Previous},
+};
+
+} // namespace
 
 void ComboTool::ShowSigned(Text text, BoxSign sign) {
     sign.Of = text;
@@ -138,18 +156,33 @@ KeyUsed CommandBar::KeyDown(KeyStroke key) {
     // Its last way up may have gone to another window.
     std::erase(m_usedDown, key.KeyCode);
     Tool* tool = ToolFor(key);
-    if (!tool) return KeyUsed::No;
+    if (!tool && StepBy(key) == KeyUsed::No) return KeyUsed::No;
     // Before the click, which may run a loop of its own in which the key goes up.
     m_usedDown.push_back(key.KeyCode);
-    if (tool->Kind() == ToolKind::Combo)
-        FocusBox(*tool);
-    else
-        UserClick(*tool);
+    if (tool) RunByKey(*tool);
+    return KeyUsed::Yes;
+}
+
+void CommandBar::RunByKey(Tool& tool) {
+    const bool onlyOpens = !tool.SubBand.empty() && !tool.ClickWithSubBand;
+    if (tool.Kind() == ToolKind::Combo)
+        FocusBox(tool);
+    else if (!onlyOpens)
+        UserClick(tool);
+    else if (m_view.OpenMenu)
+        m_view.OpenMenu(tool);
+}
+
+KeyUsed CommandBar::StepBy(KeyStroke key) const {
+    const auto* found = std::ranges::find(kSteps, key, &StepKey::key);
+    if (found == kSteps.end() || !m_view.Step) return KeyUsed::No;
+    m_view.Step(found->step);
     return KeyUsed::Yes;
 }
 
 // Everything happens when a key goes down. Its way up is no news to whoever has not seen that.
 KeyUsed CommandBar::KeyUp(KeyStroke key) {
+    if (key.KeyCode == Keys::kAltAlone) return StepBy({Keys::kAltAlone, 0});
     return std::erase(m_usedDown, key.KeyCode) > 0 ? KeyUsed::Yes : KeyUsed::No;
 }
 

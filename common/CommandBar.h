@@ -88,8 +88,9 @@ struct KeyStroke {
 
 namespace Keys {
 inline constexpr std::int32_t kShift = 1, kCtrl = 2, kAlt = 4;
-inline constexpr std::int32_t kTab = 9, kEnter = 13, kEscape = 27, kHome = 36, kLeft = 37, kRight = 39, kF1 = 112,
-                              kF5 = 116, kF11 = 122, kF12 = 123, kPlus = 187, kMinus = 189;
+inline constexpr std::int32_t kTab = 9, kEnter = 13, kAltAlone = 18, kEscape = 27, kHome = 36, kLeft = 37, kRight = 39,
+                              kF1 = 112, kF5 = 116, kF6 = 117, kF10 = 121, kF11 = 122, kF12 = 123, kPlus = 187,
+                              kMinus = 189;
 } // namespace Keys
 
 /// A combination that clicks a tool. The first of a tool's combinations is the one that menus show.
@@ -99,6 +100,9 @@ struct Shortcut {
 };
 
 enum class KeyUsed : bool { No = false, Yes = true };
+
+/// Where a key leads the keyboard: into the menu bar, or on to the next or the previous part of the window.
+enum class BarStep { MenuBar, Next, Previous };
 
 /// The main window's one command bar: tools, and the bands that list them. Every click on a tool, wherever it is
 /// shown, reaches `Click`. Its view mirrors it and decides nothing.
@@ -146,9 +150,11 @@ public:
     /// Has the view lay the toolbars out anew, now.
     void RecalcLayout();
 
-    /// Clicks the tool whose combination it is, or gives a box the keyboard; a disabled tool does not use the key.
+    /// Clicks the tool whose combination it is, gives a box the keyboard, or opens the menu of a tool that does nothing
+    /// else; a disabled tool does not use the key. F10 and F6 lead the keyboard about the window.
     KeyUsed KeyDown(KeyStroke key);
-    /// The bar uses a key's way up when it has used its way down, whatever else is held by then.
+    /// The bar uses a key's way up when it has used its way down, whatever else is held by then. Alt that goes up and
+    /// was pressed alone (`Keys::kAltAlone`) leads to the menu bar.
     KeyUsed KeyUp(KeyStroke key);
     /// A view tells which box's text the user is changing, or none: Escape is for that box then, not for a command.
     void SetEdited(const ComboTool* box);
@@ -184,6 +190,8 @@ public:
         std::function<void()> BandsChanged{}; ///< a band came or went
         std::function<void(Band&)> Popup{};
         std::function<void(Band&, Tool&)> FocusTool{};
+        std::function<void(Tool&)> OpenMenu{}; ///< of a tool that drops one down
+        std::function<void(BarStep)> Step{};
         std::function<void()> RecalcLayout{};
     };
     void Attach(View view);
@@ -191,6 +199,8 @@ public:
 private:
     void Keep(std::shared_ptr<Tool> tool);
     [[nodiscard]] Tool* ToolFor(KeyStroke key) const;
+    [[nodiscard]] KeyUsed StepBy(KeyStroke key) const;
+    void RunByKey(Tool& tool);
     void TellOf(BandKind kind) const;
 
     std::vector<std::shared_ptr<Tool>> m_tools;

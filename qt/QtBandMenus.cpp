@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <algorithm>
+#include <utility>
 
 QtBandMenus::~QtBandMenus() {
     for (const auto& [band, menu] : m_menus) delete menu;
@@ -19,6 +20,7 @@ QtBandMenus::~QtBandMenus() {
 namespace {
 
 constexpr qsizetype kManyEntries = 500;
+constexpr int kNearPointer = 8; // it may have moved a little since the button went down
 
 // Laying out a menu of thousands of entries takes long, so one that is still right is not filled again.
 bool Holds(const QMenu& menu, const std::vector<QAction*>& wanted) {
@@ -87,7 +89,11 @@ void QtBandMenus::Popup(Band& band) {
     QMenu* menu = For(band.Name());
     // One that pops up over another menu ends that too, whatever is chosen.
     m_entryPopup = qobject_cast<QMenu*>(QApplication::activePopupWidget()) ? menu : nullptr;
-    menu->popup(m_entryPopup ? m_at : QCursor::pos());
+    const QPoint pointer = QCursor::pos(), at = std::exchange(m_next, std::nullopt).value_or(pointer);
+    menu->popup(m_entryPopup ? m_at : at);
+    // Away from the pointer it was the keyboard that asked, and that goes on in it.
+    const bool byKeyboard = !m_entryPopup && (at - pointer).manhattanLength() > kNearPointer;
+    if (byKeyboard && !menu->isEmpty()) menu->setActiveAction(menu->actions().constFirst());
 }
 
 bool QtBandMenus::IsBehindEntryPopup(const QMenu& menu) const {

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QProxyStyle>
 #include <functional>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -29,6 +30,8 @@ public:
     QMenu* For(const Text& band);
     /// Shows a band at the pointer; over an open menu at the entry that `EntryPopup` was called for.
     void Popup(Band& band);
+    /// Where on the screen a menu pops up rather than at the pointer, for the keyboard may have asked for it.
+    void PlaceNext(std::optional<QPoint> at) { m_next = at; }
 
     /// The user asks what can be done with an entry of an open menu; false where there is nothing.
     std::function<bool(const Tool&)> EntryPopup;
@@ -68,4 +71,5 @@ private:
     std::unordered_map<Text, QPointer<QMenu>> m_menus; ///< by the band's name
     QPointer<QMenu> m_entryPopup;                      ///< the menu that was opened over others
     QPoint m_at;                                       ///< where on the screen it opens
+    std::optional<QPoint> m_next;
 };

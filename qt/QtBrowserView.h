@@ -89,6 +89,7 @@ private:
     void MakeWidget();
     void MakeQuestions();
     void MakeLife();
+    void AskForMenu(QPoint at);
     void Release();
     void ConnectLoading();
     void ConnectPage();

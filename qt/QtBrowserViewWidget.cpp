@@ -117,10 +117,17 @@ void QtBrowserView::MakeWidget() {
     // Queued: the engine is in the middle of telling what lies there.
     connect(
         m_widget, &QWidget::customContextMenuRequested, this,
-        [this] {
-            if (m_widget) m_events.ContextMenu(m_index, QtPageTools::ContextOf(*m_widget));
+        [this](QPoint at) {
+            if (m_widget) AskForMenu(at);
         },
         Qt::QueuedConnection);
+}
+
+void QtBrowserView::AskForMenu(QPoint at) {
+    const auto& place = m_engine.MenuPlace;
+    if (place) place(m_widget->mapToGlobal(at));
+    m_events.ContextMenu(m_index, QtPageTools::ContextOf(*m_widget));
+    if (place) place(std::nullopt);
 }
 
 void QtBrowserView::Release() {

@@ -16,7 +16,8 @@ QtCommandBar::QtCommandBar(CommandBar& bar, QMainWindow& window)
       m_actions(bar),
       m_menus(bar, m_actions, window),
       m_toolBars(bar, window, m_actions, m_menus),
-      m_docking(bar, window, m_toolBars) {
+      m_docking(bar, window, m_toolBars),
+      m_ring(window, m_toolBars) {
     m_bar.Attach(View());
     Follow();
     m_window.installEventFilter(this);
@@ -35,8 +36,26 @@ QtCommandBar::~QtCommandBar() {
 CommandBar::View QtCommandBar::View() {
     return {.BandsChanged = [this] { Follow(); },
             .Popup = [this](Band& band) { m_menus.Popup(band); },
-            .FocusTool = [this](Band& band, Tool& tool) { m_toolBars.FocusTool(band, tool); },
+            .FocusTool =
+                [this](Band& band, Tool& tool) {
+                    ShowBars();
+                    m_toolBars.FocusTool(band, tool);
+                },
+            .OpenMenu =
+                [this](Tool& tool) {
+                    ShowBars();
+                    m_toolBars.OpenMenu(tool);
+                },
+            .Step =
+                [this](BarStep step) {
+                    ShowBars();
+                    m_ring.Step(step);
+                },
             .RecalcLayout = [this] { m_docking.Flush(); }};
+}
+
+void QtCommandBar::ShowBars() const {
+    if (Reveal) Reveal();
 }
 
 void QtCommandBar::Follow() {

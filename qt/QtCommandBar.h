@@ -2,6 +2,7 @@
 #include "common/CommandBar.h"
 #include "qt/QtBandMenus.h"
 #include "qt/QtDocking.h"
+#include "qt/QtFocusRing.h"
 #include "qt/QtToolActions.h"
 #include "qt/QtToolBars.h"
 
@@ -24,6 +25,10 @@ public:
     [[nodiscard]] QtComboBox* Box(TextView tool) const { return m_toolBars.Box(tool); }
     /// The menus that drop down from the bar's tools.
     [[nodiscard]] QtBandMenus& Menus() { return m_menus; }
+    /// The keyboard's way round the window.
+    [[nodiscard]] QtFocusRing& Ring() { return m_ring; }
+    /// The bars are to be in sight, for one of them is to have the keyboard. Filled in by the owner; may be empty.
+    std::function<void()> Reveal;
     /// The toolbar of a band; nothing for any other band.
     [[nodiscard]] QToolBar* ToolBar(TextView band) const;
 
@@ -33,6 +38,7 @@ protected:
 private:
     [[nodiscard]] CommandBar::View View();
     void Follow();
+    void ShowBars() const;
     void ShowMenuBar(Band& band);
     void FillMenuBar(const Band& band);
     void ShowIcons();
@@ -44,4 +50,5 @@ private:
     QtBandMenus m_menus;
     QtToolBars m_toolBars;
     QtDocking m_docking;
+    QtFocusRing m_ring;
 };

@@ -19,6 +19,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QWebEnginePage;
@@ -70,6 +71,9 @@ public:
     [[nodiscard]] QStringList Captures() const;
     /// Loads these pages again, which ends it.
     void StopCaptures();
+    /// A page's menu is being asked for at a point of the screen: at the pointer, or at what has the keyboard in the
+    /// page. Nothing when that is over.
+    std::function<void(std::optional<QPoint>)> MenuPlace;
     /// For the menus of pages, see `QtPageTools`.
     std::function<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
     std::function<void(QtPage&)> ShowInspector;

@@ -1,6 +1,7 @@
 #pragma once
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <vector>
 
@@ -9,6 +10,8 @@ class QMainWindow;
 class QWidget;
 
 /// Full screen for a window: takes its menu bar and toolbars away while it lasts and says for a moment how to leave.
+/// The bars come back for as long as the keyboard or the pointer is on them, or a menu is open; a pointer that rests at
+/// an edge where bars were calls them.
 class QtFullScreen final : public QObject {
 public:
     /// `hintArea` is where the hint appears, inside the window. Both outlive it.
@@ -16,6 +19,10 @@ public:
 
     [[nodiscard]] bool On() const { return m_on; }
     void Set(bool on);
+    /// Shows the bars that full screen has taken away; somebody is about to give one of them the keyboard.
+    void Reveal();
+    /// A page fills the window: nothing calls the bars then. Filled in by the owner; may be empty.
+    std::function<bool()> PageFills;
 
     /// The window entered or left full screen, by `Set` or by the desktop. Filled in by the owner.
     std::function<void(bool on)> Changed;
@@ -29,10 +36,16 @@ private:
     void ShowBars();
     void ShowHint();
     void PlaceHint();
+    void WatchPointer();
+    void Look();
+    [[nodiscard]] bool AtEdge(QPoint at) const;
+    [[nodiscard]] bool BarsInUse() const;
 
     QMainWindow& m_window;
     QWidget& m_hintArea;
     std::vector<QPointer<QWidget>> m_hidden; ///< bars that were on the screen before
     QPointer<QLabel> m_hint;
+    QTimer m_look;           ///< whether the pointer still rests at the edge, or the bars are still used
+    bool m_revealed = false; ///< the hidden bars are on the screen for a while
     bool m_on = false;
 };

@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -63,10 +64,31 @@ bool QtKeys::IsFor(const QObject* watched) const {
     return widget == (focus ? focus : &m_window);
 }
 
+// Alt with a button or the wheel is a combination too, and so is one that takes the window away.
+void QtKeys::FollowAlt(const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+    case QEvent::WindowDeactivate:
+        m_altAlone = false;
+        break;
+    default:
+        break;
+    }
+}
+
+KeyStroke QtKeys::Told(const QKeyEvent& event, bool down) {
+    const bool alt = event.key() == Qt::Key_Alt;
+    if (down) m_altAlone = alt && (event.modifiers() & ~Qt::AltModifier) == Qt::NoModifier;
+    if (alt && !down && std::exchange(m_altAlone, false)) return {Keys::kAltAlone, 0};
+    return Of(event);
+}
+
 bool QtKeys::eventFilter(QObject* watched, QEvent* event) {
+    FollowAlt(*event);
     const bool down = event->type() == QEvent::KeyPress;
     if ((!down && event->type() != QEvent::KeyRelease) || !IsFor(watched)) return false;
-    const KeyStroke key = Of(*static_cast<QKeyEvent*>(event));
+    const KeyStroke key = Told(*static_cast<QKeyEvent*>(event), down);
     const auto& handler = down ? Down : Up;
     if (key.KeyCode == 0 || !handler) return false;
     const QWidget* const focused = QApplication::focusWidget();

@@ -9,7 +9,8 @@ class QKeyEvent;
 class QWidget;
 
 /// Shows every key that is meant for a window or anything in it to the program first, before the page or the box that
-/// has the keyboard. A key that the program has used goes no further.
+/// has the keyboard. A key that the program has used goes no further. Alt is told of when it goes up again and nothing
+/// else was pressed meanwhile.
 class QtKeys final : public QObject {
     Q_OBJECT
 
@@ -30,6 +31,9 @@ protected:
 
 private:
     [[nodiscard]] bool IsFor(const QObject* watched) const;
+    void FollowAlt(const QEvent& event);
+    [[nodiscard]] KeyStroke Told(const QKeyEvent& event, bool down);
 
     QWidget& m_window;
+    bool m_altAlone = false; ///< it is down, and nothing else was pressed since
 };

@@ -45,6 +45,10 @@ public:
     /// Takes the widget in. The caller goes on owning it and may delete it.
     void SetTabStrip(QtTabStrip& strip);
     void SetStatusBar(QtStatusBar& bar);
+    /// Shows the bars that full screen has taken away, for as long as they are used.
+    void RevealBars() { m_fullScreen.Reveal(); }
+    /// Whether a page fills the screen, which wants no bars over it. Filled in by the owner.
+    void SetPageFills(std::function<bool()> fills) { m_fullScreen.PageFills = std::move(fills); }
     /// The parent of the page views; their places are relative to it.
     [[nodiscard]] QWidget* PageArea() const { return m_inner; }
 
@@ -63,18 +67,18 @@ protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void Activate();
-    void resizeEvent(QResizeEvent* event) override;
     void RaiseAndActivate();
+    void SettlePlace();
     void OnInnerResized();
     void LayStatusBar();
+    [[nodiscard]] int StatusHeight() const;
     void LayTabStrip();
     [[nodiscard]] QSize InnerSize() const;
-    [[nodiscard]] int StatusHeight() const;
-    void SettlePlace();
 
     QWidget* m_inner;
     QtFullScreen m_fullScreen;

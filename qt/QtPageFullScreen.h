@@ -19,6 +19,7 @@ public:
     void Enter(QWebEngineView& view, const QString& who);
     /// The page has left, or is to be hidden: the view goes back to where it was. Nothing for another view.
     void Leave(QWebEngineView* view);
+    [[nodiscard]] bool On() const { return !m_view.isNull(); }
     [[nodiscard]] bool Has(const QWebEngineView* view) const { return view && m_view == view; }
 
 protected:

@@ -36,6 +36,7 @@ QtProgram::QtProgram(int& argc, char** argv) {
     QtIcons::ChooseTheme(QApplication::palette());
     QApplication::setQuitOnLastWindowClosed(false);
     WireWindow();
+    WireKeys();
     WireEngine();
     WireSession();
     WireSleep();
@@ -94,9 +95,6 @@ void QtProgram::WireWindow() {
     };
     main.Layout.Say = [this](TextView message) { m->statusBar.Complain(ToQt(message)); };
     m->customize.Closed = [&main] { main.Layout.Save(); };
-    m->keys.Down = [&main](KeyStroke key) { return main.Form_KeyDown(key); };
-    m->typing.OverPage = [&main] { MainKeyboard::Form_Type(main); };
-    m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
     m->settings.SetReport([this](const Text& message) { m->statusBar.Complain(ToQt(message)); });
     auto& menus = m->commandBar.Menus();
     menus.EntryPopup = [&main](const Tool& tool) { return main.Menus.EntryPopup(tool); };

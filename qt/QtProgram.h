@@ -21,13 +21,14 @@ public:
 private:
     struct Parts;
     void WireWindow();
+    void WireKeys();
     void WireEngine();
     void WirePages();
     void WireStartPage();
     void WireStrip();
     void ListTabs(QPoint corner);
-    void WireSession();
     [[nodiscard]] std::vector<QtTabListEntry> TabLines() const;
+    void WireSession();
     void WireSleep();
 
     std::unique_ptr<Parts> m;

@@ -27,6 +27,7 @@ void QtProgram::WirePages() {
     m->mediaKeys.Page = [this] { return m->engine.MediaPage(); };
     m->engine.FullScreen().WindowIsFull = [this] { return m->window.FullScreen(); };
     m->engine.FullScreen().SetWindowFull = [this](bool on) { m->window.SetFullScreen(on); };
+    m->engine.MenuPlace = [this](std::optional<QPoint> at) { m->commandBar.Menus().PlaceNext(at); };
     m->engine.ShowInspector = [this](QtPage& page) { m->devTools.Show(page); };
     m->downloads.List = &m->main.Downloads;
     m->downloads.Documents = &m->engine.Output().Documents();

@@ -9,7 +9,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 #include <algorithm>
 #include <utility>
 
@@ -55,14 +54,14 @@ QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent, QtAnswer
     m_row->addWidget(m_words, 1);
     m_row->addWidget(m_choices);
     m_row->addWidget(m_remember);
-    auto* reach = new QShortcut(QKeySequence(Qt::Key_F6), this);
-    connect(reach, &QShortcut::activated, this, [this] {
-        if (m_buttons.empty()) return;
-        QWidget* first = m_choices->isHidden() ? static_cast<QWidget*>(m_buttons.front()) : m_choices;
-        first->setFocus(Qt::ShortcutFocusReason);
-    });
     m_guard = new QtAnswerGuard(*this, std::move(clock));
     hide();
+}
+
+void QtQuestionBar::TakeFocus() {
+    if (m_buttons.empty()) return;
+    QWidget* first = m_choices->isHidden() ? static_cast<QWidget*>(m_buttons.front()) : m_choices;
+    first->setFocus(Qt::ShortcutFocusReason);
 }
 
 void QtQuestionBar::ShowCurrent() {

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] bool Asks() const { return m_questions.Current() != nullptr; }
     /// How high the bar is at that width.
     [[nodiscard]] int HeightFor(int width) const;
+    /// Takes the keyboard for the answers, if there are any.
+    void TakeFocus();
     /// Gives the keyboard back to the page. Filled in by the owner.
     std::function<void()> FocusPage;
 

@@ -20,7 +20,7 @@ namespace {
 constexpr int kGuessedEdge = 4;
 constexpr int kGuessedTitle = 28;
 
-int AreaOf(const QRect& rect) { return rect.isEmpty() ? 0 : rect.width() * rect.height(); }
+int PixelsIn(const QRect& rect) { return rect.isEmpty() ? 0 : rect.width() * rect.height(); }
 
 /// The buttons at the lower end of a dialog, which have to stay in sight.
 QDialogButtonBox* TakeButtons(QLayout& layout) {
@@ -49,7 +49,7 @@ QRect QtScreenFit::FreeAround(const QRect& frame) {
     const QScreen* best = QGuiApplication::primaryScreen();
     int most = 0;
     for (const QScreen* screen : QGuiApplication::screens()) {
-        const int area = AreaOf(screen->geometry() & frame);
+        const int area = PixelsIn(screen->geometry() & frame);
         if (area <= most) continue;
         most = area;
         best = screen;

@@ -86,7 +86,11 @@ void QtStatusBar::resizeEvent(QResizeEvent* event) {
 // A line parts it from the page, which may have the same ground.
 void QtStatusBar::paintEvent(QPaintEvent* event) {
     QStatusBar::paintEvent(event);
-    QPainter(this).fillRect(0, 0, width(), 1, palette().color(QPalette::Mid));
+    QPainter painter(this);
+    painter.fillRect(0, 0, width(), 1, palette().color(QPalette::Mid));
+    if (!hasFocus()) return;
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 // Over the end of the text, because a widget of the bar's own layout would make it higher.

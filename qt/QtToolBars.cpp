@@ -166,3 +166,27 @@ void QtToolBars::FocusTool(const Band& band, const Tool& tool) {
     box->setFocus(Qt::ShortcutFocusReason);
     box->lineEdit()->selectAll();
 }
+
+std::vector<QToolBar*> QtToolBars::InOrder() const {
+    std::vector<QToolBar*> bars;
+    for (const auto& [name, bar] : m_toolBars) {
+        if (bar->isVisible() && !bar->isFloating()) bars.push_back(bar);
+    }
+    std::ranges::sort(bars, {}, [](const QToolBar* bar) { return std::pair(bar->y(), bar->x()); });
+    return bars;
+}
+
+void QtToolBars::OpenMenu(const Tool& tool) {
+    QMenu* menu = m_menus.For(tool.SubBand);
+    QPoint corner = m_window.mapToGlobal(QPoint(m_window.width() - menu->sizeHint().width(), 0));
+    for (const QToolBar* bar : InOrder()) {
+        for (auto* button : bar->findChildren<QToolButton*>()) {
+            const QAction* action = button->defaultAction();
+            const bool opens = button->isVisible() && action && action->menu() == menu;
+            if (opens) corner = button->mapToGlobal(button->rect().bottomLeft());
+        }
+    }
+    menu->popup(corner);
+    // The keyboard has opened it, and goes on in it.
+    if (!menu->actions().isEmpty()) menu->setActiveAction(menu->actions().constFirst());
+}

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QProxyStyle>
 #include <map>
+#include <vector>
 
 class QLabel;
 class QToolBar;
@@ -28,6 +29,10 @@ public:
     [[nodiscard]] QtComboBox* Box(TextView tool) const { return m_boxes.Find(tool); }
     /// Gives the keyboard to a tool, which selects a box's text.
     void FocusTool(const Band& band, const Tool& tool);
+    /// Drops down the menu of a tool, from its button or, where that is not in sight, from the end of the toolbars.
+    void OpenMenu(const Tool& tool);
+    /// The toolbars that are in sight, docked ones, from the top to the bottom and from the left to the right.
+    [[nodiscard]] std::vector<QToolBar*> InOrder() const;
 
 private:
     /// The desktop's style without animations: to Qt 6.11 a toolbar that is dropped on a side floats until the

@@ -2,7 +2,9 @@
 
 #include "commands/CommandTable.h"
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -235,6 +237,29 @@ TEST_F(DesignTimeBarTest, EveryBandHasItsCaptionAndItsToolsInOrder) {
                                 u"bndFavoriteLink", u"bndGroupEntry", u"bndNewTab"})
         own += bar.FindBand(ours) ? 1 : 0;
     EXPECT_EQ(bar.Bands().size(), designed + own);
+}
+
+TEST_F(DesignTimeBarTest, AnAccessKeyOfOursIsThatOfNoOtherEntryOfItsMenu) {
+    for (const auto& band : bar.Bands()) {
+        std::map<char, std::vector<std::string>> byKey;
+        for (const BandEntry& entry : band->Entries()) {
+            const std::string caption = ToUtf8(entry.Item->Caption());
+            const std::size_t mark = caption.find('&');
+            if (band->Kind() == BandKind::Toolbar || mark == std::string::npos) continue;
+            byKey[static_cast<char>(std::tolower(caption.at(mark + 1)))].push_back(ToUtf8(entry.Item->Name()));
+        }
+        for (const auto& [key, names] : byKey) {
+            const bool ours = std::ranges::any_of(names, [](const auto& name) { return name.starts_with("xtr"); });
+            EXPECT_TRUE(!ours || names.size() == 1) << ToUtf8(band->Name()) << " " << key << " " << names.front();
+        }
+    }
+}
+
+TEST_F(DesignTimeBarTest, TheKeyOfMoreIsNoAccessKeyOfTheMenuBarOrOfABox) {
+    for (const TextView band : {u"bndMenu", u"bndAddress", u"bndSearch"}) {
+        for (const BandEntry& entry : bar.FindBand(band)->Entries())
+            EXPECT_EQ(entry.Item->Caption().find(u"&M"), Text::npos) << ToUtf8(entry.Item->Name());
+    }
 }
 
 TEST_F(DesignTimeBarTest, EveryToolHasItsCaptionAndDescription) {

@@ -3,6 +3,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+#include <cctype>
+
 namespace {
 
 /// A user who asks for the menu of a page.
@@ -28,6 +30,19 @@ protected:
         return all;
     }
     [[nodiscard]] std::string Caption(TextView tool) const { return ToUtf8(desk.main.actBar.Find(tool)->Caption()); }
+    /// The access keys of our own entries that another one of them has as well.
+    [[nodiscard]] std::string KeysTwice() const {
+        std::string seen, twice;
+        for (const BandEntry& entry : desk.main.actBar.FindBand(PageMenu::kBand)->Entries()) {
+            const std::string caption = ToUtf8(entry.Item->Caption());
+            const std::size_t mark = caption.find('&');
+            if (mark == std::string::npos || !ToUtf8(entry.Item->Name()).starts_with("xtr")) continue;
+            const char key = static_cast<char>(std::tolower(caption.at(mark + 1)));
+            if (seen.find(key) != std::string::npos) twice += key;
+            seen += key;
+        }
+        return twice;
+    }
     static PageContext Link(TextView address) {
         PageContext page;
         page.LinkURL = address;
@@ -56,6 +71,24 @@ TEST_F(PageMenuTest, OfALinkOpensItWhereTheSettingSays) {
     desk.Click(u"xtrLinkOpen");
     EXPECT_EQ(desk.Strip(), "[1*] 2");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go https://b.example/");
+}
+
+TEST_F(PageMenuTest, NoTwoOfOurEntriesHaveOneAccessKey) {
+    for (const PageContext::Kind media :
+         {PageContext::Kind::None, PageContext::Kind::Image, PageContext::Kind::Audio, PageContext::Kind::Video}) {
+        for (const int state : {0, 1, 2, 3, 4, 5, 6, 7}) {
+            PageContext page = Link(u"https://b.example/");
+            page.Media = media;
+            page.MediaURL = u"https://b.example/film";
+            page.SelectedText = u"words";
+            page.CanUndo = page.CanRedo = page.CanCut = page.CanCopy = page.CanPaste = true;
+            page.Editable = state & 1;
+            page.MediaPaused = state & 2;
+            desk.main.OpenNewInFront = state & 4;
+            Ask(page);
+            EXPECT_EQ(KeysTwice(), "") << static_cast<int>(media) << " " << state;
+        }
+    }
 }
 
 TEST_F(PageMenuTest, OfALinkOpensItTheOtherWayToo) {
@@ -161,7 +194,7 @@ TEST_F(PageMenuTest, OfAFilmPlaysItAndTellsHowItStands) {
     page.MediaPaused = page.MediaLoops = true;
     EXPECT_EQ(Ask(page), "xtrMediaPlay xtrMediaMute xtrMediaLoop xtrMediaControls | xtrMediaSave xtrMediaCopyAddress | "
                          "xtrInspect");
-    EXPECT_EQ(Caption(u"xtrMediaPlay"), "&Play");
+    EXPECT_EQ(Caption(u"xtrMediaPlay"), "Pla&y");
     EXPECT_TRUE(desk.main.actBar.Find(u"xtrMediaLoop")->Checked());
     EXPECT_FALSE(desk.main.actBar.Find(u"xtrMediaMute")->Checked());
     for (const TextView tool : {u"xtrMediaPlay", u"xtrMediaMute", u"xtrMediaLoop", u"xtrMediaControls"})

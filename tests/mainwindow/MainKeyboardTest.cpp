@@ -10,11 +10,16 @@ protected:
             {.BandsChanged = {},
              .Popup = {},
              .FocusTool = [this](Band& band, Tool& tool) { focused = ToUtf8(band.Name()) + "." + ToUtf8(tool.Name()); },
+             .OpenMenu = [this](Tool& tool) { opened += ToUtf8(tool.Name()) + ";"; },
+             .Step =
+                 [this](BarStep step) {
+                     steps += step == BarStep::MenuBar ? "menu;" : step == BarStep::Next ? "next;" : "previous;";
+                 },
              .RecalcLayout = {}});
     }
 
     Desk desk;
-    std::string focused;
+    std::string focused, opened, steps;
 };
 
 TEST_F(MainKeyboardTest, WhatIsTypedOverABlankPageIsForTheAddressBox) {
@@ -87,6 +92,36 @@ TEST_F(MainKeyboardTest, TheBoxesHaveCombinationsOfTheirOwn) {
     EXPECT_EQ(focused, "bndAddress.cboAddress");
     EXPECT_EQ(desk.main.Form_KeyDown({'K', Keys::kCtrl}), KeyUsed::Yes);
     EXPECT_EQ(focused, "bndSearch.cboSearch");
+}
+
+TEST_F(MainKeyboardTest, F6GoesRoundTheWindowAndF10AndAltAloneToTheMenuBar) {
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, 0}), KeyUsed::Yes);
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, Keys::kShift}), KeyUsed::Yes);
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF10, 0}), KeyUsed::Yes);
+    EXPECT_EQ(desk.main.Form_KeyUp({Keys::kF10, 0}), KeyUsed::Yes);
+    EXPECT_EQ(desk.main.Form_KeyUp({Keys::kAltAlone, 0}), KeyUsed::Yes);
+    EXPECT_EQ(steps, "next;previous;menu;menu;");
+    steps.clear();
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF10, Keys::kShift}), KeyUsed::No) << "is for the page's own menu";
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, Keys::kCtrl}), KeyUsed::No);
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, Keys::kAlt}), KeyUsed::No);
+    EXPECT_EQ(steps, "");
+    EXPECT_EQ(desk.Strip(), "[1*] 2 3");
+}
+
+TEST_F(MainKeyboardTest, WithoutAViewNoKeyLeadsAnywhere) {
+    desk.main.actBar.Attach({});
+    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, 0}), KeyUsed::No);
+    EXPECT_EQ(desk.main.Form_KeyUp({Keys::kAltAlone, 0}), KeyUsed::No);
+    EXPECT_EQ(desk.main.Form_KeyDown({'M', Keys::kAlt}), KeyUsed::Yes);
+}
+
+TEST_F(MainKeyboardTest, AltMOpensTheMenuOfMore) {
+    EXPECT_EQ(desk.main.Form_KeyDown({'M', Keys::kAlt}), KeyUsed::Yes);
+    EXPECT_EQ(opened, "xtrMore;");
+    desk.main.actBar.SetShortcuts({{u"mnuMail", {'M', Keys::kAlt}}});
+    desk.main.Form_KeyDown({'M', Keys::kAlt});
+    EXPECT_EQ(opened, "xtrMore;") << "a tool with a command of its own runs that";
 }
 
 TEST_F(MainKeyboardTest, EscapeBelongsToThePageUnlessItLoads) {

@@ -1,6 +1,7 @@
 #include "qt/QtFullScreen.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QTest>
@@ -73,6 +74,66 @@ TEST_F(QtFullScreenTest, AMaximizedWindowIsMaximizedAfterwards) {
     full.Set(false);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !full.On(); }));
     EXPECT_TRUE(m_window.isMaximized());
+}
+
+TEST_F(QtFullScreenTest, TheBarsComeWhileOneOfThemHasTheKeyboard) {
+    auto* box = new QLineEdit;
+    m_shown->addWidget(box);
+    auto* page = new QLineEdit(m_inner);
+    page->show();
+    QtFullScreen full(m_window, *m_inner);
+    full.Set(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return full.On(); }));
+    QCursor::setPos(m_window.mapToGlobal(m_window.rect().center()));
+    full.Reveal();
+    EXPECT_EQ(Bars(), "menu shown ");
+    m_window.activateWindow();
+    box->setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return box->hasFocus(); }));
+    // A turn of the look at the bars goes by, which a menu of the same kind would end.
+    page->setFocus();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Bars().empty(); }));
+    EXPECT_TRUE(full.On());
+    full.Set(false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !full.On(); }));
+    EXPECT_EQ(Bars(), "menu shown ");
+}
+
+TEST_F(QtFullScreenTest, ThePointerThatRestsAtTheEdgeCallsTheBars) {
+    QtFullScreen full(m_window, *m_inner);
+    full.Set(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return full.On() && m_window.isActiveWindow(); }));
+    const auto point = [&](QPoint at) {
+        QCursor::setPos(m_window.mapToGlobal(at));
+        QTest::mouseMove(m_inner, m_inner->mapFrom(&m_window, at));
+    };
+    const QPoint middle = m_window.rect().center(), edge(middle.x(), 0);
+    point(middle);
+    EXPECT_EQ(Bars(), "");
+    point(edge);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Bars() == "menu shown "; }));
+    point(middle);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Bars().empty(); }));
+}
+
+TEST_F(QtFullScreenTest, APageThatFillsTheWindowWantsNoBars) {
+    QtFullScreen full(m_window, *m_inner);
+    bool fills = true;
+    full.PageFills = [&] { return fills; };
+    full.Set(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return full.On(); }));
+    full.Reveal();
+    EXPECT_EQ(Bars(), "");
+    fills = false;
+    full.Reveal();
+    EXPECT_EQ(Bars(), "menu shown ");
+}
+
+TEST_F(QtFullScreenTest, WithoutFullScreenNothingIsRevealed) {
+    QtFullScreen full(m_window, *m_inner);
+    m_shown->hide();
+    full.Reveal();
+    EXPECT_EQ(Bars(), "menu ");
 }
 
 TEST_F(QtFullScreenTest, TheHintGoesByItself) {

@@ -43,7 +43,9 @@ protected:
 
     /// The program uses T, whatever is held, and no other key.
     KeyUsed Ask(const char* way, KeyStroke key) {
-        m_asked += way + std::to_string(key.Shift) + static_cast<char>(key.KeyCode) + ";";
+        const bool alt = key.KeyCode == Keys::kAltAlone;
+        m_asked +=
+            way + std::to_string(key.Shift) + (alt ? "Alt" : std::string(1, static_cast<char>(key.KeyCode))) + ";";
         return key.KeyCode == 'T' ? KeyUsed::Yes : KeyUsed::No;
     }
 
@@ -85,6 +87,35 @@ TEST_F(QtKeysTest, AKeyThatLeadsTheKeyboardElsewhereIsTypedNowhere) {
     EXPECT_EQ(m_taker->seen + other->seen, "");
     QTest::keyPress(other, Qt::Key_A, Qt::AltModifier);
     EXPECT_EQ(other->seen, "down A;");
+}
+
+TEST_F(QtKeysTest, AltIsToldOfWhenItGoesUpAgainAlone) {
+    QTest::keyPress(m_taker, Qt::Key_Alt, Qt::AltModifier);
+    EXPECT_EQ(m_asked, "") << "it may still become a combination";
+    QTest::keyRelease(m_taker, Qt::Key_Alt);
+    EXPECT_EQ(m_asked, "up 0Alt;");
+    QTest::keyRelease(m_taker, Qt::Key_Alt);
+    EXPECT_EQ(m_asked, "up 0Alt;") << "it was pressed elsewhere";
+}
+
+TEST_F(QtKeysTest, AltWithAnythingElseIsACombination) {
+    QTest::keyPress(m_taker, Qt::Key_Alt, Qt::AltModifier);
+    QTest::keyClick(m_taker, Qt::Key_A, Qt::AltModifier);
+    QTest::keyRelease(m_taker, Qt::Key_Alt);
+    EXPECT_EQ(m_asked, "down 4A;up 4A;");
+    m_asked.clear();
+    QTest::keyPress(m_taker, Qt::Key_Alt, Qt::AltModifier);
+    QTest::mouseClick(m_taker, Qt::LeftButton, Qt::AltModifier);
+    QTest::keyRelease(m_taker, Qt::Key_Alt);
+    QTest::keyPress(m_taker, Qt::Key_Shift, Qt::ShiftModifier);
+    QTest::keyPress(m_taker, Qt::Key_Alt, Qt::ShiftModifier | Qt::AltModifier);
+    QTest::keyRelease(m_taker, Qt::Key_Alt, Qt::ShiftModifier);
+    EXPECT_EQ(m_asked, "");
+    QTest::keyPress(m_taker, Qt::Key_Alt, Qt::AltModifier);
+    QEvent away(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&m_window, &away);
+    QTest::keyRelease(m_taker, Qt::Key_Alt);
+    EXPECT_EQ(m_asked, "") << "it has led to another window";
 }
 
 TEST_F(QtKeysTest, KeysOfAnotherWindowOrAnOpenMenuAreNotTheWindows) {

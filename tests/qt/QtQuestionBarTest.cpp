@@ -65,7 +65,7 @@ TEST_F(QuestionBar, LeavesTheKeyboardToThePage) {
 
 TEST_F(QuestionBar, IsAnsweredByKeyboard) {
     Ask(u"a?");
-    Press(Qt::Key_F6);
+    bar.TakeFocus();
     EXPECT_EQ(QApplication::focusWidget()->objectName(), u"cmdAnswer1");
     Later();
     Press(Qt::Key_Return);
@@ -97,7 +97,7 @@ TEST_F(QuestionBar, RemembersWhenItsBoxIsTicked) {
 TEST_F(QuestionBar, IsNotAnsweredByAKeyThatIsHeldDown) {
     Ask(u"a?");
     Ask(u"b?");
-    Press(Qt::Key_F6);
+    bar.TakeFocus();
     Press(Qt::Key_Return);
     EXPECT_TRUE(answers.isEmpty()) << "the keyboard has only just come to the question";
     Later();
@@ -133,7 +133,7 @@ TEST_F(QuestionBar, TakesNoAnswerAtOnceWhenItsTabComesBack) {
 
 TEST_F(QuestionBar, IsDismissedWithEscape) {
     Ask(u"a?");
-    Press(Qt::Key_F6);
+    bar.TakeFocus();
     Press(Qt::Key_Escape);
     EXPECT_EQ(answers.join(u' '), u"none");
     EXPECT_FALSE(bar.isVisible());
@@ -156,7 +156,7 @@ TEST_F(QuestionBar, OffersWhatThereIsToChooseWhenItIsLookedAt) {
     auto* list = bar.findChild<QComboBox*>();
     ASSERT_TRUE(list->isVisible());
     EXPECT_EQ(list->currentText(), u"Window: News");
-    Press(Qt::Key_F6);
+    bar.TakeFocus();
     EXPECT_TRUE(list->hasFocus()) << "what is chosen comes before the answer";
     choices = {{u"Screen: 1", u"Window: Mail", u"Window: News"}, 2};
     list->showPopup();
