@@ -72,6 +72,10 @@ void QtKeys::FollowAlt(const QEvent& event) {
     case QEvent::WindowDeactivate:
         m_altAlone = false;
         break;
+    // An access key is never told of as pressed: it is answered before that.
+    case QEvent::ShortcutOverride:
+        if (static_cast<const QKeyEvent&>(event).key() != Qt::Key_Alt) m_altAlone = false;
+        break;
     default:
         break;
     }

@@ -9,6 +9,7 @@ void QtProgram::WireKeys() {
         const bool leaves = key == KeyStroke{Keys::kEscape, 0} && m->commandBar.Ring().HasKeyboard();
         return leaves ? KeyUsed::No : main.Form_KeyDown(key);
     };
+    m->typing.OverPage = [&main] { MainKeyboard::Form_Type(main); };
     m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
     m->commandBar.Reveal = [this] { m->window.RevealBars(); };
     m->window.SetPageFills([this] { return m->engine.FullScreen().On(); });

@@ -118,6 +118,14 @@ TEST_F(QtKeysTest, AltWithAnythingElseIsACombination) {
     EXPECT_EQ(m_asked, "") << "it has led to another window";
 }
 
+TEST_F(QtKeysTest, AltWithAnAccessKeyIsACombinationToo) {
+    QTest::keyPress(m_taker, Qt::Key_Alt, Qt::AltModifier);
+    QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_D, Qt::AltModifier);
+    QApplication::sendEvent(m_taker, &asked);
+    QTest::keyRelease(m_taker, Qt::Key_Alt);
+    EXPECT_EQ(m_asked, "") << "a label has answered the key before it was pressed";
+}
+
 TEST_F(QtKeysTest, KeysOfAnotherWindowOrAnOpenMenuAreNotTheWindows) {
     QWidget other;
     other.show();
