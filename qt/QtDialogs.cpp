@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QRegularExpression>
 
@@ -37,6 +38,11 @@ bool QtMessageBoxes::AskOwn(const OwnQuestion& question) {
                     QMessageBox::NoButton, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(ToQt(question.Details));
+    // Its format is for the heading alone.
+    for (auto* label : box.findChildren<QLabel*>()) {
+        label->setTextFormat(Qt::PlainText);
+        label->setOpenExternalLinks(false);
+    }
     auto* keeps = box.addButton(ToQt(question.Keeps), QMessageBox::AcceptRole);
     auto* goesOn = box.addButton(ToQt(question.GoesOn), QMessageBox::DestructiveRole);
     box.setDefaultButton(keeps);

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
@@ -76,14 +77,20 @@ TEST(QtMessageBoxes, AQuestionWithItsOwnAnswersGoesOnOnlyByTheButtonForThat) {
         EXPECT_FALSE(QtMessageBoxes().AskOwn(question));
     }
     QString details;
+    bool plain = true, links = false;
     OnModal<QMessageBox> user([&](QMessageBox& box) {
         details = box.informativeText();
+        for (const auto* label : box.findChildren<QLabel*>()) {
+            plain = plain && label->textFormat() == Qt::PlainText;
+            links = links || label->openExternalLinks();
+        }
         for (auto* each : box.buttons()) {
             if (each->text() == u"&Leave") return each->click();
         }
     });
     EXPECT_TRUE(QtMessageBoxes().AskOwn(question));
     EXPECT_EQ(details, u"one\ntwo");
+    EXPECT_TRUE(plain && !links) << "a page's name is no markup";
 }
 
 TEST(QtMessageBoxes, TheQuestionIsTextUnderTheApplicationsTitle) {
