@@ -1,5 +1,7 @@
 #include "qt/QtPageDocuments.h"
 
+#include "qt/QtEngineVersions.h"
+
 #include <QFileInfo>
 #include <QWebEngineDownloadRequest>
 #include <QWebEnginePage>
@@ -18,8 +20,9 @@ void QtPageDocuments::Save(QWebEnginePage& page, const QString& path, std::funct
 // The engine has no name for such a download, and a page cannot ask for one of its own address in a way that would make
 // a difference: what comes is from the same place.
 std::optional<QtPageDocuments::Wanted> QtPageDocuments::Take(const QWebEngineDownloadRequest& request) {
-    const auto isIt = [&request](const Pending& each) {
-        if (!each.page || each.page != request.page()) return false;
+    if (m_pending.empty()) return std::nullopt;
+    const auto isIt = [&request, page = QtEngineVersions::PageOf(request)](const Pending& each) {
+        if (!each.page || each.page != page) return false;
         if (request.isSavePageDownload()) return QFileInfo(each.wanted.Path).fileName() == request.downloadFileName();
         return request.url().adjusted(QUrl::RemoveFragment) == each.address.adjusted(QUrl::RemoveFragment);
     };
