@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdint>
+#include <cstdlib>
 
 namespace {
 
@@ -45,9 +46,28 @@ TEST(QtNullGuard, AfterwardsFaultsAreWhatTheyWere) {
     EXPECT_EQ(std::signal(SIGSEGV, SIG_DFL), static_cast<void (*)(int)>(mine));
 }
 
+// The last is no address at all, and the machine tells none.
 TEST(QtNullGuardDeathTest, OtherFaultsEndTheProgram) {
+    for (const std::uintptr_t address : {std::uintptr_t{1} << 20, std::uintptr_t{0xefefefefefefefef}}) {
+        Reading reading{reinterpret_cast<const volatile Object*>(address), 1};
+        EXPECT_EXIT((void)QtNullGuard::Survives(Read, &reading), testing::KilledBySignal(SIGSEGV), "") << address;
+    }
+}
+
+TEST(QtNullGuardDeathTest, ASignalThatWasSentIsNoFault) {
+    EXPECT_EXIT((void)QtNullGuard::Survives([](void*) { std::raise(SIGSEGV); }, nullptr),
+                testing::KilledBySignal(SIGSEGV), "");
+}
+
+void EndWell(int) { std::_Exit(7); }
+
+TEST(QtNullGuardDeathTest, OtherFaultsAreForWhoeverSawThemBefore) {
     Reading reading{reinterpret_cast<const volatile Object*>(std::uintptr_t{1} << 20), 1};
-    EXPECT_EXIT((void)QtNullGuard::Survives(Read, &reading), testing::KilledBySignal(SIGSEGV), "");
+    const auto fault = [&] {
+        std::signal(SIGSEGV, EndWell);
+        (void)QtNullGuard::Survives(Read, &reading);
+    };
+    EXPECT_EXIT(fault(), testing::ExitedWithCode(7), "");
 }
 
 } // namespace
