@@ -78,6 +78,20 @@ Outcome QtBrowserView::Refresh() {
     return Outcome::Done;
 }
 
+// Of a mere reload nothing may come, and then the document stays and goes on.
+void QtBrowserView::Renew() {
+    if (!m_page) return;
+    const QUrl blank(ToQt(Address::kBlank));
+    const auto back = [this, blank](bool ok) {
+        if (ok && m_page && m_page->url() == blank) ResumeNext(GoBack());
+    };
+    connect(m_page.get(), &QWebEnginePage::loadFinished, this, back,
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    m_awaited->Ask();
+    m_page->Await(blank);
+    m_page->load(blank);
+}
+
 Outcome QtBrowserView::GoBack() {
     if (!m_page || !m_page->history()->canGoBack()) return Outcome::Failed;
     m_life->Wake();

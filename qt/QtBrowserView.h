@@ -31,6 +31,8 @@ public:
     Outcome Navigate(TextView address) override;
     Outcome Stop() override;
     Outcome Refresh() override;
+    /// Ends the document, whether or not its server has another, and loads its address anew.
+    void Renew();
     Outcome GoBack() override;
     Outcome GoForward() override;
     Outcome GoHome() override;

@@ -124,7 +124,7 @@ QStringList QtEngine::Captures() const {
 
 void QtEngine::StopCaptures() {
     for (const auto& [index, view] : std::map(m_views)) {
-        if (view->Questions() && !view->Questions()->permissions.Captures().empty()) ResumeNext(view->Refresh());
+        if (view->Questions() && !view->Questions()->permissions.Captures().empty()) view->Renew();
     }
 }
 

@@ -28,7 +28,7 @@ protected:
     bool WaitForTitle(const QString& title) {
         return WaitUntil([&] { return desk.Real().Page()->title() == title; });
     }
-    /// The page that wanted a screen knows that it gets none; newer engines say so in another word.
+    /// The page that wanted a screen or a camera knows that it gets none; newer engines say so in another word.
     bool IsRefused() {
         return WaitUntil([&] {
             const QString title = desk.Real().Page()->title();
@@ -187,6 +187,23 @@ TEST_F(EnginePermissions, AreTellingForAsLongAsAScreenMayBeSeen) {
     EXPECT_EQ(told.join(u'|'), sign) << "the document is the same";
     desk.engine.StopCaptures();
     EXPECT_TRUE(WaitUntil([&] { return told.isEmpty(); })) << told.join(u'|').toStdString();
+    EXPECT_TRUE(WaitUntil([&] { return server.requests.contains(QStringLiteral("/pushed")); })) << "it is loaded anew";
+}
+
+TEST_F(EnginePermissions, EndWhenTheyAreStoppedWhateverTheServerSays) {
+    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    Load(kShareScreen);
+    desk.ClickOn(QStringLiteral("b"));
+    ASSERT_TRUE(WaitForQuestion());
+    Questions().Answer(0, true);
+    ASSERT_TRUE(WaitForTitle(QStringLiteral("shared 1")));
+    server.Raw(QStringLiteral("/page"), "HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n");
+    const auto asked = server.requests.count(QStringLiteral("/page"));
+    desk.engine.StopCaptures();
+    EXPECT_TRUE(WaitUntil([&] { return told.isEmpty(); })) << told.join(u'|').toStdString();
+    EXPECT_TRUE(WaitUntil([&] { return server.requests.count(QStringLiteral("/page")) > asked; }));
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_EQ(desk.Real().LocationURL(), u"about:blank");
 }
 
 TEST_F(EnginePermissions, AreTellingOfAScreenNoMoreWhenItsTabHasGone) {
@@ -228,7 +245,7 @@ TEST_F(EnginePermissions, TellOfNoCameraThatTheUserRefused) {
     Load(kCapture);
     ASSERT_TRUE(WaitForQuestion());
     Questions().Answer(1, false);
-    EXPECT_TRUE(WaitForTitle(QStringLiteral("NotAllowedError"))) << desk.Real().Page()->title().toStdString();
+    EXPECT_TRUE(IsRefused()) << desk.Real().Page()->title().toStdString();
     EXPECT_TRUE(told.isEmpty());
 }
 
