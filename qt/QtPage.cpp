@@ -80,10 +80,7 @@ QString QtPage::SiteOf(const QUrl& url) {
     return url.host().isEmpty() ? QString() : url.scheme() + QStringLiteral("://") + HostAndPort(url);
 }
 
-QUrl QtPage::ShownAddress() const {
-    const QWebEngineHistoryItem shown = history()->currentItem();
-    return shown.isValid() ? shown.url() : url();
-}
+QUrl QtPage::ShownAddress() const { return m_shown.isEmpty() ? url() : m_shown; }
 
 bool QtPage::IsOwnOrigin(const QUrl& origin) const {
     const QUrl shown = ShownAddress();
@@ -185,6 +182,12 @@ void QtPage::OnInputReport(const QString& report) {
 void QtPage::OnAddress(const QUrl& address) {
     if (history()->count() == 0 && Awaits(address)) return;
     if (m_loading || !Awaits(address)) m_awaited.clear();
+    NoteShown();
+}
+
+// Not from the history, whose current entry may be one on the way.
+void QtPage::NoteShown() {
+    if (m_awaited.isEmpty() && !url().isEmpty()) m_shown = url();
 }
 
 void QtPage::Await(const QUrl& url) {
@@ -196,6 +199,8 @@ void QtPage::Await(const QUrl& url) {
 void QtPage::OnLoading(const QWebEngineLoadingInfo& info) {
     m_loading = info.status() == QWebEngineLoadingInfo::LoadStartedStatus;
     if (!m_loading && Awaits(info.url())) m_awaited.clear();
+    // Where scripts are switched off, no document tells of itself.
+    if (!m_loading) NoteShown();
 }
 
 // The engine has no signal for a document that comes from the address shown. Of one from another address it has told
@@ -205,6 +210,7 @@ void QtPage::OnDocument(const QUrl& address) {
     const bool isError = address.scheme() == u"chrome-error";
     if (m_awaited.isEmpty() || (!isError && withoutUser(address) != withoutUser(m_awaited))) return;
     m_awaited.clear();
+    NoteShown();
     Q_EMIT DocumentShown();
 }
 

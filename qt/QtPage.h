@@ -107,6 +107,7 @@ private:
     void OnAddress(const QUrl& address);
     void OnLoading(const QWebEngineLoadingInfo& info);
     void OnDocument(const QUrl& address);
+    void NoteShown();
     PageDialogAnswer Ask(const PageDialogRequest& request);
 
     [[nodiscard]] bool AcceptOwn(const QUrl& url, NavigationType type, bool isMainFrame);
@@ -122,5 +123,6 @@ private:
     bool m_loading = false;
     bool m_redirects = false;
     QTimer m_mayCopy; ///< runs for as long as the page may put something on the clipboard
+    QUrl m_shown;     ///< of the document that came last
     QUrl m_awaited;   ///< of the top-level navigation whose document has not come, nor has it ended
 };

@@ -32,6 +32,11 @@ protected:
         return server.Address(QStringLiteral("/page")) + QStringLiteral(": computer");
     }
     [[nodiscard]] QString BankAwaited() const { return bank + QStringLiteral(": chronometer"); }
+    /// The engine may tell the title before what the sign is made of.
+    void ShowPage() {
+        Show(QStringLiteral("/page"), u"Page");
+        ASSERT_TRUE(WaitUntil([this] { return Shown() == PageShown(); })) << Shown().toStdString();
+    }
     /// The other host is asked for its page, which it never gives.
     void AwaitBank() {
         ASSERT_TRUE(WaitUntil([&] { return other.requests.contains(QStringLiteral("/bank")); }));
@@ -47,9 +52,21 @@ protected:
     QString bank;
 };
 
+TEST_F(AddressTrustOnPages, OnTheWayBackThePageIsStillTheOneThatIsShown) {
+    other.Raw(QStringLiteral("/bank"), "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nCache-Control: no-store\r\n"
+                                       "Connection: close\r\nContent-Length: 24\r\n\r\n<title>Bank</title>words");
+    ResumeNext(Front().Navigate(FromQt(bank)));
+    ASSERT_TRUE(WaitUntil([&] { return Front().LocationName() == u"Bank" && !Front().Busy(); }));
+    ShowPage();
+    other.requests.clear();
+    other.Stall(QStringLiteral("/bank"));
+    Script(QStringLiteral("setTimeout(() => history.back()); 1"));
+    AwaitBank();
+    EXPECT_EQ(Front().Page()->ShownAddress(), QUrl(server.Address(QStringLiteral("/page"))));
+}
+
 TEST_F(AddressTrustOnPages, WhereAPageSaysItGoesHasNoSignOfThePage) {
-    Show(QStringLiteral("/page"), u"Page");
-    EXPECT_EQ(Shown(), PageShown());
+    ShowPage();
     Script(QStringLiteral("setTimeout(() => location = '%1'); 1").arg(bank));
     AwaitBank();
     EXPECT_EQ(Shown(), BankAwaited());
@@ -61,7 +78,7 @@ TEST_F(AddressTrustOnPages, WhereAPageSaysItGoesHasNoSignOfThePage) {
 }
 
 TEST_F(AddressTrustOnPages, WhatTheUserAsksForHasNoneEitherAndStays) {
-    Show(QStringLiteral("/page"), u"Page");
+    ShowPage();
     ResumeNext(Front().Navigate(FromQt(bank)));
     AwaitBank();
     EXPECT_EQ(Shown(), BankAwaited());
@@ -86,7 +103,7 @@ TEST_F(AddressTrustOnPages, APageThatIsStillLoadingIsNotTakenForTheOneThatIsAske
 }
 
 TEST_F(AddressTrustOnPages, AWindowThatAPageOpensIsNotCalledByATargetThatNeverComes) {
-    Show(QStringLiteral("/page"), u"Page");
+    ShowPage();
     // As a click would, with the leave to open windows.
     Front().Page()->settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, true);
     Script(QStringLiteral("document.body.onclick = () => open('%1'); 1").arg(bank));
@@ -102,7 +119,7 @@ TEST_F(AddressTrustOnPages, AWindowThatAPageOpensIsNotCalledByATargetThatNeverCo
 
 TEST_F(AddressTrustOnPages, AWindowIsDrawnThatIsFilledBeforeAnythingHasCome) {
     for (const QString& address : {QString(), bank}) {
-        Show(QStringLiteral("/page"), u"Page");
+        ShowPage();
         Front().Page()->settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, true);
         Script(QStringLiteral("document.body.onclick = () => window.open('%1').document.write("
                               "'<title>Filled</title><body bgcolor=red>words'); 1")
@@ -120,7 +137,7 @@ TEST_F(AddressTrustOnPages, AWindowIsDrawnThatIsFilledBeforeAnythingHasCome) {
 }
 
 TEST_F(AddressTrustOnPages, AnErrorPageNeverHasASign) {
-    Show(QStringLiteral("/page"), u"Page");
+    ShowPage();
     std::vector<std::string> signs;
     Box().Sign.Mirror = [&](const BoxSign& sign) {
         if (sign.Of.starts_with(u"https:")) signs.push_back(ToUtf8(sign.Image.Name));
@@ -135,11 +152,10 @@ TEST_F(AddressTrustOnPages, AnErrorPageNeverHasASign) {
     for (const QString& address : {gone, Unreachable(QStringLiteral("https"), QStringLiteral("/a#b"))}) {
         ResumeNext(Front().Navigate(FromQt(address)));
         fails(address);
-        Show(QStringLiteral("/page"), u"Page");
-        EXPECT_EQ(Shown(), PageShown());
+        ShowPage();
         Front().Page()->runJavaScript(QStringLiteral("location = '%1'").arg(address));
         fails(address);
-        Show(QStringLiteral("/page"), u"Page");
+        ShowPage();
     }
     const QString user = QString(gone).replace(QStringLiteral("://"), QStringLiteral("://user@"));
     ResumeNext(Front().Navigate(FromQt(user)));
@@ -152,7 +168,7 @@ TEST_F(AddressTrustOnPages, AnErrorPageNeverHasASign) {
 
 TEST_F(AddressTrustOnPages, AnAnswerWithoutAPageLeavesThePageItsAddressAndSign) {
     server.Raw(QStringLiteral("/nothing"), "HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n");
-    Show(QStringLiteral("/page"), u"Page");
+    ShowPage();
     Front().Page()->runJavaScript(QStringLiteral("location = '/nothing'"));
     ASSERT_TRUE(WaitUntil([&] { return server.requests.contains(QStringLiteral("/nothing")); }));
     EXPECT_TRUE(WaitUntil([&] { return Shown() == PageShown() && !Front().Busy(); })) << Shown().toStdString();
@@ -162,7 +178,7 @@ TEST_F(AddressTrustOnPages, AnAnswerWithoutAPageLeavesThePageItsAddressAndSign) 
 }
 
 TEST_F(AddressTrustOnPages, APageThatMovesWithinItselfKeepsItsSign) {
-    Show(QStringLiteral("/page"), u"Page");
+    ShowPage();
     const QString moved = server.Address(QStringLiteral("/page#here"));
     ResumeNext(Front().Navigate(FromQt(moved)));
     EXPECT_TRUE(WaitUntil([&] { return Shown() == moved + QStringLiteral(": computer"); })) << Shown().toStdString();
@@ -174,7 +190,7 @@ TEST_F(AddressTrustOnPages, APageThatMovesWithinItselfKeepsItsSign) {
 }
 
 TEST_F(AddressTrustOnPages, APageWithoutScriptsHasItsSignOnceItIsLoaded) {
-    Show(QStringLiteral("/page"), u"Page");
+    ShowPage();
     Front().Page()->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
     server.Page(QStringLiteral("/next"), "<title>Next</title>");
     ResumeNext(Front().Navigate(FromQt(server.Address(QStringLiteral("/next")))));
@@ -183,7 +199,7 @@ TEST_F(AddressTrustOnPages, APageWithoutScriptsHasItsSignOnceItIsLoaded) {
 }
 
 TEST_F(AddressTrustOnPages, TheUserInAnAddressIsNeitherShownNorKept) {
-    Show(QStringLiteral("/page"), u"Page");
+    ShowPage();
     server.Page(QStringLiteral("/login"), "<title>Login</title>");
     QString address = server.Address(QStringLiteral("/login"));
     const QString bare = address;
@@ -203,7 +219,7 @@ TEST_F(AddressTrustOnPages, ALinkUnderThePointerIsToldInTheFormThatHidesNothing)
                 "<title>Page</title><a id='here' style='position:fixed;left:0;top:0;width:200px;"
                 "height:100px' href='http://user:word@b\xC3\xBC"
                 "cher.example/%E2%80%AEgnp.exe'>link</a>");
-    Show(QStringLiteral("/page"), u"Page");
+    ShowPage();
     WaitForPicture();
     QTest::mouseMove(Front().Widget()->focusProxy(), QPoint(300, 300));
     QTest::mouseMove(Front().Widget()->focusProxy(), QPoint(50, 50));
@@ -213,7 +229,7 @@ TEST_F(AddressTrustOnPages, ALinkUnderThePointerIsToldInTheFormThatHidesNothing)
 }
 
 TEST_F(AddressTrustOnPages, TheSecondTryOverHttpIsForTheAddressThatWasTyped) {
-    Show(QStringLiteral("/page"), u"Page");
+    ShowPage();
     // A host without a scheme is tried with https first, and this one never answers that.
     QTcpServer silent;
     ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
