@@ -1,5 +1,6 @@
 #include "qt/QtDownloads.h"
 
+#include "common/Address.h"
 #include "qt/QtEngineVersions.h"
 #include "qt/QtText.h"
 
@@ -139,7 +140,7 @@ const Download* QtDownloads::Continued(const Request& request, const Followed& f
     // The engine may give a number again once it has forgotten whose it was.
     const bool over = !download || download->Report.State == DownloadState::Done ||
                       download->Report.State == DownloadState::Cancelled;
-    return !over && download->Address == AddressOf(request) ? download : nullptr;
+    return !over && download->Address == Address::WithoutUser(AddressOf(request)) ? download : nullptr;
 }
 
 const Download& QtDownloads::Begin(Request& request, const Followed& from, const QString& path) {

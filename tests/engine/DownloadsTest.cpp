@@ -1,6 +1,7 @@
 #include "qt/QtDownloads.h"
 
 #include "qt/QtBrowserView.h"
+#include "qt/QtPageDocuments.h"
 #include "qt/QtText.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -199,6 +200,18 @@ TEST_F(EngineDownloads, ThatBreakOffSayItAndGoOnOrBeginAnew) {
     EXPECT_EQ(Saved(), body);
 }
 
+TEST_F(EngineDownloads, FromAnAddressWithAUserGoOnInTheirLine) {
+    BreakingServer breaking("0123456789");
+    desk.Navigate(breaking.Address().replace(QStringLiteral("//"), QStringLiteral("//me:word@")));
+    ASSERT_TRUE(WaitFor(DownloadState::Broken));
+    EXPECT_EQ(First().Address, FromQt(breaking.Address()));
+    breaking.breaks = false;
+    downloads.Resume(First().Id);
+    ASSERT_TRUE(WaitFor(DownloadState::Done));
+    EXPECT_EQ(downloads.All().size(), 1U);
+    EXPECT_EQ(Saved(), "0123456789");
+}
+
 TEST_F(EngineDownloads, ArePausedAndCancelled) {
     server.Answer(QStringLiteral("/get"), [](const QByteArray&) { return Attachment("half", "filename=x.bin", 1000); });
     desk.Navigate(server.Address(QStringLiteral("/get")));
@@ -349,6 +362,28 @@ TEST_F(EngineDownloads, ThatComeWhenTheirPageHasGoneAreAFewAtMost) {
     ASSERT_TRUE(WaitFor(DownloadState::Done, 3));
     Settle(desk.engine, desk.Real().Page());
     EXPECT_EQ(downloads.All().size(), 3u);
+}
+
+TEST_F(EngineDownloads, OfAPageThatHasGoneComeWhileADocumentIsAwaited) {
+    QtPageDocuments documents;
+    desktop.Documents = &documents;
+    const QString slow = QStringLiteral("/slow.png");
+    server.Raw(slow, "HTTP/1.1 200 OK\r\nContent-Type: image/png\r\nCache-Control: no-store\r\nConnection: close\r\n"
+                     "Content-Length: 5\r\n\r\nwords");
+    desk.Load(server.Address(slow));
+    server.Stall(slow);
+    documents.Save(*desk.Real().Page(), ToQt(folder.PathText("slow.png")), {});
+    ASSERT_TRUE(WaitUntil([&] { return server.requests.count(slow) == 2; }));
+    LateServer late;
+    auto view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
+    ResumeNext(view->Navigate(FromQt(late.Address())));
+    ASSERT_TRUE(WaitUntil([&] { return late.Waiting() == 5; }));
+    const QPointer<QtPage> page = dynamic_cast<QtBrowserView&>(*view).Page();
+    view.reset();
+    ASSERT_TRUE(WaitUntil([&] { return page.isNull(); }));
+    late.Allow();
+    EXPECT_TRUE(WaitFor(DownloadState::Done, 3));
+    desktop.Documents = nullptr;
 }
 
 TEST_F(EngineDownloads, ThatWereBlockedForGoodDoNotComeByAClickEither) {
