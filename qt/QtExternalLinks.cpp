@@ -114,7 +114,7 @@ bool QtExternalLinks::Take(const QUrl& url) {
     const Asker user{QStringLiteral("Open this address with another program?"), {}, {}, true, true};
     const Text address = FromQt(url.toString(QUrl::FullyEncoded));
     if (const Text why = UnshownAddresses::WhyNot(address); !why.empty()) {
-        Tell(NotShown(url, why), user);
+        Tell(url, NotShown(url, why), user);
         return true;
     }
     const bool external = url.scheme() == u"mailto" || ExternalSchemes::IsExternal(FromQt(url.scheme()));
@@ -127,11 +127,13 @@ void QtExternalLinks::Open(const QUrl& url, const Asker& asker) {
     ExternalRule rule = known ? m_answers.RuleFor(FromQt(url.scheme()), FromQt(asker.site)) : ExternalRule::Ask;
     // What a page may do its frames may not; what it may not, they may not either.
     if (rule == ExternalRule::Open && !asker.remembers) rule = ExternalRule::Ask;
+    // A page cannot insist; a person who types it again means it.
+    const bool refused = !asker.user && m_refused.contains({url.scheme(), asker.who});
     // Without another program the desktop would give the address back to a browser.
     if (rule != ExternalRule::Refuse && !QtDesktopPrograms::OpensElsewhere(url.scheme()))
-        return Tell(NoProgram(url), asker);
+        return refused ? void() : Tell(url, NoProgram(url), asker);
     if (rule == ExternalRule::Open) QDesktopServices::openUrl(url);
-    if (rule == ExternalRule::Ask && !m_shown && !m_refused.contains({url.scheme(), asker.who})) Ask(url, asker);
+    if (rule == ExternalRule::Ask && !m_shown && !refused) Ask(url, asker);
 }
 
 void QtExternalLinks::Ask(const QUrl& url, const Asker& asker) {
@@ -139,7 +141,6 @@ void QtExternalLinks::Ask(const QUrl& url, const Asker& asker) {
     auto* question = new Question(url, asker.heading, asker.remembers ? holder : QString());
     const auto answer = [this, question, url, asker](bool open) {
         if (question->Remembers()) m_answers.Remember(FromQt(url.scheme()), FromQt(asker.site), open);
-        // A page cannot insist; a person who types it again means it.
         if (!open && !asker.user) m_refused.insert({url.scheme(), asker.who});
         TakeOff();
         if (open) QDesktopServices::openUrl(url);
@@ -150,8 +151,11 @@ void QtExternalLinks::Ask(const QUrl& url, const Asker& asker) {
     if (asker.user && m_covers.Shown()) m_covers.TakeFocus();
 }
 
-void QtExternalLinks::Tell(QtDialogCover* told, const Asker& asker) {
-    told->Accepted = [this] { TakeOff(); };
+void QtExternalLinks::Tell(const QUrl& url, QtDialogCover* told, const Asker& asker) {
+    told->Accepted = [this, url, asker] {
+        if (!asker.user) m_refused.insert({url.scheme(), asker.who});
+        TakeOff();
+    };
     // A page may try as often as it likes; its user is told what came of the address that was typed last.
     if (m_shown && !asker.user) return delete told;
     TakeOff();

@@ -32,7 +32,7 @@ private:
     [[nodiscard]] static Asker AskerIn(const QtAsker& asker);
     void Open(const QUrl& url, const Asker& asker);
     void Ask(const QUrl& url, const Asker& asker);
-    void Tell(QtDialogCover* told, const Asker& asker);
+    void Tell(const QUrl& url, QtDialogCover* told, const Asker& asker);
     void Show(QtDialogCover* dialog);
     void TakeOff();
 

@@ -220,6 +220,21 @@ TEST_F(ExternalLinks, WithoutAProgramForItTheUserIsToldSo) {
     EXPECT_EQ(program.Take(), "");
 }
 
+TEST_F(ExternalLinks, APageIsToldOnceThatThereIsNoProgram) {
+    for (int i = 0; i < 2; ++i) {
+        OnClick(QStringLiteral("location.href = 'nobodys:' + Math.random()"));
+        if (i == 0) {
+            ASSERT_TRUE(Asks());
+            EXPECT_EQ(Words("lblHeading"), "No program opens this address.");
+            Press("cmdOK");
+        }
+        Settled();
+        EXPECT_EQ(Shown(), nullptr);
+    }
+    desk.Navigate(QStringLiteral("nobodys:typed"));
+    EXPECT_TRUE(Asks()) << "a person who types it is told";
+}
+
 TEST_F(ExternalLinks, AnAnswerThatIsRememberedOpensNothingWithoutAProgram) {
     desk.engine.External().Remember(u"nobodys", FromQt(server.Address({})), true);
     desk.ClickOn(QStringLiteral("none"));
