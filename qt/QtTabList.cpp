@@ -1,5 +1,6 @@
 #include "qt/QtTabList.h"
 
+#include "qt/QtPage.h"
 #include "qt/QtTabLines.h"
 #include "qt/QtText.h"
 
@@ -72,7 +73,7 @@ void QtTabList::Fill(const std::vector<QtTabListEntry>& tabs) {
         auto* item = new QStandardItem(icon, tab.title);
         item->setData(ToQt(tab.key), kTabKeyRole);
         item->setData(QString(tab.title + QLatin1Char('\n') + tab.address), kSearchedRole);
-        item->setData(QUrl(tab.address).host(), kHostRole);
+        item->setData(QtPage::HostAndPort(QUrl(tab.address)), kHostRole);
         item->setToolTip(Qt::convertFromPlainText(tab.title + QLatin1Char('\n') + tab.address, Qt::WhiteSpaceNormal));
         m_tabs->appendRow(item);
     }

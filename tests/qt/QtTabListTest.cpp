@@ -99,6 +99,14 @@ TEST_F(QtTabListTest, EachLineHasAnIconAndTheHostOfItsPage) {
     EXPECT_TRUE(line.data(Qt::DecorationRole).canConvert<QIcon>());
 }
 
+TEST_F(QtTabListTest, AHostIsShownInTheFormThatIsMistakenForNoOther) {
+    auto tabs = Tabs(1, 1);
+    tabs.front().address = QStringLiteral("http://user@\u0430pple.example:81/");
+    list.Open(tabs, {500, 100});
+    const QString host = View()->model()->index(0, 0).data(QtTabLines::kHostRole).toString();
+    EXPECT_EQ(host, QStringLiteral("xn--pple-43d.example:81"));
+}
+
 TEST_F(QtTabListTest, TheButtonOfALineClosesItsTabAndChoosesNone) {
     Open(5, 1);
     const QRect line = View()->visualRect(View()->model()->index(3, 0));
