@@ -126,10 +126,18 @@ QtDocumentKind QtPageOutput::KindOf(QtPage& page) {
     return QtDocumentKind::Of(type->value_or(QString()), address);
 }
 
+// Behind a dialog a page may have gone on to something else.
+bool QtPageOutput::IsStill(QtPage& page, const QtDocumentKind& kind, const QUrl& address) {
+    const bool sameAddress = page.ShownAddress() == address;
+    const bool isWebPage = KindOf(page).IsWebPage; // the page may be gone afterwards
+    return isWebPage == kind.IsWebPage && (isWebPage || sameAddress);
+}
+
 Outcome QtPageOutput::SaveAs(QtPage& page, QWidget* parent) {
     const QPointer<QtPage> alive(&page);
     const QtDocumentKind kind = KindOf(page);
     if (!alive || alive->Ended()) return Outcome::Failed;
+    const QUrl address = page.ShownAddress();
     const std::vector<Format> formats = FormatsFor(kind);
     QFileDialog dialog(parent, QStringLiteral("Save As"),
                        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
@@ -142,6 +150,12 @@ Outcome QtPageOutput::SaveAs(QtPage& page, QWidget* parent) {
     dialog.selectFile(kind.IsWebPage ? FileNameFor(page.title()) : kind.Name);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return Outcome::Done;
     if (!alive || alive->Ended()) return Outcome::Failed;
+    const bool still = IsStill(page, kind, address);
+    if (!alive || alive->Ended()) return Outcome::Failed;
+    if (!still) {
+        TellTrouble(QStringLiteral("The page has changed meanwhile. Nothing was saved."), parent);
+        return Outcome::Done;
+    }
     Save(page, kind, dialog.selectedFiles().constFirst(), parent);
     return Outcome::Done;
 }
@@ -169,8 +183,9 @@ void QtPageOutput::WritePdf(QtPage& page, const QString& path, const QPageLayout
 
 Outcome QtPageOutput::Print(QtPage& page, QWidget* parent) {
     const QPointer<QtPage> alive(&page);
-    const bool isPdf = KindOf(page).IsPdf;
+    const QtDocumentKind kind = KindOf(page);
     if (!alive || alive->Ended()) return Outcome::Failed;
+    const QUrl address = page.ShownAddress();
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageLayout(m_layout);
     printer->setDocName(page.title());
@@ -178,7 +193,13 @@ Outcome QtPageOutput::Print(QtPage& page, QWidget* parent) {
     dialog.setWindowTitle(QStringLiteral("Print"));
     if (dialog.exec() != QDialog::Accepted) return Outcome::Done;
     if (!alive || alive->Ended()) return Outcome::Failed;
-    isPdf ? PrintDocument(page, printer, parent) : PrintPage(page, printer, parent);
+    const bool still = IsStill(page, kind, address);
+    if (!alive || alive->Ended()) return Outcome::Failed;
+    if (!still) {
+        TellTrouble(QStringLiteral("The page has changed meanwhile. Nothing was printed."), parent);
+        return Outcome::Done;
+    }
+    kind.IsPdf ? PrintDocument(page, printer, parent) : PrintPage(page, printer, parent);
     return Outcome::Done;
 }
 

@@ -12,6 +12,7 @@ class QString;
 class QTemporaryDir;
 struct QtDocumentKind;
 class QtPage;
+class QUrl;
 class QWidget;
 
 /// Saving and printing of pages. What came as a document, and is no web page, is saved as the bytes that it is; a PDF
@@ -39,6 +40,7 @@ public:
 
 private:
     [[nodiscard]] static QtDocumentKind KindOf(QtPage& page);
+    [[nodiscard]] static bool IsStill(QtPage& page, const QtDocumentKind& kind, const QUrl& address);
     [[nodiscard]] static QByteArray PreviewIn(const QtPage& page);
     void Save(QtPage& page, const QtDocumentKind& kind, const QString& path, QWidget* parent);
     void PrintDocument(QtPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent);

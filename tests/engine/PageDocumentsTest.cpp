@@ -185,6 +185,25 @@ TEST_F(PageDocuments, WhatCannotBeHadAnyMoreIsABrokenDownload) {
     EXPECT_TRUE(Ended(DownloadState::Broken));
 }
 
+TEST_F(PageDocuments, OfAnotherKindBehindTheDialogAreNotSavedAsWhatWasThere) {
+    server.Page(QStringLiteral("/page"), "<title>page</title><p>words</p>");
+    for (const auto& [before, after] :
+         {std::pair("/page", "/red.pdf"), std::pair("/red.pdf", "/page"), std::pair("/fresh.pdf", "/red.pdf")}) {
+        Visit(QLatin1String(before));
+        In<QFileDialog>([this, after = after](QFileDialog& dialog) {
+            Visit(QLatin1String(after));
+            dialog.selectFile(folder.filePath(QStringLiteral("chosen")));
+            static_cast<QDialog&>(dialog).accept();
+        });
+        Click(u"mnuSaveAs");
+        const auto box = [this] { return desk.window.findChild<QMessageBox*>(); };
+        ASSERT_TRUE(WaitUntil([&] { return box() && box()->isVisible(); })) << before;
+        EXPECT_EQ(box()->text(), u"The page has changed meanwhile. Nothing was saved.");
+        delete box();
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).join(u','), QString()) << before;
+    }
+}
+
 TEST_F(PageDocuments, APictureMayBecomeAPdf) {
     Visit(QStringLiteral("/dot"));
     In<QFileDialog>([this](QFileDialog& dialog) {
