@@ -8,7 +8,6 @@ namespace {
 
 constexpr TextView kAddressBox = u"cboAddress";
 constexpr TextView kSearchBox = u"cboSearch";
-constexpr std::int32_t kHistoryLimit = 25;
 
 // Deliberate: only the presence of a dot is looked at, so an address that has its scheme gets the prefix as well.
 Text Completed(const Text& text) {
@@ -32,7 +31,7 @@ void AddressBoxes::AddEntry(TextView text, ComboTool* box, Box& state) const {
     if (!state.EntryPending) return;
     // What is typed for a private tab is not kept.
     if (m_tabs.CurrentPrivacy() == Privacy::Ordinary)
-        CabCombo::AddFindEntry(Address::WithoutUser(text), box, kHistoryLimit);
+        CabCombo::AddFindEntry(Address::WithoutUser(text), box, CabCombo::kHistoryLimit);
     state.EntryPending = false;
 }
 

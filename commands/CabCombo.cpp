@@ -42,4 +42,13 @@ void AddFindEntry(TextView Entry, ComboTool* Tool, std::int32_t MaxItems) {
     if (std::cmp_greater(Tool->ListCount(), MaxItems)) Tool->RemoveItem(static_cast<std::size_t>(MaxItems));
 }
 
+void PutBack(const std::vector<Text>& Items, ComboTool* Tool) {
+    if (!Tool) return;
+    std::vector<Text> all = Tool->List();
+    for (const Text& item : Items) {
+        if (std::cmp_less(all.size(), kHistoryLimit) && std::ranges::find(all, item) == all.end()) all.push_back(item);
+    }
+    Tool->List = std::move(all);
+}
+
 } // namespace CabCombo

@@ -13,4 +13,11 @@ void AutoComplete(Text& PrevText, ComboTool& Combo);
 /// without a box.
 void AddFindEntry(TextView Entry, ComboTool* Tool, std::int32_t MaxItems);
 
+/// How many entries each list keeps.
+inline constexpr std::int32_t kHistoryLimit = 25;
+
+/// Puts entries, newest first, back at the end of the list that they were cleared from. What was entered since stays
+/// above them; the list keeps as many as it may, each once. Does nothing without a box.
+void PutBack(const std::vector<Text>& Items, ComboTool* Tool);
+
 } // namespace CabCombo

@@ -2,6 +2,7 @@
 
 #include "commands/BookmarkCommands.h"
 #include "commands/CollectionCommands.h"
+#include "commands/HistoryCommands.h"
 #include "commands/MenuEntryCommands.h"
 #include "commands/PageCommands.h"
 #include "commands/PageMenu.h"
@@ -11,14 +12,6 @@
 #include <array>
 
 namespace {
-
-void ClearList(CommandContext& context, TextView box) {
-    if (auto* combo = context.actBar.FindCombo(box)) combo->Clear();
-}
-
-void ClearAddresses(CommandContext& context) { ClearList(context, u"cboAddress"); }
-
-void ClearSearches(CommandContext& context) { ClearList(context, u"cboSearch"); }
 
 void StopAll(CommandContext& context) { context.groups.StopAll(); }
 
@@ -50,8 +43,8 @@ const std::array kCommands{
     Command{u"mnuAddToTessaGroup", Keep::AddToTessaGroup, Has<&CommandHost::AddToTessaGroup>},
     Command{u"mnuCloseAll", Tabs::CloseAll},
     FromHost<&CommandHost::ShowHelp>(u"mnuHelp"),
-    Command{u"mnuClearAddresses", ClearAddresses},
-    Command{u"mnuClearSearches", ClearSearches},
+    Command{u"mnuClearAddresses", HistoryCommands::ClearAddresses},
+    Command{u"mnuClearSearches", HistoryCommands::ClearSearches},
     Command{u"mnuLoadImages", Pages::ToggleLoadOption},
     Command{u"mnuLoadVideos", Pages::ToggleLoadOption},
     Command{u"mnuLoadSounds", Pages::ToggleLoadOption},

@@ -30,12 +30,14 @@ void CopyReport(frmMain& main) {
     const Text words = Report::Words(main.Platform.reportFacts(), main.Platform.settings);
     if (!main.Commands.host.CopyText) return;
     main.Commands.host.CopyText(words);
-    main.Tabs.ShowStatusText(u"The report has been copied.");
+    main.Tabs.Say(u"The report has been copied.");
 }
 
 void ForgetTyped(frmMain& main) {
     for (const TextView box : {u"cboAddress", u"cboSearch"})
         if (auto* combo = main.actBar.FindCombo(box)) combo->Clear();
+    // An offer to bring them back would keep what is to be forgotten.
+    main.Tabs.WithdrawSaid();
     SettingsStore store(main.Platform.settings);
     ResumeNext(store.AddressHistory.Set({}));
     ResumeNext(store.SearchHistory.Set({}));

@@ -129,9 +129,12 @@ void frmMain::WireDownloads() {
             if (auto* tool = actBar.Find(name)) tool->Badge = Downloads.CountActive();
         }
         DownloadPanel.Touch();
+        sbStatus.Saving.Caption = DownloadWords::Progress(Downloads);
+        sbStatus.Saving.Visible = Downloads.CountActive() > 0;
     };
-    Downloads.Say = [this](TextView message) { Tabs.ShowStatusText(message); };
-    Downloads.Complain = Downloads.Say;
+    Downloads.Say = [this](TextView message) { Tabs.Say(message); };
+    Downloads.Complain = [this](TextView message) { Tabs.ShowStatusText(message); };
+    sbStatus.Saving.Click = [this] { DownloadPanel.Form.Visible = true; };
     Commands.host.DownloadFolder = [this] { return Platform.downloads.Folder(); };
     Commands.host.ToggleDownloads = [this] { DownloadPanel.Form.Visible = !DownloadPanel.Form.Visible(); };
     DownloadPanel.Shown = [this](bool shown) {

@@ -1,11 +1,15 @@
 #include "pages/DownloadWords.h"
 
+#include "pages/PlainText.h"
+
+#include <algorithm>
 #include <array>
 
 namespace {
 
 constexpr std::array kUnits{TextView(u" bytes"), TextView(u" kB"), TextView(u" MB"), TextView(u" GB"),
                             TextView(u" TB")};
+constexpr std::size_t kFolderInList = 200;
 constexpr std::int64_t kMinute = 60;
 constexpr std::int64_t kHour = 3600;
 
@@ -86,6 +90,31 @@ Text Standing(const Download& download, std::int64_t now) {
         return u"Cancelled";
     }
     return {};
+}
+
+Text Progress(const Downloads& downloads) {
+    std::int64_t count = 0, received = 0, total = 0;
+    bool known = true, runs = false;
+    for (const Download& each : downloads.All()) {
+        if (!each.Active()) continue;
+        ++count;
+        runs = runs || each.Report.State == DownloadState::Running;
+        known = known && each.Report.Total > 0;
+        received += each.Report.Received;
+        total += std::max<std::int64_t>(each.Report.Total, 0);
+    }
+    if (count == 0) return {};
+    const Text what = count == 1 ? Text() : Decimal(count) + u" files, ";
+    const Text far =
+        known ? Decimal(std::min<std::int64_t>(received * 100 / std::max<std::int64_t>(total, 1), 100)) + u" %"
+              : Size(received);
+    return (runs ? u"Saving " : u"Paused: ") + what + far;
+}
+
+Text Place(const Download& download, TextView time) {
+    if (download.Report.State != DownloadState::Done) return {};
+    const Text in = PlainLine(download.Folder(), kFolderInList);
+    return time.empty() ? u"In " + in : Text(time) + u", in " + in;
 }
 
 OwnQuestion ExitQuestion(std::size_t running) {

@@ -13,6 +13,10 @@ namespace DownloadWords {
 [[nodiscard]] Text Why(DownloadProblem problem);
 /// How a download stands at that time, by the clock of its rate.
 [[nodiscard]] Text Standing(const Download& download, std::int64_t now);
+/// When a download was done, by that text of it, and the folder where it lies. Nothing before that.
+[[nodiscard]] Text Place(const Download& download, TextView time);
+/// How far all that is under way is, in a few words, as in "Saving 42 %". Nothing when nothing is.
+[[nodiscard]] Text Progress(const Downloads& downloads);
 /// The question before the program ends while so many downloads run.
 [[nodiscard]] OwnQuestion ExitQuestion(std::size_t running);
 

@@ -3,6 +3,7 @@
 #include "common/platform/Downloads.h"
 #include "pages/TransferRate.h"
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -25,6 +26,9 @@ struct Download {
         return Report.State == DownloadState::Running || Report.State == DownloadState::Paused;
     }
     [[nodiscard]] TextView Name() const { return TextView(Path).substr(Path.rfind(u'/') + 1); }
+    [[nodiscard]] TextView Folder() const {
+        return TextView(Path).substr(0, std::max<std::size_t>(Path.rfind(u'/'), 1));
+    }
     /// Seconds until it is done, as it stands at that time; nothing when nobody can tell.
     [[nodiscard]] std::optional<std::int64_t> SecondsLeft(std::int64_t now) const;
 };

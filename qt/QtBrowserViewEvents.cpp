@@ -5,6 +5,7 @@
 #include "qt/QtEngineVersions.h"
 #include "qt/QtFrameEnds.h"
 #include "qt/QtLeaving.h"
+#include "qt/QtLoadEnds.h"
 #include "qt/QtText.h"
 
 #include <QWebEngineFullScreenRequest>
@@ -89,7 +90,8 @@ void QtBrowserView::OnLoadStarted() {
 }
 
 void QtBrowserView::OnLoadFinished(bool ok) {
-    m_loading = false;
+    // Of a page that has died, its end has been told.
+    const bool wasLoading = std::exchange(m_loading, false);
     if (!m_pending) m_engine.EndNavigation(m_index);
     if (!m_page->AwaitsAny()) {
         // Where scripts are switched off, no document tells of itself.
@@ -98,7 +100,7 @@ void QtBrowserView::OnLoadFinished(bool ok) {
         m_newDocument = false;
     }
     ReportHistory();
-    m_events.StatusTextChange(m_index, u"Done");
+    if (wasLoading) m_events.StatusTextChange(m_index, m_ended);
     m_events.DownloadComplete(m_index);
     m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
     if (m_previewsLater) PrintPreview();
@@ -135,6 +137,7 @@ void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     const bool ofPage = QtAddress::Shown(info.url()) == QtAddress::Shown(m_page->url());
     const bool failed = info.status() == QWebEngineLoadingInfo::LoadFailedStatus;
     const bool ended = failed || info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
+    m_ended = LoadWords::Ended(LoadEndOf(info), FromQt(info.url().host()), info.errorCode());
     if (ofPage && ended) {
         m_failed = failed && info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain;
         m_known = true;
@@ -143,6 +146,8 @@ void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;
     if (info.errorDomain() != QWebEngineLoadingInfo::ConnectionErrorDomain) return;
     if (QtAddress::Shown(info.url()) != m_fallbackOf) return;
+    // What comes of the second try is what counts.
+    m_ended.clear();
     ResumeNext(Navigate(FromQt(std::exchange(m_fallback, QUrl()).toString(QUrl::FullyEncoded))));
 }
 

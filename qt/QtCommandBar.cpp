@@ -109,6 +109,10 @@ bool QtCommandBar::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Show && window) QTimer::singleShot(0, this, &QtCommandBar::ShowIcons);
     if (event->type() == QEvent::PaletteChange && window) ShowIcons();
     if (event->type() == QEvent::Leave && !window) m_actions.ReportNoPointer();
+    // The keyboard has left the menu bar; with the menu that it has opened, it is still there.
+    const bool left =
+        event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
+    if (left && watched == m_window.menuBar()) m_actions.ReportNoPointer();
     if (event->type() == QEvent::MouseMove && watched == m_window.menuBar())
         m_actions.ReportPointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
     if (event->type() == QEvent::ContextMenu) return ShowToolBarsMenu(watched, static_cast<QContextMenuEvent&>(*event));

@@ -1,11 +1,13 @@
 #include "qt/QtPageOutput.h"
 
 #include "common/AtomicFile.h"
+#include "pages/PlainText.h"
 #include "qt/QtDocumentKind.h"
 #include "qt/QtDocumentPrinter.h"
 #include "qt/QtPage.h"
 #include "qt/QtPathBytes.h"
 #include "qt/QtStartPage.h"
+#include "qt/QtText.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -63,6 +65,8 @@ void TellTrouble(const QString& words, QWidget* parent) {
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
 }
+
+QString ShownName(const QString& path) { return ToQt(PlainLine(FromQt(QFileInfo(path).fileName()), kLongestName)); }
 
 void TellNotWritten(const QString& path, QWidget* parent) {
     TellTrouble(QStringLiteral("%1 could not be written.").arg(path), parent);
@@ -165,7 +169,7 @@ void QtPageOutput::Save(QtPage& page, const QtDocumentKind& kind, const QString&
     if (suffix == u"pdf" && !kind.IsPdf)
         WritePdf(page, path, QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()), parent);
     else if (const QByteArray preview = PreviewIn(page); !preview.isEmpty())
-        Write(path, preview) ? void() : TellNotWritten(path, parent);
+        Ending(path, parent)(Write(path, preview));
     else if (!kind.IsWebPage)
         m_documents.Save(page, path);
     else if (suffix == u"mhtml" || suffix == u"mht")
@@ -176,9 +180,16 @@ void QtPageOutput::Save(QtPage& page, const QtDocumentKind& kind, const QString&
 
 // The file is written here and not by the engine, which does not survive that the page goes while it writes one.
 void QtPageOutput::WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent) {
-    page.Print(layout, [path, parent = QPointer(parent)](const QByteArray& pdf) {
-        if (!Write(path, pdf) && parent && parent->isVisible()) TellNotWritten(path, parent);
-    });
+    if (Say) Say(QStringLiteral("Saving %1").arg(ShownName(path)));
+    page.Print(layout, [path, told = Ending(path, parent)](const QByteArray& pdf) { told(Write(path, pdf)); });
+}
+
+std::function<void(bool)> QtPageOutput::Ending(const QString& path, QWidget* parent) const {
+    return [path, say = Say, parent = QPointer(parent)](bool written) {
+        if (!parent || !parent->isVisible()) return;
+        if (!written) return TellNotWritten(path, parent);
+        if (say) say(QStringLiteral("%1 has been saved.").arg(ShownName(path)));
+    };
 }
 
 Outcome QtPageOutput::Print(QtPage& page, QWidget* parent) {
@@ -223,15 +234,14 @@ void QtPageOutput::PrintDocument(QtPage& page, const std::shared_ptr<QPrinter>& 
         return TellTrouble(QStringLiteral("Some pages of a PDF document can be printed, but not written to a file of "
                                           "their own. Nothing was written."),
                            parent);
-    Fetch(page, [printer, toFile, parent = QPointer(parent)](const FetchedFile& file) {
+    Fetch(page, [printer, toFile, written = Ending(printer->outputFileName(), parent),
+                 parent = QPointer(parent)](const FetchedFile& file) {
         const auto tell = [parent](const QString& words) {
             if (parent && parent->isVisible()) TellTrouble(words, parent);
         };
         if (!file) return tell(QStringLiteral("The document cannot be had any more. Nothing was printed."));
         const QString target = printer->outputFileName();
-        if (toFile && !Write(target, WholeFile(PathIn(file))))
-            return tell(QStringLiteral("%1 could not be written.").arg(target));
-        if (toFile) return;
+        if (toFile) return written(Write(target, WholeFile(PathIn(file))));
         // The file stays for as long as the printing system reads it.
         QtDocumentPrinter::Print(*printer, PathIn(file), [tell, file](bool taken) {
             if (!taken) tell(QStringLiteral("The printer did not take the document. Nothing was printed."));

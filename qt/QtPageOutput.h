@@ -33,6 +33,9 @@ public:
     /// What becomes files by way of downloads.
     [[nodiscard]] QtPageDocuments& Documents() { return m_documents; }
 
+    /// Says that a file is being written, or has been. Filled in by the program.
+    std::function<void(const QString& words)> Say;
+
     [[nodiscard]] const QPageLayout& Layout() const { return m_layout; }
 
     /// A file name that suggests itself for a page's title: without what file systems refuse.
@@ -44,11 +47,13 @@ private:
     [[nodiscard]] static QByteArray PreviewIn(const QtPage& page);
     void Save(QtPage& page, const QtDocumentKind& kind, const QString& path, QWidget* parent);
     void PrintDocument(QtPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent);
-    static void PrintPage(QtPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent);
+    void PrintPage(QtPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent);
     /// A folder with the file in it, which goes with the last who needs it.
     using FetchedFile = std::shared_ptr<QTemporaryDir>;
     void Fetch(QtPage& page, const std::function<void(const FetchedFile& file)>& fetched);
-    static void WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent);
+    void WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent);
+    /// Tells how the writing of that file has ended, unless the window has gone meanwhile.
+    [[nodiscard]] std::function<void(bool written)> Ending(const QString& path, QWidget* parent) const;
 
     QtPageDocuments m_documents;
     QPageLayout m_layout{QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(15, 15, 15, 15),

@@ -37,7 +37,7 @@ void QtProgram::WirePages() {
         return !view || view->Questions()->permissions.MaySave(address);
     };
     m->main.Downloads.Complain = m->main.Layout.Say;
-    m->main.Downloads.Say = [this](TextView message) { m->statusBar.Notice(ToQt(message)); };
+    m->engine.Output().Say = [this](const QString& message) { m->main.Tabs.Say(FromQt(message)); };
     m->downloadsPanel.FocusPage = [this] {
         if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
     };

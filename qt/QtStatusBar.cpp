@@ -7,10 +7,12 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <algorithm>
 #include <chrono>
 
 namespace {
 constexpr std::chrono::milliseconds kTextDelay{100};
+constexpr std::chrono::milliseconds kSavingDelay{500};
 constexpr std::int32_t kPadding = 8;
 /// Units of an address of two million, which would hold the window up for seconds.
 constexpr std::size_t kMostShownText = 1000;
@@ -20,6 +22,8 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
     : QStatusBar(parent),
       m_bar(bar),
       m_stopAll(new QPushButton(this)),
+      m_undo(new QPushButton(this)),
+      m_saving(new QPushButton(this)),
       m_zoom(MakeLabel(QStringLiteral("lblZoom"))),
       m_profile(MakeLabel(QStringLiteral("lblProfile"))) {
     setObjectName(QStringLiteral("sbStatus"));
@@ -31,10 +35,9 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
     connect(&m_noticeTimer, &QTimer::timeout, this, &QtStatusBar::ShowText);
     // Else nobody would know who cannot see it.
     connect(this, &QStatusBar::messageChanged, this, &QWidget::setAccessibleDescription);
-    Bind(m_bar.StopAll, *m_stopAll, QStringLiteral("cmdStopAll"));
-    m_stopAll->setFocusPolicy(Qt::TabFocus);
-    m_stopAll->setAutoFillBackground(true);
+    BindButtons();
     Measure();
+    m_bar.Notice.Attach([this](const Text& said) { ShowSaid(said); });
     m_bar.Zoom.Attach([this](const Text& text) {
         m_zoom->setText(ToQt(text));
         m_zoom->setAccessibleName(QStringLiteral("Text size %1").arg(m_zoom->text()));
@@ -59,9 +62,31 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
 
 QtStatusBar::~QtStatusBar() {
     m_bar.SimpleText.Attach({});
+    m_bar.Notice.Attach({});
     m_bar.Zoom.Attach({});
     m_bar.Profile.Attach({});
     m_bar.Visible.Attach({});
+}
+
+void QtStatusBar::BindButtons() {
+    Bind(m_bar.StopAll, *m_stopAll, QStringLiteral("cmdStopAll"));
+    Bind(m_bar.Undo, *m_undo, QStringLiteral("cmdUndo"));
+    Bind(m_bar.Saving, *m_saving, QStringLiteral("cmdSaving"));
+    m_saving->setFlat(true);
+    m_saving->setAccessibleDescription(QStringLiteral("Shows the downloads"));
+    m_saving->setToolTip(m_saving->accessibleDescription());
+    for (QPushButton* button : {m_stopAll, m_undo, m_saving}) {
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAutoFillBackground(true);
+        button->installEventFilter(this);
+    }
+    // A file that comes fast changes it many times a second.
+    m_savingTimer.setSingleShot(true);
+    connect(&m_savingTimer, &QTimer::timeout, this, &QtStatusBar::ShowSaving);
+    m_bar.Saving.Caption.Attach([this](const Text& words) {
+        if (words.empty() != m_saving->text().isEmpty()) return ShowSaving();
+        if (!m_savingTimer.isActive()) m_savingTimer.start(kSavingDelay);
+    });
 }
 
 QLabel* QtStatusBar::MakeLabel(const QString& name) {
@@ -76,6 +101,11 @@ void QtStatusBar::changeEvent(QEvent* event) {
     QStatusBar::changeEvent(event);
     if (event->type() == QEvent::ParentChange) FollowVisible();
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Measure();
+}
+
+bool QtStatusBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) LayParts();
+    return QStatusBar::eventFilter(watched, event);
 }
 
 void QtStatusBar::resizeEvent(QResizeEvent* event) {
@@ -104,15 +134,42 @@ void QtStatusBar::LayParts() {
     lay(*m_profile);
     lay(*m_zoom);
     lay(*m_stopAll);
+    lay(*m_saving);
+    // Beside the words that it takes back.
+    const int undo = m_undo->sizeHint().width();
+    const int behind = fontMetrics().horizontalAdvance(currentMessage()) + 3 * kPadding;
+    m_undo->setGeometry(std::max(kPadding, std::min(behind, right - undo)), 1, undo, height() - 2);
+    m_undo->raise();
+}
+
+void QtStatusBar::ShowSaving() {
+    const QString words = ToQt(m_bar.Saving.Caption());
+    m_saving->setText(words);
+    m_saving->setAccessibleName(words);
+    LayParts();
+}
+
+void QtStatusBar::ShowSaid(const Text& said) {
+    if (!said.empty()) return Notice(ToQt(said), m_bar.Undo.Click ? kOfferTime : kNoticeTime);
+    // The view's own end of a notice comes here, too.
+    if (m_notice.isEmpty()) return;
+    m_notice.clear();
+    if (!m_complaints.isEmpty()) return ShowNotices();
+    m_noticeTimer.stop();
+    ShowText();
 }
 
 void QtStatusBar::ShowText() {
     if (m_noticeTimer.isActive()) return;
     m_complaints.clear();
+    m_notice.clear();
+    m_bar.Notice = Text();
     showMessage(ToQt(TextView(m_bar.SimpleText()).substr(0, kMostShownText)));
 }
 
 void QtStatusBar::Notice(const QString& text, std::chrono::milliseconds time) {
+    // What is said now is nothing that the button could take back.
+    if (text != ToQt(m_bar.Notice())) m_bar.Notice = Text();
     m_notice = text;
     // The time of a complaint is not cut short.
     if (m_complaints.isEmpty() || m_noticeTimer.remainingTimeAsDuration() < time) m_noticeTimer.start(time);
@@ -120,7 +177,8 @@ void QtStatusBar::Notice(const QString& text, std::chrono::milliseconds time) {
 }
 
 void QtStatusBar::Complain(const QString& text) {
-    if (m_complaints.isEmpty()) m_notice.clear();
+    // What can be taken back can still be so beside it.
+    if (m_complaints.isEmpty() && !m_bar.Undo.Visible()) m_notice.clear();
     if (!m_complaints.contains(text)) m_complaints << text;
     m_noticeTimer.start(kNoticeTime);
     ShowNotices();
@@ -130,6 +188,7 @@ void QtStatusBar::ShowNotices() {
     QStringList all = m_complaints;
     if (!m_notice.isEmpty()) all << m_notice;
     showMessage(all.join(QLatin1Char(' ')));
+    LayParts();
 }
 
 void QtStatusBar::FollowVisible() {

@@ -23,6 +23,8 @@ public:
 
     /// Shows what the program itself has to say, which no text of a page replaces until somebody can have read it.
     void Notice(const QString& text, std::chrono::milliseconds time = kNoticeTime);
+    /// How long what can be taken back offers that.
+    static constexpr std::chrono::seconds kOfferTime{30};
     /// The same for something that went wrong: nothing replaces it in that time. Several stand beside each other.
     void Complain(const QString& text);
 
@@ -32,6 +34,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -39,14 +42,17 @@ private:
     QLabel* MakeLabel(const QString& name);
     void FollowVisible();
     void LayParts();
+    void BindButtons();
+    void ShowSaid(const Text& said);
+    void ShowSaving();
     void ShowText();
     void ShowNotices();
     void Measure();
 
     StatusBar& m_bar;
-    QPushButton* m_stopAll;
+    QPushButton *m_stopAll, *m_undo, *m_saving;
     QLabel *m_zoom, *m_profile;
     QString m_notice;
     QStringList m_complaints;
-    QTimer m_textTimer, m_noticeTimer;
+    QTimer m_textTimer, m_noticeTimer, m_savingTimer;
 };

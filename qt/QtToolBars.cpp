@@ -27,12 +27,15 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Enter) m_report(true);
-        if (event->type() == QEvent::Leave) m_report(false);
+        if (event->type() == QEvent::Enter) m_report(m_over = true);
+        // What is hidden under the pointer, with the pop-up that it stood in, is not told that it leaves.
+        const bool hidden = event->type() == QEvent::Hide && m_over;
+        if (event->type() == QEvent::Leave || hidden) m_report(m_over = false);
         return QObject::eventFilter(watched, event);
     }
 
 private:
+    bool m_over = false;
     std::function<void(bool)> m_report;
 };
 

@@ -78,6 +78,10 @@ public:
     void UpdateBackForward();
     void UpdateStopRefresh();
     void ShowStatusText(TextView Text);
+    /// Says in the status bar, for as long as it takes to read, what the program has done; `undo` takes it back.
+    void Say(TextView words, std::function<void()> undo = {}) { m_sbStatus.Say(words, std::move(undo)); }
+    /// Nothing that was said can be taken back any more.
+    void WithdrawSaid() { m_sbStatus.Withdraw(); }
     void ShowStatusBar(bool Show);
     void ToggleStatusBar() { ShowStatusBar(!m_sbStatus.Visible()); }
 

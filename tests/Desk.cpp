@@ -122,6 +122,10 @@ std::string Desk::Enabled() const {
     return all;
 }
 
+std::string Desk::Said() const {
+    return ToUtf8(main.sbStatus.Notice()) + (main.sbStatus.Undo.Visible() ? " [Undo]" : "");
+}
+
 void Desk::ClickTab(std::size_t position) { main.pcPage.UserClick(main.pcPage.FindAt(position)); }
 
 void Desk::Click(TextView tool) {

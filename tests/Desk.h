@@ -32,6 +32,9 @@ public:
     [[nodiscard]] std::string Address() const { return ToUtf8(main.Tabs.AddressCombo()->Value()); }
     [[nodiscard]] std::string Status() const { return ToUtf8(main.sbStatus.SimpleText()); }
 
+    /// What the program itself has to say, with " [Undo]" when that can be taken back.
+    [[nodiscard]] std::string Said() const;
+
     void ClickTab(std::size_t position);
     void Click(TextView tool);
     void TypeAddress(TextView text);

@@ -203,6 +203,44 @@ TEST_F(AddressBoxesTest, TheClearCommandsEmptyTheirOwnLists) {
     EXPECT_EQ(m_desk.List(kAddress) + m_desk.List(kSearch), "[b]");
 }
 
+TEST_F(AddressBoxesTest, WhatWasClearedIsToldAndCanComeBack) {
+    for (const TextView address : {u"a", u"b", u"c"}) Enter(address);
+    m_desk.Click(u"mnuClearAddresses");
+    EXPECT_EQ(m_desk.Said(), "3 addresses were cleared. [Undo]");
+    m_desk.main.sbStatus.Undo.Click();
+    EXPECT_EQ(m_desk.List(kAddress), "[c][b][a]");
+    EXPECT_EQ(m_desk.Said(), "The addresses are back in their list.");
+    Search(u"words");
+    m_desk.Click(u"mnuClearSearches");
+    EXPECT_EQ(m_desk.Said(), "1 search was cleared. [Undo]");
+    m_desk.main.sbStatus.Undo.Click();
+    EXPECT_EQ(m_desk.List(kSearch), "[words]");
+}
+
+TEST_F(AddressBoxesTest, ClearingAnEmptyListSaysSoAndTakesNothingBack) {
+    m_desk.Click(u"mnuClearSearches");
+    EXPECT_EQ(m_desk.Said(), "There were no searches to clear.");
+}
+
+TEST_F(AddressBoxesTest, WhatComesBackStandsBelowWhatWasEnteredSinceEachOnce) {
+    for (int i = 1; i <= 25; ++i) Enter(u"a" + Decimal(i));
+    m_desk.Click(u"mnuClearAddresses");
+    Enter(u"new");
+    Enter(u"a25");
+    m_desk.main.sbStatus.Undo.Click();
+    const auto& list = m_desk.main.AddressCombo()->List();
+    ASSERT_EQ(list.size(), 25U) << "as many as the list may hold";
+    EXPECT_EQ(ToUtf8(list[0] + u" " + list[1] + u" " + list[2] + u" " + list[24]), "a25 new a24 a2");
+}
+
+TEST_F(AddressBoxesTest, TheNextThingThatIsSaidEndsTheOffer) {
+    Enter(u"a");
+    m_desk.Click(u"mnuClearAddresses");
+    m_desk.main.Tabs.Say(u"Something else.");
+    EXPECT_EQ(m_desk.Said(), "Something else.");
+    EXPECT_FALSE(m_desk.main.sbStatus.Undo.Click) << "what was cleared is kept no longer";
+}
+
 TEST_F(AddressBoxesTest, KeysGiveTheBoxesTheKeyboard) {
     std::string focused;
     m_desk.main.actBar.Attach(

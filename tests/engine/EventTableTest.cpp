@@ -1,6 +1,7 @@
 #include "qt/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 
+#include <QTcpServer>
 #include <QWebEngineHistory>
 #include <QWebEngineView>
 
@@ -130,6 +131,25 @@ TEST_F(EventTable, ALinkUnderThePointerIsAStatusText) {
     EXPECT_EQ(desk.events.statusTexts.last(), u"Done");
     desk.PointAt(QStringLiteral("anchor"));
     EXPECT_TRUE(WaitUntil([&] { return desk.events.statusTexts.last().endsWith(u"/normal#there"); }));
+}
+
+TEST_F(EventTable, OfALoadThatFailsTheStatusTextSaysWhatFailed) {
+    const auto ends = [&](const QString& address, const QString& words) {
+        ResumeNext(desk.view->Navigate(FromQt(address)));
+        return WaitUntil([&] { return desk.events.statusTexts.last() == words; });
+    };
+    server.Raw(QStringLiteral("/gone"), "HTTP/1.1 404 Gone\r\nContent-Type: text/html\r\nContent-Length: 2\r\n"
+                                        "Connection: close\r\n\r\nno");
+    EXPECT_TRUE(ends(server.Address(QStringLiteral("/gone")), QStringLiteral("127.0.0.1 has no such page (404).")));
+    EXPECT_TRUE(ends(server.Address(kNormal), QStringLiteral("Done")));
+    QTcpServer nobody;
+    ASSERT_TRUE(nobody.listen(QHostAddress::LocalHost));
+    const QString closed = QStringLiteral("http://127.0.0.1:%1/").arg(nobody.serverPort());
+    nobody.close();
+    EXPECT_TRUE(ends(closed, QStringLiteral("127.0.0.1 did not take the connection.")));
+    EXPECT_TRUE(
+        ends(QStringLiteral("http://nosuchhost.invalid/"), QStringLiteral("nosuchhost.invalid could not be found.")));
+    EXPECT_TRUE(ends(QStringLiteral("file:///no/such/file.html"), QStringLiteral("There is no such file.")));
 }
 
 TEST_F(EventTable, ADownloadIsNoPage) {

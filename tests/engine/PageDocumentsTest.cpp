@@ -210,8 +210,12 @@ TEST_F(PageDocuments, APictureMayBecomeAPdf) {
         dialog.selectFile(folder.filePath(QStringLiteral("dot.pdf")));
         static_cast<QDialog&>(dialog).accept();
     });
+    QStringList said;
+    desk.engine.Output().Say = [&](const QString& words) { said << words; };
     Click(u"mnuSaveAs");
     EXPECT_TRUE(WaitUntil([this] { return Written(QStringLiteral("dot.pdf")).startsWith("%PDF-"); }));
+    EXPECT_TRUE(WaitUntil([&] { return said.size() == 2; }));
+    EXPECT_EQ(said.join(u'|'), u"Saving dot.pdf|dot.pdf has been saved.");
 }
 
 TEST_F(PageDocuments, APdfIsPrintedAsItIsAndIsInNoList) {

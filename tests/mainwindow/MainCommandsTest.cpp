@@ -137,7 +137,7 @@ TEST(MainCommands, TheReportHoldsVersionDrawingSettingsAndLogButNoTextOfTheUsers
                               "  TitleLengthLimit: 3\n  LastSites: 1 entries\n  AddressHistory: 2 entries\n"
                               "  TabsUp: no\n  MailClient: set\n  InternetHomePage: set\n\n"
                               "Log:\n  a line\n  another\n");
-    EXPECT_EQ(desk.Status(), "The report has been copied.");
+    EXPECT_EQ(desk.Said(), "The report has been copied.");
 }
 
 TEST(MainCommands, AReportOfAProgramAsDesignedSaysSo) {

@@ -299,6 +299,41 @@ TEST(TransferRate, FallsToNothingWhenNothingArrives) {
     EXPECT_EQ(rate.PerSecond(1'000'100), 200) << "it goes on";
 }
 
+std::string Saving(const Desk& desk) {
+    return desk.main.sbStatus.Saving.Visible() ? ToUtf8(desk.main.sbStatus.Saving.Caption()) : "(nothing)";
+}
+
+TEST(DownloadsOfTheWindow, ShowInTheStatusBarHowFarTheyAre) {
+    Desk desk;
+    desk.StartWithTabs(1);
+    auto& downloads = desk.main.Downloads;
+    EXPECT_EQ(Saving(desk), "(nothing)");
+    const auto begin = [&](TextView address, std::int64_t total) {
+        return downloads.Begin({.Address = Text(address), .Total = total}, std::make_shared<FakeTransfer>()).Id;
+    };
+    const auto running = [&](std::int32_t id, std::int64_t received, std::int64_t total) {
+        downloads.OnReport(id, {DownloadState::Running, DownloadProblem::None, received, total});
+    };
+    const auto first = begin(u"http://a.example/a", 200);
+    EXPECT_EQ(Saving(desk), "Saving 0 %");
+    running(first, 83, 200);
+    EXPECT_EQ(Saving(desk), "Saving 41 %");
+    const auto second = begin(u"http://a.example/b", 600);
+    EXPECT_EQ(Saving(desk), "Saving 2 files, 10 %");
+    running(second, 100, -1);
+    EXPECT_EQ(Saving(desk), "Saving 2 files, 183 bytes") << "nobody knows how many are to come";
+    running(first, 500, 200);
+    downloads.Cancel(second);
+    EXPECT_EQ(Saving(desk), "Saving 100 %") << "more than was announced";
+    downloads.OnReport(first, {DownloadState::Paused, DownloadProblem::None, 100, 200});
+    EXPECT_EQ(Saving(desk), "Paused: 50 %");
+    desk.main.sbStatus.Saving.Click();
+    EXPECT_TRUE(desk.main.DownloadPanel.Form.Visible());
+    downloads.OnReport(first, {DownloadState::Done, DownloadProblem::None, 200, 200});
+    EXPECT_EQ(Saving(desk), "(nothing)");
+    EXPECT_EQ(desk.Said(), "a has been saved.");
+}
+
 TEST(DownloadsOfTheWindow, AreCountedOnTheirCommandAndAskedForAtTheEnd) {
     Desk desk;
     desk.StartWithTabs(1);
@@ -307,7 +342,8 @@ TEST(DownloadsOfTheWindow, AreCountedOnTheirCommandAndAskedForAtTheEnd) {
     const auto id = desk.main.Downloads.Begin({.Address = u"http://a.example/a"}, transfer).Id;
     EXPECT_EQ(badge(), 1U);
     EXPECT_EQ(desk.main.actBar.Find(u"xtrMore")->Badge(), 1U);
-    EXPECT_EQ(desk.Status(), "Saving a");
+    EXPECT_EQ(desk.Said(), "Saving a");
+    EXPECT_EQ(Saving(desk), "Saving 0 bytes");
     desk.messages.answer = Answer::No;
     desk.Click(u"mnuExit");
     EXPECT_EQ(

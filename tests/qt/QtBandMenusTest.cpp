@@ -120,6 +120,25 @@ TEST_F(QtBandMenusTest, TheEntryUnderThePointerIsReportedUntilTheMenuCloses) {
     EXPECT_EQ(pointed, "");
 }
 
+TEST_F(QtBandMenusTest, NoHelpIsLeftBehindWhenTheKeyboardLeavesTheMenuBar) {
+    QTest::keyClick(&window, Qt::Key_F, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return MenuAt(0).isVisible(); }));
+    QTest::keyClick(&MenuAt(0), Qt::Key_Escape);
+    ASSERT_FALSE(MenuAt(0).isVisible());
+    QTest::keyClick(window.menuBar(), Qt::Key_Right);
+    EXPECT_EQ(pointed, "mnuGo") << "the keyboard is in the menu bar";
+    QTest::keyClick(window.menuBar(), Qt::Key_Escape);
+    EXPECT_EQ(pointed, "");
+}
+
+TEST_F(QtBandMenusTest, NoHelpIsLeftBehindByAToolThatIsHiddenUnderThePointer) {
+    QToolButton& button = Button(u"bndGo", u"mnuRefresh");
+    QTest::mouseMove(&button, button.rect().center());
+    ASSERT_EQ(pointed, "mnuRefresh");
+    ToolBarOf(u"bndGo").hide();
+    EXPECT_EQ(pointed, "");
+}
+
 TEST_F(QtBandMenusTest, WhereThePointerIsOnNoEntryOfAnOpenMenuNoneIsReported) {
     bar.FindBand(u"bndFileMenu")->SetGroup(1, BeginGroup::Yes);
     QMenu& menu = MenuAt(0);

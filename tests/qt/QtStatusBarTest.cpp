@@ -70,6 +70,61 @@ TEST_F(QtStatusBarTest, NothingReplacesAComplaint) {
     EXPECT_TRUE(Shows("One went wrong. Two went wrong. Still more"));
 }
 
+TEST_F(QtStatusBarTest, WhatIsSaidCanBeTakenBackBesideItsWords) {
+    m_widget.resize(600, 26);
+    m_widget.show();
+    auto* undo = m_widget.findChild<QPushButton*>(QStringLiteral("cmdUndo"));
+    EXPECT_TRUE(undo->isHidden());
+    int undone = 0;
+    m_bar.Say(u"3 addresses were cleared.", [&] {
+        ++undone;
+        m_bar.Say(u"They are back.");
+    });
+    EXPECT_EQ(m_widget.currentMessage(), u"3 addresses were cleared.");
+    ASSERT_TRUE(undo->isVisible());
+    EXPECT_EQ(undo->accessibleName(), u"Undo");
+    EXPECT_GT(undo->x(), m_widget.fontMetrics().horizontalAdvance(m_widget.currentMessage()));
+    QTest::mouseClick(undo, Qt::LeftButton);
+    EXPECT_EQ(undone, 1);
+    EXPECT_TRUE(undo->isHidden());
+    EXPECT_EQ(m_widget.currentMessage(), u"They are back.");
+}
+
+TEST_F(QtStatusBarTest, AnotherNoticeEndsTheOfferAndAComplaintDoesNot) {
+    const auto offer = [this] { m_bar.Say(u"It was cleared.", [] {}); };
+    offer();
+    m_widget.Complain(QStringLiteral("One went wrong."));
+    EXPECT_TRUE(Shows("One went wrong. It was cleared."));
+    EXPECT_TRUE(m_bar.Undo.Visible());
+    m_widget.Notice(QStringLiteral("News"));
+    EXPECT_TRUE(Shows("One went wrong. News"));
+    EXPECT_FALSE(m_bar.Undo.Visible());
+}
+
+TEST_F(QtStatusBarTest, WhatIsWithdrawnLeavesThePagesText) {
+    m_bar.SimpleText = u"Done";
+    m_bar.Say(u"It was cleared.", [] {});
+    m_bar.Withdraw();
+    EXPECT_TRUE(Shows("Done"));
+    EXPECT_FALSE(m_bar.Undo.Visible());
+}
+
+TEST_F(QtStatusBarTest, SaysHowFarDownloadsAreBesideTheOtherButtons) {
+    m_widget.resize(700, 26);
+    m_widget.show();
+    auto* saving = m_widget.findChild<QPushButton*>(QStringLiteral("cmdSaving"));
+    EXPECT_TRUE(saving->isHidden());
+    m_bar.Saving.Caption = u"Saving 7 %";
+    m_bar.Saving.Visible = true;
+    EXPECT_EQ(saving->text(), u"Saving 7 %");
+    m_bar.StopAll.Visible = true;
+    EXPECT_FALSE(
+        saving->geometry().intersects(m_widget.findChild<QPushButton*>(QStringLiteral("cmdStopAll"))->geometry()));
+    m_bar.Saving.Caption = u"Saving 2 files, 100 %";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return saving->text() == u"Saving 2 files, 100 %"; }, 60000));
+    EXPECT_GE(saving->width(), saving->sizeHint().width()) << "it is as wide as its words";
+}
+
 TEST_F(QtStatusBarTest, SaysHowLargeTheTextIsAtItsEnd) {
     m_widget.resize(600, 26);
     m_widget.show();
