@@ -95,6 +95,8 @@ void QtToolActions::ShowShortcut(const Tool& tool, QAction& action) const {
     if (keys.isEmpty()) return;
     action.setShortcutContext(Qt::WidgetShortcut);
     action.setShortcut(keys);
+    // Qt leaves it out of menus that do not hang below the menu bar.
+    action.setShortcutVisibleInContextMenu(true);
     if (!tool.TooltipText.empty())
         action.setToolTip(QStringLiteral("%1 (%2)").arg(action.toolTip(), keys.toString(QKeySequence::NativeText)));
 }

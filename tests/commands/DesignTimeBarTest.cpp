@@ -283,6 +283,20 @@ TEST_F(DesignTimeBarTest, EveryToolHasItsCaptionAndDescription) {
     }
 }
 
+TEST_F(DesignTimeBarTest, OfOurOwnOnlyWhatAsksFirstHasDots) {
+    std::set<std::string> asking;
+    for (const auto& tool : bar.Tools()) {
+        const Text name = tool->Name();
+        if (name.starts_with(u"xtr") && tool->Caption().ends_with(u"...")) asking.insert(ToUtf8(name));
+    }
+    const std::set<std::string> expected{"xtrExportFavorites",   "xtrExportTessaGroups", "xtrFolderSave",
+                                         "xtrGroupDelete",       "xtrGroupOrganize",     "xtrImageSave",
+                                         "xtrImportFavorites",   "xtrImportTessaGroups", "xtrLinkAddToTessaGroup",
+                                         "xtrLinkSave",          "xtrMediaSave",         "xtrSessions",
+                                         "xtrTabAddToTessaGroup"};
+    EXPECT_EQ(asking, expected);
+}
+
 TEST_F(DesignTimeBarTest, IdsAreGivenOnce) {
     std::set<std::int32_t> ids;
     for (const auto& tool : bar.Tools()) EXPECT_TRUE(ids.insert(tool->Id()).second) << ToUtf8(tool->Name());
