@@ -137,6 +137,7 @@ void frmMain::WireDownloads() {
     sbStatus.Saving.Click = [this] { DownloadPanel.Form.Visible = true; };
     Commands.host.DownloadFolder = [this] { return Platform.downloads.Folder(); };
     Commands.host.ToggleDownloads = [this] { DownloadPanel.Form.Visible = !DownloadPanel.Form.Visible(); };
+    DownloadPanel.TimeText = Platform.timeText;
     DownloadPanel.Shown = [this](bool shown) {
         if (auto* tool = actBar.Find(u"xtrDownloads")) tool->Checked = shown;
     };

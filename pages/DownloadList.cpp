@@ -5,9 +5,10 @@
 
 namespace {
 
-/// A line a download: state, problem, bytes received, bytes in all, path, address, separated by tabs. Tabs and ends of
-/// lines do not occur in paths that we make, and not in addresses.
-constexpr std::size_t kFields = 6;
+/// A line a download: state, problem, bytes received, bytes in all, path, address, when it was done, separated by tabs.
+/// Tabs and ends of lines do not occur in paths that we make, and not in addresses. Where nobody knows when it was
+/// done, the last one is not there.
+constexpr std::size_t kFields = 7;
 constexpr std::int64_t kProblems = static_cast<std::int64_t>(DownloadProblem::Other) + 1;
 constexpr std::int64_t kStates = static_cast<std::int64_t>(DownloadState::Cancelled) + 1;
 
@@ -22,8 +23,10 @@ std::optional<std::array<std::string_view, kFields>> FieldsOf(std::string_view l
     std::array<std::string_view, kFields> fields;
     for (std::size_t i = 0; i < kFields; ++i) {
         const std::size_t tab = line.find('\t');
-        if ((tab == std::string_view::npos) != (i + 1 == kFields)) return std::nullopt;
+        const bool last = tab == std::string_view::npos;
         fields[i] = line.substr(0, tab);
+        if (last && i + 2 == kFields) return fields;
+        if (last != (i + 1 == kFields)) return std::nullopt;
         line.remove_prefix(tab == std::string_view::npos ? line.size() : tab + 1);
     }
     return fields;
@@ -32,17 +35,18 @@ std::optional<std::array<std::string_view, kFields>> FieldsOf(std::string_view l
 std::optional<Download> DownloadFrom(std::string_view line) {
     const auto fields = FieldsOf(line);
     if (!fields) return std::nullopt;
-    const auto& [stateText, problemText, receivedText, totalText, path, address] = *fields;
+    const auto& [stateText, problemText, receivedText, totalText, path, address, endedText] = *fields;
     const auto state = NumberField(stateText), problem = NumberField(problemText), received = NumberField(receivedText),
-               total = NumberField(totalText);
+               total = NumberField(totalText), ended = NumberField(endedText.empty() ? "0" : endedText);
     const auto place = FromUtf8(path), from = FromUtf8(address);
-    if (!state || !problem || !received || !total || !place || !from) return std::nullopt;
+    if (!state || !problem || !received || !total || !ended || !place || !from) return std::nullopt;
     if (*state < 0 || *state >= kStates || *problem < 0 || *problem >= kProblems) return std::nullopt;
-    if (*received < 0 || !place->starts_with(u'/') || from->empty()) return std::nullopt;
+    if (*received < 0 || *ended < 0 || !place->starts_with(u'/') || from->empty()) return std::nullopt;
     Download download;
     download.Address = *from;
     download.Path = *place;
     download.Report = {static_cast<DownloadState>(*state), static_cast<DownloadProblem>(*problem), *received, *total};
+    download.Ended = *ended;
     if (download.Active()) {
         download.Report.State = DownloadState::Broken;
         download.Report.Problem = DownloadProblem::Gone;
@@ -66,7 +70,9 @@ std::string Bytes(const std::deque<Download>& all) {
         for (const std::int64_t number : {static_cast<std::int64_t>(report.State),
                                           static_cast<std::int64_t>(report.Problem), report.Received, report.Total})
             bytes += std::to_string(number) + '\t';
-        bytes += ToUtf8(each.Path) + '\t' + ToUtf8(address) + '\n';
+        bytes += ToUtf8(each.Path) + '\t' + ToUtf8(address);
+        if (each.Ended > 0) bytes += '\t' + std::to_string(each.Ended);
+        bytes += '\n';
     }
     return bytes;
 }

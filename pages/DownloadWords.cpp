@@ -85,7 +85,7 @@ Text Standing(const Download& download, std::int64_t now) {
     case DownloadState::Broken:
         return Why(report.Problem) + u' ' + Amount(report);
     case DownloadState::Done:
-        return Size(report.Received);
+        return u"Done, " + Size(report.Received);
     case DownloadState::Cancelled:
         return u"Cancelled";
     }

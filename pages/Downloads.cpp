@@ -74,6 +74,7 @@ const Download& Downloads::Begin(const Request& request, std::shared_ptr<Downloa
     if (wanted.Path.empty()) wanted.Path = download->Path;
     download->Path = request.Overwrites ? wanted.Path : FreePath(wanted);
     download->Report = {DownloadState::Running, DownloadProblem::None, 0, request.Total};
+    download->Ended = 0;
     download->Rate.Reset();
     download->Rate.Add(m_desktop.Now(), 0);
     download->Transfer = std::move(transfer);
@@ -101,6 +102,7 @@ void Downloads::OnReport(std::int32_t id, const DownloadReport& report) {
         if (Changed) Changed();
         return;
     }
+    if (report.State == DownloadState::Done) download->Ended = m_desktop.Time();
     const Text name = NameOf(*download);
     Update();
     if (!Say) return;

@@ -20,6 +20,7 @@ struct Download {
     DownloadReport Report;
     TransferRate Rate;
     Remembered Kept = Remembered::Yes;
+    std::int64_t Ended = 0;                     ///< when it was done, in seconds since 1970; 0 when nobody knows
     std::shared_ptr<DownloadTransfer> Transfer; ///< nothing for one of an earlier run
 
     [[nodiscard]] bool Active() const {

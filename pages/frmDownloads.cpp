@@ -53,15 +53,27 @@ void frmDownloads::Show() {
     if (!Form.Visible()) return;
     std::vector<DownloadLine> lines;
     const std::int64_t now = m_downloads.Now();
-    for (const Download& each : m_downloads.All())
-        lines.push_back(
-            {each.Id, PlainLine(each.Name(), kNameInList), DownloadWords::Standing(each, now), PercentOf(each)});
+    for (const Download& each : m_downloads.All()) lines.push_back(LineOf(each, now));
     lstDownloads = std::move(lines);
     // One that stalls reports nothing, but is slower every second.
     const auto runs = [](const Download& each) { return each.Report.State == DownloadState::Running; };
     if (Schedule && std::ranges::any_of(m_downloads.All(), runs)) Schedule();
+    SelectNew();
     if (!m_downloads.Find(Selected())) Selected = m_downloads.All().empty() ? 0 : m_downloads.All().front().Id;
     ShowButtons();
+}
+
+DownloadLine frmDownloads::LineOf(const Download& download, std::int64_t now) const {
+    const Text time = TimeText && download.Ended > 0 ? TimeText(download.Ended) : Text();
+    return {download.Id, PlainLine(download.Name(), kNameInList), DownloadWords::Standing(download, now),
+            DownloadWords::Place(download, time), PercentOf(download)};
+}
+
+// Whoever has just begun one wants to see that one.
+void frmDownloads::SelectNew() {
+    const auto& all = m_downloads.All();
+    if (!all.empty() && all.front().Id > m_newest) Selected = all.front().Id;
+    for (const Download& each : all) m_newest = std::max(m_newest, each.Id);
 }
 
 void frmDownloads::ShowButtons() {
@@ -78,7 +90,7 @@ void frmDownloads::ShowButtons() {
     cmdRemove.Enabled = download && !active;
     const auto& all = m_downloads.All();
     cmdClear.Enabled = std::ranges::any_of(all, [](const Download& each) { return !each.Active(); });
-    lblNone.Caption = all.empty() ? u"Files that you save are listed here." : u"";
+    lblNone.Caption = all.empty() ? u"Nothing has been saved yet. Files that you save are listed here." : u"";
 }
 
 void frmDownloads::lstDownloads_DblClick() {

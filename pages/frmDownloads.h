@@ -9,6 +9,7 @@ struct DownloadLine {
     std::int32_t Id = 0;
     Text Name;
     Text Standing;    ///< how far it is, how fast, or why it broke off
+    Text Place;       ///< of one that is done: when, and in which folder
     int Percent = -1; ///< 0 to 100 of one that is under way; below 0 for none, above for one whose size nobody knows
     bool operator==(const DownloadLine&) const = default;
 };
@@ -34,7 +35,7 @@ public:
     Button cmdCancel{u"&Cancel"};
     Button cmdRemove{u"Re&move"};
     Button cmdClear{u"C&lear List"};
-    Label lblNone{u"Files that you save are listed here."};
+    Label lblNone{u""};
 
     /// The list has changed: has `Show` run soon.
     void Touch();
@@ -47,11 +48,16 @@ public:
 
     /// Has `Show` called in a part of a second. Filled in by the view.
     std::function<void()> Schedule;
+    /// A time in words, from seconds since 1970. Filled in by the main window.
+    std::function<Text(std::int64_t)> TimeText;
     /// The panel was shown or hidden. Filled in by the main window.
     std::function<void(bool)> Shown;
 
 private:
     void ShowButtons();
+    void SelectNew();
+    [[nodiscard]] DownloadLine LineOf(const Download& download, std::int64_t now) const;
 
     Downloads& m_downloads;
+    std::int32_t m_newest = 0; ///< the highest id that was shown; later ones are new
 };

@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int kLineMargin = 6;
+constexpr int kLeastWidth = 120;
 constexpr int kLineGap = 3;
 constexpr int kBarHeight = 12;
 
@@ -31,7 +32,10 @@ void FillItem(QListWidgetItem& item, const DownloadLine& line) {
     item.setData(QtDownloadDelegate::kPercentRole, line.Percent);
     item.setData(QtDownloadDelegate::kNameRole, ToQt(line.Name));
     item.setData(QtDownloadDelegate::kStandingRole, ToQt(line.Standing));
-    item.setData(Qt::AccessibleTextRole, ToQt(line.Name + u", " + line.Standing));
+    item.setData(QtDownloadDelegate::kPlaceRole, ToQt(line.Place));
+    const Text place = line.Place.empty() ? Text() : u", " + line.Place;
+    item.setData(Qt::AccessibleTextRole, ToQt(line.Name + u", " + line.Standing + place));
+    item.setToolTip(ToQt(place.empty() ? Text() : line.Place));
 }
 
 } // namespace
@@ -62,6 +66,8 @@ void QtDownloadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
         rest.setTop(rest.top() + kBarHeight + kLineGap);
     }
     write(index.data(kStandingRole).toString(), item.font, Qt::ElideRight);
+    if (const QString place = index.data(kPlaceRole).toString(); !place.isEmpty())
+        write(place, item.font, Qt::ElideMiddle);
     painter->restore();
 }
 
@@ -69,8 +75,10 @@ QSize QtDownloadDelegate::sizeHint(const QStyleOptionViewItem& option, const QMo
     QFont bold = option.font;
     bold.setBold(true);
     const int bar = index.data(kPercentRole).toInt() >= 0 ? kBarHeight + kLineGap : 0;
-    const int text = QFontMetrics(bold).height() + kLineGap + QFontMetrics(option.font).height();
-    return {200, 2 * kLineMargin + text + bar};
+    const int line = kLineGap + QFontMetrics(option.font).height();
+    const int place = index.data(kPlaceRole).toString().isEmpty() ? 0 : line;
+    const int text = QFontMetrics(bold).height() + line + place;
+    return {kLeastWidth, 2 * kLineMargin + text + bar};
 }
 
 QtDownloadLines::QtDownloadLines(frmDownloads& form, QWidget* parent) : QListWidget(parent), m_form(form) {

@@ -4,7 +4,8 @@
 #include <QListWidget>
 #include <QStyledItemDelegate>
 
-/// Draws a download as three lines: its name, how far it is as a bar, and the same in words.
+/// Draws a download as three lines: its name, how far it is as a bar, and the same in words. Of one that is done the
+/// last says when that was, and where it lies.
 class QtDownloadDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -14,6 +15,7 @@ public:
     static constexpr int kIdRole = Qt::UserRole + 1;
     static constexpr int kNameRole = Qt::UserRole + 2;
     static constexpr int kStandingRole = Qt::UserRole + 3;
+    static constexpr int kPlaceRole = Qt::UserRole + 4;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;

@@ -4,6 +4,7 @@
 #include "qt/QtFileManager.h"
 #include "qt/QtPageDocuments.h"
 
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QHash>
 #include <QObject>
@@ -46,6 +47,7 @@ public:
     Outcome ShowInFolder(TextView path) override;
     Outcome Fetch(std::int32_t id, TextView address) override;
     [[nodiscard]] std::int64_t Now() override { return m_clock.elapsed(); }
+    [[nodiscard]] std::int64_t Time() override { return QDateTime::currentSecsSinceEpoch(); }
 
 private:
     struct Expected {

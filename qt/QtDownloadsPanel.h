@@ -7,9 +7,11 @@
 #include <functional>
 
 class QDockWidget;
+class QGridLayout;
 class QMainWindow;
 
-/// The pane of the window that shows the downloads. It costs nothing while it is hidden.
+/// The pane of the window that shows the downloads. It takes at most a quarter of the window until its user drags it
+/// wider. It costs nothing while it is hidden.
 class QtDownloadsPanel final : public QObject {
     Q_OBJECT
 
@@ -28,9 +30,17 @@ private:
     void Open();
     void Close();
     [[nodiscard]] QWidget* Contents();
+    void AddButtons(QWidget& contents);
+    void LayButtons();
+    void Fit();
+    bool OnWindow(const QEvent& event);
 
     frmDownloads& m_form;
     QMainWindow& m_window;
     QPointer<QDockWidget> m_pane;
+    QPointer<QGridLayout> m_buttons;
     QTimer m_refresh;
+    int m_columns = 0;
+    int m_width = 0;      ///< in pixels, as the user has dragged it; 0 for never
+    bool m_drags = false; ///< a border between panes is being dragged
 };

@@ -41,4 +41,6 @@ public:
     virtual Outcome Fetch(std::int32_t id, TextView address) = 0;
     /// A steady clock, in milliseconds.
     [[nodiscard]] virtual std::int64_t Now() = 0;
+    /// The time of day, in seconds since 1970.
+    [[nodiscard]] virtual std::int64_t Time() = 0;
 };

@@ -14,11 +14,13 @@ public:
         return Add("fetch " + std::to_string(id) + " " + ToUtf8(address));
     }
     [[nodiscard]] std::int64_t Now() override { return now; }
+    [[nodiscard]] std::int64_t Time() override { return time; }
     /// What it was asked so far, separated by ", "; forgets it.
     std::string Take() { return std::exchange(m_asked, {}); }
 
     Text folder = u"/nowhere/downloads";
     std::int64_t now = 0;
+    std::int64_t time = 1'700'000'000;
     bool refuses = false; ///< every call that can fail does
 
 private:

@@ -18,6 +18,7 @@ protected:
         desktop.folder.pop_back();
         downloads.Changed = [this] { panel.Touch(); };
         downloads.Say = [this](TextView text) { said = ToUtf8(text); };
+        panel.TimeText = [](std::int64_t time) { return u"at " + Decimal(time); };
         panel.Form.Visible = true;
     }
     ~DownloadsTest() override { EXPECT_EQ(SkippedSteps(), skippedBefore); }
@@ -36,7 +37,7 @@ protected:
         std::string all;
         for (const DownloadLine& each : panel.lstDownloads()) {
             all += (all.empty() ? "" : " | ") + std::string(each.Id == panel.Selected() ? "*" : "") +
-                   ToUtf8(each.Name) + ": " + ToUtf8(each.Standing);
+                   ToUtf8(each.Name) + ": " + ToUtf8(each.Standing + (each.Place.empty() ? u"" : u" - ") + each.Place);
             if (each.Percent >= 0 && each.Percent <= 100) all += " " + std::to_string(each.Percent) + "%";
         }
         return all;
@@ -69,7 +70,7 @@ TEST_F(DownloadsTest, TellsHowFarHowFastAndHowLong) {
     Report(id, DownloadState::Running, 8'000'000);
     EXPECT_EQ(Lines(), "*film.mp4: 8 MB of 40 MB, 4 MB a second, about 8 seconds left 20%");
     Report(id, DownloadState::Done, 40'000'000);
-    EXPECT_EQ(Lines(), "*film.mp4: 40 MB");
+    EXPECT_EQ(Lines(), "*film.mp4: Done, 40 MB - at 1700000000, in " + ToUtf8(desktop.folder));
     EXPECT_EQ(said, "film.mp4 has been saved.");
     EXPECT_EQ(Buttons(), "&Open Show in &Folder Re&move C&lear List");
 }
@@ -209,7 +210,10 @@ TEST_F(DownloadsTest, SurvivesARestart) {
     laterPanel.Form.Visible = true;
     ASSERT_EQ(laterPanel.lstDownloads().size(), 2U) << "what is not to be remembered is not";
     EXPECT_EQ(laterPanel.lstDownloads()[0].Standing, u"It was not finished. 3 bytes of 9 bytes");
-    EXPECT_EQ(laterPanel.lstDownloads()[1].Standing, u"5 bytes");
+    EXPECT_EQ(laterPanel.lstDownloads()[1].Standing, u"Done, 5 bytes");
+    laterPanel.TimeText = [](std::int64_t time) { return Decimal(time); };
+    laterPanel.Show();
+    EXPECT_EQ(laterPanel.lstDownloads()[1].Place, u"1700000000, in " + desktop.folder);
     laterPanel.cmdPause.Click();
     EXPECT_EQ(desktop.Take(), "fetch 1 http://a.example/running") << "it begins anew";
 }
@@ -222,13 +226,40 @@ TEST_F(DownloadsTest, EndsWhatRunsWithTheProgram) {
     EXPECT_EQ(downloads.Find(id)->Report.State, DownloadState::Broken);
 }
 
+TEST_F(DownloadsTest, TellsOfOneThatIsDoneWhenThatWasAndWhereItLies) {
+    const auto id = Begin(u"http://a.example/a", {}, 5);
+    desktop.time = 1234;
+    Report(id, DownloadState::Done, 5);
+    desktop.time = 9999;
+    panel.Show();
+    EXPECT_EQ(Lines(), "*a: Done, 5 bytes - at 1234, in " + ToUtf8(desktop.folder));
+}
+
+TEST_F(DownloadsTest, SelectsANewOneWhateverWasSelected) {
+    const auto first = Begin(u"http://a.example/a", {}, 5);
+    Begin(u"http://a.example/b", {}, 5);
+    panel.Show();
+    EXPECT_EQ(Lines(), "*b: 0 bytes of 5 bytes 0% | a: 0 bytes of 5 bytes 0%");
+    panel.Selected = first;
+    Report(first, DownloadState::Running, 2);
+    panel.Show();
+    EXPECT_EQ(panel.Selected(), first) << "what goes on takes the selection from nobody";
+    panel.Form.Visible = false;
+    Begin(u"http://a.example/c", {}, 5);
+    panel.Form.Visible = true;
+    EXPECT_EQ(ToUtf8(panel.lstDownloads()[0].Name) +
+                  (panel.Selected() == panel.lstDownloads()[0].Id ? " selected" : ""),
+              "c selected");
+}
+
 TEST_F(DownloadsTest, LeavesOutDamagedLinesOfItsFile) {
     const std::string good = "3\t0\t5\t5\t/d/a\thttp://a.example/a\n";
     folder.Write("list", good + "nonsense\n9\t0\t5\t5\t/d/b\thttp://b\n3\t0\t5\t5\trelative\thttp://c\n" +
                              "3\t0\t-5\t5\t/d/d\thttp://d\n3\t0\t5\t5\t/d/\xFF\thttp://e\n3\t0\t5\t5\t/d/f\t\n" + good +
-                             "3\t0\t5\t5\t/d/cut\thttp://cut");
+                             "3\t0\t5\t5\t/d/b\thttp://b\t77\n3\t0\t5\t5\t/d/g\thttp://g\t-7\n" +
+                             "3\t0\t5\t5\t/d/g\thttp://g\t7\t7\n3\t0\t5\t5\t/d/cut\thttp://cut");
     downloads.Load();
-    EXPECT_EQ(Lines(), "*a: 5 bytes | a: 5 bytes");
+    EXPECT_EQ(Lines(), "*a: Done, 5 bytes - In /d | a: Done, 5 bytes - In /d | b: Done, 5 bytes - at 77, in /d");
 }
 
 TEST_F(DownloadsTest, ForgetsTheOldestOfTooMany) {

@@ -63,6 +63,10 @@ TEST_F(DownloadsPanel, SpeaksAndFollowsTheDownloads) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return Spoken() == u"a.zip, 40 bytes of 100 bytes"; }));
     Begin(u"b.zip");
     EXPECT_TRUE(QTest::qWaitFor([this] { return Lines()->count() == 2; }));
+    EXPECT_EQ(Lines()->currentRow(), 0) << "the new one is selected";
+    Press(Qt::Key_Down);
+    Report(id, DownloadState::Running, 50);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Spoken().endsWith(u"a.zip, 50 bytes of 100 bytes"); }));
     EXPECT_EQ(Lines()->currentRow(), 1) << "the selection stays with its download";
 }
 
@@ -116,6 +120,50 @@ TEST_F(DownloadsPanel, ClosesWithEscapeAndByItsButtonAndHandsTheKeyboardBack) {
     form.Form.Visible = true;
     window.findChild<QDockWidget*>(QStringLiteral("downloads"))->close();
     EXPECT_FALSE(form.Form.Visible());
+}
+
+TEST_F(DownloadsPanel, TakesAQuarterOfTheWindowUntilItIsMadeWider) {
+    Begin(u"a.zip");
+    form.Form.Visible = true;
+    const auto pane = [this] { return window.findChild<QDockWidget*>(QStringLiteral("downloads")); };
+    const auto takes = [&](int width) { return QTest::qWaitFor([=] { return pane()->width() == width; }); };
+    for (const int width : {900, 700, 1200}) {
+        window.resize(width, 600);
+        EXPECT_TRUE(takes(width / 4)) << pane()->width() << " of " << width;
+    }
+    window.resize(2400, 600);
+    EXPECT_TRUE(takes(380)) << "wider is of no use";
+    window.resize(900, 600);
+    ASSERT_TRUE(takes(225));
+    const QPoint border(window.centralWidget()->geometry().right() + 2, 300);
+    QTest::mousePress(&window, Qt::LeftButton, {}, border);
+    QTest::mouseMove(&window, border - QPoint(100, 0));
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, border - QPoint(100, 0));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane()->width() > 300; })) << "dragged wider";
+    const int wider = pane()->width();
+    form.Form.Visible = false;
+    form.Form.Visible = true;
+    EXPECT_TRUE(takes(wider)) << "the user's own width stays";
+}
+
+TEST_F(DownloadsPanel, CutsNoCaptionOfItsButtonsHoweverNarrowItIs) {
+    Begin(u"a.zip");
+    form.Form.Visible = true;
+    for (const int width : {700, 1500}) {
+        window.resize(width, 600);
+        auto* pane = window.findChild<QDockWidget*>(QStringLiteral("downloads"));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return pane->width() == std::min(width / 4, 380); }));
+        for (const auto* button : pane->widget()->findChildren<QPushButton*>())
+            EXPECT_GE(button->width(), button->sizeHint().width()) << button->objectName().toStdString() << width;
+    }
+}
+
+TEST_F(DownloadsPanel, SaysOfOneThatIsDoneWhereItLies) {
+    const auto id = Begin(u"a.zip");
+    form.Form.Visible = true;
+    Report(id, DownloadState::Done, 100);
+    form.Show();
+    EXPECT_EQ(Spoken(), u"a.zip, Done, 100 bytes, In /nowhere/downloads");
 }
 
 TEST_F(DownloadsPanel, PaintsNamesThatAreTextAndNothingElse) {
