@@ -24,6 +24,8 @@ void frmSessions::LoadSessions() {
     Selected = kNone;
     lstSessions = std::move(lines);
     Selected = m_sessions.empty() ? kNone : 0;
+    if (m_sessions.empty())
+        lblMessage.Caption = u"There is no earlier session yet. What is open now is listed here the next time.";
     ShowPages();
 }
 

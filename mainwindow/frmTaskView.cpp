@@ -15,7 +15,7 @@ TextView StateOf(const PageLife* life, bool front) {
     if (!life) return u"Not loaded";
     if (life->Ended()) return u"Ended";
     if (life->Asleep()) return u"Asleep";
-    return front ? u"Awake" : u"Parked";
+    return front ? u"In front" : u"In the background";
 }
 
 Text Folded(TextView text) {

@@ -3,6 +3,7 @@
 #include "qt/Bind.h"
 #include "qt/QtChoice.h"
 #include "qt/QtListBox.h"
+#include "qt/QtPageList.h"
 #include "qt/QtText.h"
 
 #include <QCheckBox>
@@ -14,7 +15,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
-#include <QTabWidget>
 #include <QVBoxLayout>
 
 namespace {
@@ -103,16 +103,15 @@ QtInternetOptionsDialog::QtInternetOptionsDialog(frmInternetOptions& form, QWidg
     : QDialog(parent), m_form(form) {
     setObjectName(QStringLiteral("frmInternetOptions"));
     setWindowTitle(ToQt(form.Caption));
-    auto* tabs = new QTabWidget(this);
-    tabs->setObjectName(QStringLiteral("tabOptions"));
-    tabs->addTab(GeneralPage(), QStringLiteral("&General"));
-    tabs->addTab(ProgramsPage(), QStringLiteral("&Programs"));
-    tabs->addTab(PrivacyPage(), QStringLiteral("Pri&vacy"));
-    tabs->addTab(SitesPage(), QStringLiteral("Sit&es"));
-    tabs->addTab(ClearPage(), QStringLiteral("C&lear Data"));
-    tabs->addTab(ConnectionPage(), QStringLiteral("&Connection"));
+    m_pages = new QtPageList(this);
+    m_pages->Add(*GeneralPage(), QStringLiteral("&General"));
+    m_pages->Add(*ProgramsPage(), QStringLiteral("&Programs"));
+    m_pages->Add(*PrivacyPage(), QStringLiteral("Pri&vacy"));
+    m_pages->Add(*SitesPage(), QStringLiteral("Sit&es"));
+    m_pages->Add(*ClearPage(), QStringLiteral("C&lear Data"));
+    m_pages->Add(*ConnectionPage(), QStringLiteral("&Connection"));
     auto* rows = new QVBoxLayout(this);
-    rows->addWidget(tabs);
+    rows->addWidget(m_pages);
     rows->addWidget(Buttons());
     // Larger fonts enlarge the dialog; more room than it needs is of no use.
     rows->setSizeConstraint(QLayout::SetFixedSize);
@@ -171,12 +170,10 @@ QWidget* QtInternetOptionsDialog::SitesPage() {
     auto* revoke = NewButton(m_form.cmdRevoke, "cmdRevoke", u'R');
     auto* key = new QShortcut(QKeySequence::Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
     connect(key, &QShortcut::activated, revoke, &QPushButton::click);
-    auto* hint = new QLabel;
-    Bind(m_form.lblSitesHint, *hint, QStringLiteral("lblSitesHint"));
     rows->addWidget(caption);
     rows->addWidget(list);
     AddButtons(*rows, {revoke, NewButton(m_form.cmdRevokeAll, "cmdRevokeAll", u'A')});
-    rows->addWidget(hint);
+    AddNote(*rows, m_form.lblSitesHint, "lblSitesHint");
     return page;
 }
 
@@ -213,9 +210,8 @@ QWidget* QtInternetOptionsDialog::ConnectionPage() {
 }
 
 void QtInternetOptionsDialog::LeadTo(QWidget& page, TextBox& box) {
-    auto* tabs = findChild<QTabWidget*>(QStringLiteral("tabOptions"));
-    box.SetFocus = [tabs, &page, focus = box.SetFocus] {
-        tabs->setCurrentWidget(&page);
+    box.SetFocus = [pages = m_pages, &page, focus = box.SetFocus] {
+        pages->Show(page);
         focus();
     };
 }

@@ -5,6 +5,7 @@
 
 class QFormLayout;
 class QHBoxLayout;
+class QtPageList;
 class QVBoxLayout;
 
 /// The window of `frmInternetOptions`: lays out its controls and binds them. The form must outlive it.
@@ -24,6 +25,7 @@ private:
     void LeadTo(QWidget& page, TextBox& box);
 
     frmInternetOptions& m_form;
+    QtPageList* m_pages = nullptr;
 };
 
 /// Shows the form over `parent` until it hides; `form.Apply` then tells OK from Cancel.

@@ -129,6 +129,10 @@ void frmInternetOptions::ShowSites(std::size_t selected) {
 void frmInternetOptions::lstSites_Click() {
     cmdRevoke.Enabled = lstSites.FindSelected() != nullptr;
     cmdRevokeAll.Enabled = lstSites.ListCount() > 0;
+    lblSitesHint.Caption = lstSites.ListCount() > 0
+                               ? u"When you revoke an answer, the site has to ask you again."
+                               : u"There is nothing yet. When a site asks you whether it may do something, your answer "
+                                 u"is listed here.";
 }
 
 void frmInternetOptions::cmdRevoke_Click() {
@@ -161,7 +165,7 @@ void frmInternetOptions::ShowCleared(Cleared cleared) {
         lblCleared.Caption = u"Cleared.";
         break;
     case Cleared::AtNextStart:
-        lblCleared.Caption = u"Cleared. What sites have stored goes when TessaView starts next.";
+        lblCleared.Caption = u"Cleared. What sites have stored is cleared when TessaView is started the next time.";
         break;
     case Cleared::NotAll:
         lblCleared.Caption = u"Not everything could be cleared.";

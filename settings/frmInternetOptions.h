@@ -85,23 +85,24 @@ public:
     CheckBox chkDoNotTrack{u"Tell sites not to track me"};
     CheckBox chkGlobalPrivacyControl{u"Tell sites not to sell or share what they know of me"};
 
-    Label lblSites{u"What was decided for sites"};
+    Label lblSites{u"What you allow and refuse sites"};
     ListBox lstSites;
     Button cmdRevoke{u"Revoke"};
     Button cmdRevokeAll{u"Revoke All"};
-    Label lblSitesHint{u"A site that is revoked has to ask again."};
+    Label lblSitesHint{u""};
 
-    CheckBox chkClearCookies{u"Cookies"};
-    CheckBox chkClearSiteData{u"What sites have stored"};
-    CheckBox chkClearCache{u"Stored copies of pages"};
-    CheckBox chkClearVisited{u"Visited links"};
-    CheckBox chkClearTyped{u"Typed addresses and searches"};
-    Choice cboSince{u"Cookies and visited links of",
+    CheckBox chkClearCookies{u"Cookies: sites forget you and log you out"};
+    CheckBox chkClearSiteData{u"What sites have stored on this computer beside cookies"};
+    CheckBox chkClearCache{u"Stored copies of pages and pictures, which load faster from there"};
+    CheckBox chkClearVisited{u"Visited links: pages show all links in the colour of new ones"};
+    CheckBox chkClearTyped{u"The lists of the address box and the search box"};
+    Choice cboSince{u"Of these two, clear what is from",
                     {u"the last hour", u"the last day", u"the last week", u"all time"}};
     Button cmdClear{u"Clear Now"};
     Label lblCleared{u""};
-    Label lblClearNote{u"All else goes whole. When links were visited before this start is not known: they all go once "
-                       u"the time reaches back that far."};
+    Label lblClearNote{
+        u"Everything else is cleared from the beginning on. TessaView knows when you visited a link only "
+        u"since it was started. When you choose a time before that, all visited links are cleared."};
 
     Choice cboProxy{u"Proxy", {u"As the desktop has it", u"None", u"HTTP proxy", u"SOCKS 5 proxy"}};
     Label lblProxyHost{u"Host"};

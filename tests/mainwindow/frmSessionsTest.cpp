@@ -83,6 +83,7 @@ TEST(frmSessions, WithoutSessionsThereIsNothingToDo) {
         EXPECT_EQ(form.Selected(), frmSessions::kNone);
         for (const Button* each : {&form.cmdOpen, &form.cmdSave, &form.cmdForget}) EXPECT_FALSE(each->Enabled());
         EXPECT_FALSE(form.chkAll.Enabled());
+        EXPECT_TRUE(form.lblMessage.Caption().starts_with(u"There is no earlier session yet."));
         form.cmdOpen.Click();
         form.cmdForget.Click();
         EXPECT_TRUE(form.Form.Visible());

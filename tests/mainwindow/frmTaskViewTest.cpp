@@ -53,7 +53,7 @@ TEST_F(TaskView, ShowsWhatEachTabUsesTheMostFirst) {
     Open();
     EXPECT_EQ(Column(TaskColumn::Title), "Weather|News|apples");
     EXPECT_EQ(Column(TaskColumn::Address), "http://weather.example/|http://news.example/|http://apples.example/");
-    EXPECT_EQ(Column(TaskColumn::State), "Parked|Awake|Parked");
+    EXPECT_EQ(Column(TaskColumn::State), "In the background|In front|In the background");
     EXPECT_EQ(Column(TaskColumn::Memory), "120 MB|80 MB|40 MB");
     EXPECT_EQ(Column(TaskColumn::Processor), "||");
     EXPECT_EQ(form.lblTotal.Caption(), u"3 tabs, 3 processes, 240 MB");
@@ -174,7 +174,7 @@ TEST_F(TaskView, GoesToTheTab) {
     form.lstTasks_DblClick();
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
     EXPECT_EQ(mainShown, 1);
-    EXPECT_EQ(Column(TaskColumn::State), "Parked|Parked|Awake");
+    EXPECT_EQ(Column(TaskColumn::State), "In the background|In the background|In front");
     EXPECT_TRUE(form.Form.Visible());
     form.cmdGoTo.Click();
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
@@ -187,7 +187,7 @@ TEST_F(TaskView, EndsTheProcessOfTheSelectedTab) {
     form.cmdEnd.Click();
     EXPECT_EQ(desk.views.Calls(2).find("end") != std::string::npos, true);
     EXPECT_EQ(Column(TaskColumn::Title), "News|apples|Weather");
-    EXPECT_EQ(Column(TaskColumn::State), "Awake|Parked|Ended");
+    EXPECT_EQ(Column(TaskColumn::State), "In front|In the background|Ended");
     EXPECT_FALSE(form.cmdEnd.Enabled());
     EXPECT_EQ(desk.Strip(), "[1*] 2 3");
 }
@@ -197,7 +197,7 @@ TEST_F(TaskView, AProcessThatCannotBeEndedStays) {
     desk.views.At(1).refuses = true;
     desk.ExpectSkipped(1);
     form.cmdEnd.Click();
-    EXPECT_EQ(Column(TaskColumn::State), "Parked|Awake|Parked");
+    EXPECT_EQ(Column(TaskColumn::State), "In the background|In front|In the background");
 }
 
 TEST_F(TaskView, WhatAPageCallsItselfIsOneReadableLine) {

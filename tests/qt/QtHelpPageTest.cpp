@@ -1,6 +1,7 @@
 #include "commands/DesignTimeBar.h"
 #include "commands/ToolNames.h"
 #include "pages/InstanceProfiles.h"
+#include "qt/QtKeys.h"
 #include "qt/QtText.h"
 #include "settings/frmInternetOptions.h"
 #include "settings/frmSettings.h"
@@ -54,6 +55,23 @@ TEST_F(QtHelpPageTest, EverySettingIsExplained) {
     const frmInternetOptions options(settings, {});
     ExpectSays(ToQt(options.Caption));
     ExpectSays(ToQt(options.cmdClear.Caption()));
+}
+
+// Plus and minus are told without Shift, which some keyboards need for them.
+TEST_F(QtHelpPageTest, EveryCombinationIsTold) {
+    for (const Shortcut& each : DesignedShortcuts()) {
+        if (each.Key.KeyCode == Keys::kPlus && each.Key.Shift != Keys::kCtrl) continue;
+        QString keys = QtKeys::Sequence(each.Key).toString(QKeySequence::PortableText);
+        keys.replace(QStringLiteral("Left"), QStringLiteral("←")).replace(QStringLiteral("Right"), QStringLiteral("→"));
+        const QRegularExpression told(QStringLiteral("(?<![\\w+])%1(?![\\w+])").arg(QRegularExpression::escape(keys)));
+        EXPECT_TRUE(m_words.mid(m_words.lastIndexOf(QStringLiteral("Keys "))).contains(told)) << keys.toStdString();
+    }
+    for (const char* keys : {"F10", "F6", "Shift+F6", "Alt+M", "Shift+F10"}) ExpectSays(QLatin1String(keys));
+}
+
+TEST_F(QtHelpPageTest, EveryStateOfTheTaskViewIsExplained) {
+    for (const char* state : {"In front", "In the background", "Asleep", "Not loaded", "Ended"})
+        EXPECT_TRUE(m_html.contains(QStringLiteral("<dt>%1</dt><dd>").arg(QLatin1String(state)))) << state;
 }
 
 TEST_F(QtHelpPageTest, WhatAWindowSaysOfItsProfileIsExplained) {

@@ -1,5 +1,6 @@
 #include "qt/QtInternetOptionsDialog.h"
 
+#include "qt/QtPageList.h"
 #include "qt/QtText.h"
 #include "tests/fakes/FakeSettings.h"
 
@@ -8,9 +9,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
+#include <QListWidget>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -67,9 +67,9 @@ protected:
     }
 
     static void ShowPageOf(QDialog& dialog, const QWidget& control) {
-        auto& tabs = Find<QTabWidget>(dialog, "tabOptions");
-        for (int i = 0; i < tabs.count(); ++i)
-            if (tabs.widget(i)->isAncestorOf(&control)) tabs.setCurrentIndex(i);
+        auto& pages = Find<QtPageList>(dialog, "pagesOptions");
+        for (int i = 0; i < pages.Count(); ++i)
+            if (pages.Page(i)->isAncestorOf(&control)) pages.SetCurrent(i);
         ASSERT_TRUE(control.isVisible()) << control.objectName().toStdString();
     }
 
@@ -135,7 +135,7 @@ TEST_F(QtInternetOptionsDialogTest, TabsSleepAfterTheTimeThatIsTyped) {
         auto& minutes = Find<QLineEdit>(dialog, "txtSleepMinutes");
         ASSERT_TRUE(minutes.hasFocus());
         QTest::keyClicks(&minutes, QStringLiteral("0"));
-        Find<QTabWidget>(dialog, "tabOptions").setCurrentIndex(2);
+        Find<QtPageList>(dialog, "pagesOptions").SetCurrent(2);
         Click(dialog, "cmdOK");
         EXPECT_TRUE(minutes.hasFocus()) << "what is wrong is led to, wherever it is";
         EXPECT_FALSE(Find<QLabel>(dialog, "lblSleepBad").text().isEmpty());
@@ -159,7 +159,7 @@ TEST_F(QtInternetOptionsDialogTest, EscapeKeepsNothing) {
 TEST_F(QtInternetOptionsDialogTest, AProxyThatIsNotWholeLeadsToWhatIsMissing) {
     Use([](QDialog& dialog) {
         Choose(dialog, "cboProxy", 2);
-        Find<QTabWidget>(dialog, "tabOptions").setCurrentIndex(0);
+        Find<QtPageList>(dialog, "pagesOptions").SetCurrent(0);
         Click(dialog, "cmdOK");
         EXPECT_TRUE(dialog.isVisible());
         EXPECT_TRUE(Find<QLineEdit>(dialog, "txtProxyHost").isVisible());
@@ -185,10 +185,10 @@ TEST_F(QtInternetOptionsDialogTest, ClearNowClearsWhileTheDialogStaysOpen) {
 
 TEST_F(QtInternetOptionsDialogTest, WhatSitesMayIsRevokedByKeyboard) {
     Use([this](QDialog& dialog) {
-        auto& tabs = Find<QTabWidget>(dialog, "tabOptions");
+        const auto& pages = Find<QtPageList>(dialog, "pagesOptions");
         QTest::keyClick(dialog.focusWidget(), Qt::Key_E, Qt::AltModifier);
         auto& list = Find<QListView>(dialog, "lstSites");
-        ASSERT_TRUE(list.isVisible()) << tabs.currentIndex();
+        ASSERT_TRUE(list.isVisible()) << pages.Current();
         QTest::keyClick(dialog.focusWidget(), Qt::Key_W, Qt::AltModifier);
         ASSERT_EQ(dialog.focusWidget(), &list);
         EXPECT_EQ(list.model()->rowCount(), 3);
@@ -224,22 +224,62 @@ TEST_F(QtInternetOptionsDialogTest, ThePresentPageAndAChosenFolderFillTheirBoxes
 
 TEST_F(QtInternetOptionsDialogTest, EveryControlHasANameThatAPersonCanHearAndKeysOfAPageDiffer) {
     QtInternetOptionsDialog dialog(m_form);
-    auto& tabs = Find<QTabWidget>(dialog, "tabOptions");
-    for (int i = 0; i < tabs.count(); ++i) {
-        QString keys = QStringLiteral("gpvelc"); // those of the tabs
+    auto& pages = Find<QtPageList>(dialog, "pagesOptions");
+    for (int i = 0; i < pages.Count(); ++i) {
+        QString keys = QStringLiteral("gpvelc"); // those of the pages
         const auto take = [&](const QString& text) {
             const qsizetype at = text.indexOf(u'&');
             if (at < 0) return;
             EXPECT_FALSE(keys.contains(text[at + 1].toLower())) << text.toStdString();
             keys += text[at + 1].toLower();
         };
-        for (const auto* label : tabs.widget(i)->findChildren<QLabel*>()) take(label->text());
-        for (const auto* button : tabs.widget(i)->findChildren<QAbstractButton*>()) take(button->text());
-        for (const auto* edit : tabs.widget(i)->findChildren<QLineEdit*>())
+        for (const auto* label : pages.Page(i)->findChildren<QLabel*>()) take(label->text());
+        for (const auto* button : pages.Page(i)->findChildren<QAbstractButton*>()) take(button->text());
+        for (const auto* edit : pages.Page(i)->findChildren<QLineEdit*>())
             EXPECT_FALSE(edit->accessibleName().isEmpty()) << edit->objectName().toStdString();
-        for (const auto* box : tabs.widget(i)->findChildren<QComboBox*>())
+        for (const auto* box : pages.Page(i)->findChildren<QComboBox*>())
             EXPECT_FALSE(box->accessibleName().isEmpty()) << box->objectName().toStdString();
     }
+}
+
+TEST_F(QtInternetOptionsDialogTest, AllPagesStandInAListAtTheSideAndAreReachedByKeyboard) {
+    Use([](QDialog& dialog) {
+        auto& list = Find<QListWidget>(dialog, "lstPages");
+        const auto& pages = Find<QtPageList>(dialog, "pagesOptions");
+        QStringList names;
+        for (int i = 0; i < list.count(); ++i) {
+            names << list.item(i)->text();
+            const QRect place = list.visualItemRect(list.item(i));
+            EXPECT_TRUE(list.viewport()->rect().contains(place)) << "no page is hidden: " << i;
+            EXPECT_LE(list.fontMetrics().horizontalAdvance(names.last()), place.width());
+        }
+        EXPECT_EQ(names.join(u'|'), u"General|Programs|Privacy|Sites|Clear Data|Connection");
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_L, Qt::AltModifier);
+        EXPECT_EQ(pages.Current(), 4);
+        EXPECT_TRUE(list.hasFocus());
+        QTest::keyClick(&list, Qt::Key_Up);
+        EXPECT_EQ(pages.Current(), 3);
+        EXPECT_TRUE(pages.Page(3)->isVisible());
+        QTest::keyClick(&list, Qt::Key_P);
+        EXPECT_EQ(pages.Current(), 1) << "by the name's first letter";
+        for (const int wanted : {2, 3, 4, 5, 0}) {
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_PageDown, Qt::ControlModifier);
+            EXPECT_EQ(pages.Current(), wanted);
+        }
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_PageUp, Qt::ControlModifier);
+        EXPECT_EQ(pages.Current(), 5);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(QtInternetOptionsDialogTest, AnEmptyListOfSitesSaysWhatItIsFor) {
+    Use([this](QDialog& dialog) {
+        auto& hint = Find<QLabel>(dialog, "lblSitesHint");
+        EXPECT_EQ(hint.text(), QStringLiteral("When you revoke an answer, the site has to ask you again."));
+        Click(dialog, "cmdRevokeAll");
+        EXPECT_TRUE(hint.text().startsWith(QStringLiteral("There is nothing yet."))) << hint.text().toStdString();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
 }
 
 } // namespace

@@ -251,7 +251,8 @@ TEST_F(InternetOptions, WhatSitesHaveStoredTakesItsTimeAndSoDoesTheAnswer) {
     form->chkClearSiteData.Tick(true);
     form->cmdClear.Click();
     forgotten(Cleared::AtNextStart);
-    EXPECT_EQ(form->lblCleared.Caption(), u"Cleared. What sites have stored goes when TessaView starts next.");
+    EXPECT_EQ(form->lblCleared.Caption(),
+              u"Cleared. What sites have stored is cleared when TessaView is started the next time.");
     form->chkClearSiteData.Tick(true);
     form->cmdClear.Click();
     forgotten(Cleared::NotAll);
