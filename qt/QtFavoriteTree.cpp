@@ -2,6 +2,7 @@
 
 #include "common/Captions.h"
 #include "qt/QtIcons.h"
+#include "qt/QtSelectedIcon.h"
 #include "qt/QtText.h"
 
 #include <QDropEvent>
@@ -22,7 +23,7 @@ void Fill(QTreeWidgetItem& item, const Text& title, const Text& path, bool isFol
     item.setData(0, kShown, shown);
     item.setData(0, kPathRole, ToQt(path));
     item.setData(0, kIsFolder, isFolder);
-    item.setIcon(0, QtIcons::Of({isFolder ? u"folder" : u"text-html"}));
+    item.setIcon(0, WithSelectedLook(QtIcons::Of({isFolder ? u"folder" : u"text-html"})));
     if (isFolder) item.setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
 }
 

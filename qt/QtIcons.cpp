@@ -2,6 +2,7 @@
 
 #include "qt/QtPalette.h"
 #include "qt/QtResources.h"
+#include "qt/QtSelectedIcon.h"
 #include "qt/QtText.h"
 
 #include <QPainter>
@@ -35,7 +36,7 @@ QIcon QtIcons::Of(const Picture& picture) {
 
 QIcon QtIcons::OfOrBlank(const Picture& picture) {
     QIcon icon = Of(picture);
-    if (!icon.isNull()) return icon;
+    if (!icon.isNull()) return WithSelectedLook(icon);
     // Only larger pictures are made smaller, so it is as large as any place for one.
     QPixmap blank(64, 64);
     blank.fill(Qt::transparent);

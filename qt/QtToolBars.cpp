@@ -2,14 +2,18 @@
 
 #include "qt/QtBandMenus.h"
 #include "qt/QtComboBox.h"
+#include "qt/QtOverflowArrow.h"
 #include "qt/QtText.h"
 #include "qt/QtToolActions.h"
 
 #include <QAction>
+#include <QCoreApplication>
+#include <QCursor>
 #include <QEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
@@ -42,6 +46,18 @@ private:
 // Opens the tools that did not fit.
 QToolButton* MoreButton(const QToolBar& bar) {
     return bar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+}
+
+// The pointer may have left a button while its menu held the mouse, and nobody tells it.
+void LeaveLater(QToolButton& button) {
+    const auto leave = [&button] {
+        if (button.rect().contains(button.mapFromGlobal(QCursor::pos()))) return;
+        QEvent left(QEvent::Leave);
+        QCoreApplication::sendEvent(&button, &left);
+        button.setAttribute(Qt::WA_UnderMouse, false);
+        button.update();
+    };
+    QTimer::singleShot(0, &button, leave);
 }
 
 void Empty(QToolBar& bar) {
@@ -90,6 +106,7 @@ void QtToolBars::Make(Band& band) {
     if (QToolButton* more = MoreButton(*bar)) {
         more->setAccessibleName(QStringLiteral("More tools"));
         more->setToolTip(QStringLiteral("More tools"));
+        QtOverflowArrow::Show(*more);
     }
     m_toolBars.emplace(band.Name(), bar);
     band.Caption.Attach([bar](const Text& caption) {
@@ -150,6 +167,7 @@ void QtToolBars::AddButton(QToolBar& bar, const BandEntry& entry) {
     auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
     if (!button) return;
     button->setPopupMode(tool.ClickWithSubBand ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
+    if (action->menu()) connect(action->menu(), &QMenu::aboutToHide, button, [button] { LeaveLater(*button); });
     ReportPointer(*button, tool);
 }
 

@@ -171,6 +171,70 @@ TEST_F(QtBandMenusTest, OnTheFreePartOfABarNoToolIsReported) {
     EXPECT_EQ(pointed, "");
 }
 
+TEST_F(QtBandMenusTest, AButtonLosesItsFrameWithItsMenuWhenThePointerHasGone) {
+    QToolButton& button = Button(u"bndGo", u"mnuMore");
+    button.setAttribute(Qt::WA_UnderMouse);
+    QCursor::setPos(window.mapToGlobal(QPoint(500, 350)));
+    QMenu& menu = *shown->Find(u"mnuMore")->menu();
+    menu.popup(button.mapToGlobal(button.rect().bottomLeft()));
+    menu.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !button.testAttribute(Qt::WA_UnderMouse); }));
+    EXPECT_EQ(pointed, "");
+}
+
+TEST_F(QtBandMenusTest, AButtonUnderThePointerKeepsItsFrame) {
+    QToolButton& button = Button(u"bndGo", u"mnuMore");
+    button.setAttribute(Qt::WA_UnderMouse);
+    QCursor::setPos(button.mapToGlobal(button.rect().center()));
+    QMenu& menu = *shown->Find(u"mnuMore")->menu();
+    menu.popup(window.mapToGlobal(QPoint(500, 350)));
+    menu.close();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(button.testAttribute(Qt::WA_UnderMouse));
+}
+
+// The difference of lightness between the ground of a widget and what stands out most from it.
+int Contrast(QWidget& widget) {
+    const QImage image = widget.grab().toImage();
+    const int ground = qGray(image.pixel(2, image.height() / 2));
+    int most = 0;
+    for (int y = 4; y < image.height() - 4; ++y) {
+        for (int x = 2; x < image.width() - 2; ++x) most = std::max(most, std::abs(qGray(image.pixel(x, y)) - ground));
+    }
+    return most;
+}
+
+TEST_F(QtBandMenusTest, TheArrowsOfWhatDoesNotFitStandOutOnEveryGround) {
+    auto* more = ToolBarOf(u"bndGo").findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    window.resize(60, 300);
+    ASSERT_TRUE(QTest::qWaitFor([more] { return more->isVisible(); }));
+    for (const auto& [ground, text] : {std::pair(0xff2a2e32, 0xfffcfcfc), std::pair(0xffefefef, 0xff232629)}) {
+        QPalette palette;
+        for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
+            palette.setColor(role, QColor::fromRgba(ground));
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+            palette.setColor(role, QColor::fromRgba(text));
+        window.setPalette(palette);
+        QCoreApplication::processEvents();
+        EXPECT_GT(Contrast(*more), 120) << std::hex << ground;
+    }
+}
+
+TEST_F(QtBandMenusTest, MenusOfToolbarsAndPopUpsShowCombinationsToo) {
+    MenuAt(0).popup({});
+    MenuAt(0).close();
+    // As wide as only an entry with its combination is.
+    const auto width = [this](bool shown) {
+        QMenu menu;
+        QAction* action = menu.addAction(QStringLiteral("Refresh"));
+        action->setShortcut(QKeySequence(Qt::Key_F5));
+        action->setShortcutVisibleInContextMenu(shown);
+        return menu.sizeHint().width();
+    };
+    ASSERT_GT(width(true), width(false)) << "else nothing would be shown by it";
+    EXPECT_TRUE(shown->Find(u"mnuRefresh")->isShortcutVisibleInContextMenu());
+}
+
 TEST_F(QtBandMenusTest, MenusShowTheFirstCombinationOfATool) {
     MenuAt(0).popup({});
     EXPECT_EQ(MenuAt(0).actions().constFirst()->shortcut(), QKeySequence(Qt::Key_F5));

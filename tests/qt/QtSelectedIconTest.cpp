@@ -1,0 +1,48 @@
+#include "qt/QtSelectedIcon.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+#include <gtest/gtest.h>
+
+namespace {
+
+QIcon Filled(const QColor& color) {
+    QPixmap picture(32, 32);
+    picture.fill(Qt::transparent);
+    QPainter(&picture).fillRect(8, 8, 16, 16, color);
+    return QIcon(picture);
+}
+
+QColor MiddleOf(const QIcon& icon, QIcon::Mode mode) {
+    const QImage image = icon.pixmap(QSize(32, 32), 1, mode).toImage();
+    return image.pixelColor(image.width() / 2, image.height() / 2);
+}
+
+TEST(QtSelectedIcon, APictureOfOneColourTakesThatOfTheSelectedText) {
+    const QColor text = QGuiApplication::palette().color(QPalette::HighlightedText);
+    for (const QColor& grey : {QColor(0xfc, 0xfc, 0xfc), QColor(0x23, 0x26, 0x29), QColor(Qt::black)}) {
+        const QIcon icon = WithSelectedLook(Filled(grey));
+        EXPECT_EQ(MiddleOf(icon, QIcon::Selected), text);
+        EXPECT_EQ(MiddleOf(icon, QIcon::Normal), grey) << "elsewhere it is as it was";
+        EXPECT_EQ(icon.pixmap(QSize(32, 32), 1, QIcon::Selected).toImage().pixelColor(1, 1).alpha(), 0);
+    }
+}
+
+TEST(QtSelectedIcon, APictureOfColoursStays) {
+    const QIcon icon = WithSelectedLook(Filled(QColor(0xe0, 0x40, 0x20)));
+    EXPECT_EQ(MiddleOf(icon, QIcon::Selected), QColor(0xe0, 0x40, 0x20));
+}
+
+TEST(QtSelectedIcon, IsAsSharpAsTheScreen) {
+    const QIcon icon = WithSelectedLook(Filled(Qt::black));
+    const QPixmap drawn = icon.pixmap(QSize(16, 16), 2, QIcon::Selected);
+    EXPECT_EQ(drawn.size(), QSize(32, 32));
+    EXPECT_EQ(drawn.devicePixelRatio(), 2);
+}
+
+TEST(QtSelectedIcon, OfNoPictureThereIsNone) { EXPECT_TRUE(WithSelectedLook(QIcon()).isNull()); }
+
+} // namespace
