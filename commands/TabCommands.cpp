@@ -13,7 +13,7 @@ void OpenInFront(CommandContext& context, TextView address, Privacy privacy = Pr
 
 namespace TabCommands {
 
-void NewBlank(CommandContext& context) { OpenInFront(context, u"about:blank"); }
+void NewBlank(CommandContext& context) { OpenInFront(context, Address::kBlank); }
 
 void NewSearch(CommandContext& context) { OpenInFront(context, Endpoints::kSearchStart); }
 

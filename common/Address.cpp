@@ -36,6 +36,12 @@ TextView AuthorityIn(TextView address) {
 
 namespace Address {
 
+Text InSmallLetters(TextView text) {
+    Text small(text);
+    std::ranges::transform(small, small.begin(), SmallLetter);
+    return small;
+}
+
 TextView HostIn(TextView address) {
     TextView host = AuthorityIn(address);
     if (const std::size_t user = host.rfind(u'@'); user != TextView::npos) host.remove_prefix(user + 1);

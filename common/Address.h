@@ -11,6 +11,9 @@ inline constexpr TextView kBlank = u"about:blank";
 /// What a new private tab says of itself.
 inline constexpr TextView kPrivate = u"tessaview:private";
 
+/// The text with small letters for the capital ones that a scheme may have; others have no case there.
+[[nodiscard]] Text InSmallLetters(TextView text);
+
 /// The host that a web address leads to, as a part of the text given, without user and port. Empty for an address that
 /// leads to none, and for a text that does not begin with a scheme.
 [[nodiscard]] TextView HostIn(TextView address);

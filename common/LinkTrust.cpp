@@ -63,11 +63,8 @@ bool IsLeadingBlank(char16_t unit) { return unit <= 0x20 || unit == 0x7F || unit
 
 Text BareAddress(TextView address) {
     const auto first = std::ranges::find_if_not(address, IsLeadingBlank);
-    Text bare(first, address.end());
+    Text bare = Address::InSmallLetters(address.substr(static_cast<std::size_t>(first - address.begin())));
     std::erase_if(bare, [](char16_t unit) { return unit < 0x20; });
-    for (char16_t& unit : bare) {
-        if (unit >= u'A' && unit <= u'Z') unit = static_cast<char16_t>(unit + 0x20);
-    }
     return bare;
 }
 

@@ -1,5 +1,7 @@
 #include "mainwindow/Session.h"
 
+#include "common/Address.h"
+
 #include <algorithm>
 
 namespace {
@@ -76,5 +78,5 @@ std::optional<Session> SessionFromBytes(std::string_view bytes) {
 }
 
 bool IsWorthKeeping(TextView address) {
-    return !address.empty() && address != u"about:blank" && !address.starts_with(u"tessaview:");
+    return !address.empty() && address != Address::kBlank && !address.starts_with(u"tessaview:");
 }

@@ -4,6 +4,7 @@
 #include "commands/Endpoints.h"
 #include "commands/PageMenu.h"
 #include "commands/TabMoreCommands.h"
+#include "common/Address.h"
 #include "common/Captions.h"
 #include "common/LinkTrust.h"
 #include "common/Log.h"
@@ -156,7 +157,7 @@ void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
     if (commandLine.empty()) {
         ResumeNext(view.GoHome());
     } else if (GroupCommands::IsGroupFile(commandLine)) {
-        ResumeNext(view.Navigate(u"about:blank"));
+        ResumeNext(view.Navigate(Address::kBlank));
         OpenTessaGroup(commandLine);
     } else {
         m_openedFromCommandLine = true;

@@ -1,5 +1,7 @@
 #include "pages/UnshownAddresses.h"
 
+#include "common/Address.h"
+
 #include <algorithm>
 #include <array>
 
@@ -7,8 +9,6 @@ namespace {
 
 // With these the engine and the program speak to each other.
 constexpr std::array kInnerSchemes{TextView(u"chrome-error"), TextView(u"chrome-devtools"), TextView(u"tessaview-ask")};
-
-char16_t LowerLetter(char16_t unit) { return unit >= u'A' && unit <= u'Z' ? unit - u'A' + u'a' : unit; }
 
 bool NamesNoHost(TextView rest) { return rest.find_first_not_of(u'/') == TextView::npos; }
 
@@ -19,8 +19,7 @@ namespace UnshownAddresses {
 Text WhyNot(TextView address) {
     const std::size_t colon = address.find(u':');
     if (colon == TextView::npos) return {};
-    Text scheme(address.substr(0, colon));
-    std::ranges::transform(scheme, scheme.begin(), LowerLetter);
+    const Text scheme = Address::InSmallLetters(address.substr(0, colon));
     const TextView rest = address.substr(colon + 1);
     if (scheme.size() == 1)
         return u"There are no drives with letters on this computer. The path of a file begins with \"/\".";

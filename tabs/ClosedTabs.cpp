@@ -1,5 +1,6 @@
 #include "tabs/ClosedTabs.h"
 
+#include "common/Address.h"
 #include "tabs/TabKeys.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@ void ClosedTabs::Remember(std::int32_t Index) {
     const auto* tab = TabOfView(m_pcPage, Index);
     if (!view || !tab || view->Privacy == Privacy::Private) return;
     const Text address = view->Control->LocationURL();
-    if (address.empty() || address == u"about:blank") return;
+    if (address.empty() || address == Address::kBlank) return;
     if (!m_several || m_closed.empty()) m_closed.emplace_back();
     m_closed.back().Tabs.push_back({address, tab->Caption(), view->Control->History(), m_pcPage.PositionOf(tab)});
     Forget();

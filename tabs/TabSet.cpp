@@ -1,5 +1,6 @@
 #include "tabs/TabSet.h"
 
+#include "common/Address.h"
 #include "common/Text.h"
 #include "tabs/AddressSigns.h"
 #include "tabs/TabKeys.h"
@@ -8,7 +9,6 @@
 
 namespace {
 
-constexpr TextView kBlankPage = u"about:blank";
 constexpr TextView kNoMoreTabs = u"No more tabs can be opened until TessaView is started again.";
 constexpr TextView kLastTabQuestion = u"Do you want to close the last browser tab and exit this application?";
 
@@ -41,7 +41,7 @@ BrowserView* TabSet::PrepareFirstTab() {
     if (PlaceView) PlaceView(*view);
     view->Unpark();
     view->Control->BringToFront();
-    ResumeNext(view->Control->Navigate(kBlankPage));
+    ResumeNext(view->Control->Navigate(Address::kBlank));
     return view->Control.get();
 }
 
@@ -55,7 +55,7 @@ BrowserView* TabSet::GetNewBrowser(InFront inFront, Privacy privacy) {
 
 BrowserView* TabSet::AddTab(ArrayView& view, std::int32_t index, InFront inFront) {
     view.Control->SetVisible(true);
-    ResumeNext(view.Control->Navigate(kBlankPage));
+    ResumeNext(view.Control->Navigate(Address::kBlank));
     auto* tab = m_pcPage.Add(m_pcPage.PositionOf(m_pcPage.SelectedItem()) + 1, KeyOfTab(index));
     if (tab) tab->Tag = index;
     if (tab) m_pcPage.SetPrivate(tab, view.Privacy == Privacy::Private);
@@ -257,7 +257,7 @@ void TabSet::BlankTab(std::int32_t Index) {
         auto* view = OpenView(Index);
         if (!view) return;
         if (Blanking) Blanking(Index);
-        ResumeNext(view->Control->Navigate(kBlankPage));
+        ResumeNext(view->Control->Navigate(Address::kBlank));
     });
 }
 

@@ -54,4 +54,9 @@ TEST(Address, GivesTheHostAsAPartOfTheText) {
     EXPECT_EQ(Address::HostIn(address).data(), address.data() + 10);
 }
 
+TEST(Address, OnlyTheLettersOfASchemeBecomeSmall) {
+    EXPECT_EQ(Address::InSmallLetters(u"AZaz@[`{09:\u00C4\u0130"), u"azaz@[`{09:\u00C4\u0130");
+    EXPECT_EQ(Address::InSmallLetters(u""), u"");
+}
+
 } // namespace
