@@ -23,6 +23,7 @@ window is open already, it takes the address into a new tab.
 
 Environment:
   TESSAVIEW_HOME                  a folder that everything is kept in: settings, groups, Favorites, what pages store
+  TESSAVIEW_DRAWING=software      draw pages without the graphics processor; hardware: with it
   QTWEBENGINE_DISABLE_SANDBOX=1   show pages without the engine's sandbox, which does not work for root
 )";
 

@@ -45,6 +45,11 @@ void frmTaskView::Form_Change() {
     Refresh();
 }
 
+void frmTaskView::TellDrawing(DrawingWay way) {
+    lblDrawing.Caption = Text(way == DrawingWay::Software ? u"Pages are drawn without the graphics processor."
+                                                          : u"Pages are drawn with the graphics processor.");
+}
+
 void frmTaskView::Refresh() {
     if (!Form.Visible()) {
         lstTasks = std::vector<TaskLine>();

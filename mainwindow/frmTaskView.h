@@ -2,6 +2,7 @@
 #include "common/Controls.h"
 #include "common/TabStrip.h"
 #include "pages/ProcessUse.h"
+#include "settings/Drawing.h"
 #include "tabs/ViewArray.h"
 
 #include <array>
@@ -44,10 +45,13 @@ public:
     Property<TaskOrder> Order;
     Label lblShared{u""}; ///< who else would end with the selected page
     Label lblTotal{u""};
+    Label lblDrawing{u""};
     Button cmdGoTo{u"&Go to Tab"};
     Button cmdEnd{u"&End Page"};
     Button cmdClose{u"Close"};
 
+    /// Says how pages are drawn; once, before the form is shown.
+    void TellDrawing(DrawingWay way);
     /// Measures and shows again; called about once a second while the form is shown.
     void Refresh();
     /// Sorts by that column; the other way round when it is sorted by it already.

@@ -2,6 +2,7 @@
 
 #include "mainwindow/EngineAge.h"
 #include "mainwindow/frmSplash.h"
+#include "qt/QtDrawing.h"
 #include "qt/QtText.h"
 
 #include <QGuiApplication>
@@ -54,6 +55,7 @@ QString QtBuildInfo::Text() {
 }
 
 QString QtBuildInfo::Drawing() {
+    if (QtDrawing::InSoftware()) return QStringLiteral("%1, by the processor alone").arg(Platform());
     QOffscreenSurface surface;
     surface.create();
     QOpenGLContext context;

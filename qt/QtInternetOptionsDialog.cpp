@@ -131,6 +131,7 @@ QWidget* QtInternetOptionsDialog::GeneralPage() {
     for (const char* name : {"txtSearch", "txtShop", "txtFind"})
         page->findChild<QLineEdit*>(ObjectName(name))->setPlaceholderText(QStringLiteral("TessaView's own choice"));
     AddSleep(*rows, m_form);
+    AddChoice(*rows, m_form.cboDrawing, "cboDrawing", u'W');
     LeadTo(*page, m_form.txtSleepMinutes);
     rows->addStretch();
     return page;

@@ -1,5 +1,6 @@
 #include "qt/QtMainWindow.h"
 
+#include "qt/QtDrawing.h"
 #include "qt/QtIcons.h"
 #include "qt/QtScreenFit.h"
 #include "qt/QtStatusBar.h"
@@ -27,9 +28,11 @@ QSize SizeIn(Twips width, Twips height) {
     return {std::max(ToPixels(width).value, 1), std::max(ToPixels(height).value, 1)};
 }
 
-// The engine's widgets are painted by the graphics card. A window that learns of that when it is on the screen already
-// is taken away and made anew; with such a widget in it, never shown and so for nothing, it is made for them at once.
+// Where OpenGL draws, the engine's widgets are painted by it. A window that learns of that when it is on the screen
+// already is taken away and made anew; with such a widget in it, never shown and so for nothing, it is made for them at
+// once.
 void ExpectEngine(QWidget& area) {
+    if (QtDrawing::InSoftware()) return;
     const auto* graphics = QOpenGLContext::globalShareContext();
     if (graphics && graphics->isValid()) (new QOpenGLWidget(&area))->hide();
 }

@@ -19,6 +19,7 @@ void QtProgram::WireStartPage() {
 }
 
 void QtProgram::WirePages() {
+    m->main.TaskView.TellDrawing(QtDrawing::InSoftware() ? DrawingWay::Software : DrawingWay::Graphics);
     m->engine.Permissions = &m->permissions;
     m->permissions.Forgotten = [this](const SiteDecision& forgotten) { m->engine.ForgetDecision(forgotten); };
     m->engine.SaveAddress = [this](QtPage& page, const QUrl& address, const Text& path) {

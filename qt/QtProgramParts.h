@@ -12,6 +12,7 @@
 #include "qt/QtDictionaries.h"
 #include "qt/QtDownloads.h"
 #include "qt/QtDownloadsPanel.h"
+#include "qt/QtDrawing.h"
 #include "qt/QtEngine.h"
 #include "qt/QtFileDrop.h"
 #include "qt/QtFindBar.h"
@@ -57,6 +58,11 @@ public:
     void DoEvents() override { QCoreApplication::processEvents(); }
 };
 
+/// Chooses how pages are drawn, at its place among the parts.
+struct DrawnAs {
+    explicit DrawnAs(SettingsStorageFactory& settings) { QtDrawing::Choose(settings); }
+};
+
 /// Everything outside the core that the program is made of, in the order in which it is made: what a part needs stands
 /// before it.
 struct QtProgram::Parts {
@@ -82,6 +88,7 @@ struct QtProgram::Parts {
     QtFolders folders;
     QtLog log;
     QtSettingsStorage settings;
+    DrawnAs drawn{settings};
     QtInstanceChannel channel;
     QtSessionFiles sessions;
     QtLayoutFile layout;

@@ -61,6 +61,7 @@ QtTaskDialog::QtTaskDialog(frmTaskView& form, QWidget* parent)
     rows->addWidget(m_tasks, 1);
     rows->addLayout(Sorting());
     rows->addWidget(NewLabel(m_form.lblShared, "lblShared"));
+    rows->addWidget(NewLabel(m_form.lblDrawing, "lblDrawing"));
     rows->addWidget(Buttons());
     BindTasks();
     connect(this, &QDialog::rejected, this, [this] { m_form.Form.Visible = false; });

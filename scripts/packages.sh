@@ -3,7 +3,7 @@
 # shellcheck disable=SC2034 # the lists are for those who source this
 
 # The program alone; ccache keeps what was compiled once.
-program_packages=(g++ cmake ninja-build ccache libxml2-dev qt6-base-dev qt6-webengine-dev libgl-dev)
+program_packages=(g++ cmake ninja-build ccache libxml2-dev qt6-base-dev qt6-declarative-dev qt6-webengine-dev libgl-dev)
 # The core alone, with its tests.
 core_packages=(g++ cmake ninja-build ccache libxml2-dev libgtest-dev)
 # The program with its tests and benchmarks.

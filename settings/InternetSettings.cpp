@@ -24,6 +24,12 @@ constexpr std::array kProxies{
     Word<ProxyKind>{ProxyKind::Socks, u"socks"},
 };
 
+constexpr std::array kDrawings{
+    Word<DrawingWish>{DrawingWish::ByItself, u"self"},
+    Word<DrawingWish>{DrawingWish::Graphics, u"hardware"},
+    Word<DrawingWish>{DrawingWish::Software, u"software"},
+};
+
 template<typename Words, typename Kind>
 Kind KindOf(const Words& words, TextView word, Kind otherwise) {
     const auto found = std::ranges::find(words, word, [](const auto& each) { return each.word; });
@@ -51,7 +57,9 @@ InternetSettings::InternetSettings(SettingsStorageFactory& factory)
       ProxyPort(*m_storage, u"InternetProxyPort", 0),
       DownloadFolder(*m_storage, u"InternetDownloadFolder"),
       TabsSleep(*m_storage, u"InternetTabsSleep", false),
-      SleepMinutes(*m_storage, u"InternetSleepMinutes", 0) {}
+      SleepMinutes(*m_storage, u"InternetSleepMinutes", 0),
+      Drawing(*m_storage, u"InternetDrawing"),
+      DrawingKnown(*m_storage, u"InternetDrawingKnown") {}
 
 InternetValues InternetSettings::Get() const {
     const InternetValues byDesign;
@@ -68,7 +76,8 @@ InternetValues InternetSettings::Get() const {
             .downloadFolder = DownloadFolder.Get(),
             .tabsSleep = TabsSleep.Get(),
             .sleepMinutes =
-                minutes > 0 && minutes <= InternetValues::kMostSleepMinutes ? minutes : byDesign.sleepMinutes};
+                minutes > 0 && minutes <= InternetValues::kMostSleepMinutes ? minutes : byDesign.sleepMinutes,
+            .drawing = KindOf(kDrawings, Drawing.Get(), byDesign.drawing)};
 }
 
 void InternetSettings::Set(const InternetValues& values) {
@@ -83,9 +92,10 @@ void InternetSettings::Set(const InternetValues& values) {
     ResumeNext(DownloadFolder.Set(values.downloadFolder));
     ResumeNext(TabsSleep.Set(values.tabsSleep));
     ResumeNext(SleepMinutes.Set(values.sleepMinutes));
+    ResumeNext(Drawing.Set(WordOf(kDrawings, values.drawing)));
 }
 
 std::vector<Text> InternetSettings::Differences() const {
     return DifferencesOf(HomePage, JavaScript, Cookies, DoNotTrack, GlobalPrivacyControl, Proxy, ProxyHost, ProxyPort,
-                         DownloadFolder, TabsSleep, SleepMinutes);
+                         DownloadFolder, TabsSleep, SleepMinutes, Drawing);
 }

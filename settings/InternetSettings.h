@@ -7,6 +7,9 @@ enum class CookieRule { All, SameSite, None };
 /// How the program reaches the network.
 enum class ProxyKind { System, Direct, Http, Socks };
 
+/// How pages are to be drawn: as this computer does it best, or always the same way.
+enum class DrawingWish { ByItself, Graphics, Software };
+
 /// The options of Internet Options that are not the product's own settings, as values.
 struct InternetValues {
     Text homePage{}; ///< as a person types it; empty for the program's own
@@ -20,6 +23,7 @@ struct InternetValues {
     Text downloadFolder{};  ///< empty for the desktop's
     bool tabsSleep = false; ///< tabs that were not looked at for a while sleep; by design they keep living
     std::int32_t sleepMinutes = 30;
+    DrawingWish drawing = DrawingWish::ByItself; ///< from the next start on
 
     static constexpr std::int32_t kMostSleepMinutes = 1440;
 
@@ -50,6 +54,8 @@ public:
     Setting<Text> DownloadFolder;
     Setting<bool> TabsSleep;
     Setting<std::int32_t> SleepMinutes;
+    Setting<Text> Drawing;      ///< "self", "hardware" or "software"
+    Setting<Text> DrawingKnown; ///< what was found out of this computer; no option
 
     /// The `Difference` of each that has one.
     [[nodiscard]] std::vector<Text> Differences() const;

@@ -86,6 +86,7 @@ void frmInternetOptions::ShowValues(const InternetValues& values) {
     txtDownloads.Value = values.downloadFolder;
     chkSleep.Tick(values.tabsSleep);
     txtSleepMinutes.Value = Decimal(values.sleepMinutes);
+    cboDrawing.Index = static_cast<std::size_t>(values.drawing);
 }
 
 InternetValues frmInternetOptions::Values() const {
@@ -99,7 +100,8 @@ InternetValues frmInternetOptions::Values() const {
             .proxyPort = Port(txtProxyPort.Value()).value_or(0),
             .downloadFolder = Trimmed(txtDownloads.Value()),
             .tabsSleep = chkSleep.Ticked(),
-            .sleepMinutes = Minutes(txtSleepMinutes.Value()).value_or(InternetValues().sleepMinutes)};
+            .sleepMinutes = Minutes(txtSleepMinutes.Value()).value_or(InternetValues().sleepMinutes),
+            .drawing = static_cast<DrawingWish>(cboDrawing.Index())};
 }
 
 BrowsingData frmInternetOptions::Chosen() const {

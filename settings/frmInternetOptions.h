@@ -71,6 +71,9 @@ public:
     TextBox txtSleepMinutes;
     Label lblSleepMinutes{u"minutes sleep"};
     Label lblSleepBad{u""};
+    Choice cboDrawing{
+        u"Drawing, from the next start on",
+        {u"As this computer does it best", u"With the graphics processor", u"Without the graphics processor"}};
 
     Label lblMail{u"Mail program"};
     TextBox txtMail;

@@ -2,6 +2,7 @@
 #include "qt/QtStartPage.h"
 
 #include <QApplication>
+#include <QQuickWindow>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -18,6 +19,8 @@ int main(int argc, char** argv) {
     QtStartPage::RegisterScheme();
     QtDialogScheme::RegisterScheme();
     QApplication application(argc, argv);
+    // As the program draws where there is no graphics processor, which is where tests run.
+    if (qgetenv("TESSAVIEW_DRAWING") != "hardware") QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
     QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();
 }

@@ -49,6 +49,13 @@ protected:
     int mainShown = 0;
 };
 
+TEST_F(TaskView, SaysHowPagesAreDrawn) {
+    form.TellDrawing(DrawingWay::Software);
+    EXPECT_EQ(form.lblDrawing.Caption(), u"Pages are drawn without the graphics processor.");
+    form.TellDrawing(DrawingWay::Graphics);
+    EXPECT_EQ(form.lblDrawing.Caption(), u"Pages are drawn with the graphics processor.");
+}
+
 TEST_F(TaskView, ShowsWhatEachTabUsesTheMostFirst) {
     Open();
     EXPECT_EQ(Column(TaskColumn::Title), "Weather|News|apples");

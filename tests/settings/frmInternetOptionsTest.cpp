@@ -41,6 +41,7 @@ TEST_F(InternetOptions, ShowsWhatIsSoByDesignAtFirst) {
     EXPECT_EQ(form->cboCookies.Items.at(form->cboCookies.Index()), u"From the site of the page only");
     EXPECT_FALSE(form->chkDoNotTrack.Ticked() || form->chkGlobalPrivacyControl.Ticked());
     EXPECT_EQ(form->cboProxy.Items.at(form->cboProxy.Index()), u"As the desktop has it");
+    EXPECT_EQ(form->cboDrawing.Items.at(form->cboDrawing.Index()), u"As this computer does it best");
     EXPECT_EQ(form->txtMail.Value() + u" " + form->txtNews.Value(), u"letters papers");
     EXPECT_FALSE(form->Apply);
     EXPECT_EQ(settings.open, 0);
@@ -61,6 +62,7 @@ TEST_F(InternetOptions, OkKeepsEveryOption) {
     form->chkDoNotTrack.Tick(true);
     form->chkGlobalPrivacyControl.Tick(true);
     form->cboProxy.Index = 3;
+    form->cboDrawing.Index = 2;
     form->txtProxyHost.Value = Text(u"proxy.example");
     form->txtProxyPort.Value = Text(u"1080");
     form->cmdOK.Click();
@@ -75,7 +77,8 @@ TEST_F(InternetOptions, OkKeepsEveryOption) {
                                     .proxy = ProxyKind::Socks,
                                     .proxyHost = u"proxy.example",
                                     .proxyPort = 1080,
-                                    .downloadFolder = u"/tmp/downloads"}));
+                                    .downloadFolder = u"/tmp/downloads",
+                                    .drawing = DrawingWish::Software}));
     const SettingsStore store(settings);
     EXPECT_EQ(store.SearchService.Get() + store.ShopService.Get() + store.FindService.Get(),
               u"https://s.example/?q=%shttps://shop.example/%shttps://find.example/%s");
@@ -83,6 +86,7 @@ TEST_F(InternetOptions, OkKeepsEveryOption) {
     form = Open();
     EXPECT_EQ(form->txtProxyPort.Value(), u"1080");
     EXPECT_EQ(form->cboCookies.Index(), 2u);
+    EXPECT_EQ(form->cboDrawing.Index(), 2u);
     EXPECT_EQ(form->txtMail.Value(), u"mail --new");
 }
 

@@ -1,0 +1,59 @@
+#include "settings/Drawing.h"
+
+#include "common/Address.h"
+#include "common/ResumeNext.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr TextView kSoftwareWord = u"software", kHardwareWord = u"hardware";
+
+// Of Mesa, of the engine, of X servers without a driver, of virtual machines without one.
+constexpr std::array<TextView, 6> kSoftwareRenderers{u"llvmpipe",    u"softpipe",         u"swrast",
+                                                     u"swiftshader", u"software rasteri", u"basic render"};
+
+TextView WordOfWay(DrawingWay way) { return way == DrawingWay::Software ? kSoftwareWord : kHardwareWord; }
+
+std::optional<DrawingWay> WayOfWord(TextView word) {
+    if (word == kSoftwareWord) return DrawingWay::Software;
+    return word == kHardwareWord ? std::optional(DrawingWay::Graphics) : std::nullopt;
+}
+
+// "software: " or "hardware: ", and the surroundings in which that was found out.
+Text Known(DrawingWay way, TextView surroundings) { return Text(WordOfWay(way)) + u": " + Text(surroundings); }
+
+DrawingWay FindOut(const Drawing::Machine& machine, SettingsStorageFactory& settings) {
+    if (!machine.HasProcessor || !machine.Renderer) return DrawingWay::Software;
+    InternetSettings kept(settings);
+    const Text known = kept.DrawingKnown.Get();
+    for (const DrawingWay way : {DrawingWay::Graphics, DrawingWay::Software}) {
+        if (known == Known(way, machine.Surroundings)) return way;
+    }
+    const Text renderer = machine.Renderer();
+    const bool software = renderer.empty() || Drawing::IsSoftware(renderer);
+    const DrawingWay way = software ? DrawingWay::Software : DrawingWay::Graphics;
+    ResumeNext(kept.DrawingKnown.Set(Known(way, machine.Surroundings)));
+    return way;
+}
+
+} // namespace
+
+DrawingWay Drawing::Choose(const Machine& machine, SettingsStorageFactory& settings) {
+    if (const auto commanded = WayOfWord(machine.Command)) return *commanded;
+    switch (InternetSettings(settings).Get().drawing) {
+    case DrawingWish::Graphics:
+        return DrawingWay::Graphics;
+    case DrawingWish::Software:
+        return DrawingWay::Software;
+    case DrawingWish::ByItself:
+        break;
+    }
+    return FindOut(machine, settings);
+}
+
+bool Drawing::IsSoftware(TextView renderer) {
+    const Text name = Address::InSmallLetters(renderer);
+    return std::ranges::any_of(kSoftwareRenderers, [&](TextView each) { return name.find(each) != Text::npos; });
+}
