@@ -129,10 +129,14 @@ void ReopenLastSites(frmMain& main) {
     if (first && !sites.front().empty()) {
         ResumeNext(first->Control->Stop());
         ResumeNext(first->Control->Navigate(sites.front()));
+        main.Sessions.CameBack.Note(1, sites.front());
     }
     for (std::size_t i = 1; i < sites.size(); ++i) {
         if (sites[i].empty()) continue;
-        if (auto* view = main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(sites[i]));
+        auto* view = main.GetNewBrowser(InFront::Yes);
+        if (!view) continue;
+        ResumeNext(view->Navigate(sites[i]));
+        main.Sessions.CameBack.Note(main.Tabs.CurrentIndex(), sites[i]);
     }
 }
 

@@ -1,13 +1,15 @@
 #include "mainwindow/Session.h"
 
 #include "common/Address.h"
+#include "common/Captions.h"
 
 #include <algorithm>
 
 namespace {
 
 constexpr std::string_view kHeader = "TessaView session 1";
-constexpr std::string_view kTime = "time=", kEnded = "ended=", kSettled = "settled=", kSelected = "selected=";
+constexpr std::string_view kTime = "time=", kEnded = "ended=", kSettled = "settled=", kSelected = "selected=",
+                           kBlanks = "blanks=";
 constexpr std::string_view kPage = "page=";
 
 std::string OneLineBytes(TextView text) {
@@ -41,7 +43,24 @@ void Read(Session& session, std::string_view line) {
     if (const auto ended = value(kEnded)) session.Ended = *ended == "1";
     if (const auto settled = value(kSettled)) session.Settled = *settled == "1";
     if (const auto selected = value(kSelected)) session.Selected = static_cast<std::size_t>(Number(*selected));
+    if (const auto blanks = value(kBlanks)) session.Blanks = static_cast<std::size_t>(Number(*blanks));
     if (const auto page = value(kPage)) session.Pages.push_back(PageOf(*page));
+}
+
+constexpr std::size_t kMostNamedPages = 3;
+constexpr std::size_t kLongestNamedPage = 40; // units of a title
+
+Text Counted(std::size_t count, TextView one, TextView many) {
+    return count == 1 ? Text(one) : Decimal(static_cast<std::int64_t>(count)) + Text(many);
+}
+
+// A single page more is named rather than counted.
+std::size_t CountNamed(std::size_t pages) { return pages <= kMostNamedPages + 1 ? pages : kMostNamedPages; }
+
+Text PageName(const SessionPage& page) {
+    const Text name = OneLine(page.Title.empty() ? page.Address : page.Title);
+    const TextView shown = FirstUnits(name, kLongestNamedPage);
+    return u"\u201c" + Text(shown) + (shown.size() < name.size() ? u"...\u201d" : u"\u201d");
 }
 
 } // namespace
@@ -57,6 +76,7 @@ std::string SessionBytes(const Session& session) {
     add(kEnded, session.Ended ? "1" : "0");
     add(kSettled, session.Settled ? "1" : "0");
     add(kSelected, std::to_string(session.Selected));
+    if (session.Blanks > 0) add(kBlanks, std::to_string(session.Blanks));
     for (const SessionPage& page : session.Pages)
         add(kPage, OneLineBytes(page.Address) + '\t' + OneLineBytes(page.Title));
     return bytes + '\n';
@@ -77,6 +97,20 @@ std::optional<Session> SessionFromBytes(std::string_view bytes) {
     return session;
 }
 
-bool IsWorthKeeping(TextView address) {
-    return !address.empty() && address != Address::kBlank && !address.starts_with(u"tessaview:");
+Text SessionWords(const Session& session, TextView when) {
+    std::vector<Text> parts;
+    const std::size_t named = CountNamed(session.Pages.size());
+    for (std::size_t i = 0; i < named; ++i) parts.push_back(PageName(session.Pages[i]));
+    if (named < session.Pages.size()) parts.push_back(Counted(session.Pages.size() - named, u"", u" more pages"));
+    if (session.Blanks > 0) parts.push_back(Counted(session.Blanks, u"a blank tab", u" blank tabs"));
+    Text words = when.empty() ? Text() : Text(when) + u": ";
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (i > 0) words += i + 1 == parts.size() ? u" and " : u", ";
+        words += parts[i];
+    }
+    return words;
 }
+
+bool IsBlankAddress(TextView address) { return address.empty() || address == Address::kBlank; }
+
+bool IsWorthKeeping(TextView address) { return !IsBlankAddress(address) && !address.starts_with(u"tessaview:"); }

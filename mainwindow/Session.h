@@ -20,6 +20,7 @@ struct Session {
     bool Ended = false;       ///< the program ended as it should
     bool Settled = false;     ///< the user has reopened its pages or does not want to be asked again
     std::size_t Selected = 0; ///< the 1-based page in front; 0 for none of them
+    std::size_t Blanks = 0;   ///< so many tabs were open besides that showed nothing
     std::vector<SessionPage> Pages;
     bool operator==(const Session&) const = default;
 };
@@ -29,6 +30,13 @@ struct Session {
 
 /// Reads what `SessionBytes` wrote. Nothing for anything else; of a text that breaks off, the whole lines.
 [[nodiscard]] std::optional<Session> SessionFromBytes(std::string_view bytes);
+
+/// When a session was last written and what was open in it, for a person: the first titles, how many more, and how many
+/// tabs showed nothing. `when` is that time as a person reads it, which may be empty.
+[[nodiscard]] Text SessionWords(const Session& session, TextView when);
+
+/// Whether a tab with that address shows nothing.
+[[nodiscard]] bool IsBlankAddress(TextView address);
 
 /// Whether a page is worth keeping: blank pages and the home page are not.
 [[nodiscard]] bool IsWorthKeeping(TextView address);

@@ -2,12 +2,13 @@
 
 #include "common/LinkTrust.h"
 #include "common/Log.h"
+#include "tabs/TabKeys.h"
 
 #include <algorithm>
 #include <utility>
 
 SessionJournal::SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
-    : m_files(files), m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {
+    : CameBack(tabs, pcPage, Browser), m_files(files), m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {
     const auto say = [this](TextView message) {
         if (Say) Say(message);
     };
@@ -28,10 +29,13 @@ Session SessionJournal::Snapshot() const {
         const auto* view = m_browser.Find(tab->Tag);
         const bool kept = view && view->Privacy == Privacy::Ordinary;
         const Text address = kept ? view->Control->LocationURL() : Text();
+        if (kept && IsBlankAddress(address)) ++session.Blanks;
         if (!IsWorthKeeping(address)) continue;
         session.Pages.push_back({address, view->Control->LocationName()});
         if (tab == m_pcPage.SelectedItem()) session.Selected = session.Pages.size();
     }
+    // Blank tabs alone are no session.
+    if (session.Pages.empty()) session.Blanks = 0;
     return session;
 }
 
@@ -88,11 +92,30 @@ void SessionJournal::Reopen(TextView Id) {
     if (found == sessions.end()) return;
     Log::Note(LogLevel::Info, LogPart::Session, "reopens a session, pages",
               static_cast<std::int64_t>(found->second.Pages.size()));
-    OpenAndSettle(found->second.Pages, found->second.Selected, Id);
+    const auto untouched = CameBack.Untouched();
+    const auto before = m_pcPage.Count();
+    if (auto* last = untouched.empty() ? nullptr : TabOfView(m_pcPage, untouched.back())) m_pcPage.Select(last);
+    Open(found->second.Pages, found->second.Selected);
+    if (m_pcPage.Count() > before) GiveWay(untouched);
+    SettleOnceWritten(Id);
+}
+
+void SessionJournal::GiveWay(const std::vector<std::int32_t>& untouched) {
+    CameBack.Forget();
+    if (untouched.empty()) return;
+    const auto* front = m_pcPage.SelectedItem();
+    const Text key = front ? front->Key() : Text();
+    m_tabs.CloseTabs(untouched);
+    // Closing a tab whose caption is the one's in front takes that one for the closed one.
+    if (auto* tab = m_pcPage.Find(key)) m_pcPage.Select(tab);
 }
 
 void SessionJournal::OpenAndSettle(const std::vector<SessionPage>& pages, std::size_t front, TextView Id) {
     Open(pages, front);
+    SettleOnceWritten(Id);
+}
+
+void SessionJournal::SettleOnceWritten(TextView Id) {
     // Its pages are our own on disk before it is no longer offered: the next crash may come at once.
     m_unsettled.emplace_back(Id);
     m_answered.emplace_back(Id);

@@ -2,6 +2,7 @@
 #include "common/TabStrip.h"
 #include "common/WriteTrouble.h"
 #include "common/platform/SessionFiles.h"
+#include "mainwindow/CameBack.h"
 #include "mainwindow/Session.h"
 #include "tabs/TabSet.h"
 
@@ -27,7 +28,8 @@ public:
     [[nodiscard]] std::optional<std::pair<Text, Session>> ToOffer() const;
     /// All sessions that are kept, newest first, by their ids.
     [[nodiscard]] std::vector<std::pair<Text, Session>> Earlier() const;
-    /// Opens all pages of a session in new tabs, the one that was in front in front, and settles it.
+    /// Opens all pages of a session in new tabs, the one that was in front in front, and settles it. They take the
+    /// place of the pages that came back by themselves and that nobody has touched since.
     void Reopen(TextView Id);
     /// Opens pages in new tabs, the 1-based `front` in front; 0 means the last. The session whose pages these all are
     /// is settled once they have been written down.
@@ -39,6 +41,8 @@ public:
     /// Forgets a session.
     void Forget(TextView Id);
 
+    /// The pages that this start has opened by itself.
+    ::CameBack CameBack;
     /// Has `Write` called in a part of a second. Filled in by the program; without it nothing is written meanwhile.
     std::function<void()> Schedule;
     /// The present time in seconds since 1970. Filled in by the program.
@@ -48,6 +52,8 @@ public:
 
 private:
     [[nodiscard]] Session Snapshot() const;
+    void SettleOnceWritten(TextView Id);
+    void GiveWay(const std::vector<std::int32_t>& untouched);
     void Keep(Session session);
     void OnWritten(Outcome outcome, const std::vector<Text>& unsettled);
     void OnSettled(Outcome outcome, const Text& id);

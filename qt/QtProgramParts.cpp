@@ -119,7 +119,7 @@ void QtProgram::Parts::OfferSession(TextView id, const Session& session) {
     offer.Reopen = [this, id = Text(id)] { main.Sessions.Reopen(id); };
     offer.Dismiss = [this, id = Text(id)] { main.Sessions.Settle(id); };
     offer.ShowAll = [this] { main.Commands.host.ShowSessions(); };
-    offer.Offer(session.Pages.size());
+    offer.Offer(session.Pages.size(), ToQt(SessionWords(session, SessionTimeText(session.Time))));
 }
 
 CommandHost QtProgram::Parts::Operations() {

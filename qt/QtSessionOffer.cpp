@@ -5,8 +5,17 @@
 #include <QPushButton>
 
 QtSessionOffer::QtSessionOffer(QWidget* parent)
-    : QtPageBar(QStringLiteral("sessionOffer"), parent), m_text(new QLabel(this)) {
-    m_text->setTextFormat(Qt::PlainText);
+    : QtPageBar(QStringLiteral("sessionOffer"), parent), m_text(new QLabel(this)), m_which(new QLabel(this)) {
+    for (QLabel* each : {m_text, m_which}) {
+        each->setTextFormat(Qt::PlainText);
+        each->setWordWrap(true);
+        each->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    }
+    m_which->setObjectName(QStringLiteral("lblWhich"));
+    auto* words = new QVBoxLayout;
+    words->setSpacing(0);
+    words->addWidget(m_text);
+    words->addWidget(m_which);
     auto* reopen = new QPushButton(QStringLiteral("&Reopen"), this);
     auto* all = new QPushButton(QStringLiteral("Show &All..."), this);
     auto* dismiss = new QPushButton(QStringLiteral("&Not Now"), this);
@@ -15,7 +24,7 @@ QtSessionOffer::QtSessionOffer(QWidget* parent)
     dismiss->setObjectName(QStringLiteral("cmdNotNow"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 8, 4);
-    row->addWidget(m_text, 1);
+    row->addLayout(words, 1);
     for (QPushButton* each : {reopen, all, dismiss}) row->addWidget(each);
     connect(reopen, &QPushButton::clicked, this, [this] { Answer(Reopen); });
     connect(dismiss, &QPushButton::clicked, this, [this] { Answer(Dismiss); });
@@ -25,9 +34,11 @@ QtSessionOffer::QtSessionOffer(QWidget* parent)
     hide();
 }
 
-void QtSessionOffer::Offer(std::size_t pages) {
+void QtSessionOffer::Offer(std::size_t pages, const QString& which) {
     m_text->setText(pages == 1 ? QStringLiteral("TessaView did not end properly. One page was open.")
                                : QStringLiteral("TessaView did not end properly. %1 pages were open.").arg(pages));
+    m_which->setText(which);
+    m_which->setVisible(!which.isEmpty());
     show();
     if (Changed) Changed();
 }

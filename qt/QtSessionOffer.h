@@ -13,8 +13,8 @@ class QtSessionOffer final : public QtPageBar {
 public:
     explicit QtSessionOffer(QWidget* parent);
 
-    /// Shows the bar for a session with so many pages.
-    void Offer(std::size_t pages);
+    /// Shows the bar for a session with so many pages; `which` says when they were open and which they are.
+    void Offer(std::size_t pages, const QString& which);
 
     /// Hides the bar: there is nothing left to reopen.
     void Withdraw();
@@ -30,4 +30,5 @@ private:
     void Answer(const std::function<void()>& answer);
 
     QLabel* m_text;
+    QLabel* m_which;
 };

@@ -194,6 +194,67 @@ TEST(SessionJournal, ReopensAllPagesWithTheRightOneInFront) {
     EXPECT_TRUE(desk.Kept(0)->Settled);
 }
 
+TEST(SessionJournal, CountsTheTabsThatShowNothing) {
+    JournalDesk desk;
+    desk.StartWithTabs(4);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.PageLoads(2, u"about:blank", u"");
+    desk.PageLoads(3, u"tessaview:start", u"Home");
+    desk.PageLoads(4, u"about:blank", u"");
+    desk.main.Sessions.Write();
+    EXPECT_EQ(SessionFromBytes(desk.sessions.own)->Blanks, 2U);
+}
+
+TEST(SessionJournal, ReopenedPagesTakeThePlaceOfUntouchedOnesThatCameBack) {
+    JournalDesk desk;
+    desk.settings.PutList(u"LastSites", {u"http://one/", u"http://two/"});
+    desk.Keep(Crashed({{u"http://a/", u"A"}, {u"http://b/", u"B"}}, 1), u"x");
+    desk.Start();
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.main.Sessions.Reopen(u"x");
+    EXPECT_EQ(desk.Strip(), "[3*] 4");
+    desk.main.Closed.Reopen();
+    EXPECT_EQ(desk.main.pcPage.Count(), 4U) << "what gave way comes back together";
+}
+
+TEST(SessionJournal, PagesThatCameBackAndWereTouchedStay) {
+    JournalDesk desk;
+    desk.settings.PutList(u"LastSites", {u"http://1/", u"http://2/", u"http://3/", u"http://4/", u"http://5/"});
+    desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
+    desk.Start();
+    for (const int each : {1, 2, 3, 4, 5}) desk.PageLoads(each, u"http://" + Decimal(each) + u"/", Decimal(each));
+    desk.views.At(1).mayHold = true;
+    desk.main.Browser.Find(2)->ForwardFlag = 1;
+    desk.PageLoads(3, u"http://elsewhere/", u"3");
+    desk.main.Browser.Find(3)->Tag = u"1";
+    desk.main.Events.BeforeNavigate2(4, PageLevel::Top, u"http://soon/");
+    desk.main.Sessions.Reopen(u"x");
+    EXPECT_EQ(desk.Strip(), "1 2 3 4 [6*]");
+}
+
+TEST(SessionJournal, APageThatItsSiteHasSentOnIsUntouched) {
+    JournalDesk desk;
+    desk.settings.PutList(u"LastSites", {u"http://1/", u"http://2/"});
+    desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
+    desk.Start();
+    desk.PageLoads(1, u"https://www.1/", u"1");
+    desk.main.actBar.NoteTyped();
+    desk.PageLoads(2, u"http://other/", u"2");
+    desk.main.Sessions.Reopen(u"x");
+    EXPECT_EQ(desk.Strip(), "2 [3*]") << "what was typed before the page came is the user's";
+}
+
+TEST(SessionJournal, NothingGivesWayWhenNothingOpensOrTheListOpensIt) {
+    JournalDesk desk;
+    desk.settings.PutList(u"LastSites", {u"http://1/", u"http://2/"});
+    desk.Keep(Crashed({{u"javascript:1", u"A"}}), u"x");
+    desk.Start();
+    desk.main.Sessions.Reopen(u"x");
+    EXPECT_EQ(desk.Strip(), "1 [2*]");
+    desk.main.Sessions.OpenAndSettle({{u"http://a/", u"A"}}, 1, u"y");
+    EXPECT_EQ(desk.Strip(), "1 2 [3*]");
+}
+
 TEST(SessionJournal, AReopenedSessionIsSettledOnlyWhenItsPagesAreWrittenDown) {
     JournalDesk desk;
     desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");

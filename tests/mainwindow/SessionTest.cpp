@@ -10,6 +10,7 @@ Session Three() {
             .Ended = true,
             .Settled = true,
             .Selected = 2,
+            .Blanks = 3,
             .Pages = {{u"http://one/", u"One"}, {u"http://two/?q=\u00e4", u"\u4e8c"}, {u"http://three/", u""}}};
 }
 
@@ -23,6 +24,20 @@ TEST(Session, LineEndsAndTabsInATitleBecomeBlanks) {
     const auto read = SessionFromBytes(SessionBytes(session));
     ASSERT_EQ(read->Pages.size(), 1U);
     EXPECT_EQ(read->Pages[0], (SessionPage{u"http://one/", u"a b  page=c"}));
+}
+
+TEST(Session, IsToldByItsTimeItsFirstTitlesAndItsBlankTabs) {
+    const SessionPage a{u"http://a/", u"A"}, b{u"http://b/", u""};
+    using Pages = std::vector<SessionPage>;
+    EXPECT_EQ(SessionWords({.Pages = {a}}, u"Today, 10:14"), u"Today, 10:14: \u201cA\u201d");
+    EXPECT_EQ(SessionWords({.Pages = {a, b}}, u""), u"\u201cA\u201d and \u201chttp://b/\u201d");
+    EXPECT_EQ(SessionWords({.Blanks = 1, .Pages = {a}}, u""), u"\u201cA\u201d and a blank tab");
+    EXPECT_EQ(SessionWords({.Pages = Pages(4, a)}, u""),
+              u"\u201cA\u201d, \u201cA\u201d, \u201cA\u201d and \u201cA\u201d");
+    EXPECT_EQ(SessionWords({.Blanks = 2, .Pages = Pages(5, a)}, u""),
+              u"\u201cA\u201d, \u201cA\u201d, \u201cA\u201d, 2 more pages and 2 blank tabs");
+    const SessionPage lengthy{u"http://l/", Text(60, u'l')};
+    EXPECT_EQ(SessionWords({.Pages = {lengthy}}, u""), u"\u201c" + Text(40, u'l') + u"...\u201d");
 }
 
 TEST(Session, AnythingElseIsNone) {

@@ -183,13 +183,15 @@ TEST(QtSessionOffer, ShowsHowManyPagesAndTakesOneAnswer) {
         QTest::mouseClick(offer.findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
     };
     EXPECT_FALSE(offer.isVisible());
-    offer.Offer(1);
+    offer.Offer(1, QStringLiteral("Today: one"));
     EXPECT_TRUE(offer.findChild<QLabel*>()->text().contains(QStringLiteral("One page")));
+    EXPECT_EQ(offer.findChild<QLabel*>(QStringLiteral("lblWhich"))->text(), QStringLiteral("Today: one"));
     click("cmdEarlier");
     EXPECT_TRUE(offer.isVisible()) << "looking at the list is no answer";
     click("cmdReopen");
     EXPECT_FALSE(offer.isVisible());
-    offer.Offer(40);
+    offer.Offer(40, {});
+    EXPECT_TRUE(offer.findChild<QLabel*>(QStringLiteral("lblWhich"))->isHidden());
     EXPECT_TRUE(offer.findChild<QLabel*>()->text().contains(QStringLiteral("40 pages")));
     click("cmdNotNow");
     EXPECT_FALSE(offer.isVisible());
