@@ -39,9 +39,9 @@ std::vector<QtTabListEntry> QtProgram::TabLines() const {
     auto& strip = m->main.pcPage;
     for (std::size_t position = 1; position <= strip.Count(); ++position) {
         const Tab& tab = *strip.FindAt(position);
-        const QStringList lines = ToQt(m->main.Tabs.Describe(tab)).split(QLatin1Char('\n'));
-        tabs.push_back(
-            {tab.Key(), lines.value(0), lines.value(1), m->engine.Icon(tab.Tag), &tab == strip.SelectedItem()});
+        const QString tip = ToQt(m->main.Tabs.Describe(tab));
+        tabs.push_back({tab.Key(), tip.section(QLatin1Char('\n'), 0, 0), ToQt(m->main.Tabs.AddressOf(tab)), tip,
+                        m->engine.Icon(tab.Tag), &tab == strip.SelectedItem()});
     }
     return tabs;
 }

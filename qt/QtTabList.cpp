@@ -3,6 +3,7 @@
 #include "qt/QtPage.h"
 #include "qt/QtTabLines.h"
 #include "qt/QtText.h"
+#include "qt/QtTip.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -74,7 +75,7 @@ void QtTabList::Fill(const std::vector<QtTabListEntry>& tabs) {
         item->setData(ToQt(tab.key), kTabKeyRole);
         item->setData(QString(tab.title + QLatin1Char('\n') + tab.address), kSearchedRole);
         item->setData(QtPage::HostAndPort(QUrl(tab.address)), kHostRole);
-        item->setToolTip(Qt::convertFromPlainText(tab.title + QLatin1Char('\n') + tab.address, Qt::WhiteSpaceNormal));
+        item->setToolTip(QtTip::Html(tab.tip));
         m_tabs->appendRow(item);
     }
 }

@@ -15,7 +15,8 @@ class QStandardItemModel;
 struct QtTabListEntry {
     Text key;
     QString title;
-    QString address;
+    QString address; ///< of its page, or of the one that it waits for while it shows none
+    QString tip;     ///< all that there is to say of it, a line each
     QIcon icon;
     bool selected = false;
 };

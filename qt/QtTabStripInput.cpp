@@ -1,11 +1,11 @@
 // The mouse and the keyboard on the tab strip.
 #include "qt/QtTabStrip.h"
 #include "qt/QtText.h"
+#include "qt/QtTip.h"
 
 #include <QApplication>
 #include <QHelpEvent>
 #include <QMouseEvent>
-#include <QTextDocument>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
@@ -32,8 +32,7 @@ void QtTabStrip::ShowToolTip(QPoint point, QPoint globalPoint) {
     const Text shown = !tab ? Text() : ToolTipText ? ToolTipText(*tab) : tab->Caption();
     if (shown.empty()) return QToolTip::hideText();
     // A title comes from the page; it is text, whatever it looks like.
-    const QString text = Qt::convertFromPlainText(ToQt(shown), Qt::WhiteSpaceNormal);
-    QToolTip::showText(globalPoint, text, this, m_row.TabPlace(m_row.PositionAt(point)));
+    QToolTip::showText(globalPoint, QtTip::Html(ToQt(shown)), this, m_row.TabPlace(m_row.PositionAt(point)));
 }
 
 QtTabStrip::Spot QtTabStrip::SpotAt(QPoint point) const {

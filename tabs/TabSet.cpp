@@ -183,9 +183,18 @@ Text TabSet::Describe(const Tab& tab) const {
     const Text title = view->Control->LocationName(), address = view->Control->LocationURL();
     const Text first = (title.empty() ? tab.Caption() : title).substr(0, kMostDescribed);
     Text all = address.empty() ? first : first + u"\n" + address.substr(0, kMostDescribed);
-    if (!tab.Awaited().empty()) all += u"\nWaiting for " + tab.Awaited().substr(0, kMostDescribed);
+    if (!tab.Awaited().empty() && tab.Awaited() != address)
+        all += u"\nWaiting for " + tab.Awaited().substr(0, kMostDescribed);
     if (view->Privacy == Privacy::Private) all += u"\nPrivate tab: nothing of it is kept";
     return all;
+}
+
+Text TabSet::AddressOf(const Tab& tab) const {
+    const auto* view = m_browser.Find(tab.Tag);
+    const Text shown = view ? view->Control->LocationURL() : Text();
+    const bool none = shown.empty() || (view && view->Control->Blank()) || shown == u"about:blank";
+    const Text& address = none && !tab.Awaited().empty() ? tab.Awaited() : shown;
+    return Text(FirstUnits(address, kMostDescribed));
 }
 
 void TabSet::UpdateSound(std::int32_t Index) {

@@ -44,6 +44,8 @@ public:
     void SetTabTitle(std::int32_t Index, TextView title);
     /// What a tab's page is, for a person: its title and its address, a line each; no more than what is readable.
     [[nodiscard]] Text Describe(const Tab& tab) const;
+    /// The address of a tab's page; while it shows none, of the one that it waits for. No more than is readable.
+    [[nodiscard]] Text AddressOf(const Tab& tab) const;
     /// Shows on the tab what is to be heard of the view's page.
     void UpdateSound(std::int32_t Index);
     /// Closes the tab of view `Index`, once its page lets its user go; asks first when it is the only one, because that

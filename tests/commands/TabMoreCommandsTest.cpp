@@ -123,4 +123,21 @@ TEST_F(TabMoreCommandsTest, ATabIsDescribedByItsWholeTitleAndAddress) {
               u"Loading...\ntessaview:private\nPrivate tab: nothing of it is kept");
 }
 
+TEST_F(TabMoreCommandsTest, ATabThatLoadsIsToldApartByItsAddress) {
+    Start(1, 1);
+    auto* view = desk.main.Tabs.GetNewBrowser(InFront::No);
+    ASSERT_TRUE(view);
+    ResumeNext(view->Navigate(u"http://two.example/a"));
+    const Tab& tab = *desk.main.pcPage.FindAt(2);
+    desk.main.Events.BeforeNavigate2(2, PageLevel::Top, u"http://two.example/a");
+    EXPECT_EQ(tab.Caption(), u"Loading...");
+    EXPECT_EQ(desk.main.Tabs.Describe(tab), u"Loading...\nhttp://two.example/a");
+    EXPECT_EQ(desk.main.Tabs.AddressOf(tab), u"http://two.example/a");
+    desk.views.At(2).location = u"about:blank";
+    EXPECT_EQ(desk.main.Tabs.Describe(tab), u"Loading...\nabout:blank\nWaiting for http://two.example/a");
+    EXPECT_EQ(desk.main.Tabs.AddressOf(tab), u"http://two.example/a") << "it is the host that tells it apart";
+    desk.PageLoads(2, u"http://two.example/b", u"Two");
+    EXPECT_EQ(desk.main.Tabs.AddressOf(tab), u"http://two.example/b");
+}
+
 } // namespace

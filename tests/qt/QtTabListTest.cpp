@@ -21,6 +21,7 @@ protected:
             tabs.push_back({u"Tab" + Decimal(i),
                             QStringLiteral("Page %1").arg(i),
                             QStringLiteral("http://host%1.example/<b>").arg(i * 1000),
+                            QStringLiteral("Page %1\n<b>Private tab").arg(i),
                             {},
                             i == selected});
         return tabs;
@@ -96,6 +97,7 @@ TEST_F(QtTabListTest, EachLineHasAnIconAndTheHostOfItsPage) {
     Open(2, 1);
     const QModelIndex line = View()->model()->index(1, 0);
     EXPECT_EQ(line.data(QtTabLines::kHostRole).toString(), QStringLiteral("host2000.example"));
+    EXPECT_TRUE(line.data(Qt::ToolTipRole).toString().contains(QStringLiteral("Page 2<br/>&lt;b&gt;Private tab")));
     EXPECT_TRUE(line.data(Qt::DecorationRole).canConvert<QIcon>());
 }
 

@@ -539,7 +539,39 @@ TEST_F(QtTabStripTest, TheToolTipIsTheFullCaptionAsText) {
     QHelpEvent help(QEvent::ToolTip, Middle(1), widget.mapToGlobal(Middle(1)));
     QApplication::sendEvent(&widget, &help);
     EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("&lt;b&gt;a caption")));
-    EXPECT_TRUE(QToolTip::text().contains(QString(300, QLatin1Char('x'))));
+    EXPECT_EQ(QToolTip::text().count(QLatin1Char('x')), 300);
+    QToolTip::hideText();
+}
+
+// The tip that is on the screen.
+QSize ShownTip() {
+    for (const QWidget* each : QApplication::topLevelWidgets()) {
+        if (each->isVisible() && each->inherits("QTipLabel")) return each->size();
+    }
+    return {};
+}
+
+TEST_F(QtTabStripTest, TheLinesOfAToolTipStayWholeAsLongAsTheyMay) {
+    AddMany(1);
+    QString line;
+    widget.ToolTipText = [&](const Tab&) { return FromQt(line); };
+    Show();
+    const auto tip = [&](const QString& shown) {
+        line = shown;
+        QHelpEvent help(QEvent::ToolTip, Middle(1), widget.mapToGlobal(Middle(1)));
+        QApplication::sendEvent(&widget, &help);
+        return ShownTip();
+    };
+    const QSize one = tip(QStringLiteral("Title"));
+    const QString sentence =
+        QStringLiteral("Private tab: nothing of it is kept, and that is all there is to say of it");
+    const QSize lengthy = tip(sentence);
+    EXPECT_EQ(lengthy.height(), one.height()) << "a narrow column is hard to read";
+    EXPECT_FALSE(QToolTip::text().contains(QStringLiteral("<br/>")));
+    EXPECT_GT(tip(sentence + QLatin1Char(' ') + sentence + QLatin1Char(' ') + sentence).height(), one.height());
+    EXPECT_EQ(QToolTip::text().remove(QStringLiteral("<br/>")).count(sentence.left(11)), 3) << "it breaks at blanks";
+    const int most = ShownTip().width();
+    EXPECT_LT(tip(QString(3000, QLatin1Char('x'))).width(), most + 100) << "a word without end is broken too";
     QToolTip::hideText();
 }
 
