@@ -88,6 +88,58 @@ private:
     Text m_key;
 };
 
+/// The button for a new tab, the last child of the strip.
+class NewTabAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
+public:
+    explicit NewTabAccessible(QtTabStrip& strip) : m_strip(strip) {}
+
+    bool isValid() const override { return true; }
+    QObject* object() const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(&m_strip); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    QAccessible::Role role() const override { return QAccessible::Button; }
+    void setText(QAccessible::Text, const QString&) override {}
+    QWindow* window() const override {
+        const QAccessibleInterface* strip = parent();
+        return strip ? strip->window() : nullptr;
+    }
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name) return QStringLiteral("New Tab");
+        if (kind == QAccessible::Description) return QStringLiteral("Opens a blank tab; its menu has other kinds");
+        return {};
+    }
+
+    QRect rect() const override {
+        const QRect place = m_strip.NewPlace();
+        return {m_strip.mapToGlobal(place.topLeft()), place.size()};
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.hasPopup = true;
+        state.invisible = !m_strip.isVisible();
+        return state;
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+    }
+
+    QStringList actionNames() const override { return {pressAction(), showMenuAction()}; }
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+    void doAction(const QString& name) override {
+        if (name == pressAction() && m_strip.BlankRequested) m_strip.BlankRequested();
+        if (name == showMenuAction() && m_strip.NewMenuRequested) m_strip.NewMenuRequested();
+    }
+
+private:
+    QtTabStrip& m_strip;
+};
+
 void Announce(QAccessibleInterface* interface, QAccessible::Event kind) {
     if (!interface) return;
     QAccessibleEvent event(interface, kind);
@@ -117,30 +169,40 @@ QtTabStripAccessible::~QtTabStripAccessible() {
     // Usually the strip has gone before.
     if (auto* strip = qobject_cast<QtTabStrip*>(object())) strip->Changed = {};
     for (const auto& [key, known] : m_known) QAccessible::deleteAccessibleInterface(known.id);
+    if (m_newTab) QAccessible::deleteAccessibleInterface(*m_newTab);
 }
 
-int QtTabStripAccessible::childCount() const { return static_cast<int>(m_strip.Model().Count()); }
+int QtTabStripAccessible::childCount() const { return static_cast<int>(m_strip.Model().Count()) + 1; }
 
 QAccessibleInterface* QtTabStripAccessible::child(int index) const {
     if (index < 0) return nullptr;
+    if (index + 1 == childCount()) return NewTab();
     const Tab* tab = m_strip.Model().FindAt(static_cast<std::size_t>(index) + 1);
     return tab ? Interface(tab->Key()) : nullptr;
 }
 
 int QtTabStripAccessible::indexOfChild(const QAccessibleInterface* child) const {
+    if (dynamic_cast<const NewTabAccessible*>(child)) return childCount() - 1;
     const auto* tab = dynamic_cast<const TabAccessible*>(child);
     if (!tab) return -1;
     return static_cast<int>(m_strip.Model().PositionOf(m_strip.Model().Find(tab->Key()))) - 1;
 }
 
 QAccessibleInterface* QtTabStripAccessible::childAt(int x, int y) const {
-    const Tab* tab = m_strip.FindTabAt(m_strip.mapFromGlobal(QPoint(x, y)));
+    const QPoint point = m_strip.mapFromGlobal(QPoint(x, y));
+    if (m_strip.NewPlace().contains(point)) return NewTab();
+    const Tab* tab = m_strip.FindTabAt(point);
     return tab ? Interface(tab->Key()) : nullptr;
 }
 
 QAccessibleInterface* QtTabStripAccessible::focusChild() const {
     const Tab* selected = m_strip.Model().SelectedItem();
     return selected && m_strip.hasFocus() ? Interface(selected->Key()) : nullptr;
+}
+
+QAccessibleInterface* QtTabStripAccessible::NewTab() const {
+    if (!m_newTab) m_newTab = QAccessible::registerAccessibleInterface(new NewTabAccessible(m_strip));
+    return QAccessible::accessibleInterface(*m_newTab);
 }
 
 QAccessibleInterface* QtTabStripAccessible::Interface(const Text& key) const {

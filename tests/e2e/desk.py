@@ -171,7 +171,9 @@ class Program:
         application = self.application()
         for node in walk(application) if application else ():
             if role_of(node) == "page tab list":
-                return [node.getChildAtIndex(index) for index in range(node.childCount)]
+                children = [node.getChildAtIndex(index) for index in range(node.childCount)]
+                # Behind the tabs there is the button for a new one.
+                return children[:-1] if children and role_of(children[-1]) == "push button" else children
         return []
 
     def strip(self):

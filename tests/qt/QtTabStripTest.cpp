@@ -642,7 +642,7 @@ TEST_F(QtTabStripTest, ScreenReadersSeeAListOfPageTabs) {
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(list->role(), QAccessible::PageTabList);
     EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("Tabs"));
-    ASSERT_EQ(list->childCount(), 3);
+    ASSERT_EQ(list->childCount(), 4);
     for (int i = 0; i < 3; ++i) {
         QAccessibleInterface* tab = list->child(i);
         EXPECT_EQ(tab->role(), QAccessible::PageTab);
@@ -653,8 +653,32 @@ TEST_F(QtTabStripTest, ScreenReadersSeeAListOfPageTabs) {
         EXPECT_EQ(list->indexOfChild(tab), i);
         EXPECT_EQ(list->childAt(tab->rect().center().x(), tab->rect().center().y()), tab);
     }
-    EXPECT_EQ(list->child(3), nullptr);
+    EXPECT_EQ(list->child(4), nullptr);
     EXPECT_EQ(list->child(-1), nullptr);
+}
+
+TEST_F(QtTabStripTest, ScreenReadersFindTheButtonForANewTabBehindTheTabs) {
+    int blanks = 0, menus = 0;
+    widget.BlankRequested = [&] { ++blanks; };
+    widget.NewMenuRequested = [&] { ++menus; };
+    AddMany(2);
+    Show();
+    QAccessibleInterface* list = Accessible(widget);
+    QAccessibleInterface* button = list->child(2);
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->role(), QAccessible::Button);
+    EXPECT_EQ(button->text(QAccessible::Name), QStringLiteral("New Tab"));
+    EXPECT_EQ(button->parent(), list);
+    EXPECT_EQ(list->indexOfChild(button), 2);
+    EXPECT_EQ(list->childAt(button->rect().center().x(), button->rect().center().y()), button);
+    button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    button->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_EQ(blanks, 1);
+    EXPECT_EQ(menus, 1);
+    EXPECT_EQ(clicks, 0);
+    Add("one more");
+    Quiet();
+    EXPECT_EQ(list->child(3), button) << "it is always the last";
 }
 
 TEST_F(QtTabStripTest, ScreenReadersSelectATabByItsAction) {
@@ -697,13 +721,13 @@ TEST_F(QtTabStripTest, ScreenReadersFollowChanges) {
     Show();
     QAccessibleInterface* list = Accessible(widget);
     QAccessibleInterface* third = list->child(2);
-    ASSERT_EQ(list->childCount(), 3);
+    ASSERT_EQ(list->childCount(), 4);
     strip.SetCaption(strip.FindAt(3), u"renamed");
     strip.Select(strip.FindAt(3));
     strip.Remove(strip.FindAt(1));
     Add("new");
     Quiet();
-    ASSERT_EQ(list->childCount(), 3);
+    ASSERT_EQ(list->childCount(), 4);
     EXPECT_EQ(list->child(1), third);
     EXPECT_EQ(third->text(QAccessible::Name), QStringLiteral("renamed"));
     EXPECT_TRUE(third->state().selected);
