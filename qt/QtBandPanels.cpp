@@ -56,6 +56,12 @@ void QtBandPanels::CloseFrom(std::size_t level) {
 
 void QtBandPanels::Close() { CloseFrom(0); }
 
+bool QtBandPanels::CloseLast() {
+    if (!Root()) return false;
+    CloseFrom(m_open.size() - 1);
+    return true;
+}
+
 void QtBandPanels::Refresh() {
     for (const auto& list : m_open) {
         if (!list) continue;
@@ -70,6 +76,6 @@ bool QtBandPanels::Hold(const QWidget& widget) const {
 
 bool QtBandPanels::eventFilter(QObject* watched, QEvent* event) {
     const bool escape = event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
-    if (escape) Close();
+    if (escape) CloseLast();
     return escape || QObject::eventFilter(watched, event);
 }

@@ -20,6 +20,8 @@ public:
     /// built at run time does not open.
     void Open(Band& menu, const QRect& under);
     void Close();
+    /// Closes the menu that was opened last, as Escape does; answers whether there was one.
+    bool CloseLast();
     /// The menu that is open and opens out of no other; nothing when there is none.
     [[nodiscard]] Band* Root() const;
     /// Shows the menus as they are now.

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -135,6 +136,16 @@ void QtToolDrag::BeginDrag(const Spot& spot) {
     DragEnds();
 }
 
+// The keyboard is still where it was when a menu was opened to be arranged: in the dialog, which Escape would close, or
+// in the window, where it has a meaning of its own.
+bool QtToolDrag::Escape(const QWidget& watched, QEvent& event) {
+    const bool ours = watched.window() == &m_window || watched.window() == &m_dialog || m_panels.Hold(watched);
+    if (!ours || static_cast<QKeyEvent&>(event).key() != Qt::Key_Escape || !m_panels.Root()) return false;
+    if (event.type() == QEvent::KeyPress) return m_panels.CloseLast();
+    event.accept();
+    return true;
+}
+
 bool QtToolDrag::Release() {
     if (!m_pressed) return false;
     const Spot spot = *std::exchange(m_pressed, std::nullopt);
@@ -222,6 +233,9 @@ bool QtToolDrag::eventFilter(QObject* watched, QEvent* event) {
     auto* widget = qobject_cast<QWidget*>(watched);
     if (!widget) return false;
     switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        return Escape(*widget, *event);
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
         return Press(*widget, static_cast<QMouseEvent&>(*event));

@@ -40,6 +40,7 @@ private:
     [[nodiscard]] QWidget* BarOf(QWidget& widget) const;
     [[nodiscard]] Spot SpotAt(QWidget& watched, const QPoint& point) const;
     [[nodiscard]] std::optional<DraggedTool> ToolAt(const Spot& spot) const;
+    bool Escape(const QWidget& watched, QEvent& event);
     bool Press(QWidget& watched, const QMouseEvent& event);
     bool Move(const QMouseEvent& event);
     bool Release();

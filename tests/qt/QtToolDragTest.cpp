@@ -208,6 +208,28 @@ TEST_F(QtToolDragTest, AMenuOpensToBeArrangedAndClosesAgain) {
     EXPECT_FALSE(edit->isVisible());
 }
 
+TEST_F(QtToolDragTest, EscapeClosesTheMenuThatIsArrangedAndNothingElse) {
+    int stops = 0, rejected = 0;
+    QAction stop;
+    stop.setShortcut(Qt::Key_Escape);
+    window.addAction(&stop);
+    QObject::connect(&stop, &QAction::triggered, [&] { ++stops; });
+    QObject::connect(&dialog, &QDialog::rejected, [&] { ++rejected; });
+    dialog.show();
+    for (QWidget* keyboard : {static_cast<QWidget*>(&dialog), window.centralWidget()}) {
+        QTest::mouseClick(window.menuBar(), Qt::LeftButton, Qt::NoModifier, Menu(1));
+        QPointer<QtBandList> edit = Panel("bndEditMenu");
+        ASSERT_TRUE(edit && edit->isVisible());
+        QTest::keyClick(keyboard, Qt::Key_Escape);
+        EXPECT_FALSE(edit && edit->isVisible());
+        EXPECT_TRUE(dialog.isVisible());
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    EXPECT_EQ(stops + rejected, 0);
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_EQ(rejected, 1) << "without a menu the key is the dialog's again";
+}
+
 TEST_F(QtToolDragTest, CommandsAreDroppedIntoAMenuAndItsEntriesReordered) {
     QTest::mouseClick(window.menuBar(), Qt::LeftButton, Qt::NoModifier, Menu(1));
     QtBandList& edit = *Panel("bndEditMenu");
