@@ -88,7 +88,7 @@ void AddText(Entries& entries, const PageContext& page) {
         entries.Add(u"mnuSelectAll");
     }
     entries.Add(u"xtrSearchSelection", !PlainLine(page.SelectedText, kMostShownWords).empty());
-    entries.Add(u"xtrOpenSelectedLinks", selected && !page.Editable);
+    entries.Add(u"xtrOpenSelectedLinks", page.SelectsLinks && !page.Editable);
 }
 
 void AddPage(Entries& entries) {

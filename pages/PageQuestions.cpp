@@ -5,7 +5,7 @@
 #include <utility>
 
 PageQuestions::~PageQuestions() {
-    Changed = {};
+    Changed = Reworded = {};
     DismissAll();
 }
 
@@ -45,6 +45,13 @@ void PageQuestions::Withdraw(TextView key) {
     m_waiting.erase(found);
     if (shown && Changed) Changed();
     Tell(gone.second, PageQuestion::kDismissed, false);
+}
+
+void PageQuestions::Reword(TextView key, Text words) {
+    const auto found = std::ranges::find_if(m_waiting, [&](const Waiting& each) { return each.first.Key == key; });
+    if (found == m_waiting.end()) return;
+    found->first.Words = std::move(words);
+    if (found == m_waiting.begin() && Reworded) Reworded();
 }
 
 void PageQuestions::DismissAll() { Dismiss(std::exchange(m_waiting, {})); }

@@ -54,6 +54,11 @@ public:
     /// Another site has come, which may have asked already: the engine tells of questions and of addresses in no order.
     void DismissAllBut(TextView asker);
 
+    /// A question that waits is put in other words; nothing else about it changes.
+    void Reword(TextView key, Text words);
+
+    /// The question that is shown has other words.
+    std::function<void()> Reworded;
     /// Another question is to be shown, or none.
     std::function<void()> Changed;
 

@@ -92,6 +92,7 @@ private:
     void MakeQuestions();
     void MakeLife();
     void AskForMenu(QPoint at);
+    void ShowMenu(const PageContext& context, QPoint at);
     void Release();
     void ConnectLoading();
     void ConnectPage();
@@ -112,6 +113,7 @@ private:
     void PreviewShown();
     void PrintPreview();
     void ShowPreview(const QByteArray& pdf);
+    void RaiseBars();
     void WireQuestions();
     void ShowQuestion();
     void OnRendererGone();

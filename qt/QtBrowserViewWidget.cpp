@@ -15,15 +15,20 @@
 void QtBrowserView::LayWidget() {
     if (!m_widget || m_engine.FullScreen().Has(m_widget)) return;
     QRect page = m_engine.PageRect(m_place);
+    // A question lies over the page: what one is reading or about to click must not move.
+    m_widget->setGeometry(page);
     QtQuestionBar& bar = *m_questions->bar;
     if (bar.Asks()) {
         const int height = std::min(bar.HeightFor(page.width()), page.height() / 2);
         bar.setGeometry(page.left(), page.top(), page.width(), height);
-        bar.raise();
         page.setTop(page.top() + height);
     }
-    m_widget->setGeometry(page);
     m_questions->covers.Lay(page);
+    RaiseBars();
+}
+
+void QtBrowserView::RaiseBars() {
+    if (m_questions->bar->Asks()) m_questions->bar->raise();
 }
 
 void QtBrowserView::Show() {
@@ -34,6 +39,7 @@ void QtBrowserView::Show() {
     m_widget->raise();
     m_questions->covers.SetShown(true);
     m_questions->bar->setVisible(m_questions->bar->Asks());
+    RaiseBars();
     if (m_wantsFocus) SetFocus();
     // Queued: the one that was in front is still being hidden.
     QMetaObject::invokeMethod(
@@ -87,6 +93,13 @@ void QtBrowserView::MakeLife() {
 
 void QtBrowserView::WireQuestions() {
     m_questions->questions.Changed = [this] { ShowQuestion(); };
+    m_questions->questions.Reworded = [this] {
+        m_questions->bar->ShowWords();
+        LayWidget();
+    };
+    m_questions->links.Refused = [this](const QString& words) {
+        if (m_engine.Notice && m_widget && m_widget->isVisible()) m_engine.Notice(words);
+    };
     m_questions->bar->FocusPage = [this] { SetFocus(); };
     m_questions->permissions.OpenPopup = [this](const QUrl& address) { OpenPopup(address); };
     m_questions->permissions.CapturesChanged = [this] { m_engine.ReportCaptures(); };
@@ -124,9 +137,17 @@ void QtBrowserView::MakeWidget() {
 }
 
 void QtBrowserView::AskForMenu(QPoint at) {
+    if (!m_questions) return;
+    const auto show = [self = QPointer<QtBrowserView>(this), place = m_widget->mapToGlobal(at)](const PageContext& in) {
+        if (self && self->m_widget) self->ShowMenu(in, place);
+    };
+    m_questions->tools.AskForMenu(*m_widget, show);
+}
+
+void QtBrowserView::ShowMenu(const PageContext& context, QPoint at) {
     const auto& place = m_engine.MenuPlace;
-    if (place) place(m_widget->mapToGlobal(at));
-    m_events.ContextMenu(m_index, QtPageTools::ContextOf(*m_widget));
+    if (place) place(at);
+    m_events.ContextMenu(m_index, context);
     if (place) place(std::nullopt);
 }
 

@@ -67,6 +67,8 @@ public:
     void ForgetDecision(const SiteDecision& forgotten);
     /// What pages may see and hear of their users has changed.
     std::function<void()> CapturesChanged;
+    /// Says something in passing, in the status bar.
+    std::function<void(const QString&)> Notice;
     /// In words, a sentence for each page.
     [[nodiscard]] QStringList Captures() const;
     /// Loads these pages again, which ends it.

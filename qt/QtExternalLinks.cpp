@@ -81,6 +81,7 @@ QtDialogCover* NotShown(const QUrl& url, const Text& why) {
 struct QtExternalLinks::Asker {
     QString heading;
     QString site;          ///< for which an answer holds; empty for the user and for pages without a host
+    QString host;          ///< of the page
     QString who;           ///< tells one that was refused from the next
     bool remembers = true; ///< whether an answer may hold for more than once
     bool user = false;
@@ -95,7 +96,12 @@ QtExternalLinks::QtExternalLinks(QtPage& page, QtCovers& covers, ExternalSchemes
     connect(&page, &QtPage::NavigationRequested, this, [this](const QUrl&, bool topLevel) {
         if (topLevel) TakeOff();
     });
-    connect(&page, &QtPage::PersonNavigated, this, [this] { m_refused.clear(); });
+    connect(&page, &QtPage::ExternalRefused, this,
+            [this](const QUrl& url, const QUrl& asker) { TellRefused(url, QtPage::HostAndPort(asker)); });
+    connect(&page, &QtPage::PersonNavigated, this, [this] {
+        m_refused.clear();
+        m_toldRefused.clear();
+    });
 }
 
 QtExternalLinks::Asker QtExternalLinks::AskerIn(const QtAsker& asker) {
@@ -106,12 +112,16 @@ QtExternalLinks::Asker QtExternalLinks::AskerIn(const QtAsker& asker) {
         who = QStringLiteral("A frame in %1").arg(host.isEmpty() ? QStringLiteral("a page without an address") : host);
         if (!from.isEmpty()) who += QStringLiteral(", from %1,").arg(from);
     }
-    return {QStringLiteral("%1 wants to open another program.").arg(who), site, who + u' ' + site,
-            !asker.frame && !site.isEmpty(), false};
+    return {QStringLiteral("%1 wants to open another program.").arg(who),
+            site,
+            host,
+            who + u' ' + site,
+            !asker.frame && !site.isEmpty(),
+            false};
 }
 
 bool QtExternalLinks::Take(const QUrl& url) {
-    const Asker user{QStringLiteral("Open this address with another program?"), {}, {}, true, true};
+    const Asker user{QStringLiteral("Open this address with another program?"), {}, {}, {}, true, true};
     const Text address = FromQt(url.toString(QUrl::FullyEncoded));
     if (const Text why = UnshownAddresses::WhyNot(address); !why.empty()) {
         Tell(url, NotShown(url, why), user);
@@ -133,7 +143,17 @@ void QtExternalLinks::Open(const QUrl& url, const Asker& asker) {
     if (rule != ExternalRule::Refuse && !QtDesktopPrograms::OpensElsewhere(url.scheme()))
         return refused ? void() : Tell(url, NoProgram(url), asker);
     if (rule == ExternalRule::Open) QDesktopServices::openUrl(url);
-    if (rule == ExternalRule::Ask && !m_shown && !refused) Ask(url, asker);
+    if (rule == ExternalRule::Ask && refused) rule = ExternalRule::Refuse;
+    if (rule == ExternalRule::Refuse && !asker.user) TellRefused(url, asker.host);
+    if (rule == ExternalRule::Ask && !m_shown) Ask(url, asker);
+}
+
+// A page may try without end: once is enough to know of it.
+void QtExternalLinks::TellRefused(const QUrl& url, const QString& host) {
+    if (!Refused || m_toldRefused.contains(url.scheme())) return;
+    m_toldRefused.insert(url.scheme());
+    Refused(QStringLiteral("%1 wanted to open another program (%2:), which was not allowed.")
+                .arg(host.isEmpty() ? QStringLiteral("This page") : host, ShownScheme(url)));
 }
 
 void QtExternalLinks::Ask(const QUrl& url, const Asker& asker) {

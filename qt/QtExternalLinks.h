@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QSet>
 #include <QUrl>
+#include <functional>
 
 class QtCovers;
 struct QtAsker;
@@ -27,12 +28,17 @@ public:
     /// show it; false for what the page may load.
     bool Take(const QUrl& url);
 
+    /// What the page wanted was refused without asking anybody; said once for each scheme until a person goes to
+    /// another page.
+    std::function<void(const QString& words)> Refused;
+
 private:
     struct Asker;
     [[nodiscard]] static Asker AskerIn(const QtAsker& asker);
     void Open(const QUrl& url, const Asker& asker);
     void Ask(const QUrl& url, const Asker& asker);
     void Tell(const QUrl& url, QtDialogCover* told, const Asker& asker);
+    void TellRefused(const QUrl& url, const QString& host);
     void Show(QtDialogCover* dialog);
     void TakeOff();
 
@@ -40,5 +46,6 @@ private:
     QtCovers& m_covers;
     ExternalSchemes& m_answers;
     QSet<QPair<QString, QString>> m_refused; ///< schemes and who wanted them, until a person goes to another page
+    QSet<QString> m_toldRefused;             ///< schemes, likewise
     QPointer<QtDialogCover> m_shown;
 };

@@ -44,7 +44,7 @@ void QtNotifications::Follow(QWebEngineProfile& profile) {
 }
 
 void QtNotifications::Show(std::shared_ptr<QWebEngineNotification> notification) {
-    if (m_shown.size() >= kMostNotifications) return;
+    if (m_shown.size() + m_inside.size() >= kMostNotifications) return;
     // Whoever reads it is to know who speaks; what a page says is text, not markup.
     const QString title = ToQt(PlainLine(FromQt(notification->title()), kLongestTitle));
     const QString words = ToQt(PlainLines(FromQt(notification->message()), kMostBodyLines, kLongestBodyLine));
@@ -53,15 +53,30 @@ void QtNotifications::Show(std::shared_ptr<QWebEngineNotification> notification)
     call.setArguments({QStringLiteral("TessaView"), 0U, QStringLiteral("tessaview"), title, body.toHtmlEscaped(),
                        QStringList{QStringLiteral("default"), QStringLiteral("Show")},
                        QVariantMap{{QStringLiteral("desktop-entry"), QStringLiteral("tessaview")}}, -1});
+    const QString inside = QtPage::HostAndPort(notification->origin()) + QStringLiteral(": ") + title +
+                           (words.isEmpty() ? QString() : u'\n' + words);
     auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, notification](QDBusPendingCallWatcher* done) {
-        const QDBusPendingReply<uint> reply = *done;
-        done->deleteLater();
-        if (reply.isError()) return notification->close();
-        m_shown.insert(reply.value(), notification);
-        notification->show();
-    });
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this, notification, inside](QDBusPendingCallWatcher* done) {
+                const QDBusPendingReply<uint> reply = *done;
+                done->deleteLater();
+                if (reply.isError()) return ShowHere(notification, inside);
+                m_shown.insert(reply.value(), notification);
+                notification->show();
+            });
     connect(notification.get(), &QWebEngineNotification::closed, this, [this, gone = notification.get()] {
+        if (const auto inside = m_inside.find(gone); inside != m_inside.end()) {
+            const int number = *inside;
+            m_inside.erase(inside);
+            // Later: what the window lets go may be the last that holds what is just telling this.
+            QMetaObject::invokeMethod(
+                this,
+                [this, number] {
+                    if (TakeBack) TakeBack(number);
+                },
+                Qt::QueuedConnection);
+            return;
+        }
         for (auto each = m_shown.begin(); each != m_shown.end(); ++each) {
             if (each.value().get() != gone) continue;
             QDBusMessage close = Call("CloseNotification");
@@ -70,6 +85,25 @@ void QtNotifications::Show(std::shared_ptr<QWebEngineNotification> notification)
             return;
         }
     });
+}
+
+// What was allowed is to be seen, whatever the desktop lacks.
+void QtNotifications::ShowHere(const std::shared_ptr<QWebEngineNotification>& notification, const QString& words) {
+    if (!ShowInside) return notification->close();
+    const auto answered = [this, notification] { m_inside.remove(notification.get()); };
+    const int number = ShowInside({words,
+                                   [this, notification, answered] {
+                                       answered();
+                                       notification->click();
+                                       notification->close();
+                                       if (Clicked) Clicked();
+                                   },
+                                   [notification, answered] {
+                                       answered();
+                                       notification->close();
+                                   }});
+    m_inside.insert(notification.get(), number);
+    notification->show();
 }
 
 void QtNotifications::OnAction(uint id, const QString&) {

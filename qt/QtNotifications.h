@@ -1,4 +1,6 @@
 #pragma once
+#include "qt/QtNoticeBar.h"
+
 #include <QHash>
 #include <QObject>
 #include <functional>
@@ -7,7 +9,8 @@
 class QWebEngineNotification;
 class QWebEngineProfile;
 
-/// Hands the notifications of pages to the desktop, and what the user does with them back to the pages.
+/// Hands the notifications of pages to the desktop, or to the window where the desktop shows none, and what the user
+/// does with them back to the pages.
 class QtNotifications final : public QObject {
     Q_OBJECT
 
@@ -16,6 +19,10 @@ public:
 
     /// Takes the notifications of the profile's pages from now on.
     void Follow(QWebEngineProfile& profile);
+    /// Shows one in the window, where the desktop shows none; its number. Filled in by the program.
+    std::function<int(QtNoticeBar::Notice)> ShowInside;
+    /// Takes that one back.
+    std::function<void(int number)> TakeBack;
     /// The user has clicked a notification: the program comes to the front.
     std::function<void()> Clicked;
 
@@ -25,6 +32,8 @@ private Q_SLOTS:
 
 private:
     void Show(std::shared_ptr<QWebEngineNotification> notification);
+    void ShowHere(const std::shared_ptr<QWebEngineNotification>& notification, const QString& words);
 
     QHash<uint, std::shared_ptr<QWebEngineNotification>> m_shown; ///< by the desktop's number
+    QHash<QWebEngineNotification*, int> m_inside;                 ///< their numbers in the window
 };

@@ -59,7 +59,10 @@ bool QtPage::HandOver(const QUrl& url, bool clicked, bool isMainFrame) {
     const bool mail = url.scheme() == u"mailto";
     if (!mail && !ExternalSchemes::IsExternal(FromQt(url.scheme()))) return false;
     // Only a person's click starts the mail program, so that no page can start it a hundred times.
-    if (mail && !(clicked && TakePerson())) return true;
+    if (mail && !(clicked && TakePerson())) {
+        Q_EMIT ExternalRefused(url, ShownAddress());
+        return true;
+    }
     if (mail && QtDesktopPrograms::OpensElsewhere(url.scheme())) {
         QDesktopServices::openUrl(QtMail::WithoutFiles(url));
         return true;

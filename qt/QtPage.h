@@ -82,6 +82,8 @@ Q_SIGNALS:
     void PersonNavigated();
     /// A link of the home page was clicked that is for the program and not for the engine.
     void StartLinkFollowed(const QUrl& url);
+    /// An address for another program was not handed over, because nobody had clicked for it.
+    void ExternalRefused(const QUrl& url, const QUrl& page);
     /// The page, or a frame in it, wants another program of the desktop to open an address.
     void ExternalRequested(const QUrl& url, const QtAsker& asker);
     /// The page shows the document that it was to load, and had its address already: after a refresh, or because

@@ -3,9 +3,14 @@
 #include "qt/QtPage.h"
 #include "qt/QtText.h"
 
+#include <QTimer>
 #include <QWebEngineContextMenuRequest>
 #include <QWebEngineScript>
 #include <QWebEngineView>
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -13,6 +18,7 @@ using Request = QWebEngineContextMenuRequest;
 
 constexpr qsizetype kLongestSelection = 2000;
 constexpr qsizetype kMostSuggestions = 5;
+constexpr std::chrono::milliseconds kMenuPatience{250};
 
 // Runs in a world of its own, which the page cannot change.
 constexpr auto kSelectedLinks = R"js((function () {
@@ -95,6 +101,20 @@ PageContext QtPageTools::ContextOf(const QWebEngineView& view) {
     context.Editable = request->isContentEditable();
     AddFlags(context, *request);
     return context;
+}
+
+void QtPageTools::AskForMenu(const QWebEngineView& view, const std::function<void(const PageContext&)>& show) {
+    const PageContext context = ContextOf(view);
+    if (context.SelectedText.empty() || context.Editable) return show(context);
+    const auto waiting = std::make_shared<std::optional<PageContext>>(context);
+    const auto tell = [waiting, show](bool links) {
+        auto told = std::exchange(*waiting, std::nullopt);
+        if (!told) return;
+        told->SelectsLinks = links;
+        show(*told);
+    };
+    QTimer::singleShot(kMenuPatience, &m_page, [tell] { tell(true); });
+    FindSelectedLinks([tell](const std::vector<Text>& links) { tell(!links.empty()); });
 }
 
 Outcome QtPageTools::Run(PageAction action) {

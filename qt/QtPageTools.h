@@ -17,6 +17,10 @@ public:
     /// What lies where the menu was asked for last.
     [[nodiscard]] static PageContext ContextOf(const QWebEngineView& view);
 
+    /// Tells what lies where the menu was asked for last, once it is known whether links are selected there; a page
+    /// that does not say is not waited for long.
+    void AskForMenu(const QWebEngineView& view, const std::function<void(const PageContext&)>& show);
+
     Outcome Run(PageAction action) override;
     Outcome ReplaceWord(TextView word) override;
     Outcome Save(TextView address, TextView path) override;

@@ -1,5 +1,6 @@
 #include "qt/QtPermissions.h"
 
+#include "pages/PopupWords.h"
 #include "qt/QtPage.h"
 #include "qt/QtText.h"
 
@@ -14,10 +15,13 @@ constexpr TextView kRemember = u"&Remember for this site";
 
 Text SiteOf(const QUrl& url) { return FromQt(QtPage::SiteOf(url)); }
 
-Text PermissionWords(const QUrl& origin, SitePermission permission) {
+Text AskerOf(const QUrl& origin) {
     const QString host = QtPage::HostAndPort(origin);
-    return (host.isEmpty() ? Text(u"This page") : FromQt(host)) + u" wants to " + SitePermissions::Wish(permission) +
-           u".";
+    return host.isEmpty() ? Text(u"This page") : FromQt(host);
+}
+
+Text PermissionWords(const QUrl& origin, SitePermission permission) {
+    return AskerOf(origin) + u" wants to " + SitePermissions::Wish(permission) + u".";
 }
 
 /// Whether the engine itself remembers the answer, for the whole run and for all tabs.
@@ -145,7 +149,10 @@ bool QtPermissions::MayOpenPopup(const QUrl& address) {
     if (known) return *known;
     // However many there are, they are one question.
     if (m_heldWindows.size() < kMostHeld) m_heldWindows << address;
-    if (m_heldWindows.size() == 1) AskPopup(address);
+    if (m_heldWindows.size() == 1)
+        AskPopup();
+    else
+        m_questions.Reword(KeyOf(m_page.url(), SitePermission::Popups), HeldWords());
     // The engine itself refuses the rest, or a page that wants windows without end would find no time for a click.
     m_page.settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, m_heldWindows.size() < kMostHeld);
     return false;
@@ -156,17 +163,21 @@ QList<QUrl> QtPermissions::TakeHeldWindows() {
     return std::exchange(m_heldWindows, {});
 }
 
-void QtPermissions::AskPopup(const QUrl& address) {
+Text QtPermissions::HeldWords() const {
+    std::vector<Text> places;
+    for (const QUrl& each : m_heldWindows) places.push_back(FromQt(QtPage::HostAndPort(each)));
+    return PopupWords(AskerOf(m_page.url()), places,
+                      m_heldWindows.size() < kMostHeld ? PopupsHeld::All : PopupsHeld::First);
+}
+
+void QtPermissions::AskPopup() {
     const QUrl origin = m_page.url();
-    const Text place = FromQt(QtPage::HostAndPort(address));
-    const Text words = PermissionWords(origin, SitePermission::Popups) +
-                       (place.empty() ? Text() : u" The first is of " + place + u".");
     const bool mayRemember = m_kept && !SiteOf(origin).empty();
     std::vector<Text> answers{u"A&llow Once", u"&Block"};
     if (mayRemember) answers.emplace_back(u"Al&ways Allow");
     m_questions.Ask({.Key = KeyOf(origin, SitePermission::Popups),
                      .Asker = SiteOf(origin),
-                     .Words = words,
+                     .Words = HeldWords(),
                      .Answers = answers,
                      .Remember = {},
                      .Answered = [this, origin](std::size_t answer, bool) {

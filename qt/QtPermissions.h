@@ -51,7 +51,8 @@ private:
     void Decide(const QUrl& origin, SitePermission permission, const std::function<void(bool)>& decided);
     [[nodiscard]] std::optional<bool> Decided(const QUrl& origin, SitePermission permission) const;
     void Remember(const QUrl& origin, SitePermission permission, bool allowed);
-    void AskPopup(const QUrl& address);
+    void AskPopup();
+    [[nodiscard]] Text HeldWords() const;
     void FollowCaptures();
     void ChangeCaptures(const std::function<void(PageCaptures&)>& change);
     /// What was held back; from now on the page may ask again.

@@ -25,6 +25,7 @@ void QtProgram::WirePages() {
     m->engine.SaveAddress = [this](QtPage& page, const QUrl& address, const Text& path) {
         m->downloads.Save(page, address, path);
     };
+    m->engine.Notice = [this](const QString& words) { m->statusBar.Notice(words); };
     m->mediaKeys.Page = [this] { return m->engine.MediaPage(); };
     m->engine.FullScreen().WindowIsFull = [this] { return m->window.FullScreen(); };
     m->engine.FullScreen().SetWindowFull = [this](bool on) { m->window.SetFullScreen(on); };
@@ -43,6 +44,8 @@ void QtProgram::WirePages() {
         if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
     };
     m->notifications.Clicked = [this] { m->window.ComeBack(); };
+    m->notifications.ShowInside = [this](QtNoticeBar::Notice notice) { return m->notices.Add(std::move(notice)); };
+    m->notifications.TakeBack = [this](int number) { m->notices.Remove(number); };
 }
 
 void QtProgram::WireEngine() {
@@ -56,6 +59,8 @@ void QtProgram::WireEngine() {
     m->bars.Add(m->captures, QtPageBars::Side::Above);
     m->bars.Add(m->offer, QtPageBars::Side::Above);
     m->bars.Add(m->findBar, QtPageBars::Side::Below);
+    m->bars.Add(m->notices, QtPageBars::Side::Below);
+    m->notices.Changed = [this] { m->engine.Relayout(); };
     m->captures.Changed = [this] { m->engine.Relayout(); };
     m->captures.Stop = [this] { m->engine.StopCaptures(); };
     m->engine.CapturesChanged = [this] { m->captures.Tell(m->engine.Captures()); };

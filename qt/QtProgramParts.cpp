@@ -112,6 +112,7 @@ QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
       fileDrop(window),
       tabList(&strip),
       findBar(window.PageArea()),
+      notices(window.PageArea()),
       offer(window.PageArea()),
       captures(window.PageArea()) {}
 

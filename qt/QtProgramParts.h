@@ -27,6 +27,7 @@
 #include "qt/QtMainWindow.h"
 #include "qt/QtMediaKeys.h"
 #include "qt/QtMiddleClick.h"
+#include "qt/QtNoticeBar.h"
 #include "qt/QtNotifications.h"
 #include "qt/QtPageBars.h"
 #include "qt/QtProgram.h"
@@ -124,6 +125,7 @@ struct QtProgram::Parts {
     QtFileDrop fileDrop;
     QtTabList tabList;
     QtFindBar findBar;
+    QtNoticeBar notices;
     QtSessionOffer offer;
     QtCaptureBar captures;
     QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};

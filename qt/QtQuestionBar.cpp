@@ -73,8 +73,7 @@ void QtQuestionBar::ShowCurrent() {
         if (hadFocus && FocusPage) FocusPage();
         return;
     }
-    m_words->setText(ToQt(question->Words));
-    setAccessibleName(m_words->text());
+    ShowWords();
     FillChoices();
     m_remember->setText(ToQt(question->Remember));
     m_remember->setChecked(false);
@@ -83,6 +82,12 @@ void QtQuestionBar::ShowCurrent() {
     m_guard->Restart();
     // Whoever is answering goes on to the next question, and allows nothing by going on.
     if (hadFocus) m_buttons[PageQuestion::kRefused]->setFocus(Qt::OtherFocusReason);
+}
+
+void QtQuestionBar::ShowWords() {
+    const auto* question = m_questions.Current();
+    m_words->setText(question ? ToQt(question->Words) : QString());
+    setAccessibleName(m_words->text());
 }
 
 void QtQuestionBar::FillChoices() {

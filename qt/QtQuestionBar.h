@@ -23,6 +23,8 @@ public:
 
     /// Shows the question that is to be shown now.
     void ShowCurrent();
+    /// The question that is shown has other words: its answers stay as they are.
+    void ShowWords();
     /// Whether there is something to show.
     [[nodiscard]] bool Asks() const { return m_questions.Current() != nullptr; }
     /// How high the bar is at that width.

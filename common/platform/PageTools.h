@@ -12,7 +12,8 @@ struct PageContext {
     Text MediaURL; ///< of the image, the sound or the film
     Kind Media = Kind::None;
     Text SelectedText;
-    Text MisspelledWord; ///< empty for none
+    bool SelectsLinks = false; ///< there are links in it, or it is not known whether
+    Text MisspelledWord;       ///< empty for none
     std::vector<Text> Suggestions;
     bool Editable = false;
     bool CanUndo = false, CanRedo = false, CanCut = false, CanCopy = false, CanPaste = false;

@@ -220,13 +220,22 @@ TEST_F(PageMenuTest, OfATextFieldListsWhatCanBeDone) {
 
 TEST_F(PageMenuTest, OfASelectionSearchesForIt) {
     EXPECT_EQ(Ask(Selection(u"tea & \ncake\u202E that is far too long to be shown here")),
-              "mnuCopy xtrSearchSelection xtrOpenSelectedLinks | xtrInspect");
+              "mnuCopy xtrSearchSelection | xtrInspect");
     EXPECT_EQ(Caption(u"xtrSearchSelection"), "S&earch for \"tea && cake that is far t...\"");
-    EXPECT_EQ(Ask(Selection(u" \u200B ")), "mnuCopy xtrOpenSelectedLinks | xtrInspect") << "there is nothing to find";
+    EXPECT_EQ(Ask(Selection(u" \u200B ")), "mnuCopy | xtrInspect") << "there is nothing to find";
     Ask(Selection(u"tea"));
     desk.Click(u"xtrSearchSelection");
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     EXPECT_TRUE(ToUtf8(desk.views.At(2).location).ends_with("tea"));
+}
+
+TEST_F(PageMenuTest, OffersToOpenSelectedLinksOnlyWhereThereAreSome) {
+    PageContext page = Selection(u"tea");
+    EXPECT_EQ(Ask(page), "mnuCopy xtrSearchSelection | xtrInspect");
+    page.SelectsLinks = true;
+    EXPECT_EQ(Ask(page), "mnuCopy xtrSearchSelection xtrOpenSelectedLinks | xtrInspect");
+    page.Editable = true;
+    EXPECT_EQ(Ask(page).find("xtrOpenSelectedLinks"), std::string::npos);
 }
 
 TEST_F(PageMenuTest, OfASelectionOpensItsLinksBehindInTheirOrder) {

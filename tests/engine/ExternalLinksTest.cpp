@@ -129,6 +129,28 @@ TEST_F(ExternalLinks, ASchemeWithoutEndIsCut) {
     EXPECT_EQ(program.Take(), "");
 }
 
+TEST_F(ExternalLinks, WhatIsRefusedUnaskedLeavesASignOnce) {
+    QStringList told;
+    desk.Real().Questions()->links.Refused = [&](const QString& words) { told << words; };
+    OnClick(QStringLiteral("location.href = 'testapp:x'"));
+    ASSERT_TRUE(Asks());
+    Press("cmdCancel");
+    EXPECT_TRUE(told.isEmpty()) << "whoever was asked knows of it";
+    OnClick(QStringLiteral("location.href = 'testapp:y'"));
+    ASSERT_TRUE(WaitUntil([&] { return told.size() == 1; }));
+    EXPECT_EQ(told.constFirst(),
+              QStringLiteral("127.0.0.1:%1 wanted to open another program (testapp:), which was not allowed.")
+                  .arg(server.serverPort()));
+    OnClick(QStringLiteral("location.href = 'testapp:z'"));
+    desk.Script(QStringLiteral("location.href = 'mailto:a@b.example'; 1"));
+    ASSERT_TRUE(WaitUntil([&] { return told.size() == 2; })) << "mail that nobody clicked for";
+    EXPECT_TRUE(told.constLast().contains(QStringLiteral("mailto:")));
+    Settled();
+    EXPECT_EQ(told.size(), 2);
+    EXPECT_EQ(Shown(), nullptr);
+    EXPECT_EQ(program.Take(), "");
+}
+
 TEST_F(ExternalLinks, AnAnswerIsForOnce) {
     for (int i = 0; i < 2; ++i) {
         desk.ClickOn(QStringLiteral("link"));

@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QLabel>
+#include <QPushButton>
 #include <QVariantMap>
 #include <QWebEngineProfile>
 
@@ -84,6 +86,38 @@ TEST(Notifications, ReachTheDesktopAndComeBack) {
     EXPECT_TRUE(WaitUntil([&] { return desk.Real().Page()->title() == u"clicked"; }));
     desk.Script(QStringLiteral("kept.close(); ''"));
     EXPECT_TRUE(WaitUntil([&] { return desktop.closed == QList<uint>{1}; }));
+}
+
+TEST(Notifications, AreShownInTheWindowWhereTheDesktopShowsNone) {
+    FakeSettings settings;
+    SitePermissions kept(settings);
+    LocalServer server;
+    QtNotifications notifications;
+    QtNoticeBar bar(nullptr);
+    notifications.ShowInside = [&](QtNoticeBar::Notice notice) { return bar.Add(std::move(notice)); };
+    notifications.TakeBack = [&](int number) { bar.Remove(number); };
+    bool clicked = false;
+    notifications.Clicked = [&] { clicked = true; };
+    EngineView desk;
+    desk.engine.Permissions = &kept;
+    desk.engine.ProfileMade = [&](QWebEngineProfile& profile) { notifications.Follow(profile); };
+    const QString host = QStringLiteral("localhost");
+    kept.Remember({FromQt(server.Address({}, host)), SitePermission::Notifications, true});
+    server.Page(QStringLiteral("/page"),
+                "<script>Notification.requestPermission().then(() => {"
+                "window.kept = new Notification('Tea'); window.other = new Notification('Cake', {body: 'two'});"
+                "other.onclick = () => document.title = 'clicked'; })</script>");
+    desk.Load(server.Address(QStringLiteral("/page"), host));
+    ASSERT_TRUE(WaitUntil([&] { return bar.Count() == 2; }));
+    const auto* words = bar.findChild<QLabel*>(QStringLiteral("lblNotice"));
+    EXPECT_EQ(words->text(), QStringLiteral("localhost:%1: Tea").arg(server.serverPort()));
+    desk.Script(QStringLiteral("kept.close(); ''"));
+    ASSERT_TRUE(WaitUntil([&] { return bar.Count() == 1; }));
+    EXPECT_EQ(words->text(), QStringLiteral("localhost:%1: Cake\ntwo").arg(server.serverPort()));
+    bar.findChild<QPushButton*>(QStringLiteral("cmdShowNotice"))->click();
+    EXPECT_TRUE(clicked);
+    EXPECT_EQ(bar.Count(), 0U);
+    EXPECT_TRUE(WaitUntil([&] { return desk.Real().Page()->title() == u"clicked"; }));
 }
 
 } // namespace

@@ -53,7 +53,8 @@ TEST_F(EnginePermissions, AreAskedForInABarAboveThePage) {
     EXPECT_EQ(Questions().Current()->Words,
               FromQt(QStringLiteral("localhost:%1 wants to know where you are.").arg(server.serverPort())));
     EXPECT_TRUE(Bar().isVisible());
-    EXPECT_EQ(Bar().geometry().bottom() + 1, desk.Real().Widget()->geometry().top()) << "the bar covers nothing";
+    EXPECT_EQ(desk.Real().Widget()->geometry(), desk.window.rect()) << "the page does not move under the pointer";
+    EXPECT_EQ(Bar().geometry().topLeft(), desk.Real().Widget()->geometry().topLeft());
     EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 1);
     ASSERT_TRUE(WaitForAnswers(Bar()));
     QTest::keyClick(Bar().findChild<QPushButton*>(QStringLiteral("cmdAnswer2")), Qt::Key_Space);
@@ -113,6 +114,10 @@ TEST_F(EnginePermissions, HoldWindowsBackThatNobodyClickedFor) {
     ASSERT_TRUE(WaitForQuestion());
     EXPECT_TRUE(WaitForTitle(QStringLiteral("opened")));
     EXPECT_EQ(desk.events.Count(QStringLiteral("W")), 0);
+    const QString host = QStringLiteral("localhost:%1").arg(server.serverPort());
+    EXPECT_EQ(ToQt(Questions().Current()->Words),
+              QStringLiteral("%1 wants to open more than 20 windows of %1.").arg(host));
+    EXPECT_TRUE(WaitUntil([&] { return Bar().accessibleName() == ToQt(Questions().Current()->Words); }));
     EXPECT_EQ(Questions().Current()->Answers, (std::vector<Text>{u"A&llow Once", u"&Block", u"Al&ways Allow"}));
     Questions().Answer(1, false);
     EXPECT_EQ(Questions().Current(), nullptr) << "three hundred windows are one question";

@@ -195,4 +195,22 @@ TEST(LinkRules, KnowWhatCanBeSaved) {
     for (const TextView no : {u"file:///x", u"javascript:1", u"tessaview:start", u"", u"x"}) EXPECT_FALSE(MaySave(no));
 }
 
+TEST(PageQuestions, AreRewordedWithoutBeingAskedAnew) {
+    PageQuestions questions;
+    int changed = 0, reworded = 0;
+    questions.Changed = [&] { ++changed; };
+    questions.Reworded = [&] { ++reworded; };
+    questions.Ask({.Key = u"a", .Words = u"one", .Answers = {}, .Remember = {}, .Answered = {}});
+    questions.Ask({.Key = u"b", .Words = u"other", .Answers = {}, .Remember = {}, .Answered = {}});
+    questions.Reword(u"a", u"two");
+    EXPECT_EQ(questions.Current()->Words, u"two");
+    EXPECT_EQ(reworded, 1);
+    questions.Reword(u"b", u"waits");
+    questions.Reword(u"c", u"is not there");
+    EXPECT_EQ(reworded, 1) << "only what is shown is shown anew";
+    EXPECT_EQ(changed, 1);
+    questions.Withdraw(u"a");
+    EXPECT_EQ(questions.Current()->Words, u"waits");
+}
+
 } // namespace

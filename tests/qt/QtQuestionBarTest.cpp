@@ -63,6 +63,20 @@ TEST_F(QuestionBar, LeavesTheKeyboardToThePage) {
     EXPECT_TRUE(answers.isEmpty()) << "what is typed into the page answers nothing";
 }
 
+TEST_F(QuestionBar, OtherWordsLeaveItsAnswersAsTheyAre) {
+    questions.Reworded = [this] { bar.ShowWords(); };
+    Ask(u"a.example wants to open a window.");
+    Press(Qt::Key_F6);
+    Later();
+    const QWidget* button = QApplication::focusWidget();
+    questions.Reword(u"a.example wants to open a window.", u"a.example wants to open 2 windows.");
+    EXPECT_EQ(Words(), u"a.example wants to open 2 windows.");
+    EXPECT_EQ(bar.accessibleName(), Words());
+    EXPECT_EQ(QApplication::focusWidget(), button);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(answers.join(u' '), u"0") << "a page that goes on wanting cannot put the answer off";
+}
+
 TEST_F(QuestionBar, IsAnsweredByKeyboard) {
     Ask(u"a?");
     bar.TakeFocus();
