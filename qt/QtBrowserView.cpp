@@ -170,7 +170,14 @@ Text QtBrowserView::LocationName() const {
     // While one page takes another's place, the engine tells the title of the one and the address of the other.
     // The history is not asked: of a window that another page writes into it has no entry, and then takes that ill.
     const bool changes = m_page->isLoading() && m_page->url() != m_shown;
-    return changes ? Text() : FromQt(m_page->title());
+    return changes ? Text() : NameOf(m_page->title());
+}
+
+bool QtBrowserView::ShowsPreview() const { return m_preview && m_committed && QtStartPage::IsPreview(m_shown); }
+
+// Else the tab could not be told from the page's own.
+Text QtBrowserView::NameOf(const QString& title) const {
+    return ShowsPreview() ? u"Preview: " + FromQt(title) : FromQt(title);
 }
 
 PageDocument* QtBrowserView::Document() {

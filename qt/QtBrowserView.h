@@ -15,6 +15,7 @@
 class QtAwaited;
 class QtEngine;
 class QtLeaving;
+class QtPreviewBar;
 class QWebEngineFullScreenRequest;
 class QWebEngineLoadingInfo;
 class QWebEngineNewWindowRequest;
@@ -113,6 +114,10 @@ private:
     void PreviewShown();
     void PrintPreview();
     void ShowPreview(const QByteArray& pdf);
+    [[nodiscard]] bool ShowsPreview() const;
+    [[nodiscard]] Text NameOf(const QString& title) const;
+    void FollowPreview();
+    void DropPreviewBar();
     void RaiseBars();
     void WireQuestions();
     void ShowQuestion();
@@ -136,6 +141,7 @@ private:
     Text m_fallbackOf;                            ///< what cannot be connected to then
     QUrl m_shown;                                 ///< the address of the document shown, whatever is to come
     std::shared_ptr<const QByteArray> m_preview;  ///< the PDF that the view was opened for
+    QPointer<QtPreviewBar> m_previewBar;          ///< above it, while it is shown
     QRect m_place;
     int m_zoom = 2;
     bool m_committed = false;

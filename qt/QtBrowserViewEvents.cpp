@@ -55,7 +55,7 @@ void QtBrowserView::ConnectLoading() {
 void QtBrowserView::ConnectPage() {
     QtPage* page = m_page;
     connect(page, &QWebEnginePage::titleChanged, this,
-            [this](const QString& title) { m_events.TitleChange(m_index, FromQt(title)); });
+            [this](const QString& title) { m_events.TitleChange(m_index, NameOf(title)); });
     connect(page, &QWebEnginePage::linkHovered, this,
             [this](const QString& url) { m_events.StatusTextChange(m_index, HoveredLink(url)); });
     connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_events.SoundChange(m_index); });
@@ -117,6 +117,7 @@ void QtBrowserView::OnAddressChanged(const QUrl& url) {
     NoteVisit(url);
     ApplyZoom();
     ReportHistory();
+    FollowPreview();
     m_events.NavigateComplete2(m_index, PageLevel::Top, QtAddress::Shown(url));
 }
 

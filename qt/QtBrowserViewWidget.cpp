@@ -5,6 +5,7 @@
 #include "qt/QtPage.h"
 #include "qt/QtPageTools.h"
 #include "qt/QtParkedSize.h"
+#include "qt/QtPreviewBar.h"
 #include "qt/QtSceneWindows.h"
 
 #include <QWebEngineView>
@@ -15,6 +16,11 @@
 void QtBrowserView::LayWidget() {
     if (!m_widget || m_engine.FullScreen().Has(m_widget)) return;
     QRect page = m_engine.PageRect(m_place);
+    if (m_previewBar) {
+        const int height = std::min(m_previewBar->sizeHint().height(), page.height() / 2);
+        m_previewBar->setGeometry(page.left(), page.top(), page.width(), height);
+        page.setTop(page.top() + height);
+    }
     // A question lies over the page: what one is reading or about to click must not move.
     m_widget->setGeometry(page);
     QtQuestionBar& bar = *m_questions->bar;
@@ -28,7 +34,32 @@ void QtBrowserView::LayWidget() {
 }
 
 void QtBrowserView::RaiseBars() {
+    if (m_previewBar) m_previewBar->raise();
     if (m_questions->bar->Asks()) m_questions->bar->raise();
+}
+
+// Later, because it may be its own button that ends it.
+void QtBrowserView::DropPreviewBar() {
+    if (!m_previewBar) return;
+    m_previewBar->Print = m_previewBar->Close = {};
+    m_previewBar->hide();
+    m_previewBar->deleteLater();
+    m_previewBar.clear();
+}
+
+void QtBrowserView::FollowPreview() {
+    if (ShowsPreview() == !m_previewBar.isNull()) return;
+    if (m_previewBar) {
+        DropPreviewBar();
+    } else {
+        m_previewBar = new QtPreviewBar(m_engine.PageArea());
+        m_previewBar->Print = [this] { ResumeNext(ExecWB(BrowserCommand::Print)); };
+        m_previewBar->Close = [this] { m_events.WindowClosing(m_index); };
+        m_previewBar->setVisible(m_widget && m_widget->isVisible());
+        // The title may have come before the address that makes it a preview's.
+        m_events.TitleChange(m_index, NameOf(m_page->title()));
+    }
+    LayWidget();
 }
 
 void QtBrowserView::Show() {
@@ -39,6 +70,7 @@ void QtBrowserView::Show() {
     m_widget->raise();
     m_questions->covers.SetShown(true);
     m_questions->bar->setVisible(m_questions->bar->Asks());
+    if (m_previewBar) m_previewBar->show();
     RaiseBars();
     if (m_wantsFocus) SetFocus();
     // Queued: the one that was in front is still being hidden.
@@ -51,6 +83,7 @@ void QtBrowserView::Hide() {
     m_engine.FullScreen().Leave(m_widget);
     m_widget->hide();
     m_questions->bar->hide();
+    if (m_previewBar) m_previewBar->hide();
     m_questions->covers.SetShown(false);
 }
 
@@ -156,6 +189,7 @@ void QtBrowserView::Release() {
     m_engine.FullScreen().Leave(m_widget);
     m_life.reset();
     m_questions.reset();
+    DropPreviewBar();
     m_engine.ReportCaptures();
     if (m_page) m_page->disconnect(this);
     if (m_widget) {

@@ -30,6 +30,8 @@ bool QtStartPage::IsOwn(const QUrl& url) {
            (path == u"start" || kWritten.contains(path) || path.startsWith(kPreview));
 }
 
+bool QtStartPage::IsPreview(const QUrl& url) { return IsOwn(url) && url.path().startsWith(kPreview); }
+
 void QtStartPage::RegisterScheme() {
     QWebEngineUrlScheme scheme(Scheme());
     scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);

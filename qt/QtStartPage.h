@@ -20,6 +20,8 @@ public:
     void requestStarted(QWebEngineUrlRequestJob* job) override;
 
     /// The address at which these bytes, a PDF, are shown under that name for as long as somebody holds them.
+    /// Whether that is the address of a print preview.
+    [[nodiscard]] static bool IsPreview(const QUrl& url);
     [[nodiscard]] QUrl AddPreview(const std::shared_ptr<const QByteArray>& pdf, const QString& name);
 
     /// These bytes again, by the path of their address; nothing when nobody holds them.

@@ -1,10 +1,12 @@
 #include "qt/QtBrowserView.h"
 #include "qt/QtEngine.h"
+#include "qt/QtPreviewBar.h"
 #include "qt/QtStartPage.h"
 #include "qt/QtText.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QImage>
+#include <QPushButton>
 #include <QWebEngineView>
 
 namespace {
@@ -41,12 +43,36 @@ TEST_F(PrintPreview, ShowsThePaperInATabInFront) {
     ASSERT_TRUE(Opened(3));
     EXPECT_EQ(desk.main->Tabs.CurrentView(), desk.main->Browser.Find(3));
     EXPECT_EQ(desk.View(3).LocationURL(), u"tessaview:preview/1/A%20page");
-    EXPECT_TRUE(WaitUntil([this] { return desk.View(3).LocationName() == u"A page"; }));
+    EXPECT_TRUE(WaitUntil([this] { return desk.View(3).LocationName() == u"Preview: A page"; }));
+    EXPECT_TRUE(WaitUntil([this] { return desk.main->pcPage.SelectedItem()->Caption() == u"Preview: A page"; }));
     EXPECT_TRUE(WaitUntil([this] { return ShowsRedPaper(desk.View(3)); }));
     EXPECT_EQ(desk.View(2).LocationName(), u"A page") << "the page stays";
     desk.main->Sessions.Write();
     EXPECT_NE(desk.sessions.own.find("/page"), std::string::npos);
     EXPECT_EQ(desk.sessions.own.find("preview"), std::string::npos) << "nobody wants it back the next time";
+}
+
+TEST_F(PrintPreview, HasABarThatPrintsOrClosesIt) {
+    Preview();
+    ASSERT_TRUE(Opened(3));
+    const auto bar = [this] { return desk.View(3).Widget()->parentWidget()->findChild<QtPreviewBar*>(); };
+    ASSERT_TRUE(WaitUntil([&] { return bar() && bar()->isVisible(); }));
+    EXPECT_EQ(bar()->geometry().bottom() + 1, desk.View(3).Widget()->geometry().top());
+    desk.main->pcPage.UserClick(desk.main->pcPage.FindAt(desk.main->pcPage.Count() - 1));
+    ASSERT_TRUE(WaitUntil([&] { return !bar()->isVisible(); })) << "it is the preview's alone";
+    desk.main->pcPage.UserClick(desk.main->pcPage.FindAt(desk.main->pcPage.Count()));
+    ASSERT_TRUE(WaitUntil([&] { return bar()->isVisible(); }));
+    bar()->findChild<QPushButton*>(QStringLiteral("cmdClosePreview"))->click();
+    EXPECT_TRUE(WaitUntil([this] { return !desk.main->Browser.Find(3); }));
+}
+
+TEST_F(PrintPreview, LosesItsBarWhenAnotherPageTakesItsPlace) {
+    Preview();
+    ASSERT_TRUE(Opened(3));
+    ResumeNext(desk.View(3).Navigate(FromQt(server.Address(QStringLiteral("/page")))));
+    ASSERT_TRUE(WaitUntil([this] { return desk.View(3).LocationName() == u"A page"; }));
+    const auto* bar = desk.View(3).Widget()->parentWidget()->findChild<QtPreviewBar*>();
+    EXPECT_TRUE(!bar || !bar->isVisible());
 }
 
 TEST_F(PrintPreview, EndsWithItsTab) {
