@@ -42,8 +42,8 @@ void GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
     const auto left = LeaveUntrusted(addresses);
     if (!left) return;
     Open(addresses);
-    if (*left > 0) m_parts.tabs.ShowStatusText(u"What is no page of the web was not opened.");
-    if (!unread.empty()) m_parts.tabs.ShowStatusText(u"The TessaGroup " + NameOf(unread) + u" could not be read.");
+    if (*left > 0) m_parts.tabs.Tell(u"What is no page of the web was not opened.");
+    if (!unread.empty()) m_parts.tabs.Tell(u"The TessaGroup " + NameOf(unread) + u" could not be read.");
 }
 
 bool GroupCommands::IsOwnGroup(TextView group) const {
@@ -55,7 +55,7 @@ bool GroupCommands::IsOwnGroup(TextView group) const {
 bool GroupCommands::MayOpenMany(std::size_t count) const {
     if (!MayAsk) return false;
     const Text question = u"Open all " + Decimal(static_cast<std::int64_t>(count)) + u" pages?";
-    return m_parts.messages.AskNoFirst(question) == Answer::Yes;
+    return m_parts.messages.AskOwn({question, {}, u"&Cancel", u"&Open Them All"});
 }
 
 // Anybody may have written a group and sent it: what is no page of the web opens when its user says so, or not at all.
@@ -66,10 +66,12 @@ std::optional<std::size_t> GroupCommands::LeaveUntrusted(std::vector<Text>& addr
     const auto first = std::ranges::find_if(addresses, isAsked);
     if (first == addresses.end()) return all - addresses.size();
     const auto others = static_cast<std::int64_t>(std::ranges::count_if(addresses, isAsked)) - 1;
-    const Text more = others > 0 ? u"\n\nand " + Decimal(others) + u" more." : Text();
-    const Text question = u"This TessaGroup does not lead to the web alone, but also to\n\n" +
-                          OneLine(FirstUnits(*first, kAskedAddress)) + more + u"\n\nDo you want to open that too?";
-    const Answer answer = MayAsk ? m_parts.messages.AskNoFirst(question) : Answer::No;
+    const Text shown = OneLine(FirstUnits(*first, kAskedAddress));
+    const bool one = others == 0;
+    const OwnQuestion question{u"This TessaGroup does not lead to the web alone, but also to",
+                               one ? shown : shown + u"\nand " + Decimal(others) + u" more",
+                               one ? u"&Leave It Out" : u"&Leave Them Out", one ? u"&Open It Too" : u"&Open Them Too"};
+    const Answer answer = MayAsk ? m_parts.messages.AskOwnOrCancel(question) : Answer::No;
     if (answer == Answer::Cancel) return std::nullopt;
     if (answer == Answer::No) std::erase_if(addresses, isAsked);
     return all - addresses.size();
@@ -105,18 +107,17 @@ void GroupCommands::Show(BrowserView* view, TextView address) {
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
     const bool added = TessaGroups::Append(SGFile, Address::WithoutUser(URL)) == Outcome::Done;
-    m_parts.tabs.ShowStatusText(added ? u"Added to the TessaGroup " + NameOf(SGFile) + u"."
-                                      : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
+    m_parts.tabs.Tell(added ? u"Added to the TessaGroup " + NameOf(SGFile) + u"."
+                            : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
 }
 
 void GroupCommands::SaveAsTessaGroup(TextView path) {
     using TessaGroups::Saved;
     const Saved saved = TessaGroups::SaveOpenTabs(path, m_parts.pcPage, m_parts.Browser, m_parts.messages);
-    if (saved == Saved::Yes) m_parts.tabs.ShowStatusText(u"Saved as the TessaGroup " + NameOf(path) + u".");
-    if (saved == Saved::Failed)
-        m_parts.tabs.ShowStatusText(u"The TessaGroup " + NameOf(path) + u" could not be written.");
+    if (saved == Saved::Yes) m_parts.tabs.Tell(u"Saved as the TessaGroup " + NameOf(path) + u".");
+    if (saved == Saved::Failed) m_parts.tabs.Tell(u"The TessaGroup " + NameOf(path) + u" could not be written.");
     if (saved == Saved::Nothing)
-        m_parts.tabs.ShowStatusText(u"There was nothing to save as the TessaGroup " + NameOf(path) + u".");
+        m_parts.tabs.Tell(u"There was nothing to save as the TessaGroup " + NameOf(path) + u".");
 }
 
 void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
@@ -124,7 +125,7 @@ void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
     form.ShowModal = ShowEditor;
     form.TitleOf = [this](TextView address) { return TitleOf(address); };
     form.EditTessaGroup(sFileName);
-    if (form.Unwritten) m_parts.tabs.ShowStatusText(u"The TessaGroup " + NameOf(sFileName) + u" could not be written.");
+    if (form.Unwritten) m_parts.tabs.Tell(u"The TessaGroup " + NameOf(sFileName) + u" could not be written.");
 }
 
 void GroupCommands::OrganizeTessaGroups() {

@@ -15,9 +15,6 @@ constexpr std::size_t kLargestGroup = std::size_t{8} << 20;
 constexpr TextView kOverwriteQuestion =
     u"A TessaGroup with this name already exists. Do you want to overwrite the existing TessaGroup?";
 
-constexpr TextView kPrivateQuestion =
-    u"Some of the tabs are private. Do you want to write their addresses into the TessaGroup too?";
-
 std::string KeyOf(std::size_t number) { return "url" + std::to_string(number); }
 
 std::string GroupBytes(const std::vector<TessaGroups::NumberedAddress>& addresses) {
@@ -52,6 +49,11 @@ TessaGroups::Saved WriteAny(TextView path, const std::vector<TessaGroups::Number
     using TessaGroups::Saved;
     if (addresses.empty()) return Saved::Nothing;
     return TessaGroups::Write(path, addresses) == Outcome::Done ? Saved::Yes : Saved::Failed;
+}
+
+Answer AskOfPrivate(MessageBoxes& messages) {
+    return messages.AskOwnOrCancel({u"Some of the tabs are private", u"The TessaGroup would keep their addresses.",
+                                    u"&Leave Them Out", u"&Save Them Too"});
 }
 
 bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser) {
@@ -105,7 +107,7 @@ Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& mess
 
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages) {
     if (!MayReplace(path, messages)) return Saved::Declined;
-    const Answer privates = HasPrivate(pcPage, Browser) ? messages.AskYesNoCancel(kPrivateQuestion) : Answer::No;
+    const Answer privates = HasPrivate(pcPage, Browser) ? AskOfPrivate(messages) : Answer::No;
     if (privates == Answer::Cancel) return Saved::Declined;
     return WriteAny(path, OpenAddresses(pcPage, Browser, privates == Answer::Yes));
 }

@@ -5,35 +5,17 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLabel>
+#include <QHeaderView>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QTreeView>
 
 namespace {
 
-Answer AskWith(TextView question, QMessageBox::StandardButton first) {
-    QMessageBox box(QMessageBox::Question, QGuiApplication::applicationDisplayName(), ToQt(question),
-                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QApplication::activeWindow());
-    // What is asked may name a page, and a page's name is text.
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(first);
-    box.setEscapeButton(QMessageBox::Cancel);
-    switch (box.exec()) {
-    case QMessageBox::Yes:
-        return Answer::Yes;
-    case QMessageBox::No:
-        return Answer::No;
-    default:
-        return Answer::Cancel;
-    }
-}
+enum class MayCancel { No, Yes };
 
-} // namespace
-
-Answer QtMessageBoxes::AskYesNoCancel(TextView question) { return AskWith(question, QMessageBox::Yes); }
-
-Answer QtMessageBoxes::AskNoFirst(TextView question) { return AskWith(question, QMessageBox::No); }
-
-bool QtMessageBoxes::AskOwn(const OwnQuestion& question) {
+Answer AskWithOwnButtons(const OwnQuestion& question, MayCancel mayCancel) {
     QMessageBox box(QMessageBox::Question, QGuiApplication::applicationDisplayName(), ToQt(question.Heading),
                     QMessageBox::NoButton, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
@@ -45,10 +27,39 @@ bool QtMessageBoxes::AskOwn(const OwnQuestion& question) {
     }
     auto* keeps = box.addButton(ToQt(question.Keeps), QMessageBox::AcceptRole);
     auto* goesOn = box.addButton(ToQt(question.GoesOn), QMessageBox::DestructiveRole);
+    auto* cancel = mayCancel == MayCancel::Yes ? box.addButton(QMessageBox::Cancel) : nullptr;
     box.setDefaultButton(keeps);
-    box.setEscapeButton(keeps);
+    box.setEscapeButton(cancel ? cancel : keeps);
     box.exec();
-    return box.clickedButton() == goesOn;
+    if (box.clickedButton() == goesOn) return Answer::Yes;
+    return box.clickedButton() == keeps ? Answer::No : Answer::Cancel;
+}
+
+} // namespace
+
+Answer QtMessageBoxes::AskYesNoCancel(TextView question) {
+    QMessageBox box(QMessageBox::Question, QGuiApplication::applicationDisplayName(), ToQt(question),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QApplication::activeWindow());
+    // What is asked may name a page, and a page's name is text.
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::Cancel);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
+}
+
+bool QtMessageBoxes::AskOwn(const OwnQuestion& question) {
+    return AskWithOwnButtons(question, MayCancel::No) == Answer::Yes;
+}
+
+Answer QtMessageBoxes::AskOwnOrCancel(const OwnQuestion& question) {
+    return AskWithOwnButtons(question, MayCancel::Yes);
 }
 
 void QtMessageBoxes::Inform(TextView message) {
@@ -66,7 +77,19 @@ QString OnlyEnding(const QStringList& filters) {
     return filters.size() == 1 ? kOnePattern.match(filters.constFirst()).captured(1) : QString();
 }
 
+// As Qt lays it out, the names are cut off in the middle while the column of the dates ends in empty space.
+void WidenNames(QFileDialog& dialog) {
+    const auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (!list) return;
+    auto* header = list->header();
+    header->setStretchLastSection(false);
+    for (int column = 1; column < header->count(); ++column)
+        header->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 Text Show(QFileDialog& dialog, const FileDialogRequest& request) {
+    WidenNames(dialog);
     if (const QStringList filters = QtNameFilters(request.Filter); !filters.isEmpty()) {
         dialog.setOption(QFileDialog::HideNameFilterDetails);
         dialog.setNameFilters(filters);

@@ -9,8 +9,8 @@
 class QtMessageBoxes final : public MessageBoxes {
 public:
     Answer AskYesNoCancel(TextView question) override;
-    Answer AskNoFirst(TextView question) override;
     bool AskOwn(const OwnQuestion& question) override;
+    Answer AskOwnOrCancel(const OwnQuestion& question) override;
     void Inform(TextView message) override;
 };
 

@@ -114,11 +114,14 @@ void QtToolbarsPage::Reset() {
 }
 
 void QtToolbarsPage::ResetAll() {
-    const auto answer = QMessageBox::question(
-        this, QStringLiteral("Reset All"),
-        QStringLiteral(
-            "All toolbars and menus go back to how they were designed, and toolbars of your own are deleted. "
-            "Do you want to reset them?"),
-        QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-    if (answer == QMessageBox::Yes) m_custom.ResetAll();
+    QMessageBox box(QMessageBox::Question, QStringLiteral("Reset All"),
+                    QStringLiteral("All toolbars and menus go back to how they were designed, and toolbars of your own "
+                                   "are deleted."),
+                    QMessageBox::NoButton, this);
+    auto* keeps = box.addButton(QStringLiteral("&Keep Them"), QMessageBox::AcceptRole);
+    auto* resets = box.addButton(QStringLiteral("&Reset All"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(keeps);
+    box.setEscapeButton(keeps);
+    box.exec();
+    if (box.clickedButton() == resets) m_custom.ResetAll();
 }

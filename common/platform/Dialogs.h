@@ -19,10 +19,10 @@ public:
     /// A modal question with the buttons Yes, No and Cancel and the question icon, titled with the application's
     /// title. Closing the box answers Cancel.
     virtual Answer AskYesNoCancel(TextView question) = 0;
-    /// The same question with No first: Enter answers that.
-    virtual Answer AskNoFirst(TextView question) = 0;
     /// A modal question, titled with the application's title: whether the user goes on. Closing the box does not.
     virtual bool AskOwn(const OwnQuestion& question) = 0;
+    /// The same with Cancel as a third button, which Escape and closing the box answer. `Keeps` is No, `GoesOn` Yes.
+    virtual Answer AskOwnOrCancel(const OwnQuestion& question) = 0;
     /// A modal message with the information icon and an OK button, titled with the application's title.
     virtual void Inform(TextView message) = 0;
 };

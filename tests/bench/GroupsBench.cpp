@@ -37,7 +37,7 @@ private:
 
 struct Silent final : MessageBoxes {
     Answer AskYesNoCancel(TextView) override { return Answer::Yes; }
-    Answer AskNoFirst(TextView) override { return Answer::Yes; }
+    Answer AskOwnOrCancel(const OwnQuestion&) override { return Answer::Yes; }
     bool AskOwn(const OwnQuestion&) override { return true; }
     void Inform(TextView) override {}
 };

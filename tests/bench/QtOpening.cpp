@@ -17,7 +17,7 @@ namespace {
 
 struct Silent final : MessageBoxes {
     Answer AskYesNoCancel(TextView) override { return Answer::Yes; }
-    Answer AskNoFirst(TextView) override { return Answer::Yes; }
+    Answer AskOwnOrCancel(const OwnQuestion&) override { return Answer::Yes; }
     bool AskOwn(const OwnQuestion&) override { return true; }
     void Inform(TextView) override {}
 };

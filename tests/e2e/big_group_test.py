@@ -19,7 +19,7 @@ class BigGroup(unittest.TestCase):
             desk.write_group(group, [pages.address(title, host=1 + i % HOSTS) for i, title in enumerate(titles)])
             with desk.Program(PROGRAM, group, home=home) as program:
                 # The group does not lie in the user's own folder.
-                program.answer(f"Open all {COUNT} pages?", "Yes")
+                program.answer(f"Open all {COUNT} pages?", "Open Them All")
                 desk.wait_until(lambda: len(set(pages.requested())) > 20, what="the pages do not load")
                 program.keys("alt+o")
                 program.find("menu item", "Settings...")

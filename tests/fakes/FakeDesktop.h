@@ -28,21 +28,21 @@ struct FakeLog {
 class FakeMessages final : public MessageBoxes {
 public:
     Answer AskYesNoCancel(TextView question) override;
-    Answer AskNoFirst(TextView question) override {
-        ++noFirst;
-        return AskYesNoCancel(question);
-    }
-    bool AskOwn(const OwnQuestion& question) override {
+    bool AskOwn(const OwnQuestion& question) override { return AskOwnOrCancel(question) == Answer::Yes; }
+    Answer AskOwnOrCancel(const OwnQuestion& question) override {
         own.push_back(question);
         return AskYesNoCancel(question.Details.empty() ? question.Heading
-                                                       : question.Heading + u"\n" + question.Details) == Answer::Yes;
+                                                       : question.Heading + u"\n" + question.Details);
+    }
+    /// The buttons of the last question with answers of its own: "Keeps|GoesOn".
+    [[nodiscard]] std::string Buttons() const {
+        return own.empty() ? std::string() : ToUtf8(own.back().Keeps) + "|" + ToUtf8(own.back().GoesOn);
     }
     std::vector<OwnQuestion> own;
     void Inform(TextView message) override { told.emplace_back(message); }
     Answer answer = Answer::Cancel;
     std::deque<Answer> answers; ///< to the next questions in order; `answer` is for all behind them
     std::vector<Text> asked;
-    std::size_t noFirst = 0; ///< how many of them had No first
     std::vector<Text> told;
     std::function<void()> whileOpen; ///< what happens behind the box before it is answered
 };
@@ -167,7 +167,9 @@ private:
 class FakeTrash final : public Trash {
 public:
     Outcome Take(TextView path) override { return take ? take(path) : Outcome::Failed; }
+    Outcome Restore(TextView path) override { return restore ? restore(path) : Outcome::Failed; }
     std::function<Outcome(TextView)> take; ///< nothing where there is no trash
+    std::function<Outcome(TextView)> restore;
 };
 
 class FakeFolderWatch final : public FolderWatch {

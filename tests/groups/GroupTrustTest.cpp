@@ -44,7 +44,7 @@ TEST_F(GroupTrust, MoreOpenWhenTheUserWantsThem) {
         EXPECT_EQ(desk.Strip(), "[1*] 2") << "nothing is closed either";
     }
     EXPECT_EQ(Asked(), "[Open all 101 pages?][Open all 101 pages?]");
-    EXPECT_EQ(desk.messages.noFirst, 2U);
+    EXPECT_EQ(desk.messages.Buttons(), "&Cancel|&Open Them All");
     desk.main.TGCloseOthersFirst = false;
     desk.messages.answer = Answer::Yes;
     desk.main.OpenTessaGroup(group);
@@ -79,9 +79,8 @@ TEST_F(GroupTrust, FilesOfThisComputerAreAskedAboutOnce) {
     desk.messages.answer = Answer::No;
     desk.main.OpenTessaGroup(group);
     EXPECT_EQ(Asked(),
-              "[This TessaGroup does not lead to the web alone, but also to\n\nfile:///home/secret\n\nand 1 more."
-              "\n\nDo you want to open that too?]");
-    EXPECT_EQ(desk.messages.noFirst, 1U);
+              "[This TessaGroup does not lead to the web alone, but also to\nfile:///home/secret\nand 1 more]");
+    EXPECT_EQ(desk.messages.Buttons(), "&Leave Them Out|&Open Them Too");
     EXPECT_EQ(Opened(), 2U);
     EXPECT_EQ(desk.views.Calls(4), "go about:blank, go http://b/");
     EXPECT_EQ(desk.Status(), "What is no page of the web was not opened.");

@@ -188,8 +188,16 @@ TEST_F(QtCustomizeDialogTest, OneToolbarOrAllAreReset) {
     Choose("lstToolbars", QStringLiteral("Go"));
     Press("cmdReset");
     EXPECT_EQ(Tools(u"bndGo").substr(0, 9), "mnuGoBack");
-    for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
-        WhenAsked([answer](QWidget& modal) { dynamic_cast<QMessageBox&>(modal).button(answer)->click(); });
+    // The first one is what Enter answers.
+    for (const bool resets : {false, true}) {
+        WhenAsked([resets](QWidget& modal) {
+            auto& box = dynamic_cast<QMessageBox&>(modal);
+            EXPECT_EQ(box.defaultButton()->text(), QStringLiteral("&Keep Them"));
+            if (!resets) return QTest::keyClick(&box, Qt::Key_Return);
+            for (auto* each : box.buttons()) {
+                if (each->text() == QStringLiteral("&Reset All")) each->click();
+            }
+        });
         EXPECT_EQ(Tools(u"bndFile"), "mnuOpen mnuClose mnuCloseAll");
         Press("cmdResetAll");
     }

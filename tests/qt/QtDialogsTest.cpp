@@ -7,12 +7,14 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -61,9 +63,23 @@ TEST(QtMessageBoxes, EscapeAndClosingAnswerCancelAndEnterAnswersYes) {
     EXPECT_EQ(QtMessageBoxes().AskYesNoCancel(u"Really?"), Answer::Yes);
 }
 
-TEST(QtMessageBoxes, EnterAnswersNoWhereThatIsFirst) {
-    OnModal<QMessageBox> user([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
-    EXPECT_EQ(QtMessageBoxes().AskNoFirst(u"Really?"), Answer::No);
+TEST(QtMessageBoxes, WithOwnAnswersAndCancelEnterKeepsAndEscapeCancels) {
+    const OwnQuestion question{u"Really?", u"Truly.", u"&Leave", u"&Take"};
+    {
+        OnModal<QMessageBox> user([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        EXPECT_EQ(QtMessageBoxes().AskOwnOrCancel(question), Answer::No);
+    }
+    {
+        OnModal<QMessageBox> user([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        EXPECT_EQ(QtMessageBoxes().AskOwnOrCancel(question), Answer::Cancel);
+    }
+    OnModal<QMessageBox> user([](QMessageBox& box) {
+        EXPECT_EQ(box.informativeText(), QStringLiteral("Truly."));
+        for (auto* each : box.buttons()) {
+            if (each->text() == QStringLiteral("&Take")) each->click();
+        }
+    });
+    EXPECT_EQ(QtMessageBoxes().AskOwnOrCancel(question), Answer::Yes);
 }
 
 TEST(QtMessageBoxes, AQuestionWithItsOwnAnswersGoesOnOnlyByTheButtonForThat) {
@@ -145,6 +161,25 @@ TEST(QtFileDialogs, TheChosenFileIsTheAnswer) {
     });
     EXPECT_EQ(QtFileDialogs().ShowOpen(request), path.toStdU16String());
     EXPECT_EQ(title, QStringLiteral("Open TessaGroup"));
+}
+
+TEST(QtFileDialogs, TheColumnOfTheNamesTakesTheRoomAndTheOthersWhatTheyNeed) {
+    const QTemporaryDir folder;
+    QFile file(QDir(folder.path()).filePath(QStringLiteral("A TessaGroup with a name that is rather long.tvg")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    OnModal<QFileDialog> user([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory().canonicalPath(), QDir(folder.path()).canonicalPath());
+        dialog.setViewMode(QFileDialog::Detail);
+        const auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+        const auto* header = list->header();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+        EXPECT_EQ(header->sectionResizeMode(0), QHeaderView::Stretch);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return header->length() == list->viewport()->width(); }));
+        for (int column = 1; column < header->count(); ++column)
+            EXPECT_LT(header->sectionSize(column), header->sectionSize(0)) << column;
+        dialog.reject();
+    });
+    (void)QtFileDialogs().ShowOpen({u"Open", folder.path().toStdU16String(), u"TessaGroup File (*.tvg)|*.tvg", true});
 }
 
 TEST(QtFileDialogs, TheKindsOfFilesAreShownInTheWordsOfTheFilter) {

@@ -37,6 +37,35 @@ TEST_F(QtTrashTest, TakesAFileAndAFolder) {
     EXPECT_EQ(m_trash.Take(m_folder.PathText("gone")), Outcome::Failed);
 }
 
+TEST_F(QtTrashTest, BringsBackWhatItHasTaken) {
+    const auto listed = [this] { return std::distance(fs::directory_iterator(m_folder.Path("data/Trash/info")), {}); };
+    for (const char* bytes : {"old", "new"}) {
+        m_folder.Write("A.url", bytes);
+        ASSERT_EQ(m_trash.Take(m_folder.PathText("A.url")), Outcome::Done);
+    }
+    EXPECT_EQ(listed(), 2);
+    EXPECT_EQ(m_trash.Restore(m_folder.PathText("A.url")), Outcome::Done);
+    EXPECT_EQ(m_folder.Read("A.url"), "new") << "the last one first";
+    EXPECT_EQ(listed(), 1) << "the desktop no longer lists it";
+    EXPECT_EQ(m_trash.Restore(m_folder.PathText("A.url")), Outcome::Failed) << "its place is taken";
+    EXPECT_EQ(m_folder.Read("A.url"), "new");
+    fs::remove(m_folder.Path("A.url"));
+    EXPECT_EQ(m_trash.Restore(m_folder.PathText("A.url")), Outcome::Done);
+    EXPECT_EQ(m_folder.Read("A.url"), "old");
+    EXPECT_EQ(m_trash.Restore(m_folder.PathText("A.url")), Outcome::Failed) << "nothing is left";
+}
+
+TEST_F(QtTrashTest, BringsBackAFolderAndNothingIntoOneThatIsGone) {
+    fs::create_directories(m_folder.Path("Work/deep"));
+    m_folder.Write("Work/deep/A.url", "a");
+    ASSERT_EQ(m_trash.Take(m_folder.PathText("Work/deep")), Outcome::Done);
+    fs::remove(m_folder.Path("Work"));
+    EXPECT_EQ(m_trash.Restore(m_folder.PathText("Work/deep")), Outcome::Failed);
+    fs::create_directories(m_folder.Path("Work"));
+    EXPECT_EQ(m_trash.Restore(m_folder.PathText("Work/deep")), Outcome::Done);
+    EXPECT_EQ(m_folder.Read("Work/deep/A.url"), "a");
+}
+
 TEST_F(QtTrashTest, TakesNoFileInPlaceOfOneWhoseNameIsNoText) {
     m_folder.Write("b\xFC.tvg", "");
     for (const char* alike : {"b\xEF\xBF\xBD.tvg", "b?.tvg", "b\xC3\xBC.tvg"}) m_folder.Write(alike, "");
