@@ -5,6 +5,7 @@
 #include "favorites/Favorites.h"
 #include "favorites/FreeNames.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <sys/stat.h>
@@ -15,6 +16,11 @@ namespace {
 /// A name has 255 bytes at most on disk; some are kept for the ending and a number.
 constexpr std::size_t kLongestNameBytes = 240;
 constexpr int kMostNumbers = 10000;
+/// Of a longer address a reader takes the beginning.
+constexpr std::size_t kLongestAddressBytes = 511;
+/// Nobody goes deeper by hand; a link to a folder above ends there too.
+constexpr int kDeepestFolder = 16;
+constexpr std::string_view kShortcutSection = "InternetShortcut";
 
 bool IsControl(char16_t unit) { return unit < 0x20 || unit == 0x7F; }
 
@@ -46,12 +52,21 @@ std::optional<Text> MoveTo(TextView path, const Text& folder, const Text& title,
     return TakeFree(folder, title, ending, [&](const std::string& to) { return RenameToFree(from, to); });
 }
 
-std::string ShortcutBytes(TextView address) {
+std::string ShortcutBytes(std::string_view before, TextView address) {
     Text line(address);
     std::erase_if(line, IsControl);
-    IniFile file("");
-    file.SetValue("InternetShortcut", "URL", ToUtf8(line));
+    IniFile file(before);
+    file.SetValue(kShortcutSection, "URL", ToUtf8(line));
     return file.Bytes();
+}
+
+std::optional<Text> FindBelow(TextView folder, TextView address, int depth) {
+    for (const Favorites::Item& item : Favorites::Items(folder)) {
+        if (!item.IsFolder && item.Address == address) return item.Path;
+        if (!item.IsFolder || depth == kDeepestFolder) continue;
+        if (auto found = FindBelow(item.Path, address, depth + 1)) return found;
+    }
+    return std::nullopt;
 }
 
 void Add(std::vector<Favorites::Item>& items, const CKeyValues& folders) {
@@ -73,7 +88,20 @@ std::vector<Item> Items(TextView folder) {
     Add(items, listing.Folders);
     for (const CKeyValue& each : listing.Shortcuts)
         items.push_back({Text(TitleOf(each.Key)), Text(folder) + u"/" + each.Key, each.Value, false});
+    // By the titles, which people see: by the names of the files "a (2).url" would stand before "a.url".
+    const auto shortcuts = items.begin() + static_cast<std::ptrdiff_t>(listing.Folders.Count());
+    std::stable_sort(shortcuts, items.end(),
+                     [](const Item& one, const Item& other) { return one.Title < other.Title; });
     return items;
+}
+
+std::optional<Text> FindAddress(TextView folder, TextView address) {
+    return address.empty() ? std::nullopt : FindBelow(folder, address, 0);
+}
+
+Text TitleAt(TextView path) {
+    const Text name = NameOf(path);
+    return IsFolder(path) ? name : Text(TitleOf(name));
 }
 
 std::vector<Item> Folders(TextView folder) {
@@ -100,7 +128,7 @@ std::optional<Text> AddShortcut(TextView folder, TextView title, TextView addres
     std::error_code failed;
     std::filesystem::create_directories(PathToBytes(folder), failed);
     const Text written = Text(folder) + u"/.tessaview-new-" + Decimal(::getpid());
-    if (WriteWholeFile(PathToBytes(written), ShortcutBytes(address)) != Outcome::Done) return std::nullopt;
+    if (WriteWholeFile(PathToBytes(written), ShortcutBytes({}, address)) != Outcome::Done) return std::nullopt;
     auto added = MoveTo(written, Text(folder), FileNameOf(title), kEnding);
     if (!added) ::unlink(PathToBytes(written).c_str());
     return added;
@@ -123,6 +151,14 @@ std::optional<Text> Move(TextView path, TextView folder) {
     const bool isFolder = IsFolder(path);
     const Text title = isFolder ? name : Text(TitleOf(name));
     return MoveTo(path, Text(folder), title, isFolder ? TextView() : TextView(name).substr(title.size()));
+}
+
+Outcome SetAddress(TextView path, TextView address) {
+    const std::string file = PathToBytes(path);
+    const auto bytes = ReadWholeFile(file, kLargestShortcut);
+    if (!bytes || bytes->size() == kLargestShortcut || ToUtf8(address).size() > kLongestAddressBytes)
+        return Outcome::Failed;
+    return WriteWholeFile(file, ShortcutBytes(*bytes, address));
 }
 
 Outcome Delete(TextView path) {

@@ -19,11 +19,16 @@ struct Item {
     bool operator==(const Item&) const = default;
 };
 
-/// What one folder holds, in the order of the menu. What lies below is not read.
+/// What one folder holds: sub-folders, then shortcuts, each in the binary order of the titles. What lies below is not
+/// read.
 [[nodiscard]] std::vector<Item> Items(TextView folder);
 /// Its sub-folders alone.
 [[nodiscard]] std::vector<Item> Folders(TextView folder);
 [[nodiscard]] bool IsFolder(TextView path);
+/// Where a shortcut to that address lies in a folder or below it, the first by its title; nothing when there is none.
+[[nodiscard]] std::optional<Text> FindAddress(TextView folder, TextView address);
+/// What a shortcut or folder is called.
+[[nodiscard]] Text TitleAt(TextView path);
 /// The folder in which a file or folder lies.
 [[nodiscard]] Text FolderOf(TextView path);
 
@@ -38,6 +43,9 @@ struct Item {
 [[nodiscard]] std::optional<Text> Rename(TextView path, TextView title);
 /// Moves a shortcut or folder into a folder; not into itself or what is below it.
 [[nodiscard]] std::optional<Text> Move(TextView path, TextView folder);
+/// Gives a shortcut another address, and leaves the rest of its file as it is. Fails for an address that is too long to
+/// be read back.
+Outcome SetAddress(TextView path, TextView address);
 /// Deletes a shortcut or folder for good, with all that is in it; what a link leads to stays.
 Outcome Delete(TextView path);
 

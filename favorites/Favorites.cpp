@@ -13,8 +13,6 @@ namespace {
 
 constexpr std::string_view kSection = "InternetShortcut";
 constexpr std::string_view kKey = "URL";
-/// No shortcut is longer; of a file that is, the beginning is read.
-constexpr std::size_t kLargestShortcut = std::size_t{1} << 20;
 
 constexpr std::size_t kLongestCaption = 45;
 constexpr std::int32_t kFirstFolder = 100000;

@@ -10,6 +10,9 @@ inline constexpr TextView kEnding = u".url";
 /// Before a sub-folder's full path: the name of the band that shows it.
 inline constexpr TextView kBandPrefix = u"zzz";
 
+/// No shortcut is longer, in bytes; of a file that is, the beginning is read.
+inline constexpr std::size_t kLargestShortcut = std::size_t{1} << 20;
+
 /// What one folder holds, each in the binary order of the names. Keys are the names as they are on disk; the value of
 /// a folder is its full path, that of a shortcut its address.
 struct Listing {

@@ -1,6 +1,19 @@
 #include "favorites/frmAddFavorite.h"
 
 #include "common/Captions.h"
+#include "favorites/QuotedTitle.h"
+
+#include <algorithm>
+
+namespace {
+
+Text AlreadyThere(TextView root, TextView found) {
+    const Text folder = Favorites::FolderOf(found);
+    const Text where = folder == root ? Text() : u" in " + Favorites::Quoted(Favorites::TitleAt(folder));
+    return u"This page is a Favorite already: " + Favorites::Quoted(Favorites::TitleAt(found)) + where + u".";
+}
+
+} // namespace
 
 frmAddFavorite::frmAddFavorite(Text root, TextView address, TextView title)
     : m_root(std::move(root)), m_address(address) {
@@ -8,6 +21,7 @@ frmAddFavorite::frmAddFavorite(Text root, TextView address, TextView title)
     cmdNewFolder.Click = [this] { cmdNewFolder_Click(); };
     cmdOK.Click = [this] { cmdOK_Click(); };
     cmdCancel.Click = [this] { Form.Visible = false; };
+    if (const auto found = Favorites::FindAddress(m_root, address)) m_notice = AlreadyThere(m_root, *found);
     Folder = m_root;
     txtName.Value = OneLine(title.empty() ? address : title);
     txtName_Change();
@@ -15,13 +29,13 @@ frmAddFavorite::frmAddFavorite(Text root, TextView address, TextView title)
 
 void frmAddFavorite::txtName_Change() {
     cmdOK.Enabled = txtName.Value().find_first_not_of(u' ') != Text::npos;
-    lblMessage.Caption = Text();
+    lblMessage.Caption = m_notice;
 }
 
 void frmAddFavorite::cmdNewFolder_Click() {
     const Text parent = Folder();
     const auto made = Favorites::MakeFolder(parent, Favorites::kNewFolder);
-    lblMessage.Caption = made ? Text() : Text(u"The folder could not be made.");
+    lblMessage.Caption = made ? m_notice : Text(u"The folder could not be made.");
     if (!made) return;
     Folder = *made;
     if (NewFolder) NewFolder(parent, *made);
@@ -29,13 +43,23 @@ void frmAddFavorite::cmdNewFolder_Click() {
 
 std::optional<Text> frmAddFavorite::treFolders_AfterLabelEdit(TextView path, TextView name) {
     auto renamed = path == m_root ? std::nullopt : Favorites::Rename(path, name);
-    lblMessage.Caption = renamed ? Text() : Text(u"The folder could not be renamed.");
+    lblMessage.Caption = renamed ? m_notice : Text(u"The folder could not be renamed.");
     if (renamed && Folder() == path) Folder = *renamed;
     return renamed;
 }
 
+bool frmAddFavorite::IsThere() const {
+    return std::ranges::any_of(Favorites::Items(Folder()), [&](const Favorites::Item& item) {
+        return !item.IsFolder && item.Address == m_address && item.Title == Favorites::FileNameOf(txtName.Value());
+    });
+}
+
 void frmAddFavorite::cmdOK_Click() {
-    if (Favorites::AddShortcut(Folder(), txtName.Value(), m_address)) {
+    if (IsThere()) {
+        Told = u"This page is a Favorite already. Nothing was added.";
+        Form.Visible = false;
+    } else if (const auto added = Favorites::AddShortcut(Folder(), txtName.Value(), m_address)) {
+        Told = u"Added to Favorites: " + Favorites::Quoted(Favorites::TitleAt(*added)) + u".";
         Form.Visible = false;
     } else {
         lblMessage.Caption = u"The page could not be added: the folder cannot be written to.";

@@ -15,13 +15,15 @@ public:
     Label lblName{u"&Name:"};
     TextBox txtName;
     Label lblFolder{u"Create &in:"};
-    Label lblMessage{u""}; ///< why nothing was added
+    Label lblMessage{u""}; ///< that the page is a Favorite already, or why nothing was added
     Button cmdNewFolder{u"New &Folder"};
     Button cmdOK{u"OK"};
     Button cmdCancel{u"Cancel"};
     Property<Text> Folder; ///< the path of the folder chosen in the tree
 
     [[nodiscard]] const Text& Root() const { return m_root; }
+    /// What to tell the user when the form has closed; empty when nothing was done.
+    Text Told;
     /// The user has given a folder of the tree another name; its new path, nothing when that failed.
     std::optional<Text> treFolders_AfterLabelEdit(TextView path, TextView name);
     /// A folder has a new sub-folder, whose name the user may change at once. Filled in by the view.
@@ -31,7 +33,10 @@ private:
     void txtName_Change();
     void cmdNewFolder_Click();
     void cmdOK_Click();
+    /// Whether the very same shortcut lies in the chosen folder.
+    [[nodiscard]] bool IsThere() const;
 
     Text m_root;
     Text m_address;
+    Text m_notice; ///< which Favorite leads to the page already; empty when none does
 };

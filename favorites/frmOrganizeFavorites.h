@@ -24,12 +24,14 @@ public:
     FormState Form;
     Text Caption = u"Organize Favorites";
     Label lblFavorites{u"F&avorites:"};
-    Label lblAddress{u""}; ///< where the selected shortcut leads
-    Label lblMessage{u""}; ///< why something was not done
+    Label lblAddress{u"Addr&ess:"};
+    TextBox txtAddress;    ///< where the selected shortcut leads
+    Label lblMessage{u""}; ///< what was done, or why it was not
     Button cmdNewFolder{u"New &Folder"};
     Button cmdRename{u"&Rename"};
     Button cmdMove{u"&Move..."};
     Button cmdDelete{u"&Delete"};
+    Button cmdUndo{u"&Undo Delete"}; ///< as long as something that was deleted can come back
     Button cmdOpenAll{u"&Open All in Tabs"};
     Button cmdSaveGroup{u"Save as &TessaGroup..."};
     Button cmdClose{u"Close"};
@@ -38,6 +40,10 @@ public:
     [[nodiscard]] const Text& Root() const { return m_root; }
     /// The user has typed another name for a line; its new path, nothing when that failed.
     std::optional<Text> treFavorites_AfterLabelEdit(TextView path, TextView title);
+    /// The user has done with the address: a new one is written.
+    void txtAddress_LostFocus();
+    /// The user gives up what was typed as an address; whether there was any such thing.
+    bool txtAddress_Escape();
     /// The user wants a line moved into a folder.
     void MoveTo(Text path, const Text& folder);
 
@@ -52,11 +58,20 @@ private:
     void cmdNewFolder_Click();
     void cmdMove_Click();
     void cmdDelete_Click();
+    void cmdUndo_Click();
     void cmdSaveGroup_Click();
     void Tell(const Text& folder) const;
     [[nodiscard]] Text SelectedFolder() const;
-    [[nodiscard]] bool MayDelete(TextView path);
+    [[nodiscard]] bool MayDelete() const;
+    /// The line that is selected once that of `path` is gone: one beside it.
+    [[nodiscard]] Text LineBeside(TextView path) const;
+
+    struct Trashed {
+        Text path, title;
+    };
 
     Text m_root;
     Outside m_outside;
+    Text m_address;                 ///< of the selected shortcut, as it is shown
+    std::vector<Trashed> m_trashed; ///< what can come back, the last one first
 };

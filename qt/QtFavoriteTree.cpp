@@ -2,7 +2,6 @@
 
 #include "common/Captions.h"
 #include "qt/QtIcons.h"
-#include "qt/QtSelectedIcon.h"
 #include "qt/QtText.h"
 
 #include <QDropEvent>
@@ -17,19 +16,13 @@ constexpr int kPathRole = Qt::UserRole, kIsFolder = Qt::UserRole + 1, kLoaded = 
 Text PathOf(const QTreeWidgetItem& item) { return FromQt(item.data(0, kPathRole).toString()); }
 bool IsFolder(const QTreeWidgetItem& item) { return item.data(0, kIsFolder).toBool(); }
 
-void Fill(QTreeWidgetItem& item, const Text& title, const Text& path, bool isFolder) {
-    const QString shown = ToQt(OneLine(title));
-    item.setText(0, shown);
-    item.setData(0, kShown, shown);
-    item.setData(0, kPathRole, ToQt(path));
-    item.setData(0, kIsFolder, isFolder);
-    item.setIcon(0, WithSelectedLook(QtIcons::Of({isFolder ? u"folder" : u"text-html"})));
-    if (isFolder) item.setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
-}
-
 } // namespace
 
-QtFavoriteTree::QtFavoriteTree(Text root, Shows shows) : m_root(std::move(root)), m_shows(shows) {
+QtFavoriteTree::QtFavoriteTree(Text root, Shows shows)
+    : m_root(std::move(root)),
+      m_shows(shows),
+      m_folderIcon(QtIcons::Of({u"folder"})),
+      m_pageIcon(QtIcons::Of({u"text-html"})) {
     header()->hide();
     setUniformRowHeights(true);
     setEditTriggers(EditKeyPressed);
@@ -43,6 +36,16 @@ QtFavoriteTree::QtFavoriteTree(Text root, Shows shows) : m_root(std::move(root))
     connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
         if (item && Chosen) Chosen(PathOf(*item));
     });
+}
+
+void QtFavoriteTree::Fill(QTreeWidgetItem& item, const Text& title, const Text& path, bool isFolder) {
+    const QString shown = ToQt(OneLine(title));
+    item.setText(0, shown);
+    item.setData(0, kShown, shown);
+    item.setData(0, kPathRole, ToQt(path));
+    item.setData(0, kIsFolder, isFolder);
+    item.setIcon(0, isFolder ? m_folderIcon : m_pageIcon);
+    if (isFolder) item.setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
 }
 
 void QtFavoriteTree::Load(QTreeWidgetItem& item) {
@@ -86,12 +89,26 @@ void QtFavoriteTree::Select(const Text& path) {
 void QtFavoriteTree::Reload(const Text& folder) {
     QTreeWidgetItem* item = Find(folder);
     if (!item) return;
+    const QStringList expanded = ExpandedBelow(*item);
     {
         const QSignalBlocker quiet(this);
         qDeleteAll(item->takeChildren());
         item->setData(0, kLoaded, false);
     }
     Load(*item);
+    for (const QString& path : expanded) {
+        QTreeWidgetItem* found = Find(FromQt(path));
+        if (found) found->setExpanded(true);
+    }
+}
+
+QStringList QtFavoriteTree::ExpandedBelow(QTreeWidgetItem& item) const {
+    QStringList paths;
+    for (int i = 0; i < item.childCount(); ++i) {
+        QTreeWidgetItem& child = *item.child(i);
+        if (child.isExpanded()) paths << ToQt(PathOf(child)) << ExpandedBelow(child);
+    }
+    return paths;
 }
 
 void QtFavoriteTree::Edit(const Text& path) {

@@ -13,7 +13,7 @@ public:
 
     /// Selects the line of a path and opens the folders above it; the root for a path that is not there.
     void Select(const Text& path);
-    /// Reads a folder again that is shown.
+    /// Reads a folder again that is shown; what was open below it stays open.
     void Reload(const Text& folder);
     /// Lets the user edit a line's name.
     void Edit(const Text& path);
@@ -30,7 +30,9 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void Fill(QTreeWidgetItem& item, const Text& title, const Text& path, bool isFolder);
     void Load(QTreeWidgetItem& item);
+    [[nodiscard]] QStringList ExpandedBelow(QTreeWidgetItem& item) const;
     void AddItem(QTreeWidgetItem& parent, const Favorites::Item& item);
     void OnChanged(QTreeWidgetItem& item);
     void Rename(const Text& path, const Text& name);
@@ -39,4 +41,5 @@ private:
 
     Text m_root;
     Shows m_shows;
+    QIcon m_folderIcon, m_pageIcon;
 };

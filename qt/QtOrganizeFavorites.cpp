@@ -6,7 +6,10 @@
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
@@ -50,17 +53,36 @@ QVBoxLayout* QtOrganizeFavorites::Tree() {
     m_tree->setDragDropMode(QAbstractItemView::InternalMove);
     rows->addWidget(heading);
     rows->addWidget(m_tree, 1);
-    auto* address = new QLabel;
+    rows->addLayout(Address());
     auto* message = new QLabel;
-    Bind(m_form.lblAddress, *address, QStringLiteral("lblAddress"));
     Bind(m_form.lblMessage, *message, QStringLiteral("lblMessage"));
-    for (QLabel* each : {address, message}) {
-        // A long address must not widen the dialog.
-        each->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        each->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        rows->addWidget(each);
-    }
+    // A long message must not widen the dialog, nor move the tree.
+    message->setWordWrap(true);
+    message->setMinimumHeight(2 * message->fontMetrics().lineSpacing());
+    message->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    message->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    rows->addWidget(message);
     return rows;
+}
+
+QLayout* QtOrganizeFavorites::Address() {
+    auto* row = new QHBoxLayout;
+    auto* caption = new QLabel;
+    m_address = new QLineEdit;
+    caption->setBuddy(m_address);
+    Bind(m_form.lblAddress, *caption, QStringLiteral("lblAddress"));
+    Bind(m_form.txtAddress, *m_address, QStringLiteral("txtAddress"), QStringLiteral("Address"));
+    m_address->installEventFilter(this);
+    connect(m_address, &QLineEdit::editingFinished, this, [this] { m_form.txtAddress_LostFocus(); });
+    row->addWidget(caption);
+    row->addWidget(m_address);
+    return row;
+}
+
+bool QtOrganizeFavorites::eventFilter(QObject* watched, QEvent* event) {
+    const auto* key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
+    if (watched == m_address && key && key->key() == Qt::Key_Escape && m_form.txtAddress_Escape()) return true;
+    return QDialog::eventFilter(watched, event);
 }
 
 QVBoxLayout* QtOrganizeFavorites::Buttons() {
@@ -75,6 +97,7 @@ QVBoxLayout* QtOrganizeFavorites::Buttons() {
     add(m_form.cmdRename, "cmdRename");
     add(m_form.cmdMove, "cmdMove");
     add(m_form.cmdDelete, "cmdDelete");
+    add(m_form.cmdUndo, "cmdUndo");
     rows->addSpacing(style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing) * 2);
     add(m_form.cmdOpenAll, "cmdOpenAll");
     add(m_form.cmdSaveGroup, "cmdSaveGroup");
@@ -101,6 +124,39 @@ void QtOrganizeFavorites::BindTree() {
     });
     auto* remove = new QShortcut(QKeySequence::Delete, m_tree, nullptr, nullptr, Qt::WidgetShortcut);
     connect(remove, &QShortcut::activated, this, [this] { m_form.cmdDelete.Click(); });
+    auto* undo = new QShortcut(QKeySequence::Undo, m_tree, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(undo, &QShortcut::activated, this, [this] { m_form.cmdUndo.Click(); });
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_tree, &QWidget::customContextMenuRequested, this, &QtOrganizeFavorites::ShowMenu);
+}
+
+void QtOrganizeFavorites::AddToMenu(QMenu& menu, Button& button, const QKeySequence& keys) {
+    if (!button.Enabled()) return;
+    // What it does may need the tree as it is when the menu has closed.
+    QAction* action = menu.addAction(ToQt(button.Caption()));
+    action->setShortcut(keys);
+    connect(
+        action, &QAction::triggered, this, [&button] { button.Click(); }, Qt::QueuedConnection);
+}
+
+void QtOrganizeFavorites::ShowMenu(const QPoint& place) {
+    // A click beside the lines is about none of them.
+    if (!m_tree->itemAt(place)) m_tree->Select(m_form.Root());
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    AddToMenu(*menu, m_form.cmdRename, Qt::Key_F2);
+    if (m_form.txtAddress.Enabled())
+        connect(menu->addAction(QStringLiteral("&Edit Address")), &QAction::triggered, this,
+                [this] { m_form.txtAddress.SetFocus(); });
+    AddToMenu(*menu, m_form.cmdMove);
+    AddToMenu(*menu, m_form.cmdDelete, QKeySequence::Delete);
+    menu->addSeparator();
+    AddToMenu(*menu, m_form.cmdUndo, QKeySequence::Undo);
+    AddToMenu(*menu, m_form.cmdNewFolder);
+    menu->addSeparator();
+    AddToMenu(*menu, m_form.cmdOpenAll);
+    AddToMenu(*menu, m_form.cmdSaveGroup);
+    menu->popup(m_tree->viewport()->mapToGlobal(place));
 }
 
 Text QtOrganizeFavorites::AskFolder() {

@@ -4,6 +4,10 @@
 #include <QDialog>
 
 class QtFavoriteTree;
+class QLayout;
+class QLineEdit;
+class QMenu;
+class QPoint;
 class QVBoxLayout;
 
 /// The window of `frmOrganizeFavorites`: the tree of Favorites, and beside it what can be done with a line. The form
@@ -12,15 +16,22 @@ class QtOrganizeFavorites : public QDialog {
 public:
     explicit QtOrganizeFavorites(frmOrganizeFavorites& form, QWidget* parent = nullptr);
     ~QtOrganizeFavorites() override;
+    /// Escape in the address gives up what was typed there, and only then closes the dialog.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QVBoxLayout* Tree();
     QVBoxLayout* Buttons();
+    QLayout* Address();
     void BindTree();
+    /// What can be done with the selected line, at its place.
+    void ShowMenu(const QPoint& place);
+    void AddToMenu(QMenu& menu, Button& button, const QKeySequence& keys = {});
     [[nodiscard]] Text AskFolder();
 
     frmOrganizeFavorites& m_form;
     QtFavoriteTree* m_tree;
+    QLineEdit* m_address = nullptr;
 };
 
 /// Shows the form over `parent` until it hides.

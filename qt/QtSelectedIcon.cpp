@@ -7,20 +7,37 @@
 #include <QPalette>
 #include <QPixmap>
 #include <algorithm>
+#include <cstdlib>
+#include <optional>
 #include <utility>
 
 namespace {
 
 // Greys of icon themes have a tinge.
 constexpr int kMostTinge = 24;
+// Shades of one colour, in degrees of hue.
+constexpr int kMostApart = 30, kWholeTurn = 360;
 constexpr int kHardlyThere = 32; // of an opacity of 255
 
+bool IsGrey(const QColor& colour) {
+    const auto [least, most] = std::minmax({colour.red(), colour.green(), colour.blue()});
+    return most - least <= kMostTinge;
+}
+
+bool AreShades(int hue, int other) {
+    const int apart = std::abs(hue - other);
+    return std::min(apart, kWholeTurn - apart) <= kMostApart;
+}
+
+// Of one colour, its shades and greys.
 bool HasOneColour(const QImage& image) {
+    std::optional<int> hue;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QColor pixel = image.pixelColor(x, y);
-            const auto [least, most] = std::minmax({pixel.red(), pixel.green(), pixel.blue()});
-            if (pixel.alpha() > kHardlyThere && most - least > kMostTinge) return false;
+            if (pixel.alpha() <= kHardlyThere || IsGrey(pixel)) continue;
+            if (!AreShades(hue.value_or(pixel.hue()), pixel.hue())) return false;
+            hue = pixel.hue();
         }
     }
     return true;

@@ -39,6 +39,19 @@ TEST_F(FavoriteCommandsTest, ThePageIsAddedAndShowsInTheMenu) {
     EXPECT_EQ(Favorites::Items(m_root).at(0).Title, u"A & B");
 }
 
+TEST_F(FavoriteCommandsTest, ThePageThatIsAddedAgainIsNotAddedAndTheStatusBarSaysSo) {
+    Text kept;
+    m_desk.main.sbStatus.Keep = [&](const Text& text) { kept = text; };
+    m_desk.PageLoads(1, u"http://a/", u"A");
+    m_desk.inAddFavorite = [](frmAddFavorite& form) { form.cmdOK.Click(); };
+    m_desk.Click(u"mnuAddToFavorites");
+    EXPECT_EQ(m_desk.Status(), "Added to Favorites: \"A\".");
+    m_desk.Click(u"mnuAddToFavorites");
+    EXPECT_EQ(kept, u"This page is a Favorite already. Nothing was added.");
+    EXPECT_EQ(Favorites::Items(m_root).size(), 1U);
+    EXPECT_TRUE(m_desk.messages.asked.empty());
+}
+
 TEST_F(FavoriteCommandsTest, WithoutAFolderTheRepairQuestionIsAskedAndNothingIsAdded) {
     bool shown = false;
     m_desk.inAddFavorite = [&](frmAddFavorite&) { shown = true; };

@@ -103,6 +103,30 @@ class FavoritesMenu(unittest.TestCase):
                 desk.click(program.find("menu item", "Garden"), button=2)
                 program.wait_strip(["Garden", "[Garden]"])
 
+    def test_a_favorite_goes_to_the_trash_of_the_desktop_and_comes_back(self):
+        home = desk.state_folder()
+        favorites = os.path.join(home, "Favorites")
+        for name in ("a", "a (2)", "b"):
+            add(favorites, name, "http://127.0.0.1/")
+        with desk.Program(PROGRAM, "about:blank", home=home) as program:
+            program.wait_strip(["[about:blank]"])
+            program.keys("alt+a")
+            desk.xdotool("key", "o")
+            program.find("dialog", "Organize Favorites")
+            program.find("tree", "Favorites")
+            # "a", then "a (2)", then "b".
+            desk.xdotool("key", "Down", "Delete")
+            desk.wait_until(lambda: sorted(os.listdir(favorites)) == ["a (2).url", "b.url"],
+                            what=lambda: f"{os.listdir(favorites)}")
+            program.find("label", '"a" is in the trash.')
+            desk.xdotool("key", "Delete")
+            desk.wait_until(lambda: os.listdir(favorites) == ["b.url"], what=lambda: f"{os.listdir(favorites)}")
+            program.press("push button", "Undo Delete")
+            program.press("push button", "Undo Delete")
+            desk.wait_until(lambda: sorted(os.listdir(favorites)) == ["a (2).url", "a.url", "b.url"],
+                            what=lambda: f"{os.listdir(favorites)}")
+            program.find("label", '"a" is back.')
+
     def test_where_no_favorites_can_be_added_they_are_repaired_if_the_user_agrees(self):
         home = desk.state_folder()
         favorites = os.path.join(home, "Favorites")

@@ -53,6 +53,41 @@ TEST_F(FavoriteFilesTest, AnAddressIsOneLineWhateverItHolds) {
     EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("A.url")), u"http://a/[InternetShortcut]URL=evil");
 }
 
+TEST_F(FavoriteFilesTest, ShortcutsStandByTheirTitlesBehindTheFolders) {
+    for (const TextView title : {u"b", u"a", u"a", u"a!"}) AddOne(Root(), title, u"http://a/");
+    MakeFolder("z");
+    std::string titles;
+    for (const Favorites::Item& each : Favorites::Items(Root())) titles += ToUtf8(each.Title) + ";";
+    EXPECT_EQ(titles, "z;a;a (2);a!;b;");
+}
+
+TEST_F(FavoriteFilesTest, AnotherAddressLeavesTheRestOfTheFileAsItIs) {
+    m_folder.Write("A.url", "[InternetShortcut]\r\nURL=http://a/\r\nIconIndex=1\r\n[Other]\r\nx=y\r\n");
+    EXPECT_EQ(Favorites::SetAddress(m_folder.PathText("A.url"), u"http://b/\nx"), Outcome::Done);
+    EXPECT_EQ(m_folder.Read("A.url"), "[InternetShortcut]\r\nURL=http://b/x\r\nIconIndex=1\r\n[Other]\r\nx=y\r\n");
+}
+
+TEST_F(FavoriteFilesTest, AnAddressThatCouldNotBeReadBackIsRefused) {
+    AddOne(Root(), u"A", u"http://a/");
+    const Text path = m_folder.PathText("A.url");
+    EXPECT_EQ(Favorites::SetAddress(path, Text(511, u'x')), Outcome::Done);
+    EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("A.url")), Text(511, u'x'));
+    EXPECT_EQ(Favorites::SetAddress(path, Text(512, u'x')), Outcome::Failed);
+    EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("A.url")), Text(511, u'x'));
+    EXPECT_EQ(Favorites::SetAddress(m_folder.PathText("gone.url"), u"http://a/"), Outcome::Failed);
+    EXPECT_EQ(m_folder.Files(), 1U) << "nothing was made";
+}
+
+TEST_F(FavoriteFilesTest, AnAddressIsFoundInFoldersBelowAndALoopEnds) {
+    MakeFolder("Work/deep");
+    fs::create_directory_symlink(m_folder.Path(""), m_folder.Path("Work/loop"));
+    AddOne(m_folder.PathText("Work/deep"), u"A", u"http://a/");
+    EXPECT_EQ(Favorites::FindAddress(Root(), u"http://a/"), m_folder.PathText("Work/deep/A.url"));
+    EXPECT_EQ(Favorites::FindAddress(Root(), u"http://b/"), std::nullopt);
+    m_folder.Write("empty.url", "");
+    EXPECT_EQ(Favorites::FindAddress(Root(), u""), std::nullopt);
+}
+
 TEST_F(FavoriteFilesTest, NamesAreMended) {
     EXPECT_EQ(Favorites::FileNameOf(u"a/b\nc"), u"a-b c");
     EXPECT_EQ(Favorites::FileNameOf(u"  .hidden "), u"hidden");

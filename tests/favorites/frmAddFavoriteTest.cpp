@@ -29,6 +29,39 @@ TEST_F(frmAddFavoriteTest, APageWithoutATitleIsCalledByItsAddress) {
     EXPECT_EQ(form.txtName.Value(), u"http://a/");
 }
 
+TEST_F(frmAddFavoriteTest, APageThatIsAFavoriteIsSaidToBeAndNotAddedTwice) {
+    EXPECT_EQ(m_form.lblMessage.Caption(), u"");
+    m_form.cmdOK.Click();
+    EXPECT_EQ(m_form.Told, u"Added to Favorites: \"A page\".");
+    frmAddFavorite again(m_root, u"http://a/", u"A page");
+    again.Form.Visible = true;
+    const Text notice = u"This page is a Favorite already: \"A page\".";
+    EXPECT_EQ(again.lblMessage.Caption(), notice);
+    again.txtName.Value = u"A page ";
+    EXPECT_EQ(again.lblMessage.Caption(), notice) << "typing does not take it away";
+    again.cmdOK.Click();
+    EXPECT_FALSE(again.Form.Visible());
+    EXPECT_EQ(again.Told, u"This page is a Favorite already. Nothing was added.");
+    EXPECT_EQ(m_folder.Files(), 1U);
+}
+
+TEST_F(frmAddFavoriteTest, AFavoriteMayStandUnderAnotherNameAndInAnotherFolderToo) {
+    const auto work = Favorites::MakeFolder(m_root, u"Work");
+    ASSERT_TRUE(work && Favorites::AddShortcut(*work, u"A page", u"http://a/"));
+    frmAddFavorite form(m_root, u"http://a/", u"A page");
+    EXPECT_EQ(form.lblMessage.Caption(), u"This page is a Favorite already: \"A page\" in \"Work\".");
+    form.cmdOK.Click();
+    form.txtName.Value = u"B";
+    form.cmdOK.Click();
+    EXPECT_EQ(Favorites::Items(m_root).size(), 3U);
+}
+
+TEST_F(frmAddFavoriteTest, AnotherPageOfTheSameNameIsCounted) {
+    ASSERT_TRUE(Favorites::AddShortcut(m_root, u"A page", u"http://other/"));
+    m_form.cmdOK.Click();
+    EXPECT_EQ(m_form.Told, u"Added to Favorites: \"A page (2)\".");
+}
+
 TEST_F(frmAddFavoriteTest, CancelAddsNothing) {
     m_form.cmdCancel.Click();
     EXPECT_FALSE(m_form.Form.Visible());

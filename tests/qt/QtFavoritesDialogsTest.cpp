@@ -1,6 +1,7 @@
 #include "favorites/Favorites.h"
 #include "qt/QtAddFavorite.h"
 #include "qt/QtFavoriteTree.h"
+#include "qt/QtIcons.h"
 #include "qt/QtOrganizeFavorites.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -8,6 +9,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -116,7 +118,7 @@ TEST_F(QtFavoritesDialogsTest, FavoritesAreRenamedMovedAndDeletedByKeyboard) {
         EXPECT_TRUE(tree.hasFocus());
         QTest::keyClick(&tree, Qt::Key_End);
         EXPECT_EQ(tree.SelectedPath(), m_folder.PathText("A.url"));
-        EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("lblAddress"))->text(), QStringLiteral("http://a/"));
+        EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("txtAddress"))->text(), QStringLiteral("http://a/"));
         QTest::keyClick(&dialog, Qt::Key_R, Qt::AltModifier);
         Type(tree, QStringLiteral("Z"));
         EXPECT_TRUE(QTest::qWaitFor([&] { return tree.SelectedPath() == m_folder.PathText("Z.url"); }));
@@ -124,7 +126,7 @@ TEST_F(QtFavoritesDialogsTest, FavoritesAreRenamedMovedAndDeletedByKeyboard) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return tree.SelectedPath() == m_folder.PathText("Work/Z.url"); }));
         m_messages.answer = Answer::Yes;
         QTest::keyClick(&tree, Qt::Key_Delete);
-        EXPECT_EQ(tree.SelectedPath(), m_folder.PathText("Work"));
+        EXPECT_EQ(tree.SelectedPath(), m_folder.PathText("Work/deep"));
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     EXPECT_FALSE(fs::exists(m_folder.Path("Work/Z.url")));
@@ -140,7 +142,7 @@ TEST_F(QtFavoritesDialogsTest, WhatHasANameThatIsNoTextIsShownMarkedAndRenamedBy
         tree.Select(path);
         EXPECT_EQ(tree.SelectedPath(), path);
         EXPECT_EQ(tree.currentItem()->text(0), QStringLiteral("\uFFFD"));
-        EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("lblAddress"))->text(), QStringLiteral("http://latin/"));
+        EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("txtAddress"))->text(), QStringLiteral("http://latin/"));
         QTest::keyClick(&dialog, Qt::Key_R, Qt::AltModifier);
         Type(tree, QStringLiteral("a"));
         EXPECT_TRUE(QTest::qWaitFor([&] { return tree.SelectedPath() == m_folder.PathText("Work/a.url"); }));
@@ -165,6 +167,77 @@ TEST_F(QtFavoritesDialogsTest, MovingAsksForTheFolderInATree) {
         dialog.findChild<QPushButton*>(QStringLiteral("cmdClose"))->click();
     });
     EXPECT_TRUE(fs::exists(m_folder.Path("Work/deep/A.url")));
+}
+
+TEST_F(QtFavoritesDialogsTest, ADeletedLineComesBackWithTheKeyOfUndoAndFoldersStayOpen) {
+    m_trash.take = [](TextView path) { return Favorites::Delete(path); };
+    m_trash.restore = [this](TextView) {
+        return Favorites::AddShortcut(m_root, u"A", u"http://a/") ? Outcome::Done : Outcome::Failed;
+    };
+    ASSERT_TRUE(Favorites::AddShortcut(m_root, u"B", u"http://b/"));
+    frmOrganizeFavorites form(m_root, {m_messages, m_trash});
+    Use(form, [&](QDialog& dialog) {
+        auto& tree = Tree(dialog, "treFavorites");
+        tree.topLevelItem(0)->child(0)->setExpanded(true);
+        tree.Select(m_folder.PathText("A.url"));
+        QTest::keyClick(&tree, Qt::Key_Delete);
+        EXPECT_EQ(tree.SelectedPath(), m_folder.PathText("B.url"));
+        EXPECT_TRUE(tree.topLevelItem(0)->child(0)->isExpanded());
+        EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("lblMessage"))->text(),
+                  QStringLiteral("\"A\" is in the trash."));
+        QTest::keyClick(&tree, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(tree.SelectedPath(), m_folder.PathText("A.url"));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(QtFavoritesDialogsTest, AnAddressIsTypedAndEscapeGivesItUpBeforeItCloses) {
+    frmOrganizeFavorites form(m_root, {m_messages, m_trash});
+    Use(form, [&](QDialog& dialog) {
+        Tree(dialog, "treFavorites").Select(m_folder.PathText("A.url"));
+        auto* address = dialog.findChild<QLineEdit*>(QStringLiteral("txtAddress"));
+        address->setFocus();
+        address->selectAll();
+        QTest::keyClicks(address, QStringLiteral("http://b/"));
+        QTest::keyClick(address, Qt::Key_Return);
+        EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("A.url")), u"http://b/");
+        EXPECT_TRUE(dialog.isVisible()) << "Enter is for the address";
+        QTest::keyClicks(address, QStringLiteral("c"));
+        QTest::keyClick(address, Qt::Key_Escape);
+        EXPECT_EQ(address->text(), QStringLiteral("http://b/"));
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClicks(address, QStringLiteral("d"));
+        dialog.findChild<QTreeWidget*>()->setFocus();
+        EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("A.url")), u"http://b/d");
+        QTest::keyClick(address, Qt::Key_Escape);
+    });
+}
+
+TEST_F(QtFavoritesDialogsTest, ARightClickShowsWhatCanBeDoneWithTheLine) {
+    frmOrganizeFavorites form(m_root, {m_messages, m_trash});
+    Use(form, [&](QDialog& dialog) {
+        auto& tree = Tree(dialog, "treFavorites");
+        const auto entries = [&](const QPoint& place) {
+            Q_EMIT tree.customContextMenuRequested(place);
+            auto* menu = dynamic_cast<QMenu*>(QApplication::activePopupWidget());
+            QStringList all;
+            for (const auto* action : menu ? menu->actions() : QList<QAction*>()) all << action->text();
+            return all.join(QLatin1Char(';'));
+        };
+        tree.Select(m_folder.PathText("A.url"));
+        EXPECT_EQ(entries(tree.visualItemRect(tree.currentItem()).center()),
+                  QStringLiteral("&Rename;&Edit Address;&Move...;&Delete;;New &Folder;"));
+        auto* menu = dynamic_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        m_messages.answer = Answer::Yes;
+        menu->actions().at(3)->trigger();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !fs::exists(m_folder.Path("A.url")); }));
+        menu->close();
+        EXPECT_EQ(entries(tree.viewport()->rect().bottomRight()), QStringLiteral("New &Folder;"));
+        EXPECT_EQ(tree.SelectedPath(), m_root) << "beside the lines it is about none of them";
+        QApplication::activePopupWidget()->close();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
 }
 
 TEST_F(QtFavoritesDialogsTest, EveryWidgetHasANameToBeCalledBy) {

@@ -23,7 +23,7 @@ QColor MiddleOf(const QIcon& icon, QIcon::Mode mode) {
 
 TEST(QtSelectedIcon, APictureOfOneColourTakesThatOfTheSelectedText) {
     const QColor text = QGuiApplication::palette().color(QPalette::HighlightedText);
-    for (const QColor& grey : {QColor(0xfc, 0xfc, 0xfc), QColor(0x23, 0x26, 0x29), QColor(Qt::black)}) {
+    for (const QColor& grey : {QColor(0xfc, 0xfc, 0xfc), QColor(0x23, 0x26, 0x29), QColor(Qt::black), QColor(0x3d, 0xae, 0xe9)}) {
         const QIcon icon = WithSelectedLook(Filled(grey));
         EXPECT_EQ(MiddleOf(icon, QIcon::Selected), text);
         EXPECT_EQ(MiddleOf(icon, QIcon::Normal), grey) << "elsewhere it is as it was";
@@ -32,8 +32,9 @@ TEST(QtSelectedIcon, APictureOfOneColourTakesThatOfTheSelectedText) {
 }
 
 TEST(QtSelectedIcon, APictureOfColoursStays) {
-    const QIcon icon = WithSelectedLook(Filled(QColor(0xe0, 0x40, 0x20)));
-    EXPECT_EQ(MiddleOf(icon, QIcon::Selected), QColor(0xe0, 0x40, 0x20));
+    QPixmap picture = Filled(QColor(0xe0, 0x40, 0x20)).pixmap(QSize(32, 32));
+    QPainter(&picture).fillRect(8, 8, 4, 16, QColor(0x20, 0x40, 0xe0));
+    EXPECT_EQ(MiddleOf(WithSelectedLook(QIcon(picture)), QIcon::Selected), QColor(0xe0, 0x40, 0x20));
 }
 
 TEST(QtSelectedIcon, IsAsSharpAsTheScreen) {
