@@ -7,6 +7,8 @@
 
 #include <functional>
 
+class frmRenameGroup;
+
 /// What the commands need of the layers above, filled in by the main window. A command whose operation is missing is
 /// disabled.
 struct CommandHost {
@@ -54,6 +56,8 @@ struct CommandHost {
     std::function<Text(TextView folder)> SaveFavorites;
     /// Edits the TessaGroup of that path.
     std::function<void(TextView path)> OrganizeTessaGroup;
+    /// Shows the question for a TessaGroup's new name and returns when it is hidden.
+    std::function<void(frmRenameGroup&)> ShowRenameGroup;
     /// Moves a file to the desktop's trash; fails where there is none for it.
     std::function<Outcome(TextView path)> MoveToTrash;
     /// Whether a Favorites link may be opened; asks the user where that is in doubt.

@@ -152,6 +152,7 @@ const std::array kCommands{
     Command{u"xtrLinkNewTab", MenuEntry::OpenLink},
     Command{u"xtrGroupOpen", MenuEntry::OpenGroup},
     Command{u"xtrGroupOrganize", MenuEntry::OrganizeGroup, Has<&CommandHost::OrganizeTessaGroup>},
+    Command{u"xtrGroupRename", MenuEntry::RenameGroup, Has<&CommandHost::ShowRenameGroup>},
     Command{u"xtrGroupDelete", MenuEntry::DeleteGroup, Has<&CommandHost::MoveToTrash>},
 };
 

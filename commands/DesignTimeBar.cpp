@@ -212,6 +212,7 @@ constexpr std::array kEntries{
 
     EntryRow{u"bndGroupEntry", u"xtrGroupOpen"},
     EntryRow{u"bndGroupEntry", u"xtrGroupOrganize"},
+    EntryRow{u"bndGroupEntry", u"xtrGroupRename"},
     EntryRow{u"bndGroupEntry", u"xtrGroupDelete", kGroup},
 
     EntryRow{u"bndNewTab", u"mnuNewBlank"},

@@ -1,5 +1,6 @@
 #include "commands/MenuEntryCommands.h"
 
+#include "commands/frmRenameGroup.h"
 #include "common/AtomicFile.h"
 #include "common/Captions.h"
 #include "common/RuntimeIds.h"
@@ -46,7 +47,7 @@ void OpenFolder(CommandContext& context) { context.host.OpenFavorites(context.me
 
 void SaveFolder(CommandContext& context) {
     const Text result = context.host.SaveFavorites(context.menuEntry);
-    if (!result.empty()) context.tabs.ShowStatusText(result);
+    if (!result.empty()) context.tabs.Tell(result);
 }
 
 void OpenLink(CommandContext& context) {
@@ -59,13 +60,26 @@ void OpenGroup(CommandContext& context) { context.groups.OpenTessaGroup(Text(con
 
 void OrganizeGroup(CommandContext& context) { context.host.OrganizeTessaGroup(Text(context.menuEntry)); }
 
+void RenameGroup(CommandContext& context) {
+    const Text before = GroupNameOf(context.menuEntry);
+    frmRenameGroup form(context.menuEntry);
+    context.host.ShowRenameGroup(form);
+    if (form.Renamed.empty()) return;
+    context.groupsMenuStale = true;
+    context.tabs.Tell(u"The TessaGroup " + before + u" is now called " + OneLine(form.Renamed) + u".");
+}
+
 void DeleteGroup(CommandContext& context) {
     const Text path = context.menuEntry;
     if (!MayTrash(context, path)) return;
-    const bool there = context.host.MoveToTrash(path) == Outcome::Failed && FileExists(PathToBytes(path));
+    const bool trashed = context.host.MoveToTrash(path) == Outcome::Done;
+    const bool there = !trashed && FileExists(PathToBytes(path));
     const bool stays = there && (!MayDelete(context) || TessaGroups::Delete(path) == Outcome::Failed);
     context.groupsMenuStale = true;
-    context.tabs.ShowStatusText(stays ? u"The TessaGroup was not deleted." : u"The TessaGroup has been deleted.");
+    const Text name = GroupNameOf(path);
+    context.tabs.Tell(stays     ? u"The TessaGroup " + name + u" was not deleted."
+                      : trashed ? u"The TessaGroup " + name + u" is in the trash."
+                                : u"The TessaGroup " + name + u" has been deleted.");
 }
 
 } // namespace MenuEntryCommands

@@ -17,6 +17,8 @@ void SaveFolder(CommandContext& context);
 void OpenLink(CommandContext& context);
 void OpenGroup(CommandContext& context);
 void OrganizeGroup(CommandContext& context);
+/// Asks what the TessaGroup is to be called.
+void RenameGroup(CommandContext& context);
 /// Moves the TessaGroup to the trash, or deletes it where there is none; asks before it does either.
 void DeleteGroup(CommandContext& context);
 

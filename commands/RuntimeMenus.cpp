@@ -25,7 +25,13 @@ RuntimeMenus::RuntimeMenus(CommandContext& context, FolderWatch& watch)
     m_watch.Changed = [this](TextView folder) {
         const bool groups = folder == m_context.groupFolder;
         (groups ? m_context.groupsMenuStale : m_context.favoritesMenuStale) = true;
+        if (FoldersChanged) FoldersChanged();
     };
+}
+
+void RuntimeMenus::WatchFolders() {
+    m_watch.Watch(m_context.groupFolder);
+    m_watch.Watch(m_context.favoritesFolder);
 }
 
 void RuntimeMenus::BandOpen(Band& band) {

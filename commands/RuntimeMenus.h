@@ -3,6 +3,7 @@
 #include "common/platform/FolderWatch.h"
 #include "favorites/Favorites.h"
 
+#include <functional>
 #include <vector>
 
 /// Brings the menus that are not fixed up to date at the moment they open: Favorites, TessaGroups, and the check mark
@@ -12,6 +13,11 @@ public:
     /// Both outlive this object. A change in a folder that a menu shows makes that menu stale.
     RuntimeMenus(CommandContext& context, FolderWatch& watch);
 
+    /// Has `FoldersChanged` tell of changes in the folders of TessaGroups and Favorites from here on, also when no menu
+    /// shows them.
+    void WatchFolders();
+    /// Something in the folder of TessaGroups or Favorites has changed. Filled in by the owner.
+    std::function<void()> FoldersChanged;
     /// A band is about to be shown. Only a stale menu is built anew, only an empty folder is filled.
     void BandOpen(Band& band);
     /// The user asks what can be done with an entry of a menu: pops up what there is. False for an entry that has no

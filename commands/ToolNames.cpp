@@ -244,6 +244,7 @@ constexpr std::array kOwnTools{
             u""},
     ToolRow{u"xtrGroupOrganize", u"O&rganize...", u"", u"Changes the addresses of this TessaGroup", u"document-edit",
             u""},
+    ToolRow{u"xtrGroupRename", u"Re&name...", u"", u"Gives this TessaGroup another name", u"edit-rename", u""},
     ToolRow{u"xtrGroupDelete", u"&Delete...", u"", u"Moves this TessaGroup to the trash", u"edit-delete", u""},
     ToolRow{u"xtrExportTessaGroups", u"E&xport TessaGroups...", u"More",
             u"Writes your TessaGroups to a file for other browsers", u"document-export", u""},

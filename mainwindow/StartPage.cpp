@@ -2,7 +2,7 @@
 
 #include "commands/Endpoints.h"
 #include "common/Percent.h"
-#include "favorites/Favorites.h"
+#include "favorites/FavoriteFiles.h"
 #include "groups/TessaGroups.h"
 #include "mainwindow/StartPageStyle.h"
 #include "pages/PlainText.h"
@@ -81,14 +81,35 @@ std::string Isolated(TextView text) { return "<span>" + Shown(text) + "</span>";
 
 std::string Count(std::size_t pages) { return pages == 1 ? "One page" : std::to_string(pages) + " pages"; }
 
-std::string Card(const StartGroup& group) {
-    std::string card = "<a class=\"card\" href=\"" + std::string(kGroupLink) + PercentEncoded(PathToBytes(group.Name)) +
-                       "\"><b>" + Shown(group.Name) + "</b><small>" + Count(group.Addresses.size()) + "</small>";
-    for (std::size_t i = 0; i < std::min(group.Addresses.size(), kSitesOfACard); ++i) {
-        const Text site = SiteOf(group.Addresses[i]);
-        card += "<div class=\"site\">" + Tile(site) + Isolated(site) + "</div>";
+// The same with the path, for pages of one site.
+Text SiteWithPath(TextView address) {
+    Text page = SiteOf(address);
+    // Without a host it is the whole address already.
+    if (page == address) return page;
+    const auto path = address.find_first_of(u"/?#", address.find(u"://") + 3);
+    if (path != TextView::npos) page += address.substr(path);
+    if (page.ends_with(u'/')) page.pop_back();
+    return page;
+}
+
+// Each page by its site alone where that is enough to tell it from the others.
+std::string PageLines(const std::vector<Text>& addresses) {
+    std::string lines;
+    for (std::size_t i = 0; i < std::min(addresses.size(), kSitesOfACard); ++i) {
+        const Text site = SiteOf(addresses[i]);
+        const bool several =
+            std::ranges::count_if(addresses, [&](const Text& each) { return SiteOf(each) == site; }) > 1;
+        lines += "<div class=\"site\">" + Tile(site) + Isolated(several ? SiteWithPath(addresses[i]) : site) + "</div>";
     }
-    return card + "</a>\n";
+    const std::size_t left = addresses.size() - std::min(addresses.size(), kSitesOfACard);
+    if (left > 0) lines += "<div class=\"site\"><small>and " + std::to_string(left) + " more</small></div>";
+    return lines;
+}
+
+std::string Card(const StartGroup& group) {
+    return "<a class=\"card\" href=\"" + std::string(kGroupLink) + PercentEncoded(PathToBytes(group.Name)) + "\"><b>" +
+           Shown(group.Name) + "</b><small>" + Count(group.Addresses.size()) + "</small>" + PageLines(group.Addresses) +
+           "</a>\n";
 }
 
 std::string Groups(const StartContent& content) {
@@ -142,9 +163,9 @@ StartContent Read(TextView groupFolder, TextView favoritesFolder) {
         content.Groups.push_back(std::move(group));
     }
     content.MoreGroups = groups.Count() - content.Groups.size();
-    for (const CKeyValue& each : Favorites::List(favoritesFolder).Shortcuts) {
+    for (const Favorites::Item& each : Favorites::Items(favoritesFolder)) {
         if (content.Favorites.size() == kMostFavorites) break;
-        if (IsOfTheWeb(each.Value)) content.Favorites.push_back({Text(Favorites::TitleOf(each.Key)), each.Value});
+        if (IsOfTheWeb(each.Address)) content.Favorites.push_back({each.Title, each.Address});
     }
     return content;
 }

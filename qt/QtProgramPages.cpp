@@ -1,6 +1,7 @@
 // The engine, its pages and the bars around them, and what they do in the program.
 #include "qt/QtProgramParts.h"
 
+#include "mainwindow/HomePages.h"
 #include "mainwindow/StartPage.h"
 #include "qt/QtBrowserView.h"
 #include "qt/QtBuildInfo.h"
@@ -8,8 +9,24 @@
 #include "qt/QtPalette.h"
 #include "settings/InternetSettings.h"
 
+#include <chrono>
+
+namespace {
+constexpr std::chrono::milliseconds kHomePageDelay{150};
+} // namespace
+
 void QtProgram::WireStartPage() {
+    // A file that is saved changes its folder more than once.
+    m->homePages.setSingleShot(true);
+    m->homePages.setInterval(kHomePageDelay);
+    m->homePages.callOnTimeout([this] {
+        const auto shown = HomePages::Refresh(m->main.pcPage, m->main.Browser);
+        if (shown == HomePages::Shown::Later) m->homePages.start();
+    });
+    m->main.Menus.FoldersChanged = [this] { m->homePages.start(); };
     m->engine.StartPage = [this] {
+        // Before they are read, so that no change falls in between.
+        m->main.Menus.WatchFolders();
         StartContent content = StartPage::Read(m->main.Platform.groupFolder, m->main.Platform.favoritesFolder);
         content.Dark = QtPalette::IsDark(m->window.palette());
         content.Notice = QtBuildInfo::EngineNotice();

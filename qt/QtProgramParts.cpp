@@ -129,6 +129,7 @@ CommandHost QtProgram::Parts::Operations() {
     host.ShowTabList = [this] { program.ListTabs(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); };
     host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
     host.Customize = [this] { customize.Open(); };
+    host.ShowRenameGroup = [this](frmRenameGroup& form) { ShowModal(form, &window); };
     host.ToggleDevTools = [this] { devTools.Toggle(engine.FrontPage()); };
     // A middle click means the same.
     host.ShiftHeld = [this] {

@@ -31,6 +31,7 @@
 #include "qt/QtNotifications.h"
 #include "qt/QtPageBars.h"
 #include "qt/QtProgram.h"
+#include "qt/QtRenameGroup.h"
 #include "qt/QtRequests.h"
 #include "qt/QtScreenFit.h"
 #include "qt/QtSessionFiles.h"
@@ -131,5 +132,5 @@ struct QtProgram::Parts {
     QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
     QtTaskView taskView{main.TaskView, window};
     QtPageBars bars;
-    QTimer journal, retry, sleep, giveBack;
+    QTimer journal, retry, sleep, giveBack, homePages;
 };

@@ -1,5 +1,6 @@
 #include "tests/Desk.h"
 
+#include "commands/frmRenameGroup.h"
 #include "settings/frmInternetOptions.h"
 
 #include <vector>
@@ -46,6 +47,10 @@ Desk::Desk(FakeSettings* shared)
             .programPath = u"/programs/tessaview",
             .groupFolder = u"/groups/",
             .favoritesFolder = u"/favorites",
+            .commands = {.ShowRenameGroup =
+                             [this](frmRenameGroup& form) {
+                                 if (inRenameGroup) inRenameGroup(form);
+                             }},
             .showSessions =
                 [this](frmSessions& form) {
                     if (inSessions) inSessions(form);

@@ -80,6 +80,7 @@ public:
     std::function<void(frmInternetOptions&)> inInternetOptions; ///< what the user does in the Internet Options
     std::function<void(frmAddFavorite&)> inAddFavorite;
     std::function<void(frmOrganizeFavorites&)> inOrganizeFavorites;
+    std::function<void(frmRenameGroup&)> inRenameGroup;
     frmMain main;
 
 private:

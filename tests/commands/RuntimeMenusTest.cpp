@@ -1,5 +1,6 @@
 #include "commands/RuntimeMenus.h"
 
+#include "commands/frmRenameGroup.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -205,7 +206,7 @@ TEST_F(RuntimeMenusTest, ALinkPopsUpToOpenInANewTab) {
 TEST_F(RuntimeMenusTest, AGroupPopsUpToBeOpenedOrOrganized) {
     Group("g");
     Opened(u"bndTessaGroupsMenu");
-    EXPECT_EQ(PopupOf(Entry(u"bndTessaGroupsMenu", 3)), "xtrGroupOpen xtrGroupOrganize xtrGroupDelete");
+    EXPECT_EQ(PopupOf(Entry(u"bndTessaGroupsMenu", 3)), "xtrGroupOpen xtrGroupOrganize xtrGroupRename xtrGroupDelete");
     m_desk.Click(u"xtrGroupOpen");
     EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://1/");
     Text edited;
@@ -225,8 +226,38 @@ TEST_F(RuntimeMenusTest, AGroupGoesToTheTrashOnceTheUserAgrees) {
     m_desk.Click(u"xtrGroupDelete");
     EXPECT_EQ(m_desk.messages.asked.back(), u"Move the TessaGroup \"a\" to the trash?");
     EXPECT_EQ(m_desk.messages.asked.size(), 2U);
-    EXPECT_EQ(m_desk.Status(), "The TessaGroup has been deleted.");
+    EXPECT_EQ(m_desk.messages.Buttons(), "&Keep It|&Move to Trash");
+    EXPECT_EQ(m_desk.Status(), "The TessaGroup a is in the trash.");
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150002 b");
+}
+
+TEST_F(RuntimeMenusTest, AGroupGetsAnotherNameFromItsPopup) {
+    for (const char* name : {"a", "b"}) Group(name);
+    Opened(u"bndTessaGroupsMenu");
+    PopupOf(Entry(u"bndTessaGroupsMenu", 3));
+    m_desk.inRenameGroup = [](frmRenameGroup& form) { form.cmdCancel.Click(); };
+    m_desk.Click(u"xtrGroupRename");
+    EXPECT_EQ(m_desk.Status(), "");
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150000 a, 150001 b") << "cancelled";
+    m_desk.inRenameGroup = [](frmRenameGroup& form) {
+        form.txtName.Value = u"c";
+        form.cmdOK.Click();
+    };
+    m_desk.Click(u"xtrGroupRename");
+    EXPECT_EQ(m_desk.Status(), "The TessaGroup a is now called c.");
+    EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150002 b, 150003 c");
+}
+
+TEST_F(RuntimeMenusTest, TheFoldersAreWatchedForOthersToo) {
+    int changes = 0;
+    m_desk.main.Menus.FoldersChanged = [&] { ++changes; };
+    m_desk.main.Menus.WatchFolders();
+    EXPECT_TRUE(m_desk.folderWatch.watched.contains(m_desk.main.Commands.groupFolder));
+    EXPECT_TRUE(m_desk.folderWatch.watched.contains(m_desk.main.Commands.favoritesFolder));
+    m_desk.main.Commands.groupsMenuStale = false;
+    m_desk.folderWatch.Changed(m_desk.main.Commands.groupFolder);
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(m_desk.main.Commands.groupsMenuStale);
 }
 
 TEST_F(RuntimeMenusTest, WithoutATrashAGroupIsDeletedForGoodOnceTheUserAgreesToThat) {
@@ -238,13 +269,13 @@ TEST_F(RuntimeMenusTest, WithoutATrashAGroupIsDeletedForGoodOnceTheUserAgreesToT
         if (m_desk.messages.asked.size() == 2) m_desk.messages.answer = Answer::No;
     };
     m_desk.Click(u"xtrGroupDelete");
-    EXPECT_EQ(m_desk.Status(), "The TessaGroup was not deleted.");
+    EXPECT_EQ(m_desk.Status(), "The TessaGroup a was not deleted.");
     EXPECT_EQ(m_groups.Files(), 1U);
     m_desk.messages.answer = Answer::Yes;
     m_desk.Click(u"xtrGroupDelete");
     EXPECT_EQ(m_desk.messages.asked.back(),
               u"The TessaGroup cannot be moved to the trash\nDeleted, it cannot be brought back.");
-    EXPECT_EQ(m_desk.Status(), "The TessaGroup has been deleted.");
+    EXPECT_EQ(m_desk.Status(), "The TessaGroup a has been deleted.");
     EXPECT_EQ(m_groups.Files(), 0U);
 }
 

@@ -108,6 +108,31 @@ class GroupsFlow(unittest.TestCase):
             program.menu_of("News", "o")
             program.wait_strip(["about:blank", "One", "[Two]"])
 
+    def test_a_group_is_renamed_from_its_entry_and_the_home_page_follows_at_once(self):
+        desk.write_group(self.group_of("News"), [self.pages.address("One"), self.pages.address("Two")])
+        with self.start("tessaview:start") as program:
+            program.wait_strip(["[TessaView]"])
+            program.find("heading", "TessaGroups")
+
+            def card(name):
+                return any(node.getRoleName() == "link" and node.name.startswith(name)
+                           for node in desk.walk(program.application()))
+
+            desk.wait_until(lambda: card("News"), what="the home page does not show the group")
+            program.keys("alt+t")
+            program.menu_of("News", "n")
+            program.find("dialog", "Rename TessaGroup")
+            desk.xdotool("type", "World")
+            desk.xdotool("key", "Return")
+            words = "The TessaGroup News is now called World."
+            desk.wait_until(lambda: program.status() == words, what=program.status)
+            self.assertTrue(os.path.exists(self.group_of("World")))
+            self.assertFalse(os.path.exists(self.group_of("News")))
+            desk.wait_until(lambda: card("World") and not card("News"), what="the home page is as before")
+            # By another program.
+            desk.write_group(self.group_of("Other"), [self.pages.address("One")])
+            desk.wait_until(lambda: card("Other"), what="the home page does not show the new group")
+
     def test_a_group_whose_name_is_no_text_is_found_by_its_bytes(self):
         group = os.fsencode(self.group_of("caf")).replace(b"caf.", b"caf\xe9.")
         desk.write_group(group, [self.pages.address("One"), self.pages.address("Two")])

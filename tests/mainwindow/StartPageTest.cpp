@@ -32,6 +32,33 @@ TEST(StartPage, ACardShowsNameCountAndFirstSites) {
     EXPECT_TRUE(Has(PageWith(u"News", {}), "<small>0 pages</small>"));
 }
 
+TEST(StartPage, ACardOfManyPagesSaysHowManyMoreThereAre) {
+    std::vector<Text> addresses;
+    for (int i = 0; i < 60; ++i) addresses.push_back(u"https://" + Decimal(i) + u".example/");
+    EXPECT_TRUE(Has(PageWith(u"News", addresses), "<small>and 56 more</small>"));
+    addresses.resize(4);
+    EXPECT_FALSE(Has(PageWith(u"News", addresses), " more</small>"));
+    addresses.resize(2);
+    EXPECT_FALSE(Has(PageWith(u"News", addresses), " more</small>"));
+}
+
+TEST(StartPage, PagesOfOneSiteAreToldApartByTheirPaths) {
+    const std::string page =
+        PageWith(u"News", {u"https://www.one.example/world/?a#b", u"https://user@one.example/home/",
+                           u"https://two.example/x", u"https://one.example"});
+    for (const char* each : {"one.example/world/?a#b", "one.example/home", "two.example", "one.example"})
+        EXPECT_TRUE(Has(page, std::string("<bdi>") + each + "</bdi>")) << each;
+    EXPECT_FALSE(Has(page, "user"));
+}
+
+TEST(StartPage, APageOfASiteWithMoreBehindTheFirstFourIsToldByItsPathToo) {
+    const std::string page =
+        PageWith(u"News", {u"https://a/1", u"https://b/1", u"https://c/1", u"https://d/1", u"https://a/2"});
+    EXPECT_TRUE(Has(page, "<bdi>a/1</bdi>"));
+    EXPECT_TRUE(Has(PageWith(u"News", {u"file:///a", u"file:///a"}), "<bdi>file:///a</bdi>"));
+    EXPECT_TRUE(Has(page, "<bdi>b</bdi>"));
+}
+
 TEST(StartPage, NamesAndAddressesAreTextWhateverTheyHold) {
     const Text hostile = u"\"><script>alert('1')</script>&amp;\n\u202Eevil";
     const std::string page = StartPage::Html(
@@ -114,6 +141,16 @@ TEST(StartPage, ReadsTheGroupsAndTheFavoritesOfTheWeb) {
     EXPECT_EQ(content.Groups[1].Addresses, (std::vector<Text>{u"http://one/", u"http://two/"}));
     ASSERT_EQ(content.Favorites.size(), 1u);
     EXPECT_EQ(content.Favorites[0].Title, u"Garden");
+}
+
+TEST(StartPage, FavoritesStandByTheirTitles) {
+    const TemporaryFolder folder;
+    for (const char* name : {"a (2)", "a", "b"})
+        folder.Write(std::string(name) + ".url", "[InternetShortcut]\nURL=https://a.example/\n");
+    std::string titles;
+    for (const StartLink& each : StartPage::Read(folder.PathText(""), folder.PathText(".")).Favorites)
+        titles += ToUtf8(each.Title) + ";";
+    EXPECT_EQ(titles, "a;a (2);b;");
 }
 
 TEST(StartPage, ManyGroupsAreNotAllShown) {
