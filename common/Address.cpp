@@ -11,6 +11,11 @@ constexpr TextView kSourcePrefix = u"view-source:";
 
 char16_t SmallLetter(char16_t unit) { return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 0x20) : unit; }
 
+bool IsBlank(char16_t unit) {
+    return unit <= 0x20 || (unit >= 0x7F && unit <= 0xA0) || unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200A) ||
+           unit == 0x2028 || unit == 0x2029 || unit == 0x202F || unit == 0x205F || unit == 0x3000;
+}
+
 bool BeginsLike(TextView text, TextView beginning) {
     return text.size() >= beginning.size() &&
            std::ranges::equal(text.substr(0, beginning.size()), beginning, {}, SmallLetter);
@@ -18,8 +23,7 @@ bool BeginsLike(TextView text, TextView beginning) {
 
 /// User, host and port of a web address, as a part of the text given.
 TextView AuthorityIn(TextView address) {
-    const auto begin = std::ranges::find_if(address, [](char16_t unit) { return unit > u' '; });
-    TextView rest = address.substr(static_cast<std::size_t>(begin - address.begin()));
+    TextView rest = Address::Trimmed(address);
     while (BeginsLike(rest, kSourcePrefix)) rest.remove_prefix(kSourcePrefix.size());
     const std::size_t colon = rest.find(u':');
     const bool leadsToHost = colon != TextView::npos && std::ranges::any_of(kHostSchemes, [&](TextView scheme) {
@@ -35,6 +39,12 @@ TextView AuthorityIn(TextView address) {
 } // namespace
 
 namespace Address {
+
+TextView Trimmed(TextView text) {
+    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
 
 Text InSmallLetters(TextView text) {
     Text small(text);

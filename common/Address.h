@@ -11,6 +11,10 @@ inline constexpr TextView kBlank = u"about:blank";
 /// What a new private tab says of itself.
 inline constexpr TextView kPrivate = u"tessaview:private";
 
+/// The text without the blanks and control characters around it, those of every script: they lead nowhere, and must not
+/// hide a scheme from one who looks while another who opens it sees the scheme.
+[[nodiscard]] TextView Trimmed(TextView text);
+
 /// The text with small letters for the capital ones that a scheme may have; others have no case there.
 [[nodiscard]] Text InSmallLetters(TextView text);
 

@@ -59,11 +59,8 @@ constexpr std::array kSchemeTable{
 constexpr TextView kShowsSource = u"view-source:";
 constexpr TextView kAbout = u"about";
 
-bool IsLeadingBlank(char16_t unit) { return unit <= 0x20 || unit == 0x7F || unit == 0xA0; }
-
 Text BareAddress(TextView address) {
-    const auto first = std::ranges::find_if_not(address, IsLeadingBlank);
-    Text bare = Address::InSmallLetters(address.substr(static_cast<std::size_t>(first - address.begin())));
+    Text bare = Address::InSmallLetters(Address::Trimmed(address));
     std::erase_if(bare, [](char16_t unit) { return unit < 0x20; });
     return bare;
 }
@@ -87,11 +84,15 @@ bool LooksLikePath(TextView text) {
 LinkKind KindOfLink(TextView address) {
     const Text bare = BareAddress(address);
     TextView rest = bare;
-    while (rest.starts_with(kShowsSource)) rest.remove_prefix(kShowsSource.size());
+    while (rest.starts_with(kShowsSource)) rest = Address::Trimmed(rest.substr(kShowsSource.size()));
     if (LooksLikePath(rest)) return LinkKind::Computer;
-    const std::size_t colon = rest.find(u':');
+    const std::size_t colon = rest.find_first_of(u":/?#");
     const TextView scheme = rest.substr(0, colon);
-    if (colon == TextView::npos || scheme.empty() || !std::ranges::all_of(scheme, IsSchemeUnit)) return LinkKind::Web;
+    if (colon == TextView::npos || scheme.empty() || rest[colon] != u':') return LinkKind::Web;
+    // Whoever opens it may know a blank, or a letter, that is none here.
+    const bool foreign = std::ranges::any_of(scheme, [](char16_t unit) { return unit > 0x7F; });
+    if (foreign) return IsPort(rest.substr(colon + 1)) ? LinkKind::Web : LinkKind::Other;
+    if (!std::ranges::all_of(scheme, IsSchemeUnit)) return LinkKind::Web;
     // Others of that scheme reach into the engine.
     if (scheme == kAbout) {
         const TextView place = rest.substr(0, rest.find_first_of(u"?#"));

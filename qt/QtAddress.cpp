@@ -1,6 +1,7 @@
 #include "qt/QtAddress.h"
 
 #include "commands/Endpoints.h"
+#include "common/Address.h"
 #include "qt/QtMail.h"
 #include "qt/QtText.h"
 
@@ -54,7 +55,8 @@ Text QtAddress::Shown(const QUrl& url) {
 }
 
 QtAddress QtAddress::FromTyped(TextView typed) {
-    const QString text = ToQt(typed).trimmed();
+    // As who looks whether an address may open reads it.
+    const QString text = ToQt(Address::Trimmed(typed));
     if (text.isEmpty() || text.startsWith(u"javascript:", Qt::CaseInsensitive)) return {Blank(), {}};
     if (const auto words = WithWords(ToQt(typed))) return {*words, {}};
     if (QtMail::IsMail(text)) return {QtMail::AddressOf(text), {}};

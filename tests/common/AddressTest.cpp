@@ -25,6 +25,7 @@ constexpr std::array kHostRows{
     HostRow{u"http:\\\\user@a.example\\b@c", u"a.example", u"http:\\\\a.example\\b@c"},
     HostRow{u"http:////user@a.example/", u"a.example", u"http:////a.example/"},
     HostRow{u"  http://user@a.example/", u"a.example", u"  http://a.example/"},
+    HostRow{u"\u3000http://user@a.example/", u"a.example", u"\u3000http://a.example/"},
     HostRow{u"ftp://user@a.example/", u"a.example", u"ftp://a.example/"},
     HostRow{u"view-source:https://user@a.example/", u"a.example", u"view-source:https://a.example/"},
     HostRow{u"http://user@[::1]:80/", u"[::1]", u"http://[::1]:80/"},
@@ -52,6 +53,13 @@ TEST(Address, FindsTheHostAndDropsTheUser) {
 TEST(Address, GivesTheHostAsAPartOfTheText) {
     const TextView address = u"https://u@a.example/";
     EXPECT_EQ(Address::HostIn(address).data(), address.data() + 10);
+}
+
+TEST(Address, BlanksAroundItAreNoneOfIt) {
+    EXPECT_EQ(Address::Trimmed(u"\u0001 \t\u0085\u00A0\u3000a \u2003b\u2028\r\n"), u"a \u2003b");
+    EXPECT_EQ(Address::Trimmed(u" \u3000"), u"");
+    EXPECT_EQ(Address::Trimmed(u""), u"");
+    EXPECT_EQ(Address::Trimmed(u"\u200Ba\uFEFF"), u"\u200Ba\uFEFF");
 }
 
 TEST(Address, OnlyTheLettersOfASchemeBecomeSmall) {

@@ -36,10 +36,19 @@ constexpr std::array kExpected{
     Expected{u"Downloads/evil.html", "+++++"}, // a host or words: no file is looked for
     Expected{u"view-source:http://a/", "+++++"},
     Expected{u":x", "+++++"},
+    Expected{u"m\u00FCnchen.example", "+++++"},
+    Expected{u"m\u00FCnchen.example:8080/x", "+++++"},
+    Expected{u"m\u00FCnchen.example/wiki/a:b", "+++++"},
+    Expected{u"\u3000https://a/", "+++++"},
     Expected{u"", "+++++"},
     // This computer.
     Expected{u"file:///etc/passwd", "???++"},
     Expected{u" FILE:///x", "???++"},
+    Expected{u"\u3000file:///etc/passwd", "???++"},
+    Expected{u"\u0085\u1680\u2000\u200A\u2028\u2029\u202F\u205Ffile:///x", "???++"},
+    Expected{u"\u2003/etc/passwd", "???++"},
+    Expected{u"view-source:\u3000file:///x", "???++"},
+    Expected{u"view-source: file:///x", "???++"},
     Expected{u"/etc/passwd", "???++"},
     Expected{u"\\\\server\\x", "???++"},
     Expected{u"~/x", "???++"},
@@ -49,6 +58,7 @@ constexpr std::array kExpected{
     Expected{u"mailto:a@b", "-+--+"},
     Expected{u"MAILTO:a@b?attach=/x", "-+--+"},
     Expected{u"\tmail\tto:a@b", "-+--+"},
+    Expected{u"\u3000mailto:x?attach=/x", "-+--+"},
     // The program's own pages.
     Expected{u"tessaview:start", "+??++"},
     // Other programs, and documents in themselves.
@@ -56,6 +66,10 @@ constexpr std::array kExpected{
     Expected{u"data:text/html,x", "+??++"},
     Expected{u"tel:1-2", "???++"},
     Expected{u"blob:x", "???++"},
+    // No scheme has such letters, but who opens it may not see them.
+    Expected{u"\u200Bfile:///x", "???++"},
+    Expected{u"\uFEFFjavascript:x", "???++"},
+    Expected{u"f\u0131le:///x", "???++"},
     // The engine's inside.
     Expected{u"chrome://kill", "-----"},
     Expected{u" CHROME://kill", "-----"},
