@@ -1,6 +1,7 @@
 #include "common/LinkTrust.h"
 
 #include "common/Address.h"
+#include "common/Schemes.h"
 
 #include <algorithm>
 #include <array>
@@ -8,10 +9,8 @@
 
 namespace {
 
-enum class LinkKind { Web, Computer, Mail, Own, Document, Other, Forbidden };
-
 struct TrustRow {
-    LinkKind kind;
+    SchemeKind kind;
     LinkTrust group, favorite, folder, session, handOver;
 };
 
@@ -19,45 +18,18 @@ struct TrustRow {
 constexpr auto kOpen = LinkTrust::Open, kAsk = LinkTrust::Ask, kNever = LinkTrust::Never;
 constexpr std::array kTrustTable{
     //               kind  group  favorite  folder  session  handOver
-    TrustRow{LinkKind::Web, kOpen, kOpen, kOpen, kOpen, kOpen},
-    TrustRow{LinkKind::Computer, kAsk, kAsk, kAsk, kOpen, kOpen},
-    TrustRow{LinkKind::Mail, kNever, kOpen, kNever, kNever, kOpen},
-    TrustRow{LinkKind::Own, kOpen, kAsk, kAsk, kOpen, kOpen},
+    TrustRow{SchemeKind::Web, kOpen, kOpen, kOpen, kOpen, kOpen},
+    TrustRow{SchemeKind::Computer, kAsk, kAsk, kAsk, kOpen, kOpen},
+    TrustRow{SchemeKind::Mail, kNever, kOpen, kNever, kNever, kOpen},
+    TrustRow{SchemeKind::Own, kOpen, kAsk, kAsk, kOpen, kOpen},
     // A page that is its own address is of nobody, and reaches nothing: in a group it is like one of the web.
-    TrustRow{LinkKind::Document, kOpen, kAsk, kAsk, kOpen, kOpen},
-    TrustRow{LinkKind::Other, kAsk, kAsk, kAsk, kOpen, kOpen},
-    TrustRow{LinkKind::Forbidden, kNever, kNever, kNever, kNever, kNever},
-};
-
-struct SchemeRow {
-    TextView scheme;
-    LinkKind kind;
-};
-
-// What is in none of these rows is for another program.
-constexpr std::array kSchemeTable{
-    SchemeRow{u"http", LinkKind::Web},
-    SchemeRow{u"https", LinkKind::Web},
-    SchemeRow{u"ftp", LinkKind::Web},
-    SchemeRow{u"file", LinkKind::Computer},
-    SchemeRow{u"mailto", LinkKind::Mail},
-    SchemeRow{u"tessaview", LinkKind::Own},
-    SchemeRow{u"data", LinkKind::Document},
-    SchemeRow{u"javascript", LinkKind::Forbidden},
-    SchemeRow{u"vbscript", LinkKind::Forbidden},
-    SchemeRow{u"livescript", LinkKind::Forbidden},
-    SchemeRow{u"mocha", LinkKind::Forbidden},
-    SchemeRow{u"chrome", LinkKind::Forbidden},
-    SchemeRow{u"chrome-error", LinkKind::Forbidden},
-    SchemeRow{u"chrome-untrusted", LinkKind::Forbidden},
-    SchemeRow{u"chrome-devtools", LinkKind::Forbidden},
-    SchemeRow{u"devtools", LinkKind::Forbidden},
-    SchemeRow{u"qrc", LinkKind::Forbidden},
-    SchemeRow{u"tessaview-ask", LinkKind::Forbidden},
+    TrustRow{SchemeKind::Document, kOpen, kAsk, kAsk, kOpen, kOpen},
+    TrustRow{SchemeKind::OfPage, kAsk, kAsk, kAsk, kOpen, kOpen},
+    TrustRow{SchemeKind::Other, kAsk, kAsk, kAsk, kOpen, kOpen},
+    // What is in none of these rows never opens.
 };
 
 constexpr TextView kShowsSource = u"view-source:";
-constexpr TextView kAbout = u"about";
 
 Text BareAddress(TextView address) {
     Text bare = Address::InSmallLetters(Address::Trimmed(address));
@@ -81,33 +53,30 @@ bool LooksLikePath(TextView text) {
     return text.starts_with(u'/') || text.starts_with(u'\\') || text.starts_with(u'~') || text.starts_with(u'.');
 }
 
-LinkKind KindOfLink(TextView address) {
+SchemeKind KindOfLink(TextView address) {
     const Text bare = BareAddress(address);
     TextView rest = bare;
     while (rest.starts_with(kShowsSource)) rest = Address::Trimmed(rest.substr(kShowsSource.size()));
-    if (LooksLikePath(rest)) return LinkKind::Computer;
+    if (LooksLikePath(rest)) return SchemeKind::Computer;
     const std::size_t colon = rest.find_first_of(u":/?#");
     const TextView scheme = rest.substr(0, colon);
-    if (colon == TextView::npos || scheme.empty() || rest[colon] != u':') return LinkKind::Web;
+    if (colon == TextView::npos || scheme.empty() || rest[colon] != u':') return SchemeKind::Web;
     // Whoever opens it may know a blank, or a letter, that is none here.
     const bool foreign = std::ranges::any_of(scheme, [](char16_t unit) { return unit > 0x7F; });
-    if (foreign) return IsPort(rest.substr(colon + 1)) ? LinkKind::Web : LinkKind::Other;
-    if (!std::ranges::all_of(scheme, IsSchemeUnit)) return LinkKind::Web;
+    if (foreign) return IsPort(rest.substr(colon + 1)) ? SchemeKind::Web : SchemeKind::Other;
+    if (!std::ranges::all_of(scheme, IsSchemeUnit)) return SchemeKind::Web;
     // Others of that scheme reach into the engine.
-    if (scheme == kAbout) {
-        const TextView place = rest.substr(0, rest.find_first_of(u"?#"));
-        return place == Address::kBlank ? LinkKind::Web : LinkKind::Forbidden;
-    }
-    const auto* row = std::ranges::find(kSchemeTable, scheme, &SchemeRow::scheme);
-    if (row != kSchemeTable.end()) return row->kind;
-    return IsPort(rest.substr(colon + 1)) ? LinkKind::Web : LinkKind::Other;
+    if (rest.substr(0, rest.find_first_of(u"?#")) == Address::kBlank) return SchemeKind::Web;
+    const SchemeKind kind = KindOfScheme(scheme);
+    return kind == SchemeKind::Other && IsPort(rest.substr(colon + 1)) ? SchemeKind::Web : kind;
 }
 
 } // namespace
 
 LinkTrust TrustOf(TextView address, LinkSource source) {
-    const LinkKind kind = KindOfLink(address);
+    const SchemeKind kind = KindOfLink(address);
     const auto* row = std::ranges::find(kTrustTable, kind, &TrustRow::kind);
+    if (row == kTrustTable.end()) return LinkTrust::Never;
     switch (source) {
     case LinkSource::Group:
         return row->group;

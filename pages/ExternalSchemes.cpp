@@ -1,25 +1,11 @@
 #include "pages/ExternalSchemes.h"
 
-#include <algorithm>
-#include <array>
-
-namespace {
-
-// What the engine, or the program itself, answers for.
-constexpr std::array kOwn{
-    TextView(u"http"),         TextView(u"https"),       TextView(u"file"),
-    TextView(u"data"),         TextView(u"blob"),        TextView(u"about"),
-    TextView(u"javascript"),   TextView(u"view-source"), TextView(u"filesystem"),
-    TextView(u"ws"),           TextView(u"wss"),         TextView(u"chrome"),
-    TextView(u"chrome-error"), TextView(u"devtools"),    TextView(u"chrome-devtools"),
-    TextView(u"qrc"),          TextView(u"tessaview"),   TextView(u"tessaview-ask"),
-    TextView(u"mailto"),
-};
-
-} // namespace
+#include "common/Schemes.h"
 
 bool ExternalSchemes::IsExternal(TextView scheme) {
-    return !scheme.empty() && std::ranges::find(kOwn, scheme) == kOwn.end();
+    if (scheme.empty()) return false;
+    const SchemeKind kind = KindOfScheme(scheme);
+    return kind == SchemeKind::Other || kind == SchemeKind::OldScript;
 }
 
 ExternalRule ExternalSchemes::RuleFor(TextView scheme, TextView site) const {

@@ -1,14 +1,9 @@
 #include "pages/UnshownAddresses.h"
 
 #include "common/Address.h"
-
-#include <algorithm>
-#include <array>
+#include "common/Schemes.h"
 
 namespace {
-
-// With these the engine and the program speak to each other.
-constexpr std::array kInnerSchemes{TextView(u"chrome-error"), TextView(u"chrome-devtools"), TextView(u"tessaview-ask")};
 
 bool NamesNoHost(TextView rest) { return rest.find_first_not_of(u'/') == TextView::npos; }
 
@@ -23,11 +18,10 @@ Text WhyNot(TextView address) {
     const TextView rest = address.substr(colon + 1);
     if (scheme.size() == 1)
         return u"There are no drives with letters on this computer. The path of a file begins with \"/\".";
-    if (scheme == u"about" && rest.substr(0, rest.find_first_of(u"?#")) != u"blank")
+    if (KindOfScheme(scheme) == SchemeKind::About && rest.substr(0, rest.find_first_of(u"?#")) != u"blank")
         return u"TessaView has no page of that name.";
-    if ((scheme == u"http" || scheme == u"https") && NamesNoHost(rest)) return u"The address names no host.";
-    if (std::ranges::find(kInnerSchemes, TextView(scheme)) != kInnerSchemes.end())
-        return u"Such addresses are used inside the program only.";
+    if (KindOfScheme(scheme) == SchemeKind::Web && NamesNoHost(rest)) return u"The address names no host.";
+    if (KindOfScheme(scheme) == SchemeKind::Inner) return u"Such addresses are used inside the program only.";
     return {};
 }
 

@@ -26,7 +26,6 @@ constexpr std::array kExpected{
     // The web, and words.
     Expected{u"http://a/", "+++++"},
     Expected{u"HTTPS://a/?x=javascript:", "+++++"},
-    Expected{u"ftp://a/", "+++++"},
     Expected{u"about:blank", "+++++"},
     Expected{u"About:Blank#x", "+++++"},
     Expected{u"www.a.example", "+++++"},
@@ -65,6 +64,7 @@ constexpr std::array kExpected{
     Expected{u"C:\\x.exe", "???++"},
     Expected{u"data:text/html,x", "+??++"},
     Expected{u"tel:1-2", "???++"},
+    Expected{u"ftp://a/", "???++"},
     Expected{u"blob:x", "???++"},
     // No scheme has such letters, but who opens it may not see them.
     Expected{u"\u200Bfile:///x", "???++"},

@@ -6,7 +6,7 @@ namespace {
 
 TEST(ExternalSchemes, WhatTheEngineShowsAndMailAreNotExternal) {
     for (const TextView own : {u"http", u"https", u"file", u"data", u"blob", u"about", u"javascript", u"view-source",
-                               u"tessaview", u"mailto", u""})
+                               u"tessaview", u"mailto", u"chrome-untrusted", u""})
         EXPECT_FALSE(ExternalSchemes::IsExternal(own)) << ToUtf8(own);
     for (const TextView other : {u"tel", u"ftp", u"magnet", u"zoommtg", u"x-foo.bar+1", u"httpx"})
         EXPECT_TRUE(ExternalSchemes::IsExternal(other)) << ToUtf8(other);
