@@ -206,6 +206,8 @@ void TabSet::UpdateSound(std::int32_t Index) {
 }
 
 void TabSet::CloseBrowserTab(std::int32_t Index) {
+    // Its page is asked with the window, which may yet stay.
+    if (m_pcPage.Count() == 1) return CloseUnasked(Index);
     Leaving.WhenLeft(Index, [this, Index] { CloseUnasked(Index); });
 }
 

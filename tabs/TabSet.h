@@ -48,8 +48,8 @@ public:
     [[nodiscard]] Text AddressOf(const Tab& tab) const;
     /// Shows on the tab what is to be heard of the view's page.
     void UpdateSound(std::int32_t Index);
-    /// Closes the tab of view `Index`, once its page lets its user go; asks first when it is the only one, because that
-    /// ends the program.
+    /// Closes the tab of view `Index`, once its page lets its user go. When it is the only one, the user alone is
+    /// asked, because that ends the program; the page is asked when the window closes.
     void CloseBrowserTab(std::int32_t Index);
     /// The same without asking the page.
     void CloseUnasked(std::int32_t Index);

@@ -63,13 +63,27 @@ TEST_F(PageLeavingTest, IsAskedOnceHoweverOftenItIsClosed) {
     EXPECT_EQ(desk.views.Calls(2), "asked, asks user");
 }
 
-TEST_F(PageLeavingTest, TheLastTabIsAskedAboutBehindItsPage) {
+TEST_F(PageLeavingTest, TheLastTabThatStaysHasNotBeenAsked) {
     desk.StartWithTabs(1);
     Hold(1);
+    desk.views.Calls(1);
     desk.main.CloseBrowserTab(1);
-    EXPECT_TRUE(desk.messages.asked.empty());
-    AnswerOver(1, true);
     EXPECT_EQ(desk.messages.asked.size(), 1U);
+    EXPECT_TRUE(desk.messages.own.empty());
+    EXPECT_EQ(desk.views.Calls(1), "stop") << "a page that was asked for good may have taken its leave";
+}
+
+TEST_F(PageLeavingTest, ThePageOfTheLastTabIsAskedAboutBehindItsTab) {
+    desk.StartWithTabs(1);
+    Hold(1);
+    desk.messages.answer = Answer::Yes;
+    desk.views.Calls(1);
+    desk.main.CloseBrowserTab(1);
+    ASSERT_EQ(desk.messages.asked.size(), 2U);
+    EXPECT_EQ(desk.messages.asked[0], u"Do you want to close the last browser tab and exit this application?");
+    ASSERT_EQ(desk.messages.own.size(), 1U);
+    EXPECT_EQ(desk.messages.own[0].Heading, u"A page holds unsent text");
+    EXPECT_FALSE(desk.views.Has(1));
 }
 
 TEST_F(PageLeavingTest, APageThatClosesItselfIsNotAsked) {
