@@ -223,7 +223,6 @@ void TabSet::CloseUnasked(std::int32_t Index) {
 
 void TabSet::CloseOneOfSeveral(std::int32_t Index) {
     if (Closing) Closing(Index);
-    Leaving.Forget(Index);
     if (Index != 1) {
         m_browser.Unload(Index);
     } else if (auto* view = m_browser.Find(1)) {
@@ -237,6 +236,13 @@ void TabSet::CloseOneOfSeveral(std::int32_t Index) {
     m_pcPage.Remove(closing);
     if (background) m_pcPage.Select(m_pcPage.Find(keptKey));
     pcPage_Click();
+    m_gone.push_back(Index);
+    if (!m_closingSeveral) ForgetGone();
+}
+
+// Last: who waits for these pages may ask the user, or close the window.
+void TabSet::ForgetGone() {
+    for (const std::int32_t index : std::exchange(m_gone, {})) Leaving.Forget(index);
 }
 
 void TabSet::CloseSelectedTab() {
@@ -259,8 +265,13 @@ void TabSet::CloseOtherTabs() {
 }
 
 void TabSet::AsOneCommand(const std::function<void()>& close) {
-    if (ClosingSeveral) return ClosingSeveral(close);
-    close();
+    m_closingSeveral = true;
+    if (ClosingSeveral)
+        ClosingSeveral(close);
+    else
+        close();
+    m_closingSeveral = false;
+    ForgetGone();
 }
 
 void TabSet::BlankTab(std::int32_t Index) {

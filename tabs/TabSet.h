@@ -125,10 +125,13 @@ private:
     void CloseOneOfSeveral(std::int32_t Index);
     void BlankTab(std::int32_t Index);
     void AsOneCommand(const std::function<void()>& close);
+    void ForgetGone();
 
     TabStrip& m_pcPage;
     ViewArray& m_browser;
     CommandBar& m_actBar;
     StatusBar& m_sbStatus;
     MessageBoxes& m_messages;
+    std::vector<std::int32_t> m_gone; ///< views of closed tabs whose pages somebody may still wait for
+    bool m_closingSeveral = false;
 };

@@ -1,3 +1,4 @@
+#include "settings/SettingsStore.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -168,6 +169,29 @@ TEST_F(PageLeavingTest, ATabThatGoesMeanwhileHoldsNobody) {
     desk.Click(u"mnuExit");
     desk.main.Events.WindowClosing(2);
     EXPECT_FALSE(desk.views.Has(1));
+}
+
+TEST_F(PageLeavingTest, ATabWhoseEndClosesTheWindowIsNoneOfTheLastSites) {
+    desk.StartWithTabs(3);
+    for (const int index : {1, 2, 3}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", Decimal(index));
+    desk.views.At(2).mayHold = true;
+    desk.views.At(2).slow = true;
+    desk.Click(u"mnuExit");
+    desk.main.Events.WindowClosing(2);
+    EXPECT_FALSE(desk.views.Has(1)) << "the window has gone";
+    EXPECT_EQ(SettingsStore(desk.settings).LastSites.Get(), (std::vector<Text>{u"http://1/", u"http://3/"}));
+}
+
+TEST_F(PageLeavingTest, TabsThatCloseTogetherGoBeforeTheUserIsAsked) {
+    desk.StartWithTabs(4);
+    Hold(2);
+    desk.views.At(4).mayHold = true;
+    desk.views.At(4).slow = true;
+    desk.Click(u"mnuExit");
+    desk.views.At(4).mayHold = false;
+    desk.messages.whileOpen = [&] { EXPECT_EQ(desk.Strip(), "[1*] 2"); };
+    desk.main.Tabs.CloseTabs({4, 3});
+    EXPECT_EQ(desk.messages.own.size(), 1U);
 }
 
 TEST_F(PageLeavingTest, AWindowThatStaysForADownloadAsksItsPagesAnew) {
