@@ -46,7 +46,10 @@ bool QtLeaving::MayHold() const {
 void QtLeaving::Ask(LeaveReason why, std::function<void(bool holds)> told) {
     m_told.push_back(std::move(told));
     m_patience.start();
-    if (why == LeaveReason::ToClose) return m_page.triggerAction(QWebEnginePage::RequestClose);
+    if (why == LeaveReason::ToClose) {
+        m_closing = true;
+        return m_page.triggerAction(QWebEnginePage::RequestClose);
+    }
     const int question = ++m_question;
     m_page.runJavaScript(QString::fromLatin1(kHoldProbe), QWebEngineScript::MainWorld,
                          [self = QPointer<QtLeaving>(this), question](const QVariant& holds) {
@@ -57,6 +60,7 @@ void QtLeaving::Ask(LeaveReason why, std::function<void(bool holds)> told) {
 // Queued: the engine is in the middle of asking, and who hears the answer may ask the user.
 void QtLeaving::Tell(bool holds) {
     m_patience.stop();
+    m_closing = false;
     ++m_question;
     for (auto& told : std::exchange(m_told, {}))
         QMetaObject::invokeMethod(
@@ -65,13 +69,13 @@ void QtLeaving::Tell(bool holds) {
 
 std::optional<bool> QtLeaving::OnHold() {
     if (m_left) return true;
-    if (m_told.empty()) return std::nullopt;
+    if (!m_closing) return std::nullopt;
     Tell(true);
     return false;
 }
 
 bool QtLeaving::TakeClose() {
-    const bool asked = !m_told.empty();
+    if (!m_closing) return false;
     Tell(false);
-    return asked;
+    return true;
 }

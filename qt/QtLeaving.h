@@ -33,6 +33,7 @@ private:
     QtPage& m_page;
     std::vector<std::function<void(bool holds)>> m_told; ///< all who wait for the answer
     QTimer m_patience;
-    int m_question = 0; ///< counts them, for answers that come too late
+    int m_question = 0;     ///< counts them, for answers that come too late
+    bool m_closing = false; ///< one of those who wait asked it for good
     bool m_left = false;
 };

@@ -1,3 +1,4 @@
+#include "qt/QtPage.h"
 #include "qt/QtPageDialog.h"
 #include "tests/engine/CommandsOnPages.h"
 
@@ -102,6 +103,17 @@ TEST_F(LeavingPages, IsFoundOutWithoutAnythingHappeningToThePage) {
     EXPECT_EQ(Question(), nullptr);
     ShowAndClick(QStringLiteral("/other"), u"Other");
     EXPECT_EQ(Holders(), std::vector<std::int32_t>{2});
+}
+
+TEST_F(LeavingPages, APageThatClosesItselfWhileItIsFoundOutCloses) {
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    std::optional<std::vector<std::int32_t>> holders;
+    desk.main->Tabs.Leaving.FindHolders([&](const std::vector<std::int32_t>& found) { holders = found; });
+    EXPECT_EQ(Front().Page()->OnHold(), std::nullopt) << "what the page does itself is no answer";
+    Q_EMIT Front().Page()->windowCloseRequested();
+    EXPECT_TRUE(WaitUntil([&] { return Tabs() == 1; }));
+    EXPECT_TRUE(WaitUntil([&] { return holders.has_value(); }));
+    EXPECT_EQ(holders, std::vector<std::int32_t>());
 }
 
 TEST_F(LeavingPages, AFrameOfThePageHoldsToo) {
