@@ -14,7 +14,7 @@ constexpr TextView kExtension = u".html";
 constexpr TextView kRootGroup = u"Bookmarks";
 void Tell(CommandContext& context, std::size_t count, TextView what, TextView verb) {
     const Text number = Decimal(static_cast<std::int64_t>(count));
-    context.tabs.Tell(number + u" " + Text(what) + (count == 1 ? u" was " : u"s were ") + Text(verb) + u".");
+    context.tabs.Say(number + u" " + Text(what) + (count == 1 ? u" was " : u"s were ") + Text(verb) + u".");
 }
 
 /// The bookmarks of the file that the user chooses; nothing when there are none, or no file was chosen.
@@ -23,7 +23,7 @@ BookmarkFolder Chosen(CommandContext& context, TextView title) {
         context.files.ShowOpen({.DialogTitle = Text(title), .InitDir = {}, .Filter = Text(kFilter), .MustExist = true});
     if (path.empty()) return {};
     auto bookmarks = Bookmarks::Read(ReadWholeFile(PathToBytes(path), Bookmarks::kMostBytes).value_or(std::string()));
-    if (Bookmarks::Count(bookmarks) == 0) context.tabs.Tell(u"There are no bookmarks in that file.");
+    if (Bookmarks::Count(bookmarks) == 0) context.tabs.Say(u"There are no bookmarks in that file.");
     return bookmarks;
 }
 
@@ -58,7 +58,7 @@ bool Save(CommandContext& context, TextView title, const BookmarkFolder& bookmar
         !context.messages.AskOwn({u"A file with this name already exists", OneLine(path), u"&Cancel", u"&Replace It"}))
         return false;
     if (WriteWholeFile(PathToBytes(path), Bookmarks::Write(bookmarks)) == Outcome::Done) return true;
-    context.tabs.Tell(u"The file could not be written.");
+    context.tabs.Say(u"The file could not be written.");
     return false;
 }
 

@@ -31,7 +31,7 @@ void AddToGroup(CommandContext& context, std::int32_t index) {
     if (const auto* view = context.tabs.OpenView(index))
         context.host.AddToTessaGroup(view->Control->LocationURL(), file);
     else
-        context.tabs.Tell(u"The page is no longer open. Nothing was added.");
+        context.tabs.Say(u"The page is no longer open. Nothing was added.");
     context.groupsMenuStale = true;
 }
 

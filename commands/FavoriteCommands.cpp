@@ -56,14 +56,14 @@ bool FavoriteCommands::AddFavorite(TextView address, TextView title) {
     if (!Favorites::CanKeep(m_context.favoritesFolder)) return false;
     frmAddFavorite form(m_context.favoritesFolder, Address::WithoutUser(address), title);
     m_outside.showAdd(form);
-    if (!form.Told.empty()) m_context.tabs.Tell(form.Told);
+    if (!form.Told.empty()) m_context.tabs.Say(form.Told);
     return true;
 }
 
 void FavoriteCommands::RepairFavorites() {
     const Text done = Favorites::WordsOf(Favorites::Repair(m_context.favoritesFolder));
     m_context.favoritesMenuStale = true;
-    m_context.tabs.Tell(done);
+    m_context.tabs.Say(done);
 }
 
 void FavoriteCommands::OrganizeFavorites() {
@@ -78,7 +78,7 @@ void FavoriteCommands::OrganizeFavorites() {
 bool FavoriteCommands::MayOpenLink(TextView address) {
     const LinkTrust trust = TrustOf(address, LinkSource::Favorite);
     if (trust == LinkTrust::Never)
-        m_context.tabs.Tell(u"This Favorite is a script, or leads into the program. It was not opened.");
+        m_context.tabs.Say(u"This Favorite is a script, or leads into the program. It was not opened.");
     if (trust != LinkTrust::Ask) return trust == LinkTrust::Open;
     return m_context.messages.AskOwn({u"This Favorite does not lead to the web but to",
                                       Text(address.substr(0, kShownAddress)), u"&Cancel", u"&Open It"});
@@ -91,8 +91,8 @@ void FavoriteCommands::OpenAll(TextView folder) {
         !m_context.messages.AskOwn({u"Open " + Decimal(count) + u" tabs?", {}, u"&Cancel", u"&Open Them All"}))
         return;
     m_context.groups.OpenInTabs(addresses);
-    if (addresses.empty() && left == 0) m_context.tabs.Tell(kNoPages);
-    if (left > 0) m_context.tabs.Tell(u"Favorites that do not lead to the web were not opened.");
+    if (addresses.empty() && left == 0) m_context.tabs.Say(kNoPages);
+    if (left > 0) m_context.tabs.Say(u"Favorites that do not lead to the web were not opened.");
 }
 
 Text FavoriteCommands::SaveAsGroup(TextView folder) {

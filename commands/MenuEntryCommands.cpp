@@ -47,7 +47,7 @@ void OpenFolder(CommandContext& context) { context.host.OpenFavorites(context.me
 
 void SaveFolder(CommandContext& context) {
     const Text result = context.host.SaveFavorites(context.menuEntry);
-    if (!result.empty()) context.tabs.Tell(result);
+    if (!result.empty()) context.tabs.Say(result);
 }
 
 void OpenLink(CommandContext& context) {
@@ -66,7 +66,7 @@ void RenameGroup(CommandContext& context) {
     context.host.ShowRenameGroup(form);
     if (form.Renamed.empty()) return;
     context.groupsMenuStale = true;
-    context.tabs.Tell(u"The TessaGroup " + before + u" is now called " + OneLine(form.Renamed) + u".");
+    context.tabs.Say(u"The TessaGroup " + before + u" is now called " + OneLine(form.Renamed) + u".");
 }
 
 void DeleteGroup(CommandContext& context) {
@@ -77,9 +77,9 @@ void DeleteGroup(CommandContext& context) {
     const bool stays = there && (!MayDelete(context) || TessaGroups::Delete(path) == Outcome::Failed);
     context.groupsMenuStale = true;
     const Text name = GroupNameOf(path);
-    context.tabs.Tell(stays     ? u"The TessaGroup " + name + u" was not deleted."
-                      : trashed ? u"The TessaGroup " + name + u" is in the trash."
-                                : u"The TessaGroup " + name + u" has been deleted.");
+    context.tabs.Say(stays     ? u"The TessaGroup " + name + u" was not deleted."
+                     : trashed ? u"The TessaGroup " + name + u" is in the trash."
+                               : u"The TessaGroup " + name + u" has been deleted.");
 }
 
 } // namespace MenuEntryCommands

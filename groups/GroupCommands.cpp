@@ -42,8 +42,8 @@ void GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
     const auto left = LeaveUntrusted(addresses);
     if (!left) return;
     Open(addresses);
-    if (*left > 0) m_parts.tabs.Tell(u"What is no page of the web was not opened.");
-    if (!unread.empty()) m_parts.tabs.Tell(u"The TessaGroup " + NameOf(unread) + u" could not be read.");
+    if (*left > 0) m_parts.tabs.Say(u"What is no page of the web was not opened.");
+    if (!unread.empty()) m_parts.tabs.Say(u"The TessaGroup " + NameOf(unread) + u" could not be read.");
 }
 
 bool GroupCommands::IsOwnGroup(TextView group) const {
@@ -107,17 +107,17 @@ void GroupCommands::Show(BrowserView* view, TextView address) {
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
     const bool added = TessaGroups::Append(SGFile, Address::WithoutUser(URL)) == Outcome::Done;
-    m_parts.tabs.Tell(added ? u"Added to the TessaGroup " + NameOf(SGFile) + u"."
-                            : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
+    m_parts.tabs.Say(added ? u"Added to the TessaGroup " + NameOf(SGFile) + u"."
+                           : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
 }
 
 void GroupCommands::SaveAsTessaGroup(TextView path) {
     using TessaGroups::Saved;
     const Saved saved = TessaGroups::SaveOpenTabs(path, m_parts.pcPage, m_parts.Browser, m_parts.messages);
-    if (saved == Saved::Yes) m_parts.tabs.Tell(u"Saved as the TessaGroup " + NameOf(path) + u".");
-    if (saved == Saved::Failed) m_parts.tabs.Tell(u"The TessaGroup " + NameOf(path) + u" could not be written.");
+    if (saved == Saved::Yes) m_parts.tabs.Say(u"Saved as the TessaGroup " + NameOf(path) + u".");
+    if (saved == Saved::Failed) m_parts.tabs.Say(u"The TessaGroup " + NameOf(path) + u" could not be written.");
     if (saved == Saved::Nothing)
-        m_parts.tabs.Tell(u"There was nothing to save as the TessaGroup " + NameOf(path) + u".");
+        m_parts.tabs.Say(u"There was nothing to save as the TessaGroup " + NameOf(path) + u".");
 }
 
 void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
@@ -125,7 +125,7 @@ void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
     form.ShowModal = ShowEditor;
     form.TitleOf = [this](TextView address) { return TitleOf(address); };
     form.EditTessaGroup(sFileName);
-    if (form.Unwritten) m_parts.tabs.Tell(u"The TessaGroup " + NameOf(sFileName) + u" could not be written.");
+    if (form.Unwritten) m_parts.tabs.Say(u"The TessaGroup " + NameOf(sFileName) + u" could not be written.");
 }
 
 void GroupCommands::OrganizeTessaGroups() {

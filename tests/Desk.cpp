@@ -5,6 +5,14 @@
 
 #include <vector>
 
+CommandHost Desk::Operations() {
+    CommandHost host;
+    host.ShowRenameGroup = [this](frmRenameGroup& form) {
+        if (inRenameGroup) inRenameGroup(form);
+    };
+    return host;
+}
+
 Desk::Desk(FakeSettings* shared)
     : settings(shared ? *shared : ownSettings),
       main({.window = window,
@@ -47,10 +55,7 @@ Desk::Desk(FakeSettings* shared)
             .programPath = u"/programs/tessaview",
             .groupFolder = u"/groups/",
             .favoritesFolder = u"/favorites",
-            .commands = {.ShowRenameGroup =
-                             [this](frmRenameGroup& form) {
-                                 if (inRenameGroup) inRenameGroup(form);
-                             }},
+            .commands = Operations(),
             .showSessions =
                 [this](frmSessions& form) {
                     if (inSessions) inSessions(form);

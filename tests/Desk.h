@@ -84,5 +84,6 @@ public:
     frmMain main;
 
 private:
+    [[nodiscard]] CommandHost Operations();
     std::size_t m_skippedBefore;
 };

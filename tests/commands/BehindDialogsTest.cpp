@@ -86,7 +86,7 @@ TEST_F(BehindDialogsTest, APageThatHasGoneIsAddedToNoGroupAndThatIsSaid) {
         other.main.Commands.groupsMenuStale = false;
         other.main.actBar_Click(Tool(1, u"mnuAddToTessaGroup"));
         EXPECT_EQ(added, "") << tab;
-        EXPECT_EQ(other.Status(), "The page is no longer open. Nothing was added.");
+        EXPECT_EQ(other.Said(), "The page is no longer open. Nothing was added.");
         EXPECT_TRUE(other.main.Commands.groupsMenuStale);
     }
 }

@@ -34,7 +34,7 @@ constexpr const char* kFile = "<DL><DT><A HREF='http://a/'>A</A><DT><H3>News</H3
 TEST_F(BookmarkCommandsTest, FavoritesComeInWithTheirFolders) {
     Choose(kFile);
     m_desk.Click(u"xtrImportFavorites");
-    EXPECT_EQ(m_desk.Status(), "4 Favorites were added.");
+    EXPECT_EQ(m_desk.Said(), "4 Favorites were added.");
     EXPECT_TRUE(m_desk.main.Commands.favoritesMenuStale);
     EXPECT_EQ(Favorites::Items(m_favorites.PathText("News")).size(), 3U);
     EXPECT_TRUE(m_desk.files.last.MustExist);
@@ -44,7 +44,7 @@ TEST_F(BookmarkCommandsTest, AFolderBecomesAGroupAndReplacesNone) {
     m_groups.Write("News.tvg", "[TessaGroup]\r\nurl1=http://old/\r\n");
     Choose(kFile);
     m_desk.Click(u"xtrImportTessaGroups");
-    EXPECT_EQ(m_desk.Status(), "2 TessaGroups were made.");
+    EXPECT_EQ(m_desk.Said(), "2 TessaGroups were made.");
     EXPECT_EQ(Group("Bookmarks"), "http://a/ ");
     EXPECT_EQ(Group("News (2)"), "http://b/ http://c/ ") << "a group opens without a question, so not files";
     EXPECT_EQ(Group("News"), "http://old/ ");
@@ -65,7 +65,7 @@ TEST_F(BookmarkCommandsTest, NamesAndAddressesOfAHostileFileStayWithinTheirFiles
 TEST_F(BookmarkCommandsTest, AFileWithoutBookmarksChangesNothingAndSaysSo) {
     Choose("<html>nothing");
     m_desk.Click(u"xtrImportFavorites");
-    EXPECT_EQ(m_desk.Status(), "There are no bookmarks in that file.");
+    EXPECT_EQ(m_desk.Said(), "There are no bookmarks in that file.");
     m_desk.Click(u"xtrImportTessaGroups");
     EXPECT_EQ(m_groups.Files() + m_favorites.Files(), 0U);
     EXPECT_FALSE(m_desk.main.Commands.favoritesMenuStale);
@@ -83,7 +83,7 @@ TEST_F(BookmarkCommandsTest, GroupsGoOutAndComeInUnchanged) {
     m_groups.Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/?x&y\r\nurl2=http://b/\r\n");
     m_desk.files.chosen = m_files.PathText("out");
     m_desk.Click(u"xtrExportTessaGroups");
-    EXPECT_EQ(m_desk.Status(), "1 TessaGroup was written.");
+    EXPECT_EQ(m_desk.Said(), "1 TessaGroup was written.");
     std::filesystem::remove(m_groups.Path("News.tvg"));
     m_desk.files.chosen = m_files.PathText("out.html");
     m_desk.Click(u"xtrImportTessaGroups");
@@ -98,11 +98,11 @@ TEST_F(BookmarkCommandsTest, FavoritesGoOutAfterAQuestionWhereTheFileExists) {
     EXPECT_EQ(m_files.Read("bookmarks.html"), "old");
     m_desk.messages.answer = Answer::Yes;
     m_desk.Click(u"xtrExportFavorites");
-    EXPECT_EQ(m_desk.Status(), "1 Favorite was written.");
+    EXPECT_EQ(m_desk.Said(), "1 Favorite was written.");
     EXPECT_NE(m_files.Read("bookmarks.html").find("<DT><A HREF=\"http://a/\">A</A>"), std::string::npos);
     m_desk.files.chosen = u"/nowhere/x.html";
     m_desk.Click(u"xtrExportFavorites");
-    EXPECT_EQ(m_desk.Status(), "The file could not be written.");
+    EXPECT_EQ(m_desk.Said(), "The file could not be written.");
 }
 
 } // namespace

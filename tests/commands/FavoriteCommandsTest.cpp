@@ -40,14 +40,12 @@ TEST_F(FavoriteCommandsTest, ThePageIsAddedAndShowsInTheMenu) {
 }
 
 TEST_F(FavoriteCommandsTest, ThePageThatIsAddedAgainIsNotAddedAndTheStatusBarSaysSo) {
-    Text kept;
-    m_desk.main.sbStatus.Keep = [&](const Text& text) { kept = text; };
     m_desk.PageLoads(1, u"http://a/", u"A");
     m_desk.inAddFavorite = [](frmAddFavorite& form) { form.cmdOK.Click(); };
     m_desk.Click(u"mnuAddToFavorites");
-    EXPECT_EQ(m_desk.Status(), "Added to Favorites: \"A\".");
+    EXPECT_EQ(m_desk.Said(), "Added to Favorites: \"A\".");
     m_desk.Click(u"mnuAddToFavorites");
-    EXPECT_EQ(kept, u"This page is a Favorite already. Nothing was added.");
+    EXPECT_EQ(m_desk.Said(), "This page is a Favorite already. Nothing was added.");
     EXPECT_EQ(Favorites::Items(m_root).size(), 1U);
     EXPECT_TRUE(m_desk.messages.asked.empty());
 }
@@ -59,7 +57,7 @@ TEST_F(FavoriteCommandsTest, WithoutAFolderTheRepairQuestionIsAskedAndNothingIsA
     m_desk.messages.answer = Answer::Yes;
     m_desk.Click(u"mnuAddToFavorites");
     EXPECT_EQ(m_desk.messages.asked.size(), 1U);
-    EXPECT_EQ(m_desk.Status(), "The Favorites folder can still not be written to.");
+    EXPECT_EQ(m_desk.Said(), "The Favorites folder can still not be written to.");
     EXPECT_FALSE(shown);
 }
 
@@ -75,7 +73,7 @@ TEST_F(FavoriteCommandsTest, WhereAFileLiesInTheirPlaceFavoritesAreRepairedOnlyA
     m_desk.main.Commands.favoritesMenuStale = false;
     m_desk.messages.answer = Answer::Yes;
     m_desk.Click(u"mnuAddToFavorites");
-    EXPECT_EQ(m_desk.Status(),
+    EXPECT_EQ(m_desk.Said(),
               "The Favorites folder was made. What lay in its place is now called \"Favorites set aside\".");
     EXPECT_TRUE(m_desk.main.Commands.favoritesMenuStale);
     EXPECT_EQ(m_folder.Read("Favorites set aside"), "mine");
@@ -97,7 +95,7 @@ TEST_F(FavoriteCommandsTest, AScriptIsNotOpenedAndTheStatusBarSaysSo) {
     Add(u"a", u"javascript:alert(1)");
     ClickFavorite(1);
     EXPECT_EQ(m_desk.views.Calls(1), "");
-    EXPECT_EQ(m_desk.Status(), "This Favorite is a script, or leads into the program. It was not opened.");
+    EXPECT_EQ(m_desk.Said(), "This Favorite is a script, or leads into the program. It was not opened.");
     EXPECT_TRUE(m_desk.messages.asked.empty());
 }
 
@@ -121,7 +119,7 @@ TEST_F(FavoriteCommandsTest, AWholeFolderOpensButForWhatAsksOrRuns) {
     EXPECT_EQ(m_desk.Strip(), "1 2 [3*]");
     EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://1/");
     EXPECT_EQ(m_desk.views.Calls(3), "go about:blank, go http://4/");
-    EXPECT_EQ(m_desk.Status(), "Favorites that do not lead to the web were not opened.");
+    EXPECT_EQ(m_desk.Said(), "Favorites that do not lead to the web were not opened.");
 }
 
 TEST_F(FavoriteCommandsTest, TheStatusBarCountsThePagesOfAFolderToo) {

@@ -163,7 +163,7 @@ TEST_F(RuntimeMenusTest, AFolderPopsUpWhatToDoWithItsPages) {
     m_desk.files.chosen = m_groups.PathText("news.tvg");
     m_desk.Click(u"xtrFolderSave");
     EXPECT_EQ(m_desk.files.last.FileName, u"news.tvg");
-    EXPECT_EQ(m_desk.Status(), "The TessaGroup has been saved.");
+    EXPECT_EQ(m_desk.Said(), "The TessaGroup has been saved.");
     EXPECT_EQ(m_groups.Read("news.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
 }
 
@@ -186,7 +186,7 @@ TEST_F(RuntimeMenusTest, AnEmptyFolderHasNothingToOpenOrSaveAndItSaysSo) {
         m_desk.main.sbStatus.SimpleText = u"";
         m_desk.files.chosen = m_groups.PathText("news.tvg");
         m_desk.Click(tool);
-        EXPECT_EQ(m_desk.Status(), "There are no pages in that folder.");
+        EXPECT_EQ(m_desk.Said(), "There are no pages in that folder.");
     }
     EXPECT_EQ(m_groups.Files(), 0U);
 }
@@ -227,7 +227,7 @@ TEST_F(RuntimeMenusTest, AGroupGoesToTheTrashOnceTheUserAgrees) {
     EXPECT_EQ(m_desk.messages.asked.back(), u"Move the TessaGroup \"a\" to the trash?");
     EXPECT_EQ(m_desk.messages.asked.size(), 2U);
     EXPECT_EQ(m_desk.messages.Buttons(), "&Keep It|&Move to Trash");
-    EXPECT_EQ(m_desk.Status(), "The TessaGroup a is in the trash.");
+    EXPECT_EQ(m_desk.Said(), "The TessaGroup a is in the trash.");
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150002 b");
 }
 
@@ -244,7 +244,7 @@ TEST_F(RuntimeMenusTest, AGroupGetsAnotherNameFromItsPopup) {
         form.cmdOK.Click();
     };
     m_desk.Click(u"xtrGroupRename");
-    EXPECT_EQ(m_desk.Status(), "The TessaGroup a is now called c.");
+    EXPECT_EQ(m_desk.Said(), "The TessaGroup a is now called c.");
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150002 b, 150003 c");
 }
 
@@ -269,13 +269,13 @@ TEST_F(RuntimeMenusTest, WithoutATrashAGroupIsDeletedForGoodOnceTheUserAgreesToT
         if (m_desk.messages.asked.size() == 2) m_desk.messages.answer = Answer::No;
     };
     m_desk.Click(u"xtrGroupDelete");
-    EXPECT_EQ(m_desk.Status(), "The TessaGroup a was not deleted.");
+    EXPECT_EQ(m_desk.Said(), "The TessaGroup a was not deleted.");
     EXPECT_EQ(m_groups.Files(), 1U);
     m_desk.messages.answer = Answer::Yes;
     m_desk.Click(u"xtrGroupDelete");
     EXPECT_EQ(m_desk.messages.asked.back(),
               u"The TessaGroup cannot be moved to the trash\nDeleted, it cannot be brought back.");
-    EXPECT_EQ(m_desk.Status(), "The TessaGroup a has been deleted.");
+    EXPECT_EQ(m_desk.Said(), "The TessaGroup a has been deleted.");
     EXPECT_EQ(m_groups.Files(), 0U);
 }
 

@@ -92,7 +92,7 @@ TEST(OpenTessaGroup, AGroupThatCannotBeReadIsNamedInTheStatusBar) {
     Desk desk;
     desk.StartWithTabs(1);
     desk.main.OpenTessaGroup(u"/nowhere/News.tvg");
-    EXPECT_EQ(desk.Status(), "The TessaGroup News could not be read.");
+    EXPECT_EQ(desk.Said(), "The TessaGroup News could not be read.");
 }
 
 /// A desk on which a group of that many addresses has been opened beside the first tab; view 2 shows the first.
@@ -233,7 +233,7 @@ TEST_F(GroupMenu, AddWritesTheCurrentPageBehindTheOthers) {
     desk.main.Commands.groupsMenuStale = false;
     Click(u"mnuAddToTessaGroup", "News.tvg");
     EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\nurl3=http://page/\r\n");
-    EXPECT_EQ(desk.Status(), "Added to the TessaGroup News.");
+    EXPECT_EQ(desk.Said(), "Added to the TessaGroup News.");
     EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
 }
 
@@ -266,10 +266,10 @@ TEST_F(GroupMenu, AFullDiskLeavesTheGroupAndIsSaidInTheStatusBar) {
         const FullDisk full;
         desk.main.AddToTessaGroup(u"http://page/", PathText("News.tvg"));
     }
-    EXPECT_EQ(desk.Status(), "The TessaGroup News could not be written.");
+    EXPECT_EQ(desk.Said(), "The TessaGroup News could not be written.");
     EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n");
     Click(u"mnuSaveAsTessaGroup", "Folder.tvg");
-    EXPECT_EQ(desk.Status(), "The TessaGroup Folder could not be written.");
+    EXPECT_EQ(desk.Said(), "The TessaGroup Folder could not be written.");
     EXPECT_EQ(Files(), 2u);
 }
 
@@ -281,7 +281,7 @@ TEST_F(GroupMenu, AFileFarTooLongForAGroupIsReadInPartAndNeverCut) {
     desk.main.OpenTessaGroup(PathText("Huge.tvg"));
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://a/");
     desk.main.AddToTessaGroup(u"http://page/", PathText("Huge.tvg"));
-    EXPECT_EQ(desk.Status(), "The TessaGroup Huge could not be written.");
+    EXPECT_EQ(desk.Said(), "The TessaGroup Huge could not be written.");
     EXPECT_EQ(std::filesystem::file_size(Path("Huge.tvg")), kTerabyte);
 }
 
@@ -291,7 +291,7 @@ TEST_F(GroupMenu, SaveWritesAllTabs) {
     desk.views.At(2).location = u"http://b/";
     Click(u"mnuSaveAsTessaGroup", "News.tvg");
     EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
-    EXPECT_EQ(desk.Status(), "Saved as the TessaGroup News.");
+    EXPECT_EQ(desk.Said(), "Saved as the TessaGroup News.");
     Click(u"mnuSaveAsTessaGroup", "");
     EXPECT_EQ(Files(), 1u);
 }
@@ -318,7 +318,7 @@ TEST_F(GroupMenu, OfPrivateTabsAloneThatAreNotToBeSavedThereIsNothingToSave) {
     };
     Click(u"mnuSaveAsTessaGroup", "News.tvg");
     EXPECT_EQ(desk.messages.asked.size(), 2U);
-    EXPECT_EQ(desk.Status(), "There was nothing to save as the TessaGroup News.");
+    EXPECT_EQ(desk.Said(), "There was nothing to save as the TessaGroup News.");
     EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n");
 }
 
@@ -359,7 +359,7 @@ TEST_F(GroupMenu, AnEditThatCannotBeWrittenIsSaidInTheStatusBar) {
         form.cmdOK.Click();
     };
     Click(u"mnuOrganizeTessaGroups", "News.tvg");
-    EXPECT_EQ(desk.Status(), "The TessaGroup News could not be written.");
+    EXPECT_EQ(desk.Said(), "The TessaGroup News could not be written.");
     EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n");
 }
 

@@ -83,7 +83,7 @@ TEST_F(GroupTrust, FilesOfThisComputerAreAskedAboutOnce) {
     EXPECT_EQ(desk.messages.Buttons(), "&Leave Them Out|&Open Them Too");
     EXPECT_EQ(Opened(), 2U);
     EXPECT_EQ(desk.views.Calls(4), "go about:blank, go http://b/");
-    EXPECT_EQ(desk.Status(), "What is no page of the web was not opened.");
+    EXPECT_EQ(desk.Said(), "What is no page of the web was not opened.");
     desk.messages.answer = Answer::Cancel;
     desk.main.OpenTessaGroup(group);
     EXPECT_EQ(Opened(), 2U);
@@ -106,7 +106,7 @@ TEST_F(GroupTrust, MailScriptsAndTheEnginesInsideNeverOpen) {
     EXPECT_EQ(Asked(), "");
     EXPECT_EQ(Opened(), 1U);
     EXPECT_EQ(desk.views.Calls(3), "go about:blank, go http://a/");
-    EXPECT_EQ(desk.Status(), "What is no page of the web was not opened.");
+    EXPECT_EQ(desk.Said(), "What is no page of the web was not opened.");
 }
 
 TEST_F(GroupTrust, AProcessThatHandsOverAsksNothing) {
