@@ -106,6 +106,7 @@ private:
     void OnDocumentBegan(bool isError);
     void OnAddressChanged(const QUrl& url);
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
+    void TellEnd(const QWebEngineLoadingInfo& info);
     void OnNewWindow(QWebEngineNewWindowRequest& request);
     void OnPrintRequested();
     void PrintIfShown();
@@ -146,7 +147,7 @@ private:
     int m_zoom = 2;
     bool m_committed = false;
     bool m_loading = false;
-    Text m_ended;               ///< how the last load has ended, in words
+    bool m_awaitsEnd = false;   ///< how the load has ended was not told yet
     bool m_failed = false;      ///< what is shown is an error page
     bool m_known = false;       ///< whether it is one is known
     bool m_newDocument = false; ///< the next address is that of another document

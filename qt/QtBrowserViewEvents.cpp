@@ -84,14 +84,13 @@ void QtBrowserView::NoteVisit(const QUrl& url) {
 }
 
 void QtBrowserView::OnLoadStarted() {
-    m_loading = true;
+    m_loading = m_awaitsEnd = true;
     m_events.StatusTextChange(m_index, u"Connecting...");
     m_events.DownloadBegin(m_index);
 }
 
 void QtBrowserView::OnLoadFinished(bool ok) {
-    // Of a page that has died, its end has been told.
-    const bool wasLoading = std::exchange(m_loading, false);
+    m_loading = false;
     if (!m_pending) m_engine.EndNavigation(m_index);
     if (!m_page->AwaitsAny()) {
         // Where scripts are switched off, no document tells of itself.
@@ -100,7 +99,6 @@ void QtBrowserView::OnLoadFinished(bool ok) {
         m_newDocument = false;
     }
     ReportHistory();
-    if (wasLoading) m_events.StatusTextChange(m_index, m_ended);
     m_events.DownloadComplete(m_index);
     m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
     if (m_previewsLater) PrintPreview();
@@ -138,7 +136,7 @@ void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     const bool ofPage = QtAddress::Shown(info.url()) == QtAddress::Shown(m_page->url());
     const bool failed = info.status() == QWebEngineLoadingInfo::LoadFailedStatus;
     const bool ended = failed || info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
-    m_ended = LoadWords::Ended(LoadEndOf(info), FromQt(info.url().host()), info.errorCode());
+    TellEnd(info);
     if (ofPage && ended) {
         m_failed = failed && info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain;
         m_known = true;
@@ -147,9 +145,14 @@ void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;
     if (info.errorDomain() != QWebEngineLoadingInfo::ConnectionErrorDomain) return;
     if (QtAddress::Shown(info.url()) != m_fallbackOf) return;
-    // What comes of the second try is what counts.
-    m_ended.clear();
     ResumeNext(Navigate(FromQt(std::exchange(m_fallback, QUrl()).toString(QUrl::FullyEncoded))));
+}
+
+// Once, whatever the engine tells of the page that it shows instead. Of one that has died, the end has been told.
+void QtBrowserView::TellEnd(const QWebEngineLoadingInfo& info) {
+    if (info.status() == QWebEngineLoadingInfo::LoadStartedStatus || !std::exchange(m_awaitsEnd, false)) return;
+    const Text host = FromQt(info.url().host());
+    m_events.StatusTextChange(m_index, LoadWords::Ended(LoadEndOf(info), host, info.errorCode()));
 }
 
 void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
@@ -214,7 +217,7 @@ void QtBrowserView::OpenPopup(const QUrl& address) {
 }
 
 void QtBrowserView::OnRendererGone() {
-    m_loading = false;
+    m_loading = m_awaitsEnd = false;
     m_engine.EndNavigation(m_index);
     m_events.StatusTextChange(m_index, u"The page has stopped working.");
     m_events.DownloadComplete(m_index);

@@ -136,7 +136,7 @@ TEST_F(EventTable, ALinkUnderThePointerIsAStatusText) {
 TEST_F(EventTable, OfALoadThatFailsTheStatusTextSaysWhatFailed) {
     const auto ends = [&](const QString& address, const QString& words) {
         ResumeNext(desk.view->Navigate(FromQt(address)));
-        return WaitUntil([&] { return desk.events.statusTexts.last() == words; });
+        return WaitUntil([&] { return desk.events.statusTexts.value(desk.events.statusTexts.size() - 1) == words; });
     };
     server.Raw(QStringLiteral("/gone"), "HTTP/1.1 404 Gone\r\nContent-Type: text/html\r\nContent-Length: 2\r\n"
                                         "Connection: close\r\n\r\nno");
