@@ -45,6 +45,7 @@ void QtDownloadsPanel::Open() {
     m_pane->setObjectName(QStringLiteral("downloads"));
     m_pane->setWidget(Contents());
     m_pane->installEventFilter(this);
+    m_pane->widget()->installEventFilter(this);
     m_window.addDockWidget(Qt::RightDockWidgetArea, m_pane);
     m_pane->show();
     Fit();
@@ -114,6 +115,7 @@ void QtDownloadsPanel::Close() {
     const bool hadFocus = m_pane->isAncestorOf(QApplication::focusWidget());
     m_window.removeEventFilter(this);
     m_pane->removeEventFilter(this);
+    m_pane->widget()->removeEventFilter(this);
     m_pane->hide();
     // It may be in the middle of telling that it was closed. Until it is gone, another may open under its name.
     m_pane->setObjectName({});
@@ -135,7 +137,10 @@ bool QtDownloadsPanel::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &m_window) return OnWindow(*event);
     if (event->type() == QEvent::Resize && watched == m_pane) {
         if (m_drags) m_width = m_pane->width();
-        LayButtons();
+        return false;
+    }
+    if (watched == m_pane->widget()) {
+        if (event->type() == QEvent::Resize) LayButtons();
         return false;
     }
     const auto pressed = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;

@@ -91,7 +91,7 @@ class Downloads(unittest.TestCase):
             program.keys("ctrl+j")
             self.wait_line(program, r"It was not finished\. 5 kB of 10 kB")
             program.press("push button", "Again")
-            self.wait_line(program, "10 kB")
+            self.wait_line(program, "Done, 10 kB, Today, .*, in .*")
             with open(os.path.join(self.folder, "report.bin"), "rb") as saved:
                 self.assertEqual(saved.read(), BODY)
 

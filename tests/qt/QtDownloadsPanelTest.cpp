@@ -135,11 +135,11 @@ TEST_F(DownloadsPanel, TakesAQuarterOfTheWindowUntilItIsMadeWider) {
     EXPECT_TRUE(takes(380)) << "wider is of no use";
     window.resize(900, 600);
     ASSERT_TRUE(takes(225));
-    const QPoint border(window.centralWidget()->geometry().right() + 2, 300);
+    const QPoint border((window.centralWidget()->geometry().right() + pane()->geometry().left()) / 2, 300);
     QTest::mousePress(&window, Qt::LeftButton, {}, border);
     QTest::mouseMove(&window, border - QPoint(100, 0));
-    QTest::mouseRelease(&window, Qt::LeftButton, {}, border - QPoint(100, 0));
     ASSERT_TRUE(QTest::qWaitFor([&] { return pane()->width() > 300; })) << "dragged wider";
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, border - QPoint(100, 0));
     const int wider = pane()->width();
     form.Form.Visible = false;
     form.Form.Visible = true;
@@ -154,7 +154,8 @@ TEST_F(DownloadsPanel, CutsNoCaptionOfItsButtonsHoweverNarrowItIs) {
         auto* pane = window.findChild<QDockWidget*>(QStringLiteral("downloads"));
         ASSERT_TRUE(QTest::qWaitFor([&] { return pane->width() == std::min(width / 4, 380); }));
         for (const auto* button : pane->widget()->findChildren<QPushButton*>())
-            EXPECT_GE(button->width(), button->sizeHint().width()) << button->objectName().toStdString() << width;
+            EXPECT_TRUE(QTest::qWaitFor([&] { return button->width() >= button->sizeHint().width(); }))
+                << button->objectName().toStdString() << width;
     }
 }
 
