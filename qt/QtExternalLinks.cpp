@@ -85,6 +85,7 @@ struct QtExternalLinks::Asker {
     QString who;           ///< tells one that was refused from the next
     bool remembers = true; ///< whether an answer may hold for more than once
     bool user = false;
+    bool person = false; ///< who has clicked for it in a page
 };
 
 QtExternalLinks::QtExternalLinks(QtPage& page, QtCovers& covers, ExternalSchemes& answers)
@@ -117,7 +118,8 @@ QtExternalLinks::Asker QtExternalLinks::AskerIn(const QtAsker& asker) {
             host,
             who + u' ' + site,
             !asker.frame && !site.isEmpty(),
-            false};
+            false,
+            asker.person};
 }
 
 bool QtExternalLinks::Take(const QUrl& url) {
@@ -137,11 +139,11 @@ void QtExternalLinks::Open(const QUrl& url, const Asker& asker) {
     ExternalRule rule = known ? m_answers.RuleFor(FromQt(url.scheme()), FromQt(asker.site)) : ExternalRule::Ask;
     // What a page may do its frames may not; what it may not, they may not either.
     if (rule == ExternalRule::Open && !asker.remembers) rule = ExternalRule::Ask;
-    // A page cannot insist; a person who types it again means it.
+    // A page cannot insist; a person who types it again, or clicks a link that leads nowhere, is to know why.
     const bool refused = !asker.user && m_refused.contains({url.scheme(), asker.who});
     // Without another program the desktop would give the address back to a browser.
     if (rule != ExternalRule::Refuse && !QtDesktopPrograms::OpensElsewhere(url.scheme()))
-        return refused ? void() : Tell(url, NoProgram(url), asker);
+        return refused && !asker.person ? void() : Tell(url, NoProgram(url), asker);
     if (rule == ExternalRule::Open) QDesktopServices::openUrl(url);
     if (rule == ExternalRule::Ask && refused) rule = ExternalRule::Refuse;
     if (rule == ExternalRule::Refuse && !asker.user) TellRefused(url, asker.host);

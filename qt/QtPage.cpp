@@ -58,8 +58,9 @@ bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool 
 bool QtPage::HandOver(const QUrl& url, bool clicked, bool isMainFrame) {
     const bool mail = url.scheme() == u"mailto";
     if (!mail && !ExternalSchemes::IsExternal(FromQt(url.scheme()))) return false;
+    const bool person = clicked && TakePerson();
     // Only a person's click starts the mail program, so that no page can start it a hundred times.
-    if (mail && !(clicked && TakePerson())) {
+    if (mail && !person) {
         Q_EMIT ExternalRefused(url, ShownAddress());
         return true;
     }
@@ -70,7 +71,8 @@ bool QtPage::HandOver(const QUrl& url, bool clicked, bool isMainFrame) {
     // The engine does not tell who asks. It has made sure that a person acted in the page: where that was, asks.
     const bool inOthers = !m_actedFrame.isEmpty() && SiteOf(QUrl(m_actedFrame)) != SiteOf(ShownAddress());
     const bool byFrame = !isMainFrame || inOthers;
-    Q_EMIT ExternalRequested(mail ? QtMail::WithoutFiles(url) : url, {ShownAddress(), byFrame, QUrl(m_actedFrame)});
+    Q_EMIT ExternalRequested(mail ? QtMail::WithoutFiles(url) : url,
+                             {ShownAddress(), byFrame, QUrl(m_actedFrame), person});
     return true;
 }
 

@@ -15,9 +15,10 @@
 
 /// Who in a page wants something.
 struct QtAsker {
-    QUrl page;          ///< the page shown
-    bool frame = false; ///< a frame in it, or nobody can tell that it was not one
-    QUrl frameOrigin;   ///< where that frame is from; empty when nobody can tell
+    QUrl page;           ///< the page shown
+    bool frame = false;  ///< a frame in it, or nobody can tell that it was not one
+    QUrl frameOrigin;    ///< where that frame is from; empty when nobody can tell
+    bool person = false; ///< a person has clicked a link
 };
 
 /// An engine page that reports what only its virtual functions tell.
