@@ -2,6 +2,7 @@
 
 #include "common/Captions.h"
 #include "qt/QtIcons.h"
+#include "qt/QtSelectedIcon.h"
 #include "qt/QtText.h"
 
 #include <QDropEvent>
@@ -21,8 +22,8 @@ bool IsFolder(const QTreeWidgetItem& item) { return item.data(0, kIsFolder).toBo
 QtFavoriteTree::QtFavoriteTree(Text root, Shows shows)
     : m_root(std::move(root)),
       m_shows(shows),
-      m_folderIcon(QtIcons::Of({u"folder"})),
-      m_pageIcon(QtIcons::Of({u"text-html"})) {
+      m_folderIcon(WithSelectedLook(QtIcons::Of({u"folder"}))),
+      m_pageIcon(WithSelectedLook(QtIcons::Of({u"text-html"}))) {
     header()->hide();
     setUniformRowHeights(true);
     setEditTriggers(EditKeyPressed);

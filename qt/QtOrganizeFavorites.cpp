@@ -150,7 +150,7 @@ void QtOrganizeFavorites::ShowMenu(const QPoint& place) {
                 [this] { m_form.txtAddress.SetFocus(); });
     AddToMenu(*menu, m_form.cmdMove);
     AddToMenu(*menu, m_form.cmdDelete, QKeySequence::Delete);
-    menu->addSeparator();
+    if (!menu->isEmpty()) menu->addSeparator();
     AddToMenu(*menu, m_form.cmdUndo, QKeySequence::Undo);
     AddToMenu(*menu, m_form.cmdNewFolder);
     menu->addSeparator();

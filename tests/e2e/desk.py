@@ -240,6 +240,11 @@ class Program:
         entries = [node for node in walk(self.application()) if role_of(node) == "menu item" and is_focused(node)]
         return entries[-1].name if entries else None
 
+    def selected_line(self):
+        """The line of a list or tree that has the keyboard; nothing while none has."""
+        lines = [node for node in walk(self.application()) if role_of(node) == "table cell" and is_focused(node)]
+        return lines[-1].name if lines else None
+
     def go_down_to(self, entry):
         """Goes down in the open menu, key by key, until an entry is selected."""
         self.find("menu item", entry)

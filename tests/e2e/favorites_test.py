@@ -119,9 +119,12 @@ class FavoritesMenu(unittest.TestCase):
             desk.wait_until(lambda: sorted(os.listdir(favorites)) == ["a (2).url", "b.url"],
                             what=lambda: f"{os.listdir(favorites)}")
             program.find("label", '"a" is in the trash.')
+            desk.wait_until(lambda: program.selected_line() == "a (2)", what=program.selected_line)
             desk.xdotool("key", "Delete")
             desk.wait_until(lambda: os.listdir(favorites) == ["b.url"], what=lambda: f"{os.listdir(favorites)}")
             program.press("push button", "Undo Delete")
+            # Two presses at once are one.
+            program.find("label", '"a (2)" is back.')
             program.press("push button", "Undo Delete")
             desk.wait_until(lambda: sorted(os.listdir(favorites)) == ["a (2).url", "a.url", "b.url"],
                             what=lambda: f"{os.listdir(favorites)}")

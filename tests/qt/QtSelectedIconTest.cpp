@@ -23,7 +23,8 @@ QColor MiddleOf(const QIcon& icon, QIcon::Mode mode) {
 
 TEST(QtSelectedIcon, APictureOfOneColourTakesThatOfTheSelectedText) {
     const QColor text = QGuiApplication::palette().color(QPalette::HighlightedText);
-    for (const QColor& grey : {QColor(0xfc, 0xfc, 0xfc), QColor(0x23, 0x26, 0x29), QColor(Qt::black), QColor(0x3d, 0xae, 0xe9)}) {
+    for (const QColor& grey :
+         {QColor(0xfc, 0xfc, 0xfc), QColor(0x23, 0x26, 0x29), QColor(Qt::black), QColor(0x3d, 0xae, 0xe9)}) {
         const QIcon icon = WithSelectedLook(Filled(grey));
         EXPECT_EQ(MiddleOf(icon, QIcon::Selected), text);
         EXPECT_EQ(MiddleOf(icon, QIcon::Normal), grey) << "elsewhere it is as it was";
