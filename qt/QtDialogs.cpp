@@ -4,8 +4,8 @@
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QLabel>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>

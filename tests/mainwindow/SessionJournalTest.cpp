@@ -241,7 +241,7 @@ TEST(SessionJournal, APageThatItsSiteHasSentOnIsUntouched) {
     desk.main.actBar.NoteTyped();
     desk.PageLoads(2, u"http://other/", u"2");
     desk.main.Sessions.Reopen(u"x");
-    EXPECT_EQ(desk.Strip(), "2 [3*]") << "what was typed before the page came is the user's";
+    EXPECT_EQ(desk.Strip(), "[3*] 2") << "what was typed before the page came is the user's";
 }
 
 TEST(SessionJournal, NothingGivesWayWhenNothingOpensOrTheListOpensIt) {

@@ -22,8 +22,9 @@ TEST(QtAddress, WhatStandsBeforeASchemeHidesItFromNobody) {
 TEST(QtAddress, EveryBlankIsOne) {
     for (int unit = 0; unit <= 0xFFFF; ++unit) {
         const auto each = static_cast<char16_t>(unit);
-        if (QString(QChar(each)).trimmed().isEmpty())
+        if (QString(QChar(each)).trimmed().isEmpty()) {
             EXPECT_EQ(Address::Trimmed(Text(1, each)), u"") << std::hex << unit;
+        }
     }
 }
 

@@ -66,7 +66,7 @@ TEST_F(QuestionBar, LeavesTheKeyboardToThePage) {
 TEST_F(QuestionBar, OtherWordsLeaveItsAnswersAsTheyAre) {
     questions.Reworded = [this] { bar.ShowWords(); };
     Ask(u"a.example wants to open a window.");
-    Press(Qt::Key_F6);
+    bar.TakeFocus();
     Later();
     const QWidget* button = QApplication::focusWidget();
     questions.Reword(u"a.example wants to open a window.", u"a.example wants to open 2 windows.");

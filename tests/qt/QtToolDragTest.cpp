@@ -226,6 +226,8 @@ TEST_F(QtToolDragTest, EscapeClosesTheMenuThatIsArrangedAndNothingElse) {
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     EXPECT_EQ(stops + rejected, 0);
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     QTest::keyClick(&dialog, Qt::Key_Escape);
     EXPECT_EQ(rejected, 1) << "without a menu the key is the dialog's again";
 }
@@ -272,8 +274,10 @@ TEST_F(QtToolDragTest, AMenuInAMenuOpensBesideIt) {
     ASSERT_NE(Panel("bndFont"), nullptr);
     EXPECT_GE(Panel("bndFont")->x(), edit.x() + edit.width() / 2);
     QTest::keyClick(&edit, Qt::Key_Escape);
-    EXPECT_FALSE(edit.isVisible());
     EXPECT_FALSE(Panel("bndFont") && Panel("bndFont")->isVisible());
+    EXPECT_TRUE(edit.isVisible()) << "a menu at a time";
+    QTest::keyClick(&edit, Qt::Key_Escape);
+    EXPECT_FALSE(edit.isVisible());
 }
 
 TEST_F(QtToolDragTest, AnEmptyToolbarSaysWhatItIsFor) {
