@@ -9,12 +9,10 @@ namespace {
 /// Units of an address that anybody wants to hear.
 constexpr std::size_t kMostSaid = 200;
 
-/// One tab. It knows its tab by key, so that it outlives the tab unharmed: then it answers nothing.
-class TabAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
+/// Something in the strip that has no parts and can be pressed.
+class StripPart : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
-    TabAccessible(QtTabStrip& strip, Text key) : m_strip(strip), m_key(std::move(key)) {}
-
-    [[nodiscard]] const Text& Key() const { return m_key; }
+    explicit StripPart(QtTabStrip& strip) : m_strip(strip) {}
 
     // True without its tab as well, for only a valid interface can announce that its tab has gone.
     bool isValid() const override { return true; }
@@ -24,12 +22,29 @@ public:
     QAccessibleInterface* child(int) const override { return nullptr; }
     int childCount() const override { return 0; }
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QAccessible::Role role() const override { return QAccessible::PageTab; }
     void setText(QAccessible::Text, const QString&) override {}
     QWindow* window() const override {
         const QAccessibleInterface* strip = parent();
         return strip ? strip->window() : nullptr;
     }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+    }
+
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+protected:
+    QtTabStrip& m_strip;
+};
+
+/// One tab. It knows its tab by key, so that it outlives the tab unharmed: then it answers nothing.
+class TabAccessible final : public StripPart {
+public:
+    TabAccessible(QtTabStrip& strip, Text key) : StripPart(strip), m_key(std::move(key)) {}
+
+    [[nodiscard]] const Text& Key() const { return m_key; }
+
+    QAccessible::Role role() const override { return QAccessible::PageTab; }
 
     QString text(QAccessible::Text kind) const override {
         const Tab* tab = Find();
@@ -65,12 +80,7 @@ public:
         return state;
     }
 
-    void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
-    }
-
     QStringList actionNames() const override { return {pressAction()}; }
-    QStringList keyBindingsForAction(const QString&) const override { return {}; }
     void doAction(const QString& name) override {
         Tab* tab = Find();
         if (tab && name == pressAction()) m_strip.Click(*tab);
@@ -84,28 +94,15 @@ private:
     }
     static bool Busy(const Tab& tab) { return tab.Image() == TabImage::Red; }
 
-    QtTabStrip& m_strip;
     Text m_key;
 };
 
 /// The button for a new tab, the last child of the strip.
-class NewTabAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
+class NewTabAccessible final : public StripPart {
 public:
-    explicit NewTabAccessible(QtTabStrip& strip) : m_strip(strip) {}
+    using StripPart::StripPart;
 
-    bool isValid() const override { return true; }
-    QObject* object() const override { return nullptr; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(&m_strip); }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
     QAccessible::Role role() const override { return QAccessible::Button; }
-    void setText(QAccessible::Text, const QString&) override {}
-    QWindow* window() const override {
-        const QAccessibleInterface* strip = parent();
-        return strip ? strip->window() : nullptr;
-    }
 
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Name) return QStringLiteral("New Tab");
@@ -125,19 +122,11 @@ public:
         return state;
     }
 
-    void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
-    }
-
     QStringList actionNames() const override { return {pressAction(), showMenuAction()}; }
-    QStringList keyBindingsForAction(const QString&) const override { return {}; }
     void doAction(const QString& name) override {
         if (name == pressAction() && m_strip.BlankRequested) m_strip.BlankRequested();
         if (name == showMenuAction() && m_strip.NewMenuRequested) m_strip.NewMenuRequested();
     }
-
-private:
-    QtTabStrip& m_strip;
 };
 
 void Announce(QAccessibleInterface* interface, QAccessible::Event kind) {
