@@ -194,7 +194,8 @@ constexpr std::array kOwnTools{
             u"Copies version, settings and log for a message to the makers; no address or title is in it", u"edit-copy",
             u""},
     ToolRow{u"xtrPrivateTab", u"New &Private Tab", u"More",
-            u"Opens a tab whose page, cookies and history are forgotten when it is closed", u"view-private", u""},
+            u"Opens a tab whose page, cookies and history are forgotten with the last private tab", u"view-private",
+            u""},
 
     // The menu of a page.
     ToolRow{u"xtrLinkOpen", u"&Open Link in New Tab", u"", u"Opens the link in a new tab", u"tab-new", u""},

@@ -46,6 +46,8 @@ TextView Trimmed(TextView text) {
     return text;
 }
 
+bool ComesBack(TextView address) { return !address.starts_with(u"tessaview:preview/"); }
+
 Text InSmallLetters(TextView text) {
     Text small(text);
     std::ranges::transform(small, small.begin(), SmallLetter);

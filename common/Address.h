@@ -15,6 +15,9 @@ inline constexpr TextView kPrivate = u"tessaview:private";
 /// hide a scheme from one who looks while another who opens it sees the scheme.
 [[nodiscard]] TextView Trimmed(TextView text);
 
+/// Whether what lies there can be had again at a later start. A print preview goes with its tab.
+[[nodiscard]] bool ComesBack(TextView address);
+
 /// The text with small letters for the capital ones that a scheme may have; others have no case there.
 [[nodiscard]] Text InSmallLetters(TextView text);
 

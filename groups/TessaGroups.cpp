@@ -1,5 +1,6 @@
 #include "groups/TessaGroups.h"
 
+#include "common/Address.h"
 #include "common/AtomicFile.h"
 #include "common/TabStrip.h"
 
@@ -35,12 +36,14 @@ std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, 
     std::size_t left = 0;
     for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
         const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
-        if (!withPrivate && view && view->Privacy == Privacy::Private) {
+        const Text address = view ? view->Control->LocationURL() : Text();
+        const bool isKept = withPrivate || !view || view->Privacy != Privacy::Private;
+        if (!isKept || !Address::ComesBack(address)) {
             ++left;
             continue;
         }
         // A tab whose view is gone leaves its number out.
-        if (view) addresses.push_back({position - left, view->Control->LocationURL()});
+        if (view) addresses.push_back({position - left, address});
     }
     return addresses;
 }

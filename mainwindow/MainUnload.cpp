@@ -1,5 +1,6 @@
 #include "mainwindow/MainUnload.h"
 
+#include "common/Address.h"
 #include "mainwindow/frmMain.h"
 #include "settings/SettingsStore.h"
 
@@ -10,7 +11,8 @@ std::vector<Text> OpenAddresses(frmMain& main) {
     for (std::size_t position = 1; position <= main.pcPage.Count(); ++position) {
         const auto* view = main.Browser.Find(main.pcPage.FindAt(position)->Tag);
         if (view && view->Privacy == Privacy::Private) continue;
-        sites.push_back(view ? view->Control->LocationURL() : Text());
+        const Text address = view ? view->Control->LocationURL() : Text();
+        if (Address::ComesBack(address)) sites.push_back(address);
     }
     return sites;
 }

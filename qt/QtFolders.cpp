@@ -65,6 +65,8 @@ QtFolders QtFolders::Find(const QString& programFile) {
     }
     folders.favorites = FavoritesFolder(home.isEmpty() ? QString() : folders.program);
     home.isEmpty() ? MakeOwnPrivate(folders.state) : MakePrivate(folders.state);
+    // Groups and Favorites lie there, unless the user keeps them elsewhere.
+    if (home.isEmpty()) MakeOwnPrivate(XdgFolder("XDG_DATA_HOME", QStringLiteral(".local/share")));
     for (const QString& folder : {folders.program, folders.GroupFolder(), folders.settings}) Make(folder);
     return folders;
 }

@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::chrono::seconds kFiguresRefresh{1};
 constexpr QSize kUsualTaskViewSize{860, 420};
-constexpr std::array kWidths{230, 250, 80, 170};
+constexpr std::array kWidths{230, 230, 160, 100};
 constexpr int kTaskKeyRole = Qt::UserRole;
 
 TaskColumn ColumnOf(int section) { return static_cast<TaskColumn>(section); }

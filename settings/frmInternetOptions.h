@@ -103,9 +103,8 @@ public:
                     {u"the last hour", u"the last day", u"the last week", u"all time"}};
     Button cmdClear{u"Clear Now"};
     Label lblCleared{u""};
-    Label lblClearNote{
-        u"Everything else is cleared from the beginning on. TessaView knows when you visited a link only "
-        u"since it was started. When you choose a time before that, all visited links are cleared."};
+    Label lblClearNote{u"The rest is cleared whole, however old it is. TessaView knows when you visited a link only "
+                       u"since it was started. When you choose a time before that, all visited links are cleared."};
 
     Choice cboProxy{u"Proxy", {u"As the desktop has it", u"None", u"HTTP proxy", u"SOCKS 5 proxy"}};
     Label lblProxyHost{u"Host"};

@@ -81,7 +81,7 @@ class Keyboard(unittest.TestCase):
     def test_the_more_menu_has_a_key(self):
         self.program.wait_menu(lambda: self.program.keys("alt+m"))
         # Its first entry is selected: the bar tells what that is for.
-        self.wait_status("Opens a tab whose page, cookies and history are forgotten when it is closed")
+        self.wait_status("Opens a tab whose page, cookies and history are forgotten with the last private tab")
 
     def test_the_menu_of_the_link_that_has_the_focus(self):
         shown = self.program.windows_shown()

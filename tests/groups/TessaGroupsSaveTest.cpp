@@ -119,6 +119,13 @@ TEST_F(SaveTabs, ALinkGoesOnLeadingToTheGroup) {
     EXPECT_EQ(Save("loop.tvg"), TessaGroups::Saved::Yes) << "a link to itself is replaced by the group";
 }
 
+TEST_F(SaveTabs, APrintPreviewIsNoPageOfAGroup) {
+    Open(3);
+    desk.views.At(2).location = u"tessaview:preview/1/One";
+    EXPECT_EQ(Save("a.tvg"), TessaGroups::Saved::Yes);
+    EXPECT_EQ(Read("a.tvg"), "[TessaGroup]\r\nurl1=http://1/\r\nurl2=http://3/\r\n");
+}
+
 TEST_F(SaveTabs, ReadsBackWhatItWrote) {
     Open(40);
     desk.views.At(7).location = u"http://b\u00FC\U0001F600/?a=b;c#[d]";

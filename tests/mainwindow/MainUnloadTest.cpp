@@ -11,6 +11,16 @@ TEST(MainUnload, SavesTheAddressesInTheOrderOfTheTabs) {
     EXPECT_EQ(desk.settings.StoredList(u"LastSites"), u"[][http://two/]");
 }
 
+TEST(MainUnload, APrintPreviewGoesWithTheWindow) {
+    Desk desk;
+    desk.StartWithTabs(3);
+    desk.views.At(1).location = u"http://one/";
+    desk.views.At(2).location = u"tessaview:preview/1/One";
+    desk.views.At(3).location = u"tessaview:help";
+    desk.main.Form_Unload();
+    EXPECT_EQ(desk.settings.StoredList(u"LastSites"), u"[http://one/][tessaview:help]");
+}
+
 TEST(MainUnload, SavesTabsThatWereMovedInTheirNewOrder) {
     Desk desk;
     desk.StartWithTabs(3);

@@ -46,9 +46,10 @@ protected:
     QLineEdit& Field(TextView name) { return *Box(name).lineEdit(); }
     QToolBar& ToolBarOf(TextView band) { return *shown->ToolBar(band); }
 
+    // What is told while the bar goes is written here.
+    std::string clicked, pointed;
     CommandBar bar;
     QMainWindow window;
     std::unique_ptr<QtCommandBar> shown;
     std::int32_t lastId = 0;
-    std::string clicked, pointed;
 };

@@ -62,6 +62,7 @@ TEST_F(QtFoldersTest, TheFolderOfWhatWasVisitedIsTheUsersAlone) {
     const auto others = [](const QString& folder) { return int(QFile::permissions(folder)) & 0x0077; };
     const QString state = QtFolders::Find(ProgramIn("unpacked")).state;
     EXPECT_EQ(others(state), 0);
+    EXPECT_EQ(others(Path("DATA/tessaview")), 0) << "groups and Favorites are";
     QFile::setPermissions(state, QFile::permissions(state) | QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther);
     (void)QtFolders::Find(ProgramIn("unpacked"));
     EXPECT_EQ(others(state), 0) << "one of an earlier version is closed";
