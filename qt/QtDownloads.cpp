@@ -2,6 +2,7 @@
 
 #include "common/Address.h"
 #include "qt/QtEngineVersions.h"
+#include "qt/QtPage.h"
 #include "qt/QtText.h"
 
 #include <QDesktopServices>
@@ -132,7 +133,8 @@ bool QtDownloads::May(const Request& request, Followed& from) const {
     if (request.isSavePageDownload() || m_expected.contains(AskedNameOf(request)) || !MaySave) return true;
     // A page that has gone cannot be asked about, and one that goes at once is not to save without end.
     auto* page = QtEngineVersions::PageOf(request);
-    return page ? MaySave(page, request.url()) : from.pageless.Take();
+    const auto* ours = qobject_cast<const QtPage*>(page);
+    return page && !(ours && ours->Ended()) ? MaySave(page, request.url()) : from.pageless.Take();
 }
 
 const Download* QtDownloads::Continued(const Request& request, const Followed& from) const {

@@ -161,6 +161,12 @@ void QtPage::End() {
         deleteLater();
 }
 
+// Newer engines, 6.11 among them, tell of a download by a call that waits, with a bare pointer to its page.
+bool QtPage::event(QEvent* event) {
+    if (event->type() == QEvent::DeferredDelete) QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    return QWebEnginePage::event(event);
+}
+
 // The program's own pages are reached by the program and by the history, never by others; their links are their own.
 bool QtPage::AcceptOwn(const QUrl& address, NavigationType type, bool isMainFrame) {
     const bool followed = type == NavigationTypeLinkClicked || type == NavigationTypeFormSubmitted;

@@ -97,6 +97,7 @@ Q_SIGNALS:
     void FrameLoaded(const QUrl& url);
 
 protected:
+    bool event(QEvent* event) override;
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
     void javaScriptAlert(const QUrl& origin, const QString& message) override;
     bool javaScriptConfirm(const QUrl& origin, const QString& message) override;

@@ -368,6 +368,24 @@ TEST_F(EngineDownloads, ThatComeWhenTheirPageHasGoneAreAFewAtMost) {
     EXPECT_EQ(downloads.All().size(), 3u);
 }
 
+TEST_F(EngineDownloads, OfAPageThatGoesWhileTheyComeDoNoHarm) {
+    for (int round = 0; round < 20; ++round) {
+        LateServer late;
+        auto view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
+        ResumeNext(view->Navigate(FromQt(late.Address())));
+        ASSERT_TRUE(WaitUntil([&] { return late.Waiting() == 5; }));
+        const QPointer<QtPage> page = dynamic_cast<QtBrowserView&>(*view).Page();
+        int asked = 0;
+        QObject::connect(desk.engine.Profile(), &QWebEngineProfile::downloadRequested, &desk.window, [&] {
+            if (++asked == 1 + round % 4) view.reset();
+        });
+        late.Allow();
+        ASSERT_TRUE(WaitUntil([&] { return asked == 5 && page.isNull(); })) << asked;
+        desk.engine.Profile()->disconnect(&desk.window);
+    }
+    SUCCEED() << "nobody has asked for a page that was there no more";
+}
+
 TEST_F(EngineDownloads, OfAPageThatHasGoneComeWhileADocumentIsAwaited) {
     QtPageDocuments documents;
     desktop.Documents = &documents;
