@@ -1,7 +1,7 @@
 #include "tests/qt/BarDesk.h"
 
-#include <QMenu>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QToolButton>
