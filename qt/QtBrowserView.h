@@ -104,6 +104,7 @@ private:
     void ReportUnbegun();
     void OnOverdue();
     void OnDocumentBegan(bool isError);
+    void OnDocumentKnown(bool isError);
     void OnAddressChanged(const QUrl& url);
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
     void TellEnd(const QWebEngineLoadingInfo& info);

@@ -120,10 +120,13 @@ void QtBrowserView::OnAddressChanged(const QUrl& url) {
 }
 
 void QtBrowserView::OnDocumentBegan(bool isError) {
-    if (!m_committed) return;
-    m_known = true;
-    m_failed = isError;
-    m_events.SecurityChange(m_index);
+    if (m_committed) OnDocumentKnown(isError);
+}
+
+void QtBrowserView::OnDocumentKnown(bool isError) {
+    const bool knew = std::exchange(m_known, true);
+    const bool failed = std::exchange(m_failed, isError);
+    if (!knew || failed != isError) m_events.SecurityChange(m_index);
 }
 
 void QtBrowserView::OnOverdue() {
@@ -138,8 +141,8 @@ void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     const bool ended = failed || info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
     TellEnd(info);
     if (ofPage && ended) {
-        m_failed = failed && info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain;
-        m_known = true;
+        // Newer engines tell of the end of a load after they have called it finished, when the sign has been shown.
+        OnDocumentKnown(failed && info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain);
     }
     if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_fallback.clear();
     if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;

@@ -2,6 +2,8 @@
 
 #include <QTcpServer>
 #include <QTest>
+#include <QWebEngineProfile>
+#include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 #include <QWebEngineView>
 
@@ -192,6 +194,16 @@ TEST_F(AddressTrustOnPages, APageThatMovesWithinItselfKeepsItsSign) {
 TEST_F(AddressTrustOnPages, APageWithoutScriptsHasItsSignOnceItIsLoaded) {
     ShowPage();
     Front().Page()->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+    server.Page(QStringLiteral("/next"), "<title>Next</title>");
+    ResumeNext(Front().Navigate(FromQt(server.Address(QStringLiteral("/next")))));
+    const QString next = server.Address(QStringLiteral("/next")) + QStringLiteral(": computer");
+    EXPECT_TRUE(WaitUntil([&] { return Shown() == next; })) << Shown().toStdString();
+}
+
+// A page that is there before its address has been told says so too early; then the end of its load tells.
+TEST_F(AddressTrustOnPages, APageThatDoesNotTellOfItselfHasItsSignOnceItIsLoaded) {
+    ShowPage();
+    Front().Page()->profile()->scripts()->clear();
     server.Page(QStringLiteral("/next"), "<title>Next</title>");
     ResumeNext(Front().Navigate(FromQt(server.Address(QStringLiteral("/next")))));
     const QString next = server.Address(QStringLiteral("/next")) + QStringLiteral(": computer");
