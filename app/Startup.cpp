@@ -40,15 +40,18 @@ void Run(const Startup::Program& program, TextView commandLine) {
 
 namespace Startup {
 
-Result Main(const Program& program, TextView commandLine) {
-    Log::Note(LogLevel::Info, LogPart::Program, "starts, build", Version::kRevision);
+bool HandsOver(const Program& program, TextView commandLine) {
     const bool several = AllowsMultipleInstances(program.settings);
     ResumeNext(program.instances.RegisterMessage(kMessageName));
     const bool running = program.instances.PreviousInstance(several ? Instances::Several : Instances::One);
-    if (!several && running) {
-        HandOff(program, commandLine);
-        return Result::HandedOff;
-    }
+    if (several || !running) return false;
+    HandOff(program, commandLine);
+    return true;
+}
+
+Result Main(const Program& program, TextView commandLine) {
+    Log::Note(LogLevel::Info, LogPart::Program, "starts, build", Version::kRevision);
+    if (HandsOver(program, commandLine)) return Result::HandedOff;
     Run(program, commandLine);
     return Result::Runs;
 }

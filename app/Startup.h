@@ -25,6 +25,10 @@ enum class Result {
     HandedOff, ///< the running instance has the command line; the process ends at once, nothing is unloaded
 };
 
+/// Hands the command line over when another instance runs and takes it; false when this process is to run itself.
+/// `commandLine` is the text after the program's name, unparsed. A step that fails is skipped.
+[[nodiscard]] bool HandsOver(const Program& program, TextView commandLine);
+
 /// `commandLine` is the text after the program's name, unparsed. A step that fails is skipped.
 [[nodiscard]] Result Main(const Program& program, TextView commandLine);
 

@@ -1,8 +1,10 @@
 #include "app/CommandLine.h"
 #include "app/Startup.h"
+#include "qt/QtHandOver.h"
 #include "qt/QtProgram.h"
 #include "qt/QtStartFailure.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <unistd.h>
 
@@ -42,6 +44,9 @@ int main(int argc, char** argv) {
         std::fputs(refusal->c_str(), stderr);
         return 1;
     }
+    // What is for the windowing system is taken out by what opens the display.
+    const bool plain = std::ranges::none_of(arguments, [](const std::string& each) { return each.starts_with('-'); });
+    if (plain && QtHandOver::TryWithoutWindow(CommandLine::AsText(arguments))) ::_exit(0);
     const auto program = MakeProgram(argc, argv);
     // What was meant for the windowing system has been taken out by now.
     const CommandLine::Arguments ours = ArgumentsOf(argc, argv);

@@ -68,11 +68,9 @@ QByteArray AnswerOf(const QString& tool) {
 
 } // namespace
 
-bool QtDefaultBrowser::IsDefault(TextView, TextView) {
-    if (!Installed() || UsersListsNameUs()) return true;
-    const QString tool = SettingsTool();
-    return tool.isEmpty() || AnswerOf(tool) != "no";
-}
+bool QtDefaultBrowser::NothingToAsk() { return !Installed() || UsersListsNameUs() || SettingsTool().isEmpty(); }
+
+bool QtDefaultBrowser::IsDefault(TextView, TextView) { return NothingToAsk() || AnswerOf(SettingsTool()) != "no"; }
 
 Outcome QtDefaultBrowser::MakeDefault(TextView, TextView) {
     const QString tool = SettingsTool();

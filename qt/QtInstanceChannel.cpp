@@ -1,11 +1,11 @@
 #include "qt/QtInstanceChannel.h"
 
 #include "common/FileLock.h"
+#include "common/LocalSocket.h"
 #include "qt/QtPathBytes.h"
 #include "qt/QtText.h"
 
 #include <QCryptographicHash>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocalSocket>
@@ -14,50 +14,24 @@
 
 #include <chrono>
 #include <cstdio>
-#include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr qint64 kLongestAnswer = 4096;
+constexpr std::size_t kLongestAnswer = 4096;
 constexpr auto kLongestMessage = static_cast<qint64>(InstanceMessage::kLongestLine + InstanceMessage::kLongestText);
-constexpr int kConnectPatience = 200; // a living instance's socket takes a connection at once, even when it hangs
 constexpr auto kDone = "done\n";
 
 QString SocketName(const QString& prefix, qint64 process) {
     return prefix + QString::number(process) + QStringLiteral(".socket");
 }
 
-// The system's word on who is at the other end, which nobody can forge.
-bool IsOurUser(const QLocalSocket& socket) {
-    ucred peer{};
-    socklen_t size = sizeof peer;
-    const auto descriptor = static_cast<int>(socket.socketDescriptor());
-    return ::getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == ::geteuid();
-}
-
-enum class Found { Instance, Remains, Foreign };
-
-Found Look(const QString& path) {
-    QLocalSocket probe;
-    probe.connectToServer(path);
-    if (probe.waitForConnected(kConnectPatience)) return IsOurUser(probe) ? Found::Instance : Found::Foreign;
-    // It lives, but so many wait for it already that no more are let in.
-    if (probe.state() == QLocalSocket::ConnectingState) return Found::Instance;
-    return probe.error() == QLocalSocket::ConnectionRefusedError ? Found::Remains : Found::Foreign;
-}
-
 } // namespace
 
-QtInstanceChannel::QtInstanceChannel(QString stateFolder, int patience)
-    : m_stateFolder(std::move(stateFolder)), m_patience(patience) {
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    QObject::connect(&m_server, &QLocalServer::newConnection, &m_server, [this] { OnConnection(); });
-}
+QtInstanceSender::QtInstanceSender(QString stateFolder, int patience)
+    : m_stateFolder(std::move(stateFolder)), m_patience(patience) {}
 
-QtInstanceChannel::~QtInstanceChannel() = default;
-
-Outcome QtInstanceChannel::RegisterMessage(TextView name) {
+Outcome QtInstanceSender::RegisterMessage(TextView name) {
     const QFileInfo folder(m_stateFolder);
     // A folder that could not be made has no canonical path.
     const QString state = folder.exists() ? folder.canonicalFilePath() : folder.absoluteFilePath();
@@ -67,47 +41,53 @@ Outcome QtInstanceChannel::RegisterMessage(TextView name) {
     return m_folder.IsWritable() ? Outcome::Done : Outcome::Failed;
 }
 
-bool QtInstanceChannel::PreviousInstance(Instances allowed) {
+bool QtInstanceSender::PreviousInstance(Instances allowed) {
     // Held while a start looks for instances and becomes one, so that two starts at one moment do not both become one.
     const FileLock lock(PathBytes(m_folder.PathOf(m_prefix + QStringLiteral("lock"))),
                         std::chrono::milliseconds(m_patience));
     m_running = FindRunning();
-    if (m_running.isEmpty() || allowed == Instances::Several) Listen();
+    OnLooked(allowed, !m_running.isEmpty());
     return !m_running.isEmpty();
 }
 
-QString QtInstanceChannel::FindRunning() const {
+QString QtInstanceSender::FindRunning() const {
     // The oldest first, so that every sender finds the same one.
     const auto sockets = QDir(m_folder.Path())
                              .entryInfoList({m_prefix + QStringLiteral("*.socket")}, QDir::System | QDir::Files,
                                             QDir::Time | QDir::Reversed);
     for (const QFileInfo& each : sockets) {
-        const Found found = Look(each.filePath());
-        if (found == Found::Instance) return each.filePath();
-        if (found == Found::Remains) QFile::remove(each.filePath());
+        const auto found = LocalSocket::Look(PathBytes(each.filePath()));
+        if (found == LocalSocket::Found::Listener) return each.filePath();
+        if (found == LocalSocket::Found::Remains) QFile::remove(each.filePath());
     }
     return {};
 }
 
-void QtInstanceChannel::Listen() {
-    const QString path = m_folder.PathOf(SocketName(m_prefix, ::getpid()));
+QString QtInstanceSender::SocketOf(qint64 process) const { return m_folder.PathOf(SocketName(m_prefix, process)); }
+
+void QtInstanceChannel::OnLooked(Instances allowed, bool running) {
+    if (running && allowed == Instances::One) return;
+    m_server.emplace();
+    m_server->setSocketOptions(QLocalServer::UserAccessOption);
+    QObject::connect(&*m_server, &QLocalServer::newConnection, &*m_server, [this] { OnConnection(); });
+    const QString path = SocketOf(::getpid());
     QFile::remove(path);
-    if (m_server.listen(path))
+    if (m_server->listen(path))
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
     else
-        qWarning("tessaview: later starts will not find this one: %s", qPrintable(m_server.errorString()));
+        qWarning("tessaview: later starts will not find this one: %s", qPrintable(m_server->errorString()));
 }
 
 void QtInstanceChannel::OnConnection() {
-    while (auto* sender = m_server.nextPendingConnection()) {
+    while (auto* sender = m_server->nextPendingConnection()) {
         QObject::connect(sender, &QLocalSocket::disconnected, sender, &QObject::deleteLater);
-        if (!IsOurUser(*sender)) {
+        if (!LocalSocket::IsOurUser(static_cast<int>(sender->socketDescriptor()))) {
             sender->abort();
             continue;
         }
         sender->setReadBufferSize(kLongestMessage);
         QObject::connect(sender, &QLocalSocket::readyRead, sender, [this, sender] { Receive(*sender); });
-        QTimer::singleShot(m_patience, sender, [sender] { sender->abort(); });
+        QTimer::singleShot(Patience(), sender, [sender] { sender->abort(); });
     }
 }
 
@@ -126,7 +106,7 @@ void QtInstanceChannel::Receive(QLocalSocket& sender) {
         Handle(message);
         if (answered) Answer(*answered);
     };
-    QMetaObject::invokeMethod(&m_server, handle, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(&*m_server, handle, Qt::QueuedConnection);
 }
 
 void QtInstanceChannel::Answer(QLocalSocket& sender) {
@@ -143,38 +123,25 @@ void QtInstanceChannel::Handle(const InstanceMessage::Message& message) const {
     }
 }
 
-Outcome QtInstanceChannel::SetForegroundWindow() {
+Outcome QtInstanceSender::SetForegroundWindow() {
     QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
     if (token.isEmpty()) token = qgetenv("DESKTOP_STARTUP_ID");
     return Send(InstanceMessage::Foreground(token.toStdString()));
 }
 
-Outcome QtInstanceChannel::SendMessage(TextView text) { return Send(InstanceMessage::HandOver(text)); }
+Outcome QtInstanceSender::SendMessage(TextView text) { return Send(InstanceMessage::HandOver(text)); }
 
-Outcome QtInstanceChannel::Send(const std::string& message) {
+Outcome QtInstanceSender::Send(const std::string& message) {
     if (m_running.isEmpty()) return Outcome::Failed;
     if (message.empty()) {
         std::fputs("tessaview: the command line is too long; nothing was handed over.\n", stderr);
         return Outcome::Failed;
     }
-    if (Tell(message)) return Outcome::Done;
+    const auto answer =
+        LocalSocket::Ask(PathBytes(m_running), message, kLongestAnswer, std::chrono::milliseconds(m_patience));
+    if (answer == kDone) return Outcome::Done;
     // Nor will it answer the next message; waiting again would only take longer.
     m_running.clear();
     std::fputs("tessaview: the running instance does not answer; nothing was handed over.\n", stderr);
     return Outcome::Failed;
-}
-
-bool QtInstanceChannel::Tell(const std::string& message) const {
-    const QDeadlineTimer deadline(m_patience);
-    QLocalSocket socket;
-    socket.setReadBufferSize(kLongestAnswer);
-    socket.connectToServer(m_running);
-    if (!socket.waitForConnected(m_patience) || !IsOurUser(socket)) return false;
-    socket.write(message.data(), static_cast<qint64>(message.size()));
-    while (!socket.canReadLine()) {
-        if (deadline.hasExpired() || socket.bytesAvailable() >= kLongestAnswer) return false;
-        const bool more = socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
-        if (!more && !socket.canReadLine()) return false;
-    }
-    return socket.readLine() == kDone;
 }

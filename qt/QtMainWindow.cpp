@@ -79,8 +79,10 @@ void QtMainWindow::Show() {
 void QtMainWindow::BringToForeground(const QByteArray& token) {
     if (!isVisible()) return;
     m_activationToken = token;
-    if (isMinimized()) return QApplication::alert(this);
-    RaiseAndActivate();
+    if (!isMinimized()) return RaiseAndActivate();
+    // One that has only just been minimized is still the active window, which is never alerted.
+    m_alertsWhenLeft = isActiveWindow();
+    QApplication::alert(this);
 }
 
 void QtMainWindow::ComeBack() {
@@ -235,6 +237,8 @@ bool QtMainWindow::event(QEvent* event) {
         if (!std::exchange(m_settled, true)) SettlePlace();
         Activate();
     }
+    const bool left = event->type() == QEvent::WindowDeactivate;
+    if (left && std::exchange(m_alertsWhenLeft, false) && isMinimized()) QApplication::alert(this);
     return QMainWindow::event(event);
 }
 

@@ -86,6 +86,7 @@ private:
     QPointer<QtTabStrip> m_tabStrip;
     QPointer<QtStatusBar> m_statusBar;
     QRect m_tabStripPlace;
+    bool m_alertsWhenLeft = false;  ///< somebody called it before it was left
     QByteArray m_activationToken;   ///< the desktop's permission to activate the window, until it is used
     std::optional<QPoint> m_corner; ///< where its frame is to stand, until the desktop has made that
     bool m_fits = false;            ///< its place or size is ours, and is to be inside the screen

@@ -1,6 +1,7 @@
 #include "app/Startup.h"
 
 #include "app/Hook.h"
+#include "app/UnseenWindow.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -90,6 +91,48 @@ TEST(Startup, WithMultipleInstancesAllowedEveryStartRuns) {
     EXPECT_EQ(Begin(desk, u"http://new/"), Startup::Result::Runs);
     EXPECT_EQ(desk.log.Take(), "register TESSAVIEW3, look, several allowed, splash, events, caption TessaView 3, "
                                "show, no splash");
+}
+
+/// A start that looks for an instance before it makes a window of its own.
+class StartWithoutWindow : public testing::Test {
+protected:
+    bool HandsOver(TextView commandLine) {
+        UnseenWindow window(settings, channel, layout, folder.PathText(""));
+        return Startup::HandsOver(window.Platform(), commandLine);
+    }
+
+    TemporaryFolder folder;
+    FakeLog log;
+    FakeSettings settings;
+    FakeLayoutFile layout;
+    FakeChannel channel{log};
+};
+
+TEST_F(StartWithoutWindow, HandsOverByTheSameSteps) {
+    channel.running = true;
+    Text sent;
+    channel.runningHandles = [&](const Text& text) { sent = text; };
+    EXPECT_TRUE(HandsOver(u"http://new/"));
+    EXPECT_EQ(sent, u"http://new/");
+    EXPECT_EQ(settings.Stored(u"HandOffCommandLine"), u"http://new/");
+    EXPECT_EQ(log.Take(), "register TESSAVIEW3, look, foreground, send");
+}
+
+TEST_F(StartWithoutWindow, LoadsAGroupFileThatNobodySees) {
+    channel.running = true;
+    const Text group = folder.PathText("news.tvg");
+    folder.Write("news.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
+    EXPECT_TRUE(HandsOver(group));
+    EXPECT_EQ(settings.Stored(u"HandOffCommandLine"), group);
+}
+
+TEST_F(StartWithoutWindow, LeavesEverythingToAStartThatRuns) {
+    EXPECT_FALSE(HandsOver(u"http://new/"));
+    settings.Put(u"AllowMultipleInstances", u"true");
+    channel.running = true;
+    EXPECT_FALSE(HandsOver(u"http://new/"));
+    EXPECT_EQ(settings.Stored(u"HandOffCommandLine"), u"(none)");
+    EXPECT_TRUE(settings.written.empty());
 }
 
 TEST(Startup, AHandOffDuringTheStartIsIgnored) {

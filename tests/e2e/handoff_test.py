@@ -2,6 +2,7 @@
 
 import os
 import signal
+import subprocess
 import unittest
 
 import desk
@@ -145,6 +146,20 @@ class HandOff(unittest.TestCase):
                 self.assertEqual(third.wait_end(), 0)
             desk.wait_until(lambda: first.strip()[-1:] == ["[Last]"], what=lambda: f"strip is {first.strip()}")
             self.assertEqual(len(first.strip()), 3)
+
+    def test_an_address_is_handed_over_without_opening_the_display(self):
+        with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home) as first:
+            first.wait_strip(["[First]"])
+            environment = {**os.environ, "DISPLAY": ":98765", "TESSAVIEW_HOME": self.home}
+            second = subprocess.run([PROGRAM, pages.address("Second")], env=environment, timeout=60, check=False)
+            self.assertEqual(second.returncode, 0)
+            first.wait_strip(["First", "[Second]"])
+
+    def test_what_is_for_the_windowing_system_is_no_part_of_the_address(self):
+        with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home) as first:
+            first.wait_strip(["[First]"])
+            self.hand_over("-style", "fusion", pages.address("Second"))
+            first.wait_strip(["First", "[Second]"])
 
     def test_a_sender_gives_up_on_an_instance_that_hangs(self):
         with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home) as first:

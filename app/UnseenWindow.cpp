@@ -1,0 +1,25 @@
+#include "app/UnseenWindow.h"
+
+UnseenWindow::UnseenWindow(SettingsStorageFactory& settings, InstanceChannel& instances, LayoutFile& layout,
+                           Text groupFolder)
+    : m_settings(settings),
+      m_instances(instances),
+      m_main({.window = m_window,
+              .views = m_views,
+              .settings = settings,
+              .messages = m_messages,
+              .files = m_files,
+              .splash = m_splash,
+              .sessions = m_sessions,
+              .layout = layout,
+              .defaultBrowser = m_defaultBrowser,
+              .shell = m_shell,
+              .folderWatch = m_folderWatch,
+              .trash = m_trash,
+              .downloads = m_downloads,
+              .showSettings = {},
+              .showDefBrowser = {},
+              .showAbout = {},
+              .showResize = {},
+              .programPath = {},
+              .groupFolder = std::move(groupFolder)}) {}

@@ -1,0 +1,29 @@
+#pragma once
+#include <chrono>
+#include <cstddef>
+#include <optional>
+#include <string>
+
+/// Local sockets (AF_UNIX, SOCK_STREAM) that processes of the same user listen on. The system tells whose process is at
+/// the other end, and nobody can forge it.
+namespace LocalSocket {
+
+enum class Found {
+    Listener, ///< a process of this user takes connections there
+    Remains,  ///< a socket that nobody listens on
+    Foreign   ///< another user's, or no socket at all
+};
+
+/// Whether the process at the other end of a connection is one of this user's.
+[[nodiscard]] bool IsOurUser(int descriptor);
+
+/// What is at a path. Waits for nothing.
+[[nodiscard]] Found Look(const std::string& path);
+
+/// Says `message` to the listener and gives the line that it answers, with its end. Nothing when there is no listener,
+/// when it cuts the connection, when its line has more bytes than `longest`, and when it takes longer than `patience`
+/// in all.
+[[nodiscard]] std::optional<std::string> Ask(const std::string& path, const std::string& message, std::size_t longest,
+                                             std::chrono::milliseconds patience);
+
+} // namespace LocalSocket

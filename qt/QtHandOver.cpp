@@ -1,0 +1,39 @@
+#include "qt/QtHandOver.h"
+
+#include "app/UnseenWindow.h"
+#include "qt/QtDefaultBrowser.h"
+#include "qt/QtFolders.h"
+#include "qt/QtInstanceChannel.h"
+#include "qt/QtLayoutFile.h"
+#include "qt/QtLog.h"
+#include "qt/QtSettingsStorage.h"
+#include "qt/QtText.h"
+#include "settings/SettingsStore.h"
+
+#include <QFile>
+
+namespace {
+
+// The application object, which knows, does not exist yet.
+QString ProgramFile() { return QFile::symLinkTarget(QStringLiteral("/proc/self/exe")); }
+
+bool MayAsk(SettingsStorageFactory& settings) {
+    return SettingsStore(settings).AskDefaultBrowser.Get() && !QtDefaultBrowser::NothingToAsk();
+}
+
+} // namespace
+
+namespace QtHandOver {
+
+bool TryWithoutWindow(TextView commandLine) {
+    const QtFolders folders = QtFolders::Find(ProgramFile());
+    const QtLog log(folders.state);
+    QtSettingsStorage settings(folders.settings);
+    if (MayAsk(settings)) return false;
+    QtInstanceSender instances(folders.state);
+    QtLayoutFile layout(folders.program);
+    UnseenWindow window(settings, instances, layout, FromQt(folders.GroupFolder()));
+    return Startup::HandsOver(window.Platform(), commandLine);
+}
+
+} // namespace QtHandOver
