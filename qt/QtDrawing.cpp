@@ -12,6 +12,8 @@
 #include <QOpenGLFunctions>
 #include <QQuickWindow>
 #include <QSysInfo>
+#include <array>
+#include <utility>
 
 namespace {
 
@@ -36,24 +38,58 @@ QString Drivers() {
 }
 
 QString Surroundings(const QStringList& processors) {
-    QStringList parts{QSysInfo::machineHostName(), QSysInfo::kernelVersion(), QGuiApplication::platformName(),
-                      Drivers(), processors.join(u' ')};
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "LIBGL_ALWAYS_SOFTWARE", "GALLIUM_DRIVER",
+    QStringList parts{QSysInfo::machineHostName(), QSysInfo::kernelVersion(), Drivers(), processors.join(u' ')};
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "LIBGL_ALWAYS_SOFTWARE", "GALLIUM_DRIVER",
                              "MESA_LOADER_DRIVER_OVERRIDE", "QT_XCB_GL_INTEGRATION", "QT_OPENGL"})
         parts << qEnvironmentVariable(name);
     return parts.join(u'|');
 }
 
+Drawing::Machine ThisComputer() {
+    const QStringList processors = Processors();
+    return {.Surroundings = FromQt(Surroundings(processors)),
+            .HasProcessor = !processors.isEmpty(),
+            .Renderer = QtDrawing::Renderer,
+            .Command = FromQt(qEnvironmentVariable("TESSAVIEW_DRAWING"))};
+}
+
+// What tells Qt's parts for X and for Wayland to do without OpenGL. Programs that this one starts are not to hear it.
+struct Refusal {
+    const char* variable;
+    const char* value;
+};
+constexpr std::array kRefusals{Refusal{"QT_XCB_GL_INTEGRATION", "none"},
+                               Refusal{"QT_WAYLAND_DISABLE_HW_INTEGRATION", "1"}};
+QList<const char*> s_refused;
+
+void RefuseOpenGl() {
+    for (const auto& [variable, value] : kRefusals) {
+        if (qEnvironmentVariableIsSet(variable)) continue;
+        qputenv(variable, value);
+        s_refused << variable;
+    }
+}
+
+void DrawInSoftware() { QQuickWindow::setSceneGraphBackend(QStringLiteral("software")); }
+
 } // namespace
 
+void QtDrawing::Prepare(SettingsStorageFactory& settings) {
+    const bool software = Drawing::KnownWay(ThisComputer(), settings) == DrawingWay::Software;
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, !software);
+    if (!software) return;
+    DrawInSoftware();
+    RefuseOpenGl();
+}
+
 void QtDrawing::Choose(SettingsStorageFactory& settings) {
-    const QStringList processors = Processors();
-    const Drawing::Machine machine{.Surroundings = FromQt(Surroundings(processors)),
-                                   .HasProcessor = !processors.isEmpty(),
-                                   .Renderer = Renderer,
-                                   .Command = FromQt(qEnvironmentVariable("TESSAVIEW_DRAWING"))};
-    if (Drawing::Choose(machine, settings) == DrawingWay::Software)
-        QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
+    for (const char* variable : std::exchange(s_refused, {})) qunsetenv(variable);
+    if (!InSoftware() && Drawing::Choose(ThisComputer(), settings) == DrawingWay::Software) DrawInSoftware();
+}
+
+bool QtDrawing::IsExpected(const QString& message) {
+    return InSoftware() && (message.contains(u"neither GLX nor EGL are enabled") ||
+                            message.contains(u"No suitable graphics backend found"));
 }
 
 bool QtDrawing::InSoftware() { return QQuickWindow::sceneGraphBackend() == u"software"; }

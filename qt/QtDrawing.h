@@ -1,8 +1,17 @@
 #pragma once
 #include "settings/Drawing.h"
 
+#include <QString>
+
 /// How this program draws pages. Chosen once, before there is a window or an engine.
 namespace QtDrawing {
+
+/// To be called before there is an application object. When it is known already that the processor alone draws, Qt is
+/// to leave OpenGL alone: setting it up, in software too, would take a third of the time until the first page is asked
+/// for.
+void Prepare(SettingsStorageFactory& settings);
+/// Whether that is what Qt says because it was told so; nobody need know.
+[[nodiscard]] bool IsExpected(const QString& message);
 
 /// Chooses by the settings and by what this computer has; the application object exists by then. "software" or
 /// "hardware" in the environment, as TESSAVIEW_DRAWING, holds before both.

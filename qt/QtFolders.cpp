@@ -50,6 +50,8 @@ QString FavoritesFolder(const QString& all) {
 
 } // namespace
 
+QString QtFolders::ProgramFile() { return QFile::symLinkTarget(QStringLiteral("/proc/self/exe")); }
+
 QtFolders QtFolders::Find(const QString& programFile) {
     QtFolders folders;
     const QString home = qEnvironmentVariable("TESSAVIEW_HOME");

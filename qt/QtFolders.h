@@ -15,5 +15,7 @@ struct QtFolders {
     /// writable and no "bin" that it shares with other programs, for what belongs to the program, and the desktop's
     /// usual folders for the rest.
     static QtFolders Find(const QString& programFile);
+    /// The path of the program that runs; known before there is an application object.
+    static QString ProgramFile();
     [[nodiscard]] QString GroupFolder() const { return program + QStringLiteral("/TessaGroups/"); }
 };

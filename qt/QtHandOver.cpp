@@ -10,12 +10,7 @@
 #include "qt/QtText.h"
 #include "settings/SettingsStore.h"
 
-#include <QFile>
-
 namespace {
-
-// The application object, which knows, does not exist yet.
-QString ProgramFile() { return QFile::symLinkTarget(QStringLiteral("/proc/self/exe")); }
 
 bool MayAsk(SettingsStorageFactory& settings) {
     return SettingsStore(settings).AskDefaultBrowser.Get() && !QtDefaultBrowser::NothingToAsk();
@@ -26,7 +21,7 @@ bool MayAsk(SettingsStorageFactory& settings) {
 namespace QtHandOver {
 
 bool TryWithoutWindow(TextView commandLine) {
-    const QtFolders folders = QtFolders::Find(ProgramFile());
+    const QtFolders folders = QtFolders::Find(QtFolders::ProgramFile());
     const QtLog log(folders.state);
     QtSettingsStorage settings(folders.settings);
     if (MayAsk(settings)) return false;

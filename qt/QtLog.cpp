@@ -1,6 +1,7 @@
 #include "qt/QtLog.h"
 
 #include "common/Log.h"
+#include "qt/QtDrawing.h"
 #include "qt/QtPathBytes.h"
 
 #include <QDateTime>
@@ -11,6 +12,7 @@ namespace {
 QtMessageHandler s_beforeLog = nullptr;
 
 void TakeQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (QtDrawing::IsExpected(message)) return;
     if (type != QtDebugMsg && type != QtInfoMsg) {
         const auto level = type == QtWarningMsg ? LogLevel::Warning : LogLevel::Error;
         Log::NoteForeign(level, context.category ? context.category : "", message.toStdString());

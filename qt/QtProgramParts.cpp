@@ -37,7 +37,8 @@ int& BeforeApplication(int& argc, char** argv) {
     NameDisplay(argc, argv);
     QtStartPage::RegisterScheme();
     QtDialogScheme::RegisterScheme();
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QtSettingsStorage settings(QtFolders::Find(QtFolders::ProgramFile()).settings);
+    QtDrawing::Prepare(settings);
     // Not the display name, which Qt appends to the title of every window.
     QCoreApplication::setApplicationName(QStringLiteral("TessaView"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TESSAVIEW_VERSION));
@@ -50,7 +51,7 @@ int& BeforeApplication(int& argc, char** argv) {
 QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
     : program(owner),
       qt(BeforeApplication(argc, argv), argv),
-      folders(QtFolders::Find(QCoreApplication::applicationFilePath())),
+      folders(QtFolders::Find(QtFolders::ProgramFile())),
       log(folders.state),
       settings(folders.settings),
       channel(folders.state),

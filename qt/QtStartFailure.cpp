@@ -1,5 +1,7 @@
 #include "qt/QtStartFailure.h"
 
+#include "qt/QtDrawing.h"
+
 #include <QString>
 
 #include <cstdio>
@@ -23,7 +25,7 @@ void Handle(QtMsgType type, const QMessageLogContext& context, const QString& me
         SayWhy();
         ::_exit(1);
     }
-    if (s_before) s_before(type, context, message);
+    if (s_before && !QtDrawing::IsExpected(message)) s_before(type, context, message);
 }
 
 } // namespace

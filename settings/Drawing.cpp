@@ -24,25 +24,20 @@ std::optional<DrawingWay> WayOfWord(TextView word) {
 // "software: " or "hardware: ", and the surroundings in which that was found out.
 Text Known(DrawingWay way, TextView surroundings) { return Text(WordOfWay(way)) + u": " + Text(surroundings); }
 
-DrawingWay FindOut(const Drawing::Machine& machine, SettingsStorageFactory& settings) {
-    if (!machine.HasProcessor || !machine.Renderer) return DrawingWay::Software;
-    InternetSettings kept(settings);
+std::optional<DrawingWay> Remembered(const Drawing::Machine& machine, const InternetSettings& kept) {
     const Text known = kept.DrawingKnown.Get();
     for (const DrawingWay way : {DrawingWay::Graphics, DrawingWay::Software}) {
         if (known == Known(way, machine.Surroundings)) return way;
     }
-    const Text renderer = machine.Renderer();
-    const bool software = renderer.empty() || Drawing::IsSoftware(renderer);
-    const DrawingWay way = software ? DrawingWay::Software : DrawingWay::Graphics;
-    ResumeNext(kept.DrawingKnown.Set(Known(way, machine.Surroundings)));
-    return way;
+    return std::nullopt;
 }
 
 } // namespace
 
-DrawingWay Drawing::Choose(const Machine& machine, SettingsStorageFactory& settings) {
+std::optional<DrawingWay> Drawing::KnownWay(const Machine& machine, SettingsStorageFactory& settings) {
     if (const auto commanded = WayOfWord(machine.Command)) return *commanded;
-    switch (InternetSettings(settings).Get().drawing) {
+    const InternetSettings kept(settings);
+    switch (kept.Get().drawing) {
     case DrawingWish::Graphics:
         return DrawingWay::Graphics;
     case DrawingWish::Software:
@@ -50,7 +45,16 @@ DrawingWay Drawing::Choose(const Machine& machine, SettingsStorageFactory& setti
     case DrawingWish::ByItself:
         break;
     }
-    return FindOut(machine, settings);
+    return machine.HasProcessor ? Remembered(machine, kept) : DrawingWay::Software;
+}
+
+DrawingWay Drawing::Choose(const Machine& machine, SettingsStorageFactory& settings) {
+    if (const auto known = KnownWay(machine, settings)) return *known;
+    const Text renderer = machine.Renderer ? machine.Renderer() : Text();
+    const bool software = renderer.empty() || IsSoftware(renderer);
+    const DrawingWay way = software ? DrawingWay::Software : DrawingWay::Graphics;
+    ResumeNext(InternetSettings(settings).DrawingKnown.Set(Known(way, machine.Surroundings)));
+    return way;
 }
 
 bool Drawing::IsSoftware(TextView renderer) {

@@ -3,6 +3,7 @@
 #include "settings/InternetSettings.h"
 
 #include <functional>
+#include <optional>
 
 /// Who draws the pages: the graphics processor, or the processor alone. Where OpenGL is done in software, drawing
 /// without it costs a fifth.
@@ -21,6 +22,9 @@ struct Machine {
     /// "software" or "hardware", which hold whatever else says; any other text says nothing.
     Text Command{};
 };
+
+/// How pages are drawn, as far as that is known without asking who does OpenGL, which takes long.
+[[nodiscard]] std::optional<DrawingWay> KnownWay(const Machine& machine, SettingsStorageFactory& settings);
 
 /// How pages are drawn from now on. What was found out is kept in the settings and asked anew in other surroundings.
 [[nodiscard]] DrawingWay Choose(const Machine& machine, SettingsStorageFactory& settings);

@@ -50,6 +50,22 @@ class Drawing(unittest.TestCase):
                     self.assertEqual(program.window_id(), first)
                     self.wait_told(program, way)
 
+    def test_without_the_graphics_processor_opengl_is_left_alone_and_other_programs_never_hear_it(self):
+        os.environ["TESSAVIEW_DRAWING"] = "software"
+        with desk.Program(PROGRAM, self.page, home=self.home) as program:
+            program.wait_strip(["[Red]"])
+            self.wait_red(program)
+            with open(f"/proc/{program.process.pid}/maps", encoding="utf-8") as maps:
+                loaded = maps.read()
+            self.assertEqual([each for each in ("_dri.so", "libGLX_mesa", "libgallium", "libEGL_") if each in loaded], [])
+            with open(f"/proc/{program.process.pid}/task/{program.process.pid}/children", encoding="ascii") as children:
+                started = children.read().split()
+            self.assertTrue(started)
+            for child in started:
+                with open(f"/proc/{child}/environ", "rb") as environment:
+                    self.assertFalse(b"QT_XCB_GL_INTEGRATION" in environment.read())
+            self.assertNotIn("OpenGL context", program.errors())
+
     @unittest.skipIf(os.path.isdir("/dev/dri"), "this computer may have a graphics processor")
     def test_without_a_graphics_processor_it_is_not_used(self):
         with desk.Program(PROGRAM, self.page, home=self.home) as program:

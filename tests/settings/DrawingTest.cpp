@@ -53,6 +53,25 @@ TEST(Drawing, WithoutAGraphicsProcessorNobodyIsAskedAndNothingKept) {
     EXPECT_TRUE(starts.settings.written.empty());
 }
 
+TEST(Drawing, IsKnownWithoutAskingOnceItWasFoundOut) {
+    Starts starts;
+    const auto known = [&] { return Drawing::KnownWay(starts.machine, starts.settings); };
+    EXPECT_EQ(known(), std::nullopt);
+    EXPECT_EQ(starts.asked, 0);
+    EXPECT_EQ(starts.Start(), DrawingWay::Graphics);
+    EXPECT_EQ(known(), DrawingWay::Graphics);
+    starts.machine.Surroundings = u"another driver";
+    EXPECT_EQ(known(), std::nullopt);
+    starts.Wish(DrawingWish::Software);
+    EXPECT_EQ(known(), DrawingWay::Software);
+    starts.Wish(DrawingWish::ByItself);
+    starts.machine.HasProcessor = false;
+    EXPECT_EQ(known(), DrawingWay::Software);
+    starts.machine.Command = u"hardware";
+    EXPECT_EQ(known(), DrawingWay::Graphics);
+    EXPECT_EQ(starts.asked, 1);
+}
+
 TEST(Drawing, WithoutOpenGlIsInSoftware) {
     Starts starts;
     starts.renderer.clear();
