@@ -45,7 +45,6 @@ QtFindBar::QtFindBar(QWidget* parent)
     m_text->setObjectName(QStringLiteral("txtFind"));
     m_text->setAccessibleName(QStringLiteral("Find on this page"));
     m_text->setPlaceholderText(QStringLiteral("Find on this page"));
-    m_text->setClearButtonEnabled(true);
     m_text->setMaximumWidth(360);
     auto* previous = NewToolButton(QStringLiteral("cmdPrevious"), QStringLiteral("Previous"), this);
     auto* next = NewToolButton(QStringLiteral("cmdNext"), QStringLiteral("Next"), this);
@@ -69,6 +68,7 @@ QtFindBar::QtFindBar(QWidget* parent)
 
 // Only now, because the theme is not chosen before the window is shown.
 void QtFindBar::ShowIcons() {
+    m_text->setClearButtonEnabled(true);
     for (const auto& [name, icon] : kIcons) {
         if (auto* button = findChild<QToolButton*>(QLatin1String(name)))
             button->setIcon(QIcon::fromTheme(QLatin1String(icon)));

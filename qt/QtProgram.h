@@ -27,6 +27,7 @@ private:
     void WireStartPage();
     void WireStrip();
     void ListTabs(QPoint corner);
+    void MakeTabList();
     [[nodiscard]] std::vector<QtTabListEntry> TabLines() const;
     void WireSession();
     void WireSleep();

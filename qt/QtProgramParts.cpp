@@ -111,7 +111,6 @@ QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
       keys(window),
       typing(window),
       fileDrop(window),
-      tabList(&strip),
       findBar(window.PageArea()),
       notices(window.PageArea()),
       offer(window.PageArea()),

@@ -124,7 +124,7 @@ struct QtProgram::Parts {
     QtKeys keys;
     QtTyping typing;
     QtFileDrop fileDrop;
-    QtTabList tabList;
+    std::optional<QtTabList> tabList; ///< once somebody has opened it
     QtFindBar findBar;
     QtNoticeBar notices;
     QtSessionOffer offer;

@@ -6,14 +6,8 @@ void QtProgram::WireStrip() {
     m->strip.PageIcon = [this](const Tab& tab) { return m->engine.Icon(tab.Tag); };
     m->strip.CloseRequested = [this](Tab& tab) { m->main.CloseBrowserTab(tab.Tag); };
     m->strip.ListRequested = [this](QPoint corner) { ListTabs(corner); };
-    m->tabList.Chosen = [&strip = m->main.pcPage](const Text& key) {
-        if (auto* tab = strip.Find(key)) strip.UserClick(tab);
-    };
-    m->tabList.CloseRequested = [this](const Text& key) {
-        if (const auto* tab = m->main.pcPage.Find(key)) m->main.CloseBrowserTab(tab->Tag);
-    };
     m->strip.Rearranged = [this] {
-        if (m->tabList.isVisible()) m->tabList.Refresh(TabLines());
+        if (m->tabList && m->tabList->isVisible()) m->tabList->Refresh(TabLines());
     };
     m->strip.NewMenuRequested = [this] { m->main.actBar.Popup(u"bndNewTab"); };
     m->strip.MuteRequested = [this](const Tab& tab) {
@@ -46,4 +40,17 @@ std::vector<QtTabListEntry> QtProgram::TabLines() const {
     return tabs;
 }
 
-void QtProgram::ListTabs(QPoint corner) { m->tabList.Open(TabLines(), corner); }
+void QtProgram::MakeTabList() {
+    m->tabList.emplace(&m->strip);
+    m->tabList->Chosen = [&strip = m->main.pcPage](const Text& key) {
+        if (auto* tab = strip.Find(key)) strip.UserClick(tab);
+    };
+    m->tabList->CloseRequested = [this](const Text& key) {
+        if (const auto* tab = m->main.pcPage.Find(key)) m->main.CloseBrowserTab(tab->Tag);
+    };
+}
+
+void QtProgram::ListTabs(QPoint corner) {
+    if (!m->tabList) MakeTabList();
+    m->tabList->Open(TabLines(), corner);
+}
