@@ -70,15 +70,24 @@ std::string Table(Words& words) {
     return html + "</table>";
 }
 
+// A box that goes to and fro over a gradient. It is fixed, so that it is on the screen however the page is scrolled.
+std::string Moving() {
+    return "<style>.band{position:fixed;left:0;right:0;bottom:0;height:160px;"
+           "background:linear-gradient(90deg,#36c,#c63,#3a6)}.box{width:120px;height:120px;margin:20px;"
+           "background:#fff;animation:go 2s linear infinite alternate}"
+           "@keyframes go{to{transform:translateX(calc(100vw - 180px)) rotate(180deg)}}</style>"
+           "<div class=band><div class=box></div></div>";
+}
+
 std::string Tail(const std::string& n) {
     return "<script>document.title='Page " + n + ": '+document.querySelectorAll('p').length+' paragraphs';" +
            "addEventListener('load',function(){fetch('/done?n=" + n + "')});</script></body></html>";
 }
 
-std::string Page(int number) {
+std::string Page(int number, const std::string& first = {}) {
     const std::string n = std::to_string(number);
     Words words(static_cast<std::uint32_t>(number));
-    std::string html = Head(n);
+    std::string html = Head(n) + first;
     for (int i = 1; i <= 4; ++i) html += "<img alt='' src=/picture/" + n + "-" + std::to_string(i) + ".bmp>";
     html += Table(words);
     for (int section = 1; html.size() < kPageBytes; ++section) {
@@ -119,6 +128,9 @@ int NumberAfter(std::string_view path, std::string_view prefix) {
 
 Answer AnswerFor(std::string_view path) {
     if (const int n = NumberAfter(path, "/page/"); n >= 0) return {200, "text/html; charset=utf-8", Page(n)};
+    if (const int n = NumberAfter(path, "/animated/"); n >= 0) {
+        return {200, "text/html; charset=utf-8", Page(n, Moving())};
+    }
     if (const int n = NumberAfter(path, "/style/"); n >= 0) return {200, "text/css", Style(n)};
     if (NumberAfter(path, "/script/") >= 0) return {200, "text/javascript", Script()};
     if (const int n = NumberAfter(path, "/icon/"); n >= 0) {

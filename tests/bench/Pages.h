@@ -12,5 +12,5 @@ struct Answer {
 
 /// What the server gives for a path. A page /page/<n> is about 60 kB of text with a table, its own style and script,
 /// and names a style sheet, a script, four pictures and an icon, all its own; when it has loaded it asks for
-/// /done?n=<n>. Other paths are answered with 404.
+/// /done?n=<n>. /animated/<n> is the same page with a box that moves for ever. Other paths are answered with 404.
 Answer AnswerFor(std::string_view path);
