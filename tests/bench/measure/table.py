@@ -62,9 +62,9 @@ def number(key, value):
 
 
 def cells(key, values):
-    """The three medians, and what TessaView needs of what the others need."""
+    """The three medians, and what TessaView needs of what the others need: so exactly that a verdict can be seen."""
     ours, *others = values
-    ratios = [f"{ours / other:.2f}" if ours is not None and other else "-" for other in others]
+    ratios = [f"{ours / other:.3f}" if ours is not None and other else "-" for other in others]
     return [number(key, value) for value in values] + ratios
 
 
