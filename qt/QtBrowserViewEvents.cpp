@@ -36,6 +36,7 @@ void QtBrowserView::ConnectLoading() {
         m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame, QtAddress::Shown(url));
     });
     connect(page, &QWebEnginePage::loadStarted, this, &QtBrowserView::OnLoadStarted);
+    connect(page, &QWebEnginePage::loadProgress, this, [this] { m_engine.NoteSign(m_index); });
     connect(page, &QWebEnginePage::loadFinished, this, &QtBrowserView::OnLoadFinished);
     connect(page, &QWebEnginePage::loadingChanged, this, &QtBrowserView::OnLoadingChanged);
     connect(page, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {

@@ -11,18 +11,26 @@
 #include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QEventLoop>
+#include <QThread>
 #include <QUuid>
 #include <algorithm>
 #include <chrono>
+#include <unistd.h>
 #include <utility>
 
 namespace {
 constexpr std::chrono::seconds kEndPatience{10};
 constexpr std::chrono::milliseconds kEndStep{50};
+/// How often the machine is looked at while pages wait for it. The system counts in hundredths of a second.
+constexpr NavigationQueue::Time kLook{50};
 } // namespace
 
 QtEngine::QtEngine(QWidget* pageArea, QtInstanceProfile& ownProfile)
-    : m_pageArea(pageArea), m_ownProfile(ownProfile), m_token(QUuid::createUuid().toString(QUuid::Id128)) {
+    : m_pageArea(pageArea),
+      m_ownProfile(ownProfile),
+      m_token(QUuid::createUuid().toString(QUuid::Id128)),
+      m_queue(static_cast<std::size_t>(std::max(QThread::idealThreadCount(), 1))),
+      m_idle(::sysconf(_SC_CLK_TCK)) {
     m_turn.setSingleShot(true);
     m_turn.callOnTimeout(this, [this] { Turn(); });
     m_clock.start();
@@ -159,6 +167,8 @@ void QtEngine::EndNavigation(std::int32_t index) {
     if (m_queue.Waiting() > 0) Schedule();
 }
 
+void QtEngine::NoteSign(std::int32_t index) { m_queue.NoteSign(index, NavigationQueue::Time{m_clock.elapsed()}); }
+
 void QtEngine::BringToFront(std::int32_t index) {
     if (m_front == index && m_shown == index) return;
     m_front = index;
@@ -232,13 +242,20 @@ void QtEngine::OnPrivatePageGone() {
 void QtEngine::Turn() {
     ShowFront();
     const NavigationQueue::Time now{m_clock.elapsed()};
+    LookAtMachine(now);
     // One page a turn: making one takes milliseconds in which no menu opens.
     if (const auto next = m_queue.Next(now)) {
         if (auto* view = Find(*next)) view->StartNavigation();
         Schedule();
     } else if (const auto deadline = m_queue.Deadline()) {
-        m_turn.start(std::max(*deadline - now, NavigationQueue::Time{1}));
+        m_turn.start(std::clamp(*deadline - now, NavigationQueue::Time{1}, kLook));
     }
+}
+
+void QtEngine::LookAtMachine(NavigationQueue::Time now) {
+    if (m_queue.Waiting() == 0 || now < m_looked + kLook) return;
+    m_looked = now;
+    if (const auto idle = m_idle.SinceLast(now)) m_queue.NoteIdle(*idle, now);
 }
 
 void QtEngine::ShowFront() {

@@ -7,6 +7,7 @@
 #include "qt/QtPageFullScreen.h"
 #include "qt/QtPageOutput.h"
 #include "qt/QtPersonInput.h"
+#include "tabs/IdleCores.h"
 #include "tabs/NavigationQueue.h"
 
 #include <QElapsedTimer>
@@ -119,6 +120,8 @@ public:
     void Forget(std::int32_t index);
     void RequestNavigation(std::int32_t index);
     void EndNavigation(std::int32_t index);
+    /// Something of the page that the view loads has come.
+    void NoteSign(std::int32_t index);
     void BringToFront(std::int32_t index);
     /// Asks for a turn: the waiting work is done once, at the next turn of the event loop.
     void Schedule();
@@ -147,6 +150,7 @@ private:
         return privacy == Privacy::Private ? m_privateAnswers : m_answers;
     }
     void Turn();
+    void LookAtMachine(NavigationQueue::Time now);
     void ShowFront();
     [[nodiscard]] QtBrowserView* Find(std::int32_t index) const;
     std::unique_ptr<QtProfile> MakeProfile(const QString& folder, const QString& cacheFolder);
@@ -162,7 +166,9 @@ private:
     std::vector<QPointer<QtPage>> m_ending; ///< pages that were there last when theirs ended
     std::map<std::int32_t, QtBrowserView*> m_views;
     NavigationQueue m_queue;
-    std::vector<QUrl> m_outside; ///< to be handed to the desktop once the engine starts
+    IdleCores m_idle;
+    NavigationQueue::Time m_looked{0}; ///< when the machine was last looked at
+    std::vector<QUrl> m_outside;       ///< to be handed to the desktop once the engine starts
     QTimer m_turn;
     QElapsedTimer m_clock;
     QtPageOutput m_output;

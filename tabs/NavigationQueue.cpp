@@ -15,28 +15,51 @@ std::optional<std::int32_t> NavigationQueue::Next(Time now) {
     const auto front = std::ranges::find(m_waiting, m_front);
     if (front != m_waiting.end()) return Start(front, now);
     if (m_waiting.empty() || !MayStartBehind(now)) return std::nullopt;
+    if (m_room > 0) --m_room;
     return Start(m_waiting.begin(), now);
+}
+
+void NavigationQueue::NoteSign(std::int32_t index, Time now) {
+    if (const auto load = m_loading.find(index); load != m_loading.end()) load->second.Sign = now;
+}
+
+void NavigationQueue::NoteIdle(double cores, Time now) {
+    const double free = FrontWorks(now) ? cores - kCoresForFront : cores;
+    m_room = free < kCoresForOne ? 0 : static_cast<std::size_t>(free / kCoresForOne);
 }
 
 std::optional<NavigationQueue::Time> NavigationQueue::Deadline() const {
     if (m_waiting.empty() || m_loading.empty()) return std::nullopt;
     Time soonest = Time::max();
-    for (const auto& [index, start] : m_loading) {
-        soonest = std::min(soonest, start + (index == m_front ? kFrontPatience : kLoadPatience));
+    for (const auto& [index, load] : m_loading) {
+        soonest = std::min(soonest, load.Start + (index == m_front ? kFrontPatience : kLoadPatience));
     }
     return soonest;
 }
 
-bool NavigationQueue::MayStartBehind(Time now) const {
+bool NavigationQueue::FrontLoads(Time now) const {
     const auto front = m_loading.find(m_front);
-    if (front != m_loading.end() && now < front->second + kFrontPatience) return false;
-    const auto counts = [&](const auto& each) { return each.first != m_front && now < each.second + kLoadPatience; };
-    return static_cast<std::size_t>(std::ranges::count_if(m_loading, counts)) < kAtATime;
+    return front != m_loading.end() && now < front->second.Start + kFrontPatience;
+}
+
+bool NavigationQueue::FrontWorks(Time now) const {
+    return FrontLoads(now) && now < m_loading.at(m_front).Sign + kQuiet;
+}
+
+bool NavigationQueue::MayStartBehind(Time now) const {
+    const auto counts = [&](const auto& each) {
+        return each.first != m_front && now < each.second.Start + kLoadPatience;
+    };
+    const auto loading = static_cast<std::size_t>(std::ranges::count_if(m_loading, counts));
+    const bool front = FrontLoads(now);
+    // Answers that come all at once must not find the front page's in a long row.
+    if (m_room > 0 && loading < (front ? kBesideFront * m_atATime : kMost)) return true;
+    return !front && loading < m_atATime;
 }
 
 std::int32_t NavigationQueue::Start(std::deque<std::int32_t>::iterator place, Time now) {
     const std::int32_t index = *place;
     m_waiting.erase(place);
-    m_loading[index] = now;
+    m_loading[index] = {now, now};
     return index;
 }

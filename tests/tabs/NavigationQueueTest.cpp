@@ -31,7 +31,7 @@ TEST(NavigationQueue, TheFrontPageStartsAloneAndTheOthersWhenItHasLoaded) {
     auto queue = Group(20);
     EXPECT_EQ(StartAll(queue), "20");
     queue.Remove(20);
-    EXPECT_EQ(StartAll(queue), First(NavigationQueue::kAtATime));
+    EXPECT_EQ(StartAll(queue), First(NavigationQueue::kLeast));
     EXPECT_EQ(StartAll(queue), "");
 }
 
@@ -41,7 +41,7 @@ TEST(NavigationQueue, EachPageThatEndsLetsTheNextOneStart) {
     queue.Remove(20);
     StartAll(queue);
     queue.Remove(2);
-    EXPECT_EQ(StartAll(queue), std::to_string(NavigationQueue::kAtATime + 1));
+    EXPECT_EQ(StartAll(queue), std::to_string(NavigationQueue::kLeast + 1));
 }
 
 TEST(NavigationQueue, APageBroughtToTheFrontNeedNotWait) {
@@ -85,6 +85,61 @@ TEST(NavigationQueue, AViewThatWaitsKeepsItsPlace) {
     queue.Remove(3);
     EXPECT_EQ(StartAll(queue), "1 2");
     EXPECT_EQ(queue.Loading(), 2u);
+}
+
+TEST(NavigationQueue, MoreCoresLoadMorePages) {
+    EXPECT_EQ(NavigationQueue(1).AtATime(), 4u);
+    EXPECT_EQ(NavigationQueue(2).AtATime(), 4u);
+    EXPECT_EQ(NavigationQueue(8).AtATime(), 16u);
+}
+
+TEST(NavigationQueue, IdleCoresTakeMorePages) {
+    auto queue = Group(20);
+    StartAll(queue);
+    queue.Remove(20);
+    StartAll(queue);
+    queue.NoteIdle(0.9, Time{100});
+    EXPECT_EQ(StartAll(queue, Time{100}), "5 6");
+    queue.NoteIdle(0.3, Time{150});
+    EXPECT_EQ(StartAll(queue, Time{150}), "");
+    queue.NoteIdle(0.9, Time{200});
+    queue.NoteIdle(0, Time{250});
+    EXPECT_EQ(StartAll(queue, Time{250}), "") << "that was idle and is no more";
+}
+
+TEST(NavigationQueue, TheFrontPageKeepsItsCoresWhileItWorks) {
+    auto queue = Group(20);
+    StartAll(queue);
+    queue.NoteIdle(1.5, Time{50});
+    EXPECT_EQ(StartAll(queue, Time{50}), "");
+    queue.NoteIdle(6.5, Time{100});
+    EXPECT_EQ(StartAll(queue, Time{100}), First(8))
+        << "what it does not need is for others, but not for any number of them";
+}
+
+TEST(NavigationQueue, WhileTheFrontPageWaitsForItsServerOthersLoad) {
+    auto queue = Group(20);
+    StartAll(queue);
+    queue.NoteSign(20, Time{100});
+    queue.NoteIdle(1.5, Time{299});
+    EXPECT_EQ(StartAll(queue, Time{299}), "");
+    queue.NoteIdle(1.5, Time{300});
+    EXPECT_EQ(StartAll(queue, Time{300}), "1 2 3");
+    queue.NoteSign(20, Time{310});
+    queue.NoteIdle(1.5, Time{350});
+    EXPECT_EQ(StartAll(queue, Time{350}), "") << "its answer has come";
+    queue.NoteSign(19, Time{350});
+    EXPECT_EQ(queue.Loading(), 4u) << "a page that does not load gives no sign";
+}
+
+TEST(NavigationQueue, HoweverIdleTheMachineIsNotAllLoadAtOnce) {
+    auto queue = Group(200);
+    StartAll(queue);
+    queue.Remove(200);
+    StartAll(queue);
+    queue.NoteIdle(100, Time{50});
+    StartAll(queue, Time{50});
+    EXPECT_EQ(queue.Loading(), NavigationQueue::kMost);
 }
 
 } // namespace
