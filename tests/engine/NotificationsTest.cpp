@@ -55,19 +55,27 @@ private:
 
 namespace {
 
-TEST(Notifications, ReachTheDesktopAndComeBack) {
-    NotificationDesktop desktop;
+/// A site that may notify, and who hears of it.
+class Notifications : public testing::Test {
+protected:
+    Notifications() {
+        notifications.Clicked = [this] { clicked = true; };
+        desk.engine.Permissions = &kept;
+        desk.engine.ProfileMade = [this](QWebEngineProfile& profile) { notifications.Follow(profile); };
+        kept.Remember({FromQt(server.Address({}, host)), SitePermission::Notifications, true});
+    }
+
+    const QString host = QStringLiteral("localhost");
     FakeSettings settings;
-    SitePermissions kept(settings);
+    SitePermissions kept{settings};
     LocalServer server;
     QtNotifications notifications;
     bool clicked = false;
-    notifications.Clicked = [&] { clicked = true; };
     EngineView desk;
-    desk.engine.Permissions = &kept;
-    desk.engine.ProfileMade = [&](QWebEngineProfile& profile) { notifications.Follow(profile); };
-    const QString host = QStringLiteral("localhost");
-    kept.Remember({FromQt(server.Address({}, host)), SitePermission::Notifications, true});
+};
+
+TEST_F(Notifications, ReachTheDesktopAndComeBack) {
+    NotificationDesktop desktop;
     server.Page(QStringLiteral("/page"),
                 "<script>Notification.requestPermission().then(() => {"
                 "const n = new Notification('Tea\\u202E is ready', {body: '<b>come</b>\\nnow'});"
@@ -88,21 +96,10 @@ TEST(Notifications, ReachTheDesktopAndComeBack) {
     EXPECT_TRUE(WaitUntil([&] { return desktop.closed == QList<uint>{1}; }));
 }
 
-TEST(Notifications, AreShownInTheWindowWhereTheDesktopShowsNone) {
-    FakeSettings settings;
-    SitePermissions kept(settings);
-    LocalServer server;
-    QtNotifications notifications;
+TEST_F(Notifications, AreShownInTheWindowWhereTheDesktopShowsNone) {
     QtNoticeBar bar(nullptr);
     notifications.ShowInside = [&](QtNoticeBar::Notice notice) { return bar.Add(std::move(notice)); };
     notifications.TakeBack = [&](int number) { bar.Remove(number); };
-    bool clicked = false;
-    notifications.Clicked = [&] { clicked = true; };
-    EngineView desk;
-    desk.engine.Permissions = &kept;
-    desk.engine.ProfileMade = [&](QWebEngineProfile& profile) { notifications.Follow(profile); };
-    const QString host = QStringLiteral("localhost");
-    kept.Remember({FromQt(server.Address({}, host)), SitePermission::Notifications, true});
     server.Page(QStringLiteral("/page"),
                 "<script>Notification.requestPermission().then(() => {"
                 "window.kept = new Notification('Tea'); window.other = new Notification('Cake', {body: 'two'});"
