@@ -59,6 +59,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       Downloads(Platform.downloads, Platform.downloadsFile),
       DownloadPanel(Downloads),
       Sleep(pcPage, Browser),
+      Relief(pcPage, Sleep),
       TaskView(pcPage, Browser),
       m_dispatcher(Commands) {
     DesignTimeBar::Make(actBar);
@@ -110,12 +111,16 @@ void frmMain::WireParts() {
     Commands.host.Exit = [this] { Platform.window.Close(); };
     WireGroups();
     WireDownloads();
+    WireSleep();
     m_dispatcher.DisableUnavailable();
     TabMoreCommands::ShowReopen(Commands);
 }
 
 void frmMain::WireGroups() {
-    Events.Loaded = [this](std::int16_t Index) { Groups.PageDone(Index); };
+    Events.Loaded = [this](std::int16_t Index) {
+        Groups.PageDone(Index);
+        Relief.Loaded(Index);
+    };
     Groups.ShowEditor = Platform.showTessaGroup;
     Commands.host.AddToTessaGroup = [this](TextView URL, TextView SGFile) { AddToTessaGroup(URL, SGFile); };
     Commands.host.SaveAsTessaGroup = [this](TextView path) { Groups.SaveAsTessaGroup(path); };
@@ -142,6 +147,11 @@ void frmMain::WireDownloads() {
     DownloadPanel.Shown = [this](bool shown) {
         if (auto* tool = actBar.Find(u"xtrDownloads")) tool->Checked = shown;
     };
+}
+
+void frmMain::WireSleep() {
+    Tabs.Opened = [this](std::int32_t index) { Sleep.Opened(index); };
+    Relief.Say = [this](TextView words) { Tabs.Say(words); };
 }
 
 void frmMain::Form_Load(TextView commandLine) {
@@ -258,6 +268,7 @@ void frmMain::Form_Unload() {
     Log::Note(LogLevel::Info, LogPart::Program, "ends, tabs", static_cast<std::int64_t>(pcPage.Count()));
     TaskView.Form.Visible = false;
     Sleep.SetPatience({});
+    Relief.End();
     MainUnload::Save(*this);
     Sessions.End();
     Downloads.End();

@@ -19,6 +19,7 @@
 #include "pages/frmDownloads.h"
 #include "settings/SiteChoice.h"
 #include "tabs/BrowserEvents.h"
+#include "tabs/MemoryRelief.h"
 #include "tabs/TabSleep.h"
 
 #include <functional>
@@ -152,6 +153,7 @@ public:
     ::Downloads Downloads;
     frmDownloads DownloadPanel;
     TabSleep Sleep;
+    MemoryRelief Relief;
     frmTaskView TaskView;
     bool RememberLastSites = true;
     /// Live copies of settings, where they take effect.
@@ -168,6 +170,7 @@ private:
     void WireParts();
     void WireGroups();
     void WireDownloads();
+    void WireSleep();
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
     void ShowSettingsDialog();

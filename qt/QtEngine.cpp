@@ -140,6 +140,11 @@ void QtEngine::Relayout() {
     if (auto* view = Front()) view->LayWidget();
 }
 
+void QtEngine::SetTight(bool tight) {
+    m_queue.SetTight(tight);
+    Schedule();
+}
+
 std::size_t QtEngine::PageCount() const {
     return static_cast<std::size_t>(
         std::ranges::count_if(m_views, [](const auto& each) { return each.second->Page() != nullptr; }));
@@ -247,8 +252,8 @@ void QtEngine::Turn() {
     if (const auto next = m_queue.Next(now)) {
         if (auto* view = Find(*next)) view->StartNavigation();
         Schedule();
-    } else if (const auto deadline = m_queue.Deadline()) {
-        m_turn.start(std::clamp(*deadline - now, NavigationQueue::Time{1}, kLook));
+    } else if (m_queue.Waiting() > 0) {
+        m_turn.start(std::min(m_queue.Deadline(now).value_or(now + kLook) - now, kLook));
     }
 }
 

@@ -84,6 +84,10 @@ public:
     std::function<std::string()> StartPage;
     /// The user has followed a link of the home page that is for the program and not for the engine.
     std::function<void(const QUrl&)> StartLink;
+    /// Whether pages wait for their turn to load.
+    [[nodiscard]] bool PagesWait() const { return m_queue.Waiting() > 0; }
+    /// Memory is very short, or no longer.
+    void SetTight(bool tight);
     /// How many engine pages exist.
     [[nodiscard]] std::size_t PageCount() const;
 

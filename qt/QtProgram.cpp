@@ -130,8 +130,22 @@ void QtProgram::WireSleep() {
     m->giveBack.setSingleShot(true);
     m->giveBack.setInterval(kGiveBackDelay);
     m->giveBack.callOnTimeout(GiveMemoryBack);
-    sleep.Slept = [this] { m->giveBack.start(); };
+    // Not put off by those that follow: while memory is short some fall asleep every second.
+    sleep.Slept = [this] {
+        if (!m->giveBack.isActive()) m->giveBack.start();
+    };
     sleep.Now = [] {
         return std::chrono::duration_cast<TabSleep::Time>(std::chrono::steady_clock::now().time_since_epoch());
     };
+    WireRelief();
+}
+
+void QtProgram::WireRelief() {
+    auto& relief = m->main.Relief;
+    m->relief.setSingleShot(true);
+    m->relief.callOnTimeout([&relief] { relief.Look(); });
+    relief.Schedule = [this](TabSleep::Time time) { m->relief.start(time); };
+    relief.Memory = &m->memory;
+    relief.OthersWait = [this] { return m->engine.PagesWait(); };
+    relief.Changed = [this](Shortage level) { m->engine.SetTight(level == Shortage::Severe); };
 }

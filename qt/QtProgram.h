@@ -31,6 +31,7 @@ private:
     [[nodiscard]] std::vector<QtTabListEntry> TabLines() const;
     void WireSession();
     void WireSleep();
+    void WireRelief();
 
     std::unique_ptr<Parts> m;
 };

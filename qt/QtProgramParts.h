@@ -1,5 +1,6 @@
 #pragma once
 #include "mainwindow/frmMain.h"
+#include "pages/MemoryFiles.h"
 #include "pages/SitePermissions.h"
 #include "qt/QtBarLook.h"
 #include "qt/QtBrowsingData.h"
@@ -104,6 +105,8 @@ struct QtProgram::Parts {
     QtTrash trash;
     QtDownloads downloads;
     QtNotifications notifications;
+    // Tests say by files of their own what the kernel would say.
+    MemoryFiles memory{qgetenv("TESSAVIEW_MEMORY").toStdString()};
     SitePermissions permissions{settings};
     QtLatinKeys latinKeys;
     QtMiddleClick middleClick;
@@ -132,5 +135,5 @@ struct QtProgram::Parts {
     QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
     QtTaskView taskView{main.TaskView, window};
     QtPageBars bars;
-    QTimer journal, retry, sleep, giveBack, homePages;
+    QTimer journal, retry, sleep, relief, giveBack, homePages;
 };

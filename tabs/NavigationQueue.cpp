@@ -28,11 +28,11 @@ void NavigationQueue::NoteIdle(double cores, Time now) {
     m_room = free < kCoresForOne ? 0 : static_cast<std::size_t>(free / kCoresForOne);
 }
 
-std::optional<NavigationQueue::Time> NavigationQueue::Deadline() const {
-    if (m_waiting.empty() || m_loading.empty()) return std::nullopt;
-    Time soonest = Time::max();
+std::optional<NavigationQueue::Time> NavigationQueue::Deadline(Time now) const {
+    std::optional<Time> soonest;
     for (const auto& [index, load] : m_loading) {
-        soonest = std::min(soonest, load.Start + (index == m_front ? kFrontPatience : kLoadPatience));
+        const Time end = load.Start + (index == m_front ? kFrontPatience : kLoadPatience);
+        if (end > now && !m_waiting.empty()) soonest = std::min(soonest.value_or(end), end);
     }
     return soonest;
 }
@@ -52,6 +52,7 @@ bool NavigationQueue::MayStartBehind(Time now) const {
     };
     const auto loading = static_cast<std::size_t>(std::ranges::count_if(m_loading, counts));
     const bool front = FrontLoads(now);
+    if (m_tight) return !front && loading < 1;
     // Answers that come all at once must not find the front page's in a long row.
     if (m_room > 0 && loading < (front ? kBesideFront * m_atATime : kMost)) return true;
     return !front && loading < m_atATime;

@@ -46,10 +46,14 @@ public:
     /// So many cores have had nothing to do since this was last told; what is free may start at once.
     void NoteIdle(double cores, Time now);
 
+    /// Memory is very short: behind the front they load one by one, so that each can be put to sleep before the next.
+    /// None waits for ever, whatever becomes of the memory.
+    void SetTight(bool tight) { m_tight = tight; }
+
     /// The next view that may start now; it counts as loading from then on.
     std::optional<std::int32_t> Next(Time now);
-    /// When to ask again although nothing has changed; nothing when no view waits.
-    [[nodiscard]] std::optional<Time> Deadline() const;
+    /// When to ask again although nothing has changed; nothing when no view waits for a time to go by.
+    [[nodiscard]] std::optional<Time> Deadline(Time now) const;
     [[nodiscard]] std::size_t Waiting() const { return m_waiting.size(); }
     [[nodiscard]] std::size_t Loading() const { return m_loading.size(); }
     [[nodiscard]] std::size_t AtATime() const { return m_atATime; }
@@ -70,4 +74,5 @@ private:
     std::map<std::int32_t, Load> m_loading;
     std::int32_t m_front = 0;
     std::size_t m_room = 0; ///< views that may start because something was idle
+    bool m_tight = false;
 };

@@ -58,6 +58,7 @@ BrowserView* TabSet::AddTab(ArrayView& view, std::int32_t index, InFront inFront
     ResumeNext(view.Control->Navigate(Address::kBlank));
     auto* tab = m_pcPage.Add(m_pcPage.PositionOf(m_pcPage.SelectedItem()) + 1, KeyOfTab(index));
     if (tab) tab->Tag = index;
+    if (tab && Opened) Opened(index);
     if (tab) m_pcPage.SetPrivate(tab, view.Privacy == Privacy::Private);
     ++NextBrowserIndex;
     if (tab) m_pcPage.SetCaption(tab, Text(kUntitledCaption));

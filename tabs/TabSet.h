@@ -113,6 +113,8 @@ public:
     std::function<void(ArrayView&)> PlaceView;
     std::function<void()> Resize;
     std::function<void()> CloseWindow;
+    /// A tab has come, with the view of that index. It is not selected yet.
+    std::function<void(std::int32_t Index)> Opened;
     /// One command closes several tabs, from here to the end of what it is told; one of them may only be blanked.
     std::function<void(const std::function<void()>& close)> ClosingSeveral;
     std::function<void(std::int32_t Index)> Blanking;

@@ -1,6 +1,7 @@
 #include "tabs/TabSleep.h"
 
 #include "common/TabStrip.h"
+#include "tabs/TabKeys.h"
 
 #include <algorithm>
 #include <iterator>
@@ -9,53 +10,72 @@
 
 void TabSleep::SetPatience(Time patience) {
     if (m_patience == patience) return;
-    m_patience = patience;
-    if (patience > Time{0})
-        Look();
-    else
-        m_seen.clear();
+    const bool wasOff = std::exchange(m_patience, patience) <= Time{0};
+    if (patience <= Time{0}) return;
+    if (wasOff && Now) m_since = Now();
+    Look();
+}
+
+void TabSleep::Opened(std::int32_t index) {
+    if (Now) m_seen.try_emplace(index, Seen{.last = Now()});
+}
+
+void TabSleep::Loaded(std::int32_t index) {
+    const auto seen = m_seen.find(index);
+    if (Now && seen != m_seen.end()) seen->second.again = std::max(seen->second.again, Now() + kIconPatience);
 }
 
 void TabSleep::Touch() {
-    if (!Now || m_patience <= Time{0}) return;
+    if (!Now) return;
     const auto* front = m_pcPage.SelectedItem();
+    const std::int32_t index = front ? front->Tag : 0;
     // Most changes of the strip are captions and pictures.
-    if ((front ? front->Tag : 0) == m_front && m_seen.size() == m_pcPage.Count()) return;
-    Note(Now());
+    if (index == m_front) return;
+    if (const auto left = m_seen.find(m_front); left != m_seen.end()) left->second = Seen{.last = Now()};
+    m_front = index;
 }
 
-void TabSleep::Note(Time now) {
-    if (const auto left = m_seen.find(m_front); left != m_seen.end()) left->second = Seen{now};
-    const auto* front = m_pcPage.SelectedItem();
-    m_front = front ? front->Tag : 0;
-    std::vector<std::int32_t> open;
+void TabSleep::NoteOpen(Time now) {
+    Touch();
     for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
         // A tab that has just come has no view yet; it will in a moment.
-        if (const std::int32_t index = m_pcPage.FindAt(position)->Tag; index != 0) open.push_back(index);
+        if (const std::int32_t index = m_pcPage.FindAt(position)->Tag; index != 0)
+            m_seen.try_emplace(index, Seen{.last = now});
     }
-    for (const std::int32_t index : open) m_seen.try_emplace(index, Seen{now});
-    if (m_seen.size() > open.size())
-        std::erase_if(m_seen, [&](const auto& each) { return std::ranges::find(open, each.first) == open.end(); });
+    std::erase_if(m_seen, [&](const auto& each) { return TabOfView(m_pcPage, each.first) == nullptr; });
+}
+
+PageLife* TabSleep::LifeBehind(std::int32_t index) {
+    auto* view = index == m_front ? nullptr : m_browser.Find(index);
+    return view ? view->Control->Life() : nullptr;
 }
 
 TabSleep::Time TabSleep::LookAt(std::int32_t index, Seen& seen, Time now) {
-    auto* view = m_browser.Find(index);
-    auto* life = view ? view->Control->Life() : nullptr;
-    if (!life || index == m_front) return m_patience;
+    const auto* life = LifeBehind(index);
+    if (!life) return m_patience;
     // Loaded again while it was behind: that is use, too.
     if (std::exchange(seen.asleep, life->Asleep()) && !seen.asleep) seen.last = now;
     if (seen.asleep) return m_patience;
-    const Time due = seen.last + m_patience;
+    const Time due = std::max(seen.last, m_since) + m_patience;
     if (due > now) return due - now;
-    if (life->Activity().Any() || life->Sleep() == Outcome::Failed) return kAgain;
-    seen.asleep = true;
-    return m_patience;
+    return TrySleep(index, now) ? m_patience : kAgain;
+}
+
+bool TabSleep::TrySleep(std::int32_t index, Time now) {
+    const auto seen = m_seen.find(index);
+    auto* life = LifeBehind(index);
+    if (seen == m_seen.end() || !life || now < seen->second.again || life->Activity().Any()) return false;
+    // Only to find out whether it may, the engine halts a page for a moment. That is not to happen every second.
+    const bool slept = life->Sleep() == Outcome::Done;
+    seen->second.asleep = slept;
+    if (!slept) seen->second.again = now + kAgain;
+    return slept;
 }
 
 void TabSleep::Look() {
     if (!Now || m_patience <= Time{0}) return;
     const Time now = Now();
-    Note(now);
+    NoteOpen(now);
     // What happens meanwhile may change which tabs there are.
     std::vector<std::int32_t> open;
     std::ranges::transform(m_seen, std::back_inserter(open), [](const auto& each) { return each.first; });
@@ -68,6 +88,42 @@ void TabSleep::Look() {
         next = std::min(next, LookAt(index, seen->second, now));
         slept |= seen->second.asleep && !asleep;
     }
-    if (slept && Slept) Slept();
+    TellSlept(slept);
     if (Schedule) Schedule(next);
+}
+
+std::size_t TabSleep::SleepLongest(std::size_t most) {
+    if (!Now) return 0;
+    const Time now = Now();
+    NoteOpen(now);
+    std::vector<std::pair<Time, std::int32_t>> awake;
+    for (auto& [index, seen] : m_seen) {
+        const auto* life = LifeBehind(index);
+        if (!life) continue;
+        if (std::exchange(seen.asleep, life->Asleep()) && !seen.asleep) seen.last = now;
+        if (!seen.asleep) awake.emplace_back(seen.last, index);
+    }
+    std::ranges::sort(awake);
+    std::size_t slept = 0;
+    for (const auto& [last, index] : awake) {
+        if (slept == most) break;
+        if (TrySleep(index, now)) ++slept;
+    }
+    TellSlept(slept > 0);
+    return slept;
+}
+
+bool TabSleep::SleepUnseen(std::int32_t index, Time since) {
+    if (!Now) return false;
+    Touch();
+    const auto seen = m_seen.find(index);
+    const auto* life = TabOfView(m_pcPage, index) ? LifeBehind(index) : nullptr;
+    if (seen == m_seen.end() || !life || life->Asleep() || seen->second.last > since) return false;
+    const bool slept = TrySleep(index, Now());
+    TellSlept(slept);
+    return slept;
+}
+
+void TabSleep::TellSlept(bool any) const {
+    if (any && Slept) Slept();
 }

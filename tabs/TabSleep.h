@@ -7,9 +7,9 @@
 
 class TabStrip;
 
-/// Puts tabs to sleep that were not looked at for a while, if the user wants that; by design parked tabs keep living.
-/// The tab in front never sleeps, nor does one whose page does something that would be lost or missed. A sleeping tab
-/// wakes by itself when it is selected. Owned by the main window; strip and views outlive it.
+/// Puts tabs to sleep that were not looked at for a while, if the user wants that, and when memory is short; by design
+/// parked tabs keep living. The tab in front never sleeps, nor does one whose page does something that would be lost or
+/// missed. A sleeping tab wakes by itself when it is selected. Owned by the main window; strip and views outlive it.
 class TabSleep {
 public:
     using Time = std::chrono::milliseconds; ///< on any steady clock
@@ -17,15 +17,27 @@ public:
     /// When to look again at a tab that had a reason to stay awake.
     static constexpr Time kAgain{60000};
 
+    /// A page's icon comes a little later than the page, and would be lost.
+    static constexpr Time kIconPatience{1000};
+
     TabSleep(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {}
 
     /// How long a tab may go without being looked at; zero for as long as it likes. For the tabs that are there when
     /// this is switched on, it begins then.
     void SetPatience(Time patience);
-    /// The strip has changed: notes what came, went and left the front.
+    /// A tab has come, with the view of that index.
+    void Opened(std::int32_t index);
+    /// A view's page has loaded: it stays awake for its icon.
+    void Loaded(std::int32_t index);
+    /// The strip has changed: notes what left the front. Costs the same however many tabs there are.
     void Touch();
     /// Puts to sleep what may sleep by now, and asks to be called again.
     void Look();
+
+    /// Puts up to so many tabs to sleep that may, those first that were not looked at longest; how many.
+    std::size_t SleepLongest(std::size_t most);
+    /// Puts a tab to sleep if it may and was not looked at after that time; whether it fell asleep now.
+    bool SleepUnseen(std::int32_t index, Time since);
 
     /// The present time. Filled in by the main window's owner; without it no tab sleeps.
     std::function<Time()> Now;
@@ -37,15 +49,21 @@ public:
 private:
     struct Seen {
         Time last{0};        ///< when the tab was last in front, or came
+        Time again{0};       ///< not to be put to sleep before
         bool asleep = false; ///< as far as we know
     };
-    void Note(Time now);
+    void NoteOpen(Time now);
+    /// What a tab's page says of itself; nothing for the one in front, and for one without a page.
+    [[nodiscard]] PageLife* LifeBehind(std::int32_t index);
     /// How long until there is something to decide about the tab.
     [[nodiscard]] Time LookAt(std::int32_t index, Seen& seen, Time now);
+    bool TrySleep(std::int32_t index, Time now);
+    void TellSlept(bool any) const;
 
     TabStrip& m_pcPage;
     ViewArray& m_browser;
     std::map<std::int32_t, Seen> m_seen;
     std::int32_t m_front = 0;
     Time m_patience{0};
+    Time m_since{0}; ///< when tabs that are there began to wait
 };

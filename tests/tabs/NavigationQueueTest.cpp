@@ -55,10 +55,10 @@ TEST(NavigationQueue, APageBroughtToTheFrontNeedNotWait) {
 TEST(NavigationQueue, AFrontPageThatHangsHoldsTheOthersUpForALimitedTime) {
     auto queue = Group(3);
     StartAll(queue);
-    EXPECT_EQ(queue.Deadline(), NavigationQueue::kFrontPatience);
+    EXPECT_EQ(queue.Deadline(Time{0}), NavigationQueue::kFrontPatience);
     EXPECT_EQ(StartAll(queue, NavigationQueue::kFrontPatience - Time{1}), "");
     EXPECT_EQ(StartAll(queue, NavigationQueue::kFrontPatience), "1 2");
-    EXPECT_EQ(queue.Deadline(), std::nullopt) << "nothing waits any more";
+    EXPECT_EQ(queue.Deadline(NavigationQueue::kFrontPatience), std::nullopt) << "nothing waits any more";
 }
 
 TEST(NavigationQueue, PagesThatHangBehindGiveTheirPlacesUp) {
@@ -66,7 +66,8 @@ TEST(NavigationQueue, PagesThatHangBehindGiveTheirPlacesUp) {
     StartAll(queue);
     queue.Remove(20);
     StartAll(queue);
-    EXPECT_EQ(queue.Deadline(), NavigationQueue::kLoadPatience);
+    EXPECT_EQ(queue.Deadline(Time{0}), NavigationQueue::kLoadPatience);
+    EXPECT_EQ(queue.Deadline(NavigationQueue::kLoadPatience), std::nullopt) << "that has passed";
     EXPECT_NE(StartAll(queue, NavigationQueue::kLoadPatience), "");
 }
 
@@ -140,6 +141,29 @@ TEST(NavigationQueue, HoweverIdleTheMachineIsNotAllLoadAtOnce) {
     queue.NoteIdle(100, Time{50});
     StartAll(queue, Time{50});
     EXPECT_EQ(queue.Loading(), NavigationQueue::kMost);
+}
+
+TEST(NavigationQueue, InVeryLittleMemoryPagesLoadOneByOneBehindTheFront) {
+    auto queue = Group(20);
+    queue.SetTight(true);
+    EXPECT_EQ(StartAll(queue), "20");
+    queue.Remove(20);
+    EXPECT_EQ(StartAll(queue), "1");
+    queue.Remove(1);
+    EXPECT_EQ(StartAll(queue), "2");
+    queue.SetFront(15);
+    EXPECT_EQ(StartAll(queue), "15") << "who is looked at need not wait";
+    queue.Remove(15);
+    queue.SetTight(false);
+    EXPECT_EQ(StartAll(queue), "3 4 5");
+}
+
+TEST(NavigationQueue, InVeryLittleMemoryNoneWaitsForEverForOneThatHangs) {
+    auto queue = Group(5);
+    queue.SetTight(true);
+    std::string started = StartAll(queue);
+    for (int i = 1; i <= 4; ++i) started += " " + StartAll(queue, i * NavigationQueue::kLoadPatience);
+    EXPECT_EQ(started, "5 1 2 3 4");
 }
 
 } // namespace

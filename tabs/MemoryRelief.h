@@ -1,0 +1,69 @@
+#pragma once
+#include "tabs/MemoryShortage.h"
+#include "tabs/TabSleep.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <optional>
+
+class TabStrip;
+
+/// Puts tabs to sleep when memory is short, whatever the user wants of idle ones: a page that is loaded again later is
+/// better than a program that the kernel ends. Few at a time, longest not looked at first; then the kernel is asked
+/// anew. While many pages load, those that have loaded behind the front sleep first: nobody has looked at them yet.
+/// Owned by the main window; strip and sleep outlive it.
+class MemoryRelief {
+public:
+    using Time = TabSleep::Time;
+
+    /// How often the kernel is asked while there is room, or nothing to put to sleep.
+    static constexpr Time kRare{5000};
+    /// How often at most: while memory is short, and while pages finish loading.
+    static constexpr Time kOften{1000};
+    /// How many tabs fall asleep between two questions, by how short memory is.
+    static constexpr std::size_t kFew = 4, kMany = 16;
+
+    MemoryRelief(TabStrip& pcPage, TabSleep& sleep) : m_pcPage(pcPage), m_sleep(sleep) {}
+
+    /// A view's page has loaded.
+    void Loaded(std::int32_t index);
+    /// Asks the kernel, does what has to be done about it, and asks to be called again.
+    void Look();
+    /// From now on nothing is done.
+    void End() { m_ended = true; }
+    [[nodiscard]] Shortage Level() const { return m_shortage.Level(); }
+
+    /// Without it memory is never short. Filled in by the program, like the others; outlives this object.
+    MemoryReader* Memory = nullptr;
+    /// Has `Look` called once after that time, instead of when it was asked for before.
+    std::function<void(Time)> Schedule;
+    /// Whether pages wait for their turn to load.
+    std::function<bool()> OthersWait;
+    /// Memory has become short, shorter, or less so.
+    std::function<void(Shortage)> Changed;
+    /// Tells the user why tabs sleep; once in a session.
+    std::function<void(TextView)> Say;
+
+private:
+    struct Fresh {
+        std::int32_t index;
+        Time loaded;
+    };
+    [[nodiscard]] bool Works() const { return Memory && Schedule && m_sleep.Now && !m_ended; }
+    void LookAt(Time due, Time now);
+    void Ask();
+    [[nodiscard]] std::size_t Relieve(Time now);
+    [[nodiscard]] std::size_t SleepFresh(Time now, std::size_t most);
+    void SayOnce();
+
+    TabStrip& m_pcPage;
+    TabSleep& m_sleep;
+    MemoryShortage m_shortage;
+    std::deque<Fresh> m_fresh; ///< loaded while others waited, in that order
+    std::optional<Time> m_asked, m_due;
+    bool m_said = false;
+    bool m_ended = false;
+};
