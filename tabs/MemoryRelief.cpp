@@ -29,45 +29,57 @@ void MemoryRelief::Look() {
     m_due.reset();
     if (!Works()) return;
     const Time now = m_sleep.Now();
-    m_asked = now;
-    Ask();
-    const std::size_t slept = Relieve(now);
-    if (slept > 0) SayOnce();
+    if (m_left == 0) Ask(now);
+    if (m_left > 0 && SleepOne(now)) {
+        m_slept = true;
+        SayOnce();
+        if (--m_left > 0) return LookAt(now + kPause, now);
+    }
+    m_left = 0;
     // What has just fallen asleep gives its memory back soon; what cannot sleep now may later.
-    if (slept > 0 || !m_fresh.empty())
-        LookAt(now + kOften, now);
+    if (m_slept || !m_fresh.empty())
+        LookAt(*m_asked + kOften, now);
     else if (m_pcPage.Count() > 1)
         LookAt(now + kRare, now);
 }
 
-void MemoryRelief::Ask() {
+void MemoryRelief::Ask(Time now) {
+    m_asked = now;
+    m_slept = m_freshSlept = false;
     const Shortage before = m_shortage.Level();
     const Shortage level = m_shortage.Note(Memory->Read());
-    if (level == before) return;
-    Log::Note(LogLevel::Info, LogPart::Engine, "how short memory is, 0 to 2", static_cast<std::int64_t>(level));
-    if (Changed) Changed(level);
-}
-
-std::size_t MemoryRelief::Relieve(Time now) {
-    if (Level() == Shortage::None) {
-        if (!OthersWait || !OthersWait()) m_fresh.clear();
-        return 0;
+    if (level != before) {
+        Log::Note(LogLevel::Info, LogPart::Engine, "how short memory is, 0 to 2", static_cast<std::int64_t>(level));
+        if (Changed) Changed(level);
     }
-    // As many as load in a second, or they would become more and more.
-    const std::size_t fresh = SleepFresh(now, kMany);
-    // What the user has had open before stays awake as long as that is enough.
-    if (Level() == Shortage::Short && (fresh > 0 || !m_fresh.empty())) return fresh;
-    return fresh + m_sleep.SleepLongest(Level() == Shortage::Severe ? kMany : kFew);
+    m_left = MostToSleep(now);
+    if (level == Shortage::None && (!OthersWait || !OthersWait())) m_fresh.clear();
 }
 
-std::size_t MemoryRelief::SleepFresh(Time now, std::size_t most) {
-    std::size_t slept = 0;
-    while (slept < most && !m_fresh.empty() && m_fresh.front().loaded + TabSleep::kIconPatience <= now) {
+// Of those that have just loaded as many as load in a second, or they would become more and more.
+std::size_t MemoryRelief::MostToSleep(Time now) const {
+    if (Level() == Shortage::None) return 0;
+    return Level() == Shortage::Severe || HasFresh(now) ? kMany : kFew;
+}
+
+bool MemoryRelief::HasFresh(Time now) const {
+    return !m_fresh.empty() && m_fresh.front().loaded + TabSleep::kIconPatience <= now;
+}
+
+bool MemoryRelief::SleepOne(Time now) {
+    if (SleepFresh(now)) return m_freshSlept = true;
+    // What the user has had open before stays awake as long as that is enough.
+    if (Level() == Shortage::Short && (m_freshSlept || !m_fresh.empty())) return false;
+    return m_sleep.SleepLongest(1) > 0;
+}
+
+bool MemoryRelief::SleepFresh(Time now) {
+    while (HasFresh(now)) {
         const Fresh fresh = m_fresh.front();
         m_fresh.pop_front();
-        if (m_sleep.SleepUnseen(fresh.index, fresh.loaded)) ++slept;
+        if (m_sleep.SleepUnseen(fresh.index, fresh.loaded)) return true;
     }
-    return slept;
+    return false;
 }
 
 void MemoryRelief::SayOnce() {

@@ -23,6 +23,8 @@ public:
     static constexpr Time kRare{5000};
     /// How often at most: while memory is short, and while pages finish loading.
     static constexpr Time kOften{1000};
+    /// The engine takes tens of milliseconds to put a page to sleep. In between the window answers its user.
+    static constexpr Time kPause{30};
     /// How many tabs fall asleep between two questions, by how short memory is.
     static constexpr std::size_t kFew = 4, kMany = 16;
 
@@ -30,7 +32,7 @@ public:
 
     /// A view's page has loaded.
     void Loaded(std::int32_t index);
-    /// Asks the kernel, does what has to be done about it, and asks to be called again.
+    /// Asks the kernel, or goes on with what has to be done about its answer, and asks to be called again.
     void Look();
     /// From now on nothing is done.
     void End() { m_ended = true; }
@@ -54,9 +56,11 @@ private:
     };
     [[nodiscard]] bool Works() const { return Memory && Schedule && m_sleep.Now && !m_ended; }
     void LookAt(Time due, Time now);
-    void Ask();
-    [[nodiscard]] std::size_t Relieve(Time now);
-    [[nodiscard]] std::size_t SleepFresh(Time now, std::size_t most);
+    void Ask(Time now);
+    [[nodiscard]] std::size_t MostToSleep(Time now) const;
+    [[nodiscard]] bool HasFresh(Time now) const;
+    bool SleepOne(Time now);
+    bool SleepFresh(Time now);
     void SayOnce();
 
     TabStrip& m_pcPage;
@@ -64,6 +68,9 @@ private:
     MemoryShortage m_shortage;
     std::deque<Fresh> m_fresh; ///< loaded while others waited, in that order
     std::optional<Time> m_asked, m_due;
+    std::size_t m_left = 0;    ///< how many more may fall asleep before the kernel is asked again
+    bool m_slept = false;      ///< some have, since it was asked
+    bool m_freshSlept = false; ///< pages that had just loaded among them
     bool m_said = false;
     bool m_ended = false;
 };
