@@ -41,10 +41,12 @@ Session SessionJournal::Snapshot() const {
 
 void SessionJournal::Keep(Session session) {
     if (session == m_written && m_unsettled.empty()) return;
-    m_written = session;
     session.Time = Now ? Now() : 0;
-    m_files.WriteOwn(session.Pages.empty() ? std::string() : SessionBytes(session),
-                     [this, unsettled = m_unsettled](Outcome outcome) { OnWritten(outcome, unsettled); });
+    const std::string bytes = session.Pages.empty() ? std::string() : SessionBytes(session);
+    // Of the time a session is written at it is not told apart. It is not copied: it may hold a thousand pages.
+    session.Time = 0;
+    m_written = std::move(session);
+    m_files.WriteOwn(bytes, [this, unsettled = m_unsettled](Outcome outcome) { OnWritten(outcome, unsettled); });
 }
 
 void SessionJournal::OnWritten(Outcome outcome, const std::vector<Text>& unsettled) {

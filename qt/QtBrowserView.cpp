@@ -199,7 +199,10 @@ void QtBrowserView::ApplyZoom() {
 
 Text QtBrowserView::LocationURL() const {
     if (!m_committed && m_late) return Text(Address::kBlank);
-    return QtAddress::Shown(m_committed ? m_shown : m_requested);
+    // Whoever writes the session down asks every tab at every change of any.
+    const QUrl& address = m_committed ? m_shown : m_requested;
+    if (address != m_told) m_toldText = QtAddress::Shown(m_told = address);
+    return m_toldText;
 }
 
 std::string QtBrowserView::History() const {

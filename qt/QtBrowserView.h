@@ -140,6 +140,8 @@ private:
     QByteArray m_pendingHistory;                  ///< where the page that is asked for has been
     QUrl m_requested;                             ///< the address of the last navigation from outside the page
     QUrl m_fallback;                              ///< where to go when that cannot connect
+    mutable QUrl m_told;                          ///< the address that was told last
+    mutable Text m_toldText;                      ///< as it was told
     Text m_fallbackOf;                            ///< what cannot be connected to then
     QUrl m_shown;                                 ///< the address of the document shown, whatever is to come
     std::shared_ptr<const QByteArray> m_preview;  ///< the PDF that the view was opened for

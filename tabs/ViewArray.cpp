@@ -1,5 +1,7 @@
 #include "tabs/ViewArray.h"
 
+#include <utility>
+
 void ArrayView::Park() {
     if (m_parked) return;
     m_parked = true;
@@ -7,13 +9,17 @@ void ArrayView::Park() {
     Control->SetTabStop(false);
 }
 
+void ArrayView::ComeIntoSight() {
+    if (std::exchange(m_parked, false) && m_inSight) m_inSight->push_back(m_index);
+}
+
 void ArrayView::Unpark() {
-    m_parked = false;
+    ComeIntoSight();
     Control->SetTabStop(true);
 }
 
 void ArrayView::Place(const Rect& place) {
-    m_parked = false;
+    ComeIntoSight();
     Control->Move(place);
 }
 
@@ -28,6 +34,8 @@ ArrayView* ViewArray::Load(std::int32_t index, Privacy privacy) {
     ArrayView& view = m_views[index];
     view.Control = std::move(control);
     view.Privacy = privacy;
+    view.m_index = index;
+    view.m_inSight = &m_inSight;
     view.Park();
     return &view;
 }
@@ -47,7 +55,11 @@ void ViewArray::UnloadAll() {
 }
 
 void ViewArray::ParkAllBut(std::int32_t index) {
-    for (auto& [each, view] : m_views) {
-        if (each != index) view.Park();
+    // Parking may bring another one into sight.
+    for (const std::int32_t each : std::exchange(m_inSight, {})) {
+        if (each == index)
+            m_inSight.push_back(each);
+        else if (auto* view = Find(each))
+            view->Park();
     }
 }

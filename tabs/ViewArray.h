@@ -5,6 +5,7 @@
 #include <limits>
 #include <map>
 #include <memory>
+#include <vector>
 
 /// Where a view that is not selected has its left edge: far outside any screen, alive.
 inline constexpr Twips kParkedLeft{100000};
@@ -36,6 +37,11 @@ struct ArrayView {
     void Place(const Rect& place);
 
 private:
+    friend class ViewArray;
+    void ComeIntoSight();
+
+    std::int32_t m_index = 0;
+    std::vector<std::int32_t>* m_inSight = nullptr; ///< the array's; nothing for a view of no array
     bool m_parked = false;
 };
 
@@ -48,6 +54,8 @@ public:
 
     /// `views` and `events` must outlive the array.
     ViewArray(BrowserViewFactory& views, BrowserViewEvents& events);
+    ViewArray(const ViewArray&) = delete;
+    ViewArray& operator=(const ViewArray&) = delete;
 
     /// Makes element `index`, parked. Nothing when the index is in use or above the highest, or when the engine has no
     /// view to give.
@@ -57,12 +65,13 @@ public:
     void Unload(std::int32_t index);
     /// Destroys every element, at the end of the window. No more can be made.
     void UnloadAll();
-    /// Parks every view but that one.
+    /// Parks every view but that one. Costs what is in sight, not what there is.
     void ParkAllBut(std::int32_t index);
 
 private:
     BrowserViewFactory& m_factory;
     BrowserViewEvents& m_events;
     std::map<std::int32_t, ArrayView> m_views;
+    std::vector<std::int32_t> m_inSight; ///< every view that is not parked is among these
     bool m_ended = false;
 };

@@ -21,11 +21,11 @@ public:
     Outcome GoForward() override;
     Outcome GoHome() override;
     Outcome ExecWB(BrowserCommand command) override;
-    [[nodiscard]] Text LocationName() const override { return name; }
+    [[nodiscard]] Text LocationName() const override { return Answer(name); }
     [[nodiscard]] PageDocument* Document() override { return hasDocument ? this : nullptr; }
     Outcome Zoom(int level) override;
     [[nodiscard]] PageTools* Tools() override { return hasTools ? this : nullptr; }
-    [[nodiscard]] PageLife* Life() override { return hasLife ? this : nullptr; }
+    [[nodiscard]] PageLife* Life() override { return Answer(hasLife) ? this : nullptr; }
     [[nodiscard]] PageActivity Activity() const override { return activity; }
     [[nodiscard]] bool Asleep() const override { return asleep; }
     Outcome Sleep() override;
@@ -39,7 +39,7 @@ public:
     void FindSelectedLinks(std::function<void(std::vector<Text>)> answer) override { answer(selectedLinks); }
     [[nodiscard]] int ZoomLevel() const override { return zoom; }
     [[nodiscard]] bool Busy() const override { return busy; }
-    [[nodiscard]] Text LocationURL() const override { return location; }
+    [[nodiscard]] Text LocationURL() const override { return Answer(location); }
     [[nodiscard]] bool Blank() const override { return location == u"about:blank" || location == u"tessaview:private"; }
     [[nodiscard]] bool MayHold() const override { return mayHold; }
     void AskToLeave(LeaveReason why, std::function<void(bool holds)> told) override;
@@ -88,6 +88,10 @@ public:
     Rect place;
     Twips left{0};
     std::vector<std::string> calls; ///< in order: "go about:blank", "stop", ...
+
+private:
+    template<typename Value>
+    Value Answer(const Value& value) const;
 };
 
 /// Makes fake views and lets the test reach them by index.
@@ -106,4 +110,11 @@ public:
     int front = 0;                        ///< the view last brought to the front
     int focused = 0;                      ///< the view that last got the keyboard
     bool refuses = false;                 ///< no view is made any more
+    std::size_t asked = 0;                ///< how often any of them was asked what its page is, and how it lives
 };
+
+template<typename Value>
+Value FakeView::Answer(const Value& value) const {
+    ++all.asked;
+    return value;
+}

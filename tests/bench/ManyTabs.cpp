@@ -1,0 +1,142 @@
+// What a tab costs the shell itself when many are open: time to open one, memory, and what a change of one holds the
+// window up for until it is written down. Real views, strip and files; no page of the engine exists. The exit code is 1
+// when a thousand tabs cost more than they may.
+#include "mainwindow/frmMain.h"
+#include "qt/QtEngine.h"
+#include "qt/QtInstanceProfile.h"
+#include "qt/QtSessionFiles.h"
+#include "qt/QtStatusBar.h"
+#include "qt/QtTabStrip.h"
+#include "qt/QtText.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeDownloads.h"
+#include "tests/fakes/FakeSettings.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <QApplication>
+#include <QWebEngineView>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <malloc.h>
+
+namespace {
+
+constexpr double kMostOpening = 50;   // microseconds a tab
+constexpr double kMostMemory = 20000; // bytes a tab
+constexpr double kMostWriting = 2000; // microseconds a change
+constexpr int kRounds = 20;
+
+using Clock = std::chrono::steady_clock;
+
+double MicrosecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
+}
+
+/// A window before the engine has started.
+class Shell {
+public:
+    Shell() {
+        main.Sleep.Now = [] { return std::chrono::duration_cast<TabSleep::Time>(Clock::now().time_since_epoch()); };
+        main.Sessions.Schedule = [] {};
+        strip.resize(1000, 24);
+        main.Form_Load(u"about:blank");
+    }
+    ~Shell() { main.Form_Unload(); }
+
+    /// Opens tabs as a group does, and has them know their titles.
+    void Open(int count) {
+        for (int i = 0; i < count; ++i) {
+            auto* view = main.GetNewBrowser(InFront::Yes);
+            ResumeNext(view->Navigate(u"https://www.news.example/section/today/article-" + Decimal(++m_last) +
+                                      u"?from=front&page=2"));
+            main.Tabs.SetTabTitle(main.Tabs.CurrentIndex(), u"An article of some length about number " + Decimal(i));
+        }
+        QApplication::processEvents();
+    }
+    /// Another tab each time goes to another address.
+    double ChangeAndWrite() {
+        auto* tab = main.pcPage.FindAt(2 + static_cast<std::size_t>(m_changes * 7) % (main.pcPage.Count() - 1));
+        ResumeNext(main.Browser.Find(tab->Tag)->Control->Navigate(u"https://a.example/" + Decimal(++m_changes)));
+        const auto start = Clock::now();
+        main.Sessions.Write();
+        return MicrosecondsSince(start);
+    }
+
+    TemporaryFolder folder;
+    FakeLog log;
+    FakeSettings settings;
+    FakeMessages messages;
+    FakeFiles files;
+    FakeWindow window{log};
+    FakeSplash splash{log};
+    FakeLayoutFile layout;
+    FakeDefaultBrowser defaultBrowser;
+    FakeShell shell;
+    FakeFolderWatch folderWatch;
+    FakeTrash trash;
+    FakeDownloads downloads;
+    QtSessionFiles sessions{ToQt(folder.PathText("sessions"))};
+    QtInstanceProfile ownProfile{{}, {}};
+    QWidget pageArea;
+    QtEngine engine{&pageArea, ownProfile};
+    frmMain main{{.window = window,
+                  .views = engine,
+                  .settings = settings,
+                  .messages = messages,
+                  .files = files,
+                  .splash = splash,
+                  .sessions = sessions,
+                  .layout = layout,
+                  .defaultBrowser = defaultBrowser,
+                  .shell = shell,
+                  .folderWatch = folderWatch,
+                  .trash = trash,
+                  .downloads = downloads,
+                  .showSettings = {},
+                  .showDefBrowser = {},
+                  .showAbout = {},
+                  .showResize = {},
+                  .programPath = {},
+                  .groupFolder = {}}};
+    QtTabStrip strip{main.pcPage};
+
+private:
+    int m_last = 0;
+    int m_changes = 0;
+};
+
+struct Cost {
+    double opening, memory, writing;
+};
+
+Cost Measure(int tabs) {
+    Shell shell;
+    shell.Open(10);
+    shell.ChangeAndWrite();
+    const auto before = ::mallinfo2().uordblks;
+    const auto start = Clock::now();
+    shell.Open(tabs);
+    const double opening = MicrosecondsSince(start) / tabs;
+    const double memory = static_cast<double>(::mallinfo2().uordblks - before) / tabs;
+    std::vector<double> writes;
+    for (int i = 0; i < kRounds; ++i) writes.push_back(shell.ChangeAndWrite());
+    std::ranges::sort(writes);
+    return {opening, memory, writes[kRounds / 2]};
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    std::puts("tabs   open, us/tab   memory, bytes/tab   write a change, us");
+    bool met = true;
+    for (const int tabs : {10, 100, 1000, 4000}) {
+        const Cost cost = Measure(tabs);
+        std::printf("%4d   %11.1f   %17.0f   %18.0f\n", tabs, cost.opening, cost.memory, cost.writing);
+        if (tabs == 1000)
+            met = cost.opening <= kMostOpening && cost.memory <= kMostMemory && cost.writing <= kMostWriting;
+    }
+    std::puts(met ? "A thousand tabs cost what they may." : "A thousand tabs cost more than they may.");
+    return met ? 0 : 1;
+}
