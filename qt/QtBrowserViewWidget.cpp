@@ -188,9 +188,11 @@ void QtBrowserView::Release() {
     m_pending.reset();
     m_engine.FullScreen().Leave(m_widget);
     m_life.reset();
+    // All views are asked about what is left. When a thousand end, that is not to happen for each.
+    const bool captured = m_questions && !m_questions->permissions.Captures().empty();
     m_questions.reset();
     DropPreviewBar();
-    m_engine.ReportCaptures();
+    if (captured) m_engine.ReportCaptures();
     if (m_page) m_page->disconnect(this);
     if (m_widget) {
         m_widget->hide();
