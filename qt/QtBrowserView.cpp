@@ -87,6 +87,7 @@ void QtBrowserView::Renew() {
     };
     connect(m_page.get(), &QWebEnginePage::loadFinished, this, back,
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    m_questions->permissions.BeginNavigation();
     m_awaited->Ask();
     m_page->Await(blank);
     m_page->load(blank);

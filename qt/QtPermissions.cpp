@@ -46,7 +46,7 @@ QtPermissions::QtPermissions(QtPage& page, PageQuestions& questions, SitePermiss
 
 void QtPermissions::FollowCaptures() {
     connect(&m_page, &QtPage::NavigationRequested, this, [this](const QUrl&, bool topLevel) {
-        if (topLevel) ChangeCaptures(&PageCaptures::BeginNavigation);
+        if (topLevel) BeginNavigation();
     });
     connect(&m_page, &QtPage::DocumentBegan, this, [this] { ChangeCaptures(&PageCaptures::ShowDocument); });
     connect(&m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { ChangeCaptures(&PageCaptures::End); });

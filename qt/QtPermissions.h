@@ -35,6 +35,8 @@ public:
     /// A decision about the page's site was forgotten: the engine is to ask again.
     void Forget(const SiteDecision& forgotten);
 
+    /// The program itself replaces the page, of which the engine does not tell beforehand.
+    void BeginNavigation() { ChangeCaptures(&PageCaptures::BeginNavigation); }
     /// What the page may see and hear of its user, in words.
     [[nodiscard]] Text Captures() const { return m_captures.Words(); }
     /// That has changed.
