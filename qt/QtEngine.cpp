@@ -140,8 +140,9 @@ void QtEngine::Relayout() {
     if (auto* view = Front()) view->LayWidget();
 }
 
-void QtEngine::SetTight(bool tight) {
-    m_queue.SetTight(tight);
+void QtEngine::SetShortage(Shortage shortage) {
+    m_shortage = shortage;
+    m_queue.SetTight(shortage == Shortage::Severe);
     Schedule();
 }
 
@@ -260,7 +261,9 @@ void QtEngine::Turn() {
 void QtEngine::LookAtMachine(NavigationQueue::Time now) {
     if (m_queue.Waiting() == 0 || now < m_looked + kLook) return;
     m_looked = now;
-    if (const auto idle = m_idle.SinceLast(now)) m_queue.NoteIdle(*idle, now);
+    // What is idle loads nothing more than usual while what is loaded has to be put to sleep.
+    const bool roomy = m_shortage == Shortage::None;
+    if (const auto idle = m_idle.SinceLast(now)) m_queue.NoteIdle(roomy ? *idle : 0, now);
 }
 
 void QtEngine::ShowFront() {

@@ -8,6 +8,7 @@
 #include "qt/QtPageOutput.h"
 #include "qt/QtPersonInput.h"
 #include "tabs/IdleCores.h"
+#include "tabs/MemoryShortage.h"
 #include "tabs/NavigationQueue.h"
 
 #include <QElapsedTimer>
@@ -86,8 +87,8 @@ public:
     std::function<void(const QUrl&)> StartLink;
     /// Whether pages wait for their turn to load.
     [[nodiscard]] bool PagesWait() const { return m_queue.Waiting() > 0; }
-    /// Memory is very short, or no longer.
-    void SetTight(bool tight);
+    /// How short memory is from now on.
+    void SetShortage(Shortage shortage);
     /// How many engine pages exist.
     [[nodiscard]] std::size_t PageCount() const;
 
@@ -171,6 +172,7 @@ private:
     std::map<std::int32_t, QtBrowserView*> m_views;
     NavigationQueue m_queue;
     IdleCores m_idle;
+    Shortage m_shortage = Shortage::None;
     NavigationQueue::Time m_looked{0}; ///< when the machine was last looked at
     std::vector<QUrl> m_outside;       ///< to be handed to the desktop once the engine starts
     QTimer m_turn;

@@ -147,5 +147,5 @@ void QtProgram::WireRelief() {
     relief.Schedule = [this](TabSleep::Time time) { m->relief.start(time); };
     relief.Memory = &m->memory;
     relief.OthersWait = [this] { return m->engine.PagesWait(); };
-    relief.Changed = [this](Shortage level) { m->engine.SetTight(level == Shortage::Severe); };
+    relief.Changed = [this](Shortage level) { m->engine.SetShortage(level); };
 }

@@ -32,7 +32,7 @@ protected:
         relief.Memory = &files;
         relief.Schedule = [this](TabSleep::Time time) { timer.start(time); };
         relief.OthersWait = [this] { return desk.engine.PagesWait(); };
-        relief.Changed = [this](Shortage level) { desk.engine.SetTight(level == Shortage::Severe); };
+        relief.Changed = [this](Shortage level) { desk.engine.SetShortage(level); };
     }
     void SayFree(int megabytes) {
         folder.Write("proc/meminfo",
