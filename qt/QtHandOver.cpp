@@ -23,7 +23,7 @@ namespace QtHandOver {
 bool TryWithoutWindow(TextView commandLine) {
     const QtFolders folders = QtFolders::Find(QtFolders::ProgramFile());
     const QtLog log(folders.state);
-    QtSettingsStorage settings(folders.settings);
+    QtSettingsStorage settings(folders.settings, QtSettingsStorage::Damaged::LeftAlone);
     if (MayAsk(settings)) return false;
     QtInstanceSender instances(folders.state);
     QtLayoutFile layout(folders.program);

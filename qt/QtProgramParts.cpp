@@ -37,7 +37,8 @@ int& BeforeApplication(int& argc, char** argv) {
     NameDisplay(argc, argv);
     QtStartPage::RegisterScheme();
     QtDialogScheme::RegisterScheme();
-    QtSettingsStorage settings(QtFolders::Find(QtFolders::ProgramFile()).settings);
+    QtSettingsStorage settings(QtFolders::Find(QtFolders::ProgramFile()).settings,
+                               QtSettingsStorage::Damaged::LeftAlone);
     QtDrawing::Prepare(settings);
     // Not the display name, which Qt appends to the title of every window.
     QCoreApplication::setApplicationName(QStringLiteral("TessaView"));

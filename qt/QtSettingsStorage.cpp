@@ -78,8 +78,8 @@ private:
     std::optional<bool> m_takes; // asked on the first write
 };
 
-QtSettingsStorage::QtSettingsStorage(QString folder)
-    : m_folder(std::move(folder)), m_file(m_folder + QStringLiteral("/settings.ini")) {}
+QtSettingsStorage::QtSettingsStorage(QString folder, Damaged damaged)
+    : m_folder(std::move(folder)), m_file(m_folder + QStringLiteral("/settings.ini")), m_damaged(damaged) {}
 
 std::unique_ptr<SettingsStorage> QtSettingsStorage::Open() {
     Loaded loaded = Load();
@@ -110,6 +110,7 @@ std::optional<SettingsValues> QtSettingsStorage::LoadSound() {
         m_saidUnreadable = false;
         return std::move(loaded.values);
     }
+    if (m_damaged == Damaged::LeftAlone) return std::nullopt;
     if (loaded.trouble == Trouble::Damaged && PutAside()) return SettingsValues();
     Log::Note(LogLevel::Error, LogPart::Settings, "could not be read");
     if (!m_saidUnreadable) Say(QStringLiteral("The settings could not be read."));

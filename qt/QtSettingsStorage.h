@@ -18,8 +18,11 @@
 /// another process written within the same tick of the clock is missed, and then overwritten.
 class QtSettingsStorage : public SettingsStorageFactory {
 public:
+    /// A start that cannot tell its user leaves a damaged file to one that can: what it reads is empty then, and what
+    /// it writes is not kept.
+    enum class Damaged { PutAside, LeftAlone };
     /// The folder is made on the first write.
-    explicit QtSettingsStorage(QString folder);
+    explicit QtSettingsStorage(QString folder, Damaged damaged = Damaged::PutAside);
 
     /// The storage must not outlive this factory. Never null.
     std::unique_ptr<SettingsStorage> Open() override;
@@ -54,6 +57,7 @@ private:
 
     QString m_folder;
     QString m_file;
+    Damaged m_damaged;
     std::function<void(Text)> m_report;
     std::vector<Text> m_unsaid;
     bool m_saidUnreadable = false;

@@ -142,6 +142,18 @@ TEST_F(QtSettingsStorageTest, KeepsAsideAFileThatIsDamagedWhileItIsInUse) {
     EXPECT_EQ(m_said.size(), 1);
 }
 
+TEST_F(QtSettingsStorageTest, LeavesADamagedFileToWhoeverCanSaySo) {
+    ASSERT_TRUE(QDir().mkpath(m_folder));
+    WriteFile(m_file, "garbage");
+    QtSettingsStorage early(m_folder, QtSettingsStorage::Damaged::LeftAlone);
+    EXPECT_FALSE(early.Open()->Read(u"A"));
+    { ResumeNext(early.Open()->Write(u"A", u"1")); }
+    EXPECT_EQ(FileBytes(m_file), "garbage");
+    EXPECT_FALSE(m_settings.Open()->Read(u"A"));
+    EXPECT_EQ(FileBytes(m_file + QStringLiteral(".damaged-1")), "garbage");
+    EXPECT_EQ(m_said.size(), 1);
+}
+
 TEST_F(QtSettingsStorageTest, SaysWhatHappenedBeforeAnybodyListened) {
     ASSERT_TRUE(QDir().mkpath(m_folder));
     WriteFile(m_file, "garbage");
