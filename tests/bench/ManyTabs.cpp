@@ -1,16 +1,13 @@
 // What a tab costs the shell itself when many are open: time to open one, memory, and what a change of one holds the
 // window up for until it is written down. Real views, strip and files; no page of the engine exists. The exit code is 1
 // when a thousand tabs cost more than they may.
-#include "mainwindow/frmMain.h"
 #include "qt/QtEngine.h"
 #include "qt/QtInstanceProfile.h"
 #include "qt/QtSessionFiles.h"
 #include "qt/QtStatusBar.h"
 #include "qt/QtTabStrip.h"
 #include "qt/QtText.h"
-#include "tests/fakes/FakeDesktop.h"
-#include "tests/fakes/FakeDownloads.h"
-#include "tests/fakes/FakeSettings.h"
+#include "tests/fakes/FakeSurroundings.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <QApplication>
@@ -34,7 +31,7 @@ double MicrosecondsSince(Clock::time_point start) {
 }
 
 /// A window before the engine has started.
-class Shell {
+class Shell : FakeSurroundings {
 public:
     Shell() {
         main.Sleep.Now = [] { return std::chrono::duration_cast<TabSleep::Time>(Clock::now().time_since_epoch()); };
@@ -64,41 +61,11 @@ public:
     }
 
     TemporaryFolder folder;
-    FakeLog log;
-    FakeSettings settings;
-    FakeMessages messages;
-    FakeFiles files;
-    FakeWindow window{log};
-    FakeSplash splash{log};
-    FakeLayoutFile layout;
-    FakeDefaultBrowser defaultBrowser;
-    FakeShell shell;
-    FakeFolderWatch folderWatch;
-    FakeTrash trash;
-    FakeDownloads downloads;
-    QtSessionFiles sessions{ToQt(folder.PathText("sessions"))};
+    QtSessionFiles ownSessions{ToQt(folder.PathText("sessions"))};
     QtInstanceProfile ownProfile{{}, {}};
     QWidget pageArea;
     QtEngine engine{&pageArea, ownProfile};
-    frmMain main{{.window = window,
-                  .views = engine,
-                  .settings = settings,
-                  .messages = messages,
-                  .files = files,
-                  .splash = splash,
-                  .sessions = sessions,
-                  .layout = layout,
-                  .defaultBrowser = defaultBrowser,
-                  .shell = shell,
-                  .folderWatch = folderWatch,
-                  .trash = trash,
-                  .downloads = downloads,
-                  .showSettings = {},
-                  .showDefBrowser = {},
-                  .showAbout = {},
-                  .showResize = {},
-                  .programPath = {},
-                  .groupFolder = {}}};
+    frmMain main{Platform(engine, nullptr, &ownSessions)};
     QtTabStrip strip{main.pcPage};
 
 private:

@@ -19,28 +19,10 @@ namespace {
 constexpr int kFrames = 60;
 
 /// The whole window with a page in it.
-class WholeWindow {
+class WholeWindow : FakeSurroundings {
 public:
     explicit WholeWindow(const QString& address)
-        : main({.window = window,
-                .views = engine,
-                .settings = settings,
-                .messages = messages,
-                .files = files,
-                .splash = splash,
-                .sessions = sessions,
-                .layout = layout,
-                .defaultBrowser = defaultBrowser,
-                .shell = shell,
-                .folderWatch = folderWatch,
-                .trash = trash,
-                .downloads = downloads,
-                .showSettings = {},
-                .showDefBrowser = {},
-                .showAbout = {},
-                .showResize = {},
-                .programPath = {},
-                .groupFolder = {}}),
+        : main(Platform(engine, &window)),
           strip(main.pcPage),
           statusBar(main.sbStatus),
           look(main.actBar, window),
@@ -58,18 +40,6 @@ public:
     }
     QtBrowserView& Front() { return static_cast<QtBrowserView&>(*main.Tabs.CurrentView()->Control); }
 
-    FakeLog log;
-    FakeSettings settings;
-    FakeMessages messages;
-    FakeFiles files;
-    FakeSplash splash{log};
-    FakeSessions sessions;
-    FakeLayoutFile layout;
-    FakeDefaultBrowser defaultBrowser;
-    FakeShell shell;
-    FakeFolderWatch folderWatch;
-    FakeTrash trash;
-    FakeDownloads downloads;
     QtInstanceProfile ownProfile{{}, {}};
     QtMainWindow window;
     QtEngine engine{window.PageArea(), ownProfile};

@@ -162,25 +162,7 @@ EngineDesk::EngineDesk() {
     window.resize(1000, 700);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-    main = std::make_unique<frmMain>(MainWindowPlatform{.window = frame,
-                                                        .views = engine,
-                                                        .settings = settings,
-                                                        .messages = messages,
-                                                        .files = files,
-                                                        .splash = splash,
-                                                        .sessions = sessions,
-                                                        .layout = layout,
-                                                        .defaultBrowser = defaultBrowser,
-                                                        .shell = shell,
-                                                        .folderWatch = folderWatch,
-                                                        .trash = trash,
-                                                        .downloads = downloads,
-                                                        .showSettings = {},
-                                                        .showDefBrowser = {},
-                                                        .showAbout = {},
-                                                        .showResize = {},
-                                                        .programPath = {},
-                                                        .groupFolder = {}});
+    main = std::make_unique<frmMain>(Platform(engine));
     main->Form_Load(u"about:blank");
     main->Form_Activate();
     engine.Start();

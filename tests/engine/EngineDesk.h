@@ -1,11 +1,8 @@
 #pragma once
-#include "mainwindow/frmMain.h"
 #include "qt/QtEngine.h"
 #include "qt/QtInstanceProfile.h"
 #include "tests/engine/LocalServer.h"
-#include "tests/fakes/FakeDesktop.h"
-#include "tests/fakes/FakeDownloads.h"
-#include "tests/fakes/FakeSettings.h"
+#include "tests/fakes/FakeSurroundings.h"
 
 #include <QTemporaryDir>
 #include <QWidget>
@@ -101,7 +98,7 @@ private:
 };
 
 /// A user at the program on the real engine; the rest of the world is faked.
-class EngineDesk {
+class EngineDesk : public FakeSurroundings {
 public:
     EngineDesk();
     ~EngineDesk();
@@ -110,19 +107,6 @@ public:
     void Open(const std::vector<QString>& addresses);
 
     QWidget window;
-    FakeLog log;
-    FakeSettings settings;
-    FakeMessages messages;
-    FakeFiles files;
-    FakeWindow frame{log};
-    FakeSplash splash{log};
-    FakeSessions sessions;
-    FakeLayoutFile layout;
-    FakeDefaultBrowser defaultBrowser;
-    FakeShell shell;
-    FakeFolderWatch folderWatch;
-    FakeTrash trash;
-    FakeDownloads downloads;
     QtInstanceProfile ownProfile{{}, {}};
     QtEngine engine{&window, ownProfile};
     std::unique_ptr<frmMain> main;
