@@ -83,6 +83,8 @@ void QtDrawing::Prepare(SettingsStorageFactory& settings) {
 }
 
 void QtDrawing::Choose(SettingsStorageFactory& settings) {
+    // Newer versions of Qt have not looked at it yet, and would later, when it is gone.
+    if (!s_refused.empty()) QOpenGLContext().create();
     for (const char* variable : std::exchange(s_refused, {})) qunsetenv(variable);
     if (!InSoftware() && Drawing::Choose(ThisComputer(), settings) == DrawingWay::Software) DrawInSoftware();
 }

@@ -348,9 +348,11 @@ def press_node(node):
 
 class PageServer:
     """Pages on 127.0.0.1, 127.0.0.2 and so on, all at one port, so that each is a host of its own to the engine. The
-    address says the title: /Garden is a page with the title "Garden". Use it in a `with`."""
+    address says the title: /Garden is a page with the title "Garden". Nobody may store them when they are to be asked for
+    each time. Use it in a `with`."""
 
-    def __init__(self, hosts=1):
+    def __init__(self, hosts=1, stored=True):
+        self.stored = stored
         self.requests = []  # paths in the order in which they were asked for, the host before them: "127.0.0.1/Garden"
         self._lock = threading.Lock()
         self._servers = []
@@ -391,6 +393,8 @@ class PageServer:
                 self.send_response(200 if known else 404)
                 self.send_header("Content-Type", "text/html; charset=utf-8")
                 self.send_header("Content-Length", str(len(page)))
+                if not pages.stored:
+                    self.send_header("Cache-Control", "no-store")
                 self.end_headers()
                 self.wfile.write(page)
 

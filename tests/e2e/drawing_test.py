@@ -57,7 +57,8 @@ class Drawing(unittest.TestCase):
             self.wait_red(program)
             with open(f"/proc/{program.process.pid}/maps", encoding="utf-8") as maps:
                 loaded = maps.read()
-            self.assertEqual([each for each in ("_dri.so", "libGLX_mesa", "libgallium", "libEGL_") if each in loaded], [])
+            # Newer engines look for drivers themselves; what sets OpenGL up for windows is a part of Qt's own.
+            self.assertFalse("xcbglintegrations" in loaded)
             with open(f"/proc/{program.process.pid}/task/{program.process.pid}/children", encoding="ascii") as children:
                 started = children.read().split()
             self.assertTrue(started)

@@ -61,7 +61,7 @@ class Memory(unittest.TestCase):
         say_free(self.kernel, 400)
         home = desk.state_folder()
         group = os.path.join(home, "big.tvg")
-        with desk.PageServer(hosts=HOSTS) as pages:
+        with desk.PageServer(hosts=HOSTS, stored=False) as pages:
             titles = [f"P{number}" for number in range(COUNT)]
             addresses = [pages.address(title, host=1 + i % HOSTS) for i, title in enumerate(titles)]
             desk.write_group(group, addresses)
@@ -71,11 +71,12 @@ class Memory(unittest.TestCase):
                 # Of the page in front, and one that the engine keeps for the next.
                 desk.wait_until(lambda: renderers(program) <= 2, 120, lambda: f"{renderers(program)} processes")
                 desk.wait_until(lambda: kept_pages(home) == addresses, what=lambda: f"kept are {kept_pages(home)}")
-                # With room again, the one that is selected comes to life beside the one that was in front.
+                # With room again, the one that is selected comes to life: it is loaded once more.
                 say_free(self.kernel, 3000)
-                before = renderers(program)
+                asked = lambda: pages.requested().count(f"127.0.0.{1 + 6 % HOSTS}/P6")
+                before = asked()
                 desk.press_node(program.tabs()[7])
-                desk.wait_until(lambda: renderers(program) > before, what="the page that was selected does not wake")
+                desk.wait_until(lambda: asked() > before, what="the page that was selected does not wake")
                 strip = ["about:blank", *titles]
                 strip[7] = "[P6]"
                 program.wait_strip(strip)
