@@ -1,6 +1,6 @@
 #include "pages/MemoryFiles.h"
 
-#include "pages/ProcText.h"
+#include "common/ProcText.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,6 +1,6 @@
 #include "pages/MemoryTexts.h"
 
-#include "pages/ProcText.h"
+#include "common/ProcText.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
 #include "pages/ProcessUse.h"
 
-#include "pages/ProcText.h"
+#include "common/ProcText.h"
 
 std::optional<std::int64_t> ProcessReader::OwnPages(std::string_view statm) {
     // Size, resident, shared, ...

@@ -1,31 +1,27 @@
 #include "tabs/IdleCores.h"
 
-#include <algorithm>
+#include "common/ProcText.h"
+
 #include <array>
-#include <charconv>
 #include <fstream>
 #include <utility>
 
 namespace {
 
-constexpr std::string_view kAllCores = "cpu ";
+constexpr std::string_view kAllCores = "cpu";
 // Of user, nice, system, idle, waiting for a disk. What runs at a low priority gives way.
 constexpr std::array kCounts{false, true, false, true, true};
 
 } // namespace
 
 std::optional<std::int64_t> IdleCores::Ticks(std::string_view stat) {
-    if (!stat.starts_with(kAllCores)) return std::nullopt;
-    const char* at = stat.data() + kAllCores.size();
-    const char* end = stat.data() + std::min(stat.find('\n'), stat.size());
+    const auto fields = ProcText::Fields(stat.substr(0, stat.find('\n')));
+    if (fields.size() <= kCounts.size() || fields[0] != kAllCores) return std::nullopt;
     std::int64_t idle = 0;
-    for (const bool counts : kCounts) {
-        while (at != end && *at == ' ') ++at;
-        std::int64_t ticks = 0;
-        const auto [next, error] = std::from_chars(at, end, ticks);
-        if (error != std::errc() || ticks < 0) return std::nullopt;
-        at = next;
-        if (counts) idle += ticks;
+    for (std::size_t i = 0; i < kCounts.size(); ++i) {
+        const auto ticks = ProcText::Number(fields[i + 1]);
+        if (!ticks) return std::nullopt;
+        if (kCounts[i]) idle += *ticks;
     }
     return idle;
 }

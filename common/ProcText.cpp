@@ -1,4 +1,4 @@
-#include "pages/ProcText.h"
+#include "common/ProcText.h"
 
 #include <algorithm>
 #include <charconv>
