@@ -43,7 +43,7 @@ void SessionJournal::Keep(Session session) {
     if (session == m_written && m_unsettled.empty()) return;
     session.Time = Now ? Now() : 0;
     const std::string bytes = session.Pages.empty() ? std::string() : SessionBytes(session);
-    // Of the time a session is written at it is not told apart. It is not copied: it may hold a thousand pages.
+    // Sessions are compared without the time. Moved, because it may hold a thousand pages.
     session.Time = 0;
     m_written = std::move(session);
     m_files.WriteOwn(bytes, [this, unsettled = m_unsettled](Outcome outcome) { OnWritten(outcome, unsettled); });

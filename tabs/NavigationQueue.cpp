@@ -13,7 +13,11 @@ void NavigationQueue::Remove(std::int32_t index) {
 
 std::optional<std::int32_t> NavigationQueue::Next(Time now) {
     const auto front = std::ranges::find(m_waiting, m_front);
-    if (front != m_waiting.end()) return Start(front, now);
+    if (front != m_waiting.end()) {
+        // What was idle before it came is for the front page.
+        m_room = 0;
+        return Start(front, now);
+    }
     if (m_waiting.empty() || !MayStartBehind(now)) return std::nullopt;
     if (m_room > 0) --m_room;
     return Start(m_waiting.begin(), now);

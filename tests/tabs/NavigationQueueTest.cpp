@@ -118,6 +118,18 @@ TEST(NavigationQueue, TheFrontPageKeepsItsCoresWhileItWorks) {
         << "what it does not need is for others, but not for any number of them";
 }
 
+TEST(NavigationQueue, WhatWasIdleBeforeTheFrontPageCameIsForIt) {
+    auto queue = Group(20);
+    queue.NoteIdle(2, Time{0});
+    EXPECT_EQ(StartAll(queue), "20");
+    queue.Remove(20);
+    StartAll(queue);
+    queue.NoteIdle(2, Time{50});
+    queue.Add(30);
+    queue.SetFront(30);
+    EXPECT_EQ(StartAll(queue, Time{50}), "30");
+}
+
 TEST(NavigationQueue, WhileTheFrontPageWaitsForItsServerOthersLoad) {
     auto queue = Group(20);
     StartAll(queue);
