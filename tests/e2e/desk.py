@@ -304,6 +304,19 @@ class Program:
         self.focus()
         subprocess.run(["xdotool", "key", "--clearmodifiers", *map(with_places, keys)], check=True)
 
+    def accept_name(self, title, file):
+        """Names a file in the dialog of that title, in the field that has the focus, and accepts it. The name is not
+        typed: for a typed one Qt offers names once it has read the folder, and a list that comes late takes the Return."""
+        dialog = self.find("dialog", title)
+        wait_until(lambda: xdotool("getactivewindow", "getwindowname") == title, what=f"{title} is not active")
+        field = wait_until(
+            lambda: next((node for node in walk(dialog) if role_of(node) == "text" and is_focused(node)), None),
+            what=f"nothing to name a file in {title}",
+        )
+        field.queryEditableText().setTextContents(file)
+        wait_until(lambda: text_of(field) == file, what=lambda: f"the name is {text_of(field)!r}")
+        xdotool("key", "Return")
+
     def screenshot(self, file):
         """Writes the whole display as a picture."""
         subprocess.run(["import", "-window", "root", file], check=True)

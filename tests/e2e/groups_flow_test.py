@@ -41,20 +41,6 @@ class GroupsFlow(unittest.TestCase):
         program.go_down_to(entry)
         desk.xdotool("key", "Return")
 
-    def name_file(self, program, title):
-        """Types a name into the file dialog of that title and accepts it."""
-        program.find("dialog", title)
-        desk.wait_until(lambda: desk.xdotool("getactivewindow", "getwindowname") == title, what=f"{title} is not active")
-        desk.xdotool("type", "Four.tvg")
-        desk.wait_until(lambda: self.typed(program) == "Four.tvg", what=lambda: f"typed: {self.typed(program)!r}")
-        desk.xdotool("key", "Return")
-
-    def typed(self, program):
-        for node in desk.walk(program.application()):
-            if node.getRoleName() == "text" and desk.is_focused(node):
-                return node.queryText().getText(0, -1)
-        return None
-
     def entries(self, program):
         """The addresses that the editor shows, by the titles of their pages."""
         items = [node.name for node in desk.walk(program.find("list", "Addresses")) if node.getRoleName() == "list item"]
@@ -68,7 +54,7 @@ class GroupsFlow(unittest.TestCase):
                     self.assertEqual(second.wait_end(), 0)
                 program.wait_strip([*TITLES[:position], f"[{TITLES[position]}]"])
             self.choose(program, "Save as TessaGroup...")
-            self.name_file(program, "Save as TessaGroup")
+            program.accept_name("Save as TessaGroup", "Four.tvg")
             self.wait_addresses(*TITLES)
             desk.wait_until(lambda: program.status() == "Saved as the TessaGroup Four.", what=program.status)
             program.process.send_signal(signal.SIGTERM)
@@ -82,7 +68,7 @@ class GroupsFlow(unittest.TestCase):
             program.wait_strip(["about:blank", "One", "Two", "Three", "[Four]"])
 
             self.choose(program, "Organize TessaGroups...")
-            self.name_file(program, "Organize TessaGroup")
+            program.accept_name("Organize TessaGroup", "Four.tvg")
             desk.wait_until(lambda: self.entries(program) == list(TITLES), what=lambda: f"{self.entries(program)}")
             # By keyboard: the first address two places down, the last one to be moved up.
             desk.xdotool("key", "ctrl+Down", "ctrl+Down", "End", "ctrl+Up")
@@ -130,11 +116,12 @@ class GroupsFlow(unittest.TestCase):
             self.wait_other_picture(program, shown)
 
     def picture_of_page(self, program):
-        """What the page looks like, once it keeps looking so. A screen reader is not let into the page here."""
+        """What the page looks like below its search box, where a cursor blinks, once it keeps looking so. A screen reader
+        is not let into the page here."""
         before = []
 
         def still():
-            picture = subprocess.run(["import", "-window", program.window_id(), "-crop", "900x400+50+200", "ppm:-"],
+            picture = subprocess.run(["import", "-window", program.window_id(), "-crop", "900x280+20+340", "ppm:-"],
                                      check=True, capture_output=True).stdout
             before.append(picture)
             return len(set(before[-3:])) == 1 and len(before) >= 3 and len(set(picture[100:])) > 2 and picture

@@ -46,9 +46,7 @@ class Saving(unittest.TestCase):
 
     def save_as(self, name):
         self.program.keys("ctrl+s")
-        wait_window("Save As")
-        desk.xdotool("type", self.path(name))
-        desk.xdotool("key", "Return")
+        self.program.accept_name("Save As", self.path(name))
         wait_window(desk.WINDOW_TITLE)
 
     def test_a_page_is_saved_complete_as_one_file_and_as_a_document(self):
@@ -74,9 +72,8 @@ class Saving(unittest.TestCase):
     def test_without_a_printer_a_page_is_printed_to_a_file(self):
         self.program.keys("ctrl+p")
         wait_window("Print")
-        desk.xdotool("key", "alt+f", "ctrl+a")
-        desk.xdotool("type", self.path("printed.pdf"))
-        desk.xdotool("key", "Return")
+        desk.xdotool("key", "alt+f")
+        self.program.accept_name("Print", self.path("printed.pdf"))
         wait_window(desk.WINDOW_TITLE)
         self.assertTrue(wait_file(self.path("printed.pdf"), b"%%EOF").startswith(b"%PDF-"))
 
