@@ -16,18 +16,6 @@
 
 namespace {
 
-// Runs in every frame, in a world of its own that the page cannot see. The engine has no signal for frames, so each
-// reports itself.
-constexpr auto kFrameScript = R"js((function () {
-    if (window === window.parent) return;
-    console.log('%1 ready ' + location.href);
-    window.addEventListener('load', function () { console.log('%1 load ' + location.href); });
-})();)js";
-
-// Runs likewise in each document of a page as soon as there is one: the engine says nothing when a page shows a new
-// document from the address that it had already.
-constexpr auto kPageScript = "console.debug('%1 page ' + location.href);";
-
 constexpr auto kSwitchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
 
 /// The switches that the engine starts with, behind the user's own. Programs that ours starts later do not get them.
@@ -58,9 +46,7 @@ QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QS
     }
     if (!m_profile) m_profile = std::make_unique<QWebEngineProfile>();
     ApplySettings();
-    InstallFrameScript(token);
-    InstallPageScript(token);
-    InstallInputWatch(token);
+    InstallFrameWatch(token);
     m_profile->installUrlSchemeHandler(QtStartPage::Scheme(), m_startPage.get());
     m_profile->installUrlSchemeHandler(QtDialogScheme::Scheme(), m_dialogs.get());
 }
@@ -92,29 +78,10 @@ void QtProfile::SetStartPage(std::function<std::string()> page) { m_startPage->P
 
 void QtProfile::SetLoadOptions(const QtLoadOptions& options) { m_loads.Install(*m_profile, options); }
 
-void QtProfile::InstallFrameScript(const QString& token) {
+void QtProfile::InstallFrameWatch(const QString& token) {
     QWebEngineScript script;
-    script.setName(QStringLiteral("frames"));
-    script.setSourceCode(QString::fromLatin1(kFrameScript).arg(token));
-    script.setInjectionPoint(QWebEngineScript::DocumentReady);
-    script.setWorldId(QWebEngineScript::ApplicationWorld);
-    script.setRunsOnSubFrames(true);
-    m_profile->scripts()->insert(script);
-}
-
-void QtProfile::InstallPageScript(const QString& token) {
-    QWebEngineScript script;
-    script.setName(QStringLiteral("page"));
-    script.setSourceCode(QString::fromLatin1(kPageScript).arg(token));
-    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
-    script.setWorldId(QWebEngineScript::ApplicationWorld);
-    m_profile->scripts()->insert(script);
-}
-
-void QtProfile::InstallInputWatch(const QString& token) {
-    QWebEngineScript script;
-    script.setName(QStringLiteral("input"));
-    script.setSourceCode(QtResources::ReadText(QStringLiteral("input-watch.js")).replace(QStringLiteral("%1"), token));
+    script.setName(QStringLiteral("frame"));
+    script.setSourceCode(QtResources::ReadText(QStringLiteral("frame-watch.js")).replace(QStringLiteral("%1"), token));
     script.setInjectionPoint(QWebEngineScript::DocumentCreation);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
     script.setRunsOnSubFrames(true);

@@ -31,9 +31,7 @@ public:
     void TellLoadOptions(QWebEnginePage& page, const QtLoadOptions& options) const { m_loads.Tell(page, options); }
 
 private:
-    void InstallFrameScript(const QString& token);
-    void InstallPageScript(const QString& token);
-    void InstallInputWatch(const QString& token);
+    void InstallFrameWatch(const QString& token);
     void ApplySettings();
 
     QtLoadSwitches m_loads;

@@ -30,10 +30,29 @@ public:
 } // namespace
 
 QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent, QtAnswerGuard::Clock clock)
-    : QtPageBar(QStringLiteral("questionBar"), parent),
-      m_questions(questions),
-      m_words(new QLabel(this)),
-      m_remember(new QCheckBox(this)) {
+    : QtPageBar(QStringLiteral("questionBar"), parent), m_questions(questions), m_clock(std::move(clock)) {
+    hide();
+}
+
+void QtQuestionBar::MakeParts() {
+    if (m_row) return;
+    m_words = new QLabel(this);
+    m_words->setObjectName(QStringLiteral("lblQuestion"));
+    m_words->setTextFormat(Qt::PlainText);
+    m_words->setWordWrap(true);
+    m_words->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    MakeChoices();
+    m_remember = new QCheckBox(this);
+    m_remember->setObjectName(QStringLiteral("chkRemember"));
+    m_row = new QHBoxLayout(this);
+    m_row->setContentsMargins(8, 4, 8, 4);
+    m_row->addWidget(m_words, 1);
+    m_row->addWidget(m_choices);
+    m_row->addWidget(m_remember);
+    m_guard = new QtAnswerGuard(*this, std::move(m_clock));
+}
+
+void QtQuestionBar::MakeChoices() {
     auto* choices = new FreshChoices(this);
     m_choices = choices;
     choices->setObjectName(QStringLiteral("cboChoices"));
@@ -44,18 +63,6 @@ QtQuestionBar::QtQuestionBar(PageQuestions& questions, QWidget* parent, QtAnswer
         const auto* question = m_questions.Current();
         if (question && question->Choose) question->Choose(static_cast<std::size_t>(choice));
     });
-    m_words->setObjectName(QStringLiteral("lblQuestion"));
-    m_words->setTextFormat(Qt::PlainText);
-    m_words->setWordWrap(true);
-    m_words->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    m_remember->setObjectName(QStringLiteral("chkRemember"));
-    m_row = new QHBoxLayout(this);
-    m_row->setContentsMargins(8, 4, 8, 4);
-    m_row->addWidget(m_words, 1);
-    m_row->addWidget(m_choices);
-    m_row->addWidget(m_remember);
-    m_guard = new QtAnswerGuard(*this, std::move(clock));
-    hide();
 }
 
 void QtQuestionBar::TakeFocus() {
@@ -73,6 +80,7 @@ void QtQuestionBar::ShowCurrent() {
         if (hadFocus && FocusPage) FocusPage();
         return;
     }
+    MakeParts();
     ShowWords();
     FillChoices();
     m_remember->setText(ToQt(question->Remember));
@@ -85,6 +93,7 @@ void QtQuestionBar::ShowCurrent() {
 }
 
 void QtQuestionBar::ShowWords() {
+    if (!m_row) return;
     const auto* question = m_questions.Current();
     m_words->setText(question ? ToQt(question->Words) : QString());
     setAccessibleName(m_words->text());
@@ -114,12 +123,13 @@ void QtQuestionBar::ShowAnswers(const PageQuestion& question) {
 }
 
 int QtQuestionBar::HeightFor(int width) const {
+    if (!m_row) return 0;
     m_row->invalidate();
     return std::max(m_row->hasHeightForWidth() ? m_row->totalHeightForWidth(width) : 0,
                     m_row->totalMinimumSize().height());
 }
 
-void QtQuestionBar::Answer(std::size_t answer) { m_questions.Answer(answer, m_remember->isChecked()); }
+void QtQuestionBar::Answer(std::size_t answer) { m_questions.Answer(answer, m_remember && m_remember->isChecked()); }
 
 // Escape is the bar's before it is anybody's shortcut.
 bool QtQuestionBar::event(QEvent* event) {

@@ -13,7 +13,7 @@ class QPushButton;
 
 /// The bar above a page that shows what the page wants and takes the user's answer. It never takes the keyboard from
 /// the page by itself: F6 brings it there, Escape dismisses the question. What is held down or clicked when a question
-/// comes up does not answer it.
+/// comes up does not answer it. Few pages ever ask, so its parts are made for the first question.
 class QtQuestionBar final : public QtPageBar {
     Q_OBJECT
 
@@ -39,15 +39,18 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    void MakeParts();
+    void MakeChoices();
     void FillChoices();
     void ShowAnswers(const PageQuestion& question);
     void Answer(std::size_t answer);
 
     PageQuestions& m_questions;
-    QLabel* m_words;
-    QComboBox* m_choices;
-    QCheckBox* m_remember;
-    QHBoxLayout* m_row;
+    QtAnswerGuard::Clock m_clock;
+    QLabel* m_words = nullptr;
+    QComboBox* m_choices = nullptr;
+    QCheckBox* m_remember = nullptr;
+    QHBoxLayout* m_row = nullptr; // last of all: with it, all parts are there
     std::vector<QPushButton*> m_buttons;
-    QtAnswerGuard* m_guard;
+    QtAnswerGuard* m_guard = nullptr;
 };

@@ -1,6 +1,10 @@
-// Runs in every frame, in a world of its own that the page cannot see. Tells the program whether the page holds what
-// its user has typed or chosen and not sent, so that such a page is not put to sleep. What a page fills in by itself
-// is its own business.
+// Runs in every frame, in a world of its own that the page cannot see. One script does all that frames need: each one
+// more, and each later one, would cost a page of many frames dearly.
+// - The engine says nothing when a page shows a new document from the address that it had already, so each document of
+//   a page reports itself as soon as there is one.
+// - The engine has no signal for frames, so each reports itself when it is there and when it is loaded.
+// - It tells the program whether the page holds what its user has typed or chosen and not sent, so that such a page is
+//   not put to sleep. What a page fills in by itself is its own business.
 (function () {
     var touched = new Set(), told = false, name = Math.random().toString(36).slice(2);
 
@@ -26,8 +30,11 @@
     }
 
     if (window === window.parent) {
+        console.debug('%1 page ' + location.href);
         tell('new');
     } else {
+        document.addEventListener('DOMContentLoaded', function () { console.log('%1 ready ' + location.href); });
+        window.addEventListener('load', function () { console.log('%1 load ' + location.href); });
         // What a frame wants is asked for in its own name.
         ['pointerdown', 'pointerup', 'keydown'].forEach(function (kind) {
             window.addEventListener(kind, function (event) {
