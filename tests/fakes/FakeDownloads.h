@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 /// The world outside the list of downloads: remembers what it was asked, one word each.
 class FakeDownloads final : public DownloadDesktop {

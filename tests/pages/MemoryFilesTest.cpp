@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::int64_t kMB = 1024 * 1024;
+constexpr std::int64_t kMegabyte = 1024 * 1024;
 
 constexpr auto kMeminfo = "MemTotal:       24731700 kB\nMemFree:         4216084 kB\nMemAvailable:   23553540 kB\n"
                           "Buffers:          735192 kB\nCached:         18149340 kB\nSwapCached:            0 kB\n"
@@ -53,22 +53,23 @@ TEST(MemoryTexts, OtherTextsAreNoPressure) {
         EXPECT_EQ(MemoryTexts::Pressure(text), 0) << text;
 }
 
-using Group = ControlGroup;
-constexpr auto kOne = Group::Version::One, kTwo = Group::Version::Two;
+constexpr auto kOne = ControlGroup::Version::One, kTwo = ControlGroup::Version::Two;
 
 TEST(MemoryTexts, GroupsOfEitherVersionAndOfBoth) {
-    EXPECT_EQ(MemoryTexts::Groups("0::/user.slice/a.scope\n"), (std::vector<Group>{{kTwo, "/user.slice/a.scope"}}));
+    EXPECT_EQ(MemoryTexts::Groups("0::/user.slice/a.scope\n"),
+              (std::vector<ControlGroup>{{kTwo, "/user.slice/a.scope"}}));
     EXPECT_EQ(MemoryTexts::Groups("9:name=systemd:/x\n4:memory:/a/b\n1:cpu,cpuacct:/c\n"),
-              (std::vector<Group>{{kOne, "/a/b"}}));
-    EXPECT_EQ(MemoryTexts::Groups("4:hugetlb,memory,rdma:/a\n0::/\n"), (std::vector<Group>{{kOne, "/a"}, {kTwo, "/"}}));
-    EXPECT_EQ(MemoryTexts::Groups("0::/odd:name/b c\n"), (std::vector<Group>{{kTwo, "/odd:name/b c"}}));
+              (std::vector<ControlGroup>{{kOne, "/a/b"}}));
+    EXPECT_EQ(MemoryTexts::Groups("4:hugetlb,memory,rdma:/a\n0::/\n"),
+              (std::vector<ControlGroup>{{kOne, "/a"}, {kTwo, "/"}}));
+    EXPECT_EQ(MemoryTexts::Groups("0::/odd:name/b c\n"), (std::vector<ControlGroup>{{kTwo, "/odd:name/b c"}}));
 }
 
 TEST(MemoryTexts, AGroupOutsideOfWhatCanBeSeenBeginsAtTheRoot) {
-    EXPECT_EQ(MemoryTexts::Groups("0::/../../b\n"), (std::vector<Group>{{kTwo, "/"}}));
-    EXPECT_EQ(MemoryTexts::Groups("0::/a/..\n"), (std::vector<Group>{{kTwo, "/"}}));
-    EXPECT_EQ(MemoryTexts::Groups("4:memory:\n"), (std::vector<Group>{{kOne, "/"}}));
-    EXPECT_EQ(MemoryTexts::Groups("0::/a..b/c\n"), (std::vector<Group>{{kTwo, "/a..b/c"}}));
+    EXPECT_EQ(MemoryTexts::Groups("0::/../../b\n"), (std::vector<ControlGroup>{{kTwo, "/"}}));
+    EXPECT_EQ(MemoryTexts::Groups("0::/a/..\n"), (std::vector<ControlGroup>{{kTwo, "/"}}));
+    EXPECT_EQ(MemoryTexts::Groups("4:memory:\n"), (std::vector<ControlGroup>{{kOne, "/"}}));
+    EXPECT_EQ(MemoryTexts::Groups("0::/a..b/c\n"), (std::vector<ControlGroup>{{kTwo, "/a..b/c"}}));
 }
 
 TEST(MemoryTexts, OtherTextsNameNoGroup) {
@@ -140,56 +141,58 @@ TEST_F(MemoryOfFiles, OfTheMachineAlone) {
 TEST_F(MemoryOfFiles, OfAGroupOfVersionTwo) {
     Write("proc/meminfo", kMeminfo);
     Write("proc/self/cgroup", "0::/a.slice/b.scope\n");
-    WriteGroupOfTwo(two + "a.slice/b.scope", "4294967296", 1000 * kMB, 200 * kMB);
+    WriteGroupOfTwo(two + "a.slice/b.scope", "4294967296", 1000 * kMegabyte, 200 * kMegabyte);
     Write(two + "a.slice/b.scope/memory.pressure", "some avg10=7.00 avg60=0\n");
-    EXPECT_EQ(Rooms(), (std::vector{kMachine, {4096 * kMB, 3296 * kMB, 7}}));
+    EXPECT_EQ(Rooms(), (std::vector{kMachine, {4096 * kMegabyte, 3296 * kMegabyte, 7}}));
 }
 
 TEST_F(MemoryOfFiles, TheNearestLimitMayStandInAParent) {
     Write("proc/meminfo", kMeminfo);
     Write("proc/self/cgroup", "0::/a/b/c\n");
-    WriteGroupOfTwo(two + "a/b/c", "max", 100 * kMB, 0);
-    WriteGroupOfTwo(two + "a/b", "max", 200 * kMB, 0);
-    WriteGroupOfTwo(two + "a", "1073741824", 300 * kMB, 50 * kMB);
-    EXPECT_EQ(Rooms(), (std::vector{kMachine, {1024 * kMB, 774 * kMB, 0}}));
+    WriteGroupOfTwo(two + "a/b/c", "max", 100 * kMegabyte, 0);
+    WriteGroupOfTwo(two + "a/b", "max", 200 * kMegabyte, 0);
+    WriteGroupOfTwo(two + "a", "1073741824", 300 * kMegabyte, 50 * kMegabyte);
+    EXPECT_EQ(Rooms(), (std::vector{kMachine, {1024 * kMegabyte, 774 * kMegabyte, 0}}));
 }
 
 TEST_F(MemoryOfFiles, EveryLimitOnTheWayUpCounts) {
     Write("proc/self/cgroup", "0::/a/b\n");
-    WriteGroupOfTwo(two + "a/b", "1073741824", 100 * kMB, 0);
-    WriteGroupOfTwo(two + "a", "2147483648", 2000 * kMB, 0);
-    EXPECT_EQ(Rooms(), (std::vector<MemoryRoom>{{1024 * kMB, 924 * kMB, 0}, {2048 * kMB, 48 * kMB, 0}}));
+    WriteGroupOfTwo(two + "a/b", "1073741824", 100 * kMegabyte, 0);
+    WriteGroupOfTwo(two + "a", "2147483648", 2000 * kMegabyte, 0);
+    EXPECT_EQ(Rooms(),
+              (std::vector<MemoryRoom>{{1024 * kMegabyte, 924 * kMegabyte, 0}, {2048 * kMegabyte, 48 * kMegabyte, 0}}));
 }
 
 TEST_F(MemoryOfFiles, WhereTheKernelSlowsTheGroupDownIsItsLimitToo) {
     Write("proc/self/cgroup", "0::/a\n");
-    WriteGroupOfTwo(two + "a", "max", 100 * kMB, 0);
+    WriteGroupOfTwo(two + "a", "max", 100 * kMegabyte, 0);
     Write(two + "a/memory.high", "1073741824\n");
-    EXPECT_EQ(Rooms(), (std::vector<MemoryRoom>{{1024 * kMB, 924 * kMB, 0}}));
+    EXPECT_EQ(Rooms(), (std::vector<MemoryRoom>{{1024 * kMegabyte, 924 * kMegabyte, 0}}));
     Write(two + "a/memory.max", "536870912\n");
-    EXPECT_EQ(Rooms(), (std::vector<MemoryRoom>{{512 * kMB, 412 * kMB, 0}}));
+    EXPECT_EQ(Rooms(), (std::vector<MemoryRoom>{{512 * kMegabyte, 412 * kMegabyte, 0}}));
 }
 
 TEST_F(MemoryOfFiles, OfAGroupOfVersionOne) {
     Write("proc/meminfo", kMeminfo);
     Write("proc/self/cgroup", "5:devices:/x\n4:memory:/a/b\n0::/\n");
-    WriteGroupOfOne(one + "a/b", "4294967296", 4000 * kMB, 1000 * kMB);
-    WriteGroupOfOne(one + "a", "9223372036854771712", 5000 * kMB, 0);
-    WriteGroupOfOne(one, "9223372036854771712", 6000 * kMB, 0);
-    EXPECT_EQ(Rooms(), (std::vector{kMachine, {4096 * kMB, 1096 * kMB, 0}}));
+    WriteGroupOfOne(one + "a/b", "4294967296", 4000 * kMegabyte, 1000 * kMegabyte);
+    WriteGroupOfOne(one + "a", "9223372036854771712", 5000 * kMegabyte, 0);
+    WriteGroupOfOne(one, "9223372036854771712", 6000 * kMegabyte, 0);
+    EXPECT_EQ(Rooms(), (std::vector{kMachine, {4096 * kMegabyte, 1096 * kMegabyte, 0}}));
 }
 
 TEST_F(MemoryOfFiles, OfAContainerWhoseOwnGroupStandsAtTheRoot) {
     Write("proc/self/cgroup", "4:memory:/docker/0123456789abcdef\n0::/../x\n");
-    WriteGroupOfOne(one, "2147483648", 1024 * kMB, 0);
-    WriteGroupOfTwo(hybrid, "1073741824", 24 * kMB, 0);
-    EXPECT_EQ(Rooms(), (std::vector<MemoryRoom>{{2048 * kMB, 1024 * kMB, 0}, {1024 * kMB, 1000 * kMB, 0}}));
+    WriteGroupOfOne(one, "2147483648", 1024 * kMegabyte, 0);
+    WriteGroupOfTwo(hybrid, "1073741824", 24 * kMegabyte, 0);
+    EXPECT_EQ(Rooms(), (std::vector<MemoryRoom>{{2048 * kMegabyte, 1024 * kMegabyte, 0},
+                                                {1024 * kMegabyte, 1000 * kMegabyte, 0}}));
 }
 
 TEST_F(MemoryOfFiles, VersionTwoMayStandBesideVersionOne) {
     Write("proc/self/cgroup", "4:cpu:/a\n0::/a\n");
-    WriteGroupOfTwo(hybrid + "a", "1073741824", 24 * kMB, 0);
-    EXPECT_EQ(Rooms(), (std::vector<MemoryRoom>{{1024 * kMB, 1000 * kMB, 0}}));
+    WriteGroupOfTwo(hybrid + "a", "1073741824", 24 * kMegabyte, 0);
+    EXPECT_EQ(Rooms(), (std::vector<MemoryRoom>{{1024 * kMegabyte, 1000 * kMegabyte, 0}}));
 }
 
 TEST_F(MemoryOfFiles, ALimitAboveWhatTheMachineHasIsNone) {
