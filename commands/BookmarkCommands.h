@@ -1,5 +1,5 @@
 #pragma once
-#include "commands/CommandTable.h"
+#include "commands/CommandContext.h"
 
 /// Takes bookmarks of other browsers over, and writes them for other browsers, as the HTML file that all of them know.
 /// What came of it is said in the status bar.

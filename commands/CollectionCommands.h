@@ -1,5 +1,5 @@
 #pragma once
-#include "commands/CommandTable.h"
+#include "commands/CommandContext.h"
 
 /// Commands that keep pages: TessaGroups and Favorites. What they may have changed makes the menu out of date.
 namespace CollectionCommands {

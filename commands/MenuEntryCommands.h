@@ -1,5 +1,5 @@
 #pragma once
-#include "commands/CommandTable.h"
+#include "commands/CommandContext.h"
 
 /// Commands of the pop-ups that entries of the Favorites and TessaGroups menus have. They work on the entry that the
 /// pop-up was opened on.

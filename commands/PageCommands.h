@@ -1,5 +1,5 @@
 #pragma once
-#include "commands/CommandTable.h"
+#include "commands/CommandContext.h"
 
 /// Commands on the current page.
 namespace PageCommands {

@@ -1,5 +1,5 @@
 #pragma once
-#include "commands/CommandTable.h"
+#include "commands/CommandContext.h"
 
 /// The menu of a page: what can be done with what lies under the pointer.
 namespace PageMenu {

@@ -1,5 +1,5 @@
 #pragma once
-#include "commands/CommandTable.h"
+#include "commands/CommandContext.h"
 
 /// What else can be done with the tab that the pop-up was opened on. Does nothing when that tab is gone.
 namespace TabMoreCommands {

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/ResumeNext.h"
+#include "common/Outcome.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,11 +1,10 @@
 #pragma once
 // How failure is written here: a step outside the core returns an Outcome, and the caller goes on with the next step.
 
+#include "common/Outcome.h"
+
 #include <cstddef>
 #include <source_location>
-
-/// Whether a step outside the core succeeded.
-enum class [[nodiscard]] Outcome{Done, Failed};
 
 /// Goes on with the next statement whatever the step answered. A skipped step is counted, so that a test notices one
 /// that it did not announce, and noted in the log with its place.

@@ -1,6 +1,7 @@
 #pragma once
-#include "pages/Downloads.h"
+#include "pages/Download.h"
 
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -18,12 +18,6 @@ Text NameOf(const Download& download) { return PlainLine(download.Name(), kNameI
 
 } // namespace
 
-std::optional<std::int64_t> Download::SecondsLeft(std::int64_t now) const {
-    const auto rate = Rate.PerSecond(now);
-    if (Report.State != DownloadState::Running || Report.Total < 0 || !rate || *rate <= 0) return std::nullopt;
-    return (std::max<std::int64_t>(Report.Total - Report.Received, 0) + *rate - 1) / *rate;
-}
-
 Downloads::Downloads(DownloadDesktop& desktop, Text listFile) : m_desktop(desktop), m_listFile(std::move(listFile)) {
     m_trouble.Say = [this](TextView message) {
         if (Complain) Complain(message);
