@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int kGroupRole = Qt::UserRole;
-constexpr int kBandIconSize = 16, kDropLine = 3, kHoverMilliseconds = 450;
+constexpr int kBandIconSize = 16, kDropLine = 3;
 
 // Draws the separator above an entry that begins a group.
 class GroupDelegate final : public QStyledItemDelegate {
@@ -108,7 +108,7 @@ void QtBandList::ShowPlace(int row) {
 void QtBandList::HoverOver(int row) {
     if (row == m_hovered) return;
     m_hovered = row;
-    m_hover.start(kHoverMilliseconds, this);
+    m_hover.start(QtToolMime::kHoverMilliseconds, this);
 }
 
 void QtBandList::WantMenu(int row) {

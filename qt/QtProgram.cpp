@@ -27,7 +27,7 @@ void GiveMemoryBack() {
 } // namespace
 
 QtProgram::QtProgram(int& argc, char** argv) {
-    m = std::make_unique<Parts>(*this, argc, argv);
+    m = std::make_unique<QtProgramParts>(argc, argv);
     if (const QPalette mended = QtPalette::Mended(QGuiApplication::palette()); mended != QGuiApplication::palette())
         QApplication::setPalette(mended);
     // The program ends with its main window; dialogs and the splash have no say in it.

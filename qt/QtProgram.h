@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+struct QtProgramParts;
 struct QtTabListEntry;
 
 /// The program on Qt: makes everything outside the core, hands it to the start, and runs the windows' events.
@@ -19,7 +20,6 @@ public:
     int Run();
 
 private:
-    struct Parts;
     void WireWindow();
     void WireKeys();
     void WireEngine();
@@ -33,5 +33,5 @@ private:
     void WireSleep();
     void WireRelief();
 
-    std::unique_ptr<Parts> m;
+    std::unique_ptr<QtProgramParts> m;
 };

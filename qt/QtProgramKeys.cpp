@@ -1,6 +1,7 @@
 // The keyboard: who sees a key first, and where it leads.
 #include "qt/QtBrowserView.h"
 #include "qt/QtPageQuestions.h"
+#include "qt/QtProgram.h"
 #include "qt/QtProgramParts.h"
 
 void QtProgram::WireKeys() {

@@ -1,4 +1,5 @@
 // The engine, its pages and the bars around them, and what they do in the program.
+#include "qt/QtProgram.h"
 #include "qt/QtProgramParts.h"
 
 #include "mainwindow/HomePages.h"

@@ -15,6 +15,7 @@
 #include "qt/QtSessionsDialog.h"
 #include "qt/QtSettingsDialog.h"
 #include "qt/QtStartPage.h"
+#include "qt/QtTabStripAccessible.h"
 #include "qt/QtWebOptions.h"
 #include "settings/InternetSettings.h"
 #include "settings/SettingsStore.h"
@@ -37,6 +38,8 @@ int& BeforeApplication(int& argc, char** argv) {
     NameDisplay(argc, argv);
     QtStartPage::RegisterScheme();
     QtDialogScheme::RegisterScheme();
+    // A widget is asked for once what it is to screen readers, as early as in its constructor.
+    InstallTabStripAccessibility();
     QtSettingsStorage settings(QtFolders::Find(QtFolders::ProgramFile()).settings,
                                QtSettingsStorage::Damaged::LeftAlone);
     QtDrawing::Prepare(settings);
@@ -49,9 +52,8 @@ int& BeforeApplication(int& argc, char** argv) {
 
 } // namespace
 
-QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
-    : program(owner),
-      qt(BeforeApplication(argc, argv), argv),
+QtProgramParts::QtProgramParts(int& argc, char** argv)
+    : qt(BeforeApplication(argc, argv), argv),
       folders(QtFolders::Find(QtFolders::ProgramFile())),
       log(folders.state),
       settings(folders.settings),
@@ -117,17 +119,16 @@ QtProgram::Parts::Parts(QtProgram& owner, int& argc, char** argv)
       offer(window.PageArea()),
       captures(window.PageArea()) {}
 
-void QtProgram::Parts::OfferSession(TextView id, const Session& session) {
+void QtProgramParts::OfferSession(TextView id, const Session& session) {
     offer.Reopen = [this, id = Text(id)] { main.Sessions.Reopen(id); };
     offer.Dismiss = [this, id = Text(id)] { main.Sessions.Settle(id); };
     offer.ShowAll = [this] { main.Commands.host.ShowSessions(); };
     offer.Offer(session.Pages.size(), ToQt(SessionWords(session, SessionTimeText(session.Time))));
 }
 
-CommandHost QtProgram::Parts::Operations() {
+CommandHost QtProgramParts::Operations() {
     CommandHost host;
     host.ShowFind = [this](BrowserView&) { findBar.Open(); };
-    host.ShowTabList = [this] { program.ListTabs(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); };
     host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
     host.Customize = [this] { customize.Open(); };
     host.ShowRenameGroup = [this](frmRenameGroup& form) { ShowModal(form, &window); };
@@ -139,7 +140,7 @@ CommandHost QtProgram::Parts::Operations() {
     return host;
 }
 
-void QtProgram::Parts::ApplyLoadOptions() {
+void QtProgramParts::ApplyLoadOptions() {
     const SettingsStore store(settings);
     requests.Loads = {.images = store.LoadImages.Get(),
                       .animations = store.LoadAnimations.Get(),
@@ -148,7 +149,7 @@ void QtProgram::Parts::ApplyLoadOptions() {
     engine.SetLoadOptions(requests.Loads);
 }
 
-void QtProgram::Parts::ApplyInternetOptions() {
+void QtProgramParts::ApplyInternetOptions() {
     const InternetValues values = InternetSettings(settings).Get();
     QtWebOptions::ApplyProxy(values, profile);
     QtWebOptions::Apply(values, requests);
@@ -157,14 +158,14 @@ void QtProgram::Parts::ApplyInternetOptions() {
     }
 }
 
-void QtProgram::Parts::TakeProfile(QWebEngineProfile& made) {
+void QtProgramParts::TakeProfile(QWebEngineProfile& made) {
     browsingData.Watch(made);
     profile = &made;
     TellProfile();
     Follow(made);
 }
 
-void QtProgram::Parts::TellProfile() {
+void QtProgramParts::TellProfile() {
     const auto words = InstanceProfiles::WordsFor(profile->isOffTheRecord() ? 0 : ownProfile->Number());
     main.sbStatus.ProfileTip = words.Tip;
     main.sbStatus.Profile = words.Sign;
@@ -173,12 +174,12 @@ void QtProgram::Parts::TellProfile() {
 }
 
 // Nothing of it is noted anywhere.
-void QtProgram::Parts::TakePrivateProfile(QWebEngineProfile& made) {
+void QtProgramParts::TakePrivateProfile(QWebEngineProfile& made) {
     privateProfile = &made;
     Follow(made);
 }
 
-void QtProgram::Parts::Follow(QWebEngineProfile& made) {
+void QtProgramParts::Follow(QWebEngineProfile& made) {
     made.setUrlRequestInterceptor(&requests);
     ApplyInternetOptions();
     downloads.Follow(made);
@@ -186,7 +187,7 @@ void QtProgram::Parts::Follow(QWebEngineProfile& made) {
     if (dictionaries) dictionaries->Follow(made);
 }
 
-ServiceTemplates QtProgram::Parts::Services() {
+ServiceTemplates QtProgramParts::Services() {
     const SettingsStore store(settings);
     return {store.SearchService.Get(), store.ShopService.Get(), store.FindService.Get()};
 }

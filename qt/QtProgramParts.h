@@ -31,7 +31,6 @@
 #include "qt/QtNoticeBar.h"
 #include "qt/QtNotifications.h"
 #include "qt/QtPageBars.h"
-#include "qt/QtProgram.h"
 #include "qt/QtRenameGroup.h"
 #include "qt/QtRequests.h"
 #include "qt/QtScreenFit.h"
@@ -68,8 +67,8 @@ struct DrawnAs {
 
 /// Everything outside the core that the program is made of, in the order in which it is made: what a part needs stands
 /// before it.
-struct QtProgram::Parts {
-    Parts(QtProgram& owner, int& argc, char** argv);
+struct QtProgramParts {
+    QtProgramParts(int& argc, char** argv);
 
     void OfferSession(TextView id, const Session& session);
     [[nodiscard]] CommandHost Operations();
@@ -81,7 +80,6 @@ struct QtProgram::Parts {
     void Follow(QWebEngineProfile& made);
     [[nodiscard]] ServiceTemplates Services();
 
-    QtProgram& program;
     // Outlives the engine, which ends with the application.
     std::optional<QtInstanceProfile> ownProfile;
     QApplication qt;

@@ -1,7 +1,6 @@
 #include "qt/QtTabStrip.h"
 
 #include "common/Captions.h"
-#include "qt/QtTabStripAccessible.h"
 #include "qt/QtText.h"
 
 #include <QEvent>
@@ -17,7 +16,6 @@ constexpr std::chrono::milliseconds kFacesDelay{100};
 } // namespace
 
 QtTabStrip::QtTabStrip(TabStrip& strip, QWidget* parent) : QWidget(parent), m_strip(strip) {
-    InstallTabStripAccessibility();
     setObjectName(QStringLiteral("pcPage"));
     setAccessibleName(QStringLiteral("Tabs"));
     setFocusPolicy(Qt::TabFocus);

@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr int kHoverMilliseconds = 450;
 const auto kEmptyHint = QStringLiteral("emptyToolBarHint");
 
 class DropLine final : public QWidget {
@@ -183,7 +182,7 @@ void QtToolDrag::DragEnds() {
 bool QtToolDrag::DragOverBar(const Spot& spot, QDropEvent& event, const DraggedTool& dragged) {
     if (spot.bar != m_hovered.bar || spot.entry != m_hovered.entry) {
         m_hovered = spot;
-        m_hover.start(kHoverMilliseconds, this);
+        m_hover.start(QtToolMime::kHoverMilliseconds, this);
     }
     const bool takes = spot.band && m_custom.Accepts(*spot.band, dragged);
     if (takes)

@@ -11,6 +11,9 @@ class QWidget;
 /// A tool on its way from one place of the command bar to another. Only the program that it comes from knows it.
 namespace QtToolMime {
 
+/// So long a tool is held over a menu until that opens.
+constexpr int kHoverMilliseconds = 450;
+
 /// The type of the data that a drag carries.
 [[nodiscard]] const QString& Type();
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr TextView kName = u"TessaView3", kPath = u"/programs/tessaview";
+constexpr TextView kProgramName = u"TessaView3", kPath = u"/programs/tessaview";
 
 /// A desktop of the test's own: data and configuration folders, and a tool that writes down how it is called.
 class QtDefaultBrowserTest : public testing::Test {
@@ -68,66 +68,66 @@ constexpr auto kCheck = "check default-web-browser tessaview.desktop\n";
 
 TEST_F(QtDefaultBrowserTest, WithoutAnInstalledEntryThereIsNothingToAskAndNothingIsRun) {
     InstallTool("echo no");
-    EXPECT_TRUE(m_helper.IsDefault(kName, kPath));
-    EXPECT_EQ(m_helper.MakeDefault(kName, kPath), Outcome::Failed);
+    EXPECT_TRUE(m_helper.IsDefault(kProgramName, kPath));
+    EXPECT_EQ(m_helper.MakeDefault(kProgramName, kPath), Outcome::Failed);
     EXPECT_EQ(Calls(), "");
 }
 
 TEST_F(QtDefaultBrowserTest, WithoutTheToolThereIsNothingToAsk) {
     InstallEntry();
     Set("PATH", Path("bin"));
-    EXPECT_TRUE(m_helper.IsDefault(kName, kPath));
-    EXPECT_EQ(m_helper.MakeDefault(kName, kPath), Outcome::Failed);
+    EXPECT_TRUE(m_helper.IsDefault(kProgramName, kPath));
+    EXPECT_EQ(m_helper.MakeDefault(kProgramName, kPath), Outcome::Failed);
 }
 
 TEST_F(QtDefaultBrowserTest, TheToolsNoIsNo) {
     InstallEntry();
     InstallTool("echo no");
-    EXPECT_FALSE(m_helper.IsDefault(kName, kPath));
+    EXPECT_FALSE(m_helper.IsDefault(kProgramName, kPath));
     EXPECT_EQ(Calls(), kCheck);
 }
 
 TEST_F(QtDefaultBrowserTest, AnEntryInTheSystemsFolderCounts) {
     InstallEntry("system");
     InstallTool("echo no");
-    EXPECT_FALSE(m_helper.IsDefault(kName, kPath));
+    EXPECT_FALSE(m_helper.IsDefault(kProgramName, kPath));
 }
 
 TEST_F(QtDefaultBrowserTest, TheToolsYesIsYes) {
     InstallEntry();
     InstallTool("echo yes");
-    EXPECT_TRUE(m_helper.IsDefault(kName, kPath));
+    EXPECT_TRUE(m_helper.IsDefault(kProgramName, kPath));
     EXPECT_EQ(Calls(), kCheck);
 }
 
 TEST_F(QtDefaultBrowserTest, AToolThatFailsIsNotBelieved) {
     InstallEntry();
     InstallTool("echo no; exit 3");
-    EXPECT_TRUE(m_helper.IsDefault(kName, kPath));
+    EXPECT_TRUE(m_helper.IsDefault(kProgramName, kPath));
     InstallTool("kill -9 $$");
-    EXPECT_TRUE(m_helper.IsDefault(kName, kPath));
+    EXPECT_TRUE(m_helper.IsDefault(kProgramName, kPath));
     InstallTool("echo perhaps");
-    EXPECT_TRUE(m_helper.IsDefault(kName, kPath));
+    EXPECT_TRUE(m_helper.IsDefault(kProgramName, kPath));
 }
 
 TEST_F(QtDefaultBrowserTest, AToolThatHangsHasNothingToSay) {
     InstallEntry();
     InstallTool("echo no; exec sleep 300");
-    EXPECT_TRUE(m_helper.IsDefault(kName, kPath));
+    EXPECT_TRUE(m_helper.IsDefault(kProgramName, kPath));
 }
 
 TEST_F(QtDefaultBrowserTest, ATicklishEnvironmentVariableDoesNotReachTheTool) {
     Set("BROWSER", QStringLiteral("w3m"));
     InstallEntry();
     InstallTool("[ -z \"$BROWSER\" ] && echo no");
-    EXPECT_FALSE(m_helper.IsDefault(kName, kPath));
+    EXPECT_FALSE(m_helper.IsDefault(kProgramName, kPath));
 }
 
 TEST_F(QtDefaultBrowserTest, TheUsersListThatNamesUsNeedsNoTool) {
     InstallEntry();
     InstallTool("echo no");
     UsersList("mimeapps.list", "tessaview.desktop", "tessaview.desktop;other.desktop;");
-    EXPECT_TRUE(m_helper.IsDefault(kName, kPath));
+    EXPECT_TRUE(m_helper.IsDefault(kProgramName, kPath));
     EXPECT_EQ(Calls(), "");
 }
 
@@ -135,7 +135,7 @@ TEST_F(QtDefaultBrowserTest, AListThatNamesAnotherForOneTypeLeavesItToTheTool) {
     InstallEntry();
     InstallTool("echo no");
     UsersList("mimeapps.list", "other.desktop;tessaview.desktop", "tessaview.desktop");
-    EXPECT_FALSE(m_helper.IsDefault(kName, kPath));
+    EXPECT_FALSE(m_helper.IsDefault(kProgramName, kPath));
     EXPECT_EQ(Calls(), kCheck);
 }
 
@@ -144,22 +144,22 @@ TEST_F(QtDefaultBrowserTest, TheListOfTheDesktopThatRunsCountsFirst) {
     InstallTool("echo no");
     UsersList("mimeapps.list", "tessaview.desktop", "tessaview.desktop");
     UsersList("gnome-mimeapps.list", "other.desktop", "other.desktop");
-    EXPECT_FALSE(m_helper.IsDefault(kName, kPath));
+    EXPECT_FALSE(m_helper.IsDefault(kProgramName, kPath));
     UsersList("garden-mimeapps.list", "tessaview.desktop", "tessaview.desktop");
-    EXPECT_TRUE(m_helper.IsDefault(kName, kPath));
+    EXPECT_TRUE(m_helper.IsDefault(kProgramName, kPath));
 }
 
 TEST_F(QtDefaultBrowserTest, ADamagedListIsNone) {
     InstallEntry();
     InstallTool("echo no");
     m_folder.Write("config/mimeapps.list", std::string("[Default Applications\nx-scheme-handler/http\0=\n[[[", 48));
-    EXPECT_FALSE(m_helper.IsDefault(kName, kPath));
+    EXPECT_FALSE(m_helper.IsDefault(kProgramName, kPath));
 }
 
 TEST_F(QtDefaultBrowserTest, MakesTheInstalledEntryTheDefault) {
     InstallEntry();
     InstallTool("");
-    EXPECT_EQ(m_helper.MakeDefault(kName, kPath), Outcome::Done);
+    EXPECT_EQ(m_helper.MakeDefault(kProgramName, kPath), Outcome::Done);
     const QDeadlineTimer patience(30000);
     while (Calls().empty() && !patience.hasExpired()) QThread::msleep(5);
     EXPECT_EQ(Calls(), "set default-web-browser tessaview.desktop\n");

@@ -1,5 +1,6 @@
 #include "qt/QtTabStrip.h"
 
+#include "qt/QtTabStripAccessible.h"
 #include "qt/QtText.h"
 
 #include <QAccessible>
@@ -34,6 +35,7 @@ protected:
 class QtTabStripTest : public testing::Test {
 protected:
     void SetUp() override {
+        InstallTabStripAccessibility();
         widget.resize(800, widget.RowHeight().value);
         strip.Click = [this] { ++clicks; };
         widget.CloseRequested = [this](Tab& tab) { closed += ToUtf8(tab.Caption()) + ";"; };
