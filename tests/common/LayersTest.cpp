@@ -5,8 +5,10 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <map>
 #include <optional>
 #include <regex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -112,6 +114,48 @@ std::vector<std::string> Complaints(const std::vector<Source>& sources) {
     return complaints;
 }
 
+/// A header and the source of its name are one module.
+std::string ModuleOf(const std::string& path) { return path.substr(0, path.rfind('.')); }
+
+using Arrows = std::map<std::string, std::set<std::string>>;
+
+/// From each module to those that it includes.
+Arrows ArrowsBetween(const std::vector<Source>& sources) {
+    Arrows arrows;
+    for (const Source& source : sources) {
+        if (FirstFolder(source.path) == "tests") continue;
+        const std::string from = ModuleOf(source.path);
+        for (const Include& include : Includes(source.text))
+            if (include.as == Written::Quoted && ModuleOf(include.name) != from)
+                arrows[from].insert(ModuleOf(include.name));
+    }
+    return arrows;
+}
+
+void Reach(const Arrows& arrows, const std::string& from, std::set<std::string>& reached) {
+    const auto found = arrows.find(from);
+    if (found == arrows.end()) return;
+    for (const std::string& each : found->second)
+        if (reached.insert(each).second) Reach(arrows, each, reached);
+}
+
+/// Modules that include each other, directly or through others: the names of a circle with blanks between.
+std::set<std::string> Circles(const std::vector<Source>& sources) {
+    const Arrows arrows = ArrowsBetween(sources);
+    std::map<std::string, std::set<std::string>> reached;
+    for (const auto& [module, included] : arrows) Reach(arrows, module, reached[module]);
+    std::set<std::string> circles;
+    for (const auto& [module, others] : reached) {
+        if (!others.contains(module)) continue;
+        std::string circle;
+        for (const std::string& each : others)
+            if (const auto back = reached.find(each); back != reached.end() && back->second.contains(module))
+                circle += (circle.empty() ? "" : " ") + each;
+        circles.insert(circle);
+    }
+    return circles;
+}
+
 /// Takes comments and the insides of literals out of C++ text, so that what is left is code.
 class CodeOnly {
 public:
@@ -206,6 +250,22 @@ TEST(Layers, EveryIncludeOfTheHouseKeepsToItsLayer) {
     for (const std::string_view file : {"common/Text.h", "common/platform/BrowserView.h", "tabs/TabSet.cpp"})
         EXPECT_TRUE(std::any_of(house.begin(), house.end(), [&](const Source& each) { return each.path == file; }))
             << file;
+}
+
+// What is not wanted and not yet taken apart. The list only becomes shorter.
+const std::set<std::string> kCirclesLeft{
+    "mainwindow/MainCommands mainwindow/MainKeyboard mainwindow/MainLoad mainwindow/MainUnload mainwindow/frmMain",
+    "qt/QtBrowserView qt/QtEngine",
+};
+
+TEST(Layers, NoModulesIncludeEachOther) { EXPECT_EQ(Circles(ReadHouse()), kCirclesLeft); }
+
+TEST(Layers, ACircleIsFoundThroughOtherModules) {
+    const Source header{"tabs/A.h", "#include \"tabs/B.h\"\n"}, between{"tabs/B.cpp", "#include \"tabs/C.h\"\n"};
+    EXPECT_EQ(Circles({header, between}), std::set<std::string>{});
+    EXPECT_EQ(Circles({header, between, {"tabs/C.h", "#include \"tabs/A.h\"\n"}}),
+              std::set<std::string>{"tabs/A tabs/B tabs/C"});
+    EXPECT_EQ(Circles({{"tabs/A.cpp", "#include \"tabs/A.h\"\n"}}), std::set<std::string>{}) << "its own header";
 }
 
 TEST(Layers, TheCoreHasNoExceptions) { EXPECT_EQ(Lines(FilesWithExceptions(ReadHouse())), ""); }
