@@ -14,14 +14,16 @@ void ClosedTabs::Remember(std::int32_t Index) {
     const Text address = view->Control->LocationURL();
     if (address.empty() || address == Address::kBlank) return;
     if (!m_several || m_closed.empty()) m_closed.emplace_back();
-    m_closed.back().Tabs.push_back({address, tab->Caption(), view->Control->History(), m_pcPage.PositionOf(tab)});
+    Command& command = m_closed.back();
+    command.Tabs.push_back({address, tab->Caption(), view->Control->History(), m_pcPage.PositionOf(tab),
+                            m_several && command.FrontIndex == Index});
     Forget();
     if (Changed) Changed();
 }
 
 void ClosedTabs::BeginSeveral() {
     m_several = true;
-    m_closed.emplace_back();
+    m_closed.emplace_back().FrontIndex = m_tabs.CurrentIndex();
 }
 
 void ClosedTabs::EndSeveral() {
@@ -41,27 +43,40 @@ void ClosedTabs::Forget() {
     while (m_closed.size() > 1 && (m_closed.size() > kMost || tabs() > kMostTabs)) m_closed.erase(m_closed.begin());
 }
 
+Tab* ClosedTabs::Open(const ClosedTab& closed, bool awake) {
+    const std::int32_t index = m_tabs.NextBrowserIndex;
+    auto* view = m_tabs.GetNewBrowser(InFront::No);
+    auto* tab = TabOfView(m_pcPage, index);
+    if (!view || !tab) return nullptr;
+    ResumeNext(awake ? view->Restore(closed.History, closed.Address)
+                     : view->RestoreLater(closed.History, closed.Address));
+    if (!awake) m_pcPage.SetCaption(tab, closed.Title);
+    m_pcPage.Move(tab, std::min(closed.Position, m_pcPage.Count()));
+    return TabOfView(m_pcPage, index);
+}
+
+Tab* ClosedTabs::Unblank(const Command& command) {
+    const auto* blanked = m_tabs.OpenView(command.BlankedIndex);
+    if (!blanked || !blanked->Control->Blank()) return nullptr;
+    ResumeNext(blanked->Control->GoBack());
+    return TabOfView(m_pcPage, command.BlankedIndex);
+}
+
 void ClosedTabs::Reopen() {
     if (m_closed.empty()) return;
     const Command command = std::move(m_closed.back());
     m_closed.pop_back();
-    Text leftmost;
+    Text leftmost, front;
     std::size_t opened = 0;
     // The tab closed last stood leftmost, and takes its place before those that stood right of it.
     for (auto closed = command.Tabs.rbegin(); closed != command.Tabs.rend(); ++closed) {
-        const std::int32_t index = m_tabs.NextBrowserIndex;
-        auto* view = m_tabs.GetNewBrowser(InFront::No);
-        auto* tab = TabOfView(m_pcPage, index);
-        if (!view || !tab) continue;
-        const bool awake = ++opened <= kAwake;
-        ResumeNext(awake ? view->Restore(closed->History, closed->Address)
-                         : view->RestoreLater(closed->History, closed->Address));
-        if (!awake) m_pcPage.SetCaption(tab, closed->Title);
-        m_pcPage.Move(tab, std::min(closed->Position, m_pcPage.Count()));
+        const auto* tab = Open(*closed, ++opened <= kAwake || closed->WasInFront);
+        if (!tab) continue;
         if (leftmost.empty()) leftmost = tab->Key();
+        if (closed->WasInFront) front = tab->Key();
     }
-    const auto* blanked = m_tabs.OpenView(command.BlankedIndex);
-    if (blanked && blanked->Control->Blank()) ResumeNext(blanked->Control->GoBack());
-    if (auto* tab = m_pcPage.Find(leftmost)) m_pcPage.Select(tab);
+    const auto* blanked = Unblank(command);
+    if (blanked && command.BlankedIndex == command.FrontIndex) front = blanked->Key();
+    if (auto* tab = m_pcPage.Find(front.empty() ? leftmost : front)) m_pcPage.Select(tab);
     if (Changed) Changed();
 }

@@ -26,8 +26,9 @@ public:
     /// The page of view `Index` gives way to a blank one, by the same command.
     void RememberBlanked(std::int32_t Index);
 
-    /// Brings the tabs that were closed last back to their places and the leftmost to the front, with where their pages
-    /// have been. Does nothing when there are none.
+    /// Brings the tabs that were closed last back to their places, with where their pages have been, and the one that
+    /// was in front before the command to the front; the leftmost when that one has stayed. Does nothing when there are
+    /// none.
     void Reopen();
     /// How many tabs `Reopen` brings back.
     [[nodiscard]] std::size_t Next() const { return m_closed.empty() ? 0 : m_closed.back().Tabs.size(); }
@@ -41,13 +42,19 @@ private:
         Text Title;
         std::string History;
         std::size_t Position = 0;
+        bool WasInFront = false; ///< when the command began
     };
     struct Command {
         std::vector<ClosedTab> Tabs;   ///< in the order in which they were closed
         std::int32_t BlankedIndex = 0; ///< the view that was blanked; 0 for none
+        std::int32_t FrontIndex = 0;   ///< the view in front when it began; 0 where it closes but one
     };
 
     void Forget();
+    /// Opens that tab again in the background; nothing when there is no room for one more.
+    Tab* Open(const ClosedTab& closed, bool awake);
+    /// The tab that the command has left blank, with its page again; nothing when it has shown another one since.
+    Tab* Unblank(const Command& command);
 
     TabSet& m_tabs;
     TabStrip& m_pcPage;

@@ -80,14 +80,44 @@ TEST_F(ClosedTabsTest, WhatOneCommandHasClosedComesBackInOrderByOne) {
     EXPECT_EQ(desk.main.actBar.Find(u"xtrReopenTab")->Caption(), u"&Reopen 7 Tabs");
     desk.views.Calls(1);
     desk.Click(u"xtrReopenTab");
-    EXPECT_EQ(desk.Strip(), "1 [9*] 10 11 12 13 14 15");
-    EXPECT_EQ(desk.Captions(), "1 [Loading...*] Loading... Loading... Loading... 6 7 8") << "the first few are awake";
+    EXPECT_EQ(desk.Strip(), "1 9 [10*] 11 12 13 14 15");
+    EXPECT_EQ(desk.Captions(), "1 Loading... [Loading...*] Loading... Loading... 6 7 8") << "the first few are awake";
     EXPECT_EQ(desk.views.Calls(9), "go about:blank, restore history 2");
     EXPECT_EQ(desk.views.Calls(12), "go about:blank, restore history 5");
     EXPECT_EQ(desk.views.Calls(13), "go about:blank, restore history 6 later");
     EXPECT_EQ(desk.views.Calls(1), "back") << "the tab that was left was blanked";
     EXPECT_FALSE(CanReopen());
     EXPECT_EQ(desk.main.actBar.Find(u"xtrReopenTab")->Caption(), u"&Reopen Closed Tab");
+}
+
+TEST_F(ClosedTabsTest, WhatWasInFrontBeforeTheCommandIsInFrontAgain) {
+    Start(9);
+    desk.ClickTab(8);
+    desk.Click(u"mnuCloseAll");
+    ASSERT_EQ(desk.Strip(), "[1*]");
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.Strip(), "1 10 11 12 13 14 15 [16*] 17");
+    EXPECT_EQ(desk.views.Calls(16), "go about:blank, restore history 8") << "it is looked at, so it is awake";
+    EXPECT_EQ(desk.views.Calls(15), "go about:blank, restore history 7 later");
+}
+
+TEST_F(ClosedTabsTest, ATabThatWasBlankedInFrontIsInFrontAgain) {
+    Start(3);
+    desk.ClickTab(1);
+    desk.Click(u"mnuCloseAll");
+    desk.ClickTab(1);
+    desk.main.GetNewBrowser(InFront::Yes);
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.Strip(), "[1*] 5 6 4");
+}
+
+TEST_F(ClosedTabsTest, WhereTheTabInFrontHasStayedTheLeftmostComesToTheFront) {
+    Start(5);
+    desk.ClickTab(5);
+    desk.main.Tabs.CloseTabs({4, 3});
+    ASSERT_EQ(desk.Strip(), "1 2 [5*]");
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.Strip(), "1 2 [6*] 7 5");
 }
 
 TEST_F(ClosedTabsTest, ATabThatWasLeftKeepsWhatItHasShownSince) {
