@@ -1,6 +1,7 @@
 #include "qt/QtCommandBar.h"
 
 #include "qt/QtIcons.h"
+#include "qt/QtOverflowArrow.h"
 #include "qt/QtToolBarsMenu.h"
 
 #include <QAction>
@@ -22,6 +23,7 @@ QtCommandBar::QtCommandBar(CommandBar& bar, QMainWindow& window)
     Follow();
     m_window.installEventFilter(this);
     m_window.menuBar()->installEventFilter(this);
+    QtOverflowArrow::Show(*m_window.menuBar(), QStringLiteral("qt_menubar_ext_button"), QStringLiteral("More menus"));
 }
 
 QtCommandBar::~QtCommandBar() {

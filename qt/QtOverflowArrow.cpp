@@ -26,10 +26,14 @@ void DrawArrows(QPainter& painter, const QRect& place, const QColor& color, bool
 
 } // namespace
 
-void QtOverflowArrow::Show(QToolButton& button) {
+void QtOverflowArrow::Show(const QWidget& bar, const QString& button, const QString& name) {
+    auto* more = bar.findChild<QToolButton*>(button);
+    if (!more) return;
+    more->setAccessibleName(name);
+    more->setToolTip(name);
     auto* style = new QtOverflowArrow;
-    style->setParent(&button);
-    button.setStyle(style);
+    style->setParent(more);
+    more->setStyle(style);
 }
 
 void QtOverflowArrow::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

@@ -1,16 +1,14 @@
 #pragma once
 #include <QProxyStyle>
 
-class QToolButton;
-
-/// Draws the arrows of the button for what did not fit on a bar. The desktop's style has a dark picture for it, which
-/// cannot be seen on a dark ground.
+/// Draws the arrows of the button for what did not fit on a bar of tools or menus. The desktop's style has a dark
+/// picture for it, which cannot be seen on a dark ground.
 class QtOverflowArrow final : public QProxyStyle {
     Q_OBJECT
 
 public:
-    /// Gives that button, which takes the style over, its arrows.
-    static void Show(QToolButton& button);
+    /// Gives the button of that name in a bar, if there is one, its arrows and a name for screen reader and pointer.
+    static void Show(const QWidget& bar, const QString& button, const QString& name);
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;

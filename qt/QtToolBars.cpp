@@ -21,6 +21,7 @@
 namespace {
 
 constexpr int kLabelMargin = 4;
+const QString kMoreTools = QStringLiteral("qt_toolbar_ext_button");
 
 // Tells of the pointer that comes and goes. Lives as long as its widget.
 class Hover final : public QObject {
@@ -44,9 +45,7 @@ private:
 };
 
 // Opens the tools that did not fit.
-QToolButton* MoreButton(const QToolBar& bar) {
-    return bar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
-}
+QToolButton* MoreButton(const QToolBar& bar) { return bar.findChild<QToolButton*>(kMoreTools); }
 
 // The pointer may have left a button while its menu held the mouse, and nobody tells it.
 void LeaveLater(QToolButton& button) {
@@ -103,11 +102,7 @@ void QtToolBars::Make(Band& band) {
     auto* bar = new QToolBar(&m_window);
     bar->setObjectName(ToQt(band.Name()));
     bar->setStyle(&m_style);
-    if (QToolButton* more = MoreButton(*bar)) {
-        more->setAccessibleName(QStringLiteral("More tools"));
-        more->setToolTip(QStringLiteral("More tools"));
-        QtOverflowArrow::Show(*more);
-    }
+    QtOverflowArrow::Show(*bar, kMoreTools, QStringLiteral("More tools"));
     m_toolBars.emplace(band.Name(), bar);
     band.Caption.Attach([bar](const Text& caption) {
         bar->setWindowTitle(ToQt(caption));

@@ -196,8 +196,11 @@ int Contrast(QWidget& widget) {
 
 TEST_F(QtBandMenusTest, TheArrowsOfWhatDoesNotFitStandOutOnEveryGround) {
     auto* more = ToolBarOf(u"bndGo").findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    auto* menus = window.menuBar()->findChild<QToolButton*>(QStringLiteral("qt_menubar_ext_button"));
+    Fill(u"bndMenu", 20);
     window.resize(60, 300);
-    ASSERT_TRUE(QTest::qWaitFor([more] { return more->isVisible(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return more->isVisible() && menus->isVisible(); }));
+    EXPECT_EQ(menus->accessibleName(), QStringLiteral("More menus"));
     for (const auto& [ground, text] : {std::pair(0xff2a2e32, 0xfffcfcfc), std::pair(0xffefefef, 0xff232629)}) {
         QPalette palette;
         for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
@@ -207,6 +210,7 @@ TEST_F(QtBandMenusTest, TheArrowsOfWhatDoesNotFitStandOutOnEveryGround) {
         window.setPalette(palette);
         QCoreApplication::processEvents();
         EXPECT_GT(Contrast(*more), 120) << std::hex << ground;
+        EXPECT_GT(Contrast(*menus), 120) << std::hex << ground;
     }
 }
 
