@@ -1,6 +1,7 @@
 #include "qt/QtTabLines.h"
 
 #include "qt/QtPalette.h"
+#include "qt/QtTabLook.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -9,7 +10,7 @@
 #include <algorithm>
 
 namespace {
-constexpr int kCross = 16, kCrossMargin = 6, kHostGap = 12, kLinePadding = 8, kIconMargin = 4;
+constexpr int kCross = 16, kCrossMargin = 6, kHostGap = 12, kLinePadding = 8, kIconMargin = 4, kIconSize = 16;
 } // namespace
 
 QtTabLines::QtTabLines(QAbstractItemView* list) : QStyledItemDelegate(list) {}
@@ -27,7 +28,6 @@ void QtTabLines::paint(QPainter* painter, const QStyleOptionViewItem& option, co
     QStyleOptionViewItem line(option);
     initStyleOption(&line, index);
     const QString title = std::exchange(line.text, QString()), host = index.data(kHostRole).toString();
-    // A selected icon would be tinted until it cannot be told from its ground.
     const QIcon icon = std::exchange(line.icon, QIcon());
     line.features &= ~QStyleOptionViewItem::HasDecoration;
     const QStyle* style = line.widget ? line.widget->style() : QApplication::style();
@@ -37,10 +37,13 @@ void QtTabLines::paint(QPainter* painter, const QStyleOptionViewItem& option, co
     const QColor text = line.palette.color(marked ? QPalette::HighlightedText : QPalette::Text);
     const QColor ground = line.palette.color(marked ? QPalette::Highlight : QPalette::Base);
     const QRect cross = ClosePlace(line.rect);
-    const QSize iconSize = line.decorationSize;
-    const QRect iconPlace(line.rect.left() + kIconMargin, line.rect.center().y() - iconSize.height() / 2,
-                          iconSize.width(), iconSize.height());
-    icon.paint(painter, iconPlace);
+    const QRect iconPlace(line.rect.left() + kIconMargin, line.rect.center().y() - kIconSize / 2, kIconSize, kIconSize);
+    painter->save();
+    // As on the strip; the desktop's picture for it can hardly be seen on a dark ground.
+    if (icon.isNull())
+        QtTabLook::PaintBlankPage(*painter, iconPlace, marked ? text : QtPalette::Mix(ground, text, 0.55));
+    else
+        icon.paint(painter, iconPlace, Qt::AlignCenter, marked ? QIcon::Selected : QIcon::Normal);
     const int left = iconPlace.right() + kHostGap;
     const QFontMetrics& metrics = line.fontMetrics;
     // The title is what one looks for: the host has no more than half of the line.
@@ -48,7 +51,6 @@ void QtTabLines::paint(QPainter* painter, const QStyleOptionViewItem& option, co
     const QString shownHost = metrics.elidedText(host, Qt::ElideLeft, room / 2);
     const int hostWidth = shownHost.isEmpty() ? 0 : metrics.horizontalAdvance(shownHost) + kHostGap;
     const QRect titleRoom(left, line.rect.top(), std::max(room - hostWidth, 0), line.rect.height());
-    painter->save();
     painter->setPen(text);
     painter->drawText(titleRoom, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                       metrics.elidedText(title, Qt::ElideRight, titleRoom.width()));

@@ -1,6 +1,7 @@
 #include "qt/QtTabList.h"
 
 #include "qt/QtPage.h"
+#include "qt/QtSelectedIcon.h"
 #include "qt/QtTabLines.h"
 #include "qt/QtText.h"
 #include "qt/QtTip.h"
@@ -70,8 +71,7 @@ void QtTabList::MakeList() {
 void QtTabList::Fill(const std::vector<QtTabListEntry>& tabs) {
     m_tabs->clear();
     for (const QtTabListEntry& tab : tabs) {
-        const QIcon icon = tab.icon.isNull() ? QIcon::fromTheme(QStringLiteral("unknown")) : tab.icon;
-        auto* item = new QStandardItem(icon, tab.title);
+        auto* item = new QStandardItem(WithSelectedPageLook(tab.icon), tab.title);
         item->setData(ToQt(tab.key), kTabKeyRole);
         item->setData(QString(tab.title + QLatin1Char('\n') + tab.address), kSearchedRole);
         item->setData(QtPage::HostAndPort(QUrl(tab.address)), kHostRole);

@@ -61,7 +61,7 @@ void QtTabLook::PaintTab(QPainter& painter, const QtTabFace& face) const {
     else if (face.busy)
         PaintBusyMark(painter, icon);
     else if (face.icon.isNull())
-        PaintBlankPage(painter, icon);
+        PaintBlankPage(painter, icon, QtPalette::Mix(m_row, m_text, 0.55));
     else
         face.icon.paint(&painter, icon);
 
@@ -128,8 +128,7 @@ void QtTabLook::PaintBusyMark(QPainter& painter, const QRect& place) {
     painter.restore();
 }
 
-/// A sheet with a folded corner, for a page that has no icon.
-void QtTabLook::PaintBlankPage(QPainter& painter, const QRect& place) const {
+void QtTabLook::PaintBlankPage(QPainter& painter, const QRect& place, const QColor& color) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF sheet = QRectF(place).adjusted(3.5, 2.5, -3.5, -2.5);
     constexpr double kFold = 3.5;
@@ -142,7 +141,7 @@ void QtTabLook::PaintBlankPage(QPainter& painter, const QRect& place) const {
     outline.moveTo(sheet.right() - kFold, sheet.top());
     outline.lineTo(sheet.right() - kFold, sheet.top() + kFold);
     outline.lineTo(sheet.right(), sheet.top() + kFold);
-    painter.strokePath(outline, QPen(QtPalette::Mix(m_row, m_text, 0.55), 1));
+    painter.strokePath(outline, QPen(color, 1));
 }
 
 /// A loudspeaker, with waves when it is heard and crossed out when it is muted.

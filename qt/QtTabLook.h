@@ -46,10 +46,11 @@ public:
     static void PaintBusyMark(QPainter& painter, const QRect& place);
     /// The page waits for an answer.
     static void PaintAskMark(QPainter& painter, const QRect& place);
+    /// A sheet with a folded corner, for a page that has no icon.
+    static void PaintBlankPage(QPainter& painter, const QRect& place, const QColor& color);
 
 private:
     void PaintBody(QPainter& painter, const QtTabFace& face) const;
-    void PaintBlankPage(QPainter& painter, const QRect& place) const;
     void PaintSound(QPainter& painter, const QtTabFace& face) const;
     void PaintClose(QPainter& painter, const QtTabFace& face) const;
 

@@ -45,6 +45,27 @@ TEST(QtSelectedIcon, IsAsSharpAsTheScreen) {
     EXPECT_EQ(drawn.devicePixelRatio(), 2);
 }
 
-TEST(QtSelectedIcon, OfNoPictureThereIsNone) { EXPECT_TRUE(WithSelectedLook(QIcon()).isNull()); }
+TEST(QtSelectedIcon, APagesPictureThatHidesOnTheSelectionTakesTheColourOfItsText) {
+    const QPalette palette = QGuiApplication::palette();
+    const QColor ground = palette.color(QPalette::Highlight);
+    const QIcon icon = WithSelectedPageLook(Filled(ground));
+    EXPECT_EQ(MiddleOf(icon, QIcon::Selected), palette.color(QPalette::HighlightedText));
+    EXPECT_EQ(MiddleOf(icon, QIcon::Normal), ground);
+}
+
+TEST(QtSelectedIcon, APagesPictureThatCanBeSeenKeepsItsColours) {
+    const QColor ground = QGuiApplication::palette().color(QPalette::Highlight);
+    const QColor seen = ground.lightnessF() > 0.4 ? Qt::black : Qt::yellow;
+    EXPECT_EQ(MiddleOf(WithSelectedPageLook(Filled(seen)), QIcon::Selected), seen);
+    // A letter on a ground that hides: drawn in one colour it could not be read.
+    QPixmap letter = Filled(ground).pixmap(QSize(32, 32));
+    QPainter(&letter).fillRect(10, 10, 2, 12, seen);
+    EXPECT_EQ(MiddleOf(WithSelectedPageLook(QIcon(letter)), QIcon::Selected), ground);
+}
+
+TEST(QtSelectedIcon, OfNoPictureThereIsNone) {
+    EXPECT_TRUE(WithSelectedLook(QIcon()).isNull());
+    EXPECT_TRUE(WithSelectedPageLook(QIcon()).isNull());
+}
 
 } // namespace

@@ -169,4 +169,29 @@ TEST_F(QtTabListTest, TheSearchOfTheLastTimeIsForgotten) {
     EXPECT_EQ(Marked(), QStringLiteral("Page 2"));
 }
 
+TEST_F(QtTabListTest, PicturesStandOutOnTheMarkedLineAndOnOthers) {
+    const QPalette palette = QGuiApplication::palette();
+    QPixmap hidden(32, 32);
+    hidden.fill(palette.color(QPalette::Highlight));
+    auto tabs = Tabs(4, 1);
+    tabs[0].icon = tabs[1].icon = QIcon(hidden);
+    list.Open(tabs, {500, 100});
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&list));
+    const auto picture = [this](int row) {
+        const QRect line = View()->visualRect(View()->model()->index(row, 0));
+        return View()->viewport()->grab({line.left() + 4, line.center().y() - 8, 16, 16}).toImage();
+    };
+    EXPECT_EQ(picture(0).pixelColor(8, 8), palette.color(QPalette::HighlightedText));
+    EXPECT_EQ(picture(1).pixelColor(8, 8), palette.color(QPalette::Highlight)) << "elsewhere it is as it is";
+    // Of pages without one, the sheet's left edge.
+    const auto edge = [&](int row) {
+        return std::abs(qGray(picture(row).pixel(3, 8)) - qGray(picture(row).pixel(8, 8)));
+    };
+    EXPECT_GT(edge(2), 60);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down);
+    EXPECT_GT(edge(2), 60) << "marked";
+    EXPECT_EQ(picture(0).pixelColor(8, 8), palette.color(QPalette::Highlight));
+}
+
 } // namespace
