@@ -40,7 +40,9 @@ QtLeaving::QtLeaving(QtPage& page) : QObject(&page), m_page(page) {
 }
 
 bool QtLeaving::MayHold() const {
-    return !m_left && m_page.PersonWasHere() && m_page.lifecycleState() != QWebEnginePage::LifecycleState::Discarded;
+    // Words can come from an input method without a key.
+    const bool touched = m_page.PersonWasHere() || m_page.HoldsInput();
+    return !m_left && touched && m_page.lifecycleState() != QWebEnginePage::LifecycleState::Discarded;
 }
 
 void QtLeaving::Ask(LeaveReason why, std::function<void(bool holds)> told) {
@@ -51,9 +53,11 @@ void QtLeaving::Ask(LeaveReason why, std::function<void(bool holds)> told) {
         return m_page.triggerAction(QWebEnginePage::RequestClose);
     }
     const int question = ++m_question;
+    m_page.LookAtInput();
     m_page.runJavaScript(QString::fromLatin1(kHoldProbe), QWebEngineScript::MainWorld,
                          [self = QPointer<QtLeaving>(this), question](const QVariant& holds) {
-                             if (self && question == self->m_question) self->Tell(holds.toBool());
+                             if (!self || question != self->m_question) return;
+                             self->Tell(holds.toBool() || self->m_page.HoldsText());
                          });
 }
 

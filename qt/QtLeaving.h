@@ -10,7 +10,8 @@
 
 class QtPage;
 
-/// Asks a page whether it holds its user back from leaving it. Belongs to the page.
+/// Asks a page whether it holds its user back from leaving it. One that holds a text does so only when the program
+/// ends: what was typed in a tab comes back when it is opened again. Belongs to the page.
 class QtLeaving final : public QObject {
     Q_OBJECT
 

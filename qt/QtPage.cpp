@@ -10,6 +10,7 @@
 #include <QDesktopServices>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
+#include <QWebEngineScript>
 #include <QWebEngineSettings>
 #include <chrono>
 #include <memory>
@@ -25,6 +26,7 @@ QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profi
     connect(this, &QWebEnginePage::loadingChanged, this, &QtPage::OnLoading);
     connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] {
         m_input.clear();
+        m_texts.clear();
         m_loading = false;
     });
     m_mayCopy.setSingleShot(true);
@@ -183,9 +185,19 @@ bool QtPage::AcceptOwn(const QUrl& address, NavigationType type, bool isMainFram
 void QtPage::OnInputReport(const QString& report) {
     const QString state = report.section(u' ', 1, 1), document = report.section(u' ', 2);
     // A page of its own: what the one before it held, and the frames of that, are gone.
-    if (state == u"new") m_input.clear();
-    if (state == u"yes") m_input.insert(document);
-    if (state == u"no") m_input.remove(document);
+    if (state == u"new") {
+        m_input.clear();
+        m_texts.clear();
+    }
+    const auto note = [&document](QSet<QString>& all, bool holds) {
+        holds ? (void)all.insert(document) : (void)all.remove(document);
+    };
+    note(m_texts, state == u"text");
+    note(m_input, state == u"text" || state == u"yes");
+}
+
+void QtPage::LookAtInput() {
+    runJavaScript(QStringLiteral("window.lookAtInput && lookAtInput()"), QWebEngineScript::ApplicationWorld);
 }
 
 // A page that another one opens has its address before it begins to load, and before it has its document. Newer engines

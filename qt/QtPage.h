@@ -53,6 +53,11 @@ public:
 
     /// Whether the user has typed or chosen something in the page, or in a frame of it, that was not sent.
     [[nodiscard]] bool HoldsInput() const { return !m_input.isEmpty(); }
+    /// Whether that is a text, of which more is lost than of a search.
+    [[nodiscard]] bool HoldsText() const { return !m_texts.isEmpty(); }
+    /// Has the page look whether it still holds that: one that sends by a script empties its fields later, and tells
+    /// nobody. Both are right by the time that a script has answered which is run after this.
+    void LookAtInput();
 
     /// Shows a dialog for which the whole engine waits - one that our script could not stand in for, or the question
     /// before a page is left - and returns; the answer comes later, or never.
@@ -119,8 +124,8 @@ private:
     QString m_token;
     QPointer<QEventLoop> m_waiting; ///< for the answer to a dialog
     bool m_ending = false;
-    QSet<QString> m_input; ///< the documents that hold some
-    int m_printing = 0;    ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
+    QSet<QString> m_input, m_texts; ///< the documents that hold some
+    int m_printing = 0; ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
     PersonNote m_person, m_opener;
     bool m_personWasHere = false;
     QString m_actedFrame; ///< the origin of the frame in which a person acted last; empty for the page itself

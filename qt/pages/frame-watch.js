@@ -4,9 +4,10 @@
 //   a page reports itself as soon as there is one.
 // - The engine has no signal for frames, so each reports itself when it is there and when it is loaded.
 // - It tells the program whether the page holds what its user has typed or chosen and not sent, so that such a page is
-//   not put to sleep. What a page fills in by itself is its own business.
+//   not put to sleep, and whether that is a text that is asked about before the program ends. What a page fills in by
+//   itself is its own business.
 (function () {
-    var touched = new Set(), told = false, name = Math.random().toString(36).slice(2);
+    var touched = new Set(), told = 'no', name = Math.random().toString(36).slice(2);
 
     function tell(state) { console.debug('%1 input ' + state + ' ' + name); }
 
@@ -21,13 +22,42 @@
         return field.textContent.trim() !== '';
     }
 
+    var lines = ['text', 'email', 'url', 'tel', 'password', 'number'];
+
+    function isLine(field) { return field instanceof HTMLInputElement && lines.indexOf(field.type) >= 0; }
+
+    // It stays in its box when it has been done.
+    function isSearch(field) {
+        return field.closest('[role=search], [role=searchbox], [role=combobox], [type=search]') !== null;
+    }
+
+    // A text of several lines, what is posted, and more than one line; a single one may be a search, too.
+    function isText(field) {
+        if (isLine(field)) return field.form !== null && field.form.method === 'post';
+        return field instanceof HTMLTextAreaElement || typeof field.value !== 'string';
+    }
+
+    function state() {
+        var texts = Array.from(touched).filter(function (field) { return !isSearch(field); });
+        if (texts.some(isText) || texts.filter(isLine).length > 1) return 'text';
+        return touched.size > 0 ? 'yes' : 'no';
+    }
+
     function look() {
         touched.forEach(function (field) { if (!holds(field)) touched.delete(field); });
-        var held = touched.size > 0;
-        if (held === told) return;
-        told = held;
-        tell(held ? 'yes' : 'no');
+        var now = state();
+        if (now === told) return;
+        told = now;
+        tell(now);
     }
+
+    // Asked by the program. A frame from elsewhere cannot be reached; it has told when somebody last typed in it.
+    window.lookAtInput = function () {
+        look();
+        for (var i = 0; i < window.length; ++i) {
+            try { window[i].lookAtInput(); } catch (foreign) { continue; }
+        }
+    };
 
     if (window === window.parent) {
         console.debug('%1 page ' + location.href);

@@ -132,4 +132,76 @@ TEST_F(LeavingPages, WhoHasLeftIsNotAskedAgainOnTheWay) {
     EXPECT_EQ(Question(), nullptr);
 }
 
+/// The same user, who types into forms that ask for nothing themselves.
+class TypedPages : public LeavingPages {
+protected:
+    TypedPages() {
+        server.Page(QStringLiteral("/form"),
+                    "<title>Form</title><p>words</p><textarea id=area></textarea><div id=rich contenteditable></div>"
+                    "<form method=post><input id=posted></form><form><input id=one><input id=other type=email>"
+                    "<input id=search type=search><input id=box type=checkbox></form>"
+                    "<form role=search><textarea id=asked></textarea></form>");
+        server.Page(QStringLiteral("/frame"), "<title>Frame</title><p>words</p><iframe src='/form'></iframe>");
+    }
+    void Type(const QString& field) {
+        const QString value = QStringLiteral("(%1.value ?? %1.innerText)").arg(field);
+        Script(field + QStringLiteral(".focus(); 1"));
+        QTest::keyClicks(Front().Widget()->focusProxy(), QStringLiteral("typed"));
+        ASSERT_TRUE(WaitUntil([&] { return Script(value) == u"typed"; })) << field.toStdString();
+    }
+};
+
+TEST_F(TypedPages, ATextThatWasNotSentIsAskedAboutWhenTheProgramEnds) {
+    for (const char* fields : {"area", "rich", "posted", "one other"}) {
+        ShowAndClick(QStringLiteral("/form"), u"Form");
+        EXPECT_EQ(Holders(), std::vector<std::int32_t>());
+        for (const QString& field : QString::fromLatin1(fields).split(u' ')) Type(field);
+        EXPECT_EQ(Holders(), std::vector<std::int32_t>{static_cast<std::int32_t>(desk.main->Tabs.CurrentIndex())})
+            << fields;
+        EXPECT_EQ(Question(), nullptr);
+        desk.main->CloseBrowserTab(desk.main->Tabs.CurrentIndex());
+    }
+}
+
+TEST_F(TypedPages, ASearchIsNoText) {
+    for (const char* field : {"one", "search", "asked"}) {
+        ShowAndClick(QStringLiteral("/form"), u"Form");
+        Type(QString::fromLatin1(field));
+        EXPECT_EQ(Holders(), std::vector<std::int32_t>()) << field;
+        desk.main->CloseBrowserTab(desk.main->Tabs.CurrentIndex());
+    }
+}
+
+TEST_F(TypedPages, WhatAScriptHasSentIsNotAskedAbout) {
+    ShowAndClick(QStringLiteral("/form"), u"Form");
+    Type(QStringLiteral("area"));
+    EXPECT_EQ(Holders(), std::vector<std::int32_t>{2});
+    Script(QStringLiteral("area.value = ''; 1"));
+    EXPECT_EQ(Holders(), std::vector<std::int32_t>());
+}
+
+TEST_F(TypedPages, ATextInAFrameIsOneToo) {
+    ShowAndClick(QStringLiteral("/frame"), u"Frame");
+    const QString area = QStringLiteral("frames[0].document.getElementById('area')");
+    Script(QStringLiteral("frames[0].focus(); 1"));
+    Type(area);
+    EXPECT_EQ(Holders(), std::vector<std::int32_t>{2});
+    Script(area + QStringLiteral(".value = ''; 1"));
+    EXPECT_EQ(Holders(), std::vector<std::int32_t>()) << "the frame was asked, too";
+}
+
+TEST_F(TypedPages, ATabClosesWithoutAQuestionAndComesBackWithItsText) {
+    ShowAndClick(QStringLiteral("/form"), u"Form");
+    Type(QStringLiteral("area"));
+    // The engine notes what is in a form a little later.
+    const QByteArray words(reinterpret_cast<const char*>(u"typed"), 10);
+    ASSERT_TRUE(WaitUntil([&] { return QByteArray::fromStdString(Front().History()).contains(words); }));
+    desk.main->CloseBrowserTab(2);
+    ASSERT_TRUE(WaitUntil([&] { return Tabs() == 1; }));
+    EXPECT_EQ(Question(), nullptr);
+    desk.main->Closed.Reopen();
+    ASSERT_TRUE(WaitTitle(u"Form"));
+    EXPECT_TRUE(WaitUntil([&] { return Script(QStringLiteral("area.value")) == u"typed"; }));
+}
+
 } // namespace
