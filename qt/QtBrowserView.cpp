@@ -62,6 +62,7 @@ Outcome QtBrowserView::Stop() {
     if (m_later) return Outcome::Done;
     const bool waited = m_pending.has_value();
     m_pending.reset();
+    DropFallback();
     m_engine.EndNavigation(m_index);
     if (m_page && m_loading)
         m_page->triggerAction(QWebEnginePage::Stop);
@@ -320,8 +321,7 @@ void QtBrowserView::StartNavigation() {
         ReportUnbegun();
         return;
     }
-    m_fallback = target.fallback;
-    m_fallbackOf = QtAddress::Shown(target.url);
+    BeginTries(target);
     const QByteArray history = std::exchange(m_pendingHistory, QByteArray());
     if (QtEngineVersions::GoesThereSilently(m_page->url(), target.url)) return GoSilently(target.url);
     m_awaited->Ask();

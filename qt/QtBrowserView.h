@@ -88,6 +88,10 @@ private:
     void ApplyZoom();
     bool FillHistory(const QByteArray& bytes);
     void GoSilently(const QUrl& url);
+    void BeginTries(const QtAddress& target);
+    void DropFallback();
+    void OnFailure(const QWebEngineLoadingInfo& info, bool shown);
+    [[nodiscard]] bool IsFirstTry(const QWebEngineLoadingInfo& info) const;
     void MakePage();
     void MakeWidget();
     void MakeQuestions();
@@ -154,6 +158,7 @@ private:
     bool m_failed = false;      ///< what is shown is an error page
     bool m_known = false;       ///< whether it is one is known
     bool m_newDocument = false; ///< the next address is that of another document
+    bool m_hidesErrors = false; ///< the engine may not show how a load fails
     bool m_opened = false;      ///< another page has opened it, and may have filled it
     bool m_later = false;       ///< what is pending waits until somebody looks
     bool m_late = false;        ///< the first page is overdue

@@ -12,6 +12,7 @@
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
+#include <QWebEngineSettings>
 
 namespace {
 
@@ -20,6 +21,11 @@ constexpr std::size_t kHoveredUnits = 1000;
 
 // The engine tells a link decoded, for people; what they are to judge it by is the form that nothing can hide in.
 Text HoveredLink(const QString& link) { return PlainLine(QtAddress::Shown(QUrl(link)), kHoveredUnits); }
+
+// A page of the host's own, whatever it says.
+bool IsOfHost(const QWebEngineLoadingInfo& info) {
+    return info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain;
+}
 
 } // namespace
 
@@ -32,7 +38,7 @@ void QtBrowserView::ConnectLoading() {
         if (top) m_newDocument = true;
         if (top) m_printsLater = false;
         // The second try is for the address that was typed, and for none that comes after it.
-        if (top && QtAddress::Shown(url) != m_fallbackOf) m_fallback.clear();
+        if (top && QtAddress::Shown(url) != m_fallbackOf) DropFallback();
         m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame, QtAddress::Shown(url));
     });
     connect(page, &QWebEnginePage::loadStarted, this, &QtBrowserView::OnLoadStarted);
@@ -143,18 +149,48 @@ void QtBrowserView::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     TellEnd(info);
     if (ofPage && ended) {
         // Newer engines tell of the end of a load after they have called it finished, when the sign has been shown.
-        OnDocumentKnown(failed && info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain);
+        OnDocumentKnown(failed && !IsOfHost(info));
     }
-    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) m_fallback.clear();
-    if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || m_fallback.isEmpty()) return;
-    if (info.errorDomain() != QWebEngineLoadingInfo::ConnectionErrorDomain) return;
-    if (QtAddress::Shown(info.url()) != m_fallbackOf) return;
-    ResumeNext(Navigate(FromQt(std::exchange(m_fallback, QUrl()).toString(QUrl::FullyEncoded))));
+    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) {
+        DropFallback();
+        m_hidesErrors = false;
+    }
+    if (failed) OnFailure(info, info.isErrorPage() || (ofPage && IsOfHost(info)));
+}
+
+// How the first of two tries fails is not shown: the page before stays until the second one has ended.
+void QtBrowserView::BeginTries(const QtAddress& target) {
+    m_fallback = target.fallback;
+    m_fallbackOf = QtAddress::Shown(target.url);
+    m_hidesErrors = m_hidesErrors || !m_fallback.isEmpty();
+    m_page->settings()->setAttribute(QWebEngineSettings::ErrorPageEnabled, m_fallback.isEmpty());
+}
+
+void QtBrowserView::DropFallback() {
+    m_fallback.clear();
+    if (m_page) m_page->settings()->setAttribute(QWebEngineSettings::ErrorPageEnabled, true);
+}
+
+bool QtBrowserView::IsFirstTry(const QWebEngineLoadingInfo& info) const {
+    const bool refused = info.status() == QWebEngineLoadingInfo::LoadFailedStatus &&
+                         info.errorDomain() == QWebEngineLoadingInfo::ConnectionErrorDomain;
+    return refused && !m_fallback.isEmpty() && QtAddress::Shown(info.url()) == m_fallbackOf;
+}
+
+// A host that was reached gets no second try. What has failed otherwise is loaded once more for its error to be shown:
+// the engine may not have heard in time that it is to show errors again.
+void QtBrowserView::OnFailure(const QWebEngineLoadingInfo& info, bool shown) {
+    const bool first = IsFirstTry(info), unseen = m_hidesErrors && !shown && !m_page->AwaitsAny();
+    const QUrl next = first ? m_fallback : info.url();
+    DropFallback();
+    m_hidesErrors = first;
+    if (first || unseen) ResumeNext(Navigate(FromQt(next.toString(QUrl::FullyEncoded))));
 }
 
 // Once, whatever the engine tells of the page that it shows instead. Of one that has died, the end has been told.
 void QtBrowserView::TellEnd(const QWebEngineLoadingInfo& info) {
     if (info.status() == QWebEngineLoadingInfo::LoadStartedStatus || !std::exchange(m_awaitsEnd, false)) return;
+    if (IsFirstTry(info)) return;
     const Text host = FromQt(info.url().host());
     m_events.StatusTextChange(m_index, LoadWords::Ended(LoadEndOf(info), host, info.errorCode()));
 }

@@ -1,7 +1,11 @@
+#include "qt/QtCertificatePage.h"
 #include "tests/engine/CommandsOnPages.h"
 
+#include <QPointer>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <QTest>
+#include <QWebEngineHistory>
 #include <QWebEngineProfile>
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
@@ -256,6 +260,81 @@ TEST_F(AddressTrustOnPages, TheSecondTryOverHttpIsForTheAddressThatWasTyped) {
     Settle(desk.engine, Front().Page());
     EXPECT_EQ(Box().Value(), FromQt(gone));
     EXPECT_EQ(ToQt(Front().LocationURL()), gone);
+}
+
+/// A server that hangs up on whoever speaks TLS, and answers others when it is told to.
+class PlainServer final : public QTcpServer {
+public:
+    PlainServer() {
+        EXPECT_TRUE(listen(QHostAddress::LocalHost));
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket* socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
+                if (!socket->readAll().startsWith("GET /typed")) return socket->abort();
+                asking = socket;
+            });
+        });
+    }
+    [[nodiscard]] QString Address() const { return QStringLiteral("127.0.0.1:%1/typed").arg(serverPort()); }
+    void Answer() const {
+        asking->write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n\r\n<title>Typed</title>");
+        asking->disconnectFromHost();
+    }
+    QPointer<QTcpSocket> asking;
+};
+
+TEST_F(AddressTrustOnPages, WhileHttpIsTriedAfterHttpsHasFailedThePageBeforeStays) {
+    ShowPage();
+    const PlainServer plain;
+    std::vector<std::string> told;
+    desk.main->sbStatus.SimpleText.Mirror = [&](const Text& text) { told.push_back(ToUtf8(text)); };
+    ResumeNext(Front().Navigate(FromQt(plain.Address())));
+    ASSERT_TRUE(WaitUntil([&] { return plain.asking != nullptr; }));
+    EXPECT_EQ(Script(QStringLiteral("document.title")), u"Page");
+    EXPECT_EQ(ToQt(Front().LocationURL()), server.Address(QStringLiteral("/page")));
+    for (const std::string& each : told) EXPECT_TRUE(each.empty() || each == "Connecting...") << each;
+    desk.main->sbStatus.SimpleText.Mirror = {};
+    plain.Answer();
+    ASSERT_TRUE(WaitTitle(u"Typed"));
+    EXPECT_EQ(Front().Page()->history()->count(), 2) << "what has failed is no step to go back to";
+}
+
+TEST_F(AddressTrustOnPages, WhenHttpFailsTooTheErrorIsShown) {
+    ShowPage();
+    const QString gone = Unreachable(QStringLiteral("http"));
+    ResumeNext(Front().Navigate(FromQt(QString(gone).remove(QStringLiteral("http://")))));
+    EXPECT_TRUE(WaitUntil([&] { return Front().LocationURL() == FromQt(gone) && !Front().Busy(); }))
+        << ToUtf8(Front().LocationURL());
+    EXPECT_NE(Script(QStringLiteral("document.body.innerText")), u"");
+    EXPECT_EQ(Script(QStringLiteral("location.protocol")), u"chrome-error:");
+    ShowPage();
+    // Errors of what comes after a second try are shown as ever.
+    const QString other = Unreachable(QStringLiteral("https"));
+    Front().Page()->runJavaScript(QStringLiteral("location = '%1'").arg(other));
+    EXPECT_TRUE(WaitUntil([&] { return Front().LocationURL() == FromQt(other) && !Front().Busy(); }));
+    EXPECT_EQ(Script(QStringLiteral("location.protocol")), u"chrome-error:");
+}
+
+TEST_F(AddressTrustOnPages, AHostThatAnswersHttpsIsNotTriedOverHttp) {
+    LocalServer secure{QStringLiteral("self.example")};
+    secure.Page(QStringLiteral("/private"), "<title>Private</title>");
+    secure.Redirect(QStringLiteral("/loop"), secure.Address(QStringLiteral("/loop")));
+    const auto typed = [&](const QString& path) { return secure.Address(path).remove(QStringLiteral("https://")); };
+    ShowPage();
+    ResumeNext(Front().Navigate(FromQt(typed(QStringLiteral("/private")))));
+    const auto refused = [this] { return desk.window.findChild<QtCertificatePage*>(); };
+    ASSERT_TRUE(WaitUntil([&] {
+        return ToQt(Front().LocationURL()) == secure.Address(QStringLiteral("/private")) && refused() &&
+               !Front().Busy();
+    })) << ToUtf8(Front().LocationURL());
+    refused()->GoOn();
+    ASSERT_TRUE(WaitTitle(u"Private"));
+    EXPECT_EQ(Front().Page()->history()->count(), 2);
+    ResumeNext(Front().Navigate(FromQt(typed(QStringLiteral("/loop")))));
+    EXPECT_TRUE(WaitUntil([&] {
+        return ToQt(Front().LocationURL()) == secure.Address(QStringLiteral("/loop")) && !Front().Busy();
+    })) << ToUtf8(Front().LocationURL());
+    EXPECT_EQ(Script(QStringLiteral("location.protocol")), u"chrome-error:");
 }
 
 } // namespace
