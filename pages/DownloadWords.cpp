@@ -14,7 +14,7 @@ constexpr std::int64_t kMinute = 60;
 constexpr std::int64_t kHour = 3600;
 
 Text Left(std::int64_t count, TextView unit) {
-    return u"about " + Decimal(count) + u' ' + Text(unit) + (count == 1 ? u"" : u"s") + u" left";
+    return u"About " + Decimal(count) + u' ' + Text(unit) + (count == 1 ? u"" : u"s") + u" left";
 }
 
 Text Amount(const DownloadReport& report) {
@@ -23,12 +23,13 @@ Text Amount(const DownloadReport& report) {
 }
 
 Text Running(const Download& download, std::int64_t now) {
-    Text text = Amount(download.Report);
+    const Text amount = Amount(download.Report);
     const auto rate = download.Rate.PerSecond(now);
-    if (rate == 0) return text + u", stalled";
-    if (rate) text += u", " + DownloadWords::Size(*rate) + u" a second";
-    if (const auto left = download.SecondsLeft(now)) text += u", " + DownloadWords::TimeLeft(*left);
-    return text;
+    if (rate == 0) return amount + u", stalled";
+    const auto left = download.SecondsLeft(now);
+    // What one waits for comes first: in a low list there may be no room for more.
+    const Text text = left ? DownloadWords::TimeLeft(*left) + u", " + amount : amount;
+    return rate ? text + u", " + DownloadWords::Size(*rate) + u" a second" : text;
 }
 
 } // namespace
@@ -49,7 +50,7 @@ Text Size(std::int64_t bytes) {
 }
 
 Text TimeLeft(std::int64_t seconds) {
-    if (seconds < 2) return u"almost done";
+    if (seconds < 2) return u"Almost done";
     if (seconds < kMinute) return Left(seconds, u"second");
     if (seconds < kHour) return Left((seconds + kMinute / 2) / kMinute, u"minute");
     return Left((seconds + kHour / 2) / kHour, u"hour");
@@ -114,7 +115,7 @@ Text Progress(const Downloads& downloads) {
 Text Place(const Download& download, TextView time) {
     if (download.Report.State != DownloadState::Done) return {};
     const Text in = PlainLine(download.Folder(), kFolderInList);
-    return time.empty() ? u"In " + in : Text(time) + u", in " + in;
+    return time.empty() ? u"In " + in : Text(time) + Text(kInFolder) + in;
 }
 
 OwnQuestion ExitQuestion(std::size_t running) {

@@ -5,9 +5,12 @@
 /// What is told about downloads.
 namespace DownloadWords {
 
+/// Stands between the time at which a download was done and its folder.
+inline constexpr TextView kInFolder = u", in ";
+
 /// An amount of bytes, as in "4.2 MB".
 [[nodiscard]] Text Size(std::int64_t bytes);
-/// A time to come, as in "about 3 minutes left".
+/// A time to come, as in "About 3 minutes left".
 [[nodiscard]] Text TimeLeft(std::int64_t seconds);
 /// Why a download broke off, as a sentence. Nothing for no problem.
 [[nodiscard]] Text Why(DownloadProblem problem);

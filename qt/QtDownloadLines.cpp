@@ -1,9 +1,11 @@
 #include "qt/QtDownloadLines.h"
 
+#include "pages/DownloadWords.h"
 #include "qt/QtText.h"
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QStyleOptionProgressBar>
 
@@ -13,6 +15,39 @@ constexpr int kLineMargin = 6;
 constexpr int kLeastWidth = 120;
 constexpr int kLineGap = 3;
 constexpr int kBarHeight = 12;
+
+// How much room there is for words on a line of the list.
+int RoomIn(const QStyleOptionViewItem& option) {
+    const auto* list = qobject_cast<const QAbstractItemView*>(option.widget);
+    return list ? list->viewport()->width() - 2 * kLineMargin : kLeastWidth;
+}
+
+// On as many lines as it needs, so that no part of it is cut: "About 8 seconds left," and "1 MB of 9 MB, 1 MB a
+// second".
+QStringList WrapParts(const QString& text, const QFontMetrics& metrics, int room) {
+    static const QRegularExpression ends(QStringLiteral("(?<=[,.]) "));
+    QStringList lines;
+    for (const QString& part : text.split(ends)) {
+        // Where a part alone is too long, its words are.
+        const bool fits = metrics.horizontalAdvance(part) <= room;
+        for (const QString& piece : fits ? QStringList(part) : part.split(u' ')) {
+            const QString longer = lines.isEmpty() ? piece : lines.constLast() + u' ' + piece;
+            if (!lines.isEmpty() && metrics.horizontalAdvance(longer) <= room)
+                lines.last() = longer;
+            else
+                lines << piece;
+        }
+    }
+    return lines;
+}
+
+// When, and in which folder: it is the folder that may be long.
+QStringList WrapPlace(const QString& place, const QFontMetrics& metrics, int room) {
+    const auto time = place.indexOf(ToQt(DownloadWords::kInFolder));
+    if (time < 0 || metrics.horizontalAdvance(place) <= room) return {place};
+    // The comma stays with the time.
+    return WrapParts(place.left(time + 1), metrics, room) << place.mid(time + 2);
+}
 
 void DrawBar(QPainter& painter, const QStyleOptionViewItem& option, const QRect& place, int percent) {
     QStyleOptionProgressBar bar;
@@ -65,9 +100,8 @@ void QtDownloadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
         DrawBar(*painter, item, {rest.left(), rest.top(), rest.width(), kBarHeight}, percent);
         rest.setTop(rest.top() + kBarHeight + kLineGap);
     }
-    write(index.data(kStandingRole).toString(), item.font, Qt::ElideRight);
-    if (const QString place = index.data(kPlaceRole).toString(); !place.isEmpty())
-        write(place, item.font, Qt::ElideMiddle);
+    for (const QString& line : WordsOf(index, QFontMetrics(item.font), rest.width()))
+        write(line, item.font, Qt::ElideMiddle);
     painter->restore();
 }
 
@@ -75,10 +109,17 @@ QSize QtDownloadDelegate::sizeHint(const QStyleOptionViewItem& option, const QMo
     QFont bold = option.font;
     bold.setBold(true);
     const int bar = index.data(kPercentRole).toInt() >= 0 ? kBarHeight + kLineGap : 0;
-    const int line = kLineGap + QFontMetrics(option.font).height();
-    const int place = index.data(kPlaceRole).toString().isEmpty() ? 0 : line;
-    const int text = QFontMetrics(bold).height() + line + place;
+    const QFontMetrics metrics(option.font);
+    const auto lines = static_cast<int>(WordsOf(index, metrics, RoomIn(option)).size());
+    const int text = QFontMetrics(bold).height() + lines * (kLineGap + metrics.height());
     return {kLeastWidth, 2 * kLineMargin + text + bar};
+}
+
+QStringList QtDownloadDelegate::WordsOf(const QModelIndex& index, const QFontMetrics& metrics, int room) {
+    QStringList lines = WrapParts(index.data(kStandingRole).toString(), metrics, room);
+    if (const QString place = index.data(kPlaceRole).toString(); !place.isEmpty())
+        lines << WrapPlace(place, metrics, room);
+    return lines;
 }
 
 QtDownloadLines::QtDownloadLines(frmDownloads& form, QWidget* parent) : QListWidget(parent), m_form(form) {

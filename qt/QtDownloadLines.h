@@ -4,8 +4,8 @@
 #include <QListWidget>
 #include <QStyledItemDelegate>
 
-/// Draws a download as three lines: its name, how far it is as a bar, and the same in words. Of one that is done the
-/// last says when that was, and where it lies.
+/// Draws a download below each other: its name, how far it is as a bar, and the same in words. Of one that is done
+/// these say when that was, and where it lies.
 class QtDownloadDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -19,6 +19,8 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    /// The lines of words below the name, in so many pixels of width. Only a folder may be wider than they are.
+    [[nodiscard]] static QStringList WordsOf(const QModelIndex& index, const QFontMetrics& metrics, int room);
 };
 
 /// The list of the panel of downloads, which outlives it.

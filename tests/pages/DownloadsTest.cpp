@@ -68,7 +68,7 @@ TEST_F(DownloadsTest, TellsHowFarHowFastAndHowLong) {
     Report(id, DownloadState::Running, 0);
     desktop.now = 2000;
     Report(id, DownloadState::Running, 8'000'000);
-    EXPECT_EQ(Lines(), "*film.mp4: 8 MB of 40 MB, 4 MB a second, about 8 seconds left 20%");
+    EXPECT_EQ(Lines(), "*film.mp4: About 8 seconds left, 8 MB of 40 MB, 4 MB a second 20%");
     Report(id, DownloadState::Done, 40'000'000);
     EXPECT_EQ(Lines(), "*film.mp4: Done, 40 MB - at 1700000000, in " + ToUtf8(desktop.folder));
     EXPECT_EQ(said, "film.mp4 has been saved.");
@@ -97,10 +97,10 @@ TEST_F(DownloadsTest, SaysThatItStallsThoughNobodyReportsThat) {
     desktop.now = 2000;
     Report(id, DownloadState::Running, 8'000'000);
     panel.Show();
-    EXPECT_EQ(Lines(), "*film.mp4: 8 MB of 40 MB, 4 MB a second, about 8 seconds left 20%");
+    EXPECT_EQ(Lines(), "*film.mp4: About 8 seconds left, 8 MB of 40 MB, 4 MB a second 20%");
     desktop.now = 4000;
     panel.Show();
-    EXPECT_EQ(Lines(), "*film.mp4: 8 MB of 40 MB, 2 MB a second, about 16 seconds left 20%");
+    EXPECT_EQ(Lines(), "*film.mp4: About 16 seconds left, 8 MB of 40 MB, 2 MB a second 20%");
     desktop.now = 7000;
     scheduled = 0;
     panel.Show();
@@ -293,10 +293,10 @@ TEST(DownloadWords, TellAmountsAndTimes) {
                                                                                 {4'200'000, u"4.2 MB"},
                                                                                 {1'000'000'000, u"1 GB"}})
         EXPECT_EQ(Size(bytes), text);
-    EXPECT_EQ(TimeLeft(0), u"almost done");
-    EXPECT_EQ(TimeLeft(59), u"about 59 seconds left");
-    EXPECT_EQ(TimeLeft(60), u"about 1 minute left");
-    EXPECT_EQ(TimeLeft(3 * 3600), u"about 3 hours left");
+    EXPECT_EQ(TimeLeft(0), u"Almost done");
+    EXPECT_EQ(TimeLeft(59), u"About 59 seconds left");
+    EXPECT_EQ(TimeLeft(60), u"About 1 minute left");
+    EXPECT_EQ(TimeLeft(3 * 3600), u"About 3 hours left");
 }
 
 TEST(TransferRate, IsTheAverageOfTheLastSeconds) {

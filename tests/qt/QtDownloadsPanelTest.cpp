@@ -36,6 +36,25 @@ protected:
             all << Lines()->item(i)->data(Qt::AccessibleTextRole).toString();
         return all.join(u'|');
     }
+    /// Every line shows all its words, though a folder may be cut.
+    void CheckWords() const {
+        const QFontMetrics metrics(Lines()->font());
+        for (int row = 0; row < Lines()->count(); ++row) {
+            const QListWidgetItem* item = Lines()->item(row);
+            const auto place = [&] { return Lines()->visualItemRect(item).adjusted(6, 6, -6, -6); };
+            const auto words = [&] {
+                return QtDownloadDelegate::WordsOf(Lines()->indexFromItem(item), metrics, place().width());
+            };
+            EXPECT_TRUE(QTest::qWaitFor([&] {
+                return Lines()->viewport()->rect().width() >= Lines()->visualItemRect(item).width() &&
+                       place().height() >= (words().size() + 1) * metrics.height();
+            })) << row;
+            for (const QString& line : words())
+                EXPECT_TRUE(line.startsWith(u"in /") || metrics.horizontalAdvance(line) <= place().width())
+                    << line.toStdString() << place().width();
+            EXPECT_TRUE(Spoken().remove(u',').contains(words().join(u' ').remove(u','))) << "nothing is left out";
+        }
+    }
     void Press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
 
     FakeDownloads desktop;
@@ -157,6 +176,27 @@ TEST_F(DownloadsPanel, CutsNoCaptionOfItsButtonsHoweverNarrowItIs) {
             EXPECT_TRUE(QTest::qWaitFor([&] { return button->width() >= button->sizeHint().width(); }))
                 << button->objectName().toStdString() << width;
     }
+}
+
+TEST_F(DownloadsPanel, CutsNoWordsButAFolderHoweverNarrowItIs) {
+    desktop.folder = u"/nowhere/a-folder-with-a-rather-long-name/and-another-one-inside-of-it/downloads";
+    form.TimeText = [](std::int64_t) { return Text(u"Wednesday, 23 September 2026, 12:58"); };
+    Report(Begin(u"done.zip"), DownloadState::Done, 100);
+    const auto id = Begin(u"a.zip", 900'000'000);
+    for (int second = 1; second <= 5; ++second) {
+        desktop.now = second * 1000;
+        downloads.OnReport(id, {DownloadState::Running, DownloadProblem::None, second * 1'234'000, 900'000'000});
+    }
+    form.Form.Visible = true;
+    ASSERT_TRUE(Spoken().startsWith(u"a.zip, About 12 minutes left,")) << Spoken().toStdString();
+    for (const int width : {1500, 900, 700}) {
+        window.resize(width, 600);
+        const auto* pane = window.findChild<QDockWidget*>(QStringLiteral("downloads"));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return pane->width() == std::min(width / 4, 380); }));
+        CheckWords();
+    }
+    Lines()->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    CheckWords();
 }
 
 TEST_F(DownloadsPanel, SaysOfOneThatIsDoneWhereItLies) {
