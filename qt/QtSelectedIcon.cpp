@@ -19,7 +19,7 @@ constexpr int kMostTinge = 24;
 // Shades of one colour, in degrees of hue.
 constexpr int kMostApart = 30, kWholeTurn = 360;
 constexpr int kHardlyThere = 32, kAllThere = 192; // of an opacity of 255
-constexpr double kLeastContrast = 3;              // what pictures need to be told from their ground
+constexpr double kLeastPictureContrast = 3;       // what pictures need to be told from their ground
 
 bool IsGrey(const QColor& colour) {
     const auto [least, most] = std::minmax({colour.red(), colour.green(), colour.blue()});
@@ -69,7 +69,7 @@ bool HidesOnSelection(const QImage& image) {
             const QColor pixel = image.pixelColor(x, y);
             // Edges are mixed with the ground in any case.
             if (pixel.alpha() < kAllThere) continue;
-            if (ContrastOf(LuminanceOf(pixel), ground) >= kLeastContrast) return false;
+            if (ContrastOf(LuminanceOf(pixel), ground) >= kLeastPictureContrast) return false;
             drawn = true;
         }
     }

@@ -25,6 +25,9 @@ mkdir -m 700 "$XDG_RUNTIME_DIR"
 # Else a program that is installed on this machine would be asked about at every start.
 printf '%s\n' '[Default Applications]' {x-scheme-handler/http,x-scheme-handler/https,text/html}=tessaview.desktop \
   >"$XDG_CONFIG_HOME/mimeapps.list"
+# What pages have saved does not end up among what whoever runs the tests has saved.
+mkdir "$folder/downloads"
+printf 'XDG_DOWNLOAD_DIR="%s"\n' "$folder/downloads" >"$XDG_CONFIG_HOME/user-dirs.dirs"
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 QT_QPA_PLATFORM=xcb
 # However the caller's own engine is set up, only root tests without the sandbox.
 unset QTWEBENGINE_DISABLE_SANDBOX QTWEBENGINE_CHROMIUM_FLAGS
