@@ -1,7 +1,7 @@
 #include "app/CommandLine.h"
 
-#include "common/Percent.h"
-#include "common/Version.h"
+#include "base/Percent.h"
+#include "base/Version.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,6 +1,6 @@
 #pragma once
-#include "common/platform/InstanceChannel.h"
-#include "mainwindow/frmMain.h"
+#include "platform/InstanceChannel.h"
+#include "window/frmMain.h"
 
 /// Receives what later starts of the program hand over. Messages that come before the hook is installed are answered
 /// and ignored.

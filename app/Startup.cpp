@@ -1,8 +1,8 @@
 #include "app/Startup.h"
 
 #include "app/Hook.h"
-#include "common/Log.h"
-#include "common/Version.h"
+#include "base/Version.h"
+#include "base/os/Log.h"
 #include "settings/SettingsStore.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
-#include "common/platform/Application.h"
-#include "common/platform/InstanceChannel.h"
-#include "mainwindow/frmMain.h"
+#include "platform/Application.h"
+#include "platform/InstanceChannel.h"
+#include "window/frmMain.h"
 
 /// The program's entry: decides whether this process runs or hands its command line to the instance that does.
 namespace Startup {

@@ -1,15 +1,15 @@
 #pragma once
-#include "common/Address.h"
-#include "common/platform/Application.h"
-#include "common/platform/BrowserView.h"
-#include "common/platform/DefaultBrowser.h"
-#include "common/platform/Dialogs.h"
-#include "common/platform/Downloads.h"
-#include "common/platform/FolderWatch.h"
-#include "common/platform/MainWindow.h"
-#include "common/platform/SessionFiles.h"
-#include "common/platform/Shell.h"
-#include "common/platform/Trash.h"
+#include "base/Address.h"
+#include "platform/Application.h"
+#include "platform/BrowserView.h"
+#include "platform/DefaultBrowser.h"
+#include "platform/Dialogs.h"
+#include "platform/Downloads.h"
+#include "platform/FolderWatch.h"
+#include "platform/MainWindow.h"
+#include "platform/SessionFiles.h"
+#include "platform/Shell.h"
+#include "platform/Trash.h"
 
 /// What surrounds a main window that nobody ever sees: whatever it wants of the desktop, there is nothing.
 namespace UnseenDesktop {

@@ -1,8 +1,8 @@
 #include "app/CommandLine.h"
 #include "app/Startup.h"
-#include "qt/QtHandOver.h"
-#include "qt/QtProgram.h"
-#include "qt/QtStartFailure.h"
+#include "qt/desktop/QtStartFailure.h"
+#include "qt/program/QtHandOver.h"
+#include "qt/program/QtProgram.h"
 
 #include <algorithm>
 #include <cstdio>

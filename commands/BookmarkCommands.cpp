@@ -1,8 +1,8 @@
 #include "commands/BookmarkCommands.h"
 
-#include "common/AtomicFile.h"
-#include "common/Captions.h"
-#include "common/LinkTrust.h"
+#include "base/Captions.h"
+#include "base/LinkTrust.h"
+#include "base/os/AtomicFile.h"
 #include "favorites/Bookmarks.h"
 #include "favorites/FavoriteFiles.h"
 #include "groups/TessaGroups.h"

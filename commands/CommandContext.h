@@ -1,6 +1,6 @@
 #pragma once
-#include "common/platform/Dialogs.h"
 #include "groups/GroupCommands.h"
+#include "platform/Dialogs.h"
 #include "tabs/ClosedTabs.h"
 #include "tabs/PageOptions.h"
 #include "tabs/TabStripInput.h"

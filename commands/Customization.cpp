@@ -1,8 +1,8 @@
 #include "commands/Customization.h"
 
+#include "bar/BandRules.h"
+#include "bar/CommandBarLayout.h"
 #include "commands/DesignTimeBar.h"
-#include "common/BandRules.h"
-#include "common/CommandBarLayout.h"
 
 #include <algorithm>
 #include <array>

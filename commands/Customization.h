@@ -1,5 +1,5 @@
 #pragma once
-#include "common/CommandBar.h"
+#include "bar/CommandBar.h"
 
 /// A tool that the user drags: an entry of a band, or a command from the list, which comes from no band.
 struct DraggedTool {

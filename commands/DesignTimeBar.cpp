@@ -1,6 +1,6 @@
 #include "commands/DesignTimeBar.h"
 
-#include "commands/Endpoints.h"
+#include "address/Endpoints.h"
 #include "commands/ToolNames.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/CommandBar.h"
+#include "bar/CommandBar.h"
 
 /// The command bar as it is designed: every tool, band and order, which the user may then arrange anew.
 namespace DesignTimeBar {

@@ -1,8 +1,8 @@
 #include "commands/Dispatcher.h"
 
+#include "address/Endpoints.h"
+#include "bar/RuntimeIds.h"
 #include "commands/CommandTable.h"
-#include "commands/Endpoints.h"
-#include "common/RuntimeIds.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "commands/External.h"
 
-#include "commands/Endpoints.h"
-#include "common/Version.h"
+#include "address/Endpoints.h"
+#include "base/Version.h"
 #include "settings/SettingsStore.h"
 
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
-#include "common/platform/SettingsStorage.h"
-#include "common/platform/Shell.h"
+#include "platform/SettingsStorage.h"
+#include "platform/Shell.h"
 
 /// Mail, news and what else lies outside: starts the user's own programs and writes the addresses that begin a mail.
 namespace External {

@@ -1,7 +1,7 @@
 #include "commands/FavoriteCommands.h"
 
-#include "common/Address.h"
-#include "common/LinkTrust.h"
+#include "base/Address.h"
+#include "base/LinkTrust.h"
 #include "favorites/FavoriteRepair.h"
 #include "groups/TessaGroups.h"
 

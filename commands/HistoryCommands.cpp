@@ -1,6 +1,6 @@
 #include "commands/HistoryCommands.h"
 
-#include "commands/CabCombo.h"
+#include "address/CabCombo.h"
 
 namespace {
 

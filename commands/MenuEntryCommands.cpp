@@ -1,11 +1,11 @@
 #include "commands/MenuEntryCommands.h"
 
-#include "commands/frmRenameGroup.h"
-#include "common/AtomicFile.h"
-#include "common/Captions.h"
-#include "common/RuntimeIds.h"
+#include "bar/RuntimeIds.h"
+#include "base/Captions.h"
+#include "base/os/AtomicFile.h"
 #include "favorites/Favorites.h"
 #include "groups/TessaGroups.h"
+#include "groups/frmRenameGroup.h"
 
 #include <algorithm>
 

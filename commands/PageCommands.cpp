@@ -1,6 +1,6 @@
 #include "commands/PageCommands.h"
 
-#include "commands/Endpoints.h"
+#include "address/Endpoints.h"
 #include "tabs/Browser.h"
 
 namespace PageCommands {

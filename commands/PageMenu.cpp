@@ -1,14 +1,14 @@
 #include "commands/PageMenu.h"
 
-#include "commands/Endpoints.h"
+#include "address/Endpoints.h"
+#include "base/Captions.h"
+#include "base/PlainText.h"
+#include "base/os/AtomicFile.h"
 #include "commands/PageMenuEntries.h"
 #include "commands/ToolNames.h"
-#include "common/AtomicFile.h"
-#include "common/Captions.h"
+#include "downloads/FileNames.h"
 #include "groups/TessaGroups.h"
-#include "pages/FileNames.h"
 #include "pages/LinkRules.h"
-#include "pages/PlainText.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
 #include "commands/PageMenuEntries.h"
 
+#include "base/PlainText.h"
 #include "commands/ToolNames.h"
 #include "pages/LinkRules.h"
-#include "pages/PlainText.h"
 
 #include <initializer_list>
 

@@ -1,7 +1,7 @@
 #include "commands/RuntimeMenus.h"
 
+#include "bar/RuntimeIds.h"
 #include "commands/MenuEntryCommands.h"
-#include "common/RuntimeIds.h"
 #include "groups/TessaGroups.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 #include "commands/CommandContext.h"
-#include "common/platform/FolderWatch.h"
 #include "favorites/Favorites.h"
+#include "platform/FolderWatch.h"
 
 #include <functional>
 #include <vector>

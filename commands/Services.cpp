@@ -1,8 +1,8 @@
 #include "commands/Services.h"
 
-#include "commands/Endpoints.h"
+#include "address/Endpoints.h"
+#include "base/Percent.h"
 #include "commands/ToolNames.h"
-#include "common/Percent.h"
 
 #include <algorithm>
 #include <array>

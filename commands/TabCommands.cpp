@@ -1,7 +1,7 @@
 #include "commands/TabCommands.h"
 
-#include "commands/Endpoints.h"
-#include "common/Address.h"
+#include "address/Endpoints.h"
+#include "base/Address.h"
 
 namespace {
 

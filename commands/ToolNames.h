@@ -1,5 +1,5 @@
 #pragma once
-#include "common/CommandBar.h"
+#include "bar/CommandBar.h"
 
 #include <span>
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "common/CommandBar.h"
-#include "common/Controls.h"
+#include "bar/CommandBar.h"
+#include "forms/Controls.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "common/LinkTrust.h"
+#include "base/LinkTrust.h"
 #include "favorites/Bookmarks.h"
 
 #include <cstring>

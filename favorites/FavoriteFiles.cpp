@@ -1,7 +1,7 @@
 #include "favorites/FavoriteFiles.h"
 
-#include "common/AtomicFile.h"
-#include "common/IniFile.h"
+#include "base/ini/IniFile.h"
+#include "base/os/AtomicFile.h"
 #include "favorites/Favorites.h"
 #include "favorites/FreeNames.h"
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "common/ResumeNext.h"
-#include "common/Text.h"
+#include "base/ResumeNext.h"
+#include "base/Text.h"
 
 #include <optional>
 #include <vector>

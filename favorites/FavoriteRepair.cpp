@@ -1,6 +1,6 @@
 #include "favorites/FavoriteRepair.h"
 
-#include "common/Folder.h"
+#include "base/os/Folder.h"
 #include "favorites/Favorites.h"
 #include "favorites/FreeNames.h"
 

@@ -1,10 +1,10 @@
 #include "favorites/Favorites.h"
 
-#include "common/AtomicFile.h"
-#include "common/Captions.h"
-#include "common/Folder.h"
-#include "common/IniFile.h"
-#include "common/RuntimeIds.h"
+#include "bar/RuntimeIds.h"
+#include "base/Captions.h"
+#include "base/ini/IniFile.h"
+#include "base/os/AtomicFile.h"
+#include "base/os/Folder.h"
 
 #include <algorithm>
 #include <array>

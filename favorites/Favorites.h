@@ -1,6 +1,6 @@
 #pragma once
-#include "common/CKeyValues.h"
-#include "common/CommandBar.h"
+#include "bar/CommandBar.h"
+#include "base/CKeyValues.h"
 
 /// The user's Favorites: a folder of Internet shortcut files and sub-folders of the same kind.
 namespace Favorites {

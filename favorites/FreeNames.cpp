@@ -1,6 +1,6 @@
 #include "favorites/FreeNames.h"
 
-#include "common/AtomicFile.h"
+#include "base/os/AtomicFile.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/Captions.h"
+#include "base/Captions.h"
 
 namespace Favorites {
 

@@ -1,6 +1,6 @@
 #include "favorites/frmAddFavorite.h"
 
-#include "common/Captions.h"
+#include "base/Captions.h"
 #include "favorites/QuotedTitle.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
-#include "common/Controls.h"
 #include "favorites/FavoriteFiles.h"
+#include "forms/Controls.h"
 
 /// The question under which name and in which folder a page is kept. Made afresh for every show.
 class frmAddFavorite {

@@ -1,7 +1,7 @@
 #include "favorites/frmOrganizeFavorites.h"
 
-#include "common/AtomicFile.h"
-#include "common/Captions.h"
+#include "base/Captions.h"
+#include "base/os/AtomicFile.h"
 #include "favorites/Favorites.h"
 #include "favorites/QuotedTitle.h"
 

@@ -1,8 +1,8 @@
 #pragma once
-#include "common/Controls.h"
-#include "common/platform/Dialogs.h"
-#include "common/platform/Trash.h"
 #include "favorites/FavoriteFiles.h"
+#include "forms/Controls.h"
+#include "platform/Dialogs.h"
+#include "platform/Trash.h"
 
 /// The dialog that sorts, renames and deletes Favorites. Every change is on disk at once. Made afresh for every show.
 class frmOrganizeFavorites {

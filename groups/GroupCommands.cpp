@@ -1,8 +1,8 @@
 #include "groups/GroupCommands.h"
 
-#include "common/Address.h"
-#include "common/Captions.h"
-#include "common/LinkTrust.h"
+#include "base/Address.h"
+#include "base/Captions.h"
+#include "base/LinkTrust.h"
 
 #include <algorithm>
 #include <filesystem>

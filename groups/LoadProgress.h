@@ -1,5 +1,5 @@
 #pragma once
-#include "common/StatusBar.h"
+#include "forms/StatusBar.h"
 
 #include <cstdint>
 #include <unordered_set>

@@ -1,8 +1,8 @@
 #include "groups/TessaGroups.h"
 
-#include "common/Address.h"
-#include "common/AtomicFile.h"
-#include "common/TabStrip.h"
+#include "base/Address.h"
+#include "base/os/AtomicFile.h"
+#include "forms/TabStrip.h"
 
 #include <filesystem>
 #include <system_error>

@@ -1,8 +1,8 @@
 #pragma once
-#include "common/CKeyValues.h"
-#include "common/CommandBar.h"
-#include "common/IniFile.h"
-#include "common/platform/Dialogs.h"
+#include "bar/CommandBar.h"
+#include "base/CKeyValues.h"
+#include "base/ini/IniFile.h"
+#include "platform/Dialogs.h"
 #include "tabs/ViewArray.h"
 
 #include <vector>

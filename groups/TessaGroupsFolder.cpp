@@ -1,6 +1,6 @@
-#include "common/Captions.h"
-#include "common/Folder.h"
-#include "common/RuntimeIds.h"
+#include "bar/RuntimeIds.h"
+#include "base/Captions.h"
+#include "base/os/Folder.h"
 #include "groups/TessaGroups.h"
 
 #include <algorithm>

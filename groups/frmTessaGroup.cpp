@@ -1,6 +1,6 @@
 #include "groups/frmTessaGroup.h"
 
-#include "common/Captions.h"
+#include "base/Captions.h"
 #include "groups/TessaGroups.h"
 
 #include <algorithm>

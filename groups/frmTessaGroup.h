@@ -1,8 +1,8 @@
 #pragma once
-#include "common/Controls.h"
-#include "common/ListBox.h"
-#include "common/Units.h"
-#include "common/platform/Dialogs.h"
+#include "base/Units.h"
+#include "forms/Controls.h"
+#include "forms/ListBox.h"
+#include "platform/Dialogs.h"
 
 /// The editor of one group file, as data: reorders, inserts, changes and deletes addresses and writes them all with
 /// OK. Made afresh for every show.

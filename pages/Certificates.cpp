@@ -1,6 +1,6 @@
 #include "pages/Certificates.h"
 
-#include "pages/PlainText.h"
+#include "base/PlainText.h"
 
 #include <algorithm>
 

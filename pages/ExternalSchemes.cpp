@@ -1,6 +1,6 @@
 #include "pages/ExternalSchemes.h"
 
-#include "common/Schemes.h"
+#include "base/Schemes.h"
 
 bool ExternalSchemes::IsExternal(TextView scheme) {
     if (scheme.empty()) return false;

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/Text.h"
+#include "base/Text.h"
 
 /// Whether the user may open, from the menu of a page, an address that the page names: nothing of this computer from
 /// a page of the web, nothing of the program's own, no script.

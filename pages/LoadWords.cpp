@@ -1,6 +1,6 @@
 #include "pages/LoadWords.h"
 
-#include "pages/PlainText.h"
+#include "base/PlainText.h"
 
 namespace {
 

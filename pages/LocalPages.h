@@ -1,5 +1,5 @@
 #pragma once
-#include "common/Text.h"
+#include "base/Text.h"
 
 /// What a page that lies on this computer wants a file for.
 enum class LocalUse {

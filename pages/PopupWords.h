@@ -1,5 +1,5 @@
 #pragma once
-#include "common/Text.h"
+#include "base/Text.h"
 
 #include <vector>
 

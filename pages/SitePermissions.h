@@ -1,5 +1,5 @@
 #pragma once
-#include "common/platform/SettingsStorage.h"
+#include "platform/SettingsStorage.h"
 
 #include <functional>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "pages/UnshownAddresses.h"
 
-#include "common/Address.h"
-#include "common/Schemes.h"
+#include "base/Address.h"
+#include "base/Schemes.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/Text.h"
+#include "base/Text.h"
 
 /// Addresses that lead nowhere, whatever is installed: the engine drops them without a word.
 namespace UnshownAddresses {

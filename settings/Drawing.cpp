@@ -1,7 +1,7 @@
 #include "settings/Drawing.h"
 
-#include "common/Address.h"
-#include "common/ResumeNext.h"
+#include "base/Address.h"
+#include "base/ResumeNext.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/Text.h"
+#include "base/Text.h"
 
 /// Whether a text writes a decimal number: blanks around it, one sign before it, digits with at most one point (a
 /// digit on one side of it is enough) and an exponent "e" or "E" with a sign of its own. Commas make no number,

@@ -1,6 +1,6 @@
 #pragma once
-#include "common/Units.h"
-#include "common/platform/SettingsStorage.h"
+#include "base/Units.h"
+#include "platform/SettingsStorage.h"
 
 #include <cstdint>
 #include <memory>

@@ -3,7 +3,7 @@
 // is; a list is its entries in double quotes, separated by commas; an empty value is an empty text and an empty list
 // alike. \\ \" \n \r \t and \xHHHH (one UTF-16 unit) stand for what would not survive otherwise.
 
-#include "common/Text.h"
+#include "base/Text.h"
 
 #include <map>
 #include <variant>

@@ -1,8 +1,8 @@
 #pragma once
-#include "common/Controls.h"
-#include "common/ListBox.h"
-#include "common/ResumeNext.h"
-#include "settings/Choice.h"
+#include "base/ResumeNext.h"
+#include "forms/Choice.h"
+#include "forms/Controls.h"
+#include "forms/ListBox.h"
 #include "settings/InternetSettings.h"
 #include "settings/SiteChoice.h"
 

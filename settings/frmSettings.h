@@ -1,6 +1,6 @@
 #pragma once
-#include "common/Controls.h"
-#include "common/TabStrip.h"
+#include "forms/Controls.h"
+#include "forms/TabStrip.h"
 #include "settings/SettingsStore.h"
 
 /// The settings dialog as data. Made afresh for every show: it is loaded with the stored values when constructed.

@@ -1,7 +1,7 @@
 #include "tabs/AddressSigns.h"
 
-#include "common/Address.h"
-#include "common/Captions.h"
+#include "base/Address.h"
+#include "base/Captions.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "common/Tool.h"
-#include "common/platform/BrowserView.h"
+#include "bar/Tool.h"
+#include "platform/BrowserView.h"
 
 /// What stands in the address box before the address: how far the page can be trusted to come from there.
 namespace AddressSigns {

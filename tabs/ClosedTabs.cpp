@@ -1,6 +1,6 @@
 #include "tabs/ClosedTabs.h"
 
-#include "common/Address.h"
+#include "base/Address.h"
 #include "tabs/TabKeys.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "tabs/IdleCores.h"
 
-#include "common/ProcText.h"
+#include "base/os/ProcText.h"
 
 #include <array>
 #include <fstream>

@@ -1,7 +1,7 @@
 #include "tabs/MemoryRelief.h"
 
-#include "common/Log.h"
-#include "common/TabStrip.h"
+#include "base/os/Log.h"
+#include "forms/TabStrip.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "tabs/MemoryShortage.h"
 
-#include "common/ResumeNext.h"
+#include "base/ResumeNext.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/platform/MemoryReader.h"
+#include "platform/MemoryReader.h"
 
 #include <span>
 

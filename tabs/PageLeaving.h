@@ -1,5 +1,5 @@
 #pragma once
-#include "common/TabStrip.h"
+#include "forms/TabStrip.h"
 #include "tabs/ViewArray.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "tabs/TabSet.h"
 
-#include "common/Address.h"
-#include "common/Text.h"
+#include "base/Address.h"
+#include "base/Text.h"
 #include "tabs/AddressSigns.h"
 #include "tabs/TabKeys.h"
 

@@ -1,8 +1,8 @@
 #pragma once
-#include "common/CommandBar.h"
-#include "common/StatusBar.h"
-#include "common/TabStrip.h"
-#include "common/platform/Dialogs.h"
+#include "bar/CommandBar.h"
+#include "forms/StatusBar.h"
+#include "forms/TabStrip.h"
+#include "platform/Dialogs.h"
 #include "tabs/PageLeaving.h"
 #include "tabs/ViewArray.h"
 

@@ -1,6 +1,6 @@
 #include "tabs/TabSleep.h"
 
-#include "common/TabStrip.h"
+#include "forms/TabStrip.h"
 #include "tabs/TabKeys.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/platform/BrowserView.h"
+#include "platform/BrowserView.h"
 
 #include <cstdint>
 #include <limits>

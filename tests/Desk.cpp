@@ -1,6 +1,6 @@
 #include "tests/Desk.h"
 
-#include "commands/frmRenameGroup.h"
+#include "groups/frmRenameGroup.h"
 #include "settings/frmInternetOptions.h"
 
 #include <vector>

@@ -1,10 +1,10 @@
 #pragma once
-#include "mainwindow/frmMain.h"
 #include "settings/SettingsStore.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeDownloads.h"
 #include "tests/fakes/FakeSettings.h"
 #include "tests/fakes/FakeViews.h"
+#include "window/frmMain.h"
 
 #include <gtest/gtest.h>
 #include <string>

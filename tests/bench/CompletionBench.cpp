@@ -1,4 +1,4 @@
-#include "commands/CabCombo.h"
+#include "address/CabCombo.h"
 
 #include <benchmark/benchmark.h>
 #include <string>

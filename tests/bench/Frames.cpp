@@ -1,8 +1,8 @@
 // What the scripts that the program puts into pages cost: a page of 50 frames is loaded with them and without in turn.
-#include "qt/QtDialogScheme.h"
-#include "qt/QtPage.h"
-#include "qt/QtProfile.h"
-#include "qt/QtStartPage.h"
+#include "qt/engine/QtProfile.h"
+#include "qt/page/QtDialogScheme.h"
+#include "qt/page/QtPage.h"
+#include "qt/page/QtStartPage.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

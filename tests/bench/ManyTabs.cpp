@@ -1,12 +1,12 @@
 // What a tab costs the shell itself when many are open: time to open one, memory, and what a change of one holds the
 // window up for until it is written down. Real views, strip and files; no page of the engine exists. The exit code is 1
 // when a thousand tabs cost more than they may.
-#include "qt/QtEngine.h"
-#include "qt/QtInstanceProfile.h"
-#include "qt/QtSessionFiles.h"
-#include "qt/QtStatusBar.h"
-#include "qt/QtTabStrip.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/desktop/QtInstanceProfile.h"
+#include "qt/desktop/QtSessionFiles.h"
+#include "qt/engine/QtEngine.h"
+#include "qt/strip/QtTabStrip.h"
+#include "qt/window/QtStatusBar.h"
 #include "tests/fakes/FakeSurroundings.h"
 #include "tests/fakes/TemporaryFolder.h"
 

@@ -2,8 +2,8 @@
 // a very long TessaGroup.
 
 #include "favorites/Favorites.h"
-#include "qt/QtCommandBar.h"
-#include "qt/QtGroupEditor.h"
+#include "qt/bar/QtCommandBar.h"
+#include "qt/dialogs/QtGroupEditor.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <QApplication>

@@ -1,14 +1,14 @@
 // What saving costs with 500 open tabs: at the end of a session, and after each change meanwhile. Real files and a
 // real disk; what the engine would be asked is answered at once.
-#include "mainwindow/frmMain.h"
-#include "qt/QtLayoutFile.h"
-#include "qt/QtSessionFiles.h"
-#include "qt/QtSettingsStorage.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/desktop/QtLayoutFile.h"
+#include "qt/desktop/QtSessionFiles.h"
+#include "qt/desktop/QtSettingsStorage.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeDownloads.h"
 #include "tests/fakes/FakeViews.h"
 #include "tests/fakes/TemporaryFolder.h"
+#include "window/frmMain.h"
 
 #include <QCoreApplication>
 #include <benchmark/benchmark.h>

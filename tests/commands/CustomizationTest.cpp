@@ -1,7 +1,7 @@
 #include "commands/Customization.h"
 
+#include "bar/CommandBarLayout.h"
 #include "commands/DesignTimeBar.h"
-#include "common/CommandBarLayout.h"
 
 #include <gtest/gtest.h>
 #include <string>

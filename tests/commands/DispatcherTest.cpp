@@ -1,7 +1,7 @@
 #include "tests/Desk.h"
 
+#include "address/Endpoints.h"
 #include "commands/CommandTable.h"
-#include "commands/Endpoints.h"
 #include "favorites/Favorites.h"
 #include "tests/fakes/TemporaryFolder.h"
 

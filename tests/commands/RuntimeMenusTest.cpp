@@ -1,6 +1,6 @@
 #include "commands/RuntimeMenus.h"
 
-#include "commands/frmRenameGroup.h"
+#include "groups/frmRenameGroup.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 

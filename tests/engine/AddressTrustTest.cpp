@@ -1,4 +1,4 @@
-#include "qt/QtCertificatePage.h"
+#include "qt/questions/QtCertificatePage.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QPointer>

@@ -1,10 +1,10 @@
-#include "qt/QtBarLook.h"
-#include "qt/QtBrowserView.h"
-#include "qt/QtCommandBar.h"
-#include "qt/QtMainWindow.h"
-#include "qt/QtStatusBar.h"
-#include "qt/QtTabStrip.h"
-#include "qt/QtText.h"
+#include "qt/bar/QtBarLook.h"
+#include "qt/bar/QtCommandBar.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/strip/QtTabStrip.h"
+#include "qt/window/QtMainWindow.h"
+#include "qt/window/QtStatusBar.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>

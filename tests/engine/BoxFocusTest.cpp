@@ -1,5 +1,5 @@
-#include "qt/QtComboBox.h"
-#include "qt/QtComboBoxes.h"
+#include "qt/bar/QtComboBox.h"
+#include "qt/bar/QtComboBoxes.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>

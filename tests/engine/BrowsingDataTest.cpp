@@ -1,7 +1,7 @@
-#include "qt/QtBrowsingData.h"
+#include "qt/engine/QtBrowsingData.h"
 
-#include "qt/QtBrowserView.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #pragma once
-#include "qt/QtBrowserView.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QWebEnginePage>

@@ -1,6 +1,6 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtCrashPage.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/questions/QtCrashPage.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QPushButton>

@@ -1,5 +1,5 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtDevTools.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/page/QtDevTools.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QDockWidget>

@@ -1,8 +1,8 @@
-#include "qt/QtDownloads.h"
+#include "qt/downloads/QtDownloads.h"
 
-#include "qt/QtBrowserView.h"
-#include "qt/QtPageDocuments.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/page/QtPageDocuments.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 

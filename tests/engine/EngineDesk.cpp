@@ -1,8 +1,8 @@
 #include "tests/engine/EngineDesk.h"
 
-#include "qt/QtAnswerGuard.h"
-#include "qt/QtBrowserView.h"
-#include "qt/QtText.h"
+#include "qt/base/QtAnswerGuard.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #pragma once
-#include "qt/QtEngine.h"
-#include "qt/QtInstanceProfile.h"
+#include "qt/desktop/QtInstanceProfile.h"
+#include "qt/engine/QtEngine.h"
 #include "tests/engine/LocalServer.h"
 #include "tests/fakes/FakeSurroundings.h"
 

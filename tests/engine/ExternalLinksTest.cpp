@@ -1,6 +1,6 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtDialogCover.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/page/QtDialogCover.h"
 #include "tests/engine/DesktopEntries.h"
 #include "tests/engine/EngineDesk.h"
 

@@ -1,6 +1,6 @@
-#include "qt/QtFindBar.h"
+#include "qt/window/QtFindBar.h"
 
-#include "qt/QtBrowserView.h"
+#include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCheckBox>

@@ -1,5 +1,5 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtBrowsingData.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/QtBrowsingData.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtRequests.h"
-#include "qt/QtText.h"
-#include "qt/QtWebOptions.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/QtRequests.h"
+#include "qt/engine/QtWebOptions.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QNetworkProxy>

@@ -1,5 +1,5 @@
-#include "qt/QtPage.h"
-#include "qt/QtPageDialog.h"
+#include "qt/page/QtPage.h"
+#include "qt/page/QtPageDialog.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtRequests.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/QtRequests.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 

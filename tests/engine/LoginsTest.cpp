@@ -1,7 +1,7 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtCertificatePage.h"
-#include "qt/QtLoginDialog.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/questions/QtCertificatePage.h"
+#include "qt/questions/QtLoginDialog.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtEngine.h"
-#include "qt/QtMediaKeys.h"
+#include "qt/desktop/QtMediaKeys.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/QtEngine.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>

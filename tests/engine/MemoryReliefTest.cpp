@@ -1,6 +1,6 @@
-#include "pages/MemoryFiles.h"
-#include "qt/QtBrowserView.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "tabs/MemoryFiles.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 

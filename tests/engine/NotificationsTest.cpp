@@ -1,7 +1,7 @@
-#include "qt/QtNotifications.h"
+#include "qt/engine/QtNotifications.h"
 
-#include "qt/QtBrowserView.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>

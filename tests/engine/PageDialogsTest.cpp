@@ -1,6 +1,6 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtPageDialog.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/page/QtPageDialog.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>

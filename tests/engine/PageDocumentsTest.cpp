@@ -1,6 +1,6 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtDownloads.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/downloads/QtDownloads.h"
+#include "qt/engine/QtBrowserView.h"
 #include "tests/engine/CommandsOnPages.h"
 #include "tests/fakes/TemporaryFolder.h"
 

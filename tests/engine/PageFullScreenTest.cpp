@@ -1,5 +1,5 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtEngine.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/QtEngine.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>

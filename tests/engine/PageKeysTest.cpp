@@ -1,4 +1,4 @@
-#include "qt/QtKeys.h"
+#include "qt/base/QtKeys.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>

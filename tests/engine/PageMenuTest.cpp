@@ -1,5 +1,5 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtEngine.h"
-#include "qt/QtPreviewBar.h"
-#include "qt/QtStartPage.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/QtEngine.h"
+#include "qt/page/QtPreviewBar.h"
+#include "qt/page/QtStartPage.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QImage>

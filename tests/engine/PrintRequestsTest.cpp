@@ -1,4 +1,4 @@
-#include "qt/QtBrowserView.h"
+#include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>

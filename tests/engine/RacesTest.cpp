@@ -1,7 +1,7 @@
 // Tabs that open, close, load, reload, stop and die in quick succession, while events of all that are still on their
 // way: whatever comes late finds nothing, and what is left works.
-#include "qt/QtBrowserView.h"
-#include "qt/QtText.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>

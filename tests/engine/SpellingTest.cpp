@@ -1,5 +1,5 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtDictionaries.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/QtDictionaries.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
-#include "qt/QtBrowserView.h"
-#include "qt/QtPage.h"
-#include "qt/QtStartPage.h"
+#include "qt/engine/QtBrowserView.h"
+#include "qt/page/QtPage.h"
+#include "qt/page/QtStartPage.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QGuiApplication>

@@ -1,5 +1,5 @@
-#include "mainwindow/StartPage.h"
-#include "qt/QtRequests.h"
+#include "qt/engine/QtRequests.h"
+#include "startpage/StartPage.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
-#include "common/Address.h"
-#include "qt/QtTyping.h"
+#include "base/Address.h"
+#include "qt/base/QtTyping.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
-#include "qt/QtDialogScheme.h"
-#include "qt/QtStartPage.h"
+#include "qt/page/QtDialogScheme.h"
+#include "qt/page/QtStartPage.h"
 
 #include <QApplication>
 #include <QQuickWindow>

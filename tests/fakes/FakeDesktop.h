@@ -1,14 +1,14 @@
 #pragma once
-#include "common/platform/Application.h"
-#include "common/platform/DefaultBrowser.h"
-#include "common/platform/Dialogs.h"
-#include "common/platform/FolderWatch.h"
-#include "common/platform/InstanceChannel.h"
-#include "common/platform/LayoutFile.h"
-#include "common/platform/MainWindow.h"
-#include "common/platform/SessionFiles.h"
-#include "common/platform/Shell.h"
-#include "common/platform/Trash.h"
+#include "platform/Application.h"
+#include "platform/DefaultBrowser.h"
+#include "platform/Dialogs.h"
+#include "platform/FolderWatch.h"
+#include "platform/InstanceChannel.h"
+#include "platform/LayoutFile.h"
+#include "platform/MainWindow.h"
+#include "platform/SessionFiles.h"
+#include "platform/Shell.h"
+#include "platform/Trash.h"
 
 #include <deque>
 #include <map>

@@ -1,5 +1,5 @@
 #pragma once
-#include "common/platform/Downloads.h"
+#include "platform/Downloads.h"
 
 #include <functional>
 #include <string>

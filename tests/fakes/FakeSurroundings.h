@@ -1,8 +1,8 @@
 #pragma once
-#include "mainwindow/frmMain.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeDownloads.h"
 #include "tests/fakes/FakeSettings.h"
+#include "window/frmMain.h"
 
 /// What a main window needs of the world outside, for a test or a benchmark that looks at little of it.
 struct FakeSurroundings {

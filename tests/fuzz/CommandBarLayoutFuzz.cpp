@@ -1,4 +1,4 @@
-#include "tests/common/LayoutCheck.h"
+#include "tests/bar/LayoutCheck.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "common/IniFile.h"
+#include "base/ini/IniFile.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "mainwindow/Session.h"
+#include "sessions/Session.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "pages/PageQuestions.h"
 
-#include "pages/DownloadRule.h"
+#include "downloads/DownloadRule.h"
 #include "pages/LinkRules.h"
 #include "pages/SitePermissions.h"
 #include "tests/fakes/FakeSettings.h"

@@ -4,7 +4,7 @@
 // FILE is a plain path, the others are the hexadecimal of their bytes, "-" for none at all, "." for the empty string.
 // A get prints the count of bytes that came back and their hexadecimal ("." for none), a write 1 or 0.
 
-#include "common/IniFile.h"
+#include "base/ini/IniFile.h"
 
 #include <cstdio>
 #include <cstdlib>

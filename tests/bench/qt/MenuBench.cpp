@@ -1,4 +1,4 @@
-#include "qt/QtCommandBar.h"
+#include "qt/bar/QtCommandBar.h"
 
 #include <QApplication>
 #include <QMenu>

@@ -1,6 +1,6 @@
 // The tab strip with 500 tabs: what each thing that a person or a page does to it costs, from the model to the painted
 // row. A frame has 16 ms.
-#include "qt/QtTabStrip.h"
+#include "qt/strip/QtTabStrip.h"
 
 #include <QApplication>
 #include <benchmark/benchmark.h>

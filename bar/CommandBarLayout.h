@@ -1,0 +1,22 @@
+#pragma once
+#include "bar/CommandBar.h"
+
+#include <string>
+#include <string_view>
+
+/// The layout of the command bar as the bytes of a file: how the toolbars look, the widths of the boxes, and of each
+/// band its kind, caption, visibility, docking and tools. INI text; a band is a section of its own, so that damage to
+/// one costs no other. The names of all tools of the day are written too, so that a later version can tell a tool that
+/// the user has taken away from one that is new.
+namespace CommandBarLayout {
+
+[[nodiscard]] std::string Save(const CommandBar& bar);
+
+/// Arranges a bar that is as designed. Any bytes will do: a band whose section does not parse or is missing stays as
+/// designed, unknown tools are skipped, and a tool that is newer than the file stands on its designed band.
+void Load(CommandBar& bar, std::string_view bytes);
+
+/// The name of the `number`th toolbar that a user makes.
+[[nodiscard]] Text UserBandName(std::int32_t number);
+
+} // namespace CommandBarLayout

@@ -1,0 +1,74 @@
+#include "base/Address.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::array kHostSchemes{TextView(u"http"), TextView(u"https"), TextView(u"ftp"), TextView(u"ws"),
+                                  TextView(u"wss")};
+constexpr TextView kSourcePrefix = u"view-source:";
+
+char16_t SmallLetter(char16_t unit) { return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 0x20) : unit; }
+
+bool IsBlank(char16_t unit) {
+    return unit <= 0x20 || (unit >= 0x7F && unit <= 0xA0) || unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200A) ||
+           unit == 0x2028 || unit == 0x2029 || unit == 0x202F || unit == 0x205F || unit == 0x3000;
+}
+
+bool BeginsLike(TextView text, TextView beginning) {
+    return text.size() >= beginning.size() &&
+           std::ranges::equal(text.substr(0, beginning.size()), beginning, {}, SmallLetter);
+}
+
+/// User, host and port of a web address, as a part of the text given.
+TextView AuthorityIn(TextView address) {
+    TextView rest = Address::Trimmed(address);
+    while (BeginsLike(rest, kSourcePrefix)) rest.remove_prefix(kSourcePrefix.size());
+    const std::size_t colon = rest.find(u':');
+    const bool leadsToHost = colon != TextView::npos && std::ranges::any_of(kHostSchemes, [&](TextView scheme) {
+                                 return scheme.size() == colon && BeginsLike(rest, scheme);
+                             });
+    if (!leadsToHost) return {};
+    const std::size_t first = rest.find_first_not_of(u"/\\", colon + 1);
+    if (first == TextView::npos) return {};
+    rest.remove_prefix(first);
+    return rest.substr(0, rest.find_first_of(u"/\\?#"));
+}
+
+} // namespace
+
+namespace Address {
+
+TextView Trimmed(TextView text) {
+    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+bool ComesBack(TextView address) { return !address.starts_with(u"tessaview:preview/"); }
+
+Text InSmallLetters(TextView text) {
+    Text small(text);
+    std::ranges::transform(small, small.begin(), SmallLetter);
+    return small;
+}
+
+TextView HostIn(TextView address) {
+    TextView host = AuthorityIn(address);
+    if (const std::size_t user = host.rfind(u'@'); user != TextView::npos) host.remove_prefix(user + 1);
+    // The colons of a numbered address stand between brackets.
+    const std::size_t behind = host.starts_with(u'[') ? host.find(u']') : 0;
+    const std::size_t port = behind == TextView::npos ? TextView::npos : host.find(u':', behind);
+    return host.substr(0, port);
+}
+
+Text WithoutUser(TextView address) {
+    const TextView authority = AuthorityIn(address);
+    const std::size_t user = authority.rfind(u'@');
+    if (user == TextView::npos) return Text(address);
+    const auto start = static_cast<std::size_t>(authority.data() - address.data());
+    return Text(address.substr(0, start)).append(address.substr(start + user + 1));
+}
+
+} // namespace Address

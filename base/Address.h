@@ -1,0 +1,32 @@
+#pragma once
+#include "base/Text.h"
+
+// Web addresses as texts, read as the engine reads them: a backslash counts as a slash, and how many of them stand
+// behind the colon does not matter.
+
+namespace Address {
+
+/// What shows nothing.
+inline constexpr TextView kBlank = u"about:blank";
+/// What a new private tab says of itself.
+inline constexpr TextView kPrivate = u"tessaview:private";
+
+/// The text without the blanks and control characters around it, those of every script: they lead nowhere, and must not
+/// hide a scheme from one who looks while another who opens it sees the scheme.
+[[nodiscard]] TextView Trimmed(TextView text);
+
+/// Whether what lies there can be had again at a later start. A print preview goes with its tab.
+[[nodiscard]] bool ComesBack(TextView address);
+
+/// The text with small letters for the capital ones that a scheme may have; others have no case there.
+[[nodiscard]] Text InSmallLetters(TextView text);
+
+/// The host that a web address leads to, as a part of the text given, without user and port. Empty for an address that
+/// leads to none, and for a text that does not begin with a scheme.
+[[nodiscard]] TextView HostIn(TextView address);
+
+/// The address without a user's name and password, which are nobody else's business; a text that is no web address
+/// stays as it is.
+[[nodiscard]] Text WithoutUser(TextView address);
+
+} // namespace Address

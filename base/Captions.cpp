@@ -1,0 +1,30 @@
+#include "base/Captions.h"
+
+namespace {
+
+constexpr char16_t kReplacementUnit = 0xFFFD;
+
+constexpr bool IsControl(char16_t unit) {
+    return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || unit == 0x2028 || unit == 0x2029;
+}
+
+constexpr bool TurnsWriting(char16_t unit) {
+    return unit == 0x061C || unit == 0x200E || unit == 0x200F || (unit >= 0x202A && unit <= 0x202E) ||
+           (unit >= 0x2066 && unit <= 0x2069);
+}
+
+} // namespace
+
+Text OneLine(TextView text) {
+    Text line(text);
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        if (IsControl(text[at]) || TurnsWriting(text[at]) || IsUnpaired(text, at)) line[at] = kReplacementUnit;
+    }
+    return line;
+}
+
+Text MenuCaption(TextView text) {
+    Text caption;
+    for (const char16_t unit : OneLine(text)) caption.append(unit == u'&' ? 2 : 1, unit);
+    return caption;
+}

@@ -1,0 +1,18 @@
+#pragma once
+#include "base/Text.h"
+
+#include <cstddef>
+
+// Words that come from outside - a page, a server, a certificate - made fit to stand among our own: nothing in them
+// turns the direction of the text around, hides a part of it or pushes our own words off the screen.
+
+/// Whether the unit controls the text instead of being a part of it: control characters, marks of direction, breaks
+/// of lines, characters without width.
+[[nodiscard]] bool IsUnseen(char16_t unit);
+
+/// One line of at most `most` units; what controls the text becomes a blank, runs of blanks one. A text that is cut
+/// ends in "...", which comes on top.
+[[nodiscard]] Text PlainLine(TextView text, std::size_t most);
+
+/// Several lines, kept apart by "\n": at most `lines` of at most `most` units each, cut in the same way.
+[[nodiscard]] Text PlainLines(TextView text, std::size_t lines, std::size_t most);

@@ -1,0 +1,27 @@
+#pragma once
+#include "base/ResumeNext.h"
+#include "base/Text.h"
+
+#include <functional>
+
+/// What is done about a file that cannot be written: each failure is counted, the user is told once until a write
+/// succeeds, and it is tried again. A member of whoever writes the file.
+class WriteTrouble {
+public:
+    /// What the user is told.
+    explicit WriteTrouble(TextView complaint) : m_complaint(complaint) {}
+
+    /// How a write went.
+    void Note(Outcome written, const std::source_location& where = std::source_location::current());
+    /// Whether what was to be written last is not on disk.
+    [[nodiscard]] bool Pending() const { return m_pending; }
+
+    /// Tells the user; filled in by the owner.
+    std::function<void(TextView)> Say;
+    /// Has the write tried again in a while; filled in by the owner. Without it the next change does.
+    std::function<void()> TryAgain;
+
+private:
+    Text m_complaint;
+    bool m_pending = false;
+};

@@ -1,0 +1,88 @@
+#pragma once
+#include "base/Text.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+/// INI text as the profile functions of the desktop that group files come from read and write it: names without
+/// regard to case, blanks at both ends dropped, the first of equal sections and keys counts, one pair of quotes
+/// around a value removed. Everything is bytes. A UTF-8 mark at the start is skipped and kept; text in UTF-16 with
+/// its mark is read, and written back, in kind.
+class IniFile {
+public:
+    /// Reads the bytes of a whole file. Any bytes will do.
+    explicit IniFile(std::string_view bytes);
+
+    /// The value, at most `size` - 1 bytes of it; of what is not there, `whenMissing` without blanks at its end.
+    [[nodiscard]] std::string Value(std::string_view section, std::string_view key, std::string_view whenMissing,
+                                    std::size_t size) const;
+    /// The names of a section's keys in their order, each ended by a NUL. A list that does not fit is cut after
+    /// `size` - 2 bytes, in the middle of a name if need be. A section without keys answers `whenMissing`.
+    [[nodiscard]] std::string KeyList(std::string_view section, std::string_view whenMissing, std::size_t size) const;
+    /// The names of the sections, in the form of a key list.
+    [[nodiscard]] std::string SectionList(std::size_t size) const;
+
+    /// Writes a value where its key stands, else behind the section's last key, else in a new section at the end.
+    /// The value is written as it is. All other bytes stay.
+    void SetValue(std::string_view section, std::string_view key, std::string_view value);
+    /// Removes the key's line. What is not there stays so.
+    void RemoveKey(std::string_view section, std::string_view key);
+    /// Removes the section's header and keys; its comments stay.
+    void RemoveSection(std::string_view section);
+
+    /// The bytes of the file as they are now.
+    [[nodiscard]] std::string Bytes() const;
+
+private:
+    enum class Kind { Header, Key };
+    struct Line {
+        std::size_t begin, end; ///< without the line end
+        std::size_t next;       ///< where the next line begins
+        Kind kind;
+    };
+    /// Lines [first, last) behind a header.
+    struct Range {
+        std::size_t header, first, last;
+    };
+    using KeyIndex = std::unordered_map<std::string, std::size_t>;
+
+    void Parse();
+    void Replace(std::size_t begin, std::size_t end, std::string_view text);
+    [[nodiscard]] std::optional<Range> FindSection(std::string_view name) const;
+    [[nodiscard]] const KeyIndex& KeysOf(const Range& section) const;
+    [[nodiscard]] std::optional<std::size_t> FindKey(const Range& section, std::string_view key) const;
+    [[nodiscard]] std::string_view LineText(const Line& line) const;
+    [[nodiscard]] std::string_view KeyName(const Line& line) const;
+
+    std::string m_text; ///< single bytes, without the mark
+    std::string m_mark;
+    std::optional<std::u16string> m_wide; ///< of UTF-16 text its units, one to each byte of `m_text`
+    std::vector<Line> m_lines;
+    std::unordered_map<std::string, Range> m_sections;                ///< by folded name, the first of each
+    mutable std::unordered_map<std::size_t, KeyIndex> m_keysByHeader; ///< made when first asked for
+};
+
+/// The calls as they are known, on a file named by its path; each reads the file afresh. No value of `key` lists the
+/// keys, no value of `section` the sections. A file that cannot be read is an empty one; of one beyond 64 MiB the
+/// beginning is read.
+[[nodiscard]] std::string GetPrivateProfileString(const std::string& path, std::optional<std::string_view> section,
+                                                  std::optional<std::string_view> key,
+                                                  std::optional<std::string_view> whenMissing, std::size_t size);
+
+/// No value of `key` removes the section, no value of `value` the key. False, and nothing changed, when there is no
+/// section or the file cannot be written, or is beyond 64 MiB. A missing file is made, a missing folder is not. The
+/// write is atomic.
+[[nodiscard]] bool WritePrivateProfileString(const std::string& path, std::optional<std::string_view> section,
+                                             std::optional<std::string_view> key,
+                                             std::optional<std::string_view> value);
+
+/// One value of an INI file as the parts of the program read it: at most 511 bytes of it as text, without a character
+/// that the end goes through. Of what is not there, `whenMissing` without blanks at its end.
+[[nodiscard]] Text ReadIniValue(const IniFile& file, std::string_view section, std::string_view key,
+                                TextView whenMissing);
+/// The same of the file of that path.
+[[nodiscard]] Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMissing);

@@ -1,0 +1,49 @@
+#pragma once
+// The controls of a form, as data. A view binds each to a widget; the form's own handler sits in the property's
+// Change slot or in Click.
+
+#include "base/Property.h"
+#include "base/Text.h"
+
+enum class CheckState { Unticked = 0, Ticked = 1, Grey = 2 };
+
+struct CheckBox {
+    explicit CheckBox(Text caption) : Caption(std::move(caption)) {}
+    Text Caption;
+    Property<CheckState> Value{CheckState::Unticked};
+    Property<bool> Enabled{true};
+
+    /// Ticked exactly; a grey box is not.
+    [[nodiscard]] bool Ticked() const { return Value() == CheckState::Ticked; }
+    void Tick(bool ticked) { Value = ticked ? CheckState::Ticked : CheckState::Unticked; }
+};
+
+struct TextBox {
+    Property<Text> Value;
+    Property<bool> Enabled{true};
+    /// Gives the box the keyboard, its text selected. Filled in by the view, empty without one.
+    std::function<void()> SetFocus;
+};
+
+struct Label {
+    explicit Label(Text caption) : Caption(std::move(caption)) {}
+    Property<Text> Caption;
+};
+
+struct Button {
+    explicit Button(Text caption) : Caption(std::move(caption)) {}
+    Property<Text> Caption;
+    Property<bool> Enabled{true};
+    Property<bool> Visible{true};
+    std::function<void()> Click;
+};
+
+/// A part of a form with controls of its own.
+struct Frame {
+    Property<bool> Visible{false};
+};
+
+/// Whether a form is on the screen; hiding ends a modal show.
+struct FormState {
+    Property<bool> Visible{false};
+};

@@ -1,0 +1,50 @@
+#pragma once
+#include "base/Text.h"
+#include "base/Units.h"
+#include "forms/Controls.h"
+
+/// The status bar: a single text, shown or hidden, and buttons while there is something to do about it. `Height` is
+/// what its view needs, reported by the view.
+struct StatusBar {
+    StatusBar() {
+        for (Button* button : {&StopAll, &Undo, &Saving}) button->Visible = false;
+        Notice.Change = [this] {
+            if (Notice().empty()) ForgetUndo();
+        };
+    }
+
+    Property<Text> SimpleText;
+    /// What the program itself has to say. No text of a page stands in its stead until somebody can have read it; the
+    /// view empties it then.
+    Property<Text> Notice;
+    /// How large the text of the page is, at the right end; empty when it has its usual size.
+    Property<Text> Zoom;
+    /// Which of the engine's profiles the window has, beside it; empty for the usual one. What its tip says.
+    Property<Text> Profile;
+    Text ProfileTip;
+    Property<bool> Visible{true};
+    Button StopAll{u"Stop all"};
+    /// Takes back what the notice tells of; there for as long as that.
+    Button Undo{u"&Undo"};
+    /// What is being saved and how far that is; a click shows the list of it.
+    Button Saving{u""};
+    Pixels Height{24};
+
+    /// Says something, and offers to take it back when `undo` can.
+    void Say(TextView words, std::function<void()> undo = {}) {
+        // Said twice it is said anew.
+        Notice = Text();
+        Undo.Click = std::move(undo);
+        Notice = Text(words);
+        Undo.Visible = Undo.Click && !words.empty();
+    }
+    /// Says nothing more of it. What could be taken back no longer can.
+    void Withdraw() { Notice = Text(); }
+
+private:
+    // What it would bring back is not kept any longer.
+    void ForgetUndo() {
+        Undo.Visible = false;
+        Undo.Click = {};
+    }
+};

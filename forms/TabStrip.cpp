@@ -1,0 +1,127 @@
+#include "forms/TabStrip.h"
+
+#include "base/ResumeNext.h"
+
+#include <algorithm>
+#include <utility>
+
+Tab* TabStrip::Add(std::size_t position, Text key) {
+    if (m_byKey.contains(key)) return nullptr;
+    auto tab = std::make_unique<Tab>();
+    tab->m_key = key;
+    Tab* added = tab.get();
+    const std::size_t index = position >= 1 && position <= m_tabs.size() ? position - 1 : m_tabs.size();
+    m_tabs.insert(m_tabs.begin() + static_cast<std::ptrdiff_t>(index), std::move(tab));
+    m_byKey.emplace(std::move(key), added);
+    if (!m_selected) m_selected = added;
+    Mark(TabStripChange::Layout);
+    return added;
+}
+
+void TabStrip::Remove(const Tab* tab) {
+    const std::size_t position = PositionOf(tab);
+    if (position == 0) return;
+    // [a][S][b] -> [a][b]: S was at index 1, where its right neighbour b stands now.
+    const bool wasSelected = tab == m_selected;
+    m_byKey.erase(tab->m_key);
+    m_tabs.erase(m_tabs.begin() + static_cast<std::ptrdiff_t>(position - 1));
+    if (wasSelected) m_selected = m_tabs.empty() ? nullptr : m_tabs[std::min(position, m_tabs.size()) - 1].get();
+    Mark(TabStripChange::Layout);
+}
+
+void TabStrip::Move(const Tab* tab, std::size_t position) {
+    const std::size_t from = PositionOf(tab);
+    if (from == 0 || position < 1 || position > m_tabs.size() || from == position) return;
+    const auto begin = m_tabs.begin();
+    const auto at = [&](std::size_t index) { return begin + static_cast<std::ptrdiff_t>(index); };
+    if (from < position)
+        std::rotate(at(from - 1), at(from), at(position));
+    else
+        std::rotate(at(position - 1), at(from - 1), at(from));
+    Mark(TabStripChange::Layout);
+}
+
+Tab* TabStrip::FindAt(std::size_t position) const {
+    return position >= 1 && position <= m_tabs.size() ? m_tabs[position - 1].get() : nullptr;
+}
+
+Tab* TabStrip::Find(TextView key) const {
+    const auto found = m_byKey.find(Text(key));
+    return found == m_byKey.end() ? nullptr : found->second;
+}
+
+std::size_t TabStrip::PositionOf(const Tab* tab) const {
+    const auto found = std::find_if(m_tabs.begin(), m_tabs.end(), [&](const auto& each) { return each.get() == tab; });
+    return found == m_tabs.end() ? 0 : static_cast<std::size_t>(found - m_tabs.begin()) + 1;
+}
+
+void TabStrip::Select(Tab* tab) {
+    if (tab && tab != m_selected) UserClick(tab);
+}
+
+void TabStrip::UserClick(Tab* tab) {
+    Must(PositionOf(tab) != 0);
+    if (tab != m_selected) {
+        m_selected = tab;
+        Mark(TabStripChange::Layout);
+    }
+    if (Click) Click();
+}
+
+void TabStrip::SetCaption(Tab* tab, Text caption) {
+    if (tab->m_caption == caption) return;
+    tab->m_caption = std::move(caption);
+    Mark(TabStripChange::Faces);
+}
+
+void TabStrip::SetImage(Tab* tab, TabImage image) {
+    if (tab->m_image == image) return;
+    tab->m_image = image;
+    Mark(TabStripChange::Faces);
+}
+
+void TabStrip::SetAsks(Tab* tab, bool asks) {
+    if (tab->m_asks == asks) return;
+    tab->m_asks = asks;
+    Mark(TabStripChange::Faces);
+}
+
+void TabStrip::SetAwaited(Tab* tab, Text address) {
+    if (tab->m_awaited == address) return;
+    tab->m_awaited = std::move(address);
+    Mark(TabStripChange::Faces);
+}
+
+void TabStrip::SetSound(Tab* tab, TabSound sound) {
+    if (tab->m_sound == sound) return;
+    tab->m_sound = sound;
+    Mark(TabStripChange::Faces);
+}
+
+void TabStrip::SetPrivate(Tab* tab, bool isPrivate) {
+    if (tab->m_private == isPrivate) return;
+    tab->m_private = isPrivate;
+    Mark(TabStripChange::Faces);
+}
+
+void TabStrip::SetPlacement(TabPlacement placement) {
+    if (m_placement == placement) return;
+    m_placement = placement;
+    Mark(TabStripChange::Layout);
+}
+
+void TabStrip::Attach(std::function<void(TabStripChange)> mirror) {
+    m_mirror = std::move(mirror);
+    Clean();
+    Mark(TabStripChange::Layout);
+}
+
+void TabStrip::Clean() { m_layoutMarked = m_facesMarked = false; }
+
+void TabStrip::Mark(TabStripChange change) {
+    if (Touched) Touched();
+    bool& marked = change == TabStripChange::Layout ? m_layoutMarked : m_facesMarked;
+    if (marked) return;
+    marked = true;
+    if (m_mirror) m_mirror(change);
+}

@@ -1,0 +1,104 @@
+#pragma once
+#include "base/Text.h"
+#include "base/Units.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+/// Pictures of the strip's image list `ilTabs`; "Red" is the busy mark.
+enum class TabImage { None = 0, Red };
+
+/// What is to be heard of a tab's page.
+enum class TabSound { None, Playing, Muted };
+
+enum class TabPlacement { Top = 0, Bottom = 1 };
+
+/// One entry of the strip. `Key` names it and never changes; `Tag` is the caller's number.
+class Tab {
+public:
+    [[nodiscard]] const Text& Key() const { return m_key; }
+    [[nodiscard]] const Text& Caption() const { return m_caption; }
+    [[nodiscard]] TabImage Image() const { return m_image; }
+    /// The page waits for an answer of its user.
+    [[nodiscard]] bool Asks() const { return m_asks; }
+    [[nodiscard]] TabSound Sound() const { return m_sound; }
+    /// The address whose page the tab waits for while it still shows another; empty for none.
+    [[nodiscard]] const Text& Awaited() const { return m_awaited; }
+    /// What the page does is forgotten with the tab.
+    [[nodiscard]] bool Private() const { return m_private; }
+    std::int32_t Tag = 0;
+
+private:
+    friend class TabStrip;
+    Text m_key, m_caption, m_awaited;
+    TabImage m_image = TabImage::None;
+    bool m_asks = false;
+    TabSound m_sound = TabSound::None;
+    bool m_private = false;
+};
+
+/// What a strip's view has to repaint.
+enum class TabStripChange {
+    Layout, ///< tabs, their order, the selection or the placement: at the next turn of the event loop
+    Faces,  ///< captions and pictures only: gathered, a tenth of a second at most
+};
+
+/// The tab strip as data: a row of tabs, of which at most one is selected. Positions are 1-based. A selected tab that
+/// is removed hands the selection to its right neighbour, else to the left one, without a click.
+/// A tab's address stays valid until it is removed.
+class TabStrip {
+public:
+    /// Adds a tab at `position` (1 to Count() + 1, anything else means the end). A key in use adds nothing and
+    /// returns nothing. The first tab ever added is the selected one.
+    Tab* Add(std::size_t position, Text key);
+    void Remove(const Tab* tab);
+    /// Moves a tab to a position; the selection stays with its tab.
+    void Move(const Tab* tab, std::size_t position);
+
+    [[nodiscard]] std::size_t Count() const { return m_tabs.size(); }
+    [[nodiscard]] Tab* FindAt(std::size_t position) const;
+    [[nodiscard]] Tab* Find(TextView key) const;
+    /// 1-based; 0 for a tab that is not in the strip.
+    [[nodiscard]] std::size_t PositionOf(const Tab* tab) const;
+
+    [[nodiscard]] Tab* SelectedItem() const { return m_selected; }
+    /// Selects the tab and runs `Click` when that changes the selection.
+    void Select(Tab* tab);
+    /// What a user's click does: selects the tab and runs `Click` in any case.
+    void UserClick(Tab* tab);
+
+    void SetCaption(Tab* tab, Text caption);
+    void SetImage(Tab* tab, TabImage image);
+    void SetAsks(Tab* tab, bool asks);
+    void SetAwaited(Tab* tab, Text address);
+    void SetSound(Tab* tab, TabSound sound);
+    void SetPrivate(Tab* tab, bool isPrivate);
+
+    [[nodiscard]] TabPlacement Placement() const { return m_placement; }
+    void SetPlacement(TabPlacement placement);
+
+    /// How high the row of tabs is; grows with the font, reported by the view.
+    Pixels RowHeight{22};
+    /// The owner's handler of a selection.
+    std::function<void()> Click;
+    /// Something about the tabs has changed; runs at every change.
+    std::function<void()> Touched;
+    /// Attaches the view: called once a change until `Clean()`; runs at once to show the present state.
+    void Attach(std::function<void(TabStripChange)> mirror);
+    /// The view has repainted; the next change is reported again.
+    void Clean();
+
+private:
+    void Mark(TabStripChange change);
+
+    std::vector<std::unique_ptr<Tab>> m_tabs;
+    std::unordered_map<Text, Tab*> m_byKey;
+    Tab* m_selected = nullptr;
+    TabPlacement m_placement = TabPlacement::Top;
+    std::function<void(TabStripChange)> m_mirror;
+    bool m_layoutMarked = false;
+    bool m_facesMarked = false;
+};

@@ -1,0 +1,38 @@
+#include "groups/frmRenameGroup.h"
+
+#include "base/Captions.h"
+#include "favorites/FavoriteFiles.h"
+#include "favorites/FreeNames.h"
+#include "groups/TessaGroups.h"
+
+#include <cerrno>
+
+frmRenameGroup::frmRenameGroup(TextView path) : m_path(path) {
+    m_name = path.substr(path.rfind(u'/') + 1);
+    m_name.resize(m_name.size() - TessaGroups::kExtension.size());
+    txtName.Value.Change = [this] { txtName_Change(); };
+    cmdOK.Click = [this] { cmdOK_Click(); };
+    cmdCancel.Click = [this] { Form.Visible = false; };
+    txtName.Value = OneLine(m_name);
+    txtName_Change();
+}
+
+void frmRenameGroup::txtName_Change() {
+    cmdOK.Enabled = txtName.Value().find_first_not_of(u' ') != Text::npos;
+    lblMessage.Caption = Text();
+}
+
+void frmRenameGroup::cmdOK_Click() {
+    // A name whose bytes are no text is shown otherwise than it is.
+    const bool same = txtName.Value() == OneLine(m_name);
+    const Text name = Favorites::FileNameOf(txtName.Value());
+    const Text to = Favorites::FolderOf(m_path) + u"/" + name + Text(TessaGroups::kExtension);
+    const int error = same ? 0 : RenameToFree(PathToBytes(m_path), PathToBytes(to));
+    if (error != 0) {
+        lblMessage.Caption =
+            error == EEXIST ? u"There is a TessaGroup of that name already." : u"The TessaGroup could not be renamed.";
+        return;
+    }
+    if (!same) Renamed = name;
+    Form.Visible = false;
+}

@@ -1,7 +1,0 @@
-#pragma once
-#include "commands/frmRenameGroup.h"
-
-class QWidget;
-
-/// Shows the form over `parent` until it hides. Escape and the window's close button mean Cancel.
-void ShowModal(frmRenameGroup& form, QWidget* parent);

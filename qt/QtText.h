@@ -1,8 +1,0 @@
-#pragma once
-#include "common/Text.h"
-
-#include <QString>
-
-/// Text of the core as Qt's, and back.
-inline QString ToQt(TextView text) { return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())); }
-inline Text FromQt(const QString& text) { return text.toStdU16String(); }

@@ -1,0 +1,24 @@
+#pragma once
+#include "bar/CommandBar.h"
+
+#include <QMainWindow>
+#include <QObject>
+
+/// Shows the toolbars of a window as the command bar says: size of the icons, text beside or under them, tool tips.
+class QtBarLook final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both outlive it.
+    QtBarLook(CommandBar& bar, QMainWindow& window);
+    ~QtBarLook() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Show(const BarLook& look);
+
+    CommandBar& m_bar;
+    QMainWindow& m_window;
+};

@@ -1,0 +1,66 @@
+#include "qt/bar/QtComboBoxes.h"
+
+#include "qt/bar/QtComboBox.h"
+
+#include <algorithm>
+
+namespace {
+
+void DetachBox(ComboTool& tool) {
+    tool.Value.Attach({});
+    tool.Selection.Attach({});
+    tool.Width.Attach({});
+    tool.FillsRow.Attach({});
+    tool.Enabled.Attach({});
+    tool.Sign.Attach({});
+}
+
+} // namespace
+
+QtComboBoxes::~QtComboBoxes() {
+    for (const auto& [name, shown] : m_shown) DetachBox(static_cast<ComboTool&>(*shown.tool));
+}
+
+QtComboBox* QtComboBoxes::Make(const std::shared_ptr<Tool>& tool, QWidget* parent) {
+    auto* combo = dynamic_cast<ComboTool*>(tool.get());
+    if (!combo) return nullptr;
+    auto* box = new QtComboBox(m_bar, *combo, parent);
+    Shown& shown = m_shown[combo->Name()];
+    std::erase(shown.boxes, nullptr);
+    shown.boxes.emplace_back(box);
+    shown.tool = tool;
+    Attach(*combo, shown);
+    return box;
+}
+
+void QtComboBoxes::Attach(ComboTool& tool, Shown& shown) {
+    const auto each = [&shown](auto&& action) {
+        for (const auto& box : std::vector(shown.boxes)) {
+            if (box) action(*box);
+        }
+    };
+    tool.Value.Attach([each](const Text&) { each([](QtComboBox& box) { box.ShowValue(); }); });
+    tool.Selection.Mirror = [each](const TextSelection&) { each([](QtComboBox& box) { box.ShowSelection(); }); };
+    tool.Width.Mirror = [each](Pixels) { each([](QtComboBox& box) { box.updateGeometry(); }); };
+    tool.FillsRow.Mirror = [each](bool) { each([](QtComboBox& box) { box.updateGeometry(); }); };
+    tool.Sign.Attach([each](const BoxSign&) { each([](QtComboBox& box) { box.ShowSign(); }); });
+    tool.Enabled.Attach([each](bool enabled) { each([&](QtComboBox& box) { box.setEnabled(enabled); }); });
+}
+
+QtComboBox* QtComboBoxes::Find(TextView tool) const {
+    const auto found = m_shown.find(Text(tool));
+    if (found == m_shown.end()) return nullptr;
+    QtComboBox* first = nullptr;
+    for (const auto& box : found->second.boxes) {
+        if (box && box->isVisible()) return box;
+        if (box && !first) first = box;
+    }
+    return first;
+}
+
+std::vector<QtComboBox*> QtComboBoxes::All() const {
+    std::vector<QtComboBox*> all;
+    for (const auto& [name, shown] : m_shown)
+        std::ranges::copy_if(shown.boxes, std::back_inserter(all), [](auto& b) { return !b.isNull(); });
+    return all;
+}

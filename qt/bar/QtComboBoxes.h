@@ -1,0 +1,38 @@
+#pragma once
+#include "bar/CommandBar.h"
+
+#include <QPointer>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+class QWidget;
+class QtComboBox;
+
+/// The boxes of a command bar's combo tools: a tool has one on each toolbar that lists it, and all show the same.
+class QtComboBoxes {
+public:
+    /// The bar outlives it.
+    explicit QtComboBoxes(CommandBar& bar) : m_bar(bar) {}
+    QtComboBoxes(const QtComboBoxes&) = delete;
+    QtComboBoxes& operator=(const QtComboBoxes&) = delete;
+    ~QtComboBoxes();
+
+    /// A new box, which its parent owns. Nothing for a tool that is no combo tool.
+    QtComboBox* Make(const std::shared_ptr<Tool>& tool, QWidget* parent);
+    /// The first box of a tool that can be seen, else the first of all; nothing while no toolbar shows it.
+    [[nodiscard]] QtComboBox* Find(TextView tool) const;
+    /// The boxes that there are.
+    [[nodiscard]] std::vector<QtComboBox*> All() const;
+
+private:
+    struct Shown {
+        std::shared_ptr<Tool> tool;
+        std::vector<QPointer<QtComboBox>> boxes;
+    };
+
+    void Attach(ComboTool& tool, Shown& shown);
+
+    CommandBar& m_bar;
+    std::unordered_map<Text, Shown> m_shown; ///< by the tool's name
+};

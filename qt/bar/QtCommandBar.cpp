@@ -1,0 +1,122 @@
+#include "qt/bar/QtCommandBar.h"
+
+#include "qt/bar/QtOverflowArrow.h"
+#include "qt/bar/QtToolBarsMenu.h"
+#include "qt/base/QtIcons.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QTimer>
+#include <QToolBar>
+
+QtCommandBar::QtCommandBar(CommandBar& bar, QMainWindow& window)
+    : m_bar(bar),
+      m_window(window),
+      m_actions(bar),
+      m_menus(bar, m_actions, window),
+      m_toolBars(bar, window, m_actions, m_menus),
+      m_docking(bar, window, m_toolBars),
+      m_ring(window, m_toolBars) {
+    m_bar.Attach(View());
+    Follow();
+    m_window.installEventFilter(this);
+    m_window.menuBar()->installEventFilter(this);
+    QtOverflowArrow::Show(*m_window.menuBar(), QStringLiteral("qt_menubar_ext_button"), QStringLiteral("More menus"));
+}
+
+QtCommandBar::~QtCommandBar() {
+    m_bar.Attach({});
+    for (const auto& band : m_bar.Bands()) {
+        if (band->Kind() != BandKind::MenuBar) continue;
+        band->Attach({});
+        band->Visible.Attach({});
+    }
+}
+
+CommandBar::View QtCommandBar::View() {
+    return {.BandsChanged = [this] { Follow(); },
+            .Popup = [this](Band& band) { m_menus.Popup(band); },
+            .FocusTool =
+                [this](Band& band, Tool& tool) {
+                    ShowBars();
+                    m_toolBars.FocusTool(band, tool);
+                },
+            .OpenMenu =
+                [this](Tool& tool) {
+                    ShowBars();
+                    m_toolBars.OpenMenu(tool);
+                },
+            .Step =
+                [this](BarStep step) {
+                    ShowBars();
+                    m_ring.Step(step);
+                },
+            .RecalcLayout = [this] { m_docking.Flush(); }};
+}
+
+void QtCommandBar::ShowBars() const {
+    if (Reveal) Reveal();
+}
+
+void QtCommandBar::Follow() {
+    for (const auto& band : m_bar.Bands()) {
+        if (band->Kind() == BandKind::MenuBar) ShowMenuBar(*band);
+    }
+    if (!m_toolBars.Follow()) return;
+    m_docking.Follow();
+    for (const auto& band : m_bar.Bands()) {
+        if (QToolBar* bar = m_toolBars.Find(*band)) bar->installEventFilter(this);
+    }
+}
+
+void QtCommandBar::ShowMenuBar(Band& band) {
+    band.Visible.Attach([this](bool visible) { m_window.menuBar()->setVisible(visible); });
+    band.Attach([this, &band] {
+        FillMenuBar(band);
+        band.Clean();
+    });
+}
+
+void QtCommandBar::FillMenuBar(const Band& band) {
+    QMenuBar* menuBar = m_window.menuBar();
+    menuBar->clear();
+    for (const BandEntry& entry : band.Entries()) {
+        QAction* action = m_actions.For(entry.Item);
+        if (!entry.Item->SubBand.empty()) action->setMenu(m_menus.For(entry.Item->SubBand));
+        menuBar->addAction(action);
+    }
+}
+
+QToolBar* QtCommandBar::ToolBar(TextView band) const {
+    const Band* found = m_bar.FindBand(band);
+    return found ? m_toolBars.Find(*found) : nullptr;
+}
+
+void QtCommandBar::ShowIcons() {
+    QtIcons::ChooseTheme(m_window.palette());
+    m_actions.ShowIcons();
+}
+
+bool QtCommandBar::ShowToolBarsMenu(const QObject* watched, const QContextMenuEvent& event) {
+    if (watched == &m_window) return false;
+    QtToolBarsMenu::Show(m_bar, m_window, event.globalPos());
+    return true;
+}
+
+bool QtCommandBar::eventFilter(QObject* watched, QEvent* event) {
+    const bool window = watched == &m_window;
+    // The pictures are looked up when the window is on the screen: that takes longer than all the rest of it.
+    if (event->type() == QEvent::Show && window) QTimer::singleShot(0, this, &QtCommandBar::ShowIcons);
+    if (event->type() == QEvent::PaletteChange && window) ShowIcons();
+    if (event->type() == QEvent::Leave && !window) m_actions.ReportNoPointer();
+    // The keyboard has left the menu bar; with the menu that it has opened, it is still there.
+    const bool left =
+        event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
+    if (left && watched == m_window.menuBar()) m_actions.ReportNoPointer();
+    if (event->type() == QEvent::MouseMove && watched == m_window.menuBar())
+        m_actions.ReportPointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+    if (event->type() == QEvent::ContextMenu) return ShowToolBarsMenu(watched, static_cast<QContextMenuEvent&>(*event));
+    return QObject::eventFilter(watched, event);
+}

@@ -1,0 +1,54 @@
+#pragma once
+#include "bar/CommandBar.h"
+#include "qt/bar/QtBandMenus.h"
+#include "qt/bar/QtDocking.h"
+#include "qt/bar/QtFocusRing.h"
+#include "qt/bar/QtToolActions.h"
+#include "qt/bar/QtToolBars.h"
+
+#include <QMainWindow>
+#include <QObject>
+
+class QContextMenuEvent;
+
+/// Shows a `CommandBar` in a window's menu bar, toolbars and menus. The bar and the window outlive it.
+class QtCommandBar final : public QObject {
+    Q_OBJECT
+
+public:
+    QtCommandBar(CommandBar& bar, QMainWindow& window);
+    ~QtCommandBar() override;
+
+    /// The action of a tool that is shown somewhere; nothing for any other.
+    [[nodiscard]] QAction* Find(TextView name) const { return m_actions.Find(name); }
+    /// The box of a combo tool; nothing while no toolbar shows it.
+    [[nodiscard]] QtComboBox* Box(TextView tool) const { return m_toolBars.Box(tool); }
+    /// The menus that drop down from the bar's tools.
+    [[nodiscard]] QtBandMenus& Menus() { return m_menus; }
+    /// The keyboard's way round the window.
+    [[nodiscard]] QtFocusRing& Ring() { return m_ring; }
+    /// The bars are to be in sight, for one of them is to have the keyboard. Filled in by the owner; may be empty.
+    std::function<void()> Reveal;
+    /// The toolbar of a band; nothing for any other band.
+    [[nodiscard]] QToolBar* ToolBar(TextView band) const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    [[nodiscard]] CommandBar::View View();
+    void Follow();
+    void ShowBars() const;
+    void ShowMenuBar(Band& band);
+    void FillMenuBar(const Band& band);
+    void ShowIcons();
+    bool ShowToolBarsMenu(const QObject* watched, const QContextMenuEvent& event);
+
+    CommandBar& m_bar;
+    QMainWindow& m_window;
+    QtToolActions m_actions;
+    QtBandMenus m_menus;
+    QtToolBars m_toolBars;
+    QtDocking m_docking;
+    QtFocusRing m_ring;
+};

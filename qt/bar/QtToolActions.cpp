@@ -1,0 +1,149 @@
+#include "qt/bar/QtToolActions.h"
+
+#include "commands/ToolNames.h"
+#include "qt/base/QtIcons.h"
+#include "qt/base/QtKeys.h"
+#include "qt/base/QtText.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPixmap>
+#include <algorithm>
+#include <span>
+
+namespace {
+
+void Detach(Tool& tool) {
+    tool.Caption.Attach({});
+    tool.Enabled.Attach({});
+    tool.Checked.Attach({});
+    tool.Visible.Attach({});
+    tool.Badge.Attach({});
+}
+
+QIcon PictureOf(const Tool& tool) { return QtIcons::WithBadge(QtIcons::Of(tool.Image), tool.Badge()); }
+
+// A menu that has the mouse gets its moves wherever the pointer is, so the point itself is asked about.
+const QAction* ActionUnder(QPoint at) {
+    const QWidget* widget = QApplication::widgetAt(at);
+    if (const auto* menu = qobject_cast<const QMenu*>(widget)) return menu->actionAt(menu->mapFromGlobal(at));
+    const auto* menuBar = qobject_cast<const QMenuBar*>(widget);
+    return menuBar ? menuBar->actionAt(menuBar->mapFromGlobal(at)) : nullptr;
+}
+
+// Keeps the picture's room until it is looked up, so that the toolbars do not jump then.
+QIcon Placeholder(const Tool& tool) {
+    if (tool.Image.Name.empty()) return {};
+    QPixmap empty(22, 22);
+    empty.fill(Qt::transparent);
+    return QIcon(empty);
+}
+
+} // namespace
+
+QtToolActions::~QtToolActions() {
+    for (const auto& [key, shown] : m_shown) Detach(*shown.tool);
+}
+
+QAction* QtToolActions::For(const std::shared_ptr<Tool>& tool) {
+    const auto found = m_shown.find(tool.get());
+    if (found != m_shown.end()) return found->second.action;
+    auto* action = new QAction(this);
+    action->setObjectName(ToQt(tool->Name()));
+    action->setToolTip(ToQt(tool->TooltipText));
+    action->setIcon(m_icons ? PictureOf(*tool) : Placeholder(*tool));
+    ShowShortcut(*tool, *action);
+    m_shown.emplace(tool.get(), Shown{tool, action});
+    Mirror(*tool, *action);
+    return action;
+}
+
+void QtToolActions::Mirror(Tool& tool, QAction& action) {
+    QAction* shown = &action;
+    tool.Caption.Attach([shown](const Text& caption) { shown->setText(ToQt(caption)); });
+    tool.Enabled.Attach([shown](bool enabled) { shown->setEnabled(enabled); });
+    tool.Visible.Attach([shown](bool visible) { shown->setVisible(visible); });
+    tool.Badge.Mirror = [this, &tool, shown](std::size_t) {
+        if (m_icons) shown->setIcon(PictureOf(tool));
+    };
+    tool.Checked.Attach([shown](bool checked) {
+        // A tool shows itself to be one that is checked by being checked for the first time.
+        if (checked) {
+            shown->setCheckable(true);
+            // In a menu the mark would be a frame around the picture, hardly to be seen.
+            shown->setIconVisibleInMenu(false);
+        }
+        shown->setChecked(checked);
+    });
+    connect(shown, &QAction::triggered, this, [this, &tool, shown] { OnTriggered(tool, *shown); });
+    connect(shown, &QAction::hovered, this, [this, &tool] {
+        if (m_bar.MouseOver) m_bar.MouseOver(&tool);
+    });
+}
+
+// The bar itself answers the keys, before Qt does: the action only shows them.
+void QtToolActions::ShowShortcut(const Tool& tool, QAction& action) const {
+    const auto find = [&](std::span<const Shortcut> all) -> const Shortcut* {
+        const auto found = std::ranges::find(all, TextView(tool.Name()), &Shortcut::ToolName);
+        return found == all.end() ? nullptr : &*found;
+    };
+    const Shortcut* shortcut = find(m_bar.Shortcuts());
+    if (!shortcut) shortcut = find(ShortcutsOfOthers());
+    const QKeySequence keys = shortcut ? QtKeys::Sequence(shortcut->Key) : QKeySequence();
+    if (keys.isEmpty()) return;
+    action.setShortcutContext(Qt::WidgetShortcut);
+    action.setShortcut(keys);
+    // Qt leaves it out of menus that do not hang below the menu bar.
+    action.setShortcutVisibleInContextMenu(true);
+    if (!tool.TooltipText.empty())
+        action.setToolTip(QStringLiteral("%1 (%2)").arg(action.toolTip(), keys.toString(QKeySequence::NativeText)));
+}
+
+void QtToolActions::OnTriggered(Tool& tool, QAction& action) {
+    // The tool decides whether it is checked; Qt has toggled the action by itself.
+    action.setChecked(tool.Checked());
+    // The click may take the tool off its band.
+    const auto held = m_shown.at(&tool).tool;
+    m_bar.UserClick(*held);
+}
+
+QAction* QtToolActions::Find(TextView name) const {
+    const Tool* tool = m_bar.Find(name);
+    const auto found = m_shown.find(tool);
+    return found == m_shown.end() ? nullptr : found->second.action;
+}
+
+std::shared_ptr<Tool> QtToolActions::ToolOf(const QAction* action) const {
+    const auto found =
+        std::ranges::find_if(m_shown, [action](const auto& each) { return each.second.action == action; });
+    return found == m_shown.end() ? nullptr : found->second.tool;
+}
+
+void QtToolActions::ReportPointer(QPoint at) {
+    const QAction* action = ActionUnder(at);
+    if (action == m_pointed) return;
+    m_pointed = action;
+    const auto tool = ToolOf(action);
+    if (m_bar.MouseOver) m_bar.MouseOver(tool.get());
+}
+
+void QtToolActions::ReportNoPointer() {
+    m_pointed = nullptr;
+    if (m_bar.MouseOver) m_bar.MouseOver(nullptr);
+}
+
+void QtToolActions::Prune() {
+    std::erase_if(m_shown, [](const auto& entry) {
+        if (entry.second.tool.use_count() > 1) return false;
+        Detach(*entry.second.tool);
+        entry.second.action->deleteLater();
+        return true;
+    });
+}
+
+void QtToolActions::ShowIcons() {
+    m_icons = true;
+    for (const auto& [key, shown] : m_shown) shown.action->setIcon(PictureOf(*shown.tool));
+}

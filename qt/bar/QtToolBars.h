@@ -1,0 +1,60 @@
+#pragma once
+#include "bar/CommandBar.h"
+#include "qt/bar/QtComboBoxes.h"
+
+#include <QMainWindow>
+#include <QObject>
+#include <QProxyStyle>
+#include <map>
+#include <vector>
+
+class QLabel;
+class QToolBar;
+class QtBandMenus;
+class QtToolActions;
+
+/// The toolbars of a command bar: makes one for each band of that kind and fills it. `QtDocking` places them.
+class QtToolBars final : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    QtToolBars(CommandBar& bar, QMainWindow& window, QtToolActions& actions, QtBandMenus& menus)
+        : m_bar(bar), m_window(window), m_actions(actions), m_menus(menus), m_boxes(bar) {}
+    ~QtToolBars() override;
+
+    /// Makes the toolbars of new bands and ends those of bands that are no more. True if there was any.
+    bool Follow();
+    [[nodiscard]] QToolBar* Find(const Band& band) const;
+    [[nodiscard]] QtComboBox* Box(TextView tool) const { return m_boxes.Find(tool); }
+    /// Gives the keyboard to a tool, which selects a box's text.
+    void FocusTool(const Band& band, const Tool& tool);
+    /// Drops down the menu of a tool, from its button or, where that is not in sight, from the end of the toolbars.
+    void OpenMenu(const Tool& tool);
+    /// The toolbars that are in sight, docked ones, from the top to the bottom and from the left to the right.
+    [[nodiscard]] std::vector<QToolBar*> InOrder() const;
+
+private:
+    /// The desktop's style without animations: to Qt 6.11 a toolbar that is dropped on a side floats until the
+    /// animation is over, also where the window has none.
+    class Still final : public QProxyStyle {
+    public:
+        int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                      QStyleHintReturn* data) const override;
+    };
+
+    void Make(Band& band);
+    void Fill(QToolBar& bar, const Band& band);
+    void AddBox(QToolBar& bar, const BandEntry& entry, QLabel* label);
+    QLabel* AddLabel(QToolBar& bar, const BandEntry& entry);
+    void AddButton(QToolBar& bar, const BandEntry& entry);
+    void ReportPointer(QWidget& widget, const Tool& tool);
+
+    CommandBar& m_bar;
+    QMainWindow& m_window;
+    QtToolActions& m_actions;
+    QtBandMenus& m_menus;
+    QtComboBoxes m_boxes;
+    Still m_style;
+    std::map<Text, QToolBar*> m_toolBars; ///< by the band's name
+};

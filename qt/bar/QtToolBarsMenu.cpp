@@ -1,0 +1,48 @@
+#include "qt/bar/QtToolBarsMenu.h"
+
+#include "qt/base/QtText.h"
+
+#include <QAction>
+#include <QMenu>
+
+namespace {
+
+void AddBand(QMenu& menu, CommandBar& bar, const Band& band) {
+    // A caption of a band has no access key.
+    QAction* action = menu.addAction(ToQt(band.Caption()).replace(u'&', QStringLiteral("&&")));
+    action->setObjectName(ToQt(band.Name()));
+    action->setCheckable(true);
+    action->setChecked(band.Visible());
+    QObject::connect(action, &QAction::triggered, &menu, [&bar, name = band.Name()](bool checked) {
+        if (Band* shown = bar.FindBand(name)) shown->Visible = checked;
+    });
+}
+
+void AddCustomize(QMenu& menu, CommandBar& bar) {
+    const Tool* tool = bar.Find(u"mnuViewToolbars");
+    if (!tool || !tool->Enabled()) return;
+    menu.addSeparator();
+    QAction* action = menu.addAction(QStringLiteral("&Customize..."));
+    action->setObjectName(QStringLiteral("mnuViewToolbars"));
+    QObject::connect(action, &QAction::triggered, &menu, [&bar] {
+        if (Tool* clicked = bar.Find(u"mnuViewToolbars")) bar.UserClick(*clicked);
+    });
+}
+
+} // namespace
+
+namespace QtToolBarsMenu {
+
+QMenu* Show(CommandBar& bar, QWidget& window, const QPoint& at) {
+    auto* menu = new QMenu(&window);
+    menu->setObjectName(QStringLiteral("toolBarsMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const auto& band : bar.Bands()) {
+        if (band->Kind() == BandKind::Toolbar) AddBand(*menu, bar, *band);
+    }
+    AddCustomize(*menu, bar);
+    menu->popup(at);
+    return menu;
+}
+
+} // namespace QtToolBarsMenu

@@ -1,0 +1,25 @@
+#include "qt/base/QtAddressLabel.h"
+
+#include <QPainter>
+
+namespace {
+constexpr int kAddressFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWrapAnywhere;
+constexpr int kAddressWidth = 200;
+constexpr int kEndless = 10000; // pixels
+} // namespace
+
+QtAddressLabel::QtAddressLabel(const QString& address, QWidget* parent) : QLabel(address, parent) {
+    setTextFormat(Qt::PlainText);
+    // Tells the layout that the height follows from the width.
+    setWordWrap(true);
+}
+
+int QtAddressLabel::heightForWidth(int width) const {
+    return fontMetrics().boundingRect(QRect(0, 0, width, kEndless), kAddressFlags, text()).height();
+}
+
+QSize QtAddressLabel::sizeHint() const { return {kAddressWidth, heightForWidth(kAddressWidth)}; }
+
+QSize QtAddressLabel::minimumSizeHint() const { return {kAddressWidth, fontMetrics().height()}; }
+
+void QtAddressLabel::paintEvent(QPaintEvent*) { QPainter(this).drawText(rect(), kAddressFlags, text()); }

@@ -1,0 +1,39 @@
+#pragma once
+#include "bar/CommandBar.h"
+
+#include <QKeySequence>
+#include <QObject>
+#include <functional>
+
+class QKeyEvent;
+class QWidget;
+
+/// Shows every key that is meant for a window or anything in it to the program first, before the page or the box that
+/// has the keyboard. A key that the program has used goes no further. Alt is told of when it goes up again and nothing
+/// else was pressed meanwhile.
+class QtKeys final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The window outlives it. Works as long as it lives.
+    explicit QtKeys(QWidget& window);
+
+    /// The key in the program's terms; its code is 0 for one that has no name there.
+    [[nodiscard]] static KeyStroke Of(const QKeyEvent& event);
+    /// A combination in Qt's terms, as a menu shows it; an empty one for a key that has no name there.
+    [[nodiscard]] static QKeySequence Sequence(KeyStroke key);
+
+    std::function<KeyUsed(KeyStroke)> Down;
+    std::function<KeyUsed(KeyStroke)> Up;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    [[nodiscard]] bool IsFor(const QObject* watched) const;
+    void FollowAlt(const QEvent& event);
+    [[nodiscard]] KeyStroke Told(const QKeyEvent& event, bool down);
+
+    QWidget& m_window;
+    bool m_altAlone = false; ///< it is down, and nothing else was pressed since
+};

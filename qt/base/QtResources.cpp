@@ -1,0 +1,14 @@
+#include "qt/base/QtResources.h"
+
+#include <QFile>
+
+// Stands outside the namespace, as Qt's macro demands.
+static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
+
+void QtResources::Load() { LoadResources(); }
+
+QString QtResources::ReadText(const QString& name) {
+    Load();
+    QFile file(QStringLiteral(":/") + name);
+    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}

@@ -1,0 +1,20 @@
+#include "qt/desktop/QtLayoutFile.h"
+
+#include "base/os/AtomicFile.h"
+#include "qt/base/QtPathBytes.h"
+
+#include <QDir>
+
+QtLayoutFile::QtLayoutFile(const QString& folder)
+    : m_folder(folder), m_path(PathBytes(folder + QStringLiteral("/user.tb"))) {}
+
+std::optional<std::string> QtLayoutFile::Read() {
+    if (!FileExists(m_path)) return std::string();
+    return ReadWholeFile(m_path);
+}
+
+Outcome QtLayoutFile::Write(const std::string& bytes) {
+    // A folder that cannot be made takes no file either.
+    QDir().mkpath(m_folder);
+    return WriteWholeFile(m_path, bytes, Readers::UserAlone);
+}

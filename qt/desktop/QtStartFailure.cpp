@@ -1,0 +1,43 @@
+#include "qt/desktop/QtStartFailure.h"
+
+#include "qt/base/QtDrawing.h"
+
+#include <QString>
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+QtMessageHandler s_before = nullptr;
+bool s_starting = false;
+
+void SayWhy() {
+    const QByteArray display = qgetenv("DISPLAY"), wayland = qgetenv("WAYLAND_DISPLAY");
+    std::fprintf(stderr,
+                 "TessaView cannot open a window: the display does not answer, or Qt's part for it is missing.\n"
+                 "DISPLAY is \"%s\", WAYLAND_DISPLAY is \"%s\".\n",
+                 display.constData(), wayland.constData());
+}
+
+void Handle(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (type == QtFatalMsg && s_starting) {
+        SayWhy();
+        ::_exit(1);
+    }
+    if (s_before && !QtDrawing::IsExpected(message)) s_before(type, context, message);
+}
+
+} // namespace
+
+QtStartFailure::QtStartFailure() {
+    s_before = qInstallMessageHandler(Handle);
+    s_starting = true;
+}
+
+QtStartFailure::~QtStartFailure() {
+    s_starting = false;
+    // Whoever listens by now goes on, and passes on to us.
+    const QtMessageHandler current = qInstallMessageHandler(s_before);
+    if (current != Handle) qInstallMessageHandler(current);
+}

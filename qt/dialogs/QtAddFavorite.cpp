@@ -1,0 +1,89 @@
+#include "qt/dialogs/QtAddFavorite.h"
+
+#include "qt/base/Bind.h"
+#include "qt/base/QtText.h"
+#include "qt/dialogs/QtFavoriteTree.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+
+namespace {
+
+constexpr QSize kUsualAddSize{460, 400};
+
+QLabel* Caption(Label& label, const char* name, QWidget* buddy) {
+    auto* line = new QLabel;
+    line->setBuddy(buddy);
+    Bind(label, *line, QString::fromLatin1(name));
+    return line;
+}
+
+} // namespace
+
+QtAddFavorite::QtAddFavorite(frmAddFavorite& form, QWidget* parent)
+    : QDialog(parent), m_form(form), m_tree(new QtFavoriteTree(form.Root(), QtFavoriteTree::Shows::Folders)) {
+    setObjectName(QStringLiteral("frmAddFavorite"));
+    setWindowTitle(ToQt(form.Caption));
+    auto* name = new QLineEdit;
+    Bind(form.txtName, *name, QStringLiteral("txtName"), QStringLiteral("Name"));
+    m_tree->setObjectName(QStringLiteral("treFolders"));
+    m_tree->setAccessibleName(QStringLiteral("Create in"));
+    auto* message = new QLabel;
+    message->setWordWrap(true);
+    Bind(form.lblMessage, *message, QStringLiteral("lblMessage"));
+
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(Caption(form.lblName, "lblName", name), 0, 0);
+    grid->addWidget(name, 0, 1);
+    grid->addWidget(Caption(form.lblFolder, "lblFolder", m_tree), 1, 0, Qt::AlignTop);
+    grid->addWidget(m_tree, 1, 1);
+    grid->setRowStretch(1, 1);
+    grid->addWidget(message, 2, 1);
+    grid->addWidget(Buttons(), 3, 0, 1, 2);
+    BindTree();
+    Bind(form.Form, *this, form.cmdCancel);
+    resize(kUsualAddSize.expandedTo(minimumSizeHint()));
+    name->setFocus();
+    name->selectAll();
+}
+
+QtAddFavorite::~QtAddFavorite() {
+    m_form.NewFolder = {};
+    m_form.Folder.Attach({});
+}
+
+void QtAddFavorite::BindTree() {
+    m_tree->Chosen = [this](const Text& path) { m_form.Folder = path; };
+    m_tree->Renamed = [this](const Text& path, const Text& name) {
+        return m_form.treFolders_AfterLabelEdit(path, name);
+    };
+    m_form.NewFolder = [this](const Text& folder, const Text& made) {
+        m_tree->Reload(folder);
+        m_tree->Edit(made);
+    };
+}
+
+QWidget* QtAddFavorite::Buttons() {
+    auto* buttons = new QDialogButtonBox;
+    const auto add = [&](Button& button, const char* name, QDialogButtonBox::ButtonRole role) {
+        auto* widget = new QPushButton;
+        Bind(button, *widget, QString::fromLatin1(name));
+        widget->setAutoDefault(false);
+        buttons->addButton(widget, role);
+        return widget;
+    };
+    add(m_form.cmdNewFolder, "cmdNewFolder", QDialogButtonBox::ResetRole);
+    add(m_form.cmdOK, "cmdOK", QDialogButtonBox::AcceptRole)->setDefault(true);
+    add(m_form.cmdCancel, "cmdCancel", QDialogButtonBox::RejectRole);
+    return buttons;
+}
+
+void ShowModal(frmAddFavorite& form, QWidget* parent) {
+    const QPointer<QtAddFavorite> dialog = new QtAddFavorite(form, parent);
+    ShowModal(form.Form, *dialog);
+    delete dialog;
+}

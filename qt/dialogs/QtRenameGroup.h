@@ -1,0 +1,7 @@
+#pragma once
+#include "groups/frmRenameGroup.h"
+
+class QWidget;
+
+/// Shows the form over `parent` until it hides. Escape and the window's close button mean Cancel.
+void ShowModal(frmRenameGroup& form, QWidget* parent);

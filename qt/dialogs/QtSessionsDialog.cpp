@@ -1,0 +1,186 @@
+#include "qt/dialogs/QtSessionsDialog.h"
+
+#include "qt/base/Bind.h"
+#include "qt/base/QtText.h"
+
+#include <QCheckBox>
+#include <QDateTime>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QLocale>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize kUsualSessionsSize{820, 460};
+
+QLabel* SessionHeading(Label& label, const char* name, QWidget* buddy) {
+    auto* heading = new QLabel;
+    heading->setBuddy(buddy);
+    // Beside a box to tick or not, all headings are equally high.
+    heading->setMinimumHeight(QCheckBox().sizeHint().height());
+    Bind(label, *heading, QString::fromLatin1(name));
+    return heading;
+}
+
+void FillPage(QTreeWidgetItem& item, const SessionPageLine& line) {
+    item.setText(0, ToQt(line.Title));
+    item.setText(1, ToQt(line.Address));
+    // What a page calls itself is text; as a tool tip Qt would read it as HTML if it looks like it.
+    for (const int column : {0, 1})
+        item.setToolTip(column, QStringLiteral("<span>%1</span>").arg(item.text(column).toHtmlEscaped()));
+    item.setCheckState(0, line.Ticked ? Qt::Checked : Qt::Unchecked);
+    QFont font = item.font(0);
+    font.setBold(line.Front);
+    item.setFont(0, font);
+}
+
+QString TimeOfDay(const QLocale& locale, QTime time) {
+    // Some ways of writing times have seconds even in their short form.
+    QString format = locale.timeFormat(QLocale::ShortFormat);
+    return locale.toString(time, format.remove(QStringLiteral(":ss")));
+}
+
+} // namespace
+
+QtSessionsDialog::QtSessionsDialog(frmSessions& form, QWidget* parent)
+    : QDialog(parent), m_form(form), m_sessions(new QListWidget), m_pages(new QTreeWidget) {
+    setObjectName(QStringLiteral("frmSessions"));
+    setWindowTitle(ToQt(form.Caption));
+    auto* halves = new QSplitter;
+    halves->setChildrenCollapsible(false);
+    halves->addWidget(Sessions());
+    halves->addWidget(Pages());
+    halves->setStretchFactor(0, 2);
+    halves->setStretchFactor(1, 5);
+    auto* message = new QLabel;
+    Bind(form.lblMessage, *message, QStringLiteral("lblMessage"));
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(halves, 1);
+    rows->addWidget(message);
+    rows->addWidget(Buttons());
+    BindSessions();
+    BindPages();
+    Bind(form.Form, *this, form.cmdClose);
+    resize(kUsualSessionsSize.expandedTo(minimumSizeHint()));
+    m_sessions->setFocus();
+}
+
+QtSessionsDialog::~QtSessionsDialog() {
+    m_form.lstSessions.Attach({});
+    m_form.Selected.Attach({});
+    m_form.lstPages.Attach({});
+}
+
+QWidget* QtSessionsDialog::Sessions() {
+    auto* half = new QWidget;
+    auto* rows = new QVBoxLayout(half);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(SessionHeading(m_form.lblSessions, "lblSessions", m_sessions));
+    rows->addWidget(m_sessions, 1);
+    m_sessions->setObjectName(QStringLiteral("lstSessions"));
+    m_sessions->setAccessibleName(QStringLiteral("Sessions"));
+    m_sessions->setAlternatingRowColors(true);
+    m_sessions->setWordWrap(true);
+    m_sessions->setSpacing(2);
+    return half;
+}
+
+QWidget* QtSessionsDialog::Pages() {
+    auto* half = new QWidget;
+    auto* all = new QCheckBox;
+    all->setTristate(false);
+    Bind(m_form.chkAll, *all, QStringLiteral("chkAll"));
+    auto* head = new QHBoxLayout;
+    head->addWidget(SessionHeading(m_form.lblPages, "lblPages", m_pages));
+    head->addStretch();
+    head->addWidget(all);
+    auto* rows = new QVBoxLayout(half);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addLayout(head);
+    rows->addWidget(m_pages, 1);
+    m_pages->setObjectName(QStringLiteral("lstPages"));
+    m_pages->setAccessibleName(QStringLiteral("Pages"));
+    m_pages->setHeaderLabels({QStringLiteral("Title"), QStringLiteral("Address")});
+    m_pages->setRootIsDecorated(false);
+    m_pages->setUniformRowHeights(true);
+    m_pages->setAlternatingRowColors(true);
+    m_pages->setAllColumnsShowFocus(true);
+    m_pages->header()->resizeSection(0, kUsualSessionsSize.width() * 2 / 5);
+    return half;
+}
+
+QWidget* QtSessionsDialog::Buttons() {
+    auto* buttons = new QDialogButtonBox;
+    const auto add = [&](Button& button, const char* name, QDialogButtonBox::ButtonRole role) {
+        auto* widget = new QPushButton;
+        Bind(button, *widget, QString::fromLatin1(name));
+        widget->setAutoDefault(false);
+        buttons->addButton(widget, role);
+        return widget;
+    };
+    add(m_form.cmdForget, "cmdForget", QDialogButtonBox::ResetRole);
+    add(m_form.cmdSave, "cmdSave", QDialogButtonBox::ActionRole);
+    add(m_form.cmdOpen, "cmdOpen", QDialogButtonBox::ActionRole)->setDefault(true);
+    add(m_form.cmdClose, "cmdClose", QDialogButtonBox::RejectRole);
+    return buttons;
+}
+
+void QtSessionsDialog::BindSessions() {
+    m_form.lstSessions.Attach([this](const auto& lines) { ShowSessions(lines); });
+    m_form.Selected.Attach([this](std::size_t index) {
+        m_sessions->setCurrentRow(index == frmSessions::kNone ? -1 : static_cast<int>(index));
+    });
+    connect(m_sessions, &QListWidget::currentRowChanged, this,
+            [this](int row) { m_form.Selected = row < 0 ? frmSessions::kNone : static_cast<std::size_t>(row); });
+}
+
+void QtSessionsDialog::BindPages() {
+    m_form.lstPages.Attach([this](const auto& lines) { ShowPages(lines); });
+    connect(m_pages, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) {
+        m_form.lstPages_ItemCheck(static_cast<std::size_t>(m_pages->indexOfTopLevelItem(item)),
+                                  item->checkState(0) == Qt::Checked);
+    });
+    connect(m_pages, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
+        m_form.lstPages_DblClick(static_cast<std::size_t>(m_pages->indexOfTopLevelItem(item)));
+    });
+}
+
+void QtSessionsDialog::ShowSessions(const std::vector<SessionLine>& lines) {
+    const QSignalBlocker quiet(m_sessions);
+    m_sessions->clear();
+    for (const SessionLine& line : lines) m_sessions->addItem(ToQt(line.When) + u'\n' + ToQt(line.Pages));
+}
+
+void QtSessionsDialog::ShowPages(const std::vector<SessionPageLine>& lines) {
+    const QSignalBlocker quiet(m_pages);
+    // The lines stay where they are while only ticks change, and with them the keyboard's place.
+    while (m_pages->topLevelItemCount() > static_cast<int>(lines.size()))
+        delete m_pages->takeTopLevelItem(m_pages->topLevelItemCount() - 1);
+    while (m_pages->topLevelItemCount() < static_cast<int>(lines.size())) m_pages->addTopLevelItem(new QTreeWidgetItem);
+    for (std::size_t i = 0; i < lines.size(); ++i) FillPage(*m_pages->topLevelItem(static_cast<int>(i)), lines[i]);
+    m_pages->viewport()->update();
+}
+
+void ShowModal(frmSessions& form, QWidget* parent) {
+    const QPointer<QtSessionsDialog> dialog = new QtSessionsDialog(form, parent);
+    ShowModal(form.Form, *dialog);
+    delete dialog;
+}
+
+Text SessionTimeText(std::int64_t seconds) {
+    const QDateTime time = QDateTime::fromSecsSinceEpoch(seconds);
+    const QDate today = QDate::currentDate();
+    const QLocale locale;
+    QString day = locale.toString(time.date(), QLocale::LongFormat);
+    if (time.date() == today) day = QStringLiteral("Today");
+    if (time.date().daysTo(today) == 1) day = QStringLiteral("Yesterday");
+    return FromQt(day + QStringLiteral(", ") + TimeOfDay(locale, time.time()));
+}

@@ -1,0 +1,34 @@
+#pragma once
+#include "sessions/frmSessions.h"
+
+#include <QDialog>
+
+class QListWidget;
+class QTreeWidget;
+
+/// The window of `frmSessions`: sessions on the left, the pages of the selected one on the right. The form must
+/// outlive it.
+class QtSessionsDialog : public QDialog {
+public:
+    explicit QtSessionsDialog(frmSessions& form, QWidget* parent = nullptr);
+    ~QtSessionsDialog() override;
+
+private:
+    QWidget* Sessions();
+    QWidget* Pages();
+    QWidget* Buttons();
+    void BindSessions();
+    void BindPages();
+    void ShowSessions(const std::vector<SessionLine>& lines);
+    void ShowPages(const std::vector<SessionPageLine>& lines);
+
+    frmSessions& m_form;
+    QListWidget* m_sessions;
+    QTreeWidget* m_pages;
+};
+
+/// Shows the form over `parent` until it hides.
+void ShowModal(frmSessions& form, QWidget* parent);
+
+/// A time in seconds since 1970 in the user's time zone and the way that the user writes dates: "Today, 14:30".
+[[nodiscard]] Text SessionTimeText(std::int64_t seconds);

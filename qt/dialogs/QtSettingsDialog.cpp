@@ -1,0 +1,93 @@
+#include "qt/dialogs/QtSettingsDialog.h"
+
+#include "qt/base/Bind.h"
+#include "qt/base/QtText.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QStyle>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+constexpr int kLimitWidthInDigits = 12;
+}
+
+QtSettingsDialog::QtSettingsDialog(frmSettings& form, QWidget* parent) : QDialog(parent), m_form(form) {
+    setObjectName(QStringLiteral("frmSettings"));
+    setWindowTitle(ToQt(form.Caption));
+    auto* tabs = new QTabWidget(this);
+    tabs->setObjectName(QStringLiteral("TabStrip1"));
+    tabs->addTab(GeneralPage(), WithAccessKey(ToQt(form.TabStrip1.FindAt(1)->Caption()), u'G'));
+
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(tabs);
+    rows->addWidget(Buttons());
+    // Larger fonts enlarge the dialog; more room than it needs is of no use.
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+    Bind(form.Form, *this, form.cmdCancel);
+    findChild<QCheckBox*>(QStringLiteral("chkAllowMultipleInstances"))->setFocus();
+}
+
+QWidget* QtSettingsDialog::GeneralPage() {
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    AddCheckBox(*rows, m_form.chkAllowMultipleInstances, "chkAllowMultipleInstances", u'M');
+    AddCheckBox(*rows, m_form.chkTabsUp, "chkTabsUp", u'U');
+    AddCheckBox(*rows, m_form.chkLimitTitleLength, "chkLimitTitleLength", u'L');
+    AddLimit(*rows);
+    AddCheckBox(*rows, m_form.chkCloseTessaGroups, "chkCloseTessaGroups", u'C');
+    AddCheckBox(*rows, m_form.chkOpenNew, "chkOpenNew", u'N');
+    AddCheckBox(*rows, m_form.chkAskDefaultBrowser, "chkAskDefaultBrowser", u'K');
+    AddCheckBox(*rows, m_form.chkRememberAndOpenLastSites, "chkRememberAndOpenLastSites", u'R');
+    rows->addStretch();
+    return page;
+}
+
+void QtSettingsDialog::AddCheckBox(QVBoxLayout& rows, CheckBox& box, const char* name, char16_t accessKey) {
+    auto* widget = new QCheckBox;
+    Bind(box, *widget, QString::fromLatin1(name), accessKey);
+    rows.addWidget(widget);
+}
+
+void QtSettingsDialog::AddLimit(QVBoxLayout& rows) {
+    auto* label = new QLabel;
+    auto* edit = new QLineEdit;
+    label->setBuddy(edit);
+    Bind(m_form.Label1, *label, QStringLiteral("Label1"), u'X');
+    Bind(m_form.Text1, *edit, QStringLiteral("Text1"), label->accessibleName());
+    edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(u'0') * kLimitWidthInDigits);
+
+    // Under the caption of the box that it belongs to.
+    const int indent =
+        style()->pixelMetric(QStyle::PM_IndicatorWidth) + style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
+    auto* row = new QHBoxLayout;
+    row->addSpacing(indent);
+    row->addWidget(label);
+    row->addWidget(edit);
+    row->addStretch();
+    rows.addLayout(row);
+}
+
+QWidget* QtSettingsDialog::Buttons() {
+    auto* buttons = new QDialogButtonBox;
+    auto* ok = new QPushButton;
+    auto* cancel = new QPushButton;
+    Bind(m_form.cmdOK, *ok, QStringLiteral("cmdOK"));
+    Bind(m_form.cmdCancel, *cancel, QStringLiteral("cmdCancel"));
+    buttons->addButton(ok, QDialogButtonBox::AcceptRole);
+    buttons->addButton(cancel, QDialogButtonBox::RejectRole);
+    ok->setDefault(true);
+    return buttons;
+}
+
+void ShowModal(frmSettings& form, QWidget* parent) {
+    const QPointer<QtSettingsDialog> dialog = new QtSettingsDialog(form, parent);
+    ShowModal(form.Form, *dialog);
+    delete dialog;
+}

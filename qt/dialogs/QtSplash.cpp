@@ -1,0 +1,40 @@
+#include "qt/dialogs/QtSplash.h"
+
+#include "qt/dialogs/QtSplashPanel.h"
+
+#include <QFrame>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace {
+
+std::unique_ptr<QWidget> MakeWindow(frmSplash& form) {
+    auto window = std::make_unique<QFrame>(nullptr, Qt::SplashScreen);
+    window->setObjectName(QStringLiteral("frmSplash"));
+    window->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    auto* rows = new QVBoxLayout(window.get());
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(new QtSplashPanel(form));
+    return window;
+}
+
+} // namespace
+
+QtSplash::QtSplash() = default;
+QtSplash::~QtSplash() { Unload(); }
+
+void QtSplash::Show() {
+    Unload();
+    m_form = std::make_unique<frmSplash>();
+    m_window = MakeWindow(*m_form);
+    m_window->adjustSize();
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        m_window->move(screen->availableGeometry().center() - m_window->rect().center());
+    m_window->show();
+}
+
+void QtSplash::Unload() {
+    m_window.reset();
+    m_form.reset();
+}

@@ -1,0 +1,11 @@
+#pragma once
+#include "window/frmSplash.h"
+
+#include <QWidget>
+
+/// The picture and the lines of `frmSplash`, which the splash and the About box have in common. The form must outlive
+/// it.
+class QtSplashPanel : public QWidget {
+public:
+    explicit QtSplashPanel(frmSplash& form, QWidget* parent = nullptr);
+};

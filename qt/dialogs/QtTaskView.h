@@ -1,0 +1,54 @@
+#pragma once
+#include "tabs/frmTaskView.h"
+
+#include <QDialog>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+class QComboBox;
+class QHBoxLayout;
+class QTreeWidget;
+
+/// The window of `frmTaskView`: lays out its controls and binds them. The form must outlive it.
+class QtTaskDialog final : public QDialog {
+    Q_OBJECT
+
+public:
+    QtTaskDialog(frmTaskView& form, QWidget* parent);
+    ~QtTaskDialog() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void MakeTasks();
+    QHBoxLayout* Sorting();
+    QWidget* Buttons();
+    void BindTasks();
+    void BindSorting(QComboBox& column, class QCheckBox& descending);
+    void ShowTasks(const std::vector<TaskLine>& lines);
+    void ShowSelected();
+
+    frmTaskView& m_form;
+    QTreeWidget* m_tasks;
+};
+
+/// Shows the task view over the main window when its form is shown, and has it measured once a second as long as it
+/// is. The dialog comes into being when it is first shown.
+class QtTaskView final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both outlive it.
+    QtTaskView(frmTaskView& form, QWidget& window);
+    ~QtTaskView() override;
+
+private:
+    void Show(bool visible);
+
+    frmTaskView& m_form;
+    QWidget& m_window;
+    QPointer<QtTaskDialog> m_dialog;
+    QTimer m_refresh;
+};

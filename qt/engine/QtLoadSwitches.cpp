@@ -1,0 +1,53 @@
+#include "qt/engine/QtLoadSwitches.h"
+
+#include "qt/base/QtEngineVersions.h"
+#include "qt/base/QtResources.h"
+
+#include <QTimer>
+#include <QUuid>
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
+#include <QWebEngineSettings>
+#include <chrono>
+
+namespace {
+
+const QString kName = QStringLiteral("loads");
+constexpr std::chrono::milliseconds kBehindTheEnginesTimer{1};
+
+QString AsScript(const QtLoadOptions& options) {
+    const auto word = [](bool on) { return on ? QStringLiteral("true") : QStringLiteral("false"); };
+    return QStringLiteral("{ images: %1, animations: %2, videos: %3, sounds: %4 }")
+        .arg(word(options.images), word(options.animations), word(options.videos), word(options.sounds));
+}
+
+} // namespace
+
+QtLoadSwitches::QtLoadSwitches()
+    : m_script(QtResources::ReadText(QStringLiteral("load-switches.js"))
+                   .replace(QStringLiteral("%1"), QUuid::createUuid().toString(QUuid::Id128))) {}
+
+void QtLoadSwitches::Install(QWebEngineProfile& profile, const QtLoadOptions& options) const {
+    profile.settings()->setAttribute(QWebEngineSettings::AutoLoadImages, options.images);
+    QtEngineVersions::SetAnimations(*profile.settings(), options.animations);
+    QWebEngineScript script;
+    script.setName(kName);
+    script.setSourceCode(QString(m_script).replace(QStringLiteral("%2"), AsScript(options)));
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setRunsOnSubFrames(true);
+    for (const QWebEngineScript& before : profile.scripts()->find(kName)) profile.scripts()->remove(before);
+    profile.scripts()->insert(script);
+}
+
+void QtLoadSwitches::Tell(QWebEnginePage& page, const QtLoadOptions& options) const {
+    // The engine passes changed settings on by a timer. A picture that the script shows again must find them there, for
+    // only when it is painted does the engine look whether it may move.
+    const auto tell = [&page, options] {
+        page.runJavaScript(QStringLiteral("window.tessaLoads && tessaLoads(%1)").arg(AsScript(options)),
+                           QWebEngineScript::ApplicationWorld);
+    };
+    QTimer::singleShot(kBehindTheEnginesTimer, &page, tell);
+}

@@ -1,0 +1,22 @@
+#pragma once
+#include "qt/engine/QtLoadOptions.h"
+
+#include <QString>
+
+class QWebEnginePage;
+class QWebEngineProfile;
+
+/// The load switches in the pages of one profile: what is loaded from now on and what is there already. The engine
+/// itself keeps images and sound back; a script of ours, in a world of its own, does the rest.
+class QtLoadSwitches {
+public:
+    QtLoadSwitches();
+
+    /// For pages that are made or loaded from now on.
+    void Install(QWebEngineProfile& profile, const QtLoadOptions& options) const;
+    /// For a page of that profile as it is, with its frames.
+    void Tell(QWebEnginePage& page, const QtLoadOptions& options) const;
+
+private:
+    QString m_script; ///< with a place for the switches
+};

@@ -1,0 +1,39 @@
+#pragma once
+#include "qt/questions/QtNoticeBar.h"
+
+#include <QHash>
+#include <QObject>
+#include <functional>
+#include <memory>
+
+class QWebEngineNotification;
+class QWebEngineProfile;
+
+/// Hands the notifications of pages to the desktop, or to the window where the desktop shows none, and what the user
+/// does with them back to the pages.
+class QtNotifications final : public QObject {
+    Q_OBJECT
+
+public:
+    QtNotifications();
+
+    /// Takes the notifications of the profile's pages from now on.
+    void Follow(QWebEngineProfile& profile);
+    /// Shows one in the window, where the desktop shows none; its number. Filled in by the program.
+    std::function<int(QtNoticeBar::Notice)> ShowInside;
+    /// Takes that one back.
+    std::function<void(int number)> TakeBack;
+    /// The user has clicked a notification: the program comes to the front.
+    std::function<void()> Clicked;
+
+private Q_SLOTS:
+    void OnAction(uint id, const QString& action);
+    void OnClosed(uint id, uint reason);
+
+private:
+    void Show(std::shared_ptr<QWebEngineNotification> notification);
+    void ShowHere(const std::shared_ptr<QWebEngineNotification>& notification, const QString& words);
+
+    QHash<uint, std::shared_ptr<QWebEngineNotification>> m_shown; ///< by the desktop's number
+    QHash<QWebEngineNotification*, int> m_inside;                 ///< their numbers in the window
+};

@@ -1,0 +1,39 @@
+#include "qt/page/QtAwaited.h"
+
+#include "qt/page/QtPage.h"
+
+#include <chrono>
+#include <utility>
+
+namespace {
+constexpr std::chrono::seconds kTargetPatience{10};
+}
+
+QtAwaited::QtAwaited(QtPage& page) : QObject(&page), m_page(page) {
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(kTargetPatience);
+    m_patience.callOnTimeout(this, &QtAwaited::Overdue);
+    connect(&page, &QtPage::NavigationRequested, this, &QtAwaited::OnNavigation);
+    connect(&page, &QtPage::DocumentShown, this, &QtAwaited::End);
+    // Into a window that has shown nothing yet, the page that has opened it may write; then it has no address.
+    connect(&page, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
+        if (!url.isEmpty()) End();
+    });
+    connect(&page, &QWebEnginePage::loadFinished, this, &QtAwaited::End);
+}
+
+// What ends may be a navigation that another has taken the place of.
+void QtAwaited::End() {
+    if (m_page.AwaitsAny()) return;
+    m_asked = false;
+    m_patience.stop();
+}
+
+void QtAwaited::OnNavigation(const QUrl&, bool topLevel) {
+    // Where a server leads on is still for who has asked first.
+    if (!topLevel || m_page.Redirects()) return;
+    if (std::exchange(m_asked, false))
+        m_patience.stop();
+    else
+        m_patience.start();
+}

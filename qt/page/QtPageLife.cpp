@@ -1,0 +1,82 @@
+#include "qt/page/QtPageLife.h"
+
+#include "qt/base/QtEngineVersions.h"
+#include "qt/page/QtPage.h"
+
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineProfile>
+#include <algorithm>
+
+#include <csignal>
+
+using State = QWebEnginePage::LifecycleState;
+
+QtPageLife::QtPageLife(QtPage& page) : m_page(page) {
+    connect(&page, &QWebEnginePage::iconChanged, this, &QtPageLife::OnIcon);
+    connect(&page, &QWebEnginePage::urlChanged, this, &QtPageLife::OnAddress);
+    connect(&page, &QWebEnginePage::renderProcessTerminated, this, [this] { m_ended = true; });
+    connect(&page, &QWebEnginePage::loadStarted, this, [this] { m_ended = false; });
+    connect(page.profile(), &QWebEngineProfile::downloadRequested, this, &QtPageLife::OnDownload);
+}
+
+bool QtPageLife::Asleep() const { return m_page.lifecycleState() != State::Active; }
+
+PageActivity QtPageLife::Activity() const {
+    PageActivity activity{.Loading = m_page.isLoading(),
+                          .Audible = m_page.recentlyAudible(),
+                          .HoldsInput = m_page.HoldsInput(),
+                          .Inspected = m_page.devToolsPage() != nullptr};
+    // One that was refused before it began has not finished in every engine's eyes.
+    activity.Downloads = std::ranges::any_of(m_downloads, [](const auto& each) {
+        return each && !each->isFinished() && each->state() != QWebEngineDownloadRequest::DownloadCancelled;
+    });
+    if (AddActivity) AddActivity(activity);
+    return activity;
+}
+
+// Only when a page is halted does the engine think anew about what may become of it.
+Outcome QtPageLife::Sleep() {
+    if (m_ended) return Outcome::Failed;
+    m_page.setLifecycleState(State::Frozen);
+    if (m_page.recommendedState() == State::Active) m_page.setLifecycleState(State::Active);
+    if (m_page.recommendedState() == State::Discarded) {
+        m_slept = true;
+        m_page.setLifecycleState(State::Discarded);
+    }
+    return Asleep() ? Outcome::Done : Outcome::Failed;
+}
+
+void QtPageLife::Wake() { m_page.setLifecycleState(State::Active); }
+
+std::int64_t QtPageLife::Process() const { return m_page.renderProcessPid(); }
+
+Outcome QtPageLife::EndProcess() {
+    const auto process = static_cast<pid_t>(Process());
+    return process > 0 && ::kill(process, SIGKILL) == 0 ? Outcome::Done : Outcome::Failed;
+}
+
+void QtPageLife::OnIcon() {
+    m_icon = m_page.icon();
+    m_iconHost = m_page.url().host();
+    if (IconChanged) IconChanged();
+}
+
+// The engine tells no more of the icons of a page that has slept; those of pages shown before are in its store.
+void QtPageLife::OnAddress(const QUrl& address) {
+    m_ended = false;
+    if (!m_slept || address.host() == m_iconHost) return;
+    m_icon = QIcon();
+    m_iconHost = address.host();
+    m_page.profile()->requestIconForPageURL(
+        address, 0,
+        [self = QPointer<QtPageLife>(this), host = m_iconHost](const QIcon& icon, const QUrl&, const QUrl&) {
+            if (!self || self->m_iconHost != host) return;
+            self->m_icon = icon;
+            if (self->IconChanged) self->IconChanged();
+        });
+}
+
+void QtPageLife::OnDownload(QWebEngineDownloadRequest* request) {
+    m_downloads.removeIf([](const auto& each) { return !each || each->isFinished(); });
+    if (QtEngineVersions::PageOf(*request) == &m_page) m_downloads.append(request);
+}

@@ -1,0 +1,61 @@
+#pragma once
+#include "base/ResumeNext.h"
+#include "qt/page/QtPageDocuments.h"
+
+#include <QPageLayout>
+#include <functional>
+#include <memory>
+
+class QByteArray;
+class QPrinter;
+class QString;
+class QTemporaryDir;
+struct QtDocumentKind;
+class QtPage;
+class QUrl;
+class QWidget;
+
+/// Saving and printing of pages. What came as a document, and is no web page, is saved as the bytes that it is; a PDF
+/// is printed as it is, too. Keeps the page layout that the user has chosen.
+class QtPageOutput {
+public:
+    /// Asks where to and saves: as a complete page with its files, as one MHTML file, or as PDF; a document as it came.
+    /// The page must live until the user has answered, else nothing is saved.
+    Outcome SaveAs(QtPage& page, QWidget* parent);
+    /// Asks for a printer, or a PDF file where there is none, and prints.
+    Outcome Print(QtPage& page, QWidget* parent);
+    /// Asks for paper, orientation and margins.
+    Outcome PageSetup(QWidget* parent);
+
+    /// Brings the PDF that the page shows, later; nothing when it cannot be had any more. False, without a word, when
+    /// the page shows something else. Events may run before it returns.
+    bool FetchPdf(QtPage& page, const std::function<void(const QByteArray& pdf)>& fetched);
+    /// What becomes files by way of downloads.
+    [[nodiscard]] QtPageDocuments& Documents() { return m_documents; }
+
+    /// Says that a file is being written, or has been. Filled in by the program.
+    std::function<void(const QString& words)> Say;
+
+    [[nodiscard]] const QPageLayout& Layout() const { return m_layout; }
+
+    /// A file name that suggests itself for a page's title: without what file systems refuse.
+    [[nodiscard]] static QString FileNameFor(const QString& title);
+
+private:
+    [[nodiscard]] static QtDocumentKind KindOf(QtPage& page);
+    [[nodiscard]] static bool IsStill(QtPage& page, const QtDocumentKind& kind, const QUrl& address);
+    [[nodiscard]] static QByteArray PreviewIn(const QtPage& page);
+    void Save(QtPage& page, const QtDocumentKind& kind, const QString& path, QWidget* parent);
+    void PrintDocument(QtPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent);
+    void PrintPage(QtPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent);
+    /// A folder with the file in it, which goes with the last who needs it.
+    using FetchedFile = std::shared_ptr<QTemporaryDir>;
+    void Fetch(QtPage& page, const std::function<void(const FetchedFile& file)>& fetched);
+    void WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent);
+    /// Tells how the writing of that file has ended, unless the window has gone meanwhile.
+    [[nodiscard]] std::function<void(bool written)> Ending(const QString& path, QWidget* parent) const;
+
+    QtPageDocuments m_documents;
+    QPageLayout m_layout{QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(15, 15, 15, 15),
+                         QPageLayout::Millimeter};
+};

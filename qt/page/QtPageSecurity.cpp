@@ -1,0 +1,29 @@
+#include "qt/page/QtPageSecurity.h"
+
+#include "qt/base/QtText.h"
+#include "qt/page/QtPage.h"
+#include "qt/page/QtStartPage.h"
+
+#include <QHostAddress>
+
+namespace {
+
+// What this computer says to itself passes nobody on the way.
+bool IsThisComputer(const QString& host) {
+    return host == u"localhost" || host.endsWith(u".localhost") || QHostAddress(host).isLoopback();
+}
+
+} // namespace
+
+PageSecurity SecurityOf(const QUrl& address, const AcceptedCertificates& accepted) {
+    const QString scheme = address.scheme();
+    if (scheme == u"view-source" || scheme == u"blob") return SecurityOf(QUrl(address.path()), accepted);
+    if (scheme == QLatin1String(QtStartPage::Scheme())) return PageSecurity::Own;
+    if (scheme == u"file") return PageSecurity::Local;
+    if (scheme == u"https") {
+        const bool exception = accepted.HasHost(FromQt(QtPage::HostAndPort(address)));
+        return exception ? PageSecurity::Exception : PageSecurity::Secure;
+    }
+    if (scheme == u"http") return IsThisComputer(address.host()) ? PageSecurity::Local : PageSecurity::NotSecure;
+    return PageSecurity::None;
+}

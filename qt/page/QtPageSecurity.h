@@ -1,0 +1,9 @@
+#pragma once
+#include "pages/Certificates.h"
+#include "platform/BrowserView.h"
+
+#include <QUrl>
+
+/// How far a page at that address can be trusted to come from there. `accepted` are the exceptions that the user has
+/// made.
+[[nodiscard]] PageSecurity SecurityOf(const QUrl& address, const AcceptedCertificates& accepted);

@@ -1,0 +1,35 @@
+#pragma once
+#include "platform/PageTools.h"
+
+#include <QPointer>
+#include <QUrl>
+#include <functional>
+
+class QWebEngineView;
+class QtPage;
+
+/// What the menu of one page can do inside it.
+class QtPageTools final : public PageTools {
+public:
+    /// The page outlives this object.
+    explicit QtPageTools(QtPage& page) : m_page(page) {}
+
+    /// What lies where the menu was asked for last.
+    [[nodiscard]] static PageContext ContextOf(const QWebEngineView& view);
+
+    /// Tells what lies where the menu was asked for last, once it is known whether links are selected there; a page
+    /// that does not say is not waited for long.
+    void AskForMenu(const QWebEngineView& view, const std::function<void(const PageContext&)>& show);
+
+    Outcome Run(PageAction action) override;
+    Outcome ReplaceWord(TextView word) override;
+    Outcome Save(TextView address, TextView path) override;
+    void FindSelectedLinks(std::function<void(std::vector<Text>)> answer) override;
+
+    /// Filled in by the program: saves with the page's rights; brings the developer tools of the page up.
+    std::function<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
+    std::function<void(QtPage&)> ShowInspector;
+
+private:
+    QtPage& m_page;
+};

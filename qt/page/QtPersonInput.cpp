@@ -1,0 +1,44 @@
+#include "qt/page/QtPersonInput.h"
+
+#include "qt/page/QtPage.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QWebEngineView>
+
+namespace {
+
+bool IsAct(const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::TouchBegin:
+    case QEvent::TouchEnd:
+        return true;
+    case QEvent::KeyPress: {
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        return key.key() != Qt::Key_Escape && !key.isAutoRepeat();
+    }
+    default:
+        return false;
+    }
+}
+
+// The widget that takes the input is the view's own and comes anew with each renderer.
+QtPage* PageAround(QObject* watched) {
+    for (auto* each = qobject_cast<QWidget*>(watched); each && !each->isWindow(); each = each->parentWidget()) {
+        if (auto* view = qobject_cast<QWebEngineView*>(each)) return qobject_cast<QtPage*>(view->page());
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QtPersonInput::QtPersonInput() { QCoreApplication::instance()->installEventFilter(this); }
+
+bool QtPersonInput::eventFilter(QObject* watched, QEvent* event) {
+    if (event->spontaneous() && IsAct(*event)) {
+        if (auto* page = PageAround(watched)) page->NotePerson();
+    }
+    return QObject::eventFilter(watched, event);
+}

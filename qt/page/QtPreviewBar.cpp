@@ -1,0 +1,36 @@
+#include "qt/page/QtPreviewBar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+QtPreviewBar::QtPreviewBar(QWidget* parent) : QtPageBar(QStringLiteral("previewBar"), parent) {
+    setAccessibleName(QStringLiteral("Print preview"));
+    auto* words = new QLabel(QStringLiteral("This is how the page will be printed."), this);
+    words->setWordWrap(true);
+    words->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    auto* print = new QPushButton(QStringLiteral("&Print..."), this);
+    auto* close = new QPushButton(QStringLiteral("&Close"), this);
+    print->setObjectName(QStringLiteral("cmdPrintPreviewed"));
+    close->setObjectName(QStringLiteral("cmdClosePreview"));
+    close->setToolTip(QStringLiteral("Close the preview and go back to the page"));
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 4, 8, 4);
+    row->addWidget(words, 1);
+    row->addWidget(print);
+    row->addWidget(close);
+    connect(
+        print, &QPushButton::clicked, this,
+        [this] {
+            if (const auto print = Print) print();
+        },
+        Qt::QueuedConnection);
+    connect(
+        close, &QPushButton::clicked, this,
+        [this] {
+            // It may end the bar and what it holds.
+            if (const auto close = Close) close();
+        },
+        Qt::QueuedConnection);
+    hide();
+}

@@ -1,0 +1,137 @@
+#pragma once
+#include "pages/SitePermissions.h"
+#include "qt/bar/QtBarLook.h"
+#include "qt/bar/QtCommandBar.h"
+#include "qt/bar/QtMiddleClick.h"
+#include "qt/bar/customize/QtCustomizeDialog.h"
+#include "qt/base/QtDrawing.h"
+#include "qt/base/QtKeys.h"
+#include "qt/base/QtLatinKeys.h"
+#include "qt/base/QtLog.h"
+#include "qt/base/QtScreenFit.h"
+#include "qt/base/QtText.h"
+#include "qt/base/QtTyping.h"
+#include "qt/desktop/QtDefaultBrowser.h"
+#include "qt/desktop/QtFolderWatch.h"
+#include "qt/desktop/QtFolders.h"
+#include "qt/desktop/QtInstanceChannel.h"
+#include "qt/desktop/QtInstanceProfile.h"
+#include "qt/desktop/QtLayoutFile.h"
+#include "qt/desktop/QtMediaKeys.h"
+#include "qt/desktop/QtSessionFiles.h"
+#include "qt/desktop/QtSettingsStorage.h"
+#include "qt/desktop/QtShell.h"
+#include "qt/desktop/QtSignals.h"
+#include "qt/desktop/QtTrash.h"
+#include "qt/dialogs/QtDialogs.h"
+#include "qt/dialogs/QtRenameGroup.h"
+#include "qt/dialogs/QtSplash.h"
+#include "qt/dialogs/QtTaskView.h"
+#include "qt/downloads/QtDownloads.h"
+#include "qt/downloads/QtDownloadsPanel.h"
+#include "qt/engine/QtBrowsingData.h"
+#include "qt/engine/QtDictionaries.h"
+#include "qt/engine/QtEngine.h"
+#include "qt/engine/QtNotifications.h"
+#include "qt/engine/QtRequests.h"
+#include "qt/page/QtDevTools.h"
+#include "qt/questions/QtCaptureBar.h"
+#include "qt/questions/QtNoticeBar.h"
+#include "qt/strip/QtTabList.h"
+#include "qt/strip/QtTabStrip.h"
+#include "qt/window/QtFileDrop.h"
+#include "qt/window/QtFindBar.h"
+#include "qt/window/QtMainWindow.h"
+#include "qt/window/QtPageBars.h"
+#include "qt/window/QtSessionOffer.h"
+#include "qt/window/QtStatusBar.h"
+#include "tabs/MemoryFiles.h"
+#include "window/frmMain.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QTimer>
+#include <QWebEngineProfile>
+#include <optional>
+
+class QtApplication final : public Application {
+public:
+    void SetTitle(TextView title) override { QCoreApplication::setApplicationName(ToQt(title)); }
+    void DoEvents() override { QCoreApplication::processEvents(); }
+};
+
+/// Chooses how pages are drawn, at its place among the parts.
+struct DrawnAs {
+    explicit DrawnAs(SettingsStorageFactory& settings) { QtDrawing::Choose(settings); }
+};
+
+/// Everything outside the core that the program is made of, in the order in which it is made: what a part needs stands
+/// before it.
+struct QtProgramParts {
+    QtProgramParts(int& argc, char** argv);
+
+    void OfferSession(TextView id, const Session& session);
+    [[nodiscard]] CommandHost Operations();
+    void ApplyLoadOptions();
+    void ApplyInternetOptions();
+    void TakeProfile(QWebEngineProfile& made);
+    void TellProfile();
+    void TakePrivateProfile(QWebEngineProfile& made);
+    void Follow(QWebEngineProfile& made);
+    [[nodiscard]] ServiceTemplates Services();
+
+    // Outlives the engine, which ends with the application.
+    std::optional<QtInstanceProfile> ownProfile;
+    QApplication qt;
+    QtScreenFit screenFit;
+    // Ends after everything that saves something: a second signal must not cut that short.
+    std::optional<QtSignals> signals;
+    QtFolders folders;
+    QtLog log;
+    QtSettingsStorage settings;
+    DrawnAs drawn{settings};
+    QtInstanceChannel channel;
+    QtSessionFiles sessions;
+    QtLayoutFile layout;
+    QtApplication application;
+    QtMessageBoxes messages;
+    QtFileDialogs files;
+    QtSplash splash;
+    QtDefaultBrowser defaultBrowser;
+    QtShell shell;
+    QtFolderWatch folderWatch;
+    QtTrash trash;
+    QtDownloads downloads;
+    QtNotifications notifications;
+    // Tests say by files of their own what the kernel would say.
+    MemoryFiles memory{qgetenv("TESSAVIEW_MEMORY").toStdString()};
+    SitePermissions permissions{settings};
+    QtLatinKeys latinKeys;
+    QtMiddleClick middleClick;
+    QtMediaKeys mediaKeys;
+    std::optional<QtDictionaries> dictionaries; ///< once the engine is to start
+    QtMainWindow window;
+    QtDevTools devTools{window};
+    QtRequests requests;
+    QtBrowsingData browsingData;
+    QPointer<QWebEngineProfile> profile, privateProfile;
+    QtEngine engine;
+    frmMain main;
+    QtTabStrip strip;
+    QtStatusBar statusBar;
+    QtBarLook look;
+    QtCommandBar commandBar;
+    QtCustomize customize;
+    QtKeys keys;
+    QtTyping typing;
+    QtFileDrop fileDrop;
+    std::optional<QtTabList> tabList; ///< once somebody has opened it
+    QtFindBar findBar;
+    QtNoticeBar notices;
+    QtSessionOffer offer;
+    QtCaptureBar captures;
+    QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
+    QtTaskView taskView{main.TaskView, window};
+    QtPageBars bars;
+    QTimer journal, retry, sleep, relief, giveBack, homePages;
+};

@@ -1,0 +1,28 @@
+#pragma once
+#include "qt/base/QtPageBar.h"
+#include <QStringList>
+#include <functional>
+
+class QLabel;
+
+/// The bar above the page that is there for as long as any page, also one behind, may see or hear its user.
+class QtCaptureBar final : public QtPageBar {
+    Q_OBJECT
+
+public:
+    explicit QtCaptureBar(QWidget* parent);
+
+    /// What each page may, as in "a.example may use your camera."; none hides the bar.
+    void Tell(const QStringList& captures);
+
+    /// Ends it all.
+    std::function<void()> Stop;
+    /// The bar was shown or hidden, or needs other room.
+    std::function<void()> Changed;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QLabel* m_words;
+};

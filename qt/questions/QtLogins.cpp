@@ -1,0 +1,99 @@
+#include "qt/questions/QtLogins.h"
+
+#include "qt/page/QtPage.h"
+#include "qt/questions/QtCovers.h"
+#include "qt/questions/QtLoginDialog.h"
+
+#include <QAuthenticator>
+
+/// Who asks.
+struct QtLogins::Asker {
+    Place place;
+    QString shownHost;
+    bool ofPage = true; ///< the page itself or a frame in it, not some picture from elsewhere
+};
+
+QtLogins::QtLogins(QtPage& page, QtCovers& covers) : m_page(page), m_covers(covers) {
+    connect(&page, &QWebEnginePage::authenticationRequired, this,
+            [this](const QUrl& url, QAuthenticator* authenticator) {
+                const Place place{url.scheme(), url.host(), url.port(), authenticator->realm(), false};
+                OnAsked({place, QtPage::HostAndPort(url), BelongsToPage(url)}, authenticator);
+            });
+    connect(&page, &QWebEnginePage::proxyAuthenticationRequired, this,
+            [this](const QUrl&, QAuthenticator* authenticator, const QString& proxy) {
+                OnAsked({{{}, proxy, -1, authenticator->realm(), true}, proxy, true}, authenticator);
+            });
+    connect(&page, &QtPage::NavigationRequested, this, &QtLogins::OnNavigation);
+    connect(&page, &QWebEnginePage::loadStarted, this, [this] {
+        m_askedAgain = false;
+        m_loadsAgain = true;
+        m_refused.clear();
+    });
+    connect(&page, &QWebEnginePage::loadFinished, this, &QtLogins::OnLoadFinished);
+}
+
+void QtLogins::OnNavigation(const QUrl& url, bool topLevel) {
+    if (!topLevel) {
+        m_frameSites.insert(QtPage::SiteOf(url));
+        return;
+    }
+    m_frameSites.clear();
+    // Whoever goes elsewhere does not want to log in here any more.
+    if (QtPage::SiteOf(url) == m_answeredOn) return;
+    std::erase_if(m_answers, [&url](const auto& each) {
+        const Place& place = each.first;
+        return place.scheme != url.scheme() || place.host != url.host() || place.port != url.port();
+    });
+}
+
+void QtLogins::OnLoadFinished() {
+    // A page that no longer asks needs no answer.
+    if (!m_askedAgain) TakeOff();
+    // What was not asked for by now was cut off on the way, and is not to be given to the next who asks.
+    if (m_loadsAgain) m_answers.clear();
+}
+
+bool QtLogins::BelongsToPage(const QUrl& url) const {
+    const QString site = QtPage::SiteOf(url);
+    return m_page.Awaits(url) || site == QtPage::SiteOf(m_page.ShownAddress()) || m_frameSites.contains(site);
+}
+
+void QtLogins::OnAsked(const Asker& asker, QAuthenticator* authenticator) {
+    const auto answer = asker.ofPage ? m_answers.find(asker.place) : m_answers.end();
+    if (answer != m_answers.end()) {
+        authenticator->setUser(answer->second.user);
+        authenticator->setPassword(answer->second.password);
+        m_answers.erase(answer);
+        m_tried.insert(asker.place);
+        return;
+    }
+    *authenticator = QAuthenticator();
+    if (m_shown && m_shownFor == asker.place) m_askedAgain = true;
+    if (m_shown || !asker.ofPage || m_refused.contains(asker.place)) return;
+    m_shownFor = asker.place;
+    Ask(asker);
+}
+
+void QtLogins::Ask(const Asker& asker) {
+    m_askedAgain = true;
+    const bool encrypted = asker.place.scheme == u"https";
+    m_shown = new QtLoginDialog(
+        {asker.shownHost, asker.place.realm, asker.place.proxy, encrypted, m_tried.contains(asker.place)});
+    m_shown->Accepted = [this] {
+        m_answers.insert_or_assign(m_shownFor, Credentials{m_shown->User(), m_shown->Password()});
+        m_answeredOn = QtPage::SiteOf(m_page.ShownAddress());
+        m_loadsAgain = false;
+        TakeOff();
+        m_page.triggerAction(QWebEnginePage::Reload);
+    };
+    m_shown->Cancelled = [this] {
+        m_refused.insert(m_shownFor);
+        TakeOff();
+    };
+    m_covers.Add(m_shown);
+}
+
+void QtLogins::TakeOff() {
+    if (m_shown) m_covers.Remove(m_shown);
+    m_shown = nullptr;
+}

@@ -1,0 +1,50 @@
+#pragma once
+#include "pages/PageDialogs.h"
+#include "qt/page/QtPageDialog.h"
+
+#include <QObject>
+#include <QPointer>
+#include <deque>
+#include <functional>
+
+class QWebEngineUrlRequestJob;
+class QtCovers;
+class QtDialogScheme;
+class QtPage;
+
+/// Shows the dialogs of one page over it, one at a time, and silences it when the user wants that.
+class QtPageDialogs final : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive this object.
+    QtPageDialogs(QtPage& page, QtCovers& covers, QtDialogScheme& scheme);
+    ~QtPageDialogs() override;
+
+    /// Asks the user over the page whether he leaves it. Not answered any more once the page has gone.
+    void AskToLeave(std::function<void(bool leaves)> answered);
+
+private:
+    using Answer = std::function<void(const PageDialogAnswer&)>;
+    struct Asked {
+        PageDialogRequest request;
+        Answer answer;
+        QPointer<QWebEngineUrlRequestJob> job; ///< none when the engine itself asks
+        bool byEngine = false;
+    };
+
+    void OnJob(QWebEngineUrlRequestJob& job);
+    void Ask(Asked asked);
+    void ShowNext();
+    void Finish(bool accepted);
+    void DismissAll();
+    void OnJobGone();
+
+    QtPage& m_page;
+    QtCovers& m_covers;
+    QtDialogScheme& m_scheme;
+    const QString m_token;
+    PageDialogRule m_rule;
+    std::deque<Asked> m_asked; ///< the first is shown
+    QPointer<QtPageDialog> m_shown;
+};

@@ -1,0 +1,237 @@
+#include "qt/questions/QtPermissions.h"
+
+#include "pages/PopupWords.h"
+#include "qt/base/QtText.h"
+#include "qt/page/QtPage.h"
+
+#include <QWebEngineSettings>
+#include <optional>
+#include <utility>
+
+namespace {
+
+constexpr qsizetype kMostHeld = 20;
+constexpr TextView kRemember = u"&Remember for this site";
+
+Text SiteOf(const QUrl& url) { return FromQt(QtPage::SiteOf(url)); }
+
+Text AskerOf(const QUrl& origin) {
+    const QString host = QtPage::HostAndPort(origin);
+    return host.isEmpty() ? Text(u"This page") : FromQt(host);
+}
+
+Text PermissionWords(const QUrl& origin, SitePermission permission) {
+    return AskerOf(origin) + u" wants to " + SitePermissions::Wish(permission) + u".";
+}
+
+/// Whether the engine itself remembers the answer, for the whole run and for all tabs.
+bool IsKeptByEngine(SitePermission permission) {
+    return permission == SitePermission::Location || permission == SitePermission::Notifications;
+}
+
+Text KeyOf(const QUrl& origin, SitePermission permission) {
+    return Decimal(static_cast<std::int64_t>(permission)) + u" " + SiteOf(origin);
+}
+
+} // namespace
+
+QtPermissions::QtPermissions(QtPage& page, PageQuestions& questions, SitePermissions* kept)
+    : m_page(page), m_questions(questions), m_kept(kept) {
+    QtEngineVersions::FollowPermissions(page, *this, [this](const auto& request) { OnPermission(request); });
+    QtEngineVersions::FollowScreenRequests(page, *this, [this](const auto& request) { OnScreen(request); });
+    connect(&page, &QtPage::PersonNavigated, this, &QtPermissions::OnPersonNavigated);
+    connect(&page, &QWebEnginePage::urlChanged, this, &QtPermissions::OnAddress);
+    FollowCaptures();
+}
+
+void QtPermissions::FollowCaptures() {
+    connect(&m_page, &QtPage::NavigationRequested, this, [this](const QUrl&, bool topLevel) {
+        if (topLevel) BeginNavigation();
+    });
+    connect(&m_page, &QtPage::DocumentBegan, this, [this] { ChangeCaptures(&PageCaptures::ShowDocument); });
+    connect(&m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { ChangeCaptures(&PageCaptures::End); });
+}
+
+void QtPermissions::ChangeCaptures(const std::function<void(PageCaptures&)>& change) {
+    const Text before = m_captures.Words();
+    change(m_captures);
+    if (before != m_captures.Words() && CapturesChanged) CapturesChanged();
+}
+
+QtPermissions::~QtPermissions() {
+    m_site.clear();
+    ForgetOnce();
+}
+
+std::optional<bool> QtPermissions::Decided(const QUrl& origin, SitePermission permission) const {
+    const Text site = SiteOf(origin);
+    return m_kept && !site.empty() ? m_kept->Find(site, permission) : std::nullopt;
+}
+
+void QtPermissions::Remember(const QUrl& origin, SitePermission permission, bool allowed) {
+    if (m_kept) m_kept->Remember({SiteOf(origin), permission, allowed});
+}
+
+void QtPermissions::OnPermission(const QtEngineVersions::PermissionRequest& request) {
+    if (!request.Permission) return request.Answer(false);
+    const auto answer = [this, request](bool allowed) {
+        if (allowed) ChangeCaptures([&](PageCaptures& captures) { captures.Allow(*request.Permission); });
+        request.Answer(allowed);
+    };
+    // Which screen it is says more than whether; nobody is to be asked twice.
+    if (request.Permission == SitePermission::Screen && TakeShared(request.Origin)) return answer(true);
+    Decide(request.Origin, *request.Permission, answer);
+}
+
+// A page is shown a screen only by somebody who has just chosen it, whatever was decided before.
+void QtPermissions::OnScreen(const QtEngineVersions::ScreenRequest& request) {
+    const QUrl origin = m_page.url();
+    m_shared.clear();
+    if (m_screen || Decided(origin, SitePermission::Screen) == false) return request.Refuse();
+    m_screen.emplace(request);
+    if (m_screen->Empty()) return OnScreenAnswer(origin, PageQuestion::kDismissed);
+    const bool mayRemember = m_kept && !SiteOf(origin).empty();
+    std::vector<Text> answers{u"&Share", u"&Block"};
+    if (mayRemember) answers.emplace_back(u"Al&ways Block");
+    m_questions.Ask({.Key = u"screen " + SiteOf(origin),
+                     .Asker = SiteOf(origin),
+                     .Words = PermissionWords(origin, SitePermission::Screen),
+                     .Answers = answers,
+                     .Remember = {},
+                     .Choices = [this] { return m_screen ? m_screen->Choices() : PageChoices(); },
+                     .Choose =
+                         [this](std::size_t choice) {
+                             if (m_screen) m_screen->Choose(choice);
+                         },
+                     .Answered = [this, origin](std::size_t answer, bool) { OnScreenAnswer(origin, answer); }});
+}
+
+void QtPermissions::OnScreenAnswer(const QUrl& origin, std::size_t answer) {
+    if (answer == 2) Remember(origin, SitePermission::Screen, false);
+    auto screen = std::exchange(m_screen, std::nullopt);
+    if (answer != 0) return screen->Refuse();
+    // Before it is shared: the engine asks for the permission in the middle of that.
+    m_shared = SiteOf(origin);
+    if (!screen->Share()) m_shared.clear();
+}
+
+bool QtPermissions::TakeShared(const QUrl& origin) {
+    return !m_shared.empty() && std::exchange(m_shared, Text()) == SiteOf(origin);
+}
+
+void QtPermissions::Decide(const QUrl& origin, SitePermission permission, const std::function<void(bool)>& decided) {
+    if (const auto known = Decided(origin, permission)) return decided(*known);
+    const bool mayRemember = m_kept && !SiteOf(origin).empty() && SitePermissions::CanLast(permission, true);
+    m_questions.Ask({.Key = KeyOf(origin, permission),
+                     .Asker = SiteOf(origin),
+                     .Words = PermissionWords(origin, permission),
+                     .Answers = {u"A&llow", u"&Block"},
+                     .Remember = mayRemember ? Text(kRemember) : Text(),
+                     .Answered = [this, origin, permission, decided](std::size_t answer, bool remembers) {
+                         const bool allowed = answer == 0;
+                         if (remembers && answer != PageQuestion::kDismissed)
+                             Remember(origin, permission, allowed);
+                         else if (!SiteOf(origin).empty() && IsKeptByEngine(permission))
+                             m_once.push_back({SiteOf(origin), permission, allowed});
+                         decided(allowed);
+                     }});
+}
+
+void QtPermissions::Forget(const SiteDecision& forgotten) {
+    if (forgotten.Permission == SitePermission::Downloads && SiteOf(m_page.url()) == forgotten.Site)
+        m_downloads.PersonNavigated();
+    // Some it remembers by itself, and tells a page of them without asking.
+    QtEngineVersions::ForgetPermission(m_page, QUrl(ToQt(forgotten.Site)), forgotten.Permission);
+}
+
+bool QtPermissions::MayOpenPopup(const QUrl& address) {
+    const auto known = Decided(m_page.url(), SitePermission::Popups);
+    if (known) return *known;
+    // However many there are, they are one question.
+    if (m_heldWindows.size() < kMostHeld) m_heldWindows << address;
+    if (m_heldWindows.size() == 1)
+        AskPopup();
+    else
+        m_questions.Reword(KeyOf(m_page.url(), SitePermission::Popups), HeldWords());
+    // The engine itself refuses the rest, or a page that wants windows without end would find no time for a click.
+    m_page.settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, m_heldWindows.size() < kMostHeld);
+    return false;
+}
+
+QList<QUrl> QtPermissions::TakeHeldWindows() {
+    m_page.settings()->resetAttribute(QWebEngineSettings::JavascriptCanOpenWindows);
+    return std::exchange(m_heldWindows, {});
+}
+
+Text QtPermissions::HeldWords() const {
+    std::vector<Text> places;
+    for (const QUrl& each : m_heldWindows) places.push_back(FromQt(QtPage::HostAndPort(each)));
+    return PopupWords(AskerOf(m_page.url()), places,
+                      m_heldWindows.size() < kMostHeld ? PopupsHeld::All : PopupsHeld::First);
+}
+
+void QtPermissions::AskPopup() {
+    const QUrl origin = m_page.url();
+    const bool mayRemember = m_kept && !SiteOf(origin).empty();
+    std::vector<Text> answers{u"A&llow Once", u"&Block"};
+    if (mayRemember) answers.emplace_back(u"Al&ways Allow");
+    m_questions.Ask({.Key = KeyOf(origin, SitePermission::Popups),
+                     .Asker = SiteOf(origin),
+                     .Words = HeldWords(),
+                     .Answers = answers,
+                     .Remember = {},
+                     .Answered = [this, origin](std::size_t answer, bool) {
+                         const QList<QUrl> held = TakeHeldWindows();
+                         if (answer == 2) Remember(origin, SitePermission::Popups, true);
+                         if (answer != 0 && answer != 2) return;
+                         for (const QUrl& each : held) {
+                             if (OpenPopup) OpenPopup(each);
+                         }
+                     }});
+}
+
+bool QtPermissions::MaySave(const QUrl& address) {
+    const QUrl origin = m_page.url();
+    if (const auto known = Decided(origin, SitePermission::Downloads)) return *known;
+    // Whoever clicks for each file wants each of them.
+    if (m_page.TakePerson()) m_downloads.PersonActed();
+    if (m_downloads.Take()) return true;
+    if (m_downloads.Refused()) return false;
+    // What lies in the page itself cannot be fetched again later.
+    const bool fetchable = address.scheme() == u"http" || address.scheme() == u"https";
+    if (fetchable && m_heldFiles.size() < kMostHeld) m_heldFiles << address;
+    if (std::exchange(m_asksToSave, true)) return false;
+    Decide(origin, SitePermission::Downloads, [this, page = QPointer<QtPage>(&m_page)](bool allowed) {
+        const QList<QUrl> held = std::exchange(m_heldFiles, {});
+        m_asksToSave = false;
+        if (!page) return;
+        if (!allowed) return m_downloads.Refuse();
+        m_downloads.Allow();
+        for (const QUrl& each : held) page->download(each);
+    });
+    return false;
+}
+
+void QtPermissions::ForgetOnce() {
+    const auto isOver = [this](const SiteDecision& each) { return each.Site != m_site; };
+    for (const SiteDecision& each : m_once) {
+        if (isOver(each)) QtEngineVersions::ForgetPermission(m_page, QUrl(ToQt(each.Site)), each.Permission);
+    }
+    std::erase_if(m_once, isOver);
+}
+
+// The answer would be another site's.
+void QtPermissions::OnAddress(const QUrl& url) {
+    const Text site = SiteOf(url);
+    if (std::exchange(m_site, site) == site) return;
+    ForgetOnce();
+    m_questions.DismissAllBut(site);
+    if (m_shared != site) m_shared.clear();
+}
+
+void QtPermissions::OnPersonNavigated() {
+    // A question that ends with its page counts as refused; the next page begins anew.
+    m_questions.DismissAll();
+    m_shared.clear();
+    m_downloads.PersonNavigated();
+}

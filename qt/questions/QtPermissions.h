@@ -1,0 +1,78 @@
+#pragma once
+#include "downloads/DownloadRule.h"
+#include "pages/PageCaptures.h"
+#include "pages/PageQuestions.h"
+#include "pages/SitePermissions.h"
+#include "qt/base/QtEngineVersions.h"
+#include "qt/questions/QtScreenChoice.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QUrl>
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QtPage;
+
+/// Has the user decide what one page may do: what the engine asks for, which screen or window it is shown, windows
+/// that it opens by itself, files that it saves one after another.
+class QtPermissions final : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive this object. `kept` says what was decided for good; nothing for a page of which nothing is kept.
+    QtPermissions(QtPage& page, PageQuestions& questions, SitePermissions* kept);
+    ~QtPermissions() override;
+
+    /// The page wants to open a window without a click of its user: answers whether it may at once, else asks, and
+    /// calls `OpenPopup` when the user allows it later.
+    [[nodiscard]] bool MayOpenPopup(const QUrl& address);
+    /// The page saves a file: answers whether it may at once, else asks, and fetches the file when the user allows it
+    /// later.
+    [[nodiscard]] bool MaySave(const QUrl& address);
+
+    /// A decision about the page's site was forgotten: the engine is to ask again.
+    void Forget(const SiteDecision& forgotten);
+
+    /// The program itself replaces the page, of which the engine does not tell beforehand.
+    void BeginNavigation() { ChangeCaptures(&PageCaptures::BeginNavigation); }
+    /// What the page may see and hear of its user, in words.
+    [[nodiscard]] Text Captures() const { return m_captures.Words(); }
+    /// That has changed.
+    std::function<void()> CapturesChanged;
+    /// Opens a window that was held back.
+    std::function<void(const QUrl&)> OpenPopup;
+
+private:
+    void OnPermission(const QtEngineVersions::PermissionRequest& request);
+    void OnScreen(const QtEngineVersions::ScreenRequest& request);
+    void OnScreenAnswer(const QUrl& origin, std::size_t answer);
+    /// Whether the user has just chosen what that site is to see.
+    [[nodiscard]] bool TakeShared(const QUrl& origin);
+    void Decide(const QUrl& origin, SitePermission permission, const std::function<void(bool)>& decided);
+    [[nodiscard]] std::optional<bool> Decided(const QUrl& origin, SitePermission permission) const;
+    void Remember(const QUrl& origin, SitePermission permission, bool allowed);
+    void AskPopup();
+    [[nodiscard]] Text HeldWords() const;
+    void FollowCaptures();
+    void ChangeCaptures(const std::function<void(PageCaptures&)>& change);
+    /// What was held back; from now on the page may ask again.
+    QList<QUrl> TakeHeldWindows();
+    /// Ends what was answered for one visit of a site that the page has left.
+    void ForgetOnce();
+    void OnPersonNavigated();
+    void OnAddress(const QUrl& url);
+
+    QtPage& m_page;
+    PageQuestions& m_questions;
+    SitePermissions* m_kept;
+    DownloadRule m_downloads;
+    QList<QUrl> m_heldWindows, m_heldFiles;
+    PageCaptures m_captures;
+    bool m_asksToSave = false;
+    std::vector<SiteDecision> m_once;       ///< not to be remembered, though the engine does
+    std::optional<QtScreenChoice> m_screen; ///< while the user chooses
+    Text m_shared;                          ///< the site that is given a screen
+    Text m_site;                            ///< of the page shown
+};

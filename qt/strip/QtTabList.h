@@ -1,0 +1,59 @@
+#pragma once
+#include "base/Text.h"
+
+#include <QFrame>
+#include <QIcon>
+#include <functional>
+#include <vector>
+
+class QLineEdit;
+class QListView;
+class QSortFilterProxyModel;
+class QStandardItemModel;
+
+/// One tab as the list shows it.
+struct QtTabListEntry {
+    Text key;
+    QString title;
+    QString address; ///< of its page, or of the one that it waits for while it shows none
+    QString tip;     ///< all that there is to say of it, a line each
+    QIcon icon;
+    bool selected = false;
+};
+
+/// A list of all tabs that drops down, each with its icon, its host and a button that closes it, and with a box to
+/// search them by title or address. Typing narrows the list, the arrow keys go through it, Enter or a click chooses,
+/// Ctrl+W closes the marked tab.
+class QtTabList final : public QFrame {
+    Q_OBJECT
+
+public:
+    explicit QtTabList(QWidget* parent);
+
+    /// Drops down from a point of the screen with these tabs, the selected one marked.
+    void Open(const std::vector<QtTabListEntry>& tabs, QPoint corner);
+
+    /// The tabs have changed while the list is open. What is searched and marked stays as far as it is still there.
+    void Refresh(const std::vector<QtTabListEntry>& tabs);
+
+    /// A tab is to be closed, by its key. The list is open still, but for the last tab.
+    std::function<void(const Text& key)> CloseRequested;
+    /// A tab was chosen, by its key. The list is closed by then.
+    std::function<void(const Text& key)> Chosen;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Fill(const std::vector<QtTabListEntry>& tabs);
+    void LayDown(QPoint corner);
+    void MakeList();
+    void Choose(const QModelIndex& index);
+    void Close(const QModelIndex& index);
+    void Mark(int row);
+
+    QLineEdit* m_search;
+    QListView* m_list;
+    QStandardItemModel* m_tabs;
+    QSortFilterProxyModel* m_found;
+};

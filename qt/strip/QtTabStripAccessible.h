@@ -1,0 +1,46 @@
+#pragma once
+#include "base/Text.h"
+
+#include <QAccessibleWidget>
+#include <optional>
+#include <unordered_map>
+
+class QtTabStrip;
+
+/// The tab strip as screen readers and other tools of assistance see it: a list of page tabs, each with its caption
+/// as name, its state and the action that selects it, and behind them the button for a new tab. Owned by Qt's
+/// accessibility.
+class QtTabStripAccessible final : public QAccessibleWidget {
+public:
+    explicit QtTabStripAccessible(QtTabStrip& strip);
+    ~QtTabStripAccessible() override;
+
+    [[nodiscard]] int childCount() const override;
+    [[nodiscard]] QAccessibleInterface* child(int index) const override;
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override;
+    [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override;
+    [[nodiscard]] QAccessibleInterface* focusChild() const override;
+
+private:
+    struct Known {
+        QAccessible::Id id;
+        Text caption;
+    };
+
+    /// Announces what has changed since the last time: tabs come and gone, captions, the selection.
+    void Follow();
+    [[nodiscard]] QAccessibleInterface* Interface(const Text& key) const;
+    [[nodiscard]] QAccessibleInterface* NewTab() const;
+    void ForgetRemoved();
+    void AnnounceTabs();
+    void AnnounceSelection();
+
+    QtTabStrip& m_strip;
+    mutable std::unordered_map<Text, Known> m_known; ///< by the tab's key
+    mutable std::optional<QAccessible::Id> m_newTab;
+    Text m_selected;
+    bool m_focused = false;
+};
+
+/// Makes Qt's accessibility know tab strips. May run any number of times.
+void InstallTabStripAccessibility();

@@ -1,0 +1,173 @@
+// The mouse and the keyboard on the tab strip.
+#include "qt/base/QtText.h"
+#include "qt/base/QtTip.h"
+#include "qt/strip/QtTabStrip.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr int kWheelNotch = 120;
+} // namespace
+
+bool QtTabStrip::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    ShowToolTip(help->pos(), help->globalPos());
+    return true;
+}
+
+void QtTabStrip::ShowToolTip(QPoint point, QPoint globalPoint) {
+    Tab* tab = FindTabAt(point);
+    if (NewPlace().contains(point)) {
+        QToolTip::showText(globalPoint, QStringLiteral("New tab (Ctrl+T); more with the right button"), this,
+                           NewPlace());
+        return;
+    }
+    const Text shown = !tab ? Text() : ToolTipText ? ToolTipText(*tab) : tab->Caption();
+    if (shown.empty()) return QToolTip::hideText();
+    // A title comes from the page; it is text, whatever it looks like.
+    QToolTip::showText(globalPoint, QtTip::Html(ToQt(shown)), this, m_row.TabPlace(m_row.PositionAt(point)));
+}
+
+QtTabStrip::Spot QtTabStrip::SpotAt(QPoint point) const {
+    if (m_row.ArrowPlace(QtTabRow::Arrow::Back).contains(point)) return {Part::Back, 0};
+    if (m_row.ArrowPlace(QtTabRow::Arrow::Forward).contains(point)) return {Part::Forward, 0};
+    if (m_row.ListPlace().contains(point)) return {Part::List, 0};
+    if (m_row.NewPlace().contains(point)) return {Part::New, 0};
+    const std::size_t position = m_row.PositionAt(point);
+    if (position == 0) return {};
+    const Tab* tab = m_strip.FindAt(position);
+    const bool heard = tab && tab->Sound() != TabSound::None;
+    if (heard && m_row.SoundPlace(position).contains(point)) return {Part::Sound, position};
+    return {m_row.ClosePlace(position).contains(point) ? Part::Close : Part::Tab, position};
+}
+
+QtTabStrip::Spot QtTabStrip::SpotUnderPointer() const {
+    return underMouse() ? SpotAt(mapFromGlobal(QCursor::pos())) : Spot{};
+}
+
+QRect QtTabStrip::SpotPlace(const Spot& spot) const {
+    if (spot.part == Part::Back) return m_row.ArrowPlace(QtTabRow::Arrow::Back);
+    if (spot.part == Part::Forward) return m_row.ArrowPlace(QtTabRow::Arrow::Forward);
+    if (spot.part == Part::List) return m_row.ListPlace();
+    if (spot.part == Part::New) return m_row.NewPlace();
+    return m_row.TabPlace(spot.position) & m_row.Area();
+}
+
+void QtTabStrip::SetHover(const Spot& spot) {
+    if (spot == m_hover) return;
+    update(SpotPlace(m_hover));
+    m_hover = spot;
+    update(SpotPlace(m_hover));
+}
+
+void QtTabStrip::mouseMoveEvent(QMouseEvent* event) {
+    Settle();
+    const QPoint point = event->position().toPoint();
+    if (m_dragged) DragTab(point);
+    SetHover(SpotAt(point));
+}
+
+void QtTabStrip::leaveEvent(QEvent*) { SetHover({}); }
+
+void QtTabStrip::mousePressEvent(QMouseEvent* event) {
+    Settle();
+    const QPoint point = event->position().toPoint();
+    if (event->button() == Qt::RightButton) PressRight(point);
+    if (event->button() == Qt::MiddleButton) CloseByMiddleButton(point);
+    if (event->button() == Qt::LeftButton) PressLeft(point);
+}
+
+void QtTabStrip::PressRight(QPoint point) {
+    if (SpotAt(point).part != Part::New) {
+        if (RightButtonDown) RightButtonDown(point);
+    } else if (NewMenuRequested) {
+        NewMenuRequested();
+    }
+}
+
+void QtTabStrip::PressLeft(QPoint point) {
+    const Spot spot = SpotAt(point);
+    Tab* tab = m_strip.FindAt(spot.position);
+    m_closing.reset();
+    if (spot.part == Part::Back || spot.part == Part::Forward) {
+        QtTabRow aimed = m_row;
+        aimed.ScrollPage(spot.part == Part::Back ? QtTabRow::Arrow::Back : QtTabRow::Arrow::Forward);
+        Scroll(aimed.Offset());
+    } else if (spot.part == Part::List) {
+        const QRect place = m_row.ListPlace();
+        if (ListRequested) ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
+    } else if (spot.part == Part::New) {
+        if (BlankRequested) BlankRequested();
+    } else if (spot.part == Part::Close && tab) {
+        m_closing = tab->Key();
+    } else if (spot.part == Part::Sound && tab) {
+        if (MuteRequested) MuteRequested(*tab);
+    } else if (tab) {
+        m_dragged = tab->Key();
+        m_dragStart = point;
+        Click(*tab);
+    }
+}
+
+void QtTabStrip::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return event->ignore();
+    m_dragged.reset();
+    m_dragging = false;
+    const std::optional<Text> closing = std::exchange(m_closing, std::nullopt);
+    if (!closing) return;
+    Settle();
+    const Spot spot = SpotAt(event->position().toPoint());
+    Tab* tab = m_strip.FindAt(spot.position);
+    if (spot.part == Part::Close && tab && tab->Key() == *closing && CloseRequested) CloseRequested(*tab);
+}
+
+void QtTabStrip::wheelEvent(QWheelEvent* event) {
+    Settle();
+    event->accept();
+    if (!m_row.Overflows()) return;
+    const QPoint pixels = event->pixelDelta();
+    if (!pixels.isNull()) return Scroll(m_row.Offset() - (pixels.x() != 0 ? pixels.x() : pixels.y()));
+    const QPoint angle = event->angleDelta();
+    m_wheel += angle.x() != 0 ? angle.x() : angle.y();
+    const int notches = m_wheel / kWheelNotch;
+    m_wheel %= kWheelNotch;
+    Scroll(m_row.Offset() - notches * QApplication::wheelScrollLines() * m_row.TabWidth());
+}
+
+void QtTabStrip::keyPressEvent(QKeyEvent* event) {
+    Settle();
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return StepTo(m_selected - 1);
+    case Qt::Key_Right:
+        return StepTo(m_selected + 1);
+    case Qt::Key_Home:
+        return StepTo(1);
+    case Qt::Key_End:
+        return StepTo(m_strip.Count());
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void QtTabStrip::StepTo(std::size_t position) {
+    if (Tab* tab = m_strip.FindAt(position)) Click(*tab);
+}
+
+void QtTabStrip::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    update(m_row.TabPlace(m_selected));
+    if (Changed) Changed();
+}
+
+void QtTabStrip::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    update(m_row.TabPlace(m_selected));
+}

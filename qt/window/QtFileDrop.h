@@ -1,0 +1,34 @@
+#pragma once
+#include "base/Text.h"
+
+#include <QObject>
+#include <functional>
+#include <vector>
+
+class QMimeData;
+class QWidget;
+
+/// Takes files that are dropped anywhere on a window before the page or the control under the pointer sees them.
+/// Everything else that is dragged goes where it went, but for addresses that were announced and do not come, as when
+/// the program that they are dragged from has ended: the engine relies on them.
+class QtFileDrop final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The window outlives it. Works as long as it lives.
+    explicit QtFileDrop(QWidget& window);
+
+    /// Whether a file, by its path, is one to take; all of those that are dragged together must be.
+    std::function<bool(TextView path)> Takes;
+    /// The paths of the files that were dropped.
+    std::function<void(const std::vector<Text>& paths)> Dropped;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    [[nodiscard]] std::vector<Text> FilesOf(const QMimeData& data) const;
+
+    QWidget& m_window;
+    std::vector<Text> m_dragged; ///< the files to take that are over the window
+};

@@ -1,0 +1,266 @@
+#include "qt/window/QtMainWindow.h"
+
+#include "qt/base/QtDrawing.h"
+#include "qt/base/QtIcons.h"
+#include "qt/base/QtScreenFit.h"
+#include "qt/base/QtText.h"
+#include "qt/strip/QtTabStrip.h"
+#include "qt/window/QtStatusBar.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QLayout>
+#include <QOpenGLContext>
+#include <QOpenGLWidget>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+namespace {
+QRect VirtualScreen() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->virtualGeometry() : QRect();
+}
+
+QSize SizeIn(Twips width, Twips height) {
+    return {std::max(ToPixels(width).value, 1), std::max(ToPixels(height).value, 1)};
+}
+
+// Where OpenGL draws, the engine's widgets are painted by it. A window that learns of that when it is on the screen
+// already is taken away and made anew; with such a widget in it, never shown and so for nothing, it is made for them at
+// once.
+void ExpectEngine(QWidget& area) {
+    if (QtDrawing::InSoftware()) return;
+    const auto* graphics = QOpenGLContext::globalShareContext();
+    if (graphics && graphics->isValid()) (new QOpenGLWidget(&area))->hide();
+}
+
+} // namespace
+
+QtMainWindow::QtMainWindow() : m_inner(new QWidget), m_fullScreen(*this, *m_inner) {
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowIcon(QtIcons::Application());
+    m_inner->setObjectName(QStringLiteral("innerArea"));
+    setCentralWidget(m_inner);
+    ExpectEngine(*m_inner);
+    m_inner->installEventFilter(this);
+    m_fullScreen.Changed = [this](bool on) {
+        if (!on) m_placeBefore.reset();
+        if (FullScreenChanged) FullScreenChanged(on);
+    };
+}
+
+QtMainWindow::~QtMainWindow() {
+    // Their owners delete them, the window does not.
+    if (m_tabStrip) {
+        m_tabStrip->RowHeightChanged = {};
+        m_tabStrip->setParent(nullptr);
+    }
+    if (m_statusBar) {
+        m_statusBar->HeightChanged = {};
+        m_statusBar->setParent(nullptr);
+    }
+}
+
+void QtMainWindow::SetCaption(TextView caption) { setWindowTitle(ToQt(caption)); }
+
+void QtMainWindow::Show() {
+    show();
+    raise();
+    activateWindow();
+    QTimer::singleShot(0, this, [this] {
+        if (m_fits) QtScreenFit::Fit(*this);
+        if (!m_activated) Activate();
+    });
+}
+
+void QtMainWindow::BringToForeground(const QByteArray& token) {
+    if (!isVisible()) return;
+    m_activationToken = token;
+    if (!isMinimized()) return RaiseAndActivate();
+    // One that has only just been minimized is still the active window, which is never alerted.
+    m_alertsWhenLeft = isActiveWindow();
+    QApplication::alert(this);
+}
+
+void QtMainWindow::ComeBack() {
+    if (!isVisible()) return;
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    RaiseAndActivate();
+}
+
+void QtMainWindow::RaiseAndActivate() {
+    // Where Qt looks for the token when it activates a window.
+    if (!m_activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", std::exchange(m_activationToken, {}));
+    raise();
+    activateWindow();
+}
+
+void QtMainWindow::Close() { close(); }
+
+WindowState QtMainWindow::State() const {
+    if (isMinimized()) return WindowState::Minimized;
+    return isMaximized() ? WindowState::Maximized : WindowState::Normal;
+}
+
+void QtMainWindow::SetState(WindowState state) {
+    constexpr Qt::WindowStates kOurs = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+    const Qt::WindowStates others = windowState() & ~kOurs;
+    const bool wasMinimized = isVisible() && isMinimized();
+    switch (state) {
+    case WindowState::Normal:
+        setWindowState(others);
+        // What asked for the foreground while the window was minimised had to be content with an alert.
+        if (wasMinimized) RaiseAndActivate();
+        return;
+    case WindowState::Minimized:
+        return setWindowState(windowState() | Qt::WindowMinimized);
+    case WindowState::Maximized:
+        // How large it is then is for the desktop to say, which may take a while over it.
+        m_fits = false;
+        return setWindowState(others | Qt::WindowMaximized);
+    }
+}
+
+Placement QtMainWindow::Place() const {
+    if (m_placeBefore) return *m_placeBefore;
+    return {ToTwips({x()}), ToTwips({y()}), ToTwips({width()}), ToTwips({height()})};
+}
+
+void QtMainWindow::SetPlace(const Placement& place) {
+    const QMargins around = QtScreenFit::FrameOf(*this);
+    const QPoint at(ToPixels(place.left).value, ToPixels(place.top).value);
+    const QRect asked(at, SizeIn(place.width, place.height).grownBy(around));
+    // A screen may have become smaller, or be gone.
+    const QRect frame = QtScreenFit::Within(asked, QtScreenFit::FreeAround(asked));
+    resize(frame.size().shrunkBy(around));
+    move(frame.topLeft());
+    if (!isVisible()) m_corner = frame.topLeft();
+    m_fits = true;
+}
+
+// Only now is known what the desktop has put around the window. Until then it took the place to be that of the inside,
+// so that the window would go up by a title bar with every start.
+void QtMainWindow::SettlePlace() {
+    constexpr Qt::WindowStates kElsewhere = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+    const std::optional<QPoint> corner = std::exchange(m_corner, std::nullopt);
+    if (!m_fits || (windowState() & kElsewhere)) return;
+    if (corner) move(*corner);
+    QtScreenFit::Fit(*this);
+}
+
+void QtMainWindow::SetSize(Twips width, Twips height) {
+    const QMargins around = QtScreenFit::FrameOf(*this);
+    const QSize room = QtScreenFit::FreeAround(frameGeometry()).size().shrunkBy(around);
+    resize(SizeIn(width, height).boundedTo(room));
+    m_fits = true;
+}
+
+void QtMainWindow::SetFullScreen(bool on) {
+    if (on && !FullScreen()) m_placeBefore = Place();
+    m_fullScreen.Set(on);
+}
+
+Pixels QtMainWindow::InnerWidth() const { return {InnerSize().width()}; }
+Pixels QtMainWindow::InnerHeight() const { return {InnerSize().height() + StatusHeight()}; }
+
+int QtMainWindow::StatusHeight() const {
+    return m_statusBar && !m_statusBar->isHidden() ? m_statusBar->Height().value : 0;
+}
+
+QSize QtMainWindow::InnerSize() const {
+    // A window that was never shown has not laid out its inner area yet.
+    if (!isVisible()) layout()->activate();
+    return m_inner->size();
+}
+
+Twips QtMainWindow::ScreenWidth() const { return ToTwips({VirtualScreen().width()}); }
+Twips QtMainWindow::ScreenHeight() const { return ToTwips({VirtualScreen().height()}); }
+
+void QtMainWindow::MoveTabStrip(const Rect& place) {
+    m_tabStripPlace = {place.left.value, place.top.value, place.width.value, place.height.value};
+    LayTabStrip();
+}
+
+void QtMainWindow::SetTabStrip(QtTabStrip& strip) {
+    m_tabStrip = &strip;
+    strip.setParent(m_inner);
+    strip.RowHeightChanged = [this] { OnInnerResized(); };
+    LayTabStrip();
+    strip.show();
+}
+
+void QtMainWindow::SetStatusBar(QtStatusBar& bar) {
+    m_statusBar = &bar;
+    bar.setParent(this);
+    bar.HeightChanged = [this] { OnInnerResized(); };
+    LayStatusBar();
+}
+
+void QtMainWindow::LayTabStrip() {
+    if (!m_tabStrip) return;
+    QRect row = m_tabStripPlace;
+    row.setHeight(m_tabStrip->RowHeight().value);
+    if (m_tabStrip->Placement() == TabPlacement::Bottom) row.moveBottom(m_tabStripPlace.bottom());
+    m_tabStrip->setGeometry(row);
+}
+
+void QtMainWindow::LayStatusBar() {
+    if (!m_statusBar) return;
+    // Beneath all toolbars and panels, which lie around the inner area.
+    setContentsMargins(0, 0, 0, StatusHeight());
+    layout()->activate();
+    const int height = m_statusBar->Height().value;
+    m_statusBar->setGeometry(0, this->height() - height, width(), height);
+}
+
+void QtMainWindow::OnInnerResized() {
+    LayStatusBar();
+    LayTabStrip();
+    if (Resized) Resized();
+}
+
+bool QtMainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_inner && event->type() == QEvent::Resize) OnInnerResized();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void QtMainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    LayStatusBar();
+}
+
+bool QtMainWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        if (!std::exchange(m_settled, true)) SettlePlace();
+        Activate();
+    }
+    const bool left = event->type() == QEvent::WindowDeactivate;
+    if (left && std::exchange(m_alertsWhenLeft, false) && isMinimized()) QApplication::alert(this);
+    return QMainWindow::event(event);
+}
+
+void QtMainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange) return;
+    const auto before = static_cast<const QWindowStateChangeEvent*>(event)->oldState();
+    // Nothing is laid out in a minimised window, and one that comes back need not have another size.
+    if (before.testFlag(Qt::WindowMinimized) && !isMinimized()) OnInnerResized();
+}
+
+void QtMainWindow::Activate() {
+    m_activated = true;
+    if (Activated) Activated();
+}
+
+void QtMainWindow::closeEvent(QCloseEvent* event) {
+    // Held, because who ends the session takes the question away while it is asked.
+    const auto query = QueryUnload;
+    const bool mayClose = m_unloaded || !query || query();
+    event->setAccepted(mayClose || m_unloaded);
+    if (m_unloaded || !mayClose) return;
+    m_unloaded = true;
+    if (Unload) Unload();
+}

@@ -1,0 +1,54 @@
+#include "qt/window/QtSessionOffer.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+QtSessionOffer::QtSessionOffer(QWidget* parent)
+    : QtPageBar(QStringLiteral("sessionOffer"), parent), m_text(new QLabel(this)), m_which(new QLabel(this)) {
+    for (QLabel* each : {m_text, m_which}) {
+        each->setTextFormat(Qt::PlainText);
+        each->setWordWrap(true);
+        each->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    }
+    m_which->setObjectName(QStringLiteral("lblWhich"));
+    auto* words = new QVBoxLayout;
+    words->setSpacing(0);
+    words->addWidget(m_text);
+    words->addWidget(m_which);
+    auto* reopen = new QPushButton(QStringLiteral("&Reopen"), this);
+    auto* all = new QPushButton(QStringLiteral("Show &All..."), this);
+    auto* dismiss = new QPushButton(QStringLiteral("&Not Now"), this);
+    reopen->setObjectName(QStringLiteral("cmdReopen"));
+    all->setObjectName(QStringLiteral("cmdEarlier"));
+    dismiss->setObjectName(QStringLiteral("cmdNotNow"));
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 4, 8, 4);
+    row->addLayout(words, 1);
+    for (QPushButton* each : {reopen, all, dismiss}) row->addWidget(each);
+    connect(reopen, &QPushButton::clicked, this, [this] { Answer(Reopen); });
+    connect(dismiss, &QPushButton::clicked, this, [this] { Answer(Dismiss); });
+    connect(all, &QPushButton::clicked, this, [this] {
+        if (ShowAll) ShowAll();
+    });
+    hide();
+}
+
+void QtSessionOffer::Offer(std::size_t pages, const QString& which) {
+    m_text->setText(pages == 1 ? QStringLiteral("TessaView did not end properly. One page was open.")
+                               : QStringLiteral("TessaView did not end properly. %1 pages were open.").arg(pages));
+    m_which->setText(which);
+    m_which->setVisible(!which.isEmpty());
+    show();
+    if (Changed) Changed();
+}
+
+void QtSessionOffer::Withdraw() {
+    if (!isHidden()) Answer({});
+}
+
+void QtSessionOffer::Answer(const std::function<void()>& answer) {
+    hide();
+    if (Changed) Changed();
+    if (answer) answer();
+}

@@ -1,0 +1,205 @@
+#include "qt/window/QtStatusBar.h"
+
+#include "qt/base/Bind.h"
+#include "qt/base/QtText.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <algorithm>
+#include <chrono>
+
+namespace {
+constexpr std::chrono::milliseconds kTextDelay{100};
+constexpr std::chrono::milliseconds kSavingDelay{500};
+constexpr std::int32_t kPadding = 8;
+/// Units of an address of two million, which would hold the window up for seconds.
+constexpr std::size_t kMostShownText = 1000;
+} // namespace
+
+QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
+    : QStatusBar(parent),
+      m_bar(bar),
+      m_stopAll(new QPushButton(this)),
+      m_undo(new QPushButton(this)),
+      m_saving(new QPushButton(this)),
+      m_zoom(MakeLabel(QStringLiteral("lblZoom"))),
+      m_profile(MakeLabel(QStringLiteral("lblProfile"))) {
+    setObjectName(QStringLiteral("sbStatus"));
+    setAccessibleName(QStringLiteral("Status"));
+    setSizeGripEnabled(false);
+    m_textTimer.setSingleShot(true);
+    m_noticeTimer.setSingleShot(true);
+    connect(&m_textTimer, &QTimer::timeout, this, &QtStatusBar::ShowText);
+    connect(&m_noticeTimer, &QTimer::timeout, this, &QtStatusBar::ShowText);
+    // Else nobody would know who cannot see it.
+    connect(this, &QStatusBar::messageChanged, this, &QWidget::setAccessibleDescription);
+    BindButtons();
+    Measure();
+    m_bar.Notice.Attach([this](const Text& said) { ShowSaid(said); });
+    m_bar.Zoom.Attach([this](const Text& text) {
+        m_zoom->setText(ToQt(text));
+        m_zoom->setAccessibleName(QStringLiteral("Text size %1").arg(m_zoom->text()));
+        m_zoom->setVisible(!text.empty());
+        LayParts();
+    });
+    m_bar.Profile.Attach([this](const Text& text) {
+        m_profile->setText(ToQt(text));
+        m_profile->setToolTip(ToQt(m_bar.ProfileTip));
+        m_profile->setAccessibleDescription(m_profile->toolTip());
+        m_profile->setVisible(!text.empty());
+        LayParts();
+    });
+    m_bar.SimpleText.Attach([this](const Text&) {
+        if (!m_textTimer.isActive()) m_textTimer.start(kTextDelay);
+    });
+    m_bar.Visible.Attach([this](bool) {
+        FollowVisible();
+        if (HeightChanged) HeightChanged();
+    });
+}
+
+QtStatusBar::~QtStatusBar() {
+    m_bar.SimpleText.Attach({});
+    m_bar.Notice.Attach({});
+    m_bar.Zoom.Attach({});
+    m_bar.Profile.Attach({});
+    m_bar.Visible.Attach({});
+}
+
+void QtStatusBar::BindButtons() {
+    Bind(m_bar.StopAll, *m_stopAll, QStringLiteral("cmdStopAll"));
+    Bind(m_bar.Undo, *m_undo, QStringLiteral("cmdUndo"));
+    Bind(m_bar.Saving, *m_saving, QStringLiteral("cmdSaving"));
+    m_saving->setFlat(true);
+    m_saving->setAccessibleDescription(QStringLiteral("Shows the downloads"));
+    m_saving->setToolTip(m_saving->accessibleDescription());
+    for (QPushButton* button : {m_stopAll, m_undo, m_saving}) {
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAutoFillBackground(true);
+        button->installEventFilter(this);
+    }
+    // A file that comes fast changes it many times a second.
+    m_savingTimer.setSingleShot(true);
+    connect(&m_savingTimer, &QTimer::timeout, this, &QtStatusBar::ShowSaving);
+    m_bar.Saving.Caption.Attach([this](const Text& words) {
+        if (words.empty() != m_saving->text().isEmpty()) return ShowSaving();
+        if (!m_savingTimer.isActive()) m_savingTimer.start(kSavingDelay);
+    });
+}
+
+QLabel* QtStatusBar::MakeLabel(const QString& name) {
+    auto* label = new QLabel(this);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setAutoFillBackground(true);
+    return label;
+}
+
+void QtStatusBar::changeEvent(QEvent* event) {
+    QStatusBar::changeEvent(event);
+    if (event->type() == QEvent::ParentChange) FollowVisible();
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Measure();
+}
+
+bool QtStatusBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) LayParts();
+    return QStatusBar::eventFilter(watched, event);
+}
+
+void QtStatusBar::resizeEvent(QResizeEvent* event) {
+    QStatusBar::resizeEvent(event);
+    LayParts();
+}
+
+// A line parts it from the page, which may have the same ground.
+void QtStatusBar::paintEvent(QPaintEvent* event) {
+    QStatusBar::paintEvent(event);
+    QPainter painter(this);
+    painter.fillRect(0, 0, width(), 1, palette().color(QPalette::Mid));
+    if (!hasFocus()) return;
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+// Over the end of the text, because a widget of the bar's own layout would make it higher.
+void QtStatusBar::LayParts() {
+    int right = width() - kPadding;
+    const auto lay = [&](QWidget& part) {
+        const int wanted = part.sizeHint().width();
+        part.setGeometry(right - wanted, 1, wanted, height() - 2);
+        if (!part.isHidden()) right -= wanted + kPadding;
+    };
+    lay(*m_profile);
+    lay(*m_zoom);
+    lay(*m_stopAll);
+    lay(*m_saving);
+    // Beside the words that it takes back.
+    const int undo = m_undo->sizeHint().width();
+    const int behind = fontMetrics().horizontalAdvance(currentMessage()) + 3 * kPadding;
+    m_undo->setGeometry(std::max(kPadding, std::min(behind, right - undo)), 1, undo, height() - 2);
+    m_undo->raise();
+}
+
+void QtStatusBar::ShowSaving() {
+    const QString words = ToQt(m_bar.Saving.Caption());
+    m_saving->setText(words);
+    m_saving->setAccessibleName(words);
+    LayParts();
+}
+
+void QtStatusBar::ShowSaid(const Text& said) {
+    if (!said.empty()) return Notice(ToQt(said), m_bar.Undo.Click ? kOfferTime : kNoticeTime);
+    // The view's own end of a notice comes here, too.
+    if (m_notice.isEmpty()) return;
+    m_notice.clear();
+    if (!m_complaints.isEmpty()) return ShowNotices();
+    m_noticeTimer.stop();
+    ShowText();
+}
+
+void QtStatusBar::ShowText() {
+    if (m_noticeTimer.isActive()) return;
+    m_complaints.clear();
+    m_notice.clear();
+    m_bar.Notice = Text();
+    showMessage(ToQt(TextView(m_bar.SimpleText()).substr(0, kMostShownText)));
+}
+
+void QtStatusBar::Notice(const QString& text, std::chrono::milliseconds time) {
+    // What is said now is nothing that the button could take back.
+    if (text != ToQt(m_bar.Notice())) m_bar.Notice = Text();
+    m_notice = text;
+    // The time of a complaint is not cut short.
+    if (m_complaints.isEmpty() || m_noticeTimer.remainingTimeAsDuration() < time) m_noticeTimer.start(time);
+    ShowNotices();
+}
+
+void QtStatusBar::Complain(const QString& text) {
+    // What can be taken back can still be so beside it.
+    if (m_complaints.isEmpty() && !m_bar.Undo.Visible()) m_notice.clear();
+    if (!m_complaints.contains(text)) m_complaints << text;
+    m_noticeTimer.start(kNoticeTime);
+    ShowNotices();
+}
+
+void QtStatusBar::ShowNotices() {
+    QStringList all = m_complaints;
+    if (!m_notice.isEmpty()) all << m_notice;
+    showMessage(all.join(QLatin1Char(' ')));
+    LayParts();
+}
+
+void QtStatusBar::FollowVisible() {
+    // Without a parent it would show as a window of its own.
+    if (parentWidget()) setVisible(m_bar.Visible());
+}
+
+void QtStatusBar::Measure() {
+    const Pixels height{fontMetrics().height() + kPadding};
+    LayParts();
+    if (height == m_bar.Height) return;
+    m_bar.Height = height;
+    if (HeightChanged) HeightChanged();
+}

@@ -1,0 +1,42 @@
+#pragma once
+#include "base/Text.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// One open page of a session.
+struct SessionPage {
+    Text Address;
+    Text Title;
+    bool operator==(const SessionPage&) const = default;
+};
+
+/// The open pages of one run of the program, in the order of their tabs.
+struct Session {
+    std::int64_t Time = 0;    ///< when it was last written, in seconds since 1970
+    bool Ended = false;       ///< the program ended as it should
+    bool Settled = false;     ///< the user has reopened its pages or does not want to be asked again
+    std::size_t Selected = 0; ///< the 1-based page in front; 0 for none of them
+    std::size_t Blanks = 0;   ///< so many tabs were open besides that showed nothing
+    std::vector<SessionPage> Pages;
+    bool operator==(const Session&) const = default;
+};
+
+/// A session as text: a line of its own for each page. Line ends and tabs inside a title become blanks.
+[[nodiscard]] std::string SessionBytes(const Session& session);
+
+/// Reads what `SessionBytes` wrote. Nothing for anything else; of a text that breaks off, the whole lines.
+[[nodiscard]] std::optional<Session> SessionFromBytes(std::string_view bytes);
+
+/// When a session was last written and what was open in it, for a person: the first titles, how many more, and how many
+/// tabs showed nothing. `when` is that time as a person reads it, which may be empty.
+[[nodiscard]] Text SessionWords(const Session& session, TextView when);
+
+/// Whether a tab with that address shows nothing.
+[[nodiscard]] bool IsBlankAddress(TextView address);
+
+/// Whether a page is worth keeping: blank pages and the home page are not.
+[[nodiscard]] bool IsWorthKeeping(TextView address);

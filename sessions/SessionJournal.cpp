@@ -1,0 +1,157 @@
+#include "sessions/SessionJournal.h"
+
+#include "base/LinkTrust.h"
+#include "base/os/Log.h"
+#include "tabs/TabKeys.h"
+
+#include <algorithm>
+#include <utility>
+
+SessionJournal::SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
+    : CameBack(tabs, pcPage, Browser), m_files(files), m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {
+    const auto say = [this](TextView message) {
+        if (Say) Say(message);
+    };
+    m_trouble.Say = say;
+    m_trouble.TryAgain = [this] { Touch(); };
+    m_settleTrouble.Say = say;
+}
+
+void SessionJournal::Touch() {
+    if (!Schedule || std::exchange(m_touched, true)) return;
+    Schedule();
+}
+
+Session SessionJournal::Snapshot() const {
+    Session session;
+    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
+        const auto* tab = m_pcPage.FindAt(position);
+        const auto* view = m_browser.Find(tab->Tag);
+        const bool kept = view && view->Privacy == Privacy::Ordinary;
+        const Text address = kept ? view->Control->LocationURL() : Text();
+        if (kept && IsBlankAddress(address)) ++session.Blanks;
+        if (!IsWorthKeeping(address)) continue;
+        session.Pages.push_back({address, view->Control->LocationName()});
+        if (tab == m_pcPage.SelectedItem()) session.Selected = session.Pages.size();
+    }
+    // Blank tabs alone are no session.
+    if (session.Pages.empty()) session.Blanks = 0;
+    return session;
+}
+
+void SessionJournal::Keep(Session session) {
+    if (session == m_written && m_unsettled.empty()) return;
+    session.Time = Now ? Now() : 0;
+    const std::string bytes = session.Pages.empty() ? std::string() : SessionBytes(session);
+    // Sessions are compared without the time. Moved, because it may hold a thousand pages.
+    session.Time = 0;
+    m_written = std::move(session);
+    m_files.WriteOwn(bytes, [this, unsettled = m_unsettled](Outcome outcome) { OnWritten(outcome, unsettled); });
+}
+
+void SessionJournal::OnWritten(Outcome outcome, const std::vector<Text>& unsettled) {
+    if (outcome == Outcome::Failed) m_written.reset();
+    m_trouble.Note(outcome);
+    if (outcome == Outcome::Failed) return;
+    std::erase_if(m_unsettled, [&](const Text& each) { return std::ranges::find(unsettled, each) != unsettled.end(); });
+    for (const Text& each : unsettled) Settle(each);
+}
+
+void SessionJournal::Write() {
+    // The views have ended before the window has: what is open now is not what the user had open.
+    if (m_ended) return;
+    m_touched = false;
+    Keep(Snapshot());
+}
+
+void SessionJournal::End() {
+    Session session = Snapshot();
+    session.Ended = true;
+    Keep(std::move(session));
+    Schedule = {};
+    m_ended = true;
+}
+
+std::vector<std::pair<Text, Session>> SessionJournal::Earlier() const {
+    std::vector<std::pair<Text, Session>> sessions;
+    for (const KeptSession& kept : m_files.Earlier()) {
+        if (auto session = SessionFromBytes(kept.Bytes)) sessions.emplace_back(kept.Id, std::move(*session));
+    }
+    return sessions;
+}
+
+std::optional<std::pair<Text, Session>> SessionJournal::ToOffer() const {
+    for (auto& [id, session] : Earlier()) {
+        const bool answered = session.Settled || std::ranges::find(m_answered, id) != m_answered.end();
+        if (!session.Ended && !answered && !session.Pages.empty()) return std::pair(id, session);
+    }
+    return std::nullopt;
+}
+
+void SessionJournal::Reopen(TextView Id) {
+    const auto sessions = Earlier();
+    const auto found = std::ranges::find(sessions, Id, [](const auto& each) { return TextView(each.first); });
+    if (found == sessions.end()) return;
+    Log::Note(LogLevel::Info, LogPart::Session, "reopens a session, pages",
+              static_cast<std::int64_t>(found->second.Pages.size()));
+    const auto untouched = CameBack.Untouched();
+    const auto before = m_pcPage.Count();
+    if (auto* last = untouched.empty() ? nullptr : TabOfView(m_pcPage, untouched.back())) m_pcPage.Select(last);
+    Open(found->second.Pages, found->second.Selected);
+    if (m_pcPage.Count() > before) GiveWay(untouched);
+    SettleOnceWritten(Id);
+}
+
+void SessionJournal::GiveWay(const std::vector<std::int32_t>& untouched) {
+    CameBack.Forget();
+    if (untouched.empty()) return;
+    const auto* front = m_pcPage.SelectedItem();
+    const Text key = front ? front->Key() : Text();
+    m_tabs.CloseTabs(untouched);
+    // Closing a tab whose caption is the one's in front takes that one for the closed one.
+    if (auto* tab = m_pcPage.Find(key)) m_pcPage.Select(tab);
+}
+
+void SessionJournal::OpenAndSettle(const std::vector<SessionPage>& pages, std::size_t front, TextView Id) {
+    Open(pages, front);
+    SettleOnceWritten(Id);
+}
+
+void SessionJournal::SettleOnceWritten(TextView Id) {
+    // Its pages are our own on disk before it is no longer offered: the next crash may come at once.
+    m_unsettled.emplace_back(Id);
+    m_answered.emplace_back(Id);
+    Write();
+}
+
+void SessionJournal::Open(const std::vector<SessionPage>& pages, std::size_t front) {
+    Text key;
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        if (TrustOf(pages[i].Address, LinkSource::Session) != LinkTrust::Open) continue;
+        auto* view = m_tabs.GetNewBrowser(InFront::Yes);
+        if (!view) continue;
+        ResumeNext(view->Navigate(pages[i].Address));
+        const auto* tab = m_pcPage.SelectedItem();
+        if (tab && i + 1 == front) key = tab->Key();
+    }
+    if (auto* tab = m_pcPage.Find(key)) m_pcPage.Select(tab);
+}
+
+void SessionJournal::Settle(TextView Id) {
+    m_answered.emplace_back(Id);
+    for (const KeptSession& kept : m_files.Earlier()) {
+        auto session = kept.Id == Id ? SessionFromBytes(kept.Bytes) : std::nullopt;
+        if (!session || session->Settled) continue;
+        session->Settled = true;
+        m_files.Rewrite(Id, SessionBytes(*session), [this, id = Text(Id)](Outcome outcome) { OnSettled(outcome, id); });
+    }
+}
+
+void SessionJournal::OnSettled(Outcome outcome, const Text& id) {
+    m_settleTrouble.Note(outcome);
+    if (outcome == Outcome::Failed) m_unsettled.push_back(id);
+}
+
+void SessionJournal::Forget(TextView Id) {
+    m_files.Rewrite(Id, {}, [this](Outcome outcome) { m_settleTrouble.Note(outcome); });
+}

@@ -1,0 +1,72 @@
+#pragma once
+#include "base/WriteTrouble.h"
+#include "forms/TabStrip.h"
+#include "platform/SessionFiles.h"
+#include "sessions/CameBack.h"
+#include "sessions/Session.h"
+#include "tabs/TabSet.h"
+
+#include <functional>
+
+/// Writes down which pages are open whenever that changes, so that a session that ends badly can be brought back.
+/// Owned by the main window.
+class SessionJournal {
+public:
+    /// All outlive this object.
+    SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser);
+    SessionJournal(const SessionJournal&) = delete;
+    SessionJournal& operator=(const SessionJournal&) = delete;
+
+    /// Something has changed: has `Write` called soon, once for all changes until then.
+    void Touch();
+    /// Writes the open pages down, when they are others than were last written. A write that fails is tried again.
+    void Write();
+    /// Writes them down for the last time. The session has ended well; from now on nothing is written.
+    void End();
+
+    /// The newest session that ended badly and that the user has not settled; nothing when there is none.
+    [[nodiscard]] std::optional<std::pair<Text, Session>> ToOffer() const;
+    /// All sessions that are kept, newest first, by their ids.
+    [[nodiscard]] std::vector<std::pair<Text, Session>> Earlier() const;
+    /// Opens all pages of a session in new tabs, the one that was in front in front, and settles it. They take the
+    /// place of the pages that came back by themselves and that nobody has touched since.
+    void Reopen(TextView Id);
+    /// Opens pages in new tabs, the 1-based `front` in front; 0 means the last. The session whose pages these all are
+    /// is settled once they have been written down.
+    void OpenAndSettle(const std::vector<SessionPage>& pages, std::size_t front, TextView Id);
+    /// Opens pages in new tabs, the 1-based `front` in front; 0 means the last.
+    void Open(const std::vector<SessionPage>& pages, std::size_t front);
+    /// The user need not be asked about this session again. It is still kept.
+    void Settle(TextView Id);
+    /// Forgets a session.
+    void Forget(TextView Id);
+
+    /// The pages that this start has opened by itself.
+    ::CameBack CameBack;
+    /// Has `Write` called in a part of a second. Filled in by the program; without it nothing is written meanwhile.
+    std::function<void()> Schedule;
+    /// The present time in seconds since 1970. Filled in by the program.
+    std::function<std::int64_t()> Now;
+    /// Tells the user that pages could not be written down. Filled in by the program.
+    std::function<void(TextView)> Say;
+
+private:
+    [[nodiscard]] Session Snapshot() const;
+    void SettleOnceWritten(TextView Id);
+    void GiveWay(const std::vector<std::int32_t>& untouched);
+    void Keep(Session session);
+    void OnWritten(Outcome outcome, const std::vector<Text>& unsettled);
+    void OnSettled(Outcome outcome, const Text& id);
+
+    SessionFiles& m_files;
+    TabSet& m_tabs;
+    TabStrip& m_pcPage;
+    ViewArray& m_browser;
+    std::optional<Session> m_written{Session()}; ///< nothing when the last write failed
+    std::vector<Text> m_unsettled;               ///< to be settled once the open pages are written down
+    std::vector<Text> m_answered;                ///< not to be offered again, whenever that is on disk
+    WriteTrouble m_trouble{u"The open pages could not be written down: a crash would lose them."};
+    WriteTrouble m_settleTrouble{u"An earlier session could not be changed and may be offered again."};
+    bool m_touched = false;
+    bool m_ended = false;
+};

@@ -1,0 +1,79 @@
+#pragma once
+#include "forms/Controls.h"
+#include "platform/Dialogs.h"
+#include "sessions/SessionJournal.h"
+
+/// A line of the list of sessions.
+struct SessionLine {
+    Text When;  ///< when the session was last written down, as a person reads it
+    Text Pages; ///< how many pages it had, and whether it ended badly
+    bool operator==(const SessionLine&) const = default;
+};
+
+/// A line of the list of a session's pages, with a box to tick.
+struct SessionPageLine {
+    Text Title; ///< the address where the page had none
+    Text Address;
+    bool Front = false; ///< it was the page in front
+    bool Ticked = true;
+    bool operator==(const SessionPageLine&) const = default;
+};
+
+/// The list of earlier sessions, as data: opens their pages again, all or those chosen, saves them as a TessaGroup or
+/// forgets them. Made afresh for every show.
+class frmSessions {
+public:
+    /// What the form needs beside the journal. The references outlive it.
+    struct Outside {
+        FileDialogs& files;
+        MessageBoxes& messages;
+        Text groupFolder; ///< with the separator at the end
+        /// A time in seconds since 1970 as a person reads it.
+        std::function<Text(std::int64_t)> timeText;
+    };
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+    /// The journal outlives the form.
+    frmSessions(SessionJournal& sessions, Outside outside);
+    frmSessions(const frmSessions&) = delete;
+    frmSessions& operator=(const frmSessions&) = delete;
+
+    FormState Form;
+    Text Caption = u"Earlier Sessions";
+    Label lblSessions{u"&Sessions"};
+    Label lblPages{u"&Pages"};
+    CheckBox chkAll{u"&All pages"};
+    Label lblMessage{u""}; ///< what became of a TessaGroup that was to be saved
+    Button cmdOpen{u"&Open"};
+    Button cmdSave{u"Save as &TessaGroup..."};
+    Button cmdForget{u"&Forget Session"};
+    Button cmdClose{u"Close"};
+    Property<std::vector<SessionLine>> lstSessions;  ///< newest first
+    Property<std::size_t> Selected{kNone};           ///< the session whose pages are shown, from 0
+    Property<std::vector<SessionPageLine>> lstPages; ///< the pages of the selected session
+
+    /// The user ticks a page, from 0, or takes the tick away.
+    void lstPages_ItemCheck(std::size_t index, bool ticked);
+    /// The user wants that one page: it opens, and the form hides.
+    void lstPages_DblClick(std::size_t index);
+
+    /// A TessaGroup has been saved.
+    bool SavedGroup = false;
+
+private:
+    void LoadSessions();
+    void ShowPages();
+    void ShowTicks();
+    void chkAll_Click();
+    void cmdOpen_Click();
+    void cmdSave_Click();
+    void cmdForget_Click();
+    void Open(const std::vector<std::size_t>& indexes);
+    [[nodiscard]] SessionLine LineOf(const Session& session) const;
+    [[nodiscard]] std::vector<std::size_t> TickedPages() const;
+
+    SessionJournal& m_journal;
+    Outside m_outside;
+    std::vector<std::pair<Text, Session>> m_sessions;
+    bool m_showingTicks = false;
+};

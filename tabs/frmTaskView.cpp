@@ -1,0 +1,178 @@
+#include "tabs/frmTaskView.h"
+
+#include "base/PlainText.h"
+#include "downloads/DownloadWords.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t kLongestTitle = 200;
+constexpr std::size_t kLongestAddress = 300;
+
+TextView StateOf(const PageLife* life, bool front) {
+    if (!life) return u"Not loaded";
+    if (life->Ended()) return u"Ended";
+    if (life->Asleep()) return u"Asleep";
+    return front ? u"In front" : u"In the background";
+}
+
+Text Folded(TextView text) {
+    Text folded(text);
+    for (char16_t& unit : folded)
+        if (unit >= u'A' && unit <= u'Z') unit = static_cast<char16_t>(unit - u'A' + u'a');
+    return folded;
+}
+
+} // namespace
+
+frmTaskView::frmTaskView(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {
+    Form.Visible.Change = [this] { Form_Change(); };
+    Selected.Change = [this] { ShowSelected(); };
+    Order.Change = [this] { Show(); };
+    cmdGoTo.Click = [this] { lstTasks_DblClick(); };
+    cmdEnd.Click = [this] { cmdEnd_Click(); };
+    cmdClose.Click = [this] { Form.Visible = false; };
+}
+
+void frmTaskView::Form_Change() {
+    m_processes.clear();
+    if (Form.Visible()) {
+        const auto* front = m_pcPage.SelectedItem();
+        Selected = front ? front->Key() : Text();
+    }
+    Refresh();
+}
+
+void frmTaskView::TellDrawing(DrawingWay way) {
+    lblDrawing.Caption = Text(way == DrawingWay::Software ? u"Pages are drawn without the graphics processor."
+                                                          : u"Pages are drawn with the graphics processor.");
+}
+
+void frmTaskView::Refresh() {
+    if (!Form.Visible()) {
+        lstTasks = std::vector<TaskLine>();
+        return;
+    }
+    Measure();
+    Show();
+}
+
+void frmTaskView::Measure() {
+    const auto now = Now ? Now() : std::chrono::milliseconds{0};
+    auto before = std::exchange(m_processes, {});
+    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
+        const auto* life = LifeOf(m_pcPage.FindAt(position)->Key());
+        const std::int64_t process = life ? life->Process() : 0;
+        if (const auto known = m_processes.find(process); known != m_processes.end()) {
+            ++known->second.tabs;
+            continue;
+        }
+        const auto use = process > 0 && ReadProcess ? ReadProcess(process) : std::nullopt;
+        if (!use) continue;
+        Measured measured{.use = *use, .time = now, .percent = {}, .tabs = 1};
+        const auto old = before.find(process);
+        if (old != before.end() && now > old->second.time)
+            measured.percent = (use->Processor - old->second.use.Processor) * 100 / (now - old->second.time);
+        else if (old != before.end())
+            measured.percent = old->second.percent;
+        m_processes.emplace(process, measured);
+    }
+}
+
+PageLife* frmTaskView::LifeOf(TextView key) const {
+    const auto* tab = m_pcPage.Find(key);
+    auto* view = tab ? m_browser.Find(tab->Tag) : nullptr;
+    return view ? view->Control->Life() : nullptr;
+}
+
+const frmTaskView::Measured* frmTaskView::MeasuredOf(const PageLife* life) const {
+    const auto found = life ? m_processes.find(life->Process()) : m_processes.end();
+    return found == m_processes.end() ? nullptr : &found->second;
+}
+
+frmTaskView::Row frmTaskView::RowOf(const Tab& tab) const {
+    Row row;
+    row.line.Key = tab.Key();
+    auto& [title, address, state, memory, processor] = row.line.Cells;
+    if (const auto* view = m_browser.Find(tab.Tag)) {
+        title = PlainLine(view->Control->LocationName(), kLongestTitle);
+        address = PlainLine(view->Control->LocationURL(), kLongestAddress);
+    }
+    if (title.empty()) title = PlainLine(tab.Caption(), kLongestTitle);
+    const auto* life = LifeOf(tab.Key());
+    state = StateOf(life, &tab == m_pcPage.SelectedItem());
+    if (const auto* measured = MeasuredOf(life)) {
+        row.memory = measured->use.Memory;
+        row.percent = measured->percent.value_or(-1);
+        memory = DownloadWords::Size(row.memory);
+        if (measured->tabs > 1)
+            memory += u", shared by " + Decimal(static_cast<std::int64_t>(measured->tabs)) + u" tabs";
+        if (measured->percent) processor = Decimal(row.percent) + u" %";
+    }
+    return row;
+}
+
+void frmTaskView::Show() {
+    if (!Form.Visible()) return;
+    std::vector<Row> rows;
+    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position)
+        rows.push_back(RowOf(*m_pcPage.FindAt(position)));
+    const auto [column, descending] = Order();
+    const auto before = [column = column](const Row& a, const Row& b) {
+        if (column == TaskColumn::Memory) return a.memory < b.memory;
+        if (column == TaskColumn::Processor) return a.percent < b.percent;
+        return Folded(a.line.Cell(column)) < Folded(b.line.Cell(column));
+    };
+    // Equal ones keep the order of their tabs either way.
+    std::ranges::stable_sort(rows, [&, descending = descending](const Row& a, const Row& b) {
+        return descending ? before(b, a) : before(a, b);
+    });
+    std::vector<TaskLine> lines;
+    for (Row& row : rows) lines.push_back(std::move(row.line));
+    lstTasks = std::move(lines);
+    if (!m_pcPage.Find(Selected())) Selected = lstTasks().empty() ? Text() : lstTasks().front().Key;
+    ShowSelected();
+    ShowTotal();
+}
+
+void frmTaskView::ShowSelected() {
+    const auto* life = LifeOf(Selected());
+    cmdGoTo.Enabled = m_pcPage.Find(Selected()) != nullptr;
+    cmdEnd.Enabled = life && life->Process() > 0;
+    const auto* measured = MeasuredOf(life);
+    const bool shared = measured && measured->tabs > 1;
+    lblShared.Caption =
+        shared ? u"End Page ends all " + Decimal(static_cast<std::int64_t>(measured->tabs)) + u" pages of this process."
+               : Text();
+}
+
+void frmTaskView::ShowTotal() {
+    std::int64_t memory = 0;
+    for (const auto& [process, measured] : m_processes) memory += measured.use.Memory;
+    const auto counted = [](std::size_t count, TextView one, TextView many) {
+        return Decimal(static_cast<std::int64_t>(count)) + u' ' + Text(count == 1 ? one : many);
+    };
+    lblTotal.Caption = counted(m_pcPage.Count(), u"tab", u"tabs") + u", " +
+                       counted(m_processes.size(), u"process", u"processes") + u", " + DownloadWords::Size(memory);
+}
+
+void frmTaskView::SortBy(TaskColumn column) {
+    // What is most is looked for first.
+    const bool most = column == TaskColumn::Memory || column == TaskColumn::Processor;
+    Order = TaskOrder{column, Order().Column == column ? !Order().Descending : most};
+}
+
+void frmTaskView::lstTasks_DblClick() {
+    auto* tab = m_pcPage.Find(Selected());
+    if (!tab) return;
+    m_pcPage.Select(tab);
+    if (ShowMainWindow) ShowMainWindow();
+    Refresh();
+}
+
+void frmTaskView::cmdEnd_Click() {
+    if (auto* life = LifeOf(Selected())) ResumeNext(life->EndProcess());
+    Refresh();
+}

@@ -1,0 +1,95 @@
+#pragma once
+#include "base/os/ProcessUse.h"
+#include "forms/Controls.h"
+#include "forms/TabStrip.h"
+#include "settings/Drawing.h"
+#include "tabs/ViewArray.h"
+
+#include <array>
+#include <chrono>
+#include <map>
+#include <vector>
+
+enum class TaskColumn { Title, Address, State, Memory, Processor };
+
+/// A line of the task view: a tab, with a cell for each column.
+struct TaskLine {
+    Text Key; ///< of the tab
+    std::array<Text, 5> Cells;
+
+    [[nodiscard]] const Text& Cell(TaskColumn column) const { return Cells.at(static_cast<std::size_t>(column)); }
+    friend bool operator==(const TaskLine&, const TaskLine&) = default;
+};
+
+/// How the lines are sorted.
+struct TaskOrder {
+    TaskColumn Column = TaskColumn::Memory;
+    bool Descending = true;
+    friend bool operator==(const TaskOrder&, const TaskOrder&) = default;
+};
+
+/// The task view, as data: what each tab does and what the process of its page uses. Nothing is measured while it is
+/// hidden, and it remembers nothing but how it was sorted.
+class frmTaskView {
+public:
+    /// Both outlive the form.
+    frmTaskView(TabStrip& pcPage, ViewArray& Browser);
+    frmTaskView(const frmTaskView&) = delete;
+    frmTaskView& operator=(const frmTaskView&) = delete;
+
+    FormState Form;
+    Text Caption = u"Task View";
+    static constexpr std::array<TextView, 5> kHeadings{u"Title", u"Address", u"State", u"Memory", u"Processor"};
+    Property<std::vector<TaskLine>> lstTasks;
+    Property<Text> Selected; ///< the key of the selected line's tab; empty for none
+    Property<TaskOrder> Order;
+    Label lblShared{u""}; ///< who else would end with the selected page
+    Label lblTotal{u""};
+    Label lblDrawing{u""};
+    Button cmdGoTo{u"&Go to Tab"};
+    Button cmdEnd{u"&End Page"};
+    Button cmdClose{u"Close"};
+
+    /// Says how pages are drawn; once, before the form is shown.
+    void TellDrawing(DrawingWay way);
+    /// Measures and shows again; called about once a second while the form is shown.
+    void Refresh();
+    /// Sorts by that column; the other way round when it is sorted by it already.
+    void SortBy(TaskColumn column);
+    /// Return, or a double click, on the selected line: brings its tab to the front.
+    void lstTasks_DblClick();
+
+    /// What a process uses, and the present time on a steady clock. Filled in by the program; without them the columns
+    /// stay empty.
+    std::function<std::optional<ProcessUse>(std::int64_t process)> ReadProcess;
+    std::function<std::chrono::milliseconds()> Now;
+    /// Brings the main window to the front, or this one. Filled in by the program.
+    std::function<void()> ShowMainWindow;
+    std::function<void()> ShowItself;
+
+private:
+    /// What is known of a process.
+    struct Measured {
+        ProcessUse use;
+        std::chrono::milliseconds time{0};
+        std::optional<std::int64_t> percent; ///< of one processor, since it was last measured
+        std::size_t tabs = 0;
+    };
+    struct Row {
+        TaskLine line;
+        std::int64_t process = 0, memory = -1, percent = -1;
+    };
+    void Form_Change();
+    void cmdEnd_Click();
+    void Measure();
+    void Show();
+    void ShowSelected();
+    void ShowTotal();
+    [[nodiscard]] Row RowOf(const Tab& tab) const;
+    [[nodiscard]] PageLife* LifeOf(TextView key) const;
+    [[nodiscard]] const Measured* MeasuredOf(const PageLife* life) const;
+
+    TabStrip& m_pcPage;
+    ViewArray& m_browser;
+    std::map<std::int64_t, Measured> m_processes;
+};

@@ -1,0 +1,23 @@
+#include "base/Captions.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(Captions, OneLineShowsWhatCannotBeShown) {
+    EXPECT_EQ(OneLine(u"News"), u"News");
+    EXPECT_EQ(OneLine(u"a\nb\tc\u007f\u0085\u2028"), u"a\uFFFDb\uFFFDc\uFFFD\uFFFD\uFFFD");
+}
+
+TEST(Captions, OneLineKeepsForeignWritingButNotMarksThatTurnIt) {
+    EXPECT_EQ(OneLine(u"\u05E9\u05DC\u05D5\u05DD \U0001F600"), u"\u05E9\u05DC\u05D5\u05DD \U0001F600");
+    EXPECT_EQ(OneLine(u"a\u202Egvt.b\u200F\u2066"), u"a\uFFFDgvt.b\uFFFD\uFFFD");
+}
+
+TEST(Captions, OneLineMarksWhatIsNoTextInTheNameOfAFile) {
+    EXPECT_EQ(OneLine(PathFromBytes("b\xFC-\xF0\x9F\x98\x80\xE2\x82.tvg")), u"b\uFFFD-\U0001F600\uFFFD\uFFFD.tvg");
+}
+
+TEST(Captions, AMenuCaptionHasNoAccessKeyOfTheNames) { EXPECT_EQ(MenuCaption(u"R&D && x\t"), u"R&&D &&&& x\uFFFD"); }
+
+} // namespace

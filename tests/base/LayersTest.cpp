@@ -1,0 +1,391 @@
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <map>
+#include <optional>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A room of the house, which is a folder with what stands below it, and the rooms right under it: its files may
+/// include their headers, and those of the rooms that stand under them in turn.
+struct Layer {
+    std::string_view room;
+    std::string_view standsOn; ///< separated by blanks, one at both ends
+};
+
+constexpr std::array kLayers{
+    Layer{"base", " "},
+    Layer{"forms", " base "},
+    Layer{"platform", " base "},
+    Layer{"bar", " platform "},
+    Layer{"settings", " forms platform "},
+    Layer{"downloads", " forms platform "},
+    Layer{"tabs", " bar settings downloads "},
+    Layer{"address", " tabs "},
+    Layer{"pages", " settings "},
+    Layer{"favorites", " forms bar "},
+    Layer{"groups", " tabs favorites "},
+    Layer{"sessions", " groups "},
+    Layer{"startpage", " address groups "},
+    Layer{"commands", " address pages groups "},
+    Layer{"window", " sessions startpage commands "},
+    Layer{"app", " window "},
+    Layer{"qt/base", " window "},
+    Layer{"qt/desktop", " qt/base "},
+    Layer{"qt/page", " qt/desktop "},
+    Layer{"qt/questions", " qt/page "},
+    Layer{"qt/engine", " qt/questions "},
+    Layer{"qt/downloads", " qt/page "},
+    Layer{"qt/strip", " qt/page "},
+    Layer{"qt/bar", " qt/base "},
+    Layer{"qt/bar/customize", " qt/base "},
+    Layer{"qt/dialogs", " qt/base "},
+    Layer{"qt/window", " qt/strip "},
+    Layer{"qt/program", " app qt/engine qt/downloads qt/bar qt/bar/customize qt/dialogs qt/window "},
+    Layer{"packaging", " "},
+};
+
+/// One file of the house: its path from the project's folder, with '/' between the names, and what stands in it.
+struct Source {
+    std::string path;
+    std::string text;
+};
+
+enum class Written { Quoted, Angled, Macro };
+
+/// What an #include names, without its delimiters.
+struct Include {
+    std::string name;
+    Written as = Written::Quoted;
+};
+
+std::string FirstFolder(std::string_view path) {
+    const std::size_t slash = path.find('/');
+    return slash == std::string_view::npos ? std::string() : std::string(path.substr(0, slash));
+}
+
+bool Lists(std::string_view names, std::string_view name) {
+    return names.find(" " + std::string(name) + " ") != std::string_view::npos;
+}
+
+/// The room that a file stands in, the innermost of the table; nothing when it is in none.
+const Layer* RoomOf(std::string_view path) {
+    const Layer* found = nullptr;
+    for (const Layer& each : kLayers)
+        if (path.starts_with(std::string(each.room) + '/') && (!found || each.room.size() > found->room.size()))
+            found = &each;
+    return found;
+}
+
+bool StandsOn(const Layer& upper, const Layer& lower) {
+    return Lists(upper.standsOn, lower.room) || std::ranges::any_of(kLayers, [&](const Layer& between) {
+               return Lists(upper.standsOn, between.room) && StandsOn(between, lower);
+           });
+}
+
+bool IsQts(std::string_view path) { return FirstFolder(path) == "qt"; }
+bool IsOfCore(std::string_view path) { return RoomOf(path) && !IsQts(path) && FirstFolder(path) != "packaging"; }
+
+std::vector<Include> Includes(const std::string& text) {
+    static const std::regex kInclude(R"re(^[ \t]*#[ \t]*include[ \t]*("[^"]*"|<[^>]*>|[^ \t\r\n]+))re",
+                                     std::regex::ECMAScript | std::regex::multiline);
+    std::vector<Include> includes;
+    for (std::sregex_iterator each(text.begin(), text.end(), kInclude), end; each != end; ++each) {
+        const std::string word = (*each)[1];
+        const Written as = word.front() == '"'   ? Written::Quoted
+                           : word.front() == '<' ? Written::Angled
+                                                 : Written::Macro;
+        includes.push_back({as == Written::Macro ? word : word.substr(1, word.size() - 2), as});
+    }
+    return includes;
+}
+
+bool NamesQt(const Include& include) {
+    static const std::regex kQt("(Q[A-Z].*|Qt|q[a-z0-9_]+\\.h)");
+    const std::size_t slash = include.name.rfind('/');
+    const std::string last = slash == std::string::npos ? include.name : include.name.substr(slash + 1);
+    return include.as == Written::Angled && (std::regex_match(include.name, kQt) || std::regex_match(last, kQt));
+}
+
+/// What is wrong with one #include of a file in `layer`; nothing when it is in order.
+std::optional<std::string> Complaint(const Layer& layer, const std::string& path, const Include& include) {
+    const bool isMain = path == "app/main.cpp";
+    if (include.as == Written::Macro) return path + " hides behind a macro what it includes: " + include.name;
+    if (NamesQt(include) && IsOfCore(path) && !isMain) return path + " includes Qt: " + include.name;
+    if (include.as == Written::Angled) return std::nullopt;
+    if (include.name.find("..") != std::string::npos) return path + " climbs out of its folder: " + include.name;
+    const Layer* target = RoomOf(include.name);
+    const bool mayInclude = target && (target == &layer || StandsOn(layer, *target) || (isMain && IsQts(include.name)));
+    return mayInclude ? std::nullopt : std::optional(path + " includes " + include.name);
+}
+
+std::vector<std::string> Complaints(const std::vector<Source>& sources) {
+    std::vector<std::string> complaints;
+    for (const Source& source : sources) {
+        if (FirstFolder(source.path) == "tests") continue;
+        const Layer* layer = RoomOf(source.path);
+        if (!layer) {
+            complaints.push_back(source.path + " is in no room of the house");
+            continue;
+        }
+        for (const Include& include : Includes(source.text))
+            if (auto complaint = Complaint(*layer, source.path, include)) complaints.push_back(*complaint);
+    }
+    return complaints;
+}
+
+/// A header and the source of its name are one module.
+std::string ModuleOf(const std::string& path) { return path.substr(0, path.rfind('.')); }
+
+using Arrows = std::map<std::string, std::set<std::string>>;
+
+/// From each module to those that it includes.
+Arrows ArrowsBetween(const std::vector<Source>& sources) {
+    Arrows arrows;
+    for (const Source& source : sources) {
+        if (FirstFolder(source.path) == "tests") continue;
+        const std::string from = ModuleOf(source.path);
+        for (const Include& include : Includes(source.text))
+            if (include.as == Written::Quoted && ModuleOf(include.name) != from)
+                arrows[from].insert(ModuleOf(include.name));
+    }
+    return arrows;
+}
+
+void Reach(const Arrows& arrows, const std::string& from, std::set<std::string>& reached) {
+    const auto found = arrows.find(from);
+    if (found == arrows.end()) return;
+    for (const std::string& each : found->second)
+        if (reached.insert(each).second) Reach(arrows, each, reached);
+}
+
+/// Modules that include each other, directly or through others: the names of a circle with blanks between.
+std::set<std::string> Circles(const std::vector<Source>& sources) {
+    const Arrows arrows = ArrowsBetween(sources);
+    std::map<std::string, std::set<std::string>> reached;
+    for (const auto& [module, included] : arrows) Reach(arrows, module, reached[module]);
+    std::set<std::string> circles;
+    for (const auto& [module, others] : reached) {
+        if (!others.contains(module)) continue;
+        std::string circle;
+        for (const std::string& each : others)
+            if (const auto back = reached.find(each); back != reached.end() && back->second.contains(module))
+                circle += (circle.empty() ? "" : " ") + each;
+        circles.insert(circle);
+    }
+    return circles;
+}
+
+/// Takes comments and the insides of literals out of C++ text, so that what is left is code.
+class CodeOnly {
+public:
+    explicit CodeOnly(std::string_view text) : m_text(text) {}
+
+    std::string Read() {
+        while (m_at < m_text.size()) Step();
+        return m_code;
+    }
+
+private:
+    bool Follows(std::string_view what) const { return m_text.substr(m_at, what.size()) == what; }
+
+    void Step() {
+        if (Follows("//")) return SkipPast("\n");
+        if (Follows("/*")) return SkipPast("*/");
+        if (Follows("R\"")) return SkipRawString();
+        if (Follows("\"")) return SkipLiteral('"');
+        // An apostrophe behind a digit or letter separates digits: 1'000.
+        if (Follows("'") && (m_at == 0 || !std::isxdigit(static_cast<unsigned char>(m_text[m_at - 1]))))
+            return SkipLiteral('\'');
+        m_code += m_text[m_at++];
+    }
+
+    void SkipPast(const std::string& end) {
+        const std::size_t found = m_text.find(end, m_at);
+        m_at = found == std::string_view::npos ? m_text.size() : found + end.size();
+        m_code += ' ';
+    }
+
+    void SkipRawString() {
+        const std::size_t open = m_text.find('(', m_at);
+        if (open == std::string_view::npos) return SkipPast("(");
+        SkipPast(")" + std::string(m_text.substr(m_at + 2, open - m_at - 2)) + "\"");
+    }
+
+    void SkipLiteral(char quote) {
+        for (++m_at; m_at < m_text.size() && m_text[m_at] != quote; ++m_at)
+            if (m_text[m_at] == '\\') ++m_at;
+        ++m_at;
+        m_code += ' ';
+    }
+
+    std::string_view m_text;
+    std::size_t m_at = 0;
+    std::string m_code;
+};
+
+/// The core's way with failure is `Outcome` and `ResumeNext`; an exception would skip the steps that must still run.
+std::vector<std::string> FilesWithExceptions(const std::vector<Source>& sources) {
+    static const std::regex kWords("\\b(try|catch|throw)\\b");
+    std::vector<std::string> found;
+    for (const Source& source : sources)
+        if (IsOfCore(source.path) && source.path != "app/main.cpp" &&
+            std::regex_search(CodeOnly(source.text).Read(), kWords))
+            found.push_back(source.path);
+    return found;
+}
+
+bool IsSource(const fs::path& path) { return path.extension() == ".h" || path.extension() == ".cpp"; }
+
+/// Build folders hold what tools have made, hidden ones are not part of the house.
+bool IsOutside(const std::string& name) { return name.starts_with("build") || name.starts_with("."); }
+
+std::vector<Source> ReadHouse() {
+    const fs::path root = SOURCE_ROOT;
+    std::vector<Source> sources;
+    for (fs::recursive_directory_iterator each(root), end; each != end; ++each) {
+        if (each->is_directory() && IsOutside(each->path().filename().string())) each.disable_recursion_pending();
+        if (!each->is_regular_file() || !IsSource(each->path())) continue;
+        std::ifstream file(each->path(), std::ios::binary);
+        sources.push_back({fs::relative(each->path(), root).generic_string(),
+                           std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>())});
+    }
+    return sources;
+}
+
+std::string Lines(const std::vector<std::string>& lines) {
+    std::string all;
+    for (const std::string& line : lines) all += line + "\n";
+    return all;
+}
+
+std::string Judge(const std::string& path, const std::string& text) { return Lines(Complaints({{path, text}})); }
+
+bool HasException(const std::string& text) { return !FilesWithExceptions({{"tabs/X.cpp", text}}).empty(); }
+
+TEST(Layers, EveryIncludeOfTheHouseKeepsToItsLayer) {
+    const std::vector<Source> house = ReadHouse();
+    EXPECT_EQ(Lines(Complaints(house)), "");
+    // Guards against a look at the wrong folder, which would find nothing wrong anywhere.
+    for (const std::string_view file : {"base/Text.h", "platform/BrowserView.h", "tabs/TabSet.cpp"})
+        EXPECT_TRUE(std::any_of(house.begin(), house.end(), [&](const Source& each) { return each.path == file; }))
+            << file;
+}
+
+std::string RowOf(const Layer& layer) {
+    std::string row = "\n| `" + std::string(layer.room) + "` |";
+    std::istringstream names{std::string(layer.standsOn)};
+    for (std::string name; names >> name;) row += " `" + name + '`';
+    return row + " |";
+}
+
+TEST(Layers, TheDocumentHasTheSameTable) {
+    std::ifstream file(fs::path(SOURCE_ROOT) / "docs/architecture.md", std::ios::binary);
+    const std::string document{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::size_t last = 0;
+    for (const Layer& each : kLayers) {
+        const std::size_t row = document.find(RowOf(each));
+        ASSERT_NE(row, std::string::npos) << each.room;
+        EXPECT_GT(row, last) << each.room << " stands in another order";
+        last = row;
+    }
+}
+
+// What is not wanted and not yet taken apart. The list only becomes shorter.
+const std::set<std::string> kCirclesLeft{
+    "window/MainCommands window/MainKeyboard window/MainLoad window/MainUnload window/frmMain",
+    "qt/engine/QtBrowserView qt/engine/QtEngine",
+};
+
+TEST(Layers, NoModulesIncludeEachOther) { EXPECT_EQ(Circles(ReadHouse()), kCirclesLeft); }
+
+TEST(Layers, ACircleIsFoundThroughOtherModules) {
+    const Source header{"tabs/A.h", "#include \"tabs/B.h\"\n"}, between{"tabs/B.cpp", "#include \"tabs/C.h\"\n"};
+    EXPECT_EQ(Circles({header, between}), std::set<std::string>{});
+    EXPECT_EQ(Circles({header, between, {"tabs/C.h", "#include \"tabs/A.h\"\n"}}),
+              std::set<std::string>{"tabs/A tabs/B tabs/C"});
+    EXPECT_EQ(Circles({{"tabs/A.cpp", "#include \"tabs/A.h\"\n"}}), std::set<std::string>{}) << "its own header";
+}
+
+TEST(Layers, TheCoreHasNoExceptions) { EXPECT_EQ(Lines(FilesWithExceptions(ReadHouse())), ""); }
+
+TEST(Layers, AnIncludeOfALowerFolderIsInOrder) {
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"tabs/X.h\"\n#include \"base/Text.h\"\n#include \"settings/S.h\"\n"), "");
+    EXPECT_EQ(Judge("app/X.cpp", "#include \"window/frmMain.h\"\n"), "");
+    EXPECT_EQ(Judge("qt/program/X.cpp", "#include \"app/Startup.h\"\n#include <QWidget>\n"), "");
+    EXPECT_EQ(Judge("base/ini/X.h", "#include \"base/os/AtomicFile.h\"\n"), "") << "within a room";
+    EXPECT_EQ(Judge("platform/X.h", "#include \"base/Text.h\"\n#include <vector>\n"), "");
+}
+
+TEST(Layers, AnIncludeOfAHigherFolderIsFound) {
+    EXPECT_EQ(Judge("base/X.cpp", "#include \"tabs/TabSet.h\"\n"), "base/X.cpp includes tabs/TabSet.h\n");
+    EXPECT_EQ(Judge("platform/X.h", "  #  include \"settings/S.h\"\n"), "platform/X.h includes settings/S.h\n");
+    EXPECT_EQ(Judge("favorites/X.h", "#include \"settings/S.h\"\n"), "favorites/X.h includes settings/S.h\n");
+    EXPECT_EQ(Judge("settings/X.h", "\n#include \"tests/Desk.h\"\r\n"), "settings/X.h includes tests/Desk.h\n");
+    EXPECT_EQ(Judge("window/X.h", "#include \"app/Hook.h\"\n"), "window/X.h includes app/Hook.h\n");
+    EXPECT_EQ(Judge("app/Startup.cpp", "#include \"qt/base/QtText.h\"\n"),
+              "app/Startup.cpp includes qt/base/QtText.h\n");
+    EXPECT_EQ(Judge("qt/bar/X.cpp", "#include \"qt/bar/customize/Y.h\"\n"),
+              "qt/bar/X.cpp includes qt/bar/customize/Y.h\n");
+}
+
+TEST(Layers, ARoomStandsOnRoomsThatComeBeforeIt) {
+    for (auto each = kLayers.begin(); each != kLayers.end(); ++each) {
+        std::istringstream names{std::string(each->standsOn)};
+        for (std::string name; names >> name;)
+            EXPECT_TRUE(std::any_of(kLayers.begin(), each, [&](const Layer& lower) { return lower.room == name; }))
+                << each->room << " stands on " << name;
+    }
+    EXPECT_TRUE(StandsOn(*RoomOf("qt/program/X.h"), *RoomOf("base/X.h"))) << "through all that is between";
+}
+
+TEST(Layers, QtOutsideItsFolderIsFound) {
+    EXPECT_EQ(Judge("app/main.cpp", "#include \"qt/program/QtProgram.h\"\n#include <QApplication>\n"), "");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include <QString>\n"), "tabs/X.cpp includes Qt: QString\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include <QtCore/qglobal.h>\n"), "tabs/X.cpp includes Qt: QtCore/qglobal.h\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include <qstring.h>\n"), "tabs/X.cpp includes Qt: qstring.h\n");
+}
+
+TEST(Layers, AWayAroundTheTableIsFound) {
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"../qt/QtText.h\"\n"),
+              "tabs/X.cpp climbs out of its folder: ../qt/QtText.h\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"tabs/../qt/Y.h\"\n"),
+              "tabs/X.cpp climbs out of its folder: tabs/../qt/Y.h\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include HEADER\n"), "tabs/X.cpp hides behind a macro what it includes: HEADER\n");
+    EXPECT_EQ(Judge("helpers/X.cpp", "#include <vector>\n"), "helpers/X.cpp is in no room of the house\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"QtText.h\"\n"), "tabs/X.cpp includes QtText.h\n");
+}
+
+TEST(Layers, TestsMayIncludeAnything) {
+    EXPECT_EQ(Judge("tests/qt/XTest.cpp", "#include \"qt/base/QtText.h\"\n#include \"Desk.h\"\n#include <QTest>\n"),
+              "");
+}
+
+TEST(Layers, AnIncludeInACommentIsNone) { EXPECT_EQ(Judge("tabs/X.cpp", "// #include \"qt/base/QtText.h\"\n"), ""); }
+
+TEST(Layers, AnExceptionInCodeIsFound) {
+    EXPECT_TRUE(HasException("void F() { try { G(); } catch (...) {} }"));
+    EXPECT_TRUE(HasException("int n = 1'000; throw n;"));
+    EXPECT_TRUE(HasException("char q = '\"'; throw q; // \""));
+    EXPECT_TRUE(HasException("auto s = R\"x(\")x\"; throw s;"));
+}
+
+TEST(Layers, TheWordsOfExceptionsMayStandInCommentsAndTexts) {
+    EXPECT_FALSE(HasException("// try this\n/* throw\n away */ auto s = \"catch \\\" try\"; int retry = 1;"));
+    EXPECT_FALSE(HasException("auto s = R\"(\" throw )\";"));
+    EXPECT_TRUE(FilesWithExceptions({{"app/main.cpp", "throw 1;"}, {"qt/X.cpp", "throw 1;"}}).empty());
+}
+
+} // namespace

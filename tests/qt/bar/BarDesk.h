@@ -1,0 +1,55 @@
+#pragma once
+#include "qt/bar/QtComboBox.h"
+#include "qt/bar/QtCommandBar.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QTest>
+#include <QToolBar>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// A window with a command bar, filled by each test, and what the bar has reported.
+class BarDesk : public testing::Test {
+protected:
+    Tool* AddTool(TextView name, TextView caption) {
+        return bar.Add(std::make_unique<Tool>(++lastId, Text(name), Text(caption)));
+    }
+    Tool* AddLabel(TextView name, TextView caption) {
+        return bar.Add(std::make_unique<Tool>(++lastId, Text(name), Text(caption), ToolKind::Label));
+    }
+    ComboTool* AddCombo(TextView name) {
+        return bar.Add(std::make_unique<ComboTool>(++lastId, Text(name), Text(name)));
+    }
+
+    Band* AddBand(TextView name, BandKind kind, const std::vector<TextView>& tools) {
+        Band* band = bar.AddBand(Text(name), Text(name), kind);
+        for (const TextView tool : tools) band->Append(bar.Share(tool));
+        return band;
+    }
+
+    /// Shows the bar in the window, and the window. What was added before is there at once.
+    void ShowWindow(int width = 900) {
+        bar.Click = [this](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; };
+        bar.MouseOver = [this](const Tool* tool) { pointed = tool ? ToUtf8(tool->Name()) : ""; };
+        shown = std::make_unique<QtCommandBar>(bar, window);
+        window.setCentralWidget(new QWidget);
+        window.resize(width, 400);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    QtComboBox& Box(TextView name) { return *shown->Box(name); }
+    QLineEdit& Field(TextView name) { return *Box(name).lineEdit(); }
+    QToolBar& ToolBarOf(TextView band) { return *shown->ToolBar(band); }
+
+    // What is told while the bar goes is written here.
+    std::string clicked, pointed;
+    CommandBar bar;
+    QMainWindow window;
+    std::unique_ptr<QtCommandBar> shown;
+    std::int32_t lastId = 0;
+};

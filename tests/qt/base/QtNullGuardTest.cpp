@@ -1,0 +1,73 @@
+#include "qt/base/QtNullGuard.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+struct Object {
+    int padding[100];
+    int member;
+};
+
+struct Reading {
+    const volatile Object* from;
+    int got;
+};
+
+void Read(void* context) {
+    auto& reading = *static_cast<Reading*>(context);
+    reading.got = reading.from->member;
+}
+
+TEST(QtNullGuard, WhatReadsThroughANullPointerIsLeft) {
+    for (int i = 0; i < 3; ++i) {
+        Reading reading{nullptr, 1};
+        EXPECT_FALSE(QtNullGuard::Survives(Read, &reading));
+        EXPECT_EQ(reading.got, 1);
+    }
+}
+
+TEST(QtNullGuard, WhatDoesNotIsDone) {
+    const Object object{{}, 2};
+    Reading reading{&object, 1};
+    EXPECT_TRUE(QtNullGuard::Survives(Read, &reading));
+    EXPECT_EQ(reading.got, 2);
+}
+
+TEST(QtNullGuard, AfterwardsFaultsAreWhatTheyWere) {
+    const auto mine = [](int) {};
+    std::signal(SIGSEGV, mine);
+    Reading reading{nullptr, 1};
+    EXPECT_FALSE(QtNullGuard::Survives(Read, &reading));
+    EXPECT_EQ(std::signal(SIGSEGV, SIG_DFL), static_cast<void (*)(int)>(mine));
+}
+
+// The last is no address at all, and the machine tells none.
+TEST(QtNullGuardDeathTest, OtherFaultsEndTheProgram) {
+    for (const std::uintptr_t address : {std::uintptr_t{1} << 20, std::uintptr_t{0xefefefefefefefef}}) {
+        Reading reading{reinterpret_cast<const volatile Object*>(address), 1};
+        EXPECT_EXIT((void)QtNullGuard::Survives(Read, &reading), testing::KilledBySignal(SIGSEGV), "") << address;
+    }
+}
+
+TEST(QtNullGuardDeathTest, ASignalThatWasSentIsNoFault) {
+    EXPECT_EXIT((void)QtNullGuard::Survives([](void*) { std::raise(SIGSEGV); }, nullptr),
+                testing::KilledBySignal(SIGSEGV), "");
+}
+
+void EndWell(int) { std::_Exit(7); }
+
+TEST(QtNullGuardDeathTest, OtherFaultsAreForWhoeverSawThemBefore) {
+    Reading reading{reinterpret_cast<const volatile Object*>(std::uintptr_t{1} << 20), 1};
+    const auto fault = [&] {
+        std::signal(SIGSEGV, EndWell);
+        (void)QtNullGuard::Survives(Read, &reading);
+    };
+    EXPECT_EXIT(fault(), testing::ExitedWithCode(7), "");
+}
+
+} // namespace

@@ -1,0 +1,33 @@
+#include "qt/base/QtPalette.h"
+
+#include <QColor>
+#include <gtest/gtest.h>
+
+namespace {
+
+QPalette Colours(QRgb window, QRgb text, QRgb hint) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor::fromRgba(window));
+    palette.setColor(QPalette::Base, QColor::fromRgba(window));
+    palette.setColor(QPalette::Text, QColor::fromRgba(text));
+    palette.setColor(QPalette::PlaceholderText, QColor::fromRgba(hint));
+    return palette;
+}
+
+TEST(QtPalette, KnowsDarkWindows) {
+    EXPECT_TRUE(QtPalette::IsDark(Colours(0xff2a2e32, 0xffffffff, 0x80ffffff)));
+    EXPECT_FALSE(QtPalette::IsDark(Colours(0xffefefef, 0xff000000, 0x80000000)));
+}
+
+TEST(QtPalette, AHintThatCannotBeReadTakesAfterTheText) {
+    const QPalette mended = QtPalette::Mended(Colours(0xff1b1e20, 0xfffcfcfc, 0x80000000));
+    EXPECT_EQ(mended.color(QPalette::PlaceholderText), QColor(0xfc, 0xfc, 0xfc, 0x80));
+}
+
+TEST(QtPalette, AHintThatCanBeReadStays) {
+    for (const QPalette& palette :
+         {Colours(0xff1b1e20, 0xfffcfcfc, 0x80ffffff), Colours(0xffffffff, 0xff000000, 0x80000000)})
+        EXPECT_EQ(QtPalette::Mended(palette), palette);
+}
+
+} // namespace

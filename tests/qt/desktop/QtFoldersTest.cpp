@@ -1,0 +1,108 @@
+#include "qt/desktop/QtFolders.h"
+
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Variables as they are for one test.
+class QtFoldersTest : public testing::Test {
+protected:
+    QtFoldersTest() {
+        qunsetenv("TESSAVIEW_HOME");
+        qputenv("HOME", Path("user").toUtf8());
+        for (const char* name : {"DATA", "CONFIG", "CACHE"})
+            qputenv((QByteArray("XDG_") + name + "_HOME").constData(), Path(name).toUtf8());
+    }
+    ~QtFoldersTest() override {
+        for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "TESSAVIEW_HOME"})
+            qunsetenv(name);
+        qputenv("HOME", m_home);
+    }
+    [[nodiscard]] QString Path(const char* name) const { return QString::fromStdString(m_folder.Path(name)); }
+    /// The program's file in a folder of that name.
+    [[nodiscard]] QString ProgramIn(const char* name) const {
+        QDir().mkpath(Path(name));
+        return Path(name) + QStringLiteral("/tessaview");
+    }
+
+    TemporaryFolder m_folder;
+    const QByteArray m_home = qgetenv("HOME");
+};
+
+TEST_F(QtFoldersTest, AFolderOfItsOwnHoldsWhatBelongsToTheProgram) {
+    const QtFolders folders = QtFolders::Find(ProgramIn("unpacked"));
+    EXPECT_EQ(folders.program, Path("unpacked"));
+    EXPECT_EQ(folders.settings, Path("CONFIG/tessaview"));
+    EXPECT_EQ(folders.data, Path("DATA/tessaview/engine"));
+    EXPECT_EQ(folders.cache, Path("CACHE/tessaview"));
+    EXPECT_TRUE(QDir(Path("unpacked/TessaGroups")).exists());
+}
+
+TEST_F(QtFoldersTest, AnInstalledProgramKeepsNothingAmongOtherPrograms) {
+    const QtFolders folders = QtFolders::Find(ProgramIn("bin"));
+    EXPECT_EQ(folders.program, Path("DATA/tessaview"));
+    EXPECT_TRUE(QDir(Path("bin")).isEmpty());
+    EXPECT_TRUE(QDir(Path("DATA/tessaview/TessaGroups")).exists());
+}
+
+TEST_F(QtFoldersTest, OneVariableMovesEverything) {
+    qputenv("TESSAVIEW_HOME", Path("home").toUtf8());
+    const QtFolders folders = QtFolders::Find(ProgramIn("unpacked"));
+    for (const QString& each : {folders.program, folders.settings, folders.state}) EXPECT_EQ(each, Path("home"));
+    EXPECT_EQ(folders.data, Path("home/engine"));
+    EXPECT_EQ(folders.GroupFolder(), Path("home/TessaGroups/"));
+    EXPECT_FALSE(QDir(Path("CONFIG")).exists());
+}
+
+TEST_F(QtFoldersTest, TheFolderOfWhatWasVisitedIsTheUsersAlone) {
+    const auto others = [](const QString& folder) { return int(QFile::permissions(folder)) & 0x0077; };
+    const QString state = QtFolders::Find(ProgramIn("unpacked")).state;
+    EXPECT_EQ(others(state), 0);
+    EXPECT_EQ(others(Path("DATA/tessaview")), 0) << "groups and Favorites are";
+    QFile::setPermissions(state, QFile::permissions(state) | QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther);
+    (void)QtFolders::Find(ProgramIn("unpacked"));
+    EXPECT_EQ(others(state), 0) << "one of an earlier version is closed";
+    qputenv("TESSAVIEW_HOME", Path("home").toUtf8());
+    EXPECT_EQ(others(QtFolders::Find(ProgramIn("unpacked")).state), 0);
+    QFile::setPermissions(Path("home"), QFile::permissions(Path("home")) | QFile::ReadOther);
+    EXPECT_NE(others(QtFolders::Find(ProgramIn("unpacked")).state), 0)
+        << "a folder that the user names may hold more than what is ours";
+}
+
+TEST_F(QtFoldersTest, ARelativePathOfTheDesktopIsIgnored) {
+    qputenv("XDG_CONFIG_HOME", "somewhere");
+    const QtFolders folders = QtFolders::Find(ProgramIn("unpacked"));
+    EXPECT_EQ(folders.settings, Path("user/.config/tessaview"));
+}
+
+TEST_F(QtFoldersTest, FavoritesLieInTheFoldersOfTheDesktop) {
+    QDir().mkpath(Path("user"));
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("DATA/tessaview/Favorites"));
+    EXPECT_FALSE(QDir(Path("DATA/tessaview/Favorites")).exists()) << "made when the first is added";
+    qunsetenv("XDG_DATA_HOME");
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("user/.local/share/tessaview/Favorites"));
+}
+
+TEST_F(QtFoldersTest, AFolderOfFavoritesThatTheUserHasAlreadyIsTaken) {
+    QDir().mkpath(Path("user/Favorites"));
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("user/Favorites"));
+    EXPECT_EQ(QtFolders::Find(ProgramIn("bin")).favorites, Path("user/Favorites"));
+}
+
+TEST_F(QtFoldersTest, AFileOfThatNameIsNoFolderOfFavorites) {
+    QDir().mkpath(Path("user"));
+    m_folder.Write("user/Favorites", "");
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("DATA/tessaview/Favorites"));
+}
+
+TEST_F(QtFoldersTest, TheOneVariableMovesFavoritesTooWhateverTheUserHas) {
+    QDir().mkpath(Path("user/Favorites"));
+    qputenv("TESSAVIEW_HOME", Path("home").toUtf8());
+    EXPECT_EQ(QtFolders::Find(ProgramIn("unpacked")).favorites, Path("home/Favorites"));
+}
+
+} // namespace

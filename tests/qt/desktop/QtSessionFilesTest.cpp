@@ -1,0 +1,213 @@
+#include "qt/desktop/QtSessionFiles.h"
+#include "qt/base/QtText.h"
+#include "qt/window/QtSessionOffer.h"
+#include "tests/fakes/FullDisk.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+namespace {
+
+class QtSessionFilesTest : public testing::Test {
+protected:
+    QTemporaryDir m_home;
+    QString m_folder = m_home.path() + QStringLiteral("/a/sessions");
+
+    void Put(const QString& name, const QByteArray& bytes) {
+        ASSERT_TRUE(QDir().mkpath(m_folder));
+        QFile file(m_folder + QLatin1Char('/') + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+    /// How a write went, once that is known.
+    static Outcome Wait(const std::function<void(SessionFiles::Written)>& write) {
+        std::optional<Outcome> outcome;
+        write([&](Outcome told) { outcome = told; });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return outcome.has_value(); }, 60000));
+        return outcome.value_or(Outcome::Failed);
+    }
+    static Outcome Own(QtSessionFiles& files, const std::string& bytes) {
+        return Wait([&](SessionFiles::Written done) { files.WriteOwn(bytes, std::move(done)); });
+    }
+    static Outcome Rewrite(QtSessionFiles& files, TextView id, const std::string& bytes) {
+        return Wait([&](SessionFiles::Written done) { files.Rewrite(id, bytes, std::move(done)); });
+    }
+    [[nodiscard]] QStringList Files() const { return QDir(m_folder).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+    [[nodiscard]] std::string Earlier(QtSessionFiles& files) const {
+        std::string all;
+        for (const KeptSession& kept : files.Earlier()) all += (all.empty() ? "" : " ") + kept.Bytes;
+        return all;
+    }
+};
+
+TEST_F(QtSessionFilesTest, NothingIsMadeBeforeSomethingIsWritten) {
+    QtSessionFiles files(m_folder);
+    EXPECT_TRUE(files.Earlier().empty());
+    EXPECT_EQ(Own(files, {}), Outcome::Done);
+    EXPECT_FALSE(QFileInfo::exists(m_folder));
+}
+
+TEST_F(QtSessionFilesTest, WhatWasWrittenLastIsOnDiskWhenTheObjectEnds) {
+    {
+        QtSessionFiles files(m_folder);
+        for (int i = 0; i < 50; ++i) files.WriteOwn("state " + std::to_string(i), [](Outcome) {});
+        EXPECT_TRUE(files.Earlier().empty()) << "the session that runs is not an earlier one";
+    }
+    ASSERT_EQ(Files().size(), 1) << Files().join(u' ').toStdString();
+    QFile file(m_folder + QLatin1Char('/') + Files().constFirst());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "state 49");
+    EXPECT_EQ(int(QFileInfo(m_folder).permissions()) & 0x0077, 0) << "what somebody reads is nobody else's business";
+}
+
+TEST_F(QtSessionFilesTest, NoBytesRemoveTheSession) {
+    {
+        QtSessionFiles files(m_folder);
+        EXPECT_EQ(Own(files, "state"), Outcome::Done);
+        EXPECT_EQ(Own(files, {}), Outcome::Done);
+    }
+    EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(QtSessionFilesTest, TheLastTenAreKeptNewestFirst) {
+    for (int i = 10; i < 23; ++i) Put(QStringLiteral("000000000000%1-7.session").arg(i), QByteArray::number(i));
+    Put(QStringLiteral("00000000000010-7.session.lock"), {});
+    Put(QStringLiteral("notes.txt"), "mine");
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Earlier(files), "22 21 20 19 18 17 16 15 14 13");
+    EXPECT_EQ(Files().size(), 11);
+    EXPECT_TRUE(Files().contains(QStringLiteral("notes.txt")));
+}
+
+TEST_F(QtSessionFilesTest, TheNewestStaysTheNewestWhenTheClockIsSetBack) {
+    for (int i = 10; i < 20; ++i) Put(QStringLiteral("900000000000%1-7.session").arg(i), QByteArray::number(i));
+    for (const char* bytes : {"first", "second"}) {
+        QtSessionFiles files(m_folder);
+        EXPECT_EQ(Own(files, bytes), Outcome::Done);
+    }
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Earlier(files), "second first 19 18 17 16 15 14 13 12");
+}
+
+TEST_F(QtSessionFilesTest, ANameThatIsNoTimeDoesNotLeadTheOthersAstray) {
+    for (const char* name : {"99999999999999-7.session", "1234567890123456789-7.session", "x-7.session", ".session"})
+        Put(QLatin1String(name), "odd");
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Own(files, "own"), Outcome::Done);
+    const QStringList own = Files().filter(QString::number(QCoreApplication::applicationPid()));
+    ASSERT_EQ(own.size(), 2) << "the session and its lock";
+    EXPECT_EQ(own.constFirst().indexOf(u'-'), 14) << own.constFirst().toStdString();
+}
+
+TEST_F(QtSessionFilesTest, AnEarlierSessionIsRewrittenAndRemoved) {
+    Put(QStringLiteral("1-1.session"), "old");
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Rewrite(files, u"1-1.session", "new"), Outcome::Done);
+    EXPECT_EQ(Earlier(files), "new");
+    EXPECT_EQ(Rewrite(files, u"1-1.session", {}), Outcome::Done);
+    EXPECT_EQ(Earlier(files), "");
+    EXPECT_EQ(Rewrite(files, u"1-1.session", "again"), Outcome::Failed);
+    EXPECT_EQ(Rewrite(files, u"../1-1.session", "outside"), Outcome::Failed);
+}
+
+TEST_F(QtSessionFilesTest, AFolderThatCannotBeMadeIsReported) {
+    QFile blocking(m_home.path() + QStringLiteral("/a"));
+    ASSERT_TRUE(blocking.open(QIODevice::WriteOnly));
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Own(files, "state"), Outcome::Failed);
+    EXPECT_TRUE(files.Earlier().empty());
+}
+
+TEST_F(QtSessionFilesTest, ADiskThatFillsUpIsReportedForEachWriteThatFails) {
+    QtSessionFiles files(m_folder);
+    EXPECT_EQ(Own(files, "state one"), Outcome::Done);
+    {
+        const FullDisk full;
+        EXPECT_EQ(Own(files, "state two"), Outcome::Failed);
+        EXPECT_EQ(Own(files, "state three"), Outcome::Failed);
+    }
+    EXPECT_EQ(Files().size(), 2) << "the lock, the old state, and nothing half written";
+    EXPECT_EQ(Own(files, "state four"), Outcome::Done);
+}
+
+/// Another program that has its session written and then lives on.
+class OtherProgram {
+public:
+    explicit OtherProgram(const QString& folder) {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("ROLE_FOLDER"), folder);
+        m_process.setProcessEnvironment(environment);
+        m_process.start(QCoreApplication::applicationFilePath(),
+                        {QStringLiteral("--gtest_also_run_disabled_tests"), QStringLiteral("--gtest_brief=1"),
+                         QStringLiteral("--gtest_filter=Role.DISABLED_WriteAndStay")});
+        while (!m_process.readLine().contains("written")) {
+            if (!m_process.canReadLine() && !m_process.waitForReadyRead(60000)) break;
+        }
+    }
+    void Kill() {
+        m_process.kill();
+        m_process.waitForFinished(60000);
+    }
+
+private:
+    QProcess m_process;
+};
+
+TEST_F(QtSessionFilesTest, AnotherProgramsSessionIsAnEarlierOneOnceItHasEnded) {
+    OtherProgram other(m_folder);
+    QtSessionFiles files(m_folder);
+    ASSERT_FALSE(Files().isEmpty());
+    EXPECT_EQ(Earlier(files), "");
+    other.Kill();
+    EXPECT_EQ(Earlier(files), "of another");
+}
+
+TEST(QtSessionOffer, ShowsHowManyPagesAndTakesOneAnswer) {
+    QtSessionOffer offer(nullptr);
+    int reopened = 0, dismissed = 0, all = 0, changed = 0;
+    offer.Reopen = [&] { ++reopened; };
+    offer.Dismiss = [&] { ++dismissed; };
+    offer.ShowAll = [&] { ++all; };
+    offer.Changed = [&] { ++changed; };
+    const auto click = [&](const char* name) {
+        QTest::mouseClick(offer.findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
+    };
+    EXPECT_FALSE(offer.isVisible());
+    offer.Offer(1, QStringLiteral("Today: one"));
+    EXPECT_TRUE(offer.findChild<QLabel*>()->text().contains(QStringLiteral("One page")));
+    EXPECT_EQ(offer.findChild<QLabel*>(QStringLiteral("lblWhich"))->text(), QStringLiteral("Today: one"));
+    click("cmdEarlier");
+    EXPECT_TRUE(offer.isVisible()) << "looking at the list is no answer";
+    click("cmdReopen");
+    EXPECT_FALSE(offer.isVisible());
+    offer.Offer(40, {});
+    EXPECT_TRUE(offer.findChild<QLabel*>(QStringLiteral("lblWhich"))->isHidden());
+    EXPECT_TRUE(offer.findChild<QLabel*>()->text().contains(QStringLiteral("40 pages")));
+    click("cmdNotNow");
+    EXPECT_FALSE(offer.isVisible());
+    EXPECT_EQ(reopened, 1);
+    EXPECT_EQ(dismissed, 1);
+    EXPECT_EQ(all, 1);
+    EXPECT_EQ(changed, 4);
+}
+
+// What the other program does, alone in a process of its own.
+TEST(Role, DISABLED_WriteAndStay) {
+    QtSessionFiles files(qEnvironmentVariable("ROLE_FOLDER"));
+    files.WriteOwn("of another", [](Outcome) {});
+    ASSERT_TRUE(files.Earlier().empty()); // waits until it is written
+    std::cout << "written" << std::endl;
+    for (std::string line; std::getline(std::cin, line);) {}
+}
+
+} // namespace

@@ -1,0 +1,123 @@
+#include "sessions/Session.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+Session Three() {
+    return {.Time = 1700000000,
+            .Ended = true,
+            .Settled = true,
+            .Selected = 2,
+            .Blanks = 3,
+            .Pages = {{u"http://one/", u"One"}, {u"http://two/?q=\u00e4", u"\u4e8c"}, {u"http://three/", u""}}};
+}
+
+TEST(Session, ComesBackFromItsBytes) {
+    EXPECT_EQ(SessionFromBytes(SessionBytes(Three())), Three());
+    EXPECT_EQ(SessionFromBytes(SessionBytes({})), Session());
+}
+
+TEST(Session, LineEndsAndTabsInATitleBecomeBlanks) {
+    const Session session{.Pages = {{u"http://one/", u"a\tb\r\npage=c"}}};
+    const auto read = SessionFromBytes(SessionBytes(session));
+    ASSERT_EQ(read->Pages.size(), 1U);
+    EXPECT_EQ(read->Pages[0], (SessionPage{u"http://one/", u"a b  page=c"}));
+}
+
+TEST(Session, IsToldByItsTimeItsFirstTitlesAndItsBlankTabs) {
+    const SessionPage a{u"http://a/", u"A"}, b{u"http://b/", u""};
+    using Pages = std::vector<SessionPage>;
+    EXPECT_EQ(SessionWords({.Pages = {a}}, u"Today, 10:14"), u"Today, 10:14: \u201cA\u201d");
+    EXPECT_EQ(SessionWords({.Pages = {a, b}}, u""), u"\u201cA\u201d and \u201chttp://b/\u201d");
+    EXPECT_EQ(SessionWords({.Blanks = 1, .Pages = {a}}, u""), u"\u201cA\u201d and a blank tab");
+    EXPECT_EQ(SessionWords({.Pages = Pages(4, a)}, u""),
+              u"\u201cA\u201d, \u201cA\u201d, \u201cA\u201d and \u201cA\u201d");
+    EXPECT_EQ(SessionWords({.Blanks = 2, .Pages = Pages(5, a)}, u""),
+              u"\u201cA\u201d, \u201cA\u201d, \u201cA\u201d, 2 more pages and 2 blank tabs");
+    const SessionPage lengthy{u"http://l/", Text(60, u'l')};
+    EXPECT_EQ(SessionWords({.Pages = {lengthy}}, u""), u"\u201c" + Text(40, u'l') + u"...\u201d");
+}
+
+TEST(Session, AnythingElseIsNone) {
+    for (const std::string_view bytes : {"", "\n", "page=http://one/\n", "TessaView session 2\npage=a\n",
+                                         "TessaView session 1", "TessaView session 1\r\n"})
+        EXPECT_EQ(SessionFromBytes(bytes), std::nullopt) << bytes;
+}
+
+TEST(Session, OfATextThatBreaksOffTheWholeLinesCount) {
+    const std::string whole = SessionBytes(Three());
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        const auto read = SessionFromBytes(whole.substr(0, length));
+        if (!read) continue;
+        EXPECT_LE(read->Selected, read->Pages.size());
+        for (std::size_t i = 0; i < read->Pages.size(); ++i) EXPECT_EQ(read->Pages[i], Three().Pages[i]);
+    }
+    EXPECT_EQ(SessionFromBytes(whole.substr(0, whole.size() - 1))->Pages.size(), 2U);
+}
+
+TEST(Session, NumbersThatAreNoneAreZeroAndHugeOnesEnd) {
+    const auto read = SessionFromBytes("TessaView session 1\ntime=x\nselected=-1\nended=2\npage=a\n");
+    EXPECT_EQ(read->Time, 0);
+    EXPECT_EQ(read->Selected, 0U);
+    EXPECT_FALSE(read->Ended);
+    const auto huge = SessionFromBytes("TessaView session 1\ntime=" + std::string(400, '9') + "\nselected=99999\n");
+    EXPECT_GT(huge->Time, 0);
+    EXPECT_EQ(huge->Selected, 0U);
+}
+
+TEST(Session, AnyBytesAreReadSoundlyAndComeBackFromTheirOwn) {
+    std::minstd_rand random(4711);
+    const std::string_view pieces[] = {"TessaView session 1\n",
+                                       "page=",
+                                       "time=",
+                                       "ended=",
+                                       "settled=",
+                                       "selected=",
+                                       "\n",
+                                       "\r\n",
+                                       "\t",
+                                       "=",
+                                       "1",
+                                       "99999999999",
+                                       "-",
+                                       "http://one/",
+                                       std::string_view("\0", 1),
+                                       "\x1B",
+                                       "\xC3\xA4",
+                                       "\xED\xA0\x80",
+                                       "\x81",
+                                       "\xFF"};
+    for (int round = 0; round < 5000; ++round) {
+        std::string bytes(random() % 8 ? pieces[0] : std::string_view());
+        for (auto i = random() % 60; i > 0; --i) bytes += pieces[random() % std::size(pieces)];
+        const auto read = SessionFromBytes(bytes);
+        if (!read) continue;
+        EXPECT_LE(read->Selected, read->Pages.size());
+        EXPECT_GE(read->Time, 0);
+        const auto again = SessionFromBytes(SessionBytes(*read));
+        ASSERT_TRUE(again);
+        EXPECT_EQ(again->Pages.size(), read->Pages.size()) << bytes;
+        EXPECT_EQ(SessionFromBytes(SessionBytes(*again)), again) << bytes;
+    }
+}
+
+TEST(Session, ReadsAHundredThousandPagesAndOneOfTenMegabytes) {
+    std::string bytes = "TessaView session 1\nselected=100001\npage=" + std::string(10'000'000, 'x') + '\n';
+    for (int page = 0; page < 100'000; ++page) bytes += "page=http://one/\tOne\n";
+    const auto read = SessionFromBytes(bytes);
+    ASSERT_EQ(read->Pages.size(), 100'001U);
+    EXPECT_EQ(read->Pages[0].Address.size(), 10'000'000U);
+    EXPECT_EQ(read->Selected, 100'001U);
+}
+
+TEST(Session, BlankPagesAndTheHomePageAreNotWorthKeeping) {
+    EXPECT_FALSE(IsWorthKeeping(u""));
+    EXPECT_FALSE(IsWorthKeeping(u"about:blank"));
+    EXPECT_FALSE(IsWorthKeeping(u"tessaview:start"));
+    EXPECT_TRUE(IsWorthKeeping(u"http://one/"));
+    EXPECT_TRUE(IsWorthKeeping(u"about:blank#top"));
+}
+
+} // namespace

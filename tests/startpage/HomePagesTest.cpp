@@ -1,0 +1,53 @@
+#include "startpage/HomePages.h"
+
+#include "startpage/StartPage.h"
+#include "tests/Desk.h"
+
+namespace {
+
+/// Three tabs, of which the first and the third show the home page.
+class HomePagesTest : public testing::Test {
+protected:
+    HomePagesTest() {
+        m_desk.StartWithTabs(3);
+        for (const int index : {1, 3}) m_desk.PageLoads(index, StartPage::kAddress, u"TessaView");
+        m_desk.PageLoads(2, u"http://a/", u"A");
+        for (const int index : {1, 2, 3}) m_desk.views.Calls(index);
+    }
+    HomePages::Shown Refresh() { return HomePages::Refresh(m_desk.main.pcPage, m_desk.main.Browser); }
+    /// What was asked of the views: "1:refresh 2: 3:refresh".
+    std::string Calls() {
+        std::string all;
+        for (const int index : {1, 2, 3})
+            all += (all.empty() ? "" : " ") + std::to_string(index) + ":" + m_desk.views.Calls(index);
+        return all;
+    }
+
+    Desk m_desk;
+};
+
+TEST_F(HomePagesTest, EveryHomePageIsMadeAnewAndNoOtherPage) {
+    EXPECT_EQ(Refresh(), HomePages::Shown::Now);
+    EXPECT_EQ(Calls(), "1:refresh 2: 3:refresh");
+}
+
+TEST_F(HomePagesTest, WhatTheUserHasTypedIsNotLost) {
+    m_desk.views.At(1).activity.HoldsInput = true;
+    EXPECT_EQ(Refresh(), HomePages::Shown::Now);
+    EXPECT_EQ(Calls(), "1: 2: 3:refresh");
+}
+
+TEST_F(HomePagesTest, OneThatLoadsIsSeenToAgain) {
+    m_desk.views.At(3).activity.Loading = true;
+    EXPECT_EQ(Refresh(), HomePages::Shown::Later);
+    EXPECT_EQ(Calls(), "1:refresh 2: 3:");
+}
+
+TEST_F(HomePagesTest, OneThatSleepsOrHasNoPageYetIsLeftAlone) {
+    m_desk.views.At(1).asleep = true;
+    m_desk.views.At(3).hasLife = false;
+    EXPECT_EQ(Refresh(), HomePages::Shown::Now);
+    EXPECT_EQ(Calls(), "1: 2: 3:");
+}
+
+} // namespace

@@ -1,0 +1,26 @@
+#include "window/frmDefBrowser.h"
+
+#include "settings/SettingsStore.h"
+
+frmDefBrowser::frmDefBrowser(SettingsStorageFactory& settings, DefaultBrowser& helper, Text programPath)
+    : m_settings(settings), m_helper(helper), m_programPath(std::move(programPath)) {
+    // The question comes only while it is wanted at every start.
+    Check1.Tick(true);
+    cmdYes.Click = [this] { cmdYes_Click(); };
+    cmdNo.Click = [this] { cmdNo_Click(); };
+}
+
+void frmDefBrowser::cmdYes_Click() {
+    ResumeNext(m_helper.MakeDefault(kProgramName, m_programPath));
+    StopAskingIfUnchecked();
+    Form.Visible = false;
+}
+
+void frmDefBrowser::cmdNo_Click() {
+    StopAskingIfUnchecked();
+    Form.Visible = false;
+}
+
+void frmDefBrowser::StopAskingIfUnchecked() {
+    if (!Check1.Ticked()) ResumeNext(SettingsStore(m_settings).AskDefaultBrowser.Set(false));
+}

@@ -1,0 +1,301 @@
+#include "window/frmMain.h"
+
+#include "address/Endpoints.h"
+#include "base/Address.h"
+#include "base/Captions.h"
+#include "base/LinkTrust.h"
+#include "base/os/Log.h"
+#include "commands/DesignTimeBar.h"
+#include "commands/PageMenu.h"
+#include "commands/TabMoreCommands.h"
+#include "downloads/DownloadWords.h"
+#include "groups/TessaGroups.h"
+#include "sessions/frmSessions.h"
+#include "settings/frmSettings.h"
+#include "startpage/StartPage.h"
+#include "tabs/TabKeys.h"
+#include "window/MainCommands.h"
+#include "window/MainLoad.h"
+#include "window/MainUnload.h"
+#include "window/frmSplash.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+/// Of the pages that hold their user, as many as anybody reads, and as much of their names.
+constexpr std::size_t kMostHolders = 8;
+constexpr std::size_t kLongestHolder = 80;
+
+} // namespace
+
+frmMain::frmMain(MainWindowPlatform platform)
+    : Platform(std::move(platform)),
+      Events(Tabs, Browser),
+      Browser(Platform.views, Events),
+      Tabs(pcPage, Browser, actBar, sbStatus, Platform.messages),
+      Groups({Tabs, pcPage, Browser, sbStatus, Platform.messages, Platform.files, Platform.groupFolder}),
+      Closed(Tabs, pcPage, Browser),
+      StripInput(Tabs, pcPage, Browser, actBar),
+      Pages(Tabs, actBar, Platform.settings),
+      Boxes(Tabs, actBar),
+      Commands{Tabs,
+               pcPage,
+               StripInput,
+               actBar,
+               Pages,
+               Groups,
+               Closed,
+               Platform.files,
+               Platform.messages,
+               Platform.groupFolder,
+               Platform.favoritesFolder,
+               Platform.commands},
+      Sessions(Platform.sessions, Tabs, pcPage, Browser),
+      Layout(actBar, Platform.layout),
+      Menus(Commands, Platform.folderWatch),
+      Favorite(Commands, {Platform.trash, Platform.showAddFavorite, Platform.showOrganizeFavorites}),
+      Downloads(Platform.downloads, Platform.downloadsFile),
+      DownloadPanel(Downloads),
+      Sleep(pcPage, Browser),
+      Relief(pcPage, Sleep),
+      TaskView(pcPage, Browser),
+      m_dispatcher(Commands) {
+    DesignTimeBar::Make(actBar);
+    WireParts();
+}
+
+void frmMain::WireParts() {
+    Tabs.PlaceView = [this](ArrayView& view) { PlaceView(view); };
+    Tabs.Resize = [this] { Form_Resize(); };
+    Tabs.CloseWindow = [this] { Platform.window.Close(); };
+    actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
+    actBar.BandOpen = [this](Band& band) { Menus.BandOpen(band); };
+    actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); };
+    Tabs.Closing = [this](std::int32_t index) {
+        Closed.Remember(index);
+        Groups.PageDone(index);
+    };
+    Tabs.ClosingSeveral = [this](const std::function<void()>& close) {
+        Closed.BeginSeveral();
+        close();
+        Closed.EndSeveral();
+    };
+    Tabs.Blanking = [this](std::int32_t index) { Closed.RememberBlanked(index); };
+    Closed.Changed = [this] { TabMoreCommands::ShowReopen(Commands); };
+    StripInput.Opening = [this] { TabMoreCommands::ShowState(Commands); };
+    pcPage.Touched = [this] {
+        Sessions.Touch();
+        Sleep.Touch();
+    };
+    Events.ShowMenu = [this](std::int16_t Index, const PageContext& Context) {
+        PageMenu::Open(Commands, Index, Context);
+    };
+    Events.Navigated = [this] { Sessions.Touch(); };
+    Pages.ApplyLoadOptions = Platform.applyLoadOptions;
+    MainCommands::Fill(Commands.host, *this);
+    Layout.Say = [this](TextView message) { Tabs.ShowStatusText(message); };
+    Sessions.Say = Layout.Say;
+    Layout.TryAgain = [this] {
+        if (RetryLater) RetryLater();
+    };
+    Downloads.TryAgain = Layout.TryAgain;
+    Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
+    Commands.host.ShowAbout = [this] { ShowAbout(); };
+    Commands.host.ShowSessions = [this] { ShowSessions(); };
+    Commands.host.ShowTaskView = [this] {
+        TaskView.Form.Visible = true;
+        if (TaskView.ShowItself) TaskView.ShowItself();
+    };
+    Commands.host.Exit = [this] { Platform.window.Close(); };
+    WireGroups();
+    WireDownloads();
+    WireSleep();
+    m_dispatcher.DisableUnavailable();
+    TabMoreCommands::ShowReopen(Commands);
+}
+
+void frmMain::WireGroups() {
+    Events.Loaded = [this](std::int16_t Index) {
+        Groups.PageDone(Index);
+        Relief.Loaded(Index);
+    };
+    Groups.ShowEditor = Platform.showTessaGroup;
+    Commands.host.AddToTessaGroup = [this](TextView URL, TextView SGFile) { AddToTessaGroup(URL, SGFile); };
+    Commands.host.SaveAsTessaGroup = [this](TextView path) { Groups.SaveAsTessaGroup(path); };
+    Commands.host.OrganizeTessaGroup = [this](TextView path) { OrganizeTessaGroup(path); };
+    Commands.host.OrganizeTessaGroups = [this] { Groups.OrganizeTessaGroups(); };
+    Commands.host.MoveToTrash = [this](TextView path) { return Platform.trash.Take(path); };
+}
+
+void frmMain::WireDownloads() {
+    Downloads.Changed = [this] {
+        for (const TextView name : {u"xtrMore", u"xtrDownloads"}) {
+            if (auto* tool = actBar.Find(name)) tool->Badge = Downloads.CountActive();
+        }
+        DownloadPanel.Touch();
+        sbStatus.Saving.Caption = DownloadWords::Progress(Downloads);
+        sbStatus.Saving.Visible = Downloads.CountActive() > 0;
+    };
+    Downloads.Say = [this](TextView message) { Tabs.Say(message); };
+    Downloads.Complain = [this](TextView message) { Tabs.ShowStatusText(message); };
+    sbStatus.Saving.Click = [this] { DownloadPanel.Form.Visible = true; };
+    Commands.host.DownloadFolder = [this] { return Platform.downloads.Folder(); };
+    Commands.host.ToggleDownloads = [this] { DownloadPanel.Form.Visible = !DownloadPanel.Form.Visible(); };
+    DownloadPanel.TimeText = Platform.timeText;
+    DownloadPanel.Shown = [this](bool shown) {
+        if (auto* tool = actBar.Find(u"xtrDownloads")) tool->Checked = shown;
+    };
+}
+
+void frmMain::WireSleep() {
+    Tabs.Opened = [this](std::int32_t index) { Sleep.Opened(index); };
+    Relief.Say = [this](TextView words) { Tabs.Say(words); };
+}
+
+void frmMain::Form_Load(TextView commandLine) {
+    if (m_stage != Stage::New) return;
+    m_stage = Stage::Loaded;
+    MainLoad::Prepare(*this);
+    if (auto* view = Tabs.PrepareFirstTab()) OpenCommandLine(*view, commandLine);
+    MainLoad::Restore(*this);
+    Downloads.Load();
+}
+
+void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
+    if (commandLine.empty()) {
+        ResumeNext(view.GoHome());
+    } else if (GroupCommands::IsGroupFile(commandLine)) {
+        ResumeNext(view.Navigate(Address::kBlank));
+        OpenTessaGroup(commandLine);
+    } else {
+        m_openedFromCommandLine = true;
+        OpenGiven(view, commandLine);
+    }
+}
+
+void frmMain::OpenGiven(BrowserView& view, TextView text) {
+    if (TrustOf(text, LinkSource::HandOver) == LinkTrust::Open) return ResumeNext(view.Navigate(text));
+    Tabs.ShowStatusText(u"What TessaView was to open is no page. It was not opened.");
+}
+
+void frmMain::OpenStartLink(std::string_view link) {
+    const auto words = StartPage::WordsOf(link);
+    auto* view = words ? Tabs.CurrentView() : nullptr;
+    if (view) return ResumeNext(view->Control->Navigate(Text(Endpoints::kSearch) + *words));
+    const auto name = StartPage::GroupOf(link);
+    // Only what the folder lists is a group: a name is no path.
+    CKeyValues groups = name ? TessaGroups::List(Platform.groupFolder) : CKeyValues();
+    const auto* group = name ? groups.FindItem(*name) : nullptr;
+    if (group) OpenTessaGroup(Text(group->Value));
+}
+
+void frmMain::RetryWrites() {
+    Layout.SaveAgain();
+    Downloads.WriteAgain();
+}
+
+void frmMain::Form_Activate() {
+    Platform.splash.Unload();
+    if (m_activated || m_stage != Stage::Loaded) return;
+    m_activated = true;
+    if (RememberLastSites && !m_openedFromCommandLine) MainLoad::ReopenLastSites(*this);
+    OfferSession();
+}
+
+void frmMain::OfferSession() {
+    const auto session = Platform.offerSession ? Sessions.ToOffer() : std::nullopt;
+    if (session) {
+        Platform.offerSession(session->first, session->second);
+    } else if (Platform.withdrawOffer) {
+        Platform.withdrawOffer();
+    }
+}
+
+void frmMain::ShowSessions() {
+    frmSessions form(Sessions, {Platform.files, Platform.messages, Platform.groupFolder, Platform.timeText});
+    if (Platform.showSessions) Platform.showSessions(form);
+    if (form.SavedGroup) Commands.groupsMenuStale = true;
+    // What was offered may have been reopened or forgotten in the list.
+    OfferSession();
+}
+
+void frmMain::Form_Resize() {
+    Platform.window.MoveTabStrip(MainLayout::TabStripPlace(LayoutInputs()));
+    if (auto* view = Tabs.CurrentView()) PlaceView(*view);
+}
+
+bool frmMain::Form_QueryUnload() {
+    if (m_stage != Stage::Loaded) return true;
+    if (!m_left && !PagesLetGo()) return false;
+    // When the window stays after all, its pages are asked anew the next time.
+    m_left = false;
+    const std::size_t running = Downloads.CountActive();
+    return running == 0 || Platform.messages.AskOwn(DownloadWords::ExitQuestion(running));
+}
+
+bool frmMain::PagesLetGo() {
+    // The answer may come when this has long returned.
+    const auto atOnce = std::make_shared<bool>(true);
+    Tabs.Leaving.FindHolders([this, atOnce](const std::vector<std::int32_t>& holders) {
+        m_left = holders.empty() || UserLeaves(holders);
+        if (m_left && !*atOnce) Platform.window.Close();
+    });
+    *atOnce = false;
+    return m_left;
+}
+
+bool frmMain::UserLeaves(const std::vector<std::int32_t>& holders) {
+    const auto count = static_cast<std::int64_t>(holders.size());
+    OwnQuestion question{count == 1 ? Text(u"A page holds unsent text") : Decimal(count) + u" pages hold unsent text",
+                         {},
+                         u"&Stay",
+                         u"&Leave"};
+    for (std::size_t i = 0; i < std::min(holders.size(), kMostHolders); ++i) {
+        const auto* tab = TabOfView(pcPage, holders[i]);
+        if (tab) question.Details += OneLine(FirstUnits(tab->Caption(), kLongestHolder)) + u"\n";
+    }
+    if (holders.size() > kMostHolders) question.Details += u"...";
+    if (Platform.messages.AskOwn(question)) return true;
+    if (auto* tab = TabOfView(pcPage, holders.front())) pcPage.Select(tab);
+    return false;
+}
+
+void frmMain::Form_Unload() {
+    if (m_stage != Stage::Loaded) return;
+    m_stage = Stage::Unloaded;
+    Log::Note(LogLevel::Info, LogPart::Program, "ends, tabs", static_cast<std::int64_t>(pcPage.Count()));
+    TaskView.Form.Visible = false;
+    Sleep.SetPatience({});
+    Relief.End();
+    MainUnload::Save(*this);
+    Sessions.End();
+    Downloads.End();
+    Browser.UnloadAll();
+    Menus.ReleasePictures();
+    if (Unloaded) Unloaded();
+}
+
+MainLayout::Inputs frmMain::LayoutInputs() const {
+    const auto& window = Platform.window;
+    return {window.InnerWidth(), window.InnerHeight(), sbStatus.Visible() ? sbStatus.Height : Pixels{0},
+            pcPage.RowHeight, pcPage.Placement()};
+}
+
+void frmMain::PlaceView(ArrayView& view) {
+    if (Platform.window.State() == WindowState::Minimized) return;
+    view.Place(MainLayout::ViewPlace(LayoutInputs()));
+}
+
+void frmMain::ShowAbout() {
+    frmSplash form;
+    form.ShowButton();
+    if (Platform.showAbout) Platform.showAbout(form);
+}
+
+void frmMain::ShowSettingsDialog() {
+    frmSettings form(Platform.settings);
+    if (Platform.showSettings) Platform.showSettings(form);
+    if (form.Apply) MainLoad::ApplySettings(*this);
+}

@@ -1,0 +1,189 @@
+#pragma once
+#include "address/AddressBoxes.h"
+#include "bar/LayoutKeeper.h"
+#include "commands/Dispatcher.h"
+#include "commands/FavoriteCommands.h"
+#include "commands/RuntimeMenus.h"
+#include "downloads/frmDownloads.h"
+#include "groups/GroupCommands.h"
+#include "platform/Application.h"
+#include "platform/DefaultBrowser.h"
+#include "platform/LayoutFile.h"
+#include "platform/MainWindow.h"
+#include "platform/SettingsStorage.h"
+#include "platform/Shell.h"
+#include "sessions/SessionJournal.h"
+#include "settings/SiteChoice.h"
+#include "tabs/BrowserEvents.h"
+#include "tabs/MemoryRelief.h"
+#include "tabs/TabSleep.h"
+#include "tabs/frmTaskView.h"
+#include "window/MainKeyboard.h"
+#include "window/MainLayout.h"
+#include "window/Report.h"
+
+#include <functional>
+
+struct BrowsingData;
+enum class Cleared;
+class frmDefBrowser;
+class frmInternetOptions;
+class frmResize;
+class frmSessions;
+class frmSettings;
+class frmSplash;
+
+/// What the main window needs of the world outside; all of it outlives the window.
+struct MainWindowPlatform {
+    MainWindow& window;
+    BrowserViewFactory& views;
+    SettingsStorageFactory& settings;
+    MessageBoxes& messages;
+    FileDialogs& files;
+    SplashWindow& splash;
+    SessionFiles& sessions;
+    LayoutFile& layout;
+    DefaultBrowser& defaultBrowser;
+    Shell& shell;
+    FolderWatch& folderWatch;
+    Trash& trash;
+    DownloadDesktop& downloads;
+    /// Shows the settings dialog and returns when it is hidden.
+    std::function<void(frmSettings&)> showSettings;
+    /// Shows the question about the default browser and returns when it is hidden.
+    std::function<void(frmDefBrowser&)> showDefBrowser;
+    /// Shows the About box and returns when it is hidden.
+    std::function<void(frmSplash&)> showAbout;
+    /// Shows the dialog for the width of a box and returns when it is hidden.
+    std::function<void(frmResize&)> showResize;
+    /// Show a dialog of Favorites and return when it is hidden.
+    std::function<void(frmAddFavorite&)> showAddFavorite{};
+    std::function<void(frmOrganizeFavorites&)> showOrganizeFavorites{};
+    /// The full path of the running program.
+    Text programPath;
+    /// Where TessaGroup files lie, with the separator at the end.
+    Text groupFolder;
+    /// Where Favorites lie, without a separator at the end. Empty when there is no such folder, which may come later.
+    Text favoritesFolder{};
+    /// Where the list of downloads is kept; empty for nowhere.
+    Text downloadsFile{};
+    /// Operations outside the core that commands run; the window adds its own. A command without its operation is
+    /// disabled.
+    CommandHost commands{};
+    /// Offers to reopen the pages of a session that ended badly; the user answers later, or never.
+    std::function<void(TextView id, const Session& session)> offerSession{};
+    /// Takes the offer back: there is nothing left to reopen.
+    std::function<void()> withdrawOffer{};
+    /// Shows the list of earlier sessions and returns when it is hidden.
+    std::function<void(frmSessions&)> showSessions{};
+    /// A time in seconds since 1970 as a person reads it.
+    std::function<Text(std::int64_t)> timeText{};
+    /// Puts the stored load switches into effect for the engine.
+    std::function<void()> applyLoadOptions{};
+    /// Shows the editor of a TessaGroup and returns when it is hidden.
+    std::function<void(frmTessaGroup&)> showTessaGroup{};
+    /// Shows the Internet Options and returns when they are hidden.
+    std::function<void(frmInternetOptions&)> showInternetOptions{};
+    /// Puts the stored Internet Options into effect for the engine.
+    std::function<void()> applyInternetOptions{};
+    /// What the user has decided for sites, as the Internet Options list it.
+    SiteChoices siteChoices{};
+    /// Has the engine forget what it keeps of where pages have been, and tells when it has, which may never come.
+    std::function<void(const BrowsingData&, std::function<void(Cleared)> done)> clearBrowsingData{};
+    /// Asks for a folder, beginning at the one given; empty when the user changed his mind.
+    std::function<Text(TextView folder)> chooseFolder{};
+    /// What the program knows about itself, for a report.
+    std::function<Report::Facts()> reportFacts{};
+};
+
+/// The main window: owns its controls and parts, and forwards to them.
+class frmMain {
+public:
+    explicit frmMain(MainWindowPlatform platform);
+
+    /// Builds the window while it is hidden and opens the command line: nothing (the home page), a TessaGroup, or
+    /// an address. Runs once.
+    void Form_Load(TextView commandLine);
+    /// The first activation reopens the last sites; later ones do nothing.
+    void Form_Activate();
+    /// Lays out the tab strip and the selected view.
+    void Form_Resize();
+    /// Whether the window may close; asks the user when pages hold unsent text, and while downloads run. Pages answer
+    /// in a while: the window then stays, and closes itself.
+    [[nodiscard]] bool Form_QueryUnload();
+    /// Saves what the next start needs and ends the views. Runs once.
+    void Form_Unload();
+
+    BrowserView* GetNewBrowser(InFront inFront) { return Tabs.GetNewBrowser(inFront); }
+    /// Goes to what the program was started with, or what a later start hands over; not to what is no page.
+    void OpenGiven(BrowserView& view, TextView text);
+    void OpenTessaGroup(TextView TessaGroup) { Groups.OpenTessaGroup(TessaGroup); }
+    void AddToTessaGroup(TextView URL, TextView SGFile) { Groups.AddToTessaGroup(URL, SGFile); }
+    void OrganizeTessaGroup(TextView sFileName) { Groups.OrganizeTessaGroup(sFileName); }
+    /// Follows a link of the home page, which opens a TessaGroup or searches. Any other address does nothing.
+    void OpenStartLink(std::string_view link);
+    /// Writes again what could not be written; when a while has gone by since `RetryLater` asked for it.
+    void RetryWrites();
+    void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
+    /// The address box and the search box.
+    [[nodiscard]] ComboTool* AddressCombo() const { return Tabs.AddressCombo(); }
+    [[nodiscard]] ComboTool* SearchCombo() const { return actBar.FindCombo(u"cboSearch"); }
+    void actBar_Click(const Tool& tool) { m_dispatcher.actBar_Click(tool); }
+    /// Every key goes down here first; one that was used is no longer for the control that has the keyboard.
+    KeyUsed Form_KeyDown(KeyStroke key) { return MainKeyboard::Form_KeyDown(*this, key); }
+    KeyUsed Form_KeyUp(KeyStroke key) { return MainKeyboard::Form_KeyUp(*this, key); }
+
+    MainWindowPlatform Platform;
+    TabStrip pcPage;
+    StatusBar sbStatus;
+    CommandBar actBar;
+    BrowserEvents Events;
+    ViewArray Browser;
+    TabSet Tabs;
+    GroupCommands Groups;
+    ClosedTabs Closed;
+    TabStripInput StripInput;
+    PageOptions Pages;
+    AddressBoxes Boxes;
+    CommandContext Commands;
+    SessionJournal Sessions;
+    LayoutKeeper Layout;
+    RuntimeMenus Menus;
+    FavoriteCommands Favorite;
+    ::Downloads Downloads;
+    frmDownloads DownloadPanel;
+    TabSleep Sleep;
+    MemoryRelief Relief;
+    frmTaskView TaskView;
+    bool RememberLastSites = true;
+    /// Live copies of settings, where they take effect.
+    bool& OpenNewInFront = Tabs.OpenNewInFront;
+    bool& TGCloseOthersFirst = Groups.TGCloseOthersFirst;
+    /// Filled in by the program's start: what to undo of it once the window's views have ended.
+    std::function<void()> Unloaded;
+    /// Has `RetryWrites` called in a while. Filled in by the program's start.
+    std::function<void()> RetryLater;
+
+private:
+    enum class Stage { New, Loaded, Unloaded };
+
+    void WireParts();
+    void WireGroups();
+    void WireDownloads();
+    void WireSleep();
+    [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
+    void PlaceView(ArrayView& view);
+    void ShowSettingsDialog();
+    void ShowAbout();
+    void OfferSession();
+    void ShowSessions();
+    void OpenCommandLine(BrowserView& view, TextView commandLine);
+    [[nodiscard]] bool PagesLetGo();
+    [[nodiscard]] bool UserLeaves(const std::vector<std::int32_t>& holders);
+
+    Dispatcher m_dispatcher;
+    Stage m_stage = Stage::New;
+    bool m_left = false; ///< all pages have let their user go, or he has left them
+    bool m_activated = false;
+    bool m_openedFromCommandLine = false;
+};
