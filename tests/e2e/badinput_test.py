@@ -149,6 +149,8 @@ class BadInput(unittest.TestCase):
     def test_in_a_folder_that_cannot_be_written_it_runs_and_says_so(self):
         settings = self.write("settings.ini", b"[General]\nTitleLengthLimit=3\n", mode=stat.S_IRUSR)
         os.chmod(self.home, stat.S_IRUSR | stat.S_IXUSR)
+        # Else nobody but root can remove it.
+        self.addCleanup(os.chmod, self.home, stat.S_IRWXU)
         with desk.PageServer() as pages:
             with desk.Program(*OBEYS_PERMISSIONS, pages.address("Garden"), home=self.home) as program:
                 self.wait_status(program, NOT_SAVED)
