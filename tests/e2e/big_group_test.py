@@ -14,7 +14,8 @@ class BigGroup(unittest.TestCase):
     def test_every_address_loads_and_the_menu_answers_meanwhile(self):
         home = desk.state_folder()
         group = os.path.join(home, "big.tvg")
-        with desk.PageServer(hosts=HOSTS) as pages:
+        # The menu is to be there before the pages are, however quick these would be.
+        with desk.PageServer(hosts=HOSTS, answers=COUNT // 10) as pages:
             titles = [f"P{number}" for number in range(COUNT)]
             desk.write_group(group, [pages.address(title, host=1 + i % HOSTS) for i, title in enumerate(titles)])
             with desk.Program(PROGRAM, group, home=home) as program:
@@ -23,7 +24,7 @@ class BigGroup(unittest.TestCase):
                 desk.wait_until(lambda: len(set(pages.requested())) > 20, what="the pages do not load")
                 program.keys("alt+o")
                 program.find("menu item", "Settings...")
-                self.assertLess(len(set(pages.requested())), COUNT, "everything had loaded before the menu was there")
+                pages.answer_all()
                 desk.xdotool("key", "Escape")
                 desk.wait_until(
                     lambda: len(set(pages.requested())) >= COUNT, 120, lambda: f"{len(set(pages.requested()))} pages"

@@ -362,10 +362,12 @@ def press_node(node):
 class PageServer:
     """Pages on 127.0.0.1, 127.0.0.2 and so on, all at one port, so that each is a host of its own to the engine. The
     address says the title: /Garden is a page with the title "Garden". Nobody may store them when they are to be asked for
-    each time. Use it in a `with`."""
+    each time. With `answers`, only so many requests are answered until `answer_all`. Use it in a `with`."""
 
-    def __init__(self, hosts=1, stored=True):
+    def __init__(self, hosts=1, stored=True, answers=None):
         self.stored = stored
+        self.answers = answers
+        self._answers_all = threading.Event()
         self.requests = []  # paths in the order in which they were asked for, the host before them: "127.0.0.1/Garden"
         self._lock = threading.Lock()
         self._servers = []
@@ -381,12 +383,16 @@ class PageServer:
         return self
 
     def __exit__(self, *error):
+        self.answer_all()
         for server in self._servers:
             server.shutdown()
             server.server_close()
 
     def address(self, title, host=1):
         return f"http://127.0.0.{host}:{self.port}/{title}"
+
+    def answer_all(self):
+        self._answers_all.set()
 
     def requested(self):
         with self._lock:
@@ -400,6 +406,9 @@ class PageServer:
                 host = self.server.server_address[0]
                 with pages._lock:
                     pages.requests.append(host + self.path)
+                    waits = pages.answers is not None and len(pages.requests) > pages.answers
+                if waits:
+                    pages._answers_all.wait()
                 title = self.path.strip("/")
                 known = title != "favicon.ico"
                 page = f"<!doctype html><title>{title}</title><h1>{title}</h1>".encode() if known else b""
