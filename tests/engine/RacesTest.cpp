@@ -2,12 +2,15 @@
 // way: whatever comes late finds nothing, and what is left works.
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
+#include "qt/page/QtPageDialog.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>
+#include <QTimer>
 #include <QWebEnginePage>
 #include <csignal>
 #include <random>
+#include <utility>
 
 namespace {
 
@@ -26,6 +29,15 @@ protected:
         server.Page(QStringLiteral("/opens"), "<title>Opens</title><script>window.open('/plain')</script>");
         server.Redirect(QStringLiteral("/moved"), QStringLiteral("/frames"));
         server.Stall(QStringLiteral("/slow"));
+        user.callOnTimeout([this] { AnswerIfAllWait(); });
+        user.start(50);
+    }
+
+    /// When the engine itself shows what a page says, everything waits for the user, this test too.
+    void AnswerIfAllWait() {
+        if (std::exchange(m_seen, m_steps) != m_steps) return;
+        for (auto* dialog : desk.window.findChildren<QtPageDialog*>())
+            if (dialog->isVisible() && dialog->Accepted) return dialog->Accepted();
     }
 
     std::size_t Dice(std::size_t sides) { return std::uniform_int_distribution<std::size_t>(0, sides - 1)(m_random); }
@@ -60,6 +72,7 @@ protected:
     }
 
     void Step() {
+        ++m_steps;
         switch (Dice(10)) {
         case 0:
         case 1:
@@ -85,9 +98,12 @@ protected:
 
     LocalServer server;
     EngineDesk desk;
+    QTimer user;
 
 private:
     std::mt19937 m_random{kSeed};
+    int m_steps = 0;
+    int m_seen = 0;
 };
 
 TEST_F(Races, WhateverOvertakesWhatTheProgramLivesOn) {
