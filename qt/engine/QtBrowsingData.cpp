@@ -79,6 +79,9 @@ void QtBrowsingData::ClearVisits(qint64 seconds, QWebEngineProfile& profile) {
         if (visit.value() >= since) recent << visit.key();
     }
     profile.clearVisitedLinks(recent);
+    // The engine has open pages look at their links again before it forgets these. A page that is quicker keeps their
+    // look, so all pages look once more, now that they are forgotten.
+    profile.clearVisitedLinks(recent);
 }
 
 // Should the program end before the engine has answered, sites' files go at the next start.
