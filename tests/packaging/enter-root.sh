@@ -1,25 +1,30 @@
 #!/bin/sh
-# Runs a command as an ordinary user in a system of its own:  enter-root.sh ROOT COMMAND [ARGUMENT ...]
+# Runs a command as a user, given by number, in a system of its own:  enter-root.sh ROOT UID HOME COMMAND [ARGUMENT ...]
 # Needs root, in a mount namespace of its own (unshare --mount). Unlike after chroot, the engine's sandbox works.
+# The command has the caller's display, if DISPLAY is set.
 set -eu
-root=$1
-shift
+root=$1 user=$2 home=$3
+shift 3
 mount --make-rprivate /
 mount --bind "$root" "$root"
 mount --rbind /dev "$root/dev"
+mount --rbind /sys "$root/sys"
 mount -t proc proc "$root/proc"
 mount -t tmpfs -o mode=1777 tmpfs "$root/tmp"
-# The X server's socket.
-mkdir -p "$root/tmp/.X11-unix" "$root/mnt"
-mount --bind /tmp/.X11-unix "$root/tmp/.X11-unix"
+mkdir -m 1777 "$root/tmp/.X11-unix"
+mkdir -p "$root/mnt"
+# The X server's socket. Not unless it is asked for: an X server that root starts inside may take the place of one here.
+[ -z "${DISPLAY:-}" ] || mount --bind /tmp/.X11-unix "$root/tmp/.X11-unix"
 cd "$root"
 pivot_root . mnt
 umount -l /mnt
-home=/home/visitor
-mkdir -p $home/run
-chown -R 1000:1000 $home
-chmod 700 $home/run
-cd $home
+mkdir -p "$home/run"
+chown -R "$user:$user" "$home"
+chmod 700 "$home/run"
+cd "$home"
+path=/usr/local/bin:/usr/bin:/bin
+[ "$user" != 0 ] || path=/usr/local/sbin:/usr/sbin:/sbin:$path
+set -- PATH=$path HOME="$home" XDG_RUNTIME_DIR="$home/run" LC_ALL=C.UTF-8 "$@"
+[ -z "${DISPLAY:-}" ] || set -- DISPLAY="$DISPLAY" "$@"
 # Not exec: a process that gives up its rights no longer ends with the one that started it.
-setpriv --reuid 1000 --regid 1000 --clear-groups env -i PATH=/usr/bin:/bin HOME=$home XDG_RUNTIME_DIR=$home/run \
-  LC_ALL=C.UTF-8 DISPLAY="$DISPLAY" "$@"
+setpriv --reuid "$user" --regid "$user" --clear-groups env -i "$@"

@@ -4,7 +4,9 @@ TESSAVIEW_FRESH_ROOT_RELEASE names the release, TESSAVIEW_FRESH_ROOT_MIRROR wher
 import os
 import pathlib
 import shutil
+import socket
 import subprocess
+import typing
 import urllib.request
 
 import package
@@ -36,6 +38,18 @@ def why_not(build, wish, command):
         return f"{MIRROR} does not answer: {error}."
 
 
+class User(typing.NamedTuple):
+    """Somebody who works in such a system; the home folder is relative to its root."""
+
+    name: str
+    number: int
+    home: str
+
+
+ROOT = User("root", 0, "root")
+VISITOR = User("visitor", 1000, "home/visitor")
+
+
 class FreshRoot:
     """A minimal system with lists of packages; its base is made once and kept for later runs."""
 
@@ -52,6 +66,8 @@ class FreshRoot:
         else:
             package.run("tar", "-C", self.path, "-xf", base)
         shutil.copy("/etc/resolv.conf", self.path / "etc/resolv.conf")
+        # Every installed Debian has it; else sudo asks the network for the machine's own name.
+        (self.path / "etc/hosts").write_text(f"127.0.0.1 localhost {socket.gethostname()}\n::1 localhost\n")
         # How this machine reaches its packages, and its clock may be far from the lists' own dates.
         settings = self.path / "etc/apt/apt.conf.d"
         for each in pathlib.Path("/etc/apt/apt.conf.d").glob("*"):
@@ -73,6 +89,7 @@ class FreshRoot:
             if not (self.archives / each.name).exists():
                 shutil.move(each, self.archives / each.name)
 
-    def as_visitor(self, script):
-        """The command that runs a shell script in it as an ordinary user, in that user's home folder."""
-        return ["unshare", "--mount", "--pid", "--fork", "--kill-child", ENTER, self.path, "sh", "-c", script]
+    def as_user(self, user, script):
+        """The command that runs a shell script in it as that user, in the user's home folder."""
+        return ["unshare", "--mount", "--pid", "--fork", "--kill-child", ENTER, self.path, str(user.number), f"/{user.home}",
+                "sh", "-c", script]

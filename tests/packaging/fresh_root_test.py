@@ -24,7 +24,7 @@ class PackageInAFreshSystem(unittest.TestCase):
 
     def start_from_the_menu(self, root):
         entry = "/usr/share/applications/tessaview.desktop"
-        command = root.as_visitor(f"gio launch {entry} && exec sleep infinity")
+        command = root.as_user(fresh_root.VISITOR, f"gio launch {entry} && exec sleep infinity")
         with tempfile.TemporaryFile() as errors, subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=errors, stderr=errors) as run:
             try:
                 # The class is that of the desktop entry, by which a task bar knows whose window it is.
