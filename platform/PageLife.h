@@ -12,9 +12,10 @@ struct PageActivity {
     bool Asks = false;       ///< it waits for an answer, or something covers it
     bool Inspected = false;  ///< developer tools look at it
     bool FullScreen = false; ///< it fills the screen
+    bool Visible = false;    ///< it is on the screen, maybe for a moment longer than its tab is in front
 
     [[nodiscard]] bool Any() const {
-        return Loading || Audible || HoldsInput || Downloads || Asks || Inspected || FullScreen;
+        return Loading || Audible || HoldsInput || Downloads || Asks || Inspected || FullScreen || Visible;
     }
 };
 

@@ -22,7 +22,8 @@ void TabSleep::Opened(std::int32_t index) {
 
 void TabSleep::Loaded(std::int32_t index) {
     const auto seen = m_seen.find(index);
-    if (Now && seen != m_seen.end()) seen->second.again = std::max(seen->second.again, Now() + kIconPatience);
+    // What kept the tab awake before belonged to the page before, or to the beginning of this one.
+    if (Now && seen != m_seen.end()) seen->second.again = Now() + kIconPatience;
 }
 
 void TabSleep::Touch() {

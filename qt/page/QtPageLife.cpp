@@ -25,7 +25,8 @@ PageActivity QtPageLife::Activity() const {
     PageActivity activity{.Loading = m_page.isLoading(),
                           .Audible = m_page.recentlyAudible(),
                           .HoldsInput = m_page.HoldsInput(),
-                          .Inspected = m_page.devToolsPage() != nullptr};
+                          .Inspected = m_page.devToolsPage() != nullptr,
+                          .Visible = m_page.isVisible()};
     // One that was refused before it began has not finished in every engine's eyes.
     activity.Downloads = std::ranges::any_of(m_downloads, [](const auto& each) {
         return each && !each->isFinished() && each->state() != QWebEngineDownloadRequest::DownloadCancelled;

@@ -6,6 +6,7 @@
 
 #include <QTimer>
 #include <filesystem>
+#include <utility>
 
 namespace {
 
@@ -23,9 +24,7 @@ protected:
                                           "xmlns='http://www.w3.org/2000/svg' width='16' height='16'><rect width='16' "
                                           "height='16' fill='red'/></svg>\">");
         }
-        desk.main->Sleep.Now = [] {
-            return std::chrono::duration_cast<TabSleep::Time>(std::chrono::steady_clock::now().time_since_epoch());
-        };
+        desk.main->Sleep.Now = [this] { return Now(); };
         auto& relief = desk.main->Relief;
         timer.setSingleShot(true);
         timer.callOnTimeout([&relief] { relief.Look(); });
@@ -57,6 +56,24 @@ protected:
         return true;
     }
 
+    /// A clock that stands still until the pages that have loaded have their icons, which a slow machine may bring
+    /// late.
+    TabSleep::Time Now() {
+        const auto time =
+            std::chrono::duration_cast<TabSleep::Time>(std::chrono::steady_clock::now().time_since_epoch());
+        const auto since = time - std::exchange(seen, time);
+        return now += AwaitsIcon() ? TabSleep::Time{0} : since;
+    }
+    bool AwaitsIcon() {
+        for (int page = 1; page <= kPages; ++page) {
+            if (!desk.main->Browser.Find(page + 1)) continue;
+            const bool loaded = ViewOf(page).LocationName() == FromQt(QString::number(page)) && !ViewOf(page).Busy();
+            if (loaded && desk.engine.Icon(page + 1).isNull()) return true;
+        }
+        return false;
+    }
+
+    TabSleep::Time now{0}, seen{0};
     TemporaryFolder folder;
     MemoryFiles files{folder.Path("")};
     LocalServer server;

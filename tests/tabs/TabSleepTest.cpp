@@ -149,6 +149,19 @@ TEST_F(TabsThatSleep, OneThatTheEngineKeepsAwakeIsAskedAgain) {
     EXPECT_EQ(Asleep(), "2 3 4");
 }
 
+TEST_F(TabsThatSleep, WhatKeptOneAwakeIsForgottenWhenAPageHasLoaded) {
+    desk.views.At(2).refuses = true;
+    Wait(10min);
+    ASSERT_EQ(Asleep(), "3 4");
+    desk.views.At(2).refuses = false;
+    desk.main.Sleep.Loaded(2);
+    now += TabSleep::kIconPatience - 1ms;
+    EXPECT_EQ(desk.main.Sleep.SleepLongest(1), 0U) << "its icon is still to come";
+    now += 1ms;
+    EXPECT_EQ(desk.main.Sleep.SleepLongest(1), 1U);
+    EXPECT_EQ(Asleep(), "2 3 4");
+}
+
 TEST_F(TabsThatSleep, AddressTitleAndSessionStayAsTheyWere) {
     desk.PageLoads(3, u"http://long.example/a", u"Long read");
     Wait(10min);
@@ -206,7 +219,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Reason{"Loading", &PageActivity::Loading}, Reason{"Audible", &PageActivity::Audible},
                     Reason{"HoldsInput", &PageActivity::HoldsInput}, Reason{"Downloads", &PageActivity::Downloads},
                     Reason{"Asks", &PageActivity::Asks}, Reason{"Inspected", &PageActivity::Inspected},
-                    Reason{"FullScreen", &PageActivity::FullScreen}),
+                    Reason{"FullScreen", &PageActivity::FullScreen}, Reason{"Visible", &PageActivity::Visible}),
     [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace
