@@ -129,6 +129,7 @@ void QtProgramParts::OfferSession(TextView id, const Session& session) {
 CommandHost QtProgramParts::Operations() {
     CommandHost host;
     host.ShowFind = [this](BrowserView&) { findBar.Open(); };
+    host.ShowTabList = [this] { strip.ListRequested(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); };
     host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
     host.Customize = [this] { customize.Open(); };
     host.ShowRenameGroup = [this](frmRenameGroup& form) { ShowModal(form, &window); };

@@ -3,9 +3,6 @@
 #include "qt/program/QtProgramParts.h"
 
 void QtProgram::WireStrip() {
-    m->main.Commands.host.ShowTabList = [this] {
-        ListTabs(m->strip.mapToGlobal(m->strip.rect().bottomRight() + QPoint(1, 1)));
-    };
     auto& input = m->main.StripInput;
     m->strip.PageIcon = [this](const Tab& tab) { return m->engine.Icon(tab.Tag); };
     m->strip.CloseRequested = [this](Tab& tab) { m->main.CloseBrowserTab(tab.Tag); };

@@ -151,6 +151,12 @@ class Menus(unittest.TestCase):
         press("Escape")
         wait_closed(self.program)
 
+    def test_the_list_of_tabs_opens_by_its_key(self):
+        before = self.program.windows_shown()
+        self.program.wait_menu(lambda: self.program.keys("ctrl+shift+a"))
+        press("Escape")
+        desk.wait_until(lambda: self.program.windows_shown() == before, what="the list stays open")
+
     def test_the_mouse_chooses_an_entry_and_the_status_bar_explains_it(self):
         click(title(self.program, "View"))
         point(entry(self.program, "Status Bar"))
