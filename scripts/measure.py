@@ -8,6 +8,7 @@ import sys
 import tempfile
 import time
 
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 TABLES = ("ToolNames.cpp", "DesignTimeBar.cpp", "CommandTable.cpp")  # where tool names belong
 MOST_LINES = 25
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.M)
@@ -18,11 +19,14 @@ NO_FUNCTION = re.compile(r"\s*(?:namespace|class|struct|enum|union|extern|using|
 
 
 def sources(root):
-    """Path and text of each C++ file that git knows."""
-    names = subprocess.run(["git", "-C", root, "ls-files", "*.cpp", "*.h"], check=True, capture_output=True, text=True)
-    for name in names.stdout.split():
-        with open(os.path.join(root, name), encoding="utf-8") as file:
-            yield name, file.read()
+    """Path and text of each C++ file. Build folders hold what tools have made, hidden ones are not part of the house."""
+    for folder, inside, names in os.walk(root):
+        inside[:] = sorted(each for each in inside if not each.startswith((".", "build")))
+        for name in sorted(names):
+            if name.endswith((".cpp", ".h")):
+                path = os.path.join(folder, name)
+                with open(path, encoding="utf-8") as file:
+                    yield os.path.relpath(path, root).replace(os.sep, "/"), file.read()
 
 
 def module_of(path):
@@ -135,9 +139,8 @@ def building(root):
 
 
 def main(arguments):
-    root = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
     folders = [each for each in arguments if not each.startswith("-")]
-    root = folders[0] if folders else root
+    root = folders[0] if folders else ROOT
     for what, value in structure(root):
         print(f"{what:<48}{value}")
     if "--build" in arguments:
