@@ -19,8 +19,8 @@ Text Completed(const Text& text) {
 
 AddressBoxes::AddressBoxes(TabSet& tabs, CommandBar& actBar) : m_tabs(tabs), m_actBar(actBar) {
     m_actBar.ComboKeyDown = [this](ComboTool& box, KeyStroke key) { return ComboKeyDown(box, key); };
-    m_actBar.TextChange = [this](ComboTool& box) { TextChange(box); };
-    m_actBar.SelChange = [this](ComboTool& box) { SelChange(box); };
+    m_actBar.TextChange.ConnectForLife([this](ComboTool& box) { TextChange(box); });
+    m_actBar.SelChange.ConnectForLife([this](ComboTool& box) { SelChange(box); });
 }
 
 void AddressBoxes::AddAddressEntry(TextView text) { AddEntry(text, m_actBar.FindCombo(kAddressBox), m_address); }

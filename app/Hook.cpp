@@ -1,5 +1,7 @@
 #include "app/Hook.h"
 
+#include <memory>
+
 namespace {
 
 void OnMessage(frmMain& main, const Text& text) {
@@ -14,10 +16,9 @@ void OnMessage(frmMain& main, const Text& text) {
 namespace Hook {
 
 void Install(InstanceChannel& instances, frmMain& main) {
-    instances.Message = [&main](const Text& text) { OnMessage(main, text); };
-    main.Unloaded = [&instances] { Remove(instances); };
+    auto listening =
+        std::make_shared<Connection>(instances.Message.Connect([&main](const Text& text) { OnMessage(main, text); }));
+    main.Unloaded.ConnectForLife([listening] { listening->End(); });
 }
-
-void Remove(InstanceChannel& instances) { instances.Message = nullptr; }
 
 } // namespace Hook

@@ -8,7 +8,5 @@ namespace Hook {
 
 /// Attaches the main window to the channel. The hook goes when the window unloads.
 void Install(InstanceChannel& instances, frmMain& main);
-/// Does nothing when no hook was installed.
-void Remove(InstanceChannel& instances);
 
 } // namespace Hook

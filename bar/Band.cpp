@@ -41,14 +41,15 @@ Tool* Band::Find(TextView name) const {
     return found == m_entries.end() ? nullptr : found->Item.get();
 }
 
-void Band::Attach(std::function<void()> mirror) {
-    m_mirror = std::move(mirror);
+Connection Band::Attach(Signal<void()>::Listener mirror) {
+    Connection attached = m_mirror.Connect(std::move(mirror));
     m_marked = false;
     Mark();
+    return attached;
 }
 
 void Band::Mark() {
-    if (m_marked || !m_mirror) return;
+    if (m_marked || !m_mirror.HasListeners()) return;
     m_marked = true;
     m_mirror();
 }

@@ -116,18 +116,17 @@ void CommandBar::RemoveBand(TextView name) {
 
 void CommandBar::TellOf(BandKind kind) const {
     // Only a toolbar or the menu bar is on the screen by itself; a menu is made when it opens.
-    if (m_view.BandsChanged && (kind == BandKind::Toolbar || kind == BandKind::MenuBar)) m_view.BandsChanged();
+    if (kind == BandKind::Toolbar || kind == BandKind::MenuBar) BandsChanged();
 }
 
 void CommandBar::Popup(TextView band) {
-    Band* found = FindBand(band);
-    if (found && m_view.Popup) m_view.Popup(*found);
+    if (Band* found = FindBand(band)) PopupWanted(*found);
 }
 
 void CommandBar::FocusTool(TextView band, TextView tool) {
     Band* found = FindBand(band);
     Tool* item = found ? found->Find(tool) : nullptr;
-    if (item && m_view.FocusTool) m_view.FocusTool(*found, *item);
+    if (item) FocusWanted(*found, *item);
 }
 
 void CommandBar::FocusBox(const Tool& box) {
@@ -136,9 +135,7 @@ void CommandBar::FocusBox(const Tool& box) {
     }
 }
 
-void CommandBar::RecalcLayout() {
-    if (m_view.RecalcLayout) m_view.RecalcLayout();
-}
+void CommandBar::RecalcLayout() { LayoutWanted(); }
 
 Tool* CommandBar::ToolFor(KeyStroke key) const {
     if (m_edited && key == KeyStroke{Keys::kEscape, 0}) return nullptr;
@@ -169,14 +166,14 @@ void CommandBar::RunByKey(Tool& tool) {
         FocusBox(tool);
     else if (!onlyOpens)
         UserClick(tool);
-    else if (m_view.OpenMenu)
-        m_view.OpenMenu(tool);
+    else
+        MenuWanted(tool);
 }
 
 KeyUsed CommandBar::StepBy(KeyStroke key) const {
     const auto* found = std::ranges::find(kSteps, key, &StepKey::key);
-    if (found == kSteps.end() || !m_view.Step) return KeyUsed::No;
-    m_view.Step(found->step);
+    if (found == kSteps.end() || !StepWanted.HasListeners()) return KeyUsed::No;
+    StepWanted(found->step);
     return KeyUsed::Yes;
 }
 
@@ -186,12 +183,8 @@ KeyUsed CommandBar::KeyUp(KeyStroke key) {
     return std::erase(m_usedDown, key.KeyCode) > 0 ? KeyUsed::Yes : KeyUsed::No;
 }
 
-void CommandBar::OpenBand(Band& band) const {
-    if (BandOpen) BandOpen(band);
-}
+void CommandBar::OpenBand(Band& band) const { BandOpen(band); }
 
 void CommandBar::UserClick(Tool& tool) const {
-    if (tool.Enabled() && Click) Click(tool);
+    if (tool.Enabled()) Click(tool);
 }
-
-void CommandBar::Attach(View view) { m_view = std::move(view); }

@@ -1,6 +1,7 @@
 #pragma once
 #include "bar/BarLook.h"
 #include "bar/Tool.h"
+#include "base/Signal.h"
 
 #include <functional>
 #include <memory>
@@ -64,7 +65,7 @@ public:
     bool UserMade = false;
 
     /// Attaches the view: called once a change until `Clean()`; runs at once to show the present entries.
-    void Attach(std::function<void()> mirror);
+    [[nodiscard]] Connection Attach(Signal<void()>::Listener mirror);
     /// The view has taken over the entries; the next change is reported again.
     void Clean() { m_marked = false; }
 
@@ -74,7 +75,7 @@ private:
     Text m_name;
     BandKind m_kind;
     std::vector<BandEntry> m_entries;
-    std::function<void()> m_mirror;
+    Signal<void()> m_mirror;
     bool m_marked = false;
 };
 
@@ -174,27 +175,24 @@ public:
     /// How the toolbars look.
     Property<BarLook> Look;
 
-    std::function<void(Tool&)> Click;
-    std::function<void(Band&)> BandOpen;
+    Signal<void(Tool&)> Click;
+    Signal<void(Band&)> BandOpen;
     /// The pointer is over a tool, or over none any more.
-    std::function<void(const Tool*)> MouseOver;
+    Signal<void(const Tool*)> MouseOver;
     /// A key in a box, before the box acts on it.
     std::function<KeyUsed(ComboTool&, KeyStroke)> ComboKeyDown;
     /// The user has changed a box's text by typing; its value and selection are up to date.
-    std::function<void(ComboTool&)> TextChange;
+    Signal<void(ComboTool&)> TextChange;
     /// The user has chosen an item of a box's list, which the box shows.
-    std::function<void(ComboTool&)> SelChange;
+    Signal<void(ComboTool&)> SelChange;
 
-    /// What only a view can do. It detaches itself when it goes.
-    struct View {
-        std::function<void()> BandsChanged{}; ///< a band came or went
-        std::function<void(Band&)> Popup{};
-        std::function<void(Band&, Tool&)> FocusTool{};
-        std::function<void(Tool&)> OpenMenu{}; ///< of a tool that drops one down
-        std::function<void(BarStep)> Step{};
-        std::function<void()> RecalcLayout{};
-    };
-    void Attach(View view);
+    // What only a view can do.
+    Signal<void()> BandsChanged; ///< a toolbar came or went
+    Signal<void(Band&)> PopupWanted;
+    Signal<void(Band&, Tool&)> FocusWanted;
+    Signal<void(Tool&)> MenuWanted; ///< of a tool that drops one down
+    Signal<void(BarStep)> StepWanted;
+    Signal<void()> LayoutWanted;
 
 private:
     void Keep(std::shared_ptr<Tool> tool);
@@ -212,5 +210,4 @@ private:
     std::vector<std::int32_t> m_usedDown; ///< codes of keys that are down and were used
     const ComboTool* m_edited = nullptr;
     std::size_t m_typed = 0;
-    View m_view;
 };

@@ -3,15 +3,11 @@
 #include "bar/CommandBarLayout.h"
 
 LayoutKeeper::LayoutKeeper(CommandBar& actBar, LayoutFile& file) : m_actBar(actBar), m_file(file) {
-    m_trouble.Say = [this](TextView message) { Tell(message); };
-    m_trouble.TryAgain = [this] {
-        if (TryAgain) TryAgain();
-    };
+    m_trouble.Say.ConnectForLife([this](TextView message) { Tell(message); });
+    m_trouble.TryAgain.ConnectForLife([this] { TryAgain(); });
 }
 
-void LayoutKeeper::Tell(TextView message) const {
-    if (Say) Say(message);
-}
+void LayoutKeeper::Tell(TextView message) const { Say(message); }
 
 void LayoutKeeper::Load() {
     const auto bytes = m_file.Read();

@@ -1,9 +1,8 @@
 #pragma once
 #include "bar/CommandBar.h"
+#include "base/Signal.h"
 #include "base/WriteTrouble.h"
 #include "platform/LayoutFile.h"
-
-#include <functional>
 
 /// Keeps the command bar's layout in its file from one run to the next.
 class LayoutKeeper {
@@ -23,9 +22,9 @@ public:
     void SaveAgain();
 
     /// Tells the user what went wrong. Filled in by the owner.
-    std::function<void(TextView)> Say;
+    Signal<void(TextView)> Say;
     /// Has `SaveAgain` called in a while. Filled in by the owner.
-    std::function<void()> TryAgain;
+    Signal<void()> TryAgain;
 
 private:
     void Tell(TextView message) const;

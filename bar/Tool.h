@@ -81,7 +81,7 @@ class ComboTool final : public Tool {
 public:
     ComboTool(std::int32_t id, Text name, Text caption = {})
         : Tool(id, std::move(name), std::move(caption), ToolKind::Combo) {
-        Width.Change = [this] { FillsRow = FillsRow() && m_measuring; };
+        Width.Change.ConnectForLife([this] { FillsRow = FillsRow() && m_measuring; });
     }
 
     /// The text that the box shows.

@@ -1,10 +1,10 @@
 #pragma once
-#include <functional>
+#include "base/Signal.h"
+
 #include <utility>
 
-/// A value with a view. `Change` is the slot of the form's own handler, `Mirror` that of the widget that shows the
-/// value; both run after the value has changed, the handler first. Assigning the value it has does nothing.
-/// The owner of the form owns the property; it must outlive its mirror.
+/// A value that tells when it changes: first the form's own handlers (`Change`), then the views that show it
+/// (`Mirror`). Assigning the value it has does nothing. The owner of the form owns the property.
 template<typename T>
 class Property {
 public:
@@ -16,21 +16,21 @@ public:
     Property& operator=(T value) {
         if (m_value == value) return *this;
         m_value = std::move(value);
-        if (Change) Change();
-        if (Mirror) Mirror(m_value);
+        Change();
+        Mirror(m_value);
         return *this;
     }
 
     [[nodiscard]] const T& operator()() const { return m_value; }
 
-    /// Attaches the view and shows it the present value.
-    void Attach(std::function<void(const T&)> mirror) {
-        Mirror = std::move(mirror);
-        if (Mirror) Mirror(m_value);
+    /// Attaches a view and shows it the present value; until the connection goes.
+    [[nodiscard]] Connection Attach(typename Signal<void(const T&)>::Listener mirror) {
+        mirror(m_value);
+        return Mirror.Connect(std::move(mirror));
     }
 
-    std::function<void()> Change;
-    std::function<void(const T&)> Mirror;
+    Signal<void()> Change;
+    Signal<void(const T&)> Mirror;
 
 private:
     T m_value{};

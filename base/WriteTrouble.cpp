@@ -6,6 +6,6 @@ void WriteTrouble::Note(Outcome written, const std::source_location& where) {
     ResumeNext(written, where);
     const bool before = std::exchange(m_pending, written == Outcome::Failed);
     if (!m_pending) return;
-    if (!before && Say) Say(m_complaint);
-    if (TryAgain) TryAgain();
+    if (!before) Say(m_complaint);
+    TryAgain();
 }

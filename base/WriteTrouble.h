@@ -1,8 +1,7 @@
 #pragma once
 #include "base/ResumeNext.h"
+#include "base/Signal.h"
 #include "base/Text.h"
-
-#include <functional>
 
 /// What is done about a file that cannot be written: each failure is counted, the user is told once until a write
 /// succeeds, and it is tried again. A member of whoever writes the file.
@@ -17,9 +16,9 @@ public:
     [[nodiscard]] bool Pending() const { return m_pending; }
 
     /// Tells the user; filled in by the owner.
-    std::function<void(TextView)> Say;
+    Signal<void(TextView)> Say;
     /// Has the write tried again in a while; filled in by the owner. Without it the next change does.
-    std::function<void()> TryAgain;
+    Signal<void()> TryAgain;
 
 private:
     Text m_complaint;

@@ -58,9 +58,7 @@ TextView KindWord(BandKind kind) {
 
 } // namespace
 
-void Customization::Tell() const {
-    if (Changed) Changed();
-}
+void Customization::Tell() const { Changed(); }
 
 bool Customization::MayArrange(const Band& band) {
     return !TextView(band.Name()).starts_with(kRunTimeBand) && !std::ranges::count(kBuiltAtRunTime, band.Name());

@@ -1,5 +1,6 @@
 #pragma once
 #include "bar/CommandBar.h"
+#include "base/Signal.h"
 
 /// A tool that the user drags: an entry of a band, or a command from the list, which comes from no band.
 struct DraggedTool {
@@ -67,7 +68,7 @@ public:
     [[nodiscard]] CommandBar& Bar() const { return m_bar; }
 
     /// Something was arranged. Filled in by the view.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
 
 private:
     [[nodiscard]] static bool MayArrange(const Band& band);

@@ -22,11 +22,11 @@ bool ShowsFolder(const Band& band) {
 
 RuntimeMenus::RuntimeMenus(CommandContext& context, FolderWatch& watch)
     : m_context(context), m_watch(watch), m_favorites(context.actBar) {
-    m_watch.Changed = [this](TextView folder) {
+    m_watch.Changed.ConnectForLife([this](TextView folder) {
         const bool groups = folder == m_context.groupFolder;
         (groups ? m_context.groupsMenuStale : m_context.favoritesMenuStale) = true;
-        if (FoldersChanged) FoldersChanged();
-    };
+        FoldersChanged();
+    });
 }
 
 void RuntimeMenus::WatchFolders() {

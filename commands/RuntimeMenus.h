@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "commands/CommandContext.h"
 #include "favorites/Favorites.h"
 #include "platform/FolderWatch.h"
@@ -17,7 +18,7 @@ public:
     /// shows them.
     void WatchFolders();
     /// Something in the folder of TessaGroups or Favorites has changed. Filled in by the owner.
-    std::function<void()> FoldersChanged;
+    Signal<void()> FoldersChanged;
     /// A band is about to be shown. Only a stale menu is built anew, only an empty folder is filled.
     void BandOpen(Band& band);
     /// The user asks what can be done with an entry of a menu: pops up what there is. False for an entry that has no

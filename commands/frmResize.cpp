@@ -8,8 +8,9 @@ frmResize::frmResize(CommandBar& actBar)
     : cmdResize{Button{u"-100"}, Button{u"-25"}, Button{u"-10"}, Button{u"-1"},
                 Button{u"+1"},   Button{u"+10"}, Button{u"+25"}, Button{u"+100"}},
       m_actBar(actBar) {
-    for (std::size_t i = 0; i < cmdResize.size(); ++i) cmdResize[i].Click = [this, i] { cmdResize_Click(i); };
-    cmdClose.Click = [this] { cmdClose_Click(); };
+    for (std::size_t i = 0; i < cmdResize.size(); ++i)
+        cmdResize[i].Click.ConnectForLife([this, i] { cmdResize_Click(i); });
+    cmdClose.Click.ConnectForLife([this] { cmdClose_Click(); });
 }
 
 ComboTool* frmResize::Target() const { return m_actBar.FindCombo(m_mode == u"Search" ? u"cboSearch" : u"cboAddress"); }

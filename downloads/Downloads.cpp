@@ -19,12 +19,8 @@ Text NameOf(const Download& download) { return PlainLine(download.Name(), kNameI
 } // namespace
 
 Downloads::Downloads(DownloadDesktop& desktop, Text listFile) : m_desktop(desktop), m_listFile(std::move(listFile)) {
-    m_trouble.Say = [this](TextView message) {
-        if (Complain) Complain(message);
-    };
-    m_trouble.TryAgain = [this] {
-        if (TryAgain) TryAgain();
-    };
+    m_trouble.Say.ConnectForLife([this](TextView message) { Complain(message); });
+    m_trouble.TryAgain.ConnectForLife([this] { TryAgain(); });
 }
 
 void Downloads::Load() {
@@ -36,7 +32,7 @@ void Downloads::Load() {
         each.Id = m_nextId++;
         m_all.push_back(std::move(each));
     }
-    if (Changed) Changed();
+    Changed();
 }
 
 bool Downloads::Taken(TextView path) const {
@@ -75,7 +71,7 @@ const Download& Downloads::Begin(const Request& request, std::shared_ptr<Downloa
     const std::int32_t id = download->Id;
     const Text name = NameOf(*download);
     Update();
-    if (Say) Say(u"Saving " + name);
+    Say(u"Saving " + name);
     return *Find(id);
 }
 
@@ -93,13 +89,12 @@ void Downloads::OnReport(std::int32_t id, const DownloadReport& report) {
     else
         download->Rate.Reset();
     if (before == report.State) {
-        if (Changed) Changed();
+        Changed();
         return;
     }
     if (report.State == DownloadState::Done) download->Ended = m_desktop.Time();
     const Text name = NameOf(*download);
     Update();
-    if (!Say) return;
     if (report.State == DownloadState::Done) Say(name + u" has been saved.");
     if (report.State == DownloadState::Broken) Say(name + u" could not be saved.");
 }
@@ -198,7 +193,7 @@ void Downloads::Forget() {
 void Downloads::Update() {
     Forget();
     Write();
-    if (Changed) Changed();
+    Changed();
 }
 
 void Downloads::Write() {

@@ -1,9 +1,9 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/WriteTrouble.h"
 #include "downloads/Download.h"
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -63,13 +63,13 @@ public:
     [[nodiscard]] std::int64_t Now() const { return m_desktop.Now(); }
 
     /// Something about the list has changed, or how far one is.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
     /// A download has begun, is done or has broken off: a sentence for the user.
-    std::function<void(TextView)> Say;
+    Signal<void(TextView)> Say;
     /// The list cannot be written: a sentence for the user.
-    std::function<void(TextView)> Complain;
+    Signal<void(TextView)> Complain;
     /// Has `WriteAgain` called in a while. Filled in by the owner.
-    std::function<void()> TryAgain;
+    Signal<void()> TryAgain;
 
 private:
     [[nodiscard]] Download* Look(std::int32_t id);

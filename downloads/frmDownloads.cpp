@@ -19,31 +19,31 @@ int PercentOf(const Download& download) {
 } // namespace
 
 frmDownloads::frmDownloads(Downloads& downloads) : m_downloads(downloads) {
-    Selected.Change = [this] { ShowButtons(); };
-    Form.Visible.Change = [this] {
+    Selected.Change.ConnectForLife([this] { ShowButtons(); });
+    Form.Visible.Change.ConnectForLife([this] {
         Show();
-        if (Shown) Shown(Form.Visible());
-    };
-    cmdOpen.Click = [this] { m_downloads.Open(Selected()); };
-    cmdShowInFolder.Click = [this] { m_downloads.ShowInFolder(Selected()); };
-    cmdPause.Click = [this] {
+        Shown(Form.Visible());
+    });
+    cmdOpen.Click.ConnectForLife([this] { m_downloads.Open(Selected()); });
+    cmdShowInFolder.Click.ConnectForLife([this] { m_downloads.ShowInFolder(Selected()); });
+    cmdPause.Click.ConnectForLife([this] {
         const auto* download = m_downloads.Find(Selected());
         if (!download) return;
         if (download->Report.State == DownloadState::Running)
             m_downloads.Pause(Selected());
         else
             m_downloads.Resume(Selected());
-    };
-    cmdRetry.Click = [this] { m_downloads.Retry(Selected()); };
-    cmdCancel.Click = [this] { m_downloads.Cancel(Selected()); };
-    cmdRemove.Click = [this] { m_downloads.Remove(Selected()); };
-    cmdClear.Click = [this] { m_downloads.Clear(); };
+    });
+    cmdRetry.Click.ConnectForLife([this] { m_downloads.Retry(Selected()); });
+    cmdCancel.Click.ConnectForLife([this] { m_downloads.Cancel(Selected()); });
+    cmdRemove.Click.ConnectForLife([this] { m_downloads.Remove(Selected()); });
+    cmdClear.Click.ConnectForLife([this] { m_downloads.Clear(); });
     ShowButtons();
 }
 
 void frmDownloads::Touch() {
     if (!Form.Visible()) return;
-    if (Schedule)
+    if (Schedule.HasListeners())
         Schedule();
     else
         Show();
@@ -57,7 +57,7 @@ void frmDownloads::Show() {
     lstDownloads = std::move(lines);
     // One that stalls reports nothing, but is slower every second.
     const auto runs = [](const Download& each) { return each.Report.State == DownloadState::Running; };
-    if (Schedule && std::ranges::any_of(m_downloads.All(), runs)) Schedule();
+    if (std::ranges::any_of(m_downloads.All(), runs)) Schedule();
     SelectNew();
     if (!m_downloads.Find(Selected())) Selected = m_downloads.All().empty() ? 0 : m_downloads.All().front().Id;
     ShowButtons();

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "downloads/Downloads.h"
 #include "forms/Controls.h"
 
@@ -47,11 +48,11 @@ public:
     void lstDownloads_Delete();
 
     /// Has `Show` called in a part of a second. Filled in by the view.
-    std::function<void()> Schedule;
+    Signal<void()> Schedule;
     /// A time in words, from seconds since 1970. Filled in by the main window.
     std::function<Text(std::int64_t)> TimeText;
     /// The panel was shown or hidden. Filled in by the main window.
-    std::function<void(bool)> Shown;
+    Signal<void(bool)> Shown;
 
 private:
     void ShowButtons();

@@ -17,10 +17,10 @@ Text AlreadyThere(TextView root, TextView found) {
 
 frmAddFavorite::frmAddFavorite(Text root, TextView address, TextView title)
     : m_root(std::move(root)), m_address(address) {
-    txtName.Value.Change = [this] { txtName_Change(); };
-    cmdNewFolder.Click = [this] { cmdNewFolder_Click(); };
-    cmdOK.Click = [this] { cmdOK_Click(); };
-    cmdCancel.Click = [this] { Form.Visible = false; };
+    txtName.Value.Change.ConnectForLife([this] { txtName_Change(); });
+    cmdNewFolder.Click.ConnectForLife([this] { cmdNewFolder_Click(); });
+    cmdOK.Click.ConnectForLife([this] { cmdOK_Click(); });
+    cmdCancel.Click.ConnectForLife([this] { Form.Visible = false; });
     if (const auto found = Favorites::FindAddress(m_root, address)) m_notice = AlreadyThere(m_root, *found);
     Folder = m_root;
     txtName.Value = OneLine(title.empty() ? address : title);
@@ -38,7 +38,7 @@ void frmAddFavorite::cmdNewFolder_Click() {
     lblMessage.Caption = made ? m_notice : Text(u"The folder could not be made.");
     if (!made) return;
     Folder = *made;
-    if (NewFolder) NewFolder(parent, *made);
+    NewFolder(parent, *made);
 }
 
 std::optional<Text> frmAddFavorite::treFolders_AfterLabelEdit(TextView path, TextView name) {

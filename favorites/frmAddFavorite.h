@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "favorites/FavoriteFiles.h"
 #include "forms/Controls.h"
 
@@ -27,7 +28,7 @@ public:
     /// The user has given a folder of the tree another name; its new path, nothing when that failed.
     std::optional<Text> treFolders_AfterLabelEdit(TextView path, TextView name);
     /// A folder has a new sub-folder, whose name the user may change at once. Filled in by the view.
-    std::function<void(const Text& folder, const Text& made)> NewFolder;
+    Signal<void(const Text& folder, const Text& made)> NewFolder;
 
 private:
     void txtName_Change();

@@ -10,26 +10,24 @@
 
 frmOrganizeFavorites::frmOrganizeFavorites(Text root, Outside outside)
     : m_root(std::move(root)), m_outside(std::move(outside)) {
-    Selected.Change = [this] { Selected_Change(); };
-    cmdNewFolder.Click = [this] { cmdNewFolder_Click(); };
-    cmdRename.Click = [this] {
-        if (EditName) EditName(Selected());
-    };
-    cmdMove.Click = [this] { cmdMove_Click(); };
-    cmdDelete.Click = [this] { cmdDelete_Click(); };
-    cmdUndo.Click = [this] { cmdUndo_Click(); };
+    Selected.Change.ConnectForLife([this] { Selected_Change(); });
+    cmdNewFolder.Click.ConnectForLife([this] { cmdNewFolder_Click(); });
+    cmdRename.Click.ConnectForLife([this] { EditName(Selected()); });
+    cmdMove.Click.ConnectForLife([this] { cmdMove_Click(); });
+    cmdDelete.Click.ConnectForLife([this] { cmdDelete_Click(); });
+    cmdUndo.Click.ConnectForLife([this] { cmdUndo_Click(); });
     cmdUndo.Enabled = false;
-    cmdOpenAll.Click = [this] {
+    cmdOpenAll.Click.ConnectForLife([this] {
         txtAddress_LostFocus();
         const Text folder = SelectedFolder();
         Form.Visible = false;
         if (m_outside.OpenAll) m_outside.OpenAll(folder);
-    };
-    cmdSaveGroup.Click = [this] { cmdSaveGroup_Click(); };
-    cmdClose.Click = [this] {
+    });
+    cmdSaveGroup.Click.ConnectForLife([this] { cmdSaveGroup_Click(); });
+    cmdClose.Click.ConnectForLife([this] {
         txtAddress_LostFocus();
         Form.Visible = false;
-    };
+    });
     Selected = m_root;
 }
 
@@ -54,9 +52,7 @@ void frmOrganizeFavorites::Selected_Change() {
     lblMessage.Caption = Text();
 }
 
-void frmOrganizeFavorites::Tell(const Text& folder) const {
-    if (FolderChanged) FolderChanged(folder);
-}
+void frmOrganizeFavorites::Tell(const Text& folder) const { FolderChanged(folder); }
 
 void frmOrganizeFavorites::cmdNewFolder_Click() {
     const Text parent = SelectedFolder();
@@ -64,7 +60,7 @@ void frmOrganizeFavorites::cmdNewFolder_Click() {
     if (!made) return void(lblMessage.Caption = u"The folder could not be made.");
     Tell(parent);
     Selected = *made;
-    if (EditName) EditName(*made);
+    EditName(*made);
 }
 
 std::optional<Text> frmOrganizeFavorites::treFavorites_AfterLabelEdit(TextView path, TextView title) {

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "favorites/FavoriteFiles.h"
 #include "forms/Controls.h"
 #include "platform/Dialogs.h"
@@ -49,8 +50,8 @@ public:
 
     /// Filled in by the view: what a folder holds has changed; the name of a line is to be edited; which folder to
     /// move a line to (empty when the user thought better of it).
-    std::function<void(const Text& folder)> FolderChanged;
-    std::function<void(const Text& path)> EditName;
+    Signal<void(const Text& folder)> FolderChanged;
+    Signal<void(const Text& path)> EditName;
     std::function<Text()> AskFolder;
 
 private:

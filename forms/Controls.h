@@ -22,7 +22,7 @@ struct TextBox {
     Property<Text> Value;
     Property<bool> Enabled{true};
     /// Gives the box the keyboard, its text selected. Filled in by the view, empty without one.
-    std::function<void()> SetFocus;
+    Signal<void()> SetFocus;
 };
 
 struct Label {
@@ -35,7 +35,7 @@ struct Button {
     Property<Text> Caption;
     Property<bool> Enabled{true};
     Property<bool> Visible{true};
-    std::function<void()> Click;
+    Signal<void()> Click;
 };
 
 /// A part of a form with controls of its own.

@@ -30,16 +30,13 @@ void ListBox::SetItem(std::size_t index, Text item) {
 }
 
 void ListBox::SetFocus() {
-    if (m_focus) m_focus();
-    if (GotFocus) GotFocus();
+    FocusWanted();
+    GotFocus();
 }
 
-void ListBox::Attach(std::function<void(ListBoxChange)> items, std::function<void()> focus) {
-    m_mirror = std::move(items);
-    m_focus = std::move(focus);
-    Report(ListBoxChange::Kind::All, 0);
+Connection ListBox::Attach(Signal<void(ListBoxChange)>::Listener items) {
+    items({ListBoxChange::Kind::All, 0});
+    return m_mirror.Connect(std::move(items));
 }
 
-void ListBox::Report(ListBoxChange::Kind kind, std::size_t index) const {
-    if (m_mirror) m_mirror({kind, index});
-}
+void ListBox::Report(ListBoxChange::Kind kind, std::size_t index) const { m_mirror({kind, index}); }

@@ -37,17 +37,18 @@ public:
     /// Gives the list the keyboard.
     void SetFocus();
     /// The list has got the keyboard. The form's own handlers.
-    std::function<void()> GotFocus;
-    std::function<void()> DblClick;
+    Signal<void()> GotFocus;
+    Signal<void()> DblClick;
 
-    /// Attaches the view: `items` is called after each change, and at once to show what there is; `focus` moves the
-    /// keyboard. Empty ones detach it.
-    void Attach(std::function<void(ListBoxChange)> items, std::function<void()> focus);
+    /// The list is to have the keyboard; for its view.
+    Signal<void()> FocusWanted;
+
+    /// Attaches the view: called after each change, and at once to show what there is.
+    [[nodiscard]] Connection Attach(Signal<void(ListBoxChange)>::Listener items);
 
 private:
     void Report(ListBoxChange::Kind kind, std::size_t index) const;
 
     std::vector<Text> m_items;
-    std::function<void(ListBoxChange)> m_mirror;
-    std::function<void()> m_focus;
+    Signal<void(ListBoxChange)> m_mirror;
 };

@@ -8,9 +8,9 @@
 struct StatusBar {
     StatusBar() {
         for (Button* button : {&StopAll, &Undo, &Saving}) button->Visible = false;
-        Notice.Change = [this] {
+        Notice.Change.ConnectForLife([this] {
             if (Notice().empty()) ForgetUndo();
-        };
+        });
     }
 
     Property<Text> SimpleText;
@@ -30,13 +30,17 @@ struct StatusBar {
     Button Saving{u""};
     Pixels Height{24};
 
+    /// Something went wrong beside what the user does; for the view, which shows it until it can have been read.
+    Signal<void(TextView words)> Complaint;
+
     /// Says something, and offers to take it back when `undo` can.
     void Say(TextView words, std::function<void()> undo = {}) {
         // Said twice it is said anew.
         Notice = Text();
-        Undo.Click = std::move(undo);
+        const bool canUndo = undo != nullptr;
+        if (canUndo) m_undo = Undo.Click.Connect(std::move(undo));
         Notice = Text(words);
-        Undo.Visible = Undo.Click && !words.empty();
+        Undo.Visible = canUndo && !words.empty();
     }
     /// Says nothing more of it. What could be taken back no longer can.
     void Withdraw() { Notice = Text(); }
@@ -45,6 +49,8 @@ private:
     // What it would bring back is not kept any longer.
     void ForgetUndo() {
         Undo.Visible = false;
-        Undo.Click = {};
+        m_undo.End();
     }
+
+    Connection m_undo;
 };

@@ -65,7 +65,7 @@ void TabStrip::UserClick(Tab* tab) {
         m_selected = tab;
         Mark(TabStripChange::Layout);
     }
-    if (Click) Click();
+    Click();
 }
 
 void TabStrip::SetCaption(Tab* tab, Text caption) {
@@ -110,18 +110,19 @@ void TabStrip::SetPlacement(TabPlacement placement) {
     Mark(TabStripChange::Layout);
 }
 
-void TabStrip::Attach(std::function<void(TabStripChange)> mirror) {
-    m_mirror = std::move(mirror);
+Connection TabStrip::Attach(Signal<void(TabStripChange)>::Listener mirror) {
+    Connection attached = m_mirror.Connect(std::move(mirror));
     Clean();
     Mark(TabStripChange::Layout);
+    return attached;
 }
 
 void TabStrip::Clean() { m_layoutMarked = m_facesMarked = false; }
 
 void TabStrip::Mark(TabStripChange change) {
-    if (Touched) Touched();
+    Touched();
     bool& marked = change == TabStripChange::Layout ? m_layoutMarked : m_facesMarked;
     if (marked) return;
     marked = true;
-    if (m_mirror) m_mirror(change);
+    m_mirror(change);
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/Text.h"
 #include "base/Units.h"
 
@@ -83,11 +84,11 @@ public:
     /// How high the row of tabs is; grows with the font, reported by the view.
     Pixels RowHeight{22};
     /// The owner's handler of a selection.
-    std::function<void()> Click;
+    Signal<void()> Click;
     /// Something about the tabs has changed; runs at every change.
-    std::function<void()> Touched;
+    Signal<void()> Touched;
     /// Attaches the view: called once a change until `Clean()`; runs at once to show the present state.
-    void Attach(std::function<void(TabStripChange)> mirror);
+    [[nodiscard]] Connection Attach(Signal<void(TabStripChange)>::Listener mirror);
     /// The view has repainted; the next change is reported again.
     void Clean();
 
@@ -98,7 +99,7 @@ private:
     std::unordered_map<Text, Tab*> m_byKey;
     Tab* m_selected = nullptr;
     TabPlacement m_placement = TabPlacement::Top;
-    std::function<void(TabStripChange)> m_mirror;
+    Signal<void(TabStripChange)> m_mirror;
     bool m_layoutMarked = false;
     bool m_facesMarked = false;
 };

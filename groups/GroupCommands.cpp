@@ -25,7 +25,7 @@ Text NameOf(TextView path) {
 } // namespace
 
 GroupCommands::GroupCommands(Parts parts) : m_parts(parts), m_progress(parts.sbStatus) {
-    m_parts.sbStatus.StopAll.Click = [this] { StopAll(); };
+    m_parts.sbStatus.StopAll.Click.ConnectForLife([this] { StopAll(); });
 }
 
 void GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {

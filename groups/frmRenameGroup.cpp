@@ -10,9 +10,9 @@
 frmRenameGroup::frmRenameGroup(TextView path) : m_path(path) {
     m_name = path.substr(path.rfind(u'/') + 1);
     m_name.resize(m_name.size() - TessaGroups::kExtension.size());
-    txtName.Value.Change = [this] { txtName_Change(); };
-    cmdOK.Click = [this] { cmdOK_Click(); };
-    cmdCancel.Click = [this] { Form.Visible = false; };
+    txtName.Value.Change.ConnectForLife([this] { txtName_Change(); });
+    cmdOK.Click.ConnectForLife([this] { cmdOK_Click(); });
+    cmdCancel.Click.ConnectForLife([this] { Form.Visible = false; });
     txtName.Value = OneLine(m_name);
     txtName_Change();
 }

@@ -20,18 +20,18 @@ bool IsBlank(TextView line) { return line.find_first_not_of(kBlanks) == TextView
 } // namespace
 
 frmTessaGroup::frmTessaGroup(MessageBoxes& messages) : m_messages(messages) {
-    cmdUp.Click = [this] { cmdUp_Click(); };
-    cmdDown.Click = [this] { cmdDown_Click(); };
-    cmdInsert.Click = [this] { cmdInsert_Click(); };
-    cmdUpdate.Click = [this] { cmdUpdate_Click(); };
-    cmdDelete.Click = [this] { cmdDelete_Click(); };
-    cmdOK.Click = [this] { cmdOK_Click(); };
-    cmdCancel.Click = [this] { cmdCancel_Click(); };
-    cmdUrlInsert.Click = [this] { cmdUrlInsert_Click(); };
-    Cancel.Click = [this] { Cancel_Click(); };
-    lstUrls.GotFocus = [this] { RefreshButtons(); };
-    lstUrls.ListIndex.Change = [this] { RefreshButtons(); };
-    lstUrls.DblClick = [this] { lstUrls_DblClick(); };
+    cmdUp.Click.ConnectForLife([this] { cmdUp_Click(); });
+    cmdDown.Click.ConnectForLife([this] { cmdDown_Click(); });
+    cmdInsert.Click.ConnectForLife([this] { cmdInsert_Click(); });
+    cmdUpdate.Click.ConnectForLife([this] { cmdUpdate_Click(); });
+    cmdDelete.Click.ConnectForLife([this] { cmdDelete_Click(); });
+    cmdOK.Click.ConnectForLife([this] { cmdOK_Click(); });
+    cmdCancel.Click.ConnectForLife([this] { cmdCancel_Click(); });
+    cmdUrlInsert.Click.ConnectForLife([this] { cmdUrlInsert_Click(); });
+    Cancel.Click.ConnectForLife([this] { Cancel_Click(); });
+    lstUrls.GotFocus.ConnectForLife([this] { RefreshButtons(); });
+    lstUrls.ListIndex.Change.ConnectForLife([this] { RefreshButtons(); });
+    lstUrls.DblClick.ConnectForLife([this] { lstUrls_DblClick(); });
 }
 
 void frmTessaGroup::EditTessaGroup(TextView sFileName) {
@@ -86,7 +86,7 @@ void frmTessaGroup::Enter(TextView caption, Text url) {
     Height = kExpanded;
     cmdUrlInsert.Caption = Text(caption);
     txtUrl.Value = std::move(url);
-    if (txtUrl.SetFocus) txtUrl.SetFocus();
+    txtUrl.SetFocus();
     cmdInsert.Enabled = false;
     cmdUpdate.Enabled = false;
     cmdDelete.Enabled = false;

@@ -5,8 +5,7 @@
 #include <utility>
 
 PageQuestions::~PageQuestions() {
-    Changed = Reworded = {};
-    DismissAll();
+    for (const Waiting& each : std::exchange(m_waiting, {})) Tell(each.second, PageQuestion::kDismissed, false);
 }
 
 void PageQuestions::Tell(const Waiters& waiters, std::size_t answer, bool remembers) {
@@ -25,7 +24,7 @@ void PageQuestions::Ask(PageQuestion question) {
         answered(PageQuestion::kDismissed, false);
     } else {
         m_waiting.emplace_back(std::move(question), Waiters{std::move(answered)});
-        if (m_waiting.size() == 1 && Changed) Changed();
+        if (m_waiting.size() == 1) Changed();
     }
 }
 
@@ -33,7 +32,7 @@ void PageQuestions::Answer(std::size_t answer, bool remembers) {
     if (m_waiting.empty()) return;
     const Waiting answered = std::move(m_waiting.front());
     m_waiting.pop_front();
-    if (Changed) Changed();
+    Changed();
     Tell(answered.second, answer, remembers);
 }
 
@@ -43,7 +42,7 @@ void PageQuestions::Withdraw(TextView key) {
     const bool shown = found == m_waiting.begin();
     const Waiting gone = std::move(*found);
     m_waiting.erase(found);
-    if (shown && Changed) Changed();
+    if (shown) Changed();
     Tell(gone.second, PageQuestion::kDismissed, false);
 }
 
@@ -51,7 +50,7 @@ void PageQuestions::Reword(TextView key, Text words) {
     const auto found = std::ranges::find_if(m_waiting, [&](const Waiting& each) { return each.first.Key == key; });
     if (found == m_waiting.end()) return;
     found->first.Words = std::move(words);
-    if (found == m_waiting.begin() && Reworded) Reworded();
+    if (found == m_waiting.begin()) Reworded();
 }
 
 void PageQuestions::DismissAll() { Dismiss(std::exchange(m_waiting, {})); }
@@ -66,6 +65,6 @@ void PageQuestions::DismissAllBut(TextView asker) {
 
 void PageQuestions::Dismiss(const std::deque<Waiting>& gone) {
     if (gone.empty()) return;
-    if (Changed) Changed();
+    Changed();
     for (const Waiting& each : gone) Tell(each.second, PageQuestion::kDismissed, false);
 }

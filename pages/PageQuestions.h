@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/Text.h"
 
 #include <cstddef>
@@ -58,9 +59,9 @@ public:
     void Reword(TextView key, Text words);
 
     /// The question that is shown has other words.
-    std::function<void()> Reworded;
+    Signal<void()> Reworded;
     /// Another question is to be shown, or none.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
 
 private:
     using Waiters = std::vector<std::function<void(std::size_t, bool)>>;

@@ -92,13 +92,12 @@ void SitePermissions::Forget(TextView site, SitePermission permission) {
     Change([forgotten](std::vector<SiteDecision>& all) {
         std::erase_if(all, Matching(forgotten.Site, forgotten.Permission));
     });
-    if (Forgotten) Forgotten(forgotten);
+    Forgotten(forgotten);
 }
 
 void SitePermissions::ForgetAll() {
     const auto all = All();
     Change([](std::vector<SiteDecision>& decisions) { decisions.clear(); });
-    if (!Forgotten) return;
     for (const SiteDecision& each : all) Forgotten(each);
 }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "platform/SettingsStorage.h"
 
 #include <functional>
@@ -44,7 +45,7 @@ public:
     void Forget(TextView site, SitePermission permission);
     void ForgetAll();
     /// A decision was forgotten: what rests on it is to end.
-    std::function<void(const SiteDecision&)> Forgotten;
+    Signal<void(const SiteDecision&)> Forgotten;
 
     /// Whether an answer may hold for good. Which screen or window it is, and what stands there, is new every time:
     /// that it is shown can be refused for good, not allowed.

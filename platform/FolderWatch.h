@@ -1,7 +1,6 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/Text.h"
-
-#include <functional>
 
 /// Tells when something in a folder comes, goes or gets another name. Owned by the program's entry.
 class FolderWatch {
@@ -13,5 +12,5 @@ public:
     virtual void Unwatch(TextView folder) = 0;
 
     /// Something in a folder has changed; it is named as it was given.
-    std::function<void(TextView folder)> Changed;
+    Signal<void(TextView folder)> Changed;
 };

@@ -1,8 +1,7 @@
 #pragma once
 #include "base/ResumeNext.h"
+#include "base/Signal.h"
 #include "base/Text.h"
-
-#include <functional>
 
 /// Whether several instances of the program may run at once, in the eyes of the one that starts.
 enum class Instances { One, Several };
@@ -23,5 +22,5 @@ public:
     virtual Outcome SendMessage(TextView text) = 0;
 
     /// What to do on the message; nothing means that it is answered and ignored.
-    std::function<void(const Text& text)> Message;
+    Signal<void(const Text& text)> Message;
 };

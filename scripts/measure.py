@@ -15,7 +15,7 @@ INCLUDE = re.compile(r'^#include "([^"]+)"', re.M)
 SLOT = re.compile(r"^\s+(?:mutable )?std::function<.*>\s+([A-Za-z]\w*)(?:\s*=.*|\{.*)?;", re.M)
 TOOL_NAME = re.compile(r'u"(?:mnu|xtr|bnd)[A-Z]\w*"')
 NO_BODY = re.compile(r"=\s*\{$|^\s*constexpr |\(\{")
-NO_FUNCTION = re.compile(r"\s*(?:namespace|class|struct|enum|union|extern|using|typedef|else|do|try|case|default)\b")
+NO_FUNCTION = re.compile(r"\s*(?:template<.*> )?(?:namespace|class|struct|enum|union|extern|using|typedef|else|do|try|case|default)\b")
 
 
 def sources(root):
@@ -76,7 +76,7 @@ def functions(text):
         head = head_of(lines, opening)
         words = " ".join(lines[head : opening + 1])
         indent = len(lines[head]) - len(lines[head].lstrip())
-        if indent > 4 or "(" not in words or NO_FUNCTION.match(lines[head]) or NO_BODY.search(words):
+        if indent > 4 or "(" not in words or NO_FUNCTION.match(words) or NO_BODY.search(words):
             continue
         for last in range(opening + 1, len(lines)):
             if lines[last].startswith(" " * indent + "}"):

@@ -9,16 +9,14 @@
 
 SessionJournal::SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
     : CameBack(tabs, pcPage, Browser), m_files(files), m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {
-    const auto say = [this](TextView message) {
-        if (Say) Say(message);
-    };
-    m_trouble.Say = say;
-    m_trouble.TryAgain = [this] { Touch(); };
-    m_settleTrouble.Say = say;
+    const auto say = [this](TextView message) { Say(message); };
+    m_trouble.Say.ConnectForLife(say);
+    m_trouble.TryAgain.ConnectForLife([this] { Touch(); });
+    m_settleTrouble.Say.ConnectForLife(say);
 }
 
 void SessionJournal::Touch() {
-    if (!Schedule || std::exchange(m_touched, true)) return;
+    if (m_ended || !Schedule.HasListeners() || std::exchange(m_touched, true)) return;
     Schedule();
 }
 
@@ -68,7 +66,6 @@ void SessionJournal::End() {
     Session session = Snapshot();
     session.Ended = true;
     Keep(std::move(session));
-    Schedule = {};
     m_ended = true;
 }
 

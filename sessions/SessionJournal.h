@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/WriteTrouble.h"
 #include "forms/TabStrip.h"
 #include "platform/SessionFiles.h"
@@ -44,11 +45,11 @@ public:
     /// The pages that this start has opened by itself.
     ::CameBack CameBack;
     /// Has `Write` called in a part of a second. Filled in by the program; without it nothing is written meanwhile.
-    std::function<void()> Schedule;
+    Signal<void()> Schedule;
     /// The present time in seconds since 1970. Filled in by the program.
     std::function<std::int64_t()> Now;
     /// Tells the user that pages could not be written down. Filled in by the program.
-    std::function<void(TextView)> Say;
+    Signal<void(TextView)> Say;
 
 private:
     [[nodiscard]] Session Snapshot() const;

@@ -6,12 +6,12 @@
 
 frmSessions::frmSessions(SessionJournal& sessions, Outside outside)
     : m_journal(sessions), m_outside(std::move(outside)) {
-    Selected.Change = [this] { ShowPages(); };
-    chkAll.Value.Change = [this] { chkAll_Click(); };
-    cmdOpen.Click = [this] { cmdOpen_Click(); };
-    cmdSave.Click = [this] { cmdSave_Click(); };
-    cmdForget.Click = [this] { cmdForget_Click(); };
-    cmdClose.Click = [this] { Form.Visible = false; };
+    Selected.Change.ConnectForLife([this] { ShowPages(); });
+    chkAll.Value.Change.ConnectForLife([this] { chkAll_Click(); });
+    cmdOpen.Click.ConnectForLife([this] { cmdOpen_Click(); });
+    cmdSave.Click.ConnectForLife([this] { cmdSave_Click(); });
+    cmdForget.Click.ConnectForLife([this] { cmdForget_Click(); });
+    cmdClose.Click.ConnectForLife([this] { Form.Visible = false; });
     LoadSessions();
 }
 

@@ -41,19 +41,19 @@ frmInternetOptions::frmInternetOptions(SettingsStorageFactory& settings, Outside
 }
 
 void frmInternetOptions::WireClicks() {
-    cmdUseCurrent.Click = [this] { txtHomePage.Value = m_outside.currentPage; };
-    cmdUseDefault.Click = [this] { txtHomePage.Value = Text(); };
-    cmdBrowse.Click = [this] { cmdBrowse_Click(); };
-    lstSites.ListIndex.Change = [this] { lstSites_Click(); };
-    cmdRevoke.Click = [this] { cmdRevoke_Click(); };
-    cmdRevokeAll.Click = [this] { cmdRevokeAll_Click(); };
-    cmdClear.Click = [this] { cmdClear_Click(); };
+    cmdUseCurrent.Click.ConnectForLife([this] { txtHomePage.Value = m_outside.currentPage; });
+    cmdUseDefault.Click.ConnectForLife([this] { txtHomePage.Value = Text(); });
+    cmdBrowse.Click.ConnectForLife([this] { cmdBrowse_Click(); });
+    lstSites.ListIndex.Change.ConnectForLife([this] { lstSites_Click(); });
+    cmdRevoke.Click.ConnectForLife([this] { cmdRevoke_Click(); });
+    cmdRevokeAll.Click.ConnectForLife([this] { cmdRevokeAll_Click(); });
+    cmdClear.Click.ConnectForLife([this] { cmdClear_Click(); });
     for (auto* box : {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearTyped})
-        box->Value.Change = [this] { chkClear_Click(); };
-    chkSleep.Value.Change = [this] { chkSleep_Click(); };
-    cboProxy.Index.Change = [this] { cboProxy_Click(); };
-    cmdOK.Click = [this] { cmdOK_Click(); };
-    cmdCancel.Click = [this] { cmdCancel_Click(); };
+        box->Value.Change.ConnectForLife([this] { chkClear_Click(); });
+    chkSleep.Value.Change.ConnectForLife([this] { chkSleep_Click(); });
+    cboProxy.Index.Change.ConnectForLife([this] { cboProxy_Click(); });
+    cmdOK.Click.ConnectForLife([this] { cmdOK_Click(); });
+    cmdCancel.Click.ConnectForLife([this] { cmdCancel_Click(); });
 }
 
 void frmInternetOptions::Form_Load() {
@@ -198,7 +198,7 @@ void frmInternetOptions::chkSleep_Click() {
 bool frmInternetOptions::SleepIsWhole() {
     if (!chkSleep.Ticked() || Minutes(txtSleepMinutes.Value())) return true;
     lblSleepBad.Caption = u"Tabs sleep after 1 to " + Decimal(InternetValues::kMostSleepMinutes) + u" minutes.";
-    if (txtSleepMinutes.SetFocus) txtSleepMinutes.SetFocus();
+    txtSleepMinutes.SetFocus();
     return false;
 }
 
@@ -208,7 +208,7 @@ bool frmInternetOptions::ProxyIsWhole() {
     TextBox* missing = values.proxyHost.empty() ? &txtProxyHost : values.proxyPort == 0 ? &txtProxyPort : nullptr;
     if (!missing) return true;
     lblProxyBad.Caption = Text(u"A proxy needs a host and a port from 1 to 65535.");
-    if (missing->SetFocus) missing->SetFocus();
+    missing->SetFocus();
     return false;
 }
 

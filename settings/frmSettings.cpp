@@ -4,10 +4,10 @@
 
 frmSettings::frmSettings(SettingsStorageFactory& settings) : m_settings(settings) {
     TabStrip1.SetCaption(TabStrip1.Add(1, u"General"), u"General");
-    chkLimitTitleLength.Value.Change = [this] { chkLimitTitleLength_Click(); };
-    Text1.Value.Change = [this] { Text1_Change(); };
-    cmdOK.Click = [this] { cmdOK_Click(); };
-    cmdCancel.Click = [this] { cmdCancel_Click(); };
+    chkLimitTitleLength.Value.Change.ConnectForLife([this] { chkLimitTitleLength_Click(); });
+    Text1.Value.Change.ConnectForLife([this] { Text1_Change(); });
+    cmdOK.Click.ConnectForLife([this] { cmdOK_Click(); });
+    cmdCancel.Click.ConnectForLife([this] { cmdCancel_Click(); });
     Form_Load();
 }
 

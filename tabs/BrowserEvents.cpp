@@ -20,7 +20,7 @@ void BrowserEvents::DownloadComplete(std::int16_t) { m_tabs.UpdateStopRefresh();
 
 void BrowserEvents::TitleChange(std::int16_t Index, TextView Text) {
     m_tabs.SetTabTitle(Index, Text);
-    if (Navigated) Navigated();
+    Navigated();
 }
 
 void BrowserEvents::BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) {
@@ -44,12 +44,12 @@ bool BrowserEvents::TakeMayFocus(ArrayView* view, PageLevel pDisp, bool Focusing
 // any frame clears the mark too.
 void BrowserEvents::NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) {
     ShowIdle(Index, pDisp, URL, TakeMayFocus(m_browser.Find(Index), pDisp, &Focusing::Address));
-    if (Navigated) Navigated();
+    Navigated();
 }
 
 void BrowserEvents::DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) {
     ShowIdle(Index, pDisp, URL, TakeMayFocus(m_browser.Find(Index), pDisp, &Focusing::Document));
-    if (Loaded && pDisp == PageLevel::Top) Loaded(Index);
+    if (pDisp == PageLevel::Top) Loaded(Index);
 }
 
 // Nothing new is shown, so the keyboard stays where it is.
@@ -94,7 +94,7 @@ void BrowserEvents::ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL, 
 void BrowserEvents::AttentionChange(std::int16_t Index, bool Asks) { m_tabs.SetTabAsks(Index, Asks); }
 
 void BrowserEvents::ContextMenu(std::int16_t Index, const PageContext& Context) {
-    if (ShowMenu && m_tabs.IsSelected(Index)) ShowMenu(Index, Context);
+    if (m_tabs.IsSelected(Index)) ShowMenu(Index, Context);
 }
 
 void BrowserEvents::WindowClosing(std::int16_t Index) {

@@ -1,7 +1,6 @@
 #pragma once
+#include "base/Signal.h"
 #include "tabs/TabSet.h"
-
-#include <functional>
 
 /// Keeps strip, address box, status bar and command enabling in step with the views. A view that is not selected
 /// changes only its own tab.
@@ -28,11 +27,11 @@ public:
     void SoundChange(std::int16_t Index) override;
 
     /// A view shows another address or title than before. Filled in by the main window.
-    std::function<void()> Navigated;
+    Signal<void()> Navigated;
     /// A view's page has loaded, or its load has ended otherwise. Filled in by the main window.
-    std::function<void(std::int16_t Index)> Loaded;
+    Signal<void(std::int16_t Index)> Loaded;
     /// Shows the menu of the page in front. Filled in by the main window.
-    std::function<void(std::int16_t Index, const PageContext& Context)> ShowMenu;
+    Signal<void(std::int16_t Index, const PageContext& Context)> ShowMenu;
 
 private:
     void ShowIdle(std::int16_t Index, PageLevel pDisp, TextView URL, bool mayFocus);

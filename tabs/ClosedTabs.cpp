@@ -18,7 +18,7 @@ void ClosedTabs::Remember(std::int32_t Index) {
     command.Tabs.push_back({address, tab->Caption(), view->Control->History(), m_pcPage.PositionOf(tab),
                             m_several && command.FrontIndex == Index});
     Forget();
-    if (Changed) Changed();
+    Changed();
 }
 
 void ClosedTabs::BeginSeveral() {
@@ -78,5 +78,5 @@ void ClosedTabs::Reopen() {
     const auto* blanked = Unblank(command);
     if (blanked && command.BlankedIndex == command.FrontIndex) front = blanked->Key();
     if (auto* tab = m_pcPage.Find(front.empty() ? leftmost : front)) m_pcPage.Select(tab);
-    if (Changed) Changed();
+    Changed();
 }

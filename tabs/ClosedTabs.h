@@ -1,7 +1,7 @@
 #pragma once
+#include "base/Signal.h"
 #include "tabs/TabSet.h"
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] std::size_t Next() const { return m_closed.empty() ? 0 : m_closed.back().Tabs.size(); }
 
     /// What there is to bring back may have changed.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
 
 private:
     struct ClosedTab {

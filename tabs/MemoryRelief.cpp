@@ -50,7 +50,7 @@ void MemoryRelief::Ask(Time now) {
     const Shortage level = m_shortage.Note(Memory->Read());
     if (level != before) {
         Log::Note(LogLevel::Info, LogPart::Engine, "how short memory is, 0 to 2", static_cast<std::int64_t>(level));
-        if (Changed) Changed(level);
+        Changed(level);
     }
     m_left = MostToSleep(now);
     if (level == Shortage::None && (!OthersWait || !OthersWait())) m_fresh.clear();
@@ -83,5 +83,5 @@ bool MemoryRelief::SleepFresh(Time now) {
 }
 
 void MemoryRelief::SayOnce() {
-    if (!std::exchange(m_said, true) && Say) Say(kWhyTabsSleep);
+    if (!std::exchange(m_said, true)) Say(kWhyTabsSleep);
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "tabs/MemoryShortage.h"
 #include "tabs/TabSleep.h"
 
@@ -41,20 +42,20 @@ public:
     /// Without it memory is never short. Filled in by the program, like the others; outlives this object.
     MemoryReader* Memory = nullptr;
     /// Has `Look` called once after that time, instead of when it was asked for before.
-    std::function<void(Time)> Schedule;
+    Signal<void(Time)> Schedule;
     /// Whether pages wait for their turn to load.
     std::function<bool()> OthersWait;
     /// Memory has become short, shorter, or less so.
-    std::function<void(Shortage)> Changed;
+    Signal<void(Shortage)> Changed;
     /// Tells the user why tabs sleep; once in a session.
-    std::function<void(TextView)> Say;
+    Signal<void(TextView)> Say;
 
 private:
     struct Fresh {
         std::int32_t index;
         Time loaded;
     };
-    [[nodiscard]] bool Works() const { return Memory && Schedule && m_sleep.Now && !m_ended; }
+    [[nodiscard]] bool Works() const { return Memory && Schedule.HasListeners() && m_sleep.Now && !m_ended; }
     void LookAt(Time due, Time now);
     void Ask(Time now);
     [[nodiscard]] std::size_t MostToSleep(Time now) const;

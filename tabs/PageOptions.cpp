@@ -68,7 +68,7 @@ void PageOptions::StepTextSize(int steps) {
 void PageOptions::ShowLoadOptions() {
     const SettingsStore store(m_settings);
     for (const LoadSwitch& each : kSwitches) Mark(m_actBar, each.tool, (store.*each.setting).Get());
-    if (ApplyLoadOptions) ApplyLoadOptions();
+    ApplyLoadOptions();
 }
 
 void PageOptions::ToggleLoadOption(TextView Name) {
@@ -81,5 +81,5 @@ void PageOptions::ToggleLoadOption(TextView Name) {
         ResumeNext((store.*each->setting).Set(tool->Checked()));
     }
     // The switches are read anew, after what was written has reached the store.
-    if (ApplyLoadOptions) ApplyLoadOptions();
+    ApplyLoadOptions();
 }

@@ -1,8 +1,7 @@
 #pragma once
+#include "base/Signal.h"
 #include "settings/SettingsStore.h"
 #include "tabs/TabSet.h"
-
-#include <functional>
 
 enum class Apply : bool { No = false, Yes = true };
 
@@ -25,7 +24,7 @@ public:
     void ToggleLoadOption(TextView Name);
 
     /// Brings the stored switches into effect for the engine. Filled in by the program.
-    std::function<void()> ApplyLoadOptions;
+    Signal<void()> ApplyLoadOptions;
 
 private:
     TabSet& m_tabs;

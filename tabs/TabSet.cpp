@@ -26,7 +26,7 @@ TabSet::TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusB
       m_actBar(actBar),
       m_sbStatus(sbStatus),
       m_messages(messages) {
-    m_pcPage.Click = [this] { pcPage_Click(); };
+    m_pcPage.Click.ConnectForLife([this] { pcPage_Click(); });
 }
 
 BrowserView* TabSet::PrepareFirstTab() {
@@ -38,7 +38,7 @@ BrowserView* TabSet::PrepareFirstTab() {
     auto* view = m_browser.Find(1);
     if (!view) return nullptr;
     view->Control->SetVisible(true);
-    if (PlaceView) PlaceView(*view);
+    PlaceView(*view);
     view->Unpark();
     view->Control->BringToFront();
     ResumeNext(view->Control->Navigate(Address::kBlank));
@@ -58,7 +58,7 @@ BrowserView* TabSet::AddTab(ArrayView& view, std::int32_t index, InFront inFront
     ResumeNext(view.Control->Navigate(Address::kBlank));
     auto* tab = m_pcPage.Add(m_pcPage.PositionOf(m_pcPage.SelectedItem()) + 1, KeyOfTab(index));
     if (tab) tab->Tag = index;
-    if (tab && Opened) Opened(index);
+    if (tab) Opened(index);
     if (tab) m_pcPage.SetPrivate(tab, view.Privacy == Privacy::Private);
     ++NextBrowserIndex;
     if (tab) m_pcPage.SetCaption(tab, Text(kUntitledCaption));
@@ -74,7 +74,7 @@ void TabSet::pcPage_Click() {
     const auto* selected = m_pcPage.SelectedItem();
     if (!selected) return;
     if (auto* view = m_browser.Find(selected->Tag)) {
-        if (PlaceView) PlaceView(*view);
+        PlaceView(*view);
         // In a minimised window it has no place yet, but is the view in front all the same.
         view->Unpark();
         view->Control->SetVisible(true);
@@ -217,13 +217,13 @@ void TabSet::CloseUnasked(std::int32_t Index) {
     if (auto* view = m_browser.Find(Index)) ResumeNext(view->Control->Stop());
     if (m_pcPage.Count() != 1) {
         CloseOneOfSeveral(Index);
-    } else if (m_messages.AskYesNoCancel(kLastTabQuestion) == Answer::Yes && CloseWindow) {
+    } else if (m_messages.AskYesNoCancel(kLastTabQuestion) == Answer::Yes) {
         CloseWindow();
     }
 }
 
 void TabSet::CloseOneOfSeveral(std::int32_t Index) {
-    if (Closing) Closing(Index);
+    Closing(Index);
     if (Index != 1) {
         m_browser.Unload(Index);
     } else if (auto* view = m_browser.Find(1)) {
@@ -279,7 +279,7 @@ void TabSet::BlankTab(std::int32_t Index) {
     Leaving.WhenLeft(Index, [this, Index] {
         auto* view = OpenView(Index);
         if (!view) return;
-        if (Blanking) Blanking(Index);
+        Blanking(Index);
         ResumeNext(view->Control->Navigate(Address::kBlank));
     });
 }
@@ -301,7 +301,7 @@ void TabSet::ShowStatusBar(bool Show) {
     if (auto* tool = m_actBar.Find(u"mnuViewStatusbar")) tool->Checked = Show;
     m_actBar.RecalcLayout();
     m_sbStatus.Visible = Show;
-    if (Resize) Resize();
+    Resize();
 }
 
 ComboTool* TabSet::AddressCombo() const { return m_actBar.FindCombo(u"cboAddress"); }

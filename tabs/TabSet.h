@@ -1,5 +1,6 @@
 #pragma once
 #include "bar/CommandBar.h"
+#include "base/Signal.h"
 #include "forms/StatusBar.h"
 #include "forms/TabStrip.h"
 #include "platform/Dialogs.h"
@@ -110,16 +111,16 @@ public:
     bool OpenNewInFront = true;
 
     /// Filled in by the main window: lays a view over the page area, lays the whole window out, closes it.
-    std::function<void(ArrayView&)> PlaceView;
-    std::function<void()> Resize;
-    std::function<void()> CloseWindow;
+    Signal<void(ArrayView&)> PlaceView;
+    Signal<void()> Resize;
+    Signal<void()> CloseWindow;
     /// A tab has come, with the view of that index. It is not selected yet.
-    std::function<void(std::int32_t Index)> Opened;
+    Signal<void(std::int32_t Index)> Opened;
     /// One command closes several tabs, from here to the end of what it is told; one of them may only be blanked.
     std::function<void(const std::function<void()>& close)> ClosingSeveral;
-    std::function<void(std::int32_t Index)> Blanking;
+    Signal<void(std::int32_t Index)> Blanking;
     /// One of several tabs is about to be closed; its view still lives.
-    std::function<void(std::int32_t Index)> Closing;
+    Signal<void(std::int32_t Index)> Closing;
 
 private:
     BrowserView* AddTab(ArrayView& view, std::int32_t index, InFront inFront);

@@ -90,7 +90,7 @@ void TabSleep::Look() {
         slept |= seen->second.asleep && !asleep;
     }
     TellSlept(slept);
-    if (Schedule) Schedule(next);
+    Schedule(next);
 }
 
 std::size_t TabSleep::SleepLongest(std::size_t most) {
@@ -126,5 +126,5 @@ bool TabSleep::SleepUnseen(std::int32_t index, Time since) {
 }
 
 void TabSleep::TellSlept(bool any) const {
-    if (any && Slept) Slept();
+    if (any) Slept();
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "tabs/ViewArray.h"
 
 #include <chrono>
@@ -42,9 +43,9 @@ public:
     /// The present time. Filled in by the main window's owner; without it no tab sleeps.
     std::function<Time()> Now;
     /// Has `Look` called once after that time, instead of when it was asked for before. Filled in like `Now`.
-    std::function<void(Time)> Schedule;
+    Signal<void(Time)> Schedule;
     /// Some tabs have just fallen asleep, and left memory behind that the system can have back. Filled in likewise.
-    std::function<void()> Slept;
+    Signal<void()> Slept;
 
 private:
     struct Seen {

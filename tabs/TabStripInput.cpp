@@ -27,7 +27,7 @@ void TabStripInput::MouseDown(MouseButton Button, Twips x, Twips y) {
     const bool busy = view->Control->Busy();
     m_actBar.Enable(u"mnuTabRefresh", !busy);
     m_actBar.Enable(u"mnuTabStop", busy);
-    if (Opening) Opening();
+    Opening();
     m_actBar.Popup(u"bndTabPopup");
 }
 

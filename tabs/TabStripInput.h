@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "tabs/TabSet.h"
 
 #include <functional>
@@ -32,7 +33,7 @@ public:
     std::size_t DropTabPosition = 0;
 
     /// The pop-up is about to be shown. Filled in by the main window.
-    std::function<void()> Opening;
+    Signal<void()> Opening;
     /// The 0-based position of the tab at a point of the strip in logical pixels; -1 for none. Filled in by the
     /// strip's view.
     std::function<int(Pixels x, Pixels y)> HitTest;

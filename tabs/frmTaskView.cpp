@@ -28,12 +28,12 @@ Text Folded(TextView text) {
 } // namespace
 
 frmTaskView::frmTaskView(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {
-    Form.Visible.Change = [this] { Form_Change(); };
-    Selected.Change = [this] { ShowSelected(); };
-    Order.Change = [this] { Show(); };
-    cmdGoTo.Click = [this] { lstTasks_DblClick(); };
-    cmdEnd.Click = [this] { cmdEnd_Click(); };
-    cmdClose.Click = [this] { Form.Visible = false; };
+    Form.Visible.Change.ConnectForLife([this] { Form_Change(); });
+    Selected.Change.ConnectForLife([this] { ShowSelected(); });
+    Order.Change.ConnectForLife([this] { Show(); });
+    cmdGoTo.Click.ConnectForLife([this] { lstTasks_DblClick(); });
+    cmdEnd.Click.ConnectForLife([this] { cmdEnd_Click(); });
+    cmdClose.Click.ConnectForLife([this] { Form.Visible = false; });
 }
 
 void frmTaskView::Form_Change() {
@@ -168,7 +168,7 @@ void frmTaskView::lstTasks_DblClick() {
     auto* tab = m_pcPage.Find(Selected());
     if (!tab) return;
     m_pcPage.Select(tab);
-    if (ShowMainWindow) ShowMainWindow();
+    ShowMainWindow();
     Refresh();
 }
 

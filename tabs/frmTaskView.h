@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/os/ProcessUse.h"
 #include "forms/Controls.h"
 #include "forms/TabStrip.h"
@@ -64,8 +65,8 @@ public:
     std::function<std::optional<ProcessUse>(std::int64_t process)> ReadProcess;
     std::function<std::chrono::milliseconds()> Now;
     /// Brings the main window to the front, or this one. Filled in by the program.
-    std::function<void()> ShowMainWindow;
-    std::function<void()> ShowItself;
+    Signal<void()> ShowMainWindow;
+    Signal<void()> ShowItself;
 
 private:
     /// What is known of a process.

@@ -83,6 +83,7 @@ Desk::Desk(FakeSettings* shared)
     window.closed = [this] {
         if (main.Form_QueryUnload()) main.Form_Unload();
     };
+    main.sbStatus.Complaint.ConnectForLife([this](TextView words) { main.Tabs.ShowStatusText(words); });
 }
 
 Desk::~Desk() { EXPECT_EQ(SkippedSteps(), m_skippedBefore) << "a step was skipped that was not announced"; }

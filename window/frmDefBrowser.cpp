@@ -6,8 +6,8 @@ frmDefBrowser::frmDefBrowser(SettingsStorageFactory& settings, DefaultBrowser& h
     : m_settings(settings), m_helper(helper), m_programPath(std::move(programPath)) {
     // The question comes only while it is wanted at every start.
     Check1.Tick(true);
-    cmdYes.Click = [this] { cmdYes_Click(); };
-    cmdNo.Click = [this] { cmdNo_Click(); };
+    cmdYes.Click.ConnectForLife([this] { cmdYes_Click(); });
+    cmdNo.Click.ConnectForLife([this] { cmdNo_Click(); });
 }
 
 void frmDefBrowser::cmdYes_Click() {

@@ -67,46 +67,44 @@ frmMain::frmMain(MainWindowPlatform platform)
 }
 
 void frmMain::WireParts() {
-    Tabs.PlaceView = [this](ArrayView& view) { PlaceView(view); };
-    Tabs.Resize = [this] { Form_Resize(); };
-    Tabs.CloseWindow = [this] { Platform.window.Close(); };
-    actBar.Click = [this](Tool& tool) { actBar_Click(tool); };
-    actBar.BandOpen = [this](Band& band) { Menus.BandOpen(band); };
-    actBar.MouseOver = [this](const Tool* tool) { Tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); };
-    Tabs.Closing = [this](std::int32_t index) {
+    Tabs.PlaceView.ConnectForLife([this](ArrayView& view) { PlaceView(view); });
+    Tabs.Resize.ConnectForLife([this] { Form_Resize(); });
+    Tabs.CloseWindow.ConnectForLife([this] { Platform.window.Close(); });
+    actBar.Click.ConnectForLife([this](Tool& tool) { actBar_Click(tool); });
+    actBar.BandOpen.ConnectForLife([this](Band& band) { Menus.BandOpen(band); });
+    actBar.MouseOver.ConnectForLife(
+        [this](const Tool* tool) { Tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); });
+    Tabs.Closing.ConnectForLife([this](std::int32_t index) {
         Closed.Remember(index);
         Groups.PageDone(index);
-    };
+    });
     Tabs.ClosingSeveral = [this](const std::function<void()>& close) {
         Closed.BeginSeveral();
         close();
         Closed.EndSeveral();
     };
-    Tabs.Blanking = [this](std::int32_t index) { Closed.RememberBlanked(index); };
-    Closed.Changed = [this] { TabMoreCommands::ShowReopen(Commands); };
-    StripInput.Opening = [this] { TabMoreCommands::ShowState(Commands); };
-    pcPage.Touched = [this] {
+    Tabs.Blanking.ConnectForLife([this](std::int32_t index) { Closed.RememberBlanked(index); });
+    Closed.Changed.ConnectForLife([this] { TabMoreCommands::ShowReopen(Commands); });
+    StripInput.Opening.ConnectForLife([this] { TabMoreCommands::ShowState(Commands); });
+    pcPage.Touched.ConnectForLife([this] {
         Sessions.Touch();
         Sleep.Touch();
-    };
-    Events.ShowMenu = [this](std::int16_t Index, const PageContext& Context) {
-        PageMenu::Open(Commands, Index, Context);
-    };
-    Events.Navigated = [this] { Sessions.Touch(); };
-    Pages.ApplyLoadOptions = Platform.applyLoadOptions;
+    });
+    Events.ShowMenu.ConnectForLife(
+        [this](std::int16_t Index, const PageContext& Context) { PageMenu::Open(Commands, Index, Context); });
+    Events.Navigated.ConnectForLife([this] { Sessions.Touch(); });
+    if (Platform.applyLoadOptions) Pages.ApplyLoadOptions.ConnectForLife(Platform.applyLoadOptions);
     MainCommands::Fill(Commands.host, *this);
-    Layout.Say = [this](TextView message) { Tabs.ShowStatusText(message); };
-    Sessions.Say = Layout.Say;
-    Layout.TryAgain = [this] {
-        if (RetryLater) RetryLater();
-    };
-    Downloads.TryAgain = Layout.TryAgain;
+    Layout.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
+    Sessions.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
+    Layout.TryAgain.ConnectForLife([this] { RetryLater(); });
+    Downloads.TryAgain.ConnectForLife([this] { RetryLater(); });
     Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
     Commands.host.ShowAbout = [this] { ShowAbout(); };
     Commands.host.ShowSessions = [this] { ShowSessions(); };
     Commands.host.ShowTaskView = [this] {
         TaskView.Form.Visible = true;
-        if (TaskView.ShowItself) TaskView.ShowItself();
+        TaskView.ShowItself();
     };
     Commands.host.Exit = [this] { Platform.window.Close(); };
     WireGroups();
@@ -117,10 +115,10 @@ void frmMain::WireParts() {
 }
 
 void frmMain::WireGroups() {
-    Events.Loaded = [this](std::int16_t Index) {
+    Events.Loaded.ConnectForLife([this](std::int16_t Index) {
         Groups.PageDone(Index);
         Relief.Loaded(Index);
-    };
+    });
     Groups.ShowEditor = Platform.showTessaGroup;
     Commands.host.AddToTessaGroup = [this](TextView URL, TextView SGFile) { AddToTessaGroup(URL, SGFile); };
     Commands.host.SaveAsTessaGroup = [this](TextView path) { Groups.SaveAsTessaGroup(path); };
@@ -130,28 +128,28 @@ void frmMain::WireGroups() {
 }
 
 void frmMain::WireDownloads() {
-    Downloads.Changed = [this] {
+    Downloads.Changed.ConnectForLife([this] {
         for (const TextView name : {u"xtrMore", u"xtrDownloads"}) {
             if (auto* tool = actBar.Find(name)) tool->Badge = Downloads.CountActive();
         }
         DownloadPanel.Touch();
         sbStatus.Saving.Caption = DownloadWords::Progress(Downloads);
         sbStatus.Saving.Visible = Downloads.CountActive() > 0;
-    };
-    Downloads.Say = [this](TextView message) { Tabs.Say(message); };
-    Downloads.Complain = [this](TextView message) { Tabs.ShowStatusText(message); };
-    sbStatus.Saving.Click = [this] { DownloadPanel.Form.Visible = true; };
+    });
+    Downloads.Say.ConnectForLife([this](TextView message) { Tabs.Say(message); });
+    Downloads.Complain.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
+    sbStatus.Saving.Click.ConnectForLife([this] { DownloadPanel.Form.Visible = true; });
     Commands.host.DownloadFolder = [this] { return Platform.downloads.Folder(); };
     Commands.host.ToggleDownloads = [this] { DownloadPanel.Form.Visible = !DownloadPanel.Form.Visible(); };
     DownloadPanel.TimeText = Platform.timeText;
-    DownloadPanel.Shown = [this](bool shown) {
+    DownloadPanel.Shown.ConnectForLife([this](bool shown) {
         if (auto* tool = actBar.Find(u"xtrDownloads")) tool->Checked = shown;
-    };
+    });
 }
 
 void frmMain::WireSleep() {
-    Tabs.Opened = [this](std::int32_t index) { Sleep.Opened(index); };
-    Relief.Say = [this](TextView words) { Tabs.Say(words); };
+    Tabs.Opened.ConnectForLife([this](std::int32_t index) { Sleep.Opened(index); });
+    Relief.Say.ConnectForLife([this](TextView words) { Tabs.Say(words); });
 }
 
 void frmMain::Form_Load(TextView commandLine) {
@@ -274,7 +272,7 @@ void frmMain::Form_Unload() {
     Downloads.End();
     Browser.UnloadAll();
     Menus.ReleasePictures();
-    if (Unloaded) Unloaded();
+    Unloaded();
 }
 
 MainLayout::Inputs frmMain::LayoutInputs() const {

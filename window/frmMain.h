@@ -1,6 +1,7 @@
 #pragma once
 #include "address/AddressBoxes.h"
 #include "bar/LayoutKeeper.h"
+#include "base/Signal.h"
 #include "commands/Dispatcher.h"
 #include "commands/FavoriteCommands.h"
 #include "commands/RuntimeMenus.h"
@@ -160,9 +161,9 @@ public:
     bool& OpenNewInFront = Tabs.OpenNewInFront;
     bool& TGCloseOthersFirst = Groups.TGCloseOthersFirst;
     /// Filled in by the program's start: what to undo of it once the window's views have ended.
-    std::function<void()> Unloaded;
+    Signal<void()> Unloaded;
     /// Has `RetryWrites` called in a while. Filled in by the program's start.
-    std::function<void()> RetryLater;
+    Signal<void()> RetryLater;
 
 private:
     enum class Stage { New, Loaded, Unloaded };

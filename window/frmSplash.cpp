@@ -2,7 +2,7 @@
 
 frmSplash::frmSplash() {
     Command1.Visible = false;
-    Command1.Click = [this] { Command1_Click(); };
+    Command1.Click.ConnectForLife([this] { Command1_Click(); });
     Form_Load();
 }
 

@@ -42,11 +42,9 @@ bool IsOnToolBar(QObject* object) {
 } // namespace
 
 QtBarLook::QtBarLook(CommandBar& bar, QMainWindow& window) : m_bar(bar), m_window(window) {
-    m_bar.Look.Attach([this](const BarLook& look) { Show(look); });
+    m_connections += m_bar.Look.Attach([this](const BarLook& look) { Show(look); });
     QCoreApplication::instance()->installEventFilter(this);
 }
-
-QtBarLook::~QtBarLook() { m_bar.Look.Attach({}); }
 
 // The window hands it on to its toolbars, those of later too.
 void QtBarLook::Show(const BarLook& look) {

@@ -1,5 +1,6 @@
 #pragma once
 #include "bar/CommandBar.h"
+#include "base/Signal.h"
 
 #include <QMainWindow>
 #include <QObject>
@@ -11,7 +12,6 @@ class QtBarLook final : public QObject {
 public:
     /// Both outlive it.
     QtBarLook(CommandBar& bar, QMainWindow& window);
-    ~QtBarLook() override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -21,4 +21,5 @@ private:
 
     CommandBar& m_bar;
     QMainWindow& m_window;
+    Connections m_connections;
 };

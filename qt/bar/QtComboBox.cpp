@@ -104,7 +104,7 @@ void QtComboBox::OnEdited() {
     SetEditing(true);
     Publish();
     // What is not yet decided on is not to be completed, and moving the caret would decide it.
-    if (m_edit->IsComposing() || !m_bar.TextChange) return;
+    if (m_edit->IsComposing()) return;
     {
         const QScopedValueRollback publishing(m_publishing, true);
         m_bar.TextChange(m_tool);
@@ -179,7 +179,7 @@ void QtComboBox::OnChosen(int index) {
     m_heldBack = false;
     Publish();
     m_pageText = FromQt(itemText(index));
-    if (m_bar.SelChange) m_bar.SelChange(m_tool);
+    m_bar.SelChange(m_tool);
 }
 
 void QtComboBox::showPopup() {

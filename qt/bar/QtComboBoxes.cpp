@@ -4,23 +4,6 @@
 
 #include <algorithm>
 
-namespace {
-
-void DetachBox(ComboTool& tool) {
-    tool.Value.Attach({});
-    tool.Selection.Attach({});
-    tool.Width.Attach({});
-    tool.FillsRow.Attach({});
-    tool.Enabled.Attach({});
-    tool.Sign.Attach({});
-}
-
-} // namespace
-
-QtComboBoxes::~QtComboBoxes() {
-    for (const auto& [name, shown] : m_shown) DetachBox(static_cast<ComboTool&>(*shown.tool));
-}
-
 QtComboBox* QtComboBoxes::Make(const std::shared_ptr<Tool>& tool, QWidget* parent) {
     auto* combo = dynamic_cast<ComboTool*>(tool.get());
     if (!combo) return nullptr;
@@ -39,12 +22,15 @@ void QtComboBoxes::Attach(ComboTool& tool, Shown& shown) {
             if (box) action(*box);
         }
     };
-    tool.Value.Attach([each](const Text&) { each([](QtComboBox& box) { box.ShowValue(); }); });
-    tool.Selection.Mirror = [each](const TextSelection&) { each([](QtComboBox& box) { box.ShowSelection(); }); };
-    tool.Width.Mirror = [each](Pixels) { each([](QtComboBox& box) { box.updateGeometry(); }); };
-    tool.FillsRow.Mirror = [each](bool) { each([](QtComboBox& box) { box.updateGeometry(); }); };
-    tool.Sign.Attach([each](const BoxSign&) { each([](QtComboBox& box) { box.ShowSign(); }); });
-    tool.Enabled.Attach([each](bool enabled) { each([&](QtComboBox& box) { box.setEnabled(enabled); }); });
+    Connections& all = shown.connections;
+    all.End();
+    all += tool.Value.Attach([each](const Text&) { each([](QtComboBox& box) { box.ShowValue(); }); });
+    all += tool.Selection.Mirror.Connect(
+        [each](const TextSelection&) { each([](QtComboBox& box) { box.ShowSelection(); }); });
+    all += tool.Width.Mirror.Connect([each](Pixels) { each([](QtComboBox& box) { box.updateGeometry(); }); });
+    all += tool.FillsRow.Mirror.Connect([each](bool) { each([](QtComboBox& box) { box.updateGeometry(); }); });
+    all += tool.Sign.Attach([each](const BoxSign&) { each([](QtComboBox& box) { box.ShowSign(); }); });
+    all += tool.Enabled.Attach([each](bool enabled) { each([&](QtComboBox& box) { box.setEnabled(enabled); }); });
 }
 
 QtComboBox* QtComboBoxes::Find(TextView tool) const {

@@ -16,7 +16,6 @@ public:
     explicit QtComboBoxes(CommandBar& bar) : m_bar(bar) {}
     QtComboBoxes(const QtComboBoxes&) = delete;
     QtComboBoxes& operator=(const QtComboBoxes&) = delete;
-    ~QtComboBoxes();
 
     /// A new box, which its parent owns. Nothing for a tool that is no combo tool.
     QtComboBox* Make(const std::shared_ptr<Tool>& tool, QWidget* parent);
@@ -29,6 +28,7 @@ private:
     struct Shown {
         std::shared_ptr<Tool> tool;
         std::vector<QPointer<QtComboBox>> boxes;
+        Connections connections{};
     };
 
     void Attach(ComboTool& tool, Shown& shown);

@@ -19,45 +19,29 @@ QtCommandBar::QtCommandBar(CommandBar& bar, QMainWindow& window)
       m_toolBars(bar, window, m_actions, m_menus),
       m_docking(bar, window, m_toolBars),
       m_ring(window, m_toolBars) {
-    m_bar.Attach(View());
+    Listen();
     Follow();
     m_window.installEventFilter(this);
     m_window.menuBar()->installEventFilter(this);
     QtOverflowArrow::Show(*m_window.menuBar(), QStringLiteral("qt_menubar_ext_button"), QStringLiteral("More menus"));
 }
 
-QtCommandBar::~QtCommandBar() {
-    m_bar.Attach({});
-    for (const auto& band : m_bar.Bands()) {
-        if (band->Kind() != BandKind::MenuBar) continue;
-        band->Attach({});
-        band->Visible.Attach({});
-    }
-}
-
-CommandBar::View QtCommandBar::View() {
-    return {.BandsChanged = [this] { Follow(); },
-            .Popup = [this](Band& band) { m_menus.Popup(band); },
-            .FocusTool =
-                [this](Band& band, Tool& tool) {
-                    ShowBars();
-                    m_toolBars.FocusTool(band, tool);
-                },
-            .OpenMenu =
-                [this](Tool& tool) {
-                    ShowBars();
-                    m_toolBars.OpenMenu(tool);
-                },
-            .Step =
-                [this](BarStep step) {
-                    ShowBars();
-                    m_ring.Step(step);
-                },
-            .RecalcLayout = [this] { m_docking.Flush(); }};
-}
-
-void QtCommandBar::ShowBars() const {
-    if (Reveal) Reveal();
+void QtCommandBar::Listen() {
+    m_connections += m_bar.BandsChanged.Connect([this] { Follow(); });
+    m_connections += m_bar.PopupWanted.Connect([this](Band& band) { m_menus.Popup(band); });
+    m_connections += m_bar.FocusWanted.Connect([this](Band& band, Tool& tool) {
+        Reveal();
+        m_toolBars.FocusTool(band, tool);
+    });
+    m_connections += m_bar.MenuWanted.Connect([this](Tool& tool) {
+        Reveal();
+        m_toolBars.OpenMenu(tool);
+    });
+    m_connections += m_bar.StepWanted.Connect([this](BarStep step) {
+        Reveal();
+        m_ring.Step(step);
+    });
+    m_connections += m_bar.LayoutWanted.Connect([this] { m_docking.Flush(); });
 }
 
 void QtCommandBar::Follow() {
@@ -72,8 +56,9 @@ void QtCommandBar::Follow() {
 }
 
 void QtCommandBar::ShowMenuBar(Band& band) {
-    band.Visible.Attach([this](bool visible) { m_window.menuBar()->setVisible(visible); });
-    band.Attach([this, &band] {
+    m_menuBar.End();
+    m_menuBar += band.Visible.Attach([this](bool visible) { m_window.menuBar()->setVisible(visible); });
+    m_menuBar += band.Attach([this, &band] {
         FillMenuBar(band);
         band.Clean();
     });

@@ -1,5 +1,6 @@
 #pragma once
 #include "bar/CommandBar.h"
+#include "base/Signal.h"
 #include "qt/bar/QtBandMenus.h"
 #include "qt/bar/QtDocking.h"
 #include "qt/bar/QtFocusRing.h"
@@ -17,7 +18,6 @@ class QtCommandBar final : public QObject {
 
 public:
     QtCommandBar(CommandBar& bar, QMainWindow& window);
-    ~QtCommandBar() override;
 
     /// The action of a tool that is shown somewhere; nothing for any other.
     [[nodiscard]] QAction* Find(TextView name) const { return m_actions.Find(name); }
@@ -28,7 +28,7 @@ public:
     /// The keyboard's way round the window.
     [[nodiscard]] QtFocusRing& Ring() { return m_ring; }
     /// The bars are to be in sight, for one of them is to have the keyboard. Filled in by the owner; may be empty.
-    std::function<void()> Reveal;
+    Signal<void()> Reveal;
     /// The toolbar of a band; nothing for any other band.
     [[nodiscard]] QToolBar* ToolBar(TextView band) const;
 
@@ -36,9 +36,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    [[nodiscard]] CommandBar::View View();
+    void Listen();
     void Follow();
-    void ShowBars() const;
     void ShowMenuBar(Band& band);
     void FillMenuBar(const Band& band);
     void ShowIcons();
@@ -51,4 +50,6 @@ private:
     QtToolBars m_toolBars;
     QtDocking m_docking;
     QtFocusRing m_ring;
+    Connections m_menuBar;
+    Connections m_connections;
 };

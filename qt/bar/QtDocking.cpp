@@ -84,13 +84,6 @@ QtDocking::QtDocking(CommandBar& bar, QMainWindow& window, QtToolBars& toolBars)
     Follow();
 }
 
-QtDocking::~QtDocking() {
-    for (Band* band : ToolBarBands()) {
-        band->Dock.Attach({});
-        band->Visible.Attach({});
-    }
-}
-
 std::vector<Band*> QtDocking::ToolBarBands() const {
     std::vector<Band*> bands;
     for (const auto& band : m_bar.Bands()) {
@@ -100,13 +93,14 @@ std::vector<Band*> QtDocking::ToolBarBands() const {
 }
 
 void QtDocking::Follow() {
+    m_connections.End();
     for (Band* band : ToolBarBands()) {
         QToolBar* bar = m_toolBars.Find(*band);
         bar->installEventFilter(this);
-        band->Dock.Attach([this](const Docking&) {
+        m_connections += band->Dock.Attach([this](const Docking&) {
             if (!m_reading) Schedule();
         });
-        band->Visible.Attach([bar](bool visible) { bar->setVisible(visible); });
+        m_connections += band->Visible.Attach([bar](bool visible) { bar->setVisible(visible); });
     }
     Arrange();
 }

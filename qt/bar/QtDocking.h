@@ -1,5 +1,6 @@
 #pragma once
 #include "bar/CommandBar.h"
+#include "base/Signal.h"
 
 #include <QMainWindow>
 #include <QObject>
@@ -14,7 +15,6 @@ class QtDocking final : public QObject {
 public:
     /// All outlive it.
     QtDocking(CommandBar& bar, QMainWindow& window, QtToolBars& toolBars);
-    ~QtDocking() override;
 
     /// Toolbars came or went.
     void Follow();
@@ -47,4 +47,5 @@ private:
     QtToolBars& m_toolBars;
     bool m_scheduled = false; ///< the bands say something else than the window shows
     bool m_reading = false;
+    Connections m_connections;
 };

@@ -121,9 +121,7 @@ bool QtFocusRing::HasKeyboard() const {
            (tool && qobject_cast<QToolBar*>(tool->parentWidget()));
 }
 
-void QtFocusRing::ToPage() const {
-    if (FocusPage) FocusPage();
-}
+void QtFocusRing::ToPage() const { FocusPage(); }
 
 void QtFocusRing::EnterMenuBar() {
     QMenuBar& bar = *m_window.menuBar();

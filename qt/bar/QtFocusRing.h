@@ -1,5 +1,6 @@
 #pragma once
 #include "bar/CommandBar.h"
+#include "base/Signal.h"
 
 #include <QMainWindow>
 #include <QObject>
@@ -30,7 +31,7 @@ public:
     [[nodiscard]] bool HasKeyboard() const;
 
     // Filled in by the owner; each may be empty.
-    std::function<void()> FocusPage;
+    Signal<void()> FocusPage;
     QPointer<QWidget> Strip, StatusBar;
     /// A part that comes right after the page, and what gives it the keyboard: what the page in front asks.
     struct Asked {

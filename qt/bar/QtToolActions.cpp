@@ -15,14 +15,6 @@
 
 namespace {
 
-void Detach(Tool& tool) {
-    tool.Caption.Attach({});
-    tool.Enabled.Attach({});
-    tool.Checked.Attach({});
-    tool.Visible.Attach({});
-    tool.Badge.Attach({});
-}
-
 QIcon PictureOf(const Tool& tool) { return QtIcons::WithBadge(QtIcons::Of(tool.Image), tool.Badge()); }
 
 // A menu that has the mouse gets its moves wherever the pointer is, so the point itself is asked about.
@@ -43,10 +35,6 @@ QIcon Placeholder(const Tool& tool) {
 
 } // namespace
 
-QtToolActions::~QtToolActions() {
-    for (const auto& [key, shown] : m_shown) Detach(*shown.tool);
-}
-
 QAction* QtToolActions::For(const std::shared_ptr<Tool>& tool) {
     const auto found = m_shown.find(tool.get());
     if (found != m_shown.end()) return found->second.action;
@@ -55,20 +43,21 @@ QAction* QtToolActions::For(const std::shared_ptr<Tool>& tool) {
     action->setToolTip(ToQt(tool->TooltipText));
     action->setIcon(m_icons ? PictureOf(*tool) : Placeholder(*tool));
     ShowShortcut(*tool, *action);
-    m_shown.emplace(tool.get(), Shown{tool, action});
-    Mirror(*tool, *action);
+    Mirror(m_shown.emplace(tool.get(), Shown{tool, action, {}}).first->second);
     return action;
 }
 
-void QtToolActions::Mirror(Tool& tool, QAction& action) {
-    QAction* shown = &action;
-    tool.Caption.Attach([shown](const Text& caption) { shown->setText(ToQt(caption)); });
-    tool.Enabled.Attach([shown](bool enabled) { shown->setEnabled(enabled); });
-    tool.Visible.Attach([shown](bool visible) { shown->setVisible(visible); });
-    tool.Badge.Mirror = [this, &tool, shown](std::size_t) {
+void QtToolActions::Mirror(Shown& entry) {
+    QAction* shown = entry.action;
+    Tool& tool = *entry.tool;
+    Connections& all = entry.connections;
+    all += tool.Caption.Attach([shown](const Text& caption) { shown->setText(ToQt(caption)); });
+    all += tool.Enabled.Attach([shown](bool enabled) { shown->setEnabled(enabled); });
+    all += tool.Visible.Attach([shown](bool visible) { shown->setVisible(visible); });
+    all += tool.Badge.Mirror.Connect([this, &tool, shown](std::size_t) {
         if (m_icons) shown->setIcon(PictureOf(tool));
-    };
-    tool.Checked.Attach([shown](bool checked) {
+    });
+    all += tool.Checked.Attach([shown](bool checked) {
         // A tool shows itself to be one that is checked by being checked for the first time.
         if (checked) {
             shown->setCheckable(true);
@@ -78,9 +67,7 @@ void QtToolActions::Mirror(Tool& tool, QAction& action) {
         shown->setChecked(checked);
     });
     connect(shown, &QAction::triggered, this, [this, &tool, shown] { OnTriggered(tool, *shown); });
-    connect(shown, &QAction::hovered, this, [this, &tool] {
-        if (m_bar.MouseOver) m_bar.MouseOver(&tool);
-    });
+    connect(shown, &QAction::hovered, this, [this, &tool] { m_bar.MouseOver(&tool); });
 }
 
 // The bar itself answers the keys, before Qt does: the action only shows them.
@@ -126,18 +113,17 @@ void QtToolActions::ReportPointer(QPoint at) {
     if (action == m_pointed) return;
     m_pointed = action;
     const auto tool = ToolOf(action);
-    if (m_bar.MouseOver) m_bar.MouseOver(tool.get());
+    m_bar.MouseOver(tool.get());
 }
 
 void QtToolActions::ReportNoPointer() {
     m_pointed = nullptr;
-    if (m_bar.MouseOver) m_bar.MouseOver(nullptr);
+    m_bar.MouseOver(nullptr);
 }
 
 void QtToolActions::Prune() {
     std::erase_if(m_shown, [](const auto& entry) {
         if (entry.second.tool.use_count() > 1) return false;
-        Detach(*entry.second.tool);
         entry.second.action->deleteLater();
         return true;
     });

@@ -16,7 +16,6 @@ class QtToolActions final : public QObject {
 public:
     /// The bar outlives it.
     explicit QtToolActions(CommandBar& bar) : m_bar(bar) {}
-    ~QtToolActions() override;
 
     QAction* For(const std::shared_ptr<Tool>& tool);
     /// The action of the first tool of that name; nothing when no band and no menu has shown it yet.
@@ -38,9 +37,10 @@ private:
     struct Shown {
         std::shared_ptr<Tool> tool;
         QAction* action = nullptr;
+        Connections connections;
     };
 
-    void Mirror(Tool& tool, QAction& action);
+    void Mirror(Shown& entry);
     void ShowShortcut(const Tool& tool, QAction& action) const;
     void OnTriggered(Tool& tool, QAction& action);
 

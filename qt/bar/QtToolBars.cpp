@@ -75,13 +75,8 @@ int QtToolBars::Still::styleHint(StyleHint hint, const QStyleOption* option, con
 }
 
 QtToolBars::~QtToolBars() {
-    for (const auto& [name, bar] : m_toolBars) {
-        if (Band* band = m_bar.FindBand(name)) {
-            band->Attach({});
-            band->Caption.Attach({});
-        }
-        delete bar;
-    }
+    m_connections.End();
+    for (const auto& [name, bar] : m_toolBars) delete bar;
 }
 
 bool QtToolBars::Follow() {
@@ -104,11 +99,11 @@ void QtToolBars::Make(Band& band) {
     bar->setStyle(&m_style);
     QtOverflowArrow::Show(*bar, kMoreTools, QStringLiteral("More tools"));
     m_toolBars.emplace(band.Name(), bar);
-    band.Caption.Attach([bar](const Text& caption) {
+    m_connections += band.Caption.Attach([bar](const Text& caption) {
         bar->setWindowTitle(ToQt(caption));
         bar->setAccessibleName(ToQt(caption));
     });
-    band.Attach([this, &band, bar] {
+    m_connections += band.Attach([this, &band, bar] {
         Fill(*bar, band);
         band.Clean();
     });
@@ -167,9 +162,7 @@ void QtToolBars::AddButton(QToolBar& bar, const BandEntry& entry) {
 }
 
 void QtToolBars::ReportPointer(QWidget& widget, const Tool& tool) {
-    new Hover(widget, [this, &tool](bool over) {
-        if (m_bar.MouseOver) m_bar.MouseOver(over ? &tool : nullptr);
-    });
+    new Hover(widget, [this, &tool](bool over) { m_bar.MouseOver(over ? &tool : nullptr); });
 }
 
 void QtToolBars::FocusTool(const Band& band, const Tool& tool) {

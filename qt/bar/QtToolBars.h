@@ -57,4 +57,5 @@ private:
     QtComboBoxes m_boxes;
     Still m_style;
     std::map<Text, QToolBar*> m_toolBars; ///< by the band's name
+    Connections m_connections;
 };

@@ -9,14 +9,15 @@
 #include <QPushButton>
 
 #include <limits>
+#include <memory>
+#include <utility>
 
 namespace {
 
 /// The widget follows the property until one of them is deleted, the widget first.
 template<typename T>
 void Follow(Property<T>& property, QObject& widget, std::function<void(const T&)> mirror) {
-    property.Attach(std::move(mirror));
-    QObject::connect(&widget, &QObject::destroyed, [&property] { property.Attach({}); });
+    KeepWith(widget, property.Attach(std::move(mirror)));
 }
 
 void FollowEnabled(Property<bool>& enabled, QWidget& widget) {
@@ -38,11 +39,6 @@ QString Shown(const QString& caption, QChar accessKey) {
     return accessKey.isNull() ? caption : WithAccessKey(caption, accessKey);
 }
 
-void Press(const std::function<void()>& click) {
-    // The handler may replace itself or end the form.
-    if (const auto handler = click) handler();
-}
-
 Qt::CheckState QtState(CheckState state) {
     if (state == CheckState::Grey) return Qt::PartiallyChecked;
     return state == CheckState::Ticked ? Qt::Checked : Qt::Unchecked;
@@ -54,6 +50,11 @@ CheckState StateOf(int qtState) {
 }
 
 } // namespace
+
+void KeepWith(QObject& owner, Connection connection) {
+    const auto kept = std::make_shared<Connection>(std::move(connection));
+    QObject::connect(&owner, &QObject::destroyed, [kept] { kept->End(); });
+}
 
 QString WithAccessKey(const QString& caption, QChar key) {
     qsizetype at = -1;
@@ -94,7 +95,7 @@ void Bind(Button& button, QPushButton& widget, const QString& name, QChar access
         // Only what was hidden is shown: a widget that has no parent yet would come up as a window.
         if (!visible || widget.testAttribute(Qt::WA_WState_ExplicitShowHide)) widget.setVisible(visible);
     });
-    QObject::connect(&widget, &QPushButton::clicked, &widget, [&button] { Press(button.Click); });
+    QObject::connect(&widget, &QPushButton::clicked, &widget, [&button] { button.Click(); });
 }
 
 void Bind(Label& label, QLabel& widget, const QString& name, QChar accessKey) {
@@ -113,11 +114,10 @@ void Bind(TextBox& box, QLineEdit& widget, const QString& name, const QString& a
     // The widget must not cut what the form holds.
     widget.setMaxLength(std::numeric_limits<int>::max());
     FollowEnabled(box.Enabled, widget);
-    box.SetFocus = [&widget] {
+    KeepWith(widget, box.SetFocus.Connect([&widget] {
         widget.setFocus(Qt::OtherFocusReason);
         widget.selectAll();
-    };
-    QObject::connect(&widget, &QObject::destroyed, [&box] { box.SetFocus = {}; });
+    }));
     Follow<Text>(box.Value, widget, [&widget](const Text& text) {
         // Setting the same text again would move the cursor.
         if (const QString shown = ToQt(text); shown != widget.text()) widget.setText(shown);
@@ -131,7 +131,7 @@ void Bind(FormState& form, QDialog& dialog, Button& cancel) {
         if (!visible) dialog.hide();
     });
     QObject::connect(&dialog, &QDialog::rejected, &dialog, [&form, &cancel] {
-        if (form.Visible()) Press(cancel.Click);
+        if (form.Visible()) cancel.Click();
     });
 }
 

@@ -11,7 +11,11 @@ class QCheckBox;
 class QDialog;
 class QLabel;
 class QLineEdit;
+class QObject;
 class QPushButton;
+
+/// Keeps a connection until the owner is deleted.
+void KeepWith(QObject& owner, Connection connection);
 
 /// The caption with "&" before the access key, at a word's beginning where there is one; unchanged when the caption
 /// has no such letter. A "&" in the caption stays visible.

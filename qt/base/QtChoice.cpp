@@ -1,5 +1,6 @@
 #include "qt/base/QtChoice.h"
 
+#include "qt/base/Bind.h"
 #include "qt/base/QtText.h"
 
 #include <QComboBox>
@@ -8,12 +9,9 @@ void Bind(Choice& choice, QComboBox& widget, const QString& name) {
     widget.setObjectName(name);
     widget.setAccessibleName(ToQt(choice.Caption));
     for (const Text& item : choice.Items) widget.addItem(ToQt(item));
-    choice.Index.Attach([&widget](std::size_t index) { widget.setCurrentIndex(static_cast<int>(index)); });
-    choice.Enabled.Attach([&widget](bool on) { widget.setEnabled(on); });
-    QObject::connect(&widget, &QObject::destroyed, [&choice] {
-        choice.Index.Attach({});
-        choice.Enabled.Attach({});
-    });
+    KeepWith(widget,
+             choice.Index.Attach([&widget](std::size_t index) { widget.setCurrentIndex(static_cast<int>(index)); }));
+    KeepWith(widget, choice.Enabled.Attach([&widget](bool on) { widget.setEnabled(on); }));
     QObject::connect(&widget, &QComboBox::currentIndexChanged, &widget, [&choice](int index) {
         if (index >= 0) choice.Index = static_cast<std::size_t>(index);
     });

@@ -65,20 +65,12 @@ QtListBox::QtListBox(ListBox& list, const QString& name, const QString& accessib
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setDragDropMode(InternalMove);
     setDropIndicatorShown(true);
-    m_list.Attach([this](ListBoxChange change) { m_model->Follow(change); },
-                  [this] { setFocus(Qt::OtherFocusReason); });
+    m_connections += m_list.Attach([this](ListBoxChange change) { m_model->Follow(change); });
+    m_connections += m_list.FocusWanted.Connect([this] { setFocus(Qt::OtherFocusReason); });
     m_list.ListIndex = selected;
-    m_list.ListIndex.Attach([this](std::int32_t index) { Select(index); });
-    m_list.Enabled.Attach([this](bool enabled) { setEnabled(enabled); });
-    connect(this, &QListView::doubleClicked, this, [this] {
-        if (m_list.DblClick) m_list.DblClick();
-    });
-}
-
-QtListBox::~QtListBox() {
-    m_list.Attach({}, {});
-    m_list.ListIndex.Attach({});
-    m_list.Enabled.Attach({});
+    m_connections += m_list.ListIndex.Attach([this](std::int32_t index) { Select(index); });
+    m_connections += m_list.Enabled.Attach([this](bool enabled) { setEnabled(enabled); });
+    connect(this, &QListView::doubleClicked, this, [this] { m_list.DblClick(); });
 }
 
 void QtListBox::Select(std::int32_t index) {
@@ -96,7 +88,7 @@ void QtListBox::currentChanged(const QModelIndex& current, const QModelIndex& pr
 
 void QtListBox::focusInEvent(QFocusEvent* event) {
     QListView::focusInEvent(event);
-    if (m_list.GotFocus) m_list.GotFocus();
+    m_list.GotFocus();
 }
 
 void QtListBox::mousePressEvent(QMouseEvent* event) {
@@ -121,7 +113,7 @@ void QtListBox::MoveTo(QPoint point) {
     if (under.isValid()) place = under.row() + (point.y() > visualRect(under).center().y() ? 1 : 0);
     // Its own place becomes free.
     const int to = place > from ? place - 1 : place;
-    if (from >= 0 && Dragged) Dragged(static_cast<std::size_t>(from), static_cast<std::size_t>(to));
+    if (from >= 0) Dragged(static_cast<std::size_t>(from), static_cast<std::size_t>(to));
 }
 
 bool QtListBox::viewportEvent(QEvent* event) {

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "forms/ListBox.h"
 
 #include <QListView>
@@ -14,10 +15,9 @@ class QtListBox final : public QListView {
 public:
     /// `name` is the control's name, `accessibleName` what a person would call the list.
     QtListBox(ListBox& list, const QString& name, const QString& accessibleName);
-    ~QtListBox() override;
 
     /// An entry was dragged: where it stood and where it shall stand, from 0.
-    std::function<void(std::size_t from, std::size_t to)> Dragged;
+    Signal<void(std::size_t from, std::size_t to)> Dragged;
     /// What an entry's tool tip says beside its text; empty for nothing more.
     std::function<Text(TextView item)> Title;
 
@@ -37,4 +37,5 @@ private:
 
     ListBox& m_list;
     QtListModel* m_model;
+    Connections m_connections;
 };

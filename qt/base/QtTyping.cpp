@@ -26,7 +26,7 @@ bool Types(const QKeyEvent& event) {
 QtTyping::QtTyping(QWidget& window) : m_window(window) { qApp->installEventFilter(this); }
 
 bool QtTyping::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress || !OverPage || watched != QApplication::focusWidget()) return false;
+    if (event->type() != QEvent::KeyPress || watched != QApplication::focusWidget()) return false;
     const auto& widget = *static_cast<QWidget*>(watched);
     const auto& key = *static_cast<QKeyEvent*>(event);
     if (widget.window() != &m_window || QApplication::activePopupWidget() || !IsInPage(widget) || !Types(key))

@@ -1,6 +1,7 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QObject>
-#include <functional>
 
 class QWidget;
 
@@ -13,7 +14,7 @@ public:
     /// The window outlives it. Works as long as it lives.
     explicit QtTyping(QWidget& window);
 
-    std::function<void()> OverPage;
+    Signal<void()> OverPage;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -65,6 +65,6 @@ void QtFolderWatch::OnChanged(const QString& path) {
     }
     Release(path);
     for (const Text& folder : changed) {
-        if (Changed) Changed(folder);
+        Changed(folder);
     }
 }

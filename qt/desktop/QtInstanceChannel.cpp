@@ -117,8 +117,8 @@ void QtInstanceChannel::Answer(QLocalSocket& sender) {
 
 void QtInstanceChannel::Handle(const InstanceMessage::Message& message) const {
     if (message.What == InstanceMessage::Kind::HandOver) {
-        if (Message) Message(message.Text);
-    } else if (Foreground) {
+        Message(message.Text);
+    } else {
         Foreground(QByteArray::fromStdString(message.Token));
     }
 }

@@ -1,12 +1,12 @@
 #pragma once
 #include "base/InstanceMessage.h"
+#include "base/Signal.h"
 #include "platform/InstanceChannel.h"
 #include "qt/desktop/QtSocketFolder.h"
 
 #include <QByteArray>
 #include <QLocalServer>
 #include <QString>
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -49,7 +49,7 @@ public:
     using QtInstanceSender::QtInstanceSender;
 
     /// A later start wants the window in front; `token` is the desktop's permission for it, or empty.
-    std::function<void(const QByteArray& token)> Foreground;
+    Signal<void(const QByteArray& token)> Foreground;
 
 private:
     void OnLooked(Instances allowed, bool running) override;

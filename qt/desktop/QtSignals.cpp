@@ -27,7 +27,7 @@ QtSignals::QtSignals() {
     m_notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, [this, end = ends[0]] {
         std::array<char, 16> bytes{};
-        if (::read(end, bytes.data(), bytes.size()) > 0 && Quit) Quit();
+        if (::read(end, bytes.data(), bytes.size()) > 0) Quit();
     });
     struct sigaction action {};
     action.sa_handler = OnSignal;

@@ -1,6 +1,7 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QObject>
-#include <functional>
 
 class QSocketNotifier;
 
@@ -14,7 +15,7 @@ public:
     ~QtSignals() override;
 
     /// The program is to end.
-    std::function<void()> Quit;
+    Signal<void()> Quit;
 
 private:
     QSocketNotifier* m_notifier = nullptr;

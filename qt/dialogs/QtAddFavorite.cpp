@@ -51,20 +51,15 @@ QtAddFavorite::QtAddFavorite(frmAddFavorite& form, QWidget* parent)
     name->selectAll();
 }
 
-QtAddFavorite::~QtAddFavorite() {
-    m_form.NewFolder = {};
-    m_form.Folder.Attach({});
-}
-
 void QtAddFavorite::BindTree() {
-    m_tree->Chosen = [this](const Text& path) { m_form.Folder = path; };
+    m_tree->Chosen.ConnectForLife([this](const Text& path) { m_form.Folder = path; });
     m_tree->Renamed = [this](const Text& path, const Text& name) {
         return m_form.treFolders_AfterLabelEdit(path, name);
     };
-    m_form.NewFolder = [this](const Text& folder, const Text& made) {
+    m_connections += m_form.NewFolder.Connect([this](const Text& folder, const Text& made) {
         m_tree->Reload(folder);
         m_tree->Edit(made);
-    };
+    });
 }
 
 QWidget* QtAddFavorite::Buttons() {

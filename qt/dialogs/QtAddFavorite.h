@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "favorites/frmAddFavorite.h"
 
 #include <QDialog>
@@ -9,7 +10,6 @@ class QtFavoriteTree;
 class QtAddFavorite : public QDialog {
 public:
     explicit QtAddFavorite(frmAddFavorite& form, QWidget* parent = nullptr);
-    ~QtAddFavorite() override;
 
 private:
     QWidget* Buttons();
@@ -17,6 +17,7 @@ private:
 
     frmAddFavorite& m_form;
     QtFavoriteTree* m_tree;
+    Connections m_connections;
 };
 
 /// Shows the form over `parent` until it hides.

@@ -35,7 +35,7 @@ QtFavoriteTree::QtFavoriteTree(Text root, Shows shows)
     connect(this, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { Load(*item); });
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) { OnChanged(*item); });
     connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
-        if (item && Chosen) Chosen(PathOf(*item));
+        if (item) Chosen(PathOf(*item));
     });
 }
 
@@ -145,5 +145,5 @@ void QtFavoriteTree::dropEvent(QDropEvent* event) {
     // The disk says what becomes of the line, not the widget.
     event->setDropAction(Qt::IgnoreAction);
     event->accept();
-    if (Dropped) Dropped(SelectedPath(), target ? PathOf(*target) : m_root);
+    Dropped(SelectedPath(), target ? PathOf(*target) : m_root);
 }

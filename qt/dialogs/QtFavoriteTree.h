@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "favorites/FavoriteFiles.h"
 
 #include <QTreeWidget>
@@ -20,11 +21,11 @@ public:
     [[nodiscard]] Text SelectedPath() const;
 
     /// The user has selected a line.
-    std::function<void(const Text& path)> Chosen;
+    Signal<void(const Text& path)> Chosen;
     /// The user has typed a name for a line: its new path, nothing when it keeps the old one.
     std::function<std::optional<Text>(const Text& path, const Text& name)> Renamed;
     /// The user has dragged a line onto a folder, or onto a line in it.
-    std::function<void(const Text& path, const Text& folder)> Dropped;
+    Signal<void(const Text& path, const Text& folder)> Dropped;
 
 protected:
     void dropEvent(QDropEvent* event) override;

@@ -29,16 +29,11 @@ QtGroupEditor::QtGroupEditor(frmTessaGroup& form, QWidget* parent)
     rows->addWidget(m_entry);
     findChild<QLabel*>(QStringLiteral("Label1"))->setBuddy(m_list);
     AddListKeys();
-    form.Frame1.Visible.Attach([this](bool visible) { ShowEntry(visible); });
+    m_connections += form.Frame1.Visible.Attach([this](bool visible) { ShowEntry(visible); });
     resize(kEditorWidth, m_formHeight);
-    form.Height.Attach([this](Twips height) { ShowHeight(height); });
+    m_connections += form.Height.Attach([this](Twips height) { ShowHeight(height); });
     Bind(form.Form, *this, form.cmdCancel);
     m_list->setFocus();
-}
-
-QtGroupEditor::~QtGroupEditor() {
-    m_form.Frame1.Visible.Attach({});
-    m_form.Height.Attach({});
 }
 
 QWidget* QtGroupEditor::Name() {
@@ -67,7 +62,7 @@ QPushButton* QtGroupEditor::Add(QBoxLayout& row, Button& button, const char* nam
 QWidget* QtGroupEditor::Entries() {
     auto* row = new QWidget;
     m_list = new QtListBox(m_form.lstUrls, QStringLiteral("lstUrls"), QStringLiteral("Addresses"));
-    m_list->Dragged = [this](std::size_t from, std::size_t to) { m_form.MoveEntry(from, to); };
+    m_list->Dragged.ConnectForLife([this](std::size_t from, std::size_t to) { m_form.MoveEntry(from, to); });
     m_list->Title = m_form.TitleOf;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "groups/frmTessaGroup.h"
 
 #include <QDialog>
@@ -12,7 +13,6 @@ class QtListBox;
 class QtGroupEditor : public QDialog {
 public:
     explicit QtGroupEditor(frmTessaGroup& form, QWidget* parent = nullptr);
-    ~QtGroupEditor() override;
 
 private:
     QWidget* Name();
@@ -30,6 +30,7 @@ private:
     QPushButton* m_ok = nullptr;
     QPushButton* m_commit = nullptr;
     int m_formHeight = 0; ///< what the form asked for last, in logical pixels
+    Connections m_connections;
 };
 
 /// Shows the form over `parent` until it hides.

@@ -130,9 +130,9 @@ QWidget* QtInternetOptionsDialog::GeneralPage() {
     AddBox(*rows, m_form.lblFind, m_form.txtFind, "txtFind", u'F');
     for (const char* name : {"txtSearch", "txtShop", "txtFind"})
         page->findChild<QLineEdit*>(ObjectName(name))->setPlaceholderText(QStringLiteral("TessaView's own choice"));
+    LeadTo(*page, m_form.txtSleepMinutes);
     AddSleep(*rows, m_form);
     AddChoice(*rows, m_form.cboDrawing, "cboDrawing", u'W');
-    LeadTo(*page, m_form.txtSleepMinutes);
     rows->addStretch();
     return page;
 }
@@ -198,6 +198,7 @@ QWidget* QtInternetOptionsDialog::ConnectionPage() {
     auto* page = new QWidget;
     auto* rows = new QVBoxLayout(page);
     AddChoice(*rows, m_form.cboProxy, "cboProxy", u'X');
+    for (auto* box : {&m_form.txtProxyHost, &m_form.txtProxyPort}) LeadTo(*page, *box);
     AddBox(*rows, m_form.lblProxyHost, m_form.txtProxyHost, "txtProxyHost", u'H');
     auto* port = AddBox(*rows, m_form.lblProxyPort, m_form.txtProxyPort, "txtProxyPort", u'R');
     port->setMinimumWidth(0);
@@ -206,15 +207,12 @@ QWidget* QtInternetOptionsDialog::ConnectionPage() {
     Bind(m_form.lblProxyBad, *bad, QStringLiteral("lblProxyBad"));
     rows->addWidget(bad);
     rows->addStretch();
-    for (auto* box : {&m_form.txtProxyHost, &m_form.txtProxyPort}) LeadTo(*page, *box);
     return page;
 }
 
+// Before the box is bound: only on a page that is shown it takes the keyboard.
 void QtInternetOptionsDialog::LeadTo(QWidget& page, TextBox& box) {
-    box.SetFocus = [pages = m_pages, &page, focus = box.SetFocus] {
-        pages->Show(page);
-        focus();
-    };
+    m_connections += box.SetFocus.Connect([pages = m_pages, &page] { pages->Show(page); });
 }
 
 QWidget* QtInternetOptionsDialog::Buttons() {

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "settings/frmInternetOptions.h"
 
 #include <QDialog>
@@ -26,6 +27,7 @@ private:
 
     frmInternetOptions& m_form;
     QtPageList* m_pages = nullptr;
+    Connections m_connections;
 };
 
 /// Shows the form over `parent` until it hides; `form.Apply` then tells OK from Cancel.

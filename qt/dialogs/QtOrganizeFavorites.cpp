@@ -36,12 +36,7 @@ QtOrganizeFavorites::QtOrganizeFavorites(frmOrganizeFavorites& form, QWidget* pa
     m_tree->setFocus();
 }
 
-QtOrganizeFavorites::~QtOrganizeFavorites() {
-    m_form.FolderChanged = {};
-    m_form.EditName = {};
-    m_form.AskFolder = {};
-    m_form.Selected.Attach({});
-}
+QtOrganizeFavorites::~QtOrganizeFavorites() { m_form.AskFolder = {}; }
 
 QVBoxLayout* QtOrganizeFavorites::Tree() {
     auto* rows = new QVBoxLayout;
@@ -107,19 +102,19 @@ QVBoxLayout* QtOrganizeFavorites::Buttons() {
 }
 
 void QtOrganizeFavorites::BindTree() {
-    m_tree->Chosen = [this](const Text& path) { m_form.Selected = path; };
+    m_tree->Chosen.ConnectForLife([this](const Text& path) { m_form.Selected = path; });
     m_tree->Renamed = [this](const Text& path, const Text& title) {
         return m_form.treFavorites_AfterLabelEdit(path, title);
     };
     // Not while the tree still handles the drop: the line that was dragged goes.
-    m_tree->Dropped = [this](const Text& path, const Text& folder) {
+    m_tree->Dropped.ConnectForLife([this](const Text& path, const Text& folder) {
         QMetaObject::invokeMethod(
             this, [this, path, folder] { m_form.MoveTo(path, folder); }, Qt::QueuedConnection);
-    };
-    m_form.FolderChanged = [this](const Text& folder) { m_tree->Reload(folder); };
-    m_form.EditName = [this](const Text& path) { m_tree->Edit(path); };
+    });
+    m_connections += m_form.FolderChanged.Connect([this](const Text& folder) { m_tree->Reload(folder); });
+    m_connections += m_form.EditName.Connect([this](const Text& path) { m_tree->Edit(path); });
     m_form.AskFolder = [this] { return AskFolder(); };
-    m_form.Selected.Attach([this](const Text& path) {
+    m_connections += m_form.Selected.Attach([this](const Text& path) {
         if (path != m_tree->SelectedPath()) m_tree->Select(path);
     });
     auto* remove = new QShortcut(QKeySequence::Delete, m_tree, nullptr, nullptr, Qt::WidgetShortcut);

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "favorites/frmOrganizeFavorites.h"
 
 #include <QDialog>
@@ -32,6 +33,7 @@ private:
     frmOrganizeFavorites& m_form;
     QtFavoriteTree* m_tree;
     QLineEdit* m_address = nullptr;
+    Connections m_connections;
 };
 
 /// Shows the form over `parent` until it hides.

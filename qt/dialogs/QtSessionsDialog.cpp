@@ -73,12 +73,6 @@ QtSessionsDialog::QtSessionsDialog(frmSessions& form, QWidget* parent)
     m_sessions->setFocus();
 }
 
-QtSessionsDialog::~QtSessionsDialog() {
-    m_form.lstSessions.Attach({});
-    m_form.Selected.Attach({});
-    m_form.lstPages.Attach({});
-}
-
 QWidget* QtSessionsDialog::Sessions() {
     auto* half = new QWidget;
     auto* rows = new QVBoxLayout(half);
@@ -134,8 +128,8 @@ QWidget* QtSessionsDialog::Buttons() {
 }
 
 void QtSessionsDialog::BindSessions() {
-    m_form.lstSessions.Attach([this](const auto& lines) { ShowSessions(lines); });
-    m_form.Selected.Attach([this](std::size_t index) {
+    m_connections += m_form.lstSessions.Attach([this](const auto& lines) { ShowSessions(lines); });
+    m_connections += m_form.Selected.Attach([this](std::size_t index) {
         m_sessions->setCurrentRow(index == frmSessions::kNone ? -1 : static_cast<int>(index));
     });
     connect(m_sessions, &QListWidget::currentRowChanged, this,
@@ -143,7 +137,7 @@ void QtSessionsDialog::BindSessions() {
 }
 
 void QtSessionsDialog::BindPages() {
-    m_form.lstPages.Attach([this](const auto& lines) { ShowPages(lines); });
+    m_connections += m_form.lstPages.Attach([this](const auto& lines) { ShowPages(lines); });
     connect(m_pages, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) {
         m_form.lstPages_ItemCheck(static_cast<std::size_t>(m_pages->indexOfTopLevelItem(item)),
                                   item->checkState(0) == Qt::Checked);

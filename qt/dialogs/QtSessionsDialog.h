@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "sessions/frmSessions.h"
 
 #include <QDialog>
@@ -11,7 +12,6 @@ class QTreeWidget;
 class QtSessionsDialog : public QDialog {
 public:
     explicit QtSessionsDialog(frmSessions& form, QWidget* parent = nullptr);
-    ~QtSessionsDialog() override;
 
 private:
     QWidget* Sessions();
@@ -25,6 +25,7 @@ private:
     frmSessions& m_form;
     QListWidget* m_sessions;
     QTreeWidget* m_pages;
+    Connections m_connections;
 };
 
 /// Shows the form over `parent` until it hides.

@@ -69,12 +69,6 @@ QtTaskDialog::QtTaskDialog(frmTaskView& form, QWidget* parent)
     m_tasks->setFocus();
 }
 
-QtTaskDialog::~QtTaskDialog() {
-    m_form.lstTasks.Attach({});
-    m_form.Selected.Attach({});
-    m_form.Order.Attach({});
-}
-
 void QtTaskDialog::MakeTasks() {
     m_tasks->setObjectName(QStringLiteral("lstTasks"));
     m_tasks->setAccessibleName(QStringLiteral("Tabs"));
@@ -116,7 +110,7 @@ QHBoxLayout* QtTaskDialog::Sorting() {
 }
 
 void QtTaskDialog::BindSorting(QComboBox& column, QCheckBox& descending) {
-    m_form.Order.Attach([this, &column, &descending](const TaskOrder& order) {
+    m_connections += m_form.Order.Attach([this, &column, &descending](const TaskOrder& order) {
         const int section = static_cast<int>(order.Column);
         const QSignalBlocker quietColumn(column), quietOrder(descending);
         column.setCurrentIndex(section);
@@ -144,8 +138,8 @@ QWidget* QtTaskDialog::Buttons() {
 }
 
 void QtTaskDialog::BindTasks() {
-    m_form.lstTasks.Attach([this](const auto& lines) { ShowTasks(lines); });
-    m_form.Selected.Attach([this](const Text&) { ShowSelected(); });
+    m_connections += m_form.lstTasks.Attach([this](const auto& lines) { ShowTasks(lines); });
+    m_connections += m_form.Selected.Attach([this](const Text&) { ShowSelected(); });
     connect(m_tasks, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
         if (item) m_form.Selected = FromQt(item->data(0, kTaskKeyRole).toString());
     });
@@ -198,23 +192,22 @@ QtTaskView::QtTaskView(frmTaskView& form, QWidget& window) : m_form(form), m_win
         return std::chrono::duration_cast<std::chrono::milliseconds>(
             std::chrono::steady_clock::now().time_since_epoch());
     };
-    m_form.ShowMainWindow = [this] {
+    m_connections += m_form.ShowMainWindow.Connect([this] {
         m_window.raise();
         m_window.activateWindow();
-    };
-    m_form.ShowItself = [this] {
+    });
+    m_connections += m_form.ShowItself.Connect([this] {
         if (!m_dialog) return;
         m_dialog->raise();
         m_dialog->activateWindow();
-    };
+    });
     m_refresh.callOnTimeout(this, [this] { m_form.Refresh(); });
-    m_form.Form.Visible.Attach([this](bool visible) { Show(visible); });
+    m_connections += m_form.Form.Visible.Attach([this](bool visible) { Show(visible); });
 }
 
 QtTaskView::~QtTaskView() {
-    m_form.Form.Visible.Attach({});
     m_form.ReadProcess = {};
-    m_form.ShowMainWindow = m_form.ShowItself = {};
+    m_connections.End();
     delete m_dialog;
 }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "tabs/frmTaskView.h"
 
 #include <QDialog>
@@ -16,7 +17,6 @@ class QtTaskDialog final : public QDialog {
 
 public:
     QtTaskDialog(frmTaskView& form, QWidget* parent);
-    ~QtTaskDialog() override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -32,6 +32,7 @@ private:
 
     frmTaskView& m_form;
     QTreeWidget* m_tasks;
+    Connections m_connections;
 };
 
 /// Shows the task view over the main window when its form is shown, and has it measured once a second as long as it
@@ -51,4 +52,5 @@ private:
     QWidget& m_window;
     QPointer<QtTaskDialog> m_dialog;
     QTimer m_refresh;
+    Connections m_connections;
 };

@@ -129,17 +129,12 @@ QtDownloadLines::QtDownloadLines(frmDownloads& form, QWidget* parent) : QListWid
     setVerticalScrollMode(ScrollPerPixel);
     setResizeMode(Adjust);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_form.lstDownloads.Attach([this](const auto& lines) { ShowLines(lines); });
-    m_form.Selected.Attach([this](std::int32_t) { ShowSelected(); });
+    m_connections += m_form.lstDownloads.Attach([this](const auto& lines) { ShowLines(lines); });
+    m_connections += m_form.Selected.Attach([this](std::int32_t) { ShowSelected(); });
     connect(this, &QListWidget::currentItemChanged, this, [this](const QListWidgetItem* item) {
         m_form.Selected = item ? item->data(QtDownloadDelegate::kIdRole).toInt() : 0;
     });
     connect(this, &QListWidget::itemDoubleClicked, this, [this] { m_form.lstDownloads_DblClick(); });
-}
-
-QtDownloadLines::~QtDownloadLines() {
-    m_form.lstDownloads.Attach({});
-    m_form.Selected.Attach({});
 }
 
 // Items stay where they are while downloads go on, and with them the keyboard's place.

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "downloads/frmDownloads.h"
 
 #include <QListWidget>
@@ -29,7 +30,6 @@ class QtDownloadLines final : public QListWidget {
 
 public:
     QtDownloadLines(frmDownloads& form, QWidget* parent);
-    ~QtDownloadLines() override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -39,4 +39,5 @@ private:
     void ShowSelected();
 
     frmDownloads& m_form;
+    Connections m_connections;
 };

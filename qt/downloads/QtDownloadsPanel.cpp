@@ -27,15 +27,14 @@ constexpr int kContentsMargin = 6;
 QtDownloadsPanel::QtDownloadsPanel(frmDownloads& form, QMainWindow& window) : m_form(form), m_window(window) {
     m_refresh.setSingleShot(true);
     m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
-    m_form.Schedule = [this] {
+    m_connections += m_form.Schedule.Connect([this] {
         if (!m_refresh.isActive()) m_refresh.start(kLinesRefresh);
-    };
-    m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : Close(); });
+    });
+    m_connections += m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : Close(); });
 }
 
 QtDownloadsPanel::~QtDownloadsPanel() {
-    m_form.Form.Visible.Attach({});
-    m_form.Schedule = {};
+    m_connections.End();
     Close();
 }
 
@@ -121,7 +120,7 @@ void QtDownloadsPanel::Close() {
     m_pane->setObjectName({});
     m_pane->deleteLater();
     m_pane.clear();
-    if (hadFocus && FocusPage) FocusPage();
+    if (hadFocus) FocusPage();
 }
 
 // A press that reaches the window itself is on a border between its panes.

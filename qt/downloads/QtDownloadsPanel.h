@@ -1,10 +1,10 @@
 #pragma once
+#include "base/Signal.h"
 #include "downloads/frmDownloads.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
-#include <functional>
 
 class QDockWidget;
 class QGridLayout;
@@ -21,7 +21,7 @@ public:
     ~QtDownloadsPanel() override;
 
     /// Gives the keyboard back to the page. Filled in by the program.
-    std::function<void()> FocusPage;
+    Signal<void()> FocusPage;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -43,4 +43,5 @@ private:
     int m_columns = 0;
     int m_width = 0;      ///< in pixels, as the user has dragged it; 0 for never
     bool m_drags = false; ///< a border between panes is being dragged
+    Connections m_connections;
 };

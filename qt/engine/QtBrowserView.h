@@ -150,6 +150,7 @@ private:
     QUrl m_shown;                                 ///< the address of the document shown, whatever is to come
     std::shared_ptr<const QByteArray> m_preview;  ///< the PDF that the view was opened for
     QPointer<QtPreviewBar> m_previewBar;          ///< above it, while it is shown
+    Connections m_previewListening;               ///< to that
     QRect m_place;
     int m_zoom = 2;
     bool m_committed = false;

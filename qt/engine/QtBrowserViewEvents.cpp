@@ -68,10 +68,7 @@ void QtBrowserView::ConnectPage() {
     connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_events.SoundChange(m_index); });
     // Queued: opening a TessaGroup may close this very page.
     connect(
-        page, &QtPage::StartLinkFollowed, this,
-        [this](const QUrl& url) {
-            if (m_engine.StartLink) m_engine.StartLink(url);
-        },
+        page, &QtPage::StartLinkFollowed, this, [this](const QUrl& url) { m_engine.StartLink(url); },
         Qt::QueuedConnection);
     QtEngineVersions::FollowPrintRequests(*page, *this, [this] { OnPrintRequested(); });
     connect(page, &QWebEnginePage::newWindowRequested, this, &QtBrowserView::OnNewWindow);
@@ -87,7 +84,7 @@ void QtBrowserView::ConnectPage() {
 }
 
 void QtBrowserView::NoteVisit(const QUrl& url) {
-    if (m_privacy == Privacy::Ordinary && m_engine.Visited) m_engine.Visited(url);
+    if (m_privacy == Privacy::Ordinary) m_engine.Visited(url);
 }
 
 void QtBrowserView::OnLoadStarted() {

@@ -41,7 +41,7 @@ void QtBrowserView::RaiseBars() {
 // Later, because it may be its own button that ends it.
 void QtBrowserView::DropPreviewBar() {
     if (!m_previewBar) return;
-    m_previewBar->Print = m_previewBar->Close = {};
+    m_previewListening.End();
     m_previewBar->hide();
     m_previewBar->deleteLater();
     m_previewBar.clear();
@@ -53,8 +53,8 @@ void QtBrowserView::FollowPreview() {
         DropPreviewBar();
     } else {
         m_previewBar = new QtPreviewBar(m_engine.PageArea());
-        m_previewBar->Print = [this] { ResumeNext(ExecWB(BrowserCommand::Print)); };
-        m_previewBar->Close = [this] { m_events.WindowClosing(m_index); };
+        m_previewListening += m_previewBar->Print.Connect([this] { ResumeNext(ExecWB(BrowserCommand::Print)); });
+        m_previewListening += m_previewBar->Close.Connect([this] { m_events.WindowClosing(m_index); });
         m_previewBar->setVisible(m_widget && m_widget->isVisible());
         // The title may have come before the address that makes it a preview's.
         m_events.TitleChange(m_index, NameOf(m_page->title()));
@@ -107,37 +107,36 @@ void QtBrowserView::MakeQuestions() {
         std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted(m_privacy),
                                           m_engine.DialogScheme(m_privacy), m_engine.External(m_privacy), kept);
     WireQuestions();
-    m_questions->crashes.Reload = [this] { ResumeNext(Refresh()); };
-    m_questions->covers.FocusPage = [this] { SetFocus(); };
-    m_questions->covers.Changed = [this] { ShowQuestion(); };
+    m_questions->crashes.Reload.ConnectForLife([this] { ResumeNext(Refresh()); });
+    m_questions->covers.FocusPage.ConnectForLife([this] { SetFocus(); });
+    m_questions->covers.Changed.ConnectForLife([this] { ShowQuestion(); });
 }
 
 void QtBrowserView::MakeLife() {
     m_life = std::make_unique<QtPageLife>(*m_page);
-    m_life->AddActivity = [this](PageActivity& activity) {
+    m_life->AddActivity.ConnectForLife([this](PageActivity& activity) {
         activity.Loading |= m_loading || m_pending.has_value();
         activity.Asks = m_questions->bar->Asks() || !m_questions->covers.Empty();
         activity.FullScreen = m_widget && m_widget->isVisible() && m_widget->window()->isFullScreen();
-    };
-    m_life->IconChanged = [this] {
-        if (m_engine.IconChanged) m_engine.IconChanged(m_index);
-    };
+    });
+    m_life->IconChanged.ConnectForLife([this] { m_engine.IconChanged(m_index); });
 }
 
 void QtBrowserView::WireQuestions() {
-    m_questions->questions.Changed = [this] { ShowQuestion(); };
-    m_questions->questions.Reworded = [this] {
+    m_questions->questions.Changed.ConnectForLife([this] { ShowQuestion(); });
+    m_questions->questions.Reworded.ConnectForLife([this] {
         m_questions->bar->ShowWords();
         LayWidget();
-    };
-    m_questions->links.Refused = [this](const QString& words) {
-        if (m_engine.Notice && m_widget && m_widget->isVisible()) m_engine.Notice(words);
-    };
-    m_questions->bar->FocusPage = [this] { SetFocus(); };
-    m_questions->permissions.OpenPopup = [this](const QUrl& address) { OpenPopup(address); };
-    m_questions->permissions.CapturesChanged = [this] { m_engine.ReportCaptures(); };
-    m_questions->tools.SaveAddress = m_engine.SaveAddress;
-    m_questions->tools.ShowInspector = m_engine.ShowInspector;
+    });
+    m_questions->links.Refused.ConnectForLife([this](const QString& words) {
+        if (m_widget && m_widget->isVisible()) m_engine.Notice(words);
+    });
+    m_questions->bar->FocusPage.ConnectForLife([this] { SetFocus(); });
+    m_questions->permissions.OpenPopup.ConnectForLife([this](const QUrl& address) { OpenPopup(address); });
+    m_questions->permissions.CapturesChanged.ConnectForLife([this] { m_engine.ReportCaptures(); });
+    m_questions->tools.SaveAddress.ConnectForLife(
+        [this](QtPage& page, const QUrl& address, const Text& path) { m_engine.SaveAddress(page, address, path); });
+    m_questions->tools.ShowInspector.ConnectForLife([this](QtPage& page) { m_engine.ShowInspector(page); });
 }
 
 void QtBrowserView::ShowQuestion() {
@@ -178,10 +177,11 @@ void QtBrowserView::AskForMenu(QPoint at) {
 }
 
 void QtBrowserView::ShowMenu(const PageContext& context, QPoint at) {
-    const auto& place = m_engine.MenuPlace;
-    if (place) place(at);
+    // The menu's command may end this view.
+    QtEngine& engine = m_engine;
+    engine.MenuPlace(at);
     m_events.ContextMenu(m_index, context);
-    if (place) place(std::nullopt);
+    engine.MenuPlace(std::nullopt);
 }
 
 void QtBrowserView::Release() {

@@ -196,7 +196,7 @@ std::unique_ptr<QtProfile> QtEngine::MakeProfile(const QString& folder, const QS
 QWebEngineProfile* QtEngine::PrivateProfile() {
     if (!m_private) {
         m_private = MakeProfile({}, {});
-        if (PrivateProfileMade) PrivateProfileMade(*m_private->Get());
+        PrivateProfileMade(*m_private->Get());
     }
     return m_private->Get();
 }
@@ -206,7 +206,7 @@ QWebEngineProfile* QtEngine::Profile(Privacy privacy) {
     if (!m_profile) {
         m_ownProfile.Take();
         m_profile = MakeProfile(m_ownProfile.Folder(), m_ownProfile.CacheFolder());
-        if (ProfileMade) ProfileMade(*m_profile->Get());
+        ProfileMade(*m_profile->Get());
     }
     return m_profile->Get();
 }
@@ -273,7 +273,7 @@ void QtEngine::ShowFront() {
     front->Show();
     if (auto* before = Find(m_shown)) before->Hide();
     m_shown = m_front;
-    if (FrontChanged) FrontChanged();
+    FrontChanged();
 }
 
 QtBrowserView* QtEngine::ViewOf(const QWebEnginePage* page) const {

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "pages/Certificates.h"
 #include "pages/ExternalSchemes.h"
 #include "pages/SitePermissions.h"
@@ -53,14 +54,14 @@ public:
     /// The icon of the page of a view; a null icon when it has none.
     [[nodiscard]] QIcon Icon(std::int32_t index) const;
     /// Another view is shown than before.
-    std::function<void()> FrontChanged;
+    Signal<void()> FrontChanged;
     /// A page's icon has changed.
-    std::function<void(std::int32_t index)> IconChanged;
+    Signal<void(std::int32_t index)> IconChanged;
     /// The pages' profile has come into being; that of private pages, which ends with the last of them.
-    std::function<void(QWebEngineProfile&)> ProfileMade;
-    std::function<void(QWebEngineProfile&)> PrivateProfileMade;
+    Signal<void(QWebEngineProfile&)> ProfileMade;
+    Signal<void(QWebEngineProfile&)> PrivateProfileMade;
     /// A page that is not private, or a frame of it, goes to an address.
-    std::function<void(const QUrl&)> Visited;
+    Signal<void(const QUrl&)> Visited;
     /// The address of the home page; empty, or without a function, for the program's own.
     std::function<Text()> HomeAddress;
     /// What sites may do for good. Outlives the views; nothing to ask every time.
@@ -68,23 +69,23 @@ public:
     /// A decision was forgotten: pages of that site ask again.
     void ForgetDecision(const SiteDecision& forgotten);
     /// What pages may see and hear of their users has changed.
-    std::function<void()> CapturesChanged;
+    Signal<void()> CapturesChanged;
     /// Says something in passing, in the status bar.
-    std::function<void(const QString&)> Notice;
+    Signal<void(const QString&)> Notice;
     /// In words, a sentence for each page.
     [[nodiscard]] QStringList Captures() const;
     /// Loads these pages again, which ends it.
     void StopCaptures();
     /// A page's menu is being asked for at a point of the screen: at the pointer, or at what has the keyboard in the
     /// page. Nothing when that is over.
-    std::function<void(std::optional<QPoint>)> MenuPlace;
+    Signal<void(std::optional<QPoint>)> MenuPlace;
     /// For the menus of pages, see `QtPageTools`.
-    std::function<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
-    std::function<void(QtPage&)> ShowInspector;
+    Signal<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
+    Signal<void(QtPage&)> ShowInspector;
     /// Makes the home page, in UTF-8, whenever it is loaded.
     std::function<std::string()> StartPage;
     /// The user has followed a link of the home page that is for the program and not for the engine.
-    std::function<void(const QUrl&)> StartLink;
+    Signal<void(const QUrl&)> StartLink;
     /// Whether pages wait for their turn to load.
     [[nodiscard]] bool PagesWait() const { return m_queue.Waiting() > 0; }
     /// How short memory is from now on.
@@ -108,9 +109,7 @@ public:
     void Relayout();
 
     // For the views.
-    void ReportCaptures() const {
-        if (CapturesChanged) CapturesChanged();
-    }
+    void ReportCaptures() const { CapturesChanged(); }
     [[nodiscard]] QRect PageRect(const QRect& whole) const { return LayBars ? LayBars(whole) : whole; }
     /// The exceptions for refused certificates. Those of private views end with the last of them.
     [[nodiscard]] AcceptedCertificates& Accepted(Privacy privacy) { return AnswersFor(privacy).certificates; }

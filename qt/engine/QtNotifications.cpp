@@ -96,7 +96,7 @@ void QtNotifications::ShowHere(const std::shared_ptr<QWebEngineNotification>& no
                                        answered();
                                        notification->click();
                                        notification->close();
-                                       if (Clicked) Clicked();
+                                       Clicked();
                                    },
                                    [notification, answered] {
                                        answered();
@@ -109,7 +109,7 @@ void QtNotifications::ShowHere(const std::shared_ptr<QWebEngineNotification>& no
 void QtNotifications::OnAction(uint id, const QString&) {
     if (const auto notification = m_shown.value(id)) {
         notification->click();
-        if (Clicked) Clicked();
+        Clicked();
     }
 }
 

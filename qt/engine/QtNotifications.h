@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "qt/questions/QtNoticeBar.h"
 
 #include <QHash>
@@ -24,7 +25,7 @@ public:
     /// Takes that one back.
     std::function<void(int number)> TakeBack;
     /// The user has clicked a notification: the program comes to the front.
-    std::function<void()> Clicked;
+    Signal<void()> Clicked;
 
 private Q_SLOTS:
     void OnAction(uint id, const QString& action);

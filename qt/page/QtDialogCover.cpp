@@ -62,7 +62,7 @@ QLabel* QtDialogCover::AddHeading(const QString& text) {
     return label;
 }
 
-QPushButton* QtDialogCover::AddButton(const QString& caption, const char* name, std::function<void()>& answer) {
+QPushButton* QtDialogCover::AddButton(const QString& caption, const char* name, const Signal<void()>& answer) {
     auto* button = new QPushButton(caption, m_panel);
     button->setObjectName(QLatin1String(name));
     m_buttons->addWidget(button);
@@ -86,9 +86,9 @@ void QtDialogCover::AddButtons(const QString& accept, const QString& cancel, Def
     new QtAnswerGuard(*this, m_clock);
 }
 
-void QtDialogCover::Answer(std::function<void()> answer) {
+void QtDialogCover::Answer(const Signal<void()>& answer) {
     if (std::exchange(m_answered, true)) return;
-    if (answer) answer();
+    answer();
 }
 
 // Escape and Return are the dialog's before they are anybody's shortcut.

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "qt/base/QtAnswerGuard.h"
 
 #include <QWidget>
@@ -22,8 +23,8 @@ public:
     explicit QtDialogCover(QtAnswerGuard::Clock clock = {});
 
     /// Given once at most; then the cover is to be taken off.
-    std::function<void()> Accepted;
-    std::function<void()> Cancelled;
+    Signal<void()> Accepted;
+    Signal<void()> Cancelled;
 
 protected:
     /// What stands in the panel, from top to bottom.
@@ -44,8 +45,8 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    QPushButton* AddButton(const QString& caption, const char* name, std::function<void()>& answer);
-    void Answer(std::function<void()> answer);
+    QPushButton* AddButton(const QString& caption, const char* name, const Signal<void()>& answer);
+    void Answer(const Signal<void()>& answer);
 
     QWidget* m_panel;
     QVBoxLayout* m_column;

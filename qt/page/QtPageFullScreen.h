@@ -1,4 +1,6 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QObject>
 #include <QPointer>
 #include <functional>
@@ -13,7 +15,7 @@ class QtPageFullScreen final : public QObject {
 public:
     /// The window's own full screen. Filled in by the program; without them the page fills the window as it is.
     std::function<bool()> WindowIsFull;
-    std::function<void(bool)> SetWindowFull;
+    Signal<void(bool)> SetWindowFull;
 
     /// `who` is told to have asked for it, as in "film.example".
     void Enter(QWebEngineView& view, const QString& who);

@@ -31,7 +31,7 @@ PageActivity QtPageLife::Activity() const {
     activity.Downloads = std::ranges::any_of(m_downloads, [](const auto& each) {
         return each && !each->isFinished() && each->state() != QWebEngineDownloadRequest::DownloadCancelled;
     });
-    if (AddActivity) AddActivity(activity);
+    AddActivity(activity);
     return activity;
 }
 
@@ -59,7 +59,7 @@ Outcome QtPageLife::EndProcess() {
 void QtPageLife::OnIcon() {
     m_icon = m_page.icon();
     m_iconHost = m_page.url().host();
-    if (IconChanged) IconChanged();
+    IconChanged();
 }
 
 // The engine tells no more of the icons of a page that has slept; those of pages shown before are in its store.
@@ -73,7 +73,7 @@ void QtPageLife::OnAddress(const QUrl& address) {
         [self = QPointer<QtPageLife>(this), host = m_iconHost](const QIcon& icon, const QUrl&, const QUrl&) {
             if (!self || self->m_iconHost != host) return;
             self->m_icon = icon;
-            if (self->IconChanged) self->IconChanged();
+            self->IconChanged();
         });
 }
 

@@ -1,11 +1,11 @@
 #pragma once
+#include "base/Signal.h"
 #include "platform/PageLife.h"
 
 #include <QIcon>
 #include <QList>
 #include <QObject>
 #include <QPointer>
-#include <functional>
 
 class QWebEngineDownloadRequest;
 class QtPage;
@@ -33,9 +33,9 @@ public:
     [[nodiscard]] const QIcon& Icon() const { return m_icon; }
 
     /// What only the view knows of what goes on. Filled in by the view.
-    std::function<void(PageActivity&)> AddActivity;
+    Signal<void(PageActivity&)> AddActivity;
     /// Another icon than before.
-    std::function<void()> IconChanged;
+    Signal<void()> IconChanged;
 
 private:
     void OnIcon();

@@ -180,15 +180,15 @@ void QtPageOutput::Save(QtPage& page, const QtDocumentKind& kind, const QString&
 
 // The file is written here and not by the engine, which does not survive that the page goes while it writes one.
 void QtPageOutput::WritePdf(QtPage& page, const QString& path, const QPageLayout& layout, QWidget* parent) {
-    if (Say) Say(QStringLiteral("Saving %1").arg(ShownName(path)));
+    Say(QStringLiteral("Saving %1").arg(ShownName(path)));
     page.Print(layout, [path, told = Ending(path, parent)](const QByteArray& pdf) { told(Write(path, pdf)); });
 }
 
 std::function<void(bool)> QtPageOutput::Ending(const QString& path, QWidget* parent) const {
-    return [path, say = Say, parent = QPointer(parent)](bool written) {
+    return [this, path, parent = QPointer(parent)](bool written) {
         if (!parent || !parent->isVisible()) return;
         if (!written) return TellNotWritten(path, parent);
-        if (say) say(QStringLiteral("%1 has been saved.").arg(ShownName(path)));
+        Say(QStringLiteral("%1 has been saved.").arg(ShownName(path)));
     };
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 #include "base/ResumeNext.h"
+#include "base/Signal.h"
 #include "qt/page/QtPageDocuments.h"
 
 #include <QPageLayout>
@@ -34,7 +35,7 @@ public:
     [[nodiscard]] QtPageDocuments& Documents() { return m_documents; }
 
     /// Says that a file is being written, or has been. Filled in by the program.
-    std::function<void(const QString& words)> Say;
+    Signal<void(const QString& words)> Say;
 
     [[nodiscard]] const QPageLayout& Layout() const { return m_layout; }
 

@@ -118,7 +118,7 @@ void QtPageTools::AskForMenu(const QWebEngineView& view, const std::function<voi
 }
 
 Outcome QtPageTools::Run(PageAction action) {
-    if (action == PageAction::Inspect && ShowInspector) ShowInspector(m_page);
+    if (action == PageAction::Inspect) ShowInspector(m_page);
     m_page.triggerAction(ActionOf(action));
     return Outcome::Done;
 }
@@ -130,7 +130,7 @@ Outcome QtPageTools::ReplaceWord(TextView word) {
 
 Outcome QtPageTools::Save(TextView address, TextView path) {
     const QUrl url(ToQt(address));
-    if (!url.isValid() || !SaveAddress) return Outcome::Failed;
+    if (!url.isValid()) return Outcome::Failed;
     SaveAddress(m_page, url, Text(path));
     return Outcome::Done;
 }

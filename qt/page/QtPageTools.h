@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "platform/PageTools.h"
 
 #include <QPointer>
@@ -27,8 +28,8 @@ public:
     void FindSelectedLinks(std::function<void(std::vector<Text>)> answer) override;
 
     /// Filled in by the program: saves with the page's rights; brings the developer tools of the page up.
-    std::function<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
-    std::function<void(QtPage&)> ShowInspector;
+    Signal<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
+    Signal<void(QtPage&)> ShowInspector;
 
 private:
     QtPage& m_page;

@@ -20,17 +20,8 @@ QtPreviewBar::QtPreviewBar(QWidget* parent) : QtPageBar(QStringLiteral("previewB
     row->addWidget(print);
     row->addWidget(close);
     connect(
-        print, &QPushButton::clicked, this,
-        [this] {
-            if (const auto print = Print) print();
-        },
-        Qt::QueuedConnection);
+        print, &QPushButton::clicked, this, [this] { Print(); }, Qt::QueuedConnection);
     connect(
-        close, &QPushButton::clicked, this,
-        [this] {
-            // It may end the bar and what it holds.
-            if (const auto close = Close) close();
-        },
-        Qt::QueuedConnection);
+        close, &QPushButton::clicked, this, [this] { Close(); }, Qt::QueuedConnection);
     hide();
 }

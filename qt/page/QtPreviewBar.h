@@ -1,6 +1,6 @@
 #pragma once
+#include "base/Signal.h"
 #include "qt/base/QtPageBar.h"
-#include <functional>
 
 /// The bar above a print preview: prints what is shown, or closes the preview.
 class QtPreviewBar final : public QtPageBar {
@@ -9,7 +9,7 @@ class QtPreviewBar final : public QtPageBar {
 public:
     explicit QtPreviewBar(QWidget* parent);
 
-    std::function<void()> Print;
+    Signal<void()> Print;
     /// Called when the click has ended: it may end the bar.
-    std::function<void()> Close;
+    Signal<void()> Close;
 };

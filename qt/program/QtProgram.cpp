@@ -42,8 +42,7 @@ QtProgram::QtProgram(int& argc, char** argv) {
     WireSleep();
 }
 
-// A view reports at its end what it captures no more, and views end after the bar that shows it.
-QtProgram::~QtProgram() { m->engine.CapturesChanged = {}; }
+QtProgram::~QtProgram() = default;
 
 Startup::Program QtProgram::Platform() { return {m->application, m->settings, m->channel, m->splash, m->main}; }
 
@@ -59,11 +58,11 @@ int QtProgram::Run() {
     });
     // Before this there is nothing to save: a start that is still asking the user something ends as it is.
     m->signals.emplace();
-    m->signals->Quit = [this] {
+    m->signals->Quit.ConnectForLife([this] {
         // Whoever ends the session waits for no answer.
         m->window.QueryUnload = {};
         m->window.Close();
-    };
+    });
     const int result = QApplication::exec();
     m->downloads.Shutdown();
     m->browsingData.Shutdown();
@@ -76,33 +75,32 @@ void QtProgram::WireWindow() {
     m->main.pcPage.RowHeight = m->strip.RowHeight();
     m->window.SetTabStrip(m->strip);
     m->window.SetStatusBar(m->statusBar);
-    m->window.Resized = [this] {
+    m->window.Resized.ConnectForLife([this] {
         m->main.pcPage.RowHeight = m->strip.RowHeight();
         m->main.Form_Resize();
-    };
-    m->window.Activated = [&main] { main.Form_Activate(); };
-    m->window.FullScreenChanged = [&main](bool on) {
+    });
+    m->window.Activated.ConnectForLife([&main] { main.Form_Activate(); });
+    m->window.FullScreenChanged.ConnectForLife([&main](bool on) {
         if (auto* tool = main.actBar.Find(u"xtrFullScreen")) tool->Checked = on;
-    };
+    });
     m->window.QueryUnload = [&main] { return main.Form_QueryUnload(); };
-    m->window.Unload = [this, &main] {
+    m->window.Unload.ConnectForLife([this, &main] {
         // Before the next start can no longer be handed over to this one.
         m->ownProfile->Leave();
         m->devTools.Close();
         main.Form_Unload();
         // Not quit(), which any window that does not want to close, a dialog say, can refuse.
         QCoreApplication::exit();
-    };
-    main.Layout.Say = [this](TextView message) { m->statusBar.Complain(ToQt(message)); };
-    m->customize.Closed = [&main] { main.Layout.Save(); };
-    m->settings.SetReport([this](const Text& message) { m->statusBar.Complain(ToQt(message)); });
+    });
+    m->customize.Closed.ConnectForLife([&main] { main.Layout.Save(); });
+    m->settings.SetReport([&main](const Text& message) { main.sbStatus.Complaint(message); });
     auto& menus = m->commandBar.Menus();
     menus.EntryPopup = [&main](const Tool& tool) { return main.Menus.EntryPopup(tool); };
     menus.EntryMiddleClick = [&main](const Tool& tool) { return main.Menus.EntryMiddleClick(tool); };
     menus.EntryDelete = [&main](const Tool& tool) { return main.Menus.EntryDelete(tool); };
     m->fileDrop.Takes = GroupCommands::IsGroupFile;
-    m->fileDrop.Dropped = [&main](const std::vector<Text>& files) { main.Groups.OpenTessaGroups(files); };
-    m->channel.Foreground = [this](const QByteArray& token) { m->window.BringToForeground(token); };
+    m->fileDrop.Dropped.ConnectForLife([&main](const std::vector<Text>& files) { main.Groups.OpenTessaGroups(files); });
+    m->channel.Foreground.ConnectForLife([this](const QByteArray& token) { m->window.BringToForeground(token); });
 }
 
 void QtProgram::WireSession() {
@@ -110,12 +108,11 @@ void QtProgram::WireSession() {
     m->journal.setSingleShot(true);
     m->journal.setInterval(kJournalDelay);
     m->journal.callOnTimeout([&journal] { journal.Write(); });
-    journal.Schedule = [this] { m->journal.start(); };
+    journal.Schedule.ConnectForLife([this] { m->journal.start(); });
     m->retry.setSingleShot(true);
     m->retry.setInterval(kRetryDelay);
     m->retry.callOnTimeout([this] { m->main.RetryWrites(); });
-    m->main.RetryLater = [this] { m->retry.start(); };
-    journal.Say = m->main.Layout.Say;
+    m->main.RetryLater.ConnectForLife([this] { m->retry.start(); });
     journal.Now = [] { return QDateTime::currentSecsSinceEpoch(); };
 }
 
@@ -125,15 +122,15 @@ void QtProgram::WireSleep() {
     // To the minute is near enough, and saves waking the processor up.
     m->sleep.setTimerType(Qt::VeryCoarseTimer);
     m->sleep.callOnTimeout([&sleep] { sleep.Look(); });
-    sleep.Schedule = [this](TabSleep::Time time) { m->sleep.start(time); };
+    sleep.Schedule.ConnectForLife([this](TabSleep::Time time) { m->sleep.start(time); });
     // Once what the engine still does about them is done: it keeps what a hundred pages had in our own process.
     m->giveBack.setSingleShot(true);
     m->giveBack.setInterval(kGiveBackDelay);
     m->giveBack.callOnTimeout(GiveMemoryBack);
     // Not put off by those that follow: while memory is short some fall asleep every second.
-    sleep.Slept = [this] {
+    sleep.Slept.ConnectForLife([this] {
         if (!m->giveBack.isActive()) m->giveBack.start();
-    };
+    });
     sleep.Now = [] {
         return std::chrono::duration_cast<TabSleep::Time>(std::chrono::steady_clock::now().time_since_epoch());
     };
@@ -144,8 +141,8 @@ void QtProgram::WireRelief() {
     auto& relief = m->main.Relief;
     m->relief.setSingleShot(true);
     m->relief.callOnTimeout([&relief] { relief.Look(); });
-    relief.Schedule = [this](TabSleep::Time time) { m->relief.start(time); };
+    relief.Schedule.ConnectForLife([this](TabSleep::Time time) { m->relief.start(time); });
     relief.Memory = &m->memory;
     relief.OthersWait = [this] { return m->engine.PagesWait(); };
-    relief.Changed = [this](Shortage level) { m->engine.SetShortage(level); };
+    relief.Changed.ConnectForLife([this](Shortage level) { m->engine.SetShortage(level); });
 }

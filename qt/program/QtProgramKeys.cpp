@@ -10,17 +10,17 @@ void QtProgram::WireKeys() {
         const bool leaves = key == KeyStroke{Keys::kEscape, 0} && m->commandBar.Ring().HasKeyboard();
         return leaves ? KeyUsed::No : main.Form_KeyDown(key);
     };
-    m->typing.OverPage = [&main] { MainKeyboard::Form_Type(main); };
+    m->typing.OverPage.ConnectForLife([&main] { MainKeyboard::Form_Type(main); });
     m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
-    m->commandBar.Reveal = [this] { m->window.RevealBars(); };
+    m->commandBar.Reveal.ConnectForLife([this] { m->window.RevealBars(); });
     m->window.SetPageFills([this] { return m->engine.FullScreen().On(); });
     auto& ring = m->commandBar.Ring();
     ring.Strip = &m->strip;
     ring.StatusBar = &m->statusBar;
     ring.PageBars = {&m->captures, &m->offer, &m->findBar};
-    ring.FocusPage = [&main] {
+    ring.FocusPage.ConnectForLife([&main] {
         if (auto* view = main.Tabs.CurrentView()) view->Control->SetFocus();
-    };
+    });
     ring.Question = [this]() -> std::optional<QtFocusRing::Asked> {
         const auto* front = m->engine.Front();
         QtQuestionBar* asks = front && front->Questions() ? front->Questions()->bar.data() : nullptr;

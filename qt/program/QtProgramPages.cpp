@@ -24,7 +24,7 @@ void QtProgram::WireStartPage() {
         const auto shown = HomePages::Refresh(m->main.pcPage, m->main.Browser);
         if (shown == HomePages::Shown::Later) m->homePages.start();
     });
-    m->main.Menus.FoldersChanged = [this] { m->homePages.start(); };
+    m->main.Menus.FoldersChanged.ConnectForLife([this] { m->homePages.start(); });
     m->engine.StartPage = [this] {
         // Before they are read, so that no change falls in between.
         m->main.Menus.WatchFolders();
@@ -33,22 +33,23 @@ void QtProgram::WireStartPage() {
         content.Notice = QtBuildInfo::EngineNotice();
         return StartPage::Html(content);
     };
-    m->engine.StartLink = [this](const QUrl& url) { m->main.OpenStartLink(url.toEncoded().toStdString()); };
+    m->engine.StartLink.ConnectForLife(
+        [this](const QUrl& url) { m->main.OpenStartLink(url.toEncoded().toStdString()); });
 }
 
 void QtProgram::WirePages() {
     m->main.TaskView.TellDrawing(QtDrawing::InSoftware() ? DrawingWay::Software : DrawingWay::Graphics);
     m->engine.Permissions = &m->permissions;
-    m->permissions.Forgotten = [this](const SiteDecision& forgotten) { m->engine.ForgetDecision(forgotten); };
-    m->engine.SaveAddress = [this](QtPage& page, const QUrl& address, const Text& path) {
-        m->downloads.Save(page, address, path);
-    };
-    m->engine.Notice = [this](const QString& words) { m->statusBar.Notice(words); };
+    m->permissions.Forgotten.ConnectForLife(
+        [this](const SiteDecision& forgotten) { m->engine.ForgetDecision(forgotten); });
+    m->engine.SaveAddress.ConnectForLife(
+        [this](QtPage& page, const QUrl& address, const Text& path) { m->downloads.Save(page, address, path); });
+    m->engine.Notice.ConnectForLife([this](const QString& words) { m->statusBar.Notice(words); });
     m->mediaKeys.Page = [this] { return m->engine.MediaPage(); };
     m->engine.FullScreen().WindowIsFull = [this] { return m->window.FullScreen(); };
-    m->engine.FullScreen().SetWindowFull = [this](bool on) { m->window.SetFullScreen(on); };
-    m->engine.MenuPlace = [this](std::optional<QPoint> at) { m->commandBar.Menus().PlaceNext(at); };
-    m->engine.ShowInspector = [this](QtPage& page) { m->devTools.Show(page); };
+    m->engine.FullScreen().SetWindowFull.ConnectForLife([this](bool on) { m->window.SetFullScreen(on); });
+    m->engine.MenuPlace.ConnectForLife([this](std::optional<QPoint> at) { m->commandBar.Menus().PlaceNext(at); });
+    m->engine.ShowInspector.ConnectForLife([this](QtPage& page) { m->devTools.Show(page); });
     m->downloads.List = &m->main.Downloads;
     m->downloads.Documents = &m->engine.Output().Documents();
     m->downloads.Profile = [this] { return m->engine.Profile(); };
@@ -56,12 +57,11 @@ void QtProgram::WirePages() {
         auto* view = m->engine.ViewOf(page);
         return !view || view->Questions()->permissions.MaySave(address);
     };
-    m->main.Downloads.Complain = m->main.Layout.Say;
-    m->engine.Output().Say = [this](const QString& message) { m->main.Tabs.Say(FromQt(message)); };
-    m->downloadsPanel.FocusPage = [this] {
+    m->engine.Output().Say.ConnectForLife([this](const QString& message) { m->main.Tabs.Say(FromQt(message)); });
+    m->downloadsPanel.FocusPage.ConnectForLife([this] {
         if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
-    };
-    m->notifications.Clicked = [this] { m->window.ComeBack(); };
+    });
+    m->notifications.Clicked.ConnectForLife([this] { m->window.ComeBack(); });
     m->notifications.ShowInside = [this](QtNoticeBar::Notice notice) { return m->notices.Add(std::move(notice)); };
     m->notifications.TakeBack = [this](int number) { m->notices.Remove(number); };
 }
@@ -69,28 +69,29 @@ void QtProgram::WirePages() {
 void QtProgram::WireEngine() {
     WireStartPage();
     m->requests.Templates = [this] { return m->Services(); };
-    m->engine.ProfileMade = [this](QWebEngineProfile& profile) { m->TakeProfile(profile); };
-    m->engine.PrivateProfileMade = [this](QWebEngineProfile& profile) { m->TakePrivateProfile(profile); };
-    m->engine.Visited = [this](const QUrl& url) { m->browsingData.NoteVisit(url); };
+    m->engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { m->TakeProfile(profile); });
+    m->engine.PrivateProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { m->TakePrivateProfile(profile); });
+    m->engine.Visited.ConnectForLife([this](const QUrl& url) { m->browsingData.NoteVisit(url); });
     m->engine.HomeAddress = [this] { return InternetSettings(m->settings).Get().homePage; };
     WirePages();
     m->bars.Add(m->captures, QtPageBars::Side::Above);
     m->bars.Add(m->offer, QtPageBars::Side::Above);
     m->bars.Add(m->findBar, QtPageBars::Side::Below);
     m->bars.Add(m->notices, QtPageBars::Side::Below);
-    m->notices.Changed = [this] { m->engine.Relayout(); };
-    m->captures.Changed = [this] { m->engine.Relayout(); };
-    m->captures.Stop = [this] { m->engine.StopCaptures(); };
-    m->engine.CapturesChanged = [this] { m->captures.Tell(m->engine.Captures()); };
-    m->offer.Changed = [this] { m->engine.Relayout(); };
+    m->notices.Changed.ConnectForLife([this] { m->engine.Relayout(); });
+    m->captures.Changed.ConnectForLife([this] { m->engine.Relayout(); });
+    m->captures.Stop.ConnectForLife([this] { m->engine.StopCaptures(); });
+    // A view reports at its end what it captures no more, and views end after the bar that shows it.
+    m->connections += m->engine.CapturesChanged.Connect([this] { m->captures.Tell(m->engine.Captures()); });
+    m->offer.Changed.ConnectForLife([this] { m->engine.Relayout(); });
     m->engine.LayBars = [this](const QRect& whole) { return m->bars.Lay(whole); };
     m->findBar.Page = [this] { return m->engine.FrontPage(); };
-    m->findBar.Changed = [this] { m->engine.Relayout(); };
-    m->engine.FrontChanged = [this] { m->findBar.OnPageChanged(); };
-    m->findBar.Typed = [this] { m->main.actBar.NoteTyped(); };
-    m->findBar.FocusPage = [this] {
+    m->findBar.Changed.ConnectForLife([this] { m->engine.Relayout(); });
+    m->engine.FrontChanged.ConnectForLife([this] { m->findBar.OnPageChanged(); });
+    m->findBar.Typed.ConnectForLife([this] { m->main.actBar.NoteTyped(); });
+    m->findBar.FocusPage.ConnectForLife([this] {
         if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
-    };
+    });
     WireStrip();
-    m->engine.IconChanged = [this](std::int32_t index) { m->strip.RefreshIcons(index); };
+    m->engine.IconChanged.ConnectForLife([this](std::int32_t index) { m->strip.RefreshIcons(index); });
 }

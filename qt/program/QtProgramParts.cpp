@@ -120,9 +120,9 @@ QtProgramParts::QtProgramParts(int& argc, char** argv)
       captures(window.PageArea()) {}
 
 void QtProgramParts::OfferSession(TextView id, const Session& session) {
-    offer.Reopen = [this, id = Text(id)] { main.Sessions.Reopen(id); };
-    offer.Dismiss = [this, id = Text(id)] { main.Sessions.Settle(id); };
-    offer.ShowAll = [this] { main.Commands.host.ShowSessions(); };
+    offer.Reopen.ConnectForLife([this, id = Text(id)] { main.Sessions.Reopen(id); });
+    offer.Dismiss.ConnectForLife([this, id = Text(id)] { main.Sessions.Settle(id); });
+    offer.ShowAll.ConnectForLife([this] { main.Commands.host.ShowSessions(); });
     offer.Offer(session.Pages.size(), ToQt(SessionWords(session, SessionTimeText(session.Time))));
 }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "pages/SitePermissions.h"
 #include "qt/bar/QtBarLook.h"
 #include "qt/bar/QtCommandBar.h"
@@ -134,4 +135,5 @@ struct QtProgramParts {
     QtTaskView taskView{main.TaskView, window};
     QtPageBars bars;
     QTimer journal, retry, sleep, relief, giveBack, homePages;
+    Connections connections;
 };

@@ -5,28 +5,28 @@
 void QtProgram::WireStrip() {
     auto& input = m->main.StripInput;
     m->strip.PageIcon = [this](const Tab& tab) { return m->engine.Icon(tab.Tag); };
-    m->strip.CloseRequested = [this](Tab& tab) { m->main.CloseBrowserTab(tab.Tag); };
-    m->strip.ListRequested = [this](QPoint corner) { ListTabs(corner); };
-    m->strip.Rearranged = [this] {
+    m->strip.CloseRequested.ConnectForLife([this](Tab& tab) { m->main.CloseBrowserTab(tab.Tag); });
+    m->strip.ListRequested.ConnectForLife([this](QPoint corner) { ListTabs(corner); });
+    m->strip.Rearranged.ConnectForLife([this] {
         if (m->tabList && m->tabList->isVisible()) m->tabList->Refresh(TabLines());
-    };
-    m->strip.NewMenuRequested = [this] { m->main.actBar.Popup(u"bndNewTab"); };
-    m->strip.MuteRequested = [this](const Tab& tab) {
+    });
+    m->strip.NewMenuRequested.ConnectForLife([this] { m->main.actBar.Popup(u"bndNewTab"); });
+    m->strip.MuteRequested.ConnectForLife([this](const Tab& tab) {
         if (auto* view = m->main.Browser.Find(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
-    };
+    });
     m->strip.ToolTipText = [this](const Tab& tab) { return m->main.Tabs.Describe(tab); };
-    m->strip.BlankRequested = [this] {
+    m->strip.BlankRequested.ConnectForLife([this] {
         if (auto* tool = m->main.actBar.Find(u"mnuNewBlank")) m->main.actBar.UserClick(*tool);
-    };
+    });
     input.HitTest = [this](Pixels x, Pixels y) {
         const auto* tab = m->strip.FindTabAt({x.value, y.value});
         return static_cast<int>(m->main.pcPage.PositionOf(tab)) - 1;
     };
-    m->strip.RightButtonDown = [&input](QPoint point) {
-        input.MouseDown(MouseButton::Right, ToTwips({point.x()}), ToTwips({point.y()}));
-    };
-    m->strip.DragOver = [&input](bool hasText, QPointF point) { input.OLEDragOver(hasText, point.x(), point.y()); };
-    m->strip.Drop = [&input](const Text& text) { input.OLEDragDrop(text); };
+    m->strip.RightButtonDown.ConnectForLife(
+        [&input](QPoint point) { input.MouseDown(MouseButton::Right, ToTwips({point.x()}), ToTwips({point.y()})); });
+    m->strip.DragOver.ConnectForLife(
+        [&input](bool hasText, QPointF point) { input.OLEDragOver(hasText, point.x(), point.y()); });
+    m->strip.Drop.ConnectForLife([&input](const Text& text) { input.OLEDragDrop(text); });
 }
 
 std::vector<QtTabListEntry> QtProgram::TabLines() const {
@@ -43,12 +43,12 @@ std::vector<QtTabListEntry> QtProgram::TabLines() const {
 
 void QtProgram::MakeTabList() {
     m->tabList.emplace(&m->strip);
-    m->tabList->Chosen = [&strip = m->main.pcPage](const Text& key) {
+    m->tabList->Chosen.ConnectForLife([&strip = m->main.pcPage](const Text& key) {
         if (auto* tab = strip.Find(key)) strip.UserClick(tab);
-    };
-    m->tabList->CloseRequested = [this](const Text& key) {
+    });
+    m->tabList->CloseRequested.ConnectForLife([this](const Text& key) {
         if (const auto* tab = m->main.pcPage.Find(key)) m->main.CloseBrowserTab(tab->Tag);
-    };
+    });
 }
 
 void QtProgram::ListTabs(QPoint corner) {

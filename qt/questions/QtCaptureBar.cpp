@@ -22,9 +22,7 @@ QtCaptureBar::QtCaptureBar(QWidget* parent)
     auto* stop = new QPushButton(QStringLiteral("S&top"), this);
     stop->setObjectName(QStringLiteral("cmdStopCaptures"));
     stop->setToolTip(QStringLiteral("Load the page again, which ends it"));
-    connect(stop, &QPushButton::clicked, this, [this] {
-        if (Stop) Stop();
-    });
+    connect(stop, &QPushButton::clicked, this, [this] { Stop(); });
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(kCaptureMarkPlace, 4, 8, 4);
     row->addWidget(m_words, 1);
@@ -49,5 +47,5 @@ void QtCaptureBar::Tell(const QStringList& captures) {
     m_words->setText(words);
     setAccessibleName(words);
     setVisible(!captures.isEmpty());
-    if (Changed) Changed();
+    Changed();
 }

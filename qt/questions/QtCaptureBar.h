@@ -1,7 +1,7 @@
 #pragma once
+#include "base/Signal.h"
 #include "qt/base/QtPageBar.h"
 #include <QStringList>
-#include <functional>
 
 class QLabel;
 
@@ -16,9 +16,9 @@ public:
     void Tell(const QStringList& captures);
 
     /// Ends it all.
-    std::function<void()> Stop;
+    Signal<void()> Stop;
     /// The bar was shown or hidden, or needs other room.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -77,18 +77,14 @@ void QtCertificatePage::AddButtons(QVBoxLayout& column, const RefusedCertificate
     m_back = new QPushButton(QStringLiteral("&Back"), this);
     m_back->setObjectName(QStringLiteral("cmdBack"));
     row->addWidget(m_back);
-    connect(m_back, &QPushButton::clicked, this, [this] {
-        if (GoBack) GoBack();
-    });
+    connect(m_back, &QPushButton::clicked, this, [this] { GoBack(); });
     row->addStretch(1);
     if (certificate.MayGoOn) {
         QString host = ToQt(certificate.Host);
         auto* goOn = new QPushButton(QStringLiteral("&Go on to %1").arg(host.replace(u'&', QStringLiteral("&&"))));
         goOn->setObjectName(QStringLiteral("cmdGoOn"));
         row->addWidget(goOn);
-        connect(goOn, &QPushButton::clicked, this, [this] {
-            if (GoOn) GoOn();
-        });
+        connect(goOn, &QPushButton::clicked, this, [this] { GoOn(); });
     }
     column.addLayout(row);
 }

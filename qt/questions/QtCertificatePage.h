@@ -1,6 +1,7 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QScrollArea>
-#include <functional>
 
 class QPushButton;
 class QVBoxLayout;
@@ -14,8 +15,8 @@ class QtCertificatePage final : public QScrollArea {
 public:
     explicit QtCertificatePage(const RefusedCertificate& certificate);
 
-    std::function<void()> GoBack;
-    std::function<void()> GoOn;
+    Signal<void()> GoBack;
+    Signal<void()> GoOn;
 
 protected:
     void keyPressEvent(class QKeyEvent* event) override;

@@ -101,22 +101,23 @@ void QtCertificates::Explain(const QWebEngineCertificateError& error) {
     TakeOff();
     const RefusedCertificate refused = Describe(error);
     m_shown = new QtCertificatePage(refused);
-    m_shown->GoBack = [this] {
+    m_shown->GoBack.ConnectForLife([this] {
         TakeOff();
         if (m_page.history()->canGoBack())
             m_page.history()->back();
         else
             m_page.load(QUrl(QStringLiteral("tessaview:start")));
-    };
-    m_shown->GoOn = [this, place = PlaceOf(error.url()), fingerprint = refused.Fingerprint, url = error.url()] {
-        m_accepted.Accept(place, fingerprint);
-        TakeOff();
-        // Loading again where the refused page stands leaves one entry in the page's history, not two.
-        if (m_page.url() == url)
-            m_page.triggerAction(QWebEnginePage::Reload);
-        else
-            m_page.load(url);
-    };
+    });
+    m_shown->GoOn.ConnectForLife(
+        [this, place = PlaceOf(error.url()), fingerprint = refused.Fingerprint, url = error.url()] {
+            m_accepted.Accept(place, fingerprint);
+            TakeOff();
+            // Loading again where the refused page stands leaves one entry in the page's history, not two.
+            if (m_page.url() == url)
+                m_page.triggerAction(QWebEnginePage::Reload);
+            else
+                m_page.load(url);
+        });
     m_covers.Add(m_shown);
 }
 

@@ -17,7 +17,7 @@ void QtCovers::Add(QWidget* cover) {
     const bool first = m_covers.empty();
     m_covers.emplace_back(cover);
     if (m_shown) Show(*cover);
-    if (first && Changed) Changed();
+    if (first) Changed();
 }
 
 void QtCovers::Remove(QWidget* cover) {
@@ -25,8 +25,8 @@ void QtCovers::Remove(QWidget* cover) {
     const bool hadFocus = cover->isAncestorOf(QApplication::focusWidget());
     cover->hide();
     cover->deleteLater();
-    if (hadFocus && !TakeFocus() && FocusPage) FocusPage();
-    if (m_covers.empty() && Changed) Changed();
+    if (hadFocus && !TakeFocus()) FocusPage();
+    if (m_covers.empty()) Changed();
 }
 
 void QtCovers::SetShown(bool shown) {

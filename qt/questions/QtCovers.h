@@ -1,8 +1,9 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QPointer>
 #include <QRect>
 #include <QWidget>
-#include <functional>
 #include <vector>
 
 /// What lies over the page of one tab: the page that explains a refused certificate, dialogs of the page. Covers are
@@ -28,9 +29,9 @@ public:
     bool TakeFocus();
 
     /// A first cover was added or the last one removed.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
     /// The page may have the keyboard again.
-    std::function<void()> FocusPage;
+    Signal<void()> FocusPage;
 
 private:
     void Show(QWidget& cover) const;

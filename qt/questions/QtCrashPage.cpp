@@ -33,9 +33,7 @@ QtCrashPage::QtCrashPage(const QString& address) : m_reload(new QPushButton(QStr
     m_reload->setDefault(true);
     setFocusProxy(m_reload);
     LayOut(address);
-    connect(m_reload, &QPushButton::clicked, this, [this] {
-        if (Reload) Reload();
-    });
+    connect(m_reload, &QPushButton::clicked, this, [this] { Reload(); });
 }
 
 void QtCrashPage::LayOut(const QString& address) {

@@ -1,6 +1,7 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QWidget>
-#include <functional>
 
 class QPushButton;
 
@@ -13,7 +14,7 @@ public:
     explicit QtCrashPage(const QString& address);
 
     /// The user wants the page back.
-    std::function<void()> Reload;
+    Signal<void()> Reload;
 
 private:
     void LayOut(const QString& address);

@@ -18,9 +18,7 @@ void QtCrashes::OnDeath() {
     Log::Note(LogLevel::Warning, LogPart::Pages, "a page's process ended");
     TakeOff();
     m_shown = new QtCrashPage(m_page.url().toDisplayString());
-    m_shown->Reload = [this] {
-        if (Reload) Reload();
-    };
+    m_shown->Reload.ConnectForLife([this] { Reload(); });
     m_covers.Add(m_shown);
 }
 

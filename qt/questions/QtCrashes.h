@@ -1,7 +1,8 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QObject>
 #include <QPointer>
-#include <functional>
 
 class QtCovers;
 class QtCrashPage;
@@ -17,7 +18,7 @@ public:
     /// What covers the page; nothing while its process lives.
     [[nodiscard]] QtCrashPage* Shown() const;
     /// The user wants the page back.
-    std::function<void()> Reload;
+    Signal<void()> Reload;
 
 private:
     void OnDeath();

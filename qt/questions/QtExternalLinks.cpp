@@ -152,7 +152,7 @@ void QtExternalLinks::Open(const QUrl& url, const Asker& asker) {
 
 // A page may try without end: once is enough to know of it.
 void QtExternalLinks::TellRefused(const QUrl& url, const QString& host) {
-    if (!Refused || m_toldRefused.contains(url.scheme())) return;
+    if (m_toldRefused.contains(url.scheme())) return;
     m_toldRefused.insert(url.scheme());
     Refused(QStringLiteral("%1 wanted to open another program (%2:), which was not allowed.")
                 .arg(host.isEmpty() ? QStringLiteral("This page") : host, ShownScheme(url)));
@@ -167,17 +167,17 @@ void QtExternalLinks::Ask(const QUrl& url, const Asker& asker) {
         TakeOff();
         if (open) QDesktopServices::openUrl(url);
     };
-    question->Accepted = [answer] { answer(true); };
-    question->Cancelled = [answer] { answer(false); };
+    question->Accepted.ConnectForLife([answer] { answer(true); });
+    question->Cancelled.ConnectForLife([answer] { answer(false); });
     Show(question);
     if (asker.user && m_covers.Shown()) m_covers.TakeFocus();
 }
 
 void QtExternalLinks::Tell(const QUrl& url, QtDialogCover* told, const Asker& asker) {
-    told->Accepted = [this, url, asker] {
+    told->Accepted.ConnectForLife([this, url, asker] {
         if (!asker.user) m_refused.insert({url.scheme(), asker.who});
         TakeOff();
-    };
+    });
     // A page may try as often as it likes; its user is told what came of the address that was typed last.
     if (m_shown && !asker.user) return delete told;
     TakeOff();

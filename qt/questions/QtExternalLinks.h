@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "pages/ExternalSchemes.h"
 #include "qt/page/QtDialogCover.h"
 
@@ -7,7 +8,6 @@
 #include <QPointer>
 #include <QSet>
 #include <QUrl>
-#include <functional>
 
 class QtCovers;
 struct QtAsker;
@@ -30,7 +30,7 @@ public:
 
     /// What the page wanted was refused without asking anybody; said once for each scheme until a person goes to
     /// another page.
-    std::function<void(const QString& words)> Refused;
+    Signal<void(const QString& words)> Refused;
 
 private:
     struct Asker;

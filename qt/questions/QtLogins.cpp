@@ -79,17 +79,17 @@ void QtLogins::Ask(const Asker& asker) {
     const bool encrypted = asker.place.scheme == u"https";
     m_shown = new QtLoginDialog(
         {asker.shownHost, asker.place.realm, asker.place.proxy, encrypted, m_tried.contains(asker.place)});
-    m_shown->Accepted = [this] {
+    m_shown->Accepted.ConnectForLife([this] {
         m_answers.insert_or_assign(m_shownFor, Credentials{m_shown->User(), m_shown->Password()});
         m_answeredOn = QtPage::SiteOf(m_page.ShownAddress());
         m_loadsAgain = false;
         TakeOff();
         m_page.triggerAction(QWebEnginePage::Reload);
-    };
-    m_shown->Cancelled = [this] {
+    });
+    m_shown->Cancelled.ConnectForLife([this] {
         m_refused.insert(m_shownFor);
         TakeOff();
-    };
+    });
     m_covers.Add(m_shown);
 }
 

@@ -44,7 +44,7 @@ void QtNoticeBar::ShowFirst() {
     m_more->setText(QStringLiteral("%1 more").arg(more));
     m_more->setVisible(more > 0);
     setVisible(!m_notices.empty());
-    if (Changed) Changed();
+    Changed();
 }
 
 void QtNoticeBar::Answer(std::function<void()> Notice::*answer) {

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "qt/base/QtPageBar.h"
 
 #include <deque>
@@ -27,7 +28,7 @@ public:
     void Remove(int number);
     [[nodiscard]] std::size_t Count() const { return m_notices.size(); }
     /// The bar was shown or hidden, or needs other room.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
 
 private:
     void ShowFirst();

@@ -90,8 +90,8 @@ void QtPageDialogs::ShowNext() {
     if (m_asked.empty()) return;
     m_shown = new QtPageDialog(m_asked.front().request, m_rule.OffersSilence());
     m_rule.Shown();
-    m_shown->Accepted = [this] { Finish(true); };
-    m_shown->Cancelled = [this] { Finish(false); };
+    m_shown->Accepted.ConnectForLife([this] { Finish(true); });
+    m_shown->Cancelled.ConnectForLife([this] { Finish(false); });
     m_covers.Add(m_shown);
 }
 

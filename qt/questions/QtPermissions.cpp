@@ -55,7 +55,7 @@ void QtPermissions::FollowCaptures() {
 void QtPermissions::ChangeCaptures(const std::function<void(PageCaptures&)>& change) {
     const Text before = m_captures.Words();
     change(m_captures);
-    if (before != m_captures.Words() && CapturesChanged) CapturesChanged();
+    if (before != m_captures.Words()) CapturesChanged();
 }
 
 QtPermissions::~QtPermissions() {
@@ -185,7 +185,7 @@ void QtPermissions::AskPopup() {
                          if (answer == 2) Remember(origin, SitePermission::Popups, true);
                          if (answer != 0 && answer != 2) return;
                          for (const QUrl& each : held) {
-                             if (OpenPopup) OpenPopup(each);
+                             OpenPopup(each);
                          }
                      }});
 }

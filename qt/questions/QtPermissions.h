@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "downloads/DownloadRule.h"
 #include "pages/PageCaptures.h"
 #include "pages/PageQuestions.h"
@@ -40,9 +41,9 @@ public:
     /// What the page may see and hear of its user, in words.
     [[nodiscard]] Text Captures() const { return m_captures.Words(); }
     /// That has changed.
-    std::function<void()> CapturesChanged;
+    Signal<void()> CapturesChanged;
     /// Opens a window that was held back.
-    std::function<void(const QUrl&)> OpenPopup;
+    Signal<void(const QUrl&)> OpenPopup;
 
 private:
     void OnPermission(const QtEngineVersions::PermissionRequest& request);

@@ -77,7 +77,7 @@ void QtQuestionBar::ShowCurrent() {
     for (QPushButton* each : std::exchange(m_buttons, {})) each->deleteLater();
     if (!question) {
         hide();
-        if (hadFocus && FocusPage) FocusPage();
+        if (hadFocus) FocusPage();
         return;
     }
     MakeParts();

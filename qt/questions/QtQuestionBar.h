@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "pages/PageQuestions.h"
 #include "qt/base/QtAnswerGuard.h"
 #include "qt/base/QtPageBar.h"
@@ -32,7 +33,7 @@ public:
     /// Takes the keyboard for the answers, if there are any.
     void TakeFocus();
     /// Gives the keyboard back to the page. Filled in by the owner.
-    std::function<void()> FocusPage;
+    Signal<void()> FocusPage;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

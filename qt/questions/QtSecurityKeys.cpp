@@ -25,8 +25,8 @@ void QtSecurityKeys::Update() {
 
 void QtSecurityKeys::Show(const QtEngineVersions::SecurityKeyState& state) {
     m_shown = new QtSecurityKeyDialog(state);
-    m_shown->Accepted = [this, step = state.Step] { Answer(step, m_shown->Entered()); };
-    m_shown->Cancelled = [this] { Answer(KeyStep::Failed, {}); };
+    m_shown->Accepted.ConnectForLife([this, step = state.Step] { Answer(step, m_shown->Entered()); });
+    m_shown->Cancelled.ConnectForLife([this] { Answer(KeyStep::Failed, {}); });
     m_covers.Add(m_shown);
 }
 

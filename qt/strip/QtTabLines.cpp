@@ -84,7 +84,7 @@ bool QtTabLines::editorEvent(QEvent* event, QAbstractItemModel* model, const QSt
     m_pressed = QPersistentModelIndex();
     // A button that was pressed and left again chooses no tab either.
     m_closed = pressed;
-    if (pressed && onButton && CloseAt) {
+    if (pressed && onButton) {
         // Later: the list is in the middle of the click.
         QMetaObject::invokeMethod(
             this,

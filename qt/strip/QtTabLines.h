@@ -1,7 +1,8 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QPersistentModelIndex>
 #include <QStyledItemDelegate>
-#include <functional>
 #include <utility>
 
 class QAbstractItemView;
@@ -19,7 +20,7 @@ public:
     explicit QtTabLines(QAbstractItemView* list);
 
     /// The button of a line was clicked. Filled in by the owner.
-    std::function<void(const QModelIndex&)> CloseAt;
+    Signal<void(const QModelIndex&)> CloseAt;
     /// Whether the click that has just ended was one on such a button; asking forgets it.
     [[nodiscard]] bool TakeClosed() { return std::exchange(m_closed, false); }
     /// Where the button is on a line.

@@ -53,7 +53,7 @@ QtTabList::QtTabList(QWidget* parent)
 void QtTabList::MakeList() {
     m_list->setModel(m_found);
     auto* lines = new QtTabLines(m_list);
-    lines->CloseAt = [this](const QModelIndex& index) { Close(index); };
+    lines->CloseAt.ConnectForLife([this](const QModelIndex& index) { Close(index); });
     m_list->setItemDelegate(lines);
     m_list->setMouseTracking(true);
     m_list->setUniformItemSizes(true);
@@ -115,7 +115,7 @@ void QtTabList::LayDown(QPoint corner) {
 }
 
 void QtTabList::Close(const QModelIndex& index) {
-    if (!index.isValid() || !CloseRequested) return;
+    if (!index.isValid()) return;
     const Text key = FromQt(index.data(kTabKeyRole).toString());
     // The program asks about the last one, and the list would be in front of that.
     if (m_tabs->rowCount() == 1) close();
@@ -161,5 +161,5 @@ void QtTabList::Choose(const QModelIndex& index) {
     if (!index.isValid()) return;
     const Text key = FromQt(index.data(kTabKeyRole).toString());
     close();
-    if (Chosen) Chosen(key);
+    Chosen(key);
 }

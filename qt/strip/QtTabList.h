@@ -1,9 +1,9 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/Text.h"
 
 #include <QFrame>
 #include <QIcon>
-#include <functional>
 #include <vector>
 
 class QLineEdit;
@@ -37,9 +37,9 @@ public:
     void Refresh(const std::vector<QtTabListEntry>& tabs);
 
     /// A tab is to be closed, by its key. The list is open still, but for the last tab.
-    std::function<void(const Text& key)> CloseRequested;
+    Signal<void(const Text& key)> CloseRequested;
     /// A tab was chosen, by its key. The list is closed by then.
-    std::function<void(const Text& key)> Chosen;
+    Signal<void(const Text& key)> Chosen;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -27,10 +27,8 @@ QtTabStrip::QtTabStrip(TabStrip& strip, QWidget* parent) : QWidget(parent), m_st
     connect(&m_layoutTimer, &QTimer::timeout, this, &QtTabStrip::Relayout);
     connect(&m_facesTimer, &QTimer::timeout, this, &QtTabStrip::RefreshFaces);
     Measure();
-    m_strip.Attach([this](TabStripChange change) { OnChange(change); });
+    m_connections += m_strip.Attach([this](TabStripChange change) { OnChange(change); });
 }
-
-QtTabStrip::~QtTabStrip() { m_strip.Attach({}); }
 
 void QtTabStrip::OnChange(TabStripChange change) {
     if (change == TabStripChange::Layout)
@@ -63,8 +61,8 @@ void QtTabStrip::Relayout() {
     m_hover = SpotUnderPointer();
     RememberFaces();
     update();
-    if (Changed) Changed();
-    if (Rearranged) Rearranged();
+    Changed();
+    Rearranged();
 }
 
 void QtTabStrip::RefreshFaces() {
@@ -79,7 +77,7 @@ void QtTabStrip::RefreshFaces() {
         update(m_row.TabPlace(first + index) & m_row.Area());
     }
     m_changedIcons.clear();
-    if (Changed) Changed();
+    Changed();
 }
 
 void QtTabStrip::Scroll(int offset) {
@@ -96,7 +94,7 @@ void QtTabStrip::Measure() {
     const bool changed = height != m_rowHeight;
     m_rowHeight = m_strip.RowHeight = height;
     updateGeometry();
-    if (changed && RowHeightChanged) RowHeightChanged();
+    if (changed) RowHeightChanged();
 }
 
 QtTabStrip::Face QtTabStrip::FaceAt(std::size_t position) const {

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/Units.h"
 #include "forms/TabStrip.h"
 #include "qt/strip/QtTabLook.h"
@@ -21,34 +22,33 @@ class QtTabStrip final : public QWidget {
 
 public:
     explicit QtTabStrip(TabStrip& strip, QWidget* parent = nullptr);
-    ~QtTabStrip() override;
 
     /// The icon of a tab's page; a null icon when it has none. Filled in by the owner.
     std::function<QIcon(const Tab&)> PageIcon;
     /// The tab's close button was pressed. Filled in by the owner.
-    std::function<void(Tab&)> CloseRequested;
+    Signal<void(Tab&)> CloseRequested;
     /// The button that lists all tabs was pressed; where the list is to drop down, its right upper corner. Filled in by
     /// the owner.
-    std::function<void(QPoint corner)> ListRequested;
+    Signal<void(QPoint corner)> ListRequested;
     /// The sound mark of a tab was pressed. Filled in by the owner.
-    std::function<void(Tab&)> MuteRequested;
+    Signal<void(Tab&)> MuteRequested;
     /// What to show of a tab while the pointer rests on it. Filled in by the owner.
     std::function<Text(const Tab&)> ToolTipText;
     /// The right button went down at a point of the widget. Filled in by the owner.
-    std::function<void(QPoint)> RightButtonDown;
+    Signal<void(QPoint)> RightButtonDown;
     /// Data is dragged over a point, with or without text; text was dropped. Filled in by the owner.
-    std::function<void(bool hasText, QPointF)> DragOver;
-    std::function<void(const Text&)> Drop;
+    Signal<void(bool hasText, QPointF)> DragOver;
+    Signal<void(const Text&)> Drop;
     /// The button for a new tab, or a double click on the empty part of the row. Filled in by the owner.
-    std::function<void()> BlankRequested;
+    Signal<void()> BlankRequested;
     /// The right button went down on the button for a new tab. Filled in by the owner.
-    std::function<void()> NewMenuRequested;
+    Signal<void()> NewMenuRequested;
     /// Tabs came, went, moved or another one was selected. Filled in by the owner.
-    std::function<void()> Rearranged;
+    Signal<void()> Rearranged;
     /// The font has made the row higher or lower. Filled in by the owner.
-    std::function<void()> RowHeightChanged;
+    Signal<void()> RowHeightChanged;
     /// What the strip shows has changed. Filled in by the accessibility, once somebody asks for it.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
 
     /// How high the row is; never less than 22.
     [[nodiscard]] Pixels RowHeight() const { return m_rowHeight; }
@@ -146,4 +146,5 @@ private:
     bool m_dragging = false;
     Pixels m_rowHeight{22};
     int m_wheel = 0; ///< what of the wheel's turning has not moved a tab yet
+    Connections m_connections;
 };

@@ -124,8 +124,8 @@ public:
 
     QStringList actionNames() const override { return {pressAction(), showMenuAction()}; }
     void doAction(const QString& name) override {
-        if (name == pressAction() && m_strip.BlankRequested) m_strip.BlankRequested();
-        if (name == showMenuAction() && m_strip.NewMenuRequested) m_strip.NewMenuRequested();
+        if (name == pressAction()) m_strip.BlankRequested();
+        if (name == showMenuAction()) m_strip.NewMenuRequested();
     }
 };
 
@@ -151,12 +151,10 @@ void InstallTabStripAccessibility() {
 QtTabStripAccessible::QtTabStripAccessible(QtTabStrip& strip)
     : QAccessibleWidget(&strip, QAccessible::PageTabList), m_strip(strip) {
     if (const Tab* selected = strip.Model().SelectedItem()) m_selected = selected->Key();
-    strip.Changed = [this] { Follow(); };
+    m_connections += strip.Changed.Connect([this] { Follow(); });
 }
 
 QtTabStripAccessible::~QtTabStripAccessible() {
-    // Usually the strip has gone before.
-    if (auto* strip = qobject_cast<QtTabStrip*>(object())) strip->Changed = {};
     for (const auto& [key, known] : m_known) QAccessible::deleteAccessibleInterface(known.id);
     if (m_newTab) QAccessible::deleteAccessibleInterface(*m_newTab);
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/Text.h"
 
 #include <QAccessibleWidget>
@@ -40,6 +41,7 @@ private:
     mutable std::optional<QAccessible::Id> m_newTab;
     Text m_selected;
     bool m_focused = false;
+    Connections m_connections;
 };
 
 /// Makes Qt's accessibility know tab strips. May run any number of times.

@@ -63,7 +63,7 @@ std::optional<QString> DraggedText(const QMimeData& data) {
 
 void QtTabStrip::CloseByMiddleButton(QPoint point) {
     Tab* tab = FindTabAt(point);
-    if (tab && CloseRequested) CloseRequested(*tab);
+    if (tab) CloseRequested(*tab);
 }
 
 // The tab follows the pointer from place to place; all tabs are of one width, so none jumps to and fro.
@@ -82,13 +82,13 @@ void QtTabStrip::mouseDoubleClickEvent(QMouseEvent* event) {
     Settle();
     const Spot spot = SpotAt(event->position().toPoint());
     if (event->button() != Qt::LeftButton || spot.part != Part::None) return mousePressEvent(event);
-    if (BlankRequested) BlankRequested();
+    BlankRequested();
 }
 
 void QtTabStrip::OfferDrag(QDropEvent& event) {
     Settle();
     const bool hasText = OffersText(*event.mimeData());
-    if (DragOver) DragOver(hasText, event.position());
+    DragOver(hasText, event.position());
     if (hasText)
         event.acceptProposedAction();
     else
@@ -102,5 +102,5 @@ void QtTabStrip::dragMoveEvent(QDragMoveEvent* event) { OfferDrag(*event); }
 void QtTabStrip::dropEvent(QDropEvent* event) {
     OfferDrag(*event);
     const auto text = DraggedText(*event->mimeData());
-    if (text && Drop) Drop(FromQt(*text));
+    if (text) Drop(FromQt(*text));
 }

@@ -86,8 +86,8 @@ void QtTabStrip::mousePressEvent(QMouseEvent* event) {
 
 void QtTabStrip::PressRight(QPoint point) {
     if (SpotAt(point).part != Part::New) {
-        if (RightButtonDown) RightButtonDown(point);
-    } else if (NewMenuRequested) {
+        RightButtonDown(point);
+    } else {
         NewMenuRequested();
     }
 }
@@ -102,13 +102,13 @@ void QtTabStrip::PressLeft(QPoint point) {
         Scroll(aimed.Offset());
     } else if (spot.part == Part::List) {
         const QRect place = m_row.ListPlace();
-        if (ListRequested) ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
+        ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
     } else if (spot.part == Part::New) {
-        if (BlankRequested) BlankRequested();
+        BlankRequested();
     } else if (spot.part == Part::Close && tab) {
         m_closing = tab->Key();
     } else if (spot.part == Part::Sound && tab) {
-        if (MuteRequested) MuteRequested(*tab);
+        MuteRequested(*tab);
     } else if (tab) {
         m_dragged = tab->Key();
         m_dragStart = point;
@@ -125,7 +125,7 @@ void QtTabStrip::mouseReleaseEvent(QMouseEvent* event) {
     Settle();
     const Spot spot = SpotAt(event->position().toPoint());
     Tab* tab = m_strip.FindAt(spot.position);
-    if (spot.part == Part::Close && tab && tab->Key() == *closing && CloseRequested) CloseRequested(*tab);
+    if (spot.part == Part::Close && tab && tab->Key() == *closing) CloseRequested(*tab);
 }
 
 void QtTabStrip::wheelEvent(QWheelEvent* event) {
@@ -164,7 +164,7 @@ void QtTabStrip::StepTo(std::size_t position) {
 void QtTabStrip::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     update(m_row.TabPlace(m_selected));
-    if (Changed) Changed();
+    Changed();
 }
 
 void QtTabStrip::focusOutEvent(QFocusEvent* event) {

@@ -57,7 +57,7 @@ bool QtFileDrop::eventFilter(QObject* watched, QEvent* event) {
     const std::vector<Text> files = m_dragged;
     drag->setDropAction(Qt::CopyAction);
     drag->accept();
-    if (type != QEvent::Drop || !Dropped) return true;
+    if (type != QEvent::Drop) return true;
     // Later, because whoever dropped them waits for this event to be done.
     QMetaObject::invokeMethod(
         this, [this, files] { Dropped(files); }, Qt::QueuedConnection);

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/Text.h"
 
 #include <QObject>
@@ -21,7 +22,7 @@ public:
     /// Whether a file, by its path, is one to take; all of those that are dragged together must be.
     std::function<bool(TextView path)> Takes;
     /// The paths of the files that were dropped.
-    std::function<void(const std::vector<Text>& paths)> Dropped;
+    Signal<void(const std::vector<Text>& paths)> Dropped;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

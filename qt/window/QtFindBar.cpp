@@ -56,9 +56,7 @@ QtFindBar::QtFindBar(QWidget* parent)
     row->addStretch(1);
     row->addWidget(close);
     connect(m_text, &QLineEdit::textChanged, this, [this] { Find(Direction::Forward); });
-    connect(m_text, &QLineEdit::textEdited, this, [this] {
-        if (Typed) Typed();
-    });
+    connect(m_text, &QLineEdit::textEdited, this, [this] { Typed(); });
     connect(m_matchCase, &QCheckBox::toggled, this, &QtFindBar::FindAnew);
     connect(previous, &QToolButton::clicked, this, [this] { Find(Direction::Backward); });
     connect(next, &QToolButton::clicked, this, [this] { Find(Direction::Forward); });
@@ -78,7 +76,7 @@ void QtFindBar::ShowIcons() {
 void QtFindBar::Open() {
     ShowIcons();
     show();
-    if (Changed) Changed();
+    Changed();
     m_text->setFocus(Qt::ShortcutFocusReason);
     m_text->selectAll();
     FindAnew();
@@ -93,10 +91,10 @@ void QtFindBar::FindAnew() {
 
 void QtFindBar::Close() {
     hide();
-    if (Changed) Changed();
+    Changed();
     if (auto* page = Page ? Page() : nullptr) page->findText(QString());
     m_found->clear();
-    if (FocusPage) FocusPage();
+    FocusPage();
 }
 
 void QtFindBar::OnPageChanged() { m_found->clear(); }

@@ -1,4 +1,6 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QWidget>
 #include <functional>
 
@@ -25,11 +27,11 @@ public:
     /// The page in front; nothing when there is none.
     std::function<QWebEnginePage*()> Page;
     /// The bar was shown or hidden.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
     /// The user types into the bar.
-    std::function<void()> Typed;
+    Signal<void()> Typed;
     /// Gives the keyboard back to the page.
-    std::function<void()> FocusPage;
+    Signal<void()> FocusPage;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -54,7 +54,7 @@ void QtFullScreen::Follow(bool on) {
         ShowBars();
         delete m_hint;
     }
-    if (Changed) Changed(on);
+    Changed(on);
 }
 
 void QtFullScreen::HideBars() {

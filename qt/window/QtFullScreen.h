@@ -1,4 +1,6 @@
 #pragma once
+#include "base/Signal.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -25,7 +27,7 @@ public:
     std::function<bool()> PageFills;
 
     /// The window entered or left full screen, by `Set` or by the desktop. Filled in by the owner.
-    std::function<void(bool on)> Changed;
+    Signal<void(bool on)> Changed;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -46,20 +46,19 @@ QtMainWindow::QtMainWindow() : m_inner(new QWidget), m_fullScreen(*this, *m_inne
     setCentralWidget(m_inner);
     ExpectEngine(*m_inner);
     m_inner->installEventFilter(this);
-    m_fullScreen.Changed = [this](bool on) {
+    m_fullScreen.Changed.ConnectForLife([this](bool on) {
         if (!on) m_placeBefore.reset();
-        if (FullScreenChanged) FullScreenChanged(on);
-    };
+        FullScreenChanged(on);
+    });
 }
 
 QtMainWindow::~QtMainWindow() {
+    m_connections.End();
     // Their owners delete them, the window does not.
     if (m_tabStrip) {
-        m_tabStrip->RowHeightChanged = {};
         m_tabStrip->setParent(nullptr);
     }
     if (m_statusBar) {
-        m_statusBar->HeightChanged = {};
         m_statusBar->setParent(nullptr);
     }
 }
@@ -187,7 +186,7 @@ void QtMainWindow::MoveTabStrip(const Rect& place) {
 void QtMainWindow::SetTabStrip(QtTabStrip& strip) {
     m_tabStrip = &strip;
     strip.setParent(m_inner);
-    strip.RowHeightChanged = [this] { OnInnerResized(); };
+    m_connections += strip.RowHeightChanged.Connect([this] { OnInnerResized(); });
     LayTabStrip();
     strip.show();
 }
@@ -195,7 +194,7 @@ void QtMainWindow::SetTabStrip(QtTabStrip& strip) {
 void QtMainWindow::SetStatusBar(QtStatusBar& bar) {
     m_statusBar = &bar;
     bar.setParent(this);
-    bar.HeightChanged = [this] { OnInnerResized(); };
+    m_connections += bar.HeightChanged.Connect([this] { OnInnerResized(); });
     LayStatusBar();
 }
 
@@ -219,7 +218,7 @@ void QtMainWindow::LayStatusBar() {
 void QtMainWindow::OnInnerResized() {
     LayStatusBar();
     LayTabStrip();
-    if (Resized) Resized();
+    Resized();
 }
 
 bool QtMainWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -252,7 +251,7 @@ void QtMainWindow::changeEvent(QEvent* event) {
 
 void QtMainWindow::Activate() {
     m_activated = true;
-    if (Activated) Activated();
+    Activated();
 }
 
 void QtMainWindow::closeEvent(QCloseEvent* event) {
@@ -262,5 +261,5 @@ void QtMainWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(mayClose || m_unloaded);
     if (m_unloaded || !mayClose) return;
     m_unloaded = true;
-    if (Unload) Unload();
+    Unload();
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "platform/MainWindow.h"
 #include "qt/window/QtFullScreen.h"
 
@@ -53,15 +54,15 @@ public:
     [[nodiscard]] QWidget* PageArea() const { return m_inner; }
 
     /// The inner area, or what in it takes room, has changed its size. All three are filled in by the owner.
-    std::function<void()> Resized;
+    Signal<void()> Resized;
     /// The window has become the active one. Comes once after `Show()` even if the desktop keeps the focus elsewhere.
-    std::function<void()> Activated;
+    Signal<void()> Activated;
     /// Full screen begins or ends.
-    std::function<void(bool on)> FullScreenChanged;
+    Signal<void(bool on)> FullScreenChanged;
     /// Whether the window may close; without it, it may.
     std::function<bool()> QueryUnload;
     /// The window closes. Runs once.
-    std::function<void()> Unload;
+    Signal<void()> Unload;
 
 protected:
     bool event(QEvent* event) override;
@@ -93,4 +94,5 @@ private:
     bool m_settled = false;
     bool m_activated = false;
     bool m_unloaded = false;
+    Connections m_connections;
 };

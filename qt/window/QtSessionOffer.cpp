@@ -26,11 +26,15 @@ QtSessionOffer::QtSessionOffer(QWidget* parent)
     row->setContentsMargins(8, 4, 8, 4);
     row->addLayout(words, 1);
     for (QPushButton* each : {reopen, all, dismiss}) row->addWidget(each);
-    connect(reopen, &QPushButton::clicked, this, [this] { Answer(Reopen); });
-    connect(dismiss, &QPushButton::clicked, this, [this] { Answer(Dismiss); });
-    connect(all, &QPushButton::clicked, this, [this] {
-        if (ShowAll) ShowAll();
+    connect(reopen, &QPushButton::clicked, this, [this] {
+        Close();
+        Reopen();
     });
+    connect(dismiss, &QPushButton::clicked, this, [this] {
+        Close();
+        Dismiss();
+    });
+    connect(all, &QPushButton::clicked, this, [this] { ShowAll(); });
     hide();
 }
 
@@ -40,15 +44,14 @@ void QtSessionOffer::Offer(std::size_t pages, const QString& which) {
     m_which->setText(which);
     m_which->setVisible(!which.isEmpty());
     show();
-    if (Changed) Changed();
+    Changed();
 }
 
 void QtSessionOffer::Withdraw() {
-    if (!isHidden()) Answer({});
+    if (!isHidden()) Close();
 }
 
-void QtSessionOffer::Answer(const std::function<void()>& answer) {
+void QtSessionOffer::Close() {
     hide();
-    if (Changed) Changed();
-    if (answer) answer();
+    Changed();
 }

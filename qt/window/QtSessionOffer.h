@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "qt/base/QtPageBar.h"
 #include <functional>
 
@@ -19,15 +20,15 @@ public:
     /// Hides the bar: there is nothing left to reopen.
     void Withdraw();
 
-    std::function<void()> Reopen;
-    std::function<void()> Dismiss;
+    Signal<void()> Reopen;
+    Signal<void()> Dismiss;
     /// Opens the list of earlier sessions.
-    std::function<void()> ShowAll;
+    Signal<void()> ShowAll;
     /// The bar was shown or hidden.
-    std::function<void()> Changed;
+    Signal<void()> Changed;
 
 private:
-    void Answer(const std::function<void()>& answer);
+    void Close();
 
     QLabel* m_text;
     QLabel* m_which;

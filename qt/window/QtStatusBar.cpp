@@ -37,41 +37,37 @@ QtStatusBar::QtStatusBar(StatusBar& bar, QWidget* parent)
     connect(this, &QStatusBar::messageChanged, this, &QWidget::setAccessibleDescription);
     BindButtons();
     Measure();
-    m_bar.Notice.Attach([this](const Text& said) { ShowSaid(said); });
-    m_bar.Zoom.Attach([this](const Text& text) {
+    m_connections += m_bar.Complaint.Connect([this](TextView words) { Complain(ToQt(words)); });
+    m_connections += m_bar.Notice.Attach([this](const Text& said) { ShowSaid(said); });
+    m_connections += m_bar.Zoom.Attach([this](const Text& text) {
         m_zoom->setText(ToQt(text));
         m_zoom->setAccessibleName(QStringLiteral("Text size %1").arg(m_zoom->text()));
         m_zoom->setVisible(!text.empty());
         LayParts();
     });
-    m_bar.Profile.Attach([this](const Text& text) {
+    m_connections += m_bar.Profile.Attach([this](const Text& text) {
         m_profile->setText(ToQt(text));
         m_profile->setToolTip(ToQt(m_bar.ProfileTip));
         m_profile->setAccessibleDescription(m_profile->toolTip());
         m_profile->setVisible(!text.empty());
         LayParts();
     });
-    m_bar.SimpleText.Attach([this](const Text&) {
+    m_connections += m_bar.SimpleText.Attach([this](const Text&) {
         if (!m_textTimer.isActive()) m_textTimer.start(kTextDelay);
     });
-    m_bar.Visible.Attach([this](bool) {
+    m_connections += m_bar.Visible.Attach([this](bool) {
         FollowVisible();
-        if (HeightChanged) HeightChanged();
+        HeightChanged();
     });
-}
-
-QtStatusBar::~QtStatusBar() {
-    m_bar.SimpleText.Attach({});
-    m_bar.Notice.Attach({});
-    m_bar.Zoom.Attach({});
-    m_bar.Profile.Attach({});
-    m_bar.Visible.Attach({});
 }
 
 void QtStatusBar::BindButtons() {
     Bind(m_bar.StopAll, *m_stopAll, QStringLiteral("cmdStopAll"));
     Bind(m_bar.Undo, *m_undo, QStringLiteral("cmdUndo"));
-    Bind(m_bar.Saving, *m_saving, QStringLiteral("cmdSaving"));
+    // Not bound as a whole: its words are shown later than they are said.
+    m_saving->setObjectName(QStringLiteral("cmdSaving"));
+    connect(m_saving, &QPushButton::clicked, this, [this] { m_bar.Saving.Click(); });
+    m_connections += m_bar.Saving.Visible.Attach([this](bool visible) { m_saving->setVisible(visible); });
     m_saving->setFlat(true);
     m_saving->setAccessibleDescription(QStringLiteral("Shows the downloads"));
     m_saving->setToolTip(m_saving->accessibleDescription());
@@ -83,7 +79,7 @@ void QtStatusBar::BindButtons() {
     // A file that comes fast changes it many times a second.
     m_savingTimer.setSingleShot(true);
     connect(&m_savingTimer, &QTimer::timeout, this, &QtStatusBar::ShowSaving);
-    m_bar.Saving.Caption.Attach([this](const Text& words) {
+    m_connections += m_bar.Saving.Caption.Attach([this](const Text& words) {
         if (words.empty() != m_saving->text().isEmpty()) return ShowSaving();
         if (!m_savingTimer.isActive()) m_savingTimer.start(kSavingDelay);
     });
@@ -150,7 +146,7 @@ void QtStatusBar::ShowSaving() {
 }
 
 void QtStatusBar::ShowSaid(const Text& said) {
-    if (!said.empty()) return Notice(ToQt(said), m_bar.Undo.Click ? kOfferTime : kNoticeTime);
+    if (!said.empty()) return Notice(ToQt(said), m_bar.Undo.Click.HasListeners() ? kOfferTime : kNoticeTime);
     // The view's own end of a notice comes here, too.
     if (m_notice.isEmpty()) return;
     m_notice.clear();
@@ -201,5 +197,5 @@ void QtStatusBar::Measure() {
     LayParts();
     if (height == m_bar.Height) return;
     m_bar.Height = height;
-    if (HeightChanged) HeightChanged();
+    HeightChanged();
 }

@@ -1,11 +1,11 @@
 #pragma once
+#include "base/Signal.h"
 #include "forms/StatusBar.h"
 
 #include <QStatusBar>
 #include <QStringList>
 #include <QTimer>
 #include <chrono>
-#include <functional>
 
 class QLabel;
 class QPushButton;
@@ -19,7 +19,6 @@ public:
     static constexpr std::chrono::seconds kNoticeTime{15};
 
     explicit QtStatusBar(StatusBar& bar, QWidget* parent = nullptr);
-    ~QtStatusBar() override;
 
     /// Shows what the program itself has to say, which no text of a page replaces until somebody can have read it.
     void Notice(const QString& text, std::chrono::milliseconds time = kNoticeTime);
@@ -30,7 +29,7 @@ public:
 
     [[nodiscard]] Pixels Height() const { return m_bar.Height; }
     /// The bar has been shown or hidden, or the font has made it higher or lower. Filled in by the owner.
-    std::function<void()> HeightChanged;
+    Signal<void()> HeightChanged;
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -55,4 +54,5 @@ private:
     QString m_notice;
     QStringList m_complaints;
     QTimer m_textTimer, m_noticeTimer, m_savingTimer;
+    Connections m_connections;
 };

@@ -238,16 +238,13 @@ TEST_F(AddressBoxesTest, TheNextThingThatIsSaidEndsTheOffer) {
     m_desk.Click(u"mnuClearAddresses");
     m_desk.main.Tabs.Say(u"Something else.");
     EXPECT_EQ(m_desk.Said(), "Something else.");
-    EXPECT_FALSE(m_desk.main.sbStatus.Undo.Click) << "what was cleared is kept no longer";
+    EXPECT_FALSE(m_desk.main.sbStatus.Undo.Click.HasListeners()) << "what was cleared is kept no longer";
 }
 
 TEST_F(AddressBoxesTest, KeysGiveTheBoxesTheKeyboard) {
     std::string focused;
-    m_desk.main.actBar.Attach(
-        {.BandsChanged = {},
-         .Popup = {},
-         .FocusTool = [&](Band& band, Tool& tool) { focused += ToUtf8(band.Name() + u"." + tool.Name()) + " "; },
-         .RecalcLayout = {}});
+    const Connection view = m_desk.main.actBar.FocusWanted.Connect(
+        [&](Band& band, Tool& tool) { focused += ToUtf8(band.Name() + u"." + tool.Name()) + " "; });
     for (const KeyStroke key : {KeyStroke{'D', Keys::kAlt}, {'R', Keys::kAlt}, {'L', Keys::kCtrl}, {'K', Keys::kCtrl}})
         m_desk.main.Form_KeyDown(key);
     EXPECT_EQ(focused, "bndAddress.cboAddress bndSearch.cboSearch bndAddress.cboAddress bndSearch.cboSearch ");

@@ -148,7 +148,6 @@ TEST(Startup, TheHookGoesWithTheWindow) {
     desk.main.Form_Unload();
     desk.channel.Arrives(u"http://late/");
     EXPECT_EQ(desk.Strip(), "[1*]");
-    Hook::Remove(desk.channel);
 }
 
 /// The picture that the entry of a folder has in the Favorites menu.
@@ -164,22 +163,20 @@ TEST(Startup, AtTheEndTheViewsGoThenThePicturesThenTheHook) {
     std::filesystem::create_directories(favorites.Path("news"));
     Desk desk;
     desk.main.Commands.favoritesFolder = favorites.PathText("");
+    const auto what = [&desk] {
+        const std::string picture = FolderPictureOf(desk) == Picture() ? "" : " pictures";
+        return picture + (desk.channel.Message.HasListeners() ? " hook" : "");
+    };
+    // Before the hook listens, so that it is told first.
+    desk.main.Unloaded.ConnectForLife([&] { desk.log.Add("unloaded" + what()); });
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
     desk.main.GetNewBrowser(InFront::Yes);
     desk.log.Take();
-    const auto what = [&desk] {
-        const std::string picture = FolderPictureOf(desk) == Picture() ? "" : " pictures";
-        return picture + (desk.channel.Message ? " hook" : "");
-    };
     desk.views.ended = [&](int) { desk.log.Add("view" + what()); };
-    desk.main.Unloaded = [&, removeHook = desk.main.Unloaded] {
-        desk.log.Add("unloaded" + what());
-        removeHook();
-    };
     desk.main.Form_Unload();
     desk.views.ended = {};
     EXPECT_EQ(desk.log.Take(), "view pictures hook, view pictures hook, unloaded hook");
-    EXPECT_FALSE(desk.channel.Message);
+    EXPECT_FALSE(desk.channel.Message.HasListeners());
 }
 
 TEST(Hook, RestoresAMinimizedWindowFirst) {

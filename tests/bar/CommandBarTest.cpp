@@ -73,7 +73,7 @@ TEST(CommandBar, AViewHearsOfABandOnceUntilItIsClean) {
     CommandBar bar;
     Band* band = bar.AddBand(u"bndOne", u"", BandKind::Toolbar);
     int told = 0;
-    band->Attach([&] { ++told; });
+    const Connection view = band->Attach([&] { ++told; });
     EXPECT_EQ(told, 1) << "attaching shows the present entries";
     band->Clean();
     band->Add(1, u"a");
@@ -89,7 +89,7 @@ TEST(CommandBar, AKeyClicksItsToolAndSaysWhetherItWasUsed) {
     const auto stop = SharedTool(bar, 1, u"mnuStop");
     bar.SetShortcuts({{u"mnuStop", {Keys::kEscape, 0}}, {u"mnuNone", {'T', Keys::kCtrl}}});
     std::string clicked;
-    bar.Click = [&](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; };
+    bar.Click.ConnectForLife([&](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; });
     EXPECT_EQ(bar.KeyDown({Keys::kEscape, 0}), KeyUsed::Yes);
     EXPECT_EQ(bar.KeyDown({Keys::kEscape, Keys::kShift}), KeyUsed::No);
     EXPECT_EQ(bar.KeyDown({'T', Keys::kCtrl}), KeyUsed::No) << "no such tool";
@@ -125,7 +125,7 @@ TEST(CommandBar, AWayUpThatNeverCameIsForgottenWhenTheKeyGoesDownAgain) {
 TEST(CommandBar, EscapeIsForTheBoxThatTheUserIsChanging) {
     CommandBar bar;
     std::string clicked;
-    bar.Click = [&](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; };
+    bar.Click.ConnectForLife([&](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; });
     bar.Add(std::make_unique<Tool>(1, u"mnuStop"));
     const ComboTool* box = bar.Add(std::make_unique<ComboTool>(2, u"cboAddress"));
     bar.SetShortcuts({{u"mnuStop", {Keys::kEscape, 0}}});

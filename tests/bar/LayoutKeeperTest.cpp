@@ -34,7 +34,7 @@ TEST(LayoutKeeper, TheLayoutIsTheFirstThingThatALoadingWindowRestores) {
     desk.layout.bytes = Arranged([](CommandBar& bar) { bar.FindBand(u"bndFile")->RemoveAt(0); });
     std::string whenAsked;
     int laidOut = 0;
-    desk.main.actBar.Attach({.BandsChanged = {}, .Popup = {}, .FocusTool = {}, .RecalcLayout = [&] { ++laidOut; }});
+    const Connection view = desk.main.actBar.LayoutWanted.Connect([&] { ++laidOut; });
     desk.inDefBrowser = [&](frmDefBrowser&) { whenAsked = Tools(desk.main.actBar, u"bndFile"); };
     desk.Start();
     EXPECT_EQ(whenAsked, "mnuOpen mnuClose mnuCloseAll");
@@ -100,8 +100,8 @@ TEST(LayoutKeeper, ALayoutThatCannotBeSavedIsSaidAndCostsNothing) {
 TEST(LayoutKeeper, WhatCouldNotBeSavedIsTriedAgainUntilItIsAndSaidOnce) {
     Desk desk;
     int asked = 0, said = 0;
-    desk.main.RetryLater = [&] { ++asked; };
-    desk.main.Layout.Say = [&](TextView) { ++said; };
+    desk.main.RetryLater.ConnectForLife([&] { ++asked; });
+    desk.main.Layout.Say.ConnectForLife([&](TextView) { ++said; });
     desk.Start();
     desk.main.RetryWrites();
     EXPECT_EQ(desk.layout.writes, 0) << "there is nothing to try";

@@ -48,10 +48,10 @@ void OpenFavoritesMenu(benchmark::State& state) {
         bar.AddBand(u"bndFavorites", u"Favorites", BandKind::Menu);
         bar.AddBand(u"bndMenu", u"Menu Bar", BandKind::MenuBar)->Append(bar.Share(u"mnuFavorites"));
         Favorites::Menu favorites(bar);
-        bar.BandOpen = [&](Band& band) {
+        bar.BandOpen.ConnectForLife([&](Band& band) {
             auto first = BeginGroup::No;
             if (band.Name() == u"bndFavorites") favorites.ScanFolder(root, band, first);
-        };
+        });
         QMainWindow window;
         auto shown = std::make_unique<QtCommandBar>(bar, window);
         window.show();

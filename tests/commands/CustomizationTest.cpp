@@ -12,7 +12,7 @@ namespace {
 struct Arranging {
     Arranging() {
         DesignTimeBar::Make(bar);
-        custom.Changed = [this] { ++changes; };
+        custom.Changed.ConnectForLife([this] { ++changes; });
     }
     [[nodiscard]] Band& At(TextView name) const { return *bar.FindBand(name); }
     /// The tools of a band, "|" before those that begin a group.
@@ -280,7 +280,7 @@ TEST(Customization, EverythingIsReset) {
 TEST(Customization, TheLookIsTheBars) {
     Arranging user;
     BarLook seen;
-    user.bar.Look.Attach([&](const BarLook& look) { seen = look; });
+    const Connection view = user.bar.Look.Attach([&](const BarLook& look) { seen = look; });
     user.custom.SetLook({IconSize::Large, ToolText::BesideIcons, false});
     EXPECT_EQ(seen, (BarLook{IconSize::Large, ToolText::BesideIcons, false}));
     EXPECT_EQ(user.custom.Look(), seen);

@@ -52,12 +52,11 @@ protected:
     /// The tools of the band that an entry pops up; nothing when it pops up none.
     std::string PopupOf(const Tool& tool) const {
         std::string all;
-        m_bar.Attach({.Popup = [&](Band& band) {
+        const Connection view = m_bar.PopupWanted.Connect([&](Band& band) {
             for (const BandEntry& entry : band.Entries()) all += (all.empty() ? "" : " ") + ToUtf8(entry.Item->Name());
-        }});
+        });
         const bool popped = m_desk.main.Menus.EntryPopup(tool);
         EXPECT_EQ(popped, !all.empty());
-        m_bar.Attach({});
         return all;
     }
     Tool& Entry(const Text& band, std::size_t position) const {
@@ -250,7 +249,7 @@ TEST_F(RuntimeMenusTest, AGroupGetsAnotherNameFromItsPopup) {
 
 TEST_F(RuntimeMenusTest, TheFoldersAreWatchedForOthersToo) {
     int changes = 0;
-    m_desk.main.Menus.FoldersChanged = [&] { ++changes; };
+    m_desk.main.Menus.FoldersChanged.ConnectForLife([&] { ++changes; });
     m_desk.main.Menus.WatchFolders();
     EXPECT_TRUE(m_desk.folderWatch.watched.contains(m_desk.main.Commands.groupFolder));
     EXPECT_TRUE(m_desk.folderWatch.watched.contains(m_desk.main.Commands.favoritesFolder));

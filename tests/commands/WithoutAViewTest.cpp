@@ -15,7 +15,7 @@ protected:
         host.ShowFind = [this](BrowserView&) { done += "find;"; };
         host.ShowInternetOptions = [this] { done += "options;"; };
         host.AddFavorite = [this](TextView, TextView) { return !(done += "favorite;").empty(); };
-        desk.main.Pages.ApplyLoadOptions = [this] { done += "load options;"; };
+        desk.main.Pages.ApplyLoadOptions.ConnectForLife([this] { done += "load options;"; });
         desk.files.chosen = u"/files/a.html";
         desk.main.Tabs.UpdateStopRefresh();
         enabled = desk.Enabled();

@@ -16,7 +16,7 @@ protected:
         DesignTimeBar::Make(m_bar);
         m_bar.FindCombo(u"cboAddress")->Width = Pixels{500};
         m_bar.FindCombo(u"cboSearch")->Width = Pixels{200};
-        m_bar.Attach({.BandsChanged = {}, .Popup = {}, .FocusTool = {}, .RecalcLayout = [this] { ++m_layouts; }});
+        m_bar.LayoutWanted.ConnectForLife([this] { ++m_layouts; });
     }
 
     /// The widths of the address box and the search box.
@@ -92,7 +92,7 @@ TEST_F(frmResizeTest, WithoutItsBoxAStepDoesNothing) {
     CommandBar bar;
     const auto* search = bar.Add(std::make_unique<ComboTool>(1, u"cboSearch"));
     int layouts = 0;
-    bar.Attach({.BandsChanged = {}, .Popup = {}, .FocusTool = {}, .RecalcLayout = [&] { ++layouts; }});
+    bar.LayoutWanted.ConnectForLife([&] { ++layouts; });
     frmResize form(bar);
     form.ResizeAddress();
     form.cmdResize[7].Click();

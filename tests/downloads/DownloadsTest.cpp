@@ -16,8 +16,8 @@ protected:
     DownloadsTest() {
         desktop.folder = folder.PathText("");
         desktop.folder.pop_back();
-        downloads.Changed = [this] { panel.Touch(); };
-        downloads.Say = [this](TextView text) { said = ToUtf8(text); };
+        downloads.Changed.ConnectForLife([this] { panel.Touch(); });
+        downloads.Say.ConnectForLife([this](TextView text) { said = ToUtf8(text); });
         panel.TimeText = [](std::int64_t time) { return u"at " + Decimal(time); };
         panel.Form.Visible = true;
     }
@@ -92,7 +92,7 @@ TEST_F(DownloadsTest, KnowsNoPercentOfWhatHasNoSize) {
 
 TEST_F(DownloadsTest, SaysThatItStallsThoughNobodyReportsThat) {
     int scheduled = 0;
-    panel.Schedule = [&] { ++scheduled; };
+    panel.Schedule.ConnectForLife([&] { ++scheduled; });
     const auto id = Begin(u"http://a.example/film.mp4", {}, 40'000'000);
     desktop.now = 2000;
     Report(id, DownloadState::Running, 8'000'000);
@@ -416,11 +416,11 @@ TEST(DownloadsOfTheWindow, AreShownAndHiddenByTheirCommand) {
 
 TEST_F(DownloadsTest, AListThatCannotBeWrittenIsSaidOnceAndWrittenWhenThereIsRoom) {
     int asked = 0, complaints = 0;
-    downloads.TryAgain = [&] { ++asked; };
-    downloads.Complain = [&](TextView text) {
+    downloads.TryAgain.ConnectForLife([&] { ++asked; });
+    downloads.Complain.ConnectForLife([&](TextView text) {
         EXPECT_EQ(text, u"The list of downloads could not be saved.");
         ++complaints;
-    };
+    });
     {
         const FullDisk full;
         Begin(u"http://a.example/a");

@@ -146,9 +146,9 @@ TEST_F(AddressTrustOnPages, AWindowIsDrawnThatIsFilledBeforeAnythingHasCome) {
 TEST_F(AddressTrustOnPages, AnErrorPageNeverHasASign) {
     ShowPage();
     std::vector<std::string> signs;
-    Box().Sign.Mirror = [&](const BoxSign& sign) {
+    const Connection watching = Box().Sign.Mirror.Connect([&](const BoxSign& sign) {
         if (sign.Of.starts_with(u"https:")) signs.push_back(ToUtf8(sign.Image.Name));
-    };
+    });
     const auto fails = [&](const QString& address) {
         signs.clear();
         ASSERT_TRUE(WaitUntil([&] { return !signs.empty() && !Box().Sign().Waiting && !Front().Busy(); }));
@@ -170,7 +170,6 @@ TEST_F(AddressTrustOnPages, AnErrorPageNeverHasASign) {
     server.Redirect(QStringLiteral("/led"), gone);
     ResumeNext(Front().Navigate(FromQt(server.Address(QStringLiteral("/led")))));
     fails(QStringLiteral("redirected"));
-    Box().Sign.Mirror = {};
 }
 
 TEST_F(AddressTrustOnPages, AnAnswerWithoutAPageLeavesThePageItsAddressAndSign) {
@@ -222,13 +221,12 @@ TEST_F(AddressTrustOnPages, TheUserInAnAddressIsNeitherShownNorKept) {
     const QString bare = address;
     address.replace(QStringLiteral("://"), QStringLiteral("://bank.example%2Flogin:word@"));
     std::vector<std::string> texts;
-    Box().Value.Mirror = [&](const Text& text) { texts.push_back(ToUtf8(text)); };
+    const Connection watching = Box().Value.Mirror.Connect([&](const Text& text) { texts.push_back(ToUtf8(text)); });
     Front().Page()->runJavaScript(QStringLiteral("location = '%1'").arg(address));
     ASSERT_TRUE(WaitTitle(u"Login"));
     EXPECT_EQ(Shown(), bare + QStringLiteral(": computer"));
     EXPECT_EQ(ToQt(Front().LocationURL()), bare);
     for (const auto& text : texts) EXPECT_EQ(text.find("bank"), std::string::npos) << text;
-    Box().Value.Mirror = {};
 }
 
 TEST_F(AddressTrustOnPages, ALinkUnderThePointerIsToldInTheFormThatHidesNothing) {
@@ -287,13 +285,14 @@ TEST_F(AddressTrustOnPages, WhileHttpIsTriedAfterHttpsHasFailedThePageBeforeStay
     ShowPage();
     const PlainServer plain;
     std::vector<std::string> told;
-    desk.main->sbStatus.SimpleText.Mirror = [&](const Text& text) { told.push_back(ToUtf8(text)); };
+    Connection watching =
+        desk.main->sbStatus.SimpleText.Mirror.Connect([&](const Text& text) { told.push_back(ToUtf8(text)); });
     ResumeNext(Front().Navigate(FromQt(plain.Address())));
     ASSERT_TRUE(WaitUntil([&] { return plain.asking != nullptr; }));
     EXPECT_EQ(Script(QStringLiteral("document.title")), u"Page");
     EXPECT_EQ(ToQt(Front().LocationURL()), server.Address(QStringLiteral("/page")));
     for (const std::string& each : told) EXPECT_TRUE(each.empty() || each == "Connecting...") << each;
-    desk.main->sbStatus.SimpleText.Mirror = {};
+    watching.End();
     plain.Answer();
     ASSERT_TRUE(WaitTitle(u"Typed"));
     EXPECT_EQ(Front().Page()->history()->count(), 2) << "what has failed is no step to go back to";

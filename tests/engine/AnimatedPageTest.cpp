@@ -29,7 +29,7 @@ public:
           commandBar(main.actBar, window) {
         window.SetTabStrip(strip);
         window.SetStatusBar(statusBar);
-        window.Resized = [this] { main.Form_Resize(); };
+        window.Resized.ConnectForLife([this] { main.Form_Resize(); });
         main.Form_Load(FromQt(address));
         window.Show();
         engine.Start();

@@ -137,7 +137,7 @@ TEST_F(ExternalLinks, ASchemeWithoutEndIsCut) {
 
 TEST_F(ExternalLinks, WhatIsRefusedUnaskedLeavesASignOnce) {
     QStringList told;
-    desk.Real().Questions()->links.Refused = [&](const QString& words) { told << words; };
+    desk.Real().Questions()->links.Refused.ConnectForLife([&](const QString& words) { told << words; });
     OnClick(QStringLiteral("location.href = 'testapp:x'"));
     ASSERT_TRUE(Asks());
     Press("cmdCancel");

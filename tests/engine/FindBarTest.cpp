@@ -19,7 +19,7 @@ protected:
         server.Page(QStringLiteral("/garden"), "<title>Garden</title><p>rose</p><p>Rose</p><p>rose garden</p>");
         desk.Load(server.Address(QStringLiteral("/garden")));
         bar.Page = [this] { return static_cast<QWebEnginePage*>(desk.Real().Page()); };
-        bar.FocusPage = [this] { ++focused; };
+        bar.FocusPage.ConnectForLife([this] { ++focused; });
         bar.setGeometry(0, 560, 800, 40);
         bar.Open();
     }

@@ -34,7 +34,7 @@ TEST_F(InstanceProfileTest, AFurtherInstanceKeepsWhatPagesStoreTooApartFromTheFi
 TEST_F(InstanceProfileTest, ClearingForgetsWhatThisInstanceKeepsAndNoOther) {
     QtBrowsingData itsOwn;
     EngineView one(first), two(first);
-    two.engine.ProfileMade = [&](QWebEngineProfile& made) { itsOwn.Watch(made); };
+    two.engine.ProfileMade.ConnectForLife([&](QWebEngineProfile& made) { itsOwn.Watch(made); });
     for (EngineView* each : {&one, &two}) {
         Load(*each);
         each->Script(QStringLiteral("document.cookie = 'kept=1; max-age=9999'"));

@@ -14,10 +14,10 @@ namespace {
 class InternetOptionsInEffect : public testing::Test {
 protected:
     InternetOptionsInEffect() {
-        desk.engine.ProfileMade = [this](QWebEngineProfile& made) {
+        desk.engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& made) {
             profile = &made;
             made.setUrlRequestInterceptor(&requests);
-        };
+        });
     }
     ~InternetOptionsInEffect() override { QtWebOptions::ApplyProxy({}, nullptr); }
 

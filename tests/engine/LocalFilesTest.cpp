@@ -17,7 +17,8 @@ class LocalFiles : public testing::Test {
 protected:
     LocalFiles() {
         secret.Write("key", "TOP SECRET");
-        desk.engine.ProfileMade = [this](QWebEngineProfile& profile) { profile.setUrlRequestInterceptor(&requests); };
+        desk.engine.ProfileMade.ConnectForLife(
+            [this](QWebEngineProfile& profile) { profile.setUrlRequestInterceptor(&requests); });
     }
 
     [[nodiscard]] static QString AddressOf(const TemporaryFolder& folder, const char* name) {
@@ -149,7 +150,7 @@ TEST(SavedPages, ShowTheirPicturesAndStyles) {
     QtRequests requests;
     EngineView desk;
     bool saved = false;
-    desk.engine.ProfileMade = [&](QWebEngineProfile& profile) {
+    desk.engine.ProfileMade.ConnectForLife([&](QWebEngineProfile& profile) {
         profile.setUrlRequestInterceptor(&requests);
         QObject::connect(&profile, &QWebEngineProfile::downloadRequested, &profile,
                          [&](QWebEngineDownloadRequest* request) {
@@ -157,7 +158,7 @@ TEST(SavedPages, ShowTheirPicturesAndStyles) {
                                               [&] { saved = true; });
                              request->accept();
                          });
-    };
+    });
     desk.Load(server.Address(QStringLiteral("/page")));
     desk.Real().Page()->save(QString::fromStdString(folder.Path("kept.html")),
                              QWebEngineDownloadRequest::CompleteHtmlSaveFormat);

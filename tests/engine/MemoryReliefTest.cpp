@@ -29,9 +29,9 @@ protected:
         timer.setSingleShot(true);
         timer.callOnTimeout([&relief] { relief.Look(); });
         relief.Memory = &files;
-        relief.Schedule = [this](TabSleep::Time time) { timer.start(time); };
+        relief.Schedule.ConnectForLife([this](TabSleep::Time time) { timer.start(time); });
         relief.OthersWait = [this] { return desk.engine.PagesWait(); };
-        relief.Changed = [this](Shortage level) { desk.engine.SetShortage(level); };
+        relief.Changed.ConnectForLife([this](Shortage level) { desk.engine.SetShortage(level); });
     }
     void SayFree(int megabytes) {
         folder.Write("proc/meminfo",

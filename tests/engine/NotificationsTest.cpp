@@ -59,9 +59,9 @@ namespace {
 class Notifications : public testing::Test {
 protected:
     Notifications() {
-        notifications.Clicked = [this] { clicked = true; };
+        notifications.Clicked.ConnectForLife([this] { clicked = true; });
         desk.engine.Permissions = &kept;
-        desk.engine.ProfileMade = [this](QWebEngineProfile& profile) { notifications.Follow(profile); };
+        desk.engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { notifications.Follow(profile); });
         kept.Remember({FromQt(server.Address({}, host)), SitePermission::Notifications, true});
     }
 

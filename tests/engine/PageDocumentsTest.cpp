@@ -49,7 +49,7 @@ protected:
         desktop.Profile = [this] { return desk.engine.Profile(); };
         // What a page saves by itself is refused; what its user saves is not asked about.
         desktop.MaySave = [](QWebEnginePage*, const QUrl&) { return false; };
-        desk.engine.ProfileMade = [this](QWebEngineProfile& profile) { desktop.Follow(profile); };
+        desk.engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
         Serve("/red.pdf", "application/pdf", pdf);
         Serve("/dot", "image/png", SmallPng());
         Serve("/words.txt", "text/plain", "plain <b> words\n");
@@ -212,7 +212,7 @@ TEST_F(PageDocuments, APictureMayBecomeAPdf) {
         static_cast<QDialog&>(dialog).accept();
     });
     QStringList said;
-    desk.engine.Output().Say = [&](const QString& words) { said << words; };
+    desk.engine.Output().Say.ConnectForLife([&](const QString& words) { said << words; });
     Click(u"mnuSaveAs");
     EXPECT_TRUE(WaitUntil([this] { return Written(QStringLiteral("dot.pdf")).startsWith("%PDF-"); }));
     EXPECT_TRUE(WaitUntil([&] { return said.size() == 2; }));

@@ -15,7 +15,7 @@ protected:
     PageFullScreen() {
         desk.engine.LayBars = [](const QRect& whole) { return whole.adjusted(0, 100, 0, 0); };
         desk.engine.FullScreen().WindowIsFull = [this] { return windowIsFull; };
-        desk.engine.FullScreen().SetWindowFull = [this](bool on) { windowIsFull = on; };
+        desk.engine.FullScreen().SetWindowFull.ConnectForLife([this](bool on) { windowIsFull = on; });
         server.Page(QStringLiteral("/page"),
                     "<title>film</title><p>words</p><div id=film><button id=full onclick='film.requestFullscreen()'>"
                     "full</button></div>");

@@ -15,17 +15,13 @@ protected:
     void SetUp() override {
         server.Page(QLatin1String(kLeaves), Html("seen += e.key + ';';"));
         server.Page(QLatin1String(kTakes), Html("seen += e.key + ';'; e.preventDefault(); e.stopPropagation();"));
-        desk.main->actBar.Attach({.BandsChanged = {},
-                                  .Popup = {},
-                                  .FocusTool = [this](Band&, Tool& tool) { focused += ToUtf8(tool.Name()) + ";"; },
-                                  .RecalcLayout = {}});
+        view =
+            desk.main->actBar.FocusWanted.Connect([this](Band&, Tool& tool) { focused += ToUtf8(tool.Name()) + ";"; });
         keys.Down = [this](KeyStroke key) { return desk.main->Form_KeyDown(key); };
         keys.Up = [this](KeyStroke key) { return desk.main->Form_KeyUp(key); };
         Show(QLatin1String(GetParam()), u"Keys");
         desk.window.activateWindow();
     }
-    void TearDown() override { desk.main->actBar.Attach({}); }
-
     static QByteArray Html(const char* onKey) {
         return QByteArray("<title>Keys</title><p>words</p><script>var seen = '';"
                           "addEventListener('keydown', e => { ") +
@@ -53,6 +49,7 @@ protected:
 
     std::string focused;
     QtKeys keys{desk.window};
+    Connection view;
 };
 
 TEST_P(PageKeysTest, APlainKeyIsForThePage) {

@@ -176,7 +176,7 @@ TEST_F(EnginePermissions, ShowAScreenThatTheUserHasChosen) {
 }
 
 TEST_F(EnginePermissions, AreTellingForAsLongAsAScreenMayBeSeen) {
-    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kShareScreen);
     desk.ClickOn(QStringLiteral("b"));
     ASSERT_TRUE(WaitForQuestion());
@@ -196,7 +196,7 @@ TEST_F(EnginePermissions, AreTellingForAsLongAsAScreenMayBeSeen) {
 }
 
 TEST_F(EnginePermissions, EndWhenTheyAreStoppedWhateverTheServerSays) {
-    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kShareScreen);
     desk.ClickOn(QStringLiteral("b"));
     ASSERT_TRUE(WaitForQuestion());
@@ -212,7 +212,7 @@ TEST_F(EnginePermissions, EndWhenTheyAreStoppedWhateverTheServerSays) {
 }
 
 TEST_F(EnginePermissions, AreTellingOfAScreenNoMoreWhenItsTabHasGone) {
-    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kShareScreen);
     desk.ClickOn(QStringLiteral("b"));
     ASSERT_TRUE(WaitForQuestion());
@@ -229,7 +229,7 @@ constexpr auto kCapture = "<p>words</p><script>document.title = 'ready';"
                           "s => document.title = 'got ' + s.getTracks().length, e => document.title = e.name)</script>";
 
 TEST_F(EnginePermissions, AreTellingForAsLongAsCameraAndMicrophoneMayBeUsed) {
-    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kCapture);
     ASSERT_TRUE(WaitForQuestion()) << desk.Real().Page()->title().toStdString();
     EXPECT_EQ(Questions().Current()->Words,
@@ -246,7 +246,7 @@ TEST_F(EnginePermissions, AreTellingForAsLongAsCameraAndMicrophoneMayBeUsed) {
 }
 
 TEST_F(EnginePermissions, TellOfNoCameraThatTheUserRefused) {
-    desk.engine.CapturesChanged = [&] { told = desk.engine.Captures(); };
+    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kCapture);
     ASSERT_TRUE(WaitForQuestion());
     Questions().Answer(1, false);
@@ -282,7 +282,7 @@ TEST_F(EnginePermissions, OutliveATabThatClosesWhileTheUserChooses) {
 }
 
 TEST_F(EnginePermissions, EndAtOnceWhenTheyAreRevoked) {
-    kept.Forgotten = [this](const SiteDecision& forgotten) { desk.engine.ForgetDecision(forgotten); };
+    kept.Forgotten.ConnectForLife([this](const SiteDecision& forgotten) { desk.engine.ForgetDecision(forgotten); });
     kept.Remember({Site(), SitePermission::Notifications, true});
     Load("<script>Notification.requestPermission().then(p => document.title = p)</script>");
     EXPECT_TRUE(WaitForTitle(QStringLiteral("granted")));

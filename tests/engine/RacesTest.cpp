@@ -37,7 +37,7 @@ protected:
     void AnswerIfAllWait() {
         if (std::exchange(m_seen, m_steps) != m_steps) return;
         for (auto* dialog : desk.window.findChildren<QtPageDialog*>())
-            if (dialog->isVisible() && dialog->Accepted) return dialog->Accepted();
+            if (dialog->isVisible() && dialog->Accepted.HasListeners()) return dialog->Accepted();
     }
 
     std::size_t Dice(std::size_t sides) { return std::uniform_int_distribution<std::size_t>(0, sides - 1)(m_random); }

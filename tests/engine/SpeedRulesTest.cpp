@@ -63,7 +63,7 @@ TEST(SpeedRules, OfManyViewsBroughtToTheFrontInOneTurnOnlyTheLastIsShown) {
     LocalServer server;
     EngineDesk desk;
     int fronts = 0;
-    desk.engine.FrontChanged = [&] { ++fronts; };
+    desk.engine.FrontChanged.ConnectForLife([&] { ++fronts; });
     desk.Open(Pages(server, 20));
     ASSERT_TRUE(WaitUntil([&] { return desk.View(21).Widget() && desk.View(21).Widget()->isVisible(); }));
     EXPECT_EQ(fronts, 1);

@@ -18,7 +18,8 @@ protected:
                                "News</a><p><a id='out' href='" +
                                m_server.Address(QStringLiteral("/page")).toStdString() + "'>out</a>");
         };
-        m_view.engine.StartLink = [this](const QUrl& url) { m_links << QString::fromLatin1(url.toEncoded()); };
+        m_view.engine.StartLink.ConnectForLife(
+            [this](const QUrl& url) { m_links << QString::fromLatin1(url.toEncoded()); });
     }
     void Serve(const QByteArray& html) { m_server.Page(QStringLiteral("/page"), html); }
     void LoadPage() { m_view.Load(m_server.Address(QStringLiteral("/page"))); }

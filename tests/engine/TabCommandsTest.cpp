@@ -25,7 +25,8 @@ protected:
             return ServiceTemplates{
                 .search = FromQt(server.Address(QStringLiteral("/find?q=%s"))), .shop = {}, .find = {}};
         };
-        desk.engine.ProfileMade = [this](QWebEngineProfile& made) { made.setUrlRequestInterceptor(&requests); };
+        desk.engine.ProfileMade.ConnectForLife(
+            [this](QWebEngineProfile& made) { made.setUrlRequestInterceptor(&requests); });
         desk.engine.HomeAddress = [this] { return home; };
         Show(QStringLiteral("/Rose"), u"Rose");
     }
@@ -89,7 +90,8 @@ TEST_F(TabCommandsTest, WithoutAChosenHomePageANewTabShowsTheProgramsOwn) {
 TEST_F(TabCommandsTest, TheFieldOfTheProgramsHomePageSearchesWithTheChosenService) {
     home.clear();
     desk.engine.StartPage = [] { return StartPage::Html({}); };
-    desk.engine.StartLink = [this](const QUrl& url) { desk.main->OpenStartLink(url.toEncoded().toStdString()); };
+    desk.engine.StartLink.ConnectForLife(
+        [this](const QUrl& url) { desk.main->OpenStartLink(url.toEncoded().toStdString()); });
     server.Page(QStringLiteral("/find?q=a%26b%20%2B%20%D1%8F"), "<title>Found</title><p>words</p>");
     Click(u"mnuHome");
     ASSERT_TRUE(WaitUntil([&] { return Path() == u"start" && !Front().Busy(); }));

@@ -17,20 +17,15 @@ protected:
     TypingOverPages() {
         box.setGeometry(0, 0, 200, 20);
         box.show();
-        desk.main->actBar.Attach({.BandsChanged = {},
-                                  .Popup = {},
-                                  .FocusTool =
-                                      [this](Band&, Tool&) {
-                                          box.setFocus();
-                                          box.selectAll();
-                                      },
-                                  .RecalcLayout = {}});
-        typing.OverPage = [this] { MainKeyboard::Form_Type(*desk.main); };
+        view = desk.main->actBar.FocusWanted.Connect([this](Band&, Tool&) {
+            box.setFocus();
+            box.selectAll();
+        });
+        typing.OverPage.ConnectForLife([this] { MainKeyboard::Form_Type(*desk.main); });
         // The engine drops input until it has drawn words or a picture.
         server.Page(QStringLiteral("/field"), "<title>Field</title><input id=field autofocus>words");
         desk.window.activateWindow();
     }
-    ~TypingOverPages() override { desk.main->actBar.Attach({}); }
 
     /// The page in front gets the keyboard.
     void FocusPage() {
@@ -46,6 +41,7 @@ protected:
 
     QLineEdit box{QStringLiteral("about:blank"), &desk.window};
     QtTyping typing{desk.window};
+    Connection view;
 };
 
 TEST_F(TypingOverPages, IsForTheAddressBoxWhenThePageIsBlank) {

@@ -201,9 +201,7 @@ public:
     Outcome SetForegroundWindow() override;
     Outcome SendMessage(TextView text) override;
     /// A later start of the program sends the message.
-    void Arrives(const Text& text) const {
-        if (Message) Message(text);
-    }
+    void Arrives(const Text& text) const { Message(text); }
     bool running = false;                            ///< another instance runs
     bool windowFound = true;                         ///< and has its window
     std::function<void(const Text&)> runningHandles; ///< what it does with the message

@@ -77,7 +77,7 @@ TEST_F(frmAddFavoriteTest, ANameIsNeeded) {
 
 TEST_F(frmAddFavoriteTest, ANewFolderIsChosenAndMayBeNamed) {
     Text told;
-    m_form.NewFolder = [&](const Text& folder, const Text& made) { told = folder + u">" + made; };
+    m_form.NewFolder.ConnectForLife([&](const Text& folder, const Text& made) { told = folder + u">" + made; });
     m_form.cmdNewFolder.Click();
     EXPECT_EQ(told, m_root + u">" + m_folder.PathText("New Folder"));
     EXPECT_EQ(m_form.Folder(), m_folder.PathText("New Folder"));

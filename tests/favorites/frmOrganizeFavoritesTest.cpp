@@ -29,8 +29,8 @@ protected:
                                                       m_saved = folder;
                                                       return Text(u"Saved.");
                                                   }});
-        m_form->FolderChanged = [this](const Text& folder) { m_told += "changed " + Name(folder) + ";"; };
-        m_form->EditName = [this](const Text& path) { m_told += "edit " + Name(path) + ";"; };
+        m_form->FolderChanged.ConnectForLife([this](const Text& folder) { m_told += "changed " + Name(folder) + ";"; });
+        m_form->EditName.ConnectForLife([this](const Text& path) { m_told += "edit " + Name(path) + ";"; });
         m_form->Form.Visible = true;
     }
     std::string Name(const Text& path) const {

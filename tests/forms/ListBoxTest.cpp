@@ -42,20 +42,20 @@ TEST_F(ListBoxTest, TheSelectionFollowsItsItem) {
 TEST_F(ListBoxTest, ItsViewHearsOfEveryChangeAndTheKeyboard) {
     std::string seen;
     int got = 0;
-    list.GotFocus = [&] { ++got; };
+    list.GotFocus.ConnectForLife([&] { ++got; });
     list.AddItem(u"a");
-    list.Attach(
-        [&](ListBoxChange change) {
-            seen += std::to_string(static_cast<int>(change.kind)) + std::to_string(change.index) + " ";
-        },
-        [&] { seen += "focus "; });
+    Connections view;
+    view += list.Attach([&](ListBoxChange change) {
+        seen += std::to_string(static_cast<int>(change.kind)) + std::to_string(change.index) + " ";
+    });
+    view += list.FocusWanted.Connect([&] { seen += "focus "; });
     list.AddItem(u"b");
     list.AddItem(u"c", 0);
     list.SetItem(1, u"x");
     list.RemoveItem(2);
     list.SetFocus();
     EXPECT_EQ(seen, "00 11 10 31 22 focus ");
-    list.Attach({}, {});
+    view.End();
     list.AddItem(u"d");
     list.SetFocus();
     EXPECT_EQ(got, 2);

@@ -48,7 +48,7 @@ TEST(TabStrip, ASelectionRunsClickOnceAndOnlyWhenItChanges) {
     TabStrip strip;
     Fill(strip, 2);
     int clicks = 0;
-    strip.Click = [&] { ++clicks; };
+    strip.Click.ConnectForLife([&] { ++clicks; });
     strip.Select(strip.FindAt(1));
     EXPECT_EQ(clicks, 0);
     strip.Select(strip.FindAt(2));
@@ -75,7 +75,8 @@ TEST(TabStrip, TellsItsViewOnceUntilItHasRepainted) {
     TabStrip strip;
     int layouts = 0;
     int faces = 0;
-    strip.Attach([&](TabStripChange change) { ++(change == TabStripChange::Layout ? layouts : faces); });
+    const Connection view =
+        strip.Attach([&](TabStripChange change) { ++(change == TabStripChange::Layout ? layouts : faces); });
     EXPECT_EQ(layouts, 1) << "attaching shows the present state";
     strip.Clean();
     Fill(strip, 500);

@@ -145,8 +145,8 @@ TEST_F(Editor, InsertOpensTheEntryAndLetsTheListRest) {
 
 TEST_F(Editor, TheEntryGetsTheKeyboardAndGivesItBackToTheList) {
     std::string keyboard;
-    form.txtUrl.SetFocus = [&] { keyboard += "entry "; };
-    form.lstUrls.Attach([](ListBoxChange) {}, [&] { keyboard += "list "; });
+    form.txtUrl.SetFocus.ConnectForLife([&] { keyboard += "entry "; });
+    form.lstUrls.FocusWanted.ConnectForLife([&] { keyboard += "list "; });
     Edit(2, [&] {
         form.cmdInsert.Click();
         form.Cancel.Click();

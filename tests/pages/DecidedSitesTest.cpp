@@ -13,9 +13,9 @@ protected:
         permissions.Remember({u"https://b.example", SitePermission::Location, false});
         programs.Remember(u"xmpp", u"c.example", true);
         programs.Remember(u"irc", u"", false);
-        permissions.Forgotten = [this](const SiteDecision& each) {
+        permissions.Forgotten.ConnectForLife([this](const SiteDecision& each) {
             forgotten += ToUtf8(each.Site) + " " + ToUtf8(SitePermissions::Wish(each.Permission)) + "; ";
-        };
+        });
     }
     [[nodiscard]] std::string Words() const {
         std::string all;

@@ -86,7 +86,7 @@ TEST_F(PageQuestionsTest, OfTheSiteThatComesStayWhenAllOthersAreDismissed) {
     Ask(u"a", u"https://old");
     Ask(u"b", u"https://new");
     Ask(u"c");
-    questions.Changed = [&] { ++changes; };
+    const Connection counting = questions.Changed.Connect([&] { ++changes; });
     questions.DismissAllBut(u"https://new");
     EXPECT_EQ(answers, "a none, c none");
     EXPECT_EQ(Shown(), "b");
@@ -94,7 +94,6 @@ TEST_F(PageQuestionsTest, OfTheSiteThatComesStayWhenAllOthersAreDismissed) {
     questions.DismissAllBut(u"https://new");
     EXPECT_EQ(Shown(), "b");
     EXPECT_EQ(changes, 1) << "nothing has changed";
-    questions.Changed = {};
 }
 
 TEST_F(PageQuestionsTest, MayBeAskedAnewWhileOneIsAnswered) {
@@ -198,8 +197,8 @@ TEST(LinkRules, KnowWhatCanBeSaved) {
 TEST(PageQuestions, AreRewordedWithoutBeingAskedAnew) {
     PageQuestions questions;
     int changed = 0, reworded = 0;
-    questions.Changed = [&] { ++changed; };
-    questions.Reworded = [&] { ++reworded; };
+    questions.Changed.ConnectForLife([&] { ++changed; });
+    questions.Reworded.ConnectForLife([&] { ++reworded; });
     questions.Ask({.Key = u"a", .Words = u"one", .Answers = {}, .Remember = {}, .Answered = {}});
     questions.Ask({.Key = u"b", .Words = u"other", .Answers = {}, .Remember = {}, .Answered = {}});
     questions.Reword(u"a", u"two");

@@ -6,9 +6,9 @@ namespace {
 class JournalDesk : public Desk {
 public:
     JournalDesk() {
-        main.Sessions.Schedule = [this] { ++scheduled; };
+        main.Sessions.Schedule.ConnectForLife([this] { ++scheduled; });
         main.Sessions.Now = [this] { return now; };
-        main.Sessions.Say = [this](TextView message) { said.emplace_back(message); };
+        main.Sessions.Say.ConnectForLife([this](TextView message) { said.emplace_back(message); });
     }
     /// The pages that were written last, "*" behind the one in front.
     [[nodiscard]] std::string Written() const { return Shown(sessions.own); }

@@ -111,7 +111,7 @@ TEST_F(InternetOptions, TabsSleepAfterATimeOnly) {
     for (const char16_t* minutes : {u"", u"0", u"-3", u"1441", u"soon", u"2.5"}) {
         const auto form = Open();
         int led = 0;
-        form->txtSleepMinutes.SetFocus = [&] { ++led; };
+        form->txtSleepMinutes.SetFocus.ConnectForLife([&] { ++led; });
         form->chkSleep.Tick(true);
         form->txtSleepMinutes.Value = Text(minutes);
         form->cmdOK.Click();
@@ -178,8 +178,8 @@ TEST_F(InternetOptions, AProxyWithoutHostOrPortIsNotTaken) {
     form->cboProxy.Index = 2;
     EXPECT_TRUE(form->txtProxyHost.Enabled() && form->txtProxyPort.Enabled());
     Text focus;
-    form->txtProxyHost.SetFocus = [&] { focus = u"host"; };
-    form->txtProxyPort.SetFocus = [&] { focus = u"port"; };
+    form->txtProxyHost.SetFocus.ConnectForLife([&] { focus = u"host"; });
+    form->txtProxyPort.SetFocus.ConnectForLife([&] { focus = u"port"; });
     form->cmdOK.Click();
     EXPECT_FALSE(form->Apply);
     EXPECT_EQ(focus, u"host");

@@ -128,7 +128,7 @@ TEST(frmSettings, WhatOkWroteIsThereBeforeTheDialogHides) {
     form.Form.Visible = true;
     form.Text1.Value = u"33";
     Text seen;
-    form.Form.Visible.Change = [&] { seen = settings.Stored(u"TitleLengthLimit"); };
+    form.Form.Visible.Change.ConnectForLife([&] { seen = settings.Stored(u"TitleLengthLimit"); });
     form.cmdOK.Click();
     EXPECT_EQ(seen, u"33");
 }

@@ -15,9 +15,9 @@ protected:
         desk.main.Sleep.Now = [this] { return now; };
         auto& relief = desk.main.Relief;
         relief.Memory = &memory;
-        relief.Schedule = [this](MemoryRelief::Time time) { next = now + time; };
+        relief.Schedule.ConnectForLife([this](MemoryRelief::Time time) { next = now + time; });
         relief.OthersWait = [this] { return waiting; };
-        relief.Changed = [this](Shortage level) { told.push_back(level); };
+        relief.Changed.ConnectForLife([this](Shortage level) { told.push_back(level); });
     }
     /// So many tabs, of which each was in front a minute before the next, the first at last and now; all have loaded.
     void StartWithTabs(int count) {

@@ -97,7 +97,7 @@ TEST_F(PageOptionsTest, TheSwitchesShowWhatIsStored) {
 TEST_F(PageOptionsTest, TheEngineSeesASwitchAfterItIsStored) {
     Start();
     bool seen = true;
-    desk.main.Pages.ApplyLoadOptions = [&] { seen = SettingsStore(desk.settings).LoadSounds.Get(); };
+    desk.main.Pages.ApplyLoadOptions.ConnectForLife([&] { seen = SettingsStore(desk.settings).LoadSounds.Get(); });
     desk.Click(u"mnuLoadSounds");
     EXPECT_FALSE(seen);
 }

@@ -187,11 +187,11 @@ TEST(TabSet, WhatTheStripChoosesHoldsOnlyAfterATabWithTheSelectedOnesCaption_Del
         if (oneCaption) desk.main.Tabs.SetTabTitle(3, u"1");
         auto& strip = desk.main.pcPage;
         // Something else has the strip select the middle tab while the last one goes.
-        strip.Touched = [&strip, chosen = false]() mutable {
+        Connection choosing = strip.Touched.Connect([&strip, chosen = false]() mutable {
             if (strip.Count() == 2 && !std::exchange(chosen, true)) strip.Select(strip.Find(u"Tab2"));
-        };
+        });
         desk.main.CloseBrowserTab(3);
-        strip.Touched = {};
+        choosing.End();
         EXPECT_EQ(desk.Strip(), oneCaption ? "1 [2*]" : "[1*] 2");
         EXPECT_EQ(desk.views.front, oneCaption ? 2 : 1);
     }
@@ -303,10 +303,10 @@ TEST(TabSet, TheBarIsLaidOutAnewBetweenTheCheckMarkAndTheStatusBar) {
     Desk desk;
     desk.Start();
     std::string seen;
-    desk.main.actBar.Attach({.RecalcLayout = [&] {
+    const Connection view = desk.main.actBar.LayoutWanted.Connect([&] {
         seen += desk.main.actBar.Find(u"mnuViewStatusbar")->Checked() ? "checked " : "unchecked ";
         seen += desk.main.sbStatus.Visible() ? "shown " : "hidden ";
-    }});
+    });
     desk.Click(u"mnuViewStatusbar");
     desk.Click(u"mnuViewStatusbar");
     EXPECT_EQ(seen, "unchecked shown checked hidden ");

@@ -12,7 +12,7 @@ class TabsThatSleep : public testing::Test {
 protected:
     TabsThatSleep() {
         desk.main.Sleep.Now = [this] { return now; };
-        desk.main.Sleep.Schedule = [this](TabSleep::Time time) { next = now + time; };
+        desk.main.Sleep.Schedule.ConnectForLife([this](TabSleep::Time time) { next = now + time; });
         desk.StartWithTabs(4);
         desk.main.Sleep.SetPatience(10min);
     }
@@ -82,7 +82,7 @@ TEST_F(TabsThatSleep, AreNotAskedAgainWhileTheySleep) {
 
 TEST_F(TabsThatSleep, TellWhenSomeHaveFallenAsleepSoThatTheirMemoryIsGivenBack) {
     int times = 0;
-    desk.main.Sleep.Slept = [&] { ++times; };
+    desk.main.Sleep.Slept.ConnectForLife([&] { ++times; });
     Wait(10min - 1ms);
     EXPECT_EQ(times, 0);
     Wait(1ms);
@@ -190,7 +190,7 @@ TEST_F(TabsThatSleep, TheSettingAppliesAtOnceAndAtTheNextStart) {
     TabSleep::Time time{0};
     std::optional<TabSleep::Time> due;
     next.main.Sleep.Now = [&] { return time; };
-    next.main.Sleep.Schedule = [&](TabSleep::Time in) { due = time + in; };
+    next.main.Sleep.Schedule.ConnectForLife([&](TabSleep::Time in) { due = time + in; });
     next.StartWithTabs(2);
     EXPECT_EQ(due, TabSleep::Time(3min));
 }

@@ -13,10 +13,7 @@ protected:
             const auto count = static_cast<int>(desk.main.pcPage.Count());
             return x.value >= 0 && x.value / 100 < count ? x.value / 100 : -1;
         };
-        desk.main.actBar.Attach({.BandsChanged = {},
-                                 .Popup = [this](Band& band) { popups += ToUtf8(band.Name()) + ";"; },
-                                 .FocusTool = {},
-                                 .RecalcLayout = {}});
+        desk.main.actBar.PopupWanted.ConnectForLife([this](Band& band) { popups += ToUtf8(band.Name()) + ";"; });
     }
 
     std::string PopupTools() {

@@ -22,7 +22,7 @@ protected:
             return ++reads, found == processes.end() ? std::nullopt : std::optional(found->second);
         };
         form.Now = [this] { return now; };
-        form.ShowMainWindow = [this] { ++mainShown; };
+        form.ShowMainWindow.ConnectForLife([this] { ++mainShown; });
     }
     void Page(int index, TextView name, TextView address, std::int64_t process) {
         auto& view = desk.views.At(index);
@@ -230,7 +230,7 @@ TEST_F(TaskView, IsHiddenWhenTheWindowEnds) {
 
 TEST_F(TaskView, OpenedTwiceItComesToTheFront) {
     int shown = 0;
-    form.ShowItself = [&] { ++shown; };
+    form.ShowItself.ConnectForLife([&] { ++shown; });
     Open();
     Open();
     EXPECT_EQ(shown, 2);

@@ -63,9 +63,8 @@ TEST(MainCommands, TheLoadSwitchesAreReadAnewAfterTheInternetOptionsWhateverTheA
         Desk desk;
         desk.Start();
         std::string seen;
-        desk.main.Pages.ApplyLoadOptions = [&] {
-            seen += SettingsStore(desk.settings).LoadImages.Get() ? "images;" : "no images;";
-        };
+        desk.main.Pages.ApplyLoadOptions.ConnectForLife(
+            [&] { seen += SettingsStore(desk.settings).LoadImages.Get() ? "images;" : "no images;"; });
         desk.inInternetOptions = [&](frmInternetOptions& form) {
             EXPECT_EQ(seen, "") << "not before the dialog closes";
             ResumeNext(SettingsStore(desk.settings).LoadImages.Set(false));

@@ -6,20 +6,18 @@ class MainKeyboardTest : public testing::Test {
 protected:
     void SetUp() override {
         desk.StartWithTabs(3);
-        desk.main.actBar.Attach(
-            {.BandsChanged = {},
-             .Popup = {},
-             .FocusTool = [this](Band& band, Tool& tool) { focused = ToUtf8(band.Name()) + "." + ToUtf8(tool.Name()); },
-             .OpenMenu = [this](Tool& tool) { opened += ToUtf8(tool.Name()) + ";"; },
-             .Step =
-                 [this](BarStep step) {
-                     steps += step == BarStep::MenuBar ? "menu;" : step == BarStep::Next ? "next;" : "previous;";
-                 },
-             .RecalcLayout = {}});
+        CommandBar& bar = desk.main.actBar;
+        view += bar.FocusWanted.Connect(
+            [this](Band& band, Tool& tool) { focused = ToUtf8(band.Name()) + "." + ToUtf8(tool.Name()); });
+        view += bar.MenuWanted.Connect([this](Tool& tool) { opened += ToUtf8(tool.Name()) + ";"; });
+        view += bar.StepWanted.Connect([this](BarStep step) {
+            steps += step == BarStep::MenuBar ? "menu;" : step == BarStep::Next ? "next;" : "previous;";
+        });
     }
 
     Desk desk;
     std::string focused, opened, steps;
+    Connections view;
 };
 
 TEST_F(MainKeyboardTest, WhatIsTypedOverABlankPageIsForTheAddressBox) {
@@ -110,7 +108,7 @@ TEST_F(MainKeyboardTest, F6GoesRoundTheWindowAndF10AndAltAloneToTheMenuBar) {
 }
 
 TEST_F(MainKeyboardTest, WithoutAViewNoKeyLeadsAnywhere) {
-    desk.main.actBar.Attach({});
+    view.End();
     EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, 0}), KeyUsed::No);
     EXPECT_EQ(desk.main.Form_KeyUp({Keys::kAltAlone, 0}), KeyUsed::No);
     EXPECT_EQ(desk.main.Form_KeyDown({'M', Keys::kAlt}), KeyUsed::Yes);

@@ -113,7 +113,7 @@ void QtBandList::HoverOver(int row) {
 
 void QtBandList::WantMenu(int row) {
     Band* band = Shown();
-    if (!band || row < 0 || row >= count() || !MenuWanted) return;
+    if (!band || row < 0 || row >= count()) return;
     const Text& name = band->Entries()[static_cast<std::size_t>(row)].Item->SubBand;
     Band* menu = name.empty() ? nullptr : m_custom.Bar().FindBand(name);
     const QRect place = visualItemRect(item(row));

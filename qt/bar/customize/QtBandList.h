@@ -1,9 +1,9 @@
 #pragma once
+#include "base/Signal.h"
 #include "commands/Customization.h"
 
 #include <QBasicTimer>
 #include <QListWidget>
-#include <functional>
 
 /// The entries of a band as a list, in which they are dragged about: to other places, out of it, and into it.
 class QtBandList final : public QListWidget {
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
     /// The user clicks an entry that opens a menu, or stays above it with a dragged tool.
-    std::function<void(Band& menu, const QRect& entry)> MenuWanted;
+    Signal<void(Band& menu, const QRect& entry)> MenuWanted;
 
 protected:
     void startDrag(Qt::DropActions actions) override;

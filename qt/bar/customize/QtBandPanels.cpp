@@ -32,7 +32,8 @@ void QtBandPanels::Show(Band& menu, QPoint at) {
     list->setWindowTitle(ToQt(m_custom.TitleOf(menu)));
     list->setAccessibleName(list->windowTitle());
     list->ShowBand(menu);
-    list->MenuWanted = [this, level = m_open.size()](Band& sub, const QRect& entry) { OpenBeside(level, sub, entry); };
+    list->MenuWanted.ConnectForLife(
+        [this, level = m_open.size()](Band& sub, const QRect& entry) { OpenBeside(level, sub, entry); });
     list->installEventFilter(this);
     list->resize(list->sizeHint());
     const QRect screen = m_window.screen()->availableGeometry();

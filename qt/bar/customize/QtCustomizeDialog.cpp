@@ -33,11 +33,9 @@ QtCustomizeDialog::QtCustomizeDialog(CommandBar& bar, QMainWindow& window)
     rows->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, [this] { m_drag.reset(); });
-    m_custom.Changed = [this] { Follow(); };
+    m_connections += m_custom.Changed.Connect([this] { Follow(); });
     m_toolbars->setFocus();
 }
-
-QtCustomizeDialog::~QtCustomizeDialog() { m_custom.Changed = {}; }
 
 void QtCustomizeDialog::Follow() {
     m_toolbars->Refresh();
@@ -61,5 +59,5 @@ void QtCustomize::Open() {
 void QtCustomize::OnFinished() {
     if (m_dialog) m_dialog->deleteLater();
     m_dialog.clear();
-    if (Closed) Closed();
+    Closed();
 }

@@ -1,11 +1,11 @@
 #pragma once
+#include "base/Signal.h"
 #include "commands/Customization.h"
 #include "qt/bar/customize/QtToolDrag.h"
 
 #include <QDialog>
 #include <QMainWindow>
 #include <QPointer>
-#include <functional>
 #include <memory>
 
 class QtCommandsPage;
@@ -19,7 +19,6 @@ class QtCustomizeDialog final : public QDialog {
 public:
     /// Both outlive it.
     QtCustomizeDialog(CommandBar& bar, QMainWindow& window);
-    ~QtCustomizeDialog() override;
 
 private:
     void Follow();
@@ -29,6 +28,7 @@ private:
     QtToolbarsPage* m_toolbars;
     QtCommandsPage* m_commands;
     QtLookPage* m_look;
+    Connections m_connections;
 };
 
 /// Opens the customisation dialog, one at a time.
@@ -45,7 +45,7 @@ public:
     [[nodiscard]] QtCustomizeDialog* Dialog() const { return m_dialog; }
 
     /// The user has closed the dialog.
-    std::function<void()> Closed;
+    Signal<void()> Closed;
 
 private:
     void OnFinished();

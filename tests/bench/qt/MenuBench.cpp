@@ -98,7 +98,7 @@ void OpenTheMenuAgain(benchmark::State& state) {
 void ClickATool(benchmark::State& state) {
     Desk desk;
     int clicks = 0;
-    desk.bar.Click = [&](Tool&) { ++clicks; };
+    desk.bar.Click.ConnectForLife([&](Tool&) { ++clicks; });
     QToolBar* bar = desk.shown->ToolBar(u"bndGo");
     QWidget* button = bar->widgetForAction(bar->actions().constFirst());
     const QPointF at(5, 5), global = button->mapToGlobal(at);

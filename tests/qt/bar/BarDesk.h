@@ -32,8 +32,8 @@ protected:
 
     /// Shows the bar in the window, and the window. What was added before is there at once.
     void ShowWindow(int width = 900) {
-        bar.Click = [this](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; };
-        bar.MouseOver = [this](const Tool* tool) { pointed = tool ? ToUtf8(tool->Name()) : ""; };
+        bar.Click.ConnectForLife([this](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; });
+        bar.MouseOver.ConnectForLife([this](const Tool* tool) { pointed = tool ? ToUtf8(tool->Name()) : ""; });
         shown = std::make_unique<QtCommandBar>(bar, window);
         window.setCentralWidget(new QWidget);
         window.resize(width, 400);

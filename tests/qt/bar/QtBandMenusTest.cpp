@@ -94,7 +94,7 @@ TEST_F(QtBandMenusTest, AButtonWithACommandOfItsOwnOpensItsMenuBesideIt) {
 
 TEST_F(QtBandMenusTest, APopupOpensAtThePointerAndClosesByEscape) {
     QTest::mouseMove(&window, QPoint(200, 150));
-    bar.BandOpen = [this](Band& band) { clicked += "open " + ToUtf8(band.Name()) + ";"; };
+    bar.BandOpen.ConnectForLife([this](Band& band) { clicked += "open " + ToUtf8(band.Name()) + ";"; });
     bar.Popup(u"bndTabPopup");
     auto* popup = window.findChild<QMenu*>(QStringLiteral("bndTabPopup"));
     ASSERT_NE(popup, nullptr);

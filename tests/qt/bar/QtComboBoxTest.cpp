@@ -24,8 +24,8 @@ protected:
             keys += std::to_string(key.KeyCode) + ":" + ToUtf8(box.Value()) + ";";
             return key.KeyCode == Keys::kEnter ? KeyUsed::Yes : KeyUsed::No;
         };
-        bar.TextChange = [this](ComboTool& box) { Complete(box); };
-        bar.SelChange = [this](ComboTool& box) { chosen += ToUtf8(box.Value()) + ";"; };
+        bar.TextChange.ConnectForLife([this](ComboTool& box) { Complete(box); });
+        bar.SelChange.ConnectForLife([this](ComboTool& box) { chosen += ToUtf8(box.Value()) + ";"; });
         ShowWindow();
     }
 

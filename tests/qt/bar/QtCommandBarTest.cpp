@@ -64,7 +64,7 @@ TEST_F(QtCommandBarTest, OnlyTheToolChangesItsCheckMark) {
 TEST_F(QtCommandBarTest, AMenuListsItsBandWhenItOpens) {
     QMenu* menu = window.menuBar()->actions().constFirst()->menu();
     EXPECT_TRUE(menu->isEmpty());
-    bar.BandOpen = [this](Band& band) { band.Append(bar.Share(u"mnuStop"), BeginGroup::Yes); };
+    bar.BandOpen.ConnectForLife([this](Band& band) { band.Append(bar.Share(u"mnuStop"), BeginGroup::Yes); });
     menu->popup({});
     std::string entries;
     for (const QAction* entry : menu->actions())

@@ -37,7 +37,7 @@ protected:
         ring.PageBars = {add("findBar")};
         ring.StatusBar = add("status");
         page = add("page");
-        ring.FocusPage = [this] { page->setFocus(); };
+        ring.FocusPage.ConnectForLife([this] { page->setFocus(); });
         page->setFocus();
     }
 

@@ -50,11 +50,11 @@ protected:
     void Run(QtInstanceChannel& channel) {
         ASSERT_EQ(channel.RegisterMessage(kName), Outcome::Done);
         ASSERT_FALSE(channel.PreviousInstance(Instances::One));
-        channel.Message = [this](const Text& text) {
+        m_listening += channel.Message.Connect([this](const Text& text) {
             ++m_messages;
             m_texts.push_back(text);
-        };
-        channel.Foreground = [this](const QByteArray& token) { m_tokens << token; };
+        });
+        m_listening += channel.Foreground.Connect([this](const QByteArray& token) { m_tokens << token; });
     }
     /// A later start, while the events of this process go on.
     Start LaterStart(int patience = 10000, const Text& text = u"http://a.example/") {
@@ -82,4 +82,5 @@ protected:
     int m_messages = 0;
     std::vector<Text> m_texts; ///< what the messages handed over
     QByteArrayList m_tokens;
+    Connections m_listening; ///< to the running instance
 };

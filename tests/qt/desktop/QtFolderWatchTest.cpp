@@ -16,7 +16,7 @@ protected:
     QtFolderWatch m_watch;
 
     void SetUp() override {
-        m_watch.Changed = [this](TextView folder) { m_changed.emplace_back(folder); };
+        m_watch.Changed.ConnectForLife([this](TextView folder) { m_changed.emplace_back(folder); });
     }
     /// Whether a change of that folder is told of, waited for; forgets what was told.
     bool Told(const Text& folder) {

@@ -71,8 +71,7 @@ TEST_F(QtInstanceChannelTest, OfManyHandOversAtOnceEachArrivesOnce) {
 
 TEST_F(QtInstanceChannelTest, AMessageBeforeAnybodyHandlesItIsAnsweredAndIgnored) {
     Run(m_first);
-    m_first.Message = nullptr;
-    m_first.Foreground = nullptr;
+    m_listening.End();
     const Start later = LaterStart();
     EXPECT_EQ(later.foreground, Outcome::Done);
     EXPECT_EQ(later.message, Outcome::Done);
@@ -160,7 +159,7 @@ TEST_F(QtInstanceChannelTest, WhereSeveralMayRunTheOldestIsFound) {
     ASSERT_EQ(oldest.Answer(), 0);
     ASSERT_EQ(m_first.RegisterMessage(kName), Outcome::Done);
     EXPECT_TRUE(m_first.PreviousInstance(Instances::Several));
-    m_first.Message = [this](const Text&) { ++m_messages; };
+    m_first.Message.ConnectForLife([this](const Text&) { ++m_messages; });
     EXPECT_EQ(SocketsOf(m_runtime.path()).size(), 2);
     EXPECT_EQ(LaterStart().message, Outcome::Done);
     EXPECT_EQ(oldest.Answer(), 1);
@@ -274,7 +273,7 @@ TEST(Role, DISABLED_Start) {
         return;
     }
     int messages = 0;
-    channel.Message = [&](const Text&) { Print(++messages); };
+    channel.Message.ConnectForLife([&](const Text&) { Print(++messages); });
     for (;;) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 

@@ -120,15 +120,15 @@ TEST_F(QtInstancePeersTest, APeerMayGoAwayWhileItsMessageIsHandled) {
     Run(m_first);
     Peer peer(Socket(), "message 0\n");
     bool went = false;
-    m_first.Message = [&](const Text&) {
+    Connection going = m_first.Message.Connect([&](const Text&) {
         // As while a message box asks the user.
         peer.GoAway();
         for (int turn = 0; turn < 20; ++turn) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         went = true;
-    };
+    });
     EXPECT_TRUE(WaitUntil([&] { return went; }));
-    m_first.Message = [this](const Text&) { ++m_messages; };
+    going.End();
     ExpectAlive();
 }
 

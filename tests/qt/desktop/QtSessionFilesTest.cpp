@@ -175,10 +175,10 @@ TEST_F(QtSessionFilesTest, AnotherProgramsSessionIsAnEarlierOneOnceItHasEnded) {
 TEST(QtSessionOffer, ShowsHowManyPagesAndTakesOneAnswer) {
     QtSessionOffer offer(nullptr);
     int reopened = 0, dismissed = 0, all = 0, changed = 0;
-    offer.Reopen = [&] { ++reopened; };
-    offer.Dismiss = [&] { ++dismissed; };
-    offer.ShowAll = [&] { ++all; };
-    offer.Changed = [&] { ++changed; };
+    offer.Reopen.ConnectForLife([&] { ++reopened; });
+    offer.Dismiss.ConnectForLife([&] { ++dismissed; });
+    offer.ShowAll.ConnectForLife([&] { ++all; });
+    offer.Changed.ConnectForLife([&] { ++changed; });
     const auto click = [&](const char* name) {
         QTest::mouseClick(offer.findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
     };

@@ -172,7 +172,7 @@ TEST_F(QtSettingsDialogTest, TheFormOutlivesItsDialog) {
     m_form.Text1.Value = u"7";
     m_form.chkTabsUp.Tick(false);
     m_form.cmdOK.Enabled = false;
-    EXPECT_FALSE(m_form.Text1.Value.Mirror);
+    EXPECT_FALSE(m_form.Text1.Value.Mirror.HasListeners());
 }
 
 TEST(Bind, ShowsAGreyBoxUntilTheUserTicksIt) {
@@ -202,7 +202,7 @@ TEST(Bind, ShowsALabelAsPlainTextAndFollowsIt) {
 TEST(Bind, AButtonFollowsEnabledAndVisibleWithoutComingUpAsAWindow) {
     Button button(u"&Go && Come");
     int clicks = 0;
-    button.Click = [&] { ++clicks; };
+    button.Click.ConnectForLife([&] { ++clicks; });
     QPushButton widget;
     Bind(button, widget, QStringLiteral("cmdGo"));
     EXPECT_FALSE(widget.isVisible());

@@ -15,7 +15,7 @@ namespace {
 class DownloadsPanel : public testing::Test {
 protected:
     DownloadsPanel() {
-        downloads.Changed = [this] { form.Touch(); };
+        downloads.Changed.ConnectForLife([this] { form.Touch(); });
         window.setCentralWidget(new QPushButton);
         window.resize(900, 600);
         window.show();
@@ -129,7 +129,7 @@ TEST_F(DownloadsPanel, ReachesItsButtonsWithTheTabKey) {
 
 TEST_F(DownloadsPanel, ClosesWithEscapeAndByItsButtonAndHandsTheKeyboardBack) {
     bool handedBack = false;
-    panel.FocusPage = [&] { handedBack = true; };
+    panel.FocusPage.ConnectForLife([&] { handedBack = true; });
     Begin(u"a.zip");
     form.Form.Visible = true;
     Press(Qt::Key_Tab);

@@ -29,8 +29,8 @@ class DialogCover : public testing::Test {
 protected:
     void Show(DefaultAnswer byDefault, bool withLine = false) {
         cover = new AskingCover([this] { return now; }, byDefault, withLine);
-        cover->Accepted = [this] { answers += "open "; };
-        cover->Cancelled = [this] { answers += "cancel "; };
+        cover->Accepted.ConnectForLife([this] { answers += "open "; });
+        cover->Cancelled.ConnectForLife([this] { answers += "cancel "; });
         cover->setParent(&window);
         cover->setGeometry(window.rect());
         window.resize(600, 300);

@@ -10,8 +10,8 @@ TEST(CaptureBar, IsThereForAsLongAsThereIsSomethingToTell) {
     QWidget window;
     QtCaptureBar bar(&window);
     int changes = 0, stops = 0;
-    bar.Changed = [&] { ++changes; };
-    bar.Stop = [&] { ++stops; };
+    bar.Changed.ConnectForLife([&] { ++changes; });
+    bar.Stop.ConnectForLife([&] { ++stops; });
     bar.Tell({});
     EXPECT_TRUE(bar.isHidden());
     bar.Tell({QStringLiteral("a.example may use your camera.")});

@@ -25,7 +25,7 @@ protected:
 
 TEST_F(QtNoticeBarTest, ShowsOneAfterTheOther) {
     int changed = 0;
-    bar.Changed = [&] { ++changed; };
+    bar.Changed.ConnectForLife([&] { ++changed; });
     EXPECT_FALSE(bar.isVisible());
     Add("<b>one");
     EXPECT_TRUE(bar.isVisible());

@@ -16,19 +16,18 @@ namespace {
 class QuestionBar : public testing::Test {
 protected:
     QuestionBar() {
-        questions.Changed = [this] {
+        following = questions.Changed.Connect([this] {
             bar.ShowCurrent();
             bar.setVisible(bar.Asks());
             bar.setGeometry(0, 0, window.width(), bar.HeightFor(window.width()));
-        };
-        bar.FocusPage = [this] { page->setFocus(); };
+        });
+        bar.FocusPage.ConnectForLife([this] { page->setFocus(); });
         page->setGeometry(0, 200, 600, 30);
         window.resize(600, 300);
         window.show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         page->setFocus();
     }
-    ~QuestionBar() override { questions.Changed = {}; }
     void Ask(const Text& words, const Text& remember = u"&Remember for this site") {
         questions.Ask({.Key = words,
                        .Words = words,
@@ -52,6 +51,7 @@ protected:
     PageQuestions questions;
     std::chrono::milliseconds now{0};
     QtQuestionBar bar{questions, &window, [this] { return now; }};
+    Connection following;
 };
 
 TEST_F(QuestionBar, LeavesTheKeyboardToThePage) {
@@ -64,7 +64,7 @@ TEST_F(QuestionBar, LeavesTheKeyboardToThePage) {
 }
 
 TEST_F(QuestionBar, OtherWordsLeaveItsAnswersAsTheyAre) {
-    questions.Reworded = [this] { bar.ShowWords(); };
+    questions.Reworded.ConnectForLife([this] { bar.ShowWords(); });
     Ask(u"a.example wants to open a window.");
     bar.TakeFocus();
     Later();

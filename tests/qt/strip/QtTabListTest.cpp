@@ -12,8 +12,8 @@ namespace {
 class QtTabListTest : public testing::Test {
 protected:
     void SetUp() override {
-        list.CloseRequested = [this](const Text& key) { closed += ToUtf8(key) + ";"; };
-        list.Chosen = [this](const Text& key) { chosen += ToUtf8(key) + ";"; };
+        list.CloseRequested.ConnectForLife([this](const Text& key) { closed += ToUtf8(key) + ";"; });
+        list.Chosen.ConnectForLife([this](const Text& key) { chosen += ToUtf8(key) + ";"; });
     }
     static std::vector<QtTabListEntry> Tabs(int count, int selected) {
         std::vector<QtTabListEntry> tabs;
@@ -136,7 +136,7 @@ TEST_F(QtTabListTest, CtrlWClosesTheMarkedTab) {
 TEST_F(QtTabListTest, TheListIsAwayWhenTheLastTabIsToClose) {
     Open(1, 1);
     bool open = true;
-    list.CloseRequested = [&](const Text&) { open = list.isVisible(); };
+    list.CloseRequested.ConnectForLife([&](const Text&) { open = list.isVisible(); });
     QTest::keyClick(Search(), Qt::Key_W, Qt::ControlModifier);
     EXPECT_FALSE(open);
 }

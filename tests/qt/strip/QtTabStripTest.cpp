@@ -37,8 +37,8 @@ protected:
     void SetUp() override {
         InstallTabStripAccessibility();
         widget.resize(800, widget.RowHeight().value);
-        strip.Click = [this] { ++clicks; };
-        widget.CloseRequested = [this](Tab& tab) { closed += ToUtf8(tab.Caption()) + ";"; };
+        strip.Click.ConnectForLife([this] { ++clicks; });
+        widget.CloseRequested.ConnectForLife([this](Tab& tab) { closed += ToUtf8(tab.Caption()) + ";"; });
     }
 
     Tab* Add(const std::string& caption) {
@@ -206,7 +206,7 @@ TEST_F(QtTabStripTest, TheMiddleButtonClosesItsTabAndTheRightOneIsReported) {
     AddMany(3);
     Show();
     QPoint reported;
-    widget.RightButtonDown = [&](QPoint point) { reported = point; };
+    widget.RightButtonDown.ConnectForLife([&](QPoint point) { reported = point; });
     QTest::mousePress(&widget, Qt::RightButton, {}, Middle(2));
     EXPECT_EQ(reported, Middle(2));
     EXPECT_EQ(closed, "");
@@ -219,7 +219,7 @@ TEST_F(QtTabStripTest, ADoubleClickOnTheEmptyRowAsksForABlankTab) {
     AddMany(1);
     Show();
     int asked = 0;
-    widget.BlankRequested = [&] { ++asked; };
+    widget.BlankRequested.ConnectForLife([&] { ++asked; });
     QTest::mouseDClick(&widget, Qt::LeftButton, {}, Middle(1));
     EXPECT_EQ(asked, 0);
     QTest::mouseDClick(&widget, Qt::LeftButton, {}, {widget.width() - 2, 5});
@@ -242,11 +242,11 @@ protected:
         QtTabStripTest::SetUp();
         AddMany(2);
         Show();
-        widget.DragOver = [this](bool hasText, QPointF point) {
+        widget.DragOver.ConnectForLife([this](bool hasText, QPointF point) {
             told += (hasText ? "text " : "none ") +
                     std::to_string(strip.PositionOf(widget.FindTabAt(point.toPoint()))) + ";";
-        };
-        widget.Drop = [this](const Text& text) { told += ToUtf8(text) + "!"; };
+        });
+        widget.Drop.ConnectForLife([this](const Text& text) { told += ToUtf8(text) + "!"; });
     }
     std::string Dropped(const QMimeData& data) { return DroppedAt(Middle(2), data); }
     std::string DroppedAt(QPoint point, const QMimeData& data) {
@@ -416,10 +416,10 @@ TEST_F(QtTabStripTest, TheWheelLeavesTabsThatFitAlone) {
 TEST_F(QtTabStripTest, TheListButtonIsThereWhenTabsDoNotFit) {
     int asked = 0;
     QPoint corner;
-    widget.ListRequested = [&](QPoint point) {
+    widget.ListRequested.ConnectForLife([&](QPoint point) {
         corner = point;
         ++asked;
-    };
+    });
     AddMany(2);
     Show();
     EXPECT_TRUE(widget.ListPlace().isEmpty());
@@ -434,9 +434,9 @@ TEST_F(QtTabStripTest, TheListButtonIsThereWhenTabsDoNotFit) {
 
 TEST_F(QtTabStripTest, TheButtonBehindTheLastTabOpensANewOne) {
     int blanks = 0, menus = 0, rights = 0;
-    widget.BlankRequested = [&] { ++blanks; };
-    widget.NewMenuRequested = [&] { ++menus; };
-    widget.RightButtonDown = [&](QPoint) { ++rights; };
+    widget.BlankRequested.ConnectForLife([&] { ++blanks; });
+    widget.NewMenuRequested.ConnectForLife([&] { ++menus; });
+    widget.RightButtonDown.ConnectForLife([&](QPoint) { ++rights; });
     AddMany(2);
     Show();
     EXPECT_EQ(widget.NewPlace().left(), widget.TabPlace(2).right() + 1);
@@ -466,14 +466,14 @@ TEST_F(QtTabStripTest, TellsWhenTabsCameOrWent) {
     AddMany(2);
     Show();
     int told = 0;
-    widget.Rearranged = [&] { ++told; };
+    widget.Rearranged.ConnectForLife([&] { ++told; });
     Add("third");
     EXPECT_TRUE(QTest::qWaitFor([&] { return told == 1; }));
 }
 
 TEST_F(QtTabStripTest, ThePressedSoundMarkMutesAndSelectsNothing) {
     std::string muted;
-    widget.MuteRequested = [&](Tab& tab) { muted += ToUtf8(tab.Caption()) + ";"; };
+    widget.MuteRequested.ConnectForLife([&](Tab& tab) { muted += ToUtf8(tab.Caption()) + ";"; });
     AddMany(2);
     Show();
     const QPoint mark = widget.SoundPlace(2).center();
@@ -579,7 +579,7 @@ TEST_F(QtTabStripTest, TheLinesOfAToolTipStayWholeAsLongAsTheyMay) {
 
 TEST_F(QtTabStripTest, TheRowIsNeverLowerThan22AndGrowsWithTheFont) {
     int changes = 0;
-    widget.RowHeightChanged = [&] { ++changes; };
+    widget.RowHeightChanged.ConnectForLife([&] { ++changes; });
     QFont font = widget.font();
     font.setPixelSize(6);
     widget.setFont(font);
@@ -661,8 +661,8 @@ TEST_F(QtTabStripTest, ScreenReadersSeeAListOfPageTabs) {
 
 TEST_F(QtTabStripTest, ScreenReadersFindTheButtonForANewTabBehindTheTabs) {
     int blanks = 0, menus = 0;
-    widget.BlankRequested = [&] { ++blanks; };
-    widget.NewMenuRequested = [&] { ++menus; };
+    widget.BlankRequested.ConnectForLife([&] { ++blanks; });
+    widget.NewMenuRequested.ConnectForLife([&] { ++menus; });
     AddMany(2);
     Show();
     QAccessibleInterface* list = Accessible(widget);

@@ -28,9 +28,9 @@ struct QtFileDropTest : testing::Test {
         window.resize(300, 200);
         page.resize(300, 200);
         drop.Takes = [](TextView path) { return path.ends_with(u".tvg"); };
-        drop.Dropped = [this](const std::vector<Text>& paths) {
+        drop.Dropped.ConnectForLife([this](const std::vector<Text>& paths) {
             for (const Text& path : paths) dropped += ToUtf8(path) + " ";
-        };
+        });
         window.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
     }
@@ -69,7 +69,7 @@ TEST_F(QtFileDropTest, FilesToTakeNeverReachThePage) {
 
 TEST_F(QtFileDropTest, AFileWhoseNameIsNoTextComesByItsBytes) {
     Text path;
-    drop.Dropped = [&](const std::vector<Text>& paths) { path = paths.front(); };
+    drop.Dropped.ConnectForLife([&](const std::vector<Text>& paths) { path = paths.front(); });
     EXPECT_TRUE(DropUrls({QStringLiteral("file:///a%23/b%FC%C3%BC%25.tvg")}));
     EXPECT_EQ(PathToBytes(path), "/a#/b\xFC\xC3\xBC%.tvg");
 }

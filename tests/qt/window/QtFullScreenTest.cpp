@@ -42,7 +42,7 @@ protected:
 
 TEST_F(QtFullScreenTest, TakesTheBarsAwayAndBringsBackThoseThatWereThere) {
     QtFullScreen full(m_window, *m_inner);
-    full.Changed = [&](bool on) { m_changes += on ? "on " : "off "; };
+    full.Changed.ConnectForLife([&](bool on) { m_changes += on ? "on " : "off "; });
     full.Set(true);
     ASSERT_TRUE(QTest::qWaitFor([&] { return full.On(); }));
     EXPECT_TRUE(m_window.isFullScreen());

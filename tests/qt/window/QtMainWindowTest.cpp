@@ -76,7 +76,7 @@ TEST(QtMainWindow, ItReportsItsNewSize) {
     window.Show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     Pixels reported;
-    window.Resized = [&] { reported = window.InnerWidth(); };
+    window.Resized.ConnectForLife([&] { reported = window.InnerWidth(); });
     window.resize(700, 500);
     EXPECT_TRUE(QTest::qWaitFor([&] { return reported.value == 700; }));
 }
@@ -111,7 +111,7 @@ TEST(QtMainWindow, TheStatusBarKeepsToTheLowerEdge) {
     EXPECT_EQ(bar.height(), status.Height.value);
     EXPECT_EQ(window.InnerHeight().value, window.PageArea()->height() + bar.height()) << "for the core it is inside";
     int resized = 0;
-    window.Resized = [&] { ++resized; };
+    window.Resized.ConnectForLife([&] { ++resized; });
     status.Visible = false;
     EXPECT_FALSE(bar.isVisible());
     EXPECT_GE(resized, 1);
@@ -153,7 +153,7 @@ TEST(QtMainWindow, TheStatusBarShowsTheLastOfItsTexts) {
 TEST(QtMainWindow, ItIsActivatedOnceShown) {
     QtMainWindow window;
     int activations = 0;
-    window.Activated = [&] { ++activations; };
+    window.Activated.ConnectForLife([&] { ++activations; });
     EXPECT_EQ(activations, 0);
     window.Show();
     EXPECT_TRUE(QTest::qWaitFor([&] { return activations > 0; }));
@@ -194,7 +194,7 @@ TEST_F(QtMinimizedWindowTest, SetToNormalItIsInFrontAndMaximizedNoLonger) {
 TEST_F(QtMinimizedWindowTest, ItLaysOutWhatItHoldsWhenItComesBackInTheSameSize) {
     const QSize before = window.size();
     int reported = 0;
-    window.Resized = [&] { reported += window.State() != WindowState::Minimized; };
+    window.Resized.ConnectForLife([&] { reported += window.State() != WindowState::Minimized; });
     window.ComeBack();
     EXPECT_TRUE(QTest::qWaitFor([&] { return reported > 0; }));
     EXPECT_EQ(window.size(), before);
@@ -230,7 +230,7 @@ TEST(QtMainWindow, NothingBringsAWindowToTheScreenThatWasNotShownYetOrIsClosed) 
 TEST(QtMainWindow, ClosingRunsTheUnloadHandlerOnce) {
     QtMainWindow window;
     int unloads = 0;
-    window.Unload = [&] { ++unloads; };
+    window.Unload.ConnectForLife([&] { ++unloads; });
     window.Show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     window.Close();
@@ -242,7 +242,7 @@ TEST(QtMainWindow, ClosingRunsTheUnloadHandlerOnce) {
 TEST(QtMainWindow, AWindowNeverShownUnloadsToo) {
     QtMainWindow window;
     int unloads = 0;
-    window.Unload = [&] { ++unloads; };
+    window.Unload.ConnectForLife([&] { ++unloads; });
     window.Close();
     EXPECT_EQ(unloads, 1);
 }
@@ -284,7 +284,7 @@ TEST(QtStatusBar, TheButtonThatStopsIsThereWhileThereIsSomethingToStop) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return bar.rect().contains(button->geometry()); }))
         << "the bar is no higher than before";
     int stopped = 0;
-    status.StopAll.Click = [&] { ++stopped; };
+    status.StopAll.Click.ConnectForLife([&] { ++stopped; });
     button->click();
     EXPECT_EQ(stopped, 1);
     status.StopAll.Visible = false;

@@ -33,7 +33,7 @@ protected:
         look = std::make_unique<QtBarLook>(bar, window);
         shown = std::make_unique<QtCommandBar>(bar, window);
         customize = std::make_unique<QtCustomize>(bar, window);
-        customize->Closed = [this] { ++closed; };
+        customize->Closed.ConnectForLife([this] { ++closed; });
         window.resize(1000, 500);
         window.show();
         Open();

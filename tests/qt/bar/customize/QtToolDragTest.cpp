@@ -28,7 +28,7 @@ class QtToolDragTest : public testing::Test {
 protected:
     void SetUp() override {
         DesignTimeBar::Make(bar);
-        bar.Click = [this](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; };
+        bar.Click.ConnectForLife([this](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; });
         shown = std::make_unique<QtCommandBar>(bar, window);
         window.setCentralWidget(new QWidget);
         window.resize(1200, 500);
@@ -39,10 +39,10 @@ protected:
 
     void Begin() {
         drag = std::make_unique<QtToolDrag>(custom, window, dialog);
-        custom.Changed = [this] { drag->Follow(); };
+        following = custom.Changed.Connect([this] { drag->Follow(); });
     }
     void End() {
-        custom.Changed = {};
+        following.End();
         drag.reset();
     }
 
@@ -105,6 +105,7 @@ protected:
     std::unique_ptr<QtCommandBar> shown;
     Customization custom{bar};
     std::unique_ptr<QtToolDrag> drag;
+    Connection following;
     std::string clicked;
 
 private:
