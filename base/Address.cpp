@@ -54,6 +54,19 @@ Text InSmallLetters(TextView text) {
     return small;
 }
 
+Text CaseFolded(TextView text) {
+    Text folded = InSmallLetters(text);
+    std::ranges::replace(folded, char16_t{0x017F}, u's');
+    std::ranges::replace(folded, char16_t{0x212A}, u'k');
+    return folded;
+}
+
+bool BeginsWithPort(TextView text) {
+    const TextView digits = text.substr(0, text.find_first_of(u"/?#"));
+    return !digits.empty() && digits.size() <= 5 &&
+           std::ranges::all_of(digits, [](char16_t unit) { return unit >= u'0' && unit <= u'9'; });
+}
+
 TextView HostIn(TextView address) {
     TextView host = AuthorityIn(address);
     if (const std::size_t user = host.rfind(u'@'); user != TextView::npos) host.remove_prefix(user + 1);

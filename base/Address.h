@@ -21,6 +21,13 @@ inline constexpr TextView kPrivate = u"tessaview:private";
 /// The text with small letters for the capital ones that a scheme may have; others have no case there.
 [[nodiscard]] Text InSmallLetters(TextView text);
 
+/// The same as those read it who ignore the case of all letters: for them the long s is an s, and the Kelvin sign a k.
+[[nodiscard]] Text CaseFolded(TextView text);
+
+/// Whether a text that stood behind a colon is a port, alone or with a path behind it: the other side of the colon is
+/// a host then, not a scheme.
+[[nodiscard]] bool BeginsWithPort(TextView text);
+
 /// The host that a web address leads to, as a part of the text given, without user and port. Empty for an address that
 /// leads to none, and for a text that does not begin with a scheme.
 [[nodiscard]] TextView HostIn(TextView address);

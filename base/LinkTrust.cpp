@@ -42,13 +42,6 @@ bool IsSchemeUnit(char16_t unit) {
            unit == u'.';
 }
 
-/// What follows the colon is a port, so what stands before it is a host.
-bool IsPort(TextView rest) {
-    const TextView digits = rest.substr(0, rest.find_first_of(u"/?#"));
-    return !digits.empty() && digits.size() <= 5 &&
-           std::ranges::all_of(digits, [](char16_t unit) { return unit >= u'0' && unit <= u'9'; });
-}
-
 bool LooksLikePath(TextView text) {
     return text.starts_with(u'/') || text.starts_with(u'\\') || text.starts_with(u'~') || text.starts_with(u'.');
 }
@@ -63,12 +56,12 @@ SchemeKind KindOfLink(TextView address) {
     if (colon == TextView::npos || scheme.empty() || rest[colon] != u':') return SchemeKind::Web;
     // Whoever opens it may know a blank, or a letter, that is none here.
     const bool foreign = std::ranges::any_of(scheme, [](char16_t unit) { return unit > 0x7F; });
-    if (foreign) return IsPort(rest.substr(colon + 1)) ? SchemeKind::Web : SchemeKind::Other;
+    if (foreign) return Address::BeginsWithPort(rest.substr(colon + 1)) ? SchemeKind::Web : SchemeKind::Other;
     if (!std::ranges::all_of(scheme, IsSchemeUnit)) return SchemeKind::Web;
     // Others of that scheme reach into the engine.
     if (rest.substr(0, rest.find_first_of(u"?#")) == Address::kBlank) return SchemeKind::Web;
     const SchemeKind kind = KindOfScheme(scheme);
-    return kind == SchemeKind::Other && IsPort(rest.substr(colon + 1)) ? SchemeKind::Web : kind;
+    return kind == SchemeKind::Other && Address::BeginsWithPort(rest.substr(colon + 1)) ? SchemeKind::Web : kind;
 }
 
 } // namespace

@@ -17,6 +17,14 @@ std::string PercentEncoded(std::string_view bytes) {
     return all;
 }
 
+Text PercentEncodedText(TextView text) {
+    Text whole(text);
+    for (std::size_t at = 0; at < text.size(); ++at)
+        if (IsUnpaired(text, at)) whole[at] = u'?';
+    const std::string bytes = PercentEncoded(ToUtf8(whole));
+    return {bytes.begin(), bytes.end()};
+}
+
 std::string PercentDecoded(std::string_view text) {
     std::string bytes;
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -3,9 +3,9 @@
 #include "base/Address.h"
 #include "qt/base/QtEngineVersions.h"
 #include "qt/base/QtText.h"
-#include "qt/desktop/QtDesktopPrograms.h"
 #include "qt/engine/QtEngine.h"
 #include "qt/page/QtAwaited.h"
+#include "qt/page/QtMail.h"
 #include "qt/page/QtPage.h"
 #include "qt/page/QtPageOutput.h"
 #include "qt/page/QtPageSecurity.h"
@@ -42,8 +42,7 @@ QtBrowserView::~QtBrowserView() {
 
 Outcome QtBrowserView::Navigate(TextView address) {
     QtAddress target = QtAddress::FromTyped(address);
-    const QString scheme = target.url.scheme();
-    if (scheme == u"mailto" && QtDesktopPrograms::OpensElsewhere(scheme)) return m_engine.OpenOutside(target.url);
+    if (QtMail::OpensElsewhere(target.url)) return m_engine.OpenOutside(target.url);
     m_requested = target.url;
     m_late = m_later = false;
     m_pending = std::move(target);

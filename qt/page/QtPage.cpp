@@ -2,7 +2,6 @@
 
 #include "pages/ExternalSchemes.h"
 #include "qt/base/QtText.h"
-#include "qt/desktop/QtDesktopPrograms.h"
 #include "qt/page/QtMail.h"
 #include "qt/page/QtStartPage.h"
 
@@ -58,7 +57,7 @@ bool QtPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool 
 }
 
 bool QtPage::HandOver(const QUrl& url, bool clicked, bool isMainFrame) {
-    const bool mail = url.scheme() == u"mailto";
+    const bool mail = QtMail::IsMail(url);
     if (!mail && !ExternalSchemes::IsExternal(FromQt(url.scheme()))) return false;
     const bool person = clicked && TakePerson();
     // Only a person's click starts the mail program, so that no page can start it a hundred times.
@@ -66,7 +65,7 @@ bool QtPage::HandOver(const QUrl& url, bool clicked, bool isMainFrame) {
         Q_EMIT ExternalRefused(url, ShownAddress());
         return true;
     }
-    if (mail && QtDesktopPrograms::OpensElsewhere(url.scheme())) {
+    if (QtMail::OpensElsewhere(url)) {
         QDesktopServices::openUrl(QtMail::WithoutFiles(url));
         return true;
     }

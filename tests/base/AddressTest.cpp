@@ -67,4 +67,16 @@ TEST(Address, OnlyTheLettersOfASchemeBecomeSmall) {
     EXPECT_EQ(Address::InSmallLetters(u""), u"");
 }
 
+TEST(Address, LettersOfOtherScriptsThatFoldIntoAsciiAreFolded) {
+    EXPECT_EQ(Address::InSmallLetters(u"JAVA\u017F\u212AZ\u00C4"), u"java\u017F\u212Az\u00C4");
+    EXPECT_EQ(Address::CaseFolded(u"JAVA\u017F\u212AZ\u00C4"), u"javaskz\u00C4");
+}
+
+TEST(Address, APortStandsAloneOrBeforeAPath) {
+    for (const TextView port : {u"8", u"65535", u"99999", u"80/x", u"80?x", u"80#x"})
+        EXPECT_TRUE(Address::BeginsWithPort(port)) << ToUtf8(port);
+    for (const TextView other : {u"", u"/", u"123456", u"80a", u"80:", u"x", u"-1"})
+        EXPECT_FALSE(Address::BeginsWithPort(other)) << ToUtf8(other);
+}
+
 } // namespace

@@ -1,0 +1,29 @@
+#pragma once
+#include "base/Text.h"
+
+/// What a text is that a person typed, or a page named.
+enum class TypedKind {
+    Nothing, ///< or a script, which is no address
+    Words,   ///< to search for, or behind the address of a service
+    Mail,
+    Path,    ///< of this computer, from the root
+    Address, ///< with its scheme
+    Host     ///< without one
+};
+
+/// What a typed text leads to.
+struct TypedAddress {
+    TypedKind Kind = TypedKind::Nothing;
+    /// An address; of a path, the path.
+    Text Target;
+    /// Where to go when `Target` cannot be connected to; empty when nowhere.
+    Text Fallback{};
+};
+
+/// Whether that can be read as an address; what stands in it is the engine's business.
+using AddressCheck = bool (*)(TextView address);
+
+/// A full address, a host without scheme (https first, http when that cannot connect), a local path, else words for the
+/// search partner. Nothing leads to about:blank. Scripts are no address: they lead to about:blank too. What `isAddress`
+/// refuses is words.
+[[nodiscard]] TypedAddress MeaningOf(TextView typed, AddressCheck isAddress);
