@@ -61,6 +61,11 @@ Text CaseFolded(TextView text) {
     return folded;
 }
 
+Text SchemeOf(TextView address) {
+    const std::size_t colon = address.find(u':');
+    return colon == TextView::npos ? Text() : InSmallLetters(address.substr(0, colon));
+}
+
 bool BeginsWithPort(TextView text) {
     const TextView digits = text.substr(0, text.find_first_of(u"/?#"));
     return !digits.empty() && digits.size() <= 5 &&

@@ -24,6 +24,9 @@ inline constexpr TextView kPrivate = u"tessaview:private";
 /// The same as those read it who ignore the case of all letters: for them the long s is an s, and the Kelvin sign a k.
 [[nodiscard]] Text CaseFolded(TextView text);
 
+/// What stands before the colon of an address, in small letters; empty without a colon.
+[[nodiscard]] Text SchemeOf(TextView address);
+
 /// Whether a text that stood behind a colon is a port, alone or with a path behind it: the other side of the colon is
 /// a host then, not a scheme.
 [[nodiscard]] bool BeginsWithPort(TextView text);

@@ -116,7 +116,7 @@ private:
     void OnPrintRequested();
     void PrintIfShown();
     void OnFullScreen(QWebEngineFullScreenRequest request);
-    void OpenPopup(const QUrl& address);
+    void OpenPopup(TextView address);
     void PreviewShown();
     void PrintPreview();
     void ShowPreview(const QByteArray& pdf);

@@ -247,10 +247,9 @@ void QtBrowserView::PrintIfShown() {
     ResumeNext(ExecWB(BrowserCommand::Print));
 }
 
-void QtBrowserView::OpenPopup(const QUrl& address) {
-    if (address.scheme() != u"http" && address.scheme() != u"https") return;
+void QtBrowserView::OpenPopup(TextView address) {
     auto* opened = m_events.NewWindow2(m_index, NewWindowPlace::AsSet);
-    if (opened) ResumeNext(opened->Navigate(FromQt(address.toString(QUrl::FullyEncoded))));
+    if (opened) ResumeNext(opened->Navigate(address));
 }
 
 void QtBrowserView::OnRendererGone() {

@@ -132,7 +132,7 @@ void QtBrowserView::WireQuestions() {
         if (m_widget && m_widget->isVisible()) m_engine.Notice(words);
     });
     m_questions->bar->FocusPage.ConnectForLife([this] { SetFocus(); });
-    m_questions->permissions.OpenPopup.ConnectForLife([this](const QUrl& address) { OpenPopup(address); });
+    m_questions->permissions.OpenPopup.ConnectForLife([this](TextView address) { OpenPopup(address); });
     m_questions->permissions.CapturesChanged.ConnectForLife([this] { m_engine.ReportCaptures(); });
     m_questions->tools.SaveAddress.ConnectForLife(
         [this](QtPage& page, const QUrl& address, const Text& path) { m_engine.SaveAddress(page, address, path); });

@@ -88,14 +88,9 @@ QtPage* QtEngine::FrontPage() const {
 }
 
 QtPage* QtEngine::MediaPage() {
-    const auto isHeard = [](const QtBrowserView* view) { return view && view->Audible(); };
-    if (isHeard(Front())) {
-        m_media = m_shown;
-    } else {
-        const auto heard = std::ranges::find_if(m_views, [&](const auto& each) { return isHeard(each.second); });
-        if (heard != m_views.end()) m_media = heard->first;
-    }
-    const auto* view = Find(m_media) ? Find(m_media) : Front();
+    std::vector<MediaView> open;
+    for (const auto& [index, view] : m_views) open.push_back({index, view->Audible()});
+    const auto* view = Find(m_media.Choose(open, m_shown));
     return view ? view->Page() : nullptr;
 }
 

@@ -2,6 +2,7 @@
 #include "base/Signal.h"
 #include "pages/Certificates.h"
 #include "pages/ExternalSchemes.h"
+#include "pages/MediaTarget.h"
 #include "pages/SitePermissions.h"
 #include "platform/BrowserView.h"
 #include "qt/engine/QtLoadOptions.h"
@@ -96,8 +97,7 @@ public:
     /// The view shown, and its page; nothing when there is none yet.
     [[nodiscard]] QtBrowserView* Front() const { return Find(m_shown); }
     [[nodiscard]] QtPage* FrontPage() const;
-    /// The page that the keys for play and pause are for: the one that is heard, the one in front first; else the one
-    /// that they were for last; else the one in front.
+    /// The page that the keys for play and pause are for.
     [[nodiscard]] QtPage* MediaPage();
     /// The view of a page; nothing for a page of nobody's.
     [[nodiscard]] QtBrowserView* ViewOf(const QWebEnginePage* page) const;
@@ -181,7 +181,7 @@ private:
     QtPageFullScreen m_fullScreen;
     QtLoadOptions m_loadOptions;
     Answers m_answers, m_privateAnswers;
-    std::int32_t m_media = 0; ///< the view that the keys for play and pause were for last
+    MediaTarget m_media;
     std::int32_t m_front = 0;
     std::int32_t m_shown = 0;
     bool m_started = false;

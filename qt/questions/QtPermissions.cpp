@@ -1,6 +1,5 @@
 #include "qt/questions/QtPermissions.h"
 
-#include "pages/PopupWords.h"
 #include "qt/base/QtText.h"
 #include "qt/page/QtPage.h"
 
@@ -10,7 +9,6 @@
 
 namespace {
 
-constexpr qsizetype kMostHeld = 20;
 constexpr TextView kRemember = u"&Remember for this site";
 
 Text SiteOf(const QUrl& url) { return FromQt(QtPage::SiteOf(url)); }
@@ -139,75 +137,52 @@ void QtPermissions::Decide(const QUrl& origin, SitePermission permission, const 
 
 void QtPermissions::Forget(const SiteDecision& forgotten) {
     if (forgotten.Permission == SitePermission::Downloads && SiteOf(m_page.url()) == forgotten.Site)
-        m_downloads.PersonNavigated();
+        m_saves.BeginAnew();
     // Some it remembers by itself, and tells a page of them without asking.
     QtEngineVersions::ForgetPermission(m_page, QUrl(ToQt(forgotten.Site)), forgotten.Permission);
 }
 
 bool QtPermissions::MayOpenPopup(const QUrl& address) {
-    const auto known = Decided(m_page.url(), SitePermission::Popups);
-    if (known) return *known;
-    // However many there are, they are one question.
-    if (m_heldWindows.size() < kMostHeld) m_heldWindows << address;
-    if (m_heldWindows.size() == 1)
+    const QUrl origin = m_page.url();
+    const auto step =
+        m_popups.Want(Decided(origin, SitePermission::Popups),
+                      {FromQt(address.toString(QUrl::FullyEncoded)), FromQt(QtPage::HostAndPort(address))});
+    if (step == PopupRule::Step::Open || step == PopupRule::Step::Refuse) return step == PopupRule::Step::Open;
+    if (step == PopupRule::Step::Ask)
         AskPopup();
     else
-        m_questions.Reword(KeyOf(m_page.url(), SitePermission::Popups), HeldWords());
+        m_questions.Reword(KeyOf(origin, SitePermission::Popups), m_popups.Words(AskerOf(origin)));
     // The engine itself refuses the rest, or a page that wants windows without end would find no time for a click.
-    m_page.settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, m_heldWindows.size() < kMostHeld);
+    m_page.settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, !m_popups.Full());
     return false;
-}
-
-QList<QUrl> QtPermissions::TakeHeldWindows() {
-    m_page.settings()->resetAttribute(QWebEngineSettings::JavascriptCanOpenWindows);
-    return std::exchange(m_heldWindows, {});
-}
-
-Text QtPermissions::HeldWords() const {
-    std::vector<Text> places;
-    for (const QUrl& each : m_heldWindows) places.push_back(FromQt(QtPage::HostAndPort(each)));
-    return PopupWords(AskerOf(m_page.url()), places,
-                      m_heldWindows.size() < kMostHeld ? PopupsHeld::All : PopupsHeld::First);
 }
 
 void QtPermissions::AskPopup() {
     const QUrl origin = m_page.url();
-    const bool mayRemember = m_kept && !SiteOf(origin).empty();
-    std::vector<Text> answers{u"A&llow Once", u"&Block"};
-    if (mayRemember) answers.emplace_back(u"Al&ways Allow");
     m_questions.Ask({.Key = KeyOf(origin, SitePermission::Popups),
                      .Asker = SiteOf(origin),
-                     .Words = HeldWords(),
-                     .Answers = answers,
+                     .Words = m_popups.Words(AskerOf(origin)),
+                     .Answers = PopupRule::Answers(m_kept && !SiteOf(origin).empty()),
                      .Remember = {},
-                     .Answered = [this, origin](std::size_t answer, bool) {
-                         const QList<QUrl> held = TakeHeldWindows();
-                         if (answer == 2) Remember(origin, SitePermission::Popups, true);
-                         if (answer != 0 && answer != 2) return;
-                         for (const QUrl& each : held) {
-                             OpenPopup(each);
-                         }
-                     }});
+                     .Answered = [this, origin](std::size_t answer, bool) { OnPopupAnswer(origin, answer); }});
+}
+
+void QtPermissions::OnPopupAnswer(const QUrl& origin, std::size_t answer) {
+    const PopupRule::Verdict verdict = m_popups.Answer(answer);
+    m_page.settings()->resetAttribute(QWebEngineSettings::JavascriptCanOpenWindows);
+    if (verdict.Remember) Remember(origin, SitePermission::Popups, true);
+    for (const Text& each : verdict.Opened) OpenPopup(each);
 }
 
 bool QtPermissions::MaySave(const QUrl& address) {
     const QUrl origin = m_page.url();
-    if (const auto known = Decided(origin, SitePermission::Downloads)) return *known;
-    // Whoever clicks for each file wants each of them.
-    if (m_page.TakePerson()) m_downloads.PersonActed();
-    if (m_downloads.Take()) return true;
-    if (m_downloads.Refused()) return false;
-    // What lies in the page itself cannot be fetched again later.
-    const bool fetchable = address.scheme() == u"http" || address.scheme() == u"https";
-    if (fetchable && m_heldFiles.size() < kMostHeld) m_heldFiles << address;
-    if (std::exchange(m_asksToSave, true)) return false;
+    const auto known = Decided(origin, SitePermission::Downloads);
+    const bool person = !known && m_page.TakePerson();
+    const auto step = m_saves.Want(known, person, FromQt(address.toString(QUrl::FullyEncoded)));
+    if (step != PageSaves::Step::Ask) return step == PageSaves::Step::Save;
     Decide(origin, SitePermission::Downloads, [this, page = QPointer<QtPage>(&m_page)](bool allowed) {
-        const QList<QUrl> held = std::exchange(m_heldFiles, {});
-        m_asksToSave = false;
-        if (!page) return;
-        if (!allowed) return m_downloads.Refuse();
-        m_downloads.Allow();
-        for (const QUrl& each : held) page->download(each);
+        for (const Text& each : m_saves.Answer(allowed))
+            if (page) page->download(QUrl(ToQt(each)));
     });
     return false;
 }
@@ -233,5 +208,5 @@ void QtPermissions::OnPersonNavigated() {
     // A question that ends with its page counts as refused; the next page begins anew.
     m_questions.DismissAll();
     m_shared.clear();
-    m_downloads.PersonNavigated();
+    m_saves.BeginAnew();
 }

@@ -1,14 +1,14 @@
 #pragma once
 #include "base/Signal.h"
-#include "downloads/DownloadRule.h"
+#include "downloads/PageSaves.h"
 #include "pages/PageCaptures.h"
 #include "pages/PageQuestions.h"
+#include "pages/PopupRule.h"
 #include "pages/SitePermissions.h"
 #include "qt/base/QtEngineVersions.h"
 #include "qt/questions/QtScreenChoice.h"
 
 #include <QObject>
-#include <QStringList>
 #include <QUrl>
 #include <functional>
 #include <optional>
@@ -43,7 +43,7 @@ public:
     /// That has changed.
     Signal<void()> CapturesChanged;
     /// Opens a window that was held back.
-    Signal<void(const QUrl&)> OpenPopup;
+    Signal<void(TextView address)> OpenPopup;
 
 private:
     void OnPermission(const QtEngineVersions::PermissionRequest& request);
@@ -55,11 +55,9 @@ private:
     [[nodiscard]] std::optional<bool> Decided(const QUrl& origin, SitePermission permission) const;
     void Remember(const QUrl& origin, SitePermission permission, bool allowed);
     void AskPopup();
-    [[nodiscard]] Text HeldWords() const;
     void FollowCaptures();
     void ChangeCaptures(const std::function<void(PageCaptures&)>& change);
-    /// What was held back; from now on the page may ask again.
-    QList<QUrl> TakeHeldWindows();
+    void OnPopupAnswer(const QUrl& origin, std::size_t answer);
     /// Ends what was answered for one visit of a site that the page has left.
     void ForgetOnce();
     void OnPersonNavigated();
@@ -68,10 +66,9 @@ private:
     QtPage& m_page;
     PageQuestions& m_questions;
     SitePermissions* m_kept;
-    DownloadRule m_downloads;
-    QList<QUrl> m_heldWindows, m_heldFiles;
+    PageSaves m_saves;
+    PopupRule m_popups;
     PageCaptures m_captures;
-    bool m_asksToSave = false;
     std::vector<SiteDecision> m_once;       ///< not to be remembered, though the engine does
     std::optional<QtScreenChoice> m_screen; ///< while the user chooses
     Text m_shared;                          ///< the site that is given a screen

@@ -72,6 +72,12 @@ TEST(Address, LettersOfOtherScriptsThatFoldIntoAsciiAreFolded) {
     EXPECT_EQ(Address::CaseFolded(u"JAVA\u017F\u212AZ\u00C4"), u"javaskz\u00C4");
 }
 
+TEST(Address, ASchemeStandsBeforeTheColon) {
+    EXPECT_EQ(Address::SchemeOf(u"HTTPS://A.Example/"), u"https");
+    EXPECT_EQ(Address::SchemeOf(u":x"), u"");
+    EXPECT_EQ(Address::SchemeOf(u"http"), u"") << "a word is none";
+}
+
 TEST(Address, APortStandsAloneOrBeforeAPath) {
     for (const TextView port : {u"8", u"65535", u"99999", u"80/x", u"80?x", u"80#x"})
         EXPECT_TRUE(Address::BeginsWithPort(port)) << ToUtf8(port);

@@ -1,6 +1,5 @@
 #include "pages/PageQuestions.h"
 
-#include "downloads/DownloadRule.h"
 #include "pages/LinkRules.h"
 #include "pages/SitePermissions.h"
 #include "tests/fakes/FakeSettings.h"
@@ -164,29 +163,6 @@ TEST(SitePermissions, AreNotMoreThanAThousand) {
     EXPECT_EQ(permissions.All().size(), 1000U);
     EXPECT_EQ(permissions.Find(u"https://0", SitePermission::Camera), std::nullopt);
     EXPECT_EQ(permissions.Find(u"https://new", SitePermission::Camera), true);
-}
-
-TEST(DownloadRule, LetsAPageSaveAFewFilesByItself) {
-    DownloadRule rule;
-    EXPECT_TRUE(rule.Take() && rule.Take() && rule.Take());
-    EXPECT_FALSE(rule.Take());
-    rule.PersonNavigated();
-    EXPECT_TRUE(rule.Take());
-    rule.Allow();
-    for (int i = 0; i < 100; ++i) EXPECT_TRUE(rule.Take());
-}
-
-TEST(DownloadRule, ARefusalOutlastsClicks) {
-    DownloadRule rule;
-    for (std::size_t i = 0; i < DownloadRule::kFree; ++i) EXPECT_TRUE(rule.Take());
-    rule.PersonActed();
-    EXPECT_TRUE(rule.Take()) << "what is clicked for is wanted";
-    rule.Refuse();
-    rule.PersonActed();
-    EXPECT_FALSE(rule.Take());
-    EXPECT_TRUE(rule.Refused());
-    rule.PersonNavigated();
-    EXPECT_TRUE(rule.Take());
 }
 
 TEST(LinkRules, KnowWhatCanBeSaved) {

@@ -1,0 +1,20 @@
+#pragma once
+#include <cstdint>
+#include <vector>
+
+/// A view that is open.
+struct MediaView {
+    std::int32_t Index = 0;
+    bool Heard = false;
+};
+
+/// The view that the keys for play and pause are for: the one that is heard, the one in front first; else the one that
+/// they were for last; else the one in front.
+class MediaTarget {
+public:
+    /// Its index, of those that are open; 0 for none. `front` may be open or not.
+    [[nodiscard]] std::int32_t Choose(const std::vector<MediaView>& open, std::int32_t front);
+
+private:
+    std::int32_t m_last = 0;
+};
