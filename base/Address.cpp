@@ -1,5 +1,7 @@
 #include "base/Address.h"
 
+#include "base/OwnAddresses.h"
+
 #include <algorithm>
 #include <array>
 
@@ -46,7 +48,7 @@ TextView Trimmed(TextView text) {
     return text;
 }
 
-bool ComesBack(TextView address) { return !address.starts_with(u"tessaview:preview/"); }
+bool ComesBack(TextView address) { return !address.starts_with(OwnAddresses::kPreviews); }
 
 Text InSmallLetters(TextView text) {
     Text small(text);

@@ -8,8 +8,6 @@ namespace Address {
 
 /// What shows nothing.
 inline constexpr TextView kBlank = u"about:blank";
-/// What a new private tab says of itself.
-inline constexpr TextView kPrivate = u"tessaview:private";
 
 /// The text without the blanks and control characters around it, those of every script: they lead nowhere, and must not
 /// hide a scheme from one who looks while another who opens it sees the scheme.

@@ -1,5 +1,7 @@
 #include "base/Schemes.h"
 
+#include "base/OwnAddresses.h"
+
 #include <algorithm>
 #include <array>
 
@@ -16,7 +18,7 @@ constexpr std::array kSchemeTable{
     SchemeRow{u"https", SchemeKind::Web},
     SchemeRow{u"file", SchemeKind::Computer},
     SchemeRow{u"mailto", SchemeKind::Mail},
-    SchemeRow{u"tessaview", SchemeKind::Own},
+    SchemeRow{OwnAddresses::kScheme, SchemeKind::Own},
     SchemeRow{u"data", SchemeKind::Document},
     SchemeRow{u"blob", SchemeKind::OfPage},
     SchemeRow{u"filesystem", SchemeKind::OfPage},

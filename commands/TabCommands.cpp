@@ -2,6 +2,7 @@
 
 #include "address/Endpoints.h"
 #include "base/Address.h"
+#include "base/OwnAddresses.h"
 
 namespace {
 
@@ -27,7 +28,7 @@ void NewCurrent(CommandContext& context) {
     OpenInFront(context, address, context.tabs.CurrentPrivacy());
 }
 
-void NewPrivate(CommandContext& context) { OpenInFront(context, Address::kPrivate, Privacy::Private); }
+void NewPrivate(CommandContext& context) { OpenInFront(context, OwnAddresses::kPrivate, Privacy::Private); }
 
 void Close(CommandContext& context) { context.tabs.CloseSelectedTab(); }
 

@@ -2,6 +2,7 @@
 
 #include "base/Address.h"
 #include "base/Captions.h"
+#include "base/OwnAddresses.h"
 
 #include <algorithm>
 
@@ -113,4 +114,6 @@ Text SessionWords(const Session& session, TextView when) {
 
 bool IsBlankAddress(TextView address) { return address.empty() || address == Address::kBlank; }
 
-bool IsWorthKeeping(TextView address) { return !IsBlankAddress(address) && !address.starts_with(u"tessaview:"); }
+bool IsWorthKeeping(TextView address) {
+    return !IsBlankAddress(address) && !address.starts_with(OwnAddresses::kPrefix);
+}

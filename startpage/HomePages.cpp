@@ -1,12 +1,12 @@
 #include "startpage/HomePages.h"
 
-#include "startpage/StartPage.h"
+#include "base/OwnAddresses.h"
 
 HomePages::Shown HomePages::Refresh(const TabStrip& pcPage, ViewArray& Browser) {
     Shown shown = Shown::Now;
     for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
         const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
-        if (!view || view->Control->LocationURL() != StartPage::kAddress) continue;
+        if (!view || view->Control->LocationURL() != OwnAddresses::kStart) continue;
         auto* life = view->Control->Life();
         if (!life || life->Asleep()) continue;
         const PageActivity activity = life->Activity();

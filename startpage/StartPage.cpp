@@ -1,6 +1,7 @@
 #include "startpage/StartPage.h"
 
 #include "address/Endpoints.h"
+#include "base/OwnAddresses.h"
 #include "base/Percent.h"
 #include "base/PlainText.h"
 #include "favorites/FavoriteFiles.h"
@@ -13,12 +14,10 @@ namespace {
 
 constexpr std::size_t kMostGroups = 60, kMostFavorites = 60, kSitesOfACard = 4;
 constexpr std::size_t kLongestName = 200;
-constexpr std::string_view kGroupLink = "tessaview:group?";
-constexpr std::string_view kSearchForm = "tessaview:search", kSearchLink = "tessaview:search?words=";
 
 // Nothing is loaded, nothing runs. The words to search for go to the program: the engine lets no page of the program's
 // own be led from one host to another.
-constexpr std::string_view kPolicy = "default-src 'none'; style-src 'unsafe-inline'; form-action tessaview:";
+constexpr std::string_view kPolicy = "default-src 'none'; style-src 'unsafe-inline'; form-action ";
 
 constexpr std::string_view kPicture =
     R"(<svg viewBox="0 0 64 64" aria-hidden="true"><rect x="3" y="3" width="58" height="58" rx="11" fill="#2668b9"/>)"
@@ -107,9 +106,9 @@ std::string PageLines(const std::vector<Text>& addresses) {
 }
 
 std::string Card(const StartGroup& group) {
-    return "<a class=\"card\" href=\"" + std::string(kGroupLink) + PercentEncoded(PathToBytes(group.Name)) + "\"><b>" +
-           Shown(group.Name) + "</b><small>" + Count(group.Addresses.size()) + "</small>" + PageLines(group.Addresses) +
-           "</a>\n";
+    return "<a class=\"card\" href=\"" + ToUtf8(OwnAddresses::kOpenGroup) + PercentEncoded(PathToBytes(group.Name)) +
+           "\"><b>" + Shown(group.Name) + "</b><small>" + Count(group.Addresses.size()) + "</small>" +
+           PageLines(group.Addresses) + "</a>\n";
 }
 
 std::string Groups(const StartContent& content) {
@@ -140,7 +139,7 @@ std::string NoticeOf(const StartContent& content) {
 }
 
 std::string SearchForm() {
-    return "<form action=\"" + std::string(kSearchForm) +
+    return "<form action=\"" + ToUtf8(OwnAddresses::kSearchForm) +
            "\"><input name=\"words\" type=\"search\" placeholder=\"Search " + Escaped(Endpoints::kSearchServiceName) +
            "\" aria-label=\"Words to search for\" autocomplete=\"off\" autofocus required>"
            "<button>Search</button></form>\n";
@@ -176,6 +175,7 @@ std::string Html(const StartContent& content) {
     page += "><head><meta charset=\"utf-8\"><title>TessaView</title>"
             "<meta http-equiv=\"Content-Security-Policy\" content=\"";
     page += kPolicy;
+    page += ToUtf8(OwnAddresses::kPrefix);
     page += "\"><style>";
     page += kStartPageStyle;
     page += "</style></head><body><main>\n<header>";
@@ -186,13 +186,15 @@ std::string Html(const StartContent& content) {
 }
 
 std::optional<Text> GroupOf(std::string_view link) {
-    if (!link.starts_with(kGroupLink)) return std::nullopt;
-    return PathFromBytes(PercentDecoded(link.substr(kGroupLink.size())));
+    const std::string start = ToUtf8(OwnAddresses::kOpenGroup);
+    if (!link.starts_with(start)) return std::nullopt;
+    return PathFromBytes(PercentDecoded(link.substr(start.size())));
 }
 
 std::optional<Text> WordsOf(std::string_view link) {
-    if (!link.starts_with(kSearchLink)) return std::nullopt;
-    std::string words(link.substr(kSearchLink.size()));
+    const std::string start = ToUtf8(OwnAddresses::kSearchWords);
+    if (!link.starts_with(start)) return std::nullopt;
+    std::string words(link.substr(start.size()));
     // So a form writes blanks.
     std::ranges::replace(words, '+', ' ');
     return FromUtf8(PercentDecoded(words));

@@ -31,8 +31,6 @@ struct StartContent {
 /// scripts and loads nothing.
 namespace StartPage {
 
-inline constexpr TextView kAddress = u"tessaview:start";
-
 /// The groups and Favorites of two folders; an empty path stands for none. The group folder has the separator at the
 /// end. Reads no more groups than the page shows.
 [[nodiscard]] StartContent Read(TextView groupFolder, TextView favoritesFolder);

@@ -1,5 +1,6 @@
 #include "window/MainCommands.h"
 
+#include "base/OwnAddresses.h"
 #include "commands/External.h"
 #include "commands/frmResize.h"
 #include "settings/frmInternetOptions.h"
@@ -7,8 +8,6 @@
 #include "window/frmMain.h"
 
 namespace {
-
-constexpr TextView kHelpPage = u"tessaview:help";
 
 void Resize(frmMain& main, void (frmResize::*mode)()) {
     frmResize form(main.actBar);
@@ -21,9 +20,9 @@ void ShowHelp(frmMain& main) {
     for (std::size_t i = 1; i <= main.pcPage.Count(); ++i) {
         auto* tab = main.pcPage.FindAt(i);
         const auto* view = main.Browser.Find(tab->Tag);
-        if (view && view->Control->LocationURL().starts_with(kHelpPage)) return main.pcPage.Select(tab);
+        if (view && view->Control->LocationURL().starts_with(OwnAddresses::kHelp)) return main.pcPage.Select(tab);
     }
-    if (auto* view = main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(kHelpPage));
+    if (auto* view = main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(OwnAddresses::kHelp));
 }
 
 void CopyReport(frmMain& main) {

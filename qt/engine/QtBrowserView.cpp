@@ -1,6 +1,7 @@
 #include "qt/engine/QtBrowserView.h"
 
 #include "base/Address.h"
+#include "base/OwnAddresses.h"
 #include "qt/base/QtEngineVersions.h"
 #include "qt/base/QtText.h"
 #include "qt/engine/QtEngine.h"
@@ -53,7 +54,7 @@ Outcome QtBrowserView::Navigate(TextView address) {
 
 Outcome QtBrowserView::GoHome() {
     const Text chosen = m_engine.HomeAddress ? m_engine.HomeAddress() : Text();
-    return Navigate(chosen.empty() ? TextView(u"tessaview:start") : TextView(chosen));
+    return Navigate(chosen.empty() ? OwnAddresses::kStart : TextView(chosen));
 }
 
 Outcome QtBrowserView::Stop() {
@@ -219,7 +220,7 @@ std::string QtBrowserView::History() const {
 bool QtBrowserView::Blank() const {
     const auto isBlank = [](const QUrl& url) {
         const Text address = QtAddress::Shown(url);
-        return address == Address::kBlank || address == Address::kPrivate;
+        return address == Address::kBlank || address == OwnAddresses::kPrivate;
     };
     const bool comes = m_pending || m_loading || (m_page && m_page->AwaitsAny());
     if (m_opened || (comes && !isBlank(m_requested))) return false;

@@ -4,6 +4,7 @@
 #include "qt/base/QtText.h"
 #include "qt/page/QtMail.h"
 #include "qt/page/QtStartPage.h"
+#include "startpage/OwnAccess.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -17,6 +18,24 @@
 
 namespace {
 constexpr std::chrono::seconds kCopyTime{1};
+
+NavigationCause CauseOf(QWebEnginePage::NavigationType type) {
+    switch (type) {
+    case QWebEnginePage::NavigationTypeTyped:
+        return NavigationCause::Typed;
+    case QWebEnginePage::NavigationTypeBackForward:
+        return NavigationCause::History;
+    case QWebEnginePage::NavigationTypeReload:
+        return NavigationCause::Reload;
+    case QWebEnginePage::NavigationTypeLinkClicked:
+        return NavigationCause::Link;
+    case QWebEnginePage::NavigationTypeFormSubmitted:
+        return NavigationCause::Form;
+    default:
+        return NavigationCause::Other;
+    }
+}
+
 } // namespace
 
 QtPage::QtPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {
@@ -168,17 +187,13 @@ bool QtPage::event(QEvent* event) {
     return QWebEnginePage::event(event);
 }
 
-// The program's own pages are reached by the program and by the history, never by others; their links are their own.
 bool QtPage::AcceptOwn(const QUrl& address, NavigationType type, bool isMainFrame) {
-    const bool followed = type == NavigationTypeLinkClicked || type == NavigationTypeFormSubmitted;
-    const bool atHome = isMainFrame && QtStartPage::IsOwn(url()) && followed;
-    if (!QtStartPage::IsOwn(address)) {
-        if (atHome) Q_EMIT StartLinkFollowed(address);
-        return false;
-    }
-    const bool byUser =
-        type == NavigationTypeTyped || type == NavigationTypeBackForward || type == NavigationTypeReload;
-    return atHome || (isMainFrame && byUser);
+    const auto step = OwnAccess::StepFor({.FromOwnPage = QtStartPage::IsOwn(url()),
+                                          .ToOwnPage = QtStartPage::IsOwn(address),
+                                          .MainFrame = isMainFrame,
+                                          .Cause = CauseOf(type)});
+    if (step == OwnAccess::Step::Follow) Q_EMIT StartLinkFollowed(address);
+    return step == OwnAccess::Step::Go;
 }
 
 void QtPage::OnInputReport(const QString& report) {

@@ -1,7 +1,10 @@
 #include "qt/page/QtStartPage.h"
 
+#include "base/OwnAddresses.h"
 #include "qt/base/QtPalette.h"
 #include "qt/base/QtResources.h"
+#include "qt/base/QtText.h"
+#include "startpage/OwnAccess.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -11,8 +14,10 @@
 
 namespace {
 
-const QString kPreview = QStringLiteral("preview/");
-const QStringList kWritten{QStringLiteral("help"), QStringLiteral("private")};
+using OwnPage = OwnAddresses::Page;
+
+// By the path, in which nothing is encoded any more.
+OwnPage OwnPageAt(const QString& path) { return OwnAddresses::PageAt(FromQt(path)); }
 
 // Pages are not told by every version of the engine that the desktop is dark.
 QByteArray Written(const QString& name) {
@@ -24,13 +29,13 @@ QByteArray Written(const QString& name) {
 
 } // namespace
 
+QByteArray QtStartPage::Scheme() { return ToQt(OwnAddresses::kScheme).toLatin1(); }
+
 bool QtStartPage::IsOwn(const QUrl& url) {
-    const QString path = url.path();
-    return url.scheme() == QLatin1String(Scheme()) &&
-           (path == u"start" || kWritten.contains(path) || path.startsWith(kPreview));
+    return url.scheme() == QLatin1String(Scheme()) && OwnPageAt(url.path()) != OwnPage::None;
 }
 
-bool QtStartPage::IsPreview(const QUrl& url) { return IsOwn(url) && url.path().startsWith(kPreview); }
+bool QtStartPage::IsPreview(const QUrl& url) { return IsOwn(url) && OwnPageAt(url.path()) == OwnPage::Preview; }
 
 void QtStartPage::RegisterScheme() {
     QWebEngineUrlScheme scheme(Scheme());
@@ -39,9 +44,19 @@ void QtStartPage::RegisterScheme() {
     QWebEngineUrlScheme::registerScheme(scheme);
 }
 
-QByteArray QtStartPage::PageAt(const QString& path) const {
-    if (path == u"start") return Page ? QByteArray::fromStdString(Page()) : QByteArray();
-    return kWritten.contains(path) ? Written(path) : QByteArray();
+QByteArray QtStartPage::BytesAt(const QString& path) const {
+    switch (OwnPageAt(path)) {
+    case OwnPage::Start:
+        return Page ? QByteArray::fromStdString(Page()) : QByteArray();
+    case OwnPage::Help:
+    case OwnPage::Private:
+        return Written(path);
+    case OwnPage::Preview:
+        return PreviewAt(path);
+    case OwnPage::None:
+        break;
+    }
+    return {};
 }
 
 QUrl QtStartPage::AddPreview(const std::shared_ptr<const QByteArray>& pdf, const QString& name) {
@@ -50,7 +65,11 @@ QUrl QtStartPage::AddPreview(const std::shared_ptr<const QByteArray>& pdf, const
     QUrl address;
     address.setScheme(QLatin1String(Scheme()));
     // The engine's viewer calls the page by the end of its address.
-    address.setPath(QStringLiteral("%1%2/%3").arg(kPreview).arg(m_previewCount).arg(name), QUrl::DecodedMode);
+    address.setPath(QStringLiteral("%1%2/%3")
+                        .arg(ToQt(OwnAddresses::PathOf(OwnAddresses::kPreviews)))
+                        .arg(m_previewCount)
+                        .arg(name),
+                    QUrl::DecodedMode);
     return address;
 }
 
@@ -61,19 +80,19 @@ QByteArray QtStartPage::PreviewAt(const QString& path) const {
 }
 
 void QtStartPage::requestStarted(QWebEngineUrlRequestJob* job) {
-    const QUrl asker = job->initiator();
-    if (!asker.isEmpty() && asker.scheme() != QLatin1String(Scheme())) {
+    if (!OwnAccess::MayFetch(FromQt(job->initiator().toString(QUrl::FullyEncoded)))) {
         job->fail(QWebEngineUrlRequestJob::RequestDenied);
         return;
     }
     const QString path = job->requestUrl().path();
-    const bool preview = path.startsWith(kPreview);
-    const QByteArray bytes = preview ? PreviewAt(path) : PageAt(path);
+    const QByteArray bytes = BytesAt(path);
     if (bytes.isEmpty()) {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
         return;
     }
     auto* page = new QBuffer(job);
     page->setData(bytes);
-    job->reply(preview ? QByteArrayLiteral("application/pdf") : QByteArrayLiteral("text/html"), page);
+    job->reply(OwnPageAt(path) == OwnPage::Preview ? QByteArrayLiteral("application/pdf")
+                                                   : QByteArrayLiteral("text/html"),
+               page);
 }

@@ -6,13 +6,12 @@
 #include <memory>
 #include <string>
 
-/// Answers for what the program makes itself, no network needed: the home page `tessaview:start`, the help
-/// `tessaview:help`, what a private tab says of itself, `tessaview:private`, and how pages will look on paper,
-/// `tessaview:preview/1/name` and so on. Web pages cannot reach the scheme: the engine takes it for a local one, a
-/// page's wish to go there is refused, and what is asked for on behalf of another origin is denied.
+/// Answers for what the program makes itself, no network needed: the pages of `OwnAddresses`. Web pages cannot reach
+/// the scheme: the engine takes it for a local one, a page's wish to go there is refused, and what is asked for on
+/// behalf of another origin is denied.
 class QtStartPage final : public QWebEngineUrlSchemeHandler {
 public:
-    [[nodiscard]] static QByteArray Scheme() { return QByteArrayLiteral("tessaview"); }
+    [[nodiscard]] static QByteArray Scheme();
     /// Whether the address is one of these.
     [[nodiscard]] static bool IsOwn(const QUrl& url);
     /// Makes the scheme known to the engine; before the application object exists.
@@ -32,7 +31,7 @@ public:
 
 private:
     /// Nothing for a page that does not exist.
-    [[nodiscard]] QByteArray PageAt(const QString& path) const;
+    [[nodiscard]] QByteArray BytesAt(const QString& path) const;
 
     std::map<int, std::weak_ptr<const QByteArray>> m_previews; ///< by their numbers
     int m_previewCount = 0;

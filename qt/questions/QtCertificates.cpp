@@ -1,5 +1,6 @@
 #include "qt/questions/QtCertificates.h"
 
+#include "base/OwnAddresses.h"
 #include "pages/Certificates.h"
 #include "qt/base/QtText.h"
 #include "qt/page/QtPage.h"
@@ -106,7 +107,7 @@ void QtCertificates::Explain(const QWebEngineCertificateError& error) {
         if (m_page.history()->canGoBack())
             m_page.history()->back();
         else
-            m_page.load(QUrl(QStringLiteral("tessaview:start")));
+            m_page.load(QUrl(ToQt(OwnAddresses::kStart)));
     });
     m_shown->GoOn.ConnectForLife(
         [this, place = PlaceOf(error.url()), fingerprint = refused.Fingerprint, url = error.url()] {

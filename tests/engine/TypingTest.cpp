@@ -1,4 +1,4 @@
-#include "base/Address.h"
+#include "base/OwnAddresses.h"
 #include "qt/base/QtTyping.h"
 #include "tests/engine/CommandsOnPages.h"
 
@@ -52,7 +52,7 @@ TEST_F(TypingOverPages, IsForTheAddressBoxWhenThePageIsBlank) {
 }
 
 TEST_F(TypingOverPages, IsForTheAddressBoxInAPrivateTabToo) {
-    ResumeNext(desk.main->Tabs.GetNewBrowser(InFront::Yes, Privacy::Private)->Navigate(Address::kPrivate));
+    ResumeNext(desk.main->Tabs.GetNewBrowser(InFront::Yes, Privacy::Private)->Navigate(OwnAddresses::kPrivate));
     ASSERT_TRUE(WaitTitle(u"Private tab"));
     FocusPage();
     Type(QStringLiteral("x"));

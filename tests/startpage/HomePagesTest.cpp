@@ -1,6 +1,6 @@
 #include "startpage/HomePages.h"
 
-#include "startpage/StartPage.h"
+#include "base/OwnAddresses.h"
 #include "tests/Desk.h"
 
 namespace {
@@ -10,7 +10,7 @@ class HomePagesTest : public testing::Test {
 protected:
     HomePagesTest() {
         m_desk.StartWithTabs(3);
-        for (const int index : {1, 3}) m_desk.PageLoads(index, StartPage::kAddress, u"TessaView");
+        for (const int index : {1, 3}) m_desk.PageLoads(index, OwnAddresses::kStart, u"TessaView");
         m_desk.PageLoads(2, u"http://a/", u"A");
         for (const int index : {1, 2, 3}) m_desk.views.Calls(index);
     }
