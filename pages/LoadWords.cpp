@@ -5,6 +5,8 @@
 namespace {
 
 constexpr std::size_t kHostInStatusBar = 60;
+/// Units of an address that anybody reads.
+constexpr std::size_t kMostOfLink = 1000;
 
 Text AnswerWords(const Text& from, std::int32_t status) {
     const Text number = u" (" + Decimal(status) + u").";
@@ -17,6 +19,8 @@ Text AnswerWords(const Text& from, std::int32_t status) {
 } // namespace
 
 namespace LoadWords {
+
+Text Link(TextView address) { return PlainLine(address, kMostOfLink); }
 
 Text Ended(LoadEnd end, TextView host, std::int32_t status) {
     const Text from = host.empty() ? Text(u"The server") : PlainLine(host, kHostInStatusBar);

@@ -17,8 +17,16 @@ enum class LoadEnd {
     Failed,      ///< anything else
 };
 
-/// What is told about loads.
+/// What the status bar tells about a page and its loads.
 namespace LoadWords {
+
+/// A load has begun, and nothing of it has come.
+inline constexpr TextView kBegun = u"Connecting...";
+/// The page's process has ended by itself.
+inline constexpr TextView kDied = u"The page has stopped working.";
+
+/// Where a link leads that is pointed at; empty for none. `address` is encoded, so that nothing can hide in it.
+[[nodiscard]] Text Link(TextView address);
 
 /// How a load has ended, for the status bar: `host` is where it was to come from, `status` the server's number for an
 /// answer. Empty when there is nothing to tell.

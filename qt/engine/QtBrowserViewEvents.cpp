@@ -1,4 +1,3 @@
-#include "base/PlainText.h"
 #include "qt/base/QtEngineVersions.h"
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
@@ -16,11 +15,8 @@
 
 namespace {
 
-/// Units of an address that anybody reads.
-constexpr std::size_t kHoveredUnits = 1000;
-
 // The engine tells a link decoded, for people; what they are to judge it by is the form that nothing can hide in.
-Text HoveredLink(const QString& link) { return PlainLine(QtAddress::Shown(QUrl(link)), kHoveredUnits); }
+Text HoveredLink(const QString& link) { return LoadWords::Link(QtAddress::Shown(QUrl(link))); }
 
 // A page of the host's own, whatever it says.
 bool IsOfHost(const QWebEngineLoadingInfo& info) {
@@ -89,7 +85,7 @@ void QtBrowserView::NoteVisit(const QUrl& url) {
 
 void QtBrowserView::OnLoadStarted() {
     m_loading = m_awaitsEnd = true;
-    m_events.StatusTextChange(m_index, u"Connecting...");
+    m_events.StatusTextChange(m_index, LoadWords::kBegun);
     m_events.DownloadBegin(m_index);
 }
 
@@ -255,7 +251,7 @@ void QtBrowserView::OpenPopup(TextView address) {
 void QtBrowserView::OnRendererGone() {
     m_loading = m_awaitsEnd = false;
     m_engine.EndNavigation(m_index);
-    m_events.StatusTextChange(m_index, u"The page has stopped working.");
+    m_events.StatusTextChange(m_index, LoadWords::kDied);
     m_events.DownloadComplete(m_index);
     m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());
 }

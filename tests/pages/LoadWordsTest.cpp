@@ -37,4 +37,17 @@ TEST(LoadWordsTest, AHostCannotPushTheWordsAway) {
     EXPECT_EQ(EndedFrom(LoadEnd::NoHost, 0, Text(250, u'x')), std::string(60, 'x') + "... could not be found.");
 }
 
+TEST(LoadWordsTest, ALoadBeginsAndAPageDiesInWords) {
+    EXPECT_EQ(ToUtf8(LoadWords::kBegun), "Connecting...");
+    EXPECT_EQ(ToUtf8(LoadWords::kDied), "The page has stopped working.");
+}
+
+TEST(LoadWordsTest, ALinkIsAPlainLineOfBoundedLength) {
+    EXPECT_EQ(LoadWords::Link(u""), u"");
+    EXPECT_EQ(LoadWords::Link(u"https://a.example/%E2%80%AE"), u"https://a.example/%E2%80%AE");
+    EXPECT_EQ(LoadWords::Link(u"https://a.example/\u202Eb\nc"), u"https://a.example/ b c");
+    EXPECT_EQ(LoadWords::Link(Text(1000, u'x')), Text(1000, u'x'));
+    EXPECT_EQ(LoadWords::Link(Text(1001, u'x')), Text(1000, u'x') + u"...");
+}
+
 } // namespace
