@@ -61,7 +61,7 @@ bool MayFillIn(TextView field) {
 
 namespace MailAddress {
 
-bool IsMail(TextView address) { return Address::InSmallLetters(address.substr(0, kMailScheme.size())) == kMailScheme; }
+bool IsMail(TextView address) { return InSmallLetters(address.substr(0, kMailScheme.size())) == kMailScheme; }
 
 Text Encoded(TextView address) {
     if (auto link = LinkMail(address)) return *std::move(link);

@@ -19,8 +19,6 @@ bool Reaches(const CommandBar& bar, TextView from, const Band& band, std::set<Te
            });
 }
 
-bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-
 } // namespace
 
 namespace BandRules {
@@ -56,7 +54,7 @@ Text CleanCaption(TextView caption) {
         if (!control && (unit != u' ' || !clean.empty())) clean += unit;
     }
     if (clean.size() > kLongestCaption) clean.resize(kLongestCaption);
-    if (!clean.empty() && IsHighSurrogate(clean.back())) clean.pop_back();
+    DropHalf(clean);
     while (!clean.empty() && clean.back() == u' ') clean.pop_back();
     return clean;
 }

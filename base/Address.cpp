@@ -11,8 +11,6 @@ constexpr std::array kHostSchemes{TextView(u"http"), TextView(u"https"), TextVie
                                   TextView(u"wss")};
 constexpr TextView kSourcePrefix = u"view-source:";
 
-char16_t SmallLetter(char16_t unit) { return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 0x20) : unit; }
-
 bool IsBlank(char16_t unit) {
     return unit <= 0x20 || (unit >= 0x7F && unit <= 0xA0) || unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200A) ||
            unit == 0x2028 || unit == 0x2029 || unit == 0x202F || unit == 0x205F || unit == 0x3000;
@@ -42,19 +40,9 @@ TextView AuthorityIn(TextView address) {
 
 namespace Address {
 
-TextView Trimmed(TextView text) {
-    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-    return text;
-}
+TextView Trimmed(TextView text) { return TrimmedOf(text, IsBlank); }
 
 bool ComesBack(TextView address) { return !address.starts_with(OwnAddresses::kPreviews); }
-
-Text InSmallLetters(TextView text) {
-    Text small(text);
-    std::ranges::transform(small, small.begin(), SmallLetter);
-    return small;
-}
 
 Text CaseFolded(TextView text) {
     Text folded = InSmallLetters(text);

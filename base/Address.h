@@ -16,10 +16,8 @@ inline constexpr TextView kBlank = u"about:blank";
 /// Whether what lies there can be had again at a later start. A print preview goes with its tab.
 [[nodiscard]] bool ComesBack(TextView address);
 
-/// The text with small letters for the capital ones that a scheme may have; others have no case there.
-[[nodiscard]] Text InSmallLetters(TextView text);
-
-/// The same as those read it who ignore the case of all letters: for them the long s is an s, and the Kelvin sign a k.
+/// The text in small letters, as those read it who ignore the case of all letters: for them the long s is an s, and the
+/// Kelvin sign a k.
 [[nodiscard]] Text CaseFolded(TextView text);
 
 /// What stands before the colon of an address, in small letters; empty without a colon.

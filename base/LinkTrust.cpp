@@ -32,7 +32,7 @@ constexpr std::array kTrustTable{
 constexpr TextView kShowsSource = u"view-source:";
 
 Text BareAddress(TextView address) {
-    Text bare = Address::InSmallLetters(Address::Trimmed(address));
+    Text bare = InSmallLetters(Address::Trimmed(address));
     std::erase_if(bare, [](char16_t unit) { return unit < 0x20; });
     return bare;
 }

@@ -16,12 +16,11 @@ constexpr std::array kUnseen{
     Range{0xFE00, 0xFE0F}, Range{0xFEFF, 0xFEFF}, Range{0xFFA0, 0xFFA0}, Range{0xFFF0, 0xFFFB},
 };
 
-bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-
 /// The text's first `most` units, but no half of a character.
 Text Cut(Text text, std::size_t most) {
     if (text.size() <= most) return text;
-    text.resize(most > 0 && IsHighSurrogate(text[most - 1]) ? most - 1 : most);
+    text.resize(most);
+    DropHalf(text);
     return text + u"...";
 }
 

@@ -84,12 +84,9 @@ void AppendUtf8(std::string& bytes, char32_t point) {
     }
 }
 
-bool IsHighSurrogateUnit(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
-bool IsLowSurrogateUnit(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
-
 // Appends the character at that place, U+FFFD for half a one. How many units it has.
 std::size_t AppendCharacter(std::string& bytes, TextView text, std::size_t at) {
-    const bool pair = IsHighSurrogateUnit(text[at]) && at + 1 < text.size() && IsLowSurrogateUnit(text[at + 1]);
+    const bool pair = IsHighSurrogate(text[at]) && at + 1 < text.size() && IsLowSurrogate(text[at + 1]);
     if (pair)
         AppendUtf8(bytes, 0x10000 + ((text[at] - 0xD800U) << 10) + (text[at + 1] - 0xDC00U));
     else
@@ -166,14 +163,24 @@ std::string PathToBytes(TextView path) {
 }
 
 bool IsUnpaired(TextView text, std::size_t at) {
-    if (IsHighSurrogateUnit(text[at])) return at + 1 == text.size() || !IsLowSurrogateUnit(text[at + 1]);
-    return IsLowSurrogateUnit(text[at]) && (at == 0 || !IsHighSurrogateUnit(text[at - 1]));
+    if (IsHighSurrogate(text[at])) return at + 1 == text.size() || !IsLowSurrogate(text[at + 1]);
+    return IsLowSurrogate(text[at]) && (at == 0 || !IsHighSurrogate(text[at - 1]));
+}
+
+void DropHalf(Text& text) {
+    if (!text.empty() && IsHighSurrogate(text.back())) text.pop_back();
 }
 
 TextView FirstUnits(TextView text, std::size_t most) {
     if (text.size() <= most) return text;
-    const bool halves = most > 0 && IsHighSurrogateUnit(text[most - 1]) && IsLowSurrogateUnit(text[most]);
+    const bool halves = most > 0 && IsHighSurrogate(text[most - 1]) && IsLowSurrogate(text[most]);
     return text.substr(0, halves ? most - 1 : most);
+}
+
+Text InSmallLetters(TextView text) {
+    Text small(text);
+    std::ranges::transform(small, small.begin(), SmallLetter);
+    return small;
 }
 
 Text Decimal(std::int64_t number) {

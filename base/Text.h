@@ -30,10 +30,29 @@ using TextView = std::u16string_view;
 /// The bytes that name a file on disk. Of what `PathFromBytes` gave, the bytes it was given; else like `ToUtf8`.
 [[nodiscard]] std::string PathToBytes(TextView path);
 
+/// The two units of a character beyond U+FFFF.
+[[nodiscard]] constexpr bool IsHighSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
+[[nodiscard]] constexpr bool IsLowSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
 /// Whether the unit at that place is a surrogate without its other half.
 [[nodiscard]] bool IsUnpaired(TextView text, std::size_t at);
+/// Drops a last unit that only begins a character, as a cut leaves it.
+void DropHalf(Text& text);
 /// The first `most` units, or one less where the cut would go through a character of two.
 [[nodiscard]] TextView FirstUnits(TextView text, std::size_t most);
+
+/// The text with small letters for the capital ones of ASCII; all others stay.
+[[nodiscard]] Text InSmallLetters(TextView text);
+[[nodiscard]] constexpr char16_t SmallLetter(char16_t unit) {
+    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 0x20) : unit;
+}
+
+/// The text, or the bytes, without those at both ends of which `isBlank` is true: what is blank differs with who reads.
+template<typename View, typename IsBlank>
+[[nodiscard]] constexpr View TrimmedOf(View text, IsBlank isBlank) {
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
 
 /// A whole number in decimal, without leading zeros.
 [[nodiscard]] Text Decimal(std::int64_t number);

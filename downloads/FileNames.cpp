@@ -1,5 +1,6 @@
 #include "downloads/FileNames.h"
 
+#include "base/Percent.h"
 #include "base/PlainText.h"
 
 #include <algorithm>
@@ -13,23 +14,14 @@ constexpr std::size_t kLongestEnding = 16;
 
 constexpr TextView kRefused = u"/\\:*?\"<>|";
 
-constexpr std::array kDevices{TextView(u"CON"), TextView(u"PRN"), TextView(u"AUX"), TextView(u"NUL")};
+constexpr std::array kDevices{TextView(u"con"), TextView(u"prn"), TextView(u"aux"), TextView(u"nul")};
 /// Files that say themselves what is started when they are opened.
 constexpr std::array kStarters{TextView(u".desktop"), TextView(u".lnk"), TextView(u".url"), TextView(u".scf"),
                                TextView(u".local")};
 
-char16_t Upper(char16_t unit) { return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit; }
-
-Text Upper(TextView text) {
-    Text upper(text);
-    std::ranges::transform(upper, upper.begin(), [](char16_t unit) { return Upper(unit); });
-    return upper;
-}
-
 /// Without what is refused at the beginning or the end of a name.
-Text Trimmed(const Text& name) {
-    const std::size_t first = name.find_first_not_of(u". ");
-    return first == Text::npos ? Text() : name.substr(first, name.find_last_not_of(u". ") + 1 - first);
+Text WithoutDots(TextView name) {
+    return Text(TrimmedOf(name, [](char16_t unit) { return unit == u'.' || unit == u' '; }));
 }
 
 Text Characters(TextView suggested) {
@@ -50,14 +42,14 @@ std::size_t EndingOf(TextView name) {
 }
 
 bool IsDevice(TextView name) {
-    const Text stem = Trimmed(Upper(name.substr(0, name.find(u'.'))));
+    const Text stem = WithoutDots(InSmallLetters(name.substr(0, name.find(u'.'))));
     if (std::ranges::find(kDevices, stem) != kDevices.end()) return true;
-    const bool numbered = stem.size() == 4 && (stem.starts_with(u"COM") || stem.starts_with(u"LPT"));
+    const bool numbered = stem.size() == 4 && (stem.starts_with(u"com") || stem.starts_with(u"lpt"));
     return numbered && stem[3] >= u'1' && stem[3] <= u'9';
 }
 
 bool IsStarter(TextView name) {
-    return std::ranges::any_of(kStarters, [&](TextView ending) { return Upper(name).ends_with(Upper(ending)); });
+    return std::ranges::any_of(kStarters, [&](TextView ending) { return InSmallLetters(name).ends_with(ending); });
 }
 
 std::size_t Bytes(TextView text) { return ToUtf8(text).size(); }
@@ -69,32 +61,14 @@ Text Shortened(const Text& name) {
     Text stem = name.substr(0, ending);
     const Text kept = name.substr(ending);
     while (!stem.empty() && Bytes(stem) + Bytes(kept) > kLongestNameBytes) stem.pop_back();
-    if (!stem.empty() && stem.back() >= 0xD800 && stem.back() <= 0xDBFF) stem.pop_back();
-    return Trimmed(stem) + kept;
-}
-
-int HexDigit(char digit) {
-    if (digit >= '0' && digit <= '9') return digit - '0';
-    const char lower = static_cast<char>(digit | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-std::string Decoded(const std::string& text) {
-    std::string bytes;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool escape = text[i] == '%' && i + 2 < text.size();
-        const int high = escape ? HexDigit(text[i + 1]) : -1;
-        const int low = escape ? HexDigit(text[i + 2]) : -1;
-        bytes += high < 0 || low < 0 ? text[i] : static_cast<char>(high * 16 + low);
-        if (high >= 0 && low >= 0) i += 2;
-    }
-    return bytes;
+    DropHalf(stem);
+    return WithoutDots(stem) + kept;
 }
 
 } // namespace
 
 Text CleanFileName(TextView suggested) {
-    Text name = Shortened(Trimmed(Characters(suggested)));
+    Text name = Shortened(WithoutDots(Characters(suggested)));
     if (name.empty()) return u"download";
     if (IsDevice(name)) name.insert(0, 1, u'_');
     if (IsStarter(name)) name += u".download";
@@ -108,7 +82,7 @@ Text FileNameOfAddress(TextView address) {
     address = address.substr(0, address.find_first_of(u"?#"));
     const std::size_t host = address.find(u"//");
     if (host != TextView::npos) address = address.substr(std::min(address.find(u'/', host + 2), address.size()));
-    return CleanFileName(FromBytes(Decoded(ToUtf8(address.substr(address.rfind(u'/') + 1)))));
+    return CleanFileName(FromBytes(PercentDecoded(ToUtf8(address.substr(address.rfind(u'/') + 1)))));
 }
 
 Text FreeFileName(TextView name, const std::function<bool(TextView)>& taken) {

@@ -119,8 +119,7 @@ Text FileNameOf(TextView title) {
     name = begin == Text::npos ? Text(u"Page") : name.substr(begin);
     name = name.substr(0, name.find_last_not_of(u' ') + 1);
     while (ToUtf8(name).size() > kLongestNameBytes) name.pop_back();
-    // A character of two units is not to be halved.
-    if ((name.back() & 0xFC00) == 0xD800) name.pop_back();
+    DropHalf(name);
     return name;
 }
 

@@ -14,7 +14,7 @@ namespace UnshownAddresses {
 Text WhyNot(TextView address) {
     const std::size_t colon = address.find(u':');
     if (colon == TextView::npos) return {};
-    const Text scheme = Address::InSmallLetters(address.substr(0, colon));
+    const Text scheme = InSmallLetters(address.substr(0, colon));
     const TextView rest = address.substr(colon + 1);
     if (scheme.size() == 1)
         return u"There are no drives with letters on this computer. The path of a file begins with \"/\".";

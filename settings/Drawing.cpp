@@ -58,6 +58,6 @@ DrawingWay Drawing::Choose(const Machine& machine, SettingsStorageFactory& setti
 }
 
 bool Drawing::IsSoftware(TextView renderer) {
-    const Text name = Address::InSmallLetters(renderer);
+    const Text name = InSmallLetters(renderer);
     return std::ranges::any_of(kSoftwareRenderers, [&](TextView each) { return name.find(each) != Text::npos; });
 }

@@ -42,10 +42,7 @@ std::optional<std::int64_t> TakeExponent(TextView& rest) {
 }
 
 TextView WithoutBlanks(TextView text) {
-    constexpr TextView kBlanks = u" \t";
-    const auto first = text.find_first_not_of(kBlanks);
-    if (first == TextView::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+    return TrimmedOf(text, [](char16_t unit) { return unit == u' ' || unit == u'\t'; });
 }
 
 std::optional<DecimalNumber> Parse(TextView text) {

@@ -7,16 +7,12 @@ namespace {
 constexpr TextView kSection = u"[General]";
 constexpr TextView kHexDigits = u"0123456789ABCDEF";
 
-bool IsHigh(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
-bool IsLow(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
-
 // What UTF-8 cannot hold, what would end the line, and blanks at the ends that an editor would cut.
 bool NeedsNumber(TextView text, std::size_t at) {
     const char16_t unit = text[at];
     if (unit < u' ' || unit == 0x7F || unit == 0xFEFF) return true;
     if (unit == u' ') return at == 0 || at + 1 == text.size();
-    if (IsHigh(unit)) return at + 1 == text.size() || !IsLow(text[at + 1]);
-    return IsLow(unit) && (at == 0 || !IsHigh(text[at - 1]));
+    return IsUnpaired(text, at);
 }
 
 void AppendEscaped(Text& line, TextView text) {

@@ -9,10 +9,7 @@ constexpr std::int64_t kHour = 3600;
 constexpr std::array<std::int64_t, 4> kSince{kHour, 24 * kHour, 7 * 24 * kHour, 0};
 
 Text Trimmed(TextView text) {
-    const auto isBlank = [](char16_t each) { return each <= u' '; };
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-    return Text(text);
+    return Text(TrimmedOf(text, [](char16_t each) { return each <= u' '; }));
 }
 
 // Nothing for what is no port.

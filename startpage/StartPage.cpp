@@ -68,7 +68,7 @@ std::string Tile(TextView site) {
     unsigned sum = 0;
     for (const char16_t each : site) sum = sum * 31 + each;
     const Text name = PlainLine(site, kLongestName);
-    const std::size_t units = name.size() > 1 && (name.front() & 0xFC00U) == 0xD800U ? 2 : 1;
+    const std::size_t units = name.size() > 1 && IsHighSurrogate(name.front()) ? 2 : 1;
     const TextView letter = name.empty() ? TextView(u"?") : TextView(name).substr(0, units);
     return "<i class=\"t" + std::to_string(sum % 8) + "\" aria-hidden=\"true\">" + Escaped(letter) + "</i>";
 }

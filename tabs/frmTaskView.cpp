@@ -18,13 +18,6 @@ TextView StateOf(const PageLife* life, bool front) {
     return front ? u"In front" : u"In the background";
 }
 
-Text Folded(TextView text) {
-    Text folded(text);
-    for (char16_t& unit : folded)
-        if (unit >= u'A' && unit <= u'Z') unit = static_cast<char16_t>(unit - u'A' + u'a');
-    return folded;
-}
-
 } // namespace
 
 frmTaskView::frmTaskView(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {
@@ -123,7 +116,7 @@ void frmTaskView::Show() {
     const auto before = [column = column](const Row& a, const Row& b) {
         if (column == TaskColumn::Memory) return a.memory < b.memory;
         if (column == TaskColumn::Processor) return a.percent < b.percent;
-        return Folded(a.line.Cell(column)) < Folded(b.line.Cell(column));
+        return InSmallLetters(a.line.Cell(column)) < InSmallLetters(b.line.Cell(column));
     };
     // Equal ones keep the order of their tabs either way.
     std::ranges::stable_sort(rows, [&, descending = descending](const Row& a, const Row& b) {

@@ -18,11 +18,7 @@ constexpr std::size_t kLookAhead = 3;
 
 constexpr bool IsBlank(char byte) { return byte == ' ' || byte == '\t' || byte == '\v'; }
 
-std::string_view Trimmed(std::string_view text) {
-    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-    return text;
-}
+std::string_view Trimmed(std::string_view text) { return TrimmedOf(text, IsBlank); }
 
 std::string_view WithoutSpacesBehind(std::string_view text) {
     while (!text.empty() && text.back() == ' ') text.remove_suffix(1);

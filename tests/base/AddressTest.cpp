@@ -62,13 +62,7 @@ TEST(Address, BlanksAroundItAreNoneOfIt) {
     EXPECT_EQ(Address::Trimmed(u"\u200Ba\uFEFF"), u"\u200Ba\uFEFF");
 }
 
-TEST(Address, OnlyTheLettersOfASchemeBecomeSmall) {
-    EXPECT_EQ(Address::InSmallLetters(u"AZaz@[`{09:\u00C4\u0130"), u"azaz@[`{09:\u00C4\u0130");
-    EXPECT_EQ(Address::InSmallLetters(u""), u"");
-}
-
 TEST(Address, LettersOfOtherScriptsThatFoldIntoAsciiAreFolded) {
-    EXPECT_EQ(Address::InSmallLetters(u"JAVA\u017F\u212AZ\u00C4"), u"java\u017F\u212Az\u00C4");
     EXPECT_EQ(Address::CaseFolded(u"JAVA\u017F\u212AZ\u00C4"), u"javaskz\u00C4");
 }
 

@@ -89,4 +89,38 @@ TEST(Text, WholeNumbersStayInTheir32BitRange) {
     EXPECT_FALSE(WholeNumber(u"99999999999999999999999999"));
 }
 
+TEST(Text, OnlyCapitalLettersOfAsciiBecomeSmall) {
+    EXPECT_EQ(InSmallLetters(u"AZaz@[`{09:\u00C4\u0130"), u"azaz@[`{09:\u00C4\u0130");
+    EXPECT_EQ(InSmallLetters(u""), u"");
+}
+
+TEST(Text, HalfACharacterAtTheEndIsDropped) {
+    for (const auto& [text, whole] : {
+             std::pair(Text{u'a', char16_t{0xD83D}}, Text(u"a")),
+             std::pair(Text(u"a\U0001F600"), Text(u"a\U0001F600")),
+             std::pair(Text{u'a', char16_t{0xDE00}}, Text{u'a', char16_t{0xDE00}}), // the second half of none
+             std::pair(Text{char16_t{0xDBFF}}, Text()),
+             std::pair(Text{char16_t{0xD800}, char16_t{0xD800}}, Text{char16_t{0xD800}}),
+             std::pair(Text(), Text()),
+         }) {
+        Text cut = text;
+        DropHalf(cut);
+        EXPECT_EQ(cut, whole);
+    }
+}
+
+TEST(Text, SurrogatesAreToldApart) {
+    for (const char16_t high : {0xD800, 0xDBFF}) EXPECT_TRUE(IsHighSurrogate(high) && !IsLowSurrogate(high));
+    for (const char16_t low : {0xDC00, 0xDFFF}) EXPECT_TRUE(IsLowSurrogate(low) && !IsHighSurrogate(low));
+    for (const char16_t other : {0xD7FF, 0xE000}) EXPECT_FALSE(IsLowSurrogate(other) || IsHighSurrogate(other));
+}
+
+TEST(Text, OnlyItsEndsAreTrimmed) {
+    const auto isStar = [](auto each) { return each == '*'; };
+    EXPECT_EQ(TrimmedOf(TextView(u"**a*b*"), isStar), u"a*b");
+    EXPECT_EQ(TrimmedOf(TextView(u"**"), isStar), u"");
+    EXPECT_EQ(TrimmedOf(std::string_view(), isStar), "");
+    EXPECT_EQ(TrimmedOf(std::string_view("a "), isStar), "a ");
+}
+
 } // namespace
