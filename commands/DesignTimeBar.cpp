@@ -1,6 +1,7 @@
 #include "commands/DesignTimeBar.h"
 
 #include "address/Endpoints.h"
+#include "base/Captions.h"
 #include "commands/ToolNames.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "commands/PageMenuEntries.h"
 
+#include "base/Captions.h"
 #include "base/PlainText.h"
 #include "commands/ToolNames.h"
 #include "pages/LinkRules.h"

@@ -1,6 +1,7 @@
 #include "commands/Services.h"
 
 #include "address/Endpoints.h"
+#include "base/Captions.h"
 #include "base/Percent.h"
 #include "commands/ToolNames.h"
 

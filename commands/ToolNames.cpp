@@ -297,26 +297,6 @@ constexpr std::array kOthers{
 
 } // namespace
 
-Text EscapedCaption(TextView text) {
-    Text caption;
-    for (const char16_t unit : text) caption.append(unit == u'&' ? 2 : 1, unit);
-    return caption;
-}
-
-Text PlainCaption(TextView caption) {
-    Text plain;
-    for (std::size_t i = 0; i < caption.size(); ++i) {
-        if (caption[i] == u'&' && ++i >= caption.size()) break;
-        plain += caption[i];
-    }
-    return plain;
-}
-
-Text WithoutAccessKey(TextView caption) {
-    Text plain = PlainCaption(caption);
-    return plain.ends_with(u"...") ? plain.substr(0, plain.size() - 3) : plain;
-}
-
 std::span<const ToolRow> DesignedTools() { return kDesigned; }
 std::span<const ToolRow> ShopLinks() { return kShop; }
 std::span<const ToolRow> FindLinks() { return kFind; }

@@ -22,10 +22,5 @@ struct ToolRow {
 [[nodiscard]] std::span<const ToolRow> OwnTools();
 /// The combinations of keys beside those that the main window handles itself.
 [[nodiscard]] std::span<const Shortcut> DesignedShortcuts();
-/// A text as a caption: nothing in it is an access key. And back.
-[[nodiscard]] Text EscapedCaption(TextView text);
-[[nodiscard]] Text PlainCaption(TextView caption);
 /// Combinations that the window, or whatever has the keyboard, answers without the bar; menus name them all the same.
 [[nodiscard]] std::span<const Shortcut> ShortcutsOfOthers();
-/// A caption as it reads: without access key and the dots that announce a dialog.
-[[nodiscard]] Text WithoutAccessKey(TextView caption);

@@ -1,5 +1,6 @@
 #include "qt/bar/QtToolBarsMenu.h"
 
+#include "base/Captions.h"
 #include "qt/base/QtText.h"
 
 #include <QAction>
@@ -9,7 +10,7 @@ namespace {
 
 void AddBand(QMenu& menu, CommandBar& bar, const Band& band) {
     // A caption of a band has no access key.
-    QAction* action = menu.addAction(ToQt(band.Caption()).replace(u'&', QStringLiteral("&&")));
+    QAction* action = menu.addAction(ToQt(EscapedCaption(band.Caption())));
     action->setObjectName(ToQt(band.Name()));
     action->setCheckable(true);
     action->setChecked(band.Visible());

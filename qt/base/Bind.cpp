@@ -1,5 +1,6 @@
 #include "qt/base/Bind.h"
 
+#include "base/Captions.h"
 #include "qt/base/QtText.h"
 
 #include <QCheckBox>
@@ -25,15 +26,7 @@ void FollowEnabled(Property<bool>& enabled, QWidget& widget) {
 }
 
 // What a person hears: the caption without access key marks.
-QString Spoken(const QString& caption, bool marked) {
-    if (!marked) return caption;
-    QString spoken;
-    for (qsizetype i = 0; i < caption.size(); ++i) {
-        if (caption[i] == u'&' && ++i == caption.size()) break;
-        spoken += caption[i];
-    }
-    return spoken;
-}
+QString Spoken(const QString& caption, bool marked) { return marked ? ToQt(PlainCaption(FromQt(caption))) : caption; }
 
 QString Shown(const QString& caption, QChar accessKey) {
     return accessKey.isNull() ? caption : WithAccessKey(caption, accessKey);
@@ -64,7 +57,7 @@ QString WithAccessKey(const QString& caption, QChar key) {
         if (at < 0 || beginsWord) at = i;
         if (beginsWord) break;
     }
-    const auto escaped = [](QString text) { return text.replace(u'&', QStringLiteral("&&")); };
+    const auto escaped = [](const QString& text) { return ToQt(EscapedCaption(FromQt(text))); };
     if (at < 0) return escaped(caption);
     return escaped(caption.left(at)) + u'&' + escaped(caption.mid(at));
 }

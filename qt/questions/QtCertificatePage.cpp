@@ -1,5 +1,6 @@
 #include "qt/questions/QtCertificatePage.h"
 
+#include "base/Captions.h"
 #include "pages/Certificates.h"
 #include "qt/base/QtAnswerGuard.h"
 #include "qt/base/QtText.h"
@@ -80,8 +81,7 @@ void QtCertificatePage::AddButtons(QVBoxLayout& column, const RefusedCertificate
     connect(m_back, &QPushButton::clicked, this, [this] { GoBack(); });
     row->addStretch(1);
     if (certificate.MayGoOn) {
-        QString host = ToQt(certificate.Host);
-        auto* goOn = new QPushButton(QStringLiteral("&Go on to %1").arg(host.replace(u'&', QStringLiteral("&&"))));
+        auto* goOn = new QPushButton(QStringLiteral("&Go on to %1").arg(ToQt(EscapedCaption(certificate.Host))));
         goOn->setObjectName(QStringLiteral("cmdGoOn"));
         row->addWidget(goOn);
         connect(goOn, &QPushButton::clicked, this, [this] { GoOn(); });

@@ -20,4 +20,18 @@ TEST(Captions, OneLineMarksWhatIsNoTextInTheNameOfAFile) {
 
 TEST(Captions, AMenuCaptionHasNoAccessKeyOfTheNames) { EXPECT_EQ(MenuCaption(u"R&D && x\t"), u"R&&D &&&& x\uFFFD"); }
 
+TEST(Captions, ATextComesBackFromItsCaption) {
+    for (const TextView text : {u"", u"&", u"R&D && x", u"a&", u"a\tb"})
+        EXPECT_EQ(PlainCaption(EscapedCaption(text)), text) << ToUtf8(text);
+    EXPECT_EQ(EscapedCaption(u"R&D\t"), u"R&&D\t");
+}
+
+TEST(Captions, ACaptionReadsWithoutItsMarks) {
+    EXPECT_EQ(PlainCaption(u"Save &As..."), u"Save As...");
+    EXPECT_EQ(PlainCaption(u"R&&D&"), u"R&D") << "a mark of nothing";
+    EXPECT_EQ(WithoutAccessKey(u"Save &As..."), u"Save As");
+    EXPECT_EQ(WithoutAccessKey(u"E&xit"), u"Exit");
+    EXPECT_EQ(WithoutAccessKey(u"..."), u"");
+}
+
 } // namespace

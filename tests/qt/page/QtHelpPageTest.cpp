@@ -1,3 +1,4 @@
+#include "base/Captions.h"
 #include "commands/DesignTimeBar.h"
 #include "commands/ToolNames.h"
 #include "pages/InstanceProfiles.h"
