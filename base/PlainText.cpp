@@ -30,6 +30,12 @@ bool IsUnseen(char16_t unit) {
     return std::ranges::any_of(kUnseen, [unit](const Range& each) { return unit >= each.first && unit <= each.last; });
 }
 
+std::string WithoutControls(std::string bytes) {
+    std::ranges::replace_if(
+        bytes, [](char each) { return static_cast<unsigned char>(each) < ' '; }, ' ');
+    return bytes;
+}
+
 Text PlainLine(TextView text, std::size_t most) {
     Text line;
     bool blank = false;

@@ -10,6 +10,9 @@
 /// of lines, characters without width.
 [[nodiscard]] bool IsUnseen(char16_t unit);
 
+/// The bytes with a blank for each control character of ASCII, which would end a line or a field of a file.
+[[nodiscard]] std::string WithoutControls(std::string bytes);
+
 /// One line of at most `most` units; what controls the text becomes a blank, runs of blanks one. A text that is cut
 /// ends in "...", which comes on top.
 [[nodiscard]] Text PlainLine(TextView text, std::size_t most);

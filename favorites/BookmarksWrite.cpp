@@ -1,3 +1,4 @@
+#include "base/Html.h"
 #include "favorites/Bookmarks.h"
 #include "favorites/FavoriteFiles.h"
 
@@ -8,38 +9,16 @@ namespace {
 
 constexpr std::size_t kDeepestWritten = 64;
 
-std::string Escaped(TextView text) {
-    std::string html;
-    for (const char byte : ToUtf8(text)) {
-        switch (byte) {
-        case '&':
-            html += "&amp;";
-            break;
-        case '<':
-            html += "&lt;";
-            break;
-        case '>':
-            html += "&gt;";
-            break;
-        case '"':
-            html += "&quot;";
-            break;
-        default:
-            html += byte;
-        }
-    }
-    return html;
-}
-
 void WriteList(std::string& html, const BookmarkFolder& folder, const std::string& indent) {
     const std::string inner = indent + "    ";
     html += indent + "<DL><p>\n";
     for (const BookmarkFolder& each : folder.Folders) {
-        html += inner + "<DT><H3>" + Escaped(each.Name) + "</H3>\n";
+        html += inner + "<DT><H3>" + HtmlEscaped(ToUtf8(each.Name)) + "</H3>\n";
         WriteList(html, each, inner);
     }
     for (const Bookmark& each : folder.Links)
-        html += inner + "<DT><A HREF=\"" + Escaped(each.Address) + "\">" + Escaped(each.Title) + "</A>\n";
+        html += inner + "<DT><A HREF=\"" + HtmlEscaped(ToUtf8(each.Address)) + "\">" + HtmlEscaped(ToUtf8(each.Title)) +
+                "</A>\n";
     html += indent + "</DL><p>\n";
 }
 

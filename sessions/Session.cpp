@@ -3,8 +3,7 @@
 #include "base/Address.h"
 #include "base/Captions.h"
 #include "base/OwnAddresses.h"
-
-#include <algorithm>
+#include "base/PlainText.h"
 
 namespace {
 
@@ -12,13 +11,6 @@ constexpr std::string_view kHeader = "TessaView session 1";
 constexpr std::string_view kTime = "time=", kEnded = "ended=", kSettled = "settled=", kSelected = "selected=",
                            kBlanks = "blanks=";
 constexpr std::string_view kPage = "page=";
-
-std::string OneLineBytes(TextView text) {
-    std::string bytes = ToUtf8(text);
-    std::ranges::replace_if(
-        bytes, [](char each) { return static_cast<unsigned char>(each) < ' '; }, ' ');
-    return bytes;
-}
 
 std::int64_t Number(std::string_view digits) {
     std::int64_t number = 0;
@@ -79,7 +71,7 @@ std::string SessionBytes(const Session& session) {
     add(kSelected, std::to_string(session.Selected));
     if (session.Blanks > 0) add(kBlanks, std::to_string(session.Blanks));
     for (const SessionPage& page : session.Pages)
-        add(kPage, OneLineBytes(page.Address) + '\t' + OneLineBytes(page.Title));
+        add(kPage, WithoutControls(ToUtf8(page.Address)) + '\t' + WithoutControls(ToUtf8(page.Title)));
     return bytes + '\n';
 }
 

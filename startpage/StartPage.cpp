@@ -1,6 +1,7 @@
 #include "startpage/StartPage.h"
 
 #include "address/Endpoints.h"
+#include "base/Html.h"
 #include "base/OwnAddresses.h"
 #include "base/Percent.h"
 #include "base/PlainText.h"
@@ -26,31 +27,7 @@ constexpr std::string_view kPicture =
     R"(<path d="M12 33.500h13v17.500h-9a4 4 0 0 1-4-4z" fill="#6fb3f5"/>)"
     R"(<path d="M28 33.500h24v13.500a4 4 0 0 1-4 4H28z" fill="#ffb347"/></svg>)";
 
-std::string Escaped(TextView text) {
-    std::string all;
-    for (const char each : ToUtf8(text)) {
-        switch (each) {
-        case '&':
-            all += "&amp;";
-            break;
-        case '<':
-            all += "&lt;";
-            break;
-        case '>':
-            all += "&gt;";
-            break;
-        case '"':
-            all += "&quot;";
-            break;
-        case '\'':
-            all += "&#39;";
-            break;
-        default:
-            all += static_cast<unsigned char>(each) < ' ' ? ' ' : each;
-        }
-    }
-    return all;
-}
+std::string Escaped(TextView text) { return HtmlEscaped(WithoutControls(ToUtf8(text))); }
 
 // Of an address what a person knows the site by.
 Text SiteOf(TextView address) {

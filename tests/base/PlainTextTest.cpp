@@ -31,4 +31,9 @@ TEST(PlainText, KeepsAFewLinesApart) {
     EXPECT_EQ(PlainLines(u"", 5, 10), u"");
 }
 
+TEST(PlainText, AControlCharacterEndsNoFieldOfAFile) {
+    EXPECT_EQ(WithoutControls("a\tb\r\nc\x1F d"), "a b  c  d");
+    EXPECT_EQ(WithoutControls("gr\xC3\xBC\xC3\x9F\x7F"), "gr\xC3\xBC\xC3\x9F\x7F");
+}
+
 } // namespace
