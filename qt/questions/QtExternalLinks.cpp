@@ -4,6 +4,7 @@
 #include "pages/UnshownAddresses.h"
 #include "qt/base/QtText.h"
 #include "qt/desktop/QtDesktopPrograms.h"
+#include "qt/page/QtMail.h"
 #include "qt/page/QtPage.h"
 #include "qt/questions/QtCovers.h"
 
@@ -129,7 +130,7 @@ bool QtExternalLinks::Take(const QUrl& url) {
         Tell(url, NotShown(url, why), user);
         return true;
     }
-    const bool external = url.scheme() == u"mailto" || ExternalSchemes::IsExternal(FromQt(url.scheme()));
+    const bool external = QtMail::IsMail(url) || ExternalSchemes::IsExternal(FromQt(url.scheme()));
     if (external) Open(url, user);
     return external;
 }
