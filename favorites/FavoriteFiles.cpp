@@ -2,8 +2,8 @@
 
 #include "base/ini/IniFile.h"
 #include "base/os/AtomicFile.h"
+#include "base/os/FreeNames.h"
 #include "favorites/Favorites.h"
-#include "favorites/FreeNames.h"
 
 #include <algorithm>
 #include <cerrno>

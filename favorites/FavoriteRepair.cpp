@@ -1,8 +1,8 @@
 #include "favorites/FavoriteRepair.h"
 
 #include "base/os/Folder.h"
+#include "base/os/FreeNames.h"
 #include "favorites/Favorites.h"
-#include "favorites/FreeNames.h"
 
 #include <cerrno>
 #include <fcntl.h>

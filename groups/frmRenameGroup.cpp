@@ -1,8 +1,8 @@
 #include "groups/frmRenameGroup.h"
 
 #include "base/Captions.h"
+#include "base/os/FreeNames.h"
 #include "favorites/FavoriteFiles.h"
-#include "favorites/FreeNames.h"
 #include "groups/TessaGroups.h"
 
 #include <cerrno>

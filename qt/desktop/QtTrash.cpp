@@ -1,6 +1,6 @@
 #include "qt/desktop/QtTrash.h"
 
-#include "favorites/FreeNames.h"
+#include "base/os/FreeNames.h"
 #include "qt/base/QtText.h"
 
 #include <QFile>

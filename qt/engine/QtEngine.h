@@ -1,5 +1,6 @@
 #pragma once
 #include "base/Signal.h"
+#include "base/os/IdleCores.h"
 #include "pages/Certificates.h"
 #include "pages/ExternalSchemes.h"
 #include "pages/MediaTarget.h"
@@ -9,7 +10,6 @@
 #include "qt/page/QtPageFullScreen.h"
 #include "qt/page/QtPageOutput.h"
 #include "qt/page/QtPersonInput.h"
-#include "tabs/IdleCores.h"
 #include "tabs/MemoryShortage.h"
 #include "tabs/NavigationQueue.h"
 

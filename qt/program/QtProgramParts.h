@@ -1,5 +1,6 @@
 #pragma once
 #include "base/Signal.h"
+#include "base/os/MemoryFiles.h"
 #include "pages/SitePermissions.h"
 #include "qt/bar/QtBarLook.h"
 #include "qt/bar/QtCommandBar.h"
@@ -46,7 +47,6 @@
 #include "qt/window/QtPageBars.h"
 #include "qt/window/QtSessionOffer.h"
 #include "qt/window/QtStatusBar.h"
-#include "tabs/MemoryFiles.h"
 #include "window/frmMain.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
+#include "base/os/MemoryFiles.h"
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
-#include "tabs/MemoryFiles.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 

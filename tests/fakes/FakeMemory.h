@@ -1,5 +1,5 @@
 #pragma once
-#include "platform/MemoryReader.h"
+#include "base/os/MemoryReader.h"
 #include "tabs/MemoryShortage.h"
 
 /// A machine of 4 GB that is as short of memory as the test says.

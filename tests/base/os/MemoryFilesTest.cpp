@@ -1,4 +1,4 @@
-#include "tabs/MemoryFiles.h"
+#include "base/os/MemoryFiles.h"
 
 #include "tests/fakes/TemporaryFolder.h"
 

@@ -1,4 +1,4 @@
-#include "tabs/IdleCores.h"
+#include "base/os/IdleCores.h"
 
 #include "base/os/ProcText.h"
 

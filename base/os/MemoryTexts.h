@@ -1,5 +1,5 @@
 #pragma once
-#include "platform/MemoryReader.h"
+#include "base/os/MemoryReader.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
-#include "platform/MemoryReader.h"
-#include "tabs/MemoryTexts.h"
+#include "base/os/MemoryReader.h"
+#include "base/os/MemoryTexts.h"
 
 #include <cstdint>
 #include <optional>

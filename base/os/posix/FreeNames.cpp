@@ -1,4 +1,4 @@
-#include "favorites/FreeNames.h"
+#include "base/os/FreeNames.h"
 
 #include "base/os/AtomicFile.h"
 

@@ -1,4 +1,4 @@
-#include "tabs/MemoryTexts.h"
+#include "base/os/MemoryTexts.h"
 
 #include "base/os/ProcText.h"
 
