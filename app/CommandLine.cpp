@@ -2,10 +2,9 @@
 
 #include "base/Percent.h"
 #include "base/Version.h"
+#include "base/os/Paths.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace {
 
@@ -54,8 +53,7 @@ std::string ValueOf(const CommandLine::Arguments& arguments, const std::string& 
 
 // Whether the text is a path from the folder in which the program was started; any other instance is in another.
 bool IsFileHere(const std::string& text) {
-    std::error_code unknown;
-    return !text.starts_with('/') && text.find(':') == std::string::npos && std::filesystem::exists(text, unknown);
+    return !IsAbsolute(text) && text.find(':') == std::string::npos && LeadsSomewhere(text);
 }
 
 } // namespace
@@ -85,7 +83,7 @@ Text AsText(const Arguments& arguments) {
     const bool local = all.starts_with(std::string(kFileScheme) + "/");
     if (local && all.ends_with(kGroupExtension)) all = PercentDecoded(std::string_view(all).substr(kFileScheme.size()));
     if (all.ends_with(kGroupExtension)) return PathFromBytes(all);
-    return IsFileHere(all) ? PathFromBytes(std::filesystem::absolute(all).string()) : FromBytes(all);
+    return IsFileHere(all) ? PathFromBytes(AbsolutePath(all)) : FromBytes(all);
 }
 
 } // namespace CommandLine

@@ -1,9 +1,10 @@
 #include "base/Html.h"
+#include "base/os/Paths.h"
 #include "favorites/Bookmarks.h"
 #include "favorites/FavoriteFiles.h"
 
-#include <filesystem>
 #include <set>
+#include <string>
 
 namespace {
 
@@ -22,13 +23,12 @@ void WriteList(std::string& html, const BookmarkFolder& folder, const std::strin
     html += indent + "</DL><p>\n";
 }
 
-using Visited = std::set<std::filesystem::path>;
+using Visited = std::set<std::string>;
 
 BookmarkFolder Collect(TextView folder, Visited& above) {
     BookmarkFolder all;
-    std::error_code failed;
-    const auto real = std::filesystem::canonical(PathToBytes(folder), failed);
-    if (failed || above.size() >= kDeepestWritten || !above.insert(real).second) return all;
+    const auto real = RealPath(PathToBytes(folder));
+    if (!real || above.size() >= kDeepestWritten || !above.insert(*real).second) return all;
     for (const Favorites::Item& item : Favorites::Items(folder)) {
         if (!item.IsFolder) {
             all.Links.push_back({item.Title, item.Address});
@@ -37,7 +37,7 @@ BookmarkFolder Collect(TextView folder, Visited& above) {
             all.Folders.back().Name = item.Title;
         }
     }
-    above.erase(real);
+    above.erase(*real);
     return all;
 }
 

@@ -1,15 +1,15 @@
 #include "favorites/FavoriteFiles.h"
 
+#include "base/ResumeNext.h"
 #include "base/ini/IniFile.h"
 #include "base/os/AtomicFile.h"
+#include "base/os/Folder.h"
 #include "base/os/FreeNames.h"
+#include "base/os/Paths.h"
+#include "base/os/ProcessUse.h"
 #include "favorites/Favorites.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <filesystem>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -39,9 +39,9 @@ std::optional<Text> TakeFree(const Text& folder, const Text& name, TextView endi
     for (int number = 1; number < kMostNumbers; ++number) {
         const Text counted = number == 1 ? name : name + u" (" + Decimal(number) + u")";
         Text path = folder + u"/" + counted + Text(ending);
-        const int error = take(PathToBytes(path));
-        if (error == 0) return path;
-        if (error != EEXIST) return std::nullopt;
+        const Named named = take(PathToBytes(path));
+        if (named == Named::Done) return path;
+        if (named == Named::Failed) return std::nullopt;
     }
     return std::nullopt;
 }
@@ -77,10 +77,7 @@ void Add(std::vector<Favorites::Item>& items, const CKeyValues& folders) {
 
 namespace Favorites {
 
-bool IsFolder(TextView path) {
-    std::error_code failed;
-    return std::filesystem::is_directory(PathToBytes(path), failed);
-}
+bool IsFolder(TextView path) { return ::IsFolder(PathToBytes(path)); }
 
 std::vector<Item> Items(TextView folder) {
     const Listing listing = List(folder);
@@ -124,20 +121,17 @@ Text FileNameOf(TextView title) {
 }
 
 std::optional<Text> AddShortcut(TextView folder, TextView title, TextView address) {
-    std::error_code failed;
-    std::filesystem::create_directories(PathToBytes(folder), failed);
-    const Text written = Text(folder) + u"/.tessaview-new-" + Decimal(::getpid());
+    MakeFolders(PathToBytes(folder));
+    const Text written = Text(folder) + u"/.tessaview-new-" + Decimal(ThisProcess());
     if (WriteWholeFile(PathToBytes(written), ShortcutBytes({}, address)) != Outcome::Done) return std::nullopt;
     auto added = MoveTo(written, Text(folder), FileNameOf(title), kEnding);
-    if (!added) ::unlink(PathToBytes(written).c_str());
+    if (!added) ResumeNext(RemoveEntry(PathToBytes(written)));
     return added;
 }
 
 std::optional<Text> MakeFolder(TextView parent, TextView name) {
-    std::error_code failed;
-    std::filesystem::create_directories(PathToBytes(parent), failed);
-    return TakeFree(Text(parent), FileNameOf(name), u"",
-                    [](const std::string& path) { return ::mkdir(path.c_str(), 0777) == 0 ? 0 : errno; });
+    MakeFolders(PathToBytes(parent));
+    return TakeFree(Text(parent), FileNameOf(name), u"", MakeNewFolder);
 }
 
 std::optional<Text> Rename(TextView path, TextView title) {
@@ -160,10 +154,6 @@ Outcome SetAddress(TextView path, TextView address) {
     return WriteWholeFile(file, ShortcutBytes(*bytes, address));
 }
 
-Outcome Delete(TextView path) {
-    std::error_code failed;
-    const auto gone = std::filesystem::remove_all(PathToBytes(path), failed);
-    return !failed && gone > 0 && gone != static_cast<std::uintmax_t>(-1) ? Outcome::Done : Outcome::Failed;
-}
+Outcome Delete(TextView path) { return RemoveTree(PathToBytes(path)); }
 
 } // namespace Favorites

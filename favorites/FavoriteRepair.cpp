@@ -2,55 +2,29 @@
 
 #include "base/os/Folder.h"
 #include "base/os/FreeNames.h"
+#include "base/os/Paths.h"
 #include "favorites/Favorites.h"
 
-#include <cerrno>
-#include <fcntl.h>
-#include <filesystem>
 #include <functional>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr int kMostNamesTried = 1000;
 
-enum class Lies { Nothing, Folder, Other };
-
-Lies WhatLiesAt(const std::string& path) {
-    struct stat facts {};
-    if (::lstat(path.c_str(), &facts) != 0) return Lies::Nothing;
-    return ::stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode) ? Lies::Folder : Lies::Other;
-}
-
-bool IsLink(const std::string& path) {
-    struct stat facts {};
-    return ::lstat(path.c_str(), &facts) == 0 && S_ISLNK(facts.st_mode);
-}
-
-bool Allows(const std::string& path, int rights) {
-    return ::faccessat(AT_FDCWD, path.c_str(), rights, AT_EACCESS) == 0;
-}
-
-bool CanUse(const std::string& folder) {
-    return WhatLiesAt(folder) == Lies::Folder && Allows(folder, R_OK | W_OK | X_OK);
-}
-
 /// The path itself, or the nearest above it where anything lies.
 std::string NearestPresent(const std::string& path) {
-    std::filesystem::path nearest(path);
-    while (WhatLiesAt(nearest.string()) == Lies::Nothing && nearest.has_relative_path())
-        nearest = nearest.parent_path();
-    return nearest.string();
+    std::string nearest = path;
+    while (WhatLiesAt(nearest) == Lies::Nothing && FolderAbove(nearest) != nearest) nearest = FolderAbove(nearest);
+    return nearest;
 }
 
 /// Gives a file or folder the first name that is free; its new path, empty when that failed.
 std::string RenameToFirstFree(const std::string& from, const std::function<std::string(int)>& name) {
     for (int number = 1; number <= kMostNamesTried; ++number) {
         std::string to = name(number);
-        const int error = RenameToFree(from, to);
-        if (error == 0) return to;
-        if (error != EEXIST) break;
+        const Named named = RenameToFree(from, to);
+        if (named == Named::Done) return to;
+        if (named == Named::Failed) break;
     }
     return {};
 }
@@ -59,13 +33,6 @@ std::string NumberAfterFirst(int number) { return number == 1 ? std::string() : 
 
 std::string SetAside(const std::string& path) {
     return RenameToFirstFree(path, [&](int number) { return path + " set aside" + NumberAfterFirst(number); });
-}
-
-/// True when the folder was closed to its owner, and is no more.
-bool OpenUp(const std::string& folder) {
-    struct stat facts {};
-    if (CanUse(folder) || ::stat(folder.c_str(), &facts) != 0) return false;
-    return ::chmod(folder.c_str(), (facts.st_mode & 07777) | S_IRWXU) == 0 && CanUse(folder);
 }
 
 /// Moves what is damaged in a tree of Favorites into one folder, which is made for the first of it.
@@ -87,7 +54,7 @@ private:
             if (entry.IsFolder) {
                 // What a link leads to belongs to somebody else, and may lead back to here.
                 if (IsLink(path)) continue;
-                OpenUp(path);
+                OpenUpFolder(path);
                 MoveFrom(path);
             } else if (EndsLike(entry.Name, ToUtf8(Favorites::kEnding)) && Favorites::ReadAddress(path).empty()) {
                 MoveOne(path);
@@ -96,11 +63,11 @@ private:
     }
 
     void MoveOne(const std::string& path) {
-        std::error_code failed;
-        std::filesystem::create_directory(m_damaged, failed);
-        const std::filesystem::path file(path);
-        const std::string to = m_damaged + "/" + file.stem().string();
-        const auto name = [&](int number) { return to + NumberAfterFirst(number) + file.extension().string(); };
+        MakeFolders(m_damaged);
+        const std::string file = LastNameOf(path);
+        const std::size_t ending = file.size() - Favorites::kEnding.size();
+        const std::string to = m_damaged + "/" + file.substr(0, ending);
+        const auto name = [&](int number) { return to + NumberAfterFirst(number) + file.substr(ending); };
         if (!RenameToFirstFree(path, name).empty()) ++m_moved;
     }
 
@@ -116,7 +83,7 @@ bool CanKeep(TextView folder) {
     if (folder.empty()) return false;
     const std::string path = PathToBytes(folder);
     const std::string nearest = NearestPresent(path);
-    return nearest == path ? CanUse(path) : WhatLiesAt(nearest) == Lies::Folder && Allows(nearest, W_OK | X_OK);
+    return nearest == path ? MayUseFolder(path) : MayAddTo(nearest);
 }
 
 Repaired Repair(TextView folder) {
@@ -126,13 +93,12 @@ Repaired Repair(TextView folder) {
     const std::string nearest = NearestPresent(path);
     if (WhatLiesAt(nearest) == Lies::Other) {
         const std::string aside = SetAside(nearest);
-        repaired.SetAside = PathFromBytes(std::filesystem::path(aside).filename().string());
+        repaired.SetAside = PathFromBytes(LastNameOf(aside));
     }
-    if (nearest != path) OpenUp(nearest);
-    std::error_code failed;
-    repaired.Made = std::filesystem::create_directories(path, failed);
-    repaired.Opened = OpenUp(path);
-    repaired.Works = CanUse(path);
+    if (nearest != path) OpenUpFolder(nearest);
+    repaired.Made = MakeFolders(path);
+    repaired.Opened = OpenUpFolder(path);
+    repaired.Works = MayUseFolder(path);
     if (repaired.Works) repaired.Damaged = DamagedEntries(path).Move();
     return repaired;
 }

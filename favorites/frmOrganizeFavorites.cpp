@@ -6,7 +6,6 @@
 #include "favorites/QuotedTitle.h"
 
 #include <algorithm>
-#include <filesystem>
 
 frmOrganizeFavorites::frmOrganizeFavorites(Text root, Outside outside)
     : m_root(std::move(root)), m_outside(std::move(outside)) {

@@ -3,10 +3,9 @@
 #include "base/Address.h"
 #include "base/Captions.h"
 #include "base/LinkTrust.h"
+#include "base/os/Paths.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace {
 
@@ -47,9 +46,7 @@ void GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
 }
 
 bool GroupCommands::IsOwnGroup(TextView group) const {
-    std::error_code unknown;
-    const auto folder = std::filesystem::path(PathToBytes(group)).parent_path();
-    return std::filesystem::equivalent(folder, PathToBytes(m_parts.groupFolder), unknown);
+    return IsSameFolder(FolderAbove(PathToBytes(group)), PathToBytes(m_parts.groupFolder));
 }
 
 bool GroupCommands::MayOpenMany(std::size_t count) const {

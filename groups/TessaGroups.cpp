@@ -2,10 +2,8 @@
 
 #include "base/Address.h"
 #include "base/os/AtomicFile.h"
+#include "base/os/Paths.h"
 #include "forms/TabStrip.h"
-
-#include <filesystem>
-#include <system_error>
 
 namespace {
 
@@ -27,8 +25,7 @@ std::string GroupBytes(const std::vector<TessaGroups::NumberedAddress>& addresse
 // A folder of that name is nothing to overwrite; writing will fail.
 bool HasGroup(TextView path) {
     const std::string file = PathToBytes(path);
-    std::error_code unknown;
-    return FileExists(file) && !std::filesystem::is_directory(file, unknown);
+    return FileExists(file) && !IsFolder(file);
 }
 
 std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, ViewArray& Browser, bool withPrivate) {

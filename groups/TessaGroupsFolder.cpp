@@ -4,28 +4,17 @@
 #include "groups/TessaGroups.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
-#include <system_error>
 #include <utility>
 
 namespace {
 
-// The folder is asked with a pattern, and patterns do not tell upper from lower case.
-bool IsGroupName(std::string_view name) {
-    return !name.starts_with('.') && EndsLike(name, ToUtf8(TessaGroups::kExtension));
-}
-
 std::vector<Text> GroupFiles(TextView folder) {
     std::vector<Text> names;
-    std::error_code failed;
-    const std::filesystem::directory_iterator end;
-    for (std::filesystem::directory_iterator at(PathToBytes(folder), failed); !failed && at != end;
-         at.increment(failed)) {
-        const std::string name = at->path().filename().string();
-        std::error_code unknown;
-        if (!IsGroupName(name) || !at->is_regular_file(unknown)) continue;
-        names.push_back(PathFromBytes(name));
+    for (const FolderEntry& entry : ListFolder(PathToBytes(folder))) {
+        // The folder is asked with a pattern, and patterns do not tell upper from lower case.
+        if (entry.IsFile && EndsLike(entry.Name, ToUtf8(TessaGroups::kExtension)))
+            names.push_back(PathFromBytes(entry.Name));
     }
     // Equal names keep the order in which they come, so that must be the same every time.
     std::ranges::sort(names);
@@ -43,10 +32,7 @@ CKeyValues List(TextView folder) {
     return groups;
 }
 
-Outcome Delete(TextView path) {
-    std::error_code failed;
-    return std::filesystem::remove(PathToBytes(path), failed) ? Outcome::Done : Outcome::Failed;
-}
+Outcome Delete(TextView path) { return RemoveEntry(PathToBytes(path)); }
 
 void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId) {
     constexpr TextView kMark = u"555-";

@@ -5,8 +5,6 @@
 #include "favorites/FavoriteFiles.h"
 #include "groups/TessaGroups.h"
 
-#include <cerrno>
-
 frmRenameGroup::frmRenameGroup(TextView path) : m_path(path) {
     m_name = path.substr(path.rfind(u'/') + 1);
     m_name.resize(m_name.size() - TessaGroups::kExtension.size());
@@ -27,10 +25,10 @@ void frmRenameGroup::cmdOK_Click() {
     const bool same = txtName.Value() == OneLine(m_name);
     const Text name = Favorites::FileNameOf(txtName.Value());
     const Text to = Favorites::FolderOf(m_path) + u"/" + name + Text(TessaGroups::kExtension);
-    const int error = same ? 0 : RenameToFree(PathToBytes(m_path), PathToBytes(to));
-    if (error != 0) {
-        lblMessage.Caption =
-            error == EEXIST ? u"There is a TessaGroup of that name already." : u"The TessaGroup could not be renamed.";
+    const Named named = same ? Named::Done : RenameToFree(PathToBytes(m_path), PathToBytes(to));
+    if (named != Named::Done) {
+        lblMessage.Caption = named == Named::Taken ? u"There is a TessaGroup of that name already."
+                                                   : u"The TessaGroup could not be renamed.";
         return;
     }
     if (!same) Renamed = name;

@@ -1,5 +1,6 @@
 #pragma once
 #include <chrono>
+#include <cstdint>
 #include <string>
 
 /// A lock that all processes share, held from construction until it is let go. The system gives it back when its
@@ -23,7 +24,7 @@ public:
     void LetGo();
 
 private:
-    int m_descriptor = -1;
+    std::intptr_t m_file = -1; ///< the system's number of the open file, -1 for none
     bool m_held = false;
     bool m_taken = false;
 };

@@ -1,5 +1,14 @@
 #pragma once
 #include <string>
 
-/// Renames a file or folder, but never over another: 0, or the number of the error, EEXIST when the name is taken.
-[[nodiscard]] int RenameToFree(const std::string& from, const std::string& to);
+/// How taking a name that must be free went.
+enum class Named {
+    Done,
+    Taken, ///< something of that name exists, and is untouched
+    Failed
+};
+
+/// Renames a file or folder, but never over another.
+[[nodiscard]] Named RenameToFree(const std::string& from, const std::string& to);
+/// Makes a folder, readable as the user's mask says.
+[[nodiscard]] Named MakeNewFolder(const std::string& path);

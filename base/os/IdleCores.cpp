@@ -3,7 +3,6 @@
 #include "base/os/ProcText.h"
 
 #include <array>
-#include <fstream>
 #include <utility>
 
 namespace {
@@ -13,6 +12,9 @@ constexpr std::string_view kAllCores = "cpu";
 constexpr std::array kCounts{false, true, false, true, true};
 
 } // namespace
+
+IdleCores::IdleCores(std::int64_t ticksPerSecond, const std::string& file)
+    : m_ticksPerSecond(ticksPerSecond), m_count([file] { return Ticks(ProcText::ReadFile(file)); }) {}
 
 std::optional<std::int64_t> IdleCores::Ticks(std::string_view stat) {
     const auto fields = ProcText::Fields(stat.substr(0, stat.find('\n')));
@@ -27,9 +29,7 @@ std::optional<std::int64_t> IdleCores::Ticks(std::string_view stat) {
 }
 
 std::optional<double> IdleCores::SinceLast(Time now) {
-    std::ifstream file(m_file);
-    std::string line;
-    const auto ticks = std::getline(file, line) ? Ticks(line) : std::nullopt;
+    const auto ticks = m_count();
     if (!ticks) return std::nullopt;
     const auto last = std::exchange(m_last, Count{now, *ticks});
     if (!last || now <= last->When || *ticks < last->Ticks) return std::nullopt;

@@ -1,6 +1,7 @@
 #pragma once
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,9 +12,10 @@ class IdleCores {
 public:
     using Time = std::chrono::milliseconds; ///< on any steady clock
 
-    /// `ticksPerSecond` is how the system counts, of each core.
-    explicit IdleCores(std::int64_t ticksPerSecond = 100, std::string file = "/proc/stat")
-        : m_ticksPerSecond(ticksPerSecond), m_file(std::move(file)) {}
+    /// Of this machine.
+    IdleCores();
+    /// By a text of Linux. `ticksPerSecond` is how it counts, of each core.
+    IdleCores(std::int64_t ticksPerSecond, const std::string& file);
 
     /// On the average since this was last asked; nothing the first time, when no time has gone by, and when the system
     /// does not tell.
@@ -28,6 +30,6 @@ private:
         std::int64_t Ticks;
     };
     std::int64_t m_ticksPerSecond;
-    std::string m_file;
+    std::function<std::optional<std::int64_t>()> m_count; ///< the idle ticks of all cores, ever
     std::optional<Count> m_last;
 };

@@ -1,6 +1,7 @@
 #pragma once
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -15,7 +16,7 @@ enum class Found {
 };
 
 /// Whether the process at the other end of a connection is one of this user's.
-[[nodiscard]] bool IsOurUser(int descriptor);
+[[nodiscard]] bool IsOurUser(std::intptr_t connection);
 
 /// What is at a path. Waits for nothing.
 [[nodiscard]] Found Look(const std::string& path);

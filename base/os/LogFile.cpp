@@ -1,13 +1,12 @@
 #include "base/os/LogFile.h"
 
+#include "base/os/AppendedFile.h"
 #include "base/os/AtomicFile.h"
 #include "base/os/FileLock.h"
 
 #include <array>
-#include <ctime>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <chrono>
+#include <cstdio>
 #include <utility>
 
 namespace {
@@ -19,11 +18,16 @@ constexpr std::array<std::string_view, 8> kPartWords{"program", "instances", "se
                                                      "files",   "engine",    "pages",    "desktop"};
 
 std::string TimeWords(std::int64_t seconds) {
-    const auto time = static_cast<std::time_t>(seconds);
-    std::tm parts{};
-    std::array<char, 32> words{};
-    if (!::gmtime_r(&time, &parts)) return "-";
-    return {words.data(), std::strftime(words.data(), words.size(), "%Y-%m-%dT%H:%M:%SZ", &parts)};
+    const std::chrono::sys_seconds time{std::chrono::seconds(seconds)};
+    const auto day = std::chrono::floor<std::chrono::days>(time);
+    const std::chrono::year_month_day date(day);
+    const std::chrono::hh_mm_ss clock(time - day);
+    std::array<char, 64> words{};
+    std::snprintf(words.data(), words.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ", static_cast<int>(date.year()),
+                  static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                  static_cast<int>(clock.seconds().count()));
+    return words.data();
 }
 
 // One line stays one, whatever it says.
@@ -73,26 +77,22 @@ void LogFile::PutRepeats() {
 void LogFile::Put(const std::string& line) {
     const std::string bytes = TimeWords(m_now()) + ' ' + line + '\n';
     MakeRoom(bytes.size());
-    const int file =
-        ::open(m_path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR);
-    if (file < 0) return;
-    ::fchmod(file, S_IRUSR | S_IWUSR);
-    (void)!::write(file, bytes.data(), bytes.size());
-    ::close(file);
+    AppendForUser(m_path, bytes);
 }
 
 void LogFile::MakeRoom(std::size_t bytes) const {
-    struct stat facts {};
-    if (::stat(m_path.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return;
-    const auto fits = [&] { return static_cast<std::size_t>(facts.st_size) + bytes <= kMostBytes - kRoomForOthers; };
+    const auto fits = [&] {
+        const auto size = FileSize(m_path);
+        return !size || *size + bytes <= kMostBytes - kRoomForOthers;
+    };
     if (fits()) return;
     const FileLock lock(m_path + ".lock", {});
     // Another instance makes room at this moment, or has just done so.
-    if (!lock.Held() || ::stat(m_path.c_str(), &facts) != 0 || fits()) return;
+    if (!lock.Held() || fits()) return;
     const std::string all = ReadWholeFile(m_path, kMostBytes).value_or(std::string());
     const std::size_t half = all.find('\n', all.size() / 2);
     // Where nothing can be replaced the log begins anew: it must not grow.
     if (WriteWholeFile(m_path, half == std::string::npos ? std::string_view() : std::string_view(all).substr(half + 1),
                        Readers::UserAlone) == Outcome::Failed)
-        (void)!::truncate(m_path.c_str(), 0);
+        EmptyFile(m_path);
 }

@@ -1,5 +1,7 @@
 #pragma once
 #include <cstdint>
+#include <memory>
+#include <string>
 #include <vector>
 
 /// How much memory a part of the machine may use: the machine itself, or a control group that the program runs in.
@@ -19,3 +21,7 @@ public:
     /// the least of them. Empty when the kernel tells nothing.
     [[nodiscard]] virtual std::vector<MemoryRoom> Read() = 0;
 };
+
+/// What reads the memory of this machine. Where `root` is not empty, the texts of Linux below that folder are read in
+/// place of what the system says.
+[[nodiscard]] std::unique_ptr<MemoryReader> SystemMemory(const std::string& root);

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <fstream>
-#include <iterator>
 
 namespace {
 
@@ -39,11 +37,6 @@ std::optional<std::int64_t> NumberAt(std::string_view text, std::string_view nam
         if (fields.size() >= 2 && fields[0] == name) return Number(fields[1]);
     }
     return std::nullopt;
-}
-
-std::string ReadFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 } // namespace ProcText

@@ -13,7 +13,12 @@ struct ProcessUse {
     friend bool operator==(const ProcessUse&, const ProcessUse&) = default;
 };
 
-/// Reads what processes use from the folder in which the system tells it.
+/// What the system says of a process; nothing when there is no such process, or it does not tell.
+[[nodiscard]] std::optional<ProcessUse> SystemProcessUse(std::int64_t process);
+/// The number of the process that asks.
+[[nodiscard]] std::int64_t ThisProcess();
+
+/// Reads what processes use from the folder in which Linux tells it.
 class ProcessReader {
 public:
     /// How the system counts.

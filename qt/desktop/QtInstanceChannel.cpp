@@ -81,7 +81,7 @@ void QtInstanceChannel::OnLooked(Instances allowed, bool running) {
 void QtInstanceChannel::OnConnection() {
     while (auto* sender = m_server->nextPendingConnection()) {
         QObject::connect(sender, &QLocalSocket::disconnected, sender, &QObject::deleteLater);
-        if (!LocalSocket::IsOurUser(static_cast<int>(sender->socketDescriptor()))) {
+        if (!LocalSocket::IsOurUser(sender->socketDescriptor())) {
             sender->abort();
             continue;
         }

@@ -22,7 +22,7 @@ Outcome QtTrash::Restore(TextView path) {
         std::find_if(m_taken.rbegin(), m_taken.rend(), [&](const Taken& each) { return each.path == path; });
     if (last == m_taken.rend() || last->place.isEmpty()) return Outcome::Failed;
     const QString place = last->place;
-    if (RenameToFree(QFile::encodeName(place).toStdString(), PathToBytes(path)) != 0) return Outcome::Failed;
+    if (RenameToFree(QFile::encodeName(place).toStdString(), PathToBytes(path)) != Named::Done) return Outcome::Failed;
     m_taken.erase(std::next(last).base());
     // Else the desktop would still list what is no longer there.
     const QFileInfo taken(place);

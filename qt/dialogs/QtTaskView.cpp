@@ -16,7 +16,6 @@
 #include <QVBoxLayout>
 #include <array>
 #include <chrono>
-#include <unistd.h>
 
 namespace {
 
@@ -186,8 +185,7 @@ bool QtTaskDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 QtTaskView::QtTaskView(frmTaskView& form, QWidget& window) : m_form(form), m_window(window) {
-    const ProcessReader reader({::sysconf(_SC_PAGESIZE), ::sysconf(_SC_CLK_TCK)});
-    m_form.ReadProcess = [reader](std::int64_t process) { return reader.Read(process); };
+    m_form.ReadProcess = SystemProcessUse;
     m_form.Now = [] {
         return std::chrono::duration_cast<std::chrono::milliseconds>(
             std::chrono::steady_clock::now().time_since_epoch());

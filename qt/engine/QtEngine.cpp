@@ -15,7 +15,6 @@
 #include <QUuid>
 #include <algorithm>
 #include <chrono>
-#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -29,8 +28,7 @@ QtEngine::QtEngine(QWidget* pageArea, QtInstanceProfile& ownProfile)
     : m_pageArea(pageArea),
       m_ownProfile(ownProfile),
       m_token(QUuid::createUuid().toString(QUuid::Id128)),
-      m_queue(static_cast<std::size_t>(std::max(QThread::idealThreadCount(), 1))),
-      m_idle(::sysconf(_SC_CLK_TCK)) {
+      m_queue(static_cast<std::size_t>(std::max(QThread::idealThreadCount(), 1))) {
     m_turn.setSingleShot(true);
     m_turn.callOnTimeout(this, [this] { Turn(); });
     m_clock.start();

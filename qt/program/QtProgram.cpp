@@ -142,7 +142,7 @@ void QtProgram::WireRelief() {
     m->relief.setSingleShot(true);
     m->relief.callOnTimeout([&relief] { relief.Look(); });
     relief.Schedule.ConnectForLife([this](TabSleep::Time time) { m->relief.start(time); });
-    relief.Memory = &m->memory;
+    relief.Memory = m->memory.get();
     relief.OthersWait = [this] { return m->engine.PagesWait(); };
     relief.Changed.ConnectForLife([this](Shortage level) { m->engine.SetShortage(level); });
 }

@@ -1,6 +1,6 @@
 #pragma once
 #include "base/Signal.h"
-#include "base/os/MemoryFiles.h"
+#include "base/os/MemoryReader.h"
 #include "pages/SitePermissions.h"
 #include "qt/bar/QtBarLook.h"
 #include "qt/bar/QtCommandBar.h"
@@ -105,7 +105,7 @@ struct QtProgramParts {
     QtDownloads downloads;
     QtNotifications notifications;
     // Tests say by files of their own what the kernel would say.
-    MemoryFiles memory{qgetenv("TESSAVIEW_MEMORY").toStdString()};
+    std::unique_ptr<MemoryReader> memory = SystemMemory(qgetenv("TESSAVIEW_MEMORY").toStdString());
     SitePermissions permissions{settings};
     QtLatinKeys latinKeys;
     QtMiddleClick middleClick;

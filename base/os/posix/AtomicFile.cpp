@@ -1,10 +1,11 @@
 #include "base/os/AtomicFile.h"
 
+#include "base/os/Paths.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/random.h>
@@ -46,26 +47,17 @@ bool WriteAll(const Descriptor& file, std::string_view bytes) {
     return ::fsync(file.Number()) == 0;
 }
 
-std::string Resolved(const std::string& path) {
-    char* real = ::realpath(path.c_str(), nullptr);
-    if (!real) return path;
-    std::string resolved(real);
-    std::free(real);
-    return resolved;
-}
+std::string Resolved(const std::string& path) { return RealPath(path).value_or(path); }
 
-std::string FolderOf(const std::string& path) {
-    const auto slash = path.rfind('/');
-    if (slash == std::string::npos) return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
+std::string FolderToOpen(const std::string& path) {
+    const std::string folder = FolderAbove(path);
+    return folder.empty() ? "." : folder;
 }
-
-std::string NameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 // Hidden, and with the file's own name, so that it is known whose it is when its writer is killed.
 std::string TemporaryStart(const std::string& target) {
-    const std::string name = NameOf(target);
-    return FolderOf(target) + "/." + (name.size() <= kLongestNameKept ? name : "") + std::string(kTemporary);
+    const std::string name = LastNameOf(target);
+    return FolderToOpen(target) + "/." + (name.size() <= kLongestNameKept ? name : "") + std::string(kTemporary);
 }
 
 std::string RandomLetters(int attempt) {
@@ -146,7 +138,7 @@ bool FileExists(const std::string& path) {
 
 bool FolderExists(const std::string& path) {
     struct stat facts {};
-    return ::stat(FolderOf(path).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+    return ::stat(FolderToOpen(path).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
 
 bool IsWritable(const std::string& path) {
@@ -166,7 +158,7 @@ Outcome WriteWholeFile(const std::string& path, std::string_view bytes, Readers 
         return exists && FolderRefuses(errno) ? WriteInPlace(target, bytes, facts.st_size) : Outcome::Failed;
     if (exists) KeepOwnerAndMode(file, facts, readers);
     if (WriteAll(file, bytes) && std::rename(temporary.c_str(), target.c_str()) == 0) {
-        FlushFolder(FolderOf(target));
+        FlushFolder(FolderToOpen(target));
         return Outcome::Done;
     }
     ::unlink(temporary.c_str());
@@ -186,9 +178,9 @@ Outcome TryWholeFile(const std::string& path, std::string_view bytes) {
 }
 
 void RemoveLeftovers(const std::string& path) {
-    const std::string start = NameOf(TemporaryStart(Resolved(path)));
+    const std::string start = LastNameOf(TemporaryStart(Resolved(path)));
     std::error_code failed;
-    std::filesystem::directory_iterator each(FolderOf(Resolved(path)), failed);
+    std::filesystem::directory_iterator each(FolderToOpen(Resolved(path)), failed);
     for (; !failed && each != std::filesystem::directory_iterator(); each.increment(failed)) {
         const std::string name = each->path().filename().string();
         if (name.starts_with(start) && name.size() == start.size() + kTemporaryLetters) ::unlink(each->path().c_str());

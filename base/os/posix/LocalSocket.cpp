@@ -101,10 +101,11 @@ std::optional<std::string> Hear(const Client& client, std::size_t longest, Clock
 
 namespace LocalSocket {
 
-bool IsOurUser(int descriptor) {
+bool IsOurUser(std::intptr_t connection) {
     ucred peer{};
     socklen_t size = sizeof peer;
-    return ::getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == ::geteuid();
+    return ::getsockopt(static_cast<int>(connection), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 &&
+           peer.uid == ::geteuid();
 }
 
 Found Look(const std::string& path) {
