@@ -119,11 +119,28 @@ bool NamesQt(const Include& include) {
     return include.as == Written::Angled && (std::regex_match(include.name, kQt) || std::regex_match(last, kQt));
 }
 
+/// Whether a header is of one system alone, or names files by bytes, which another system takes for another text.
+bool NamesTheSystem(const Include& include) {
+    static const std::regex kSystem(
+        "(sys|net|netinet|arpa|linux|asm|bits|mach)/.*"
+        "|(unistd|fcntl|dirent|poll|pwd|grp|dlfcn|spawn|pthread|sched|semaphore|signal|termios|time|errno|malloc|"
+        "wordexp"
+        "|glob|ftw|langinfo|locale|syslog|aclapi|direct|fileapi|io|process|psapi|sddl|share|shlobj|tchar|wchar)\\.h"
+        "|win[a-z0-9]*\\.h|c(errno|locale|signal|time)|filesystem|fstream");
+    return include.as == Written::Angled && std::regex_match(include.name, kSystem);
+}
+
+bool SpeaksToTheSystem(std::string_view path) {
+    return path.starts_with("base/os/posix/") || path.starts_with("base/os/windows/") || path == "app/main.cpp";
+}
+
 /// What is wrong with one #include of a file in `layer`; nothing when it is in order.
 std::optional<std::string> Complaint(const Layer& layer, const std::string& path, const Include& include) {
     const bool isMain = path == "app/main.cpp";
     if (include.as == Written::Macro) return path + " hides behind a macro what it includes: " + include.name;
     if (NamesQt(include) && IsOfCore(path) && !isMain) return path + " includes Qt: " + include.name;
+    if (NamesTheSystem(include) && IsOfCore(path) && !SpeaksToTheSystem(path))
+        return path + " includes the system: " + include.name;
     if (include.as == Written::Angled) return std::nullopt;
     if (include.name.find("..") != std::string::npos) return path + " climbs out of its folder: " + include.name;
     const Layer* target = RoomOf(include.name);
@@ -356,6 +373,18 @@ TEST(Layers, QtOutsideItsFolderIsFound) {
     EXPECT_EQ(Judge("tabs/X.cpp", "#include <QString>\n"), "tabs/X.cpp includes Qt: QString\n");
     EXPECT_EQ(Judge("tabs/X.cpp", "#include <QtCore/qglobal.h>\n"), "tabs/X.cpp includes Qt: QtCore/qglobal.h\n");
     EXPECT_EQ(Judge("tabs/X.cpp", "#include <qstring.h>\n"), "tabs/X.cpp includes Qt: qstring.h\n");
+}
+
+TEST(Layers, TheSystemOutsideItsFoldersIsFound) {
+    for (const std::string header :
+         {"unistd.h", "sys/stat.h", "windows.h", "winsock2.h", "filesystem", "fstream", "cerrno"})
+        EXPECT_EQ(Judge("base/os/X.cpp", "#include <" + header + ">\n"),
+                  "base/os/X.cpp includes the system: " + header + "\n");
+    EXPECT_EQ(Judge("tabs/X.h", "#include <dirent.h>\n"), "tabs/X.h includes the system: dirent.h\n");
+    EXPECT_EQ(Judge("base/os/posix/X.cpp", "#include <unistd.h>\n#include <filesystem>\n"), "");
+    EXPECT_EQ(Judge("base/os/windows/X.cpp", "#include <windows.h>\n"), "");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include <chrono>\n#include <thread>\n#include <cstdio>\n#include <mutex>\n"), "");
+    EXPECT_EQ(Judge("qt/page/X.cpp", "#include <unistd.h>\n"), "") << "Qt's side is of one desktop yet";
 }
 
 TEST(Layers, AWayAroundTheTableIsFound) {
