@@ -141,6 +141,8 @@ std::optional<std::string> Complaint(const Layer& layer, const std::string& path
     if (NamesQt(include) && IsOfCore(path) && !isMain) return path + " includes Qt: " + include.name;
     if (NamesTheSystem(include) && IsOfCore(path) && !SpeaksToTheSystem(path))
         return path + " includes the system: " + include.name;
+    if (include.name.starts_with("libxml/") && !path.starts_with("favorites/bookmarks/"))
+        return path + " includes libxml2: " + include.name;
     if (include.as == Written::Angled) return std::nullopt;
     if (include.name.find("..") != std::string::npos) return path + " climbs out of its folder: " + include.name;
     const Layer* target = RoomOf(include.name);
@@ -385,6 +387,12 @@ TEST(Layers, TheSystemOutsideItsFoldersIsFound) {
     EXPECT_EQ(Judge("base/os/windows/X.cpp", "#include <windows.h>\n"), "");
     EXPECT_EQ(Judge("tabs/X.cpp", "#include <chrono>\n#include <thread>\n#include <cstdio>\n#include <mutex>\n"), "");
     EXPECT_EQ(Judge("qt/page/X.cpp", "#include <unistd.h>\n"), "") << "Qt's side is of one desktop yet";
+}
+
+TEST(Layers, LibxmlOutsideItsFolderIsFound) {
+    EXPECT_EQ(Judge("favorites/bookmarks/X.cpp", "#include <libxml/HTMLparser.h>\n"), "");
+    EXPECT_EQ(Judge("favorites/X.cpp", "#include <libxml/tree.h>\n"),
+              "favorites/X.cpp includes libxml2: libxml/tree.h\n");
 }
 
 TEST(Layers, AWayAroundTheTableIsFound) {
