@@ -2,12 +2,13 @@
 
 #include "address/CabCombo.h"
 #include "address/Endpoints.h"
+#include "bar/ToolName.h"
 #include "base/Address.h"
 
 namespace {
 
-constexpr TextView kAddressBox = u"cboAddress";
-constexpr TextView kSearchBox = u"cboSearch";
+constexpr ToolName kAddressBox = u"cboAddress"_tool;
+constexpr ToolName kSearchBox = u"cboSearch"_tool;
 
 // Deliberate: only the presence of a dot is looked at, so an address that has its scheme gets the prefix as well.
 Text Completed(const Text& text) {

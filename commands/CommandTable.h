@@ -1,4 +1,5 @@
 #pragma once
+#include "bar/ToolName.h"
 #include "commands/CommandContext.h"
 
 #include <span>
@@ -11,7 +12,7 @@ using ViewEffect = void (*)(CommandContext&, BrowserView&);
 
 /// A tool's name and what a click on it does.
 struct Command {
-    TextView tool;
+    ToolName tool;
     std::variant<WindowEffect, ToolEffect, ViewEffect> effect;
     /// Whether the main window has what the command needs; nothing for a command that needs nothing.
     bool (*available)(const CommandHost&) = nullptr;

@@ -2,6 +2,7 @@
 
 #include "bar/BandRules.h"
 #include "bar/CommandBarLayout.h"
+#include "bar/ToolName.h"
 #include "commands/DesignTimeBar.h"
 
 #include <algorithm>
@@ -11,10 +12,10 @@
 namespace {
 
 constexpr std::int32_t kMostUserBands = 99;
-constexpr std::array kBuiltAtRunTime{TextView(u"bndFavorites"), TextView(u"bndTessaGroupsMenu")};
+constexpr std::array kBuiltAtRunTime{u"bndFavorites"_band, u"bndTessaGroupsMenu"_band};
 constexpr TextView kRunTimeBand = u"zz";
 // The master list spells the name otherwise than any command; the font menu's own tool is offered in its place.
-constexpr TextView kNoCommand = u"mnFontLarge";
+constexpr ToolName kNoCommand = u"mnFontLarge"_tool;
 
 bool IsOffered(const Tool& tool) { return !tool.Category.empty() && tool.Name() != kNoCommand; }
 
@@ -61,7 +62,8 @@ TextView KindWord(BandKind kind) {
 void Customization::Tell() const { Changed(); }
 
 bool Customization::MayArrange(const Band& band) {
-    return !TextView(band.Name()).starts_with(kRunTimeBand) && !std::ranges::count(kBuiltAtRunTime, band.Name());
+    return !TextView(band.Name()).starts_with(kRunTimeBand) &&
+           !std::ranges::count(kBuiltAtRunTime, TextView(band.Name()));
 }
 
 std::vector<Band*> Customization::Toolbars() const {

@@ -11,7 +11,7 @@
 namespace {
 
 struct BandRow {
-    TextView name;
+    BandName name;
     TextView caption;
     BandKind kind;
     Docking dock;
@@ -20,212 +20,212 @@ struct BandRow {
 constexpr Docking At(std::int32_t row, std::int32_t place) { return {DockSide::Top, row, place, {}, {}}; }
 
 constexpr std::array kBands{
-    BandRow{u"bndMenu", u"Menu Bar", BandKind::MenuBar, {}},
-    BandRow{u"bndFile", u"File", BandKind::Toolbar, At(1, 0)},
-    BandRow{u"bndNew", u"", BandKind::Menu, {}},
-    BandRow{u"bndGo", u"Go", BandKind::Toolbar, At(1, 1)},
-    BandRow{u"bndFileMenu", u"File", BandKind::Menu, {}},
-    BandRow{u"bndEditMenu", u"Edit", BandKind::Menu, {}},
-    BandRow{u"bndAddress", u"Address", BandKind::Toolbar, At(2, 0)},
-    BandRow{u"bndViewMenu", u"View", BandKind::Menu, {}},
-    BandRow{u"bndGoMenu", u"Go", BandKind::Menu, {}},
-    BandRow{u"bndFavorites", u"Favorites", BandKind::Menu, {}},
-    BandRow{u"bndTabPopup", u"Tab Popup", BandKind::Popup, {}},
-    BandRow{u"bndSearch", u"Search", BandKind::Toolbar, At(2, 1)},
-    BandRow{u"bndOptions", u"Options", BandKind::Menu, {}},
-    BandRow{u"bndHelpMenu", u"Help", BandKind::Menu, {}},
-    BandRow{u"bndTessaGroupsMenu", u"TessaGroups", BandKind::Menu, {}},
-    BandRow{u"bndMail", u"Mail", BandKind::Menu, {}},
-    BandRow{u"bndMisc", u"Misc", BandKind::Toolbar, At(1, 2)},
-    BandRow{u"bndFont", u"Font", BandKind::Menu, {}},
-    BandRow{u"bndShopMenu", u"Shop", BandKind::Menu, {}},
-    BandRow{u"bndFindLinks", u"Find", BandKind::Menu, {}},
+    BandRow{u"bndMenu"_band, u"Menu Bar", BandKind::MenuBar, {}},
+    BandRow{u"bndFile"_band, u"File", BandKind::Toolbar, At(1, 0)},
+    BandRow{u"bndNew"_band, u"", BandKind::Menu, {}},
+    BandRow{u"bndGo"_band, u"Go", BandKind::Toolbar, At(1, 1)},
+    BandRow{u"bndFileMenu"_band, u"File", BandKind::Menu, {}},
+    BandRow{u"bndEditMenu"_band, u"Edit", BandKind::Menu, {}},
+    BandRow{u"bndAddress"_band, u"Address", BandKind::Toolbar, At(2, 0)},
+    BandRow{u"bndViewMenu"_band, u"View", BandKind::Menu, {}},
+    BandRow{u"bndGoMenu"_band, u"Go", BandKind::Menu, {}},
+    BandRow{u"bndFavorites"_band, u"Favorites", BandKind::Menu, {}},
+    BandRow{u"bndTabPopup"_band, u"Tab Popup", BandKind::Popup, {}},
+    BandRow{u"bndSearch"_band, u"Search", BandKind::Toolbar, At(2, 1)},
+    BandRow{u"bndOptions"_band, u"Options", BandKind::Menu, {}},
+    BandRow{u"bndHelpMenu"_band, u"Help", BandKind::Menu, {}},
+    BandRow{u"bndTessaGroupsMenu"_band, u"TessaGroups", BandKind::Menu, {}},
+    BandRow{u"bndMail"_band, u"Mail", BandKind::Menu, {}},
+    BandRow{u"bndMisc"_band, u"Misc", BandKind::Toolbar, At(1, 2)},
+    BandRow{u"bndFont"_band, u"Font", BandKind::Menu, {}},
+    BandRow{u"bndShopMenu"_band, u"Shop", BandKind::Menu, {}},
+    BandRow{u"bndFindLinks"_band, u"Find", BandKind::Menu, {}},
     // Additions of our own, beside the product's bands.
-    BandRow{u"bndMore", u"More", BandKind::Toolbar, At(2, 2)},
-    BandRow{u"bndMoreMenu", u"More", BandKind::Menu, {}},
-    BandRow{u"bndTabMore", u"More for the Tab", BandKind::Menu, {}},
-    BandRow{u"bndMoreBookmarks", u"Import and Export", BandKind::Menu, {}},
-    BandRow{u"bndFavoriteFolder", u"Favorites Folder Popup", BandKind::Popup, {}},
-    BandRow{u"bndFavoriteLink", u"Favorites Link Popup", BandKind::Popup, {}},
-    BandRow{u"bndGroupEntry", u"TessaGroup Popup", BandKind::Popup, {}},
-    BandRow{u"bndNewTab", u"New Tab Popup", BandKind::Popup, {}},
+    BandRow{u"bndMore"_band, u"More", BandKind::Toolbar, At(2, 2)},
+    BandRow{u"bndMoreMenu"_band, u"More", BandKind::Menu, {}},
+    BandRow{u"bndTabMore"_band, u"More for the Tab", BandKind::Menu, {}},
+    BandRow{u"bndMoreBookmarks"_band, u"Import and Export", BandKind::Menu, {}},
+    BandRow{u"bndFavoriteFolder"_band, u"Favorites Folder Popup", BandKind::Popup, {}},
+    BandRow{u"bndFavoriteLink"_band, u"Favorites Link Popup", BandKind::Popup, {}},
+    BandRow{u"bndGroupEntry"_band, u"TessaGroup Popup", BandKind::Popup, {}},
+    BandRow{u"bndNewTab"_band, u"New Tab Popup", BandKind::Popup, {}},
 };
 
 /// A tool on a band.
 struct EntryRow {
-    TextView band;
-    TextView tool;
+    BandName band;
+    ToolName tool;
     BeginGroup group = BeginGroup::No;
 };
 
 constexpr BeginGroup kGroup = BeginGroup::Yes;
 
 constexpr std::array kEntries{
-    EntryRow{u"bndMenu", u"mnuFile"},
-    EntryRow{u"bndMenu", u"mnuEdit"},
-    EntryRow{u"bndMenu", u"mnuView"},
-    EntryRow{u"bndMenu", u"mnuGo"},
-    EntryRow{u"bndMenu", u"mnuFavorites"},
-    EntryRow{u"bndMenu", u"mnuTessaGroups"},
-    EntryRow{u"bndMenu", u"mnuFindLinks"},
-    EntryRow{u"bndMenu", u"mnuShop"},
-    EntryRow{u"bndMenu", u"mnuOptions"},
-    EntryRow{u"bndMenu", u"mnuHelp"},
+    EntryRow{u"bndMenu"_band, u"mnuFile"_tool},
+    EntryRow{u"bndMenu"_band, u"mnuEdit"_tool},
+    EntryRow{u"bndMenu"_band, u"mnuView"_tool},
+    EntryRow{u"bndMenu"_band, u"mnuGo"_tool},
+    EntryRow{u"bndMenu"_band, u"mnuFavorites"_tool},
+    EntryRow{u"bndMenu"_band, u"mnuTessaGroups"_tool},
+    EntryRow{u"bndMenu"_band, u"mnuFindLinks"_tool},
+    EntryRow{u"bndMenu"_band, u"mnuShop"_tool},
+    EntryRow{u"bndMenu"_band, u"mnuOptions"_tool},
+    EntryRow{u"bndMenu"_band, u"mnuHelp"_tool},
 
-    EntryRow{u"bndFile", u"tbNew"},
-    EntryRow{u"bndFile", u"mnuOpen"},
-    EntryRow{u"bndFile", u"mnuClose"},
-    EntryRow{u"bndFile", u"mnuCloseAll"},
+    EntryRow{u"bndFile"_band, u"tbNew"_tool},
+    EntryRow{u"bndFile"_band, u"mnuOpen"_tool},
+    EntryRow{u"bndFile"_band, u"mnuClose"_tool},
+    EntryRow{u"bndFile"_band, u"mnuCloseAll"_tool},
 
-    EntryRow{u"bndNew", u"mnuNewBlank"},
-    EntryRow{u"bndNew", u"mnuNewSearch"},
-    EntryRow{u"bndNew", u"mnuNewHome"},
-    EntryRow{u"bndNew", u"mnuNewCurrent"},
+    EntryRow{u"bndNew"_band, u"mnuNewBlank"_tool},
+    EntryRow{u"bndNew"_band, u"mnuNewSearch"_tool},
+    EntryRow{u"bndNew"_band, u"mnuNewHome"_tool},
+    EntryRow{u"bndNew"_band, u"mnuNewCurrent"_tool},
 
-    EntryRow{u"bndGo", u"mnuGoBack"},
-    EntryRow{u"bndGo", u"mnuGoForward"},
-    EntryRow{u"bndGo", u"mnuStop"},
-    EntryRow{u"bndGo", u"mnuRefresh"},
-    EntryRow{u"bndGo", u"mnuHome"},
-    EntryRow{u"bndGo", u"mnuSearch"},
+    EntryRow{u"bndGo"_band, u"mnuGoBack"_tool},
+    EntryRow{u"bndGo"_band, u"mnuGoForward"_tool},
+    EntryRow{u"bndGo"_band, u"mnuStop"_tool},
+    EntryRow{u"bndGo"_band, u"mnuRefresh"_tool},
+    EntryRow{u"bndGo"_band, u"mnuHome"_tool},
+    EntryRow{u"bndGo"_band, u"mnuSearch"_tool},
 
-    EntryRow{u"bndFileMenu", u"mnuNewBlank"},
-    EntryRow{u"bndFileMenu", u"mnuNewSearch"},
-    EntryRow{u"bndFileMenu", u"mnuNewHome"},
-    EntryRow{u"bndFileMenu", u"mnuNewCurrent"},
-    EntryRow{u"bndFileMenu", u"mnuOpen", kGroup},
-    EntryRow{u"bndFileMenu", u"mnuClose", kGroup},
-    EntryRow{u"bndFileMenu", u"mnuCloseAll"},
-    EntryRow{u"bndFileMenu", u"mnuSaveAs", kGroup},
-    EntryRow{u"bndFileMenu", u"mnuPrint", kGroup},
-    EntryRow{u"bndFileMenu", u"mnuPageSetup"},
-    EntryRow{u"bndFileMenu", u"mnuExit", kGroup},
+    EntryRow{u"bndFileMenu"_band, u"mnuNewBlank"_tool},
+    EntryRow{u"bndFileMenu"_band, u"mnuNewSearch"_tool},
+    EntryRow{u"bndFileMenu"_band, u"mnuNewHome"_tool},
+    EntryRow{u"bndFileMenu"_band, u"mnuNewCurrent"_tool},
+    EntryRow{u"bndFileMenu"_band, u"mnuOpen"_tool, kGroup},
+    EntryRow{u"bndFileMenu"_band, u"mnuClose"_tool, kGroup},
+    EntryRow{u"bndFileMenu"_band, u"mnuCloseAll"_tool},
+    EntryRow{u"bndFileMenu"_band, u"mnuSaveAs"_tool, kGroup},
+    EntryRow{u"bndFileMenu"_band, u"mnuPrint"_tool, kGroup},
+    EntryRow{u"bndFileMenu"_band, u"mnuPageSetup"_tool},
+    EntryRow{u"bndFileMenu"_band, u"mnuExit"_tool, kGroup},
 
-    EntryRow{u"bndEditMenu", u"mnuCut"},
-    EntryRow{u"bndEditMenu", u"mnuCopy"},
-    EntryRow{u"bndEditMenu", u"mnuPaste"},
-    EntryRow{u"bndEditMenu", u"mnuSelectAll", kGroup},
-    EntryRow{u"bndEditMenu", u"mnuFind", kGroup},
+    EntryRow{u"bndEditMenu"_band, u"mnuCut"_tool},
+    EntryRow{u"bndEditMenu"_band, u"mnuCopy"_tool},
+    EntryRow{u"bndEditMenu"_band, u"mnuPaste"_tool},
+    EntryRow{u"bndEditMenu"_band, u"mnuSelectAll"_tool, kGroup},
+    EntryRow{u"bndEditMenu"_band, u"mnuFind"_tool, kGroup},
 
-    EntryRow{u"bndAddress", u"mnuAddress"},
-    EntryRow{u"bndAddress", u"cboAddress"},
+    EntryRow{u"bndAddress"_band, u"mnuAddress"_tool},
+    EntryRow{u"bndAddress"_band, u"cboAddress"_tool},
 
-    EntryRow{u"bndViewMenu", u"mnuViewStatusbar"},
-    EntryRow{u"bndViewMenu", u"mnuViewToolbars"},
-    EntryRow{u"bndViewMenu", u"mnuStop", kGroup},
-    EntryRow{u"bndViewMenu", u"mnuRefresh"},
-    EntryRow{u"bndViewMenu", u"mnuViewSource", kGroup},
-    EntryRow{u"bndViewMenu", u"mnuViewInternetOptions"},
-    EntryRow{u"bndViewMenu", u"mnuClearAddresses", kGroup},
-    EntryRow{u"bndViewMenu", u"mnuClearSearches"},
-    EntryRow{u"bndViewMenu", u"mnuResizeAddress", kGroup},
-    EntryRow{u"bndViewMenu", u"mnuResizeSearch"},
+    EntryRow{u"bndViewMenu"_band, u"mnuViewStatusbar"_tool},
+    EntryRow{u"bndViewMenu"_band, u"mnuViewToolbars"_tool},
+    EntryRow{u"bndViewMenu"_band, u"mnuStop"_tool, kGroup},
+    EntryRow{u"bndViewMenu"_band, u"mnuRefresh"_tool},
+    EntryRow{u"bndViewMenu"_band, u"mnuViewSource"_tool, kGroup},
+    EntryRow{u"bndViewMenu"_band, u"mnuViewInternetOptions"_tool},
+    EntryRow{u"bndViewMenu"_band, u"mnuClearAddresses"_tool, kGroup},
+    EntryRow{u"bndViewMenu"_band, u"mnuClearSearches"_tool},
+    EntryRow{u"bndViewMenu"_band, u"mnuResizeAddress"_tool, kGroup},
+    EntryRow{u"bndViewMenu"_band, u"mnuResizeSearch"_tool},
 
-    EntryRow{u"bndGoMenu", u"mnuGoBack"},
-    EntryRow{u"bndGoMenu", u"mnuGoForward"},
-    EntryRow{u"bndGoMenu", u"mnuHome", kGroup},
-    EntryRow{u"bndGoMenu", u"mnuSearch"},
-    EntryRow{u"bndGoMenu", u"mnuPreviousBrowserTab", kGroup},
-    EntryRow{u"bndGoMenu", u"mnuNextBrowserTab"},
+    EntryRow{u"bndGoMenu"_band, u"mnuGoBack"_tool},
+    EntryRow{u"bndGoMenu"_band, u"mnuGoForward"_tool},
+    EntryRow{u"bndGoMenu"_band, u"mnuHome"_tool, kGroup},
+    EntryRow{u"bndGoMenu"_band, u"mnuSearch"_tool},
+    EntryRow{u"bndGoMenu"_band, u"mnuPreviousBrowserTab"_tool, kGroup},
+    EntryRow{u"bndGoMenu"_band, u"mnuNextBrowserTab"_tool},
 
-    EntryRow{u"bndFavorites", u"mnuAddToFavorites"},
-    EntryRow{u"bndFavorites", u"mnuOrganizeFavorites"},
+    EntryRow{u"bndFavorites"_band, u"mnuAddToFavorites"_tool},
+    EntryRow{u"bndFavorites"_band, u"mnuOrganizeFavorites"_tool},
 
-    EntryRow{u"bndTabPopup", u"mnuTabStop"},
-    EntryRow{u"bndTabPopup", u"mnuTabRefresh"},
-    EntryRow{u"bndTabPopup", u"mnuTabClose", kGroup},
-    EntryRow{u"bndTabPopup", u"xtrTabMore", kGroup},
+    EntryRow{u"bndTabPopup"_band, u"mnuTabStop"_tool},
+    EntryRow{u"bndTabPopup"_band, u"mnuTabRefresh"_tool},
+    EntryRow{u"bndTabPopup"_band, u"mnuTabClose"_tool, kGroup},
+    EntryRow{u"bndTabPopup"_band, u"xtrTabMore"_tool, kGroup},
 
-    EntryRow{u"bndTabMore", u"xtrTabCloseOthers"},
-    EntryRow{u"bndTabMore", u"xtrTabCloseRight"},
-    EntryRow{u"bndTabMore", u"xtrReopenTab"},
-    EntryRow{u"bndTabMore", u"xtrTabDuplicate", kGroup},
-    EntryRow{u"bndTabMore", u"xtrTabMute"},
-    EntryRow{u"bndTabMore", u"xtrTabAddToTessaGroup", kGroup},
-    EntryRow{u"bndTabMore", u"xtrTabCopyAddress"},
+    EntryRow{u"bndTabMore"_band, u"xtrTabCloseOthers"_tool},
+    EntryRow{u"bndTabMore"_band, u"xtrTabCloseRight"_tool},
+    EntryRow{u"bndTabMore"_band, u"xtrReopenTab"_tool},
+    EntryRow{u"bndTabMore"_band, u"xtrTabDuplicate"_tool, kGroup},
+    EntryRow{u"bndTabMore"_band, u"xtrTabMute"_tool},
+    EntryRow{u"bndTabMore"_band, u"xtrTabAddToTessaGroup"_tool, kGroup},
+    EntryRow{u"bndTabMore"_band, u"xtrTabCopyAddress"_tool},
 
-    EntryRow{u"bndSearch", u"mnuSearchLabel"},
-    EntryRow{u"bndSearch", u"cboSearch"},
+    EntryRow{u"bndSearch"_band, u"mnuSearchLabel"_tool},
+    EntryRow{u"bndSearch"_band, u"cboSearch"_tool},
 
-    EntryRow{u"bndOptions", u"mnuLoadImages"},
-    EntryRow{u"bndOptions", u"mnuLoadVideos"},
-    EntryRow{u"bndOptions", u"mnuLoadSounds"},
-    EntryRow{u"bndOptions", u"mnuLoadAnimations"},
-    EntryRow{u"bndOptions", u"mnuSettings", kGroup},
+    EntryRow{u"bndOptions"_band, u"mnuLoadImages"_tool},
+    EntryRow{u"bndOptions"_band, u"mnuLoadVideos"_tool},
+    EntryRow{u"bndOptions"_band, u"mnuLoadSounds"_tool},
+    EntryRow{u"bndOptions"_band, u"mnuLoadAnimations"_tool},
+    EntryRow{u"bndOptions"_band, u"mnuSettings"_tool, kGroup},
 
-    EntryRow{u"bndHelpMenu", u"mnuHelp"},
-    EntryRow{u"bndHelpMenu", u"xtrCopyReport"},
-    EntryRow{u"bndHelpMenu", u"mnuAbout", kGroup},
+    EntryRow{u"bndHelpMenu"_band, u"mnuHelp"_tool},
+    EntryRow{u"bndHelpMenu"_band, u"xtrCopyReport"_tool},
+    EntryRow{u"bndHelpMenu"_band, u"mnuAbout"_tool, kGroup},
 
-    EntryRow{u"bndTessaGroupsMenu", u"mnuAddToTessaGroup"},
-    EntryRow{u"bndTessaGroupsMenu", u"mnuSaveAsTessaGroup"},
-    EntryRow{u"bndTessaGroupsMenu", u"mnuOrganizeTessaGroups"},
+    EntryRow{u"bndTessaGroupsMenu"_band, u"mnuAddToTessaGroup"_tool},
+    EntryRow{u"bndTessaGroupsMenu"_band, u"mnuSaveAsTessaGroup"_tool},
+    EntryRow{u"bndTessaGroupsMenu"_band, u"mnuOrganizeTessaGroups"_tool},
 
-    EntryRow{u"bndMail", u"mnuReadMail"},
-    EntryRow{u"bndMail", u"mnuNewMessage"},
-    EntryRow{u"bndMail", u"mnuSendLink"},
-    EntryRow{u"bndMail", u"mnuMailQuorvaneSoftware", kGroup},
-    EntryRow{u"bndMail", u"mnuFeatureRequest"},
-    EntryRow{u"bndMail", u"mnuMailBugReport"},
-    EntryRow{u"bndMail", u"mnuReadNews", kGroup},
+    EntryRow{u"bndMail"_band, u"mnuReadMail"_tool},
+    EntryRow{u"bndMail"_band, u"mnuNewMessage"_tool},
+    EntryRow{u"bndMail"_band, u"mnuSendLink"_tool},
+    EntryRow{u"bndMail"_band, u"mnuMailQuorvaneSoftware"_tool, kGroup},
+    EntryRow{u"bndMail"_band, u"mnuFeatureRequest"_tool},
+    EntryRow{u"bndMail"_band, u"mnuMailBugReport"_tool},
+    EntryRow{u"bndMail"_band, u"mnuReadNews"_tool, kGroup},
 
-    EntryRow{u"bndMisc", u"mnuAddToFavorites"},
-    EntryRow{u"bndMisc", u"mnuOrganizeFavorites"},
-    EntryRow{u"bndMisc", u"mnuPrint", kGroup},
-    EntryRow{u"bndMisc", u"mnuViewSource"},
-    EntryRow{u"bndMisc", u"mnuLoadImages"},
-    EntryRow{u"bndMisc", u"mnuMail", kGroup},
-    EntryRow{u"bndMisc", u"mnuFont"},
+    EntryRow{u"bndMisc"_band, u"mnuAddToFavorites"_tool},
+    EntryRow{u"bndMisc"_band, u"mnuOrganizeFavorites"_tool},
+    EntryRow{u"bndMisc"_band, u"mnuPrint"_tool, kGroup},
+    EntryRow{u"bndMisc"_band, u"mnuViewSource"_tool},
+    EntryRow{u"bndMisc"_band, u"mnuLoadImages"_tool},
+    EntryRow{u"bndMisc"_band, u"mnuMail"_tool, kGroup},
+    EntryRow{u"bndMisc"_band, u"mnuFont"_tool},
 
-    EntryRow{u"bndFont", u"mnuFontLargest"},
-    EntryRow{u"bndFont", u"mnuFontLarger"},
-    EntryRow{u"bndFont", u"mnuFontMedium"},
-    EntryRow{u"bndFont", u"mnuFontSmaller"},
-    EntryRow{u"bndFont", u"mnuFontSmallest"},
+    EntryRow{u"bndFont"_band, u"mnuFontLargest"_tool},
+    EntryRow{u"bndFont"_band, u"mnuFontLarger"_tool},
+    EntryRow{u"bndFont"_band, u"mnuFontMedium"_tool},
+    EntryRow{u"bndFont"_band, u"mnuFontSmaller"_tool},
+    EntryRow{u"bndFont"_band, u"mnuFontSmallest"_tool},
 
-    EntryRow{u"bndMore", u"xtrMore"},
+    EntryRow{u"bndMore"_band, u"xtrMore"_tool},
 
-    EntryRow{u"bndMoreMenu", u"xtrPrivateTab"},
-    EntryRow{u"bndMoreMenu", u"xtrReopenTab"},
-    EntryRow{u"bndMoreMenu", u"xtrTabList"},
-    EntryRow{u"bndMoreMenu", u"xtrSessions"},
-    EntryRow{u"bndMoreMenu", u"xtrDownloads"},
-    EntryRow{u"bndMoreMenu", u"xtrStopAll", kGroup},
-    EntryRow{u"bndMoreMenu", u"mnuFind"},
-    EntryRow{u"bndMoreMenu", u"xtrTextLarger", kGroup},
-    EntryRow{u"bndMoreMenu", u"xtrTextSmaller"},
-    EntryRow{u"bndMoreMenu", u"xtrTextUsual"},
-    EntryRow{u"bndMoreMenu", u"xtrFullScreen", kGroup},
-    EntryRow{u"bndMoreMenu", u"xtrPrintPreview"},
-    EntryRow{u"bndMoreMenu", u"xtrBookmarks", kGroup},
-    EntryRow{u"bndMoreMenu", u"xtrDevTools", kGroup},
-    EntryRow{u"bndMoreMenu", u"xtrTaskView"},
+    EntryRow{u"bndMoreMenu"_band, u"xtrPrivateTab"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrReopenTab"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrTabList"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrSessions"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrDownloads"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrStopAll"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"mnuFind"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrTextLarger"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"xtrTextSmaller"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrTextUsual"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrFullScreen"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"xtrPrintPreview"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrBookmarks"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"xtrDevTools"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"xtrTaskView"_tool},
 
-    EntryRow{u"bndMoreBookmarks", u"xtrImportFavorites"},
-    EntryRow{u"bndMoreBookmarks", u"xtrImportTessaGroups"},
-    EntryRow{u"bndMoreBookmarks", u"xtrExportFavorites", kGroup},
-    EntryRow{u"bndMoreBookmarks", u"xtrExportTessaGroups"},
+    EntryRow{u"bndMoreBookmarks"_band, u"xtrImportFavorites"_tool},
+    EntryRow{u"bndMoreBookmarks"_band, u"xtrImportTessaGroups"_tool},
+    EntryRow{u"bndMoreBookmarks"_band, u"xtrExportFavorites"_tool, kGroup},
+    EntryRow{u"bndMoreBookmarks"_band, u"xtrExportTessaGroups"_tool},
 
-    EntryRow{u"bndFavoriteFolder", u"xtrFolderOpen"},
-    EntryRow{u"bndFavoriteFolder", u"xtrFolderSave"},
+    EntryRow{u"bndFavoriteFolder"_band, u"xtrFolderOpen"_tool},
+    EntryRow{u"bndFavoriteFolder"_band, u"xtrFolderSave"_tool},
 
-    EntryRow{u"bndFavoriteLink", u"xtrLinkNewTab"},
+    EntryRow{u"bndFavoriteLink"_band, u"xtrLinkNewTab"_tool},
 
-    EntryRow{u"bndGroupEntry", u"xtrGroupOpen"},
-    EntryRow{u"bndGroupEntry", u"xtrGroupOrganize"},
-    EntryRow{u"bndGroupEntry", u"xtrGroupRename"},
-    EntryRow{u"bndGroupEntry", u"xtrGroupDelete", kGroup},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupOpen"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupOrganize"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupRename"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupDelete"_tool, kGroup},
 
-    EntryRow{u"bndNewTab", u"mnuNewBlank"},
-    EntryRow{u"bndNewTab", u"xtrPrivateTab"},
-    EntryRow{u"bndNewTab", u"xtrReopenTab", kGroup},
-    EntryRow{u"bndNewTab", u"xtrTabList"},
+    EntryRow{u"bndNewTab"_band, u"mnuNewBlank"_tool},
+    EntryRow{u"bndNewTab"_band, u"xtrPrivateTab"_tool},
+    EntryRow{u"bndNewTab"_band, u"xtrReopenTab"_tool, kGroup},
+    EntryRow{u"bndNewTab"_band, u"xtrTabList"_tool},
 };
 
 /// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.
 struct OwnRow {
-    TextView band;
-    TextView tool;
+    BandName band;
+    ToolName tool;
     TextView caption;
     TextView category;
     TextView description;
@@ -233,15 +233,16 @@ struct OwnRow {
 };
 
 constexpr std::array kOwn{
-    OwnRow{u"bndMenu", u"mnuHelp", u"&Help", u"Menu", u"Help and information on TessaView", u"bndHelpMenu"},
-    OwnRow{u"bndFont", u"mnuFontLarger", u"&Large", u"Font", u"Shows the text at a large size", u""},
+    OwnRow{u"bndMenu"_band, u"mnuHelp"_tool, u"&Help", u"Menu", u"Help and information on TessaView",
+           u"bndHelpMenu"_band},
+    OwnRow{u"bndFont"_band, u"mnuFontLarger"_tool, u"&Large", u"Font", u"Shows the text at a large size", u""},
 };
 
 constexpr std::int32_t kFirstOwnId = 180;
 
 Text TooltipOf(const ToolRow& row) {
     // Deliberate: the slip of the pen is part of the product.
-    if (row.name == u"shpHomesLoans") return u"Homes & Loads";
+    if (row.name == u"shpHomesLoans"_tool) return u"Homes & Loads";
     return WithoutAccessKey(row.caption);
 }
 
@@ -257,7 +258,7 @@ void AddTools(CommandBar& bar, std::span<const ToolRow> rows, std::int32_t& id) 
     }
 }
 
-void AddLabelAndBox(CommandBar& bar, std::int32_t& id, TextView category, TextView label, Text caption, TextView box,
+void AddLabelAndBox(CommandBar& bar, std::int32_t& id, TextView category, ToolName label, Text caption, ToolName box,
                     TextView description) {
     auto* text = bar.Add(std::make_unique<Tool>(id++, Text(label), caption, ToolKind::Label));
     auto* combo = bar.Add(std::make_unique<ComboTool>(id++, Text(box), Text(category)));
@@ -284,13 +285,13 @@ std::shared_ptr<Tool> ToolFor(const CommandBar& bar, const EntryRow& row) {
     return own ? own : bar.Share(row.tool);
 }
 
-std::vector<BandEntry> EntriesOf(const CommandBar& bar, TextView band) {
+std::vector<BandEntry> EntriesOf(const CommandBar& bar, BandName band) {
     std::vector<BandEntry> entries;
     for (const EntryRow& row : kEntries) {
         if (row.band == band) entries.push_back({ToolFor(bar, row), row.group});
     }
-    if (band == u"bndShopMenu" || band == u"bndFindLinks") {
-        for (const ToolRow& row : band == u"bndShopMenu" ? ShopLinks() : FindLinks())
+    if (band == u"bndShopMenu"_band || band == u"bndFindLinks"_band) {
+        for (const ToolRow& row : band == u"bndShopMenu"_band ? ShopLinks() : FindLinks())
             entries.push_back({bar.Share(row.name)});
     }
     return entries;
@@ -306,14 +307,15 @@ void Make(CommandBar& bar) {
     AddTools(bar, ShopLinks(), id);
     AddTools(bar, FindLinks(), id);
     AddOwnTools(bar);
-    AddLabelAndBox(bar, id, u"Address", u"mnuAddress", u"A&ddress", u"cboAddress", u"The address of the page");
-    AddLabelAndBox(bar, id, u"Search", u"mnuSearchLabel", u"Sea&rch " + Text(Endpoints::kSearchServiceName),
-                   u"cboSearch", u"Words to search for");
+    AddLabelAndBox(bar, id, u"Address", u"mnuAddress"_tool, u"A&ddress", u"cboAddress"_tool,
+                   u"The address of the page");
+    AddLabelAndBox(bar, id, u"Search", u"mnuSearchLabel"_tool, u"Sea&rch " + Text(Endpoints::kSearchServiceName),
+                   u"cboSearch"_tool, u"Words to search for");
     AddTools(bar, OwnTools(), id);
     // They do nothing but open their menus.
-    for (const TextView opener : {u"xtrMore", u"xtrTabMore", u"xtrBookmarks"})
+    for (const ToolName opener : {u"xtrMore"_tool, u"xtrTabMore"_tool, u"xtrBookmarks"_tool})
         bar.Find(opener)->ClickWithSubBand = false;
-    for (const TextView holder : {u"mnuLinkImage", u"mnuFolderImage", u"mnuTessaGroupsImage"})
+    for (const ToolName holder : {u"mnuLinkImage"_tool, u"mnuFolderImage"_tool, u"mnuTessaGroupsImage"_tool})
         bar.Find(holder)->Visible = false;
     ResetWidths(bar);
     bar.SetShortcuts({DesignedShortcuts().begin(), DesignedShortcuts().end()});
@@ -321,11 +323,11 @@ void Make(CommandBar& bar) {
 }
 
 void ResetWidths(CommandBar& bar) {
-    if (auto* address = bar.FindCombo(u"cboAddress")) {
+    if (auto* address = bar.FindCombo(u"cboAddress"_tool)) {
         address->Width = Pixels{520};
         address->FillsRow = true;
     }
-    if (auto* search = bar.FindCombo(u"cboSearch")) search->Width = Pixels{240};
+    if (auto* search = bar.FindCombo(u"cboSearch"_tool)) search->Width = Pixels{240};
 }
 
 bool ResetBand(CommandBar& bar, TextView name) {
@@ -336,7 +338,7 @@ bool ResetBand(CommandBar& bar, TextView name) {
     band->Caption = Text(row->caption);
     band->Visible = true;
     band->Dock = row->dock;
-    band->SetEntries(EntriesOf(bar, name));
+    band->SetEntries(EntriesOf(bar, row->name));
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "address/Endpoints.h"
 #include "bar/RuntimeIds.h"
+#include "bar/ToolName.h"
 #include "commands/CommandTable.h"
 
 #include <algorithm>
@@ -15,9 +16,6 @@ struct Overloaded : Each... {
 // Not every compiler finds this by itself.
 template<typename... Each>
 Overloaded(Each...) -> Overloaded<Each...>;
-
-/// How the names of commands begin that are additions of ours.
-constexpr TextView kOwnCommands = u"xtr";
 
 } // namespace
 
@@ -35,13 +33,13 @@ void Dispatcher::actBar_Click(const Tool& tool) {
 
 bool Dispatcher::RunLink(const Tool& tool) {
     const TextView name = tool.Name();
-    if (name.starts_with(u"shp")) {
+    if (name.starts_with(DesignedNames::kShopLinks)) {
         Navigate(m_context.tabs.CurrentIndex(), Text(Endpoints::kShop) + tool.Description);
-    } else if (name.starts_with(u"fnd")) {
+    } else if (name.starts_with(DesignedNames::kFindLinks)) {
         Navigate(m_context.tabs.CurrentIndex(), Text(Endpoints::kFind) + tool.Description);
-    } else if (name.starts_with(u"mnuRes")) {
+    } else if (name.starts_with(DesignedNames::kResizeCommands)) {
         const auto& host = m_context.host;
-        const auto& resize = name == u"mnuResizeAddress" ? host.ResizeAddress : host.ResizeSearch;
+        const auto& resize = name == u"mnuResizeAddress"_tool ? host.ResizeAddress : host.ResizeSearch;
         if (resize) resize();
     } else {
         return false;
@@ -51,7 +49,7 @@ bool Dispatcher::RunLink(const Tool& tool) {
 
 void Dispatcher::RunNamed(const Tool& tool) {
     // The name of a Favorite is its address, which whoever wrote it has chosen.
-    if (RuntimeIds::IsMade(tool.Id()) && tool.Name().starts_with(kOwnCommands)) return;
+    if (RuntimeIds::IsMade(tool.Id()) && tool.Name().starts_with(DesignedNames::kOwnCommands)) return;
     const auto table = CommandTable();
     const auto command = std::ranges::find(table, TextView(tool.Name()), &Command::tool);
     if (command == table.end() || (command->available && !command->available(m_context.host))) return;
@@ -87,6 +85,6 @@ void Dispatcher::DisableUnavailable() {
         if (tool && command.available && !command.available(m_context.host)) tool->Enabled = false;
     }
     const auto& host = m_context.host;
-    if (auto* tool = m_context.actBar.Find(u"mnuResizeAddress")) tool->Enabled = bool(host.ResizeAddress);
-    if (auto* tool = m_context.actBar.Find(u"mnuResizeSearch")) tool->Enabled = bool(host.ResizeSearch);
+    if (auto* tool = m_context.actBar.Find(u"mnuResizeAddress"_tool)) tool->Enabled = bool(host.ResizeAddress);
+    if (auto* tool = m_context.actBar.Find(u"mnuResizeSearch"_tool)) tool->Enabled = bool(host.ResizeSearch);
 }

@@ -1,6 +1,7 @@
 #include "commands/External.h"
 
 #include "address/Endpoints.h"
+#include "bar/ToolName.h"
 #include "base/Version.h"
 #include "settings/SettingsStore.h"
 
@@ -86,12 +87,12 @@ Text EnvironmentText(SettingsStorageFactory& settings, const Shell& shell) {
 Text MailAddress(TextView tool, const MailContents& contents) {
     const Text maker = u"mailto:" + Text(Endpoints::kSupportMailbox);
     const Text address(contents.address);
-    if (tool == u"mnuNewMessage") return u"mailto:";
-    if (tool == u"mnuSendLink")
+    if (tool == u"mnuNewMessage"_tool) return u"mailto:";
+    if (tool == u"mnuSendLink"_tool)
         return u"mailto:?subject=" + Text(contents.title) + u" (" + address + u")&body=" + address;
-    if (tool == u"mnuMailQuorvaneSoftware") return maker;
-    if (tool == u"mnuFeatureRequest") return maker + u"?subject=Feature Request";
-    if (tool == u"mnuMailBugReport") return maker + u"?subject=" + BugReportSubject(contents.environment);
+    if (tool == u"mnuMailQuorvaneSoftware"_tool) return maker;
+    if (tool == u"mnuFeatureRequest"_tool) return maker + u"?subject=Feature Request";
+    if (tool == u"mnuMailBugReport"_tool) return maker + u"?subject=" + BugReportSubject(contents.environment);
     return {};
 }
 

@@ -1,6 +1,7 @@
 #include "commands/HistoryCommands.h"
 
 #include "address/CabCombo.h"
+#include "bar/ToolName.h"
 
 namespace {
 
@@ -9,7 +10,7 @@ struct EntryWords {
     TextView one, many;
 };
 
-void ClearList(CommandContext& context, TextView box, EntryWords words) {
+void ClearList(CommandContext& context, ToolName box, EntryWords words) {
     auto* combo = context.actBar.FindCombo(box);
     if (!combo) return;
     const std::vector<Text> cleared = combo->List();
@@ -18,7 +19,7 @@ void ClearList(CommandContext& context, TextView box, EntryWords words) {
     const bool one = cleared.size() == 1;
     const Text number = Decimal(static_cast<std::int64_t>(cleared.size()));
     const Text said = number + u' ' + Text(one ? words.one : words.many) + (one ? u" was" : u" were") + u" cleared.";
-    context.tabs.Say(said, [&context, box = Text(box), many = Text(words.many), cleared] {
+    context.tabs.Say(said, [&context, box, many = Text(words.many), cleared] {
         CabCombo::PutBack(cleared, context.actBar.FindCombo(box));
         context.tabs.Say(u"The " + many + u" are back in their list.");
     });
@@ -28,8 +29,8 @@ void ClearList(CommandContext& context, TextView box, EntryWords words) {
 
 namespace HistoryCommands {
 
-void ClearAddresses(CommandContext& context) { ClearList(context, u"cboAddress", {u"address", u"addresses"}); }
+void ClearAddresses(CommandContext& context) { ClearList(context, u"cboAddress"_tool, {u"address", u"addresses"}); }
 
-void ClearSearches(CommandContext& context) { ClearList(context, u"cboSearch", {u"search", u"searches"}); }
+void ClearSearches(CommandContext& context) { ClearList(context, u"cboSearch"_tool, {u"search", u"searches"}); }
 
 } // namespace HistoryCommands

@@ -1,6 +1,7 @@
 #include "commands/MenuEntryCommands.h"
 
 #include "bar/RuntimeIds.h"
+#include "bar/ToolName.h"
 #include "base/Captions.h"
 #include "base/os/AtomicFile.h"
 #include "favorites/Favorites.h"
@@ -31,12 +32,12 @@ bool MayDelete(CommandContext& context) {
 namespace MenuEntryCommands {
 
 Entry EntryOf(const Tool& tool) {
-    if (tool.SubBand.starts_with(Favorites::kBandPrefix)) return {u"bndFavoriteFolder", tool.Description};
+    if (tool.SubBand.starts_with(Favorites::kBandPrefix)) return {u"bndFavoriteFolder"_band, tool.Description};
     switch (RuntimeIds::KindOf(tool.Id())) {
     case RuntimeIds::Kind::Favorite:
-        return {u"bndFavoriteLink", tool.Name()};
+        return {u"bndFavoriteLink"_band, tool.Name()};
     case RuntimeIds::Kind::Group:
-        return {u"bndGroupEntry", tool.Description};
+        return {u"bndGroupEntry"_band, tool.Description};
     case RuntimeIds::Kind::None:
         break;
     }

@@ -1,6 +1,7 @@
 #include "commands/PageCommands.h"
 
 #include "address/Endpoints.h"
+#include "bar/ToolName.h"
 #include "tabs/Browser.h"
 
 namespace PageCommands {
@@ -49,7 +50,7 @@ void Open(CommandContext& context) {
 
 void TextSize(CommandContext& context, const Tool& tool) { context.pages.SetTextSize(tool.Name(), Apply::Yes); }
 
-void MediumTextSize(CommandContext& context) { context.pages.SetTextSize(u"mnuFontMedium", Apply::Yes); }
+void MediumTextSize(CommandContext& context) { context.pages.SetTextSize(u"mnuFontMedium"_tool, Apply::Yes); }
 
 void LargerText(CommandContext& context) { context.pages.StepTextSize(1); }
 

@@ -1,6 +1,7 @@
 #include "commands/PageMenu.h"
 
 #include "address/Endpoints.h"
+#include "bar/ToolName.h"
 #include "base/Captions.h"
 #include "base/PlainText.h"
 #include "base/os/AtomicFile.h"
@@ -22,20 +23,20 @@ constexpr std::size_t kMostLinks = 200;
 constexpr TextView kCancelButton = u"&Cancel";
 
 struct Action {
-    TextView tool;
+    ToolName tool;
     PageAction action;
 };
 
 constexpr std::array kActions{
-    Action{u"xtrUndo", PageAction::Undo},
-    Action{u"xtrRedo", PageAction::Redo},
-    Action{u"xtrPasteAsText", PageAction::PasteAsText},
-    Action{u"xtrImageCopy", PageAction::CopyImage},
-    Action{u"xtrMediaPlay", PageAction::PlayOrPause},
-    Action{u"xtrMediaMute", PageAction::MuteOrNot},
-    Action{u"xtrMediaLoop", PageAction::LoopOrNot},
-    Action{u"xtrMediaControls", PageAction::ShowControlsOrNot},
-    Action{u"xtrInspect", PageAction::Inspect},
+    Action{u"xtrUndo"_tool, PageAction::Undo},
+    Action{u"xtrRedo"_tool, PageAction::Redo},
+    Action{u"xtrPasteAsText"_tool, PageAction::PasteAsText},
+    Action{u"xtrImageCopy"_tool, PageAction::CopyImage},
+    Action{u"xtrMediaPlay"_tool, PageAction::PlayOrPause},
+    Action{u"xtrMediaMute"_tool, PageAction::MuteOrNot},
+    Action{u"xtrMediaLoop"_tool, PageAction::LoopOrNot},
+    Action{u"xtrMediaControls"_tool, PageAction::ShowControlsOrNot},
+    Action{u"xtrInspect"_tool, PageAction::Inspect},
 };
 
 /// How a tab is opened.
@@ -78,21 +79,21 @@ void SaveAddress(CommandContext& context, const Text& address) {
     if (auto* tools = Tools(context, index)) ResumeNext(tools->Save(address, path));
 }
 
-void SetCaption(const CommandContext& context, TextView tool, Text caption) {
+void SetCaption(const CommandContext& context, ToolName tool, Text caption) {
     if (auto* found = context.actBar.Find(tool)) found->Caption = std::move(caption);
 }
 
 void ShowState(const CommandContext& context, const PageContext& page) {
-    SetCaption(context, u"xtrLinkOpenOther",
+    SetCaption(context, u"xtrLinkOpenOther"_tool,
                context.tabs.OpenNewInFront ? u"Open Link &Behind This Tab" : u"Open Link in &Front");
-    SetCaption(context, u"xtrSearchSelection",
+    SetCaption(context, u"xtrSearchSelection"_tool,
                u"S&earch for \"" + EscapedCaption(PlainLine(page.SelectedText, kShownWords)) + u"\"");
     const bool image = page.Media == PageContext::Kind::Image;
-    SetCaption(context, u"xtrMediaCopyAddress", image ? u"Copy Image &Address" : u"Copy Media &Address");
-    SetCaption(context, u"xtrMediaPlay", page.MediaPaused ? u"Pla&y" : u"Pa&use");
+    SetCaption(context, u"xtrMediaCopyAddress"_tool, image ? u"Copy Image &Address" : u"Copy Media &Address");
+    SetCaption(context, u"xtrMediaPlay"_tool, page.MediaPaused ? u"Pla&y" : u"Pa&use");
     for (const auto& [tool, checked] :
-         {std::pair(TextView(u"xtrMediaMute"), page.MediaMuted), std::pair(TextView(u"xtrMediaLoop"), page.MediaLoops),
-          std::pair(TextView(u"xtrMediaControls"), page.MediaHasControls)}) {
+         {std::pair(u"xtrMediaMute"_tool, page.MediaMuted), std::pair(u"xtrMediaLoop"_tool, page.MediaLoops),
+          std::pair(u"xtrMediaControls"_tool, page.MediaHasControls)}) {
         if (auto* found = context.actBar.Find(tool)) found->Checked = checked;
     }
 }

@@ -1,6 +1,7 @@
 #include "commands/PageMenuEntries.h"
 
 #include "base/Captions.h"
+#include "bar/ToolName.h"
 #include "base/PlainText.h"
 #include "commands/ToolNames.h"
 #include "pages/LinkRules.h"
@@ -17,7 +18,7 @@ public:
     explicit Entries(const CommandBar& bar) : m_bar(bar) {}
 
     void Group() { m_begins = true; }
-    void Add(TextView tool, bool fits = true) {
+    void Add(ToolName tool, bool fits = true) {
         if (fits) Add(m_bar.Share(tool));
     }
     void Add(std::shared_ptr<Tool> tool) {
@@ -36,70 +37,73 @@ private:
 
 void AddWords(Entries& entries, const PageContext& page) {
     for (const Text& word : page.Suggestions)
-        entries.Add(std::make_shared<Tool>(0, u"xtrReplaceWord", EscapedCaption(PlainLine(word, kMostShownWords))));
+        entries.Add(
+            std::make_shared<Tool>(0, Text(u"xtrReplaceWord"_tool), EscapedCaption(PlainLine(word, kMostShownWords))));
 }
 
 void AddLink(Entries& entries, const CommandContext& context, const PageContext& page, TextView address) {
     if (page.LinkURL.empty()) return;
     const bool opens = MayOpenFromPage(address, page.LinkURL);
     entries.Group();
-    entries.Add(u"xtrLinkOpen", opens);
-    entries.Add(u"xtrLinkOpenOther", opens);
-    entries.Add(u"xtrLinkOpenPrivate", opens);
+    entries.Add(u"xtrLinkOpen"_tool, opens);
+    entries.Add(u"xtrLinkOpenOther"_tool, opens);
+    entries.Add(u"xtrLinkOpenPrivate"_tool, opens);
     entries.Group();
-    entries.Add(u"xtrLinkSave", MaySave(page.LinkURL));
-    entries.Add(u"xtrLinkCopy", bool(context.host.CopyText));
-    entries.Add(u"xtrLinkAddToTessaGroup", opens && bool(context.host.AddToTessaGroup));
+    entries.Add(u"xtrLinkSave"_tool, MaySave(page.LinkURL));
+    entries.Add(u"xtrLinkCopy"_tool, bool(context.host.CopyText));
+    entries.Add(u"xtrLinkAddToTessaGroup"_tool, opens && bool(context.host.AddToTessaGroup));
 }
 
 void AddImage(Entries& entries, const CommandContext& context, const PageContext& page, TextView address) {
     if (page.Media != PageContext::Kind::Image) return;
     entries.Group();
-    entries.Add(u"xtrImageOpen", MayOpenFromPage(address, page.MediaURL));
-    entries.Add(u"xtrImageSave", MaySave(page.MediaURL));
-    entries.Add(u"xtrImageCopy");
-    entries.Add(u"xtrMediaCopyAddress", bool(context.host.CopyText) && !page.MediaURL.empty());
+    entries.Add(u"xtrImageOpen"_tool, MayOpenFromPage(address, page.MediaURL));
+    entries.Add(u"xtrImageSave"_tool, MaySave(page.MediaURL));
+    entries.Add(u"xtrImageCopy"_tool);
+    entries.Add(u"xtrMediaCopyAddress"_tool, bool(context.host.CopyText) && !page.MediaURL.empty());
 }
 
 void AddMedia(Entries& entries, const CommandContext& context, const PageContext& page) {
     if (page.Media != PageContext::Kind::Audio && page.Media != PageContext::Kind::Video) return;
     entries.Group();
-    entries.Add(u"xtrMediaPlay");
-    entries.Add(u"xtrMediaMute");
-    entries.Add(u"xtrMediaLoop");
-    entries.Add(u"xtrMediaControls");
+    entries.Add(u"xtrMediaPlay"_tool);
+    entries.Add(u"xtrMediaMute"_tool);
+    entries.Add(u"xtrMediaLoop"_tool);
+    entries.Add(u"xtrMediaControls"_tool);
     entries.Group();
-    entries.Add(u"xtrMediaSave", MaySave(page.MediaURL));
-    entries.Add(u"xtrMediaCopyAddress", bool(context.host.CopyText) && !page.MediaURL.empty());
+    entries.Add(u"xtrMediaSave"_tool, MaySave(page.MediaURL));
+    entries.Add(u"xtrMediaCopyAddress"_tool, bool(context.host.CopyText) && !page.MediaURL.empty());
 }
 
 void AddText(Entries& entries, const PageContext& page) {
     entries.Group();
     if (page.Editable) {
-        entries.Add(u"xtrUndo", page.CanUndo);
-        entries.Add(u"xtrRedo", page.CanRedo);
+        entries.Add(u"xtrUndo"_tool, page.CanUndo);
+        entries.Add(u"xtrRedo"_tool, page.CanRedo);
         entries.Group();
-        entries.Add(u"mnuCut", page.CanCut);
+        entries.Add(u"mnuCut"_tool, page.CanCut);
     }
     const bool selected = !page.SelectedText.empty();
-    entries.Add(u"mnuCopy", page.Editable ? page.CanCopy : selected);
+    entries.Add(u"mnuCopy"_tool, page.Editable ? page.CanCopy : selected);
     if (page.Editable) {
-        entries.Add(u"mnuPaste", page.CanPaste);
-        entries.Add(u"xtrPasteAsText", page.CanPaste);
-        entries.Add(u"mnuSelectAll");
+        entries.Add(u"mnuPaste"_tool, page.CanPaste);
+        entries.Add(u"xtrPasteAsText"_tool, page.CanPaste);
+        entries.Add(u"mnuSelectAll"_tool);
     }
-    entries.Add(u"xtrSearchSelection", !PlainLine(page.SelectedText, kMostShownWords).empty());
-    entries.Add(u"xtrOpenSelectedLinks", page.SelectsLinks && !page.Editable);
+    entries.Add(u"xtrSearchSelection"_tool, !PlainLine(page.SelectedText, kMostShownWords).empty());
+    entries.Add(u"xtrOpenSelectedLinks"_tool, page.SelectsLinks && !page.Editable);
 }
 
 void AddPage(Entries& entries) {
-    for (const TextView tool : {u"mnuGoBack", u"mnuGoForward", u"mnuRefresh", u"mnuStop"}) entries.Add(tool);
-    entries.Group();
-    for (const TextView tool : {u"mnuAddToFavorites", u"mnuAddToTessaGroup", u"mnuSaveAs", u"mnuPrint"})
+    for (const ToolName tool : {u"mnuGoBack"_tool, u"mnuGoForward"_tool, u"mnuRefresh"_tool, u"mnuStop"_tool})
         entries.Add(tool);
     entries.Group();
-    entries.Add(u"mnuSelectAll");
-    entries.Add(u"mnuViewSource");
+    for (const ToolName tool :
+         {u"mnuAddToFavorites"_tool, u"mnuAddToTessaGroup"_tool, u"mnuSaveAs"_tool, u"mnuPrint"_tool})
+        entries.Add(tool);
+    entries.Group();
+    entries.Add(u"mnuSelectAll"_tool);
+    entries.Add(u"mnuViewSource"_tool);
 }
 
 } // namespace
@@ -116,7 +120,7 @@ std::vector<BandEntry> For(const CommandContext& context, const PageContext& pag
     if (text) AddText(entries, page);
     if (!text && page.LinkURL.empty() && page.Media == PageContext::Kind::None) AddPage(entries);
     entries.Group();
-    entries.Add(u"xtrInspect");
+    entries.Add(u"xtrInspect"_tool);
     return entries.Take();
 }
 

@@ -35,9 +35,9 @@ void RuntimeMenus::WatchFolders() {
 }
 
 void RuntimeMenus::BandOpen(Band& band) {
-    if (band.Name() == u"bndFavorites" && m_context.favoritesMenuStale) return RebuildFavorites(band);
-    if (band.Name() == u"bndTessaGroupsMenu" && m_context.groupsMenuStale) return RebuildGroups(band);
-    if (band.Name() == u"bndFont") return m_context.pages.MarkTextSize();
+    if (band.Name() == u"bndFavorites"_band && m_context.favoritesMenuStale) return RebuildFavorites(band);
+    if (band.Name() == u"bndTessaGroupsMenu"_band && m_context.groupsMenuStale) return RebuildGroups(band);
+    if (band.Name() == u"bndFont"_band) return m_context.pages.MarkTextSize();
     if (ShowsFolder(band)) FillFolder(band);
 }
 
@@ -64,8 +64,8 @@ std::function<void()> RuntimeMenus::EntryDelete(const Tool& tool) {
 
 void RuntimeMenus::RebuildFavorites(Band& band) {
     band.Clear();
-    List(band, u"mnuAddToFavorites");
-    List(band, u"mnuOrganizeFavorites");
+    List(band, u"mnuAddToFavorites"_tool);
+    List(band, u"mnuOrganizeFavorites"_tool);
     RemoveFolderBands();
     ScanFolder(m_context.favoritesFolder, band, BeginGroup::Yes);
     m_context.favoritesMenuStale = false;
@@ -73,18 +73,18 @@ void RuntimeMenus::RebuildFavorites(Band& band) {
 
 void RuntimeMenus::RebuildGroups(Band& band) {
     band.Clear();
-    List(band, u"mnuAddToTessaGroup");
-    List(band, u"mnuSaveAsTessaGroup");
-    List(band, u"mnuOrganizeTessaGroups");
+    List(band, u"mnuAddToTessaGroup"_tool);
+    List(band, u"mnuSaveAsTessaGroup"_tool);
+    List(band, u"mnuOrganizeTessaGroups"_tool);
     m_watch.Watch(m_context.groupFolder);
     TessaGroups::FillBand(band, m_context.groupFolder, TessaGroupsPicture, m_nextGroup);
     m_context.groupsMenuStale = false;
 }
 
 void RuntimeMenus::KeepPictures() {
-    m_favorites.FolderPicture = PictureOf(u"mnuFolderImage");
-    m_favorites.LinkPicture = PictureOf(u"mnuLinkImage");
-    TessaGroupsPicture = PictureOf(u"mnuTessaGroupsImage");
+    m_favorites.FolderPicture = PictureOf(u"mnuFolderImage"_tool);
+    m_favorites.LinkPicture = PictureOf(u"mnuLinkImage"_tool);
+    TessaGroupsPicture = PictureOf(u"mnuTessaGroupsImage"_tool);
 }
 
 void RuntimeMenus::ReleasePictures() {
@@ -92,7 +92,7 @@ void RuntimeMenus::ReleasePictures() {
     m_favorites.LinkPicture = {};
 }
 
-Picture RuntimeMenus::PictureOf(TextView holder) const {
+Picture RuntimeMenus::PictureOf(ToolName holder) const {
     const Tool* tool = m_context.actBar.Find(holder);
     return tool ? tool->Image : Picture();
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include "base/Signal.h"
+#include "bar/ToolName.h"
 #include "commands/CommandContext.h"
 #include "favorites/Favorites.h"
 #include "platform/FolderWatch.h"
@@ -42,8 +43,8 @@ private:
     void FillFolder(Band& band);
     void ScanFolder(TextView folder, Band& band, BeginGroup first);
     void RemoveFolderBands();
-    [[nodiscard]] Picture PictureOf(TextView holder) const;
-    void List(Band& band, TextView tool) { band.Append(m_context.actBar.Share(tool)); }
+    [[nodiscard]] Picture PictureOf(ToolName holder) const;
+    void List(Band& band, ToolName tool) { band.Append(m_context.actBar.Share(tool)); }
 
     CommandContext& m_context;
     FolderWatch& m_watch;

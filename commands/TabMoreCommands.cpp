@@ -1,5 +1,7 @@
 #include "commands/TabMoreCommands.h"
 
+#include "bar/ToolName.h"
+
 namespace {
 
 void CloseFrom(CommandContext& context, std::size_t first, const Tab* kept) {
@@ -51,15 +53,15 @@ void CopyAddress(CommandContext& context) {
 
 void ShowState(CommandContext& context) {
     const auto* view = context.strip.PopupView();
-    context.actBar.Enable(u"xtrTabCloseOthers", context.pcPage.Count() > 1);
-    context.actBar.Enable(u"xtrTabCloseRight", context.strip.PopupTabPosition < context.pcPage.Count());
-    if (auto* mute = context.actBar.Find(u"xtrTabMute")) mute->Checked = view && view->Control->Muted();
+    context.actBar.Enable(u"xtrTabCloseOthers"_tool, context.pcPage.Count() > 1);
+    context.actBar.Enable(u"xtrTabCloseRight"_tool, context.strip.PopupTabPosition < context.pcPage.Count());
+    if (auto* mute = context.actBar.Find(u"xtrTabMute"_tool)) mute->Checked = view && view->Control->Muted();
 }
 
 void ShowReopen(CommandContext& context) {
     const std::size_t next = context.closed.Next();
-    context.actBar.Enable(u"xtrReopenTab", next > 0);
-    auto* tool = context.actBar.Find(u"xtrReopenTab");
+    context.actBar.Enable(u"xtrReopenTab"_tool, next > 0);
+    auto* tool = context.actBar.Find(u"xtrReopenTab"_tool);
     if (!tool) return;
     tool->Caption =
         next > 1 ? u"&Reopen " + Decimal(static_cast<std::int64_t>(next)) + u" Tabs" : Text(u"&Reopen Closed Tab");

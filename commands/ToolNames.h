@@ -1,11 +1,12 @@
 #pragma once
 #include "bar/CommandBar.h"
+#include "bar/ToolName.h"
 
 #include <span>
 
 /// A tool as it is laid out by design. Ids are given in the order of the table, from 1.
 struct ToolRow {
-    TextView name; ///< the word of the command vocabulary
+    ToolName name; ///< the word of the command vocabulary
     TextView caption;
     TextView category;
     TextView description;

@@ -1,5 +1,6 @@
 #include "commands/frmResize.h"
 
+#include "bar/ToolName.h"
 #include "settings/Numeric.h"
 
 #include <algorithm>
@@ -13,7 +14,9 @@ frmResize::frmResize(CommandBar& actBar)
     cmdClose.Click.ConnectForLife([this] { cmdClose_Click(); });
 }
 
-ComboTool* frmResize::Target() const { return m_actBar.FindCombo(m_mode == u"Search" ? u"cboSearch" : u"cboAddress"); }
+ComboTool* frmResize::Target() const {
+    return m_actBar.FindCombo(m_mode == u"Search" ? u"cboSearch"_tool : u"cboAddress"_tool);
+}
 
 void frmResize::cmdResize_Click(std::size_t Index) {
     const auto step = RoundedNumber(cmdResize.at(Index).Caption());

@@ -1,5 +1,6 @@
 #include "favorites/Favorites.h"
 
+#include "bar/DesignedNames.h"
 #include "bar/RuntimeIds.h"
 #include "base/Captions.h"
 #include "base/ini/IniFile.h"
@@ -7,7 +8,6 @@
 #include "base/os/Folder.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
@@ -21,13 +21,11 @@ Text CutToCaption(TextView title) {
     return title.size() > kLongestCaption ? Text(FirstUnits(title, kLongestCaption)) + u"..." : Text(title);
 }
 
-/// How the names of commands begin.
-constexpr std::array kCommandNames{TextView(u"mn"), TextView(u"tb"), TextView(u"xtr")};
-
 // The name of a link's tool is its address, and the tool's click runs the command of that name. Whoever has written the
 // address must not choose a command by it; a blank before it changes nothing of where it leads.
 Text LinkName(TextView address) {
-    const bool named = std::ranges::any_of(kCommandNames, [&](TextView name) { return address.starts_with(name); });
+    const bool named =
+        std::ranges::any_of(DesignedNames::kCommands, [&](TextView name) { return address.starts_with(name); });
     return named ? u" " + Text(address) : Text(address);
 }
 

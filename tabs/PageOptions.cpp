@@ -1,5 +1,6 @@
 #include "tabs/PageOptions.h"
 
+#include "bar/ToolName.h"
 #include "tabs/Browser.h"
 
 #include <algorithm>
@@ -9,40 +10,42 @@
 namespace {
 
 struct TextSize {
-    TextView tool;
+    ToolName tool;
     int level;
-    TextView marked; ///< the tool whose check mark shows it
+    bool marked = true; ///< whether the tool's check mark shows it
 };
 
 constexpr std::array kSizes{
-    TextSize{u"mnuFontLargest", 4, u"mnuFontLargest"},
-    // Deliberate: no tool has the name that is marked here, so this size never shows a check mark.
-    TextSize{u"mnuFontLarger", 3, u"mnuFontLarge"},
-    TextSize{u"mnuFontMedium", 2, u"mnuFontMedium"},
-    TextSize{u"mnuFontSmaller", 1, u"mnuFontSmaller"},
-    TextSize{u"mnuFontSmallest", 0, u"mnuFontSmallest"},
+    TextSize{u"mnuFontLargest"_tool, 4},
+    // Deliberate: this size never shows a check mark.
+    TextSize{u"mnuFontLarger"_tool, 3, false},
+    TextSize{u"mnuFontMedium"_tool, 2},
+    TextSize{u"mnuFontSmaller"_tool, 1},
+    TextSize{u"mnuFontSmallest"_tool, 0},
 };
 
 struct LoadSwitch {
-    TextView tool;
+    ToolName tool;
     Setting<bool> SettingsStore::*setting;
 };
 
 constexpr std::array kSwitches{
-    LoadSwitch{u"mnuLoadImages", &SettingsStore::LoadImages},
-    LoadSwitch{u"mnuLoadAnimations", &SettingsStore::LoadAnimations},
-    LoadSwitch{u"mnuLoadVideos", &SettingsStore::LoadVideos},
-    LoadSwitch{u"mnuLoadSounds", &SettingsStore::LoadSounds},
+    LoadSwitch{u"mnuLoadImages"_tool, &SettingsStore::LoadImages},
+    LoadSwitch{u"mnuLoadAnimations"_tool, &SettingsStore::LoadAnimations},
+    LoadSwitch{u"mnuLoadVideos"_tool, &SettingsStore::LoadVideos},
+    LoadSwitch{u"mnuLoadSounds"_tool, &SettingsStore::LoadSounds},
 };
 
-void Mark(CommandBar& bar, TextView tool, bool checked) {
+void Mark(CommandBar& bar, ToolName tool, bool checked) {
     if (auto* found = bar.Find(tool)) found->Checked = checked;
 }
 
 } // namespace
 
 void PageOptions::SetTextSize(TextView Name, ::Apply Apply) {
-    for (const TextSize& size : kSizes) Mark(m_actBar, size.marked, size.tool == Name);
+    for (const TextSize& size : kSizes) {
+        if (size.marked) Mark(m_actBar, size.tool, size.tool == Name);
+    }
     auto* view = m_tabs.CurrentView();
     const auto* size = std::ranges::find(kSizes, Name, &TextSize::tool);
     if (view && Apply == ::Apply::Yes && size != kSizes.end()) Browser::SetZoom(*view->Control, size->level);
@@ -54,7 +57,7 @@ void PageOptions::MarkTextSize() {
     // Deliberate: without a view there is no level, which counts as 0, the smallest size.
     const int level = view ? view->Control->ZoomLevel() : 0;
     const auto* size = std::ranges::find(kSizes, level, &TextSize::level);
-    SetTextSize(size == kSizes.end() ? TextView(u"mnuFontMedium") : size->tool, Apply::No);
+    SetTextSize(size == kSizes.end() ? u"mnuFontMedium"_tool : size->tool, Apply::No);
 }
 
 void PageOptions::StepTextSize(int steps) {

@@ -1,5 +1,6 @@
 #include "tabs/TabSet.h"
 
+#include "bar/ToolName.h"
 #include "base/Address.h"
 #include "base/Text.h"
 #include "tabs/AddressSigns.h"
@@ -144,16 +145,16 @@ bool TabSet::TypedSince(const ArrayView& view) const {
 void TabSet::UpdateBackForward() {
     const auto* view = CurrentView();
     if (!view) return;
-    m_actBar.Enable(u"mnuGoBack", view->Tag == u"1");
-    m_actBar.Enable(u"mnuGoForward", view->ForwardFlag != 0);
+    m_actBar.Enable(u"mnuGoBack"_tool, view->Tag == u"1");
+    m_actBar.Enable(u"mnuGoForward"_tool, view->ForwardFlag != 0);
 }
 
 void TabSet::UpdateStopRefresh() {
     const auto* view = CurrentView();
     if (!view) return;
     const bool busy = view->Control->Busy();
-    m_actBar.Enable(u"mnuRefresh", !busy);
-    m_actBar.Enable(u"mnuStop", busy);
+    m_actBar.Enable(u"mnuRefresh"_tool, !busy);
+    m_actBar.Enable(u"mnuStop"_tool, busy);
 }
 
 void TabSet::SetTabBusy(TextView Tag, TabBusy Busy) {
@@ -298,13 +299,13 @@ void TabSet::SelectPreviousTab() {
 void TabSet::ShowStatusText(TextView Text) { m_sbStatus.SimpleText = ::Text(Text); }
 
 void TabSet::ShowStatusBar(bool Show) {
-    if (auto* tool = m_actBar.Find(u"mnuViewStatusbar")) tool->Checked = Show;
+    if (auto* tool = m_actBar.Find(u"mnuViewStatusbar"_tool)) tool->Checked = Show;
     m_actBar.RecalcLayout();
     m_sbStatus.Visible = Show;
     Resize();
 }
 
-ComboTool* TabSet::AddressCombo() const { return m_actBar.FindCombo(u"cboAddress"); }
+ComboTool* TabSet::AddressCombo() const { return m_actBar.FindCombo(u"cboAddress"_tool); }
 
 ArrayView* TabSet::CurrentView() const {
     const auto* selected = m_pcPage.SelectedItem();

@@ -1,5 +1,7 @@
 #include "tabs/TabStripInput.h"
 
+#include "bar/ToolName.h"
+
 #include <cmath>
 
 namespace {
@@ -25,10 +27,10 @@ void TabStripInput::MouseDown(MouseButton Button, Twips x, Twips y) {
     auto* view = PopupView();
     if (!view) return;
     const bool busy = view->Control->Busy();
-    m_actBar.Enable(u"mnuTabRefresh", !busy);
-    m_actBar.Enable(u"mnuTabStop", busy);
+    m_actBar.Enable(u"mnuTabRefresh"_tool, !busy);
+    m_actBar.Enable(u"mnuTabStop"_tool, busy);
     Opening();
-    m_actBar.Popup(u"bndTabPopup");
+    m_actBar.Popup(u"bndTabPopup"_band);
 }
 
 void TabStripInput::OLEDragOver(bool hasText, double x, double y) {

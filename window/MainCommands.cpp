@@ -1,6 +1,7 @@
 #include "window/MainCommands.h"
 
 #include "base/OwnAddresses.h"
+#include "bar/ToolName.h"
 #include "commands/External.h"
 #include "commands/frmResize.h"
 #include "settings/frmInternetOptions.h"
@@ -33,7 +34,7 @@ void CopyReport(frmMain& main) {
 }
 
 void ForgetTyped(frmMain& main) {
-    for (const TextView box : {u"cboAddress", u"cboSearch"})
+    for (const ToolName box : {u"cboAddress"_tool, u"cboSearch"_tool})
         if (auto* combo = main.actBar.FindCombo(box)) combo->Clear();
     // An offer to bring them back would keep what is to be forgotten.
     main.Tabs.WithdrawSaid();

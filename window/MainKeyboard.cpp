@@ -1,12 +1,13 @@
 #include "window/MainKeyboard.h"
 
+#include "bar/ToolName.h"
 #include "window/frmMain.h"
 
 namespace {
 
 constexpr std::int32_t kModifiers = Keys::kShift | Keys::kCtrl | Keys::kAlt;
 
-void Run(frmMain& main, TextView tool) {
+void Run(frmMain& main, ToolName tool) {
     if (auto* found = main.actBar.Find(tool)) main.actBar_Click(*found);
 }
 
@@ -16,10 +17,10 @@ namespace MainKeyboard {
 
 KeyUsed Form_KeyDown(frmMain& main, KeyStroke key) {
     const std::int32_t held = key.Shift & kModifiers;
-    if (key.KeyCode == Keys::kTab && held == Keys::kCtrl) Run(main, u"mnuNextBrowserTab");
-    if (key.KeyCode == Keys::kTab && held == (Keys::kCtrl | Keys::kShift)) Run(main, u"mnuPreviousBrowserTab");
-    if (key.KeyCode == 'D' && (held & Keys::kAlt)) main.actBar.FocusTool(u"bndAddress", u"cboAddress");
-    if (key.KeyCode == 'R' && (held & Keys::kAlt)) main.actBar.FocusTool(u"bndSearch", u"cboSearch");
+    if (key.KeyCode == Keys::kTab && held == Keys::kCtrl) Run(main, u"mnuNextBrowserTab"_tool);
+    if (key.KeyCode == Keys::kTab && held == (Keys::kCtrl | Keys::kShift)) Run(main, u"mnuPreviousBrowserTab"_tool);
+    if (key.KeyCode == 'D' && (held & Keys::kAlt)) main.actBar.FocusTool(u"bndAddress"_band, u"cboAddress"_tool);
+    if (key.KeyCode == 'R' && (held & Keys::kAlt)) main.actBar.FocusTool(u"bndSearch"_band, u"cboSearch"_tool);
     return main.actBar.KeyDown(key);
 }
 

@@ -1,5 +1,6 @@
 #include "window/MainLoad.h"
 
+#include "bar/ToolName.h"
 #include "base/LinkTrust.h"
 #include "settings/InternetSettings.h"
 #include "settings/SettingsStore.h"
@@ -13,8 +14,7 @@ namespace {
 
 constexpr Twips kSmallestHeight{4000};
 constexpr Twips kSmallestWidth{6000};
-constexpr std::array kDisabledAtStart{TextView(u"mnuGoBack"), TextView(u"mnuGoForward"), TextView(u"mnuStop"),
-                                      TextView(u"mnuRefresh")};
+constexpr std::array kDisabledAtStart{u"mnuGoBack"_tool, u"mnuGoForward"_tool, u"mnuStop"_tool, u"mnuRefresh"_tool};
 
 void PlaceTabs(frmMain& main, const SettingsStore& store) {
     main.pcPage.SetPlacement(store.TabsUp.Get() ? TabPlacement::Top : TabPlacement::Bottom);
@@ -93,7 +93,7 @@ void Prepare(frmMain& main) {
     main.RememberLastSites = store.RememberLastSites.Get();
     RestoreHistories(main, store);
     main.Tabs.ShowStatusBar(store.ShowStatusBar.Get());
-    for (const TextView name : kDisabledAtStart) {
+    for (const ToolName name : kDisabledAtStart) {
         if (auto* tool = main.actBar.Find(name)) tool->Enabled = false;
     }
 }

@@ -129,7 +129,7 @@ void frmMain::WireGroups() {
 
 void frmMain::WireDownloads() {
     Downloads.Changed.ConnectForLife([this] {
-        for (const TextView name : {u"xtrMore", u"xtrDownloads"}) {
+        for (const ToolName name : {u"xtrMore"_tool, u"xtrDownloads"_tool}) {
             if (auto* tool = actBar.Find(name)) tool->Badge = Downloads.CountActive();
         }
         DownloadPanel.Touch();
@@ -143,7 +143,7 @@ void frmMain::WireDownloads() {
     Commands.host.ToggleDownloads = [this] { DownloadPanel.Form.Visible = !DownloadPanel.Form.Visible(); };
     DownloadPanel.TimeText = Platform.timeText;
     DownloadPanel.Shown.ConnectForLife([this](bool shown) {
-        if (auto* tool = actBar.Find(u"xtrDownloads")) tool->Checked = shown;
+        if (auto* tool = actBar.Find(u"xtrDownloads"_tool)) tool->Checked = shown;
     });
 }
 

@@ -2,6 +2,7 @@
 #include "address/AddressBoxes.h"
 #include "bar/LayoutKeeper.h"
 #include "base/Signal.h"
+#include "bar/ToolName.h"
 #include "commands/Dispatcher.h"
 #include "commands/FavoriteCommands.h"
 #include "commands/RuntimeMenus.h"
@@ -128,7 +129,7 @@ public:
     void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
     /// The address box and the search box.
     [[nodiscard]] ComboTool* AddressCombo() const { return Tabs.AddressCombo(); }
-    [[nodiscard]] ComboTool* SearchCombo() const { return actBar.FindCombo(u"cboSearch"); }
+    [[nodiscard]] ComboTool* SearchCombo() const { return actBar.FindCombo(u"cboSearch"_tool); }
     void actBar_Click(const Tool& tool) { m_dispatcher.actBar_Click(tool); }
     /// Every key goes down here first; one that was used is no longer for the control that has the keyboard.
     KeyUsed Form_KeyDown(KeyStroke key) { return MainKeyboard::Form_KeyDown(*this, key); }

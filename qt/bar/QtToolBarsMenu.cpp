@@ -1,6 +1,7 @@
 #include "qt/bar/QtToolBarsMenu.h"
 
 #include "base/Captions.h"
+#include "bar/ToolName.h"
 #include "qt/base/QtText.h"
 
 #include <QAction>
@@ -20,13 +21,13 @@ void AddBand(QMenu& menu, CommandBar& bar, const Band& band) {
 }
 
 void AddCustomize(QMenu& menu, CommandBar& bar) {
-    const Tool* tool = bar.Find(u"mnuViewToolbars");
+    const Tool* tool = bar.Find(u"mnuViewToolbars"_tool);
     if (!tool || !tool->Enabled()) return;
     menu.addSeparator();
     QAction* action = menu.addAction(QStringLiteral("&Customize..."));
-    action->setObjectName(QStringLiteral("mnuViewToolbars"));
+    action->setObjectName(ToQt(u"mnuViewToolbars"_tool));
     QObject::connect(action, &QAction::triggered, &menu, [&bar] {
-        if (Tool* clicked = bar.Find(u"mnuViewToolbars")) bar.UserClick(*clicked);
+        if (Tool* clicked = bar.Find(u"mnuViewToolbars"_tool)) bar.UserClick(*clicked);
     });
 }
 

@@ -1,5 +1,6 @@
 #include "qt/program/QtProgram.h"
 
+#include "bar/ToolName.h"
 #include "qt/base/QtIcons.h"
 #include "qt/base/QtPalette.h"
 #include "qt/program/QtProgramParts.h"
@@ -81,7 +82,7 @@ void QtProgram::WireWindow() {
     });
     m->window.Activated.ConnectForLife([&main] { main.Form_Activate(); });
     m->window.FullScreenChanged.ConnectForLife([&main](bool on) {
-        if (auto* tool = main.actBar.Find(u"xtrFullScreen")) tool->Checked = on;
+        if (auto* tool = main.actBar.Find(u"xtrFullScreen"_tool)) tool->Checked = on;
     });
     m->window.QueryUnload = [&main] { return main.Form_QueryUnload(); };
     m->window.Unload.ConnectForLife([this, &main] {

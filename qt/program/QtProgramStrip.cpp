@@ -1,4 +1,5 @@
 // The tab strip and the list of its tabs, and what they do in the program.
+#include "bar/ToolName.h"
 #include "qt/program/QtProgram.h"
 #include "qt/program/QtProgramParts.h"
 
@@ -10,13 +11,13 @@ void QtProgram::WireStrip() {
     m->strip.Rearranged.ConnectForLife([this] {
         if (m->tabList && m->tabList->isVisible()) m->tabList->Refresh(TabLines());
     });
-    m->strip.NewMenuRequested.ConnectForLife([this] { m->main.actBar.Popup(u"bndNewTab"); });
+    m->strip.NewMenuRequested.ConnectForLife([this] { m->main.actBar.Popup(u"bndNewTab"_band); });
     m->strip.MuteRequested.ConnectForLife([this](const Tab& tab) {
         if (auto* view = m->main.Browser.Find(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
     });
     m->strip.ToolTipText = [this](const Tab& tab) { return m->main.Tabs.Describe(tab); };
     m->strip.BlankRequested.ConnectForLife([this] {
-        if (auto* tool = m->main.actBar.Find(u"mnuNewBlank")) m->main.actBar.UserClick(*tool);
+        if (auto* tool = m->main.actBar.Find(u"mnuNewBlank"_tool)) m->main.actBar.UserClick(*tool);
     });
     input.HitTest = [this](Pixels x, Pixels y) {
         const auto* tab = m->strip.FindTabAt({x.value, y.value});

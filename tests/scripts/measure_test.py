@@ -43,10 +43,18 @@ class Measures(unittest.TestCase):
         lines = "    std::function<void(int)> Clicked;\n    std::function<bool()> Asks = [] { return true; };\n"
         self.assertEqual(measure.SLOT.findall(lines + "    void Take(std::function<void()> done);\n"), ["Clicked", "Asks"])
 
+    def test_only_a_name_that_the_compiler_checks_is_no_bare_text(self):
+        bare = """bar.Find(u"mnuStop"); bar.FindBand(u"bndGo"); {u"tbNew", u"cboSearch", u"xtrMore", u"shpCars", u"fndMaps"}
+            setObjectName(QStringLiteral("mnuViewToolbars")); u"mnFontLarge"; u"mnuMisspelled";"""
+        self.assertEqual(len(measure.TOOL_NAME.findall(bare)), 10)
+        checked = 'bar.Find(u"mnuStop"_tool); bar.FindBand(u"bndGo"_band); u"menu"; u"tbd"; u"shp"; u"a mnuStop";'
+        self.assertEqual(measure.TOOL_NAME.findall(checked), [])
+
     def test_the_checkout_is_measured(self):
         told = dict(measure.structure(str(measure.ROOT)))
         self.assertGreater(told["rooms"], 20)
         self.assertGreater(told["lines of the core"], 10_000)
+        self.assertEqual(told["tool names as bare text outside their table"], 0)
 
 
 if __name__ == "__main__":
