@@ -9,7 +9,10 @@
 #include "commands/TabCommands.h"
 #include "commands/TabMoreCommands.h"
 
+#include <algorithm>
 #include <array>
+#include <functional>
+#include <numeric>
 
 namespace {
 
@@ -28,10 +31,11 @@ bool Has(const CommandHost& host) {
     return static_cast<bool>(host.*operation);
 }
 
+/// The command needs that operation of the host, or is no more than it.
 template<auto operation>
-constexpr Command FromHost(ToolName tool) {
-    return {tool, Host<operation>, Has<operation>};
-}
+constexpr Need kNeeds = Has<operation>;
+template<auto operation>
+constexpr CommandTraits::HostEffect kRuns{Host<operation>, Has<operation>};
 
 namespace Pages = PageCommands;
 namespace Tabs = TabCommands;
@@ -39,123 +43,393 @@ namespace TabMore = TabMoreCommands;
 namespace Keep = CollectionCommands;
 namespace MenuEntry = MenuEntryCommands;
 
-const std::array kCommands{
-    Command{u"mnuAddToTessaGroup"_tool, Keep::AddToTessaGroup, Has<&CommandHost::AddToTessaGroup>},
-    Command{u"mnuCloseAll"_tool, Tabs::CloseAll},
-    FromHost<&CommandHost::ShowHelp>(u"mnuHelp"_tool),
-    Command{u"mnuClearAddresses"_tool, HistoryCommands::ClearAddresses},
-    Command{u"mnuClearSearches"_tool, HistoryCommands::ClearSearches},
-    Command{u"mnuLoadImages"_tool, Pages::ToggleLoadOption},
-    Command{u"mnuLoadVideos"_tool, Pages::ToggleLoadOption},
-    Command{u"mnuLoadSounds"_tool, Pages::ToggleLoadOption},
-    Command{u"mnuLoadAnimations"_tool, Pages::ToggleLoadOption},
-    Command{u"mnuOrganizeTessaGroups"_tool, Keep::OrganizeTessaGroups, Has<&CommandHost::OrganizeTessaGroups>},
-    Command{u"mnuFontLargest"_tool, Pages::TextSize},
-    Command{u"mnuFontLarger"_tool, Pages::TextSize},
-    Command{u"mnuFontMedium"_tool, Pages::TextSize},
-    Command{u"mnuFontSmaller"_tool, Pages::TextSize},
-    Command{u"mnuFontSmallest"_tool, Pages::TextSize},
-    Command{u"mnuFont"_tool, Pages::MediumTextSize},
-    FromHost<&CommandHost::LaunchNewsClient>(u"mnuReadNews"_tool),
-    Command{u"mnuNewMessage"_tool, Pages::Mail, Has<&CommandHost::MailAddress>},
-    Command{u"mnuSendLink"_tool, Pages::Mail, Has<&CommandHost::MailAddress>},
-    Command{u"mnuMailQuorvaneSoftware"_tool, Pages::Mail, Has<&CommandHost::MailAddress>},
-    Command{u"mnuFeatureRequest"_tool, Pages::Mail, Has<&CommandHost::MailAddress>},
-    Command{u"mnuMailBugReport"_tool, Pages::Mail, Has<&CommandHost::MailAddress>},
-    FromHost<&CommandHost::LaunchMailClient>(u"mnuReadMail"_tool),
-    FromHost<&CommandHost::LaunchMailClient>(u"mnuMail"_tool),
-    Command{u"mnuNextBrowserTab"_tool, Tabs::Next},
-    Command{u"mnuPreviousBrowserTab"_tool, Tabs::Previous},
-    FromHost<&CommandHost::ShowSettings>(u"mnuSettings"_tool),
-    Command{u"mnuOpen"_tool, Pages::Open},
-    FromHost<&CommandHost::ShowAbout>(u"mnuAbout"_tool),
-    Command{u"mnuSaveAsTessaGroup"_tool, Keep::SaveAsTessaGroup, Has<&CommandHost::SaveAsTessaGroup>},
-    Command{u"mnuGoBack"_tool, Pages::GoBack},
-    Command{u"mnuGoForward"_tool, Pages::GoForward},
-    Command{u"mnuAddToFavorites"_tool, Keep::AddToFavorites, Has<&CommandHost::AddFavorite>},
-    Command{u"mnuOrganizeFavorites"_tool, Keep::OrganizeFavorites, Has<&CommandHost::OrganizeFavorites>},
-    Command{u"mnuNewHome"_tool, Tabs::NewHome},
-    Command{u"mnuViewStatusbar"_tool, ToggleStatusBar},
-    Command{u"mnuNewSearch"_tool, Tabs::NewSearch},
-    Command{u"mnuNewBlank"_tool, Tabs::NewBlank},
-    Command{u"tbNew"_tool, Tabs::NewBlank},
-    Command{u"mnuNewCurrent"_tool, Tabs::NewCurrent},
-    Command{u"mnuClose"_tool, Tabs::Close},
-    Command{u"mnuSearch"_tool, Pages::Search},
-    Command{u"mnuHome"_tool, Pages::Home},
-    Command{u"mnuStop"_tool, Pages::Stop},
-    Command{u"mnuRefresh"_tool, Pages::Refresh},
-    Command{u"mnuSaveAs"_tool, Pages::Exec<BrowserCommand::SaveAs>},
-    Command{u"mnuPageSetup"_tool, Pages::Exec<BrowserCommand::PageSetup>},
-    Command{u"mnuPrint"_tool, Pages::Exec<BrowserCommand::Print>},
-    Command{u"mnuCut"_tool, Pages::Exec<BrowserCommand::Cut>},
-    Command{u"mnuCopy"_tool, Pages::Exec<BrowserCommand::Copy>},
-    Command{u"mnuPaste"_tool, Pages::Exec<BrowserCommand::Paste>},
-    Command{u"mnuSelectAll"_tool, Pages::SelectAll},
-    Command{u"mnuFind"_tool, Pages::Find, Has<&CommandHost::ShowFind>},
-    Command{u"mnuViewInternetOptions"_tool, Pages::InternetOptions, Has<&CommandHost::ShowInternetOptions>},
-    Command{u"mnuViewSource"_tool, Pages::Source},
-    FromHost<&CommandHost::Exit>(u"mnuExit"_tool),
-    FromHost<&CommandHost::Customize>(u"mnuViewToolbars"_tool),
-    Command{u"mnuTabStop"_tool, Tabs::PopupStop},
-    Command{u"mnuTabRefresh"_tool, Tabs::PopupRefresh},
-    Command{u"mnuTabClose"_tool, Tabs::PopupClose},
-    // Our own come behind the product's.
-    FromHost<&CommandHost::ShowSessions>(u"xtrSessions"_tool),
-    FromHost<&CommandHost::ToggleDownloads>(u"xtrDownloads"_tool),
-    Command{u"xtrPrivateTab"_tool, Tabs::NewPrivate},
-    Command{u"xtrLinkOpen"_tool, PageMenu::OpenLink},
-    Command{u"xtrLinkOpenOther"_tool, PageMenu::OpenLinkOtherWay},
-    Command{u"xtrLinkOpenPrivate"_tool, PageMenu::OpenLinkPrivate},
-    Command{u"xtrLinkSave"_tool, PageMenu::SaveLink},
-    Command{u"xtrLinkCopy"_tool, PageMenu::CopyLink, Has<&CommandHost::CopyText>},
-    Command{u"xtrLinkAddToTessaGroup"_tool, PageMenu::AddLinkToTessaGroup, Has<&CommandHost::AddToTessaGroup>},
-    Command{u"xtrImageOpen"_tool, PageMenu::OpenMedia},
-    Command{u"xtrImageSave"_tool, PageMenu::SaveMedia},
-    Command{u"xtrImageCopy"_tool, PageMenu::Run},
-    Command{u"xtrMediaPlay"_tool, PageMenu::Run},
-    Command{u"xtrMediaMute"_tool, PageMenu::Run},
-    Command{u"xtrMediaLoop"_tool, PageMenu::Run},
-    Command{u"xtrMediaControls"_tool, PageMenu::Run},
-    Command{u"xtrMediaSave"_tool, PageMenu::SaveMedia},
-    Command{u"xtrMediaCopyAddress"_tool, PageMenu::CopyMediaAddress, Has<&CommandHost::CopyText>},
-    Command{u"xtrUndo"_tool, PageMenu::Run},
-    Command{u"xtrRedo"_tool, PageMenu::Run},
-    Command{u"xtrPasteAsText"_tool, PageMenu::Run},
-    Command{u"xtrSearchSelection"_tool, PageMenu::SearchForSelection},
-    Command{u"xtrOpenSelectedLinks"_tool, PageMenu::OpenSelectedLinks},
-    Command{u"xtrReplaceWord"_tool, PageMenu::ReplaceWord},
-    Command{u"xtrInspect"_tool, PageMenu::Run},
-    Command{u"xtrStopAll"_tool, StopAll},
-    Command{u"xtrTabCloseOthers"_tool, TabMore::CloseOthers},
-    Command{u"xtrTabCloseRight"_tool, TabMore::CloseToTheRight},
-    Command{u"xtrTabDuplicate"_tool, TabMore::Duplicate},
-    Command{u"xtrReopenTab"_tool, TabMore::Reopen},
-    FromHost<&CommandHost::ShowTabList>(u"xtrTabList"_tool),
-    Command{u"xtrTabMute"_tool, TabMore::Mute},
-    Command{u"xtrTabAddToTessaGroup"_tool, Keep::AddTabToTessaGroup, Has<&CommandHost::AddToTessaGroup>},
-    Command{u"xtrTabCopyAddress"_tool, TabMore::CopyAddress, Has<&CommandHost::CopyText>},
-    Command{u"xtrTextLarger"_tool, Pages::LargerText},
-    Command{u"xtrTextSmaller"_tool, Pages::SmallerText},
-    Command{u"xtrTextUsual"_tool, Pages::MediumTextSize},
-    Command{u"xtrPrintPreview"_tool, Pages::Exec<BrowserCommand::PrintPreview>},
-    FromHost<&CommandHost::ToggleFullScreen>(u"xtrFullScreen"_tool),
-    FromHost<&CommandHost::ToggleDevTools>(u"xtrDevTools"_tool),
-    FromHost<&CommandHost::ShowTaskView>(u"xtrTaskView"_tool),
-    FromHost<&CommandHost::CopyReport>(u"xtrCopyReport"_tool),
-    Command{u"xtrImportFavorites"_tool, BookmarkCommands::ImportFavorites},
-    Command{u"xtrImportTessaGroups"_tool, BookmarkCommands::ImportTessaGroups},
-    Command{u"xtrExportFavorites"_tool, BookmarkCommands::ExportFavorites},
-    Command{u"xtrExportTessaGroups"_tool, BookmarkCommands::ExportTessaGroups},
-    Command{u"xtrFolderOpen"_tool, MenuEntry::OpenFolder, Has<&CommandHost::OpenFavorites>},
-    Command{u"xtrFolderSave"_tool, MenuEntry::SaveFolder, Has<&CommandHost::SaveFavorites>},
-    Command{u"xtrLinkNewTab"_tool, MenuEntry::OpenLink},
-    Command{u"xtrGroupOpen"_tool, MenuEntry::OpenGroup},
-    Command{u"xtrGroupOrganize"_tool, MenuEntry::OrganizeGroup, Has<&CommandHost::OrganizeTessaGroup>},
-    Command{u"xtrGroupRename"_tool, MenuEntry::RenameGroup, Has<&CommandHost::ShowRenameGroup>},
-    Command{u"xtrGroupDelete"_tool, MenuEntry::DeleteGroup, Has<&CommandHost::MoveToTrash>},
+using CommandTraits::ByFamily, CommandTraits::Key, CommandTraits::KeyOfOthers, CommandTraits::OnBar,
+    CommandTraits::OnlyOn, CommandTraits::Opens;
+
+constexpr std::int32_t kShift = Keys::kShift, kCtrl = Keys::kCtrl, kAlt = Keys::kAlt;
+
+constexpr Command Shop(ToolName name, TextView caption, TextView keyword) {
+    return {name, caption, u"Shop", keyword, u"", ByFamily{}};
+}
+constexpr Command Find(ToolName name, TextView caption, TextView keyword) {
+    return {name, caption, u"Find", keyword, u"", ByFamily{}};
+}
+
+constexpr std::array kCommands{
+    // The menu bar. Its Help entry shares the name of a command, so the menu bar has a tool of its own for it.
+    Command{u"mnuFile"_tool, u"&File", u"Menu", u"Open, save, print and close pages", u"", Opens{u"bndFileMenu"_band}},
+    Command{u"mnuEdit"_tool, u"&Edit", u"Menu", u"Cut, copy, paste and find text", u"", Opens{u"bndEditMenu"_band}},
+    Command{u"mnuView"_tool, u"&View", u"Menu", u"Change how the window and the page look", u"",
+            Opens{u"bndViewMenu"_band}},
+    Command{u"mnuGo"_tool, u"&Go", u"Menu", u"Go to other pages and tabs", u"", Opens{u"bndGoMenu"_band}},
+    Command{u"mnuFavorites"_tool, u"F&avorites", u"Menu", u"Open and keep your favorite pages", u"",
+            Opens{u"bndFavorites"_band}},
+    Command{u"mnuTessaGroups"_tool, u"&TessaGroups", u"Menu", u"Open and keep groups of pages", u"",
+            Opens{u"bndTessaGroupsMenu"_band}},
+    Command{u"mnuFindLinks"_tool, u"F&ind", u"Menu", u"Find things on the Internet", u"", Opens{u"bndFindLinks"_band}},
+    Command{u"mnuShop"_tool, u"Sho&p", u"Menu", u"Shop the Internet", u"", Opens{u"bndShopMenu"_band}},
+    Command{u"mnuOptions"_tool, u"&Options", u"Menu", u"Choose what pages load and how TessaView works", u"",
+            Opens{u"bndOptions"_band}},
+    Command{u"mnuHelp"_tool, u"&Help", u"Menu", u"Help and information on TessaView", u"", Opens{u"bndHelpMenu"_band},
+            OnlyOn{u"bndMenu"_band}},
+
+    Command{u"tbNew"_tool, u"&New", u"File", u"Opens a new browser tab at your home page", u"tab-new",
+            Opens{u"bndNew"_band}, Tabs::NewBlank},
+    Command{u"mnuNewBlank"_tool, u"New &Blank", u"File", u"Opens a new blank tab", u"tab-new", Key{'T', kCtrl},
+            Tabs::NewBlank},
+    Command{u"mnuNewSearch"_tool, u"New &Search", u"File", u"Opens a new tab at the search page", u"edit-find",
+            Tabs::NewSearch},
+    Command{u"mnuNewHome"_tool, u"New &Home", u"File", u"Opens a new tab at your home page", u"go-home", Tabs::NewHome},
+    Command{u"mnuNewCurrent"_tool, u"New &Current", u"File", u"Opens the current page once more in a new tab",
+            u"tab-duplicate", Tabs::NewCurrent},
+    Command{u"mnuOpen"_tool, u"&Open", u"File", u"Opens a file in the current tab", u"document-open", Key{'O', kCtrl},
+            Pages::Open},
+    Command{u"mnuClose"_tool, u"&Close", u"File", u"Closes the current tab", u"view-close", Key{'W', kCtrl},
+            Tabs::Close},
+    Command{u"mnuCloseAll"_tool, u"Close &All", u"File", u"Closes all tabs but the first",
+            u"project-development-close-all", Tabs::CloseAll},
+    Command{u"mnuSaveAs"_tool, u"&Save As", u"File", u"Saves the current page to a file", u"document-save-as",
+            Key{'S', kCtrl}, Pages::Exec<BrowserCommand::SaveAs>},
+    Command{u"mnuPrint"_tool, u"&Print", u"File", u"Prints the current page", u"document-print", Key{'P', kCtrl},
+            Pages::Exec<BrowserCommand::Print>},
+    Command{u"mnuPageSetup"_tool, u"Page Set&up...", u"File", u"Changes paper, orientation and margins for printing",
+            u"document-page-setup", Pages::Exec<BrowserCommand::PageSetup>},
+    Command{u"mnuExit"_tool, u"E&xit", u"File", u"Closes all tabs and ends TessaView", u"application-exit",
+            Key{'Q', kCtrl}, kRuns<&CommandHost::Exit>},
+
+    Command{u"mnuCut"_tool, u"C&ut", u"Edit", u"Moves the selection to the clipboard", u"edit-cut",
+            KeyOfOthers{'X', kCtrl}, Pages::Exec<BrowserCommand::Cut>},
+    Command{u"mnuCopy"_tool, u"&Copy", u"Edit", u"Copies the selection to the clipboard", u"edit-copy",
+            KeyOfOthers{'C', kCtrl}, Pages::Exec<BrowserCommand::Copy>},
+    Command{u"mnuPaste"_tool, u"&Paste", u"Edit", u"Inserts what is on the clipboard", u"edit-paste",
+            KeyOfOthers{'V', kCtrl}, Pages::Exec<BrowserCommand::Paste>},
+    Command{u"mnuSelectAll"_tool, u"&Select All", u"Edit", u"Selects everything on the current page",
+            u"edit-select-all", KeyOfOthers{'A', kCtrl}, Pages::SelectAll},
+    Command{u"mnuFind"_tool, u"&Find (on this page)...", u"Edit", u"Finds text on the current page", u"edit-find",
+            Key{'F', kCtrl}, Pages::Find, kNeeds<&CommandHost::ShowFind>},
+
+    Command{u"mnuViewStatusbar"_tool, u"S&tatus Bar", u"View", u"Shows or hides the status bar", u"", ToggleStatusBar},
+    Command{u"mnuViewToolbars"_tool, u"&Toolbars...", u"View", u"Arranges toolbars and menus as you like them",
+            u"configure-toolbars", kRuns<&CommandHost::Customize>},
+    Command{u"mnuStop"_tool, u"&Stop", u"View", u"Stops loading the current page", u"process-stop", Key{Keys::kEscape},
+            Pages::Stop},
+    Command{u"mnuRefresh"_tool, u"&Refresh", u"View", u"Loads the current page again", u"view-refresh", Key{Keys::kF5},
+            Key{'R', kCtrl}, Pages::Refresh},
+    Command{u"mnuViewSource"_tool, u"S&ource", u"View", u"Shows the source of the current page", u"code-context",
+            Key{'U', kCtrl}, Pages::Source},
+    Command{u"mnuViewInternetOptions"_tool, u"&Internet Options...", u"View",
+            u"Changes the home page, search, privacy and connection", u"preferences-system-network",
+            Pages::InternetOptions, kNeeds<&CommandHost::ShowInternetOptions>},
+    Command{u"mnuClearAddresses"_tool, u"&Clear Addresses", u"View", u"Empties the list of the address box",
+            u"edit-clear-history", HistoryCommands::ClearAddresses},
+    Command{u"mnuClearSearches"_tool, u"C&lear Searches", u"View", u"Empties the list of the search box",
+            u"edit-clear-history", HistoryCommands::ClearSearches},
+    Command{u"mnuResizeAddress"_tool, u"&Resize Address Bar", u"View", u"Resize the address bar", u"", ByFamily{},
+            kNeeds<&CommandHost::ResizeAddress>},
+    Command{u"mnuResizeSearch"_tool, u"R&esize Search Bar", u"View", u"Resize the search bar", u"", ByFamily{},
+            kNeeds<&CommandHost::ResizeSearch>},
+
+    Command{u"mnuGoBack"_tool, u"&Back", u"Go", u"Goes back to the page before", u"go-previous", Key{Keys::kLeft, kAlt},
+            Pages::GoBack},
+    Command{u"mnuGoForward"_tool, u"&Forward", u"Go", u"Goes forward to the page after", u"go-next",
+            Key{Keys::kRight, kAlt}, Pages::GoForward},
+    Command{u"mnuHome"_tool, u"&Home", u"Go", u"Goes to your home page", u"go-home", Key{Keys::kHome, kAlt},
+            Pages::Home},
+    Command{u"mnuSearch"_tool, u"&Search", u"Go", u"Goes to the search page", u"system-search", Pages::Search},
+    Command{u"mnuPreviousBrowserTab"_tool, u"&Previous Tab", u"Go", u"Shows the tab to the left", u"go-previous-view",
+            KeyOfOthers{Keys::kTab, kCtrl | kShift}, Tabs::Previous},
+    Command{u"mnuNextBrowserTab"_tool, u"&Next Tab", u"Go", u"Shows the tab to the right", u"go-next-view",
+            KeyOfOthers{Keys::kTab, kCtrl}, Tabs::Next},
+
+    Command{u"mnuAddToFavorites"_tool, u"&Add to Favorites...", u"Favorites",
+            u"Adds the current page to your Favorites", u"bookmark-new", Key{'D', kCtrl}, Keep::AddToFavorites,
+            kNeeds<&CommandHost::AddFavorite>},
+    Command{u"mnuOrganizeFavorites"_tool, u"&Organize Favorites...", u"Favorites",
+            u"Sorts, renames and deletes Favorites", u"bookmarks-organize", Keep::OrganizeFavorites,
+            kNeeds<&CommandHost::OrganizeFavorites>},
+
+    Command{u"mnuTabStop"_tool, u"&Stop", u"Popup", u"Stops loading the page of this tab", u"process-stop",
+            Tabs::PopupStop},
+    Command{u"mnuTabRefresh"_tool, u"&Refresh", u"Popup", u"Loads the page of this tab again", u"view-refresh",
+            Tabs::PopupRefresh},
+    Command{u"mnuTabClose"_tool, u"&Close", u"Popup", u"Closes this tab", u"view-close", Tabs::PopupClose},
+
+    Command{u"mnuLoadImages"_tool, u"&Load Images", u"Options", u"Whether pages load images", u"view-preview",
+            Pages::ToggleLoadOption},
+    Command{u"mnuLoadVideos"_tool, u"Load &Videos", u"Options", u"Whether pages load videos", u"",
+            Pages::ToggleLoadOption},
+    Command{u"mnuLoadSounds"_tool, u"Load &Sounds", u"Options", u"Whether pages load sounds", u"",
+            Pages::ToggleLoadOption},
+    Command{u"mnuLoadAnimations"_tool, u"Load &Animations", u"Options", u"Whether pages show moving images", u"",
+            Pages::ToggleLoadOption},
+    Command{u"mnuSettings"_tool, u"&Settings...", u"Options", u"Changes how TessaView works", u"configure",
+            kRuns<&CommandHost::ShowSettings>},
+
+    Command{u"mnuHelp"_tool, u"&Help Topics", u"Help", u"Shows how to use TessaView", u"help-contents", Key{Keys::kF1},
+            kRuns<&CommandHost::ShowHelp>},
+    Command{u"mnuAbout"_tool, u"About...", u"Help", u"Shows the version of TessaView", u"help-about",
+            kRuns<&CommandHost::ShowAbout>},
+
+    Command{u"mnuAddToTessaGroup"_tool, u"Add to TessaGroup...", u"TessaGroups",
+            u"Adds the current page to a TessaGroup", u"list-add", Keep::AddToTessaGroup,
+            kNeeds<&CommandHost::AddToTessaGroup>},
+    Command{u"mnuSaveAsTessaGroup"_tool, u"&Save as TessaGroup...", u"TessaGroups",
+            u"Saves all open tabs as a TessaGroup", u"document-save", Keep::SaveAsTessaGroup,
+            kNeeds<&CommandHost::SaveAsTessaGroup>},
+    Command{u"mnuOrganizeTessaGroups"_tool, u"&Organize TessaGroups...", u"TessaGroups",
+            u"Changes the addresses of a TessaGroup", u"document-edit", Keep::OrganizeTessaGroups,
+            kNeeds<&CommandHost::OrganizeTessaGroups>},
+
+    Command{u"mnuMail"_tool, u"&Mail", u"Mail", u"Reads and writes mail", u"mail-message", Opens{u"bndMail"_band},
+            kRuns<&CommandHost::LaunchMailClient>},
+    Command{u"mnuReadMail"_tool, u"&Read Mail...", u"Mail", u"Starts your mail program", u"mail-read",
+            kRuns<&CommandHost::LaunchMailClient>},
+    Command{u"mnuNewMessage"_tool, u"Ne&w Message...", u"Mail", u"Writes a new message", u"mail-message-new",
+            Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+    Command{u"mnuSendLink"_tool, u"Send a &Link...", u"Mail", u"Sends the address of the current page to somebody",
+            u"mail-forward", Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+    Command{u"mnuMailQuorvaneSoftware"_tool, u"&Quorvane Software", u"Mail", u"Writes to the makers of TessaView", u"",
+            Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+    Command{u"mnuFeatureRequest"_tool, u"&Feature Request", u"Mail", u"Tells the makers what you miss in TessaView",
+            u"", Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+    Command{u"mnuMailBugReport"_tool, u"&Bug Report", u"Mail", u"Tells the makers what went wrong", u"tools-report-bug",
+            Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+    Command{u"mnuReadNews"_tool, u"Read &News...", u"Mail", u"Starts your news program", u"view-pim-news",
+            kRuns<&CommandHost::LaunchNewsClient>},
+
+    Command{u"mnuFont"_tool, u"&Font", u"Font", u"Changes the size of the text on the page", u"font",
+            Opens{u"bndFont"_band}, Pages::MediumTextSize},
+    Command{u"mnuFontLargest"_tool, u"Lar&gest", u"Font", u"Shows the text at the largest size", u"", Pages::TextSize},
+    // Deliberate: the master list spells this name so; the font menu has a tool of its own, spelled otherwise.
+    Command{u"mnFontLarge"_tool, u"&Large", u"Font", u"Shows the text at a large size", u""},
+    Command{u"mnuFontLarger"_tool, u"&Large", u"Font", u"Shows the text at a large size", u"", OnlyOn{u"bndFont"_band},
+            Pages::TextSize},
+    Command{u"mnuFontMedium"_tool, u"&Medium", u"Font", u"Shows the text at its usual size", u"", Pages::TextSize},
+    Command{u"mnuFontSmaller"_tool, u"&Smaller", u"Font", u"Shows the text at a small size", u"", Pages::TextSize},
+    Command{u"mnuFontSmallest"_tool, u"Sm&allest", u"Font", u"Shows the text at the smallest size", u"",
+            Pages::TextSize},
+
+    // Not arranged by the user, they only carry the pictures of menus that are built while the program runs.
+    Command{u"mnuLinkImage"_tool, u"Link Image", u"", u"Link image holder", u"text-html", OnBar::Hidden},
+    Command{u"mnuFolderImage"_tool, u"Folder Image", u"", u"Folder image holder", u"folder", OnBar::Hidden},
+    Command{u"mnuTessaGroupsImage"_tool, u"TessaGroups Image", u"", u"TessaGroups image holder", u"view-list-icons",
+            OnBar::Hidden},
+
+    Shop(u"shpAirlineTickets"_tool, u"&Airline Tickets", u"airlinetickets"),
+    Shop(u"shpAuctions"_tool, u"A&uctions", u"auctions"),
+    Shop(u"shpAudioBooks"_tool, u"Au&dio Books", u"audiobooks"),
+    Shop(u"shpBooks"_tool, u"&Books", u"book"),
+    Shop(u"shpCars"_tool, u"&Cars", u"cars"),
+    Shop(u"shpComputers"_tool, u"C&omputers", u"computers"),
+    Shop(u"shpCreditCards"_tool, u"Cr&edit Cards", u"creditcards"),
+    Shop(u"shpEventTickets"_tool, u"E&vent Tickets", u"eventtickets"),
+    Shop(u"shpFlowers"_tool, u"&Flowers", u"flowers"),
+    Shop(u"shpHomesLoans"_tool, u"&Homes && Loans", u"homesloans"),
+    Shop(u"shpHotelReservations"_tool, u"Hotel Reservations", u"hotelreservations"),
+    Shop(u"shpMagazines"_tool, u"&Magazines", u"magazines"),
+    Shop(u"shpMusic"_tool, u"Mus&ic", u"cds"),
+    Shop(u"shpSoftware"_tool, u"&Software", u"software"),
+    Shop(u"shpSportingGoods"_tool, u"S&porting Goods", u"sportinggoods"),
+    Shop(u"shpStocks"_tool, u"St&ocks", u"stocks"),
+    Shop(u"shpSunglasses"_tool, u"Su&nglasses", u"sunglasses"),
+    Shop(u"shpToys"_tool, u"&Toys", u"toys"),
+    Shop(u"shpTravel"_tool, u"T&ravel", u"travel"),
+    Shop(u"shpVideos"_tool, u"&Videos", u"videos"),
+    Shop(u"shpHosting"_tool, u"&Web Site Hosting", u"hosting"),
+
+    Find(u"fndWebSites"_tool, u"&Web Sites", u"websites"),
+    Find(u"fndNewsgroups"_tool, u"&Newsgroups", u"newsgroups"),
+    Find(u"fndPeople"_tool, u"&People", u"people"),
+    Find(u"fndBusinesses"_tool, u"&Businesses", u"business"),
+    Find(u"fndMaps"_tool, u"&Maps && Directions", u"maps"),
+    Find(u"fndWeather"_tool, u"&Weather", u"weather"),
+    Find(u"fndReference"_tool, u"&Reference", u"reference"),
+    Find(u"fndStockQuotes"_tool, u"&Stock Quotes", u"stockquotes"),
+
+    Command{u"mnuAddress"_tool, u"A&ddress", u"Address", u"The address of the page", u"", ToolKind::Label},
+    Command{u"cboAddress"_tool, u"Address", u"Address", u"The address of the page", u"", ToolKind::Combo,
+            Key{'L', kCtrl}},
+    Command{u"mnuSearchLabel"_tool, u"Sea&rch", u"Search", u"Words to search for", u"", ToolKind::Label},
+    Command{u"cboSearch"_tool, u"Search", u"Search", u"Words to search for", u"", ToolKind::Combo, Key{'K', kCtrl}},
+
+    Command{u"xtrMore"_tool, u"&More", u"More", u"Shows more commands", u"application-menu", Opens{u"bndMoreMenu"_band},
+            Key{'M', kAlt}},
+    Command{u"xtrReopenTab"_tool, u"&Reopen Closed Tab", u"More", u"Brings back what was closed last", u"edit-undo",
+            Key{'T', kCtrl | kShift}, TabMore::Reopen},
+    Command{u"xtrTabList"_tool, u"&List Tabs", u"More", u"Lists all tabs and searches them", u"view-list-text",
+            Key{'A', kCtrl | kShift}, kRuns<&CommandHost::ShowTabList>},
+    Command{u"xtrTabMore"_tool, u"&More", u"", u"Shows more commands for this tab", u"", Opens{u"bndTabMore"_band}},
+    Command{u"xtrTabCloseOthers"_tool, u"Close &Others", u"", u"Closes all tabs but this one", u"",
+            TabMore::CloseOthers},
+    Command{u"xtrTabCloseRight"_tool, u"Close to the R&ight", u"", u"Closes the tabs to the right of this one", u"",
+            TabMore::CloseToTheRight},
+    Command{u"xtrTabDuplicate"_tool, u"&Duplicate", u"", u"Opens this page once more beside its tab", u"tab-duplicate",
+            TabMore::Duplicate},
+    Command{u"xtrTabMute"_tool, u"M&ute", u"", u"Silences this tab or lets it be heard again", u"audio-volume-muted",
+            TabMore::Mute},
+    Command{u"xtrTabAddToTessaGroup"_tool, u"Add to &TessaGroup...", u"", u"Adds this page to a TessaGroup",
+            u"list-add", Keep::AddTabToTessaGroup, kNeeds<&CommandHost::AddToTessaGroup>},
+    Command{u"xtrTabCopyAddress"_tool, u"Copy &Address", u"", u"Copies the address of this page to the clipboard",
+            u"edit-copy", TabMore::CopyAddress, kNeeds<&CommandHost::CopyText>},
+    Command{u"xtrSessions"_tool, u"Earlier &Sessions...", u"More", u"Opens pages of earlier sessions again",
+            u"view-history", kRuns<&CommandHost::ShowSessions>},
+    Command{u"xtrDownloads"_tool, u"Do&wnloads", u"More", u"Shows the files that are being saved and those that were",
+            u"folder-download", Key{'J', kCtrl}, kRuns<&CommandHost::ToggleDownloads>},
+    Command{u"xtrStopAll"_tool, u"Stop &All Pages", u"More", u"Stops every page that is loading", u"process-stop",
+            Key{Keys::kEscape, kShift}, StopAll},
+    Command{u"xtrTextLarger"_tool, u"Lar&ger Text", u"More", u"Shows the text of the page one size larger",
+            u"format-font-size-more", Key{Keys::kPlus, kCtrl}, Key{Keys::kPlus, kCtrl | kShift}, Pages::LargerText},
+    Command{u"xtrTextSmaller"_tool, u"S&maller Text", u"More", u"Shows the text of the page one size smaller",
+            u"format-font-size-less", Key{Keys::kMinus, kCtrl}, Pages::SmallerText},
+    Command{u"xtrTextUsual"_tool, u"&Usual Text", u"More", u"Shows the text of the page at its usual size", u"",
+            Key{'0', kCtrl}, Pages::MediumTextSize},
+    Command{u"xtrFullScreen"_tool, u"Full S&creen", u"More", u"Shows pages on the whole screen", u"view-fullscreen",
+            Key{Keys::kF11}, kRuns<&CommandHost::ToggleFullScreen>},
+    Command{u"xtrPrintPreview"_tool, u"Print Pre&view", u"More", u"Shows in a tab how the page will look on paper",
+            u"document-print-preview", Pages::Exec<BrowserCommand::PrintPreview>},
+    Command{u"xtrDevTools"_tool, u"&Developer Tools", u"More", u"Shows how the current page is made", u"tools",
+            Key{Keys::kF12}, kRuns<&CommandHost::ToggleDevTools>},
+    Command{u"xtrTaskView"_tool, u"&Task View", u"More",
+            u"Shows what each tab uses of memory and processor, and ends pages", u"utilities-system-monitor",
+            Key{Keys::kEscape, kCtrl | kShift}, kRuns<&CommandHost::ShowTaskView>},
+    Command{u"xtrCopyReport"_tool, u"&Copy Report", u"More",
+            u"Copies version, settings and log for a message to the makers; no address or title is in it", u"edit-copy",
+            kRuns<&CommandHost::CopyReport>},
+    Command{u"xtrPrivateTab"_tool, u"New &Private Tab", u"More",
+            u"Opens a tab whose page, cookies and history are forgotten with the last private tab", u"view-private",
+            Key{'N', kCtrl | kShift}, Tabs::NewPrivate},
+
+    // The menu of a page.
+    Command{u"xtrLinkOpen"_tool, u"&Open Link in New Tab", u"", u"Opens the link in a new tab", u"tab-new",
+            PageMenu::OpenLink},
+    Command{u"xtrLinkOpenOther"_tool, u"Open Link &Behind This Tab", u"", u"Opens the link in a new tab, the other way",
+            u"", PageMenu::OpenLinkOtherWay},
+    Command{u"xtrLinkOpenPrivate"_tool, u"Open Link in Pri&vate Tab", u"", u"Opens the link in a tab that is forgotten",
+            u"view-private", PageMenu::OpenLinkPrivate},
+    Command{u"xtrLinkSave"_tool, u"Save Lin&k As...", u"", u"Saves what the link leads to", u"document-save-as",
+            PageMenu::SaveLink},
+    Command{u"xtrLinkCopy"_tool, u"Copy Link A&ddress", u"", u"Copies the address of the link to the clipboard",
+            u"edit-copy", PageMenu::CopyLink, kNeeds<&CommandHost::CopyText>},
+    Command{u"xtrLinkAddToTessaGroup"_tool, u"Add Link to &TessaGroup...", u"", u"Adds the link to a TessaGroup",
+            u"list-add", PageMenu::AddLinkToTessaGroup, kNeeds<&CommandHost::AddToTessaGroup>},
+    Command{u"xtrImageOpen"_tool, u"Open Image in Ne&w Tab", u"", u"Shows the image alone in a new tab",
+            u"view-preview", PageMenu::OpenMedia},
+    Command{u"xtrImageSave"_tool, u"Save I&mage As...", u"", u"Saves the image to a file", u"document-save-as",
+            PageMenu::SaveMedia},
+    Command{u"xtrImageCopy"_tool, u"Copy Ima&ge", u"", u"Copies the image to the clipboard", u"edit-copy",
+            PageMenu::Run},
+    Command{u"xtrMediaPlay"_tool, u"Pla&y", u"", u"Plays or halts", u"media-playback-start", PageMenu::Run},
+    Command{u"xtrMediaMute"_tool, u"&Mute", u"", u"Silences this or lets it be heard again", u"", PageMenu::Run},
+    Command{u"xtrMediaLoop"_tool, u"&Loop", u"", u"Begins again at the end", u"", PageMenu::Run},
+    Command{u"xtrMediaControls"_tool, u"Sho&w Controls", u"", u"Shows the buttons for playing", u"", PageMenu::Run},
+    Command{u"xtrMediaSave"_tool, u"&Save Media As...", u"", u"Saves the sound or film to a file", u"document-save-as",
+            PageMenu::SaveMedia},
+    Command{u"xtrMediaCopyAddress"_tool, u"Copy Media &Address", u"", u"Copies the address of this to the clipboard",
+            u"edit-copy", PageMenu::CopyMediaAddress, kNeeds<&CommandHost::CopyText>},
+    Command{u"xtrUndo"_tool, u"U&ndo", u"", u"Takes the last change back", u"edit-undo", PageMenu::Run},
+    Command{u"xtrRedo"_tool, u"&Redo", u"", u"Makes the change again", u"edit-redo", PageMenu::Run},
+    Command{u"xtrPasteAsText"_tool, u"Paste as Plain Te&xt", u"",
+            u"Inserts the text of the clipboard without its looks", u"edit-paste", PageMenu::Run},
+    Command{u"xtrSearchSelection"_tool, u"S&earch for Selection", u"", u"Searches the web for the selected words",
+            u"edit-find", PageMenu::SearchForSelection},
+    Command{u"xtrOpenSelectedLinks"_tool, u"O&pen Selected Links", u"",
+            u"Opens every selected link in a tab of its own", u"tab-new", PageMenu::OpenSelectedLinks},
+    Command{u"xtrInspect"_tool, u"&Inspect", u"", u"Shows how this part of the page is made", u"tools", PageMenu::Run},
+    Command{u"xtrBookmarks"_tool, u"&Import and Export", u"More",
+            u"Takes over and hands on bookmarks of other browsers", u"document-import",
+            Opens{u"bndMoreBookmarks"_band}},
+    Command{u"xtrImportFavorites"_tool, u"Import &Favorites...", u"More",
+            u"Adds the bookmarks of another browser to your Favorites", u"document-import",
+            BookmarkCommands::ImportFavorites},
+    Command{u"xtrImportTessaGroups"_tool, u"Import &TessaGroups...", u"More",
+            u"Makes a TessaGroup of each folder of another browser's bookmarks", u"document-import",
+            BookmarkCommands::ImportTessaGroups},
+    Command{u"xtrExportFavorites"_tool, u"&Export Favorites...", u"More",
+            u"Writes your Favorites to a file for other browsers", u"document-export",
+            BookmarkCommands::ExportFavorites},
+    Command{u"xtrFolderOpen"_tool, u"&Open All in Tabs", u"", u"Opens every page of this folder in a tab of its own",
+            u"tab-new", MenuEntry::OpenFolder, kNeeds<&CommandHost::OpenFavorites>},
+    Command{u"xtrFolderSave"_tool, u"Save as &TessaGroup...", u"", u"Makes a TessaGroup of the pages of this folder",
+            u"document-save-as", MenuEntry::SaveFolder, kNeeds<&CommandHost::SaveFavorites>},
+    Command{u"xtrLinkNewTab"_tool, u"Open in &New Tab", u"", u"Opens this Favorite in a tab of its own", u"tab-new",
+            MenuEntry::OpenLink},
+    Command{u"xtrGroupOpen"_tool, u"&Open", u"", u"Opens every page of this TessaGroup in a tab of its own", u"tab-new",
+            MenuEntry::OpenGroup},
+    Command{u"xtrGroupOrganize"_tool, u"O&rganize...", u"", u"Changes the addresses of this TessaGroup",
+            u"document-edit", MenuEntry::OrganizeGroup, kNeeds<&CommandHost::OrganizeTessaGroup>},
+    Command{u"xtrGroupRename"_tool, u"Re&name...", u"", u"Gives this TessaGroup another name", u"edit-rename",
+            MenuEntry::RenameGroup, kNeeds<&CommandHost::ShowRenameGroup>},
+    Command{u"xtrGroupDelete"_tool, u"&Delete...", u"", u"Moves this TessaGroup to the trash", u"edit-delete",
+            MenuEntry::DeleteGroup, kNeeds<&CommandHost::MoveToTrash>},
+    Command{u"xtrExportTessaGroups"_tool, u"E&xport TessaGroups...", u"More",
+            u"Writes your TessaGroups to a file for other browsers", u"document-export",
+            BookmarkCommands::ExportTessaGroups},
+    // Made for the words of one page.
+    Command{u"xtrReplaceWord"_tool, u"", u"", u"", u"", OnBar::MadeLater, PageMenu::ReplaceWord},
 };
+
+// Each name that the design knows has its row, and each row, whose name is always one of the design, is the only one of
+// its name on the same bands, with the only effect of it.
+constexpr auto RowsOf(ToolName name) { return std::ranges::count(kCommands, name, &Command::tool); }
+constexpr bool IsAlone(const Command& row) {
+    return std::ranges::none_of(kCommands, [&](const Command& other) {
+        return &other != &row && other.tool == row.tool && (other.onlyOn == row.onlyOn || (other.Runs() && row.Runs()));
+    });
+}
+static_assert(std::ranges::all_of(DesignedNames::kTools,
+                                  [](TextView name) { return RowsOf(*ToolName::Find(name)) > 0; }),
+              "a tool of the design has no row");
+static_assert(std::ranges::all_of(kCommands, IsAlone), "two rows are about the same");
+
+constexpr bool IsOfAFamily(TextView name) {
+    return name.starts_with(DesignedNames::kShopLinks) || name.starts_with(DesignedNames::kFindLinks) ||
+           name.starts_with(DesignedNames::kResizeCommands);
+}
+static_assert(std::ranges::all_of(kCommands,
+                                  [](const Command& row) {
+                                      return IsOfAFamily(row.tool) == std::holds_alternative<ByFamily>(row.effect);
+                                  }),
+              "a family's effect is that of all its names, and of no other");
+
+constexpr std::span<const Command> Family(TextView begins) {
+    const auto isOf = [&](const Command& row) { return TextView(row.tool).starts_with(begins); };
+    const auto first = std::ranges::find_if(kCommands, isOf);
+    return {first, std::find_if_not(first, kCommands.end(), isOf)};
+}
+constexpr bool StandsTogether(TextView family) {
+    const auto isOf = [&](TextView name) { return name.starts_with(family); };
+    return std::ssize(Family(family)) == std::ranges::count_if(DesignedNames::kTools, isOf);
+}
+static_assert(StandsTogether(DesignedNames::kShopLinks) && StandsTogether(DesignedNames::kFindLinks));
+
+constexpr std::span<const KeyStroke> KeysOfOthers(const Command& row) {
+    return row.keyOfOthers ? std::span(&*row.keyOfOthers, 1) : std::span<const KeyStroke>();
+}
+constexpr std::span<const KeyStroke> KeysOfTheBar(const Command& row) { return row.Keys(); }
+
+/// The keys that all rows have by one of the functions above.
+template<auto keysOf>
+constexpr auto AllKeys() {
+    constexpr std::size_t count = std::transform_reduce(kCommands.begin(), kCommands.end(), std::size_t{0}, std::plus(),
+                                                        [](const Command& row) { return keysOf(row).size(); });
+    std::array<Shortcut, count> all{};
+    std::size_t at = 0;
+    for (const Command& row : kCommands) {
+        for (const KeyStroke& key : keysOf(row)) all.at(at++) = {row.tool, key};
+    }
+    return all;
+}
+constexpr auto kShortcuts = AllKeys<KeysOfTheBar>();
+constexpr auto kShortcutsOfOthers = AllKeys<KeysOfOthers>();
 
 } // namespace
 
 std::span<const Command> CommandTable() { return kCommands; }
+
+std::span<const Command> ShopLinks() { return Family(DesignedNames::kShopLinks); }
+
+std::span<const Command> FindLinks() { return Family(DesignedNames::kFindLinks); }
+
+std::span<const Shortcut> DesignedShortcuts() { return kShortcuts; }
+
+std::span<const Shortcut> ShortcutsOfOthers() { return kShortcutsOfOthers; }

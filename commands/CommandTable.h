@@ -1,7 +1,10 @@
 #pragma once
+#include "bar/CommandBar.h"
 #include "bar/ToolName.h"
 #include "commands/CommandContext.h"
 
+#include <array>
+#include <optional>
 #include <span>
 #include <variant>
 
@@ -9,14 +12,92 @@ using WindowEffect = void (*)(CommandContext&);
 using ToolEffect = void (*)(CommandContext&, const Tool&);
 /// Does nothing without a current view.
 using ViewEffect = void (*)(CommandContext&, BrowserView&);
+/// Whether the main window has what a command needs.
+using Need = bool (*)(const CommandHost&);
 
-/// A tool's name and what a click on it does.
+/// What a row says behind its texts, in any order, beside an effect, a need and the kind of its tool.
+namespace CommandTraits {
+
+/// A combination that clicks the tool. Menus show the first.
+struct Key {
+    std::int32_t code;
+    std::int32_t shift = 0;
+};
+/// One that the window, or whatever has the keyboard, answers without the bar. Menus show it all the same.
+struct KeyOfOthers {
+    std::int32_t code;
+    std::int32_t shift = 0;
+};
+/// The menu that drops down from the tool.
+struct Opens {
+    BandName band;
+};
+/// The tool stands beside the master list, for that band alone.
+struct OnlyOn {
+    BandName band;
+};
+/// The effect is that of the name's family, which the dispatcher knows.
+struct ByFamily {};
+/// An operation of the host, which is all that the command needs.
+struct HostEffect {
+    WindowEffect effect;
+    Need need;
+};
+/// Whether the design has a visible tool, a hidden one, or none because it is made later.
+enum class OnBar { Shown, Hidden, MadeLater };
+
+} // namespace CommandTraits
+
+/// All about a tool of the design and its command. The texts are the caption, the menu that it was designed for, the
+/// help, and a name of the icon theme; empty for none. The help of a Shop or Find link is its keyword.
 struct Command {
+    template<typename... Traits>
+    constexpr Command(ToolName name, TextView text, TextView menu, TextView help, TextView picture, Traits... traits)
+        : tool(name), caption(text), category(menu), description(help), icon(picture) {
+        (Take(traits), ...);
+    }
+
+    /// Whether a click on a tool of that name runs this row.
+    [[nodiscard]] constexpr bool Runs() const {
+        return !std::holds_alternative<std::monostate>(effect) &&
+               !std::holds_alternative<CommandTraits::ByFamily>(effect);
+    }
+    [[nodiscard]] constexpr std::span<const KeyStroke> Keys() const { return std::span(keys).first(keyCount); }
+
     ToolName tool;
-    std::variant<WindowEffect, ToolEffect, ViewEffect> effect;
-    /// Whether the main window has what the command needs; nothing for a command that needs nothing.
-    bool (*available)(const CommandHost&) = nullptr;
+    TextView caption, category, description, icon;
+    std::variant<std::monostate, CommandTraits::ByFamily, WindowEffect, ToolEffect, ViewEffect> effect;
+    Need available = nullptr; ///< nothing for a command that needs nothing
+    std::array<KeyStroke, 2> keys{};
+    std::size_t keyCount = 0;
+    std::optional<KeyStroke> keyOfOthers;
+    std::optional<BandName> subBand, onlyOn;
+    ToolKind kind = ToolKind::Button;
+    CommandTraits::OnBar onBar = CommandTraits::OnBar::Shown;
+
+private:
+    constexpr void Take(CommandTraits::Key key) { keys.at(keyCount++) = {key.code, key.shift}; }
+    constexpr void Take(CommandTraits::KeyOfOthers key) { keyOfOthers = KeyStroke{key.code, key.shift}; }
+    constexpr void Take(CommandTraits::Opens menu) { subBand = menu.band; }
+    constexpr void Take(CommandTraits::OnlyOn place) { onlyOn = place.band; }
+    constexpr void Take(ToolKind what) { kind = what; }
+    constexpr void Take(CommandTraits::OnBar place) { onBar = place; }
+    constexpr void Take(Need need) { available = need; }
+    constexpr void Take(CommandTraits::ByFamily family) { effect = family; }
+    constexpr void Take(WindowEffect run) { effect = run; }
+    constexpr void Take(ToolEffect run) { effect = run; }
+    constexpr void Take(ViewEffect run) { effect = run; }
+    constexpr void Take(CommandTraits::HostEffect run) {
+        effect = run.effect;
+        available = run.need;
+    }
 };
 
-/// The commands in the order in which their names are tested.
+/// The rows in the order of the master list.
 [[nodiscard]] std::span<const Command> CommandTable();
+/// The Shop and the Find links among them.
+[[nodiscard]] std::span<const Command> ShopLinks();
+[[nodiscard]] std::span<const Command> FindLinks();
+/// The combinations of keys that the bar answers, and those that it does not.
+[[nodiscard]] std::span<const Shortcut> DesignedShortcuts();
+[[nodiscard]] std::span<const Shortcut> ShortcutsOfOthers();

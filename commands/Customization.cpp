@@ -3,6 +3,7 @@
 #include "bar/BandRules.h"
 #include "bar/CommandBarLayout.h"
 #include "bar/ToolName.h"
+#include "base/Captions.h"
 #include "commands/DesignTimeBar.h"
 
 #include <algorithm>
@@ -32,15 +33,6 @@ std::size_t PlaceOf(const Band& band, const Tool& tool) {
     const auto& entries = band.Entries();
     const auto found = std::ranges::find(entries, &tool, [](const BandEntry& entry) { return entry.Item.get(); });
     return static_cast<std::size_t>(found - entries.begin());
-}
-
-Text Plain(TextView caption) {
-    Text plain;
-    for (std::size_t i = 0; i < caption.size(); ++i) {
-        if (caption[i] == u'&' && ++i >= caption.size()) break;
-        plain += caption[i];
-    }
-    return plain;
 }
 
 TextView KindWord(BandKind kind) {
@@ -153,7 +145,7 @@ std::vector<std::shared_ptr<Tool>> Customization::Commands(TextView category) co
 }
 
 Text Customization::TitleOf(const Tool& tool) {
-    const Text title = Plain(tool.Caption());
+    const Text title = PlainCaption(tool.Caption());
     if (tool.Kind() == ToolKind::Label) return title + u" (label)";
     return tool.Kind() == ToolKind::Combo ? title + u" (box)" : title;
 }
@@ -171,7 +163,7 @@ std::vector<Band*> Customization::Bands() const {
 Text Customization::TitleOf(const Band& band) const {
     Text caption = band.Caption();
     for (const auto& tool : m_bar.Tools()) {
-        if (caption.empty() && tool->SubBand == band.Name()) caption = Plain(tool->Caption());
+        if (caption.empty() && tool->SubBand == band.Name()) caption = PlainCaption(tool->Caption());
     }
     return Text(KindWord(band.Kind())) + caption;
 }

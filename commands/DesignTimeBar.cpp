@@ -2,11 +2,10 @@
 
 #include "address/Endpoints.h"
 #include "base/Captions.h"
-#include "commands/ToolNames.h"
+#include "commands/CommandTable.h"
 
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 
 namespace {
 
@@ -50,6 +49,10 @@ constexpr std::array kBands{
     BandRow{u"bndGroupEntry"_band, u"TessaGroup Popup", BandKind::Popup, {}},
     BandRow{u"bndNewTab"_band, u"New Tab Popup", BandKind::Popup, {}},
 };
+
+static_assert(std::ranges::all_of(DesignedNames::kBands,
+                                  [](TextView name) { return std::ranges::count(kBands, name, &BandRow::name) == 1; }),
+              "a band of the design has no row, or several");
 
 /// A tool on a band.
 struct EntryRow {
@@ -222,61 +225,47 @@ constexpr std::array kEntries{
     EntryRow{u"bndNewTab"_band, u"xtrTabList"_tool},
 };
 
-/// Tools of one band alone, which share a name with another tool or are spelled otherwise than in the master list.
-struct OwnRow {
-    BandName band;
-    ToolName tool;
-    TextView caption;
-    TextView category;
-    TextView description;
-    TextView subBand;
-};
-
-constexpr std::array kOwn{
-    OwnRow{u"bndMenu"_band, u"mnuHelp"_tool, u"&Help", u"Menu", u"Help and information on TessaView",
-           u"bndHelpMenu"_band},
-    OwnRow{u"bndFont"_band, u"mnuFontLarger"_tool, u"&Large", u"Font", u"Shows the text at a large size", u""},
-};
-
 constexpr std::int32_t kFirstOwnId = 180;
 
-Text TooltipOf(const ToolRow& row) {
+Text CaptionOf(const Command& row) {
+    Text caption(row.caption);
+    // The label says who searches.
+    if (row.tool == u"mnuSearchLabel"_tool) caption += u" " + Text(Endpoints::kSearchServiceName);
+    return caption;
+}
+
+Text TooltipOf(const Command& row) {
     // Deliberate: the slip of the pen is part of the product.
-    if (row.name == u"shpHomesLoans"_tool) return u"Homes & Loads";
+    if (row.tool == u"shpHomesLoans"_tool) return u"Homes & Loads";
     return WithoutAccessKey(row.caption);
 }
 
-void AddTools(CommandBar& bar, std::span<const ToolRow> rows, std::int32_t& id) {
-    for (const ToolRow& row : rows) {
-        auto* tool = bar.Add(std::make_unique<Tool>(id++, Text(row.name), Text(row.caption)));
-        tool->TooltipText = TooltipOf(row);
-        tool->Category = row.category;
-        tool->Description = row.description;
-        tool->Image = {Text(row.icon)};
-        tool->SubBand = row.subBand;
-        tool->ClickWithSubBand = !row.subBand.empty() && row.category != u"Menu";
-    }
+std::unique_ptr<Tool> EmptyTool(const Command& row, std::int32_t id) {
+    if (row.kind == ToolKind::Combo) return std::make_unique<ComboTool>(id, Text(row.tool), CaptionOf(row));
+    return std::make_unique<Tool>(id, Text(row.tool), CaptionOf(row), row.kind);
 }
 
-void AddLabelAndBox(CommandBar& bar, std::int32_t& id, TextView category, ToolName label, Text caption, ToolName box,
-                    TextView description) {
-    auto* text = bar.Add(std::make_unique<Tool>(id++, Text(label), caption, ToolKind::Label));
-    auto* combo = bar.Add(std::make_unique<ComboTool>(id++, Text(box), Text(category)));
-    for (Tool* tool : {text, static_cast<Tool*>(combo)}) {
-        tool->Category = category;
-        tool->Description = description;
-        tool->TooltipText = category;
-    }
+std::unique_ptr<Tool> NewTool(const Command& row, std::int32_t id) {
+    auto tool = EmptyTool(row, id);
+    tool->TooltipText = TooltipOf(row);
+    tool->Category = row.category;
+    tool->Description = row.description;
+    tool->Image = {Text(row.icon)};
+    tool->Visible = row.onBar == CommandTraits::OnBar::Shown;
+    if (!row.subBand) return tool;
+    tool->SubBand = TextView(*row.subBand);
+    tool->ClickWithSubBand = row.Runs();
+    return tool;
 }
 
-void AddOwnTools(CommandBar& bar) {
-    std::int32_t id = kFirstOwnId;
-    for (const OwnRow& row : kOwn) {
-        const auto tool = bar.AddOwn(Text(row.band), std::make_unique<Tool>(id++, Text(row.tool), Text(row.caption)));
-        tool->TooltipText = WithoutAccessKey(row.caption);
-        tool->Category = row.category;
-        tool->Description = row.description;
-        tool->SubBand = row.subBand;
+void AddTools(CommandBar& bar) {
+    std::int32_t id = 1, ownId = kFirstOwnId;
+    for (const Command& row : CommandTable()) {
+        if (row.onBar == CommandTraits::OnBar::MadeLater) continue;
+        if (row.onlyOn)
+            bar.AddOwn(Text(*row.onlyOn), NewTool(row, ownId++));
+        else
+            bar.Add(NewTool(row, id++));
     }
 }
 
@@ -291,8 +280,8 @@ std::vector<BandEntry> EntriesOf(const CommandBar& bar, BandName band) {
         if (row.band == band) entries.push_back({ToolFor(bar, row), row.group});
     }
     if (band == u"bndShopMenu"_band || band == u"bndFindLinks"_band) {
-        for (const ToolRow& row : band == u"bndShopMenu"_band ? ShopLinks() : FindLinks())
-            entries.push_back({bar.Share(row.name)});
+        for (const Command& row : band == u"bndShopMenu"_band ? ShopLinks() : FindLinks())
+            entries.push_back({bar.Share(row.tool)});
     }
     return entries;
 }
@@ -302,21 +291,7 @@ std::vector<BandEntry> EntriesOf(const CommandBar& bar, BandName band) {
 namespace DesignTimeBar {
 
 void Make(CommandBar& bar) {
-    std::int32_t id = 1;
-    AddTools(bar, DesignedTools(), id);
-    AddTools(bar, ShopLinks(), id);
-    AddTools(bar, FindLinks(), id);
-    AddOwnTools(bar);
-    AddLabelAndBox(bar, id, u"Address", u"mnuAddress"_tool, u"A&ddress", u"cboAddress"_tool,
-                   u"The address of the page");
-    AddLabelAndBox(bar, id, u"Search", u"mnuSearchLabel"_tool, u"Sea&rch " + Text(Endpoints::kSearchServiceName),
-                   u"cboSearch"_tool, u"Words to search for");
-    AddTools(bar, OwnTools(), id);
-    // They do nothing but open their menus.
-    for (const ToolName opener : {u"xtrMore"_tool, u"xtrTabMore"_tool, u"xtrBookmarks"_tool})
-        bar.Find(opener)->ClickWithSubBand = false;
-    for (const ToolName holder : {u"mnuLinkImage"_tool, u"mnuFolderImage"_tool, u"mnuTessaGroupsImage"_tool})
-        bar.Find(holder)->Visible = false;
+    AddTools(bar);
     ResetWidths(bar);
     bar.SetShortcuts({DesignedShortcuts().begin(), DesignedShortcuts().end()});
     for (const BandRow& row : kBands) ResetBand(bar, row.name);

@@ -51,9 +51,11 @@ void Dispatcher::RunNamed(const Tool& tool) {
     // The name of a Favorite is its address, which whoever wrote it has chosen.
     if (RuntimeIds::IsMade(tool.Id()) && tool.Name().starts_with(DesignedNames::kOwnCommands)) return;
     const auto table = CommandTable();
-    const auto command = std::ranges::find(table, TextView(tool.Name()), &Command::tool);
+    const auto command = std::ranges::find_if(
+        table, [&](const Command& row) { return row.Runs() && row.tool == TextView(tool.Name()); });
     if (command == table.end() || (command->available && !command->available(m_context.host))) return;
-    std::visit(Overloaded{[&](WindowEffect effect) { effect(m_context); },
+    std::visit(Overloaded{[](std::monostate) {}, [](CommandTraits::ByFamily) {},
+                          [&](WindowEffect effect) { effect(m_context); },
                           [&](ToolEffect effect) { effect(m_context, tool); },
                           [&](ViewEffect effect) {
                               if (auto* view = m_context.tabs.CurrentView()) effect(m_context, *view->Control);
@@ -84,7 +86,4 @@ void Dispatcher::DisableUnavailable() {
         auto* tool = m_context.actBar.Find(command.tool);
         if (tool && command.available && !command.available(m_context.host)) tool->Enabled = false;
     }
-    const auto& host = m_context.host;
-    if (auto* tool = m_context.actBar.Find(u"mnuResizeAddress"_tool)) tool->Enabled = bool(host.ResizeAddress);
-    if (auto* tool = m_context.actBar.Find(u"mnuResizeSearch"_tool)) tool->Enabled = bool(host.ResizeSearch);
 }

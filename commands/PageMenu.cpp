@@ -6,7 +6,6 @@
 #include "base/PlainText.h"
 #include "base/os/AtomicFile.h"
 #include "commands/PageMenuEntries.h"
-#include "commands/ToolNames.h"
 #include "downloads/FileNames.h"
 #include "groups/TessaGroups.h"
 #include "pages/LinkRules.h"

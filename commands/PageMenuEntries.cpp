@@ -2,8 +2,8 @@
 
 #include "base/Captions.h"
 #include "bar/ToolName.h"
+#include "base/Captions.h"
 #include "base/PlainText.h"
-#include "commands/ToolNames.h"
 #include "pages/LinkRules.h"
 
 #include <initializer_list>

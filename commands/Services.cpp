@@ -3,7 +3,7 @@
 #include "address/Endpoints.h"
 #include "base/Captions.h"
 #include "base/Percent.h"
-#include "commands/ToolNames.h"
+#include "commands/CommandTable.h"
 
 #include <algorithm>
 #include <array>
@@ -40,9 +40,9 @@ std::string Filled(const Text& chosen, std::string_view byDesign, std::string_vi
 }
 
 /// What a Shop or Find link of that keyword is called, without its access key.
-std::string LinkNameOf(std::span<const ToolRow> links, std::string_view keyword) {
+std::string LinkNameOf(std::span<const Command> links, std::string_view keyword) {
     const auto link =
-        std::ranges::find(links, FromBytes(keyword), [](const ToolRow& row) { return Text(row.description); });
+        std::ranges::find(links, FromBytes(keyword), [](const Command& row) { return Text(row.description); });
     return PercentEncoded(link == links.end() ? keyword : std::string_view(ToUtf8(WithoutAccessKey(link->caption))));
 }
 

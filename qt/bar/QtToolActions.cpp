@@ -1,6 +1,6 @@
 #include "qt/bar/QtToolActions.h"
 
-#include "commands/ToolNames.h"
+#include "commands/CommandTable.h"
 #include "qt/base/QtIcons.h"
 #include "qt/base/QtKeys.h"
 #include "qt/base/QtText.h"

@@ -1,7 +1,5 @@
 #include "commands/DesignTimeBar.h"
 
-#include "commands/CommandTable.h"
-
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -171,17 +169,6 @@ constexpr std::array kCaptions{
     DesignedTool{"fndReference", "&Reference", "reference"},
     DesignedTool{"fndStockQuotes", "&Stock Quotes", "stockquotes"},
 };
-
-// The order in which the names of commands are tested.
-constexpr auto kCommandOrder =
-    "mnuAddToTessaGroup mnuCloseAll mnuHelp mnuClearAddresses mnuClearSearches mnuLoadImages mnuLoadVideos "
-    "mnuLoadSounds mnuLoadAnimations mnuOrganizeTessaGroups mnuFontLargest mnuFontLarger mnuFontMedium "
-    "mnuFontSmaller mnuFontSmallest mnuFont mnuReadNews mnuNewMessage mnuSendLink mnuMailQuorvaneSoftware "
-    "mnuFeatureRequest mnuMailBugReport mnuReadMail mnuMail mnuNextBrowserTab mnuPreviousBrowserTab mnuSettings "
-    "mnuOpen mnuAbout mnuSaveAsTessaGroup mnuGoBack mnuGoForward mnuAddToFavorites mnuOrganizeFavorites mnuNewHome "
-    "mnuViewStatusbar mnuNewSearch mnuNewBlank tbNew mnuNewCurrent mnuClose mnuSearch mnuHome mnuStop mnuRefresh "
-    "mnuSaveAs mnuPageSetup mnuPrint mnuCut mnuCopy mnuPaste mnuSelectAll mnuFind mnuViewInternetOptions "
-    "mnuViewSource mnuExit mnuViewToolbars mnuTabStop mnuTabRefresh mnuTabClose";
 
 // The menus that the tools were designed for; those of the Shop and Find links are told by their names.
 constexpr std::array kCategories{
@@ -392,15 +379,6 @@ TEST_F(DesignTimeBarTest, ShortcutsBelongToToolsAndAreGivenOnce) {
         EXPECT_NE(bar.Find(each.ToolName), nullptr) << ToUtf8(each.ToolName);
         EXPECT_TRUE(keys.insert({each.Key.KeyCode, each.Key.Shift}).second) << ToUtf8(each.ToolName);
     }
-}
-
-TEST_F(DesignTimeBarTest, CommandsAreTestedInTheProductsOrder) {
-    std::string all;
-    for (const Command& command : CommandTable()) {
-        if (TextView(command.tool).starts_with(u"xtr")) continue;
-        all += (all.empty() ? "" : " ") + ToUtf8(command.tool);
-    }
-    EXPECT_EQ(all, kCommandOrder);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "base/Captions.h"
+#include "commands/CommandTable.h"
 #include "commands/DesignTimeBar.h"
-#include "commands/ToolNames.h"
 #include "pages/InstanceProfiles.h"
 #include "qt/base/QtKeys.h"
 #include "qt/base/QtText.h"
