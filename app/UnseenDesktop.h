@@ -1,5 +1,6 @@
 #pragma once
 #include "base/Address.h"
+#include "forms/FormHost.h"
 #include "platform/Application.h"
 #include "platform/BrowserView.h"
 #include "platform/DefaultBrowser.h"
@@ -10,6 +11,10 @@
 #include "platform/SessionFiles.h"
 #include "platform/Shell.h"
 #include "platform/Trash.h"
+#include "platform/WallClock.h"
+#include "sessions/SessionOffer.h"
+#include "settings/EngineOptions.h"
+#include "window/Report.h"
 
 /// What surrounds a main window that nobody ever sees: whatever it wants of the desktop, there is nothing.
 namespace UnseenDesktop {
@@ -88,6 +93,44 @@ public:
     void DoEvents() override {}
 };
 
+class NoForms final : public FormHost {
+public:
+    void Show(frmAddFavorite&) override {}
+    void Show(frmDefBrowser&) override {}
+    void Show(frmInternetOptions&) override {}
+    void Show(frmOrganizeFavorites&) override {}
+    void Show(frmRenameGroup&) override {}
+    void Show(frmResize&) override {}
+    void Show(frmSessions&) override {}
+    void Show(frmSettings&) override {}
+    void Show(frmSplash&) override {}
+    void Show(frmTessaGroup&) override {}
+};
+
+class NoClock final : public WallClock {
+public:
+    [[nodiscard]] std::int64_t Now() const override { return 0; }
+    [[nodiscard]] Text Words(std::int64_t) const override { return {}; }
+};
+
+class NoOffer final : public SessionOffer {
+public:
+    void Offer(TextView, const Session&) override {}
+    void Withdraw() override {}
+};
+
+class NoEngineOptions final : public EngineOptions {
+public:
+    void ApplyLoadOptions() override {}
+    void ApplyInternetOptions() override {}
+    void Clear(const BrowsingData&, Forgotten done) override { done(Cleared::NotAll); }
+};
+
+class NoReport final : public Report::Source {
+public:
+    [[nodiscard]] Report::Facts Read() override { return {}; }
+};
+
 class NoSplash final : public SplashWindow {
 public:
     void Show() override {}
@@ -107,6 +150,7 @@ class NoFileDialogs final : public FileDialogs {
 public:
     Text ShowOpen(const FileDialogRequest&) override { return {}; }
     Text ShowSave(const FileDialogRequest&) override { return {}; }
+    Text ChooseFolder(TextView) override { return {}; }
 };
 
 /// The sessions are those of the instance that runs.

@@ -27,5 +27,10 @@ private:
     UnseenDesktop::NoFolderWatch m_folderWatch;
     UnseenDesktop::NoTrash m_trash;
     UnseenDesktop::NoDownloads m_downloads;
+    UnseenDesktop::NoForms m_forms;
+    UnseenDesktop::NoClock m_clock;
+    UnseenDesktop::NoOffer m_offer;
+    UnseenDesktop::NoEngineOptions m_engineOptions;
+    UnseenDesktop::NoReport m_report;
     frmMain m_main;
 };

@@ -56,8 +56,6 @@ struct CommandHost {
     std::function<Text(TextView folder)> SaveFavorites;
     /// Edits the TessaGroup of that path.
     std::function<void(TextView path)> OrganizeTessaGroup;
-    /// Shows the question for a TessaGroup's new name and returns when it is hidden.
-    std::function<void(frmRenameGroup&)> ShowRenameGroup;
     /// Moves a file to the desktop's trash; fails where there is none for it.
     std::function<Outcome(TextView path)> MoveToTrash;
     /// Whether a Favorites link may be opened; asks the user where that is in doubt.
@@ -75,6 +73,7 @@ struct CommandContext {
     ClosedTabs& closed;
     FileDialogs& files;
     MessageBoxes& messages;
+    FormHost& forms;
     Text groupFolder;     ///< with the separator at the end
     Text favoritesFolder; ///< without one; empty when there is none
     CommandHost host;

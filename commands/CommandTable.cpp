@@ -358,7 +358,7 @@ constexpr std::array kCommands{
     Command{u"xtrGroupOrganize"_tool, u"O&rganize...", u"", u"Changes the addresses of this TessaGroup",
             u"document-edit", MenuEntry::OrganizeGroup, kNeeds<&CommandHost::OrganizeTessaGroup>},
     Command{u"xtrGroupRename"_tool, u"Re&name...", u"", u"Gives this TessaGroup another name", u"edit-rename",
-            MenuEntry::RenameGroup, kNeeds<&CommandHost::ShowRenameGroup>},
+            MenuEntry::RenameGroup},
     Command{u"xtrGroupDelete"_tool, u"&Delete...", u"", u"Moves this TessaGroup to the trash", u"edit-delete",
             MenuEntry::DeleteGroup, kNeeds<&CommandHost::MoveToTrash>},
     Command{u"xtrExportTessaGroups"_tool, u"E&xport TessaGroups...", u"More",

@@ -47,15 +47,14 @@ FavoriteCommands::FavoriteCommands(CommandContext& context, Outside outside)
     host.SaveFavorites = [this](TextView folder) { return SaveAsGroup(folder); };
     host.MayOpenLink = [this](TextView address) { return MayOpenLink(address); };
     host.RepairFavorites = [this] { RepairFavorites(); };
-    if (m_outside.showAdd)
-        host.AddFavorite = [this](TextView address, TextView title) { return AddFavorite(address, title); };
-    if (m_outside.showOrganize) host.OrganizeFavorites = [this] { OrganizeFavorites(); };
+    host.AddFavorite = [this](TextView address, TextView title) { return AddFavorite(address, title); };
+    host.OrganizeFavorites = [this] { OrganizeFavorites(); };
 }
 
 bool FavoriteCommands::AddFavorite(TextView address, TextView title) {
     if (!Favorites::CanKeep(m_context.favoritesFolder)) return false;
     frmAddFavorite form(m_context.favoritesFolder, Address::WithoutUser(address), title);
-    m_outside.showAdd(form);
+    m_outside.forms.Show(form);
     if (!form.Told.empty()) m_context.tabs.Say(form.Told);
     return true;
 }
@@ -72,7 +71,7 @@ void FavoriteCommands::OrganizeFavorites() {
                                .trash = m_outside.trash,
                                .OpenAll = [this](TextView folder) { OpenAll(folder); },
                                .SaveAsGroup = [this](TextView folder) { return SaveAsGroup(folder); }});
-    m_outside.showOrganize(form);
+    m_outside.forms.Show(form);
 }
 
 bool FavoriteCommands::MayOpenLink(TextView address) {

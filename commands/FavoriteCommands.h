@@ -2,16 +2,14 @@
 #include "commands/CommandContext.h"
 #include "favorites/frmAddFavorite.h"
 #include "favorites/frmOrganizeFavorites.h"
+#include "forms/FormHost.h"
 
 /// What the main window does with Favorites beside the menu. Owned by the main window.
 class FavoriteCommands {
 public:
-    /// A dialog that is missing leaves its command disabled.
     struct Outside {
         Trash& trash;
-        /// Show the form and return when it is hidden.
-        std::function<void(frmAddFavorite&)> showAdd;
-        std::function<void(frmOrganizeFavorites&)> showOrganize;
+        FormHost& forms;
     };
 
     /// The context outlives this object, whose operations its host gets.

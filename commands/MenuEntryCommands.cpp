@@ -64,7 +64,7 @@ void OrganizeGroup(CommandContext& context) { context.host.OrganizeTessaGroup(Te
 void RenameGroup(CommandContext& context) {
     const Text before = GroupNameOf(context.menuEntry);
     frmRenameGroup form(context.menuEntry);
-    context.host.ShowRenameGroup(form);
+    context.forms.Show(form);
     if (form.Renamed.empty()) return;
     context.groupsMenuStale = true;
     context.tabs.Say(u"The TessaGroup " + before + u" is now called " + OneLine(form.Renamed) + u".");

@@ -18,7 +18,7 @@ int PercentOf(const Download& download) {
 
 } // namespace
 
-frmDownloads::frmDownloads(Downloads& downloads) : m_downloads(downloads) {
+frmDownloads::frmDownloads(Downloads& downloads, const WallClock& clock) : m_downloads(downloads), m_clock(clock) {
     Selected.Change.ConnectForLife([this] { ShowButtons(); });
     Form.Visible.Change.ConnectForLife([this] {
         Show();
@@ -64,7 +64,7 @@ void frmDownloads::Show() {
 }
 
 DownloadLine frmDownloads::LineOf(const Download& download, std::int64_t now) const {
-    const Text time = TimeText && download.Ended > 0 ? TimeText(download.Ended) : Text();
+    const Text time = download.Ended > 0 ? m_clock.Words(download.Ended) : Text();
     return {download.Id, PlainLine(download.Name(), kNameInList), DownloadWords::Standing(download, now),
             DownloadWords::Place(download, time), PercentOf(download)};
 }

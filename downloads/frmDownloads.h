@@ -2,6 +2,7 @@
 #include "base/Signal.h"
 #include "downloads/Downloads.h"
 #include "forms/Controls.h"
+#include "platform/WallClock.h"
 
 #include <vector>
 
@@ -21,7 +22,7 @@ public:
     static constexpr int kUnknownPercent = 101;
 
     /// The list outlives the form.
-    explicit frmDownloads(Downloads& downloads);
+    frmDownloads(Downloads& downloads, const WallClock& clock);
     frmDownloads(const frmDownloads&) = delete;
     frmDownloads& operator=(const frmDownloads&) = delete;
 
@@ -49,8 +50,6 @@ public:
 
     /// Has `Show` called in a part of a second. Filled in by the view.
     Signal<void()> Schedule;
-    /// A time in words, from seconds since 1970. Filled in by the main window.
-    std::function<Text(std::int64_t)> TimeText;
     /// The panel was shown or hidden. Filled in by the main window.
     Signal<void(bool)> Shown;
 
@@ -60,5 +59,6 @@ private:
     [[nodiscard]] DownloadLine LineOf(const Download& download, std::int64_t now) const;
 
     Downloads& m_downloads;
+    const WallClock& m_clock;
     std::int32_t m_newest = 0; ///< the highest id that was shown; later ones are new
 };

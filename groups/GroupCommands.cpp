@@ -118,8 +118,7 @@ void GroupCommands::SaveAsTessaGroup(TextView path) {
 }
 
 void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
-    frmTessaGroup form(m_parts.messages);
-    form.ShowModal = ShowEditor;
+    frmTessaGroup form(m_parts.messages, m_parts.forms);
     form.TitleOf = [this](TextView address) { return TitleOf(address); };
     form.EditTessaGroup(sFileName);
     if (form.Unwritten) m_parts.tabs.Say(u"The TessaGroup " + NameOf(sFileName) + u" could not be written.");

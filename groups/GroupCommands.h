@@ -20,6 +20,7 @@ public:
         StatusBar& sbStatus;
         MessageBoxes& messages;
         FileDialogs& files;
+        FormHost& forms;
         const Text& groupFolder; ///< with the separator at the end
     };
     explicit GroupCommands(Parts parts);
@@ -55,8 +56,6 @@ public:
     bool TGCloseOthersFirst = false;
     /// Whether there is somebody to ask. Without anybody, what needs an answer is not opened.
     bool MayAsk = true;
-    /// Shows the editor and returns when it is hidden. Filled in by the main window.
-    std::function<void(frmTessaGroup&)> ShowEditor;
 
 private:
     /// Whether the group lies in the user's own folder of groups.

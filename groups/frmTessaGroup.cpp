@@ -19,7 +19,7 @@ bool IsBlank(TextView line) { return line.find_first_not_of(kBlanks) == TextView
 
 } // namespace
 
-frmTessaGroup::frmTessaGroup(MessageBoxes& messages) : m_messages(messages) {
+frmTessaGroup::frmTessaGroup(MessageBoxes& messages, FormHost& forms) : m_messages(messages), m_forms(forms) {
     cmdUp.Click.ConnectForLife([this] { cmdUp_Click(); });
     cmdDown.Click.ConnectForLife([this] { cmdDown_Click(); });
     cmdInsert.Click.ConnectForLife([this] { cmdInsert_Click(); });
@@ -41,7 +41,7 @@ void frmTessaGroup::EditTessaGroup(TextView sFileName) {
     const auto separator = sFileName.find_last_of(u"/\\");
     if (separator != TextView::npos) lblTessaGroupName.Caption = OneLine(sFileName.substr(separator + 1));
     RefreshButtons();
-    if (ShowModal) ShowModal(*this);
+    m_forms.Show(*this);
 }
 
 void frmTessaGroup::RefreshButtons() {

@@ -1,6 +1,7 @@
 #pragma once
 #include "base/Units.h"
 #include "forms/Controls.h"
+#include "forms/FormHost.h"
 #include "forms/ListBox.h"
 #include "platform/Dialogs.h"
 
@@ -11,12 +12,12 @@ public:
     static constexpr Twips kCollapsed{4110};
     static constexpr Twips kExpanded{4815};
 
-    /// `messages` outlives the form.
-    explicit frmTessaGroup(MessageBoxes& messages);
+    /// Both outlive the form.
+    frmTessaGroup(MessageBoxes& messages, FormHost& forms);
     frmTessaGroup(const frmTessaGroup&) = delete;
     frmTessaGroup& operator=(const frmTessaGroup&) = delete;
 
-    /// Fills the form from a group file (its full path), has `ShowModal` show it, and returns when that does.
+    /// Fills the form from a group file (its full path), shows it, and returns when it is hidden.
     void EditTessaGroup(TextView sFileName);
 
     FormState Form;
@@ -45,8 +46,6 @@ public:
     /// OK was pressed and the file could not be written; it is as it was.
     bool Unwritten = false;
 
-    /// Shows the form and returns when it is hidden. Filled in by the owner.
-    std::function<void(frmTessaGroup&)> ShowModal;
     /// The title of the page at an address, empty where it is not known. Filled in by the owner.
     std::function<Text(TextView address)> TitleOf;
 
@@ -68,5 +67,6 @@ private:
     void UpdateSelected(TextView text);
 
     MessageBoxes& m_messages;
+    FormHost& m_forms;
     Text m_fileName;
 };

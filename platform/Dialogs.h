@@ -43,4 +43,6 @@ public:
     virtual Text ShowOpen(const FileDialogRequest& request) = 0;
     /// The path to save to; empty when the user cancelled. Does not ask whether to overwrite.
     virtual Text ShowSave(const FileDialogRequest& request) = 0;
+    /// Asks for a folder, beginning at the one given; empty when the user cancelled.
+    virtual Text ChooseFolder(TextView folder) = 0;
 };

@@ -7,8 +7,14 @@
 #include <algorithm>
 #include <utility>
 
-SessionJournal::SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
-    : CameBack(tabs, pcPage, Browser), m_files(files), m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {
+SessionJournal::SessionJournal(SessionFiles& files, const WallClock& clock, TabSet& tabs, TabStrip& pcPage,
+                               ViewArray& Browser)
+    : CameBack(tabs, pcPage, Browser),
+      m_files(files),
+      m_clock(clock),
+      m_tabs(tabs),
+      m_pcPage(pcPage),
+      m_browser(Browser) {
     const auto say = [this](TextView message) { Say(message); };
     m_trouble.Say.ConnectForLife(say);
     m_trouble.TryAgain.ConnectForLife([this] { Touch(); });
@@ -39,7 +45,7 @@ Session SessionJournal::Snapshot() const {
 
 void SessionJournal::Keep(Session session) {
     if (session == m_written && m_unsettled.empty()) return;
-    session.Time = Now ? Now() : 0;
+    session.Time = m_clock.Now();
     const std::string bytes = session.Pages.empty() ? std::string() : SessionBytes(session);
     // Sessions are compared without the time. Moved, because it may hold a thousand pages.
     session.Time = 0;

@@ -3,6 +3,7 @@
 #include "base/WriteTrouble.h"
 #include "forms/TabStrip.h"
 #include "platform/SessionFiles.h"
+#include "platform/WallClock.h"
 #include "sessions/CameBack.h"
 #include "sessions/Session.h"
 #include "tabs/TabSet.h"
@@ -14,7 +15,7 @@
 class SessionJournal {
 public:
     /// All outlive this object.
-    SessionJournal(SessionFiles& files, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser);
+    SessionJournal(SessionFiles& files, const WallClock& clock, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser);
     SessionJournal(const SessionJournal&) = delete;
     SessionJournal& operator=(const SessionJournal&) = delete;
 
@@ -46,8 +47,6 @@ public:
     ::CameBack CameBack;
     /// Has `Write` called in a part of a second. Filled in by the program; without it nothing is written meanwhile.
     Signal<void()> Schedule;
-    /// The present time in seconds since 1970. Filled in by the program.
-    std::function<std::int64_t()> Now;
     /// Tells the user that pages could not be written down. Filled in by the program.
     Signal<void(TextView)> Say;
 
@@ -60,6 +59,7 @@ private:
     void OnSettled(Outcome outcome, const Text& id);
 
     SessionFiles& m_files;
+    const WallClock& m_clock;
     TabSet& m_tabs;
     TabStrip& m_pcPage;
     ViewArray& m_browser;

@@ -33,7 +33,7 @@ SessionLine frmSessions::LineOf(const Session& session) const {
     const auto count = session.Pages.size();
     Text pages = count == 1 ? Text(u"One page") : Decimal(static_cast<std::int64_t>(count)) + u" pages";
     if (!session.Ended) pages += u", did not end properly";
-    return {m_outside.timeText ? m_outside.timeText(session.Time) : Text(), std::move(pages)};
+    return {m_outside.clock.Words(session.Time), std::move(pages)};
 }
 
 void frmSessions::ShowPages() {

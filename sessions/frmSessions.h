@@ -28,8 +28,7 @@ public:
         FileDialogs& files;
         MessageBoxes& messages;
         Text groupFolder; ///< with the separator at the end
-        /// A time in seconds since 1970 as a person reads it.
-        std::function<Text(std::int64_t)> timeText;
+        const WallClock& clock;
     };
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 

@@ -5,14 +5,6 @@
 
 #include <vector>
 
-CommandHost Desk::Operations() {
-    CommandHost host;
-    host.ShowRenameGroup = [this](frmRenameGroup& form) {
-        if (inRenameGroup) inRenameGroup(form);
-    };
-    return host;
-}
-
 Desk::Desk(FakeSettings* shared)
     : settings(shared ? *shared : ownSettings),
       main({.window = window,
@@ -28,57 +20,14 @@ Desk::Desk(FakeSettings* shared)
             .folderWatch = folderWatch,
             .trash = trash,
             .downloads = downloads,
-            .showSettings =
-                [this](frmSettings& form) {
-                    if (inSettings) inSettings(form);
-                },
-            .showDefBrowser =
-                [this](frmDefBrowser& form) {
-                    if (inDefBrowser) inDefBrowser(form);
-                },
-            .showAbout =
-                [this](frmSplash& form) {
-                    if (inAbout) inAbout(form);
-                },
-            .showResize =
-                [this](frmResize& form) {
-                    if (inResize) inResize(form);
-                },
-            .showAddFavorite =
-                [this](frmAddFavorite& form) {
-                    if (inAddFavorite) inAddFavorite(form);
-                },
-            .showOrganizeFavorites =
-                [this](frmOrganizeFavorites& form) {
-                    if (inOrganizeFavorites) inOrganizeFavorites(form);
-                },
+            .forms = *this,
+            .clock = clock,
+            .offer = offer,
+            .engineOptions = engineOptions,
+            .report = report,
             .programPath = u"/programs/tessaview",
             .groupFolder = u"/groups/",
-            .favoritesFolder = u"/favorites",
-            .commands = Operations(),
-            .showSessions =
-                [this](frmSessions& form) {
-                    if (inSessions) inSessions(form);
-                },
-            .timeText = [](std::int64_t time) { return u"at " + Decimal(time); },
-            .showTessaGroup =
-                [this](frmTessaGroup& form) {
-                    if (inTessaGroup) inTessaGroup(form);
-                },
-            .showInternetOptions =
-                [this](frmInternetOptions& form) {
-                    if (inInternetOptions) inInternetOptions(form);
-                },
-            .applyInternetOptions = [this] { log.Add("internet options"); },
-            .clearBrowsingData =
-                [this](const BrowsingData& data, const std::function<void(Cleared)>& done) {
-                    log.Add(data.cookies ? "clear cookies" : "clear no cookies");
-                    done(Cleared::Yes);
-                },
-            .reportFacts =
-                [] {
-                    return Report::Facts{u"TessaView 3", u"by hand", {"a line", "another"}};
-                }}),
+            .favoritesFolder = u"/favorites"}),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] {
         if (main.Form_QueryUnload()) main.Form_Unload();

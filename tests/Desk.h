@@ -2,6 +2,8 @@
 #include "settings/SettingsStore.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeDownloads.h"
+#include "tests/fakes/FakeForms.h"
+#include "tests/fakes/FakeProgram.h"
 #include "tests/fakes/FakeSettings.h"
 #include "tests/fakes/FakeViews.h"
 #include "window/frmMain.h"
@@ -11,12 +13,12 @@
 
 /// A user at the program: the real models and handlers of the main window, fakes for what lies outside. States come
 /// as short strings to compare with.
-class Desk {
+class Desk : public FakeForms {
 public:
     /// The settings are those of a first start unless the test has put others there.
     explicit Desk(FakeSettings* shared = nullptr);
     /// Fails the test when a step was skipped that was not announced.
-    ~Desk();
+    ~Desk() override;
 
     /// Loads the window with that command line, shows it and activates it.
     void Start(TextView commandLine = u"");
@@ -71,19 +73,12 @@ public:
     FakeDownloads downloads;
     FakeApplication application{log};
     FakeChannel channel{log};
-    std::function<void(frmSettings&)> inSettings;               ///< what the user does in the settings dialog
-    std::function<void(frmDefBrowser&)> inDefBrowser;           ///< what the user answers to the question at the start
-    std::function<void(frmTessaGroup&)> inTessaGroup;           ///< what the user does in the editor of a TessaGroup
-    std::function<void(frmSplash&)> inAbout;                    ///< what the user does in the About box
-    std::function<void(frmSessions&)> inSessions;               ///< what the user does in the list of earlier sessions
-    std::function<void(frmResize&)> inResize;                   ///< what the user does in the bar width dialog
-    std::function<void(frmInternetOptions&)> inInternetOptions; ///< what the user does in the Internet Options
-    std::function<void(frmAddFavorite&)> inAddFavorite;
-    std::function<void(frmOrganizeFavorites&)> inOrganizeFavorites;
-    std::function<void(frmRenameGroup&)> inRenameGroup;
+    FakeClock clock;
+    FakeOffer offer;
+    FakeEngineOptions engineOptions{log};
+    FakeReport report;
     frmMain main;
 
 private:
-    [[nodiscard]] CommandHost Operations();
     std::size_t m_skippedBefore;
 };

@@ -1,7 +1,7 @@
 #include "window/MainCommands.h"
 
-#include "base/OwnAddresses.h"
 #include "bar/ToolName.h"
+#include "base/OwnAddresses.h"
 #include "commands/External.h"
 #include "commands/frmResize.h"
 #include "settings/frmInternetOptions.h"
@@ -13,7 +13,7 @@ namespace {
 void Resize(frmMain& main, void (frmResize::*mode)()) {
     frmResize form(main.actBar);
     (form.*mode)();
-    if (main.Platform.showResize) main.Platform.showResize(form);
+    main.Platform.forms.Show(form);
 }
 
 // Asked for again and again, the help has one tab.
@@ -27,7 +27,7 @@ void ShowHelp(frmMain& main) {
 }
 
 void CopyReport(frmMain& main) {
-    const Text words = Report::Words(main.Platform.reportFacts(), main.Platform.settings);
+    const Text words = Report::Words(main.Platform.report.Read(), main.Platform.settings);
     if (!main.Commands.host.CopyText) return;
     main.Commands.host.CopyText(words);
     main.Tabs.Say(u"The report has been copied.");
@@ -45,22 +45,23 @@ void ForgetTyped(frmMain& main) {
 
 void Clear(frmMain& main, const BrowsingData& data, const Forgotten& done) {
     if (data.typed) ForgetTyped(main);
-    if (main.Platform.clearBrowsingData) return main.Platform.clearBrowsingData(data, done);
-    done(Cleared::Yes);
+    main.Platform.engineOptions.Clear(data, done);
 }
 
 void ShowInternetOptions(frmMain& main) {
     const auto* view = main.Tabs.CurrentView();
     const auto clear = [&main](const BrowsingData& data, const Forgotten& done) { Clear(main, data, done); };
-    frmInternetOptions form(main.Platform.settings, {.chooseFolder = main.Platform.chooseFolder,
-                                                     .siteChoices = main.Platform.siteChoices,
-                                                     .clear = clear,
-                                                     .currentPage = view ? view->Control->LocationURL() : Text(),
-                                                     .mailProgram = main.Platform.shell.ProgramFor(u"mailto"),
-                                                     .newsProgram = main.Platform.shell.ProgramFor(u"news")});
-    if (main.Platform.showInternetOptions) main.Platform.showInternetOptions(form);
+    frmInternetOptions form(
+        main.Platform.settings,
+        {.chooseFolder = [&main](TextView folder) { return main.Platform.files.ChooseFolder(folder); },
+         .siteChoices = main.Platform.siteChoices,
+         .clear = clear,
+         .currentPage = view ? view->Control->LocationURL() : Text(),
+         .mailProgram = main.Platform.shell.ProgramFor(u"mailto"),
+         .newsProgram = main.Platform.shell.ProgramFor(u"news")});
+    main.Platform.forms.Show(form);
     if (!form.Apply) return;
-    if (main.Platform.applyInternetOptions) main.Platform.applyInternetOptions();
+    main.Platform.engineOptions.ApplyInternetOptions();
     MainLoad::ApplySleep(main);
 }
 
@@ -77,7 +78,7 @@ void Fill(CommandHost& host, frmMain& main) {
     host.ResizeAddress = [&main] { Resize(main, &frmResize::ResizeAddress); };
     host.ResizeSearch = [&main] { Resize(main, &frmResize::ResizeSearch); };
     host.ShowHelp = [&main] { ShowHelp(main); };
-    if (main.Platform.reportFacts) host.CopyReport = [&main] { CopyReport(main); };
+    host.CopyReport = [&main] { CopyReport(main); };
     host.ShowInternetOptions = [&main] { ShowInternetOptions(main); };
     host.ToggleFullScreen = [&main] { main.Platform.window.SetFullScreen(!main.Platform.window.FullScreen()); };
     host.LaunchMailClient = [&main] { External::LaunchMailClient(main.Platform.settings, main.Platform.shell); };

@@ -23,7 +23,7 @@ void PlaceTabs(frmMain& main, const SettingsStore& store) {
 void AskDefaultBrowser(MainWindowPlatform& platform) {
     if (platform.defaultBrowser.IsDefault(frmDefBrowser::kProgramName, platform.programPath)) return;
     frmDefBrowser form(platform.settings, platform.defaultBrowser, platform.programPath);
-    if (platform.showDefBrowser) platform.showDefBrowser(form);
+    platform.forms.Show(form);
 }
 
 enum class EmptyEntries : bool { LeftOut, Kept };

@@ -11,6 +11,13 @@ struct Facts {
     std::vector<std::string> Log; ///< the newest lines of the log
 };
 
+/// Reads them. Owned by the program's entry.
+class Source {
+public:
+    virtual ~Source() = default;
+    [[nodiscard]] virtual Facts Read() = 0;
+};
+
 /// The newest lines of the log that go along.
 inline constexpr std::size_t kLines = 200;
 

@@ -35,7 +35,8 @@ frmMain::frmMain(MainWindowPlatform platform)
       Events(Tabs, Browser),
       Browser(Platform.views, Events),
       Tabs(pcPage, Browser, actBar, sbStatus, Platform.messages),
-      Groups({Tabs, pcPage, Browser, sbStatus, Platform.messages, Platform.files, Platform.groupFolder}),
+      Groups(
+          {Tabs, pcPage, Browser, sbStatus, Platform.messages, Platform.files, Platform.forms, Platform.groupFolder}),
       Closed(Tabs, pcPage, Browser),
       StripInput(Tabs, pcPage, Browser, actBar),
       Pages(Tabs, actBar, Platform.settings),
@@ -49,15 +50,16 @@ frmMain::frmMain(MainWindowPlatform platform)
                Closed,
                Platform.files,
                Platform.messages,
+               Platform.forms,
                Platform.groupFolder,
                Platform.favoritesFolder,
                Platform.commands},
-      Sessions(Platform.sessions, Tabs, pcPage, Browser),
+      Sessions(Platform.sessions, Platform.clock, Tabs, pcPage, Browser),
       Layout(actBar, Platform.layout),
       Menus(Commands, Platform.folderWatch),
-      Favorite(Commands, {Platform.trash, Platform.showAddFavorite, Platform.showOrganizeFavorites}),
+      Favorite(Commands, {Platform.trash, Platform.forms}),
       Downloads(Platform.downloads, Platform.downloadsFile),
-      DownloadPanel(Downloads),
+      DownloadPanel(Downloads, Platform.clock),
       Sleep(pcPage, Browser),
       Relief(pcPage, Sleep),
       TaskView(pcPage, Browser),
@@ -93,7 +95,7 @@ void frmMain::WireParts() {
     Events.ShowMenu.ConnectForLife(
         [this](std::int16_t Index, const PageContext& Context) { PageMenu::Open(Commands, Index, Context); });
     Events.Navigated.ConnectForLife([this] { Sessions.Touch(); });
-    if (Platform.applyLoadOptions) Pages.ApplyLoadOptions.ConnectForLife(Platform.applyLoadOptions);
+    Pages.ApplyLoadOptions.ConnectForLife([this] { Platform.engineOptions.ApplyLoadOptions(); });
     MainCommands::Fill(Commands.host, *this);
     Layout.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
     Sessions.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
@@ -119,7 +121,6 @@ void frmMain::WireGroups() {
         Groups.PageDone(Index);
         Relief.Loaded(Index);
     });
-    Groups.ShowEditor = Platform.showTessaGroup;
     Commands.host.AddToTessaGroup = [this](TextView URL, TextView SGFile) { AddToTessaGroup(URL, SGFile); };
     Commands.host.SaveAsTessaGroup = [this](TextView path) { Groups.SaveAsTessaGroup(path); };
     Commands.host.OrganizeTessaGroup = [this](TextView path) { OrganizeTessaGroup(path); };
@@ -141,7 +142,6 @@ void frmMain::WireDownloads() {
     sbStatus.Saving.Click.ConnectForLife([this] { DownloadPanel.Form.Visible = true; });
     Commands.host.DownloadFolder = [this] { return Platform.downloads.Folder(); };
     Commands.host.ToggleDownloads = [this] { DownloadPanel.Form.Visible = !DownloadPanel.Form.Visible(); };
-    DownloadPanel.TimeText = Platform.timeText;
     DownloadPanel.Shown.ConnectForLife([this](bool shown) {
         if (auto* tool = actBar.Find(u"xtrDownloads"_tool)) tool->Checked = shown;
     });
@@ -203,17 +203,15 @@ void frmMain::Form_Activate() {
 }
 
 void frmMain::OfferSession() {
-    const auto session = Platform.offerSession ? Sessions.ToOffer() : std::nullopt;
-    if (session) {
-        Platform.offerSession(session->first, session->second);
-    } else if (Platform.withdrawOffer) {
-        Platform.withdrawOffer();
-    }
+    if (const auto session = Sessions.ToOffer())
+        Platform.offer.Offer(session->first, session->second);
+    else
+        Platform.offer.Withdraw();
 }
 
 void frmMain::ShowSessions() {
-    frmSessions form(Sessions, {Platform.files, Platform.messages, Platform.groupFolder, Platform.timeText});
-    if (Platform.showSessions) Platform.showSessions(form);
+    frmSessions form(Sessions, {Platform.files, Platform.messages, Platform.groupFolder, Platform.clock});
+    Platform.forms.Show(form);
     if (form.SavedGroup) Commands.groupsMenuStale = true;
     // What was offered may have been reopened or forgotten in the list.
     OfferSession();
@@ -289,11 +287,11 @@ void frmMain::PlaceView(ArrayView& view) {
 void frmMain::ShowAbout() {
     frmSplash form;
     form.ShowButton();
-    if (Platform.showAbout) Platform.showAbout(form);
+    Platform.forms.Show(form);
 }
 
 void frmMain::ShowSettingsDialog() {
     frmSettings form(Platform.settings);
-    if (Platform.showSettings) Platform.showSettings(form);
+    Platform.forms.Show(form);
     if (form.Apply) MainLoad::ApplySettings(*this);
 }

@@ -1,8 +1,8 @@
 #pragma once
 #include "address/AddressBoxes.h"
 #include "bar/LayoutKeeper.h"
-#include "base/Signal.h"
 #include "bar/ToolName.h"
+#include "base/Signal.h"
 #include "commands/Dispatcher.h"
 #include "commands/FavoriteCommands.h"
 #include "commands/RuntimeMenus.h"
@@ -24,6 +24,8 @@
 #include "window/MainLayout.h"
 #include "window/Report.h"
 
+#include "sessions/SessionOffer.h"
+#include "settings/EngineOptions.h"
 #include <functional>
 
 struct BrowsingData;
@@ -50,17 +52,11 @@ struct MainWindowPlatform {
     FolderWatch& folderWatch;
     Trash& trash;
     DownloadDesktop& downloads;
-    /// Shows the settings dialog and returns when it is hidden.
-    std::function<void(frmSettings&)> showSettings;
-    /// Shows the question about the default browser and returns when it is hidden.
-    std::function<void(frmDefBrowser&)> showDefBrowser;
-    /// Shows the About box and returns when it is hidden.
-    std::function<void(frmSplash&)> showAbout;
-    /// Shows the dialog for the width of a box and returns when it is hidden.
-    std::function<void(frmResize&)> showResize;
-    /// Show a dialog of Favorites and return when it is hidden.
-    std::function<void(frmAddFavorite&)> showAddFavorite{};
-    std::function<void(frmOrganizeFavorites&)> showOrganizeFavorites{};
+    FormHost& forms;
+    WallClock& clock;
+    SessionOffer& offer;
+    EngineOptions& engineOptions;
+    Report::Source& report;
     /// The full path of the running program.
     Text programPath;
     /// Where TessaGroup files lie, with the separator at the end.
@@ -72,30 +68,8 @@ struct MainWindowPlatform {
     /// Operations outside the core that commands run; the window adds its own. A command without its operation is
     /// disabled.
     CommandHost commands{};
-    /// Offers to reopen the pages of a session that ended badly; the user answers later, or never.
-    std::function<void(TextView id, const Session& session)> offerSession{};
-    /// Takes the offer back: there is nothing left to reopen.
-    std::function<void()> withdrawOffer{};
-    /// Shows the list of earlier sessions and returns when it is hidden.
-    std::function<void(frmSessions&)> showSessions{};
-    /// A time in seconds since 1970 as a person reads it.
-    std::function<Text(std::int64_t)> timeText{};
-    /// Puts the stored load switches into effect for the engine.
-    std::function<void()> applyLoadOptions{};
-    /// Shows the editor of a TessaGroup and returns when it is hidden.
-    std::function<void(frmTessaGroup&)> showTessaGroup{};
-    /// Shows the Internet Options and returns when they are hidden.
-    std::function<void(frmInternetOptions&)> showInternetOptions{};
-    /// Puts the stored Internet Options into effect for the engine.
-    std::function<void()> applyInternetOptions{};
     /// What the user has decided for sites, as the Internet Options list it.
     SiteChoices siteChoices{};
-    /// Has the engine forget what it keeps of where pages have been, and tells when it has, which may never come.
-    std::function<void(const BrowsingData&, std::function<void(Cleared)> done)> clearBrowsingData{};
-    /// Asks for a folder, beginning at the one given; empty when the user changed his mind.
-    std::function<Text(TextView folder)> chooseFolder{};
-    /// What the program knows about itself, for a report.
-    std::function<Report::Facts()> reportFacts{};
 };
 
 /// The main window: owns its controls and parts, and forwards to them.

@@ -20,7 +20,7 @@ public:
     Text ShowOpen(const FileDialogRequest& request) override;
     Text ShowSave(const FileDialogRequest& request) override;
     /// Asks for a folder, beginning at the one given; empty when none was chosen.
-    [[nodiscard]] static Text ChooseFolder(TextView folder);
+    Text ChooseFolder(TextView folder) override;
 };
 
 /// A filter as Qt wants it, an entry a pair of description and patterns: the description as it is, which is what the

@@ -4,12 +4,10 @@
 #include "qt/base/QtText.h"
 
 #include <QCheckBox>
-#include <QDateTime>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
-#include <QLocale>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -40,12 +38,6 @@ void FillPage(QTreeWidgetItem& item, const SessionPageLine& line) {
     QFont font = item.font(0);
     font.setBold(line.Front);
     item.setFont(0, font);
-}
-
-QString TimeOfDay(const QLocale& locale, QTime time) {
-    // Some ways of writing times have seconds even in their short form.
-    QString format = locale.timeFormat(QLocale::ShortFormat);
-    return locale.toString(time, format.remove(QStringLiteral(":ss")));
 }
 
 } // namespace
@@ -167,14 +159,4 @@ void ShowModal(frmSessions& form, QWidget* parent) {
     const QPointer<QtSessionsDialog> dialog = new QtSessionsDialog(form, parent);
     ShowModal(form.Form, *dialog);
     delete dialog;
-}
-
-Text SessionTimeText(std::int64_t seconds) {
-    const QDateTime time = QDateTime::fromSecsSinceEpoch(seconds);
-    const QDate today = QDate::currentDate();
-    const QLocale locale;
-    QString day = locale.toString(time.date(), QLocale::LongFormat);
-    if (time.date() == today) day = QStringLiteral("Today");
-    if (time.date().daysTo(today) == 1) day = QStringLiteral("Yesterday");
-    return FromQt(day + QStringLiteral(", ") + TimeOfDay(locale, time.time()));
 }

@@ -30,6 +30,3 @@ private:
 
 /// Shows the form over `parent` until it hides.
 void ShowModal(frmSessions& form, QWidget* parent);
-
-/// A time in seconds since 1970 in the user's time zone and the way that the user writes dates: "Today, 14:30".
-[[nodiscard]] Text SessionTimeText(std::int64_t seconds);

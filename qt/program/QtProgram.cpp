@@ -114,7 +114,6 @@ void QtProgram::WireSession() {
     m->retry.setInterval(kRetryDelay);
     m->retry.callOnTimeout([this] { m->main.RetryWrites(); });
     m->main.RetryLater.ConnectForLife([this] { m->retry.start(); });
-    journal.Now = [] { return QDateTime::currentSecsSinceEpoch(); };
 }
 
 void QtProgram::WireSleep() {

@@ -3,15 +3,6 @@
 #include "pages/DecidedSites.h"
 #include "pages/InstanceProfiles.h"
 #include "qt/base/QtBuildInfo.h"
-#include "qt/dialogs/QtAbout.h"
-#include "qt/dialogs/QtAddFavorite.h"
-#include "qt/dialogs/QtDefBrowserDialog.h"
-#include "qt/dialogs/QtGroupEditor.h"
-#include "qt/dialogs/QtInternetOptionsDialog.h"
-#include "qt/dialogs/QtOrganizeFavorites.h"
-#include "qt/dialogs/QtResizeDialog.h"
-#include "qt/dialogs/QtSessionsDialog.h"
-#include "qt/dialogs/QtSettingsDialog.h"
 #include "qt/engine/QtWebOptions.h"
 #include "qt/page/QtDialogScheme.h"
 #include "qt/page/QtPage.h"
@@ -74,38 +65,17 @@ QtProgramParts::QtProgramParts(int& argc, char** argv)
             .folderWatch = folderWatch,
             .trash = trash,
             .downloads = downloads,
-            .showSettings = [this](frmSettings& form) { ShowModal(form, &window); },
-            // Above the splash, which would cover it.
-            .showDefBrowser = [this](frmDefBrowser& form) { ShowModal(form, splash.Window()); },
-            .showAbout = [this](frmSplash& form) { ShowModal(form, &window); },
-            .showResize = [this](frmResize& form) { ShowModal(form, &window); },
-            .showAddFavorite = [this](frmAddFavorite& form) { ShowModal(form, &window); },
-            .showOrganizeFavorites = [this](frmOrganizeFavorites& form) { ShowModal(form, &window); },
+            .forms = forms,
+            .clock = clock,
+            .offer = offer,
+            .engineOptions = *this,
+            .report = *this,
             .programPath = FromQt(QCoreApplication::applicationFilePath()),
             .groupFolder = FromQt(folders.GroupFolder()),
             .favoritesFolder = FromQt(folders.favorites),
             .downloadsFile = FromQt(folders.state + QStringLiteral("/downloads")),
             .commands = Operations(),
-            .offerSession = [this](TextView id, const Session& session) { OfferSession(id, session); },
-            .withdrawOffer = [this] { offer.Withdraw(); },
-            .showSessions = [this](frmSessions& form) { ShowModal(form, &window); },
-            .timeText = SessionTimeText,
-            .applyLoadOptions = [this] { ApplyLoadOptions(); },
-            .showTessaGroup = [this](frmTessaGroup& form) { ShowModal(form, &window); },
-            .showInternetOptions = [this](frmInternetOptions& form) { ShowModal(form, &window); },
-            .applyInternetOptions = [this] { ApplyInternetOptions(); },
-            .siteChoices = DecidedSites(permissions, engine.External()),
-            .clearBrowsingData =
-                [this](const BrowsingData& data, std::function<void(Cleared)> done) {
-                    if (profile) return browsingData.Clear(data, *profile, std::move(done));
-                    done(Cleared::NotAll);
-                },
-            .chooseFolder = [](TextView folder) { return QtFileDialogs::ChooseFolder(folder); },
-            .reportFacts =
-                [this] {
-                    return Report::Facts{FromQt(QtBuildInfo::Text()), FromQt(QtBuildInfo::Drawing()),
-                                         log.File().LastLines(Report::kLines)};
-                }}),
+            .siteChoices = DecidedSites(permissions, engine.External())}),
       strip(main.pcPage),
       statusBar(main.sbStatus),
       look(main.actBar, window),
@@ -116,14 +86,19 @@ QtProgramParts::QtProgramParts(int& argc, char** argv)
       fileDrop(window),
       findBar(window.PageArea()),
       notices(window.PageArea()),
-      offer(window.PageArea()),
-      captures(window.PageArea()) {}
-
-void QtProgramParts::OfferSession(TextView id, const Session& session) {
-    offer.Reopen.ConnectForLife([this, id = Text(id)] { main.Sessions.Reopen(id); });
-    offer.Dismiss.ConnectForLife([this, id = Text(id)] { main.Sessions.Settle(id); });
+      captures(window.PageArea()) {
+    offer.Reopen.ConnectForLife([this](const Text& id) { main.Sessions.Reopen(id); });
+    offer.Dismiss.ConnectForLife([this](const Text& id) { main.Sessions.Settle(id); });
     offer.ShowAll.ConnectForLife([this] { main.Commands.host.ShowSessions(); });
-    offer.Offer(session.Pages.size(), ToQt(SessionWords(session, SessionTimeText(session.Time))));
+}
+
+void QtProgramParts::Clear(const BrowsingData& data, Forgotten done) {
+    if (profile) return browsingData.Clear(data, *profile, std::move(done));
+    done(Cleared::NotAll);
+}
+
+Report::Facts QtProgramParts::Read() {
+    return {FromQt(QtBuildInfo::Text()), FromQt(QtBuildInfo::Drawing()), log.File().LastLines(Report::kLines)};
 }
 
 CommandHost QtProgramParts::Operations() {
@@ -132,7 +107,6 @@ CommandHost QtProgramParts::Operations() {
     host.ShowTabList = [this] { strip.ListRequested(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); };
     host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
     host.Customize = [this] { customize.Open(); };
-    host.ShowRenameGroup = [this](frmRenameGroup& form) { ShowModal(form, &window); };
     host.ToggleDevTools = [this] { devTools.Toggle(engine.FrontPage()); };
     // A middle click means the same.
     host.ShiftHeld = [this] {

@@ -25,8 +25,9 @@
 #include "qt/desktop/QtShell.h"
 #include "qt/desktop/QtSignals.h"
 #include "qt/desktop/QtTrash.h"
+#include "qt/desktop/QtWallClock.h"
 #include "qt/dialogs/QtDialogs.h"
-#include "qt/dialogs/QtRenameGroup.h"
+#include "qt/dialogs/QtForms.h"
 #include "qt/dialogs/QtSplash.h"
 #include "qt/dialogs/QtTaskView.h"
 #include "qt/downloads/QtDownloads.h"
@@ -68,13 +69,14 @@ struct DrawnAs {
 
 /// Everything outside the core that the program is made of, in the order in which it is made: what a part needs stands
 /// before it.
-struct QtProgramParts {
+struct QtProgramParts : EngineOptions, Report::Source {
     QtProgramParts(int& argc, char** argv);
 
-    void OfferSession(TextView id, const Session& session);
     [[nodiscard]] CommandHost Operations();
-    void ApplyLoadOptions();
-    void ApplyInternetOptions();
+    void ApplyLoadOptions() override;
+    void ApplyInternetOptions() override;
+    void Clear(const BrowsingData& data, Forgotten done) override;
+    [[nodiscard]] Report::Facts Read() override;
     void TakeProfile(QWebEngineProfile& made);
     void TellProfile();
     void TakePrivateProfile(QWebEngineProfile& made);
@@ -95,6 +97,7 @@ struct QtProgramParts {
     QtSessionFiles sessions;
     QtLayoutFile layout;
     QtApplication application;
+    QtWallClock clock;
     QtMessageBoxes messages;
     QtFileDialogs files;
     QtSplash splash;
@@ -117,6 +120,8 @@ struct QtProgramParts {
     QtBrowsingData browsingData;
     QPointer<QWebEngineProfile> profile, privateProfile;
     QtEngine engine;
+    QtSessionOffer offer{window.PageArea(), clock};
+    QtForms forms{window, splash};
     frmMain main;
     QtTabStrip strip;
     QtStatusBar statusBar;
@@ -129,7 +134,6 @@ struct QtProgramParts {
     std::optional<QtTabList> tabList; ///< once somebody has opened it
     QtFindBar findBar;
     QtNoticeBar notices;
-    QtSessionOffer offer;
     QtCaptureBar captures;
     QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
     QtTaskView taskView{main.TaskView, window};

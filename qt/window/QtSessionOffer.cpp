@@ -1,11 +1,16 @@
 #include "qt/window/QtSessionOffer.h"
 
+#include "qt/base/QtText.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
-QtSessionOffer::QtSessionOffer(QWidget* parent)
-    : QtPageBar(QStringLiteral("sessionOffer"), parent), m_text(new QLabel(this)), m_which(new QLabel(this)) {
+QtSessionOffer::QtSessionOffer(QWidget* parent, const WallClock& clock)
+    : QtPageBar(QStringLiteral("sessionOffer"), parent),
+      m_clock(clock),
+      m_text(new QLabel(this)),
+      m_which(new QLabel(this)) {
     for (QLabel* each : {m_text, m_which}) {
         each->setTextFormat(Qt::PlainText);
         each->setWordWrap(true);
@@ -27,18 +32,24 @@ QtSessionOffer::QtSessionOffer(QWidget* parent)
     row->addLayout(words, 1);
     for (QPushButton* each : {reopen, all, dismiss}) row->addWidget(each);
     connect(reopen, &QPushButton::clicked, this, [this] {
+        // The answer may bring another offer.
+        const Text id = m_id;
         Close();
-        Reopen();
+        Reopen(id);
     });
     connect(dismiss, &QPushButton::clicked, this, [this] {
+        const Text id = m_id;
         Close();
-        Dismiss();
+        Dismiss(id);
     });
     connect(all, &QPushButton::clicked, this, [this] { ShowAll(); });
     hide();
 }
 
-void QtSessionOffer::Offer(std::size_t pages, const QString& which) {
+void QtSessionOffer::Offer(TextView id, const Session& session) {
+    m_id = id;
+    const std::size_t pages = session.Pages.size();
+    const QString which = ToQt(SessionWords(session, m_clock.Words(session.Time)));
     m_text->setText(pages == 1 ? QStringLiteral("TessaView did not end properly. One page was open.")
                                : QStringLiteral("TessaView did not end properly. %1 pages were open.").arg(pages));
     m_which->setText(which);

@@ -1,27 +1,26 @@
 #pragma once
 #include "base/Signal.h"
+#include "platform/WallClock.h"
 #include "qt/base/QtPageBar.h"
-#include <functional>
+#include "sessions/SessionOffer.h"
 
 class QLabel;
 class QPushButton;
 
 /// The bar above the page that offers to reopen the pages of a session that ended badly. It waits for as long as the
 /// user likes.
-class QtSessionOffer final : public QtPageBar {
+class QtSessionOffer final : public QtPageBar, public SessionOffer {
     Q_OBJECT
 
 public:
-    explicit QtSessionOffer(QWidget* parent);
+    /// The clock outlives it.
+    QtSessionOffer(QWidget* parent, const WallClock& clock);
 
-    /// Shows the bar for a session with so many pages; `which` says when they were open and which they are.
-    void Offer(std::size_t pages, const QString& which);
+    void Offer(TextView id, const Session& session) override;
+    void Withdraw() override;
 
-    /// Hides the bar: there is nothing left to reopen.
-    void Withdraw();
-
-    Signal<void()> Reopen;
-    Signal<void()> Dismiss;
+    Signal<void(const Text& id)> Reopen;
+    Signal<void(const Text& id)> Dismiss;
     /// Opens the list of earlier sessions.
     Signal<void()> ShowAll;
     /// The bar was shown or hidden.
@@ -30,6 +29,8 @@ public:
 private:
     void Close();
 
+    const WallClock& m_clock;
+    Text m_id; ///< of the session that is offered
     QLabel* m_text;
     QLabel* m_which;
 };

@@ -1,5 +1,6 @@
 #include "groups/TessaGroups.h"
 #include "groups/frmTessaGroup.h"
+#include "tests/fakes/FakeForms.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <benchmark/benchmark.h>
@@ -60,8 +61,9 @@ void LoadGroup(benchmark::State& state) {
 void FillEditor(benchmark::State& state) {
     const Long group;
     Silent messages;
+    FakeForms forms;
     for (auto _ : state) {
-        frmTessaGroup form(messages);
+        frmTessaGroup form(messages, forms);
         form.EditTessaGroup(group.Path());
         benchmark::DoNotOptimize(form.lstUrls.ListCount());
     }
@@ -70,8 +72,9 @@ void FillEditor(benchmark::State& state) {
 void SaveEditor(benchmark::State& state) {
     const Long group;
     Silent messages;
+    FakeForms forms;
     for (auto _ : state) {
-        frmTessaGroup form(messages);
+        frmTessaGroup form(messages, forms);
         form.EditTessaGroup(group.Path());
         form.cmdOK.Click();
     }

@@ -4,6 +4,7 @@
 #include "favorites/Favorites.h"
 #include "qt/bar/QtCommandBar.h"
 #include "qt/dialogs/QtGroupEditor.h"
+#include "tests/fakes/FakeForms.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <QApplication>
@@ -75,8 +76,9 @@ void OpenEditor(benchmark::State& state) {
         bytes += "url" + std::to_string(i) + "=http://127.0.0.1/page/" + std::to_string(i) + "\r\n";
     folder.Write("long.tvg", bytes);
     Silent messages;
+    FakeForms forms;
     for (auto _ : state) {
-        frmTessaGroup form(messages);
+        frmTessaGroup form(messages, forms);
         form.EditTessaGroup(folder.PathText("long.tvg"));
         QtGroupEditor editor(form);
         editor.show();

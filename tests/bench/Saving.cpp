@@ -6,6 +6,8 @@
 #include "qt/desktop/QtSettingsStorage.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeDownloads.h"
+#include "tests/fakes/FakeForms.h"
+#include "tests/fakes/FakeProgram.h"
 #include "tests/fakes/FakeViews.h"
 #include "tests/fakes/TemporaryFolder.h"
 #include "window/frmMain.h"
@@ -50,6 +52,11 @@ public:
     FakeFolderWatch folderWatch;
     FakeTrash trash;
     FakeDownloads downloads;
+    FakeForms forms;
+    FakeClock clock;
+    FakeOffer offer;
+    FakeEngineOptions engineOptions{log};
+    FakeReport report;
     QtSettingsStorage settings{ToQt(folder.PathText("."))};
     QtLayoutFile layout{ToQt(folder.PathText("."))};
     std::optional<QtSessionFiles> sessions{ToQt(folder.PathText("sessions"))};
@@ -66,10 +73,11 @@ public:
                   .folderWatch = folderWatch,
                   .trash = trash,
                   .downloads = downloads,
-                  .showSettings = {},
-                  .showDefBrowser = {},
-                  .showAbout = {},
-                  .showResize = {},
+                  .forms = forms,
+                  .clock = clock,
+                  .offer = offer,
+                  .engineOptions = engineOptions,
+                  .report = report,
                   .programPath = {},
                   .groupFolder = {}}};
 };

@@ -18,7 +18,6 @@ protected:
         desktop.folder.pop_back();
         downloads.Changed.ConnectForLife([this] { panel.Touch(); });
         downloads.Say.ConnectForLife([this](TextView text) { said = ToUtf8(text); });
-        panel.TimeText = [](std::int64_t time) { return u"at " + Decimal(time); };
         panel.Form.Visible = true;
     }
     ~DownloadsTest() override { EXPECT_EQ(SkippedSteps(), skippedBefore); }
@@ -56,7 +55,8 @@ protected:
     TemporaryFolder folder;
     FakeDownloads desktop;
     Downloads downloads{desktop, folder.PathText("list")};
-    frmDownloads panel{downloads};
+    FakeClock clock;
+    frmDownloads panel{downloads, clock};
     std::shared_ptr<FakeTransfer> transfer;
     std::string said;
 };
@@ -205,15 +205,14 @@ TEST_F(DownloadsTest, SurvivesARestart) {
     downloads.Begin({.Address = u"http://a.example/secret", .Kept = Remembered::No}, std::make_shared<FakeTransfer>());
     downloads.End();
     Downloads later(desktop, folder.PathText("list"));
-    frmDownloads laterPanel(later);
+    frmDownloads laterPanel(later, clock);
     later.Load();
     laterPanel.Form.Visible = true;
     ASSERT_EQ(laterPanel.lstDownloads().size(), 2U) << "what is not to be remembered is not";
     EXPECT_EQ(laterPanel.lstDownloads()[0].Standing, u"It was not finished. 3 bytes of 9 bytes");
     EXPECT_EQ(laterPanel.lstDownloads()[1].Standing, u"Done, 5 bytes");
-    laterPanel.TimeText = [](std::int64_t time) { return Decimal(time); };
     laterPanel.Show();
-    EXPECT_EQ(laterPanel.lstDownloads()[1].Place, u"1700000000, in " + desktop.folder);
+    EXPECT_EQ(laterPanel.lstDownloads()[1].Place, u"at 1700000000, in " + desktop.folder);
     laterPanel.cmdPause.Click();
     EXPECT_EQ(desktop.Take(), "fetch 1 http://a.example/running") << "it begins anew";
 }

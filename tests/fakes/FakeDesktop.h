@@ -51,6 +51,7 @@ class FakeFiles final : public FileDialogs {
 public:
     Text ShowOpen(const FileDialogRequest& request) override;
     Text ShowSave(const FileDialogRequest& request) override { return ShowOpen(request); }
+    Text ChooseFolder(TextView) override { return chosen; }
     Text chosen;
     FileDialogRequest last;
     std::function<void()> whileOpen; ///< what happens behind the dialog before a file is chosen

@@ -1,6 +1,8 @@
 #pragma once
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeDownloads.h"
+#include "tests/fakes/FakeForms.h"
+#include "tests/fakes/FakeProgram.h"
 #include "tests/fakes/FakeSettings.h"
 #include "window/frmMain.h"
 
@@ -22,10 +24,11 @@ struct FakeSurroundings {
                 .folderWatch = folderWatch,
                 .trash = trash,
                 .downloads = downloads,
-                .showSettings = {},
-                .showDefBrowser = {},
-                .showAbout = {},
-                .showResize = {},
+                .forms = forms,
+                .clock = clock,
+                .offer = offer,
+                .engineOptions = engineOptions,
+                .report = report,
                 .programPath = {},
                 .groupFolder = {}};
     }
@@ -43,4 +46,9 @@ struct FakeSurroundings {
     FakeFolderWatch folderWatch;
     FakeTrash trash;
     FakeDownloads downloads;
+    FakeForms forms;
+    FakeClock clock;
+    FakeOffer offer;
+    FakeEngineOptions engineOptions{log};
+    FakeReport report;
 };

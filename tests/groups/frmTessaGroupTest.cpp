@@ -1,6 +1,7 @@
 #include "groups/frmTessaGroup.h"
 
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeForms.h"
 #include "tests/fakes/FullDisk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -20,7 +21,7 @@ struct Editor : testing::Test, TemporaryFolder {
     }
     void EditFile(TextView path, const std::function<void()>& user) {
         int shown = 0;
-        form.ShowModal = [&](frmTessaGroup&) {
+        forms.inTessaGroup = [&](frmTessaGroup&) {
             ++shown;
             form.Form.Visible = true;
             user();
@@ -56,7 +57,8 @@ struct Editor : testing::Test, TemporaryFolder {
         form.cmdUrlInsert.Click();
     }
     FakeMessages messages;
-    frmTessaGroup form{messages};
+    FakeForms forms;
+    frmTessaGroup form{messages, forms};
 };
 
 TEST_F(Editor, ShowsTheGroupWithItsFirstAddressSelected) {
@@ -82,10 +84,10 @@ TEST_F(Editor, ItsControlsSayWhatTheyDo) {
 TEST_F(Editor, TheNameIsWhatFollowsTheLastSeparatorOfEitherKind) {
     EditFile(u"C:\\TessaView\\TessaGroups\\A b.tvg", [] {});
     EXPECT_EQ(form.lblTessaGroupName.Caption(), u"A b.tvg");
-    frmTessaGroup other(messages);
+    frmTessaGroup other(messages, forms);
     other.EditTessaGroup(u"News.tvg");
     EXPECT_EQ(other.lblTessaGroupName.Caption(), u"");
-    frmTessaGroup strange(messages);
+    frmTessaGroup strange(messages, forms);
     strange.EditTessaGroup(u"/x/a\n\u202Eb.tvg");
     EXPECT_EQ(strange.lblTessaGroupName.Caption(), u"a\uFFFD\uFFFDb.tvg");
 }
@@ -236,7 +238,7 @@ TEST_F(Editor, ADoubleClickOpensUpdate) {
         EXPECT_EQ(Entry(), "4815 entry Update");
         EXPECT_EQ(form.txtUrl.Value(), u"b");
     });
-    frmTessaGroup empty(messages);
+    frmTessaGroup empty(messages, forms);
     empty.lstUrls.DblClick();
     empty.EditTessaGroup(u"/nowhere/none.tvg");
     empty.lstUrls.DblClick();
@@ -301,8 +303,8 @@ TEST_F(Editor, CancelLeavesTheFileAlone) {
 TEST_F(Editor, AnEmptyFileIsGoneAfterOkAndAMissingOneStaysMissing) {
     Write("empty.tvg", "");
     for (const char* name : {"empty.tvg", "missing.tvg"}) {
-        frmTessaGroup each(messages);
-        each.ShowModal = [](frmTessaGroup& shown) {
+        frmTessaGroup each(messages, forms);
+        forms.inTessaGroup = [](frmTessaGroup& shown) {
             EXPECT_EQ(shown.lstUrls.ListCount(), 0u);
             EXPECT_EQ(shown.lstUrls.ListIndex(), -1);
             EXPECT_FALSE(shown.cmdUpdate.Enabled());

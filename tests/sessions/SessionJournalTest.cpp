@@ -7,7 +7,7 @@ class JournalDesk : public Desk {
 public:
     JournalDesk() {
         main.Sessions.Schedule.ConnectForLife([this] { ++scheduled; });
-        main.Sessions.Now = [this] { return now; };
+        clock.now = 1000;
         main.Sessions.Say.ConnectForLife([this](TextView message) { said.emplace_back(message); });
     }
     /// The pages that were written last, "*" behind the one in front.
@@ -18,7 +18,6 @@ public:
     }
 
     int scheduled = 0;
-    std::int64_t now = 1000;
     std::vector<Text> said;
 
 private:
@@ -67,7 +66,7 @@ TEST(SessionJournal, NothingIsWrittenTwice) {
     desk.PageLoads(1, u"http://one/", u"One");
     desk.main.Sessions.Write();
     const int writes = desk.sessions.writes;
-    desk.now = 2000;
+    desk.clock.now = 2000;
     desk.main.Sessions.Write();
     EXPECT_EQ(desk.sessions.writes, writes);
 }

@@ -19,10 +19,6 @@ const std::vector<SessionPage> kThree{{u"http://one/", u"One"}, {u"http://two/",
 
 class SessionsDesk : public Desk {
 public:
-    SessionsDesk() {
-        main.Platform.offerSession = [this](TextView id, const Session&) { offered = id; };
-        main.Platform.withdrawOffer = [this] { offered.clear(); };
-    }
     void Keep(TextView id, const Session& session) { sessions.earlier.push_back({Text(id), SessionBytes(session)}); }
     /// Opens the list from its menu and has the user do something there.
     void Use(const std::function<void(frmSessions&)>& user) {
@@ -44,8 +40,6 @@ public:
         }
         return all;
     }
-
-    Text offered;
 };
 
 std::string Pages(const frmSessions& form) {
@@ -153,7 +147,7 @@ TEST(frmSessions, AForgottenSessionIsGoneAndItsNeighbourIsShown) {
     desk.Keep(u"b", Ended(kThree));
     desk.Keep(u"a", EndedBadly({{u"http://four/", u"Four"}}));
     desk.Start();
-    EXPECT_EQ(desk.offered, u"a");
+    EXPECT_EQ(desk.offer.offered, u"a");
     desk.Use([](frmSessions& form) {
         form.Selected = 1;
         form.cmdForget.Click();
@@ -165,7 +159,7 @@ TEST(frmSessions, AForgottenSessionIsGoneAndItsNeighbourIsShown) {
         EXPECT_FALSE(form.cmdForget.Enabled());
     });
     EXPECT_TRUE(desk.sessions.earlier.empty());
-    EXPECT_EQ(desk.offered, u"") << "what is forgotten is offered no longer";
+    EXPECT_EQ(desk.offer.offered, u"") << "what is forgotten is offered no longer";
 }
 
 TEST(frmSessions, AnOfferIsTakenBackOnceAllItsPagesHaveBeenOpened) {
@@ -176,9 +170,9 @@ TEST(frmSessions, AnOfferIsTakenBackOnceAllItsPagesHaveBeenOpened) {
         form.lstPages_ItemCheck(0, false);
         form.cmdOpen.Click();
     });
-    EXPECT_EQ(desk.offered, u"a") << "two of three pages are not all";
+    EXPECT_EQ(desk.offer.offered, u"a") << "two of three pages are not all";
     desk.Use([](frmSessions& form) { form.cmdOpen.Click(); });
-    EXPECT_EQ(desk.offered, u"");
+    EXPECT_EQ(desk.offer.offered, u"");
     EXPECT_EQ(desk.sessions.earlier.size(), 1u) << "it is still kept";
 }
 

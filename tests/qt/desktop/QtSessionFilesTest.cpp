@@ -1,15 +1,12 @@
 #include "qt/desktop/QtSessionFiles.h"
 #include "qt/base/QtText.h"
-#include "qt/window/QtSessionOffer.h"
 #include "tests/fakes/FullDisk.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLabel>
 #include <QProcess>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -170,35 +167,6 @@ TEST_F(QtSessionFilesTest, AnotherProgramsSessionIsAnEarlierOneOnceItHasEnded) {
     EXPECT_EQ(Earlier(files), "");
     other.Kill();
     EXPECT_EQ(Earlier(files), "of another");
-}
-
-TEST(QtSessionOffer, ShowsHowManyPagesAndTakesOneAnswer) {
-    QtSessionOffer offer(nullptr);
-    int reopened = 0, dismissed = 0, all = 0, changed = 0;
-    offer.Reopen.ConnectForLife([&] { ++reopened; });
-    offer.Dismiss.ConnectForLife([&] { ++dismissed; });
-    offer.ShowAll.ConnectForLife([&] { ++all; });
-    offer.Changed.ConnectForLife([&] { ++changed; });
-    const auto click = [&](const char* name) {
-        QTest::mouseClick(offer.findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
-    };
-    EXPECT_FALSE(offer.isVisible());
-    offer.Offer(1, QStringLiteral("Today: one"));
-    EXPECT_TRUE(offer.findChild<QLabel*>()->text().contains(QStringLiteral("One page")));
-    EXPECT_EQ(offer.findChild<QLabel*>(QStringLiteral("lblWhich"))->text(), QStringLiteral("Today: one"));
-    click("cmdEarlier");
-    EXPECT_TRUE(offer.isVisible()) << "looking at the list is no answer";
-    click("cmdReopen");
-    EXPECT_FALSE(offer.isVisible());
-    offer.Offer(40, {});
-    EXPECT_TRUE(offer.findChild<QLabel*>(QStringLiteral("lblWhich"))->isHidden());
-    EXPECT_TRUE(offer.findChild<QLabel*>()->text().contains(QStringLiteral("40 pages")));
-    click("cmdNotNow");
-    EXPECT_FALSE(offer.isVisible());
-    EXPECT_EQ(reopened, 1);
-    EXPECT_EQ(dismissed, 1);
-    EXPECT_EQ(all, 1);
-    EXPECT_EQ(changed, 4);
 }
 
 // What the other program does, alone in a process of its own.

@@ -4,6 +4,7 @@
 #include "qt/base/QtListBox.h"
 #include "qt/base/QtText.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeForms.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <QApplication>
@@ -58,7 +59,8 @@ struct QtGroupEditorTest : testing::Test, TemporaryFolder {
         return all;
     }
     FakeMessages messages;
-    frmTessaGroup form{messages};
+    FakeForms forms;
+    frmTessaGroup form{messages, forms};
     std::unique_ptr<QtGroupEditor> editor;
 };
 

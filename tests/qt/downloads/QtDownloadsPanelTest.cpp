@@ -2,6 +2,7 @@
 
 #include "qt/downloads/QtDownloadLines.h"
 #include "tests/fakes/FakeDownloads.h"
+#include "tests/fakes/FakeProgram.h"
 
 #include <QDockWidget>
 #include <QMainWindow>
@@ -59,7 +60,8 @@ protected:
 
     FakeDownloads desktop;
     Downloads downloads{desktop, {}};
-    frmDownloads form{downloads};
+    FakeClock clock;
+    frmDownloads form{downloads, clock};
     QMainWindow window;
     QtDownloadsPanel panel{form, window};
     std::shared_ptr<FakeTransfer> transfer;
@@ -180,7 +182,7 @@ TEST_F(DownloadsPanel, CutsNoCaptionOfItsButtonsHoweverNarrowItIs) {
 
 TEST_F(DownloadsPanel, CutsNoWordsButAFolderHoweverNarrowItIs) {
     desktop.folder = u"/nowhere/a-folder-with-a-rather-long-name/and-another-one-inside-of-it/downloads";
-    form.TimeText = [](std::int64_t) { return Text(u"Wednesday, 23 September 2026, 12:58"); };
+    clock.words = u"Wednesday, 23 September 2026, 12:58";
     Report(Begin(u"done.zip"), DownloadState::Done, 100);
     const auto id = Begin(u"a.zip", 900'000'000);
     for (int second = 1; second <= 5; ++second) {
@@ -204,7 +206,7 @@ TEST_F(DownloadsPanel, SaysOfOneThatIsDoneWhereItLies) {
     form.Form.Visible = true;
     Report(id, DownloadState::Done, 100);
     form.Show();
-    EXPECT_EQ(Spoken(), u"a.zip, Done, 100 bytes, In /nowhere/downloads");
+    EXPECT_EQ(Spoken(), u"a.zip, Done, 100 bytes, at 1700000000, in /nowhere/downloads");
 }
 
 TEST_F(DownloadsPanel, PaintsNamesThatAreTextAndNothingElse) {

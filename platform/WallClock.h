@@ -1,0 +1,15 @@
+#pragma once
+#include "base/Text.h"
+
+#include <cstdint>
+
+/// The time of day, which the user may set. Owned by the program's entry.
+class WallClock {
+public:
+    virtual ~WallClock() = default;
+
+    /// The present time in seconds since 1970.
+    [[nodiscard]] virtual std::int64_t Now() const = 0;
+    /// A time in seconds since 1970 as a person reads it, in the user's time zone: "Today, 14:30".
+    [[nodiscard]] virtual Text Words(std::int64_t seconds) const = 0;
+};

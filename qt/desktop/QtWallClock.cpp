@@ -1,0 +1,28 @@
+#include "qt/desktop/QtWallClock.h"
+
+#include "qt/base/QtText.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+namespace {
+
+QString TimeOfDay(const QLocale& locale, QTime time) {
+    // Some ways of writing times have seconds even in their short form.
+    QString format = locale.timeFormat(QLocale::ShortFormat);
+    return locale.toString(time, format.remove(QStringLiteral(":ss")));
+}
+
+} // namespace
+
+std::int64_t QtWallClock::Now() const { return QDateTime::currentSecsSinceEpoch(); }
+
+Text QtWallClock::Words(std::int64_t seconds) const {
+    const QDateTime time = QDateTime::fromSecsSinceEpoch(seconds);
+    const QDate today = QDate::currentDate();
+    const QLocale locale;
+    QString day = locale.toString(time.date(), QLocale::LongFormat);
+    if (time.date() == today) day = QStringLiteral("Today");
+    if (time.date().daysTo(today) == 1) day = QStringLiteral("Yesterday");
+    return FromQt(day + QStringLiteral(", ") + TimeOfDay(locale, time.time()));
+}

@@ -1,0 +1,23 @@
+#pragma once
+#include <cstdint>
+#include <functional>
+
+/// What the user wants forgotten of where pages have been.
+struct BrowsingData {
+    bool cookies = false;
+    bool siteData = false; ///< what sites keep beside cookies
+    bool cache = false;
+    bool visitedLinks = false;
+    bool typed = false;       ///< addresses and searches of the boxes
+    std::int64_t seconds = 0; ///< how far back, for cookies and visited links; 0 for all of them
+
+    [[nodiscard]] bool Any() const { return cookies || siteData || cache || visitedLinks || typed; }
+    friend bool operator==(const BrowsingData&, const BrowsingData&) = default;
+};
+
+/// How far the clearing got. `AtNextStart`: what sites have stored has to wait for the next start. `NotAll`: nor will
+/// the next start bring it about.
+enum class Cleared { Yes, AtNextStart, NotAll };
+
+/// Told once things are forgotten.
+using Forgotten = std::function<void(Cleared)>;

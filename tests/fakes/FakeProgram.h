@@ -1,0 +1,44 @@
+#pragma once
+#include "platform/WallClock.h"
+#include "sessions/SessionOffer.h"
+#include "settings/EngineOptions.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "window/Report.h"
+
+// What the program's entry does for its main window, as plain values.
+
+class FakeClock final : public WallClock {
+public:
+    [[nodiscard]] std::int64_t Now() const override { return now; }
+    [[nodiscard]] Text Words(std::int64_t seconds) const override {
+        return words.empty() ? u"at " + Decimal(seconds) : words;
+    }
+    std::int64_t now = 0;
+    Text words; ///< of every time; else its seconds
+};
+
+class FakeOffer final : public SessionOffer {
+public:
+    void Offer(TextView id, const Session&) override { offered = id; }
+    void Withdraw() override { offered.clear(); }
+    Text offered; ///< the session; empty for none
+};
+
+class FakeEngineOptions final : public EngineOptions {
+public:
+    explicit FakeEngineOptions(FakeLog& log) : m_log(log) {}
+    void ApplyLoadOptions() override {}
+    void ApplyInternetOptions() override { m_log.Add("internet options"); }
+    void Clear(const BrowsingData& data, Forgotten done) override {
+        m_log.Add(data.cookies ? "clear cookies" : "clear no cookies");
+        done(Cleared::Yes);
+    }
+
+private:
+    FakeLog& m_log;
+};
+
+class FakeReport final : public Report::Source {
+public:
+    [[nodiscard]] Report::Facts Read() override { return {u"TessaView 3", u"by hand", {"a line", "another"}}; }
+};
