@@ -4,6 +4,7 @@ set -euo pipefail
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 . "$root/scripts/packages.sh"
 . "$root/scripts/build.sh"
+. "$root/scripts/meanwhile.sh"
 . "$root/scripts/display.sh"
 . "$root/scripts/sandbox.sh"
 
@@ -16,11 +17,10 @@ if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
   packages+=("${display_packages[@]}")
 fi
 step 1 "Packages"
-install_missing --svg "${packages[@]}"
-need_commands cmake ninja c++
-step 2 "Build (one to two minutes the first time on two processors)"
-options=()
-is_configured "$root/build" || options=(-DTESSAVIEW_TESTS=OFF -DTESSAVIEW_BENCH=OFF)
+install_and_compile_core --svg "${packages[@]}"
+step 2 "Build (about a minute the first time on two processors)"
+options=(-DTESSAVIEW_QT=ON)
+is_configured "$root/build" || options+=("${program_alone[@]}")
 build "$root/build" tessaview "${options[@]}" >&2
 step 3 "TessaView"
 

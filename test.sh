@@ -20,8 +20,8 @@ options=()
 if [ $core_only = yes ]; then
   build_folder=$root/build-core options=(-DTESSAVIEW_QT=OFF)
 else
-  # run.sh makes the same folder for the program alone.
-  options=(-DTESSAVIEW_TESTS=ON -DTESSAVIEW_BENCH=ON)
+  # run.sh makes the same folder for the program alone, and when it was ended early, for the core alone.
+  options=(-DTESSAVIEW_QT=ON -DTESSAVIEW_TESTS=ON -DTESSAVIEW_BENCH=ON)
 fi
 # One more than there are processors: many tests wait for the program most of their time.
 jobs=$(($(nproc) + 1))

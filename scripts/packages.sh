@@ -2,10 +2,12 @@
 # shellcheck shell=bash
 # shellcheck disable=SC2034 # the lists are for those who source this
 
-# The program alone; ccache keeps what was compiled once.
-program_packages=(g++ cmake ninja-build ccache libxml2-dev qt6-base-dev qt6-declarative-dev qt6-webengine-dev libgl-dev)
+# What compiles the core, which needs no Qt; ccache keeps what was compiled once.
+compiler_packages=(g++ cmake ninja-build ccache libxml2-dev)
+# The program alone.
+program_packages=("${compiler_packages[@]}" qt6-base-dev qt6-declarative-dev qt6-webengine-dev libgl-dev)
 # The core alone, with its tests.
-core_packages=(g++ cmake ninja-build ccache libxml2-dev libgtest-dev)
+core_packages=("${compiler_packages[@]}" libgtest-dev)
 # The program with its tests and benchmarks.
 build_packages=("${program_packages[@]}" "${core_packages[@]}" libbenchmark-dev)
 # What the program needs to look right wherever it runs; qt6-wayland for desktops without an X server.
@@ -60,10 +62,10 @@ find_missing() {
   mapfile -t missing < <(sed '/^$/d' <<<"$list")
 }
 
-# install_missing [--svg] PACKAGE...: installs what is missing; does nothing, and at once, when nothing is. --svg adds
-# the plugin for SVG icons. Fails when the packages could not be installed.
-install_missing() {
-  local missing=()
+# prepare_install [--svg] PACKAGE...: sets `missing` to what is not installed, and has the lists of packages brought up
+# to date when that is anything. --svg adds the plugin for SVG icons. Fails when nothing may be installed.
+prepare_install() {
+  missing=()
   if ! command -v dpkg-query >/dev/null; then
     echo "This is not a Debian system, so nothing is installed. Needed are the equivalents of: ${*#--svg}" >&2
     return
@@ -79,11 +81,22 @@ install_missing() {
   as_root apt-get update -qq >&2 || echo "The lists of packages could not be brought up to date." >&2
   # Which package holds the plugin is known for sure only with fresh lists.
   find_missing "$@"
-  echo "Installing ${#missing[@]} packages and what they need: ${missing[*]}" >&2
-  if ! as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2; then
+}
+
+# apt_install PACKAGE...: does nothing without any. Fails when the packages could not be installed.
+apt_install() {
+  [ $# -gt 0 ] || return 0
+  echo "Installing $# packages and what they need: $*" >&2
+  if ! as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@" >&2; then
     echo "The packages could not be installed; what apt-get says of it stands above." >&2
     return 1
   fi
+}
+
+# install_missing [--svg] PACKAGE...: installs what is missing; does nothing, and at once, when nothing is.
+install_missing() {
+  local missing
+  prepare_install "$@" && apt_install "${missing[@]}"
 }
 
 # need_commands COMMAND...: fails, and says which are missing.

@@ -3,16 +3,29 @@ are called. Needs no network and no rights.
 
     python3 tests/scripts/scripts_test.py"""
 
+import os
 import pathlib
 import shutil
 import subprocess
 import tempfile
+import time
 import unittest
 
 SOURCES = pathlib.Path(__file__).resolve().parents[2]
-TOOLS = ["bash", "cat", "cut", "dirname", "env", "find", "flock", "grep", "mkdir", "nproc", "readlink", "sed", "sh", "tr"]
+TOOLS = ["bash", "cat", "cut", "dirname", "env", "find", "flock", "grep", "mkdir", "nice", "nproc", "readlink", "sed", "setsid",
+         "sh", "sleep", "tr"]
 BUILD_TOOLS = ["cmake", "ctest", "ninja", "c++", "clang-format"]
 
+# wait_for FILE: a failure when nobody makes it.
+WAIT_FOR = """wait_for() {
+  turns=0
+  until [ -e "$1" ]; do
+    turns=$((turns + 1))
+    [ $turns -lt 3000 ] || { echo "$1 never came"; exit 100; }
+    sleep 0.01
+  done
+}
+"""
 RECORD = '#!/bin/sh\necho "$(basename "$0") $*" >>"$CALLS"\n'
 STAND_INS = {
     # As dpkg-query does: tells what it knows, and fails when it does not know all. "~name" is a package whose settings
@@ -27,34 +40,53 @@ for each in "$@"; do
 done
 exit $result
 """,
-    "apt-get": RECORD + """[ "$1" = install ] || exit 0
+    # With "with-the-core" Qt comes no sooner than the core is begun; with "with-qt" the core is no sooner through.
+    "apt-get": RECORD + WAIT_FOR + """[ "$1" = install ] || exit 0
 [ ! -e "$CALLS.apt-fails" ] || { echo "E: Unable to locate package" >&2; exit 100; }
+case $* in *qt6-base-dev*)
+  : >"$CALLS.qt-began"
+  [ ! -e "$CALLS.with-the-core" ] || wait_for "$CALLS.core-began"
+  [ ! -e "$CALLS.qt-fails" ] || { echo "E: Unable to fetch some archives" >&2; exit 100; }
+  [ ! -e "$CALLS.user-ends" ] || { kill -s TERM "$PPID"; exit 0; } ;;
+esac
 for each in "$@"; do case $each in -*|install) ;; *) echo "$each" >>"$INSTALLED" ;; esac; done
 for each in "$LATER"/*; do [ ! -e "$each" ] || mv "$each" "$BIN/"; done
 """,
     "apt-cache": '#!/bin/sh\n[ "$2" = libqt6svg6 ]\n',
     "id": '#!/bin/sh\n[ ! -e "$CALLS.is-user" ] || { echo 1000; exit; }\necho 0\n',
     "sudo": RECORD + 'if [ "$1" = -n ]; then [ ! -e "$CALLS.sudo-asks" ]; exit; fi\nexec "$@"\n',
-    "cmake": RECORD + """folder=
+    "cmake": RECORD + WAIT_FOR + """folder=
 for each in "$@"; do
   [ "$before" != -B ] && [ "$before" != --build ] || folder=$each
   [ "$before" != -S ] || home=$each
   before=$each
 done
-if [ "$1" = --build ]; then
+if [ "$1" = --build ] && [ "$4" = tessa_core ]; then
+  echo "[ 50% 1/2] Compiling Core.cpp"
+  [ ! -e "$CALLS.core-fails" ] || { echo "Core.cpp:1: error: no such thing"; echo "stopped"; : >"$CALLS.core-began"; exit 1; }
+  if [ -e "$CALLS.core-lasts" ]; then sh -c 'echo $$ >"$CALLS.compiler"; : >"$CALLS.core-began"; sleep 300; :'; fi
+  : >"$CALLS.core-began"
+  [ ! -e "$CALLS.with-qt" ] || wait_for "$CALLS.qt-began"
+  if [ -e "$CALLS.core-is-last" ]; then wait_for "$CALLS.shown"; echo "[100% 2/2] Linking"; fi
+elif [ "$1" = --build ]; then
   mkdir -p "$folder/tests"
   printf '#!/bin/sh\\necho "tessaview $*" >>"$CALLS"\\necho "sandbox ${QTWEBENGINE_DISABLE_SANDBOX:-on}" >>"$CALLS"\\n' >"$folder/tessaview"
   printf '#!/bin/sh\\necho "  EveryInclude"\\n' >"$folder/tests/core_tests"
   chmod +x "$folder/tessaview" "$folder/tests/core_tests"
 else
-  echo "CMAKE_HOME_DIRECTORY:INTERNAL=$home" >"$folder/CMakeCache.txt"
-  for each in "$@"; do case $each in -D*=*) echo "$each" | sed 's/-D\\(.*\\)=/\\1:BOOL=/' >>"$folder/CMakeCache.txt" ;; esac; done
+  cache=$folder/CMakeCache.txt
+  case $* in *--fresh*) echo "CMAKE_HOME_DIRECTORY:INTERNAL=$home" >"$cache" ;; esac
+  for each in "$@"; do case $each in -D*=*)
+    name=${each%%=*} name=${name#-D}
+    { grep -v "^$name:" "$cache"; echo "$name:BOOL=${each#*=}"; } >"$cache.new"; mv "$cache.new" "$cache" ;;
+  esac; done
   : >"$folder/build.ninja"
 fi
 """,
     "ctest": RECORD + 'for each in "$@"; do [ "$before" != --test-dir ] || folder=$each; before=$each; done\n'
              'mkdir -p "$folder/Testing/Temporary"; : >"$folder/Testing/Temporary/LastTest.log"\n',
     "clang-format": '#!/bin/sh\n[ "$1" != --version ] || echo "clang-format version 14.0.6"\n',
+    "tail": f'#!/bin/sh\n: >"$CALLS.shown"\nexec {shutil.which("tail")} "$@"\n',
     "ninja": "#!/bin/sh\n",
     "c++": "#!/bin/sh\n",
 }
@@ -83,9 +115,17 @@ class Machine:
             stand_in.write_text(text)
             stand_in.chmod(0o755)
 
-    def set(self, state):
-        """"apt-fails", "is-user" or "sudo-asks"."""
-        pathlib.Path(f"{self.calls_file}.{state}").touch()
+    def state(self, name):
+        return pathlib.Path(f"{self.calls_file}.{name}")
+
+    def set(self, *states):
+        """"apt-fails", "is-user" and the others that the stand-ins ask for."""
+        for each in states:
+            self.state(each).touch()
+
+    def unset(self, *states):
+        for each in states:
+            self.state(each).unlink()
 
     def remove(self, command):
         (self.bin / command).unlink()
@@ -110,6 +150,17 @@ class Machine:
     def calls(self, command):
         lines = self.calls_file.read_text().splitlines()
         return [line.partition(" ")[2] for line in lines if line.partition(" ")[0] == command]
+
+    def builds(self):
+        """What cmake was asked for, in turn: "Qt" or "core" for making the build files, and the targets."""
+        told = []
+        for call in self.calls("cmake"):
+            words = call.split()
+            if words[0] == "--build":
+                told.append(words[3])
+            else:
+                told.append("core" if "-DTESSAVIEW_QT=OFF" in words else "Qt" if "-DTESSAVIEW_QT=ON" in words else "?")
+        return told
 
     def packages(self, *lists):
         """What the named lists of scripts/packages.sh hold."""
@@ -159,6 +210,13 @@ class Scripts(unittest.TestCase):
         else:
             self.assertEqual(len(machine.calls("ctest")), 2, machine.said)
 
+    def in_turn(self, script, machine, wanted):
+        """The calls of apt-get by which a script installs: run.sh has the compilers first."""
+        if script == "test.sh":
+            return [wanted]
+        compilers = machine.packages("compiler_packages")
+        return [wanted & compilers, wanted - compilers]
+
     def stopped(self, machine):
         self.assertNotEqual(machine.code, 0)
         self.assertEqual(machine.calls("cmake"), [])
@@ -170,14 +228,15 @@ class Scripts(unittest.TestCase):
     def test_everything_is_installed_on_a_fresh_machine(self):
         for script, machine, needed in self.each():
             machine.run(script, *self.arguments(script))
-            self.assertEqual(machine.installs(), [needed | SVG])
+            self.assertEqual(machine.installs(), self.in_turn(script, machine, needed | SVG))
             self.went_through(script, machine)
 
     def test_what_is_there_is_not_asked_for(self):
         for script, machine, needed in self.each():
             machine.has("g++", "cmake", "~ninja-build", "fonts-dejavu-core")
             machine.run(script, *self.arguments(script))
-            self.assertEqual(machine.installs(), [needed - {"g++", "cmake", "fonts-dejavu-core"} | SVG])
+            self.assertEqual(machine.installs(),
+                             self.in_turn(script, machine, needed - {"g++", "cmake", "fonts-dejavu-core"} | SVG))
             self.went_through(script, machine)
 
     def test_nothing_is_installed_when_all_is_there(self):
@@ -216,8 +275,8 @@ class Scripts(unittest.TestCase):
         for script, machine, needed in self.each():
             machine.set("is-user")
             machine.run(script, *self.arguments(script))
-            self.assertEqual(len([call for call in machine.calls("sudo") if "apt-get install" in call]), 1)
-            self.assertEqual(machine.installs(), [needed | SVG])
+            self.assertEqual([call for call in machine.calls("apt-get") if not any(call in each for each in machine.calls("sudo"))], [])
+            self.assertEqual(machine.installs(), self.in_turn(script, machine, needed | SVG))
             self.went_through(script, machine)
 
     def test_elsewhere_than_on_debian_it_says_what_is_needed(self):
@@ -252,6 +311,97 @@ class Scripts(unittest.TestCase):
         machine = self.new_machine().run("run.sh")
         steps = [line for line in machine.said.splitlines() if line.startswith("== ")]
         self.assertEqual([step[:9] for step in steps], ["== 1 of 3", "== 2 of 3", "== 3 of 3"])
+
+    def fresh_machine(self, *states):
+        machine = self.new_machine()
+        machine.set(*states)
+        return machine.run("run.sh", "examples/notes.tvg")
+
+    def compiler_ended(self, machine):
+        """A process that is ended is gone a moment later."""
+        process = int(machine.state("compiler").read_text())
+        end = time.monotonic() + 30
+        while time.monotonic() < end:
+            try:
+                os.kill(process, 0)
+                status = pathlib.Path(f"/proc/{process}/stat").read_text()
+            except (ProcessLookupError, FileNotFoundError):
+                return
+            if status.rpartition(")")[2].split()[0] == "Z":
+                return
+            time.sleep(0.01)
+        os.kill(process, 9)
+        self.fail("the core is still compiled\n" + machine.said)
+
+    def test_the_core_is_compiled_while_the_other_packages_come(self):
+        machine = self.fresh_machine("with-the-core", "with-qt")
+        self.went_through("run.sh", machine)
+        self.assertEqual(machine.builds(), ["core", "tessa_core", "Qt", "tessaview"])
+
+    def test_the_core_alone_asks_for_no_tests(self):
+        for call in self.fresh_machine().calls("cmake")[:1]:
+            self.assertIn("-DTESSAVIEW_TESTS=OFF", call)
+            self.assertIn("-DTESSAVIEW_BENCH=OFF", call)
+
+    def test_a_failure_of_apt_get_ends_the_core_too(self):
+        machine = self.fresh_machine("with-the-core", "core-lasts", "qt-fails")
+        self.assertNotEqual(machine.code, 0)
+        self.assertIn("E: Unable to fetch some archives", machine.said)
+        self.assertTrue(machine.said.rstrip().endswith("The packages could not be installed; what apt-get says of it stands above."),
+                        machine.said)
+        self.compiler_ended(machine)
+        self.assertEqual(machine.builds(), ["core", "tessa_core"])
+
+    def test_a_failure_of_apt_get_before_the_core_began_ends_it_too(self):
+        machine = self.fresh_machine("qt-fails")
+        self.assertNotEqual(machine.code, 0)
+        self.assertIn("The packages could not be installed", machine.said)
+        self.assertNotIn("tessaview", machine.builds())
+
+    def test_who_ends_run_ends_the_core_too(self):
+        machine = self.fresh_machine("with-the-core", "core-lasts", "user-ends")
+        self.assertNotEqual(machine.code, 0)
+        self.compiler_ended(machine)
+        self.assertEqual(machine.builds(), ["core", "tessa_core"])
+
+    def test_a_failure_of_the_core_is_told_in_full_when_the_packages_are_there(self):
+        machine = self.fresh_machine("with-the-core", "core-fails")
+        self.assertNotEqual(machine.code, 0)
+        self.assertEqual(len(machine.installs()), 2)
+        self.assertRegex(machine.said, "(?s)Core.cpp:1: error: no such thing.*The core could not be built; why stands above.")
+        self.assertEqual(machine.builds(), ["core", "tessa_core"])
+
+    def test_run_shows_how_far_the_core_is_when_the_packages_are_there_first(self):
+        machine = self.fresh_machine("core-is-last")
+        self.went_through("run.sh", machine)
+        self.assertRegex(machine.said, r"(?s)The packages are there.*\[100% 2/2\] Linking.*== 2 of 3")
+
+    def test_what_an_ended_run_left_is_built_on(self):
+        for script in LISTS:
+            machine = self.fresh_machine("with-the-core", "qt-fails")
+            machine.unset("qt-fails", "with-the-core")
+            machine.run(script, *self.arguments(script))
+            self.went_through(script, machine)
+            self.assertEqual(machine.installs()[0] & machine.packages("compiler_packages"), set())
+            core = ["tessa_core"] if script == "run.sh" else []
+            self.assertEqual(machine.builds()[:len(core) + 1], [*core, "Qt"])
+
+    def test_a_program_that_was_built_before_is_not_built_in_two_parts(self):
+        machine = self.fresh_machine()
+        installed = machine.installed_file.read_text().splitlines()
+        machine.installed_file.write_text("".join(f"{each}\n" for each in installed if each not in ("ccache", "qt6-wayland")))
+        machine.run("run.sh", "examples/notes.tvg")
+        self.assertEqual(machine.installs(), [{"ccache", "qt6-wayland"}])
+        self.assertEqual(machine.builds(), ["tessaview"])
+        self.went_through("run.sh", machine)
+
+    def test_without_other_packages_to_wait_for_all_is_built_at_once(self):
+        machine = self.new_machine()
+        machine.has(*machine.packages(*LISTS["run.sh"]) - {"g++"}, *SVG)
+        machine.run("run.sh", "examples/notes.tvg")
+        self.assertEqual(machine.installs(), [{"g++"}])
+        self.assertEqual(machine.builds(), ["Qt", "tessaview"])
+        self.went_through("run.sh", machine)
 
     def test_only_root_goes_without_the_engines_sandbox(self):
         self.assertEqual(self.new_machine().run("run.sh").calls("sandbox"), ["1"])
