@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-Tool* Band::Add(std::int32_t id, Text name, BeginGroup group) {
-    m_entries.push_back({std::make_shared<Tool>(id, std::move(name)), group});
+Tool* Band::Add(ToolSource source, std::int32_t id, Text name, BeginGroup group) {
+    m_entries.push_back({std::make_shared<Tool>(std::move(source), id, std::move(name)), group});
     Mark();
     return m_entries.back().Item.get();
 }

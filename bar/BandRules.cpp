@@ -1,7 +1,5 @@
 #include "bar/BandRules.h"
 
-#include "bar/RuntimeIds.h"
-
 #include <algorithm>
 #include <set>
 
@@ -28,8 +26,6 @@ bool MayList(const CommandBar& bar, const Band& band, const Tool& tool) {
     std::set<Text> seen;
     return !Reaches(bar, tool.SubBand, band, seen);
 }
-
-bool IsRunTime(const Tool& tool) { return tool.Id() < 0 || RuntimeIds::IsMade(tool.Id()); }
 
 void Mend(CommandBar& bar) {
     std::set<const Tool*> boxes;

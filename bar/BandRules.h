@@ -7,9 +7,6 @@ namespace BandRules {
 /// Labels and boxes stand on toolbars only, and no menu opens out of itself, however deep.
 [[nodiscard]] bool MayList(const CommandBar& bar, const Band& band, const Tool& tool);
 
-/// A tool made while the program runs, which belongs to its menu and is not arranged or kept.
-[[nodiscard]] bool IsRunTime(const Tool& tool);
-
 /// Takes what must not be there off all bands: a tool that a band may not list, one that it lists already, and a box
 /// that a toolbar before it shows.
 void Mend(CommandBar& bar);

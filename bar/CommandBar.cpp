@@ -85,9 +85,9 @@ std::shared_ptr<Tool> CommandBar::ShareOwn(TextView band, TextView name) const {
 
 ComboTool* CommandBar::FindCombo(TextView name) const { return dynamic_cast<ComboTool*>(Find(name)); }
 
-Band* CommandBar::AddBand(Text name, Text caption, BandKind kind) {
+Band* CommandBar::AddBand(Text name, Text caption, BandKind kind, BandSource source) {
     if (FindBand(name)) return nullptr;
-    m_bands.push_back(std::make_unique<Band>(std::move(name), std::move(caption), kind));
+    m_bands.push_back(std::make_unique<Band>(std::move(name), std::move(caption), kind, std::move(source)));
     Band* band = m_bands.back().get();
     m_bandsByName.emplace(band->Name(), band);
     TellOf(kind);
@@ -112,6 +112,14 @@ void CommandBar::RemoveBand(TextView name) {
     m_bands.erase(place);
     removed->Clear();
     TellOf(removed->Kind());
+}
+
+void CommandBar::RemoveRunTimeBands() {
+    std::vector<Text> names;
+    for (const auto& band : m_bands) {
+        if (band->IsRunTime()) names.push_back(band->Name());
+    }
+    for (const Text& name : names) RemoveBand(name);
 }
 
 void CommandBar::TellOf(BandKind kind) const {

@@ -35,7 +35,8 @@ struct BandEntry {
 /// A menu, toolbar or pop-up: an ordered list of tools. Owned by the bar.
 class Band {
 public:
-    Band(Text name, Text caption, BandKind kind) : Caption(std::move(caption)), m_name(std::move(name)), m_kind(kind) {}
+    Band(Text name, Text caption, BandKind kind, BandSource source = MadeFrom::Design{})
+        : Caption(std::move(caption)), m_name(std::move(name)), m_kind(kind), m_source(std::move(source)) {}
     Band(const Band&) = delete;
     Band& operator=(const Band&) = delete;
 
@@ -43,8 +44,18 @@ public:
     [[nodiscard]] BandKind Kind() const { return m_kind; }
     [[nodiscard]] const std::vector<BandEntry>& Entries() const { return m_entries; }
 
+    /// What it is made from, when that is of this kind.
+    template<typename Kind>
+    [[nodiscard]] const Kind* From() const {
+        return std::get_if<Kind>(&m_source);
+    }
+    /// A toolbar that the user has made.
+    [[nodiscard]] bool IsUserMade() const { return From<MadeFrom::User>(); }
+    /// Whether it was made while the program runs: it is not arranged or kept.
+    [[nodiscard]] bool IsRunTime() const { return !From<MadeFrom::Design>() && !IsUserMade(); }
+
     /// Makes a tool for this band alone and lists it last.
-    Tool* Add(std::int32_t id, Text name, BeginGroup group = BeginGroup::No);
+    Tool* Add(ToolSource source, std::int32_t id, Text name, BeginGroup group = BeginGroup::No);
     /// Lists a tool last. Nothing for no tool.
     void Append(std::shared_ptr<Tool> tool, BeginGroup group = BeginGroup::No);
     /// Lists a tool before the entry at `index` (from 0), at the end when there is none.
@@ -61,8 +72,6 @@ public:
     /// Whether a toolbar is shown.
     Property<bool> Visible{true};
     Property<Docking> Dock;
-    /// A toolbar that the user has made.
-    bool UserMade = false;
 
     /// Attaches the view: called once a change until `Clean()`; runs at once to show the present entries.
     [[nodiscard]] Connection Attach(Signal<void()>::Listener mirror);
@@ -74,6 +83,7 @@ private:
 
     Text m_name;
     BandKind m_kind;
+    BandSource m_source;
     std::vector<BandEntry> m_entries;
     Signal<void()> m_mirror;
     bool m_marked = false;
@@ -136,11 +146,13 @@ public:
     [[nodiscard]] ComboTool* FindCombo(TextView name) const;
 
     /// A band name in use adds nothing and returns nothing.
-    Band* AddBand(Text name, Text caption, BandKind kind);
+    Band* AddBand(Text name, Text caption, BandKind kind, BandSource source = MadeFrom::Design{});
     [[nodiscard]] const std::vector<std::unique_ptr<Band>>& Bands() const { return m_bands; }
     [[nodiscard]] Band* FindBand(TextView name) const;
     /// Removes a band, its own tools with it; does nothing when there is none.
     void RemoveBand(TextView name);
+    /// Leaves only the bands that were designed or that the user has made.
+    void RemoveRunTimeBands();
 
     /// Shows a band as a menu at the pointer. Its view does it; without one nothing happens.
     void Popup(TextView band);

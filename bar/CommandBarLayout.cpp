@@ -15,7 +15,6 @@ constexpr std::size_t kLongestFile = 1U << 20U;
 constexpr std::int32_t kWidest = 10000;
 constexpr std::int32_t kMostUserBands = 99;
 constexpr TextView kUserBand = u"gui";
-constexpr TextView kRunTimeBand = u"zz";
 constexpr char kGroupMark = '|', kOwnMark = '/';
 
 /// A tool's name in the file. One that a band has of its own stands behind the band's name.
@@ -41,7 +40,7 @@ std::vector<std::string> KnownNames(const CommandBar& bar) {
 std::string EntryWords(const CommandBar& bar, const Band& band) {
     std::vector<std::string> words;
     for (const BandEntry& entry : band.Entries()) {
-        if (BandRules::IsRunTime(*entry.Item)) continue;
+        if (entry.Item->IsRunTime()) continue;
         words.push_back((entry.Group == BeginGroup::Yes ? std::string(1, kGroupMark) : "") + NameOf(bar, *entry.Item));
     }
     return ListWords(words);
@@ -158,9 +157,7 @@ private:
         const auto number = NumberIn(section.substr(kUserBand.size()), 1, kMostUserBands);
         const Text caption = BandRules::CleanCaption(FromBytes(Value(section, "Caption")));
         if (!number || caption.empty() || CommandBarLayout::UserBandName(*number) != name) return nullptr;
-        Band* band = m_bar.AddBand(name, caption, kind);
-        if (band) band->UserMade = true;
-        return band;
+        return m_bar.AddBand(name, caption, kind, MadeFrom::User{});
     }
 
     std::vector<BandEntry> EntriesOf(const std::vector<std::string>& words) {
@@ -219,7 +216,7 @@ namespace CommandBarLayout {
 std::string Save(const CommandBar& bar) {
     std::string bytes = Header("Layout") + Line("Known", ListWords(KnownNames(bar))) + LookLines(bar) + WidthLines(bar);
     for (const auto& band : bar.Bands()) {
-        if (!TextView(band->Name()).starts_with(kRunTimeBand)) bytes += BandLines(bar, *band);
+        if (!band->IsRunTime()) bytes += BandLines(bar, *band);
     }
     return bytes;
 }

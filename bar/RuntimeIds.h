@@ -1,10 +1,8 @@
 #pragma once
 #include <cstdint>
 
-/// The ids of tools that are made at run time say what the tools are.
+/// The numbers that tools get which are made while the program runs. What such a tool is, says its source.
 namespace RuntimeIds {
-
-enum class Kind { None, Favorite, Group };
 
 /// The ids of one kind.
 struct Range {
@@ -17,11 +15,6 @@ inline constexpr Range kGroups{150000, 199999};
 /// What every folder of Favorites has for an id.
 inline constexpr std::int32_t kFolder = -1;
 
-[[nodiscard]] constexpr Kind KindOf(std::int32_t id) {
-    if (kFavorites.Has(id)) return Kind::Favorite;
-    return kGroups.Has(id) ? Kind::Group : Kind::None;
-}
-
 /// The next id of a range. `next` is the caller's to keep for the whole run, and 0 before the first use. Ids count on
 /// from one rebuild of a menu to the next, and behind the last comes the first again: by then the menus that showed it
 /// have long been rebuilt. Only more entries than a range has ids would share some, which then open what they should
@@ -31,8 +24,5 @@ inline constexpr std::int32_t kFolder = -1;
     next = id + 1;
     return id;
 }
-
-/// Whether a tool was made at run time. Those laid out by design have numbers below.
-[[nodiscard]] constexpr bool IsMade(std::int32_t id) { return id >= kFavorites.First; }
 
 } // namespace RuntimeIds

@@ -1,4 +1,5 @@
 #pragma once
+#include "bar/ToolSource.h"
 #include "base/Property.h"
 #include "base/Text.h"
 #include "base/Units.h"
@@ -23,15 +24,29 @@ class Tool {
 public:
     Tool(std::int32_t id, Text name, Text caption = {}, ToolKind kind = ToolKind::Button)
         : Caption(std::move(caption)), m_id(id), m_name(std::move(name)), m_kind(kind) {}
+    /// One that is made while the program runs.
+    Tool(ToolSource source, std::int32_t id, Text name, Text caption = {})
+        : Caption(std::move(caption)),
+          m_id(id),
+          m_name(std::move(name)),
+          m_kind(ToolKind::Button),
+          m_source(std::move(source)) {}
     Tool(const Tool&) = delete;
     Tool& operator=(const Tool&) = delete;
     virtual ~Tool() = default;
 
-    /// Below 200 for a tool laid out by design; run-time tools have ranges of their own.
+    /// Its number: below 200 by design, and in a range of their own for run-time tools. Nothing is decided by it.
     [[nodiscard]] std::int32_t Id() const { return m_id; }
+    /// That of a run-time tool may repeat another's: it may be an address.
     [[nodiscard]] const Text& Name() const { return m_name; }
-    /// For a run-time tool only, whose name may repeat another's: it carries an address.
-    void SetName(Text name) { m_name = std::move(name); }
+    [[nodiscard]] const ToolSource& Source() const { return m_source; }
+    /// What it is made from, when that is of this kind.
+    template<typename Kind>
+    [[nodiscard]] const Kind* From() const {
+        return std::get_if<Kind>(&m_source);
+    }
+    /// Whether it was made while the program runs: it belongs to its menu and is not arranged or kept.
+    [[nodiscard]] bool IsRunTime() const { return !From<MadeFrom::Design>(); }
     [[nodiscard]] ToolKind Kind() const { return m_kind; }
 
     /// "&" stands before the access key, "&&" for one "&".
@@ -56,6 +71,7 @@ private:
     std::int32_t m_id;
     Text m_name;
     ToolKind m_kind;
+    ToolSource m_source;
 };
 
 /// Which part of a box's text is selected, in UTF-16 units. Its end is where the caret stands.

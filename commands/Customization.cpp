@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::int32_t kMostUserBands = 99;
 constexpr std::array kBuiltAtRunTime{u"bndFavorites"_band, u"bndTessaGroupsMenu"_band};
-constexpr TextView kRunTimeBand = u"zz";
 // The master list spells the name otherwise than any command; the font menu's own tool is offered in its place.
 constexpr ToolName kNoCommand = u"mnFontLarge"_tool;
 
@@ -54,8 +53,7 @@ TextView KindWord(BandKind kind) {
 void Customization::Tell() const { Changed(); }
 
 bool Customization::MayArrange(const Band& band) {
-    return !TextView(band.Name()).starts_with(kRunTimeBand) &&
-           !std::ranges::count(kBuiltAtRunTime, TextView(band.Name()));
+    return !band.IsRunTime() && !std::ranges::count(kBuiltAtRunTime, TextView(band.Name()));
 }
 
 std::vector<Band*> Customization::Toolbars() const {
@@ -88,23 +86,22 @@ Band* Customization::New(TextView caption) {
     while (m_bar.FindBand(CommandBarLayout::UserBandName(number))) ++number;
     if (number > kMostUserBands) return nullptr;
     for (const Band* band : Toolbars()) row = std::max(row, band->Dock().Row);
-    Band* made =
-        m_bar.AddBand(CommandBarLayout::UserBandName(number), BandRules::CleanCaption(caption), BandKind::Toolbar);
+    Band* made = m_bar.AddBand(CommandBarLayout::UserBandName(number), BandRules::CleanCaption(caption),
+                               BandKind::Toolbar, MadeFrom::User{});
     if (!made) return nullptr;
-    made->UserMade = true;
     made->Dock = Docking{DockSide::Top, row + 1, 0, {}, {}};
     Tell();
     return made;
 }
 
 void Customization::Rename(Band& band, TextView caption) {
-    if (!band.UserMade || !Refusal(caption, &band).empty()) return;
+    if (!band.IsUserMade() || !Refusal(caption, &band).empty()) return;
     band.Caption = BandRules::CleanCaption(caption);
     Tell();
 }
 
 void Customization::Delete(Band& band) {
-    if (!band.UserMade) return;
+    if (!band.IsUserMade()) return;
     m_bar.RemoveBand(Text(band.Name()));
     Tell();
 }
@@ -122,7 +119,7 @@ void Customization::Reset(Band& band) {
 
 void Customization::ResetAll() {
     for (Band* band : Toolbars()) {
-        if (band->UserMade) m_bar.RemoveBand(Text(band->Name()));
+        if (band->IsUserMade()) m_bar.RemoveBand(Text(band->Name()));
     }
     for (Band* band : Bands()) ResetQuietly(*band);
     DesignTimeBar::ResetWidths(m_bar);
@@ -169,7 +166,7 @@ Text Customization::TitleOf(const Band& band) const {
 }
 
 bool Customization::Accepts(const Band& band, const Tool& tool) const {
-    return MayArrange(band) && !BandRules::IsRunTime(tool) && BandRules::MayList(m_bar, band, tool);
+    return MayArrange(band) && !tool.IsRunTime() && BandRules::MayList(m_bar, band, tool);
 }
 
 void Customization::TakeOut(Band& band, std::size_t index) {

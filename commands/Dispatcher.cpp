@@ -1,7 +1,6 @@
 #include "commands/Dispatcher.h"
 
 #include "address/Endpoints.h"
-#include "bar/RuntimeIds.h"
 #include "bar/ToolName.h"
 #include "commands/CommandTable.h"
 
@@ -25,10 +24,9 @@ void Dispatcher::actBar_Click(const Tool& tool) {
     const std::int32_t view = m_context.tabs.CurrentIndex();
     if (RunLink(tool)) return;
     // A command may rebuild the menu that the tool stands in, and the tool with it.
-    const std::int32_t id = tool.Id();
-    const Text name = tool.Name(), description = tool.Description;
+    const ToolSource source = tool.Source();
     RunNamed(tool);
-    RunById(id, name, description, view);
+    Open(source, view);
 }
 
 bool Dispatcher::RunLink(const Tool& tool) {
@@ -49,7 +47,8 @@ bool Dispatcher::RunLink(const Tool& tool) {
 
 void Dispatcher::RunNamed(const Tool& tool) {
     // The name of a Favorite is its address, which whoever wrote it has chosen.
-    if (RuntimeIds::IsMade(tool.Id()) && tool.Name().starts_with(DesignedNames::kOwnCommands)) return;
+    const bool ofAFile = tool.IsRunTime() && !tool.From<MadeFrom::Page>();
+    if (ofAFile && tool.Name().starts_with(DesignedNames::kOwnCommands)) return;
     const auto table = CommandTable();
     const auto command = std::ranges::find_if(
         table, [&](const Command& row) { return row.Runs() && row.tool == TextView(tool.Name()); });
@@ -63,10 +62,9 @@ void Dispatcher::RunNamed(const Tool& tool) {
                command->effect);
 }
 
-void Dispatcher::RunById(std::int32_t id, TextView name, TextView description, std::int32_t view) {
-    const auto kind = RuntimeIds::KindOf(id);
-    if (kind == RuntimeIds::Kind::Favorite) OpenFavorite(name, view);
-    if (kind == RuntimeIds::Kind::Group) m_context.groups.OpenTessaGroup(description);
+void Dispatcher::Open(const ToolSource& source, std::int32_t view) {
+    if (const auto* link = std::get_if<MadeFrom::FavoriteLink>(&source)) OpenFavorite(link->address, view);
+    if (const auto* group = std::get_if<MadeFrom::Group>(&source)) m_context.groups.OpenTessaGroup(group->path);
 }
 
 void Dispatcher::OpenFavorite(TextView address, std::int32_t view) {

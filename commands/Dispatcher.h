@@ -1,15 +1,15 @@
 #pragma once
 #include "commands/CommandContext.h"
 
-/// Maps a clicked tool to its effect, by the tool's name and, for tools made at run time, by its id. Keeps no state
-/// between clicks. Owned by the main window.
+/// Maps a clicked tool to its effect, by the tool's name and, for tools made at run time, by what it is made from.
+/// Keeps no state between clicks. Owned by the main window.
 class Dispatcher {
 public:
     /// The context outlives this object.
     explicit Dispatcher(CommandContext& context) : m_context(context) {}
 
-    /// Runs the tool's command; a name that is none runs nothing. Names are told apart by case. A tool made at run
-    /// time never runs a command of ours, only one of the product's.
+    /// Runs the tool's command; a name that is none runs nothing. Names are told apart by case. A tool that is
+    /// made from a file never runs a command of ours, only one of the product's.
     void actBar_Click(const Tool& tool);
     /// Disables the commands whose operation the main window does not have.
     void DisableUnavailable();
@@ -17,7 +17,7 @@ public:
 private:
     bool RunLink(const Tool& tool);
     void RunNamed(const Tool& tool);
-    void RunById(std::int32_t id, TextView name, TextView description, std::int32_t view);
+    void Open(const ToolSource& source, std::int32_t view);
     void OpenFavorite(TextView address, std::int32_t view);
     void Navigate(std::int32_t view, TextView address);
 

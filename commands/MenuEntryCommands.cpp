@@ -1,10 +1,7 @@
 #include "commands/MenuEntryCommands.h"
 
-#include "bar/RuntimeIds.h"
-#include "bar/ToolName.h"
 #include "base/Captions.h"
 #include "base/os/AtomicFile.h"
-#include "favorites/Favorites.h"
 #include "groups/TessaGroups.h"
 #include "groups/frmRenameGroup.h"
 
@@ -32,15 +29,9 @@ bool MayDelete(CommandContext& context) {
 namespace MenuEntryCommands {
 
 Entry EntryOf(const Tool& tool) {
-    if (tool.SubBand.starts_with(Favorites::kBandPrefix)) return {u"bndFavoriteFolder"_band, tool.Description};
-    switch (RuntimeIds::KindOf(tool.Id())) {
-    case RuntimeIds::Kind::Favorite:
-        return {u"bndFavoriteLink"_band, tool.Name()};
-    case RuntimeIds::Kind::Group:
-        return {u"bndGroupEntry"_band, tool.Description};
-    case RuntimeIds::Kind::None:
-        break;
-    }
+    if (const auto* folder = tool.From<MadeFrom::FavoriteFolder>()) return {u"bndFavoriteFolder"_band, folder->path};
+    if (const auto* link = tool.From<MadeFrom::FavoriteLink>()) return {u"bndFavoriteLink"_band, link->address};
+    if (const auto* group = tool.From<MadeFrom::Group>()) return {u"bndGroupEntry"_band, group->path};
     return {};
 }
 

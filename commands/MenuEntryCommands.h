@@ -1,13 +1,16 @@
 #pragma once
+#include "bar/ToolName.h"
 #include "commands/CommandContext.h"
+
+#include <optional>
 
 /// Commands of the pop-ups that entries of the Favorites and TessaGroups menus have. They work on the entry that the
 /// pop-up was opened on.
 namespace MenuEntryCommands {
 
-/// The band that pops up for a tool of those menus, and what it is opened on; an empty band for every other tool.
+/// The band that pops up for a tool of those menus, and what it is opened on; no band for every other tool.
 struct Entry {
-    TextView band;
+    std::optional<BandName> band;
     TextView target;
 };
 [[nodiscard]] Entry EntryOf(const Tool& tool);

@@ -108,7 +108,7 @@ void Open(CommandContext& context, std::int32_t index, const PageContext& page) 
     if (!view) return;
     ShowState(context, page);
     auto* band = context.actBar.FindBand(kBand);
-    if (!band) band = context.actBar.AddBand(Text(kBand), u"Page", BandKind::Popup);
+    if (!band) band = context.actBar.AddBand(Text(kBand), u"Page", BandKind::Popup, MadeFrom::Page{});
     band->SetEntries(PageMenuEntries::For(context, page, view->Control->LocationURL()));
     context.actBar.Popup(kBand);
 }

@@ -37,8 +37,8 @@ private:
 
 void AddWords(Entries& entries, const PageContext& page) {
     for (const Text& word : page.Suggestions)
-        entries.Add(
-            std::make_shared<Tool>(0, Text(u"xtrReplaceWord"_tool), EscapedCaption(PlainLine(word, kMostShownWords))));
+        entries.Add(std::make_shared<Tool>(MadeFrom::Page{}, 0, Text(u"xtrReplaceWord"_tool),
+                                           EscapedCaption(PlainLine(word, kMostShownWords))));
 }
 
 void AddLink(Entries& entries, const CommandContext& context, const PageContext& page, TextView address) {

@@ -1,24 +1,7 @@
 #include "commands/RuntimeMenus.h"
 
-#include "bar/RuntimeIds.h"
 #include "commands/MenuEntryCommands.h"
 #include "groups/TessaGroups.h"
-
-#include <algorithm>
-#include <array>
-
-namespace {
-
-/// How the names of bands begin that are laid out by design, or made by the user.
-constexpr std::array kNoFolders{TextView(u"bnd"), TextView(u"shp"), TextView(u"gui")};
-constexpr TextView kRuntimeBands = u"zz";
-
-bool ShowsFolder(const Band& band) {
-    const auto begins = [&](TextView prefix) { return band.Name().starts_with(prefix); };
-    return std::ranges::none_of(kNoFolders, begins) && band.Entries().empty();
-}
-
-} // namespace
 
 RuntimeMenus::RuntimeMenus(CommandContext& context, FolderWatch& watch)
     : m_context(context), m_watch(watch), m_favorites(context.actBar) {
@@ -38,25 +21,28 @@ void RuntimeMenus::BandOpen(Band& band) {
     if (band.Name() == u"bndFavorites"_band && m_context.favoritesMenuStale) return RebuildFavorites(band);
     if (band.Name() == u"bndTessaGroupsMenu"_band && m_context.groupsMenuStale) return RebuildGroups(band);
     if (band.Name() == u"bndFont"_band) return m_context.pages.MarkTextSize();
-    if (ShowsFolder(band)) FillFolder(band);
+    const auto* folder = band.From<MadeFrom::FavoriteFolder>();
+    if (folder && band.Entries().empty()) ScanFolder(folder->path, band, BeginGroup::No);
 }
 
 bool RuntimeMenus::EntryPopup(const Tool& tool) {
     const auto entry = MenuEntryCommands::EntryOf(tool);
-    if (entry.band.empty()) return false;
+    if (!entry.band) return false;
     m_context.menuEntry = entry.target;
-    m_context.actBar.Popup(entry.band);
+    m_context.actBar.Popup(*entry.band);
     return true;
 }
 
 std::function<void()> RuntimeMenus::EntryMiddleClick(const Tool& tool) {
-    if (!tool.SubBand.starts_with(Favorites::kBandPrefix) || !m_context.host.OpenFavorites) return {};
-    return [this, folder = tool.Description] { m_context.host.OpenFavorites(folder); };
+    const auto* folder = tool.From<MadeFrom::FavoriteFolder>();
+    if (!folder || !m_context.host.OpenFavorites) return {};
+    return [this, path = folder->path] { m_context.host.OpenFavorites(path); };
 }
 
 std::function<void()> RuntimeMenus::EntryDelete(const Tool& tool) {
-    if (RuntimeIds::KindOf(tool.Id()) != RuntimeIds::Kind::Group) return {};
-    return [this, path = tool.Description] {
+    const auto* group = tool.From<MadeFrom::Group>();
+    if (!group) return {};
+    return [this, path = group->path] {
         m_context.menuEntry = path;
         MenuEntryCommands::DeleteGroup(m_context);
     };
@@ -97,11 +83,6 @@ Picture RuntimeMenus::PictureOf(ToolName holder) const {
     return tool ? tool->Image : Picture();
 }
 
-void RuntimeMenus::FillFolder(Band& band) {
-    const auto prefix = std::min(band.Name().size(), Favorites::kBandPrefix.size());
-    ScanFolder(TextView(band.Name()).substr(prefix), band, BeginGroup::No);
-}
-
 void RuntimeMenus::ScanFolder(TextView folder, Band& band, BeginGroup first) {
     // Before it is read, so that no change falls in between.
     m_watch.Watch(folder);
@@ -110,11 +91,7 @@ void RuntimeMenus::ScanFolder(TextView folder, Band& band, BeginGroup first) {
 }
 
 void RuntimeMenus::RemoveFolderBands() {
-    std::vector<Text> names;
-    for (const auto& band : m_context.actBar.Bands()) {
-        if (band->Name().starts_with(kRuntimeBands)) names.push_back(band->Name());
-    }
-    for (const Text& name : names) m_context.actBar.RemoveBand(name);
+    m_context.actBar.RemoveRunTimeBands();
     for (const Text& folder : m_watched) m_watch.Unwatch(folder);
     m_watched.clear();
 }

@@ -40,7 +40,6 @@ public:
 private:
     void RebuildFavorites(Band& band);
     void RebuildGroups(Band& band);
-    void FillFolder(Band& band);
     void ScanFolder(TextView folder, Band& band, BeginGroup first);
     void RemoveFolderBands();
     [[nodiscard]] Picture PictureOf(ToolName holder) const;

@@ -16,6 +16,8 @@ constexpr std::string_view kKey = "URL";
 
 constexpr std::size_t kLongestCaption = 45;
 constexpr std::int32_t kFirstFolder = 100000;
+/// Before a sub-folder's full path: the name of the band that shows it.
+constexpr TextView kBandPrefix = u"zzz";
 
 Text CutToCaption(TextView title) {
     return title.size() > kLongestCaption ? Text(FirstUnits(title, kLongestCaption)) + u"..." : Text(title);
@@ -62,18 +64,20 @@ void Menu::ScanFolder(TextView folder, Band& band, BeginGroup& first) {
 }
 
 void Menu::AddFolder(Band& band, const CKeyValue& folder, BeginGroup& first) {
-    Tool* tool = band.Add(RuntimeIds::kFolder, u"", std::exchange(first, BeginGroup::No));
+    Tool* tool = band.Add(MadeFrom::FavoriteFolder{folder.Value}, RuntimeIds::kFolder, u"",
+                          std::exchange(first, BeginGroup::No));
     tool->Caption = MenuCaption(folder.Key);
     tool->Image = FolderPicture;
     tool->Description = folder.Value;
     tool->SubBand = Text(kBandPrefix) + folder.Value;
-    m_actBar.AddBand(tool->SubBand, folder.Key, BandKind::Popup);
+    m_actBar.AddBand(tool->SubBand, folder.Key, BandKind::Popup, MadeFrom::FavoriteFolder{folder.Value});
     // Deliberate: folders are counted, though they all carry the same id.
     ++m_folders;
 }
 
 void Menu::AddShortcut(Band& band, const CKeyValue& shortcut) {
-    Tool* tool = band.Add(RuntimeIds::Take(RuntimeIds::kFavorites, m_nextShortcut), LinkName(shortcut.Value));
+    const Text name = LinkName(shortcut.Value);
+    Tool* tool = band.Add(MadeFrom::FavoriteLink{name}, RuntimeIds::Take(RuntimeIds::kFavorites, m_nextShortcut), name);
     tool->Caption = MenuCaption(CutToCaption(TitleOf(shortcut.Key)));
     tool->Description = shortcut.Value;
     tool->Image = LinkPicture;

@@ -7,8 +7,6 @@ namespace Favorites {
 
 /// What the name of a shortcut file ends with, in any case; its title is what stands before.
 inline constexpr TextView kEnding = u".url";
-/// Before a sub-folder's full path: the name of the band that shows it.
-inline constexpr TextView kBandPrefix = u"zzz";
 
 /// No shortcut is longer, in bytes; of a file that is, the beginning is read.
 inline constexpr std::size_t kLargestShortcut = std::size_t{1} << 20;

@@ -39,8 +39,8 @@ void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, st
     if (band.Caption().starts_with(kMark)) band.Caption = band.Caption().substr(kMark.size());
     auto first = BeginGroup::Yes;
     for (const auto& [name, path] : List(folder)) {
-        auto tool =
-            std::make_shared<Tool>(RuntimeIds::Take(RuntimeIds::kGroups, nextId), u"zzx" + name, MenuCaption(name));
+        auto tool = std::make_shared<Tool>(MadeFrom::Group{path}, RuntimeIds::Take(RuntimeIds::kGroups, nextId),
+                                           u"zzx" + name, MenuCaption(name));
         tool->Description = path;
         tool->Image = TessaGroupsPicture;
         band.Append(std::move(tool), std::exchange(first, BeginGroup::No));

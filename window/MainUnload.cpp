@@ -29,15 +29,6 @@ void SavePlacement(SettingsStore& store, const MainWindow& window) {
     ResumeNext(store.WindowHeight.Set(place.height));
 }
 
-// So that the saved layout holds only what was designed or arranged by the user.
-void RemoveRunTimeBands(CommandBar& bar) {
-    std::vector<Text> names;
-    for (const auto& band : bar.Bands()) {
-        if (TextView(band->Name()).starts_with(u"zz")) names.push_back(band->Name());
-    }
-    for (const Text& name : names) bar.RemoveBand(name);
-}
-
 void SaveSettings(frmMain& main) {
     const std::vector<Text> searches = History(main.SearchCombo());
     const std::vector<Text> sites = OpenAddresses(main);
@@ -60,7 +51,7 @@ namespace MainUnload {
 
 void Save(frmMain& main) {
     SaveSettings(main);
-    RemoveRunTimeBands(main.actBar);
+    main.actBar.RemoveRunTimeBands();
     main.Layout.Save();
 }
 

@@ -53,8 +53,8 @@ TEST(CommandBarLayout, EverythingThatTheUserArrangedComesBack) {
     bar.At(u"bndEditMenu").SetGroup(1, BeginGroup::Yes);
     bar.FindCombo(u"cboAddress")->Width = Pixels{333};
     bar.Look = BarLook{IconSize::Large, ToolText::UnderIcons, false};
-    Band* own = bar.AddBand(CommandBarLayout::UserBandName(7), u"  My \"b\u00E4r\" [1]; = ", BandKind::Toolbar);
-    own->UserMade = true;
+    Band* own = bar.AddBand(CommandBarLayout::UserBandName(7), u"  My \"b\u00E4r\" [1]; = ", BandKind::Toolbar,
+                            MadeFrom::User{});
     own->Append(bar.Share(u"mnuFind"));
     own->Append(bar.ShareOwn(u"bndFont", u"mnuFontLarger"), BeginGroup::Yes);
 
@@ -67,11 +67,30 @@ TEST(CommandBarLayout, EverythingThatTheUserArrangedComesBack) {
     EXPECT_EQ(back.FindCombo(u"cboAddress")->Width(), Pixels{333});
     EXPECT_EQ(back.Look(), (BarLook{IconSize::Large, ToolText::UnderIcons, false}));
     const Band& made = back.At(u"gui7");
-    EXPECT_TRUE(made.UserMade);
+    EXPECT_TRUE(made.IsUserMade());
     EXPECT_EQ(made.Kind(), BandKind::Toolbar);
     EXPECT_EQ(ToUtf8(made.Caption()), "My \"b\u00E4r\" [1]; =");
     EXPECT_EQ(Tools(made), "mnuFind |mnuFontLarger");
     EXPECT_EQ(made.Entries()[1].Item, back.ShareOwn(u"bndFont", u"mnuFontLarger"));
+}
+
+// As version 3.2.159 has written it, whatever the bar is made of by now.
+TEST(CommandBarLayout, AFileOfAnEarlierVersionIsReadAndItsBandsAreWrittenAgainAsTheyWere) {
+    const std::string go = "[bndGo]\r\nKind=Toolbar\r\nCaption=\"Go\"\r\nVisible=0\r\nDock=Top 1 1 0 0\r\n"
+                           "Tools=mnuGoBack mnuStop mnuRefresh mnuHome mnuSearch .\r\n";
+    const std::string mine = "[gui1]\r\nKind=Toolbar\r\nCaption=\"Reading\"\r\nVisible=1\r\nDock=Left 3 0 0 0\r\n"
+                             "Tools=|bndFont/mnuFontLarger bndMenu/mnuHelp mnuHelp .\r\n";
+    const std::string widths = "[Widths]\r\ncboSearch=333\r\n";
+    const Designed back("[Layout]\r\nKnown=mnuGoBack mnuGoForward mnuStop mnuRefresh mnuHome mnuSearch .\r\n"
+                        "[Options]\r\nIconSize=Medium\r\nText=IconsOnly\r\nToolTips=1\r\n" +
+                        widths + go + mine);
+    EXPECT_EQ(Tools(back.At(u"bndGo")), "mnuGoBack mnuStop mnuRefresh mnuHome mnuSearch");
+    EXPECT_TRUE(back.At(u"gui1").IsUserMade());
+    EXPECT_EQ(Tools(back.At(u"bndFile")), "tbNew mnuOpen mnuClose mnuCloseAll") << "not in the file";
+    for (const std::string& section : {go, mine, widths})
+        EXPECT_NE(back.Saved().find(section), std::string::npos) << section << back.Saved();
+    // Only what was designed or what the user has made is in the file, and nothing of it is a number.
+    EXPECT_EQ(back.Saved().find("zz"), std::string::npos);
 }
 
 TEST(CommandBarLayout, TwoToolsOfOneNameAreNotMixedUp) {
@@ -89,10 +108,12 @@ TEST(CommandBarLayout, TwoToolsOfOneNameAreNotMixedUp) {
 TEST(CommandBarLayout, WhatWasMadeAtRunTimeIsNotWritten) {
     Designed bar;
     const std::string before = bar.Saved();
-    bar.At(u"bndFavorites").Add(50000, u"http://one/", BeginGroup::Yes);
-    bar.At(u"bndFavorites").Add(-1, u"");
-    bar.At(u"bndTessaGroupsMenu").Add(150000, u"zzxNews");
-    bar.AddBand(u"zzz/favorites/folder", u"", BandKind::Menu);
+    bar.At(u"bndFavorites").Add(MadeFrom::FavoriteLink{u"http://one/"}, 50000, u"http://one/", BeginGroup::Yes);
+    bar.At(u"bndFavorites").Add(MadeFrom::FavoriteFolder{u"/favorites/folder"}, -1, u"");
+    bar.At(u"bndTessaGroupsMenu").Add(MadeFrom::Group{u"/groups/News.tvg"}, 150000, u"zzxNews");
+    bar.At(u"bndGo").Append(std::make_shared<Tool>(MadeFrom::Page{}, 0, u"xtrReplaceWord"));
+    bar.AddBand(u"zzz/favorites/folder", u"", BandKind::Menu, MadeFrom::FavoriteFolder{u"/favorites/folder"});
+    bar.AddBand(u"zzPageMenu", u"Page", BandKind::Popup, MadeFrom::Page{});
     EXPECT_EQ(bar.Saved(), before);
 }
 
@@ -259,8 +280,7 @@ void Damage(std::string& bytes, std::mt19937& random) {
 TEST(CommandBarLayout, AnyDamageLeavesAWholeBar) {
     std::mt19937 random(20);
     Designed bar;
-    Band* own = bar.AddBand(u"gui1", u"Mine", BandKind::Toolbar);
-    own->UserMade = true;
+    Band* own = bar.AddBand(u"gui1", u"Mine", BandKind::Toolbar, MadeFrom::User{});
     own->Append(bar.Share(u"mnuFont"));
     const std::string saved = bar.Saved();
     for (int round = 0; round < 1500; ++round) {

@@ -35,8 +35,8 @@ TEST(CommandBar, AToolOfABandIsFoundBehindTheMasterList) {
     CommandBar bar;
     const auto help = SharedTool(bar, 1, u"mnuHelp");
     Band* menu = bar.AddBand(u"bndMenu", u"", BandKind::MenuBar);
-    Tool* own = menu->Add(2, u"mnuHelp");
-    Tool* only = menu->Add(3, u"mnuOnly");
+    Tool* own = menu->Add({}, 2, u"mnuHelp");
+    Tool* only = menu->Add({}, 3, u"mnuOnly");
     EXPECT_EQ(bar.Find(u"mnuHelp"), help.get());
     EXPECT_NE(own, help.get());
     EXPECT_EQ(bar.Find(u"mnuOnly"), only);
@@ -76,8 +76,8 @@ TEST(CommandBar, AViewHearsOfABandOnceUntilItIsClean) {
     const Connection view = band->Attach([&] { ++told; });
     EXPECT_EQ(told, 1) << "attaching shows the present entries";
     band->Clean();
-    band->Add(1, u"a");
-    band->Add(2, u"b");
+    band->Add({}, 1, u"a");
+    band->Add({}, 2, u"b");
     EXPECT_EQ(told, 2);
     band->Clean();
     band->Clear();
@@ -157,6 +157,38 @@ TEST(CommandBar, ABoxKeepsTextsFirstToLast) {
     EXPECT_EQ(box.List().front(), u"one");
     box.Clear();
     EXPECT_EQ(box.ListCount(), 0u);
+}
+
+TEST(CommandBar, OnlyWhatWasDesignedOrMadeByTheUserOutlivesTheMenusOfTheRun) {
+    CommandBar bar;
+    bar.AddBand(u"bndOne", u"", BandKind::Menu);
+    bar.AddBand(u"gui1", u"", BandKind::Toolbar, MadeFrom::User{});
+    bar.AddBand(u"zzz/a", u"", BandKind::Popup, MadeFrom::FavoriteFolder{u"/a"});
+    bar.AddBand(u"zzz/b", u"", BandKind::Popup, MadeFrom::FavoriteFolder{u"/b"});
+    bar.AddBand(u"zzPage", u"", BandKind::Popup, MadeFrom::Page{});
+    bar.RemoveRunTimeBands();
+    ASSERT_EQ(bar.Bands().size(), 2U);
+    EXPECT_EQ(bar.Bands()[0]->Name(), u"bndOne");
+    EXPECT_EQ(bar.Bands()[1]->Name(), u"gui1");
+    EXPECT_EQ(bar.FindBand(u"zzz/a"), nullptr);
+    bar.RemoveRunTimeBands();
+    EXPECT_EQ(bar.Bands().size(), 2U);
+}
+
+TEST(CommandBar, AToolSaysWhatItIsMadeFrom) {
+    const Tool designed(50000, u"mnuStop");
+    EXPECT_FALSE(designed.IsRunTime()) << "whatever its number";
+    EXPECT_EQ(designed.From<MadeFrom::Group>(), nullptr);
+    const Tool made(MadeFrom::Group{u"/a.tvg"}, 7, u"zzxa", u"a");
+    EXPECT_TRUE(made.IsRunTime());
+    EXPECT_EQ(made.From<MadeFrom::FavoriteLink>(), nullptr);
+    ASSERT_NE(made.From<MadeFrom::Group>(), nullptr);
+    EXPECT_EQ(made.From<MadeFrom::Group>()->path, u"/a.tvg");
+    EXPECT_EQ(made.Id(), 7);
+    EXPECT_EQ(made.Caption(), u"a");
+    for (const ToolSource& source :
+         {ToolSource(MadeFrom::FavoriteLink{}), ToolSource(MadeFrom::FavoriteFolder{}), ToolSource(MadeFrom::Page{})})
+        EXPECT_TRUE(Tool(source, 1, u"mnuStop").IsRunTime()) << source.index();
 }
 
 } // namespace

@@ -16,7 +16,8 @@ inline std::string WrongAfterLoading(std::string_view bytes) {
     if (bar.Bands().size() < designed) return "a designed band is gone";
     std::set<const Tool*> boxes;
     for (const auto& band : bar.Bands()) {
-        if (band->UserMade && (band->Kind() != BandKind::Toolbar || band->Caption().empty())) return "a strange band";
+        if (band->IsUserMade() && (band->Kind() != BandKind::Toolbar || band->Caption().empty()))
+            return "a strange band";
         if (band->Kind() == BandKind::MenuBar && !band->Visible()) return "the menu bar is hidden";
         std::set<const Tool*> listed;
         for (const BandEntry& entry : band->Entries()) {

@@ -73,7 +73,8 @@ TEST(LayoutKeeper, TheLayoutIsSavedAfterTheSettingsAndBeforeTheViewsEnd) {
     Desk desk;
     desk.Start();
     auto& bar = desk.main.actBar;
-    bar.AddBand(u"zzz/favorites/news", u"", BandKind::Menu)->Add(50000, u"http://one/");
+    bar.AddBand(u"zzz/favorites/news", u"", BandKind::Menu, MadeFrom::FavoriteFolder{u"/favorites/news"})
+        ->Add(MadeFrom::FavoriteLink{u"http://one/"}, 50000, u"http://one/");
     std::string seen;
     desk.layout.onWrite = [&] {
         seen += bar.FindBand(u"zzz/favorites/news") ? "there " : "gone ";

@@ -132,7 +132,7 @@ TEST_F(BehindDialogsTest, AFavoriteThatIsAskedAboutOpensWhereItWasClicked) {
     Start(1);
     desk.messages.answer = Answer::Yes;
     desk.messages.whileOpen = laterStart;
-    desk.main.actBar_Click(Tool(50000, u"file:///a"));
+    desk.main.actBar_Click(Tool(MadeFrom::FavoriteLink{u"file:///a"}, 50000, u"file:///a"));
     EXPECT_EQ(desk.messages.asked.size(), 1U);
     EXPECT_EQ(desk.views.Calls(1), "go file:///a");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://later/");
@@ -142,7 +142,7 @@ TEST_F(BehindDialogsTest, AFavoriteThatIsAskedAboutOpensNowhereWhenTheTabHasGone
     Start(2);
     desk.messages.answer = Answer::Yes;
     desk.messages.whileOpen = closesTab1;
-    desk.main.actBar_Click(Tool(50000, u"file:///a"));
+    desk.main.actBar_Click(Tool(MadeFrom::FavoriteLink{u"file:///a"}, 50000, u"file:///a"));
     EXPECT_EQ(desk.views.Calls(1), "stop");
     EXPECT_EQ(desk.views.Calls(2), "");
 }
@@ -150,7 +150,7 @@ TEST_F(BehindDialogsTest, AFavoriteThatIsAskedAboutOpensNowhereWhenTheTabHasGone
 TEST_F(BehindDialogsTest, AFavoriteCalledLikeACommandThatOpensATabOpensWhereItWasClicked) {
     Start(1);
     desk.main.Commands.host.MayOpenLink = [](TextView) { return true; };
-    desk.main.actBar_Click(Tool(50000, u"mnuNewBlank"));
+    desk.main.actBar_Click(Tool(MadeFrom::FavoriteLink{u"mnuNewBlank"}, 50000, u"mnuNewBlank"));
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     EXPECT_EQ(desk.views.Calls(1), "go mnuNewBlank");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go about:blank");

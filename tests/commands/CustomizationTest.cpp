@@ -55,10 +55,10 @@ TEST(Customization, ANewToolbarIsEmptyVisibleAndInARowOfItsOwn) {
     const Band* made = user.custom.New(u"  Reading\n ");
     ASSERT_NE(made, nullptr);
     EXPECT_EQ(ToUtf8(made->Caption()), "Reading");
-    EXPECT_TRUE(made->UserMade && made->Visible() && made->Entries().empty());
+    EXPECT_TRUE(made->IsUserMade() && made->Visible() && made->Entries().empty());
     for (const Band* other : user.custom.Toolbars()) EXPECT_TRUE(other == made || other->Dock().Row < made->Dock().Row);
-    EXPECT_FALSE(TextView(made->Name()).starts_with(u"zz")) << "it is kept at the end of the run";
-    EXPECT_TRUE(TextView(made->Name()).starts_with(u"gui")) << "no folder of Favorites is looked for in it";
+    EXPECT_FALSE(made->IsRunTime()) << "it is kept at the end of the run";
+    EXPECT_TRUE(TextView(made->Name()).starts_with(u"gui")) << "a layout file brings it back";
     EXPECT_EQ(user.custom.Toolbars().back(), made);
 }
 
@@ -131,9 +131,9 @@ TEST(Customization, MenusThatAreBuiltAtRunTimeAreNotArranged) {
     user.custom.Move(user.At(u"bndFavorites"), 0, user.At(u"bndGo"), 0);
     user.custom.ToggleGroup(user.At(u"bndFavorites"), 0);
     EXPECT_EQ(user.Tools(u"bndFavorites"), "mnuAddToFavorites mnuOrganizeFavorites");
-    user.bar.AddBand(u"zzz/favorites", u"Folder", BandKind::Menu);
+    user.bar.AddBand(u"zzz/favorites", u"Folder", BandKind::Menu, MadeFrom::FavoriteFolder{u"/favorites"});
     EXPECT_EQ(Titles(user.custom.Bands(), user.custom), titles);
-    auto link = std::make_shared<Tool>(50000, u"http://one/");
+    auto link = std::make_shared<Tool>(MadeFrom::FavoriteLink{u"http://one/"}, 50000, u"http://one/");
     user.custom.Add(user.At(u"bndGo"), 0, link);
     EXPECT_EQ(user.changes, 0);
 }

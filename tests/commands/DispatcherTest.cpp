@@ -7,12 +7,15 @@
 
 namespace {
 
-/// Clicks a tool that was made for the occasion.
-void ClickMade(Desk& desk, std::int32_t id, TextView name, TextView description = u"") {
-    Tool tool(id, Text(name));
+/// Clicks a tool that was made for the occasion. It has the number of a Favorite, whatever it is made from.
+void ClickMade(Desk& desk, ToolSource source, TextView name, TextView description = u"") {
+    Tool tool(std::move(source), 50000, Text(name));
     tool.Description = description;
     desk.main.actBar_Click(tool);
 }
+
+/// Clicks the link of a Favorite.
+void ClickLink(Desk& desk, TextView address) { ClickMade(desk, MadeFrom::FavoriteLink{Text(address)}, address); }
 
 class DispatcherTest : public testing::Test {
 protected:
@@ -35,18 +38,18 @@ TEST_F(DispatcherTest, AFindLinkGoesToTheFindServerWithItsKeyword) {
     EXPECT_EQ(desk.views.Calls(1), "go https://find.tessaview.example/find.asp?id=stockquotes");
 }
 
-TEST_F(DispatcherTest, ThePrefixDecidesWhateverTheId) {
+TEST_F(DispatcherTest, ThePrefixDecidesWhateverTheToolIsMadeFrom) {
     Start(1);
-    ClickMade(desk, 50001, u"shpMine", u"a b&c");
-    ClickMade(desk, 150001, u"fndMine", u"x#y");
+    ClickMade(desk, MadeFrom::FavoriteLink{u"http://a/"}, u"shpMine", u"a b&c");
+    ClickMade(desk, MadeFrom::Group{u"/x.tvg"}, u"fndMine", u"x#y");
     EXPECT_EQ(desk.views.Calls(1),
               "go https://ads.tessaview.example/ad.asp?id=a b&c, go https://find.tessaview.example/find.asp?id=x#y");
 }
 
 TEST_F(DispatcherTest, NamesAreToldApartByCase) {
     Start(2);
-    ClickMade(desk, 1, u"MNUCLOSE");
-    ClickMade(desk, 1, u"SHPBooks");
+    ClickMade(desk, {}, u"MNUCLOSE");
+    ClickMade(desk, {}, u"SHPBooks");
     EXPECT_EQ(desk.Strip(), "[1*] 2");
     EXPECT_EQ(desk.views.Calls(1), "");
 }
@@ -184,27 +187,29 @@ TEST_F(DispatcherTest, AFavoriteReplacesThePageOrOpensATabWithShift) {
     Start(1);
     bool shift = false;
     desk.main.Commands.host.ShiftHeld = [&] { return shift; };
-    ClickMade(desk, 50000, u"http://fav/a b", u"http://fav/a b");
+    ClickLink(desk, u"http://fav/a b");
     EXPECT_EQ(desk.views.Calls(1), "go http://fav/a b");
     shift = true;
-    ClickMade(desk, 99999, u"http://fav/2");
+    ClickLink(desk, u"http://fav/2");
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://fav/2");
 }
 
-TEST_F(DispatcherTest, IdsOutsideTheRangesDoNothingMore) {
+TEST_F(DispatcherTest, WhatIsMadeFromNoFileOpensNone) {
     Start(1);
-    for (const std::int32_t id : {-1, 199, 49999, 100000, 149999, 200000}) ClickMade(desk, id, u"http://x/", u"/x.tvg");
+    for (const ToolSource& source :
+         {ToolSource(MadeFrom::Design{}), ToolSource(MadeFrom::FavoriteFolder{u"/x"}), ToolSource(MadeFrom::Page{})})
+        ClickMade(desk, source, u"http://x/", u"/x.tvg");
     EXPECT_EQ(desk.views.Calls(1), "");
     EXPECT_EQ(desk.Strip(), "[1*]");
 }
 
-TEST_F(DispatcherTest, TheIdCountsBehindANamedCommandToo) {
+TEST_F(DispatcherTest, WhatAToolIsMadeFromCountsBehindANamedCommandToo) {
     Start(1);
     desk.Click(u"mnuRefresh");
-    EXPECT_EQ(desk.views.Calls(1), "refresh") << "a designed tool's id is in no range";
+    EXPECT_EQ(desk.views.Calls(1), "refresh") << "a designed tool is made from no address";
     desk.main.actBar.FindCombo(u"cboAddress")->InsertFirst(u"http://a/");
-    ClickMade(desk, 50000, u"mnuClearAddresses");
+    ClickLink(desk, u"mnuClearAddresses");
     EXPECT_EQ(desk.main.actBar.FindCombo(u"cboAddress")->ListCount(), 0U);
     EXPECT_EQ(desk.views.Calls(1), "go mnuClearAddresses");
 }
@@ -212,10 +217,10 @@ TEST_F(DispatcherTest, TheIdCountsBehindANamedCommandToo) {
 TEST_F(DispatcherTest, AFavoriteThatIsCalledLikeACommandOfOursIsOnlyALink) {
     Start(3);
     desk.main.StripInput.PopupTabPosition = 1;
-    ClickMade(desk, 50000, u"xtrTabCloseOthers");
+    ClickLink(desk, u"xtrTabCloseOthers");
     EXPECT_EQ(desk.Strip(), "[1*] 2 3");
     EXPECT_EQ(desk.views.Calls(1), "go xtrTabCloseOthers");
-    ClickMade(desk, 1, u"xtrTabCloseOthers");
+    ClickMade(desk, {}, u"xtrTabCloseOthers");
     EXPECT_EQ(desk.Strip(), "[1*]") << "the command itself";
 }
 
@@ -248,16 +253,16 @@ TEST_F(DispatcherTest, NoFavoriteOfTheMenuRunsACommandWhateverItsAddressIs) {
 TEST_F(DispatcherTest, AFavoriteThatIsCalledLikeACommandOfTheProductRunsIt_Deliberate) {
     Start(1);
     desk.log.Take();
-    ClickMade(desk, 50000, u"mnuExit");
+    ClickLink(desk, u"mnuExit");
     EXPECT_EQ(desk.log.Take(), "close");
 }
 
 TEST_F(DispatcherTest, ALinkMayBeRefused) {
     Start(1);
     desk.main.Commands.host.MayOpenLink = [](TextView address) { return address != u"file:///secret"; };
-    ClickMade(desk, 50000, u"file:///secret");
+    ClickLink(desk, u"file:///secret");
     EXPECT_EQ(desk.views.Calls(1), "");
-    ClickMade(desk, 50000, u"http://a/");
+    ClickLink(desk, u"http://a/");
     EXPECT_EQ(desk.views.Calls(1), "go http://a/");
 }
 
@@ -296,23 +301,23 @@ TEST_F(DispatcherTest, FavoritesThatCannotBeAddedAskTheRepairQuestion) {
         return works;
     };
     desk.main.Commands.host.RepairFavorites = [&] { ++repaired; };
-    ClickMade(desk, 1, u"mnuAddToFavorites");
+    ClickMade(desk, {}, u"mnuAddToFavorites");
     EXPECT_EQ(asked, "http://a/ A;");
     EXPECT_TRUE(desk.main.Commands.favoritesMenuStale);
     works = false;
     desk.messages.answer = Answer::No;
-    ClickMade(desk, 1, u"mnuAddToFavorites");
+    ClickMade(desk, {}, u"mnuAddToFavorites");
     EXPECT_EQ(repaired, 0);
     EXPECT_EQ(desk.messages.asked.back(),
               u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
               u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
               u"Would you like TessaView to make these changes?");
     desk.messages.answer = Answer::Cancel;
-    ClickMade(desk, 1, u"mnuAddToFavorites");
+    ClickMade(desk, {}, u"mnuAddToFavorites");
     EXPECT_EQ(repaired, 0);
     EXPECT_EQ(desk.messages.asked.size(), 2U);
     desk.messages.answer = Answer::Yes;
-    ClickMade(desk, 1, u"mnuAddToFavorites");
+    ClickMade(desk, {}, u"mnuAddToFavorites");
     EXPECT_EQ(repaired, 1);
 }
 
@@ -324,14 +329,14 @@ TEST_F(DispatcherTest, GroupCommandsAskForTheFileAndMakeTheMenuStale) {
     host.SaveAsTessaGroup = [&](TextView file) { done += ToUtf8(file) + ";"; };
     desk.views.At(1).location = u"http://a/";
     desk.main.Commands.groupsMenuStale = false;
-    ClickMade(desk, 1, u"mnuAddToTessaGroup");
+    ClickMade(desk, {}, u"mnuAddToTessaGroup");
     EXPECT_EQ(desk.files.last.DialogTitle, u"Add to TessaGroup");
     EXPECT_EQ(desk.files.last.InitDir, u"/groups/");
     EXPECT_EQ(desk.files.last.Filter, u"TessaGroup File (*.tvg)|*.tvg");
     EXPECT_FALSE(desk.main.Commands.groupsMenuStale) << "cancelled";
     desk.files.chosen = u"/groups/a.tvg";
-    ClickMade(desk, 1, u"mnuAddToTessaGroup");
-    ClickMade(desk, 1, u"mnuSaveAsTessaGroup");
+    ClickMade(desk, {}, u"mnuAddToTessaGroup");
+    ClickMade(desk, {}, u"mnuSaveAsTessaGroup");
     EXPECT_EQ(desk.files.last.DialogTitle, u"Save as TessaGroup");
     EXPECT_EQ(done, "http://a/>/groups/a.tvg;/groups/a.tvg;");
     EXPECT_TRUE(desk.main.Commands.groupsMenuStale);

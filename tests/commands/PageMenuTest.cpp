@@ -213,7 +213,11 @@ TEST_F(PageMenuTest, OfATextFieldListsWhatCanBeDone) {
     EXPECT_EQ(Ask(page), "xtrReplaceWord xtrReplaceWord | xtrUndo xtrRedo | mnuCut mnuCopy mnuPaste xtrPasteAsText "
                          "mnuSelectAll xtrSearchSelection | xtrInspect");
     for (const TextView tool : {u"xtrUndo", u"xtrRedo", u"xtrPasteAsText", u"xtrInspect"}) desk.Click(tool);
-    auto& suggestions = desk.main.actBar.FindBand(PageMenu::kBand)->Entries();
+    const Band& menu = *desk.main.actBar.FindBand(PageMenu::kBand);
+    auto& suggestions = menu.Entries();
+    EXPECT_TRUE(menu.IsRunTime());
+    EXPECT_TRUE(suggestions[1].Item->IsRunTime());
+    EXPECT_FALSE(suggestions[2].Item->IsRunTime());
     desk.main.actBar.UserClick(*suggestions[1].Item);
     EXPECT_EQ(desk.views.Calls(1), "action 0, action 1, action 2, action 8, word rod & reel");
 }

@@ -42,9 +42,8 @@ protected:
         std::string all;
         for (const BandEntry& entry : band->Entries()) {
             const Tool& tool = *entry.Item;
-            const bool made = tool.Id() < 0 || tool.Id() >= 50000;
             all += (all.empty() ? "" : ", ") + std::string(entry.Group == BeginGroup::Yes ? "| " : "");
-            all += made ? std::to_string(tool.Id()) + " " + ToUtf8(tool.Caption()) : ToUtf8(tool.Name());
+            all += tool.IsRunTime() ? std::to_string(tool.Id()) + " " + ToUtf8(tool.Caption()) : ToUtf8(tool.Name());
         }
         return all;
     }
@@ -458,17 +457,19 @@ TEST_F(RuntimeMenusTest, WithoutAViewTheFontMenuChecksTheSmallestSize_Deliberate
     EXPECT_FALSE(m_bar.Find(u"mnuFontMedium")->Checked());
 }
 
-TEST_F(RuntimeMenusTest, AnEmptyBandOfTheDesignIsNeverFilled) {
+TEST_F(RuntimeMenusTest, AnEmptyBandIsFilledOnlyWhenItIsThatOfAFolder) {
     Favorite("a", "http://a/");
-    for (const TextView prefix : {u"bnd", u"shp", u"gui"}) {
-        const Text name = Text(prefix) + Path(m_favorites);
-        m_bar.AddBand(name, u"", BandKind::Menu);
-        EXPECT_EQ(Opened(name), "");
+    for (const BandSource& source :
+         {BandSource(MadeFrom::Design{}), BandSource(MadeFrom::User{}), BandSource(MadeFrom::Page{})}) {
+        const Text name = u"zzz" + Path(m_favorites);
+        m_bar.AddBand(name, u"", BandKind::Menu, source);
+        EXPECT_EQ(Opened(name), "") << source.index();
+        m_bar.RemoveBand(name);
     }
-    m_bar.AddBand(u"xyz" + Path(m_favorites), u"", BandKind::Menu);
-    EXPECT_EQ(Opened(u"xyz" + Path(m_favorites)), "50000 a");
-    m_bar.AddBand(u"x", u"", BandKind::Menu);
-    EXPECT_EQ(Opened(u"x"), "");
+    m_bar.AddBand(u"x", u"", BandKind::Menu, MadeFrom::FavoriteFolder{Path(m_favorites)});
+    EXPECT_EQ(Opened(u"x"), "50000 a");
+    m_bar.AddBand(u"y", u"", BandKind::Menu, MadeFrom::FavoriteFolder{});
+    EXPECT_EQ(Opened(u"y"), "");
 }
 
 TEST_F(RuntimeMenusTest, MissingFoldersLeaveTheFixedEntries) {

@@ -49,6 +49,25 @@ TEST_F(FavoritesTest, FoldersComeFirstThenShortcutsEachInBinaryOrder) {
     EXPECT_EQ(m_first, BeginGroup::No);
 }
 
+TEST_F(FavoritesTest, EntriesAndMenusSayWhatTheyAreMadeFrom) {
+    MakeFolder("news");
+    Put("a.url", "http://a/");
+    Put("b.url", "mnuExit");
+    Scanned();
+    const auto& entries = m_band->Entries();
+    ASSERT_EQ(entries.size(), 3U);
+    const Text path = m_folder.PathText("news");
+    ASSERT_NE(entries[0].Item->From<MadeFrom::FavoriteFolder>(), nullptr);
+    EXPECT_EQ(entries[0].Item->From<MadeFrom::FavoriteFolder>()->path, path);
+    ASSERT_NE(entries[1].Item->From<MadeFrom::FavoriteLink>(), nullptr);
+    EXPECT_EQ(entries[1].Item->From<MadeFrom::FavoriteLink>()->address, u"http://a/");
+    EXPECT_EQ(entries[2].Item->From<MadeFrom::FavoriteLink>()->address, u" mnuExit") << "like its name, no command";
+    const Band* menu = m_bar.FindBand(u"zzz" + path);
+    ASSERT_NE(menu, nullptr);
+    ASSERT_NE(menu->From<MadeFrom::FavoriteFolder>(), nullptr);
+    EXPECT_EQ(menu->From<MadeFrom::FavoriteFolder>()->path, path);
+}
+
 TEST_F(FavoritesTest, ALongTitleIsCutTo45CharactersAndDots) {
     const std::string title = "A very long title of a page that goes on and on";
     Put(title + ".url");

@@ -135,7 +135,7 @@ TEST_F(GroupFolder, TheMenuNumbersGoOnFromOneOpeningToTheNext) {
 
 TEST_F(GroupFolder, EntriesComeBehindWhatTheBandHas) {
     Groups({"a.tvg"});
-    menu.Add(7, u"mnuSaveAsTessaGroup");
+    menu.Add({}, 7, u"mnuSaveAsTessaGroup");
     EXPECT_EQ(Fill(menu), "7 mnuSaveAsTessaGroup |150000 zzxa");
 }
 
@@ -147,6 +147,8 @@ TEST_F(GroupFolder, AnEntryCarriesThePathThePictureAndTheNameToRead) {
     EXPECT_EQ(tool.Name(), u"zzxR&D\t2");
     EXPECT_EQ(tool.Caption(), u"R&&D\uFFFD2");
     EXPECT_EQ(tool.Description, PathText("R&D\t2.tvg"));
+    ASSERT_NE(tool.From<MadeFrom::Group>(), nullptr);
+    EXPECT_EQ(tool.From<MadeFrom::Group>()->path, PathText("R&D\t2.tvg"));
     EXPECT_EQ(tool.Image, Picture{u"view-list-icons"});
 }
 

@@ -76,9 +76,9 @@ Band* QtToolbarsPage::Current() const {
 
 void QtToolbarsPage::ShowButtons() {
     const Band* band = Current();
-    m_rename->setEnabled(band && band->UserMade);
-    m_delete->setEnabled(band && band->UserMade);
-    m_reset->setEnabled(band && !band->UserMade);
+    m_rename->setEnabled(band && band->IsUserMade());
+    m_delete->setEnabled(band && band->IsUserMade());
+    m_reset->setEnabled(band && !band->IsUserMade());
 }
 
 void QtToolbarsPage::OnChecked(QListWidgetItem* item) {

@@ -14,7 +14,7 @@ constexpr int kEntries = 10000;
 
 void Fill(Band& band) {
     for (int i = 0; i < kEntries; ++i) {
-        Tool* tool = band.Add(50000 + i, u"https://page" + Decimal(i) + u".example/");
+        Tool* tool = band.Add(MadeFrom::FavoriteLink{}, 50000 + i, u"https://page" + Decimal(i) + u".example/");
         tool->Caption = u"Page " + Decimal(i);
     }
 }

@@ -48,7 +48,7 @@ protected:
     void Fill(TextView band, int count) {
         Band* menu = bar.FindBand(band);
         for (int i = 0; i < count; ++i) {
-            Tool* tool = menu->Add(50000 + i, u"page " + Decimal(i));
+            Tool* tool = menu->Add(MadeFrom::FavoriteLink{}, 50000 + i, u"page " + Decimal(i));
             tool->Caption = u"Page " + Decimal(i);
         }
     }
