@@ -6,6 +6,7 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <type_traits>
 #include <variant>
 
 using WindowEffect = void (*)(CommandContext&);
@@ -48,12 +49,15 @@ enum class OnBar { Shown, Hidden, MadeLater };
 
 } // namespace CommandTraits
 
+/// What a click does, when it is a row's own.
+using Effect = std::variant<std::monostate, CommandTraits::ByFamily, WindowEffect, ToolEffect, ViewEffect>;
+
 /// All about a tool of the design and its command. The texts are the caption, the menu that it was designed for, the
 /// help, and a name of the icon theme; empty for none. The help of a Shop or Find link is its keyword.
 struct Command {
     template<typename... Traits>
     constexpr Command(ToolName name, TextView text, TextView menu, TextView help, TextView picture, Traits... traits)
-        : tool(name), caption(text), category(menu), description(help), icon(picture) {
+        : tool(name), caption(text), category(menu), description(help), icon(picture), effect(EffectIn(traits...)) {
         (Take(traits), ...);
     }
 
@@ -66,7 +70,7 @@ struct Command {
 
     ToolName tool;
     TextView caption, category, description, icon;
-    std::variant<std::monostate, CommandTraits::ByFamily, WindowEffect, ToolEffect, ViewEffect> effect;
+    Effect effect;
     Need available = nullptr; ///< nothing for a command that needs nothing
     std::array<KeyStroke, 2> keys{};
     std::size_t keyCount = 0;
@@ -83,13 +87,18 @@ private:
     constexpr void Take(ToolKind what) { kind = what; }
     constexpr void Take(CommandTraits::OnBar place) { onBar = place; }
     constexpr void Take(Need need) { available = need; }
-    constexpr void Take(CommandTraits::ByFamily family) { effect = family; }
-    constexpr void Take(WindowEffect run) { effect = run; }
-    constexpr void Take(ToolEffect run) { effect = run; }
-    constexpr void Take(ViewEffect run) { effect = run; }
-    constexpr void Take(CommandTraits::HostEffect run) {
-        effect = run.effect;
-        available = run.need;
+    constexpr void Take(CommandTraits::HostEffect run) { available = run.need; }
+    constexpr void Take(const Effect&) {} // taken when the row is made
+
+    static constexpr Effect EffectIn() { return {}; }
+    template<typename First, typename... Others>
+    static constexpr Effect EffectIn(First first, Others... others) {
+        if constexpr (std::is_same_v<First, CommandTraits::HostEffect>)
+            return first.effect;
+        else if constexpr (std::is_constructible_v<Effect, First>)
+            return first;
+        else
+            return EffectIn(others...);
     }
 };
 
