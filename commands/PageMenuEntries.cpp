@@ -1,6 +1,5 @@
 #include "commands/PageMenuEntries.h"
 
-#include "base/Captions.h"
 #include "bar/ToolName.h"
 #include "base/Captions.h"
 #include "base/PlainText.h"

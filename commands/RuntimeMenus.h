@@ -1,6 +1,6 @@
 #pragma once
-#include "base/Signal.h"
 #include "bar/ToolName.h"
+#include "base/Signal.h"
 #include "commands/CommandContext.h"
 #include "favorites/Favorites.h"
 #include "platform/FolderWatch.h"

@@ -1,7 +1,7 @@
 #include "qt/bar/QtToolBarsMenu.h"
 
-#include "base/Captions.h"
 #include "bar/ToolName.h"
+#include "base/Captions.h"
 #include "qt/base/QtText.h"
 
 #include <QAction>
