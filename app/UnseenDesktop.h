@@ -11,7 +11,9 @@
 #include "platform/SessionFiles.h"
 #include "platform/Shell.h"
 #include "platform/Trash.h"
+#include "platform/UserInput.h"
 #include "platform/WallClock.h"
+#include "platform/WindowTools.h"
 #include "sessions/SessionOffer.h"
 #include "settings/EngineOptions.h"
 #include "window/Report.h"
@@ -105,6 +107,20 @@ public:
     void Show(frmSettings&) override {}
     void Show(frmSplash&) override {}
     void Show(frmTessaGroup&) override {}
+};
+
+class NoTools final : public WindowTools {
+public:
+    void ShowFind(BrowserView&) override {}
+    void ToggleDevTools() override {}
+    void ShowTabList() override {}
+    void Customize() override {}
+};
+
+class NoInput final : public UserInput {
+public:
+    [[nodiscard]] bool ShiftHeld() const override { return false; }
+    void Copy(TextView) override {}
 };
 
 class NoClock final : public WallClock {

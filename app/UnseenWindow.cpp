@@ -22,5 +22,7 @@ UnseenWindow::UnseenWindow(SettingsStorageFactory& settings, InstanceChannel& in
               .offer = m_offer,
               .engineOptions = m_engineOptions,
               .report = m_report,
+              .tools = m_tools,
+              .input = m_input,
               .programPath = {},
               .groupFolder = std::move(groupFolder)}) {}

@@ -32,5 +32,7 @@ private:
     UnseenDesktop::NoOffer m_offer;
     UnseenDesktop::NoEngineOptions m_engineOptions;
     UnseenDesktop::NoReport m_report;
+    UnseenDesktop::NoTools m_tools;
+    UnseenDesktop::NoInput m_input;
     frmMain m_main;
 };

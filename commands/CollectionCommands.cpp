@@ -29,7 +29,7 @@ void AddToGroup(CommandContext& context, std::int32_t index) {
     if (file.empty()) return;
     // The address is asked for only now, as the page may have moved on meanwhile.
     if (const auto* view = context.tabs.OpenView(index))
-        context.host.AddToTessaGroup(view->Control->LocationURL(), file);
+        context.groups.AddToTessaGroup(view->Control->LocationURL(), file);
     else
         context.tabs.Say(u"The page is no longer open. Nothing was added.");
     context.groupsMenuStale = true;
@@ -51,24 +51,24 @@ void SaveAsTessaGroup(CommandContext& context) {
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});
     if (file.empty()) return;
-    context.host.SaveAsTessaGroup(file);
+    context.groups.SaveAsTessaGroup(file);
     context.groupsMenuStale = true;
 }
 
-void OrganizeTessaGroups(CommandContext& context) { context.host.OrganizeTessaGroups(); }
+void OrganizeTessaGroups(CommandContext& context) { context.groups.OrganizeTessaGroups(); }
 
 void AddToFavorites(CommandContext& context) {
     if (!context.tabs.CurrentView()) return;
     const Page page = CurrentPage(context);
-    if (context.host.AddFavorite(page.address, page.title)) {
+    if (context.favorites->AddFavorite(page.address, page.title)) {
         context.favoritesMenuStale = true;
-    } else if (context.messages.AskYesNoCancel(kRepairQuestion) == Answer::Yes && context.host.RepairFavorites) {
-        context.host.RepairFavorites();
+    } else if (context.messages.AskYesNoCancel(kRepairQuestion) == Answer::Yes) {
+        context.favorites->RepairFavorites();
     }
 }
 
 void OrganizeFavorites(CommandContext& context) {
-    context.host.OrganizeFavorites();
+    context.favorites->OrganizeFavorites();
     context.favoritesMenuStale = true;
 }
 

@@ -20,22 +20,20 @@ void StopAll(CommandContext& context) { context.groups.StopAll(); }
 
 void ToggleStatusBar(CommandContext& context) { context.tabs.ToggleStatusBar(); }
 
-/// Runs an operation of the host.
 template<auto operation>
-void Host(CommandContext& context) {
-    (context.host.*operation)();
+void OfWindow(CommandContext& context) {
+    (context.window->*operation)();
+}
+template<auto operation>
+void OfTools(CommandContext& context) {
+    (context.tools.*operation)();
 }
 
+/// Runs an operation of the main window, or of what its view has beside the pages.
 template<auto operation>
-bool Has(const CommandHost& host) {
-    return static_cast<bool>(host.*operation);
-}
-
-/// The command needs that operation of the host, or is no more than it.
+constexpr WindowEffect kRuns = OfWindow<operation>;
 template<auto operation>
-constexpr Need kNeeds = Has<operation>;
-template<auto operation>
-constexpr CommandTraits::HostEffect kRuns{Host<operation>, Has<operation>};
+constexpr WindowEffect kRunsTool = OfTools<operation>;
 
 namespace Pages = PageCommands;
 namespace Tabs = TabCommands;
@@ -95,7 +93,7 @@ constexpr std::array kCommands{
     Command{u"mnuPageSetup"_tool, u"Page Set&up...", u"File", u"Changes paper, orientation and margins for printing",
             u"document-page-setup", Pages::Exec<BrowserCommand::PageSetup>},
     Command{u"mnuExit"_tool, u"E&xit", u"File", u"Closes all tabs and ends TessaView", u"application-exit",
-            Key{'Q', kCtrl}, kRuns<&CommandHost::Exit>},
+            Key{'Q', kCtrl}, kRuns<&WindowCommands::Exit>},
 
     Command{u"mnuCut"_tool, u"C&ut", u"Edit", u"Moves the selection to the clipboard", u"edit-cut",
             KeyOfOthers{'X', kCtrl}, Pages::Exec<BrowserCommand::Cut>},
@@ -106,11 +104,11 @@ constexpr std::array kCommands{
     Command{u"mnuSelectAll"_tool, u"&Select All", u"Edit", u"Selects everything on the current page",
             u"edit-select-all", KeyOfOthers{'A', kCtrl}, Pages::SelectAll},
     Command{u"mnuFind"_tool, u"&Find (on this page)...", u"Edit", u"Finds text on the current page", u"edit-find",
-            Key{'F', kCtrl}, Pages::Find, kNeeds<&CommandHost::ShowFind>},
+            Key{'F', kCtrl}, Pages::Find},
 
     Command{u"mnuViewStatusbar"_tool, u"S&tatus Bar", u"View", u"Shows or hides the status bar", u"", ToggleStatusBar},
     Command{u"mnuViewToolbars"_tool, u"&Toolbars...", u"View", u"Arranges toolbars and menus as you like them",
-            u"configure-toolbars", kRuns<&CommandHost::Customize>},
+            u"configure-toolbars", kRunsTool<&WindowTools::Customize>},
     Command{u"mnuStop"_tool, u"&Stop", u"View", u"Stops loading the current page", u"process-stop", Key{Keys::kEscape},
             Pages::Stop},
     Command{u"mnuRefresh"_tool, u"&Refresh", u"View", u"Loads the current page again", u"view-refresh", Key{Keys::kF5},
@@ -119,15 +117,13 @@ constexpr std::array kCommands{
             Key{'U', kCtrl}, Pages::Source},
     Command{u"mnuViewInternetOptions"_tool, u"&Internet Options...", u"View",
             u"Changes the home page, search, privacy and connection", u"preferences-system-network",
-            Pages::InternetOptions, kNeeds<&CommandHost::ShowInternetOptions>},
+            Pages::InternetOptions},
     Command{u"mnuClearAddresses"_tool, u"&Clear Addresses", u"View", u"Empties the list of the address box",
             u"edit-clear-history", HistoryCommands::ClearAddresses},
     Command{u"mnuClearSearches"_tool, u"C&lear Searches", u"View", u"Empties the list of the search box",
             u"edit-clear-history", HistoryCommands::ClearSearches},
-    Command{u"mnuResizeAddress"_tool, u"&Resize Address Bar", u"View", u"Resize the address bar", u"", ByFamily{},
-            kNeeds<&CommandHost::ResizeAddress>},
-    Command{u"mnuResizeSearch"_tool, u"R&esize Search Bar", u"View", u"Resize the search bar", u"", ByFamily{},
-            kNeeds<&CommandHost::ResizeSearch>},
+    Command{u"mnuResizeAddress"_tool, u"&Resize Address Bar", u"View", u"Resize the address bar", u"", ByFamily{}},
+    Command{u"mnuResizeSearch"_tool, u"R&esize Search Bar", u"View", u"Resize the search bar", u"", ByFamily{}},
 
     Command{u"mnuGoBack"_tool, u"&Back", u"Go", u"Goes back to the page before", u"go-previous", Key{Keys::kLeft, kAlt},
             Pages::GoBack},
@@ -142,11 +138,9 @@ constexpr std::array kCommands{
             KeyOfOthers{Keys::kTab, kCtrl}, Tabs::Next},
 
     Command{u"mnuAddToFavorites"_tool, u"&Add to Favorites...", u"Favorites",
-            u"Adds the current page to your Favorites", u"bookmark-new", Key{'D', kCtrl}, Keep::AddToFavorites,
-            kNeeds<&CommandHost::AddFavorite>},
+            u"Adds the current page to your Favorites", u"bookmark-new", Key{'D', kCtrl}, Keep::AddToFavorites},
     Command{u"mnuOrganizeFavorites"_tool, u"&Organize Favorites...", u"Favorites",
-            u"Sorts, renames and deletes Favorites", u"bookmarks-organize", Keep::OrganizeFavorites,
-            kNeeds<&CommandHost::OrganizeFavorites>},
+            u"Sorts, renames and deletes Favorites", u"bookmarks-organize", Keep::OrganizeFavorites},
 
     Command{u"mnuTabStop"_tool, u"&Stop", u"Popup", u"Stops loading the page of this tab", u"process-stop",
             Tabs::PopupStop},
@@ -163,39 +157,36 @@ constexpr std::array kCommands{
     Command{u"mnuLoadAnimations"_tool, u"Load &Animations", u"Options", u"Whether pages show moving images", u"",
             Pages::ToggleLoadOption},
     Command{u"mnuSettings"_tool, u"&Settings...", u"Options", u"Changes how TessaView works", u"configure",
-            kRuns<&CommandHost::ShowSettings>},
+            kRuns<&WindowCommands::ShowSettings>},
 
     Command{u"mnuHelp"_tool, u"&Help Topics", u"Help", u"Shows how to use TessaView", u"help-contents", Key{Keys::kF1},
-            kRuns<&CommandHost::ShowHelp>},
+            kRuns<&WindowCommands::ShowHelp>},
     Command{u"mnuAbout"_tool, u"About...", u"Help", u"Shows the version of TessaView", u"help-about",
-            kRuns<&CommandHost::ShowAbout>},
+            kRuns<&WindowCommands::ShowAbout>},
 
     Command{u"mnuAddToTessaGroup"_tool, u"Add to TessaGroup...", u"TessaGroups",
-            u"Adds the current page to a TessaGroup", u"list-add", Keep::AddToTessaGroup,
-            kNeeds<&CommandHost::AddToTessaGroup>},
+            u"Adds the current page to a TessaGroup", u"list-add", Keep::AddToTessaGroup},
     Command{u"mnuSaveAsTessaGroup"_tool, u"&Save as TessaGroup...", u"TessaGroups",
-            u"Saves all open tabs as a TessaGroup", u"document-save", Keep::SaveAsTessaGroup,
-            kNeeds<&CommandHost::SaveAsTessaGroup>},
+            u"Saves all open tabs as a TessaGroup", u"document-save", Keep::SaveAsTessaGroup},
     Command{u"mnuOrganizeTessaGroups"_tool, u"&Organize TessaGroups...", u"TessaGroups",
-            u"Changes the addresses of a TessaGroup", u"document-edit", Keep::OrganizeTessaGroups,
-            kNeeds<&CommandHost::OrganizeTessaGroups>},
+            u"Changes the addresses of a TessaGroup", u"document-edit", Keep::OrganizeTessaGroups},
 
     Command{u"mnuMail"_tool, u"&Mail", u"Mail", u"Reads and writes mail", u"mail-message", Opens{u"bndMail"_band},
-            kRuns<&CommandHost::LaunchMailClient>},
+            Pages::LaunchMailClient},
     Command{u"mnuReadMail"_tool, u"&Read Mail...", u"Mail", u"Starts your mail program", u"mail-read",
-            kRuns<&CommandHost::LaunchMailClient>},
+            Pages::LaunchMailClient},
     Command{u"mnuNewMessage"_tool, u"Ne&w Message...", u"Mail", u"Writes a new message", u"mail-message-new",
-            Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+            Pages::Mail},
     Command{u"mnuSendLink"_tool, u"Send a &Link...", u"Mail", u"Sends the address of the current page to somebody",
-            u"mail-forward", Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+            u"mail-forward", Pages::Mail},
     Command{u"mnuMailQuorvaneSoftware"_tool, u"&Quorvane Software", u"Mail", u"Writes to the makers of TessaView", u"",
-            Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+            Pages::Mail},
     Command{u"mnuFeatureRequest"_tool, u"&Feature Request", u"Mail", u"Tells the makers what you miss in TessaView",
-            u"", Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+            u"", Pages::Mail},
     Command{u"mnuMailBugReport"_tool, u"&Bug Report", u"Mail", u"Tells the makers what went wrong", u"tools-report-bug",
-            Pages::Mail, kNeeds<&CommandHost::MailAddress>},
+            Pages::Mail},
     Command{u"mnuReadNews"_tool, u"Read &News...", u"Mail", u"Starts your news program", u"view-pim-news",
-            kRuns<&CommandHost::LaunchNewsClient>},
+            Pages::LaunchNewsClient},
 
     Command{u"mnuFont"_tool, u"&Font", u"Font", u"Changes the size of the text on the page", u"font",
             Opens{u"bndFont"_band}, Pages::MediumTextSize},
@@ -257,7 +248,7 @@ constexpr std::array kCommands{
     Command{u"xtrReopenTab"_tool, u"&Reopen Closed Tab", u"More", u"Brings back what was closed last", u"edit-undo",
             Key{'T', kCtrl | kShift}, TabMore::Reopen},
     Command{u"xtrTabList"_tool, u"&List Tabs", u"More", u"Lists all tabs and searches them", u"view-list-text",
-            Key{'A', kCtrl | kShift}, kRuns<&CommandHost::ShowTabList>},
+            Key{'A', kCtrl | kShift}, kRunsTool<&WindowTools::ShowTabList>},
     Command{u"xtrTabMore"_tool, u"&More", u"", u"Shows more commands for this tab", u"", Opens{u"bndTabMore"_band}},
     Command{u"xtrTabCloseOthers"_tool, u"Close &Others", u"", u"Closes all tabs but this one", u"",
             TabMore::CloseOthers},
@@ -268,13 +259,13 @@ constexpr std::array kCommands{
     Command{u"xtrTabMute"_tool, u"M&ute", u"", u"Silences this tab or lets it be heard again", u"audio-volume-muted",
             TabMore::Mute},
     Command{u"xtrTabAddToTessaGroup"_tool, u"Add to &TessaGroup...", u"", u"Adds this page to a TessaGroup",
-            u"list-add", Keep::AddTabToTessaGroup, kNeeds<&CommandHost::AddToTessaGroup>},
+            u"list-add", Keep::AddTabToTessaGroup},
     Command{u"xtrTabCopyAddress"_tool, u"Copy &Address", u"", u"Copies the address of this page to the clipboard",
-            u"edit-copy", TabMore::CopyAddress, kNeeds<&CommandHost::CopyText>},
+            u"edit-copy", TabMore::CopyAddress},
     Command{u"xtrSessions"_tool, u"Earlier &Sessions...", u"More", u"Opens pages of earlier sessions again",
-            u"view-history", kRuns<&CommandHost::ShowSessions>},
+            u"view-history", kRuns<&WindowCommands::ShowSessions>},
     Command{u"xtrDownloads"_tool, u"Do&wnloads", u"More", u"Shows the files that are being saved and those that were",
-            u"folder-download", Key{'J', kCtrl}, kRuns<&CommandHost::ToggleDownloads>},
+            u"folder-download", Key{'J', kCtrl}, kRuns<&WindowCommands::ToggleDownloads>},
     Command{u"xtrStopAll"_tool, u"Stop &All Pages", u"More", u"Stops every page that is loading", u"process-stop",
             Key{Keys::kEscape, kShift}, StopAll},
     Command{u"xtrTextLarger"_tool, u"Lar&ger Text", u"More", u"Shows the text of the page one size larger",
@@ -284,17 +275,17 @@ constexpr std::array kCommands{
     Command{u"xtrTextUsual"_tool, u"&Usual Text", u"More", u"Shows the text of the page at its usual size", u"",
             Key{'0', kCtrl}, Pages::MediumTextSize},
     Command{u"xtrFullScreen"_tool, u"Full S&creen", u"More", u"Shows pages on the whole screen", u"view-fullscreen",
-            Key{Keys::kF11}, kRuns<&CommandHost::ToggleFullScreen>},
+            Key{Keys::kF11}, kRuns<&WindowCommands::ToggleFullScreen>},
     Command{u"xtrPrintPreview"_tool, u"Print Pre&view", u"More", u"Shows in a tab how the page will look on paper",
             u"document-print-preview", Pages::Exec<BrowserCommand::PrintPreview>},
     Command{u"xtrDevTools"_tool, u"&Developer Tools", u"More", u"Shows how the current page is made", u"tools",
-            Key{Keys::kF12}, kRuns<&CommandHost::ToggleDevTools>},
+            Key{Keys::kF12}, kRunsTool<&WindowTools::ToggleDevTools>},
     Command{u"xtrTaskView"_tool, u"&Task View", u"More",
             u"Shows what each tab uses of memory and processor, and ends pages", u"utilities-system-monitor",
-            Key{Keys::kEscape, kCtrl | kShift}, kRuns<&CommandHost::ShowTaskView>},
+            Key{Keys::kEscape, kCtrl | kShift}, kRuns<&WindowCommands::ShowTaskView>},
     Command{u"xtrCopyReport"_tool, u"&Copy Report", u"More",
             u"Copies version, settings and log for a message to the makers; no address or title is in it", u"edit-copy",
-            kRuns<&CommandHost::CopyReport>},
+            kRuns<&WindowCommands::CopyReport>},
     Command{u"xtrPrivateTab"_tool, u"New &Private Tab", u"More",
             u"Opens a tab whose page, cookies and history are forgotten with the last private tab", u"view-private",
             Key{'N', kCtrl | kShift}, Tabs::NewPrivate},
@@ -309,9 +300,9 @@ constexpr std::array kCommands{
     Command{u"xtrLinkSave"_tool, u"Save Lin&k As...", u"", u"Saves what the link leads to", u"document-save-as",
             PageMenu::SaveLink},
     Command{u"xtrLinkCopy"_tool, u"Copy Link A&ddress", u"", u"Copies the address of the link to the clipboard",
-            u"edit-copy", PageMenu::CopyLink, kNeeds<&CommandHost::CopyText>},
+            u"edit-copy", PageMenu::CopyLink},
     Command{u"xtrLinkAddToTessaGroup"_tool, u"Add Link to &TessaGroup...", u"", u"Adds the link to a TessaGroup",
-            u"list-add", PageMenu::AddLinkToTessaGroup, kNeeds<&CommandHost::AddToTessaGroup>},
+            u"list-add", PageMenu::AddLinkToTessaGroup},
     Command{u"xtrImageOpen"_tool, u"Open Image in Ne&w Tab", u"", u"Shows the image alone in a new tab",
             u"view-preview", PageMenu::OpenMedia},
     Command{u"xtrImageSave"_tool, u"Save I&mage As...", u"", u"Saves the image to a file", u"document-save-as",
@@ -325,7 +316,7 @@ constexpr std::array kCommands{
     Command{u"xtrMediaSave"_tool, u"&Save Media As...", u"", u"Saves the sound or film to a file", u"document-save-as",
             PageMenu::SaveMedia},
     Command{u"xtrMediaCopyAddress"_tool, u"Copy Media &Address", u"", u"Copies the address of this to the clipboard",
-            u"edit-copy", PageMenu::CopyMediaAddress, kNeeds<&CommandHost::CopyText>},
+            u"edit-copy", PageMenu::CopyMediaAddress},
     Command{u"xtrUndo"_tool, u"U&ndo", u"", u"Takes the last change back", u"edit-undo", PageMenu::Run},
     Command{u"xtrRedo"_tool, u"&Redo", u"", u"Makes the change again", u"edit-redo", PageMenu::Run},
     Command{u"xtrPasteAsText"_tool, u"Paste as Plain Te&xt", u"",
@@ -348,19 +339,19 @@ constexpr std::array kCommands{
             u"Writes your Favorites to a file for other browsers", u"document-export",
             BookmarkCommands::ExportFavorites},
     Command{u"xtrFolderOpen"_tool, u"&Open All in Tabs", u"", u"Opens every page of this folder in a tab of its own",
-            u"tab-new", MenuEntry::OpenFolder, kNeeds<&CommandHost::OpenFavorites>},
+            u"tab-new", MenuEntry::OpenFolder},
     Command{u"xtrFolderSave"_tool, u"Save as &TessaGroup...", u"", u"Makes a TessaGroup of the pages of this folder",
-            u"document-save-as", MenuEntry::SaveFolder, kNeeds<&CommandHost::SaveFavorites>},
+            u"document-save-as", MenuEntry::SaveFolder},
     Command{u"xtrLinkNewTab"_tool, u"Open in &New Tab", u"", u"Opens this Favorite in a tab of its own", u"tab-new",
             MenuEntry::OpenLink},
     Command{u"xtrGroupOpen"_tool, u"&Open", u"", u"Opens every page of this TessaGroup in a tab of its own", u"tab-new",
             MenuEntry::OpenGroup},
     Command{u"xtrGroupOrganize"_tool, u"O&rganize...", u"", u"Changes the addresses of this TessaGroup",
-            u"document-edit", MenuEntry::OrganizeGroup, kNeeds<&CommandHost::OrganizeTessaGroup>},
+            u"document-edit", MenuEntry::OrganizeGroup},
     Command{u"xtrGroupRename"_tool, u"Re&name...", u"", u"Gives this TessaGroup another name", u"edit-rename",
             MenuEntry::RenameGroup},
     Command{u"xtrGroupDelete"_tool, u"&Delete...", u"", u"Moves this TessaGroup to the trash", u"edit-delete",
-            MenuEntry::DeleteGroup, kNeeds<&CommandHost::MoveToTrash>},
+            MenuEntry::DeleteGroup},
     Command{u"xtrExportTessaGroups"_tool, u"E&xport TessaGroups...", u"More",
             u"Writes your TessaGroups to a file for other browsers", u"document-export",
             BookmarkCommands::ExportTessaGroups},

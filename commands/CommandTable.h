@@ -13,10 +13,8 @@ using WindowEffect = void (*)(CommandContext&);
 using ToolEffect = void (*)(CommandContext&, const Tool&);
 /// Does nothing without a current view.
 using ViewEffect = void (*)(CommandContext&, BrowserView&);
-/// Whether the main window has what a command needs.
-using Need = bool (*)(const CommandHost&);
 
-/// What a row says behind its texts, in any order, beside an effect, a need and the kind of its tool.
+/// What a row says behind its texts, in any order, beside an effect and the kind of its tool.
 namespace CommandTraits {
 
 /// A combination that clicks the tool. Menus show the first.
@@ -39,11 +37,6 @@ struct OnlyOn {
 };
 /// The effect is that of the name's family, which the dispatcher knows.
 struct ByFamily {};
-/// An operation of the host, which is all that the command needs.
-struct HostEffect {
-    WindowEffect effect;
-    Need need;
-};
 /// Whether the design has a visible tool, a hidden one, or none because it is made later.
 enum class OnBar { Shown, Hidden, MadeLater };
 
@@ -71,7 +64,6 @@ struct Command {
     ToolName tool;
     TextView caption, category, description, icon;
     Effect effect;
-    Need available = nullptr; ///< nothing for a command that needs nothing
     std::array<KeyStroke, 2> keys{};
     std::size_t keyCount = 0;
     std::optional<KeyStroke> keyOfOthers;
@@ -86,16 +78,12 @@ private:
     constexpr void Take(CommandTraits::OnlyOn place) { onlyOn = place.band; }
     constexpr void Take(ToolKind what) { kind = what; }
     constexpr void Take(CommandTraits::OnBar place) { onBar = place; }
-    constexpr void Take(Need need) { available = need; }
-    constexpr void Take(CommandTraits::HostEffect run) { available = run.need; }
     constexpr void Take(const Effect&) {} // taken when the row is made
 
     static constexpr Effect EffectIn() { return {}; }
     template<typename First, typename... Others>
     static constexpr Effect EffectIn(First first, Others... others) {
-        if constexpr (std::is_same_v<First, CommandTraits::HostEffect>)
-            return first.effect;
-        else if constexpr (std::is_constructible_v<Effect, First>)
+        if constexpr (std::is_constructible_v<Effect, First>)
             return first;
         else
             return EffectIn(others...);

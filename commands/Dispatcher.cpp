@@ -36,9 +36,7 @@ bool Dispatcher::RunLink(const Tool& tool) {
     } else if (name.starts_with(DesignedNames::kFindLinks)) {
         Navigate(m_context.tabs.CurrentIndex(), Text(Endpoints::kFind) + tool.Description);
     } else if (name.starts_with(DesignedNames::kResizeCommands)) {
-        const auto& host = m_context.host;
-        const auto& resize = name == u"mnuResizeAddress"_tool ? host.ResizeAddress : host.ResizeSearch;
-        if (resize) resize();
+        name == u"mnuResizeAddress"_tool ? m_context.window->ResizeAddress() : m_context.window->ResizeSearch();
     } else {
         return false;
     }
@@ -52,7 +50,7 @@ void Dispatcher::RunNamed(const Tool& tool) {
     const auto table = CommandTable();
     const auto command = std::ranges::find_if(
         table, [&](const Command& row) { return row.Runs() && row.tool == TextView(tool.Name()); });
-    if (command == table.end() || (command->available && !command->available(m_context.host))) return;
+    if (command == table.end()) return;
     std::visit(Overloaded{[](std::monostate) {}, [](CommandTraits::ByFamily) {},
                           [&](WindowEffect effect) { effect(m_context); },
                           [&](ToolEffect effect) { effect(m_context, tool); },
@@ -68,20 +66,12 @@ void Dispatcher::Open(const ToolSource& source, std::int32_t view) {
 }
 
 void Dispatcher::OpenFavorite(TextView address, std::int32_t view) {
-    const auto& host = m_context.host;
-    const bool newTab = host.ShiftHeld && host.ShiftHeld();
-    if (host.MayOpenLink && !host.MayOpenLink(address)) return;
+    const bool newTab = m_context.input.ShiftHeld();
+    if (!m_context.favorites->MayOpenLink(address)) return;
     if (!newTab) return Navigate(view, address);
     if (auto* made = m_context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(made->Navigate(address));
 }
 
 void Dispatcher::Navigate(std::int32_t view, TextView address) {
     if (auto* open = m_context.tabs.OpenView(view)) ResumeNext(open->Control->Navigate(address));
-}
-
-void Dispatcher::DisableUnavailable() {
-    for (const Command& command : CommandTable()) {
-        auto* tool = m_context.actBar.Find(command.tool);
-        if (tool && command.available && !command.available(m_context.host)) tool->Enabled = false;
-    }
 }

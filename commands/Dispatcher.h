@@ -11,8 +11,6 @@ public:
     /// Runs the tool's command; a name that is none runs nothing. Names are told apart by case. A tool that is
     /// made from a file never runs a command of ours, only one of the product's.
     void actBar_Click(const Tool& tool);
-    /// Disables the commands whose operation the main window does not have.
-    void DisableUnavailable();
 
 private:
     bool RunLink(const Tool& tool);

@@ -42,13 +42,7 @@ Text SuggestedName(TextView folder) {
 
 FavoriteCommands::FavoriteCommands(CommandContext& context, Outside outside)
     : m_context(context), m_outside(std::move(outside)) {
-    auto& host = m_context.host;
-    host.OpenFavorites = [this](TextView folder) { OpenAll(folder); };
-    host.SaveFavorites = [this](TextView folder) { return SaveAsGroup(folder); };
-    host.MayOpenLink = [this](TextView address) { return MayOpenLink(address); };
-    host.RepairFavorites = [this] { RepairFavorites(); };
-    host.AddFavorite = [this](TextView address, TextView title) { return AddFavorite(address, title); };
-    host.OrganizeFavorites = [this] { OrganizeFavorites(); };
+    m_context.favorites = this;
 }
 
 bool FavoriteCommands::AddFavorite(TextView address, TextView title) {

@@ -35,22 +35,22 @@ Entry EntryOf(const Tool& tool) {
     return {};
 }
 
-void OpenFolder(CommandContext& context) { context.host.OpenFavorites(context.menuEntry); }
+void OpenFolder(CommandContext& context) { context.favorites->OpenAll(context.menuEntry); }
 
 void SaveFolder(CommandContext& context) {
-    const Text result = context.host.SaveFavorites(context.menuEntry);
+    const Text result = context.favorites->SaveAsGroup(context.menuEntry);
     if (!result.empty()) context.tabs.Say(result);
 }
 
 void OpenLink(CommandContext& context) {
     const Text address = context.menuEntry;
-    if (context.host.MayOpenLink && !context.host.MayOpenLink(address)) return;
+    if (!context.favorites->MayOpenLink(address)) return;
     if (auto* view = context.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(address));
 }
 
 void OpenGroup(CommandContext& context) { context.groups.OpenTessaGroup(Text(context.menuEntry)); }
 
-void OrganizeGroup(CommandContext& context) { context.host.OrganizeTessaGroup(Text(context.menuEntry)); }
+void OrganizeGroup(CommandContext& context) { context.groups.OrganizeTessaGroup(Text(context.menuEntry)); }
 
 void RenameGroup(CommandContext& context) {
     const Text before = GroupNameOf(context.menuEntry);
@@ -64,7 +64,7 @@ void RenameGroup(CommandContext& context) {
 void DeleteGroup(CommandContext& context) {
     const Text path = context.menuEntry;
     if (!MayTrash(context, path)) return;
-    const bool trashed = context.host.MoveToTrash(path) == Outcome::Done;
+    const bool trashed = context.trash.Take(path) == Outcome::Done;
     const bool there = !trashed && FileExists(PathToBytes(path));
     const bool stays = there && (!MayDelete(context) || TessaGroups::Delete(path) == Outcome::Failed);
     context.groupsMenuStale = true;

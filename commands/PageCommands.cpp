@@ -1,4 +1,5 @@
 #include "commands/PageCommands.h"
+#include "commands/External.h"
 
 #include "address/Endpoints.h"
 #include "bar/ToolName.h"
@@ -26,10 +27,10 @@ void Refresh(CommandContext& context, BrowserView& view) {
 
 void Source(CommandContext& context, BrowserView& view) { Browser::ViewSource(context.tabs, view); }
 
-void Find(CommandContext& context, BrowserView& view) { context.host.ShowFind(view); }
+void Find(CommandContext& context, BrowserView& view) { context.tools.ShowFind(view); }
 
 void InternetOptions(CommandContext& context, BrowserView&) {
-    context.host.ShowInternetOptions();
+    context.window->ShowInternetOptions();
     context.pages.ShowLoadOptions();
 }
 
@@ -62,7 +63,13 @@ void Mail(CommandContext& context, const Tool& tool) {
     auto* view = context.tabs.CurrentView();
     if (!view) return;
     const Text title = view->Control->LocationName(), address = view->Control->LocationURL();
-    ResumeNext(view->Control->Navigate(context.host.MailAddress(tool.Name(), title, address)));
+    const Text environment = External::EnvironmentText(context.settings, context.shell);
+    ResumeNext(view->Control->Navigate(
+        External::MailAddress(tool.Name(), {.title = title, .address = address, .environment = environment})));
 }
+
+void LaunchMailClient(CommandContext& context) { External::LaunchMailClient(context.settings, context.shell); }
+
+void LaunchNewsClient(CommandContext& context) { External::LaunchNewsClient(context.settings, context.shell); }
 
 } // namespace PageCommands

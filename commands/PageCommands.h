@@ -28,5 +28,8 @@ void SmallerText(CommandContext& context);
 void ToggleLoadOption(CommandContext& context, const Tool& tool);
 /// Loads the address that begins a mail.
 void Mail(CommandContext& context, const Tool& tool);
+/// Start the user's own programs.
+void LaunchMailClient(CommandContext& context);
+void LaunchNewsClient(CommandContext& context);
 
 } // namespace PageCommands

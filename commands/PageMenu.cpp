@@ -66,11 +66,10 @@ void OpenTab(CommandContext& context, const Text& address, NewWindowPlace place)
 void SaveAddress(CommandContext& context, const Text& address) {
     const std::int32_t index = context.menuView;
     if (!Tools(context, index) || !MaySave(address)) return;
-    const Text path =
-        context.files.ShowSave({.DialogTitle = u"Save As",
-                                .InitDir = context.host.DownloadFolder ? context.host.DownloadFolder() : Text(),
-                                .Filter = {},
-                                .FileName = FileNameOfAddress(address)});
+    const Text path = context.files.ShowSave({.DialogTitle = u"Save As",
+                                              .InitDir = context.downloads.Folder(),
+                                              .Filter = {},
+                                              .FileName = FileNameOfAddress(address)});
     if (path.empty()) return;
     if (FileExists(PathToBytes(path)) && !context.messages.AskOwn({u"A file with this name already exists",
                                                                    OneLine(path), Text(kCancelButton), u"&Replace It"}))
@@ -128,9 +127,9 @@ void SaveLink(CommandContext& context) { SaveAddress(context, Text(context.menuP
 
 void SaveMedia(CommandContext& context) { SaveAddress(context, Text(context.menuPage.MediaURL)); }
 
-void CopyLink(CommandContext& context) { context.host.CopyText(context.menuPage.LinkURL); }
+void CopyLink(CommandContext& context) { context.input.Copy(context.menuPage.LinkURL); }
 
-void CopyMediaAddress(CommandContext& context) { context.host.CopyText(context.menuPage.MediaURL); }
+void CopyMediaAddress(CommandContext& context) { context.input.Copy(context.menuPage.MediaURL); }
 
 void AddLinkToTessaGroup(CommandContext& context) {
     const Text link = context.menuPage.LinkURL;
@@ -143,7 +142,7 @@ void AddLinkToTessaGroup(CommandContext& context) {
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});
     if (file.empty()) return;
-    context.host.AddToTessaGroup(link, file);
+    context.groups.AddToTessaGroup(link, file);
     context.groupsMenuStale = true;
 }
 

@@ -40,7 +40,7 @@ void AddWords(Entries& entries, const PageContext& page) {
                                            EscapedCaption(PlainLine(word, kMostShownWords))));
 }
 
-void AddLink(Entries& entries, const CommandContext& context, const PageContext& page, TextView address) {
+void AddLink(Entries& entries, const PageContext& page, TextView address) {
     if (page.LinkURL.empty()) return;
     const bool opens = MayOpenFromPage(address, page.LinkURL);
     entries.Group();
@@ -49,20 +49,20 @@ void AddLink(Entries& entries, const CommandContext& context, const PageContext&
     entries.Add(u"xtrLinkOpenPrivate"_tool, opens);
     entries.Group();
     entries.Add(u"xtrLinkSave"_tool, MaySave(page.LinkURL));
-    entries.Add(u"xtrLinkCopy"_tool, bool(context.host.CopyText));
-    entries.Add(u"xtrLinkAddToTessaGroup"_tool, opens && bool(context.host.AddToTessaGroup));
+    entries.Add(u"xtrLinkCopy"_tool);
+    entries.Add(u"xtrLinkAddToTessaGroup"_tool, opens);
 }
 
-void AddImage(Entries& entries, const CommandContext& context, const PageContext& page, TextView address) {
+void AddImage(Entries& entries, const PageContext& page, TextView address) {
     if (page.Media != PageContext::Kind::Image) return;
     entries.Group();
     entries.Add(u"xtrImageOpen"_tool, MayOpenFromPage(address, page.MediaURL));
     entries.Add(u"xtrImageSave"_tool, MaySave(page.MediaURL));
     entries.Add(u"xtrImageCopy"_tool);
-    entries.Add(u"xtrMediaCopyAddress"_tool, bool(context.host.CopyText) && !page.MediaURL.empty());
+    entries.Add(u"xtrMediaCopyAddress"_tool, !page.MediaURL.empty());
 }
 
-void AddMedia(Entries& entries, const CommandContext& context, const PageContext& page) {
+void AddMedia(Entries& entries, const PageContext& page) {
     if (page.Media != PageContext::Kind::Audio && page.Media != PageContext::Kind::Video) return;
     entries.Group();
     entries.Add(u"xtrMediaPlay"_tool);
@@ -71,7 +71,7 @@ void AddMedia(Entries& entries, const CommandContext& context, const PageContext
     entries.Add(u"xtrMediaControls"_tool);
     entries.Group();
     entries.Add(u"xtrMediaSave"_tool, MaySave(page.MediaURL));
-    entries.Add(u"xtrMediaCopyAddress"_tool, bool(context.host.CopyText) && !page.MediaURL.empty());
+    entries.Add(u"xtrMediaCopyAddress"_tool, !page.MediaURL.empty());
 }
 
 void AddText(Entries& entries, const PageContext& page) {
@@ -112,9 +112,9 @@ namespace PageMenuEntries {
 std::vector<BandEntry> For(const CommandContext& context, const PageContext& page, TextView address) {
     Entries entries(context.actBar);
     AddWords(entries, page);
-    AddLink(entries, context, page, address);
-    AddImage(entries, context, page, address);
-    AddMedia(entries, context, page);
+    AddLink(entries, page, address);
+    AddImage(entries, page, address);
+    AddMedia(entries, page);
     const bool text = page.Editable || !page.SelectedText.empty();
     if (text) AddText(entries, page);
     if (!text && page.LinkURL.empty() && page.Media == PageContext::Kind::None) AddPage(entries);

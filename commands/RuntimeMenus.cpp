@@ -35,8 +35,8 @@ bool RuntimeMenus::EntryPopup(const Tool& tool) {
 
 std::function<void()> RuntimeMenus::EntryMiddleClick(const Tool& tool) {
     const auto* folder = tool.From<MadeFrom::FavoriteFolder>();
-    if (!folder || !m_context.host.OpenFavorites) return {};
-    return [this, path = folder->path] { m_context.host.OpenFavorites(path); };
+    if (!folder) return {};
+    return [this, path = folder->path] { m_context.favorites->OpenAll(path); };
 }
 
 std::function<void()> RuntimeMenus::EntryDelete(const Tool& tool) {

@@ -48,7 +48,7 @@ void Mute(CommandContext& context) {
 }
 
 void CopyAddress(CommandContext& context) {
-    if (const auto* view = context.strip.PopupView()) context.host.CopyText(view->Control->LocationURL());
+    if (const auto* view = context.strip.PopupView()) context.input.Copy(view->Control->LocationURL());
 }
 
 void ShowState(CommandContext& context) {

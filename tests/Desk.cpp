@@ -25,6 +25,8 @@ Desk::Desk(FakeSettings* shared)
             .offer = offer,
             .engineOptions = engineOptions,
             .report = report,
+            .tools = tools,
+            .input = input,
             .programPath = u"/programs/tessaview",
             .groupFolder = u"/groups/",
             .favoritesFolder = u"/favorites"}),

@@ -77,6 +77,8 @@ public:
     FakeOffer offer;
     FakeEngineOptions engineOptions{log};
     FakeReport report;
+    FakeTools tools;
+    FakeInput input;
     frmMain main;
 
 private:

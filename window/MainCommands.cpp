@@ -2,11 +2,13 @@
 
 #include "bar/ToolName.h"
 #include "base/OwnAddresses.h"
-#include "commands/External.h"
 #include "commands/frmResize.h"
+#include "sessions/frmSessions.h"
 #include "settings/frmInternetOptions.h"
+#include "settings/frmSettings.h"
 #include "window/MainLoad.h"
 #include "window/frmMain.h"
+#include "window/frmSplash.h"
 
 namespace {
 
@@ -24,13 +26,6 @@ void ShowHelp(frmMain& main) {
         if (view && view->Control->LocationURL().starts_with(OwnAddresses::kHelp)) return main.pcPage.Select(tab);
     }
     if (auto* view = main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(OwnAddresses::kHelp));
-}
-
-void CopyReport(frmMain& main) {
-    const Text words = Report::Words(main.Platform.report.Read(), main.Platform.settings);
-    if (!main.Commands.host.CopyText) return;
-    main.Commands.host.CopyText(words);
-    main.Tabs.Say(u"The report has been copied.");
 }
 
 void ForgetTyped(frmMain& main) {
@@ -65,27 +60,55 @@ void ShowInternetOptions(frmMain& main) {
     MainLoad::ApplySleep(main);
 }
 
-Text MailAddress(const frmMain& main, TextView tool, TextView title, TextView address) {
-    const Text environment = External::EnvironmentText(main.Platform.settings, main.Platform.shell);
-    return External::MailAddress(tool, {.title = title, .address = address, .environment = environment});
-}
-
 } // namespace
 
-namespace MainCommands {
-
-void Fill(CommandHost& host, frmMain& main) {
-    host.ResizeAddress = [&main] { Resize(main, &frmResize::ResizeAddress); };
-    host.ResizeSearch = [&main] { Resize(main, &frmResize::ResizeSearch); };
-    host.ShowHelp = [&main] { ShowHelp(main); };
-    host.CopyReport = [&main] { CopyReport(main); };
-    host.ShowInternetOptions = [&main] { ShowInternetOptions(main); };
-    host.ToggleFullScreen = [&main] { main.Platform.window.SetFullScreen(!main.Platform.window.FullScreen()); };
-    host.LaunchMailClient = [&main] { External::LaunchMailClient(main.Platform.settings, main.Platform.shell); };
-    host.LaunchNewsClient = [&main] { External::LaunchNewsClient(main.Platform.settings, main.Platform.shell); };
-    host.MailAddress = [&main](TextView tool, TextView title, TextView address) {
-        return MailAddress(main, tool, title, address);
-    };
+void MainCommands::ShowSettings() {
+    frmSettings form(m_main.Platform.settings);
+    m_main.Platform.forms.Show(form);
+    if (form.Apply) MainLoad::ApplySettings(m_main);
 }
 
-} // namespace MainCommands
+void MainCommands::ShowInternetOptions() { ::ShowInternetOptions(m_main); }
+
+void MainCommands::ShowAbout() {
+    frmSplash form;
+    form.ShowButton();
+    m_main.Platform.forms.Show(form);
+}
+
+void MainCommands::ShowHelp() { ::ShowHelp(m_main); }
+
+void MainCommands::ShowSessions() {
+    const auto& platform = m_main.Platform;
+    frmSessions form(m_main.Sessions, {platform.files, platform.messages, platform.groupFolder, platform.clock});
+    platform.forms.Show(form);
+    if (form.SavedGroup) m_main.Commands.groupsMenuStale = true;
+    // What was offered may have been reopened or forgotten in the list.
+    m_main.OfferSession();
+}
+
+void MainCommands::ShowTaskView() {
+    m_main.TaskView.Form.Visible = true;
+    m_main.TaskView.ShowItself();
+}
+
+void MainCommands::ToggleDownloads() {
+    auto& form = m_main.DownloadPanel.Form;
+    form.Visible = !form.Visible();
+}
+
+void MainCommands::ToggleFullScreen() {
+    auto& window = m_main.Platform.window;
+    window.SetFullScreen(!window.FullScreen());
+}
+
+void MainCommands::ResizeAddress() { Resize(m_main, &frmResize::ResizeAddress); }
+
+void MainCommands::ResizeSearch() { Resize(m_main, &frmResize::ResizeSearch); }
+
+void MainCommands::CopyReport() {
+    m_main.Platform.input.Copy(Report::Words(m_main.Platform.report.Read(), m_main.Platform.settings));
+    m_main.Tabs.Say(u"The report has been copied.");
+}
+
+void MainCommands::Exit() { m_main.Platform.window.Close(); }

@@ -1,12 +1,26 @@
 #pragma once
-#include "commands/CommandContext.h"
+#include "commands/WindowCommands.h"
 
 class frmMain;
 
-/// Commands whose operations the main window has without asking the platform for more than it was given.
-namespace MainCommands {
+/// What commands have the main window do. A member of the window.
+class MainCommands final : public WindowCommands {
+public:
+    explicit MainCommands(frmMain& main) : m_main(main) {}
 
-/// The window outlives the host.
-void Fill(CommandHost& host, frmMain& main);
+    void ShowSettings() override;
+    void ShowInternetOptions() override;
+    void ShowAbout() override;
+    void ShowHelp() override;
+    void ShowSessions() override;
+    void ShowTaskView() override;
+    void ToggleDownloads() override;
+    void ToggleFullScreen() override;
+    void ResizeAddress() override;
+    void ResizeSearch() override;
+    void CopyReport() override;
+    void Exit() override;
 
-} // namespace MainCommands
+private:
+    frmMain& m_main;
+};

@@ -10,14 +10,10 @@
 #include "commands/TabMoreCommands.h"
 #include "downloads/DownloadWords.h"
 #include "groups/TessaGroups.h"
-#include "sessions/frmSessions.h"
-#include "settings/frmSettings.h"
 #include "startpage/StartPage.h"
 #include "tabs/TabKeys.h"
-#include "window/MainCommands.h"
 #include "window/MainLoad.h"
 #include "window/MainUnload.h"
-#include "window/frmSplash.h"
 
 #include <algorithm>
 #include <memory>
@@ -51,9 +47,14 @@ frmMain::frmMain(MainWindowPlatform platform)
                Platform.files,
                Platform.messages,
                Platform.forms,
+               Platform.settings,
+               Platform.shell,
+               Platform.trash,
+               Platform.downloads,
+               Platform.tools,
+               Platform.input,
                Platform.groupFolder,
-               Platform.favoritesFolder,
-               Platform.commands},
+               Platform.favoritesFolder},
       Sessions(Platform.sessions, Platform.clock, Tabs, pcPage, Browser),
       Layout(actBar, Platform.layout),
       Menus(Commands, Platform.folderWatch),
@@ -63,7 +64,9 @@ frmMain::frmMain(MainWindowPlatform platform)
       Sleep(pcPage, Browser),
       Relief(pcPage, Sleep),
       TaskView(pcPage, Browser),
+      m_commands(*this),
       m_dispatcher(Commands) {
+    Commands.window = &m_commands;
     DesignTimeBar::Make(actBar);
     WireParts();
 }
@@ -96,23 +99,13 @@ void frmMain::WireParts() {
         [this](std::int16_t Index, const PageContext& Context) { PageMenu::Open(Commands, Index, Context); });
     Events.Navigated.ConnectForLife([this] { Sessions.Touch(); });
     Pages.ApplyLoadOptions.ConnectForLife([this] { Platform.engineOptions.ApplyLoadOptions(); });
-    MainCommands::Fill(Commands.host, *this);
     Layout.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
     Sessions.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
     Layout.TryAgain.ConnectForLife([this] { RetryLater(); });
     Downloads.TryAgain.ConnectForLife([this] { RetryLater(); });
-    Commands.host.ShowSettings = [this] { ShowSettingsDialog(); };
-    Commands.host.ShowAbout = [this] { ShowAbout(); };
-    Commands.host.ShowSessions = [this] { ShowSessions(); };
-    Commands.host.ShowTaskView = [this] {
-        TaskView.Form.Visible = true;
-        TaskView.ShowItself();
-    };
-    Commands.host.Exit = [this] { Platform.window.Close(); };
     WireGroups();
     WireDownloads();
     WireSleep();
-    m_dispatcher.DisableUnavailable();
     TabMoreCommands::ShowReopen(Commands);
 }
 
@@ -121,11 +114,6 @@ void frmMain::WireGroups() {
         Groups.PageDone(Index);
         Relief.Loaded(Index);
     });
-    Commands.host.AddToTessaGroup = [this](TextView URL, TextView SGFile) { AddToTessaGroup(URL, SGFile); };
-    Commands.host.SaveAsTessaGroup = [this](TextView path) { Groups.SaveAsTessaGroup(path); };
-    Commands.host.OrganizeTessaGroup = [this](TextView path) { OrganizeTessaGroup(path); };
-    Commands.host.OrganizeTessaGroups = [this] { Groups.OrganizeTessaGroups(); };
-    Commands.host.MoveToTrash = [this](TextView path) { return Platform.trash.Take(path); };
 }
 
 void frmMain::WireDownloads() {
@@ -140,8 +128,6 @@ void frmMain::WireDownloads() {
     Downloads.Say.ConnectForLife([this](TextView message) { Tabs.Say(message); });
     Downloads.Complain.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
     sbStatus.Saving.Click.ConnectForLife([this] { DownloadPanel.Form.Visible = true; });
-    Commands.host.DownloadFolder = [this] { return Platform.downloads.Folder(); };
-    Commands.host.ToggleDownloads = [this] { DownloadPanel.Form.Visible = !DownloadPanel.Form.Visible(); };
     DownloadPanel.Shown.ConnectForLife([this](bool shown) {
         if (auto* tool = actBar.Find(u"xtrDownloads"_tool)) tool->Checked = shown;
     });
@@ -209,14 +195,6 @@ void frmMain::OfferSession() {
         Platform.offer.Withdraw();
 }
 
-void frmMain::ShowSessions() {
-    frmSessions form(Sessions, {Platform.files, Platform.messages, Platform.groupFolder, Platform.clock});
-    Platform.forms.Show(form);
-    if (form.SavedGroup) Commands.groupsMenuStale = true;
-    // What was offered may have been reopened or forgotten in the list.
-    OfferSession();
-}
-
 void frmMain::Form_Resize() {
     Platform.window.MoveTabStrip(MainLayout::TabStripPlace(LayoutInputs()));
     if (auto* view = Tabs.CurrentView()) PlaceView(*view);
@@ -282,16 +260,4 @@ MainLayout::Inputs frmMain::LayoutInputs() const {
 void frmMain::PlaceView(ArrayView& view) {
     if (Platform.window.State() == WindowState::Minimized) return;
     view.Place(MainLayout::ViewPlace(LayoutInputs()));
-}
-
-void frmMain::ShowAbout() {
-    frmSplash form;
-    form.ShowButton();
-    Platform.forms.Show(form);
-}
-
-void frmMain::ShowSettingsDialog() {
-    frmSettings form(Platform.settings);
-    Platform.forms.Show(form);
-    if (form.Apply) MainLoad::ApplySettings(*this);
 }

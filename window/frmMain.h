@@ -20,6 +20,7 @@
 #include "tabs/MemoryRelief.h"
 #include "tabs/TabSleep.h"
 #include "tabs/frmTaskView.h"
+#include "window/MainCommands.h"
 #include "window/MainKeyboard.h"
 #include "window/MainLayout.h"
 #include "window/Report.h"
@@ -57,6 +58,8 @@ struct MainWindowPlatform {
     SessionOffer& offer;
     EngineOptions& engineOptions;
     Report::Source& report;
+    WindowTools& tools;
+    UserInput& input;
     /// The full path of the running program.
     Text programPath;
     /// Where TessaGroup files lie, with the separator at the end.
@@ -65,9 +68,6 @@ struct MainWindowPlatform {
     Text favoritesFolder{};
     /// Where the list of downloads is kept; empty for nowhere.
     Text downloadsFile{};
-    /// Operations outside the core that commands run; the window adds its own. A command without its operation is
-    /// disabled.
-    CommandHost commands{};
     /// What the user has decided for sites, as the Internet Options list it.
     SiteChoices siteChoices{};
 };
@@ -98,6 +98,8 @@ public:
     void OrganizeTessaGroup(TextView sFileName) { Groups.OrganizeTessaGroup(sFileName); }
     /// Follows a link of the home page, which opens a TessaGroup or searches. Any other address does nothing.
     void OpenStartLink(std::string_view link);
+    /// Offers to reopen the newest session that ended badly, or takes the offer back when there is none.
+    void OfferSession();
     /// Writes again what could not be written; when a while has gone by since `RetryLater` asked for it.
     void RetryWrites();
     void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
@@ -149,14 +151,11 @@ private:
     void WireSleep();
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
-    void ShowSettingsDialog();
-    void ShowAbout();
-    void OfferSession();
-    void ShowSessions();
     void OpenCommandLine(BrowserView& view, TextView commandLine);
     [[nodiscard]] bool PagesLetGo();
     [[nodiscard]] bool UserLeaves(const std::vector<std::int32_t>& holders);
 
+    MainCommands m_commands;
     Dispatcher m_dispatcher;
     Stage m_stage = Stage::New;
     bool m_left = false; ///< all pages have let their user go, or he has left them

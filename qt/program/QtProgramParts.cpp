@@ -70,11 +70,12 @@ QtProgramParts::QtProgramParts(int& argc, char** argv)
             .offer = offer,
             .engineOptions = *this,
             .report = *this,
+            .tools = *this,
+            .input = *this,
             .programPath = FromQt(QCoreApplication::applicationFilePath()),
             .groupFolder = FromQt(folders.GroupFolder()),
             .favoritesFolder = FromQt(folders.favorites),
             .downloadsFile = FromQt(folders.state + QStringLiteral("/downloads")),
-            .commands = Operations(),
             .siteChoices = DecidedSites(permissions, engine.External())}),
       strip(main.pcPage),
       statusBar(main.sbStatus),
@@ -89,7 +90,7 @@ QtProgramParts::QtProgramParts(int& argc, char** argv)
       captures(window.PageArea()) {
     offer.Reopen.ConnectForLife([this](const Text& id) { main.Sessions.Reopen(id); });
     offer.Dismiss.ConnectForLife([this](const Text& id) { main.Sessions.Settle(id); });
-    offer.ShowAll.ConnectForLife([this] { main.Commands.host.ShowSessions(); });
+    offer.ShowAll.ConnectForLife([this] { main.Commands.window->ShowSessions(); });
 }
 
 void QtProgramParts::Clear(const BrowsingData& data, Forgotten done) {
@@ -101,19 +102,22 @@ Report::Facts QtProgramParts::Read() {
     return {FromQt(QtBuildInfo::Text()), FromQt(QtBuildInfo::Drawing()), log.File().LastLines(Report::kLines)};
 }
 
-CommandHost QtProgramParts::Operations() {
-    CommandHost host;
-    host.ShowFind = [this](BrowserView&) { findBar.Open(); };
-    host.ShowTabList = [this] { strip.ListRequested(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); };
-    host.CopyText = [](TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
-    host.Customize = [this] { customize.Open(); };
-    host.ToggleDevTools = [this] { devTools.Toggle(engine.FrontPage()); };
-    // A middle click means the same.
-    host.ShiftHeld = [this] {
-        return middleClick.Now() || QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
-    };
-    return host;
+void QtProgramParts::ShowFind(BrowserView&) { findBar.Open(); }
+
+void QtProgramParts::ToggleDevTools() { devTools.Toggle(engine.FrontPage()); }
+
+void QtProgramParts::ShowTabList() {
+    strip.ListRequested(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1)));
 }
+
+void QtProgramParts::Customize() { customize.Open(); }
+
+// A middle click means the same.
+bool QtProgramParts::ShiftHeld() const {
+    return middleClick.Now() || QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
+}
+
+void QtProgramParts::Copy(TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); }
 
 void QtProgramParts::ApplyLoadOptions() {
     const SettingsStore store(settings);

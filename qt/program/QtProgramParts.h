@@ -69,14 +69,19 @@ struct DrawnAs {
 
 /// Everything outside the core that the program is made of, in the order in which it is made: what a part needs stands
 /// before it.
-struct QtProgramParts : EngineOptions, Report::Source {
+struct QtProgramParts : EngineOptions, Report::Source, WindowTools, UserInput {
     QtProgramParts(int& argc, char** argv);
 
-    [[nodiscard]] CommandHost Operations();
     void ApplyLoadOptions() override;
     void ApplyInternetOptions() override;
     void Clear(const BrowsingData& data, Forgotten done) override;
     [[nodiscard]] Report::Facts Read() override;
+    void ShowFind(BrowserView& view) override;
+    void ToggleDevTools() override;
+    void ShowTabList() override;
+    void Customize() override;
+    [[nodiscard]] bool ShiftHeld() const override;
+    void Copy(TextView text) override;
     void TakeProfile(QWebEngineProfile& made);
     void TellProfile();
     void TakePrivateProfile(QWebEngineProfile& made);

@@ -57,6 +57,8 @@ public:
     FakeOffer offer;
     FakeEngineOptions engineOptions{log};
     FakeReport report;
+    FakeTools tools;
+    FakeInput input;
     QtSettingsStorage settings{ToQt(folder.PathText("."))};
     QtLayoutFile layout{ToQt(folder.PathText("."))};
     std::optional<QtSessionFiles> sessions{ToQt(folder.PathText("sessions"))};
@@ -78,6 +80,8 @@ public:
                   .offer = offer,
                   .engineOptions = engineOptions,
                   .report = report,
+                  .tools = tools,
+                  .input = input,
                   .programPath = {},
                   .groupFolder = {}}};
 };

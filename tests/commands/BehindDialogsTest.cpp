@@ -1,7 +1,9 @@
 // What a command is about is fixed when it begins, whatever happens behind its dialog: a later start of the program
 // brings its own tab to the front, or a page closes its tab.
+#include "groups/TessaGroups.h"
 #include "settings/frmInternetOptions.h"
 #include "tests/Desk.h"
+#include "tests/fakes/FakeFavorites.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 namespace {
@@ -17,13 +19,23 @@ protected:
         }
         desk.ClickTab(selected);
         for (int i = 1; i <= tabs; ++i) desk.views.Calls(i);
-        desk.main.Commands.host.AddToTessaGroup = [this](TextView URL, TextView) { added += ToUtf8(URL) + ";"; };
     }
     /// A later start of the program, with an address of its own.
     void LaterStart() {
         auto* view = desk.main.GetNewBrowser(InFront::Yes);
         ASSERT_NE(view, nullptr);
         ResumeNext(view->Navigate(u"http://later/"));
+    }
+    /// The same, and the file is the group of `Added()`.
+    void BehindGroups(const std::function<void()>& happens) {
+        BehindFiles(happens);
+        desk.files.chosen = folder.PathText("a.tvg");
+    }
+    /// What was added to the group: "http://1/;".
+    [[nodiscard]] std::string Added() const {
+        std::string all;
+        for (const auto& each : TessaGroups::Load(folder.PathText("a.tvg"))) all += ToUtf8(each.Key) + ";";
+        return all;
     }
     /// Behind the next file dialog; a file is chosen there.
     void BehindFiles(const std::function<void()>& happens) {
@@ -37,7 +49,7 @@ protected:
     const std::function<void()> closesTab1 = [this] { desk.main.CloseBrowserTab(1); };
     const std::function<void()> closesTab2 = [this] { desk.main.CloseBrowserTab(2); };
     Desk desk;
-    std::string added;
+    TemporaryFolder folder;
 };
 
 TEST_F(BehindDialogsTest, AFileIsOpenedWhereItWasAskedFor) {
@@ -67,12 +79,12 @@ TEST_F(BehindDialogsTest, TheFirstViewOutlivesItsTabAndOpensNoFileThen) {
 
 TEST_F(BehindDialogsTest, ThePageThatWasAskedForIsAddedToAGroupAsItIsByThen) {
     Start(1);
-    BehindFiles([this] {
+    BehindGroups([this] {
         desk.views.At(1).location = u"http://1/next";
         LaterStart();
     });
     Run(u"mnuAddToTessaGroup");
-    EXPECT_EQ(added, "http://1/next;");
+    EXPECT_EQ(Added(), "http://1/next;");
 }
 
 TEST_F(BehindDialogsTest, APageThatHasGoneIsAddedToNoGroupAndThatIsSaid) {
@@ -80,12 +92,11 @@ TEST_F(BehindDialogsTest, APageThatHasGoneIsAddedToNoGroupAndThatIsSaid) {
         Desk other;
         other.StartWithTabs(2);
         other.ClickTab(static_cast<std::size_t>(tab));
-        other.main.Commands.host.AddToTessaGroup = [this](TextView URL, TextView) { added += ToUtf8(URL) + ";"; };
-        other.files.chosen = u"/files/a.tvg";
+        other.files.chosen = folder.PathText("a.tvg");
         other.files.whileOpen = [&] { other.main.CloseBrowserTab(tab); };
         other.main.Commands.groupsMenuStale = false;
         other.main.actBar_Click(Tool(1, u"mnuAddToTessaGroup"));
-        EXPECT_EQ(added, "") << tab;
+        EXPECT_EQ(Added(), "") << tab;
         EXPECT_EQ(other.Said(), "The page is no longer open. Nothing was added.");
         EXPECT_TRUE(other.main.Commands.groupsMenuStale);
     }
@@ -97,20 +108,20 @@ TEST_F(BehindDialogsTest, AQuestionAboutAPrivatePageIsAboutThatPage) {
     desk.views.At(2).location = u"http://secret/";
     desk.messages.answer = Answer::Yes;
     desk.messages.whileOpen = laterStart;
-    desk.files.chosen = u"/files/a.tvg";
+    desk.files.chosen = folder.PathText("a.tvg");
     Run(u"mnuAddToTessaGroup");
     EXPECT_EQ(desk.messages.asked.size(), 1U);
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
-    EXPECT_EQ(added, "http://secret/;");
+    EXPECT_EQ(Added(), "http://secret/;");
 }
 
 TEST_F(BehindDialogsTest, ThePopupsTabIsAddedAlthoughAnotherStandsInItsPlaceByThen) {
     Start(3);
     desk.main.StripInput.PopupTabPosition = 2;
-    BehindFiles(laterStart);
+    BehindGroups(laterStart);
     Run(u"xtrTabAddToTessaGroup");
     EXPECT_EQ(desk.Strip(), "1 [4*] 2 3");
-    EXPECT_EQ(added, "http://2/;");
+    EXPECT_EQ(Added(), "http://2/;");
 }
 
 TEST_F(BehindDialogsTest, TheFavoriteIsThePageThatWasAskedFor) {
@@ -149,7 +160,8 @@ TEST_F(BehindDialogsTest, AFavoriteThatIsAskedAboutOpensNowhereWhenTheTabHasGone
 
 TEST_F(BehindDialogsTest, AFavoriteCalledLikeACommandThatOpensATabOpensWhereItWasClicked) {
     Start(1);
-    desk.main.Commands.host.MayOpenLink = [](TextView) { return true; };
+    FakeFavorites favorites;
+    desk.main.Commands.favorites = &favorites;
     desk.main.actBar_Click(Tool(MadeFrom::FavoriteLink{u"mnuNewBlank"}, 50000, u"mnuNewBlank"));
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     EXPECT_EQ(desk.views.Calls(1), "go mnuNewBlank");

@@ -1,4 +1,5 @@
 // What decides what a click does: the tool's name as a whole or its beginning, and what it is made from.
+#include "commands/frmResize.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -41,8 +42,12 @@ TEST_F(DispatchRulesTest, CloseAllLeavesTheLeftmostTabAndBlanksIt) {
 TEST_F(DispatchRulesTest, NamesThatBeginLikeTheResizeCommandsResizeABoxWhateverTheToolIsMadeFrom) {
     Start(1);
     std::string resized;
-    desk.main.Commands.host.ResizeAddress = [&] { resized += "address;"; };
-    desk.main.Commands.host.ResizeSearch = [&] { resized += "search;"; };
+    desk.inResize = [&](frmResize& form) {
+        const auto& address = desk.main.actBar.FindCombo(u"cboAddress")->Width;
+        const Pixels before = address();
+        form.cmdResize[4].Click();
+        resized += address() == before ? "search;" : "address;";
+    };
     ClickMade({}, u"mnuResizeAddress");
     EXPECT_EQ(std::exchange(resized, {}), "address;");
     for (const TextView name :

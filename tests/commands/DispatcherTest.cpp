@@ -1,4 +1,6 @@
 #include "tests/Desk.h"
+#include "tests/fakes/FakeFavorites.h"
+#include "tests/fakes/TemporaryFolder.h"
 
 #include "address/Endpoints.h"
 #include "commands/CommandTable.h"
@@ -185,11 +187,9 @@ TEST_F(DispatcherTest, TheStatusBarIsToggled) {
 
 TEST_F(DispatcherTest, AFavoriteReplacesThePageOrOpensATabWithShift) {
     Start(1);
-    bool shift = false;
-    desk.main.Commands.host.ShiftHeld = [&] { return shift; };
     ClickLink(desk, u"http://fav/a b");
     EXPECT_EQ(desk.views.Calls(1), "go http://fav/a b");
-    shift = true;
+    desk.input.shift = true;
     ClickLink(desk, u"http://fav/2");
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://fav/2");
@@ -259,7 +259,9 @@ TEST_F(DispatcherTest, AFavoriteThatIsCalledLikeACommandOfTheProductRunsIt_Delib
 
 TEST_F(DispatcherTest, ALinkMayBeRefused) {
     Start(1);
-    desk.main.Commands.host.MayOpenLink = [](TextView address) { return address != u"file:///secret"; };
+    FakeFavorites favorites;
+    favorites.refused = u"file:///secret";
+    desk.main.Commands.favorites = &favorites;
     ClickLink(desk, u"file:///secret");
     EXPECT_EQ(desk.views.Calls(1), "");
     ClickLink(desk, u"http://a/");
@@ -281,52 +283,36 @@ TEST_F(DispatcherTest, ThePopupsCommandsActOnItsTabOnly) {
     EXPECT_EQ(desk.Strip(), "[1*] 3");
 }
 
-TEST_F(DispatcherTest, CommandsWithoutTheirOperationAreDisabledNotSilent) {
-    Start(1);
-    EXPECT_FALSE(desk.main.actBar.Find(u"mnuFind")->Enabled());
-    EXPECT_TRUE(desk.main.actBar.Find(u"mnuSettings")->Enabled());
-    EXPECT_TRUE(desk.main.actBar.Find(u"mnuNewBlank")->Enabled());
-}
-
 TEST_F(DispatcherTest, FavoritesThatCannotBeAddedAskTheRepairQuestion) {
     Start(1);
-    std::string asked;
-    bool works = true;
-    int repaired = 0;
+    FakeFavorites favorites;
+    desk.main.Commands.favorites = &favorites;
     desk.views.At(1).location = u"http://a/";
     desk.views.At(1).name = u"A";
     desk.main.Commands.favoritesMenuStale = false;
-    desk.main.Commands.host.AddFavorite = [&](TextView address, TextView title) {
-        asked += ToUtf8(address) + " " + ToUtf8(title) + ";";
-        return works;
-    };
-    desk.main.Commands.host.RepairFavorites = [&] { ++repaired; };
     ClickMade(desk, {}, u"mnuAddToFavorites");
-    EXPECT_EQ(asked, "http://a/ A;");
+    EXPECT_EQ(favorites.done, "add http://a/ A;");
     EXPECT_TRUE(desk.main.Commands.favoritesMenuStale);
-    works = false;
+    favorites.works = false;
     desk.messages.answer = Answer::No;
     ClickMade(desk, {}, u"mnuAddToFavorites");
-    EXPECT_EQ(repaired, 0);
+    EXPECT_EQ(favorites.done.find("repair"), std::string::npos);
     EXPECT_EQ(desk.messages.asked.back(),
               u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
               u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
               u"Would you like TessaView to make these changes?");
     desk.messages.answer = Answer::Cancel;
     ClickMade(desk, {}, u"mnuAddToFavorites");
-    EXPECT_EQ(repaired, 0);
+    EXPECT_EQ(favorites.done.find("repair"), std::string::npos);
     EXPECT_EQ(desk.messages.asked.size(), 2U);
     desk.messages.answer = Answer::Yes;
     ClickMade(desk, {}, u"mnuAddToFavorites");
-    EXPECT_EQ(repaired, 1);
+    EXPECT_TRUE(favorites.done.ends_with(";repair;"));
 }
 
 TEST_F(DispatcherTest, GroupCommandsAskForTheFileAndMakeTheMenuStale) {
     Start(1);
-    std::string done;
-    auto& host = desk.main.Commands.host;
-    host.AddToTessaGroup = [&](TextView url, TextView file) { done += ToUtf8(url) + ">" + ToUtf8(file) + ";"; };
-    host.SaveAsTessaGroup = [&](TextView file) { done += ToUtf8(file) + ";"; };
+    const TemporaryFolder folder;
     desk.views.At(1).location = u"http://a/";
     desk.main.Commands.groupsMenuStale = false;
     ClickMade(desk, {}, u"mnuAddToTessaGroup");
@@ -334,11 +320,13 @@ TEST_F(DispatcherTest, GroupCommandsAskForTheFileAndMakeTheMenuStale) {
     EXPECT_EQ(desk.files.last.InitDir, u"/groups/");
     EXPECT_EQ(desk.files.last.Filter, u"TessaGroup File (*.tvg)|*.tvg");
     EXPECT_FALSE(desk.main.Commands.groupsMenuStale) << "cancelled";
-    desk.files.chosen = u"/groups/a.tvg";
+    desk.files.chosen = folder.PathText("a.tvg");
     ClickMade(desk, {}, u"mnuAddToTessaGroup");
+    EXPECT_EQ(folder.Read("a.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n");
+    desk.files.chosen = folder.PathText("b.tvg");
     ClickMade(desk, {}, u"mnuSaveAsTessaGroup");
     EXPECT_EQ(desk.files.last.DialogTitle, u"Save as TessaGroup");
-    EXPECT_EQ(done, "http://a/>/groups/a.tvg;/groups/a.tvg;");
+    EXPECT_EQ(folder.Read("b.tvg"), folder.Read("a.tvg"));
     EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
 }
 

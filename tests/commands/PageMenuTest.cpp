@@ -11,7 +11,6 @@ namespace {
 class PageMenuTest : public testing::Test {
 protected:
     PageMenuTest() {
-        desk.main.Commands.host.CopyText = [this](TextView text) { copied = ToUtf8(text); };
         for (const TextView tool : {u"xtrLinkCopy", u"xtrMediaCopyAddress"})
             desk.main.actBar.Find(tool)->Enabled = true;
         desk.StartWithTabs(1);
@@ -55,7 +54,6 @@ protected:
     }
 
     Desk desk;
-    std::string copied;
 };
 
 TEST_F(PageMenuTest, OfThePageListsWhatIsDoneWithPages) {
@@ -125,7 +123,7 @@ TEST_F(PageMenuTest, OfALinkCopiesSavesAndKeepsIt) {
     const TemporaryFolder folder;
     Ask(Link(u"https://b.example/My%20file.zip"));
     desk.Click(u"xtrLinkCopy");
-    EXPECT_EQ(copied, "https://b.example/My%20file.zip");
+    EXPECT_EQ(ToUtf8(desk.input.copied), "https://b.example/My%20file.zip");
     desk.Click(u"xtrLinkSave");
     EXPECT_EQ(desk.views.Calls(1), "") << "the user has cancelled";
     EXPECT_EQ(desk.files.last.FileName, u"My file.zip");
@@ -184,7 +182,7 @@ TEST_F(PageMenuTest, OfAnImageOpensSavesAndCopiesIt) {
     desk.Click(u"xtrImageCopy");
     desk.Click(u"xtrMediaCopyAddress");
     EXPECT_EQ(desk.views.Calls(1), "action 3");
-    EXPECT_EQ(copied, "https://a.example/p.png");
+    EXPECT_EQ(ToUtf8(desk.input.copied), "https://a.example/p.png");
 }
 
 TEST_F(PageMenuTest, OfAFilmPlaysItAndTellsHowItStands) {

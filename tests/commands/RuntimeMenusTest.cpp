@@ -2,6 +2,7 @@
 
 #include "groups/frmRenameGroup.h"
 #include "tests/Desk.h"
+#include "tests/fakes/FakeFavorites.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <algorithm>
@@ -79,7 +80,8 @@ TEST_F(RuntimeMenusTest, OpeningFavoritesAgainRebuildsNothingUntilItIsStale) {
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50000 a");
     Favorite("b", "http://b/");
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50000 a");
-    m_desk.main.Commands.host.AddFavorite = [](TextView, TextView) { return true; };
+    FakeFavorites favorites;
+    m_desk.main.Commands.favorites = &favorites;
     m_bar.Find(u"mnuAddToFavorites")->Enabled = true;
     m_desk.Click(u"mnuAddToFavorites");
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50001 a, 50002 b");
@@ -108,7 +110,7 @@ TEST_F(RuntimeMenusTest, ThePicturesAreThoseOfTheLoadedLayout) {
 
 TEST_F(RuntimeMenusTest, OrganizingFavoritesMakesThemStale) {
     Opened(u"bndFavorites");
-    m_desk.main.Commands.host.OrganizeFavorites = [this] { Favorite("new", "http://n/"); };
+    m_desk.inOrganizeFavorites = [this](frmOrganizeFavorites&) { Favorite("new", "http://n/"); };
     m_bar.Find(u"mnuOrganizeFavorites")->Enabled = true;
     m_desk.Click(u"mnuOrganizeFavorites");
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50000 new");

@@ -1,4 +1,5 @@
 #include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
 
 namespace {
 
@@ -76,27 +77,22 @@ TEST_F(TabMoreCommandsTest, ATabThatIsHeardShowsIt) {
 
 TEST_F(TabMoreCommandsTest, CopiesTheAddress) {
     Start(2, 2);
-    Text copied;
-    desk.main.Commands.host.CopyText = [&](TextView text) { copied = text; };
     desk.main.actBar.Find(u"xtrTabCopyAddress")->Enabled = true;
     desk.Click(u"xtrTabCopyAddress");
-    EXPECT_EQ(copied, u"http://2/");
+    EXPECT_EQ(desk.input.copied, u"http://2/");
 }
 
 TEST_F(TabMoreCommandsTest, AddsTheTabsPageToAGroup) {
     Start(2, 2);
-    std::string added;
-    desk.main.Commands.host.AddToTessaGroup = [&](TextView url, TextView file) {
-        added = ToUtf8(url) + " " + ToUtf8(file);
-    };
+    const TemporaryFolder folder;
     desk.main.actBar.Find(u"xtrTabAddToTessaGroup")->Enabled = true;
     desk.main.Commands.groupsMenuStale = false;
     desk.Click(u"xtrTabAddToTessaGroup");
-    EXPECT_EQ(added, "") << "the dialog was cancelled";
+    EXPECT_EQ(desk.Said(), "") << "the dialog was cancelled";
     EXPECT_FALSE(desk.main.Commands.groupsMenuStale);
-    desk.files.chosen = u"/groups/a.tvg";
+    desk.files.chosen = folder.PathText("a.tvg");
     desk.Click(u"xtrTabAddToTessaGroup");
-    EXPECT_EQ(added, "http://2/ /groups/a.tvg");
+    EXPECT_EQ(folder.Read("a.tvg"), "[TessaGroup]\r\nurl1=http://2/\r\n");
     EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
 }
 

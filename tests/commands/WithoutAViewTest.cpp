@@ -1,5 +1,6 @@
 // Commands that are for a page, where there is none.
 #include "tests/Desk.h"
+#include "tests/fakes/FakeFavorites.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 namespace {
@@ -11,10 +12,8 @@ protected:
         desk.StartWithTabs(1);
         desk.views.Calls(1);
         desk.views.focused = 0;
-        auto& host = desk.main.Commands.host;
-        host.ShowFind = [this](BrowserView&) { done += "find;"; };
-        host.ShowInternetOptions = [this] { done += "options;"; };
-        host.AddFavorite = [this](TextView, TextView) { return !(done += "favorite;").empty(); };
+        desk.main.Commands.favorites = &favorites;
+        desk.inInternetOptions = [this](frmInternetOptions&) { done += "options;"; };
         desk.main.Pages.ApplyLoadOptions.ConnectForLife([this] { done += "load options;"; });
         desk.files.chosen = u"/files/a.html";
         desk.main.Tabs.UpdateStopRefresh();
@@ -27,13 +26,14 @@ protected:
         Tool made(1, FromBytes(tool));
         made.Description = u"keyword";
         desk.main.actBar_Click(made);
-        done += desk.views.Calls(1);
+        done += desk.views.Calls(1) + std::exchange(desk.tools.done, {}) + std::exchange(favorites.done, {});
         if (desk.views.focused != 0) done += "focus;";
         if (desk.main.pcPage.Count() != 1) done += "tabs;";
         if (desk.Enabled() != enabled) done += "enabled;";
         return std::exchange(done, {});
     }
 
+    FakeFavorites favorites;
     Desk desk;
     std::string done, enabled;
 };

@@ -1,5 +1,7 @@
 #pragma once
+#include "platform/UserInput.h"
 #include "platform/WallClock.h"
+#include "platform/WindowTools.h"
 #include "sessions/SessionOffer.h"
 #include "settings/EngineOptions.h"
 #include "tests/fakes/FakeDesktop.h"
@@ -36,6 +38,23 @@ public:
 
 private:
     FakeLog& m_log;
+};
+
+class FakeTools final : public WindowTools {
+public:
+    void ShowFind(BrowserView&) override { done += "find;"; }
+    void ToggleDevTools() override { done += "dev tools;"; }
+    void ShowTabList() override { done += "tabs;"; }
+    void Customize() override { done += "customize;"; }
+    std::string done;
+};
+
+class FakeInput final : public UserInput {
+public:
+    [[nodiscard]] bool ShiftHeld() const override { return shift; }
+    void Copy(TextView text) override { copied = text; }
+    bool shift = false;
+    Text copied;
 };
 
 class FakeReport final : public Report::Source {

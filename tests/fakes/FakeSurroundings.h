@@ -29,6 +29,8 @@ struct FakeSurroundings {
                 .offer = offer,
                 .engineOptions = engineOptions,
                 .report = report,
+                .tools = tools,
+                .input = input,
                 .programPath = {},
                 .groupFolder = {}};
     }
@@ -51,4 +53,6 @@ struct FakeSurroundings {
     FakeOffer offer;
     FakeEngineOptions engineOptions{log};
     FakeReport report;
+    FakeTools tools;
+    FakeInput input;
 };

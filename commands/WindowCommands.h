@@ -1,0 +1,24 @@
+#pragma once
+
+/// What commands have the main window do. Owned by it.
+class WindowCommands {
+public:
+    virtual ~WindowCommands() = default;
+
+    virtual void ShowSettings() = 0;
+    virtual void ShowInternetOptions() = 0;
+    virtual void ShowAbout() = 0;
+    virtual void ShowHelp() = 0;
+    /// Shows the earlier sessions.
+    virtual void ShowSessions() = 0;
+    /// Shows what each tab uses of the machine.
+    virtual void ShowTaskView() = 0;
+    /// Shows the panel of downloads, or hides it.
+    virtual void ToggleDownloads() = 0;
+    virtual void ToggleFullScreen() = 0;
+    virtual void ResizeAddress() = 0;
+    virtual void ResizeSearch() = 0;
+    /// Copies what a person sends along who reports an error.
+    virtual void CopyReport() = 0;
+    virtual void Exit() = 0;
+};

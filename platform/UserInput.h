@@ -1,0 +1,13 @@
+#pragma once
+#include "base/Text.h"
+
+/// The user's keyboard and clipboard. Owned by the program's entry.
+class UserInput {
+public:
+    virtual ~UserInput() = default;
+
+    /// Whether the Shift key is held down at this moment, or the click that runs came from what means the same.
+    [[nodiscard]] virtual bool ShiftHeld() const = 0;
+    /// Puts a text on the clipboard.
+    virtual void Copy(TextView text) = 0;
+};

@@ -1,0 +1,17 @@
+#pragma once
+#include "platform/BrowserView.h"
+
+/// What the main window's view has beside the pages. Owned by the program's entry.
+class WindowTools {
+public:
+    virtual ~WindowTools() = default;
+
+    /// Opens the bar that finds text on that page.
+    virtual void ShowFind(BrowserView& view) = 0;
+    /// Opens the developer tools for the current page, or closes them.
+    virtual void ToggleDevTools() = 0;
+    /// Opens the list of tabs.
+    virtual void ShowTabList() = 0;
+    /// Opens the window in which toolbars are arranged.
+    virtual void Customize() = 0;
+};
