@@ -2,6 +2,7 @@
 
 #include "base/Percent.h"
 #include "base/PlainText.h"
+#include "base/os/FileNameRules.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +15,6 @@ constexpr std::size_t kLongestEnding = 16;
 
 constexpr TextView kRefused = u"/\\:*?\"<>|";
 
-constexpr std::array kDevices{TextView(u"con"), TextView(u"prn"), TextView(u"aux"), TextView(u"nul")};
 /// Files that say themselves what is started when they are opened.
 constexpr std::array kStarters{TextView(u".desktop"), TextView(u".lnk"), TextView(u".url"), TextView(u".scf"),
                                TextView(u".local")};
@@ -41,13 +41,6 @@ std::size_t EndingOf(TextView name) {
     return stem.size() > 4 && stem.ends_with(u".tar") ? dot - 4 : dot;
 }
 
-bool IsDevice(TextView name) {
-    const Text stem = WithoutDots(InSmallLetters(name.substr(0, name.find(u'.'))));
-    if (std::ranges::find(kDevices, stem) != kDevices.end()) return true;
-    const bool numbered = stem.size() == 4 && (stem.starts_with(u"com") || stem.starts_with(u"lpt"));
-    return numbered && stem[3] >= u'1' && stem[3] <= u'9';
-}
-
 bool IsStarter(TextView name) {
     return std::ranges::any_of(kStarters, [&](TextView ending) { return InSmallLetters(name).ends_with(ending); });
 }
@@ -70,7 +63,7 @@ Text Shortened(const Text& name) {
 Text CleanFileName(TextView suggested) {
     Text name = Shortened(WithoutDots(Characters(suggested)));
     if (name.empty()) return u"download";
-    if (IsDevice(name)) name.insert(0, 1, u'_');
+    if (NamesDevice(name)) name.insert(0, 1, u'_');
     if (IsStarter(name)) name += u".download";
     return name;
 }

@@ -3,6 +3,7 @@
 #include "base/ResumeNext.h"
 #include "base/ini/IniFile.h"
 #include "base/os/AtomicFile.h"
+#include "base/os/FileNameRules.h"
 #include "base/os/Folder.h"
 #include "base/os/FreeNames.h"
 #include "base/os/Paths.h"
@@ -27,8 +28,7 @@ bool IsControl(char16_t unit) { return unit < 0x20 || unit == 0x7F; }
 /// What stands in a file's name for the unit of a title. A half of a character would come out as a byte of no text.
 char16_t FitForName(TextView title, std::size_t at) {
     if (IsControl(title[at])) return u' ';
-    if (IsUnpaired(title, at)) return u'\uFFFD';
-    return title[at] == u'/' ? u'-' : title[at];
+    return IsUnpaired(title, at) ? u'\uFFFD' : title[at];
 }
 
 Text NameOf(TextView path) { return Text(path.substr(path.rfind(u'/') + 1)); }
@@ -117,7 +117,7 @@ Text FileNameOf(TextView title) {
     name = name.substr(0, name.find_last_not_of(u' ') + 1);
     while (ToUtf8(name).size() > kLongestNameBytes) name.pop_back();
     DropHalf(name);
-    return name;
+    return FitForDisk(name);
 }
 
 std::optional<Text> AddShortcut(TextView folder, TextView title, TextView address) {

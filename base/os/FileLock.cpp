@@ -1,6 +1,6 @@
 #include "base/os/FileLock.h"
 
-#include "base/os/LockFile.h"
+#include "base/os/LockedFile.h"
 
 #include <thread>
 #include <utility>
@@ -10,11 +10,11 @@ constexpr std::chrono::milliseconds kPauseBetweenTries{2};
 } // namespace
 
 FileLock::FileLock(const std::string& lockFile, std::chrono::milliseconds patience) {
-    using LockFile::Tried;
-    m_file = LockFile::Open(lockFile);
-    if (m_file == LockFile::kNone) return;
+    using LockedFile::Tried;
+    m_file = LockedFile::Open(lockFile);
+    if (m_file == LockedFile::kNone) return;
     const auto deadline = std::chrono::steady_clock::now() + patience;
-    for (Tried tried = LockFile::Try(m_file); tried != Tried::Held; tried = LockFile::Try(m_file)) {
+    for (Tried tried = LockedFile::Try(m_file); tried != Tried::Held; tried = LockedFile::Try(m_file)) {
         m_taken = tried == Tried::Taken;
         if (tried == Tried::Refused || std::chrono::steady_clock::now() >= deadline) {
             LetGo();
@@ -27,7 +27,7 @@ FileLock::FileLock(const std::string& lockFile, std::chrono::milliseconds patien
 }
 
 FileLock::FileLock(FileLock&& other) noexcept
-    : m_file(std::exchange(other.m_file, LockFile::kNone)),
+    : m_file(std::exchange(other.m_file, LockedFile::kNone)),
       m_held(std::exchange(other.m_held, false)),
       m_taken(std::exchange(other.m_taken, false)) {}
 
@@ -39,7 +39,7 @@ FileLock& FileLock::operator=(FileLock&& other) noexcept {
 }
 
 void FileLock::LetGo() {
-    if (m_file != LockFile::kNone) LockFile::Close(m_file);
-    m_file = LockFile::kNone;
+    if (m_file != LockedFile::kNone) LockedFile::Close(m_file);
+    m_file = LockedFile::kNone;
     m_held = false;
 }

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-/// Local sockets (AF_UNIX, SOCK_STREAM) that processes of the same user listen on. The system tells whose process is at
-/// the other end, and nobody can forge it.
+/// Local sockets (AF_UNIX, SOCK_STREAM; named pipes on the other platform) that processes of the same user listen on.
+/// The system tells whose process is at the other end, and nobody can forge it.
 namespace LocalSocket {
 
 enum class Found {

@@ -3,6 +3,7 @@
 #include "groups/frmRenameGroup.h"
 #include "tests/Desk.h"
 #include "tests/fakes/FakeFavorites.h"
+#include "tests/fakes/System.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <algorithm>
@@ -305,6 +306,7 @@ TEST_F(RuntimeMenusTest, TheDeleteKeyIsForGroupsAlone) {
 }
 
 TEST_F(RuntimeMenusTest, AGroupWhoseNameIsNoTextIsOpenedOrganizedAndDeletedByItsBytes) {
+    if (kOtherPlatform) GTEST_SKIP() << "names are no bytes";
     Group("b\xFC");
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150000 b\xEF\xBF\xBD");
     m_bar.UserClick(Entry(u"bndTessaGroupsMenu", 3));
@@ -323,6 +325,7 @@ TEST_F(RuntimeMenusTest, AGroupWhoseNameIsNoTextIsOpenedOrganizedAndDeletedByIts
 }
 
 TEST_F(RuntimeMenusTest, AFolderOfFavoritesWhoseNameIsNoTextOpensByItsBytes) {
+    if (kOtherPlatform) GTEST_SKIP() << "names are no bytes";
     FavoriteFolder("w\xF6rk");
     Favorite("w\xF6rk/a", "http://a/");
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", | -1 w\xEF\xBF\xBDrk");
@@ -330,6 +333,7 @@ TEST_F(RuntimeMenusTest, AFolderOfFavoritesWhoseNameIsNoTextOpensByItsBytes) {
 }
 
 TEST_F(RuntimeMenusTest, TheHelpOfAnEntryMarksWhatIsNoTextInItsPath) {
+    if (kOtherPlatform) GTEST_SKIP() << "names are no bytes";
     Group("b\xFC");
     Opened(u"bndTessaGroupsMenu");
     m_bar.MouseOver(&Entry(u"bndTessaGroupsMenu", 3));
@@ -350,6 +354,7 @@ TEST_F(RuntimeMenusTest, AShortcutNamedLikeAShopLinkIsOne_Deliberate) {
 }
 
 TEST_F(RuntimeMenusTest, GroupsStandBehindTheFixedEntriesWithASeparatorBeforeTheFirst) {
+    if (kOtherPlatform) GTEST_SKIP() << "names that differ in case alone are one";
     for (const char* name : {"beta", "Alpha", "alpha"}) Group(name);
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150000 Alpha, 150001 alpha, 150002 beta");
     EXPECT_EQ(Entry(u"bndTessaGroupsMenu", 3).Name(), u"zzxAlpha");

@@ -1,4 +1,16 @@
 #pragma once
+#include "tests/fakes/System.h"
+
+#ifdef _WIN32
+
+// Who may do everything there cannot become somebody else for a while; a test that asks for this is left out.
+class NoRights {
+public:
+    NoRights() {} // NOLINT: not trivial, so that nobody is told that it is unused
+};
+
+#else
+
 #include <unistd.h>
 
 /// While this object lives, files that nobody may read cannot be read, also when the tests run as root.
@@ -18,3 +30,5 @@ private:
     uid_t m_before = ::geteuid();
     bool m_changed = false;
 };
+
+#endif

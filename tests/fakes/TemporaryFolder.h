@@ -22,14 +22,14 @@ public:
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    [[nodiscard]] std::string Path(const std::string& name) const { return (m_path / name).string(); }
+    [[nodiscard]] std::string Path(const std::string& name) const { return (m_path / name).generic_string(); }
     [[nodiscard]] Text PathText(const std::string& name) const { return FromBytes(Path(name)); }
     std::string Write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(Path(name), std::ios::binary) << bytes;
+        std::ofstream(m_path / name, std::ios::binary) << bytes;
         return Path(name);
     }
     [[nodiscard]] std::string Read(const std::string& name) const {
-        std::ifstream file(Path(name), std::ios::binary);
+        std::ifstream file(m_path / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
     [[nodiscard]] std::size_t Files() const {

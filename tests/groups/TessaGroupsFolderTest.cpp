@@ -1,5 +1,6 @@
 #include "groups/TessaGroups.h"
 #include "tests/fakes/NoRights.h"
+#include "tests/fakes/System.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -73,6 +74,7 @@ TEST_F(GroupFolder, AMissingOrUnreadableFolderIsAnEmptyList) {
 }
 
 TEST_F(GroupFolder, AFolderThatMayNotBeReadIsAnEmptyList) {
+    if (kOtherPlatform) GTEST_SKIP() << "nobody can become another user for a while";
     Groups({"a.tvg"});
     fs::create_directory(Path("closed"));
     Write("closed/b.tvg", "");
@@ -84,6 +86,7 @@ TEST_F(GroupFolder, AFolderThatMayNotBeReadIsAnEmptyList) {
 }
 
 TEST_F(GroupFolder, LinksAreFollowedAndLoopsLeftOut) {
+    if (kOtherPlatform) GTEST_SKIP() << "a link needs a right of its own";
     Groups({"real.tvg"});
     fs::create_symlink(Path("real.tvg"), Path("link.tvg"));
     fs::create_symlink(Path("loop.tvg"), Path("loop.tvg"));

@@ -1,9 +1,9 @@
 #include "base/os/AtomicFile.h"
 
 #include "base/os/Paths.h"
+#include "base/os/TemporaryNames.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -14,10 +14,6 @@
 
 namespace {
 
-constexpr std::string_view kTemporary = ".tessaview-";
-constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz012345";
-constexpr std::size_t kTemporaryLetters = 6;
-constexpr std::size_t kLongestNameKept = 200; // with what is put around it, it still is a file's name
 constexpr int kMostAttempts = 1000;
 constexpr mode_t kUserAlone = S_IRUSR | S_IWUSR, kAsTheMaskSays = 0666;
 
@@ -49,32 +45,18 @@ bool WriteAll(const Descriptor& file, std::string_view bytes) {
 
 std::string Resolved(const std::string& path) { return RealPath(path).value_or(path); }
 
-std::string FolderToOpen(const std::string& path) {
-    const std::string folder = FolderAbove(path);
-    return folder.empty() ? "." : folder;
-}
-
-// Hidden, and with the file's own name, so that it is known whose it is when its writer is killed.
-std::string TemporaryStart(const std::string& target) {
-    const std::string name = LastNameOf(target);
-    return FolderToOpen(target) + "/." + (name.size() <= kLongestNameKept ? name : "") + std::string(kTemporary);
-}
-
-std::string RandomLetters(int attempt) {
-    std::array<unsigned char, kTemporaryLetters> bytes{};
+std::string RandomBytes(int attempt) {
+    std::string bytes(TemporaryNames::kLetters, '\0');
     // Without random numbers the attempt's own does; a name that is taken is never used.
-    if (::getrandom(bytes.data(), bytes.size(), GRND_NONBLOCK) != static_cast<ssize_t>(bytes.size()))
-        bytes = {static_cast<unsigned char>(attempt), static_cast<unsigned char>(attempt >> 5)};
-    std::string letters;
-    for (const unsigned char byte : bytes) letters += kLetters[byte % kLetters.size()];
-    return letters;
+    if (::getrandom(bytes.data(), bytes.size(), GRND_NONBLOCK) == static_cast<ssize_t>(bytes.size())) return bytes;
+    return {static_cast<char>(attempt), static_cast<char>(attempt >> 5), 0, 0, 0, 0};
 }
 
 /// A new file beside another, with its descriptor; `path` is its path. Not open when it cannot be made, `errno` says
 /// why. The system takes the user's mask off the mode: asking for the mask would mean to change it for all threads.
 Descriptor NewFileBeside(const std::string& target, mode_t mode, std::string& path) {
     for (int attempt = 1;; ++attempt) {
-        path = TemporaryStart(target) + RandomLetters(attempt);
+        path = TemporaryNames::Start(target) + TemporaryNames::Letters(RandomBytes(attempt));
         const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
         if (file >= 0 || errno != EEXIST || attempt == kMostAttempts) return Descriptor(file);
     }
@@ -138,7 +120,7 @@ bool FileExists(const std::string& path) {
 
 bool FolderExists(const std::string& path) {
     struct stat facts {};
-    return ::stat(FolderToOpen(path).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+    return ::stat(TemporaryNames::FolderToOpen(path).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
 
 bool IsWritable(const std::string& path) {
@@ -158,7 +140,7 @@ Outcome WriteWholeFile(const std::string& path, std::string_view bytes, Readers 
         return exists && FolderRefuses(errno) ? WriteInPlace(target, bytes, facts.st_size) : Outcome::Failed;
     if (exists) KeepOwnerAndMode(file, facts, readers);
     if (WriteAll(file, bytes) && std::rename(temporary.c_str(), target.c_str()) == 0) {
-        FlushFolder(FolderToOpen(target));
+        FlushFolder(TemporaryNames::FolderToOpen(target));
         return Outcome::Done;
     }
     ::unlink(temporary.c_str());
@@ -178,12 +160,11 @@ Outcome TryWholeFile(const std::string& path, std::string_view bytes) {
 }
 
 void RemoveLeftovers(const std::string& path) {
-    const std::string start = LastNameOf(TemporaryStart(Resolved(path)));
+    const std::string target = Resolved(path);
     std::error_code failed;
-    std::filesystem::directory_iterator each(FolderToOpen(Resolved(path)), failed);
+    std::filesystem::directory_iterator each(TemporaryNames::FolderToOpen(target), failed);
     for (; !failed && each != std::filesystem::directory_iterator(); each.increment(failed)) {
-        const std::string name = each->path().filename().string();
-        if (name.starts_with(start) && name.size() == start.size() + kTemporaryLetters) ::unlink(each->path().c_str());
+        if (TemporaryNames::IsOf(target, each->path().filename().string())) ::unlink(each->path().c_str());
     }
 }
 

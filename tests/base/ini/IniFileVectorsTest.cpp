@@ -1,12 +1,12 @@
 #include "base/ini/IniFile.h"
 #include "base/os/AtomicFile.h"
+#include "base/os/ProcessUse.h"
 
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <unistd.h>
 
 // Recorded answers of the profile functions, tests/data/profile-vectors.txt, one call a line: bytes in hexadecimal,
 // "-" for none at all and "." for no bytes.
@@ -56,7 +56,7 @@ void Write(const std::string& path, std::istringstream& line) {
 
 TEST(IniFileVectors, AnswersAsRecorded) {
     const std::string path =
-        (std::filesystem::temp_directory_path() / ("vectors-" + std::to_string(::getpid()))).string();
+        (std::filesystem::temp_directory_path() / ("vectors-" + std::to_string(ThisProcess()))).string();
     std::ifstream recorded(TEST_DATA "/profile-vectors.txt");
     int cases = 0;
     std::string text, name;

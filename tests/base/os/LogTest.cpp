@@ -2,6 +2,7 @@
 
 #include "base/ResumeNext.h"
 #include "tests/fakes/FullDisk.h"
+#include "tests/fakes/System.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -42,6 +43,7 @@ TEST_F(LogTest, ALineThatComesAgainIsCounted) {
 }
 
 TEST_F(LogTest, TheFileIsTheUsersAloneAlsoOneOfAnEarlierVersion) {
+    if (kOtherPlatform) GTEST_SKIP() << "files have no mode";
     ASSERT_EQ(::chmod(folder.Write("log", "old\n").c_str(), 0644), 0);
     Log::Note(LogLevel::Info, LogPart::Program, "started");
     struct stat facts {};
@@ -60,6 +62,7 @@ TEST_F(LogTest, ItNeverGrowsBeyondAMegabyteAndKeepsTheNewest) {
     EXPECT_GT(bytes.size(), LogFile::kMostBytes / 4);
     EXPECT_TRUE(bytes.starts_with("2023-11-14T22:13:20Z info program: ")) << "cut between two lines";
     EXPECT_NE(log.LastLines(1).at(0).find("19999xxx"), std::string::npos);
+    if (kOtherPlatform) return; // files have no mode
     struct stat facts {};
     ASSERT_EQ(::stat(folder.Path("log").c_str(), &facts), 0);
     EXPECT_EQ(facts.st_mode & 0777, 0600U);
@@ -81,6 +84,7 @@ TEST_F(LogTest, TwoInstancesAndManyThreadsTearNoLine) {
 }
 
 TEST_F(LogTest, AFullDiskOrAMissingFolderDisturbsNobody) {
+    if (kOtherPlatform) GTEST_SKIP() << "no disk can be made full";
     const std::size_t before = SkippedSteps();
     {
         const FullDisk full;

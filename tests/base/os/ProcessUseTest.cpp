@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 using namespace std::chrono_literals;
 
@@ -52,10 +51,11 @@ TEST(ProcessUse, IsReadFromTheFolderOfTheProcess) {
 }
 
 TEST(ProcessUse, IsKnownOfThisVeryProcess) {
-    const ProcessReader reader({});
-    const auto use = reader.Read(::getpid());
+    const auto use = SystemProcessUse(ThisProcess());
     ASSERT_TRUE(use);
     EXPECT_GT(use->Memory, 0);
+    EXPECT_EQ(SystemProcessUse(0), std::nullopt);
+    EXPECT_EQ(SystemProcessUse(-1), std::nullopt);
 }
 
 } // namespace

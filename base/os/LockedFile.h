@@ -3,7 +3,7 @@
 #include <string>
 
 // What differs in locks between systems. For base/os alone.
-namespace LockFile {
+namespace LockedFile {
 
 /// What no open file has for a number.
 inline constexpr std::intptr_t kNone = -1;
@@ -21,4 +21,4 @@ enum class Tried {
 /// Gives the lock back with it.
 void Close(std::intptr_t file);
 
-} // namespace LockFile
+} // namespace LockedFile

@@ -1,4 +1,4 @@
-#include "base/os/LockFile.h"
+#include "base/os/LockedFile.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -6,7 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace LockFile {
+namespace LockedFile {
 
 std::intptr_t Open(const std::string& path) {
     const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
@@ -23,4 +23,4 @@ Tried Try(std::intptr_t file) {
 
 void Close(std::intptr_t file) { ::close(static_cast<int>(file)); }
 
-} // namespace LockFile
+} // namespace LockedFile

@@ -1,0 +1,7 @@
+#pragma once
+#include <functional>
+#include <string>
+#include <windows.h>
+
+/// Says what lies in a folder, one after another, but for the folder itself and the one above.
+void EachIn(const std::string& folder, const std::function<void(const std::string& name, DWORD attributes)>& say);
