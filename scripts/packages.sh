@@ -12,6 +12,8 @@ core_packages=("${compiler_packages[@]}" libgtest-dev)
 build_packages=("${program_packages[@]}" "${core_packages[@]}" libbenchmark-dev)
 # What the program needs to look right wherever it runs; qt6-wayland for desktops without an X server.
 run_packages=(qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)
+# The core for the other desktop platform (scripts/other-platform.sh): a compiler, what runs programs, sources of tests.
+other_platform_packages=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix wine wine64 googletest python3)
 display_packages=(xvfb openbox xdotool imagemagick x11-utils)
 format_packages=(clang-format git)
 test_packages=(dbus at-spi2-core python3 python3-pyatspi openssl x11-xkb-utils)
