@@ -1,5 +1,8 @@
 #pragma once
 #include "base/Text.h"
+#ifdef _WIN32
+#include "base/os/windows/WidePath.h"
+#endif
 
 #include <filesystem>
 #include <fstream>
@@ -22,14 +25,14 @@ public:
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    [[nodiscard]] std::string Path(const std::string& name) const { return (m_path / name).generic_string(); }
+    [[nodiscard]] std::string Path(const std::string& name) const { return NameOnDisk(OnDisk(name)); }
     [[nodiscard]] Text PathText(const std::string& name) const { return FromBytes(Path(name)); }
     std::string Write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(m_path / name, std::ios::binary) << bytes;
+        std::ofstream(OnDisk(name), std::ios::binary) << bytes;
         return Path(name);
     }
     [[nodiscard]] std::string Read(const std::string& name) const {
-        std::ifstream file(m_path / name, std::ios::binary);
+        std::ifstream file(OnDisk(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
     [[nodiscard]] std::size_t Files() const {
@@ -37,5 +40,14 @@ public:
     }
 
 private:
+#ifdef _WIN32
+    // Names are wide, and a path that is made of bytes takes them for another text.
+    [[nodiscard]] std::filesystem::path OnDisk(const std::string& name) const { return m_path / Wide(name); }
+    static std::string NameOnDisk(const std::filesystem::path& path) { return BytesOfWide(path.wstring()); }
+#else
+    [[nodiscard]] std::filesystem::path OnDisk(const std::string& name) const { return m_path / name; }
+    static std::string NameOnDisk(const std::filesystem::path& path) { return path.string(); }
+#endif
+
     std::filesystem::path m_path;
 };
