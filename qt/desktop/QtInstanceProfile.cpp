@@ -1,5 +1,6 @@
 #include "qt/desktop/QtInstanceProfile.h"
 
+#include "base/ResumeNext.h"
 #include "base/os/AtomicFile.h"
 #include "pages/InstanceProfiles.h"
 #include "qt/base/QtPathBytes.h"
