@@ -28,6 +28,7 @@ struct Editor : testing::Test, TemporaryFolder {
             user();
         };
         form.EditTessaGroup(path);
+        forms.inTessaGroup = {};
         EXPECT_EQ(shown, 1);
     }
     /// The entries, the selected one in brackets.
