@@ -30,9 +30,9 @@ Text LocalPathOf(const QUrl& url) {
 
 QtFileDrop::QtFileDrop(QWidget& window) : m_window(window) { qApp->installEventFilter(this); }
 
-std::vector<Text> QtFileDrop::FilesOf(const QMimeData& data) const {
+std::vector<Text> QtFileDrop::FilesOf(const QList<QUrl>& urls) const {
     std::vector<Text> files;
-    for (const QUrl& url : data.urls()) {
+    for (const QUrl& url : urls) {
         Text path = LocalPathOf(url);
         if (path.empty() || !Takes || !Takes(path)) return {};
         files.push_back(std::move(path));
@@ -47,9 +47,12 @@ bool QtFileDrop::eventFilter(QObject* watched, QEvent* event) {
     if (watched != m_window.windowHandle() || QApplication::activeModalWidget()) return false;
     auto* drag = static_cast<QDropEvent*>(event);
     const QMimeData& data = *drag->mimeData();
-    const bool lost = data.hasUrls() && data.urls().isEmpty();
+    // Asked for once: each time the other program is asked anew, and may answer nothing.
+    const QList<QUrl> urls = data.urls();
+    const bool lost = urls.isEmpty() && data.hasUrls();
+    const std::vector<Text> now = FilesOf(urls);
     // What was dragged over the window is what is dropped, though it may be gone by then.
-    if (!lost || type == QEvent::DragEnter) m_dragged = FilesOf(data);
+    if (!now.empty() || type == QEvent::DragEnter) m_dragged = now;
     if (m_dragged.empty()) {
         if (lost) Refuse(*watched, *drag);
         return lost;

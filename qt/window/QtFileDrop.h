@@ -3,6 +3,7 @@
 #include "base/Text.h"
 
 #include <QObject>
+#include <QUrl>
 #include <functional>
 #include <vector>
 
@@ -28,7 +29,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    [[nodiscard]] std::vector<Text> FilesOf(const QMimeData& data) const;
+    [[nodiscard]] std::vector<Text> FilesOf(const QList<QUrl>& urls) const;
 
     QWidget& m_window;
     std::vector<Text> m_dragged; ///< the files to take that are over the window
