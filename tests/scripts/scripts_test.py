@@ -12,7 +12,7 @@ import time
 import unittest
 
 SOURCES = pathlib.Path(__file__).resolve().parents[2]
-TOOLS = ["bash", "cat", "cut", "dirname", "env", "find", "flock", "grep", "mkdir", "nice", "nproc", "readlink", "rm", "sed", "setsid",
+TOOLS = ["bash", "cat", "cut", "dirname", "env", "find", "flock", "grep", "mkdir", "nice", "nproc", "readlink", "sed", "setsid",
          "sh", "sleep", "tr"]
 BUILD_TOOLS = ["cmake", "ctest", "ninja", "c++", "clang-format"]
 
