@@ -1,26 +1,45 @@
 #pragma once
-#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
 
-/// What a signal keeps of its listeners, as far as a connection needs to know it.
+/// What a signal keeps of its listeners, whatever they are told. An ended one keeps its place while others are told.
 class SignalListeners {
 public:
+    struct Entry {
+        virtual ~Entry() = default;
+    };
+
     SignalListeners() = default;
     SignalListeners(const SignalListeners&) = delete;
     SignalListeners& operator=(const SignalListeners&) = delete;
-    virtual ~SignalListeners() = default;
-    virtual void End(const void* listener) = 0;
+
+    void Add(std::unique_ptr<Entry> entry) { m_entries.push_back(std::move(entry)); }
+    [[nodiscard]] std::size_t Count() const { return m_entries.size(); }
+    /// Nothing when that one has ended.
+    [[nodiscard]] Entry* LiveAt(std::size_t index) const;
+    [[nodiscard]] bool AnyLive() const;
+    void End(const Entry* entry);
+    void EndAll();
+    void BeginTelling() { ++m_telling; }
+    void EndTelling();
+
+private:
+    [[nodiscard]] bool Ended(const Entry* entry) const;
+    void Sweep();
+
+    std::vector<std::unique_ptr<Entry>> m_entries;
+    std::vector<const Entry*> m_ended; ///< still in `m_entries`
+    int m_telling = 0;
 };
 
 /// A listener's hold on a signal: the listener is called until the connection ends or goes. It may go after the signal.
 class [[nodiscard]] Connection {
 public:
     Connection() = default;
-    Connection(std::weak_ptr<SignalListeners> listeners, const void* listener)
+    Connection(std::weak_ptr<SignalListeners> listeners, const SignalListeners::Entry* listener)
         : m_listeners(std::move(listeners)), m_listener(listener) {}
     Connection(Connection&& other) noexcept
         : m_listeners(std::move(other.m_listeners)), m_listener(std::exchange(other.m_listener, nullptr)) {}
@@ -36,14 +55,14 @@ public:
 
     /// The listener is called no more. It may say so itself while it runs.
     void End() {
-        const void* listener = std::exchange(m_listener, nullptr);
+        const SignalListeners::Entry* listener = std::exchange(m_listener, nullptr);
         const auto listeners = std::exchange(m_listeners, {}).lock();
         if (listeners && listener) listeners->End(listener);
     }
 
 private:
     std::weak_ptr<SignalListeners> m_listeners;
-    const void* m_listener = nullptr;
+    const SignalListeners::Entry* m_listener = nullptr;
 };
 
 /// Connections that end together, with their owner. Declared last in a class, they end before what the listeners use.
@@ -79,65 +98,37 @@ public:
 
     /// Calls the listener until the connection goes.
     [[nodiscard]] Connection Connect(Listener listener) {
-        Listeners& all = Made();
-        all.entries.push_back(std::make_unique<Listener>(std::move(listener)));
-        return {m_listeners, all.entries.back().get()};
+        const SignalListeners::Entry* added = Add(std::move(listener));
+        return {m_listeners, added};
     }
     /// Calls the listener for as long as there is a signal: for a listener that owns the signal, or lives longer.
-    void ConnectForLife(Listener listener) {
-        Made().entries.push_back(std::make_unique<Listener>(std::move(listener)));
-    }
+    void ConnectForLife(Listener listener) { Add(std::move(listener)); }
 
     void operator()(Arguments... arguments) const {
-        if (const std::shared_ptr<Listeners> all = m_listeners) all->Tell(arguments...);
+        // A listener may end the signal.
+        const std::shared_ptr<SignalListeners> all = m_listeners;
+        if (!all) return;
+        all->BeginTelling();
+        for (std::size_t at = 0, present = all->Count(); at < present; ++at) {
+            if (auto* entry = all->LiveAt(at)) static_cast<Told*>(entry)->listener(arguments...);
+        }
+        all->EndTelling();
     }
-    [[nodiscard]] bool HasListeners() const { return m_listeners && m_listeners->Any(); }
+    [[nodiscard]] bool HasListeners() const { return m_listeners && m_listeners->AnyLive(); }
 
 private:
-    /// An ended listener keeps its place, empty, while others are being told.
-    struct Listeners : SignalListeners {
-        void Tell(const Arguments&... arguments) {
-            ++telling;
-            const std::size_t present = entries.size();
-            for (std::size_t at = 0; at < present; ++at) {
-                if (!Ended(entries[at].get())) (*entries[at])(arguments...);
-            }
-            if (--telling == 0) Sweep();
-        }
-        void End(const void* listener) override {
-            ended.push_back(listener);
-            if (telling == 0) Sweep();
-        }
-        void EndAll() {
-            for (const auto& entry : entries) ended.push_back(entry.get());
-            if (telling == 0) Sweep();
-        }
-        [[nodiscard]] bool Ended(const void* listener) const {
-            return std::ranges::find(ended, listener) != ended.end();
-        }
-        [[nodiscard]] bool Any() const {
-            return std::ranges::any_of(entries, [this](const auto& entry) { return !Ended(entry.get()); });
-        }
-        /// What a listener holds may itself end connections when it goes.
-        void Sweep() {
-            std::vector<std::unique_ptr<Listener>> gone;
-            const auto isEnded = [this](const auto& entry) { return Ended(entry.get()); };
-            for (auto& entry : entries) {
-                if (isEnded(entry)) gone.push_back(std::move(entry));
-            }
-            std::erase(entries, nullptr);
-            ended.clear();
-        }
-
-        std::vector<std::unique_ptr<Listener>> entries;
-        std::vector<const void*> ended; ///< still in `entries`
-        int telling = 0;
+    struct Told final : SignalListeners::Entry {
+        explicit Told(Listener told) : listener(std::move(told)) {}
+        Listener listener;
     };
 
-    Listeners& Made() {
-        if (!m_listeners) m_listeners = std::make_shared<Listeners>();
-        return *m_listeners;
+    const SignalListeners::Entry* Add(Listener listener) {
+        if (!m_listeners) m_listeners = std::make_shared<SignalListeners>();
+        auto entry = std::make_unique<Told>(std::move(listener));
+        const SignalListeners::Entry* added = entry.get();
+        m_listeners->Add(std::move(entry));
+        return added;
     }
 
-    std::shared_ptr<Listeners> m_listeners; ///< made for the first; most signals have none
+    std::shared_ptr<SignalListeners> m_listeners; ///< made for the first; most signals have none
 };

@@ -7,7 +7,6 @@
 #include <functional>
 #include <vector>
 
-class QMimeData;
 class QWidget;
 
 /// Takes files that are dropped anywhere on a window before the page or the control under the pointer sees them.
