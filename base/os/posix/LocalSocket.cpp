@@ -1,5 +1,7 @@
 #include "base/os/LocalSocket.h"
 
+#include "base/os/AnswerLine.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -83,16 +85,15 @@ bool Say(const Client& client, std::string_view message, Clock::time_point deadl
 }
 
 std::optional<std::string> Hear(const Client& client, std::size_t longest, Clock::time_point deadline) {
-    std::string heard;
+    AnswerLine answer(longest);
     while (client.Await(POLLIN, deadline)) {
         std::array<char, kReadAtOnce> bytes{};
         const ssize_t received = client.Receive(bytes);
         if (ComesLater(received)) continue;
         if (received <= 0) return std::nullopt;
-        heard.append(bytes.data(), static_cast<std::size_t>(received));
-        const std::size_t end = heard.find('\n');
-        if (std::min(end, heard.size()) >= longest) return std::nullopt;
-        if (end != std::string::npos) return heard.substr(0, end + 1);
+        const auto state = answer.Add({bytes.data(), static_cast<std::size_t>(received)});
+        if (state == AnswerLine::State::TooLong) return std::nullopt;
+        if (state == AnswerLine::State::Whole) return answer.Line();
     }
     return std::nullopt;
 }

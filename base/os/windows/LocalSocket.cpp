@@ -1,5 +1,6 @@
 #include "base/os/LocalSocket.h"
 
+#include "base/os/AnswerLine.h"
 #include "base/os/windows/Handle.h"
 #include "base/os/windows/UserAlone.h"
 #include "base/os/windows/WidePath.h"
@@ -80,13 +81,12 @@ bool Say(const PipeClient& client, std::string_view message, Clock::time_point d
 }
 
 std::optional<std::string> Hear(const PipeClient& client, std::size_t longest, Clock::time_point deadline) {
-    std::string heard;
+    AnswerLine answer(longest);
     std::array<char, kReadAtOnce> bytes{};
     while (const auto received = client.Receive(bytes, deadline)) {
-        heard.append(bytes.data(), *received);
-        const std::size_t end = heard.find('\n');
-        if (std::min(end, heard.size()) >= longest) return std::nullopt;
-        if (end != std::string::npos) return heard.substr(0, end + 1);
+        const auto state = answer.Add({bytes.data(), *received});
+        if (state == AnswerLine::State::TooLong) return std::nullopt;
+        if (state == AnswerLine::State::Whole) return answer.Line();
     }
     return std::nullopt;
 }
