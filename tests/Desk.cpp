@@ -1,40 +1,21 @@
 #include "tests/Desk.h"
 
-#include "groups/frmRenameGroup.h"
-#include "settings/frmInternetOptions.h"
-
 #include <vector>
 
 Desk::Desk(FakeSettings* shared)
-    : settings(shared ? *shared : ownSettings),
-      main({.window = window,
-            .views = views,
-            .settings = settings,
-            .messages = messages,
-            .files = files,
-            .splash = splash,
-            .sessions = sessions,
-            .layout = layout,
-            .defaultBrowser = defaultBrowser,
-            .shell = shell,
-            .folderWatch = folderWatch,
-            .trash = trash,
-            .downloads = downloads,
-            .forms = *this,
-            .clock = clock,
-            .offer = offer,
-            .engineOptions = engineOptions,
-            .report = report,
-            .tools = tools,
-            .input = input,
-            .programPath = u"/programs/tessaview",
-            .groupFolder = u"/groups/",
-            .favoritesFolder = u"/favorites"}),
-      m_skippedBefore(SkippedSteps()) {
+    : FakeSurroundings(shared), main(InstalledPlatform()), m_skippedBefore(SkippedSteps()) {
     window.closed = [this] {
         if (main.Form_QueryUnload()) main.Form_Unload();
     };
     main.sbStatus.Complaint.ConnectForLife([this](TextView words) { main.Tabs.ShowStatusText(words); });
+}
+
+MainWindowPlatform Desk::InstalledPlatform() {
+    MainWindowPlatform platform = Platform(views);
+    platform.programPath = u"/programs/tessaview";
+    platform.groupFolder = u"/groups/";
+    platform.favoritesFolder = u"/favorites";
+    return platform;
 }
 
 Desk::~Desk() { EXPECT_EQ(SkippedSteps(), m_skippedBefore) << "a step was skipped that was not announced"; }

@@ -1,19 +1,14 @@
 #pragma once
 #include "settings/SettingsStore.h"
-#include "tests/fakes/FakeDesktop.h"
-#include "tests/fakes/FakeDownloads.h"
-#include "tests/fakes/FakeForms.h"
-#include "tests/fakes/FakeProgram.h"
-#include "tests/fakes/FakeSettings.h"
+#include "tests/fakes/FakeSurroundings.h"
 #include "tests/fakes/FakeViews.h"
-#include "window/frmMain.h"
 
 #include <gtest/gtest.h>
 #include <string>
 
 /// A user at the program: the real models and handlers of the main window, fakes for what lies outside. States come
 /// as short strings to compare with.
-class Desk : public FakeForms {
+class Desk : public FakeSurroundings {
 public:
     /// The settings are those of a first start unless the test has put others there.
     explicit Desk(FakeSettings* shared = nullptr);
@@ -56,31 +51,13 @@ public:
     /// Announces that `count` steps are skipped from here on.
     void ExpectSkipped(std::size_t count) { m_skippedBefore += count; }
 
-    FakeLog log;
-    FakeSettings ownSettings;
-    FakeSettings& settings;
     FakeViews views;
-    FakeMessages messages;
-    FakeFiles files;
-    FakeWindow window{log};
-    FakeSplash splash{log};
-    FakeSessions sessions;
-    FakeLayoutFile layout;
-    FakeDefaultBrowser defaultBrowser;
-    FakeShell shell;
-    FakeFolderWatch folderWatch;
-    FakeTrash trash;
-    FakeDownloads downloads;
+    FakeWindow& window = frame;
     FakeApplication application{log};
     FakeChannel channel{log};
-    FakeClock clock;
-    FakeOffer offer;
-    FakeEngineOptions engineOptions{log};
-    FakeReport report;
-    FakeTools tools;
-    FakeInput input;
     frmMain main;
 
 private:
+    [[nodiscard]] MainWindowPlatform InstalledPlatform();
     std::size_t m_skippedBefore;
 };

@@ -65,7 +65,7 @@ public:
     QtInstanceProfile ownProfile{{}, {}};
     QWidget pageArea;
     QtEngine engine{&pageArea, ownProfile};
-    frmMain main{Platform(engine, nullptr, &ownSessions)};
+    frmMain main{Platform(engine, {.sessions = &ownSessions})};
     QtTabStrip strip{main.pcPage};
 
 private:

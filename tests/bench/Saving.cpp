@@ -4,13 +4,9 @@
 #include "qt/desktop/QtLayoutFile.h"
 #include "qt/desktop/QtSessionFiles.h"
 #include "qt/desktop/QtSettingsStorage.h"
-#include "tests/fakes/FakeDesktop.h"
-#include "tests/fakes/FakeDownloads.h"
-#include "tests/fakes/FakeForms.h"
-#include "tests/fakes/FakeProgram.h"
+#include "tests/fakes/FakeSurroundings.h"
 #include "tests/fakes/FakeViews.h"
 #include "tests/fakes/TemporaryFolder.h"
-#include "window/frmMain.h"
 
 #include <QCoreApplication>
 #include <benchmark/benchmark.h>
@@ -23,7 +19,7 @@ constexpr int kTabs = 500;
 using Clock = std::chrono::steady_clock;
 
 /// A window with its tabs, as it is when somebody reads.
-class Reader {
+class Reader : FakeSurroundings {
 public:
     Reader() {
         main.Form_Load(u"about:blank");
@@ -41,49 +37,11 @@ public:
     }
 
     TemporaryFolder folder;
-    FakeLog log;
     FakeViews views;
-    FakeMessages messages;
-    FakeFiles files;
-    FakeWindow window{log};
-    FakeSplash splash{log};
-    FakeDefaultBrowser defaultBrowser;
-    FakeShell shell;
-    FakeFolderWatch folderWatch;
-    FakeTrash trash;
-    FakeDownloads downloads;
-    FakeForms forms;
-    FakeClock clock;
-    FakeOffer offer;
-    FakeEngineOptions engineOptions{log};
-    FakeReport report;
-    FakeTools tools;
-    FakeInput input;
-    QtSettingsStorage settings{ToQt(folder.PathText("."))};
-    QtLayoutFile layout{ToQt(folder.PathText("."))};
-    std::optional<QtSessionFiles> sessions{ToQt(folder.PathText("sessions"))};
-    frmMain main{{.window = window,
-                  .views = views,
-                  .settings = settings,
-                  .messages = messages,
-                  .files = files,
-                  .splash = splash,
-                  .sessions = *sessions,
-                  .layout = layout,
-                  .defaultBrowser = defaultBrowser,
-                  .shell = shell,
-                  .folderWatch = folderWatch,
-                  .trash = trash,
-                  .downloads = downloads,
-                  .forms = forms,
-                  .clock = clock,
-                  .offer = offer,
-                  .engineOptions = engineOptions,
-                  .report = report,
-                  .tools = tools,
-                  .input = input,
-                  .programPath = {},
-                  .groupFolder = {}}};
+    QtSettingsStorage storage{ToQt(folder.PathText("."))};
+    QtLayoutFile layoutFile{ToQt(folder.PathText("."))};
+    std::optional<QtSessionFiles> savedSessions{ToQt(folder.PathText("sessions"))};
+    frmMain main{Platform(views, {.settings = &storage, .sessions = &*savedSessions, .layout = &layoutFile})};
 };
 
 /// From the end of the window until everything is on the disk.
@@ -92,7 +50,7 @@ void SaveAtTheEnd(benchmark::State& state) {
         Reader reader;
         const auto start = Clock::now();
         reader.main.Form_Unload();
-        reader.sessions.reset();
+        reader.savedSessions.reset();
         state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
     }
 }

@@ -22,7 +22,7 @@ constexpr int kFrames = 60;
 class WholeWindow : FakeSurroundings {
 public:
     explicit WholeWindow(const QString& address)
-        : main(Platform(engine, &window)),
+        : main(Platform(engine, {.window = &window})),
           strip(main.pcPage),
           statusBar(main.sbStatus),
           look(main.actBar, window),

@@ -6,25 +6,35 @@
 #include "tests/fakes/FakeSettings.h"
 #include "window/frmMain.h"
 
-/// What a main window needs of the world outside, for a test or a benchmark that looks at little of it.
-struct FakeSurroundings {
-    /// For a window whose pages come from `views`, and which has a window or a place for its sessions of its own.
-    MainWindowPlatform Platform(BrowserViewFactory& views, MainWindow* ownWindow = nullptr,
-                                SessionFiles* ownSessions = nullptr) {
-        return {.window = ownWindow ? *ownWindow : frame,
+/// What a test has of its own in place of a fake.
+struct OwnParts {
+    MainWindow* window = nullptr;
+    SettingsStorageFactory* settings = nullptr;
+    SessionFiles* sessions = nullptr;
+    LayoutFile* layout = nullptr;
+};
+
+/// What a main window needs of the world outside, for a test or a benchmark. Shows no dialog.
+struct FakeSurroundings : FakeForms {
+    /// The settings are those of a first start unless others are shared.
+    explicit FakeSurroundings(FakeSettings* shared = nullptr) : settings(shared ? *shared : ownSettings) {}
+
+    /// For a window whose pages come from `views`.
+    MainWindowPlatform Platform(BrowserViewFactory& views, const OwnParts& own = {}) {
+        return {.window = own.window ? *own.window : frame,
                 .views = views,
-                .settings = settings,
+                .settings = own.settings ? *own.settings : settings,
                 .messages = messages,
                 .files = files,
                 .splash = splash,
-                .sessions = ownSessions ? *ownSessions : sessions,
-                .layout = layout,
+                .sessions = own.sessions ? *own.sessions : sessions,
+                .layout = own.layout ? *own.layout : layout,
                 .defaultBrowser = defaultBrowser,
                 .shell = shell,
                 .folderWatch = folderWatch,
                 .trash = trash,
                 .downloads = downloads,
-                .forms = forms,
+                .forms = *this,
                 .clock = clock,
                 .offer = offer,
                 .engineOptions = engineOptions,
@@ -36,7 +46,8 @@ struct FakeSurroundings {
     }
 
     FakeLog log;
-    FakeSettings settings;
+    FakeSettings ownSettings;
+    FakeSettings& settings;
     FakeMessages messages;
     FakeFiles files;
     FakeWindow frame{log};
@@ -48,7 +59,6 @@ struct FakeSurroundings {
     FakeFolderWatch folderWatch;
     FakeTrash trash;
     FakeDownloads downloads;
-    FakeForms forms;
     FakeClock clock;
     FakeOffer offer;
     FakeEngineOptions engineOptions{log};
