@@ -18,16 +18,6 @@ void Resize(frmMain& main, void (frmResize::*mode)()) {
     main.Platform.forms.Show(form);
 }
 
-// Asked for again and again, the help has one tab.
-void ShowHelp(frmMain& main) {
-    for (std::size_t i = 1; i <= main.pcPage.Count(); ++i) {
-        auto* tab = main.pcPage.FindAt(i);
-        const auto* view = main.Browser.Find(tab->Tag);
-        if (view && view->Control->LocationURL().starts_with(OwnAddresses::kHelp)) return main.pcPage.Select(tab);
-    }
-    if (auto* view = main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(OwnAddresses::kHelp));
-}
-
 void ForgetTyped(frmMain& main) {
     for (const ToolName box : {u"cboAddress"_tool, u"cboSearch"_tool})
         if (auto* combo = main.actBar.FindCombo(box)) combo->Clear();
@@ -43,23 +33,6 @@ void Clear(frmMain& main, const BrowsingData& data, const Forgotten& done) {
     main.Platform.engineOptions.Clear(data, done);
 }
 
-void ShowInternetOptions(frmMain& main) {
-    const auto* view = main.Tabs.CurrentView();
-    const auto clear = [&main](const BrowsingData& data, const Forgotten& done) { Clear(main, data, done); };
-    frmInternetOptions form(
-        main.Platform.settings,
-        {.chooseFolder = [&main](TextView folder) { return main.Platform.files.ChooseFolder(folder); },
-         .siteChoices = main.Platform.siteChoices,
-         .clear = clear,
-         .currentPage = view ? view->Control->LocationURL() : Text(),
-         .mailProgram = main.Platform.shell.ProgramFor(u"mailto"),
-         .newsProgram = main.Platform.shell.ProgramFor(u"news")});
-    main.Platform.forms.Show(form);
-    if (!form.Apply) return;
-    main.Platform.engineOptions.ApplyInternetOptions();
-    MainLoad::ApplySleep(main);
-}
-
 } // namespace
 
 void MainCommands::ShowSettings() {
@@ -68,7 +41,22 @@ void MainCommands::ShowSettings() {
     if (form.Apply) MainLoad::ApplySettings(m_main);
 }
 
-void MainCommands::ShowInternetOptions() { ::ShowInternetOptions(m_main); }
+void MainCommands::ShowInternetOptions() {
+    const auto* view = m_main.Tabs.CurrentView();
+    const auto clear = [this](const BrowsingData& data, const Forgotten& done) { Clear(m_main, data, done); };
+    frmInternetOptions form(
+        m_main.Platform.settings,
+        {.chooseFolder = [this](TextView folder) { return m_main.Platform.files.ChooseFolder(folder); },
+         .siteChoices = m_main.Platform.siteChoices,
+         .clear = clear,
+         .currentPage = view ? view->Control->LocationURL() : Text(),
+         .mailProgram = m_main.Platform.shell.ProgramFor(u"mailto"),
+         .newsProgram = m_main.Platform.shell.ProgramFor(u"news")});
+    m_main.Platform.forms.Show(form);
+    if (!form.Apply) return;
+    m_main.Platform.engineOptions.ApplyInternetOptions();
+    MainLoad::ApplySleep(m_main);
+}
 
 void MainCommands::ShowAbout() {
     frmSplash form;
@@ -76,7 +64,15 @@ void MainCommands::ShowAbout() {
     m_main.Platform.forms.Show(form);
 }
 
-void MainCommands::ShowHelp() { ::ShowHelp(m_main); }
+// Asked for again and again, the help has one tab.
+void MainCommands::ShowHelp() {
+    for (std::size_t i = 1; i <= m_main.pcPage.Count(); ++i) {
+        auto* tab = m_main.pcPage.FindAt(i);
+        const auto* view = m_main.Browser.Find(tab->Tag);
+        if (view && view->Control->LocationURL().starts_with(OwnAddresses::kHelp)) return m_main.pcPage.Select(tab);
+    }
+    if (auto* view = m_main.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(OwnAddresses::kHelp));
+}
 
 void MainCommands::ShowSessions() {
     const auto& platform = m_main.Platform;
