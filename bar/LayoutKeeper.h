@@ -21,9 +21,9 @@ public:
     /// Writes it again when the last write failed.
     void SaveAgain();
 
-    /// Tells the user what went wrong. Filled in by the owner.
+    /// Tells the user what went wrong.
     Signal<void(TextView)> Say;
-    /// Has `SaveAgain` called in a while. Filled in by the owner.
+    /// Has `SaveAgain` called in a while.
     Signal<void()> TryAgain;
 
 private:

@@ -15,9 +15,9 @@ public:
     /// Whether what was to be written last is not on disk.
     [[nodiscard]] bool Pending() const { return m_pending; }
 
-    /// Tells the user; filled in by the owner.
+    /// The user is to be told.
     Signal<void(TextView)> Say;
-    /// Has the write tried again in a while; filled in by the owner. Without it the next change does.
+    /// The write is to be tried again in a while; else the next change does that.
     Signal<void()> TryAgain;
 
 private:

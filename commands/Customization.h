@@ -67,7 +67,7 @@ public:
 
     [[nodiscard]] CommandBar& Bar() const { return m_bar; }
 
-    /// Something was arranged. Filled in by the view.
+    /// Something was arranged.
     Signal<void()> Changed;
 
 private:

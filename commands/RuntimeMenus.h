@@ -18,7 +18,7 @@ public:
     /// Has `FoldersChanged` tell of changes in the folders of TessaGroups and Favorites from here on, also when no menu
     /// shows them.
     void WatchFolders();
-    /// Something in the folder of TessaGroups or Favorites has changed. Filled in by the owner.
+    /// Something in the folder of TessaGroups or Favorites has changed.
     Signal<void()> FoldersChanged;
     /// A band is about to be shown. Only a stale menu is built anew, only an empty folder is filled.
     void BandOpen(Band& band);

@@ -68,7 +68,7 @@ public:
     Signal<void(TextView)> Say;
     /// The list cannot be written: a sentence for the user.
     Signal<void(TextView)> Complain;
-    /// Has `WriteAgain` called in a while. Filled in by the owner.
+    /// Has `WriteAgain` called in a while.
     Signal<void()> TryAgain;
 
 private:

@@ -48,9 +48,9 @@ public:
     /// The Delete key: cancels the selected download, or takes it off the list.
     void lstDownloads_Delete();
 
-    /// Has `Show` called in a part of a second. Filled in by the view.
+    /// Has `Show` called in a part of a second.
     Signal<void()> Schedule;
-    /// The panel was shown or hidden. Filled in by the main window.
+    /// The panel was shown or hidden.
     Signal<void(bool)> Shown;
 
 private:

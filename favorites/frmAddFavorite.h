@@ -27,7 +27,7 @@ public:
     Text Told;
     /// The user has given a folder of the tree another name; its new path, nothing when that failed.
     std::optional<Text> treFolders_AfterLabelEdit(TextView path, TextView name);
-    /// A folder has a new sub-folder, whose name the user may change at once. Filled in by the view.
+    /// A folder has a new sub-folder, whose name the user may change at once.
     Signal<void(const Text& folder, const Text& made)> NewFolder;
 
 private:

@@ -48,10 +48,11 @@ public:
     /// The user wants a line moved into a folder.
     void MoveTo(Text path, const Text& folder);
 
-    /// Filled in by the view: what a folder holds has changed; the name of a line is to be edited; which folder to
-    /// move a line to (empty when the user thought better of it).
+    /// What a folder holds has changed.
     Signal<void(const Text& folder)> FolderChanged;
+    /// The name of a line is to be edited.
     Signal<void(const Text& path)> EditName;
+    /// Which folder to move a line to; empty when the user thought better of it. Filled in by the view.
     std::function<Text()> AskFolder;
 
 private:

@@ -1,6 +1,6 @@
 #pragma once
-// The controls of a form, as data. A view binds each to a widget; the form's own handler sits in the property's
-// Change slot or in Click.
+// The controls of a form, as data. A view binds each to a widget; the form's own handler listens to the property's
+// Change or to Click.
 
 #include "base/Property.h"
 #include "base/Text.h"
@@ -21,7 +21,7 @@ struct CheckBox {
 struct TextBox {
     Property<Text> Value;
     Property<bool> Enabled{true};
-    /// Gives the box the keyboard, its text selected. Filled in by the view, empty without one.
+    /// The box is to have the keyboard, its text selected; for its view.
     Signal<void()> SetFocus;
 };
 

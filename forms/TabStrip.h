@@ -4,7 +4,6 @@
 #include "base/Units.h"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <vector>

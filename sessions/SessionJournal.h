@@ -8,8 +8,6 @@
 #include "sessions/Session.h"
 #include "tabs/TabSet.h"
 
-#include <functional>
-
 /// Writes down which pages are open whenever that changes, so that a session that ends badly can be brought back.
 /// Owned by the main window.
 class SessionJournal {
@@ -45,9 +43,9 @@ public:
 
     /// The pages that this start has opened by itself.
     ::CameBack CameBack;
-    /// Has `Write` called in a part of a second. Filled in by the program; without it nothing is written meanwhile.
+    /// Has `Write` called in a part of a second. Without a listener nothing is written meanwhile.
     Signal<void()> Schedule;
-    /// Tells the user that pages could not be written down. Filled in by the program.
+    /// Tells the user that pages could not be written down.
     Signal<void(TextView)> Say;
 
 private:

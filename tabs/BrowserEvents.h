@@ -26,11 +26,11 @@ public:
     void WindowClosing(std::int16_t Index) override;
     void SoundChange(std::int16_t Index) override;
 
-    /// A view shows another address or title than before. Filled in by the main window.
+    /// A view shows another address or title than before.
     Signal<void()> Navigated;
-    /// A view's page has loaded, or its load has ended otherwise. Filled in by the main window.
+    /// A view's page has loaded, or its load has ended otherwise.
     Signal<void(std::int16_t Index)> Loaded;
-    /// Shows the menu of the page in front. Filled in by the main window.
+    /// Shows the menu of the page in front.
     Signal<void(std::int16_t Index, const PageContext& Context)> ShowMenu;
 
 private:

@@ -23,7 +23,7 @@ public:
     /// Turns the load switch of that tool's name and keeps its new state.
     void ToggleLoadOption(TextView Name);
 
-    /// Brings the stored switches into effect for the engine. Filled in by the program.
+    /// Brings the stored switches into effect for the engine.
     Signal<void()> ApplyLoadOptions;
 
 private:

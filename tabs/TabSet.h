@@ -110,9 +110,11 @@ public:
     /// Whether a tab that a page asks for comes to the front.
     bool OpenNewInFront = true;
 
-    /// Filled in by the main window: lays a view over the page area, lays the whole window out, closes it.
+    /// A view is to be laid over the page area.
     Signal<void(ArrayView&)> PlaceView;
+    /// The whole window is to be laid out.
     Signal<void()> Resize;
+    /// The window is to close.
     Signal<void()> CloseWindow;
     /// A tab has come, with the view of that index. It is not selected yet.
     Signal<void(std::int32_t Index)> Opened;

@@ -42,9 +42,9 @@ public:
 
     /// The present time. Filled in by the main window's owner; without it no tab sleeps.
     std::function<Time()> Now;
-    /// Has `Look` called once after that time, instead of when it was asked for before. Filled in like `Now`.
+    /// Has `Look` called once after that time, instead of when it was asked for before.
     Signal<void(Time)> Schedule;
-    /// Some tabs have just fallen asleep, and left memory behind that the system can have back. Filled in likewise.
+    /// Some tabs have just fallen asleep, and left memory behind that the system can have back.
     Signal<void()> Slept;
 
 private:

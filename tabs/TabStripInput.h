@@ -32,7 +32,7 @@ public:
     std::size_t PopupTabPosition = 0;
     std::size_t DropTabPosition = 0;
 
-    /// The pop-up is about to be shown. Filled in by the main window.
+    /// The pop-up is about to be shown.
     Signal<void()> Opening;
     /// The 0-based position of the tab at a point of the strip in logical pixels; -1 for none. Filled in by the
     /// strip's view.

@@ -64,7 +64,7 @@ public:
     /// stay empty.
     std::function<std::optional<ProcessUse>(std::int64_t process)> ReadProcess;
     std::function<std::chrono::milliseconds()> Now;
-    /// Brings the main window to the front, or this one. Filled in by the program.
+    /// Brings the main window to the front, or this one.
     Signal<void()> ShowMainWindow;
     Signal<void()> ShowItself;
 

@@ -27,7 +27,6 @@
 
 #include "sessions/SessionOffer.h"
 #include "settings/EngineOptions.h"
-#include <functional>
 
 struct BrowsingData;
 enum class Cleared;
@@ -137,9 +136,9 @@ public:
     /// Live copies of settings, where they take effect.
     bool& OpenNewInFront = Tabs.OpenNewInFront;
     bool& TGCloseOthersFirst = Groups.TGCloseOthersFirst;
-    /// Filled in by the program's start: what to undo of it once the window's views have ended.
+    /// The window's views have ended.
     Signal<void()> Unloaded;
-    /// Has `RetryWrites` called in a while. Filled in by the program's start.
+    /// Has `RetryWrites` called in a while.
     Signal<void()> RetryLater;
 
 private:

@@ -27,7 +27,7 @@ public:
     [[nodiscard]] QtBandMenus& Menus() { return m_menus; }
     /// The keyboard's way round the window.
     [[nodiscard]] QtFocusRing& Ring() { return m_ring; }
-    /// The bars are to be in sight, for one of them is to have the keyboard. Filled in by the owner; may be empty.
+    /// The bars are to be in sight, for one of them is to have the keyboard.
     Signal<void()> Reveal;
     /// The toolbar of a band; nothing for any other band.
     [[nodiscard]] QToolBar* ToolBar(TextView band) const;

@@ -30,8 +30,9 @@ public:
     /// Whether the menu bar, the status bar or a button of a toolbar has the keyboard; Escape leads away from there.
     [[nodiscard]] bool HasKeyboard() const;
 
-    // Filled in by the owner; each may be empty.
+    /// The page is to have the keyboard.
     Signal<void()> FocusPage;
+    // Filled in by the owner; each may be empty.
     QPointer<QWidget> Strip, StatusBar;
     /// A part that comes right after the page, and what gives it the keyboard: what the page in front asks.
     struct Asked {

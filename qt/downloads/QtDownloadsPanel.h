@@ -20,7 +20,7 @@ public:
     QtDownloadsPanel(frmDownloads& form, QMainWindow& window);
     ~QtDownloadsPanel() override;
 
-    /// Gives the keyboard back to the page. Filled in by the program.
+    /// Gives the keyboard back to the page.
     Signal<void()> FocusPage;
 
 protected:

@@ -3,7 +3,6 @@
 #include "qt/base/QtAnswerGuard.h"
 
 #include <QWidget>
-#include <functional>
 
 class QHBoxLayout;
 class QLabel;

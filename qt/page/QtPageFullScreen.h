@@ -13,7 +13,8 @@ class QWidget;
 /// full screen with it; Escape ends it, and so does leaving full screen in any other way.
 class QtPageFullScreen final : public QObject {
 public:
-    /// The window's own full screen. Filled in by the program; without them the page fills the window as it is.
+    /// Whether the window fills the screen by itself, and what has it do so; without them the page fills the window as
+    /// it is. Filled in by the program.
     std::function<bool()> WindowIsFull;
     Signal<void(bool)> SetWindowFull;
 

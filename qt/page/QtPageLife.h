@@ -32,7 +32,7 @@ public:
     /// The page's icon; the engine cannot be asked for that of a page that has slept.
     [[nodiscard]] const QIcon& Icon() const { return m_icon; }
 
-    /// What only the view knows of what goes on. Filled in by the view.
+    /// What only the view knows of what goes on.
     Signal<void(PageActivity&)> AddActivity;
     /// Another icon than before.
     Signal<void()> IconChanged;

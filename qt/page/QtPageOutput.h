@@ -34,7 +34,7 @@ public:
     /// What becomes files by way of downloads.
     [[nodiscard]] QtPageDocuments& Documents() { return m_documents; }
 
-    /// Says that a file is being written, or has been. Filled in by the program.
+    /// Says that a file is being written, or has been.
     Signal<void(const QString& words)> Say;
 
     [[nodiscard]] const QPageLayout& Layout() const { return m_layout; }

@@ -130,7 +130,7 @@ Outcome QtPageTools::ReplaceWord(TextView word) {
 
 Outcome QtPageTools::Save(TextView address, TextView path) {
     const QUrl url(ToQt(address));
-    if (!url.isValid()) return Outcome::Failed;
+    if (!url.isValid() || !SaveAddress.HasListeners()) return Outcome::Failed;
     SaveAddress(m_page, url, Text(path));
     return Outcome::Done;
 }

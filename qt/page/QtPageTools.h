@@ -27,8 +27,9 @@ public:
     Outcome Save(TextView address, TextView path) override;
     void FindSelectedLinks(std::function<void(std::vector<Text>)> answer) override;
 
-    /// Filled in by the program: saves with the page's rights; brings the developer tools of the page up.
+    /// An address is to be saved with the page's rights.
     Signal<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
+    /// The developer tools of the page are to come up.
     Signal<void(QtPage&)> ShowInspector;
 
 private:

@@ -32,7 +32,7 @@ public:
     [[nodiscard]] int HeightFor(int width) const;
     /// Takes the keyboard for the answers, if there are any.
     void TakeFocus();
-    /// Gives the keyboard back to the page. Filled in by the owner.
+    /// Gives the keyboard back to the page.
     Signal<void()> FocusPage;
 
 protected:

@@ -19,7 +19,7 @@ public:
     /// `list` is what shows the lines and is their parent.
     explicit QtTabLines(QAbstractItemView* list);
 
-    /// The button of a line was clicked. Filled in by the owner.
+    /// The button of a line was clicked.
     Signal<void(const QModelIndex&)> CloseAt;
     /// Whether the click that has just ended was one on such a button; asking forgets it.
     [[nodiscard]] bool TakeClosed() { return std::exchange(m_closed, false); }

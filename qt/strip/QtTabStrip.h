@@ -25,29 +25,28 @@ public:
 
     /// The icon of a tab's page; a null icon when it has none. Filled in by the owner.
     std::function<QIcon(const Tab&)> PageIcon;
-    /// The tab's close button was pressed. Filled in by the owner.
+    /// The tab's close button was pressed.
     Signal<void(Tab&)> CloseRequested;
-    /// The button that lists all tabs was pressed; where the list is to drop down, its right upper corner. Filled in by
-    /// the owner.
+    /// The button that lists all tabs was pressed; where the list is to drop down, its right upper corner.
     Signal<void(QPoint corner)> ListRequested;
-    /// The sound mark of a tab was pressed. Filled in by the owner.
+    /// The sound mark of a tab was pressed.
     Signal<void(Tab&)> MuteRequested;
     /// What to show of a tab while the pointer rests on it. Filled in by the owner.
     std::function<Text(const Tab&)> ToolTipText;
-    /// The right button went down at a point of the widget. Filled in by the owner.
+    /// The right button went down at a point of the widget.
     Signal<void(QPoint)> RightButtonDown;
-    /// Data is dragged over a point, with or without text; text was dropped. Filled in by the owner.
+    /// Data is dragged over a point, with or without text; text was dropped.
     Signal<void(bool hasText, QPointF)> DragOver;
     Signal<void(const Text&)> Drop;
-    /// The button for a new tab, or a double click on the empty part of the row. Filled in by the owner.
+    /// The button for a new tab, or a double click on the empty part of the row.
     Signal<void()> BlankRequested;
-    /// The right button went down on the button for a new tab. Filled in by the owner.
+    /// The right button went down on the button for a new tab.
     Signal<void()> NewMenuRequested;
-    /// Tabs came, went, moved or another one was selected. Filled in by the owner.
+    /// Tabs came, went, moved or another one was selected.
     Signal<void()> Rearranged;
-    /// The font has made the row higher or lower. Filled in by the owner.
+    /// The font has made the row higher or lower.
     Signal<void()> RowHeightChanged;
-    /// What the strip shows has changed. Filled in by the accessibility, once somebody asks for it.
+    /// What the strip shows has changed.
     Signal<void()> Changed;
 
     /// How high the row is; never less than 22.

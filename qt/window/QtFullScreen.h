@@ -26,7 +26,7 @@ public:
     /// A page fills the window: nothing calls the bars then. Filled in by the owner; may be empty.
     std::function<bool()> PageFills;
 
-    /// The window entered or left full screen, by `Set` or by the desktop. Filled in by the owner.
+    /// The window entered or left full screen, by `Set` or by the desktop.
     Signal<void(bool on)> Changed;
 
 protected:

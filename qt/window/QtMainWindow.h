@@ -53,7 +53,7 @@ public:
     /// The parent of the page views; their places are relative to it.
     [[nodiscard]] QWidget* PageArea() const { return m_inner; }
 
-    /// The inner area, or what in it takes room, has changed its size. All three are filled in by the owner.
+    /// The inner area, or what in it takes room, has changed its size.
     Signal<void()> Resized;
     /// The window has become the active one. Comes once after `Show()` even if the desktop keeps the focus elsewhere.
     Signal<void()> Activated;

@@ -1,7 +1,6 @@
 #pragma once
 #include <QRect>
 #include <QWidget>
-#include <functional>
 #include <vector>
 
 /// The bars above and below the page, which take their room from it.

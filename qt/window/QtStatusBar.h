@@ -28,7 +28,7 @@ public:
     void Complain(const QString& text);
 
     [[nodiscard]] Pixels Height() const { return m_bar.Height; }
-    /// The bar has been shown or hidden, or the font has made it higher or lower. Filled in by the owner.
+    /// The bar has been shown or hidden, or the font has made it higher or lower.
     Signal<void()> HeightChanged;
 
 protected:
