@@ -17,7 +17,7 @@ if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
   packages+=("${display_packages[@]}")
 fi
 step 1 "Packages"
-install_and_compile_core --svg "${packages[@]}"
+install_and_compile --svg "${packages[@]}"
 step 2 "Build (about a minute the first time on two processors)"
 options=(-DTESSAVIEW_QT=ON)
 is_configured "$root/build" || options+=("${program_alone[@]}")

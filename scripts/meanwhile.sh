@@ -1,65 +1,84 @@
-# Sourced by run.sh, with packages.sh and build.sh: on a fresh machine the core is compiled while Qt's packages come.
+# Sourced by run.sh, with packages.sh and build.sh: on a fresh machine what can be compiled is compiled while packages
+# come: the core while Qt's do, and the program while those do that it needs only to run.
 # shellcheck shell=bash
 # shellcheck disable=SC2154
 
 program_alone=(-DTESSAVIEW_TESTS=OFF -DTESSAVIEW_BENCH=OFF)
-core_log=$root/build/core.log
-# The process group that compiles the core.
-core=
+# Of each part that is compiled meanwhile, in turn: the process group that compiles it, what it is, and where it says
+# how far it is.
+groups=() parts=() logs=()
 
-# compile_core: goes on by itself, until finish_core or end_core.
-compile_core() {
-  local options=()
-  is_configured "$root/build" || options=(-DTESSAVIEW_QT=OFF "${program_alone[@]}")
-  echo "Meanwhile the core is compiled, which needs no Qt. How far it is stands in $core_log" >&2
+# compile_meanwhile PART TARGET [OPTION...]: goes on by itself, after what was begun before, until finish_compiling or
+# end_compiling.
+compile_meanwhile() {
+  local part=$1 log=$root/build/$2.log
+  shift
+  echo "Meanwhile $part is compiled. How far it is stands in $log" >&2
   mkdir -p "$root/build"
   # The packages come one after the other and go first. In a group of its own it ends whole, down to each compiler.
   # shellcheck disable=SC2016 # the other shell's variables
-  setsid nice -n 5 bash -c 'root=$1; . "$root/scripts/build.sh"; shift; build "$root/build" tessa_core "$@"' \
-    bash "$root" "${options[@]}" </dev/null >"$core_log" 2>&1 &
-  core=$!
-  trap end_core EXIT
+  setsid nice -n 5 bash -c 'root=$1; . "$root/scripts/build.sh"; shift; build "$root/build" "$@"' \
+    bash "$root" "$@" </dev/null >"$log" 2>&1 &
+  groups+=($!) parts+=("$part") logs+=("$log")
+  trap end_compiling EXIT
 }
 
-# end_core: when something else failed, or the user has had enough.
-end_core() {
+# end_compiling: when something else failed, or the user has had enough.
+end_compiling() {
+  local group
   trap - EXIT
-  # The group is there a moment after its first process.
-  until kill -TERM -- "-$core" 2>/dev/null || ! kill -0 "$core" 2>/dev/null; do sleep 0.05; done
-  wait "$core" 2>/dev/null || true
-}
-
-# finish_core: waits for it, and shows meanwhile how far it is. Fails, with all that was said, when the core did not
-# compile.
-finish_core() {
-  if kill -0 "$core" 2>/dev/null; then
-    echo "The packages are there; the core is compiled to its end" >&2
-    tail -n 1 -f -s 0.2 --pid="$core" "$core_log" >&2
-  fi
-  if ! wait "$core"; then
-    cat "$core_log" >&2
-    echo "The core could not be built; why stands above." >&2
-    return 1
-  fi
-  trap - EXIT
-}
-
-# install_and_compile_core [--svg] PACKAGE...: as install_missing. A core that was never compiled here needs the
-# compilers alone, so these come first, and it is compiled while the rest comes.
-install_and_compile_core() {
-  local missing first=() rest=() package
-  prepare_install "$@"
-  for package in "${missing[@]}"; do
-    if [[ " ${compiler_packages[*]} " == *" $package "* ]]; then first+=("$package"); else rest+=("$package"); fi
+  for group in "${groups[@]}"; do
+    # The group is there a moment after its first process.
+    until kill -TERM -- "-$group" 2>/dev/null || ! kill -0 "$group" 2>/dev/null; do sleep 0.05; done
+    wait "$group" 2>/dev/null || true
   done
-  if [ ${#rest[@]} = 0 ] || { is_configured "$root/build" && has_option "$root/build" TESSAVIEW_QT=ON; }; then
-    apt_install "${missing[@]}"
-    need_commands cmake ninja c++
-    return
+}
+
+# finish_compiling: waits for it, and shows meanwhile how far it is. Fails, with all that was said, when something did
+# not compile.
+finish_compiling() {
+  local i
+  for i in "${!groups[@]}"; do
+    if kill -0 "${groups[i]}" 2>/dev/null; then
+      echo "The packages are there; ${parts[i]} is compiled to its end" >&2
+      tail -n 1 -f -s 0.2 --pid="${groups[i]}" "${logs[i]}" >&2
+    fi
+    if ! wait "${groups[i]}"; then
+      end_compiling
+      cat "${logs[i]}" >&2
+      echo "${parts[i]^} could not be built; why stands above." >&2
+      return 1
+    fi
+  done
+  trap - EXIT
+}
+
+# only_of LIST...: those of `missing` that are among the packages; others_of: those that are not.
+only_of() { local each; for each in "${missing[@]}"; do [[ " $* " != *" $each "* ]] || echo "$each"; done; }
+others_of() { local each; for each in "${missing[@]}"; do [[ " $* " == *" $each "* ]] || echo "$each"; done; }
+
+# install_and_compile [--svg] PACKAGE...: as install_missing. What was never compiled here needs not all of them, so it
+# is compiled while the rest comes.
+install_and_compile() {
+  local missing compilers qt rest options=()
+  prepare_install "$@"
+  mapfile -t compilers < <(only_of "${compiler_packages[@]}")
+  mapfile -t qt < <(only_of "${program_packages[@]}" | grep -vxF -f <(printf '%s\n' "${compiler_packages[@]}"))
+  mapfile -t rest < <(others_of "${program_packages[@]}")
+  if ! is_configured "$root/build"; then
+    options=("${program_alone[@]}")
+  elif has_option "$root/build" TESSAVIEW_QT=ON; then
+    compilers=("${missing[@]}") qt=() rest=()
   fi
-  apt_install "${first[@]}"
+  apt_install "${compilers[@]}"
   need_commands cmake ninja c++
-  compile_core
-  apt_install "${rest[@]}"
-  finish_core
+  if [ ${#qt[@]} -gt 0 ]; then
+    compile_meanwhile "the core" tessa_core -DTESSAVIEW_QT=OFF "${options[@]}"
+    apt_install "${qt[@]}"
+  fi
+  if [ ${#rest[@]} -gt 0 ]; then
+    compile_meanwhile "the program" tessaview -DTESSAVIEW_QT=ON "${options[@]}"
+    apt_install "${rest[@]}"
+  fi
+  finish_compiling
 }

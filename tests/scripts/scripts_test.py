@@ -40,7 +40,8 @@ for each in "$@"; do
 done
 exit $result
 """,
-    # With "with-the-core" Qt comes no sooner than the core is begun; with "with-qt" the core is no sooner through.
+    # With "with-the-core" Qt comes no sooner than the core is begun; with "with-qt" the core is no sooner through. With
+    # "with-the-program" what it runs with comes no sooner than the program is begun.
     "apt-get": RECORD + WAIT_FOR + """[ "$1" = install ] || exit 0
 [ ! -e "$CALLS.apt-fails" ] || { echo "E: Unable to locate package" >&2; exit 100; }
 case $* in *qt6-base-dev*)
@@ -48,6 +49,9 @@ case $* in *qt6-base-dev*)
   [ ! -e "$CALLS.with-the-core" ] || wait_for "$CALLS.core-began"
   [ ! -e "$CALLS.qt-fails" ] || { echo "E: Unable to fetch some archives" >&2; exit 100; }
   [ ! -e "$CALLS.user-ends" ] || { kill -s TERM "$PPID"; exit 0; } ;;
+*qt6-wayland*)
+  [ ! -e "$CALLS.with-the-program" ] || wait_for "$CALLS.program-began"
+  [ ! -e "$CALLS.rest-fails" ] || { echo "E: Unable to fetch some archives" >&2; exit 100; } ;;
 esac
 for each in "$@"; do case $each in -*|install) ;; *) echo "$each" >>"$INSTALLED" ;; esac; done
 for each in "$LATER"/*; do [ ! -e "$each" ] || mv "$each" "$BIN/"; done
@@ -61,6 +65,11 @@ for each in "$@"; do
   [ "$before" != -S ] || home=$each
   before=$each
 done
+if [ "$1" = --build ] && [ "$4" = tessaview ]; then
+  if [ -e "$CALLS.program-fails" ]; then echo "Main.cpp:1: error: no such thing"; : >"$CALLS.program-began"; exit 1; fi
+  if [ -e "$CALLS.program-lasts" ]; then sh -c 'echo $$ >"$CALLS.compiler"; : >"$CALLS.program-began"; sleep 300; :'; fi
+  : >"$CALLS.program-began"
+fi
 if [ "$1" = --build ] && [ "$4" = tessa_core ]; then
   echo "[ 50% 1/2] Compiling Core.cpp"
   [ ! -e "$CALLS.core-fails" ] || { echo "Core.cpp:1: error: no such thing"; echo "stopped"; : >"$CALLS.core-began"; exit 1; }
@@ -211,11 +220,11 @@ class Scripts(unittest.TestCase):
             self.assertEqual(len(machine.calls("ctest")), 2, machine.said)
 
     def in_turn(self, script, machine, wanted):
-        """The calls of apt-get by which a script installs: run.sh has the compilers first."""
+        """The calls of apt-get by which a script installs: run.sh has the compilers first, then Qt."""
         if script == "test.sh":
             return [wanted]
-        compilers = machine.packages("compiler_packages")
-        return [wanted & compilers, wanted - compilers]
+        compilers, program = machine.packages("compiler_packages"), machine.packages("program_packages")
+        return [wanted & compilers, wanted & program - compilers, wanted - program]
 
     def stopped(self, machine):
         self.assertNotEqual(machine.code, 0)
@@ -336,7 +345,36 @@ class Scripts(unittest.TestCase):
     def test_the_core_is_compiled_while_the_other_packages_come(self):
         machine = self.fresh_machine("with-the-core", "with-qt")
         self.went_through("run.sh", machine)
+        self.assertEqual(machine.builds(), ["core", "tessa_core", "Qt", "tessaview", "tessaview"])
+
+    def test_the_program_is_compiled_while_the_packages_come_that_it_runs_with(self):
+        machine = self.fresh_machine("with-the-program")
+        self.went_through("run.sh", machine)
+        self.assertEqual(machine.builds(), ["core", "tessa_core", "Qt", "tessaview", "tessaview"])
+
+    def test_a_failure_of_apt_get_ends_the_program_too(self):
+        machine = self.fresh_machine("with-the-program", "program-lasts", "rest-fails")
+        self.assertNotEqual(machine.code, 0)
+        self.assertIn("The packages could not be installed", machine.said)
+        self.compiler_ended(machine)
         self.assertEqual(machine.builds(), ["core", "tessa_core", "Qt", "tessaview"])
+
+    def test_a_failure_of_the_program_is_told_in_full_when_the_packages_are_there(self):
+        machine = self.fresh_machine("with-the-program", "program-fails")
+        self.assertNotEqual(machine.code, 0)
+        self.assertEqual(len(machine.installs()), 3)
+        self.assertRegex(machine.said, "(?s)Main.cpp:1: error: no such thing.*The program could not be built; why stands above.")
+        self.assertEqual(machine.calls("tessaview"), [])
+
+    def test_with_qt_there_the_program_alone_is_compiled_meanwhile(self):
+        machine = self.new_machine()
+        machine.has(*machine.packages("program_packages"))
+        machine.has_build_tools()
+        machine.set("with-the-program")
+        machine.run("run.sh", "examples/notes.tvg")
+        self.went_through("run.sh", machine)
+        self.assertEqual(machine.builds(), ["Qt", "tessaview", "tessaview"])
+        self.assertIn("-DTESSAVIEW_TESTS=OFF", machine.calls("cmake")[0])
 
     def test_the_core_alone_asks_for_no_tests(self):
         for call in self.fresh_machine().calls("cmake")[:1]:
@@ -367,9 +405,9 @@ class Scripts(unittest.TestCase):
     def test_a_failure_of_the_core_is_told_in_full_when_the_packages_are_there(self):
         machine = self.fresh_machine("with-the-core", "core-fails")
         self.assertNotEqual(machine.code, 0)
-        self.assertEqual(len(machine.installs()), 2)
+        self.assertEqual(len(machine.installs()), 3)
         self.assertRegex(machine.said, "(?s)Core.cpp:1: error: no such thing.*The core could not be built; why stands above.")
-        self.assertEqual(machine.builds(), ["core", "tessa_core"])
+        self.assertEqual(machine.calls("tessaview"), [])
 
     def test_run_shows_how_far_the_core_is_when_the_packages_are_there_first(self):
         machine = self.fresh_machine("core-is-last")
