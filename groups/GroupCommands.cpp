@@ -4,6 +4,8 @@
 #include "base/Captions.h"
 #include "base/LinkTrust.h"
 #include "base/os/Paths.h"
+#include "tabs/OpenTabs.h"
+#include "tabs/TabKeys.h"
 
 #include <algorithm>
 
@@ -135,24 +137,22 @@ void GroupCommands::OrganizeTessaGroups() {
 void GroupCommands::StopAll() {
     // First, because a page that is stopped says that it is done.
     m_progress.Stop();
-    const auto& pcPage = m_parts.pcPage;
-    for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
-        const std::int32_t index = pcPage.FindAt(position)->Tag;
-        auto* view = m_parts.Browser.Find(index);
-        if (!view) continue;
-        ResumeNext(view->Control->Stop());
-        view = m_parts.Browser.Find(index);
-        const auto* tab = pcPage.FindAt(position);
+    for (const OpenTab open : OpenTabs(m_parts.pcPage, m_parts.Browser)) {
+        if (!open.View) continue;
+        const std::int32_t index = open.Index();
+        ResumeNext(open.View->Control->Stop());
+        // It may have closed tabs.
+        const auto* view = m_parts.Browser.Find(index);
+        const auto* tab = TabOfView(m_parts.pcPage, index);
         // A page that had not begun will never say its title.
-        const bool untitled = view && tab && tab->Tag == index && tab->Caption() == kUntitledCaption;
+        const bool untitled = view && tab && tab->Caption() == kUntitledCaption;
         if (untitled) m_parts.tabs.SetTabTitle(index, view->Control->LocationURL());
     }
 }
 
 Text GroupCommands::TitleOf(TextView address) const {
-    for (std::size_t position = 1; position <= m_parts.pcPage.Count(); ++position) {
-        const auto* view = m_parts.Browser.Find(m_parts.pcPage.FindAt(position)->Tag);
-        if (view && view->Control->LocationURL() == address) return view->Control->LocationName();
+    for (const OpenTab open : OpenTabs(m_parts.pcPage, m_parts.Browser)) {
+        if (open.View && open.Address() == address) return open.View->Control->LocationName();
     }
     return {};
 }

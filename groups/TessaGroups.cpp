@@ -4,6 +4,7 @@
 #include "base/os/AtomicFile.h"
 #include "base/os/Paths.h"
 #include "forms/TabStrip.h"
+#include "tabs/OpenTabs.h"
 
 namespace {
 
@@ -31,16 +32,14 @@ bool HasGroup(TextView path) {
 std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, ViewArray& Browser, bool withPrivate) {
     std::vector<TessaGroups::NumberedAddress> addresses;
     std::size_t left = 0;
-    for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
-        const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
-        const Text address = view ? view->Control->LocationURL() : Text();
-        const bool isKept = withPrivate || !view || view->Privacy != Privacy::Private;
-        if (!isKept || !Address::ComesBack(address)) {
+    for (const OpenTab open : OpenTabs(pcPage, Browser)) {
+        const Text address = open.Address();
+        if ((open.Private() && !withPrivate) || !Address::ComesBack(address)) {
             ++left;
             continue;
         }
         // A tab whose view is gone leaves its number out.
-        if (view) addresses.push_back({position - left, address});
+        if (open.View) addresses.push_back({open.Position - left, address});
     }
     return addresses;
 }
@@ -57,11 +56,7 @@ Answer AskOfPrivate(MessageBoxes& messages) {
 }
 
 bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser) {
-    for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
-        const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
-        if (view && view->Privacy == Privacy::Private) return true;
-    }
-    return false;
+    return std::ranges::any_of(OpenTabs(pcPage, Browser), &OpenTab::Private);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "base/LinkTrust.h"
 #include "base/os/Log.h"
+#include "tabs/OpenTabs.h"
 #include "tabs/TabKeys.h"
 
 #include <algorithm>
@@ -28,15 +29,13 @@ void SessionJournal::Touch() {
 
 Session SessionJournal::Snapshot() const {
     Session session;
-    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
-        const auto* tab = m_pcPage.FindAt(position);
-        const auto* view = m_browser.Find(tab->Tag);
-        const bool kept = view && view->Privacy == Privacy::Ordinary;
-        const Text address = kept ? view->Control->LocationURL() : Text();
-        if (kept && IsBlankAddress(address)) ++session.Blanks;
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
+        if (!open.View || open.Private()) continue;
+        const Text address = open.Address();
+        if (IsBlankAddress(address)) ++session.Blanks;
         if (!IsWorthKeeping(address)) continue;
-        session.Pages.push_back({address, view->Control->LocationName()});
-        if (tab == m_pcPage.SelectedItem()) session.Selected = session.Pages.size();
+        session.Pages.push_back({address, open.View->Control->LocationName()});
+        if (&open.Item == m_pcPage.SelectedItem()) session.Selected = session.Pages.size();
     }
     // Blank tabs alone are no session.
     if (session.Pages.empty()) session.Blanks = 0;

@@ -1,13 +1,13 @@
 #include "startpage/HomePages.h"
 
 #include "base/OwnAddresses.h"
+#include "tabs/OpenTabs.h"
 
 HomePages::Shown HomePages::Refresh(const TabStrip& pcPage, ViewArray& Browser) {
     Shown shown = Shown::Now;
-    for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
-        const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
-        if (!view || view->Control->LocationURL() != OwnAddresses::kStart) continue;
-        auto* life = view->Control->Life();
+    for (const OpenTab open : OpenTabs(pcPage, Browser)) {
+        if (open.Address() != OwnAddresses::kStart) continue;
+        const auto* life = open.Life();
         if (!life || life->Asleep()) continue;
         const PageActivity activity = life->Activity();
         if (activity.HoldsInput) continue;
@@ -15,7 +15,7 @@ HomePages::Shown HomePages::Refresh(const TabStrip& pcPage, ViewArray& Browser) 
         if (activity.Loading)
             shown = Shown::Later;
         else
-            ResumeNext(view->Control->Refresh());
+            ResumeNext(open.View->Control->Refresh());
     }
     return shown;
 }

@@ -1,5 +1,6 @@
 #include "tabs/PageLeaving.h"
 
+#include "tabs/OpenTabs.h"
 #include "tabs/TabKeys.h"
 
 #include <utility>
@@ -28,10 +29,8 @@ void PageLeaving::OnAnswer(std::int32_t Index, bool holds, const std::function<v
 void PageLeaving::FindHolders(std::function<void(const std::vector<std::int32_t>&)> told) {
     if (m_search) return;
     std::set<std::int32_t> asked;
-    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
-        const std::int32_t index = m_pcPage.FindAt(position)->Tag;
-        const auto* view = m_browser.Find(index);
-        if (view && view->Control->MayHold()) asked.insert(index);
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
+        if (open.View && open.View->Control->MayHold()) asked.insert(open.Index());
     }
     if (asked.empty()) return told({});
     m_search = Search{asked, {}, std::move(told)};
@@ -52,9 +51,8 @@ void PageLeaving::OnFound(std::int32_t Index, bool holds) {
 
 std::vector<std::int32_t> PageLeaving::InOrder(const std::set<std::int32_t>& indexes) const {
     std::vector<std::int32_t> ordered;
-    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
-        const std::int32_t index = m_pcPage.FindAt(position)->Tag;
-        if (indexes.contains(index)) ordered.push_back(index);
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
+        if (indexes.contains(open.Index())) ordered.push_back(open.Index());
     }
     return ordered;
 }

@@ -1,6 +1,7 @@
 #include "tabs/TabSleep.h"
 
 #include "forms/TabStrip.h"
+#include "tabs/OpenTabs.h"
 #include "tabs/TabKeys.h"
 
 #include <algorithm>
@@ -38,10 +39,9 @@ void TabSleep::Touch() {
 
 void TabSleep::NoteOpen(Time now) {
     Touch();
-    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
         // A tab that has just come has no view yet; it will in a moment.
-        if (const std::int32_t index = m_pcPage.FindAt(position)->Tag; index != 0)
-            m_seen.try_emplace(index, Seen{.last = now});
+        if (open.Index() != 0) m_seen.try_emplace(open.Index(), Seen{.last = now});
     }
     std::erase_if(m_seen, [&](const auto& each) { return TabOfView(m_pcPage, each.first) == nullptr; });
 }

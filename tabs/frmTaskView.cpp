@@ -55,8 +55,8 @@ void frmTaskView::Refresh() {
 void frmTaskView::Measure() {
     const auto now = Now ? Now() : std::chrono::milliseconds{0};
     auto before = std::exchange(m_processes, {});
-    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
-        const auto* life = LifeOf(m_pcPage.FindAt(position)->Key());
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
+        const auto* life = open.Life();
         const std::int64_t process = life ? life->Process() : 0;
         if (const auto known = m_processes.find(process); known != m_processes.end()) {
             ++known->second.tabs;
@@ -85,16 +85,17 @@ const frmTaskView::Measured* frmTaskView::MeasuredOf(const PageLife* life) const
     return found == m_processes.end() ? nullptr : &found->second;
 }
 
-frmTaskView::Row frmTaskView::RowOf(const Tab& tab) const {
+frmTaskView::Row frmTaskView::RowOf(const OpenTab& open) const {
+    const Tab& tab = open.Item;
     Row row;
     row.line.Key = tab.Key();
     auto& [title, address, state, memory, processor] = row.line.Cells;
-    if (const auto* view = m_browser.Find(tab.Tag)) {
+    if (const auto* view = open.View) {
         title = PlainLine(view->Control->LocationName(), kLongestTitle);
         address = PlainLine(view->Control->LocationURL(), kLongestAddress);
     }
     if (title.empty()) title = PlainLine(tab.Caption(), kLongestTitle);
-    const auto* life = LifeOf(tab.Key());
+    const auto* life = open.Life();
     state = StateOf(life, &tab == m_pcPage.SelectedItem());
     if (const auto* measured = MeasuredOf(life)) {
         row.memory = measured->use.Memory;
@@ -110,8 +111,7 @@ frmTaskView::Row frmTaskView::RowOf(const Tab& tab) const {
 void frmTaskView::Show() {
     if (!Form.Visible()) return;
     std::vector<Row> rows;
-    for (std::size_t position = 1; position <= m_pcPage.Count(); ++position)
-        rows.push_back(RowOf(*m_pcPage.FindAt(position)));
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) rows.push_back(RowOf(open));
     const auto [column, descending] = Order();
     const auto before = [column = column](const Row& a, const Row& b) {
         if (column == TaskColumn::Memory) return a.memory < b.memory;

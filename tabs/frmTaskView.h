@@ -4,7 +4,7 @@
 #include "forms/Controls.h"
 #include "forms/TabStrip.h"
 #include "settings/Drawing.h"
-#include "tabs/ViewArray.h"
+#include "tabs/OpenTabs.h"
 
 #include <array>
 #include <chrono>
@@ -86,7 +86,7 @@ private:
     void Show();
     void ShowSelected();
     void ShowTotal();
-    [[nodiscard]] Row RowOf(const Tab& tab) const;
+    [[nodiscard]] Row RowOf(const OpenTab& open) const;
     [[nodiscard]] PageLife* LifeOf(TextView key) const;
     [[nodiscard]] const Measured* MeasuredOf(const PageLife* life) const;
 
