@@ -4,15 +4,70 @@
 #include "base/Captions.h"
 #include "base/OwnAddresses.h"
 #include "base/PlainText.h"
+#include "base/Records.h"
+
+#include <algorithm>
 
 namespace {
 
-constexpr std::string_view kHeader = "TessaView session 1";
-constexpr std::string_view kTime = "time=", kEnded = "ended=", kSettled = "settled=", kSelected = "selected=",
-                           kBlanks = "blanks=";
-constexpr std::string_view kPage = "page=";
+constexpr TextView kSession = u"Session", kPage = u"Page";
+constexpr TextView kTime = u"Time", kEnded = u"Ended", kSettled = u"Settled", kSelected = u"Selected",
+                   kBlanks = u"Blanks";
+constexpr TextView kAddress = u"Address", kTitle = u"Title";
 
-std::int64_t Number(std::string_view digits) {
+Text CleanOf(TextView text) { return FromBytes(WithoutControls(ToUtf8(text))); }
+
+Record RecordOf(const Session& session) {
+    Record record{.Name = Text(kSession), .Values = {}};
+    const auto add = [&](TextView field, Text value) { record.Values.emplace(field, std::move(value)); };
+    add(kTime, Decimal(session.Time));
+    add(kEnded, session.Ended ? u"1" : u"0");
+    add(kSettled, session.Settled ? u"1" : u"0");
+    add(kSelected, Decimal(static_cast<std::int64_t>(session.Selected)));
+    if (session.Blanks > 0) add(kBlanks, Decimal(static_cast<std::int64_t>(session.Blanks)));
+    return record;
+}
+
+Record RecordOf(const SessionPage& page) {
+    return {.Name = Text(kPage),
+            .Values = {{Text(kAddress), CleanOf(page.Address)}, {Text(kTitle), CleanOf(page.Title)}}};
+}
+
+// A number that is none, or below zero, is 0.
+std::int64_t NumberOf(const Record& record, TextView field) {
+    return std::max<std::int64_t>(record.FindNumber(field).value_or(0), 0);
+}
+
+Session SessionOf(const Record& record) {
+    return {.Time = NumberOf(record, kTime),
+            .Ended = record.Says(kEnded),
+            .Settled = record.Says(kSettled),
+            .Selected = static_cast<std::size_t>(NumberOf(record, kSelected)),
+            .Blanks = static_cast<std::size_t>(NumberOf(record, kBlanks)),
+            .Pages = {}};
+}
+
+// A page whose title was lost is one still.
+std::optional<SessionPage> PageOf(const Record& record) {
+    const Text* address = record.FindText(kAddress);
+    if (record.Name != kPage || !address) return std::nullopt;
+    const Text* title = record.FindText(kTitle);
+    return SessionPage{*address, title ? *title : Text()};
+}
+
+std::optional<Session> FromRecords(const std::vector<Record>& records) {
+    if (records.empty() || records.front().Name != kSession) return std::nullopt;
+    Session session = SessionOf(records.front());
+    for (const Record& record : records) {
+        if (auto page = PageOf(record)) session.Pages.push_back(*std::move(page));
+    }
+    return session;
+}
+
+// What the first versions wrote: a line of this text, then a line for each value and for each page.
+constexpr std::string_view kFirstHeader = "TessaView session 1\n";
+
+std::int64_t FirstNumber(std::string_view digits) {
     std::int64_t number = 0;
     for (const char digit : digits) {
         if (digit < '0' || digit > '9' || number > INT64_MAX / 100) break;
@@ -21,23 +76,32 @@ std::int64_t Number(std::string_view digits) {
     return number;
 }
 
-SessionPage PageOf(std::string_view line) {
+SessionPage FirstPage(std::string_view line) {
     const auto tab = line.find('\t');
     if (tab == std::string_view::npos) return {FromBytes(line), {}};
     return {FromBytes(line.substr(0, tab)), FromBytes(line.substr(tab + 1))};
 }
 
-void Read(Session& session, std::string_view line) {
+void ReadFirst(Session& session, std::string_view line) {
     const auto value = [&](std::string_view name) -> std::optional<std::string_view> {
         if (!line.starts_with(name)) return std::nullopt;
         return line.substr(name.size());
     };
-    if (const auto time = value(kTime)) session.Time = Number(*time);
-    if (const auto ended = value(kEnded)) session.Ended = *ended == "1";
-    if (const auto settled = value(kSettled)) session.Settled = *settled == "1";
-    if (const auto selected = value(kSelected)) session.Selected = static_cast<std::size_t>(Number(*selected));
-    if (const auto blanks = value(kBlanks)) session.Blanks = static_cast<std::size_t>(Number(*blanks));
-    if (const auto page = value(kPage)) session.Pages.push_back(PageOf(*page));
+    if (const auto time = value("time=")) session.Time = FirstNumber(*time);
+    if (const auto ended = value("ended=")) session.Ended = *ended == "1";
+    if (const auto settled = value("settled=")) session.Settled = *settled == "1";
+    if (const auto selected = value("selected=")) session.Selected = static_cast<std::size_t>(FirstNumber(*selected));
+    if (const auto blanks = value("blanks=")) session.Blanks = static_cast<std::size_t>(FirstNumber(*blanks));
+    if (const auto page = value("page=")) session.Pages.push_back(FirstPage(*page));
+}
+
+Session FromFirst(std::string_view lines) {
+    Session session;
+    for (auto end = lines.find('\n'); end != std::string_view::npos; end = lines.find('\n')) {
+        ReadFirst(session, lines.substr(0, end));
+        lines.remove_prefix(end + 1);
+    }
+    return session;
 }
 
 constexpr std::size_t kMostNamedPages = 3;
@@ -59,34 +123,16 @@ Text PageName(const SessionPage& page) {
 } // namespace
 
 std::string SessionBytes(const Session& session) {
-    std::string bytes(kHeader);
-    const auto add = [&](std::string_view name, const std::string& value) {
-        bytes += '\n';
-        bytes += name;
-        bytes += value;
-    };
-    add(kTime, std::to_string(session.Time));
-    add(kEnded, session.Ended ? "1" : "0");
-    add(kSettled, session.Settled ? "1" : "0");
-    add(kSelected, std::to_string(session.Selected));
-    if (session.Blanks > 0) add(kBlanks, std::to_string(session.Blanks));
-    for (const SessionPage& page : session.Pages)
-        add(kPage, WithoutControls(ToUtf8(page.Address)) + '\t' + WithoutControls(ToUtf8(page.Title)));
-    return bytes + '\n';
+    std::vector<Record> records{RecordOf(session)};
+    for (const SessionPage& page : session.Pages) records.push_back(RecordOf(page));
+    return RecordBytes(records);
 }
 
 std::optional<Session> SessionFromBytes(std::string_view bytes) {
-    Session session;
-    bool first = true;
-    for (auto end = bytes.find('\n'); end != std::string_view::npos; end = bytes.find('\n')) {
-        const std::string_view line = bytes.substr(0, end);
-        if (first && line != kHeader) return std::nullopt;
-        if (!first) Read(session, line);
-        first = false;
-        bytes.remove_prefix(end + 1);
-    }
-    if (first) return std::nullopt;
-    if (session.Selected > session.Pages.size()) session.Selected = 0;
+    const std::string_view lines = WholeLines(bytes);
+    std::optional<Session> session = lines.starts_with(kFirstHeader) ? FromFirst(lines.substr(kFirstHeader.size()))
+                                                                     : FromRecords(ParseRecords(lines));
+    if (session && session->Selected > session->Pages.size()) session->Selected = 0;
     return session;
 }
 

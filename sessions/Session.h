@@ -25,10 +25,12 @@ struct Session {
     bool operator==(const Session&) const = default;
 };
 
-/// A session as text: a line of its own for each page. Line ends and tabs inside a title become blanks.
+/// A session as the text of a file: a record of its own, then one for each page. Line ends and tabs inside a title
+/// become blanks.
 [[nodiscard]] std::string SessionBytes(const Session& session);
 
-/// Reads what `SessionBytes` wrote. Nothing for anything else; of a text that breaks off, the whole lines.
+/// Reads what `SessionBytes` wrote, now or in the first versions. Nothing for anything else; of a text that breaks off,
+/// the whole lines.
 [[nodiscard]] std::optional<Session> SessionFromBytes(std::string_view bytes);
 
 /// When a session was last written and what was open in it, for a person: the first titles, how many more, and how many

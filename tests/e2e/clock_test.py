@@ -58,9 +58,7 @@ class Clock(unittest.TestCase):
             self.assertEqual(later.wait_end(), 0)
 
     def time_in(self, file):
-        with open(file, encoding="utf-8") as session:
-            [time] = [int(line[5:]) for line in session if line.startswith("time=")]
-        return time
+        return Session(file).time
 
     def test_between_two_runs_the_newest_session_stays_the_newest(self):
         with self.start(self.pages.address("Before")) as program:

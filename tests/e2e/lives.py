@@ -17,6 +17,7 @@ import unittest
 
 import desk
 import pointer
+from records import records_of
 
 HOME = "home"  # the tab of the home page, which no session keeps
 FRESH = 1.0  # seconds
@@ -156,20 +157,15 @@ class Session:
     """A session as it lies on disk."""
 
     def __init__(self, file):
-        self.pages, self.titles, self.front, self.ended, self.settled = [], [], 0, False, False
-        with open(file, encoding="utf-8") as session:
-            lines = session.read().split("\n")
-        assert lines[0] == "TessaView session 1" and lines[-1] == "", f"{file} is not whole: {lines}"
-        for line in lines[1:-1]:
-            name, _, value = line.partition("=")
-            if name == "page":
-                address, _, title = value.partition("\t")
-                self.pages.append(address.rpartition("/")[2])
-                self.titles.append(title)
-            elif name == "selected":
-                self.front = int(value)
-            elif name in ("ended", "settled"):
-                setattr(self, name, value == "1")
+        self.pages, self.titles = [], []
+        (name, own), *pages = records_of(file)
+        assert name == "Session", f"{file} begins with {name}"
+        self.time, self.front = int(own["Time"]), int(own["Selected"])
+        self.ended, self.settled = own["Ended"] == "1", own["Settled"] == "1"
+        for name, page in pages:
+            assert name == "Page", f"{file} has {name}"
+            self.pages.append(page["Address"].rpartition("/")[2])
+            self.titles.append(page["Title"])
 
     def written(self):
         return tuple(self.pages), self.front

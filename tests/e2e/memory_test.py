@@ -6,6 +6,7 @@ import os
 import unittest
 
 import desk
+from records import records_of
 
 PROGRAM = desk.program_file()
 COUNT = 60
@@ -44,11 +45,10 @@ def renderers(program):
 
 def kept_pages(home):
     """The addresses of the session that runs, in its order."""
-    lines = []
+    pages = []
     for file in glob.glob(f"{home}/**/sessions/*.session", recursive=True):
-        with open(file, encoding="utf-8") as session:
-            lines += [line[5:].split("\t")[0] for line in session.read().splitlines() if line.startswith("page=")]
-    return lines
+        pages += [fields["Address"] for name, fields in records_of(file) if name == "Page"]
+    return pages
 
 
 class Memory(unittest.TestCase):

@@ -254,7 +254,7 @@ class Restart(unittest.TestCase):
         def written():
             # The folder is made with the first session that is written down.
             sessions = pathlib.Path(self.home, "sessions").glob("*.session")
-            return any(f"\t{title}\n" in each.read_text(encoding="utf-8") for each in sessions)
+            return any(f"\nTitle={title}\n" in each.read_text(encoding="utf-8") for each in sessions)
 
         desk.wait_until(written, what="the session was not written down")
 

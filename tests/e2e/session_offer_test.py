@@ -28,7 +28,7 @@ class SessionOffer(unittest.TestCase):
         def written():
             files = [os.path.join(folder, name) for name in os.listdir(folder)]
             mine = [file for file in files if file.endswith(f"-{program.process.pid}.session")]
-            return mine and lives.Session(mine[0]).pages == list(titles)
+            return mine and lives.Session(mine[0]).titles == list(titles)
 
         desk.wait_until(written, what=lambda: f"{titles} are not written down")
 

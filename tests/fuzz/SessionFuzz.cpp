@@ -24,5 +24,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(bytes);
     // Nobody guesses the first line by chance.
     Check("TessaView session 1\n" + bytes);
+    Check("[Session]\n" + bytes);
     return 0;
 }

@@ -311,7 +311,7 @@ TEST_F(TabsInLittleMemory, CaptionTitleAndSessionStayAsTheyWere) {
     ASSERT_EQ(Asleep(), "2 3 4");
     EXPECT_EQ(desk.Captions(), "[1*] 2 Long read 4");
     desk.main.Sessions.Write();
-    EXPECT_NE(desk.sessions.own.find("http://long.example/a\tLong read"), std::string::npos);
+    EXPECT_NE(desk.sessions.own.find("Address=http://long.example/a\nTitle=Long read\n"), std::string::npos);
 }
 
 TEST_F(TabsInLittleMemory, IdleOnesSleepByTheirTimeAsWell) {
