@@ -1,51 +1,76 @@
 #include "downloads/DownloadList.h"
 
+#include "base/Records.h"
+
 #include <array>
-#include <charconv>
 
 namespace {
 
-/// A line a download: state, problem, bytes received, bytes in all, path, address, when it was done, separated by tabs.
-/// Tabs and ends of lines do not occur in paths that we make, and not in addresses. Where nobody knows when it was
-/// done, the last one is not there.
-constexpr std::size_t kFields = 7;
+constexpr TextView kDownload = u"Download";
+constexpr TextView kState = u"State", kProblem = u"Problem", kReceived = u"Received", kTotal = u"Total",
+                   kPath = u"Path", kAddress = u"Address", kEnded = u"Ended";
 constexpr std::int64_t kProblems = static_cast<std::int64_t>(DownloadProblem::Other) + 1;
 constexpr std::int64_t kStates = static_cast<std::int64_t>(DownloadState::Cancelled) + 1;
 
-std::optional<std::int64_t> NumberField(std::string_view text) {
-    std::int64_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-    return number;
-}
+/// What the first versions wrote, a line a download: these fields in this order, separated by tabs. Where nobody knew
+/// when it was done, the last one is not there.
+constexpr std::array kFirstFields{kState, kProblem, kReceived, kTotal, kPath, kAddress, kEnded};
 
-std::optional<std::array<std::string_view, kFields>> FieldsOf(std::string_view line) {
-    std::array<std::string_view, kFields> fields;
-    for (std::size_t i = 0; i < kFields; ++i) {
+// Nothing else begins with a name in brackets.
+bool IsFirst(std::string_view bytes) { return !bytes.empty() && bytes.front() != '['; }
+
+std::optional<Record> RecordOfFirst(std::string_view line) {
+    Record record{.Name = Text(kDownload), .Values = {}};
+    for (std::size_t i = 0; i < kFirstFields.size(); ++i) {
         const std::size_t tab = line.find('\t');
+        auto value = FromUtf8(line.substr(0, tab));
+        if (!value) return std::nullopt;
+        record.Values.emplace(kFirstFields[i], *std::move(value));
         const bool last = tab == std::string_view::npos;
-        fields[i] = line.substr(0, tab);
-        if (last && i + 2 == kFields) return fields;
-        if (last != (i + 1 == kFields)) return std::nullopt;
-        line.remove_prefix(tab == std::string_view::npos ? line.size() : tab + 1);
+        if (last && i + 2 == kFirstFields.size()) return record;
+        if (last != (i + 1 == kFirstFields.size())) return std::nullopt;
+        line.remove_prefix(last ? line.size() : tab + 1);
     }
-    return fields;
+    return record;
 }
 
-std::optional<Download> DownloadFrom(std::string_view line) {
-    const auto fields = FieldsOf(line);
-    if (!fields) return std::nullopt;
-    const auto& [stateText, problemText, receivedText, totalText, path, address, endedText] = *fields;
-    const auto state = NumberField(stateText), problem = NumberField(problemText), received = NumberField(receivedText),
-               total = NumberField(totalText), ended = NumberField(endedText.empty() ? "0" : endedText);
-    const auto place = FromUtf8(path), from = FromUtf8(address);
-    if (!state || !problem || !received || !total || !ended || !place || !from) return std::nullopt;
-    if (*state < 0 || *state >= kStates || *problem < 0 || *problem >= kProblems) return std::nullopt;
-    if (*received < 0 || *ended < 0 || !place->starts_with(u'/') || from->empty()) return std::nullopt;
+std::vector<Record> RecordsOfFirst(std::string_view lines) {
+    std::vector<Record> records;
+    while (!lines.empty()) {
+        const std::size_t end = lines.find('\n');
+        if (auto record = RecordOfFirst(lines.substr(0, end))) records.push_back(*std::move(record));
+        lines.remove_prefix(end + 1);
+    }
+    return records;
+}
+
+std::optional<DownloadReport> ReportOf(const Record& record) {
+    const auto state = record.FindNumber(kState), problem = record.FindNumber(kProblem),
+               received = record.FindNumber(kReceived), total = record.FindNumber(kTotal);
+    if (!state || !problem || !received || !total) return std::nullopt;
+    if (*state < 0 || *state >= kStates || *problem < 0 || *problem >= kProblems || *received < 0) return std::nullopt;
+    return DownloadReport{static_cast<DownloadState>(*state), static_cast<DownloadProblem>(*problem), *received,
+                          *total};
+}
+
+// When it was done; 0 where the list does not say.
+std::optional<std::int64_t> EndOf(const Record& record) {
+    const Text* text = record.FindText(kEnded);
+    if (!text || text->empty()) return 0;
+    const auto ended = record.FindNumber(kEnded);
+    return ended && *ended >= 0 ? ended : std::nullopt;
+}
+
+std::optional<Download> DownloadOf(const Record& record) {
+    const auto report = ReportOf(record);
+    const auto ended = EndOf(record);
+    const Text *path = record.FindText(kPath), *address = record.FindText(kAddress);
+    if (record.Name != kDownload || !record.Whole || !report || !ended || !path || !address) return std::nullopt;
+    if (!path->starts_with(u'/') || address->empty()) return std::nullopt;
     Download download;
-    download.Address = *from;
-    download.Path = *place;
-    download.Report = {static_cast<DownloadState>(*state), static_cast<DownloadProblem>(*problem), *received, *total};
+    download.Address = *address;
+    download.Path = *path;
+    download.Report = *report;
     download.Ended = *ended;
     if (download.Active()) {
         download.Report.State = DownloadState::Broken;
@@ -54,37 +79,38 @@ std::optional<Download> DownloadFrom(std::string_view line) {
     return download;
 }
 
-bool Fits(TextView text) { return text.find_first_of(u"\t\r\n") == TextView::npos; }
+Record RecordOf(const Download& download) {
+    const DownloadReport& report = download.Report;
+    Record record{.Name = Text(kDownload), .Values = {}};
+    const auto add = [&](TextView field, TextView value) { record.Values.emplace(field, Text(value)); };
+    add(kState, Decimal(static_cast<std::int64_t>(report.State)));
+    add(kProblem, Decimal(static_cast<std::int64_t>(report.Problem)));
+    add(kReceived, Decimal(report.Received));
+    add(kTotal, Decimal(report.Total));
+    add(kPath, download.Path);
+    // An address that holds the file itself is no address to fetch it from again.
+    add(kAddress, download.Address.starts_with(u"data:") ? TextView(u"data:") : TextView(download.Address));
+    if (download.Ended > 0) add(kEnded, Decimal(download.Ended));
+    return record;
+}
 
 } // namespace
 
 namespace DownloadList {
 
 std::string Bytes(const std::deque<Download>& all) {
-    std::string bytes;
+    std::vector<Record> records;
     for (const Download& each : all) {
-        // An address that holds the file itself is no address to fetch it from again.
-        if (each.Kept == Remembered::No || !Fits(each.Path) || !Fits(each.Address)) continue;
-        const TextView address = TextView(each.Address).starts_with(u"data:") ? TextView(u"data:") : each.Address;
-        const DownloadReport& report = each.Report;
-        for (const std::int64_t number : {static_cast<std::int64_t>(report.State),
-                                          static_cast<std::int64_t>(report.Problem), report.Received, report.Total})
-            bytes += std::to_string(number) + '\t';
-        bytes += ToUtf8(each.Path) + '\t' + ToUtf8(address);
-        if (each.Ended > 0) bytes += '\t' + std::to_string(each.Ended);
-        bytes += '\n';
+        if (each.Kept == Remembered::Yes) records.push_back(RecordOf(each));
     }
-    return bytes;
+    return RecordBytes(records);
 }
 
 std::vector<Download> Read(std::string_view bytes) {
+    const std::string_view lines = WholeLines(bytes);
     std::vector<Download> all;
-    while (!bytes.empty()) {
-        const std::size_t end = bytes.find('\n');
-        // A line without an end was cut off.
-        if (end == std::string_view::npos) break;
-        if (auto download = DownloadFrom(bytes.substr(0, end))) all.push_back(std::move(*download));
-        bytes.remove_prefix(end + 1);
+    for (const Record& record : IsFirst(lines) ? RecordsOfFirst(lines) : ParseRecords(lines)) {
+        if (auto download = DownloadOf(record)) all.push_back(*std::move(download));
     }
     return all;
 }

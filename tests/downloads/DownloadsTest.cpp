@@ -6,7 +6,6 @@
 #include "tests/fakes/System.h"
 #include "tests/fakes/TemporaryFolder.h"
 
-#include <random>
 #include <sys/stat.h>
 
 namespace {
@@ -435,53 +434,6 @@ TEST_F(DownloadsTest, AListThatCannotBeWrittenIsSaidOnceAndWrittenWhenThereIsRoo
     EXPECT_EQ(DownloadList::Read(folder.Read("list")).size(), 1U);
     EXPECT_EQ(asked, 2);
     EXPECT_EQ(downloads.CountActive(), 1U);
-}
-
-// Any bytes may lie where the list should: what is read of them is sound, and comes back from its own bytes.
-TEST(DownloadListFuzz, AnyBytesGiveASoundList) {
-    std::minstd_rand random(4711);
-    const std::string_view pieces[] = {"0",
-                                       "1",
-                                       "3",
-                                       "4",
-                                       "5",
-                                       "7",
-                                       "-1",
-                                       "9223372036854775808",
-                                       "\t",
-                                       "\t",
-                                       "\n",
-                                       "/a/file",
-                                       "..",
-                                       "data:",
-                                       "\r",
-                                       "\xC3",
-                                       "http://a.example/",
-                                       " ",
-                                       std::string_view("\0", 1),
-                                       "0\t0\t5\t9\t/a/b\thttp://a/\n"};
-    std::size_t read = 0;
-    for (int round = 0; round < 20000; ++round) {
-        std::string bytes;
-        for (std::size_t count = random() % 24; count > 0; --count) {
-            if (random() % 8 == 0)
-                bytes += static_cast<char>(random() % 256);
-            else
-                bytes += pieces[random() % std::size(pieces)];
-        }
-        const std::vector<Download> all = DownloadList::Read(bytes);
-        ASSERT_LE(all.size(), bytes.size());
-        for (const Download& each : all) {
-            EXPECT_TRUE(each.Path.starts_with(u'/') && !each.Address.empty());
-            EXPECT_TRUE(!each.Active() && each.Report.Received >= 0);
-        }
-        const std::deque<Download> again(all.begin(), all.end());
-        const std::string written = DownloadList::Bytes(again);
-        const std::vector<Download> back = DownloadList::Read(written);
-        EXPECT_EQ(DownloadList::Bytes({back.begin(), back.end()}), written);
-        read += all.size();
-    }
-    EXPECT_GT(read, 1000U) << "the bytes are to hit something";
 }
 
 TEST_F(DownloadsTest, ItsListIsTheUsersAlone) {
