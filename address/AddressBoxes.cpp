@@ -10,7 +10,7 @@ namespace {
 constexpr ToolName kAddressBox = u"cboAddress"_tool;
 constexpr ToolName kSearchBox = u"cboSearch"_tool;
 
-// Deliberate: only the presence of a dot is looked at, so an address that has its scheme gets the prefix as well.
+// Deliberate: only the presence of a dot is looked at. So an address that has its scheme gets the prefix as well.
 Text Completed(const Text& text) {
     const bool hasDot = text.find(u'.') != Text::npos;
     return u"http://www." + text + (hasDot ? u"" : u".com");
@@ -78,7 +78,7 @@ void AddressBoxes::SelChange(ComboTool& box) {
     if (box.Name() == kSearchBox) SearchFor(text);
 }
 
-// Whoever changes his mind sees the page's address again, ready to be typed over.
+// A user who changes his mind sees the page's address again, ready to be typed over.
 void AddressBoxes::RestoreAddress(ComboTool& box) {
     if (!m_tabs.CurrentView()) return;
     m_tabs.ShowAddress();

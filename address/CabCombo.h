@@ -4,13 +4,13 @@
 /// What the address box and the search box know of texts entered before: their list, newest first.
 namespace CabCombo {
 
-/// Completes what the user has typed from the box's list and selects what it added, so that typing on replaces it.
-/// Called after every change of the text. `PrevText` is the text before the caret as the last call left it; nothing is
+/// Completes what the user has typed from the box's list. What it adds is selected, so that typing on replaces it.
+/// Called after every change of the text. `PrevText` is the text before the caret as the last call left it. Nothing is
 /// completed while that does not grow.
 void AutoComplete(Text& PrevText, ComboTool& Combo);
 
-/// Puts an entry at the top of the list and lets the oldest one go when there are more than `MaxItems`. Does nothing
-/// without a box.
+/// Puts an entry at the top of the list. The oldest one goes when there are more than `MaxItems`. Does nothing without
+/// a box.
 void AddFindEntry(TextView Entry, ComboTool* Tool, std::int32_t MaxItems);
 
 /// How many entries each list keeps.

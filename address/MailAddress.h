@@ -6,11 +6,11 @@ namespace MailAddress {
 
 [[nodiscard]] bool IsMail(TextView address);
 
-/// The address as mail programs read it. What the program's own mails say arrives whole, whatever it contains; in any
-/// other address only what no mail address may contain is encoded.
+/// The address as mail programs read it. What the program's own mails say arrives whole, whatever it contains. In any
+/// other address, only what a mail address may not contain is encoded.
 [[nodiscard]] Text Encoded(TextView address);
 
-/// Of the fields behind an address's "?", encoded, those that a page may fill in: mail programs attach files of this
+/// Of the encoded fields behind an address's "?", those that a page may fill in. Mail programs attach files of this
 /// computer when a field says so. Empty when none is left.
 [[nodiscard]] Text FieldsFromPage(TextView fields);
 

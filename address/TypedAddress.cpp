@@ -47,7 +47,7 @@ std::size_t SizeOfNumbers(TextView text) {
     return end != TextView::npos && end > 1 && text[end] == u']' ? end + 1 : 0;
 }
 
-/// How many units at the beginning are a name of words with dots between them, and one behind; 0 for none.
+/// How many units at the beginning are a name: words with a dot between and one behind. 0 for none.
 std::size_t SizeOfName(TextView text) {
     const TextView name = text.substr(0, text.find_first_of(u" \t\n\v\f\r/?#:@"));
     return name.starts_with(u'.') || name.find(u"..") != TextView::npos ? 0 : name.size();

@@ -23,7 +23,7 @@ struct TypedAddress {
 /// Whether that can be read as an address; what stands in it is the engine's business.
 using AddressCheck = bool (*)(TextView address);
 
-/// A full address, a host without scheme (https first, http when that cannot connect), a local path, else words for the
-/// search partner. Nothing leads to about:blank. Scripts are no address: they lead to about:blank too. What `isAddress`
-/// refuses is words.
+/// A full address, a host without a scheme, a local path, or words for the search partner. A host is tried with https,
+/// then with http when that cannot connect. Nothing leads to about:blank. Scripts are no address: they lead to
+/// about:blank too. What `isAddress` refuses is words.
 [[nodiscard]] TypedAddress MeaningOf(TextView typed, AddressCheck isAddress);

@@ -8,12 +8,12 @@
 #include <unordered_map>
 #include <vector>
 
-/// What a band is: the menu bar, a toolbar, a menu that drops down from a tool, or a menu at the pointer.
+/// What a band is: the menu bar, a toolbar, a menu of a tool, or a menu at the pointer.
 enum class BandKind { MenuBar, Toolbar, Menu, Popup };
 
 enum class DockSide { Top, Bottom, Left, Right, Floating };
 
-/// Where a toolbar stands: on a side, in a row counted from the window's edge, at a place in that row. A floating one
+/// Where a toolbar stands: its side, its row, counted from the window's edge, and its place in that row. A floating one
 /// has a position on the screen in logical pixels instead.
 struct Docking {
     DockSide Side = DockSide::Top;
@@ -112,7 +112,7 @@ struct Shortcut {
 
 enum class KeyUsed : bool { No = false, Yes = true };
 
-/// Where a key leads the keyboard: into the menu bar, or on to the next or the previous part of the window.
+/// Where a key moves the focus: into the menu bar, or to the next or previous part of the window.
 enum class BarStep { MenuBar, Next, Previous };
 
 /// The main window's one command bar: tools, and the bands that list them. Every click on a tool, wherever it is
@@ -163,13 +163,13 @@ public:
     /// Has the view lay the toolbars out anew, now.
     void RecalcLayout();
 
-    /// Clicks the tool whose combination it is, gives a box the keyboard, or opens the menu of a tool that does nothing
-    /// else; a disabled tool does not use the key. F10 and F6 lead the keyboard about the window.
+    /// Clicks the tool that has the combination, or moves the focus to a box. A tool that does nothing else opens its
+    /// menu. A disabled tool does not use the key. F10 and F6 lead the keyboard about the window.
     KeyUsed KeyDown(KeyStroke key);
     /// The bar uses a key's way up when it has used its way down, whatever else is held by then. Alt that goes up and
     /// was pressed alone (`Keys::kAltAlone`) leads to the menu bar.
     KeyUsed KeyUp(KeyStroke key);
-    /// A view tells which box's text the user is changing, or none: Escape is for that box then, not for a command.
+    /// A view tells which box's text the user is changing, or none. Escape is then for that box, not for a command.
     void SetEdited(const ComboTool* box);
     [[nodiscard]] const ComboTool* Edited() const { return m_edited; }
     /// A view tells that the user types into a box of the window, of the bar or another.

@@ -4,16 +4,16 @@
 #include <string>
 #include <string_view>
 
-/// The layout of the command bar as the bytes of a file: how the toolbars look, the widths of the boxes, and of each
-/// band its kind, caption, visibility, docking and tools. INI text; a band is a section of its own, so that damage to
-/// one costs no other. The names of all tools of the day are written too, so that a later version can tell a tool that
-/// the user has taken away from one that is new.
+/// The layout of the command bar as the bytes of a file. It holds the look of the toolbars and the widths of the boxes.
+/// For each band it holds kind, caption, visibility, docking and tools. INI text; a band is a section of its own, so
+/// that damage to one costs no other. The names of all tools of the day are written too. So a later version can tell a
+/// removed tool from a new one.
 namespace CommandBarLayout {
 
 [[nodiscard]] std::string Save(const CommandBar& bar);
 
-/// Arranges a bar that is as designed. Any bytes will do: a band whose section does not parse or is missing stays as
-/// designed, unknown tools are skipped, and a tool that is newer than the file stands on its designed band.
+/// Arranges a bar that is as designed. Any bytes will do. A band whose section is missing or does not parse stays as
+/// designed. Unknown tools are skipped, and a tool that is newer than the file stands on its designed band.
 void Load(CommandBar& bar, std::string_view bytes);
 
 /// The name of the `number`th toolbar that a user makes.

@@ -3,8 +3,8 @@
 
 #include <array>
 
-/// Every name that the design of the command bar knows, and nothing but names: what they are stands in the rooms above.
-/// Code writes such a name as `u"mnuStop"_tool` or `u"bndGo"_band`, which only compiles when it is in a table here.
+/// Every name that the design of the command bar knows. What they name stands in the rooms above. Code writes such a
+/// name as `u"mnuStop"_tool` or `u"bndGo"_band`, which only compiles when it is in a table here.
 namespace DesignedNames {
 
 /// The tools and the commands. The product's names come first, our own begin with "xtr".

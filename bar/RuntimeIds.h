@@ -16,9 +16,9 @@ inline constexpr Range kGroups{150000, 199999};
 inline constexpr std::int32_t kFolder = -1;
 
 /// The next id of a range. `next` is the caller's to keep for the whole run, and 0 before the first use. Ids count on
-/// from one rebuild of a menu to the next, and behind the last comes the first again: by then the menus that showed it
-/// have long been rebuilt. Only more entries than a range has ids would share some, which then open what they should
-/// all the same.
+/// from one rebuild of a menu to the next. After the last id comes the first again; the menus that showed it are
+/// rebuilt by then. Only more entries than a range has ids would share some, which then open what they should all the
+/// same.
 [[nodiscard]] constexpr std::int32_t Take(Range range, std::int32_t& next) {
     const std::int32_t id = range.Has(next) ? next : range.First;
     next = id + 1;

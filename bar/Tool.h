@@ -15,7 +15,7 @@ struct Picture {
     bool operator==(const Picture&) const = default;
 };
 
-/// What a tool is on a bar: something to click, a text beside other tools, or a box to type in.
+/// What a tool is on a bar: something to click, a text beside other tools, or a text box.
 enum class ToolKind { Button, Label, Combo };
 
 /// One entry of the command bar, one object however many bands show it. The name is the command; that of a tool laid
@@ -113,8 +113,8 @@ public:
     Property<bool> FillsRow{false};
     /// Shows a text with its sign, which is from now on the sign of that text.
     void ShowSigned(Text text, BoxSign sign);
-    /// What stands beside a text in the box: its sign, or beside any other text, which the user may be typing, one that
-    /// says no more than that.
+    /// What stands beside a text in the box: its sign. Beside any other text, which the user may be typing, stands a
+    /// sign that says no more than that.
     [[nodiscard]] BoxSign SignBeside(TextView text) const;
     /// The view tells how wide a box that fills its row is on the screen.
     void Measure(Pixels width);

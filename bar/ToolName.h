@@ -30,7 +30,7 @@ private:
 using ToolName = DesignedName<DesignedNames::kTools>;
 using BandName = DesignedName<DesignedNames::kBands>;
 
-/// Never defined, and no constant: the call of it is the compiler's error for a name that is in no table.
+/// Never defined and not constexpr. The call is the compiler's error for a name that is in no table.
 void NoSuchNameIsDesigned();
 
 template<typename Name>

@@ -1,37 +1,37 @@
 #pragma once
 #include "base/Text.h"
 
-// Web addresses as texts, read as the engine reads them: a backslash counts as a slash, and how many of them stand
-// behind the colon does not matter.
+// Web addresses as texts, read as the engine reads them. A backslash counts as a slash, and any number of slashes may
+// follow the colon.
 
 namespace Address {
 
 /// What shows nothing.
 inline constexpr TextView kBlank = u"about:blank";
 
-/// The text without the blanks and control characters around it, those of every script: they lead nowhere, and must not
-/// hide a scheme from one who looks while another who opens it sees the scheme.
+/// The text without leading and trailing blanks and control characters of any script. They lead nowhere. They must not
+/// hide a scheme from the code that checks it while the code that opens it sees it.
 [[nodiscard]] TextView Trimmed(TextView text);
 
 /// Whether what lies there can be had again at a later start. A print preview goes with its tab.
 [[nodiscard]] bool ComesBack(TextView address);
 
-/// The text in small letters, as those read it who ignore the case of all letters: for them the long s is an s, and the
+/// The text in small letters, for readers that ignore the case of all letters. For them the long s is an s, and the
 /// Kelvin sign a k.
 [[nodiscard]] Text CaseFolded(TextView text);
 
 /// What stands before the colon of an address, in small letters; empty without a colon.
 [[nodiscard]] Text SchemeOf(TextView address);
 
-/// Whether a text that stood behind a colon is a port, alone or with a path behind it: the other side of the colon is
-/// a host then, not a scheme.
+/// Whether a text that stood behind a colon is a port, alone or with a path behind it. Then a host stands before the
+/// colon, not a scheme.
 [[nodiscard]] bool BeginsWithPort(TextView text);
 
 /// The host that a web address leads to, as a part of the text given, without user and port. Empty for an address that
 /// leads to none, and for a text that does not begin with a scheme.
 [[nodiscard]] TextView HostIn(TextView address);
 
-/// The address without a user's name and password, which are nobody else's business; a text that is no web address
+/// The address without a user's name and password, which are nobody else's business. A text that is no web address
 /// stays as it is.
 [[nodiscard]] Text WithoutUser(TextView address);
 

@@ -1,11 +1,11 @@
 #pragma once
 #include "base/Text.h"
 
-// Captions, in which a "&" marks the access key behind it, and how names that come from outside are shown, as of files,
-// which may have any.
+// Captions, in which a "&" marks the access key behind it. Also how names from outside are shown, such as names of
+// files, which may contain one.
 
-/// The text as one line that reads in its written order: control characters, those that turn the direction of writing,
-/// and the bytes of a name that are no text become U+FFFD.
+/// The text as one line that reads in its written order. Control characters, marks of direction, and bytes of a name
+/// that are no text become U+FFFD.
 [[nodiscard]] Text OneLine(TextView text);
 
 /// A text as a caption: nothing in it is an access key. And back.

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// What a later start of the program says to the instance that runs, as bytes: one line, and behind it, when a text
-/// is handed over, as many bytes of text as the line says.
+/// What a later start of the program says to the instance that runs, as bytes. It is one line. When a text is handed
+/// over, as many of its bytes as the line says stand behind it.
 namespace InstanceMessage {
 
 /// A line has fewer bytes than that, with its end.

@@ -22,7 +22,7 @@ constexpr std::array kTrustTable{
     TrustRow{SchemeKind::Computer, kAsk, kAsk, kAsk, kOpen, kOpen},
     TrustRow{SchemeKind::Mail, kNever, kOpen, kNever, kNever, kOpen},
     TrustRow{SchemeKind::Own, kOpen, kAsk, kAsk, kOpen, kOpen},
-    // A page that is its own address is of nobody, and reaches nothing: in a group it is like one of the web.
+    // A page that is its own address has no origin and reaches nothing. In a group it is like a page of the web.
     TrustRow{SchemeKind::Document, kOpen, kAsk, kAsk, kOpen, kOpen},
     TrustRow{SchemeKind::OfPage, kAsk, kAsk, kAsk, kOpen, kOpen},
     TrustRow{SchemeKind::Other, kAsk, kAsk, kAsk, kOpen, kOpen},

@@ -17,7 +17,7 @@ enum class LinkSource {
     HandOver, ///< what the program was started with
 };
 
-/// Looks at an address as the engine reads it: blanks and control characters around it, and tabs and line ends
-/// anywhere, do not hide a scheme. A text without a scheme is a host or words, and leads to no file; a path that does
-/// not begin at the root leads nowhere. What only looks like a scheme, in letters that none has, is not trusted.
+/// Looks at an address as the engine reads it. Surrounding blanks and control characters do not hide a scheme, nor do
+/// tabs and line ends anywhere. A text without a scheme is a host or words, and leads to no file. A path that does not
+/// begin at the root leads nowhere. What only looks like a scheme, in letters that none has, is not trusted.
 [[nodiscard]] LinkTrust TrustOf(TextView address, LinkSource source);

@@ -3,14 +3,14 @@
 
 #include <cstddef>
 
-// Words that come from outside - a page, a server, a certificate - made fit to stand among our own: nothing in them
-// turns the direction of the text around, hides a part of it or pushes our own words off the screen.
+// Words that come from outside - a page, a server, a certificate - made fit to stand among our own. Nothing in them
+// turns the direction of the text, hides a part of it or pushes our own words off the screen.
 
 /// Whether the unit controls the text instead of being a part of it: control characters, marks of direction, breaks
 /// of lines, characters without width.
 [[nodiscard]] bool IsUnseen(char16_t unit);
 
-/// The bytes with a blank for each control character of ASCII, which would end a line or a field of a file.
+/// The bytes with a blank for each ASCII control character, which would end a line or field of a file.
 [[nodiscard]] std::string WithoutControls(std::string bytes);
 
 /// One line of at most `most` units; what controls the text becomes a blank, runs of blanks one. A text that is cut

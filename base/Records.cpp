@@ -147,7 +147,7 @@ bool TakeField(TextView line, Fields& fields) {
     return true;
 }
 
-// A name that cannot be read begins a record as well: the fields below it are not those of the record above.
+// A name that cannot be read begins a record as well. The fields below it are not those of the record above.
 void BeginRecord(TextView line, std::vector<Record>& records) {
     const TextView name = HeaderName(line);
     records.push_back({.Name = Text(name), .Values = {}, .Whole = !name.empty()});

@@ -1,6 +1,6 @@
 #pragma once
 // The text of files that are ours alone. A record is a line "[Name]", then a line "Field=value" for each field, in
-// UTF-8. A text stands as it is; a list is its entries in double quotes, separated by commas; an empty value is an
+// UTF-8. A text stands as it is. A list is its entries in double quotes, separated by commas. An empty value is an
 // empty text and an empty list alike. \\ \" \n \r \t and \xHHHH (one UTF-16 unit) stand for what would not survive
 // otherwise. Blank lines, and lines that begin with ";" or "#", say nothing.
 
@@ -40,7 +40,7 @@ struct Record {
 [[nodiscard]] std::string RecordBytes(std::span<const Record> records);
 
 /// The records in a file's bytes, in their order. A line that cannot be understood costs its record the mark `Whole`,
-/// and nothing else; of a field that is there twice the last one counts.
+/// and nothing else. Of a field that is there twice, the last one counts.
 [[nodiscard]] std::vector<Record> ParseRecords(std::string_view bytes);
 
 /// The bytes up to the last end of a line: a line without an end was cut off.

@@ -82,8 +82,8 @@ template<typename Function>
 class Signal;
 
 /// Tells any number of listeners that something has happened, in the order in which they came. The type names what they
-/// are told: `Signal<void(TextView folder)>`. While it tells them, listeners may come (they are told the next time) and
-/// go, and the signal itself may go (the rest is told nothing). For one thread.
+/// are told: `Signal<void(TextView folder)>`. While it tells them, listeners may come and go, and so may the signal.
+/// New listeners are told the next time; when the signal goes, the rest is told nothing. For one thread.
 template<typename... Arguments>
 class Signal<void(Arguments...)> {
 public:
@@ -101,7 +101,7 @@ public:
         const SignalListeners::Entry* added = Add(std::move(listener));
         return {m_listeners, added};
     }
-    /// Calls the listener for as long as there is a signal: for a listener that owns the signal, or lives longer.
+    /// Calls the listener as long as there is a signal. For a listener that owns the signal, or lives longer.
     void ConnectForLife(Listener listener) { Add(std::move(listener)); }
 
     void operator()(Arguments... arguments) const {

@@ -10,8 +10,8 @@
 using Text = std::u16string;
 using TextView = std::u16string_view;
 
-/// The bytes read as UTF-8 when they are valid UTF-8, else as Windows-1252 (where 81 8D 8F 90 9D stand for
-/// themselves). Never fails.
+/// The bytes read as UTF-8 when they are valid UTF-8, else as Windows-1252. The bytes 81 8D 8F 90 9D stand for
+/// themselves there. Never fails.
 [[nodiscard]] Text FromBytes(std::string_view bytes);
 
 /// The bytes of valid UTF-8 as text; nothing when they are not valid UTF-8.
@@ -23,9 +23,9 @@ using TextView = std::u16string_view;
 /// The text as UTF-8. An unpaired surrogate becomes U+FFFD.
 [[nodiscard]] std::string ToUtf8(TextView text);
 
-/// A path, or the name of a file, as text. The disk takes names that are not valid UTF-8; a byte of theirs that belongs
-/// to no character becomes an unpaired surrogate, U+DC00 and the byte, so that `PathToBytes` brings the same name back.
-/// `OneLine` shows it as U+FFFD.
+/// A path, or the name of a file, as text. The disk takes names that are not valid UTF-8. A byte that belongs to no
+/// character becomes an unpaired surrogate, U+DC00 and the byte. `PathToBytes` brings the same name back. `OneLine`
+/// shows it as U+FFFD.
 [[nodiscard]] Text PathFromBytes(std::string_view bytes);
 /// The bytes that name a file on disk. Of what `PathFromBytes` gave, the bytes it was given; else like `ToUtf8`.
 [[nodiscard]] std::string PathToBytes(TextView path);
@@ -46,7 +46,8 @@ void DropHalf(Text& text);
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 0x20) : unit;
 }
 
-/// The text, or the bytes, without those at both ends of which `isBlank` is true: what is blank differs with who reads.
+/// The text, or the bytes, without those at both ends of which `isBlank` is true. What is blank differs between
+/// readers.
 template<typename View, typename IsBlank>
 [[nodiscard]] constexpr View TrimmedOf(View text, IsBlank isBlank) {
     while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
@@ -57,8 +58,8 @@ template<typename View, typename IsBlank>
 /// A whole number in decimal, without leading zeros.
 [[nodiscard]] Text Decimal(std::int64_t number);
 
-/// The whole number that a text of decimal digits, with an optional sign, writes; nothing for any other text or a
-/// number out of range.
+/// The whole number in a text of decimal digits with an optional sign. Nothing for any other text, or a number out of
+/// range.
 [[nodiscard]] std::optional<std::int32_t> WholeNumber(TextView text);
 
 /// One byte of Windows-1252 as a character, and back; a character that is not in it becomes "?".

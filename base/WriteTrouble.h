@@ -3,8 +3,8 @@
 #include "base/Signal.h"
 #include "base/Text.h"
 
-/// What is done about a file that cannot be written: each failure is counted, the user is told once until a write
-/// succeeds, and it is tried again. A member of whoever writes the file.
+/// What is done about a file that cannot be written. Each failure is counted and tried again. The user is told once
+/// until a write succeeds. A member of whoever writes the file.
 class WriteTrouble {
 public:
     /// What the user is told.

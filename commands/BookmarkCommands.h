@@ -1,8 +1,7 @@
 #pragma once
 #include "commands/CommandContext.h"
 
-/// Takes bookmarks of other browsers over, and writes them for other browsers, as the HTML file that all of them know.
-/// What came of it is said in the status bar.
+/// Reads and writes bookmarks as the HTML file that all browsers know. What came of it is said in the status bar.
 namespace BookmarkCommands {
 
 /// Adds the pages of a file, with their folders, to the Favorites.

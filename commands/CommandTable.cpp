@@ -54,7 +54,7 @@ constexpr Command Find(ToolName name, TextView caption, TextView keyword) {
 }
 
 constexpr std::array kCommands{
-    // The menu bar. Its Help entry shares the name of a command, so the menu bar has a tool of its own for it.
+    // The menu bar. Its Help entry has the name of a command, so the menu bar has its own tool for it.
     Command{u"mnuFile"_tool, u"&File", u"Menu", u"Open, save, print and close pages", u"", Opens{u"bndFileMenu"_band}},
     Command{u"mnuEdit"_tool, u"&Edit", u"Menu", u"Cut, copy, paste and find text", u"", Opens{u"bndEditMenu"_band}},
     Command{u"mnuView"_tool, u"&View", u"Menu", u"Change how the window and the page look", u"",

@@ -45,8 +45,8 @@ enum class OnBar { Shown, Hidden, MadeLater };
 /// What a click does, when it is a row's own.
 using Effect = std::variant<std::monostate, CommandTraits::ByFamily, WindowEffect, ToolEffect, ViewEffect>;
 
-/// All about a tool of the design and its command. The texts are the caption, the menu that it was designed for, the
-/// help, and a name of the icon theme; empty for none. The help of a Shop or Find link is its keyword.
+/// All about a tool of the design and its command. The texts are caption, designed menu, help, and a name of the icon
+/// theme; empty for none. The help of a Shop or Find link is its keyword.
 struct Command {
     template<typename... Traits>
     constexpr Command(ToolName name, TextView text, TextView menu, TextView help, TextView picture, Traits... traits)

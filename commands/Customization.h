@@ -2,15 +2,15 @@
 #include "bar/CommandBar.h"
 #include "base/Signal.h"
 
-/// A tool that the user drags: an entry of a band, or a command from the list, which comes from no band.
+/// A tool that the user drags: an entry of a band, or a command from the list, without a band.
 struct DraggedTool {
     std::shared_ptr<Tool> Item;
     Band* From = nullptr;
     std::size_t Index = 0; ///< of the entry
 };
 
-/// How the user arranges the command bar: what the customisation dialog shows, and what its buttons and a drag of the
-/// mouse do. Everything is done on the bar at once.
+/// How the user arranges the command bar: what the customisation dialog shows, and what its buttons and a drag do.
+/// Everything is done on the bar at once.
 class Customization {
 public:
     /// The bar outlives it.
@@ -57,7 +57,7 @@ public:
     /// Sets a separator before the entry, or takes it away.
     void ToggleGroup(Band& band, std::size_t index);
 
-    /// Whether a tool may be dropped on a band, and what that does; and what it does to drop one on no band.
+    /// Whether a tool may be dropped on a band, and what that does. Also what it does to drop one on no band.
     [[nodiscard]] bool Accepts(const Band& band, const DraggedTool& dragged) const;
     void Drop(const DraggedTool& dragged, Band& band, std::size_t place);
     void DropOff(const DraggedTool& dragged);

@@ -19,8 +19,8 @@ Overloaded(Each...) -> Overloaded<Each...>;
 } // namespace
 
 void Dispatcher::actBar_Click(const Tool& tool) {
-    // What a click is about is decided when it comes: the command may bring another tab to the front, or ask the user,
-    // and a later start of the program may do so behind that question.
+    // What a click is about is decided when it comes. The command may select another tab or ask the user, and a later
+    // start may do so behind that question.
     const std::int32_t view = m_context.tabs.CurrentIndex();
     if (RunLink(tool)) return;
     // A command may rebuild the menu that the tool stands in, and the tool with it.

@@ -1,8 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
-/// Maps a clicked tool to its effect, by the tool's name and, for tools made at run time, by what it is made from.
-/// Keeps no state between clicks. Owned by the main window.
+/// Maps a clicked tool to its effect, by its name or, for tools made at run time, by its source. Keeps no state between
+/// clicks. Owned by the main window.
 class Dispatcher {
 public:
     /// The context outlives this object.

@@ -5,7 +5,7 @@
 /// Mail, news and what else lies outside: starts the user's own programs and writes the addresses that begin a mail.
 namespace External {
 
-/// Starts the user's mail or news program: the one of the settings or, until one was ever set there, the desktop's.
+/// Starts the user's mail or news program. That is the one of the settings or, until one was ever set, the desktop's.
 /// Does nothing when there is none, and says nothing when it does not start.
 void LaunchMailClient(SettingsStorageFactory& settings, Shell& shell);
 void LaunchNewsClient(SettingsStorageFactory& settings, Shell& shell);

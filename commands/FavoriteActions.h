@@ -14,8 +14,8 @@ public:
     /// Opens every shortcut that lies in a folder in a tab of its own, the last one in front. Asks before it opens
     /// very many; leaves out what a click would not open without a question.
     virtual void OpenAll(TextView folder) = 0;
-    /// Asks for a file and saves the addresses of a folder's shortcuts as a TessaGroup, but for those that a click
-    /// would not open without a question; what to tell the user of it, nothing when there is nothing to say.
+    /// Asks for a file and saves the addresses of a folder's shortcuts as a TessaGroup. Those that a click would not
+    /// open without a question are left out. Returns what to tell the user, or nothing.
     [[nodiscard]] virtual Text SaveAsGroup(TextView folder) = 0;
     /// Whether a link may be opened; asks the user where that is in doubt.
     [[nodiscard]] virtual bool MayOpenLink(TextView address) = 0;

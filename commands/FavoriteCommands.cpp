@@ -14,7 +14,7 @@ constexpr std::size_t kShownAddress = 300;
 
 constexpr TextView kNoPages = u"There are no pages in that folder.";
 
-/// The pages in a folder that may open without a question, and how many of its shortcuts are not among them.
+/// The pages in a folder that may open without a question, and how many other shortcuts it has.
 struct WebPages {
     std::vector<Text> addresses;
     std::size_t left = 0;

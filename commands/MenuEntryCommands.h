@@ -8,7 +8,7 @@
 /// pop-up was opened on.
 namespace MenuEntryCommands {
 
-/// The band that pops up for a tool of those menus, and what it is opened on; no band for every other tool.
+/// The band that pops up for a tool of those menus, and what it is opened on. No band for every other tool.
 struct Entry {
     std::optional<BandName> band;
     TextView target;

@@ -44,8 +44,8 @@ struct TabToOpen {
     Privacy privacy;
 };
 
-// The view that the menu was asked for is fixed when a command begins; another tab may come to the front meanwhile, or
-// the view's tab may go.
+// The view that the menu was asked for is fixed when a command begins. Meanwhile another tab may be selected, or the
+// view's tab may go.
 PageTools* Tools(const CommandContext& context, std::int32_t index) {
     auto* view = context.tabs.OpenView(index);
     return view ? view->Control->Tools() : nullptr;

@@ -8,14 +8,14 @@
 #include <functional>
 #include <vector>
 
-/// Brings the menus that are not fixed up to date at the moment they open: Favorites, TessaGroups, and the check mark
-/// of the text size. The ids it gives count on for the whole run. Owned by the main window.
+/// Brings changing menus up to date when they open: Favorites, TessaGroups, and the check mark of the text size. The
+/// ids it gives count on for the whole run. Owned by the main window.
 class RuntimeMenus {
 public:
     /// Both outlive this object. A change in a folder that a menu shows makes that menu stale.
     RuntimeMenus(CommandContext& context, FolderWatch& watch);
 
-    /// Has `FoldersChanged` tell of changes in the folders of TessaGroups and Favorites from here on, also when no menu
+    /// From here on, `FoldersChanged` tells of changes in the folders of TessaGroups and Favorites, also when no menu
     /// shows them.
     void WatchFolders();
     /// Something in the folder of TessaGroups or Favorites has changed.
@@ -25,8 +25,7 @@ public:
     /// The user asks what can be done with an entry of a menu: pops up what there is. False for an entry that has no
     /// such pop-up.
     bool EntryPopup(const Tool& tool);
-    /// What a click with the middle button on an entry that opens a menu does, once all menus have closed; nothing for
-    /// most.
+    /// What a middle click on an entry that opens a menu does, once all menus have closed. Nothing for most.
     [[nodiscard]] std::function<void()> EntryMiddleClick(const Tool& tool);
     /// What the Delete key on an entry does, once all menus have closed; nothing for most.
     [[nodiscard]] std::function<void()> EntryDelete(const Tool& tool);

@@ -47,7 +47,7 @@ bool IsStarter(TextView name) {
 
 std::size_t Bytes(TextView text) { return ToUtf8(text).size(); }
 
-/// The stem cut so that it and the ending have no more bytes than that, and no half of a character.
+/// The stem, cut so that with the ending it has at most that many bytes and no half character.
 Text Shortened(const Text& name) {
     if (Bytes(name) <= kLongestNameBytes) return name;
     const std::size_t ending = EndingOf(name);

@@ -5,9 +5,9 @@
 
 // Names of files that pages and servers suggest, made fit to lie in a folder of the user's.
 
-/// One name of a file, whatever is suggested: no path, nothing hidden, nothing that turns the direction of the text or
-/// is not seen, no name that is a device elsewhere, no kind of file that starts a program when it is opened, at most
-/// 180 bytes of UTF-8 with its ending kept. Never empty.
+/// One file name, whatever is suggested. It has no path, is not hidden, and holds nothing that turns the direction of
+/// the text or is unseen. It is no name of a device elsewhere, and no kind of file that starts a program when opened.
+/// It has at most 180 bytes of UTF-8, with its ending kept. Never empty.
 [[nodiscard]] Text CleanFileName(TextView suggested);
 
 /// The name that an address suggests: its last part, with its %XX decoded.

@@ -27,7 +27,7 @@ namespace Bookmarks {
 inline constexpr std::size_t kMostBytes = std::size_t{256} << 20;
 
 /// Done by the library in favorites/bookmarks. Reads any bytes; what is no bookmarks file yields no links. Folders
-/// deeper than 64 are joined with the one above; links without an address, and those that are scripts, are left out.
+/// deeper than 64 are joined with the one above. Links without an address, and scripts, are left out.
 [[nodiscard]] BookmarkFolder Read(std::string_view html);
 
 [[nodiscard]] std::string Write(const BookmarkFolder& all);

@@ -25,7 +25,7 @@ struct Item {
 /// Its sub-folders alone.
 [[nodiscard]] std::vector<Item> Folders(TextView folder);
 [[nodiscard]] bool IsFolder(TextView path);
-/// Where a shortcut to that address lies in a folder or below it, the first by its title; nothing when there is none.
+/// Where a shortcut to that address lies in a folder or below it, the first by its title. Nothing when there is none.
 [[nodiscard]] std::optional<Text> FindAddress(TextView folder, TextView address);
 /// What a shortcut or folder is called.
 [[nodiscard]] Text TitleAt(TextView path);

@@ -23,8 +23,8 @@ struct Repaired {
     bool operator==(const Repaired&) const = default;
 };
 
-/// Sees to it that shortcuts can be kept in a folder. Deletes nothing: a file where the folder belongs gets another
-/// name, and shortcuts without an address that can be read, from all sub-folders, get a folder of their own.
+/// Sees to it that shortcuts can be kept in a folder. Deletes nothing. A file in the folder's place gets another name.
+/// Shortcuts whose address cannot be read get a folder of their own, those of sub-folders too.
 Repaired Repair(TextView folder);
 
 /// The same in words for the user.

@@ -24,7 +24,7 @@ Text CutToCaption(TextView title) {
 }
 
 // The name of a link's tool is its address, and the tool's click runs the command of that name. Whoever has written the
-// address must not choose a command by it; a blank before it changes nothing of where it leads.
+// address must not choose a command by it. A blank before it does not change where it leads.
 Text LinkName(TextView address) {
     const bool named =
         std::ranges::any_of(DesignedNames::kCommands, [&](TextView name) { return address.starts_with(name); });

@@ -22,7 +22,7 @@ struct Listing {
 /// be read.
 [[nodiscard]] Listing List(TextView folder);
 
-/// The address in a shortcut file, at most 511 bytes of it; empty when there is none or the file cannot be read.
+/// The address in a shortcut file, at most 511 bytes of it. Empty when there is none or the file cannot be read.
 [[nodiscard]] Text ReadAddress(const std::string& path);
 
 /// What a shortcut is called: its file's name without the ending.
@@ -35,8 +35,8 @@ public:
     /// The bar outlives this object.
     explicit Menu(CommandBar& actBar) : m_actBar(actBar) {}
 
-    /// Lists a folder on a band: its sub-folders, each with an empty band of its own to open, then its shortcuts.
-    /// `first` asks for a separator before the first sub-folder, and is cleared when that has got it.
+    /// Lists a folder on a band: first its sub-folders, each with an empty band to open, then its shortcuts. `first`
+    /// asks for a separator before the first sub-folder, and is cleared when that has got it.
     void ScanFolder(TextView folder, Band& band, BeginGroup& first);
 
     /// What sub-folders and shortcuts look like. Filled in by the owner.

@@ -14,7 +14,7 @@ public:
         Trash& trash;
         /// Opens every shortcut of a folder in a tab of its own.
         std::function<void(TextView folder)> OpenAll{};
-        /// Asks for a file and saves the shortcuts of a folder as a TessaGroup; what to tell the user of it.
+        /// Asks for a file and saves the shortcuts of a folder as a TessaGroup. Returns what to tell the user.
         std::function<Text(TextView folder)> SaveAsGroup{};
     };
 

@@ -47,7 +47,7 @@ enum class TabStripChange {
 };
 
 /// The tab strip as data: a row of tabs, of which at most one is selected. Positions are 1-based. A selected tab that
-/// is removed hands the selection to its right neighbour, else to the left one, without a click.
+/// is removed hands the selection to its right neighbour, or to the left one without one. No click is raised.
 /// A tab's address stays valid until it is removed.
 class TabStrip {
 public:

@@ -57,7 +57,8 @@ bool GroupCommands::MayOpenMany(std::size_t count) const {
     return m_parts.messages.AskOwn({question, {}, u"&Cancel", u"&Open Them All"});
 }
 
-// Anybody may have written a group and sent it: what is no page of the web opens when its user says so, or not at all.
+// Anybody may have written a group and sent it. So what is no page of the web opens when its user says so, or not at
+// all.
 std::optional<std::size_t> GroupCommands::LeaveUntrusted(std::vector<Text>& addresses) const {
     const std::size_t all = addresses.size();
     std::erase_if(addresses, [](const Text& each) { return TrustOf(each, LinkSource::Group) == LinkTrust::Never; });

@@ -29,7 +29,7 @@ public:
 
     /// Opens every address of a group, one tab an address, the last one in front. With `TGCloseOthersFirst` only the
     /// leftmost tab stays, and shows the first address. A file that cannot be read is a group without addresses. Asks
-    /// before it opens many that are not the user's own, or what is no page of the web; some of that it never opens.
+    /// before it opens many that are not the user's own, or what is no page of the web. Some of that it never opens.
     void OpenTessaGroup(TextView TessaGroup) { OpenTessaGroups({Text(TessaGroup)}); }
     /// Opens several groups as if they were one.
     void OpenTessaGroups(const std::vector<Text>& groups);
@@ -49,7 +49,7 @@ public:
 
     /// The view's page has loaded, or its tab is being closed.
     void PageDone(std::int32_t index) { m_progress.Done(index); }
-    /// Stops every page that loads or waits to; the tabs stay, and show what they were to load when they are refreshed.
+    /// Stops every page that loads or waits to load. The tabs stay, and a refresh shows what they were to load.
     void StopAll();
 
     /// Whether the other tabs are closed when a group is opened.
@@ -61,7 +61,7 @@ private:
     /// Whether the group lies in the user's own folder of groups.
     [[nodiscard]] bool IsOwnGroup(TextView group) const;
     [[nodiscard]] bool MayOpenMany(std::size_t count) const;
-    /// Takes out what is not to be opened, and tells how much that was; nothing when nothing at all is to be opened.
+    /// Takes out what is not to be opened, and tells how much that was. Nothing when nothing is left.
     [[nodiscard]] std::optional<std::size_t> LeaveUntrusted(std::vector<Text>& addresses) const;
     void Open(const std::vector<Text>& addresses);
     void OpenEach(std::span<const Text> addresses);

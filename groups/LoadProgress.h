@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <unordered_set>
 
-/// Says in the status bar how many of the pages that were opened together have loaded, and offers to stop them
-/// meanwhile. A few pages load without a word. Owned by the group commands.
+/// Says in the status bar how many of the pages opened together have loaded, and offers to stop the rest. A few pages
+/// load without a word. Owned by the group commands.
 class LoadProgress {
 public:
     /// How many pages are worth a word.
@@ -20,7 +20,7 @@ public:
     void Add(std::int32_t index);
     /// The view's page has loaded, or its tab is being closed. Nothing for a view that is not followed.
     void Done(std::int32_t index);
-    /// The user has had enough: no page is followed any more.
+    /// The user wants no more of it: no page is followed any more.
     void Stop();
 
     [[nodiscard]] bool Loading() const { return !m_loading.empty(); }

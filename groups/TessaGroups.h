@@ -21,8 +21,8 @@ inline constexpr TextView kFileFilter = u"TessaGroup File (*.tvg)|*.tvg";
 using ::ReadIniValue;
 
 /// The addresses of a group file in the order of its keys, whatever the keys are; empty ones stay. Empty when the
-/// file or its section cannot be read. Keys beyond 16382 bytes of names are left out, and so is what stands behind the
-/// first 8 MiB of a file.
+/// file or its section cannot be read. Keys beyond 16382 bytes of names are left out, and so is everything after a
+/// file's first 8 MiB.
 [[nodiscard]] CStrings Load(TextView path);
 /// Whether the file is there and can be read, whatever is in it.
 [[nodiscard]] bool IsReadable(TextView path);
@@ -61,8 +61,8 @@ Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, Me
 /// Deletes a group's file for good.
 Outcome Delete(TextView path);
 
-/// Adds an entry for each group of the folder to a band, behind what it has. `nextId` is the caller's to keep for the
-/// whole run, 0 before the first use; the description is the file's full path.
+/// Adds an entry for each group of the folder to a band, behind what it has. The caller keeps `nextId` for the whole
+/// run, 0 before the first use. The description is the file's full path.
 void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId);
 
 } // namespace TessaGroups

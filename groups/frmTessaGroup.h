@@ -40,7 +40,7 @@ public:
     Button cmdUrlInsert{u"Insert"};
     Button Cancel{u"Cancel"};
 
-    /// Takes the entry at `from` to the place `to`, both from 0, and selects it; does nothing where there is none.
+    /// Takes the entry at `from` to the place `to`, both from 0, and selects it. Does nothing without such an entry.
     void MoveEntry(std::size_t from, std::size_t to);
 
     /// OK was pressed and the file could not be written; it is as it was.

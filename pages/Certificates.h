@@ -42,8 +42,8 @@ struct Detail {
 
 } // namespace CertificateWords
 
-/// The exceptions that the user has made: a host and its port, as in "a.example:8443", with the very certificate that
-/// it showed there. They end with the run.
+/// The exceptions that the user has made: host and port, as in "a.example:8443", with the certificate that it showed
+/// there. They end with the run.
 class AcceptedCertificates {
 public:
     void Accept(TextView host, TextView fingerprint) { m_accepted.emplace(host, fingerprint); }

@@ -8,8 +8,7 @@
 /// What is to become of an address that no page can show.
 enum class ExternalRule { Ask, Open, Refuse };
 
-/// Which addresses belong to other programs of the desktop, and which answers about them the user wants to hold for the
-/// run.
+/// Which addresses belong to other programs of the desktop, and which answers about them hold for the run.
 class ExternalSchemes {
 public:
     /// Whether addresses of that scheme, in lower case, are for other programs.

@@ -3,8 +3,8 @@
 
 #include <functional>
 
-/// The engine's profiles: one for each instance of the program that runs at the same time, so that two never write to
-/// one. They last: an instance has the lowest that is free when it starts, which is that of the one before it.
+/// The engine's profiles. Each instance that runs at the same time has one, so that two never write to one. They last:
+/// an instance has the lowest that is free when it starts, which is its predecessor's.
 namespace InstanceProfiles {
 
 /// What became of the wish to have a profile for oneself.
@@ -17,7 +17,7 @@ enum class Claim {
 /// Nobody has more windows of the program.
 inline constexpr int kMost = 100;
 
-/// The number of the first profile that `claim` holds, from 1 on; 0 when one is impossible or all are taken.
+/// The number of the first profile that `claim` holds, from 1 on. 0 when one is impossible or all are taken.
 [[nodiscard]] int Lowest(const std::function<Claim(int number)>& claim);
 
 /// What a profile's name ends in: nothing for the first, else "-2" and so on.

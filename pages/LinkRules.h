@@ -1,8 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
-/// Whether the user may open, from the menu of a page, an address that the page names: nothing of this computer from
-/// a page of the web, nothing of the program's own, no script.
+/// Whether the user may open, from a page's menu, an address that the page names. Never a script or a page of the
+/// program's own, and nothing of this computer from a page of the web.
 [[nodiscard]] bool MayOpenFromPage(TextView page, TextView address);
 
 /// Whether something can be fetched from the address and saved.

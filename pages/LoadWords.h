@@ -28,7 +28,7 @@ inline constexpr TextView kDied = u"The page has stopped working.";
 /// Where a link leads that is pointed at; empty for none. `address` is encoded, so that nothing can hide in it.
 [[nodiscard]] Text Link(TextView address);
 
-/// How a load has ended, for the status bar: `host` is where it was to come from, `status` the server's number for an
+/// How a load has ended, for the status bar. `host` is where it was to come from, `status` the server's number for an
 /// answer. Empty when there is nothing to tell.
 [[nodiscard]] Text Ended(LoadEnd end, TextView host, std::int32_t status);
 

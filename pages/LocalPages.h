@@ -9,8 +9,8 @@ enum class LocalUse {
     Data,  ///< anything that scripts read
 };
 
-/// Whether a page on this computer may load a file, by their absolute paths. For the engine all files are one site:
-/// what a script gets hold of it may read, and a page that somebody was sent is not to read what lies around it. A page
-/// that was saved with its parts shows them, frames too; a page with pictures and styles beside it shows these,
-/// wherever they lie but in hidden folders. `page` is empty when it is not known.
+/// Whether a page on this computer may load a file, by their absolute paths. For the engine all files are one site: a
+/// script may read whatever it gets hold of. A page that somebody was sent must not read the files around it. A page
+/// that was saved with its parts shows them, frames too. A page with pictures and styles beside it shows these, unless
+/// they lie in hidden folders. `page` is empty when it is not known.
 [[nodiscard]] bool MayLoadLocal(TextView page, TextView file, LocalUse use);

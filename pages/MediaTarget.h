@@ -8,8 +8,8 @@ struct MediaView {
     bool Heard = false;
 };
 
-/// The view that the keys for play and pause are for: the one that is heard, the one in front first; else the one that
-/// they were for last; else the one in front.
+/// The view that the keys for play and pause are for. That is the audible one, the one in front first. Otherwise it is
+/// the one that had them last, else the view in front.
 class MediaTarget {
 public:
     /// Its index, of those that are open; 0 for none. `front` may be open or not.

@@ -2,8 +2,8 @@
 #include "pages/SitePermissions.h"
 
 /// What one page may see and hear of its user: camera, microphone, screen. The engine does not tell when a page begins
-/// or ends that, and what the page itself says cannot be trusted. So it counts from the moment at which the user
-/// allowed it until its document is gone.
+/// or ends that. What the page itself says cannot be trusted. So it counts from the moment at which the user allowed it
+/// until its document is gone.
 class PageCaptures {
 public:
     /// Allowed by the user; others than the above do not count.

@@ -11,8 +11,8 @@ struct HeldWindow {
     Text Place; ///< the host that it is of; empty where it is of none
 };
 
-/// Which windows a page may open without a click of its user. What is decided for its site holds; else its windows are
-/// held back, and however many there are, they are one question.
+/// Which windows a page may open without a click of its user. What is decided for its site holds. Otherwise its windows
+/// are held back, and all of them together are one question.
 class PopupRule {
 public:
     /// Of so many one hears; who wants more is refused by the engine.

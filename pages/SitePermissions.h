@@ -30,8 +30,8 @@ struct SiteDecision {
     bool operator==(const SiteDecision&) const = default;
 };
 
-/// The decisions that outlive a run, kept among the settings. Each call reads or changes them anew, so that all
-/// instances know the same and none undoes what another has decided.
+/// The decisions that outlive a run, kept among the settings. Each call reads or changes them anew. So all instances
+/// know the same, and none undoes what another has decided.
 class SitePermissions {
 public:
     /// The storage outlives this object.
@@ -47,8 +47,8 @@ public:
     /// A decision was forgotten: what rests on it is to end.
     Signal<void(const SiteDecision&)> Forgotten;
 
-    /// Whether an answer may hold for good. Which screen or window it is, and what stands there, is new every time:
-    /// that it is shown can be refused for good, not allowed.
+    /// Whether an answer may hold for good. Which screen or window it is, and what it shows, is new every time. So it
+    /// can be refused for good, but not allowed.
     [[nodiscard]] static bool CanLast(SitePermission permission, bool allowed);
     /// What is asked for, after "wants to".
     [[nodiscard]] static Text Wish(SitePermission permission);

@@ -4,7 +4,8 @@
 /// Addresses that lead nowhere, whatever is installed: the engine drops them without a word.
 namespace UnshownAddresses {
 
-/// Why nothing can show the address, a sentence for the user; empty for what the engine or another program may take.
+/// A sentence for the user that says why nothing can show the address. Empty for what the engine or another program may
+/// take.
 [[nodiscard]] Text WhyNot(TextView address);
 
 } // namespace UnshownAddresses

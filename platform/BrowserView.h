@@ -54,8 +54,8 @@ enum class LeaveReason {
     ToKnow   ///< it may well stay, and is to notice nothing
 };
 
-/// One page view of the engine. Making one costs nothing: the engine's page comes into being at the next turn of the
-/// event loop, and of several navigations asked for within one turn only the last takes place.
+/// One page view of the engine. Making one costs nothing: the engine's page comes at the next turn of the event loop.
+/// Of several navigations asked for within one turn, only the last takes place.
 /// Owned by the view array. Calls may raise events before they return.
 class BrowserView {
 public:
@@ -72,8 +72,8 @@ public:
     virtual Outcome ExecWB(BrowserCommand command) = 0;
 
     [[nodiscard]] virtual bool Busy() const = 0;
-    /// The address of the page shown, whatever the view is about to load; of a view that has shown none yet, the
-    /// address that it is to load. Without a user's name and password.
+    /// The address of the page shown, whatever the view is about to load. Before its first page, the address that it is
+    /// to load. Without a user's name and password.
     [[nodiscard]] virtual Text LocationURL() const = 0;
 
     /// Whether a blank page is shown with nothing in it, and nothing else is to come.
@@ -83,7 +83,7 @@ public:
     [[nodiscard]] virtual Text LocationName() const = 0;
     /// Nothing while the view has shown no page but a blank one. Belongs to the view.
     [[nodiscard]] virtual PageDocument* Document() = 0;
-    /// The size of the text at which the view shows its pages, blank ones too, from 0 to 4 like `PageDocument::Zoom`.
+    /// The text size of the view's pages, blank ones too, from 0 to 4 like `PageDocument::Zoom`.
     [[nodiscard]] virtual int ZoomLevel() const = 0;
     /// Nothing while there is no page. Belongs to the view.
     [[nodiscard]] virtual PageTools* Tools() = 0;
@@ -94,8 +94,8 @@ public:
 
     /// Whether the page may want to hold its user: somebody has done something in it since it came.
     [[nodiscard]] virtual bool MayHold() const = 0;
-    /// Asks the page, which shows nothing: `told` hears once whether it wants to hold its user, at once or soon, and
-    /// not any more when the view goes.
+    /// Asks the page, which shows nothing. `told` hears once, at once or soon, whether the page wants to hold its user.
+    /// It is not called any more when the view goes.
     virtual void AskToLeave(LeaveReason why, std::function<void(bool holds)> told) = 0;
     /// Asks the user over the page, which is in front. Once he leaves, the page holds him no more. `answered` hears it
     /// once, unless the view goes.
@@ -128,8 +128,8 @@ enum class PageLevel { Top, Frame };
 /// The history command whose state changed.
 enum class HistoryCommand { UpdateCommands = -1, NavigateForward = 1, NavigateBack = 2 };
 
-/// Where a window that a page asks for is to come: as the user has set it, or the other way, because the user has held
-/// the key for that, or in front, because a command of the user's is about it.
+/// Where a window that a page asks for is to come. It is as the user has set it, or the other way while the user holds
+/// the key for that. It is in front when a command of the user's is about it.
 enum class NewWindowPlace { AsSet, OtherWay, InFront };
 
 /// Where the events of all views arrive, the view's index first.
@@ -147,8 +147,8 @@ public:
     virtual BrowserView* NewWindow2(std::int16_t Index, NewWindowPlace Place) = 0;
     virtual void NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
     virtual void DocumentComplete(std::int16_t Index, PageLevel pDisp, TextView URL) = 0;
-    /// The page shown has gone to an address by itself, and nothing of that has come for so long that what is shown is
-    /// to be called by its own address again. The navigation goes on.
+    /// The page shown has gone to an address by itself, and nothing of that has come for long. What is shown is to be
+    /// called by its own address again. The navigation goes on.
     virtual void NavigationOverdue(std::int16_t Index) = 0;
     /// What is known of the security of the page shown has changed.
     virtual void SecurityChange(std::int16_t Index) = 0;

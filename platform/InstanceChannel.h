@@ -17,8 +17,8 @@ public:
     [[nodiscard]] virtual bool PreviousInstance(Instances allowed) = 0;
     /// Brings the running instance's window to the foreground; fails when there is none.
     virtual Outcome SetForegroundWindow() = 0;
-    /// Sends the registered message with a text, whole or not at all, and waits until the running instance has handled
-    /// it, 10 s at most.
+    /// Sends the registered message with a text, whole or not at all. Waits until the running instance has handled it,
+    /// 10 s at most.
     virtual Outcome SendMessage(TextView text) = 0;
 
     /// What to do on the message; nothing means that it is answered and ignored.

@@ -12,16 +12,16 @@ struct KeptSession {
     std::string Bytes;
 };
 
-/// Where the sessions of this user are kept: the one that runs, and the last ten that have ended, however they did.
-/// Owned by the program's entry.
+/// Where the sessions of this user are kept: the one that runs, and the last ten that have ended. Owned by the
+/// program's entry.
 class SessionFiles {
 public:
     /// Tells how a write went, once, at once or later, but not after the event loop has ended.
     using Written = std::function<void(Outcome)>;
 
     virtual ~SessionFiles() = default;
-    /// Replaces what is kept of the session that runs; no bytes remove it. Written whole or not at all, soon after this
-    /// returns and before the program ends, in the order of the calls.
+    /// Replaces what is kept of the session that runs; no bytes remove it. Written whole or not at all, in the order of
+    /// the calls, soon after this returns, before the program ends.
     virtual void WriteOwn(const std::string& bytes, Written done) = 0;
     /// The sessions that have ended, newest first. One that another instance is running is not among them.
     [[nodiscard]] virtual std::vector<KeptSession> Earlier() = 0;

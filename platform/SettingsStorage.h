@@ -21,9 +21,9 @@ public:
     [[nodiscard]] virtual std::optional<std::vector<Text>> ReadList(TextView name) const = 0;
     virtual Outcome Write(TextView name, TextView value) = 0;
     virtual Outcome WriteList(TextView name, const std::vector<Text>& values) = 0;
-    /// For a list that several processes change at once: it becomes what `change` makes of the list that is there when
-    /// this object is released, while no other process writes; of an empty one where there is none. `change` is called
-    /// more than once.
+    /// For a list that several processes change at once. When this object is released, the stored list becomes what
+    /// `change` makes of it, while no other process writes. A missing list is an empty one. `change` is called more
+    /// than once.
     virtual Outcome ChangeList(TextView name, ListChange change) = 0;
 };
 

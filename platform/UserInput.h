@@ -6,7 +6,7 @@ class UserInput {
 public:
     virtual ~UserInput() = default;
 
-    /// Whether the Shift key is held down at this moment, or the click that runs came from what means the same.
+    /// Whether the Shift key is held down now, or the click that runs means the same.
     [[nodiscard]] virtual bool ShiftHeld() const = 0;
     /// Puts a text on the clipboard.
     virtual void Copy(TextView text) = 0;

@@ -33,8 +33,8 @@ struct Session {
 /// the whole lines.
 [[nodiscard]] std::optional<Session> SessionFromBytes(std::string_view bytes);
 
-/// When a session was last written and what was open in it, for a person: the first titles, how many more, and how many
-/// tabs showed nothing. `when` is that time as a person reads it, which may be empty.
+/// When a session was last written and what was open in it, for its user. It names the first titles and counts the
+/// other pages and the blank tabs. `when` is that time as a person reads it, which may be empty.
 [[nodiscard]] Text SessionWords(const Session& session, TextView when);
 
 /// Whether a tab with that address shows nothing.

@@ -19,8 +19,8 @@ struct SessionPageLine {
     bool operator==(const SessionPageLine&) const = default;
 };
 
-/// The list of earlier sessions, as data: opens their pages again, all or those chosen, saves them as a TessaGroup or
-/// forgets them. Made afresh for every show.
+/// The list of earlier sessions, as data. Opens all or some of their pages again, saves them as a TessaGroup or forgets
+/// them. Made afresh for every show.
 class frmSessions {
 public:
     /// What the form needs beside the journal. The references outlive it.

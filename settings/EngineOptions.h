@@ -10,6 +10,6 @@ public:
     virtual void ApplyLoadOptions() = 0;
     /// The Internet Options.
     virtual void ApplyInternetOptions() = 0;
-    /// Has the engine forget what it keeps of where pages have been; `done` is told when it has, which may be never.
+    /// Has the engine forget what it keeps of where pages have been. `done` is told when it has, which may be never.
     virtual void Clear(const BrowsingData& data, Forgotten done) = 0;
 };

@@ -22,8 +22,8 @@ public:
     [[nodiscard]] bool HasValue() const { return Find().has_value(); }
     /// Fails when the storage takes no value; the old one then stays. Twips are kept in 16 bits and saturate.
     [[nodiscard]] Outcome Set(const T& value);
-    /// The name and the value, for a value that is another than when nothing is stored; of texts only that there is
-    /// one, of lists only how long they are. Empty when it is the same.
+    /// The name and the value, for a value other than the default. Of texts only that there is one, of lists only how
+    /// long they are. Empty when it is the same.
     [[nodiscard]] Text Difference() const;
 
 private:
@@ -77,8 +77,8 @@ template<typename... Settings>
     return all;
 }
 
-/// All values that outlive a run. Made for one use and released right after it: reading sees what any process of the
-/// user wrote before this object was made, and what is set here is on disk once this object is gone.
+/// All values that outlive a run. Made for one use and released right after it. Reading sees what any process of the
+/// user wrote before this object was made. What is set here is on disk once this object is gone.
 class SettingsStore {
     std::unique_ptr<SettingsStorage> m_storage;
 
@@ -113,7 +113,7 @@ public:
     Setting<Text> EnvironmentText; ///< what a bug report calls the system; empty for what the system calls itself
     Setting<Text> SearchService;   ///< address of the search service, "%s" for the words; empty for the one by design
     Setting<Text> ShopService;     ///< what the Shop links lead to, "%s" for the link's name; empty as above
-    Setting<Text> FindService;     ///< what the Find links lead to, likewise
+    Setting<Text> FindService;     ///< what the Find links lead to
 
     /// The `Difference` of each setting that has one.
     [[nodiscard]] std::vector<Text> Differences() const;

@@ -17,7 +17,7 @@ struct ReleaseDate {
     unsigned month, day;
 };
 
-// Source: "Stable release date" of the release notes at developer.chrome.com/release-notes; before 124, the release
+// Source: "Stable release date" of the release notes at developer.chrome.com/release-notes. Before 124, the release
 // dates of Chrome in the compatibility data of MDN. One row for each version, from 102 on.
 constexpr std::array kReleaseDates{
     ReleaseDate{2022, 5, 24},  ReleaseDate{2022, 6, 21},  ReleaseDate{2022, 8, 2},   ReleaseDate{2022, 9, 2},

@@ -8,8 +8,8 @@ namespace HomePages {
 /// Whether every home page is as the folders are now; `Later` when one has to be seen to again.
 enum class Shown { Now, Later };
 
-/// Makes the home pages anew that are awake. One that its user has typed into stays as it is, and one that sleeps is
-/// made anew when it wakes.
+/// Makes the home pages anew that are awake. One that its user has typed into stays as it is. One that sleeps is made
+/// anew when it wakes.
 Shown Refresh(const TabStrip& pcPage, ViewArray& Browser);
 
 } // namespace HomePages

@@ -12,8 +12,8 @@ struct OwnNavigation {
     NavigationCause Cause = NavigationCause::Other;
 };
 
-/// Who may reach the pages of the program's own: the program and the history, never another page, which would else
-/// bring its user where a link opens groups and starts searches.
+/// Who may reach the pages of the program's own: the program and the history, never another page. A page could
+/// otherwise bring its user where a link opens groups and starts searches.
 namespace OwnAccess {
 
 enum class Step {

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kMostGroups = 60, kMostFavorites = 60, kSitesOfACard = 4;
 constexpr std::size_t kLongestName = 200;
 
-// Nothing is loaded, nothing runs. The words to search for go to the program: the engine lets no page of the program's
+// Nothing is loaded, nothing runs. The words to search for go to the program. The engine lets no page of the program's
 // own be led from one host to another.
 constexpr std::string_view kPolicy = "default-src 'none'; style-src 'unsafe-inline'; form-action ";
 

@@ -32,8 +32,8 @@ BrowserView* BrowserEvents::NewWindow2(std::int16_t Index, NewWindowPlace Place)
     return m_tabs.GetNewBrowser(m_tabs.PlaceFor(Place), m_tabs.PrivacyOf(Index));
 }
 
-// A document that is complete takes the keyboard, whoever types. What a page can bring about as often as it likes - an
-// address that only changes, a frame - takes it from nobody who types, and a frame once only.
+// A document that is complete takes the keyboard, whoever types. A page can change its address, or load a frame, as
+// often as it likes. That takes the focus from nobody who types, and a frame does so only once.
 bool BrowserEvents::TakeMayFocus(ArrayView* view, PageLevel pDisp, bool Focusing::*what) const {
     if (!view) return false;
     if (pDisp == PageLevel::Frame) return std::exchange(view->MayFocus.Frame, false) && !m_tabs.TypedSince(*view);
@@ -98,7 +98,7 @@ void BrowserEvents::ContextMenu(std::int16_t Index, const PageContext& Context) 
 }
 
 void BrowserEvents::WindowClosing(std::int16_t Index) {
-    // The user may have closed the tab while its page was closing itself; nothing is left to close, or to ask.
+    // The user may have closed the tab while its page was closing itself. Then nothing is left to close or to ask.
     if (m_tabs.IsOpen(Index)) m_tabs.CloseUnasked(Index);
 }
 

@@ -26,9 +26,8 @@ public:
     /// The page of view `Index` gives way to a blank one, by the same command.
     void RememberBlanked(std::int32_t Index);
 
-    /// Brings the tabs that were closed last back to their places, with where their pages have been, and the one that
-    /// was in front before the command to the front; the leftmost when that one has stayed. Does nothing when there are
-    /// none.
+    /// Brings the tabs that were closed last back to their places, with their history. Also brings the tab to the front
+    /// that was there before the command, or the leftmost when it has stayed. Does nothing when there are none.
     void Reopen();
     /// How many tabs `Reopen` brings back.
     [[nodiscard]] std::size_t Next() const { return m_closed.empty() ? 0 : m_closed.back().Tabs.size(); }

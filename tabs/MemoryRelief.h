@@ -12,7 +12,7 @@
 
 class TabStrip;
 
-/// Puts tabs to sleep when memory is short, whatever the user wants of idle ones: a page that is loaded again later is
+/// Puts tabs to sleep when memory is short, whatever the user wants of idle ones. A page that is loaded again later is
 /// better than a program that the kernel ends. Few at a time, longest not looked at first; then the kernel is asked
 /// anew. While many pages load, those that have loaded behind the front sleep first: nobody has looked at them yet.
 /// Owned by the main window; strip and sleep outlive it.
@@ -33,7 +33,7 @@ public:
 
     /// A view's page has loaded.
     void Loaded(std::int32_t index);
-    /// Asks the kernel, or goes on with what has to be done about its answer, and asks to be called again.
+    /// Asks the kernel, or goes on with what its answer demands, and asks to be called again.
     void Look();
     /// From now on nothing is done.
     void End() { m_ended = true; }

@@ -22,8 +22,8 @@ struct ShortageRule {
 constexpr ShortageRule kShort{10, 512 * kMegabyte, 4096 * kMegabyte, 10};
 constexpr ShortageRule kSevere{20, 256 * kMegabyte, 2048 * kMegabyte, 40};
 
-// So much more must be free for the level to be left, or so much less be waited: what a few pages that were put to
-// sleep give back does not end it.
+// So much more must be free for the level to be left, or so much less be waited. What a few sleeping pages give back
+// does not end it.
 constexpr double kRelief = 1.5;
 
 // A part of a room in which the program itself hardly fits is never too much to be used.

@@ -10,8 +10,8 @@ enum class Shortage {
     Severe ///< it is very short: the kernel may soon end programs
 };
 
-/// Judges by what the kernel says whether memory is short. A state is left only when clearly more is free than when it
-/// was entered, so that the answer does not flap.
+/// Judges by what the kernel says whether memory is short. A level is left only when clearly more is free than when it
+/// was entered. So the answer does not flap.
 class MemoryShortage {
 public:
     /// Judges anew by these rooms; the shortest one counts.

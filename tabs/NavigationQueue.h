@@ -8,8 +8,8 @@
 #include <optional>
 
 /// Decides which of the navigations that were asked for starts next. The view in front starts at once and has the
-/// machine for itself until it has loaded; the others follow in the order in which they came, as many at a time as
-/// keep every core busy. A page that waits for its server needs no processor, so what is idle meanwhile goes to
+/// machine for itself until it has loaded. The others follow in the order in which they came, as many at a time as keep
+/// every core busy. A page that waits for its server needs no processor, so what is idle meanwhile goes to
 /// others. A page that never finishes holds the others up for a limited time only.
 class NavigationQueue {
 public:
@@ -46,8 +46,8 @@ public:
     /// So many cores have had nothing to do since this was last told; what is free may start at once.
     void NoteIdle(double cores, Time now);
 
-    /// Memory is very short: behind the front they load one by one, so that each can be put to sleep before the next.
-    /// None waits for ever, whatever becomes of the memory.
+    /// Memory is very short. Behind the front they load one by one, so that each can sleep before the next. None waits
+    /// for ever, whatever becomes of the memory.
     void SetTight(bool tight) { m_tight = tight; }
 
     /// The next view that may start now; it counts as loading from then on.

@@ -20,7 +20,7 @@ struct OpenTab {
 };
 
 /// All open tabs, in the order of the strip. Each step looks at the next position anew, so tabs may come and go
-/// meanwhile; an `OpenTab` is good only until then.
+/// meanwhile. An `OpenTab` is good only until then.
 class OpenTabs {
 public:
     class Iterator {

@@ -14,9 +14,9 @@ class PageLeaving {
 public:
     PageLeaving(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {}
 
-    /// Runs `then` when the page of view `Index` may go: at once when nobody has done anything in it, else as soon as
-    /// the page agrees, or the user does, to whom it is shown. Never when he stays. Of a page that is being asked
-    /// nothing more is wanted.
+    /// Runs `then` when the page of view `Index` may go. That is at once when nobody has done anything in it. Otherwise
+    /// it is shown to its user, and may go when the page or the user agrees. Never when he stays. Of a page that is
+    /// being asked nothing more is wanted.
     void WhenLeft(std::int32_t Index, std::function<void()> then);
     /// Whether the page of view `Index` is being asked.
     [[nodiscard]] bool Asks(std::int32_t Index) const { return m_asked.contains(Index); }

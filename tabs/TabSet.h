@@ -16,7 +16,7 @@ enum class TabBusy : bool { No = false, Yes = true };
 /// What a tab is called until its page says more.
 inline constexpr TextView kUntitledCaption = u"Loading...";
 
-/// The tab set: pairs each entry of the strip with a view of the array and owns every operation that makes,
+/// The tab set. It pairs each entry of the strip with a view of the array. It owns every operation that makes,
 /// activates, marks, retitles or closes a tab. A tab's key is "Tab" and the view's index, its tag the index.
 /// A step that finds no tab or no view does nothing. Owned by the main window; what it refers to outlives it.
 class TabSet {
@@ -24,7 +24,7 @@ public:
     TabSet(TabStrip& pcPage, ViewArray& Browser, CommandBar& actBar, StatusBar& sbStatus, MessageBoxes& messages);
 
     /// Makes a tab right of the selected one, with a blank view for the caller to navigate. Without a view there is no
-    /// tab either, and nothing is returned; when that is because the indexes have run out, the user is told.
+    /// tab either, and nothing is returned. The user is told when that is because the indexes have run out.
     BrowserView* GetNewBrowser(InFront inFront, Privacy privacy = Privacy::Ordinary);
     /// Of the selected tab's view, for what is opened from it.
     [[nodiscard]] Privacy CurrentPrivacy() const;
@@ -43,14 +43,14 @@ public:
     void SetTabAsks(std::int32_t Index, bool asks);
     /// The caption for a page's title: the whole title, or its first `TitleLengthLimit` characters and "...".
     void SetTabTitle(std::int32_t Index, TextView title);
-    /// What a tab's page is, for a person: its title and its address, a line each; no more than what is readable.
+    /// What a tab's page is, for its user: title and address, a line each. No more than what is readable.
     [[nodiscard]] Text Describe(const Tab& tab) const;
     /// The address of a tab's page; while it shows none, of the one that it waits for. No more than is readable.
     [[nodiscard]] Text AddressOf(const Tab& tab) const;
     /// Shows on the tab what is to be heard of the view's page.
     void UpdateSound(std::int32_t Index);
     /// Closes the tab of view `Index`, once its page lets its user go. When it is the only one, the user alone is
-    /// asked, because that ends the program; the page is asked when the window closes.
+    /// asked, because that ends the program. The page is asked when the window closes.
     void CloseBrowserTab(std::int32_t Index);
     /// The same without asking the page.
     void CloseUnasked(std::int32_t Index);
@@ -68,7 +68,7 @@ public:
 
     /// Shows in the address box where the selected view's page comes from, and how far that can be trusted.
     void ShowAddress();
-    /// Shows an address of the page shown there; its sign too, when that is the address that the view goes by.
+    /// Shows an address of the page shown there. Its sign too, when that is the view's address.
     void ShowAddress(TextView URL);
     /// Shows there where the selected view is about to go, with a sign that says so.
     void ShowTarget(TextView URL);
@@ -81,7 +81,7 @@ public:
     void UpdateBackForward();
     void UpdateStopRefresh();
     void ShowStatusText(TextView Text);
-    /// Says in the status bar, for as long as it takes to read, what the program has done; `undo` takes it back.
+    /// Says in the status bar, long enough to be read, what the program has done. `undo` takes it back.
     void Say(TextView words, std::function<void()> undo = {}) { m_sbStatus.Say(words, std::move(undo)); }
     /// Nothing that was said can be taken back any more.
     void WithdrawSaid() { m_sbStatus.Withdraw(); }
@@ -96,8 +96,8 @@ public:
     [[nodiscard]] ArrayView* CurrentView() const;
     /// The index of the selected tab's view; 0 without a selected tab.
     [[nodiscard]] std::int32_t CurrentIndex() const;
-    /// The view `Index`, or nothing once its tab has gone. A command keeps the index of the view that it began with and
-    /// finds it again behind a dialog, whatever tab has come to the front meanwhile.
+    /// The view `Index`, or nothing once its tab has gone. A command keeps the index of the view that it began with. It
+    /// finds the view again behind a dialog, whatever tab is selected by then.
     [[nodiscard]] ArrayView* OpenView(std::int32_t Index) const;
     [[nodiscard]] bool IsSelected(std::int32_t Index) const;
     /// Whether a tab shows the view of that index.
@@ -118,7 +118,7 @@ public:
     Signal<void()> CloseWindow;
     /// A tab has come, with the view of that index. It is not selected yet.
     Signal<void(std::int32_t Index)> Opened;
-    /// One command closes several tabs, from here to the end of what it is told; one of them may only be blanked.
+    /// One command closes several tabs, until what it is told returns. One of them may only be blanked.
     std::function<void(const std::function<void()>& close)> ClosingSeveral;
     Signal<void(std::int32_t Index)> Blanking;
     /// One of several tabs is about to be closed; its view still lives.

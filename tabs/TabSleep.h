@@ -8,9 +8,10 @@
 
 class TabStrip;
 
-/// Puts tabs to sleep that were not looked at for a while, if the user wants that, and when memory is short; by design
-/// parked tabs keep living. The tab in front never sleeps, nor does one whose page does something that would be lost or
-/// missed. A sleeping tab wakes by itself when it is selected. Owned by the main window; strip and views outlive it.
+/// Puts tabs to sleep that were not looked at for a while, if the user wants that. Also does so when memory is short.
+/// By design parked tabs keep living. The tab in front never sleeps, nor does one whose page does something that would
+/// be lost or missed. A sleeping tab wakes by itself when it is selected. Owned by the main window; strip and views
+/// outlive it.
 class TabSleep {
 public:
     using Time = std::chrono::milliseconds; ///< on any steady clock
@@ -37,7 +38,7 @@ public:
 
     /// Puts up to so many tabs to sleep that may, those first that were not looked at longest; how many.
     std::size_t SleepLongest(std::size_t most);
-    /// Puts a tab to sleep if it may and was not looked at after that time; whether it fell asleep now.
+    /// Puts a tab to sleep if it may and was not looked at after that time. Returns whether it fell asleep now.
     bool SleepUnseen(std::int32_t index, Time since);
 
     /// The present time. Filled in by the main window's owner; without it no tab sleeps.

@@ -20,8 +20,8 @@ public:
     void MouseDown(MouseButton Button, Twips x, Twips y);
     /// Data is dragged over a point of the strip, in logical pixels. Nothing without text.
     void OLEDragOver(bool hasText, double x, double y);
-    /// Text is dropped where it was dragged last: on the selected tab it opens a new tab, on another one it is loaded
-    /// there, on none it opens a new tab.
+    /// Text is dropped where it was dragged last. On the selected tab, or on none, it opens a new tab; another tab
+    /// loads it.
     void OLEDragDrop(const std::optional<Text>& text);
 
     /// The view of the tab that the pop-up was opened on; nothing when the tab is gone.

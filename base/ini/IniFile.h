@@ -17,7 +17,7 @@ public:
     /// Reads the bytes of a whole file. Any bytes will do.
     explicit IniFile(std::string_view bytes);
 
-    /// The value, at most `size` - 1 bytes of it; of what is not there, `whenMissing` without blanks at its end.
+    /// The value, at most `size` - 1 bytes of it. For a missing one, `whenMissing` without blanks at its end.
     [[nodiscard]] std::string Value(std::string_view section, std::string_view key, std::string_view whenMissing,
                                     std::size_t size) const;
     /// The names of a section's keys in their order, each ended by a NUL. A list that does not fit is cut after
@@ -26,7 +26,8 @@ public:
     /// The names of the sections, in the form of a key list.
     [[nodiscard]] std::string SectionList(std::size_t size) const;
 
-    /// Writes a value where its key stands, else behind the section's last key, else in a new section at the end.
+    /// Writes a value where its key stands. Otherwise it goes behind the section's last key, or into a new section at
+    /// the end.
     /// The value is written as it is. All other bytes stay.
     void SetValue(std::string_view section, std::string_view key, std::string_view value);
     /// Removes the key's line. What is not there stays so.
@@ -80,8 +81,8 @@ private:
                                              std::optional<std::string_view> key,
                                              std::optional<std::string_view> value);
 
-/// One value of an INI file as the parts of the program read it: at most 511 bytes of it as text, without a character
-/// that the end goes through. Of what is not there, `whenMissing` without blanks at its end.
+/// One value of an INI file as the parts of the program read it: at most 511 bytes, as text. A character that the end
+/// cuts is left out. Of what is not there, `whenMissing` without blanks at its end.
 [[nodiscard]] Text ReadIniValue(const IniFile& file, std::string_view section, std::string_view key,
                                 TextView whenMissing);
 /// The same of the file of that path.

@@ -58,7 +58,7 @@ void Start(void* data, const xmlChar* name, const xmlChar** attributes) {
     reading.address = HasName(name, "a") ? Attribute(attributes, "href") : Text();
 }
 
-// A line end in an address would begin a line of its own in the files that addresses are kept in.
+// A line end in an address would begin a new line in the files that keep addresses.
 void AddLink(Reading& reading) {
     std::erase_if(reading.address, [](char16_t unit) { return unit < 0x20; });
     const bool wanted = !reading.address.empty() && !reading.address.starts_with(u"place:") &&

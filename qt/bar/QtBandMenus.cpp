@@ -143,7 +143,7 @@ bool QtBandMenus::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize) return menu->actions().size() > kManyEntries;
     if (event->type() == QEvent::ContextMenu) {
         const bool keyboard = static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
-        // Asked by the mouse, a menu opens the menu of the entry at once, over what the press has brought up.
+        // Asked by the mouse, a menu opens the menu of the entry at once, over the pop-up of the press.
         if (!keyboard) return IsBehindEntryPopup(*menu);
         const QRect entry = menu->actionGeometry(menu->activeAction());
         return PopupFor(menu->activeAction(), menu->mapToGlobal(entry.center()));

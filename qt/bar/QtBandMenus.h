@@ -30,7 +30,7 @@ public:
     QMenu* For(const Text& band);
     /// Shows a band at the pointer; over an open menu at the entry that `EntryPopup` was called for.
     void Popup(Band& band);
-    /// Where on the screen a menu pops up rather than at the pointer, for the keyboard may have asked for it.
+    /// Where on the screen a menu pops up. That may not be the pointer, because a key may have asked for it.
     void PlaceNext(std::optional<QPoint> at) { m_next = at; }
 
     /// The user asks what can be done with an entry of an open menu; false where there is nothing.

@@ -5,7 +5,7 @@
 #include <QMainWindow>
 #include <QObject>
 
-/// Shows the toolbars of a window as the command bar says: size of the icons, text beside or under them, tool tips.
+/// Shows the toolbars of a window as the command bar says: icon size, text beside or under icons, tool tips.
 class QtBarLook final : public QObject {
     Q_OBJECT
 

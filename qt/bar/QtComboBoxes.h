@@ -9,7 +9,7 @@
 class QWidget;
 class QtComboBox;
 
-/// The boxes of a command bar's combo tools: a tool has one on each toolbar that lists it, and all show the same.
+/// The boxes of a command bar's combo tools. A tool has one on each toolbar that lists it, and all show the same.
 class QtComboBoxes {
 public:
     /// The bar outlives it.
@@ -19,7 +19,7 @@ public:
 
     /// A new box, which its parent owns. Nothing for a tool that is no combo tool.
     QtComboBox* Make(const std::shared_ptr<Tool>& tool, QWidget* parent);
-    /// The first box of a tool that can be seen, else the first of all; nothing while no toolbar shows it.
+    /// The first visible box of a tool, or the first of all. Nothing while no toolbar shows it.
     [[nodiscard]] QtComboBox* Find(TextView tool) const;
     /// The boxes that there are.
     [[nodiscard]] std::vector<QtComboBox*> All() const;

@@ -10,7 +10,7 @@
 #include <utility>
 
 namespace {
-/// How far what is less important goes from the text's colour to the ground's: it can still be read with ease.
+/// How far less important text goes from the text's colour to the background's. It stays easy to read.
 constexpr double kFaint = 0.38;
 /// Logical pixels that a field's frame takes at its edge.
 constexpr int kEdge = 4;

@@ -12,8 +12,8 @@ public:
     [[nodiscard]] bool IsComposing() const { return m_composing; }
     /// Replaces the text, as far as it goes on from the present one without taking away what can be undone.
     void Show(const QString& text);
-    /// Draws a part of the present text in the full colour and the rest in a fainter one; nothing of it in the full
-    /// one when it is subdued. Without such a part all is alike. Ends with the text.
+    /// Draws a part of the present text in the full colour and the rest in a fainter one. Of a subdued text nothing has
+    /// the full colour. Without such a part all is alike. Ends with the text.
     void ShowWeight(int start, int length, bool subdued);
     /// Scrolls to where that part can be read, its end above all; else to the beginning.
     void ShowWeighty();

@@ -92,7 +92,7 @@ bool QtCommandBar::ShowToolBarsMenu(const QObject* watched, const QContextMenuEv
 
 bool QtCommandBar::eventFilter(QObject* watched, QEvent* event) {
     const bool window = watched == &m_window;
-    // The pictures are looked up when the window is on the screen: that takes longer than all the rest of it.
+    // The icons are looked up when the window is on the screen. That takes longer than all the rest of it.
     if (event->type() == QEvent::Show && window) QTimer::singleShot(0, this, &QtCommandBar::ShowIcons);
     if (event->type() == QEvent::PaletteChange && window) ShowIcons();
     if (event->type() == QEvent::Leave && !window) m_actions.ReportNoPointer();

@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int kWidestMinimum = 360; // of a toolbar with a box, in logical pixels
-// Of a box that fills its row: it makes room for others as long as it has more than the first.
+// Of a box that fills its row: it makes room for others while it is wider than the first value.
 constexpr int kFairFilling = 280;
 constexpr int kNarrowestFilling = 120;
 constexpr int kUprightBox = 160; // a column beside the page leaves the page its room
@@ -42,7 +42,7 @@ Qt::ToolBarArea AreaOf(DockSide side) {
     return found == kSides.end() ? Qt::TopToolBarArea : found->area;
 }
 
-// How far a toolbar's row is from its edge of the window, and how far along the row the toolbar is.
+// How far a toolbar's row is from its window edge, and how far along the row the toolbar is.
 std::pair<int, int> Standing(const QToolBar& bar, DockSide side) {
     const QPoint at = bar.pos();
     switch (side) {
@@ -198,8 +198,8 @@ std::vector<std::vector<Band*>> QtDocking::RowsOf(DockSide side) const {
     return rows;
 }
 
-// Qt 6.11 keeps the layout from before a drag for as long as the toolbar floats, and meanwhile lays out nothing:
-// neither a window that is resized nor a toolbar that is docked. Only to restore a state ends that.
+// While a toolbar floats, Qt 6.11 keeps the layout from before the drag. Meanwhile it lays out nothing, neither when a
+// window is resized nor when a toolbar is docked. Only to restore a state ends that.
 void QtDocking::Thaw() {
     if (QLibraryInfo::version() < QVersionNumber(6, 11)) return;
     const auto floats = [this](const Band* band) { return m_toolBars.Find(*band)->isFloating(); };

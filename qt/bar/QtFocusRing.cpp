@@ -20,8 +20,8 @@
 
 namespace {
 
-/// The desktop's style, in which the entry of a menu bar that the keyboard is on looks like an opened one: some styles
-/// show no other.
+/// The desktop's style, except that a focused entry of the menu bar looks like an opened one. Some styles show no
+/// other.
 class MarkedEntries final : public QProxyStyle {
 public:
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

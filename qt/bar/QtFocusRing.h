@@ -13,9 +13,9 @@ class QFocusEvent;
 class QToolBar;
 class QtToolBars;
 
-/// Leads the keyboard round the parts of the window: menu bar, each toolbar, docked panels, tab strip, bars beside the
-/// page, page, status bar. Inside a toolbar the arrow keys go from tool to tool, Enter presses, Down opens a menu and
-/// Escape goes back to the page. Floating toolbars are windows of their own and no part of this one.
+/// Moves the focus round the window's parts: menu bar, toolbars, docked panels, tab strip, page bars, page, status bar.
+/// Inside a toolbar the arrow keys go from tool to tool. Enter presses, Down opens a menu, and Escape goes back to the
+/// page. Floating toolbars are windows of their own and no part of this one.
 class QtFocusRing final : public QObject {
     Q_OBJECT
 
@@ -24,10 +24,10 @@ public:
     QtFocusRing(QMainWindow& window, const QtToolBars& toolBars);
     ~QtFocusRing() override;
 
-    /// Goes to the next or the previous part, or to the menu bar; once more the menu bar's key leaves it again.
+    /// Goes to the next or the previous part, or to the menu bar. The menu bar's key pressed again leaves it.
     void Step(BarStep step);
 
-    /// Whether the menu bar, the status bar or a button of a toolbar has the keyboard; Escape leads away from there.
+    /// Whether the menu bar, the status bar or a toolbar button has the focus. Escape leads away from there.
     [[nodiscard]] bool HasKeyboard() const;
 
     /// The page is to have the keyboard.

@@ -1,8 +1,8 @@
 #pragma once
 #include <QObject>
 
-/// Tells whether the menu entry that is being chosen was clicked with the middle button, which opens a page in a tab
-/// of its own. Qt does not say with which button an entry was chosen.
+/// Tells whether the menu entry that is being chosen was clicked with the middle button. That opens a page in a tab of
+/// its own. Qt does not say with which button an entry was chosen.
 class QtMiddleClick final : public QObject {
 public:
     QtMiddleClick();

@@ -7,7 +7,7 @@ class QtOverflowArrow final : public QProxyStyle {
     Q_OBJECT
 
 public:
-    /// Gives the button of that name in a bar, if there is one, its arrows and a name for screen reader and pointer.
+    /// Gives a bar's button of that name, if there is one, its arrows and an accessible name.
     static void Show(const QWidget& bar, const QString& button, const QString& name);
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

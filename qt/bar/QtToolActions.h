@@ -22,8 +22,8 @@ public:
     [[nodiscard]] QAction* Find(TextView name) const;
     /// The tool that an action shows; nothing for an action of someone else.
     [[nodiscard]] std::shared_ptr<Tool> ToolOf(const QAction* action) const;
-    /// Reports which tool of a menu or of the menu bar is at a point of the screen, whenever that is another one, or
-    /// none any more: an action tells only that the pointer comes.
+    /// Reports which tool of a menu or the menu bar is at a point of the screen, whenever that changes. An action
+    /// itself tells only that the pointer comes.
     void ReportPointer(QPoint at);
     /// The pointer is on no menu any more.
     void ReportNoPointer();

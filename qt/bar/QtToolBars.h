@@ -29,14 +29,14 @@ public:
     [[nodiscard]] QtComboBox* Box(TextView tool) const { return m_boxes.Find(tool); }
     /// Gives the keyboard to a tool, which selects a box's text.
     void FocusTool(const Band& band, const Tool& tool);
-    /// Drops down the menu of a tool, from its button or, where that is not in sight, from the end of the toolbars.
+    /// Drops down the menu of a tool, from its button or, where that is hidden, from the toolbars' end.
     void OpenMenu(const Tool& tool);
-    /// The toolbars that are in sight, docked ones, from the top to the bottom and from the left to the right.
+    /// The visible docked toolbars, from top to bottom and from left to right.
     [[nodiscard]] std::vector<QToolBar*> InOrder() const;
 
 private:
-    /// The desktop's style without animations: to Qt 6.11 a toolbar that is dropped on a side floats until the
-    /// animation is over, also where the window has none.
+    /// The desktop's style without animations. In Qt 6.11 a toolbar dropped on a side floats until its animation ends,
+    /// even in a window without animations.
     class Still final : public QProxyStyle {
     public:
         int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

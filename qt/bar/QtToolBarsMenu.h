@@ -5,7 +5,7 @@ class QMenu;
 class QPoint;
 class QWidget;
 
-/// The menu that a right click on any toolbar opens: the toolbars to show or hide, and the way to arrange them.
+/// The menu that a right click on any toolbar opens. It shows and hides toolbars and leads to their arrangement.
 namespace QtToolBarsMenu {
 
 /// Opens it at a point of the screen. It ends itself when it closes.

@@ -1,6 +1,6 @@
 #pragma once
-// Ties the controls of a form to the widgets that show them. Both sides follow each other: what the user does reaches
-// the control and with it the form's handler, what the form assigns reaches the widget. A widget that is deleted
+// Ties the controls of a form to the widgets that show them. Both sides follow each other. What the user does reaches
+// the control and its form's handler; what the form assigns reaches the widget. A widget that is deleted
 // unties itself; the form must outlive its widgets.
 
 #include "forms/Controls.h"

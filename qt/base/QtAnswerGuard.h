@@ -7,10 +7,9 @@ class QFocusEvent;
 class QKeyEvent;
 class QWidget;
 
-/// Keeps what was meant for a page from answering the question that comes up under it: the key that is held down, the
-/// second half of a double click, the click of the moment before. A question takes no answer by key or pointer for a
-/// short time after it is shown or gets the focus anew, and never one of a key that repeats. Refusing with Escape is
-/// always possible.
+/// Keeps input meant for a page from answering the question that comes up over it. Such input is a held key, the second
+/// half of a double click, or a click of the moment before. A question takes no key or click for a short time after it
+/// is shown or gets the focus. It never takes a key that repeats. Refusing with Escape is always possible.
 class QtAnswerGuard final : public QObject {
     Q_OBJECT
 

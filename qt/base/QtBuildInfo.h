@@ -3,8 +3,8 @@
 
 #include <QString>
 
-/// What a person who reports a fault is asked for: versions of the program, the engine, Qt, the compiler and the
-/// system. Reads what is linked in; starts neither the engine nor a window.
+/// What to say of the program in a report: versions of the program, the engine, Qt, the compiler and the system. Reads
+/// what is linked in; starts neither the engine nor a window.
 namespace QtBuildInfo {
 
 /// "Qt WebEngine 6.4.2, based on Chromium ..., with security fixes of ..."
@@ -16,8 +16,8 @@ namespace QtBuildInfo {
 /// All of it, a line each, without personal data.
 [[nodiscard]] QString Text();
 
-/// What draws windows and pages, as a line: the windowing system, and the machine's graphics or a program in their
-/// place. Needs the application.
+/// What draws windows and pages, as a line: the windowing system, and the graphics processor or the software instead.
+/// Needs the application.
 [[nodiscard]] QString Drawing();
 
 } // namespace QtBuildInfo

@@ -6,9 +6,8 @@
 /// How this program draws pages. Chosen once, before there is a window or an engine.
 namespace QtDrawing {
 
-/// To be called before there is an application object. When it is known already that the processor alone draws, Qt is
-/// to leave OpenGL alone: setting it up, in software too, would take a third of the time until the first page is asked
-/// for.
+/// To be called before there is an application object. When it is known that the processor alone draws, Qt is to leave
+/// OpenGL alone. Setting it up takes a third of the time until the first page is asked for.
 void Prepare(SettingsStorageFactory& settings);
 /// Whether that is what Qt says because it was told so; nobody need know.
 [[nodiscard]] bool IsExpected(const QString& message);

@@ -14,8 +14,8 @@
 #include <array>
 #include <utility>
 
-// What the engine can do is asked of its headers: those of an engine that is newer than its Qt may name Qt's version as
-// their own, as Debian's backports do.
+// The engine's headers tell what it can do. An engine newer than its Qt may give Qt's version as its own, as Debian's
+// backports do.
 #if __has_include(<QWebEngineWebAuthUxRequest>)
 #define TESSAVIEW_ENGINE_6_7
 #include <QWebEngineDesktopMediaRequest>
@@ -138,8 +138,8 @@ int ChromiumOfEngine() { return QVersionNumber::fromString(QLatin1String(qWebEng
 } // namespace
 
 // What shared workers load, no engine shows to anybody, and those of 6.10 and later nothing that any worker loads. With
-// its own rule the engine still shows a local page's pictures and styles, but nothing of them can be read. The setting
-// of the same name goes further: pictures do not come either.
+// its own rule the engine still shows a local page's pictures and styles, but scripts cannot read them. The setting of
+// the same name goes further: pictures do not come either.
 QByteArray QtEngineVersions::Switches() {
     return QByteArrayLiteral("--blink-settings=allowFileAccessFromFileURLs=false");
 }

@@ -76,25 +76,25 @@ struct SecurityKeyRequest {
     std::function<void(const QString& pin)> EnterPin;
     std::function<void()> Cancel; ///< may be called in any state
 };
-/// Tells of each use of a key, and then of each change of its state, for as long as `context` lives. Engines before 6.7
-/// ask for no PIN and no account: there a key that needs them does not work.
+/// Tells of each use of a key, then of each change of its state, while `context` lives. Engines before 6.7 ask for no
+/// PIN and no account: there a key that needs them does not work.
 void FollowSecurityKeys(QWebEnginePage& page, QObject& context,
                         const std::function<void(const SecurityKeyRequest&)>& asked,
                         const std::function<void()>& changed);
 
-/// Tells that the page, a frame of it or the engine's PDF viewer wants to be printed, for as long as `context` lives.
+/// Tells that the page, a frame of it or the PDF viewer wants to be printed, while `context` lives.
 void FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::function<void()>& asked);
 
-/// Whether the engine goes to a place on the page that shows this very address, as in "page#place", without a word:
-/// those before 6.10 load the page anew.
+/// Whether the engine scrolls silently to a place on the page that shows this very address, as in "page#place". Engines
+/// before 6.10 load the page anew.
 [[nodiscard]] bool GoesThereSilently(const QUrl& shown, const QUrl& target);
 
 /// Shows in the page what another page wants a window for. Engines before 6.8 do not know how such a page is to look
-/// until its first navigation ends, and would end the program when a script fills it before.
+/// until its first navigation ends. They end the program when a script fills it before.
 void OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePage& page);
 
-/// Whether a download has the name that it was asked under, wherever its address leads: those of 6.11 and later drop it
-/// for files of other sites than the page's, a page without an address among them.
+/// Whether a download has the name that it was asked under, wherever its address leads. Engines from 6.11 on drop it
+/// for files of other sites, and for pages without an address.
 [[nodiscard]] bool KeepsAskedNames();
 /// The page that a download is of; nothing when that has gone.
 [[nodiscard]] QWebEnginePage* PageOf(const QWebEngineDownloadRequest& request);

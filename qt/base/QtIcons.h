@@ -5,11 +5,10 @@
 
 class QPalette;
 
-/// The program's pictures: its own icon, and those of the commands, which come from the desktop's icon theme with
-/// Breeze behind it.
+/// The program's pictures: its own icon, and the commands' icons from the desktop's icon theme, with Breeze behind it.
 namespace QtIcons {
 
-/// A picture of the program's own by its name in the resources; a null icon for a name that is none.
+/// A picture of the program's own by its resource name. A null icon for an unknown name.
 [[nodiscard]] QIcon Own(const QString& name);
 
 /// The program's icon.
@@ -21,7 +20,7 @@ void ChooseTheme(const QPalette& palette);
 /// A picture in the theme chosen last; a null icon for none, or for one that no theme has.
 [[nodiscard]] QIcon Of(const Picture& picture);
 
-/// The same, with an empty picture for one that there is not, so that texts below each other begin at one line.
+/// The same, with an empty picture for a missing one, so that texts in a column begin at one line.
 [[nodiscard]] QIcon OfOrBlank(const Picture& picture);
 
 /// The picture with a number in its corner; unchanged for 0. More than 99 are "99+".

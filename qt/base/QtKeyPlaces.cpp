@@ -27,7 +27,7 @@ struct SignInPlace {
     char32_t gives;
 };
 
-// Latin layouts have signs in such places too, and their letter elsewhere: the comma of a Dvorak keyboard is no W. So
+// Latin layouts have signs in such places too, and their letter elsewhere. The comma of a Dvorak keyboard is no W. So
 // only these are known to stand for the letter; they are those of no Latin layout but rare ones.
 constexpr std::array kSigns{
     // Greek

@@ -8,9 +8,8 @@
 class QKeyEvent;
 class QWidget;
 
-/// Shows every key that is meant for a window or anything in it to the program first, before the page or the box that
-/// has the keyboard. A key that the program has used goes no further. Alt is told of when it goes up again and nothing
-/// else was pressed meanwhile.
+/// Shows every key for a window or anything in it to the program first, before the focused page or box. A key that the
+/// program has used goes no further. Alt is told of when it goes up again and nothing else was pressed meanwhile.
 class QtKeys final : public QObject {
     Q_OBJECT
 
@@ -20,7 +19,7 @@ public:
 
     /// The key in the program's terms; its code is 0 for one that has no name there.
     [[nodiscard]] static KeyStroke Of(const QKeyEvent& event);
-    /// A combination in Qt's terms, as a menu shows it; an empty one for a key that has no name there.
+    /// A combination in Qt's terms, as a menu shows it. Empty for a key that has no name there.
     [[nodiscard]] static QKeySequence Sequence(KeyStroke key);
 
     std::function<KeyUsed(KeyStroke)> Down;

@@ -39,7 +39,7 @@ bool HasEntryFor(const QWidget& menu, int key) {
 }
 
 /// Whether that letter is underlined somewhere in the active window, where it has then done what it is there for. Qt
-/// has looked for what the key gives, and found nothing; for a key that a program makes up it looks once more.
+/// has looked for what the key gives, and found nothing. For a synthetic key it looks once more.
 bool PressAccessKey(int letter, bool repeated) {
     QWidget nobody;
     QKeyEvent press(QEvent::KeyPress, letter, Qt::AltModifier, QString(QChar(letter)).toLower(), repeated);

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-/// The program's log in a folder: takes what the program notes and what Qt has to say, which still goes where it went
+/// The program's log in a folder. Takes what the program notes and Qt's messages, which still go where they went
 /// before. There is one at a time.
 class QtLog {
 public:

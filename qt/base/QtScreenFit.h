@@ -18,8 +18,8 @@ public:
     // All lengths in logical pixels.
     /// `frame` moved into `free` as little as is needed, and made smaller where it is larger than that.
     [[nodiscard]] static QRect Within(QRect frame, const QRect& free);
-    /// What of the screen that a frame lies on most is free of the desktop's own bars; of the first screen for one that
-    /// lies on none.
+    /// The part of the frame's main screen that is free of the desktop's bars. The first screen for a frame that is on
+    /// none.
     [[nodiscard]] static QRect FreeAround(const QRect& frame);
     /// What the desktop puts around a window. Of one that is not shown yet it is a guess, rather too much than too
     /// little.

@@ -92,7 +92,7 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         painter->drawPixmap(rect, pixmap(rect.size() * painter->device()->devicePixelRatio(), mode, state));
     }
-    // The size is in pixels of the screen; whoever asks knows how many of them there are to one of a window.
+    // The size is in pixels of the screen. The caller knows how many of them make one of a window.
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         const bool selected = mode == QIcon::Selected;
         QPixmap drawn = m_icon.pixmap(size, 1, selected ? QIcon::Normal : mode, state);

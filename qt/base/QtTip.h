@@ -4,8 +4,8 @@
 /// The tips of the program whose words come from pages and may be long.
 namespace QtTip {
 
-/// A text, whatever it looks like, as a tip shows it: its lines stay lines, and one that is too long is broken at a
-/// blank, or where an address may be broken. Left to itself a tip of several words becomes a narrow column.
+/// A text, whatever it looks like, as a tool tip shows it. Its lines stay lines. A long one is broken at a blank, or
+/// where an address may be broken. Left to itself a tip of several words becomes a narrow column.
 [[nodiscard]] QString Html(const QString& text);
 
 } // namespace QtTip

@@ -7,9 +7,9 @@ class QtDefaultBrowser final : public DefaultBrowser {
 public:
     /// Whether it is known without running the tool that the user need not be asked.
     [[nodiscard]] static bool NothingToAsk();
-    /// Answers at once where the user's own list of programs names ours; else the tool is asked, and one that does
-    /// not answer soon counts as "nothing to ask". Name and path are not looked at: what the desktop starts is what
-    /// the entry names.
+    /// Answers at once where the user's own list of programs names ours. Otherwise the tool is asked; one that does not
+    /// answer soon counts as "nothing to ask". Name and path are not looked at: the desktop starts what the entry
+    /// names.
     [[nodiscard]] bool IsDefault(TextView name, TextView path) override;
     /// Starts the tool and lets it work; it takes seconds on some desktops and is ended after a minute.
     Outcome MakeDefault(TextView name, TextView path) override;

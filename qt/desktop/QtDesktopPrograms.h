@@ -4,8 +4,8 @@
 /// What the desktop says about its programs.
 namespace QtDesktopPrograms {
 
-/// The command line that starts the program which the desktop has for addresses of that scheme, without any address;
-/// empty when there is none that has a window, or when it is this program.
+/// The command line, without any address, of the desktop's program for addresses of that scheme. Empty when that has no
+/// window, is missing, or is this program.
 [[nodiscard]] QString CommandFor(const QString& scheme);
 
 /// Whether the desktop opens addresses of that scheme with another program than this one. Where it has none it would

@@ -9,8 +9,8 @@ class QtFileManager final : public QObject {
 public:
     explicit QtFileManager(QDBusConnection bus = QDBusConnection::sessionBus()) : m_bus(std::move(bus)) {}
 
-    /// Shows a file selected in its folder; the folder alone, in the desktop's program for folders, where no file
-    /// manager can do that or the file is not there. Whether it could be asked for.
+    /// Shows a file selected in its folder. Shows the folder alone, in the desktop's program, when no file manager can
+    /// select or the file is missing. Whether it could be asked for.
     bool Show(const QString& path);
 
     /// Opens a folder in the desktop's program for folders.

@@ -28,7 +28,7 @@ void Make(const QString& folder) {
 }
 
 // What was visited, downloaded and set is nobody else's business. A folder that is there already has the rights that
-// its owner gave it: it may hold more than what is ours.
+// its owner gave it. It may hold more than what is ours.
 void MakePrivate(const QString& folder) {
     if (QFileInfo(folder).isDir()) return;
     const bool parent = QDir().mkpath(QFileInfo(folder).path());

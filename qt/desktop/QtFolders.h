@@ -11,9 +11,9 @@ struct QtFolders {
     QString state;     ///< names the instance: two state folders never meet
     QString favorites; ///< the user's Favorites; made when the first is added
 
-    /// $TESSAVIEW_HOME for everything when set; else the folder of the running program, if it is the user's own and
-    /// writable and no "bin" that it shares with other programs, for what belongs to the program, and the desktop's
-    /// usual folders for the rest.
+    /// With $TESSAVIEW_HOME, that for everything. Otherwise the folder of the running program for the program's files,
+    /// and the desktop's usual folders for the rest. The program's folder counts only when it is the user's own and
+    /// writable, and no "bin" that other programs share.
     static QtFolders Find(const QString& programFile);
     /// The path of the program that runs; known before there is an application object.
     static QString ProgramFile();

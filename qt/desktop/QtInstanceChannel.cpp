@@ -42,7 +42,7 @@ Outcome QtInstanceSender::RegisterMessage(TextView name) {
 }
 
 bool QtInstanceSender::PreviousInstance(Instances allowed) {
-    // Held while a start looks for instances and becomes one, so that two starts at one moment do not both become one.
+    // Held while a start looks for instances and becomes one. So two starts at one moment do not both become one.
     const FileLock lock(PathBytes(m_folder.PathOf(m_prefix + QStringLiteral("lock"))),
                         std::chrono::milliseconds(m_patience));
     m_running = FindRunning();

@@ -12,9 +12,9 @@
 
 class QLocalSocket;
 
-/// Finds the instances of one user and one state folder, and talks to them over local sockets that the user alone may
-/// open. A socket that nobody answers is left over from an instance that crashed, and is removed. Can not be found
-/// itself, and needs no application object.
+/// Finds the instances of one user and one state folder. Talks to them over local sockets that the user alone may open.
+/// A socket that nobody answers is left over from an instance that crashed, and is removed. Can not be found itself,
+/// and needs no application object.
 class QtInstanceSender : public InstanceChannel {
 public:
     /// `stateFolder` tells instances apart; `patience` in milliseconds is how long either side waits for the other.

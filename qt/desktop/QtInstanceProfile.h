@@ -3,8 +3,8 @@
 
 #include <QString>
 
-/// The engine's profile that this instance of the program has for its own, held by a lock that dies with its process.
-/// To end after the engine, which goes on writing for a while when its profile has ended.
+/// The engine's profile of this instance, held by a lock that dies with its process. To end after the engine, which
+/// goes on writing for a while when its profile has ended.
 class QtInstanceProfile {
 public:
     /// The folders of the first profile; further ones lie beside it. Without a folder what pages store is kept in

@@ -14,7 +14,7 @@ public:
     /// The page that they are for; nothing when there is none. Filled in by the program.
     std::function<QWebEnginePage*()> Page;
 
-    /// Has what plays in the page do so: what was paused in this way goes on, else what has begun, else the first.
+    /// Has what plays in the page go on. What was paused in this way comes first, then what has begun, then the first.
     static void Tell(QWebEnginePage& page, Wish wish);
 
 protected:

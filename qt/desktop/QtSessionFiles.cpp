@@ -22,8 +22,8 @@ const QString& Ending() {
 constexpr int kSessionNameDigits = 14;                   // of milliseconds since 1970
 constexpr qint64 kHighestSessionNumber = 99999999999999; // of that many digits
 
-// Sorts behind all sessions that are there, also when the clock has been set back since: the newest would else be taken
-// for the oldest, which is not offered, and goes when there are too many.
+// Sorts behind all sessions that are there, also when the clock has been set back since. The newest would else pass for
+// the oldest, which is not offered, and goes when there are too many.
 QString NextSessionName(const QString& folder) {
     qint64 number = QDateTime::currentMSecsSinceEpoch();
     for (const QString& name : QDir(folder).entryList({QLatin1Char('*') + Ending()}, QDir::Files)) {

@@ -7,8 +7,8 @@
 #include <QThreadPool>
 #include <vector>
 
-/// Sessions as files of a folder, one a run. A run holds a lock beside its file for as long as it lives, however it
-/// ends, so that no other takes its session for one that has ended. Files are written behind the scenes, in order;
+/// Sessions as files of a folder, one a run. A run holds a lock beside its file as long as it lives. So no other run
+/// takes its session for one that has ended. Files are written behind the scenes, in order;
 /// this object ends when all are on disk.
 class QtSessionFiles final : public SessionFiles {
 public:

@@ -10,16 +10,16 @@
 #include <vector>
 
 /// Settings in the file "settings.ini" of one folder, readable by the user alone. Every opened storage reads the
-/// file afresh; what was written to it is merged into the file when it is released, under a lock that all processes
-/// share, and replaces the file as a whole: whoever reads, or dies while writing, leaves or finds the old or the new
-/// one. A file that cannot be understood is kept as "settings.ini.damaged-1" and so on.
+/// file afresh. When it is released, what was written to it is merged into the file, under a lock that all processes
+/// share. The file is replaced as a whole, so readers find the old or the new one, also when a writer dies. A file that
+/// cannot be understood is kept as "settings.ini.damaged-1" and so on.
 ///
-/// QSettings would not do: it takes a file of the same size and time of change for unchanged, so that a value of
-/// another process written within the same tick of the clock is missed, and then overwritten.
+/// QSettings would not do. It takes a file of the same size and time stamp for unchanged. So it misses and overwrites a
+/// value that another process wrote within one clock tick.
 class QtSettingsStorage : public SettingsStorageFactory {
 public:
-    /// A start that cannot tell its user leaves a damaged file to one that can: what it reads is empty then, and what
-    /// it writes is not kept.
+    /// A start that cannot tell its user leaves a damaged file to one that can. It reads nothing then, and what it
+    /// writes is not kept.
     enum class Damaged { PutAside, LeftAlone };
     /// The folder is made on the first write.
     explicit QtSettingsStorage(QString folder, Damaged damaged = Damaged::PutAside);
@@ -27,7 +27,7 @@ public:
     /// The storage must not outlive this factory. Never null.
     std::unique_ptr<SettingsStorage> Open() override;
 
-    /// Who tells the user that the settings were damaged or cannot be read or saved; each is said once until it is
+    /// Who tells the user that the settings were damaged or cannot be read or saved. Each is said once until it is
     /// over. What happened before this was called is said at once.
     void SetReport(std::function<void(Text)> report);
     /// Finds out whether settings can be saved, and says so if not. Changes nothing.

@@ -5,7 +5,7 @@
 
 class QSocketNotifier;
 
-/// The signals with which the desktop or a terminal asks the program to end: it ends as if its window was closed.
+/// The signals with which the desktop or a terminal asks the program to end. It ends as if its window were closed.
 class QtSignals final : public QObject {
     Q_OBJECT
 

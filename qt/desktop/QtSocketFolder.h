@@ -1,8 +1,8 @@
 #pragma once
 #include <QString>
 
-/// The folder in which the instances of one user find each other's sockets: the desktop's folder for such things, or
-/// the program's own where there is none that is the user's alone.
+/// The folder in which the instances of one user find each other's sockets. It is the desktop's folder for such things,
+/// or the program's own where none is the user's alone.
 class QtSocketFolder {
 public:
     QtSocketFolder() = default;
@@ -13,7 +13,7 @@ public:
     /// Finds the folder. `longestName` is the length of the longest file name that `PathOf` will be asked for.
     void Open(const QString& stateFolder, qsizetype longestName);
     [[nodiscard]] bool IsWritable() const;
-    /// The folder by a path so short that a socket's address can name a file in it, however deep the folder lies.
+    /// A path of the folder so short that a socket's address can name a file in it, however deep.
     /// Good for this process alone, while this object lives.
     [[nodiscard]] const QString& Path() const { return m_path; }
     [[nodiscard]] QString PathOf(const QString& name) const { return m_path + QLatin1Char('/') + name; }

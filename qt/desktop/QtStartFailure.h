@@ -1,8 +1,8 @@
 #pragma once
 #include <QtGlobal>
 
-/// While it lives, a start that Qt gives up, because the display does not answer or windows cannot be shown on it,
-/// ends the process with a message a person understands and the exit code 1, in place of a crash.
+/// While it lives, a start that Qt gives up ends the process with a clear message and the exit code 1, in place of a
+/// crash. Qt does so when the display does not answer, or cannot show windows.
 class QtStartFailure {
 public:
     QtStartFailure();

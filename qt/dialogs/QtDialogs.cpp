@@ -77,7 +77,7 @@ QString OnlyEnding(const QStringList& filters) {
     return filters.size() == 1 ? kOnePattern.match(filters.constFirst()).captured(1) : QString();
 }
 
-// As Qt lays it out, the names are cut off in the middle while the column of the dates ends in empty space.
+// As Qt lays it out, the names are cut off while the column of the dates ends in empty space.
 void WidenNames(QFileDialog& dialog) {
     const auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
     if (!list) return;

@@ -23,7 +23,7 @@ public:
     Text ChooseFolder(TextView folder) override;
 };
 
-/// A filter as Qt wants it, an entry a pair of description and patterns: the description as it is, which is what the
-/// dialog shows, and behind it the patterns in brackets, which Qt takes away before it shows the rest. "*.*" means all
-/// files; a description without patterns is left out.
+/// A filter as Qt wants it, a description and its patterns an entry. The dialog shows the description as it is. The
+/// patterns stand behind it in brackets, which Qt takes away. "*.*" means all files; a description without patterns is
+/// left out.
 [[nodiscard]] QStringList QtNameFilters(TextView filter);

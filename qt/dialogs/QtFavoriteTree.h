@@ -12,7 +12,7 @@ public:
 
     QtFavoriteTree(Text root, Shows shows);
 
-    /// Selects the line of a path and opens the folders above it; the root for a path that is not there.
+    /// Selects the line of a path and opens the folders above it. Selects the root for a missing path.
     void Select(const Text& path);
     /// Reads a folder again that is shown; what was open below it stays open.
     void Reload(const Text& folder);

@@ -4,7 +4,7 @@
 class QListWidget;
 class QStackedWidget;
 
-/// Pages of a dialog, with a list of their names at the side: however many there are, all of them can be seen. A page
+/// Pages of a dialog, with a list of their names at the side. However many there are, all of them can be seen. A page
 /// is shown by its access key, by Ctrl+Tab and Ctrl+Page, and from the list.
 class QtPageList final : public QWidget {
     Q_OBJECT

@@ -12,7 +12,7 @@
 
 namespace {
 
-// As wide as the widest step in whatever font, and no wider: a desktop's usual width would make a long row of them.
+// As wide as the widest step in whatever font, and no wider. A desktop's usual width would make a long row of them.
 int StepWidth(const QPushButton& widest) {
     return widest.fontMetrics().horizontalAdvance(widest.text()) + 2 * widest.fontMetrics().averageCharWidth() + 12;
 }

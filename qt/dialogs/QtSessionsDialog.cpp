@@ -31,7 +31,7 @@ QLabel* SessionHeading(Label& label, const char* name, QWidget* buddy) {
 void FillPage(QTreeWidgetItem& item, const SessionPageLine& line) {
     item.setText(0, ToQt(line.Title));
     item.setText(1, ToQt(line.Address));
-    // What a page calls itself is text; as a tool tip Qt would read it as HTML if it looks like it.
+    // What a page calls itself is text. As a tool tip Qt would read it as HTML if it looks like it.
     for (const int column : {0, 1})
         item.setToolTip(column, QStringLiteral("<span>%1</span>").arg(item.text(column).toHtmlEscaped()));
     item.setCheckState(0, line.Ticked ? Qt::Checked : Qt::Unchecked);

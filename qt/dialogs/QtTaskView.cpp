@@ -37,7 +37,7 @@ void FillRow(QTreeWidgetItem& item, const TaskLine& line) {
         const QString cell = ToQt(line.Cell(ColumnOf(column)));
         if (item.text(column) == cell) continue;
         item.setText(column, cell);
-        // What a page calls itself is text; as a tool tip Qt would read it as HTML if it looks like it.
+        // What a page calls itself is text. As a tool tip Qt would read it as HTML if it looks like it.
         item.setToolTip(column, QStringLiteral("<span>%1</span>").arg(cell.toHtmlEscaped()));
     }
     AlignNumbers(item);

@@ -35,8 +35,8 @@ private:
     Connections m_connections;
 };
 
-/// Shows the task view over the main window when its form is shown, and has it measured once a second as long as it
-/// is. The dialog comes into being when it is first shown.
+/// Shows the task view over the main window while its form is shown, and has it measured once a second. The dialog is
+/// made when it is first shown.
 class QtTaskView final : public QObject {
     Q_OBJECT
 

@@ -118,7 +118,7 @@ void QtDownloads::OnRequest(Request& request, Followed& from) {
     const auto document = Documents ? Documents->Take(request) : std::nullopt;
     // What the program needs for itself is in no list.
     if (document && document->Told) return QtPageDocuments::Bring(request, *document);
-    // A download that goes on after its connection broke is requested like a new one, but nobody saves one more file.
+    // A download that goes on after its connection broke is requested like a new one, but is no new file.
     if (const auto* download = List ? Continued(request, from) : nullptr) {
         List->Continue(download->Id, std::make_shared<Transfer>(request));
         return Accept(request, *download);
@@ -131,7 +131,7 @@ void QtDownloads::OnRequest(Request& request, Followed& from) {
 
 bool QtDownloads::May(const Request& request, Followed& from) const {
     if (request.isSavePageDownload() || m_expected.contains(AskedNameOf(request)) || !MaySave) return true;
-    // A page that has gone cannot be asked about, and one that goes at once is not to save without end.
+    // A page that has gone cannot be asked about. One that goes at once is not to save without end.
     auto* page = QtEngineVersions::PageOf(request);
     const auto* ours = qobject_cast<const QtPage*>(page);
     return page && !(ours && ours->Ended()) ? MaySave(page, request.url()) : from.pageless.Take();
@@ -192,7 +192,7 @@ void QtDownloads::Accept(Request& request, const Download& download) {
     request.accept();
 }
 
-// A link may lead through other addresses before a file comes of it; only the name that was asked for comes back
+// A link may lead through other addresses before a file comes of it. Only the name that was asked for comes back
 // unchanged. Nobody else can ask for it, so what never becomes a request cannot be mistaken for another later.
 QString QtDownloads::Expect(const Expected& expected) {
     const QString name = QUuid::createUuid().toString(QUuid::Id128);
@@ -218,8 +218,8 @@ void QtDownloads::Ask(QWebEnginePage& page, const QUrl& address, const Expected&
     AskAlone(*page.profile(), address, name);
 }
 
-// Where the name does not come back, the page tells. It is one of the address's own site, so that this gets its cookies
-// as it does from a link that the user opens.
+// Where the name does not come back, the page tells. It is of the address's own site. So it gets that site's cookies,
+// as from a link that the user opens.
 void QtDownloads::AskAlone(QWebEngineProfile& profile, const QUrl& address, const QString& name) {
     auto* page = new QWebEnginePage(&profile, &profile);
     m_alone.insert(page, name);

@@ -18,8 +18,8 @@ class QWebEngineDownloadRequest;
 class QWebEnginePage;
 class QWebEngineProfile;
 
-/// What the list of downloads needs of engine and desktop: brings the engine's downloads to it, fetches addresses
-/// again, opens files.
+/// What the list of downloads needs of engine and desktop. Hands it the engine's downloads, fetches addresses again,
+/// opens files.
 class QtDownloads final : public QObject, public DownloadDesktop {
     Q_OBJECT
 

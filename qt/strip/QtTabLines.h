@@ -7,7 +7,7 @@
 
 class QAbstractItemView;
 
-/// The lines of a list of tabs: icon, title, host and, on the line under the pointer and on the marked one, a button
+/// The lines of a list of tabs: icon, title and host. The line under the pointer and the marked one also have a button
 /// that closes the tab.
 class QtTabLines final : public QStyledItemDelegate {
     Q_OBJECT

@@ -21,9 +21,9 @@ struct QtTabListEntry {
     bool selected = false;
 };
 
-/// A list of all tabs that drops down, each with its icon, its host and a button that closes it, and with a box to
-/// search them by title or address. Typing narrows the list, the arrow keys go through it, Enter or a click chooses,
-/// Ctrl+W closes the marked tab.
+/// A list of all tabs that drops down, with a box to search them by title or address. Each has its icon, its host and a
+/// button that closes it. Typing narrows the list, the arrow keys go through it, Enter or a click chooses, Ctrl+W
+/// closes the marked tab.
 class QtTabList final : public QFrame {
     Q_OBJECT
 

@@ -29,8 +29,8 @@ struct QtTabFace {
     QRect soundPlace;
 };
 
-/// How the tab strip looks, all from the palette: the selected tab is of one piece with the page beside the row and
-/// carries a line of the highlight colour at its outer edge.
+/// How the tab strip looks, all from the palette. The selected tab joins the page beside the row, with a line of the
+/// highlight colour at its outer edge.
 class QtTabLook {
 public:
     QtTabLook(const QPalette& palette, TabPlacement placement);

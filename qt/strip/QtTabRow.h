@@ -29,7 +29,7 @@ public:
     [[nodiscard]] QRect ArrowPlace(Arrow arrow) const;
     /// The button at the end that lists all tabs; empty unless the row overflows.
     [[nodiscard]] QRect ListPlace() const;
-    /// The button for a new tab: behind the last tab, and beside the tabs that show where they do not fit.
+    /// The button for a new tab. It is behind the last tab, or beside the visible tabs where they do not fit.
     [[nodiscard]] QRect NewPlace() const;
     [[nodiscard]] QRect TabPlace(std::size_t position) const;
     [[nodiscard]] QRect ClosePlace(std::size_t position) const;

@@ -131,7 +131,7 @@ QtTabFace QtTabStrip::PaintedFace(std::size_t position) const {
     return face;
 }
 
-// What the screen shows may be newer than what was remembered, and must be known for it to be painted over later.
+// What the screen shows may be newer than what was remembered. It must be known to be painted over later.
 void QtTabStrip::RememberPainted(std::size_t position, const QRegion& painted) {
     const std::size_t index = position - m_row.FirstVisible();
     Face face = FaceAt(position);

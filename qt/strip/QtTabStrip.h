@@ -12,11 +12,11 @@
 #include <set>
 #include <vector>
 
-/// Shows a `TabStrip` as one widget that paints all tabs itself, so that the strip costs what is visible of it, not
-/// what it holds. It covers the row of tabs alone; the page area is laid beside it. The strip outlives the widget.
+/// Shows a `TabStrip` as one widget that paints all tabs itself. So the strip costs what is visible of it, not what it
+/// holds. It covers the row of tabs alone; the page area is laid beside it. The strip outlives the widget.
 ///
-/// Layout is done once a turn of the event loop; captions, busy marks and page icons are gathered for a tenth of a
-/// second, because any repaint has the whole window composed again with the page's picture.
+/// Layout is done once a turn of the event loop. Captions, busy marks and page icons are gathered for a tenth of a
+/// second. Any repaint composes the whole window again.
 class QtTabStrip final : public QWidget {
     Q_OBJECT
 
@@ -56,7 +56,7 @@ public:
     void RefreshIcons(std::int32_t tag);
     /// The tab at a point of the widget; nothing where no tab is.
     [[nodiscard]] Tab* FindTabAt(QPoint point);
-    /// Where the tab at a position stands, as far out as it may be scrolled; empty for no position of the strip.
+    /// Where the tab at a position stands, even when it is scrolled out. Empty for no position of the strip.
     [[nodiscard]] QRect TabPlace(std::size_t position);
     [[nodiscard]] QRect ClosePlace(std::size_t position);
     [[nodiscard]] QRect SoundPlace(std::size_t position);

@@ -8,9 +8,8 @@
 
 class QtTabStrip;
 
-/// The tab strip as screen readers and other tools of assistance see it: a list of page tabs, each with its caption
-/// as name, its state and the action that selects it, and behind them the button for a new tab. Owned by Qt's
-/// accessibility.
+/// The tab strip as screen readers and other assistive tools see it: a list of page tabs, then the button for a new
+/// tab. Each tab has its caption as name, its state, and the action that selects it. Owned by Qt's accessibility.
 class QtTabStripAccessible final : public QAccessibleWidget {
 public:
     explicit QtTabStripAccessible(QtTabStrip& strip);

@@ -14,7 +14,7 @@ namespace {
 
 const QString kPlain = QStringLiteral("text/plain");
 
-// Whether it is a link and nothing else that was dragged out of a page, be that a page of the web or a file.
+// Whether a link and nothing else was dragged out of a page, either of the web or of a file.
 bool IsPageLink(const QMimeData& data) {
     const QString html = data.html().trimmed();
     const QString end = QStringLiteral("</a>");
@@ -52,8 +52,8 @@ bool OffersPlainText(const QMimeData& data) {
 
 bool OffersText(const QMimeData& data) { return OffersPlainText(data) || DraggedLink(data); }
 
-// The plain text, but for a page's link, of which that is what one reads there and not where it leads. A link without
-// text is taken too. Nothing when the other program has promised a text and gives none.
+// The plain text. For a page's link that is what one reads there, not where it leads. A link without text is taken too.
+// Nothing when the other program has promised a text and gives none.
 std::optional<QString> DraggedText(const QMimeData& data) {
     const QString text = OffersPlainText(data) && !IsPageLink(data) ? data.text() : QString();
     return text.isEmpty() ? DraggedLink(data) : text;
@@ -66,7 +66,7 @@ void QtTabStrip::CloseByMiddleButton(QPoint point) {
     if (tab) CloseRequested(*tab);
 }
 
-// The tab follows the pointer from place to place; all tabs are of one width, so none jumps to and fro.
+// The tab follows the pointer from place to place. All tabs are of one width, so none jumps to and fro.
 void QtTabStrip::DragTab(QPoint point) {
     if (!m_dragging && (point - m_dragStart).manhattanLength() < QApplication::startDragDistance()) return;
     m_dragging = true;

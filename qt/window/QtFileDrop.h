@@ -10,8 +10,8 @@
 class QWidget;
 
 /// Takes files that are dropped anywhere on a window before the page or the control under the pointer sees them.
-/// Everything else that is dragged goes where it went, but for addresses that were announced and do not come, as when
-/// the program that they are dragged from has ended: the engine relies on them.
+/// Everything else that is dragged goes where it went, except announced addresses that do not come. The program that
+/// they are dragged from may have ended, and the engine relies on them.
 class QtFileDrop final : public QObject {
     Q_OBJECT
 

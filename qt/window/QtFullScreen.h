@@ -11,9 +11,9 @@ class QLabel;
 class QMainWindow;
 class QWidget;
 
-/// Full screen for a window: takes its menu bar and toolbars away while it lasts and says for a moment how to leave.
-/// The bars come back for as long as the keyboard or the pointer is on them, or a menu is open; a pointer that rests at
-/// an edge where bars were calls them.
+/// Full screen for a window. Hides its menu bar and toolbars while it lasts and says for a moment how to leave. The
+/// bars come back while they have the focus or the pointer, or a menu is open. A pointer that rests at an edge where
+/// bars were calls them.
 class QtFullScreen final : public QObject {
 public:
     /// `hintArea` is where the hint appears, inside the window. Both outlive it.

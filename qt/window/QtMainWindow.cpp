@@ -29,7 +29,7 @@ QSize SizeIn(Twips width, Twips height) {
 }
 
 // Where OpenGL draws, the engine's widgets are painted by it. A window that learns of that when it is on the screen
-// already is taken away and made anew; with such a widget in it, never shown and so for nothing, it is made for them at
+// already is taken away and made anew. With such a widget in it, never shown and so for nothing, it is made for them at
 // once.
 void ExpectEngine(QWidget& area) {
     if (QtDrawing::InSoftware()) return;
@@ -140,8 +140,8 @@ void QtMainWindow::SetPlace(const Placement& place) {
     m_fits = true;
 }
 
-// Only now is known what the desktop has put around the window. Until then it took the place to be that of the inside,
-// so that the window would go up by a title bar with every start.
+// Only now is known what the desktop has put around the window. Until then it took that for the place of the inside.
+// The window would go up by a title bar with every start.
 void QtMainWindow::SettlePlace() {
     constexpr Qt::WindowStates kElsewhere = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
     const std::optional<QPoint> corner = std::exchange(m_corner, std::nullopt);

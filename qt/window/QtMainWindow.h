@@ -12,7 +12,7 @@ class QtStatusBar;
 class QtTabStrip;
 
 /// The main window's frame on the desktop. Its inner area holds tab strip and pages: the core says where they go. The
-/// status bar keeps to the window's lower edge, beneath all toolbars; for the core it is a part of the area. Costs no
+/// status bar keeps to the window's lower edge, beneath all toolbars. For the core it is a part of the area. Costs no
 /// window of the desktop until it is shown.
 class QtMainWindow final : public QMainWindow, public MainWindow {
     Q_OBJECT
@@ -37,11 +37,11 @@ public:
     [[nodiscard]] Twips ScreenHeight() const override;
     void MoveTabStrip(const Rect& place) override;
 
-    /// Raises and activates what is shown of the window. One that is minimised stays so, and asks for attention in the
-    /// task bar; one that is not there yet, or no longer, stays away. `token` is what the desktop gave the one who asks
+    /// Raises and activates what is shown of the window. One that is minimised stays so and asks for attention in the
+    /// task bar. One that is not shown yet, or no longer, stays away. `token` is what the desktop gave the one who asks
     /// for it; may be empty.
     void BringToForeground(const QByteArray& token);
-    /// The user has asked for the window: out of the task bar, as large as it was, and into the foreground.
+    /// The user has asked for the window: out of the task bar, at its former size, and into the foreground.
     void ComeBack();
     /// Takes the widget in. The caller goes on owning it and may delete it.
     void SetTabStrip(QtTabStrip& strip);

@@ -10,8 +10,8 @@
 class QLabel;
 class QPushButton;
 
-/// Shows a `StatusBar`, which outlives it. Texts are gathered for a tenth of a second, because any repaint has the
-/// whole window composed again with the page's picture. Its owner gives it its place.
+/// Shows a `StatusBar`, which outlives it. Texts are gathered for a tenth of a second. Any repaint composes the whole
+/// window again with the page's picture. Its owner gives it its place.
 class QtStatusBar final : public QStatusBar {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ public:
 
     explicit QtStatusBar(StatusBar& bar, QWidget* parent = nullptr);
 
-    /// Shows what the program itself has to say, which no text of a page replaces until somebody can have read it.
+    /// Shows what the program itself has to say. No text of a page replaces it until somebody can have read it.
     void Notice(const QString& text, std::chrono::milliseconds time = kNoticeTime);
     /// How long what can be taken back offers that.
     static constexpr std::chrono::seconds kOfferTime{30};

@@ -5,7 +5,7 @@
 #include <QBasicTimer>
 #include <QListWidget>
 
-/// The entries of a band as a list, in which they are dragged about: to other places, out of it, and into it.
+/// The entries of a band as a list. They are dragged inside it, out of it, and into it.
 class QtBandList final : public QListWidget {
     Q_OBJECT
 

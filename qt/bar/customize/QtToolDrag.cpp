@@ -135,8 +135,8 @@ void QtToolDrag::BeginDrag(const Spot& spot) {
     DragEnds();
 }
 
-// The keyboard is still where it was when a menu was opened to be arranged: in the dialog, which Escape would close, or
-// in the window, where it has a meaning of its own.
+// The focus is still where it was when a menu was opened to be arranged. In the dialog Escape would close it; in the
+// window Escape means something else.
 bool QtToolDrag::Escape(const QWidget& watched, QEvent& event) {
     const bool ours = watched.window() == &m_window || watched.window() == &m_dialog || m_panels.Hold(watched);
     if (!ours || static_cast<QKeyEvent&>(event).key() != Qt::Key_Escape || !m_panels.Root()) return false;

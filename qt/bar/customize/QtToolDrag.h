@@ -11,7 +11,7 @@
 class QDropEvent;
 class QMouseEvent;
 
-/// While it lives, the tools on a window's toolbars and menu bar are not clicked but dragged about: to another place,
+/// While it lives, the tools on a window's toolbars and menu bar are dragged and not clicked. They go to another place,
 /// onto another bar or menu, or off all of them, which removes them. A tool that opens a menu opens it to be arranged.
 class QtToolDrag final : public QObject {
     Q_OBJECT
