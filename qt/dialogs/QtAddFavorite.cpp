@@ -1,6 +1,7 @@
 #include "qt/dialogs/QtAddFavorite.h"
 
 #include "qt/base/Bind.h"
+#include "qt/base/QtFormRows.h"
 #include "qt/base/QtText.h"
 #include "qt/dialogs/QtFavoriteTree.h"
 
@@ -63,17 +64,10 @@ void QtAddFavorite::BindTree() {
 }
 
 QWidget* QtAddFavorite::Buttons() {
-    auto* buttons = new QDialogButtonBox;
-    const auto add = [&](Button& button, const char* name, QDialogButtonBox::ButtonRole role) {
-        auto* widget = new QPushButton;
-        Bind(button, *widget, QString::fromLatin1(name));
-        widget->setAutoDefault(false);
-        buttons->addButton(widget, role);
-        return widget;
-    };
-    add(m_form.cmdNewFolder, "cmdNewFolder", QDialogButtonBox::ResetRole);
-    add(m_form.cmdOK, "cmdOK", QDialogButtonBox::AcceptRole)->setDefault(true);
-    add(m_form.cmdCancel, "cmdCancel", QDialogButtonBox::RejectRole);
+    auto* buttons = NewButtonRow({{m_form.cmdNewFolder, "cmdNewFolder", QDialogButtonBox::ResetRole},
+                                  {m_form.cmdOK, "cmdOK", QDialogButtonBox::AcceptRole},
+                                  {m_form.cmdCancel, "cmdCancel", QDialogButtonBox::RejectRole}});
+    buttons->findChild<QPushButton*>(QStringLiteral("cmdOK"))->setDefault(true);
     return buttons;
 }
 

@@ -1,6 +1,7 @@
 #include "qt/dialogs/QtDefBrowserDialog.h"
 
 #include "qt/base/Bind.h"
+#include "qt/base/QtFormRows.h"
 #include "qt/base/QtIcons.h"
 #include "qt/base/QtText.h"
 
@@ -48,15 +49,8 @@ QtDefBrowserDialog::QtDefBrowserDialog(frmDefBrowser& form, QWidget* parent) : Q
 }
 
 QWidget* QtDefBrowserDialog::Buttons() {
-    auto* buttons = new QDialogButtonBox;
-    auto* yes = new QPushButton;
-    auto* no = new QPushButton;
-    Bind(m_form.cmdYes, *yes, QStringLiteral("cmdYes"));
-    Bind(m_form.cmdNo, *no, QStringLiteral("cmdNo"));
-    buttons->addButton(yes, QDialogButtonBox::YesRole);
-    buttons->addButton(no, QDialogButtonBox::NoRole);
-    yes->setDefault(true);
-    return buttons;
+    return NewAnswers({m_form.cmdYes, "cmdYes", QDialogButtonBox::YesRole},
+                      {m_form.cmdNo, "cmdNo", QDialogButtonBox::NoRole});
 }
 
 void ShowModal(frmDefBrowser& form, QWidget* parent) {

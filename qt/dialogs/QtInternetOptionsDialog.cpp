@@ -2,6 +2,7 @@
 
 #include "qt/base/Bind.h"
 #include "qt/base/QtChoice.h"
+#include "qt/base/QtFormRows.h"
 #include "qt/base/QtListBox.h"
 #include "qt/base/QtText.h"
 #include "qt/dialogs/QtPageList.h"
@@ -37,12 +38,6 @@ QLineEdit* AddBox(QVBoxLayout& rows, Label& label, TextBox& box, const char* nam
     return edit;
 }
 
-void AddCheckBox(QVBoxLayout& rows, CheckBox& box, const char* name, char16_t accessKey) {
-    auto* widget = new QCheckBox;
-    Bind(box, *widget, ObjectName(name), accessKey);
-    rows.addWidget(widget);
-}
-
 void AddChoice(QVBoxLayout& rows, Choice& choice, const char* name, char16_t accessKey) {
     auto* caption = new QLabel(WithAccessKey(ToQt(choice.Caption), accessKey));
     auto* box = new QComboBox;
@@ -56,17 +51,9 @@ void AddChoice(QVBoxLayout& rows, Choice& choice, const char* name, char16_t acc
 }
 
 void AddNote(QVBoxLayout& rows, Label& label, const char* name) {
-    auto* widget = new QLabel;
+    auto* widget = NewLabel(label, name);
     widget->setWordWrap(true);
-    Bind(label, *widget, ObjectName(name));
     rows.addWidget(widget);
-}
-
-QPushButton* NewButton(Button& button, const char* name, char16_t accessKey) {
-    auto* widget = new QPushButton;
-    Bind(button, *widget, ObjectName(name), accessKey);
-    widget->setAutoDefault(false);
-    return widget;
 }
 
 void AddButtons(QVBoxLayout& rows, std::initializer_list<QPushButton*> buttons) {
@@ -151,10 +138,10 @@ QWidget* QtInternetOptionsDialog::ProgramsPage() {
 QWidget* QtInternetOptionsDialog::PrivacyPage() {
     auto* page = new QWidget;
     auto* rows = new QVBoxLayout(page);
-    AddCheckBox(*rows, m_form.chkJavaScript, "chkJavaScript", u'J');
+    rows->addWidget(NewCheckBox(m_form.chkJavaScript, "chkJavaScript", u'J'));
     AddChoice(*rows, m_form.cboCookies, "cboCookies", u'K');
-    AddCheckBox(*rows, m_form.chkDoNotTrack, "chkDoNotTrack", u'T');
-    AddCheckBox(*rows, m_form.chkGlobalPrivacyControl, "chkGlobalPrivacyControl", u'S');
+    rows->addWidget(NewCheckBox(m_form.chkDoNotTrack, "chkDoNotTrack", u'T'));
+    rows->addWidget(NewCheckBox(m_form.chkGlobalPrivacyControl, "chkGlobalPrivacyControl", u'S'));
     rows->addStretch();
     return page;
 }
@@ -181,12 +168,12 @@ QWidget* QtInternetOptionsDialog::SitesPage() {
 QWidget* QtInternetOptionsDialog::ClearPage() {
     auto* page = new QWidget;
     auto* rows = new QVBoxLayout(page);
-    AddCheckBox(*rows, m_form.chkClearCookies, "chkClearCookies", u'K');
-    AddCheckBox(*rows, m_form.chkClearVisited, "chkClearVisited", u'I');
+    rows->addWidget(NewCheckBox(m_form.chkClearCookies, "chkClearCookies", u'K'));
+    rows->addWidget(NewCheckBox(m_form.chkClearVisited, "chkClearVisited", u'I'));
     AddChoice(*rows, m_form.cboSince, "cboSince", u'O');
-    AddCheckBox(*rows, m_form.chkClearSiteData, "chkClearSiteData", u'W');
-    AddCheckBox(*rows, m_form.chkClearCache, "chkClearCache", u'S');
-    AddCheckBox(*rows, m_form.chkClearTyped, "chkClearTyped", u'T');
+    rows->addWidget(NewCheckBox(m_form.chkClearSiteData, "chkClearSiteData", u'W'));
+    rows->addWidget(NewCheckBox(m_form.chkClearCache, "chkClearCache", u'S'));
+    rows->addWidget(NewCheckBox(m_form.chkClearTyped, "chkClearTyped", u'T'));
     AddNote(*rows, m_form.lblClearNote, "lblClearNote");
     AddButtons(*rows, {NewButton(m_form.cmdClear, "cmdClear", u'N')});
     AddNote(*rows, m_form.lblCleared, "lblCleared");
@@ -203,9 +190,7 @@ QWidget* QtInternetOptionsDialog::ConnectionPage() {
     auto* port = AddBox(*rows, m_form.lblProxyPort, m_form.txtProxyPort, "txtProxyPort", u'R');
     port->setMinimumWidth(0);
     port->setFixedWidth(port->fontMetrics().horizontalAdvance(u'0') * kPortWidthInDigits);
-    auto* bad = new QLabel;
-    Bind(m_form.lblProxyBad, *bad, QStringLiteral("lblProxyBad"));
-    rows->addWidget(bad);
+    rows->addWidget(NewLabel(m_form.lblProxyBad, "lblProxyBad"));
     rows->addStretch();
     return page;
 }
@@ -216,15 +201,8 @@ void QtInternetOptionsDialog::LeadTo(QWidget& page, TextBox& box) {
 }
 
 QWidget* QtInternetOptionsDialog::Buttons() {
-    auto* buttons = new QDialogButtonBox;
-    auto* ok = new QPushButton;
-    auto* cancel = new QPushButton;
-    Bind(m_form.cmdOK, *ok, QStringLiteral("cmdOK"));
-    Bind(m_form.cmdCancel, *cancel, QStringLiteral("cmdCancel"));
-    buttons->addButton(ok, QDialogButtonBox::AcceptRole);
-    buttons->addButton(cancel, QDialogButtonBox::RejectRole);
-    ok->setDefault(true);
-    return buttons;
+    return NewAnswers({m_form.cmdOK, "cmdOK", QDialogButtonBox::AcceptRole},
+                      {m_form.cmdCancel, "cmdCancel", QDialogButtonBox::RejectRole});
 }
 
 void ShowModal(frmInternetOptions& form, QWidget* parent) {

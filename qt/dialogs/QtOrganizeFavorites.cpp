@@ -1,6 +1,7 @@
 #include "qt/dialogs/QtOrganizeFavorites.h"
 
 #include "qt/base/Bind.h"
+#include "qt/base/QtFormRows.h"
 #include "qt/base/QtText.h"
 #include "qt/dialogs/QtFavoriteTree.h"
 
@@ -82,12 +83,7 @@ bool QtOrganizeFavorites::eventFilter(QObject* watched, QEvent* event) {
 
 QVBoxLayout* QtOrganizeFavorites::Buttons() {
     auto* rows = new QVBoxLayout;
-    const auto add = [&](Button& button, const char* name) {
-        auto* widget = new QPushButton;
-        Bind(button, *widget, QString::fromLatin1(name));
-        widget->setAutoDefault(false);
-        rows->addWidget(widget);
-    };
+    const auto add = [&](Button& button, const char* name) { rows->addWidget(NewButton(button, name)); };
     add(m_form.cmdNewFolder, "cmdNewFolder");
     add(m_form.cmdRename, "cmdRename");
     add(m_form.cmdMove, "cmdMove");

@@ -1,7 +1,9 @@
 #include "qt/dialogs/QtSessionsDialog.h"
 
 #include "qt/base/Bind.h"
+#include "qt/base/QtFormRows.h"
 #include "qt/base/QtText.h"
+#include "qt/dialogs/QtTreeLines.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -20,20 +22,16 @@ namespace {
 constexpr QSize kUsualSessionsSize{820, 460};
 
 QLabel* SessionHeading(Label& label, const char* name, QWidget* buddy) {
-    auto* heading = new QLabel;
+    auto* heading = NewLabel(label, name);
     heading->setBuddy(buddy);
     // Beside a box to tick or not, all headings are equally high.
     heading->setMinimumHeight(QCheckBox().sizeHint().height());
-    Bind(label, *heading, QString::fromLatin1(name));
     return heading;
 }
 
 void FillPage(QTreeWidgetItem& item, const SessionPageLine& line) {
-    item.setText(0, ToQt(line.Title));
-    item.setText(1, ToQt(line.Address));
-    // What a page calls itself is text. As a tool tip Qt would read it as HTML if it looks like it.
-    for (const int column : {0, 1})
-        item.setToolTip(column, QStringLiteral("<span>%1</span>").arg(item.text(column).toHtmlEscaped()));
+    ShowCell(item, 0, ToQt(line.Title));
+    ShowCell(item, 1, ToQt(line.Address));
     item.setCheckState(0, line.Ticked ? Qt::Checked : Qt::Unchecked);
     QFont font = item.font(0);
     font.setBold(line.Front);
@@ -52,11 +50,9 @@ QtSessionsDialog::QtSessionsDialog(frmSessions& form, QWidget* parent)
     halves->addWidget(Pages());
     halves->setStretchFactor(0, 2);
     halves->setStretchFactor(1, 5);
-    auto* message = new QLabel;
-    Bind(form.lblMessage, *message, QStringLiteral("lblMessage"));
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(halves, 1);
-    rows->addWidget(message);
+    rows->addWidget(NewLabel(form.lblMessage, "lblMessage"));
     rows->addWidget(Buttons());
     BindSessions();
     BindPages();
@@ -81,9 +77,8 @@ QWidget* QtSessionsDialog::Sessions() {
 
 QWidget* QtSessionsDialog::Pages() {
     auto* half = new QWidget;
-    auto* all = new QCheckBox;
+    auto* all = NewCheckBox(m_form.chkAll, "chkAll");
     all->setTristate(false);
-    Bind(m_form.chkAll, *all, QStringLiteral("chkAll"));
     auto* head = new QHBoxLayout;
     head->addWidget(SessionHeading(m_form.lblPages, "lblPages", m_pages));
     head->addStretch();
@@ -104,18 +99,11 @@ QWidget* QtSessionsDialog::Pages() {
 }
 
 QWidget* QtSessionsDialog::Buttons() {
-    auto* buttons = new QDialogButtonBox;
-    const auto add = [&](Button& button, const char* name, QDialogButtonBox::ButtonRole role) {
-        auto* widget = new QPushButton;
-        Bind(button, *widget, QString::fromLatin1(name));
-        widget->setAutoDefault(false);
-        buttons->addButton(widget, role);
-        return widget;
-    };
-    add(m_form.cmdForget, "cmdForget", QDialogButtonBox::ResetRole);
-    add(m_form.cmdSave, "cmdSave", QDialogButtonBox::ActionRole);
-    add(m_form.cmdOpen, "cmdOpen", QDialogButtonBox::ActionRole)->setDefault(true);
-    add(m_form.cmdClose, "cmdClose", QDialogButtonBox::RejectRole);
+    auto* buttons = NewButtonRow({{m_form.cmdForget, "cmdForget", QDialogButtonBox::ResetRole},
+                                  {m_form.cmdSave, "cmdSave", QDialogButtonBox::ActionRole},
+                                  {m_form.cmdOpen, "cmdOpen", QDialogButtonBox::ActionRole},
+                                  {m_form.cmdClose, "cmdClose", QDialogButtonBox::RejectRole}});
+    buttons->findChild<QPushButton*>(QStringLiteral("cmdOpen"))->setDefault(true);
     return buttons;
 }
 
@@ -145,15 +133,7 @@ void QtSessionsDialog::ShowSessions(const std::vector<SessionLine>& lines) {
     for (const SessionLine& line : lines) m_sessions->addItem(ToQt(line.When) + u'\n' + ToQt(line.Pages));
 }
 
-void QtSessionsDialog::ShowPages(const std::vector<SessionPageLine>& lines) {
-    const QSignalBlocker quiet(m_pages);
-    // The lines stay where they are while only ticks change, and with them the keyboard's place.
-    while (m_pages->topLevelItemCount() > static_cast<int>(lines.size()))
-        delete m_pages->takeTopLevelItem(m_pages->topLevelItemCount() - 1);
-    while (m_pages->topLevelItemCount() < static_cast<int>(lines.size())) m_pages->addTopLevelItem(new QTreeWidgetItem);
-    for (std::size_t i = 0; i < lines.size(); ++i) FillPage(*m_pages->topLevelItem(static_cast<int>(i)), lines[i]);
-    m_pages->viewport()->update();
-}
+void QtSessionsDialog::ShowPages(const std::vector<SessionPageLine>& lines) { ShowLines(*m_pages, lines, FillPage); }
 
 void ShowModal(frmSessions& form, QWidget* parent) {
     const QPointer<QtSessionsDialog> dialog = new QtSessionsDialog(form, parent);

@@ -1,6 +1,7 @@
 #include "qt/dialogs/QtSettingsDialog.h"
 
 #include "qt/base/Bind.h"
+#include "qt/base/QtFormRows.h"
 #include "qt/base/QtText.h"
 
 #include <QCheckBox>
@@ -37,22 +38,16 @@ QtSettingsDialog::QtSettingsDialog(frmSettings& form, QWidget* parent) : QDialog
 QWidget* QtSettingsDialog::GeneralPage() {
     auto* page = new QWidget;
     auto* rows = new QVBoxLayout(page);
-    AddCheckBox(*rows, m_form.chkAllowMultipleInstances, "chkAllowMultipleInstances", u'M');
-    AddCheckBox(*rows, m_form.chkTabsUp, "chkTabsUp", u'U');
-    AddCheckBox(*rows, m_form.chkLimitTitleLength, "chkLimitTitleLength", u'L');
+    rows->addWidget(NewCheckBox(m_form.chkAllowMultipleInstances, "chkAllowMultipleInstances", u'M'));
+    rows->addWidget(NewCheckBox(m_form.chkTabsUp, "chkTabsUp", u'U'));
+    rows->addWidget(NewCheckBox(m_form.chkLimitTitleLength, "chkLimitTitleLength", u'L'));
     AddLimit(*rows);
-    AddCheckBox(*rows, m_form.chkCloseTessaGroups, "chkCloseTessaGroups", u'C');
-    AddCheckBox(*rows, m_form.chkOpenNew, "chkOpenNew", u'N');
-    AddCheckBox(*rows, m_form.chkAskDefaultBrowser, "chkAskDefaultBrowser", u'K');
-    AddCheckBox(*rows, m_form.chkRememberAndOpenLastSites, "chkRememberAndOpenLastSites", u'R');
+    rows->addWidget(NewCheckBox(m_form.chkCloseTessaGroups, "chkCloseTessaGroups", u'C'));
+    rows->addWidget(NewCheckBox(m_form.chkOpenNew, "chkOpenNew", u'N'));
+    rows->addWidget(NewCheckBox(m_form.chkAskDefaultBrowser, "chkAskDefaultBrowser", u'K'));
+    rows->addWidget(NewCheckBox(m_form.chkRememberAndOpenLastSites, "chkRememberAndOpenLastSites", u'R'));
     rows->addStretch();
     return page;
-}
-
-void QtSettingsDialog::AddCheckBox(QVBoxLayout& rows, CheckBox& box, const char* name, char16_t accessKey) {
-    auto* widget = new QCheckBox;
-    Bind(box, *widget, QString::fromLatin1(name), accessKey);
-    rows.addWidget(widget);
 }
 
 void QtSettingsDialog::AddLimit(QVBoxLayout& rows) {
@@ -75,15 +70,8 @@ void QtSettingsDialog::AddLimit(QVBoxLayout& rows) {
 }
 
 QWidget* QtSettingsDialog::Buttons() {
-    auto* buttons = new QDialogButtonBox;
-    auto* ok = new QPushButton;
-    auto* cancel = new QPushButton;
-    Bind(m_form.cmdOK, *ok, QStringLiteral("cmdOK"));
-    Bind(m_form.cmdCancel, *cancel, QStringLiteral("cmdCancel"));
-    buttons->addButton(ok, QDialogButtonBox::AcceptRole);
-    buttons->addButton(cancel, QDialogButtonBox::RejectRole);
-    ok->setDefault(true);
-    return buttons;
+    return NewAnswers({m_form.cmdOK, "cmdOK", QDialogButtonBox::AcceptRole},
+                      {m_form.cmdCancel, "cmdCancel", QDialogButtonBox::RejectRole});
 }
 
 void ShowModal(frmSettings& form, QWidget* parent) {

@@ -13,7 +13,6 @@ public:
 private:
     QWidget* GeneralPage();
     QWidget* Buttons();
-    void AddCheckBox(QVBoxLayout& rows, CheckBox& box, const char* name, char16_t accessKey);
     void AddLimit(QVBoxLayout& rows);
 
     frmSettings& m_form;

@@ -1,7 +1,9 @@
 #include "qt/dialogs/QtTaskView.h"
 
 #include "qt/base/Bind.h"
+#include "qt/base/QtFormRows.h"
 #include "qt/base/QtText.h"
+#include "qt/dialogs/QtTreeLines.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,20 +35,9 @@ void AlignNumbers(QTreeWidgetItem& item) {
 
 void FillRow(QTreeWidgetItem& item, const TaskLine& line) {
     item.setData(0, kTaskKeyRole, ToQt(line.Key));
-    for (int column = 0; column < static_cast<int>(line.Cells.size()); ++column) {
-        const QString cell = ToQt(line.Cell(ColumnOf(column)));
-        if (item.text(column) == cell) continue;
-        item.setText(column, cell);
-        // What a page calls itself is text. As a tool tip Qt would read it as HTML if it looks like it.
-        item.setToolTip(column, QStringLiteral("<span>%1</span>").arg(cell.toHtmlEscaped()));
-    }
+    for (int column = 0; column < static_cast<int>(line.Cells.size()); ++column)
+        ShowCell(item, column, ToQt(line.Cell(ColumnOf(column))));
     AlignNumbers(item);
-}
-
-QLabel* NewLabel(Label& label, const char* name) {
-    auto* widget = new QLabel;
-    Bind(label, *widget, QString::fromLatin1(name));
-    return widget;
 }
 
 } // namespace
@@ -123,17 +114,9 @@ void QtTaskDialog::BindSorting(QComboBox& column, QCheckBox& descending) {
 }
 
 QWidget* QtTaskDialog::Buttons() {
-    auto* buttons = new QDialogButtonBox;
-    const auto add = [&](Button& button, const char* name, QDialogButtonBox::ButtonRole role) {
-        auto* widget = new QPushButton;
-        Bind(button, *widget, QString::fromLatin1(name));
-        widget->setAutoDefault(false);
-        buttons->addButton(widget, role);
-    };
-    add(m_form.cmdEnd, "cmdEnd", QDialogButtonBox::ActionRole);
-    add(m_form.cmdGoTo, "cmdGoTo", QDialogButtonBox::ActionRole);
-    add(m_form.cmdClose, "cmdClose", QDialogButtonBox::RejectRole);
-    return buttons;
+    return NewButtonRow({{m_form.cmdEnd, "cmdEnd", QDialogButtonBox::ActionRole},
+                         {m_form.cmdGoTo, "cmdGoTo", QDialogButtonBox::ActionRole},
+                         {m_form.cmdClose, "cmdClose", QDialogButtonBox::RejectRole}});
 }
 
 void QtTaskDialog::BindTasks() {
@@ -146,16 +129,8 @@ void QtTaskDialog::BindTasks() {
 }
 
 void QtTaskDialog::ShowTasks(const std::vector<TaskLine>& lines) {
-    {
-        const QSignalBlocker quiet(m_tasks);
-        while (m_tasks->topLevelItemCount() > static_cast<int>(lines.size()))
-            delete m_tasks->takeTopLevelItem(m_tasks->topLevelItemCount() - 1);
-        while (m_tasks->topLevelItemCount() < static_cast<int>(lines.size()))
-            m_tasks->addTopLevelItem(new QTreeWidgetItem);
-        for (std::size_t i = 0; i < lines.size(); ++i) FillRow(*m_tasks->topLevelItem(static_cast<int>(i)), lines[i]);
-    }
+    ShowLines(*m_tasks, lines, FillRow);
     ShowSelected();
-    m_tasks->viewport()->update();
 }
 
 // The selection stays with its tab, wherever the order has it now.
