@@ -1,7 +1,7 @@
 #pragma once
 #include "base/Text.h"
 
-/// What a text is that a person typed, or a page named.
+/// What a text is that the user typed, or a page named.
 enum class TypedKind {
     Nothing, ///< or a script, which is no address
     Words,   ///< to search for, or behind the address of a service

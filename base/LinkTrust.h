@@ -11,7 +11,7 @@ enum class LinkTrust {
 /// Where an address comes from that was not typed.
 enum class LinkSource {
     Group,    ///< a line of a TessaGroup, which anybody may have sent
-    Favorite, ///< one that a person has chosen
+    Favorite, ///< one that the user has chosen
     Folder,   ///< one of the Favorites of a folder, which are opened together
     Session,  ///< what was open in the program before
     HandOver, ///< what the program was started with

@@ -29,7 +29,7 @@ void OfTools(CommandContext& context) {
     (context.tools.*operation)();
 }
 
-/// Runs an operation of the main window, or of what its view has beside the pages.
+/// Runs an operation of the main window, or of what its view has besides the pages.
 template<auto operation>
 constexpr WindowEffect kRuns = OfWindow<operation>;
 template<auto operation>

@@ -14,7 +14,7 @@ using ToolEffect = void (*)(CommandContext&, const Tool&);
 /// Does nothing without a current view.
 using ViewEffect = void (*)(CommandContext&, BrowserView&);
 
-/// What a row says behind its texts, in any order, beside an effect and the kind of its tool.
+/// What a row says behind its texts, in any order, besides an effect and the kind of its tool.
 namespace CommandTraits {
 
 /// A combination that clicks the tool. Menus show the first.

@@ -5,7 +5,7 @@
 #include "favorites/frmOrganizeFavorites.h"
 #include "forms/FormHost.h"
 
-/// What the main window does with Favorites beside the menu. Owned by the main window.
+/// What the main window does with Favorites besides the menu. Owned by the main window.
 class FavoriteCommands final : public FavoriteActions {
 public:
     struct Outside {

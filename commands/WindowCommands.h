@@ -18,7 +18,7 @@ public:
     virtual void ToggleFullScreen() = 0;
     virtual void ResizeAddress() = 0;
     virtual void ResizeSearch() = 0;
-    /// Copies what a person sends along who reports an error.
+    /// Copies what the user sends along with a report of an error.
     virtual void CopyReport() = 0;
     virtual void Exit() = 0;
 };

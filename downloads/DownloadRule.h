@@ -1,7 +1,7 @@
 #pragma once
 #include <cstddef>
 
-/// How many files a page may save by itself. A few are what a person expects of a click; from there on the page asks.
+/// How many files a page may save by itself. A few are what the user expects of a click; from there on the page asks.
 /// Whoever goes to another page begins anew.
 class DownloadRule {
 public:
@@ -15,7 +15,7 @@ public:
     }
     /// The user lets the page save as many as it likes.
     void Allow() { m_allowed = true; }
-    /// A person clicks or types in the page: what comes of it is wanted, unless it was refused before.
+    /// The user clicks or types in the page: what comes of it is wanted, unless it was refused before.
     void PersonActed() { m_taken = 0; }
     /// The user does not; the page is not to ask again.
     void Refuse() { m_refused = true; }

@@ -8,7 +8,7 @@
 /// The dialog that sorts, renames and deletes Favorites. Every change is on disk at once. Made afresh for every show.
 class frmOrganizeFavorites {
 public:
-    /// What the form needs beside the disk. All outlive it.
+    /// What the form needs besides the disk. All outlive it.
     struct Outside {
         MessageBoxes& messages;
         Trash& trash;

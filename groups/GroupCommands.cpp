@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kManyPages = 100;
 constexpr std::size_t kAskedAddress = 300;
 
-/// The group as a person knows it: the name of its file, without ".tvg".
+/// The group as the user knows it: the name of its file, without ".tvg".
 Text NameOf(TextView path) {
     const auto separator = path.find_last_of(u"/\\");
     TextView name = separator == TextView::npos ? path : path.substr(separator + 1);

@@ -61,7 +61,7 @@ class BrowserView {
 public:
     virtual ~BrowserView() = default;
 
-    /// Loads what a person types or a page names: an address, a host, a path, or words to search for.
+    /// Loads what the user types or a page names: an address, a host, a path, or words to search for.
     virtual Outcome Navigate(TextView address) = 0;
     virtual Outcome Stop() = 0;
     virtual Outcome Refresh() = 0;

@@ -10,6 +10,6 @@ public:
 
     /// The present time in seconds since 1970.
     [[nodiscard]] virtual std::int64_t Now() const = 0;
-    /// A time in seconds since 1970 as a person reads it, in the user's time zone: "Today, 14:30".
+    /// A time in seconds since 1970 as the user reads it, in the user's time zone: "Today, 14:30".
     [[nodiscard]] virtual Text Words(std::int64_t seconds) const = 0;
 };

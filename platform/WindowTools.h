@@ -1,7 +1,7 @@
 #pragma once
 #include "platform/BrowserView.h"
 
-/// What the main window's view has beside the pages. Owned by the program's entry.
+/// What the main window's view has besides the pages. Owned by the program's entry.
 class WindowTools {
 public:
     virtual ~WindowTools() = default;

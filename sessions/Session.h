@@ -34,7 +34,7 @@ struct Session {
 [[nodiscard]] std::optional<Session> SessionFromBytes(std::string_view bytes);
 
 /// When a session was last written and what was open in it, for its user. It names the first titles and counts the
-/// other pages and the blank tabs. `when` is that time as a person reads it, which may be empty.
+/// other pages and the blank tabs. `when` is that time as the user reads it, which may be empty.
 [[nodiscard]] Text SessionWords(const Session& session, TextView when);
 
 /// Whether a tab with that address shows nothing.

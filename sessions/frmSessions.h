@@ -5,7 +5,7 @@
 
 /// A line of the list of sessions.
 struct SessionLine {
-    Text When;  ///< when the session was last written down, as a person reads it
+    Text When;  ///< when the session was last written down, as the user reads it
     Text Pages; ///< how many pages it had, and whether it ended badly
     bool operator==(const SessionLine&) const = default;
 };
@@ -23,7 +23,7 @@ struct SessionPageLine {
 /// them. Made afresh for every show.
 class frmSessions {
 public:
-    /// What the form needs beside the journal. The references outlive it.
+    /// What the form needs besides the journal. The references outlive it.
     struct Outside {
         FileDialogs& files;
         MessageBoxes& messages;

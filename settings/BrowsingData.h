@@ -5,7 +5,7 @@
 /// What the user wants forgotten of where pages have been.
 struct BrowsingData {
     bool cookies = false;
-    bool siteData = false; ///< what sites keep beside cookies
+    bool siteData = false; ///< what sites keep besides cookies
     bool cache = false;
     bool visitedLinks = false;
     bool typed = false;       ///< addresses and searches of the boxes

@@ -12,7 +12,7 @@ enum class DrawingWish { ByItself, Graphics, Software };
 
 /// The options of Internet Options that are not the product's own settings, as values.
 struct InternetValues {
-    Text homePage{}; ///< as a person types it; empty for the program's own
+    Text homePage{}; ///< as the user types it; empty for the program's own
     bool javaScript = true;
     CookieRule cookies = CookieRule::SameSite; ///< third parties keep none by default
     bool doNotTrack = false;                   ///< send the header "DNT"

@@ -76,7 +76,7 @@ public:
     Label lblSitesHint{u""};
 
     CheckBox chkClearCookies{u"Cookies: sites forget you and log you out"};
-    CheckBox chkClearSiteData{u"What sites have stored on this computer beside cookies"};
+    CheckBox chkClearSiteData{u"What sites have stored on this computer besides cookies"};
     CheckBox chkClearCache{u"Stored copies of pages and pictures, which load faster from there"};
     CheckBox chkClearVisited{u"Visited links: pages show all links in the colour of new ones"};
     CheckBox chkClearTyped{u"The lists of the address box and the search box"};

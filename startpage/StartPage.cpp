@@ -29,7 +29,7 @@ constexpr std::string_view kPicture =
 
 std::string Escaped(TextView text) { return HtmlEscaped(WithoutControls(ToUtf8(text))); }
 
-// Of an address what a person knows the site by.
+// The part of an address that the user knows the site by.
 Text SiteOf(TextView address) {
     const auto scheme = address.find(u"://");
     if (scheme == TextView::npos) return Text(address);

@@ -25,7 +25,7 @@ void FollowEnabled(Property<bool>& enabled, QWidget& widget) {
     Follow<bool>(enabled, widget, [&widget](bool on) { widget.setEnabled(on); });
 }
 
-// What a person hears: the caption without access key marks.
+// What a screen reader says: the caption without access key marks.
 QString Spoken(const QString& caption, bool marked) { return marked ? ToQt(PlainCaption(FromQt(caption))) : caption; }
 
 QString Shown(const QString& caption, QChar accessKey) {

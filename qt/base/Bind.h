@@ -27,7 +27,7 @@ void Bind(CheckBox& box, QCheckBox& widget, const QString& name, QChar accessKey
 void Bind(Button& button, QPushButton& widget, const QString& name, QChar accessKey = {});
 /// The label's text is shown as it is, never as rich text. Give it a buddy for its access key to lead to.
 void Bind(Label& label, QLabel& widget, const QString& name, QChar accessKey = {});
-/// `accessibleName` is what a person would call the box, as a rule its label.
+/// `accessibleName` is what the user would call the box, as a rule its label.
 void Bind(TextBox& box, QLineEdit& widget, const QString& name, const QString& accessibleName);
 /// The dialog is hidden with the form. Escape and the window's close button press `cancel`.
 void Bind(FormState& form, QDialog& dialog, Button& cancel);

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Changes an event of the keyboard in place: one that we send ourselves is not a person's any more.
+/// Changes an event of the keyboard in place: one that we send ourselves is not the user's any more.
 class ChangeableKey : public QKeyEvent {
 public:
     static void SetKey(QKeyEvent& event, int key) { event.*(&ChangeableKey::m_key) = key; }

@@ -13,7 +13,7 @@ class QtListBox final : public QListView {
     Q_OBJECT
 
 public:
-    /// `name` is the control's name, `accessibleName` what a person would call the list.
+    /// `name` is the control's name, `accessibleName` what the user would call the list.
     QtListBox(ListBox& list, const QString& name, const QString& accessibleName);
 
     /// An entry was dragged: where it stood and where it shall stand, from 0.

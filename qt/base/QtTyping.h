@@ -5,7 +5,7 @@
 
 class QWidget;
 
-/// Tells of every letter that a person is about to type or paste into a page of a window. When the keyboard is led
+/// Tells of every letter that the user is about to type or paste into a page of a window. When the keyboard is led
 /// elsewhere for that, the letter goes there too.
 class QtTyping final : public QObject {
     Q_OBJECT
