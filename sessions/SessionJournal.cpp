@@ -90,6 +90,13 @@ std::optional<std::pair<Text, Session>> SessionJournal::ToOffer() const {
     return std::nullopt;
 }
 
+void SessionJournal::OfferBy(SessionOffer& offer) const {
+    if (const auto session = ToOffer())
+        offer.Offer(session->first, session->second);
+    else
+        offer.Withdraw();
+}
+
 void SessionJournal::Reopen(TextView Id) {
     const auto sessions = Earlier();
     const auto found = std::ranges::find(sessions, Id, [](const auto& each) { return TextView(each.first); });

@@ -6,6 +6,7 @@
 #include "platform/WallClock.h"
 #include "sessions/CameBack.h"
 #include "sessions/Session.h"
+#include "sessions/SessionOffer.h"
 #include "tabs/TabSet.h"
 
 /// Writes down which pages are open whenever that changes, so that a session that ends badly can be brought back.
@@ -26,6 +27,8 @@ public:
 
     /// The newest session that ended badly and that the user has not settled; nothing when there is none.
     [[nodiscard]] std::optional<std::pair<Text, Session>> ToOffer() const;
+    /// Offers that one, or takes the offer back when there is none.
+    void OfferBy(SessionOffer& offer) const;
     /// All sessions that are kept, newest first, by their ids.
     [[nodiscard]] std::vector<std::pair<Text, Session>> Earlier() const;
     /// Opens all pages of a session in new tabs, the one that was in front in front, and settles it. They take the

@@ -1,12 +1,30 @@
 #pragma once
-#include "commands/WindowCommands.h"
+#include "commands/CommandContext.h"
+#include "downloads/frmDownloads.h"
+#include "sessions/SessionJournal.h"
+#include "settings/InternetSettings.h"
+#include "tabs/frmTaskView.h"
+#include "window/LiveSettings.h"
+#include "window/MainWindowPlatform.h"
 
-class frmMain;
+class frmResize;
 
-/// What commands have the main window do. A member of the window.
+/// What commands have the main window do. Owned by it.
 class MainCommands final : public WindowCommands {
 public:
-    explicit MainCommands(frmMain& main) : m_main(main) {}
+    /// What the commands work on; all of it outlives them.
+    struct Parts {
+        TabSet& tabs;
+        TabStrip& pcPage;
+        CommandBar& actBar;
+        CommandContext& context;
+        SessionJournal& sessions;
+        LiveSettings& settings;
+        frmTaskView& taskView;
+        frmDownloads& downloads;
+    };
+    /// `platform` outlives this object.
+    MainCommands(Parts parts, const MainWindowPlatform& platform) : m_parts(parts), m_platform(platform) {}
 
     void ShowSettings() override;
     void ShowInternetOptions() override;
@@ -22,5 +40,9 @@ public:
     void Exit() override;
 
 private:
-    frmMain& m_main;
+    void Resize(void (frmResize::*mode)());
+    void Clear(const BrowsingData& data, const Forgotten& done);
+
+    Parts m_parts;
+    const MainWindowPlatform& m_platform;
 };

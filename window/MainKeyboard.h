@@ -1,16 +1,25 @@
 #pragma once
-#include "bar/CommandBar.h"
+#include "bar/ToolName.h"
+#include "commands/Dispatcher.h"
 
-class frmMain;
+/// Keys as the main window receives them, before its controls. Owned by the main window.
+class MainKeyboard {
+public:
+    /// All outlive this object.
+    MainKeyboard(CommandBar& actBar, const TabSet& tabs, Dispatcher& dispatcher)
+        : m_actBar(actBar), m_tabs(tabs), m_dispatcher(dispatcher) {}
 
-/// Keys as the main window receives them, before its controls.
-namespace MainKeyboard {
+    /// Runs the window's own combinations, then lets the command bar have the key. Used when the command bar says so.
+    KeyUsed Form_KeyDown(KeyStroke key);
+    KeyUsed Form_KeyUp(KeyStroke key) { return m_actBar.KeyUp(key); }
+    /// Something is typed while the page in front has the keyboard. Over a blank page that is meant for the address
+    /// box, which then gets the keyboard.
+    void Form_Type();
 
-/// Runs the window's own combinations, then lets the command bar have the key. Used when the command bar says so.
-KeyUsed Form_KeyDown(frmMain& main, KeyStroke key);
-KeyUsed Form_KeyUp(frmMain& main, KeyStroke key);
-/// Something is typed while the page in front has the keyboard. Over a blank page that is meant for the address box,
-/// which then gets the keyboard.
-void Form_Type(frmMain& main);
+private:
+    void Run(ToolName tool);
 
-} // namespace MainKeyboard
+    CommandBar& m_actBar;
+    const TabSet& m_tabs;
+    Dispatcher& m_dispatcher;
+};

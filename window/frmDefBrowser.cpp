@@ -10,6 +10,13 @@ frmDefBrowser::frmDefBrowser(SettingsStorageFactory& settings, DefaultBrowser& h
     cmdNo.Click.ConnectForLife([this] { cmdNo_Click(); });
 }
 
+void frmDefBrowser::Ask(SettingsStorageFactory& settings, DefaultBrowser& helper, const Text& programPath,
+                        FormHost& forms) {
+    if (helper.IsDefault(kProgramName, programPath)) return;
+    frmDefBrowser form(settings, helper, programPath);
+    forms.Show(form);
+}
+
 void frmDefBrowser::cmdYes_Click() {
     ResumeNext(m_helper.MakeDefault(kProgramName, m_programPath));
     StopAskingIfUnchecked();

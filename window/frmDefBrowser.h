@@ -1,5 +1,6 @@
 #pragma once
 #include "forms/Controls.h"
+#include "forms/FormHost.h"
 #include "platform/DefaultBrowser.h"
 #include "platform/SettingsStorage.h"
 
@@ -13,6 +14,9 @@ public:
     frmDefBrowser(SettingsStorageFactory& settings, DefaultBrowser& helper, Text programPath);
     frmDefBrowser(const frmDefBrowser&) = delete;
     frmDefBrowser& operator=(const frmDefBrowser&) = delete;
+
+    /// Asks by `forms`, unless the program is the default browser already.
+    static void Ask(SettingsStorageFactory& settings, DefaultBrowser& helper, const Text& programPath, FormHost& forms);
 
     FormState Form;
     Text Caption = u"TessaView";

@@ -1,5 +1,6 @@
 #include "window/frmMain.h"
 
+#include "address/BoxHistories.h"
 #include "address/Endpoints.h"
 #include "base/Address.h"
 #include "base/Captions.h"
@@ -10,12 +11,15 @@
 #include "commands/TabMoreCommands.h"
 #include "downloads/DownloadWords.h"
 #include "groups/TessaGroups.h"
+#include "platform/Application.h"
+#include "sessions/LastSites.h"
 #include "startpage/StartPage.h"
 #include "tabs/TabKeys.h"
-#include "window/MainLoad.h"
-#include "window/MainUnload.h"
+#include "window/WindowPlacement.h"
+#include "window/frmDefBrowser.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 
 namespace {
@@ -23,6 +27,9 @@ namespace {
 /// Of the pages that hold their user, as many as anybody reads, and as much of their names.
 constexpr std::size_t kMostHolders = 8;
 constexpr std::size_t kLongestHolder = 80;
+
+// They have nothing to act on yet.
+constexpr std::array kDisabledAtStart{u"mnuGoBack"_tool, u"mnuGoForward"_tool, u"mnuStop"_tool, u"mnuRefresh"_tool};
 
 } // namespace
 
@@ -64,8 +71,10 @@ frmMain::frmMain(MainWindowPlatform platform)
       Sleep(pcPage, Browser),
       Relief(pcPage, Sleep),
       TaskView(pcPage, Browser),
-      m_commands(*this),
-      m_dispatcher(Commands) {
+      Settings({pcPage, Tabs, Groups, Sleep}, Platform.settings),
+      m_commands({Tabs, pcPage, actBar, Commands, Sessions, Settings, TaskView, DownloadPanel}, Platform),
+      m_dispatcher(Commands),
+      m_keyboard(actBar, Tabs, m_dispatcher) {
     Commands.window = &m_commands;
     DesignTimeBar::Make(actBar);
     WireParts();
@@ -141,10 +150,38 @@ void frmMain::WireSleep() {
 void frmMain::Form_Load(TextView commandLine) {
     if (m_stage != Stage::New) return;
     m_stage = Stage::Loaded;
-    MainLoad::Prepare(*this);
+    Prepare();
     if (auto* view = Tabs.PrepareFirstTab()) OpenCommandLine(*view, commandLine);
-    MainLoad::Restore(*this);
+    Restore();
     Downloads.Load();
+}
+
+// What the first tab finds there.
+void frmMain::Prepare() {
+    Layout.Load();
+    actBar.RecalcLayout();
+    Pages.ShowLoadOptions();
+    Menus.KeepPictures();
+    bool ask = false;
+    {
+        const SettingsStore store(Platform.settings);
+        Settings.PlaceTabs(store);
+        ask = store.AskDefaultBrowser.Get();
+    }
+    // No store is held while the question is open: it writes through one of its own.
+    if (ask) frmDefBrowser::Ask(Platform.settings, Platform.defaultBrowser, Platform.programPath, Platform.forms);
+    const SettingsStore store(Platform.settings);
+    Settings.RememberLastSites = store.RememberLastSites.Get();
+    BoxHistories::Restore(actBar, store);
+    Tabs.ShowStatusBar(store.ShowStatusBar.Get());
+    for (const ToolName name : kDisabledAtStart) actBar.Enable(name, false);
+}
+
+void frmMain::Restore() {
+    const SettingsStore store(Platform.settings);
+    WindowPlacement::Restore(Platform.window, store);
+    Settings.Copy(store);
+    Settings.ApplySleep();
 }
 
 void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
@@ -184,15 +221,11 @@ void frmMain::Form_Activate() {
     Platform.splash.Unload();
     if (m_activated || m_stage != Stage::Loaded) return;
     m_activated = true;
-    if (RememberLastSites && !m_openedFromCommandLine) MainLoad::ReopenLastSites(*this);
-    OfferSession();
-}
-
-void frmMain::OfferSession() {
-    if (const auto session = Sessions.ToOffer())
-        Platform.offer.Offer(session->first, session->second);
-    else
-        Platform.offer.Withdraw();
+    if (Settings.RememberLastSites && !m_openedFromCommandLine) {
+        std::vector<Text> sites = SettingsStore(Platform.settings).LastSites.Get();
+        LastSites::Reopen(std::move(sites), Tabs, Browser, Sessions.CameBack);
+    }
+    Sessions.OfferBy(Platform.offer);
 }
 
 void frmMain::Form_Resize() {
@@ -243,12 +276,29 @@ void frmMain::Form_Unload() {
     TaskView.Form.Visible = false;
     Sleep.SetPatience({});
     Relief.End();
-    MainUnload::Save(*this);
+    Save();
     Sessions.End();
     Downloads.End();
     Browser.UnloadAll();
     Menus.ReleasePictures();
     Unloaded();
+}
+
+// What the next start needs. A value that cannot be written is skipped.
+void frmMain::Save() {
+    SaveSettings();
+    actBar.RemoveRunTimeBands();
+    Layout.Save();
+}
+
+void frmMain::SaveSettings() {
+    const std::vector<Text> sites = LastSites::Open(pcPage, Browser);
+    SettingsStore store(Platform.settings);
+    WindowPlacement::Save(store, Platform.window);
+    Settings.Save(store);
+    ResumeNext(store.LastSites.Set(sites));
+    BoxHistories::Save(store, actBar);
+    ResumeNext(store.ShowStatusBar.Set(sbStatus.Visible()));
 }
 
 MainLayout::Inputs frmMain::LayoutInputs() const {

@@ -8,68 +8,16 @@
 #include "commands/RuntimeMenus.h"
 #include "downloads/frmDownloads.h"
 #include "groups/GroupCommands.h"
-#include "platform/Application.h"
-#include "platform/DefaultBrowser.h"
-#include "platform/LayoutFile.h"
-#include "platform/MainWindow.h"
-#include "platform/SettingsStorage.h"
-#include "platform/Shell.h"
 #include "sessions/SessionJournal.h"
-#include "settings/SiteChoice.h"
 #include "tabs/BrowserEvents.h"
 #include "tabs/MemoryRelief.h"
 #include "tabs/TabSleep.h"
 #include "tabs/frmTaskView.h"
+#include "window/LiveSettings.h"
 #include "window/MainCommands.h"
 #include "window/MainKeyboard.h"
 #include "window/MainLayout.h"
-#include "window/Report.h"
-
-#include "sessions/SessionOffer.h"
-#include "settings/EngineOptions.h"
-
-struct BrowsingData;
-enum class Cleared;
-class frmDefBrowser;
-class frmInternetOptions;
-class frmResize;
-class frmSessions;
-class frmSettings;
-class frmSplash;
-
-/// What the main window needs of the world outside; all of it outlives the window.
-struct MainWindowPlatform {
-    MainWindow& window;
-    BrowserViewFactory& views;
-    SettingsStorageFactory& settings;
-    MessageBoxes& messages;
-    FileDialogs& files;
-    SplashWindow& splash;
-    SessionFiles& sessions;
-    LayoutFile& layout;
-    DefaultBrowser& defaultBrowser;
-    Shell& shell;
-    FolderWatch& folderWatch;
-    Trash& trash;
-    DownloadDesktop& downloads;
-    FormHost& forms;
-    WallClock& clock;
-    SessionOffer& offer;
-    EngineOptions& engineOptions;
-    Report::Source& report;
-    WindowTools& tools;
-    UserInput& input;
-    /// The full path of the running program.
-    Text programPath;
-    /// Where TessaGroup files lie, with the separator at the end.
-    Text groupFolder;
-    /// Where Favorites lie, without a separator at the end. Empty when there is no such folder, which may come later.
-    Text favoritesFolder{};
-    /// Where the list of downloads is kept; empty for nowhere.
-    Text downloadsFile{};
-    /// What the user has decided for sites, as the Internet Options list it.
-    SiteChoices siteChoices{};
-};
+#include "window/MainWindowPlatform.h"
 
 /// The main window: owns its controls and parts, and forwards to them.
 class frmMain {
@@ -97,8 +45,6 @@ public:
     void OrganizeTessaGroup(TextView sFileName) { Groups.OrganizeTessaGroup(sFileName); }
     /// Follows a link of the home page, which opens a TessaGroup or searches. Any other address does nothing.
     void OpenStartLink(std::string_view link);
-    /// Offers to reopen the newest session that ended badly, or takes the offer back when there is none.
-    void OfferSession();
     /// Writes again what could not be written; when a while has gone by since `RetryLater` asked for it.
     void RetryWrites();
     void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
@@ -107,8 +53,11 @@ public:
     [[nodiscard]] ComboTool* SearchCombo() const { return actBar.FindCombo(u"cboSearch"_tool); }
     void actBar_Click(const Tool& tool) { m_dispatcher.actBar_Click(tool); }
     /// Every key goes down here first; one that was used is no longer for the control that has the keyboard.
-    KeyUsed Form_KeyDown(KeyStroke key) { return MainKeyboard::Form_KeyDown(*this, key); }
-    KeyUsed Form_KeyUp(KeyStroke key) { return MainKeyboard::Form_KeyUp(*this, key); }
+    KeyUsed Form_KeyDown(KeyStroke key) { return m_keyboard.Form_KeyDown(key); }
+    KeyUsed Form_KeyUp(KeyStroke key) { return m_keyboard.Form_KeyUp(key); }
+    /// Something is typed while the page in front has the keyboard. Over a blank page that is meant for the address
+    /// box, which then gets the keyboard.
+    void Form_Type() { m_keyboard.Form_Type(); }
 
     MainWindowPlatform Platform;
     TabStrip pcPage;
@@ -132,8 +81,9 @@ public:
     TabSleep Sleep;
     MemoryRelief Relief;
     frmTaskView TaskView;
-    bool RememberLastSites = true;
+    LiveSettings Settings;
     /// Live copies of settings, where they take effect.
+    bool& RememberLastSites = Settings.RememberLastSites;
     bool& OpenNewInFront = Tabs.OpenNewInFront;
     bool& TGCloseOthersFirst = Groups.TGCloseOthersFirst;
     /// The window's views have ended.
@@ -148,6 +98,10 @@ private:
     void WireGroups();
     void WireDownloads();
     void WireSleep();
+    void Prepare();
+    void Restore();
+    void Save();
+    void SaveSettings();
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
     void OpenCommandLine(BrowserView& view, TextView commandLine);
@@ -156,6 +110,7 @@ private:
 
     MainCommands m_commands;
     Dispatcher m_dispatcher;
+    MainKeyboard m_keyboard;
     Stage m_stage = Stage::New;
     bool m_left = false; ///< all pages have let their user go, or he has left them
     bool m_activated = false;

@@ -10,7 +10,7 @@ void QtProgram::WireKeys() {
         const bool leaves = key == KeyStroke{Keys::kEscape, 0} && m->commandBar.Ring().HasKeyboard();
         return leaves ? KeyUsed::No : main.Form_KeyDown(key);
     };
-    m->typing.OverPage.ConnectForLife([&main] { MainKeyboard::Form_Type(main); });
+    m->typing.OverPage.ConnectForLife([&main] { main.Form_Type(); });
     m->keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
     m->commandBar.Reveal.ConnectForLife([this] { m->window.RevealBars(); });
     m->window.SetPageFills([this] { return m->engine.FullScreen().On(); });

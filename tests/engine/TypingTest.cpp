@@ -21,7 +21,7 @@ protected:
             box.setFocus();
             box.selectAll();
         });
-        typing.OverPage.ConnectForLife([this] { MainKeyboard::Form_Type(*desk.main); });
+        typing.OverPage.ConnectForLife([this] { desk.main->Form_Type(); });
         // The engine drops input until it has drawn words or a picture.
         server.Page(QStringLiteral("/field"), "<title>Field</title><input id=field autofocus>words");
         desk.window.activateWindow();

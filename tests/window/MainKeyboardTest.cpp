@@ -22,10 +22,10 @@ protected:
 
 TEST_F(MainKeyboardTest, WhatIsTypedOverABlankPageIsForTheAddressBox) {
     desk.PageLoads(1, u"http://one/", u"One");
-    MainKeyboard::Form_Type(desk.main);
+    desk.main.Form_Type();
     EXPECT_EQ(focused, "");
     desk.main.GetNewBrowser(InFront::Yes);
-    MainKeyboard::Form_Type(desk.main);
+    desk.main.Form_Type();
     EXPECT_EQ(focused, "bndAddress.cboAddress");
 }
 
