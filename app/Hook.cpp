@@ -4,8 +4,8 @@
 
 namespace {
 
-void OnMessage(frmMain& main, const Text& text) {
-    if (main.Platform.window.State() == WindowState::Minimized) main.Platform.window.SetState(WindowState::Normal);
+void OnMessage(MainWindow& window, frmMain& main, const Text& text) {
+    if (window.State() == WindowState::Minimized) window.SetState(WindowState::Normal);
     auto* view = main.GetNewBrowser(InFront::Yes);
     // Deliberate: the text is an address as it stands; a TessaGroup is opened only by the start of the program.
     if (view) main.OpenGiven(*view, text);
@@ -15,9 +15,9 @@ void OnMessage(frmMain& main, const Text& text) {
 
 namespace Hook {
 
-void Install(InstanceChannel& instances, frmMain& main) {
-    auto listening =
-        std::make_shared<Connection>(instances.Message.Connect([&main](const Text& text) { OnMessage(main, text); }));
+void Install(InstanceChannel& instances, MainWindow& window, frmMain& main) {
+    auto listening = std::make_shared<Connection>(
+        instances.Message.Connect([&window, &main](const Text& text) { OnMessage(window, main, text); }));
     main.Unloaded.ConnectForLife([listening] { listening->End(); });
 }
 

@@ -6,7 +6,8 @@
 /// and ignored.
 namespace Hook {
 
-/// Attaches the main window to the channel. The hook goes when the window unloads.
-void Install(InstanceChannel& instances, frmMain& main);
+/// Attaches the main window, which stands on the screen as `window`, to the channel. The hook goes when the window
+/// unloads.
+void Install(InstanceChannel& instances, MainWindow& window, frmMain& main);
 
 } // namespace Hook

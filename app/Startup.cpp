@@ -15,9 +15,9 @@ void HandOff(const Startup::Program& program, TextView commandLine) {
     Log::Note(LogLevel::Info, LogPart::Instances, "hands over to the instance that runs");
     program.application.SetTitle(Startup::kSecondInstance);
     // Giving the window its caption loads it, as in every instance; it is never shown, so no page comes into being.
-    program.main.Platform.window.SetCaption(Startup::kSecondInstance);
+    program.window.SetCaption(Startup::kSecondInstance);
     // Nobody sees this window, so it has nobody to ask.
-    program.main.Groups.MayAsk = false;
+    program.main.AskNobody();
     program.main.Form_Load(commandLine);
     ResumeNext(program.instances.SetForegroundWindow());
     if (commandLine.empty()) return;
@@ -29,10 +29,10 @@ void HandOff(const Startup::Program& program, TextView commandLine) {
 void Run(const Startup::Program& program, TextView commandLine) {
     program.splash.Show();
     program.application.DoEvents();
-    program.main.Platform.window.SetCaption(Startup::kMainTitle);
+    program.window.SetCaption(Startup::kMainTitle);
     program.main.Form_Load(commandLine);
-    Hook::Install(program.instances, program.main);
-    program.main.Platform.window.Show();
+    Hook::Install(program.instances, program.window, program.main);
+    program.window.Show();
     program.splash.Unload();
 }
 

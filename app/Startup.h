@@ -17,6 +17,7 @@ struct Program {
     SettingsStorageFactory& settings;
     InstanceChannel& instances;
     SplashWindow& splash;
+    MainWindow& window;
     frmMain& main;
 };
 

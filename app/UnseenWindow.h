@@ -10,7 +10,9 @@ public:
     UnseenWindow(SettingsStorageFactory& settings, InstanceChannel& instances, LayoutFile& layout, Text groupFolder);
 
     /// For the program's entry.
-    [[nodiscard]] Startup::Program Platform() { return {m_application, m_settings, m_instances, m_splash, m_main}; }
+    [[nodiscard]] Startup::Program Platform() {
+        return {m_application, m_settings, m_instances, m_splash, m_window, m_main};
+    }
 
 private:
     SettingsStorageFactory& m_settings;

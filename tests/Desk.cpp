@@ -1,20 +1,29 @@
 #include "tests/Desk.h"
 
+#include "base/ResumeNext.h"
+#include "settings/frmSettings.h"
+#include "tabs/TabKeys.h"
+
+#include <utility>
 #include <vector>
 
-Desk::Desk(FakeSettings* shared)
-    : FakeSurroundings(shared), main(InstalledPlatform()), m_skippedBefore(SkippedSteps()) {
+Desk::Desk(DeskSetting setting)
+    : FakeSurroundings(setting.shared),
+      groupFolder(std::move(setting.groupFolder)),
+      favoritesFolder(std::move(setting.favoritesFolder)),
+      main(InstalledPlatform()),
+      m_skippedBefore(SkippedSteps()) {
     window.closed = [this] {
         if (main.Form_QueryUnload()) main.Form_Unload();
     };
-    main.sbStatus.Complaint.ConnectForLife([this](TextView words) { main.Tabs.ShowStatusText(words); });
+    main.sbStatus.Complaint.ConnectForLife([this](TextView words) { main.sbStatus.SimpleText = Text(words); });
 }
 
 MainWindowPlatform Desk::InstalledPlatform() {
     MainWindowPlatform platform = Platform(views);
     platform.programPath = u"/programs/tessaview";
-    platform.groupFolder = u"/groups/";
-    platform.favoritesFolder = u"/favorites";
+    platform.groupFolder = groupFolder;
+    platform.favoritesFolder = favoritesFolder;
     return platform;
 }
 
@@ -32,7 +41,7 @@ void Desk::StartWithTabs(int count) {
         ClickTab(static_cast<std::size_t>(i - 1));
         main.GetNewBrowser(InFront::No);
     }
-    for (int i = 1; i <= count; ++i) main.Tabs.SetTabTitle(i, Decimal(i));
+    for (int i = 1; i <= count; ++i) PageIsCalled(i, Decimal(i));
     ClickTab(1);
 }
 
@@ -69,6 +78,75 @@ std::string Desk::Said() const {
     return ToUtf8(main.sbStatus.Notice()) + (main.sbStatus.Undo.Visible() ? " [Undo]" : "");
 }
 
+Tab& Desk::TabAt(std::size_t position) const {
+    auto* tab = main.pcPage.FindAt(position);
+    Must(tab);
+    return *tab;
+}
+
+Tab& Desk::TabOf(std::int32_t index) const {
+    auto* tab = TabOfView(main.pcPage, index);
+    Must(tab);
+    return *tab;
+}
+
+void Desk::OpenTabMenu(std::size_t position) {
+    main.StripInput().HitTest = [position](Pixels, Pixels) { return static_cast<int>(position) - 1; };
+    main.StripInput().MouseDown(MouseButton::Right, {}, {});
+}
+
+void Desk::UseIndexesUpTo(std::int32_t last) {
+    for (std::int32_t index = 0; index < last;) {
+        NewTab(InFront::No);
+        index = TabAt(2).Tag;
+        Close(index);
+    }
+}
+
+void Desk::CloseRightOf(std::size_t position) {
+    OpenTabMenu(position);
+    Click(u"xtrTabCloseRight");
+}
+
+::Tool& Desk::Tool(TextView name) const {
+    auto* tool = main.actBar.Find(name);
+    Must(tool);
+    return *tool;
+}
+
+::Band& Desk::Band(TextView name) const {
+    auto* band = main.actBar.FindBand(name);
+    Must(band);
+    return *band;
+}
+
+ComboTool& Desk::Combo(TextView name) const {
+    auto* box = main.actBar.FindCombo(name);
+    Must(box);
+    return *box;
+}
+
+bool Desk::Renews(TextView band) {
+    const int before = folderWatch.asked;
+    OpenMenu(band);
+    return folderWatch.asked != before;
+}
+
+void Desk::ChangeFolderOf(TextView band) {
+    folderWatch.Changed(band == u"bndTessaGroupsMenu" ? groupFolder : favoritesFolder);
+}
+
+std::string Desk::Saving() const {
+    return main.sbStatus.Saving.Visible() ? ToUtf8(main.sbStatus.Saving.Caption()) : "(nothing)";
+}
+
+void Desk::Set(TextView name, TextView value) {
+    settings.Put(name, value);
+    const auto before = std::exchange(inSettings, [](frmSettings& form) { form.cmdOK.Click(); });
+    Click(u"mnuSettings");
+    inSettings = before;
+}
+
 void Desk::ClickTab(std::size_t position) { main.pcPage.UserClick(main.pcPage.FindAt(position)); }
 
 void Desk::Click(TextView tool) {
@@ -78,13 +156,13 @@ void Desk::Click(TextView tool) {
 }
 
 void Desk::TypeAddress(TextView text) {
-    auto& box = *main.Tabs.AddressCombo();
+    auto& box = Combo(u"cboAddress");
     box.Value = Text(text);
     main.actBar.ComboKeyDown(box, {Keys::kEnter, 0});
 }
 
 void Desk::Type(TextView box, TextView text) {
-    auto& combo = *main.actBar.FindCombo(box);
+    auto& combo = Combo(box);
     for (const char16_t each : text) {
         Text value = combo.Value();
         const TextSelection selected = combo.Selection();
@@ -95,7 +173,7 @@ void Desk::Type(TextView box, TextView text) {
 }
 
 void Desk::Backspace(TextView box) {
-    auto& combo = *main.actBar.FindCombo(box);
+    auto& combo = Combo(box);
     TextSelection selected = combo.Selection();
     if (selected.Length == 0) selected = {selected.Start - 1, 1};
     Text value = combo.Value();
@@ -104,10 +182,10 @@ void Desk::Backspace(TextView box) {
     main.actBar.TextChange(combo);
 }
 
-KeyUsed Desk::Press(TextView box, KeyStroke key) { return main.actBar.ComboKeyDown(*main.actBar.FindCombo(box), key); }
+KeyUsed Desk::Press(TextView box, KeyStroke key) { return main.actBar.ComboKeyDown(Combo(box), key); }
 
 void Desk::Choose(TextView box, std::size_t index) {
-    auto& combo = *main.actBar.FindCombo(box);
+    auto& combo = Combo(box);
     const Text item = combo.List().at(index);
     combo.Value = item;
     main.actBar.SelChange(combo);
@@ -142,3 +220,17 @@ void Desk::PageLoads(int index, TextView address, TextView title) {
     events.DownloadComplete(n);
     events.DocumentComplete(n, PageLevel::Top, address);
 }
+
+void Desk::PageBegins(int index, TextView address) {
+    Events().BeforeNavigate2(static_cast<std::int16_t>(index), PageLevel::Top, address);
+}
+
+void Desk::PageIsCalled(int index, TextView title) { Events().TitleChange(static_cast<std::int16_t>(index), title); }
+
+void Desk::PageMayGo(int index, HistoryCommand where, bool may) {
+    Events().CommandStateChange(static_cast<std::int16_t>(index), where, may);
+}
+
+void Desk::PageClosesItself(int index) { Events().WindowClosing(static_cast<std::int16_t>(index)); }
+
+void Desk::PageSaysWhetherItLoads() { Events().DownloadBegin(1); }

@@ -14,19 +14,12 @@
 #include "platform/Application.h"
 #include "sessions/LastSites.h"
 #include "startpage/StartPage.h"
-#include "tabs/TabKeys.h"
 #include "window/WindowPlacement.h"
 #include "window/frmDefBrowser.h"
 
-#include <algorithm>
 #include <array>
-#include <memory>
 
 namespace {
-
-/// Of the pages that hold their user, as many as anybody reads, and as much of their names.
-constexpr std::size_t kMostHolders = 8;
-constexpr std::size_t kLongestHolder = 80;
 
 // They have nothing to act on yet.
 constexpr std::array kDisabledAtStart{u"mnuGoBack"_tool, u"mnuGoForward"_tool, u"mnuStop"_tool, u"mnuRefresh"_tool};
@@ -34,154 +27,156 @@ constexpr std::array kDisabledAtStart{u"mnuGoBack"_tool, u"mnuGoForward"_tool, u
 } // namespace
 
 frmMain::frmMain(MainWindowPlatform platform)
-    : Platform(std::move(platform)),
-      Events(Tabs, Browser),
-      Browser(Platform.views, Events),
-      Tabs(pcPage, Browser, actBar, sbStatus, Platform.messages),
-      Groups(
-          {Tabs, pcPage, Browser, sbStatus, Platform.messages, Platform.files, Platform.forms, Platform.groupFolder}),
-      Closed(Tabs, pcPage, Browser),
-      StripInput(Tabs, pcPage, Browser, actBar),
-      Pages(Tabs, actBar, Platform.settings),
-      Boxes(Tabs, actBar),
-      Commands{Tabs,
-               pcPage,
-               StripInput,
-               actBar,
-               Pages,
-               Groups,
-               Closed,
-               Platform.files,
-               Platform.messages,
-               Platform.forms,
-               Platform.settings,
-               Platform.shell,
-               Platform.trash,
-               Platform.downloads,
-               Platform.tools,
-               Platform.input,
-               Platform.groupFolder,
-               Platform.favoritesFolder},
-      Sessions(Platform.sessions, Platform.clock, Tabs, pcPage, Browser),
-      Layout(actBar, Platform.layout),
-      Menus(Commands, Platform.folderWatch),
-      Favorite(Commands, {Platform.trash, Platform.forms}),
-      Downloads(Platform.downloads, Platform.downloadsFile),
-      DownloadPanel(Downloads, Platform.clock),
-      Sleep(pcPage, Browser),
-      Relief(pcPage, Sleep),
-      TaskView(pcPage, Browser),
-      Settings({pcPage, Tabs, Groups, Sleep}, Platform.settings),
-      m_commands({Tabs, pcPage, actBar, Commands, Sessions, Settings, TaskView, DownloadPanel}, Platform),
-      m_dispatcher(Commands),
-      m_keyboard(actBar, Tabs, m_dispatcher) {
-    Commands.window = &m_commands;
+    : m_platform(std::move(platform)),
+      m_events(m_tabs, m_browser),
+      m_browser(m_platform.views, m_events),
+      m_tabs(pcPage, m_browser, actBar, sbStatus, m_platform.messages),
+      m_groups({m_tabs, pcPage, m_browser, sbStatus, m_platform.messages, m_platform.files, m_platform.forms,
+                m_platform.groupFolder}),
+      m_closed(m_tabs, pcPage, m_browser),
+      m_stripInput(m_tabs, pcPage, m_browser, actBar),
+      m_pages(m_tabs, actBar, m_platform.settings),
+      m_boxes(m_tabs, actBar),
+      m_context{m_tabs,
+                pcPage,
+                m_stripInput,
+                actBar,
+                m_pages,
+                m_groups,
+                m_closed,
+                m_platform.files,
+                m_platform.messages,
+                m_platform.forms,
+                m_platform.settings,
+                m_platform.shell,
+                m_platform.trash,
+                m_platform.downloads,
+                m_platform.tools,
+                m_platform.input,
+                m_platform.groupFolder,
+                m_platform.favoritesFolder},
+      m_sessions(m_platform.sessions, m_platform.clock, m_tabs, pcPage, m_browser),
+      m_layout(actBar, m_platform.layout),
+      m_menus(m_context, m_platform.folderWatch),
+      m_favorites(m_context, {m_platform.trash, m_platform.forms}),
+      m_downloads(m_platform.downloads, m_platform.downloadsFile),
+      m_downloadPanel(m_downloads, m_platform.clock),
+      m_sleep(pcPage, m_browser),
+      m_relief(pcPage, m_sleep),
+      m_taskView(pcPage, m_browser),
+      m_settings({pcPage, m_tabs, m_groups, m_sleep}, m_platform.settings),
+      m_commands({m_tabs, pcPage, actBar, m_context, m_sessions, m_settings, m_taskView, m_downloadPanel}, m_platform),
+      m_dispatcher(m_context),
+      m_keyboard(actBar, m_tabs, m_dispatcher),
+      m_closing({m_tabs, pcPage, m_downloads, m_platform.window, m_platform.messages}) {
+    m_context.window = &m_commands;
     DesignTimeBar::Make(actBar);
     WireParts();
 }
 
 void frmMain::WireParts() {
-    Tabs.PlaceView.ConnectForLife([this](ArrayView& view) { PlaceView(view); });
-    Tabs.Resize.ConnectForLife([this] { Form_Resize(); });
-    Tabs.CloseWindow.ConnectForLife([this] { Platform.window.Close(); });
+    m_tabs.PlaceView.ConnectForLife([this](ArrayView& view) { PlaceView(view); });
+    m_tabs.Resize.ConnectForLife([this] { Form_Resize(); });
+    m_tabs.CloseWindow.ConnectForLife([this] { m_platform.window.Close(); });
     actBar.Click.ConnectForLife([this](Tool& tool) { actBar_Click(tool); });
-    actBar.BandOpen.ConnectForLife([this](Band& band) { Menus.BandOpen(band); });
+    actBar.BandOpen.ConnectForLife([this](Band& band) { m_menus.BandOpen(band); });
     actBar.MouseOver.ConnectForLife(
-        [this](const Tool* tool) { Tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); });
-    Tabs.Closing.ConnectForLife([this](std::int32_t index) {
-        Closed.Remember(index);
-        Groups.PageDone(index);
+        [this](const Tool* tool) { m_tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); });
+    m_tabs.Closing.ConnectForLife([this](std::int32_t index) {
+        m_closed.Remember(index);
+        m_groups.PageDone(index);
     });
-    Tabs.ClosingSeveral = [this](const std::function<void()>& close) {
-        Closed.BeginSeveral();
+    m_tabs.ClosingSeveral = [this](const std::function<void()>& close) {
+        m_closed.BeginSeveral();
         close();
-        Closed.EndSeveral();
+        m_closed.EndSeveral();
     };
-    Tabs.Blanking.ConnectForLife([this](std::int32_t index) { Closed.RememberBlanked(index); });
-    Closed.Changed.ConnectForLife([this] { TabMoreCommands::ShowReopen(Commands); });
-    StripInput.Opening.ConnectForLife([this] { TabMoreCommands::ShowState(Commands); });
+    m_tabs.Blanking.ConnectForLife([this](std::int32_t index) { m_closed.RememberBlanked(index); });
+    m_closed.Changed.ConnectForLife([this] { TabMoreCommands::ShowReopen(m_context); });
+    m_stripInput.Opening.ConnectForLife([this] { TabMoreCommands::ShowState(m_context); });
     pcPage.Touched.ConnectForLife([this] {
-        Sessions.Touch();
-        Sleep.Touch();
+        m_sessions.Touch();
+        m_sleep.Touch();
     });
-    Events.ShowMenu.ConnectForLife(
-        [this](std::int16_t Index, const PageContext& Context) { PageMenu::Open(Commands, Index, Context); });
-    Events.Navigated.ConnectForLife([this] { Sessions.Touch(); });
-    Pages.ApplyLoadOptions.ConnectForLife([this] { Platform.engineOptions.ApplyLoadOptions(); });
-    Layout.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
-    Sessions.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
-    Layout.TryAgain.ConnectForLife([this] { RetryLater(); });
-    Downloads.TryAgain.ConnectForLife([this] { RetryLater(); });
+    m_events.ShowMenu.ConnectForLife(
+        [this](std::int16_t Index, const PageContext& Context) { PageMenu::Open(m_context, Index, Context); });
+    m_events.Navigated.ConnectForLife([this] { m_sessions.Touch(); });
+    m_pages.ApplyLoadOptions.ConnectForLife([this] { m_platform.engineOptions.ApplyLoadOptions(); });
+    m_layout.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
+    m_sessions.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
+    m_layout.TryAgain.ConnectForLife([this] { RetryLater(); });
+    m_downloads.TryAgain.ConnectForLife([this] { RetryLater(); });
     WireGroups();
     WireDownloads();
     WireSleep();
-    TabMoreCommands::ShowReopen(Commands);
+    TabMoreCommands::ShowReopen(m_context);
 }
 
 void frmMain::WireGroups() {
-    Events.Loaded.ConnectForLife([this](std::int16_t Index) {
-        Groups.PageDone(Index);
-        Relief.Loaded(Index);
+    m_events.Loaded.ConnectForLife([this](std::int16_t Index) {
+        m_groups.PageDone(Index);
+        m_relief.Loaded(Index);
     });
 }
 
 void frmMain::WireDownloads() {
-    Downloads.Changed.ConnectForLife([this] {
+    m_downloads.Changed.ConnectForLife([this] {
         for (const ToolName name : {u"xtrMore"_tool, u"xtrDownloads"_tool}) {
-            if (auto* tool = actBar.Find(name)) tool->Badge = Downloads.CountActive();
+            if (auto* tool = actBar.Find(name)) tool->Badge = m_downloads.CountActive();
         }
-        DownloadPanel.Touch();
-        sbStatus.Saving.Caption = DownloadWords::Progress(Downloads);
-        sbStatus.Saving.Visible = Downloads.CountActive() > 0;
+        m_downloadPanel.Touch();
+        sbStatus.Saving.Caption = DownloadWords::Progress(m_downloads);
+        sbStatus.Saving.Visible = m_downloads.CountActive() > 0;
     });
-    Downloads.Say.ConnectForLife([this](TextView message) { Tabs.Say(message); });
-    Downloads.Complain.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
-    sbStatus.Saving.Click.ConnectForLife([this] { DownloadPanel.Form.Visible = true; });
-    DownloadPanel.Shown.ConnectForLife([this](bool shown) {
+    m_downloads.Say.ConnectForLife([this](TextView message) { m_tabs.Say(message); });
+    m_downloads.Complain.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
+    sbStatus.Saving.Click.ConnectForLife([this] { m_downloadPanel.Form.Visible = true; });
+    m_downloadPanel.Shown.ConnectForLife([this](bool shown) {
         if (auto* tool = actBar.Find(u"xtrDownloads"_tool)) tool->Checked = shown;
     });
 }
 
 void frmMain::WireSleep() {
-    Tabs.Opened.ConnectForLife([this](std::int32_t index) { Sleep.Opened(index); });
-    Relief.Say.ConnectForLife([this](TextView words) { Tabs.Say(words); });
+    m_tabs.Opened.ConnectForLife([this](std::int32_t index) { m_sleep.Opened(index); });
+    m_relief.Say.ConnectForLife([this](TextView words) { m_tabs.Say(words); });
 }
 
 void frmMain::Form_Load(TextView commandLine) {
     if (m_stage != Stage::New) return;
     m_stage = Stage::Loaded;
     Prepare();
-    if (auto* view = Tabs.PrepareFirstTab()) OpenCommandLine(*view, commandLine);
+    if (auto* view = m_tabs.PrepareFirstTab()) OpenCommandLine(*view, commandLine);
     Restore();
-    Downloads.Load();
+    m_downloads.Load();
 }
 
 // What the first tab finds there.
 void frmMain::Prepare() {
-    Layout.Load();
+    m_layout.Load();
     actBar.RecalcLayout();
-    Pages.ShowLoadOptions();
-    Menus.KeepPictures();
+    m_pages.ShowLoadOptions();
+    m_menus.KeepPictures();
     bool ask = false;
     {
-        const SettingsStore store(Platform.settings);
-        Settings.PlaceTabs(store);
+        const SettingsStore store(m_platform.settings);
+        m_settings.PlaceTabs(store);
         ask = store.AskDefaultBrowser.Get();
     }
     // No store is held while the question is open: it writes through one of its own.
-    if (ask) frmDefBrowser::Ask(Platform.settings, Platform.defaultBrowser, Platform.programPath, Platform.forms);
-    const SettingsStore store(Platform.settings);
-    Settings.RememberLastSites = store.RememberLastSites.Get();
+    if (ask)
+        frmDefBrowser::Ask(m_platform.settings, m_platform.defaultBrowser, m_platform.programPath, m_platform.forms);
+    const SettingsStore store(m_platform.settings);
+    m_settings.RememberLastSites = store.RememberLastSites.Get();
     BoxHistories::Restore(actBar, store);
-    Tabs.ShowStatusBar(store.ShowStatusBar.Get());
+    m_tabs.ShowStatusBar(store.ShowStatusBar.Get());
     for (const ToolName name : kDisabledAtStart) actBar.Enable(name, false);
 }
 
 void frmMain::Restore() {
-    const SettingsStore store(Platform.settings);
-    WindowPlacement::Restore(Platform.window, store);
-    Settings.Copy(store);
-    Settings.ApplySleep();
+    const SettingsStore store(m_platform.settings);
+    WindowPlacement::Restore(m_platform.window, store);
+    m_settings.Copy(store);
+    m_settings.ApplySleep();
 }
 
 void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
@@ -196,91 +191,61 @@ void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
     }
 }
 
+void frmMain::FocusPage() {
+    if (auto* view = m_tabs.CurrentView()) view->Control->SetFocus();
+}
+
 void frmMain::OpenGiven(BrowserView& view, TextView text) {
     if (TrustOf(text, LinkSource::HandOver) == LinkTrust::Open) return ResumeNext(view.Navigate(text));
-    Tabs.ShowStatusText(u"What TessaView was to open is no page. It was not opened.");
+    m_tabs.ShowStatusText(u"What TessaView was to open is no page. It was not opened.");
 }
 
 void frmMain::OpenStartLink(std::string_view link) {
     const auto words = StartPage::WordsOf(link);
-    auto* view = words ? Tabs.CurrentView() : nullptr;
+    auto* view = words ? m_tabs.CurrentView() : nullptr;
     if (view) return ResumeNext(view->Control->Navigate(Text(Endpoints::kSearch) + *words));
     const auto name = StartPage::GroupOf(link);
     // Only what the folder lists is a group: a name is no path.
-    CKeyValues groups = name ? TessaGroups::List(Platform.groupFolder) : CKeyValues();
+    CKeyValues groups = name ? TessaGroups::List(m_platform.groupFolder) : CKeyValues();
     const auto* group = name ? groups.FindItem(*name) : nullptr;
     if (group) OpenTessaGroup(Text(group->Value));
 }
 
 void frmMain::RetryWrites() {
-    Layout.SaveAgain();
-    Downloads.WriteAgain();
+    m_layout.SaveAgain();
+    m_downloads.WriteAgain();
 }
 
 void frmMain::Form_Activate() {
-    Platform.splash.Unload();
+    m_platform.splash.Unload();
     if (m_activated || m_stage != Stage::Loaded) return;
     m_activated = true;
-    if (Settings.RememberLastSites && !m_openedFromCommandLine) {
-        std::vector<Text> sites = SettingsStore(Platform.settings).LastSites.Get();
-        LastSites::Reopen(std::move(sites), Tabs, Browser, Sessions.CameBack);
+    if (m_settings.RememberLastSites && !m_openedFromCommandLine) {
+        std::vector<Text> sites = SettingsStore(m_platform.settings).LastSites.Get();
+        LastSites::Reopen(std::move(sites), m_tabs, m_browser, m_sessions.CameBack);
     }
-    Sessions.OfferBy(Platform.offer);
+    m_sessions.OfferBy(m_platform.offer);
 }
 
 void frmMain::Form_Resize() {
-    Platform.window.MoveTabStrip(MainLayout::TabStripPlace(LayoutInputs()));
-    if (auto* view = Tabs.CurrentView()) PlaceView(*view);
+    m_platform.window.MoveTabStrip(MainLayout::TabStripPlace(LayoutInputs()));
+    if (auto* view = m_tabs.CurrentView()) PlaceView(*view);
 }
 
-bool frmMain::Form_QueryUnload() {
-    if (m_stage != Stage::Loaded) return true;
-    if (!m_left && !PagesLetGo()) return false;
-    // When the window stays after all, its pages are asked anew the next time.
-    m_left = false;
-    const std::size_t running = Downloads.CountActive();
-    return running == 0 || Platform.messages.AskOwn(DownloadWords::ExitQuestion(running));
-}
-
-bool frmMain::PagesLetGo() {
-    // The answer may come when this has long returned.
-    const auto atOnce = std::make_shared<bool>(true);
-    Tabs.Leaving.FindHolders([this, atOnce](const std::vector<std::int32_t>& holders) {
-        m_left = holders.empty() || UserLeaves(holders);
-        if (m_left && !*atOnce) Platform.window.Close();
-    });
-    *atOnce = false;
-    return m_left;
-}
-
-bool frmMain::UserLeaves(const std::vector<std::int32_t>& holders) {
-    const auto count = static_cast<std::int64_t>(holders.size());
-    OwnQuestion question{count == 1 ? Text(u"A page holds unsent text") : Decimal(count) + u" pages hold unsent text",
-                         {},
-                         u"&Stay",
-                         u"&Leave"};
-    for (std::size_t i = 0; i < std::min(holders.size(), kMostHolders); ++i) {
-        const auto* tab = TabOfView(pcPage, holders[i]);
-        if (tab) question.Details += OneLine(FirstUnits(tab->Caption(), kLongestHolder)) + u"\n";
-    }
-    if (holders.size() > kMostHolders) question.Details += u"...";
-    if (Platform.messages.AskOwn(question)) return true;
-    if (auto* tab = TabOfView(pcPage, holders.front())) pcPage.Select(tab);
-    return false;
-}
+bool frmMain::Form_QueryUnload() { return m_stage != Stage::Loaded || m_closing.MayClose(); }
 
 void frmMain::Form_Unload() {
     if (m_stage != Stage::Loaded) return;
     m_stage = Stage::Unloaded;
     Log::Note(LogLevel::Info, LogPart::Program, "ends, tabs", static_cast<std::int64_t>(pcPage.Count()));
-    TaskView.Form.Visible = false;
-    Sleep.SetPatience({});
-    Relief.End();
+    m_taskView.Form.Visible = false;
+    m_sleep.SetPatience({});
+    m_relief.End();
     Save();
-    Sessions.End();
-    Downloads.End();
-    Browser.UnloadAll();
-    Menus.ReleasePictures();
+    m_sessions.End();
+    m_downloads.End();
+    m_browser.UnloadAll();
+    m_menus.ReleasePictures();
     Unloaded();
 }
 
@@ -288,26 +253,26 @@ void frmMain::Form_Unload() {
 void frmMain::Save() {
     SaveSettings();
     actBar.RemoveRunTimeBands();
-    Layout.Save();
+    m_layout.Save();
 }
 
 void frmMain::SaveSettings() {
-    const std::vector<Text> sites = LastSites::Open(pcPage, Browser);
-    SettingsStore store(Platform.settings);
-    WindowPlacement::Save(store, Platform.window);
-    Settings.Save(store);
+    const std::vector<Text> sites = LastSites::Open(pcPage, m_browser);
+    SettingsStore store(m_platform.settings);
+    WindowPlacement::Save(store, m_platform.window);
+    m_settings.Save(store);
     ResumeNext(store.LastSites.Set(sites));
     BoxHistories::Save(store, actBar);
     ResumeNext(store.ShowStatusBar.Set(sbStatus.Visible()));
 }
 
 MainLayout::Inputs frmMain::LayoutInputs() const {
-    const auto& window = Platform.window;
+    const auto& window = m_platform.window;
     return {window.InnerWidth(), window.InnerHeight(), sbStatus.Visible() ? sbStatus.Height : Pixels{0},
             pcPage.RowHeight, pcPage.Placement()};
 }
 
 void frmMain::PlaceView(ArrayView& view) {
-    if (Platform.window.State() == WindowState::Minimized) return;
+    if (m_platform.window.State() == WindowState::Minimized) return;
     view.Place(MainLayout::ViewPlace(LayoutInputs()));
 }

@@ -9,21 +9,27 @@
 #include "downloads/frmDownloads.h"
 #include "groups/GroupCommands.h"
 #include "sessions/SessionJournal.h"
+#include "startpage/HomePages.h"
 #include "tabs/BrowserEvents.h"
 #include "tabs/MemoryRelief.h"
 #include "tabs/TabSleep.h"
 #include "tabs/frmTaskView.h"
+#include "window/ClosingQuestions.h"
 #include "window/LiveSettings.h"
 #include "window/MainCommands.h"
 #include "window/MainKeyboard.h"
 #include "window/MainLayout.h"
 #include "window/MainWindowPlatform.h"
 
-/// The main window: owns its controls and parts, and forwards to them.
+/// The main window. Owns its controls, which everybody may show and use, and what works on them, which is its own. What
+/// happens outside is told to it: to its handlers, or to those of its parts that exist for that.
 class frmMain {
 public:
     explicit frmMain(MainWindowPlatform platform);
+    frmMain(const frmMain&) = delete;
+    frmMain& operator=(const frmMain&) = delete;
 
+    // The window's own events.
     /// Builds the window while it is hidden and opens the command line: nothing (the home page), a TessaGroup, or
     /// an address. Runs once.
     void Form_Load(TextView commandLine);
@@ -31,65 +37,73 @@ public:
     void Form_Activate();
     /// Lays out the tab strip and the selected view.
     void Form_Resize();
-    /// Whether the window may close; asks the user when pages hold unsent text, and while downloads run. Pages answer
-    /// in a while: the window then stays, and closes itself.
+    /// Whether the window may close. Pages answer in a while: the window then stays, and closes itself.
     [[nodiscard]] bool Form_QueryUnload();
     /// Saves what the next start needs and ends the views. Runs once.
     void Form_Unload();
-
-    BrowserView* GetNewBrowser(InFront inFront) { return Tabs.GetNewBrowser(inFront); }
-    /// Goes to what the program was started with, or what a later start hands over; not to what is no page.
-    void OpenGiven(BrowserView& view, TextView text);
-    void OpenTessaGroup(TextView TessaGroup) { Groups.OpenTessaGroup(TessaGroup); }
-    void AddToTessaGroup(TextView URL, TextView SGFile) { Groups.AddToTessaGroup(URL, SGFile); }
-    void OrganizeTessaGroup(TextView sFileName) { Groups.OrganizeTessaGroup(sFileName); }
-    /// Follows a link of the home page, which opens a TessaGroup or searches. Any other address does nothing.
-    void OpenStartLink(std::string_view link);
-    /// Writes again what could not be written; when a while has gone by since `RetryLater` asked for it.
-    void RetryWrites();
-    void CloseBrowserTab(std::int32_t Index) { Tabs.CloseBrowserTab(Index); }
-    /// The address box and the search box.
-    [[nodiscard]] ComboTool* AddressCombo() const { return Tabs.AddressCombo(); }
-    [[nodiscard]] ComboTool* SearchCombo() const { return actBar.FindCombo(u"cboSearch"_tool); }
-    void actBar_Click(const Tool& tool) { m_dispatcher.actBar_Click(tool); }
     /// Every key goes down here first; one that was used is no longer for the control that has the keyboard.
     KeyUsed Form_KeyDown(KeyStroke key) { return m_keyboard.Form_KeyDown(key); }
     KeyUsed Form_KeyUp(KeyStroke key) { return m_keyboard.Form_KeyUp(key); }
     /// Something is typed while the page in front has the keyboard. Over a blank page that is meant for the address
     /// box, which then gets the keyboard.
     void Form_Type() { m_keyboard.Form_Type(); }
+    /// A tool is clicked that may be listed nowhere.
+    void actBar_Click(const Tool& tool) { m_dispatcher.actBar_Click(tool); }
+    /// The window's views have ended.
+    Signal<void()> Unloaded;
 
-    MainWindowPlatform Platform;
+    // The controls: models, and forms beside the window, that views show.
     TabStrip pcPage;
     StatusBar sbStatus;
     CommandBar actBar;
-    BrowserEvents Events;
-    ViewArray Browser;
-    TabSet Tabs;
-    GroupCommands Groups;
-    ClosedTabs Closed;
-    TabStripInput StripInput;
-    PageOptions Pages;
-    AddressBoxes Boxes;
-    CommandContext Commands;
-    SessionJournal Sessions;
-    LayoutKeeper Layout;
-    RuntimeMenus Menus;
-    FavoriteCommands Favorite;
-    ::Downloads Downloads;
-    frmDownloads DownloadPanel;
-    TabSleep Sleep;
-    MemoryRelief Relief;
-    frmTaskView TaskView;
-    LiveSettings Settings;
-    /// Live copies of settings, where they take effect.
-    bool& RememberLastSites = Settings.RememberLastSites;
-    bool& OpenNewInFront = Tabs.OpenNewInFront;
-    bool& TGCloseOthersFirst = Groups.TGCloseOthersFirst;
-    /// The window's views have ended.
-    Signal<void()> Unloaded;
+    [[nodiscard]] frmDownloads& DownloadPanel() { return m_downloadPanel; }
+    [[nodiscard]] frmTaskView& TaskView() { return m_taskView; }
+
+    // Tabs.
+    /// What is open, to be read.
+    [[nodiscard]] const TabSet& Tabs() const { return m_tabs; }
+    BrowserView* GetNewBrowser(InFront inFront, Privacy privacy = Privacy::Ordinary) {
+        return m_tabs.GetNewBrowser(inFront, privacy);
+    }
+    void CloseBrowserTab(std::int32_t Index) { m_tabs.CloseBrowserTab(Index); }
+    /// Gives the page in front the keyboard.
+    void FocusPage();
+    /// Goes to what the program was started with, or what a later start hands over; not to what is no page.
+    void OpenGiven(BrowserView& view, TextView text);
+    /// Follows a link of the home page, which opens a TessaGroup or searches. Any other address does nothing.
+    void OpenStartLink(std::string_view link);
+    /// Makes the home pages anew that are open.
+    HomePages::Shown RefreshHomePages() { return HomePages::Refresh(pcPage, m_browser); }
+
+    // TessaGroups, by the full paths of their files.
+    void OpenTessaGroup(TextView TessaGroup) { m_groups.OpenTessaGroup(TessaGroup); }
+    void OpenTessaGroups(const std::vector<Text>& groups) { m_groups.OpenTessaGroups(groups); }
+    void AddToTessaGroup(TextView URL, TextView SGFile) { m_groups.AddToTessaGroup(URL, SGFile); }
+    void OrganizeTessaGroup(TextView sFileName) { m_groups.OrganizeTessaGroup(sFileName); }
+    /// There is nobody to ask: what needs an answer is not opened.
+    void AskNobody() { m_groups.MayAsk = false; }
+
+    // What the views of the controls report to.
+    /// The pointer, and what is dragged, on the strip.
+    [[nodiscard]] TabStripInput& StripInput() { return m_stripInput; }
+    /// Entries of menus that show files, and the folders where these lie.
+    [[nodiscard]] RuntimeMenus& Menus() { return m_menus; }
+    /// The user has arranged the command bar.
+    void SaveLayout() { m_layout.Save(); }
+    /// The user wants to see the earlier sessions.
+    void ShowSessions() { m_commands.ShowSessions(); }
+
+    // What the engine reports to.
+    [[nodiscard]] ::Downloads& Downloads() { return m_downloads; }
+
+    // What runs by the clock: each says when it is to be called, and by what.
+    [[nodiscard]] SessionJournal& Sessions() { return m_sessions; }
+    [[nodiscard]] TabSleep& Sleep() { return m_sleep; }
+    [[nodiscard]] MemoryRelief& Relief() { return m_relief; }
     /// Has `RetryWrites` called in a while.
     Signal<void()> RetryLater;
+    /// Writes again what could not be written.
+    void RetryWrites();
 
 private:
     enum class Stage { New, Loaded, Unloaded };
@@ -105,14 +119,38 @@ private:
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
     void OpenCommandLine(BrowserView& view, TextView commandLine);
-    [[nodiscard]] bool PagesLetGo();
-    [[nodiscard]] bool UserLeaves(const std::vector<std::int32_t>& holders);
 
+    MainWindowPlatform m_platform;
+    BrowserEvents m_events;
+    ViewArray m_browser;
+    TabSet m_tabs;
+    GroupCommands m_groups;
+    ClosedTabs m_closed;
+    TabStripInput m_stripInput;
+    PageOptions m_pages;
+    AddressBoxes m_boxes;
+    CommandContext m_context;
+    SessionJournal m_sessions;
+    LayoutKeeper m_layout;
+    RuntimeMenus m_menus;
+    FavoriteCommands m_favorites;
+    ::Downloads m_downloads;
+    frmDownloads m_downloadPanel;
+    TabSleep m_sleep;
+    MemoryRelief m_relief;
+    frmTaskView m_taskView;
+    LiveSettings m_settings;
     MainCommands m_commands;
     Dispatcher m_dispatcher;
     MainKeyboard m_keyboard;
+    ClosingQuestions m_closing;
     Stage m_stage = Stage::New;
-    bool m_left = false; ///< all pages have let their user go, or he has left them
     bool m_activated = false;
     bool m_openedFromCommandLine = false;
+
+public:
+    // Settings that live here, as others see and change them.
+    bool& OpenNewInFront = m_tabs.OpenNewInFront;
+    bool& TGCloseOthersFirst = m_groups.TGCloseOthersFirst;
+    bool& RememberLastSites = m_settings.RememberLastSites;
 };

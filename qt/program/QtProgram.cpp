@@ -45,7 +45,9 @@ QtProgram::QtProgram(int& argc, char** argv) {
 
 QtProgram::~QtProgram() = default;
 
-Startup::Program QtProgram::Platform() { return {m->application, m->settings, m->channel, m->splash, m->main}; }
+Startup::Program QtProgram::Platform() {
+    return {m->application, m->settings, m->channel, m->splash, m->window, m->main};
+}
 
 int QtProgram::Run() {
     // The window is on the screen before the engine, which takes long to load, is.
@@ -93,19 +95,19 @@ void QtProgram::WireWindow() {
         // Not quit(), which any window that does not want to close, a dialog say, can refuse.
         QCoreApplication::exit();
     });
-    m->customize.Closed.ConnectForLife([&main] { main.Layout.Save(); });
+    m->customize.Closed.ConnectForLife([&main] { main.SaveLayout(); });
     m->settings.SetReport([&main](const Text& message) { main.sbStatus.Complaint(message); });
     auto& menus = m->commandBar.Menus();
-    menus.EntryPopup = [&main](const Tool& tool) { return main.Menus.EntryPopup(tool); };
-    menus.EntryMiddleClick = [&main](const Tool& tool) { return main.Menus.EntryMiddleClick(tool); };
-    menus.EntryDelete = [&main](const Tool& tool) { return main.Menus.EntryDelete(tool); };
+    menus.EntryPopup = [&main](const Tool& tool) { return main.Menus().EntryPopup(tool); };
+    menus.EntryMiddleClick = [&main](const Tool& tool) { return main.Menus().EntryMiddleClick(tool); };
+    menus.EntryDelete = [&main](const Tool& tool) { return main.Menus().EntryDelete(tool); };
     m->fileDrop.Takes = GroupCommands::IsGroupFile;
-    m->fileDrop.Dropped.ConnectForLife([&main](const std::vector<Text>& files) { main.Groups.OpenTessaGroups(files); });
+    m->fileDrop.Dropped.ConnectForLife([&main](const std::vector<Text>& files) { main.OpenTessaGroups(files); });
     m->channel.Foreground.ConnectForLife([this](const QByteArray& token) { m->window.BringToForeground(token); });
 }
 
 void QtProgram::WireSession() {
-    auto& journal = m->main.Sessions;
+    auto& journal = m->main.Sessions();
     m->journal.setSingleShot(true);
     m->journal.setInterval(kJournalDelay);
     m->journal.callOnTimeout([&journal] { journal.Write(); });
@@ -117,7 +119,7 @@ void QtProgram::WireSession() {
 }
 
 void QtProgram::WireSleep() {
-    auto& sleep = m->main.Sleep;
+    auto& sleep = m->main.Sleep();
     m->sleep.setSingleShot(true);
     // To the minute is near enough, and saves waking the processor up.
     m->sleep.setTimerType(Qt::VeryCoarseTimer);
@@ -138,7 +140,7 @@ void QtProgram::WireSleep() {
 }
 
 void QtProgram::WireRelief() {
-    auto& relief = m->main.Relief;
+    auto& relief = m->main.Relief();
     m->relief.setSingleShot(true);
     m->relief.callOnTimeout([&relief] { relief.Look(); });
     relief.Schedule.ConnectForLife([this](TabSleep::Time time) { m->relief.start(time); });

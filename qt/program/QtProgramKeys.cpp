@@ -18,9 +18,7 @@ void QtProgram::WireKeys() {
     ring.Strip = &m->strip;
     ring.StatusBar = &m->statusBar;
     ring.PageBars = {&m->captures, &m->offer, &m->findBar};
-    ring.FocusPage.ConnectForLife([&main] {
-        if (auto* view = main.Tabs.CurrentView()) view->Control->SetFocus();
-    });
+    ring.FocusPage.ConnectForLife([&main] { main.FocusPage(); });
     ring.Question = [this]() -> std::optional<QtFocusRing::Asked> {
         const auto* front = m->engine.Front();
         QtQuestionBar* asks = front && front->Questions() ? front->Questions()->bar.data() : nullptr;

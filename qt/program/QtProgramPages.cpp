@@ -21,14 +21,14 @@ void QtProgram::WireStartPage() {
     m->homePages.setSingleShot(true);
     m->homePages.setInterval(kHomePageDelay);
     m->homePages.callOnTimeout([this] {
-        const auto shown = HomePages::Refresh(m->main.pcPage, m->main.Browser);
+        const auto shown = m->main.RefreshHomePages();
         if (shown == HomePages::Shown::Later) m->homePages.start();
     });
-    m->main.Menus.FoldersChanged.ConnectForLife([this] { m->homePages.start(); });
+    m->main.Menus().FoldersChanged.ConnectForLife([this] { m->homePages.start(); });
     m->engine.StartPage = [this] {
         // Before they are read, so that no change falls in between.
-        m->main.Menus.WatchFolders();
-        StartContent content = StartPage::Read(m->main.Platform.groupFolder, m->main.Platform.favoritesFolder);
+        m->main.Menus().WatchFolders();
+        StartContent content = StartPage::Read(FromQt(m->folders.GroupFolder()), FromQt(m->folders.favorites));
         content.Dark = QtPalette::IsDark(m->window.palette());
         content.Notice = QtBuildInfo::EngineNotice();
         return StartPage::Html(content);
@@ -38,7 +38,7 @@ void QtProgram::WireStartPage() {
 }
 
 void QtProgram::WirePages() {
-    m->main.TaskView.TellDrawing(QtDrawing::InSoftware() ? DrawingWay::Software : DrawingWay::Graphics);
+    m->main.TaskView().TellDrawing(QtDrawing::InSoftware() ? DrawingWay::Software : DrawingWay::Graphics);
     m->engine.Permissions = &m->permissions;
     m->permissions.Forgotten.ConnectForLife(
         [this](const SiteDecision& forgotten) { m->engine.ForgetDecision(forgotten); });
@@ -50,17 +50,15 @@ void QtProgram::WirePages() {
     m->engine.FullScreen().SetWindowFull.ConnectForLife([this](bool on) { m->window.SetFullScreen(on); });
     m->engine.MenuPlace.ConnectForLife([this](std::optional<QPoint> at) { m->commandBar.Menus().PlaceNext(at); });
     m->engine.ShowInspector.ConnectForLife([this](QtPage& page) { m->devTools.Show(page); });
-    m->downloads.List = &m->main.Downloads;
+    m->downloads.List = &m->main.Downloads();
     m->downloads.Documents = &m->engine.Output().Documents();
     m->downloads.Profile = [this] { return m->engine.Profile(); };
     m->downloads.MaySave = [this](QWebEnginePage* page, const QUrl& address) {
         auto* view = m->engine.ViewOf(page);
         return !view || view->Questions()->permissions.MaySave(address);
     };
-    m->engine.Output().Say.ConnectForLife([this](const QString& message) { m->main.Tabs.Say(FromQt(message)); });
-    m->downloadsPanel.FocusPage.ConnectForLife([this] {
-        if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
-    });
+    m->engine.Output().Say.ConnectForLife([this](const QString& message) { m->main.sbStatus.Say(FromQt(message)); });
+    m->downloadsPanel.FocusPage.ConnectForLife([this] { m->main.FocusPage(); });
     m->notifications.Clicked.ConnectForLife([this] { m->window.ComeBack(); });
     m->notifications.ShowInside = [this](QtNoticeBar::Notice notice) { return m->notices.Add(std::move(notice)); };
     m->notifications.TakeBack = [this](int number) { m->notices.Remove(number); };
@@ -89,9 +87,7 @@ void QtProgram::WireEngine() {
     m->findBar.Changed.ConnectForLife([this] { m->engine.Relayout(); });
     m->engine.FrontChanged.ConnectForLife([this] { m->findBar.OnPageChanged(); });
     m->findBar.Typed.ConnectForLife([this] { m->main.actBar.NoteTyped(); });
-    m->findBar.FocusPage.ConnectForLife([this] {
-        if (auto* view = m->main.Tabs.CurrentView()) view->Control->SetFocus();
-    });
+    m->findBar.FocusPage.ConnectForLife([this] { m->main.FocusPage(); });
     WireStrip();
     m->engine.IconChanged.ConnectForLife([this](std::int32_t index) { m->strip.RefreshIcons(index); });
 }

@@ -88,9 +88,9 @@ QtProgramParts::QtProgramParts(int& argc, char** argv)
       findBar(window.PageArea()),
       notices(window.PageArea()),
       captures(window.PageArea()) {
-    offer.Reopen.ConnectForLife([this](const Text& id) { main.Sessions.Reopen(id); });
-    offer.Dismiss.ConnectForLife([this](const Text& id) { main.Sessions.Settle(id); });
-    offer.ShowAll.ConnectForLife([this] { main.Commands.window->ShowSessions(); });
+    offer.Reopen.ConnectForLife([this](const Text& id) { main.Sessions().Reopen(id); });
+    offer.Dismiss.ConnectForLife([this](const Text& id) { main.Sessions().Settle(id); });
+    offer.ShowAll.ConnectForLife([this] { main.ShowSessions(); });
 }
 
 void QtProgramParts::Clear(const BrowsingData& data, Forgotten done) {

@@ -140,8 +140,8 @@ struct QtProgramParts : EngineOptions, Report::Source, WindowTools, UserInput {
     QtFindBar findBar;
     QtNoticeBar notices;
     QtCaptureBar captures;
-    QtDownloadsPanel downloadsPanel{main.DownloadPanel, window};
-    QtTaskView taskView{main.TaskView, window};
+    QtDownloadsPanel downloadsPanel{main.DownloadPanel(), window};
+    QtTaskView taskView{main.TaskView(), window};
     QtPageBars bars;
     QTimer journal, retry, sleep, relief, giveBack, homePages;
     Connections connections;

@@ -4,7 +4,7 @@
 #include "qt/program/QtProgramParts.h"
 
 void QtProgram::WireStrip() {
-    auto& input = m->main.StripInput;
+    auto& input = m->main.StripInput();
     m->strip.PageIcon = [this](const Tab& tab) { return m->engine.Icon(tab.Tag); };
     m->strip.CloseRequested.ConnectForLife([this](Tab& tab) { m->main.CloseBrowserTab(tab.Tag); });
     m->strip.ListRequested.ConnectForLife([this](QPoint corner) { ListTabs(corner); });
@@ -13,9 +13,9 @@ void QtProgram::WireStrip() {
     });
     m->strip.NewMenuRequested.ConnectForLife([this] { m->main.actBar.Popup(u"bndNewTab"_band); });
     m->strip.MuteRequested.ConnectForLife([this](const Tab& tab) {
-        if (auto* view = m->main.Browser.Find(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
+        if (auto* view = m->main.Tabs().OpenView(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
     });
-    m->strip.ToolTipText = [this](const Tab& tab) { return m->main.Tabs.Describe(tab); };
+    m->strip.ToolTipText = [this](const Tab& tab) { return m->main.Tabs().Describe(tab); };
     m->strip.BlankRequested.ConnectForLife([this] {
         if (auto* tool = m->main.actBar.Find(u"mnuNewBlank"_tool)) m->main.actBar.UserClick(*tool);
     });
@@ -35,8 +35,8 @@ std::vector<QtTabListEntry> QtProgram::TabLines() const {
     auto& strip = m->main.pcPage;
     for (std::size_t position = 1; position <= strip.Count(); ++position) {
         const Tab& tab = *strip.FindAt(position);
-        const QString tip = ToQt(m->main.Tabs.Describe(tab));
-        tabs.push_back({tab.Key(), tip.section(QLatin1Char('\n'), 0, 0), ToQt(m->main.Tabs.AddressOf(tab)), tip,
+        const QString tip = ToQt(m->main.Tabs().Describe(tab));
+        tabs.push_back({tab.Key(), tip.section(QLatin1Char('\n'), 0, 0), ToQt(m->main.Tabs().AddressOf(tab)), tip,
                         m->engine.Icon(tab.Tag), &tab == strip.SelectedItem()});
     }
     return tabs;

@@ -1,4 +1,7 @@
+#include "address/AddressBoxes.h"
+
 #include "tests/Desk.h"
+#include "tests/fakes/BareTabs.h"
 
 namespace {
 
@@ -15,12 +18,12 @@ protected:
     }
 
     void Enter(TextView text, KeyStroke key = kEnter) {
-        m_desk.main.AddressCombo()->Value = Text(text);
+        m_desk.Combo(u"cboAddress").Value = Text(text);
         EXPECT_EQ(m_desk.Press(kAddress, key), KeyUsed::Yes);
     }
 
     void Search(TextView words) {
-        m_desk.main.actBar.FindCombo(kSearch)->Value = Text(words);
+        m_desk.Combo(kSearch).Value = Text(words);
         EXPECT_EQ(m_desk.Press(kSearch, kEnter), KeyUsed::Yes);
     }
 };
@@ -41,8 +44,8 @@ TEST_F(AddressBoxesTest, EnteringAKnownAddressMovesItToTheTop) {
 
 TEST_F(AddressBoxesTest, TheTwentySixthAddressPushesTheOldestOut) {
     for (int i = 1; i <= 26; ++i) Enter(Decimal(i));
-    EXPECT_EQ(m_desk.main.AddressCombo()->ListCount(), 25U);
-    EXPECT_EQ(m_desk.main.AddressCombo()->List().back(), u"2");
+    EXPECT_EQ(m_desk.Combo(u"cboAddress").ListCount(), 25U);
+    EXPECT_EQ(m_desk.Combo(u"cboAddress").List().back(), u"2");
 }
 
 TEST_F(AddressBoxesTest, CtrlEnterMakesAnAddressOfAWord) {
@@ -74,17 +77,33 @@ TEST_F(AddressBoxesTest, OtherModifiersAreNoCtrl) {
     EXPECT_EQ(m_desk.views.Calls(1), "go word");
 }
 
-TEST_F(AddressBoxesTest, OneEnterAddsOneEntry) {
-    m_desk.main.Boxes.AddAddressEntry(u"early");
-    EXPECT_EQ(m_desk.List(kAddress), "") << "Enter was not pressed yet";
-    Enter(u"a");
-    m_desk.main.Boxes.AddAddressEntry(u"late");
-    EXPECT_EQ(m_desk.List(kAddress), "[a]");
+/// Both boxes on a bar of their own, and entries that come from elsewhere.
+struct BoxesAlone : testing::Test {
+    static std::string List(const ComboTool& box) {
+        std::string all;
+        for (const Text& item : box.List()) all += "[" + ToUtf8(item) + "]";
+        return all;
+    }
+    BareTabs bare;
+    CommandBar& bar = bare.actBar;
+    ComboTool& address = *bar.Add(std::make_unique<ComboTool>(1, Text(kAddress)));
+    ComboTool& search = *bar.Add(std::make_unique<ComboTool>(2, Text(kSearch)));
+    AddressBoxes boxes{bare.tabs, bar};
+};
+
+TEST_F(BoxesAlone, OneEnterAddsOneEntry) {
+    boxes.AddAddressEntry(u"early");
+    EXPECT_EQ(List(address), "") << "Enter was not pressed yet";
+    address.Value = u"a";
+    EXPECT_EQ(bar.ComboKeyDown(address, kEnter), KeyUsed::Yes);
+    boxes.AddAddressEntry(u"late");
+    EXPECT_EQ(List(address), "[a]");
 }
 
 TEST_F(AddressBoxesTest, WithoutABoxAnEntryIsNeitherAddedNorLeftPending) {
     CommandBar bar;
-    AddressBoxes boxes(m_desk.main.Tabs, bar);
+    BareTabs bare;
+    AddressBoxes boxes(bare.tabs, bar);
     ComboTool elsewhere(1, Text(kAddress));
     bar.ComboKeyDown(elsewhere, {'C', Keys::kCtrl});
     boxes.AddAddressEntry(u"lost");
@@ -96,20 +115,26 @@ TEST_F(AddressBoxesTest, WithoutABoxAnEntryIsNeitherAddedNorLeftPending) {
     EXPECT_EQ(box->ListCount(), 1U);
 }
 
-TEST_F(AddressBoxesTest, CtrlWithAnyOtherKeyLeavesAnEntryPending_Deliberate) {
-    EXPECT_EQ(m_desk.Press(kAddress, {'C', Keys::kCtrl}), KeyUsed::No);
-    m_desk.main.Boxes.AddAddressEntry(u"pending");
-    EXPECT_EQ(m_desk.List(kAddress), "[pending]");
-    m_desk.Press(kAddress, {'C', Keys::kCtrl});
-    Enter(u"plain");
-    EXPECT_EQ(m_desk.List(kAddress), "[plain][pending]");
+TEST_F(BoxesAlone, CtrlWithAnyOtherKeyLeavesAnEntryPending_Deliberate) {
+    EXPECT_EQ(bar.ComboKeyDown(address, {'C', Keys::kCtrl}), KeyUsed::No);
+    boxes.AddAddressEntry(u"pending");
+    EXPECT_EQ(List(address), "[pending]");
+    bar.ComboKeyDown(address, {'C', Keys::kCtrl});
+    address.Value = u"plain";
+    bar.ComboKeyDown(address, kEnter);
+    EXPECT_EQ(List(address), "[plain][pending]");
+}
+
+TEST_F(BoxesAlone, AnotherKeyLeavesNoSearchPending) {
+    EXPECT_EQ(bar.ComboKeyDown(search, {'A', Keys::kCtrl}), KeyUsed::No);
+    boxes.AddSearchEntry(u"early");
+    EXPECT_EQ(List(search), "");
 }
 
 TEST_F(AddressBoxesTest, OtherKeysAreForTheBoxItself) {
     EXPECT_EQ(m_desk.Press(kAddress, {'A', 0}), KeyUsed::No);
     EXPECT_EQ(m_desk.Press(kSearch, {'A', Keys::kCtrl}), KeyUsed::No);
     EXPECT_EQ(m_desk.Press(kSearch, kEscape), KeyUsed::No);
-    m_desk.main.Boxes.AddSearchEntry(u"early");
     EXPECT_EQ(m_desk.List(kSearch), "");
     EXPECT_EQ(m_desk.views.Calls(1), "");
 }
@@ -125,7 +150,7 @@ TEST_F(AddressBoxesTest, ASearchOpensATabInFrontWithTheWordsAsTheyAre) {
 }
 
 TEST_F(AddressBoxesTest, CtrlEnterSearchesForTheWordsAsTheyAre) {
-    m_desk.main.actBar.FindCombo(kSearch)->Value = u"word";
+    m_desk.Combo(kSearch).Value = u"word";
     m_desk.Press(kSearch, kCtrlEnter);
     EXPECT_EQ(m_desk.List(kSearch), "[word]");
     EXPECT_EQ(m_desk.Strip(), "1 [2*]");
@@ -133,8 +158,8 @@ TEST_F(AddressBoxesTest, CtrlEnterSearchesForTheWordsAsTheyAre) {
 
 TEST_F(AddressBoxesTest, TheSearchHistoryHoldsTwentyFive) {
     for (int i = 1; i <= 26; ++i) Search(Decimal(i));
-    EXPECT_EQ(m_desk.main.actBar.FindCombo(kSearch)->ListCount(), 25U);
-    EXPECT_EQ(m_desk.main.actBar.FindCombo(kSearch)->List().front(), u"26");
+    EXPECT_EQ(m_desk.Combo(kSearch).ListCount(), 25U);
+    EXPECT_EQ(m_desk.Combo(kSearch).List().front(), u"26");
 }
 
 TEST_F(AddressBoxesTest, AChoiceFromTheListGoesThereAndAddsNothing) {
@@ -154,9 +179,9 @@ TEST_F(AddressBoxesTest, AChoiceFromTheListGoesThereAndAddsNothing) {
 }
 
 TEST_F(AddressBoxesTest, BothBoxesCompleteFromTheirOwnLists) {
-    m_desk.main.AddressCombo()->List = {u"news.example"};
-    m_desk.main.actBar.FindCombo(kSearch)->List = {u"newspapers"};
-    m_desk.main.AddressCombo()->Value = Text();
+    m_desk.Combo(u"cboAddress").List = {u"news.example"};
+    m_desk.Combo(kSearch).List = {u"newspapers"};
+    m_desk.Combo(u"cboAddress").Value = Text();
     m_desk.Type(kAddress, u"ne");
     EXPECT_EQ(m_desk.Box(kAddress), "ne[ws.example]");
     m_desk.Type(kSearch, u"news");
@@ -166,8 +191,8 @@ TEST_F(AddressBoxesTest, BothBoxesCompleteFromTheirOwnLists) {
 }
 
 TEST_F(AddressBoxesTest, BackspaceTakesTheCompletionAwayAndOffersNone) {
-    m_desk.main.AddressCombo()->List = {u"news.example"};
-    m_desk.main.AddressCombo()->Value = Text();
+    m_desk.Combo(u"cboAddress").List = {u"news.example"};
+    m_desk.Combo(u"cboAddress").Value = Text();
     m_desk.Type(kAddress, u"ne");
     m_desk.Backspace(kAddress);
     EXPECT_EQ(m_desk.Box(kAddress), "ne");
@@ -179,14 +204,14 @@ TEST_F(AddressBoxesTest, BackspaceTakesTheCompletionAwayAndOffersNone) {
 
 TEST_F(AddressBoxesTest, EscapeBringsThePagesAddressBackSelected) {
     m_desk.PageLoads(1, u"http://a/", u"A");
-    m_desk.main.AddressCombo()->Value = u"something else";
+    m_desk.Combo(u"cboAddress").Value = u"something else";
     EXPECT_EQ(m_desk.Press(kAddress, kEscape), KeyUsed::Yes);
     EXPECT_EQ(m_desk.Box(kAddress), "[http://a/]");
     EXPECT_EQ(m_desk.views.Calls(1), "");
 }
 
 TEST_F(AddressBoxesTest, WithoutACurrentPageEnterOnlyUpdatesTheHistory) {
-    m_desk.main.pcPage.Remove(m_desk.main.pcPage.FindAt(1));
+    m_desk.TakeTabAway(1);
     Enter(u"a");
     EXPECT_EQ(m_desk.List(kAddress), "[a]");
     m_desk.Press(kAddress, kEscape);
@@ -207,13 +232,13 @@ TEST_F(AddressBoxesTest, WhatWasClearedIsToldAndCanComeBack) {
     for (const TextView address : {u"a", u"b", u"c"}) Enter(address);
     m_desk.Click(u"mnuClearAddresses");
     EXPECT_EQ(m_desk.Said(), "3 addresses were cleared. [Undo]");
-    m_desk.main.sbStatus.Undo.Click();
+    m_desk.Undo();
     EXPECT_EQ(m_desk.List(kAddress), "[c][b][a]");
     EXPECT_EQ(m_desk.Said(), "The addresses are back in their list.");
     Search(u"words");
     m_desk.Click(u"mnuClearSearches");
     EXPECT_EQ(m_desk.Said(), "1 search was cleared. [Undo]");
-    m_desk.main.sbStatus.Undo.Click();
+    m_desk.Undo();
     EXPECT_EQ(m_desk.List(kSearch), "[words]");
 }
 
@@ -227,8 +252,8 @@ TEST_F(AddressBoxesTest, WhatComesBackStandsBelowWhatWasEnteredSinceEachOnce) {
     m_desk.Click(u"mnuClearAddresses");
     Enter(u"new");
     Enter(u"a25");
-    m_desk.main.sbStatus.Undo.Click();
-    const auto& list = m_desk.main.AddressCombo()->List();
+    m_desk.Undo();
+    const auto& list = m_desk.Combo(u"cboAddress").List();
     ASSERT_EQ(list.size(), 25U) << "as many as the list may hold";
     EXPECT_EQ(ToUtf8(list[0] + u" " + list[1] + u" " + list[2] + u" " + list[24]), "a25 new a24 a2");
 }
@@ -236,24 +261,24 @@ TEST_F(AddressBoxesTest, WhatComesBackStandsBelowWhatWasEnteredSinceEachOnce) {
 TEST_F(AddressBoxesTest, TheNextThingThatIsSaidEndsTheOffer) {
     Enter(u"a");
     m_desk.Click(u"mnuClearAddresses");
-    m_desk.main.Tabs.Say(u"Something else.");
-    EXPECT_EQ(m_desk.Said(), "Something else.");
-    EXPECT_FALSE(m_desk.main.sbStatus.Undo.Click.HasListeners()) << "what was cleared is kept no longer";
+    m_desk.Click(u"xtrCopyReport");
+    EXPECT_EQ(m_desk.Said(), "The report has been copied.");
+    EXPECT_FALSE(m_desk.CanUndo()) << "what was cleared is kept no longer";
 }
 
 TEST_F(AddressBoxesTest, KeysGiveTheBoxesTheKeyboard) {
     std::string focused;
-    const Connection view = m_desk.main.actBar.FocusWanted.Connect(
+    const Connection view = m_desk.Bar().FocusWanted.Connect(
         [&](Band& band, Tool& tool) { focused += ToUtf8(band.Name() + u"." + tool.Name()) + " "; });
     for (const KeyStroke key : {KeyStroke{'D', Keys::kAlt}, {'R', Keys::kAlt}, {'L', Keys::kCtrl}, {'K', Keys::kCtrl}})
-        m_desk.main.Form_KeyDown(key);
+        m_desk.Press(key);
     EXPECT_EQ(focused, "bndAddress.cboAddress bndSearch.cboSearch bndAddress.cboAddress bndSearch.cboSearch ");
 }
 
 TEST_F(AddressBoxesTest, ThePointerOverABoxShowsItsHelp) {
-    m_desk.main.actBar.MouseOver(m_desk.main.AddressCombo());
+    m_desk.Bar().MouseOver(&m_desk.Combo(kAddress));
     EXPECT_EQ(m_desk.Status(), "The address of the page");
-    m_desk.main.actBar.MouseOver(nullptr);
+    m_desk.Bar().MouseOver(nullptr);
     EXPECT_EQ(m_desk.Status(), "");
 }
 

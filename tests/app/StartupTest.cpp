@@ -8,7 +8,8 @@
 namespace {
 
 Startup::Result Begin(Desk& desk, TextView commandLine) {
-    return Startup::Main({desk.application, desk.settings, desk.channel, desk.splash, desk.main}, commandLine);
+    return Startup::Main({desk.application, desk.settings, desk.channel, desk.splash, desk.window, desk.main},
+                         commandLine);
 }
 
 TEST(Startup, AFirstStartShowsTheSplashThenTheWindow) {
@@ -145,24 +146,23 @@ TEST(Startup, AHandOffDuringTheStartIsIgnored) {
 TEST(Startup, TheHookGoesWithTheWindow) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
-    desk.main.Form_Unload();
+    desk.Unload();
     desk.channel.Arrives(u"http://late/");
     EXPECT_EQ(desk.Strip(), "[1*]");
 }
 
 /// The picture that the entry of a folder has in the Favorites menu.
 Picture FolderPictureOf(Desk& desk) {
-    auto& band = *desk.main.actBar.FindBand(u"bndFavorites");
-    desk.main.Commands.favoritesMenuStale = true;
-    desk.main.actBar.OpenBand(band);
+    auto& band = desk.Band(u"bndFavorites");
+    desk.ChangeFolderOf(u"bndFavorites");
+    desk.Bar().OpenBand(band);
     return band.Entries().back().Item->Image;
 }
 
 TEST(Startup, AtTheEndTheViewsGoThenThePicturesThenTheHook) {
     const TemporaryFolder favorites;
     std::filesystem::create_directories(favorites.Path("news"));
-    Desk desk;
-    desk.main.Commands.favoritesFolder = favorites.PathText("");
+    Desk desk({.favoritesFolder = favorites.PathText("")});
     const auto what = [&desk] {
         const std::string picture = FolderPictureOf(desk) == Picture() ? "" : " pictures";
         return picture + (desk.channel.Message.HasListeners() ? " hook" : "");
@@ -170,10 +170,10 @@ TEST(Startup, AtTheEndTheViewsGoThenThePicturesThenTheHook) {
     // Before the hook listens, so that it is told first.
     desk.main.Unloaded.ConnectForLife([&] { desk.log.Add("unloaded" + what()); });
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
-    desk.main.GetNewBrowser(InFront::Yes);
+    desk.NewTab(InFront::Yes);
     desk.log.Take();
     desk.views.ended = [&](int) { desk.log.Add("view" + what()); };
-    desk.main.Form_Unload();
+    desk.Unload();
     desk.views.ended = {};
     EXPECT_EQ(desk.log.Take(), "view pictures hook, view pictures hook, unloaded hook");
     EXPECT_FALSE(desk.channel.Message.HasListeners());
@@ -227,7 +227,7 @@ TEST(Hook, OpensNothingWhenNoTabCanBeMade) {
 TEST(Hook, TellsTheUserOnceWhenTheIndexesHaveRunOut) {
     Desk desk;
     EXPECT_EQ(Begin(desk, u""), Startup::Result::Runs);
-    desk.main.Tabs.NextBrowserIndex = 32768;
+    desk.UseIndexesUpTo(ViewArray::kLastIndex);
     desk.channel.Arrives(u"http://new/");
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.Status(), "No more tabs can be opened until TessaView is started again.");

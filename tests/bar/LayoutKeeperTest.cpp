@@ -8,8 +8,8 @@ namespace {
 template<typename Arrange>
 std::string Arranged(Arrange arrange) {
     Desk desk;
-    arrange(desk.main.actBar);
-    return CommandBarLayout::Save(desk.main.actBar);
+    arrange(desk.Bar());
+    return CommandBarLayout::Save(desk.Bar());
 }
 
 std::string Tools(const CommandBar& bar, TextView band) {
@@ -21,9 +21,9 @@ std::string Tools(const CommandBar& bar, TextView band) {
 
 TEST(LayoutKeeper, WithoutAFileTheBarIsAsDesigned) {
     Desk desk;
-    const std::string designed = Tools(desk.main.actBar, u"bndFile");
+    const std::string designed = Tools(desk.Bar(), u"bndFile");
     desk.Start();
-    EXPECT_EQ(Tools(desk.main.actBar, u"bndFile"), designed);
+    EXPECT_EQ(Tools(desk.Bar(), u"bndFile"), designed);
     EXPECT_EQ(desk.layout.writes, 0) << "nothing is written before the end";
 }
 
@@ -34,8 +34,8 @@ TEST(LayoutKeeper, TheLayoutIsTheFirstThingThatALoadingWindowRestores) {
     desk.layout.bytes = Arranged([](CommandBar& bar) { bar.FindBand(u"bndFile")->RemoveAt(0); });
     std::string whenAsked;
     int laidOut = 0;
-    const Connection view = desk.main.actBar.LayoutWanted.Connect([&] { ++laidOut; });
-    desk.inDefBrowser = [&](frmDefBrowser&) { whenAsked = Tools(desk.main.actBar, u"bndFile"); };
+    const Connection view = desk.Bar().LayoutWanted.Connect([&] { ++laidOut; });
+    desk.inDefBrowser = [&](frmDefBrowser&) { whenAsked = Tools(desk.Bar(), u"bndFile"); };
     desk.Start();
     EXPECT_EQ(whenAsked, "mnuOpen mnuClose mnuCloseAll");
     EXPECT_GE(laidOut, 1);
@@ -47,7 +47,7 @@ TEST(LayoutKeeper, TheStatesOfToolsAreSetOnTheLoadedBar) {
     desk.layout.bytes =
         Arranged([](CommandBar& bar) { bar.FindBand(u"bndGo")->Append(bar.Share(u"mnuViewStatusbar")); });
     desk.Start();
-    EXPECT_FALSE(desk.main.actBar.FindBand(u"bndGo")->Find(u"mnuViewStatusbar")->Checked());
+    EXPECT_FALSE(desk.Band(u"bndGo").Find(u"mnuViewStatusbar")->Checked());
     EXPECT_EQ(desk.Enabled(), "");
 }
 
@@ -56,23 +56,23 @@ TEST(LayoutKeeper, WhatTheUserArrangesIsThereAtTheNextStart) {
     {
         Desk desk;
         desk.Start();
-        desk.main.actBar.FindBand(u"bndGo")->Visible = false;
-        desk.main.actBar.FindCombo(u"cboSearch")->Width = Pixels{99};
-        desk.main.Form_Unload();
+        desk.Band(u"bndGo").Visible = false;
+        desk.Combo(u"cboSearch").Width = Pixels{99};
+        desk.Unload();
         kept = desk.layout.bytes;
         EXPECT_EQ(desk.layout.writes, 1);
     }
     Desk desk;
     desk.layout.bytes = kept;
     desk.Start();
-    EXPECT_FALSE(desk.main.actBar.FindBand(u"bndGo")->Visible());
-    EXPECT_EQ(desk.main.actBar.FindCombo(u"cboSearch")->Width(), Pixels{99});
+    EXPECT_FALSE(desk.Band(u"bndGo").Visible());
+    EXPECT_EQ(desk.Combo(u"cboSearch").Width(), Pixels{99});
 }
 
 TEST(LayoutKeeper, TheLayoutIsSavedAfterTheSettingsAndBeforeTheViewsEnd) {
     Desk desk;
     desk.Start();
-    auto& bar = desk.main.actBar;
+    auto& bar = desk.Bar();
     bar.AddBand(u"zzz/favorites/news", u"", BandKind::Menu, MadeFrom::FavoriteFolder{u"/favorites/news"})
         ->Add(MadeFrom::FavoriteLink{u"http://one/"}, 50000, u"http://one/");
     std::string seen;
@@ -80,7 +80,7 @@ TEST(LayoutKeeper, TheLayoutIsSavedAfterTheSettingsAndBeforeTheViewsEnd) {
         seen += bar.FindBand(u"zzz/favorites/news") ? "there " : "gone ";
         seen += ToUtf8(desk.settings.Stored(u"ShowStatusBar")) + " " + std::to_string(desk.views.living.size());
     };
-    desk.main.Form_Unload();
+    desk.Unload();
     EXPECT_EQ(seen, "gone true 1") << "run-time bands are gone, the settings are written, the view lives";
     EXPECT_EQ(desk.layout.bytes.find("zzz"), std::string::npos);
     EXPECT_EQ(desk.layout.bytes, CommandBarLayout::Save(bar));
@@ -92,7 +92,7 @@ TEST(LayoutKeeper, ALayoutThatCannotBeSavedIsSaidAndCostsNothing) {
     desk.layout.refuses = true;
     desk.Start();
     desk.ExpectSkipped(1);
-    desk.main.Form_Unload();
+    desk.Unload();
     EXPECT_EQ(desk.Status(), "The layout of the toolbars could not be saved.");
     EXPECT_EQ(desk.layout.bytes, "[Options]\r\nToolTips=0\r\n");
     EXPECT_TRUE(desk.views.living.empty()) << "the window still ends";
@@ -102,20 +102,20 @@ TEST(LayoutKeeper, WhatCouldNotBeSavedIsTriedAgainUntilItIsAndSaidOnce) {
     Desk desk;
     int asked = 0, said = 0;
     desk.main.RetryLater.ConnectForLife([&] { ++asked; });
-    desk.main.Layout.Say.ConnectForLife([&](TextView) { ++said; });
+    desk.main.sbStatus.Complaint.ConnectForLife([&](TextView) { ++said; });
     desk.Start();
-    desk.main.RetryWrites();
+    desk.RetryWrites();
     EXPECT_EQ(desk.layout.writes, 0) << "there is nothing to try";
     desk.layout.refuses = true;
     desk.ExpectSkipped(2);
-    desk.main.Layout.Save();
-    desk.main.RetryWrites();
+    desk.CloseCustomize();
+    desk.RetryWrites();
     EXPECT_EQ(asked, 2);
     EXPECT_EQ(said, 1);
     desk.layout.refuses = false;
-    desk.main.RetryWrites();
-    EXPECT_EQ(desk.layout.bytes, CommandBarLayout::Save(desk.main.actBar));
-    desk.main.RetryWrites();
+    desk.RetryWrites();
+    EXPECT_EQ(desk.layout.bytes, CommandBarLayout::Save(desk.Bar()));
+    desk.RetryWrites();
     EXPECT_EQ(asked, 2);
     EXPECT_EQ(desk.layout.writes, 3);
 }
@@ -124,9 +124,9 @@ TEST(LayoutKeeper, AFileThatCouldNotBeReadIsNotReplacedByTheDesign) {
     Desk desk;
     desk.layout.bytes = "what another program holds locked";
     desk.layout.unreadable = true;
-    desk.main.Form_Load(u"");
+    desk.Load(u"");
     EXPECT_EQ(desk.Status(), "The layout of the toolbars could not be read.");
-    desk.main.Form_Unload();
+    desk.Unload();
     EXPECT_EQ(desk.layout.writes, 0);
 }
 
@@ -134,14 +134,14 @@ TEST(LayoutKeeper, AFileThatCouldNotBeReadIsReplacedByWhatTheUserArrangedSince) 
     Desk desk;
     desk.layout.unreadable = true;
     desk.Start();
-    desk.main.actBar.FindBand(u"bndGo")->Visible = false;
-    desk.main.Form_Unload();
-    EXPECT_EQ(desk.layout.bytes, CommandBarLayout::Save(desk.main.actBar));
+    desk.Band(u"bndGo").Visible = false;
+    desk.Unload();
+    EXPECT_EQ(desk.layout.bytes, CommandBarLayout::Save(desk.Bar()));
 }
 
 TEST(LayoutKeeper, AWindowThatWasNeverLoadedSavesNothing) {
     Desk desk;
-    desk.main.Form_Unload();
+    desk.Unload();
     EXPECT_EQ(desk.layout.writes, 0);
 }
 

@@ -34,8 +34,8 @@ double MicrosecondsSince(Clock::time_point start) {
 class Shell : FakeSurroundings {
 public:
     Shell() {
-        main.Sleep.Now = [] { return std::chrono::duration_cast<TabSleep::Time>(Clock::now().time_since_epoch()); };
-        main.Sessions.Schedule.ConnectForLife([] {});
+        main.Sleep().Now = [] { return std::chrono::duration_cast<TabSleep::Time>(Clock::now().time_since_epoch()); };
+        main.Sessions().Schedule.ConnectForLife([] {});
         strip.resize(1000, 24);
         main.Form_Load(u"about:blank");
     }
@@ -47,16 +47,16 @@ public:
             auto* view = main.GetNewBrowser(InFront::Yes);
             ResumeNext(view->Navigate(u"https://www.news.example/section/today/article-" + Decimal(++m_last) +
                                       u"?from=front&page=2"));
-            main.Tabs.SetTabTitle(main.Tabs.CurrentIndex(), u"An article of some length about number " + Decimal(i));
+            main.pcPage.SetCaption(main.pcPage.SelectedItem(), u"An article of some length about number " + Decimal(i));
         }
         QApplication::processEvents();
     }
     /// Another tab each time goes to another address.
     double ChangeAndWrite() {
         auto* tab = main.pcPage.FindAt(2 + static_cast<std::size_t>(m_changes * 7) % (main.pcPage.Count() - 1));
-        ResumeNext(main.Browser.Find(tab->Tag)->Control->Navigate(u"https://a.example/" + Decimal(++m_changes)));
+        ResumeNext(main.Tabs().OpenView(tab->Tag)->Control->Navigate(u"https://a.example/" + Decimal(++m_changes)));
         const auto start = Clock::now();
-        main.Sessions.Write();
+        main.Sessions().Write();
         return MicrosecondsSince(start);
     }
 

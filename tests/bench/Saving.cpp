@@ -33,7 +33,7 @@ public:
         FakeView& view = views.At(index);
         view.location = u"https://www.news.example/section/today/article-" + Decimal(index) + u"?from=front&page=2";
         view.name = title;
-        main.Tabs.SetTabTitle(index, title);
+        view.events.TitleChange(static_cast<std::int16_t>(index), title);
     }
 
     TemporaryFolder folder;
@@ -63,7 +63,7 @@ void SaveAfterAChange(benchmark::State& state) {
     for (auto each : state) {
         ++changes;
         reader.Show(1 + changes % kTabs, u"News at " + Decimal(changes));
-        reader.main.Sessions.Write();
+        reader.main.Sessions().Write();
     }
 }
 BENCHMARK(SaveAfterAChange)->Unit(benchmark::kMillisecond)->Iterations(100);

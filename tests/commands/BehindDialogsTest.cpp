@@ -1,9 +1,9 @@
 // What a command is about is fixed when it begins, whatever happens behind its dialog: a later start of the program
 // brings its own tab to the front, or a page closes its tab.
+#include "favorites/Favorites.h"
 #include "groups/TessaGroups.h"
 #include "settings/frmInternetOptions.h"
 #include "tests/Desk.h"
-#include "tests/fakes/FakeFavorites.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 namespace {
@@ -22,7 +22,7 @@ protected:
     }
     /// A later start of the program, with an address of its own.
     void LaterStart() {
-        auto* view = desk.main.GetNewBrowser(InFront::Yes);
+        auto* view = desk.NewTab(InFront::Yes);
         ASSERT_NE(view, nullptr);
         ResumeNext(view->Navigate(u"http://later/"));
     }
@@ -42,14 +42,14 @@ protected:
         desk.files.chosen = u"/files/a";
         desk.files.whileOpen = happens;
     }
-    void Run(TextView tool) { desk.main.actBar_Click(Tool(1, Text(tool))); }
+    void Run(TextView tool) { desk.ClickMade(Tool(1, Text(tool))); }
     void AskForPageMenu(const PageContext& page) { desk.views.At(1).events.ContextMenu(1, page); }
 
     const std::function<void()> laterStart = [this] { LaterStart(); };
-    const std::function<void()> closesTab1 = [this] { desk.main.CloseBrowserTab(1); };
-    const std::function<void()> closesTab2 = [this] { desk.main.CloseBrowserTab(2); };
-    Desk desk;
-    TemporaryFolder folder;
+    const std::function<void()> closesTab1 = [this] { desk.Close(1); };
+    const std::function<void()> closesTab2 = [this] { desk.Close(2); };
+    TemporaryFolder folder, favorites;
+    Desk desk{{.favoritesFolder = Favorites::FolderOf(favorites.PathText("x"))}};
 };
 
 TEST_F(BehindDialogsTest, AFileIsOpenedWhereItWasAskedFor) {
@@ -93,12 +93,12 @@ TEST_F(BehindDialogsTest, APageThatHasGoneIsAddedToNoGroupAndThatIsSaid) {
         other.StartWithTabs(2);
         other.ClickTab(static_cast<std::size_t>(tab));
         other.files.chosen = folder.PathText("a.tvg");
-        other.files.whileOpen = [&] { other.main.CloseBrowserTab(tab); };
-        other.main.Commands.groupsMenuStale = false;
-        other.main.actBar_Click(Tool(1, u"mnuAddToTessaGroup"));
+        other.files.whileOpen = [&] { other.Close(tab); };
+        other.OpenMenu(u"bndTessaGroupsMenu");
+        other.ClickMade(Tool(1, u"mnuAddToTessaGroup"));
         EXPECT_EQ(Added(), "") << tab;
         EXPECT_EQ(other.Said(), "The page is no longer open. Nothing was added.");
-        EXPECT_TRUE(other.main.Commands.groupsMenuStale);
+        EXPECT_TRUE(other.Renews(u"bndTessaGroupsMenu"));
     }
 }
 
@@ -117,7 +117,7 @@ TEST_F(BehindDialogsTest, AQuestionAboutAPrivatePageIsAboutThatPage) {
 
 TEST_F(BehindDialogsTest, ThePopupsTabIsAddedAlthoughAnotherStandsInItsPlaceByThen) {
     Start(3);
-    desk.main.StripInput.PopupTabPosition = 2;
+    desk.OpenTabMenu(2);
     BehindGroups(laterStart);
     Run(u"xtrTabAddToTessaGroup");
     EXPECT_EQ(desk.Strip(), "1 [4*] 2 3");
@@ -125,15 +125,13 @@ TEST_F(BehindDialogsTest, ThePopupsTabIsAddedAlthoughAnotherStandsInItsPlaceByTh
 }
 
 TEST_F(BehindDialogsTest, TheFavoriteIsThePageThatWasAskedFor) {
-    const TemporaryFolder folder;
     Start(1);
-    desk.main.Commands.favoritesFolder = Favorites::FolderOf(folder.PathText("x"));
     desk.inAddFavorite = [this](frmAddFavorite& form) {
         LaterStart();
         form.cmdOK.Click();
     };
     Run(u"mnuAddToFavorites");
-    const auto items = Favorites::Items(desk.main.Commands.favoritesFolder);
+    const auto items = Favorites::Items(desk.favoritesFolder);
     ASSERT_EQ(items.size(), 1U);
     EXPECT_EQ(items[0].Title, u"Page 1");
     EXPECT_EQ(items[0].Address, u"http://1/");
@@ -143,7 +141,7 @@ TEST_F(BehindDialogsTest, AFavoriteThatIsAskedAboutOpensWhereItWasClicked) {
     Start(1);
     desk.messages.answer = Answer::Yes;
     desk.messages.whileOpen = laterStart;
-    desk.main.actBar_Click(Tool(MadeFrom::FavoriteLink{u"file:///a"}, 50000, u"file:///a"));
+    desk.ClickMade(Tool(MadeFrom::FavoriteLink{u"file:///a"}, 50000, u"file:///a"));
     EXPECT_EQ(desk.messages.asked.size(), 1U);
     EXPECT_EQ(desk.views.Calls(1), "go file:///a");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://later/");
@@ -153,16 +151,14 @@ TEST_F(BehindDialogsTest, AFavoriteThatIsAskedAboutOpensNowhereWhenTheTabHasGone
     Start(2);
     desk.messages.answer = Answer::Yes;
     desk.messages.whileOpen = closesTab1;
-    desk.main.actBar_Click(Tool(MadeFrom::FavoriteLink{u"file:///a"}, 50000, u"file:///a"));
+    desk.ClickMade(Tool(MadeFrom::FavoriteLink{u"file:///a"}, 50000, u"file:///a"));
     EXPECT_EQ(desk.views.Calls(1), "stop");
     EXPECT_EQ(desk.views.Calls(2), "");
 }
 
 TEST_F(BehindDialogsTest, AFavoriteCalledLikeACommandThatOpensATabOpensWhereItWasClicked) {
     Start(1);
-    FakeFavorites favorites;
-    desk.main.Commands.favorites = &favorites;
-    desk.main.actBar_Click(Tool(MadeFrom::FavoriteLink{u"mnuNewBlank"}, 50000, u"mnuNewBlank"));
+    desk.ClickMade(Tool(MadeFrom::FavoriteLink{u"mnuNewBlank"}, 50000, u"mnuNewBlank"));
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     EXPECT_EQ(desk.views.Calls(1), "go mnuNewBlank");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go about:blank");
@@ -200,7 +196,7 @@ TEST_F(BehindDialogsTest, LinksOfAPageAreOpenedForThatPage) {
     desk.messages.answer = Answer::Yes;
     desk.messages.whileOpen = laterStart;
     Run(u"xtrOpenSelectedLinks");
-    ASSERT_EQ(desk.main.pcPage.Count(), 19U);
+    ASSERT_EQ(desk.CountTabs(), 19U);
     EXPECT_EQ(desk.views.At(19).location, u"http://2/next");
     EXPECT_EQ(desk.views.At(19).privacy, Privacy::Private) << "a private page's links stay private";
 }

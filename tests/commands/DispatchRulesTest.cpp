@@ -12,7 +12,7 @@ protected:
         for (int i = 1; i <= tabs; ++i) desk.views.Calls(i);
     }
     /// Clicks a tool that was made for the occasion.
-    void ClickMade(ToolSource source, TextView name) { desk.main.actBar_Click(Tool(std::move(source), 0, Text(name))); }
+    void ClickMade(ToolSource source, TextView name) { desk.ClickMade(Tool(std::move(source), 0, Text(name))); }
     Desk desk;
 };
 
@@ -43,7 +43,7 @@ TEST_F(DispatchRulesTest, NamesThatBeginLikeTheResizeCommandsResizeABoxWhateverT
     Start(1);
     std::string resized;
     desk.inResize = [&](frmResize& form) {
-        const auto& address = desk.main.actBar.FindCombo(u"cboAddress")->Width;
+        const auto& address = desk.Combo(u"cboAddress").Width;
         const Pixels before = address();
         form.cmdResize[4].Click();
         resized += address() == before ? "search;" : "address;";

@@ -1,5 +1,4 @@
 #include "tests/Desk.h"
-#include "tests/fakes/FakeFavorites.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include "address/Endpoints.h"
@@ -13,7 +12,7 @@ namespace {
 void ClickMade(Desk& desk, ToolSource source, TextView name, TextView description = u"") {
     Tool tool(std::move(source), 50000, Text(name));
     tool.Description = description;
-    desk.main.actBar_Click(tool);
+    desk.ClickMade(tool);
 }
 
 /// Clicks the link of a Favorite.
@@ -98,7 +97,7 @@ TEST_F(DispatcherTest, TheOnlyTabHasNoNext) {
 
 TEST_F(DispatcherTest, PageCommandsReachTheCurrentView) {
     Start(2);
-    desk.main.Tabs.UpdateStopRefresh();
+    desk.PageSaysWhetherItLoads();
     desk.ClickTab(2);
     for (const TextView tool : {u"mnuHome", u"mnuSearch", u"mnuSaveAs", u"mnuPageSetup", u"mnuPrint", u"mnuCut",
                                 u"mnuCopy", u"mnuPaste", u"mnuSelectAll", u"xtrPrintPreview"})
@@ -140,8 +139,8 @@ TEST_F(DispatcherTest, TheSourceComesInANewTabInFront) {
 
 TEST_F(DispatcherTest, ClearingEmptiesTheListOfOneBox) {
     Start(1);
-    auto* address = desk.main.actBar.FindCombo(u"cboAddress");
-    auto* search = desk.main.actBar.FindCombo(u"cboSearch");
+    auto* address = desk.Bar().FindCombo(u"cboAddress");
+    auto* search = desk.Bar().FindCombo(u"cboSearch");
     address->InsertFirst(u"http://a/");
     search->InsertFirst(u"words");
     desk.Click(u"mnuClearAddresses");
@@ -156,7 +155,7 @@ TEST_F(DispatcherTest, ALoadSwitchIsTurnedAndKept) {
     const std::vector<TextView> tools{u"mnuLoadImages", u"mnuLoadVideos", u"mnuLoadSounds", u"mnuLoadAnimations"};
     const auto shown = [&] {
         std::string all;
-        for (const TextView tool : tools) all += desk.main.actBar.Find(tool)->Checked() ? '1' : '0';
+        for (const TextView tool : tools) all += desk.Tool(tool).Checked() ? '1' : '0';
         return all;
     };
     const auto kept = [&] {
@@ -179,10 +178,10 @@ TEST_F(DispatcherTest, ALoadSwitchIsTurnedAndKept) {
 
 TEST_F(DispatcherTest, TheStatusBarIsToggled) {
     Start(1);
-    EXPECT_TRUE(desk.main.actBar.Find(u"mnuViewStatusbar")->Checked());
+    EXPECT_TRUE(desk.Tool(u"mnuViewStatusbar").Checked());
     desk.Click(u"mnuViewStatusbar");
-    EXPECT_FALSE(desk.main.sbStatus.Visible());
-    EXPECT_FALSE(desk.main.actBar.Find(u"mnuViewStatusbar")->Checked());
+    EXPECT_FALSE(desk.ShowsStatusBar());
+    EXPECT_FALSE(desk.Tool(u"mnuViewStatusbar").Checked());
 }
 
 TEST_F(DispatcherTest, AFavoriteReplacesThePageOrOpensATabWithShift) {
@@ -208,15 +207,15 @@ TEST_F(DispatcherTest, WhatAToolIsMadeFromCountsBehindANamedCommandToo) {
     Start(1);
     desk.Click(u"mnuRefresh");
     EXPECT_EQ(desk.views.Calls(1), "refresh") << "a designed tool is made from no address";
-    desk.main.actBar.FindCombo(u"cboAddress")->InsertFirst(u"http://a/");
+    desk.Combo(u"cboAddress").InsertFirst(u"http://a/");
     ClickLink(desk, u"mnuClearAddresses");
-    EXPECT_EQ(desk.main.actBar.FindCombo(u"cboAddress")->ListCount(), 0U);
+    EXPECT_EQ(desk.Combo(u"cboAddress").ListCount(), 0U);
     EXPECT_EQ(desk.views.Calls(1), "go mnuClearAddresses");
 }
 
 TEST_F(DispatcherTest, AFavoriteThatIsCalledLikeACommandOfOursIsOnlyALink) {
     Start(3);
-    desk.main.StripInput.PopupTabPosition = 1;
+    desk.OpenTabMenu(1);
     ClickLink(desk, u"xtrTabCloseOthers");
     EXPECT_EQ(desk.Strip(), "[1*] 2 3");
     EXPECT_EQ(desk.views.Calls(1), "go xtrTabCloseOthers");
@@ -233,15 +232,15 @@ TEST_F(DispatcherTest, NoFavoriteOfTheMenuRunsACommandWhateverItsAddressIs) {
     for (std::size_t i = 0; i < names.size(); ++i)
         folder.Write(std::to_string(i) + ".url", "[InternetShortcut]\r\nURL=" + names[i] + "\r\n");
     Start(3);
-    Band& band = *desk.main.actBar.AddBand(u"bndMade", u"Made", BandKind::Popup);
-    Favorites::Menu menu(desk.main.actBar);
+    Band& band = *desk.Bar().AddBand(u"bndMade", u"Made", BandKind::Popup);
+    Favorites::Menu menu(desk.Bar());
     auto first = BeginGroup::Yes;
     menu.ScanFolder(folder.PathText(""), band, first);
     ASSERT_EQ(band.Entries().size(), names.size());
     desk.log.Take();
     for (const BandEntry& entry : band.Entries()) {
         desk.views.Calls(1);
-        desk.main.actBar_Click(*entry.Item);
+        desk.ClickMade(*entry.Item);
         const std::string name = ToUtf8(entry.Item->Description);
         EXPECT_EQ(desk.views.Calls(1), "go  " + name);
         EXPECT_EQ(desk.Strip(), "[1*] 2 3") << name;
@@ -259,9 +258,7 @@ TEST_F(DispatcherTest, AFavoriteThatIsCalledLikeACommandOfTheProductRunsIt_Delib
 
 TEST_F(DispatcherTest, ALinkMayBeRefused) {
     Start(1);
-    FakeFavorites favorites;
-    favorites.refused = u"file:///secret";
-    desk.main.Commands.favorites = &favorites;
+    desk.messages.answer = Answer::No;
     ClickLink(desk, u"file:///secret");
     EXPECT_EQ(desk.views.Calls(1), "");
     ClickLink(desk, u"http://a/");
@@ -270,56 +267,70 @@ TEST_F(DispatcherTest, ALinkMayBeRefused) {
 
 TEST_F(DispatcherTest, ThePopupsCommandsActOnItsTabOnly) {
     Start(3);
-    desk.main.StripInput.PopupTabPosition = 2;
+    desk.OpenTabMenu(2);
     desk.Click(u"mnuTabRefresh");
+    desk.OpenTabMenu(2);
     desk.Click(u"mnuTabStop");
     EXPECT_EQ(desk.views.Calls(2), "refresh, stop");
     EXPECT_EQ(desk.views.Calls(1), "");
     desk.Click(u"mnuTabClose");
     EXPECT_EQ(desk.Strip(), "[1*] 3");
-    desk.main.StripInput.PopupTabPosition = 7;
+    desk.OpenTabMenu(7);
     desk.Click(u"mnuTabStop");
     desk.Click(u"mnuTabClose");
     EXPECT_EQ(desk.Strip(), "[1*] 3");
 }
 
 TEST_F(DispatcherTest, FavoritesThatCannotBeAddedAskTheRepairQuestion) {
-    Start(1);
-    FakeFavorites favorites;
-    desk.main.Commands.favorites = &favorites;
-    desk.views.At(1).location = u"http://a/";
-    desk.views.At(1).name = u"A";
-    desk.main.Commands.favoritesMenuStale = false;
-    ClickMade(desk, {}, u"mnuAddToFavorites");
-    EXPECT_EQ(favorites.done, "add http://a/ A;");
-    EXPECT_TRUE(desk.main.Commands.favoritesMenuStale);
-    favorites.works = false;
+    const TemporaryFolder folder;
+    folder.Write("file", "in their place");
+    Desk desk({.favoritesFolder = folder.PathText("file")});
+    desk.StartWithTabs(1);
+    int asked = 0;
+    desk.inAddFavorite = [&](frmAddFavorite&) { ++asked; };
     desk.messages.answer = Answer::No;
     ClickMade(desk, {}, u"mnuAddToFavorites");
-    EXPECT_EQ(favorites.done.find("repair"), std::string::npos);
+    EXPECT_EQ(desk.Said(), "");
     EXPECT_EQ(desk.messages.asked.back(),
               u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
               u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
               u"Would you like TessaView to make these changes?");
     desk.messages.answer = Answer::Cancel;
     ClickMade(desk, {}, u"mnuAddToFavorites");
-    EXPECT_EQ(favorites.done.find("repair"), std::string::npos);
+    EXPECT_EQ(desk.Said(), "");
     EXPECT_EQ(desk.messages.asked.size(), 2U);
+    EXPECT_EQ(asked, 0);
     desk.messages.answer = Answer::Yes;
     ClickMade(desk, {}, u"mnuAddToFavorites");
-    EXPECT_TRUE(favorites.done.ends_with(";repair;"));
+    EXPECT_TRUE(desk.Said().starts_with("The Favorites folder was made.")) << desk.Said();
+    ClickMade(desk, {}, u"mnuAddToFavorites");
+    EXPECT_EQ(asked, 1) << "now it works";
+}
+
+TEST_F(DispatcherTest, AddingAFavoriteMakesTheMenuStale) {
+    const TemporaryFolder folder;
+    Desk desk({.favoritesFolder = Favorites::FolderOf(folder.PathText("x"))});
+    desk.StartWithTabs(1);
+    desk.views.At(1).location = u"http://a/";
+    desk.views.At(1).name = u"A";
+    std::string added;
+    desk.inAddFavorite = [&](frmAddFavorite& form) { added = ToUtf8(form.txtName.Value()); };
+    desk.OpenMenu(u"bndFavorites");
+    ClickMade(desk, {}, u"mnuAddToFavorites");
+    EXPECT_EQ(added, "A");
+    EXPECT_TRUE(desk.Renews(u"bndFavorites"));
 }
 
 TEST_F(DispatcherTest, GroupCommandsAskForTheFileAndMakeTheMenuStale) {
     Start(1);
     const TemporaryFolder folder;
     desk.views.At(1).location = u"http://a/";
-    desk.main.Commands.groupsMenuStale = false;
+    desk.OpenMenu(u"bndTessaGroupsMenu");
     ClickMade(desk, {}, u"mnuAddToTessaGroup");
     EXPECT_EQ(desk.files.last.DialogTitle, u"Add to TessaGroup");
     EXPECT_EQ(desk.files.last.InitDir, u"/groups/");
     EXPECT_EQ(desk.files.last.Filter, u"TessaGroup File (*.tvg)|*.tvg");
-    EXPECT_FALSE(desk.main.Commands.groupsMenuStale) << "cancelled";
+    EXPECT_FALSE(desk.Renews(u"bndTessaGroupsMenu")) << "cancelled";
     desk.files.chosen = folder.PathText("a.tvg");
     ClickMade(desk, {}, u"mnuAddToTessaGroup");
     EXPECT_EQ(folder.Read("a.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n");
@@ -327,7 +338,7 @@ TEST_F(DispatcherTest, GroupCommandsAskForTheFileAndMakeTheMenuStale) {
     ClickMade(desk, {}, u"mnuSaveAsTessaGroup");
     EXPECT_EQ(desk.files.last.DialogTitle, u"Save as TessaGroup");
     EXPECT_EQ(folder.Read("b.tvg"), folder.Read("a.tvg"));
-    EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
+    EXPECT_TRUE(desk.Renews(u"bndTessaGroupsMenu"));
 }
 
 } // namespace

@@ -149,7 +149,7 @@ TEST_F(MailCommands, StartTheUsersPrograms) {
 }
 
 TEST_F(MailCommands, DoNothingWithoutAPage) {
-    m_desk.main.pcPage.Remove(m_desk.main.pcPage.FindAt(1));
+    m_desk.TakeTabAway(1);
     for (const TextView tool : {u"mnuNewMessage", u"mnuSendLink", u"mnuMailBugReport"}) EXPECT_EQ(Click(tool), "");
 }
 

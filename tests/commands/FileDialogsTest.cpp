@@ -23,7 +23,7 @@ TEST_P(FileDialogsTest, HasItsTitleFolderAndFilterAndSuggestsNoName) {
     Desk desk;
     desk.StartWithTabs(1);
     desk.files.last = {.DialogTitle = u"none", .InitDir = u"none", .Filter = u"none", .FileName = u"none"};
-    desk.main.actBar_Click(Tool(1, FromBytes(expected.tool)));
+    desk.ClickMade(Tool(1, FromBytes(expected.tool)));
     EXPECT_EQ(ToUtf8(desk.files.last.DialogTitle), expected.title);
     EXPECT_EQ(ToUtf8(desk.files.last.InitDir), expected.folder);
     EXPECT_EQ(ToUtf8(desk.files.last.Filter), expected.filter);

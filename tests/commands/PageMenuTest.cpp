@@ -11,8 +11,7 @@ namespace {
 class PageMenuTest : public testing::Test {
 protected:
     PageMenuTest() {
-        for (const TextView tool : {u"xtrLinkCopy", u"xtrMediaCopyAddress"})
-            desk.main.actBar.Find(tool)->Enabled = true;
+        for (const TextView tool : {u"xtrLinkCopy", u"xtrMediaCopyAddress"}) desk.Tool(tool).Enabled = true;
         desk.StartWithTabs(1);
         desk.views.At(1).location = u"https://a.example/";
         desk.views.Calls(1);
@@ -22,17 +21,17 @@ protected:
     std::string Ask(const PageContext& page) {
         desk.views.At(1).events.ContextMenu(1, page);
         std::string all;
-        for (const BandEntry& entry : desk.main.actBar.FindBand(PageMenu::kBand)->Entries()) {
+        for (const BandEntry& entry : desk.Band(PageMenu::kBand).Entries()) {
             if (!all.empty()) all += entry.Group == BeginGroup::Yes ? " | " : " ";
             all += ToUtf8(entry.Item->Name());
         }
         return all;
     }
-    [[nodiscard]] std::string Caption(TextView tool) const { return ToUtf8(desk.main.actBar.Find(tool)->Caption()); }
+    [[nodiscard]] std::string Caption(TextView tool) const { return ToUtf8(desk.Tool(tool).Caption()); }
     /// The access keys of our own entries that another one of them has as well.
     [[nodiscard]] std::string KeysTwice() const {
         std::string seen, twice;
-        for (const BandEntry& entry : desk.main.actBar.FindBand(PageMenu::kBand)->Entries()) {
+        for (const BandEntry& entry : desk.Band(PageMenu::kBand).Entries()) {
             const std::string caption = ToUtf8(entry.Item->Caption());
             const std::size_t mark = caption.find('&');
             if (mark == std::string::npos || !ToUtf8(entry.Item->Name()).starts_with("xtr")) continue;
@@ -65,7 +64,7 @@ TEST_F(PageMenuTest, OfALinkOpensItWhereTheSettingSays) {
     EXPECT_EQ(Ask(Link(u"https://b.example/")),
               "xtrLinkOpen xtrLinkOpenOther xtrLinkOpenPrivate | xtrLinkSave xtrLinkCopy xtrLinkAddToTessaGroup | "
               "xtrInspect");
-    desk.main.OpenNewInFront = false;
+    desk.Set(u"OpenNewInFront", u"false");
     desk.Click(u"xtrLinkOpen");
     EXPECT_EQ(desk.Strip(), "[1*] 2");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go https://b.example/");
@@ -82,7 +81,7 @@ TEST_F(PageMenuTest, NoTwoOfOurEntriesHaveOneAccessKey) {
             page.CanUndo = page.CanRedo = page.CanCut = page.CanCopy = page.CanPaste = true;
             page.Editable = state & 1;
             page.MediaPaused = state & 2;
-            desk.main.OpenNewInFront = state & 4;
+            desk.Set(u"OpenNewInFront", state & 4 ? u"true" : u"false");
             Ask(page);
             EXPECT_EQ(KeysTwice(), "") << static_cast<int>(media) << " " << state;
         }
@@ -90,13 +89,13 @@ TEST_F(PageMenuTest, NoTwoOfOurEntriesHaveOneAccessKey) {
 }
 
 TEST_F(PageMenuTest, OfALinkOpensItTheOtherWayToo) {
-    desk.main.OpenNewInFront = false;
+    desk.Set(u"OpenNewInFront", u"false");
     Ask(Link(u"https://b.example/"));
     EXPECT_EQ(Caption(u"xtrLinkOpenOther"), "Open Link in &Front");
     desk.Click(u"xtrLinkOpenOther");
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     desk.ClickTab(1);
-    desk.main.OpenNewInFront = true;
+    desk.Set(u"OpenNewInFront", u"true");
     Ask(Link(u"https://b.example/"));
     EXPECT_EQ(Caption(u"xtrLinkOpenOther"), "Open Link &Behind This Tab");
     desk.Click(u"xtrLinkOpenOther");
@@ -145,7 +144,7 @@ TEST_F(PageMenuTest, SavesAndOpensNothingOfAPageThatHasGoneMeanwhile) {
     desk.Click(u"mnuNewBlank");
     desk.ClickTab(1);
     Ask(Link(u"https://b.example/x"));
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     desk.views.Calls(1);
     desk.views.Calls(2);
     desk.files.chosen = u"/nowhere/x";
@@ -167,7 +166,7 @@ TEST_F(PageMenuTest, IsForItsPageAlthoughAnotherTabHasComeToTheFront) {
 TEST_F(PageMenuTest, OfABackgroundPageIsNotShown) {
     desk.Click(u"mnuNewBlank");
     desk.views.At(1).events.ContextMenu(1, {});
-    EXPECT_EQ(desk.main.actBar.FindBand(PageMenu::kBand), nullptr);
+    EXPECT_EQ(desk.Bar().FindBand(PageMenu::kBand), nullptr);
 }
 
 TEST_F(PageMenuTest, OfAnImageOpensSavesAndCopiesIt) {
@@ -193,8 +192,8 @@ TEST_F(PageMenuTest, OfAFilmPlaysItAndTellsHowItStands) {
     EXPECT_EQ(Ask(page), "xtrMediaPlay xtrMediaMute xtrMediaLoop xtrMediaControls | xtrMediaSave xtrMediaCopyAddress | "
                          "xtrInspect");
     EXPECT_EQ(Caption(u"xtrMediaPlay"), "Pla&y");
-    EXPECT_TRUE(desk.main.actBar.Find(u"xtrMediaLoop")->Checked());
-    EXPECT_FALSE(desk.main.actBar.Find(u"xtrMediaMute")->Checked());
+    EXPECT_TRUE(desk.Tool(u"xtrMediaLoop").Checked());
+    EXPECT_FALSE(desk.Tool(u"xtrMediaMute").Checked());
     for (const TextView tool : {u"xtrMediaPlay", u"xtrMediaMute", u"xtrMediaLoop", u"xtrMediaControls"})
         desk.Click(tool);
     EXPECT_EQ(desk.views.Calls(1), "action 4, action 5, action 6, action 7");
@@ -211,12 +210,12 @@ TEST_F(PageMenuTest, OfATextFieldListsWhatCanBeDone) {
     EXPECT_EQ(Ask(page), "xtrReplaceWord xtrReplaceWord | xtrUndo xtrRedo | mnuCut mnuCopy mnuPaste xtrPasteAsText "
                          "mnuSelectAll xtrSearchSelection | xtrInspect");
     for (const TextView tool : {u"xtrUndo", u"xtrRedo", u"xtrPasteAsText", u"xtrInspect"}) desk.Click(tool);
-    const Band& menu = *desk.main.actBar.FindBand(PageMenu::kBand);
+    const Band& menu = desk.Band(PageMenu::kBand);
     auto& suggestions = menu.Entries();
     EXPECT_TRUE(menu.IsRunTime());
     EXPECT_TRUE(suggestions[1].Item->IsRunTime());
     EXPECT_FALSE(suggestions[2].Item->IsRunTime());
-    desk.main.actBar.UserClick(*suggestions[1].Item);
+    desk.Bar().UserClick(*suggestions[1].Item);
     EXPECT_EQ(desk.views.Calls(1), "action 0, action 1, action 2, action 8, word rod & reel");
 }
 
@@ -254,10 +253,10 @@ TEST_F(PageMenuTest, AsksBeforeItOpensVeryManyLinks) {
     Ask(Selection(u"x"));
     desk.Click(u"xtrOpenSelectedLinks");
     EXPECT_EQ(desk.messages.asked, std::vector<Text>{u"Open 16 tabs?"});
-    EXPECT_EQ(desk.main.pcPage.Count(), 1U);
+    EXPECT_EQ(desk.CountTabs(), 1U);
     desk.messages.answer = Answer::Yes;
     desk.Click(u"xtrOpenSelectedLinks");
-    EXPECT_EQ(desk.main.pcPage.Count(), 17U);
+    EXPECT_EQ(desk.CountTabs(), 17U);
 }
 
 TEST_F(PageMenuTest, DoesNothingForAViewWithoutAPage) {

@@ -2,7 +2,6 @@
 
 #include "groups/frmRenameGroup.h"
 #include "tests/Desk.h"
-#include "tests/fakes/FakeFavorites.h"
 #include "tests/fakes/System.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -16,12 +15,10 @@ namespace fs = std::filesystem;
 class RuntimeMenusTest : public testing::Test {
 protected:
     TemporaryFolder m_favorites, m_groups;
-    mutable Desk m_desk;
-    CommandBar& m_bar = m_desk.main.actBar;
+    mutable Desk m_desk{{.groupFolder = m_groups.PathText(""), .favoritesFolder = Path(m_favorites)}};
+    CommandBar& m_bar = m_desk.Bar();
 
     void SetUp() override {
-        m_desk.main.Commands.favoritesFolder = Path(m_favorites);
-        m_desk.main.Commands.groupFolder = m_groups.PathText("");
         m_desk.StartWithTabs(1);
         m_desk.views.Calls(1);
     }
@@ -56,7 +53,7 @@ protected:
         const Connection view = m_bar.PopupWanted.Connect([&](Band& band) {
             for (const BandEntry& entry : band.Entries()) all += (all.empty() ? "" : " ") + ToUtf8(entry.Item->Name());
         });
-        const bool popped = m_desk.main.Menus.EntryPopup(tool);
+        const bool popped = m_desk.PopUp(tool);
         EXPECT_EQ(popped, !all.empty());
         return all;
     }
@@ -73,7 +70,7 @@ TEST_F(RuntimeMenusTest, FavoritesStandBehindTheFixedEntriesFoldersFirst) {
     Favorite("A", "http://A/");
     FavoriteFolder("news");
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", | -1 news, 50000 A, 50001 b");
-    EXPECT_FALSE(m_desk.main.Commands.favoritesMenuStale);
+    EXPECT_FALSE(m_desk.Renews(u"bndFavorites"));
 }
 
 TEST_F(RuntimeMenusTest, OpeningFavoritesAgainRebuildsNothingUntilItIsStale) {
@@ -81,8 +78,6 @@ TEST_F(RuntimeMenusTest, OpeningFavoritesAgainRebuildsNothingUntilItIsStale) {
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50000 a");
     Favorite("b", "http://b/");
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50000 a");
-    FakeFavorites favorites;
-    m_desk.main.Commands.favorites = &favorites;
     m_bar.Find(u"mnuAddToFavorites")->Enabled = true;
     m_desk.Click(u"mnuAddToFavorites");
     EXPECT_EQ(Opened(u"bndFavorites"), std::string(kFixed) + ", 50001 a, 50002 b");
@@ -91,15 +86,17 @@ TEST_F(RuntimeMenusTest, OpeningFavoritesAgainRebuildsNothingUntilItIsStale) {
 TEST_F(RuntimeMenusTest, AtTheEndThePictureOfGroupsAloneIsKept_Deliberate) {
     FavoriteFolder("news");
     Favorite("a", "http://a/");
+    Group("g");
     Opened(u"bndFavorites");
     EXPECT_EQ(Entry(u"bndFavorites", 2).Image, m_bar.Find(u"mnuFolderImage")->Image);
     EXPECT_EQ(Entry(u"bndFavorites", 3).Image, m_bar.Find(u"mnuLinkImage")->Image);
-    m_desk.main.Form_Unload();
-    m_desk.main.Commands.favoritesMenuStale = true;
+    m_desk.Unload();
+    m_desk.ChangeFolderOf(u"bndFavorites");
     Opened(u"bndFavorites");
     EXPECT_EQ(Entry(u"bndFavorites", 2).Image, Picture());
     EXPECT_EQ(Entry(u"bndFavorites", 3).Image, Picture());
-    EXPECT_EQ(m_desk.main.Menus.TessaGroupsPicture, m_bar.Find(u"mnuTessaGroupsImage")->Image);
+    Opened(u"bndTessaGroupsMenu");
+    EXPECT_EQ(Entry(u"bndTessaGroupsMenu", 3).Image, m_bar.Find(u"mnuTessaGroupsImage")->Image);
 }
 
 TEST_F(RuntimeMenusTest, ThePicturesAreThoseOfTheLoadedLayout) {
@@ -127,7 +124,7 @@ TEST_F(RuntimeMenusTest, AFolderIsFilledWhenItFirstOpensAndKeptUntilTheNextRebui
     EXPECT_EQ(OpenedFolder("news"), "-1 deep, 50000 a");
     Favorite("news/deep/c", "http://c/");
     EXPECT_EQ(OpenedFolder("news/deep"), "50001 c");
-    m_desk.main.Commands.favoritesMenuStale = true;
+    m_desk.ChangeFolderOf(u"bndFavorites");
     Opened(u"bndFavorites");
     EXPECT_EQ(OpenedFolder("news/deep"), "(no band)");
     EXPECT_EQ(OpenedFolder("news"), "-1 deep, 50002 a, 50003 b");
@@ -172,11 +169,11 @@ TEST_F(RuntimeMenusTest, AMiddleClickOnAFolderOpensItsPages) {
     FavoriteFolder("news");
     Favorite("news/a", "http://a/");
     Opened(u"bndFavorites");
-    const auto effect = m_desk.main.Menus.EntryMiddleClick(Entry(u"bndFavorites", 2));
+    const auto effect = m_desk.MiddleClick(Entry(u"bndFavorites", 2));
     ASSERT_TRUE(effect);
     effect();
     EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://a/");
-    EXPECT_FALSE(m_desk.main.Menus.EntryMiddleClick(Entry(u"bndFavorites", 0)));
+    EXPECT_FALSE(m_desk.MiddleClick(Entry(u"bndFavorites", 0)));
 }
 
 TEST_F(RuntimeMenusTest, AnEmptyFolderHasNothingToOpenOrSaveAndItSaysSo) {
@@ -184,7 +181,7 @@ TEST_F(RuntimeMenusTest, AnEmptyFolderHasNothingToOpenOrSaveAndItSaysSo) {
     Opened(u"bndFavorites");
     PopupOf(Entry(u"bndFavorites", 2));
     for (const TextView tool : {u"xtrFolderOpen", u"xtrFolderSave"}) {
-        m_desk.main.sbStatus.SimpleText = u"";
+        m_desk.EmptyStatus();
         m_desk.files.chosen = m_groups.PathText("news.tvg");
         m_desk.Click(tool);
         EXPECT_EQ(m_desk.Said(), "There are no pages in that folder.");
@@ -251,14 +248,14 @@ TEST_F(RuntimeMenusTest, AGroupGetsAnotherNameFromItsPopup) {
 
 TEST_F(RuntimeMenusTest, TheFoldersAreWatchedForOthersToo) {
     int changes = 0;
-    m_desk.main.Menus.FoldersChanged.ConnectForLife([&] { ++changes; });
-    m_desk.main.Menus.WatchFolders();
-    EXPECT_TRUE(m_desk.folderWatch.watched.contains(m_desk.main.Commands.groupFolder));
-    EXPECT_TRUE(m_desk.folderWatch.watched.contains(m_desk.main.Commands.favoritesFolder));
-    m_desk.main.Commands.groupsMenuStale = false;
-    m_desk.folderWatch.Changed(m_desk.main.Commands.groupFolder);
+    m_desk.main.Menus().FoldersChanged.ConnectForLife([&] { ++changes; });
+    m_desk.main.Menus().WatchFolders();
+    EXPECT_TRUE(m_desk.folderWatch.watched.contains(m_desk.groupFolder));
+    EXPECT_TRUE(m_desk.folderWatch.watched.contains(m_desk.favoritesFolder));
+    m_desk.OpenMenu(u"bndTessaGroupsMenu");
+    m_desk.ChangeFolderOf(u"bndTessaGroupsMenu");
     EXPECT_EQ(changes, 1);
-    EXPECT_TRUE(m_desk.main.Commands.groupsMenuStale);
+    EXPECT_TRUE(m_desk.Renews(u"bndTessaGroupsMenu"));
 }
 
 TEST_F(RuntimeMenusTest, WithoutATrashAGroupIsDeletedForGoodOnceTheUserAgreesToThat) {
@@ -296,9 +293,9 @@ TEST_F(RuntimeMenusTest, TheDeleteKeyIsForGroupsAlone) {
     Group("g");
     Opened(u"bndFavorites");
     Opened(u"bndTessaGroupsMenu");
-    EXPECT_FALSE(m_desk.main.Menus.EntryDelete(Entry(u"bndFavorites", 2)));
-    EXPECT_FALSE(m_desk.main.Menus.EntryDelete(Entry(u"bndTessaGroupsMenu", 0)));
-    const auto effect = m_desk.main.Menus.EntryDelete(Entry(u"bndTessaGroupsMenu", 3));
+    EXPECT_FALSE(m_desk.Delete(Entry(u"bndFavorites", 2)));
+    EXPECT_FALSE(m_desk.Delete(Entry(u"bndTessaGroupsMenu", 0)));
+    const auto effect = m_desk.Delete(Entry(u"bndTessaGroupsMenu", 3));
     ASSERT_TRUE(effect);
     m_desk.messages.answer = Answer::Yes;
     effect();
@@ -360,10 +357,10 @@ TEST_F(RuntimeMenusTest, GroupsStandBehindTheFixedEntriesWithASeparatorBeforeThe
     EXPECT_EQ(Entry(u"bndTessaGroupsMenu", 3).Name(), u"zzxAlpha");
     EXPECT_EQ(Entry(u"bndTessaGroupsMenu", 3).Description, m_groups.PathText("Alpha.tvg"));
     EXPECT_EQ(Entry(u"bndTessaGroupsMenu", 3).Image.Name, m_bar.Find(u"mnuTessaGroupsImage")->Image.Name);
-    EXPECT_FALSE(m_desk.main.Commands.groupsMenuStale);
+    EXPECT_FALSE(m_desk.Renews(u"bndTessaGroupsMenu"));
     Group("new");
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 150000 Alpha, 150001 alpha, 150002 beta");
-    m_desk.main.Commands.groupsMenuStale = true;
+    m_desk.ChangeFolderOf(u"bndTessaGroupsMenu");
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"),
               std::string(kFixedGroups) + ", | 150003 Alpha, 150004 alpha, 150005 beta, 150006 new");
 }
@@ -374,7 +371,7 @@ TEST_F(RuntimeMenusTest, NoNumberLeavesItsRangeHoweverOftenABigFolderIsRebuilt) 
     FavoriteFolder("deep");
     Favorite("deep/a", "http://a/");
     for (int round = 0; round < 7; ++round) {
-        m_desk.main.Commands.favoritesMenuStale = true;
+        m_desk.ChangeFolderOf(u"bndFavorites");
         m_bar.OpenBand(*m_bar.FindBand(u"bndFavorites"));
         std::set<std::int32_t> ids;
         for (const BandEntry& entry : m_bar.FindBand(u"bndFavorites")->Entries()) ids.insert(entry.Item->Id());
@@ -392,10 +389,10 @@ TEST_F(RuntimeMenusTest, NoNumberLeavesItsRangeHoweverOftenABigFolderIsRebuilt) 
 TEST_F(RuntimeMenusTest, AGroupWithTheLastNumberIsAGroupAndTheNextHasTheFirst) {
     for (const char* name : {"a", "b", "c"}) Group(name);
     for (int i = 0; i < 16'666; ++i) {
-        m_desk.main.Commands.groupsMenuStale = true;
+        m_desk.ChangeFolderOf(u"bndTessaGroupsMenu");
         m_bar.OpenBand(*m_bar.FindBand(u"bndTessaGroupsMenu"));
     }
-    m_desk.main.Commands.groupsMenuStale = true;
+    m_desk.ChangeFolderOf(u"bndTessaGroupsMenu");
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), std::string(kFixedGroups) + ", | 199998 a, 199999 b, 150000 c");
     for (int i = 0; i < 3; ++i) {
         m_bar.UserClick(Entry(u"bndTessaGroupsMenu", 3U + static_cast<std::size_t>(i)));
@@ -411,18 +408,18 @@ TEST_F(RuntimeMenusTest, AChangeOnDiskMakesTheMenuThatShowsItStale) {
     auto& watch = m_desk.folderWatch;
     EXPECT_EQ(watch.watched, (std::set<Text>{Path(m_favorites), m_favorites.PathText("news"), m_groups.PathText("")}));
     watch.Changed(m_groups.PathText(""));
-    EXPECT_TRUE(m_desk.main.Commands.groupsMenuStale);
-    EXPECT_FALSE(m_desk.main.Commands.favoritesMenuStale);
+    EXPECT_TRUE(m_desk.Renews(u"bndTessaGroupsMenu"));
+    EXPECT_FALSE(m_desk.Renews(u"bndFavorites"));
     watch.Changed(m_favorites.PathText("news"));
-    EXPECT_TRUE(m_desk.main.Commands.favoritesMenuStale);
+    EXPECT_TRUE(m_desk.Renews(u"bndFavorites"));
     Opened(u"bndFavorites");
     EXPECT_EQ(watch.watched, (std::set<Text>{Path(m_favorites), m_groups.PathText("")}));
 }
 
 TEST_F(RuntimeMenusTest, NothingIsReadBeforeAMenuOpens) {
     EXPECT_TRUE(m_desk.folderWatch.watched.empty());
-    EXPECT_TRUE(m_desk.main.Commands.favoritesMenuStale);
-    EXPECT_TRUE(m_desk.main.Commands.groupsMenuStale);
+    EXPECT_TRUE(m_desk.Renews(u"bndFavorites"));
+    EXPECT_TRUE(m_desk.Renews(u"bndTessaGroupsMenu"));
 }
 
 TEST_F(RuntimeMenusTest, TheFontMenuChecksThePagesSizeWithoutChangingIt) {
@@ -458,7 +455,7 @@ TEST_F(RuntimeMenusTest, AtLevelThreeTheFontMenuChecksNothing_Deliberate) {
 }
 
 TEST_F(RuntimeMenusTest, WithoutAViewTheFontMenuChecksTheSmallestSize_Deliberate) {
-    m_desk.main.pcPage.FindAt(1)->Tag = 99;
+    m_desk.TabAt(1).Tag = 99;
     Opened(u"bndFont");
     EXPECT_TRUE(m_bar.Find(u"mnuFontSmallest")->Checked());
     EXPECT_FALSE(m_bar.Find(u"mnuFontMedium")->Checked());
@@ -480,8 +477,8 @@ TEST_F(RuntimeMenusTest, AnEmptyBandIsFilledOnlyWhenItIsThatOfAFolder) {
 }
 
 TEST_F(RuntimeMenusTest, MissingFoldersLeaveTheFixedEntries) {
-    m_desk.main.Commands.favoritesFolder = u"/none";
-    m_desk.main.Commands.groupFolder = u"/none/";
+    fs::remove(m_favorites.PathText("").c_str());
+    fs::remove(m_groups.PathText("").c_str());
     EXPECT_EQ(Opened(u"bndFavorites"), kFixed);
     EXPECT_EQ(Opened(u"bndTessaGroupsMenu"), kFixedGroups);
 }

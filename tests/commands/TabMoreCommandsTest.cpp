@@ -9,10 +9,9 @@ protected:
     void Start(int tabs, int popup) {
         desk.StartWithTabs(tabs);
         for (int i = 1; i <= tabs; ++i) desk.views.At(i).location = u"http://" + Decimal(i) + u"/";
-        desk.main.StripInput.HitTest = [popup](Pixels, Pixels) { return popup - 1; };
-        desk.main.StripInput.MouseDown(MouseButton::Right, {}, {});
+        desk.OpenTabMenu(static_cast<std::size_t>(popup));
     }
-    [[nodiscard]] const Tool& Find(TextView name) { return *desk.main.actBar.Find(name); }
+    [[nodiscard]] const Tool& Find(TextView name) { return desk.Tool(name); }
 
     Desk desk;
 };
@@ -36,9 +35,8 @@ TEST_F(TabMoreCommandsTest, CloseToolsAreEnabledWhereThereIsSomethingToClose) {
     Start(2, 2);
     EXPECT_TRUE(Find(u"xtrTabCloseOthers").Enabled());
     EXPECT_FALSE(Find(u"xtrTabCloseRight").Enabled());
-    desk.main.CloseBrowserTab(1);
-    desk.main.StripInput.HitTest = [](Pixels, Pixels) { return 0; };
-    desk.main.StripInput.MouseDown(MouseButton::Right, {}, {});
+    desk.Close(1);
+    desk.OpenTabMenu(1);
     EXPECT_FALSE(Find(u"xtrTabCloseOthers").Enabled());
 }
 
@@ -56,28 +54,28 @@ TEST_F(TabMoreCommandsTest, MutesAndShowsIt) {
     EXPECT_FALSE(Find(u"xtrTabMute").Checked());
     desk.Click(u"xtrTabMute");
     EXPECT_TRUE(desk.views.At(2).muted);
-    EXPECT_EQ(desk.main.pcPage.FindAt(2)->Sound(), TabSound::Muted);
-    desk.main.StripInput.MouseDown(MouseButton::Right, {}, {});
+    EXPECT_EQ(desk.TabAt(2).Sound(), TabSound::Muted);
+    desk.OpenTabMenu(2);
     EXPECT_TRUE(Find(u"xtrTabMute").Checked());
     desk.Click(u"xtrTabMute");
     EXPECT_FALSE(desk.views.At(2).muted);
-    EXPECT_EQ(desk.main.pcPage.FindAt(2)->Sound(), TabSound::None);
+    EXPECT_EQ(desk.TabAt(2).Sound(), TabSound::None);
 }
 
 TEST_F(TabMoreCommandsTest, ATabThatIsHeardShowsIt) {
     Start(2, 2);
     desk.views.At(2).audible = true;
     desk.views.At(2).events.SoundChange(2);
-    EXPECT_EQ(desk.main.pcPage.FindAt(2)->Sound(), TabSound::Playing);
+    EXPECT_EQ(desk.TabAt(2).Sound(), TabSound::Playing);
     desk.views.At(2).audible = false;
     desk.views.At(2).events.SoundChange(2);
-    EXPECT_EQ(desk.main.pcPage.FindAt(2)->Sound(), TabSound::None);
+    EXPECT_EQ(desk.TabAt(2).Sound(), TabSound::None);
     desk.views.At(2).events.SoundChange(9);
 }
 
 TEST_F(TabMoreCommandsTest, CopiesTheAddress) {
     Start(2, 2);
-    desk.main.actBar.Find(u"xtrTabCopyAddress")->Enabled = true;
+    desk.Tool(u"xtrTabCopyAddress").Enabled = true;
     desk.Click(u"xtrTabCopyAddress");
     EXPECT_EQ(desk.input.copied, u"http://2/");
 }
@@ -85,20 +83,20 @@ TEST_F(TabMoreCommandsTest, CopiesTheAddress) {
 TEST_F(TabMoreCommandsTest, AddsTheTabsPageToAGroup) {
     Start(2, 2);
     const TemporaryFolder folder;
-    desk.main.actBar.Find(u"xtrTabAddToTessaGroup")->Enabled = true;
-    desk.main.Commands.groupsMenuStale = false;
+    desk.Tool(u"xtrTabAddToTessaGroup").Enabled = true;
+    desk.OpenMenu(u"bndTessaGroupsMenu");
     desk.Click(u"xtrTabAddToTessaGroup");
     EXPECT_EQ(desk.Said(), "") << "the dialog was cancelled";
-    EXPECT_FALSE(desk.main.Commands.groupsMenuStale);
+    EXPECT_FALSE(desk.Renews(u"bndTessaGroupsMenu"));
     desk.files.chosen = folder.PathText("a.tvg");
     desk.Click(u"xtrTabAddToTessaGroup");
     EXPECT_EQ(folder.Read("a.tvg"), "[TessaGroup]\r\nurl1=http://2/\r\n");
-    EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
+    EXPECT_TRUE(desk.Renews(u"bndTessaGroupsMenu"));
 }
 
 TEST_F(TabMoreCommandsTest, NothingHappensWhenTheTabIsGone) {
     Start(3, 3);
-    desk.main.CloseBrowserTab(3);
+    desk.Close(3);
     for (const TextView name : {u"xtrTabCloseOthers", u"xtrTabCloseRight", u"xtrTabDuplicate", u"xtrTabMute"})
         desk.Click(name);
     EXPECT_EQ(desk.Strip(), "[1*] 2");
@@ -106,34 +104,33 @@ TEST_F(TabMoreCommandsTest, NothingHappensWhenTheTabIsGone) {
 
 TEST_F(TabMoreCommandsTest, ATabIsDescribedByItsWholeTitleAndAddress) {
     Start(2, 2);
-    desk.main.Tabs.TitleLengthLimit = 3;
+    desk.Set(u"TitleLengthLimit", u"3");
     desk.PageLoads(2, u"http://two/", u"A title");
-    EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.FindAt(2)), u"A title\nhttp://two/");
+    EXPECT_EQ(desk.Describe(desk.TabAt(2)), u"A title\nhttp://two/");
     desk.views.At(2).name = Text(5000, u'x');
-    EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.FindAt(2)), Text(300, u'x') + u"\nhttp://two/");
+    EXPECT_EQ(desk.Describe(desk.TabAt(2)), Text(300, u'x') + u"\nhttp://two/");
     desk.views.At(2).name = u"";
-    desk.main.Events.BeforeNavigate2(2, PageLevel::Top, u"http://next/");
-    EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.FindAt(2)), u"A t...\nhttp://two/\nWaiting for http://next/");
+    desk.PageBegins(2, u"http://next/");
+    EXPECT_EQ(desk.Describe(desk.TabAt(2)), u"A t...\nhttp://two/\nWaiting for http://next/");
     desk.Click(u"xtrPrivateTab");
-    EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.SelectedItem()),
-              u"Loading...\ntessaview:private\nPrivate tab: nothing of it is kept");
+    EXPECT_EQ(desk.Describe(desk.SelectedTab()), u"Loading...\ntessaview:private\nPrivate tab: nothing of it is kept");
 }
 
 TEST_F(TabMoreCommandsTest, ATabThatLoadsIsToldApartByItsAddress) {
     Start(1, 1);
-    auto* view = desk.main.Tabs.GetNewBrowser(InFront::No);
+    auto* view = desk.NewTab(InFront::No);
     ASSERT_TRUE(view);
     ResumeNext(view->Navigate(u"http://two.example/a"));
-    const Tab& tab = *desk.main.pcPage.FindAt(2);
-    desk.main.Events.BeforeNavigate2(2, PageLevel::Top, u"http://two.example/a");
+    const Tab& tab = desk.TabAt(2);
+    desk.PageBegins(2, u"http://two.example/a");
     EXPECT_EQ(tab.Caption(), u"Loading...");
-    EXPECT_EQ(desk.main.Tabs.Describe(tab), u"Loading...\nhttp://two.example/a");
-    EXPECT_EQ(desk.main.Tabs.AddressOf(tab), u"http://two.example/a");
+    EXPECT_EQ(desk.Describe(tab), u"Loading...\nhttp://two.example/a");
+    EXPECT_EQ(desk.AddressOf(tab), u"http://two.example/a");
     desk.views.At(2).location = u"about:blank";
-    EXPECT_EQ(desk.main.Tabs.Describe(tab), u"Loading...\nabout:blank\nWaiting for http://two.example/a");
-    EXPECT_EQ(desk.main.Tabs.AddressOf(tab), u"http://two.example/a") << "it is the host that tells it apart";
+    EXPECT_EQ(desk.Describe(tab), u"Loading...\nabout:blank\nWaiting for http://two.example/a");
+    EXPECT_EQ(desk.AddressOf(tab), u"http://two.example/a") << "it is the host that tells it apart";
     desk.PageLoads(2, u"http://two.example/b", u"Two");
-    EXPECT_EQ(desk.main.Tabs.AddressOf(tab), u"http://two.example/b");
+    EXPECT_EQ(desk.AddressOf(tab), u"http://two.example/b");
 }
 
 } // namespace

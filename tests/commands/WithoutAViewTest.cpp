@@ -1,6 +1,6 @@
 // Commands that are for a page, where there is none.
+#include "favorites/Favorites.h"
 #include "tests/Desk.h"
-#include "tests/fakes/FakeFavorites.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 namespace {
@@ -12,29 +12,29 @@ protected:
         desk.StartWithTabs(1);
         desk.views.Calls(1);
         desk.views.focused = 0;
-        desk.main.Commands.favorites = &favorites;
+        desk.inAddFavorite = [this](frmAddFavorite&) { done += "add;"; };
         desk.inInternetOptions = [this](frmInternetOptions&) { done += "options;"; };
-        desk.main.Pages.ApplyLoadOptions.ConnectForLife([this] { done += "load options;"; });
+        desk.engineOptions.applied = [this] { done += "load options;"; };
         desk.files.chosen = u"/files/a.html";
-        desk.main.Tabs.UpdateStopRefresh();
+        desk.PageSaysWhetherItLoads();
         enabled = desk.Enabled();
     }
     /// Leaves the tab without a view.
-    void TakeTheViewAway() { desk.main.pcPage.FindAt(1)->Tag = 99; }
+    void TakeTheViewAway() { desk.TakeViewAway(1); }
     /// Everything that a click on the tool did.
     std::string Click(const std::string& tool) {
         Tool made(1, FromBytes(tool));
         made.Description = u"keyword";
-        desk.main.actBar_Click(made);
-        done += desk.views.Calls(1) + std::exchange(desk.tools.done, {}) + std::exchange(favorites.done, {});
+        desk.ClickMade(made);
+        done += desk.views.Calls(1) + std::exchange(desk.tools.done, {});
         if (desk.views.focused != 0) done += "focus;";
-        if (desk.main.pcPage.Count() != 1) done += "tabs;";
+        if (desk.CountTabs() != 1) done += "tabs;";
         if (desk.Enabled() != enabled) done += "enabled;";
         return std::exchange(done, {});
     }
 
-    FakeFavorites favorites;
-    Desk desk;
+    TemporaryFolder favorites;
+    Desk desk{{.favoritesFolder = Favorites::FolderOf(favorites.PathText("x"))}};
     std::string done, enabled;
 };
 
@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(Commands, WithoutAViewTest,
 TEST_F(WithoutAViewTest, AFavoriteOpensNowhere) {
     Start();
     TakeTheViewAway();
-    desk.main.actBar_Click(Tool(50000, u"http://a/"));
+    desk.ClickMade(Tool(50000, u"http://a/"));
     EXPECT_EQ(desk.views.Calls(1), "");
     EXPECT_EQ(desk.Strip(), "[1*]");
 }
@@ -74,14 +74,14 @@ TEST_F(WithoutAViewTest, NoAddressIsAddedToAGroup) {
     Start();
     TakeTheViewAway();
     desk.files.chosen = folder.PathText("g.tvg");
-    desk.main.actBar_Click(Tool(1, u"mnuAddToTessaGroup"));
+    desk.ClickMade(Tool(1, u"mnuAddToTessaGroup"));
     EXPECT_EQ(folder.Files(), 0U);
 }
 
 TEST_F(WithoutAViewTest, ANewCurrentTabGetsAnEmptyAddress) {
     Start();
     TakeTheViewAway();
-    desk.main.actBar_Click(Tool(1, u"mnuNewCurrent"));
+    desk.ClickMade(Tool(1, u"mnuNewCurrent"));
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go ");
 }
 

@@ -329,15 +329,11 @@ TEST(TransferRate, FallsToNothingWhenNothingArrives) {
     EXPECT_EQ(rate.PerSecond(1'000'100), 200) << "it goes on";
 }
 
-std::string Saving(const Desk& desk) {
-    return desk.main.sbStatus.Saving.Visible() ? ToUtf8(desk.main.sbStatus.Saving.Caption()) : "(nothing)";
-}
-
 TEST(DownloadsOfTheWindow, ShowInTheStatusBarHowFarTheyAre) {
     Desk desk;
     desk.StartWithTabs(1);
-    auto& downloads = desk.main.Downloads;
-    EXPECT_EQ(Saving(desk), "(nothing)");
+    auto& downloads = desk.main.Downloads();
+    EXPECT_EQ(desk.Saving(), "(nothing)");
     const auto begin = [&](TextView address, std::int64_t total) {
         return downloads.Begin({.Address = Text(address), .Total = total}, std::make_shared<FakeTransfer>()).Id;
     };
@@ -345,42 +341,42 @@ TEST(DownloadsOfTheWindow, ShowInTheStatusBarHowFarTheyAre) {
         downloads.OnReport(id, {DownloadState::Running, DownloadProblem::None, received, total});
     };
     const auto first = begin(u"http://a.example/a", 200);
-    EXPECT_EQ(Saving(desk), "Saving 0 %");
+    EXPECT_EQ(desk.Saving(), "Saving 0 %");
     running(first, 83, 200);
-    EXPECT_EQ(Saving(desk), "Saving 41 %");
+    EXPECT_EQ(desk.Saving(), "Saving 41 %");
     const auto second = begin(u"http://a.example/b", 600);
-    EXPECT_EQ(Saving(desk), "Saving 2 files, 10 %");
+    EXPECT_EQ(desk.Saving(), "Saving 2 files, 10 %");
     running(second, 100, -1);
-    EXPECT_EQ(Saving(desk), "Saving 2 files, 183 bytes") << "nobody knows how many are to come";
+    EXPECT_EQ(desk.Saving(), "Saving 2 files, 183 bytes") << "nobody knows how many are to come";
     running(first, 500, 200);
     downloads.Cancel(second);
-    EXPECT_EQ(Saving(desk), "Saving 100 %") << "more than was announced";
+    EXPECT_EQ(desk.Saving(), "Saving 100 %") << "more than was announced";
     downloads.OnReport(first, {DownloadState::Paused, DownloadProblem::None, 100, 200});
-    EXPECT_EQ(Saving(desk), "Paused: 50 %");
-    desk.main.sbStatus.Saving.Click();
-    EXPECT_TRUE(desk.main.DownloadPanel.Form.Visible());
+    EXPECT_EQ(desk.Saving(), "Paused: 50 %");
+    desk.ClickSaving();
+    EXPECT_TRUE(desk.ShowsDownloads());
     downloads.OnReport(first, {DownloadState::Done, DownloadProblem::None, 200, 200});
-    EXPECT_EQ(Saving(desk), "(nothing)");
+    EXPECT_EQ(desk.Saving(), "(nothing)");
     EXPECT_EQ(desk.Said(), "a has been saved.");
 }
 
 TEST(DownloadsOfTheWindow, AreCountedOnTheirCommandAndAskedForAtTheEnd) {
     Desk desk;
     desk.StartWithTabs(1);
-    const auto badge = [&] { return desk.main.actBar.Find(u"xtrDownloads")->Badge(); };
+    const auto badge = [&] { return desk.Tool(u"xtrDownloads").Badge(); };
     auto transfer = std::make_shared<FakeTransfer>();
-    const auto id = desk.main.Downloads.Begin({.Address = u"http://a.example/a"}, transfer).Id;
+    const auto id = desk.main.Downloads().Begin({.Address = u"http://a.example/a"}, transfer).Id;
     EXPECT_EQ(badge(), 1U);
-    EXPECT_EQ(desk.main.actBar.Find(u"xtrMore")->Badge(), 1U);
+    EXPECT_EQ(desk.Tool(u"xtrMore").Badge(), 1U);
     EXPECT_EQ(desk.Said(), "Saving a");
-    EXPECT_EQ(Saving(desk), "Saving 0 bytes");
+    EXPECT_EQ(desk.Saving(), "Saving 0 bytes");
     desk.messages.answer = Answer::No;
     desk.Click(u"mnuExit");
     EXPECT_EQ(
         desk.messages.asked,
         std::vector<Text>{u"A download is still running\nWhat it has saved so far is lost when the program ends."});
     EXPECT_TRUE(desk.views.Has(1)) << "the window stays";
-    desk.main.Downloads.OnReport(id, {DownloadState::Done, DownloadProblem::None, 3, 3});
+    desk.main.Downloads().OnReport(id, {DownloadState::Done, DownloadProblem::None, 3, 3});
     EXPECT_EQ(badge(), 0U);
     desk.Click(u"mnuExit");
     EXPECT_EQ(desk.messages.asked.size(), 1U) << "nothing runs any more";
@@ -392,7 +388,7 @@ TEST(DownloadsOfTheWindow, ArePausedByNoAnswerAndStoppedByYes) {
     desk.StartWithTabs(1);
     auto transfer = std::make_shared<FakeTransfer>();
     for (const auto* address : {u"http://a.example/a", u"http://a.example/b"})
-        desk.main.Downloads.Begin({.Address = address}, transfer);
+        desk.main.Downloads().Begin({.Address = address}, transfer);
     desk.messages.answer = Answer::Yes;
     desk.Click(u"mnuExit");
     EXPECT_EQ(desk.messages.asked,
@@ -406,11 +402,11 @@ TEST(DownloadsOfTheWindow, AreShownAndHiddenByTheirCommand) {
     Desk desk;
     desk.StartWithTabs(1);
     desk.Click(u"xtrDownloads");
-    EXPECT_TRUE(desk.main.DownloadPanel.Form.Visible());
-    EXPECT_TRUE(desk.main.actBar.Find(u"xtrDownloads")->Checked());
+    EXPECT_TRUE(desk.ShowsDownloads());
+    EXPECT_TRUE(desk.Tool(u"xtrDownloads").Checked());
     desk.Click(u"xtrDownloads");
-    EXPECT_FALSE(desk.main.DownloadPanel.Form.Visible());
-    EXPECT_FALSE(desk.main.actBar.Find(u"xtrDownloads")->Checked());
+    EXPECT_FALSE(desk.ShowsDownloads());
+    EXPECT_FALSE(desk.Tool(u"xtrDownloads").Checked());
 }
 
 TEST_F(DownloadsTest, AListThatCannotBeWrittenIsSaidOnceAndWrittenWhenThereIsRoom) {

@@ -29,7 +29,7 @@ protected:
         bank = other.Address(QStringLiteral("/bank"), QStringLiteral("localhost"));
     }
 
-    [[nodiscard]] ComboTool& Box() const { return *desk.main->Tabs.AddressCombo(); }
+    [[nodiscard]] ComboTool& Box() const { return *desk.main->Tabs().AddressCombo(); }
     /// "text: picture", as the box shows them side by side.
     [[nodiscard]] QString Shown() const {
         return ToQt(Box().Value() + u": " + Box().SignBeside(Box().Value()).Image.Name);

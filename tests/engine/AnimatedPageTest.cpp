@@ -38,7 +38,7 @@ public:
         main.Form_Unload();
         engine.Shutdown();
     }
-    QtBrowserView& Front() { return static_cast<QtBrowserView&>(*main.Tabs.CurrentView()->Control); }
+    QtBrowserView& Front() { return static_cast<QtBrowserView&>(*main.Tabs().CurrentView()->Control); }
 
     QtInstanceProfile ownProfile{{}, {}};
     QtMainWindow window;

@@ -53,7 +53,7 @@ TEST_F(BoxFocusTest, ThePageInFrontTakesTheKeyboardWhenItIsThere) {
     ASSERT_TRUE(WaitTitle(u"Late"));
     EXPECT_TRUE(WaitUntil([&] { return PageHasKeyboard(); }));
     EXPECT_EQ(box->lineEdit()->text(), late);
-    EXPECT_EQ(desk.main->AddressCombo()->Value(), FromQt(late));
+    EXPECT_EQ(desk.main->Tabs().AddressCombo()->Value(), FromQt(late));
 }
 
 TEST_F(BoxFocusTest, ARefreshTakesItToo) {

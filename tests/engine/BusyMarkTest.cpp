@@ -231,7 +231,8 @@ TEST_F(BusyMark, OfAWholePageGoesWhenThereIsNothingToShow) {
     ASSERT_TRUE(WaitUntil([&] { return !atRequest.isEmpty(); }));
     EXPECT_EQ(atRequest.join(u' '), u"red");
     EXPECT_TRUE(TurnsIdle());
-    EXPECT_EQ(ToUtf8(desk.main->AddressCombo()->Value()), server.Address(QStringLiteral("/frames")).toStdString());
+    EXPECT_EQ(ToUtf8(desk.main->Tabs().AddressCombo()->Value()),
+              server.Address(QStringLiteral("/frames")).toStdString());
 }
 
 /// A page opens another one, by a script or by a link.

@@ -15,7 +15,7 @@ protected:
         ASSERT_TRUE(WaitUntil([&] { return Enabled(tool); })) << ToUtf8(tool);
         Click(tool);
     }
-    QtBrowserView& Front() { return static_cast<QtBrowserView&>(*desk.main->Tabs.CurrentView()->Control); }
+    QtBrowserView& Front() { return static_cast<QtBrowserView&>(*desk.main->Tabs().CurrentView()->Control); }
     /// Waits for the page of that title in front; the address says what it is to show long before it shows that.
     bool WaitTitle(TextView title) {
         return WaitUntil([&] { return Front().LocationName() == title && !Front().Busy(); });

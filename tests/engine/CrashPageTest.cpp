@@ -182,7 +182,7 @@ TEST_F(CrashPageOfMany, TheOtherTabsAndItsOwnCaptionStayAsTheyAre) {
     Kill(desk.View(4));
     ASSERT_TRUE(HasDied(desk.View(4)));
     EXPECT_EQ(Captions(), before);
-    EXPECT_EQ(ToQt(desk.main->Tabs.AddressCombo()->Value()), Address(3));
+    EXPECT_EQ(ToQt(desk.main->Tabs().AddressCombo()->Value()), Address(3));
     EXPECT_EQ(desk.main->pcPage.SelectedItem()->Tag, 4);
     for (const int other : {2, 3}) {
         EXPECT_FALSE(desk.View(other).CrashPage());

@@ -158,11 +158,17 @@ void EngineView::PointAt(const QString& elementId) {
     QTest::mouseMove(PointerTarget(), MiddleOf(elementId));
 }
 
+std::unique_ptr<BrowserView> SeenViews::Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) {
+    auto view = m_engine.Create(Index, events, privacy);
+    if (view) m_made[Index] = static_cast<QtBrowserView*>(view.get());
+    return view;
+}
+
 EngineDesk::EngineDesk() {
     window.resize(1000, 700);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-    main = std::make_unique<frmMain>(Platform(engine));
+    main = std::make_unique<frmMain>(Platform(views));
     main->Form_Load(u"about:blank");
     main->Form_Activate();
     engine.Start();
@@ -172,10 +178,6 @@ EngineDesk::~EngineDesk() {
     main->Form_Unload();
     main.reset();
     engine.Shutdown();
-}
-
-QtBrowserView& EngineDesk::View(std::int32_t index) {
-    return static_cast<QtBrowserView&>(*main->Browser.Find(index)->Control);
 }
 
 void EngineDesk::Open(const std::vector<QString>& addresses) {

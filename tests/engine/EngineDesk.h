@@ -8,6 +8,7 @@
 #include <QWidget>
 #include <functional>
 #include <gtest/gtest.h>
+#include <map>
 
 /// Lets events run until the condition holds; false when it did not within half a minute.
 bool WaitUntil(const std::function<bool()>& condition);
@@ -97,17 +98,31 @@ private:
     QWidget* PointerTarget() const;
 };
 
+/// The engine's views as they are made, by their indexes, for tests that look into them.
+class SeenViews final : public BrowserViewFactory {
+public:
+    explicit SeenViews(QtEngine& engine) : m_engine(engine) {}
+    std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) override;
+    /// Of a view that lives.
+    [[nodiscard]] QtBrowserView& At(std::int32_t index) const { return *m_made.at(index); }
+
+private:
+    QtEngine& m_engine;
+    std::map<std::int32_t, QtBrowserView*> m_made;
+};
+
 /// A user at the program on the real engine; the rest of the world is faked.
 class EngineDesk : public FakeSurroundings {
 public:
     EngineDesk();
     ~EngineDesk();
 
-    [[nodiscard]] QtBrowserView& View(std::int32_t index);
+    [[nodiscard]] QtBrowserView& View(std::int32_t index) const { return views.At(index); }
     void Open(const std::vector<QString>& addresses);
 
     QWidget window;
     QtInstanceProfile ownProfile{{}, {}};
     QtEngine engine{&window, ownProfile};
+    SeenViews views{engine};
     std::unique_ptr<frmMain> main;
 };

@@ -16,10 +16,16 @@ protected:
             addresses.push_back(FromQt(server.Address(path)));
         }
         for (Text& each : further) addresses.push_back(std::move(each));
-        desk.main->Groups.OpenInTabs(addresses);
+        std::string lines = "[TessaGroup]\n";
+        for (std::size_t i = 0; i < addresses.size(); ++i)
+            lines += "url" + std::to_string(i + 1) + "=" + ToUtf8(addresses[i]) + "\n";
+        folder.Write("pages.tvg", lines);
+        desk.messages.answer = Answer::Yes; // to what is no page of the web
+        desk.main->OpenTessaGroup(folder.PathText("pages.tvg"));
     }
     [[nodiscard]] std::string Status() const { return ToUtf8(desk.main->sbStatus.SimpleText()); }
     [[nodiscard]] bool StopOffered() const { return desk.main->sbStatus.StopAll.Visible(); }
+    TemporaryFolder folder;
     LocalServer server;
     EngineDesk desk;
 };
@@ -35,7 +41,7 @@ TEST_F(GroupProgress, APageThatIsStoppedBeforeItBeganIsNotWaitedFor) {
 }
 
 TEST_F(GroupProgress, TheFirstTabIsNotWaitedForOnceItIsClosed) {
-    desk.main->Groups.TGCloseOthersFirst = true;
+    desk.main->TGCloseOthersFirst = true;
     for (const char* path : {"/a", "/b", "/c", "/d"}) server.Page(QString::fromLatin1(path), "<title>page</title>");
     server.Stall(QStringLiteral("/never"));
     std::string lines = "[TessaGroup]\nurl0=" + server.Address(QStringLiteral("/never")).toStdString() + "\n";

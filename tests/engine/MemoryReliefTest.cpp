@@ -24,8 +24,8 @@ protected:
                                           "xmlns='http://www.w3.org/2000/svg' width='16' height='16'><rect width='16' "
                                           "height='16' fill='red'/></svg>\">");
         }
-        desk.main->Sleep.Now = [this] { return Now(); };
-        auto& relief = desk.main->Relief;
+        desk.main->Sleep().Now = [this] { return Now(); };
+        auto& relief = desk.main->Relief();
         timer.setSingleShot(true);
         timer.callOnTimeout([&relief] { relief.Look(); });
         relief.Memory = &files;
@@ -66,7 +66,7 @@ protected:
     }
     bool AwaitsIcon() {
         for (int page = 1; page <= kPages; ++page) {
-            if (!desk.main->Browser.Find(page + 1)) continue;
+            if (!desk.main->Tabs().OpenView(page + 1)) continue;
             const bool loaded = ViewOf(page).LocationName() == FromQt(QString::number(page)) && !ViewOf(page).Busy();
             if (loaded && desk.engine.Icon(page + 1).isNull()) return true;
         }
@@ -112,10 +112,10 @@ TEST_F(PagesInLittleMemory, StayAwakeWhileThereIsRoomAndSleepWhenThereIsNone) {
 
 TEST_F(PagesInLittleMemory, LoadAllOfThemWhenItIsVeryShortAndNothingCanSleep) {
     SayFree(10);
-    desk.main->Sleep.Now = [] { return TabSleep::Time{0}; };
+    desk.main->Sleep().Now = [] { return TabSleep::Time{0}; };
     OpenAll();
     EXPECT_TRUE(WaitUntil([&] { return AllLoaded(); }));
-    EXPECT_EQ(desk.main->Relief.Level(), Shortage::Severe);
+    EXPECT_EQ(desk.main->Relief().Level(), Shortage::Severe);
     EXPECT_EQ(Asleep(), 0) << "on this clock the icons are always still to come";
 }
 

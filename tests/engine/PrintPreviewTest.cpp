@@ -28,8 +28,9 @@ protected:
     void Preview() { desk.main->actBar_Click(*desk.main->actBar.Find(u"xtrPrintPreview")); }
     bool Opened(std::int32_t index) {
         return WaitUntil([&] {
-            return desk.main->Browser.Find(index) && QtStartPage::IsOwn(QUrl(ToQt(desk.View(index).LocationURL()))) &&
-                   desk.View(index).Widget() && !desk.View(index).Busy();
+            return desk.main->Tabs().OpenView(index) &&
+                   QtStartPage::IsOwn(QUrl(ToQt(desk.View(index).LocationURL()))) && desk.View(index).Widget() &&
+                   !desk.View(index).Busy();
         });
     }
 
@@ -41,13 +42,13 @@ TEST_F(PrintPreview, ShowsThePaperInATabInFront) {
     desk.main->OpenNewInFront = false;
     Preview();
     ASSERT_TRUE(Opened(3));
-    EXPECT_EQ(desk.main->Tabs.CurrentView(), desk.main->Browser.Find(3));
+    EXPECT_EQ(desk.main->Tabs().CurrentView(), desk.main->Tabs().OpenView(3));
     EXPECT_EQ(desk.View(3).LocationURL(), u"tessaview:preview/1/A%20page");
     EXPECT_TRUE(WaitUntil([this] { return desk.View(3).LocationName() == u"Preview: A page"; }));
     EXPECT_TRUE(WaitUntil([this] { return desk.main->pcPage.SelectedItem()->Caption() == u"Preview: A page"; }));
     EXPECT_TRUE(WaitUntil([this] { return ShowsRedPaper(desk.View(3)); }));
     EXPECT_EQ(desk.View(2).LocationName(), u"A page") << "the page stays";
-    desk.main->Sessions.Write();
+    desk.main->Sessions().Write();
     EXPECT_NE(desk.sessions.own.find("/page"), std::string::npos);
     EXPECT_EQ(desk.sessions.own.find("preview"), std::string::npos) << "nobody wants it back the next time";
 }
@@ -63,7 +64,7 @@ TEST_F(PrintPreview, HasABarThatPrintsOrClosesIt) {
     desk.main->pcPage.UserClick(desk.main->pcPage.FindAt(desk.main->pcPage.Count()));
     ASSERT_TRUE(WaitUntil([&] { return bar()->isVisible(); }));
     bar()->findChild<QPushButton*>(QStringLiteral("cmdClosePreview"))->click();
-    EXPECT_TRUE(WaitUntil([this] { return !desk.main->Browser.Find(3); }));
+    EXPECT_TRUE(WaitUntil([this] { return !desk.main->Tabs().OpenView(3); }));
 }
 
 TEST_F(PrintPreview, LosesItsBarWhenAnotherPageTakesItsPlace) {

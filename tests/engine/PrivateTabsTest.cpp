@@ -13,9 +13,9 @@ TEST(PrivatePages, KeepACookieToThemselvesUntilTheLastOfThemHasGone) {
                 "<script>document.title = 'cookie:' + document.cookie + localStorage.getItem('a')</script>");
     EngineDesk desk;
     const auto open = [&](Privacy privacy, const char* path) {
-        auto* view = desk.main->Tabs.GetNewBrowser(InFront::Yes, privacy);
+        auto* view = desk.main->GetNewBrowser(InFront::Yes, privacy);
         ResumeNext(view->Navigate(FromQt(server.Address(QLatin1String(path)))));
-        return desk.main->Tabs.NextBrowserIndex - 1;
+        return desk.main->Tabs().CurrentIndex();
     };
     const auto titleOf = [&](std::int32_t index) {
         EXPECT_TRUE(WaitUntil([&] { return desk.View(index).LocationName().starts_with(u"cookie:"); }));
@@ -51,14 +51,14 @@ TEST(PrivatePages, OpenTheirWindowsInTheirOwnProfile) {
     FakeSettings settings;
     SitePermissions permissions(settings);
     permissions.Remember({FromQt(server.Address({})), SitePermission::Popups, true});
-    auto* view = desk.main->Tabs.GetNewBrowser(InFront::Yes, Privacy::Private);
+    auto* view = desk.main->GetNewBrowser(InFront::Yes, Privacy::Private);
     ResumeNext(view->Navigate(FromQt(server.Address(QStringLiteral("/page")))));
     ASSERT_TRUE(WaitUntil([&] { return desk.View(2).Questions() && desk.View(2).Questions()->questions.Current(); }))
         << "what was decided for ordinary pages says nothing about private ones";
     desk.View(2).Questions()->questions.Answer(0, false);
     ASSERT_TRUE(WaitUntil([&] { return desk.main->pcPage.Count() == 3; }));
     EXPECT_TRUE(WaitUntil([&] { return desk.View(3).LocationName() == u"cookie:a=1"; }));
-    EXPECT_EQ(desk.main->Tabs.PrivacyOf(3), Privacy::Private);
+    EXPECT_EQ(desk.main->Tabs().PrivacyOf(3), Privacy::Private);
 }
 
 } // namespace

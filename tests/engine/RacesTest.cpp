@@ -52,7 +52,7 @@ protected:
 
     Tab& AnyTab() { return *desk.main->pcPage.FindAt(1 + Dice(desk.main->pcPage.Count())); }
 
-    BrowserView& AnyView() { return *desk.main->Browser.Find(AnyTab().Tag)->Control; }
+    BrowserView& AnyView() { return desk.View(AnyTab().Tag); }
 
     void Open() {
         if (desk.main->pcPage.Count() >= kMostTabs) return Close();
@@ -118,7 +118,7 @@ TEST_F(Races, WhateverOvertakesWhatTheProgramLivesOn) {
     ResumeNext(view->Navigate(FromQt(server.Address(QStringLiteral("/plain")))));
     EXPECT_TRUE(WaitUntil([&] { return view->LocationName() == u"Plain"; }));
     for (std::size_t tab = 1; tab <= desk.main->pcPage.Count(); ++tab)
-        EXPECT_TRUE(desk.main->Browser.Find(desk.main->pcPage.FindAt(tab)->Tag));
+        EXPECT_TRUE(desk.main->Tabs().OpenView(desk.main->pcPage.FindAt(tab)->Tag));
 }
 
 TEST_F(Races, TheWindowClosesInTheMidstOfIt) {

@@ -23,8 +23,8 @@ protected:
     SleepingTabs() {
         server.Page(QStringLiteral("/one"), "<title>one</title>1");
         server.Page(QStringLiteral("/two"), "<title>two</title>2");
-        desk.main->Sleep.Now = [this] { return now; };
-        desk.main->Sleep.SetPatience(10min);
+        desk.main->Sleep().Now = [this] { return now; };
+        desk.main->Sleep().SetPatience(10min);
         desk.Open({QStringLiteral("about:blank")});
     }
     /// Tab 2 shows that page, in front.
@@ -54,7 +54,7 @@ protected:
     /// Half an hour goes by, and the program looks who may sleep; whether tab 2 does.
     bool SleepsInTime() {
         now += 30min;
-        desk.main->Sleep.Look();
+        desk.main->Sleep().Look();
         return View().Life()->Asleep();
     }
     bool FallsAsleep() {
@@ -100,17 +100,17 @@ TEST_F(SleepingTabs, SleepAfterTheTimeAndWakeWithTheirHistory) {
     const auto process = View().Life()->Process();
     EXPECT_GT(process, 0);
     now += 10min - 1ms;
-    desk.main->Sleep.Look();
+    desk.main->Sleep().Look();
     EXPECT_FALSE(View().Life()->Asleep());
     now += 1ms;
-    desk.main->Sleep.Look();
+    desk.main->Sleep().Look();
     ASSERT_TRUE(View().Life()->Asleep());
 
     EXPECT_EQ(View().Life()->Process(), 0);
     EXPECT_EQ(ToQt(View().LocationURL()), server.Address(QStringLiteral("/two")));
     EXPECT_EQ(View().LocationName(), u"two");
     EXPECT_EQ(desk.main->pcPage.Find(u"Tab2")->Caption(), u"two");
-    desk.main->Sessions.Write();
+    desk.main->Sessions().Write();
     const auto kept = SessionFromBytes(desk.sessions.own);
     ASSERT_TRUE(kept && kept->Pages.size() == 1);
     EXPECT_EQ(kept->Pages[0], (SessionPage{View().LocationURL(), u"two"}));
@@ -200,7 +200,7 @@ TEST_F(SleepingTabs, ComeBackWithTheirHistoryWhenTheyAreClosedAsleep) {
     Load(QStringLiteral("/two"));
     ASSERT_TRUE(FallsAsleep());
     desk.main->CloseBrowserTab(2);
-    desk.main->Closed.Reopen();
+    desk.main->actBar.UserClick(*desk.main->actBar.Find(u"xtrReopenTab"));
     ASSERT_TRUE(WaitUntil([&] { return desk.View(3).LocationName() == u"two" && !desk.View(3).Busy(); }));
     EXPECT_EQ(desk.View(3).GoBack(), Outcome::Done);
     EXPECT_TRUE(WaitUntil([&] { return desk.View(3).LocationName() == u"one"; }));
@@ -377,7 +377,7 @@ TEST_F(SleepingTabs, AreNoneOfThoseWhoseProcessHasDied) {
 
 TEST_F(SleepingTabs, TheTaskViewEndsAPageThatThenOffersToReload) {
     Load(QStringLiteral("/one"));
-    auto& tasks = desk.main->TaskView;
+    auto& tasks = desk.main->TaskView();
     tasks.Form.Visible = true;
     tasks.Selected = Text(u"Tab2");
     ASSERT_TRUE(tasks.cmdEnd.Enabled());

@@ -52,7 +52,7 @@ TEST_F(TypingOverPages, IsForTheAddressBoxWhenThePageIsBlank) {
 }
 
 TEST_F(TypingOverPages, IsForTheAddressBoxInAPrivateTabToo) {
-    ResumeNext(desk.main->Tabs.GetNewBrowser(InFront::Yes, Privacy::Private)->Navigate(OwnAddresses::kPrivate));
+    ResumeNext(desk.main->GetNewBrowser(InFront::Yes, Privacy::Private)->Navigate(OwnAddresses::kPrivate));
     ASSERT_TRUE(WaitTitle(u"Private tab"));
     FocusPage();
     Type(QStringLiteral("x"));

@@ -175,9 +175,13 @@ public:
 
 class FakeFolderWatch final : public FolderWatch {
 public:
-    void Watch(TextView folder) override { watched.emplace(folder); }
+    void Watch(TextView folder) override {
+        watched.emplace(folder);
+        ++asked;
+    }
     void Unwatch(TextView folder) override { watched.erase(Text(folder)); }
     std::set<Text> watched;
+    int asked = 0; ///< how often it was to watch one
 };
 
 class FakeApplication final : public Application {

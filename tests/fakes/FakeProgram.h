@@ -29,12 +29,15 @@ public:
 class FakeEngineOptions final : public EngineOptions {
 public:
     explicit FakeEngineOptions(FakeLog& log) : m_log(log) {}
-    void ApplyLoadOptions() override {}
+    void ApplyLoadOptions() override {
+        if (applied) applied();
+    }
     void ApplyInternetOptions() override { m_log.Add("internet options"); }
     void Clear(const BrowsingData& data, Forgotten done) override {
         m_log.Add(data.cookies ? "clear cookies" : "clear no cookies");
         done(Cleared::Yes);
     }
+    std::function<void()> applied; ///< what is the case when the load options come into effect
 
 private:
     FakeLog& m_log;

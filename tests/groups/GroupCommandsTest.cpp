@@ -22,7 +22,7 @@ TEST(OpenTessaGroup, ThreeAddressesBesideTwoTabsMakeFiveTheLastSelected) {
     const Group group({"http://a/", "http://b/", "http://c/"});
     Desk desk;
     desk.StartWithTabs(2);
-    desk.main.OpenTessaGroup(group.File());
+    desk.OpenGroup(group.File());
     EXPECT_EQ(desk.Strip(), "1 3 4 [5*] 2");
     EXPECT_EQ(desk.views.Calls(3), "go about:blank, go http://a/");
     EXPECT_EQ(desk.views.Calls(5), "go about:blank, go http://c/");
@@ -35,8 +35,8 @@ TEST(OpenTessaGroup, WithTheOthersClosedFirstTheFirstTabShowsTheFirstAddress) {
     desk.StartWithTabs(4);
     desk.ClickTab(3);
     desk.views.Calls(1);
-    desk.main.TGCloseOthersFirst = true;
-    desk.main.OpenTessaGroup(group.File());
+    desk.Set(u"TGCloseOthersFirst", u"true");
+    desk.OpenGroup(group.File());
     EXPECT_EQ(desk.Strip(), "1 5 [6*]");
     EXPECT_EQ(desk.views.Calls(1), "go about:blank, go http://a/");
     EXPECT_TRUE(desk.messages.asked.empty());
@@ -47,8 +47,8 @@ TEST(OpenTessaGroup, AnEmptyGroupWithTheOthersClosedFirstLeavesABlankTab) {
     Desk desk;
     desk.StartWithTabs(3);
     desk.views.Calls(1);
-    desk.main.TGCloseOthersFirst = true;
-    desk.main.OpenTessaGroup(group.File());
+    desk.Set(u"TGCloseOthersFirst", u"true");
+    desk.OpenGroup(group.File());
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.views.Calls(1), "go about:blank");
 }
@@ -56,7 +56,7 @@ TEST(OpenTessaGroup, AnEmptyGroupWithTheOthersClosedFirstLeavesABlankTab) {
 TEST(OpenTessaGroup, AMissingFileOpensNothing) {
     Desk desk;
     desk.StartWithTabs(2);
-    desk.main.OpenTessaGroup(u"/nowhere/group.tvg");
+    desk.OpenGroup(u"/nowhere/group.tvg");
     EXPECT_EQ(desk.Strip(), "[1*] 2");
 }
 
@@ -64,7 +64,7 @@ TEST(OpenTessaGroup, AnEmptyAddressIsNavigatedAsItStands) {
     const Group group({"", "http://b/"});
     Desk desk;
     desk.Start();
-    desk.main.OpenTessaGroup(group.File());
+    desk.OpenGroup(group.File());
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go ");
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
 }
@@ -83,8 +83,8 @@ TEST(OpenTessaGroup, SeveralGroupsOpenAsOne) {
     const Group two({"http://c/"});
     Desk desk;
     desk.StartWithTabs(3);
-    desk.main.TGCloseOthersFirst = true;
-    desk.main.Groups.OpenTessaGroups({one.File(), two.File()});
+    desk.Set(u"TGCloseOthersFirst", u"true");
+    desk.OpenGroups({one.File(), two.File()});
     EXPECT_EQ(desk.Strip(), "1 4 [5*]");
     EXPECT_EQ(desk.views.Calls(5), "go about:blank, go http://c/");
 }
@@ -92,7 +92,7 @@ TEST(OpenTessaGroup, SeveralGroupsOpenAsOne) {
 TEST(OpenTessaGroup, AGroupThatCannotBeReadIsNamedInTheStatusBar) {
     Desk desk;
     desk.StartWithTabs(1);
-    desk.main.OpenTessaGroup(u"/nowhere/News.tvg");
+    desk.OpenGroup(u"/nowhere/News.tvg");
     EXPECT_EQ(desk.Said(), "The TessaGroup News could not be read.");
 }
 
@@ -103,10 +103,10 @@ struct ManyPages : testing::Test {
         std::vector<std::string> addresses(count);
         for (std::size_t i = 0; i < count; ++i) addresses[i] = "http://" + std::to_string(i + 2) + "/";
         const Group group(addresses);
-        desk.main.OpenTessaGroup(group.File());
+        desk.OpenGroup(group.File());
     }
     void Loads(int index) { desk.PageLoads(index, u"http://x/", u"x"); }
-    [[nodiscard]] bool StopOffered() const { return desk.main.sbStatus.StopAll.Visible(); }
+    [[nodiscard]] bool StopOffered() const { return desk.OffersStopAll(); }
     Desk desk;
 };
 
@@ -145,17 +145,17 @@ TEST_F(ManyPages, AClosedTabIsNotWaitedFor) {
     Open(5);
     for (int index = 2; index < 6; ++index) Loads(index);
     EXPECT_TRUE(StopOffered());
-    desk.main.CloseBrowserTab(6);
+    desk.Close(6);
     EXPECT_FALSE(StopOffered());
 }
 
 TEST_F(ManyPages, TheFirstTabIsNotWaitedForEitherOnceItIsClosed) {
     const Group group({"http://a/", "http://b/", "http://c/", "http://d/", "http://e/"});
     desk.StartWithTabs(2);
-    desk.main.Groups.TGCloseOthersFirst = true;
-    desk.main.OpenTessaGroup(group.File());
+    desk.Set(u"TGCloseOthersFirst", u"true");
+    desk.OpenGroup(group.File());
     EXPECT_EQ(desk.Strip(), "1 3 4 5 [6*]");
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     for (int index = 3; index <= 6; ++index) Loads(index);
     EXPECT_EQ(desk.Status(), "5 of 5 pages loaded");
     EXPECT_FALSE(StopOffered());
@@ -165,20 +165,20 @@ TEST_F(ManyPages, PagesOfASecondGroupAreAddedWhileTheFirstLoads) {
     Open(5);
     Loads(2);
     const Group second({"http://a/", "http://b/"});
-    desk.main.OpenTessaGroup(second.File());
+    desk.OpenGroup(second.File());
     EXPECT_EQ(desk.Status(), "1 of 7 pages loaded");
     for (int index = 3; index < 9; ++index) Loads(index);
     EXPECT_EQ(desk.Status(), "7 of 7 pages loaded");
-    desk.main.sbStatus.SimpleText = u"";
-    desk.main.OpenTessaGroup(second.File());
+    desk.EmptyStatus();
+    desk.OpenGroup(second.File());
     EXPECT_EQ(desk.Status(), "") << "the two are counted anew";
 }
 
 TEST_F(ManyPages, ThePageInTheSelectedTabCountsToo) {
     const Group group({"http://a/", "http://b/", "http://c/", "http://d/", "http://e/"});
     desk.StartWithTabs(2);
-    desk.main.TGCloseOthersFirst = true;
-    desk.main.OpenTessaGroup(group.File());
+    desk.Set(u"TGCloseOthersFirst", u"true");
+    desk.OpenGroup(group.File());
     EXPECT_EQ(desk.Status(), "0 of 5 pages loaded");
     desk.PageLoads(1, u"http://a/", u"A");
     EXPECT_EQ(desk.Status(), "1 of 5 pages loaded");
@@ -189,13 +189,13 @@ TEST_F(ManyPages, StopAllStopsEveryPageAndNamesThoseThatHadNotBegun) {
     Loads(2);
     for (int index = 1; index <= 6; ++index) desk.views.Calls(index);
     desk.views.At(4).location = u"http://4/";
-    desk.main.sbStatus.StopAll.Click();
+    desk.StopAll();
     EXPECT_EQ(desk.Status(), "Stopped: 1 of 5 pages loaded");
     for (int index = 1; index <= 6; ++index) EXPECT_EQ(desk.views.Calls(index), "stop") << index;
     EXPECT_FALSE(StopOffered());
-    EXPECT_EQ(desk.main.pcPage.Find(u"Tab2")->Caption(), u"x");
-    EXPECT_EQ(desk.main.pcPage.Find(u"Tab4")->Caption(), u"http://4/");
-    desk.main.sbStatus.SimpleText = u"";
+    EXPECT_EQ(desk.TabOf(2).Caption(), u"x");
+    EXPECT_EQ(desk.TabOf(4).Caption(), u"http://4/");
+    desk.EmptyStatus();
     Loads(3);
     EXPECT_EQ(desk.Status(), "") << "nothing is counted any more";
 }
@@ -206,7 +206,7 @@ TEST_F(ManyPages, PagesThatSayThatTheyAreDoneBecauseTheyWereStoppedAreNotCounted
         desk.views.At(index).stopped = [this, index] {
             desk.views.At(index).events.DocumentComplete(static_cast<std::int16_t>(index), PageLevel::Top, u"");
         };
-    desk.main.Groups.StopAll();
+    desk.StopAll();
     EXPECT_EQ(desk.Status(), "Stopped: 0 of 6 pages loaded");
 }
 
@@ -231,31 +231,31 @@ TEST_F(GroupMenu, AddWritesTheCurrentPageBehindTheOthers) {
     Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
     desk.StartWithTabs(2);
     desk.views.At(1).location = u"http://page/";
-    desk.main.Commands.groupsMenuStale = false;
+    desk.OpenMenu(u"bndTessaGroupsMenu");
     Click(u"mnuAddToTessaGroup", "News.tvg");
     EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\nurl3=http://page/\r\n");
     EXPECT_EQ(desk.Said(), "Added to the TessaGroup News.");
-    EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
+    EXPECT_TRUE(desk.Renews(u"bndTessaGroupsMenu"));
 }
 
 TEST_F(GroupMenu, AddMakesAMissingGroup) {
     desk.Start();
-    desk.main.AddToTessaGroup(u"http://page/", PathText("new.tvg"));
+    desk.AddToGroup(u"http://page/", PathText("new.tvg"));
     EXPECT_EQ(Read("new.tvg"), "[TessaGroup]\r\nurl1=http://page/\r\n");
 }
 
 TEST_F(GroupMenu, AddCountsTheAddressesAndReplacesOneInAGroupWithGaps_Deliberate) {
     Write("gap.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl3=http://c/\r\n");
-    desk.main.AddToTessaGroup(u"http://page/", PathText("gap.tvg"));
+    desk.AddToGroup(u"http://page/", PathText("gap.tvg"));
     EXPECT_EQ(Read("gap.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl3=http://page/\r\n");
     Write("edited.tvg", "[TessaGroup]\r\nurl0=http://a/\r\nurl1=http://b/\r\n");
-    desk.main.AddToTessaGroup(u"http://page/", PathText("edited.tvg"));
+    desk.AddToGroup(u"http://page/", PathText("edited.tvg"));
     EXPECT_EQ(Read("edited.tvg"), "[TessaGroup]\r\nurl0=http://a/\r\nurl1=http://b/\r\nurl3=http://page/\r\n");
 }
 
 TEST_F(GroupMenu, AddKeepsWhatElseTheFileHas) {
     Write("mine.tvg", "; mine\n[x]\ny=1\n[TessaGroup]\nurl1=http://a/\n\n[z]\nw=2\n");
-    desk.main.AddToTessaGroup(u"http://page/", PathText("mine.tvg"));
+    desk.AddToGroup(u"http://page/", PathText("mine.tvg"));
     EXPECT_EQ(Read("mine.tvg"), "; mine\n[x]\ny=1\n[TessaGroup]\nurl1=http://a/\nurl2=http://page/\r\n\n[z]\nw=2\n");
 }
 
@@ -266,7 +266,7 @@ TEST_F(GroupMenu, AFullDiskLeavesTheGroupAndIsSaidInTheStatusBar) {
     desk.StartWithTabs(2);
     {
         const FullDisk full;
-        desk.main.AddToTessaGroup(u"http://page/", PathText("News.tvg"));
+        desk.AddToGroup(u"http://page/", PathText("News.tvg"));
     }
     EXPECT_EQ(desk.Said(), "The TessaGroup News could not be written.");
     EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n");
@@ -280,9 +280,9 @@ TEST_F(GroupMenu, AFileFarTooLongForAGroupIsReadInPartAndNeverCut) {
     constexpr std::uintmax_t kTerabyte = std::uintmax_t{1} << 40;
     std::filesystem::resize_file(Path("Huge.tvg"), kTerabyte);
     desk.StartWithTabs(1);
-    desk.main.OpenTessaGroup(PathText("Huge.tvg"));
+    desk.OpenGroup(PathText("Huge.tvg"));
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go http://a/");
-    desk.main.AddToTessaGroup(u"http://page/", PathText("Huge.tvg"));
+    desk.AddToGroup(u"http://page/", PathText("Huge.tvg"));
     EXPECT_EQ(desk.Said(), "The TessaGroup Huge could not be written.");
     EXPECT_EQ(std::filesystem::file_size(Path("Huge.tvg")), kTerabyte);
 }
@@ -301,18 +301,18 @@ TEST_F(GroupMenu, SaveWritesAllTabs) {
 TEST_F(GroupMenu, ASaveThatWasDeclinedSaysNothing) {
     Write("News.tvg", "old");
     desk.StartWithTabs(1);
-    desk.main.sbStatus.SimpleText = u"before";
+    const std::string before = desk.Said() + desk.Status();
     desk.messages.answer = Answer::No;
     Click(u"mnuSaveAsTessaGroup", "News.tvg");
     EXPECT_EQ(Read("News.tvg"), "old");
-    EXPECT_EQ(desk.Status(), "before");
+    EXPECT_EQ(desk.Said() + desk.Status(), before);
 }
 
 TEST_F(GroupMenu, OfPrivateTabsAloneThatAreNotToBeSavedThereIsNothingToSave) {
     Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\n");
     desk.StartWithTabs(1);
     desk.Click(u"xtrPrivateTab");
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     EXPECT_EQ(desk.Strip(), "[2*]");
     desk.messages.answer = Answer::Yes;
     desk.messages.whileOpen = [this] {

@@ -1,10 +1,11 @@
 #include "groups/TessaGroups.h"
-#include "tests/Desk.h"
+#include "tests/fakes/BareTabs.h"
 #include "tests/fakes/FullDisk.h"
 #include "tests/fakes/System.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <filesystem>
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -18,14 +19,14 @@ struct SaveTabs : testing::Test, TemporaryFolder {
         for (int i = 1; i <= count; ++i) desk.views.At(i).location = u"http://" + Decimal(i) + u"/";
     }
     TessaGroups::Saved Save(const std::string& name) {
-        return TessaGroups::SaveOpenTabs(PathText(name), desk.main.pcPage, desk.main.Browser, desk.messages);
+        return TessaGroups::SaveOpenTabs(PathText(name), desk.pcPage, desk.Browser, desk.messages);
     }
-    Desk desk;
+    BareTabs desk;
 };
 
 TEST_F(SaveTabs, WritesTheTabsInTheOrderOfTheStripFromOne) {
     Open(3);
-    desk.main.pcPage.Move(desk.main.pcPage.FindAt(3), 1);
+    desk.MoveTab(3, 1);
     EXPECT_EQ(Save("a.tvg"), TessaGroups::Saved::Yes);
     EXPECT_EQ(Read("a.tvg"), "[TessaGroup]\r\nurl1=http://3/\r\nurl2=http://1/\r\nurl3=http://2/\r\n");
     EXPECT_TRUE(desk.messages.asked.empty());
@@ -67,14 +68,14 @@ TEST_F(SaveTabs, SavesTheTabsAsTheyAreWhenTheQuestionIsAnswered) {
     Open(3);
     Write("a.tvg", "");
     desk.messages.answer = Answer::Yes;
-    desk.messages.whileOpen = [this] { desk.main.CloseBrowserTab(2); };
+    desk.messages.whileOpen = [this] { desk.Close(2); };
     EXPECT_EQ(Save("a.tvg"), TessaGroups::Saved::Yes);
     EXPECT_EQ(Read("a.tvg"), "[TessaGroup]\r\nurl1=http://1/\r\nurl2=http://3/\r\n");
 }
 
 TEST_F(SaveTabs, ATabWithoutAViewLeavesItsNumberOut) {
     Open(3);
-    desk.main.Browser.Unload(2);
+    desk.Browser.Unload(2);
     EXPECT_EQ(Save("a.tvg"), TessaGroups::Saved::Yes);
     EXPECT_EQ(Read("a.tvg"), "[TessaGroup]\r\nurl1=http://1/\r\nurl3=http://3/\r\n");
 }
@@ -105,8 +106,7 @@ TEST_F(SaveTabs, AFolderAPipeOrAFileForReadingOnlyIsNotReplaced) {
     EXPECT_EQ(Save("read.tvg"), TessaGroups::Saved::Failed);
     EXPECT_EQ(Read("read.tvg"), "old");
     EXPECT_EQ(Save("missing/a.tvg"), TessaGroups::Saved::Failed);
-    EXPECT_EQ(TessaGroups::SaveOpenTabs(u"", desk.main.pcPage, desk.main.Browser, desk.messages),
-              TessaGroups::Saved::Failed);
+    EXPECT_EQ(TessaGroups::SaveOpenTabs(u"", desk.pcPage, desk.Browser, desk.messages), TessaGroups::Saved::Failed);
 }
 
 TEST_F(SaveTabs, ALinkGoesOnLeadingToTheGroup) {
@@ -141,8 +141,8 @@ TEST_F(SaveTabs, ReadsBackWhatItWrote) {
 
 TEST_F(SaveTabs, WithNothingToSaveTheOldGroupStaysAsItWas) {
     Open(1);
-    desk.Click(u"xtrPrivateTab");
-    desk.main.CloseBrowserTab(1);
+    desk.tabs.GetNewBrowser(InFront::Yes, Privacy::Private);
+    desk.Close(1);
     Write("a.tvg", "[TessaGroup]\r\nurl1=http://old/\r\n");
     desk.messages.answer = Answer::Yes;
     desk.messages.whileOpen = [this] {
@@ -157,7 +157,7 @@ TEST_F(SaveTabs, WithNothingToSaveTheOldGroupStaysAsItWas) {
 
 TEST_F(SaveTabs, YesToOverwriteAndCancelForThePrivateTabsLeavesTheOldGroup) {
     Open(2);
-    desk.main.Browser.Find(2)->Privacy = Privacy::Private;
+    desk.Browser.Find(2)->Privacy = Privacy::Private;
     Write("a.tvg", "[TessaGroup]\r\nurl1=http://old/\r\n");
     desk.messages.answer = Answer::Yes;
     desk.messages.whileOpen = [this] {

@@ -6,9 +6,9 @@ namespace {
 class JournalDesk : public Desk {
 public:
     JournalDesk() {
-        main.Sessions.Schedule.ConnectForLife([this] { ++scheduled; });
+        journal.Schedule.ConnectForLife([this] { ++scheduled; });
         clock.now = 1000;
-        main.Sessions.Say.ConnectForLife([this](TextView message) { said.emplace_back(message); });
+        journal.Say.ConnectForLife([this](TextView message) { said.emplace_back(message); });
     }
     /// The pages that were written last, "*" behind the one in front.
     [[nodiscard]] std::string Written() const { return Shown(sessions.own); }
@@ -17,6 +17,18 @@ public:
         return SessionFromBytes(sessions.earlier[i].Bytes);
     }
 
+    // What its program and the list of earlier sessions do with the journal.
+    void Reopen(TextView id) { journal.Reopen(id); }
+    void Dismiss(TextView id) { journal.Settle(id); }
+    void Forget(TextView id) { journal.Forget(id); }
+    /// The session that is offered; empty for none.
+    [[nodiscard]] Text Offered() {
+        journal.OfferBy(offer);
+        return offer.offered;
+    }
+    [[nodiscard]] std::size_t CountEarlier() const { return journal.Earlier().size(); }
+
+    SessionJournal& journal = main.Sessions();
     int scheduled = 0;
     std::vector<Text> said;
 
@@ -39,7 +51,7 @@ TEST(SessionJournal, SchedulesOneWriteForManyChanges) {
     JournalDesk desk;
     desk.StartWithTabs(3);
     EXPECT_EQ(desk.scheduled, 1);
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     desk.PageLoads(2, u"http://two/", u"Two");
     desk.PageLoads(3, u"http://three/", u"Three");
     EXPECT_EQ(desk.scheduled, 2);
@@ -52,7 +64,7 @@ TEST(SessionJournal, WritesTheAddressesAndTitlesInTheOrderOfTheTabs) {
     desk.PageLoads(2, u"about:blank", u"");
     desk.PageLoads(3, u"http://three/", u"Three");
     desk.ClickTab(3);
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_EQ(desk.Written(), "http://one/ http://three/*");
     const auto session = SessionFromBytes(desk.sessions.own);
     EXPECT_EQ(session->Time, 1000);
@@ -64,10 +76,10 @@ TEST(SessionJournal, NothingIsWrittenTwice) {
     JournalDesk desk;
     desk.StartWithTabs(1);
     desk.PageLoads(1, u"http://one/", u"One");
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     const int writes = desk.sessions.writes;
     desk.clock.now = 2000;
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_EQ(desk.sessions.writes, writes);
 }
 
@@ -75,9 +87,9 @@ TEST(SessionJournal, ASessionWithoutPagesIsRemoved) {
     JournalDesk desk;
     desk.StartWithTabs(1);
     desk.PageLoads(1, u"http://one/", u"One");
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     desk.PageLoads(1, u"about:blank", u"");
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_EQ(desk.sessions.own, "");
 }
 
@@ -85,7 +97,7 @@ TEST(SessionJournal, ClosingTheWindowEndsTheSessionWell) {
     JournalDesk desk;
     desk.StartWithTabs(1);
     desk.PageLoads(1, u"http://one/", u"One");
-    desk.main.Form_Unload();
+    desk.Unload();
     const auto session = SessionFromBytes(desk.sessions.own);
     ASSERT_TRUE(session);
     EXPECT_TRUE(session->Ended);
@@ -96,8 +108,8 @@ TEST(SessionJournal, AWriteThatComesTooLateLeavesTheEndedSessionAlone) {
     JournalDesk desk;
     desk.StartWithTabs(2);
     desk.PageLoads(1, u"http://one/", u"One");
-    desk.main.Form_Unload();
-    desk.main.Sessions.Write();
+    desk.Unload();
+    desk.WriteSession();
     EXPECT_EQ(desk.Written(), "http://one/*");
     EXPECT_TRUE(SessionFromBytes(desk.sessions.own)->Ended);
 }
@@ -108,7 +120,7 @@ TEST(SessionJournal, AFailingDiskDisturbsNobody) {
     desk.StartWithTabs(1);
     desk.PageLoads(1, u"http://one/", u"One");
     desk.ExpectSkipped(1);
-    desk.main.Sessions.Write();
+    desk.WriteSession();
 }
 
 TEST(SessionJournal, WhatCouldNotBeWrittenIsTriedAgainWithoutAChangeOfTabs) {
@@ -119,14 +131,14 @@ TEST(SessionJournal, WhatCouldNotBeWrittenIsTriedAgainWithoutAChangeOfTabs) {
     desk.ExpectSkipped(3);
     for (int write = 1; write <= 3; ++write) {
         desk.scheduled = 0;
-        desk.main.Sessions.Write();
+        desk.WriteSession();
         EXPECT_EQ(desk.scheduled, 1) << write;
     }
     EXPECT_EQ(desk.said, std::vector<Text>{u"The open pages could not be written down: a crash would lose them."});
     EXPECT_EQ(desk.Written(), "(none)");
     desk.sessions.refuses = false;
     desk.scheduled = 0;
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_EQ(desk.Written(), "http://one/*");
     EXPECT_EQ(desk.scheduled, 0) << "there is nothing left to try";
 }
@@ -138,9 +150,9 @@ TEST(SessionJournal, ASecondTroubleIsSaidAgain) {
     for (const TextView address : {u"http://one/", u"http://two/"}) {
         desk.PageLoads(1, address, u"Title");
         desk.sessions.refuses = true;
-        desk.main.Sessions.Write();
+        desk.WriteSession();
         desk.sessions.refuses = false;
-        desk.main.Sessions.Write();
+        desk.WriteSession();
     }
     EXPECT_EQ(desk.said.size(), 2U);
 }
@@ -150,14 +162,14 @@ TEST(SessionJournal, AWriteThatFailsLateIsTriedAgainToo) {
     desk.StartWithTabs(1);
     desk.PageLoads(1, u"http://one/", u"One");
     desk.sessions.slow = true;
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     desk.scheduled = 0;
     desk.sessions.refuses = true;
     desk.ExpectSkipped(1);
     desk.sessions.Arrive();
     EXPECT_EQ(desk.scheduled, 1);
     desk.sessions.refuses = false;
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     desk.sessions.Arrive();
     EXPECT_EQ(desk.Written(), "http://one/*");
 }
@@ -173,20 +185,19 @@ TEST(SessionJournal, OffersTheNewestSessionThatEndedBadly) {
     desk.Keep(Crashed({}), u"c");
     desk.Keep(Crashed({{u"http://newer/", u""}}), u"b");
     desk.Keep(Crashed({{u"http://older/", u""}}), u"a");
-    ASSERT_TRUE(desk.main.Sessions.ToOffer());
-    EXPECT_EQ(desk.main.Sessions.ToOffer()->first, u"b");
-    desk.main.Sessions.Settle(u"b");
-    EXPECT_EQ(desk.main.Sessions.ToOffer()->first, u"a") << "two crashes in a row lose nothing";
-    desk.main.Sessions.Settle(u"a");
-    EXPECT_FALSE(desk.main.Sessions.ToOffer());
-    EXPECT_EQ(desk.main.Sessions.Earlier().size(), 5U) << "settled sessions are still kept";
+    EXPECT_EQ(desk.Offered(), u"b");
+    desk.Dismiss(u"b");
+    EXPECT_EQ(desk.Offered(), u"a") << "two crashes in a row lose nothing";
+    desk.Dismiss(u"a");
+    EXPECT_EQ(desk.Offered(), u"");
+    EXPECT_EQ(desk.CountEarlier(), 5U) << "settled sessions are still kept";
 }
 
 TEST(SessionJournal, ReopensAllPagesWithTheRightOneInFront) {
     JournalDesk desk;
     desk.Keep(Crashed({{u"http://a/", u"A"}, {u"http://b/", u"B"}, {u"http://c/", u"C"}}, 2), u"x");
     desk.StartWithTabs(1);
-    desk.main.Sessions.Reopen(u"x");
+    desk.Reopen(u"x");
     EXPECT_EQ(desk.Strip(), "1 2 [3*] 4");
     EXPECT_EQ(desk.views.At(2).location, u"http://a/");
     EXPECT_EQ(desk.views.At(4).location, u"http://c/");
@@ -200,7 +211,7 @@ TEST(SessionJournal, CountsTheTabsThatShowNothing) {
     desk.PageLoads(2, u"about:blank", u"");
     desk.PageLoads(3, u"tessaview:start", u"Home");
     desk.PageLoads(4, u"about:blank", u"");
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_EQ(SessionFromBytes(desk.sessions.own)->Blanks, 2U);
 }
 
@@ -210,10 +221,10 @@ TEST(SessionJournal, ReopenedPagesTakeThePlaceOfUntouchedOnesThatCameBack) {
     desk.Keep(Crashed({{u"http://a/", u"A"}, {u"http://b/", u"B"}}, 1), u"x");
     desk.Start();
     desk.PageLoads(1, u"http://one/", u"One");
-    desk.main.Sessions.Reopen(u"x");
+    desk.Reopen(u"x");
     EXPECT_EQ(desk.Strip(), "[3*] 4");
-    desk.main.Closed.Reopen();
-    EXPECT_EQ(desk.main.pcPage.Count(), 4U) << "what gave way comes back together";
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.CountTabs(), 4U) << "what gave way comes back together";
 }
 
 TEST(SessionJournal, PagesThatCameBackAndWereTouchedStay) {
@@ -223,11 +234,11 @@ TEST(SessionJournal, PagesThatCameBackAndWereTouchedStay) {
     desk.Start();
     for (const int each : {1, 2, 3, 4, 5}) desk.PageLoads(each, u"http://" + Decimal(each) + u"/", Decimal(each));
     desk.views.At(1).mayHold = true;
-    desk.main.Browser.Find(2)->ForwardFlag = 1;
+    desk.PageMayGo(2, HistoryCommand::NavigateForward, true);
     desk.PageLoads(3, u"http://elsewhere/", u"3");
-    desk.main.Browser.Find(3)->Tag = u"1";
-    desk.main.Events.BeforeNavigate2(4, PageLevel::Top, u"http://soon/");
-    desk.main.Sessions.Reopen(u"x");
+    desk.PageMayGo(3, HistoryCommand::NavigateBack, true);
+    desk.PageBegins(4, u"http://soon/");
+    desk.Reopen(u"x");
     EXPECT_EQ(desk.Strip(), "1 2 3 4 [6*]");
 }
 
@@ -237,9 +248,9 @@ TEST(SessionJournal, APageThatItsSiteHasSentOnIsUntouched) {
     desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
     desk.Start();
     desk.PageLoads(1, u"https://www.1/", u"1");
-    desk.main.actBar.NoteTyped();
+    desk.Bar().NoteTyped();
     desk.PageLoads(2, u"http://other/", u"2");
-    desk.main.Sessions.Reopen(u"x");
+    desk.Reopen(u"x");
     EXPECT_EQ(desk.Strip(), "[3*] 2") << "what was typed before the page came is the user's";
 }
 
@@ -248,9 +259,9 @@ TEST(SessionJournal, NothingGivesWayWhenNothingOpensOrTheListOpensIt) {
     desk.settings.PutList(u"LastSites", {u"http://1/", u"http://2/"});
     desk.Keep(Crashed({{u"javascript:1", u"A"}}), u"x");
     desk.Start();
-    desk.main.Sessions.Reopen(u"x");
+    desk.Reopen(u"x");
     EXPECT_EQ(desk.Strip(), "1 [2*]");
-    desk.main.Sessions.OpenAndSettle({{u"http://a/", u"A"}}, 1, u"y");
+    desk.journal.OpenAndSettle({{u"http://a/", u"A"}}, 1, u"y");
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
 }
 
@@ -260,12 +271,12 @@ TEST(SessionJournal, AReopenedSessionIsSettledOnlyWhenItsPagesAreWrittenDown) {
     desk.StartWithTabs(1);
     desk.sessions.refuses = true;
     desk.ExpectSkipped(2);
-    desk.main.Sessions.Reopen(u"x");
+    desk.Reopen(u"x");
     EXPECT_FALSE(desk.Kept(0)->Settled) << "a crash now would lose its pages";
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_FALSE(desk.Kept(0)->Settled);
     desk.sessions.refuses = false;
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_EQ(desk.Written(), "home: http://a/*");
     EXPECT_TRUE(desk.Kept(0)->Settled);
 }
@@ -276,11 +287,11 @@ TEST(SessionJournal, AReopenedSessionIsNotSettledByAWriteThatBeganBefore) {
     desk.StartWithTabs(1);
     desk.PageLoads(1, u"http://one/", u"One");
     desk.sessions.slow = true;
-    desk.main.Sessions.Write();
-    ASSERT_TRUE(desk.main.Sessions.ToOffer());
-    desk.main.Sessions.Reopen(u"x");
+    desk.WriteSession();
+    ASSERT_EQ(desk.Offered(), u"x");
+    desk.Reopen(u"x");
     EXPECT_FALSE(desk.Kept(0)->Settled);
-    EXPECT_FALSE(desk.main.Sessions.ToOffer()) << "the user has answered, whenever the disk hears of it";
+    EXPECT_EQ(desk.Offered(), u"") << "the user has answered, whenever the disk hears of it";
     desk.sessions.Arrive();
     EXPECT_EQ(desk.Written(), "http://one/ http://a/*");
     EXPECT_TRUE(desk.Kept(0)->Settled);
@@ -292,14 +303,14 @@ TEST(SessionJournal, AnEarlierSessionThatCannotBeSettledIsSaidOnceAndTriedWithTh
     desk.StartWithTabs(1);
     desk.sessions.refusesRewrite = true;
     desk.ExpectSkipped(2);
-    desk.main.Sessions.Reopen(u"x");
-    desk.main.Sessions.Write();
+    desk.Reopen(u"x");
+    desk.WriteSession();
     EXPECT_EQ(desk.said, std::vector<Text>{u"An earlier session could not be changed and may be offered again."});
     desk.sessions.refusesRewrite = false;
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_TRUE(desk.Kept(0)->Settled);
     const int writes = desk.sessions.writes;
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_EQ(desk.sessions.writes, writes);
 }
 
@@ -307,8 +318,8 @@ TEST(SessionJournal, AnUnknownSessionChangesNothing) {
     JournalDesk desk;
     desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
     desk.StartWithTabs(1);
-    desk.main.Sessions.Reopen(u"y");
-    desk.main.Sessions.Settle(u"y");
+    desk.Reopen(u"y");
+    desk.Dismiss(u"y");
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_FALSE(desk.Kept(0)->Settled);
 }
@@ -316,16 +327,16 @@ TEST(SessionJournal, AnUnknownSessionChangesNothing) {
 TEST(SessionJournal, AForgottenSessionIsGone) {
     JournalDesk desk;
     desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
-    desk.main.Sessions.Forget(u"x");
-    EXPECT_TRUE(desk.main.Sessions.Earlier().empty());
+    desk.Forget(u"x");
+    EXPECT_EQ(desk.CountEarlier(), 0U);
 }
 
 TEST(SessionJournal, ASessionThatCannotBeReadIsPassedOver) {
     JournalDesk desk;
     desk.sessions.earlier.push_back({u"bad", "garbage"});
     desk.Keep(Crashed({{u"http://a/", u"A"}}), u"x");
-    EXPECT_EQ(desk.main.Sessions.ToOffer()->first, u"x");
-    EXPECT_EQ(desk.main.Sessions.Earlier().size(), 1U);
+    EXPECT_EQ(desk.Offered(), u"x");
+    EXPECT_EQ(desk.CountEarlier(), 1U);
 }
 
 } // namespace

@@ -189,7 +189,7 @@ protected:
     frmSessionsSaving() {
         desk.Keep(u"a", Ended(kThree, 2));
         desk.Start();
-        desk.main.Commands.groupsMenuStale = false;
+        desk.OpenMenu(u"bndTessaGroupsMenu");
     }
     [[nodiscard]] std::string Group(const std::string& name) const {
         std::string all;
@@ -211,7 +211,7 @@ TEST_F(frmSessionsSaving, TheTickedPagesBecomeATessaGroup) {
         EXPECT_EQ(form.lblMessage.Caption(), u"The TessaGroup has been saved.");
     });
     EXPECT_EQ(Group("news.tvg"), "http://two/ http://three/");
-    EXPECT_TRUE(desk.main.Commands.groupsMenuStale);
+    EXPECT_TRUE(desk.Renews(u"bndTessaGroupsMenu"));
     EXPECT_EQ(desk.files.last.InitDir, u"/groups/");
 }
 
@@ -220,7 +220,7 @@ TEST_F(frmSessionsSaving, CancellingSavesNothing) {
         form.cmdSave.Click();
         EXPECT_EQ(form.lblMessage.Caption(), u"");
     });
-    EXPECT_FALSE(desk.main.Commands.groupsMenuStale);
+    EXPECT_FALSE(desk.Renews(u"bndTessaGroupsMenu"));
 }
 
 TEST_F(frmSessionsSaving, AnExistingGroupIsReplacedOnlyAfterYes) {
@@ -244,7 +244,7 @@ TEST_F(frmSessionsSaving, AGroupThatCannotBeWrittenIsReported) {
         form.cmdSave.Click();
         EXPECT_EQ(form.lblMessage.Caption(), u"The TessaGroup could not be saved.");
     });
-    EXPECT_FALSE(desk.main.Commands.groupsMenuStale);
+    EXPECT_FALSE(desk.Renews(u"bndTessaGroupsMenu"));
 }
 
 } // namespace

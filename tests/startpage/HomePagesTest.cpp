@@ -14,7 +14,7 @@ protected:
         m_desk.PageLoads(2, u"http://a/", u"A");
         for (const int index : {1, 2, 3}) m_desk.views.Calls(index);
     }
-    HomePages::Shown Refresh() { return HomePages::Refresh(m_desk.main.pcPage, m_desk.main.Browser); }
+    HomePages::Shown Refresh() { return m_desk.main.RefreshHomePages(); }
     /// What was asked of the views: "1:refresh 2: 3:refresh".
     std::string Calls() {
         std::string all;

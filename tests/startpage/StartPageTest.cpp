@@ -165,10 +165,10 @@ TEST(StartPage, ItsFieldSearchesInTheCurrentTab) {
     Desk desk;
     desk.StartWithTabs(1);
     desk.views.Calls(1);
-    desk.main.OpenStartLink("tessaview:search?words=a%26b+%2B+%D1%8F");
+    desk.FollowStartLink("tessaview:search?words=a%26b+%2B+%D1%8F");
     EXPECT_EQ(desk.views.Calls(1), "go https://search.tessaview.example/d/search/p/tessaview/?Keywords=a&b + я");
     for (const char* link : {"tessaview:search?words=%FF", "tessaview:search", "https://a/tessaview:search?words=b"})
-        desk.main.OpenStartLink(link);
+        desk.FollowStartLink(link);
     EXPECT_EQ(desk.views.Calls(1), "");
     EXPECT_EQ(desk.Strip(), "[1*]");
 }
@@ -176,18 +176,17 @@ TEST(StartPage, ItsFieldSearchesInTheCurrentTab) {
 TEST(StartPage, ItsLinkOpensTheGroupOfThatNameInTheFolder) {
     const TemporaryFolder folder;
     folder.Write("News & more.tvg", "[TessaGroup]\nurl1=http://one/\nurl2=http://two/\n");
-    Desk desk;
-    desk.main.Platform.groupFolder = folder.PathText("");
+    Desk desk({.groupFolder = folder.PathText("")});
     desk.Start();
-    desk.main.OpenStartLink("tessaview:group?News%20%26%20more");
+    desk.FollowStartLink("tessaview:group?News%20%26%20more");
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
     EXPECT_EQ(desk.views.At(3).location, u"http://two/");
     folder.Write("b\xFC.tvg", "[TessaGroup]\nurl1=http://three/\n");
-    desk.main.OpenStartLink("tessaview:group?b%FC");
+    desk.FollowStartLink("tessaview:group?b%FC");
     EXPECT_EQ(desk.views.At(4).location, u"http://three/");
     for (const char* link :
          {"tessaview:group?none", "tessaview:group?..%2Fetc%2Fpasswd", "tessaview:start", "http://a/"})
-        desk.main.OpenStartLink(link);
+        desk.FollowStartLink(link);
     EXPECT_EQ(desk.Strip(), "1 2 3 [4*]");
 }
 

@@ -14,15 +14,13 @@ protected:
         desk.PageLoads(1, kSite, u"Site");
     }
 
-    [[nodiscard]] const BoxSign& Sign() const { return desk.main.Tabs.AddressCombo()->Sign(); }
+    [[nodiscard]] const BoxSign& Sign() const { return desk.Combo(u"cboAddress").Sign(); }
     /// "text: picture", as the box shows them side by side.
     [[nodiscard]] std::string Box() const {
-        const auto& box = *desk.main.Tabs.AddressCombo();
+        const auto& box = desk.Combo(u"cboAddress");
         return ToUtf8(box.Value()) + ": " + ToUtf8(box.SignBeside(box.Value()).Image.Name);
     }
-    [[nodiscard]] std::string Awaited(std::size_t position) const {
-        return ToUtf8(desk.main.pcPage.FindAt(position)->Awaited());
-    }
+    [[nodiscard]] std::string Awaited(std::size_t position) const { return ToUtf8(desk.TabAt(position).Awaited()); }
     void Goes(std::int16_t index, TextView target) {
         desk.views.At(index).events.BeforeNavigate2(index, PageLevel::Top, target);
     }
@@ -110,7 +108,7 @@ TEST_F(AddressTrust, AViewThatHasShownNothingYetWaitsForItsAddress) {
 }
 
 TEST_F(AddressTrust, WhatIsTypedStandsBesideNoSignOfThePage) {
-    auto& box = *desk.main.Tabs.AddressCombo();
+    auto& box = desk.Combo(u"cboAddress");
     box.Value = Text(kBank);
     EXPECT_EQ(Box(), "https://bank.example:8443/: document-edit");
     desk.Press(u"cboAddress", {Keys::kEscape, 0});
@@ -127,7 +125,7 @@ TEST_F(AddressTrust, EscapeTakesATargetThatIsStillAwaitedBackToThePageShown) {
 
 TEST_F(AddressTrust, ASignTellsWhereTheHostStands) {
     const auto host = [&](TextView address) {
-        desk.main.Tabs.ShowTarget(address);
+        desk.PageBegins(1, address);
         const TextSelection place = Sign().Weight;
         return ToUtf8(address.substr(place.Start, place.Length));
     };

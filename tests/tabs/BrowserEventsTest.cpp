@@ -59,9 +59,9 @@ TEST(BrowserEvents, ACompletedNavigationClearsTheBusyMarkBeforeTheDocumentIs_Del
     desk.Start();
     auto& events = desk.views.At(1).events;
     events.BeforeNavigate2(1, PageLevel::Top, u"http://one/");
-    EXPECT_EQ(desk.main.pcPage.FindAt(1)->Image(), TabImage::Red);
+    EXPECT_EQ(desk.TabAt(1).Image(), TabImage::Red);
     events.NavigateComplete2(1, PageLevel::Top, u"http://one/");
-    EXPECT_EQ(desk.main.pcPage.FindAt(1)->Image(), TabImage::None);
+    EXPECT_EQ(desk.TabAt(1).Image(), TabImage::None);
 }
 
 TEST(BrowserEvents, TheCompletionOfAnyFrameClearsTheBusyMark_Deliberate) {
@@ -70,7 +70,7 @@ TEST(BrowserEvents, TheCompletionOfAnyFrameClearsTheBusyMark_Deliberate) {
     auto& events = desk.views.At(1).events;
     events.BeforeNavigate2(1, PageLevel::Top, u"http://one/");
     events.NavigateComplete2(1, PageLevel::Frame, u"http://frame/");
-    EXPECT_EQ(desk.main.pcPage.FindAt(1)->Image(), TabImage::None);
+    EXPECT_EQ(desk.TabAt(1).Image(), TabImage::None);
 }
 
 TEST(BrowserEvents, AFramesNavigationThatIsDroppedClearsTheBusyMarkAndLeavesTheKeyboard) {
@@ -81,9 +81,9 @@ TEST(BrowserEvents, AFramesNavigationThatIsDroppedClearsTheBusyMarkAndLeavesTheK
     for (const std::int16_t index : {1, 2}) {
         auto& events = desk.views.At(index).events;
         events.BeforeNavigate2(index, PageLevel::Frame, u"http://frame/");
-        EXPECT_EQ(desk.main.pcPage.FindAt(static_cast<std::size_t>(index))->Image(), TabImage::Red);
+        EXPECT_EQ(desk.TabAt(static_cast<std::size_t>(index)).Image(), TabImage::Red);
         events.NavigationDropped(index);
-        EXPECT_EQ(desk.main.pcPage.FindAt(static_cast<std::size_t>(index))->Image(), TabImage::None);
+        EXPECT_EQ(desk.TabAt(static_cast<std::size_t>(index)).Image(), TabImage::None);
     }
     EXPECT_EQ(desk.views.focused, 0);
     EXPECT_EQ(desk.views.front, 0);
@@ -119,11 +119,11 @@ TEST(BrowserEvents, DownloadsOfAnyViewReadTheSelectedViewsState) {
 TEST(BrowserEvents, APageThatWantsANewWindowGetsATabWhereTheSettingSays) {
     Desk desk;
     desk.StartWithTabs(2);
-    desk.main.OpenNewInFront = false;
+    desk.Set(u"OpenNewInFront", u"false");
     const auto* behind = desk.views.At(1).events.NewWindow2(1, NewWindowPlace::AsSet);
     EXPECT_EQ(behind, &desk.views.At(3));
     EXPECT_EQ(desk.Strip(), "[1*] 3 2");
-    desk.main.OpenNewInFront = true;
+    desk.Set(u"OpenNewInFront", u"true");
     const auto* inFront = desk.views.At(2).events.NewWindow2(2, NewWindowPlace::AsSet);
     EXPECT_EQ(inFront, &desk.views.At(4));
     EXPECT_EQ(desk.Strip(), "1 [4*] 3 2") << "right of the selected tab, not of the one that asked";
@@ -134,7 +134,7 @@ TEST(BrowserEvents, APageThatWantsANewWindowGetsATabWhereTheSettingSays) {
 TEST(BrowserEvents, WhatACommandOpensComesInFrontWhateverTheSettingSays) {
     Desk desk;
     desk.StartWithTabs(1);
-    desk.main.OpenNewInFront = false;
+    desk.Set(u"OpenNewInFront", u"false");
     desk.views.At(1).events.NewWindow2(1, NewWindowPlace::InFront);
     EXPECT_EQ(desk.Strip(), "1 [2*]");
 }
@@ -175,12 +175,12 @@ TEST(BrowserEvents, APageThatAsksMarksItsTabAndNothingElse) {
     desk.StartWithTabs(2);
     auto& events = desk.views.At(2).events;
     events.AttentionChange(2, true);
-    EXPECT_TRUE(desk.main.pcPage.Find(u"Tab2")->Asks());
-    EXPECT_FALSE(desk.main.pcPage.Find(u"Tab1")->Asks());
+    EXPECT_TRUE(desk.TabOf(2).Asks());
+    EXPECT_FALSE(desk.TabOf(1).Asks());
     EXPECT_EQ(desk.Strip(), "[1*] 2");
     events.AttentionChange(2, false);
-    EXPECT_FALSE(desk.main.pcPage.Find(u"Tab2")->Asks());
-    desk.main.CloseBrowserTab(2);
+    EXPECT_FALSE(desk.TabOf(2).Asks());
+    desk.Close(2);
     events.AttentionChange(2, true);
     EXPECT_EQ(desk.Strip(), "[1*]") << "a tab that has gone cannot ask";
 }
@@ -189,7 +189,7 @@ TEST(BrowserEvents, EventsOfAViewThatIsGoneDoNothing) {
     Desk desk;
     desk.StartWithTabs(2);
     auto& events = desk.views.At(2).events;
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
     events.TitleChange(2, u"late");
     events.BeforeNavigate2(2, PageLevel::Top, u"http://late/");
     events.DocumentComplete(2, PageLevel::Top, u"http://late/");

@@ -11,15 +11,15 @@ protected:
             desk.views.At(i).history = "history " + std::to_string(i);
         }
     }
-    [[nodiscard]] bool CanReopen() { return desk.main.actBar.Find(u"xtrReopenTab")->Enabled(); }
+    [[nodiscard]] bool CanReopen() { return desk.Tool(u"xtrReopenTab").Enabled(); }
 
     Desk desk;
 };
 
 TEST_F(ClosedTabsTest, TheTabClosedLastComesBackFirstAtItsPlaceWithItsHistory) {
     Start(4);
-    desk.main.CloseBrowserTab(2);
-    desk.main.CloseBrowserTab(4);
+    desk.Close(2);
+    desk.Close(4);
     EXPECT_EQ(desk.Strip(), "[1*] 3");
     desk.Click(u"xtrReopenTab");
     EXPECT_EQ(desk.Strip(), "1 3 [5*]");
@@ -32,9 +32,9 @@ TEST_F(ClosedTabsTest, TheTabClosedLastComesBackFirstAtItsPlaceWithItsHistory) {
 TEST_F(ClosedTabsTest, ThereIsNothingToReopenBeforeSomethingWasClosed) {
     Start(2);
     EXPECT_FALSE(CanReopen());
-    desk.main.Closed.Reopen();
+    desk.Click(u"xtrReopenTab");
     EXPECT_EQ(desk.Strip(), "[1*] 2");
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
     EXPECT_TRUE(CanReopen());
     desk.Click(u"xtrReopenTab");
     EXPECT_FALSE(CanReopen());
@@ -44,14 +44,14 @@ TEST_F(ClosedTabsTest, BlankPagesAreNotKept) {
     Start(3);
     desk.views.At(2).location = u"about:blank";
     desk.views.At(3).location = u"";
-    desk.main.CloseBrowserTab(2);
-    desk.main.CloseBrowserTab(3);
+    desk.Close(2);
+    desk.Close(3);
     EXPECT_FALSE(CanReopen());
 }
 
 TEST_F(ClosedTabsTest, TheFirstViewIsKeptThoughItIsNeverDestroyed) {
     Start(2);
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     desk.Click(u"xtrReopenTab");
     EXPECT_EQ(desk.views.Calls(3), "go about:blank, restore history 1");
     EXPECT_EQ(desk.Strip(), "[3*] 2");
@@ -60,16 +60,16 @@ TEST_F(ClosedTabsTest, TheFirstViewIsKeptThoughItIsNeverDestroyed) {
 TEST_F(ClosedTabsTest, ALastTabThatStaysOpenIsNotKept) {
     Start(1);
     desk.messages.answer = Answer::No;
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     EXPECT_FALSE(CanReopen());
 }
 
 TEST_F(ClosedTabsTest, TheOldestAreForgotten) {
     Start(static_cast<int>(ClosedTabs::kMost) + 3);
-    while (desk.main.pcPage.Count() > 1) desk.main.CloseBrowserTab(desk.main.pcPage.FindAt(2)->Tag);
-    for (std::size_t i = 0; i < ClosedTabs::kMost; ++i) desk.main.Closed.Reopen();
+    while (desk.CountTabs() > 1) desk.Close(desk.TabAt(2).Tag);
+    for (std::size_t i = 0; i < ClosedTabs::kMost; ++i) desk.Click(u"xtrReopenTab");
     EXPECT_FALSE(CanReopen());
-    EXPECT_EQ(desk.main.pcPage.Count(), ClosedTabs::kMost + 1);
+    EXPECT_EQ(desk.CountTabs(), ClosedTabs::kMost + 1);
 }
 
 TEST_F(ClosedTabsTest, WhatOneCommandHasClosedComesBackInOrderByOne) {
@@ -77,7 +77,7 @@ TEST_F(ClosedTabsTest, WhatOneCommandHasClosedComesBackInOrderByOne) {
     desk.ClickTab(3);
     desk.Click(u"mnuCloseAll");
     ASSERT_EQ(desk.Strip(), "[1*]");
-    EXPECT_EQ(desk.main.actBar.Find(u"xtrReopenTab")->Caption(), u"&Reopen 7 Tabs");
+    EXPECT_EQ(desk.Tool(u"xtrReopenTab").Caption(), u"&Reopen 7 Tabs");
     desk.views.Calls(1);
     desk.Click(u"xtrReopenTab");
     EXPECT_EQ(desk.Strip(), "1 9 [10*] 11 12 13 14 15");
@@ -87,7 +87,7 @@ TEST_F(ClosedTabsTest, WhatOneCommandHasClosedComesBackInOrderByOne) {
     EXPECT_EQ(desk.views.Calls(13), "go about:blank, restore history 6 later");
     EXPECT_EQ(desk.views.Calls(1), "back") << "the tab that was left was blanked";
     EXPECT_FALSE(CanReopen());
-    EXPECT_EQ(desk.main.actBar.Find(u"xtrReopenTab")->Caption(), u"&Reopen Closed Tab");
+    EXPECT_EQ(desk.Tool(u"xtrReopenTab").Caption(), u"&Reopen Closed Tab");
 }
 
 TEST_F(ClosedTabsTest, WhatWasInFrontBeforeTheCommandIsInFrontAgain) {
@@ -106,18 +106,17 @@ TEST_F(ClosedTabsTest, ATabThatWasBlankedInFrontIsInFrontAgain) {
     desk.ClickTab(1);
     desk.Click(u"mnuCloseAll");
     desk.ClickTab(1);
-    desk.main.GetNewBrowser(InFront::Yes);
+    desk.NewTab(InFront::Yes);
     desk.Click(u"xtrReopenTab");
     EXPECT_EQ(desk.Strip(), "[1*] 5 6 4");
 }
 
 TEST_F(ClosedTabsTest, WhereTheTabInFrontHasStayedTheLeftmostComesToTheFront) {
     Start(5);
-    desk.ClickTab(5);
-    desk.main.Tabs.CloseTabs({4, 3});
-    ASSERT_EQ(desk.Strip(), "1 2 [5*]");
+    desk.CloseRightOf(2);
+    ASSERT_EQ(desk.Strip(), "[1*] 2");
     desk.Click(u"xtrReopenTab");
-    EXPECT_EQ(desk.Strip(), "1 2 [6*] 7 5");
+    EXPECT_EQ(desk.Strip(), "1 2 [6*] 7 8");
 }
 
 TEST_F(ClosedTabsTest, ATabThatWasLeftKeepsWhatItHasShownSince) {
@@ -131,16 +130,16 @@ TEST_F(ClosedTabsTest, ATabThatWasLeftKeepsWhatItHasShownSince) {
 
 TEST_F(ClosedTabsTest, EachCommandIsTakenBackByItself) {
     Start(5);
-    desk.main.CloseBrowserTab(5);
-    desk.main.Tabs.CloseTabs({4, 3});
-    desk.main.CloseBrowserTab(2);
-    desk.main.Tabs.CloseTabs({});
+    desk.Close(5);
+    desk.CloseRightOf(2);
+    desk.Close(2);
+    desk.CloseRightOf(1);
     desk.Click(u"xtrReopenTab");
-    EXPECT_EQ(desk.main.pcPage.Count(), 2U);
+    EXPECT_EQ(desk.CountTabs(), 2U);
     desk.Click(u"xtrReopenTab");
-    EXPECT_EQ(desk.main.pcPage.Count(), 4U);
+    EXPECT_EQ(desk.CountTabs(), 4U);
     desk.Click(u"xtrReopenTab");
-    EXPECT_EQ(desk.main.pcPage.Count(), 5U);
+    EXPECT_EQ(desk.CountTabs(), 5U);
     EXPECT_EQ(ToUtf8(desk.views.At(7).location) + " " + ToUtf8(desk.views.At(8).location), "http://3/ http://4/");
 }
 
@@ -148,22 +147,22 @@ TEST_F(ClosedTabsTest, ManyTabsOfOldCommandsAreForgotten) {
     constexpr int kTabs = static_cast<int>(ClosedTabs::kMostTabs) / 2 + 10;
     Start(kTabs);
     desk.Click(u"mnuCloseAll");
-    for (int i = 0; i < kTabs; ++i) ResumeNext(desk.main.GetNewBrowser(InFront::No)->Navigate(u"http://again/"));
+    for (int i = 0; i < kTabs; ++i) ResumeNext(desk.NewTab(InFront::No)->Navigate(u"http://again/"));
     desk.Click(u"mnuCloseAll");
-    desk.main.Closed.Reopen();
-    EXPECT_EQ(desk.main.pcPage.Count(), static_cast<std::size_t>(kTabs) + 1);
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.CountTabs(), static_cast<std::size_t>(kTabs) + 1);
     EXPECT_FALSE(CanReopen());
 }
 
 TEST_F(ClosedTabsTest, APlaceThatIsNoMoreIsTheLast) {
     Start(3);
-    desk.main.CloseBrowserTab(3);
-    desk.main.CloseBrowserTab(2);
-    desk.main.Closed.Reopen();
-    desk.main.CloseBrowserTab(1);
-    desk.main.Closed.Reopen();
-    desk.main.Closed.Reopen();
-    EXPECT_EQ(desk.main.pcPage.Count(), 3U);
+    desk.Close(3);
+    desk.Close(2);
+    desk.Click(u"xtrReopenTab");
+    desk.Close(1);
+    desk.Click(u"xtrReopenTab");
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.CountTabs(), 3U);
     EXPECT_EQ(desk.views.At(6).location, u"http://3/");
     EXPECT_EQ(desk.Strip(), "5 4 [6*]");
 }

@@ -15,8 +15,8 @@ protected:
 
     /// Whether the page has taken the keyboard since this was asked last.
     bool Taken() { return std::exchange(desk.views.focused, 0) == 1; }
-    void StartsTyping() { desk.main.actBar.SetEdited(desk.main.actBar.FindCombo(u"cboSearch")); }
-    void StopsTyping() { desk.main.actBar.SetEdited(nullptr); }
+    void StartsTyping() { desk.Bar().SetEdited(desk.Bar().FindCombo(u"cboSearch")); }
+    void StopsTyping() { desk.Bar().SetEdited(nullptr); }
     bool FrameLoads() {
         auto& events = desk.views.At(1).events;
         events.BeforeNavigate2(1, PageLevel::Frame, kFrame);
@@ -61,7 +61,7 @@ TEST_F(KeyboardRules, AFrameNeverTakesItFromWhoTypesOrHasTypedSince) {
     EXPECT_FALSE(FrameLoads()) << "the user has typed since the page began to load";
     Begins();
     Moves();
-    desk.main.actBar.NoteTyped();
+    desk.Bar().NoteTyped();
     EXPECT_FALSE(FrameLoads()) << "into a box that is none of the bar's";
 }
 
@@ -82,7 +82,7 @@ TEST_F(KeyboardRules, OneNavigationTakesItOnceForItsAddressAndOnceForItsDocument
 }
 
 TEST_F(KeyboardRules, APageBehindTakesNothing) {
-    desk.main.GetNewBrowser(InFront::Yes);
+    desk.NewTab(InFront::Yes);
     desk.views.focused = 0;
     Begins();
     EXPECT_FALSE(Moves());

@@ -12,8 +12,7 @@ namespace {
 class TabsInLittleMemory : public testing::Test {
 protected:
     TabsInLittleMemory() {
-        desk.main.Sleep.Now = [this] { return now; };
-        auto& relief = desk.main.Relief;
+        desk.main.Sleep().Now = [this] { return now; };
         relief.Memory = &memory;
         relief.Schedule.ConnectForLife([this](MemoryRelief::Time time) { next = now + time; });
         relief.OthersWait = [this] { return waiting; };
@@ -38,7 +37,7 @@ protected:
         const auto until = now + time;
         while (next && *next <= until) {
             now = *std::exchange(next, std::nullopt);
-            desk.main.Relief.Look();
+            relief.Look();
         }
         now = until;
     }
@@ -61,6 +60,7 @@ protected:
     bool waiting = false;
     std::vector<Shortage> told;
     Desk desk;
+    MemoryRelief& relief = desk.main.Relief();
 };
 
 TEST_F(TabsInLittleMemory, StayAwakeWhileThereIsRoom) {
@@ -166,7 +166,7 @@ TEST_F(TabsInLittleMemory, SaySoOnceInASession) {
     EXPECT_EQ(desk.Said(), "");
     Wait(0ms);
     EXPECT_EQ(desk.Said(), "Memory is short. Tabs that you have not looked at for long sleep until you do.");
-    desk.main.sbStatus.Withdraw();
+    desk.ReadNotice();
     Wait(1h);
     memory.level = Shortage::None;
     Wait(1h);
@@ -283,7 +283,7 @@ TEST_F(TabsInLittleMemory, NothingHappensOnceTheWindowHasEnded) {
     StartWithTabs(5);
     memory.level = Shortage::Severe;
     Load(1);
-    desk.main.Form_Unload();
+    desk.Unload();
     const int before = memory.asked;
     Wait(1h);
     EXPECT_EQ(memory.asked, before);
@@ -295,8 +295,8 @@ TEST_F(TabsInLittleMemory, ClosedTabsAreNoMatter) {
     memory.level = Shortage::Short;
     Load(6);
     Load(7);
-    desk.main.CloseBrowserTab(6);
-    desk.main.CloseBrowserTab(1);
+    desk.Close(6);
+    desk.Close(1);
     Wait(1h);
     EXPECT_FALSE(desk.views.At(1).asleep) << "its view is only hidden";
     EXPECT_EQ(Asleep(), "3 4 5 7 8 9 10");
@@ -310,15 +310,15 @@ TEST_F(TabsInLittleMemory, CaptionTitleAndSessionStayAsTheyWere) {
     Wait(MemoryRelief::kRare);
     ASSERT_EQ(Asleep(), "2 3 4");
     EXPECT_EQ(desk.Captions(), "[1*] 2 Long read 4");
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_NE(desk.sessions.own.find("Address=http://long.example/a\nTitle=Long read\n"), std::string::npos);
 }
 
 TEST_F(TabsInLittleMemory, IdleOnesSleepByTheirTimeAsWell) {
     StartWithTabs(4);
-    desk.main.Sleep.SetPatience(10min);
+    desk.main.Sleep().SetPatience(10min);
     now += 1h;
-    desk.main.Sleep.Look();
+    desk.main.Sleep().Look();
     EXPECT_EQ(Asleep(), "2 3 4");
 }
 

@@ -26,14 +26,14 @@ protected:
 TEST_F(PageLeavingTest, APageInWhichNobodyDidAnythingClosesAtOnce) {
     desk.StartWithTabs(3);
     desk.views.At(2).holds = true;
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
     EXPECT_EQ(desk.Strip(), "[1*] 3");
 }
 
 TEST_F(PageLeavingTest, APageThatLetsGoClosesWithoutAWord) {
     desk.StartWithTabs(3);
     desk.views.At(2).mayHold = true;
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
     EXPECT_EQ(desk.Strip(), "[1*] 3");
 }
 
@@ -41,12 +41,12 @@ TEST_F(PageLeavingTest, APageThatHoldsComesToTheFrontAndItsUserDecides) {
     desk.StartWithTabs(3);
     Hold(3);
     desk.views.Calls(3);
-    desk.main.CloseBrowserTab(3);
+    desk.Close(3);
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
     EXPECT_EQ(desk.views.Calls(3), "asked, asks user") << "not even stopped";
     AnswerOver(3, false);
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
-    desk.main.CloseBrowserTab(3);
+    desk.Close(3);
     AnswerOver(3, true);
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     EXPECT_FALSE(desk.views.Has(3));
@@ -57,10 +57,10 @@ TEST_F(PageLeavingTest, IsAskedOnceHoweverOftenItIsClosed) {
     Hold(2);
     desk.views.At(2).slow = true;
     desk.views.Calls(2);
-    desk.main.CloseBrowserTab(2);
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
+    desk.Close(2);
     desk.views.At(2).told(true);
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
     EXPECT_EQ(desk.views.Calls(2), "asked, asks user");
 }
 
@@ -68,7 +68,7 @@ TEST_F(PageLeavingTest, TheLastTabThatStaysHasNotBeenAsked) {
     desk.StartWithTabs(1);
     Hold(1);
     desk.views.Calls(1);
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     EXPECT_EQ(desk.messages.asked.size(), 1U);
     EXPECT_TRUE(desk.messages.own.empty());
     EXPECT_EQ(desk.views.Calls(1), "stop") << "a page that was asked for good may have taken its leave";
@@ -79,7 +79,7 @@ TEST_F(PageLeavingTest, ThePageOfTheLastTabIsAskedAboutBehindItsTab) {
     Hold(1);
     desk.messages.answer = Answer::Yes;
     desk.views.Calls(1);
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     ASSERT_EQ(desk.messages.asked.size(), 2U);
     EXPECT_EQ(desk.messages.asked[0], u"Do you want to close the last browser tab and exit this application?");
     ASSERT_EQ(desk.messages.own.size(), 1U);
@@ -90,7 +90,7 @@ TEST_F(PageLeavingTest, ThePageOfTheLastTabIsAskedAboutBehindItsTab) {
 TEST_F(PageLeavingTest, APageThatClosesItselfIsNotAsked) {
     desk.StartWithTabs(2);
     Hold(2);
-    desk.main.Events.WindowClosing(2);
+    desk.PageClosesItself(2);
     EXPECT_EQ(desk.Strip(), "[1*]");
 }
 
@@ -99,7 +99,7 @@ TEST_F(PageLeavingTest, OfSeveralTheOthersClose) {
     desk.PageLoads(2, u"http://two/", u"2");
     Hold(2);
     Hold(4);
-    desk.main.Tabs.CloseOtherTabs();
+    desk.CloseOtherTabs();
     EXPECT_EQ(desk.Strip(), "1 [2*] 4");
     EXPECT_EQ(desk.views.At(1).location, u"about:blank");
     EXPECT_EQ(desk.views.At(2).location, u"http://two/");
@@ -112,7 +112,7 @@ TEST_F(PageLeavingTest, TheTabThatIsLeftIsBlankedOnceItsPageLetsGo) {
     desk.StartWithTabs(2);
     desk.PageLoads(1, u"http://one/", u"One");
     Hold(1);
-    desk.main.Tabs.CloseOtherTabs();
+    desk.CloseOtherTabs();
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.views.At(1).location, u"http://one/");
     AnswerOver(1, true);
@@ -123,9 +123,9 @@ TEST_F(PageLeavingTest, AnAnswerForATabThatHasGoneDoesNothing) {
     desk.StartWithTabs(3);
     Hold(2);
     desk.views.At(2).slow = true;
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
     const auto told = desk.views.At(2).told;
-    desk.main.Events.WindowClosing(2);
+    desk.PageClosesItself(2);
     told(true);
     EXPECT_EQ(desk.Strip(), "[1*] 3");
 }
@@ -167,7 +167,7 @@ TEST_F(PageLeavingTest, ATabThatGoesMeanwhileHoldsNobody) {
     desk.views.At(2).mayHold = true;
     desk.views.At(2).slow = true;
     desk.Click(u"mnuExit");
-    desk.main.Events.WindowClosing(2);
+    desk.PageClosesItself(2);
     EXPECT_FALSE(desk.views.Has(1));
 }
 
@@ -177,7 +177,7 @@ TEST_F(PageLeavingTest, ATabWhoseEndClosesTheWindowIsNoneOfTheLastSites) {
     desk.views.At(2).mayHold = true;
     desk.views.At(2).slow = true;
     desk.Click(u"mnuExit");
-    desk.main.Events.WindowClosing(2);
+    desk.PageClosesItself(2);
     EXPECT_FALSE(desk.views.Has(1)) << "the window has gone";
     EXPECT_EQ(SettingsStore(desk.settings).LastSites.Get(), (std::vector<Text>{u"http://1/", u"http://3/"}));
 }
@@ -190,7 +190,7 @@ TEST_F(PageLeavingTest, TabsThatCloseTogetherGoBeforeTheUserIsAsked) {
     desk.Click(u"mnuExit");
     desk.views.At(4).mayHold = false;
     desk.messages.whileOpen = [&] { EXPECT_EQ(desk.Strip(), "[1*] 2"); };
-    desk.main.Tabs.CloseTabs({4, 3});
+    desk.CloseRightOf(2);
     EXPECT_EQ(desk.messages.own.size(), 1U);
 }
 
@@ -198,7 +198,7 @@ TEST_F(PageLeavingTest, AWindowThatStaysForADownloadAsksItsPagesAnew) {
     desk.StartWithTabs(1);
     Hold(1);
     desk.messages.answer = Answer::Yes;
-    desk.main.Downloads.Begin({.Address = u"http://a/file"}, std::make_shared<FakeTransfer>());
+    desk.main.Downloads().Begin({.Address = u"http://a/file"}, std::make_shared<FakeTransfer>());
     desk.messages.answer = Answer::No;
     desk.Click(u"mnuExit");
     desk.Click(u"mnuExit");
@@ -211,12 +211,12 @@ TEST_F(PageLeavingTest, AGroupTakesNoTabFromAPageThatHolds) {
     desk.StartWithTabs(2);
     desk.PageLoads(1, u"http://one/", u"One");
     Hold(1);
-    desk.main.TGCloseOthersFirst = true;
+    desk.Set(u"TGCloseOthersFirst", u"true");
     const TemporaryFolder folder;
     folder.Write("g.tvg", "[TessaGroup]\nurl1=http://a/\nurl2=http://b/\n");
-    desk.main.OpenTessaGroup(folder.PathText("g.tvg"));
+    desk.OpenGroup(folder.PathText("g.tvg"));
     EXPECT_EQ(desk.views.At(1).location, u"http://one/");
-    EXPECT_EQ(desk.main.pcPage.Count(), 3U);
+    EXPECT_EQ(desk.CountTabs(), 3U);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
-#include "tests/Desk.h"
+#include "tabs/PageOptions.h"
 
-#include "settings/SettingsStore.h"
+#include "commands/DesignTimeBar.h"
+#include "tests/Desk.h"
+#include "tests/fakes/BareTabs.h"
 
 namespace {
 
@@ -10,7 +12,7 @@ protected:
         std::string all;
         for (const TextView name :
              {u"mnuFontLargest", u"mnuFontLarger", u"mnuFontMedium", u"mnuFontSmaller", u"mnuFontSmallest"}) {
-            if (desk.main.actBar.Find(name)->Checked()) all += ToUtf8(name.substr(7)) + ";";
+            if (desk.Tool(name).Checked()) all += ToUtf8(name.substr(7)) + ";";
         }
         return all;
     }
@@ -49,18 +51,24 @@ TEST_F(PageOptionsTest, TheFontButtonItselfResetsToMedium) {
 
 TEST_F(PageOptionsTest, WithoutApplyingOnlyTheMarksMove) {
     Start();
-    desk.main.Pages.SetTextSize(u"mnuFontLargest", Apply::No);
+    desk.views.At(1).zoom = 4;
+    desk.OpenMenu(u"bndFont");
     EXPECT_EQ(Marked(), "Largest;");
     EXPECT_EQ(desk.views.Calls(1), "");
 }
 
-TEST_F(PageOptionsTest, AnUnknownNameChangesOnlyTheMarks) {
-    Start();
-    desk.Click(u"mnuFontMedium");
-    desk.views.Calls(1);
-    desk.main.Pages.SetTextSize(u"mnuFontHuge", Apply::Yes);
-    EXPECT_EQ(Marked(), "");
-    EXPECT_EQ(desk.views.Calls(1), "");
+TEST(PageOptions, AnUnknownNameChangesOnlyTheMarks) {
+    BareTabs bare;
+    DesignTimeBar::Make(bare.actBar);
+    bare.StartWithTabs(1);
+    FakeSettings settings;
+    PageOptions options(bare.tabs, bare.actBar, settings);
+    options.SetTextSize(u"mnuFontMedium", Apply::Yes);
+    EXPECT_TRUE(bare.actBar.Find(u"mnuFontMedium")->Checked());
+    bare.views.Calls(1);
+    options.SetTextSize(u"mnuFontHuge", Apply::Yes);
+    EXPECT_FALSE(bare.actBar.Find(u"mnuFontMedium")->Checked());
+    EXPECT_EQ(bare.views.Calls(1), "");
 }
 
 TEST_F(PageOptionsTest, APageWithoutADocumentTakesNoZoom) {
@@ -74,10 +82,10 @@ TEST_F(PageOptionsTest, TheMarkFollowsTheSelectedTabsSize) {
     Start();
     desk.Click(u"mnuFontLargest");
     desk.ClickTab(2);
-    desk.main.Pages.MarkTextSize();
+    desk.OpenMenu(u"bndFont");
     EXPECT_EQ(Marked(), "Medium;");
     desk.ClickTab(1);
-    desk.main.Pages.MarkTextSize();
+    desk.OpenMenu(u"bndFont");
     EXPECT_EQ(Marked(), "Largest;");
 }
 
@@ -90,25 +98,25 @@ TEST_F(PageOptionsTest, TheSwitchesShowWhatIsStored) {
     desk.Start();
     std::string checked;
     for (const TextView name : {u"mnuLoadImages", u"mnuLoadAnimations", u"mnuLoadVideos", u"mnuLoadSounds"})
-        checked += desk.main.actBar.Find(name)->Checked() ? "1" : "0";
+        checked += desk.Tool(name).Checked() ? "1" : "0";
     EXPECT_EQ(checked, "1100");
 }
 
 TEST_F(PageOptionsTest, TheEngineSeesASwitchAfterItIsStored) {
     Start();
     bool seen = true;
-    desk.main.Pages.ApplyLoadOptions.ConnectForLife([&] { seen = SettingsStore(desk.settings).LoadSounds.Get(); });
+    desk.engineOptions.applied = [&] { seen = SettingsStore(desk.settings).LoadSounds.Get(); };
     desk.Click(u"mnuLoadSounds");
     EXPECT_FALSE(seen);
 }
 
 TEST_F(PageOptionsTest, KeysStepThroughTheSizesAndStayAtTheEnds) {
     Start();
-    for (int i = 0; i < 3; ++i) desk.main.Form_KeyDown({Keys::kPlus, Keys::kCtrl});
+    for (int i = 0; i < 3; ++i) desk.Press({Keys::kPlus, Keys::kCtrl});
     EXPECT_EQ(desk.views.Calls(1), "zoom 3, zoom 4, zoom 4");
     EXPECT_EQ(Marked(), "Largest;");
-    desk.main.Form_KeyDown({'0', Keys::kCtrl});
-    for (int i = 0; i < 3; ++i) desk.main.Form_KeyDown({Keys::kMinus, Keys::kCtrl});
+    desk.Press({'0', Keys::kCtrl});
+    for (int i = 0; i < 3; ++i) desk.Press({Keys::kMinus, Keys::kCtrl});
     EXPECT_EQ(desk.views.Calls(1), "zoom 2, zoom 1, zoom 0, zoom 0");
     EXPECT_EQ(Marked(), "Smallest;");
     EXPECT_EQ(desk.views.Calls(2), "");
@@ -119,8 +127,8 @@ TEST_F(PageOptionsTest, WithoutADocumentNoSizeIsStepped) {
     desk.views.At(1).hasDocument = false;
     desk.Click(u"xtrTextLarger");
     EXPECT_EQ(desk.views.Calls(1), "");
-    desk.main.pcPage.Remove(desk.main.pcPage.FindAt(1));
-    desk.main.pcPage.Remove(desk.main.pcPage.FindAt(1));
+    desk.TakeTabAway(1);
+    desk.TakeTabAway(1);
     desk.Click(u"xtrTextSmaller");
     EXPECT_EQ(Marked(), "");
 }
@@ -128,20 +136,19 @@ TEST_F(PageOptionsTest, WithoutADocumentNoSizeIsStepped) {
 TEST(PageOptions, SayInTheStatusBarHowLargeTheTextIs) {
     Desk desk;
     desk.StartWithTabs(2);
-    const auto zoom = [&] { return ToUtf8(desk.main.sbStatus.Zoom()); };
-    EXPECT_EQ(zoom(), "") << "the usual size says nothing";
+    EXPECT_EQ(desk.ShownZoom(), "") << "the usual size says nothing";
     desk.Click(u"xtrTextLarger");
-    EXPECT_EQ(zoom(), "125 %");
+    EXPECT_EQ(desk.ShownZoom(), "125 %");
     desk.ClickTab(2);
-    EXPECT_EQ(zoom(), "") << "each page has its own";
+    EXPECT_EQ(desk.ShownZoom(), "") << "each page has its own";
     desk.views.At(2).zoom = 0;
     desk.PageLoads(2, u"https://a.example/", u"A");
-    EXPECT_EQ(zoom(), "60 %");
+    EXPECT_EQ(desk.ShownZoom(), "60 %");
     desk.ClickTab(1);
-    EXPECT_EQ(zoom(), "125 %");
+    EXPECT_EQ(desk.ShownZoom(), "125 %");
     desk.views.At(1).hasDocument = false;
     desk.PageLoads(1, u"about:blank", u"");
-    EXPECT_EQ(zoom(), "");
+    EXPECT_EQ(desk.ShownZoom(), "");
 }
 
 } // namespace

@@ -14,9 +14,9 @@ protected:
     }
     [[nodiscard]] std::string Privacies() {
         std::string all;
-        for (std::size_t i = 1; i <= desk.main.pcPage.Count(); ++i) {
-            const Tab& tab = *desk.main.pcPage.FindAt(i);
-            const bool view = desk.main.Browser.Find(tab.Tag)->Privacy == Privacy::Private;
+        for (std::size_t i = 1; i <= desk.CountTabs(); ++i) {
+            const Tab& tab = desk.TabAt(i);
+            const bool view = desk.views.At(tab.Tag).privacy == Privacy::Private;
             EXPECT_EQ(tab.Private(), view);
             all += view ? 'p' : 'o';
         }
@@ -48,7 +48,7 @@ TEST_F(PrivateTabs, HandTheirPrivacyOnToWhatIsOpenedFromThem) {
     EXPECT_EQ(Privacies(), "opppp"
                            "o");
     desk.views.At(1).events.NewWindow2(1, NewWindowPlace::AsSet);
-    EXPECT_EQ(desk.main.Tabs.CurrentPrivacy(), Privacy::Ordinary);
+    EXPECT_FALSE(desk.SelectedTab().Private());
 }
 
 TEST_F(PrivateTabs, AreNeverInLastSites) {
@@ -59,7 +59,7 @@ TEST_F(PrivateTabs, AreNeverInLastSites) {
 }
 
 TEST_F(PrivateTabs, AreNeverInTheJournal) {
-    desk.main.Sessions.Write();
+    desk.WriteSession();
     EXPECT_NE(desk.sessions.own.find("https://a.example/"), std::string::npos);
     EXPECT_EQ(desk.sessions.own.find("secret"), std::string::npos);
     EXPECT_EQ(desk.sessions.own.find("Secret"), std::string::npos);
@@ -67,7 +67,7 @@ TEST_F(PrivateTabs, AreNeverInTheJournal) {
 
 TEST_F(PrivateTabs, AreNotReopened) {
     desk.Click(u"mnuClose");
-    EXPECT_EQ(desk.main.Closed.Next(), 0U);
+    EXPECT_FALSE(desk.Tool(u"xtrReopenTab").Enabled());
 }
 
 TEST_F(PrivateTabs, KeepNoHistoryOfTheBoxes) {
@@ -129,7 +129,7 @@ TEST_F(PrivateTabs, AreAddedToAGroupOnlyWhenTheUserSaysSo) {
 TEST(AddressSign, TellsHowFarThePageInFrontCanBeTrusted) {
     Desk desk;
     desk.StartWithTabs(2);
-    const auto sign = [&] { return ToUtf8(desk.main.Tabs.AddressCombo()->Sign().Image.Name); };
+    const auto sign = [&] { return ToUtf8(desk.Combo(u"cboAddress").Sign().Image.Name); };
     EXPECT_EQ(sign(), "");
     desk.views.At(1).security = PageSecurity::Secure;
     desk.PageLoads(1, u"https://a.example/", u"A");

@@ -9,7 +9,7 @@ TEST(TabSet, PutsANewTabRightOfTheSelectedOneWhateverInFrontSays) {
         Desk desk;
         desk.StartWithTabs(5);
         desk.ClickTab(3);
-        desk.main.GetNewBrowser(inFront);
+        desk.NewTab(inFront);
         EXPECT_EQ(desk.Strip(), inFront == InFront::Yes ? "1 2 3 [6*] 4 5" : "1 2 [3*] 6 4 5");
     }
 }
@@ -18,7 +18,7 @@ TEST(TabSet, ANewTabBehindLeavesSelectionAddressAndFocus) {
     Desk desk;
     desk.StartWithTabs(2);
     desk.PageLoads(1, u"http://one/", u"One");
-    desk.main.GetNewBrowser(InFront::No);
+    desk.NewTab(InFront::No);
     EXPECT_EQ(desk.Captions(), "[One*] Loading... 2");
     EXPECT_EQ(desk.Address(), "http://one/");
     EXPECT_EQ(desk.views.focused, 1);
@@ -28,13 +28,13 @@ TEST(TabSet, ANewTabBehindLeavesSelectionAddressAndFocus) {
 TEST(TabSet, ANewViewIsVisibleBlankAndOutOfTheWay) {
     Desk desk;
     desk.Start();
-    desk.main.GetNewBrowser(InFront::No);
+    desk.NewTab(InFront::No);
     const auto& view = desk.views.At(2);
     EXPECT_TRUE(view.visible);
     EXPECT_EQ(view.left, kParkedLeft);
     EXPECT_FALSE(view.tabStop);
     EXPECT_EQ(desk.views.Calls(2), "go about:blank");
-    EXPECT_EQ(desk.main.pcPage.Find(u"Tab2")->Tag, 2);
+    EXPECT_EQ(desk.TabOf(2).Tag, 2);
 }
 
 TEST(TabSet, ActivationShowsTheSelectedViewAndParksTheOthers) {
@@ -67,7 +67,7 @@ TEST(TabSet, ATabActivatedInAMinimizedWindowHasItsPlaceOnceTheWindowIsBack) {
     EXPECT_TRUE(desk.views.At(2).tabStop);
     EXPECT_EQ(desk.views.front, 2);
     desk.window.state = WindowState::Normal;
-    desk.main.Form_Resize();
+    desk.Resize();
     EXPECT_EQ(desk.views.At(2).place, (Rect{{0}, {22}, {800}, {654}}));
     EXPECT_EQ(desk.views.At(2).left, Twips{0});
 }
@@ -85,7 +85,7 @@ TEST(TabSet, ATabActivatedInAMinimizedWindowIsParkedLikeAnyOther) {
 
 TEST(TabSet, TheFirstTabLoadsUntilItsFirstTitleAndTakesTheKeyboardFromTheStart) {
     Desk desk;
-    desk.main.Form_Load(u"http://one/");
+    desk.Load(u"http://one/");
     EXPECT_EQ(desk.Captions(), "[Loading...*]");
     EXPECT_TRUE(desk.views.At(1).tabStop);
     desk.PageLoads(1, u"http://one/", u"One");
@@ -95,19 +95,19 @@ TEST(TabSet, TheFirstTabLoadsUntilItsFirstTitleAndTakesTheKeyboardFromTheStart) 
 TEST(TabSet, CutsATitleOneCharacterOverTheLimit) {
     Desk desk;
     desk.Start();
-    desk.main.Tabs.TitleLengthLimit = 5;
-    desk.main.Tabs.SetTabTitle(1, u"12345");
+    desk.Set(u"TitleLengthLimit", u"5");
+    desk.PageIsCalled(1, u"12345");
     EXPECT_EQ(desk.Captions(), "[12345*]");
-    desk.main.Tabs.SetTabTitle(1, u"123456");
+    desk.PageIsCalled(1, u"123456");
     EXPECT_EQ(desk.Captions(), "[12345...*]");
 }
 
 TEST(TabSet, CutsNoCharacterOfATitleInTwo) {
     Desk desk;
     desk.Start();
-    desk.main.Tabs.TitleLengthLimit = 5;
-    desk.main.Tabs.SetTabTitle(1, u"1234\U0001F600567");
-    EXPECT_EQ(desk.main.pcPage.FindAt(1)->Caption(), u"1234...");
+    desk.Set(u"TitleLengthLimit", u"5");
+    desk.PageIsCalled(1, u"1234\U0001F600567");
+    EXPECT_EQ(desk.TabAt(1).Caption(), u"1234...");
 }
 
 TEST(TabSet, ShowsEveryTitleWholeWithoutALimit) {
@@ -115,10 +115,10 @@ TEST(TabSet, ShowsEveryTitleWholeWithoutALimit) {
     desk.Start();
     const Text title(300, u'x');
     for (const std::int32_t limit : {0, -1}) {
-        desk.main.Tabs.TitleLengthLimit = limit;
-        desk.main.Tabs.SetTabTitle(1, title);
-        EXPECT_EQ(desk.main.pcPage.FindAt(1)->Caption(), title);
-        desk.main.Tabs.SetTabTitle(1, u"");
+        desk.Set(u"TitleLengthLimit", Decimal(limit));
+        desk.PageIsCalled(1, title);
+        EXPECT_EQ(desk.TabAt(1).Caption(), title);
+        desk.PageIsCalled(1, u"");
     }
 }
 
@@ -128,7 +128,7 @@ TEST(TabSet, AsksBeforeItClosesTheLastTab) {
         desk.Start();
         desk.views.At(1).busy = true;
         desk.messages.answer = answer;
-        desk.main.CloseBrowserTab(1);
+        desk.Close(1);
         ASSERT_EQ(desk.messages.asked.size(), 1u);
         EXPECT_EQ(ToUtf8(desk.messages.asked[0]),
                   "Do you want to close the last browser tab and exit this application?");
@@ -143,7 +143,7 @@ TEST(TabSet, ClosesTheWindowWithTheLastTabOnYes) {
     desk.Start();
     desk.messages.answer = Answer::Yes;
     desk.log.Take();
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     EXPECT_EQ(desk.log.Take(), "close");
     EXPECT_TRUE(desk.views.living.empty());
 }
@@ -152,7 +152,7 @@ TEST(TabSet, ClosingABackgroundTabKeepsTheSelectedOne) {
     Desk desk;
     desk.StartWithTabs(4);
     desk.ClickTab(3);
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
     EXPECT_EQ(desk.Strip(), "1 [3*] 4");
     EXPECT_FALSE(desk.views.Has(2));
     EXPECT_EQ(desk.views.front, 3);
@@ -162,10 +162,10 @@ TEST(TabSet, ClosingTheSelectedTabSelectsItsRightNeighbourElseTheLeft) {
     Desk desk;
     desk.StartWithTabs(3);
     desk.ClickTab(2);
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
     EXPECT_EQ(desk.Strip(), "1 [3*]");
     EXPECT_EQ(desk.views.front, 3);
-    desk.main.CloseBrowserTab(3);
+    desk.Close(3);
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.views.front, 1);
 }
@@ -173,8 +173,8 @@ TEST(TabSet, ClosingTheSelectedTabSelectsItsRightNeighbourElseTheLeft) {
 TEST(TabSet, TwoTabsWithOneCaptionCountAsTheSameTab_Deliberate) {
     Desk desk;
     desk.StartWithTabs(3);
-    desk.main.Tabs.SetTabTitle(3, u"1");
-    desk.main.CloseBrowserTab(3);
+    desk.PageIsCalled(3, u"1");
+    desk.Close(3);
     // The selection is the strip's own choice then, and that tab is brought forward.
     EXPECT_EQ(desk.Strip(), "[1*] 2");
     EXPECT_EQ(desk.views.front, 1);
@@ -184,13 +184,13 @@ TEST(TabSet, WhatTheStripChoosesHoldsOnlyAfterATabWithTheSelectedOnesCaption_Del
     for (const bool oneCaption : {false, true}) {
         Desk desk;
         desk.StartWithTabs(3);
-        if (oneCaption) desk.main.Tabs.SetTabTitle(3, u"1");
+        if (oneCaption) desk.PageIsCalled(3, u"1");
         auto& strip = desk.main.pcPage;
         // Something else has the strip select the middle tab while the last one goes.
         Connection choosing = strip.Touched.Connect([&strip, chosen = false]() mutable {
             if (strip.Count() == 2 && !std::exchange(chosen, true)) strip.Select(strip.Find(u"Tab2"));
         });
-        desk.main.CloseBrowserTab(3);
+        desk.Close(3);
         choosing.End();
         EXPECT_EQ(desk.Strip(), oneCaption ? "1 [2*]" : "[1*] 2");
         EXPECT_EQ(desk.views.front, oneCaption ? 2 : 1);
@@ -200,19 +200,19 @@ TEST(TabSet, WhatTheStripChoosesHoldsOnlyAfterATabWithTheSelectedOnesCaption_Del
 TEST(TabSet, ClosingTheFirstViewsTabHidesItAndKeepsItsIndex) {
     Desk desk;
     desk.StartWithTabs(2);
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     EXPECT_EQ(desk.Strip(), "[2*]");
     EXPECT_TRUE(desk.views.Has(1));
     EXPECT_FALSE(desk.views.At(1).visible);
-    desk.main.GetNewBrowser(InFront::Yes);
+    desk.NewTab(InFront::Yes);
     EXPECT_EQ(desk.Strip(), "2 [3*]");
 }
 
 TEST(TabSet, IndexesAreNeverReused) {
     Desk desk;
     desk.StartWithTabs(3);
-    desk.main.CloseBrowserTab(3);
-    desk.main.GetNewBrowser(InFront::No);
+    desk.Close(3);
+    desk.NewTab(InFront::No);
     EXPECT_EQ(desk.Strip(), "[1*] 4 2");
 }
 
@@ -221,7 +221,7 @@ TEST(TabSet, CloseOthersKeepsTheLeftmostTabAndBlanksIt) {
     desk.StartWithTabs(4);
     desk.ClickTab(3);
     desk.views.Calls(1);
-    desk.main.Tabs.CloseOtherTabs();
+    desk.CloseOtherTabs();
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.views.Calls(1), "go about:blank");
     EXPECT_TRUE(desk.messages.asked.empty());
@@ -231,7 +231,7 @@ TEST(TabSet, CloseOthersWithOneTabOnlyBlanksIt) {
     Desk desk;
     desk.Start();
     desk.views.Calls(1);
-    desk.main.Tabs.CloseOtherTabs();
+    desk.CloseOtherTabs();
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.views.Calls(1), "go about:blank");
 }
@@ -239,14 +239,13 @@ TEST(TabSet, CloseOthersWithOneTabOnlyBlanksIt) {
 TEST(TabSet, BeyondSixteenBitsThereIsNoTabAndTheUserIsTold) {
     Desk desk;
     desk.Start();
-    desk.main.Tabs.NextBrowserIndex = 32767;
-    EXPECT_NE(desk.main.GetNewBrowser(InFront::Yes), nullptr);
+    desk.UseIndexesUpTo(ViewArray::kLastIndex - 1);
+    EXPECT_NE(desk.NewTab(InFront::Yes), nullptr);
     EXPECT_EQ(desk.Status(), "");
-    EXPECT_EQ(desk.main.GetNewBrowser(InFront::Yes), nullptr);
-    EXPECT_EQ(desk.main.Tabs.NextBrowserIndex, 32769) << "no index wraps around";
+    EXPECT_EQ(desk.NewTab(InFront::Yes), nullptr);
     EXPECT_EQ(desk.Strip(), "1 [32767*]");
     EXPECT_EQ(desk.Status(), "No more tabs can be opened until TessaView is started again.");
-    desk.main.Tabs.ShowStatusText(u"Done");
+    desk.EmptyStatus();
     desk.Click(u"mnuNewBlank");
     EXPECT_EQ(desk.Strip(), "1 [32767*]");
     EXPECT_EQ(desk.Status(), "No more tabs can be opened until TessaView is started again.");
@@ -255,10 +254,10 @@ TEST(TabSet, BeyondSixteenBitsThereIsNoTabAndTheUserIsTold) {
 TEST(TabSet, MarksAndTitlesOfAGoneTabDoNothing) {
     Desk desk;
     desk.StartWithTabs(2);
-    desk.main.CloseBrowserTab(2);
-    desk.main.Tabs.SetTabBusy(u"2", TabBusy::Yes);
-    desk.main.Tabs.SetTabTitle(2, u"late");
-    desk.main.CloseBrowserTab(17);
+    desk.Close(2);
+    desk.PageBegins(2, u"http://late/");
+    desk.PageIsCalled(2, u"late");
+    desk.Close(17);
     EXPECT_EQ(desk.Captions(), "[1*]");
 }
 
@@ -267,23 +266,23 @@ TEST(TabSet, GoesOnWhenTheEngineRefuses) {
     desk.StartWithTabs(2);
     desk.views.At(2).refuses = true;
     desk.ExpectSkipped(1);
-    desk.main.CloseBrowserTab(2);
+    desk.Close(2);
     EXPECT_EQ(desk.Strip(), "[1*]");
     desk.views.refuses = true;
-    EXPECT_EQ(desk.main.GetNewBrowser(InFront::Yes), nullptr);
+    EXPECT_EQ(desk.NewTab(InFront::Yes), nullptr);
     EXPECT_EQ(desk.Strip(), "[1*]");
     EXPECT_EQ(desk.Status(), "");
     desk.views.refuses = false;
-    EXPECT_NE(desk.main.GetNewBrowser(InFront::Yes), nullptr);
+    EXPECT_NE(desk.NewTab(InFront::Yes), nullptr);
     EXPECT_EQ(desk.Strip(), "1 [4*]");
 }
 
 TEST(TabSet, ATabThatGoesWhileTheQuestionIsOpenIsNoHarm) {
     Desk desk;
     desk.Start();
-    desk.messages.whileOpen = [&] { desk.main.GetNewBrowser(InFront::Yes); };
+    desk.messages.whileOpen = [&] { desk.NewTab(InFront::Yes); };
     desk.messages.answer = Answer::No;
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     EXPECT_EQ(desk.Strip(), "1 [2*]");
 }
 
@@ -292,9 +291,9 @@ TEST(TabSet, TheStatusBarTakesItsRoomFromThePage) {
     desk.Start();
     const auto before = desk.views.At(1).place;
     desk.Click(u"mnuViewStatusbar");
-    EXPECT_FALSE(desk.main.sbStatus.Visible());
-    EXPECT_FALSE(desk.main.actBar.Find(u"mnuViewStatusbar")->Checked());
-    EXPECT_EQ(desk.views.At(1).place.height.value, before.height.value + desk.main.sbStatus.Height.value);
+    EXPECT_FALSE(desk.ShowsStatusBar());
+    EXPECT_FALSE(desk.Tool(u"mnuViewStatusbar").Checked());
+    EXPECT_EQ(desk.views.At(1).place.height.value, before.height.value + desk.StatusBarHeight().value);
     desk.Click(u"mnuViewStatusbar");
     EXPECT_EQ(desk.views.At(1).place, before);
 }
@@ -303,9 +302,9 @@ TEST(TabSet, TheBarIsLaidOutAnewBetweenTheCheckMarkAndTheStatusBar) {
     Desk desk;
     desk.Start();
     std::string seen;
-    const Connection view = desk.main.actBar.LayoutWanted.Connect([&] {
-        seen += desk.main.actBar.Find(u"mnuViewStatusbar")->Checked() ? "checked " : "unchecked ";
-        seen += desk.main.sbStatus.Visible() ? "shown " : "hidden ";
+    const Connection view = desk.Bar().LayoutWanted.Connect([&] {
+        seen += desk.Tool(u"mnuViewStatusbar").Checked() ? "checked " : "unchecked ";
+        seen += desk.ShowsStatusBar() ? "shown " : "hidden ";
     });
     desk.Click(u"mnuViewStatusbar");
     desk.Click(u"mnuViewStatusbar");

@@ -11,17 +11,17 @@ namespace {
 class TabsThatSleep : public testing::Test {
 protected:
     TabsThatSleep() {
-        desk.main.Sleep.Now = [this] { return now; };
-        desk.main.Sleep.Schedule.ConnectForLife([this](TabSleep::Time time) { next = now + time; });
+        sleep.Now = [this] { return now; };
+        sleep.Schedule.ConnectForLife([this](TabSleep::Time time) { next = now + time; });
         desk.StartWithTabs(4);
-        desk.main.Sleep.SetPatience(10min);
+        sleep.SetPatience(10min);
     }
     /// The time passes, and whatever was asked for is called when it is due.
     void Wait(TabSleep::Time time) {
         const auto until = now + time;
         while (next && *next <= until) {
             now = *std::exchange(next, std::nullopt);
-            desk.main.Sleep.Look();
+            sleep.Look();
         }
         now = until;
     }
@@ -36,6 +36,7 @@ protected:
     TabSleep::Time now{100h};
     std::optional<TabSleep::Time> next;
     Desk desk;
+    TabSleep& sleep = desk.main.Sleep();
 };
 
 TEST_F(TabsThatSleep, SleepWhenTheyWereNotLookedAtForTheTime) {
@@ -46,7 +47,7 @@ TEST_F(TabsThatSleep, SleepWhenTheyWereNotLookedAtForTheTime) {
 }
 
 TEST_F(TabsThatSleep, KeepLivingByDesign) {
-    desk.main.Sleep.SetPatience(0min);
+    sleep.SetPatience(0min);
     Wait(100h);
     EXPECT_EQ(Asleep(), "");
     EXPECT_FALSE(InternetSettings(desk.settings).Get().tabsSleep);
@@ -82,7 +83,7 @@ TEST_F(TabsThatSleep, AreNotAskedAgainWhileTheySleep) {
 
 TEST_F(TabsThatSleep, TellWhenSomeHaveFallenAsleepSoThatTheirMemoryIsGivenBack) {
     int times = 0;
-    desk.main.Sleep.Slept.ConnectForLife([&] { ++times; });
+    sleep.Slept.ConnectForLife([&] { ++times; });
     Wait(10min - 1ms);
     EXPECT_EQ(times, 0);
     Wait(1ms);
@@ -114,7 +115,7 @@ TEST_F(TabsThatSleep, OneThatWasLoadedAgainBehindTheFrontCountsAnew) {
 
 TEST_F(TabsThatSleep, ATabThatComesCountsFromThen) {
     Wait(5min);
-    desk.main.GetNewBrowser(InFront::No);
+    desk.NewTab(InFront::No);
     Wait(5min);
     EXPECT_EQ(Asleep(), "2 3 4");
     Wait(5min);
@@ -123,10 +124,10 @@ TEST_F(TabsThatSleep, ATabThatComesCountsFromThen) {
 
 TEST_F(TabsThatSleep, ClosingTabsLeavesTheOthersAsTheyWere) {
     Wait(5min);
-    desk.main.CloseBrowserTab(3);
+    desk.Close(3);
     Wait(5min);
     EXPECT_EQ(Asleep(), "2 4");
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     Wait(10h);
     EXPECT_FALSE(desk.views.At(1).asleep);
 }
@@ -154,11 +155,11 @@ TEST_F(TabsThatSleep, WhatKeptOneAwakeIsForgottenWhenAPageHasLoaded) {
     Wait(10min);
     ASSERT_EQ(Asleep(), "3 4");
     desk.views.At(2).refuses = false;
-    desk.main.Sleep.Loaded(2);
+    sleep.Loaded(2);
     now += TabSleep::kIconPatience - 1ms;
-    EXPECT_EQ(desk.main.Sleep.SleepLongest(1), 0U) << "its icon is still to come";
+    EXPECT_EQ(sleep.SleepLongest(1), 0U) << "its icon is still to come";
     now += 1ms;
-    EXPECT_EQ(desk.main.Sleep.SleepLongest(1), 1U);
+    EXPECT_EQ(sleep.SleepLongest(1), 1U);
     EXPECT_EQ(Asleep(), "2 3 4");
 }
 
@@ -168,15 +169,15 @@ TEST_F(TabsThatSleep, AddressTitleAndSessionStayAsTheyWere) {
     ASSERT_EQ(Asleep(), "2 3 4");
     EXPECT_EQ(desk.Strip(), "[1*] 2 3 4");
     EXPECT_EQ(desk.Captions(), "[1*] 2 Long read 4");
-    EXPECT_EQ(desk.main.Tabs.Describe(*desk.main.pcPage.FindAt(3)), u"Long read\nhttp://long.example/a");
-    desk.main.Sessions.Write();
+    EXPECT_EQ(desk.Describe(desk.TabAt(3)), u"Long read\nhttp://long.example/a");
+    desk.WriteSession();
     EXPECT_NE(desk.sessions.own.find("http://long.example/a"), std::string::npos);
-    desk.main.Form_Unload();
+    desk.Unload();
     EXPECT_EQ(SettingsStore(desk.settings).LastSites.Get().at(2), u"http://long.example/a");
 }
 
 TEST_F(TabsThatSleep, TheSettingAppliesAtOnceAndAtTheNextStart) {
-    desk.main.Sleep.SetPatience(0min);
+    sleep.SetPatience(0min);
     desk.inInternetOptions = [](frmInternetOptions& form) {
         form.chkSleep.Tick(true);
         form.txtSleepMinutes.Value = Text(u"3");
@@ -189,8 +190,8 @@ TEST_F(TabsThatSleep, TheSettingAppliesAtOnceAndAtTheNextStart) {
     Desk next(&desk.settings);
     TabSleep::Time time{0};
     std::optional<TabSleep::Time> due;
-    next.main.Sleep.Now = [&] { return time; };
-    next.main.Sleep.Schedule.ConnectForLife([&](TabSleep::Time in) { due = time + in; });
+    next.main.Sleep().Now = [&] { return time; };
+    next.main.Sleep().Schedule.ConnectForLife([&](TabSleep::Time in) { due = time + in; });
     next.StartWithTabs(2);
     EXPECT_EQ(due, TabSleep::Time(3min));
 }

@@ -8,24 +8,24 @@ protected:
     void Start(int tabs) {
         desk.StartWithTabs(tabs);
         for (int i = 1; i <= tabs; ++i) desk.views.Calls(i);
-        desk.main.StripInput.HitTest = [this](Pixels x, Pixels y) {
+        input.HitTest = [this](Pixels x, Pixels y) {
             asked = std::to_string(x.value) + "," + std::to_string(y.value);
-            const auto count = static_cast<int>(desk.main.pcPage.Count());
+            const auto count = static_cast<int>(desk.CountTabs());
             return x.value >= 0 && x.value / 100 < count ? x.value / 100 : -1;
         };
-        desk.main.actBar.PopupWanted.ConnectForLife([this](Band& band) { popups += ToUtf8(band.Name()) + ";"; });
+        desk.Bar().PopupWanted.ConnectForLife([this](Band& band) { popups += ToUtf8(band.Name()) + ";"; });
     }
 
     std::string PopupTools() {
         std::string all;
         for (const TextView name : {u"mnuTabStop", u"mnuTabRefresh"})
-            if (desk.main.actBar.Find(name)->Enabled()) all += ToUtf8(name) + ";";
+            if (desk.Tool(name).Enabled()) all += ToUtf8(name) + ";";
         return all;
     }
 
     Desk desk;
     std::string asked, popups;
-    TabStripInput& input = desk.main.StripInput;
+    TabStripInput& input = desk.main.StripInput();
 };
 
 TEST_F(TabStripInputTest, TheRightButtonOpensThePopupForABusyBackgroundTab) {
@@ -69,12 +69,12 @@ TEST_F(TabStripInputTest, TheDragPointIsNotConvertedFromTwips_Deliberate) {
 
 TEST_F(TabStripInputTest, TextDroppedOnTheSelectedTabOpensANewTab) {
     Start(2);
-    desk.main.OpenNewInFront = false;
+    desk.Set(u"OpenNewInFront", u"false");
     input.OLEDragOver(true, 10, 5);
     input.OLEDragDrop(u" some text ");
     EXPECT_EQ(desk.Strip(), "[1*] 3 2");
     EXPECT_EQ(desk.views.Calls(3), "go about:blank, go  some text ") << "as it comes";
-    desk.main.OpenNewInFront = true;
+    desk.Set(u"OpenNewInFront", u"true");
     input.OLEDragDrop(u"http://a/");
     EXPECT_EQ(desk.Strip(), "1 [4*] 3 2");
 }

@@ -42,7 +42,7 @@ protected:
     }
 
     Desk desk;
-    frmTaskView& form = desk.main.TaskView;
+    frmTaskView& form = desk.main.TaskView();
     std::map<std::int64_t, ProcessUse> processes;
     std::chrono::milliseconds now{50s};
     int reads = 0;
@@ -169,7 +169,7 @@ TEST_F(TaskView, TheSelectionStaysWithItsTab) {
     form.Refresh();
     EXPECT_EQ(Column(TaskColumn::Title), "apples|Weather|News");
     EXPECT_EQ(form.Selected(), u"Tab3");
-    desk.main.CloseBrowserTab(3);
+    desk.Close(3);
     form.Refresh();
     EXPECT_EQ(Column(TaskColumn::Title), "Weather|News");
     EXPECT_EQ(form.Selected(), u"Tab2");
@@ -223,7 +223,7 @@ TEST_F(TaskView, ATabWithoutATitleIsCalledAsItsCaption) {
 
 TEST_F(TaskView, IsHiddenWhenTheWindowEnds) {
     Open();
-    desk.main.Form_Unload();
+    desk.Unload();
     EXPECT_FALSE(form.Form.Visible());
     form.Refresh();
 }

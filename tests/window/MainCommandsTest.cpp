@@ -7,25 +7,25 @@ namespace {
 TEST(MainCommands, TheResizeCommandsOpenTheDialogForTheirBox) {
     Desk desk;
     desk.Start();
-    desk.main.AddressCombo()->Width = Pixels{500};
-    desk.main.SearchCombo()->Width = Pixels{200};
+    desk.Combo(u"cboAddress").Width = Pixels{500};
+    desk.Combo(u"cboSearch").Width = Pixels{200};
     int shown = 0;
     desk.inResize = [&](frmResize& form) {
         ++shown;
         form.cmdResize[7].Click();
     };
     desk.Click(u"mnuResizeAddress");
-    EXPECT_EQ(desk.main.AddressCombo()->Width(), Pixels{600});
+    EXPECT_EQ(desk.Combo(u"cboAddress").Width(), Pixels{600});
     desk.Click(u"mnuResizeSearch");
-    EXPECT_EQ(desk.main.SearchCombo()->Width(), Pixels{300});
-    EXPECT_EQ(desk.main.AddressCombo()->Width(), Pixels{600});
+    EXPECT_EQ(desk.Combo(u"cboSearch").Width(), Pixels{300});
+    EXPECT_EQ(desk.Combo(u"cboAddress").Width(), Pixels{600});
     EXPECT_EQ(shown, 2);
 }
 
 TEST(MainCommands, HelpOpensInANewTabInFront) {
     Desk desk;
     desk.Start();
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF1, 0}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({Keys::kF1, 0}), KeyUsed::Yes);
     EXPECT_EQ(desk.Strip(), "1 [2*]");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go tessaview:help");
 }
@@ -44,7 +44,7 @@ TEST(MainCommands, InternetOptionsTakeEffectAfterOkAlone) {
     Desk desk;
     desk.Start();
     desk.views.At(1).location = u"http://page.example/";
-    EXPECT_TRUE(desk.main.actBar.Find(u"mnuViewInternetOptions")->Enabled());
+    EXPECT_TRUE(desk.Tool(u"mnuViewInternetOptions").Enabled());
     desk.log.Take();
     desk.inInternetOptions = [](frmInternetOptions& form) { form.cmdCancel.Click(); };
     desk.Click(u"mnuViewInternetOptions");
@@ -63,8 +63,9 @@ TEST(MainCommands, TheLoadSwitchesAreReadAnewAfterTheInternetOptionsWhateverTheA
         Desk desk;
         desk.Start();
         std::string seen;
-        desk.main.Pages.ApplyLoadOptions.ConnectForLife(
-            [&] { seen += SettingsStore(desk.settings).LoadImages.Get() ? "images;" : "no images;"; });
+        desk.engineOptions.applied = [&] {
+            seen += SettingsStore(desk.settings).LoadImages.Get() ? "images;" : "no images;";
+        };
         desk.inInternetOptions = [&](frmInternetOptions& form) {
             EXPECT_EQ(seen, "") << "not before the dialog closes";
             ResumeNext(SettingsStore(desk.settings).LoadImages.Set(false));
@@ -72,8 +73,8 @@ TEST(MainCommands, TheLoadSwitchesAreReadAnewAfterTheInternetOptionsWhateverTheA
         };
         desk.Click(u"mnuViewInternetOptions");
         EXPECT_EQ(seen, "no images;") << accepted;
-        EXPECT_FALSE(desk.main.actBar.Find(u"mnuLoadImages")->Checked());
-        EXPECT_TRUE(desk.main.actBar.Find(u"mnuLoadVideos")->Checked());
+        EXPECT_FALSE(desk.Tool(u"mnuLoadImages").Checked());
+        EXPECT_TRUE(desk.Tool(u"mnuLoadVideos").Checked());
     }
 }
 
@@ -90,29 +91,10 @@ TEST(MainCommands, InternetOptionsShowTheDesktopsMailAndNewsPrograms) {
     EXPECT_EQ(shown, u"letters --compose, papers");
 }
 
-TEST(MainCommands, ClearingTypedAddressesEmptiesTheBoxesAndWhatIsStored) {
-    Desk desk;
-    desk.Start();
-    desk.main.AddressCombo()->List = std::vector<Text>{u"a.example"};
-    desk.main.SearchCombo()->List = std::vector<Text>{u"words"};
-    desk.settings.PutList(u"AddressHistory", {u"a.example"});
-    desk.settings.PutList(u"SearchHistory", {u"words"});
-    desk.log.Take();
-    desk.inInternetOptions = [](frmInternetOptions& form) {
-        form.chkClearTyped.Tick(true);
-        form.cmdClear.Click();
-    };
-    desk.Click(u"mnuViewInternetOptions");
-    EXPECT_EQ(desk.List(u"cboAddress") + desk.List(u"cboSearch"), "");
-    EXPECT_EQ(desk.settings.StoredList(u"AddressHistory"), u"");
-    EXPECT_EQ(desk.settings.StoredList(u"SearchHistory"), u"");
-    EXPECT_EQ(desk.log.Take(), "clear no cookies");
-}
-
 TEST(MainCommands, FullScreenGoesOnAndOff) {
     Desk desk;
     desk.Start();
-    desk.main.Form_KeyDown({Keys::kF11, 0});
+    desk.Press({Keys::kF11, 0});
     EXPECT_TRUE(desk.window.fullScreen);
     desk.Click(u"xtrFullScreen");
     EXPECT_FALSE(desk.window.fullScreen);

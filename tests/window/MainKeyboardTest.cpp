@@ -6,7 +6,7 @@ class MainKeyboardTest : public testing::Test {
 protected:
     void SetUp() override {
         desk.StartWithTabs(3);
-        CommandBar& bar = desk.main.actBar;
+        CommandBar& bar = desk.Bar();
         view += bar.FocusWanted.Connect(
             [this](Band& band, Tool& tool) { focused = ToUtf8(band.Name()) + "." + ToUtf8(tool.Name()); });
         view += bar.MenuWanted.Connect([this](Tool& tool) { opened += ToUtf8(tool.Name()) + ";"; });
@@ -22,111 +22,111 @@ protected:
 
 TEST_F(MainKeyboardTest, WhatIsTypedOverABlankPageIsForTheAddressBox) {
     desk.PageLoads(1, u"http://one/", u"One");
-    desk.main.Form_Type();
+    desk.TypeOverPage();
     EXPECT_EQ(focused, "");
-    desk.main.GetNewBrowser(InFront::Yes);
-    desk.main.Form_Type();
+    desk.NewTab(InFront::Yes);
+    desk.TypeOverPage();
     EXPECT_EQ(focused, "bndAddress.cboAddress");
 }
 
 constexpr std::int32_t kCtrlShift = Keys::kCtrl | Keys::kShift;
 
 TEST_F(MainKeyboardTest, CtrlTabGoesRoundTheTabs) {
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl}), KeyUsed::No) << "the table does not clear the key";
+    EXPECT_EQ(desk.Press({Keys::kTab, Keys::kCtrl}), KeyUsed::No) << "the table does not clear the key";
     EXPECT_EQ(desk.Strip(), "1 [2*] 3");
-    desk.main.Form_KeyDown({Keys::kTab, kCtrlShift});
-    desk.main.Form_KeyDown({Keys::kTab, kCtrlShift});
+    desk.Press({Keys::kTab, kCtrlShift});
+    desk.Press({Keys::kTab, kCtrlShift});
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
 }
 
 TEST_F(MainKeyboardTest, OtherModifiersWithTabDoNothing) {
-    desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl | Keys::kAlt});
-    desk.main.Form_KeyDown({Keys::kTab, kCtrlShift | Keys::kAlt});
-    desk.main.Form_KeyDown({Keys::kTab, Keys::kShift});
-    desk.main.Form_KeyDown({Keys::kTab, 0});
+    desk.Press({Keys::kTab, Keys::kCtrl | Keys::kAlt});
+    desk.Press({Keys::kTab, kCtrlShift | Keys::kAlt});
+    desk.Press({Keys::kTab, Keys::kShift});
+    desk.Press({Keys::kTab, 0});
     EXPECT_EQ(desk.Strip(), "[1*] 2 3");
-    desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl | 8});
+    desk.Press({Keys::kTab, Keys::kCtrl | 8});
     EXPECT_EQ(desk.Strip(), "1 [2*] 3") << "only the three bits count";
 }
 
 TEST_F(MainKeyboardTest, AltDAndAltRReachTheBoxesWhateverElseIsHeld) {
-    desk.main.Form_KeyDown({'D', Keys::kAlt});
+    desk.Press({'D', Keys::kAlt});
     EXPECT_EQ(focused, "bndAddress.cboAddress");
-    desk.main.Form_KeyDown({'R', Keys::kAlt | Keys::kShift});
+    desk.Press({'R', Keys::kAlt | Keys::kShift});
     EXPECT_EQ(focused, "bndSearch.cboSearch");
-    desk.main.Form_KeyDown({'D', Keys::kAlt | kCtrlShift});
+    desk.Press({'D', Keys::kAlt | kCtrlShift});
     EXPECT_EQ(focused, "bndAddress.cboAddress");
     focused.clear();
-    desk.main.Form_KeyDown({'D', 0});
+    desk.Press({'D', 0});
     EXPECT_EQ(focused, "");
 }
 
 TEST_F(MainKeyboardTest, AKeyThatTheBarUsesIsCleared) {
-    EXPECT_EQ(desk.main.Form_KeyDown({'T', Keys::kCtrl}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({'T', Keys::kCtrl}), KeyUsed::Yes);
     EXPECT_EQ(desk.Strip(), "1 [4*] 2 3");
-    EXPECT_EQ(desk.main.Form_KeyDown({'A', 0}), KeyUsed::No);
+    EXPECT_EQ(desk.Press({'A', 0}), KeyUsed::No);
 }
 
 TEST_F(MainKeyboardTest, AKeyUpThatTheBarUsesIsClearedToo) {
-    desk.main.Form_KeyDown({'T', Keys::kCtrl});
-    EXPECT_EQ(desk.main.Form_KeyUp({'T', Keys::kCtrl}), KeyUsed::Yes);
-    desk.main.Form_KeyDown({'A', 0});
-    EXPECT_EQ(desk.main.Form_KeyUp({'A', 0}), KeyUsed::No);
-    desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl});
-    EXPECT_EQ(desk.main.Form_KeyUp({Keys::kTab, Keys::kCtrl}), KeyUsed::No) << "the table does not clear the key";
+    desk.Press({'T', Keys::kCtrl});
+    EXPECT_EQ(desk.Release({'T', Keys::kCtrl}), KeyUsed::Yes);
+    desk.Press({'A', 0});
+    EXPECT_EQ(desk.Release({'A', 0}), KeyUsed::No);
+    desk.Press({Keys::kTab, Keys::kCtrl});
+    EXPECT_EQ(desk.Release({Keys::kTab, Keys::kCtrl}), KeyUsed::No) << "the table does not clear the key";
 }
 
 TEST_F(MainKeyboardTest, AKeyOfTheTableReachesTheBarToo) {
-    desk.main.actBar.SetShortcuts({{u"mnuNewBlank", {'D', Keys::kAlt}}, {u"mnuClose", {Keys::kTab, Keys::kCtrl}}});
-    EXPECT_EQ(desk.main.Form_KeyDown({'D', Keys::kAlt}), KeyUsed::Yes);
+    desk.Bar().SetShortcuts({{u"mnuNewBlank", {'D', Keys::kAlt}}, {u"mnuClose", {Keys::kTab, Keys::kCtrl}}});
+    EXPECT_EQ(desk.Press({'D', Keys::kAlt}), KeyUsed::Yes);
     EXPECT_EQ(focused, "bndAddress.cboAddress");
     EXPECT_EQ(desk.Strip(), "1 [4*] 2 3");
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kTab, Keys::kCtrl}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({Keys::kTab, Keys::kCtrl}), KeyUsed::Yes);
     EXPECT_EQ(desk.Strip(), "1 4 [3*]") << "the next tab was shown, then closed";
 }
 
 TEST_F(MainKeyboardTest, TheBoxesHaveCombinationsOfTheirOwn) {
-    EXPECT_EQ(desk.main.Form_KeyDown({'L', Keys::kCtrl}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({'L', Keys::kCtrl}), KeyUsed::Yes);
     EXPECT_EQ(focused, "bndAddress.cboAddress");
-    EXPECT_EQ(desk.main.Form_KeyDown({'K', Keys::kCtrl}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({'K', Keys::kCtrl}), KeyUsed::Yes);
     EXPECT_EQ(focused, "bndSearch.cboSearch");
 }
 
 TEST_F(MainKeyboardTest, F6GoesRoundTheWindowAndF10AndAltAloneToTheMenuBar) {
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, 0}), KeyUsed::Yes);
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, Keys::kShift}), KeyUsed::Yes);
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF10, 0}), KeyUsed::Yes);
-    EXPECT_EQ(desk.main.Form_KeyUp({Keys::kF10, 0}), KeyUsed::Yes);
-    EXPECT_EQ(desk.main.Form_KeyUp({Keys::kAltAlone, 0}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({Keys::kF6, 0}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({Keys::kF6, Keys::kShift}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({Keys::kF10, 0}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Release({Keys::kF10, 0}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Release({Keys::kAltAlone, 0}), KeyUsed::Yes);
     EXPECT_EQ(steps, "next;previous;menu;menu;");
     steps.clear();
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF10, Keys::kShift}), KeyUsed::No) << "is for the page's own menu";
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, Keys::kCtrl}), KeyUsed::No);
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, Keys::kAlt}), KeyUsed::No);
+    EXPECT_EQ(desk.Press({Keys::kF10, Keys::kShift}), KeyUsed::No) << "is for the page's own menu";
+    EXPECT_EQ(desk.Press({Keys::kF6, Keys::kCtrl}), KeyUsed::No);
+    EXPECT_EQ(desk.Press({Keys::kF6, Keys::kAlt}), KeyUsed::No);
     EXPECT_EQ(steps, "");
     EXPECT_EQ(desk.Strip(), "[1*] 2 3");
 }
 
 TEST_F(MainKeyboardTest, WithoutAViewNoKeyLeadsAnywhere) {
     view.End();
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kF6, 0}), KeyUsed::No);
-    EXPECT_EQ(desk.main.Form_KeyUp({Keys::kAltAlone, 0}), KeyUsed::No);
-    EXPECT_EQ(desk.main.Form_KeyDown({'M', Keys::kAlt}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({Keys::kF6, 0}), KeyUsed::No);
+    EXPECT_EQ(desk.Release({Keys::kAltAlone, 0}), KeyUsed::No);
+    EXPECT_EQ(desk.Press({'M', Keys::kAlt}), KeyUsed::Yes);
 }
 
 TEST_F(MainKeyboardTest, AltMOpensTheMenuOfMore) {
-    EXPECT_EQ(desk.main.Form_KeyDown({'M', Keys::kAlt}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Press({'M', Keys::kAlt}), KeyUsed::Yes);
     EXPECT_EQ(opened, "xtrMore;");
-    desk.main.actBar.SetShortcuts({{u"mnuMail", {'M', Keys::kAlt}}});
-    desk.main.Form_KeyDown({'M', Keys::kAlt});
+    desk.Bar().SetShortcuts({{u"mnuMail", {'M', Keys::kAlt}}});
+    desk.Press({'M', Keys::kAlt});
     EXPECT_EQ(opened, "xtrMore;") << "a tool with a command of its own runs that";
 }
 
 TEST_F(MainKeyboardTest, EscapeBelongsToThePageUnlessItLoads) {
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kEscape, 0}), KeyUsed::No);
+    EXPECT_EQ(desk.Press({Keys::kEscape, 0}), KeyUsed::No);
     desk.views.At(1).busy = true;
-    desk.main.Tabs.UpdateStopRefresh();
-    EXPECT_EQ(desk.main.Form_KeyDown({Keys::kEscape, 0}), KeyUsed::Yes);
+    desk.PageSaysWhetherItLoads();
+    EXPECT_EQ(desk.Press({Keys::kEscape, 0}), KeyUsed::Yes);
 }
 
 } // namespace

@@ -11,12 +11,12 @@ protected:
     void Resize(std::int32_t width, std::int32_t height) {
         desk.window.innerWidth = {width};
         desk.window.innerHeight = {height};
-        desk.main.Form_Resize();
+        desk.Resize();
     }
     FakeView& View() { return desk.views.At(1); }
 
     Desk desk;
-    const std::int32_t status = desk.main.sbStatus.Height.value;
+    const std::int32_t status = desk.StatusBarHeight().value;
 };
 
 TEST_F(MainResizeTest, StripAndViewFollowTheWindow) {
@@ -27,11 +27,11 @@ TEST_F(MainResizeTest, StripAndViewFollowTheWindow) {
 
 TEST_F(MainResizeTest, AHiddenStatusBarLeavesItsHeightToStripAndView) {
     desk.Click(u"mnuViewStatusbar");
-    desk.main.Form_Resize();
+    desk.Resize();
     EXPECT_EQ(desk.window.strip.height, Pixels{700});
     EXPECT_EQ(View().place.height, Pixels{700 - 22});
     desk.Click(u"mnuViewStatusbar");
-    desk.main.Form_Resize();
+    desk.Resize();
     EXPECT_EQ(desk.window.strip.height, Pixels{700 - status});
 }
 

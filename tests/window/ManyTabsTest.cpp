@@ -8,7 +8,7 @@ namespace {
 template<typename Step>
 std::size_t AskedBy(int tabs, Step step) {
     Desk desk;
-    desk.main.Sleep.Now = [] { return TabSleep::Time{0}; };
+    desk.main.Sleep().Now = [] { return TabSleep::Time{0}; };
     desk.StartWithTabs(tabs);
     desk.views.asked = 0;
     step(desk);
@@ -17,9 +17,7 @@ std::size_t AskedBy(int tabs, Step step) {
 
 // What is open beside them costs a tab nothing: else a thousand would cost a million.
 TEST(ManyTabs, OpeningOneAsksNoMoreOfThemHoweverManyThereAre) {
-    const auto open = [](Desk& desk) {
-        ResumeNext(desk.main.GetNewBrowser(InFront::Yes)->Navigate(u"http://a.example/"));
-    };
+    const auto open = [](Desk& desk) { ResumeNext(desk.NewTab(InFront::Yes)->Navigate(u"http://a.example/")); };
     EXPECT_EQ(AskedBy(10, open), AskedBy(300, open));
 }
 
@@ -36,7 +34,7 @@ TEST(ManyTabs, NorDoesAPageThatLoads) {
 TEST(ManyTabs, ToWriteThemDownEachIsAskedForItsPageOnce) {
     const auto write = [](Desk& desk) {
         for (int tab = 1; tab <= 300; ++tab) desk.views.At(tab).location = u"http://a.example/" + Decimal(tab);
-        desk.main.Sessions.Write();
+        desk.WriteSession();
     };
     EXPECT_EQ(AskedBy(300, write), 2 * 300u) << "address and title";
 }

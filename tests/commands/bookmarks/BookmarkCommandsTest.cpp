@@ -12,13 +12,13 @@ namespace {
 class BookmarkCommandsTest : public testing::Test {
 protected:
     TemporaryFolder m_favorites, m_groups, m_files;
-    Desk m_desk;
+    Desk m_desk{
+        {.groupFolder = m_groups.PathText(""), .favoritesFolder = Favorites::FolderOf(m_favorites.PathText("x"))}};
 
     void SetUp() override {
-        m_desk.main.Commands.favoritesFolder = Favorites::FolderOf(m_favorites.PathText("x"));
-        m_desk.main.Commands.groupFolder = m_groups.PathText("");
         m_desk.StartWithTabs(1);
-        m_desk.main.Commands.favoritesMenuStale = m_desk.main.Commands.groupsMenuStale = false;
+        m_desk.OpenMenu(u"bndFavorites");
+        m_desk.OpenMenu(u"bndTessaGroupsMenu");
     }
     void Choose(const std::string& html) { m_desk.files.chosen = FromBytes(m_files.Write("bookmarks.html", html)); }
     std::string Group(const std::string& name) const {
@@ -35,7 +35,7 @@ TEST_F(BookmarkCommandsTest, FavoritesComeInWithTheirFolders) {
     Choose(kFile);
     m_desk.Click(u"xtrImportFavorites");
     EXPECT_EQ(m_desk.Said(), "4 Favorites were added.");
-    EXPECT_TRUE(m_desk.main.Commands.favoritesMenuStale);
+    EXPECT_TRUE(m_desk.Renews(u"bndFavorites"));
     EXPECT_EQ(Favorites::Items(m_favorites.PathText("News")).size(), 3U);
     EXPECT_TRUE(m_desk.files.last.MustExist);
 }
@@ -48,7 +48,7 @@ TEST_F(BookmarkCommandsTest, AFolderBecomesAGroupAndReplacesNone) {
     EXPECT_EQ(Group("Bookmarks"), "http://a/ ");
     EXPECT_EQ(Group("News (2)"), "http://b/ http://c/ ") << "a group opens without a question, so not files";
     EXPECT_EQ(Group("News"), "http://old/ ");
-    EXPECT_TRUE(m_desk.main.Commands.groupsMenuStale);
+    EXPECT_TRUE(m_desk.Renews(u"bndTessaGroupsMenu"));
 }
 
 TEST_F(BookmarkCommandsTest, NamesAndAddressesOfAHostileFileStayWithinTheirFiles) {
@@ -68,7 +68,7 @@ TEST_F(BookmarkCommandsTest, AFileWithoutBookmarksChangesNothingAndSaysSo) {
     EXPECT_EQ(m_desk.Said(), "There are no bookmarks in that file.");
     m_desk.Click(u"xtrImportTessaGroups");
     EXPECT_EQ(m_groups.Files() + m_favorites.Files(), 0U);
-    EXPECT_FALSE(m_desk.main.Commands.favoritesMenuStale);
+    EXPECT_FALSE(m_desk.Renews(u"bndFavorites"));
 }
 
 TEST_F(BookmarkCommandsTest, CancellingDoesNothing) {

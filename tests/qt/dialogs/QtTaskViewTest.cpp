@@ -62,7 +62,7 @@ protected:
 
     Desk desk;
     QWidget window;
-    frmTaskView& form = desk.main.TaskView;
+    frmTaskView& form = desk.main.TaskView();
     std::map<std::int64_t, std::int64_t> memory{{11, 80'000'000}, {12, 120'000'000}, {13, 40'000'000}};
     QtTaskView view{form, window};
 };
@@ -158,7 +158,7 @@ TEST_F(QtTaskViewTest, FollowsTheFiguresByItself) {
     memory[13] = 900'000'000;
     ASSERT_TRUE(QTest::qWaitFor([&] { return Titles() == QStringLiteral("Apples <b>Weather</b> [News]"); }));
     EXPECT_EQ(Tasks().currentItem()->text(0), QStringLiteral("News")) << "the selection stays with its tab";
-    desk.main.CloseBrowserTab(1);
+    desk.Close(1);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Titles() == QStringLiteral("[Apples] <b>Weather</b>"); }));
 }
 
