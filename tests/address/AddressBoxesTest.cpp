@@ -1,3 +1,4 @@
+// Tests: HistoryCommands
 #include "address/AddressBoxes.h"
 
 #include "tests/Desk.h"

@@ -1,3 +1,4 @@
+// Tests: Hook, UnseenDesktop, UnseenWindow
 #include "app/Startup.h"
 
 #include "app/Hook.h"

@@ -1,3 +1,4 @@
+// Tests: BandRules, CommandBarLayoutWords
 #include "bar/CommandBarLayout.h"
 
 #include "tests/bar/LayoutCheck.h"

@@ -1,3 +1,4 @@
+// Tests: Band, Tool
 #include "bar/CommandBar.h"
 
 #include <gtest/gtest.h>

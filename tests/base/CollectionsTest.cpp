@@ -1,3 +1,4 @@
+// Tests: CKeyValues, CStrings
 #include "base/CKeyValues.h"
 #include "base/CStrings.h"
 

@@ -1,3 +1,4 @@
+// Tests: Schemes
 #include "base/LinkTrust.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// Tests: Property
 #include "base/Signal.h"
 #include "base/Property.h"
 

@@ -1,3 +1,4 @@
+// Tests: Units
 #include "base/Text.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Tests: BandRules
 #include "commands/Customization.h"
 
 #include "bar/CommandBarLayout.h"

@@ -1,3 +1,4 @@
+// Tests: CollectionCommands, PageCommands, TabCommands
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 

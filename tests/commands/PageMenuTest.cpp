@@ -1,3 +1,4 @@
+// Tests: PageMenuEntries
 #include "commands/PageMenu.h"
 
 #include "tests/Desk.h"

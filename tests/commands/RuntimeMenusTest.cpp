@@ -1,3 +1,4 @@
+// Tests: MenuEntryCommands, RuntimeIds
 #include "commands/RuntimeMenus.h"
 
 #include "groups/frmRenameGroup.h"

@@ -1,3 +1,4 @@
+// Tests: Download, DownloadList, DownloadWords, TransferRate, WriteTrouble, frmDownloads
 #include "downloads/DownloadList.h"
 #include "downloads/DownloadWords.h"
 #include "downloads/frmDownloads.h"

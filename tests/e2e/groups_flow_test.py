@@ -1,3 +1,4 @@
+# Tests: QtRenameGroup
 """A TessaGroup's life: saved from the open tabs, opened after a restart, reordered in the editor, opened again."""
 
 import configparser

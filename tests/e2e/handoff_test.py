@@ -1,3 +1,4 @@
+# Tests: QtHandOver
 """A second start of the program hands its command line to the one that runs."""
 
 import os

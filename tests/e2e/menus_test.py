@@ -1,3 +1,4 @@
+# Tests: QtForms, QtProgramParts
 """The menus, as a person opens them: with the mouse and by their access keys."""
 
 import os

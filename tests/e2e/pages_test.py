@@ -1,3 +1,4 @@
+# Tests: QtProgramPages
 """What pages ask of their user, from outside: a login, a refused certificate, the whole screen."""
 
 import base64

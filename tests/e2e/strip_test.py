@@ -1,3 +1,4 @@
+# Tests: QtProgramStrip
 """The tab strip under a real pointer: the popup on a background tab, tabs that are dragged, what another program drops."""
 
 import http.server

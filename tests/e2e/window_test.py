@@ -1,3 +1,4 @@
+# Tests: QtProgram
 """The main window goes into the task bar and comes back, and so does what it shows."""
 
 import os

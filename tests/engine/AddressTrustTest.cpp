@@ -1,3 +1,4 @@
+// Tests: QtAwaited
 #include "qt/questions/QtCertificatePage.h"
 #include "tests/engine/CommandsOnPages.h"
 

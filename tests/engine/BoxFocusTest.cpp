@@ -1,3 +1,4 @@
+// Tests: QtComboBoxes
 #include "qt/bar/QtComboBox.h"
 #include "qt/bar/QtComboBoxes.h"
 #include "tests/engine/CommandsOnPages.h"

@@ -1,3 +1,4 @@
+// Tests: QtSiteData
 #include "qt/engine/QtBrowsingData.h"
 
 #include "qt/base/QtText.h"

@@ -1,3 +1,5 @@
+// Tests: QtFrameEnds
+//
 // When a tab turns busy and idle: as soon as a navigation is complete, also one to the address that is shown already,
 // and when the navigation of a frame ends without a document.
 #include "tests/engine/CommandsOnPages.h"

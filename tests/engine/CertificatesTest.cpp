@@ -1,3 +1,4 @@
+// Tests: QtCertificatePage, QtCertificates
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/questions/QtCertificatePage.h"

@@ -1,3 +1,4 @@
+// Tests: QtCovers, QtCrashPage, QtCrashes
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/questions/QtCrashPage.h"

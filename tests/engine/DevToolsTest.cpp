@@ -1,3 +1,4 @@
+// Tests: QtDevTools
 #include "qt/engine/QtBrowserView.h"
 #include "qt/page/QtDevTools.h"
 #include "tests/engine/EngineDesk.h"

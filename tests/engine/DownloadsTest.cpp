@@ -1,3 +1,4 @@
+// Tests: QtDownloads
 #include "qt/downloads/QtDownloads.h"
 
 #include "qt/base/QtText.h"

@@ -1,3 +1,4 @@
+// Tests: QtBrowserView, QtBrowserViewEvents, QtBrowserViewWidget, QtLoadEnds, QtPage
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 

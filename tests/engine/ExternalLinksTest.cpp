@@ -1,3 +1,4 @@
+// Tests: QtExternalLinks, QtPersonInput
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/page/QtDialogCover.h"

@@ -1,3 +1,4 @@
+// Tests: QtFindBar
 #include "qt/window/QtFindBar.h"
 
 #include "qt/engine/QtBrowserView.h"

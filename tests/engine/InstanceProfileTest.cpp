@@ -1,3 +1,4 @@
+// Tests: QtProfile
 #include "qt/engine/QtBrowserView.h"
 #include "qt/engine/QtBrowsingData.h"
 #include "tests/engine/EngineDesk.h"

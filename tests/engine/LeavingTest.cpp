@@ -1,3 +1,4 @@
+// Tests: QtLeaving
 #include "qt/page/QtPage.h"
 #include "qt/page/QtPageDialog.h"
 #include "tests/engine/CommandsOnPages.h"

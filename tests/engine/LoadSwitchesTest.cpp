@@ -1,3 +1,4 @@
+// Tests: QtLoadSwitches, QtResources
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/engine/MovingPictures.h"

@@ -1,3 +1,4 @@
+// Tests: QtRequests
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/engine/QtRequests.h"

@@ -1,3 +1,4 @@
+// Tests: QtLoginDialog, QtLogins
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/questions/QtCertificatePage.h"

@@ -1,3 +1,4 @@
+// Tests: QtMediaKeys
 #include "qt/desktop/QtMediaKeys.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/engine/QtEngine.h"

@@ -1,3 +1,4 @@
+// Tests: QtNotifications
 #include "qt/engine/QtNotifications.h"
 
 #include "qt/base/QtText.h"

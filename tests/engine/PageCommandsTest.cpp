@@ -1,3 +1,4 @@
+// Tests: QtPageTools
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>

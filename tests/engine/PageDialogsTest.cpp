@@ -1,3 +1,4 @@
+// Tests: QtDialogScheme, QtPageDialog, QtPageDialogs
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/page/QtPageDialog.h"

@@ -1,3 +1,4 @@
+// Tests: QtPageDocuments, QtPageOutput
 #include "qt/base/QtText.h"
 #include "qt/downloads/QtDownloads.h"
 #include "qt/engine/QtBrowserView.h"

@@ -1,3 +1,4 @@
+// Tests: QtPageFullScreen
 #include "qt/engine/QtBrowserView.h"
 #include "qt/engine/QtEngine.h"
 #include "tests/engine/EngineDesk.h"

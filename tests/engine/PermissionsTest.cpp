@@ -1,3 +1,4 @@
+// Tests: QtPermissions
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"

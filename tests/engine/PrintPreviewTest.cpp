@@ -1,3 +1,4 @@
+// Tests: QtPreviewBar
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/engine/QtEngine.h"

@@ -1,3 +1,4 @@
+// Tests: QtEngine, QtParkedSize
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"

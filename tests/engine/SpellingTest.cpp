@@ -1,3 +1,4 @@
+// Tests: QtDictionaries
 #include "qt/engine/QtBrowserView.h"
 #include "qt/engine/QtDictionaries.h"
 #include "tests/engine/EngineDesk.h"

@@ -1,3 +1,4 @@
+// Tests: QtStartPage
 #include "qt/engine/QtBrowserView.h"
 #include "qt/page/QtPage.h"
 #include "qt/page/QtStartPage.h"

@@ -1,3 +1,4 @@
+// Tests: QtRequests
 #include "qt/engine/QtRequests.h"
 #include "startpage/StartPage.h"
 #include "tests/engine/CommandsOnPages.h"

@@ -1,3 +1,4 @@
+// Tests: QtPageLife
 #include "qt/base/QtText.h"
 #include "qt/downloads/QtDownloads.h"
 #include "qt/engine/QtBrowserView.h"

@@ -1,3 +1,4 @@
+// Tests: QtTyping
 #include "base/OwnAddresses.h"
 #include "qt/base/QtTyping.h"
 #include "tests/engine/CommandsOnPages.h"

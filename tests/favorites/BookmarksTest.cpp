@@ -1,3 +1,4 @@
+// Tests: BookmarksWrite
 #include "favorites/Bookmarks.h"
 
 #include "favorites/FavoriteFiles.h"

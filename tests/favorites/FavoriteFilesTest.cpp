@@ -1,3 +1,4 @@
+// Tests: Folder, FreeNames, Paths
 #include "favorites/FavoriteFiles.h"
 
 #include "favorites/Favorites.h"

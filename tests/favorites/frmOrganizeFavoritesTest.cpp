@@ -1,3 +1,4 @@
+// Tests: QuotedTitle
 #include "favorites/frmOrganizeFavorites.h"
 
 #include "favorites/Favorites.h"

@@ -1,3 +1,4 @@
+// Tests: LoadProgress
 #include "tests/Desk.h"
 #include "tests/fakes/FullDisk.h"
 #include "tests/fakes/System.h"

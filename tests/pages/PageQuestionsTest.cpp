@@ -1,3 +1,4 @@
+// Tests: LinkRules
 #include "pages/PageQuestions.h"
 
 #include "pages/LinkRules.h"

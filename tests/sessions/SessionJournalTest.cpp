@@ -1,3 +1,4 @@
+// Tests: CameBack
 #include "tests/Desk.h"
 
 namespace {

@@ -1,3 +1,4 @@
+// Tests: BrowsingData, InternetSettings
 #include "settings/frmInternetOptions.h"
 #include "tests/fakes/FakeSettings.h"
 

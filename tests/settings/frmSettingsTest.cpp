@@ -1,3 +1,4 @@
+// Tests: Controls
 #include "settings/frmSettings.h"
 #include "tests/fakes/FakeSettings.h"
 

@@ -1,3 +1,4 @@
+// Tests: AddressSigns
 #include "tabs/AddressSigns.h"
 #include "tests/Desk.h"
 

@@ -1,3 +1,4 @@
+// Tests: ClosingQuestions
 #include "settings/SettingsStore.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"

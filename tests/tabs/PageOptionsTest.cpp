@@ -1,3 +1,4 @@
+// Tests: Browser
 #include "tabs/PageOptions.h"
 
 #include "commands/DesignTimeBar.h"

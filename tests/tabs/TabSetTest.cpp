@@ -1,3 +1,4 @@
+// Tests: TabKeys, ViewArray
 #include "tests/Desk.h"
 
 #include <utility>

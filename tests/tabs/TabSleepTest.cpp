@@ -1,3 +1,4 @@
+// Tests: PageLife
 #include "tabs/TabSleep.h"
 
 #include "settings/frmInternetOptions.h"

@@ -1,3 +1,4 @@
+// Tests: Report
 #include "commands/frmResize.h"
 #include "settings/frmInternetOptions.h"
 #include "tests/Desk.h"

@@ -1,3 +1,4 @@
+// Tests: LockedFile
 #include "base/os/FileLock.h"
 
 #include "tests/fakes/TemporaryFolder.h"

@@ -1,3 +1,4 @@
+// Tests: AppendedFile, LogFile, ResumeNext
 #include "base/os/Log.h"
 
 #include "base/ResumeNext.h"

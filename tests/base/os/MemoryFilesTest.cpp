@@ -1,3 +1,4 @@
+// Tests: MemoryTexts
 #include "base/os/MemoryFiles.h"
 
 #include "tests/fakes/TemporaryFolder.h"

@@ -1,3 +1,4 @@
+// Tests: ProcText, SystemUse
 #include "base/os/ProcessUse.h"
 
 #include "tests/fakes/TemporaryFolder.h"

@@ -1,3 +1,4 @@
+// Tests: QtComboBoxes, QtComboEdit
 #include "tests/qt/bar/BarDesk.h"
 
 #include <QAbstractItemView>

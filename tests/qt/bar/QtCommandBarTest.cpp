@@ -1,3 +1,4 @@
+// Tests: QtToolActions, QtToolBars
 #include "tests/qt/bar/BarDesk.h"
 
 #include <QMenu>

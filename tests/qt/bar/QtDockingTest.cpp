@@ -1,3 +1,4 @@
+// Tests: QtOverflowArrow, QtToolBars
 #include "tests/qt/bar/BarDesk.h"
 
 #include <QToolButton>

@@ -1,3 +1,4 @@
+// Tests: QtSocketFolder
 #include "qt/base/QtText.h"
 #include "tests/qt/desktop/InstanceDesk.h"
 #include "tests/qt/desktop/OtherProcess.h"

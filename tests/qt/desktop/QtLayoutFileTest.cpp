@@ -1,3 +1,4 @@
+// Tests: QtPathBytes
 #include "qt/desktop/QtLayoutFile.h"
 
 #include "tests/fakes/TemporaryFolder.h"

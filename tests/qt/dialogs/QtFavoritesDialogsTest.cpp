@@ -1,3 +1,4 @@
+// Tests: QtAddFavorite, QtFavoriteTree, QtOrganizeFavorites
 #include "favorites/Favorites.h"
 #include "qt/base/QtIcons.h"
 #include "qt/dialogs/QtAddFavorite.h"

@@ -1,3 +1,4 @@
+// Tests: QtListBox
 #include "qt/dialogs/QtGroupEditor.h"
 
 #include "groups/TessaGroups.h"

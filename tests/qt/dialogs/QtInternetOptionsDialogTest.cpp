@@ -1,3 +1,4 @@
+// Tests: QtChoice, QtPageList
 #include "qt/dialogs/QtInternetOptionsDialog.h"
 
 #include "qt/base/QtText.h"

@@ -1,3 +1,4 @@
+// Tests: Bind, QtFormRows
 #include "qt/dialogs/QtSettingsDialog.h"
 
 #include "qt/base/Bind.h"

@@ -1,3 +1,4 @@
+// Tests: QtAbout, QtBuildInfo, QtSplashPanel
 #include "qt/dialogs/QtSplash.h"
 
 #include "qt/base/QtBuildInfo.h"

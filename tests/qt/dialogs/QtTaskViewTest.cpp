@@ -1,3 +1,4 @@
+// Tests: QtTreeLines
 #include "qt/dialogs/QtTaskView.h"
 
 #include "qt/base/QtText.h"

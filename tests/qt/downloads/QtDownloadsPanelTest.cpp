@@ -1,3 +1,4 @@
+// Tests: QtDownloadLines
 #include "qt/downloads/QtDownloadsPanel.h"
 
 #include "qt/downloads/QtDownloadLines.h"

@@ -1,3 +1,4 @@
+// Tests: QtAnswerGuard
 #include "qt/page/QtDialogCover.h"
 
 #include <QApplication>

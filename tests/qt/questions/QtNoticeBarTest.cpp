@@ -1,3 +1,4 @@
+// Tests: QtPageBar
 #include "qt/questions/QtNoticeBar.h"
 
 #include <QLabel>

@@ -1,3 +1,4 @@
+// Tests: QtCovers, QtEngineVersions, QtSecurityKeyDialog
 #include "qt/questions/QtSecurityKeys.h"
 
 #include "qt/questions/QtCovers.h"

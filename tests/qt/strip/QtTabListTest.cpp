@@ -1,3 +1,4 @@
+// Tests: QtTabLines, QtTip
 #include "qt/strip/QtTabList.h"
 
 #include "qt/strip/QtTabLines.h"

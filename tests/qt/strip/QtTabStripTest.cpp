@@ -1,3 +1,4 @@
+// Tests: QtTabLook, QtTabRow, QtTabStripAccessible, QtTabStripDrag, QtTabStripInput, QtTip
 #include "qt/strip/QtTabStrip.h"
 
 #include "qt/base/QtText.h"

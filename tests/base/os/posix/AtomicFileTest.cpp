@@ -1,3 +1,4 @@
+// Tests: FreeNames, TemporaryNames
 #include "base/os/AtomicFile.h"
 
 #include "tests/fakes/FullDisk.h"

@@ -1,3 +1,4 @@
+// Tests: FreeNames, Handle, TemporaryNames, UserAlone
 #include "base/os/AtomicFile.h"
 
 #include "base/os/FreeNames.h"

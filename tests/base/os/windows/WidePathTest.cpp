@@ -1,3 +1,4 @@
+// Tests: Folder, Names, Paths, RootLength
 #include "base/os/windows/WidePath.h"
 
 #include "base/Text.h"

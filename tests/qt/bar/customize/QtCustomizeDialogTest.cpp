@@ -1,3 +1,4 @@
+// Tests: QtBandPanels, QtBarLook, QtCommandsPage, QtLookPage, QtToolbarName, QtToolbarsPage
 #include "qt/bar/customize/QtCustomizeDialog.h"
 
 #include "commands/DesignTimeBar.h"

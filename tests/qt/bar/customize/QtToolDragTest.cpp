@@ -1,3 +1,4 @@
+// Tests: QtBandList, QtBarPlaces, QtToolMime
 #include "qt/bar/customize/QtToolDrag.h"
 
 #include "commands/DesignTimeBar.h"

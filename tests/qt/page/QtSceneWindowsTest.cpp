@@ -1,0 +1,31 @@
+#include "qt/page/QtSceneWindows.h"
+
+#include <QQuickWindow>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(QtSceneWindows, ThoseThatPaintPagesAreListedWithTheirViewAndOthersStay) {
+    QQuickWindow painting, other;
+    painting.setTitle(QStringLiteral("Offscreen"));
+    other.setTitle(QStringLiteral("A page"));
+    QWidget view;
+    QtSceneWindows::Hide(view);
+    EXPECT_NE(painting.type(), Qt::Popup) << "nothing is painted yet";
+    const QWidget page(&view);
+    EXPECT_EQ(painting.type(), Qt::Popup);
+    EXPECT_NE(other.type(), Qt::Popup);
+}
+
+TEST(QtSceneWindows, OneThatComesLaterIsHiddenToo) {
+    QWidget view;
+    QtSceneWindows::Hide(view);
+    const QWidget page(&view);
+    QQuickWindow painting;
+    painting.setTitle(QStringLiteral("Offscreen"));
+    const QWidget pageOfAnotherProcess(&view);
+    EXPECT_EQ(painting.type(), Qt::Popup);
+}
+
+} // namespace

@@ -1,0 +1,61 @@
+#include "qt/window/QtPageBars.h"
+
+#include <QWidget>
+#include <gtest/gtest.h>
+
+namespace {
+
+class BarOfAHeight : public QWidget {
+public:
+    BarOfAHeight(QWidget& parent, int height) : QWidget(&parent), m_height(height) {}
+    [[nodiscard]] QSize sizeHint() const override { return {100, m_height}; }
+
+private:
+    int m_height;
+};
+
+class QtPageBarsTest : public testing::Test {
+protected:
+    void SetUp() override {
+        bars.Add(above, QtPageBars::Side::Above);
+        bars.Add(below, QtPageBars::Side::Below);
+        area.resize(400, 300);
+        area.show();
+    }
+    [[nodiscard]] QRect Lay(int height = 300) const { return bars.Lay({0, 0, 400, height}); }
+
+    QWidget area;
+    BarOfAHeight above{area, 30}, below{area, 40};
+    QtPageBars bars;
+};
+
+TEST_F(QtPageBarsTest, TakeTheirRoomFromThePage) {
+    EXPECT_EQ(Lay(), QRect(0, 30, 400, 230));
+    EXPECT_EQ(above.geometry().top(), 0);
+    EXPECT_EQ(below.geometry().bottom(), 299);
+    EXPECT_EQ(below.width(), 400);
+}
+
+TEST_F(QtPageBarsTest, OneThatIsHiddenTakesNone) {
+    above.hide();
+    EXPECT_EQ(Lay().top(), 0);
+    below.hide();
+    EXPECT_EQ(Lay(), QRect(0, 0, 400, 300));
+}
+
+TEST_F(QtPageBarsTest, OneThatWasRemovedIsLeftAlone) {
+    bars.Remove(above);
+    EXPECT_EQ(Lay().top(), 0);
+    EXPECT_EQ(Lay().bottom(), below.geometry().top() - 1);
+}
+
+TEST_F(QtPageBarsTest, OfTwoOnOneSideTheSecondIsNearerToThePage) {
+    BarOfAHeight second(area, 20);
+    second.show();
+    bars.Add(second, QtPageBars::Side::Above);
+    const QRect page = Lay();
+    EXPECT_EQ(second.geometry().top(), above.geometry().bottom() + 1);
+    EXPECT_EQ(page.top(), second.geometry().bottom() + 1);
+}
+
+} // namespace
