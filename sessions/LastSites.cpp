@@ -2,15 +2,15 @@
 
 #include "base/Address.h"
 #include "base/LinkTrust.h"
+#include "tabs/OpenTabs.h"
 
 namespace LastSites {
 
 std::vector<Text> Open(const TabStrip& pcPage, ViewArray& Browser) {
     std::vector<Text> sites;
-    for (std::size_t position = 1; position <= pcPage.Count(); ++position) {
-        const auto* view = Browser.Find(pcPage.FindAt(position)->Tag);
-        if (view && view->Privacy == Privacy::Private) continue;
-        const Text address = view ? view->Control->LocationURL() : Text();
+    for (const OpenTab open : OpenTabs(pcPage, Browser)) {
+        if (open.Private()) continue;
+        const Text address = open.Address();
         if (Address::ComesBack(address)) sites.push_back(address);
     }
     return sites;

@@ -6,6 +6,7 @@
 #include "sessions/frmSessions.h"
 #include "settings/frmInternetOptions.h"
 #include "settings/frmSettings.h"
+#include "tabs/OpenTabs.h"
 #include "window/frmSplash.h"
 
 void MainCommands::Resize(void (frmResize::*mode)()) {
@@ -52,10 +53,8 @@ void MainCommands::ShowAbout() {
 
 // Asked for again and again, the help has one tab.
 void MainCommands::ShowHelp() {
-    for (std::size_t i = 1; i <= m_parts.pcPage.Count(); ++i) {
-        auto* tab = m_parts.pcPage.FindAt(i);
-        const auto* view = m_parts.tabs.OpenView(tab->Tag);
-        if (view && view->Control->LocationURL().starts_with(OwnAddresses::kHelp)) return m_parts.pcPage.Select(tab);
+    for (const OpenTab open : OpenTabs(m_parts.pcPage, m_parts.Browser)) {
+        if (open.Address().starts_with(OwnAddresses::kHelp)) return m_parts.pcPage.Select(&open.Item);
     }
     if (auto* view = m_parts.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(OwnAddresses::kHelp));
 }

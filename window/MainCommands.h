@@ -16,6 +16,7 @@ public:
     struct Parts {
         TabSet& tabs;
         TabStrip& pcPage;
+        ViewArray& Browser;
         CommandBar& actBar;
         CommandContext& context;
         SessionJournal& sessions;

@@ -65,7 +65,8 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_relief(pcPage, m_sleep),
       m_taskView(pcPage, m_browser),
       m_settings({pcPage, m_tabs, m_groups, m_sleep}, m_platform.settings),
-      m_commands({m_tabs, pcPage, actBar, m_context, m_sessions, m_settings, m_taskView, m_downloadPanel}, m_platform),
+      m_commands({m_tabs, pcPage, m_browser, actBar, m_context, m_sessions, m_settings, m_taskView, m_downloadPanel},
+                 m_platform),
       m_dispatcher(m_context),
       m_keyboard(actBar, m_tabs, m_dispatcher),
       m_closing({m_tabs, pcPage, m_downloads, m_platform.window, m_platform.messages}) {
