@@ -4,7 +4,9 @@
 #include "base/OwnAddresses.h"
 #include "qt/base/QtEngineVersions.h"
 #include "qt/base/QtText.h"
-#include "qt/engine/QtEngine.h"
+#include "qt/engine/QtEngineHost.h"
+#include "qt/engine/QtOutside.h"
+#include "qt/engine/QtProfiles.h"
 #include "qt/page/QtAwaited.h"
 #include "qt/page/QtMail.h"
 #include "qt/page/QtPage.h"
@@ -31,29 +33,34 @@ Outcome Trigger(QWebEnginePage& page, QWebEnginePage::WebAction action) {
 
 } // namespace
 
-QtBrowserView::QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine, ::Privacy privacy)
-    : m_index(index), m_events(events), m_engine(engine), m_privacy(privacy) {
-    m_engine.Register(index, this);
+QtBrowserView::QtBrowserView(std::int16_t index, BrowserViewEvents& events, const QtViewServices& services,
+                             ::Privacy privacy)
+    : m_index(index), m_events(events), m_services(services), m_privacy(privacy) {
+    m_services.profiles.AddView(privacy);
+    m_services.newWindows.Add(*this, *this);
+    m_services.schedule.Add(index, *this);
 }
 
 QtBrowserView::~QtBrowserView() {
     Release();
-    m_engine.Forget(m_index);
+    m_services.schedule.Remove(m_index);
+    m_services.newWindows.Remove(*this);
+    m_services.profiles.RemoveView(m_privacy);
 }
 
 Outcome QtBrowserView::Navigate(TextView address) {
     QtAddress target = QtAddress::FromTyped(address);
-    if (QtMail::OpensElsewhere(target.url)) return m_engine.OpenOutside(target.url);
+    if (QtMail::OpensElsewhere(target.url)) return m_services.outside.Open(target.url);
     m_requested = target.url;
     m_late = m_later = false;
     m_pending = std::move(target);
     m_pendingHistory.clear();
-    m_engine.RequestNavigation(m_index);
+    m_services.schedule.AskTurn(m_index);
     return Outcome::Done;
 }
 
 Outcome QtBrowserView::GoHome() {
-    const Text chosen = m_engine.HomeAddress ? m_engine.HomeAddress() : Text();
+    const Text chosen = m_services.host.HomeAddress();
     return Navigate(chosen.empty() ? OwnAddresses::kStart : TextView(chosen));
 }
 
@@ -63,7 +70,7 @@ Outcome QtBrowserView::Stop() {
     const bool waited = m_pending.has_value();
     m_pending.reset();
     DropFallback();
-    m_engine.EndNavigation(m_index);
+    m_services.schedule.EndTurn(m_index);
     if (m_page && m_loading)
         m_page->triggerAction(QWebEnginePage::Stop);
     else if (waited)
@@ -115,14 +122,14 @@ Outcome QtBrowserView::ExecWB(BrowserCommand command) {
     if (!m_page || m_life->Asleep()) return Outcome::Failed;
     switch (command) {
     case BrowserCommand::SaveAs:
-        return m_engine.Output().SaveAs(*m_page, m_engine.PageArea());
+        return m_services.output.SaveAs(*m_page, m_services.pageArea);
     case BrowserCommand::Print:
-        return m_engine.Output().Print(*m_page, m_engine.PageArea());
+        return m_services.output.Print(*m_page, m_services.pageArea);
     case BrowserCommand::PrintPreview:
         PreviewShown();
         return Outcome::Done;
     case BrowserCommand::PageSetup:
-        return m_engine.Output().PageSetup(m_engine.PageArea());
+        return m_services.output.PageSetup(m_services.pageArea);
     case BrowserCommand::Cut:
         return Trigger(*m_page, QWebEnginePage::Cut);
     case BrowserCommand::Copy:
@@ -138,7 +145,7 @@ Outcome QtBrowserView::ExecWB(BrowserCommand command) {
 void QtBrowserView::PreviewShown() {
     const QPointer<QtBrowserView> view(this);
     // A PDF is its own preview. Queued: the engine is in the middle of telling.
-    const bool isPdf = m_engine.Output().FetchPdf(*m_page, [view](const QByteArray& pdf) {
+    const bool isPdf = m_services.output.FetchPdf(*m_page, [view](const QByteArray& pdf) {
         if (view && !pdf.isEmpty())
             QMetaObject::invokeMethod(
                 view, [view, pdf] { view->ShowPreview(pdf); }, Qt::QueuedConnection);
@@ -150,7 +157,7 @@ void QtBrowserView::PrintPreview() {
     // Else stopping the load, which closing the tab does, would crash the engine.
     m_previewsLater = m_loading;
     if (m_loading) return;
-    m_page->Print(m_engine.Output().Layout(), [view = QPointer<QtBrowserView>(this)](const QByteArray& pdf) {
+    m_page->Print(m_services.output.Layout(), [view = QPointer<QtBrowserView>(this)](const QByteArray& pdf) {
         // Queued: the engine is in the middle of telling.
         if (view && !pdf.isEmpty())
             QMetaObject::invokeMethod(
@@ -159,12 +166,15 @@ void QtBrowserView::PrintPreview() {
 }
 
 void QtBrowserView::ShowPreview(const QByteArray& pdf) {
-    auto* opened = static_cast<QtBrowserView*>(m_events.NewWindow2(m_index, NewWindowPlace::InFront));
-    if (!opened) return;
-    opened->m_preview = std::make_shared<const QByteArray>(pdf);
     const QString name = m_page ? QtPageOutput::FileNameFor(m_page->title()) : QString();
-    const QUrl address = m_engine.OwnPages(opened->m_privacy).AddPreview(opened->m_preview, name);
-    ResumeNext(opened->Navigate(FromQt(address.toString(QUrl::FullyEncoded))));
+    auto* opened = m_services.newWindows.Find(m_events.NewWindow2(m_index, NewWindowPlace::InFront));
+    if (opened) opened->TakePreview(pdf, name);
+}
+
+void QtBrowserView::TakePreview(const QByteArray& pdf, const QString& name) {
+    m_preview = std::make_shared<const QByteArray>(pdf);
+    const QUrl address = m_services.profiles.OwnPages(m_privacy).AddPreview(m_preview, name);
+    ResumeNext(Navigate(FromQt(address.toString(QUrl::FullyEncoded))));
 }
 
 Text QtBrowserView::LocationName() const {
@@ -252,7 +262,7 @@ Outcome QtBrowserView::Restore(const std::string& history, TextView address) {
 
 Outcome QtBrowserView::RestoreLater(const std::string& history, TextView address) {
     const Outcome outcome = Restore(history, address);
-    if (m_pending) m_engine.EndNavigation(m_index);
+    if (m_pending) m_services.schedule.EndTurn(m_index);
     m_later = m_pending.has_value();
     return outcome;
 }
@@ -271,7 +281,7 @@ void QtBrowserView::SetMuted(bool muted) {
 }
 
 void QtBrowserView::ApplyMute() {
-    if (m_page) m_page->setAudioMuted(m_muted || !m_engine.PlaysSounds());
+    if (m_page) m_page->setAudioMuted(m_muted || !m_services.profiles.PlaysSounds());
 }
 
 void QtBrowserView::SetVisible(bool visible) {
@@ -292,12 +302,12 @@ void QtBrowserView::Move(const Rect& place) {
 void QtBrowserView::MoveLeft(Twips) {
     m_wantsFocus = false;
     // The engine hides what is no longer in front, together with showing what is.
-    m_engine.Schedule();
+    m_services.schedule.Wake();
 }
 
 void QtBrowserView::BringToFront() {
-    m_engine.BringToFront(m_index);
-    if (std::exchange(m_later, false)) m_engine.RequestNavigation(m_index);
+    m_services.schedule.BringToFront(m_index);
+    if (std::exchange(m_later, false)) m_services.schedule.AskTurn(m_index);
 }
 
 void QtBrowserView::SetFocus() {
@@ -310,14 +320,14 @@ QIcon QtBrowserView::Icon() const { return m_life ? m_life->Icon() : QIcon(); }
 
 void QtBrowserView::StartNavigation() {
     if (!m_pending) {
-        m_engine.EndNavigation(m_index);
+        m_services.schedule.EndTurn(m_index);
         return;
     }
     const QtAddress target = *std::exchange(m_pending, std::nullopt);
     m_opened = false;
     MakePage();
     if (m_questions->links.Take(target.url)) {
-        m_engine.EndNavigation(m_index);
+        m_services.schedule.EndTurn(m_index);
         ReportUnbegun();
         return;
     }
@@ -337,7 +347,7 @@ void QtBrowserView::GoSilently(const QUrl& url) {
     m_page->load(url);
     const Text address = QtAddress::Shown(url);
     m_events.BeforeNavigate2(m_index, PageLevel::Top, address);
-    m_engine.EndNavigation(m_index);
+    m_services.schedule.EndTurn(m_index);
     m_events.NavigateComplete2(m_index, PageLevel::Top, address);
 }
 
@@ -348,5 +358,5 @@ bool QtBrowserView::AwaitsFirst() const {
 PageSecurity QtBrowserView::Security() const {
     if (AwaitsFirst()) return PageSecurity::Awaited;
     if (!m_page || !m_committed || m_failed || !m_known) return PageSecurity::None;
-    return SecurityOf(m_shown, m_engine.Accepted(m_privacy));
+    return SecurityOf(m_shown, m_services.profiles.Accepted(m_privacy));
 }

@@ -1,5 +1,8 @@
 #pragma once
 #include "platform/BrowserView.h"
+#include "qt/engine/QtNewWindows.h"
+#include "qt/engine/QtSchedule.h"
+#include "qt/engine/QtViewServices.h"
 #include "qt/page/QtAddress.h"
 #include "qt/page/QtPage.h"
 #include "qt/page/QtPageLife.h"
@@ -13,20 +16,22 @@
 #include <string>
 
 class QtAwaited;
-class QtEngine;
 class QtLeaving;
 class QtPreviewBar;
 class QWebEngineFullScreenRequest;
 class QWebEngineLoadingInfo;
-class QWebEngineNewWindowRequest;
 class QWebEngineView;
 
 /// One page view on Qt WebEngine. The engine's page comes into being when its first navigation starts, its widget
 /// when it is first shown; a parked view's page stays hidden from the engine and goes on running.
-class QtBrowserView final : public QObject, public BrowserView, private PageDocument {
+class QtBrowserView final : public QObject,
+                            public BrowserView,
+                            private QtSchedule::View,
+                            private QtNewWindows::Taker,
+                            private PageDocument {
 public:
     /// Both outlive the view.
-    QtBrowserView(std::int16_t index, BrowserViewEvents& events, QtEngine& engine, Privacy privacy);
+    QtBrowserView(std::int16_t index, BrowserViewEvents& events, const QtViewServices& services, Privacy privacy);
     ~QtBrowserView() override;
 
     Outcome Navigate(TextView address) override;
@@ -64,10 +69,6 @@ public:
     void SetFocus() override;
 
     // For the engine.
-    /// Does the navigation that was last asked for.
-    void StartNavigation();
-    void Show();
-    void Hide();
     /// Lays the widget out, because bars beside the page came or went.
     void LayWidget();
     /// Silences the page or not, as the tab and the load switches have it.
@@ -82,6 +83,15 @@ public:
     [[nodiscard]] QtCrashPage* CrashPage() const { return m_questions ? m_questions->crashes.Shown() : nullptr; }
 
 private:
+    // Its turns.
+    void StartNavigation() override;
+    void Show() override;
+    void Hide() override;
+
+    // What was opened from another view.
+    void TakeIn(QWebEngineNewWindowRequest& request, bool byPerson) override;
+    void TakePreview(const QByteArray& pdf, const QString& name) override;
+
     // The document.
     Outcome Zoom(int level) override;
 
@@ -112,7 +122,6 @@ private:
     void OnAddressChanged(const QUrl& url);
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
     void TellEnd(const QWebEngineLoadingInfo& info);
-    void OnNewWindow(QWebEngineNewWindowRequest& request);
     void OnPrintRequested();
     void PrintIfShown();
     void OnFullScreen(QWebEngineFullScreenRequest request);
@@ -132,7 +141,7 @@ private:
 
     const std::int16_t m_index;
     BrowserViewEvents& m_events;
-    QtEngine& m_engine;
+    const QtViewServices m_services;
     const ::Privacy m_privacy;
     QPointer<QtPage> m_page;
     QPointer<QWebEngineView> m_widget;

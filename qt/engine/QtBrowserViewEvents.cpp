@@ -1,7 +1,7 @@
 #include "qt/base/QtEngineVersions.h"
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
-#include "qt/engine/QtEngine.h"
+#include "qt/engine/QtPageSignals.h"
 #include "qt/page/QtAwaited.h"
 #include "qt/page/QtFrameEnds.h"
 #include "qt/page/QtLoadEnds.h"
@@ -38,7 +38,7 @@ void QtBrowserView::ConnectLoading() {
         m_events.BeforeNavigate2(m_index, top ? PageLevel::Top : PageLevel::Frame, QtAddress::Shown(url));
     });
     connect(page, &QWebEnginePage::loadStarted, this, &QtBrowserView::OnLoadStarted);
-    connect(page, &QWebEnginePage::loadProgress, this, [this] { m_engine.NoteSign(m_index); });
+    connect(page, &QWebEnginePage::loadProgress, this, [this] { m_services.schedule.NoteSign(m_index); });
     connect(page, &QWebEnginePage::loadFinished, this, &QtBrowserView::OnLoadFinished);
     connect(page, &QWebEnginePage::loadingChanged, this, &QtBrowserView::OnLoadingChanged);
     connect(page, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
@@ -64,10 +64,12 @@ void QtBrowserView::ConnectPage() {
     connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_events.SoundChange(m_index); });
     // Queued: opening a TessaGroup may close this very page.
     connect(
-        page, &QtPage::StartLinkFollowed, this, [this](const QUrl& url) { m_engine.StartLink(url); },
+        page, &QtPage::StartLinkFollowed, this, [this](const QUrl& url) { m_services.told.StartLink(url); },
         Qt::QueuedConnection);
     QtEngineVersions::FollowPrintRequests(*page, *this, [this] { OnPrintRequested(); });
-    connect(page, &QWebEnginePage::newWindowRequested, this, &QtBrowserView::OnNewWindow);
+    connect(page, &QWebEnginePage::newWindowRequested, this, [this](QWebEngineNewWindowRequest& request) {
+        m_services.newWindows.Open(request, {*m_page, m_questions->permissions, m_events, m_index});
+    });
     connect(page, &QWebEnginePage::fullScreenRequested, this, &QtBrowserView::OnFullScreen);
     connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtBrowserView::OnRendererGone);
     // Queued: closing may ask the user, and the page waits for its own answer meanwhile.
@@ -80,7 +82,7 @@ void QtBrowserView::ConnectPage() {
 }
 
 void QtBrowserView::NoteVisit(const QUrl& url) {
-    if (m_privacy == Privacy::Ordinary) m_engine.Visited(url);
+    if (m_privacy == Privacy::Ordinary) m_services.told.Visited(url);
 }
 
 void QtBrowserView::OnLoadStarted() {
@@ -91,7 +93,7 @@ void QtBrowserView::OnLoadStarted() {
 
 void QtBrowserView::OnLoadFinished(bool ok) {
     m_loading = false;
-    if (!m_pending) m_engine.EndNavigation(m_index);
+    if (!m_pending) m_services.schedule.EndTurn(m_index);
     if (!m_page->AwaitsAny()) {
         // Where scripts are switched off, no document tells of itself.
         if (!m_page->url().isEmpty()) m_shown = m_page->url();
@@ -188,45 +190,29 @@ void QtBrowserView::TellEnd(const QWebEngineLoadingInfo& info) {
     m_events.StatusTextChange(m_index, LoadWords::Ended(LoadEndOf(info), host, info.errorCode()));
 }
 
-void QtBrowserView::OnNewWindow(QWebEngineNewWindowRequest& request) {
-    if (!request.isUserInitiated() && !m_questions->permissions.MayOpenPopup(request.requestedUrl())) return;
-    // What is for another program needs no tab here.
-    if (m_page->HandOver(request.requestedUrl(), request.isUserInitiated(), true)) return;
-    // What the engine calls a background tab was clicked with the key for the other way, or the middle button.
-    const bool other = request.destination() == QWebEngineNewWindowRequest::InNewBackgroundTab;
-    const auto place = other ? NewWindowPlace::OtherWay : NewWindowPlace::AsSet;
-    auto* supplied = static_cast<QtBrowserView*>(m_events.NewWindow2(m_index, place));
-    if (!supplied) return;
-    // A page on this computer could read the file that it opens, so it gets no hold of its window.
-    if (m_page->url().isLocalFile()) {
-        ResumeNext(supplied->Navigate(FromQt(request.requestedUrl().toString(QUrl::FullyEncoded))));
-        return;
-    }
-    // The page that asked fills the view; the blank page that it was to load first would only be in the way.
-    supplied->m_pending.reset();
-    m_engine.EndNavigation(supplied->m_index);
-    supplied->m_requested = request.requestedUrl();
-    supplied->m_opened = true;
-    supplied->MakePage();
-    supplied->m_awaited->Expect();
-    // Its click is good for the window that was opened with it, too, if that is no other's.
-    const QUrl& target = request.requestedUrl();
-    const bool own = target.isEmpty() || target.scheme() == u"about" || m_page->IsOwnOrigin(target);
-    if (own && request.isUserInitiated()) supplied->m_page->NoteOpener();
-    QtEngineVersions::OpenIn(request, *supplied->m_page);
+// The page that asked fills the view; the blank page that it was to load first would only be in the way.
+void QtBrowserView::TakeIn(QWebEngineNewWindowRequest& request, bool byPerson) {
+    m_pending.reset();
+    m_services.schedule.EndTurn(m_index);
+    m_requested = request.requestedUrl();
+    m_opened = true;
+    MakePage();
+    m_awaited->Expect();
+    if (byPerson) m_page->NoteOpener();
+    QtEngineVersions::OpenIn(request, *m_page);
 }
 
 void QtBrowserView::OnFullScreen(QWebEngineFullScreenRequest request) {
     if (!request.toggleOn()) {
         request.accept();
-        m_engine.FullScreen().Leave(m_widget);
+        m_services.fullScreen.Leave(m_widget);
         return LayWidget();
     }
     // A page that nobody sees, or that asks something, is not to fill the screen.
     if (!m_widget || !m_widget->isVisible() || m_questions->bar->Asks() || !m_questions->covers.Empty())
         return request.reject();
     request.accept();
-    m_engine.FullScreen().Enter(*m_widget, QtPage::HostAndPort(request.origin()));
+    m_services.fullScreen.Enter(*m_widget, QtPage::HostAndPort(request.origin()));
 }
 
 void QtBrowserView::OnPrintRequested() {
@@ -250,7 +236,7 @@ void QtBrowserView::OpenPopup(TextView address) {
 
 void QtBrowserView::OnRendererGone() {
     m_loading = m_awaitsEnd = false;
-    m_engine.EndNavigation(m_index);
+    m_services.schedule.EndTurn(m_index);
     m_events.StatusTextChange(m_index, LoadWords::kDied);
     m_events.DownloadComplete(m_index);
     m_events.DocumentComplete(m_index, PageLevel::Top, LocationURL());

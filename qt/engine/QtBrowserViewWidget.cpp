@@ -1,5 +1,7 @@
 #include "qt/engine/QtBrowserView.h"
-#include "qt/engine/QtEngine.h"
+#include "qt/engine/QtEngineHost.h"
+#include "qt/engine/QtPageSignals.h"
+#include "qt/engine/QtProfiles.h"
 #include "qt/page/QtAwaited.h"
 #include "qt/page/QtPage.h"
 #include "qt/page/QtPageTools.h"
@@ -14,8 +16,8 @@
 // How a view comes to its page, its widget and what lies over them, and how they go.
 
 void QtBrowserView::LayWidget() {
-    if (!m_widget || m_engine.FullScreen().Has(m_widget)) return;
-    QRect page = m_engine.PageRect(m_place);
+    if (!m_widget || m_services.fullScreen.Has(m_widget)) return;
+    QRect page = m_services.host.PageRect(m_place);
     if (m_previewBar) {
         const int height = std::min(m_previewBar->sizeHint().height(), page.height() / 2);
         m_previewBar->setGeometry(page.left(), page.top(), page.width(), height);
@@ -52,7 +54,7 @@ void QtBrowserView::FollowPreview() {
     if (m_previewBar) {
         DropPreviewBar();
     } else {
-        m_previewBar = new QtPreviewBar(m_engine.PageArea());
+        m_previewBar = new QtPreviewBar(m_services.pageArea);
         m_previewListening += m_previewBar->Print.Connect([this] { ResumeNext(ExecWB(BrowserCommand::Print)); });
         m_previewListening += m_previewBar->Close.Connect([this] { m_events.WindowClosing(m_index); });
         m_previewBar->setVisible(m_widget && m_widget->isVisible());
@@ -80,7 +82,7 @@ void QtBrowserView::Show() {
 
 void QtBrowserView::Hide() {
     if (!m_widget) return;
-    m_engine.FullScreen().Leave(m_widget);
+    m_services.fullScreen.Leave(m_widget);
     m_widget->hide();
     m_questions->bar->hide();
     if (m_previewBar) m_previewBar->hide();
@@ -89,7 +91,7 @@ void QtBrowserView::Hide() {
 
 void QtBrowserView::MakePage() {
     if (m_page) return;
-    m_page = m_engine.MakePage(m_privacy);
+    m_page = m_services.profiles.MakePage(m_privacy);
     ApplyMute();
     m_awaited = new QtAwaited(*m_page);
     m_leaving = new QtLeaving(*m_page);
@@ -102,10 +104,10 @@ void QtBrowserView::MakePage() {
 
 void QtBrowserView::MakeQuestions() {
     // What is decided for a private page ends with it.
-    auto* kept = m_privacy == Privacy::Private ? nullptr : m_engine.Permissions;
-    m_questions =
-        std::make_unique<QtPageQuestions>(*m_page, m_engine.PageArea(), m_engine.Accepted(m_privacy),
-                                          m_engine.DialogScheme(m_privacy), m_engine.External(m_privacy), kept);
+    auto* kept = m_privacy == Privacy::Private ? nullptr : m_services.host.Permissions();
+    m_questions = std::make_unique<QtPageQuestions>(
+        *m_page, m_services.pageArea, m_services.profiles.Accepted(m_privacy),
+        m_services.profiles.DialogScheme(m_privacy), m_services.profiles.External(m_privacy), kept);
     WireQuestions();
     m_questions->crashes.Reload.ConnectForLife([this] { ResumeNext(Refresh()); });
     m_questions->covers.FocusPage.ConnectForLife([this] { SetFocus(); });
@@ -119,7 +121,7 @@ void QtBrowserView::MakeLife() {
         activity.Asks = m_questions->bar->Asks() || !m_questions->covers.Empty();
         activity.FullScreen = m_widget && m_widget->isVisible() && m_widget->window()->isFullScreen();
     });
-    m_life->IconChanged.ConnectForLife([this] { m_engine.IconChanged(m_index); });
+    m_life->IconChanged.ConnectForLife([this] { m_services.told.IconChanged(m_index); });
 }
 
 void QtBrowserView::WireQuestions() {
@@ -129,20 +131,21 @@ void QtBrowserView::WireQuestions() {
         LayWidget();
     });
     m_questions->links.Refused.ConnectForLife([this](const QString& words) {
-        if (m_widget && m_widget->isVisible()) m_engine.Notice(words);
+        if (m_widget && m_widget->isVisible()) m_services.told.Notice(words);
     });
     m_questions->bar->FocusPage.ConnectForLife([this] { SetFocus(); });
     m_questions->permissions.OpenPopup.ConnectForLife([this](TextView address) { OpenPopup(address); });
-    m_questions->permissions.CapturesChanged.ConnectForLife([this] { m_engine.ReportCaptures(); });
-    m_questions->tools.SaveAddress.ConnectForLife(
-        [this](QtPage& page, const QUrl& address, const Text& path) { m_engine.SaveAddress(page, address, path); });
-    m_questions->tools.ShowInspector.ConnectForLife([this](QtPage& page) { m_engine.ShowInspector(page); });
+    m_questions->permissions.CapturesChanged.ConnectForLife([this] { m_services.told.CapturesChanged(); });
+    m_questions->tools.SaveAddress.ConnectForLife([this](QtPage& page, const QUrl& address, const Text& path) {
+        m_services.told.SaveAddress(page, address, path);
+    });
+    m_questions->tools.ShowInspector.ConnectForLife([this](QtPage& page) { m_services.told.ShowInspector(page); });
 }
 
 void QtBrowserView::ShowQuestion() {
     QtQuestionBar& bar = *m_questions->bar;
     // What is asked is to be seen.
-    if (bar.Asks() || !m_questions->covers.Empty()) m_engine.FullScreen().Leave(m_widget);
+    if (bar.Asks() || !m_questions->covers.Empty()) m_services.fullScreen.Leave(m_widget);
     bar.ShowCurrent();
     bar.setVisible(bar.Asks() && m_widget && m_widget->isVisible());
     LayWidget();
@@ -151,12 +154,12 @@ void QtBrowserView::ShowQuestion() {
 
 void QtBrowserView::MakeWidget() {
     if (m_widget) return;
-    m_widget = new QWebEngineView(m_engine.PageArea());
+    m_widget = new QWebEngineView(m_services.pageArea);
     m_widget->hide();
     QtSceneWindows::Hide(*m_widget);
     QtParkedSize::Follow(*m_widget);
     m_widget->setPage(m_page);
-    m_widget->setGeometry(m_place.isEmpty() ? m_engine.PageArea()->rect() : m_place);
+    m_widget->setGeometry(m_place.isEmpty() ? m_services.pageArea->rect() : m_place);
     SetTabStop(m_tabStop);
     m_widget->setContextMenuPolicy(Qt::CustomContextMenu);
     // Queued: the engine is in the middle of telling what lies there.
@@ -178,28 +181,28 @@ void QtBrowserView::AskForMenu(QPoint at) {
 
 void QtBrowserView::ShowMenu(const PageContext& context, QPoint at) {
     // The menu's command may end this view.
-    QtEngine& engine = m_engine;
-    engine.MenuPlace(at);
+    const QtPageSignals& told = m_services.told;
+    told.MenuPlace(at);
     m_events.ContextMenu(m_index, context);
-    engine.MenuPlace(std::nullopt);
+    told.MenuPlace(std::nullopt);
 }
 
 void QtBrowserView::Release() {
     m_pending.reset();
-    m_engine.FullScreen().Leave(m_widget);
+    m_services.fullScreen.Leave(m_widget);
     m_life.reset();
     // All views are asked about what is left. When a thousand end, that is not to happen for each.
     const bool captured = m_questions && !m_questions->permissions.Captures().empty();
     m_questions.reset();
     DropPreviewBar();
-    if (captured) m_engine.ReportCaptures();
+    if (captured) m_services.told.CapturesChanged();
     if (m_page) m_page->disconnect(this);
     if (m_widget) {
         m_widget->hide();
         m_widget->deleteLater();
     }
     // Later, because the page may be in the middle of telling us that it closed itself.
-    if (m_page) m_engine.End(*m_page);
+    if (m_page) m_services.profiles.End(*m_page);
     m_widget = nullptr;
     m_page = nullptr;
     m_loading = m_committed = m_failed = m_known = m_newDocument = m_printsLater = false;

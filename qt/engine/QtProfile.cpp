@@ -13,6 +13,7 @@
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
+#include <utility>
 
 namespace {
 
@@ -35,8 +36,9 @@ private:
 
 } // namespace
 
-QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QString& token)
-    : m_startPage(std::make_unique<QtStartPage>()), m_dialogs(std::make_unique<QtDialogScheme>()) {
+QtProfile::QtProfile(const QString& folder, const QString& cacheFolder, const QString& token,
+                     std::function<std::string()> startPage)
+    : m_startPage(std::make_unique<QtStartPage>(std::move(startPage))), m_dialogs(std::make_unique<QtDialogScheme>()) {
     const EngineSwitches switches;
     if (!folder.isEmpty()) {
         QtBrowsingData::ForgetSites(folder);
@@ -73,8 +75,6 @@ void QtProfile::ApplySettings() {
     settings->setUnknownUrlSchemePolicy(QWebEngineSettings::AllowUnknownUrlSchemesFromUserInteraction);
     m_profile->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
 }
-
-void QtProfile::SetStartPage(std::function<std::string()> page) { m_startPage->Page = std::move(page); }
 
 void QtProfile::SetLoadOptions(const QtLoadOptions& options) { m_loads.Install(*m_profile, options); }
 

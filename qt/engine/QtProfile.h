@@ -15,15 +15,14 @@ class QtStartPage;
 class QtProfile {
 public:
     /// In memory without a folder, or when the engine cannot use it. No other process may use the folder meanwhile, see
-    /// `QtInstanceProfile`. `token` marks the lines that our script in
-    /// the pages writes.
-    QtProfile(const QString& folder, const QString& cacheFolder, const QString& token);
+    /// `QtInstanceProfile`. `token` marks the lines that our script in the pages writes; `startPage` makes the home
+    /// page, in UTF-8.
+    QtProfile(const QString& folder, const QString& cacheFolder, const QString& token,
+              std::function<std::string()> startPage);
     ~QtProfile();
 
     [[nodiscard]] QWebEngineProfile* Get() const { return m_profile.get(); }
     [[nodiscard]] QtDialogScheme& Dialogs() const { return *m_dialogs; }
-    /// How the home page is made.
-    void SetStartPage(std::function<std::string()> page);
     [[nodiscard]] QtStartPage& OwnPages() const { return *m_startPage; }
     /// What pages may load from now on.
     void SetLoadOptions(const QtLoadOptions& options);

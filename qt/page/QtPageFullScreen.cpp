@@ -28,8 +28,8 @@ void QtPageFullScreen::Enter(QWebEngineView& view, const QString& who) {
     view.setParent(window);
     // Only now, so that it sees keys before all others do.
     QCoreApplication::instance()->installEventFilter(this);
-    m_windowWasFull = WindowIsFull && WindowIsFull();
-    if (!m_windowWasFull) SetWindowFull(true);
+    m_windowWasFull = m_window.WindowIsFull();
+    if (!m_windowWasFull) m_window.SetWindowFull(true);
     view.show();
     view.setFocus();
     ShowHint(who);
@@ -44,7 +44,7 @@ void QtPageFullScreen::Leave(QWebEngineView* view) {
     view->show();
     view->setFocus();
     if (view->page()) view->page()->triggerAction(QWebEnginePage::ExitFullScreen);
-    if (!m_windowWasFull) SetWindowFull(false);
+    if (!m_windowWasFull) m_window.SetWindowFull(false);
 }
 
 void QtPageFullScreen::Lay() {
@@ -67,8 +67,7 @@ bool QtPageFullScreen::eventFilter(QObject* watched, QEvent* event) {
     }
     if (watched == window && event->type() == QEvent::Resize) Lay();
     // The desktop, or the command for it, has ended it.
-    if (watched == window && event->type() == QEvent::WindowStateChange && SetWindowFull.HasListeners() &&
-        !window->isFullScreen())
+    if (watched == window && event->type() == QEvent::WindowStateChange && !window->isFullScreen())
         m_view->page()->triggerAction(QWebEnginePage::ExitFullScreen);
     return false;
 }

@@ -1,9 +1,6 @@
 #pragma once
-#include "base/Signal.h"
-
 #include <QObject>
 #include <QPointer>
-#include <functional>
 
 class QLabel;
 class QWebEngineView;
@@ -13,10 +10,17 @@ class QWidget;
 /// full screen with it; Escape ends it, and so does leaving full screen in any other way.
 class QtPageFullScreen final : public QObject {
 public:
-    /// Whether the window fills the screen by itself, and what has it do so; without them the page fills the window as
-    /// it is. Filled in by the program.
-    std::function<bool()> WindowIsFull;
-    Signal<void(bool)> SetWindowFull;
+    /// The window that the page is in.
+    class Window {
+    public:
+        virtual ~Window() = default;
+        /// Whether it fills the screen.
+        [[nodiscard]] virtual bool WindowIsFull() const = 0;
+        virtual void SetWindowFull(bool full) = 0;
+    };
+
+    /// The window outlives it.
+    explicit QtPageFullScreen(Window& window) : m_window(window) {}
 
     /// `who` is told to have asked for it, as in "film.example".
     void Enter(QWebEngineView& view, const QString& who);
@@ -32,6 +36,7 @@ private:
     void ShowHint(const QString& who);
     void Lay();
 
+    Window& m_window;
     QPointer<QWebEngineView> m_view;
     QPointer<QLabel> m_hint;
     QPointer<QWidget> m_home; ///< the view's parent before

@@ -47,7 +47,7 @@ void QtStartPage::RegisterScheme() {
 QByteArray QtStartPage::BytesAt(const QString& path) const {
     switch (OwnPageAt(path)) {
     case OwnPage::Start:
-        return Page ? QByteArray::fromStdString(Page()) : QByteArray();
+        return QByteArray::fromStdString(m_startPage());
     case OwnPage::Help:
     case OwnPage::Private:
         return Written(path);

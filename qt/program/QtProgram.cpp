@@ -145,6 +145,6 @@ void QtProgram::WireRelief() {
     m->relief.callOnTimeout([&relief] { relief.Look(); });
     relief.Schedule.ConnectForLife([this](TabSleep::Time time) { m->relief.start(time); });
     relief.Memory = m->memory.get();
-    relief.OthersWait = [this] { return m->engine.PagesWait(); };
-    relief.Changed.ConnectForLife([this](Shortage level) { m->engine.SetShortage(level); });
+    relief.OthersWait = [this] { return m->engine.Schedule().PagesWait(); };
+    relief.Changed.ConnectForLife([this](Shortage level) { m->engine.Schedule().SetShortage(level); });
 }

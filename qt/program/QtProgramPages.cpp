@@ -2,13 +2,9 @@
 #include "qt/program/QtProgram.h"
 #include "qt/program/QtProgramParts.h"
 
-#include "qt/base/QtBuildInfo.h"
-#include "qt/base/QtPalette.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/page/QtPage.h"
-#include "settings/InternetSettings.h"
 #include "startpage/HomePages.h"
-#include "startpage/StartPage.h"
 
 #include <chrono>
 
@@ -25,34 +21,26 @@ void QtProgram::WireStartPage() {
         if (shown == HomePages::Shown::Later) m->homePages.start();
     });
     m->main.Menus().FoldersChanged.ConnectForLife([this] { m->homePages.start(); });
-    m->engine.StartPage = [this] {
-        // Before they are read, so that no change falls in between.
-        m->main.Menus().WatchFolders();
-        StartContent content = StartPage::Read(FromQt(m->folders.GroupFolder()), FromQt(m->folders.favorites));
-        content.Dark = QtPalette::IsDark(m->window.palette());
-        content.Notice = QtBuildInfo::EngineNotice();
-        return StartPage::Html(content);
-    };
-    m->engine.StartLink.ConnectForLife(
+    // Before they are read, so that no change falls in between.
+    m->surroundings.ReadsFolders.ConnectForLife([this] { m->main.Menus().WatchFolders(); });
+    m->engine.Told().StartLink.ConnectForLife(
         [this](const QUrl& url) { m->main.OpenStartLink(url.toEncoded().toStdString()); });
 }
 
 void QtProgram::WirePages() {
     m->main.TaskView().TellDrawing(QtDrawing::InSoftware() ? DrawingWay::Software : DrawingWay::Graphics);
-    m->engine.Permissions = &m->permissions;
     m->permissions.Forgotten.ConnectForLife(
         [this](const SiteDecision& forgotten) { m->engine.ForgetDecision(forgotten); });
-    m->engine.SaveAddress.ConnectForLife(
+    m->engine.Told().SaveAddress.ConnectForLife(
         [this](QtPage& page, const QUrl& address, const Text& path) { m->downloads.Save(page, address, path); });
-    m->engine.Notice.ConnectForLife([this](const QString& words) { m->statusBar.Notice(words); });
+    m->engine.Told().Notice.ConnectForLife([this](const QString& words) { m->statusBar.Notice(words); });
     m->mediaKeys.Page = [this] { return m->engine.MediaPage(); };
-    m->engine.FullScreen().WindowIsFull = [this] { return m->window.FullScreen(); };
-    m->engine.FullScreen().SetWindowFull.ConnectForLife([this](bool on) { m->window.SetFullScreen(on); });
-    m->engine.MenuPlace.ConnectForLife([this](std::optional<QPoint> at) { m->commandBar.Menus().PlaceNext(at); });
-    m->engine.ShowInspector.ConnectForLife([this](QtPage& page) { m->devTools.Show(page); });
+    m->engine.Told().MenuPlace.ConnectForLife(
+        [this](std::optional<QPoint> at) { m->commandBar.Menus().PlaceNext(at); });
+    m->engine.Told().ShowInspector.ConnectForLife([this](QtPage& page) { m->devTools.Show(page); });
     m->downloads.List = &m->main.Downloads();
     m->downloads.Documents = &m->engine.Output().Documents();
-    m->downloads.Profile = [this] { return m->engine.Profile(); };
+    m->downloads.Profile = [this] { return m->engine.Profiles().Get(); };
     m->downloads.MaySave = [this](QWebEnginePage* page, const QUrl& address) {
         auto* view = m->engine.ViewOf(page);
         return !view || view->Questions()->permissions.MaySave(address);
@@ -67,10 +55,10 @@ void QtProgram::WirePages() {
 void QtProgram::WireEngine() {
     WireStartPage();
     m->requests.Templates = [this] { return m->Services(); };
-    m->engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { m->TakeProfile(profile); });
-    m->engine.PrivateProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { m->TakePrivateProfile(profile); });
-    m->engine.Visited.ConnectForLife([this](const QUrl& url) { m->browsingData.NoteVisit(url); });
-    m->engine.HomeAddress = [this] { return InternetSettings(m->settings).Get().homePage; };
+    m->engine.Profiles().Made.ConnectForLife([this](QWebEngineProfile& profile) { m->TakeProfile(profile); });
+    m->engine.Profiles().PrivateMade.ConnectForLife(
+        [this](QWebEngineProfile& profile) { m->TakePrivateProfile(profile); });
+    m->engine.Told().Visited.ConnectForLife([this](const QUrl& url) { m->browsingData.NoteVisit(url); });
     WirePages();
     m->bars.Add(m->captures, QtPageBars::Side::Above);
     m->bars.Add(m->offer, QtPageBars::Side::Above);
@@ -80,14 +68,13 @@ void QtProgram::WireEngine() {
     m->captures.Changed.ConnectForLife([this] { m->engine.Relayout(); });
     m->captures.Stop.ConnectForLife([this] { m->engine.StopCaptures(); });
     // A view reports at its end what it captures no more, and views end after the bar that shows it.
-    m->connections += m->engine.CapturesChanged.Connect([this] { m->captures.Tell(m->engine.Captures()); });
+    m->connections += m->engine.Told().CapturesChanged.Connect([this] { m->captures.Tell(m->engine.Captures()); });
     m->offer.Changed.ConnectForLife([this] { m->engine.Relayout(); });
-    m->engine.LayBars = [this](const QRect& whole) { return m->bars.Lay(whole); };
     m->findBar.Page = [this] { return m->engine.FrontPage(); };
     m->findBar.Changed.ConnectForLife([this] { m->engine.Relayout(); });
-    m->engine.FrontChanged.ConnectForLife([this] { m->findBar.OnPageChanged(); });
+    m->engine.Schedule().FrontChanged.ConnectForLife([this] { m->findBar.OnPageChanged(); });
     m->findBar.Typed.ConnectForLife([this] { m->main.actBar.NoteTyped(); });
     m->findBar.FocusPage.ConnectForLife([this] { m->main.FocusPage(); });
     WireStrip();
-    m->engine.IconChanged.ConnectForLife([this](std::int32_t index) { m->strip.RefreshIcons(index); });
+    m->engine.Told().IconChanged.ConnectForLife([this](std::int32_t index) { m->strip.RefreshIcons(index); });
 }

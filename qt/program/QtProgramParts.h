@@ -38,6 +38,7 @@
 #include "qt/engine/QtNotifications.h"
 #include "qt/engine/QtRequests.h"
 #include "qt/page/QtDevTools.h"
+#include "qt/program/QtEngineSurroundings.h"
 #include "qt/questions/QtCaptureBar.h"
 #include "qt/questions/QtNoticeBar.h"
 #include "qt/strip/QtTabList.h"
@@ -124,6 +125,8 @@ struct QtProgramParts : EngineOptions, Report::Source, WindowTools, UserInput {
     QtRequests requests;
     QtBrowsingData browsingData;
     QPointer<QWebEngineProfile> profile, privateProfile;
+    QtPageBars bars;
+    QtEngineSurroundings surroundings;
     QtEngine engine;
     QtSessionOffer offer{window.PageArea(), clock};
     QtForms forms{window, splash};
@@ -142,7 +145,6 @@ struct QtProgramParts : EngineOptions, Report::Source, WindowTools, UserInput {
     QtCaptureBar captures;
     QtDownloadsPanel downloadsPanel{main.DownloadPanel(), window};
     QtTaskView taskView{main.TaskView(), window};
-    QtPageBars bars;
     QTimer journal, retry, sleep, relief, giveBack, homePages;
     Connections connections;
 };

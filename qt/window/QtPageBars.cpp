@@ -4,14 +4,10 @@
 
 void QtPageBars::Add(QWidget& bar, Side side) { m_bars.push_back({&bar, side}); }
 
-void QtPageBars::Remove(const QWidget& bar) {
-    std::erase_if(m_bars, [&](const Bar& each) { return each.widget == &bar; });
-}
-
 QRect QtPageBars::Lay(const QRect& whole) const {
     QRect left = whole;
     for (const auto& [widget, side] : m_bars) {
-        if (widget->isHidden()) continue;
+        if (!widget || widget->isHidden()) continue;
         const int height = std::min(widget->heightForWidth(left.width()) > 0 ? widget->heightForWidth(left.width())
                                                                              : widget->sizeHint().height(),
                                     std::max(left.height() - 1, 0));

@@ -1,4 +1,5 @@
 #pragma once
+#include <QPointer>
 #include <QRect>
 #include <QWidget>
 #include <vector>
@@ -8,15 +9,14 @@ class QtPageBars {
 public:
     enum class Side { Above, Below };
 
-    /// A bar that is shown or hidden calls `Changed`. Bars outlive this object or are removed first.
+    /// A bar that is shown or hidden calls `Changed`. One that ends is no longer laid.
     void Add(QWidget& bar, Side side);
-    void Remove(const QWidget& bar);
     /// Places the bars that are shown and answers what they leave of the whole page area.
     [[nodiscard]] QRect Lay(const QRect& whole) const;
 
 private:
     struct Bar {
-        QWidget* widget;
+        QPointer<QWidget> widget;
         Side side;
     };
     std::vector<Bar> m_bars;

@@ -54,7 +54,8 @@ int main(int argc, char** argv) {
     if (!file.open() || file.write(PageOfFrames()) < 0 || !file.flush()) return 1;
     const QUrl url = QUrl::fromLocalFile(file.fileName());
     const QString token = QStringLiteral("token");
-    const QtProfile with({}, {}, token), without({}, {}, token);
+    const auto noHomePage = [] { return std::string(); };
+    const QtProfile with({}, {}, token, noHomePage), without({}, {}, token, noHomePage);
     without.Get()->scripts()->clear();
     QtPage scripted(with.Get(), token), plain(without.Get(), token);
     std::array<std::vector<qint64>, 2> taken;

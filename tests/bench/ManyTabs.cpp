@@ -7,6 +7,7 @@
 #include "qt/engine/QtEngine.h"
 #include "qt/strip/QtTabStrip.h"
 #include "qt/window/QtStatusBar.h"
+#include "tests/engine/FakeEngineHost.h"
 #include "tests/fakes/FakeSurroundings.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -64,7 +65,8 @@ public:
     QtSessionFiles ownSessions{ToQt(folder.PathText("sessions"))};
     QtInstanceProfile ownProfile{{}, {}};
     QWidget pageArea;
-    QtEngine engine{&pageArea, ownProfile};
+    FakeEngineHost host;
+    QtEngine engine{&pageArea, ownProfile, host};
     frmMain main{Platform(engine, {.sessions = &ownSessions})};
     QtTabStrip strip{main.pcPage};
 

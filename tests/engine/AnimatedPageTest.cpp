@@ -42,7 +42,8 @@ public:
 
     QtInstanceProfile ownProfile{{}, {}};
     QtMainWindow window;
-    QtEngine engine{window.PageArea(), ownProfile};
+    FakeEngineHost host;
+    QtEngine engine{window.PageArea(), ownProfile, host};
     frmMain main;
     QtTabStrip strip;
     QtStatusBar statusBar;

@@ -20,11 +20,11 @@ void Nobody(Cleared) {}
 class BrowsingDataTest : public testing::Test {
 protected:
     BrowsingDataTest() {
-        desk.engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& made) {
+        desk.engine.Profiles().Made.ConnectForLife([this](QWebEngineProfile& made) {
             profile = &made;
             data.Watch(made);
         });
-        desk.engine.Visited.ConnectForLife([this](const QUrl& url) { data.NoteVisit(url); });
+        desk.engine.Told().Visited.ConnectForLife([this](const QUrl& url) { data.NoteVisit(url); });
         data.Now = [this] { return now; };
     }
     ~BrowsingDataTest() override { data.Shutdown(); }

@@ -94,9 +94,9 @@ class EngineDownloads : public testing::Test {
 protected:
     EngineDownloads() {
         desktop.List = &downloads;
-        desktop.Profile = [this] { return desk.engine.Profile(); };
-        desk.engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
-        desk.engine.SaveAddress.ConnectForLife(
+        desktop.Profile = [this] { return desk.engine.Profiles().Get(); };
+        desk.engine.Profiles().Made.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
+        desk.engine.Told().SaveAddress.ConnectForLife(
             [this](QtPage& page, const QUrl& address, const Text& path) { desktop.Save(page, address, path); });
         desktop.MaySave = [this](QWebEnginePage* page, const QUrl& address) {
             auto* view = desk.engine.ViewOf(page);
@@ -312,7 +312,7 @@ TEST_F(EngineDownloads, ThatAreFetchedAnewKeepTheirLineOnTheWayToAnotherSite) {
 }
 
 TEST_F(EngineDownloads, OfPrivatePagesAreFetchedAnewByPrivatePages) {
-    desk.engine.PrivateProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
+    desk.engine.Profiles().PrivateMade.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
     QByteArray cookies;
     server.Answer(QStringLiteral("/get"), [&](const QByteArray& request) {
         cookies = request.contains("Cookie: who=private") ? "private"
@@ -340,7 +340,7 @@ TEST_F(EngineDownloads, OfPrivatePagesAreFetchedAnewByPrivatePages) {
     ASSERT_TRUE(WaitFor(DownloadState::Done));
     EXPECT_EQ(cookies, "private");
     breakOff();
-    const QPointer<QWebEngineProfile> profile = desk.engine.Profile(Privacy::Private);
+    const QPointer<QWebEngineProfile> profile = desk.engine.Profiles().Get(Privacy::Private);
     hidden.reset();
     ASSERT_TRUE(WaitUntil([&] { return profile.isNull(); }));
     downloads.Retry(First().Id);
@@ -360,7 +360,8 @@ TEST_F(EngineDownloads, ThatComeWhenTheirPageHasGoneAreAFewAtMost) {
     ASSERT_TRUE(WaitUntil([&] { return page.isNull(); }));
     // Engines of 6.8 do not bear that one comes when its profile goes.
     int asked = 0;
-    QObject::connect(desk.engine.Profile(), &QWebEngineProfile::downloadRequested, &desk.window, [&] { ++asked; });
+    QObject::connect(desk.engine.Profiles().Get(), &QWebEngineProfile::downloadRequested, &desk.window,
+                     [&] { ++asked; });
     late.Allow();
     ASSERT_TRUE(WaitFor(DownloadState::Done, 3));
     ASSERT_TRUE(WaitUntil([&] { return asked == 5; }));
@@ -376,12 +377,12 @@ TEST_F(EngineDownloads, OfAPageThatGoesWhileTheyComeDoNoHarm) {
         ASSERT_TRUE(WaitUntil([&] { return late.Waiting() == 5; }));
         const QPointer<QtPage> page = dynamic_cast<QtBrowserView&>(*view).Page();
         int asked = 0;
-        QObject::connect(desk.engine.Profile(), &QWebEngineProfile::downloadRequested, &desk.window, [&] {
+        QObject::connect(desk.engine.Profiles().Get(), &QWebEngineProfile::downloadRequested, &desk.window, [&] {
             if (++asked == 1 + round % 4) view.reset();
         });
         late.Allow();
         ASSERT_TRUE(WaitUntil([&] { return asked == 5 && page.isNull(); })) << asked;
-        desk.engine.Profile()->disconnect(&desk.window);
+        desk.engine.Profiles().Get()->disconnect(&desk.window);
     }
     SUCCEED() << "nobody has asked for a page that was there no more";
 }
@@ -404,7 +405,8 @@ TEST_F(EngineDownloads, OfAPageThatHasGoneComeWhileADocumentIsAwaited) {
     view.reset();
     ASSERT_TRUE(WaitUntil([&] { return page.isNull(); }));
     int asked = 0;
-    QObject::connect(desk.engine.Profile(), &QWebEngineProfile::downloadRequested, &desk.window, [&] { ++asked; });
+    QObject::connect(desk.engine.Profiles().Get(), &QWebEngineProfile::downloadRequested, &desk.window,
+                     [&] { ++asked; });
     late.Allow();
     EXPECT_TRUE(WaitFor(DownloadState::Done, 3));
     EXPECT_TRUE(WaitUntil([&] { return asked == 5; }));
@@ -415,7 +417,7 @@ TEST_F(EngineDownloads, ThatWereBlockedForGoodDoNotComeByAClickEither) {
     FakeSettings settings;
     SitePermissions kept{settings};
     kept.Remember({FromQt(server.Address({})), SitePermission::Downloads, false});
-    desk.engine.Permissions = &kept;
+    desk.host.permissions = &kept;
     desk.Replace(Privacy::Ordinary);
     server.Page(QStringLiteral("/page"), "<a id=kept download='y.txt' href='data:text/plain,y'>keep</a>"
                                          "<script>kept.onclick = () => document.title = 'clicked'</script>");

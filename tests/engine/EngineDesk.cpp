@@ -87,7 +87,7 @@ void EventRecorder::Add(const QString& kind, PageLevel level, TextView URL) {
 }
 
 EngineView::EngineView(const QString& profileFolder)
-    : ownProfile(profileFolder, profileFolder), engine(&window, ownProfile) {
+    : ownProfile(profileFolder, profileFolder), engine(&window, ownProfile, host) {
     window.resize(800, 600);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));

@@ -1,6 +1,7 @@
 #pragma once
 #include "qt/desktop/QtInstanceProfile.h"
 #include "qt/engine/QtEngine.h"
+#include "tests/engine/FakeEngineHost.h"
 #include "tests/engine/LocalServer.h"
 #include "tests/fakes/FakeSurroundings.h"
 
@@ -87,6 +88,7 @@ public:
 
     QtInstanceProfile ownProfile;
     QWidget window;
+    FakeEngineHost host;
     QtEngine engine;
     EventRecorder events;
     std::unique_ptr<BrowserView> view;
@@ -122,7 +124,8 @@ public:
 
     QWidget window;
     QtInstanceProfile ownProfile{{}, {}};
-    QtEngine engine{&window, ownProfile};
+    FakeEngineHost host;
+    QtEngine engine{&window, ownProfile, host};
     SeenViews views{engine};
     std::unique_ptr<frmMain> main;
 };

@@ -259,7 +259,7 @@ TEST_F(ExternalLinks, APageIsToldOnceThatThereIsNoProgram) {
 }
 
 TEST_F(ExternalLinks, AnAnswerThatIsRememberedOpensNothingWithoutAProgram) {
-    desk.engine.External().Remember(u"nobodys", FromQt(server.Address({})), true);
+    desk.engine.Profiles().External().Remember(u"nobodys", FromQt(server.Address({})), true);
     desk.ClickOn(QStringLiteral("none"));
     ASSERT_TRUE(Asks());
     EXPECT_EQ(Words("lblHeading"), "No program opens this address.");
@@ -380,7 +380,7 @@ TEST_F(ExternalLinks, APageWithoutAnAddressIsNotItsUser) {
 }
 
 TEST_F(ExternalLinks, PrivatePagesKnowNothingOfTheAnswersOfOthers) {
-    desk.engine.External().Remember(u"testapp", FromQt(server.Address({})), true);
+    desk.engine.Profiles().External().Remember(u"testapp", FromQt(server.Address({})), true);
     desk.Replace(Privacy::Private);
     desk.Load(server.Address(QStringLiteral("/page")));
     desk.ClickOn(QStringLiteral("link"));
@@ -389,8 +389,8 @@ TEST_F(ExternalLinks, PrivatePagesKnowNothingOfTheAnswersOfOthers) {
 }
 
 TEST_F(ExternalLinks, AnAnswerIsForOneOriginAndNotForItsName) {
-    desk.engine.External().Remember(u"testapp", FromQt(QStringLiteral("https://127.0.0.1:%1").arg(server.serverPort())),
-                                    true);
+    desk.engine.Profiles().External().Remember(
+        u"testapp", FromQt(QStringLiteral("https://127.0.0.1:%1").arg(server.serverPort())), true);
     desk.ClickOn(QStringLiteral("link"));
     EXPECT_TRUE(Asks());
     EXPECT_EQ(program.Take(), "") << "what https may, http may not";

@@ -23,9 +23,9 @@ TEST_F(InstanceProfileTest, AFurtherInstanceKeepsWhatPagesStoreTooApartFromTheFi
     EngineView one(first), two(first);
     Load(one);
     Load(two);
-    EXPECT_EQ(one.engine.Profile()->persistentStoragePath(), first);
-    EXPECT_EQ(two.engine.Profile()->persistentStoragePath(), first + QStringLiteral("-2"));
-    EXPECT_FALSE(two.engine.Profile()->isOffTheRecord());
+    EXPECT_EQ(one.engine.Profiles().Get()->persistentStoragePath(), first);
+    EXPECT_EQ(two.engine.Profiles().Get()->persistentStoragePath(), first + QStringLiteral("-2"));
+    EXPECT_FALSE(two.engine.Profiles().Get()->isOffTheRecord());
     one.Script(QStringLiteral("document.cookie = 'whose=first; max-age=9999'; localStorage.whose = 'first'"));
     EXPECT_EQ(one.Script(QStringLiteral("document.cookie")), u"whose=first");
     Load(two);
@@ -35,13 +35,13 @@ TEST_F(InstanceProfileTest, AFurtherInstanceKeepsWhatPagesStoreTooApartFromTheFi
 TEST_F(InstanceProfileTest, ClearingForgetsWhatThisInstanceKeepsAndNoOther) {
     QtBrowsingData itsOwn;
     EngineView one(first), two(first);
-    two.engine.ProfileMade.ConnectForLife([&](QWebEngineProfile& made) { itsOwn.Watch(made); });
+    two.engine.Profiles().Made.ConnectForLife([&](QWebEngineProfile& made) { itsOwn.Watch(made); });
     for (EngineView* each : {&one, &two}) {
         Load(*each);
         each->Script(QStringLiteral("document.cookie = 'kept=1; max-age=9999'"));
         EXPECT_EQ(each->Script(QStringLiteral("document.cookie")), u"kept=1");
     }
-    itsOwn.Clear({.cookies = true}, *two.engine.Profile(), [](Cleared) {});
+    itsOwn.Clear({.cookies = true}, *two.engine.Profiles().Get(), [](Cleared) {});
     EXPECT_TRUE(WaitUntil([&] { return two.Script(QStringLiteral("document.cookie")).isEmpty(); }));
     EXPECT_EQ(one.Script(QStringLiteral("document.cookie")), u"kept=1");
     itsOwn.Save();
@@ -54,7 +54,7 @@ TEST_F(InstanceProfileTest, APrivatePageOfAFurtherInstanceKeepsNothing) {
     Load(one);
     two.Replace(Privacy::Private);
     Load(two);
-    EXPECT_TRUE(two.engine.Profile(Privacy::Private)->isOffTheRecord());
+    EXPECT_TRUE(two.engine.Profiles().Get(Privacy::Private)->isOffTheRecord());
 }
 
 TEST_F(InstanceProfileTest, WithoutAFolderPagesAreShownAndNothingIsKept) {
@@ -62,7 +62,7 @@ TEST_F(InstanceProfileTest, WithoutAFolderPagesAreShownAndNothingIsKept) {
     ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
     EngineView desk(first);
     Load(desk);
-    EXPECT_TRUE(desk.engine.Profile()->isOffTheRecord());
+    EXPECT_TRUE(desk.engine.Profiles().Get()->isOffTheRecord());
     EXPECT_EQ(desk.ownProfile.Number(), 0);
     EXPECT_EQ(inTheWay.size(), 0);
 }

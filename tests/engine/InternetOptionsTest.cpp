@@ -15,7 +15,7 @@ namespace {
 class InternetOptionsInEffect : public testing::Test {
 protected:
     InternetOptionsInEffect() {
-        desk.engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& made) {
+        desk.engine.Profiles().Made.ConnectForLife([this](QWebEngineProfile& made) {
             profile = &made;
             made.setUrlRequestInterceptor(&requests);
         });
@@ -124,11 +124,11 @@ TEST_F(InternetOptionsInEffect, AProxyIsAskedInstead) {
 }
 
 TEST_F(InternetOptionsInEffect, TheHomePageIsTheChosenOne) {
-    desk.engine.HomeAddress = [this] { return FromQt(server.Address(QStringLiteral("/page"))); };
+    desk.host.home = FromQt(server.Address(QStringLiteral("/page")));
     desk.Load(QStringLiteral("about:blank"));
     EXPECT_EQ(desk.view->GoHome(), Outcome::Done);
     EXPECT_TRUE(Titled("script"));
-    desk.engine.HomeAddress = [] { return Text(); };
+    desk.host.home.clear();
     EXPECT_EQ(desk.view->GoHome(), Outcome::Done);
     EXPECT_TRUE(WaitUntil([&] { return desk.view->LocationURL() == u"tessaview:start"; }));
 }

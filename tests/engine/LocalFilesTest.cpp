@@ -18,7 +18,7 @@ class LocalFiles : public testing::Test {
 protected:
     LocalFiles() {
         secret.Write("key", "TOP SECRET");
-        desk.engine.ProfileMade.ConnectForLife(
+        desk.engine.Profiles().Made.ConnectForLife(
             [this](QWebEngineProfile& profile) { profile.setUrlRequestInterceptor(&requests); });
     }
 
@@ -151,7 +151,7 @@ TEST(SavedPages, ShowTheirPicturesAndStyles) {
     QtRequests requests;
     EngineView desk;
     bool saved = false;
-    desk.engine.ProfileMade.ConnectForLife([&](QWebEngineProfile& profile) {
+    desk.engine.Profiles().Made.ConnectForLife([&](QWebEngineProfile& profile) {
         profile.setUrlRequestInterceptor(&requests);
         QObject::connect(&profile, &QWebEngineProfile::downloadRequested, &profile,
                          [&](QWebEngineDownloadRequest* request) {

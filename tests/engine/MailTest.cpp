@@ -95,7 +95,8 @@ TEST(Mail, NothingIsOpenedBeforeTheEngineStarts) {
     MailProgram mail;
     QWidget window;
     QtInstanceProfile ownProfile({}, {});
-    QtEngine engine(&window, ownProfile);
+    FakeEngineHost host;
+    QtEngine engine(&window, ownProfile, host);
     EventRecorder events;
     auto view = engine.Create(1, events, Privacy::Ordinary);
     EXPECT_EQ(view->Navigate(u"mailto:a@b.example"), Outcome::Done);

@@ -30,8 +30,8 @@ protected:
         timer.callOnTimeout([&relief] { relief.Look(); });
         relief.Memory = &files;
         relief.Schedule.ConnectForLife([this](TabSleep::Time time) { timer.start(time); });
-        relief.OthersWait = [this] { return desk.engine.PagesWait(); };
-        relief.Changed.ConnectForLife([this](Shortage level) { desk.engine.SetShortage(level); });
+        relief.OthersWait = [this] { return desk.engine.Schedule().PagesWait(); };
+        relief.Changed.ConnectForLife([this](Shortage level) { desk.engine.Schedule().SetShortage(level); });
     }
     void SayFree(int megabytes) {
         folder.Write("proc/meminfo",

@@ -61,8 +61,9 @@ class Notifications : public testing::Test {
 protected:
     Notifications() {
         notifications.Clicked.ConnectForLife([this] { clicked = true; });
-        desk.engine.Permissions = &kept;
-        desk.engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { notifications.Follow(profile); });
+        desk.host.permissions = &kept;
+        desk.engine.Profiles().Made.ConnectForLife(
+            [this](QWebEngineProfile& profile) { notifications.Follow(profile); });
         kept.Remember({FromQt(server.Address({}, host)), SitePermission::Notifications, true});
     }
 

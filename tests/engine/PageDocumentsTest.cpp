@@ -47,10 +47,10 @@ protected:
     PageDocuments() {
         desktop.List = &downloads;
         desktop.Documents = &desk.engine.Output().Documents();
-        desktop.Profile = [this] { return desk.engine.Profile(); };
+        desktop.Profile = [this] { return desk.engine.Profiles().Get(); };
         // What a page saves by itself is refused; what its user saves is not asked about.
         desktop.MaySave = [](QWebEnginePage*, const QUrl&) { return false; };
-        desk.engine.ProfileMade.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
+        desk.engine.Profiles().Made.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
         Serve("/red.pdf", "application/pdf", pdf);
         Serve("/dot", "image/png", SmallPng());
         Serve("/words.txt", "text/plain", "plain <b> words\n");
@@ -268,7 +268,8 @@ TEST_F(PageDocuments, WhatAPageSavesOfItselfMeanwhileIsStillAskedAbout) {
     Visit(QStringLiteral("/page"));
     // The engine does not bear that one comes when its profile goes.
     int wanted = 0;
-    QObject::connect(desk.engine.Profile(), &QWebEngineProfile::downloadRequested, &desk.window, [&] { ++wanted; });
+    QObject::connect(desk.engine.Profiles().Get(), &QWebEngineProfile::downloadRequested, &desk.window,
+                     [&] { ++wanted; });
     Script(QStringLiteral("a.click(); 1"));
     ASSERT_TRUE(WaitUntil([&] { return wanted == 1; }));
     Settle(desk.engine, Front().Page());

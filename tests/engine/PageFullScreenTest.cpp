@@ -14,9 +14,7 @@ namespace {
 class PageFullScreen : public testing::Test {
 protected:
     PageFullScreen() {
-        desk.engine.LayBars = [](const QRect& whole) { return whole.adjusted(0, 100, 0, 0); };
-        desk.engine.FullScreen().WindowIsFull = [this] { return windowIsFull; };
-        desk.engine.FullScreen().SetWindowFull.ConnectForLife([this](bool on) { windowIsFull = on; });
+        desk.host.barHeight = 100;
         server.Page(QStringLiteral("/page"),
                     "<title>film</title><p>words</p><div id=film><button id=full onclick='film.requestFullscreen()'>"
                     "full</button></div>");
@@ -33,7 +31,6 @@ protected:
     bool PageThinksSo() { return desk.Script(QStringLiteral("!!document.fullscreenElement")) == u"true"; }
     [[nodiscard]] QWebEngineView& View() const { return *desk.Real().Widget(); }
 
-    bool windowIsFull = false;
     LocalServer server;
     EngineView desk;
 };
@@ -41,23 +38,23 @@ protected:
 TEST_F(PageFullScreen, FillsTheWindowSaysHowToLeaveAndLeavesByEscape) {
     ASSERT_TRUE(IsBack());
     Enter();
-    EXPECT_TRUE(windowIsFull);
+    EXPECT_TRUE(desk.host.windowIsFull);
     const auto* hint = desk.window.findChild<QLabel*>(QStringLiteral("pageFullScreenHint"));
     ASSERT_NE(hint, nullptr);
     EXPECT_EQ(hint->text(),
               QStringLiteral("127.0.0.1:%1 fills the screen. Press Esc to leave.").arg(server.serverPort()));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_TRUE(WaitUntil([this] { return IsBack(); }));
-    EXPECT_FALSE(windowIsFull);
+    EXPECT_FALSE(desk.host.windowIsFull);
     EXPECT_EQ(desk.window.findChild<QLabel*>(QStringLiteral("pageFullScreenHint")), nullptr);
 }
 
 TEST_F(PageFullScreen, LeavesAWindowThatWasFullAsItWas) {
-    windowIsFull = true;
+    desk.host.windowIsFull = true;
     Enter();
     desk.Script(QStringLiteral("document.exitFullscreen(); 1"));
     EXPECT_TRUE(WaitUntil([this] { return IsBack(); }));
-    EXPECT_TRUE(windowIsFull);
+    EXPECT_TRUE(desk.host.windowIsFull);
 }
 
 TEST_F(PageFullScreen, NeedsAPerson) {
@@ -72,7 +69,7 @@ TEST_F(PageFullScreen, EndsWhenThePageAsksSomething) {
     EXPECT_TRUE(WaitUntil([this] { return desk.Real().Questions()->questions.Current() != nullptr; }));
     EXPECT_TRUE(WaitUntil([this] { return !PageThinksSo(); }));
     EXPECT_EQ(View().parentWidget(), &desk.window);
-    EXPECT_FALSE(windowIsFull);
+    EXPECT_FALSE(desk.host.windowIsFull);
     EXPECT_TRUE(desk.Real().Questions()->bar->isVisible());
 }
 
@@ -82,13 +79,13 @@ TEST_F(PageFullScreen, EndsWhenAnotherTabComesToTheFront) {
     const auto other = desk.engine.Create(2, others, Privacy::Ordinary);
     other->BringToFront();
     EXPECT_TRUE(WaitUntil([this] { return !PageThinksSo() && View().isHidden(); }));
-    EXPECT_FALSE(windowIsFull);
+    EXPECT_FALSE(desk.host.windowIsFull);
 }
 
 TEST_F(PageFullScreen, EndsWithItsTab) {
     Enter();
     desk.view.reset();
-    EXPECT_FALSE(windowIsFull);
+    EXPECT_FALSE(desk.host.windowIsFull);
 }
 
 } // namespace

@@ -14,7 +14,7 @@ namespace {
 /// A page that asks for things, and its user at the bar above it.
 class EnginePermissions : public testing::Test {
 protected:
-    EnginePermissions() { desk.engine.Permissions = &kept; }
+    EnginePermissions() { desk.host.permissions = &kept; }
 
     void Load(const QByteArray& html) {
         server.Page(QStringLiteral("/page"), html);
@@ -177,7 +177,7 @@ TEST_F(EnginePermissions, ShowAScreenThatTheUserHasChosen) {
 }
 
 TEST_F(EnginePermissions, AreTellingForAsLongAsAScreenMayBeSeen) {
-    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
+    desk.engine.Told().CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kShareScreen);
     desk.ClickOn(QStringLiteral("b"));
     ASSERT_TRUE(WaitForQuestion());
@@ -197,7 +197,7 @@ TEST_F(EnginePermissions, AreTellingForAsLongAsAScreenMayBeSeen) {
 }
 
 TEST_F(EnginePermissions, EndWhenTheyAreStoppedWhateverTheServerSays) {
-    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
+    desk.engine.Told().CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kShareScreen);
     desk.ClickOn(QStringLiteral("b"));
     ASSERT_TRUE(WaitForQuestion());
@@ -213,7 +213,7 @@ TEST_F(EnginePermissions, EndWhenTheyAreStoppedWhateverTheServerSays) {
 }
 
 TEST_F(EnginePermissions, AreTellingOfAScreenNoMoreWhenItsTabHasGone) {
-    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
+    desk.engine.Told().CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kShareScreen);
     desk.ClickOn(QStringLiteral("b"));
     ASSERT_TRUE(WaitForQuestion());
@@ -230,7 +230,7 @@ constexpr auto kCapture = "<p>words</p><script>document.title = 'ready';"
                           "s => document.title = 'got ' + s.getTracks().length, e => document.title = e.name)</script>";
 
 TEST_F(EnginePermissions, AreTellingForAsLongAsCameraAndMicrophoneMayBeUsed) {
-    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
+    desk.engine.Told().CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kCapture);
     ASSERT_TRUE(WaitForQuestion()) << desk.Real().Page()->title().toStdString();
     EXPECT_EQ(Questions().Current()->Words,
@@ -247,7 +247,7 @@ TEST_F(EnginePermissions, AreTellingForAsLongAsCameraAndMicrophoneMayBeUsed) {
 }
 
 TEST_F(EnginePermissions, TellOfNoCameraThatTheUserRefused) {
-    desk.engine.CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
+    desk.engine.Told().CapturesChanged.ConnectForLife([&] { told = desk.engine.Captures(); });
     Load(kCapture);
     ASSERT_TRUE(WaitForQuestion());
     Questions().Answer(1, false);

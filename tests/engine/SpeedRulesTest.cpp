@@ -23,7 +23,8 @@ std::vector<QString> Pages(LocalServer& server, int count) {
 TEST(SpeedRules, AViewCostsNothingBeforeTheEngineStarts) {
     QWidget window;
     QtInstanceProfile ownProfile({}, {});
-    QtEngine engine(&window, ownProfile);
+    FakeEngineHost host;
+    QtEngine engine(&window, ownProfile, host);
     EventRecorder events;
     const auto view = engine.Create(1, events, Privacy::Ordinary);
     EXPECT_EQ(view->Navigate(u"http://127.0.0.1:1/"), Outcome::Done);
@@ -64,7 +65,7 @@ TEST(SpeedRules, OfManyViewsBroughtToTheFrontInOneTurnOnlyTheLastIsShown) {
     LocalServer server;
     EngineDesk desk;
     int fronts = 0;
-    desk.engine.FrontChanged.ConnectForLife([&] { ++fronts; });
+    desk.engine.Schedule().FrontChanged.ConnectForLife([&] { ++fronts; });
     desk.Open(Pages(server, 20));
     ASSERT_TRUE(WaitUntil([&] { return desk.View(21).Widget() && desk.View(21).Widget()->isVisible(); }));
     EXPECT_EQ(fronts, 1);

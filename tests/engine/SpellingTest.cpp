@@ -39,7 +39,7 @@ TEST_F(Spelling, AMisspelledWordIsToldWithWhatWasMeant) {
     LocalServer server;
     server.Page(QStringLiteral("/page"), "<p>words</p><input id=field spellcheck=true style='width: 60px'>");
     EngineView desk;
-    desk.engine.ProfileMade.ConnectForLife([&](QWebEngineProfile& made) { dictionaries.Follow(made); });
+    desk.engine.Profiles().Made.ConnectForLife([&](QWebEngineProfile& made) { dictionaries.Follow(made); });
     desk.Load(server.Address(QStringLiteral("/page")));
     desk.ClickOn(QStringLiteral("field"));
     ASSERT_TRUE(WaitUntil([&] { return desk.Script(QStringLiteral("document.activeElement.id")) == u"field"; }));

@@ -13,13 +13,13 @@ namespace {
 class StartPageAccess : public testing::Test {
 protected:
     StartPageAccess() {
-        m_view.engine.StartPage = [this] {
+        m_view.host.startPage = [this] {
             ++m_asked;
             return std::string("<!doctype html><title>Home</title><a id='group' href='tessaview:group?News%20%26'>"
                                "News</a><p><a id='out' href='" +
                                m_server.Address(QStringLiteral("/page")).toStdString() + "'>out</a>");
         };
-        m_view.engine.StartLink.ConnectForLife(
+        m_view.engine.Told().StartLink.ConnectForLife(
             [this](const QUrl& url) { m_links << QString::fromLatin1(url.toEncoded()); });
     }
     void Serve(const QByteArray& html) { m_server.Page(QStringLiteral("/page"), html); }

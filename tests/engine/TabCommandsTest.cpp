@@ -26,9 +26,9 @@ protected:
             return ServiceTemplates{
                 .search = FromQt(server.Address(QStringLiteral("/find?q=%s"))), .shop = {}, .find = {}};
         };
-        desk.engine.ProfileMade.ConnectForLife(
+        desk.engine.Profiles().Made.ConnectForLife(
             [this](QWebEngineProfile& made) { made.setUrlRequestInterceptor(&requests); });
-        desk.engine.HomeAddress = [this] { return home; };
+        desk.host.home = FromQt(server.Address(QStringLiteral("/Home")));
         Show(QStringLiteral("/Rose"), u"Rose");
     }
     [[nodiscard]] std::size_t Tabs() const { return desk.main->pcPage.Count(); }
@@ -50,7 +50,6 @@ protected:
     }
 
     int loads = 0;
-    Text home = FromQt(server.Address(QStringLiteral("/Home")));
     QtRequests requests;
 };
 
@@ -68,7 +67,7 @@ TEST_F(TabCommandsTest, NewBlankTabsAreBlank) {
         Click(tool);
         EXPECT_EQ(Tabs(), before + 1) << ToUtf8(tool);
         ASSERT_TRUE(WaitBlank()) << ToUtf8(tool);
-        EXPECT_EQ(Front().Page()->profile(), desk.engine.Profile());
+        EXPECT_EQ(Front().Page()->profile(), desk.engine.Profiles().Get());
     }
     EXPECT_EQ(server.requests, QStringList{QStringLiteral("/Rose")});
 }
@@ -77,21 +76,21 @@ TEST_F(TabCommandsTest, ANewPrivateTabSaysWhatIsKept) {
     OpensInFront(u"xtrPrivateTab", u"Private tab");
     EXPECT_EQ(Front().LocationURL(), u"tessaview:private");
     EXPECT_TRUE(Front().Page()->profile()->isOffTheRecord());
-    EXPECT_NE(Front().Page()->profile(), desk.engine.Profile());
+    EXPECT_NE(Front().Page()->profile(), desk.engine.Profiles().Get());
     EXPECT_EQ(Script(QStringLiteral("document.querySelectorAll('section').length")), u"2");
 }
 
 TEST_F(TabCommandsTest, WithoutAChosenHomePageANewTabShowsTheProgramsOwn) {
-    home.clear();
-    desk.engine.StartPage = [] { return std::string("<title>Start</title><p>words</p>"); };
+    desk.host.home.clear();
+    desk.host.startPage = [] { return std::string("<title>Start</title><p>words</p>"); };
     OpensInFront(u"mnuNewHome", u"Start");
     EXPECT_EQ(Front().LocationURL(), u"tessaview:start");
 }
 
 TEST_F(TabCommandsTest, TheFieldOfTheProgramsHomePageSearchesWithTheChosenService) {
-    home.clear();
-    desk.engine.StartPage = [] { return StartPage::Html({}); };
-    desk.engine.StartLink.ConnectForLife(
+    desk.host.home.clear();
+    desk.host.startPage = [] { return StartPage::Html({}); };
+    desk.engine.Told().StartLink.ConnectForLife(
         [this](const QUrl& url) { desk.main->OpenStartLink(url.toEncoded().toStdString()); });
     server.Page(QStringLiteral("/find?q=a%26b%20%2B%20%D1%8F"), "<title>Found</title><p>words</p>");
     Click(u"mnuHome");

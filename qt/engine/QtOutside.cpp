@@ -1,0 +1,15 @@
+#include "qt/engine/QtOutside.h"
+
+#include <QDesktopServices>
+#include <utility>
+
+void QtOutside::Start() {
+    m_started = true;
+    for (const QUrl& url : std::exchange(m_waiting, {})) ResumeNext(Open(url));
+}
+
+Outcome QtOutside::Open(const QUrl& url) {
+    if (m_started) return QDesktopServices::openUrl(url) ? Outcome::Done : Outcome::Failed;
+    m_waiting.push_back(url);
+    return Outcome::Done;
+}
