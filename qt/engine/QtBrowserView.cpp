@@ -1,30 +1,27 @@
 #include "qt/engine/QtBrowserView.h"
 
-#include "base/Address.h"
 #include "base/OwnAddresses.h"
+#include "pages/LoadWords.h"
 #include "qt/base/QtEngineVersions.h"
 #include "qt/base/QtText.h"
 #include "qt/engine/QtEngineHost.h"
-#include "qt/engine/QtOutside.h"
+#include "qt/engine/QtPageSignals.h"
 #include "qt/engine/QtProfiles.h"
-#include "qt/page/QtAwaited.h"
-#include "qt/page/QtMail.h"
 #include "qt/page/QtPage.h"
 #include "qt/page/QtPageOutput.h"
 #include "qt/page/QtPageSecurity.h"
-#include "qt/page/QtStartPage.h"
 #include "qt/questions/QtLeaving.h"
 
-#include <QDataStream>
-#include <QIODevice>
-#include <QWebEngineHistory>
+#include <QWebEngineFullScreenRequest>
+#include <QWebEngineNewWindowRequest>
 #include <QWebEngineView>
 #include <algorithm>
-#include <array>
+#include <utility>
 
 namespace {
 
-constexpr auto kHistoryVersion = QDataStream::Qt_6_4;
+// The engine tells a link decoded, for people; what they are to judge it by is the form that nothing can hide in.
+Text HoveredLink(const QString& link) { return LoadWords::Link(QtAddress::Shown(QUrl(link))); }
 
 Outcome Trigger(QWebEnginePage& page, QWebEnginePage::WebAction action) {
     page.triggerAction(action);
@@ -35,167 +32,70 @@ Outcome Trigger(QWebEnginePage& page, QWebEnginePage::WebAction action) {
 
 QtBrowserView::QtBrowserView(std::int16_t index, BrowserViewEvents& events, const QtViewServices& services,
                              ::Privacy privacy)
-    : m_index(index), m_events(events), m_services(services), m_privacy(privacy) {
-    m_services.profiles.AddView(privacy);
-    m_services.newWindows.Add(*this, *this);
-    m_services.schedule.Add(index, *this);
+    : m_self{index, events, services, privacy},
+      m_navigation(m_self, m_where),
+      m_loads(m_self, m_where, m_navigation),
+      m_surface(m_self),
+      m_printing(m_self, m_where, m_surface) {
+    services.profiles.AddView(privacy);
+    services.newWindows.Add(*this, *this);
+    services.schedule.Add(index, *this);
+    m_loads.Left.ConnectForLife([this] { m_printing.ForgetWish(); });
+    m_loads.Arrived.ConnectForLife([this] {
+        ApplyZoom();
+        m_printing.FollowPage();
+    });
+    m_loads.Finished.ConnectForLife([this] { m_printing.NoteLoaded(); });
 }
 
 QtBrowserView::~QtBrowserView() {
-    Release();
-    m_services.schedule.Remove(m_index);
-    m_services.newWindows.Remove(*this);
-    m_services.profiles.RemoveView(m_privacy);
-}
-
-Outcome QtBrowserView::Navigate(TextView address) {
-    QtAddress target = QtAddress::FromTyped(address);
-    if (QtMail::OpensElsewhere(target.url)) return m_services.outside.Open(target.url);
-    m_requested = target.url;
-    m_late = m_later = false;
-    m_pending = std::move(target);
-    m_pendingHistory.clear();
-    m_services.schedule.AskTurn(m_index);
-    return Outcome::Done;
+    EndPage();
+    m_self.services.schedule.Remove(m_self.index);
+    m_self.services.newWindows.Remove(*this);
+    m_self.services.profiles.RemoveView(m_self.privacy);
 }
 
 Outcome QtBrowserView::GoHome() {
-    const Text chosen = m_services.host.HomeAddress();
+    const Text chosen = m_self.services.host.HomeAddress();
     return Navigate(chosen.empty() ? OwnAddresses::kStart : TextView(chosen));
-}
-
-Outcome QtBrowserView::Stop() {
-    // Nothing has begun.
-    if (m_later) return Outcome::Done;
-    const bool waited = m_pending.has_value();
-    m_pending.reset();
-    DropFallback();
-    m_services.schedule.EndTurn(m_index);
-    if (m_page && m_loading)
-        m_page->triggerAction(QWebEnginePage::Stop);
-    else if (waited)
-        ReportUnbegun();
-    return Outcome::Done;
-}
-
-Outcome QtBrowserView::Refresh() {
-    // A view that was stopped before it showed anything has nothing to reload: it loads what it was to show.
-    if (!m_committed) return Navigate(FromQt(m_requested.toString(QUrl::FullyEncoded)));
-    m_awaited->Ask();
-    m_page->triggerAction(QWebEnginePage::Reload);
-    return Outcome::Done;
-}
-
-// Of a mere reload nothing may come, and then the document stays and goes on.
-void QtBrowserView::Renew() {
-    if (!m_page) return;
-    const QUrl blank(ToQt(Address::kBlank));
-    const auto back = [this, blank](bool ok) {
-        if (ok && m_page && m_page->url() == blank) ResumeNext(GoBack());
-    };
-    connect(m_page.get(), &QWebEnginePage::loadFinished, this, back,
-            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
-    m_questions->permissions.BeginNavigation();
-    m_awaited->Ask();
-    m_page->Await(blank);
-    m_page->load(blank);
-}
-
-Outcome QtBrowserView::GoBack() {
-    if (!m_page || !m_page->history()->canGoBack()) return Outcome::Failed;
-    m_life->Wake();
-    m_awaited->Ask();
-    m_page->history()->back();
-    return Outcome::Done;
-}
-
-Outcome QtBrowserView::GoForward() {
-    if (!m_page || !m_page->history()->canGoForward()) return Outcome::Failed;
-    m_life->Wake();
-    m_awaited->Ask();
-    m_page->history()->forward();
-    return Outcome::Done;
 }
 
 Outcome QtBrowserView::ExecWB(BrowserCommand command) {
     // A sleeping page has nothing to print, save or copy, and the engine takes it ill to be asked.
-    if (!m_page || m_life->Asleep()) return Outcome::Failed;
+    if (!m_page || m_page->Life()->Asleep()) return Outcome::Failed;
+    QtPageOutput& output = m_self.services.output;
     switch (command) {
     case BrowserCommand::SaveAs:
-        return m_services.output.SaveAs(*m_page, m_services.pageArea);
+        return output.SaveAs(m_page->Page(), m_self.services.pageArea);
     case BrowserCommand::Print:
-        return m_services.output.Print(*m_page, m_services.pageArea);
+        return m_printing.Print();
     case BrowserCommand::PrintPreview:
-        PreviewShown();
+        m_printing.Preview();
         return Outcome::Done;
     case BrowserCommand::PageSetup:
-        return m_services.output.PageSetup(m_services.pageArea);
+        return output.PageSetup(m_self.services.pageArea);
     case BrowserCommand::Cut:
-        return Trigger(*m_page, QWebEnginePage::Cut);
+        return Trigger(m_page->Page(), QWebEnginePage::Cut);
     case BrowserCommand::Copy:
-        return Trigger(*m_page, QWebEnginePage::Copy);
+        return Trigger(m_page->Page(), QWebEnginePage::Copy);
     case BrowserCommand::Paste:
-        return Trigger(*m_page, QWebEnginePage::Paste);
+        return Trigger(m_page->Page(), QWebEnginePage::Paste);
     case BrowserCommand::SelectAll:
-        return Trigger(*m_page, QWebEnginePage::SelectAll);
+        return Trigger(m_page->Page(), QWebEnginePage::SelectAll);
     }
     return Outcome::Failed;
-}
-
-void QtBrowserView::PreviewShown() {
-    const QPointer<QtBrowserView> view(this);
-    // A PDF is its own preview. Queued: the engine is in the middle of telling.
-    const bool isPdf = m_services.output.FetchPdf(*m_page, [view](const QByteArray& pdf) {
-        if (view && !pdf.isEmpty())
-            QMetaObject::invokeMethod(
-                view, [view, pdf] { view->ShowPreview(pdf); }, Qt::QueuedConnection);
-    });
-    if (!isPdf && view && m_page) PrintPreview();
-}
-
-void QtBrowserView::PrintPreview() {
-    // Else stopping the load, which closing the tab does, would crash the engine.
-    m_previewsLater = m_loading;
-    if (m_loading) return;
-    m_page->Print(m_services.output.Layout(), [view = QPointer<QtBrowserView>(this)](const QByteArray& pdf) {
-        // Queued: the engine is in the middle of telling.
-        if (view && !pdf.isEmpty())
-            QMetaObject::invokeMethod(
-                view, [view, pdf] { view->ShowPreview(pdf); }, Qt::QueuedConnection);
-    });
-}
-
-void QtBrowserView::ShowPreview(const QByteArray& pdf) {
-    const QString name = m_page ? QtPageOutput::FileNameFor(m_page->title()) : QString();
-    auto* opened = m_services.newWindows.Find(m_events.NewWindow2(m_index, NewWindowPlace::InFront));
-    if (opened) opened->TakePreview(pdf, name);
-}
-
-void QtBrowserView::TakePreview(const QByteArray& pdf, const QString& name) {
-    m_preview = std::make_shared<const QByteArray>(pdf);
-    const QUrl address = m_services.profiles.OwnPages(m_privacy).AddPreview(m_preview, name);
-    ResumeNext(Navigate(FromQt(address.toString(QUrl::FullyEncoded))));
 }
 
 Text QtBrowserView::LocationName() const {
     if (!m_page) return {};
     // While one page takes another's place, the engine tells the title of the one and the address of the other.
     // The history is not asked: of a window that another page writes into it has no entry, and then takes that ill.
-    const bool changes = m_page->isLoading() && m_page->url() != m_shown;
-    return changes ? Text() : NameOf(m_page->title());
+    const QtPage& page = m_page->Page();
+    const bool changes = page.isLoading() && page.url() != m_where.shown;
+    return changes ? Text() : m_printing.NameOf(page.title());
 }
 
-bool QtBrowserView::ShowsPreview() const { return m_preview && m_committed && QtStartPage::IsPreview(m_shown); }
-
-// Else the tab could not be told from the page's own.
-Text QtBrowserView::NameOf(const QString& title) const {
-    return ShowsPreview() ? u"Preview: " + FromQt(title) : FromQt(title);
-}
-
-PageDocument* QtBrowserView::Document() {
-    const bool shown = m_page && m_committed && m_shown.scheme() != u"about";
-    return shown ? static_cast<PageDocument*>(this) : nullptr;
-}
+PageDocument* QtBrowserView::Document() { return m_page && m_where.ShowsPage() ? this : nullptr; }
 
 Outcome QtBrowserView::Zoom(int level) {
     m_zoom = std::clamp(level, 0, static_cast<int>(kPercents.size()) - 1);
@@ -206,157 +106,180 @@ Outcome QtBrowserView::Zoom(int level) {
 // The engine forgets the factor when a navigation changes the page's process.
 void QtBrowserView::ApplyZoom() {
     const double factor = kPercents.at(static_cast<std::size_t>(m_zoom)) / 100.0;
-    if (m_page && m_page->zoomFactor() != factor) m_page->setZoomFactor(factor);
+    if (m_page && m_page->Page().zoomFactor() != factor) m_page->Page().setZoomFactor(factor);
 }
 
-Text QtBrowserView::LocationURL() const {
-    if (!m_committed && m_late) return Text(Address::kBlank);
-    // Whoever writes the session down asks every tab at every change of any.
-    const QUrl& address = m_committed ? m_shown : m_requested;
-    if (address != m_told) m_toldText = QtAddress::Shown(m_told = address);
-    return m_toldText;
+PageSecurity QtBrowserView::Security() const {
+    if (m_where.AwaitsFirst()) return PageSecurity::Awaited;
+    if (!m_page || !m_where.IsTrue()) return PageSecurity::None;
+    return SecurityOf(m_where.shown, m_self.services.profiles.Accepted(m_self.privacy));
 }
 
-std::string QtBrowserView::History() const {
-    if (m_later) return m_pendingHistory.toStdString();
-    if (!m_page || !m_committed) return {};
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setVersion(kHistoryVersion);
-    stream << *m_page->history();
-    return bytes.toStdString();
-}
+bool QtBrowserView::Blank() const { return m_where.Blank(m_page && m_page->Page().AwaitsAny()); }
 
-bool QtBrowserView::Blank() const {
-    const auto isBlank = [](const QUrl& url) {
-        const Text address = QtAddress::Shown(url);
-        return address == Address::kBlank || address == OwnAddresses::kPrivate;
-    };
-    const bool comes = m_pending || m_loading || (m_page && m_page->AwaitsAny());
-    if (m_opened || (comes && !isBlank(m_requested))) return false;
-    return isBlank(m_committed ? m_shown : m_requested);
-}
-
-bool QtBrowserView::MayHold() const { return m_leaving && !CrashPage() && m_leaving->MayHold(); }
+bool QtBrowserView::MayHold() const { return m_page && !CrashPage() && m_page->Leaving().MayHold(); }
 
 void QtBrowserView::AskToLeave(LeaveReason why, std::function<void(bool holds)> told) {
-    if (!m_leaving) return told(false);
-    m_leaving->Ask(why, std::move(told));
+    if (!m_page) return told(false);
+    m_page->Leaving().Ask(why, std::move(told));
 }
 
 void QtBrowserView::AskUserToLeave(std::function<void(bool leaves)> answered) {
-    if (!m_questions) return answered(true);
+    if (!m_page) return answered(true);
     // Queued: who leaves closes the very page that the question lies over.
-    m_questions->dialogs.AskToLeave([this, answered = std::move(answered)](bool leaves) {
-        if (leaves && m_leaving) m_leaving->Leave();
+    Questions()->dialogs.AskToLeave([this, answered = std::move(answered)](bool leaves) {
+        if (leaves && m_page) m_page->Leaving().Leave();
         QMetaObject::invokeMethod(
             this, [answered, leaves] { answered(leaves); }, Qt::QueuedConnection);
     });
 }
 
-Outcome QtBrowserView::Restore(const std::string& history, TextView address) {
-    const Outcome outcome = Navigate(address);
-    if (outcome == Outcome::Done && m_pending) m_pendingHistory = QByteArray::fromStdString(history);
-    return outcome;
-}
-
-Outcome QtBrowserView::RestoreLater(const std::string& history, TextView address) {
-    const Outcome outcome = Restore(history, address);
-    if (m_pending) m_services.schedule.EndTurn(m_index);
-    m_later = m_pending.has_value();
-    return outcome;
-}
-
-bool QtBrowserView::FillHistory(const QByteArray& bytes) {
-    QDataStream stream(bytes);
-    stream.setVersion(kHistoryVersion);
-    stream >> *m_page->history();
-    return stream.status() == QDataStream::Ok && m_page->history()->count() > 0;
-}
-
 void QtBrowserView::SetMuted(bool muted) {
     m_muted = muted;
     ApplyMute();
-    m_events.SoundChange(m_index);
+    m_self.events.SoundChange(m_self.index);
 }
 
 void QtBrowserView::ApplyMute() {
-    if (m_page) m_page->setAudioMuted(m_muted || !m_services.profiles.PlaysSounds());
+    if (m_page) m_page->Page().setAudioMuted(m_muted || !m_self.services.profiles.PlaysSounds());
 }
 
 void QtBrowserView::SetVisible(bool visible) {
     // A view is made invisible only when its tab is closed; nobody can see or hear it any more.
-    if (!visible) Release();
-}
-
-void QtBrowserView::SetTabStop(bool tabStop) {
-    m_tabStop = tabStop;
-    if (m_widget) m_widget->setFocusPolicy(tabStop ? Qt::WheelFocus : Qt::NoFocus);
+    if (!visible) EndPage();
 }
 
 void QtBrowserView::Move(const Rect& place) {
-    m_place = QRect(place.left.value, place.top.value, place.width.value, place.height.value);
-    LayWidget();
+    m_surface.Move({place.left.value, place.top.value, place.width.value, place.height.value});
 }
 
 void QtBrowserView::MoveLeft(Twips) {
-    m_wantsFocus = false;
+    m_surface.ForgetFocus();
     // The engine hides what is no longer in front, together with showing what is.
-    m_services.schedule.Wake();
+    m_self.services.schedule.Wake();
 }
 
 void QtBrowserView::BringToFront() {
-    m_services.schedule.BringToFront(m_index);
-    if (std::exchange(m_later, false)) m_services.schedule.AskTurn(m_index);
+    m_self.services.schedule.BringToFront(m_self.index);
+    m_navigation.Look();
 }
 
-void QtBrowserView::SetFocus() {
-    m_wantsFocus = true;
-    if (!m_widget || !m_widget->isVisible() || m_questions->covers.TakeFocus()) return;
-    m_widget->setFocus(Qt::OtherFocusReason);
-}
-
-QIcon QtBrowserView::Icon() const { return m_life ? m_life->Icon() : QIcon(); }
+QIcon QtBrowserView::Icon() const { return m_page && m_page->Life() ? m_page->Life()->Icon() : QIcon(); }
 
 void QtBrowserView::StartNavigation() {
-    if (!m_pending) {
-        m_services.schedule.EndTurn(m_index);
-        return;
-    }
-    const QtAddress target = *std::exchange(m_pending, std::nullopt);
-    m_opened = false;
+    if (!m_where.stage.Waits()) return m_self.services.schedule.EndTurn(m_self.index);
     MakePage();
-    if (m_questions->links.Take(target.url)) {
-        m_services.schedule.EndTurn(m_index);
-        ReportUnbegun();
-        return;
-    }
-    BeginTries(target);
-    const QByteArray history = std::exchange(m_pendingHistory, QByteArray());
-    if (QtEngineVersions::GoesThereSilently(m_page->url(), target.url)) return GoSilently(target.url);
-    m_awaited->Ask();
-    // Within the document that is shown nothing is awaited: it only moves.
-    const bool moves =
-        target.url.hasFragment() && target.url.adjusted(QUrl::RemoveFragment) == m_shown.adjusted(QUrl::RemoveFragment);
-    if (!moves) m_page->Await(target.url);
-    if (history.isEmpty() || !FillHistory(history)) m_page->load(target.url);
+    m_navigation.Start();
 }
 
-// The engine tells of neither the beginning nor the end.
-void QtBrowserView::GoSilently(const QUrl& url) {
-    m_page->load(url);
-    const Text address = QtAddress::Shown(url);
-    m_events.BeforeNavigate2(m_index, PageLevel::Top, address);
-    m_services.schedule.EndTurn(m_index);
-    m_events.NavigateComplete2(m_index, PageLevel::Top, address);
+void QtBrowserView::Show() {
+    MakePage();
+    m_surface.Show();
+    // Queued: the one that was in front is still being hidden.
+    QMetaObject::invokeMethod(
+        &m_printing, [this] { m_printing.PrintIfShown(); }, Qt::QueuedConnection);
 }
 
-bool QtBrowserView::AwaitsFirst() const {
-    return !m_committed && !m_late && !m_requested.isEmpty() && m_requested.scheme() != u"about";
+// The page that asked fills the view; the blank page that it was to load first would only be in the way.
+void QtBrowserView::TakeIn(QWebEngineNewWindowRequest& request, bool byPerson) {
+    m_where.stage.Open();
+    m_self.services.schedule.EndTurn(m_self.index);
+    m_where.requested = request.requestedUrl();
+    MakePage();
+    m_navigation.TakeIn(request, byPerson);
 }
 
-PageSecurity QtBrowserView::Security() const {
-    if (AwaitsFirst()) return PageSecurity::Awaited;
-    if (!m_page || !m_committed || m_failed || !m_known) return PageSecurity::None;
-    return SecurityOf(m_shown, m_services.profiles.Accepted(m_privacy));
+void QtBrowserView::TakePreview(const QByteArray& pdf, const QString& name) {
+    const QUrl address = m_printing.Keep(pdf, name);
+    ResumeNext(Navigate(FromQt(address.toString(QUrl::FullyEncoded))));
+}
+
+void QtBrowserView::OpenPopup(TextView address) {
+    auto* opened = m_self.events.NewWindow2(m_self.index, NewWindowPlace::AsSet);
+    if (opened) ResumeNext(opened->Navigate(address));
+}
+
+void QtBrowserView::MakePage() {
+    if (m_page) return;
+    m_page = std::make_unique<QtViewPage>(m_self);
+    ApplyMute();
+    m_loads.Follow(*m_page);
+    FollowPage();
+    FollowWindow();
+    m_page->MakeQuestions();
+    FollowQuestions();
+    FollowLife();
+    m_navigation.SetPage(m_page.get());
+    m_printing.SetPage(m_page.get());
+    m_surface.SetPage(*m_page);
+}
+
+void QtBrowserView::FollowPage() {
+    const QtPage* page = Page();
+    connect(page, &QWebEnginePage::titleChanged, this,
+            [this](const QString& title) { m_self.events.TitleChange(m_self.index, m_printing.NameOf(title)); });
+    connect(page, &QWebEnginePage::linkHovered, this,
+            [this](const QString& url) { m_self.events.StatusTextChange(m_self.index, HoveredLink(url)); });
+    connect(page, &QWebEnginePage::recentlyAudibleChanged, this, [this] { m_self.events.SoundChange(m_self.index); });
+    // Queued: opening a TessaGroup may close this very page.
+    connect(
+        page, &QtPage::StartLinkFollowed, this, [this](const QUrl& url) { m_self.services.told.StartLink(url); },
+        Qt::QueuedConnection);
+    QtEngineVersions::FollowPrintRequests(*Page(), *this, [this] { m_printing.NoteWish(); });
+}
+
+void QtBrowserView::FollowWindow() {
+    const QtPage* page = Page();
+    connect(page, &QWebEnginePage::newWindowRequested, this, [this](QWebEngineNewWindowRequest& request) {
+        m_self.services.newWindows.Open(request,
+                                        {m_page->Page(), Questions()->permissions, m_self.events, m_self.index});
+    });
+    connect(page, &QWebEnginePage::fullScreenRequested, this,
+            [this](QWebEngineFullScreenRequest request) { m_surface.OnFullScreen(std::move(request)); });
+    // Queued: closing may ask the user, and the page waits for its own answer meanwhile.
+    connect(page, &QWebEnginePage::windowCloseRequested, this, &QtBrowserView::OnWindowClose, Qt::QueuedConnection);
+}
+
+void QtBrowserView::OnWindowClose() {
+    if (m_page && !m_page->Leaving().TakeClose()) m_self.events.WindowClosing(m_self.index);
+}
+
+void QtBrowserView::FollowQuestions() {
+    QtPageQuestions& asked = *Questions();
+    const QtPageSignals& told = m_self.services.told;
+    asked.links.Refused.ConnectForLife([this, &told](const QString& words) {
+        if (m_surface.Visible()) told.Notice(words);
+    });
+    asked.permissions.OpenPopup.ConnectForLife([this](TextView address) { OpenPopup(address); });
+    asked.permissions.CapturesChanged.ConnectForLife([&told] { told.CapturesChanged(); });
+    asked.tools.SaveAddress.ConnectForLife(
+        [&told](QtPage& page, const QUrl& address, const Text& path) { told.SaveAddress(page, address, path); });
+    asked.tools.ShowInspector.ConnectForLife([&told](QtPage& page) { told.ShowInspector(page); });
+    asked.crashes.Reload.ConnectForLife([this] { ResumeNext(Refresh()); });
+}
+
+void QtBrowserView::FollowLife() {
+    m_page->Life()->AddActivity.ConnectForLife([this](PageActivity& activity) {
+        activity.Loading |= m_where.stage.Busy() || m_where.stage.Waits();
+        activity.Asks = m_page->Asks();
+        activity.FullScreen = m_surface.FillsScreen();
+    });
+    m_page->Life()->IconChanged.ConnectForLife([this] { m_self.services.told.IconChanged(m_self.index); });
+}
+
+void QtBrowserView::EndPage() {
+    m_navigation.GiveUp();
+    if (!m_page) return;
+    m_surface.LeaveFullScreen();
+    // All views are asked about what is left. When a thousand end, that is not to happen for each.
+    const bool captured = m_page->EndQuestions();
+    m_printing.SetPage(nullptr);
+    if (captured) m_self.services.told.CapturesChanged();
+    m_loads.Leave();
+    m_page->Page().disconnect(this);
+    m_page->Page().disconnect(&m_navigation);
+    m_navigation.SetPage(nullptr);
+    m_surface.End();
+    m_page.reset();
+    m_where.stage = {};
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "qt/page/QtPage.h"
 #include "qt/page/QtPageTools.h"
 #include "qt/questions/QtCertificates.h"
 #include "qt/questions/QtCovers.h"

@@ -1,4 +1,4 @@
-// Tests: QtBrowserView, QtBrowserViewEvents, QtBrowserViewWidget, QtLoadEnds, QtPage
+// Tests: QtBrowserView, QtLoadEnds, QtLoadEvents, QtNavigation, QtPage
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 

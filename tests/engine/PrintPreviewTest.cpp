@@ -1,4 +1,4 @@
-// Tests: QtPreviewBar
+// Tests: QtPagePrinting, QtPreviewBar
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/engine/QtEngine.h"

@@ -1,3 +1,4 @@
+// What private tabs keep to themselves: `QtProfiles`, `QtProfile`.
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"

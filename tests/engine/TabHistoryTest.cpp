@@ -1,3 +1,4 @@
+// Where tabs have been, as bytes: `BrowserView` and `QtPageHistory`.
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 

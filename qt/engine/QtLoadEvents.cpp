@@ -1,0 +1,175 @@
+#include "qt/engine/QtLoadEvents.h"
+
+#include "pages/LoadWords.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtNavigation.h"
+#include "qt/engine/QtPageSignals.h"
+#include "qt/engine/QtSchedule.h"
+#include "qt/engine/QtViewPage.h"
+#include "qt/engine/QtWhereabouts.h"
+#include "qt/page/QtAddress.h"
+#include "qt/page/QtAwaited.h"
+#include "qt/page/QtFrameEnds.h"
+#include "qt/page/QtLoadEnds.h"
+#include "qt/page/QtPage.h"
+
+#include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
+#include <utility>
+
+namespace {
+
+// A page of the host's own, whatever it says.
+bool IsOfHost(const QWebEngineLoadingInfo& info) {
+    return info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain;
+}
+
+bool HasFailed(const QWebEngineLoadingInfo& info) { return info.status() == QWebEngineLoadingInfo::LoadFailedStatus; }
+
+bool IsUnconnected(const QWebEngineLoadingInfo& info) {
+    return HasFailed(info) && info.errorDomain() == QWebEngineLoadingInfo::ConnectionErrorDomain;
+}
+
+} // namespace
+
+QtLoadEvents::QtLoadEvents(const QtViewContext& view, QtWhereabouts& where, QtNavigation& navigation)
+    : m_view(view), m_where(where), m_navigation(navigation) {}
+
+void QtLoadEvents::Follow(const QtViewPage& page) {
+    m_page = &page.Page();
+    FollowLoads();
+    connect(&page.Awaited(), &QtAwaited::Overdue, this, [this] {
+        m_where.stage.BeLate();
+        m_view.events.NavigationOverdue(m_view.index);
+    });
+    FollowFrames();
+}
+
+void QtLoadEvents::Leave() {
+    if (m_page) m_page->disconnect(this);
+    m_page.clear();
+}
+
+void QtLoadEvents::FollowLoads() {
+    QtPage* page = m_page;
+    connect(page, &QtPage::NavigationRequested, this, &QtLoadEvents::OnNavigation);
+    connect(page, &QWebEnginePage::loadStarted, this, &QtLoadEvents::OnLoadStarted);
+    connect(page, &QWebEnginePage::loadProgress, this, [this] { m_view.services.schedule.NoteSign(m_view.index); });
+    connect(page, &QWebEnginePage::loadFinished, this, &QtLoadEvents::OnLoadFinished);
+    connect(page, &QWebEnginePage::loadingChanged, this, &QtLoadEvents::OnLoadingChanged);
+    connect(page, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
+        // What the page still awaits it does not show yet.
+        if (!m_page->Awaits(url)) OnAddress(url);
+    });
+    connect(page, &QtPage::DocumentShown, this, [this] { OnAddress(m_page->url()); });
+    connect(page, &QtPage::DocumentBegan, this, [this](bool isError) {
+        if (m_where.stage.HasDocument()) OnDocumentKnown(isError);
+    });
+    connect(page, &QWebEnginePage::renderProcessTerminated, this, &QtLoadEvents::OnProcessGone);
+}
+
+void QtLoadEvents::FollowFrames() {
+    QtPage* page = m_page;
+    connect(new QtFrameEnds(*page), &QtFrameEnds::Dropped, this,
+            [this] { m_view.events.NavigationDropped(m_view.index); });
+    connect(page, &QtPage::FrameReady, this, [this](const QUrl& url) {
+        m_view.events.NavigateComplete2(m_view.index, PageLevel::Frame, QtAddress::Shown(url));
+    });
+    connect(page, &QtPage::FrameLoaded, this, [this](const QUrl& url) {
+        m_view.events.DocumentComplete(m_view.index, PageLevel::Frame, QtAddress::Shown(url));
+    });
+}
+
+void QtLoadEvents::NoteVisit(const QUrl& url) {
+    if (m_view.privacy == Privacy::Ordinary) m_view.services.told.Visited(url);
+}
+
+void QtLoadEvents::OnNavigation(const QUrl& url, bool top) {
+    NoteVisit(url);
+    const Text address = QtAddress::Shown(url);
+    if (top) {
+        m_where.stage.Leave();
+        Left();
+        // The second try is for the address that was typed, and for none that comes after it.
+        m_navigation.NoteNavigation(address);
+    }
+    m_view.events.BeforeNavigate2(m_view.index, top ? PageLevel::Top : PageLevel::Frame, address);
+}
+
+void QtLoadEvents::OnLoadStarted() {
+    m_where.stage.StartLoad();
+    m_view.events.StatusTextChange(m_view.index, LoadWords::kBegun);
+    m_view.events.DownloadBegin(m_view.index);
+}
+
+void QtLoadEvents::OnLoadFinished(bool ok) {
+    m_where.stage.FinishLoad();
+    if (!m_where.stage.Waits()) m_view.services.schedule.EndTurn(m_view.index);
+    if (!m_page->AwaitsAny()) {
+        // Where scripts are switched off, no document tells of itself.
+        if (!m_page->url().isEmpty()) m_where.shown = m_page->url();
+        m_where.stage.EndLeaving(ok && !m_where.shown.isEmpty());
+    }
+    TellHistory();
+    m_view.events.DownloadComplete(m_view.index);
+    m_view.events.DocumentComplete(m_view.index, PageLevel::Top, m_where.Address());
+    Finished();
+}
+
+void QtLoadEvents::OnAddress(const QUrl& url) {
+    if (url.isEmpty()) return;
+    m_where.shown = url;
+    m_where.stage.ShowDocument();
+    NoteVisit(url);
+    TellHistory();
+    Arrived();
+    m_view.events.NavigateComplete2(m_view.index, PageLevel::Top, QtAddress::Shown(url));
+}
+
+void QtLoadEvents::OnDocumentKnown(bool isError) {
+    const auto kind = isError ? PageNavigation::Kind::Error : PageNavigation::Kind::Page;
+    if (m_where.stage.Know(kind)) m_view.events.SecurityChange(m_view.index);
+}
+
+void QtLoadEvents::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
+    // What ends without a page, as a download does, leaves the page shown as it is.
+    const Text address = QtAddress::Shown(info.url());
+    const bool ofPage = address == QtAddress::Shown(m_page->url());
+    const bool failed = HasFailed(info);
+    const bool succeeded = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
+    TellEnd(info);
+    // Newer engines tell of the end of a load after they have called it finished, when the sign has been shown.
+    if (ofPage && (failed || succeeded)) OnDocumentKnown(failed && !IsOfHost(info));
+    if (succeeded) m_navigation.NoteSuccess();
+    if (!failed) return;
+    m_navigation.NoteFailure({.Address = address,
+                              .Full = FromQt(info.url().toString(QUrl::FullyEncoded)),
+                              .Unconnected = IsUnconnected(info),
+                              .Shown = info.isErrorPage() || (ofPage && IsOfHost(info)),
+                              .Awaits = m_page && m_page->AwaitsAny()});
+}
+
+// Once, whatever the engine tells of the page that it shows instead. Of one that has died, the end has been told.
+void QtLoadEvents::TellEnd(const QWebEngineLoadingInfo& info) {
+    if (info.status() == QWebEngineLoadingInfo::LoadStartedStatus || !m_where.stage.TellEnd()) return;
+    if (m_navigation.TriesAgain(QtAddress::Shown(info.url()), IsUnconnected(info))) return;
+    const Text host = FromQt(info.url().host());
+    m_view.events.StatusTextChange(m_view.index, LoadWords::Ended(LoadEndOf(info), host, info.errorCode()));
+}
+
+void QtLoadEvents::OnProcessGone() {
+    m_where.stage.Die();
+    m_view.services.schedule.EndTurn(m_view.index);
+    m_view.events.StatusTextChange(m_view.index, LoadWords::kDied);
+    m_view.events.DownloadComplete(m_view.index);
+    m_view.events.DocumentComplete(m_view.index, PageLevel::Top, m_where.Address());
+}
+
+void QtLoadEvents::TellHistory() {
+    const bool back = m_page->history()->canGoBack();
+    const bool forward = m_page->history()->canGoForward();
+    if (std::exchange(m_canGoBack, back) != back)
+        m_view.events.CommandStateChange(m_view.index, HistoryCommand::NavigateBack, back);
+    if (std::exchange(m_canGoForward, forward) != forward)
+        m_view.events.CommandStateChange(m_view.index, HistoryCommand::NavigateForward, forward);
+}

@@ -1,0 +1,171 @@
+#include "qt/engine/QtNavigation.h"
+
+#include "base/Address.h"
+#include "qt/base/QtEngineVersions.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtOutside.h"
+#include "qt/engine/QtSchedule.h"
+#include "qt/engine/QtViewPage.h"
+#include "qt/page/QtAwaited.h"
+#include "qt/page/QtMail.h"
+#include "qt/page/QtPage.h"
+#include "qt/page/QtPageHistory.h"
+
+#include <QWebEngineHistory>
+#include <QWebEngineNewWindowRequest>
+#include <QWebEngineSettings>
+#include <utility>
+
+namespace {
+
+Text FullAddress(const QUrl& url) { return FromQt(url.toString(QUrl::FullyEncoded)); }
+
+} // namespace
+
+QtPage* QtNavigation::Page() const { return m_page ? &m_page->Page() : nullptr; }
+
+Outcome QtNavigation::Navigate(TextView address) {
+    QtAddress target = QtAddress::FromTyped(address);
+    if (QtMail::OpensElsewhere(target.url)) return m_view.services.outside.Open(target.url);
+    m_where.requested = target.url;
+    m_where.stage.Ask();
+    m_wish = std::move(target);
+    m_wishHistory.clear();
+    m_view.services.schedule.AskTurn(m_view.index);
+    return Outcome::Done;
+}
+
+Outcome QtNavigation::Stop() {
+    // Nothing has begun.
+    if (m_where.stage.Wanted() == PageNavigation::Wish::PutOff) return Outcome::Done;
+    const bool waited = m_where.stage.GiveUp();
+    m_tries.Drop();
+    FollowTries();
+    m_view.services.schedule.EndTurn(m_view.index);
+    if (m_page && m_where.stage.Busy())
+        Page()->triggerAction(QWebEnginePage::Stop);
+    else if (waited)
+        TellUnbegun();
+    return Outcome::Done;
+}
+
+Outcome QtNavigation::Refresh() {
+    // A view that was stopped before it showed anything has nothing to reload: it loads what it was to show.
+    if (!m_where.stage.HasDocument()) return Navigate(FullAddress(m_where.requested));
+    m_page->Awaited().Ask();
+    Page()->triggerAction(QWebEnginePage::Reload);
+    return Outcome::Done;
+}
+
+// Of a mere reload nothing may come, and then the document stays and goes on.
+void QtNavigation::Renew() {
+    if (!m_page) return;
+    const QUrl blank(ToQt(Address::kBlank));
+    const auto back = [this, blank](bool ok) {
+        if (ok && m_page && Page()->url() == blank) ResumeNext(GoBack());
+    };
+    connect(Page(), &QWebEnginePage::loadFinished, this, back,
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    m_page->Questions()->permissions.BeginNavigation();
+    m_page->Awaited().Ask();
+    Page()->Await(blank);
+    Page()->load(blank);
+}
+
+Outcome QtNavigation::GoBack() {
+    if (!m_page || !Page()->history()->canGoBack()) return Outcome::Failed;
+    m_page->Life()->Wake();
+    m_page->Awaited().Ask();
+    Page()->history()->back();
+    return Outcome::Done;
+}
+
+Outcome QtNavigation::GoForward() {
+    if (!m_page || !Page()->history()->canGoForward()) return Outcome::Failed;
+    m_page->Life()->Wake();
+    m_page->Awaited().Ask();
+    Page()->history()->forward();
+    return Outcome::Done;
+}
+
+std::string QtNavigation::History() const {
+    if (m_where.stage.Wanted() == PageNavigation::Wish::PutOff) return m_wishHistory.toStdString();
+    if (!m_page || !m_where.stage.HasDocument()) return {};
+    return QtPageHistory::Bytes(*Page()).toStdString();
+}
+
+Outcome QtNavigation::Restore(const std::string& history, TextView address) {
+    const Outcome outcome = Navigate(address);
+    if (outcome == Outcome::Done && m_where.stage.Waits()) m_wishHistory = QByteArray::fromStdString(history);
+    return outcome;
+}
+
+Outcome QtNavigation::RestoreLater(const std::string& history, TextView address) {
+    const Outcome outcome = Restore(history, address);
+    if (m_where.stage.Waits()) m_view.services.schedule.EndTurn(m_view.index);
+    m_where.stage.PutOff();
+    return outcome;
+}
+
+void QtNavigation::Look() {
+    if (m_where.stage.Look()) m_view.services.schedule.AskTurn(m_view.index);
+}
+
+void QtNavigation::GiveUp() { m_where.stage.GiveUp(); }
+
+void QtNavigation::Start() {
+    const QtAddress target = std::exchange(m_wish, {});
+    const QByteArray history = std::exchange(m_wishHistory, {});
+    m_where.stage.Begin();
+    if (m_page->Questions()->links.Take(target.url)) {
+        m_view.services.schedule.EndTurn(m_view.index);
+        return TellUnbegun();
+    }
+    m_tries.Begin(QtAddress::Shown(target.url), FullAddress(target.fallback));
+    FollowTries();
+    if (QtEngineVersions::GoesThereSilently(Page()->url(), target.url)) return GoSilently(target.url);
+    m_page->Awaited().Ask();
+    // Within the document that is shown nothing is awaited: it only moves.
+    const bool moves = target.url.hasFragment() &&
+                       target.url.adjusted(QUrl::RemoveFragment) == m_where.shown.adjusted(QUrl::RemoveFragment);
+    if (!moves) Page()->Await(target.url);
+    if (history.isEmpty() || !QtPageHistory::Fill(*Page(), history)) Page()->load(target.url);
+}
+
+// The engine tells of neither the beginning nor the end.
+void QtNavigation::GoSilently(const QUrl& url) {
+    Page()->load(url);
+    const Text address = QtAddress::Shown(url);
+    m_view.events.BeforeNavigate2(m_view.index, PageLevel::Top, address);
+    m_view.services.schedule.EndTurn(m_view.index);
+    m_view.events.NavigateComplete2(m_view.index, PageLevel::Top, address);
+}
+
+void QtNavigation::TakeIn(QWebEngineNewWindowRequest& request, bool byPerson) {
+    m_page->Awaited().Expect();
+    if (byPerson) Page()->NoteOpener();
+    QtEngineVersions::OpenIn(request, *Page());
+}
+
+// A navigation that the engine never began ends all the same: somebody may count the pages that are to come.
+void QtNavigation::TellUnbegun() { m_view.events.DocumentComplete(m_view.index, PageLevel::Top, m_where.Address()); }
+
+void QtNavigation::NoteNavigation(TextView address) {
+    m_tries.DropUnlessFor(address);
+    FollowTries();
+}
+
+void QtNavigation::NoteSuccess() {
+    m_tries.NoteSuccess();
+    FollowTries();
+}
+
+void QtNavigation::NoteFailure(const AddressTries::Failure& failure) {
+    const auto next = m_tries.AfterFailure(failure);
+    FollowTries();
+    if (next) ResumeNext(Navigate(*next));
+}
+
+void QtNavigation::FollowTries() {
+    if (m_page) Page()->settings()->setAttribute(QWebEngineSettings::ErrorPageEnabled, m_tries.ShowsErrors());
+}

@@ -1,0 +1,68 @@
+#pragma once
+#include "address/AddressTries.h"
+#include "qt/engine/QtViewContext.h"
+#include "qt/engine/QtWhereabouts.h"
+#include "qt/page/QtAddress.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <optional>
+#include <string>
+
+class QWebEngineNewWindowRequest;
+class QtViewPage;
+
+/// Takes a view where it is to go. What is asked for begins when the view has its turn; of several only the last does.
+class QtNavigation final : public QObject {
+public:
+    /// `where` is followed and told where it goes; it outlives this.
+    QtNavigation(const QtViewContext& view, QtWhereabouts& where) : m_view(view), m_where(where) {}
+
+    Outcome Navigate(TextView address);
+    Outcome Stop();
+    Outcome Refresh();
+    /// Ends the document, whether or not its server has another, and loads its address anew.
+    void Renew();
+    Outcome GoBack();
+    Outcome GoForward();
+    /// See `BrowserView`.
+    [[nodiscard]] std::string History() const;
+    Outcome Restore(const std::string& history, TextView address);
+    Outcome RestoreLater(const std::string& history, TextView address);
+    /// Somebody looks at the view.
+    void Look();
+
+    /// The view has its page from now on, until that is taken away.
+    void SetPage(QtViewPage* page) { m_page = page; }
+    /// Begins what was asked for, in the view's page.
+    void Start();
+    /// Has the page filled by another one, which has opened it.
+    void TakeIn(QWebEngineNewWindowRequest& request, bool byPerson);
+    /// Takes back what was asked for.
+    void GiveUp();
+
+    // What the engine tells of loads.
+
+    /// The page goes to an address.
+    void NoteNavigation(TextView address);
+    void NoteSuccess();
+    /// A load has failed: goes where it is tried again.
+    void NoteFailure(const AddressTries::Failure& failure);
+    /// Whether that failure is told nobody, because a second try follows.
+    [[nodiscard]] bool TriesAgain(TextView address, bool unconnected) const {
+        return m_tries.IsFirst(address, unconnected);
+    }
+
+private:
+    void GoSilently(const QUrl& url);
+    void TellUnbegun();
+    void FollowTries();
+    [[nodiscard]] QtPage* Page() const;
+
+    const QtViewContext m_view;
+    QtWhereabouts& m_where;
+    QtViewPage* m_page = nullptr;
+    QtAddress m_wish;         ///< what was asked for, until it has begun
+    QByteArray m_wishHistory; ///< where the page that is asked for has been
+    AddressTries m_tries;
+};

@@ -1,0 +1,27 @@
+#include "qt/engine/QtWhereabouts.h"
+
+#include "base/Address.h"
+#include "base/OwnAddresses.h"
+#include "qt/page/QtAddress.h"
+
+Text QtWhereabouts::Address() const {
+    if (stage.What() == PageNavigation::Shown::Overdue) return Text(::Address::kBlank);
+    // Whoever writes the session down asks every tab at every change of any.
+    const QUrl& address = stage.HasDocument() ? shown : requested;
+    if (address != m_told) m_toldText = QtAddress::Shown(m_told = address);
+    return m_toldText;
+}
+
+bool QtWhereabouts::AwaitsFirst() const {
+    return stage.What() == PageNavigation::Shown::Nothing && !requested.isEmpty() && requested.scheme() != u"about";
+}
+
+bool QtWhereabouts::Blank(bool awaits) const {
+    const auto isBlank = [](const QUrl& url) {
+        const Text address = QtAddress::Shown(url);
+        return address == ::Address::kBlank || address == OwnAddresses::kPrivate;
+    };
+    const bool comes = stage.Waits() || stage.Busy() || awaits;
+    if (stage.Opened() || (comes && !isBlank(requested))) return false;
+    return isBlank(stage.HasDocument() ? shown : requested);
+}

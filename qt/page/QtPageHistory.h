@@ -1,0 +1,13 @@
+#pragma once
+#include <QByteArray>
+
+class QWebEnginePage;
+
+/// Where a page has been, as bytes.
+namespace QtPageHistory {
+
+[[nodiscard]] QByteArray Bytes(const QWebEnginePage& page);
+/// Takes the page to where it was then. False when the bytes tell nothing, and nothing loads.
+[[nodiscard]] bool Fill(QWebEnginePage& page, const QByteArray& bytes);
+
+} // namespace QtPageHistory
