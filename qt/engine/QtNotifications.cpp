@@ -28,7 +28,7 @@ QDBusMessage Call(const char* method) {
 
 } // namespace
 
-QtNotifications::QtNotifications() {
+QtNotifications::QtNotifications(QtNoticeBar& inside) : m_bar(inside) {
     auto bus = QDBusConnection::sessionBus();
     const auto listen = [&](const char* signal, const char* slot) {
         bus.connect(QLatin1String(kNotificationsService), QLatin1String(kNotificationsPath),
@@ -70,11 +70,7 @@ void QtNotifications::Show(std::shared_ptr<QWebEngineNotification> notification)
             m_inside.erase(inside);
             // Later: what the window lets go may be the last that holds what is just telling this.
             QMetaObject::invokeMethod(
-                this,
-                [this, number] {
-                    if (TakeBack) TakeBack(number);
-                },
-                Qt::QueuedConnection);
+                this, [this, number] { m_bar.Remove(number); }, Qt::QueuedConnection);
             return;
         }
         for (auto each = m_shown.begin(); each != m_shown.end(); ++each) {
@@ -89,19 +85,18 @@ void QtNotifications::Show(std::shared_ptr<QWebEngineNotification> notification)
 
 // What was allowed is to be seen, whatever the desktop lacks.
 void QtNotifications::ShowHere(const std::shared_ptr<QWebEngineNotification>& notification, const QString& words) {
-    if (!ShowInside) return notification->close();
     const auto answered = [this, notification] { m_inside.remove(notification.get()); };
-    const int number = ShowInside({words,
-                                   [this, notification, answered] {
-                                       answered();
-                                       notification->click();
-                                       notification->close();
-                                       Clicked();
-                                   },
-                                   [notification, answered] {
-                                       answered();
-                                       notification->close();
-                                   }});
+    const int number = m_bar.Add({words,
+                                  [this, notification, answered] {
+                                      answered();
+                                      notification->click();
+                                      notification->close();
+                                      Clicked();
+                                  },
+                                  [notification, answered] {
+                                      answered();
+                                      notification->close();
+                                  }});
     m_inside.insert(notification.get(), number);
     notification->show();
 }

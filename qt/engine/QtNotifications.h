@@ -4,7 +4,6 @@
 
 #include <QHash>
 #include <QObject>
-#include <functional>
 #include <memory>
 
 class QWebEngineNotification;
@@ -16,14 +15,11 @@ class QtNotifications final : public QObject {
     Q_OBJECT
 
 public:
-    QtNotifications();
+    /// Where the desktop shows none they are shown in `inside`, which outlives this.
+    explicit QtNotifications(QtNoticeBar& inside);
 
     /// Takes the notifications of the profile's pages from now on.
     void Follow(QWebEngineProfile& profile);
-    /// Shows one in the window, where the desktop shows none; its number. Filled in by the program.
-    std::function<int(QtNoticeBar::Notice)> ShowInside;
-    /// Takes that one back.
-    std::function<void(int number)> TakeBack;
     /// The user has clicked a notification: the program comes to the front.
     Signal<void()> Clicked;
 
@@ -35,6 +31,7 @@ private:
     void Show(std::shared_ptr<QWebEngineNotification> notification);
     void ShowHere(const std::shared_ptr<QWebEngineNotification>& notification, const QString& words);
 
+    QtNoticeBar& m_bar;
     QHash<uint, std::shared_ptr<QWebEngineNotification>> m_shown; ///< by the desktop's number
     QHash<QWebEngineNotification*, int> m_inside;                 ///< their numbers in the window
 };

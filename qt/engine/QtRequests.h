@@ -4,6 +4,7 @@
 
 #include <QWebEngineUrlRequestInterceptor>
 #include <functional>
+#include <utility>
 
 /// Sees every request before it leaves the engine: sends those for the product's own hosts on to the real services, and
 /// keeps pages on this computer from reading other files.
@@ -11,10 +12,12 @@ class QtRequests final : public QWebEngineUrlRequestInterceptor {
     Q_OBJECT
 
 public:
+    /// `templates` are the services that the user has chosen; read for each request that is for one of the product's
+    /// hosts.
+    explicit QtRequests(std::function<ServiceTemplates()> templates) : m_templates(std::move(templates)) {}
+
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
 
-    /// Which services the user has chosen; read for each request that is for one of the product's hosts.
-    std::function<ServiceTemplates()> Templates;
     /// What pages may load; what has a place in no page, as a sound that a script plays, is held back here.
     QtLoadOptions Loads;
     /// What every request tells the server.
@@ -23,4 +26,6 @@ public:
 
 private:
     [[nodiscard]] bool HoldsBack(const QWebEngineUrlRequestInfo& info) const;
+
+    std::function<ServiceTemplates()> m_templates;
 };

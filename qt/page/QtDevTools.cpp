@@ -36,6 +36,8 @@ void QtDevTools::Open(QWebEnginePage& page) {
     m_pane->show();
 }
 
+QWebEnginePage* QtDevTools::Inspected() const { return m_inspected; }
+
 void QtDevTools::Close() {
     m_inspected.clear();
     delete m_pane;

@@ -20,7 +20,7 @@ public:
     /// Closes the tools; before the engine ends.
     void Close();
     /// The page that the tools show; nothing while they are closed.
-    [[nodiscard]] QWebEnginePage* Inspected() const { return m_inspected; }
+    [[nodiscard]] QWebEnginePage* Inspected() const;
 
 private:
     void Open(QWebEnginePage& page);

@@ -47,6 +47,8 @@ void QtPageFullScreen::Leave(QWebEngineView* view) {
     if (!m_windowWasFull) m_window.SetWindowFull(false);
 }
 
+bool QtPageFullScreen::Has(const QWebEngineView* view) const { return view && m_view == view; }
+
 void QtPageFullScreen::Lay() {
     m_view->setGeometry(m_view->window()->rect());
     m_view->raise();

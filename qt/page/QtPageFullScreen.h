@@ -27,7 +27,7 @@ public:
     /// The page has left, or is to be hidden: the view goes back to where it was. Nothing for another view.
     void Leave(QWebEngineView* view);
     [[nodiscard]] bool On() const { return !m_view.isNull(); }
-    [[nodiscard]] bool Has(const QWebEngineView* view) const { return view && m_view == view; }
+    [[nodiscard]] bool Has(const QWebEngineView* view) const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

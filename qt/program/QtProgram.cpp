@@ -1,150 +1,142 @@
 #include "qt/program/QtProgram.h"
 
-#include "bar/ToolName.h"
 #include "qt/base/QtIcons.h"
 #include "qt/base/QtPalette.h"
-#include "qt/program/QtProgramParts.h"
+#include "qt/base/QtText.h"
+#include "qt/dialogs/QtDialogs.h"
+#include "qt/dialogs/QtForms.h"
+#include "qt/dialogs/QtSplash.h"
+#include "qt/dialogs/QtTaskView.h"
+#include "qt/program/QtBarAssembly.h"
+#include "qt/program/QtClocks.h"
+#include "qt/program/QtDesktopAssembly.h"
+#include "qt/program/QtDownloadAssembly.h"
+#include "qt/program/QtEngineAssembly.h"
+#include "qt/program/QtKeyboardAssembly.h"
+#include "qt/program/QtPageBarsAssembly.h"
+#include "qt/program/QtReportSource.h"
+#include "qt/program/QtStripAssembly.h"
+#include "qt/program/QtUserInput.h"
+#include "qt/program/QtWindowAssembly.h"
+#include "qt/program/QtWindowTools.h"
+#include "qt/window/QtMainWindow.h"
+#include "window/frmMain.h"
 
-#include <QDateTime>
-#include <chrono>
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
+#include <QApplication>
+#include <QTimer>
 
-namespace {
+/// In the order in which they are made: what a part needs stands before it.
+struct QtProgram::Parts {
+    Parts(int& argc, char** argv);
+    [[nodiscard]] MainWindowPlatform Outside();
 
-// What is written down is never older than a second.
-constexpr std::chrono::milliseconds kJournalDelay{700};
-constexpr std::chrono::seconds kRetryDelay{1};
-constexpr std::chrono::seconds kGiveBackDelay{3};
+    QtDesktopAssembly desktop;
+    QtMessageBoxes messages;
+    QtFileDialogs files;
+    QtSplash splash;
+    // Tests say by files of their own what the kernel would say.
+    std::unique_ptr<MemoryReader> memory = SystemMemory(qgetenv("TESSAVIEW_MEMORY").toStdString());
+    QtUserInput input;
+    QtMainWindow window;
+    QtPageBarsAssembly bars{window.PageArea(), desktop.clock};
+    QtEngineAssembly engine{desktop, window, bars};
+    QtDownloadAssembly downloads{engine.engine};
+    QtForms forms{window, splash};
+    QtReportSource report{desktop.log};
+    QtWindowTools tools{engine.engine, bars.findBar, engine.devTools};
+    frmMain main{Outside()};
+    QtStripAssembly strip{main, engine.engine};
+    QtWindowAssembly frame{main, window, strip.strip};
+    QtBarAssembly bar{main, window, engine.engine};
+    QtKeyboardAssembly keyboard{main, window, bar};
+    QtTaskView taskView{main.TaskView(), window};
+    QtClocks clocks{main, engine.engine.Schedule(), *memory};
+};
 
-// What was freed stays with the process otherwise.
-void GiveMemoryBack() {
-#ifdef __GLIBC__
-    ::malloc_trim(0);
-#endif
+QtProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
+    main.TaskView().TellDrawing(QtDrawing::InSoftware() ? DrawingWay::Software : DrawingWay::Graphics);
+    engine.Serve(main);
+    downloads.Serve(main, window);
+    bars.Serve(main);
+    bar.LeadTo(strip.strip, frame.statusBar, bars);
+    frame.FollowPages(engine.engine, desktop.OwnProfile());
+    tools.ListsTabs.ConnectForLife([this] { strip.List(); });
+    tools.Customizes.ConnectForLife([this] { bar.Customize(); });
+    desktop.settings.SetReport([this](const Text& message) { main.sbStatus.Complaint(message); });
+    desktop.channel.Foreground.ConnectForLife([this](const QByteArray& token) { window.BringToForeground(token); });
 }
 
-} // namespace
+MainWindowPlatform QtProgram::Parts::Outside() {
+    return {.window = window,
+            .views = engine.engine,
+            .settings = desktop.settings,
+            .messages = messages,
+            .files = files,
+            .splash = splash,
+            .sessions = desktop.sessions,
+            .layout = desktop.layout,
+            .defaultBrowser = desktop.defaultBrowser,
+            .shell = desktop.shell,
+            .folderWatch = desktop.folderWatch,
+            .trash = desktop.trash,
+            .downloads = downloads.downloads,
+            .forms = forms,
+            .clock = desktop.clock,
+            .offer = bars.offer,
+            .engineOptions = engine.options,
+            .report = report,
+            .tools = tools,
+            .input = input,
+            .programPath = FromQt(QCoreApplication::applicationFilePath()),
+            .groupFolder = FromQt(desktop.folders.GroupFolder()),
+            .favoritesFolder = FromQt(desktop.folders.favorites),
+            .downloadsFile = FromQt(desktop.folders.state + QStringLiteral("/downloads")),
+            .siteChoices = engine.Sites()};
+}
 
-QtProgram::QtProgram(int& argc, char** argv) {
-    m = std::make_unique<QtProgramParts>(argc, argv);
+QtProgram::QtProgram(int& argc, char** argv) : m(std::make_unique<Parts>(argc, argv)) {
     if (const QPalette mended = QtPalette::Mended(QGuiApplication::palette()); mended != QGuiApplication::palette())
         QApplication::setPalette(mended);
-    // The program ends with its main window; dialogs and the splash have no say in it.
     // Questions may be asked before there is a window.
     QApplication::setWindowIcon(QtIcons::Application());
     QtIcons::ChooseTheme(QApplication::palette());
+    // The program ends with its main window; dialogs and the splash have no say in it.
     QApplication::setQuitOnLastWindowClosed(false);
-    WireWindow();
-    WireKeys();
-    WireEngine();
-    WireSession();
-    WireSleep();
+    FollowEnds();
 }
 
 QtProgram::~QtProgram() = default;
 
 Startup::Program QtProgram::Platform() {
-    return {m->application, m->settings, m->channel, m->splash, m->window, m->main};
+    return {m->desktop.application, m->desktop.settings, m->desktop.channel, m->splash, m->window, m->main};
+}
+
+void QtProgram::FollowEnds() {
+    m->window.Unload.ConnectForLife([this] {
+        // Before the next start can no longer be handed over to this one.
+        m->desktop.OwnProfile().Leave();
+        m->engine.devTools.Close();
+        m->main.Form_Unload();
+        // Not quit(), which any window that does not want to close, a dialog say, can refuse.
+        QCoreApplication::exit();
+    });
 }
 
 int QtProgram::Run() {
     // The window is on the screen before the engine, which takes long to load, is.
-    QTimer::singleShot(0, &m->engine, [this] {
-        m->dictionaries.emplace(QtDictionaries::OfThisComputer(m->folders.cache));
-        // The very first request goes the way that the user wants.
-        m->ApplyInternetOptions();
+    QTimer::singleShot(0, &m->engine.engine, [this] {
         m->engine.Start();
         // Known now, it can still be mended; at the end it would be too late.
-        m->settings.TrySaving();
+        m->desktop.settings.TrySaving();
     });
     // Before this there is nothing to save: a start that is still asking the user something ends as it is.
-    m->signals.emplace();
-    m->signals->Quit.ConnectForLife([this] {
+    m->desktop.FollowSignals().Quit.ConnectForLife([this] {
         // Whoever ends the session waits for no answer.
         m->window.QueryUnload = {};
         m->window.Close();
     });
     const int result = QApplication::exec();
     m->downloads.Shutdown();
-    m->browsingData.Shutdown();
     m->engine.Shutdown();
     return result;
-}
-
-void QtProgram::WireWindow() {
-    auto& main = m->main;
-    m->main.pcPage.RowHeight = m->strip.RowHeight();
-    m->window.SetTabStrip(m->strip);
-    m->window.SetStatusBar(m->statusBar);
-    m->window.Resized.ConnectForLife([this] {
-        m->main.pcPage.RowHeight = m->strip.RowHeight();
-        m->main.Form_Resize();
-    });
-    m->window.Activated.ConnectForLife([&main] { main.Form_Activate(); });
-    m->window.FullScreenChanged.ConnectForLife([&main](bool on) {
-        if (auto* tool = main.actBar.Find(u"xtrFullScreen"_tool)) tool->Checked = on;
-    });
-    m->window.QueryUnload = [&main] { return main.Form_QueryUnload(); };
-    m->window.Unload.ConnectForLife([this, &main] {
-        // Before the next start can no longer be handed over to this one.
-        m->ownProfile->Leave();
-        m->devTools.Close();
-        main.Form_Unload();
-        // Not quit(), which any window that does not want to close, a dialog say, can refuse.
-        QCoreApplication::exit();
-    });
-    m->customize.Closed.ConnectForLife([&main] { main.SaveLayout(); });
-    m->settings.SetReport([&main](const Text& message) { main.sbStatus.Complaint(message); });
-    auto& menus = m->commandBar.Menus();
-    menus.EntryPopup = [&main](const Tool& tool) { return main.Menus().EntryPopup(tool); };
-    menus.EntryMiddleClick = [&main](const Tool& tool) { return main.Menus().EntryMiddleClick(tool); };
-    menus.EntryDelete = [&main](const Tool& tool) { return main.Menus().EntryDelete(tool); };
-    m->fileDrop.Takes = GroupCommands::IsGroupFile;
-    m->fileDrop.Dropped.ConnectForLife([&main](const std::vector<Text>& files) { main.OpenTessaGroups(files); });
-    m->channel.Foreground.ConnectForLife([this](const QByteArray& token) { m->window.BringToForeground(token); });
-}
-
-void QtProgram::WireSession() {
-    auto& journal = m->main.Sessions();
-    m->journal.setSingleShot(true);
-    m->journal.setInterval(kJournalDelay);
-    m->journal.callOnTimeout([&journal] { journal.Write(); });
-    journal.Schedule.ConnectForLife([this] { m->journal.start(); });
-    m->retry.setSingleShot(true);
-    m->retry.setInterval(kRetryDelay);
-    m->retry.callOnTimeout([this] { m->main.RetryWrites(); });
-    m->main.RetryLater.ConnectForLife([this] { m->retry.start(); });
-}
-
-void QtProgram::WireSleep() {
-    auto& sleep = m->main.Sleep();
-    m->sleep.setSingleShot(true);
-    // To the minute is near enough, and saves waking the processor up.
-    m->sleep.setTimerType(Qt::VeryCoarseTimer);
-    m->sleep.callOnTimeout([&sleep] { sleep.Look(); });
-    sleep.Schedule.ConnectForLife([this](TabSleep::Time time) { m->sleep.start(time); });
-    // Once what the engine still does about them is done: it keeps what a hundred pages had in our own process.
-    m->giveBack.setSingleShot(true);
-    m->giveBack.setInterval(kGiveBackDelay);
-    m->giveBack.callOnTimeout(GiveMemoryBack);
-    // Not put off by those that follow: while memory is short some fall asleep every second.
-    sleep.Slept.ConnectForLife([this] {
-        if (!m->giveBack.isActive()) m->giveBack.start();
-    });
-    sleep.Now = [] {
-        return std::chrono::duration_cast<TabSleep::Time>(std::chrono::steady_clock::now().time_since_epoch());
-    };
-    WireRelief();
-}
-
-void QtProgram::WireRelief() {
-    auto& relief = m->main.Relief();
-    m->relief.setSingleShot(true);
-    m->relief.callOnTimeout([&relief] { relief.Look(); });
-    relief.Schedule.ConnectForLife([this](TabSleep::Time time) { m->relief.start(time); });
-    relief.Memory = m->memory.get();
-    relief.OthersWait = [this] { return m->engine.Schedule().PagesWait(); };
-    relief.Changed.ConnectForLife([this](Shortage level) { m->engine.Schedule().SetShortage(level); });
 }

@@ -1,14 +1,10 @@
 #pragma once
 #include "app/Startup.h"
 
-#include <QPoint>
 #include <memory>
-#include <vector>
 
-struct QtProgramParts;
-struct QtTabListEntry;
-
-/// The program on Qt: makes everything outside the core, hands it to the start, and runs the windows' events.
+/// The program on Qt: makes everything outside the core, hands it to the start, and runs the windows' events. What is
+/// made in which order is told by its parts, one assembly for each room; what ties several of them stands here.
 class QtProgram {
 public:
     /// `argc` and `argv` as the system gave them; both outlive the program.
@@ -20,18 +16,9 @@ public:
     int Run();
 
 private:
-    void WireWindow();
-    void WireKeys();
-    void WireEngine();
-    void WirePages();
-    void WireStartPage();
-    void WireStrip();
-    void ListTabs(QPoint corner);
-    void MakeTabList();
-    [[nodiscard]] std::vector<QtTabListEntry> TabLines() const;
-    void WireSession();
-    void WireSleep();
-    void WireRelief();
+    struct Parts;
 
-    std::unique_ptr<QtProgramParts> m;
+    void FollowEnds();
+
+    std::unique_ptr<Parts> m;
 };

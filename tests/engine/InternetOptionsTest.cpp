@@ -49,7 +49,7 @@ protected:
 
     LocalServer server;
     QList<QByteArray> seen;
-    QtRequests requests;
+    QtRequests requests{[] { return ServiceTemplates(); }};
     QPointer<QWebEngineProfile> profile;
     EngineView desk;
 };

@@ -42,7 +42,7 @@ protected:
     }
 
     TemporaryFolder sent, secret;
-    QtRequests requests;
+    QtRequests requests{[] { return ServiceTemplates(); }};
     EngineView desk;
 };
 
@@ -148,7 +148,7 @@ TEST(SavedPages, ShowTheirPicturesAndStyles) {
     server.Raw(QStringLiteral("/style.css"), Answered("text/css", "p { color: rgb(1, 2, 3) }"));
     server.Raw(QStringLiteral("/dot.png"), Answered("image/png", QByteArray::fromBase64(kDot)));
     TemporaryFolder folder;
-    QtRequests requests;
+    QtRequests requests{[] { return ServiceTemplates(); }};
     EngineView desk;
     bool saved = false;
     desk.engine.Profiles().Made.ConnectForLife([&](QWebEngineProfile& profile) {

@@ -71,7 +71,8 @@ protected:
     FakeSettings settings;
     SitePermissions kept{settings};
     LocalServer server;
-    QtNotifications notifications;
+    QtNoticeBar bar{nullptr};
+    QtNotifications notifications{bar};
     bool clicked = false;
     EngineView desk;
 };
@@ -99,9 +100,6 @@ TEST_F(Notifications, ReachTheDesktopAndComeBack) {
 }
 
 TEST_F(Notifications, AreShownInTheWindowWhereTheDesktopShowsNone) {
-    QtNoticeBar bar(nullptr);
-    notifications.ShowInside = [&](QtNoticeBar::Notice notice) { return bar.Add(std::move(notice)); };
-    notifications.TakeBack = [&](int number) { bar.Remove(number); };
     server.Page(QStringLiteral("/page"),
                 "<script>Notification.requestPermission().then(() => {"
                 "window.kept = new Notification('Tea'); window.other = new Notification('Cake', {body: 'two'});"

@@ -22,10 +22,6 @@ protected:
                    QByteArray::number(++loads) + "</title><p>words</p>";
         });
         server.Stall(QStringLiteral("/never"));
-        requests.Templates = [this] {
-            return ServiceTemplates{
-                .search = FromQt(server.Address(QStringLiteral("/find?q=%s"))), .shop = {}, .find = {}};
-        };
         desk.engine.Profiles().Made.ConnectForLife(
             [this](QWebEngineProfile& made) { made.setUrlRequestInterceptor(&requests); });
         desk.host.home = FromQt(server.Address(QStringLiteral("/Home")));
@@ -50,7 +46,9 @@ protected:
     }
 
     int loads = 0;
-    QtRequests requests;
+    QtRequests requests{[this] {
+        return ServiceTemplates{.search = FromQt(server.Address(QStringLiteral("/find?q=%s"))), .shop = {}, .find = {}};
+    }};
 };
 
 TEST_F(TabCommandsTest, NewTabsShowWhatTheyAreFor) {

@@ -1,0 +1,26 @@
+#pragma once
+#include "qt/downloads/QtDownloads.h"
+#include "qt/downloads/QtDownloadsPanel.h"
+
+#include <QMainWindow>
+#include <optional>
+
+class QtEngine;
+class frmMain;
+
+/// Downloads: the engine's side of them, and the panel that lists them.
+class QtDownloadAssembly {
+public:
+    /// Takes the downloads of the engine's pages, which outlives it.
+    explicit QtDownloadAssembly(QtEngine& engine);
+
+    /// Brings them to the main window's list, and shows that. Both outlive the engine's views.
+    void Serve(frmMain& main, QMainWindow& window);
+    /// Before the engine's profiles end.
+    void Shutdown() { downloads.Shutdown(); }
+
+    QtDownloads downloads;
+
+private:
+    std::optional<QtDownloadsPanel> m_panel; ///< once there is a list
+};

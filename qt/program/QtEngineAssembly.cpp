@@ -1,0 +1,63 @@
+#include "qt/program/QtEngineAssembly.h"
+
+#include "pages/DecidedSites.h"
+#include "qt/base/QtText.h"
+#include "qt/program/QtDesktopAssembly.h"
+#include "qt/program/QtPageBarsAssembly.h"
+#include "qt/window/QtMainWindow.h"
+#include "settings/SettingsStore.h"
+#include "window/frmMain.h"
+
+namespace {
+
+ServiceTemplates ChosenServices(SettingsStorageFactory& settings) {
+    const SettingsStore store(settings);
+    return {store.SearchService.Get(), store.ShopService.Get(), store.FindService.Get()};
+}
+
+} // namespace
+
+QtEngineAssembly::QtEngineAssembly(QtDesktopAssembly& desktop, QtMainWindow& window, QtPageBarsAssembly& bars)
+    : m_desktop(desktop),
+      m_permissions(desktop.settings),
+      m_requests([&desktop] { return ChosenServices(desktop.settings); }),
+      m_notifications(bars.notices),
+      m_surroundings(desktop.settings, m_permissions, window, bars.bars,
+                     {FromQt(desktop.folders.GroupFolder()), FromQt(desktop.folders.favorites)}),
+      devTools(window),
+      engine(window.PageArea(), desktop.OwnProfile(), m_surroundings),
+      options(desktop.settings, engine, m_requests, m_browsingData) {
+    bars.FollowPages(engine);
+    m_permissions.Forgotten.ConnectForLife([this](const SiteDecision& site) { engine.ForgetDecision(site); });
+    m_mediaKeys.Page = [this] { return engine.MediaPage(); };
+    m_notifications.Clicked.ConnectForLife([&window] { window.ComeBack(); });
+    engine.Told().ShowInspector.ConnectForLife([this](QtPage& page) { devTools.Show(page); });
+    for (auto* made : {&engine.Profiles().Made, &engine.Profiles().PrivateMade}) {
+        made->ConnectForLife([this](QWebEngineProfile& profile) {
+            m_notifications.Follow(profile);
+            if (m_dictionaries) m_dictionaries->Follow(profile);
+        });
+    }
+}
+
+void QtEngineAssembly::Serve(frmMain& main) {
+    // Before they are read, so that no change falls in between.
+    m_surroundings.ReadsFolders.ConnectForLife([&main] { main.Menus().WatchFolders(); });
+    engine.Told().StartLink.ConnectForLife(
+        [&main](const QUrl& url) { main.OpenStartLink(url.toEncoded().toStdString()); });
+    engine.Output().Say.ConnectForLife([&main](const QString& message) { main.sbStatus.Say(FromQt(message)); });
+}
+
+void QtEngineAssembly::Start() {
+    m_dictionaries.emplace(QtDictionaries::OfThisComputer(m_desktop.folders.cache));
+    // The very first request goes the way that the user wants.
+    options.ApplyInternetOptions();
+    engine.Start();
+}
+
+void QtEngineAssembly::Shutdown() {
+    m_browsingData.Shutdown();
+    engine.Shutdown();
+}
+
+SiteChoices QtEngineAssembly::Sites() { return DecidedSites(m_permissions, engine.Profiles().External()); }

@@ -1,0 +1,17 @@
+#pragma once
+#include "qt/base/QtKeys.h"
+#include "qt/base/QtTyping.h"
+
+class QtBarAssembly;
+class frmMain;
+
+/// Who sees a key first, and where it leads.
+class QtKeyboardAssembly {
+public:
+    /// All outlive it.
+    QtKeyboardAssembly(frmMain& main, QWidget& window, QtBarAssembly& bar);
+
+private:
+    QtKeys m_keys;
+    QtTyping m_typing;
+};

@@ -1,0 +1,9 @@
+#include "qt/program/QtReportSource.h"
+
+#include "qt/base/QtBuildInfo.h"
+#include "qt/base/QtLog.h"
+#include "qt/base/QtText.h"
+
+Report::Facts QtReportSource::Read() {
+    return {FromQt(QtBuildInfo::Text()), FromQt(QtBuildInfo::Drawing()), m_log.File().LastLines(Report::kLines)};
+}

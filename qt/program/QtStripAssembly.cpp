@@ -1,0 +1,71 @@
+#include "qt/program/QtStripAssembly.h"
+
+#include "bar/ToolName.h"
+#include "qt/base/QtText.h"
+#include "qt/engine/QtEngine.h"
+#include "window/frmMain.h"
+
+QtStripAssembly::QtStripAssembly(frmMain& main, QtEngine& engine) : strip(main.pcPage), m_main(main), m_engine(engine) {
+    strip.PageIcon = [this](const Tab& tab) { return m_engine.Icon(tab.Tag); };
+    strip.ToolTipText = [this](const Tab& tab) { return m_main.Tabs().Describe(tab); };
+    m_connections += m_engine.Told().IconChanged.Connect([this](std::int32_t index) { strip.RefreshIcons(index); });
+    FollowClicks();
+    FollowPointer();
+}
+
+void QtStripAssembly::FollowClicks() {
+    strip.CloseRequested.ConnectForLife([this](Tab& tab) { m_main.CloseBrowserTab(tab.Tag); });
+    strip.ListRequested.ConnectForLife([this](QPoint corner) { ListTabs(corner); });
+    strip.Rearranged.ConnectForLife([this] {
+        if (m_list && m_list->isVisible()) m_list->Refresh(Lines());
+    });
+    strip.NewMenuRequested.ConnectForLife([this] { m_main.actBar.Popup(u"bndNewTab"_band); });
+    strip.MuteRequested.ConnectForLife([this](const Tab& tab) {
+        if (auto* view = m_main.Tabs().OpenView(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
+    });
+    strip.BlankRequested.ConnectForLife([this] {
+        if (auto* tool = m_main.actBar.Find(u"mnuNewBlank"_tool)) m_main.actBar.UserClick(*tool);
+    });
+}
+
+void QtStripAssembly::FollowPointer() {
+    auto& input = m_main.StripInput();
+    input.HitTest = [this](Pixels x, Pixels y) {
+        const auto* tab = strip.FindTabAt({x.value, y.value});
+        return static_cast<int>(m_main.pcPage.PositionOf(tab)) - 1;
+    };
+    strip.RightButtonDown.ConnectForLife(
+        [&input](QPoint point) { input.MouseDown(MouseButton::Right, ToTwips({point.x()}), ToTwips({point.y()})); });
+    strip.DragOver.ConnectForLife(
+        [&input](bool hasText, QPointF point) { input.OLEDragOver(hasText, point.x(), point.y()); });
+    strip.Drop.ConnectForLife([&input](const Text& text) { input.OLEDragDrop(text); });
+}
+
+std::vector<QtTabListEntry> QtStripAssembly::Lines() const {
+    std::vector<QtTabListEntry> tabs;
+    auto& model = m_main.pcPage;
+    for (std::size_t position = 1; position <= model.Count(); ++position) {
+        const Tab& tab = *model.FindAt(position);
+        const QString tip = ToQt(m_main.Tabs().Describe(tab));
+        tabs.push_back({tab.Key(), tip.section(QLatin1Char('\n'), 0, 0), ToQt(m_main.Tabs().AddressOf(tab)), tip,
+                        m_engine.Icon(tab.Tag), &tab == model.SelectedItem()});
+    }
+    return tabs;
+}
+
+void QtStripAssembly::MakeList() {
+    m_list.emplace(&strip);
+    m_list->Chosen.ConnectForLife([&model = m_main.pcPage](const Text& key) {
+        if (auto* tab = model.Find(key)) model.UserClick(tab);
+    });
+    m_list->CloseRequested.ConnectForLife([this](const Text& key) {
+        if (const auto* tab = m_main.pcPage.Find(key)) m_main.CloseBrowserTab(tab->Tag);
+    });
+}
+
+void QtStripAssembly::ListTabs(QPoint corner) {
+    if (!m_list) MakeList();
+    m_list->Open(Lines(), corner);
+}
+
+void QtStripAssembly::List() { ListTabs(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); }

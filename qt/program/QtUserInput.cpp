@@ -1,0 +1,12 @@
+#include "qt/program/QtUserInput.h"
+
+#include "qt/base/QtText.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+bool QtUserInput::ShiftHeld() const {
+    return m_middleClick.Now() || QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
+}
+
+void QtUserInput::Copy(TextView text) { QGuiApplication::clipboard()->setText(ToQt(text)); }

@@ -1,0 +1,13 @@
+#pragma once
+#include "platform/UserInput.h"
+#include "qt/bar/QtMiddleClick.h"
+
+/// Keys and clipboard of the desktop. A middle click on a menu's entry means the same as Shift.
+class QtUserInput final : public UserInput {
+public:
+    [[nodiscard]] bool ShiftHeld() const override;
+    void Copy(TextView text) override;
+
+private:
+    QtMiddleClick m_middleClick;
+};

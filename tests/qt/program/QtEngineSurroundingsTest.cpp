@@ -1,0 +1,60 @@
+#include "qt/program/QtEngineSurroundings.h"
+
+#include "pages/SitePermissions.h"
+#include "qt/window/QtMainWindow.h"
+#include "qt/window/QtPageBars.h"
+#include "settings/InternetSettings.h"
+#include "tests/fakes/FakeSettings.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class QtEngineSurroundingsTest : public testing::Test {
+protected:
+    FakeSettings settings;
+    TemporaryFolder folder;
+    SitePermissions permissions{settings};
+    QtMainWindow window;
+    QtPageBars bars;
+    QtEngineSurroundings surroundings{settings, permissions, window, bars, {folder.PathText("") + u"/", {}}};
+};
+
+TEST_F(QtEngineSurroundingsTest, TheHomePageIsTheOneOfTheOptions) {
+    EXPECT_EQ(surroundings.HomeAddress(), u"") << "the program's own";
+    InternetSettings(settings).Set({.homePage = u"home.example"});
+    EXPECT_EQ(surroundings.HomeAddress(), u"home.example");
+}
+
+TEST_F(QtEngineSurroundingsTest, ItsFoldersAreToldBeforeTheyAreRead) {
+    surroundings.ReadsFolders.ConnectForLife(
+        [this] { folder.Write("Tea & cake.tvg", "[TessaGroup]\nurl1=http://tea.example/\n"); });
+    EXPECT_NE(surroundings.StartPage().find("Tea &amp; cake"), std::string::npos);
+}
+
+TEST_F(QtEngineSurroundingsTest, BarsTakeTheirRoomFromThePage) {
+    const QRect whole(0, 0, 300, 200);
+    EXPECT_EQ(surroundings.PageRect(whole), whole);
+    {
+        QWidget bar(window.PageArea());
+        bar.setFixedHeight(20);
+        bar.show();
+        bars.Add(bar, QtPageBars::Side::Below);
+        EXPECT_EQ(surroundings.PageRect(whole).width(), 300);
+    }
+    EXPECT_EQ(surroundings.PageRect(whole), whole) << "it has ended";
+}
+
+TEST_F(QtEngineSurroundingsTest, WhatSitesMayDoIsKept) { EXPECT_EQ(surroundings.Permissions(), &permissions); }
+
+TEST_F(QtEngineSurroundingsTest, TheWindowIsTheOneThatFillsTheScreen) {
+    EXPECT_FALSE(surroundings.WindowIsFull());
+    surroundings.SetWindowFull(true);
+    EXPECT_TRUE(window.FullScreen());
+    EXPECT_TRUE(surroundings.WindowIsFull());
+    surroundings.SetWindowFull(false);
+    EXPECT_FALSE(window.FullScreen());
+}
+
+} // namespace
