@@ -3,9 +3,9 @@
 
 #include <optional>
 
-/// An address that was typed without its scheme is tried twice: first securely, then, when no host answers there, as it
-/// used to be. How the first try fails is not shown: the page before stays until the second one has ended. A host that
-/// was reached gets no second try.
+/// An address that was typed without its scheme is tried twice: securely, and without encryption when no host answers
+/// that. How the first try fails is not shown: the page before stays until the second one has ended. A host that was
+/// reached gets no second try.
 class AddressTries {
 public:
     /// How a load has failed.
@@ -28,8 +28,8 @@ public:
     /// Whether that failure is the first of two tries.
     [[nodiscard]] bool IsFirst(TextView address, bool unconnected) const;
     void NoteSuccess();
-    /// What is to be loaded now: the second try, or the same once more for its error to be shown, because the engine
-    /// may not have heard in time that it is to show errors again. There is no second try any more.
+    /// What is to be loaded now: the second try, or the same once more for its error to be shown. The engine may not
+    /// have heard in time that it is to show errors again. There is no second try any more.
     [[nodiscard]] std::optional<Text> AfterFailure(const Failure& failure);
 
 private:

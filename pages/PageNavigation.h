@@ -1,7 +1,7 @@
 #pragma once
 
-/// How far a view has come. It says three things at once, because one page may be shown while another loads and a third
-/// one waits for its turn: what was asked for and has not begun, what the engine loads, and what is shown.
+/// How far a view has come, in three states at once: what was asked for, what the engine loads, and what is shown. One
+/// page may be shown while another loads and a third one waits for its turn.
 class PageNavigation {
 public:
     /// What was asked for and has not begun.

@@ -180,7 +180,7 @@ void QtBrowserView::Show() {
         &m_printing, [this] { m_printing.PrintIfShown(); }, Qt::QueuedConnection);
 }
 
-// The page that asked fills the view; the blank page that it was to load first would only be in the way.
+// The page that asked fills the view. The blank page that it was to load first would be in the way.
 void QtBrowserView::TakeIn(QWebEngineNewWindowRequest& request, bool byPerson) {
     m_where.stage.Open();
     m_self.services.schedule.EndTurn(m_self.index);

@@ -14,8 +14,8 @@
 #include <QObject>
 #include <memory>
 
-/// One page view on Qt WebEngine. The engine's page and its widget come into being when the first navigation starts, or
-/// when the view is first shown. The view's parts do the work; the view makes the page, and ends it.
+/// One page view on Qt WebEngine. The engine's page and its widget come into being with the first navigation, or when
+/// the view is first shown. The view's parts do the work; the view makes the page, and ends it.
 class QtBrowserView final : public QObject,
                             public BrowserView,
                             private QtSchedule::View,

@@ -24,8 +24,8 @@ class QtBrowserView;
 /// `Start()`, so a process that only hands its command line over never loads it.
 class QtEngine final : public QObject, public BrowserViewFactory {
 public:
-    /// Pages are children of `pageArea`. What they store goes into `ownProfile`, which is taken with the first of them
-    /// and outlives the engine, as `host` does.
+    /// Pages are children of `pageArea`. What they store goes into `ownProfile`, which is taken with the first of them.
+    /// It outlives the engine, and so does `host`.
     QtEngine(QWidget* pageArea, QtInstanceProfile& ownProfile, QtEngineHost& host);
     ~QtEngine() override;
 

@@ -138,7 +138,7 @@ void QtLoadEvents::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     const bool failed = HasFailed(info);
     const bool succeeded = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
     TellEnd(info);
-    // Newer engines tell of the end of a load after they have called it finished, when the sign has been shown.
+    // Engines newer than 6.4 tell it after they have called the load finished, when the sign has been shown.
     if (ofPage && (failed || succeeded)) OnDocumentKnown(failed && !IsOfHost(info));
     if (succeeded) m_navigation.NoteSuccess();
     if (!failed) return;

@@ -9,8 +9,8 @@ class QWebEngineNewWindowRequest;
 class QtPage;
 class QtPermissions;
 
-/// Where the windows that pages open are shown: whoever gets the pages' events supplies a view, and that takes the
-/// window in.
+/// Where the windows that pages open are shown. Whoever gets the pages' events supplies a view, which takes the window
+/// in.
 class QtNewWindows {
 public:
     /// A view that shows what was opened from another one.

@@ -78,7 +78,7 @@ void QtPagePrinting::NoteWish() {
         this, [this] { PrintIfShown(); }, Qt::QueuedConnection);
 }
 
-// Only who is looking at a page is asked about it; one that was opened to be printed is not there yet when it asks.
+// Only who is looking at a page is asked about it. One that was opened to be printed is not there yet when it asks.
 void QtPagePrinting::PrintIfShown() {
     if (!m_surface.Visible() || !std::exchange(m_printsLater, false)) return;
     ResumeNext(Print());

@@ -15,7 +15,8 @@ class QtPreviewBar;
 class QtViewPage;
 class QtWhereabouts;
 
-/// Prints a view's page and shows beforehand what that gives: a PDF in a view of its own, with a bar above it.
+/// Prints a view's page, and shows beforehand what that gives. A preview is a PDF in a view of its own, with a bar
+/// above it.
 class QtPagePrinting final : public QObject {
 public:
     /// All outlive it.

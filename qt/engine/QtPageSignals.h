@@ -22,8 +22,8 @@ struct QtPageSignals {
     Signal<void()> CapturesChanged;
     /// Says something in passing, in the status bar.
     Signal<void(const QString&)> Notice;
-    /// A page's menu is being asked for at a point of the screen: at the pointer, or at what has the keyboard in the
-    /// page. Nothing when that is over.
+    /// A page's menu is being asked for at a point of the screen: the pointer's, or that of what has the keyboard.
+    /// Nothing when that is over.
     Signal<void(std::optional<QPoint>)> MenuPlace;
     /// For the menus of pages, see `QtPageTools`.
     Signal<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;

@@ -20,7 +20,7 @@ class QtPage;
 class QtProfile;
 class QtStartPage;
 
-/// The profiles that pages store in, one for ordinary and one for private pages, and the pages that are made of them.
+/// The profiles that pages store in, one for ordinary and one for private pages. Makes the pages of them.
 /// Each comes into being with its first page; that of private pages ends with the last of them.
 class QtProfiles final : public QObject {
 public:
@@ -39,7 +39,7 @@ public:
     [[nodiscard]] QtPage* MakePage(Privacy privacy);
     /// A view is done with its page, which ends as soon as it can.
     void End(QtPage& page);
-    /// A view comes or goes, with a page or without one: what private pages have left behind ends after the views too.
+    /// A view comes or goes, with a page or without one. What private pages have left behind stays as long as a view.
     void AddView(Privacy privacy);
     void RemoveView(Privacy privacy);
     /// Waits for the pages to end, and ends the profiles. No view may be left.

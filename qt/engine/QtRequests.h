@@ -12,7 +12,7 @@ class QtRequests final : public QWebEngineUrlRequestInterceptor {
     Q_OBJECT
 
 public:
-    /// `templates` are the services that the user has chosen; read for each request that is for one of the product's
+    /// `templates` are the services that the user has chosen. They are read for each request to one of the product's
     /// hosts.
     explicit QtRequests(std::function<ServiceTemplates()> templates) : m_templates(std::move(templates)) {}
 

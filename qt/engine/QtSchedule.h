@@ -10,7 +10,7 @@
 #include <map>
 
 /// Decides when views load, and which of them is shown. What is asked of it takes place at the next turn of the event
-/// loop, and not before `Start()`: of several views brought to the front only the last is shown.
+/// loop, and not before `Start()`. So of several views brought to the front only the last is shown.
 class QtSchedule final : public QObject {
 public:
     /// A view, and what it does when its turn has come.

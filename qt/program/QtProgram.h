@@ -3,8 +3,8 @@
 
 #include <memory>
 
-/// The program on Qt: makes everything outside the core, hands it to the start, and runs the windows' events. What is
-/// made in which order is told by its parts, one assembly for each room; what ties several of them stands here.
+/// The program on Qt: makes everything outside the core, hands it to the start, and runs the windows' events. Its parts
+/// are assemblies, one for each room; what ties several of them stands here.
 class QtProgram {
 public:
     /// `argc` and `argv` as the system gave them; both outlive the program.

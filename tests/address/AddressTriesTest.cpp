@@ -35,6 +35,15 @@ TEST(AddressTries, AFailureThatNobodySawIsLoadedAgainToBeSeen) {
     EXPECT_EQ(tries.AfterFailure({.Address = kSecure, .Full = kSecure}), std::nullopt) << "once";
 }
 
+// The engine may not have heard yet that it is to show errors again.
+TEST(AddressTries, HowTheSecondFailsIsShownToo) {
+    auto tries = Typed();
+    EXPECT_EQ(tries.AfterFailure({.Address = kSecure, .Full = kSecure, .Unconnected = true}), kOld);
+    tries.Begin(kOld, {});
+    EXPECT_EQ(tries.AfterFailure({.Address = kOld, .Full = kOld, .Unconnected = true}), kOld);
+    EXPECT_EQ(tries.AfterFailure({.Address = kOld, .Full = kOld, .Unconnected = true}), std::nullopt) << "once";
+}
+
 TEST(AddressTries, WhatThePageShowsNextIsNotDisturbed) {
     auto tries = Typed();
     EXPECT_EQ(tries.AfterFailure({.Address = kSecure, .Full = kSecure, .Awaits = true}), std::nullopt);

@@ -24,9 +24,9 @@ std::string State(const PageNavigation& navigation) {
            kKinds.at(static_cast<std::size_t>(navigation.Known()));
 }
 
-/// One letter an event: (a)sk, (p)ut off, (l)ook, (b)egin, (g)ive up, (o)pen; (m)ove to another page, (s)tart,
-/// (f)inish, (t)ell the end, (d)ie, document (n)ow, known as a (P)age or an (E)rror, (L)ate, e(x)pected no more with a
-/// document.
+/// One letter an event. What is asked for: (a)sk, (p)ut off, (l)ook, (b)egin, (g)ive up, (o)pen. What the engine tells
+/// of loads: (m)ove to another page, (s)tart, (f)inish, (t)ell the end, (d)ie. Of documents: shown (n)ow, a (P)age or
+/// an (E)rror, (L)ate, no longer e(x)pected.
 void Do(PageNavigation& navigation, char event) {
     switch (event) {
     case 'a':
