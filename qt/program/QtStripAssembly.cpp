@@ -1,6 +1,6 @@
 #include "qt/program/QtStripAssembly.h"
 
-#include "bar/ToolName.h"
+#include "commands/BarGestures.h"
 #include "qt/base/QtText.h"
 #include "qt/engine/QtEngine.h"
 #include "window/frmMain.h"
@@ -19,13 +19,11 @@ void QtStripAssembly::FollowClicks() {
     strip.Rearranged.ConnectForLife([this] {
         if (m_list && m_list->isVisible()) m_list->Refresh(Lines());
     });
-    strip.NewMenuRequested.ConnectForLife([this] { m_main.actBar.Popup(u"bndNewTab"_band); });
+    strip.NewMenuRequested.ConnectForLife([this] { BarGestures::NewTabMenu(m_main.actBar); });
     strip.MuteRequested.ConnectForLife([this](const Tab& tab) {
         if (auto* view = m_main.Tabs().OpenView(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
     });
-    strip.BlankRequested.ConnectForLife([this] {
-        if (auto* tool = m_main.actBar.Find(u"mnuNewBlank"_tool)) m_main.actBar.UserClick(*tool);
-    });
+    strip.BlankRequested.ConnectForLife([this] { BarGestures::NewTab(m_main.actBar); });
 }
 
 void QtStripAssembly::FollowPointer() {

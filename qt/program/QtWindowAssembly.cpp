@@ -1,6 +1,6 @@
 #include "qt/program/QtWindowAssembly.h"
 
-#include "bar/ToolName.h"
+#include "commands/BarGestures.h"
 #include "pages/InstanceProfiles.h"
 #include "qt/base/QtText.h"
 #include "qt/desktop/QtInstanceProfile.h"
@@ -27,9 +27,8 @@ void QtWindowAssembly::FollowWindow(QtTabStrip& strip) {
         m_main.Form_Resize();
     });
     m_connections += m_window.Activated.Connect([this] { m_main.Form_Activate(); });
-    m_connections += m_window.FullScreenChanged.Connect([this](bool on) {
-        if (auto* tool = m_main.actBar.Find(u"xtrFullScreen"_tool)) tool->Checked = on;
-    });
+    m_connections +=
+        m_window.FullScreenChanged.Connect([this](bool on) { BarGestures::FullScreenChanged(m_main.actBar, on); });
     m_window.QueryUnload = [this] { return m_main.Form_QueryUnload(); };
 }
 
