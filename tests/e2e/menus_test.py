@@ -1,4 +1,4 @@
-# Tests: QtForms, QtProgramParts
+# Tests: QtBarAssembly, QtForms
 """The menus, as a person opens them: with the mouse and by their access keys."""
 
 import os

@@ -1,4 +1,4 @@
-# Tests: QtProgram
+# Tests: QtDesktopAssembly, QtProgram, QtWindowAssembly
 """The main window goes into the task bar and comes back, and so does what it shows."""
 
 import os

@@ -1,4 +1,4 @@
-// Tests: QtBrowserView, QtLoadEnds, QtLoadEvents, QtNavigation, QtPage
+// Tests: QtBrowserView, QtLoadEnds, QtLoadEvents, QtNavigation, QtPage, QtViewPage
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 

@@ -1,4 +1,4 @@
-// Addresses for the mail program, and `QtOutside`, which opens them.
+// Tests: QtOutside
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "qt/page/QtDialogCover.h"

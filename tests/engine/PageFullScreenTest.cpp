@@ -1,4 +1,4 @@
-// Tests: QtPageFullScreen
+// Tests: QtPageFullScreen, QtPageSurface
 #include "qt/engine/QtBrowserView.h"
 #include "qt/engine/QtEngine.h"
 #include "tests/engine/EngineDesk.h"

@@ -1,4 +1,4 @@
-// What private tabs keep to themselves: `QtProfiles`, `QtProfile`.
+// Tests: QtProfile, QtProfiles
 #include "qt/base/QtText.h"
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"

@@ -1,4 +1,4 @@
-// Where tabs have been, as bytes: `BrowserView` and `QtPageHistory`.
+// Tests: QtPageHistory
 #include "qt/engine/QtBrowserView.h"
 #include "tests/engine/EngineDesk.h"
 

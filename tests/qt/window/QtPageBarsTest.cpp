@@ -43,10 +43,14 @@ TEST_F(QtPageBarsTest, OneThatIsHiddenTakesNone) {
     EXPECT_EQ(Lay(), QRect(0, 0, 400, 300));
 }
 
-TEST_F(QtPageBarsTest, OneThatWasRemovedIsLeftAlone) {
-    bars.Remove(above);
-    EXPECT_EQ(Lay().top(), 0);
-    EXPECT_EQ(Lay().bottom(), below.geometry().top() - 1);
+TEST_F(QtPageBarsTest, OneThatHasEndedIsLeftAlone) {
+    {
+        BarOfAHeight ends(area, 50);
+        ends.show();
+        bars.Add(ends, QtPageBars::Side::Below);
+        EXPECT_EQ(Lay().height(), 180);
+    }
+    EXPECT_EQ(Lay().height(), 230);
 }
 
 TEST_F(QtPageBarsTest, OfTwoOnOneSideTheSecondIsNearerToThePage) {
