@@ -1,5 +1,6 @@
+#include "favorites/bookmarks/BookmarksRead.h"
+
 #include "base/LinkTrust.h"
-#include "favorites/Bookmarks.h"
 
 #include <cstring>
 #include <libxml/HTMLparser.h>

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <filesystem>
 #include <fstream>
@@ -21,41 +20,40 @@ namespace fs = std::filesystem;
 /// A room of the house, which is a folder with what stands below it, and the rooms right under it: its files may
 /// include their headers, and those of the rooms that stand under them in turn.
 struct Layer {
-    std::string_view room;
-    std::string_view standsOn; ///< separated by blanks, one at both ends
+    std::string room;
+    std::vector<std::string> standsOn;
 };
 
-constexpr std::array kLayers{
-    Layer{"base", " "},
-    Layer{"forms", " base "},
-    Layer{"platform", " base "},
-    Layer{"bar", " platform "},
-    Layer{"settings", " forms platform "},
-    Layer{"downloads", " forms platform "},
-    Layer{"tabs", " bar settings downloads "},
-    Layer{"address", " tabs "},
-    Layer{"pages", " settings "},
-    Layer{"favorites", " forms bar "},
-    Layer{"groups", " tabs favorites "},
-    Layer{"sessions", " groups "},
-    Layer{"startpage", " address groups "},
-    Layer{"commands", " address pages groups "},
-    Layer{"window", " sessions startpage commands "},
-    Layer{"app", " window "},
-    Layer{"qt/base", " window "},
-    Layer{"qt/desktop", " qt/base "},
-    Layer{"qt/page", " qt/desktop "},
-    Layer{"qt/questions", " qt/page "},
-    Layer{"qt/engine", " qt/questions "},
-    Layer{"qt/downloads", " qt/page "},
-    Layer{"qt/strip", " qt/page "},
-    Layer{"qt/bar", " qt/base "},
-    Layer{"qt/bar/customize", " qt/base "},
-    Layer{"qt/dialogs", " qt/base "},
-    Layer{"qt/window", " qt/strip "},
-    Layer{"qt/program", " app qt/engine qt/downloads qt/bar qt/bar/customize qt/dialogs qt/window "},
-    Layer{"packaging", " "},
-};
+std::string ReadFile(const std::string& path) {
+    std::ifstream file(fs::path(SOURCE_ROOT) / path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+std::vector<std::string> Words(const std::string& text) {
+    std::istringstream words(text);
+    return {std::istream_iterator<std::string>(words), std::istream_iterator<std::string>()};
+}
+
+/// The rows room(FOLDER STANDS_ON...) of a table.
+std::vector<Layer> RoomsIn(const std::string& table) {
+    static const std::regex kRow(R"(^room\(([^)]*)\))", std::regex::ECMAScript | std::regex::multiline);
+    std::vector<Layer> rooms;
+    for (std::sregex_iterator each(table.begin(), table.end(), kRow), end; each != end; ++each) {
+        std::vector<std::string> names = Words((*each)[1]);
+        if (names.empty()) continue;
+        rooms.push_back({names.front(), {names.begin() + 1, names.end()}});
+    }
+    return rooms;
+}
+
+/// The table that CMake links by, lowest rooms first.
+const std::vector<Layer>& Rooms() {
+    static const std::vector<Layer> rooms = RoomsIn(ReadFile("rooms.cmake"));
+    return rooms;
+}
+
+/// What makes a package stands on nothing of the house.
+const Layer kPackaging{"packaging", {}};
 
 /// One file of the house: its path from the project's folder, with '/' between the names, and what stands in it.
 struct Source {
@@ -76,21 +74,20 @@ std::string FirstFolder(std::string_view path) {
     return slash == std::string_view::npos ? std::string() : std::string(path.substr(0, slash));
 }
 
-bool Lists(std::string_view names, std::string_view name) {
-    return names.find(" " + std::string(name) + " ") != std::string_view::npos;
+bool Lists(const std::vector<std::string>& names, const std::string& name) {
+    return std::ranges::find(names, name) != names.end();
 }
 
 /// The room that a file stands in, the innermost of the table; nothing when it is in none.
 const Layer* RoomOf(std::string_view path) {
-    const Layer* found = nullptr;
-    for (const Layer& each : kLayers)
-        if (path.starts_with(std::string(each.room) + '/') && (!found || each.room.size() > found->room.size()))
-            found = &each;
+    const Layer* found = path.starts_with("packaging/") ? &kPackaging : nullptr;
+    for (const Layer& each : Rooms())
+        if (path.starts_with(each.room + '/') && (!found || each.room.size() > found->room.size())) found = &each;
     return found;
 }
 
 bool StandsOn(const Layer& upper, const Layer& lower) {
-    return Lists(upper.standsOn, lower.room) || std::ranges::any_of(kLayers, [&](const Layer& between) {
+    return Lists(upper.standsOn, lower.room) || std::ranges::any_of(Rooms(), [&](const Layer& between) {
                return Lists(upper.standsOn, between.room) && StandsOn(between, lower);
            });
 }
@@ -277,9 +274,8 @@ std::vector<Source> ReadHouse() {
     for (fs::recursive_directory_iterator each(root), end; each != end; ++each) {
         if (each->is_directory() && IsOutside(each->path().filename().string())) each.disable_recursion_pending();
         if (!each->is_regular_file() || !IsSource(each->path())) continue;
-        std::ifstream file(each->path(), std::ios::binary);
-        sources.push_back({fs::relative(each->path(), root).generic_string(),
-                           std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>())});
+        const std::string path = fs::relative(each->path(), root).generic_string();
+        sources.push_back({path, ReadFile(path)});
     }
     return sources;
 }
@@ -303,23 +299,47 @@ TEST(Layers, EveryIncludeOfTheHouseKeepsToItsLayer) {
             << file;
 }
 
-std::string RowOf(const Layer& layer) {
-    std::string row = "\n| `" + std::string(layer.room) + "` |";
-    std::istringstream names{std::string(layer.standsOn)};
-    for (std::string name; names >> name;) row += " `" + name + '`';
-    return row + " |";
+/// The first two columns of the document's table of rooms, without the marks of code.
+std::vector<std::string> RowsOfTheDocument(const std::string& document) {
+    static const std::regex kRow(R"(^\| (`[^|]*) \|([^|]*)\|)", std::regex::ECMAScript | std::regex::multiline);
+    const std::size_t begin = document.find("\n| Room | Stands on |"), end = document.find("\n\n", begin);
+    if (begin == std::string::npos) return {};
+    const std::string table = document.substr(begin, end - begin);
+    std::vector<std::string> rows;
+    for (std::sregex_iterator each(table.begin(), table.end(), kRow), last; each != last; ++each) {
+        std::string row;
+        for (const std::string& word : Words((*each)[1].str() + ':' + (*each)[2].str()))
+            row += (row.empty() ? "" : " ") + word;
+        std::erase(row, '`');
+        rows.push_back(row);
+    }
+    return rows;
 }
 
 TEST(Layers, TheDocumentHasTheSameTable) {
-    std::ifstream file(fs::path(SOURCE_ROOT) / "docs/architecture.md", std::ios::binary);
-    const std::string document{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    std::size_t last = 0;
-    for (const Layer& each : kLayers) {
-        const std::size_t row = document.find(RowOf(each));
-        ASSERT_NE(row, std::string::npos) << each.room;
-        EXPECT_GT(row, last) << each.room << " stands in another order";
-        last = row;
+    std::vector<std::string> rows;
+    for (const Layer& each : Rooms()) {
+        rows.push_back(each.room + ':');
+        for (const std::string& lower : each.standsOn) rows.back() += ' ' + lower;
     }
+    rows.insert(rows.end(), {"packaging:", "tests: anything"});
+    EXPECT_EQ(Lines(RowsOfTheDocument(ReadFile("docs/architecture.md"))), Lines(rows));
+}
+
+TEST(Layers, TheDocumentsTableIsReadByRoomAndWhatItStandsOn) {
+    EXPECT_EQ(
+        Lines(RowsOfTheDocument("| `a` | `x` | y |\n\n| Room | Stands on | Holds |\n|---|---|---|\n| `a` | | all |\n"
+                                "| `a/b` | `a` `c` | `d` |\n| `tests` | anything | |\n\n| `e` | `f` | g |\n")),
+        "a:\na/b: a c\ntests: anything\n");
+    EXPECT_EQ(Lines(RowsOfTheDocument("no table")), "");
+}
+
+TEST(Layers, TheTableOfRoomsIsReadRowByRow) {
+    const std::vector<Layer> rooms = RoomsIn("# room(no room)\nroom(base)\nroom(bar base  base/ini)\n");
+    ASSERT_EQ(rooms.size(), 2U);
+    EXPECT_EQ(rooms[0].room, "base");
+    EXPECT_TRUE(rooms[0].standsOn.empty());
+    EXPECT_EQ(rooms[1].standsOn, (std::vector<std::string>{"base", "base/ini"}));
 }
 
 TEST(Layers, NoModulesIncludeEachOther) { EXPECT_EQ(Circles(ReadHouse()), std::set<std::string>{}); }
@@ -338,12 +358,14 @@ TEST(Layers, AnIncludeOfALowerFolderIsInOrder) {
     EXPECT_EQ(Judge("tabs/X.cpp", "#include \"tabs/X.h\"\n#include \"base/Text.h\"\n#include \"settings/S.h\"\n"), "");
     EXPECT_EQ(Judge("app/X.cpp", "#include \"window/frmMain.h\"\n"), "");
     EXPECT_EQ(Judge("qt/program/X.cpp", "#include \"app/Startup.h\"\n#include <QWidget>\n"), "");
-    EXPECT_EQ(Judge("base/ini/X.h", "#include \"base/os/AtomicFile.h\"\n"), "") << "within a room";
+    EXPECT_EQ(Judge("base/X.h", "#include \"base/os/AtomicFile.h\"\n"), "") << "within a room";
+    EXPECT_EQ(Judge("base/ini/X.h", "#include \"base/os/AtomicFile.h\"\n"), "");
     EXPECT_EQ(Judge("platform/X.h", "#include \"base/Text.h\"\n#include <vector>\n"), "");
 }
 
 TEST(Layers, AnIncludeOfAHigherFolderIsFound) {
     EXPECT_EQ(Judge("base/X.cpp", "#include \"tabs/TabSet.h\"\n"), "base/X.cpp includes tabs/TabSet.h\n");
+    EXPECT_EQ(Judge("base/X.cpp", "#include \"base/ini/IniFile.h\"\n"), "base/X.cpp includes base/ini/IniFile.h\n");
     EXPECT_EQ(Judge("platform/X.h", "  #  include \"settings/S.h\"\n"), "platform/X.h includes settings/S.h\n");
     EXPECT_EQ(Judge("favorites/X.h", "#include \"settings/S.h\"\n"), "favorites/X.h includes settings/S.h\n");
     EXPECT_EQ(Judge("settings/X.h", "\n#include \"tests/Desk.h\"\r\n"), "settings/X.h includes tests/Desk.h\n");
@@ -355,12 +377,11 @@ TEST(Layers, AnIncludeOfAHigherFolderIsFound) {
 }
 
 TEST(Layers, ARoomStandsOnRoomsThatComeBeforeIt) {
-    for (auto each = kLayers.begin(); each != kLayers.end(); ++each) {
-        std::istringstream names{std::string(each->standsOn)};
-        for (std::string name; names >> name;)
-            EXPECT_TRUE(std::any_of(kLayers.begin(), each, [&](const Layer& lower) { return lower.room == name; }))
+    const std::vector<Layer>& rooms = Rooms();
+    for (auto each = rooms.begin(); each != rooms.end(); ++each)
+        for (const std::string& name : each->standsOn)
+            EXPECT_TRUE(std::any_of(rooms.begin(), each, [&](const Layer& lower) { return lower.room == name; }))
                 << each->room << " stands on " << name;
-    }
     EXPECT_TRUE(StandsOn(*RoomOf("qt/program/X.h"), *RoomOf("base/X.h"))) << "through all that is between";
 }
 

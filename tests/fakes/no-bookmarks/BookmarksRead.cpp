@@ -1,4 +1,4 @@
-#include "favorites/Bookmarks.h"
+#include "favorites/bookmarks/BookmarksRead.h"
 
 // In place of the library that needs libxml2, where there is none: no file has bookmarks in it.
 BookmarkFolder Bookmarks::Read(std::string_view) { return {}; }

@@ -1,0 +1,37 @@
+# The rooms of the house, lowest first. A room is a folder with what stands below it, up to the rooms inside.
+#
+#   room(FOLDER STANDS_ON...)
+#
+# Its files may include those of the rooms that it stands on, and of what these stand on. This is the only table of it:
+# CMake makes a library of each row, which links the ones that it stands on; tests/base/LayersTest.cpp holds every
+# include against it, and the table in docs/architecture.md too.
+room(base)
+room(base/ini base)
+room(forms base)
+room(platform base)
+room(bar platform base/ini)
+room(settings forms platform)
+room(downloads forms platform)
+room(tabs bar settings downloads)
+room(address tabs)
+room(pages settings)
+room(favorites/bookmarks base)
+room(favorites forms bar favorites/bookmarks)
+room(groups tabs favorites)
+room(sessions groups)
+room(startpage address groups)
+room(commands address pages groups)
+room(window sessions startpage commands)
+room(app window)
+room(qt/base window)
+room(qt/desktop qt/base)
+room(qt/page qt/desktop)
+room(qt/questions qt/page)
+room(qt/engine qt/questions)
+room(qt/downloads qt/page)
+room(qt/strip qt/page)
+room(qt/bar qt/base)
+room(qt/bar/customize qt/base)
+room(qt/dialogs qt/base)
+room(qt/window qt/strip)
+room(qt/program app qt/engine qt/downloads qt/bar qt/bar/customize qt/dialogs qt/window)
