@@ -1,6 +1,7 @@
 #include "downloads/DownloadList.h"
 
 #include "base/Records.h"
+#include "base/os/Paths.h"
 
 #include <array>
 
@@ -66,7 +67,7 @@ std::optional<Download> DownloadOf(const Record& record) {
     const auto ended = EndOf(record);
     const Text *path = record.FindText(kPath), *address = record.FindText(kAddress);
     if (record.Name != kDownload || !record.Whole || !report || !ended || !path || !address) return std::nullopt;
-    if (!path->starts_with(u'/') || address->empty()) return std::nullopt;
+    if (!IsAbsolute(PathToBytes(*path)) || address->empty()) return std::nullopt;
     Download download;
     download.Address = *address;
     download.Path = *path;

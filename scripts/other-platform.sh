@@ -44,6 +44,8 @@ run_core_tests() {
   result=$?
   print_left_out "$log"
   tr -d '\r' <"$log" | grep -vE '^\[( RUN|       OK|  SKIPPED|-----)|: Skipped$' | tail -n 60
+  # Who dies says nothing of it.
+  grep -q 'Global test environment tear-down' "$log" || echo "It ended in: $(grep '^\[ RUN ' "$log" | tail -n 1)"
   tr -d '\r' <"$log" | grep -q '^\[  PASSED  \] [1-9]' && [ $result = 0 ]
 }
 

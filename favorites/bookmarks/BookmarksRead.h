@@ -24,8 +24,8 @@ namespace Bookmarks {
 /// The most that is read of a file, in bytes.
 inline constexpr std::size_t kMostBytes = std::size_t{256} << 20;
 
-/// Reads any bytes; what is no bookmarks file yields no links. Folders deeper than 64 are joined with the one above;
-/// links without an address, and those that are scripts, are left out.
+/// Reads any bytes; what is no bookmarks file yields no links. Folders deeper than 64 are joined with the one above.
+/// Links without an address, and scripts, are left out.
 [[nodiscard]] BookmarkFolder Read(std::string_view html);
 
 } // namespace Bookmarks

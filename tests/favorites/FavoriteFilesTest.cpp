@@ -142,6 +142,7 @@ TEST_F(FavoriteFilesTest, DeletingAFolderLeavesWhatItsLinksLeadTo) {
 }
 
 TEST_F(FavoriteFilesTest, WhatHasANameThatIsNoTextIsRenamedMovedAndDeletedByItsBytes) {
+    if (kOtherPlatform) GTEST_SKIP() << "names are no bytes";
     MakeFolder("w\xF6rk");
     m_folder.Write("\xE4.url", "[InternetShortcut]\r\nURL=http://a/\r\n");
     const auto items = Favorites::Items(Root());

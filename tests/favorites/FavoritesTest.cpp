@@ -1,5 +1,6 @@
 #include "favorites/Favorites.h"
 
+#include "base/os/AtomicFile.h"
 #include "tests/fakes/NoRights.h"
 #include "tests/fakes/System.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -82,7 +83,7 @@ TEST_F(FavoritesTest, TheCutOfATitleHalvesNoCharacter) {
     const std::string before(44, 'x');
     Put(before + "\xF0\x9F\x98\x80.url");
     EXPECT_EQ(Scanned(), "50000 " + before + "... http://a/");
-    fs::remove(m_folder.Path(before + "\xF0\x9F\x98\x80.url"));
+    EXPECT_EQ(RemoveFile(m_folder.Path(before + "\xF0\x9F\x98\x80.url")), Outcome::Done);
     Put(before.substr(1) + "\xF0\x9F\x98\x80.url");
     EXPECT_EQ(Scanned(), "50001 " + before.substr(1) + "\xF0\x9F\x98\x80 http://a/");
 }
@@ -200,19 +201,28 @@ TEST_F(FavoritesTest, AShortcutThatCannotBeReadIsListedWithoutAnAddress) {
 }
 
 TEST_F(FavoritesTest, NamesOfAllKindsAreHarmless) {
-    Put("tab\tand\nline.url");
     Put("\xE2\x80\xAEgnp.url");
-    Put("latin \xE4.url");
+    Put("a b.url");
     Put("...url");
     m_folder.Write("..b.url", "hidden");
     const std::string longest(251, 'n');
     Put(longest + ".url");
     const auto listing = Favorites::List(m_folder.PathText(""));
-    EXPECT_EQ(listing.Shortcuts.Count(), 4U);
+    EXPECT_EQ(listing.Shortcuts.Count(), 3U);
+    EXPECT_EQ(listing.Shortcuts.begin()->Key, u"a b.url");
+}
+
+TEST_F(FavoritesTest, NamesOfAnyBytesAreHarmless) {
+    if (kOtherPlatform) GTEST_SKIP() << "names are no bytes";
+    Put("tab\tand\nline.url");
+    Put("latin \xE4.url");
+    const auto listing = Favorites::List(m_folder.PathText(""));
+    EXPECT_EQ(listing.Shortcuts.Count(), 2U);
     EXPECT_EQ(listing.Shortcuts.begin()->Key, PathFromBytes("latin \xE4.url"));
 }
 
 TEST_F(FavoritesTest, NamesThatAreNoTextAreListedByTheirBytesAndMarked) {
+    if (kOtherPlatform) GTEST_SKIP() << "names are no bytes";
     MakeFolder("w\xF6rk");
     Put("w\xF6rk/in.url", "http://in/");
     Put("\xE4.url", "http://latin/");
@@ -241,13 +251,17 @@ TEST_F(FavoritesTest, ReadsFilesOfTheOtherDesktopAsTheyAre) {
     EXPECT_EQ(read("[InternetShortcut]\r\nURL=\"http://q/\"\r\n[InternetShortcut.A]\r\nURL=no\r\n"), "http://q/");
 }
 
-TEST_F(FavoritesTest, AnAddressIsCutAt511BytesAndAHugeFileIsReadInPart) {
+TEST_F(FavoritesTest, AnAddressIsCutAt511Bytes) {
     m_folder.Write("long.url", Shortcut(std::string(600, 'a')));
     EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("long.url")).size(), 511U);
     m_folder.Write("cut.url", Shortcut("b\xC3\xBC/" + std::string(505, 'x') + "\xE2\x82\xAC/"));
     EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("cut.url")), u"b\u00FC/" + Text(505, u'x')) << "no half character";
     m_folder.Write("value.url", Shortcut(std::string(3U << 20, 'a')));
     EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("value.url")).size(), 511U);
+}
+
+TEST_F(FavoritesTest, AHugeFileIsReadInPart) {
+    if (kOtherPlatform) GTEST_SKIP() << "no file is longer than the disk has room";
     Put("huge.url", "http://huge/");
     fs::resize_file(m_folder.Path("huge.url"), std::uintmax_t{1} << 40);
     EXPECT_EQ(Favorites::ReadAddress(m_folder.Path("huge.url")), u"http://huge/");

@@ -277,6 +277,7 @@ TEST_F(GroupMenu, AFullDiskLeavesTheGroupAndIsSaidInTheStatusBar) {
 }
 
 TEST_F(GroupMenu, AFileFarTooLongForAGroupIsReadInPartAndNeverCut) {
+    if (kOtherPlatform) GTEST_SKIP() << "no file is longer than the disk has room";
     Write("Huge.tvg", "[TessaGroup]\r\nurl1=http://a/\r\n");
     constexpr std::uintmax_t kTerabyte = std::uintmax_t{1} << 40;
     std::filesystem::resize_file(Path("Huge.tvg"), kTerabyte);

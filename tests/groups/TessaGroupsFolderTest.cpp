@@ -21,6 +21,11 @@ struct GroupFolder : testing::Test, TemporaryFolder {
         for (const auto& group : TessaGroups::List(folder)) all += (all.empty() ? "" : " ") + ToUtf8(group.Key);
         return all;
     }
+    [[nodiscard]] std::vector<Text> Keys() const {
+        std::vector<Text> keys;
+        for (const auto& group : TessaGroups::List(folder)) keys.push_back(group.Key);
+        return keys;
+    }
     /// "ID NAME" of each entry, "|" before one that begins a group.
     std::string Fill(Band& band) {
         TessaGroups::FillBand(band, folder, {u"view-list-icons"}, nextId);
@@ -38,6 +43,7 @@ struct GroupFolder : testing::Test, TemporaryFolder {
 };
 
 TEST_F(GroupFolder, ListsUpperCaseBeforeLowerCase) {
+    if (kOtherPlatform) GTEST_SKIP() << "names that differ in case alone are one";
     Groups({"beta.tvg", "Alpha.tvg", "alpha.tvg"});
     EXPECT_EQ(Names(), "Alpha alpha beta");
 }
@@ -57,6 +63,7 @@ TEST_F(GroupFolder, OnlyGroupFilesAreListedWhateverTheCaseOfTheirExtension) {
 }
 
 TEST_F(GroupFolder, EqualNamesAreListedBoth) {
+    if (kOtherPlatform) GTEST_SKIP() << "names that differ in case alone are one";
     Groups({"a.tvg", "a.TVG", "a.Tvg"});
     const CKeyValues groups = TessaGroups::List(folder);
     std::string files;
@@ -97,14 +104,18 @@ TEST_F(GroupFolder, LinksAreFollowedAndLoopsLeftOut) {
 
 TEST_F(GroupFolder, NamesOfAllKindsAreListed) {
     const std::string longest(251, 'n');
-    Groups({longest + ".tvg", "a\nb\x01.tvg", "..tvg.tvg", "b\xC3\xBC.tvg", "b\xFC.tvg", "\xE2\x80\xAE.x.tvg"});
-    std::vector<Text> names;
-    for (const auto& group : TessaGroups::List(folder)) names.push_back(group.Key);
-    EXPECT_EQ(names, (std::vector<Text>{u"a\nb\u0001", u"b\u00FC", Text{u'b', char16_t{0xDCFC}}, FromBytes(longest),
-                                        u"\u202E.x"}));
+    Groups({longest + ".tvg", "a b.tvg", "..tvg.tvg", "b\xC3\xBC.tvg", "\xE2\x80\xAE.x.tvg"});
+    EXPECT_EQ(Keys(), (std::vector<Text>{u"a b", u"b\u00FC", FromBytes(longest), u"\u202E.x"}));
+}
+
+TEST_F(GroupFolder, NamesThatAreNoTextAreListed) {
+    if (kOtherPlatform) GTEST_SKIP() << "names are no bytes";
+    Groups({"a\nb\x01.tvg", "b\xC3\xBC.tvg", "b\xFC.tvg"});
+    EXPECT_EQ(Keys(), (std::vector<Text>{u"a\nb\u0001", u"b\u00FC", Text{u'b', char16_t{0xDCFC}}}));
 }
 
 TEST_F(GroupFolder, AGroupWhoseNameIsNoTextIsReadWrittenAndDeletedByItsBytes) {
+    if (kOtherPlatform) GTEST_SKIP() << "names are no bytes";
     const std::string name = "b\xFC.tvg";
     Write(name, "[TessaGroup]\r\nurl1=http://a/\r\n");
     Write("b\xC3\xBC.tvg", "another");
@@ -143,6 +154,7 @@ TEST_F(GroupFolder, EntriesComeBehindWhatTheBandHas) {
 }
 
 TEST_F(GroupFolder, AnEntryCarriesThePathThePictureAndTheNameToRead) {
+    if (kOtherPlatform) GTEST_SKIP() << "names hold no tabs";
     Groups({"R&D\t2.tvg"});
     TessaGroups::FillBand(menu, folder, {u"view-list-icons"}, nextId);
     ASSERT_EQ(menu.Entries().size(), 1u);

@@ -104,10 +104,12 @@ TEST_F(LogTest, AFailedStepSaysWhere) {
 }
 
 TEST_F(LogTest, AMistakeOfOursSaysWhereAndWhatOnTheStandardErrorAndInTheLog) {
-    EXPECT_DEATH(Must(false), "tessaview: internal error at os/LogTest.cpp:[0-9]+ \\(.*TestBody");
+    EXPECT_DEATH(Must(false), "tessaview: internal error at os/LogTest.cpp:.*TestBody");
+    Must(true);
+    // There what dies is another process, with a folder of its own.
+    if (kOtherPlatform) return;
     const std::string all = All();
     EXPECT_NE(all.find("error program: internal error at os/LogTest.cpp:"), std::string::npos) << all;
-    Must(true);
 }
 
 TEST_F(LogTest, OfForeignWordsNoneCanBeAnAddressOrATitle) {

@@ -225,8 +225,8 @@ TEST_F(MemoryOfFiles, AGroupOfWhichSomethingElseIsSaidHasNoLimit) {
     EXPECT_TRUE(Rooms().empty());
 }
 
-TEST(MemoryFiles, AreReadOfThisVeryMachine) {
-    const auto rooms = MemoryFiles().Read();
+TEST(SystemMemory, IsReadOfThisVeryMachine) {
+    const auto rooms = SystemMemory("")->Read();
     ASSERT_FALSE(rooms.empty());
     for (const auto& room : rooms) {
         EXPECT_GT(room.Total, 0);
