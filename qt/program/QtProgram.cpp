@@ -24,6 +24,7 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <cstdlib>
 
 /// In the order in which they are made: what a part needs stands before it.
 struct QtProgram::Parts {
@@ -117,6 +118,7 @@ void QtProgram::FollowEnds() {
         m->desktop.OwnProfile().Leave();
         m->engine.devTools.Close();
         m->main.Form_Unload();
+        m_unloaded = true;
         // Not quit(), which any window that does not want to close, a dialog say, can refuse.
         QCoreApplication::exit();
     });
@@ -136,6 +138,9 @@ int QtProgram::Run() {
         m->window.Close();
     });
     const int result = QApplication::exec();
+    // Qt ends the event loop when its display breaks off. Without it nothing can be torn down in order; the session is
+    // on disk, and is offered by the next start.
+    if (!m_unloaded) std::_Exit(EXIT_FAILURE);
     m->downloads.Shutdown();
     m->engine.Shutdown();
     return result;

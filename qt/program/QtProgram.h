@@ -21,4 +21,5 @@ private:
     void FollowEnds();
 
     std::unique_ptr<Parts> m;
+    bool m_unloaded = false;
 };

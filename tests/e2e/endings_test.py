@@ -46,7 +46,7 @@ class Endings(unittest.TestCase):
         [name] = os.listdir(folder)
         with open(os.path.join(folder, name), encoding="utf-8") as file:
             session = file.read()
-        self.assertIn("\nended=1\n", session)
+        self.assertIn("\nEnded=1\n", session)
         for title in titles:
             self.assertIn(self.pages.address(title), sites)
             self.assertIn(f"\npage={self.pages.address(title)}\t{title}\n", session)
