@@ -11,14 +11,17 @@ groups=() parts=() logs=()
 # compile_meanwhile PART TARGET [OPTION...]: goes on by itself, after what was begun before, until finish_compiling or
 # end_compiling.
 compile_meanwhile() {
-  local part=$1 log=$root/build/$2.log
+  local part=$1 log=$root/build/$2.log before=
+  [ ${#groups[@]} = 0 ] || before=${groups[-1]}
   shift
   echo "Meanwhile $part is compiled. How far it is stands in $log" >&2
   mkdir -p "$root/build"
   # The packages come one after the other and go first. In a group of its own it ends whole, down to each compiler.
+  # One after the other, in this order: the program's build files are made of the core's.
   # shellcheck disable=SC2016 # the other shell's variables
-  setsid nice -n 5 bash -c 'root=$1; . "$root/scripts/build.sh"; shift; build "$root/build" "$@"' \
-    bash "$root" "$@" </dev/null >"$log" 2>&1 &
+  setsid nice -n 5 bash -c 'root=$1 before=$2; . "$root/scripts/build.sh"; shift 2
+    while [ -n "$before" ] && kill -0 "$before" 2>/dev/null; do sleep 0.1; done
+    build "$root/build" "$@"' bash "$root" "$before" "$@" </dev/null >"$log" 2>&1 &
   groups+=($!) parts+=("$part") logs+=("$log")
   trap end_compiling EXIT
 }
