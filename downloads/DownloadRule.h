@@ -15,7 +15,7 @@ public:
     }
     /// The user lets the page save as many as it likes.
     void Allow() { m_allowed = true; }
-    /// The user clicks or types in the page: what comes of it is wanted, unless it was refused before.
+    /// A person clicks or types in the page: what comes of it is wanted, unless it was refused before.
     void PersonActed() { m_taken = 0; }
     /// The user does not; the page is not to ask again.
     void Refuse() { m_refused = true; }

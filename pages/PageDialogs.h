@@ -10,7 +10,7 @@ public:
     [[nodiscard]] bool OffersSilence() const { return m_shown > 0; }
     void Shown() { ++m_shown; }
     void Silence() { m_silenced = true; }
-    /// The user went to a page: by typing, a click, a menu.
+    /// A person went to a page: by typing, a click, a menu.
     void PersonNavigated() { *this = {}; }
 
 private:

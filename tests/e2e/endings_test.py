@@ -9,6 +9,7 @@ import unittest
 
 import desk
 import session_manager
+from records import records_of
 
 PROGRAM = desk.program_file()
 BLANK = "about:blank"
@@ -44,12 +45,11 @@ class Endings(unittest.TestCase):
             [sites] = [line for line in settings if line.startswith("LastSites=")]
         folder = os.path.join(program.home, "sessions")
         [name] = os.listdir(folder)
-        with open(os.path.join(folder, name), encoding="utf-8") as file:
-            session = file.read()
-        self.assertIn("\nEnded=1\n", session)
+        (_, session), *pages = records_of(os.path.join(folder, name))
+        self.assertEqual(session["Ended"], "1")
         for title in titles:
             self.assertIn(self.pages.address(title), sites)
-            self.assertIn(f"\npage={self.pages.address(title)}\t{title}\n", session)
+            self.assertIn(("Page", {"Address": self.pages.address(title), "Title": title}), pages)
 
     # -- the ways out
 
