@@ -1,9 +1,8 @@
 // Whoever changes a module finds by its name what tests it.
+#include "tests/base/HouseFiles.h"
+
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
@@ -14,13 +13,7 @@
 
 namespace {
 
-namespace fs = std::filesystem;
-
-/// One file of the house: its path from the project's folder, with '/' between the names, and what stands in it.
-struct HouseFile {
-    std::string path;
-    std::string text;
-};
+using HouseFile = house::File;
 
 std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
 
@@ -95,25 +88,8 @@ std::set<std::string> Uncovered(const std::vector<HouseFile>& house) {
     return complaints;
 }
 
-/// Build folders hold what tools have made, hidden ones are not part of the house.
-bool IsNoPart(const std::string& folder) { return folder.starts_with("build") || folder.starts_with("."); }
-
-std::vector<HouseFile> ReadFiles() {
-    const fs::path root = SOURCE_ROOT;
-    std::vector<HouseFile> files;
-    for (fs::recursive_directory_iterator each(root), end; each != end; ++each) {
-        if (each->is_directory() && IsNoPart(each->path().filename().string())) each.disable_recursion_pending();
-        const std::string ending = each->path().extension().string();
-        if (!each->is_regular_file() || (ending != ".h" && ending != ".cpp" && ending != ".py")) continue;
-        std::ifstream file(each->path(), std::ios::binary);
-        files.push_back({fs::relative(each->path(), root).generic_string(),
-                         std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>())});
-    }
-    return files;
-}
-
 TEST(Covered, EachModuleHasATestOfItsNameOrIsNamedByOne) {
-    const std::vector<HouseFile> house = ReadFiles();
+    const std::vector<HouseFile> house = house::FilesWith({".h", ".cpp", ".py"});
     EXPECT_EQ(Uncovered(house), std::set<std::string>{});
     // Guards against a look at the wrong folder, which would find nothing wrong anywhere.
     for (const std::string_view file : {"tabs/TabSet.cpp", "tests/tabs/TabSetTest.cpp", "tests/e2e/strip_test.py"})

@@ -1,7 +1,7 @@
+#include "tests/base/HouseFiles.h"
+
 #include <algorithm>
 #include <cctype>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <map>
@@ -15,19 +15,12 @@
 
 namespace {
 
-namespace fs = std::filesystem;
-
 /// A room of the house, which is a folder with what stands below it, and the rooms right under it: its files may
 /// include their headers, and those of the rooms that stand under them in turn.
 struct Layer {
     std::string room;
     std::vector<std::string> standsOn;
 };
-
-std::string ReadFile(const std::string& path) {
-    std::ifstream file(fs::path(SOURCE_ROOT) / path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 std::vector<std::string> Words(const std::string& text) {
     std::istringstream words(text);
@@ -48,18 +41,14 @@ std::vector<Layer> RoomsIn(const std::string& table) {
 
 /// The table that CMake links by, lowest rooms first.
 const std::vector<Layer>& Rooms() {
-    static const std::vector<Layer> rooms = RoomsIn(ReadFile("rooms.cmake"));
+    static const std::vector<Layer> rooms = RoomsIn(house::Read("rooms.cmake"));
     return rooms;
 }
 
 /// What makes a package stands on nothing of the house.
 const Layer kPackaging{"packaging", {}};
 
-/// One file of the house: its path from the project's folder, with '/' between the names, and what stands in it.
-struct Source {
-    std::string path;
-    std::string text;
-};
+using Source = house::File;
 
 enum class Written { Quoted, Angled, Macro };
 
@@ -263,22 +252,7 @@ std::vector<std::string> FilesWithExceptions(const std::vector<Source>& sources)
     return found;
 }
 
-bool IsSource(const fs::path& path) { return path.extension() == ".h" || path.extension() == ".cpp"; }
-
-/// Build folders hold what tools have made, hidden ones are not part of the house.
-bool IsOutside(const std::string& name) { return name.starts_with("build") || name.starts_with("."); }
-
-std::vector<Source> ReadHouse() {
-    const fs::path root = SOURCE_ROOT;
-    std::vector<Source> sources;
-    for (fs::recursive_directory_iterator each(root), end; each != end; ++each) {
-        if (each->is_directory() && IsOutside(each->path().filename().string())) each.disable_recursion_pending();
-        if (!each->is_regular_file() || !IsSource(each->path())) continue;
-        const std::string path = fs::relative(each->path(), root).generic_string();
-        sources.push_back({path, ReadFile(path)});
-    }
-    return sources;
-}
+std::vector<Source> ReadHouse() { return house::FilesWith({".h", ".cpp"}); }
 
 std::string Lines(const std::vector<std::string>& lines) {
     std::string all;
@@ -323,7 +297,7 @@ TEST(Layers, TheDocumentHasTheSameTable) {
         for (const std::string& lower : each.standsOn) rows.back() += ' ' + lower;
     }
     rows.insert(rows.end(), {"packaging:", "tests: anything"});
-    EXPECT_EQ(Lines(RowsOfTheDocument(ReadFile("docs/architecture.md"))), Lines(rows));
+    EXPECT_EQ(Lines(RowsOfTheDocument(house::Read("docs/architecture.md"))), Lines(rows));
 }
 
 TEST(Layers, TheDocumentsTableIsReadByRoomAndWhatItStandsOn) {
