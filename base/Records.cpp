@@ -176,15 +176,16 @@ void AppendRecord(Text& all, const Record& record) {
 
 } // namespace
 
-const Text* Record::FindText(TextView field) const {
-    const auto found = Values.find(field);
-    return found == Values.end() ? nullptr : std::get_if<Text>(&found->second);
+const Text* TextIn(const Fields& fields, TextView name) {
+    const auto found = fields.find(name);
+    return found == fields.end() ? nullptr : std::get_if<Text>(&found->second);
 }
 
-std::optional<std::vector<Text>> Record::FindList(TextView field) const {
-    const auto found = Values.find(field);
-    if (found == Values.end()) return std::nullopt;
+std::optional<std::vector<Text>> ListIn(const Fields& fields, TextView name) {
+    const auto found = fields.find(name);
+    if (found == fields.end()) return std::nullopt;
     if (const auto* list = std::get_if<std::vector<Text>>(&found->second)) return *list;
+    // An empty list is written as an empty text.
     return std::get<Text>(found->second).empty() ? std::optional(std::vector<Text>()) : std::nullopt;
 }
 

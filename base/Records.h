@@ -18,16 +18,19 @@
 using FieldValue = std::variant<Text, std::vector<Text>>;
 using Fields = std::map<Text, FieldValue, std::less<>>;
 
+/// The field's text; nothing where there is no such field, or a list.
+[[nodiscard]] const Text* TextIn(const Fields& fields, TextView name);
+/// The field's entries; nothing where there is no such field, or a text that is not empty.
+[[nodiscard]] std::optional<std::vector<Text>> ListIn(const Fields& fields, TextView name);
+
 /// A record of a file. Names of records and of fields are letters and digits.
 struct Record {
     Text Name; ///< empty for lines before the first name
     Fields Values;
     bool Whole = true; ///< each of its lines could be understood
 
-    /// The field's text; nothing where there is no such field, or a list.
-    [[nodiscard]] const Text* FindText(TextView field) const;
-    /// The field's entries; none where there is no such field, or a text that is not empty.
-    [[nodiscard]] std::optional<std::vector<Text>> FindList(TextView field) const;
+    /// See `TextIn`.
+    [[nodiscard]] const Text* FindText(TextView field) const { return TextIn(Values, field); }
     /// The field's whole number; nothing for any other text.
     [[nodiscard]] std::optional<std::int64_t> FindNumber(TextView field) const;
     /// Whether the field says "1".

@@ -15,14 +15,6 @@ namespace {
 constexpr auto kUserFolder = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
 constexpr int kMostDamagedFiles = 10000;
 
-std::optional<std::vector<Text>> ListIn(const SettingsValues& values, TextView name) {
-    const auto found = values.find(name);
-    if (found == values.end()) return std::nullopt;
-    if (const auto* list = std::get_if<std::vector<Text>>(&found->second)) return *list;
-    // An empty list is written as an empty text.
-    return std::get<Text>(found->second).empty() ? std::optional(std::vector<Text>()) : std::nullopt;
-}
-
 void Change(SettingsValues& values, const Text& name, const ListChange& change) {
     values.insert_or_assign(name, change(ListIn(values, name).value_or(std::vector<Text>())));
 }
@@ -40,9 +32,8 @@ public:
     }
 
     std::optional<Text> Read(TextView name) const override {
-        const auto found = m_values.find(name);
-        if (found == m_values.end() || !std::holds_alternative<Text>(found->second)) return std::nullopt;
-        return std::get<Text>(found->second);
+        const Text* text = TextIn(m_values, name);
+        return text ? std::optional(*text) : std::nullopt;
     }
 
     std::optional<std::vector<Text>> ReadList(TextView name) const override { return ListIn(m_values, name); }

@@ -61,10 +61,10 @@ TEST(Records, AFieldIsAskedForWhatItHolds) {
     EXPECT_EQ(*record.FindText(u"Text"), u"a");
     EXPECT_EQ(record.FindText(u"List"), nullptr);
     EXPECT_EQ(record.FindText(u"Other"), nullptr);
-    EXPECT_EQ(record.FindList(u"List"), List{u"a"});
-    EXPECT_EQ(record.FindList(u"Empty"), List{});
-    EXPECT_EQ(record.FindList(u"Text"), std::nullopt);
-    EXPECT_EQ(record.FindList(u"Other"), std::nullopt);
+    EXPECT_EQ(ListIn(record.Values, u"List"), List{u"a"});
+    EXPECT_EQ(ListIn(record.Values, u"Empty"), List{});
+    EXPECT_EQ(ListIn(record.Values, u"Text"), std::nullopt);
+    EXPECT_EQ(ListIn(record.Values, u"Other"), std::nullopt);
     EXPECT_EQ(record.FindNumber(u"Number"), -12);
     for (const TextView none : {u"Long", u"Text", u"Empty", u"List", u"Other"})
         EXPECT_EQ(record.FindNumber(none), std::nullopt) << ToUtf8(none);
