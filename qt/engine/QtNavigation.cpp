@@ -72,19 +72,15 @@ void QtNavigation::Renew() {
     Page()->load(blank);
 }
 
-Outcome QtNavigation::GoBack() {
-    if (!m_page || !Page()->history()->canGoBack()) return Outcome::Failed;
-    m_page->Life()->Wake();
-    m_page->Awaited().Ask();
-    Page()->history()->back();
-    return Outcome::Done;
-}
+Outcome QtNavigation::GoBack() { return Step(&QWebEngineHistory::canGoBack, &QWebEngineHistory::back); }
 
-Outcome QtNavigation::GoForward() {
-    if (!m_page || !Page()->history()->canGoForward()) return Outcome::Failed;
+Outcome QtNavigation::GoForward() { return Step(&QWebEngineHistory::canGoForward, &QWebEngineHistory::forward); }
+
+Outcome QtNavigation::Step(bool (QWebEngineHistory::*can)() const, void (QWebEngineHistory::*go)()) {
+    if (!m_page || !(Page()->history()->*can)()) return Outcome::Failed;
     m_page->Life()->Wake();
     m_page->Awaited().Ask();
-    Page()->history()->forward();
+    (Page()->history()->*go)();
     return Outcome::Done;
 }
 

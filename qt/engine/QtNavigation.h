@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+class QWebEngineHistory;
 class QWebEngineNewWindowRequest;
 class QtViewPage;
 
@@ -54,6 +55,8 @@ public:
     }
 
 private:
+    /// Goes one page back or forward where the history allows it.
+    Outcome Step(bool (QWebEngineHistory::*can)() const, void (QWebEngineHistory::*go)());
     void GoSilently(const QUrl& url);
     void TellUnbegun();
     void FollowTries();
