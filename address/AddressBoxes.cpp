@@ -5,6 +5,8 @@
 #include "bar/ToolName.h"
 #include "base/Address.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr ToolName kAddressBox = u"cboAddress"_tool;
@@ -93,3 +95,5 @@ void AddressBoxes::SearchFor(TextView words) {
     const Text address = Text(Endpoints::kSearch) + Text(words);
     if (auto* view = m_tabs.GetNewBrowser(InFront::Yes, m_tabs.CurrentPrivacy())) ResumeNext(view->Navigate(address));
 }
+
+} // namespace tessa

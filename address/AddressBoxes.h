@@ -1,6 +1,8 @@
 #pragma once
 #include "tabs/TabSet.h"
 
+namespace tessa {
+
 /// What the address box and the search box do with keys, typing and a choice from their lists. Keeps each box's text
 /// before the caret and whether Enter still has an entry to add. Owned by the main window; what it refers to outlives
 /// it.
@@ -35,3 +37,5 @@ private:
     Box m_address;
     Box m_search;
 };
+
+} // namespace tessa

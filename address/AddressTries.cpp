@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 void AddressTries::Begin(Text address, Text second) {
     m_first = std::move(address);
     m_second = std::move(second);
@@ -30,3 +32,5 @@ std::optional<Text> AddressTries::AfterFailure(const Failure& failure) {
     if (!first && !unseen) return std::nullopt;
     return next;
 }
+
+} // namespace tessa

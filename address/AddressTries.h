@@ -3,6 +3,8 @@
 
 #include <optional>
 
+namespace tessa {
+
 /// An address that was typed without its scheme is tried twice: securely, and without encryption when no host answers
 /// that. How the first try fails is not shown: the page before stays until the second one has ended. A host that was
 /// reached gets no second try.
@@ -36,3 +38,5 @@ private:
     Text m_first, m_second;
     bool m_hidesErrors = false; ///< the engine may not show how a load fails
 };
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include "bar/ToolName.h"
 
+namespace tessa {
+
 namespace {
 
 enum class EmptyEntries : bool { LeftOut, Kept };
@@ -39,3 +41,5 @@ void Forget(const CommandBar& actBar, SettingsStorageFactory& settings) {
 }
 
 } // namespace BoxHistories
+
+} // namespace tessa

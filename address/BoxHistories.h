@@ -2,6 +2,8 @@
 #include "bar/CommandBar.h"
 #include "settings/SettingsStore.h"
 
+namespace tessa {
+
 /// What was typed into the address box and the search box, from one run to the next.
 namespace BoxHistories {
 
@@ -13,3 +15,5 @@ void Save(SettingsStore& store, const CommandBar& actBar);
 void Forget(const CommandBar& actBar, SettingsStorageFactory& settings);
 
 } // namespace BoxHistories
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 // Deliberate: the walk does not step back after a removal, so of two equal neighbours the second survives.
@@ -52,3 +54,5 @@ void PutBack(const std::vector<Text>& Items, ComboTool* Tool) {
 }
 
 } // namespace CabCombo
+
+} // namespace tessa

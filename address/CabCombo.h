@@ -1,6 +1,8 @@
 #pragma once
 #include "bar/Tool.h"
 
+namespace tessa {
+
 /// What the address box and the search box know of texts entered before: their list, newest first.
 namespace CabCombo {
 
@@ -21,3 +23,5 @@ inline constexpr std::int32_t kHistoryLimit = 25;
 void PutBack(const std::vector<Text>& Items, ComboTool* Tool);
 
 } // namespace CabCombo
+
+} // namespace tessa

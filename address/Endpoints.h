@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// The outside hosts that the product's addresses are built on. Just before a request leaves, the engine sends each of
 /// them on to the service that the user has chosen.
 namespace Endpoints {
@@ -23,3 +25,5 @@ inline constexpr TextView kShop = u"https://ads.tessaview.example/ad.asp?id=";
 inline constexpr TextView kFind = u"https://find.tessaview.example/find.asp?id=";
 
 } // namespace Endpoints
+
+} // namespace tessa

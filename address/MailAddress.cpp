@@ -8,6 +8,8 @@
 #include <array>
 #include <optional>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kMailScheme = u"mailto:";
@@ -90,3 +92,5 @@ Text FieldsFromPage(TextView fields) {
 }
 
 } // namespace MailAddress
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// Addresses that begin a mail, on their way to the desktop's mail program.
 namespace MailAddress {
 
@@ -15,3 +17,5 @@ namespace MailAddress {
 [[nodiscard]] Text FieldsFromPage(TextView fields);
 
 } // namespace MailAddress
+
+} // namespace tessa

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <optional>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kScriptStart = u"javascript:";
@@ -106,3 +108,5 @@ TypedAddress MeaningOf(TextView typed, AddressCheck isAddress) {
     if (auto address = AsAddress(text, isAddress)) return *std::move(address);
     return {TypedKind::Words, Text(Endpoints::kSearch) + PercentEncodedText(text)};
 }
+
+} // namespace tessa

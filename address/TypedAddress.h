@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// What a text is that the user typed, or a page named.
 enum class TypedKind {
     Nothing, ///< or a script, which is no address
@@ -27,3 +29,5 @@ using AddressCheck = bool (*)(TextView address);
 /// then with http when that cannot connect. Nothing leads to about:blank. Scripts are no address: they lead to
 /// about:blank too. What `isAddress` refuses is words.
 [[nodiscard]] TypedAddress MeaningOf(TextView typed, AddressCheck isAddress);
+
+} // namespace tessa

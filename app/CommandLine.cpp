@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::string_view kUsage =
@@ -87,3 +89,5 @@ Text AsText(const Arguments& arguments) {
 }
 
 } // namespace CommandLine
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 /// What the program's start learns from its arguments and its surroundings before anything of it is made.
 namespace CommandLine {
 
@@ -34,3 +36,5 @@ struct Surroundings {
 [[nodiscard]] Text AsText(const Arguments& arguments);
 
 } // namespace CommandLine
+
+} // namespace tessa

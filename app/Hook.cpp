@@ -2,6 +2,8 @@
 
 #include <memory>
 
+namespace tessa {
+
 namespace {
 
 void OnMessage(MainWindow& window, frmMain& main, const Text& text) {
@@ -22,3 +24,5 @@ void Install(InstanceChannel& instances, MainWindow& window, frmMain& main) {
 }
 
 } // namespace Hook
+
+} // namespace tessa

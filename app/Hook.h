@@ -2,6 +2,8 @@
 #include "platform/InstanceChannel.h"
 #include "window/frmMain.h"
 
+namespace tessa {
+
 /// Receives what later starts of the program hand over. Messages that come before the hook is installed are answered
 /// and ignored.
 namespace Hook {
@@ -11,3 +13,5 @@ namespace Hook {
 void Install(InstanceChannel& instances, MainWindow& window, frmMain& main);
 
 } // namespace Hook
+
+} // namespace tessa

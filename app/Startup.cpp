@@ -5,6 +5,8 @@
 #include "base/os/Log.h"
 #include "settings/SettingsStore.h"
 
+namespace tessa {
+
 namespace {
 
 bool AllowsMultipleInstances(SettingsStorageFactory& settings) {
@@ -57,3 +59,5 @@ Result Main(const Program& program, TextView commandLine) {
 }
 
 } // namespace Startup
+
+} // namespace tessa

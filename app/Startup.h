@@ -3,6 +3,8 @@
 #include "platform/InstanceChannel.h"
 #include "window/frmMain.h"
 
+namespace tessa {
+
 /// The program's entry: decides whether this process runs or hands its command line to the instance that does.
 namespace Startup {
 
@@ -34,3 +36,5 @@ enum class Result {
 [[nodiscard]] Result Main(const Program& program, TextView commandLine);
 
 } // namespace Startup
+
+} // namespace tessa

@@ -18,6 +18,8 @@
 #include "settings/EngineOptions.h"
 #include "window/Report.h"
 
+namespace tessa {
+
 /// What surrounds a main window that nobody ever sees: whatever it wants of the desktop, there is nothing.
 namespace UnseenDesktop {
 
@@ -215,3 +217,5 @@ public:
 };
 
 } // namespace UnseenDesktop
+
+} // namespace tessa

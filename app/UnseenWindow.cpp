@@ -1,5 +1,7 @@
 #include "app/UnseenWindow.h"
 
+namespace tessa {
+
 UnseenWindow::UnseenWindow(SettingsStorageFactory& settings, InstanceChannel& instances, LayoutFile& layout,
                            Text groupFolder)
     : m_settings(settings),
@@ -26,3 +28,5 @@ UnseenWindow::UnseenWindow(SettingsStorageFactory& settings, InstanceChannel& in
               .input = m_input,
               .programPath = {},
               .groupFolder = std::move(groupFolder)}) {}
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include "app/Startup.h"
 #include "app/UnseenDesktop.h"
 
+namespace tessa {
+
 /// The main window of a start that hands its command line over: it is loaded like any other and never shown. So it has
 /// no engine, no window and nobody to ask, and costs next to nothing.
 class UnseenWindow {
@@ -38,3 +40,5 @@ private:
     UnseenDesktop::NoInput m_input;
     frmMain m_main;
 };
+
+} // namespace tessa

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <unistd.h>
 
+namespace tessa {
 namespace {
 
 std::string Variable(const char* name) {
@@ -30,14 +31,16 @@ int Print(const std::string& information) {
     return std::fputs(information.c_str(), stdout) < 0 || std::fflush(stdout) != 0;
 }
 
-std::unique_ptr<QtProgram> MakeProgram(int& argc, char** argv) {
-    const QtStartFailure told;
-    return std::make_unique<QtProgram>(argc, argv);
+std::unique_ptr<qt::QtProgram> MakeProgram(int& argc, char** argv) {
+    const qt::QtStartFailure told;
+    return std::make_unique<qt::QtProgram>(argc, argv);
 }
 
 } // namespace
+} // namespace tessa
 
 int main(int argc, char** argv) {
+    using namespace tessa;
     const CommandLine::Arguments arguments = ArgumentsOf(argc, argv);
     if (const auto information = CommandLine::Information(arguments)) return Print(*information);
     if (const auto refusal = CommandLine::Refusal(arguments, Surroundings())) {
@@ -46,7 +49,7 @@ int main(int argc, char** argv) {
     }
     // What is for the windowing system is taken out by what opens the display.
     const bool plain = std::ranges::none_of(arguments, [](const std::string& each) { return each.starts_with('-'); });
-    if (plain && QtHandOver::TryWithoutWindow(CommandLine::AsText(arguments))) ::_exit(0);
+    if (plain && qt::QtHandOver::TryWithoutWindow(CommandLine::AsText(arguments))) ::_exit(0);
     const auto program = MakeProgram(argc, argv);
     // What was meant for the windowing system has been taken out by now.
     const CommandLine::Arguments ours = ArgumentsOf(argc, argv);

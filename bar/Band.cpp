@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 Tool* Band::Add(ToolSource source, std::int32_t id, Text name, BeginGroup group) {
     m_entries.push_back({std::make_shared<Tool>(std::move(source), id, std::move(name)), group});
     Mark();
@@ -53,3 +55,5 @@ void Band::Mark() {
     m_marked = true;
     m_mirror();
 }
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <set>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kLongestCaption = 60;
@@ -56,3 +58,5 @@ Text CleanCaption(TextView caption) {
 }
 
 } // namespace BandRules
+
+} // namespace tessa

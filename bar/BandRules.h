@@ -1,6 +1,8 @@
 #pragma once
 #include "bar/CommandBar.h"
 
+namespace tessa {
+
 /// What a band may list, whoever arranges it: the user in the dialog, or a layout file.
 namespace BandRules {
 
@@ -15,3 +17,5 @@ void Mend(CommandBar& bar);
 [[nodiscard]] Text CleanCaption(TextView caption);
 
 } // namespace BandRules
+
+} // namespace tessa

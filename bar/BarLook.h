@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessa {
+
 enum class IconSize { Small, Medium, Large };
 
 /// Whether toolbars show pictures, captions or both. A tool without a picture shows its caption in any case.
@@ -12,3 +14,5 @@ struct BarLook {
     bool ToolTips = true;
     bool operator==(const BarLook&) const = default;
 };
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 struct StepKey {
@@ -196,3 +198,5 @@ void CommandBar::OpenBand(Band& band) const { BandOpen(band); }
 void CommandBar::UserClick(Tool& tool) const {
     if (tool.Enabled()) Click(tool);
 }
+
+} // namespace tessa

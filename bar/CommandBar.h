@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+namespace tessa {
+
 /// What a band is: the menu bar, a toolbar, a menu of a tool, or a menu at the pointer.
 enum class BandKind { MenuBar, Toolbar, Menu, Popup };
 
@@ -223,3 +225,5 @@ private:
     const ComboTool* m_edited = nullptr;
     std::size_t m_typed = 0;
 };
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <set>
 
+namespace tessa {
+
 using namespace LayoutWords;
 
 namespace {
@@ -228,3 +230,5 @@ void Load(CommandBar& bar, std::string_view bytes) {
 Text UserBandName(std::int32_t number) { return Text(kUserBand) + Decimal(number); }
 
 } // namespace CommandBarLayout
+
+} // namespace tessa

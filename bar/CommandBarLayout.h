@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 /// The layout of the command bar as the bytes of a file. It holds the look of the toolbars and the widths of the boxes.
 /// For each band it holds kind, caption, visibility, docking and tools. INI text; a band is a section of its own, so
 /// that damage to one costs no other. The names of all tools of the day are written too. So a later version can tell a
@@ -20,3 +22,5 @@ void Load(CommandBar& bar, std::string_view bytes);
 [[nodiscard]] Text UserBandName(std::int32_t number);
 
 } // namespace CommandBarLayout
+
+} // namespace tessa

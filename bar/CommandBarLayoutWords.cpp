@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::string_view kEnd = ".";
@@ -60,3 +62,5 @@ std::optional<std::vector<std::string>> ListOf(std::string_view text) {
 }
 
 } // namespace LayoutWords
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 /// The words of a layout file.
 namespace LayoutWords {
 
@@ -63,3 +65,5 @@ std::optional<T> ValueOf(const std::array<Word<T>, size>& words, std::string_vie
 [[nodiscard]] std::optional<std::vector<std::string>> ListOf(std::string_view words);
 
 } // namespace LayoutWords
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 
 #include <array>
 
+namespace tessa {
+
 /// Every name that the design of the command bar knows. What they name stands in the rooms above. Code writes such a
 /// name as `u"mnuStop"_tool` or `u"bndGo"_band`, which only compiles when it is in a table here.
 namespace DesignedNames {
@@ -217,3 +219,5 @@ inline constexpr TextView kOwnCommands = u"xtr";
 inline constexpr std::array kCommands{TextView(u"mn"), TextView(u"tb"), kOwnCommands};
 
 } // namespace DesignedNames
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 using Row = std::vector<Band*>;
@@ -44,3 +46,5 @@ void AssignDockRows(const CommandBar& bar, DockSide side, std::vector<Row> rows)
         for (Band* band : row) band->Dock = Docking{side, number, place++, {}, {}};
     }
 }
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include "bar/CommandBarLayout.h"
 
+namespace tessa {
+
 LayoutKeeper::LayoutKeeper(CommandBar& actBar, LayoutFile& file) : m_actBar(actBar), m_file(file) {
     m_trouble.Say.ConnectForLife([this](TextView message) { Tell(message); });
     m_trouble.TryAgain.ConnectForLife([this] { TryAgain(); });
@@ -26,3 +28,5 @@ void LayoutKeeper::Save() {
 void LayoutKeeper::SaveAgain() {
     if (m_trouble.Pending()) Save();
 }
+
+} // namespace tessa

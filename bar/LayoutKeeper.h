@@ -4,6 +4,8 @@
 #include "base/WriteTrouble.h"
 #include "platform/LayoutFile.h"
 
+namespace tessa {
+
 /// Keeps the command bar's layout in its file from one run to the next.
 class LayoutKeeper {
 public:
@@ -35,3 +37,5 @@ private:
     bool m_unread = false;
     std::string m_loaded; ///< the layout as it was after loading
 };
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include <cstdint>
 
+namespace tessa {
+
 /// The numbers that tools get which are made while the program runs. What such a tool is, says its source.
 namespace RuntimeIds {
 
@@ -26,3 +28,5 @@ inline constexpr std::int32_t kFolder = -1;
 }
 
 } // namespace RuntimeIds
+
+} // namespace tessa

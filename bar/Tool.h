@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa {
+
 /// The name of a picture; the desktop's icon theme knows what it looks like. Empty for none.
 struct Picture {
     Text Name;
@@ -129,3 +131,5 @@ public:
 private:
     bool m_measuring = false;
 };
+
+} // namespace tessa

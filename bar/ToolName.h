@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <optional>
 
+namespace tessa {
+
 /// A name out of a table of the design. There is no other way to one than through the table, so it is never misspelled.
 template<const auto& names>
 class DesignedName {
@@ -47,3 +49,5 @@ consteval ToolName operator""_tool(const char16_t* text, std::size_t size) {
 consteval BandName operator""_band(const char16_t* text, std::size_t size) {
     return CheckedName<BandName>({text, size});
 }
+
+} // namespace tessa

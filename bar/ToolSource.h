@@ -3,6 +3,8 @@
 
 #include <variant>
 
+namespace tessa {
+
 /// What the tools and the bands of the bar are made from.
 namespace MadeFrom {
 
@@ -30,3 +32,5 @@ struct Page {};
 using ToolSource =
     std::variant<MadeFrom::Design, MadeFrom::FavoriteLink, MadeFrom::FavoriteFolder, MadeFrom::Group, MadeFrom::Page>;
 using BandSource = std::variant<MadeFrom::Design, MadeFrom::User, MadeFrom::FavoriteFolder, MadeFrom::Page>;
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::array kHostSchemes{TextView(u"http"), TextView(u"https"), TextView(u"ftp"), TextView(u"ws"),
@@ -80,3 +82,5 @@ Text WithoutUser(TextView address) {
 }
 
 } // namespace Address
+
+} // namespace tessa

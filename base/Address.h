@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 // Web addresses as texts, read as the engine reads them. A backslash counts as a slash, and any number of slashes may
 // follow the colon.
 
@@ -36,3 +38,5 @@ inline constexpr TextView kBlank = u"about:blank";
 [[nodiscard]] Text WithoutUser(TextView address);
 
 } // namespace Address
+
+} // namespace tessa

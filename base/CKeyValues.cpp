@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa {
+
 CKeyValue* CKeyValues::Add(Text Key, Text Value) {
     const auto place = std::upper_bound(m_items.begin(), m_items.end(), Key,
                                         [](const Text& key, const CKeyValue& item) { return key < item.Key; });
@@ -22,3 +24,5 @@ CKeyValue* CKeyValues::FindItem(const IndexKey& vntIndexKey) {
 void CKeyValues::Remove(const IndexKey& vntIndexKey) {
     if (const auto* item = FindItem(vntIndexKey)) m_items.erase(m_items.begin() + (item - m_items.data()));
 }
+
+} // namespace tessa

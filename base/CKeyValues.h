@@ -3,6 +3,8 @@
 
 #include <vector>
 
+namespace tessa {
+
 /// A name and what it stands for.
 struct CKeyValue {
     Text Key;
@@ -29,3 +31,5 @@ public:
 private:
     std::vector<CKeyValue> m_items;
 };
+
+} // namespace tessa

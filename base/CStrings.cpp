@@ -3,6 +3,8 @@
 #include <iterator>
 #include <utility>
 
+namespace tessa {
+
 CString* CStrings::Add(Text Key, Text sKey) {
     if (!sKey.empty() && m_byKey.contains(sKey)) return nullptr;
     m_items.push_back({{std::move(Key)}, sKey});
@@ -32,3 +34,5 @@ std::list<CStrings::Entry>::iterator CStrings::Locate(const IndexKey& vntIndexKe
     if (position < 1 || position > m_items.size()) return m_items.end();
     return std::next(m_items.begin(), static_cast<std::ptrdiff_t>(position - 1));
 }
+
+} // namespace tessa

@@ -8,6 +8,8 @@
 #include <variant>
 #include <vector>
 
+namespace tessa {
+
 /// One string of a collection, held in `Key`.
 struct CString {
     Text Key;
@@ -41,3 +43,5 @@ private:
     std::list<Entry> m_items;
     std::unordered_map<Text, std::list<Entry>::iterator> m_byKey;
 };
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "base/Captions.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr char16_t kReplacementUnit = 0xFFFD;
@@ -44,3 +46,5 @@ Text WithoutAccessKey(TextView caption) {
 }
 
 Text MenuCaption(TextView text) { return EscapedCaption(OneLine(text)); }
+
+} // namespace tessa

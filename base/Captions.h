@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 // Captions, in which a "&" marks the access key behind it. Also how names from outside are shown, such as names of
 // files, which may contain one.
 
@@ -16,3 +18,5 @@
 
 /// A tool's caption that reads as that line; a "&" in it is no access key.
 [[nodiscard]] Text MenuCaption(TextView text);
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "base/Html.h"
 
+namespace tessa {
+
 std::string HtmlEscaped(std::string_view utf8) {
     std::string html;
     for (const char each : utf8) {
@@ -25,3 +27,5 @@ std::string HtmlEscaped(std::string_view utf8) {
     }
     return html;
 }
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <optional>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::string_view kForegroundWord = "foreground";
@@ -51,3 +53,5 @@ Reading Read(std::string_view bytes) {
 }
 
 } // namespace InstanceMessage
+
+} // namespace tessa

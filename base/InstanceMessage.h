@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 /// What a later start of the program says to the instance that runs, as bytes. It is one line. When a text is handed
 /// over, as many of its bytes as the line says stand behind it.
 namespace InstanceMessage {
@@ -19,7 +21,7 @@ enum class Kind { Foreground, HandOver };
 struct Message {
     Kind What = Kind::Foreground;
     std::string Token{}; ///< `Foreground`: the desktop's permission, or empty
-    ::Text Text{};       ///< `HandOver`: what is handed over
+    tessa::Text Text{};  ///< `HandOver`: what is handed over
 };
 
 /// `Refused`: these bytes begin no message of ours.
@@ -38,3 +40,5 @@ struct Reading {
 [[nodiscard]] Reading Read(std::string_view bytes);
 
 } // namespace InstanceMessage
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <array>
 #include <span>
 
+namespace tessa {
+
 namespace {
 
 struct TrustRow {
@@ -84,3 +86,5 @@ LinkTrust TrustOf(TextView address, LinkSource source) {
     }
     return LinkTrust::Never;
 }
+
+} // namespace tessa

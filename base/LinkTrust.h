@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// How far an address that was not typed is trusted.
 enum class LinkTrust {
     Open,
@@ -21,3 +23,5 @@ enum class LinkSource {
 /// tabs and line ends anywhere. A text without a scheme is a host or words, and leads to no file. A path that does not
 /// begin at the root leads nowhere. What only looks like a scheme, in letters that none has, is not trusted.
 [[nodiscard]] LinkTrust TrustOf(TextView address, LinkSource source);
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "base/OwnAddresses.h"
 
+namespace tessa {
+
 namespace OwnAddresses {
 
 Page PageAt(TextView path) {
@@ -10,3 +12,5 @@ Page PageAt(TextView path) {
 }
 
 } // namespace OwnAddresses
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// The addresses of what the program itself shows in tabs, and of what its pages ask the program for.
 namespace OwnAddresses {
 
@@ -30,3 +32,5 @@ enum class Page { None, Start, Help, Private, Preview };
 [[nodiscard]] Page PageAt(TextView path);
 
 } // namespace OwnAddresses
+
+} // namespace tessa

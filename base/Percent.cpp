@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+namespace tessa {
+
 std::string PercentEncoded(std::string_view bytes) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     std::string all;
@@ -37,3 +39,5 @@ std::string PercentDecoded(std::string_view text) {
     }
     return bytes;
 }
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 // Percent-encoding, as addresses use it.
 
 /// The bytes with all but letters, digits and "-._~" as "%XX".
@@ -14,3 +16,5 @@
 
 /// The bytes with every "%XX" decoded; a "%" without two hexadecimal digits stays.
 [[nodiscard]] std::string PercentDecoded(std::string_view text);
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 struct Range {
@@ -63,3 +65,5 @@ Text PlainLines(TextView text, std::size_t lines, std::size_t most) {
     }
     return result + u"\n...";
 }
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 
+namespace tessa {
+
 // Words that come from outside - a page, a server, a certificate - made fit to stand among our own. Nothing in them
 // turns the direction of the text, hides a part of it or pushes our own words off the screen.
 
@@ -19,3 +21,5 @@
 
 /// Several lines, kept apart by "\n": at most `lines` of at most `most` units each, cut in the same way.
 [[nodiscard]] Text PlainLines(TextView text, std::size_t lines, std::size_t most);
+
+} // namespace tessa

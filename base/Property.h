@@ -3,6 +3,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 /// A value that tells when it changes: first the form's own handlers (`Change`), then the views that show it
 /// (`Mirror`). Assigning the value it has does nothing. The owner of the form owns the property.
 template<typename T>
@@ -35,3 +37,5 @@ public:
 private:
     T m_value{};
 };
+
+} // namespace tessa

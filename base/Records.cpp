@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <charconv>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kHexDigits = u"0123456789ABCDEF";
@@ -226,3 +228,5 @@ std::string_view WholeLines(std::string_view bytes) {
     const auto end = bytes.rfind('\n');
     return end == std::string_view::npos ? std::string_view() : bytes.substr(0, end + 1);
 }
+
+} // namespace tessa

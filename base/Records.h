@@ -14,6 +14,8 @@
 #include <variant>
 #include <vector>
 
+namespace tessa {
+
 /// What stands under the name of a field.
 using FieldValue = std::variant<Text, std::vector<Text>>;
 using Fields = std::map<Text, FieldValue, std::less<>>;
@@ -48,3 +50,5 @@ struct Record {
 
 /// The bytes up to the last end of a line: a line without an end was cut off.
 [[nodiscard]] std::string_view WholeLines(std::string_view bytes);
+
+} // namespace tessa

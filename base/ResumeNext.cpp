@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+namespace tessa {
+
 namespace {
 std::size_t skippedSteps = 0;
 }
@@ -23,3 +25,5 @@ void Must(bool condition, const std::source_location& where) {
     Log::NoteMistake(where);
     std::abort();
 }
+
+} // namespace tessa

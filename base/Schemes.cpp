@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 struct SchemeRow {
@@ -45,3 +47,5 @@ SchemeKind KindOfScheme(TextView scheme) {
     const auto* row = std::ranges::find(kSchemeTable, scheme, &SchemeRow::scheme);
     return row == kSchemeTable.end() ? SchemeKind::Other : row->kind;
 }
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// Who answers for addresses of a scheme, and with what.
 enum class SchemeKind {
     Web,
@@ -20,3 +22,5 @@ enum class SchemeKind {
 
 /// `scheme` is what stands before the colon, in small letters.
 [[nodiscard]] SchemeKind KindOfScheme(TextView scheme);
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 SignalListeners::Entry* SignalListeners::LiveAt(std::size_t index) const {
     Entry* entry = m_entries[index].get();
     return Ended(entry) ? nullptr : entry;
@@ -36,3 +38,5 @@ void SignalListeners::Sweep() {
     std::erase(m_entries, nullptr);
     m_ended.clear();
 }
+
+} // namespace tessa

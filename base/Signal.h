@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa {
+
 /// What a signal keeps of its listeners, whatever they are told. An ended one keeps its place while others are told.
 class SignalListeners {
 public:
@@ -132,3 +134,5 @@ private:
 
     std::shared_ptr<SignalListeners> m_listeners; ///< made for the first; most signals have none
 };
+
+} // namespace tessa

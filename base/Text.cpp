@@ -4,6 +4,8 @@
 #include <array>
 #include <limits>
 
+namespace tessa {
+
 namespace {
 
 // Windows-1252, 80 to 9F: https://www.unicode.org/Public/MAPPINGS/VENDORS/MICSFT/WINDOWS/CP1252.TXT
@@ -210,3 +212,5 @@ char ToWindows1252(char16_t unit) {
     const auto found = std::ranges::find(kWindows1252, unit);
     return found == kWindows1252.end() ? '?' : static_cast<char>(0x80 + (found - kWindows1252.begin()));
 }
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 using Text = std::u16string;
 using TextView = std::u16string_view;
 
@@ -65,3 +67,5 @@ template<typename View, typename IsBlank>
 /// One byte of Windows-1252 as a character, and back; a character that is not in it becomes "?".
 [[nodiscard]] char16_t FromWindows1252(unsigned char byte);
 [[nodiscard]] char ToWindows1252(char16_t unit);
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <compare>
 #include <cstdint>
 
+namespace tessa {
+
 /// 1440 twips are an inch; 15 of them are a logical pixel.
 struct Twips {
     std::int32_t value = 0;
@@ -37,3 +39,5 @@ struct Rect {
     Pixels left, top, width, height;
     bool operator==(const Rect&) const = default;
 };
+
+} // namespace tessa

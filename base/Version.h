@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// What the program is called and which one it is; every place that says so takes it from here.
 namespace Version {
 
@@ -12,3 +14,5 @@ inline constexpr int kMinor = 2;
 inline constexpr int kRevision = 159;
 
 } // namespace Version
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 void WriteTrouble::Note(Outcome written, const std::source_location& where) {
     ResumeNext(written, where);
     const bool before = std::exchange(m_pending, written == Outcome::Failed);
@@ -9,3 +11,5 @@ void WriteTrouble::Note(Outcome written, const std::source_location& where) {
     if (!before) Say(m_complaint);
     TryAgain();
 }
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "base/Signal.h"
 #include "base/Text.h"
 
+namespace tessa {
+
 /// What is done about a file that cannot be written. Each failure is counted and tried again. The user is told once
 /// until a write succeeds. A member of whoever writes the file.
 class WriteTrouble {
@@ -24,3 +26,5 @@ private:
     Text m_complaint;
     bool m_pending = false;
 };
+
+} // namespace tessa

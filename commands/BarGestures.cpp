@@ -3,6 +3,8 @@
 #include "bar/CommandBar.h"
 #include "bar/ToolName.h"
 
+namespace tessa {
+
 namespace BarGestures {
 
 void FullScreenChanged(CommandBar& bar, bool on) {
@@ -16,3 +18,5 @@ void NewTab(CommandBar& bar) {
 void NewTabMenu(CommandBar& bar) { bar.Popup(u"bndNewTab"_band); }
 
 } // namespace BarGestures
+
+} // namespace tessa

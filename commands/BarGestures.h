@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessa {
+
 class CommandBar;
 
 /// What the user does elsewhere in the window and a tool of the command bar stands for.
@@ -13,3 +15,5 @@ void NewTab(CommandBar& bar);
 void NewTabMenu(CommandBar& bar);
 
 } // namespace BarGestures
+
+} // namespace tessa

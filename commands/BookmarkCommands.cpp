@@ -7,6 +7,8 @@
 #include "favorites/FavoriteFiles.h"
 #include "groups/TessaGroups.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kFilter = u"Bookmarks File (*.html, *.htm)|*.html; *.htm|All Files (*.*)|*.*";
@@ -96,3 +98,5 @@ void ExportTessaGroups(CommandContext& context) {
 }
 
 } // namespace BookmarkCommands
+
+} // namespace tessa

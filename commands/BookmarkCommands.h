@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
+namespace tessa {
+
 /// Reads and writes bookmarks as the HTML file that all browsers know. What came of it is said in the status bar.
 namespace BookmarkCommands {
 
@@ -13,3 +15,5 @@ void ExportFavorites(CommandContext& context);
 void ExportTessaGroups(CommandContext& context);
 
 } // namespace BookmarkCommands
+
+} // namespace tessa

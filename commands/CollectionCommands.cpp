@@ -2,6 +2,8 @@
 
 #include "groups/TessaGroups.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kRepairQuestion =
@@ -73,3 +75,5 @@ void OrganizeFavorites(CommandContext& context) {
 }
 
 } // namespace CollectionCommands
+
+} // namespace tessa

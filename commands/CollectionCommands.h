@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
+namespace tessa {
+
 /// Commands that keep pages: TessaGroups and Favorites. What they may have changed makes the menu out of date.
 namespace CollectionCommands {
 
@@ -13,3 +15,5 @@ void AddToFavorites(CommandContext& context);
 void OrganizeFavorites(CommandContext& context);
 
 } // namespace CollectionCommands
+
+} // namespace tessa

@@ -13,6 +13,8 @@
 #include "tabs/PageOptions.h"
 #include "tabs/TabStripInput.h"
 
+namespace tessa {
+
 /// What the commands work on. Owned by the main window; everything in it outlives it.
 struct CommandContext {
     TabSet& tabs;
@@ -45,3 +47,5 @@ struct CommandContext {
     /// What the pop-up of a menu's entry was opened on: a folder of Favorites, a link's address, a TessaGroup's file.
     Text menuEntry{};
 };
+
+} // namespace tessa

@@ -14,6 +14,8 @@
 #include <functional>
 #include <numeric>
 
+namespace tessa {
+
 namespace {
 
 void StopAll(CommandContext& context) { context.groups.StopAll(); }
@@ -428,3 +430,5 @@ std::span<const Command> FindLinks() { return Family(DesignedNames::kFindLinks);
 std::span<const Shortcut> DesignedShortcuts() { return kShortcuts; }
 
 std::span<const Shortcut> ShortcutsOfOthers() { return kShortcutsOfOthers; }
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 #include <type_traits>
 #include <variant>
 
+namespace tessa {
+
 using WindowEffect = void (*)(CommandContext&);
 using ToolEffect = void (*)(CommandContext&, const Tool&);
 /// Does nothing without a current view.
@@ -98,3 +100,5 @@ private:
 /// The combinations of keys that the bar answers, and those that it does not.
 [[nodiscard]] std::span<const Shortcut> DesignedShortcuts();
 [[nodiscard]] std::span<const Shortcut> ShortcutsOfOthers();
+
+} // namespace tessa

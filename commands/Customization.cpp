@@ -10,6 +10,8 @@
 #include <array>
 #include <iterator>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::int32_t kMostUserBands = 99;
@@ -254,3 +256,5 @@ void Customization::SetLook(const BarLook& look) {
     m_bar.Look = look;
     Tell();
 }
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include "bar/CommandBar.h"
 #include "base/Signal.h"
 
+namespace tessa {
+
 /// A tool that the user drags: an entry of a band, or a command from the list, without a band.
 struct DraggedTool {
     std::shared_ptr<Tool> Item;
@@ -80,3 +82,5 @@ private:
 
     CommandBar& m_bar;
 };
+
+} // namespace tessa

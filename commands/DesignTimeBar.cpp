@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 struct BandRow {
@@ -320,3 +322,5 @@ bool ResetBand(CommandBar& bar, TextView name) {
 bool IsDesigned(TextView band) { return std::ranges::find(kBands, band, &BandRow::name) != kBands.end(); }
 
 } // namespace DesignTimeBar
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "bar/CommandBar.h"
 
+namespace tessa {
+
 /// The command bar as it is designed: every tool, band and order, which the user may then arrange anew.
 namespace DesignTimeBar {
 
@@ -14,3 +16,5 @@ void ResetWidths(CommandBar& bar);
 [[nodiscard]] bool IsDesigned(TextView band);
 
 } // namespace DesignTimeBar
+
+} // namespace tessa

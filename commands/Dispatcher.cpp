@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 template<typename... Each>
@@ -75,3 +77,5 @@ void Dispatcher::OpenFavorite(TextView address, std::int32_t view) {
 void Dispatcher::Navigate(std::int32_t view, TextView address) {
     if (auto* open = m_context.tabs.OpenView(view)) ResumeNext(open->Control->Navigate(address));
 }
+
+} // namespace tessa

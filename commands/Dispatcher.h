@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
+namespace tessa {
+
 /// Maps a clicked tool to its effect, by its name or, for tools made at run time, by its source. Keeps no state between
 /// clicks. Owned by the main window.
 class Dispatcher {
@@ -21,3 +23,5 @@ private:
 
     CommandContext& m_context;
 };
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 // Deliberate: the two sizes differ.
@@ -116,3 +118,5 @@ std::vector<Text> WordsOf(TextView commandLine) {
 }
 
 } // namespace External
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include "platform/SettingsStorage.h"
 #include "platform/Shell.h"
 
+namespace tessa {
+
 /// Mail, news and what else lies outside: starts the user's own programs and writes the addresses that begin a mail.
 namespace External {
 
@@ -30,3 +32,5 @@ struct MailContents {
 [[nodiscard]] std::vector<Text> WordsOf(TextView commandLine);
 
 } // namespace External
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// What commands do with Favorites. Owned by the main window.
 class FavoriteActions {
 public:
@@ -20,3 +22,5 @@ public:
     /// Whether a link may be opened; asks the user where that is in doubt.
     [[nodiscard]] virtual bool MayOpenLink(TextView address) = 0;
 };
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kManyTabs = 30;
@@ -106,3 +108,5 @@ Text FavoriteCommands::SaveAsGroup(TextView folder) {
     return left == 0 ? u"The TessaGroup has been saved."
                      : u"The TessaGroup has been saved, without the Favorites that do not lead to the web.";
 }
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include "favorites/frmOrganizeFavorites.h"
 #include "forms/FormHost.h"
 
+namespace tessa {
+
 /// What the main window does with Favorites besides the menu. Owned by the main window.
 class FavoriteCommands final : public FavoriteActions {
 public:
@@ -27,3 +29,5 @@ private:
     CommandContext& m_context;
     Outside m_outside;
 };
+
+} // namespace tessa

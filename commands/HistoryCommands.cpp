@@ -3,6 +3,8 @@
 #include "address/CabCombo.h"
 #include "bar/ToolName.h"
 
+namespace tessa {
+
 namespace {
 
 /// What the entries of a list are called, one and several.
@@ -34,3 +36,5 @@ void ClearAddresses(CommandContext& context) { ClearList(context, u"cboAddress"_
 void ClearSearches(CommandContext& context) { ClearList(context, u"cboSearch"_tool, {u"search", u"searches"}); }
 
 } // namespace HistoryCommands
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
+namespace tessa {
+
 /// Commands about the lists of the address box and the search box.
 namespace HistoryCommands {
 
@@ -9,3 +11,5 @@ void ClearAddresses(CommandContext& context);
 void ClearSearches(CommandContext& context);
 
 } // namespace HistoryCommands
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 Text GroupNameOf(TextView path) {
@@ -75,3 +77,5 @@ void DeleteGroup(CommandContext& context) {
 }
 
 } // namespace MenuEntryCommands
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 
 #include <optional>
 
+namespace tessa {
+
 /// Commands of the pop-ups that entries of the Favorites and TessaGroups menus have. They work on the entry that the
 /// pop-up was opened on.
 namespace MenuEntryCommands {
@@ -26,3 +28,5 @@ void RenameGroup(CommandContext& context);
 void DeleteGroup(CommandContext& context);
 
 } // namespace MenuEntryCommands
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include "bar/ToolName.h"
 #include "tabs/Browser.h"
 
+namespace tessa {
+
 namespace PageCommands {
 
 void GoBack(CommandContext&, BrowserView& view) { ResumeNext(view.GoBack()); }
@@ -73,3 +75,5 @@ void LaunchMailClient(CommandContext& context) { External::LaunchMailClient(cont
 void LaunchNewsClient(CommandContext& context) { External::LaunchNewsClient(context.settings, context.shell); }
 
 } // namespace PageCommands
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
+namespace tessa {
+
 /// Commands on the current page.
 namespace PageCommands {
 
@@ -33,3 +35,5 @@ void LaunchMailClient(CommandContext& context);
 void LaunchNewsClient(CommandContext& context);
 
 } // namespace PageCommands
+
+} // namespace tessa

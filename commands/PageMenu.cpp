@@ -12,6 +12,8 @@
 
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kShownWords = 24;
@@ -187,3 +189,5 @@ void Run(CommandContext& context, const Tool& tool) {
 }
 
 } // namespace PageMenu
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
+namespace tessa {
+
 /// The menu of a page: what can be done with what lies under the pointer.
 namespace PageMenu {
 
@@ -28,3 +30,5 @@ void ReplaceWord(CommandContext& context, const Tool& tool);
 void Run(CommandContext& context, const Tool& tool);
 
 } // namespace PageMenu
+
+} // namespace tessa

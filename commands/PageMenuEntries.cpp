@@ -7,6 +7,8 @@
 
 #include <initializer_list>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kMostShownWords = 24;
@@ -124,3 +126,5 @@ std::vector<BandEntry> For(const CommandContext& context, const PageContext& pag
 }
 
 } // namespace PageMenuEntries
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
+namespace tessa {
+
 /// What the menu of a page lists.
 namespace PageMenuEntries {
 
@@ -8,3 +10,5 @@ namespace PageMenuEntries {
 [[nodiscard]] std::vector<BandEntry> For(const CommandContext& context, const PageContext& page, TextView address);
 
 } // namespace PageMenuEntries
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "commands/MenuEntryCommands.h"
 #include "groups/TessaGroups.h"
 
+namespace tessa {
+
 RuntimeMenus::RuntimeMenus(CommandContext& context, FolderWatch& watch)
     : m_context(context), m_watch(watch), m_favorites(context.actBar) {
     m_watch.Changed.ConnectForLife([this](TextView folder) {
@@ -95,3 +97,5 @@ void RuntimeMenus::RemoveFolderBands() {
     for (const Text& folder : m_watched) m_watch.Unwatch(folder);
     m_watched.clear();
 }
+
+} // namespace tessa

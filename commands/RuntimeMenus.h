@@ -8,6 +8,8 @@
 #include <functional>
 #include <vector>
 
+namespace tessa {
+
 /// Brings changing menus up to date when they open: Favorites, TessaGroups, and the check mark of the text size. The
 /// ids it gives count on for the whole run. Owned by the main window.
 class RuntimeMenus {
@@ -50,3 +52,5 @@ private:
     std::vector<Text> m_watched; ///< the folders of Favorites that were read since the last rebuild
     std::int32_t m_nextGroup = 0;
 };
+
+} // namespace tessa

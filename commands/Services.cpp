@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::string_view kSearchByDesign = "https://duckduckgo.com/?q=%s";
@@ -87,3 +89,5 @@ std::optional<std::string> TargetOf(std::string_view url, const ServiceTemplates
 }
 
 } // namespace Services
+
+} // namespace tessa

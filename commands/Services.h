@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 /// The real services behind the product's own hosts. In a template "%s" stands for the words or the name of the link,
 /// percent-encoded. An empty template means the service by design.
 struct ServiceTemplates {
@@ -20,3 +22,5 @@ namespace Services {
 [[nodiscard]] std::optional<std::string> TargetOf(std::string_view url, const ServiceTemplates& templates);
 
 } // namespace Services
+
+} // namespace tessa

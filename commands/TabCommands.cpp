@@ -4,6 +4,8 @@
 #include "base/Address.h"
 #include "base/OwnAddresses.h"
 
+namespace tessa {
+
 namespace {
 
 void OpenInFront(CommandContext& context, TextView address, Privacy privacy = Privacy::Ordinary) {
@@ -51,3 +53,5 @@ void PopupClose(CommandContext& context) {
 }
 
 } // namespace TabCommands
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
+namespace tessa {
+
 /// Commands that make, choose and close tabs.
 namespace TabCommands {
 
@@ -21,3 +23,5 @@ void PopupRefresh(CommandContext& context);
 void PopupClose(CommandContext& context);
 
 } // namespace TabCommands
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include "bar/ToolName.h"
 
+namespace tessa {
+
 namespace {
 
 void CloseFrom(CommandContext& context, std::size_t first, const Tab* kept) {
@@ -68,3 +70,5 @@ void ShowReopen(CommandContext& context) {
 }
 
 } // namespace TabMoreCommands
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "commands/CommandContext.h"
 
+namespace tessa {
+
 /// What else can be done with the tab that the pop-up was opened on. Does nothing when that tab is gone.
 namespace TabMoreCommands {
 
@@ -20,3 +22,5 @@ void ShowState(CommandContext& context);
 void ShowReopen(CommandContext& context);
 
 } // namespace TabMoreCommands
+
+} // namespace tessa

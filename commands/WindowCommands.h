@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessa {
+
 /// What commands have the main window do. Owned by it.
 class WindowCommands {
 public:
@@ -22,3 +24,5 @@ public:
     virtual void CopyReport() = 0;
     virtual void Exit() = 0;
 };
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 frmResize::frmResize(CommandBar& actBar)
     : cmdResize{Button{u"-100"}, Button{u"-25"}, Button{u"-10"}, Button{u"-1"},
                 Button{u"+1"},   Button{u"+10"}, Button{u"+25"}, Button{u"+100"}},
@@ -28,3 +30,5 @@ void frmResize::cmdResize_Click(std::size_t Index) {
 }
 
 void frmResize::cmdClose_Click() { Form.Visible = false; }
+
+} // namespace tessa

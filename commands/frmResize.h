@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace tessa {
+
 /// The dialog that changes the width of the address box or the search box, as data. Made afresh for every show; each
 /// step comes into effect at once and stays.
 class frmResize {
@@ -33,3 +35,5 @@ private:
     CommandBar& m_actBar;
     Text m_mode;
 };
+
+} // namespace tessa

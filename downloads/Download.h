@@ -6,6 +6,8 @@
 #include <memory>
 #include <optional>
 
+namespace tessa {
+
 /// Whether something may be written to disk about it.
 enum class Remembered : bool { No = false, Yes = true };
 
@@ -30,3 +32,5 @@ struct Download {
     /// Seconds until it is done, as it stands at that time; nothing when nobody can tell.
     [[nodiscard]] std::optional<std::int64_t> SecondsLeft(std::int64_t now) const;
 };
+
+} // namespace tessa

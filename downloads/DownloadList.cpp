@@ -5,6 +5,8 @@
 
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kDownload = u"Download";
@@ -117,3 +119,5 @@ std::vector<Download> Read(std::string_view bytes) {
 }
 
 } // namespace DownloadList
+
+} // namespace tessa

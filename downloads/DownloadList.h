@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 /// The list of downloads as the bytes of a file.
 namespace DownloadList {
 
@@ -18,3 +20,5 @@ inline constexpr std::size_t kMostBytes = std::size_t{4} << 20;
 [[nodiscard]] std::vector<Download> Read(std::string_view bytes);
 
 } // namespace DownloadList
+
+} // namespace tessa

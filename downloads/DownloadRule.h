@@ -1,6 +1,8 @@
 #pragma once
 #include <cstddef>
 
+namespace tessa {
+
 /// How many files a page may save by itself. A few are what the user expects of a click; from there on the page asks.
 /// Whoever goes to another page begins anew.
 class DownloadRule {
@@ -27,3 +29,5 @@ private:
     bool m_allowed = false;
     bool m_refused = false;
 };
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::array kUnits{TextView(u" bytes"), TextView(u" kB"), TextView(u" MB"), TextView(u" GB"),
@@ -127,3 +129,5 @@ OwnQuestion ExitQuestion(std::size_t running) {
 }
 
 } // namespace DownloadWords
+
+} // namespace tessa

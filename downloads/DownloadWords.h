@@ -2,6 +2,8 @@
 #include "downloads/Downloads.h"
 #include "platform/Dialogs.h"
 
+namespace tessa {
+
 /// What is told about downloads.
 namespace DownloadWords {
 
@@ -24,3 +26,5 @@ inline constexpr TextView kInFolder = u", in ";
 [[nodiscard]] OwnQuestion ExitQuestion(std::size_t running);
 
 } // namespace DownloadWords
+
+} // namespace tessa

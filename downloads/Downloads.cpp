@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kNameInStatusBar = 60;
@@ -205,3 +207,5 @@ void Downloads::Write() {
 void Downloads::WriteAgain() {
     if (m_trouble.Pending()) Write();
 }
+
+} // namespace tessa

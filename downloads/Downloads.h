@@ -7,6 +7,8 @@
 #include <memory>
 #include <optional>
 
+namespace tessa {
+
 /// The files that pages or the user had saved, the newest first. A download has a file of its own in the folder for
 /// downloads; none is ever overwritten. The list outlives a run; what was running then has broken off.
 /// Calls with an id that is none do nothing. Owned by the main window.
@@ -86,3 +88,5 @@ private:
     std::int32_t m_nextId = 1;
     bool m_ended = false;
 };
+
+} // namespace tessa

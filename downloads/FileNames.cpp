@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 /// Leaves room for " (123)" and for what the engine adds while it writes.
@@ -86,3 +88,5 @@ Text FreeFileName(TextView name, const std::function<bool(TextView)>& taken) {
     }
     return candidate;
 }
+
+} // namespace tessa

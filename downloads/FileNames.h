@@ -3,6 +3,8 @@
 
 #include <functional>
 
+namespace tessa {
+
 // Names of files that pages and servers suggest, made fit to lie in a folder of the user's.
 
 /// One file name, whatever is suggested. It has no path, is not hidden, and holds nothing that turns the direction of
@@ -15,3 +17,5 @@
 
 /// The name itself, or with " (1)", " (2)", ... before its ending: the first that is not taken.
 [[nodiscard]] Text FreeFileName(TextView name, const std::function<bool(TextView)>& taken);
+
+} // namespace tessa

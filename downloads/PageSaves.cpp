@@ -5,6 +5,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 PageSaves::Step PageSaves::Want(std::optional<bool> decided, bool person, TextView address) {
     if (decided) return *decided ? Step::Save : Step::Refuse;
     // Whoever clicks for each file wants each of them.
@@ -27,3 +29,5 @@ std::vector<Text> PageSaves::Answer(bool allowed) {
     m_rule.Refuse();
     return {};
 }
+
+} // namespace tessa

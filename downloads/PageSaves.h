@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+namespace tessa {
+
 /// The files that one page saves: which it may, and which wait for its user's answer.
 class PageSaves {
 public:
@@ -32,3 +34,5 @@ private:
     std::vector<Text> m_held;
     bool m_asks = false;
 };
+
+} // namespace tessa

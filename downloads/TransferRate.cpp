@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 constexpr std::int64_t kWindow = 5000;
 constexpr std::int64_t kShortest = 300;
@@ -23,3 +25,5 @@ std::optional<std::int64_t> TransferRate::PerSecond(std::int64_t now) const {
     if (time < (bytes > 0 ? kShortest : kWindow)) return std::nullopt;
     return bytes * 1000 / time;
 }
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <deque>
 #include <optional>
 
+namespace tessa {
+
 /// How fast bytes arrive: the average of the last few seconds, so that it neither jumps nor lags.
 class TransferRate {
 public:
@@ -18,3 +20,5 @@ private:
     };
     std::deque<Sample> m_samples;
 };
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kNameInList = 200;
@@ -117,3 +119,5 @@ void frmDownloads::lstDownloads_Delete() {
     else
         m_downloads.Remove(Selected());
 }
+
+} // namespace tessa

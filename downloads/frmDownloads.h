@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace tessa {
+
 /// A line of the list of downloads.
 struct DownloadLine {
     std::int32_t Id = 0;
@@ -62,3 +64,5 @@ private:
     const WallClock& m_clock;
     std::int32_t m_newest = 0; ///< the highest id that was shown; later ones are new
 };
+
+} // namespace tessa

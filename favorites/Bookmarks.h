@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace tessa {
+
 /// The HTML file of bookmarks that every browser writes and reads. Reading it needs a library, so that stands in a room
 /// of its own.
 namespace Bookmarks {
@@ -19,3 +21,5 @@ namespace Bookmarks {
 std::size_t ToFavorites(const BookmarkFolder& bookmarks, TextView folder);
 
 } // namespace Bookmarks
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <set>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kDeepestWritten = 64;
@@ -77,3 +79,5 @@ std::size_t ToFavorites(const BookmarkFolder& bookmarks, TextView folder) {
 }
 
 } // namespace Bookmarks
+
+} // namespace tessa

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 /// A name has 255 bytes at most on disk; some are kept for the ending and a number.
@@ -77,7 +79,7 @@ void Add(std::vector<Favorites::Item>& items, const CKeyValues& folders) {
 
 namespace Favorites {
 
-bool IsFolder(TextView path) { return ::IsFolder(PathToBytes(path)); }
+bool IsFolder(TextView path) { return tessa::IsFolder(PathToBytes(path)); }
 
 std::vector<Item> Items(TextView folder) {
     const Listing listing = List(folder);
@@ -157,3 +159,5 @@ Outcome SetAddress(TextView path, TextView address) {
 Outcome Delete(TextView path) { return RemoveTree(PathToBytes(path)); }
 
 } // namespace Favorites
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+namespace tessa {
+
 namespace Favorites {
 
 /// What a folder is called until the user gives it a name.
@@ -53,3 +55,5 @@ Outcome Delete(TextView path);
 [[nodiscard]] Text FileNameOf(TextView title);
 
 } // namespace Favorites
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 
 #include <functional>
 
+namespace tessa {
+
 namespace {
 
 constexpr int kMostNamesTried = 1000;
@@ -118,3 +120,5 @@ Text WordsOf(const Repaired& repaired) {
 }
 
 } // namespace Favorites
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 
+namespace tessa {
+
 // When no Favorites can be added because of what lies on the disk.
 
 namespace Favorites {
@@ -31,3 +33,5 @@ Repaired Repair(TextView folder);
 [[nodiscard]] Text WordsOf(const Repaired& repaired);
 
 } // namespace Favorites
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::string_view kSection = "InternetShortcut";
@@ -84,3 +86,5 @@ void Menu::AddShortcut(Band& band, const CKeyValue& shortcut) {
 }
 
 } // namespace Favorites
+
+} // namespace tessa

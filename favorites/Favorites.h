@@ -2,6 +2,8 @@
 #include "bar/CommandBar.h"
 #include "base/CKeyValues.h"
 
+namespace tessa {
+
 /// The user's Favorites: a folder of Internet shortcut files and sub-folders of the same kind.
 namespace Favorites {
 
@@ -52,3 +54,5 @@ private:
 };
 
 } // namespace Favorites
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Captions.h"
 
+namespace tessa {
+
 namespace Favorites {
 
 /// A title in quotes, as a message names it; a long one is cut.
@@ -11,3 +13,5 @@ namespace Favorites {
 }
 
 } // namespace Favorites
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 Text AlreadyThere(TextView root, TextView found) {
@@ -65,3 +67,5 @@ void frmAddFavorite::cmdOK_Click() {
         lblMessage.Caption = u"The page could not be added: the folder cannot be written to.";
     }
 }
+
+} // namespace tessa

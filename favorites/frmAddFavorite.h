@@ -3,6 +3,8 @@
 #include "favorites/FavoriteFiles.h"
 #include "forms/Controls.h"
 
+namespace tessa {
+
 /// The question under which name and in which folder a page is kept. Made afresh for every show.
 class frmAddFavorite {
 public:
@@ -41,3 +43,5 @@ private:
     Text m_address;
     Text m_notice; ///< which Favorite leads to the page already; empty when none does
 };
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 frmOrganizeFavorites::frmOrganizeFavorites(Text root, Outside outside)
     : m_root(std::move(root)), m_outside(std::move(outside)) {
     Selected.Change.ConnectForLife([this] { Selected_Change(); });
@@ -149,3 +151,5 @@ void frmOrganizeFavorites::cmdSaveGroup_Click() {
     const Text result = m_outside.SaveAsGroup ? m_outside.SaveAsGroup(SelectedFolder()) : Text();
     lblMessage.Caption = result;
 }
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include "platform/Dialogs.h"
 #include "platform/Trash.h"
 
+namespace tessa {
+
 /// The dialog that sorts, renames and deletes Favorites. Every change is on disk at once. Made afresh for every show.
 class frmOrganizeFavorites {
 public:
@@ -77,3 +79,5 @@ private:
     Text m_address;                 ///< of the selected shortcut, as it is shown
     std::vector<Trashed> m_trashed; ///< what can come back, the last one first
 };
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include "base/Property.h"
 #include "base/Text.h"
 
+namespace tessa {
+
 enum class CheckState { Unticked = 0, Ticked = 1, Grey = 2 };
 
 struct CheckBox {
@@ -47,3 +49,5 @@ struct Frame {
 struct FormState {
     Property<bool> Visible{false};
 };
+
+} // namespace tessa

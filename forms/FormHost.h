@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessa {
+
 class frmAddFavorite;
 class frmDefBrowser;
 class frmInternetOptions;
@@ -28,3 +30,5 @@ public:
     virtual void Show(frmSplash& form) = 0;
     virtual void Show(frmTessaGroup& form) = 0;
 };
+
+} // namespace tessa

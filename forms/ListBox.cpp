@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 const Text* ListBox::FindSelected() const {
     const auto index = static_cast<std::size_t>(ListIndex());
     return ListIndex() >= 0 && index < m_items.size() ? &m_items[index] : nullptr;
@@ -40,3 +42,5 @@ Connection ListBox::Attach(Signal<void(ListBoxChange)>::Listener items) {
 }
 
 void ListBox::Report(ListBoxChange::Kind kind, std::size_t index) const { m_mirror({kind, index}); }
+
+} // namespace tessa

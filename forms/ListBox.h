@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+namespace tessa {
+
 /// What has happened to a list's items: to the one at `index`, or to all of them.
 struct ListBoxChange {
     enum class Kind { All, Inserted, Removed, Text };
@@ -52,3 +54,5 @@ private:
     std::vector<Text> m_items;
     Signal<void(ListBoxChange)> m_mirror;
 };
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "base/Units.h"
 #include "forms/Controls.h"
 
+namespace tessa {
+
 /// The status bar: a single text, shown or hidden, and buttons while there is something to do about it. `Height` is
 /// what its view needs, reported by the view.
 struct StatusBar {
@@ -54,3 +56,5 @@ private:
 
     Connection m_undo;
 };
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa {
+
 Tab* TabStrip::Add(std::size_t position, Text key) {
     if (m_byKey.contains(key)) return nullptr;
     auto tab = std::make_unique<Tab>();
@@ -126,3 +128,5 @@ void TabStrip::Mark(TabStripChange change) {
     marked = true;
     m_mirror(change);
 }
+
+} // namespace tessa

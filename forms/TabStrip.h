@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+namespace tessa {
+
 /// Pictures of the strip's image list `ilTabs`; "Red" is the busy mark.
 enum class TabImage { None = 0, Red };
 
@@ -102,3 +104,5 @@ private:
     bool m_layoutMarked = false;
     bool m_facesMarked = false;
 };
+
+} // namespace tessa

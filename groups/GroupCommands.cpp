@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 /// More pages of a group that somebody else may have made open only when the user wants them.
@@ -157,3 +159,5 @@ Text GroupCommands::TitleOf(TextView address) const {
     }
     return {};
 }
+
+} // namespace tessa

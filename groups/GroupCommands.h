@@ -8,6 +8,8 @@
 #include <span>
 #include <vector>
 
+namespace tessa {
+
 /// What the main window does with TessaGroups. A group is named by the full path of its file. What goes wrong with a
 /// file is said in the status bar. Owned by the main window.
 class GroupCommands {
@@ -71,3 +73,5 @@ private:
     Parts m_parts;
     LoadProgress m_progress;
 };
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "groups/LoadProgress.h"
 
+namespace tessa {
+
 void LoadProgress::Begin() {
     if (m_loading.empty()) m_all = 0;
 }
@@ -28,3 +30,5 @@ void LoadProgress::Show() {
     m_sbStatus.StopAll.Visible = Loading() && m_all >= kMany;
     if (m_all >= kMany) m_sbStatus.SimpleText = Count();
 }
+
+} // namespace tessa

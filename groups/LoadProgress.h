@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <unordered_set>
 
+namespace tessa {
+
 /// Says in the status bar how many of the pages opened together have loaded, and offers to stop the rest. A few pages
 /// load without a word. Owned by the group commands.
 class LoadProgress {
@@ -33,3 +35,5 @@ private:
     std::unordered_set<std::int32_t> m_loading;
     std::size_t m_all = 0;
 };
+
+} // namespace tessa

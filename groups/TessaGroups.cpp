@@ -6,6 +6,8 @@
 #include "forms/TabStrip.h"
 #include "tabs/OpenTabs.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr std::string_view kSection = "TessaGroup";
@@ -108,3 +110,5 @@ Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, Me
 }
 
 } // namespace TessaGroups
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+namespace tessa {
+
 class TabStrip;
 
 /// TessaGroup files: INI text whose section "TessaGroup" names one address a key. A group is known by the full path of
@@ -18,7 +20,7 @@ inline constexpr TextView kExtension = u".tvg";
 /// For a file dialog that asks for a group.
 inline constexpr TextView kFileFilter = u"TessaGroup File (*.tvg)|*.tvg";
 
-using ::ReadIniValue;
+using tessa::ReadIniValue;
 
 /// The addresses of a group file in the order of its keys, whatever the keys are; empty ones stay. Empty when the
 /// file or its section cannot be read. Keys beyond 16382 bytes of names are left out, and so is everything after a
@@ -66,3 +68,5 @@ Outcome Delete(TextView path);
 void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId);
 
 } // namespace TessaGroups
+
+} // namespace tessa

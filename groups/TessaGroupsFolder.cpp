@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 std::vector<Text> GroupFiles(TextView folder) {
@@ -48,3 +50,5 @@ void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, st
 }
 
 } // namespace TessaGroups
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include "favorites/FavoriteFiles.h"
 #include "groups/TessaGroups.h"
 
+namespace tessa {
+
 frmRenameGroup::frmRenameGroup(TextView path) : m_path(path) {
     m_name = path.substr(path.rfind(u'/') + 1);
     m_name.resize(m_name.size() - TessaGroups::kExtension.size());
@@ -34,3 +36,5 @@ void frmRenameGroup::cmdOK_Click() {
     if (!same) Renamed = name;
     Form.Visible = false;
 }
+
+} // namespace tessa

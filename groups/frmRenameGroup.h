@@ -1,6 +1,8 @@
 #pragma once
 #include "forms/Controls.h"
 
+namespace tessa {
+
 /// The question what a TessaGroup is to be called, as data. Made afresh for every show.
 class frmRenameGroup {
 public:
@@ -25,3 +27,5 @@ private:
     Text m_path;
     Text m_name; ///< what it is called before
 };
+
+} // namespace tessa

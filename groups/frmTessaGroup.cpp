@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kInsert = u"Insert";
@@ -149,3 +151,5 @@ void frmTessaGroup::cmdOK_Click() {
 }
 
 void frmTessaGroup::cmdCancel_Click() { Form.Visible = false; }
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include "forms/ListBox.h"
 #include "platform/Dialogs.h"
 
+namespace tessa {
+
 /// The editor of one group file, as data: reorders, inserts, changes and deletes addresses and writes them all with
 /// OK. Made afresh for every show.
 class frmTessaGroup {
@@ -70,3 +72,5 @@ private:
     FormHost& m_forms;
     Text m_fileName;
 };
+
+} // namespace tessa

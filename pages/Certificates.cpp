@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kLongestSubject = 120;
@@ -115,3 +117,5 @@ std::vector<Detail> Details(const RefusedCertificate& certificate) {
 bool AcceptedCertificates::HasHost(TextView host) const {
     return std::ranges::any_of(m_accepted, [host](const auto& each) { return each.first == host; });
 }
+
+} // namespace tessa

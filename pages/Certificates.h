@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa {
+
 /// Why a certificate was refused.
 enum class CertificateProblem { UnknownIssuer, WrongName, NotYetValid, Expired, Revoked, Weak, Broken };
 
@@ -57,3 +59,5 @@ public:
 private:
     std::set<std::pair<Text, Text>> m_accepted;
 };
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kThisRun = u" (until TessaView is closed)";
@@ -42,3 +44,5 @@ SiteChoices DecidedSites(SitePermissions& permissions, ExternalSchemes& programs
                     programs.ForgetAll();
                 }};
 }
+
+} // namespace tessa

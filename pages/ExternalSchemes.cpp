@@ -2,6 +2,8 @@
 
 #include "base/Schemes.h"
 
+namespace tessa {
+
 bool ExternalSchemes::IsExternal(TextView scheme) {
     if (scheme.empty()) return false;
     const SchemeKind kind = KindOfScheme(scheme);
@@ -25,3 +27,5 @@ std::vector<ExternalSchemes::Decision> ExternalSchemes::All() const {
 }
 
 void ExternalSchemes::Forget(TextView scheme, TextView site) { m_answers.erase({Text(scheme), Text(site)}); }
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa {
+
 /// What is to become of an address that no page can show.
 enum class ExternalRule { Ask, Open, Refuse };
 
@@ -29,3 +31,5 @@ public:
 private:
     std::map<std::pair<Text, Text>, bool> m_answers;
 };
+
+} // namespace tessa

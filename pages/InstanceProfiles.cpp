@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace tessa {
+
 namespace {
 Text ProfileNumber(int number) { return FromBytes(std::to_string(number)); }
 } // namespace
@@ -29,3 +31,5 @@ InstanceProfiles::Words InstanceProfiles::WordsFor(int number) {
             u"windows of TessaView.",
             u"Another TessaView is open. This window has cookies and logins of its own: " + sign + u"."};
 }
+
+} // namespace tessa

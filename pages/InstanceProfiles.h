@@ -3,6 +3,8 @@
 
 #include <functional>
 
+namespace tessa {
+
 /// The engine's profiles. Each instance that runs at the same time has one, so that two never write to one. They last:
 /// an instance has the lowest that is free when it starts, which is its predecessor's.
 namespace InstanceProfiles {
@@ -33,3 +35,5 @@ struct Words {
 [[nodiscard]] Words WordsFor(int number);
 
 } // namespace InstanceProfiles
+
+} // namespace tessa

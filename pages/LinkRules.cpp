@@ -2,6 +2,8 @@
 
 #include "base/Address.h"
 
+namespace tessa {
+
 bool MayOpenFromPage(TextView page, TextView address) {
     const Text scheme = Address::SchemeOf(address);
     if (scheme == u"http" || scheme == u"https") return true;
@@ -12,3 +14,5 @@ bool MaySave(TextView address) {
     const Text scheme = Address::SchemeOf(address);
     return scheme == u"http" || scheme == u"https" || scheme == u"data" || scheme == u"blob";
 }
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include "base/PlainText.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kHostInStatusBar = 60;
@@ -50,3 +52,5 @@ Text Ended(LoadEnd end, TextView host, std::int32_t status) {
 }
 
 } // namespace LoadWords
+
+} // namespace tessa

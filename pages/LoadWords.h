@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+namespace tessa {
+
 /// How the load of a page has ended.
 enum class LoadEnd {
     Done,
@@ -33,3 +35,5 @@ inline constexpr TextView kDied = u"The page has stopped working.";
 [[nodiscard]] Text Ended(LoadEnd end, TextView host, std::int32_t status);
 
 } // namespace LoadWords
+
+} // namespace tessa

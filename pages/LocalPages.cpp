@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 // "/a/kept.html" was saved with what lies in "/a/kept_files/".
@@ -34,3 +36,5 @@ bool MayLoadLocal(TextView page, TextView file, LocalUse use) {
     }
     return false;
 }
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// What a page that lies on this computer wants a file for.
 enum class LocalUse {
     Page,  ///< to be shown instead of the page, or in a tab of its own
@@ -14,3 +16,5 @@ enum class LocalUse {
 /// that was saved with its parts shows them, frames too. A page with pictures and styles beside it shows these, unless
 /// they lie in hidden folders. `page` is empty when it is not known.
 [[nodiscard]] bool MayLoadLocal(TextView page, TextView file, LocalUse use);
+
+} // namespace tessa

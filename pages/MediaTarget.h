@@ -2,6 +2,8 @@
 #include <cstdint>
 #include <vector>
 
+namespace tessa {
+
 /// A view that is open.
 struct MediaView {
     std::int32_t Index = 0;
@@ -18,3 +20,5 @@ public:
 private:
     std::int32_t m_last = 0;
 };
+
+} // namespace tessa

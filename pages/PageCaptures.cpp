@@ -1,5 +1,7 @@
 #include "pages/PageCaptures.h"
 
+namespace tessa {
+
 void PageCaptures::Allow(SitePermission permission) {
     const auto isAnyOf = [permission](auto... each) { return ((permission == each) || ...); };
     using enum SitePermission;
@@ -25,3 +27,5 @@ Text PageCaptures::Words() const {
         all += (i == 0 ? Text() : Text(i + 1 == words.size() ? u" and " : u", ")) + words[i];
     return all;
 }
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "pages/SitePermissions.h"
 
+namespace tessa {
+
 /// What one page may see and hear of its user: camera, microphone, screen. The engine does not tell when a page begins
 /// or ends that. What the page itself says cannot be trusted. So it counts from the moment at which the user allowed it
 /// until its document is gone.
@@ -25,3 +27,5 @@ private:
     };
     Devices m_before, m_since; ///< since the last navigation began, and before
 };
+
+} // namespace tessa

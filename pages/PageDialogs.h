@@ -1,6 +1,8 @@
 #pragma once
 #include <cstddef>
 
+namespace tessa {
+
 /// How often a page may speak in dialogs. From its second on the user can silence it; that holds until the user
 /// goes to another page, not until the page does.
 class PageDialogRule {
@@ -17,3 +19,5 @@ private:
     std::size_t m_shown = 0;
     bool m_silenced = false;
 };
+
+} // namespace tessa

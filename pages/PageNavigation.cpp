@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 void PageNavigation::Ask() {
     m_wish = Wish::Waiting;
     if (m_shown == Shown::Overdue) m_shown = Shown::Nothing;
@@ -58,3 +60,5 @@ bool PageNavigation::Know(Kind kind) { return std::exchange(m_kind, kind) != kin
 void PageNavigation::BeLate() {
     if (m_shown == Shown::Nothing) m_shown = Shown::Overdue;
 }
+
+} // namespace tessa

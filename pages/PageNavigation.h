@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessa {
+
 /// How far a view has come, in three states at once: what was asked for, what the engine loads, and what is shown. One
 /// page may be shown while another loads and a third one waits for its turn.
 class PageNavigation {
@@ -78,3 +80,5 @@ private:
     bool m_leaves = false; ///< the next document is another one
     bool m_opened = false;
 };
+
+} // namespace tessa

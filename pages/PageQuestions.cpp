@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+namespace tessa {
+
 PageQuestions::~PageQuestions() {
     for (const Waiting& each : std::exchange(m_waiting, {})) Tell(each.second, PageQuestion::kDismissed, false);
 }
@@ -68,3 +70,5 @@ void PageQuestions::Dismiss(const std::deque<Waiting>& gone) {
     Changed();
     for (const Waiting& each : gone) Tell(each.second, PageQuestion::kDismissed, false);
 }
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <functional>
 #include <vector>
 
+namespace tessa {
+
 /// What a question is about, when that is for the user to choose.
 struct PageChoices {
     std::vector<Text> Names;
@@ -71,3 +73,5 @@ private:
 
     std::deque<Waiting> m_waiting;
 };
+
+} // namespace tessa

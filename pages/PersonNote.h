@@ -4,6 +4,8 @@
 #include <optional>
 #include <utility>
 
+namespace tessa {
+
 /// That a person has just clicked or typed in a page. The note is good for one thing, and for some seconds: what comes
 /// later is not what that person wanted.
 class PersonNote {
@@ -23,3 +25,5 @@ public:
 private:
     std::optional<Clock::time_point> m_made;
 };
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kAllowOnce = 0, kAlwaysAllow = 2;
@@ -39,3 +41,5 @@ PopupRule::Verdict PopupRule::Answer(std::size_t answer) {
         if (KindOfScheme(Address::SchemeOf(each.Address)) == SchemeKind::Web) verdict.Opened.push_back(each.Address);
     return verdict;
 }
+
+} // namespace tessa

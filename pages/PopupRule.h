@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+namespace tessa {
+
 /// A window that a page wants to open by itself.
 struct HeldWindow {
     Text Address;
@@ -44,3 +46,5 @@ public:
 private:
     std::vector<HeldWindow> m_held;
 };
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kMostPopupPlaces = 3;
@@ -39,3 +41,5 @@ Text PopupWords(TextView asker, const std::vector<Text>& places, PopupsHeld held
     if (held == PopupsHeld::First) windows = u"more than " + windows;
     return Text(asker) + u" wants to open " + windows + PlaceWords(DifferentPlaces(places)) + u".";
 }
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kName = u"SitePermissions";
@@ -117,3 +119,5 @@ void SitePermissions::Change(const std::function<void(std::vector<SiteDecision>&
         return lines;
     }));
 }
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <optional>
 #include <vector>
 
+namespace tessa {
+
 /// What a site asks for.
 enum class SitePermission {
     Location,
@@ -58,3 +60,5 @@ private:
 
     SettingsStorageFactory& m_settings;
 };
+
+} // namespace tessa

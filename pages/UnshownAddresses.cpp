@@ -3,6 +3,8 @@
 #include "base/Address.h"
 #include "base/Schemes.h"
 
+namespace tessa {
+
 namespace {
 
 bool NamesNoHost(TextView rest) { return rest.find_first_not_of(u'/') == TextView::npos; }
@@ -26,3 +28,5 @@ Text WhyNot(TextView address) {
 }
 
 } // namespace UnshownAddresses
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// Addresses that lead nowhere, whatever is installed: the engine drops them without a word.
 namespace UnshownAddresses {
 
@@ -9,3 +11,5 @@ namespace UnshownAddresses {
 [[nodiscard]] Text WhyNot(TextView address);
 
 } // namespace UnshownAddresses
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// The program as the desktop sees it, during its start. Owned by the program's entry.
 class Application {
 public:
@@ -18,3 +20,5 @@ public:
     /// Takes the window off the screen; nothing when it is not there.
     virtual void Unload() = 0;
 };
+
+} // namespace tessa

@@ -12,6 +12,8 @@
 #include <optional>
 #include <string>
 
+namespace tessa {
+
 /// Standard commands of a page view, with their known numbers.
 enum class BrowserCommand {
     SaveAs = 4,
@@ -171,3 +173,5 @@ public:
     /// `events` outlives the view. Nothing when no view can be made.
     virtual std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) = 0;
 };
+
+} // namespace tessa

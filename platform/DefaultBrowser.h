@@ -2,6 +2,8 @@
 #include "base/ResumeNext.h"
 #include "base/Text.h"
 
+namespace tessa {
+
 /// The desktop's choice of the program that opens web addresses. Owned by the program's entry.
 class DefaultBrowser {
 public:
@@ -12,3 +14,5 @@ public:
     /// Makes the program of that name and full path the default browser. Does not wait for the desktop to be done.
     virtual Outcome MakeDefault(TextView name, TextView path) = 0;
 };
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 enum class Answer { Yes, No, Cancel };
 
 /// A question with answers of its own.
@@ -46,3 +48,5 @@ public:
     /// Asks for a folder, beginning at the one given; empty when the user cancelled.
     virtual Text ChooseFolder(TextView folder) = 0;
 };
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+namespace tessa {
+
 enum class DownloadState { Running, Paused, Broken, Done, Cancelled };
 
 /// Why a download broke off.
@@ -44,3 +46,5 @@ public:
     /// The time of day, in seconds since 1970.
     [[nodiscard]] virtual std::int64_t Time() = 0;
 };
+
+} // namespace tessa

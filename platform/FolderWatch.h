@@ -2,6 +2,8 @@
 #include "base/Signal.h"
 #include "base/Text.h"
 
+namespace tessa {
+
 /// Tells when something in a folder comes, goes or gets another name. Owned by the program's entry.
 class FolderWatch {
 public:
@@ -14,3 +16,5 @@ public:
     /// Something in a folder has changed; it is named as it was given.
     Signal<void(TextView folder)> Changed;
 };
+
+} // namespace tessa

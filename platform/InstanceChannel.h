@@ -3,6 +3,8 @@
 #include "base/Signal.h"
 #include "base/Text.h"
 
+namespace tessa {
+
 /// Whether several instances of the program may run at once, in the eyes of the one that starts.
 enum class Instances { One, Several };
 
@@ -24,3 +26,5 @@ public:
     /// What to do on the message; nothing means that it is answered and ignored.
     Signal<void(const Text& text)> Message;
 };
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+namespace tessa {
+
 /// The file that keeps the command bar's layout between runs, "user.tb". Owned by the program's entry.
 class LayoutFile {
 public:
@@ -13,3 +15,5 @@ public:
     /// Replaces the file. On disk, whole, when this returns; a failure leaves the old file.
     virtual Outcome Write(const std::string& bytes) = 0;
 };
+
+} // namespace tessa

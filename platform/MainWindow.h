@@ -2,6 +2,8 @@
 #include "base/Text.h"
 #include "base/Units.h"
 
+namespace tessa {
+
 enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 
 /// Position and size of a window on the screen.
@@ -37,3 +39,5 @@ public:
     /// Places the tab strip in the inner area.
     virtual void MoveTabStrip(const Rect& place) = 0;
 };
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+namespace tessa {
+
 /// What a page does that must not be interrupted.
 struct PageActivity {
     bool Loading = false;    ///< it loads, or waits for its turn to
@@ -38,3 +40,5 @@ public:
     /// Ends the process at once, with all that runs in it. Fails when there is none.
     virtual Outcome EndProcess() = 0;
 };
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <functional>
 #include <vector>
 
+namespace tessa {
+
 /// What lies under the pointer, or has the keyboard, where a page's menu is asked for. All texts are the page's.
 struct PageContext {
     enum class Kind { None, Image, Audio, Video };
@@ -45,3 +47,5 @@ public:
     /// Answers later, or never, with the addresses of the links that are selected, in their order.
     virtual void FindSelectedLinks(std::function<void(std::vector<Text>)> answer) = 0;
 };
+
+} // namespace tessa

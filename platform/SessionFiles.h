@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa {
+
 /// A session that has ended, as it was last written. `Id` names it among the others.
 struct KeptSession {
     Text Id;
@@ -28,3 +30,5 @@ public:
     /// Replaces a session that has ended; no bytes remove it.
     virtual void Rewrite(TextView Id, const std::string& bytes, Written done) = 0;
 };
+
+} // namespace tessa

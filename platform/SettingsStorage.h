@@ -7,6 +7,8 @@
 #include <optional>
 #include <vector>
 
+namespace tessa {
+
 /// Makes one list out of another.
 using ListChange = std::function<std::vector<Text>(std::vector<Text>)>;
 
@@ -33,3 +35,5 @@ public:
     virtual ~SettingsStorageFactory() = default;
     virtual std::unique_ptr<SettingsStorage> Open() = 0;
 };
+
+} // namespace tessa

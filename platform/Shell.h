@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+namespace tessa {
+
 /// The desktop's programs and the environment that they are started in. Owned by the program's entry.
 class Shell {
 public:
@@ -19,3 +21,5 @@ public:
     /// The system and the engine that the program runs on, in a few words for a report.
     [[nodiscard]] virtual Text SystemName() const = 0;
 };
+
+} // namespace tessa

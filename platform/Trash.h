@@ -2,6 +2,8 @@
 #include "base/ResumeNext.h"
 #include "base/Text.h"
 
+namespace tessa {
+
 /// The desktop's place for what the user has thrown away. Owned by the program's entry.
 class Trash {
 public:
@@ -12,3 +14,5 @@ public:
     /// else lies at that path now or its folder is gone.
     virtual Outcome Restore(TextView path) = 0;
 };
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// The user's keyboard and clipboard. Owned by the program's entry.
 class UserInput {
 public:
@@ -11,3 +13,5 @@ public:
     /// Puts a text on the clipboard.
     virtual void Copy(TextView text) = 0;
 };
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+namespace tessa {
+
 /// The time of day, which the user may set. Owned by the program's entry.
 class WallClock {
 public:
@@ -13,3 +15,5 @@ public:
     /// A time in seconds since 1970 as the user reads it, in the user's time zone: "Today, 14:30".
     [[nodiscard]] virtual Text Words(std::int64_t seconds) const = 0;
 };
+
+} // namespace tessa

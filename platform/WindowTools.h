@@ -1,6 +1,8 @@
 #pragma once
 #include "platform/BrowserView.h"
 
+namespace tessa {
+
 /// What the main window's view has besides the pages. Owned by the program's entry.
 class WindowTools {
 public:
@@ -15,3 +17,5 @@ public:
     /// Opens the window in which toolbars are arranged.
     virtual void Customize() = 0;
 };
+
+} // namespace tessa

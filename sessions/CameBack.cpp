@@ -2,6 +2,8 @@
 
 #include "tabs/TabKeys.h"
 
+namespace tessa {
+
 void CameBack::Note(std::int32_t Index, TextView address) {
     m_pages.push_back({Index, Text(address), m_tabs.TypedSoFar()});
 }
@@ -25,3 +27,5 @@ bool CameBack::IsUntouched(const Page& page) const {
     // when the page had not come yet.
     return view->Tag == u"0" && view->TypedBefore <= page.typed;
 }
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 
 #include <vector>
 
+namespace tessa {
+
 /// The pages of the session before that this start has opened by itself. What the user has not touched since may give
 /// its place to the pages of a session that he reopens. Owned by the session's journal.
 class CameBack {
@@ -30,3 +32,5 @@ private:
     ViewArray& m_browser;
     std::vector<Page> m_pages;
 };
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include "base/LinkTrust.h"
 #include "tabs/OpenTabs.h"
 
+namespace tessa {
+
 namespace LastSites {
 
 std::vector<Text> Open(const TabStrip& pcPage, ViewArray& Browser) {
@@ -38,3 +40,5 @@ void Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack&
 }
 
 } // namespace LastSites
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 
 #include <vector>
 
+namespace tessa {
+
 /// The addresses that were open when the program ended, which the next start opens again.
 namespace LastSites {
 
@@ -14,3 +16,5 @@ namespace LastSites {
 void Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack& cameBack);
 
 } // namespace LastSites
+
+} // namespace tessa

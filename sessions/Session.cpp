@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kSession = u"Session", kPage = u"Page";
@@ -155,3 +157,5 @@ bool IsBlankAddress(TextView address) { return address.empty() || address == Add
 bool IsWorthKeeping(TextView address) {
     return !IsBlankAddress(address) && !address.starts_with(OwnAddresses::kPrefix);
 }
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 /// One open page of a session.
 struct SessionPage {
     Text Address;
@@ -42,3 +44,5 @@ struct Session {
 
 /// Whether a page is worth keeping: blank pages and the home page are not.
 [[nodiscard]] bool IsWorthKeeping(TextView address);
+
+} // namespace tessa

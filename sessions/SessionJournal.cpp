@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa {
+
 SessionJournal::SessionJournal(SessionFiles& files, const WallClock& clock, TabSet& tabs, TabStrip& pcPage,
                                ViewArray& Browser)
     : CameBack(tabs, pcPage, Browser),
@@ -164,3 +166,5 @@ void SessionJournal::OnSettled(Outcome outcome, const Text& id) {
 void SessionJournal::Forget(TextView Id) {
     m_files.Rewrite(Id, {}, [this](Outcome outcome) { m_settleTrouble.Note(outcome); });
 }
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 #include "sessions/SessionOffer.h"
 #include "tabs/TabSet.h"
 
+namespace tessa {
+
 /// Writes down which pages are open whenever that changes, so that a session that ends badly can be brought back.
 /// Owned by the main window.
 class SessionJournal {
@@ -45,7 +47,7 @@ public:
     void Forget(TextView Id);
 
     /// The pages that this start has opened by itself.
-    ::CameBack CameBack;
+    tessa::CameBack CameBack;
     /// Has `Write` called in a part of a second. Without a listener nothing is written meanwhile.
     Signal<void()> Schedule;
     /// Tells the user that pages could not be written down.
@@ -72,3 +74,5 @@ private:
     bool m_touched = false;
     bool m_ended = false;
 };
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "sessions/Session.h"
 
+namespace tessa {
+
 /// Offers to reopen the pages of a session that ended badly. The user answers later, or never. Owned by the program's
 /// entry.
 class SessionOffer {
@@ -12,3 +14,5 @@ public:
     /// There is nothing left to reopen.
     virtual void Withdraw() = 0;
 };
+
+} // namespace tessa

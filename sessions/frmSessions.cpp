@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 frmSessions::frmSessions(SessionJournal& sessions, Outside outside)
     : m_journal(sessions), m_outside(std::move(outside)) {
     Selected.Change.ConnectForLife([this] { ShowPages(); });
@@ -129,3 +131,5 @@ void frmSessions::cmdForget_Click() {
     LoadSessions();
     if (!m_sessions.empty()) Selected = std::min(before, m_sessions.size() - 1);
 }
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "platform/Dialogs.h"
 #include "sessions/SessionJournal.h"
 
+namespace tessa {
+
 /// A line of the list of sessions.
 struct SessionLine {
     Text When;  ///< when the session was last written down, as the user reads it
@@ -76,3 +78,5 @@ private:
     std::vector<std::pair<Text, Session>> m_sessions;
     bool m_showingTicks = false;
 };
+
+} // namespace tessa

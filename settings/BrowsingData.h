@@ -2,6 +2,8 @@
 #include <cstdint>
 #include <functional>
 
+namespace tessa {
+
 /// What the user wants forgotten of where pages have been.
 struct BrowsingData {
     bool cookies = false;
@@ -21,3 +23,5 @@ enum class Cleared { Yes, AtNextStart, NotAll };
 
 /// Told once things are forgotten.
 using Forgotten = std::function<void(Cleared)>;
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kSoftwareWord = u"software", kHardwareWord = u"hardware";
@@ -61,3 +63,5 @@ bool Drawing::IsSoftware(TextView renderer) {
     const Text name = InSmallLetters(renderer);
     return std::ranges::any_of(kSoftwareRenderers, [&](TextView each) { return name.find(each) != Text::npos; });
 }
+
+} // namespace tessa

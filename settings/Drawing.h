@@ -5,6 +5,8 @@
 #include <functional>
 #include <optional>
 
+namespace tessa {
+
 /// Who draws the pages: the graphics processor, or the processor alone. Where OpenGL is done in software, drawing
 /// without it costs a fifth.
 enum class DrawingWay { Graphics, Software };
@@ -33,3 +35,5 @@ struct Machine {
 [[nodiscard]] bool IsSoftware(TextView renderer);
 
 } // namespace Drawing
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "settings/BrowsingData.h"
 
+namespace tessa {
+
 /// Puts what is stored in the settings into effect for the engine. Owned by the program's entry.
 class EngineOptions {
 public:
@@ -13,3 +15,5 @@ public:
     /// Has the engine forget what it keeps of where pages have been. `done` is told when it has, which may be never.
     virtual void Clear(const BrowsingData& data, Forgotten done) = 0;
 };
+
+} // namespace tessa

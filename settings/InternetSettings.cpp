@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 template<typename Kind>
@@ -99,3 +101,5 @@ std::vector<Text> InternetSettings::Differences() const {
     return DifferencesOf(HomePage, JavaScript, Cookies, DoNotTrack, GlobalPrivacyControl, Proxy, ProxyHost, ProxyPort,
                          DownloadFolder, TabsSleep, SleepMinutes, Drawing);
 }
+
+} // namespace tessa

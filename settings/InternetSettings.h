@@ -1,6 +1,8 @@
 #pragma once
 #include "settings/SettingsStore.h"
 
+namespace tessa {
+
 /// Which cookies pages may keep and read.
 enum class CookieRule { All, SameSite, None };
 
@@ -60,3 +62,5 @@ public:
     /// The `Difference` of each that has one.
     [[nodiscard]] std::vector<Text> Differences() const;
 };
+
+} // namespace tessa

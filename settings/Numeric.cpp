@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 /// A number as its digits and how many of them stand before the point; negative when zeros follow the point.
@@ -94,3 +96,5 @@ std::optional<std::int32_t> RoundedNumber(TextView text) {
     if (value < INT32_MIN || value > INT32_MAX) return std::nullopt;
     return static_cast<std::int32_t>(value);
 }
+
+} // namespace tessa

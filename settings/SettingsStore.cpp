@@ -1,5 +1,7 @@
 #include "settings/SettingsStore.h"
 
+namespace tessa {
+
 template<>
 std::optional<bool> Setting<bool>::Find() const {
     const auto text = m_storage.Read(m_name);
@@ -101,3 +103,5 @@ std::vector<Text> SettingsStore::Differences() const {
                          LoadImages, LoadAnimations, LoadVideos, LoadSounds, MailClient, NewsClient, EnvironmentText,
                          SearchService, ShopService, FindService);
 }
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <memory>
 #include <vector>
 
+namespace tessa {
+
 /// One named value of the store. Owned by its `SettingsStore`, which it must not outlive.
 /// T is bool, std::int32_t, Twips, Text or std::vector<Text>.
 template<typename T>
@@ -118,3 +120,5 @@ public:
     /// The `Difference` of each setting that has one.
     [[nodiscard]] std::vector<Text> Differences() const;
 };
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "settings/SettingsText.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kGeneral = u"General";
@@ -18,3 +20,5 @@ std::optional<SettingsValues> ParseSettings(std::string_view bytes) {
     }
     return values;
 }
+
+} // namespace tessa

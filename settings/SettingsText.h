@@ -3,6 +3,8 @@
 
 #include "base/Records.h"
 
+namespace tessa {
+
 using SettingsValue = FieldValue;
 using SettingsValues = Fields;
 
@@ -12,3 +14,5 @@ using SettingsValues = Fields;
 /// The values in a file's bytes; nothing when a single line of them cannot be understood. Empty bytes hold none. The
 /// name of the record may be missing, as when an editor has lost it.
 [[nodiscard]] std::optional<SettingsValues> ParseSettings(std::string_view bytes);
+
+} // namespace tessa

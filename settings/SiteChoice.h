@@ -4,6 +4,8 @@
 #include <functional>
 #include <vector>
 
+namespace tessa {
+
 /// Something that the user has decided for a site, and can take back.
 struct SiteChoice {
     Text Words; ///< as in "https://a.example may use your camera"
@@ -17,3 +19,5 @@ struct SiteChoices {
     std::function<std::vector<SiteChoice>()> All;
     std::function<void()> RevokeAll;
 };
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::int64_t kHour = 3600;
@@ -225,3 +227,5 @@ void frmInternetOptions::cmdOK_Click() {
 }
 
 void frmInternetOptions::cmdCancel_Click() { Form.Visible = false; }
+
+} // namespace tessa

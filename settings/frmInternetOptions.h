@@ -10,6 +10,8 @@
 #include <functional>
 #include <memory>
 
+namespace tessa {
+
 /// The dialog of the Internet Options as data, made afresh for every show. Nothing is written before OK; "Clear Now"
 /// and what is revoked take effect at once.
 class frmInternetOptions {
@@ -128,3 +130,5 @@ private:
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
     std::vector<SiteChoice> m_sites;
 };
+
+} // namespace tessa

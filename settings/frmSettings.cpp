@@ -2,6 +2,8 @@
 
 #include "settings/Numeric.h"
 
+namespace tessa {
+
 frmSettings::frmSettings(SettingsStorageFactory& settings) : m_settings(settings) {
     TabStrip1.SetCaption(TabStrip1.Add(1, u"General"), u"General");
     chkLimitTitleLength.Value.Change.ConnectForLife([this] { chkLimitTitleLength_Click(); });
@@ -52,3 +54,5 @@ void frmSettings::cmdOK_Click() {
 }
 
 void frmSettings::cmdCancel_Click() { Form.Visible = false; }
+
+} // namespace tessa

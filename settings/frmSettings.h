@@ -3,6 +3,8 @@
 #include "forms/TabStrip.h"
 #include "settings/SettingsStore.h"
 
+namespace tessa {
+
 /// The settings dialog as data. Made afresh for every show: it is loaded with the stored values when constructed.
 /// Nothing is written before OK, and each value on its own: one that cannot be written leaves the others alone.
 class frmSettings {
@@ -39,3 +41,5 @@ private:
 
     SettingsStorageFactory& m_settings;
 };
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <array>
 #include <charconv>
 
+namespace tessa {
+
 namespace {
 
 using std::chrono::sys_days;
@@ -76,3 +78,5 @@ Text EngineAge::Notice(std::string_view version, sys_days today) {
     return u"The page engine has the security fixes of " + MonthText(*day) +
            u". A newer release of your system brings a newer engine.";
 }
+
+} // namespace tessa

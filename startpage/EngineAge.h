@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+namespace tessa {
+
 /// How old the page engine's security fixes are. The engine names the release of Chromium whose fixes it has.
 namespace EngineAge {
 
@@ -16,3 +18,5 @@ namespace EngineAge {
 [[nodiscard]] Text Notice(std::string_view version, std::chrono::sys_days today);
 
 } // namespace EngineAge
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "base/OwnAddresses.h"
 #include "tabs/OpenTabs.h"
 
+namespace tessa {
+
 HomePages::Shown HomePages::Refresh(const TabStrip& pcPage, ViewArray& Browser) {
     Shown shown = Shown::Now;
     for (const OpenTab open : OpenTabs(pcPage, Browser)) {
@@ -19,3 +21,5 @@ HomePages::Shown HomePages::Refresh(const TabStrip& pcPage, ViewArray& Browser) 
     }
     return shown;
 }
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include "forms/TabStrip.h"
 #include "tabs/ViewArray.h"
 
+namespace tessa {
+
 /// The tabs that show the home page.
 namespace HomePages {
 
@@ -13,3 +15,5 @@ enum class Shown { Now, Later };
 Shown Refresh(const TabStrip& pcPage, ViewArray& Browser);
 
 } // namespace HomePages
+
+} // namespace tessa

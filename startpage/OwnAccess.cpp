@@ -3,6 +3,8 @@
 #include "base/Address.h"
 #include "base/OwnAddresses.h"
 
+namespace tessa {
+
 namespace OwnAccess {
 
 Step StepFor(const OwnNavigation& navigation) {
@@ -19,3 +21,5 @@ Step StepFor(const OwnNavigation& navigation) {
 bool MayFetch(TextView asker) { return asker.empty() || Address::SchemeOf(asker) == OwnAddresses::kScheme; }
 
 } // namespace OwnAccess
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 /// How a page came to navigate.
 enum class NavigationCause { Typed, History, Reload, Link, Form, Other };
 
@@ -27,3 +29,5 @@ enum class Step {
 [[nodiscard]] bool MayFetch(TextView asker);
 
 } // namespace OwnAccess
+
+} // namespace tessa

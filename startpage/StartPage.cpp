@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kMostGroups = 60, kMostFavorites = 60, kSitesOfACard = 4;
@@ -178,3 +180,5 @@ std::optional<Text> WordsOf(std::string_view link) {
 }
 
 } // namespace StartPage
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 /// A TessaGroup as the home page shows it.
 struct StartGroup {
     Text Name;
@@ -42,3 +44,5 @@ namespace StartPage {
 [[nodiscard]] std::optional<Text> WordsOf(std::string_view link);
 
 } // namespace StartPage
+
+} // namespace tessa

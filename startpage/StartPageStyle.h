@@ -1,6 +1,8 @@
 #pragma once
 #include <string_view>
 
+namespace tessa {
+
 /// How the home page looks.
 inline constexpr std::string_view kStartPageStyle = R"css(
 :root { --back: #f3f6fa; --face: #ffffff; --line: #d5dde8; --text: #1c2735; --soft: #5b6b80; --mark: #1d63c0;
@@ -44,3 +46,5 @@ i { flex: none; width: 19px; height: 19px; border-radius: 5px; font: 600 11px/19
 .more { color: var(--soft); font-size: 13px; }
 footer { color: var(--soft); font-size: 13px; margin-top: 44px; }
 )css";
+
+} // namespace tessa

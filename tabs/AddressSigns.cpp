@@ -3,6 +3,8 @@
 #include "base/Address.h"
 #include "base/Captions.h"
 
+namespace tessa {
+
 namespace {
 
 /// Units of an address that a tip has room for.
@@ -53,3 +55,5 @@ BoxSign Waiting(TextView address, TextView shown) {
 }
 
 } // namespace AddressSigns
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include "bar/Tool.h"
 #include "platform/BrowserView.h"
 
+namespace tessa {
+
 /// What stands in the address box before the address: how far the page can be trusted to come from there.
 namespace AddressSigns {
 
@@ -11,3 +13,5 @@ namespace AddressSigns {
 [[nodiscard]] BoxSign Waiting(TextView address, TextView shown);
 
 } // namespace AddressSigns
+
+} // namespace tessa

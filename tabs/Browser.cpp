@@ -1,5 +1,7 @@
 #include "tabs/Browser.h"
 
+namespace tessa {
+
 namespace Browser {
 
 void SetZoom(BrowserView& view, int level) {
@@ -13,3 +15,5 @@ void ViewSource(TabSet& tabs, BrowserView& view) {
 }
 
 } // namespace Browser
+
+} // namespace tessa

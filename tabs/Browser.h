@@ -1,6 +1,8 @@
 #pragma once
 #include "tabs/TabSet.h"
 
+namespace tessa {
+
 /// What can be done with the document of a view.
 namespace Browser {
 
@@ -10,3 +12,5 @@ void SetZoom(BrowserView& view, int level);
 void ViewSource(TabSet& tabs, BrowserView& view);
 
 } // namespace Browser
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 void BrowserEvents::StatusTextChange(std::int16_t Index, TextView Text) {
     if (m_tabs.IsSelected(Index)) m_tabs.ShowStatusText(Text);
 }
@@ -103,3 +105,5 @@ void BrowserEvents::WindowClosing(std::int16_t Index) {
 }
 
 void BrowserEvents::SoundChange(std::int16_t Index) { m_tabs.UpdateSound(Index); }
+
+} // namespace tessa

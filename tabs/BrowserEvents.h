@@ -2,6 +2,8 @@
 #include "base/Signal.h"
 #include "tabs/TabSet.h"
 
+namespace tessa {
+
 /// Keeps strip, address box, status bar and command enabling in step with the views. A view that is not selected
 /// changes only its own tab.
 class BrowserEvents final : public BrowserViewEvents {
@@ -41,3 +43,5 @@ private:
     TabSet& m_tabs;
     ViewArray& m_browser;
 };
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <numeric>
 #include <utility>
 
+namespace tessa {
+
 void ClosedTabs::Remember(std::int32_t Index) {
     const auto* view = m_browser.Find(Index);
     const auto* tab = TabOfView(m_pcPage, Index);
@@ -80,3 +82,5 @@ void ClosedTabs::Reopen() {
     if (auto* tab = m_pcPage.Find(front.empty() ? leftmost : front)) m_pcPage.Select(tab);
     Changed();
 }
+
+} // namespace tessa

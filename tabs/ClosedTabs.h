@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa {
+
 /// The tabs that were closed last, so that a slip of the hand costs nothing. Those that one command has closed come
 /// back together. Owned by the main window; what it refers to outlives it.
 class ClosedTabs {
@@ -61,3 +63,5 @@ private:
     bool m_several = false;
     std::vector<Command> m_closed; ///< the one closed last at the end
 };
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 constexpr TextView kWhyTabsSleep = u"Memory is short. Tabs that you have not looked at for long sleep until you do.";
 } // namespace
@@ -85,3 +87,5 @@ bool MemoryRelief::SleepFresh(Time now) {
 void MemoryRelief::SayOnce() {
     if (!std::exchange(m_said, true)) Say(kWhyTabsSleep);
 }
+
+} // namespace tessa

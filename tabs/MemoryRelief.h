@@ -10,6 +10,8 @@
 #include <functional>
 #include <optional>
 
+namespace tessa {
+
 class TabStrip;
 
 /// Puts tabs to sleep when memory is short, whatever the user wants of idle ones. A page that is loaded again later is
@@ -75,3 +77,5 @@ private:
     bool m_said = false;
     bool m_ended = false;
 };
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::int64_t kMegabyte = 1024 * 1024;
@@ -58,3 +60,5 @@ Shortage MemoryShortage::Judge(Shortage before, std::span<const MemoryRoom> room
     }
     return Shortage::None;
 }
+
+} // namespace tessa

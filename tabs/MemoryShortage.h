@@ -3,6 +3,8 @@
 
 #include <span>
 
+namespace tessa {
+
 /// How short memory is.
 enum class Shortage {
     None,  ///< there is room
@@ -26,3 +28,5 @@ public:
 private:
     Shortage m_level = Shortage::None;
 };
+
+} // namespace tessa

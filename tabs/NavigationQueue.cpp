@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 void NavigationQueue::Add(std::int32_t index) {
     if (std::ranges::find(m_waiting, index) == m_waiting.end()) m_waiting.push_back(index);
 }
@@ -68,3 +70,5 @@ std::int32_t NavigationQueue::Start(std::deque<std::int32_t>::iterator place, Ti
     m_loading[index] = {now, now};
     return index;
 }
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <map>
 #include <optional>
 
+namespace tessa {
+
 /// Decides which of the navigations that were asked for starts next. The view in front starts at once and has the
 /// machine for itself until it has loaded. The others follow in the order in which they came, as many at a time as keep
 /// every core busy. A page that waits for its server needs no processor, so what is idle meanwhile goes to
@@ -76,3 +78,5 @@ private:
     std::size_t m_room = 0; ///< views that may start because something was idle
     bool m_tight = false;
 };
+
+} // namespace tessa

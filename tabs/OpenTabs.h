@@ -4,6 +4,8 @@
 
 #include <iterator>
 
+namespace tessa {
+
 /// One of the open tabs, with its view.
 struct OpenTab {
     std::size_t Position; ///< counted from 1
@@ -56,3 +58,5 @@ private:
     const TabStrip& m_pcPage;
     ViewArray& m_browser;
 };
+
+} // namespace tessa

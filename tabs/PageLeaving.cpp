@@ -5,6 +5,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 void PageLeaving::WhenLeft(std::int32_t Index, std::function<void()> then) {
     const auto* view = m_browser.Find(Index);
     if (!view || !view->Control->MayHold()) return then();
@@ -61,3 +63,5 @@ void PageLeaving::Forget(std::int32_t Index) {
     m_asked.erase(Index);
     OnFound(Index, false);
 }
+
+} // namespace tessa

@@ -8,6 +8,8 @@
 #include <set>
 #include <vector>
 
+namespace tessa {
+
 /// Some pages hold what their user has entered and not sent. This asks them, and then the user, before they are closed.
 /// Owned by the tab set; what it refers to outlives it.
 class PageLeaving {
@@ -44,3 +46,5 @@ private:
     std::set<std::int32_t> m_asked;
     std::optional<Search> m_search;
 };
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <array>
 #include <optional>
 
+namespace tessa {
+
 namespace {
 
 struct TextSize {
@@ -42,13 +44,13 @@ void Mark(CommandBar& bar, ToolName tool, bool checked) {
 
 } // namespace
 
-void PageOptions::SetTextSize(TextView Name, ::Apply Apply) {
+void PageOptions::SetTextSize(TextView Name, tessa::Apply Apply) {
     for (const TextSize& size : kSizes) {
         if (size.marked) Mark(m_actBar, size.tool, size.tool == Name);
     }
     auto* view = m_tabs.CurrentView();
     const auto* size = std::ranges::find(kSizes, Name, &TextSize::tool);
-    if (view && Apply == ::Apply::Yes && size != kSizes.end()) Browser::SetZoom(*view->Control, size->level);
+    if (view && Apply == tessa::Apply::Yes && size != kSizes.end()) Browser::SetZoom(*view->Control, size->level);
     m_tabs.UpdateZoom();
 }
 
@@ -86,3 +88,5 @@ void PageOptions::ToggleLoadOption(TextView Name) {
     // The switches are read anew, after what was written has reached the store.
     ApplyLoadOptions();
 }
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "settings/SettingsStore.h"
 #include "tabs/TabSet.h"
 
+namespace tessa {
+
 enum class Apply : bool { No = false, Yes = true };
 
 /// Text size of the page and what pages may load, with the check marks of their menu items. Owned by the main window.
@@ -13,7 +15,7 @@ public:
         : m_tabs(tabs), m_actBar(actBar), m_settings(settings) {}
 
     /// Marks the text size of that tool's name and, when asked to, applies it to the selected tab's page.
-    void SetTextSize(TextView Name, ::Apply Apply);
+    void SetTextSize(TextView Name, tessa::Apply Apply);
     /// The tool of the size at which the current page shows its text.
     void MarkTextSize();
     /// Shows the current page's text so many sizes larger, smaller when negative; stays at the ends.
@@ -31,3 +33,5 @@ private:
     CommandBar& m_actBar;
     SettingsStorageFactory& m_settings;
 };
+
+} // namespace tessa

@@ -8,6 +8,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kNoMoreTabs = u"No more tabs can be opened until TessaView is started again.";
@@ -296,7 +298,7 @@ void TabSet::SelectPreviousTab() {
     m_pcPage.Select(m_pcPage.FindAt(position == 1 ? m_pcPage.Count() : position - 1));
 }
 
-void TabSet::ShowStatusText(TextView Text) { m_sbStatus.SimpleText = ::Text(Text); }
+void TabSet::ShowStatusText(TextView Text) { m_sbStatus.SimpleText = tessa::Text(Text); }
 
 void TabSet::ShowStatusBar(bool Show) {
     if (auto* tool = m_actBar.Find(u"mnuViewStatusbar"_tool)) tool->Checked = Show;
@@ -326,3 +328,5 @@ bool TabSet::IsSelected(std::int32_t Index) const {
     const auto* selected = m_pcPage.SelectedItem();
     return selected && selected->Tag == Index;
 }
+
+} // namespace tessa

@@ -10,6 +10,8 @@
 #include <functional>
 #include <vector>
 
+namespace tessa {
+
 enum class InFront : bool { No = false, Yes = true };
 enum class TabBusy : bool { No = false, Yes = true };
 
@@ -140,3 +142,5 @@ private:
     std::vector<std::int32_t> m_gone; ///< views of closed tabs whose pages somebody may still wait for
     bool m_closingSeveral = false;
 };
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa {
+
 void TabSleep::SetPatience(Time patience) {
     if (m_patience == patience) return;
     const bool wasOff = std::exchange(m_patience, patience) <= Time{0};
@@ -128,3 +130,5 @@ bool TabSleep::SleepUnseen(std::int32_t index, Time since) {
 void TabSleep::TellSlept(bool any) const {
     if (any) Slept();
 }
+
+} // namespace tessa

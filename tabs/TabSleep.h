@@ -6,6 +6,8 @@
 #include <functional>
 #include <map>
 
+namespace tessa {
+
 class TabStrip;
 
 /// Puts tabs to sleep that were not looked at for a while, if the user wants that. Also does so when memory is short.
@@ -69,3 +71,5 @@ private:
     Time m_patience{0};
     Time m_since{0}; ///< when tabs that are there began to wait
 };
+
+} // namespace tessa

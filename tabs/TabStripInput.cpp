@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+namespace tessa {
+
 namespace {
 
 Pixels Rounded(double value) { return {static_cast<std::int32_t>(std::lround(value))}; }
@@ -50,3 +52,5 @@ void TabStripInput::OpenInNewTab(TextView text) {
     const auto inFront = m_tabs.OpenNewInFront ? InFront::Yes : InFront::No;
     if (auto* view = m_tabs.GetNewBrowser(inFront)) ResumeNext(view->Navigate(text));
 }
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <functional>
 #include <optional>
 
+namespace tessa {
+
 /// Buttons of the mouse, with their known numbers.
 enum class MouseButton { Left = 1, Right = 2, Middle = 4 };
 
@@ -47,3 +49,5 @@ private:
     ViewArray& m_browser;
     CommandBar& m_actBar;
 };
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 void ArrayView::Park() {
     if (m_parked) return;
     m_parked = true;
@@ -63,3 +65,5 @@ void ViewArray::ParkAllBut(std::int32_t index) {
             view->Park();
     }
 }
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+namespace tessa {
+
 /// Where a view that is not selected has its left edge: far outside any screen, alive.
 inline constexpr Twips kParkedLeft{100000};
 
@@ -24,7 +26,7 @@ struct ArrayView {
     Text Tag = u"0";
     /// Whether it allows going forward: 1 or 0.
     int ForwardFlag = 0;
-    ::Privacy Privacy = ::Privacy::Ordinary;
+    tessa::Privacy Privacy = tessa::Privacy::Ordinary;
     Focusing MayFocus;
     /// How often the user had typed into the window's boxes when its page began to load.
     std::size_t TypedBefore = 0;
@@ -75,3 +77,5 @@ private:
     std::vector<std::int32_t> m_inSight; ///< every view that is not parked is among these
     bool m_ended = false;
 };
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kLongestTitle = 200;
@@ -169,3 +171,5 @@ void frmTaskView::cmdEnd_Click() {
     if (auto* life = LifeOf(Selected())) ResumeNext(life->EndProcess());
     Refresh();
 }
+
+} // namespace tessa

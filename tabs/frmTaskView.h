@@ -11,6 +11,8 @@
 #include <map>
 #include <vector>
 
+namespace tessa {
+
 enum class TaskColumn { Title, Address, State, Memory, Processor };
 
 /// A line of the task view: a tab, with a cell for each column.
@@ -94,3 +96,5 @@ private:
     ViewArray& m_browser;
     std::map<std::int64_t, Measured> m_processes;
 };
+
+} // namespace tessa

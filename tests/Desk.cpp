@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa {
+
 Desk::Desk(DeskSetting setting)
     : FakeSurroundings(setting.shared),
       groupFolder(std::move(setting.groupFolder)),
@@ -108,13 +110,13 @@ void Desk::CloseRightOf(std::size_t position) {
     Click(u"xtrTabCloseRight");
 }
 
-::Tool& Desk::Tool(TextView name) const {
+tessa::Tool& Desk::Tool(TextView name) const {
     auto* tool = main.actBar.Find(name);
     Must(tool);
     return *tool;
 }
 
-::Band& Desk::Band(TextView name) const {
+tessa::Band& Desk::Band(TextView name) const {
     auto* band = main.actBar.FindBand(name);
     Must(band);
     return *band;
@@ -234,3 +236,5 @@ void Desk::PageMayGo(int index, HistoryCommand where, bool may) {
 void Desk::PageClosesItself(int index) { Events().WindowClosing(static_cast<std::int16_t>(index)); }
 
 void Desk::PageSaysWhetherItLoads() { Events().DownloadBegin(1); }
+
+} // namespace tessa

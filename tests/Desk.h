@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 /// What of the world is there before the window is.
 struct DeskSetting {
     FakeSettings* shared = nullptr;       ///< settings of another process; nothing for those of a first start
@@ -44,13 +46,13 @@ public:
     /// The same with captions, busy ones with a "!": "News! [Blank*]".
     [[nodiscard]] std::string Captions() const;
     [[nodiscard]] std::size_t CountTabs() const { return main.pcPage.Count(); }
-    [[nodiscard]] ::Tab& TabAt(std::size_t position) const;
-    [[nodiscard]] ::Tab& TabOf(std::int32_t index) const;
-    [[nodiscard]] ::Tab& SelectedTab() const { return *main.pcPage.SelectedItem(); }
+    [[nodiscard]] tessa::Tab& TabAt(std::size_t position) const;
+    [[nodiscard]] tessa::Tab& TabOf(std::int32_t index) const;
+    [[nodiscard]] tessa::Tab& SelectedTab() const { return *main.pcPage.SelectedItem(); }
     /// What a tab's tip says.
-    [[nodiscard]] Text Describe(const ::Tab& tab) const { return main.Tabs().Describe(tab); }
+    [[nodiscard]] Text Describe(const tessa::Tab& tab) const { return main.Tabs().Describe(tab); }
     /// A tab's address in the list of tabs.
-    [[nodiscard]] Text AddressOf(const ::Tab& tab) const { return main.Tabs().AddressOf(tab); }
+    [[nodiscard]] Text AddressOf(const tessa::Tab& tab) const { return main.Tabs().AddressOf(tab); }
     [[nodiscard]] TabPlacement PlaceOfTabs() const { return main.pcPage.Placement(); }
     void ClickTab(std::size_t position);
     void MoveTab(std::size_t from, std::size_t to) { main.pcPage.Move(&TabAt(from), to); }
@@ -77,26 +79,26 @@ public:
 
     // The command bar.
     [[nodiscard]] CommandBar& Bar() { return main.actBar; }
-    [[nodiscard]] ::Tool& Tool(TextView name) const;
-    [[nodiscard]] ::Band& Band(TextView name) const;
+    [[nodiscard]] tessa::Tool& Tool(TextView name) const;
+    [[nodiscard]] tessa::Band& Band(TextView name) const;
     [[nodiscard]] ComboTool& Combo(TextView name) const;
     /// The navigation commands that are enabled: "Back Stop".
     [[nodiscard]] std::string Enabled() const;
     void Click(TextView tool);
     /// Clicks a tool that no band lists.
-    void ClickMade(const ::Tool& tool) { main.actBar_Click(tool); }
+    void ClickMade(const tessa::Tool& tool) { main.actBar_Click(tool); }
     void OpenMenu(TextView band) { main.actBar.OpenBand(Band(band)); }
     /// Opens a menu of files; whether it was made anew for that, because it was out of date.
     [[nodiscard]] bool Renews(TextView band);
     /// Something happens in the folder that the menu shows.
     void ChangeFolderOf(TextView band);
     /// Asks what can be done with an entry of a menu; whether anything can.
-    bool PopUp(const ::Tool& entry) { return main.Menus().EntryPopup(entry); }
+    bool PopUp(const tessa::Tool& entry) { return main.Menus().EntryPopup(entry); }
     /// What a middle click or the Delete key on an entry does once the menus have closed; nothing for most.
-    [[nodiscard]] std::function<void()> MiddleClick(const ::Tool& entry) {
+    [[nodiscard]] std::function<void()> MiddleClick(const tessa::Tool& entry) {
         return main.Menus().EntryMiddleClick(entry);
     }
-    [[nodiscard]] std::function<void()> Delete(const ::Tool& entry) { return main.Menus().EntryDelete(entry); }
+    [[nodiscard]] std::function<void()> Delete(const tessa::Tool& entry) { return main.Menus().EntryDelete(entry); }
     /// The bar is arranged by its dialog, which saves it when it closes.
     void CloseCustomize() { main.SaveLayout(); }
 
@@ -171,3 +173,5 @@ private:
     [[nodiscard]] BrowserViewEvents& Events() { return views.living.begin()->second->events; }
     std::size_t m_skippedBefore;
 };
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <memory>
 
+namespace tessa {
+
 namespace {
 
 /// Of the pages that hold their user, as many as anybody reads, and as much of their names.
@@ -49,3 +51,5 @@ bool ClosingQuestions::UserLeaves(const std::vector<std::int32_t>& holders) {
     if (auto* tab = TabOfView(m_parts.pcPage, holders.front())) m_parts.pcPage.Select(tab);
     return false;
 }
+
+} // namespace tessa

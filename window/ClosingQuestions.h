@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace tessa {
+
 /// What the user is asked before the window closes. Owned by the main window.
 class ClosingQuestions {
 public:
@@ -30,3 +32,5 @@ private:
     Parts m_parts;
     bool m_left = false; ///< all pages have let their user go, or he has left them
 };
+
+} // namespace tessa

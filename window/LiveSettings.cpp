@@ -4,6 +4,8 @@
 
 #include <chrono>
 
+namespace tessa {
+
 void LiveSettings::PlaceTabs(const SettingsStore& store) {
     m_places.pcPage.SetPlacement(store.TabsUp.Get() ? TabPlacement::Top : TabPlacement::Bottom);
 }
@@ -33,3 +35,5 @@ void LiveSettings::Save(SettingsStore& store) const {
     ResumeNext(store.RememberLastSites.Set(RememberLastSites));
     ResumeNext(store.TabsUp.Set(m_places.pcPage.Placement() == TabPlacement::Top));
 }
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include "tabs/TabSet.h"
 #include "tabs/TabSleep.h"
 
+namespace tessa {
+
 /// Settings that are read once and then live where they take effect, until the window saves them. Owned by the main
 /// window.
 class LiveSettings {
@@ -36,3 +38,5 @@ private:
     Places m_places;
     SettingsStorageFactory& m_settings;
 };
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 #include "tabs/OpenTabs.h"
 #include "window/frmSplash.h"
 
+namespace tessa {
+
 void MainCommands::Resize(void (frmResize::*mode)()) {
     frmResize form(m_parts.actBar);
     (form.*mode)();
@@ -90,3 +92,5 @@ void MainCommands::CopyReport() {
 }
 
 void MainCommands::Exit() { m_platform.window.Close(); }
+
+} // namespace tessa

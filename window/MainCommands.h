@@ -7,6 +7,8 @@
 #include "window/LiveSettings.h"
 #include "window/MainWindowPlatform.h"
 
+namespace tessa {
+
 class frmResize;
 
 /// What commands have the main window do. Owned by it.
@@ -47,3 +49,5 @@ private:
     Parts m_parts;
     const MainWindowPlatform& m_platform;
 };
+
+} // namespace tessa

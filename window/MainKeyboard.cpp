@@ -1,5 +1,7 @@
 #include "window/MainKeyboard.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr std::int32_t kModifiers = Keys::kShift | Keys::kCtrl | Keys::kAlt;
@@ -24,3 +26,5 @@ void MainKeyboard::Form_Type() {
     const auto* address = m_tabs.AddressCombo();
     if (view && address && view->Control->Blank()) m_actBar.FocusBox(*address);
 }
+
+} // namespace tessa

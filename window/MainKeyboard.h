@@ -2,6 +2,8 @@
 #include "bar/ToolName.h"
 #include "commands/Dispatcher.h"
 
+namespace tessa {
+
 /// Keys as the main window receives them, before its controls. Owned by the main window.
 class MainKeyboard {
 public:
@@ -23,3 +25,5 @@ private:
     const TabSet& m_tabs;
     Dispatcher& m_dispatcher;
 };
+
+} // namespace tessa

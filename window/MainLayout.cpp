@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+namespace tessa {
+
 namespace MainLayout {
 
 Rect TabStripPlace(const Inputs& inputs) {
@@ -19,3 +21,5 @@ Rect ViewPlace(const Inputs& inputs) {
 }
 
 } // namespace MainLayout
+
+} // namespace tessa

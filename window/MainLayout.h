@@ -2,6 +2,8 @@
 #include "base/Units.h"
 #include "forms/TabStrip.h"
 
+namespace tessa {
+
 /// The main window's geometry, as pure functions of what it reads. All lengths in logical pixels.
 namespace MainLayout {
 
@@ -20,3 +22,5 @@ struct Inputs {
 [[nodiscard]] Rect ViewPlace(const Inputs& inputs);
 
 } // namespace MainLayout
+
+} // namespace tessa

@@ -19,6 +19,8 @@
 #include "settings/SiteChoice.h"
 #include "window/Report.h"
 
+namespace tessa {
+
 class SplashWindow;
 
 /// What the main window needs of the world outside; all of it outlives the window.
@@ -54,3 +56,5 @@ struct MainWindowPlatform {
     /// What the user has decided for sites, as the Internet Options list it.
     SiteChoices siteChoices{};
 };
+
+} // namespace tessa

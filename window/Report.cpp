@@ -3,6 +3,8 @@
 #include "settings/InternetSettings.h"
 #include "settings/SettingsStore.h"
 
+namespace tessa {
+
 namespace Report {
 
 Text Words(const Facts& facts, SettingsStorageFactory& settings) {
@@ -17,3 +19,5 @@ Text Words(const Facts& facts, SettingsStorageFactory& settings) {
 }
 
 } // namespace Report
+
+} // namespace tessa

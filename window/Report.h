@@ -1,6 +1,8 @@
 #pragma once
 #include "platform/SettingsStorage.h"
 
+namespace tessa {
+
 /// What a person sends along who reports an error.
 namespace Report {
 
@@ -25,3 +27,5 @@ inline constexpr std::size_t kLines = 200;
 [[nodiscard]] Text Words(const Facts& facts, SettingsStorageFactory& settings);
 
 } // namespace Report
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 constexpr Twips kSmallestHeight{4000};
@@ -48,3 +50,5 @@ void Save(SettingsStore& store, const MainWindow& window) {
 }
 
 } // namespace WindowPlacement
+
+} // namespace tessa

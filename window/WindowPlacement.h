@@ -2,6 +2,8 @@
 #include "platform/MainWindow.h"
 #include "settings/SettingsStore.h"
 
+namespace tessa {
+
 /// Where the main window stands on the screen, from one run to the next.
 namespace WindowPlacement {
 
@@ -12,3 +14,5 @@ void Restore(MainWindow& window, const SettingsStore& store);
 void Save(SettingsStore& store, const MainWindow& window);
 
 } // namespace WindowPlacement
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include "settings/SettingsStore.h"
 
+namespace tessa {
+
 frmDefBrowser::frmDefBrowser(SettingsStorageFactory& settings, DefaultBrowser& helper, Text programPath)
     : m_settings(settings), m_helper(helper), m_programPath(std::move(programPath)) {
     // The question comes only while it is wanted at every start.
@@ -31,3 +33,5 @@ void frmDefBrowser::cmdNo_Click() {
 void frmDefBrowser::StopAskingIfUnchecked() {
     if (!Check1.Ticked()) ResumeNext(SettingsStore(m_settings).AskDefaultBrowser.Set(false));
 }
+
+} // namespace tessa

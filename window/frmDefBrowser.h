@@ -4,6 +4,8 @@
 #include "platform/DefaultBrowser.h"
 #include "platform/SettingsStorage.h"
 
+namespace tessa {
+
 /// The question at the start whether TessaView shall become the default browser, as data. Made afresh for every show.
 class frmDefBrowser {
 public:
@@ -35,3 +37,5 @@ private:
     DefaultBrowser& m_helper;
     Text m_programPath;
 };
+
+} // namespace tessa

@@ -19,6 +19,8 @@
 
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 // They have nothing to act on yet.
@@ -277,3 +279,5 @@ void frmMain::PlaceView(ArrayView& view) {
     if (m_platform.window.State() == WindowState::Minimized) return;
     view.Place(MainLayout::ViewPlace(LayoutInputs()));
 }
+
+} // namespace tessa

@@ -21,6 +21,8 @@
 #include "window/MainLayout.h"
 #include "window/MainWindowPlatform.h"
 
+namespace tessa {
+
 /// The main window. Owns its controls, which everybody may show and use, and what works on them, which is its own. What
 /// happens outside is told to it: to its handlers, or to those of its parts that exist for that.
 class frmMain {
@@ -94,7 +96,7 @@ public:
     void ShowSessions() { m_commands.ShowSessions(); }
 
     // What the engine reports to.
-    [[nodiscard]] ::Downloads& Downloads() { return m_downloads; }
+    [[nodiscard]] tessa::Downloads& Downloads() { return m_downloads; }
 
     // What runs by the clock: each says when it is to be called, and by what.
     [[nodiscard]] SessionJournal& Sessions() { return m_sessions; }
@@ -134,7 +136,7 @@ private:
     LayoutKeeper m_layout;
     RuntimeMenus m_menus;
     FavoriteCommands m_favorites;
-    ::Downloads m_downloads;
+    tessa::Downloads m_downloads;
     frmDownloads m_downloadPanel;
     TabSleep m_sleep;
     MemoryRelief m_relief;
@@ -154,3 +156,5 @@ public:
     bool& TGCloseOthersFirst = m_groups.TGCloseOthersFirst;
     bool& RememberLastSites = m_settings.RememberLastSites;
 };
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "window/frmSplash.h"
 
+namespace tessa {
+
 frmSplash::frmSplash() {
     Command1.Visible = false;
     Command1.Click.ConnectForLife([this] { Command1_Click(); });
@@ -14,3 +16,5 @@ void frmSplash::ShowButton() { Command1.Visible = true; }
 void frmSplash::SetMessage(TextView) {}
 
 void frmSplash::Command1_Click() { Form.Visible = false; }
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include "base/Version.h"
 #include "forms/Controls.h"
 
+namespace tessa {
+
 /// The window that says which program this is, as data: at the start without a button, and as the About box. Made
 /// afresh for every show: it is loaded when constructed.
 class frmSplash {
@@ -27,3 +29,5 @@ private:
     void Form_Load();
     void Command1_Click();
 };
+
+} // namespace tessa

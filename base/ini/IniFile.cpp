@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
@@ -270,3 +272,5 @@ Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMi
     const IniFile file(ReadWholeFile(PathToBytes(path), kMostBytes).value_or(std::string()));
     return ReadIniValue(file, ToUtf8(section), ToUtf8(key), whenMissing);
 }
+
+} // namespace tessa

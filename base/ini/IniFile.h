@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+namespace tessa {
+
 /// INI text as the profile functions of the desktop that group files come from read and write it: names without
 /// regard to case, blanks at both ends dropped, the first of equal sections and keys counts, one pair of quotes
 /// around a value removed. Everything is bytes. A UTF-8 mark at the start is skipped and kept; text in UTF-16 with
@@ -87,3 +89,5 @@ private:
                                 TextView whenMissing);
 /// The same of the file of that path.
 [[nodiscard]] Text ReadIniValue(TextView path, TextView section, TextView key, TextView whenMissing);
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 AnswerLine::State AnswerLine::Add(std::string_view bytes) {
     m_line += bytes;
     const std::size_t end = m_line.find('\n');
@@ -10,3 +12,5 @@ AnswerLine::State AnswerLine::Add(std::string_view bytes) {
     m_line.resize(end + 1);
     return State::Whole;
 }
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 /// The one line that a listener answers, as its bytes come.
 class AnswerLine {
 public:
@@ -20,3 +22,5 @@ private:
     std::size_t m_longest;
     std::string m_line;
 };
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 // Whole files, by path. A write leaves the old file or the new one, whatever happens in between.
 
 /// The bytes of a regular file, of a longer one the first `most`; nothing when there is none or it cannot be read.
@@ -33,3 +35,5 @@ void RemoveLeftovers(const std::string& path);
 
 /// Removes a file, not one that is marked read-only for all. Done when there is none.
 Outcome RemoveFile(const std::string& path);
+
+} // namespace tessa

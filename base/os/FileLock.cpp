@@ -5,6 +5,8 @@
 #include <thread>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 constexpr std::chrono::milliseconds kPauseBetweenTries{2};
 } // namespace
@@ -43,3 +45,5 @@ void FileLock::LetGo() {
     m_file = LockedFile::kNone;
     m_held = false;
 }
+
+} // namespace tessa

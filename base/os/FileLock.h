@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+namespace tessa {
+
 /// A lock that all processes share, held from construction until it is let go. The system gives it back when its
 /// process dies, so a killed program holds up nobody.
 class FileLock {
@@ -28,3 +30,5 @@ private:
     bool m_held = false;
     bool m_taken = false;
 };
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::array kDevices{TextView(u"CON"), TextView(u"PRN"), TextView(u"AUX"), TextView(u"NUL")};
@@ -24,3 +26,5 @@ bool NamesDevice(TextView name) {
     const bool numbered = stem.size() == 4 && (stem.starts_with(u"COM") || stem.starts_with(u"LPT"));
     return numbered && stem[3] >= u'1' && stem[3] <= u'9';
 }
+
+} // namespace tessa

@@ -1,9 +1,13 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa {
+
 // What a disk takes as the name of a file.
 
 /// Whether a name stands for a device where names of devices are kept from files: "CON", "com1.txt".
 [[nodiscard]] bool NamesDevice(TextView name);
 /// The name with "-" for what may stand in no name on this system, and otherwise changed where it could be none.
 [[nodiscard]] Text FitForDisk(Text name);
+
+} // namespace tessa

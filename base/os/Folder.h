@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 /// What lies in a folder, links followed. A name that begins with a dot is hidden and never listed.
 struct FolderEntry {
     std::string Name;
@@ -32,3 +34,5 @@ Outcome RemoveTree(const std::string& path);
 [[nodiscard]] bool MayAddTo(const std::string& folder);
 /// Gives its owner the rights on a folder that was closed. True when it could not be used, and can be now.
 bool OpenUpFolder(const std::string& folder);
+
+} // namespace tessa

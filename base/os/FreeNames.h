@@ -1,6 +1,8 @@
 #pragma once
 #include <string>
 
+namespace tessa {
+
 /// How taking a name that must be free went.
 enum class Named {
     Done,
@@ -12,3 +14,5 @@ enum class Named {
 [[nodiscard]] Named RenameToFree(const std::string& from, const std::string& to);
 /// Makes a folder, readable as the user's mask says.
 [[nodiscard]] Named MakeNewFolder(const std::string& path);
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <array>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::string_view kAllCores = "cpu";
@@ -36,3 +38,5 @@ std::optional<double> IdleCores::SinceLast(Time now) {
     const std::chrono::duration<double> passed = now - last->When;
     return static_cast<double>(*ticks - last->Ticks) / static_cast<double>(m_ticksPerSecond) / passed.count();
 }
+
+} // namespace tessa

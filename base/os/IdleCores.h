@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 /// How many of the machine's cores have had nothing to do for a while, or nothing that would not give way, from what
 /// the system counts of them all.
 class IdleCores {
@@ -33,3 +35,5 @@ private:
     std::function<std::optional<std::int64_t>()> m_count; ///< the idle ticks of all cores, ever
     std::optional<Count> m_last;
 };
+
+} // namespace tessa

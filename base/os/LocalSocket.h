@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+namespace tessa {
+
 /// Local sockets (AF_UNIX, SOCK_STREAM; named pipes on the other platform) that processes of the same user listen on.
 /// The system tells whose process is at the other end, and nobody can forge it.
 namespace LocalSocket {
@@ -28,3 +30,5 @@ enum class Found {
                                              std::chrono::milliseconds patience);
 
 } // namespace LocalSocket
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include <cstdint>
 #include <string>
 
+namespace tessa {
+
 // What differs in locks between systems. For base/os alone.
 namespace LockedFile {
 
@@ -22,3 +24,5 @@ enum class Tried {
 void Close(std::intptr_t file);
 
 } // namespace LockedFile
+
+} // namespace tessa

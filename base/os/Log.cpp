@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <atomic>
 
+namespace tessa {
+
 namespace {
 
 std::atomic<LogFile*> currentLog = nullptr;
@@ -76,3 +78,5 @@ std::string Harmless(std::string_view words) {
 }
 
 } // namespace Log
+
+} // namespace tessa

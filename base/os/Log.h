@@ -4,6 +4,8 @@
 #include <optional>
 #include <source_location>
 
+namespace tessa {
+
 // What the program notes about itself, for a report that a person can send. It holds no addresses and no titles: what
 // is noted is written in the source, and numbers. There is one log a process, as there is one standard error.
 
@@ -32,3 +34,5 @@ void NoteForeign(LogLevel level, std::string_view category, std::string_view wor
 [[nodiscard]] std::string Harmless(std::string_view words);
 
 } // namespace Log
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 /// How far below its limit the file stays: instances that write at once may each add a line.
@@ -96,3 +98,5 @@ void LogFile::MakeRoom(std::size_t bytes) const {
                        Readers::UserAlone) == Outcome::Failed)
         EmptyFile(m_path);
 }
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 enum class LogLevel { Info, Warning, Error };
 
 /// Which part of the program a line is about.
@@ -43,3 +45,5 @@ private:
     std::string m_last; ///< the line that was written last, without its time
     std::size_t m_repeats = 0;
 };
+
+} // namespace tessa

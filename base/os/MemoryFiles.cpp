@@ -6,6 +6,8 @@
 #include <limits>
 #include <span>
 
+namespace tessa {
+
 namespace {
 
 // Where distributions mount the hierarchies. Version 2 has the place to itself, or stands beside those of version 1.
@@ -60,3 +62,5 @@ std::vector<MemoryRoom> MemoryFiles::Read() {
     }
     return rooms;
 }
+
+} // namespace tessa

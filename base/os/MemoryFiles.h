@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa {
+
 /// Reads how much memory is left from the files in which Linux tells it: of the machine, and of the control groups
 /// around the program, whichever version they are. A file that is missing counts as not said.
 class MemoryFiles final : public MemoryReader {
@@ -24,3 +26,5 @@ private:
 
     std::string m_root;
 };
+
+} // namespace tessa

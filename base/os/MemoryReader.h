@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa {
+
 /// How much memory a part of the machine may use: the machine itself, or a control group that the program runs in.
 struct MemoryRoom {
     std::int64_t Total = 0; ///< bytes that there are, or that the group may use
@@ -25,3 +27,5 @@ public:
 /// What reads the memory of this machine. Where `root` is not empty, the texts of Linux below that folder are read in
 /// place of what the system says.
 [[nodiscard]] std::unique_ptr<MemoryReader> SystemMemory(const std::string& root);
+
+} // namespace tessa

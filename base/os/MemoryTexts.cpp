@@ -6,6 +6,8 @@
 #include <charconv>
 #include <limits>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::int64_t kKilobyte = 1024;
@@ -97,3 +99,5 @@ std::int64_t IdleFiles(std::string_view stat) {
 }
 
 } // namespace MemoryTexts
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 // What the kernel's texts say of memory. Of a text that says something else, nothing or zero.
 
 /// A control group that the program runs in: "/" or "/a/b", below where its hierarchy is mounted.
@@ -33,3 +35,5 @@ namespace MemoryTexts {
 [[nodiscard]] std::int64_t IdleFiles(std::string_view stat);
 
 } // namespace MemoryTexts
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 /// Where the last name of a path begins.
@@ -25,3 +27,5 @@ std::string LastNameOf(const std::string& path) { return path.substr(std::max(La
 bool IsAbsolute(const std::string& path) { return RootLength(path) > 0; }
 
 bool IsFolder(const std::string& path) { return WhatLiesAt(path) == Lies::Folder; }
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include <optional>
 #include <string>
 
+namespace tessa {
+
 // Paths are bytes: those of the name on a system whose names are bytes, else UTF-8. Every system takes '/' between the
 // names.
 
@@ -29,3 +31,5 @@ enum class Lies {
 [[nodiscard]] bool LeadsSomewhere(const std::string& path);
 /// Whether both paths lead to one folder; not when one of them leads nowhere.
 [[nodiscard]] bool IsSameFolder(const std::string& one, const std::string& other);
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+namespace tessa {
+
 namespace {
 
 std::vector<std::string_view> PartsBetween(std::string_view text, std::string_view separators) {
@@ -40,3 +42,5 @@ std::optional<std::int64_t> NumberAt(std::string_view text, std::string_view nam
 }
 
 } // namespace ProcText
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 // The texts in which the kernel tells what it knows. Any bytes may come; nothing here fails on them.
 
 namespace ProcText {
@@ -22,3 +24,5 @@ namespace ProcText {
 [[nodiscard]] std::string ReadFile(const std::string& path);
 
 } // namespace ProcText
+
+} // namespace tessa

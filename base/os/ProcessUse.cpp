@@ -2,6 +2,8 @@
 
 #include "base/os/ProcText.h"
 
+namespace tessa {
+
 std::optional<std::int64_t> ProcessReader::OwnPages(std::string_view statm) {
     // Size, resident, shared, ...
     const auto fields = ProcText::Fields(statm);
@@ -32,3 +34,5 @@ std::optional<ProcessUse> ProcessReader::Read(std::int64_t process) const {
     if (!pages || !ticks) return std::nullopt;
     return ProcessUse{*pages * m_units.PageBytes, std::chrono::milliseconds(*ticks * 1000 / m_units.TicksPerSecond)};
 }
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 /// What a process uses of the machine.
 struct ProcessUse {
     std::int64_t Memory = 0;                ///< bytes in memory that are not shared with files or other programs
@@ -41,3 +43,5 @@ private:
     Units m_units;
     std::string m_folder;
 };
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include "base/os/Paths.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr std::string_view kTemporary = ".tessaview-";
@@ -35,3 +37,5 @@ bool IsOf(const std::string& target, std::string_view name) {
 }
 
 } // namespace TemporaryNames
+
+} // namespace tessa

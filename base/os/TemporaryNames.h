@@ -2,6 +2,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 // How a file is called that is written beside another and then takes its place. For base/os alone.
 namespace TemporaryNames {
 
@@ -17,3 +19,5 @@ inline constexpr std::size_t kLetters = 6;
 [[nodiscard]] bool IsOf(const std::string& target, std::string_view name);
 
 } // namespace TemporaryNames
+
+} // namespace tessa

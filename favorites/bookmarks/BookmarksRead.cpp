@@ -7,6 +7,8 @@
 #include <memory>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kDeepestRead = 64;
@@ -101,3 +103,5 @@ BookmarkFolder Bookmarks::Read(std::string_view html) {
         htmlCtxtReadMemory(parser.get(), utf8.data(), static_cast<int>(utf8.size()), nullptr, "UTF-8", kOptions));
     return std::move(reading.all);
 }
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 /// A page of a bookmarks file.
 struct Bookmark {
     Text Title;
@@ -29,3 +31,5 @@ inline constexpr std::size_t kMostBytes = std::size_t{256} << 20;
 [[nodiscard]] BookmarkFolder Read(std::string_view html);
 
 } // namespace Bookmarks
+
+} // namespace tessa

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa::qt {
+
 QtBandMenus::~QtBandMenus() {
     for (const auto& [band, menu] : m_menus) delete menu;
 }
@@ -165,3 +167,5 @@ bool QtBandMenus::eventFilter(QObject* watched, QEvent* event) {
     }
     return QObject::eventFilter(watched, event);
 }
+
+} // namespace tessa::qt

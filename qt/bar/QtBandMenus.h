@@ -12,8 +12,11 @@
 
 class QAction;
 class QMenu;
-class QtToolActions;
 class QWidget;
+
+namespace tessa::qt {
+
+class QtToolActions;
 
 /// The drop-down and pop-up menus of a command bar. A menu is made when a tool that opens it is shown, and filled each
 /// time it opens.
@@ -73,3 +76,5 @@ private:
     QPoint m_at;                                       ///< where on the screen it opens
     std::optional<QPoint> m_next;
 };
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QToolBar>
 
+namespace tessa::qt {
+
 namespace {
 
 int PixelsOf(IconSize size) {
@@ -56,3 +58,5 @@ void QtBarLook::Show(const BarLook& look) {
 bool QtBarLook::eventFilter(QObject* watched, QEvent* event) {
     return event->type() == QEvent::ToolTip && !m_bar.Look().ToolTips && IsOnToolBar(watched);
 }
+
+} // namespace tessa::qt

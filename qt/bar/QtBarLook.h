@@ -5,6 +5,8 @@
 #include <QMainWindow>
 #include <QObject>
 
+namespace tessa::qt {
+
 /// Shows the toolbars of a window as the command bar says: icon size, text beside or under icons, tool tips.
 class QtBarLook final : public QObject {
     Q_OBJECT
@@ -23,3 +25,5 @@ private:
     QMainWindow& m_window;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

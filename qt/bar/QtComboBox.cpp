@@ -15,6 +15,8 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kNarrowestBox = 120; // of a box that has to make room, in logical pixels
@@ -230,3 +232,5 @@ void QtComboBox::resizeEvent(QResizeEvent* event) {
 
 // A turn of the wheel must not choose from the list.
 void QtComboBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+} // namespace tessa::qt

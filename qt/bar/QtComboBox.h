@@ -3,6 +3,8 @@
 
 #include <QComboBox>
 
+namespace tessa::qt {
+
 class QtComboEdit;
 
 /// One box of a combo tool, which several toolbars may show at a time. What the user types is the tool's at once; then
@@ -62,3 +64,5 @@ private:
     bool m_publishing = false; ///< the tool changes by this box
     bool m_showing = false;    ///< this box changes by the tool
 };
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace tessa::qt {
+
 QtComboBox* QtComboBoxes::Make(const std::shared_ptr<Tool>& tool, QWidget* parent) {
     auto* combo = dynamic_cast<ComboTool*>(tool.get());
     if (!combo) return nullptr;
@@ -50,3 +52,5 @@ std::vector<QtComboBox*> QtComboBoxes::All() const {
         std::ranges::copy_if(shown.boxes, std::back_inserter(all), [](auto& b) { return !b.isNull(); });
     return all;
 }
+
+} // namespace tessa::qt

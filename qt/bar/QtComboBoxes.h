@@ -7,6 +7,9 @@
 #include <vector>
 
 class QWidget;
+
+namespace tessa::qt {
+
 class QtComboBox;
 
 /// The boxes of a command bar's combo tools. A tool has one on each toolbar that lists it, and all show the same.
@@ -36,3 +39,5 @@ private:
     CommandBar& m_bar;
     std::unordered_map<Text, Shown> m_shown; ///< by the tool's name
 };
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QTextCharFormat>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 /// How far less important text goes from the text's colour to the background's. It stays easy to read.
 constexpr double kFaint = 0.38;
@@ -104,3 +106,5 @@ void QtComboEdit::mouseReleaseEvent(QMouseEvent* event) {
     QLineEdit::mouseReleaseEvent(event);
     if (std::exchange(m_selectOnRelease, false) && !hasSelectedText()) selectAll();
 }
+
+} // namespace tessa::qt

@@ -1,6 +1,8 @@
 #pragma once
 #include <QLineEdit>
 
+namespace tessa::qt {
+
 /// The field of a box of the command bar. The click that brings the keyboard into it selects all of its text.
 class QtComboEdit final : public QLineEdit {
     Q_OBJECT
@@ -35,3 +37,5 @@ private:
     bool m_composing = false;
     bool m_selectOnRelease = false;
 };
+
+} // namespace tessa::qt

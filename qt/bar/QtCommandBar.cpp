@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QToolBar>
 
+namespace tessa::qt {
+
 QtCommandBar::QtCommandBar(CommandBar& bar, QMainWindow& window)
     : m_bar(bar),
       m_window(window),
@@ -105,3 +107,5 @@ bool QtCommandBar::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ContextMenu) return ShowToolBarsMenu(watched, static_cast<QContextMenuEvent&>(*event));
     return QObject::eventFilter(watched, event);
 }
+
+} // namespace tessa::qt

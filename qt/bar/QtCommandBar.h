@@ -12,6 +12,8 @@
 
 class QContextMenuEvent;
 
+namespace tessa::qt {
+
 /// Shows a `CommandBar` in a window's menu bar, toolbars and menus. The bar and the window outlive it.
 class QtCommandBar final : public QObject {
     Q_OBJECT
@@ -53,3 +55,5 @@ private:
     Connections m_menuBar;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kWidestMinimum = 360; // of a toolbar with a box, in logical pixels
@@ -283,3 +285,5 @@ bool QtDocking::eventFilter(QObject* watched, QEvent* event) {
     if (!window && type == QEvent::MouseButtonRelease) QTimer::singleShot(0, this, &QtDocking::Read);
     return QObject::eventFilter(watched, event);
 }
+
+} // namespace tessa::qt

@@ -6,6 +6,9 @@
 #include <QObject>
 
 class QToolBar;
+
+namespace tessa::qt {
+
 class QtToolBars;
 
 /// Keeps the toolbars where their bands say, and tells the bands where the user has put them.
@@ -49,3 +52,5 @@ private:
     bool m_reading = false;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

@@ -18,6 +18,8 @@
 #include <iterator>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 /// The desktop's style, except that a focused entry of the menu bar looks like an opened one. Some styles show no
@@ -229,3 +231,5 @@ bool QtFocusRing::eventFilter(QObject* watched, QEvent* event) {
     const QToolBar* bar = ToolBarAround(focused);
     return bar && bar->window() == &m_window && Press(key->key(), *focused, *bar);
 }
+
+} // namespace tessa::qt

@@ -11,6 +11,9 @@
 
 class QFocusEvent;
 class QToolBar;
+
+namespace tessa::qt {
+
 class QtToolBars;
 
 /// Moves the focus round the window's parts: menu bar, toolbars, docked panels, tab strip, page bars, page, status bar.
@@ -65,3 +68,5 @@ private:
     const QtToolBars& m_toolBars;
     QPointer<QWidget> m_before; ///< had the keyboard before the menu bar
 };
+
+} // namespace tessa::qt

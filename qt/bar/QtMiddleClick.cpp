@@ -4,6 +4,8 @@
 #include <QMenu>
 #include <QMouseEvent>
 
+namespace tessa::qt {
+
 QtMiddleClick::QtMiddleClick() { QCoreApplication::instance()->installEventFilter(this); }
 
 bool QtMiddleClick::eventFilter(QObject* watched, QEvent* event) {
@@ -16,3 +18,5 @@ bool QtMiddleClick::eventFilter(QObject* watched, QEvent* event) {
     }
     return QObject::eventFilter(watched, event);
 }
+
+} // namespace tessa::qt

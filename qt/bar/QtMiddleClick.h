@@ -1,6 +1,8 @@
 #pragma once
 #include <QObject>
 
+namespace tessa::qt {
+
 /// Tells whether the menu entry that is being chosen was clicked with the middle button. That opens a page in a tab of
 /// its own. Qt does not say with which button an entry was chosen.
 class QtMiddleClick final : public QObject {
@@ -14,3 +16,5 @@ protected:
 private:
     bool m_now = false;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr double kArrowHeight = 6, kArrowWidth = 3, kArrowGap = 4;
@@ -49,3 +51,5 @@ void QtOverflowArrow::drawComplexControl(ComplexControl control, const QStyleOpt
     const bool upright = bar && bar->orientation() == Qt::Vertical;
     DrawArrows(*painter, option->rect, option->palette.color(QPalette::ButtonText), upright);
 }
+
+} // namespace tessa::qt

@@ -1,6 +1,8 @@
 #pragma once
 #include <QProxyStyle>
 
+namespace tessa::qt {
+
 /// Draws the arrows of the button for what did not fit on a bar of tools or menus. The desktop's style has a dark
 /// picture for it, which cannot be seen on a dark ground.
 class QtOverflowArrow final : public QProxyStyle {
@@ -16,3 +18,5 @@ public:
 private:
     using QProxyStyle::QProxyStyle;
 };
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <span>
 
+namespace tessa::qt {
+
 namespace {
 
 QIcon PictureOf(const Tool& tool) { return QtIcons::WithBadge(QtIcons::Of(tool.Image), tool.Badge()); }
@@ -133,3 +135,5 @@ void QtToolActions::ShowIcons() {
     m_icons = true;
     for (const auto& [key, shown] : m_shown) shown.action->setIcon(PictureOf(*shown.tool));
 }
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 
 class QAction;
 
+namespace tessa::qt {
+
 /// The actions of a command bar: one a tool, however many menus and toolbars show it. An action lives until its tool
 /// is listed nowhere any more and `Prune` is called.
 class QtToolActions final : public QObject {
@@ -49,3 +51,5 @@ private:
     const QAction* m_pointed = nullptr; ///< under the pointer; only to compare with
     bool m_icons = false;
 };
+
+} // namespace tessa::qt

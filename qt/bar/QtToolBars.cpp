@@ -18,6 +18,8 @@
 #include <QToolButton>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kLabelMargin = 4;
@@ -199,3 +201,5 @@ void QtToolBars::OpenMenu(const Tool& tool) {
     // The keyboard has opened it, and goes on in it.
     if (!menu->actions().isEmpty()) menu->setActiveAction(menu->actions().constFirst());
 }
+
+} // namespace tessa::qt

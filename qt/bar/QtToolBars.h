@@ -10,6 +10,9 @@
 
 class QLabel;
 class QToolBar;
+
+namespace tessa::qt {
+
 class QtBandMenus;
 class QtToolActions;
 
@@ -59,3 +62,5 @@ private:
     std::map<Text, QToolBar*> m_toolBars; ///< by the band's name
     Connections m_connections;
 };
+
+} // namespace tessa::qt

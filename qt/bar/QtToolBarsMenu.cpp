@@ -7,6 +7,8 @@
 #include <QAction>
 #include <QMenu>
 
+namespace tessa::qt {
+
 namespace {
 
 void AddBand(QMenu& menu, CommandBar& bar, const Band& band) {
@@ -48,3 +50,5 @@ QMenu* Show(CommandBar& bar, QWidget& window, const QPoint& at) {
 }
 
 } // namespace QtToolBarsMenu
+
+} // namespace tessa::qt

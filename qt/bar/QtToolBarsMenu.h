@@ -5,6 +5,8 @@ class QMenu;
 class QPoint;
 class QWidget;
 
+namespace tessa::qt {
+
 /// The menu that a right click on any toolbar opens. It shows and hides toolbars and leads to their arrangement.
 namespace QtToolBarsMenu {
 
@@ -12,3 +14,5 @@ namespace QtToolBarsMenu {
 QMenu* Show(CommandBar& bar, QWidget& window, const QPoint& at);
 
 } // namespace QtToolBarsMenu
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <memory>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 /// The widget follows the property until one of them is deleted, the widget first.
@@ -133,3 +135,5 @@ void ShowModal(FormState& form, QDialog& dialog) {
     dialog.exec();
     form.Visible = false;
 }
+
+} // namespace tessa::qt

@@ -14,6 +14,8 @@ class QLineEdit;
 class QObject;
 class QPushButton;
 
+namespace tessa::qt {
+
 /// Keeps a connection until the owner is deleted.
 void KeepWith(QObject& owner, Connection connection);
 
@@ -34,3 +36,5 @@ void Bind(FormState& form, QDialog& dialog, Button& cancel);
 
 /// Shows the form in its dialog until the form hides. The dialog may be deleted meanwhile, with its parent.
 void ShowModal(FormState& form, QDialog& dialog);
+
+} // namespace tessa::qt

@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kAddressFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWrapAnywhere;
 constexpr int kAddressWidth = 200;
@@ -23,3 +25,5 @@ QSize QtAddressLabel::sizeHint() const { return {kAddressWidth, heightForWidth(k
 QSize QtAddressLabel::minimumSizeHint() const { return {kAddressWidth, fontMetrics().height()}; }
 
 void QtAddressLabel::paintEvent(QPaintEvent*) { QPainter(this).drawText(rect(), kAddressFlags, text()); }
+
+} // namespace tessa::qt

@@ -1,6 +1,8 @@
 #pragma once
 #include <QLabel>
 
+namespace tessa::qt {
+
 /// Shows an address whole: one word without a blank, broken wherever a line is full.
 class QtAddressLabel final : public QLabel {
     Q_OBJECT
@@ -15,3 +17,5 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 };
+
+} // namespace tessa::qt

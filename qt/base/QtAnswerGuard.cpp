@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 std::chrono::milliseconds SteadyNow() {
@@ -66,3 +68,5 @@ void QtAnswerGuard::NoteFocus(const QFocusEvent& event) {
     const bool had = std::exchange(m_hasFocus, has);
     if (has && !had && event.reason() != Qt::MouseFocusReason) Restart();
 }
+
+} // namespace tessa::qt

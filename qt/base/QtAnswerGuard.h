@@ -7,6 +7,8 @@ class QFocusEvent;
 class QKeyEvent;
 class QWidget;
 
+namespace tessa::qt {
+
 /// Keeps input meant for a page from answering the question that comes up over it. Such input is a held key, the second
 /// half of a double click, or a click of the moment before. A question takes no key or click for a short time after it
 /// is shown or gets the focus. It never takes a key that repeats. Refusing with Escape is always possible.
@@ -40,3 +42,5 @@ private:
     std::chrono::milliseconds m_since;
     bool m_hasFocus = false;
 };
+
+} // namespace tessa::qt

@@ -14,6 +14,8 @@
 #include <QtWebEngineCore>
 #include <chrono>
 
+namespace tessa::qt {
+
 namespace {
 
 QString Compiler() {
@@ -66,3 +68,5 @@ QString QtBuildInfo::Drawing() {
     return QStringLiteral("%1, OpenGL %2 by %3")
         .arg(Platform(), QString::fromLatin1(version), QString::fromLatin1(renderer));
 }
+
+} // namespace tessa::qt

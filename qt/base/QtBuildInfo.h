@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace tessa::qt {
+
 /// What to say of the program in a report: versions of the program, the engine, Qt, the compiler and the system. Reads
 /// what is linked in; starts neither the engine nor a window.
 namespace QtBuildInfo {
@@ -10,7 +12,7 @@ namespace QtBuildInfo {
 /// "Qt WebEngine 6.4.2, based on Chromium ..., with security fixes of ..."
 [[nodiscard]] QString Engine();
 /// What to tell the user today of an engine whose security fixes are old; empty for nothing.
-[[nodiscard]] ::Text EngineNotice();
+[[nodiscard]] tessa::Text EngineNotice();
 /// The version of Qt that runs.
 [[nodiscard]] QString Qt();
 /// All of it, a line each, without personal data.
@@ -21,3 +23,5 @@ namespace QtBuildInfo {
 [[nodiscard]] QString Drawing();
 
 } // namespace QtBuildInfo
+
+} // namespace tessa::qt

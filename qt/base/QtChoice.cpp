@@ -5,6 +5,8 @@
 
 #include <QComboBox>
 
+namespace tessa::qt {
+
 void Bind(Choice& choice, QComboBox& widget, const QString& name) {
     widget.setObjectName(name);
     widget.setAccessibleName(ToQt(choice.Caption));
@@ -16,3 +18,5 @@ void Bind(Choice& choice, QComboBox& widget, const QString& name) {
         if (index >= 0) choice.Index = static_cast<std::size_t>(index);
     });
 }
+
+} // namespace tessa::qt

@@ -15,6 +15,8 @@
 #include <array>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 // Where the kernel shows graphics processors: those with a "render" node can be used, those of NVIDIA's
@@ -103,3 +105,5 @@ Text QtDrawing::Renderer() {
     if (!surface.isValid() || !context.create() || !context.makeCurrent(&surface)) return {};
     return FromQt(QString::fromLatin1(reinterpret_cast<const char*>(context.functions()->glGetString(GL_RENDERER))));
 }
+
+} // namespace tessa::qt

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace tessa::qt {
+
 /// How this program draws pages. Chosen once, before there is a window or an engine.
 namespace QtDrawing {
 
@@ -21,3 +23,5 @@ void Choose(SettingsStorageFactory& settings);
 [[nodiscard]] Text Renderer();
 
 } // namespace QtDrawing
+
+} // namespace tessa::qt

@@ -31,6 +31,8 @@
 #include <QWebEngineProfileBuilder>
 #endif
 
+namespace tessa::qt {
+
 namespace {
 
 #ifdef TESSAVIEW_ENGINE_6_8
@@ -290,3 +292,5 @@ void QtEngineVersions::SetAnimations([[maybe_unused]] QWebEngineSettings& settin
     settings.setImageAnimationPolicy(on ? Policy::Allow : Policy::Disallow);
 #endif
 }
+
+} // namespace tessa::qt

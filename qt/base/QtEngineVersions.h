@@ -18,6 +18,8 @@ class QWebEnginePage;
 class QWebEngineProfile;
 class QWebEngineSettings;
 
+namespace tessa::qt {
+
 /// What differs between the versions of the engine that the program can be built with, from 6.4 to the newest. No other
 /// file asks which one it is. The engine counts its versions apart from Qt's.
 namespace QtEngineVersions {
@@ -104,3 +106,5 @@ void Refuse(QWebEngineDownloadRequest& request);
 void SetAnimations(QWebEngineSettings& settings, bool on);
 
 } // namespace QtEngineVersions
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace tessa::qt {
+
 namespace {
 
 template<typename Widget, typename Control>
@@ -44,3 +46,5 @@ QDialogButtonBox* NewAnswers(const DialogButton& yes, const DialogButton& no) {
     row->findChild<QPushButton*>(QString::fromLatin1(yes.Name))->setDefault(true);
     return row;
 }
+
+} // namespace tessa::qt

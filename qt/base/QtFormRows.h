@@ -11,6 +11,8 @@ class QCheckBox;
 class QLabel;
 class QPushButton;
 
+namespace tessa::qt {
+
 [[nodiscard]] QLabel* NewLabel(Label& label, const char* name, QChar accessKey = {});
 [[nodiscard]] QCheckBox* NewCheckBox(CheckBox& box, const char* name, QChar accessKey = {});
 /// Return does not press it, not even while it has the focus: it presses the dialog's default button.
@@ -27,3 +29,5 @@ struct DialogButton {
 [[nodiscard]] QDialogButtonBox* NewButtonRow(std::initializer_list<DialogButton> buttons);
 /// The two answers to a dialog. The first is its default; Return presses the one that has the focus.
 [[nodiscard]] QDialogButtonBox* NewAnswers(const DialogButton& yes, const DialogButton& no);
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <QStringList>
 #include <algorithm>
 
+namespace tessa::qt {
+
 QIcon QtIcons::Own(const QString& name) {
     QtResources::Load();
     return QIcon(QStringLiteral(":/%1.svg").arg(name));
@@ -70,3 +72,5 @@ QIcon QtIcons::WithBadge(const QIcon& icon, std::size_t number) {
     all.setDevicePixelRatio(kScale);
     return QIcon(all);
 }
+
+} // namespace tessa::qt

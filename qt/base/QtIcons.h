@@ -5,6 +5,8 @@
 
 class QPalette;
 
+namespace tessa::qt {
+
 /// The program's pictures: its own icon, and the commands' icons from the desktop's icon theme, with Breeze behind it.
 namespace QtIcons {
 
@@ -27,3 +29,5 @@ void ChooseTheme(const QPalette& palette);
 [[nodiscard]] QIcon WithBadge(const QIcon& icon, std::size_t number);
 
 } // namespace QtIcons
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <array>
 #include <string_view>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Keys side by side, from the scan code of the first on.
@@ -93,3 +95,5 @@ int KeyOf(int key, quint32 scanCode) {
 int KeyOf(const QKeyEvent& event) { return KeyOf(event.key(), event.nativeScanCode()); }
 
 } // namespace QtKeyPlaces
+
+} // namespace tessa::qt

@@ -3,6 +3,8 @@
 
 class QKeyEvent;
 
+namespace tessa::qt {
+
 /// What a key is called in a combination. On a layout without Latin letters, such as Greek or Arabic, it is the US
 /// keyboard's letter in that place. A layout that gives a Latin letter gives that letter, wherever it stands.
 namespace QtKeyPlaces {
@@ -13,3 +15,5 @@ namespace QtKeyPlaces {
 [[nodiscard]] int KeyOf(const QKeyEvent& event);
 
 } // namespace QtKeyPlaces
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <array>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 struct KeyName {
@@ -101,3 +103,5 @@ bool QtKeys::eventFilter(QObject* watched, QEvent* event) {
     event->accept();
     return true;
 }
+
+} // namespace tessa::qt

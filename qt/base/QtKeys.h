@@ -8,6 +8,8 @@
 class QKeyEvent;
 class QWidget;
 
+namespace tessa::qt {
+
 /// Shows every key for a window or anything in it to the program first, before the focused page or box. A key that the
 /// program has used goes no further. Alt is told of when it goes up again and nothing else was pressed meanwhile.
 class QtKeys final : public QObject {
@@ -36,3 +38,5 @@ private:
     QWidget& m_window;
     bool m_altAlone = false; ///< it is down, and nothing else was pressed since
 };
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 #include <QMenuBar>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Changes an event of the keyboard in place: one that we send ourselves is not the user's any more.
@@ -65,3 +67,5 @@ bool QtLatinKeys::eventFilter(QObject* watched, QEvent* event) {
     const bool access = event->type() == QEvent::KeyPress && key.modifiers() == Qt::AltModifier;
     return access && !QApplication::activePopupWidget() && PressAccessKey(latin, key.isAutoRepeat());
 }
+
+} // namespace tessa::qt

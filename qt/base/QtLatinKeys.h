@@ -3,6 +3,8 @@
 
 class QKeyEvent;
 
+namespace tessa::qt {
+
 /// Has combinations work with a keyboard layout without Latin letters, in all windows. That is those of Qt's own boxes,
 /// as Ctrl+C, and the underlined letters of menus and dialogs. What is typed stays what it is. Works as long as it
 /// lives.
@@ -15,3 +17,5 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QMouseEvent>
 #include <QToolTip>
 
+namespace tessa::qt {
+
 /// The items as Qt's views ask for them.
 class QtListModel final : public QAbstractListModel {
 public:
@@ -135,3 +137,5 @@ void QtListBox::ShowToolTip(QPoint point, QPoint globalPoint) {
     QToolTip::showText(globalPoint, QStringLiteral("<p style='word-break:break-all'>%1</p>").arg(tip), viewport(),
                        visualRect(under));
 }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QListView>
 #include <functional>
 
+namespace tessa::qt {
+
 class QtListModel;
 
 /// Shows a `ListBox`, which outlives it. However long the list, only what is seen is laid out. The user can drag an
@@ -39,3 +41,5 @@ private:
     QtListModel* m_model;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QtGlobal>
 
+namespace tessa::qt {
+
 namespace {
 
 QtMessageHandler s_beforeLog = nullptr;
@@ -32,3 +34,5 @@ QtLog::~QtLog() {
     qInstallMessageHandler(s_beforeLog);
     Log::To(nullptr);
 }
+
+} // namespace tessa::qt

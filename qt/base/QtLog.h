@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace tessa::qt {
+
 /// The program's log in a folder. Takes what the program notes and Qt's messages, which still go where they went
 /// before. There is one at a time.
 class QtLog {
@@ -17,3 +19,5 @@ public:
 private:
     LogFile m_file;
 };
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include <csignal>
 #include <cstdint>
 
+namespace tessa::qt {
+
 namespace {
 
 /// What a pointer that is null still reaches: the members of an object.
@@ -49,3 +51,5 @@ bool QtNullGuard::Survives(void (*act)(void* context), void* context) {
     ::sigaction(SIGSEGV, &g_faultsBefore, nullptr);
     return survived;
 }
+
+} // namespace tessa::qt

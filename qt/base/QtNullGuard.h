@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessa::qt {
+
 /// For functions of the engine that read through a null pointer where nothing tells beforehand.
 namespace QtNullGuard {
 
@@ -9,3 +11,5 @@ namespace QtNullGuard {
 [[nodiscard]] bool Survives(void (*act)(void* context), void* context);
 
 } // namespace QtNullGuard
+
+} // namespace tessa::qt

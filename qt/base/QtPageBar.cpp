@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+namespace tessa::qt {
+
 namespace {
 constexpr double kBarLineShare = 0.25; // of the way from the ground's colour to the text's
 }
@@ -19,3 +21,5 @@ void QtPageBar::paintEvent(QPaintEvent*) {
         QtPalette::Mix(palette().color(backgroundRole()), palette().color(foregroundRole()), kBarLineShare);
     QPainter(this).fillRect(0, height() - 1, width(), 1, line);
 }
+
+} // namespace tessa::qt

@@ -1,6 +1,8 @@
 #pragma once
 #include <QWidget>
 
+namespace tessa::qt {
+
 /// A bar above the page that has something to say. It has its own background and a line that parts it from what is
 /// below, the page or another bar.
 class QtPageBar : public QWidget {
@@ -12,3 +14,5 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 };
+
+} // namespace tessa::qt

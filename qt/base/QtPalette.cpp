@@ -3,6 +3,8 @@
 #include <QColor>
 #include <cmath>
 
+namespace tessa::qt {
+
 namespace {
 constexpr float kLeastContrast = 0.3F; // of lightness, which goes from 0 to 1
 constexpr int kHalf = 128;             // of an opacity of 255
@@ -24,3 +26,5 @@ QPalette QtPalette::Mended(QPalette palette) {
     palette.setColor(QPalette::PlaceholderText, mended);
     return palette;
 }
+
+} // namespace tessa::qt

@@ -2,6 +2,8 @@
 #include <QColor>
 #include <QPalette>
 
+namespace tessa::qt {
+
 /// What the desktop's colours mean for what the program paints itself.
 namespace QtPalette {
 
@@ -13,3 +15,5 @@ namespace QtPalette {
 [[nodiscard]] QPalette Mended(QPalette palette);
 
 } // namespace QtPalette
+
+} // namespace tessa::qt

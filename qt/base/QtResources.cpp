@@ -2,8 +2,10 @@
 
 #include <QFile>
 
-// Stands outside the namespace, as Qt's macro demands.
+// Stands outside of any namespace, as Qt's macro demands.
 static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
+
+namespace tessa::qt {
 
 void QtResources::Load() { LoadResources(); }
 
@@ -12,3 +14,5 @@ QString QtResources::ReadText(const QString& name) {
     QFile file(QStringLiteral(":/") + name);
     return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
+
+} // namespace tessa::qt

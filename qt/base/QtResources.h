@@ -1,6 +1,8 @@
 #pragma once
 #include <QString>
 
+namespace tessa::qt {
+
 /// What the program carries with it: icons, scripts for pages, pages of its own.
 namespace QtResources {
 
@@ -10,3 +12,5 @@ void Load();
 [[nodiscard]] QString ReadText(const QString& name);
 
 } // namespace QtResources
+
+} // namespace tessa::qt

@@ -15,6 +15,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kGuessedEdge = 4;
@@ -124,3 +126,5 @@ bool QtScreenFit::eventFilter(QObject* watched, QEvent* event) {
     QTimer::singleShot(0, dialog, [dialog] { Fit(*dialog); });
     return false;
 }
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 class QDialog;
 class QWidget;
 
+namespace tessa::qt {
+
 /// Brings dialogs inside what a screen leaves free, so that their title bars and buttons can be reached. What is too
 /// large for the screen scrolls, with the buttons beneath it. Works for all dialogs as long as it lives.
 class QtScreenFit final : public QObject {
@@ -34,3 +36,5 @@ private:
     static void Prepare(QDialog& dialog);
     static void Scroll(QDialog& dialog);
 };
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <optional>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 // Greys of icon themes have a tinge.
@@ -117,3 +119,5 @@ QIcon WithLook(const QIcon& icon, SelectedLook::Rule rule) {
 QIcon WithSelectedLook(const QIcon& icon) { return WithLook(icon, HasOneColour); }
 
 QIcon WithSelectedPageLook(const QIcon& icon) { return WithLook(icon, HidesOnSelection); }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QTextLayout>
 #include <QToolTip>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kTipWidth = 34; // heights of the font
@@ -38,3 +40,5 @@ QString Html(const QString& text) {
 }
 
 } // namespace QtTip
+
+} // namespace tessa::qt

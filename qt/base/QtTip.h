@@ -1,6 +1,8 @@
 #pragma once
 #include <QString>
 
+namespace tessa::qt {
+
 /// The tips of the program whose words come from pages and may be long.
 namespace QtTip {
 
@@ -9,3 +11,5 @@ namespace QtTip {
 [[nodiscard]] QString Html(const QString& text);
 
 } // namespace QtTip
+
+} // namespace tessa::qt

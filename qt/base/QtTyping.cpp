@@ -5,6 +5,8 @@
 #include <QWebEngineView>
 #include <QWidget>
 
+namespace tessa::qt {
+
 namespace {
 
 bool IsInPage(const QWidget& widget) {
@@ -39,3 +41,5 @@ bool QtTyping::eventFilter(QObject* watched, QEvent* event) {
     QApplication::sendEvent(focus, &same);
     return true;
 }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 
 class QWidget;
 
+namespace tessa::qt {
+
 /// Tells of every letter that the user is about to type or paste into a page of a window. When the keyboard is led
 /// elsewhere for that, the letter goes there too.
 class QtTyping final : public QObject {
@@ -22,3 +24,5 @@ protected:
 private:
     QWidget& m_window;
 };
+
+} // namespace tessa::qt

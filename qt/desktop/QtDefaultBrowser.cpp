@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kPatienceAtStart = 1500; // milliseconds; the tool needs about a tenth of it
@@ -85,3 +87,5 @@ Outcome QtDefaultBrowser::MakeDefault(TextView, TextView) {
         {QStringLiteral("60"), tool, QStringLiteral("set"), QStringLiteral("default-web-browser"), Entry()});
     return process.startDetached() ? Outcome::Done : Outcome::Failed;
 }
+
+} // namespace tessa::qt

@@ -1,6 +1,8 @@
 #pragma once
 #include "platform/DefaultBrowser.h"
 
+namespace tessa::qt {
+
 /// The default browser by the desktop's own tool, `xdg-settings`, which knows programs by their installed desktop
 /// entries. Without an installed entry of ours, or without the tool, there is nothing to ask and nothing is run.
 class QtDefaultBrowser final : public DefaultBrowser {
@@ -14,3 +16,5 @@ public:
     /// Starts the tool and lets it work; it takes seconds on some desktops and is ended after a minute.
     Outcome MakeDefault(TextView name, TextView path) override;
 };
+
+} // namespace tessa::qt

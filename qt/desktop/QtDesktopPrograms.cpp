@@ -10,6 +10,8 @@
 #include <QStandardPaths>
 #include <QStringList>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr std::size_t kLongest = 4096;
@@ -83,3 +85,5 @@ bool OpensElsewhere(const QString& scheme) {
 }
 
 } // namespace QtDesktopPrograms
+
+} // namespace tessa::qt

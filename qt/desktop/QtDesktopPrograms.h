@@ -1,6 +1,8 @@
 #pragma once
 #include <QString>
 
+namespace tessa::qt {
+
 /// What the desktop says about its programs.
 namespace QtDesktopPrograms {
 
@@ -13,3 +15,5 @@ namespace QtDesktopPrograms {
 [[nodiscard]] bool OpensElsewhere(const QString& scheme);
 
 } // namespace QtDesktopPrograms
+
+} // namespace tessa::qt

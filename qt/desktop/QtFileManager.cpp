@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr auto kManagerService = "org.freedesktop.FileManager1";
@@ -27,3 +29,5 @@ bool QtFileManager::Show(const QString& path) {
     });
     return true;
 }
+
+} // namespace tessa::qt

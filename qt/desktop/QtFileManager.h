@@ -4,6 +4,8 @@
 #include <QObject>
 #include <functional>
 
+namespace tessa::qt {
+
 /// The desktop's file manager.
 class QtFileManager final : public QObject {
 public:
@@ -19,3 +21,5 @@ public:
 private:
     QDBusConnection m_bus;
 };
+
+} // namespace tessa::qt

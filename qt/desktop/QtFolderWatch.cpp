@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <vector>
 
+namespace tessa::qt {
+
 namespace {
 
 QString Existing(QString folder) {
@@ -68,3 +70,5 @@ void QtFolderWatch::OnChanged(const QString& path) {
         Changed(folder);
     }
 }
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <map>
 #include <memory>
 
+namespace tessa::qt {
+
 /// Watches folders through the kernel. Of one that does not exist it watches the folder above, until it does.
 class QtFolderWatch final : public FolderWatch {
 public:
@@ -20,3 +22,5 @@ private:
     std::unique_ptr<QFileSystemWatcher> m_watcher; ///< made when first needed
     std::map<Text, QString> m_held;                ///< each folder, and what the kernel watches for it
 };
+
+} // namespace tessa::qt

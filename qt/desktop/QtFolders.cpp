@@ -5,6 +5,8 @@
 
 #include <unistd.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr auto kUserAlone = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
@@ -72,3 +74,5 @@ QtFolders QtFolders::Find(const QString& programFile) {
     for (const QString& folder : {folders.program, folders.GroupFolder(), folders.settings}) Make(folder);
     return folders;
 }
+
+} // namespace tessa::qt

@@ -1,6 +1,8 @@
 #pragma once
 #include <QString>
 
+namespace tessa::qt {
+
 /// Where the program keeps its files. All folders end without a separator and, but for the Favorites, are made when
 /// first asked for.
 struct QtFolders {
@@ -19,3 +21,5 @@ struct QtFolders {
     static QString ProgramFile();
     [[nodiscard]] QString GroupFolder() const { return program + QStringLiteral("/TessaGroups/"); }
 };
+
+} // namespace tessa::qt

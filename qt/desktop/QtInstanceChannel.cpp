@@ -16,6 +16,8 @@
 #include <cstdio>
 #include <unistd.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr std::size_t kLongestAnswer = 4096;
@@ -145,3 +147,5 @@ Outcome QtInstanceSender::Send(const std::string& message) {
     std::fputs("tessaview: the running instance does not answer; nothing was handed over.\n", stderr);
     return Outcome::Failed;
 }
+
+} // namespace tessa::qt

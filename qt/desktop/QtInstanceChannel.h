@@ -12,6 +12,8 @@
 
 class QLocalSocket;
 
+namespace tessa::qt {
+
 /// Finds the instances of one user and one state folder. Talks to them over local sockets that the user alone may open.
 /// A socket that nobody answers is left over from an instance that crashed, and is removed. Can not be found itself,
 /// and needs no application object.
@@ -60,3 +62,5 @@ private:
 
     std::optional<QLocalServer> m_server; ///< once it can be found
 };
+
+} // namespace tessa::qt

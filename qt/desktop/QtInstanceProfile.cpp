@@ -13,6 +13,8 @@
 #include <thread>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr std::chrono::seconds kPatienceWithAnEnd{5};
@@ -66,3 +68,5 @@ QString QtInstanceProfile::CacheFolder() const {
 }
 
 QString QtInstanceProfile::FolderOf(int number) const { return m_folder + ToQt(InstanceProfiles::Suffix(number)); }
+
+} // namespace tessa::qt

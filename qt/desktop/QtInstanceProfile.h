@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace tessa::qt {
+
 /// The engine's profile of this instance, held by a lock that dies with its process. To end after the engine, which
 /// goes on writing for a while when its profile has ended.
 class QtInstanceProfile {
@@ -29,3 +31,5 @@ private:
     FileLock m_lock;
     int m_number = 0;
 };
+
+} // namespace tessa::qt

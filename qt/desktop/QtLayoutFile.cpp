@@ -5,6 +5,8 @@
 
 #include <QDir>
 
+namespace tessa::qt {
+
 QtLayoutFile::QtLayoutFile(const QString& folder)
     : m_folder(folder), m_path(PathBytes(folder + QStringLiteral("/user.tb"))) {}
 
@@ -18,3 +20,5 @@ Outcome QtLayoutFile::Write(const std::string& bytes) {
     QDir().mkpath(m_folder);
     return WriteWholeFile(m_path, bytes, Readers::UserAlone);
 }
+
+} // namespace tessa::qt

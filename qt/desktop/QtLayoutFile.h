@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace tessa::qt {
+
 /// A layout file on disk, readable by the user alone.
 class QtLayoutFile final : public LayoutFile {
 public:
@@ -16,3 +18,5 @@ private:
     QString m_folder;
     std::string m_path;
 };
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tessa::qt {
+
 namespace {
 
 struct MediaKey {
@@ -69,3 +71,5 @@ bool QtMediaKeys::eventFilter(QObject* watched, QEvent* event) {
     Tell(*page, found->wish);
     return true;
 }
+
+} // namespace tessa::qt

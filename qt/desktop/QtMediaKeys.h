@@ -4,6 +4,8 @@
 
 class QWebEnginePage;
 
+namespace tessa::qt {
+
 /// The keyboard's keys for play, pause and stop, wherever the keyboard is in the program.
 class QtMediaKeys final : public QObject {
 public:
@@ -20,3 +22,5 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr qsizetype kMostKept = 10;
@@ -121,3 +123,5 @@ void QtSessionFiles::Rewrite(TextView Id, const std::string& bytes, Written done
     Remove(name);
     done(QFile::exists(PathOf(name)) ? Outcome::Failed : Outcome::Done);
 }
+
+} // namespace tessa::qt

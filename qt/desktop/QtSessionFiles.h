@@ -7,6 +7,8 @@
 #include <QThreadPool>
 #include <vector>
 
+namespace tessa::qt {
+
 /// Sessions as files of a folder, one a run. A run holds a lock beside its file as long as it lives. So no other run
 /// takes its session for one that has ended. Files are written behind the scenes, in order;
 /// this object ends when all are on disk.
@@ -34,3 +36,5 @@ private:
     QObject m_window; ///< lives in the window's thread, where those who write are told how it went
     QThreadPool m_writer;
 };
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr auto kUserFolder = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
@@ -173,3 +175,5 @@ void QtSettingsStorage::SayNotSaved() {
     Log::Note(LogLevel::Error, LogPart::Settings, "could not be saved");
     if (!std::exchange(m_saidNotSaved, true)) Say(QStringLiteral("The settings could not be saved."));
 }
+
+} // namespace tessa::qt

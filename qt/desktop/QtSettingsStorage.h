@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa::qt {
+
 /// Settings in the file "settings.ini" of one folder, readable by the user alone. Every opened storage reads the
 /// file afresh. When it is released, what was written to it is merged into the file, under a lock that all processes
 /// share. The file is replaced as a whole, so readers find the old or the new one, also when a writer dies. A file that
@@ -63,3 +65,5 @@ private:
     bool m_saidUnreadable = false;
     bool m_saidNotSaved = false;
 };
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QProcess>
 #include <QSysInfo>
 
+namespace tessa::qt {
+
 std::optional<Text> QtShell::EnvironmentVariable(TextView name) const {
     const QByteArray key = ToQt(name).toLocal8Bit();
     if (!qEnvironmentVariableIsSet(key.constData())) return std::nullopt;
@@ -30,3 +32,5 @@ Text QtShell::ProgramFor(TextView scheme) const { return FromQt(QtDesktopProgram
 Text QtShell::SystemName() const {
     return FromQt(QStringLiteral("%1, Qt %2").arg(QSysInfo::prettyProductName(), QLatin1String(qVersion())));
 }
+
+} // namespace tessa::qt

@@ -1,6 +1,8 @@
 #pragma once
 #include "platform/Shell.h"
 
+namespace tessa::qt {
+
 /// The desktop's programs by Qt.
 class QtShell final : public Shell {
 public:
@@ -10,3 +12,5 @@ public:
     [[nodiscard]] Text ProgramFor(TextView scheme) const override;
     [[nodiscard]] Text SystemName() const override;
 };
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr std::array kSignals{SIGTERM, SIGHUP, SIGINT};
@@ -43,3 +45,5 @@ QtSignals::~QtSignals() {
     ::close(s_writeEnd);
     s_writeEnd = -1;
 }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 
 class QSocketNotifier;
 
+namespace tessa::qt {
+
 /// The signals with which the desktop or a terminal asks the program to end. It ends as if its window were closed.
 class QtSignals final : public QObject {
     Q_OBJECT
@@ -20,3 +22,5 @@ public:
 private:
     QSocketNotifier* m_notifier = nullptr;
 };
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr auto kOthersMayWrite = QFileDevice::WriteGroup | QFileDevice::WriteOther;
@@ -39,3 +41,5 @@ void QtSocketFolder::Open(const QString& stateFolder, qsizetype longestName) {
 }
 
 bool QtSocketFolder::IsWritable() const { return QFileInfo(m_path).isWritable(); }
+
+} // namespace tessa::qt

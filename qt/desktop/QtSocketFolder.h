@@ -1,6 +1,8 @@
 #pragma once
 #include <QString>
 
+namespace tessa::qt {
+
 /// The folder in which the instances of one user find each other's sockets. It is the desktop's folder for such things,
 /// or the program's own where none is the user's alone.
 class QtSocketFolder {
@@ -22,3 +24,5 @@ private:
     QString m_path;
     int m_descriptor = -1;
 };
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <unistd.h>
 
+namespace tessa::qt {
+
 namespace {
 
 QtMessageHandler s_before = nullptr;
@@ -41,3 +43,5 @@ QtStartFailure::~QtStartFailure() {
     const QtMessageHandler current = qInstallMessageHandler(s_before);
     if (current != Handle) qInstallMessageHandler(current);
 }
+
+} // namespace tessa::qt

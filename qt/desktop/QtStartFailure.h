@@ -1,6 +1,8 @@
 #pragma once
 #include <QtGlobal>
 
+namespace tessa::qt {
+
 /// While it lives, a start that Qt gives up ends the process with a clear message and the exit code 1, in place of a
 /// crash. Qt does so when the display does not answer, or cannot show windows.
 class QtStartFailure {
@@ -10,3 +12,5 @@ public:
     QtStartFailure(const QtStartFailure&) = delete;
     QtStartFailure& operator=(const QtStartFailure&) = delete;
 };
+
+} // namespace tessa::qt

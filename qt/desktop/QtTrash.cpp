@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <algorithm>
 
+namespace tessa::qt {
+
 Outcome QtTrash::Take(TextView path) {
     const QString file = ToQt(path);
     // Qt knows files by text alone; of a name that is none it would make another file's.
@@ -29,3 +31,5 @@ Outcome QtTrash::Restore(TextView path) {
     QFile::remove(QStringLiteral("%1/../info/%2.trashinfo").arg(taken.path(), taken.fileName()));
     return Outcome::Done;
 }
+
+} // namespace tessa::qt

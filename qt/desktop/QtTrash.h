@@ -4,6 +4,8 @@
 #include <QString>
 #include <vector>
 
+namespace tessa::qt {
+
 /// The desktop's trash.
 class QtTrash final : public Trash {
 public:
@@ -17,3 +19,5 @@ private:
     };
     std::vector<Taken> m_taken;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QDateTime>
 #include <QLocale>
 
+namespace tessa::qt {
+
 namespace {
 
 QString TimeOfDay(const QLocale& locale, QTime time) {
@@ -26,3 +28,5 @@ Text QtWallClock::Words(std::int64_t seconds) const {
     if (time.date().daysTo(today) == 1) day = QStringLiteral("Yesterday");
     return FromQt(day + QStringLiteral(", ") + TimeOfDay(locale, time.time()));
 }
+
+} // namespace tessa::qt

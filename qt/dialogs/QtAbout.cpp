@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kMargin = 20;
 }
@@ -73,3 +75,5 @@ void ShowModal(frmSplash& form, QWidget* parent) {
     ShowModal(form.Form, *dialog);
     delete dialog;
 }
+
+} // namespace tessa::qt

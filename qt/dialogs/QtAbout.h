@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+namespace tessa::qt {
+
 /// `frmSplash` as the About box: its panel, the build information to copy, and its button. The form must outlive it.
 class QtAbout : public QDialog {
 public:
@@ -19,3 +21,5 @@ private:
 
 /// Shows the form over `parent` until it hides.
 void ShowModal(frmSplash& form, QWidget* parent);
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <QPointer>
 #include <QPushButton>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr QSize kUsualAddSize{460, 400};
@@ -76,3 +78,5 @@ void ShowModal(frmAddFavorite& form, QWidget* parent) {
     ShowModal(form.Form, *dialog);
     delete dialog;
 }
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 
 #include <QDialog>
 
+namespace tessa::qt {
+
 class QtFavoriteTree;
 
 /// The window of `frmAddFavorite`: a name, and the tree of folders to keep the page in. The form must outlive it.
@@ -22,3 +24,5 @@ private:
 
 /// Shows the form over `parent` until it hides.
 void ShowModal(frmAddFavorite& form, QWidget* parent);
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QStyle>
 
+namespace tessa::qt {
+
 namespace {
 
 QLabel* QuestionLine(Label& label, const char* name) {
@@ -58,3 +60,5 @@ void ShowModal(frmDefBrowser& form, QWidget* parent) {
     ShowModal(form.Form, *dialog);
     delete dialog;
 }
+
+} // namespace tessa::qt

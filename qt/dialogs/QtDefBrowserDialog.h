@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+namespace tessa::qt {
+
 /// The window of `frmDefBrowser`: lays out its controls and binds them. The form must outlive it.
 class QtDefBrowserDialog : public QDialog {
 public:
@@ -16,3 +18,5 @@ private:
 
 /// Shows the form over `parent` until it hides. Escape and the window's close button mean No.
 void ShowModal(frmDefBrowser& form, QWidget* parent);
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <QRegularExpression>
 #include <QTreeView>
 
+namespace tessa::qt {
+
 namespace {
 
 enum class MayCancel { No, Yes };
@@ -134,3 +136,5 @@ QStringList QtNameFilters(TextView filter) {
     }
     return filters;
 }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <QWidget>
 
+namespace tessa::qt {
+
 /// Message boxes on the desktop, over the window that is active.
 class QtMessageBoxes final : public MessageBoxes {
 public:
@@ -27,3 +29,5 @@ public:
 /// patterns stand behind it in brackets, which Qt takes away. "*.*" means all files; a description without patterns is
 /// left out.
 [[nodiscard]] QStringList QtNameFilters(TextView filter);
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QHeaderView>
 #include <QSignalBlocker>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kPathRole = Qt::UserRole, kIsFolder = Qt::UserRole + 1, kLoaded = Qt::UserRole + 2,
@@ -147,3 +149,5 @@ void QtFavoriteTree::dropEvent(QDropEvent* event) {
     event->accept();
     Dropped(SelectedPath(), target ? PathOf(*target) : m_root);
 }
+
+} // namespace tessa::qt

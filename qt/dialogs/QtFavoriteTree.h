@@ -5,6 +5,8 @@
 #include <QTreeWidget>
 #include <functional>
 
+namespace tessa::qt {
+
 /// A tree of the Favorites folder, or of its sub-folders alone. A folder is read when it is first opened.
 class QtFavoriteTree final : public QTreeWidget {
 public:
@@ -44,3 +46,5 @@ private:
     Shows m_shows;
     QIcon m_folderIcon, m_pageIcon;
 };
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include "qt/dialogs/QtSettingsDialog.h"
 #include "qt/dialogs/QtSplash.h"
 
+namespace tessa::qt {
+
 void QtForms::Show(frmAddFavorite& form) { ShowModal(form, &m_window); }
 void QtForms::Show(frmDefBrowser& form) { ShowModal(form, m_splash.Window()); }
 void QtForms::Show(frmInternetOptions& form) { ShowModal(form, &m_window); }
@@ -22,3 +24,5 @@ void QtForms::Show(frmSessions& form) { ShowModal(form, &m_window); }
 void QtForms::Show(frmSettings& form) { ShowModal(form, &m_window); }
 void QtForms::Show(frmSplash& form) { ShowModal(form, &m_window); }
 void QtForms::Show(frmTessaGroup& form) { ShowModal(form, &m_window); }
+
+} // namespace tessa::qt

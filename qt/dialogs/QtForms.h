@@ -2,6 +2,9 @@
 #include "forms/FormHost.h"
 
 class QWidget;
+
+namespace tessa::qt {
+
 class QtSplash;
 
 /// Shows each form in its dialog, over the main window.
@@ -26,3 +29,5 @@ private:
     QWidget& m_window;
     QtSplash& m_splash;
 };
+
+} // namespace tessa::qt

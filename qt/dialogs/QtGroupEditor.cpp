@@ -13,6 +13,8 @@
 #include <QShortcut>
 #include <array>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kEditorWidth = 520;
 }
@@ -144,3 +146,5 @@ void ShowModal(frmTessaGroup& form, QWidget* parent) {
     ShowModal(form.Form, *editor);
     delete editor;
 }
+
+} // namespace tessa::qt

@@ -7,6 +7,9 @@
 class QBoxLayout;
 class QFrame;
 class QPushButton;
+
+namespace tessa::qt {
+
 class QtListBox;
 
 /// The window of `frmTessaGroup`: lays out its controls and binds them. The form must outlive it.
@@ -35,3 +38,5 @@ private:
 
 /// Shows the form over `parent` until it hides.
 void ShowModal(frmTessaGroup& form, QWidget* parent);
+
+} // namespace tessa::qt

@@ -18,6 +18,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kBoxWidthInDigits = 48;
@@ -210,3 +212,5 @@ void ShowModal(frmInternetOptions& form, QWidget* parent) {
     ShowModal(form.Form, *dialog);
     delete dialog;
 }
+
+} // namespace tessa::qt

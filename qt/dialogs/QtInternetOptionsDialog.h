@@ -6,8 +6,11 @@
 
 class QFormLayout;
 class QHBoxLayout;
-class QtPageList;
 class QVBoxLayout;
+
+namespace tessa::qt {
+
+class QtPageList;
 
 /// The window of `frmInternetOptions`: lays out its controls and binds them. The form must outlive it.
 class QtInternetOptionsDialog : public QDialog {
@@ -32,3 +35,5 @@ private:
 
 /// Shows the form over `parent` until it hides; `form.Apply` then tells OK from Cancel.
 void ShowModal(frmInternetOptions& form, QWidget* parent);
+
+} // namespace tessa::qt

@@ -17,6 +17,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr QSize kUsualOrganizeSize{620, 460};
@@ -173,3 +175,5 @@ void ShowModal(frmOrganizeFavorites& form, QWidget* parent) {
     ShowModal(form.Form, *dialog);
     delete dialog;
 }
+
+} // namespace tessa::qt

@@ -4,12 +4,15 @@
 
 #include <QDialog>
 
-class QtFavoriteTree;
 class QLayout;
 class QLineEdit;
 class QMenu;
 class QPoint;
 class QVBoxLayout;
+
+namespace tessa::qt {
+
+class QtFavoriteTree;
 
 /// The window of `frmOrganizeFavorites`: the tree of Favorites, and beside it what can be done with a line. The form
 /// must outlive it.
@@ -38,3 +41,5 @@ private:
 
 /// Shows the form over `parent` until it hides.
 void ShowModal(frmOrganizeFavorites& form, QWidget* parent);
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <QStyledItemDelegate>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kMarkedNameRole = Qt::UserRole;
@@ -91,3 +93,5 @@ QWidget* QtPageList::Page(int index) const { return m_pages->widget(index); }
 int QtPageList::Current() const { return m_names->currentRow(); }
 
 void QtPageList::SetCurrent(int index) { m_names->setCurrentRow(index); }
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 class QListWidget;
 class QStackedWidget;
 
+namespace tessa::qt {
+
 /// Pages of a dialog, with a list of their names at the side. However many there are, all of them can be seen. A page
 /// is shown by its access key, by Ctrl+Tab and Ctrl+Page, and from the list.
 class QtPageList final : public QWidget {
@@ -28,3 +30,5 @@ private:
     QListWidget* m_names;
     QStackedWidget* m_pages;
 };
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kNameCharacters = 40;
@@ -52,3 +54,5 @@ void ShowModal(frmRenameGroup& form, QWidget* parent) {
     ShowModal(form.Form, *dialog);
     delete dialog;
 }
+
+} // namespace tessa::qt

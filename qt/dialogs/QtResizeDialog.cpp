@@ -10,6 +10,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 // As wide as the widest step in whatever font, and no wider. A desktop's usual width would make a long row of them.
@@ -71,3 +73,5 @@ void ShowModal(frmResize& form, QWidget* parent) {
     ShowModal(form.Form, *dialog);
     delete dialog;
 }
+
+} // namespace tessa::qt

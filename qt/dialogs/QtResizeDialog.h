@@ -5,6 +5,8 @@
 
 class QHBoxLayout;
 
+namespace tessa::qt {
+
 /// The window of `frmResize`: lays out its controls and binds them. The form must outlive it.
 class QtResizeDialog : public QDialog {
 public:
@@ -17,3 +19,5 @@ private:
 
 /// Shows the form over `parent` until it hides. Escape and the window's close button mean Close.
 void ShowModal(frmResize& form, QWidget* parent);
+
+} // namespace tessa::qt

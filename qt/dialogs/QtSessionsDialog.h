@@ -7,6 +7,8 @@
 class QListWidget;
 class QTreeWidget;
 
+namespace tessa::qt {
+
 /// The window of `frmSessions`: sessions on the left, the pages of the selected one on the right. The form must
 /// outlive it.
 class QtSessionsDialog : public QDialog {
@@ -30,3 +32,5 @@ private:
 
 /// Shows the form over `parent` until it hides.
 void ShowModal(frmSessions& form, QWidget* parent);
+
+} // namespace tessa::qt

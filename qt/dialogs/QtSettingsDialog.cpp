@@ -15,6 +15,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kLimitWidthInDigits = 12;
 }
@@ -79,3 +81,5 @@ void ShowModal(frmSettings& form, QWidget* parent) {
     ShowModal(form.Form, *dialog);
     delete dialog;
 }
+
+} // namespace tessa::qt

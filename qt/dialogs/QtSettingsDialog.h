@@ -5,6 +5,8 @@
 
 class QVBoxLayout;
 
+namespace tessa::qt {
+
 /// The window of `frmSettings`: lays out its controls and binds them. The form must outlive it.
 class QtSettingsDialog : public QDialog {
 public:
@@ -20,3 +22,5 @@ private:
 
 /// Shows the form over `parent` until it hides; `form.Apply` then tells OK from Cancel.
 void ShowModal(frmSettings& form, QWidget* parent);
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 std::unique_ptr<QWidget> MakeWindow(frmSplash& form) {
@@ -38,3 +40,5 @@ void QtSplash::Unload() {
     m_window.reset();
     m_form.reset();
 }
+
+} // namespace tessa::qt

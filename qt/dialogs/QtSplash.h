@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <memory>
 
+namespace tessa::qt {
+
 /// The window that says the program's name while the main window is being built. Never waits for anything.
 class QtSplash final : public SplashWindow {
 public:
@@ -20,3 +22,5 @@ private:
     std::unique_ptr<frmSplash> m_form;
     std::unique_ptr<QWidget> m_window;
 };
+
+} // namespace tessa::qt

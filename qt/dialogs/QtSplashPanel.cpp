@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr QSize kPictureSize{440, 170};
@@ -50,3 +52,5 @@ QtSplashPanel::QtSplashPanel(frmSplash& form, QWidget* parent) : QWidget(parent)
     rows->addWidget(MakePicture(form, devicePixelRatio()));
     rows->addLayout(lines);
 }
+
+} // namespace tessa::qt

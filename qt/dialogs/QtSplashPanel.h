@@ -3,9 +3,13 @@
 
 #include <QWidget>
 
+namespace tessa::qt {
+
 /// The picture and the lines of `frmSplash`, which the splash and the About box have in common. The form must outlive
 /// it.
 class QtSplashPanel : public QWidget {
 public:
     explicit QtSplashPanel(frmSplash& form, QWidget* parent = nullptr);
 };
+
+} // namespace tessa::qt

@@ -19,6 +19,8 @@
 #include <array>
 #include <chrono>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr std::chrono::seconds kFiguresRefresh{1};
@@ -194,3 +196,5 @@ void QtTaskView::Show(bool visible) {
         if (m_dialog) m_dialog->hide();
     }
 }
+
+} // namespace tessa::qt

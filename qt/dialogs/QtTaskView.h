@@ -11,6 +11,8 @@ class QComboBox;
 class QHBoxLayout;
 class QTreeWidget;
 
+namespace tessa::qt {
+
 /// The window of `frmTaskView`: lays out its controls and binds them. The form must outlive it.
 class QtTaskDialog final : public QDialog {
     Q_OBJECT
@@ -54,3 +56,5 @@ private:
     QTimer m_refresh;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

@@ -1,6 +1,8 @@
 #pragma once
 #include <QTreeWidget>
 
+namespace tessa::qt {
+
 /// A cell with its text as tool tip. What a page calls itself is text; as a tool tip Qt would read it as HTML if it
 /// looks like it.
 void ShowCell(QTreeWidgetItem& item, int column, const QString& text);
@@ -16,3 +18,5 @@ void ShowLines(QTreeWidget& tree, const Lines& lines, Fill fill) {
     for (int i = 0; i < count; ++i) fill(*tree.topLevelItem(i), lines[static_cast<std::size_t>(i)]);
     tree.viewport()->update();
 }
+
+} // namespace tessa::qt

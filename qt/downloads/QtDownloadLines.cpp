@@ -9,6 +9,8 @@
 #include <QSignalBlocker>
 #include <QStyleOptionProgressBar>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kLineMargin = 6;
@@ -167,3 +169,5 @@ void QtDownloadLines::keyPressEvent(QKeyEvent* event) {
         return QListWidget::keyPressEvent(event);
     }
 }
+
+} // namespace tessa::qt

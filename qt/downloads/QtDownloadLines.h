@@ -5,6 +5,8 @@
 #include <QListWidget>
 #include <QStyledItemDelegate>
 
+namespace tessa::qt {
+
 /// Draws a download below each other: its name, how far it is as a bar, and the same in words. Of one that is done
 /// these say when that was, and where it lies.
 class QtDownloadDelegate final : public QStyledItemDelegate {
@@ -41,3 +43,5 @@ private:
     frmDownloads& m_form;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

@@ -14,6 +14,8 @@
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 using Request = QWebEngineDownloadRequest;
@@ -278,3 +280,5 @@ Outcome QtDownloads::Open(TextView path) {
 Outcome QtDownloads::ShowInFolder(TextView path) {
     return m_fileManager.Show(ToQt(path)) ? Outcome::Done : Outcome::Failed;
 }
+
+} // namespace tessa::qt

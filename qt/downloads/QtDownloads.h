@@ -18,6 +18,8 @@ class QWebEngineDownloadRequest;
 class QWebEnginePage;
 class QWebEngineProfile;
 
+namespace tessa::qt {
+
 /// What the list of downloads needs of engine and desktop. Hands it the engine's downloads, fetches addresses again,
 /// opens files.
 class QtDownloads final : public QObject, public DownloadDesktop {
@@ -88,3 +90,5 @@ private:
     QElapsedTimer m_clock;
     QtFileManager m_fileManager;
 };
+
+} // namespace tessa::qt

@@ -17,6 +17,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::chrono::milliseconds kLinesRefresh{250};
 constexpr int kUsualWidth = 380;
@@ -151,3 +153,5 @@ bool QtDownloadsPanel::eventFilter(QObject* watched, QEvent* event) {
     }
     return QObject::eventFilter(watched, event);
 }
+
+} // namespace tessa::qt

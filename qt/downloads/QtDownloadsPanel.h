@@ -10,6 +10,8 @@ class QDockWidget;
 class QGridLayout;
 class QMainWindow;
 
+namespace tessa::qt {
+
 /// The pane of the window that shows the downloads. It takes at most a quarter of the window until its user drags it
 /// wider. It costs nothing while it is hidden.
 class QtDownloadsPanel final : public QObject {
@@ -45,3 +47,5 @@ private:
     bool m_drags = false; ///< a border between panes is being dragged
     Connections m_connections;
 };
+
+} // namespace tessa::qt

@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 // The engine tells a link decoded, for people; what they are to judge it by is the form that nothing can hide in.
@@ -31,7 +33,7 @@ Outcome Trigger(QWebEnginePage& page, QWebEnginePage::WebAction action) {
 } // namespace
 
 QtBrowserView::QtBrowserView(std::int16_t index, BrowserViewEvents& events, const QtViewServices& services,
-                             ::Privacy privacy)
+                             tessa::Privacy privacy)
     : m_self{index, events, services, privacy},
       m_navigation(m_self, m_where),
       m_loads(m_self, m_where, m_navigation),
@@ -283,3 +285,5 @@ void QtBrowserView::EndPage() {
     m_page.reset();
     m_where.stage = {};
 }
+
+} // namespace tessa::qt

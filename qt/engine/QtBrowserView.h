@@ -14,6 +14,8 @@
 #include <QObject>
 #include <memory>
 
+namespace tessa::qt {
+
 /// One page view on Qt WebEngine. The engine's page and its widget come into being with the first navigation, or when
 /// the view is first shown. The view's parts do the work; the view makes the page, and ends it.
 class QtBrowserView final : public QObject,
@@ -72,7 +74,7 @@ public:
     [[nodiscard]] QIcon Icon() const;
     /// The engine's page; nothing before it came into being.
     [[nodiscard]] QtPage* Page() const { return m_page ? &m_page->Page() : nullptr; }
-    [[nodiscard]] ::Privacy Privacy() const { return m_self.privacy; }
+    [[nodiscard]] tessa::Privacy Privacy() const { return m_self.privacy; }
     /// What the page asks for, and what covers it; nothing while there is no page.
     [[nodiscard]] QtPageQuestions* Questions() const { return m_page ? m_page->Questions() : nullptr; }
     [[nodiscard]] QWebEngineView* Widget() const { return m_surface.Widget(); }
@@ -112,3 +114,5 @@ private:
     int m_zoom = 2;
     bool m_muted = false;
 };
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <QWebEngineCookieStore>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 const QString kNotes = QStringLiteral("/cookie-times");
@@ -152,3 +154,5 @@ void QtBrowsingData::ForgetSites(const QString& profileFolder) {
     }
     if (gone) QFile::remove(profileFolder + kForget);
 }
+
+} // namespace tessa::qt

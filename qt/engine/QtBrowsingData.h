@@ -12,6 +12,8 @@
 class QNetworkCookie;
 class QWebEngineProfile;
 
+namespace tessa::qt {
+
 /// Has the engine forget what it keeps of where pages have been. The engine does not say when a cookie was set or a
 /// link visited. So this notes it for every cookie that it sees come, beside the profile, and for every visit, in
 /// memory alone: a list of them is not to lie on the disk.
@@ -60,3 +62,5 @@ private:
     std::unique_ptr<QtSiteData> m_sites;
     QHash<QByteArray, Note> m_notes; ///< by everything that makes a cookie one
 };
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QWebEngineProfile>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr auto kVariable = "QTWEBENGINE_DICTIONARIES_PATH";
@@ -106,3 +108,5 @@ void QtDictionaries::Apply() {
         profile->setSpellCheckEnabled(!m_names.isEmpty());
     }
 }
+
+} // namespace tessa::qt

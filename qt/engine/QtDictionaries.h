@@ -6,6 +6,8 @@
 
 class QWebEngineProfile;
 
+namespace tessa::qt {
+
 /// The dictionaries with which the engine checks what the user writes into pages: those of the user's languages, as
 /// far as the desktop has them. The engine reads only a format of its own; dictionaries of other programs are
 /// converted by the engine's own tool where that is installed, and kept.
@@ -40,3 +42,5 @@ private:
     QStringList m_names;
     std::vector<QPointer<QWebEngineProfile>> m_profiles;
 };
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <vector>
 
+namespace tessa::qt {
+
 QtEngine::QtEngine(QWidget* pageArea, QtInstanceProfile& ownProfile, QtEngineHost& host)
     : m_profiles(ownProfile, [&host] { return host.StartPage(); }),
       m_fullScreen(host),
@@ -101,3 +103,5 @@ QtBrowserView* QtEngine::Find(std::int32_t index) const {
     const auto found = m_views.find(index);
     return found == m_views.end() ? nullptr : found->second;
 }
+
+} // namespace tessa::qt

@@ -18,6 +18,9 @@
 #include <memory>
 
 class QWebEnginePage;
+
+namespace tessa::qt {
+
 class QtBrowserView;
 
 /// The page engine: makes the views, and answers what is asked of all of them. Nothing of the engine exists before
@@ -80,3 +83,5 @@ private:
     std::map<std::int32_t, QtBrowserView*> m_views;
     MediaTarget m_media;
 };
+
+} // namespace tessa::qt

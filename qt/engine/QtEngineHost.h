@@ -5,7 +5,11 @@
 #include <QRect>
 #include <string>
 
+namespace tessa {
 class SitePermissions;
+} // namespace tessa
+
+namespace tessa::qt {
 
 /// The program around the engine's pages, and what they need of it.
 class QtEngineHost : public QtPageFullScreen::Window {
@@ -19,3 +23,5 @@ public:
     /// What sites may do for good; outlives the views. Nothing to ask every time.
     [[nodiscard]] virtual SitePermissions* Permissions() = 0;
 };
+
+} // namespace tessa::qt

@@ -17,6 +17,8 @@
 #include <QWebEngineLoadingInfo>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 // A page of the host's own, whatever it says.
@@ -173,3 +175,5 @@ void QtLoadEvents::TellHistory() {
     if (std::exchange(m_canGoForward, forward) != forward)
         m_view.events.CommandStateChange(m_view.index, HistoryCommand::NavigateForward, forward);
 }
+
+} // namespace tessa::qt

@@ -7,6 +7,9 @@
 
 class QUrl;
 class QWebEngineLoadingInfo;
+
+namespace tessa::qt {
+
 class QtNavigation;
 class QtPage;
 class QtViewPage;
@@ -50,3 +53,5 @@ private:
     bool m_canGoBack = false;
     bool m_canGoForward = false;
 };
+
+} // namespace tessa::qt

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessa::qt {
+
 /// What pages may load and play.
 struct QtLoadOptions {
     bool images = true;
@@ -7,3 +9,5 @@ struct QtLoadOptions {
     bool videos = true;
     bool sounds = true;
 };
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <QWebEngineSettings>
 #include <chrono>
 
+namespace tessa::qt {
+
 namespace {
 
 const QString kName = QStringLiteral("loads");
@@ -51,3 +53,5 @@ void QtLoadSwitches::Tell(QWebEnginePage& page, const QtLoadOptions& options) co
     };
     QTimer::singleShot(kBehindTheEnginesTimer, &page, tell);
 }
+
+} // namespace tessa::qt

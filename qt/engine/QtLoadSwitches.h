@@ -6,6 +6,8 @@
 class QWebEnginePage;
 class QWebEngineProfile;
 
+namespace tessa::qt {
+
 /// The load switches in the pages of one profile: what is loaded from now on and what is there already. The engine
 /// itself keeps images and sound back; a script of ours, in a world of its own, does the rest.
 class QtLoadSwitches {
@@ -20,3 +22,5 @@ public:
 private:
     QString m_script; ///< with a place for the switches
 };
+
+} // namespace tessa::qt

@@ -16,6 +16,8 @@
 #include <QWebEngineSettings>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 Text FullAddress(const QUrl& url) { return FromQt(url.toString(QUrl::FullyEncoded)); }
@@ -165,3 +167,5 @@ void QtNavigation::NoteFailure(const AddressTries::Failure& failure) {
 void QtNavigation::FollowTries() {
     if (m_page) Page()->settings()->setAttribute(QWebEngineSettings::ErrorPageEnabled, m_tries.ShowsErrors());
 }
+
+} // namespace tessa::qt

@@ -11,6 +11,9 @@
 
 class QWebEngineHistory;
 class QWebEngineNewWindowRequest;
+
+namespace tessa::qt {
+
 class QtViewPage;
 
 /// Takes a view where it is to go. What is asked for begins when the view has its turn; of several only the last does.
@@ -69,3 +72,5 @@ private:
     QByteArray m_wishHistory; ///< where the page that is asked for has been
     AddressTries m_tries;
 };
+
+} // namespace tessa::qt

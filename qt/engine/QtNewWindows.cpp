@@ -7,6 +7,8 @@
 #include <QUrl>
 #include <QWebEngineNewWindowRequest>
 
+namespace tessa::qt {
+
 QtNewWindows::Taker* QtNewWindows::Find(const BrowserView* view) const {
     const auto found = m_takers.find(view);
     return found == m_takers.end() ? nullptr : found->second;
@@ -32,3 +34,5 @@ void QtNewWindows::Open(QWebEngineNewWindowRequest& request, const Opener& opene
     const bool own = target.isEmpty() || target.scheme() == u"about" || opener.page.IsOwnOrigin(target);
     taker->TakeIn(request, own && byPerson);
 }
+
+} // namespace tessa::qt

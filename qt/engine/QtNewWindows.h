@@ -6,6 +6,9 @@
 class QByteArray;
 class QString;
 class QWebEngineNewWindowRequest;
+
+namespace tessa::qt {
+
 class QtPage;
 class QtPermissions;
 
@@ -42,3 +45,5 @@ public:
 private:
     std::map<const BrowserView*, Taker*> m_takers;
 };
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <QWebEngineNotification>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr auto kNotificationsService = "org.freedesktop.Notifications";
@@ -112,3 +114,5 @@ void QtNotifications::OnClosed(uint id, uint) {
     // Held until the page has been told.
     if (const auto notification = m_shown.take(id)) notification->close();
 }
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 class QWebEngineNotification;
 class QWebEngineProfile;
 
+namespace tessa::qt {
+
 /// Hands the notifications of pages to the desktop, or to the window where the desktop shows none, and what the user
 /// does with them back to the pages.
 class QtNotifications final : public QObject {
@@ -35,3 +37,5 @@ private:
     QHash<uint, std::shared_ptr<QWebEngineNotification>> m_shown; ///< by the desktop's number
     QHash<QWebEngineNotification*, int> m_inside;                 ///< their numbers in the window
 };
+
+} // namespace tessa::qt

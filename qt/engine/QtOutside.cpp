@@ -3,6 +3,8 @@
 #include <QDesktopServices>
 #include <utility>
 
+namespace tessa::qt {
+
 void QtOutside::Start() {
     m_started = true;
     for (const QUrl& url : std::exchange(m_waiting, {})) ResumeNext(Open(url));
@@ -13,3 +15,5 @@ Outcome QtOutside::Open(const QUrl& url) {
     m_waiting.push_back(url);
     return Outcome::Done;
 }
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include <QUrl>
 #include <vector>
 
+namespace tessa::qt {
+
 /// Hands addresses to the desktop's programs for them. Not before `Start()`: a process that only hands its command line
 /// over leaves that to the other.
 class QtOutside {
@@ -16,3 +18,5 @@ private:
     std::vector<QUrl> m_waiting;
     bool m_started = false;
 };
+
+} // namespace tessa::qt

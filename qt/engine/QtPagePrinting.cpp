@@ -13,6 +13,8 @@
 
 #include <utility>
 
+namespace tessa::qt {
+
 QtPagePrinting::QtPagePrinting(const QtViewContext& view, const QtWhereabouts& where, QtPageSurface& surface)
     : m_view(view), m_where(where), m_surface(surface) {}
 
@@ -118,3 +120,5 @@ void QtPagePrinting::DropBar() {
     m_bar->deleteLater();
     m_bar.clear();
 }
+
+} // namespace tessa::qt

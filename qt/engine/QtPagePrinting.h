@@ -10,6 +10,9 @@
 #include <memory>
 
 class QUrl;
+
+namespace tessa::qt {
+
 class QtPageSurface;
 class QtPreviewBar;
 class QtViewPage;
@@ -61,3 +64,5 @@ private:
     bool m_previewsLater = false;                ///< as soon as the page is there
     Connections m_listening;                     ///< to the bar
 };
+
+} // namespace tessa::qt

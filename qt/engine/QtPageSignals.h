@@ -8,6 +8,9 @@
 
 class QString;
 class QUrl;
+
+namespace tessa::qt {
+
 class QtPage;
 
 /// What pages tell the program, whichever view they are in.
@@ -29,3 +32,5 @@ struct QtPageSignals {
     Signal<void(QtPage&, const QUrl&, const Text& path)> SaveAddress;
     Signal<void(QtPage&)> ShowInspector;
 };
+
+} // namespace tessa::qt

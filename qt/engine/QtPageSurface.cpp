@@ -12,6 +12,8 @@
 #include <QWebEngineView>
 #include <algorithm>
 
+namespace tessa::qt {
+
 void QtPageSurface::SetPage(QtViewPage& page) {
     m_page = &page;
     FollowQuestions();
@@ -164,3 +166,5 @@ void QtPageSurface::ShowMenu(const PageContext& context, QPoint at) const {
     m_view.events.ContextMenu(m_view.index, context);
     told.MenuPlace(std::nullopt);
 }
+
+} // namespace tessa::qt

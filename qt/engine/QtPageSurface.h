@@ -8,8 +8,14 @@
 class QPoint;
 class QWebEngineFullScreenRequest;
 class QWebEngineView;
-class QtViewPage;
+
+namespace tessa {
 struct PageContext;
+} // namespace tessa
+
+namespace tessa::qt {
+
+class QtViewPage;
 
 /// What a view shows in the page area: the page's widget, and the bars and covers that lie over it. A page that is not
 /// shown stays hidden from the engine and goes on running.
@@ -57,3 +63,5 @@ private:
     bool m_tabStop = false;
     bool m_wantsFocus = false;
 };
+
+} // namespace tessa::qt

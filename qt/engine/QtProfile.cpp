@@ -15,6 +15,8 @@
 #include <QWebEngineSettings>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr auto kSwitchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
@@ -87,3 +89,5 @@ void QtProfile::InstallFrameWatch(const QString& token) {
     script.setRunsOnSubFrames(true);
     m_profile->scripts()->insert(script);
 }
+
+} // namespace tessa::qt

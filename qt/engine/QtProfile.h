@@ -8,6 +8,9 @@
 
 class QWebEnginePage;
 class QWebEngineProfile;
+
+namespace tessa::qt {
+
 class QtDialogScheme;
 class QtStartPage;
 
@@ -38,3 +41,5 @@ private:
     std::unique_ptr<QtDialogScheme> m_dialogs;
     std::unique_ptr<QWebEngineProfile> m_profile;
 };
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <chrono>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::chrono::seconds kEndPatience{10};
 constexpr std::chrono::milliseconds kEndStep{50};
@@ -113,3 +115,5 @@ void QtProfiles::TellLoadOptions(QtPage& page, Privacy privacy) const {
     const auto& profile = privacy == Privacy::Private ? m_private : m_profile;
     if (profile) profile->TellLoadOptions(page, m_loadOptions);
 }
+
+} // namespace tessa::qt

@@ -14,6 +14,9 @@
 #include <vector>
 
 class QWebEngineProfile;
+
+namespace tessa::qt {
+
 class QtDialogScheme;
 class QtInstanceProfile;
 class QtPage;
@@ -81,3 +84,5 @@ private:
     QtLoadOptions m_loadOptions;
     Answers m_answers, m_privateAnswers;
 };
+
+} // namespace tessa::qt

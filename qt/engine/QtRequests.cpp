@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <QUrl>
 
+namespace tessa::qt {
+
 namespace {
 
 // By its name alone: the engine asks for sounds and videos alike.
@@ -62,3 +64,5 @@ void QtRequests::interceptRequest(QWebEngineUrlRequestInfo& info) {
     if (const auto target = Services::TargetOf(asked, templates))
         info.redirect(QUrl::fromEncoded(QByteArray::fromStdString(*target)));
 }
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <functional>
 #include <utility>
 
+namespace tessa::qt {
+
 /// Sees every request before it leaves the engine: sends those for the product's own hosts on to the real services, and
 /// keeps pages on this computer from reading other files.
 class QtRequests final : public QWebEngineUrlRequestInterceptor {
@@ -29,3 +31,5 @@ private:
 
     std::function<ServiceTemplates()> m_templates;
 };
+
+} // namespace tessa::qt

@@ -3,6 +3,8 @@
 #include <QThread>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 /// How often the machine is looked at while pages wait for it. The system counts in hundredths of a second.
 constexpr NavigationQueue::Time kLook{50};
@@ -95,3 +97,5 @@ QtSchedule::View* QtSchedule::Find(std::int32_t index) const {
     const auto found = m_views.find(index);
     return found == m_views.end() ? nullptr : found->second;
 }
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <map>
 
+namespace tessa::qt {
+
 /// Decides when views load, and which of them is shown. What is asked of it takes place at the next turn of the event
 /// loop, and not before `Start()`. So of several views brought to the front only the last is shown.
 class QtSchedule final : public QObject {
@@ -67,3 +69,5 @@ private:
     std::int32_t m_shown = 0;
     bool m_started = false;
 };
+
+} // namespace tessa::qt

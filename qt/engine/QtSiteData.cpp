@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kPatience = 15000; // milliseconds, for tools that do not come or do not answer
@@ -65,3 +67,5 @@ void QtSiteData::End(Outcome outcome) {
     m_patience.stop();
     if (m_done) std::exchange(m_done, nullptr)(outcome);
 }
+
+} // namespace tessa::qt

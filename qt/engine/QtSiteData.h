@@ -5,6 +5,8 @@
 #include <QWebEnginePage>
 #include <functional>
 
+namespace tessa::qt {
+
 /// Has the engine forget what all sites have stored beside their cookies, and its cache, while it runs. The engine
 /// offers that to its developer tools alone, so two pages that nobody sees do it: one with the tools, and one for the
 /// tools to look at. (It offers a way to empty the cache to us too, but open pages can fetch nothing after that.)
@@ -30,3 +32,5 @@ private:
     QTimer m_patience;
     QWebEnginePage m_blank, m_tools;
 };
+
+} // namespace tessa::qt

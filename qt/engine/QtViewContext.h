@@ -2,6 +2,8 @@
 #include "platform/BrowserView.h"
 #include "qt/engine/QtViewServices.h"
 
+namespace tessa::qt {
+
 /// One view, as its parts know it. All of it outlives them.
 struct QtViewContext {
     std::int16_t index;
@@ -9,3 +11,5 @@ struct QtViewContext {
     const QtViewServices& services;
     Privacy privacy;
 };
+
+} // namespace tessa::qt

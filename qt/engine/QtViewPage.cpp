@@ -6,6 +6,8 @@
 #include "qt/page/QtPage.h"
 #include "qt/questions/QtLeaving.h"
 
+namespace tessa::qt {
+
 QtViewPage::QtViewPage(const QtViewContext& view)
     : m_view(view),
       m_page(view.services.profiles.MakePage(view.privacy)),
@@ -35,3 +37,5 @@ bool QtViewPage::EndQuestions() {
 }
 
 bool QtViewPage::Asks() const { return m_questions && (m_questions->bar->Asks() || !m_questions->covers.Empty()); }
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <memory>
 
+namespace tessa::qt {
+
 class QtAwaited;
 class QtLeaving;
 
@@ -41,3 +43,5 @@ private:
     std::unique_ptr<QtPageQuestions> m_questions;
     std::unique_ptr<QtPageLife> m_life;
 };
+
+} // namespace tessa::qt

@@ -2,6 +2,8 @@
 #include <QPointer>
 #include <QWidget>
 
+namespace tessa::qt {
+
 class QtEngineHost;
 class QtNewWindows;
 class QtOutside;
@@ -23,3 +25,5 @@ struct QtViewServices {
     QtPageFullScreen& fullScreen; ///< the page that fills the screen
     QtPageSignals& told;
 };
+
+} // namespace tessa::qt

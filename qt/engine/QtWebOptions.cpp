@@ -12,6 +12,8 @@
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 
+namespace tessa::qt {
+
 namespace {
 
 const QString kSignalsName = QStringLiteral("signals");
@@ -98,3 +100,5 @@ Text DownloadFolder(const InternetValues& values) {
 }
 
 } // namespace QtWebOptions
+
+} // namespace tessa::qt

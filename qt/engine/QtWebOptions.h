@@ -1,8 +1,11 @@
 #pragma once
 #include "settings/InternetSettings.h"
 
-class QtRequests;
 class QWebEngineProfile;
+
+namespace tessa::qt {
+
+class QtRequests;
 
 /// Puts the Internet Options into effect: for the profile of the pages, for the requests that leave, and for the way
 /// to the network.
@@ -18,3 +21,5 @@ void ApplyProxy(const InternetValues& values, QWebEngineProfile* profile);
 [[nodiscard]] Text DownloadFolder(const InternetValues& values);
 
 } // namespace QtWebOptions
+
+} // namespace tessa::qt

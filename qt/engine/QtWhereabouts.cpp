@@ -4,8 +4,10 @@
 #include "base/OwnAddresses.h"
 #include "qt/page/QtAddress.h"
 
+namespace tessa::qt {
+
 Text QtWhereabouts::Address() const {
-    if (stage.What() == PageNavigation::Shown::Overdue) return Text(::Address::kBlank);
+    if (stage.What() == PageNavigation::Shown::Overdue) return Text(tessa::Address::kBlank);
     // Whoever writes the session down asks every tab at every change of any.
     const QUrl& address = stage.HasDocument() ? shown : requested;
     if (address != m_told) m_toldText = QtAddress::Shown(m_told = address);
@@ -19,9 +21,11 @@ bool QtWhereabouts::AwaitsFirst() const {
 bool QtWhereabouts::Blank(bool awaits) const {
     const auto isBlank = [](const QUrl& url) {
         const Text address = QtAddress::Shown(url);
-        return address == ::Address::kBlank || address == OwnAddresses::kPrivate;
+        return address == tessa::Address::kBlank || address == OwnAddresses::kPrivate;
     };
     const bool comes = stage.Waits() || stage.Busy() || awaits;
     if (stage.Opened() || (comes && !isBlank(requested))) return false;
     return isBlank(stage.HasDocument() ? shown : requested);
 }
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 
 #include <QUrl>
 
+namespace tessa::qt {
+
 /// Where a view is and where it goes: the addresses, and how far it has come.
 class QtWhereabouts {
 public:
@@ -27,3 +29,5 @@ private:
     mutable QUrl m_told; ///< the address that was told last
     mutable Text m_toldText;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 
 #include <QDir>
 
+namespace tessa::qt {
+
 Text QtAddress::Shown(const QUrl& url) {
     QUrl shown = url.adjusted(QUrl::RemoveUserInfo);
     // As the engine writes it.
@@ -18,3 +20,5 @@ QtAddress QtAddress::FromTyped(TextView typed) {
     const bool path = read.Kind == TypedKind::Path;
     return {path ? QUrl::fromLocalFile(QDir::cleanPath(target)) : QUrl(target), QUrl(ToQt(read.Fallback))};
 }
+
+} // namespace tessa::qt

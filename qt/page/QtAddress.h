@@ -3,6 +3,8 @@
 
 #include <QUrl>
 
+namespace tessa::qt {
+
 /// What a text that a person typed, or a page named, leads to.
 struct QtAddress {
     QUrl url;
@@ -16,3 +18,5 @@ struct QtAddress {
     /// An address as it is shown and kept: fully encoded, without a user's name and password.
     static Text Shown(const QUrl& url);
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <chrono>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::chrono::seconds kTargetPatience{10};
 }
@@ -37,3 +39,5 @@ void QtAwaited::OnNavigation(const QUrl&, bool topLevel) {
     else
         m_patience.start();
 }
+
+} // namespace tessa::qt

@@ -3,6 +3,8 @@
 #include <QTimer>
 #include <QUrl>
 
+namespace tessa::qt {
+
 class QtPage;
 
 /// Follows what a page is about to show, and who has asked for that: the program, or the page by itself.
@@ -30,3 +32,5 @@ private:
     QTimer m_patience;
     bool m_asked = false;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QWebEnginePage>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 void QtDevTools::Toggle(QWebEnginePage* page) {
     if (!page) return;
     const bool shown = page == m_inspected;
@@ -42,3 +44,5 @@ void QtDevTools::Close() {
     m_inspected.clear();
     delete m_pane;
 }
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@ class QDockWidget;
 class QMainWindow;
 class QWebEnginePage;
 
+namespace tessa::qt {
+
 /// The engine's developer tools for one page at a time, in a pane of the window. They cost nothing while closed.
 class QtDevTools final : public QObject {
 public:
@@ -29,3 +31,5 @@ private:
     QPointer<QDockWidget> m_pane;
     QPointer<QWebEnginePage> m_inspected;
 };
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kPanelWidth = 480;
 constexpr QColor kDark(0, 0, 0, 110);
@@ -132,3 +134,5 @@ bool QtDialogCover::focusNextPrevChild(bool next) {
     } while (each != first);
     return true;
 }
+
+} // namespace tessa::qt

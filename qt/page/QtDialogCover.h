@@ -9,6 +9,8 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
+namespace tessa::qt {
+
 /// Which button of a dialog Return presses, and which has the focus at first.
 enum class DefaultAnswer { Accept, Cancel };
 
@@ -55,3 +57,5 @@ private:
     bool m_canCancel = false;
     bool m_answered = false;
 };
+
+} // namespace tessa::qt

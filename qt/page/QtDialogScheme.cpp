@@ -7,6 +7,8 @@
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 
+namespace tessa::qt {
+
 namespace {
 
 // Where fetching is not possible - while a page is being left, say - the engine's own function answers.
@@ -84,3 +86,5 @@ void QtDialogScheme::requestStarted(QWebEngineUrlRequestJob* job) {
     if (receiver == m_receivers.constEnd()) return job->fail(QWebEngineUrlRequestJob::RequestDenied);
     (*receiver)(*job);
 }
+
+} // namespace tessa::qt

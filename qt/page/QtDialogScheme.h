@@ -9,6 +9,8 @@
 
 class QWebEngineUrlRequestJob;
 
+namespace tessa::qt {
+
 /// How pages speak in dialogs without stopping the engine. The engine itself wants the answer to `alert()` before it
 /// does anything else, for any tab; so our script stands in for these functions and fetches the answer from this
 /// scheme, for which its page waits, and it alone.
@@ -31,3 +33,5 @@ public:
 private:
     QHash<QString, Receiver> m_receivers;
 };
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <QUrl>
 #include <array>
 
+namespace tessa::qt {
+
 namespace {
 
 struct KindWords {
@@ -85,3 +87,5 @@ QtDocumentKind QtDocumentKind::Of(const QString& type, const QUrl& address) {
     kind.Name = ToQt(CleanFileName(FromQt(whole)));
     return kind;
 }
+
+} // namespace tessa::qt

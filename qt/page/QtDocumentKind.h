@@ -3,6 +3,8 @@
 
 class QUrl;
 
+namespace tessa::qt {
+
 /// What a page shows: a web page, which is more than one file, or a document that came as it is - PDF, picture, text.
 struct QtDocumentKind {
     bool IsWebPage = true;
@@ -17,3 +19,5 @@ struct QtDocumentKind {
     /// `type` is the document's MIME type as the engine has it, empty when it did not say.
     [[nodiscard]] static QtDocumentKind Of(const QString& type, const QUrl& address);
 };
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <memory>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 QString SidesOf(const QPrinter& printer) {
@@ -63,3 +65,5 @@ void QtDocumentPrinter::Print(const QPrinter& printer, const QString& file, std:
     process->setStandardInputFile(QProcess::nullDevice());
     process->start(QStringLiteral("lp"), Arguments(printer, file));
 }
+
+} // namespace tessa::qt

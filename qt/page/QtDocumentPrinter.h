@@ -4,6 +4,8 @@
 
 class QPrinter;
 
+namespace tessa::qt {
+
 /// Prints PDF documents as they are. The printing system takes them whole and does with them what was chosen; drawn
 /// anew they would be pictures of themselves.
 namespace QtDocumentPrinter {
@@ -15,3 +17,5 @@ namespace QtDocumentPrinter {
 void Print(const QPrinter& printer, const QString& file, std::function<void(bool taken)> told);
 
 } // namespace QtDocumentPrinter
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QWebEngineProfile>
 #include <chrono>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::chrono::seconds kFramePatience{3};
 }
@@ -42,3 +44,5 @@ void QtFrameEnds::Drop() {
     End();
     Q_EMIT Dropped();
 }
+
+} // namespace tessa::qt

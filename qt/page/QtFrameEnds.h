@@ -3,8 +3,11 @@
 #include <QTimer>
 #include <QUrl>
 
-class QtPage;
 class QWebEngineDownloadRequest;
+
+namespace tessa::qt {
+
+class QtPage;
 
 /// Tells when the navigation of a frame inside a page has ended without a document. A download says so. Of an answer
 /// without content, or of a frame that is taken away, the engine says nothing: a navigation that has brought nothing
@@ -30,3 +33,5 @@ private:
     QUrl m_awaited; ///< of the navigation that has not ended
     QTimer m_patience;
 };
+
+} // namespace tessa::qt

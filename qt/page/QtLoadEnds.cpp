@@ -2,6 +2,8 @@
 
 #include <QWebEngineLoadingInfo>
 
+namespace tessa::qt {
+
 namespace {
 
 // The engine hands on the numbers of its network stack.
@@ -47,3 +49,5 @@ LoadEnd LoadEndOf(const QWebEngineLoadingInfo& info) {
     const bool answered = info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain;
     return answered ? LoadEnd::Answered : FailureOf(info);
 }
+
+} // namespace tessa::qt

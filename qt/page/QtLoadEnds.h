@@ -3,5 +3,9 @@
 
 class QWebEngineLoadingInfo;
 
+namespace tessa::qt {
+
 /// How a load has ended, by what the engine tells of it.
 [[nodiscard]] LoadEnd LoadEndOf(const QWebEngineLoadingInfo& info);
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include "qt/base/QtText.h"
 #include "qt/desktop/QtDesktopPrograms.h"
 
+namespace tessa::qt {
+
 namespace QtMail {
 
 bool IsMail(const QUrl& address) { return KindOfScheme(FromQt(address.scheme())) == SchemeKind::Mail; }
@@ -21,3 +23,5 @@ QUrl WithoutFiles(const QUrl& address) {
 }
 
 } // namespace QtMail
+
+} // namespace tessa::qt

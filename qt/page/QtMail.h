@@ -1,6 +1,8 @@
 #pragma once
 #include <QUrl>
 
+namespace tessa::qt {
+
 /// Addresses that begin a mail, and the desktop's mail program.
 namespace QtMail {
 
@@ -13,3 +15,5 @@ namespace QtMail {
 [[nodiscard]] QUrl WithoutFiles(const QUrl& address);
 
 } // namespace QtMail
+
+} // namespace tessa::qt

@@ -16,6 +16,8 @@
 #include <memory>
 #include <optional>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::chrono::seconds kCopyTime{1};
 
@@ -265,3 +267,5 @@ void QtPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QStri
     if (report.startsWith(u"ready ")) Q_EMIT FrameReady(address);
     if (report.startsWith(u"load ")) Q_EMIT FrameLoaded(address);
 }
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <optional>
 #include <utility>
 
+namespace tessa::qt {
+
 /// Who in a page wants something.
 struct QtAsker {
     QUrl page;           ///< the page shown
@@ -135,3 +137,5 @@ private:
     QUrl m_shown;     ///< of the document that came last
     QUrl m_awaited;   ///< of the top-level navigation whose document has not come, nor has it ended
 };
+
+} // namespace tessa::qt

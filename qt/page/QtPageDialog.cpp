@@ -9,6 +9,8 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr std::size_t kMostDialogLines = 200;
@@ -68,3 +70,5 @@ void QtPageDialog::AddMessage(const QString& message) {
 QString QtPageDialog::Text() const { return m_text ? m_text->text() : QString(); }
 
 bool QtPageDialog::Silences() const { return m_silence && m_silence->isChecked(); }
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 class QCheckBox;
 class QLineEdit;
 
+namespace tessa::qt {
+
 enum class PageDialogKind { Alert, Confirm, Prompt, Leave };
 
 /// What a page wants to say or ask in a dialog.
@@ -41,3 +43,5 @@ private:
     QLineEdit* m_text = nullptr;
     QCheckBox* m_silence = nullptr;
 };
+
+} // namespace tessa::qt

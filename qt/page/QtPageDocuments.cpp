@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa::qt {
+
 void QtPageDocuments::Save(QWebEnginePage& page, const QString& path, std::function<void(bool came)> told) {
     auto watch = std::make_unique<QObject>();
     const auto giveUp = [this, each = watch.get()] { GiveUp(each); };
@@ -60,3 +62,5 @@ void QtPageDocuments::GiveUp(const QObject* watch) {
     m_pending.erase(found);
     if (wanted.Told) wanted.Told(false);
 }
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 class QWebEngineDownloadRequest;
 class QWebEnginePage;
 
+namespace tessa::qt {
+
 /// Writes documents that pages show to files, as the bytes that came. The engine takes them from its cache; what must
 /// not lie there it fetches again, but never by sending a form again. It does so by downloads, which whoever follows
 /// these hands to `Take`.
@@ -40,3 +42,5 @@ private:
 
     std::vector<Pending> m_pending;
 };
+
+} // namespace tessa::qt

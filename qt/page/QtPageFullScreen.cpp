@@ -9,6 +9,8 @@
 #include <chrono>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr std::chrono::seconds kHintTime{4};
@@ -87,3 +89,5 @@ void QtPageFullScreen::ShowHint(const QString& who) {
     m_hint->show();
     QTimer::singleShot(kHintTime, m_hint, &QObject::deleteLater);
 }
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@ class QLabel;
 class QWebEngineView;
 class QWidget;
 
+namespace tessa::qt {
+
 /// The page that fills the screen, because it asked to after a click of its user. It covers its window, which goes to
 /// full screen with it; Escape ends it, and so does leaving full screen in any other way.
 class QtPageFullScreen final : public QObject {
@@ -42,3 +44,5 @@ private:
     QPointer<QWidget> m_home; ///< the view's parent before
     bool m_windowWasFull = false;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QWebEngineHistory>
 #include <QWebEnginePage>
 
+namespace tessa::qt {
+
 namespace {
 constexpr auto kHistoryVersion = QDataStream::Qt_6_4;
 } // namespace
@@ -27,3 +29,5 @@ bool Fill(QWebEnginePage& page, const QByteArray& bytes) {
 }
 
 } // namespace QtPageHistory
+
+} // namespace tessa::qt

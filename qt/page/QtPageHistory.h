@@ -3,6 +3,8 @@
 
 class QWebEnginePage;
 
+namespace tessa::qt {
+
 /// Where a page has been, as bytes.
 namespace QtPageHistory {
 
@@ -11,3 +13,5 @@ namespace QtPageHistory {
 [[nodiscard]] bool Fill(QWebEnginePage& page, const QByteArray& bytes);
 
 } // namespace QtPageHistory
+
+} // namespace tessa::qt

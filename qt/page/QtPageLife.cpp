@@ -9,6 +9,8 @@
 
 #include <csignal>
 
+namespace tessa::qt {
+
 using State = QWebEnginePage::LifecycleState;
 
 QtPageLife::QtPageLife(QtPage& page) : m_page(page) {
@@ -81,3 +83,5 @@ void QtPageLife::OnDownload(QWebEngineDownloadRequest* request) {
     m_downloads.removeIf([](const auto& each) { return !each || each->isFinished(); });
     if (QtEngineVersions::PageOf(*request) == &m_page) m_downloads.append(request);
 }
+
+} // namespace tessa::qt

@@ -8,6 +8,9 @@
 #include <QPointer>
 
 class QWebEngineDownloadRequest;
+
+namespace tessa::qt {
+
 class QtPage;
 
 /// How one page of the engine lives. A page that sleeps is discarded by the engine: its process ends, address, title
@@ -49,3 +52,5 @@ private:
     bool m_ended = false;
     bool m_slept = false;
 };
+
+} // namespace tessa::qt

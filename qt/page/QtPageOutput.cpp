@@ -31,6 +31,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa::qt {
+
 namespace {
 
 struct Format {
@@ -272,3 +274,5 @@ bool QtPageOutput::FetchPdf(QtPage& page, const std::function<void(const QByteAr
     Fetch(page, [fetched](const FetchedFile& file) { fetched(file ? WholeFile(PathIn(file)) : QByteArray()); });
     return true;
 }
+
+} // namespace tessa::qt

@@ -11,10 +11,13 @@ class QByteArray;
 class QPrinter;
 class QString;
 class QTemporaryDir;
-struct QtDocumentKind;
-class QtPage;
 class QUrl;
 class QWidget;
+
+namespace tessa::qt {
+
+struct QtDocumentKind;
+class QtPage;
 
 /// Saving and printing of pages. What came as a document, and is no web page, is saved as the bytes that it is; a PDF
 /// is printed as it is, too. Keeps the page layout that the user has chosen.
@@ -60,3 +63,5 @@ private:
     QPageLayout m_layout{QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(15, 15, 15, 15),
                          QPageLayout::Millimeter};
 };
+
+} // namespace tessa::qt

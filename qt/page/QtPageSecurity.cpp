@@ -6,6 +6,8 @@
 
 #include <QHostAddress>
 
+namespace tessa::qt {
+
 namespace {
 
 // What this computer says to itself passes nobody on the way.
@@ -27,3 +29,5 @@ PageSecurity SecurityOf(const QUrl& address, const AcceptedCertificates& accepte
     if (scheme == u"http") return IsThisComputer(address.host()) ? PageSecurity::Local : PageSecurity::NotSecure;
     return PageSecurity::None;
 }
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <optional>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 using Request = QWebEngineContextMenuRequest;
@@ -143,3 +145,5 @@ void QtPageTools::FindSelectedLinks(std::function<void(std::vector<Text>)> answe
                              answer(std::move(all));
                          });
 }
+
+} // namespace tessa::qt

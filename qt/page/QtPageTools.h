@@ -7,6 +7,9 @@
 #include <functional>
 
 class QWebEngineView;
+
+namespace tessa::qt {
+
 class QtPage;
 
 /// What the menu of one page can do inside it.
@@ -35,3 +38,5 @@ public:
 private:
     QtPage& m_page;
 };
+
+} // namespace tessa::qt

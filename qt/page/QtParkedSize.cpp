@@ -5,6 +5,8 @@
 #include <QResizeEvent>
 #include <QWidget>
 
+namespace tessa::qt {
+
 namespace {
 
 class SizeTeller final : public QObject {
@@ -33,3 +35,5 @@ private:
 } // namespace
 
 void QtParkedSize::Follow(QWidget& view) { new SizeTeller(view); }
+
+} // namespace tessa::qt

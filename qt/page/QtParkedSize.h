@@ -2,6 +2,8 @@
 
 class QWidget;
 
+namespace tessa::qt {
+
 /// A page that loads behind the front is laid out as if it were shown.
 namespace QtParkedSize {
 
@@ -10,3 +12,5 @@ namespace QtParkedSize {
 void Follow(QWidget& view);
 
 } // namespace QtParkedSize
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 bool IsAct(const QEvent& event) {
@@ -42,3 +44,5 @@ bool QtPersonInput::eventFilter(QObject* watched, QEvent* event) {
     }
     return QObject::eventFilter(watched, event);
 }
+
+} // namespace tessa::qt

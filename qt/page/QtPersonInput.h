@@ -1,6 +1,8 @@
 #pragma once
 #include <QObject>
 
+namespace tessa::qt {
+
 /// Tells each page of the clicks and keys that reach it from a person. The engine does not say of a link whether it
 /// was clicked by one or by a script.
 class QtPersonInput final : public QObject {
@@ -10,3 +12,5 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
+
+} // namespace tessa::qt

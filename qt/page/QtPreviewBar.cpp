@@ -4,6 +4,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace tessa::qt {
+
 QtPreviewBar::QtPreviewBar(QWidget* parent) : QtPageBar(QStringLiteral("previewBar"), parent) {
     setAccessibleName(QStringLiteral("Print preview"));
     auto* words = new QLabel(QStringLiteral("This is how the page will be printed."), this);
@@ -25,3 +27,5 @@ QtPreviewBar::QtPreviewBar(QWidget* parent) : QtPageBar(QStringLiteral("previewB
         close, &QPushButton::clicked, this, [this] { Close(); }, Qt::QueuedConnection);
     hide();
 }
+
+} // namespace tessa::qt

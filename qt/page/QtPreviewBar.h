@@ -2,6 +2,8 @@
 #include "base/Signal.h"
 #include "qt/base/QtPageBar.h"
 
+namespace tessa::qt {
+
 /// The bar above a print preview: prints what is shown, or closes the preview.
 class QtPreviewBar final : public QtPageBar {
     Q_OBJECT
@@ -13,3 +15,5 @@ public:
     /// Called when the click has ended: it may end the bar.
     Signal<void()> Close;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <QWindow>
 
+namespace tessa::qt {
+
 namespace {
 
 void HideAll() {
@@ -30,3 +32,5 @@ protected:
 } // namespace
 
 void QtSceneWindows::Hide(QWidget& view) { new Watch(view); }
+
+} // namespace tessa::qt

@@ -2,6 +2,8 @@
 
 class QWidget;
 
+namespace tessa::qt {
+
 /// The engine paints each page in a window of its own that never comes to the screen.
 namespace QtSceneWindows {
 
@@ -9,3 +11,5 @@ namespace QtSceneWindows {
 void Hide(QWidget& view);
 
 } // namespace QtSceneWindows
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 
+namespace tessa::qt {
+
 namespace {
 
 using OwnPage = OwnAddresses::Page;
@@ -96,3 +98,5 @@ void QtStartPage::requestStarted(QWebEngineUrlRequestJob* job) {
                                                    : QByteArrayLiteral("text/html"),
                page);
 }
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+namespace tessa::qt {
+
 /// Answers for what the program makes itself, no network needed: the pages of `OwnAddresses`. Web pages cannot reach
 /// the scheme: the engine takes it for a local one, a page's wish to go there is refused, and what is asked for on
 /// behalf of another origin is denied.
@@ -38,3 +40,5 @@ private:
     std::map<int, std::weak_ptr<const QByteArray>> m_previews; ///< by their numbers
     int m_previewCount = 0;
 };
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include "qt/window/QtMainWindow.h"
 #include "window/frmMain.h"
 
+namespace tessa::qt {
+
 QtBarAssembly::QtBarAssembly(frmMain& main, QtMainWindow& window, QtEngine& engine)
     : m_look(main.actBar, window), m_commandBar(main.actBar, window), m_customize(main.actBar, window) {
     m_customize.Closed.ConnectForLife([&main] { main.SaveLayout(); });
@@ -41,3 +43,5 @@ void QtBarAssembly::LeadTo(QWidget& strip, QWidget& statusBar, QtPageBarsAssembl
     ring.StatusBar = &statusBar;
     ring.PageBars = {&bars.captures, &bars.offer, &bars.findBar};
 }
+
+} // namespace tessa::qt

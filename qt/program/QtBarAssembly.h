@@ -3,10 +3,15 @@
 #include "qt/bar/QtCommandBar.h"
 #include "qt/bar/customize/QtCustomizeDialog.h"
 
+namespace tessa {
+class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
 class QtEngine;
 class QtMainWindow;
 class QtPageBarsAssembly;
-class frmMain;
 
 /// The command bar and the dialog in which it is arranged, and the keyboard's way round the window.
 class QtBarAssembly {
@@ -29,3 +34,5 @@ private:
     QtCustomize m_customize;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

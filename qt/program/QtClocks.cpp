@@ -9,6 +9,8 @@
 #include <malloc.h>
 #endif
 
+namespace tessa::qt {
+
 namespace {
 
 // What is written down is never older than a second.
@@ -85,3 +87,5 @@ void QtClocks::FollowRelief(QtSchedule& schedule) {
     relief.OthersWait = [&schedule] { return schedule.PagesWait(); };
     relief.Changed.ConnectForLife([&schedule](Shortage level) { schedule.SetShortage(level); });
 }
+
+} // namespace tessa::qt

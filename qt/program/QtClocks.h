@@ -3,8 +3,13 @@
 
 #include <QTimer>
 
-class QtSchedule;
+namespace tessa {
 class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
+class QtSchedule;
 
 /// Calls what is to happen later, as soon as it is due.
 class QtClocks {
@@ -22,3 +27,5 @@ private:
     MemoryReader& m_memory;
     QTimer m_journal, m_retry, m_sleep, m_relief, m_giveBack, m_homePages;
 };
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 
 #include <string_view>
 
+namespace tessa::qt {
+
 namespace {
 
 // Engines from 6.9 open the display themselves, by its name in the environment; Qt takes the option's for its own.
@@ -50,3 +52,5 @@ QtDesktopAssembly::QtDesktopAssembly(int& argc, char** argv)
       layout(folders.program) {
     m_ownProfile.emplace(folders.data, folders.cache);
 }
+
+} // namespace tessa::qt

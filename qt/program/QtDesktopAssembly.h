@@ -20,6 +20,8 @@
 #include <QApplication>
 #include <optional>
 
+namespace tessa::qt {
+
 class QtApplication final : public Application {
 public:
     void SetTitle(TextView title) override;
@@ -75,3 +77,5 @@ public:
 private:
     QtLatinKeys m_latinKeys;
 };
+
+} // namespace tessa::qt

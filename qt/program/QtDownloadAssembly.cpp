@@ -4,6 +4,8 @@
 #include "qt/engine/QtEngine.h"
 #include "window/frmMain.h"
 
+namespace tessa::qt {
+
 QtDownloadAssembly::QtDownloadAssembly(QtEngine& engine) {
     downloads.Documents = &engine.Output().Documents();
     downloads.Profile = [&engine] { return engine.Profiles().Get(); };
@@ -22,3 +24,5 @@ void QtDownloadAssembly::Serve(frmMain& main, QMainWindow& window) {
     m_panel.emplace(main.DownloadPanel(), window);
     m_panel->FocusPage.ConnectForLife([&main] { main.FocusPage(); });
 }
+
+} // namespace tessa::qt

@@ -5,8 +5,13 @@
 #include <QMainWindow>
 #include <optional>
 
-class QtEngine;
+namespace tessa {
 class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
+class QtEngine;
 
 /// Downloads: the engine's side of them, and the panel that lists them.
 class QtDownloadAssembly {
@@ -24,3 +29,5 @@ public:
 private:
     std::optional<QtDownloadsPanel> m_panel; ///< once there is a list
 };
+
+} // namespace tessa::qt

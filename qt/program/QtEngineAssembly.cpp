@@ -8,6 +8,8 @@
 #include "settings/SettingsStore.h"
 #include "window/frmMain.h"
 
+namespace tessa::qt {
+
 namespace {
 
 ServiceTemplates ChosenServices(SettingsStorageFactory& settings) {
@@ -61,3 +63,5 @@ void QtEngineAssembly::Shutdown() {
 }
 
 SiteChoices QtEngineAssembly::Sites() { return DecidedSites(m_permissions, engine.Profiles().External()); }
+
+} // namespace tessa::qt

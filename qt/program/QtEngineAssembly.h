@@ -13,9 +13,14 @@
 
 #include <optional>
 
+namespace tessa {
+class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
 class QtDesktopAssembly;
 class QtPageBarsAssembly;
-class frmMain;
 
 /// The engine, and what goes with all its pages.
 class QtEngineAssembly {
@@ -47,3 +52,5 @@ public:
     QtEngine engine;
     QtEngineOptions options;
 };
+
+} // namespace tessa::qt

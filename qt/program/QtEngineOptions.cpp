@@ -9,6 +9,8 @@
 
 #include <utility>
 
+namespace tessa::qt {
+
 QtEngineOptions::QtEngineOptions(SettingsStorageFactory& settings, QtEngine& engine, QtRequests& requests,
                                  QtBrowsingData& data)
     : m_settings(settings), m_engine(engine), m_requests(requests), m_data(data) {
@@ -53,3 +55,5 @@ void QtEngineOptions::Clear(const BrowsingData& data, Forgotten done) {
     if (m_profile) return m_data.Clear(data, *m_profile, std::move(done));
     done(Cleared::NotAll);
 }
+
+} // namespace tessa::qt

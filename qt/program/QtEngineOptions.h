@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 class QtBrowsingData;
 class QtEngine;
 class QtRequests;
@@ -29,3 +31,5 @@ private:
     QtBrowsingData& m_data;
     QPointer<QWebEngineProfile> m_profile, m_private;
 };
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 
 #include <utility>
 
+namespace tessa::qt {
+
 QtEngineSurroundings::QtEngineSurroundings(SettingsStorageFactory& settings, SitePermissions& permissions,
                                            QtMainWindow& window, const QtPageBars& bars, Folders folders)
     : m_settings(settings), m_permissions(permissions), m_window(window), m_bars(bars), m_folders(std::move(folders)) {}
@@ -17,10 +19,10 @@ Text QtEngineSurroundings::HomeAddress() { return InternetSettings(m_settings).G
 
 std::string QtEngineSurroundings::StartPage() {
     ReadsFolders();
-    StartContent content = ::StartPage::Read(m_folders.groups, m_folders.favorites);
+    StartContent content = tessa::StartPage::Read(m_folders.groups, m_folders.favorites);
     content.Dark = QtPalette::IsDark(m_window.palette());
     content.Notice = QtBuildInfo::EngineNotice();
-    return ::StartPage::Html(content);
+    return tessa::StartPage::Html(content);
 }
 
 QRect QtEngineSurroundings::PageRect(const QRect& whole) { return m_bars.Lay(whole); }
@@ -28,3 +30,5 @@ QRect QtEngineSurroundings::PageRect(const QRect& whole) { return m_bars.Lay(who
 bool QtEngineSurroundings::WindowIsFull() const { return m_window.FullScreen(); }
 
 void QtEngineSurroundings::SetWindowFull(bool full) { m_window.SetFullScreen(full); }
+
+} // namespace tessa::qt

@@ -3,6 +3,8 @@
 #include "platform/SettingsStorage.h"
 #include "qt/engine/QtEngineHost.h"
 
+namespace tessa::qt {
+
 class QtMainWindow;
 class QtPageBars;
 
@@ -34,3 +36,5 @@ private:
     const QtPageBars& m_bars;
     const Folders m_folders;
 };
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 #include "qt/desktop/QtSettingsStorage.h"
 #include "settings/SettingsStore.h"
 
+namespace tessa::qt {
+
 namespace {
 
 bool MayAsk(SettingsStorageFactory& settings) {
@@ -32,3 +34,5 @@ bool TryWithoutWindow(TextView commandLine) {
 }
 
 } // namespace QtHandOver
+
+} // namespace tessa::qt

@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+namespace tessa::qt {
+
 /// Handing the command line over to the instance that runs, without an application object, the engine or a window: the
 /// user waits for it at every link that another program opens.
 namespace QtHandOver {
@@ -10,3 +12,5 @@ namespace QtHandOver {
 [[nodiscard]] bool TryWithoutWindow(TextView commandLine);
 
 } // namespace QtHandOver
+
+} // namespace tessa::qt

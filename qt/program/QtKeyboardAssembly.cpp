@@ -3,6 +3,8 @@
 #include "qt/program/QtBarAssembly.h"
 #include "window/frmMain.h"
 
+namespace tessa::qt {
+
 QtKeyboardAssembly::QtKeyboardAssembly(frmMain& main, QWidget& window, QtBarAssembly& bar)
     : m_keys(window), m_typing(window) {
     m_keys.Down = [&main, &bar](KeyStroke key) {
@@ -12,3 +14,5 @@ QtKeyboardAssembly::QtKeyboardAssembly(frmMain& main, QWidget& window, QtBarAsse
     m_keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
     m_typing.OverPage.ConnectForLife([&main] { main.Form_Type(); });
 }
+
+} // namespace tessa::qt

@@ -2,8 +2,13 @@
 #include "qt/base/QtKeys.h"
 #include "qt/base/QtTyping.h"
 
-class QtBarAssembly;
+namespace tessa {
 class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
+class QtBarAssembly;
 
 /// Who sees a key first, and where it leads.
 class QtKeyboardAssembly {
@@ -15,3 +20,5 @@ private:
     QtKeys m_keys;
     QtTyping m_typing;
 };
+
+} // namespace tessa::qt

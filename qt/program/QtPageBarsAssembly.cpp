@@ -4,6 +4,8 @@
 #include "qt/page/QtPage.h"
 #include "window/frmMain.h"
 
+namespace tessa::qt {
+
 QtPageBarsAssembly::QtPageBarsAssembly(QWidget* pageArea, const WallClock& clock)
     : offer(pageArea, clock), findBar(pageArea), notices(pageArea), captures(pageArea) {
     bars.Add(captures, QtPageBars::Side::Above);
@@ -28,3 +30,5 @@ void QtPageBarsAssembly::Serve(frmMain& main) {
     findBar.Typed.ConnectForLife([&main] { main.actBar.NoteTyped(); });
     findBar.FocusPage.ConnectForLife([&main] { main.FocusPage(); });
 }
+
+} // namespace tessa::qt

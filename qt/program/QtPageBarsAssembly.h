@@ -6,8 +6,13 @@
 #include "qt/window/QtPageBars.h"
 #include "qt/window/QtSessionOffer.h"
 
-class QtEngine;
+namespace tessa {
 class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
+class QtEngine;
 
 /// The bars above and below the page.
 class QtPageBarsAssembly {
@@ -30,3 +35,5 @@ public:
 private:
     Connections m_connections;
 };
+
+} // namespace tessa::qt

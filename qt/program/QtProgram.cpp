@@ -26,6 +26,8 @@
 #include <QTimer>
 #include <cstdlib>
 
+namespace tessa::qt {
+
 /// In the order in which they are made: what a part needs stands before it.
 struct QtProgram::Parts {
     Parts(int& argc, char** argv);
@@ -145,3 +147,5 @@ int QtProgram::Run() {
     m->engine.Shutdown();
     return result;
 }
+
+} // namespace tessa::qt

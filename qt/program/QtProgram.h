@@ -3,6 +3,8 @@
 
 #include <memory>
 
+namespace tessa::qt {
+
 /// The program on Qt: makes everything outside the core, hands it to the start, and runs the windows' events. Its parts
 /// are assemblies, one for each room; what ties several of them stands here.
 class QtProgram {
@@ -23,3 +25,5 @@ private:
     std::unique_ptr<Parts> m;
     bool m_unloaded = false;
 };
+
+} // namespace tessa::qt

@@ -4,6 +4,10 @@
 #include "qt/base/QtLog.h"
 #include "qt/base/QtText.h"
 
+namespace tessa::qt {
+
 Report::Facts QtReportSource::Read() {
     return {FromQt(QtBuildInfo::Text()), FromQt(QtBuildInfo::Drawing()), m_log.File().LastLines(Report::kLines)};
 }
+
+} // namespace tessa::qt

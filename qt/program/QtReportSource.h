@@ -1,6 +1,8 @@
 #pragma once
 #include "window/Report.h"
 
+namespace tessa::qt {
+
 class QtLog;
 
 /// What this run can say of itself.
@@ -14,3 +16,5 @@ public:
 private:
     QtLog& m_log;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include "qt/engine/QtEngine.h"
 #include "window/frmMain.h"
 
+namespace tessa::qt {
+
 QtStripAssembly::QtStripAssembly(frmMain& main, QtEngine& engine) : strip(main.pcPage), m_main(main), m_engine(engine) {
     strip.PageIcon = [this](const Tab& tab) { return m_engine.Icon(tab.Tag); };
     strip.ToolTipText = [this](const Tab& tab) { return m_main.Tabs().Describe(tab); };
@@ -67,3 +69,5 @@ void QtStripAssembly::ListTabs(QPoint corner) {
 }
 
 void QtStripAssembly::List() { ListTabs(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); }
+
+} // namespace tessa::qt

@@ -5,8 +5,13 @@
 #include <optional>
 #include <vector>
 
-class QtEngine;
+namespace tessa {
 class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
+class QtEngine;
 
 /// The strip of tabs and the list of them, and what they do in the program.
 class QtStripAssembly {
@@ -31,3 +36,5 @@ private:
     std::optional<QtTabList> m_list; ///< once somebody has opened it
     Connections m_connections;
 };
+
+} // namespace tessa::qt

@@ -2,6 +2,8 @@
 #include "platform/UserInput.h"
 #include "qt/bar/QtMiddleClick.h"
 
+namespace tessa::qt {
+
 /// Keys and clipboard of the desktop. A middle click on a menu's entry means the same as Shift.
 class QtUserInput final : public UserInput {
 public:
@@ -11,3 +13,5 @@ public:
 private:
     QtMiddleClick m_middleClick;
 };
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 QtWindowAssembly::QtWindowAssembly(frmMain& main, QtMainWindow& window, QtTabStrip& strip)
     : statusBar(main.sbStatus), m_main(main), m_window(window), m_fileDrop(window) {
     m_main.pcPage.RowHeight = strip.RowHeight();
@@ -46,3 +48,5 @@ void QtWindowAssembly::TellProfile(int number) {
     if (words.Notice.empty()) return;
     number == 0 ? statusBar.Complain(ToQt(words.Notice)) : statusBar.Notice(ToQt(words.Notice));
 }
+
+} // namespace tessa::qt

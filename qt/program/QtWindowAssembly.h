@@ -3,11 +3,16 @@
 #include "qt/window/QtFileDrop.h"
 #include "qt/window/QtStatusBar.h"
 
+namespace tessa {
+class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
 class QtEngine;
 class QtInstanceProfile;
 class QtMainWindow;
 class QtTabStrip;
-class frmMain;
 
 /// What stands in the main window's frame beside bars and pages, and what the window tells.
 class QtWindowAssembly {
@@ -29,3 +34,5 @@ private:
     QtFileDrop m_fileDrop;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

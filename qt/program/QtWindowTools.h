@@ -2,6 +2,8 @@
 #include "base/Signal.h"
 #include "platform/WindowTools.h"
 
+namespace tessa::qt {
+
 class QtDevTools;
 class QtEngine;
 class QtFindBar;
@@ -28,3 +30,5 @@ private:
     QtFindBar& m_findBar;
     QtDevTools& m_devTools;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPushButton>
 
+namespace tessa::qt {
+
 namespace {
 constexpr QColor kCaptureMark(224, 49, 49);
 constexpr int kCaptureMarkSize = 10;
@@ -49,3 +51,5 @@ void QtCaptureBar::Tell(const QStringList& captures) {
     setVisible(!captures.isEmpty());
     Changed();
 }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 
 class QLabel;
 
+namespace tessa::qt {
+
 /// The bar above the page that is there for as long as any page, also one behind, may see or hear its user.
 class QtCaptureBar final : public QtPageBar {
     Q_OBJECT
@@ -26,3 +28,5 @@ protected:
 private:
     QLabel* m_words;
 };
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kColumn = 640;
@@ -116,3 +118,5 @@ void QtCertificatePage::keyPressEvent(QKeyEvent* event) {
     }
     QScrollArea::keyPressEvent(event);
 }
+
+} // namespace tessa::qt

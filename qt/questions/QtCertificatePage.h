@@ -5,7 +5,12 @@
 
 class QPushButton;
 class QVBoxLayout;
+
+namespace tessa {
 struct RefusedCertificate;
+} // namespace tessa
+
+namespace tessa::qt {
 
 /// The page of our own that stands in for one whose certificate was refused: who, what and why, with details, and
 /// the ways back and on.
@@ -28,3 +33,5 @@ private:
 
     QPushButton* m_back = nullptr;
 };
+
+} // namespace tessa::qt

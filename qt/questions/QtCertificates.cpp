@@ -14,6 +14,8 @@
 #include <QWebEngineCertificateError>
 #include <QWebEngineHistory>
 
+namespace tessa::qt {
+
 namespace {
 
 CertificateProblem CertificateProblemOf(const QWebEngineCertificateError& error, const QSslCertificate& certificate) {
@@ -126,3 +128,5 @@ void QtCertificates::TakeOff() {
     if (m_shown) m_covers.Remove(m_shown);
     m_shown = nullptr;
 }
+
+} // namespace tessa::qt

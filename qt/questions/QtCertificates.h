@@ -2,8 +2,14 @@
 #include <QObject>
 #include <QPointer>
 
-class AcceptedCertificates;
 class QWebEngineCertificateError;
+
+namespace tessa {
+class AcceptedCertificates;
+} // namespace tessa
+
+namespace tessa::qt {
+
 class QtCertificatePage;
 class QtCovers;
 class QtPage;
@@ -27,3 +33,5 @@ private:
     AcceptedCertificates& m_accepted;
     QPointer<QtCertificatePage> m_shown;
 };
+
+} // namespace tessa::qt

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+namespace tessa::qt {
+
 QtCovers::~QtCovers() {
     for (const auto& cover : m_covers) {
         if (!cover) continue;
@@ -63,3 +65,5 @@ void QtCovers::Show(QWidget& cover) const {
     const QWidget* focus = QApplication::focusWidget();
     if (!focus || focus == m_pageArea || m_pageArea->isAncestorOf(focus)) cover.setFocus(Qt::OtherFocusReason);
 }
+
+} // namespace tessa::qt

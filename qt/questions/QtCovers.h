@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <vector>
 
+namespace tessa::qt {
+
 /// What lies over the page of one tab: the page that explains a refused certificate, dialogs of the page. Covers are
 /// seen only while their tab is in front; the rest of the program stays usable.
 class QtCovers {
@@ -41,3 +43,5 @@ private:
     QRect m_page;
     bool m_shown = false;
 };
+
+} // namespace tessa::qt

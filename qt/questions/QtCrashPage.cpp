@@ -5,6 +5,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kTextWidth = 480; // a line that is easily read
@@ -61,3 +63,5 @@ void QtCrashPage::LayOut(const QString& address) {
     row->addStretch(1);
     for (auto* line : findChildren<QLabel*>()) line->setMaximumWidth(kTextWidth);
 }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 
 class QPushButton;
 
+namespace tessa::qt {
+
 /// What covers a page whose process has died: says so and offers to load the page again.
 class QtCrashPage final : public QWidget {
     Q_OBJECT
@@ -21,3 +23,5 @@ private:
 
     QPushButton* m_reload;
 };
+
+} // namespace tessa::qt

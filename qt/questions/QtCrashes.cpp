@@ -5,6 +5,8 @@
 #include "qt/questions/QtCovers.h"
 #include "qt/questions/QtCrashPage.h"
 
+namespace tessa::qt {
+
 QtCrashes::QtCrashes(QtPage& page, QtCovers& covers) : m_page(page), m_covers(covers) {
     connect(&page, &QWebEnginePage::renderProcessTerminated, this, &QtCrashes::OnDeath);
     connect(&page, &QWebEnginePage::loadStarted, this, &QtCrashes::TakeOff);
@@ -26,3 +28,5 @@ void QtCrashes::TakeOff() {
     if (m_shown) m_covers.Remove(m_shown);
     m_shown = nullptr;
 }
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QPointer>
 
+namespace tessa::qt {
+
 class QtCovers;
 class QtCrashPage;
 class QtPage;
@@ -28,3 +30,5 @@ private:
     QtCovers& m_covers;
     QPointer<QtCrashPage> m_shown;
 };
+
+} // namespace tessa::qt

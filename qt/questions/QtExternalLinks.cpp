@@ -12,6 +12,8 @@
 #include <QDesktopServices>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr std::size_t kShownLength = 200;
@@ -196,3 +198,5 @@ void QtExternalLinks::TakeOff() {
     if (m_shown) m_covers.Remove(m_shown);
     m_shown = nullptr;
 }
+
+} // namespace tessa::qt

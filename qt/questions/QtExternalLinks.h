@@ -9,6 +9,8 @@
 #include <QSet>
 #include <QUrl>
 
+namespace tessa::qt {
+
 class QtCovers;
 struct QtAsker;
 class QtPage;
@@ -49,3 +51,5 @@ private:
     QSet<QString> m_toldRefused;             ///< schemes, likewise
     QPointer<QtDialogCover> m_shown;
 };
+
+} // namespace tessa::qt

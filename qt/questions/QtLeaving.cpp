@@ -6,6 +6,8 @@
 #include <chrono>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 /// What a page does with a question that takes longer is no answer.
@@ -83,3 +85,5 @@ bool QtLeaving::TakeClose() {
     Tell(false);
     return true;
 }
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+namespace tessa::qt {
+
 class QtPage;
 
 /// Asks a page whether it holds its user back from leaving it. One that holds a text does so only when the program
@@ -38,3 +40,5 @@ private:
     bool m_closing = false; ///< one of those who wait asked it for good
     bool m_left = false;
 };
+
+} // namespace tessa::qt

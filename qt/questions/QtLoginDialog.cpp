@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::size_t kLongestRealm = 160;
 } // namespace
@@ -39,3 +41,5 @@ QtLoginDialog::QtLoginDialog(const LoginQuestion& question)
 QString QtLoginDialog::User() const { return m_user->text(); }
 
 QString QtLoginDialog::Password() const { return m_password->text(); }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 
 class QLineEdit;
 
+namespace tessa::qt {
+
 /// Who asks for a name and a password.
 struct LoginQuestion {
     QString host;           ///< with its port when that is not the usual one
@@ -28,3 +30,5 @@ private:
     QLineEdit* m_user;
     QLineEdit* m_password;
 };
+
+} // namespace tessa::qt

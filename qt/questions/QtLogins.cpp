@@ -6,6 +6,8 @@
 
 #include <QAuthenticator>
 
+namespace tessa::qt {
+
 /// Who asks.
 struct QtLogins::Asker {
     Place place;
@@ -97,3 +99,5 @@ void QtLogins::TakeOff() {
     if (m_shown) m_covers.Remove(m_shown);
     m_shown = nullptr;
 }
+
+} // namespace tessa::qt

@@ -9,6 +9,9 @@
 
 class QAuthenticator;
 class QUrl;
+
+namespace tessa::qt {
+
 class QtCovers;
 class QtLoginDialog;
 class QtPage;
@@ -59,3 +62,5 @@ private:
     Place m_shownFor;
     bool m_askedAgain = false;
 };
+
+} // namespace tessa::qt

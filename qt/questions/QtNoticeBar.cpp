@@ -5,6 +5,8 @@
 #include <QPushButton>
 #include <algorithm>
 
+namespace tessa::qt {
+
 QtNoticeBar::QtNoticeBar(QWidget* parent)
     : QtPageBar(QStringLiteral("noticeBar"), parent), m_words(new QLabel(this)), m_more(new QLabel(this)) {
     for (QLabel* each : {m_words, m_more}) each->setTextFormat(Qt::PlainText);
@@ -54,3 +56,5 @@ void QtNoticeBar::Answer(std::function<void()> Notice::*answer) {
     ShowFirst();
     if (answered.*answer) (answered.*answer)();
 }
+
+} // namespace tessa::qt

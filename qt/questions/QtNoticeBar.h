@@ -9,6 +9,8 @@
 class QLabel;
 class QPushButton;
 
+namespace tessa::qt {
+
 /// The bar below the page that shows what pages have to tell when the desktop shows no notifications, one at a time.
 class QtNoticeBar final : public QtPageBar {
     Q_OBJECT
@@ -39,3 +41,5 @@ private:
     QLabel* m_words;
     QLabel* m_more;
 };
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <QWebEngineUrlRequestJob>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Each frame of a page can wait for one answer; nobody reads more than a few.
@@ -120,3 +122,5 @@ void QtPageDialogs::OnJobGone() {
     std::erase_if(m_asked, gone);
     if (!m_shown) ShowNext();
 }
+
+} // namespace tessa::qt

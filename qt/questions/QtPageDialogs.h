@@ -8,6 +8,9 @@
 #include <functional>
 
 class QWebEngineUrlRequestJob;
+
+namespace tessa::qt {
+
 class QtCovers;
 class QtDialogScheme;
 class QtPage;
@@ -48,3 +51,5 @@ private:
     std::deque<Asked> m_asked; ///< the first is shown
     QPointer<QtPageDialog> m_shown;
 };
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include "qt/questions/QtQuestionBar.h"
 #include "qt/questions/QtSecurityKeys.h"
 
+namespace tessa::qt {
+
 /// What one page asks of its user, and what covers it meanwhile.
 struct QtPageQuestions {
     /// All outlive this object.
@@ -45,3 +47,5 @@ struct QtPageQuestions {
     QtExternalLinks links;
     QtSecurityKeys securityKeys;
 };
+
+} // namespace tessa::qt

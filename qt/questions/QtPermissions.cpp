@@ -7,6 +7,8 @@
 #include <optional>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr TextView kRemember = u"&Remember for this site";
@@ -210,3 +212,5 @@ void QtPermissions::OnPersonNavigated() {
     m_shared.clear();
     m_saves.BeginAnew();
 }
+
+} // namespace tessa::qt

@@ -14,6 +14,8 @@
 #include <optional>
 #include <vector>
 
+namespace tessa::qt {
+
 class QtPage;
 
 /// Has the user decide what one page may do: what the engine asks for, which screen or window it is shown, windows
@@ -74,3 +76,5 @@ private:
     Text m_shared;                          ///< the site that is given a screen
     Text m_site;                            ///< of the page shown
 };
+
+} // namespace tessa::qt

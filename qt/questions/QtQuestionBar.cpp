@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kChoiceLength = 24; // characters that a choice shows at least
@@ -142,3 +144,5 @@ void QtQuestionBar::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) return Answer(PageQuestion::kDismissed);
     QWidget::keyPressEvent(event);
 }
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@ class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
+namespace tessa::qt {
+
 /// The bar above a page that shows what the page wants and takes the user's answer. It never takes the keyboard from
 /// the page by itself: F6 brings it there, Escape dismisses the question. What is held down or clicked when a question
 /// comes up does not answer it. Few pages ever ask, so its parts are made for the first question.
@@ -55,3 +57,5 @@ private:
     std::vector<QPushButton*> m_buttons;
     QtAnswerGuard* m_guard = nullptr;
 };
+
+} // namespace tessa::qt

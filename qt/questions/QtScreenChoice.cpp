@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::size_t kLongestSourceName = 80;
 }
@@ -49,3 +51,5 @@ bool QtScreenChoice::Share() {
         (m_chosen.model() == m_request.Screens ? m_request.ShareScreen : m_request.ShareWindow)(m_chosen);
     return isThere;
 }
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <vector>
 
+namespace tessa::qt {
+
 /// The screens and windows of this computer, of which the user chooses the one that a page is shown. They come and go
 /// while the user thinks.
 class QtScreenChoice {
@@ -30,3 +32,5 @@ private:
     std::vector<QPersistentModelIndex> m_sources;
     QPersistentModelIndex m_chosen;
 };
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+namespace tessa::qt {
+
 using QtEngineVersions::KeyStep;
 
 namespace {
@@ -107,3 +109,5 @@ QString QtSecurityKeyDialog::Entered() const {
     const auto* chosen = m_accounts ? m_accounts->currentItem() : nullptr;
     return chosen ? chosen->data(Qt::UserRole).toString() : QString();
 }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 class QLineEdit;
 class QListWidget;
 
+namespace tessa::qt {
+
 /// The dialog of a tab for one step of the use of a security key.
 class QtSecurityKeyDialog final : public QtDialogCover {
     Q_OBJECT
@@ -25,3 +27,5 @@ private:
     QListWidget* m_accounts = nullptr;
     QLineEdit* m_pin = nullptr;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+namespace tessa::qt {
+
 using QtEngineVersions::KeyStep;
 
 void QtSecurityKeys::FollowPage(QWebEnginePage& page) {
@@ -43,3 +45,5 @@ void QtSecurityKeys::TakeOff() {
     if (m_shown) m_covers.Remove(m_shown);
     m_shown = nullptr;
 }
+
+} // namespace tessa::qt

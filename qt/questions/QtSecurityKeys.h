@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <optional>
 
+namespace tessa::qt {
+
 class QtCovers;
 class QtSecurityKeyDialog;
 
@@ -32,3 +34,5 @@ private:
     std::optional<QtEngineVersions::SecurityKeyRequest> m_request;
     QPointer<QtSecurityKeyDialog> m_shown;
 };
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kCross = 16, kCrossMargin = 6, kHostGap = 12, kLinePadding = 8, kIconMargin = 4, kIconSize = 16;
 } // namespace
@@ -95,3 +97,5 @@ bool QtTabLines::editorEvent(QEvent* event, QAbstractItemModel* model, const QSt
     }
     return pressed;
 }
+
+} // namespace tessa::qt

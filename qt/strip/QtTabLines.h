@@ -7,6 +7,8 @@
 
 class QAbstractItemView;
 
+namespace tessa::qt {
+
 /// The lines of a list of tabs: icon, title and host. The line under the pointer and the marked one also have a button
 /// that closes the tab.
 class QtTabLines final : public QStyledItemDelegate {
@@ -37,3 +39,5 @@ private:
     QPersistentModelIndex m_pressed; ///< the line whose button is held down
     bool m_closed = false;
 };
+
+} // namespace tessa::qt

@@ -18,6 +18,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kTabKeyRole = Qt::UserRole, kSearchedRole = Qt::UserRole + 1, kHostRole = QtTabLines::kHostRole;
 constexpr int kWidthInEms = 26, kRows = 18;
@@ -163,3 +165,5 @@ void QtTabList::Choose(const QModelIndex& index) {
     close();
     Chosen(key);
 }
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@ class QListView;
 class QSortFilterProxyModel;
 class QStandardItemModel;
 
+namespace tessa::qt {
+
 /// One tab as the list shows it.
 struct QtTabListEntry {
     Text key;
@@ -57,3 +59,5 @@ private:
     QStandardItemModel* m_tabs;
     QSortFilterProxyModel* m_found;
 };
+
+} // namespace tessa::qt

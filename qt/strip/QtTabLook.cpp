@@ -8,6 +8,8 @@
 #include <QPalette>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kTabIconSize = 16;
 constexpr int kTabMargin = 7;
@@ -226,3 +228,5 @@ void QtTabLook::PaintArrow(QPainter& painter, const QRect& place, Qt::LayoutDire
     painter.drawPolyline(angle, 3);
     painter.restore();
 }
+
+} // namespace tessa::qt

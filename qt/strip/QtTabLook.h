@@ -9,6 +9,8 @@
 class QPainter;
 class QPalette;
 
+namespace tessa::qt {
+
 /// One tab as it is to be painted.
 struct QtTabFace {
     QString caption;
@@ -57,3 +59,5 @@ private:
     TabPlacement m_placement;
     QColor m_row, m_line, m_selected, m_hovered, m_text, m_quietText, m_accent, m_private;
 };
+
+} // namespace tessa::qt

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kNarrowestTab = 8; // in heights of the font
 constexpr int kWidest = 14;
@@ -91,3 +93,5 @@ std::size_t QtTabRow::LastVisible() const {
 }
 
 int QtTabRow::MaximumOffset() const { return std::max(static_cast<int>(m_count) * m_tabWidth - Area().width(), 0); }
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include <QSize>
 #include <cstddef>
 
+namespace tessa::qt {
+
 /// Where the tabs of a strip stand in their row: all of one width, scrolled when they do not fit. Knows no tab, so
 /// that a thousand of them cost as much as one. Lengths are logical pixels; positions are 1-based, 0 is none.
 class QtTabRow {
@@ -49,3 +51,5 @@ private:
     int m_offset = 0;
     bool m_overflows = false;
 };
+
+} // namespace tessa::qt

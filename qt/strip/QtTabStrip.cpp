@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <chrono>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::int32_t kLowestRow = 22;
 constexpr int kRowPadding = 8;
@@ -209,3 +211,5 @@ void QtTabStrip::Click(Tab& tab) { m_strip.UserClick(&tab); }
 QSize QtTabStrip::sizeHint() const { return {static_cast<int>(m_strip.Count()) * m_row.TabWidth(), m_rowHeight.value}; }
 
 QSize QtTabStrip::minimumSizeHint() const { return {0, m_rowHeight.value}; }
+
+} // namespace tessa::qt

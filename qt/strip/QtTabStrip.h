@@ -12,6 +12,8 @@
 #include <set>
 #include <vector>
 
+namespace tessa::qt {
+
 /// Shows a `TabStrip` as one widget that paints all tabs itself. So the strip costs what is visible of it, not what it
 /// holds. It covers the row of tabs alone; the page area is laid beside it. The strip outlives the widget.
 ///
@@ -147,3 +149,5 @@ private:
     int m_wheel = 0; ///< what of the wheel's turning has not moved a tab yet
     Connections m_connections;
 };
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include "qt/base/QtText.h"
 #include "qt/strip/QtTabStrip.h"
 
+namespace tessa::qt {
+
 namespace {
 
 /// Units of an address that anybody wants to hear.
@@ -246,3 +248,5 @@ void QtTabStripAccessible::AnnounceSelection() {
     }
     if (tab && m_focused && (moved || focusCame)) Announce(Interface(selected), QAccessible::Focus);
 }
+
+} // namespace tessa::qt

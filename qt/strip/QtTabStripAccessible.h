@@ -6,6 +6,8 @@
 #include <optional>
 #include <unordered_map>
 
+namespace tessa::qt {
+
 class QtTabStrip;
 
 /// The tab strip as screen readers and other assistive tools see it: a list of page tabs, then the button for a new
@@ -45,3 +47,5 @@ private:
 
 /// Makes Qt's accessibility know tab strips. May run any number of times.
 void InstallTabStripAccessibility();
+
+} // namespace tessa::qt

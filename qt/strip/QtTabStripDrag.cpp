@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <optional>
 
+namespace tessa::qt {
+
 namespace {
 
 const QString kPlain = QStringLiteral("text/plain");
@@ -104,3 +106,5 @@ void QtTabStrip::dropEvent(QDropEvent* event) {
     const auto text = DraggedText(*event->mimeData());
     if (text) Drop(FromQt(*text));
 }
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 constexpr int kWheelNotch = 120;
 } // namespace
@@ -171,3 +173,5 @@ void QtTabStrip::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
     update(m_row.TabPlace(m_selected));
 }
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 #include <QWidget>
 #include <QWindow>
 
+namespace tessa::qt {
+
 namespace {
 
 void Refuse(QObject& window, QDropEvent& drag) {
@@ -66,3 +68,5 @@ bool QtFileDrop::eventFilter(QObject* watched, QEvent* event) {
         this, [this, files] { Dropped(files); }, Qt::QueuedConnection);
     return true;
 }
+
+} // namespace tessa::qt

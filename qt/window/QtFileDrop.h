@@ -9,6 +9,8 @@
 
 class QWidget;
 
+namespace tessa::qt {
+
 /// Takes files that are dropped anywhere on a window before the page or the control under the pointer sees them.
 /// Everything else that is dragged goes where it went, except announced addresses that do not come. The program that
 /// they are dragged from may have ended, and the engine relies on them.
@@ -33,3 +35,5 @@ private:
     QWidget& m_window;
     std::vector<Text> m_dragged; ///< the files to take that are over the window
 };
+
+} // namespace tessa::qt

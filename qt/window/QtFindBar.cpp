@@ -11,6 +11,8 @@
 #include <QWebEnginePage>
 #include <array>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr char16_t kPrivateUse = u'\uE000'; // stands on no page
@@ -124,3 +126,5 @@ void QtFindBar::keyPressEvent(QKeyEvent* event) {
     if (!enter) return QWidget::keyPressEvent(event);
     Find(event->modifiers() & Qt::ShiftModifier ? Direction::Backward : Direction::Forward);
 }
+
+} // namespace tessa::qt

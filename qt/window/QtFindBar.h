@@ -10,6 +10,8 @@ class QLineEdit;
 class QWebEngineFindTextResult;
 class QWebEnginePage;
 
+namespace tessa::qt {
+
 /// The bar under the page that finds text on it: forwards, backwards, counting what it finds.
 class QtFindBar final : public QWidget {
     Q_OBJECT
@@ -48,3 +50,5 @@ private:
     QCheckBox* m_matchCase;
     QLabel* m_found;
 };
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <chrono>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::chrono::seconds kHintTime{4};
 constexpr std::chrono::milliseconds kEdgeRest{350};
@@ -143,3 +145,5 @@ void QtFullScreen::ShowHint() {
 void QtFullScreen::PlaceHint() {
     if (m_hint) m_hint->move((m_hintArea.width() - m_hint->width()) / 2, m_hintArea.height() / 12);
 }
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@ class QLabel;
 class QMainWindow;
 class QWidget;
 
+namespace tessa::qt {
+
 /// Full screen for a window. Hides its menu bar and toolbars while it lasts and says for a moment how to leave. The
 /// bars come back while they have the focus or the pointer, or a menu is open. A pointer that rests at an edge where
 /// bars were calls them.
@@ -51,3 +53,5 @@ private:
     bool m_revealed = false; ///< the hidden bars are on the screen for a while
     bool m_on = false;
 };
+
+} // namespace tessa::qt

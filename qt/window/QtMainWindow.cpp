@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 QRect VirtualScreen() {
     const QScreen* screen = QGuiApplication::primaryScreen();
@@ -263,3 +265,5 @@ void QtMainWindow::closeEvent(QCloseEvent* event) {
     m_unloaded = true;
     Unload();
 }
+
+} // namespace tessa::qt

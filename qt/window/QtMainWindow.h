@@ -8,6 +8,8 @@
 #include <functional>
 #include <optional>
 
+namespace tessa::qt {
+
 class QtStatusBar;
 class QtTabStrip;
 
@@ -96,3 +98,5 @@ private:
     bool m_unloaded = false;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

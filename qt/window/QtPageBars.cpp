@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa::qt {
+
 void QtPageBars::Add(QWidget& bar, Side side) { m_bars.push_back({&bar, side}); }
 
 QRect QtPageBars::Lay(const QRect& whole) const {
@@ -18,3 +20,5 @@ QRect QtPageBars::Lay(const QRect& whole) const {
     }
     return left;
 }
+
+} // namespace tessa::qt

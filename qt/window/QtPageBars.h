@@ -4,6 +4,8 @@
 #include <QWidget>
 #include <vector>
 
+namespace tessa::qt {
+
 /// The bars above and below the page, which take their room from it.
 class QtPageBars {
 public:
@@ -21,3 +23,5 @@ private:
     };
     std::vector<Bar> m_bars;
 };
+
+} // namespace tessa::qt

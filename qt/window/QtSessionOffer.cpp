@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace tessa::qt {
+
 QtSessionOffer::QtSessionOffer(QWidget* parent, const WallClock& clock)
     : QtPageBar(QStringLiteral("sessionOffer"), parent),
       m_clock(clock),
@@ -66,3 +68,5 @@ void QtSessionOffer::Close() {
     hide();
     Changed();
 }
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 class QLabel;
 class QPushButton;
 
+namespace tessa::qt {
+
 /// The bar above the page that offers to reopen the pages of a session that ended badly. It waits for as long as the
 /// user likes.
 class QtSessionOffer final : public QtPageBar, public SessionOffer {
@@ -34,3 +36,5 @@ private:
     QLabel* m_text;
     QLabel* m_which;
 };
+
+} // namespace tessa::qt

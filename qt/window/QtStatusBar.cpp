@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <chrono>
 
+namespace tessa::qt {
+
 namespace {
 constexpr std::chrono::milliseconds kTextDelay{100};
 constexpr std::chrono::milliseconds kSavingDelay{500};
@@ -199,3 +201,5 @@ void QtStatusBar::Measure() {
     m_bar.Height = height;
     HeightChanged();
 }
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 class QLabel;
 class QPushButton;
 
+namespace tessa::qt {
+
 /// Shows a `StatusBar`, which outlives it. Texts are gathered for a tenth of a second. Any repaint composes the whole
 /// window again with the page's picture. Its owner gives it its place.
 class QtStatusBar final : public QStatusBar {
@@ -56,3 +58,5 @@ private:
     QTimer m_textTimer, m_noticeTimer, m_savingTimer;
     Connections m_connections;
 };
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/BareTabs.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kAddress = u"cboAddress", kSearch = u"cboSearch";
@@ -284,3 +286,5 @@ TEST_F(AddressBoxesTest, ThePointerOverABoxShowsItsHelp) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 const Text kSecure = u"https://host/", kOld = u"http://host/";
@@ -81,3 +83,5 @@ TEST(AddressTries, AfterATryThatWasHiddenTheNextErrorMayBeHiddenToo) {
 }
 
 } // namespace
+
+} // namespace tessa

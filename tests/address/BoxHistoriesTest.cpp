@@ -3,6 +3,8 @@
 #include "settings/frmInternetOptions.h"
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 TEST(BoxHistories, TheHistoriesComeBackInTheirOrder) {
@@ -75,3 +77,5 @@ TEST(BoxHistories, ClearingTypedAddressesEmptiesTheBoxesAndWhatIsStored) {
 }
 
 } // namespace
+
+} // namespace tessa

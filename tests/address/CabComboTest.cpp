@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 /// A box and what its user does, without the window around it.
@@ -143,3 +145,5 @@ TEST_F(CabComboTest, AnItemOfTheListItselfCanBeTheEntry) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 using Row = std::pair<TextView, TextView>;
@@ -60,3 +62,5 @@ TEST(MailAddress, APageFillsInReceiversSubjectAndText) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kSearchAddress = u"https://search.tessaview.example/d/search/p/tessaview/?Keywords=";
@@ -139,3 +141,5 @@ TEST(TypedAddress, AMailIsEncoded) {
 }
 
 } // namespace
+
+} // namespace tessa

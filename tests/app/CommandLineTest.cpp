@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using CommandLine::Arguments;
@@ -99,3 +101,5 @@ TEST(CommandLine, AFileHereIsNamedFromTheRoot) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 Startup::Result Begin(Desk& desk, TextView commandLine) {
@@ -235,3 +237,5 @@ TEST(Hook, TellsTheUserOnceWhenTheIndexesHaveRunOut) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace tessa {
+
 namespace {
 
 /// A bar as designed.
@@ -292,3 +294,5 @@ TEST(CommandBarLayout, AnyDamageLeavesAWholeBar) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 std::shared_ptr<Tool> SharedTool(CommandBar& bar, std::int32_t id, TextView name) {
@@ -193,3 +195,5 @@ TEST(CommandBar, AToolSaysWhatItIsMadeFrom) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 class DockRowsTest : public testing::Test {
@@ -73,3 +75,5 @@ TEST_F(DockRowsTest, EmptyRowsAndOtherSidesCountNothing) {
 }
 
 } // namespace
+
+} // namespace tessa

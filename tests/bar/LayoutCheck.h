@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 /// What holds of a bar whatever file was loaded into it; says what does not, nothing when all is well.
 inline std::string WrongAfterLoading(std::string_view bytes) {
     CommandBar bar;
@@ -33,3 +35,5 @@ inline std::string WrongAfterLoading(std::string_view bytes) {
     CommandBarLayout::Load(again, saved);
     return CommandBarLayout::Save(again) == saved ? "" : "what was saved comes back otherwise";
 }
+
+} // namespace tessa

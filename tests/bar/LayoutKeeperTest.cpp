@@ -2,6 +2,8 @@
 #include "settings/SettingsStore.h"
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 /// What the file of a bar is on which the user has done something.
@@ -146,3 +148,5 @@ TEST(LayoutKeeper, AWindowThatWasNeverLoadedSavesNothing) {
 }
 
 } // namespace
+
+} // namespace tessa

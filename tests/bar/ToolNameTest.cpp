@@ -5,6 +5,8 @@
 #include <set>
 #include <type_traits>
 
+namespace tessa {
+
 namespace {
 
 /// A text as the argument of a template, so that a test can ask what the compiler says to it.
@@ -65,3 +67,5 @@ TEST(ToolNameTest, NoNameIsGivenTwice) {
 }
 
 } // namespace
+
+} // namespace tessa

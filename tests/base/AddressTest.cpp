@@ -3,6 +3,8 @@
 #include <array>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 struct HostRow {
@@ -80,3 +82,5 @@ TEST(Address, APortStandsAloneOrBeforeAPath) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(Captions, OneLineShowsWhatCannotBeShown) {
@@ -35,3 +37,5 @@ TEST(Captions, ACaptionReadsWithoutItsMarks) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 std::string Names(const CKeyValues& items) {
@@ -65,3 +67,5 @@ TEST(CKeyValues, EqualKeysKeepTheirArrivalOrder) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 namespace {
 
 using HouseFile = house::File;
@@ -126,3 +128,5 @@ TEST(Covered, ANameThatIsNoModuleIsFound) {
 }
 
 } // namespace
+
+} // namespace tessa

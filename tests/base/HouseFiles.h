@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 /// What the tests read that look at the house's own files.
 namespace house {
 
@@ -42,3 +44,5 @@ inline std::vector<File> FilesWith(std::initializer_list<std::string_view> endin
 }
 
 } // namespace house
+
+} // namespace tessa

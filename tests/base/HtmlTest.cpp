@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(Html, NothingInATextIsATagOrEndsAQuote) {
@@ -12,3 +14,5 @@ TEST(Html, NothingInATextIsATagOrEndsAQuote) {
 TEST(Html, AllElseStays) { EXPECT_EQ(HtmlEscaped("gr\xC3\xBC\xC3\x9F\n\t;#"), "gr\xC3\xBC\xC3\x9F\n\t;#"); }
 
 } // namespace
+
+} // namespace tessa

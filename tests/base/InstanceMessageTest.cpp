@@ -4,6 +4,8 @@
 
 #include <random>
 
+namespace tessa {
+
 namespace {
 
 using InstanceMessage::Kind;
@@ -98,3 +100,5 @@ TEST(InstanceMessage, AnyBytesAreUnderstoodOrRefused) {
 }
 
 } // namespace
+
+} // namespace tessa

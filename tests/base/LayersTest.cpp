@@ -13,6 +13,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tessa {
+
 namespace {
 
 /// A room of the house, which is a folder with what stands below it, and the rooms right under it: its files may
@@ -415,3 +417,5 @@ TEST(Layers, TheWordsOfExceptionsMayStandInCommentsAndTexts) {
 }
 
 } // namespace
+
+} // namespace tessa

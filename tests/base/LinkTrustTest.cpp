@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 /// What becomes of an address from each source: "+" opens, "?" is asked about, "-" never opens.
@@ -99,3 +101,5 @@ TEST(LinkTrust, IsAQuestionOfWhereAnAddressLeadsAndWhereItComesFrom) {
 }
 
 } // namespace
+
+} // namespace tessa

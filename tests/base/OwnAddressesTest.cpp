@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using OwnAddresses::Page;
@@ -40,3 +42,5 @@ TEST(OwnAddresses, NameTheirPages) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(Percent, LettersDigitsAndFourSignsStay) {
@@ -20,3 +22,5 @@ TEST(Percent, WhatIsNoEscapeStays) {
 }
 
 } // namespace
+
+} // namespace tessa

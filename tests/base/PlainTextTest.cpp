@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(PlainText, KeepsOrdinaryWordsAsTheyAre) {
@@ -37,3 +39,5 @@ TEST(PlainText, AControlCharacterEndsNoFieldOfAFile) {
 }
 
 } // namespace
+
+} // namespace tessa

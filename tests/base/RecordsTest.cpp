@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace tessa {
+
 namespace {
 
 using List = std::vector<Text>;
@@ -117,3 +119,5 @@ TEST(Records, AnyBytesAreReadAndWhatIsWholeComesBack) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 #include <string>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 /// A signal whose listeners write down in which order they were told what.
@@ -180,3 +182,5 @@ TEST(Property, HasAnyNumberOfViews) {
 }
 
 } // namespace
+
+} // namespace tessa

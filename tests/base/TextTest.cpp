@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace tessa {
+
 namespace {
 
 TEST(Text, ReadsUtf8AndFallsBackToWindows1252) {
@@ -125,3 +127,5 @@ TEST(Text, OnlyItsEndsAreTrimmed) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <benchmark/benchmark.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 /// A history as full as it gets, whose entries differ only where addresses do: at their end.
@@ -34,3 +36,5 @@ void EnterToHistory(benchmark::State& state) {
 BENCHMARK(EnterToHistory)->Unit(benchmark::kMicrosecond);
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include <benchmark/benchmark.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 constexpr int kFolders = 500, kInEach = 20;
@@ -49,3 +51,5 @@ BENCHMARK(OpenTheMenu)->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenOneFolder)->Unit(benchmark::kMillisecond);
 
 } // namespace
+
+} // namespace tessa

@@ -16,6 +16,8 @@
 #include <cstdio>
 #include <vector>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kFrames = 50;
@@ -46,7 +48,10 @@ qint64 Median(std::vector<qint64> values) {
 
 } // namespace
 
+} // namespace tessa::qt
+
 int main(int argc, char** argv) {
+    using namespace tessa::qt;
     QtStartPage::RegisterScheme();
     QtDialogScheme::RegisterScheme();
     QApplication application(argc, argv);

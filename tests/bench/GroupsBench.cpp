@@ -6,6 +6,8 @@
 #include <benchmark/benchmark.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 std::string GroupOf(int addresses) {
@@ -86,3 +88,5 @@ BENCHMARK(FillEditor)->Unit(benchmark::kMillisecond);
 BENCHMARK(SaveEditor)->Unit(benchmark::kMillisecond);
 
 } // namespace
+
+} // namespace tessa

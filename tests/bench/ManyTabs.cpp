@@ -18,6 +18,8 @@
 #include <cstdio>
 #include <malloc.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr double kMostOpening = 50;   // microseconds a tab
@@ -96,7 +98,10 @@ Cost Measure(int tabs) {
 
 } // namespace
 
+} // namespace tessa::qt
+
 int main(int argc, char** argv) {
+    using namespace tessa::qt;
     const QApplication application(argc, argv);
     std::puts("tabs   open, us/tab   memory, bytes/tab   write a change, us");
     bool met = true;

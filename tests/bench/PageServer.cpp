@@ -31,6 +31,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa {
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -89,7 +91,7 @@ private:
     void TakeRequests(int socket);
     void Answer(int socket, const std::string& path);
     void Control(int socket, const std::string& path);
-    void Send(int socket, const ::Answer& answer);
+    void Send(int socket, const tessa::Answer& answer);
     void Flush(int socket);
     void Close(int socket);
     void AnswerWhatIsDue();
@@ -223,7 +225,7 @@ void Server::Control(int socket, const std::string& path) {
     Send(socket, {.status = known ? 200 : 404, .body = known ? Log() : std::string()});
 }
 
-void Server::Send(int socket, const ::Answer& answer) {
+void Server::Send(int socket, const tessa::Answer& answer) {
     auto& out = m_connections[socket].out;
     out.append("HTTP/1.1 ").append(answer.status == 200 ? "200 OK" : "404 Not Found");
     out.append("\r\nContent-Type: ").append(answer.type).append("\r\nCache-Control: ");
@@ -299,7 +301,10 @@ Options FromArguments(int count, char** arguments) {
 
 } // namespace
 
+} // namespace tessa
+
 int main(int argc, char** argv) {
+    using namespace tessa;
     std::signal(SIGPIPE, SIG_IGN);
     const Options options = FromArguments(argc, argv);
     Server server(options);

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cstdint>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kPageBytes = 60'000;
@@ -144,3 +146,5 @@ Answer AnswerFor(std::string_view path) {
     if (path.starts_with("/done?")) return {200, "text/plain", "ok", "no-store"};
     return {};
 }
+
+} // namespace tessa

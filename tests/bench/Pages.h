@@ -2,6 +2,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 /// One answer of the server: what goes over the wire after the status line.
 struct Answer {
     int status = 404;
@@ -14,3 +16,5 @@ struct Answer {
 /// and names a style sheet, a script, four pictures and an icon, all its own; when it has loaded it asks for
 /// /done?n=<n>. /animated/<n> is the same page with a box that moves for ever. Other paths are answered with 404.
 Answer AnswerFor(std::string_view path);
+
+} // namespace tessa

@@ -14,6 +14,8 @@
 #include <benchmark/benchmark.h>
 #include <string>
 
+namespace tessa::qt {
+
 namespace {
 
 struct Silent final : MessageBoxes {
@@ -92,7 +94,10 @@ BENCHMARK(OpenEditor)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
+} // namespace tessa::qt
+
 int main(int argc, char** argv) {
+    using namespace tessa::qt;
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

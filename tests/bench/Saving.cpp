@@ -13,6 +13,8 @@
 #include <chrono>
 #include <optional>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kTabs = 500;
@@ -70,7 +72,10 @@ BENCHMARK(SaveAfterAChange)->Unit(benchmark::kMillisecond)->Iterations(100);
 
 } // namespace
 
+} // namespace tessa::qt
+
 int main(int argc, char** argv) {
+    using namespace tessa::qt;
     QCoreApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 /// A bar with the tools that the gestures stand for, and what is heard of it.
@@ -49,3 +51,5 @@ TEST(BarGestures, ABarWithoutTheToolsStaysAsItIs) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 class BehindDialogsTest : public testing::Test {
@@ -202,3 +204,5 @@ TEST_F(BehindDialogsTest, LinksOfAPageAreOpenedForThatPage) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <set>
 #include <sstream>
 
+namespace tessa {
+
 namespace {
 
 // The commands that the product has.
@@ -129,3 +131,5 @@ TEST(CommandTableTest, TheLinksOfAFamilyAreTheProducts) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 /// A user who arranges a bar that is as designed.
@@ -288,3 +290,5 @@ TEST(Customization, TheLookIsTheBars) {
 }
 
 } // namespace
+
+} // namespace tessa

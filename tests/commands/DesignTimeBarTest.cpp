@@ -9,6 +9,8 @@
 #include <sstream>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 struct DesignedBand {
@@ -382,3 +384,5 @@ TEST_F(DesignTimeBarTest, ShortcutsBelongToToolsAndAreGivenOnce) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 class DispatchRulesTest : public testing::Test {
@@ -63,3 +65,5 @@ TEST_F(DispatchRulesTest, NamesThatBeginLikeTheResizeCommandsResizeABoxWhateverT
 }
 
 } // namespace
+
+} // namespace tessa

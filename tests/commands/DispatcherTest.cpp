@@ -7,6 +7,8 @@
 #include "favorites/Favorites.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 /// Clicks a tool that was made for the occasion. It has the number of a Favorite, whatever it is made from.
@@ -343,3 +345,5 @@ TEST_F(DispatcherTest, GroupCommandsAskForTheFileAndMakeTheMenuStale) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "settings/SettingsStore.h"
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 class ExternalTest : public testing::Test {
@@ -156,3 +158,5 @@ TEST_F(MailCommands, DoNothingWithoutAPage) {
 TEST(MailAddress, IsEmptyForAnyOtherCommand) { EXPECT_EQ(External::MailAddress(u"mnuMail", {}), u""); }
 
 } // namespace
+
+} // namespace tessa

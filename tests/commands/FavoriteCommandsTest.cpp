@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 class FavoriteCommandsTest : public testing::Test {
@@ -201,3 +203,5 @@ TEST_F(FavoriteCommandsTest, AFolderWithoutAPageOfTheWebMakesNoGroup) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #include "settings/SettingsStore.h"
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr auto kGroups = "TessaGroup File (*.tvg)|*.tvg";
@@ -44,3 +46,5 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.tool); });
 
 } // namespace
+
+} // namespace tessa

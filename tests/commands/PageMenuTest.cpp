@@ -6,6 +6,8 @@
 
 #include <cctype>
 
+namespace tessa {
+
 namespace {
 
 /// A user who asks for the menu of a page.
@@ -268,3 +270,5 @@ TEST_F(PageMenuTest, DoesNothingForAViewWithoutAPage) {
 }
 
 } // namespace
+
+} // namespace tessa

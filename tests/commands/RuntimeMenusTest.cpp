@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -485,3 +487,5 @@ TEST_F(RuntimeMenusTest, MissingFoldersLeaveTheFixedEntries) {
 }
 
 } // namespace
+
+} // namespace tessa

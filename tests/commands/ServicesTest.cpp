@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 std::string Target(std::string_view url, const ServiceTemplates& templates = {}) {
@@ -43,3 +45,5 @@ TEST(Services, FindLinksLeadToTheirService) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 /// The pop-up has been opened on one of several tabs.
@@ -134,3 +136,5 @@ TEST_F(TabMoreCommandsTest, ATabThatLoadsIsToldApartByItsAddress) {
 }
 
 } // namespace
+
+} // namespace tessa

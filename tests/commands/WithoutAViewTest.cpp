@@ -3,6 +3,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 /// One tab, and everything that a command for pages can do.
@@ -86,3 +88,5 @@ TEST_F(WithoutAViewTest, ANewCurrentTabGetsAnEmptyAddress) {
 }
 
 } // namespace
+
+} // namespace tessa

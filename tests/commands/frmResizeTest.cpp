@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 class frmResizeTest : public testing::Test {
@@ -105,3 +107,5 @@ TEST_F(frmResizeTest, WithoutItsBoxAStepDoesNothing) {
 }
 
 } // namespace
+
+} // namespace tessa

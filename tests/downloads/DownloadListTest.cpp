@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace tessa {
+
 namespace {
 
 Download Done(TextView path, TextView address) {
@@ -107,3 +109,5 @@ TEST(DownloadList, AnyBytesGiveASoundOne) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(DownloadRule, LetsAPageSaveAFewFilesByItself) {
@@ -28,3 +30,5 @@ TEST(DownloadRule, ARefusalOutlastsClicks) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+namespace tessa {
+
 namespace {
 
 /// A list of downloads in a folder of its own, with the panel that shows it.
@@ -443,3 +445,5 @@ TEST_F(DownloadsTest, ItsListIsTheUsersAlone) {
 }
 
 } // namespace
+
+} // namespace tessa

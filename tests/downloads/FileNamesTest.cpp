@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <set>
 
+namespace tessa {
+
 namespace {
 
 TEST(FileNames, KeepsOrdinaryNamesAsTheyAre) {
@@ -75,3 +77,5 @@ TEST(FileNames, CountsUntilANameIsFree) {
 }
 
 } // namespace
+
+} // namespace tessa

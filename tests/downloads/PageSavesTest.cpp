@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using Step = PageSaves::Step;
@@ -74,3 +76,5 @@ TEST(PageSaves, AQuestionStaysOpenWhenTheRestBeginsAnew) {
 }
 
 } // namespace
+
+} // namespace tessa

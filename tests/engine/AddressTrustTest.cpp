@@ -12,6 +12,8 @@
 #include <QWebEngineSettings>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 /// An address where nobody listens.
@@ -338,3 +340,5 @@ TEST_F(AddressTrustOnPages, AHostThatAnswersHttpsIsNotTriedOverHttp) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -14,6 +14,8 @@
 #include <QWebEngineView>
 #include <map>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kFrames = 60;
@@ -109,3 +111,5 @@ TEST(AnimatedPage, RepaintsThePageAndNothingElse) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QTest>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A user who types into the address box, a real one, while pages load.
@@ -99,3 +101,5 @@ TEST_F(BoxFocusTest, AnAddressThatOnlyChangesTakesNothingFromWhoTypes) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <QWebEngineProfile>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 void Nobody(Cleared) {}
@@ -225,3 +227,5 @@ TEST(SiteData, ThatCannotBeMarkedForTheNextStartIsForgottenNowAndTheFailureCount
 }
 
 } // namespace
+
+} // namespace tessa::qt

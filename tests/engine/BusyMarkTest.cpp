@@ -9,6 +9,8 @@
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 
+namespace tessa::qt {
+
 namespace {
 
 const QString kEndless = QStringLiteral("/endless");
@@ -261,3 +263,5 @@ INSTANTIATE_TEST_SUITE_P(OpenedBy, BusyMarkOfAWindow, testing::Values("open", "l
                          [](const auto& info) { return std::string(info.param); });
 
 } // namespace
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QWebEngineHistory>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 class Certificates : public ::testing::Test {
@@ -141,3 +143,5 @@ TEST(CertificatesOfTabs, ABackgroundTabIsMarkedAndStaysInTheBackground) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 /// What pages ask the desktop for: files, colours, the clipboard.
@@ -92,3 +94,5 @@ TEST_F(Choosers, APictureInAPictureIsRefusedByTheEngine) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 
 #include <QWebEnginePage>
 
+namespace tessa::qt {
+
 /// Commands that touch a page, clicked in a window on the real engine.
 class CommandsOnPages : public testing::Test {
 protected:
@@ -48,3 +50,5 @@ protected:
     LocalServer server;
     EngineDesk desk;
 };
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 
 #include <csignal>
 
+namespace tessa::qt {
+
 namespace {
 
 class CrashPageTest : public ::testing::Test {
@@ -215,3 +217,5 @@ TEST_F(CrashPageOfMany, APageThatDiesInTheBackgroundSaysSoWhenItComesToTheFront)
 }
 
 } // namespace
+
+} // namespace tessa::qt

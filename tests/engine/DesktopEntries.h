@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 /// A program that the desktop of the test has for addresses of some schemes, for as long as this lives.
 class DesktopEntries {
 public:
@@ -30,3 +32,5 @@ private:
     }
     QStringList m_files;
 };
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 class DevToolsTest : public testing::Test {
@@ -65,3 +67,5 @@ TEST_F(DevToolsTest, WithoutAPageNothingOpens) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <QWebEngineProfile>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 QByteArray Attachment(const QByteArray& body, const QByteArray& name, qsizetype length = -1) {
@@ -484,3 +486,5 @@ TEST_F(EngineDownloads, ThatAPersonClicksForAreNeverAskedAbout) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

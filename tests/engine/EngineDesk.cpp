@@ -9,6 +9,8 @@
 #include <QTest>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 constexpr qint64 kPatience = 30000;
 }
@@ -185,3 +187,5 @@ void EngineDesk::Open(const std::vector<QString>& addresses) {
         if (auto* view = main->GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(FromQt(address)));
     }
 }
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 #include <map>
 
+namespace tessa::qt {
+
 /// Lets events run until the condition holds; false when it did not within half a minute.
 bool WaitUntil(const std::function<bool()>& condition);
 
@@ -129,3 +131,5 @@ public:
     SeenViews views{engine};
     std::unique_ptr<frmMain> main;
 };
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <QWebEngineHistory>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 const QString kNormal = QStringLiteral("/normal");
@@ -208,3 +210,5 @@ TEST_F(EventTable, ARefreshEndsIdleAtTheSameAddress) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

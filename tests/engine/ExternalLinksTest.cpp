@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QTest>
 
+namespace tessa::qt {
+
 namespace {
 
 /// The desktop's program for "testapp:" addresses: writes down what it is opened with.
@@ -404,5 +406,7 @@ TEST_F(ExternalLinks, AnAddressIsShownAsOneLineThatIsCut) {
 }
 
 } // namespace
+
+} // namespace tessa::qt
 
 #include "ExternalLinksTest.moc"

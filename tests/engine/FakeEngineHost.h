@@ -3,6 +3,8 @@
 
 #include <functional>
 
+namespace tessa::qt {
+
 /// The program around the engine, as a test wants it.
 class FakeEngineHost final : public QtEngineHost {
 public:
@@ -19,3 +21,5 @@ public:
     SitePermissions* permissions = nullptr;
     bool windowIsFull = false;
 };
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <QToolButton>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A page with three roses, and the bar that finds them.
@@ -91,3 +93,5 @@ TEST_F(FindBarTest, AnotherPageIsSearchedAnew) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

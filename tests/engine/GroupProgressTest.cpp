@@ -3,6 +3,8 @@
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa::qt {
+
 namespace {
 
 /// Pages that are opened together, beside tab 1; the first of them is shown by view 2.
@@ -63,3 +65,5 @@ TEST_F(GroupProgress, AnAddressForAnotherProgramIsNoPageToWaitFor) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 class InstanceProfileTest : public testing::Test {
@@ -68,3 +70,5 @@ TEST_F(InstanceProfileTest, WithoutAFolderPagesAreShownAndNothingIsKept) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A view whose profile and requests follow the options.
@@ -149,3 +151,5 @@ TEST_F(InternetOptionsInEffect, SoundsWithoutAnElementAreHeldBackTheyAndTheirReq
 }
 
 } // namespace
+
+} // namespace tessa::qt

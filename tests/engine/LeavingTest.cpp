@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A user who closes pages that hold what he has entered.
@@ -216,3 +218,5 @@ TEST_F(TypedPages, ATabClosesWithoutAQuestionAndComesBackWithItsText) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QWebEngineView>
 #include <set>
 
+namespace tessa::qt {
+
 namespace {
 
 const QString kPage = QStringLiteral("/page");
@@ -218,3 +220,5 @@ TEST_F(LoadSwitches, AVideoOfThePresentPageStopsAndComesBack) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

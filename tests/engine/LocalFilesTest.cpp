@@ -11,6 +11,8 @@
 #include <QWebEngineProfile>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A page that somebody was sent, and a file that is none of its business.
@@ -178,3 +180,5 @@ TEST(SavedPages, ShowTheirPicturesAndStyles) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr char kHandshake = 0x16; // the first byte of whoever speaks TLS
@@ -106,3 +108,5 @@ void LocalServer::OnData(QTcpSocket* socket) {
     }
     if (!m_open.contains(path)) socket->disconnectFromHost();
 }
+
+} // namespace tessa::qt

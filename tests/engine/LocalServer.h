@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+namespace tessa::qt {
+
 /// A web server of the test's own on 127.0.0.1, in the test's thread. It knows the pages that it was given, remembers
 /// what it was asked for, and can leave a request unanswered.
 class LocalServer final : public QTcpServer {
@@ -51,3 +53,5 @@ private:
     std::optional<QSslConfiguration> m_tls;
     bool m_plainToo = false;
 };
+
+} // namespace tessa::qt

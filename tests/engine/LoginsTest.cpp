@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 const QString kSecret = QStringLiteral("/secret");
@@ -248,3 +250,5 @@ TEST(LoginsOfTabs, ABackgroundTabAsksWhenItIsSelected) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QUrl>
 
+namespace tessa::qt {
+
 namespace {
 
 /// The desktop's mail program: writes down what it is opened with.
@@ -137,5 +139,7 @@ TEST(Mail, APageDoesNotOpenItByItself) {
 }
 
 } // namespace
+
+} // namespace tessa::qt
 
 #include "MailTest.moc"

@@ -8,6 +8,8 @@
 #include <QKeyEvent>
 #include <QWindow>
 
+namespace tessa::qt {
+
 namespace {
 
 // Two films that a script paints, the first of which plays.
@@ -66,3 +68,5 @@ TEST_F(MediaKeys, DoNothingWhereNothingCanPlay) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kPages = 8;
@@ -120,3 +122,5 @@ TEST_F(PagesInLittleMemory, LoadAllOfThemWhenItIsVeryShortAndNothingCanSleep) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

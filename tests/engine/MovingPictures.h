@@ -1,6 +1,8 @@
 #pragma once
 #include <QByteArray>
 
+namespace tessa::qt {
+
 /// Pictures of one colour that are red and blue in turn, a tenth of a second each, for ever.
 struct MovingPicture {
     const char* name;
@@ -28,3 +30,5 @@ inline constexpr MovingPicture kMovingWebp{
     "Webp", "image/webp",
     "UklGRnwAAABXRUJQVlA4WAoAAAACAAAAAwAAAwAAQU5JTQYAAAD/////AABBTk1GJAAAAAAAAAAAAAMAAAMAAGQAAABWUDhMDAAAAC8DwAAAKED/"
     "C9D/AEFOTUYkAAAAAAAAAAAAAwAAAwAAZAAAAFZQOEwMAAAALwPAAAAoQAH63/8A"};
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/FakeViews.h"
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(NewWindows, AViewThatTakesNoneInGoesToTheAddress) {
@@ -21,3 +23,5 @@ TEST(NewWindows, AViewThatTakesNoneInGoesToTheAddress) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <QVariantMap>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr auto kService = "org.freedesktop.Notifications";
@@ -118,5 +120,7 @@ TEST_F(Notifications, AreShownInTheWindowWhereTheDesktopShowsNone) {
 }
 
 } // namespace
+
+} // namespace tessa::qt
 
 #include "NotificationsTest.moc"

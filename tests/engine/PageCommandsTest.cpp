@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Commands that work on what a page holds.
@@ -71,3 +73,5 @@ TEST_F(PageCommandsTest, OpenShowsAFileWhateverItsName) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -16,6 +16,8 @@
 #include <QWebEngineView>
 #include <deque>
 
+namespace tessa::qt {
+
 namespace {
 
 QtPageDialog* DialogIn(const QWidget& window) {
@@ -405,3 +407,5 @@ TEST_F(DialogsOfTabs, StormsLeaveMenusAndTabsUsable) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

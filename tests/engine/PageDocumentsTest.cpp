@@ -20,6 +20,8 @@
 #include <QTimer>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 QByteArray RedPdf() {
@@ -277,3 +279,5 @@ TEST_F(PageDocuments, WhatAPageSavesOfItselfMeanwhileIsStillAskedAbout) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A page with a button that fills the screen, in a window that has more than the page.
@@ -89,3 +91,5 @@ TEST_F(PageFullScreen, EndsWithItsTab) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QTest>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr const char* kLeaves = "/leaves";
@@ -91,3 +93,5 @@ INSTANTIATE_TEST_SUITE_P(APage, PageKeysTest, testing::Values(kLeaves, kTakes), 
 });
 
 } // namespace
+
+} // namespace tessa::qt

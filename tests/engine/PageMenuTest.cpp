@@ -6,6 +6,8 @@
 #include <QClipboard>
 #include <QTest>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A page of the test's own, and a user who asks for its menu.
@@ -88,3 +90,5 @@ TEST_F(EnginePageMenu, OpensALinkTheOtherWayWithTheKeyOrTheMiddleButton) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

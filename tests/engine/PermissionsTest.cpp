@@ -9,6 +9,8 @@
 #include <QTest>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A page that asks for things, and its user at the bar above it.
@@ -328,3 +330,5 @@ TEST(KeptPermissions, AreTheProgramsOwnAndNotTheEngines) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Whether a view shows a red sheet of paper, and the dark bar of the viewer above it.
@@ -139,3 +141,5 @@ TEST_F(PrintPreview, IsOutOfReachForPages) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

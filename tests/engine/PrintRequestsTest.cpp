@@ -5,6 +5,8 @@
 #include <QPrintDialog>
 #include <QTimer>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A page that wants to be printed; the user cancels each print dialog.
@@ -109,3 +111,5 @@ TEST_F(PrintRequests, ThatNobodyClickedForBringUpNothing) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

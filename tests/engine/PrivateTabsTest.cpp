@@ -5,6 +5,8 @@
 
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(PrivatePages, KeepACookieToThemselvesUntilTheLastOfThemHasGone) {
@@ -63,3 +65,5 @@ TEST(PrivatePages, OpenTheirWindowsInTheirOwnProfile) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <random>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr unsigned kSeed = 20;
@@ -152,3 +154,5 @@ TEST(Overtaking, TheLastOfManyNavigationsEndsTheLoad) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Saving the page in front, in the dialog that a user sees.
@@ -115,3 +117,5 @@ INSTANTIATE_TEST_SUITE_P(Kinds, SaveAsTest, testing::Values("page.html", "page.m
                          [](const auto& info) { return QFileInfo(QLatin1String(info.param)).suffix().toStdString(); });
 
 } // namespace
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QWebEngineHistory>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 QString Path(int number) { return QStringLiteral("/%1").arg(number); }
@@ -111,3 +113,5 @@ TEST(SpeedRules, ClosingTheFirstTabReleasesItsPage) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

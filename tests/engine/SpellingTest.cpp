@@ -9,6 +9,8 @@
 #include <QTest>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A computer with a small dictionary of another program's.
@@ -87,3 +89,5 @@ TEST_F(Spelling, WhatTheEngineCanReadIsTakenAsItIs) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

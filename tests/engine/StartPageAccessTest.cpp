@@ -7,6 +7,8 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A home page of the test's own, and how often it was asked for.
@@ -181,3 +183,5 @@ TEST_F(StartPageAccess, AServerCannotSendThePageThere) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

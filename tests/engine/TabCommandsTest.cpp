@@ -8,6 +8,8 @@
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Commands that open tabs and lead from page to page.
@@ -143,3 +145,5 @@ TEST_F(TabCommandsTest, StopEndsALoadAndLeavesThePage) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QWebEngineHistory>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Two pages have been looked at, one after the other.
@@ -78,3 +80,5 @@ TEST_F(TabHistoryTest, AMutedViewStaysMutedWhenItsPageIsMade) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <QWebEngineProfile>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -404,3 +406,5 @@ TEST_F(SleepingTabs, TakeTheLoadSwitchesOnWhenTheyWake) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

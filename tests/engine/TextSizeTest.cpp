@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+namespace tessa::qt {
+
 namespace {
 
 /// The size of the text of pages as the pages themselves see it.
@@ -92,3 +94,5 @@ TEST_F(TextSizeTest, TheFontMenuMarksTheSizeOfABlankPageToo) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

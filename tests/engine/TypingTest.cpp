@@ -10,6 +10,8 @@
 #include <QWebEngineSettings>
 #include <QWebEngineView>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A user who types while the page in front has the keyboard.
@@ -103,3 +105,5 @@ TEST_F(TypingOverPages, IsForABlankPageThatAnotherOneHasFilled) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
+    using namespace tessa::qt;
     // The engine looks for dictionaries in one folder in a run.
     const QTemporaryDir dictionaries;
     qputenv("TESSAVIEW_TEST_DICTIONARIES", dictionaries.path().toUtf8());

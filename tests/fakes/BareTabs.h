@@ -3,6 +3,8 @@
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeViews.h"
 
+namespace tessa {
+
 /// Tabs and their views without a main window around them, for what works on these alone. The command bar is empty.
 struct BareTabs {
     void StartWithTabs(int count) {
@@ -22,3 +24,5 @@ struct BareTabs {
     ViewArray Browser{views, events};
     TabSet tabs{pcPage, Browser, actBar, sbStatus, messages};
 };
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 std::string FakeLog::Take() {
     std::string all;
     for (const auto& line : std::exchange(lines, {})) all += (all.empty() ? "" : ", ") + line;
@@ -114,3 +116,5 @@ void FakeSessions::Rewrite(TextView Id, const std::string& bytes, Written done) 
     std::erase_if(earlier, [](const KeptSession& kept) { return kept.Bytes.empty(); });
     done(Outcome::Done);
 }
+
+} // namespace tessa

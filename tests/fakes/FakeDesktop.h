@@ -16,6 +16,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa {
+
 /// Everything outside the program but pages and settings, as plain values. Each object writes what it was asked
 /// into the one `log`, in order.
 struct FakeLog {
@@ -214,3 +216,5 @@ public:
 private:
     FakeLog& m_log;
 };
+
+} // namespace tessa

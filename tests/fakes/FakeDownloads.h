@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+namespace tessa {
+
 /// The world outside the list of downloads: remembers what it was asked, one word each.
 class FakeDownloads final : public DownloadDesktop {
 public:
@@ -47,3 +49,5 @@ private:
         return Outcome::Done;
     }
 };
+
+} // namespace tessa

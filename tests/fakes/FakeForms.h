@@ -3,6 +3,8 @@
 
 #include <functional>
 
+namespace tessa {
+
 /// Shows no dialog: each does at once what the test says that the user does in it, or nothing.
 class FakeForms : public FormHost {
 public:
@@ -34,3 +36,5 @@ private:
         if (user) user(form);
     }
 };
+
+} // namespace tessa

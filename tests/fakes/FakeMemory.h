@@ -2,6 +2,8 @@
 #include "base/os/MemoryReader.h"
 #include "tabs/MemoryShortage.h"
 
+namespace tessa {
+
 /// A machine of 4 GB that is as short of memory as the test says.
 class FakeMemory final : public MemoryReader {
 public:
@@ -15,3 +17,5 @@ public:
     Shortage level = Shortage::None;
     int asked = 0;
 };
+
+} // namespace tessa

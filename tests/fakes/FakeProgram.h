@@ -7,6 +7,8 @@
 #include "tests/fakes/FakeDesktop.h"
 #include "window/Report.h"
 
+namespace tessa {
+
 // What the program's entry does for its main window, as plain values.
 
 class FakeClock final : public WallClock {
@@ -64,3 +66,5 @@ class FakeReport final : public Report::Source {
 public:
     [[nodiscard]] Report::Facts Read() override { return {u"TessaView 3", u"by hand", {"a line", "another"}}; }
 };
+
+} // namespace tessa

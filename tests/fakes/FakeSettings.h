@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa {
+
 /// Settings in memory. "Processes" that share one object see each other's values as real ones do: an opened storage
 /// knows what was released before it was opened plus what it wrote itself, and its own writes reach the others when
 /// it is released.
@@ -115,3 +117,5 @@ inline Text FakeSettings::StoredList(TextView name) const {
     for (const Text& value : found->second) all += u"[" + value + u"]";
     return all;
 }
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include "tests/fakes/FakeSettings.h"
 #include "window/frmMain.h"
 
+namespace tessa {
+
 /// What a test has of its own in place of a fake.
 struct OwnParts {
     MainWindow* window = nullptr;
@@ -66,3 +68,5 @@ struct FakeSurroundings : FakeForms {
     FakeTools tools;
     FakeInput input;
 };
+
+} // namespace tessa

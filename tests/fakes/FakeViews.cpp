@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <utility>
 
+namespace tessa {
+
 FakeView::FakeView(std::int16_t index, BrowserViewEvents& events, FakeViews& all)
     : index(index), events(events), all(all) {
     all.living[index] = this;
@@ -156,3 +158,5 @@ std::string FakeViews::Calls(int index) {
     for (const auto& call : std::exchange(At(index).calls, {})) all += (all.empty() ? "" : ", ") + call;
     return all;
 }
+
+} // namespace tessa

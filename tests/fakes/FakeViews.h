@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa {
+
 class FakeViews;
 
 /// A view that remembers what it was asked and raises events when the test says so.
@@ -118,3 +120,5 @@ Value FakeView::Answer(const Value& value) const {
     ++all.asked;
     return value;
 }
+
+} // namespace tessa

@@ -1,6 +1,13 @@
 #pragma once
 #include "tests/fakes/System.h"
 
+#ifndef _WIN32
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
+namespace tessa {
+
 #ifdef _WIN32
 
 // No limit for files can be set there; a test that asks for this is left out.
@@ -10,9 +17,6 @@ public:
 };
 
 #else
-
-#include <csignal>
-#include <sys/resource.h>
 
 /// A disk that has no room while this object lives: no file can be made longer than a few bytes.
 class FullDisk {
@@ -35,3 +39,5 @@ private:
 };
 
 #endif
+
+} // namespace tessa

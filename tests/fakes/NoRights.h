@@ -1,6 +1,12 @@
 #pragma once
 #include "tests/fakes/System.h"
 
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace tessa {
+
 #ifdef _WIN32
 
 // Who may do everything there cannot become somebody else for a while; a test that asks for this is left out.
@@ -10,8 +16,6 @@ public:
 };
 
 #else
-
-#include <unistd.h>
 
 /// While this object lives, files that nobody may read cannot be read, also when the tests run as root.
 class NoRights {
@@ -32,3 +36,5 @@ private:
 };
 
 #endif
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #pragma once
 #include "favorites/Bookmarks.h"
 
+namespace tessa {
+
 /// A folder as "Name{link>address,...Folder{...}}".
 inline std::string Shown(const BookmarkFolder& folder) {
     std::string all = ToUtf8(folder.Name) + "{";
@@ -8,3 +10,5 @@ inline std::string Shown(const BookmarkFolder& folder) {
     for (const BookmarkFolder& each : folder.Folders) all += Shown(each);
     return all + "}";
 }
+
+} // namespace tessa

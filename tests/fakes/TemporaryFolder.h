@@ -10,6 +10,8 @@
 #include <random>
 #include <string>
 
+namespace tessa {
+
 /// A folder of the test's own, gone with it.
 class TemporaryFolder {
 public:
@@ -51,3 +53,5 @@ private:
 
     std::filesystem::path m_path;
 };
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 // What needs the reader of bookmarks files is tested in favorites/bookmarks.
 
 namespace {
@@ -45,3 +47,5 @@ TEST(Bookmarks, FavoritesGoOutAndComeInWithTheirFolders) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -175,3 +177,5 @@ TEST_F(FavoriteFilesTest, ItemsStandInTheOrderOfTheMenu) {
 }
 
 } // namespace
+
+} // namespace tessa

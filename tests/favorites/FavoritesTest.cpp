@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -268,3 +270,5 @@ TEST_F(FavoritesTest, AHugeFileIsReadInPart) {
 }
 
 } // namespace
+
+} // namespace tessa

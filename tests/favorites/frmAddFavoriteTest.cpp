@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 class frmAddFavoriteTest : public testing::Test {
@@ -101,3 +103,5 @@ TEST_F(frmAddFavoriteTest, AFolderThatCannotBeWrittenKeepsTheDialogOpen) {
 }
 
 } // namespace
+
+} // namespace tessa

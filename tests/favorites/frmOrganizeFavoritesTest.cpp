@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -239,3 +241,5 @@ TEST_F(frmOrganizeFavoritesTest, AFoldersShortcutsOpenOrBecomeAGroup) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 struct ListBoxTest : testing::Test {
@@ -62,3 +64,5 @@ TEST_F(ListBoxTest, ItsViewHearsOfEveryChangeAndTheKeyboard) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 std::string State(const TabStrip& strip) {
@@ -92,3 +94,5 @@ TEST(TabStrip, TellsItsViewOnceUntilItHasRepainted) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+namespace tessa {
+
 // Any bytes are a file: reading, writing and removing must neither crash nor lose what was just written.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     IniFile file(std::string_view(reinterpret_cast<const char*>(data), size));
@@ -14,3 +16,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     file.RemoveSection("s");
     return 0;
 }
+
+} // namespace tessa

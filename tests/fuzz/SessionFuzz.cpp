@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 // Any bytes may lie where a session should: what is read of them is sound, and comes back from its own bytes.
@@ -27,3 +29,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check("[Session]\n" + bytes);
     return 0;
 }
+
+} // namespace tessa

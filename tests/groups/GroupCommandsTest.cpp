@@ -6,6 +6,8 @@
 
 #include <filesystem>
 
+namespace tessa {
+
 namespace {
 
 struct Group : TemporaryFolder {
@@ -369,3 +371,5 @@ TEST_F(GroupMenu, AnEditThatCannotBeWrittenIsSaidInTheStatusBar) {
 }
 
 } // namespace
+
+} // namespace tessa

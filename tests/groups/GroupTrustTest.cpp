@@ -1,6 +1,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 /// A user who opens groups that somebody else may have made.
@@ -171,3 +173,5 @@ TEST(AddressHistory, KeepsNoUserOfAnAddress) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 
 #include <filesystem>
 
+namespace tessa {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -186,3 +188,5 @@ TEST_F(GroupFolder, BehindTheLastNumberOfGroupsTheFirstComesAgain) {
 TEST_F(GroupFolder, AnEmptyFolderAddsNothing) { EXPECT_EQ(Fill(menu), ""); }
 
 } // namespace
+
+} // namespace tessa

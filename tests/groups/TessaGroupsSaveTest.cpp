@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kQuestion =
@@ -194,3 +196,5 @@ TEST_F(WriteGroup, AnAddressOfAMillionBytesIsWrittenWholeAndReadCut) {
 }
 
 } // namespace
+
+} // namespace tessa

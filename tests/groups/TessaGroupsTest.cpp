@@ -7,6 +7,8 @@
 #include <random>
 #include <thread>
 
+namespace tessa {
+
 namespace {
 
 std::string Loaded(const TemporaryFolder& folder, const std::string& bytes) {
@@ -172,3 +174,5 @@ TEST(TessaGroupsFuzz, AnyBytesGiveAddressesThatAreBounded) {
 }
 
 } // namespace
+
+} // namespace tessa

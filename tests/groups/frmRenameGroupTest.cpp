@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 class frmRenameGroupTest : public testing::Test {
@@ -76,3 +78,5 @@ TEST_F(frmRenameGroupTest, AGroupWhoseNameIsNoTextKeepsItUntilAnotherIsTyped) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 struct Editor : testing::Test, TemporaryFolder {
@@ -355,3 +357,5 @@ TEST_F(Editor, AGroupThatBecameAFolderIsLeftAlone) {
 }
 
 } // namespace
+
+} // namespace tessa

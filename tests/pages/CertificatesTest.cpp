@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 RefusedCertificate Refused(CertificateProblem problem) {
@@ -79,3 +81,5 @@ TEST(AcceptedCertificates, HoldForOneHostWithOneCertificate) {
 }
 
 } // namespace
+
+} // namespace tessa

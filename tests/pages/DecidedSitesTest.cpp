@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 class DecidedSitesTest : public testing::Test {
@@ -65,3 +67,5 @@ TEST_F(DecidedSitesTest, AreRevokedAllTogether) {
 }
 
 } // namespace
+
+} // namespace tessa

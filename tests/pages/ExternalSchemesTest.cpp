@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(ExternalSchemes, WhatTheEngineShowsAndMailAreNotExternal) {
@@ -25,3 +27,5 @@ TEST(ExternalSchemes, EachSchemeAndSiteIsAskedAboutOnce) {
 }
 
 } // namespace
+
+} // namespace tessa

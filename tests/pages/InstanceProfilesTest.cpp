@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 using InstanceProfiles::Claim;
@@ -62,3 +64,5 @@ TEST(InstanceProfiles, OnlyWhatNobodyExpectsIsSaid) {
 }
 
 } // namespace
+
+} // namespace tessa

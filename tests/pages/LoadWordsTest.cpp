@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 std::string EndedFrom(LoadEnd end, std::int32_t status = 0, TextView host = u"a.example") {
@@ -51,3 +53,5 @@ TEST(LoadWordsTest, ALinkIsAPlainLineOfBoundedLength) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 struct LocalRow {
@@ -41,3 +43,5 @@ TEST(LocalPages, LoadWhatIsTheirsAndReadNothingElse) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 /// Presses a key once for each line, "1 *2 [3]" standing for three views of which the second is heard and the third is
@@ -48,3 +50,5 @@ TEST(MediaTarget, IsNothingWhereNoViewIsInFront) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(PageCaptures, AreNamed) {
@@ -54,3 +56,5 @@ TEST(PageCaptures, EndWithTheProcess) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(PageDialogRule, OffersSilenceFromTheSecondDialogOn) {
@@ -25,3 +27,5 @@ TEST(PageDialogRule, LetsAPageSpeakAgainOnceAPersonHasGoneElsewhere) {
 }
 
 } // namespace
+
+} // namespace tessa

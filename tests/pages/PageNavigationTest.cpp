@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 namespace {
 
 using Wish = PageNavigation::Wish;
@@ -170,3 +172,5 @@ TEST(PageNavigation, AViewThatAnotherPageHasOpenedIsThatPagesUntilItIsSentElsewh
 }
 
 } // namespace
+
+} // namespace tessa

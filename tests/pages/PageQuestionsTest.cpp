@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 /// A page that asks; what was answered comes as "key answer", "key none" and with "!" when it is to last.
@@ -190,3 +192,5 @@ TEST(PageQuestions, AreRewordedWithoutBeingAskedAnew) {
 }
 
 } // namespace
+
+} // namespace tessa

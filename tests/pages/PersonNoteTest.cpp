@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using std::chrono::milliseconds;
@@ -45,3 +47,5 @@ TEST_F(PersonNoteTest, ALaterActCountsFromItsOwnTime) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using Step = PopupRule::Step;
@@ -78,3 +80,5 @@ TEST(PopupRule, OnlyWhatIsOfTheWebOpens) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 std::string Popups(const std::vector<Text>& places, PopupsHeld held = PopupsHeld::All) {
@@ -26,3 +28,5 @@ TEST(PopupWords, SayWhenThereAreMore) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 /// Two instances of the program and the settings that they share.
@@ -44,3 +46,5 @@ TEST_F(TwoInstances, AfterAThousandTheOldestGoes) {
 }
 
 } // namespace
+
+} // namespace tessa

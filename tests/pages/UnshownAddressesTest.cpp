@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 using UnshownAddresses::WhyNot;
@@ -28,3 +30,5 @@ TEST(UnshownAddresses, EachSaysItsReason) {
 }
 
 } // namespace
+
+} // namespace tessa

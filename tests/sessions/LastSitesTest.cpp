@@ -2,6 +2,8 @@
 
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 TEST(LastSites, TheFirstActivationReopensTheLastSitesInOrder) {
@@ -82,3 +84,5 @@ TEST(LastSites, TheSitesAreSavedWhetherOrNotTheyWillBeReopened) {
 }
 
 } // namespace
+
+} // namespace tessa

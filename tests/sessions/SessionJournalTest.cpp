@@ -1,6 +1,8 @@
 // Tests: CameBack
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 /// The journal of a window whose program schedules nothing by itself.
@@ -341,3 +343,5 @@ TEST(SessionJournal, ASessionThatCannotBeReadIsPassedOver) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace tessa {
+
 namespace {
 
 Session Three() {
@@ -162,3 +164,5 @@ TEST(Session, BlankPagesAndTheHomePageAreNotWorthKeeping) {
 }
 
 } // namespace
+
+} // namespace tessa

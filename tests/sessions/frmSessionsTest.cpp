@@ -5,6 +5,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 Session Ended(std::vector<SessionPage> pages, std::size_t selected = 1) {
@@ -248,3 +250,5 @@ TEST_F(frmSessionsSaving, AGroupThatCannotBeWrittenIsReported) {
 }
 
 } // namespace
+
+} // namespace tessa

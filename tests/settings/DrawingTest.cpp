@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 /// A computer at several starts.
@@ -122,3 +124,5 @@ TEST(Drawing, KnowsWhoDrawsWithTheProcessorAlone) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(Numeric, TakesSignsDecimalsExponentsAndBlanksAround) {
@@ -59,3 +61,5 @@ TEST(Numeric, AnswersNothingBeyond32Bits) {
 }
 
 } // namespace
+
+} // namespace tessa

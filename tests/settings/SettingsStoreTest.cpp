@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(SettingsStore, AnswersDefaultsWhenNothingWasEverStored) {
@@ -128,3 +130,5 @@ TEST(SettingsStore, TwoObjectsOfTwoProcessesDoNotUndoEachOther) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using List = std::vector<Text>;
@@ -62,3 +64,5 @@ TEST(SettingsText, RefusesALineThatItCannotUnderstand) {
 }
 
 } // namespace
+
+} // namespace tessa

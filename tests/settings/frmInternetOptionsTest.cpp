@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 class InternetOptions : public testing::Test {
@@ -308,3 +310,5 @@ TEST_F(InternetOptions, NothingDecidedLeavesNothingToRevoke) {
 }
 
 } // namespace
+
+} // namespace tessa

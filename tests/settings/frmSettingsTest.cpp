@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 // Every box as "name" or "name!" when ticked, then the limit's text, in brackets when it cannot be changed.
@@ -188,3 +190,5 @@ TEST(frmSettings, AWriteThatFailsIsSkippedAndTheOthersAreWritten) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -71,3 +73,5 @@ TEST(EngineAge, IsToldOnceAYearHasPassed) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "base/OwnAddresses.h"
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 /// Three tabs, of which the first and the third show the home page.
@@ -51,3 +53,5 @@ TEST_F(HomePagesTest, OneThatSleepsOrHasNoPageYetIsLeftAlone) {
 }
 
 } // namespace
+
+} // namespace tessa

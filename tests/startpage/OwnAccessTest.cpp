@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 using OwnAccess::Step;
@@ -49,3 +51,5 @@ TEST(OwnAccess, OnlyTheProgramAndItsPagesFetch) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include "tests/fakes/System.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 bool Has(const std::string& page, const std::string& part) { return page.find(part) != std::string::npos; }
@@ -200,3 +202,5 @@ TEST(StartPage, ItsLinkOpensAGroupWhoseNameIsNoText) {
 }
 
 } // namespace
+
+} // namespace tessa

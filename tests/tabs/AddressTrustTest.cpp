@@ -2,6 +2,8 @@
 #include "tabs/AddressSigns.h"
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kSite = u"https://site.example/", kBank = u"https://bank.example:8443/";
@@ -142,3 +144,5 @@ TEST_F(AddressTrust, ALongAddressOfThePageShownIsCutInTheTip) {
 }
 
 } // namespace
+
+} // namespace tessa

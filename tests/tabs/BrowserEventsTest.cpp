@@ -1,5 +1,7 @@
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 TEST(BrowserEvents, ABackgroundPageThatLoadsChangesOnlyItsTab) {
@@ -200,3 +202,5 @@ TEST(BrowserEvents, EventsOfAViewThatIsGoneDoNothing) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 class ClosedTabsTest : public testing::Test {
@@ -168,3 +170,5 @@ TEST_F(ClosedTabsTest, APlaceThatIsNoMoreIsTheLast) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 constexpr TextView kPage = u"http://page.example/", kFrame = u"http://frame.example/";
@@ -91,3 +93,5 @@ TEST_F(KeyboardRules, APageBehindTakesNothing) {
 }
 
 } // namespace
+
+} // namespace tessa

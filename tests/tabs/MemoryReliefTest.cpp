@@ -3,6 +3,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/FakeMemory.h"
 
+namespace tessa {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -323,3 +325,5 @@ TEST_F(TabsInLittleMemory, IdleOnesSleepByTheirTimeAsWell) {
 }
 
 } // namespace
+
+} // namespace tessa

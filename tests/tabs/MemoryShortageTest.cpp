@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::int64_t kMB = 1024 * 1024, kGB = 1024 * kMB;
@@ -109,3 +111,5 @@ TEST(MemoryShortage, MoreMemoryIsNeverShorter) {
 }
 
 } // namespace
+
+} // namespace tessa

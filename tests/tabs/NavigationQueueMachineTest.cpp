@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <map>
 
+namespace tessa {
+
 namespace {
 
 using Time = NavigationQueue::Time;
@@ -116,3 +118,5 @@ INSTANTIATE_TEST_SUITE_P(Machines, NavigationQueueMachine,
                          });
 
 } // namespace
+
+} // namespace tessa

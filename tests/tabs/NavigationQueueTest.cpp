@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 using Time = NavigationQueue::Time;
@@ -179,3 +181,5 @@ TEST(NavigationQueue, InVeryLittleMemoryNoneWaitsForEverForOneThatHangs) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 /// Nobody listens to these views.
@@ -93,3 +95,5 @@ TEST_F(OpenTabsTest, MayComeAndGoMeanwhile) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 /// A user whose pages hold what he has entered.
@@ -221,3 +223,5 @@ TEST_F(PageLeavingTest, AGroupTakesNoTabFromAPageThatHolds) {
 }
 
 } // namespace
+
+} // namespace tessa

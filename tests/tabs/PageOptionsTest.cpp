@@ -5,6 +5,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/BareTabs.h"
 
+namespace tessa {
+
 namespace {
 
 class PageOptionsTest : public testing::Test {
@@ -153,3 +155,5 @@ TEST(PageOptions, SayInTheStatusBarHowLargeTheTextIs) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -1,6 +1,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 /// A user with an ordinary tab and, right of it and in front, a private one.
@@ -149,3 +151,5 @@ TEST(AddressSign, TellsHowFarThePageInFrontCanBeTrusted) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 TEST(TabSet, PutsANewTabRightOfTheSelectedOneWhateverInFrontSays) {
@@ -313,3 +315,5 @@ TEST(TabSet, TheBarIsLaidOutAnewBetweenTheCheckMarkAndTheStatusBar) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include "settings/frmInternetOptions.h"
 #include "tests/Desk.h"
 
+namespace tessa {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -225,3 +227,5 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 /// A strip whose tabs are 100 pixels wide.
@@ -114,3 +116,5 @@ TEST_F(TabStripInputTest, DataWithoutTextChangesNothing) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include "tests/Desk.h"
 
+namespace tessa {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -237,3 +239,5 @@ TEST_F(TaskView, OpenedTwiceItComesToTheFront) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa {
+
 namespace ProfileScript {
 
 using Field = std::optional<std::string>;
@@ -79,3 +81,5 @@ inline int RunAll(const char* path, const Functions& functions) {
 }
 
 } // namespace ProfileScript
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include "base/ini/IniFile.h"
 #include "tests/tools/ProfileScript.h"
 
+namespace tessa {
+
 namespace {
 
 using ProfileScript::Field;
@@ -14,7 +16,10 @@ std::optional<std::string_view> View(const Field& field) {
 
 } // namespace
 
+} // namespace tessa
+
 int main(int argc, char** argv) {
+    using namespace tessa;
     const auto get = [](const std::string& file, const Field& section, const Field& key, const Field& whenMissing,
                         std::size_t size) {
         return GetPrivateProfileString(file, View(section), View(key), View(whenMissing), size);

@@ -5,6 +5,8 @@
 
 #include <array>
 
+namespace tessa {
+
 namespace {
 
 TEST(LiveSettings, WhatIsStoredOfNewTabsAndGroupsHoldsFromTheStart) {
@@ -83,3 +85,5 @@ TEST(LiveSettings, SavesEverySwitchAsItIsAtTheEnd) {
 }
 
 } // namespace
+
+} // namespace tessa

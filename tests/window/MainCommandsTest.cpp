@@ -3,6 +3,8 @@
 #include "settings/frmInternetOptions.h"
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 TEST(MainCommands, TheResizeCommandsOpenTheDialogForTheirBox) {
@@ -126,3 +128,5 @@ TEST(MainCommands, AReportOfAProgramAsDesignedSaysSo) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -1,5 +1,7 @@
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 class MainKeyboardTest : public testing::Test {
@@ -130,3 +132,5 @@ TEST_F(MainKeyboardTest, EscapeBelongsToThePageUnlessItLoads) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using MainLayout::Inputs;
@@ -28,3 +30,5 @@ TEST(MainLayout, AWindowLowerThanItsBarsStillGivesAHeight_Deliberate) {
 }
 
 } // namespace
+
+} // namespace tessa

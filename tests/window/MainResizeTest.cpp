@@ -1,5 +1,7 @@
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 class MainResizeTest : public testing::Test {
@@ -50,3 +52,5 @@ TEST_F(MainResizeTest, AWindowLowerThanItsBarsStillGivesTheViewAHeight_Deliberat
 }
 
 } // namespace
+
+} // namespace tessa

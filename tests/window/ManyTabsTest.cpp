@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+namespace tessa {
+
 namespace {
 
 /// How often the views are asked something by a step, with so many tabs open.
@@ -40,3 +42,5 @@ TEST(ManyTabs, ToWriteThemDownEachIsAskedForItsPageOnce) {
 }
 
 } // namespace
+
+} // namespace tessa

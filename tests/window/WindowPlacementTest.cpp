@@ -2,6 +2,8 @@
 
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 TEST(WindowPlacement, AVeryWideWindowComesBackAsWideAsSixteenBitsAllow) {
@@ -97,3 +99,5 @@ TEST(WindowPlacement, SavesThePlacementAndTheOptions) {
 }
 
 } // namespace
+
+} // namespace tessa

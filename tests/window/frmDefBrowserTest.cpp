@@ -2,6 +2,8 @@
 
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 using Calls = std::vector<std::string>;
@@ -131,3 +133,5 @@ TEST_F(AtTheStart, YesWithTheBoxCheckedIsCheckedAgainButNotAsked) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -3,6 +3,8 @@
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+namespace tessa {
+
 namespace {
 
 TEST(frmMain, WithoutACommandLineOneTabShowsTheHomePage) {
@@ -119,3 +121,5 @@ TEST(frmMain, RunsOnceAndEndsTheViews) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include "tests/Desk.h"
 
+namespace tessa {
+
 namespace {
 
 TEST(frmSplash, SaysWhichProgramThisIs) {
@@ -56,3 +58,5 @@ TEST(About, SaysBuildOnceHoweverOftenItIsOpened) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tessa {
+
 void AppendForUser(const std::string& path, std::string_view bytes) {
     const int file =
         ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR);
@@ -20,3 +22,5 @@ std::optional<std::size_t> FileSize(const std::string& path) {
 }
 
 void EmptyFile(const std::string& path) { (void)!::truncate(path.c_str(), 0); }
+
+} // namespace tessa

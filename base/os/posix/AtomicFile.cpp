@@ -12,6 +12,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tessa {
+
 namespace {
 
 constexpr int kMostAttempts = 1000;
@@ -176,3 +178,5 @@ Outcome RemoveFile(const std::string& path) {
     if (leadsSomewhere && !IsWritable(path)) return Outcome::Failed;
     return ::unlink(path.c_str()) == 0 ? Outcome::Done : Outcome::Failed;
 }
+
+} // namespace tessa

@@ -2,7 +2,11 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 Text FitForDisk(Text name) {
     std::ranges::replace(name, u'/', u'-');
     return name;
 }
+
+} // namespace tessa

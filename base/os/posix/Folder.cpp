@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tessa {
+
 namespace {
 
 // By the rights that hold for opening files, which need not be those of whoever started the program.
@@ -58,3 +60,5 @@ bool OpenUpFolder(const std::string& folder) {
     if (MayUseFolder(folder) || ::stat(folder.c_str(), &facts) != 0) return false;
     return ::chmod(folder.c_str(), (facts.st_mode & 07777) | S_IRWXU) == 0 && MayUseFolder(folder);
 }
+
+} // namespace tessa

@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+namespace tessa {
+
 namespace {
 
 Named NamedAs(int result) {
@@ -25,3 +27,5 @@ Named RenameToFree(const std::string& from, const std::string& to) {
 }
 
 Named MakeNewFolder(const std::string& path) { return NamedAs(::mkdir(path.c_str(), 0777)); }
+
+} // namespace tessa

@@ -13,6 +13,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace tessa {
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -127,3 +129,5 @@ std::optional<std::string> Ask(const std::string& path, const std::string& messa
 }
 
 } // namespace LocalSocket
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tessa {
+
 namespace LockedFile {
 
 std::intptr_t Open(const std::string& path) {
@@ -24,3 +26,5 @@ Tried Try(std::intptr_t file) {
 void Close(std::intptr_t file) { ::close(static_cast<int>(file)); }
 
 } // namespace LockedFile
+
+} // namespace tessa

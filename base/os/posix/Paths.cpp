@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <sys/stat.h>
 
+namespace tessa {
+
 bool IsSeparator(char byte) { return byte == '/'; }
 
 std::size_t RootLength(std::string_view path) { return path.starts_with('/') ? 1 : 0; }
@@ -46,3 +48,5 @@ bool IsSameFolder(const std::string& one, const std::string& other) {
     if (::stat(one.c_str(), &first) != 0 || ::stat(other.c_str(), &second) != 0) return false;
     return S_ISDIR(first.st_mode) && first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
+
+} // namespace tessa

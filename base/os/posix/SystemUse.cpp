@@ -4,6 +4,8 @@
 
 #include <unistd.h>
 
+namespace tessa {
+
 std::optional<ProcessUse> SystemProcessUse(std::int64_t process) {
     static const ProcessReader kReader({::sysconf(_SC_PAGESIZE), ::sysconf(_SC_CLK_TCK)});
     return kReader.Read(process);
@@ -14,3 +16,5 @@ std::int64_t ThisProcess() { return ::getpid(); }
 IdleCores::IdleCores() : IdleCores(::sysconf(_SC_CLK_TCK), "/proc/stat") {}
 
 std::unique_ptr<MemoryReader> SystemMemory(const std::string& root) { return std::make_unique<MemoryFiles>(root); }
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include "base/os/windows/UserAlone.h"
 #include "base/os/windows/WidePath.h"
 
+namespace tessa {
+
 void AppendForUser(const std::string& path, std::string_view bytes) {
     UserAlone user;
     // Without the right to write elsewhere in the file, each write goes behind what others have written by then.
@@ -34,3 +36,5 @@ void EmptyFile(const std::string& path) {
     const Handle file(::CreateFileW(WidePath(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, TRUNCATE_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
 }
+
+} // namespace tessa

@@ -13,6 +13,8 @@
 #include <ntsecapi.h>
 #include <thread>
 
+namespace tessa {
+
 namespace {
 
 constexpr int kMostNewNames = 1000;
@@ -182,3 +184,5 @@ Outcome RemoveFile(const std::string& path) {
     if (LeadsSomewhere(path) && !IsWritable(path)) return Outcome::Failed;
     return ::DeleteFileW(WidePath(path).c_str()) ? Outcome::Done : Outcome::Failed;
 }
+
+} // namespace tessa

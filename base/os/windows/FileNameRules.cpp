@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 constexpr TextView kRefusedInNames = u"/\\:*?\"<>|";
 } // namespace
@@ -13,3 +15,5 @@ Text FitForDisk(Text name) {
     name.resize(name.find_last_not_of(u". ") + 1);
     return name.empty() || NamesDevice(name) ? u"_" + name : name;
 }
+
+} // namespace tessa

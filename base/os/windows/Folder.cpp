@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 bool IsPlainFolder(const std::string& path) {
@@ -82,3 +84,5 @@ bool OpenUpFolder(const std::string& folder) {
     if (MayUseFolder(folder) || !IsFolder(folder)) return false;
     return UserAlone::OpenUp(folder) && MayUseFolder(folder);
 }
+
+} // namespace tessa

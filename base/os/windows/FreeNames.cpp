@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+namespace tessa {
+
 namespace {
 
 Named NamedAs(BOOL done) {
@@ -19,3 +21,5 @@ Named RenameToFree(const std::string& from, const std::string& to) {
 }
 
 Named MakeNewFolder(const std::string& path) { return NamedAs(::CreateDirectoryW(WidePath(path).c_str(), nullptr)); }
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include <string>
 #include <windows.h>
 
+namespace tessa {
+
 /// A handle of the system that closes itself.
 class Handle {
 public:
@@ -26,3 +28,5 @@ inline constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHA
 
 /// Opens what is at a path, a folder too, with those rights; links are followed. Not open when it cannot be.
 [[nodiscard]] Handle OpenAt(const std::string& path, DWORD rights);
+
+} // namespace tessa

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <thread>
 
+namespace tessa {
+
 // What listens under a name here is a pipe with a name. It leaves nothing behind when its process ends.
 
 namespace {
@@ -127,3 +129,5 @@ std::optional<std::string> Ask(const std::string& path, const std::string& messa
 }
 
 } // namespace LocalSocket
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 #include "base/os/windows/UserAlone.h"
 #include "base/os/windows/WidePath.h"
 
+namespace tessa {
+
 namespace LockedFile {
 
 namespace {
@@ -41,3 +43,5 @@ Tried Try(std::intptr_t file) {
 void Close(std::intptr_t file) { ::CloseHandle(FileOf(file)); }
 
 } // namespace LockedFile
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace tessa {
+
 namespace {
 
 /// What the system says of an open file, its place on the disk among it.
@@ -96,3 +98,5 @@ bool IsSameFolder(const std::string& one, const std::string& other) {
            first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
            first->nFileIndexHigh == second->nFileIndexHigh && first->nFileIndexLow == second->nFileIndexLow;
 }
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <psapi.h>
 
+namespace tessa {
+
 namespace {
 
 /// The system counts in these.
@@ -59,3 +61,5 @@ std::unique_ptr<MemoryReader> SystemMemory(const std::string& root) {
     if (root.empty()) return std::make_unique<MemoryStatus>();
     return std::make_unique<MemoryFiles>(root);
 }
+
+} // namespace tessa

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa {
+
 namespace {
 
 /// Who a process runs as; empty when the system does not tell.
@@ -73,3 +75,5 @@ bool UserAlone::Runs(DWORD process) {
     const std::wstring user = other.Open() ? UserOf(other.Get()) : std::wstring();
     return !user.empty() && user == UserOf(::GetCurrentProcess());
 }
+
+} // namespace tessa

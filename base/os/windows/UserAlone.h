@@ -2,6 +2,8 @@
 #include <string>
 #include <windows.h>
 
+namespace tessa {
+
 /// The user in whose name the program runs, and what lets nobody else in.
 class UserAlone {
 public:
@@ -23,3 +25,5 @@ private:
     PSECURITY_DESCRIPTOR m_descriptor = nullptr;
     SECURITY_ATTRIBUTES m_attributes{};
 };
+
+} // namespace tessa

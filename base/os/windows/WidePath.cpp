@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <windows.h>
 
+namespace tessa {
+
 namespace {
 
 /// The system cuts longer ones, or refuses them, unless they are marked; a folder has room for a short name more.
@@ -67,3 +69,5 @@ std::string BytesOfWide(std::wstring_view wide) {
     }
     return bytes;
 }
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 #include <string>
 #include <string_view>
 
+namespace tessa {
+
 // Names are wide on this system, UTF-16 without any rule; the core's paths are bytes.
 
 /// A path as the system takes it, also a very long one. Bytes that are no UTF-8 become U+FFFD, but for those in which
@@ -12,3 +14,5 @@
 /// A name or path as UTF-8, with '/' between names. A half of a character, which a name may hold, is written as
 /// three bytes that are no UTF-8, so that `WidePath` brings the same name back.
 [[nodiscard]] std::string BytesOfWide(std::wstring_view wide);
+
+} // namespace tessa

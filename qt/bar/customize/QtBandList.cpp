@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <QTimerEvent>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kGroupRole = Qt::UserRole;
@@ -166,3 +168,5 @@ void QtBandList::paintEvent(QPaintEvent* event) {
     const int y = behind ? entry.bottom() - kDropLine + 2 : entry.top();
     painter.fillRect(0, std::max(y, 0), viewport()->width(), kDropLine, palette().color(QPalette::Highlight));
 }
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QBasicTimer>
 #include <QListWidget>
 
+namespace tessa::qt {
+
 /// The entries of a band as a list. They are dragged inside it, out of it, and into it.
 class QtBandList final : public QListWidget {
     Q_OBJECT
@@ -45,3 +47,5 @@ private:
     int m_hovered = -1;
     QBasicTimer m_hover;
 };
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <QScreen>
 #include <algorithm>
 
+namespace tessa::qt {
+
 QtBandPanels::~QtBandPanels() { Close(); }
 
 void QtBandPanels::Open(Band& menu, const QRect& under) {
@@ -80,3 +82,5 @@ bool QtBandPanels::eventFilter(QObject* watched, QEvent* event) {
     if (escape) CloseLast();
     return escape || QObject::eventFilter(watched, event);
 }
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <vector>
 
+namespace tessa::qt {
+
 /// Menus while they are arranged: they stay open, and their entries are dragged about. Each opens out of the one
 /// before.
 class QtBandPanels final : public QObject {
@@ -40,3 +42,5 @@ private:
     QWidget& m_window;
     std::vector<QPointer<QtBandList>> m_open;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QToolBar>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kLine = 3, kHandle = 10;
@@ -64,3 +66,5 @@ QRect LineAt(const QWidget& bar, int place) {
 }
 
 } // namespace QtBarPlaces
+
+} // namespace tessa::qt

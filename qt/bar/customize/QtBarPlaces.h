@@ -4,6 +4,8 @@
 
 class QWidget;
 
+namespace tessa::qt {
+
 /// Where the entries of a toolbar or a menu bar are, in the order of its band. Separators are not counted; an entry
 /// that is not visible has an empty rectangle.
 namespace QtBarPlaces {
@@ -20,3 +22,5 @@ namespace QtBarPlaces {
 [[nodiscard]] QRect LineAt(const QWidget& bar, int place);
 
 } // namespace QtBarPlaces
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kCommandIconSize = 16;
@@ -218,3 +220,5 @@ void QtCommandsPage::MoveDown() {
 void QtCommandsPage::ToggleGroup() {
     if (Band* band = CurrentBand()) m_custom.ToggleGroup(*band, static_cast<std::size_t>(m_entries->currentRow()));
 }
+
+} // namespace tessa::qt

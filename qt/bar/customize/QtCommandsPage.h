@@ -8,6 +8,9 @@ class QGridLayout;
 class QLabel;
 class QListWidget;
 class QPushButton;
+
+namespace tessa::qt {
+
 class QtBandList;
 
 /// The page of the customisation dialog from which commands are dragged onto bars and menus, or put there by buttons.
@@ -44,3 +47,5 @@ private:
     QtBandList* m_entries;
     QPushButton *m_add, *m_remove, *m_up, *m_down, *m_group;
 };
+
+} // namespace tessa::qt

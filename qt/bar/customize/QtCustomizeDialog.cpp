@@ -9,6 +9,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 QtCustomizeDialog::QtCustomizeDialog(CommandBar& bar, QMainWindow& window)
     : QDialog(&window),
       m_custom(bar),
@@ -61,3 +63,5 @@ void QtCustomize::OnFinished() {
     m_dialog.clear();
     Closed();
 }
+
+} // namespace tessa::qt

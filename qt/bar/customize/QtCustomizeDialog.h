@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <memory>
 
+namespace tessa::qt {
+
 class QtCommandsPage;
 class QtLookPage;
 class QtToolbarsPage;
@@ -54,3 +56,5 @@ private:
     QMainWindow& m_window;
     QPointer<QtCustomizeDialog> m_dialog;
 };
+
+} // namespace tessa::qt

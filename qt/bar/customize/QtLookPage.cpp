@@ -5,6 +5,8 @@
 #include <QFormLayout>
 #include <QSignalBlocker>
 
+namespace tessa::qt {
+
 QtLookPage::QtLookPage(Customization& custom, QWidget* parent)
     : QWidget(parent),
       m_custom(custom),
@@ -42,3 +44,5 @@ void QtLookPage::Apply() {
     m_custom.SetLook({static_cast<IconSize>(m_icons->currentIndex()), static_cast<ToolText>(m_text->currentIndex()),
                       m_tips->isChecked()});
 }
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 class QCheckBox;
 class QComboBox;
 
+namespace tessa::qt {
+
 /// The page of the customisation dialog on how toolbars look.
 class QtLookPage final : public QWidget {
     Q_OBJECT
@@ -24,3 +26,5 @@ private:
     QComboBox* m_text;
     QCheckBox* m_tips;
 };
+
+} // namespace tessa::qt

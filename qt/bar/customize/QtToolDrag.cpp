@@ -14,6 +14,8 @@
 #include <QTimerEvent>
 #include <QToolBar>
 
+namespace tessa::qt {
+
 namespace {
 
 const auto kEmptyHint = QStringLiteral("emptyToolBarHint");
@@ -254,3 +256,5 @@ bool QtToolDrag::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
 }
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 class QDropEvent;
 class QMouseEvent;
 
+namespace tessa::qt {
+
 /// While it lives, the tools on a window's toolbars and menu bar are dragged and not clicked. They go to another place,
 /// onto another bar or menu, or off all of them, which removes them. A tool that opens a menu opens it to be arranged.
 class QtToolDrag final : public QObject {
@@ -64,3 +66,5 @@ private:
     QBasicTimer m_hover;
     QPointer<QWidget> m_line; ///< shows where a dragged tool would go
 };
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <QWidget>
 #include <algorithm>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kPictureMargin = 4, kIconSize = 16;
@@ -94,3 +96,5 @@ void Drag(QWidget& source, const CommandBar& bar, const DraggedTool& dragged) {
 }
 
 } // namespace QtToolMime
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@ class QMimeData;
 class QString;
 class QWidget;
 
+namespace tessa::qt {
+
 /// A tool on its way from one place of the command bar to another. Only the program that it comes from knows it.
 namespace QtToolMime {
 
@@ -28,3 +30,5 @@ constexpr int kHoverMilliseconds = 450;
 void Drag(QWidget& source, const CommandBar& bar, const DraggedTool& dragged);
 
 } // namespace QtToolMime
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kWidthInLetters = 32;
@@ -45,3 +47,5 @@ std::optional<Text> AskToolbarName(QWidget& parent, const QString& title, const 
     name->selectAll();
     return dialog.exec() == QDialog::Accepted ? std::optional(FromQt(name->text())) : std::nullopt;
 }
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+namespace tessa::qt {
+
 namespace {
 
 void ShowChecked(QListWidgetItem& item, const Band& band) {
@@ -125,3 +127,5 @@ void QtToolbarsPage::ResetAll() {
     box.exec();
     if (box.clickedButton() == resets) m_custom.ResetAll();
 }
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@ class QListWidget;
 class QListWidgetItem;
 class QPushButton;
 
+namespace tessa::qt {
+
 /// The page of the customisation dialog on which toolbars are shown, hidden, made and reset.
 class QtToolbarsPage final : public QWidget {
     Q_OBJECT
@@ -36,3 +38,5 @@ private:
     QPushButton* m_delete = nullptr;
     QPushButton* m_reset = nullptr;
 };
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(IniFile, AnswersAnyBytes) {
@@ -59,3 +61,5 @@ TEST(IniFile, KeepsWhatUtf16TextHasBeyondTheCodePage) {
 }
 
 } // namespace
+
+} // namespace tessa

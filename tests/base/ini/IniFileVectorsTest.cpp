@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+namespace tessa {
+
 // Recorded answers of the profile functions, tests/data/profile-vectors.txt, one call a line: bytes in hexadecimal,
 // "-" for none at all and "." for no bytes.
 
@@ -87,3 +89,5 @@ TEST(IniFileVectors, AnswersAsRecorded) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using State = AnswerLine::State;
@@ -34,3 +36,5 @@ TEST(AnswerLine, ALongOneIsGivenUpBeforeItsEnd) {
 }
 
 } // namespace
+
+} // namespace tessa

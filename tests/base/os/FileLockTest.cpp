@@ -7,6 +7,8 @@
 
 #include <utility>
 
+namespace tessa {
+
 namespace {
 
 TEST(FileLock, IsHeldByOneUntilItIsLetGo) {
@@ -32,3 +34,5 @@ TEST(FileLock, ALockThatCanHaveNoFileIsNotTaken) {
 }
 
 } // namespace
+
+} // namespace tessa

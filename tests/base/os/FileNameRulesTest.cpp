@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(FileNameRules, NamesOfDevicesAreKnownInAnyCaseAndWithAnyEnding) {
@@ -18,3 +20,5 @@ TEST(FileNameRules, ANameForTheDiskIsNoPath) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 using Time = IdleCores::Time;
@@ -41,3 +43,5 @@ TEST(IdleCores, OfThisMachineAreSomeNumber) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <thread>
 
+namespace tessa {
+
 namespace {
 
 /// A log of the test's own, to which the whole program writes.
@@ -142,3 +144,5 @@ TEST_F(LogTest, OneLineStaysOneAndIsNotEndless) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -8,6 +8,8 @@
 #include <random>
 #include <string>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::int64_t kMegabyte = 1024 * 1024;
@@ -236,3 +238,5 @@ TEST(SystemMemory, IsReadOfThisVeryMachine) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -60,3 +62,5 @@ TEST(ProcessUse, IsKnownOfThisVeryProcess) {
 }
 
 } // namespace
+
+} // namespace tessa

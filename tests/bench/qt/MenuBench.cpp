@@ -8,6 +8,8 @@
 #include <QWidget>
 #include <benchmark/benchmark.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kEntries = 10000;
@@ -119,7 +121,10 @@ BENCHMARK(ClickATool)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
+} // namespace tessa::qt
+
 int main(int argc, char** argv) {
+    using namespace tessa::qt;
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <benchmark/benchmark.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kTabs = 500;
@@ -97,7 +99,10 @@ BENCHMARK(CaptionChange)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
+} // namespace tessa::qt
+
 int main(int argc, char** argv) {
+    using namespace tessa::qt;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);

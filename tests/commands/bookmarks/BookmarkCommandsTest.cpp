@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 class BookmarkCommandsTest : public testing::Test {
@@ -106,3 +108,5 @@ TEST_F(BookmarkCommandsTest, FavoritesGoOutAfterAQuestionWhereTheFileExists) {
 }
 
 } // namespace
+
+} // namespace tessa

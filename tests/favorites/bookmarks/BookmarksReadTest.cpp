@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa {
+
 namespace {
 
 constexpr const char* kFirefox = R"(<!DOCTYPE NETSCAPE-Bookmark-file-1>
@@ -78,3 +80,5 @@ TEST(BookmarksRead, WhatIsWrittenIsReadBack) {
 }
 
 } // namespace
+
+} // namespace tessa

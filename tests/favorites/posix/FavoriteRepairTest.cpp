@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+namespace tessa {
+
 namespace {
 
 using Favorites::Repaired;
@@ -161,3 +163,5 @@ TEST_F(FavoriteRepairTest, TheWordsSayWhatWasDone) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa::qt {
+
 /// A window with a command bar, filled by each test, and what the bar has reported.
 class BarDesk : public testing::Test {
 protected:
@@ -53,3 +55,5 @@ protected:
     std::unique_ptr<QtCommandBar> shown;
     std::int32_t lastId = 0;
 };
+
+} // namespace tessa::qt

@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QInputMethodEvent>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr TextView kSignedBox = u"cboAddress";
@@ -161,3 +163,5 @@ TEST_F(QtAddressSignTest, TypingCanStillBeUndone) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

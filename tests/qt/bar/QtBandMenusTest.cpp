@@ -6,6 +6,8 @@
 #include <QScreen>
 #include <QToolButton>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Menus, pop-ups and toolbars that share tools.
@@ -269,3 +271,5 @@ TEST_F(QtBandMenusTest, AMenuOfTenThousandEntriesScrollsToItsLast) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QListView>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr TextView kBox = u"cboAddress";
@@ -428,3 +430,5 @@ TEST_F(QtComboBoxTest, TheToolGoesOnWithoutItsView) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

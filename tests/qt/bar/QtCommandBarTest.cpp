@@ -4,6 +4,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtCommandBarTest : public BarDesk {
@@ -215,3 +217,5 @@ TEST_F(QtCommandBarTest, PicturesComeOnceTheWindowIsShown) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <map>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr TextView kFile = u"bndFile", kGo = u"bndGo", kMisc = u"bndMisc", kAddress = u"bndAddress";
@@ -309,3 +311,5 @@ TEST_F(QtDockingTest, AWindowThatIsLaidOutIsAtRest) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

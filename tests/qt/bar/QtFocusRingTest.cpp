@@ -6,6 +6,8 @@
 #include <QStatusBar>
 #include <QToolButton>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A window with a menu bar, two toolbars, a strip, a page and a status bar, and what of them has the keyboard.
@@ -182,3 +184,5 @@ TEST_F(QtFocusRingTest, AKeyOpensTheMenuOfAToolAtItsButton) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <optional>
 
+namespace tessa::qt {
+
 namespace {
 
 /// What the click was when the entry's command ran; nothing when it did not run.
@@ -37,3 +39,5 @@ TEST(QtMiddleClick, TellsAMiddleClickFromTheOthersWhileTheEntrysCommandRuns) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QPointer>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtToolBarsMenuTest : public BarDesk {
@@ -52,3 +54,5 @@ TEST_F(QtToolBarsMenuTest, ArrangingIsTheToolsOwnCommand) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

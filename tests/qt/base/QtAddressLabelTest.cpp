@@ -3,6 +3,8 @@
 #include <QImage>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// The lowest row of pixels that shows something of the label.
@@ -33,3 +35,5 @@ TEST(QtAddressLabel, LetsItsPanelBeNarrow) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QPalette>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(QtIcons, TheProgramHasItsOwn) {
@@ -30,3 +32,5 @@ TEST(QtIcons, ANumberStandsInTheCornerOfItsPicture) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa::qt {
+
 namespace {
 
 // Scan codes as the X server and Wayland count keys.
@@ -108,3 +110,5 @@ TEST(QtKeyPlaces, TheProgramIsToldTheLetter) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Something in the window that takes every key it gets.
@@ -138,3 +140,5 @@ TEST_F(QtKeysTest, KeysOfAnotherWindowOrAnOpenMenuAreNotTheWindows) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

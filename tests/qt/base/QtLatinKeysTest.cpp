@@ -13,6 +13,8 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A key of a Russian keyboard: what it gives, and where it is.
@@ -143,3 +145,5 @@ TEST_F(QtLatinKeysTest, DialogsKnowTheirLettersToo) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QLoggingCategory>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcWindows, "qt.qpa.test")
@@ -33,3 +35,5 @@ TEST(QtLog, TakesWhatQtSaysWithItsLevelButNoAddress) {
 TEST(QtBuildInfo, SaysWhatDraws) { EXPECT_TRUE(QtBuildInfo::Drawing().startsWith(QStringLiteral("offscreen, "))); }
 
 } // namespace
+
+} // namespace tessa::qt

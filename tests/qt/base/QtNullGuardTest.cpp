@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+namespace tessa::qt {
+
 namespace {
 
 struct Object {
@@ -71,3 +73,5 @@ TEST(QtNullGuardDeathTest, OtherFaultsAreForWhoeverSawThemBefore) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -3,6 +3,8 @@
 #include <QColor>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 QPalette Colours(QRgb window, QRgb text, QRgb hint) {
@@ -31,3 +33,5 @@ TEST(QtPalette, AHintThatCanBeReadStays) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

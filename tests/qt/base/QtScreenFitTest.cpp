@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A dialog with fields above its buttons.
@@ -125,3 +127,5 @@ TEST(QtScreenFit, AMaximizedWindowStays) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 QIcon Filled(const QColor& color) {
@@ -69,3 +71,5 @@ TEST(QtSelectedIcon, OfNoPictureThereIsNone) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

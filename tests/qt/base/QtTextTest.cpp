@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(QtText, EveryUnitComesOverAndBack) {
@@ -18,3 +20,5 @@ TEST(QtText, APartOfATextEndsWhereItEnds) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

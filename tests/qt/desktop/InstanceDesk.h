@@ -12,6 +12,8 @@
 #include <memory>
 #include <vector>
 
+namespace tessa::qt {
+
 inline const Text kName = u"TEST";
 
 /// Lets events run until the condition holds; false when it did not within a minute.
@@ -84,3 +86,5 @@ protected:
     QByteArrayList m_tokens;
     Connections m_listening; ///< to the running instance
 };
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <csignal>
 #include <iostream>
 
+namespace tessa::qt {
+
 /// Another process that plays one of the roles of the same test program, on the same folder. A role is a disabled test
 /// of the suite "Role"; it prints numbers and may read some.
 class OtherProcess {
@@ -52,3 +54,5 @@ private:
 inline QString RoleFolder() { return qEnvironmentVariable("ROLE_FOLDER"); }
 
 inline void Print(int number) { std::cout << number << std::endl; }
+
+} // namespace tessa::qt

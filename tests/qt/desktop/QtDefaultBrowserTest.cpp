@@ -9,6 +9,8 @@
 #include <QThread>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr TextView kProgramName = u"TessaView3", kPath = u"/programs/tessaview";
@@ -166,3 +168,5 @@ TEST_F(QtDefaultBrowserTest, MakesTheInstalledEntryTheDefault) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

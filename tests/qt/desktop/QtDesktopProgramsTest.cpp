@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A desktop of its own in a temporary folder.
@@ -114,3 +116,5 @@ TEST_F(QtDesktopProgramsTest, TheListOfTheDesktopThatRunsCountsBeforeTheCommonOn
 }
 
 } // namespace
+
+} // namespace tessa::qt

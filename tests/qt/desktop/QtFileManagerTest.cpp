@@ -9,6 +9,8 @@
 #include <QUrl>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A bus of the test's own.
@@ -104,3 +106,5 @@ TEST_F(QtFileManagerTest, OpensTheFolderWithoutABus) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -5,6 +5,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -77,3 +79,5 @@ TEST_F(QtFolderWatchTest, IsSilentAboutAFolderThatIsWatchedNoMore) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

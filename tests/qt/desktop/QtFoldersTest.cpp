@@ -6,6 +6,8 @@
 #include <QFile>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Variables as they are for one test.
@@ -106,3 +108,5 @@ TEST_F(QtFoldersTest, TheOneVariableMovesFavoritesTooWhateverTheUserHas) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <unistd.h>
 #include <vector>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtInstanceChannelTest : public InstanceDesk {
@@ -279,3 +281,5 @@ TEST(Role, DISABLED_Start) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

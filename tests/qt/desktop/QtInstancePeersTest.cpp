@@ -14,6 +14,8 @@
 #include <unistd.h>
 #include <vector>
 
+namespace tessa::qt {
+
 // Whoever may connect to an instance, and whatever may answer one.
 
 namespace {
@@ -263,3 +265,5 @@ TEST(Role, DISABLED_Run) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

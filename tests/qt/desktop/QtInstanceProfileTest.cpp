@@ -18,6 +18,8 @@
 #include <unistd.h>
 #include <vector>
 
+namespace tessa::qt {
+
 namespace {
 
 /// What another instance is told, by number.
@@ -185,3 +187,5 @@ TEST(Role, DISABLED_HoldProfile) {
         Print(instance ? instance->Number() : 0);
     }
 }
+
+} // namespace tessa::qt

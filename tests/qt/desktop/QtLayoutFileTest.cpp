@@ -11,6 +11,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tessa::qt {
+
 namespace {
 
 QString PathOf(const TemporaryFolder& folder, const std::string& name = {}) {
@@ -86,3 +88,5 @@ TEST(QtLayoutFile, AFullDiskLeavesTheOldFile) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 
 #include <iostream>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtSessionFilesTest : public testing::Test {
@@ -179,3 +181,5 @@ TEST(Role, DISABLED_WriteAndStay) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -14,6 +14,8 @@
 #include <iostream>
 #include <sys/resource.h>
 
+namespace tessa::qt {
+
 namespace {
 
 using List = std::vector<Text>;
@@ -365,3 +367,5 @@ TEST(Role, DISABLED_WriteForEver) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

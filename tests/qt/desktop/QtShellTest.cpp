@@ -9,6 +9,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A mail program that writes down how it was started.
@@ -64,3 +66,5 @@ TEST_F(QtShellTest, KnowsTheEnvironment) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
+namespace tessa::qt {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -96,3 +98,5 @@ TEST_F(QtTrashTest, TakesNoFileInPlaceOfOneWhoseNameIsNoText) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

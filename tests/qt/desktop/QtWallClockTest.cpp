@@ -5,6 +5,8 @@
 #include <QDateTime>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(QtWallClockTest, SaysTodayAndYesterdayAndElseTheDate) {
@@ -24,3 +26,5 @@ TEST(QtWallClockTest, CountsSecondsFromTheSameTimeAsItsWords) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtDefBrowserDialogTest : public testing::Test {
@@ -86,3 +88,5 @@ TEST_F(QtDefBrowserDialogTest, SurvivesTheWindowItStandsAbove) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -18,6 +18,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Runs `act` on the modal window as soon as one is on the screen.
@@ -250,3 +252,5 @@ TEST(QtFileDialogs, ANameWithoutAnEndingIsOfTheOnlyKind) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -16,6 +16,8 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -254,3 +256,5 @@ TEST_F(QtFavoritesDialogsTest, EveryWidgetHasANameToBeCalledBy) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

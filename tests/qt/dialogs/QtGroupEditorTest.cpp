@@ -17,6 +17,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr int kCollapsed = 274, kExpanded = 321;
@@ -268,3 +270,5 @@ TEST_F(QtGroupEditorTest, ALongNameDoesNotWidenTheWindow) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

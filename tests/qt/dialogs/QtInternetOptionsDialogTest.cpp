@@ -16,6 +16,8 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtInternetOptionsDialogTest : public testing::Test {
@@ -284,3 +286,5 @@ TEST_F(QtInternetOptionsDialogTest, AnEmptyListOfSitesSaysWhatItIsFor) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtResizeDialogTest : public testing::Test {
@@ -112,3 +114,5 @@ TEST_F(QtResizeDialogTest, EscapeAndTheCloseButtonClose) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtSessionsDialogTest : public testing::Test {
@@ -168,3 +170,5 @@ TEST_F(QtSessionsDialogTest, EveryControlHasANameForScreenReaders) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -15,6 +15,8 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtSettingsDialogTest : public testing::Test {
@@ -235,3 +237,5 @@ TEST(Bind, AccessKeysPreferTheBeginningOfAWord) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -15,6 +15,8 @@
 #include <gtest/gtest.h>
 #include <set>
 
+namespace tessa::qt {
+
 namespace {
 
 QString TextOf(const QWidget& window, const char* name) {
@@ -134,3 +136,5 @@ TEST_F(QtAboutTest, WithoutTheFormsButtonItHasNoneEither) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QTreeWidget>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A window with three tabs and the task view above it, and a user with a keyboard.
@@ -172,3 +174,5 @@ TEST_F(QtTaskViewTest, CanBeMadeLargerAndSmaller) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -11,6 +11,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A window with the panel of downloads, and a user with a keyboard.
@@ -220,3 +222,5 @@ TEST_F(DownloadsPanel, PaintsNamesThatAreTextAndNothingElse) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

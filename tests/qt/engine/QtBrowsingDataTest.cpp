@@ -7,6 +7,8 @@
 
 #include <sys/stat.h>
 
+namespace tessa::qt {
+
 namespace {
 
 QString PathOfNotes(const TemporaryFolder& folder) {
@@ -45,3 +47,5 @@ TEST(QtBrowsingData, NotesThatFindNoRoomLeaveThoseOfTheLastTimeAndCount) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

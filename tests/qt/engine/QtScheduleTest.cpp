@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Views that write down what they are told: "2 loads; 2 shown; 1 hidden;".
@@ -109,3 +111,5 @@ TEST_F(QtScheduleTest, AViewThatHasGoneIsToldNothing) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 using Kind = PageNavigation::Kind;
@@ -97,3 +99,5 @@ TEST(QtWhereabouts, IsTrueOnceThePageIsKnownToBeNoError) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(QtAddress, WhatStandsBeforeASchemeHidesItFromNobody) {
@@ -184,3 +186,5 @@ TEST(QtAddress, WhatEachTypedTextLeadsTo) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

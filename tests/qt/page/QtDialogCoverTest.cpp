@@ -10,6 +10,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A question over a page, with a line to type in if wanted.
@@ -147,3 +149,5 @@ TEST_F(DialogCover, ReturnMayStandForRefusing) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -3,6 +3,8 @@
 #include <QUrl>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 std::string Kind(const char* type, const char* address) {
@@ -51,3 +53,5 @@ TEST(QtDocumentKind, OfAPageThatDoesNotAnswerTheAddressSaysIt) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <optional>
 
+namespace tessa::qt {
+
 namespace {
 
 std::string Line(const QPrinter& printer) {
@@ -85,3 +87,5 @@ TEST_F(FakePrinting, ThatIsNotThereIsToldOf) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -15,6 +15,8 @@
 // Stands outside the namespace, as Qt's macro demands.
 static void LoadResources() { Q_INIT_RESOURCE(tessaview); }
 
+namespace tessa::qt {
+
 namespace {
 
 /// The help as it is, and as it reads without its marks.
@@ -109,3 +111,5 @@ TEST_F(QtHelpPageTest, NothingIsFetchedFromElsewhere) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <QUrlQuery>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// What a mail program reads: who it is for, the subject and the body, in brackets.
@@ -69,3 +71,5 @@ TEST(QtMail, OtherAddressesStayWhatTheyAre) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

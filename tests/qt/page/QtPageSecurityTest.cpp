@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 PageSecurity Of(const char* address) {
@@ -36,3 +38,5 @@ TEST(PageSecurity, IsNotFooledByNamesLikeThisComputer) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(QtSceneWindows, ThoseThatPaintPagesAreListedWithTheirViewAndOthersStay) {
@@ -29,3 +31,5 @@ TEST(QtSceneWindows, OneThatComesLaterIsHiddenToo) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -14,6 +14,8 @@
 #include <gtest/gtest.h>
 #include <optional>
 
+namespace tessa::qt {
+
 namespace {
 
 /// The options of an engine that has no profile yet.
@@ -59,3 +61,5 @@ TEST_F(QtEngineOptionsTest, WithoutAProfileNotAllIsForgotten) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

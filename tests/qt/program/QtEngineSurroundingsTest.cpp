@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtEngineSurroundingsTest : public testing::Test {
@@ -58,3 +60,5 @@ TEST_F(QtEngineSurroundingsTest, TheWindowIsTheOneThatFillsTheScreen) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

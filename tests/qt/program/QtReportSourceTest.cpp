@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(QtReportSource, ReadsVersionsDrawingAndTheLog) {
@@ -21,3 +23,5 @@ TEST(QtReportSource, ReadsVersionsDrawingAndTheLog) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(QtUserInput, CopiesToTheClipboard) {
@@ -15,3 +17,5 @@ TEST(QtUserInput, CopiesToTheClipboard) {
 TEST(QtUserInput, ShiftIsUpWhileNobodyPressesIt) { EXPECT_FALSE(QtUserInput().ShiftHeld()); }
 
 } // namespace
+
+} // namespace tessa::qt

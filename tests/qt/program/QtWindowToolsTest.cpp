@@ -10,6 +10,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtWindowToolsTest : public testing::Test {
@@ -38,3 +40,5 @@ TEST_F(QtWindowToolsTest, WithoutAPageThereAreNoDeveloperTools) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -4,6 +4,8 @@
 #include <QPushButton>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 TEST(CaptureBar, IsThereForAsLongAsThereIsSomethingToTell) {
@@ -40,3 +42,5 @@ TEST(CaptureBar, CatchesTheEyeAndIsPartedFromWhatIsBelow) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -6,6 +6,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtNoticeBarTest : public testing::Test {
@@ -55,3 +57,5 @@ TEST_F(QtNoticeBarTest, WhatIsTakenBackCallsNothing) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

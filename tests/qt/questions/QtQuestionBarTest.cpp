@@ -10,6 +10,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A page, played by a line to type in, with the bar above it.
@@ -195,3 +197,5 @@ TEST_F(QuestionBar, ShowsWordsAsTextAndGrowsWithThem) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

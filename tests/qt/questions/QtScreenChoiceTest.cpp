@@ -3,6 +3,8 @@
 #include <QStandardItemModel>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A page that wants to see a screen or a window; what it was given comes as "screen 0", "window 1" or "nothing".
@@ -92,3 +94,5 @@ TEST_F(ScreenChoice, NamesAreOneLineEach) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

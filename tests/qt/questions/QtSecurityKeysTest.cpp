@@ -13,6 +13,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa::qt {
+
 namespace {
 
 using QtEngineVersions::KeyStep;
@@ -169,3 +171,5 @@ TEST_F(SecurityKeys, ASecondUseEndsTheFirst) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtTabListTest : public testing::Test {
@@ -196,3 +198,5 @@ TEST_F(QtTabListTest, PicturesStandOutOnTheMarkedLineAndOnOthers) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Writes down what is repainted.
@@ -739,3 +741,5 @@ TEST_F(QtTabStripTest, ScreenReadersFollowChanges) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QWindow>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 /// Takes what is dropped on it; stands for a page.
@@ -130,3 +132,5 @@ TEST_F(QtFileDropTest, NothingIsTakenBehindADialog) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtFullScreenTest : public testing::Test {
@@ -145,3 +147,5 @@ TEST_F(QtFullScreenTest, TheHintGoesByItself) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -9,6 +9,8 @@
 #include <QToolBar>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 constexpr Placement kPlace{{1500}, {1050}, {9000}, {7500}}; // 100, 70, 600 x 500 pixels
@@ -292,3 +294,5 @@ TEST(QtStatusBar, TheButtonThatStopsIsThereWhileThereIsSomethingToStop) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

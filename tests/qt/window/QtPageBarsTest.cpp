@@ -3,6 +3,8 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class BarOfAHeight : public QWidget {
@@ -63,3 +65,5 @@ TEST_F(QtPageBarsTest, OfTwoOnOneSideTheSecondIsNearerToThePage) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace tessa::qt {
+
 namespace {
 
 Session PagesOf(std::size_t count) {
@@ -91,3 +93,5 @@ TEST_F(QtSessionOfferTest, IsWithdrawnWithoutAnAnswer) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

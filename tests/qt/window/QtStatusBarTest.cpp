@@ -8,6 +8,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace tessa::qt {
+
 namespace {
 
 class QtStatusBarTest : public testing::Test {
@@ -157,3 +159,5 @@ TEST_F(QtStatusBarTest, SaysWhichProfileTheWindowHasAtItsEnd) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

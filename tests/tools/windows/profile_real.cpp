@@ -7,6 +7,8 @@
 #include <string_view>
 #include <windows.h>
 
+namespace tessa {
+
 namespace {
 
 using ProfileScript::Field;
@@ -67,7 +69,10 @@ bool WriteWide(const std::string& file, const Field& section, const Field& key, 
 
 } // namespace
 
+} // namespace tessa
+
 int main(int argc, char** argv) {
+    using namespace tessa;
     const std::string_view form = argc == 3 ? argv[1] : "";
     if (form == "A") return ProfileScript::RunAll(argv[2], {GetByBytes, WriteByBytes});
     if (form == "W") return ProfileScript::RunAll(argv[2], {GetWide, WriteWide});

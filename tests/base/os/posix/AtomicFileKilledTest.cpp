@@ -10,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(AtomicFile, KeepsTheModeAndFollowsALink) {
@@ -84,3 +86,5 @@ TEST(AtomicFile, AKilledWriterLeavesTheOldFileOrTheNewOne) {
 }
 
 } // namespace
+
+} // namespace tessa

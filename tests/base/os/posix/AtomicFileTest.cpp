@@ -15,6 +15,8 @@
 #include <unistd.h>
 #include <vector>
 
+namespace tessa {
+
 namespace {
 
 /// What the program asks of the system while a test listens, and what the system is to refuse.
@@ -182,3 +184,5 @@ TEST(WholeFile, AVeryLongNameIsWrittenToo) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -10,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(FileLockOfPosix, AFileThatMayOnlyBeReadCanBeLocked) {
@@ -53,3 +55,5 @@ TEST(FileLockOfPosix, AKilledProcessHoldsUpNobody) {
 }
 
 } // namespace
+
+} // namespace tessa

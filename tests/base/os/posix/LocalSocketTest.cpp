@@ -9,6 +9,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace tessa {
+
 namespace {
 
 using std::chrono::milliseconds;
@@ -116,3 +118,5 @@ TEST_F(LocalSockets, TakeWhatIsLongerThanTheyReadAtOnce) {
 TEST_F(LocalSockets, WithNobodyThereAnswerNothing) { EXPECT_EQ(Ask(), std::nullopt); }
 
 } // namespace
+
+} // namespace tessa

@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 #include <thread>
 
+namespace tessa {
+
 namespace {
 
 TEST(WholeFile, IsReplacedAndLeavesNothingBeside) {
@@ -86,3 +88,5 @@ TEST(FreeNames, AreNeverThoseOfOthers) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <thread>
 
+namespace tessa {
+
 namespace {
 
 constexpr std::size_t kLongest = 16;
@@ -89,3 +91,5 @@ TEST_F(Pipes, AreLeftWhenTheySayNothing) {
 TEST_F(Pipes, WithNobodyThereAnswerNothing) { EXPECT_EQ(Ask(), std::nullopt); }
 
 } // namespace
+
+} // namespace tessa

@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+namespace tessa {
+
 namespace {
 
 TEST(WidePath, NamesComeBackAsTheyWere) {
@@ -84,3 +86,5 @@ TEST(FileNameRules, WhatThisDiskTakesNoNameWith) {
 }
 
 } // namespace
+
+} // namespace tessa

@@ -24,6 +24,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A user at the dialog, over a window with the designed bar.
@@ -292,3 +294,5 @@ TEST_F(QtCustomizeDialogTest, ToolTipsOfToolbarsAreShownOrNot) {
 }
 
 } // namespace
+
+} // namespace tessa::qt

@@ -22,6 +22,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace tessa::qt {
+
 namespace {
 
 /// A user who drags tools about in a window with the designed bar.
@@ -306,3 +308,5 @@ TEST_F(QtToolDragTest, WithoutTheDialogNothingTakesTools) {
 }
 
 } // namespace
+
+} // namespace tessa::qt
