@@ -1,8 +1,8 @@
 #include "app/CommandLine.h"
 #include "app/Startup.h"
-#include "qt/desktop/QtStartFailure.h"
-#include "qt/program/QtHandOver.h"
-#include "qt/program/QtProgram.h"
+#include "qt/desktop/StartFailure.h"
+#include "qt/program/HandOver.h"
+#include "qt/program/RunningProgram.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -31,9 +31,9 @@ int Print(const std::string& information) {
     return std::fputs(information.c_str(), stdout) < 0 || std::fflush(stdout) != 0;
 }
 
-std::unique_ptr<qt::QtProgram> MakeProgram(int& argc, char** argv) {
-    const qt::QtStartFailure told;
-    return std::make_unique<qt::QtProgram>(argc, argv);
+std::unique_ptr<qt::RunningProgram> MakeProgram(int& argc, char** argv) {
+    const qt::StartFailure told;
+    return std::make_unique<qt::RunningProgram>(argc, argv);
 }
 
 } // namespace
@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
     }
     // What is for the windowing system is taken out by what opens the display.
     const bool plain = std::ranges::none_of(arguments, [](const std::string& each) { return each.starts_with('-'); });
-    if (plain && qt::QtHandOver::TryWithoutWindow(CommandLine::AsText(arguments))) ::_exit(0);
+    if (plain && qt::HandOver::TryWithoutWindow(CommandLine::AsText(arguments))) ::_exit(0);
     const auto program = MakeProgram(argc, argv);
     // What was meant for the windowing system has been taken out by now.
     const CommandLine::Arguments ours = ArgumentsOf(argc, argv);

@@ -127,7 +127,7 @@ def structure(root):
 
 def building(root):
     """Seconds to build the program from nothing, and after a change of one widget; without a compiler's cache."""
-    widget = next(path for path, _ in sources(root) if path.endswith("/QtTabLook.cpp"))
+    widget = next(path for path, _ in sources(root) if path.endswith("/TabLook.cpp"))
     environment = dict(os.environ, CCACHE_DISABLE="1")
     with tempfile.TemporaryDirectory() as folder:
 

@@ -1,7 +1,7 @@
 #include "qt/base/Bind.h"
 
 #include "base/Captions.h"
-#include "qt/base/QtText.h"
+#include "qt/base/Strings.h"
 
 #include <QCheckBox>
 #include <QDialog>

@@ -346,8 +346,8 @@ TEST(Layers, AnIncludeOfAHigherFolderIsFound) {
     EXPECT_EQ(Judge("favorites/X.h", "#include \"settings/S.h\"\n"), "favorites/X.h includes settings/S.h\n");
     EXPECT_EQ(Judge("settings/X.h", "\n#include \"tests/Desk.h\"\r\n"), "settings/X.h includes tests/Desk.h\n");
     EXPECT_EQ(Judge("window/X.h", "#include \"app/Hook.h\"\n"), "window/X.h includes app/Hook.h\n");
-    EXPECT_EQ(Judge("app/Startup.cpp", "#include \"qt/base/QtText.h\"\n"),
-              "app/Startup.cpp includes qt/base/QtText.h\n");
+    EXPECT_EQ(Judge("app/Startup.cpp", "#include \"qt/base/Strings.h\"\n"),
+              "app/Startup.cpp includes qt/base/Strings.h\n");
     EXPECT_EQ(Judge("qt/bar/X.cpp", "#include \"qt/bar/customize/Y.h\"\n"),
               "qt/bar/X.cpp includes qt/bar/customize/Y.h\n");
 }
@@ -362,7 +362,7 @@ TEST(Layers, ARoomStandsOnRoomsThatComeBeforeIt) {
 }
 
 TEST(Layers, QtOutsideItsFolderIsFound) {
-    EXPECT_EQ(Judge("app/main.cpp", "#include \"qt/program/QtProgram.h\"\n#include <QApplication>\n"), "");
+    EXPECT_EQ(Judge("app/main.cpp", "#include \"qt/program/RunningProgram.h\"\n#include <QApplication>\n"), "");
     EXPECT_EQ(Judge("tabs/X.cpp", "#include <QString>\n"), "tabs/X.cpp includes Qt: QString\n");
     EXPECT_EQ(Judge("tabs/X.cpp", "#include <QtCore/qglobal.h>\n"), "tabs/X.cpp includes Qt: QtCore/qglobal.h\n");
     EXPECT_EQ(Judge("tabs/X.cpp", "#include <qstring.h>\n"), "tabs/X.cpp includes Qt: qstring.h\n");
@@ -387,21 +387,21 @@ TEST(Layers, LibxmlOutsideItsFolderIsFound) {
 }
 
 TEST(Layers, AWayAroundTheTableIsFound) {
-    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"../qt/QtText.h\"\n"),
-              "tabs/X.cpp climbs out of its folder: ../qt/QtText.h\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"../qt/Strings.h\"\n"),
+              "tabs/X.cpp climbs out of its folder: ../qt/Strings.h\n");
     EXPECT_EQ(Judge("tabs/X.cpp", "#include \"tabs/../qt/Y.h\"\n"),
               "tabs/X.cpp climbs out of its folder: tabs/../qt/Y.h\n");
     EXPECT_EQ(Judge("tabs/X.cpp", "#include HEADER\n"), "tabs/X.cpp hides behind a macro what it includes: HEADER\n");
     EXPECT_EQ(Judge("helpers/X.cpp", "#include <vector>\n"), "helpers/X.cpp is in no room of the house\n");
-    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"QtText.h\"\n"), "tabs/X.cpp includes QtText.h\n");
+    EXPECT_EQ(Judge("tabs/X.cpp", "#include \"Strings.h\"\n"), "tabs/X.cpp includes Strings.h\n");
 }
 
 TEST(Layers, TestsMayIncludeAnything) {
-    EXPECT_EQ(Judge("tests/qt/XTest.cpp", "#include \"qt/base/QtText.h\"\n#include \"Desk.h\"\n#include <QTest>\n"),
+    EXPECT_EQ(Judge("tests/qt/XTest.cpp", "#include \"qt/base/Strings.h\"\n#include \"Desk.h\"\n#include <QTest>\n"),
               "");
 }
 
-TEST(Layers, AnIncludeInACommentIsNone) { EXPECT_EQ(Judge("tabs/X.cpp", "// #include \"qt/base/QtText.h\"\n"), ""); }
+TEST(Layers, AnIncludeInACommentIsNone) { EXPECT_EQ(Judge("tabs/X.cpp", "// #include \"qt/base/Strings.h\"\n"), ""); }
 
 TEST(Layers, AnExceptionInCodeIsFound) {
     EXPECT_TRUE(HasException("void F() { try { G(); } catch (...) {} }"));

@@ -1,8 +1,8 @@
 // What the scripts that the program puts into pages cost: a page of 50 frames is loaded with them and without in turn.
-#include "qt/engine/QtProfile.h"
-#include "qt/page/QtDialogScheme.h"
-#include "qt/page/QtPage.h"
-#include "qt/page/QtStartPage.h"
+#include "qt/engine/Profile.h"
+#include "qt/page/DialogScheme.h"
+#include "qt/page/StartPageScheme.h"
+#include "qt/page/WebPage.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -52,17 +52,17 @@ qint64 Median(std::vector<qint64> values) {
 
 int main(int argc, char** argv) {
     using namespace tessa::qt;
-    QtStartPage::RegisterScheme();
-    QtDialogScheme::RegisterScheme();
+    StartPageScheme::RegisterScheme();
+    DialogScheme::RegisterScheme();
     QApplication application(argc, argv);
     QTemporaryFile file(QDir::tempPath() + QStringLiteral("/frames-XXXXXX.html"));
     if (!file.open() || file.write(PageOfFrames()) < 0 || !file.flush()) return 1;
     const QUrl url = QUrl::fromLocalFile(file.fileName());
     const QString token = QStringLiteral("token");
     const auto noHomePage = [] { return std::string(); };
-    const QtProfile with({}, {}, token, noHomePage), without({}, {}, token, noHomePage);
+    const Profile with({}, {}, token, noHomePage), without({}, {}, token, noHomePage);
     without.Get()->scripts()->clear();
-    QtPage scripted(with.Get(), token), plain(without.Get(), token);
+    WebPage scripted(with.Get(), token), plain(without.Get(), token);
     std::array<std::vector<qint64>, 2> taken;
     for (int round = 0; round < kRounds; ++round) {
         const bool first = round % 2 == 0;

@@ -1,12 +1,12 @@
 // What a tab costs the shell itself when many are open: time to open one, memory, and what a change of one holds the
 // window up for until it is written down. Real views, strip and files; no page of the engine exists. The exit code is 1
 // when a thousand tabs cost more than they may.
-#include "qt/base/QtText.h"
-#include "qt/desktop/QtInstanceProfile.h"
-#include "qt/desktop/QtSessionFiles.h"
-#include "qt/engine/QtEngine.h"
-#include "qt/strip/QtTabStrip.h"
-#include "qt/window/QtStatusBar.h"
+#include "qt/base/Strings.h"
+#include "qt/desktop/DiskSessionFiles.h"
+#include "qt/desktop/InstanceProfile.h"
+#include "qt/engine/Engine.h"
+#include "qt/strip/TabStripView.h"
+#include "qt/window/StatusBarView.h"
 #include "tests/engine/FakeEngineHost.h"
 #include "tests/fakes/FakeSurroundings.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -64,13 +64,13 @@ public:
     }
 
     TemporaryFolder folder;
-    QtSessionFiles ownSessions{ToQt(folder.PathText("sessions"))};
-    QtInstanceProfile ownProfile{{}, {}};
+    DiskSessionFiles ownSessions{ToQt(folder.PathText("sessions"))};
+    InstanceProfile ownProfile{{}, {}};
     QWidget pageArea;
     FakeEngineHost host;
-    QtEngine engine{&pageArea, ownProfile, host};
+    Engine engine{&pageArea, ownProfile, host};
     frmMain main{Platform(engine, {.sessions = &ownSessions})};
-    QtTabStrip strip{main.pcPage};
+    TabStripView strip{main.pcPage};
 
 private:
     int m_last = 0;

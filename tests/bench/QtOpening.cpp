@@ -2,8 +2,8 @@
 // a very long TessaGroup.
 
 #include "favorites/Favorites.h"
-#include "qt/bar/QtCommandBar.h"
-#include "qt/dialogs/QtGroupEditor.h"
+#include "qt/bar/CommandBarView.h"
+#include "qt/dialogs/GroupEditor.h"
 #include "tests/fakes/FakeForms.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -56,7 +56,7 @@ void OpenFavoritesMenu(benchmark::State& state) {
             if (band.Name() == u"bndFavorites") favorites.ScanFolder(root, band, first);
         });
         QMainWindow window;
-        auto shown = std::make_unique<QtCommandBar>(bar, window);
+        auto shown = std::make_unique<CommandBarView>(bar, window);
         window.show();
         QApplication::processEvents();
         QMenu* menu = window.menuBar()->actions().constFirst()->menu();
@@ -82,7 +82,7 @@ void OpenEditor(benchmark::State& state) {
     for (auto _ : state) {
         frmTessaGroup form(messages, forms);
         form.EditTessaGroup(folder.PathText("long.tvg"));
-        QtGroupEditor editor(form);
+        GroupEditor editor(form);
         editor.show();
         QApplication::processEvents();
         if (form.lstUrls.ListCount() != 2000) state.SkipWithError("the editor does not show all addresses");

@@ -1,9 +1,9 @@
 // What saving costs with 500 open tabs: at the end of a session, and after each change meanwhile. Real files and a
 // real disk; what the engine would be asked is answered at once.
-#include "qt/base/QtText.h"
-#include "qt/desktop/QtLayoutFile.h"
-#include "qt/desktop/QtSessionFiles.h"
-#include "qt/desktop/QtSettingsStorage.h"
+#include "qt/base/Strings.h"
+#include "qt/desktop/DiskLayoutFile.h"
+#include "qt/desktop/DiskSessionFiles.h"
+#include "qt/desktop/DiskSettingsStorage.h"
 #include "tests/fakes/FakeSurroundings.h"
 #include "tests/fakes/FakeViews.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -40,9 +40,9 @@ public:
 
     TemporaryFolder folder;
     FakeViews views;
-    QtSettingsStorage storage{ToQt(folder.PathText("."))};
-    QtLayoutFile layoutFile{ToQt(folder.PathText("."))};
-    std::optional<QtSessionFiles> savedSessions{ToQt(folder.PathText("sessions"))};
+    DiskSettingsStorage storage{ToQt(folder.PathText("."))};
+    DiskLayoutFile layoutFile{ToQt(folder.PathText("."))};
+    std::optional<DiskSessionFiles> savedSessions{ToQt(folder.PathText("sessions"))};
     frmMain main{Platform(views, {.settings = &storage, .sessions = &*savedSessions, .layout = &layoutFile})};
 };
 

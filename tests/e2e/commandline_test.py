@@ -1,4 +1,4 @@
-# Tests: QtStartFailure, main
+# Tests: StartFailure, main
 """What the program says on a terminal: about itself, and where it cannot start."""
 
 import os

@@ -1,4 +1,4 @@
-# Tests: QtDownloadAssembly
+# Tests: DownloadAssembly
 """Downloads from outside: the question at the end, the list that survives a restart, fetching again. And private tabs,
 of which nothing is left."""
 

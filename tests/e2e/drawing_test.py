@@ -1,4 +1,4 @@
-# Tests: QtDrawing
+# Tests: DrawingChoice
 """Pages are drawn with the graphics processor or without: on either way they show, the window stays the one that came up,
 and the task view says which way it is."""
 

@@ -1,4 +1,4 @@
-# Tests: QtSignals
+# Tests: EndSignals
 """However the program ends, and whatever stands open over its window then, it ends in good order: what was open is
 saved, and it leaves no process behind that waits for somebody."""
 

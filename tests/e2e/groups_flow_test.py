@@ -1,4 +1,4 @@
-# Tests: QtRenameGroup
+# Tests: RenameGroup
 """A TessaGroup's life: saved from the open tabs, opened after a restart, reordered in the editor, opened again."""
 
 import configparser

@@ -1,4 +1,4 @@
-# Tests: QtHandOver
+# Tests: HandOver
 """A second start of the program hands its command line to the one that runs."""
 
 import os

@@ -1,4 +1,4 @@
-# Tests: QtKeyboardAssembly
+# Tests: KeyboardAssembly
 """The window without a pointer: Alt and F10 lead to the menu bar, F6 round the window, Alt+M to the More menu, Shift+F10
 to the menu of the link that has the focus."""
 

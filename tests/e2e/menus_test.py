@@ -1,4 +1,4 @@
-# Tests: QtBarAssembly, QtForms
+# Tests: BarAssembly, Forms
 """The menus, as a person opens them: with the mouse and by their access keys."""
 
 import os

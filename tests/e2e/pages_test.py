@@ -1,4 +1,4 @@
-# Tests: QtEngineAssembly, QtPageBarsAssembly
+# Tests: EngineAssembly, PageBarsAssembly
 """What pages ask of their user, from outside: a login, a refused certificate, the whole screen."""
 
 import base64

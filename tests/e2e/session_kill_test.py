@@ -1,4 +1,4 @@
-# Tests: QtClocks
+# Tests: Clocks
 """The program is killed at random moments while its tabs open, move, close and navigate. Nothing that was open is lost:
 no file is damaged, the session that was killed is written down as it was within the last second, and it is offered
 again. SESSION_KILLS says how often, SESSION_NUMBER chooses another run of chance, "any" a new one each time."""

@@ -1,4 +1,4 @@
-# Tests: QtStripAssembly
+# Tests: StripAssembly
 """The tab strip under a real pointer: the popup on a background tab, tabs that are dragged, what another program drops."""
 
 import http.server

@@ -1,4 +1,4 @@
-# Tests: QtDesktopAssembly, QtProgram, QtWindowAssembly
+# Tests: DesktopAssembly, RunningProgram, WindowAssembly
 """The main window goes into the task bar and comes back, and so does what it shows."""
 
 import os

@@ -1,5 +1,5 @@
-// Tests: QtAwaited
-#include "qt/questions/QtCertificatePage.h"
+// Tests: Awaited
+#include "qt/questions/CertificatePage.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QPointer>
@@ -324,7 +324,7 @@ TEST_F(AddressTrustOnPages, AHostThatAnswersHttpsIsNotTriedOverHttp) {
     const auto typed = [&](const QString& path) { return secure.Address(path).remove(QStringLiteral("https://")); };
     ShowPage();
     ResumeNext(Front().Navigate(FromQt(typed(QStringLiteral("/private")))));
-    const auto refused = [this] { return desk.window.findChild<QtCertificatePage*>(); };
+    const auto refused = [this] { return desk.window.findChild<CertificatePage*>(); };
     ASSERT_TRUE(WaitUntil([&] {
         return ToQt(Front().LocationURL()) == secure.Address(QStringLiteral("/private")) && refused() &&
                !Front().Busy();

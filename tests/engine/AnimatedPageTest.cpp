@@ -1,10 +1,10 @@
-#include "qt/bar/QtBarLook.h"
-#include "qt/bar/QtCommandBar.h"
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/strip/QtTabStrip.h"
-#include "qt/window/QtMainWindow.h"
-#include "qt/window/QtStatusBar.h"
+#include "qt/bar/CommandBarView.h"
+#include "qt/bar/ToolBarLook.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/strip/TabStripView.h"
+#include "qt/window/MainWindowFrame.h"
+#include "qt/window/StatusBarView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>
@@ -40,17 +40,17 @@ public:
         main.Form_Unload();
         engine.Shutdown();
     }
-    QtBrowserView& Front() { return static_cast<QtBrowserView&>(*main.Tabs().CurrentView()->Control); }
+    PageView& Front() { return static_cast<PageView&>(*main.Tabs().CurrentView()->Control); }
 
-    QtInstanceProfile ownProfile{{}, {}};
-    QtMainWindow window;
+    InstanceProfile ownProfile{{}, {}};
+    MainWindowFrame window;
     FakeEngineHost host;
-    QtEngine engine{window.PageArea(), ownProfile, host};
+    Engine engine{window.PageArea(), ownProfile, host};
     frmMain main;
-    QtTabStrip strip;
-    QtStatusBar statusBar;
-    QtBarLook look;
-    QtCommandBar commandBar;
+    TabStripView strip;
+    StatusBarView statusBar;
+    ToolBarLook look;
+    CommandBarView commandBar;
 };
 
 /// Counts what is painted, by widget.

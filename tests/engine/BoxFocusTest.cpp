@@ -1,6 +1,6 @@
-// Tests: QtComboBoxes
-#include "qt/bar/QtComboBox.h"
-#include "qt/bar/QtComboBoxes.h"
+// Tests: ComboBoxes
+#include "qt/bar/ComboBox.h"
+#include "qt/bar/ComboBoxes.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>
@@ -40,8 +40,8 @@ protected:
         return page && focus && (page == focus || page->isAncestorOf(focus));
     }
 
-    QtComboBoxes boxes{desk.main->actBar};
-    QtComboBox* box = nullptr;
+    ComboBoxes boxes{desk.main->actBar};
+    ComboBox* box = nullptr;
 };
 
 TEST_F(BoxFocusTest, ThePageInFrontTakesTheKeyboardWhenItIsThere) {
@@ -70,7 +70,7 @@ TEST_F(BoxFocusTest, APageBehindLeavesItAndWhatWasTyped) {
     ASSERT_NE(behind, nullptr);
     ResumeNext(behind->Navigate(FromQt(server.Address(QStringLiteral("/Tulip")))));
     ASSERT_TRUE(WaitUntil([&] { return behind->LocationName() == u"Tulip" && !behind->Busy(); }));
-    Settle(desk.engine, static_cast<QtBrowserView*>(behind)->Page());
+    Settle(desk.engine, static_cast<PageView*>(behind)->Page());
     EXPECT_TRUE(BoxHasKeyboard());
     EXPECT_EQ(box->lineEdit()->text(), u"half");
 }

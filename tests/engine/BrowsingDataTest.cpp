@@ -1,8 +1,8 @@
-// Tests: QtSiteData
-#include "qt/engine/QtBrowsingData.h"
+// Tests: SiteData
+#include "qt/engine/StoredBrowsingData.h"
 
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>
@@ -41,7 +41,7 @@ protected:
     ProfileFolder folder;
     LocalServer server;
     qint64 now = 1000000;
-    QtBrowsingData data;
+    StoredBrowsingData data;
     QPointer<QWebEngineProfile> profile;
     // On disk, as the program's own is: one in memory forgets all visited links at once.
     EngineView desk{folder.dir.path()};
@@ -181,33 +181,33 @@ TEST(SiteData, IsForgottenBeforeTheEngineOpensItWhenItWasAskedForAtTheEnd) {
     const QTemporaryDir folder;
     const QDir files(folder.path());
     for (const char* name : {"Local Storage/leveldb", "IndexedDB", "Kept"}) files.mkpath(QLatin1String(name));
-    QtBrowsingData::ForgetSites(folder.path());
+    StoredBrowsingData::ForgetSites(folder.path());
     EXPECT_TRUE(files.exists(QStringLiteral("IndexedDB"))) << "nobody asked";
     {
         QWebEngineProfile profile;
-        QtBrowsingData browsing;
+        StoredBrowsingData browsing;
         browsing.KeepIn(folder.path());
         browsing.Clear({.siteData = true}, profile, Nobody);
     }
-    QtBrowsingData::ForgetSites(folder.path());
+    StoredBrowsingData::ForgetSites(folder.path());
     EXPECT_FALSE(files.exists(QStringLiteral("Local Storage")) || files.exists(QStringLiteral("IndexedDB")));
     EXPECT_TRUE(files.exists(QStringLiteral("Kept")));
     files.mkpath(QStringLiteral("IndexedDB"));
-    QtBrowsingData::ForgetSites(folder.path());
+    StoredBrowsingData::ForgetSites(folder.path());
     EXPECT_TRUE(files.exists(QStringLiteral("IndexedDB"))) << "once is enough";
 }
 
 TEST(SiteData, ThatIsGoneAlreadyIsNotForgottenAgainAtTheNextStart) {
     const QTemporaryDir folder;
     QWebEngineProfile profile;
-    QtBrowsingData browsing;
+    StoredBrowsingData browsing;
     browsing.KeepIn(folder.path());
     bool done = false;
     browsing.Clear({.siteData = true}, profile, [&](Cleared cleared) { done = cleared == Cleared::Yes; });
     EXPECT_FALSE(QDir(folder.path()).isEmpty());
     ASSERT_TRUE(WaitUntil([&] { return done; }));
     QDir(folder.path()).mkpath(QStringLiteral("IndexedDB"));
-    QtBrowsingData::ForgetSites(folder.path());
+    StoredBrowsingData::ForgetSites(folder.path());
     EXPECT_TRUE(QDir(folder.path()).exists(QStringLiteral("IndexedDB")));
     // The pages that did it end before their profile.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -215,7 +215,7 @@ TEST(SiteData, ThatIsGoneAlreadyIsNotForgottenAgainAtTheNextStart) {
 
 TEST(SiteData, ThatCannotBeMarkedForTheNextStartIsForgottenNowAndTheFailureCounts) {
     QWebEngineProfile profile;
-    QtBrowsingData browsing;
+    StoredBrowsingData browsing;
     browsing.KeepIn(QStringLiteral("/nowhere/engine"));
     const std::size_t before = SkippedSteps();
     std::optional<Cleared> cleared;

@@ -1,4 +1,4 @@
-// Tests: QtFrameEnds
+// Tests: FrameEnds
 //
 // When a tab turns busy and idle: as soon as a navigation is complete, also one to the address that is shown already,
 // and when the navigation of a frame ends without a document.

@@ -1,7 +1,7 @@
-// Tests: QtCertificatePage, QtCertificates
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/questions/QtCertificatePage.h"
+// Tests: CertificatePage, RefusedCertificates
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/questions/CertificatePage.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QLabel>
@@ -27,7 +27,7 @@ protected:
                                                  secure.Address(QStringLiteral("/private")).toUtf8() + "'></iframe>");
     }
 
-    [[nodiscard]] QtCertificatePage* Page() const { return desk.window.findChild<QtCertificatePage*>(); }
+    [[nodiscard]] CertificatePage* Page() const { return desk.window.findChild<CertificatePage*>(); }
 
     [[nodiscard]] bool IsExplained() const {
         return WaitUntil([&] { return Page() && Page()->isVisible() && !desk.view->Busy(); });
@@ -133,7 +133,7 @@ TEST(CertificatesOfTabs, ABackgroundTabIsMarkedAndStaysInTheBackground) {
     ResumeNext(view->Navigate(FromQt(secure.Address(QStringLiteral("/private")))));
     ASSERT_TRUE(WaitUntil([&] { return desk.main->pcPage.Find(u"Tab2")->Asks(); }));
     EXPECT_EQ(desk.main->pcPage.SelectedItem()->Key(), u"Tab1");
-    auto* page = desk.window.findChild<QtCertificatePage*>();
+    auto* page = desk.window.findChild<CertificatePage*>();
     ASSERT_NE(page, nullptr);
     EXPECT_FALSE(page->isVisible());
     desk.main->pcPage.UserClick(desk.main->pcPage.Find(u"Tab2"));

@@ -1,4 +1,4 @@
-#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 

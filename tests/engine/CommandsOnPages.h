@@ -1,6 +1,6 @@
 #pragma once
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QWebEnginePage>
@@ -17,7 +17,7 @@ protected:
         ASSERT_TRUE(WaitUntil([&] { return Enabled(tool); })) << ToUtf8(tool);
         Click(tool);
     }
-    QtBrowserView& Front() { return static_cast<QtBrowserView&>(*desk.main->Tabs().CurrentView()->Control); }
+    PageView& Front() { return static_cast<PageView&>(*desk.main->Tabs().CurrentView()->Control); }
     /// Waits for the page of that title in front; the address says what it is to show long before it shows that.
     bool WaitTitle(TextView title) {
         return WaitUntil([&] { return Front().LocationName() == title && !Front().Busy(); });

@@ -1,7 +1,7 @@
-// Tests: QtCovers, QtCrashPage, QtCrashes
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/questions/QtCrashPage.h"
+// Tests: Covers, CrashPage, Crashes
+#include "qt/questions/CrashPage.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QPushButton>
@@ -29,27 +29,27 @@ protected:
         return server.Address(kPages[host - 1], QStringLiteral("127.0.0.%1").arg(host));
     }
 
-    static bool IsLoaded(QtBrowserView& view, const char* title) {
+    static bool IsLoaded(PageView& view, const char* title) {
         return WaitUntil([&] { return view.LocationName() == FromBytes(title) && !view.Busy(); });
     }
 
-    static void Kill(QtBrowserView& view) {
+    static void Kill(PageView& view) {
         const auto process = view.Page()->renderProcessPid();
         ASSERT_GT(process, 0);
         ASSERT_EQ(::kill(static_cast<pid_t>(process), SIGKILL), 0);
     }
 
-    static bool HasDied(QtBrowserView& view) {
+    static bool HasDied(PageView& view) {
         return WaitUntil([&] { return view.CrashPage() != nullptr; });
     }
 
-    static void PressReload(QtBrowserView& view) {
+    static void PressReload(PageView& view) {
         auto* reload = view.CrashPage()->findChild<QPushButton*>(QStringLiteral("cmdReload"));
         ASSERT_TRUE(reload);
         QTest::mouseClick(reload, Qt::LeftButton);
     }
 
-    static QString Script(QtBrowserView& view, const QString& source) {
+    static QString Script(PageView& view, const QString& source) {
         QString result;
         view.Page()->runJavaScript(source, [&](const QVariant& value) { result = value.toString(); });
         EXPECT_TRUE(WaitUntil([&] { return !result.isEmpty(); }));
@@ -93,7 +93,7 @@ TEST_F(CrashPageOfOne, ComesAgainWhenThePageDiesAgain) {
     for (int times = 1; times <= 3; ++times) {
         Kill(view);
         ASSERT_TRUE(HasDied(view));
-        EXPECT_EQ(desk.window.findChildren<QtCrashPage*>().size(), 1);
+        EXPECT_EQ(desk.window.findChildren<qt::CrashPage*>().size(), 1);
         PressReload(view);
         ASSERT_TRUE(WaitUntil([&] { return server.requests.count(QStringLiteral("/one")) == times + 1; }));
         ASSERT_TRUE(IsLoaded(view, "one"));
@@ -153,7 +153,7 @@ TEST_F(CrashPageOfOne, AViewMayEndWhileItsPageIsDead) {
     ASSERT_TRUE(HasDied(desk.Real()));
     desk.Real().SetVisible(false);
     EXPECT_FALSE(desk.Real().Page());
-    EXPECT_TRUE(WaitUntil([&] { return desk.window.findChildren<QtCrashPage*>().isEmpty(); }));
+    EXPECT_TRUE(WaitUntil([&] { return desk.window.findChildren<qt::CrashPage*>().isEmpty(); }));
 }
 
 class CrashPageOfMany : public CrashPageTest {

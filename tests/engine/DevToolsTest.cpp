@@ -1,6 +1,6 @@
-// Tests: QtDevTools
-#include "qt/engine/QtBrowserView.h"
-#include "qt/page/QtDevTools.h"
+// Tests: DevTools
+#include "qt/page/DevTools.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QDockWidget>
@@ -17,7 +17,7 @@ protected:
     LocalServer m_server;
     EngineView m_page;
     QMainWindow m_window;
-    QtDevTools m_tools{m_window};
+    DevTools m_tools{m_window};
 
     void SetUp() override {
         m_server.Page(QStringLiteral("/one"), "<title>one</title>page");

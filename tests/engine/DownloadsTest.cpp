@@ -1,9 +1,9 @@
-// Tests: QtDownloads
-#include "qt/downloads/QtDownloads.h"
+// Tests: EngineDownloads
+#include "qt/downloads/EngineDownloads.h"
 
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/page/QtPageDocuments.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/page/PageDocuments.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -92,14 +92,14 @@ private:
 };
 
 /// The real engine with the list of downloads in a folder of the test's own.
-class EngineDownloads : public testing::Test {
+class EngineDownloadsTest : public testing::Test {
 protected:
-    EngineDownloads() {
+    EngineDownloadsTest() {
         desktop.List = &downloads;
         desktop.Profile = [this] { return desk.engine.Profiles().Get(); };
         desk.engine.Profiles().Made.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
         desk.engine.Told().SaveAddress.ConnectForLife(
-            [this](QtPage& page, const QUrl& address, const Text& path) { desktop.Save(page, address, path); });
+            [this](WebPage& page, const QUrl& address, const Text& path) { desktop.Save(page, address, path); });
         desktop.MaySave = [this](QWebEnginePage* page, const QUrl& address) {
             auto* view = desk.engine.ViewOf(page);
             return !view || view->Questions()->permissions.MaySave(address);
@@ -108,7 +108,7 @@ protected:
         qputenv("XDG_CONFIG_HOME", folder.Path("").c_str());
         EXPECT_EQ(desktop.Folder(), folder.PathText("got"));
     }
-    ~EngineDownloads() override {
+    ~EngineDownloadsTest() override {
         desk.view.reset();
         desktop.Shutdown();
         qputenv("XDG_CONFIG_HOME", configBefore);
@@ -139,13 +139,13 @@ protected:
 
     TemporaryFolder folder;
     LocalServer server;
-    QtDownloads desktop;
+    EngineDownloads desktop;
     Downloads downloads{desktop, {}};
     EngineView desk;
     const QByteArray configBefore = qgetenv("XDG_CONFIG_HOME");
 };
 
-TEST_F(EngineDownloads, OfAnAttachmentTakeTheNameThatTheServerSuggests) {
+TEST_F(EngineDownloadsTest, OfAnAttachmentTakeTheNameThatTheServerSuggests) {
     server.Raw(QStringLiteral("/get"), Attachment("the body", "filename=\"my report.pdf\""));
     desk.Navigate(server.Address(QStringLiteral("/get")));
     ASSERT_TRUE(WaitFor(DownloadState::Done));
@@ -154,7 +154,7 @@ TEST_F(EngineDownloads, OfAnAttachmentTakeTheNameThatTheServerSuggests) {
     EXPECT_EQ(First().Report.Total, 8);
 }
 
-TEST_F(EngineDownloads, StayInTheirFolderWhateverTheNameSays) {
+TEST_F(EngineDownloadsTest, StayInTheirFolderWhateverTheNameSays) {
     server.Raw(QStringLiteral("/get"), Attachment("x", "filename*=UTF-8''..%2F..%2F%E2%80%AEgpj.exe"));
     desk.Navigate(server.Address(QStringLiteral("/get")));
     ASSERT_TRUE(WaitFor(DownloadState::Done));
@@ -163,7 +163,7 @@ TEST_F(EngineDownloads, StayInTheirFolderWhateverTheNameSays) {
     EXPECT_EQ(Saved(), "x");
 }
 
-TEST_F(EngineDownloads, ComeFromLinksToBlobsAndDataAndOtherPages) {
+TEST_F(EngineDownloadsTest, ComeFromLinksToBlobsAndDataAndOtherPages) {
     server.Raw(QStringLiteral("/plain"), "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nContent-Length: 4\r\n\r\nhtml");
     server.Page(QStringLiteral("/page"),
                 "<a id=blob download='blob.txt'>b</a><br><a id=data download='data.txt' href='data:text/plain,hello'>d"
@@ -179,7 +179,7 @@ TEST_F(EngineDownloads, ComeFromLinksToBlobsAndDataAndOtherPages) {
     }
 }
 
-TEST_F(EngineDownloads, NeverOverwrite) {
+TEST_F(EngineDownloadsTest, NeverOverwrite) {
     server.Raw(QStringLiteral("/get"), Attachment("new", "filename=same.txt"));
     for (std::size_t count = 1; count <= 2; ++count) {
         desk.Navigate(server.Address(QStringLiteral("/get")));
@@ -188,7 +188,7 @@ TEST_F(EngineDownloads, NeverOverwrite) {
     EXPECT_NE(downloads.All()[0].Path, downloads.All()[1].Path);
 }
 
-TEST_F(EngineDownloads, ThatBreakOffSayItAndGoOnOrBeginAnew) {
+TEST_F(EngineDownloadsTest, ThatBreakOffSayItAndGoOnOrBeginAnew) {
     QByteArray body;
     for (int i = 0; i < 40000; ++i) body += QByteArray::number(i) + ',';
     BreakingServer breaking(body);
@@ -202,7 +202,7 @@ TEST_F(EngineDownloads, ThatBreakOffSayItAndGoOnOrBeginAnew) {
     EXPECT_EQ(Saved(), body);
 }
 
-TEST_F(EngineDownloads, FromAnAddressWithAUserGoOnInTheirLine) {
+TEST_F(EngineDownloadsTest, FromAnAddressWithAUserGoOnInTheirLine) {
     BreakingServer breaking("0123456789");
     desk.Navigate(breaking.Address().replace(QStringLiteral("//"), QStringLiteral("//me:word@")));
     ASSERT_TRUE(WaitFor(DownloadState::Broken));
@@ -214,7 +214,7 @@ TEST_F(EngineDownloads, FromAnAddressWithAUserGoOnInTheirLine) {
     EXPECT_EQ(Saved(), "0123456789");
 }
 
-TEST_F(EngineDownloads, ArePausedAndCancelled) {
+TEST_F(EngineDownloadsTest, ArePausedAndCancelled) {
     server.Answer(QStringLiteral("/get"), [](const QByteArray&) { return Attachment("half", "filename=x.bin", 1000); });
     desk.Navigate(server.Address(QStringLiteral("/get")));
     ASSERT_TRUE(WaitUntil([this] { return !downloads.All().empty(); }));
@@ -223,7 +223,7 @@ TEST_F(EngineDownloads, ArePausedAndCancelled) {
     EXPECT_EQ(Saved(), "(no file)");
 }
 
-TEST_F(EngineDownloads, AreFetchedAnewAfterARestart) {
+TEST_F(EngineDownloadsTest, AreFetchedAnewAfterARestart) {
     const std::int32_t id = SaveAndLose();
     downloads.Retry(id);
     ASSERT_TRUE(WaitFor(DownloadState::Done));
@@ -231,7 +231,7 @@ TEST_F(EngineDownloads, AreFetchedAnewAfterARestart) {
     EXPECT_EQ(Saved(), "again");
 }
 
-TEST_F(EngineDownloads, OfALinkGoWhereTheUserWantsThem) {
+TEST_F(EngineDownloadsTest, OfALinkGoWhereTheUserWantsThem) {
     server.Page(QStringLiteral("/page"), "<p>hello</p>");
     server.Raw(QStringLiteral("/x.html"), "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nContent-Length: 2\r\n\r\nok");
     desk.Load(server.Address(QStringLiteral("/page")));
@@ -242,7 +242,7 @@ TEST_F(EngineDownloads, OfALinkGoWhereTheUserWantsThem) {
     EXPECT_EQ(Saved(), "ok");
 }
 
-TEST_F(EngineDownloads, OfALinkThatLeadsElsewhereGoWhereTheUserWantsThem) {
+TEST_F(EngineDownloadsTest, OfALinkThatLeadsElsewhereGoWhereTheUserWantsThem) {
     server.Page(QStringLiteral("/page"), "<p>hello</p>");
     server.Redirect(QStringLiteral("/first"), QStringLiteral("/second"));
     server.Raw(QStringLiteral("/second"), Attachment("led here", "filename=theirs.bin"));
@@ -260,7 +260,7 @@ TEST_F(EngineDownloads, OfALinkThatLeadsElsewhereGoWhereTheUserWantsThem) {
     EXPECT_EQ(folder.Read("mine.bin"), "led here");
 }
 
-TEST_F(EngineDownloads, OfALinkToAnotherSiteGoWhereTheUserWantsThem) {
+TEST_F(EngineDownloadsTest, OfALinkToAnotherSiteGoWhereTheUserWantsThem) {
     LocalServer other;
     server.Page(QStringLiteral("/page"), "<p>hello</p>");
     other.Redirect(QStringLiteral("/x"), server.Address(QStringLiteral("/far")));
@@ -274,7 +274,7 @@ TEST_F(EngineDownloads, OfALinkToAnotherSiteGoWhereTheUserWantsThem) {
     EXPECT_EQ(other.requests, QStringList{QStringLiteral("/x")}) << "nothing else is asked of it";
 }
 
-TEST_F(EngineDownloads, OfALinkThatCameToNothingOverwriteNothingLater) {
+TEST_F(EngineDownloadsTest, OfALinkThatCameToNothingOverwriteNothingLater) {
     server.Page(QStringLiteral("/page"), "<p>hello</p>");
     server.Stall(QStringLiteral("/first"));
     desk.Load(server.Address(QStringLiteral("/page")));
@@ -290,7 +290,7 @@ TEST_F(EngineDownloads, OfALinkThatCameToNothingOverwriteNothingLater) {
     EXPECT_EQ(folder.Read("mine.bin"), "precious");
 }
 
-TEST_F(EngineDownloads, ThatAreFetchedAnewKeepTheirLineThroughARedirect) {
+TEST_F(EngineDownloadsTest, ThatAreFetchedAnewKeepTheirLineThroughARedirect) {
     const std::int32_t id = SaveAndLose();
     server.Redirect(QStringLiteral("/get"), QStringLiteral("/moved"));
     server.Raw(QStringLiteral("/moved"), Attachment("moved", "filename=again.txt"));
@@ -301,7 +301,7 @@ TEST_F(EngineDownloads, ThatAreFetchedAnewKeepTheirLineThroughARedirect) {
     EXPECT_EQ(Saved(), "moved");
 }
 
-TEST_F(EngineDownloads, ThatAreFetchedAnewKeepTheirLineOnTheWayToAnotherSite) {
+TEST_F(EngineDownloadsTest, ThatAreFetchedAnewKeepTheirLineOnTheWayToAnotherSite) {
     const std::int32_t id = SaveAndLose();
     LocalServer other;
     server.Redirect(QStringLiteral("/get"), other.Address(QStringLiteral("/moved")));
@@ -313,7 +313,7 @@ TEST_F(EngineDownloads, ThatAreFetchedAnewKeepTheirLineOnTheWayToAnotherSite) {
     EXPECT_EQ(Saved(), "moved far");
 }
 
-TEST_F(EngineDownloads, OfPrivatePagesAreFetchedAnewByPrivatePages) {
+TEST_F(EngineDownloadsTest, OfPrivatePagesAreFetchedAnewByPrivatePages) {
     desk.engine.Profiles().PrivateMade.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
     QByteArray cookies;
     server.Answer(QStringLiteral("/get"), [&](const QByteArray& request) {
@@ -351,12 +351,12 @@ TEST_F(EngineDownloads, OfPrivatePagesAreFetchedAnewByPrivatePages) {
     EXPECT_EQ(cookies, "");
 }
 
-TEST_F(EngineDownloads, ThatComeWhenTheirPageHasGoneAreAFewAtMost) {
+TEST_F(EngineDownloadsTest, ThatComeWhenTheirPageHasGoneAreAFewAtMost) {
     LateServer late;
     auto view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
     ResumeNext(view->Navigate(FromQt(late.Address())));
     ASSERT_TRUE(WaitUntil([&] { return late.Waiting() == 5; }));
-    const QPointer<QtPage> page = dynamic_cast<QtBrowserView&>(*view).Page();
+    const QPointer<WebPage> page = dynamic_cast<PageView&>(*view).Page();
     ASSERT_TRUE(page);
     view.reset();
     ASSERT_TRUE(WaitUntil([&] { return page.isNull(); }));
@@ -371,13 +371,13 @@ TEST_F(EngineDownloads, ThatComeWhenTheirPageHasGoneAreAFewAtMost) {
     EXPECT_EQ(downloads.All().size(), 3u);
 }
 
-TEST_F(EngineDownloads, OfAPageThatGoesWhileTheyComeDoNoHarm) {
+TEST_F(EngineDownloadsTest, OfAPageThatGoesWhileTheyComeDoNoHarm) {
     for (int round = 0; round < 20; ++round) {
         LateServer late;
         auto view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
         ResumeNext(view->Navigate(FromQt(late.Address())));
         ASSERT_TRUE(WaitUntil([&] { return late.Waiting() == 5; }));
-        const QPointer<QtPage> page = dynamic_cast<QtBrowserView&>(*view).Page();
+        const QPointer<WebPage> page = dynamic_cast<PageView&>(*view).Page();
         int asked = 0;
         QObject::connect(desk.engine.Profiles().Get(), &QWebEngineProfile::downloadRequested, &desk.window, [&] {
             if (++asked == 1 + round % 4) view.reset();
@@ -389,8 +389,8 @@ TEST_F(EngineDownloads, OfAPageThatGoesWhileTheyComeDoNoHarm) {
     SUCCEED() << "nobody has asked for a page that was there no more";
 }
 
-TEST_F(EngineDownloads, OfAPageThatHasGoneComeWhileADocumentIsAwaited) {
-    QtPageDocuments documents;
+TEST_F(EngineDownloadsTest, OfAPageThatHasGoneComeWhileADocumentIsAwaited) {
+    PageDocuments documents;
     desktop.Documents = &documents;
     const QString slow = QStringLiteral("/slow.png");
     server.Raw(slow, "HTTP/1.1 200 OK\r\nContent-Type: image/png\r\nCache-Control: no-store\r\nConnection: close\r\n"
@@ -403,7 +403,7 @@ TEST_F(EngineDownloads, OfAPageThatHasGoneComeWhileADocumentIsAwaited) {
     auto view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
     ResumeNext(view->Navigate(FromQt(late.Address())));
     ASSERT_TRUE(WaitUntil([&] { return late.Waiting() == 5; }));
-    const QPointer<QtPage> page = dynamic_cast<QtBrowserView&>(*view).Page();
+    const QPointer<WebPage> page = dynamic_cast<PageView&>(*view).Page();
     view.reset();
     ASSERT_TRUE(WaitUntil([&] { return page.isNull(); }));
     int asked = 0;
@@ -415,7 +415,7 @@ TEST_F(EngineDownloads, OfAPageThatHasGoneComeWhileADocumentIsAwaited) {
     desktop.Documents = nullptr;
 }
 
-TEST_F(EngineDownloads, ThatWereBlockedForGoodDoNotComeByAClickEither) {
+TEST_F(EngineDownloadsTest, ThatWereBlockedForGoodDoNotComeByAClickEither) {
     FakeSettings settings;
     SitePermissions kept{settings};
     kept.Remember({FromQt(server.Address({})), SitePermission::Downloads, false});
@@ -431,7 +431,7 @@ TEST_F(EngineDownloads, ThatWereBlockedForGoodDoNotComeByAClickEither) {
     EXPECT_TRUE(downloads.All().empty());
 }
 
-TEST_F(EngineDownloads, OfAPageThatSavesAndSavesWaitForItsUser) {
+TEST_F(EngineDownloadsTest, OfAPageThatSavesAndSavesWaitForItsUser) {
     server.Page(QStringLiteral("/page"),
                 "<body><script>for (let i = 0; i < 40; ++i) { const a = document.createElement('a');"
                 "a.href = 'data:text/plain,' + i; a.download = 'storm.txt'; document.body.append(a); a.click(); }"
@@ -445,7 +445,7 @@ TEST_F(EngineDownloads, OfAPageThatSavesAndSavesWaitForItsUser) {
               FromQt(QStringLiteral("127.0.0.1:%1 wants to save several files.").arg(server.serverPort())));
 }
 
-TEST_F(EngineDownloads, OfAPageThatClicksItsOwnLinksWaitForItsUser) {
+TEST_F(EngineDownloadsTest, OfAPageThatClicksItsOwnLinksWaitForItsUser) {
     QFile page(QStringLiteral(HOSTILE_PAGES "/download-storm.html"));
     ASSERT_TRUE(page.open(QFile::ReadOnly));
     server.Page(QStringLiteral("/page"), page.readAll());
@@ -470,7 +470,7 @@ TEST_F(EngineDownloads, OfAPageThatClicksItsOwnLinksWaitForItsUser) {
     EXPECT_TRUE(WaitUntil([&] { return First().Name() == u"wanted.txt"; })) << "what the user asks for comes";
 }
 
-TEST_F(EngineDownloads, ThatAPersonClicksForAreNeverAskedAbout) {
+TEST_F(EngineDownloadsTest, ThatAPersonClicksForAreNeverAskedAbout) {
     server.Raw(QStringLiteral("/get"), Attachment("x", "filename=x.txt"));
     server.Page(QStringLiteral("/page"), "<a id=kept download='y.txt' href='data:text/plain,y'>keep</a><br>"
                                          "<a id=get href='/get'>get</a>");

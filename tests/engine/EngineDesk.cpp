@@ -1,8 +1,8 @@
 #include "tests/engine/EngineDesk.h"
 
-#include "qt/base/QtAnswerGuard.h"
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
+#include "qt/base/AnswerGuard.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -27,7 +27,7 @@ bool WaitUntil(const std::function<bool()>& condition) {
 }
 
 bool TakesAnswers(const QWidget& question) {
-    const auto* guard = question.findChild<QtAnswerGuard*>();
+    const auto* guard = question.findChild<AnswerGuard*>();
     return guard && guard->Ready();
 }
 
@@ -35,7 +35,7 @@ bool WaitForAnswers(const QWidget& question) {
     return WaitUntil([&] { return TakesAnswers(question); });
 }
 
-void Settle(QtEngine&, QWebEnginePage* page) {
+void Settle(Engine&, QWebEnginePage* page) {
     bool answered = false;
     page->runJavaScript(QStringLiteral("1"), [&](const QVariant&) { answered = true; });
     EXPECT_TRUE(WaitUntil([&] { return answered; }));
@@ -109,7 +109,7 @@ EngineView::~EngineView() {
     engine.Shutdown();
 }
 
-QtBrowserView& EngineView::Real() const { return static_cast<QtBrowserView&>(*view); }
+PageView& EngineView::Real() const { return static_cast<PageView&>(*view); }
 
 void EngineView::Navigate(const QString& address) { EXPECT_EQ(view->Navigate(FromQt(address)), Outcome::Done); }
 
@@ -162,7 +162,7 @@ void EngineView::PointAt(const QString& elementId) {
 
 std::unique_ptr<BrowserView> SeenViews::Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) {
     auto view = m_engine.Create(Index, events, privacy);
-    if (view) m_made[Index] = static_cast<QtBrowserView*>(view.get());
+    if (view) m_made[Index] = static_cast<PageView*>(view.get());
     return view;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "qt/desktop/QtInstanceProfile.h"
-#include "qt/engine/QtEngine.h"
+#include "qt/desktop/InstanceProfile.h"
+#include "qt/engine/Engine.h"
 #include "tests/engine/FakeEngineHost.h"
 #include "tests/engine/LocalServer.h"
 #include "tests/fakes/FakeSurroundings.h"
@@ -22,7 +22,7 @@ bool WaitForAnswers(const QWidget& question);
 
 /// Runs events until the engine has nothing left to say about what was just done: a page that is asked to answer has
 /// answered.
-void Settle(QtEngine& engine, class QWebEnginePage* page);
+void Settle(Engine& engine, class QWebEnginePage* page);
 
 /// Writes down every event of its views, one short line each: "A 1 /page" (before a navigation), "N" (navigation
 /// complete), "D" (document complete), "E" (a frame's navigation ended without one), "T" (title), "S" and "F" (download
@@ -88,13 +88,13 @@ public:
     /// Moves the pointer there.
     void PointAt(const QString& elementId);
 
-    QtInstanceProfile ownProfile;
+    InstanceProfile ownProfile;
     QWidget window;
     FakeEngineHost host;
-    QtEngine engine;
+    Engine engine;
     EventRecorder events;
     std::unique_ptr<BrowserView> view;
-    [[nodiscard]] class QtBrowserView& Real() const;
+    [[nodiscard]] class PageView& Real() const;
 
 private:
     void WaitForPicture();
@@ -105,14 +105,14 @@ private:
 /// The engine's views as they are made, by their indexes, for tests that look into them.
 class SeenViews final : public BrowserViewFactory {
 public:
-    explicit SeenViews(QtEngine& engine) : m_engine(engine) {}
+    explicit SeenViews(Engine& engine) : m_engine(engine) {}
     std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) override;
     /// Of a view that lives.
-    [[nodiscard]] QtBrowserView& At(std::int32_t index) const { return *m_made.at(index); }
+    [[nodiscard]] PageView& At(std::int32_t index) const { return *m_made.at(index); }
 
 private:
-    QtEngine& m_engine;
-    std::map<std::int32_t, QtBrowserView*> m_made;
+    Engine& m_engine;
+    std::map<std::int32_t, PageView*> m_made;
 };
 
 /// A user at the program on the real engine; the rest of the world is faked.
@@ -121,13 +121,13 @@ public:
     EngineDesk();
     ~EngineDesk();
 
-    [[nodiscard]] QtBrowserView& View(std::int32_t index) const { return views.At(index); }
+    [[nodiscard]] PageView& View(std::int32_t index) const { return views.At(index); }
     void Open(const std::vector<QString>& addresses);
 
     QWidget window;
-    QtInstanceProfile ownProfile{{}, {}};
+    InstanceProfile ownProfile{{}, {}};
     FakeEngineHost host;
-    QtEngine engine{&window, ownProfile, host};
+    Engine engine{&window, ownProfile, host};
     SeenViews views{engine};
     std::unique_ptr<frmMain> main;
 };

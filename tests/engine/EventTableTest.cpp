@@ -1,5 +1,5 @@
-// Tests: QtBrowserView, QtLoadEnds, QtLoadEvents, QtNavigation, QtPage, QtViewPage
-#include "qt/engine/QtBrowserView.h"
+// Tests: PageView, LoadEnds, LoadEvents, Navigation, WebPage, ViewPage
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QTcpServer>
@@ -180,7 +180,7 @@ TEST_F(EventTable, ALinkThatAsksForAWindowOpensInTheSuppliedView) {
     desk.Load(server.Address(QStringLiteral("/opener")));
     desk.ClickOn(QStringLiteral("b"));
     ASSERT_TRUE(WaitUntil([&] { return its.lines.contains(QStringLiteral("T:Other")); }));
-    auto* page = static_cast<QtBrowserView&>(*supplied).Page();
+    auto* page = static_cast<PageView&>(*supplied).Page();
     QString opener;
     page->runJavaScript(QStringLiteral("window.opener ? window.opener.document.title : 'none'"),
                         [&](const QVariant& value) { opener = value.toString(); });

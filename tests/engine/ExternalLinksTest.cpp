@@ -1,7 +1,7 @@
-// Tests: QtExternalLinks, QtPersonInput
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/page/QtDialogCover.h"
+// Tests: ExternalLinks, PersonInput
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/page/DialogCover.h"
 #include "tests/engine/DesktopEntries.h"
 #include "tests/engine/EngineDesk.h"
 
@@ -54,8 +54,8 @@ protected:
                                              "<a id=none href='nobodys:thing'>three</a><p id=nothing>words</p>");
         desk.Load(server.Address(QStringLiteral("/page")));
     }
-    [[nodiscard]] QtDialogCover* Shown() const {
-        for (auto* each : desk.window.findChildren<QtDialogCover*>(QStringLiteral("externalDialog")))
+    [[nodiscard]] DialogCover* Shown() const {
+        for (auto* each : desk.window.findChildren<DialogCover*>(QStringLiteral("externalDialog")))
             if (each->isVisible()) return each;
         return nullptr;
     }

@@ -1,12 +1,12 @@
 #pragma once
-#include "qt/engine/QtEngineHost.h"
+#include "qt/engine/EngineHost.h"
 
 #include <functional>
 
 namespace tessa::qt {
 
 /// The program around the engine, as a test wants it.
-class FakeEngineHost final : public QtEngineHost {
+class FakeEngineHost final : public EngineHost {
 public:
     Text HomeAddress() override { return home; }
     std::string StartPage() override { return startPage(); }

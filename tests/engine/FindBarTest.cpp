@@ -1,7 +1,7 @@
-// Tests: QtFindBar
-#include "qt/window/QtFindBar.h"
+// Tests: FindBar
+#include "qt/window/FindBar.h"
 
-#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCheckBox>
@@ -38,7 +38,7 @@ protected:
 
     LocalServer server;
     EngineView desk;
-    QtFindBar bar{&desk.window};
+    FindBar bar{&desk.window};
     int focused = 0;
 };
 

@@ -1,5 +1,5 @@
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
-// Tests: QtProfile
-#include "qt/engine/QtBrowserView.h"
-#include "qt/engine/QtBrowsingData.h"
+// Tests: Profile
+#include "qt/engine/PageView.h"
+#include "qt/engine/StoredBrowsingData.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QDir>
@@ -35,7 +35,7 @@ TEST_F(InstanceProfileTest, AFurtherInstanceKeepsWhatPagesStoreTooApartFromTheFi
 }
 
 TEST_F(InstanceProfileTest, ClearingForgetsWhatThisInstanceKeepsAndNoOther) {
-    QtBrowsingData itsOwn;
+    StoredBrowsingData itsOwn;
     EngineView one(first), two(first);
     two.engine.Profiles().Made.ConnectForLife([&](QWebEngineProfile& made) { itsOwn.Watch(made); });
     for (EngineView* each : {&one, &two}) {

@@ -1,8 +1,8 @@
-// Tests: QtWebOptions
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/engine/QtRequests.h"
-#include "qt/engine/QtWebOptions.h"
+// Tests: WebOptions
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/engine/Requests.h"
+#include "qt/engine/WebOptions.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QNetworkProxy>
@@ -22,7 +22,7 @@ protected:
             made.setUrlRequestInterceptor(&requests);
         });
     }
-    ~InternetOptionsInEffect() override { QtWebOptions::ApplyProxy({}, nullptr); }
+    ~InternetOptionsInEffect() override { WebOptions::ApplyProxy({}, nullptr); }
 
     void SetUp() override {
         server.Answer(QStringLiteral("/page"), [this](const QByteArray& request) {
@@ -34,9 +34,9 @@ protected:
         ASSERT_NE(profile, nullptr);
     }
     void Apply(const InternetValues& values) {
-        QtWebOptions::Apply(values, *profile);
-        QtWebOptions::Apply(values, requests);
-        QtWebOptions::ApplyProxy(values, profile);
+        WebOptions::Apply(values, *profile);
+        WebOptions::Apply(values, requests);
+        WebOptions::ApplyProxy(values, profile);
     }
     /// Loads the page anew and gives the head of its request.
     QByteArray Request() {
@@ -51,7 +51,7 @@ protected:
 
     LocalServer server;
     QList<QByteArray> seen;
-    QtRequests requests{[] { return ServiceTemplates(); }};
+    Requests requests{[] { return ServiceTemplates(); }};
     QPointer<QWebEngineProfile> profile;
     EngineView desk;
 };
@@ -139,7 +139,7 @@ TEST_F(InternetOptionsInEffect, DownloadsGoWhereTheUserWants) {
     Apply({.downloadFolder = u"/tmp/some where"});
     EXPECT_EQ(profile->downloadPath(), QStringLiteral("/tmp/some where"));
     Apply({});
-    EXPECT_EQ(FromQt(profile->downloadPath()), QtWebOptions::DownloadFolder({}));
+    EXPECT_EQ(FromQt(profile->downloadPath()), WebOptions::DownloadFolder({}));
     EXPECT_FALSE(profile->downloadPath().isEmpty());
 }
 

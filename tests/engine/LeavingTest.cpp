@@ -1,6 +1,6 @@
-// Tests: QtLeaving
-#include "qt/page/QtPage.h"
-#include "qt/page/QtPageDialog.h"
+// Tests: Leaving
+#include "qt/page/PageDialog.h"
+#include "qt/page/WebPage.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>
@@ -35,8 +35,8 @@ protected:
         }));
         ASSERT_TRUE(Front().MayHold());
     }
-    [[nodiscard]] QtPageDialog* Question() {
-        for (auto* each : desk.window.findChildren<QtPageDialog*>()) {
+    [[nodiscard]] PageDialog* Question() {
+        for (auto* each : desk.window.findChildren<PageDialog*>()) {
             if (each->isVisible() && TakesAnswers(*each)) return each;
         }
         return nullptr;

@@ -1,5 +1,5 @@
-// Tests: QtLoadSwitches, QtResources
-#include "qt/engine/QtBrowserView.h"
+// Tests: LoadSwitches, Resources
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/engine/MovingPictures.h"
 
@@ -22,7 +22,7 @@ protected:
                                body);
         desk.Load(server.Address(kPage));
     }
-    void Set(const QtLoadOptions& options) { desk.engine.SetLoadOptions(options); }
+    void Set(const LoadOptions& options) { desk.engine.SetLoadOptions(options); }
     std::string Colour() {
         const QColor colour = desk.Real().Widget()->grab().toImage().pixelColor(100, 100);
         const auto strong = [](int value) { return value > 200; };

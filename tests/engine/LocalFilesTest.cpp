@@ -1,7 +1,7 @@
-// Tests: QtRequests
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/engine/QtRequests.h"
+// Tests: Requests
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/engine/Requests.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -44,7 +44,7 @@ protected:
     }
 
     TemporaryFolder sent, secret;
-    QtRequests requests{[] { return ServiceTemplates(); }};
+    Requests requests{[] { return ServiceTemplates(); }};
     EngineView desk;
 };
 
@@ -150,7 +150,7 @@ TEST(SavedPages, ShowTheirPicturesAndStyles) {
     server.Raw(QStringLiteral("/style.css"), Answered("text/css", "p { color: rgb(1, 2, 3) }"));
     server.Raw(QStringLiteral("/dot.png"), Answered("image/png", QByteArray::fromBase64(kDot)));
     TemporaryFolder folder;
-    QtRequests requests{[] { return ServiceTemplates(); }};
+    Requests requests{[] { return ServiceTemplates(); }};
     EngineView desk;
     bool saved = false;
     desk.engine.Profiles().Made.ConnectForLife([&](QWebEngineProfile& profile) {

@@ -1,8 +1,8 @@
-// Tests: QtLoginDialog, QtLogins
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/questions/QtCertificatePage.h"
-#include "qt/questions/QtLoginDialog.h"
+// Tests: LoginDialog, Logins
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/questions/CertificatePage.h"
+#include "qt/questions/LoginDialog.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>
@@ -40,8 +40,8 @@ protected:
                                                   "'></iframe>");
     }
 
-    [[nodiscard]] QtLoginDialog* Dialog() const {
-        for (auto* each : desk.window.findChildren<QtLoginDialog*>()) {
+    [[nodiscard]] LoginDialog* Dialog() const {
+        for (auto* each : desk.window.findChildren<LoginDialog*>()) {
             if (!each->isHidden()) return each;
         }
         return nullptr;
@@ -96,7 +96,7 @@ TEST_F(Logins, TheRightAnswerOpensThePage) {
 TEST_F(Logins, AWrongAnswerIsAskedAgain) {
     desk.Navigate(server.Address(kSecret));
     ASSERT_TRUE(IsAsked());
-    const QPointer<QtLoginDialog> first = Dialog();
+    const QPointer<LoginDialog> first = Dialog();
     Answer(QStringLiteral("mole"), QStringLiteral("wrong"));
     ASSERT_TRUE(WaitUntil([&] { return !first && Dialog() && !desk.view->Busy(); }));
     EXPECT_EQ(Label("lblWrong"), u"The name or the password was not accepted.");
@@ -176,7 +176,7 @@ TEST_F(Logins, ClosingTheTabEndsTheQuestion) {
     desk.Navigate(server.Address(kSecret));
     ASSERT_TRUE(IsAsked());
     desk.view.reset();
-    EXPECT_TRUE(WaitUntil([&] { return desk.window.findChild<QtLoginDialog*>() == nullptr; }));
+    EXPECT_TRUE(WaitUntil([&] { return desk.window.findChild<LoginDialog*>() == nullptr; }));
     desk.view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
 }
 
@@ -197,8 +197,8 @@ protected:
     }
     void AskByHttps() {
         desk.Navigate(both.Address(kSecret));
-        ASSERT_TRUE(WaitUntil([&] { return desk.window.findChild<QtCertificatePage*>() && !desk.view->Busy(); }));
-        desk.window.findChild<QtCertificatePage*>()->findChild<QPushButton*>(QStringLiteral("cmdGoOn"))->click();
+        ASSERT_TRUE(WaitUntil([&] { return desk.window.findChild<CertificatePage*>() && !desk.view->Busy(); }));
+        desk.window.findChild<CertificatePage*>()->findChild<QPushButton*>(QStringLiteral("cmdGoOn"))->click();
         ASSERT_TRUE(IsAsked());
     }
     /// A page without TLS has asked, and its own frame is answered by nobody but the user.
@@ -243,7 +243,7 @@ TEST(LoginsOfTabs, ABackgroundTabAsksWhenItIsSelected) {
     ResumeNext(view->Navigate(FromQt(server.Address(kSecret))));
     ASSERT_TRUE(WaitUntil([&] { return desk.main->pcPage.Find(u"Tab2")->Asks(); }));
     EXPECT_EQ(desk.main->pcPage.SelectedItem()->Key(), u"Tab1");
-    auto* dialog = desk.window.findChild<QtLoginDialog*>();
+    auto* dialog = desk.window.findChild<LoginDialog*>();
     EXPECT_FALSE(dialog->isVisible());
     desk.main->pcPage.UserClick(desk.main->pcPage.Find(u"Tab2"));
     EXPECT_TRUE(WaitUntil([&] { return dialog->isVisible(); }));

@@ -1,7 +1,7 @@
-// Tests: QtOutside
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/page/QtDialogCover.h"
+// Tests: OutsidePrograms
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/page/DialogCover.h"
 #include "tests/engine/DesktopEntries.h"
 #include "tests/engine/EngineDesk.h"
 
@@ -39,7 +39,7 @@ class NoMailProgram : public testing::TestWithParam<bool> {
 protected:
     bool IsTold() {
         return WaitUntil([this] {
-            const auto* cover = desk.window.findChild<QtDialogCover*>(QStringLiteral("externalDialog"));
+            const auto* cover = desk.window.findChild<DialogCover*>(QStringLiteral("externalDialog"));
             return cover && cover->isVisible() && cover->accessibleName() == u"No program opens this address.";
         });
     }
@@ -63,7 +63,7 @@ TEST_P(NoMailProgram, IsToldWhereALinkWasClicked) {
         desk.Load(server.Address(QStringLiteral("/page")));
         desk.ClickOn(QStringLiteral("link"));
         ASSERT_TRUE(IsTold()) << target;
-        const auto* cover = desk.window.findChild<QtDialogCover*>(QStringLiteral("externalDialog"));
+        const auto* cover = desk.window.findChild<DialogCover*>(QStringLiteral("externalDialog"));
         EXPECT_EQ(cover->findChild<QLabel*>(QStringLiteral("lblAddress"))->text(), u"mailto:a@b.example");
     }
     EXPECT_EQ(tabs, 0);
@@ -97,9 +97,9 @@ TEST(Mail, ALinkIsSentWholeWhateverThePagesTitleIs) {
 TEST(Mail, NothingIsOpenedBeforeTheEngineStarts) {
     MailProgram mail;
     QWidget window;
-    QtInstanceProfile ownProfile({}, {});
+    InstanceProfile ownProfile({}, {});
     FakeEngineHost host;
-    QtEngine engine(&window, ownProfile, host);
+    Engine engine(&window, ownProfile, host);
     EventRecorder events;
     auto view = engine.Create(1, events, Privacy::Ordinary);
     EXPECT_EQ(view->Navigate(u"mailto:a@b.example"), Outcome::Done);

@@ -1,7 +1,7 @@
-// Tests: QtMediaKeys
-#include "qt/desktop/QtMediaKeys.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/engine/QtEngine.h"
+// Tests: MediaKeys
+#include "qt/desktop/MediaKeys.h"
+#include "qt/engine/Engine.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>
@@ -19,9 +19,9 @@ constexpr auto kFilms =
     "setInterval(() => { x.fillStyle = ++n % 2 ? 'red' : 'blue'; x.fillRect(0, 0, 40, 40) }, 30);"
     "one.srcObject = two.srcObject = paper.captureStream(30); one.play()</script>";
 
-class MediaKeys : public testing::Test {
+class MediaKeysTest : public testing::Test {
 protected:
-    MediaKeys() {
+    MediaKeysTest() {
         keys.Page = [this] { return desk.engine.MediaPage(); };
         server.Page(QStringLiteral("/page"), kFilms);
         desk.Load(server.Address(QStringLiteral("/page")));
@@ -37,12 +37,12 @@ protected:
         });
     }
 
-    QtMediaKeys keys;
+    MediaKeys keys;
     LocalServer server;
     EngineView desk;
 };
 
-TEST_F(MediaKeys, PauseWhatPlaysAndLetItGoOn) {
+TEST_F(MediaKeysTest, PauseWhatPlaysAndLetItGoOn) {
     ASSERT_TRUE(Plays("one"));
     Press(Qt::Key_MediaTogglePlayPause);
     EXPECT_TRUE(Plays(""));
@@ -58,7 +58,7 @@ TEST_F(MediaKeys, PauseWhatPlaysAndLetItGoOn) {
     EXPECT_TRUE(Plays(""));
 }
 
-TEST_F(MediaKeys, DoNothingWhereNothingCanPlay) {
+TEST_F(MediaKeysTest, DoNothingWhereNothingCanPlay) {
     server.Page(QStringLiteral("/page"), "<title>words</title>");
     desk.Load(server.Address(QStringLiteral("/page")));
     Press(Qt::Key_MediaTogglePlayPause);

@@ -1,6 +1,6 @@
 #include "base/os/MemoryFiles.h"
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -46,7 +46,7 @@ protected:
         desk.Open(addresses);
     }
     /// The view of a page; the first one is of the window's own tab.
-    QtBrowserView& ViewOf(int page) { return desk.View(page + 1); }
+    PageView& ViewOf(int page) { return desk.View(page + 1); }
     int Asleep() {
         int asleep = 0;
         for (int page = 1; page <= kPages; ++page) asleep += ViewOf(page).Life() && ViewOf(page).Life()->Asleep();

@@ -1,4 +1,4 @@
-// Tests: QtNewWindows
+// Tests: NewWindows
 // Which view takes a window in that a page opens. How it comes to its page is in EventTableTest, what pages may open in
 // PermissionsTest.
 #include "tests/engine/EngineDesk.h"

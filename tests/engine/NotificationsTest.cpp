@@ -1,8 +1,8 @@
-// Tests: QtNotifications
-#include "qt/engine/QtNotifications.h"
+// Tests: Notifications
+#include "qt/engine/Notifications.h"
 
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>
@@ -59,9 +59,9 @@ private:
 namespace {
 
 /// A site that may notify, and who hears of it.
-class Notifications : public testing::Test {
+class NotificationsTest : public testing::Test {
 protected:
-    Notifications() {
+    NotificationsTest() {
         notifications.Clicked.ConnectForLife([this] { clicked = true; });
         desk.host.permissions = &kept;
         desk.engine.Profiles().Made.ConnectForLife(
@@ -73,13 +73,13 @@ protected:
     FakeSettings settings;
     SitePermissions kept{settings};
     LocalServer server;
-    QtNoticeBar bar{nullptr};
-    QtNotifications notifications{bar};
+    NoticeBar bar{nullptr};
+    Notifications notifications{bar};
     bool clicked = false;
     EngineView desk;
 };
 
-TEST_F(Notifications, ReachTheDesktopAndComeBack) {
+TEST_F(NotificationsTest, ReachTheDesktopAndComeBack) {
     NotificationDesktop desktop;
     server.Page(QStringLiteral("/page"),
                 "<script>Notification.requestPermission().then(() => {"
@@ -101,7 +101,7 @@ TEST_F(Notifications, ReachTheDesktopAndComeBack) {
     EXPECT_TRUE(WaitUntil([&] { return desktop.closed == QList<uint>{1}; }));
 }
 
-TEST_F(Notifications, AreShownInTheWindowWhereTheDesktopShowsNone) {
+TEST_F(NotificationsTest, AreShownInTheWindowWhereTheDesktopShowsNone) {
     server.Page(QStringLiteral("/page"),
                 "<script>Notification.requestPermission().then(() => {"
                 "window.kept = new Notification('Tea'); window.other = new Notification('Cake', {body: 'two'});"

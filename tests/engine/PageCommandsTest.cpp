@@ -1,4 +1,4 @@
-// Tests: QtPageTools
+// Tests: WebPageTools
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>

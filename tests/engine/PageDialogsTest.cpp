@@ -1,7 +1,7 @@
-// Tests: QtDialogScheme, QtPageDialog, QtPageDialogs
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/page/QtPageDialog.h"
+// Tests: DialogScheme, PageDialog, PageDialogCovers
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/page/PageDialog.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>
@@ -20,8 +20,8 @@ namespace tessa::qt {
 
 namespace {
 
-QtPageDialog* DialogIn(const QWidget& window) {
-    for (auto* each : window.findChildren<QtPageDialog*>()) {
+PageDialog* DialogIn(const QWidget& window) {
+    for (auto* each : window.findChildren<PageDialog*>()) {
         if (each->isVisible()) return each;
     }
     return nullptr;
@@ -42,7 +42,7 @@ public:
     }
 
     /// A dialog is seen, and takes answers.
-    Steps& WhenShown(std::function<void(QtPageDialog&)> action) {
+    Steps& WhenShown(std::function<void(PageDialog&)> action) {
         const auto shown = [this] { return DialogIn(m_window) && TakesAnswers(*DialogIn(m_window)); };
         return When(shown, [this, action] { action(*DialogIn(m_window)); });
     }
@@ -84,7 +84,7 @@ private:
 
 void Key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
 
-QString Label(const QtPageDialog& dialog, const char* name) {
+QString Label(const PageDialog& dialog, const char* name) {
     const auto* label = dialog.findChild<QLabel*>(QLatin1String(name));
     return label ? label->text() : QString();
 }
@@ -118,7 +118,7 @@ protected:
 TEST_F(PageDialogs, AnAlertIsADialogOfItsTab) {
     Run(QStringLiteral("alert('Hello\\nthere'); document.title = 'on'"));
     steps
-        .WhenShown([&](QtPageDialog& dialog) {
+        .WhenShown([&](PageDialog& dialog) {
             EXPECT_EQ(Label(dialog, "lblHeading"), QStringLiteral("127.0.0.1:%1 says:").arg(server.serverPort()));
             EXPECT_EQ(Label(dialog, "lblMessage"), u"Hello\nthere");
             EXPECT_EQ(dialog.findChild<QCheckBox*>(), nullptr) << "the first one";
@@ -133,17 +133,17 @@ TEST_F(PageDialogs, AnAlertIsADialogOfItsTab) {
 
 TEST_F(PageDialogs, AConfirmationTellsThePageWhatWasChosen) {
     Run(QStringLiteral("document.title = 'yes ' + confirm('Sure?')"));
-    steps.WhenShown([](QtPageDialog&) { Key(Qt::Key_Return); }).Take();
+    steps.WhenShown([](PageDialog&) { Key(Qt::Key_Return); }).Take();
     EXPECT_TRUE(Titled(QStringLiteral("yes true")));
     Run(QStringLiteral("document.title = 'no ' + confirm('Sure?')"));
-    steps.WhenShown([](QtPageDialog&) { Key(Qt::Key_Escape); }).Take();
+    steps.WhenShown([](PageDialog&) { Key(Qt::Key_Escape); }).Take();
     EXPECT_TRUE(Titled(QStringLiteral("no false")));
 }
 
 TEST_F(PageDialogs, APromptGivesThePageTheText) {
     Run(QStringLiteral("document.title = 'got ' + prompt('Name?', 'Ada')"));
     steps
-        .WhenShown([](QtPageDialog& dialog) {
+        .WhenShown([](PageDialog& dialog) {
             auto* text = dialog.findChild<QLineEdit*>();
             EXPECT_EQ(text->text(), u"Ada");
             QTest::keyClicks(text, QStringLiteral("Bob"));
@@ -152,7 +152,7 @@ TEST_F(PageDialogs, APromptGivesThePageTheText) {
         .Take();
     EXPECT_TRUE(Titled(QStringLiteral("got Bob")));
     Run(QStringLiteral("document.title = 'none ' + prompt('Name?')"));
-    steps.WhenShown([](QtPageDialog&) { Key(Qt::Key_Escape); }).Take();
+    steps.WhenShown([](PageDialog&) { Key(Qt::Key_Escape); }).Take();
     EXPECT_TRUE(Titled(QStringLiteral("none null")));
 }
 
@@ -196,7 +196,7 @@ TEST_F(PageDialogs, FramesOfThePageItselfSpeakForIt) {
                                            "parent.document.title = 'on'</script>\"></iframe>");
     desk.Navigate(server.Address(QStringLiteral("/framed")));
     steps
-        .WhenShown([&](QtPageDialog& dialog) {
+        .WhenShown([&](PageDialog& dialog) {
             EXPECT_EQ(Label(dialog, "lblMessage"), u"inner");
             Key(Qt::Key_Return);
         })
@@ -206,14 +206,14 @@ TEST_F(PageDialogs, FramesOfThePageItselfSpeakForIt) {
 
 TEST_F(PageDialogs, PagesWithoutAHostSpeakToo) {
     desk.Navigate(QStringLiteral("data:text/html,<script>alert('here'); document.title = 'on'</script>"));
-    steps.WhenShown([](QtPageDialog&) { Key(Qt::Key_Return); }).Take();
+    steps.WhenShown([](PageDialog&) { Key(Qt::Key_Return); }).Take();
     EXPECT_TRUE(Titled(QStringLiteral("on")));
 }
 
 TEST_F(PageDialogs, ALongMessageScrolls) {
     Run(QStringLiteral("alert('word '.repeat(100000)); document.title = 'on'"));
     steps
-        .WhenShown([&](QtPageDialog& dialog) {
+        .WhenShown([&](PageDialog& dialog) {
             EXPECT_LT(dialog.childrenRect().height(), desk.window.height());
             EXPECT_NE(dialog.findChild<QWidget*>(QStringLiteral("txtMessage")), nullptr);
             Key(Qt::Key_Escape);
@@ -230,7 +230,7 @@ TEST_F(PageDialogs, LeavingAPageWithInputAsksFirst) {
     ASSERT_TRUE(WaitUntil([&] { return desk.Script(QStringLiteral("document.activeElement.value")) == u"a"; }));
     desk.Navigate(server.Address(QStringLiteral("/page")));
     steps
-        .WhenShown([](QtPageDialog& dialog) {
+        .WhenShown([](PageDialog& dialog) {
             EXPECT_TRUE(Label(dialog, "lblHeading").startsWith(u"Leave this page"));
             Key(Qt::Key_Escape);
         })
@@ -239,7 +239,7 @@ TEST_F(PageDialogs, LeavingAPageWithInputAsksFirst) {
     desk.events.Take();
     desk.Navigate(server.Address(QStringLiteral("/page")));
     steps
-        .WhenShown([](QtPageDialog& dialog) {
+        .WhenShown([](PageDialog& dialog) {
             auto* leave = dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"));
             EXPECT_FALSE(leave->isDefault()) << "Enter stays";
             leave->click();
@@ -251,11 +251,11 @@ TEST_F(PageDialogs, LeavingAPageWithInputAsksFirst) {
 TEST_F(PageDialogs, FromTheSecondOnABoxSilencesThePage) {
     Run(QStringLiteral("for (let i = 0; i < 10000; ++i) alert(i); document.title = 'through ' + confirm('?')"));
     steps
-        .WhenShown([](QtPageDialog& dialog) {
+        .WhenShown([](PageDialog& dialog) {
             EXPECT_EQ(dialog.findChild<QCheckBox*>(), nullptr);
             Key(Qt::Key_Return);
         })
-        .WhenShown([](QtPageDialog& dialog) {
+        .WhenShown([](PageDialog& dialog) {
             auto* box = dialog.findChild<QCheckBox*>();
             ASSERT_NE(box, nullptr);
             box->click();
@@ -269,13 +269,13 @@ TEST_F(PageDialogs, FromTheSecondOnABoxSilencesThePage) {
 TEST_F(PageDialogs, APageThatLoadsItselfAnewStaysOneThatCanBeSilenced) {
     desk.Navigate(server.Address(QStringLiteral("/self")));
     int boxes = 0;
-    const auto answer = [&boxes](QtPageDialog& dialog) {
+    const auto answer = [&boxes](PageDialog& dialog) {
         boxes += dialog.findChild<QCheckBox*>() ? 1 : 0;
         Key(Qt::Key_Return);
     };
     steps.WhenShown(answer).WhenShown(answer).WhenShown(answer);
     steps
-        .WhenShown([&](QtPageDialog& dialog) {
+        .WhenShown([&](PageDialog& dialog) {
             EXPECT_EQ(boxes, 2) << "all but the first";
             dialog.findChild<QCheckBox*>()->click();
             Key(Qt::Key_Return);
@@ -291,13 +291,13 @@ TEST_F(PageDialogs, AMenuOpensWhileTheDialogIsShown) {
     QMenu menu(&desk.window);
     bool chosen = false;
     menu.addAction(QStringLiteral("Choose"), &menu, [&chosen] { chosen = true; });
-    steps.WhenShown([&](QtPageDialog&) { menu.popup(desk.window.mapToGlobal(QPoint(10, 10))); });
+    steps.WhenShown([&](PageDialog&) { menu.popup(desk.window.mapToGlobal(QPoint(10, 10))); });
     steps.When([&] { return menu.isVisible(); },
                [&] {
                    QTest::keyClick(&menu, Qt::Key_Down);
                    QTest::keyClick(&menu, Qt::Key_Return);
                });
-    steps.WhenShown([&](QtPageDialog& dialog) {
+    steps.WhenShown([&](PageDialog& dialog) {
         EXPECT_TRUE(chosen);
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
@@ -339,7 +339,7 @@ TEST_F(DialogsOfTabs, ABackgroundTabIsMarkedAndDoesNotComeToTheFront) {
         EXPECT_EQ(DialogIn(desk.window), nullptr);
         Select(u"Tab2");
     });
-    steps.WhenShown([](QtPageDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+    steps.WhenShown([](PageDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
     steps.Take();
     EXPECT_TRUE(Titled(u"Tab2", u"Went on"));
     EXPECT_FALSE(TabOf(u"Tab2")->Asks());
@@ -355,12 +355,12 @@ TEST_F(DialogsOfTabs, OtherTabsLoadWhileOneAsks) {
 
 TEST_F(DialogsOfTabs, ATabWhoseDialogIsOpenCanBeClosed) {
     OpenBehind(QStringLiteral("/storm"));
-    QPointer<QtPage> page;
+    QPointer<WebPage> page;
     steps.When(Asks(u"Tab2"), [&] {
         page = desk.View(2).Page();
         Select(u"Tab2");
     });
-    steps.WhenShown([&](QtPageDialog&) { desk.main->CloseBrowserTab(2); });
+    steps.WhenShown([&](PageDialog&) { desk.main->CloseBrowserTab(2); });
     steps.Take();
     EXPECT_EQ(TabOf(u"Tab2"), nullptr);
     EXPECT_TRUE(WaitUntil([&] { return page.isNull(); })) << "it ends once its dialog has returned";
@@ -373,9 +373,9 @@ TEST_F(DialogsOfTabs, TwoDialogsAreAnsweredInAnyOrder) {
     OpenBehind(QStringLiteral("/asks"));
     steps.When(Asks(u"Tab2"), [&] { OpenBehind(QStringLiteral("/asks")); });
     steps.When(Asks(u"Tab3"), [&] { Select(u"Tab2"); });
-    steps.WhenShown([](QtPageDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+    steps.WhenShown([](PageDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
     steps.When([&] { return DialogIn(desk.window) == nullptr; }, [&] { Select(u"Tab3"); });
-    steps.WhenShown([](QtPageDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+    steps.WhenShown([](PageDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
     steps.Take();
     EXPECT_TRUE(Titled(u"Tab2", u"Went on"));
     EXPECT_TRUE(Titled(u"Tab3", u"Went on"));

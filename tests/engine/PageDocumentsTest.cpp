@@ -1,7 +1,7 @@
-// Tests: QtPageDocuments, QtPageOutput
-#include "qt/base/QtText.h"
-#include "qt/downloads/QtDownloads.h"
-#include "qt/engine/QtBrowserView.h"
+// Tests: PageDocuments, PageOutput
+#include "qt/base/Strings.h"
+#include "qt/downloads/EngineDownloads.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/CommandsOnPages.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -120,7 +120,7 @@ protected:
 
     const QByteArray pdf = RedPdf();
     QTemporaryDir folder;
-    QtDownloads desktop;
+    EngineDownloads desktop;
     Downloads downloads{desktop, {}};
 };
 

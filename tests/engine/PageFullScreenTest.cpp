@@ -1,6 +1,6 @@
-// Tests: QtPageFullScreen, QtPageSurface
-#include "qt/engine/QtBrowserView.h"
-#include "qt/engine/QtEngine.h"
+// Tests: PageFullScreen, PageSurface
+#include "qt/engine/Engine.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>

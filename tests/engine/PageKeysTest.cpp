@@ -1,4 +1,4 @@
-#include "qt/base/QtKeys.h"
+#include "qt/base/KeyFilter.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>
@@ -50,7 +50,7 @@ protected:
     }
 
     std::string focused;
-    QtKeys keys{desk.window};
+    KeyFilter keys{desk.window};
     Connection view;
 };
 

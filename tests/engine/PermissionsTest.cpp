@@ -1,6 +1,6 @@
-// Tests: QtPermissions
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
+// Tests: Permissions
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>
@@ -27,7 +27,7 @@ protected:
         return WaitUntil([this] { return Questions().Current() != nullptr; });
     }
     [[nodiscard]] Text Site() const { return FromQt(server.Address({}, QStringLiteral("localhost"))); }
-    [[nodiscard]] QtQuestionBar& Bar() { return *desk.Real().Questions()->bar; }
+    [[nodiscard]] QuestionBar& Bar() { return *desk.Real().Questions()->bar; }
     bool WaitForTitle(const QString& title) {
         return WaitUntil([&] { return desk.Real().Page()->title() == title; });
     }

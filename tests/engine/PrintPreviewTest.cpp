@@ -1,9 +1,9 @@
-// Tests: QtPagePrinting, QtPreviewBar
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/engine/QtEngine.h"
-#include "qt/page/QtPreviewBar.h"
-#include "qt/page/QtStartPage.h"
+// Tests: PagePrinting, PreviewBar
+#include "qt/base/Strings.h"
+#include "qt/engine/Engine.h"
+#include "qt/engine/PageView.h"
+#include "qt/page/PreviewBar.h"
+#include "qt/page/StartPageScheme.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QImage>
@@ -15,7 +15,7 @@ namespace tessa::qt {
 namespace {
 
 /// Whether a view shows a red sheet of paper, and the dark bar of the viewer above it.
-bool ShowsRedPaper(QtBrowserView& view) {
+bool ShowsRedPaper(PageView& view) {
     const QImage picture = view.Widget()->grab().toImage();
     if (picture.isNull()) return false;
     return picture.pixelColor(picture.rect().center()) == QColor(Qt::red) && qGray(picture.pixel(5, 5)) < 100;
@@ -32,7 +32,7 @@ protected:
     bool Opened(std::int32_t index) {
         return WaitUntil([&] {
             return desk.main->Tabs().OpenView(index) &&
-                   QtStartPage::IsOwn(QUrl(ToQt(desk.View(index).LocationURL()))) && desk.View(index).Widget() &&
+                   StartPageScheme::IsOwn(QUrl(ToQt(desk.View(index).LocationURL()))) && desk.View(index).Widget() &&
                    !desk.View(index).Busy();
         });
     }
@@ -59,7 +59,7 @@ TEST_F(PrintPreview, ShowsThePaperInATabInFront) {
 TEST_F(PrintPreview, HasABarThatPrintsOrClosesIt) {
     Preview();
     ASSERT_TRUE(Opened(3));
-    const auto bar = [this] { return desk.View(3).Widget()->parentWidget()->findChild<QtPreviewBar*>(); };
+    const auto bar = [this] { return desk.View(3).Widget()->parentWidget()->findChild<PreviewBar*>(); };
     ASSERT_TRUE(WaitUntil([&] { return bar() && bar()->isVisible(); }));
     EXPECT_EQ(bar()->geometry().bottom() + 1, desk.View(3).Widget()->geometry().top());
     desk.main->pcPage.UserClick(desk.main->pcPage.FindAt(desk.main->pcPage.Count() - 1));
@@ -75,7 +75,7 @@ TEST_F(PrintPreview, LosesItsBarWhenAnotherPageTakesItsPlace) {
     ASSERT_TRUE(Opened(3));
     ResumeNext(desk.View(3).Navigate(FromQt(server.Address(QStringLiteral("/page")))));
     ASSERT_TRUE(WaitUntil([this] { return desk.View(3).LocationName() == u"A page"; }));
-    const auto* bar = desk.View(3).Widget()->parentWidget()->findChild<QtPreviewBar*>();
+    const auto* bar = desk.View(3).Widget()->parentWidget()->findChild<PreviewBar*>();
     EXPECT_TRUE(!bar || !bar->isVisible());
 }
 

@@ -1,4 +1,4 @@
-#include "qt/engine/QtBrowserView.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QApplication>
@@ -95,7 +95,7 @@ TEST_F(PrintedWindows, OfAnotherSiteHaveNoClickOfTheirOwn) {
     const QByteArray other = server.Address(QStringLiteral("/receipt"), QStringLiteral("localhost")).toUtf8();
     Open("window.open(`" + other + "`)", true);
     ASSERT_TRUE(WaitUntil([this] { return opened->LocationName() == u"receipt" && !opened->Busy(); }));
-    Settle(desk.engine, static_cast<QtBrowserView&>(*opened).Page());
+    Settle(desk.engine, static_cast<PageView&>(*opened).Page());
     EXPECT_EQ(dialogs, 0);
 }
 

@@ -1,6 +1,6 @@
-// Tests: QtProfile, QtProfiles
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
+// Tests: Profile, Profiles
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QWebEngineProfile>

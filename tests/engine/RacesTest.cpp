@@ -1,8 +1,8 @@
 // Tabs that open, close, load, reload, stop and die in quick succession, while events of all that are still on their
 // way: whatever comes late finds nothing, and what is left works.
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/page/QtPageDialog.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
+#include "qt/page/PageDialog.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>
@@ -38,7 +38,7 @@ protected:
     /// When the engine itself shows what a page says, everything waits for the user, this test too.
     void AnswerIfAllWait() {
         if (std::exchange(m_seen, m_steps) != m_steps) return;
-        for (auto* dialog : desk.window.findChildren<QtPageDialog*>())
+        for (auto* dialog : desk.window.findChildren<PageDialog*>())
             if (dialog->isVisible() && dialog->Accepted.HasListeners()) return dialog->Accepted();
     }
 
@@ -68,7 +68,7 @@ protected:
     }
 
     void Die() {
-        auto& view = static_cast<QtBrowserView&>(AnyView());
+        auto& view = static_cast<PageView&>(AnyView());
         const auto process = view.Page() ? view.Page()->renderProcessPid() : 0;
         if (process > 0) ::kill(static_cast<pid_t>(process), SIGKILL);
     }

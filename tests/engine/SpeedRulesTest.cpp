@@ -1,6 +1,6 @@
-// Tests: QtEngine, QtParkedSize
-#include "qt/base/QtText.h"
-#include "qt/engine/QtBrowserView.h"
+// Tests: Engine, ParkedSize
+#include "qt/base/Strings.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QCoreApplication>
@@ -24,9 +24,9 @@ std::vector<QString> Pages(LocalServer& server, int count) {
 
 TEST(SpeedRules, AViewCostsNothingBeforeTheEngineStarts) {
     QWidget window;
-    QtInstanceProfile ownProfile({}, {});
+    InstanceProfile ownProfile({}, {});
     FakeEngineHost host;
-    QtEngine engine(&window, ownProfile, host);
+    Engine engine(&window, ownProfile, host);
     EventRecorder events;
     const auto view = engine.Create(1, events, Privacy::Ordinary);
     EXPECT_EQ(view->Navigate(u"http://127.0.0.1:1/"), Outcome::Done);

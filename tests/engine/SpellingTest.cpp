@@ -1,6 +1,6 @@
-// Tests: QtDictionaries
-#include "qt/engine/QtBrowserView.h"
-#include "qt/engine/QtDictionaries.h"
+// Tests: Dictionaries
+#include "qt/engine/Dictionaries.h"
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -23,8 +23,8 @@ protected:
         folder.Write("hunspell/fr_FR.aff", "SET UTF-8\n");
         folder.Write("hunspell/fr_FR.dic", "1\nmot\n");
     }
-    [[nodiscard]] QtDictionaries::Places Places() const {
-        QtDictionaries::Places places = QtDictionaries::OfThisComputer({});
+    [[nodiscard]] Dictionaries::Places Places() const {
+        Dictionaries::Places places = Dictionaries::OfThisComputer({});
         places.ready.clear();
         places.hunspell = QStringList{QString::fromStdString(folder.Path("hunspell"))};
         // The engine looks for the folder once in a run.
@@ -36,7 +36,7 @@ protected:
 };
 
 TEST_F(Spelling, AMisspelledWordIsToldWithWhatWasMeant) {
-    QtDictionaries dictionaries(Places());
+    Dictionaries dictionaries(Places());
     ASSERT_TRUE(WaitUntil([&] { return dictionaries.Names() == QStringList{QStringLiteral("en_US")}; }));
     LocalServer server;
     server.Page(QStringLiteral("/page"), "<p>words</p><input id=field spellcheck=true style='width: 60px'>");
@@ -62,7 +62,7 @@ TEST_F(Spelling, AMisspelledWordIsToldWithWhatWasMeant) {
 TEST_F(Spelling, WithoutADictionaryOfTheUsersLanguagesNothingIsChecked) {
     auto places = Places();
     places.languages = QStringList{QStringLiteral("tlh")};
-    const QtDictionaries dictionaries(places);
+    const Dictionaries dictionaries(places);
     EXPECT_TRUE(dictionaries.Names().isEmpty());
 }
 
@@ -70,7 +70,7 @@ TEST_F(Spelling, WithoutTheEnginesToolNothingIsChecked) {
     auto places = Places();
     places.kept = QString::fromStdString(folder.Path("other"));
     places.converter = QStringLiteral("/no/such/tool");
-    const QtDictionaries dictionaries(places);
+    const Dictionaries dictionaries(places);
     QCoreApplication::processEvents();
     EXPECT_TRUE(dictionaries.Names().isEmpty());
     EXPECT_TRUE(QDir(places.kept).isEmpty());
@@ -83,7 +83,7 @@ TEST_F(Spelling, WhatTheEngineCanReadIsTakenAsItIs) {
     auto places = Places();
     places.ready = QStringList{QString::fromStdString(folder.Path("nowhere")), QString::fromStdString(folder.Path(""))};
     places.languages = QStringList{QStringLiteral("de-DE"), QStringLiteral("de"), QStringLiteral("en-US")};
-    const QtDictionaries dictionaries(places);
+    const Dictionaries dictionaries(places);
     EXPECT_EQ(dictionaries.Names(), (QStringList{QStringLiteral("de_AT"), QStringLiteral("en_US")}));
     qputenv("QTWEBENGINE_DICTIONARIES_PATH", before);
 }

@@ -1,7 +1,7 @@
-// Tests: QtStartPage
-#include "qt/engine/QtBrowserView.h"
-#include "qt/page/QtPage.h"
-#include "qt/page/QtStartPage.h"
+// Tests: StartPageScheme
+#include "qt/engine/PageView.h"
+#include "qt/page/StartPageScheme.h"
+#include "qt/page/WebPage.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QGuiApplication>
@@ -124,9 +124,9 @@ TEST_F(StartPageAccess, AWindowOfAWebPageCannotGoThereEither) {
     // The last of them at least, which began elsewhere.
     EXPECT_TRUE(WaitUntil([&] { return !windows.empty(); }));
     for (const auto& each : windows) {
-        auto* page = static_cast<QtBrowserView&>(*each).Page();
+        auto* page = static_cast<PageView&>(*each).Page();
         Settle(m_view.engine, page);
-        EXPECT_FALSE(QtStartPage::IsOwn(page->url())) << page->url().toString().toStdString();
+        EXPECT_FALSE(StartPageScheme::IsOwn(page->url())) << page->url().toString().toStdString();
         EXPECT_EQ(page->title().indexOf(QStringLiteral("TessaView")), -1);
     }
     EXPECT_EQ(m_asked, 0);

@@ -1,5 +1,5 @@
-// Tests: QtRequests
-#include "qt/engine/QtRequests.h"
+// Tests: Requests
+#include "qt/engine/Requests.h"
 #include "startpage/StartPage.h"
 #include "tests/engine/CommandsOnPages.h"
 
@@ -33,7 +33,7 @@ protected:
     /// Clicks a tool that opens a tab, and waits until its page is shown there.
     void OpensInFront(TextView tool, TextView title) {
         const auto before = Tabs();
-        const QtBrowserView* old = &Front();
+        const PageView* old = &Front();
         Click(tool);
         EXPECT_EQ(Tabs(), before + 1) << ToUtf8(tool);
         EXPECT_NE(&Front(), old) << ToUtf8(tool);
@@ -48,7 +48,7 @@ protected:
     }
 
     int loads = 0;
-    QtRequests requests{[this] {
+    Requests requests{[this] {
         return ServiceTemplates{.search = FromQt(server.Address(QStringLiteral("/find?q=%s"))), .shop = {}, .find = {}};
     }};
 };

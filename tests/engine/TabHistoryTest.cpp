@@ -1,5 +1,5 @@
-// Tests: QtPageHistory
-#include "qt/engine/QtBrowserView.h"
+// Tests: PageHistory
+#include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QWebEngineHistory>

@@ -1,8 +1,8 @@
-// Tests: QtPageLife
-#include "qt/base/QtText.h"
-#include "qt/downloads/QtDownloads.h"
-#include "qt/engine/QtBrowserView.h"
-#include "qt/questions/QtCrashPage.h"
+// Tests: WebPageLife
+#include "qt/base/Strings.h"
+#include "qt/downloads/EngineDownloads.h"
+#include "qt/engine/PageView.h"
+#include "qt/questions/CrashPage.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QPushButton>
@@ -89,7 +89,7 @@ protected:
     bool HoldsInput(bool expected) {
         return WaitUntil([&] { return View().Life()->Activity().HoldsInput == expected; });
     }
-    QtBrowserView& View() { return desk.View(2); }
+    PageView& View() { return desk.View(2); }
 
     LocalServer server;
     EngineDesk desk;
@@ -300,7 +300,7 @@ TEST_F(SleepingTabs, SleepWhenTheirDownloadWasRefused) {
                                         "Content-Length: 100000\r\n\r\nonly a part");
     server.Page(QStringLiteral("/page"), "<title>page</title><a id=link href='/file'>file</a>");
     Load(QStringLiteral("/page"));
-    QtDownloads refusing;
+    EngineDownloads refusing;
     refusing.Follow(*View().Page()->profile());
     bool refused = false;
     QObject::connect(View().Page()->profile(), &QWebEngineProfile::downloadRequested, &desk.window,

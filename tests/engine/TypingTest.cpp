@@ -1,6 +1,6 @@
-// Tests: QtTyping
+// Tests: Typing
+#include "qt/base/Typing.h"
 #include "base/OwnAddresses.h"
-#include "qt/base/QtTyping.h"
 #include "tests/engine/CommandsOnPages.h"
 
 #include <QApplication>
@@ -43,7 +43,7 @@ protected:
     }
 
     QLineEdit box{QStringLiteral("about:blank"), &desk.window};
-    QtTyping typing{desk.window};
+    Typing typing{desk.window};
     Connection view;
 };
 

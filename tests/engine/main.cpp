@@ -1,5 +1,5 @@
-#include "qt/page/QtDialogScheme.h"
-#include "qt/page/QtStartPage.h"
+#include "qt/page/DialogScheme.h"
+#include "qt/page/StartPageScheme.h"
 
 #include <QApplication>
 #include <QQuickWindow>
@@ -17,8 +17,8 @@ int main(int argc, char** argv) {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS",
             qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") + " --use-fake-device-for-media-stream");
     ::testing::InitGoogleTest(&argc, argv);
-    QtStartPage::RegisterScheme();
-    QtDialogScheme::RegisterScheme();
+    StartPageScheme::RegisterScheme();
+    DialogScheme::RegisterScheme();
     QApplication application(argc, argv);
     // As the program draws where there is no graphics processor, which is where tests run.
     if (qgetenv("TESSAVIEW_DRAWING") != "hardware") QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));

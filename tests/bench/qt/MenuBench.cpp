@@ -1,4 +1,4 @@
-#include "qt/bar/QtCommandBar.h"
+#include "qt/bar/CommandBarView.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -29,7 +29,7 @@ struct Desk {
         bar.AddBand(u"bndMenu", u"Menu Bar", BandKind::MenuBar)->Append(bar.Share(u"mnuFavorites"));
         bar.AddBand(u"bndGo", u"Go", BandKind::Toolbar)->Append(bar.Share(u"mnuRefresh"));
         bar.AddBand(u"bndFavorites", u"Favorites", BandKind::Menu);
-        shown = std::make_unique<QtCommandBar>(bar, window);
+        shown = std::make_unique<CommandBarView>(bar, window);
         window.setCentralWidget(new QWidget);
         window.resize(900, 500);
         window.show();
@@ -40,7 +40,7 @@ struct Desk {
 
     CommandBar bar;
     QMainWindow window;
-    std::unique_ptr<QtCommandBar> shown;
+    std::unique_ptr<CommandBarView> shown;
 };
 
 void BuildTheMenu(benchmark::State& state) {

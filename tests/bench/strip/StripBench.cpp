@@ -1,6 +1,6 @@
 // The tab strip with 500 tabs: what each thing that a person or a page does to it costs, from the model to the painted
 // row. A frame has 16 ms.
-#include "qt/strip/QtTabStrip.h"
+#include "qt/strip/TabStripView.h"
 
 #include <QApplication>
 #include <benchmark/benchmark.h>
@@ -34,7 +34,7 @@ public:
     TabStrip model;
 
 private:
-    QtTabStrip m_widget{model};
+    TabStripView m_widget{model};
     std::int32_t m_last = 0;
 };
 

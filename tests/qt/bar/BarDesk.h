@@ -1,6 +1,6 @@
 #pragma once
-#include "qt/bar/QtComboBox.h"
-#include "qt/bar/QtCommandBar.h"
+#include "qt/bar/ComboBox.h"
+#include "qt/bar/CommandBarView.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -36,7 +36,7 @@ protected:
     void ShowWindow(int width = 900) {
         bar.Click.ConnectForLife([this](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; });
         bar.MouseOver.ConnectForLife([this](const Tool* tool) { pointed = tool ? ToUtf8(tool->Name()) : ""; });
-        shown = std::make_unique<QtCommandBar>(bar, window);
+        shown = std::make_unique<CommandBarView>(bar, window);
         window.setCentralWidget(new QWidget);
         window.resize(width, 400);
         window.show();
@@ -44,7 +44,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
-    QtComboBox& Box(TextView name) { return *shown->Box(name); }
+    ComboBox& Box(TextView name) { return *shown->Box(name); }
     QLineEdit& Field(TextView name) { return *Box(name).lineEdit(); }
     QToolBar& ToolBarOf(TextView band) { return *shown->ToolBar(band); }
 
@@ -52,7 +52,7 @@ protected:
     std::string clicked, pointed;
     CommandBar bar;
     QMainWindow window;
-    std::unique_ptr<QtCommandBar> shown;
+    std::unique_ptr<CommandBarView> shown;
     std::int32_t lastId = 0;
 };
 

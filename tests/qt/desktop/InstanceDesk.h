@@ -1,5 +1,5 @@
 #pragma once
-#include "qt/desktop/QtInstanceChannel.h"
+#include "qt/desktop/SocketInstanceChannel.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -34,7 +34,7 @@ struct Start {
 };
 
 inline Start StartIn(const QString& stateFolder, int patience = 10000, const Text& text = u"http://a.example/") {
-    QtInstanceChannel channel(stateFolder, patience);
+    SocketInstanceChannel channel(stateFolder, patience);
     EXPECT_EQ(channel.RegisterMessage(kName), Outcome::Done);
     Start start;
     start.running = channel.PreviousInstance(Instances::One);
@@ -49,7 +49,7 @@ protected:
     InstanceDesk() { qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_runtime.path())); }
 
     /// Makes `channel` the running instance.
-    void Run(QtInstanceChannel& channel) {
+    void Run(SocketInstanceChannel& channel) {
         ASSERT_EQ(channel.RegisterMessage(kName), Outcome::Done);
         ASSERT_FALSE(channel.PreviousInstance(Instances::One));
         m_listening += channel.Message.Connect([this](const Text& text) {

@@ -1,0 +1,19 @@
+#pragma once
+#include <QColor>
+#include <QPalette>
+
+namespace tessa::qt {
+
+/// What the desktop's colours mean for what the program paints itself.
+namespace Palette {
+
+/// Whether windows are dark.
+[[nodiscard]] bool IsDark(const QPalette& palette);
+/// A colour on the way from one to another: `share` of the way, from 0 to 1.
+[[nodiscard]] QColor Mix(const QColor& from, const QColor& to, double share);
+/// Gives hints in empty boxes a colour that can be read, where a desktop's dark colours have left them dark.
+[[nodiscard]] QPalette Mended(QPalette palette);
+
+} // namespace Palette
+
+} // namespace tessa::qt

@@ -1,0 +1,16 @@
+#pragma once
+#include <QtGlobal>
+
+namespace tessa::qt {
+
+/// While it lives, a start that Qt gives up ends the process with a clear message and the exit code 1, in place of a
+/// crash. Qt does so when the display does not answer, or cannot show windows.
+class StartFailure {
+public:
+    StartFailure();
+    ~StartFailure();
+    StartFailure(const StartFailure&) = delete;
+    StartFailure& operator=(const StartFailure&) = delete;
+};
+
+} // namespace tessa::qt

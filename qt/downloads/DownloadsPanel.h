@@ -1,0 +1,51 @@
+#pragma once
+#include "base/Signal.h"
+#include "downloads/frmDownloads.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+class QDockWidget;
+class QGridLayout;
+class QMainWindow;
+
+namespace tessa::qt {
+
+/// The pane of the window that shows the downloads. It takes at most a quarter of the window until its user drags it
+/// wider. It costs nothing while it is hidden.
+class DownloadsPanel final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both outlive it.
+    DownloadsPanel(frmDownloads& form, QMainWindow& window);
+    ~DownloadsPanel() override;
+
+    /// Gives the keyboard back to the page.
+    Signal<void()> FocusPage;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Open();
+    void Close();
+    [[nodiscard]] QWidget* Contents();
+    void AddButtons(QWidget& contents);
+    void LayButtons();
+    void Fit();
+    bool OnWindow(const QEvent& event);
+
+    frmDownloads& m_form;
+    QMainWindow& m_window;
+    QPointer<QDockWidget> m_pane;
+    QPointer<QGridLayout> m_buttons;
+    QTimer m_refresh;
+    int m_columns = 0;
+    int m_width = 0;      ///< in pixels, as the user has dragged it; 0 for never
+    bool m_drags = false; ///< a border between panes is being dragged
+    Connections m_connections;
+};
+
+} // namespace tessa::qt

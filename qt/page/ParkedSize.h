@@ -1,0 +1,16 @@
+#pragma once
+
+class QWidget;
+
+namespace tessa::qt {
+
+/// A page that loads behind the front is laid out as if it were shown.
+namespace ParkedSize {
+
+/// Gives what the engine puts into the view the view's size while the view is hidden. Else a hidden widget is told its
+/// size only when it is shown, and with engines from 6.9 its page is 0 pixels wide until then.
+void Follow(QWidget& view);
+
+} // namespace ParkedSize
+
+} // namespace tessa::qt

@@ -1,0 +1,271 @@
+#include "qt/page/WebPage.h"
+
+#include "pages/ExternalSchemes.h"
+#include "qt/base/Strings.h"
+#include "qt/page/MailLinks.h"
+#include "qt/page/StartPageScheme.h"
+#include "startpage/OwnAccess.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
+#include <QWebEngineScript>
+#include <QWebEngineSettings>
+#include <chrono>
+#include <memory>
+#include <optional>
+
+namespace tessa::qt {
+
+namespace {
+constexpr std::chrono::seconds kCopyTime{1};
+
+NavigationCause CauseOf(QWebEnginePage::NavigationType type) {
+    switch (type) {
+    case QWebEnginePage::NavigationTypeTyped:
+        return NavigationCause::Typed;
+    case QWebEnginePage::NavigationTypeBackForward:
+        return NavigationCause::History;
+    case QWebEnginePage::NavigationTypeReload:
+        return NavigationCause::Reload;
+    case QWebEnginePage::NavigationTypeLinkClicked:
+        return NavigationCause::Link;
+    case QWebEnginePage::NavigationTypeFormSubmitted:
+        return NavigationCause::Form;
+    default:
+        return NavigationCause::Other;
+    }
+}
+
+} // namespace
+
+WebPage::WebPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(profile), m_token(std::move(token)) {
+    connect(this, &QWebEnginePage::urlChanged, this, &WebPage::OnAddress);
+    connect(this, &QWebEnginePage::loadStarted, this, [this] { m_loading = true; });
+    connect(this, &QWebEnginePage::loadingChanged, this, &WebPage::OnLoading);
+    connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] {
+        m_input.clear();
+        m_texts.clear();
+        m_loading = false;
+    });
+    m_mayCopy.setSingleShot(true);
+    m_mayCopy.setInterval(kCopyTime);
+    m_mayCopy.callOnTimeout(this,
+                            [this] { settings()->resetAttribute(QWebEngineSettings::JavascriptCanAccessClipboard); });
+}
+
+// The engine does not ask about the clipboard, it goes by a switch: so a page may write to it when its user has just
+// done something in it, and never reads it.
+void WebPage::NotePerson() {
+    m_personWasHere = true;
+    m_person.Make();
+    m_actedFrame.clear(); // a frame reports itself
+    if (!m_mayCopy.isActive()) settings()->setAttribute(QWebEngineSettings::JavascriptCanAccessClipboard, true);
+    m_mayCopy.start();
+}
+
+bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
+    if (url.scheme() == QLatin1String(StartPageScheme::Scheme()) && !AcceptOwn(url, type, isMainFrame)) return false;
+    if (HandOver(url, type == NavigationTypeLinkClicked, isMainFrame)) return false;
+    if (isMainFrame) m_awaited = url;
+    if (isMainFrame) m_redirects = type == NavigationTypeRedirect;
+    // A link that a script clicks is a clicked one too.
+    if (isMainFrame && (type == NavigationTypeTyped || (type == NavigationTypeLinkClicked && TakePerson())))
+        Q_EMIT PersonNavigated();
+    Q_EMIT NavigationRequested(url, isMainFrame);
+    return true;
+}
+
+bool WebPage::HandOver(const QUrl& url, bool clicked, bool isMainFrame) {
+    const bool mail = MailLinks::IsMail(url);
+    if (!mail && !ExternalSchemes::IsExternal(FromQt(url.scheme()))) return false;
+    const bool person = clicked && TakePerson();
+    // Only a person's click starts the mail program, so that no page can start it a hundred times.
+    if (mail && !person) {
+        Q_EMIT ExternalRefused(url, ShownAddress());
+        return true;
+    }
+    if (MailLinks::OpensElsewhere(url)) {
+        QDesktopServices::openUrl(MailLinks::WithoutFiles(url));
+        return true;
+    }
+    // The engine does not tell who asks. It has made sure that a person acted in the page: where that was, asks.
+    const bool inOthers = !m_actedFrame.isEmpty() && SiteOf(QUrl(m_actedFrame)) != SiteOf(ShownAddress());
+    const bool byFrame = !isMainFrame || inOthers;
+    Q_EMIT ExternalRequested(mail ? MailLinks::WithoutFiles(url) : url,
+                             {ShownAddress(), byFrame, QUrl(m_actedFrame), person});
+    return true;
+}
+
+QString WebPage::HostAndPort(const QUrl& url) {
+    const QString host = url.host(QUrl::FullyEncoded);
+    return url.port() < 0 ? host : QStringLiteral("%1:%2").arg(host).arg(url.port());
+}
+
+QString WebPage::SiteOf(const QUrl& url) {
+    return url.host().isEmpty() ? QString() : url.scheme() + QStringLiteral("://") + HostAndPort(url);
+}
+
+QUrl WebPage::ShownAddress() const { return m_shown.isEmpty() ? url() : m_shown; }
+
+bool WebPage::IsOwnOrigin(const QUrl& origin) const {
+    const QUrl shown = ShownAddress();
+    // A blank page is of whoever has filled it.
+    if (shown.isEmpty() || shown.scheme() == u"about") return true;
+    return SiteOf(origin) == SiteOf(shown.scheme() == u"blob" ? QUrl(shown.path()) : shown);
+}
+
+namespace {
+
+// The engine asks with these words of its own, in its own language, before a page with input is left.
+QString LeaveQuestion() {
+    return QCoreApplication::translate(
+        "QWebEnginePage", "Are you sure you want to leave this page? Changes that you made may not be saved.");
+}
+
+} // namespace
+
+void WebPage::javaScriptAlert(const QUrl& origin, const QString& message) {
+    Ask({PageDialogKind::Alert, HostAndPort(origin), message, {}, origin});
+}
+
+bool WebPage::javaScriptConfirm(const QUrl& origin, const QString& message) {
+    const bool leave = message == LeaveQuestion();
+    if (const auto leaves = leave && OnHold ? OnHold() : std::nullopt) return *leaves;
+    const auto kind = leave ? PageDialogKind::Leave : PageDialogKind::Confirm;
+    return Ask({kind, HostAndPort(origin), message, {}, origin}).accepted;
+}
+
+bool WebPage::javaScriptPrompt(const QUrl& origin, const QString& message, const QString& suggestion, QString* result) {
+    const auto answer = Ask({PageDialogKind::Prompt, HostAndPort(origin), message, suggestion, origin});
+    if (answer.accepted) *result = answer.text;
+    return answer.accepted;
+}
+
+// The engine wants the answer before this returns. The rest of the program goes on meanwhile, so the tab may be closed;
+// then the page ends, but not before the engine, which called, has it back.
+PageDialogAnswer WebPage::Ask(const PageDialogRequest& request) {
+    if (!ShowDialog || m_waiting || m_ending) return {};
+    QEventLoop waiting;
+    // Shared, because a dialog may outlast the call.
+    const auto given = std::make_shared<std::optional<PageDialogAnswer>>();
+    ShowDialog(request, [given, loop = QPointer<QEventLoop>(&waiting)](const PageDialogAnswer& answer) {
+        *given = answer;
+        if (loop) loop->quit();
+    });
+    if (!*given) {
+        m_waiting = &waiting;
+        waiting.exec();
+        m_waiting = nullptr;
+        if (m_ending && m_printing == 0) deleteLater();
+    }
+    return given->value_or(PageDialogAnswer{});
+}
+
+void WebPage::Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed) {
+    ++m_printing;
+    printToPdf(
+        [this, printed](const QByteArray& pdf) {
+            --m_printing;
+            printed(pdf);
+            if (m_ending && m_printing == 0 && !m_waiting) deleteLater();
+        },
+        layout);
+}
+
+void WebPage::End() {
+    m_ending = true;
+    ShowDialog = {};
+    if (m_waiting)
+        m_waiting->quit();
+    else if (m_printing == 0)
+        deleteLater();
+}
+
+// Newer engines, 6.11 among them, tell of a download by a call that waits, with a bare pointer to its page.
+bool WebPage::event(QEvent* event) {
+    if (event->type() == QEvent::DeferredDelete) QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    return QWebEnginePage::event(event);
+}
+
+bool WebPage::AcceptOwn(const QUrl& address, NavigationType type, bool isMainFrame) {
+    const auto step = OwnAccess::StepFor({.FromOwnPage = StartPageScheme::IsOwn(url()),
+                                          .ToOwnPage = StartPageScheme::IsOwn(address),
+                                          .MainFrame = isMainFrame,
+                                          .Cause = CauseOf(type)});
+    if (step == OwnAccess::Step::Follow) Q_EMIT StartLinkFollowed(address);
+    return step == OwnAccess::Step::Go;
+}
+
+void WebPage::OnInputReport(const QString& report) {
+    const QString state = report.section(u' ', 1, 1), document = report.section(u' ', 2);
+    // A page of its own: what the one before it held, and the frames of that, are gone.
+    if (state == u"new") {
+        m_input.clear();
+        m_texts.clear();
+    }
+    const auto note = [&document](QSet<QString>& all, bool holds) {
+        holds ? (void)all.insert(document) : (void)all.remove(document);
+    };
+    note(m_texts, state == u"text");
+    note(m_input, state == u"text" || state == u"yes");
+}
+
+void WebPage::LookAtInput() {
+    runJavaScript(QStringLiteral("window.lookAtInput && lookAtInput()"), QWebEngineScript::ApplicationWorld);
+}
+
+// A page that another one opens has its address before it begins to load, and before it has its document. Newer engines
+// tell of the first address while it is loaded, too; what is shown has a place in the history.
+void WebPage::OnAddress(const QUrl& address) {
+    if (history()->count() == 0 && Awaits(address)) return;
+    if (m_loading || !Awaits(address)) m_awaited.clear();
+    NoteShown();
+}
+
+// Not from the history, whose current entry may be one on the way.
+void WebPage::NoteShown() {
+    if (m_awaited.isEmpty() && !url().isEmpty()) m_shown = url();
+}
+
+void WebPage::Await(const QUrl& url) {
+    m_awaited = url;
+    // What the page has been loading until now does not tell of this.
+    m_loading = false;
+}
+
+void WebPage::OnLoading(const QWebEngineLoadingInfo& info) {
+    m_loading = info.status() == QWebEngineLoadingInfo::LoadStartedStatus;
+    if (!m_loading && Awaits(info.url())) m_awaited.clear();
+    // Where scripts are switched off, no document tells of itself.
+    if (!m_loading) NoteShown();
+}
+
+// The engine has no signal for a document that comes from the address shown. Of one from another address it has told
+// before, and then nothing is awaited here any more.
+void WebPage::OnDocument(const QUrl& address) {
+    const auto withoutUser = [](const QUrl& url) { return url.adjusted(QUrl::RemoveUserInfo); };
+    const bool isError = address.scheme() == u"chrome-error";
+    if (m_awaited.isEmpty() || (!isError && withoutUser(address) != withoutUser(m_awaited))) return;
+    m_awaited.clear();
+    NoteShown();
+    Q_EMIT DocumentShown();
+}
+
+void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int, const QString&) {
+    if (!message.startsWith(m_token)) return;
+    const QString report = message.mid(m_token.size() + 1);
+    const QUrl address(report.section(u' ', 1));
+    if (report.startsWith(u"input ")) return OnInputReport(report);
+    if (report.startsWith(u"acted ")) m_actedFrame = report.section(u' ', 1);
+    if (report.startsWith(u"page ")) {
+        m_personWasHere = false;
+        OnDocument(address);
+        Q_EMIT DocumentBegan(address.scheme() == u"chrome-error");
+    }
+    if (report.startsWith(u"ready ")) Q_EMIT FrameReady(address);
+    if (report.startsWith(u"load ")) Q_EMIT FrameLoaded(address);
+}
+
+} // namespace tessa::qt

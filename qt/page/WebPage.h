@@ -1,0 +1,141 @@
+#pragma once
+#include "pages/PersonNote.h"
+#include "qt/page/PageDialog.h"
+
+#include <QEventLoop>
+#include <QPageLayout>
+#include <QPointer>
+#include <QSet>
+#include <QTimer>
+#include <QUrl>
+#include <QWebEnginePage>
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace tessa::qt {
+
+/// Who in a page wants something.
+struct Asker {
+    QUrl page;           ///< the page shown
+    bool frame = false;  ///< a frame in it, or nobody can tell that it was not one
+    QUrl frameOrigin;    ///< where that frame is from; empty when nobody can tell
+    bool person = false; ///< a person has clicked a link
+};
+
+/// An engine page that reports what only its virtual functions tell.
+class WebPage final : public QWebEnginePage {
+    Q_OBJECT
+
+public:
+    /// `token` marks the console lines with which frames report themselves.
+    WebPage(QWebEngineProfile* profile, QString token);
+
+    /// A host as it is shown: in the form that cannot be mistaken for another, with an unusual port.
+    [[nodiscard]] static QString HostAndPort(const QUrl& url);
+    /// Scheme, host and port, which together are a site of its own; empty for an address without a host.
+    [[nodiscard]] static QString SiteOf(const QUrl& url);
+    /// The address of the document shown, while another may be on its way.
+    [[nodiscard]] QUrl ShownAddress() const;
+    /// Whether what comes from that origin may speak for the page: frames from elsewhere and in a sandbox may not.
+    [[nodiscard]] bool IsOwnOrigin(const QUrl& origin) const;
+    /// Whether the page is about to show what is fetched from there.
+    [[nodiscard]] bool Awaits(const QUrl& url) const { return !m_awaited.isEmpty() && m_awaited == url; }
+
+    /// Whether it is about to show anything else than it does.
+    [[nodiscard]] bool AwaitsAny() const { return !m_awaited.isEmpty(); }
+    /// The program is about to load what lies there. Until that has come, the engine may call the page by it already.
+    void Await(const QUrl& url);
+    /// Whether the navigation that began last is one on which another has been led.
+    [[nodiscard]] bool Redirects() const { return m_redirects; }
+
+    /// Hands an address that another program is for over, or asks about it; false for what pages show. A mail is begun
+    /// only where a person has clicked.
+    bool HandOver(const QUrl& url, bool clicked, bool isMainFrame);
+
+    /// Whether the user has typed or chosen something in the page, or in a frame of it, that was not sent.
+    [[nodiscard]] bool HoldsInput() const { return !m_input.isEmpty(); }
+    /// Whether that is a text, of which more is lost than of a search.
+    [[nodiscard]] bool HoldsText() const { return !m_texts.isEmpty(); }
+    /// Has the page look whether it still holds that: one that sends by a script empties its fields later, and tells
+    /// nobody. Both are right by the time that a script has answered which is run after this.
+    void LookAtInput();
+
+    /// Shows a dialog for which the whole engine waits - one that our script could not stand in for, or the question
+    /// before a page is left - and returns; the answer comes later, or never.
+    std::function<void(const PageDialogRequest&, std::function<void(const PageDialogAnswer&)> answer)> ShowDialog;
+    /// A person has clicked or typed into the page.
+    void NotePerson();
+    /// A person has opened the page from one that may speak for it.
+    void NoteOpener() { m_opener.Make(); }
+    /// Whether a person wants it printed: has acted in it, or opened it for that.
+    [[nodiscard]] bool TakePrintWish() { return m_person.Take() || m_opener.Take(); }
+    /// Whether a person has, since the document came. Only then may a page hold its user.
+    [[nodiscard]] bool PersonWasHere() const { return m_personWasHere; }
+    /// Asked when a document wants to hold its user: whether he leaves. Nothing when he is to be asked.
+    std::function<std::optional<bool>()> OnHold;
+    /// Whether a person has, since this was asked last: what a page does beyond that it does by itself.
+    [[nodiscard]] bool TakePerson() { return m_person.Take(); }
+    /// Prints the page; the PDF is empty when that fails.
+    void Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed);
+    /// Deletes the page as soon as it waits for nothing any more: an answer, or that it is printed.
+    void End();
+    /// Whether nobody needs the page any more, though it may still be there.
+    [[nodiscard]] bool Ended() const { return m_ending; }
+
+Q_SIGNALS:
+    /// A navigation begins, of the page or of a frame inside it.
+    void NavigationRequested(const QUrl& url, bool topLevel);
+    /// A person, not the page, goes to another page.
+    void PersonNavigated();
+    /// A link of the home page was clicked that is for the program and not for the engine.
+    void StartLinkFollowed(const QUrl& url);
+    /// An address for another program was not handed over, because nobody had clicked for it.
+    void ExternalRefused(const QUrl& url, const QUrl& page);
+    /// The page, or a frame in it, wants another program of the desktop to open an address.
+    void ExternalRequested(const QUrl& url, const Asker& asker);
+    /// The page shows the document that it was to load, and had its address already: after a refresh, or because
+    /// another page has opened it. Else `urlChanged` tells.
+    void DocumentShown();
+    /// There is a document in the page, which has its address by then: one that was asked for, or an error's.
+    void DocumentBegan(bool isError);
+    /// A frame has its document ready, or is loaded.
+    void FrameReady(const QUrl& url);
+    void FrameLoaded(const QUrl& url);
+
+protected:
+    bool event(QEvent* event) override;
+    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
+    void javaScriptAlert(const QUrl& origin, const QString& message) override;
+    bool javaScriptConfirm(const QUrl& origin, const QString& message) override;
+    bool javaScriptPrompt(const QUrl& origin, const QString& message, const QString& suggestion,
+                          QString* result) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message, int line,
+                                  const QString& source) override;
+
+private:
+    void OnInputReport(const QString& report);
+    void OnAddress(const QUrl& address);
+    void OnLoading(const QWebEngineLoadingInfo& info);
+    void OnDocument(const QUrl& address);
+    void NoteShown();
+    PageDialogAnswer Ask(const PageDialogRequest& request);
+
+    [[nodiscard]] bool AcceptOwn(const QUrl& url, NavigationType type, bool isMainFrame);
+
+    QString m_token;
+    QPointer<QEventLoop> m_waiting; ///< for the answer to a dialog
+    bool m_ending = false;
+    QSet<QString> m_input, m_texts; ///< the documents that hold some
+    int m_printing = 0; ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
+    PersonNote m_person, m_opener;
+    bool m_personWasHere = false;
+    QString m_actedFrame; ///< the origin of the frame in which a person acted last; empty for the page itself
+    bool m_loading = false;
+    bool m_redirects = false;
+    QTimer m_mayCopy; ///< runs for as long as the page may put something on the clipboard
+    QUrl m_shown;     ///< of the document that came last
+    QUrl m_awaited;   ///< of the top-level navigation whose document has not come, nor has it ended
+};
+
+} // namespace tessa::qt

@@ -1,0 +1,87 @@
+#include "qt/page/WebPageLife.h"
+
+#include "qt/base/EngineVersions.h"
+#include "qt/page/WebPage.h"
+
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineProfile>
+#include <algorithm>
+
+#include <csignal>
+
+namespace tessa::qt {
+
+using State = QWebEnginePage::LifecycleState;
+
+WebPageLife::WebPageLife(WebPage& page) : m_page(page) {
+    connect(&page, &QWebEnginePage::iconChanged, this, &WebPageLife::OnIcon);
+    connect(&page, &QWebEnginePage::urlChanged, this, &WebPageLife::OnAddress);
+    connect(&page, &QWebEnginePage::renderProcessTerminated, this, [this] { m_ended = true; });
+    connect(&page, &QWebEnginePage::loadStarted, this, [this] { m_ended = false; });
+    connect(page.profile(), &QWebEngineProfile::downloadRequested, this, &WebPageLife::OnDownload);
+}
+
+bool WebPageLife::Asleep() const { return m_page.lifecycleState() != State::Active; }
+
+PageActivity WebPageLife::Activity() const {
+    PageActivity activity{.Loading = m_page.isLoading(),
+                          .Audible = m_page.recentlyAudible(),
+                          .HoldsInput = m_page.HoldsInput(),
+                          .Inspected = m_page.devToolsPage() != nullptr,
+                          .Visible = m_page.isVisible()};
+    // One that was refused before it began has not finished in every engine's eyes.
+    activity.Downloads = std::ranges::any_of(m_downloads, [](const auto& each) {
+        return each && !each->isFinished() && each->state() != QWebEngineDownloadRequest::DownloadCancelled;
+    });
+    AddActivity(activity);
+    return activity;
+}
+
+// Only when a page is halted does the engine think anew about what may become of it.
+Outcome WebPageLife::Sleep() {
+    if (m_ended) return Outcome::Failed;
+    m_page.setLifecycleState(State::Frozen);
+    if (m_page.recommendedState() == State::Active) m_page.setLifecycleState(State::Active);
+    if (m_page.recommendedState() == State::Discarded) {
+        m_slept = true;
+        m_page.setLifecycleState(State::Discarded);
+    }
+    return Asleep() ? Outcome::Done : Outcome::Failed;
+}
+
+void WebPageLife::Wake() { m_page.setLifecycleState(State::Active); }
+
+std::int64_t WebPageLife::Process() const { return m_page.renderProcessPid(); }
+
+Outcome WebPageLife::EndProcess() {
+    const auto process = static_cast<pid_t>(Process());
+    return process > 0 && ::kill(process, SIGKILL) == 0 ? Outcome::Done : Outcome::Failed;
+}
+
+void WebPageLife::OnIcon() {
+    m_icon = m_page.icon();
+    m_iconHost = m_page.url().host();
+    IconChanged();
+}
+
+// The engine tells no more of the icons of a page that has slept; those of pages shown before are in its store.
+void WebPageLife::OnAddress(const QUrl& address) {
+    m_ended = false;
+    if (!m_slept || address.host() == m_iconHost) return;
+    m_icon = QIcon();
+    m_iconHost = address.host();
+    m_page.profile()->requestIconForPageURL(
+        address, 0,
+        [self = QPointer<WebPageLife>(this), host = m_iconHost](const QIcon& icon, const QUrl&, const QUrl&) {
+            if (!self || self->m_iconHost != host) return;
+            self->m_icon = icon;
+            self->IconChanged();
+        });
+}
+
+void WebPageLife::OnDownload(QWebEngineDownloadRequest* request) {
+    m_downloads.removeIf([](const auto& each) { return !each || each->isFinished(); });
+    if (EngineVersions::PageOf(*request) == &m_page) m_downloads.append(request);
+}
+
+} // namespace tessa::qt

@@ -1,0 +1,34 @@
+#include "qt/program/EngineSurroundings.h"
+
+#include "qt/base/BuildInfo.h"
+#include "qt/base/Palette.h"
+#include "qt/window/MainWindowFrame.h"
+#include "qt/window/PageBars.h"
+#include "settings/InternetSettings.h"
+#include "startpage/StartPage.h"
+
+#include <utility>
+
+namespace tessa::qt {
+
+EngineSurroundings::EngineSurroundings(SettingsStorageFactory& settings, SitePermissions& permissions,
+                                       MainWindowFrame& window, const PageBars& bars, Folders folders)
+    : m_settings(settings), m_permissions(permissions), m_window(window), m_bars(bars), m_folders(std::move(folders)) {}
+
+Text EngineSurroundings::HomeAddress() { return InternetSettings(m_settings).Get().homePage; }
+
+std::string EngineSurroundings::StartPage() {
+    ReadsFolders();
+    StartContent content = tessa::StartPage::Read(m_folders.groups, m_folders.favorites);
+    content.Dark = Palette::IsDark(m_window.palette());
+    content.Notice = BuildInfo::EngineNotice();
+    return tessa::StartPage::Html(content);
+}
+
+QRect EngineSurroundings::PageRect(const QRect& whole) { return m_bars.Lay(whole); }
+
+bool EngineSurroundings::WindowIsFull() const { return m_window.FullScreen(); }
+
+void EngineSurroundings::SetWindowFull(bool full) { m_window.SetFullScreen(full); }
+
+} // namespace tessa::qt

@@ -1,0 +1,151 @@
+#include "qt/program/RunningProgram.h"
+
+#include "qt/base/Icons.h"
+#include "qt/base/Palette.h"
+#include "qt/base/Strings.h"
+#include "qt/dialogs/DesktopDialogs.h"
+#include "qt/dialogs/Forms.h"
+#include "qt/dialogs/Splash.h"
+#include "qt/dialogs/TaskViewPresenter.h"
+#include "qt/program/BarAssembly.h"
+#include "qt/program/Clocks.h"
+#include "qt/program/DesktopAssembly.h"
+#include "qt/program/DesktopInput.h"
+#include "qt/program/DesktopWindowTools.h"
+#include "qt/program/DownloadAssembly.h"
+#include "qt/program/EngineAssembly.h"
+#include "qt/program/KeyboardAssembly.h"
+#include "qt/program/PageBarsAssembly.h"
+#include "qt/program/ReportSource.h"
+#include "qt/program/StripAssembly.h"
+#include "qt/program/WindowAssembly.h"
+#include "qt/window/MainWindowFrame.h"
+#include "window/frmMain.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <cstdlib>
+
+namespace tessa::qt {
+
+/// In the order in which they are made: what a part needs stands before it.
+struct RunningProgram::Parts {
+    Parts(int& argc, char** argv);
+    [[nodiscard]] MainWindowPlatform Outside();
+
+    DesktopAssembly desktop;
+    DesktopMessageBoxes messages;
+    DesktopFileDialogs files;
+    Splash splash;
+    // Tests say by files of their own what the kernel would say.
+    std::unique_ptr<MemoryReader> memory = SystemMemory(qgetenv("TESSAVIEW_MEMORY").toStdString());
+    DesktopInput input;
+    MainWindowFrame window;
+    PageBarsAssembly bars{window.PageArea(), desktop.clock};
+    EngineAssembly engine{desktop, window, bars};
+    DownloadAssembly downloads{engine.engine};
+    Forms forms{window, splash};
+    ReportSource report{desktop.log};
+    DesktopWindowTools tools{engine.engine, bars.findBar, engine.devTools};
+    frmMain main{Outside()};
+    StripAssembly strip{main, engine.engine};
+    WindowAssembly frame{main, window, strip.strip};
+    BarAssembly bar{main, window, engine.engine};
+    KeyboardAssembly keyboard{main, window, bar};
+    TaskViewPresenter taskView{main.TaskView(), window};
+    Clocks clocks{main, engine.engine.Schedule(), *memory};
+};
+
+RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
+    main.TaskView().TellDrawing(DrawingChoice::InSoftware() ? DrawingWay::Software : DrawingWay::Graphics);
+    engine.Serve(main);
+    downloads.Serve(main, window);
+    bars.Serve(main);
+    bar.LeadTo(strip.strip, frame.statusBar, bars);
+    frame.FollowPages(engine.engine, desktop.OwnProfile());
+    tools.ListsTabs.ConnectForLife([this] { strip.List(); });
+    tools.Customizes.ConnectForLife([this] { bar.Customize(); });
+    desktop.settings.SetReport([this](const Text& message) { main.sbStatus.Complaint(message); });
+    desktop.channel.Foreground.ConnectForLife([this](const QByteArray& token) { window.BringToForeground(token); });
+}
+
+MainWindowPlatform RunningProgram::Parts::Outside() {
+    return {.window = window,
+            .views = engine.engine,
+            .settings = desktop.settings,
+            .messages = messages,
+            .files = files,
+            .splash = splash,
+            .sessions = desktop.sessions,
+            .layout = desktop.layout,
+            .defaultBrowser = desktop.defaultBrowser,
+            .shell = desktop.shell,
+            .folderWatch = desktop.folderWatch,
+            .trash = desktop.trash,
+            .downloads = downloads.downloads,
+            .forms = forms,
+            .clock = desktop.clock,
+            .offer = bars.offer,
+            .engineOptions = engine.options,
+            .report = report,
+            .tools = tools,
+            .input = input,
+            .programPath = FromQt(QCoreApplication::applicationFilePath()),
+            .groupFolder = FromQt(desktop.folders.GroupFolder()),
+            .favoritesFolder = FromQt(desktop.folders.favorites),
+            .downloadsFile = FromQt(desktop.folders.state + QStringLiteral("/downloads")),
+            .siteChoices = engine.Sites()};
+}
+
+RunningProgram::RunningProgram(int& argc, char** argv) : m(std::make_unique<Parts>(argc, argv)) {
+    if (const QPalette mended = Palette::Mended(QGuiApplication::palette()); mended != QGuiApplication::palette())
+        QApplication::setPalette(mended);
+    // Questions may be asked before there is a window.
+    QApplication::setWindowIcon(Icons::Application());
+    Icons::ChooseTheme(QApplication::palette());
+    // The program ends with its main window; dialogs and the splash have no say in it.
+    QApplication::setQuitOnLastWindowClosed(false);
+    FollowEnds();
+}
+
+RunningProgram::~RunningProgram() = default;
+
+Startup::Program RunningProgram::Platform() {
+    return {m->desktop.application, m->desktop.settings, m->desktop.channel, m->splash, m->window, m->main};
+}
+
+void RunningProgram::FollowEnds() {
+    m->window.Unload.ConnectForLife([this] {
+        // Before the next start can no longer be handed over to this one.
+        m->desktop.OwnProfile().Leave();
+        m->engine.devTools.Close();
+        m->main.Form_Unload();
+        m_unloaded = true;
+        // Not quit(), which any window that does not want to close, a dialog say, can refuse.
+        QCoreApplication::exit();
+    });
+}
+
+int RunningProgram::Run() {
+    // The window is on the screen before the engine, which takes long to load, is.
+    QTimer::singleShot(0, &m->engine.engine, [this] {
+        m->engine.Start();
+        // Known now, it can still be mended; at the end it would be too late.
+        m->desktop.settings.TrySaving();
+    });
+    // Before this there is nothing to save: a start that is still asking the user something ends as it is.
+    m->desktop.FollowSignals().Quit.ConnectForLife([this] {
+        // Whoever ends the session waits for no answer.
+        m->window.QueryUnload = {};
+        m->window.Close();
+    });
+    const int result = QApplication::exec();
+    // Qt ends the event loop when its display breaks off. Without it nothing can be torn down in order; the session is
+    // on disk, and is offered by the next start.
+    if (!m_unloaded) std::_Exit(EXIT_FAILURE);
+    m->downloads.Shutdown();
+    m->engine.Shutdown();
+    return result;
+}
+
+} // namespace tessa::qt

@@ -1,0 +1,73 @@
+#include "qt/program/StripAssembly.h"
+
+#include "commands/BarGestures.h"
+#include "qt/base/Strings.h"
+#include "qt/engine/Engine.h"
+#include "window/frmMain.h"
+
+namespace tessa::qt {
+
+StripAssembly::StripAssembly(frmMain& main, Engine& engine) : strip(main.pcPage), m_main(main), m_engine(engine) {
+    strip.PageIcon = [this](const Tab& tab) { return m_engine.Icon(tab.Tag); };
+    strip.ToolTipText = [this](const Tab& tab) { return m_main.Tabs().Describe(tab); };
+    m_connections += m_engine.Told().IconChanged.Connect([this](std::int32_t index) { strip.RefreshIcons(index); });
+    FollowClicks();
+    FollowPointer();
+}
+
+void StripAssembly::FollowClicks() {
+    strip.CloseRequested.ConnectForLife([this](Tab& tab) { m_main.CloseBrowserTab(tab.Tag); });
+    strip.ListRequested.ConnectForLife([this](QPoint corner) { ListTabs(corner); });
+    strip.Rearranged.ConnectForLife([this] {
+        if (m_list && m_list->isVisible()) m_list->Refresh(Lines());
+    });
+    strip.NewMenuRequested.ConnectForLife([this] { BarGestures::NewTabMenu(m_main.actBar); });
+    strip.MuteRequested.ConnectForLife([this](const Tab& tab) {
+        if (auto* view = m_main.Tabs().OpenView(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
+    });
+    strip.BlankRequested.ConnectForLife([this] { BarGestures::NewTab(m_main.actBar); });
+}
+
+void StripAssembly::FollowPointer() {
+    auto& input = m_main.StripInput();
+    input.HitTest = [this](Pixels x, Pixels y) {
+        const auto* tab = strip.FindTabAt({x.value, y.value});
+        return static_cast<int>(m_main.pcPage.PositionOf(tab)) - 1;
+    };
+    strip.RightButtonDown.ConnectForLife(
+        [&input](QPoint point) { input.MouseDown(MouseButton::Right, ToTwips({point.x()}), ToTwips({point.y()})); });
+    strip.DragOver.ConnectForLife(
+        [&input](bool hasText, QPointF point) { input.OLEDragOver(hasText, point.x(), point.y()); });
+    strip.Drop.ConnectForLife([&input](const Text& text) { input.OLEDragDrop(text); });
+}
+
+std::vector<TabListEntry> StripAssembly::Lines() const {
+    std::vector<TabListEntry> tabs;
+    auto& model = m_main.pcPage;
+    for (std::size_t position = 1; position <= model.Count(); ++position) {
+        const Tab& tab = *model.FindAt(position);
+        const QString tip = ToQt(m_main.Tabs().Describe(tab));
+        tabs.push_back({tab.Key(), tip.section(QLatin1Char('\n'), 0, 0), ToQt(m_main.Tabs().AddressOf(tab)), tip,
+                        m_engine.Icon(tab.Tag), &tab == model.SelectedItem()});
+    }
+    return tabs;
+}
+
+void StripAssembly::MakeList() {
+    m_list.emplace(&strip);
+    m_list->Chosen.ConnectForLife([&model = m_main.pcPage](const Text& key) {
+        if (auto* tab = model.Find(key)) model.UserClick(tab);
+    });
+    m_list->CloseRequested.ConnectForLife([this](const Text& key) {
+        if (const auto* tab = m_main.pcPage.Find(key)) m_main.CloseBrowserTab(tab->Tag);
+    });
+}
+
+void StripAssembly::ListTabs(QPoint corner) {
+    if (!m_list) MakeList();
+    m_list->Open(Lines(), corner);
+}
+
+void StripAssembly::List() { ListTabs(strip.mapToGlobal(strip.rect().bottomRight() + QPoint(1, 1))); }
+
+} // namespace tessa::qt

@@ -1,0 +1,40 @@
+#pragma once
+#include "qt/strip/TabList.h"
+#include "qt/strip/TabStripView.h"
+
+#include <optional>
+#include <vector>
+
+namespace tessa {
+class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
+class Engine;
+
+/// The strip of tabs and the list of them, and what they do in the program.
+class StripAssembly {
+public:
+    /// Both outlive it.
+    StripAssembly(frmMain& main, Engine& engine);
+
+    /// Drops the list of tabs down from the strip's end.
+    void List();
+
+    TabStripView strip;
+
+private:
+    void FollowClicks();
+    void FollowPointer();
+    void ListTabs(QPoint corner);
+    void MakeList();
+    [[nodiscard]] std::vector<TabListEntry> Lines() const;
+
+    frmMain& m_main;
+    Engine& m_engine;
+    std::optional<TabList> m_list; ///< once somebody has opened it
+    Connections m_connections;
+};
+
+} // namespace tessa::qt

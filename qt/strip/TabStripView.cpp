@@ -1,0 +1,217 @@
+#include "qt/strip/TabStripView.h"
+
+#include "base/Captions.h"
+#include "qt/base/Strings.h"
+
+#include <QEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+#include <chrono>
+
+namespace tessa::qt {
+
+namespace {
+constexpr std::int32_t kLowestRow = 22;
+constexpr int kRowPadding = 8;
+constexpr std::chrono::milliseconds kFacesDelay{100};
+} // namespace
+
+TabStripView::TabStripView(TabStrip& strip, QWidget* parent) : QWidget(parent), m_strip(strip) {
+    setObjectName(QStringLiteral("pcPage"));
+    setAccessibleName(QStringLiteral("Tabs"));
+    setFocusPolicy(Qt::TabFocus);
+    setMouseTracking(true);
+    setAcceptDrops(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    m_layoutTimer.setSingleShot(true);
+    m_facesTimer.setSingleShot(true);
+    connect(&m_layoutTimer, &QTimer::timeout, this, &TabStripView::Relayout);
+    connect(&m_facesTimer, &QTimer::timeout, this, &TabStripView::RefreshFaces);
+    Measure();
+    m_connections += m_strip.Attach([this](TabStripChange change) { OnChange(change); });
+}
+
+void TabStripView::OnChange(TabStripChange change) {
+    if (change == TabStripChange::Layout)
+        m_layoutTimer.start(0);
+    else if (!m_facesTimer.isActive())
+        m_facesTimer.start(kFacesDelay);
+}
+
+void TabStripView::RefreshIcons(std::int32_t tag) {
+    m_changedIcons.insert(tag);
+    OnChange(TabStripChange::Faces);
+}
+
+void TabStripView::Settle() {
+    if (m_layoutTimer.isActive()) Relayout();
+}
+
+void TabStripView::Relayout() {
+    m_layoutTimer.stop();
+    m_facesTimer.stop();
+    m_changedIcons.clear();
+    m_strip.Clean();
+    m_row.Lay(size(), m_strip.Count(), fontMetrics().height());
+    const Tab* selected = m_strip.SelectedItem();
+    m_selected = m_strip.PositionOf(selected);
+    if (selected && selected->Key() != m_revealed) {
+        m_revealed = selected->Key();
+        m_row.Reveal(m_selected);
+    }
+    m_hover = SpotUnderPointer();
+    RememberFaces();
+    update();
+    Changed();
+    Rearranged();
+}
+
+void TabStripView::RefreshFaces() {
+    if (m_layoutTimer.isActive()) return Relayout();
+    m_strip.Clean();
+    const std::size_t first = m_row.FirstVisible();
+    for (std::size_t index = 0; index < m_faces.size(); ++index) {
+        const Tab* tab = m_strip.FindAt(first + index);
+        Face face = FaceAt(first + index);
+        if (face == m_faces[index] && !(tab && m_changedIcons.contains(tab->Tag))) continue;
+        m_faces[index] = std::move(face);
+        update(m_row.TabPlace(first + index) & m_row.Area());
+    }
+    m_changedIcons.clear();
+    Changed();
+}
+
+void TabStripView::Scroll(int offset) {
+    const int before = m_row.Offset();
+    m_row.ScrollTo(offset);
+    if (m_row.Offset() == before) return;
+    m_hover = SpotUnderPointer();
+    RememberFaces();
+    update();
+}
+
+void TabStripView::Measure() {
+    const Pixels height{std::max<std::int32_t>(kLowestRow, fontMetrics().height() + kRowPadding)};
+    const bool changed = height != m_rowHeight;
+    m_rowHeight = m_strip.RowHeight = height;
+    updateGeometry();
+    if (changed) RowHeightChanged();
+}
+
+TabStripView::Face TabStripView::FaceAt(std::size_t position) const {
+    const Tab* tab = m_strip.FindAt(position);
+    return tab ? Face{tab->Key(), tab->Caption(), tab->Image(), tab->Asks(), tab->Sound()} : Face{};
+}
+
+void TabStripView::RememberFaces() {
+    m_faces.clear();
+    for (std::size_t position = m_row.FirstVisible(); position <= m_row.LastVisible(); ++position)
+        m_faces.push_back(FaceAt(position));
+}
+
+TabFace TabStripView::PaintedFace(std::size_t position) const {
+    const Tab* tab = m_strip.FindAt(position);
+    TabFace face;
+    // What turns the writing around in a title would do so in the dots behind it as well.
+    face.caption = ToQt(OneLine(tab->Caption()));
+    face.isPrivate = tab->Private();
+    face.asks = tab->Asks() && position != m_selected;
+    face.busy = tab->Image() == TabImage::Red;
+    if (!face.busy && PageIcon) face.icon = PageIcon(*tab);
+    face.sound = tab->Sound();
+    face.soundHovered = position == m_hover.position && m_hover.part == Part::Sound;
+    face.selected = position == m_selected;
+    face.hovered = position == m_hover.position;
+    face.focused = face.selected && hasFocus();
+    face.dividerShown = position + 1 != m_selected;
+    face.closeShown = face.selected || face.hovered;
+    face.closeHovered = face.hovered && m_hover.part == Part::Close;
+    face.place = m_row.TabPlace(position);
+    face.closePlace = m_row.ClosePlace(position);
+    face.soundPlace = m_row.SoundPlace(position);
+    return face;
+}
+
+// What the screen shows may be newer than what was remembered. It must be known to be painted over later.
+void TabStripView::RememberPainted(std::size_t position, const QRegion& painted) {
+    const std::size_t index = position - m_row.FirstVisible();
+    Face face = FaceAt(position);
+    if (index >= m_faces.size() || face == m_faces[index]) return;
+    const bool whole = QRegion(m_row.TabPlace(position) & m_row.Area()).subtracted(painted).isEmpty();
+    m_faces[index] = whole ? std::move(face) : Face{};
+}
+
+void TabStripView::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const TabLook look(palette(), m_strip.Placement());
+    look.PaintBackground(painter, rect());
+    painter.save();
+    painter.setClipRect(m_row.Area());
+    for (std::size_t position = m_row.FirstVisible(); position <= m_row.LastVisible(); ++position) {
+        if (!m_strip.FindAt(position) || !event->region().intersects(m_row.TabPlace(position))) continue;
+        look.PaintTab(painter, PaintedFace(position));
+        RememberPainted(position, event->region());
+    }
+    painter.restore();
+    look.PaintNewButton(painter, m_row.NewPlace(), m_hover.part == Part::New);
+    if (!m_row.Overflows()) return;
+    look.PaintArrow(painter, m_row.ArrowPlace(TabRow::Arrow::Back), Qt::RightToLeft,
+                    m_row.CanScroll(TabRow::Arrow::Back), m_hover.part == Part::Back);
+    look.PaintArrow(painter, m_row.ArrowPlace(TabRow::Arrow::Forward), Qt::LeftToRight,
+                    m_row.CanScroll(TabRow::Arrow::Forward), m_hover.part == Part::Forward);
+    look.PaintListButton(painter, m_row.ListPlace(), m_hover.part == Part::List);
+}
+
+void TabStripView::resizeEvent(QResizeEvent*) {
+    m_revealed.clear();
+    Relayout();
+}
+
+void TabStripView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        Measure();
+        m_layoutTimer.start(0);
+    }
+    QWidget::changeEvent(event);
+}
+
+Tab* TabStripView::FindTabAt(QPoint point) {
+    Settle();
+    return m_strip.FindAt(m_row.PositionAt(point));
+}
+
+QRect TabStripView::TabPlace(std::size_t position) {
+    Settle();
+    return m_row.TabPlace(position);
+}
+
+QRect TabStripView::ClosePlace(std::size_t position) {
+    Settle();
+    return m_row.ClosePlace(position);
+}
+
+QRect TabStripView::SoundPlace(std::size_t position) {
+    Settle();
+    return m_row.SoundPlace(position);
+}
+
+QRect TabStripView::ListPlace() {
+    Settle();
+    return m_row.ListPlace();
+}
+
+QRect TabStripView::NewPlace() {
+    Settle();
+    return m_row.NewPlace();
+}
+
+void TabStripView::Click(Tab& tab) { m_strip.UserClick(&tab); }
+
+QSize TabStripView::sizeHint() const {
+    return {static_cast<int>(m_strip.Count()) * m_row.TabWidth(), m_rowHeight.value};
+}
+
+QSize TabStripView::minimumSizeHint() const { return {0, m_rowHeight.value}; }
+
+} // namespace tessa::qt

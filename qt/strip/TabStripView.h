@@ -1,0 +1,153 @@
+#pragma once
+#include "base/Signal.h"
+#include "base/Units.h"
+#include "forms/TabStrip.h"
+#include "qt/strip/TabLook.h"
+#include "qt/strip/TabRow.h"
+
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace tessa::qt {
+
+/// Shows a `TabStrip` as one widget that paints all tabs itself. So the strip costs what is visible of it, not what it
+/// holds. It covers the row of tabs alone; the page area is laid beside it. The strip outlives the widget.
+///
+/// Layout is done once a turn of the event loop. Captions, busy marks and page icons are gathered for a tenth of a
+/// second. Any repaint composes the whole window again.
+class TabStripView final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit TabStripView(TabStrip& strip, QWidget* parent = nullptr);
+
+    /// The icon of a tab's page; a null icon when it has none. Filled in by the owner.
+    std::function<QIcon(const Tab&)> PageIcon;
+    /// The tab's close button was pressed.
+    Signal<void(Tab&)> CloseRequested;
+    /// The button that lists all tabs was pressed; where the list is to drop down, its right upper corner.
+    Signal<void(QPoint corner)> ListRequested;
+    /// The sound mark of a tab was pressed.
+    Signal<void(Tab&)> MuteRequested;
+    /// What to show of a tab while the pointer rests on it. Filled in by the owner.
+    std::function<Text(const Tab&)> ToolTipText;
+    /// The right button went down at a point of the widget.
+    Signal<void(QPoint)> RightButtonDown;
+    /// Data is dragged over a point, with or without text; text was dropped.
+    Signal<void(bool hasText, QPointF)> DragOver;
+    Signal<void(const Text&)> Drop;
+    /// The button for a new tab, or a double click on the empty part of the row.
+    Signal<void()> BlankRequested;
+    /// The right button went down on the button for a new tab.
+    Signal<void()> NewMenuRequested;
+    /// Tabs came, went, moved or another one was selected.
+    Signal<void()> Rearranged;
+    /// The font has made the row higher or lower.
+    Signal<void()> RowHeightChanged;
+    /// What the strip shows has changed.
+    Signal<void()> Changed;
+
+    /// How high the row is; never less than 22.
+    [[nodiscard]] Pixels RowHeight() const { return m_rowHeight; }
+    [[nodiscard]] TabPlacement Placement() const { return m_strip.Placement(); }
+    /// The page icon of the tabs with this tag has changed.
+    void RefreshIcons(std::int32_t tag);
+    /// The tab at a point of the widget; nothing where no tab is.
+    [[nodiscard]] Tab* FindTabAt(QPoint point);
+    /// Where the tab at a position stands, even when it is scrolled out. Empty for no position of the strip.
+    [[nodiscard]] QRect TabPlace(std::size_t position);
+    [[nodiscard]] QRect ClosePlace(std::size_t position);
+    [[nodiscard]] QRect SoundPlace(std::size_t position);
+    /// The button that lists all tabs; empty while all tabs fit into the row.
+    [[nodiscard]] QRect ListPlace();
+    /// The button for a new tab.
+    [[nodiscard]] QRect NewPlace();
+    [[nodiscard]] const TabStrip& Model() const { return m_strip; }
+    /// What a click on the tab does.
+    void Click(Tab& tab);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    enum class Part { None, Tab, Sound, Close, Back, Forward, List, New };
+
+    /// What is under the pointer.
+    struct Spot {
+        Part part = Part::None;
+        std::size_t position = 0;
+        bool operator==(const Spot&) const = default;
+    };
+
+    /// What a tab showed when it was last painted.
+    struct Face {
+        Text key, caption;
+        TabImage image;
+        bool asks;
+        TabSound sound;
+        bool operator==(const Face&) const = default;
+    };
+
+    void OnChange(TabStripChange change);
+    /// Does a layout that is due now rather than at the next turn.
+    void Settle();
+    void Relayout();
+    void RefreshFaces();
+    void Scroll(int offset);
+    void Measure();
+    [[nodiscard]] Face FaceAt(std::size_t position) const;
+    void RememberFaces();
+    void RememberPainted(std::size_t position, const QRegion& painted);
+    [[nodiscard]] TabFace PaintedFace(std::size_t position) const;
+    [[nodiscard]] Spot SpotAt(QPoint point) const;
+    [[nodiscard]] Spot SpotUnderPointer() const;
+    [[nodiscard]] QRect SpotPlace(const Spot& spot) const;
+    void SetHover(const Spot& spot);
+    void ShowToolTip(QPoint point, QPoint globalPoint);
+    void StepTo(std::size_t position);
+    void PressLeft(QPoint point);
+    void PressRight(QPoint point);
+    void CloseByMiddleButton(QPoint point);
+    void DragTab(QPoint point);
+    void OfferDrag(QDropEvent& event);
+
+    TabStrip& m_strip;
+    TabRow m_row;
+    QTimer m_layoutTimer, m_facesTimer;
+    std::vector<Face> m_faces; ///< of the visible tabs, from the first visible one on
+    std::set<std::int32_t> m_changedIcons;
+    std::size_t m_selected = 0; ///< position at the last layout
+    Text m_revealed;            ///< key of the selected tab that was last scrolled into view
+    Spot m_hover;
+    std::optional<Text> m_closing; ///< key of the tab whose close button is held down
+    std::optional<Text> m_dragged; ///< key of the tab that the left button holds
+    QPoint m_dragStart;
+    bool m_dragging = false;
+    Pixels m_rowHeight{22};
+    int m_wheel = 0; ///< what of the wheel's turning has not moved a tab yet
+    Connections m_connections;
+};
+
+} // namespace tessa::qt

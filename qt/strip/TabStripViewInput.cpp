@@ -1,0 +1,177 @@
+// The mouse and the keyboard on the tab strip.
+#include "qt/base/Strings.h"
+#include "qt/base/Tip.h"
+#include "qt/strip/TabStripView.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+#include <utility>
+
+namespace tessa::qt {
+
+namespace {
+constexpr int kWheelNotch = 120;
+} // namespace
+
+bool TabStripView::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    ShowToolTip(help->pos(), help->globalPos());
+    return true;
+}
+
+void TabStripView::ShowToolTip(QPoint point, QPoint globalPoint) {
+    Tab* tab = FindTabAt(point);
+    if (NewPlace().contains(point)) {
+        QToolTip::showText(globalPoint, QStringLiteral("New tab (Ctrl+T); more with the right button"), this,
+                           NewPlace());
+        return;
+    }
+    const Text shown = !tab ? Text() : ToolTipText ? ToolTipText(*tab) : tab->Caption();
+    if (shown.empty()) return QToolTip::hideText();
+    // A title comes from the page; it is text, whatever it looks like.
+    QToolTip::showText(globalPoint, Tip::Html(ToQt(shown)), this, m_row.TabPlace(m_row.PositionAt(point)));
+}
+
+TabStripView::Spot TabStripView::SpotAt(QPoint point) const {
+    if (m_row.ArrowPlace(TabRow::Arrow::Back).contains(point)) return {Part::Back, 0};
+    if (m_row.ArrowPlace(TabRow::Arrow::Forward).contains(point)) return {Part::Forward, 0};
+    if (m_row.ListPlace().contains(point)) return {Part::List, 0};
+    if (m_row.NewPlace().contains(point)) return {Part::New, 0};
+    const std::size_t position = m_row.PositionAt(point);
+    if (position == 0) return {};
+    const Tab* tab = m_strip.FindAt(position);
+    const bool heard = tab && tab->Sound() != TabSound::None;
+    if (heard && m_row.SoundPlace(position).contains(point)) return {Part::Sound, position};
+    return {m_row.ClosePlace(position).contains(point) ? Part::Close : Part::Tab, position};
+}
+
+TabStripView::Spot TabStripView::SpotUnderPointer() const {
+    return underMouse() ? SpotAt(mapFromGlobal(QCursor::pos())) : Spot{};
+}
+
+QRect TabStripView::SpotPlace(const Spot& spot) const {
+    if (spot.part == Part::Back) return m_row.ArrowPlace(TabRow::Arrow::Back);
+    if (spot.part == Part::Forward) return m_row.ArrowPlace(TabRow::Arrow::Forward);
+    if (spot.part == Part::List) return m_row.ListPlace();
+    if (spot.part == Part::New) return m_row.NewPlace();
+    return m_row.TabPlace(spot.position) & m_row.Area();
+}
+
+void TabStripView::SetHover(const Spot& spot) {
+    if (spot == m_hover) return;
+    update(SpotPlace(m_hover));
+    m_hover = spot;
+    update(SpotPlace(m_hover));
+}
+
+void TabStripView::mouseMoveEvent(QMouseEvent* event) {
+    Settle();
+    const QPoint point = event->position().toPoint();
+    if (m_dragged) DragTab(point);
+    SetHover(SpotAt(point));
+}
+
+void TabStripView::leaveEvent(QEvent*) { SetHover({}); }
+
+void TabStripView::mousePressEvent(QMouseEvent* event) {
+    Settle();
+    const QPoint point = event->position().toPoint();
+    if (event->button() == Qt::RightButton) PressRight(point);
+    if (event->button() == Qt::MiddleButton) CloseByMiddleButton(point);
+    if (event->button() == Qt::LeftButton) PressLeft(point);
+}
+
+void TabStripView::PressRight(QPoint point) {
+    if (SpotAt(point).part != Part::New) {
+        RightButtonDown(point);
+    } else {
+        NewMenuRequested();
+    }
+}
+
+void TabStripView::PressLeft(QPoint point) {
+    const Spot spot = SpotAt(point);
+    Tab* tab = m_strip.FindAt(spot.position);
+    m_closing.reset();
+    if (spot.part == Part::Back || spot.part == Part::Forward) {
+        TabRow aimed = m_row;
+        aimed.ScrollPage(spot.part == Part::Back ? TabRow::Arrow::Back : TabRow::Arrow::Forward);
+        Scroll(aimed.Offset());
+    } else if (spot.part == Part::List) {
+        const QRect place = m_row.ListPlace();
+        ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
+    } else if (spot.part == Part::New) {
+        BlankRequested();
+    } else if (spot.part == Part::Close && tab) {
+        m_closing = tab->Key();
+    } else if (spot.part == Part::Sound && tab) {
+        MuteRequested(*tab);
+    } else if (tab) {
+        m_dragged = tab->Key();
+        m_dragStart = point;
+        Click(*tab);
+    }
+}
+
+void TabStripView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return event->ignore();
+    m_dragged.reset();
+    m_dragging = false;
+    const std::optional<Text> closing = std::exchange(m_closing, std::nullopt);
+    if (!closing) return;
+    Settle();
+    const Spot spot = SpotAt(event->position().toPoint());
+    Tab* tab = m_strip.FindAt(spot.position);
+    if (spot.part == Part::Close && tab && tab->Key() == *closing) CloseRequested(*tab);
+}
+
+void TabStripView::wheelEvent(QWheelEvent* event) {
+    Settle();
+    event->accept();
+    if (!m_row.Overflows()) return;
+    const QPoint pixels = event->pixelDelta();
+    if (!pixels.isNull()) return Scroll(m_row.Offset() - (pixels.x() != 0 ? pixels.x() : pixels.y()));
+    const QPoint angle = event->angleDelta();
+    m_wheel += angle.x() != 0 ? angle.x() : angle.y();
+    const int notches = m_wheel / kWheelNotch;
+    m_wheel %= kWheelNotch;
+    Scroll(m_row.Offset() - notches * QApplication::wheelScrollLines() * m_row.TabWidth());
+}
+
+void TabStripView::keyPressEvent(QKeyEvent* event) {
+    Settle();
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return StepTo(m_selected - 1);
+    case Qt::Key_Right:
+        return StepTo(m_selected + 1);
+    case Qt::Key_Home:
+        return StepTo(1);
+    case Qt::Key_End:
+        return StepTo(m_strip.Count());
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void TabStripView::StepTo(std::size_t position) {
+    if (Tab* tab = m_strip.FindAt(position)) Click(*tab);
+}
+
+void TabStripView::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    update(m_row.TabPlace(m_selected));
+    Changed();
+}
+
+void TabStripView::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    update(m_row.TabPlace(m_selected));
+}
+
+} // namespace tessa::qt

@@ -1,0 +1,57 @@
+#pragma once
+#include "base/Signal.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <functional>
+#include <vector>
+
+class QLabel;
+class QMainWindow;
+class QWidget;
+
+namespace tessa::qt {
+
+/// Full screen for a window. Hides its menu bar and toolbars while it lasts and says for a moment how to leave. The
+/// bars come back while they have the focus or the pointer, or a menu is open. A pointer that rests at an edge where
+/// bars were calls them.
+class FullScreen final : public QObject {
+public:
+    /// `hintArea` is where the hint appears, inside the window. Both outlive it.
+    FullScreen(QMainWindow& window, QWidget& hintArea);
+
+    [[nodiscard]] bool On() const { return m_on; }
+    void Set(bool on);
+    /// Shows the bars that full screen has taken away; somebody is about to give one of them the keyboard.
+    void Reveal();
+    /// A page fills the window: nothing calls the bars then. Filled in by the owner; may be empty.
+    std::function<bool()> PageFills;
+
+    /// The window entered or left full screen, by `Set` or by the desktop.
+    Signal<void(bool on)> Changed;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Follow(bool on);
+    void HideBars();
+    void ShowBars();
+    void ShowHint();
+    void PlaceHint();
+    void WatchPointer();
+    void Look();
+    [[nodiscard]] bool AtEdge(QPoint at) const;
+    [[nodiscard]] bool BarsInUse() const;
+
+    QMainWindow& m_window;
+    QWidget& m_hintArea;
+    std::vector<QPointer<QWidget>> m_hidden; ///< bars that were on the screen before
+    QPointer<QLabel> m_hint;
+    QTimer m_look;           ///< whether the pointer still rests at the edge, or the bars are still used
+    bool m_revealed = false; ///< the hidden bars are on the screen for a while
+    bool m_on = false;
+};
+
+} // namespace tessa::qt
