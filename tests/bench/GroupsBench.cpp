@@ -20,7 +20,7 @@ std::string GroupOf(int addresses) {
 /// 1,000 groups of ten addresses in one folder.
 const TemporaryFolder& Groups1000() {
     static const TemporaryFolder folder;
-    static const bool filled = [] {
+    static bool filled = [] {
         for (int i = 0; i < 1000; ++i) folder.Write("group " + std::to_string(i) + ".tvg", GroupOf(10));
         return true;
     }();

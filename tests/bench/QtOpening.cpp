@@ -28,7 +28,7 @@ struct Silent final : MessageBoxes {
 /// 10,000 shortcuts in 500 folders.
 const TemporaryFolder& Favorites10000() {
     static const TemporaryFolder folder;
-    static const bool filled = [] {
+    static bool filled = [] {
         for (int i = 0; i < 500; ++i) {
             const std::string name = "folder " + std::to_string(i);
             std::filesystem::create_directory(folder.Path(name));

@@ -26,11 +26,11 @@ public:
     Reader() {
         main.Form_Load(u"about:blank");
         main.Form_Activate();
-        for (int i = 1; i <= kTabs; ++i) Show(i, u"An article of some length about number " + Decimal(i));
+        for (int i = 1; i <= kTabs; ++i) Load(i, u"An article of some length about number " + Decimal(i));
     }
 
     /// Tab `index` shows a page of that title.
-    void Show(int index, const Text& title) {
+    void Load(int index, const Text& title) {
         if (!views.Has(index)) main.GetNewBrowser(InFront::Yes);
         FakeView& view = views.At(index);
         view.location = u"https://www.news.example/section/today/article-" + Decimal(index) + u"?from=front&page=2";
@@ -64,7 +64,7 @@ void SaveAfterAChange(benchmark::State& state) {
     int changes = 0;
     for (auto each : state) {
         ++changes;
-        reader.Show(1 + changes % kTabs, u"News at " + Decimal(changes));
+        reader.Load(1 + changes % kTabs, u"News at " + Decimal(changes));
         reader.main.Sessions().Write();
     }
 }

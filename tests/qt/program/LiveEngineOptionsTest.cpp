@@ -37,8 +37,8 @@ TEST_F(LiveEngineOptionsTest, WhatPagesMayLoadReachesRequestsAndPages) {
     options.ApplyLoadOptions();
     EXPECT_TRUE(requests.Loads.videos);
     EXPECT_TRUE(engine.Profiles().PlaysSounds());
-    SettingsStore(settings).LoadVideos.Set(false);
-    SettingsStore(settings).LoadSounds.Set(false);
+    ASSERT_EQ(SettingsStore(settings).LoadVideos.Set(false), Outcome::Done);
+    ASSERT_EQ(SettingsStore(settings).LoadSounds.Set(false), Outcome::Done);
     options.ApplyLoadOptions();
     EXPECT_FALSE(requests.Loads.videos);
     EXPECT_TRUE(requests.Loads.images);
