@@ -28,6 +28,23 @@
 
 namespace tessa::qt {
 
+namespace {
+
+/// Runs the event loop. Qt 6.8 ends the process from inside it when its display breaks off. Then nothing can be torn
+/// down in order, so the process ends at once.
+int RunEventLoop() {
+    static bool s_runs = false;
+    std::atexit([] {
+        if (s_runs) std::_Exit(EXIT_FAILURE);
+    });
+    s_runs = true;
+    const int result = QApplication::exec();
+    s_runs = false;
+    return result;
+}
+
+} // namespace
+
 /// In the order in which they are made: what a part needs stands before it.
 struct RunningProgram::Parts {
     Parts(int& argc, char** argv);
@@ -139,9 +156,8 @@ int RunningProgram::Run() {
         m->window.QueryUnload = {};
         m->window.Close();
     });
-    const int result = QApplication::exec();
-    // Qt ends the event loop when its display breaks off. Without it nothing can be torn down in order; the session is
-    // on disk, and is offered by the next start.
+    const int result = RunEventLoop();
+    // Qt 6.4 ends the event loop when its display breaks off. The session is on disk; the next start offers it.
     if (!m_unloaded) std::_Exit(EXIT_FAILURE);
     m->downloads.Shutdown();
     m->engine.Shutdown();
