@@ -19,6 +19,11 @@ import desk  # noqa: E402  pylint: disable=wrong-import-position
 BUILD = package.build_folder()
 
 
+def shown(what, text):
+    """The visible windows whose name, or whose class, is that text."""
+    return set(desk.xdotool("search", "--onlyvisible", f"--{what}", f"^{text}$").split())
+
+
 class PackageInAFreshSystem(unittest.TestCase):
     """The steps build on one another, so they are one test."""
 
@@ -28,8 +33,8 @@ class PackageInAFreshSystem(unittest.TestCase):
         with tempfile.TemporaryFile() as errors, subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=errors, stderr=errors) as run:
             try:
                 # The class is that of the desktop entry, by which a task bar knows whose window it is.
-                search = ["search", "--onlyvisible", "--all", "--name", f"^{desk.WINDOW_TITLE}$", "--class", "^TessaView$"]
-                desk.wait_until(lambda: desk.xdotool(*search), what="no window of that name and class came up")
+                desk.wait_until(lambda: shown("name", desk.WINDOW_TITLE) & shown("class", "TessaView"),
+                                what="no window of that name and class came up")
                 state = root.path / "home/visitor/.config/tessaview"
                 desk.wait_until(state.is_dir, what="there are no settings in the user's folder")
             except AssertionError:
