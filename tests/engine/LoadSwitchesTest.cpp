@@ -174,8 +174,7 @@ TEST_F(LoadSwitches, AnimationsOfScriptsAndDrawingsEnd) {
          "<animate attributeName=x from=0 to=99 dur=1s repeatCount=indefinite /></rect></svg>"
          "<script>a.animate([{ background: 'red' }, { background: 'blue' }], { duration: 200, iterations: Infinity "
          "})</script>");
-    EXPECT_TRUE(Shows("white"));
-    EXPECT_EQ(SeenMeanwhile(), "white");
+    EXPECT_TRUE(ComesToRestAt("white"));
     EXPECT_EQ(desk.Script(QStringLiteral("document.querySelector('svg').animationsPaused() + ''")), u"true");
 }
 
