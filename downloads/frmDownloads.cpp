@@ -21,7 +21,7 @@ int PercentOf(const Download& download) {
 } // namespace
 
 frmDownloads::frmDownloads(Downloads& downloads, const WallClock& clock) : m_downloads(downloads), m_clock(clock) {
-    Selected.Change.ConnectForLife([this] { ShowButtons(); });
+    lstDownloads.ListIndex.Change.ConnectForLife([this] { ShowButtons(); });
     Form.Visible.Change.ConnectForLife([this] {
         Show();
         Shown(Form.Visible());
@@ -56,12 +56,12 @@ void frmDownloads::Show() {
     std::vector<DownloadLine> lines;
     const std::int64_t now = m_downloads.Now();
     for (const Download& each : m_downloads.All()) lines.push_back(LineOf(each, now));
-    lstDownloads = std::move(lines);
+    lstDownloads.Show(std::move(lines));
     // One that stalls reports nothing, but is slower every second.
     const auto runs = [](const Download& each) { return each.Report.State == DownloadState::Running; };
     if (std::ranges::any_of(m_downloads.All(), runs)) Schedule();
     SelectNew();
-    if (!m_downloads.Find(Selected())) Selected = m_downloads.All().empty() ? 0 : m_downloads.All().front().Id;
+    if (!lstDownloads.FindSelected() && lstDownloads.ListCount() > 0) lstDownloads.ListIndex = 0;
     ShowButtons();
 }
 
@@ -74,8 +74,13 @@ DownloadLine frmDownloads::LineOf(const Download& download, std::int64_t now) co
 // Whoever has just begun one wants to see that one.
 void frmDownloads::SelectNew() {
     const auto& all = m_downloads.All();
-    if (!all.empty() && all.front().Id > m_newest) Selected = all.front().Id;
+    if (!all.empty() && all.front().Id > m_newest) lstDownloads.ListIndex = 0;
     for (const Download& each : all) m_newest = std::max(m_newest, each.Id);
+}
+
+std::int32_t frmDownloads::Selected() const {
+    const DownloadLine* line = lstDownloads.FindSelected();
+    return line ? line->Id : 0;
 }
 
 void frmDownloads::ShowButtons() {

@@ -2,6 +2,7 @@
 #include "base/Signal.h"
 #include "downloads/Downloads.h"
 #include "forms/Controls.h"
+#include "forms/ListModel.h"
 #include "platform/WallClock.h"
 
 #include <vector>
@@ -30,8 +31,7 @@ public:
 
     FormState Form;
     Text Caption = u"Downloads";
-    Property<std::vector<DownloadLine>> lstDownloads; ///< newest first
-    Property<std::int32_t> Selected{0};               ///< the id of the selected download; 0 for none
+    ListModel<DownloadLine, &DownloadLine::Id> lstDownloads; ///< newest first
     Button cmdOpen{u"&Open"};
     Button cmdShowInFolder{u"Show in &Folder"};
     Button cmdPause{u"&Pause"}; ///< says "Resume" for one that is paused or broke off
@@ -56,6 +56,8 @@ public:
     Signal<void(bool)> Shown;
 
 private:
+    /// The id of the selected download; 0 for none.
+    [[nodiscard]] std::int32_t Selected() const;
     void ShowButtons();
     void SelectNew();
     [[nodiscard]] DownloadLine LineOf(const Download& download, std::int64_t now) const;

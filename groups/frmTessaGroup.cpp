@@ -56,7 +56,7 @@ void frmTessaGroup::RefreshButtons() {
 
 void frmTessaGroup::MoveEntry(std::size_t from, std::size_t to) {
     if (from >= lstUrls.ListCount() || to >= lstUrls.ListCount() || from == to) return;
-    Text address = lstUrls.Items()[from];
+    Text address = lstUrls.Rows()[from];
     lstUrls.RemoveItem(from);
     lstUrls.AddItem(std::move(address), to);
     lstUrls.ListIndex = static_cast<std::int32_t>(to);
@@ -121,7 +121,7 @@ void frmTessaGroup::UpdateSelected(TextView text) {
     Text line(text);
     std::erase_if(line, [](char16_t unit) { return kLineEnds.find(unit) != TextView::npos; });
     if (!line.empty() && lstUrls.FindSelected())
-        lstUrls.SetItem(static_cast<std::size_t>(lstUrls.ListIndex()), std::move(line));
+        lstUrls.Set(static_cast<std::size_t>(lstUrls.ListIndex()), std::move(line));
 }
 
 void frmTessaGroup::Cancel_Click() {
@@ -145,7 +145,7 @@ void frmTessaGroup::cmdDelete_Click() {
 void frmTessaGroup::cmdOK_Click() {
     // Deliberate: counted from 0 here, from 1 when the open tabs are saved; readers take the keys in any case.
     std::vector<TessaGroups::NumberedAddress> addresses;
-    for (const Text& address : lstUrls.Items()) addresses.push_back({addresses.size(), address});
+    for (const Text& address : lstUrls.Rows()) addresses.push_back({addresses.size(), address});
     Unwritten = TessaGroups::Write(m_fileName, addresses) == Outcome::Failed;
     Form.Visible = false;
 }

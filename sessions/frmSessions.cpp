@@ -8,7 +8,7 @@ namespace tessa {
 
 frmSessions::frmSessions(SessionJournal& sessions, Outside outside)
     : m_journal(sessions), m_outside(std::move(outside)) {
-    Selected.Change.ConnectForLife([this] { ShowPages(); });
+    lstSessions.ListIndex.Change.ConnectForLife([this] { ShowPages(); });
     chkAll.Value.Change.ConnectForLife([this] { chkAll_Click(); });
     cmdOpen.Click.ConnectForLife([this] { cmdOpen_Click(); });
     cmdSave.Click.ConnectForLife([this] { cmdSave_Click(); });
@@ -21,73 +21,77 @@ void frmSessions::LoadSessions() {
     m_sessions = m_journal.Earlier();
     std::erase_if(m_sessions, [](const auto& each) { return each.second.Pages.empty(); });
     std::vector<SessionLine> lines;
-    for (const auto& [id, session] : m_sessions) lines.push_back(LineOf(session));
-    // A view that fills its list anew loses its selection.
-    Selected = kNone;
-    lstSessions = std::move(lines);
-    Selected = m_sessions.empty() ? kNone : 0;
+    for (const EarlierSession& each : m_sessions) lines.push_back(LineOf(each));
+    lstSessions.Show(std::move(lines));
+    lstSessions.ListIndex = m_sessions.empty() ? -1 : 0;
     if (m_sessions.empty())
         lblMessage.Caption = u"There is no earlier session yet. What is open now is listed here the next time.";
     ShowPages();
 }
 
-SessionLine frmSessions::LineOf(const Session& session) const {
+const frmSessions::EarlierSession* frmSessions::FindSelected() const {
+    const auto index = static_cast<std::size_t>(lstSessions.ListIndex());
+    return lstSessions.FindSelected() && index < m_sessions.size() ? &m_sessions[index] : nullptr;
+}
+
+SessionLine frmSessions::LineOf(const EarlierSession& earlier) const {
+    const auto& [id, session] = earlier;
     const auto count = session.Pages.size();
     Text pages = count == 1 ? Text(u"One page") : Decimal(static_cast<std::int64_t>(count)) + u" pages";
     if (!session.Ended) pages += u", did not end properly";
-    return {m_outside.clock.Words(session.Time), std::move(pages)};
+    return {id, m_outside.clock.Words(session.Time), std::move(pages)};
 }
 
 void frmSessions::ShowPages() {
     std::vector<SessionPageLine> lines;
-    if (Selected() < m_sessions.size()) {
-        const Session& session = m_sessions[Selected()].second;
+    if (const EarlierSession* earlier = FindSelected()) {
+        const Session& session = earlier->second;
         for (std::size_t i = 0; i < session.Pages.size(); ++i) {
             const auto& [address, title] = session.Pages[i];
-            lines.push_back({title.empty() ? address : title, address, i + 1 == session.Selected});
+            lines.push_back({i, title.empty() ? address : title, address, i + 1 == session.Selected});
         }
     }
-    lstPages = std::move(lines);
+    lstPages.Show(std::move(lines));
     ShowTicks();
 }
 
 void frmSessions::ShowTicks() {
     const auto ticked = TickedPages().size();
     m_showingTicks = true;
-    chkAll.Value = ticked == 0                   ? CheckState::Unticked
-                   : ticked == lstPages().size() ? CheckState::Ticked
-                                                 : CheckState::Grey;
+    chkAll.Value = ticked == 0                      ? CheckState::Unticked
+                   : ticked == lstPages.ListCount() ? CheckState::Ticked
+                                                    : CheckState::Grey;
     m_showingTicks = false;
-    chkAll.Enabled = !lstPages().empty();
+    chkAll.Enabled = lstPages.ListCount() > 0;
     cmdOpen.Enabled = ticked > 0;
     cmdSave.Enabled = ticked > 0;
-    cmdForget.Enabled = Selected() < m_sessions.size();
+    cmdForget.Enabled = FindSelected() != nullptr;
 }
 
 void frmSessions::chkAll_Click() {
     if (m_showingTicks) return;
-    auto lines = lstPages();
+    auto lines = lstPages.Rows();
     for (SessionPageLine& each : lines) each.Ticked = chkAll.Ticked();
-    lstPages = std::move(lines);
+    lstPages.Show(std::move(lines));
     ShowTicks();
 }
 
 void frmSessions::lstPages_ItemCheck(std::size_t index, bool ticked) {
-    auto lines = lstPages();
-    if (index >= lines.size()) return;
-    lines[index].Ticked = ticked;
-    lstPages = std::move(lines);
+    if (index >= lstPages.ListCount()) return;
+    SessionPageLine line = lstPages.Rows()[index];
+    line.Ticked = ticked;
+    lstPages.Set(index, std::move(line));
     ShowTicks();
 }
 
 void frmSessions::lstPages_DblClick(std::size_t index) {
-    if (index < lstPages().size()) Open({index});
+    if (index < lstPages.ListCount()) Open({index});
 }
 
 std::vector<std::size_t> frmSessions::TickedPages() const {
     std::vector<std::size_t> indexes;
-    for (std::size_t i = 0; i < lstPages().size(); ++i) {
-        if (lstPages()[i].Ticked) indexes.push_back(i);
+    for (const SessionPageLine& each : lstPages.Rows()) {
+        if (each.Ticked) indexes.push_back(each.Number);
     }
     return indexes;
 }
@@ -95,8 +99,9 @@ std::vector<std::size_t> frmSessions::TickedPages() const {
 void frmSessions::cmdOpen_Click() { Open(TickedPages()); }
 
 void frmSessions::Open(const std::vector<std::size_t>& indexes) {
-    if (Selected() >= m_sessions.size() || indexes.empty()) return;
-    const auto& [id, session] = m_sessions[Selected()];
+    const EarlierSession* earlier = FindSelected();
+    if (!earlier || indexes.empty()) return;
+    const auto& [id, session] = *earlier;
     std::vector<SessionPage> pages;
     std::size_t front = 0;
     for (const std::size_t each : indexes) {
@@ -115,7 +120,7 @@ void frmSessions::cmdSave_Click() {
     if (path.empty()) return;
     if (!path.ends_with(TessaGroups::kExtension)) path += TessaGroups::kExtension;
     std::vector<Text> addresses;
-    for (const std::size_t each : TickedPages()) addresses.push_back(lstPages()[each].Address);
+    for (const std::size_t each : TickedPages()) addresses.push_back(lstPages.Rows()[each].Address);
     using TessaGroups::Saved;
     const Saved saved = TessaGroups::Save(path, addresses, m_outside.messages);
     if (saved == Saved::Declined) return;
@@ -125,11 +130,12 @@ void frmSessions::cmdSave_Click() {
 }
 
 void frmSessions::cmdForget_Click() {
-    if (Selected() >= m_sessions.size()) return;
-    const std::size_t before = Selected();
-    m_journal.Forget(m_sessions[before].first);
+    const EarlierSession* earlier = FindSelected();
+    if (!earlier) return;
+    const std::int32_t before = lstSessions.ListIndex();
+    m_journal.Forget(earlier->first);
     LoadSessions();
-    if (!m_sessions.empty()) Selected = std::min(before, m_sessions.size() - 1);
+    lstSessions.ListIndex = std::min(before, static_cast<std::int32_t>(m_sessions.size()) - 1);
 }
 
 } // namespace tessa

@@ -1,5 +1,6 @@
 #pragma once
 #include "forms/Controls.h"
+#include "forms/ListModel.h"
 #include "platform/Dialogs.h"
 #include "sessions/SessionJournal.h"
 
@@ -7,6 +8,7 @@ namespace tessa {
 
 /// A line of the list of sessions.
 struct SessionLine {
+    Text Id;
     Text When;  ///< when the session was last written down, as the user reads it
     Text Pages; ///< how many pages it had, and whether it ended badly
     bool operator==(const SessionLine&) const = default;
@@ -14,7 +16,8 @@ struct SessionLine {
 
 /// A line of the list of a session's pages, with a box to tick.
 struct SessionPageLine {
-    Text Title; ///< the address where the page had none
+    std::size_t Number = 0; ///< in its session, from 0
+    Text Title;             ///< the address where the page had none
     Text Address;
     bool Front = false; ///< it was the page in front
     bool Ticked = true;
@@ -32,7 +35,6 @@ public:
         Text groupFolder; ///< with the separator at the end
         const WallClock& clock;
     };
-    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
     /// The journal outlives the form.
     frmSessions(SessionJournal& sessions, Outside outside);
@@ -49,9 +51,8 @@ public:
     Button cmdSave{u"Save as &TessaGroup..."};
     Button cmdForget{u"&Forget Session"};
     Button cmdClose{u"Close"};
-    Property<std::vector<SessionLine>> lstSessions;  ///< newest first
-    Property<std::size_t> Selected{kNone};           ///< the session whose pages are shown, from 0
-    Property<std::vector<SessionPageLine>> lstPages; ///< the pages of the selected session
+    ListModel<SessionLine, &SessionLine::Id> lstSessions;          ///< newest first
+    ListModel<SessionPageLine, &SessionPageLine::Number> lstPages; ///< the pages of the selected session
 
     /// The user ticks a page, from 0, or takes the tick away.
     void lstPages_ItemCheck(std::size_t index, bool ticked);
@@ -62,6 +63,9 @@ public:
     bool SavedGroup = false;
 
 private:
+    /// A session and its id; nothing when none is selected.
+    using EarlierSession = std::pair<Text, Session>;
+    [[nodiscard]] const EarlierSession* FindSelected() const;
     void LoadSessions();
     void ShowPages();
     void ShowTicks();
@@ -70,12 +74,12 @@ private:
     void cmdSave_Click();
     void cmdForget_Click();
     void Open(const std::vector<std::size_t>& indexes);
-    [[nodiscard]] SessionLine LineOf(const Session& session) const;
+    [[nodiscard]] SessionLine LineOf(const EarlierSession& earlier) const;
     [[nodiscard]] std::vector<std::size_t> TickedPages() const;
 
     SessionJournal& m_journal;
     Outside m_outside;
-    std::vector<std::pair<Text, Session>> m_sessions;
+    std::vector<EarlierSession> m_sessions;
     bool m_showingTicks = false;
 };
 

@@ -119,10 +119,10 @@ void frmInternetOptions::cmdBrowse_Click() {
 }
 
 void frmInternetOptions::ShowSites(std::size_t selected) {
-    lstSites.ListIndex = -1;
-    while (lstSites.ListCount() > 0) lstSites.RemoveItem(lstSites.ListCount() - 1);
     m_sites = m_outside.siteChoices.All ? m_outside.siteChoices.All() : std::vector<SiteChoice>();
-    for (const SiteChoice& each : m_sites) lstSites.AddItem(each.Words);
+    std::vector<Text> words;
+    for (const SiteChoice& each : m_sites) words.push_back(each.Words);
+    lstSites.Show(std::move(words));
     if (!m_sites.empty()) lstSites.ListIndex = static_cast<std::int32_t>(std::min(selected, m_sites.size() - 1));
     lstSites_Click();
 }

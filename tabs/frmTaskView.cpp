@@ -24,7 +24,7 @@ TextView StateOf(const PageLife* life, bool front) {
 
 frmTaskView::frmTaskView(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {
     Form.Visible.Change.ConnectForLife([this] { Form_Change(); });
-    Selected.Change.ConnectForLife([this] { ShowSelected(); });
+    lstTasks.ListIndex.Change.ConnectForLife([this] { ShowSelected(); });
     Order.Change.ConnectForLife([this] { Show(); });
     cmdGoTo.Click.ConnectForLife([this] { lstTasks_DblClick(); });
     cmdEnd.Click.ConnectForLife([this] { cmdEnd_Click(); });
@@ -33,11 +33,9 @@ frmTaskView::frmTaskView(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage
 
 void frmTaskView::Form_Change() {
     m_processes.clear();
-    if (Form.Visible()) {
-        const auto* front = m_pcPage.SelectedItem();
-        Selected = front ? front->Key() : Text();
-    }
     Refresh();
+    const auto* front = m_pcPage.SelectedItem();
+    if (front) lstTasks.Select(front->Key());
 }
 
 void frmTaskView::TellDrawing(DrawingWay way) {
@@ -47,7 +45,7 @@ void frmTaskView::TellDrawing(DrawingWay way) {
 
 void frmTaskView::Refresh() {
     if (!Form.Visible()) {
-        lstTasks = std::vector<TaskLine>();
+        lstTasks.Show({});
         return;
     }
     Measure();
@@ -126,10 +124,15 @@ void frmTaskView::Show() {
     });
     std::vector<TaskLine> lines;
     for (Row& row : rows) lines.push_back(std::move(row.line));
-    lstTasks = std::move(lines);
-    if (!m_pcPage.Find(Selected())) Selected = lstTasks().empty() ? Text() : lstTasks().front().Key;
+    lstTasks.Show(std::move(lines));
+    if (!lstTasks.FindSelected() && lstTasks.ListCount() > 0) lstTasks.ListIndex = 0;
     ShowSelected();
     ShowTotal();
+}
+
+Text frmTaskView::Selected() const {
+    const TaskLine* line = lstTasks.FindSelected();
+    return line ? line->Key : Text();
 }
 
 void frmTaskView::ShowSelected() {

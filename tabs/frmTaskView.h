@@ -2,6 +2,7 @@
 #include "base/Signal.h"
 #include "base/os/ProcessUse.h"
 #include "forms/Controls.h"
+#include "forms/ListModel.h"
 #include "forms/TabStrip.h"
 #include "settings/Drawing.h"
 #include "tabs/OpenTabs.h"
@@ -43,8 +44,7 @@ public:
     FormState Form;
     Text Caption = u"Task View";
     static constexpr std::array<TextView, 5> kHeadings{u"Title", u"Address", u"State", u"Memory", u"Processor"};
-    Property<std::vector<TaskLine>> lstTasks;
-    Property<Text> Selected; ///< the key of the selected line's tab; empty for none
+    ListModel<TaskLine, &TaskLine::Key> lstTasks;
     Property<TaskOrder> Order;
     Label lblShared{u""}; ///< who else would end with the selected page
     Label lblTotal{u""};
@@ -86,6 +86,8 @@ private:
     void cmdEnd_Click();
     void Measure();
     void Show();
+    /// The key of the selected line's tab; empty for none.
+    [[nodiscard]] Text Selected() const;
     void ShowSelected();
     void ShowTotal();
     [[nodiscard]] Row RowOf(const OpenTab& open) const;

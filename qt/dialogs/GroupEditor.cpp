@@ -1,8 +1,8 @@
 #include "qt/dialogs/GroupEditor.h"
 
 #include "qt/base/Bind.h"
-#include "qt/base/ListBoxView.h"
 #include "qt/base/Strings.h"
+#include "qt/dialogs/ListBoxView.h"
 
 #include <QFrame>
 #include <QHBoxLayout>

@@ -3,8 +3,8 @@
 #include "qt/base/Bind.h"
 #include "qt/base/ChoiceBinding.h"
 #include "qt/base/FormRows.h"
-#include "qt/base/ListBoxView.h"
 #include "qt/base/Strings.h"
+#include "qt/dialogs/ListBoxView.h"
 #include "qt/dialogs/PageList.h"
 
 #include <QCheckBox>

@@ -2,8 +2,8 @@
 
 #include "qt/base/Bind.h"
 #include "qt/base/FormRows.h"
+#include "qt/base/ItemRows.h"
 #include "qt/base/Strings.h"
-#include "qt/dialogs/TreeLines.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -12,7 +12,6 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -110,16 +109,13 @@ QWidget* SessionsDialog::Buttons() {
 }
 
 void SessionsDialog::BindSessions() {
-    m_connections += m_form.lstSessions.Attach([this](const auto& lines) { ShowSessions(lines); });
-    m_connections += m_form.Selected.Attach([this](std::size_t index) {
-        m_sessions->setCurrentRow(index == frmSessions::kNone ? -1 : static_cast<int>(index));
+    BindRows(m_form.lstSessions, *m_sessions, m_connections, [](QListWidgetItem& item, const SessionLine& line) {
+        item.setText(ToQt(line.When) + u'\n' + ToQt(line.Pages));
     });
-    connect(m_sessions, &QListWidget::currentRowChanged, this,
-            [this](int row) { m_form.Selected = row < 0 ? frmSessions::kNone : static_cast<std::size_t>(row); });
 }
 
 void SessionsDialog::BindPages() {
-    m_connections += m_form.lstPages.Attach([this](const auto& lines) { ShowPages(lines); });
+    BindRows(m_form.lstPages, *m_pages, m_connections, FillPage);
     connect(m_pages, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) {
         m_form.lstPages_ItemCheck(static_cast<std::size_t>(m_pages->indexOfTopLevelItem(item)),
                                   item->checkState(0) == Qt::Checked);
@@ -128,14 +124,6 @@ void SessionsDialog::BindPages() {
         m_form.lstPages_DblClick(static_cast<std::size_t>(m_pages->indexOfTopLevelItem(item)));
     });
 }
-
-void SessionsDialog::ShowSessions(const std::vector<SessionLine>& lines) {
-    const QSignalBlocker quiet(m_sessions);
-    m_sessions->clear();
-    for (const SessionLine& line : lines) m_sessions->addItem(ToQt(line.When) + u'\n' + ToQt(line.Pages));
-}
-
-void SessionsDialog::ShowPages(const std::vector<SessionPageLine>& lines) { ShowLines(*m_pages, lines, FillPage); }
 
 void ShowModal(frmSessions& form, QWidget* parent) {
     const QPointer<SessionsDialog> dialog = new SessionsDialog(form, parent);

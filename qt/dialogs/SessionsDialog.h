@@ -21,8 +21,6 @@ private:
     QWidget* Buttons();
     void BindSessions();
     void BindPages();
-    void ShowSessions(const std::vector<SessionLine>& lines);
-    void ShowPages(const std::vector<SessionPageLine>& lines);
 
     frmSessions& m_form;
     QListWidget* m_sessions;

@@ -2,8 +2,8 @@
 
 #include "qt/base/Bind.h"
 #include "qt/base/FormRows.h"
+#include "qt/base/ItemRows.h"
 #include "qt/base/Strings.h"
-#include "qt/dialogs/TreeLines.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -26,7 +26,6 @@ namespace {
 constexpr std::chrono::seconds kFiguresRefresh{1};
 constexpr QSize kUsualTaskViewSize{860, 420};
 constexpr std::array kWidths{230, 230, 160, 100};
-constexpr int kTaskKeyRole = Qt::UserRole;
 
 TaskColumn ColumnOf(int section) { return static_cast<TaskColumn>(section); }
 
@@ -36,7 +35,6 @@ void AlignNumbers(QTreeWidgetItem& item) {
 }
 
 void FillRow(QTreeWidgetItem& item, const TaskLine& line) {
-    item.setData(0, kTaskKeyRole, ToQt(line.Key));
     for (int column = 0; column < static_cast<int>(line.Cells.size()); ++column)
         ShowCell(item, column, ToQt(line.Cell(ColumnOf(column))));
     AlignNumbers(item);
@@ -121,29 +119,8 @@ QWidget* TaskDialog::Buttons() {
 }
 
 void TaskDialog::BindTasks() {
-    m_connections += m_form.lstTasks.Attach([this](const auto& lines) { ShowTasks(lines); });
-    m_connections += m_form.Selected.Attach([this](const Text&) { ShowSelected(); });
-    connect(m_tasks, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
-        if (item) m_form.Selected = FromQt(item->data(0, kTaskKeyRole).toString());
-    });
+    BindRows(m_form.lstTasks, *m_tasks, m_connections, FillRow);
     connect(m_tasks, &QTreeWidget::itemDoubleClicked, this, [this] { m_form.lstTasks_DblClick(); });
-}
-
-void TaskDialog::ShowTasks(const std::vector<TaskLine>& lines) {
-    ShowLines(*m_tasks, lines, FillRow);
-    ShowSelected();
-}
-
-// The selection stays with its tab, wherever the order has it now.
-void TaskDialog::ShowSelected() {
-    const QSignalBlocker quiet(m_tasks);
-    const QString key = ToQt(m_form.Selected());
-    for (int i = 0; i < m_tasks->topLevelItemCount(); ++i) {
-        auto* item = m_tasks->topLevelItem(i);
-        if (item->data(0, kTaskKeyRole).toString() != key) continue;
-        if (item != m_tasks->currentItem()) m_tasks->setCurrentItem(item);
-        return;
-    }
 }
 
 bool TaskDialog::eventFilter(QObject* watched, QEvent* event) {

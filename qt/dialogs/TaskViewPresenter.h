@@ -29,8 +29,6 @@ private:
     QWidget* Buttons();
     void BindTasks();
     void BindSorting(QComboBox& column, class QCheckBox& descending);
-    void ShowTasks(const std::vector<TaskLine>& lines);
-    void ShowSelected();
 
     frmTaskView& m_form;
     QTreeWidget* m_tasks;

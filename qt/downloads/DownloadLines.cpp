@@ -1,12 +1,12 @@
 #include "qt/downloads/DownloadLines.h"
 
 #include "downloads/DownloadWords.h"
+#include "qt/base/ItemRows.h"
 #include "qt/base/Strings.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QRegularExpression>
-#include <QSignalBlocker>
 #include <QStyleOptionProgressBar>
 
 namespace tessa::qt {
@@ -64,7 +64,6 @@ void DrawBar(QPainter& painter, const QStyleOptionViewItem& option, const QRect&
 }
 
 void FillItem(QListWidgetItem& item, const DownloadLine& line) {
-    item.setData(DownloadDelegate::kIdRole, line.Id);
     item.setData(DownloadDelegate::kPercentRole, line.Percent);
     item.setData(DownloadDelegate::kNameRole, ToQt(line.Name));
     item.setData(DownloadDelegate::kStandingRole, ToQt(line.Standing));
@@ -130,30 +129,10 @@ DownloadLines::DownloadLines(frmDownloads& form, QWidget* parent) : QListWidget(
     setVerticalScrollMode(ScrollPerPixel);
     setResizeMode(Adjust);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_connections += m_form.lstDownloads.Attach([this](const auto& lines) { ShowLines(lines); });
-    m_connections += m_form.Selected.Attach([this](std::int32_t) { ShowSelected(); });
-    connect(this, &QListWidget::currentItemChanged, this, [this](const QListWidgetItem* item) {
-        m_form.Selected = item ? item->data(DownloadDelegate::kIdRole).toInt() : 0;
-    });
+    BindRows(m_form.lstDownloads, *this, m_connections, FillItem);
+    // A line has as many words as its download tells.
+    m_connections += m_form.lstDownloads.Attach([this](RowChange) { scheduleDelayedItemsLayout(); });
     connect(this, &QListWidget::itemDoubleClicked, this, [this] { m_form.lstDownloads_DblClick(); });
-}
-
-// Items stay where they are while downloads go on, and with them the keyboard's place.
-void DownloadLines::ShowLines(const std::vector<DownloadLine>& lines) {
-    const QSignalBlocker quiet(this);
-    while (count() > static_cast<int>(lines.size())) delete takeItem(count() - 1);
-    while (count() < static_cast<int>(lines.size())) addItem(new QListWidgetItem);
-    for (std::size_t i = 0; i < lines.size(); ++i) FillItem(*item(static_cast<int>(i)), lines[i]);
-    ShowSelected();
-    scheduleDelayedItemsLayout();
-}
-
-void DownloadLines::ShowSelected() {
-    const QSignalBlocker quiet(this);
-    for (int i = 0; i < count(); ++i) {
-        if (item(i)->data(DownloadDelegate::kIdRole).toInt() == m_form.Selected()) return setCurrentRow(i);
-    }
-    setCurrentRow(-1);
 }
 
 void DownloadLines::keyPressEvent(QKeyEvent* event) {

@@ -15,10 +15,9 @@ class DownloadDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
     static constexpr int kPercentRole = Qt::UserRole;
-    static constexpr int kIdRole = Qt::UserRole + 1;
-    static constexpr int kNameRole = Qt::UserRole + 2;
-    static constexpr int kStandingRole = Qt::UserRole + 3;
-    static constexpr int kPlaceRole = Qt::UserRole + 4;
+    static constexpr int kNameRole = Qt::UserRole + 1;
+    static constexpr int kStandingRole = Qt::UserRole + 2;
+    static constexpr int kPlaceRole = Qt::UserRole + 3;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
@@ -37,9 +36,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void ShowLines(const std::vector<DownloadLine>& lines);
-    void ShowSelected();
-
     frmDownloads& m_form;
     Connections m_connections;
 };

@@ -37,8 +37,8 @@ protected:
     /// The lines of the panel, the selected one with a star: "*name: standing 40%".
     [[nodiscard]] std::string Lines() const {
         std::string all;
-        for (const DownloadLine& each : panel.lstDownloads()) {
-            all += (all.empty() ? "" : " | ") + std::string(each.Id == panel.Selected() ? "*" : "") +
+        for (const DownloadLine& each : panel.lstDownloads.Rows()) {
+            all += (all.empty() ? "" : " | ") + std::string(&each == panel.lstDownloads.FindSelected() ? "*" : "") +
                    ToUtf8(each.Name) + ": " + ToUtf8(each.Standing + (each.Place.empty() ? u"" : u" - ") + each.Place);
             if (each.Percent >= 0 && each.Percent <= 100) all += " " + std::to_string(each.Percent) + "%";
         }
@@ -90,7 +90,7 @@ TEST_F(DownloadsTest, KnowsNoPercentOfWhatHasNoSize) {
     const auto id = Begin(u"http://a.example/endless");
     Report(id, DownloadState::Running, 1234);
     EXPECT_EQ(Lines(), "*endless: 1.2 kB");
-    EXPECT_EQ(panel.lstDownloads()[0].Percent, frmDownloads::kUnknownPercent);
+    EXPECT_EQ(panel.lstDownloads.Rows()[0].Percent, frmDownloads::kUnknownPercent);
 }
 
 TEST_F(DownloadsTest, SaysThatItStallsThoughNobodyReportsThat) {
@@ -211,11 +211,11 @@ TEST_F(DownloadsTest, SurvivesARestart) {
     frmDownloads laterPanel(later, clock);
     later.Load();
     laterPanel.Form.Visible = true;
-    ASSERT_EQ(laterPanel.lstDownloads().size(), 2U) << "what is not to be remembered is not";
-    EXPECT_EQ(laterPanel.lstDownloads()[0].Standing, u"It was not finished. 3 bytes of 9 bytes");
-    EXPECT_EQ(laterPanel.lstDownloads()[1].Standing, u"Done, 5 bytes");
+    ASSERT_EQ(laterPanel.lstDownloads.Rows().size(), 2U) << "what is not to be remembered is not";
+    EXPECT_EQ(laterPanel.lstDownloads.Rows()[0].Standing, u"It was not finished. 3 bytes of 9 bytes");
+    EXPECT_EQ(laterPanel.lstDownloads.Rows()[1].Standing, u"Done, 5 bytes");
     laterPanel.Show();
-    EXPECT_EQ(laterPanel.lstDownloads()[1].Place, u"at 1700000000, in " + desktop.folder);
+    EXPECT_EQ(laterPanel.lstDownloads.Rows()[1].Place, u"at 1700000000, in " + desktop.folder);
     laterPanel.cmdPause.Click();
     EXPECT_EQ(desktop.Take(), "fetch 1 http://a.example/running") << "it begins anew";
 }
@@ -242,16 +242,14 @@ TEST_F(DownloadsTest, SelectsANewOneWhateverWasSelected) {
     Begin(u"http://a.example/b", {}, 5);
     panel.Show();
     EXPECT_EQ(Lines(), "*b: 0 bytes of 5 bytes 0% | a: 0 bytes of 5 bytes 0%");
-    panel.Selected = first;
+    panel.lstDownloads.Select(first);
     Report(first, DownloadState::Running, 2);
     panel.Show();
-    EXPECT_EQ(panel.Selected(), first) << "what goes on takes the selection from nobody";
+    EXPECT_EQ(panel.lstDownloads.FindSelected()->Id, first) << "what goes on takes the selection from nobody";
     panel.Form.Visible = false;
     Begin(u"http://a.example/c", {}, 5);
     panel.Form.Visible = true;
-    EXPECT_EQ(ToUtf8(panel.lstDownloads()[0].Name) +
-                  (panel.Selected() == panel.lstDownloads()[0].Id ? " selected" : ""),
-              "c selected");
+    EXPECT_EQ(panel.lstDownloads.FindSelected()->Name, u"c");
 }
 
 TEST_F(DownloadsTest, LeavesOutDamagedLinesOfItsFile) {

@@ -382,7 +382,7 @@ TEST_F(SleepingTabs, TheTaskViewEndsAPageThatThenOffersToReload) {
     Load(QStringLiteral("/one"));
     auto& tasks = desk.main->TaskView();
     tasks.Form.Visible = true;
-    tasks.Selected = Text(u"Tab2");
+    tasks.lstTasks.Select(TextView(u"Tab2"));
     ASSERT_TRUE(tasks.cmdEnd.Enabled());
     tasks.cmdEnd.Click();
     ASSERT_TRUE(WaitUntil([&] { return View().CrashPage() != nullptr; }));

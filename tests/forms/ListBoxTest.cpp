@@ -11,7 +11,7 @@ struct ListBoxTest : testing::Test {
     [[nodiscard]] std::string Shown() const {
         std::string all;
         for (std::size_t i = 0; i < list.ListCount(); ++i) {
-            const std::string item = ToUtf8(list.Items()[i]);
+            const std::string item = ToUtf8(list.Rows()[i]);
             all += (i == 0 ? "" : " ") + (list.ListIndex() == static_cast<int>(i) ? "[" + item + "]" : item);
         }
         return all;
@@ -37,7 +37,7 @@ TEST_F(ListBoxTest, TheSelectionFollowsItsItem) {
     EXPECT_EQ(Shown(), "x c");
     EXPECT_EQ(list.ListIndex(), -1);
     list.RemoveItem(2);
-    list.SetItem(2, u"none");
+    list.Set(2, u"none");
     EXPECT_EQ(Shown(), "x c");
 }
 
@@ -47,13 +47,13 @@ TEST_F(ListBoxTest, ItsViewHearsOfEveryChangeAndTheKeyboard) {
     list.GotFocus.ConnectForLife([&] { ++got; });
     list.AddItem(u"a");
     Connections view;
-    view += list.Attach([&](ListBoxChange change) {
+    view += list.Attach([&](RowChange change) {
         seen += std::to_string(static_cast<int>(change.kind)) + std::to_string(change.index) + " ";
     });
     view += list.FocusWanted.Connect([&] { seen += "focus "; });
     list.AddItem(u"b");
     list.AddItem(u"c", 0);
-    list.SetItem(1, u"x");
+    list.Set(1, u"x");
     list.RemoveItem(2);
     list.SetFocus();
     EXPECT_EQ(seen, "00 11 10 31 22 focus ");

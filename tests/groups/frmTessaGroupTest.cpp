@@ -37,7 +37,7 @@ struct Editor : testing::Test, TemporaryFolder {
     [[nodiscard]] std::string List() const {
         std::string all;
         for (std::size_t i = 0; i < form.lstUrls.ListCount(); ++i) {
-            const std::string item = ToUtf8(form.lstUrls.Items()[i]);
+            const std::string item = ToUtf8(form.lstUrls.Rows()[i]);
             all += (i == 0 ? "" : " ") + (form.lstUrls.ListIndex() == static_cast<int>(i) ? "[" + item + "]" : item);
         }
         return all;
@@ -170,7 +170,7 @@ TEST_F(Editor, InsertAddsLastAlsoWhenTheFirstIsSelected) {
         Insert(u"a");
         EXPECT_EQ(List(), "[a] b about:blank a") << "an address may stand twice";
         Insert(u"no address at all");
-        EXPECT_EQ(form.lstUrls.Items().back(), u"no address at all");
+        EXPECT_EQ(form.lstUrls.Rows().back(), u"no address at all");
     });
 }
 

@@ -46,14 +46,14 @@ public:
 
 std::string Pages(const frmSessions& form) {
     std::string all;
-    for (const SessionPageLine& each : form.lstPages())
+    for (const SessionPageLine& each : form.lstPages.Rows())
         all += (all.empty() ? "" : " ") + ToUtf8(each.Title) + (each.Front ? "*" : "") + (each.Ticked ? "+" : "");
     return all;
 }
 
 std::string Sessions(const frmSessions& form) {
     std::string all;
-    for (const SessionLine& each : form.lstSessions())
+    for (const SessionLine& each : form.lstSessions.Rows())
         all += (all.empty() ? "" : "; ") + ToUtf8(each.When) + ": " + ToUtf8(each.Pages);
     return all;
 }
@@ -67,7 +67,7 @@ TEST(frmSessions, ListsTheSessionsAndThePagesOfTheNewest) {
         EXPECT_EQ(Sessions(form), "at 700: 3 pages; at 500: One page, did not end properly");
         EXPECT_EQ(Pages(form), "One+ Two*+ Three+");
         EXPECT_TRUE(form.chkAll.Ticked());
-        form.Selected = 1;
+        form.lstSessions.ListIndex = 1;
         EXPECT_EQ(Pages(form), "http://four/*+");
     });
 }
@@ -76,7 +76,7 @@ TEST(frmSessions, WithoutSessionsThereIsNothingToDo) {
     SessionsDesk desk;
     desk.Start();
     desk.Use([](frmSessions& form) {
-        EXPECT_EQ(form.Selected(), frmSessions::kNone);
+        EXPECT_EQ(form.lstSessions.ListIndex(), -1);
         for (const Button* each : {&form.cmdOpen, &form.cmdSave, &form.cmdForget}) EXPECT_FALSE(each->Enabled());
         EXPECT_FALSE(form.chkAll.Enabled());
         EXPECT_TRUE(form.lblMessage.Caption().starts_with(u"There is no earlier session yet."));
@@ -151,7 +151,7 @@ TEST(frmSessions, AForgottenSessionIsGoneAndItsNeighbourIsShown) {
     desk.Start();
     EXPECT_EQ(desk.offer.offered, u"a");
     desk.Use([](frmSessions& form) {
-        form.Selected = 1;
+        form.lstSessions.ListIndex = 1;
         form.cmdForget.Click();
         EXPECT_EQ(Sessions(form), "at 700: 3 pages");
         EXPECT_EQ(Pages(form), "One*+ Two+ Three+");

@@ -279,12 +279,12 @@ TEST_F(InternetOptions, VisitedLinksGoAsFarBackAsTheUserSays) {
 TEST_F(InternetOptions, WhatWasDecidedForSitesIsRevokedAtOnceSinglyOrAll) {
     decided = {u"a", u"b", u"c", u"d"};
     const auto form = Open();
-    EXPECT_EQ(form->lstSites.Items(), decided);
+    EXPECT_EQ(form->lstSites.Rows(), decided);
     EXPECT_EQ(form->lstSites.ListIndex(), 0);
     form->lstSites.ListIndex = 1;
     form->cmdRevoke.Click();
     EXPECT_EQ(decided, (std::vector<Text>{u"a", u"c", u"d"}));
-    EXPECT_EQ(form->lstSites.Items(), decided);
+    EXPECT_EQ(form->lstSites.Rows(), decided);
     EXPECT_EQ(*form->lstSites.FindSelected(), u"c") << "the next one can be revoked with the next key";
     form->lstSites.ListIndex = 2;
     form->cmdRevoke.Click();

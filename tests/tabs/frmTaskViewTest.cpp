@@ -39,7 +39,7 @@ protected:
     /// A column of all lines, "|" between them.
     [[nodiscard]] std::string Column(TaskColumn column) const {
         std::string all;
-        for (const TaskLine& line : form.lstTasks()) all += "|" + ToUtf8(line.Cell(column));
+        for (const TaskLine& line : form.lstTasks.Rows()) all += "|" + ToUtf8(line.Cell(column));
         return all.empty() ? all : all.substr(1);
     }
 
@@ -66,7 +66,7 @@ TEST_F(TaskView, ShowsWhatEachTabUsesTheMostFirst) {
     EXPECT_EQ(Column(TaskColumn::Memory), "120 MB|80 MB|40 MB");
     EXPECT_EQ(Column(TaskColumn::Processor), "||");
     EXPECT_EQ(form.lblTotal.Caption(), u"3 tabs, 3 processes, 240 MB");
-    EXPECT_EQ(form.Selected(), u"Tab1");
+    EXPECT_EQ(form.lstTasks.FindSelected()->Key, u"Tab1");
 }
 
 TEST_F(TaskView, MeasuresNothingWhileItIsHidden) {
@@ -77,7 +77,7 @@ TEST_F(TaskView, MeasuresNothingWhileItIsHidden) {
     form.cmdClose.Click();
     form.Refresh();
     EXPECT_EQ(reads, 3);
-    EXPECT_TRUE(form.lstTasks().empty());
+    EXPECT_TRUE(form.lstTasks.Rows().empty());
 }
 
 TEST_F(TaskView, TheProcessorIsThatOfTheTimeSinceItWasLastMeasured) {
@@ -110,7 +110,7 @@ TEST_F(TaskView, TabsThatShareAProcessSaySo) {
     EXPECT_EQ(Column(TaskColumn::Memory), "120 MB, shared by 2 tabs|120 MB, shared by 2 tabs|80 MB");
     EXPECT_EQ(form.lblTotal.Caption(), u"3 tabs, 2 processes, 200 MB");
     EXPECT_EQ(form.lblShared.Caption(), u"");
-    form.Selected = Text(u"Tab3");
+    form.lstTasks.Select(TextView(u"Tab3"));
     EXPECT_EQ(form.lblShared.Caption(), u"End Page ends all 2 pages of this process.");
     EXPECT_EQ(reads, 2);
 }
@@ -132,7 +132,7 @@ TEST_F(TaskView, AProcessThatCannotBeReadLeavesItsCellsEmpty) {
     Open();
     EXPECT_EQ(Column(TaskColumn::Title), "News|apples|Weather");
     EXPECT_EQ(Column(TaskColumn::Memory), "80 MB|40 MB|");
-    form.Selected = Text(u"Tab2");
+    form.lstTasks.Select(TextView(u"Tab2"));
     EXPECT_TRUE(form.cmdEnd.Enabled());
 }
 
@@ -166,20 +166,20 @@ TEST_F(TaskView, MemoryIsSortedAsANumber) {
 
 TEST_F(TaskView, TheSelectionStaysWithItsTab) {
     Open();
-    form.Selected = Text(u"Tab3");
+    form.lstTasks.Select(TextView(u"Tab3"));
     Uses(13, 900'000'000, 0ms);
     form.Refresh();
     EXPECT_EQ(Column(TaskColumn::Title), "apples|Weather|News");
-    EXPECT_EQ(form.Selected(), u"Tab3");
+    EXPECT_EQ(form.lstTasks.FindSelected()->Key, u"Tab3");
     desk.Close(3);
     form.Refresh();
     EXPECT_EQ(Column(TaskColumn::Title), "Weather|News");
-    EXPECT_EQ(form.Selected(), u"Tab2");
+    EXPECT_EQ(form.lstTasks.FindSelected()->Key, u"Tab2");
 }
 
 TEST_F(TaskView, GoesToTheTab) {
     Open();
-    form.Selected = Text(u"Tab3");
+    form.lstTasks.Select(TextView(u"Tab3"));
     form.lstTasks_DblClick();
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
     EXPECT_EQ(mainShown, 1);
@@ -192,7 +192,7 @@ TEST_F(TaskView, GoesToTheTab) {
 
 TEST_F(TaskView, EndsTheProcessOfTheSelectedTab) {
     Open();
-    form.Selected = Text(u"Tab2");
+    form.lstTasks.Select(TextView(u"Tab2"));
     form.cmdEnd.Click();
     EXPECT_EQ(desk.views.Calls(2).find("end") != std::string::npos, true);
     EXPECT_EQ(Column(TaskColumn::Title), "News|apples|Weather");
@@ -212,7 +212,7 @@ TEST_F(TaskView, AProcessThatCannotBeEndedStays) {
 TEST_F(TaskView, WhatAPageCallsItselfIsOneReadableLine) {
     desk.views.At(1).name = u"two\nlines \u202Eturned" + Text(5000, u'x');
     Open();
-    const Text title = form.lstTasks().at(1).Cell(TaskColumn::Title);
+    const Text title = form.lstTasks.Rows().at(1).Cell(TaskColumn::Title);
     EXPECT_TRUE(title.starts_with(u"two lines turned"));
     EXPECT_LT(title.size(), 250u);
 }

@@ -2,8 +2,8 @@
 #include "qt/dialogs/GroupEditor.h"
 
 #include "groups/TessaGroups.h"
-#include "qt/base/ListBoxView.h"
 #include "qt/base/Strings.h"
+#include "qt/dialogs/ListBoxView.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeForms.h"
 #include "tests/fakes/TemporaryFolder.h"

@@ -1,4 +1,4 @@
-// Tests: TreeLines
+// Tests: ItemRows
 #include "qt/dialogs/TaskViewPresenter.h"
 
 #include "qt/base/Strings.h"
@@ -96,7 +96,7 @@ TEST_F(TaskViewPresenterTest, EscapeClosesIt) {
 TEST_F(TaskViewPresenterTest, ArrowsChooseAndEnterGoesToTheTab) {
     Open();
     Press(Qt::Key_Down);
-    EXPECT_EQ(form.Selected(), u"Tab3");
+    EXPECT_EQ(form.lstTasks.FindSelected()->Key, u"Tab3");
     Press(Qt::Key_Return);
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
     EXPECT_TRUE(QTest::qWaitFor([this] { return window.isActiveWindow(); }));
@@ -127,7 +127,7 @@ TEST_F(TaskViewPresenterTest, TheButtonsAreReachedByTheirKeys) {
     Open();
     Press(Qt::Key_E, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([this] { return desk.views.At(1).ended; }));
-    form.Selected = Text(u"Tab3");
+    form.lstTasks.Select(TextView(u"Tab3"));
     Press(Qt::Key_G, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([this] { return desk.Strip() == "1 2 [3*]"; }));
 }

@@ -1,4 +1,4 @@
-#include "qt/dialogs/TreeLines.h"
+#include "qt/base/ItemRows.h"
 
 namespace tessa::qt {
 

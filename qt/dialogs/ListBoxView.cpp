@@ -1,4 +1,4 @@
-#include "qt/base/ListBoxView.h"
+#include "qt/dialogs/ListBoxView.h"
 
 #include "base/Captions.h"
 #include "qt/base/Strings.h"
@@ -12,15 +12,15 @@
 namespace tessa::qt {
 
 /// The items as Qt's views ask for them.
-class ListModel final : public QAbstractListModel {
+class ListBoxItems final : public QAbstractListModel {
 public:
-    ListModel(ListBox& list, QObject* parent) : QAbstractListModel(parent), m_list(list) {}
+    ListBoxItems(ListBox& list, QObject* parent) : QAbstractListModel(parent), m_list(list) {}
 
     [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : m_rows; }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
         const auto row = static_cast<std::size_t>(index.row());
         if (role != Qt::DisplayRole || row >= m_list.ListCount()) return {};
-        return ToQt(OneLine(m_list.Items()[row]));
+        return ToQt(OneLine(m_list.Rows()[row]));
     }
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override {
         // Entries are dropped between others, never onto one.
@@ -29,22 +29,22 @@ public:
     }
     [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
 
-    void Follow(ListBoxChange change) {
+    void Follow(RowChange change) {
         const int row = static_cast<int>(change.index);
         switch (change.kind) {
-        case ListBoxChange::Kind::All:
+        case RowChange::Kind::All:
             beginResetModel();
             m_rows = static_cast<int>(m_list.ListCount());
             return endResetModel();
-        case ListBoxChange::Kind::Inserted:
+        case RowChange::Kind::Inserted:
             beginInsertRows({}, row, row);
             ++m_rows;
             return endInsertRows();
-        case ListBoxChange::Kind::Removed:
+        case RowChange::Kind::Removed:
             beginRemoveRows({}, row, row);
             --m_rows;
             return endRemoveRows();
-        case ListBoxChange::Kind::Text:
+        case RowChange::Kind::Changed:
             return Q_EMIT dataChanged(index(row), index(row));
         }
     }
@@ -55,7 +55,7 @@ private:
 };
 
 ListBoxView::ListBoxView(ListBox& list, const QString& name, const QString& accessibleName)
-    : m_list(list), m_model(new ListModel(list, this)) {
+    : m_list(list), m_model(new ListBoxItems(list, this)) {
     setObjectName(name);
     setAccessibleName(accessibleName);
     // A view takes its model with nothing selected, and says so.
@@ -67,7 +67,7 @@ ListBoxView::ListBoxView(ListBox& list, const QString& name, const QString& acce
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setDragDropMode(InternalMove);
     setDropIndicatorShown(true);
-    m_connections += m_list.Attach([this](ListBoxChange change) { m_model->Follow(change); });
+    m_connections += m_list.Attach([this](RowChange change) { m_model->Follow(change); });
     m_connections += m_list.FocusWanted.Connect([this] { setFocus(Qt::OtherFocusReason); });
     m_list.ListIndex = selected;
     m_connections += m_list.ListIndex.Attach([this](std::int32_t index) { Select(index); });
@@ -129,7 +129,7 @@ void ListBoxView::ShowToolTip(QPoint point, QPoint globalPoint) {
     const QModelIndex under = indexAt(point);
     const auto row = static_cast<std::size_t>(under.row());
     if (!under.isValid() || row >= m_list.ListCount()) return QToolTip::hideText();
-    const Text& item = m_list.Items()[row];
+    const Text& item = m_list.Rows()[row];
     const QString title = Title ? ToQt(OneLine(Title(item))).toHtmlEscaped() : QString();
     // A title comes from a page, an address from anywhere: both are text, whatever they look like.
     QString tip = ToQt(OneLine(item)).toHtmlEscaped();

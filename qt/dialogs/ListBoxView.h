@@ -7,7 +7,7 @@
 
 namespace tessa::qt {
 
-class ListModel;
+class ListBoxItems;
 
 /// Shows a `ListBox`, which outlives it. However long the list, only what is seen is laid out. The user can drag an
 /// entry to another place.
@@ -38,7 +38,7 @@ private:
     void ShowToolTip(QPoint point, QPoint globalPoint);
 
     ListBox& m_list;
-    ListModel* m_model;
+    ListBoxItems* m_model;
     Connections m_connections;
 };
 
