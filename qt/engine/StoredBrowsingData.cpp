@@ -28,11 +28,11 @@ constexpr const char* kSiteFolders[]{"Local Storage", "Session Storage", "Indexe
 // A page can visit addresses of its own without end.
 constexpr qsizetype kMostVisits = 20000;
 
-QByteArray CookieKey(const QNetworkCookie& cookie) {
-    return cookie.domain().toUtf8() + '\n' + cookie.path().toUtf8() + '\n' + cookie.name();
+CookieNote NoteOfCookie(const QNetworkCookie& cookie, qint64 time) {
+    return {cookie.domain().toStdString(), cookie.path().toStdString(), cookie.name().toStdString(), time};
 }
 
-QByteArray Unquoted(const QByteArray& part) { return QByteArray::fromPercentEncoding(part); }
+std::string KeyOfNote(const CookieNote& note) { return note.Domain + '\n' + note.Path + '\n' + note.Name; }
 
 } // namespace
 
@@ -44,11 +44,15 @@ void StoredBrowsingData::Watch(QWebEngineProfile& profile) {
     // Of what is kept in memory nothing may outlive it.
     KeepIn(profile.isOffTheRecord() ? QString() : profile.persistentStoragePath());
     auto* cookies = profile.cookieStore();
-    QObject::connect(cookies, &QWebEngineCookieStore::cookieAdded, cookies, [this](const QNetworkCookie& cookie) {
-        m_notes[CookieKey(cookie)] = {cookie.domain().toUtf8(), cookie.path().toUtf8(), cookie.name(), Now()};
-    });
+    QObject::connect(cookies, &QWebEngineCookieStore::cookieAdded, cookies,
+                     [this](const QNetworkCookie& cookie) { Note(NoteOfCookie(cookie, Now())); });
     QObject::connect(cookies, &QWebEngineCookieStore::cookieRemoved, cookies,
-                     [this](const QNetworkCookie& cookie) { m_notes.remove(CookieKey(cookie)); });
+                     [this](const QNetworkCookie& cookie) { m_notes.erase(KeyOfNote(NoteOfCookie(cookie, 0))); });
+}
+
+void StoredBrowsingData::Note(CookieNote note) {
+    std::string key = KeyOfNote(note);
+    m_notes.insert_or_assign(std::move(key), std::move(note));
 }
 
 void StoredBrowsingData::KeepIn(const QString& profileFolder) {
@@ -115,11 +119,11 @@ void StoredBrowsingData::ClearCookies(qint64 seconds, QWebEngineProfile& profile
         return cookies->deleteAllCookies();
     }
     const qint64 since = Now() - seconds;
-    for (const Note& note : std::as_const(m_notes)) {
-        if (note.time < since) continue;
-        QNetworkCookie cookie(note.name);
-        cookie.setDomain(QString::fromUtf8(note.domain));
-        cookie.setPath(QString::fromUtf8(note.path));
+    for (const auto& [key, note] : m_notes) {
+        if (note.Time < since) continue;
+        QNetworkCookie cookie(QByteArray::fromStdString(note.Name));
+        cookie.setDomain(QString::fromStdString(note.Domain));
+        cookie.setPath(QString::fromStdString(note.Path));
         cookies->deleteCookie(cookie);
     }
 }
@@ -127,22 +131,14 @@ void StoredBrowsingData::ClearCookies(qint64 seconds, QWebEngineProfile& profile
 void StoredBrowsingData::Load() {
     QFile file(m_folder + kNotes);
     if (m_folder.isEmpty() || !file.open(QFile::ReadOnly)) return;
-    while (!file.atEnd()) {
-        const QList<QByteArray> parts = file.readLine().trimmed().split(' ');
-        if (parts.size() != 4) continue;
-        const Note note{Unquoted(parts[1]), Unquoted(parts[2]), Unquoted(parts[3]), parts[0].toLongLong()};
-        m_notes[note.domain + '\n' + note.path + '\n' + note.name] = note;
-    }
+    for (CookieNote& each : CookieNotes::Read(file.readAll().toStdString())) Note(std::move(each));
 }
 
 void StoredBrowsingData::Save() {
     if (m_folder.isEmpty() || !QDir(m_folder).exists()) return;
-    QByteArray bytes;
-    for (const Note& note : std::as_const(m_notes)) {
-        bytes += QByteArray::number(note.time) + ' ' + note.domain.toPercentEncoding() + ' ' +
-                 note.path.toPercentEncoding() + ' ' + note.name.toPercentEncoding() + '\n';
-    }
-    ResumeNext(WriteWholeFile(PathBytes(m_folder + kNotes), bytes.toStdString(), Readers::UserAlone));
+    std::vector<CookieNote> notes;
+    for (const auto& [key, note] : m_notes) notes.push_back(note);
+    ResumeNext(WriteWholeFile(PathBytes(m_folder + kNotes), CookieNotes::Bytes(notes), Readers::UserAlone));
 }
 
 void StoredBrowsingData::ForgetSites(const QString& profileFolder) {

@@ -1,4 +1,5 @@
 #pragma once
+#include "pages/CookieNotes.h"
 #include "qt/engine/SiteData.h"
 #include "settings/frmInternetOptions.h"
 
@@ -8,6 +9,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <unordered_map>
 
 class QNetworkCookie;
 class QWebEngineProfile;
@@ -45,11 +48,7 @@ public:
     std::function<qint64()> Now;
 
 private:
-    struct Note {
-        QByteArray domain, path, name;
-        qint64 time;
-    };
-
+    void Note(CookieNote note);
     void Load();
     void ClearCookies(qint64 seconds, QWebEngineProfile& profile);
     void ClearVisits(qint64 seconds, QWebEngineProfile& profile);
@@ -60,7 +59,7 @@ private:
     QHash<QUrl, qint64> m_visits;       ///< when an address was visited last
     std::optional<qint64> m_visitsFrom; ///< from when on that is known
     std::unique_ptr<SiteData> m_sites;
-    QHash<QByteArray, Note> m_notes; ///< by everything that makes a cookie one
+    std::unordered_map<std::string, CookieNote> m_notes; ///< by everything that makes a cookie one
 };
 
 } // namespace tessa::qt

@@ -24,7 +24,7 @@ TEST(StoredBrowsingData, ItsNotesComeBackAndAreTheUsersAlone) {
     StoredBrowsingData data;
     data.KeepIn(PathOfNotes(folder));
     data.Save();
-    EXPECT_EQ(folder.Read("cookie-times"), "100 a.example %2F name\n");
+    EXPECT_EQ(folder.Read("cookie-times"), "[Cookie]\nDomain=a.example\nName=name\nPath=/\nTime=100\n");
     struct stat facts {};
     ASSERT_EQ(::stat(folder.Path("cookie-times").c_str(), &facts), 0);
     EXPECT_EQ(facts.st_mode & 0777, 0600U);
