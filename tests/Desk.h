@@ -103,7 +103,7 @@ public:
     void CloseCustomize() { main.SaveLayout(); }
 
     // Keys that the window gets first.
-    KeyUsed Press(KeyStroke key) { return main.Form_KeyDown(key); }
+    KeyUsed Press(KeyStroke key, KeyboardOn keyboard = KeyboardOn::Other) { return main.Form_KeyDown(key, keyboard); }
     KeyUsed Release(KeyStroke key) { return main.Form_KeyUp(key); }
     void TypeOverPage() { main.Form_Type(); }
 

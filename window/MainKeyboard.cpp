@@ -12,7 +12,8 @@ void MainKeyboard::Run(ToolName tool) {
     if (auto* found = m_actBar.Find(tool)) m_dispatcher.actBar_Click(*found);
 }
 
-KeyUsed MainKeyboard::Form_KeyDown(KeyStroke key) {
+KeyUsed MainKeyboard::Form_KeyDown(KeyStroke key, KeyboardOn keyboard) {
+    if (keyboard == KeyboardOn::Tool && key == KeyStroke{Keys::kEscape, 0}) return KeyUsed::No;
     const std::int32_t held = key.Shift & kModifiers;
     if (key.KeyCode == Keys::kTab && held == Keys::kCtrl) Run(u"mnuNextBrowserTab"_tool);
     if (key.KeyCode == Keys::kTab && held == (Keys::kCtrl | Keys::kShift)) Run(u"mnuPreviousBrowserTab"_tool);

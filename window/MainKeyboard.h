@@ -4,6 +4,10 @@
 
 namespace tessa {
 
+/// What has the keyboard while a key goes down: a tool of the command bar, the menu bar or the status bar, or any other
+/// control.
+enum class KeyboardOn { Tool, Other };
+
 /// Keys as the main window receives them, before its controls. Owned by the main window.
 class MainKeyboard {
 public:
@@ -12,7 +16,8 @@ public:
         : m_actBar(actBar), m_tabs(tabs), m_dispatcher(dispatcher) {}
 
     /// Runs the window's own combinations, then lets the command bar have the key. Used when the command bar says so.
-    KeyUsed Form_KeyDown(KeyStroke key);
+    /// Escape on a tool leads away from there and is no command.
+    KeyUsed Form_KeyDown(KeyStroke key, KeyboardOn keyboard = KeyboardOn::Other);
     KeyUsed Form_KeyUp(KeyStroke key) { return m_actBar.KeyUp(key); }
     /// Something is typed while the page in front has the keyboard. Over a blank page that is meant for the address
     /// box, which then gets the keyboard.

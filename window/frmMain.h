@@ -24,7 +24,8 @@
 namespace tessa {
 
 /// The main window. Owns its controls, which everybody may show and use, and what works on them, which is its own. What
-/// happens outside is told to it: to its handlers, or to those of its parts that exist for that.
+/// happens outside is told to it: to its handlers, or to those of its parts that exist for that. Such a part is handed
+/// out whole where all that is public of it is for those outside; each says below who they are.
 class frmMain {
 public:
     explicit frmMain(MainWindowPlatform platform);
@@ -44,7 +45,9 @@ public:
     /// Saves what the next start needs and ends the views. Runs once.
     void Form_Unload();
     /// Every key goes down here first; one that was used is no longer for the control that has the keyboard.
-    KeyUsed Form_KeyDown(KeyStroke key) { return m_keyboard.Form_KeyDown(key); }
+    KeyUsed Form_KeyDown(KeyStroke key, KeyboardOn keyboard = KeyboardOn::Other) {
+        return m_keyboard.Form_KeyDown(key, keyboard);
+    }
     KeyUsed Form_KeyUp(KeyStroke key) { return m_keyboard.Form_KeyUp(key); }
     /// Something is typed while the page in front has the keyboard. Over a blank page that is meant for the address
     /// box, which then gets the keyboard.
@@ -54,15 +57,16 @@ public:
     /// The window's views have ended.
     Signal<void()> Unloaded;
 
-    // The controls: models, and forms beside the window, that views show.
+    // The controls: models that views show.
     TabStrip pcPage;
     StatusBar sbStatus;
     CommandBar actBar;
+    // The forms beside the window, each for its own window, which binds all of their controls.
     [[nodiscard]] frmDownloads& DownloadPanel() { return m_downloadPanel; }
     [[nodiscard]] frmTaskView& TaskView() { return m_taskView; }
 
     // Tabs.
-    /// What is open, to be read.
+    /// What is open, to be read: the strip describes its tabs by it.
     [[nodiscard]] const TabSet& Tabs() const { return m_tabs; }
     BrowserView* GetNewBrowser(InFront inFront, Privacy privacy = Privacy::Ordinary) {
         return m_tabs.GetNewBrowser(inFront, privacy);
@@ -86,19 +90,20 @@ public:
     void AskNobody() { m_groups.MayAsk = false; }
 
     // What the views of the controls report to.
-    /// The pointer, and what is dragged, on the strip.
+    /// The pointer, and what is dragged, on the strip; for the strip's view alone.
     [[nodiscard]] TabStripInput& StripInput() { return m_stripInput; }
-    /// Entries of menus that show files, and the folders where these lie.
+    /// Entries of menus that show files, for the view of menus; and the folders where these lie, for the home page.
     [[nodiscard]] RuntimeMenus& Menus() { return m_menus; }
     /// The user has arranged the command bar.
     void SaveLayout() { m_layout.Save(); }
     /// The user wants to see the earlier sessions.
     void ShowSessions() { m_commands.ShowSessions(); }
 
-    // What the engine reports to.
+    // What the engine reports to: the list of downloads, for the engine's side of them.
     [[nodiscard]] tessa::Downloads& Downloads() { return m_downloads; }
 
-    // What runs by the clock: each says when it is to be called, and by what.
+    // What runs by the clock: each says when it is to be called, and its clock calls it. The journal also opens a
+    // session again that the bar above the page offers.
     [[nodiscard]] SessionJournal& Sessions() { return m_sessions; }
     [[nodiscard]] TabSleep& Sleep() { return m_sleep; }
     [[nodiscard]] MemoryRelief& Relief() { return m_relief; }

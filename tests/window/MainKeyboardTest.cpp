@@ -87,6 +87,29 @@ TEST_F(MainKeyboardTest, AKeyOfTheTableReachesTheBarToo) {
     EXPECT_EQ(desk.Strip(), "1 4 [3*]") << "the next tab was shown, then closed";
 }
 
+TEST_F(MainKeyboardTest, EscapeStopsThePageUnlessItLeadsAwayFromATool) {
+    struct Row {
+        KeyStroke key;
+        KeyboardOn keyboard;
+        KeyUsed used;
+        bool stops;
+    };
+    const std::vector<Row> rows{{{Keys::kEscape, 0}, KeyboardOn::Other, KeyUsed::Yes, true},
+                                {{Keys::kEscape, 0}, KeyboardOn::Tool, KeyUsed::No, false},
+                                {{Keys::kEscape, Keys::kShift}, KeyboardOn::Tool, KeyUsed::Yes, true},
+                                {{Keys::kF6, 0}, KeyboardOn::Tool, KeyUsed::Yes, false}};
+    desk.Bar().Find(u"mnuStop")->Enabled = true;
+    for (const Row& row : rows) {
+        desk.views.Calls(1);
+        EXPECT_EQ(desk.Press(row.key, row.keyboard), row.used) << row.key.KeyCode << "," << row.key.Shift;
+        const std::string called = desk.views.Calls(1);
+        EXPECT_EQ(called.find("stop") != std::string::npos, row.stops) << called;
+    }
+    // The window's own combinations hold everywhere.
+    desk.Press({Keys::kTab, Keys::kCtrl}, KeyboardOn::Tool);
+    EXPECT_EQ(desk.Strip(), "1 [2*] 3");
+}
+
 TEST_F(MainKeyboardTest, TheBoxesHaveCombinationsOfTheirOwn) {
     EXPECT_EQ(desk.Press({'L', Keys::kCtrl}), KeyUsed::Yes);
     EXPECT_EQ(focused, "bndAddress.cboAddress");
