@@ -1,14 +1,14 @@
 #pragma once
 #include "pages/SitePermissions.h"
+#include "qt/desktop/Dictionaries.h"
 #include "qt/desktop/MediaKeys.h"
-#include "qt/engine/Dictionaries.h"
 #include "qt/engine/Engine.h"
-#include "qt/engine/Notifications.h"
 #include "qt/engine/Requests.h"
 #include "qt/engine/StoredBrowsingData.h"
 #include "qt/page/DevTools.h"
 #include "qt/program/EngineSurroundings.h"
 #include "qt/program/LiveEngineOptions.h"
+#include "qt/questions/Notifications.h"
 #include "settings/SiteChoice.h"
 
 #include <optional>

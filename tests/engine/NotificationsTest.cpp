@@ -1,5 +1,5 @@
 // Tests: Notifications
-#include "qt/engine/Notifications.h"
+#include "qt/questions/Notifications.h"
 
 #include "qt/base/Strings.h"
 #include "qt/engine/PageView.h"

@@ -1,5 +1,5 @@
 // Tests: Dictionaries
-#include "qt/engine/Dictionaries.h"
+#include "qt/desktop/Dictionaries.h"
 #include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 #include "tests/fakes/TemporaryFolder.h"

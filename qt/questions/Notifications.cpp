@@ -1,4 +1,4 @@
-#include "qt/engine/Notifications.h"
+#include "qt/questions/Notifications.h"
 
 #include "base/PlainText.h"
 #include "qt/base/Strings.h"

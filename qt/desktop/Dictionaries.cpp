@@ -1,4 +1,4 @@
-#include "qt/engine/Dictionaries.h"
+#include "qt/desktop/Dictionaries.h"
 
 #include <QCoreApplication>
 #include <QDir>
