@@ -6,6 +6,7 @@
 #include <QWebEngineScript>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tessa::qt {
 
@@ -54,7 +55,9 @@ constexpr auto kMediaScript = R"js((function (wish) {
 
 } // namespace
 
-MediaKeys::MediaKeys() { QCoreApplication::instance()->installEventFilter(this); }
+MediaKeys::MediaKeys(std::function<QWebEnginePage*()> page) : m_page(std::move(page)) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
 
 void MediaKeys::Tell(QWebEnginePage& page, Wish wish) {
     const auto* key = std::ranges::find(kMediaKeys, wish, &MediaKey::wish);
@@ -66,7 +69,7 @@ bool MediaKeys::eventFilter(QObject* watched, QEvent* event) {
     // Windows get a key before the widgets in them do, and once.
     if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return QObject::eventFilter(watched, event);
     const auto* found = std::ranges::find(kMediaKeys, static_cast<QKeyEvent*>(event)->key(), &MediaKey::qt);
-    auto* page = found != kMediaKeys.end() && Page ? Page() : nullptr;
+    auto* page = found != kMediaKeys.end() ? m_page() : nullptr;
     if (!page) return QObject::eventFilter(watched, event);
     Tell(*page, found->wish);
     return true;

@@ -103,7 +103,7 @@ private:
 
 } // namespace
 
-EngineDownloads::EngineDownloads() { m_clock.start(); }
+EngineDownloads::EngineDownloads(DownloadSource& source) : m_source(source) { m_clock.start(); }
 
 EngineDownloads::~EngineDownloads() = default;
 
@@ -117,30 +117,30 @@ void EngineDownloads::Follow(QWebEngineProfile& profile) {
 }
 
 void EngineDownloads::OnRequest(Request& request, Followed& from) {
-    const auto document = Documents ? Documents->Take(request) : std::nullopt;
+    const auto document = m_source.Documents().Take(request);
     // What the program needs for itself is in no list.
     if (document && document->Told) return PageDocuments::Bring(request, *document);
     // A download that goes on after its connection broke is requested like a new one, but is no new file.
-    if (const auto* download = List ? Continued(request, from) : nullptr) {
-        List->Continue(download->Id, std::make_shared<Transfer>(request));
+    if (const auto* download = m_list ? Continued(request, from) : nullptr) {
+        m_list->Continue(download->Id, std::make_shared<Transfer>(request));
         return Accept(request, *download);
     }
-    if (!List || !(document || May(request, from))) return EngineVersions::Refuse(request);
+    if (!m_list || !(document || May(request, from))) return EngineVersions::Refuse(request);
     const Download& download = Begin(request, from, document ? document->Path : QString());
     from.rows.insert(request.id(), download.Id);
     Accept(request, download);
 }
 
 bool EngineDownloads::May(const Request& request, Followed& from) const {
-    if (request.isSavePageDownload() || m_expected.contains(AskedNameOf(request)) || !MaySave) return true;
+    if (request.isSavePageDownload() || m_expected.contains(AskedNameOf(request))) return true;
     // A page that has gone cannot be asked about. One that goes at once is not to save without end.
     auto* page = EngineVersions::PageOf(request);
     const auto* ours = qobject_cast<const WebPage*>(page);
-    return page && !(ours && ours->Ended()) ? MaySave(page, request.url()) : from.pageless.Take();
+    return page && !(ours && ours->Ended()) ? m_source.MaySave(page, request.url()) : from.pageless.Take();
 }
 
 const Download* EngineDownloads::Continued(const Request& request, const Followed& from) const {
-    const auto* download = List->Find(from.rows.value(request.id()));
+    const auto* download = m_list->Find(from.rows.value(request.id()));
     // The engine may give a number again once it has forgotten whose it was.
     const bool over = !download || download->Report.State == DownloadState::Done ||
                       download->Report.State == DownloadState::Cancelled;
@@ -172,7 +172,7 @@ const Download& EngineDownloads::Begin(Request& request, const Followed& from, c
     // The page may have gone by now; its profile knows.
     const bool offTheRecord = !from.profile || from.profile->isOffTheRecord();
     wanted.Kept = offTheRecord ? Remembered::No : Remembered::Yes;
-    const Download& download = List->Begin(wanted, std::make_shared<Transfer>(request));
+    const Download& download = m_list->Begin(wanted, std::make_shared<Transfer>(request));
     if (offTheRecord) m_private.insert(download.Id, from.profile);
     return download;
 }
@@ -184,7 +184,7 @@ void EngineDownloads::Accept(Request& request, const Download& download) {
         request.setDownloadFileName(place.fileName());
     }
     const auto report = [this, &request, id = download.Id] {
-        if (List) List->OnReport(id, ReportOf(request));
+        if (m_list) m_list->OnReport(id, ReportOf(request));
     };
     connect(&request, &Request::stateChanged, this, report);
     connect(&request, &Request::receivedBytesChanged, this, report);
@@ -244,7 +244,7 @@ void EngineDownloads::Save(QWebEnginePage& page, const QUrl& address, const Text
 
 // With the profile that the download was begun with: what a private page fetched is nothing to the others.
 QWebEnginePage* EngineDownloads::PageFor(std::int32_t id) {
-    auto* ordinary = Profile ? Profile() : nullptr;
+    auto* ordinary = m_source.Profile();
     QWebEngineProfile* own = m_private.contains(id) ? m_private.value(id).data() : ordinary;
     if (!own) return nullptr;
     if (own == ordinary) {
@@ -267,7 +267,7 @@ Outcome EngineDownloads::Fetch(std::int32_t id, TextView address) {
 
 Text EngineDownloads::Folder() {
     // The profile knows the folder that the user has chosen.
-    const auto* profile = Profile ? Profile() : nullptr;
+    const auto* profile = m_source.Profile();
     const QString folder =
         profile ? profile->downloadPath() : QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
     return FromQt(!folder.isEmpty() && QDir().mkpath(folder) ? folder : QDir::homePath());

@@ -11,7 +11,6 @@
 #include <QPointer>
 #include <QStringList>
 #include <QUrl>
-#include <functional>
 #include <memory>
 
 class QWebEngineDownloadRequest;
@@ -20,23 +19,32 @@ class QWebEngineProfile;
 
 namespace tessa::qt {
 
+/// What downloads need of the engine's pages.
+class DownloadSource {
+public:
+    /// The profile with which an address is fetched again; nothing while there is none.
+    [[nodiscard]] virtual QWebEngineProfile* Profile() = 0;
+    /// Whether a page may save a file now; it may be one that no tab shows.
+    [[nodiscard]] virtual bool MaySave(QWebEnginePage* page, const QUrl& address) = 0;
+    /// Documents that the program itself writes to files; their downloads are found there.
+    [[nodiscard]] virtual PageDocuments& Documents() = 0;
+
+protected:
+    ~DownloadSource() = default;
+};
+
 /// What the list of downloads needs of engine and desktop. Hands it the engine's downloads, fetches addresses again,
 /// opens files.
 class EngineDownloads final : public QObject, public DownloadDesktop {
     Q_OBJECT
 
 public:
-    EngineDownloads();
+    /// The source outlives it.
+    explicit EngineDownloads(DownloadSource& source);
     ~EngineDownloads() override;
 
-    /// The list, which outlives the pages. Without one the engine saves nothing.
-    Downloads* List = nullptr;
-    /// The profile with which an address is fetched again; nothing while there is none.
-    std::function<QWebEngineProfile*()> Profile;
-    /// Whether a page may save a file now; it may be one that no tab shows. Without it, each may.
-    std::function<bool(QWebEnginePage*, const QUrl&)> MaySave;
-    /// Documents that the program itself writes to files; their downloads are found there. Outlives the pages.
-    PageDocuments* Documents = nullptr;
+    /// From now on they are in that list, which outlives the pages. Until then the engine saves nothing.
+    void BringTo(Downloads& list) { m_list = &list; }
     /// Takes the profile's downloads from now on.
     void Follow(QWebEngineProfile& profile);
     /// Saves what `page` can fetch from there at the path that the user wants; replaces what is there.
@@ -80,6 +88,8 @@ private:
     [[nodiscard]] QWebEnginePage* PageFor(std::int32_t id);
     void Accept(QWebEngineDownloadRequest& request, const Download& download);
 
+    DownloadSource& m_source;
+    Downloads* m_list = nullptr;
     QHash<QString, Expected> m_expected;
     QStringList m_expectedOrder;
     QHash<QWebEnginePage*, QString> m_alone; ///< pages that fetch one file each, and the name it was asked under

@@ -132,7 +132,9 @@ void WebPage::javaScriptAlert(const QUrl& origin, const QString& message) {
 
 bool WebPage::javaScriptConfirm(const QUrl& origin, const QString& message) {
     const bool leave = message == LeaveQuestion();
-    if (const auto leaves = leave && OnHold ? OnHold() : std::nullopt) return *leaves;
+    std::optional<bool> leaves;
+    if (leave) HoldWanted(leaves);
+    if (leaves) return *leaves;
     const auto kind = leave ? PageDialogKind::Leave : PageDialogKind::Confirm;
     return Ask({kind, HostAndPort(origin), message, {}, origin}).accepted;
 }
@@ -146,11 +148,11 @@ bool WebPage::javaScriptPrompt(const QUrl& origin, const QString& message, const
 // The engine wants the answer before this returns. The rest of the program goes on meanwhile, so the tab may be closed;
 // then the page ends, but not before the engine, which called, has it back.
 PageDialogAnswer WebPage::Ask(const PageDialogRequest& request) {
-    if (!ShowDialog || m_waiting || m_ending) return {};
+    if (!DialogWanted.HasListeners() || m_waiting || m_ending) return {};
     QEventLoop waiting;
     // Shared, because a dialog may outlast the call.
     const auto given = std::make_shared<std::optional<PageDialogAnswer>>();
-    ShowDialog(request, [given, loop = QPointer<QEventLoop>(&waiting)](const PageDialogAnswer& answer) {
+    DialogWanted(request, [given, loop = QPointer<QEventLoop>(&waiting)](const PageDialogAnswer& answer) {
         *given = answer;
         if (loop) loop->quit();
     });
@@ -176,7 +178,6 @@ void WebPage::Print(const QPageLayout& layout, const std::function<void(const QB
 
 void WebPage::End() {
     m_ending = true;
-    ShowDialog = {};
     if (m_waiting)
         m_waiting->quit();
     else if (m_printing == 0)

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "pages/PersonNote.h"
 #include "qt/page/PageDialog.h"
 
@@ -61,9 +62,10 @@ public:
     /// nobody. Both are right by the time that a script has answered which is run after this.
     void LookAtInput();
 
-    /// Shows a dialog for which the whole engine waits - one that our script could not stand in for, or the question
-    /// before a page is left - and returns; the answer comes later, or never.
-    std::function<void(const PageDialogRequest&, std::function<void(const PageDialogAnswer&)> answer)> ShowDialog;
+    using DialogAnswer = std::function<void(const PageDialogAnswer&)>;
+    /// The page wants a dialog for which the whole engine waits: one that our script could not stand in for, or the
+    /// question before a page is left. The listener answers later, or never. Without one the answer is no.
+    Signal<void(const PageDialogRequest&, const DialogAnswer& answer)> DialogWanted;
     /// A person has clicked or typed into the page.
     void NotePerson();
     /// A person has opened the page from one that may speak for it.
@@ -72,8 +74,8 @@ public:
     [[nodiscard]] bool TakePrintWish() { return m_person.Take() || m_opener.Take(); }
     /// Whether a person has, since the document came. Only then may a page hold its user.
     [[nodiscard]] bool PersonWasHere() const { return m_personWasHere; }
-    /// Asked when a document wants to hold its user: whether he leaves. Nothing when he is to be asked.
-    std::function<std::optional<bool>()> OnHold;
+    /// A document wants to hold its user. The listener may say whether he leaves; else he is asked.
+    Signal<void(std::optional<bool>& leaves)> HoldWanted;
     /// Whether a person has, since this was asked last: what a page does beyond that it does by itself.
     [[nodiscard]] bool TakePerson() { return m_person.Take(); }
     /// Prints the page; the PDF is empty when that fails.

@@ -6,13 +6,16 @@
 
 namespace tessa::qt {
 
-DownloadAssembly::DownloadAssembly(Engine& engine) {
-    downloads.Documents = &engine.Output().Documents();
-    downloads.Profile = [&engine] { return engine.Profiles().Get(); };
-    downloads.MaySave = [&engine](QWebEnginePage* page, const QUrl& address) {
-        auto* view = engine.ViewOf(page);
-        return !view || view->Questions()->permissions.MaySave(address);
-    };
+QWebEngineProfile* PagesForDownloads::Profile() { return m_engine.Profiles().Get(); }
+
+bool PagesForDownloads::MaySave(QWebEnginePage* page, const QUrl& address) {
+    auto* view = m_engine.ViewOf(page);
+    return !view || view->Questions()->permissions.MaySave(address);
+}
+
+PageDocuments& PagesForDownloads::Documents() { return m_engine.Output().Documents(); }
+
+DownloadAssembly::DownloadAssembly(Engine& engine) : m_pages(engine) {
     for (auto* made : {&engine.Profiles().Made, &engine.Profiles().PrivateMade})
         made->ConnectForLife([this](QWebEngineProfile& profile) { downloads.Follow(profile); });
     engine.Told().SaveAddress.ConnectForLife(
@@ -20,7 +23,7 @@ DownloadAssembly::DownloadAssembly(Engine& engine) {
 }
 
 void DownloadAssembly::Serve(frmMain& main, QMainWindow& window) {
-    downloads.List = &main.Downloads();
+    downloads.BringTo(main.Downloads());
     m_panel.emplace(main.DownloadPanel(), window);
     m_panel->FocusPage.ConnectForLife([&main] { main.FocusPage(); });
 }

@@ -13,6 +13,20 @@ namespace tessa::qt {
 
 class Engine;
 
+/// The engine's pages, as downloads see them.
+class PagesForDownloads final : public DownloadSource {
+public:
+    /// The engine outlives it.
+    explicit PagesForDownloads(Engine& engine) : m_engine(engine) {}
+
+    [[nodiscard]] QWebEngineProfile* Profile() override;
+    [[nodiscard]] bool MaySave(QWebEnginePage* page, const QUrl& address) override;
+    [[nodiscard]] PageDocuments& Documents() override;
+
+private:
+    Engine& m_engine;
+};
+
 /// Downloads: the engine's side of them, and the panel that lists them.
 class DownloadAssembly {
 public:
@@ -24,7 +38,11 @@ public:
     /// Before the engine's profiles end.
     void Shutdown() { downloads.Shutdown(); }
 
-    EngineDownloads downloads;
+private:
+    PagesForDownloads m_pages;
+
+public:
+    EngineDownloads downloads{m_pages};
 
 private:
     std::optional<DownloadsPanel> m_panel; ///< once there is a list

@@ -22,6 +22,7 @@ ServiceTemplates ChosenServices(SettingsStorageFactory& settings) {
 EngineAssembly::EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window, PageBarsAssembly& bars)
     : m_desktop(desktop),
       m_permissions(desktop.settings),
+      m_mediaKeys([this] { return engine.MediaPage(); }),
       m_requests([&desktop] { return ChosenServices(desktop.settings); }),
       m_notifications(bars.notices),
       m_surroundings(desktop.settings, m_permissions, window, bars.bars,
@@ -31,7 +32,6 @@ EngineAssembly::EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window
       options(desktop.settings, engine, m_requests, m_browsingData) {
     bars.FollowPages(engine);
     m_permissions.Forgotten.ConnectForLife([this](const SiteDecision& site) { engine.ForgetDecision(site); });
-    m_mediaKeys.Page = [this] { return engine.MediaPage(); };
     m_notifications.Clicked.ConnectForLife([&window] { window.ComeBack(); });
     engine.Told().ShowInspector.ConnectForLife([this](WebPage& page) { devTools.Show(page); });
     for (auto* made : {&engine.Profiles().Made, &engine.Profiles().PrivateMade}) {

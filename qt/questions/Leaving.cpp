@@ -36,7 +36,7 @@ Leaving::Leaving(WebPage& page) : QObject(&page), m_page(page) {
     m_patience.setSingleShot(true);
     m_patience.setInterval(kLeavePatience);
     m_patience.callOnTimeout(this, [this] { Tell(false); });
-    page.OnHold = [this] { return OnHold(); };
+    m_connections += page.HoldWanted.Connect([this](std::optional<bool>& leaves) { leaves = OnHold(); });
     connect(&page, &WebPage::DocumentBegan, this, [this] { m_left = false; });
     connect(&page, &QWebEnginePage::renderProcessTerminated, this, [this] { Tell(false); });
 }

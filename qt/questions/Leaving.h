@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "platform/BrowserView.h"
 
 #include <QObject>
@@ -39,6 +40,7 @@ private:
     int m_question = 0;     ///< counts them, for answers that come too late
     bool m_closing = false; ///< one of those who wait asked it for good
     bool m_left = false;
+    Connections m_connections;
 };
 
 } // namespace tessa::qt

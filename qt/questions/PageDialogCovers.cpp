@@ -35,24 +35,21 @@ PageDialogCovers::PageDialogCovers(WebPage& page, Covers& covers, DialogScheme& 
     script.setRunsOnSubFrames(true);
     page.scripts().insert(script);
     scheme.Register(m_token, [this](QWebEngineUrlRequestJob& job) { OnJob(job); });
-    m_page.ShowDialog = [this](const PageDialogRequest& request, Answer answer) {
+    m_connections += m_page.DialogWanted.Connect([this](const PageDialogRequest& request, const Answer& answer) {
         if (request.kind != PageDialogKind::Leave && !m_page.IsOwnOrigin(request.origin)) return answer({});
         // The whole engine waits for this answer, so nobody is asked who does not look at the page.
         if (!m_covers.Shown())
             return answer(
                 {.accepted = request.kind == PageDialogKind::Leave, .text = {}, .silenced = m_rule.Silenced()});
-        Ask({request, std::move(answer), nullptr, true});
-    };
+        Ask({request, answer, nullptr, true});
+    });
     connect(&page, &WebPage::PersonNavigated, this, [this] { m_rule.PersonNavigated(); });
     connect(&page, &WebPage::NavigationRequested, this, [this](const QUrl&, bool topLevel) {
         if (topLevel) DismissAll();
     });
 }
 
-PageDialogCovers::~PageDialogCovers() {
-    m_scheme.Forget(m_token);
-    m_page.ShowDialog = {};
-}
+PageDialogCovers::~PageDialogCovers() { m_scheme.Forget(m_token); }
 
 void PageDialogCovers::AskToLeave(std::function<void(bool leaves)> answered) {
     Ask({{PageDialogKind::Leave, WebPage::HostAndPort(m_page.ShownAddress()), {}, {}, {}},

@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "pages/PageDialogs.h"
 #include "qt/page/PageDialog.h"
 
@@ -50,6 +51,7 @@ private:
     PageDialogRule m_rule;
     std::deque<Asked> m_asked; ///< the first is shown
     QPointer<PageDialog> m_shown;
+    Connections m_connections;
 };
 
 } // namespace tessa::qt

@@ -5,6 +5,7 @@
 #include "qt/engine/PageView.h"
 #include "qt/page/PageDocuments.h"
 #include "tests/engine/EngineDesk.h"
+#include "tests/engine/FakeDownloadSource.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <QFile>
@@ -95,12 +96,12 @@ private:
 class EngineDownloadsTest : public testing::Test {
 protected:
     EngineDownloadsTest() {
-        desktop.List = &downloads;
-        desktop.Profile = [this] { return desk.engine.Profiles().Get(); };
+        desktop.BringTo(downloads);
+        source.profile = [this] { return desk.engine.Profiles().Get(); };
         desk.engine.Profiles().Made.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
         desk.engine.Told().SaveAddress.ConnectForLife(
             [this](WebPage& page, const QUrl& address, const Text& path) { desktop.Save(page, address, path); });
-        desktop.MaySave = [this](QWebEnginePage* page, const QUrl& address) {
+        source.maySave = [this](QWebEnginePage* page, const QUrl& address) {
             auto* view = desk.engine.ViewOf(page);
             return !view || view->Questions()->permissions.MaySave(address);
         };
@@ -139,7 +140,8 @@ protected:
 
     TemporaryFolder folder;
     LocalServer server;
-    EngineDownloads desktop;
+    FakeDownloadSource source;
+    EngineDownloads desktop{source};
     Downloads downloads{desktop, {}};
     EngineView desk;
     const QByteArray configBefore = qgetenv("XDG_CONFIG_HOME");
@@ -390,14 +392,12 @@ TEST_F(EngineDownloadsTest, OfAPageThatGoesWhileTheyComeDoNoHarm) {
 }
 
 TEST_F(EngineDownloadsTest, OfAPageThatHasGoneComeWhileADocumentIsAwaited) {
-    PageDocuments documents;
-    desktop.Documents = &documents;
     const QString slow = QStringLiteral("/slow.png");
     server.Raw(slow, "HTTP/1.1 200 OK\r\nContent-Type: image/png\r\nCache-Control: no-store\r\nConnection: close\r\n"
                      "Content-Length: 5\r\n\r\nwords");
     desk.Load(server.Address(slow));
     server.Stall(slow);
-    documents.Save(*desk.Real().Page(), ToQt(folder.PathText("slow.png")), {});
+    source.own.Save(*desk.Real().Page(), ToQt(folder.PathText("slow.png")), {});
     ASSERT_TRUE(WaitUntil([&] { return server.requests.count(slow) == 2; }));
     LateServer late;
     auto view = desk.engine.Create(2, desk.events, Privacy::Ordinary);
@@ -412,7 +412,6 @@ TEST_F(EngineDownloadsTest, OfAPageThatHasGoneComeWhileADocumentIsAwaited) {
     late.Allow();
     EXPECT_TRUE(WaitFor(DownloadState::Done, 3));
     EXPECT_TRUE(WaitUntil([&] { return asked == 5; }));
-    desktop.Documents = nullptr;
 }
 
 TEST_F(EngineDownloadsTest, ThatWereBlockedForGoodDoNotComeByAClickEither) {

@@ -22,7 +22,6 @@ constexpr auto kFilms =
 class MediaKeysTest : public testing::Test {
 protected:
     MediaKeysTest() {
-        keys.Page = [this] { return desk.engine.MediaPage(); };
         server.Page(QStringLiteral("/page"), kFilms);
         desk.Load(server.Address(QStringLiteral("/page")));
     }
@@ -37,7 +36,8 @@ protected:
         });
     }
 
-    MediaKeys keys;
+    std::function<QWebEnginePage*()> page = [this] { return desk.engine.MediaPage(); };
+    MediaKeys keys{[this] { return page(); }};
     LocalServer server;
     EngineView desk;
 };
@@ -63,7 +63,7 @@ TEST_F(MediaKeysTest, DoNothingWhereNothingCanPlay) {
     desk.Load(server.Address(QStringLiteral("/page")));
     Press(Qt::Key_MediaTogglePlayPause);
     EXPECT_EQ(desk.Script(QStringLiteral("document.title")), QStringLiteral("words"));
-    keys.Page = [] { return nullptr; };
+    page = [] { return nullptr; };
     Press(Qt::Key_MediaTogglePlayPause);
 }
 

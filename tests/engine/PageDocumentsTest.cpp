@@ -3,6 +3,7 @@
 #include "qt/downloads/EngineDownloads.h"
 #include "qt/engine/PageView.h"
 #include "tests/engine/CommandsOnPages.h"
+#include "tests/engine/FakeDownloadSource.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <QApplication>
@@ -47,11 +48,11 @@ QByteArray SmallPng() {
 class PageDocuments : public CommandsOnPages {
 protected:
     PageDocuments() {
-        desktop.List = &downloads;
-        desktop.Documents = &desk.engine.Output().Documents();
-        desktop.Profile = [this] { return desk.engine.Profiles().Get(); };
+        desktop.BringTo(downloads);
+        source.documents = [this]() -> qt::PageDocuments& { return desk.engine.Output().Documents(); };
+        source.profile = [this] { return desk.engine.Profiles().Get(); };
         // What a page saves by itself is refused; what its user saves is not asked about.
-        desktop.MaySave = [](QWebEnginePage*, const QUrl&) { return false; };
+        source.maySave = [](QWebEnginePage*, const QUrl&) { return false; };
         desk.engine.Profiles().Made.ConnectForLife([this](QWebEngineProfile& profile) { desktop.Follow(profile); });
         Serve("/red.pdf", "application/pdf", pdf);
         Serve("/dot", "image/png", SmallPng());
@@ -120,7 +121,8 @@ protected:
 
     const QByteArray pdf = RedPdf();
     QTemporaryDir folder;
-    EngineDownloads desktop;
+    FakeDownloadSource source;
+    EngineDownloads desktop{source};
     Downloads downloads{desktop, {}};
 };
 

@@ -4,6 +4,7 @@
 #include "qt/engine/PageView.h"
 #include "qt/questions/CrashPage.h"
 #include "tests/engine/EngineDesk.h"
+#include "tests/engine/FakeDownloadSource.h"
 
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -300,7 +301,8 @@ TEST_F(SleepingTabs, SleepWhenTheirDownloadWasRefused) {
                                         "Content-Length: 100000\r\n\r\nonly a part");
     server.Page(QStringLiteral("/page"), "<title>page</title><a id=link href='/file'>file</a>");
     Load(QStringLiteral("/page"));
-    EngineDownloads refusing;
+    FakeDownloadSource source;
+    EngineDownloads refusing{source};
     refusing.Follow(*View().Page()->profile());
     bool refused = false;
     QObject::connect(View().Page()->profile(), &QWebEngineProfile::downloadRequested, &desk.window,
