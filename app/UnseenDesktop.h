@@ -183,6 +183,7 @@ public:
 class NothingToAsk final : public DefaultBrowser {
 public:
     [[nodiscard]] bool IsDefault(TextView, TextView) override { return true; }
+    [[nodiscard]] bool KnownDefault() override { return true; }
     Outcome MakeDefault(TextView, TextView) override { return Outcome::Failed; }
 };
 

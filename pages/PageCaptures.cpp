@@ -28,4 +28,9 @@ Text PageCaptures::Words() const {
     return all;
 }
 
+Text PageCaptures::Sentence(TextView host) const {
+    const Text words = Words();
+    return words.empty() ? Text() : Text(host.empty() ? u"A page" : host) + u" may use your " + words + u".";
+}
+
 } // namespace tessa

@@ -20,6 +20,8 @@ public:
     [[nodiscard]] bool Empty() const { return Words().empty(); }
     /// As in "camera and screen"; empty for nothing.
     [[nodiscard]] Text Words() const;
+    /// Says it of a page from that host, which may have none; empty for nothing.
+    [[nodiscard]] Text Sentence(TextView host) const;
 
 private:
     struct Devices {

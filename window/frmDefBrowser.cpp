@@ -12,6 +12,10 @@ frmDefBrowser::frmDefBrowser(SettingsStorageFactory& settings, DefaultBrowser& h
     cmdNo.Click.ConnectForLife([this] { cmdNo_Click(); });
 }
 
+bool frmDefBrowser::MayAsk(SettingsStorageFactory& settings, DefaultBrowser& helper) {
+    return SettingsStore(settings).AskDefaultBrowser.Get() && !helper.KnownDefault();
+}
+
 void frmDefBrowser::Ask(SettingsStorageFactory& settings, DefaultBrowser& helper, const Text& programPath,
                         FormHost& forms) {
     if (helper.IsDefault(kProgramName, programPath)) return;

@@ -17,6 +17,8 @@ public:
     frmDefBrowser(const frmDefBrowser&) = delete;
     frmDefBrowser& operator=(const frmDefBrowser&) = delete;
 
+    /// Whether the start may ask, as far as that is known at once.
+    [[nodiscard]] static bool MayAsk(SettingsStorageFactory& settings, DefaultBrowser& helper);
     /// Asks by `forms`, unless the program is the default browser already.
     static void Ask(SettingsStorageFactory& settings, DefaultBrowser& helper, const Text& programPath, FormHost& forms);
 

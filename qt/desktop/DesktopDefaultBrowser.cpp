@@ -70,9 +70,9 @@ QByteArray AnswerOf(const QString& tool) {
 
 } // namespace
 
-bool DesktopDefaultBrowser::NothingToAsk() { return !Installed() || UsersListsNameUs() || SettingsTool().isEmpty(); }
+bool DesktopDefaultBrowser::KnownDefault() { return !Installed() || UsersListsNameUs() || SettingsTool().isEmpty(); }
 
-bool DesktopDefaultBrowser::IsDefault(TextView, TextView) { return NothingToAsk() || AnswerOf(SettingsTool()) != "no"; }
+bool DesktopDefaultBrowser::IsDefault(TextView, TextView) { return KnownDefault() || AnswerOf(SettingsTool()) != "no"; }
 
 Outcome DesktopDefaultBrowser::MakeDefault(TextView, TextView) {
     const QString tool = SettingsTool();

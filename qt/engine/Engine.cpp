@@ -86,9 +86,7 @@ QStringList Engine::Captures() const {
     QStringList all;
     for (const auto& [index, view] : m_views) {
         const Text words = view->Questions() ? view->Questions()->permissions.Captures() : Text();
-        if (words.empty()) continue;
-        const QString host = WebPage::HostAndPort(view->Page()->ShownAddress());
-        all << QStringLiteral("%1 may use your %2.").arg(host.isEmpty() ? QStringLiteral("A page") : host, ToQt(words));
+        if (!words.empty()) all << ToQt(words);
     }
     return all;
 }

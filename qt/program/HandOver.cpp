@@ -8,17 +8,9 @@
 #include "qt/desktop/DiskSettingsStorage.h"
 #include "qt/desktop/Folders.h"
 #include "qt/desktop/SocketInstanceChannel.h"
-#include "settings/SettingsStore.h"
+#include "window/frmDefBrowser.h"
 
 namespace tessa::qt {
-
-namespace {
-
-bool MayAsk(SettingsStorageFactory& settings) {
-    return SettingsStore(settings).AskDefaultBrowser.Get() && !DesktopDefaultBrowser::NothingToAsk();
-}
-
-} // namespace
 
 namespace HandOver {
 
@@ -26,7 +18,8 @@ bool TryWithoutWindow(TextView commandLine) {
     const Folders folders = Folders::Find(Folders::ProgramFile());
     const ProgramLog log(folders.state);
     DiskSettingsStorage settings(folders.settings, DiskSettingsStorage::Damaged::LeftAlone);
-    if (MayAsk(settings)) return false;
+    DesktopDefaultBrowser browser;
+    if (frmDefBrowser::MayAsk(settings, browser)) return false;
     InstanceSender instances(folders.state);
     DiskLayoutFile layout(folders.program);
     UnseenWindow window(settings, instances, layout, FromQt(folders.GroupFolder()));

@@ -1,4 +1,5 @@
 #include "qt/questions/Permissions.h"
+#include "pages/ScreenAnswers.h"
 
 #include "qt/base/Strings.h"
 #include "qt/page/WebPage.h"
@@ -58,6 +59,8 @@ void Permissions::ChangeCaptures(const std::function<void(PageCaptures&)>& chang
     if (before != m_captures.Words()) CapturesChanged();
 }
 
+Text Permissions::Captures() const { return m_captures.Sentence(FromQt(WebPage::HostAndPort(m_page.ShownAddress()))); }
+
 Permissions::~Permissions() {
     m_site.clear();
     ForgetOnce();
@@ -91,12 +94,10 @@ void Permissions::OnScreen(const EngineVersions::ScreenRequest& request) {
     m_screen.emplace(request);
     if (m_screen->Empty()) return OnScreenAnswer(origin, PageQuestion::kDismissed);
     const bool mayRemember = m_kept && !SiteOf(origin).empty();
-    std::vector<Text> answers{u"&Share", u"&Block"};
-    if (mayRemember) answers.emplace_back(u"Al&ways Block");
     m_questions.Ask({.Key = u"screen " + SiteOf(origin),
                      .Asker = SiteOf(origin),
                      .Words = PermissionWords(origin, SitePermission::Screen),
-                     .Answers = answers,
+                     .Answers = ScreenAnswers::Captions(mayRemember),
                      .Remember = {},
                      .Choices = [this] { return m_screen ? m_screen->Choices() : PageChoices(); },
                      .Choose =
@@ -107,9 +108,10 @@ void Permissions::OnScreen(const EngineVersions::ScreenRequest& request) {
 }
 
 void Permissions::OnScreenAnswer(const QUrl& origin, std::size_t answer) {
-    if (answer == 2) Remember(origin, SitePermission::Screen, false);
+    const auto meaning = ScreenAnswers::MeaningOf(answer);
+    if (meaning == ScreenAnswers::Meaning::AlwaysBlock) Remember(origin, SitePermission::Screen, false);
     auto screen = std::exchange(m_screen, std::nullopt);
-    if (answer != 0) return screen->Refuse();
+    if (meaning != ScreenAnswers::Meaning::Share) return screen->Refuse();
     // Before it is shared: the engine asks for the permission in the middle of that.
     m_shared = SiteOf(origin);
     if (!screen->Share()) m_shared.clear();
@@ -154,7 +156,7 @@ bool Permissions::MayOpenPopup(const QUrl& address) {
         AskPopup();
     else
         m_questions.Reword(KeyOf(origin, SitePermission::Popups), m_popups.Words(AskerOf(origin)));
-    // The engine itself refuses the rest, or a page that wants windows without end would find no time for a click.
+    // The engine itself refuses the rest: a page that wants windows without end would find no time for a click.
     m_page.settings()->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, !m_popups.Full());
     return false;
 }

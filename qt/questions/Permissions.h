@@ -18,8 +18,8 @@ namespace tessa::qt {
 
 class WebPage;
 
-/// Has the user decide what one page may do: what the engine asks for, which screen or window it is shown, windows
-/// that it opens by itself, files that it saves one after another.
+/// Has the user decide what one page may do. That is what the engine asks for, and which screen or window the page is
+/// shown. It is also windows that it opens by itself, and files that it saves one after another.
 class Permissions final : public QObject {
     Q_OBJECT
 
@@ -28,10 +28,10 @@ public:
     Permissions(WebPage& page, PageQuestions& questions, SitePermissions* kept);
     ~Permissions() override;
 
-    /// The page wants to open a window without a click of its user: answers whether it may at once, else asks, and
+    /// The page wants to open a window without a click of its user. Answers whether it may at once. Else asks, and
     /// calls `OpenPopup` when the user allows it later.
     [[nodiscard]] bool MayOpenPopup(const QUrl& address);
-    /// The page saves a file: answers whether it may at once, else asks, and fetches the file when the user allows it
+    /// The page saves a file. Answers whether it may at once; else asks, and fetches the file when the user allows it
     /// later.
     [[nodiscard]] bool MaySave(const QUrl& address);
 
@@ -40,8 +40,8 @@ public:
 
     /// The program itself replaces the page, of which the engine does not tell beforehand.
     void BeginNavigation() { ChangeCaptures(&PageCaptures::BeginNavigation); }
-    /// What the page may see and hear of its user, in words.
-    [[nodiscard]] Text Captures() const { return m_captures.Words(); }
+    /// Says what the page may see and hear of its user; empty for nothing.
+    [[nodiscard]] Text Captures() const;
     /// That has changed.
     Signal<void()> CapturesChanged;
     /// Opens a window that was held back.

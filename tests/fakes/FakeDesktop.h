@@ -144,7 +144,9 @@ class FakeDefaultBrowser final : public DefaultBrowser {
 public:
     bool IsDefault(TextView name, TextView path) override;
     Outcome MakeDefault(TextView name, TextView path) override;
+    bool KnownDefault() override { return known; }
     bool isDefault = true;
+    bool known = false;
     bool refuses = false;           ///< making one the default fails
     std::vector<std::string> calls; ///< "query NAME PATH" and "make NAME PATH"
 };

@@ -23,6 +23,14 @@ TEST(PageCaptures, AreNamed) {
     EXPECT_EQ(both.Words(), u"camera and microphone");
 }
 
+TEST(PageCaptures, AreSaidOfTheirPage) {
+    PageCaptures captures;
+    EXPECT_EQ(captures.Sentence(u"a.example"), u"");
+    captures.Allow(SitePermission::Camera);
+    EXPECT_EQ(captures.Sentence(u"a.example:81"), u"a.example:81 may use your camera.");
+    EXPECT_EQ(captures.Sentence(u""), u"A page may use your camera.");
+}
+
 TEST(PageCaptures, LastUntilTheirDocumentIsGone) {
     PageCaptures captures;
     captures.Allow(SitePermission::Camera);

@@ -101,6 +101,20 @@ TEST_F(AtTheStart, AnotherDefaultBrowserBringsTheQuestion) {
     EXPECT_EQ(m_asked, 1);
 }
 
+TEST_F(DefBrowserTest, AStartMayAskUnlessItIsSwitchedOffOrNotNeeded) {
+    struct Row {
+        const char16_t* setting;
+        bool known, mayAsk;
+    };
+    for (const Row& row : {Row{u"true", false, true}, Row{u"true", true, false}, Row{u"false", false, false},
+                           Row{u"false", true, false}}) {
+        m_settings.Put(u"AskDefaultBrowser", row.setting);
+        m_helper.known = row.known;
+        EXPECT_EQ(frmDefBrowser::MayAsk(m_settings, m_helper), row.mayAsk) << row.known;
+    }
+    EXPECT_TRUE(m_helper.calls.empty()) << "the desktop itself is not asked";
+}
+
 TEST_F(AtTheStart, NothingIsQueriedWhenTheSettingIsOff) {
     m_settings.Put(u"AskDefaultBrowser", u"false");
     EXPECT_EQ(Start(false), Calls{});
