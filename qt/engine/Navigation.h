@@ -15,6 +15,7 @@ class QWebEngineNewWindowRequest;
 namespace tessa::qt {
 
 class ViewPage;
+class WebPage;
 
 /// Takes a view where it is to go. What is asked for begins when the view has its turn; of several only the last does.
 class Navigation final : public QObject {

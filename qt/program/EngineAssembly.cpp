@@ -2,6 +2,7 @@
 
 #include "pages/DecidedSites.h"
 #include "qt/base/Strings.h"
+#include "qt/page/WebPage.h"
 #include "qt/program/DesktopAssembly.h"
 #include "qt/program/PageBarsAssembly.h"
 #include "qt/window/MainWindowFrame.h"
