@@ -78,23 +78,10 @@ frmMain::frmMain(MainWindowPlatform platform)
 }
 
 void frmMain::WireParts() {
-    m_tabs.PlaceView.ConnectForLife([this](ArrayView& view) { PlaceView(view); });
-    m_tabs.Resize.ConnectForLife([this] { Form_Resize(); });
-    m_tabs.CloseWindow.ConnectForLife([this] { m_platform.window.Close(); });
     actBar.Click.ConnectForLife([this](Tool& tool) { actBar_Click(tool); });
     actBar.BandOpen.ConnectForLife([this](Band& band) { m_menus.BandOpen(band); });
     actBar.MouseOver.ConnectForLife(
         [this](const Tool* tool) { m_tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); });
-    m_tabs.Closing.ConnectForLife([this](std::int32_t index) {
-        m_closed.Remember(index);
-        m_groups.PageDone(index);
-    });
-    m_tabs.ClosingSeveral = [this](const std::function<void()>& close) {
-        m_closed.BeginSeveral();
-        close();
-        m_closed.EndSeveral();
-    };
-    m_tabs.Blanking.ConnectForLife([this](std::int32_t index) { m_closed.RememberBlanked(index); });
     m_closed.Changed.ConnectForLife([this] { TabMoreCommands::ShowReopen(m_context); });
     m_stripInput.Opening.ConnectForLife([this] { TabMoreCommands::ShowState(m_context); });
     pcPage.Touched.ConnectForLife([this] {
@@ -105,14 +92,36 @@ void frmMain::WireParts() {
         [this](std::int16_t Index, const PageContext& Context) { PageMenu::Open(m_context, Index, Context); });
     m_events.Navigated.ConnectForLife([this] { m_sessions.Touch(); });
     m_pages.ApplyLoadOptions.ConnectForLife([this] { m_platform.engineOptions.ApplyLoadOptions(); });
-    m_layout.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
-    m_sessions.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
-    m_layout.TryAgain.ConnectForLife([this] { RetryLater(); });
-    m_downloads.TryAgain.ConnectForLife([this] { RetryLater(); });
+    WireTabs();
+    WireSaying();
     WireGroups();
     WireDownloads();
     WireSleep();
     TabMoreCommands::ShowReopen(m_context);
+}
+
+void frmMain::WireTabs() {
+    m_tabs.PlaceView.ConnectForLife([this](ArrayView& view) { PlaceView(view); });
+    m_tabs.Resize.ConnectForLife([this] { Form_Resize(); });
+    m_tabs.CloseWindow.ConnectForLife([this] { m_platform.window.Close(); });
+    m_tabs.Closing.ConnectForLife([this](std::int32_t index) {
+        m_closed.Remember(index);
+        m_groups.PageDone(index);
+    });
+    m_tabs.ClosingSeveral = [this](const std::function<void()>& close) {
+        m_closed.BeginSeveral();
+        close();
+        m_closed.EndSeveral();
+    };
+    m_tabs.Blanking.ConnectForLife([this](std::int32_t index) { m_closed.RememberBlanked(index); });
+}
+
+// What could not be written is said, and tried again.
+void frmMain::WireSaying() {
+    m_layout.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
+    m_sessions.Say.ConnectForLife([this](TextView message) { sbStatus.Complaint(message); });
+    m_layout.TryAgain.ConnectForLife([this] { RetryLater(); });
+    m_downloads.TryAgain.ConnectForLife([this] { RetryLater(); });
 }
 
 void frmMain::WireGroups() {

@@ -116,6 +116,8 @@ private:
     enum class Stage { New, Loaded, Unloaded };
 
     void WireParts();
+    void WireTabs();
+    void WireSaying();
     void WireGroups();
     void WireDownloads();
     void WireSleep();

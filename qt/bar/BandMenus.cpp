@@ -143,29 +143,28 @@ bool BandMenus::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Leave) m_actions.ReportNoPointer();
     // Entries in one column lie where they do whatever size the menu gets; laying out thousands anew takes long.
     if (event->type() == QEvent::Resize) return menu->actions().size() > kManyEntries;
-    if (event->type() == QEvent::ContextMenu) {
-        const bool keyboard = static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
-        // Asked by the mouse, a menu opens the menu of the entry at once, over the pop-up of the press.
-        if (!keyboard) return IsBehindEntryPopup(*menu);
-        const QRect entry = menu->actionGeometry(menu->activeAction());
-        return PopupFor(menu->activeAction(), menu->mapToGlobal(entry.center()));
-    }
-    // Not all versions of Qt ask an open menu for its context menu when the mouse does.
-    if (event->type() == QEvent::MouseButtonPress) {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
-        const bool right = mouse->button() == Qt::RightButton;
-        return right && PopupFor(menu->actionAt(mouse->position().toPoint()), mouse->globalPosition().toPoint());
-    }
-    if (event->type() == QEvent::MouseButtonRelease) {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
-        const bool middle = mouse->button() == Qt::MiddleButton;
-        return middle && MiddleClick(menu->actionAt(mouse->position().toPoint()));
-    }
     if (event->type() == QEvent::KeyPress) {
         const bool deletes = static_cast<QKeyEvent*>(event)->matches(QKeySequence::Delete);
         return deletes && DeleteKey(menu->activeAction());
     }
-    return QObject::eventFilter(watched, event);
+    return OnMouse(*menu, *event) || QObject::eventFilter(watched, event);
+}
+
+bool BandMenus::OnMouse(const QMenu& menu, const QEvent& event) {
+    if (event.type() == QEvent::ContextMenu) {
+        const bool keyboard = static_cast<const QContextMenuEvent&>(event).reason() == QContextMenuEvent::Keyboard;
+        // Asked by the mouse, a menu opens the menu of the entry at once, over the pop-up of the press.
+        if (!keyboard) return IsBehindEntryPopup(menu);
+        const QRect entry = menu.actionGeometry(menu.activeAction());
+        return PopupFor(menu.activeAction(), menu.mapToGlobal(entry.center()));
+    }
+    const bool press = event.type() == QEvent::MouseButtonPress;
+    if (!press && event.type() != QEvent::MouseButtonRelease) return false;
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    QAction* entry = menu.actionAt(mouse.position().toPoint());
+    // Not all versions of Qt ask an open menu for its context menu when the mouse does.
+    if (press) return mouse.button() == Qt::RightButton && PopupFor(entry, mouse.globalPosition().toPoint());
+    return mouse.button() == Qt::MiddleButton && MiddleClick(entry);
 }
 
 } // namespace tessa::qt

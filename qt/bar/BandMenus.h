@@ -61,6 +61,7 @@ private:
     std::vector<QAction*> ActionsOf(const Band& band);
     [[nodiscard]] bool IsBehindEntryPopup(const QMenu& menu) const;
     void HideAllBut(const QMenu* hidden);
+    bool OnMouse(const QMenu& menu, const QEvent& event);
     bool PopupFor(const QAction* action, QPoint at);
     bool MiddleClick(const QAction* action);
     bool DeleteKey(const QAction* action);

@@ -88,10 +88,9 @@ void ScreenFit::Prepare(QDialog& dialog) {
     dialog.resize(dialog.size().boundedTo(room));
 }
 
-void ScreenFit::Scroll(QDialog& dialog) {
-    QLayout* inner = dialog.layout();
-    QDialogButtonBox* buttons = TakeButtons(*inner);
-    const QMargins margins = inner->contentsMargins();
+namespace {
+
+QScrollArea* NewArea(QDialog& dialog, QLayout* inner) {
     auto* content = new QWidget;
     content->setLayout(inner);
     auto* area = new QScrollArea(&dialog);
@@ -102,6 +101,16 @@ void ScreenFit::Scroll(QDialog& dialog) {
     // Its fields are what the keyboard is for, not the area.
     area->setFocusPolicy(Qt::NoFocus);
     area->setMinimumWidth(0);
+    return area;
+}
+
+} // namespace
+
+void ScreenFit::Scroll(QDialog& dialog) {
+    QLayout* inner = dialog.layout();
+    QDialogButtonBox* buttons = TakeButtons(*inner);
+    const QMargins margins = inner->contentsMargins();
+    QScrollArea* area = NewArea(dialog, inner);
     auto* column = new QVBoxLayout(&dialog);
     column->setContentsMargins(0, 0, 0, buttons ? margins.bottom() : 0);
     column->addWidget(area);

@@ -66,23 +66,27 @@ void Notifications::Show(std::shared_ptr<QWebEngineNotification> notification) {
                 m_shown.insert(reply.value(), notification);
                 notification->show();
             });
-    connect(notification.get(), &QWebEngineNotification::closed, this, [this, gone = notification.get()] {
-        if (const auto inside = m_inside.find(gone); inside != m_inside.end()) {
-            const int number = *inside;
-            m_inside.erase(inside);
-            // Later: what the window lets go may be the last that holds what is just telling this.
-            QMetaObject::invokeMethod(
-                this, [this, number] { m_bar.Remove(number); }, Qt::QueuedConnection);
-            return;
-        }
-        for (auto each = m_shown.begin(); each != m_shown.end(); ++each) {
-            if (each.value().get() != gone) continue;
-            QDBusMessage close = Call("CloseNotification");
-            close.setArguments({each.key()});
-            QDBusConnection::sessionBus().send(close);
-            return;
-        }
-    });
+    connect(notification.get(), &QWebEngineNotification::closed, this,
+            [this, gone = notification.get()] { TakeBack(gone); });
+}
+
+// A page takes back what it has shown.
+void Notifications::TakeBack(QWebEngineNotification* gone) {
+    if (const auto inside = m_inside.find(gone); inside != m_inside.end()) {
+        const int number = *inside;
+        m_inside.erase(inside);
+        // Later: what the window lets go may be the last that holds what is just telling this.
+        QMetaObject::invokeMethod(
+            this, [this, number] { m_bar.Remove(number); }, Qt::QueuedConnection);
+        return;
+    }
+    for (auto each = m_shown.begin(); each != m_shown.end(); ++each) {
+        if (each.value().get() != gone) continue;
+        QDBusMessage close = Call("CloseNotification");
+        close.setArguments({each.key()});
+        QDBusConnection::sessionBus().send(close);
+        return;
+    }
 }
 
 // What was allowed is to be seen, whatever the desktop lacks.

@@ -32,6 +32,7 @@ private Q_SLOTS:
 private:
     void Show(std::shared_ptr<QWebEngineNotification> notification);
     void ShowHere(const std::shared_ptr<QWebEngineNotification>& notification, const QString& words);
+    void TakeBack(QWebEngineNotification* gone);
 
     NoticeBar& m_bar;
     QHash<uint, std::shared_ptr<QWebEngineNotification>> m_shown; ///< by the desktop's number

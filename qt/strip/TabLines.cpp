@@ -13,6 +13,47 @@ namespace tessa::qt {
 
 namespace {
 constexpr int kCross = 16, kCrossMargin = 6, kHostGap = 12, kLinePadding = 8, kIconMargin = 4, kIconSize = 16;
+
+/// A line's colours.
+struct LineInk {
+    explicit LineInk(const QStyleOptionViewItem& line)
+        : marked(line.state.testFlag(QStyle::State_Selected)),
+          text(line.palette.color(marked ? QPalette::HighlightedText : QPalette::Text)),
+          ground(line.palette.color(marked ? QPalette::Highlight : QPalette::Base)) {}
+    const bool marked;
+    const QColor text, ground;
+};
+
+void PaintLineIcon(QPainter& painter, const LineInk& ink, const QIcon& icon, const QRect& place) {
+    // As on the strip; the desktop's picture for it can hardly be seen on a dark ground.
+    if (icon.isNull())
+        TabLook::PaintBlankPage(painter, place, ink.marked ? ink.text : Palette::Mix(ink.ground, ink.text, 0.55));
+    else
+        icon.paint(&painter, place, Qt::AlignCenter, ink.marked ? QIcon::Selected : QIcon::Normal);
+}
+
+void PaintLineWords(QPainter& painter, const LineInk& ink, const QFontMetrics& metrics, const QRect& room,
+                    const QString& title, const QString& host) {
+    // The title is what one looks for: the host has no more than half of the line.
+    const QString shownHost = metrics.elidedText(host, Qt::ElideLeft, room.width() / 2);
+    const int hostWidth = shownHost.isEmpty() ? 0 : metrics.horizontalAdvance(shownHost) + kHostGap;
+    const QRect titleRoom(room.left(), room.top(), std::max(room.width() - hostWidth, 0), room.height());
+    painter.setPen(ink.text);
+    painter.drawText(titleRoom, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     metrics.elidedText(title, Qt::ElideRight, titleRoom.width()));
+    painter.setPen(Palette::Mix(ink.text, ink.ground, 0.35));
+    painter.drawText(titleRoom.adjusted(0, 0, hostWidth, 0), Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine,
+                     shownHost);
+}
+
+void PaintLineCross(QPainter& painter, const QColor& color, const QRect& place) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, 1.5, Qt::SolidLine, Qt::RoundCap));
+    const QRectF arms = QRectF(place).adjusted(4, 4, -4, -4);
+    painter.drawLine(arms.topLeft(), arms.bottomRight());
+    painter.drawLine(arms.bottomLeft(), arms.topRight());
+}
+
 } // namespace
 
 TabLines::TabLines(QAbstractItemView* list) : QStyledItemDelegate(list) {}
@@ -35,37 +76,15 @@ void TabLines::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
     const QStyle* style = line.widget ? line.widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &line, painter, line.widget);
 
-    const bool marked = line.state.testFlag(QStyle::State_Selected);
-    const QColor text = line.palette.color(marked ? QPalette::HighlightedText : QPalette::Text);
-    const QColor ground = line.palette.color(marked ? QPalette::Highlight : QPalette::Base);
+    const LineInk ink(line);
     const QRect cross = ClosePlace(line.rect);
     const QRect iconPlace(line.rect.left() + kIconMargin, line.rect.center().y() - kIconSize / 2, kIconSize, kIconSize);
     painter->save();
-    // As on the strip; the desktop's picture for it can hardly be seen on a dark ground.
-    if (icon.isNull())
-        TabLook::PaintBlankPage(*painter, iconPlace, marked ? text : Palette::Mix(ground, text, 0.55));
-    else
-        icon.paint(painter, iconPlace, Qt::AlignCenter, marked ? QIcon::Selected : QIcon::Normal);
+    PaintLineIcon(*painter, ink, icon, iconPlace);
     const int left = iconPlace.right() + kHostGap;
-    const QFontMetrics& metrics = line.fontMetrics;
-    // The title is what one looks for: the host has no more than half of the line.
-    const int room = cross.left() - kCrossMargin - left;
-    const QString shownHost = metrics.elidedText(host, Qt::ElideLeft, room / 2);
-    const int hostWidth = shownHost.isEmpty() ? 0 : metrics.horizontalAdvance(shownHost) + kHostGap;
-    const QRect titleRoom(left, line.rect.top(), std::max(room - hostWidth, 0), line.rect.height());
-    painter->setPen(text);
-    painter->drawText(titleRoom, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                      metrics.elidedText(title, Qt::ElideRight, titleRoom.width()));
-    painter->setPen(Palette::Mix(text, ground, 0.35));
-    painter->drawText(titleRoom.adjusted(0, 0, hostWidth, 0), Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine,
-                      shownHost);
-    if (marked || line.state.testFlag(QStyle::State_MouseOver)) {
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QPen(text, 1.5, Qt::SolidLine, Qt::RoundCap));
-        const QRectF arms = QRectF(cross).adjusted(4, 4, -4, -4);
-        painter->drawLine(arms.topLeft(), arms.bottomRight());
-        painter->drawLine(arms.bottomLeft(), arms.topRight());
-    }
+    const QRect room(left, line.rect.top(), cross.left() - kCrossMargin - left, line.rect.height());
+    PaintLineWords(*painter, ink, line.fontMetrics, room, title, host);
+    if (ink.marked || line.state.testFlag(QStyle::State_MouseOver)) PaintLineCross(*painter, ink.text, cross);
     painter->restore();
 }
 

@@ -132,24 +132,23 @@ void TabList::Mark(int row) {
 
 bool TabList::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QFrame::eventFilter(watched, event);
-    const int row = m_list->currentIndex().row(), last = m_found->rowCount() - 1;
     if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::Close)) {
         Close(m_list->currentIndex());
         return true;
     }
+    const auto step = [this](int rows) {
+        Mark(std::clamp(m_list->currentIndex().row() + rows, 0, std::max(m_found->rowCount() - 1, 0)));
+        return true;
+    };
     switch (static_cast<QKeyEvent*>(event)->key()) {
     case Qt::Key_Down:
-        Mark(std::min(row + 1, last));
-        return true;
+        return step(1);
     case Qt::Key_Up:
-        Mark(std::max(row - 1, 0));
-        return true;
+        return step(-1);
     case Qt::Key_PageDown:
-        Mark(std::min(row + kRows, last));
-        return true;
+        return step(kRows);
     case Qt::Key_PageUp:
-        Mark(std::max(row - kRows, 0));
-        return true;
+        return step(-kRows);
     case Qt::Key_Return:
     case Qt::Key_Enter:
         Choose(m_list->currentIndex());

@@ -146,6 +146,18 @@ void TabLook::PaintBlankPage(QPainter& painter, const QRect& place, const QColor
     painter.strokePath(outline, QPen(color, 1));
 }
 
+namespace {
+
+void PaintHorn(QPainter& painter, const QColor& ink, QPointF centre) {
+    const QPolygonF horn({centre + QPointF(-5, -1.8), centre + QPointF(-3, -1.8), centre + QPointF(0, -4.5),
+                          centre + QPointF(0, 4.5), centre + QPointF(-3, 1.8), centre + QPointF(-5, 1.8)});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ink);
+    painter.drawPolygon(horn);
+}
+
+} // namespace
+
 /// A loudspeaker, with waves when it is heard and crossed out when it is muted.
 void TabLook::PaintSound(QPainter& painter, const TabFace& face) const {
     painter.save();
@@ -158,11 +170,7 @@ void TabLook::PaintSound(QPainter& painter, const TabFace& face) const {
     }
     const QColor ink = face.soundHovered ? m_text : Palette::Mix(ground, m_text, 0.75);
     const QPointF centre = QRectF(face.soundPlace).center();
-    const QPolygonF horn({centre + QPointF(-5, -1.8), centre + QPointF(-3, -1.8), centre + QPointF(0, -4.5),
-                          centre + QPointF(0, 4.5), centre + QPointF(-3, 1.8), centre + QPointF(-5, 1.8)});
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(ink);
-    painter.drawPolygon(horn);
+    PaintHorn(painter, ink, centre);
     painter.setPen(QPen(ink, 1.2, Qt::SolidLine, Qt::RoundCap));
     painter.setBrush(Qt::NoBrush);
     if (face.sound == TabSound::Muted) {

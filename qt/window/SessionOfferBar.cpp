@@ -23,16 +23,21 @@ SessionOfferBar::SessionOfferBar(QWidget* parent, const WallClock& clock)
     words->setSpacing(0);
     words->addWidget(m_text);
     words->addWidget(m_which);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 4, 8, 4);
+    row->addLayout(words, 1);
+    AddButtons(*row);
+    hide();
+}
+
+void SessionOfferBar::AddButtons(QHBoxLayout& row) {
     auto* reopen = new QPushButton(QStringLiteral("&Reopen"), this);
     auto* all = new QPushButton(QStringLiteral("Show &All..."), this);
     auto* dismiss = new QPushButton(QStringLiteral("&Not Now"), this);
     reopen->setObjectName(QStringLiteral("cmdReopen"));
     all->setObjectName(QStringLiteral("cmdEarlier"));
     dismiss->setObjectName(QStringLiteral("cmdNotNow"));
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(8, 4, 8, 4);
-    row->addLayout(words, 1);
-    for (QPushButton* each : {reopen, all, dismiss}) row->addWidget(each);
+    for (QPushButton* each : {reopen, all, dismiss}) row.addWidget(each);
     connect(reopen, &QPushButton::clicked, this, [this] {
         // The answer may bring another offer.
         const Text id = m_id;
@@ -45,7 +50,6 @@ SessionOfferBar::SessionOfferBar(QWidget* parent, const WallClock& clock)
         Dismiss(id);
     });
     connect(all, &QPushButton::clicked, this, [this] { ShowAll(); });
-    hide();
 }
 
 void SessionOfferBar::Offer(TextView id, const Session& session) {

@@ -4,6 +4,7 @@
 #include "qt/base/PageBar.h"
 #include "sessions/SessionOffer.h"
 
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -29,6 +30,7 @@ public:
     Signal<void()> Changed;
 
 private:
+    void AddButtons(QHBoxLayout& row);
     void Close();
 
     const WallClock& m_clock;

@@ -99,13 +99,17 @@ void CommandsPage::LayOut() {
     m_description->setMinimumHeight(m_description->fontMetrics().height());
     grid->addWidget(m_description, 3, 0, 1, 4);
     grid->addWidget(hint, 4, 0, 1, 4);
+    grid->setRowStretch(2, 1);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    SizeLists();
+}
+
+void CommandsPage::SizeLists() {
     const int letter = fontMetrics().averageCharWidth();
     m_categories->setFixedWidth(letter * 18);
     m_commands->setMinimumWidth(letter * 32);
     m_entries->setMinimumSize(letter * 32, fontMetrics().height() * 14);
-    grid->setRowStretch(2, 1);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
 }
 
 QPushButton* CommandsPage::MakeButton(const char* name, const QString& caption, void (CommandsPage::*click)()) {

@@ -25,6 +25,7 @@ public:
 
 private:
     void LayOut();
+    void SizeLists();
     QWidget* Buttons();
     QPushButton* MakeButton(const char* name, const QString& caption, void (CommandsPage::*click)());
     void ShowCommands();
