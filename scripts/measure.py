@@ -22,6 +22,8 @@ TOOL_NAME = re.compile(
     r'[A-Z]\w*"(?!_tool|_band)'
 )
 NO_BODY = re.compile(r"=\s*\{$|^\s*constexpr |\(\{")
+# What is handed to a call counts with the function that makes the call.
+LAMBDA = re.compile(r"(?<!operator)\[[^\[\]]*\]\s*(?:\([^()]*\)\s*)?(?:mutable\s*)?(?:->[^{]*)?\{$")
 NO_FUNCTION = re.compile(r"\s*(?:template<.*> )?(?:namespace|class|struct|enum|union|extern|using|typedef|else|do|try|case|default)\b")
 
 
@@ -83,7 +85,7 @@ def functions(text):
         head = head_of(lines, opening)
         words = " ".join(lines[head : opening + 1])
         indent = len(lines[head]) - len(lines[head].lstrip())
-        if indent > 4 or "(" not in words or NO_FUNCTION.match(words) or NO_BODY.search(words):
+        if indent > 4 or "(" not in words or NO_FUNCTION.match(words) or NO_BODY.search(words) or LAMBDA.search(words):
             continue
         for last in range(opening + 1, len(lines)):
             if lines[last].startswith(" " * indent + "}"):

@@ -21,6 +21,7 @@ class Measures(unittest.TestCase):
         heads = {
             "void Free() {\n": "}\n",
             "Form::Form(int a,\n           int b)\n    : m_a(a), m_b(b) {\n": "}\n",
+            "int& Row::operator[](int place) {\n": "}\n",
             "class Form {\npublic:\n    void Inside() {\n": "    }\n};\n",
         }
         for head, end in heads.items():
@@ -29,7 +30,8 @@ class Measures(unittest.TestCase):
 
     def test_a_table_a_class_and_a_call_are_none(self):
         for head in ("constexpr std::array kRows{\n", "class Form final : public QWidget {\n",
-                     "template<typename... T>\nclass Signal<void(T...)> {\n", "    Ask({.Done = [] {\n"):
+                     "template<typename... T>\nclass Signal<void(T...)> {\n", "    Ask({.Done = [] {\n",
+                     "    Print(\n        [this, told](const Bytes& bytes) {\n", "    return any(all, [&](int a) -> bool {\n"):
             with self.subTest(head):
                 self.assertEqual(list(measure.functions(head + TWO_LINES + "};\n")), [])
 
