@@ -53,7 +53,7 @@ std::string ValueOf(const CommandLine::Arguments& arguments, const std::string& 
     return found == arguments.end() || found + 1 == arguments.end() ? "" : *(found + 1);
 }
 
-// Whether the text is a path from the folder in which the program was started; any other instance is in another.
+// Whether the text is a path from the folder in which the program was started. Any other instance is in another.
 bool IsFileHere(const std::string& text) {
     return !IsAbsolute(text) && text.find(':') == std::string::npos && LeadsSomewhere(text);
 }

@@ -11,8 +11,8 @@ namespace tessa {
 /// What the program's start learns from its arguments and its surroundings before anything of it is made.
 namespace CommandLine {
 
-/// The arguments behind the program's name, as the system gave them. What is for the windowing system, "-platform" and
-/// its like, is still among them when it is asked whether the program can start, and no longer when they become a text.
+/// The arguments behind the program's name, as the system gave them. What is for the windowing system, as "-platform",
+/// is among them when it is asked whether the program can start. It is gone when they become a text.
 using Arguments = std::vector<std::string>;
 
 /// What was found around the program. A variable that is not set is empty.
@@ -28,7 +28,7 @@ struct Surroundings {
 /// with a line end.
 [[nodiscard]] std::optional<std::string> Information(const Arguments& arguments);
 
-/// Why the program cannot start here and what to do about it, for a person to read; absent when it can.
+/// Why the program cannot start here and what to do about it, for a person to read. Absent when it can.
 [[nodiscard]] std::optional<std::string> Refusal(const Arguments& arguments, const Surroundings& surroundings);
 
 /// The arguments as the one text that the program opens, unparsed. A group file that a file manager names by a file:

@@ -16,7 +16,7 @@ bool AllowsMultipleInstances(SettingsStorageFactory& settings) {
 void HandOff(const Startup::Program& program, TextView commandLine) {
     Log::Note(LogLevel::Info, LogPart::Instances, "hands over to the instance that runs");
     program.application.SetTitle(Startup::kSecondInstance);
-    // Giving the window its caption loads it, as in every instance; it is never shown, so no page comes into being.
+    // Giving the window its caption loads it, as in every instance. It is never shown, so no page comes into being.
     program.window.SetCaption(Startup::kSecondInstance);
     // Nobody sees this window, so it has nobody to ask.
     program.main.AskNobody();
@@ -24,7 +24,7 @@ void HandOff(const Startup::Program& program, TextView commandLine) {
     ResumeNext(program.instances.SetForegroundWindow());
     if (commandLine.empty()) return;
     ResumeNext(SettingsStore(program.settings).HandOffCommandLine.Set(Text(commandLine)));
-    // With the text in it: the settings may have no room, or hold the text of another start by the time they are read.
+    // With the text in it: the settings may have no room. They may also hold the text of another start by then.
     ResumeNext(program.instances.SendMessage(commandLine));
 }
 

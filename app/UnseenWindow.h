@@ -4,7 +4,7 @@
 
 namespace tessa {
 
-/// The main window of a start that hands its command line over: it is loaded like any other and never shown. So it has
+/// The main window of a start that hands its command line over. It is loaded like any other and never shown. So it has
 /// no engine, no window and nobody to ask, and costs next to nothing.
 class UnseenWindow {
 public:

@@ -17,8 +17,8 @@ public:
     /// Arranges the bar, which is as designed, like the file says. One that is missing or cannot be read changes
     /// nothing.
     void Load();
-    /// Writes the layout. A file that could not be read is replaced only when the user has arranged something since,
-    /// so that a passing trouble does not cost the layout that is in it.
+    /// Writes the layout. A file that could not be read is replaced only when the user has arranged something since. So
+    /// a passing trouble does not cost the layout in it.
     void Save();
     /// Writes it again when the last write failed.
     void SaveAgain();

@@ -6,10 +6,10 @@
 namespace tessa {
 
 // Words that come from outside - a page, a server, a certificate - made fit to stand among our own. Nothing in them
-// turns the direction of the text, hides a part of it or pushes our own words off the screen.
+// turns the text's direction, hides a part of it or pushes our words off the screen.
 
-/// Whether the unit controls the text instead of being a part of it: control characters, marks of direction, breaks
-/// of lines, characters without width.
+/// Whether the unit controls the text instead of being a part of it. Such are control characters, marks of direction,
+/// breaks of lines, and characters without width.
 [[nodiscard]] bool IsUnseen(char16_t unit);
 
 /// The bytes with a blank for each ASCII control character, which would end a line or field of a file.

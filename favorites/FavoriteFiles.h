@@ -34,8 +34,8 @@ struct Item {
 /// The folder in which a file or folder lies.
 [[nodiscard]] Text FolderOf(TextView path);
 
-// What changes the disk. A name is mended where the disk would refuse it or hide the file, and never takes the place
-// of another: the second is called "Name (2)". Each answers the path that came of it, and nothing when it failed, which
+// What changes the disk. A name is mended where the disk would refuse it or hide the file. It never takes another's
+// place: the second is called "Name (2)". Each answers the path that came of it, and nothing when it failed, which
 // leaves everything as it was.
 
 /// Writes a shortcut; the folder is made when it is missing.

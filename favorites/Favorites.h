@@ -13,8 +13,8 @@ inline constexpr TextView kEnding = u".url";
 /// No shortcut is longer, in bytes; of a file that is, the beginning is read.
 inline constexpr std::size_t kLargestShortcut = std::size_t{1} << 20;
 
-/// What one folder holds, each in the binary order of the names. Keys are the names as they are on disk; the value of
-/// a folder is its full path, that of a shortcut its address.
+/// What one folder holds, each in the binary order of the names. Keys are the names as they are on disk. The value of a
+/// folder is its full path, that of a shortcut its address.
 struct Listing {
     CKeyValues Folders;
     CKeyValues Shortcuts;

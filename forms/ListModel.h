@@ -33,8 +33,8 @@ public:
 
 protected:
     void Report(RowChange::Kind kind, std::size_t index) const { m_view({kind, index}); }
-    /// Reports that one list stands in another's place: `first` and `last` rows are the same ones, of those between
-    /// there were `before` and are `after`.
+    /// Reports that one list stands in another's place. The first and the last rows are the same ones. Between them
+    /// there were `before` rows and are `after`.
     void ReportMiddle(std::size_t first, std::size_t before, std::size_t after) const;
 
 private:
@@ -91,7 +91,7 @@ void ListModel<Row, Key>::Show(std::vector<Row> rows) {
                                        m_rows.end()[-1 - static_cast<std::ptrdiff_t>(last)]))
         ++last;
     ReportMiddle(first, before.size() - first - last, m_rows.size() - first - last);
-    // What stands in the place of another row counts as that row with another text, so that views move nothing about.
+    // A row in another's place counts as that one with another text, so that views move nothing about.
     for (std::size_t i = 0; i < both; ++i) {
         const bool atEnd = i >= both - last;
         const std::size_t was = atEnd ? before.size() - both + i : i, now = atEnd ? m_rows.size() - both + i : i;

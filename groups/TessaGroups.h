@@ -39,8 +39,8 @@ struct NumberedAddress {
 /// leaves the file as it was.
 Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses);
 
-/// Writes one address under "url" and the number behind the count of the group's addresses, deliberately the count
-/// and not the highest number: in a group with gaps it takes the place of another. A missing file is made.
+/// Writes one address under "url" and the number after the count of the group's addresses. Deliberately the count, not
+/// the highest number: in a group with gaps it takes the place of another. A missing file is made.
 Outcome Append(TextView path, TextView address);
 
 /// `Nothing`: there were no addresses to save, and the file is as it was.

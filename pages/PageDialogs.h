@@ -3,8 +3,8 @@
 
 namespace tessa {
 
-/// How often a page may speak in dialogs. From its second on the user can silence it; that holds until the user
-/// goes to another page, not until the page does.
+/// How often a page may speak in dialogs. From its second on the user can silence it. That holds until the user goes to
+/// another page, not until the page does.
 class PageDialogRule {
 public:
     [[nodiscard]] bool Silenced() const { return m_silenced; }

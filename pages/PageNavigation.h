@@ -2,8 +2,8 @@
 
 namespace tessa {
 
-/// How far a view has come, in three states at once: what was asked for, what the engine loads, and what is shown. One
-/// page may be shown while another loads and a third one waits for its turn.
+/// How far a view has come, in three states at once. They are what was asked for, what the engine loads, and what is
+/// shown. One page may be shown while another loads and a third one waits for its turn.
 class PageNavigation {
 public:
     /// What was asked for and has not begun.

@@ -6,8 +6,8 @@
 
 namespace tessa {
 
-/// What the user may answer a page that wants to see a screen. That it always may is no answer: what is on a screen
-/// changes, and each time the user chooses which one it is.
+/// What the user may answer a page that wants to see a screen. That it always may is no answer: each time the user
+/// chooses which one it is.
 namespace ScreenAnswers {
 
 enum class Meaning { Share, Block, AlwaysBlock };

@@ -42,8 +42,8 @@ bool BrowserEvents::TakeMayFocus(ArrayView* view, PageLevel pDisp, bool Focusing
     return std::exchange(view->MayFocus.*what, false) || !m_tabs.TypedSince(*view);
 }
 
-// Deliberate: a tab turns idle as soon as its navigation completes, before the document has, and the completion of
-// any frame clears the mark too.
+// Deliberate: a tab turns idle as soon as its navigation completes, before the document has. The completion of any
+// frame clears the mark too.
 void BrowserEvents::NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) {
     ShowIdle(Index, pDisp, URL, TakeMayFocus(m_browser.Find(Index), pDisp, &Focusing::Address));
     Navigated();

@@ -4,8 +4,7 @@
 
 namespace tessa {
 
-/// What has the keyboard while a key goes down: a tool of the command bar, the menu bar or the status bar, or any other
-/// control.
+/// What has the keyboard while a key goes down. A tool is one of the command bar, the menu bar or the status bar.
 enum class KeyboardOn { Tool, Other };
 
 /// Keys as the main window receives them, before its controls. Owned by the main window.

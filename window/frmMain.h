@@ -25,7 +25,7 @@ namespace tessa {
 
 /// The main window. Owns its controls, which everybody may show and use, and what works on them, which is its own. What
 /// happens outside is told to it: to its handlers, or to those of its parts that exist for that. Such a part is handed
-/// out whole where all that is public of it is for those outside; each says below who they are.
+/// out whole where all that is public of it is for those outside. Each says below who they are.
 class frmMain {
 public:
     explicit frmMain(MainWindowPlatform platform);
@@ -33,8 +33,8 @@ public:
     frmMain& operator=(const frmMain&) = delete;
 
     // The window's own events.
-    /// Builds the window while it is hidden and opens the command line: nothing (the home page), a TessaGroup, or
-    /// an address. Runs once.
+    /// Builds the window while it is hidden and opens the command line. Without one that is the home page, else a
+    /// TessaGroup or an address. Runs once.
     void Form_Load(TextView commandLine);
     /// The first activation reopens the last sites; later ones do nothing.
     void Form_Activate();
@@ -74,7 +74,7 @@ public:
     void CloseBrowserTab(std::int32_t Index) { m_tabs.CloseBrowserTab(Index); }
     /// Gives the page in front the keyboard.
     void FocusPage();
-    /// Goes to what the program was started with, or what a later start hands over; not to what is no page.
+    /// Goes to what the program was started with, or what a later start hands over. Not to what is no page.
     void OpenGiven(BrowserView& view, TextView text);
     /// Follows a link of the home page, which opens a TessaGroup or searches. Any other address does nothing.
     void OpenStartLink(std::string_view link);
@@ -92,7 +92,7 @@ public:
     // What the views of the controls report to.
     /// The pointer, and what is dragged, on the strip; for the strip's view alone.
     [[nodiscard]] TabStripInput& StripInput() { return m_stripInput; }
-    /// Entries of menus that show files, for the view of menus; and the folders where these lie, for the home page.
+    /// Entries of menus that show files, for the view of menus. The folders where these lie, for the home page.
     [[nodiscard]] RuntimeMenus& Menus() { return m_menus; }
     /// The user has arranged the command bar.
     void SaveLayout() { m_layout.Save(); }

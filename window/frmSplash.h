@@ -4,8 +4,8 @@
 
 namespace tessa {
 
-/// The window that says which program this is, as data: at the start without a button, and as the About box. Made
-/// afresh for every show: it is loaded when constructed.
+/// The window that says which program this is, as data. It is shown at the start without a button, and as the About
+/// box. Made afresh for every show: it is loaded when constructed.
 class frmSplash {
 public:
     frmSplash();

@@ -10,10 +10,10 @@
 
 namespace tessa {
 
-/// INI text as the profile functions of the desktop that group files come from read and write it: names without
-/// regard to case, blanks at both ends dropped, the first of equal sections and keys counts, one pair of quotes
-/// around a value removed. Everything is bytes. A UTF-8 mark at the start is skipped and kept; text in UTF-16 with
-/// its mark is read, and written back, in kind.
+/// INI text, read and written as by the profile functions of the desktop that group files come from. Names are compared
+/// without regard to case, and blanks at both ends are dropped. The first of equal sections and keys counts. One pair
+/// of quotes around a value is removed. Everything is bytes. A UTF-8 mark at the start is skipped and kept. Text in
+/// UTF-16 with its mark is read, and written back, in kind.
 class IniFile {
 public:
     /// Reads the bytes of a whole file. Any bytes will do.
@@ -22,8 +22,8 @@ public:
     /// The value, at most `size` - 1 bytes of it. For a missing one, `whenMissing` without blanks at its end.
     [[nodiscard]] std::string Value(std::string_view section, std::string_view key, std::string_view whenMissing,
                                     std::size_t size) const;
-    /// The names of a section's keys in their order, each ended by a NUL. A list that does not fit is cut after
-    /// `size` - 2 bytes, in the middle of a name if need be. A section without keys answers `whenMissing`.
+    /// The names of a section's keys in their order, each ended by a NUL. A list that does not fit is cut two
+    /// bytes before `size`, even inside a name. A section without keys answers `whenMissing`.
     [[nodiscard]] std::string KeyList(std::string_view section, std::string_view whenMissing, std::size_t size) const;
     /// The names of the sections, in the form of a key list.
     [[nodiscard]] std::string SectionList(std::size_t size) const;

@@ -7,7 +7,7 @@ namespace tessa {
 
 /// Whether a name stands for a device where names of devices are kept from files: "CON", "com1.txt".
 [[nodiscard]] bool NamesDevice(TextView name);
-/// The name with "-" for what may stand in no name on this system, and otherwise changed where it could be none.
+/// The name with "-" for what no name may hold on this system. It is changed further where it could be none.
 [[nodiscard]] Text FitForDisk(Text name);
 
 } // namespace tessa

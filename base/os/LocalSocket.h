@@ -24,8 +24,7 @@ enum class Found {
 [[nodiscard]] Found Look(const std::string& path);
 
 /// Says `message` to the listener and gives the line that it answers, with its end. Nothing when there is no listener,
-/// when it cuts the connection, when its line has more bytes than `longest`, and when it takes longer than `patience`
-/// in all.
+/// or when it cuts the connection. Nothing either when its line exceeds `longest` bytes, or `patience` is over.
 [[nodiscard]] std::optional<std::string> Ask(const std::string& path, const std::string& message, std::size_t longest,
                                              std::chrono::milliseconds patience);
 

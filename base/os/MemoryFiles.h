@@ -10,8 +10,8 @@
 
 namespace tessa {
 
-/// Reads how much memory is left from the files in which Linux tells it: of the machine, and of the control groups
-/// around the program, whichever version they are. A file that is missing counts as not said.
+/// Reads how much memory is left, from the files in which Linux tells it. They tell it of the machine, and of the
+/// control groups around the program, of either version. A file that is missing counts as not said.
 class MemoryFiles final : public MemoryReader {
 public:
     /// `root` is put before every path; a test has its own files there.

@@ -6,7 +6,7 @@
 
 namespace tessa {
 
-/// How much memory a part of the machine may use: the machine itself, or a control group that the program runs in.
+/// How much memory the machine may use, or a control group that the program runs in.
 struct MemoryRoom {
     std::int64_t Total = 0; ///< bytes that there are, or that the group may use
     std::int64_t Free = 0;  ///< bytes of it that programs can still have without anything being swapped out
@@ -19,13 +19,13 @@ struct MemoryRoom {
 class MemoryReader {
 public:
     virtual ~MemoryReader() = default;
-    /// The machine's room, and that of each control group around the program which has a limit; the program can use
-    /// the least of them. Empty when the kernel tells nothing.
+    /// The machine's room, and that of each control group around the program which has a limit. The program can use the
+    /// least of them. Empty when the kernel tells nothing.
     [[nodiscard]] virtual std::vector<MemoryRoom> Read() = 0;
 };
 
-/// What reads the memory of this machine. Where `root` is not empty, the texts of Linux below that folder are read in
-/// place of what the system says.
+/// What reads the memory of this machine. Unless `root` is empty, the texts of Linux below that folder are read in
+/// place of the system's.
 [[nodiscard]] std::unique_ptr<MemoryReader> SystemMemory(const std::string& root);
 
 } // namespace tessa

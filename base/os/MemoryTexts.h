@@ -24,8 +24,8 @@ namespace MemoryTexts {
 /// Total and free memory of the machine, by "/proc/meminfo". What an old kernel does not say of the memory that it can
 /// take back is estimated.
 [[nodiscard]] std::optional<MemoryRoom> Machine(std::string_view meminfo);
-/// Percent of the last ten seconds in which something waited for memory, by "memory" of "/proc/pressure" or by
-/// "memory.pressure" of a group.
+/// Percent of the last ten seconds in which something waited for memory. Read from "memory" of "/proc/pressure", or
+/// from "memory.pressure" of a group.
 [[nodiscard]] double Pressure(std::string_view pressure);
 /// The groups with a say in memory, by "/proc/self/cgroup". Where both versions are mounted, both.
 [[nodiscard]] std::vector<ControlGroup> Groups(std::string_view cgroup);

@@ -35,8 +35,8 @@ public:
 
     /// The memory in pages, by the text of "statm"; nothing when it says something else.
     [[nodiscard]] static std::optional<std::int64_t> OwnPages(std::string_view statm);
-    /// The time of user and system in ticks, by the text of "stat"; nothing when it says something else, as of a
-    /// process that has ended and is not cleared away yet.
+    /// The time of user and system in ticks, by the text of "stat". Nothing when it says something else, as of an ended
+    /// process that is not cleared away yet.
     [[nodiscard]] static std::optional<std::int64_t> Ticks(std::string_view stat);
 
 private:

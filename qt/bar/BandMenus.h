@@ -48,8 +48,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// The desktop's style, in which a menu that is higher than the screen scrolls: its further columns would be
-    /// beside the screen.
+    /// The desktop's style, in which a menu that is higher than the screen scrolls. Further columns would be beside the
+    /// screen.
     class Scrolling final : public QProxyStyle {
     public:
         int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

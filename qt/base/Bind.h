@@ -19,8 +19,8 @@ namespace tessa::qt {
 /// Keeps a connection until the owner is deleted.
 void KeepWith(QObject& owner, Connection connection);
 
-/// The caption with "&" before the access key, at a word's beginning where there is one; unchanged when the caption
-/// has no such letter. A "&" in the caption stays visible.
+/// The caption with "&" before the access key, at a word's beginning where there is one. Unchanged when the caption has
+/// no such letter. A "&" in the caption stays visible.
 [[nodiscard]] QString WithAccessKey(const QString& caption, QChar key);
 
 /// `name` is the control's name and becomes the widget's object name; the accessible name is the caption. Without an

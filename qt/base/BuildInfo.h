@@ -5,8 +5,8 @@
 
 namespace tessa::qt {
 
-/// What to say of the program in a report: versions of the program, the engine, Qt, the compiler and the system. Reads
-/// what is linked in; starts neither the engine nor a window.
+/// What to say in a report: versions of the program, the engine, Qt, the compiler and the system. Reads what is linked
+/// in; starts neither the engine nor a window.
 namespace BuildInfo {
 
 /// "Qt WebEngine 6.4.2, based on Chromium ..., with security fixes of ..."

@@ -19,8 +19,8 @@ namespace tessa::qt {
 
 namespace {
 
-// Where the kernel shows graphics processors: those with a "render" node can be used, those of NVIDIA's
-// own driver, and the one that Windows lends its Linux.
+// Where the kernel shows graphics processors. Those with a "render" node can be used, those of NVIDIA's own driver, and
+// the one of Linux inside Windows.
 const QStringList kDevices{QStringLiteral("/dev/dri"), QStringLiteral("/dev")};
 const QStringList kDeviceNames{QStringLiteral("renderD*"), QStringLiteral("nvidia[0-9]*"), QStringLiteral("dxg")};
 

@@ -8,7 +8,7 @@
 
 namespace tessa::qt {
 
-/// A cell with its text as tool tip. What a page calls itself is text; as a tool tip Qt would read it as HTML if it
+/// A cell with its text as tool tip. What a page calls itself is text. As a tool tip Qt would read it as HTML if it
 /// looks like it.
 void ShowCell(QTreeWidgetItem& item, int column, const QString& text);
 

@@ -8,9 +8,9 @@ class QWebEngineProfile;
 
 namespace tessa::qt {
 
-/// The dictionaries with which the engine checks what the user writes into pages: those of the user's languages, as
-/// far as the desktop has them. The engine reads only a format of its own; dictionaries of other programs are
-/// converted by the engine's own tool where that is installed, and kept.
+/// The dictionaries with which the engine checks what the user writes into pages. They are of the user's languages, as
+/// far as the desktop has them. The engine reads only a format of its own. Its own tool, where that is installed,
+/// converts dictionaries of other programs, which are kept.
 class Dictionaries final : public QObject {
 public:
     /// Where dictionaries lie.

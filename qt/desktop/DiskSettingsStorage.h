@@ -11,10 +11,10 @@
 
 namespace tessa::qt {
 
-/// Settings in the file "settings.ini" of one folder, readable by the user alone. Every opened storage reads the
-/// file afresh. When it is released, what was written to it is merged into the file, under a lock that all processes
-/// share. The file is replaced as a whole, so readers find the old or the new one, also when a writer dies. A file that
-/// cannot be understood is kept as "settings.ini.damaged-1" and so on.
+/// Settings in the file "settings.ini" of one folder, readable by the user alone. Every opened storage reads the file
+/// afresh. At its release, what was written to it is merged into the file, under a lock that all processes share. The
+/// file is replaced as a whole. So readers find the old or the new one, also when a writer dies. A file that cannot be
+/// understood is kept as "settings.ini.damaged-1" and so on.
 ///
 /// QSettings would not do. It takes a file of the same size and time stamp for unchanged. So it misses and overwrites a
 /// value that another process wrote within one clock tick.

@@ -3,8 +3,8 @@
 
 namespace tessa::qt {
 
-/// While it lives, a start that Qt gives up ends the process with a clear message and the exit code 1, in place of a
-/// crash. Qt does so when the display does not answer, or cannot show windows.
+/// While it lives, a start that Qt gives up does not crash. It ends the process with a clear message and the exit code
+/// 1. Qt does so when the display does not answer, or cannot show windows.
 class StartFailure {
 public:
     StartFailure();

@@ -24,7 +24,7 @@ int RoomIn(const QStyleOptionViewItem& option) {
     return list ? list->viewport()->width() - 2 * kLineMargin : kLeastWidth;
 }
 
-// On as many lines as it needs, so that nothing is cut: "About 8 seconds left," and "1 MB of 9 MB".
+// On as many lines as needed: "About 8 seconds left," and "1 MB of 9 MB".
 QStringList WrapParts(const QString& text, const QFontMetrics& metrics, int room) {
     static const QRegularExpression ends(QStringLiteral("(?<=[,.]) "));
     QStringList lines;

@@ -45,8 +45,8 @@ void LoadSwitches::Install(QWebEngineProfile& profile, const LoadOptions& option
 }
 
 void LoadSwitches::Tell(QWebEnginePage& page, const LoadOptions& options) const {
-    // The engine passes changed settings on by a timer. A picture that the script shows again must find them there, for
-    // only when it is painted does the engine look whether it may move.
+    // The engine passes changed settings on by a timer. A picture that the script shows again must find them there.
+    // Only when it is painted does the engine look whether it may move.
     const auto tell = [&page, options] {
         page.runJavaScript(QStringLiteral("window.tessaLoads && tessaLoads(%1)").arg(AsScript(options)),
                            QWebEngineScript::ApplicationWorld);

@@ -9,7 +9,7 @@ class QWebEngineProfile;
 namespace tessa::qt {
 
 /// The load switches in the pages of one profile: what is loaded from now on and what is there already. The engine
-/// itself keeps images and sound back; a script of ours, in a world of its own, does the rest.
+/// itself keeps images and sound back. A script of ours, in a world of its own, does the rest.
 class LoadSwitches {
 public:
     LoadSwitches();

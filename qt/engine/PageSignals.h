@@ -25,8 +25,8 @@ struct PageSignals {
     Signal<void()> CapturesChanged;
     /// Says something in passing, in the status bar.
     Signal<void(const QString&)> Notice;
-    /// A page's menu is being asked for at a point of the screen: the pointer's, or that of what has the keyboard.
-    /// Nothing when that is over.
+    /// A page's menu is asked for at a point of the screen: the pointer's, or that of the keyboard's place. Nothing
+    /// when that is over.
     Signal<void(std::optional<QPoint>)> MenuPlace;
     /// For the menus of pages, see `WebPageTools`.
     Signal<void(WebPage&, const QUrl&, const Text& path)> SaveAddress;

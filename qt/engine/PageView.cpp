@@ -22,7 +22,7 @@ namespace tessa::qt {
 
 namespace {
 
-// The engine tells a link decoded, for people; what they are to judge it by is the form that nothing can hide in.
+// The engine tells a link decoded, for people. What they are to judge it by is the form that nothing can hide in.
 Text HoveredLink(const QString& link) { return LoadWords::Link(AddressUrl::Shown(QUrl(link))); }
 
 Outcome Trigger(QWebEnginePage& page, QWebEnginePage::WebAction action) {
@@ -89,8 +89,8 @@ Outcome PageView::ExecWB(BrowserCommand command) {
 
 Text PageView::LocationName() const {
     if (!m_page) return {};
-    // While one page takes another's place, the engine tells the title of the one and the address of the other.
-    // The history is not asked: of a window that another page writes into it has no entry, and then takes that ill.
+    // While one page takes another's place, the engine tells the title of the one and the address of the other. The
+    // history is not asked. Of a window that another page writes into it has no entry, and takes that ill.
     const WebPage& page = m_page->Page();
     const bool changes = page.isLoading() && page.url() != m_where.shown;
     return changes ? Text() : m_printing.NameOf(page.title());

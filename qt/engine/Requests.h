@@ -8,8 +8,8 @@
 
 namespace tessa::qt {
 
-/// Sees every request before it leaves the engine: sends those for the product's own hosts on to the real services, and
-/// keeps pages on this computer from reading other files.
+/// Sees every request before it leaves the engine. Sends those for the product's own hosts on to the real services.
+/// Keeps pages on this computer from reading other files.
 class Requests final : public QWebEngineUrlRequestInterceptor {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ public:
 
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
 
-    /// What pages may load; what has a place in no page, as a sound that a script plays, is held back here.
+    /// What pages may load. What has a place in no page, as a sound that a script plays, is held back here.
     LoadOptions Loads;
     /// What every request tells the server.
     bool DoNotTrack = false;

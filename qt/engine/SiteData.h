@@ -8,8 +8,8 @@
 namespace tessa::qt {
 
 /// Has the engine forget what all sites have stored beside their cookies, and its cache, while it runs. The engine
-/// offers that to its developer tools alone, so two pages that nobody sees do it: one with the tools, and one for the
-/// tools to look at. (It offers a way to empty the cache to us too, but open pages can fetch nothing after that.)
+/// offers that to its developer tools alone. So two pages that nobody sees do it: one with the tools, and one for them
+/// to look at. (It offers a way to empty the cache to us too, but open pages can fetch nothing after that.)
 class SiteData final : public QObject {
 public:
     /// Ends before the profile.

@@ -18,8 +18,8 @@ class QWebEngineProfile;
 namespace tessa::qt {
 
 /// Has the engine forget what it keeps of where pages have been. The engine does not say when a cookie was set or a
-/// link visited. So this notes it for every cookie that it sees come, beside the profile, and for every visit, in
-/// memory alone: a list of them is not to lie on the disk.
+/// link visited. So this notes it for every cookie that it sees come, beside the profile. Visits it notes in memory
+/// alone: a list of them is not to lie on the disk.
 class StoredBrowsingData {
 public:
     /// Notes nothing down before it has a profile.
@@ -34,8 +34,8 @@ public:
     /// Keeps the notes in that folder and reads those that are there; keeps none without a folder.
     void KeepIn(const QString& profileFolder);
     void NoteVisit(const QUrl& url);
-    /// Forgets at once, but for the cache and what sites have stored, which takes the engine a moment: tells when that
-    /// has gone too. Where sites' data stays it goes at the next start.
+    /// Forgets at once, but for the cache and what sites have stored. That takes the engine a moment; tells when it has
+    /// gone too. Where sites' data stays it goes at the next start.
     void Clear(const BrowsingData& data, QWebEngineProfile& profile, Forgotten done);
     /// Leaves off what is going on; before the profile ends.
     void Shutdown();

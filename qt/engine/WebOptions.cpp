@@ -52,7 +52,7 @@ void SetCookies(CookieRule rule, QWebEngineCookieStore& cookies) {
     });
 }
 
-// The engine looks for another proxy only when something is asked for, and too late for that: so something is, which
+// The engine looks for another proxy only when something is asked for, and too late for that. So something is, which
 // goes nowhere.
 void HaveProxyLookedAt(QWebEngineProfile& profile) {
     auto* page = new QWebEnginePage(&profile, &profile);

@@ -17,7 +17,7 @@ Awaited::Awaited(WebPage& page) : QObject(&page), m_page(page) {
     m_patience.callOnTimeout(this, &Awaited::Overdue);
     connect(&page, &WebPage::NavigationRequested, this, &Awaited::OnNavigation);
     connect(&page, &WebPage::DocumentShown, this, &Awaited::End);
-    // Into a window that has shown nothing yet, the page that has opened it may write; then it has no address.
+    // Into a window that has shown nothing yet, the page that has opened it may write. Then it has no address.
     connect(&page, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
         if (!url.isEmpty()) End();
     });

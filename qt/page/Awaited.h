@@ -7,7 +7,7 @@ namespace tessa::qt {
 
 class WebPage;
 
-/// Follows what a page is about to show, and who has asked for that: the program, or the page by itself.
+/// Follows what a page is about to show, and whether the program has asked for that or the page itself.
 class Awaited final : public QObject {
     Q_OBJECT
 

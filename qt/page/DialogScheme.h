@@ -12,8 +12,8 @@ class QWebEngineUrlRequestJob;
 namespace tessa::qt {
 
 /// How pages speak in dialogs without stopping the engine. The engine itself wants the answer to `alert()` before it
-/// does anything else, for any tab; so our script stands in for these functions and fetches the answer from this
-/// scheme, for which its page waits, and it alone.
+/// does anything else, for any tab. So our script stands in for these functions and fetches the answer from this
+/// scheme. For that its page waits, and it alone.
 class DialogScheme final : public QWebEngineUrlSchemeHandler {
 public:
     [[nodiscard]] static QByteArray Scheme() { return QByteArrayLiteral("tessaview-ask"); }

@@ -5,7 +5,8 @@ class QUrl;
 
 namespace tessa::qt {
 
-/// What a page shows: a web page, which is more than one file, or a document that came as it is - PDF, picture, text.
+/// What a page shows: a web page, which is more than one file, or a document. That came as it is: a PDF, a picture, a
+/// text.
 struct DocumentKind {
     bool IsWebPage = true;
     bool IsPdf = false;

@@ -6,7 +6,7 @@ class QPrinter;
 
 namespace tessa::qt {
 
-/// Prints PDF documents as they are. The printing system takes them whole and does with them what was chosen; drawn
+/// Prints PDF documents as they are. The printing system takes them whole and does with them what was chosen. Drawn
 /// anew they would be pictures of themselves.
 namespace DocumentPrinter {
 

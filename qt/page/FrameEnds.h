@@ -10,7 +10,7 @@ namespace tessa::qt {
 class WebPage;
 
 /// Tells when the navigation of a frame inside a page has ended without a document. A download says so. Of an answer
-/// without content, or of a frame that is taken away, the engine says nothing: a navigation that has brought nothing
+/// without content, or of a frame that is taken away, the engine says nothing. A navigation that has brought nothing
 /// for a while counts as ended.
 class FrameEnds final : public QObject {
     Q_OBJECT

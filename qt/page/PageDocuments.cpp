@@ -19,8 +19,8 @@ void PageDocuments::Save(QWebEnginePage& page, const QString& path, std::functio
     page.save(path, QWebEngineDownloadRequest::SingleHtmlSaveFormat);
 }
 
-// The engine has no name for such a download, and a page cannot ask for one of its own address in a way that would make
-// a difference: what comes is from the same place.
+// The engine has no name for such a download. A page may ask for one of its own address too, but what comes is from the
+// same place.
 std::optional<PageDocuments::Wanted> PageDocuments::Take(const QWebEngineDownloadRequest& request) {
     if (m_pending.empty()) return std::nullopt;
     const auto isIt = [&request, page = EngineVersions::PageOf(request)](const Pending& each) {

@@ -12,7 +12,7 @@ class QWebEnginePage;
 
 namespace tessa::qt {
 
-/// Writes documents that pages show to files, as the bytes that came. The engine takes them from its cache; what must
+/// Writes documents that pages show to files, as the bytes that came. The engine takes them from its cache. What must
 /// not lie there it fetches again, but never by sending a form again. It does so by downloads, which whoever follows
 /// these hands to `Take`.
 class PageDocuments final : public QObject {

@@ -9,7 +9,7 @@ class QWidget;
 namespace tessa::qt {
 
 /// The page that fills the screen, because it asked to after a click of its user. It covers its window, which goes to
-/// full screen with it; Escape ends it, and so does leaving full screen in any other way.
+/// full screen with it. Escape ends it, and so does leaving full screen in any other way.
 class PageFullScreen final : public QObject {
 public:
     /// The window that the page is in.

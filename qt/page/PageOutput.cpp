@@ -116,7 +116,7 @@ QByteArray PageOutput::PreviewIn(const WebPage& page) {
     return static_cast<const StartPageScheme*>(handler)->PreviewAt(address.path());
 }
 
-// The engine itself has no word for it. Asked in a world of our own, the page cannot answer for it; no click and no key
+// The engine itself has no word for it. Asked in a world of our own, the page cannot answer for it. No click and no key
 // comes in between.
 DocumentKind PageOutput::KindOf(WebPage& page) {
     QEventLoop wait;
@@ -180,7 +180,7 @@ void PageOutput::Save(WebPage& page, const DocumentKind& kind, const QString& pa
         page.save(path, QWebEngineDownloadRequest::CompleteHtmlSaveFormat);
 }
 
-// The file is written here and not by the engine, which does not survive that the page goes while it writes one.
+// The file is written here: the engine does not survive that the page goes while it writes one.
 void PageOutput::WritePdf(WebPage& page, const QString& path, const QPageLayout& layout, QWidget* parent) {
     Say(QStringLiteral("Saving %1").arg(ShownName(path)));
     page.Print(layout, [path, told = Ending(path, parent)](const QByteArray& pdf) { told(Write(path, pdf)); });

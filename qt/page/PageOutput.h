@@ -19,12 +19,12 @@ namespace tessa::qt {
 struct DocumentKind;
 class WebPage;
 
-/// Saving and printing of pages. What came as a document, and is no web page, is saved as the bytes that it is; a PDF
+/// Saving and printing of pages. What came as a document, and is no web page, is saved as the bytes that it is. A PDF
 /// is printed as it is, too. Keeps the page layout that the user has chosen.
 class PageOutput {
 public:
-    /// Asks where to and saves: as a complete page with its files, as one MHTML file, or as PDF; a document as it came.
-    /// The page must live until the user has answered, else nothing is saved.
+    /// Asks where to and saves a complete page with its files, one MHTML file, or a PDF. A document is saved as it
+    /// came. The page must live until the user has answered, else nothing is saved.
     Outcome SaveAs(WebPage& page, QWidget* parent);
     /// Asks for a printer, or a PDF file where there is none, and prints.
     Outcome Print(WebPage& page, QWidget* parent);

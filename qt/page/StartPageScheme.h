@@ -10,7 +10,7 @@
 namespace tessa::qt {
 
 /// Answers for what the program makes itself, no network needed: the pages of `OwnAddresses`. Web pages cannot reach
-/// the scheme: the engine takes it for a local one, a page's wish to go there is refused, and what is asked for on
+/// the scheme. The engine takes it for a local one, and a page's wish to go there is refused. What is asked for on
 /// behalf of another origin is denied.
 class StartPageScheme final : public QWebEngineUrlSchemeHandler {
 public:

@@ -55,8 +55,8 @@ WebPage::WebPage(QWebEngineProfile* profile, QString token) : QWebEnginePage(pro
                             [this] { settings()->resetAttribute(QWebEngineSettings::JavascriptCanAccessClipboard); });
 }
 
-// The engine does not ask about the clipboard, it goes by a switch: so a page may write to it when its user has just
-// done something in it, and never reads it.
+// The engine does not ask about the clipboard, it goes by a switch. So a page may write to it when its user has just
+// done something in it. It never reads it.
 void WebPage::NotePerson() {
     m_personWasHere = true;
     m_person.Make();
@@ -145,8 +145,8 @@ bool WebPage::javaScriptPrompt(const QUrl& origin, const QString& message, const
     return answer.accepted;
 }
 
-// The engine wants the answer before this returns. The rest of the program goes on meanwhile, so the tab may be closed;
-// then the page ends, but not before the engine, which called, has it back.
+// The engine wants the answer before this returns. The rest of the program goes on meanwhile, so the tab may be closed.
+// Then the page ends, but not before the engine, which called, has it back.
 PageDialogAnswer WebPage::Ask(const PageDialogRequest& request) {
     if (!DialogWanted.HasListeners() || m_waiting || m_ending) return {};
     QEventLoop waiting;
@@ -184,7 +184,7 @@ void WebPage::End() {
         deleteLater();
 }
 
-// Newer engines, 6.11 among them, tell of a download by a call that waits, with a bare pointer to its page.
+// Newer engines, as 6.11, tell of a download by a call that waits, with a bare pointer to its page.
 bool WebPage::event(QEvent* event) {
     if (event->type() == QEvent::DeferredDelete) QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     return QWebEnginePage::event(event);
@@ -218,7 +218,7 @@ void WebPage::LookAtInput() {
 }
 
 // A page that another one opens has its address before it begins to load, and before it has its document. Newer engines
-// tell of the first address while it is loaded, too; what is shown has a place in the history.
+// tell of the first address while it is loaded, too. What is shown has a place in the history.
 void WebPage::OnAddress(const QUrl& address) {
     if (history()->count() == 0 && Awaits(address)) return;
     if (m_loading || !Awaits(address)) m_awaited.clear();

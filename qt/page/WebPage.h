@@ -54,16 +54,16 @@ public:
     /// only where a person has clicked.
     bool HandOver(const QUrl& url, bool clicked, bool isMainFrame);
 
-    /// Whether the user has typed or chosen something in the page, or in a frame of it, that was not sent.
+    /// Whether the user has typed or chosen something in the page, or in its frames, that was not sent.
     [[nodiscard]] bool HoldsInput() const { return !m_input.isEmpty(); }
     /// Whether that is a text, of which more is lost than of a search.
     [[nodiscard]] bool HoldsText() const { return !m_texts.isEmpty(); }
-    /// Has the page look whether it still holds that: one that sends by a script empties its fields later, and tells
+    /// Has the page look whether it still holds that. One that sends by a script empties its fields later, and tells
     /// nobody. Both are right by the time that a script has answered which is run after this.
     void LookAtInput();
 
     using DialogAnswer = std::function<void(const PageDialogAnswer&)>;
-    /// The page wants a dialog for which the whole engine waits: one that our script could not stand in for, or the
+    /// The page wants a dialog for which the whole engine waits. Our script could not stand in for it, or it is the
     /// question before a page is left. The listener answers later, or never. Without one the answer is no.
     Signal<void(const PageDialogRequest&, const DialogAnswer& answer)> DialogWanted;
     /// A person has clicked or typed into the page.
@@ -96,10 +96,10 @@ Q_SIGNALS:
     void ExternalRefused(const QUrl& url, const QUrl& page);
     /// The page, or a frame in it, wants another program of the desktop to open an address.
     void ExternalRequested(const QUrl& url, const Asker& asker);
-    /// The page shows the document that it was to load, and had its address already: after a refresh, or because
-    /// another page has opened it. Else `urlChanged` tells.
+    /// The page shows the document that it was to load, and had its address already. It was refreshed, or another page
+    /// has opened it. Else `urlChanged` tells.
     void DocumentShown();
-    /// There is a document in the page, which has its address by then: one that was asked for, or an error's.
+    /// There is a document in the page, one that was asked for or an error's. The page has its address by then.
     void DocumentBegan(bool isError);
     /// A frame has its document ready, or is loaded.
     void FrameReady(const QUrl& url);

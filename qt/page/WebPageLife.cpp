@@ -64,7 +64,7 @@ void WebPageLife::OnIcon() {
     IconChanged();
 }
 
-// The engine tells no more of the icons of a page that has slept; those of pages shown before are in its store.
+// The engine tells no more of the icons of a page that has slept. Those of pages shown before are in its store.
 void WebPageLife::OnAddress(const QUrl& address) {
     m_ended = false;
     if (!m_slept || address.host() == m_iconHost) return;

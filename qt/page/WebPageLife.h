@@ -13,9 +13,9 @@ namespace tessa::qt {
 
 class WebPage;
 
-/// How one page of the engine lives. A page that sleeps is discarded by the engine: its process ends, address, title
-/// and history stay, and it loads again when it is shown. One on which the engine has no hold but that others refer to
-/// stays awake.
+/// How one page of the engine lives. A page that sleeps is discarded by the engine, and its process ends. Address,
+/// title and history stay, and it loads again when it is shown. One on which the engine has no hold but that others
+/// refer to stays awake.
 class WebPageLife final : public QObject, public PageLife {
     Q_OBJECT
 

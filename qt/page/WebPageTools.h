@@ -21,7 +21,7 @@ public:
     /// What lies where the menu was asked for last.
     [[nodiscard]] static PageContext ContextOf(const QWebEngineView& view);
 
-    /// Tells what lies where the menu was asked for last, once it is known whether links are selected there; a page
+    /// Tells what lies where the menu was asked for last, once it is known whether links are selected there. A page
     /// that does not say is not waited for long.
     void AskForMenu(const QWebEngineView& view, const std::function<void(const PageContext&)>& show);
 

@@ -65,7 +65,7 @@ void Clocks::FollowSleep() {
     m_sleep.setTimerType(Qt::VeryCoarseTimer);
     m_sleep.callOnTimeout([&sleep] { sleep.Look(); });
     sleep.Schedule.ConnectForLife([this](TabSleep::Time time) { m_sleep.start(time); });
-    // Once what the engine still does about them is done: it keeps what a hundred pages had in our own process.
+    // Once the engine has done what it still does about them. It keeps what a hundred pages had in our process.
     m_giveBack.setSingleShot(true);
     m_giveBack.setInterval(kGiveBackDelay);
     m_giveBack.callOnTimeout(GiveMemoryBack);

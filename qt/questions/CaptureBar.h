@@ -7,7 +7,7 @@ class QLabel;
 
 namespace tessa::qt {
 
-/// The bar above the page that is there for as long as any page, also one behind, may see or hear its user.
+/// The bar above the page. It is there while any page, also one behind, may see or hear its user.
 class CaptureBar final : public PageBar {
     Q_OBJECT
 

@@ -12,8 +12,8 @@ struct RefusedCertificate;
 
 namespace tessa::qt {
 
-/// The page of our own that stands in for one whose certificate was refused: who, what and why, with details, and
-/// the ways back and on.
+/// The page of our own that stands in for one whose certificate was refused. It says who, what and why, with details,
+/// and has the ways back and on.
 class CertificatePage final : public QScrollArea {
     Q_OBJECT
 

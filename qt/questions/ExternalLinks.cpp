@@ -142,7 +142,7 @@ void ExternalLinks::Open(const QUrl& url, const Asker& asker) {
     ExternalRule rule = known ? m_answers.RuleFor(FromQt(url.scheme()), FromQt(asker.site)) : ExternalRule::Ask;
     // What a page may do its frames may not; what it may not, they may not either.
     if (rule == ExternalRule::Open && !asker.remembers) rule = ExternalRule::Ask;
-    // A page cannot insist; a person who types it again, or clicks a link that leads nowhere, is to know why.
+    // A page cannot insist. A person who types it again, or clicks a link that leads nowhere, is to know why.
     const bool refused = !asker.user && m_refused.contains({url.scheme(), asker.who});
     // Without another program the desktop would give the address back to a browser.
     if (rule != ExternalRule::Refuse && !DesktopPrograms::OpensElsewhere(url.scheme()))
@@ -181,7 +181,7 @@ void ExternalLinks::Tell(const QUrl& url, DialogCover* told, const Asker& asker)
         if (!asker.user) m_refused.insert({url.scheme(), asker.who});
         TakeOff();
     });
-    // A page may try as often as it likes; its user is told what came of the address that was typed last.
+    // A page may try as often as it likes. Its user is told what came of the address that was typed last.
     if (m_shown && !asker.user) return delete told;
     TakeOff();
     Show(told);

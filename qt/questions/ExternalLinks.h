@@ -15,10 +15,10 @@ class Covers;
 struct Asker;
 class WebPage;
 
-/// Hands addresses that no page can show to the desktop's program for them, after the user was asked in a dialog of
-/// the tab. One question at a time: a page that wants many opened gets one answer. An answer is for once, unless the
-/// user wants it remembered; a page that was refused is not asked about again. Nothing is remembered for frames, nor
-/// for pages without a host: nobody could tell whose answer it is.
+/// Hands addresses that no page can show to the desktop's program for them. First the user is asked, in a dialog of the
+/// tab. One question at a time: a page that wants many opened gets one answer. An answer is for once, unless the user
+/// wants it remembered. A page that was refused is not asked about again. Nothing is remembered for frames, nor for
+/// pages without a host: nobody could tell whose answer it is.
 class ExternalLinks final : public QObject {
     Q_OBJECT
 
@@ -26,11 +26,11 @@ public:
     /// All outlive this object.
     ExternalLinks(WebPage& page, Covers& covers, ExternalSchemes& answers);
 
-    /// The user has typed the address. Asks about it when it is for another program, and says why when nothing can
-    /// show it; false for what the page may load.
+    /// The user has typed the address. Asks about it when it is for another program, and says why when nothing can show
+    /// it. False for what the page may load.
     bool Take(const QUrl& url);
 
-    /// What the page wanted was refused without asking anybody; said once for each scheme until a person goes to
+    /// What the page wanted was refused without asking anybody. Said once for each scheme until a person goes to
     /// another page.
     Signal<void(const QString& words)> Refused;
 

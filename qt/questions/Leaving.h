@@ -14,7 +14,7 @@ namespace tessa::qt {
 class WebPage;
 
 /// Asks a page whether it holds its user back from leaving it. One that holds a text does so only when the program
-/// ends: what was typed in a tab comes back when it is opened again. Belongs to the page.
+/// ends. What was typed in a tab comes back when it is opened again. Belongs to the page.
 class Leaving final : public QObject {
     Q_OBJECT
 

@@ -51,7 +51,7 @@ void Logins::OnNavigation(const QUrl& url, bool topLevel) {
 void Logins::OnLoadFinished() {
     // A page that no longer asks needs no answer.
     if (!m_askedAgain) TakeOff();
-    // What was not asked for by now was cut off on the way, and is not to be given to the next who asks.
+    // What was not asked for by now was cut off on the way. The next who asks is not to get it.
     if (m_loadsAgain) m_answers.clear();
 }
 

@@ -17,9 +17,9 @@ class LoginDialog;
 class WebPage;
 
 /// Answers the hosts and proxies that ask one page for name and password. A question is refused at once, so that the
-/// server's own page is there, and put to the user in a dialog of the tab; with the answer the page loads again. So
-/// nothing waits for the user, and a tab whose dialog is open can be closed like any other. An answer is for who asked
-/// and for that one load: what is not used is forgotten.
+/// server's own page is there. Then a dialog of the tab asks the user; with the answer the page loads again. So nothing
+/// waits for the user, and a tab whose dialog is open can be closed like any other. An answer is for who asked and for
+/// that one load: what is not used is forgotten.
 class Logins final : public QObject {
     Q_OBJECT
 

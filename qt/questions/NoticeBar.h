@@ -11,7 +11,7 @@ class QPushButton;
 
 namespace tessa::qt {
 
-/// The bar below the page that shows what pages have to tell when the desktop shows no notifications, one at a time.
+/// The bar below the page. It shows what pages have to tell, one at a time, when the desktop shows no notifications.
 class NoticeBar final : public PageBar {
     Q_OBJECT
 

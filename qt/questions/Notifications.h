@@ -11,8 +11,8 @@ class QWebEngineProfile;
 
 namespace tessa::qt {
 
-/// Hands the notifications of pages to the desktop, or to the window where the desktop shows none, and what the user
-/// does with them back to the pages.
+/// Hands the notifications of pages to the desktop, or to the window where the desktop shows none. What the user does
+/// with them goes back to the pages.
 class Notifications final : public QObject {
     Q_OBJECT
 

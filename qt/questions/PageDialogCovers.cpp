@@ -59,7 +59,7 @@ void PageDialogCovers::AskToLeave(std::function<void(bool leaves)> answered) {
 }
 
 void PageDialogCovers::OnJob(QWebEngineUrlRequestJob& job) {
-    // A frame from elsewhere would speak over the page and in its name; what is in a sandbox may not speak at all.
+    // A frame from elsewhere would speak over the page and in its name. What is in a sandbox may not speak at all.
     if (!m_page.IsOwnOrigin(job.initiator())) return DialogScheme::Reply(job, {});
     const QUrlQuery query(job.requestUrl());
     const auto item = [&query](const char* name) {

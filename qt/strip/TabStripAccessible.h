@@ -10,8 +10,8 @@ namespace tessa::qt {
 
 class TabStripView;
 
-/// The tab strip as screen readers and other assistive tools see it: a list of page tabs, then the button for a new
-/// tab. Each tab has its caption as name, its state, and the action that selects it. Owned by Qt's accessibility.
+/// The tab strip as screen readers and other assistive tools see it. It is a list of page tabs, then the button for a
+/// new tab. Each tab has its caption as name, its state, and the action that selects it. Owned by Qt's accessibility.
 class TabStripAccessible final : public QAccessibleWidget {
 public:
     explicit TabStripAccessible(TabStripView& strip);

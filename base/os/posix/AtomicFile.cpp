@@ -55,7 +55,7 @@ std::string RandomBytes(int attempt) {
 }
 
 /// A new file beside another, with its descriptor; `path` is its path. Not open when it cannot be made, `errno` says
-/// why. The system takes the user's mask off the mode: asking for the mask would mean to change it for all threads.
+/// why. The system takes the user's mask off the mode. Asking for the mask would mean to change it for all threads.
 Descriptor NewFileBeside(const std::string& target, mode_t mode, std::string& path) {
     for (int attempt = 1;; ++attempt) {
         path = TemporaryNames::Start(target) + TemporaryNames::Letters(RandomBytes(attempt));
@@ -75,7 +75,7 @@ void FlushFolder(const std::string& folder) {
     if (open.Open()) ::fsync(open.Number());
 }
 
-// Whether it is the folder's rights, not the room on the disk or in our tables, that keep a new file out.
+// Whether the folder's rights keep a new file out, not want of room on the disk or in our tables.
 bool FolderRefuses(int error) { return error == EACCES || error == EPERM || error == EROFS; }
 
 Outcome WriteInPlace(const std::string& path, std::string_view bytes, off_t oldSize) {

@@ -35,7 +35,7 @@ std::vector<FolderEntry> ListFolder(const std::string& path) {
     EachIn(path, [&](const std::string& name, DWORD attributes) {
         // What the desktop hides is hidden here as well.
         if (name.starts_with('.') || (attributes & FILE_ATTRIBUTE_HIDDEN) != 0) return;
-        // To ask again of each takes minutes where there are thousands; only of a link the folder does not tell all.
+        // To ask again of each takes minutes where there are thousands. Only of a link the folder does not tell all.
         const bool mayLink = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
         const std::string whole = path + "/" + name;
         const bool isFolder = mayLink ? IsFolder(whole) : (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;

@@ -12,7 +12,7 @@ public:
     UserAlone(const UserAlone&) = delete;
     UserAlone& operator=(const UserAlone&) = delete;
 
-    /// For what is made; null when it cannot be told who the user is, so that it is made as usual.
+    /// For what is made. Null when it cannot be told who the user is, so that it is made as usual.
     [[nodiscard]] SECURITY_ATTRIBUTES* ForNew() { return m_descriptor ? &m_attributes : nullptr; }
     /// Takes everybody else's rights on an open file away.
     void Close(HANDLE file) const;

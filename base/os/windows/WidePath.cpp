@@ -9,7 +9,7 @@ namespace tessa {
 
 namespace {
 
-/// The system cuts longer ones, or refuses them, unless they are marked; a folder has room for a short name more.
+/// The system cuts longer ones, or refuses them, unless they are marked. A folder has room for a short name more.
 constexpr std::size_t kLongestUnmarked = 240;
 constexpr std::wstring_view kMark = L"\\\\?\\";
 

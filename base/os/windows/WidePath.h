@@ -11,8 +11,8 @@ namespace tessa {
 [[nodiscard]] std::wstring WidePath(const std::string& path);
 /// The same without what makes a long path possible; for names and addresses of pipes.
 [[nodiscard]] std::wstring Wide(const std::string& bytes);
-/// A name or path as UTF-8, with '/' between names. A half of a character, which a name may hold, is written as
-/// three bytes that are no UTF-8, so that `WidePath` brings the same name back.
+/// A name or path as UTF-8, with '/' between names. A name may hold half a character. It is written as three bytes that
+/// are no UTF-8, so `WidePath` brings the same name back.
 [[nodiscard]] std::string BytesOfWide(std::wstring_view wide);
 
 } // namespace tessa
