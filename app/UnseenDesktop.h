@@ -37,6 +37,7 @@ public:
     Outcome GoHome() override { return Outcome::Done; }
     Outcome ExecWB(BrowserCommand) override { return Outcome::Failed; }
     [[nodiscard]] bool Busy() const override { return false; }
+    [[nodiscard]] PageProgress Progress() const override { return PageProgress::Loading; }
     [[nodiscard]] Text LocationURL() const override { return m_address; }
     [[nodiscard]] bool Blank() const override { return m_address == Address::kBlank; }
     [[nodiscard]] Text LocationName() const override { return {}; }

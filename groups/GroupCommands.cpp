@@ -31,22 +31,24 @@ GroupCommands::GroupCommands(Parts parts) : m_parts(parts), m_progress(parts.sbS
     m_parts.sbStatus.StopAll.Click.ConnectForLife([this] { StopAll(); });
 }
 
-void GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
-    std::vector<Text> addresses;
+std::vector<std::int32_t> GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
+    m_opened.clear();
+    std::vector<Page> pages;
     std::size_t foreign = 0;
     Text unread;
     for (const Text& group : groups) {
         if (!TessaGroups::IsReadable(group)) unread = group;
-        const std::size_t before = addresses.size();
-        for (const auto& address : TessaGroups::Load(group)) addresses.push_back(address.Key);
-        if (!IsOwnGroup(group)) foreign += addresses.size() - before;
+        const std::size_t before = pages.size();
+        for (const auto& address : TessaGroups::Load(group)) pages.push_back({address.Key, group});
+        if (!IsOwnGroup(group)) foreign += pages.size() - before;
     }
-    if (foreign > kManyPages && !MayOpenMany(addresses.size())) return;
-    const auto left = LeaveUntrusted(addresses);
-    if (!left) return;
-    Open(addresses);
+    if (foreign > kManyPages && !MayOpenMany(pages.size())) return {};
+    const auto left = LeaveUntrusted(pages);
+    if (!left) return {};
+    Open(pages);
     if (*left > 0) m_parts.tabs.Say(u"What is no page of the web was not opened.");
     if (!unread.empty()) m_parts.tabs.Say(u"The TessaGroup " + NameOf(unread) + u" could not be read.");
+    return m_opened;
 }
 
 bool GroupCommands::IsOwnGroup(TextView group) const {
@@ -61,50 +63,57 @@ bool GroupCommands::MayOpenMany(std::size_t count) const {
 
 // Anybody may have written a group and sent it. So what is no page of the web opens when its user says so, or not at
 // all.
-std::optional<std::size_t> GroupCommands::LeaveUntrusted(std::vector<Text>& addresses) const {
-    const std::size_t all = addresses.size();
-    std::erase_if(addresses, [](const Text& each) { return TrustOf(each, LinkSource::Group) == LinkTrust::Never; });
-    const auto isAsked = [](const Text& each) { return TrustOf(each, LinkSource::Group) == LinkTrust::Ask; };
-    const auto first = std::ranges::find_if(addresses, isAsked);
-    if (first == addresses.end()) return all - addresses.size();
-    const auto others = static_cast<std::int64_t>(std::ranges::count_if(addresses, isAsked)) - 1;
-    const Text shown = OneLine(FirstUnits(*first, kAskedAddress));
+std::optional<std::size_t> GroupCommands::LeaveUntrusted(std::vector<Page>& pages) const {
+    const std::size_t all = pages.size();
+    std::erase_if(pages, [](const Page& each) { return TrustOf(each.address, LinkSource::Group) == LinkTrust::Never; });
+    const auto isAsked = [](const Page& each) { return TrustOf(each.address, LinkSource::Group) == LinkTrust::Ask; };
+    const auto first = std::ranges::find_if(pages, isAsked);
+    if (first == pages.end()) return all - pages.size();
+    const auto others = static_cast<std::int64_t>(std::ranges::count_if(pages, isAsked)) - 1;
+    const Text shown = OneLine(FirstUnits(first->address, kAskedAddress));
     const bool one = others == 0;
     const OwnQuestion question{u"This TessaGroup does not lead to the web alone, but also to",
                                one ? shown : shown + u"\nand " + Decimal(others) + u" more",
                                one ? u"&Leave It Out" : u"&Leave Them Out", one ? u"&Open It Too" : u"&Open Them Too"};
     const Answer answer = MayAsk ? m_parts.messages.AskOwnOrCancel(question) : Answer::No;
     if (answer == Answer::Cancel) return std::nullopt;
-    if (answer == Answer::No) std::erase_if(addresses, isAsked);
-    return all - addresses.size();
+    if (answer == Answer::No) std::erase_if(pages, isAsked);
+    return all - pages.size();
 }
 
-void GroupCommands::Open(const std::vector<Text>& addresses) {
+void GroupCommands::Open(const std::vector<Page>& pages) {
     auto& tabs = m_parts.tabs;
-    if (!TGCloseOthersFirst) return OpenInTabs(addresses);
-    tabs.CloseOtherTabs();
-    if (addresses.empty()) return;
+    if (TGCloseOthersFirst) tabs.CloseOtherTabs();
+    if (TGCloseOthersFirst && pages.empty()) return;
     m_progress.Begin();
     // A page that holds its user keeps its tab.
-    auto* current = tabs.Leaving.Asks(tabs.CurrentIndex()) ? nullptr : tabs.CurrentView();
-    if (!current) return OpenEach(addresses);
-    Show(current->Control.get(), addresses.front());
-    OpenEach(std::span(addresses).subspan(1));
+    const bool taken = TGCloseOthersFirst && !tabs.Leaving.Asks(tabs.CurrentIndex());
+    auto* current = taken ? tabs.CurrentView() : nullptr;
+    if (!current) return OpenEach(pages);
+    Show(current->Control.get(), pages.front());
+    OpenEach(std::span(pages).subspan(1));
 }
 
 void GroupCommands::OpenInTabs(const std::vector<Text>& addresses) {
+    m_opened.clear();
+    std::vector<Page> pages;
+    for (const Text& address : addresses) pages.push_back({address, {}});
     m_progress.Begin();
-    OpenEach(addresses);
+    OpenEach(pages);
 }
 
-void GroupCommands::OpenEach(std::span<const Text> addresses) {
-    for (const Text& address : addresses) Show(m_parts.tabs.GetNewBrowser(InFront::Yes), address);
+void GroupCommands::OpenEach(std::span<const Page> pages) {
+    for (const Page& page : pages) Show(m_parts.tabs.GetNewBrowser(InFront::Yes), page);
 }
 
-void GroupCommands::Show(BrowserView* view, TextView address) {
+void GroupCommands::Show(BrowserView* view, const Page& page) {
     if (!view) return;
-    ResumeNext(view->Navigate(address));
-    if (const auto* tab = m_parts.pcPage.SelectedItem()) m_progress.Add(tab->Tag);
+    ResumeNext(view->Navigate(page.address));
+    const auto* tab = m_parts.pcPage.SelectedItem();
+    if (!tab) return;
+    m_progress.Add(tab->Tag);
+    m_opened.push_back(tab->Tag);
+    m_groups[tab->Tag] = page.group;
 }
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
@@ -120,6 +129,35 @@ void GroupCommands::SaveAsTessaGroup(TextView path) {
     if (saved == Saved::Failed) m_parts.tabs.Say(u"The TessaGroup " + NameOf(path) + u" could not be written.");
     if (saved == Saved::Nothing)
         m_parts.tabs.Say(u"There was nothing to save as the TessaGroup " + NameOf(path) + u".");
+}
+
+namespace {
+
+/// Answers for a user who is not there.
+class Unasked final : public MessageBoxes {
+public:
+    Answer AskYesNoCancel(TextView) override { return Answer::Yes; }
+    bool AskOwn(const OwnQuestion&) override { return false; }
+    Answer AskOwnOrCancel(const OwnQuestion&) override { return Answer::No; }
+    void Inform(TextView) override {}
+};
+
+} // namespace
+
+TessaGroups::Saved GroupCommands::SaveUnasked(TextView path) {
+    Unasked nobody;
+    return TessaGroups::SaveOpenTabs(path, m_parts.pcPage, m_parts.Browser, nobody);
+}
+
+Text GroupCommands::GroupOf(std::int32_t index) const {
+    const auto found = m_groups.find(index);
+    return found == m_groups.end() ? Text() : found->second;
+}
+
+Text GroupCommands::FileOf(TextView name) const {
+    CKeyValues groups = TessaGroups::List(m_parts.groupFolder);
+    const auto* group = groups.FindItem(Text(name));
+    return group ? Text(group->Value) : Text();
 }
 
 void GroupCommands::OrganizeTessaGroup(TextView sFileName) {

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <span>
+#include <unordered_map>
 #include <vector>
 
 namespace tessa {
@@ -33,14 +34,16 @@ public:
     /// leftmost tab stays, and shows the first address. A file that cannot be read is a group without addresses. Asks
     /// before it opens many that are not the user's own, or what is no page of the web. Some of that it never opens.
     void OpenTessaGroup(TextView TessaGroup) { OpenTessaGroups({Text(TessaGroup)}); }
-    /// Opens several groups as if they were one.
-    void OpenTessaGroups(const std::vector<Text>& groups);
+    /// Opens several groups as if they were one. Answers with the indexes of the views that show their pages.
+    std::vector<std::int32_t> OpenTessaGroups(const std::vector<Text>& groups);
     /// Opens addresses that belong together, one tab an address, beside the tabs that are open.
     void OpenInTabs(const std::vector<Text>& addresses);
     /// Writes an address into a group, which is made when missing.
     void AddToTessaGroup(TextView URL, TextView SGFile);
     /// Saves all open tabs as that group; asks before it replaces one.
     void SaveAsTessaGroup(TextView path);
+    /// The same for whoever is not there to be asked: replaces, and leaves private tabs out.
+    [[nodiscard]] TessaGroups::Saved SaveUnasked(TextView path);
     /// Edits that group.
     void OrganizeTessaGroup(TextView sFileName);
     /// Asks which group to edit, and edits it. A file whose name does not end in ".tvg" is not edited.
@@ -54,24 +57,37 @@ public:
     /// Stops every page that loads or waits to load. The tabs stay, and a refresh shows what they were to load.
     void StopAll();
 
+    /// The group that the view was opened from, by the path of its file; empty for none.
+    [[nodiscard]] Text GroupOf(std::int32_t index) const;
+    /// The file of the group that the user knows by that name; empty when there is none.
+    [[nodiscard]] Text FileOf(TextView name) const;
+
     /// Whether the other tabs are closed when a group is opened.
     bool TGCloseOthersFirst = false;
     /// Whether there is somebody to ask. Without anybody, what needs an answer is not opened.
     bool MayAsk = true;
 
 private:
+    /// An address to open, and the group that it stands in.
+    struct Page {
+        Text address;
+        Text group; ///< empty for none
+    };
+
     /// Whether the group lies in the user's own folder of groups.
     [[nodiscard]] bool IsOwnGroup(TextView group) const;
     [[nodiscard]] bool MayOpenMany(std::size_t count) const;
     /// Takes out what is not to be opened, and tells how much that was. Nothing when nothing is left.
-    [[nodiscard]] std::optional<std::size_t> LeaveUntrusted(std::vector<Text>& addresses) const;
-    void Open(const std::vector<Text>& addresses);
-    void OpenEach(std::span<const Text> addresses);
-    void Show(BrowserView* view, TextView address);
+    [[nodiscard]] std::optional<std::size_t> LeaveUntrusted(std::vector<Page>& pages) const;
+    void Open(const std::vector<Page>& pages);
+    void OpenEach(std::span<const Page> pages);
+    void Show(BrowserView* view, const Page& page);
     [[nodiscard]] Text TitleOf(TextView address) const;
 
     Parts m_parts;
     LoadProgress m_progress;
+    std::vector<std::int32_t> m_opened;              ///< by the last command
+    std::unordered_map<std::int32_t, Text> m_groups; ///< by the views opened from them
 };
 
 } // namespace tessa

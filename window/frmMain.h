@@ -82,6 +82,8 @@ public:
     void OpenTessaGroups(const std::vector<Text>& groups) { m_groups.OpenTessaGroups(groups); }
     void AddToTessaGroup(TextView URL, TextView SGFile) { m_groups.AddToTessaGroup(URL, SGFile); }
     void OrganizeTessaGroup(TextView sFileName) { m_groups.OrganizeTessaGroup(sFileName); }
+    /// For whoever drives the window by a script.
+    [[nodiscard]] GroupCommands& Groups() { return m_groups; }
     /// There is nobody to ask: what needs an answer is not opened.
     void AskNobody() { m_groups.MayAsk = false; }
 

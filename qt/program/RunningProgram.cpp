@@ -19,6 +19,7 @@
 #include "qt/program/ReportSource.h"
 #include "qt/program/StripAssembly.h"
 #include "qt/program/WindowAssembly.h"
+#include "qt/script/ScriptBus.h"
 #include "qt/window/MainWindowFrame.h"
 #include "window/frmMain.h"
 
@@ -53,6 +54,8 @@ struct RunningProgram::Parts {
     BarAssembly bar{main, window, engine.engine};
     KeyboardAssembly keyboard{main, window, bar};
     TaskViewPresenter taskView{main.TaskView(), window};
+    ScriptedWindow scripted{main, window};
+    ScriptBus scripts{scripted, engine.engine};
     Clocks clocks{main, engine.engine.Schedule(), *memory};
 };
 
@@ -66,6 +69,7 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     tools.ListsTabs.ConnectForLife([this] { strip.List(); });
     tools.Customizes.ConnectForLife([this] { bar.Customize(); });
     desktop.settings.SetReport([this](const Text& message) { main.sbStatus.Complaint(message); });
+    scripts.Foreground.ConnectForLife([this](const QByteArray& token) { window.BringToForeground(token); });
     desktop.channel.Foreground.ConnectForLife([this](const QByteArray& token) { window.BringToForeground(token); });
 }
 
@@ -130,6 +134,7 @@ int RunningProgram::Run() {
     // The window is on the screen before the engine, which takes long to load, is.
     QTimer::singleShot(0, &m->engine.engine, [this] {
         m->engine.Start();
+        m->scripts.Start(m->desktop.folders.state);
         // Known now, it can still be mended; at the end it would be too late.
         m->desktop.settings.TrySaving();
     });
