@@ -105,6 +105,11 @@ ScriptedWindow::Opened ScriptedWindow::Open(const std::vector<Text>& addresses, 
     return opened;
 }
 
+Text ScriptedWindow::FileOf(TextView group) const {
+    const Text file = IsAbsolute(PathToBytes(group)) ? Text(group) : m_main.Groups().FileOf(group);
+    return TessaGroups::IsReadable(file) ? file : Text();
+}
+
 ScriptedWindow::Opened ScriptedWindow::OpenGroup(TextView group, bool closeOthers) {
     const bool isPath = IsAbsolute(PathToBytes(group));
     const Text file = isPath ? Text(group) : m_main.Groups().FileOf(group);

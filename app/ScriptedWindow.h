@@ -31,6 +31,8 @@ public:
     [[nodiscard]] Opened Open(const std::vector<Text>& addresses, bool behind);
     /// A group by the full path of its file, or by its name in the user's folder.
     [[nodiscard]] Opened OpenGroup(TextView group, bool closeOthers);
+    /// The file of a group that is named so; empty when there is none that can be read.
+    [[nodiscard]] Text FileOf(TextView group) const;
     [[nodiscard]] Refusal SaveGroup(TextView path, bool replace);
     [[nodiscard]] Refusal Activate(std::uint32_t number);
     /// Closes as a user does: a page may hold its user, and is asked.

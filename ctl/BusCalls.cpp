@@ -74,17 +74,21 @@ BusCalls::Answer Read(sd_bus_message& reply) {
         for (std::uint32_t number = 0; sd_bus_message_read_basic(&reply, 'u', &number) > 0;)
             answer.numbers.push_back(number);
     }
+    if (sd_bus_message_has_signature(&reply, "as") > 0 && sd_bus_message_enter_container(&reply, 'a', "s") >= 0) {
+        for (const char* text = nullptr; sd_bus_message_read_basic(&reply, 's', &text) > 0;)
+            answer.texts.emplace_back(text);
+    }
     return answer;
 }
 
 BusCalls::Answer Failure(const Error& error, int result) {
     using Result = BusCalls::Result;
     const bool nobody = error.Is(SD_BUS_ERROR_SERVICE_UNKNOWN) || error.Is(SD_BUS_ERROR_NAME_HAS_NO_OWNER);
-    if (nobody) return {Result::NothingRuns, "TessaView does not run.", {}, {}};
+    if (nobody) return {Result::NothingRuns, "TessaView does not run.", {}, {}, {}};
     if (result == -ETIMEDOUT || error.Is(SD_BUS_ERROR_TIMEOUT))
-        return {Result::TimeOut, "TessaView has not answered in time.", {}, {}};
-    if (error.Is(SD_BUS_ERROR_NO_REPLY)) return {Result::Refused, "TessaView has ended without an answer.", {}, {}};
-    return {Result::Refused, error.error.message ? error.error.message : "The bus refused the call.", {}, {}};
+        return {Result::TimeOut, "TessaView has not answered in time.", {}, {}, {}};
+    if (error.Is(SD_BUS_ERROR_NO_REPLY)) return {Result::Refused, "TessaView has ended without an answer.", {}, {}, {}};
+    return {Result::Refused, error.error.message ? error.error.message : "The bus refused the call.", {}, {}, {}};
 }
 
 } // namespace
@@ -107,17 +111,17 @@ std::string BusCalls::Owner() const {
 }
 
 BusCalls::Answer BusCalls::Call(const char* method, std::initializer_list<Argument> arguments, Deadline until) const {
-    if (!m_bus) return {Result::NothingRuns, "There is no session bus.", {}, {}};
+    if (!m_bus) return {Result::NothingRuns, "There is no session bus.", {}, {}, {}};
     sd_bus_message *made = nullptr, *answered = nullptr;
     if (sd_bus_message_new_method_call(m_bus, &made, m_name.c_str(), BusNames::kObject, BusNames::kInterface, method) <
         0)
-        return {Result::Refused, "The call could not be made.", {}, {}};
+        return {Result::Refused, "The call could not be made.", {}, {}, {}};
     const Message call(made);
     (void)sd_bus_message_set_auto_start(made, 0);
     bool appended = true;
     for (const Argument& each : arguments)
         appended = appended && std::visit([made](const auto& value) { return Append(*made, value); }, each);
-    if (!appended) return {Result::Refused, "An argument is no valid UTF-8, or too long.", {}, {}};
+    if (!appended) return {Result::Refused, "An argument is no valid UTF-8, or too long.", {}, {}, {}};
     Error error;
     const auto left = std::chrono::duration_cast<std::chrono::microseconds>(until - std::chrono::steady_clock::now());
     const auto patience = static_cast<std::uint64_t>(std::max<std::int64_t>(left.count(), 1));

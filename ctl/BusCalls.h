@@ -22,6 +22,7 @@ public:
         std::string words; ///< why it was not done; else the text that was answered
         std::vector<ScriptTab> tabs;
         std::vector<std::uint32_t> numbers;
+        std::vector<std::string> texts;
     };
     using Argument =
         std::variant<std::string, bool, std::uint32_t, std::vector<std::string>, std::vector<std::uint32_t>>;

@@ -34,6 +34,11 @@ std::string Joined(const std::vector<std::string>& words) {
     return all;
 }
 
+bool IsGroupPath(const std::string& word) { return word.find('/') != std::string::npos || word.ends_with(".tvg"); }
+
+/// What stands for a group: the path of its file, or a name.
+std::string GroupNamed(const std::string& word) { return IsGroupPath(word) ? AbsolutePath(word) : word; }
+
 // A file here is meant from this folder; the program is in another.
 std::string AddressOf(const std::string& word) {
     const bool isHere = word.find(':') == std::string::npos && LeadsSomewhere(word);
@@ -70,7 +75,9 @@ CtlRun::Exit CtlRun::Print(const Answer& answer) const {
     }
     const std::string_view name = m_call.command->name;
     std::string text = answer.words;
-    if (name == "list" || name == "search")
+    if (name == "check-group")
+        text = m_call.json ? TabList::CheckJson(answer.tabs) : TabList::CheckLines(answer.tabs);
+    else if (name == "list" || name == "search")
         text = m_call.json ? TabList::Json(answer.tabs) : TabList::Lines(answer.tabs);
     else if (!text.empty() && !text.ends_with('\n'))
         text += '\n';
@@ -123,12 +130,25 @@ CtlRun::Exit CtlRun::OpenGroup() {
     std::string group = m_call.words.front();
     constexpr std::string_view kScheme = "file://";
     if (group.starts_with(kScheme)) return Fail(Exit::Usage, "A TessaGroup is named by its path or its name: " + group);
-    const bool isPath = group.find('/') != std::string::npos || group.ends_with(".tvg");
+    const bool isPath = IsGroupPath(group);
     if (isPath && !FileExists(group)) return Fail(Exit::Failed, "There is no such file: " + group);
-    if (isPath) group = AbsolutePath(group);
+    group = GroupNamed(group);
     if (const Exit begun = Begin(); begun != Exit::Done) return begun;
     ComeForward();
     return Opened(Ask("OpenGroup", {group, m_call.closeOthers || m_started}));
+}
+
+CtlRun::Exit CtlRun::Pdf() {
+    const std::string file = AbsolutePath(m_call.words.back());
+    if (!m_call.numbers.empty()) return Print(Ask("Pdf", {m_call.numbers.front(), file}));
+    return Kept(Ask("PdfOfAll", {m_call.numbers, file}));
+}
+
+// What is missing in the file is no success.
+CtlRun::Exit CtlRun::Kept(const Answer& answer) const {
+    for (const std::string& each : answer.texts) std::fprintf(stderr, "tessaviewctl: left out: %s\n", each.c_str());
+    const Exit printed = Print(answer);
+    return printed == Exit::Done && !answer.texts.empty() ? Exit::Failed : printed;
 }
 
 CtlRun::Exit CtlRun::Reload() {
@@ -152,7 +172,7 @@ CtlRun::Exit CtlRun::Quit() {
 CtlRun::Exit CtlRun::Run() {
     const std::string_view name = m_call.command->name;
     const auto number = [this] { return m_call.numbers.front(); };
-    if (name == "bus-name") return Print({BusCalls::Result::Done, BusNames::NameFor(m_folder), {}, {}});
+    if (name == "bus-name") return Print({BusCalls::Result::Done, BusNames::NameFor(m_folder), {}, {}, {}});
     if (name == "open") return Open();
     if (name == "open-group") return OpenGroup();
     if (name == "list") return Print(Ask("List", {}));
@@ -163,7 +183,9 @@ CtlRun::Exit CtlRun::Run() {
     if (name == "reload") return Reload();
     if (name == "text") return Print(Ask("Text", {number()}));
     if (name == "html") return Print(Ask("Html", {number()}));
-    if (name == "pdf") return Print(Ask("Pdf", {number(), AbsolutePath(m_call.words.back())}));
+    if (name == "pdf") return Pdf();
+    if (name == "keep-offline") return Kept(Ask("KeepOffline", {m_call.numbers, AbsolutePath(m_call.words.front())}));
+    if (name == "check-group") return Print(Ask("CheckGroup", {GroupNamed(m_call.words.front())}));
     if (name == "screenshot") return Print(Ask("Screenshot", {number(), AbsolutePath(m_call.words.back())}));
     if (name == "run-command") return Print(Ask("RunCommand", {m_call.words.front()}));
     if (name == "wait-idle") return Print(Ask("Wait", {std::vector<std::uint32_t>()}));

@@ -24,6 +24,8 @@ private:
     [[nodiscard]] Exit Open();
     [[nodiscard]] Exit OpenGroup();
     [[nodiscard]] Exit Opened(const Answer& answer);
+    [[nodiscard]] Exit Pdf();
+    [[nodiscard]] Exit Kept(const Answer& answer) const;
     [[nodiscard]] Exit Reload();
     [[nodiscard]] Exit Quit();
     void ComeForward();

@@ -25,6 +25,14 @@ Text NameOf(TextView path) {
     return OneLine(name);
 }
 
+/// The page that was kept beside a group's file, by the path from there; empty when it is none.
+Text KeptPage(TextView group, TextView address) {
+    const bool inside = address.find(u':') == TextView::npos && address.find(u"..") == TextView::npos;
+    if (!inside || !address.ends_with(u".mhtml") || address.starts_with(u'/')) return {};
+    const Text path = PathFromBytes(FolderAbove(AbsolutePath(PathToBytes(group)))) + u"/" + Text(address);
+    return WhatLiesAt(PathToBytes(path)) == Lies::Other ? path : Text();
+}
+
 } // namespace
 
 GroupCommands::GroupCommands(Parts parts) : m_parts(parts), m_progress(parts.sbStatus) {
@@ -34,18 +42,22 @@ GroupCommands::GroupCommands(Parts parts) : m_parts(parts), m_progress(parts.sbS
 std::vector<std::int32_t> GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
     m_opened.clear();
     std::vector<Page> pages;
+    Manner manner{.closeOthers = TGCloseOthersFirst, .behind = !groups.empty()};
     std::size_t foreign = 0;
     Text unread;
     for (const Text& group : groups) {
         if (!TessaGroups::IsReadable(group)) unread = group;
         const std::size_t before = pages.size();
-        for (const auto& address : TessaGroups::Load(group)) pages.push_back({address.Key, group});
+        Manner own;
+        for (Page& page : PagesOf(group, own)) pages.push_back(std::move(page));
+        manner.closeOthers |= own.closeOthers;
+        manner.behind &= own.behind;
         if (!IsOwnGroup(group)) foreign += pages.size() - before;
     }
     if (foreign > kManyPages && !MayOpenMany(pages.size())) return {};
     const auto left = LeaveUntrusted(pages);
     if (!left) return {};
-    Open(pages);
+    Open(pages, manner);
     if (*left > 0) m_parts.tabs.Say(u"What is no page of the web was not opened.");
     if (!unread.empty()) m_parts.tabs.Say(u"The TessaGroup " + NameOf(unread) + u" could not be read.");
     return m_opened;
@@ -65,8 +77,12 @@ bool GroupCommands::MayOpenMany(std::size_t count) const {
 // all.
 std::optional<std::size_t> GroupCommands::LeaveUntrusted(std::vector<Page>& pages) const {
     const std::size_t all = pages.size();
-    std::erase_if(pages, [](const Page& each) { return TrustOf(each.address, LinkSource::Group) == LinkTrust::Never; });
-    const auto isAsked = [](const Page& each) { return TrustOf(each.address, LinkSource::Group) == LinkTrust::Ask; };
+    std::erase_if(pages, [](const Page& each) {
+        return !each.kept && TrustOf(each.address, LinkSource::Group) == LinkTrust::Never;
+    });
+    const auto isAsked = [](const Page& each) {
+        return !each.kept && TrustOf(each.address, LinkSource::Group) == LinkTrust::Ask;
+    };
     const auto first = std::ranges::find_if(pages, isAsked);
     if (first == pages.end()) return all - pages.size();
     const auto others = static_cast<std::int64_t>(std::ranges::count_if(pages, isAsked)) - 1;
@@ -81,29 +97,75 @@ std::optional<std::size_t> GroupCommands::LeaveUntrusted(std::vector<Page>& page
     return all - pages.size();
 }
 
-void GroupCommands::Open(const std::vector<Page>& pages) {
+std::vector<GroupCommands::Page> GroupCommands::PagesOf(const Text& group, Manner& manner) const {
+    const GroupPlan plan = GroupPlan::Of(group);
+    manner = {.closeOthers = plan.closeOthers, .behind = plan.behind};
+    std::vector<Text> addresses;
+    for (const auto& address : TessaGroups::Load(group)) addresses.push_back(address.Key);
+    std::vector<Page> pages;
+    for (const Text& address : plan.Ordered(addresses)) {
+        const Text kept = KeptPage(group, address);
+        pages.push_back({kept.empty() ? address : kept, group, plan.For(address), !kept.empty()});
+    }
+    return pages;
+}
+
+void GroupCommands::Open(const std::vector<Page>& pages, Manner manner) {
     auto& tabs = m_parts.tabs;
-    if (TGCloseOthersFirst) tabs.CloseOtherTabs();
-    if (TGCloseOthersFirst && pages.empty()) return;
+    if (manner.closeOthers) tabs.CloseOtherTabs();
+    if (manner.closeOthers && pages.empty()) return;
     m_progress.Begin();
     // A page that holds its user keeps its tab.
-    const bool taken = TGCloseOthersFirst && !tabs.Leaving.Asks(tabs.CurrentIndex());
+    const bool taken = manner.closeOthers && !tabs.Leaving.Asks(tabs.CurrentIndex());
     auto* current = taken ? tabs.CurrentView() : nullptr;
-    if (!current) return OpenEach(pages);
+    if (!current) return OpenEach(pages, manner.behind);
     Show(current->Control.get(), pages.front());
-    OpenEach(std::span(pages).subspan(1));
+    OpenEach(std::span(pages).subspan(1), manner.behind);
 }
 
 void GroupCommands::OpenInTabs(const std::vector<Text>& addresses) {
     m_opened.clear();
     std::vector<Page> pages;
-    for (const Text& address : addresses) pages.push_back({address, {}});
+    for (const Text& address : addresses) pages.push_back({address});
     m_progress.Begin();
-    OpenEach(pages);
+    OpenEach(pages, false);
 }
 
-void GroupCommands::OpenEach(std::span<const Page> pages) {
-    for (const Page& page : pages) Show(m_parts.tabs.GetNewBrowser(InFront::Yes), page);
+// What opens behind comes right of the one before, as what opens in front does by itself.
+void GroupCommands::OpenEach(std::span<const Page> pages, bool behind) {
+    const Tab* last = m_parts.pcPage.SelectedItem();
+    for (const Page& page : pages) {
+        const bool anyBehind = m_parts.pcPage.SelectedItem() != last;
+        if (behind || page.plan.asleep) {
+            OpenBehind(page, last);
+        } else {
+            Show(m_parts.tabs.GetNewBrowser(InFront::Yes), page);
+            if (anyBehind) MoveBehind(m_parts.pcPage.SelectedItem(), last);
+        }
+        if (!m_opened.empty()) last = TabOfView(m_parts.pcPage, m_opened.back());
+    }
+}
+
+// Taken out before the other one, it leaves that a place further left.
+void GroupCommands::MoveBehind(const Tab* tab, const Tab* other) {
+    const std::size_t from = m_parts.pcPage.PositionOf(tab), place = m_parts.pcPage.PositionOf(other);
+    if (from > 0 && place > 0 && from != place) m_parts.pcPage.Move(tab, from < place ? place : place + 1);
+}
+
+void GroupCommands::OpenBehind(const Page& page, const Tab* behind) {
+    auto& tabs = m_parts.tabs;
+    const std::int32_t index = tabs.NextBrowserIndex;
+    auto* view = tabs.GetNewBrowser(InFront::No);
+    const auto* tab = view ? TabOfView(m_parts.pcPage, index) : nullptr;
+    if (!tab) return;
+    MoveBehind(tab, behind);
+    ResumeNext(page.plan.asleep ? view->RestoreLater({}, page.address) : view->Navigate(page.address));
+    // Until it is looked at it says no title.
+    if (page.plan.asleep)
+        tabs.SetTabTitle(index, page.address);
+    else
+        m_progress.Add(index);
+    Note(index, page);
 }
 
 void GroupCommands::Show(BrowserView* view, const Page& page) {
@@ -112,8 +174,31 @@ void GroupCommands::Show(BrowserView* view, const Page& page) {
     const auto* tab = m_parts.pcPage.SelectedItem();
     if (!tab) return;
     m_progress.Add(tab->Tag);
-    m_opened.push_back(tab->Tag);
-    m_groups[tab->Tag] = page.group;
+    Note(tab->Tag, page);
+}
+
+void GroupCommands::Note(std::int32_t index, const Page& page) {
+    m_opened.push_back(index);
+    m_groups[index] = page.group;
+    auto* view = m_parts.Browser.Find(index);
+    if (view && page.plan.muted) view->Control->SetMuted(true);
+    if (page.plan.textSize) m_textSizes[index] = *page.plan.textSize;
+}
+
+void GroupCommands::PageDone(std::int32_t index) {
+    m_progress.Done(index);
+    ApplyTextSize(index);
+}
+
+// Only a page that is there has a size.
+void GroupCommands::ApplyTextSize(std::int32_t index) {
+    const auto wanted = m_textSizes.find(index);
+    auto* view = wanted == m_textSizes.end() ? nullptr : m_parts.Browser.Find(index);
+    auto* document = view ? view->Control->Document() : nullptr;
+    if (!document) return;
+    ResumeNext(document->Zoom(wanted->second));
+    m_textSizes.erase(wanted);
+    if (m_parts.tabs.IsSelected(index)) m_parts.tabs.UpdateZoom();
 }
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {

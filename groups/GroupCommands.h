@@ -1,4 +1,5 @@
 #pragma once
+#include "groups/GroupPlan.h"
 #include "groups/LoadProgress.h"
 #include "groups/TessaGroups.h"
 #include "groups/frmTessaGroup.h"
@@ -53,7 +54,7 @@ public:
     [[nodiscard]] static bool IsGroupFile(TextView path) { return path.ends_with(TessaGroups::kExtension); }
 
     /// The view's page has loaded, or its tab is being closed.
-    void PageDone(std::int32_t index) { m_progress.Done(index); }
+    void PageDone(std::int32_t index);
     /// Stops every page that loads or waits to load. The tabs stay, and a refresh shows what they were to load.
     void StopAll();
 
@@ -71,7 +72,14 @@ private:
     /// An address to open, and the group that it stands in.
     struct Page {
         Text address;
-        Text group; ///< empty for none
+        Text group{};      ///< empty for none
+        PagePlan plan{};   ///< how it opens
+        bool kept = false; ///< a file that was kept beside the group, which cannot do anything
+    };
+    /// How all of them open.
+    struct Manner {
+        bool closeOthers = false;
+        bool behind = false;
     };
 
     /// Whether the group lies in the user's own folder of groups.
@@ -79,15 +87,21 @@ private:
     [[nodiscard]] bool MayOpenMany(std::size_t count) const;
     /// Takes out what is not to be opened, and tells how much that was. Nothing when nothing is left.
     [[nodiscard]] std::optional<std::size_t> LeaveUntrusted(std::vector<Page>& pages) const;
-    void Open(const std::vector<Page>& pages);
-    void OpenEach(std::span<const Page> pages);
+    [[nodiscard]] std::vector<Page> PagesOf(const Text& group, Manner& manner) const;
+    void Open(const std::vector<Page>& pages, Manner manner);
+    void OpenEach(std::span<const Page> pages, bool behind);
+    void MoveBehind(const Tab* tab, const Tab* other);
+    void OpenBehind(const Page& page, const Tab* behind);
     void Show(BrowserView* view, const Page& page);
+    void Note(std::int32_t index, const Page& page);
+    void ApplyTextSize(std::int32_t index);
     [[nodiscard]] Text TitleOf(TextView address) const;
 
     Parts m_parts;
     LoadProgress m_progress;
-    std::vector<std::int32_t> m_opened;              ///< by the last command
-    std::unordered_map<std::int32_t, Text> m_groups; ///< by the views opened from them
+    std::vector<std::int32_t> m_opened;                ///< by the last command
+    std::unordered_map<std::int32_t, Text> m_groups;   ///< by the views opened from them
+    std::unordered_map<std::int32_t, int> m_textSizes; ///< of pages that have not come yet
 };
 
 } // namespace tessa

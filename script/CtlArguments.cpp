@@ -126,6 +126,9 @@ private:
             return Check(count == 1 && !m_call.words.front().empty());
         case Words::Some:
             return Check(count >= 1);
+        case Words::TabsAndFile:
+            Check(count == 2);
+            return count == 2 && m_call.words.front() == "all" ? void() : TakeNumbers(1);
         case Words::NumberAndFile:
             Check(count == 2);
             return TakeNumbers(1);
@@ -186,8 +189,10 @@ const std::vector<Command>& Commands() {
         {"reload", Words::NumbersOrAll, "wait", "N...|all [--wait]", "load again"},
         {"text", Words::Number, "", "N", "print the text of a page"},
         {"html", Words::Number, "", "N", "print a page as HTML, as it is now"},
-        {"pdf", Words::NumberAndFile, "", "N FILE", "write a page as PDF"},
+        {"pdf", Words::TabsAndFile, "", "N|all FILE", "write a page as PDF, or all pages with an outline"},
         {"screenshot", Words::NumberAndFile, "", "N FILE", "write what is seen of a page as PNG; activates it"},
+        {"keep-offline", Words::One, "", "FILE", "keep all pages beside a new TessaGroup that opens them"},
+        {"check-group", Words::One, "json", "FILE|NAME [--json]", "ask for every address of a TessaGroup"},
         {"run-command", Words::One, "", "TOOL", "run a command of the bar by its name, as mnuRefresh"},
         {"wait-idle", Words::None, "", "", "wait until every page has loaded or failed"},
         {"bus-name", Words::None, "", "", "print the name on the session bus"},

@@ -66,6 +66,25 @@ std::string Lines(std::span<const ScriptTab> tabs) {
     return lines;
 }
 
+std::string CheckLines(std::span<const ScriptTab> lines) {
+    std::string all;
+    for (const ScriptTab& line : lines)
+        all += WithoutControls(line.state) + '\t' + WithoutControls(line.address) + '\t' + WithoutControls(line.group) +
+               '\n';
+    return all;
+}
+
+std::string CheckJson(std::span<const ScriptTab> lines) {
+    std::string json = "[";
+    for (const ScriptTab& line : lines) {
+        json += json.size() > 1 ? ",\n " : "";
+        json += "{\"address\": " + JsonText(line.address) + ", \"health\": " + JsonText(line.state) +
+                ", \"status\": " + std::to_string(line.number) + ", \"moved\": " + JsonText(line.group) +
+                ", \"words\": " + JsonText(line.title) + "}";
+    }
+    return json + "]\n";
+}
+
 std::string Json(std::span<const ScriptTab> tabs) {
     std::string json = "[";
     for (const ScriptTab& tab : tabs) {

@@ -25,6 +25,10 @@ inline constexpr const char* kWords = "front loading waiting asleep ended asks p
 [[nodiscard]] std::string Lines(std::span<const ScriptTab> tabs);
 /// An array of objects, in one line each. Bytes that are no UTF-8 are read as Windows-1252.
 [[nodiscard]] std::string Json(std::span<const ScriptTab> tabs);
+/// The answer about a group's addresses, which comes in the same fields: status, words, address, new address, word.
+/// A line has word, address and new address; JSON the status too.
+[[nodiscard]] std::string CheckLines(std::span<const ScriptTab> lines);
+[[nodiscard]] std::string CheckJson(std::span<const ScriptTab> lines);
 /// A text as JSON has it, in quotes.
 [[nodiscard]] std::string JsonText(const std::string& text);
 

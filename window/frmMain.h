@@ -122,6 +122,8 @@ private:
     void SaveSettings();
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
+    void OpenAtStart();
+    void OpenStartGroup();
     void OpenCommandLine(BrowserView& view, TextView commandLine);
 
     MainWindowPlatform m_platform;
@@ -151,6 +153,7 @@ private:
     Stage m_stage = Stage::New;
     bool m_activated = false;
     bool m_openedFromCommandLine = false;
+    bool m_startedBare = false; ///< without a command line
 
 public:
     // Settings that live here, as others see and change them.

@@ -1,7 +1,8 @@
 # Completion of tessaviewctl for bash.
 _tessaviewctl() {
   local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command= word
-  local commands="list search open open-group save-group activate close reload text html pdf screenshot run-command
+  local commands="list search open open-group save-group activate close reload text html pdf screenshot keep-offline check-group
+    run-command
     wait-idle bus-name quit"
   COMPREPLY=()
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
@@ -14,7 +15,7 @@ _tessaviewctl() {
   if [[ $current == -* ]]; then
     local options="--instance --timeout --help --version"
     case $command in
-      list | search) options+=" --json" ;;
+      list | search | check-group) options+=" --json" ;;
       open) options+=" --behind --wait" ;;
       open-group) options+=" --close-others --wait" ;;
       save-group) options+=" --replace" ;;
@@ -33,7 +34,7 @@ _tessaviewctl() {
       else
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
       fi ;;
-    open | open-group | save-group) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
+    open | open-group | save-group | keep-offline | check-group) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
   esac
 }
 complete -o filenames -F _tessaviewctl tessaviewctl

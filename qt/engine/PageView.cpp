@@ -120,7 +120,9 @@ bool PageView::Blank() const { return m_where.Blank(m_page && m_page->Page().Awa
 
 PageProgress PageView::Progress() const {
     const PageNavigation& stage = m_where.stage;
-    if (stage.Busy() || stage.Wanted() == PageNavigation::Wish::Waiting) return PageProgress::Loading;
+    // Between the beginning and the engine's first word of it, it is awaited.
+    const bool awaits = m_page && m_page->Page().AwaitsAny();
+    if (stage.Busy() || awaits || stage.Wanted() == PageNavigation::Wish::Waiting) return PageProgress::Loading;
     return stage.Waits() ? PageProgress::PutOff : PageProgress::Done;
 }
 

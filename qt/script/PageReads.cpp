@@ -12,6 +12,8 @@
 #include <QWebEngineScript>
 #include <QWebEngineView>
 #include <chrono>
+#include <memory>
+#include <utility>
 
 namespace tessa::qt {
 
@@ -24,6 +26,7 @@ const QString& AskFrames() {
     return script;
 }
 
+constexpr std::chrono::milliseconds kSettling{1000};
 constexpr std::chrono::milliseconds kBetween{30};
 constexpr int kMostLooks = 200; ///< a page that draws nothing is taken as it is
 
@@ -56,6 +59,36 @@ bool PageReads::Wake(std::int32_t index) {
     if (page && page->lifecycleState() != QWebEnginePage::LifecycleState::Active)
         page->setLifecycleState(QWebEnginePage::LifecycleState::Active);
     return page != nullptr;
+}
+
+// What a page answers now comes behind what it has told before.
+void PageReads::Settle(const std::vector<std::uint32_t>& numbers, const std::function<void()>& then) {
+    const auto open = std::make_shared<std::size_t>(1);
+    const auto once = std::make_shared<std::function<void()>>(then);
+    const auto end = [once] {
+        if (const auto told = std::exchange(*once, {})) told();
+    };
+    const auto one = [open, end](const QVariant&) {
+        if (--*open == 0) end();
+    };
+    for (const std::uint32_t number : numbers) {
+        auto* page = Find(static_cast<std::int32_t>(number));
+        if (!page || page->lifecycleState() != QWebEnginePage::LifecycleState::Active) continue;
+        ++*open;
+        page->runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld, one);
+    }
+    QTimer::singleShot(kSettling, &m_engine, end);
+    one({});
+}
+
+void PageReads::Sleep(std::int32_t index) {
+    auto* view = m_engine.Find(index);
+    if (auto* life = view ? view->Life() : nullptr) ResumeNext(life->Sleep());
+}
+
+void PageReads::Keep(std::int32_t index, const QString& file, const std::function<void(bool)>& kept) {
+    auto* page = Find(index);
+    page ? m_engine.Output().Documents().SaveWhole(*page, file, kept) : kept(false);
 }
 
 void PageReads::Text(std::int32_t index, const std::function<void(const QString&)>& read) {

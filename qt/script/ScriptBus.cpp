@@ -40,7 +40,7 @@ static const QDBusArgument& operator>>(const QDBusArgument& argument, BusTab& ta
 namespace {
 
 // The window paints and answers its user in between.
-constexpr std::chrono::milliseconds kLongestPause{20}, kLooking{50};
+constexpr std::chrono::milliseconds kLongestPause{20};
 // The bus takes no longer message.
 constexpr qsizetype kLongestAnswer = 32 << 20;
 
@@ -66,6 +66,10 @@ void ScriptBus::Call::Answer(const ScriptedWindow::Refusal& refusal) const {
     refusal.empty() ? Answer(QVariantList()) : Refuse(refusal);
 }
 
+void ScriptBus::Call::Answer(const GroupOutput::Result& result) const {
+    result.refusal.isEmpty() ? Answer(QVariantList{result.left}) : Refuse(FromQt(result.refusal));
+}
+
 std::vector<std::uint32_t> ScriptBus::Call::NumbersAt(int at) const {
     const auto list = qdbus_cast<QList<uint>>(message.arguments().value(at));
     return {list.begin(), list.end()};
@@ -81,14 +85,25 @@ struct ScriptBus::Method {
 
 const std::vector<ScriptBus::Method>& ScriptBus::Methods() {
     static const std::vector<Method> methods{
-        {"List", "", "a(ussss)", &ScriptBus::List},       {"Search", "s", "a(ussss)", &ScriptBus::Search},
-        {"Open", "asb", "au", &ScriptBus::Open},          {"OpenGroup", "sb", "au", &ScriptBus::OpenGroup},
-        {"SaveGroup", "sb", "", &ScriptBus::SaveGroup},   {"Activate", "u", "", &ScriptBus::Activate},
-        {"Close", "au", "", &ScriptBus::Close},           {"Reload", "au", "", &ScriptBus::Reload},
-        {"Text", "u", "s", &ScriptBus::PageText},         {"Html", "u", "s", &ScriptBus::PageHtml},
-        {"Pdf", "us", "", &ScriptBus::PagePdf},           {"Screenshot", "us", "", &ScriptBus::PageScreenshot},
-        {"RunCommand", "s", "", &ScriptBus::RunCommand},  {"Wait", "au", "", &ScriptBus::Wait},
-        {"Foreground", "s", "", &ScriptBus::ComeForward}, {"Quit", "", "", &ScriptBus::Quit},
+        {"List", "", "a(ussss)", &ScriptBus::List},
+        {"Search", "s", "a(ussss)", &ScriptBus::Search},
+        {"Open", "asb", "au", &ScriptBus::Open},
+        {"OpenGroup", "sb", "au", &ScriptBus::OpenGroup},
+        {"SaveGroup", "sb", "", &ScriptBus::SaveGroup},
+        {"Activate", "u", "", &ScriptBus::Activate},
+        {"Close", "au", "", &ScriptBus::Close},
+        {"Reload", "au", "", &ScriptBus::Reload},
+        {"Text", "u", "s", &ScriptBus::PageText},
+        {"Html", "u", "s", &ScriptBus::PageHtml},
+        {"Pdf", "us", "", &ScriptBus::PagePdf},
+        {"Screenshot", "us", "", &ScriptBus::PageScreenshot},
+        {"PdfOfAll", "aus", "as", &ScriptBus::PdfOfAll},
+        {"KeepOffline", "aus", "as", &ScriptBus::KeepOffline},
+        {"CheckGroup", "s", "a(ussss)", &ScriptBus::CheckGroup},
+        {"RunCommand", "s", "", &ScriptBus::RunCommand},
+        {"Wait", "au", "", &ScriptBus::Wait},
+        {"Foreground", "s", "", &ScriptBus::ComeForward},
+        {"Quit", "", "", &ScriptBus::Quit},
     };
     return methods;
 }
@@ -97,8 +112,6 @@ void ScriptBus::Start(const QString& stateFolder, const QDBusConnection& bus) {
     if (!bus.isConnected()) return;
     qDBusRegisterMetaType<BusTab>();
     qDBusRegisterMetaType<QList<BusTab>>();
-    m_look.setInterval(kLooking);
-    connect(&m_look, &QTimer::timeout, this, &ScriptBus::Look);
     QDBusConnection own(bus);
     if (!own.registerVirtualObject(QString::fromLatin1(BusNames::kObject), this)) return;
     const QString name = QString::fromStdString(BusNames::NameFor(PathBytes(stateFolder)));
@@ -180,22 +193,7 @@ void ScriptBus::Run(const Call& call) {
 }
 
 void ScriptBus::WhenLoaded(const Call& call, std::vector<std::uint32_t> numbers, Ready ready) {
-    if (m_waiting.size() >= kMostCalls) return call.Refuse(u"Too many callers wait already.");
-    m_waiting.push_back({std::move(numbers), std::move(ready)});
-    m_look.start();
-}
-
-void ScriptBus::Look() {
-    std::vector<Waiting> before = std::exchange(m_waiting, {});
-    std::vector<Ready> ready;
-    for (Waiting& each : before) {
-        if (m_window.AnyLoading(each.numbers))
-            m_waiting.push_back(std::move(each));
-        else
-            ready.push_back(std::move(each.ready));
-    }
-    if (m_waiting.empty()) m_look.stop();
-    for (const Ready& each : ready) each();
+    if (!m_waits.When(std::move(numbers), std::move(ready))) call.Refuse(u"Too many callers wait already.");
 }
 
 void ScriptBus::WhenReadable(const Call& call, std::uint32_t number, Ready ready) {
@@ -216,21 +214,21 @@ void ScriptBus::WriteTo(const Call& call, const QByteArray& bytes) {
     call.Refuse(u"The file could not be written: " + path);
 }
 
-void ScriptBus::List(const Call& call) { call.Answer({OnBus(m_window.List())}); }
+void ScriptBus::List(const Call& call) { call.Answer(QVariantList{OnBus(m_window.List())}); }
 
-void ScriptBus::Search(const Call& call) { call.Answer({OnBus(m_window.Search(FromQt(call.TextAt(0))))}); }
+void ScriptBus::Search(const Call& call) { call.Answer(QVariantList{OnBus(m_window.Search(FromQt(call.TextAt(0))))}); }
 
 void ScriptBus::Open(const Call& call) {
     std::vector<Text> addresses;
     for (const QString& each : qdbus_cast<QStringList>(call.message.arguments().value(0)))
         addresses.push_back(FromQt(each));
     const auto opened = m_window.Open(addresses, call.FlagAt(1));
-    opened.refusal.empty() ? call.Answer({OnBus(opened.numbers)}) : call.Refuse(opened.refusal);
+    opened.refusal.empty() ? call.Answer(QVariantList{OnBus(opened.numbers)}) : call.Refuse(opened.refusal);
 }
 
 void ScriptBus::OpenGroup(const Call& call) {
     const auto opened = m_window.OpenGroup(FromQt(call.TextAt(0)), call.FlagAt(1));
-    opened.refusal.empty() ? call.Answer({OnBus(opened.numbers)}) : call.Refuse(opened.refusal);
+    opened.refusal.empty() ? call.Answer(QVariantList{OnBus(opened.numbers)}) : call.Refuse(opened.refusal);
 }
 
 void ScriptBus::SaveGroup(const Call& call) { call.Answer(m_window.SaveGroup(FromQt(call.TextAt(0)), call.FlagAt(1))); }
@@ -244,7 +242,7 @@ void ScriptBus::Reload(const Call& call) { call.Answer(m_window.Reload(call.Numb
 void ScriptBus::PageText(const Call& call) {
     WhenReadable(call, call.NumberAt(0), [this, call] {
         m_reads.Text(static_cast<std::int32_t>(call.NumberAt(0)), [call](const QString& text) {
-            text.size() > kLongestAnswer ? call.Refuse(u"The page is too long.") : call.Answer({text});
+            text.size() > kLongestAnswer ? call.Refuse(u"The page is too long.") : call.Answer(QVariantList{text});
         });
     });
 }
@@ -252,7 +250,7 @@ void ScriptBus::PageText(const Call& call) {
 void ScriptBus::PageHtml(const Call& call) {
     WhenReadable(call, call.NumberAt(0), [this, call] {
         m_reads.Html(static_cast<std::int32_t>(call.NumberAt(0)), [call](const QString& html) {
-            html.size() > kLongestAnswer ? call.Refuse(u"The page is too long.") : call.Answer({html});
+            html.size() > kLongestAnswer ? call.Refuse(u"The page is too long.") : call.Answer(QVariantList{html});
         });
     });
 }
@@ -274,6 +272,29 @@ void ScriptBus::PageScreenshot(const Call& call) {
     });
 }
 
+void ScriptBus::PdfOfAll(const Call& call) {
+    const QString file = call.TextAt(1);
+    if (!IsAbsolute(PathToBytes(FromQt(file)))) return call.Refuse(u"The path has to begin at the root.");
+    m_output.Pdf(call.NumbersAt(0), file, [call](const GroupOutput::Result& result) { call.Answer(result); });
+}
+
+void ScriptBus::KeepOffline(const Call& call) {
+    m_output.Keep(call.NumbersAt(0), call.TextAt(1),
+                  [call](const GroupOutput::Result& result) { call.Answer(result); });
+}
+
+void ScriptBus::CheckGroup(const Call& call) {
+    const Text file = m_window.FileOf(FromQt(call.TextAt(0)));
+    if (file.empty()) return call.Refuse(u"The TessaGroup could not be read: " + FromQt(call.TextAt(0)));
+    m_checks.Check(file, [call](const std::vector<HealthLine>& lines) {
+        QList<BusTab> list;
+        for (const HealthLine& line : lines)
+            list.append({static_cast<uint>(line.status), ToQt(WordsOf(line)), ToQt(line.address), ToQt(line.moved),
+                         ToQt(WordOf(line.health))});
+        call.Answer(QVariantList{QVariant::fromValue(list)});
+    });
+}
+
 // Answered first: the command may ask its user something, or end the program.
 void ScriptBus::RunCommand(const Call& call) {
     const Text tool = FromQt(call.TextAt(0));
@@ -283,7 +304,13 @@ void ScriptBus::RunCommand(const Call& call) {
 }
 
 void ScriptBus::Wait(const Call& call) {
-    WhenLoaded(call, call.NumbersAt(0), [call] { call.Answer(); });
+    const std::vector<std::uint32_t> numbers = call.NumbersAt(0);
+    WhenLoaded(call, numbers, [this, call, numbers] {
+        std::vector<std::uint32_t> all = numbers;
+        for (const ScriptTab& tab : numbers.empty() ? m_window.List() : std::vector<ScriptTab>())
+            all.push_back(tab.number);
+        m_reads.Settle(all, [call] { call.Answer(); });
+    });
 }
 
 void ScriptBus::ComeForward(const Call& call) {

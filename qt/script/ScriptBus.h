@@ -1,6 +1,9 @@
 #pragma once
 #include "app/ScriptedWindow.h"
+#include "qt/script/GroupChecks.h"
+#include "qt/script/GroupOutput.h"
 #include "qt/script/PageReads.h"
+#include "qt/script/TabWalk.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -23,7 +26,7 @@ public:
     static constexpr std::size_t kMostCalls = 500;
 
     /// Both outlive it.
-    ScriptBus(ScriptedWindow& window, Engine& engine) : m_window(window), m_reads(engine) {}
+    ScriptBus(ScriptedWindow& window, Engine& engine) : m_window(window), m_reads(engine), m_waits(window) {}
 
     /// A caller whom the desktop has started wants the window in front, with the desktop's permission for it.
     Signal<void(const QByteArray& token)> Foreground;
@@ -38,10 +41,6 @@ private:
     struct Call;
     struct Method;
     using Ready = std::function<void()>;
-    struct Waiting {
-        std::vector<std::uint32_t> numbers;
-        Ready ready;
-    };
 
     [[nodiscard]] static const std::vector<Method>& Methods();
     [[nodiscard]] std::deque<Call>& CallsOf(const QString& caller);
@@ -49,7 +48,6 @@ private:
     void Work();
     void WorkSoon();
     void Run(const Call& call);
-    void Look();
     /// Calls `ready` once none of these loads any more, of all when there are none.
     void WhenLoaded(const Call& call, std::vector<std::uint32_t> numbers, Ready ready);
     /// The same once the page may be read and has loaded.
@@ -68,6 +66,9 @@ private:
     void PageHtml(const Call& call);
     void PagePdf(const Call& call);
     void PageScreenshot(const Call& call);
+    void PdfOfAll(const Call& call);
+    void KeepOffline(const Call& call);
+    void CheckGroup(const Call& call);
     void RunCommand(const Call& call);
     void Wait(const Call& call);
     void ComeForward(const Call& call);
@@ -75,10 +76,12 @@ private:
 
     ScriptedWindow& m_window;
     PageReads m_reads;
+    LoadWaits m_waits;
+    TabWalk m_walk{m_window, m_reads, m_waits};
+    GroupOutput m_output{m_reads, m_walk};
+    GroupChecks m_checks;
     std::deque<std::pair<QString, std::deque<Call>>> m_callers; ///< whose turn it is stands first; all have calls
-    std::vector<Waiting> m_waiting;
-    QTimer m_look;
-    std::chrono::milliseconds m_pause{0}; ///< as long as the last call took
+    std::chrono::milliseconds m_pause{0};                       ///< as long as the last call took
     bool m_works = false;
 };
 
@@ -91,6 +94,8 @@ struct ScriptBus::Call {
     void Refuse(TextView why) const;
     /// Answers with nothing, unless it was refused.
     void Answer(const ScriptedWindow::Refusal& refusal) const;
+    /// With what was left out, unless it was refused.
+    void Answer(const GroupOutput::Result& result) const;
     [[nodiscard]] QString TextAt(int at) const { return message.arguments().value(at).toString(); }
     [[nodiscard]] bool FlagAt(int at) const { return message.arguments().value(at).toBool(); }
     [[nodiscard]] std::uint32_t NumberAt(int at) const { return message.arguments().value(at).toUInt(); }

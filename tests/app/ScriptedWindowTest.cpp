@@ -31,7 +31,7 @@ protected:
     }
 
     TemporaryFolder groups;
-    Desk desk{{.groupFolder = groups.PathText("") + u"/"}};
+    Desk desk{{.groupFolder = groups.PathText("")}};
     ScriptedWindow script{desk.main, desk.window};
 };
 
@@ -148,10 +148,10 @@ TEST_F(ScriptedWindowTest, TabsComeToTheFrontCloseAndLoadAgain) {
 TEST_F(ScriptedWindowTest, AToolIsClickedByItsName) {
     desk.StartWithTabs(1);
     (void)desk.views.Calls(1);
-    EXPECT_EQ(script.MayRun(u"mnuHome"), u"There is no such command: mnuHome");
+    EXPECT_EQ(script.MayRun(u"mnuNothing"), u"There is no such command: mnuNothing");
     EXPECT_EQ(script.MayRun(u"mnuGoBack"), u"The command is disabled at the moment: mnuGoBack");
-    EXPECT_EQ(script.MayRun(u"mnuGoHome"), u"");
-    script.RunCommand(u"mnuGoHome");
+    EXPECT_EQ(script.MayRun(u"mnuHome"), u"");
+    script.RunCommand(u"mnuHome");
     EXPECT_EQ(desk.views.Calls(1), "home");
 }
 

@@ -1,4 +1,4 @@
-# Tests: BusCalls, CtlRun, PageReads, ScriptBus, StartProgram
+# Tests: BusCalls, CtlRun, GroupChecks, GroupOutput, NetworkProbe, PageReads, PdfBinder, ScriptBus, StartProgram, TabWalk
 """The program as a script drives it: by nothing but tessaviewctl."""
 
 import json
@@ -6,6 +6,7 @@ import os
 import subprocess
 import unittest
 
+import check_server
 import desk
 
 PROGRAM = desk.program_file()
@@ -150,6 +151,72 @@ class Opening(Scripted):
         self.assertNotEqual(self.ctl("bus-name"), self.ctl("bus-name", home=other))
         self.assertIn("does not run", self.complaint("--instance", other, "list", code=3))
         self.assertEqual(len(json.loads(self.ctl("--instance", self.home, "list", "--json", home=other))), 1)
+
+
+class TakenAlong(Scripted):
+    def test_all_pages_become_one_pdf_with_an_outline(self):
+        with desk.PageServer(hosts=2) as pages:
+            self.ctl("open", pages.address("One"), pages.address("Two", 2), "--wait")
+            self.ctl("run-command", "xtrPrivateTab")
+            file = os.path.join(self.home, "all.pdf")
+            self.ctl("pdf", "all", file)
+            read = subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True)
+            first, second = read.stdout.split("\f")[:2]
+            self.assertIn("One", first)
+            self.assertIn(pages.address("One"), first)
+            self.assertIn("1/2", first)
+            self.assertIn(pages.address("Two", 2), second)
+            self.assertIn("2/2", second)
+            outline = subprocess.run(["qpdf", "--json", "--json-key=outlines", file], capture_output=True, check=True)
+            self.assertEqual(
+                [(each["title"], each["destpageposfrom1"]) for each in json.loads(outline.stdout)["outlines"]],
+                [("One", 1), ("Two", 2)],
+            )
+            subprocess.run(["qpdf", "--check", file], capture_output=True, check=True)
+            self.assertIn("could not be written", self.complaint("pdf", "all", "/nowhere/at/all.pdf"))
+            self.assertEqual([each for each in os.listdir(self.home) if ".part" in each], [])
+
+    def test_pages_that_were_kept_open_without_a_network(self):
+        file = os.path.join(self.home, "Kept 100% #1.tvg")
+        with desk.PageServer(hosts=2) as pages:
+            self.ctl("open", pages.address("One"), pages.address("Two", 2), "--wait")
+            self.ctl("keep-offline", file)
+            self.assertIn("already", self.complaint("keep-offline", file))
+        folder = file.removesuffix(".tvg")
+        self.assertEqual(sorted(os.listdir(folder)), ["001 One.mhtml", "002 Two.mhtml"])
+        self.ctl("quit")
+        # It opens wherever it is taken.
+        other = desk.state_folder()
+        for each in (file, folder):
+            os.rename(each, os.path.join(other, os.path.basename(each)))
+        self.ctl("open-group", os.path.join(other, os.path.basename(file)), "--wait")
+        self.assertEqual(self.strip(), ["One", "[Two]"])
+        self.assertEqual([self.ctl("text", str(tab["number"])) for tab in self.tabs()], ["One\n", "Two\n"])
+
+
+class Checking(Scripted):
+    def test_how_it_stands_with_each_address(self):
+        with check_server.Server() as server:
+            addresses = [
+                server.address("/fine"), server.address("/moved"), server.address("/for-now"), server.address("/gone"),
+                server.address("/missing"), server.address("/forbidden"), server.address("/broken"),
+                server.address("/loop"), server.address("/moved-to-gone"), "http://127.0.0.9:1/", "mailto:a@b.example",
+                "http://no.such.host.invalid/", os.path.join(self.home, "none.html"),
+            ]
+            self.group("Old.tvg", addresses)
+            self.ctl("open", "about:blank")
+            lines = json.loads(self.ctl("check-group", "Old", "--json"))
+            self.assertEqual([line["address"] for line in lines], addresses)
+            self.assertEqual(
+                [line["health"] for line in lines],
+                ["fine", "moved", "fine", "gone", "gone", "refused", "failed", "failed", "gone", "refused",
+                 "unchecked", "gone", "no-file"],
+            )
+            self.assertEqual(lines[1]["moved"], server.address("/fine"))
+            self.assertEqual(server.cookies, set(), "none is sent")
+            self.assertIn(f"moved\t{addresses[1]}\t{addresses[0]}\n", self.ctl("check-group", "Old"))
+            self.assertEqual(self.strip(), ["[about:blank]"])
+            self.assertIn("could not be read", self.complaint("check-group", "None"))
 
 
 class Rushing(Scripted):

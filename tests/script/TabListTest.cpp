@@ -26,6 +26,14 @@ TEST(TabList, AnObjectATab) {
     EXPECT_EQ(TabList::Json({}), "[]\n");
 }
 
+TEST(TabList, WhatWasFoundOutOfAGroup) {
+    const std::vector<ScriptTab> lines{
+        {.number = 200, .title = "Moved for good to b", .address = "a", .group = "b", .state = "moved"}};
+    EXPECT_EQ(TabList::CheckLines(lines), "moved\ta\tb\n");
+    EXPECT_EQ(TabList::CheckJson(lines), "[{\"address\": \"a\", \"health\": \"moved\", \"status\": 200, "
+                                         "\"moved\": \"b\", \"words\": \"Moved for good to b\"}]\n");
+}
+
 TEST(TabList, AnyTextIsOneOfJson) {
     EXPECT_EQ(TabList::JsonText(""), "\"\"");
     EXPECT_EQ(TabList::JsonText("\xC3\xA4 \xF0\x9F\x98\x80"), "\"\xC3\xA4 \xF0\x9F\x98\x80\"");
