@@ -102,6 +102,7 @@ class NoForms final : public FormHost {
 public:
     void Show(frmAddFavorite&) override {}
     void Show(frmDefBrowser&) override {}
+    void Show(frmGroupCheck&) override {}
     void Show(frmInternetOptions&) override {}
     void Show(frmOrganizeFavorites&) override {}
     void Show(frmRenameGroup&) override {}

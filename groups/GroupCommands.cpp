@@ -4,6 +4,7 @@
 #include "base/Captions.h"
 #include "base/LinkTrust.h"
 #include "base/os/Paths.h"
+#include "groups/frmGroupCheck.h"
 #include "tabs/OpenTabs.h"
 #include "tabs/TabKeys.h"
 
@@ -16,6 +17,8 @@ namespace {
 /// More pages of a group that somebody else may have made open only when the user wants them.
 constexpr std::size_t kManyPages = 100;
 constexpr std::size_t kAskedAddress = 300;
+/// Where older copies of pages are looked for.
+constexpr TextView kArchive = u"https://web.archive.org/web/";
 
 /// The group as the user knows it: the name of its file, without ".tvg".
 Text NameOf(TextView path) {
@@ -210,10 +213,46 @@ void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
 void GroupCommands::SaveAsTessaGroup(TextView path) {
     using TessaGroups::Saved;
     const Saved saved = TessaGroups::SaveOpenTabs(path, m_parts.pcPage, m_parts.Browser, m_parts.messages);
+    SaySaved(saved, path);
+}
+
+void GroupCommands::SaveAddresses(TextView path, const std::vector<Text>& addresses) {
+    SaySaved(TessaGroups::Save(path, addresses, m_parts.messages), path);
+}
+
+void GroupCommands::SaySaved(TessaGroups::Saved saved, TextView path) {
+    using TessaGroups::Saved;
     if (saved == Saved::Yes) m_parts.tabs.Say(u"Saved as the TessaGroup " + NameOf(path) + u".");
     if (saved == Saved::Failed) m_parts.tabs.Say(u"The TessaGroup " + NameOf(path) + u" could not be written.");
     if (saved == Saved::Nothing)
         m_parts.tabs.Say(u"There was nothing to save as the TessaGroup " + NameOf(path) + u".");
+}
+
+void GroupCommands::CheckAll() {
+    std::vector<Text> groups;
+    for (const auto& group : TessaGroups::List(m_parts.groupFolder)) groups.push_back(group.Value);
+    groups.empty() ? m_parts.tabs.Say(u"There are no TessaGroups to check.") : Check(groups);
+}
+
+void GroupCommands::Check(const std::vector<Text>& groups) {
+    if (!Probe) return;
+    frmGroupCheck form(*Probe, groups);
+    form.OpenArchive = [this](const Text& address) {
+        auto* view = m_parts.tabs.GetNewBrowser(InFront::No);
+        if (view) ResumeNext(view->Navigate(Text(kArchive) + address));
+    };
+    m_parts.forms.Show(form);
+}
+
+void GroupCommands::WriteTabs(Writes what, TextView path) {
+    if (!Write) return;
+    m_parts.tabs.Say(u"Saving " + NameOf(path));
+    Write(what, Text(path), [this, name = NameOf(path)](const Text& refusal, std::size_t left) {
+        if (!refusal.empty()) return m_parts.tabs.Say(refusal);
+        const Text missing = u" pages could not be had.";
+        m_parts.tabs.Say(name + u" has been saved." +
+                         (left > 0 ? u" " + Decimal(static_cast<std::int64_t>(left)) + missing : Text()));
+    });
 }
 
 namespace {

@@ -1,4 +1,5 @@
 #pragma once
+#include "groups/GroupCheck.h"
 #include "groups/GroupPlan.h"
 #include "groups/LoadProgress.h"
 #include "groups/TessaGroups.h"
@@ -45,6 +46,16 @@ public:
     void SaveAsTessaGroup(TextView path);
     /// The same for whoever is not there to be asked: replaces, and leaves private tabs out.
     [[nodiscard]] TessaGroups::Saved SaveUnasked(TextView path);
+    /// Saves addresses as that group; asks before it replaces one.
+    void SaveAddresses(TextView path, const std::vector<Text>& addresses);
+    /// Shows what has become of the addresses of these groups.
+    void Check(const std::vector<Text>& groups);
+    /// Of all groups of the user's folder.
+    void CheckAll();
+    /// What can be made of the pages of all tabs.
+    enum class Writes { Pdf, Offline };
+    /// Makes it, and says so; what could not be had is counted.
+    void WriteTabs(Writes what, TextView path);
     /// Edits that group.
     void OrganizeTessaGroup(TextView sFileName);
     /// Asks which group to edit, and edits it. A file whose name does not end in ".tvg" is not edited.
@@ -65,6 +76,12 @@ public:
 
     /// Whether the other tabs are closed when a group is opened.
     bool TGCloseOthersFirst = false;
+    /// Asks for addresses, while there is a way into the network.
+    AddressProbe* Probe = nullptr;
+    /// Does what `WriteTabs` is to do. Tells later why nothing was written, a sentence or nothing, and how many pages
+    /// are missing.
+    std::function<void(Writes what, const Text& path, std::function<void(const Text& refusal, std::size_t left)> told)>
+        Write;
     /// Whether there is somebody to ask. Without anybody, what needs an answer is not opened.
     bool MayAsk = true;
 
@@ -95,6 +112,7 @@ private:
     void Show(BrowserView* view, const Page& page);
     void Note(std::int32_t index, const Page& page);
     void ApplyTextSize(std::int32_t index);
+    void SaySaved(TessaGroups::Saved saved, TextView path);
     [[nodiscard]] Text TitleOf(TextView address) const;
 
     Parts m_parts;

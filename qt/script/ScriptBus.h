@@ -31,6 +31,8 @@ public:
     /// A caller whom the desktop has started wants the window in front, with the desktop's permission for it.
     Signal<void(const QByteArray& token)> Foreground;
 
+    /// What is made of several tabs, and the way into the network: for commands too.
+    [[nodiscard]] GroupOutput& Output() { return m_output; }
     /// Takes the name that goes with the folder in which this instance keeps its state. Without a bus nothing happens.
     void Start(const QString& stateFolder, const QDBusConnection& bus = QDBusConnection::sessionBus());
 
