@@ -1,6 +1,7 @@
 #include "app/Startup.h"
 
 #include "app/Hook.h"
+#include "base/Address.h"
 #include "base/Version.h"
 #include "base/os/Log.h"
 #include "settings/SettingsStore.h"
@@ -32,7 +33,7 @@ void Run(const Startup::Program& program, TextView commandLine) {
     program.splash.Show();
     program.application.DoEvents();
     program.window.SetCaption(Startup::kMainTitle);
-    program.main.Form_Load(commandLine);
+    program.main.Form_Load(program.startsBlank && commandLine.empty() ? Address::kBlank : commandLine);
     Hook::Install(program.instances, program.window, program.main);
     program.window.Show();
     program.splash.Unload();

@@ -21,6 +21,8 @@ struct Program {
     SplashWindow& splash;
     MainWindow& window;
     frmMain& main;
+    /// Whether a start without a command line begins with a blank tab alone, for whoever is to drive it.
+    bool startsBlank = false;
 };
 
 enum class Result {

@@ -37,6 +37,7 @@ public:
     Outcome GoHome() override { return Outcome::Done; }
     Outcome ExecWB(BrowserCommand) override { return Outcome::Failed; }
     [[nodiscard]] bool Busy() const override { return false; }
+    [[nodiscard]] PageProgress Progress() const override { return PageProgress::Loading; }
     [[nodiscard]] Text LocationURL() const override { return m_address; }
     [[nodiscard]] bool Blank() const override { return m_address == Address::kBlank; }
     [[nodiscard]] Text LocationName() const override { return {}; }
@@ -101,6 +102,7 @@ class NoForms final : public FormHost {
 public:
     void Show(frmAddFavorite&) override {}
     void Show(frmDefBrowser&) override {}
+    void Show(frmGroupCheck&) override {}
     void Show(frmInternetOptions&) override {}
     void Show(frmOrganizeFavorites&) override {}
     void Show(frmRenameGroup&) override {}

@@ -55,6 +55,10 @@ int main(int argc, char** argv) {
     const CommandLine::Arguments ours = ArgumentsOf(argc, argv);
     if (const auto information = CommandLine::Information(ours)) return Print(*information);
     const Text commandLine = CommandLine::AsText(ours);
-    if (Startup::Main(program->Platform(), commandLine) == Startup::Result::HandedOff) ::_exit(0);
+    Startup::Program started = program->Platform();
+    started.startsBlank = Variable("TESSAVIEW_START") == "blank";
+    // Not for the programs that this one starts.
+    ::unsetenv("TESSAVIEW_START");
+    if (Startup::Main(started, commandLine) == Startup::Result::HandedOff) ::_exit(0);
     return program->Run();
 }

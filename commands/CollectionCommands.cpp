@@ -59,6 +59,23 @@ void SaveAsTessaGroup(CommandContext& context) {
 
 void OrganizeTessaGroups(CommandContext& context) { context.groups.OrganizeTessaGroups(); }
 
+void CheckAllGroups(CommandContext& context) { context.groups.CheckAll(); }
+
+void SaveAllAsPdf(CommandContext& context) {
+    const Text file = context.files.ShowSave(
+        {.DialogTitle = u"Save All Pages as PDF", .InitDir{}, .Filter = u"PDF document (*.pdf)|*.pdf"});
+    if (!file.empty()) context.groups.WriteTabs(GroupCommands::Writes::Pdf, file);
+}
+
+void KeepOffline(CommandContext& context) {
+    const Text file = context.files.ShowSave({.DialogTitle = u"Keep All Pages Offline",
+                                              .InitDir = context.groupFolder,
+                                              .Filter = Text(TessaGroups::kFileFilter)});
+    if (file.empty()) return;
+    context.groups.WriteTabs(GroupCommands::Writes::Offline, file);
+    context.groupsMenuStale = true;
+}
+
 void AddToFavorites(CommandContext& context) {
     if (!context.tabs.CurrentView()) return;
     const Page page = CurrentPage(context);

@@ -11,6 +11,12 @@ void AddToTessaGroup(CommandContext& context);
 void AddTabToTessaGroup(CommandContext& context);
 void SaveAsTessaGroup(CommandContext& context);
 void OrganizeTessaGroups(CommandContext& context);
+/// Checks the groups of the user's folder.
+void CheckAllGroups(CommandContext& context);
+/// Asks for a file and writes the pages of all tabs into it.
+void SaveAllAsPdf(CommandContext& context);
+/// The same as a group with a folder of its pages.
+void KeepOffline(CommandContext& context);
 void AddToFavorites(CommandContext& context);
 void OrganizeFavorites(CommandContext& context);
 

@@ -203,6 +203,9 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreMenu"_band, u"xtrFullScreen"_tool, kGroup},
     EntryRow{u"bndMoreMenu"_band, u"xtrPrintPreview"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrBookmarks"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"xtrGroupPdf"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"xtrGroupKeepOffline"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrGroupCheckAll"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrDevTools"_tool, kGroup},
     EntryRow{u"bndMoreMenu"_band, u"xtrTaskView"_tool},
 
@@ -218,6 +221,7 @@ constexpr std::array kEntries{
 
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupOpen"_tool},
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupOrganize"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupCheck"_tool},
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupRename"_tool},
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupDelete"_tool, kGroup},
 

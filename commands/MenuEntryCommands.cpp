@@ -54,6 +54,8 @@ void OpenGroup(CommandContext& context) { context.groups.OpenTessaGroup(Text(con
 
 void OrganizeGroup(CommandContext& context) { context.groups.OrganizeTessaGroup(Text(context.menuEntry)); }
 
+void CheckGroup(CommandContext& context) { context.groups.Check({Text(context.menuEntry)}); }
+
 void RenameGroup(CommandContext& context) {
     const Text before = GroupNameOf(context.menuEntry);
     frmRenameGroup form(context.menuEntry);

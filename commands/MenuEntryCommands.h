@@ -22,6 +22,7 @@ void SaveFolder(CommandContext& context);
 void OpenLink(CommandContext& context);
 void OpenGroup(CommandContext& context);
 void OrganizeGroup(CommandContext& context);
+void CheckGroup(CommandContext& context);
 /// Asks what the TessaGroup is to be called.
 void RenameGroup(CommandContext& context);
 /// Moves the TessaGroup to the trash, or deletes it where there is none; asks before it does either.

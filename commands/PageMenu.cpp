@@ -3,6 +3,7 @@
 #include "address/Endpoints.h"
 #include "bar/ToolName.h"
 #include "base/Captions.h"
+#include "base/LinkTrust.h"
 #include "base/PlainText.h"
 #include "base/os/AtomicFile.h"
 #include "commands/PageMenuEntries.h"
@@ -155,6 +156,25 @@ void SearchForSelection(CommandContext& context) {
     const Privacy privacy = context.tabs.PrivacyOf(context.menuView);
     auto* opened = context.tabs.GetNewBrowser(context.tabs.PlaceFor(NewWindowPlace::AsSet), privacy);
     if (opened) ResumeNext(opened->Navigate(address));
+}
+
+void SaveSelectedLinks(CommandContext& context) {
+    auto* tools = Tools(context, context.menuView);
+    if (!tools) return;
+    tools->FindSelectedLinks([&context](const std::vector<Text>& links) {
+        std::vector<Text> pages;
+        for (const Text& link : links) {
+            const bool isPage = TrustOf(link, LinkSource::Group) == LinkTrust::Open;
+            if (isPage && std::ranges::find(pages, link) == pages.end()) pages.push_back(link);
+        }
+        if (pages.empty()) return context.tabs.Say(u"No link to a page is selected.");
+        const Text file = context.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
+                                                  .InitDir = context.groupFolder,
+                                                  .Filter = Text(TessaGroups::kFileFilter)});
+        if (file.empty()) return;
+        context.groups.SaveAddresses(file, pages);
+        context.groupsMenuStale = true;
+    });
 }
 
 void OpenSelectedLinks(CommandContext& context) {

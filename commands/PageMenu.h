@@ -24,6 +24,8 @@ void AddLinkToTessaGroup(CommandContext& context);
 void SearchForSelection(CommandContext& context);
 /// Opens every link that is selected in a tab of its own, behind.
 void OpenSelectedLinks(CommandContext& context);
+/// Asks for a file and makes a group of the links, each once.
+void SaveSelectedLinks(CommandContext& context);
 /// Replaces a misspelled word by the tool's caption.
 void ReplaceWord(CommandContext& context, const Tool& tool);
 /// What the engine does itself, by the tool's name.

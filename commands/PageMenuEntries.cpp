@@ -93,6 +93,7 @@ void AddText(Entries& entries, const PageContext& page) {
     }
     entries.Add(u"xtrSearchSelection"_tool, !PlainLine(page.SelectedText, kMostShownWords).empty());
     entries.Add(u"xtrOpenSelectedLinks"_tool, page.SelectsLinks && !page.Editable);
+    entries.Add(u"xtrSaveSelectedLinks"_tool, page.SelectsLinks && !page.Editable);
 }
 
 void AddPage(Entries& entries) {

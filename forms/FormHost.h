@@ -4,6 +4,7 @@ namespace tessa {
 
 class frmAddFavorite;
 class frmDefBrowser;
+class frmGroupCheck;
 class frmInternetOptions;
 class frmOrganizeFavorites;
 class frmRenameGroup;
@@ -20,6 +21,7 @@ public:
 
     virtual void Show(frmAddFavorite& form) = 0;
     virtual void Show(frmDefBrowser& form) = 0;
+    virtual void Show(frmGroupCheck& form) = 0;
     virtual void Show(frmInternetOptions& form) = 0;
     virtual void Show(frmOrganizeFavorites& form) = 0;
     virtual void Show(frmRenameGroup& form) = 0;

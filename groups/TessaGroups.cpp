@@ -25,6 +25,27 @@ std::string GroupBytes(const std::vector<TessaGroups::NumberedAddress>& addresse
     return bytes;
 }
 
+std::vector<std::string> KeysOf(const IniFile& file, std::string_view section) {
+    const std::string list = file.KeyList(section, "", kLargestGroup);
+    std::vector<std::string> keys;
+    std::size_t begin = 0;
+    for (std::size_t end = list.find('\0'); end != std::string::npos; end = list.find('\0', begin)) {
+        keys.push_back(list.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return keys;
+}
+
+// A file that says how its group opens keeps that, and whatever else stands in it.
+std::string BytesFor(const std::string& path, const std::vector<TessaGroups::NumberedAddress>& addresses) {
+    IniFile file(ReadWholeFile(path, kLargestGroup + 1).value_or(std::string()));
+    const std::string before = file.Bytes();
+    if (before.size() > kLargestGroup || KeysOf(file, "TessaView").empty()) return GroupBytes(addresses);
+    for (const std::string& key : KeysOf(file, kSection)) file.RemoveKey(kSection, key);
+    for (const auto& [number, address] : addresses) file.SetValue(kSection, KeyOf(number), ToUtf8(address));
+    return file.Bytes();
+}
+
 // A folder of that name is nothing to overwrite; writing will fail.
 bool HasGroup(TextView path) {
     const std::string file = PathToBytes(path);
@@ -82,7 +103,7 @@ bool IsReadable(TextView path) { return ReadWholeFile(PathToBytes(path), 0).has_
 
 Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses) {
     const std::string file = PathToBytes(path);
-    return addresses.empty() ? RemoveFile(file) : WriteWholeFile(file, GroupBytes(addresses));
+    return addresses.empty() ? RemoveFile(file) : WriteWholeFile(file, BytesFor(file, addresses));
 }
 
 Outcome Append(TextView path, TextView address) {

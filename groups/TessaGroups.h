@@ -35,8 +35,8 @@ struct NumberedAddress {
     Text address;
 };
 
-/// Replaces the whole file by one with these addresses, as they stand. No addresses leave no file. A write that fails
-/// leaves the file as it was.
+/// Replaces the whole file by one with these addresses, as they stand. A file with a section "TessaView" keeps that,
+/// and all that belongs to others. No addresses leave no file. A write that fails leaves the file as it was.
 Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses);
 
 /// Writes one address under "url" and the number after the count of the group's addresses. Deliberately the count, not
@@ -59,6 +59,9 @@ Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, Me
 /// The groups of a folder (with the separator at the end) by name, with their full paths. Of a folder that cannot be
 /// read none; hidden files are left out.
 [[nodiscard]] CKeyValues List(TextView folder);
+
+/// The names of these.
+[[nodiscard]] std::vector<Text> Names(TextView folder);
 
 /// Deletes a group's file for good.
 Outcome Delete(TextView path);

@@ -34,6 +34,12 @@ CKeyValues List(TextView folder) {
     return groups;
 }
 
+std::vector<Text> Names(TextView folder) {
+    std::vector<Text> names = GroupFiles(folder);
+    for (Text& each : names) each.resize(each.size() - kExtension.size());
+    return names;
+}
+
 Outcome Delete(TextView path) { return RemoveEntry(PathToBytes(path)); }
 
 void FillBand(Band& band, TextView folder, const Picture& TessaGroupsPicture, std::int32_t& nextId) {

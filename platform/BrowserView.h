@@ -50,6 +50,13 @@ enum class PageSecurity {
     NotSecure, ///< anybody on the way could have written it
 };
 
+/// What a view waits for.
+enum class PageProgress {
+    Done,    ///< nothing: what is shown has come, or has failed
+    Loading, ///< what is shown loads, or something else does, or is about to
+    PutOff,  ///< that somebody looks; it loads then
+};
+
 /// Why a page is asked whether it may go.
 enum class LeaveReason {
     ToClose, ///< it is to be closed; it may take its leave, as pages do
@@ -74,6 +81,7 @@ public:
     virtual Outcome ExecWB(BrowserCommand command) = 0;
 
     [[nodiscard]] virtual bool Busy() const = 0;
+    [[nodiscard]] virtual PageProgress Progress() const = 0;
     /// The address of the page shown, whatever the view is about to load. Before its first page, the address that it is
     /// to load. Without a user's name and password.
     [[nodiscard]] virtual Text LocationURL() const = 0;

@@ -5,7 +5,8 @@
 # What compiles the core, which needs no Qt; ccache keeps what was compiled once.
 compiler_packages=(g++ cmake ninja-build ccache libxml2-dev)
 # The program alone.
-program_packages=("${compiler_packages[@]}" qt6-base-dev qt6-declarative-dev qt6-webengine-dev libgl-dev)
+program_packages=("${compiler_packages[@]}" qt6-base-dev qt6-declarative-dev qt6-webengine-dev libgl-dev
+                  libqpdf-dev libsystemd-dev pkgconf)
 # The core alone, with its tests.
 core_packages=("${compiler_packages[@]}" libgtest-dev)
 # The program with its tests and benchmarks.
@@ -16,7 +17,7 @@ run_packages=(qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)
 other_platform_packages=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix wine wine64 googletest python3)
 display_packages=(xvfb openbox xdotool imagemagick x11-utils)
 format_packages=(clang-format git)
-test_packages=(dbus at-spi2-core python3 python3-pyatspi openssl x11-xkb-utils)
+test_packages=(dbus at-spi2-core python3 python3-pyatspi openssl x11-xkb-utils poppler-utils qpdf)
 # What checks the package; debootstrap for the test that installs it in a system of its own.
 packaging_packages=(appstream desktop-file-utils dpkg-dev gzip lintian man-db python3 shared-mime-info)
 fresh_root_packages=(debootstrap)

@@ -61,6 +61,7 @@ InternetSettings::InternetSettings(SettingsStorageFactory& factory)
       TabsSleep(*m_storage, u"InternetTabsSleep", false),
       SleepMinutes(*m_storage, u"InternetSleepMinutes", 0),
       Drawing(*m_storage, u"InternetDrawing"),
+      StartGroup(*m_storage, u"InternetStartGroup"),
       DrawingKnown(*m_storage, u"InternetDrawingKnown") {}
 
 InternetValues InternetSettings::Get() const {
@@ -79,7 +80,8 @@ InternetValues InternetSettings::Get() const {
             .tabsSleep = TabsSleep.Get(),
             .sleepMinutes =
                 minutes > 0 && minutes <= InternetValues::kMostSleepMinutes ? minutes : byDesign.sleepMinutes,
-            .drawing = KindOf(kDrawings, Drawing.Get(), byDesign.drawing)};
+            .drawing = KindOf(kDrawings, Drawing.Get(), byDesign.drawing),
+            .startGroup = StartGroup.Get()};
 }
 
 void InternetSettings::Set(const InternetValues& values) {
@@ -95,11 +97,12 @@ void InternetSettings::Set(const InternetValues& values) {
     ResumeNext(TabsSleep.Set(values.tabsSleep));
     ResumeNext(SleepMinutes.Set(values.sleepMinutes));
     ResumeNext(Drawing.Set(WordOf(kDrawings, values.drawing)));
+    ResumeNext(StartGroup.Set(values.startGroup));
 }
 
 std::vector<Text> InternetSettings::Differences() const {
     return DifferencesOf(HomePage, JavaScript, Cookies, DoNotTrack, GlobalPrivacyControl, Proxy, ProxyHost, ProxyPort,
-                         DownloadFolder, TabsSleep, SleepMinutes, Drawing);
+                         DownloadFolder, TabsSleep, SleepMinutes, Drawing, StartGroup);
 }
 
 } // namespace tessa

@@ -26,6 +26,7 @@ struct InternetValues {
     bool tabsSleep = false; ///< tabs that were not looked at for a while sleep; by design they keep living
     std::int32_t sleepMinutes = 30;
     DrawingWish drawing = DrawingWish::ByItself; ///< from the next start on
+    Text startGroup{};                           ///< the name of the TessaGroup that a start opens; empty for none
 
     static constexpr std::int32_t kMostSleepMinutes = 1440;
 
@@ -56,7 +57,8 @@ public:
     Setting<Text> DownloadFolder;
     Setting<bool> TabsSleep;
     Setting<std::int32_t> SleepMinutes;
-    Setting<Text> Drawing;      ///< "self", "hardware" or "software"
+    Setting<Text> Drawing; ///< "self", "hardware" or "software"
+    Setting<Text> StartGroup;
     Setting<Text> DrawingKnown; ///< what was found out of this computer; no option
 
     /// The `Difference` of each that has one.

@@ -1,5 +1,7 @@
 #include "settings/frmInternetOptions.h"
 
+#include "base/Captions.h"
+
 #include <algorithm>
 #include <array>
 
@@ -9,6 +11,9 @@ namespace {
 
 constexpr std::int64_t kHour = 3600;
 constexpr std::array<std::int64_t, 4> kSince{kHour, 24 * kHour, 7 * 24 * kHour, 0};
+
+// The first items of what is there at the start; the groups follow.
+constexpr std::size_t kLastSitesAtStart = 1, kFirstStartGroup = 2;
 
 Text Trimmed(TextView text) {
     return Text(TrimmedOf(text, [](char16_t each) { return each <= u' '; }));
@@ -65,12 +70,31 @@ void frmInternetOptions::Form_Load() {
     m_newsShown = store.NewsClient.HasValue() ? store.NewsClient.Get() : m_outside.newsProgram;
     txtMail.Value = m_mailShown;
     txtNews.Value = m_newsShown;
+    ShowStart(InternetSettings(m_settings).StartGroup.Get(), store.RememberLastSites.Get());
     cmdUseCurrent.Enabled = !m_outside.currentPage.empty();
     cmdBrowse.Enabled = static_cast<bool>(m_outside.chooseFolder);
     ShowSites(0);
     chkClear_Click();
     chkSleep_Click();
     cboProxy_Click();
+}
+
+// A group that has gone meanwhile may come back; the choice is not lost.
+void frmInternetOptions::ShowStart(const Text& group, bool lastSites) {
+    m_startGroups = m_outside.groups;
+    if (!group.empty() && std::ranges::find(m_startGroups, group) == m_startGroups.end())
+        m_startGroups.push_back(group);
+    for (const Text& each : m_startGroups) cboStart.Items.push_back(u"TessaGroup " + OneLine(each));
+    const auto chosen = std::ranges::find(m_startGroups, group);
+    if (chosen != m_startGroups.end())
+        cboStart.Index = kFirstStartGroup + static_cast<std::size_t>(chosen - m_startGroups.begin());
+    else
+        cboStart.Index = lastSites ? kLastSitesAtStart : 0;
+    m_startShown = cboStart.Index();
+}
+
+Text frmInternetOptions::StartGroup() const {
+    return cboStart.Index() < kFirstStartGroup ? Text() : m_startGroups.at(cboStart.Index() - kFirstStartGroup);
 }
 
 void frmInternetOptions::ShowValues(const InternetValues& values) {
@@ -100,7 +124,8 @@ InternetValues frmInternetOptions::Values() const {
             .downloadFolder = Trimmed(txtDownloads.Value()),
             .tabsSleep = chkSleep.Ticked(),
             .sleepMinutes = Minutes(txtSleepMinutes.Value()).value_or(InternetValues().sleepMinutes),
-            .drawing = static_cast<DrawingWish>(cboDrawing.Index())};
+            .drawing = static_cast<DrawingWish>(cboDrawing.Index()),
+            .startGroup = StartGroup()};
 }
 
 BrowsingData frmInternetOptions::Chosen() const {
@@ -219,6 +244,9 @@ void frmInternetOptions::cmdOK_Click() {
         ResumeNext(store.SearchService.Set(Trimmed(txtSearch.Value())));
         ResumeNext(store.ShopService.Set(Trimmed(txtShop.Value())));
         ResumeNext(store.FindService.Set(Trimmed(txtFind.Value())));
+        // What was not touched stays as the other settings have it.
+        if (cboStart.Index() != m_startShown)
+            ResumeNext(store.RememberLastSites.Set(cboStart.Index() == kLastSitesAtStart));
         Keep(store.MailClient, txtMail.Value(), m_mailShown);
         Keep(store.NewsClient, txtNews.Value(), m_newsShown);
     }

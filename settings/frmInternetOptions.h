@@ -24,6 +24,8 @@ public:
         std::function<void(const BrowsingData&, Forgotten done)> clear{};
         /// The address of the page in front.
         Text currentPage{};
+        /// The names of the TessaGroups in the user's folder.
+        std::vector<Text> groups{};
         /// The programs that the desktop has; used while no other was ever set.
         Text mailProgram{};
         Text newsProgram{};
@@ -44,6 +46,7 @@ public:
     TextBox txtHomePage;
     Button cmdUseCurrent{u"Use Current"};
     Button cmdUseDefault{u"Use Default"};
+    Choice cboStart{u"At start", {u"Home page", u"The pages that were open last"}};
     Label lblSearch{u"Search service (%s stands for the words)"};
     TextBox txtSearch;
     Label lblShop{u"Shop links lead to (%s stands for the link)"};
@@ -102,6 +105,8 @@ public:
 private:
     void Form_Load();
     void WireClicks();
+    void ShowStart(const Text& group, bool lastSites);
+    [[nodiscard]] Text StartGroup() const;
     void ShowValues(const InternetValues& values);
     [[nodiscard]] InternetValues Values() const;
     [[nodiscard]] BrowsingData Chosen() const;
@@ -129,6 +134,8 @@ private:
     /// Ends with the form, which may not wait for what it has cleared.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
     std::vector<SiteChoice> m_sites;
+    std::vector<Text> m_startGroups; ///< that can be chosen, by name
+    std::size_t m_startShown = 0;
 };
 
 } // namespace tessa

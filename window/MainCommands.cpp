@@ -3,6 +3,7 @@
 #include "address/BoxHistories.h"
 #include "base/OwnAddresses.h"
 #include "commands/frmResize.h"
+#include "groups/TessaGroups.h"
 #include "sessions/frmSessions.h"
 #include "settings/frmInternetOptions.h"
 #include "settings/frmSettings.h"
@@ -39,12 +40,14 @@ void MainCommands::ShowInternetOptions() {
                              .siteChoices = m_platform.siteChoices,
                              .clear = [this](const BrowsingData& data, const Forgotten& done) { Clear(data, done); },
                              .currentPage = view ? view->Control->LocationURL() : Text(),
+                             .groups = TessaGroups::Names(m_platform.groupFolder),
                              .mailProgram = m_platform.shell.ProgramFor(u"mailto"),
                              .newsProgram = m_platform.shell.ProgramFor(u"news")});
     m_platform.forms.Show(form);
     if (!form.Apply) return;
     m_platform.engineOptions.ApplyInternetOptions();
     m_parts.settings.ApplySleep();
+    m_parts.settings.RememberLastSites = SettingsStore(m_platform.settings).RememberLastSites.Get();
 }
 
 void MainCommands::ShowAbout() {

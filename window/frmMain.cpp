@@ -192,7 +192,8 @@ void frmMain::Restore() {
 }
 
 void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
-    if (commandLine.empty()) {
+    m_startedBare = commandLine.empty();
+    if (m_startedBare) {
         ResumeNext(view.GoHome());
     } else if (GroupCommands::IsGroupFile(commandLine)) {
         ResumeNext(view.Navigate(Address::kBlank));
@@ -232,11 +233,25 @@ void frmMain::Form_Activate() {
     m_platform.splash.Unload();
     if (m_activated || m_stage != Stage::Loaded) return;
     m_activated = true;
+    OpenAtStart();
+    m_sessions.OfferBy(m_platform.offer);
+}
+
+void frmMain::OpenAtStart() {
+    const std::size_t before = pcPage.Count();
     if (m_settings.RememberLastSites && !m_openedFromCommandLine) {
         std::vector<Text> sites = SettingsStore(m_platform.settings).LastSites.Get();
         LastSites::Reopen(std::move(sites), m_tabs, m_browser, m_sessions.CameBack);
     }
-    m_sessions.OfferBy(m_platform.offer);
+    if (m_startedBare && pcPage.Count() == before) OpenStartGroup();
+}
+
+void frmMain::OpenStartGroup() {
+    const Text name = InternetSettings(m_platform.settings).StartGroup.Get();
+    if (name.empty()) return;
+    const Text file = m_groups.FileOf(name);
+    if (!file.empty()) return OpenTessaGroup(file);
+    m_tabs.Say(u"There is no TessaGroup " + OneLine(name) + u" to start with.");
 }
 
 void frmMain::Form_Resize() {

@@ -86,6 +86,8 @@ public:
     void OpenTessaGroups(const std::vector<Text>& groups) { m_groups.OpenTessaGroups(groups); }
     void AddToTessaGroup(TextView URL, TextView SGFile) { m_groups.AddToTessaGroup(URL, SGFile); }
     void OrganizeTessaGroup(TextView sFileName) { m_groups.OrganizeTessaGroup(sFileName); }
+    /// For whoever drives the window by a script.
+    [[nodiscard]] GroupCommands& Groups() { return m_groups; }
     /// There is nobody to ask: what needs an answer is not opened.
     void AskNobody() { m_groups.MayAsk = false; }
 
@@ -127,6 +129,8 @@ private:
     void SaveSettings();
     [[nodiscard]] MainLayout::Inputs LayoutInputs() const;
     void PlaceView(ArrayView& view);
+    void OpenAtStart();
+    void OpenStartGroup();
     void OpenCommandLine(BrowserView& view, TextView commandLine);
 
     MainWindowPlatform m_platform;
@@ -156,6 +160,7 @@ private:
     Stage m_stage = Stage::New;
     bool m_activated = false;
     bool m_openedFromCommandLine = false;
+    bool m_startedBare = false; ///< without a command line
 
 public:
     // Settings that live here, as others see and change them.

@@ -3,6 +3,7 @@
 #include "qt/dialogs/About.h"
 #include "qt/dialogs/AddFavorite.h"
 #include "qt/dialogs/DefBrowserDialog.h"
+#include "qt/dialogs/GroupCheckDialog.h"
 #include "qt/dialogs/GroupEditor.h"
 #include "qt/dialogs/InternetOptionsDialog.h"
 #include "qt/dialogs/OrganizeFavorites.h"
@@ -16,6 +17,7 @@ namespace tessa::qt {
 
 void Forms::Show(frmAddFavorite& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmDefBrowser& form) { ShowModal(form, m_splash.Window()); }
+void Forms::Show(frmGroupCheck& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmInternetOptions& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmOrganizeFavorites& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmRenameGroup& form) { ShowModal(form, &m_window); }

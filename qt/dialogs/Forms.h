@@ -16,6 +16,7 @@ public:
     void Show(frmAddFavorite& form) override;
     /// Above the splash, which would cover it.
     void Show(frmDefBrowser& form) override;
+    void Show(frmGroupCheck& form) override;
     void Show(frmInternetOptions& form) override;
     void Show(frmOrganizeFavorites& form) override;
     void Show(frmRenameGroup& form) override;

@@ -114,6 +114,7 @@ QWidget* InternetOptionsDialog::GeneralPage() {
     AddBox(*rows, m_form.lblHomePage, m_form.txtHomePage, "txtHomePage", u'H');
     AddButtons(*rows, {NewButton(m_form.cmdUseCurrent, "cmdUseCurrent", u'U'),
                        NewButton(m_form.cmdUseDefault, "cmdUseDefault", u'D')});
+    AddChoice(*rows, m_form.cboStart, "cboStart", u'A');
     AddBox(*rows, m_form.lblSearch, m_form.txtSearch, "txtSearch", u'S');
     AddBox(*rows, m_form.lblShop, m_form.txtShop, "txtShop", u'O');
     AddBox(*rows, m_form.lblFind, m_form.txtFind, "txtFind", u'F');

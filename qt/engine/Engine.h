@@ -52,6 +52,8 @@ public:
     void Relayout();
     /// The page that the keys for play and pause are for.
     [[nodiscard]] WebPage* MediaPage();
+    /// The view of that index; nothing when there is none.
+    [[nodiscard]] PageView* Find(std::int32_t index) const;
     /// The view of a page; nothing for a page of nobody's.
     [[nodiscard]] PageView* ViewOf(const QWebEnginePage* page) const;
     /// How many engine pages exist.
@@ -69,8 +71,6 @@ public:
     void StopCaptures();
 
 private:
-    [[nodiscard]] PageView* Find(std::int32_t index) const;
-
     OutsidePrograms m_outside;
     qt::Profiles m_profiles;
     qt::Schedule m_schedule;

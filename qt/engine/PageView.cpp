@@ -118,6 +118,14 @@ PageSecurity PageView::Security() const {
 
 bool PageView::Blank() const { return m_where.Blank(m_page && m_page->Page().AwaitsAny()); }
 
+PageProgress PageView::Progress() const {
+    const PageNavigation& stage = m_where.stage;
+    // Between the beginning and the engine's first word of it, it is awaited.
+    const bool awaits = m_page && m_page->Page().AwaitsAny();
+    if (stage.Busy() || awaits || stage.Wanted() == PageNavigation::Wish::Waiting) return PageProgress::Loading;
+    return stage.Waits() ? PageProgress::PutOff : PageProgress::Done;
+}
+
 bool PageView::MayHold() const { return m_page && !CrashPage() && m_page->Leaving().MayHold(); }
 
 void PageView::AskToLeave(LeaveReason why, std::function<void(bool holds)> told) {

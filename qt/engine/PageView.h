@@ -42,6 +42,7 @@ public:
     [[nodiscard]] PageLife* Life() override { return m_page ? m_page->Life() : nullptr; }
     [[nodiscard]] PageSecurity Security() const override;
     [[nodiscard]] bool Busy() const override { return m_where.stage.Busy(); }
+    [[nodiscard]] PageProgress Progress() const override;
     [[nodiscard]] Text LocationURL() const override { return m_where.Address(); }
     [[nodiscard]] bool Blank() const override;
     [[nodiscard]] bool MayHold() const override;

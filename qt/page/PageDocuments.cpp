@@ -10,13 +10,14 @@
 
 namespace tessa::qt {
 
-void PageDocuments::Save(QWebEnginePage& page, const QString& path, std::function<void(bool came)> told) {
+void PageDocuments::SaveAs(QWebEnginePage& page, const QString& path, QWebEngineDownloadRequest::SavePageFormat format,
+                           std::function<void(bool came)> told) {
     auto watch = std::make_unique<QObject>();
     const auto giveUp = [this, each = watch.get()] { GiveUp(each); };
     connect(&page, &QWebEnginePage::loadStarted, watch.get(), giveUp, Qt::QueuedConnection);
     connect(&page, &QObject::destroyed, watch.get(), giveUp, Qt::QueuedConnection);
     m_pending.push_back({&page, page.url(), {path, std::move(told)}, std::move(watch)});
-    page.save(path, QWebEngineDownloadRequest::SingleHtmlSaveFormat);
+    page.save(path, format);
 }
 
 // The engine has no name for such a download. A page may ask for one of its own address too, but what comes is from the

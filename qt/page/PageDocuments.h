@@ -2,12 +2,13 @@
 #include <QObject>
 #include <QPointer>
 #include <QUrl>
+#include <QWebEngineDownloadRequest>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
-class QWebEngineDownloadRequest;
 class QWebEnginePage;
 
 namespace tessa::qt {
@@ -25,7 +26,13 @@ public:
 
     /// Begins to write what `page` shows; replaces what is there. Given up when the page goes elsewhere before it
     /// began.
-    void Save(QWebEnginePage& page, const QString& path, std::function<void(bool came)> told = {});
+    void Save(QWebEnginePage& page, const QString& path, std::function<void(bool came)> told = {}) {
+        SaveAs(page, path, QWebEngineDownloadRequest::SingleHtmlSaveFormat, std::move(told));
+    }
+    /// The same of a web page, as it is now, with all that belongs to it in one file.
+    void SaveWhole(QWebEnginePage& page, const QString& path, std::function<void(bool came)> told) {
+        SaveAs(page, path, QWebEngineDownloadRequest::MimeHtmlSaveFormat, std::move(told));
+    }
     /// What was wanted when the request is the one that came of it, once.
     [[nodiscard]] std::optional<Wanted> Take(const QWebEngineDownloadRequest& request);
     /// Lets the request write the file, and tells.
@@ -38,6 +45,8 @@ private:
         Wanted wanted;
         std::unique_ptr<QObject> watch; ///< of the page, for as long as this is wanted
     };
+    void SaveAs(QWebEnginePage& page, const QString& path, QWebEngineDownloadRequest::SavePageFormat format,
+                std::function<void(bool came)> told);
     void GiveUp(const QObject* watch);
 
     std::vector<Pending> m_pending;

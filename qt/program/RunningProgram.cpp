@@ -19,6 +19,8 @@
 #include "qt/program/ReportSource.h"
 #include "qt/program/StripAssembly.h"
 #include "qt/program/WindowAssembly.h"
+#include "qt/script/NetworkProbe.h"
+#include "qt/script/ScriptBus.h"
 #include "qt/window/MainWindowFrame.h"
 #include "window/frmMain.h"
 
@@ -49,6 +51,7 @@ int RunEventLoop() {
 struct RunningProgram::Parts {
     Parts(int& argc, char** argv);
     [[nodiscard]] MainWindowPlatform Outside();
+    void FollowGroups();
 
     DesktopAssembly desktop;
     DesktopMessageBoxes messages;
@@ -70,6 +73,9 @@ struct RunningProgram::Parts {
     BarAssembly bar{main, window, engine.engine};
     KeyboardAssembly keyboard{main, window, bar};
     TaskViewPresenter taskView{main.TaskView(), window};
+    ScriptedWindow scripted{main, window};
+    ScriptBus scripts{scripted, engine.engine};
+    NetworkProbe probe;
     Clocks clocks{main, engine.engine.Schedule(), *memory};
 };
 
@@ -83,7 +89,20 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     tools.ListsTabs.ConnectForLife([this] { strip.List(); });
     tools.Customizes.ConnectForLife([this] { bar.Customize(); });
     desktop.settings.SetReport([this](const Text& message) { main.sbStatus.Complaint(message); });
+    FollowGroups();
+    scripts.Foreground.ConnectForLife([this](const QByteArray& token) { window.BringToForeground(token); });
     desktop.channel.Foreground.ConnectForLife([this](const QByteArray& token) { window.BringToForeground(token); });
+}
+
+void RunningProgram::Parts::FollowGroups() {
+    main.Groups().Probe = &probe;
+    main.Groups().Write = [this](GroupCommands::Writes what, const Text& path, const auto& told) {
+        const auto written = [told](const GroupOutput::Result& result) {
+            told(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
+        };
+        what == GroupCommands::Writes::Pdf ? scripts.Output().Pdf({}, ToQt(path), written)
+                                           : scripts.Output().Keep({}, ToQt(path), written);
+    };
 }
 
 MainWindowPlatform RunningProgram::Parts::Outside() {
@@ -147,6 +166,7 @@ int RunningProgram::Run() {
     // The window is on the screen before the engine, which takes long to load, is.
     QTimer::singleShot(0, &m->engine.engine, [this] {
         m->engine.Start();
+        m->scripts.Start(m->desktop.folders.state);
         // Known now, it can still be mended; at the end it would be too late.
         m->desktop.settings.TrySaving();
     });

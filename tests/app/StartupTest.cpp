@@ -22,6 +22,14 @@ TEST(Startup, AFirstStartShowsTheSplashThenTheWindow) {
     EXPECT_EQ(desk.views.Calls(1), "go about:blank, home");
 }
 
+TEST(Startup, WhoeverDrivesItStartsWithABlankTab) {
+    Desk desk;
+    const Startup::Program program{desk.application, desk.settings, desk.channel, desk.splash,
+                                   desk.window,      desk.main,     true};
+    EXPECT_EQ(Startup::Main(program, u""), Startup::Result::Runs);
+    EXPECT_EQ(desk.views.Calls(1), "go about:blank, go about:blank");
+}
+
 TEST(Startup, ASecondStartWithoutACommandLineOnlyBringsTheWindowForward) {
     Desk desk;
     desk.channel.running = true;

@@ -119,7 +119,8 @@ bool NamesTheSystem(const Include& include) {
 }
 
 bool SpeaksToTheSystem(std::string_view path) {
-    return path.starts_with("base/os/posix/") || path.starts_with("base/os/windows/") || path == "app/main.cpp";
+    return path.starts_with("base/os/posix/") || path.starts_with("base/os/windows/") || path == "app/main.cpp" ||
+           path.starts_with("ctl/");
 }
 
 /// What is wrong with one #include of a file in `layer`; nothing when it is in order.
@@ -131,6 +132,8 @@ std::optional<std::string> Complaint(const Layer& layer, const std::string& path
         return path + " includes the system: " + include.name;
     if (include.name.starts_with("libxml/") && !path.starts_with("favorites/bookmarks/"))
         return path + " includes libxml2: " + include.name;
+    if (include.name.starts_with("systemd/") && !path.starts_with("ctl/"))
+        return path + " includes the bus: " + include.name;
     if (include.as == Written::Angled) return std::nullopt;
     if (include.name.find("..") != std::string::npos) return path + " climbs out of its folder: " + include.name;
     const Layer* target = RoomOf(include.name);
@@ -384,6 +387,12 @@ TEST(Layers, LibxmlOutsideItsFolderIsFound) {
     EXPECT_EQ(Judge("favorites/bookmarks/X.cpp", "#include <libxml/HTMLparser.h>\n"), "");
     EXPECT_EQ(Judge("favorites/X.cpp", "#include <libxml/tree.h>\n"),
               "favorites/X.cpp includes libxml2: libxml/tree.h\n");
+}
+
+TEST(Layers, TheBusOutsideItsFolderIsFound) {
+    EXPECT_EQ(Judge("ctl/X.cpp", "#include <systemd/sd-bus.h>\n#include <unistd.h>\n"), "");
+    EXPECT_EQ(Judge("script/X.cpp", "#include <systemd/sd-bus.h>\n"),
+              "script/X.cpp includes the bus: systemd/sd-bus.h\n");
 }
 
 TEST(Layers, AWayAroundTheTableIsFound) {

@@ -279,10 +279,10 @@ TEST_F(DesignTimeBarTest, OfOurOwnOnlyWhatAsksFirstHasDots) {
         if (name.starts_with(u"xtr") && tool->Caption().ends_with(u"...")) asking.insert(ToUtf8(name));
     }
     const std::set<std::string> expected{
-        "xtrExportFavorites",   "xtrExportTessaGroups",   "xtrFolderSave", "xtrGroupDelete",
-        "xtrGroupOrganize",     "xtrGroupRename",         "xtrImageSave",  "xtrImportFavorites",
-        "xtrImportTessaGroups", "xtrLinkAddToTessaGroup", "xtrLinkSave",   "xtrMediaSave",
-        "xtrSessions",          "xtrTabAddToTessaGroup"};
+        "xtrExportFavorites", "xtrExportTessaGroups", "xtrFolderSave",          "xtrGroupDelete", "xtrGroupKeepOffline",
+        "xtrGroupPdf",        "xtrSaveSelectedLinks", "xtrGroupOrganize",       "xtrGroupRename", "xtrImageSave",
+        "xtrImportFavorites", "xtrImportTessaGroups", "xtrLinkAddToTessaGroup", "xtrLinkSave",    "xtrMediaSave",
+        "xtrSessions",        "xtrTabAddToTessaGroup"};
     EXPECT_EQ(asking, expected);
 }
 

@@ -237,9 +237,22 @@ TEST_F(PageMenuTest, OffersToOpenSelectedLinksOnlyWhereThereAreSome) {
     PageContext page = Selection(u"tea");
     EXPECT_EQ(Ask(page), "mnuCopy xtrSearchSelection | xtrInspect");
     page.SelectsLinks = true;
-    EXPECT_EQ(Ask(page), "mnuCopy xtrSearchSelection xtrOpenSelectedLinks | xtrInspect");
+    EXPECT_EQ(Ask(page), "mnuCopy xtrSearchSelection xtrOpenSelectedLinks xtrSaveSelectedLinks | xtrInspect");
     page.Editable = true;
     EXPECT_EQ(Ask(page).find("xtrOpenSelectedLinks"), std::string::npos);
+}
+
+TEST_F(PageMenuTest, OfASelectionMakesATessaGroupOfItsLinks) {
+    const TemporaryFolder folder;
+    desk.views.At(1).selectedLinks = {u"https://b.example/", u"javascript:alert(1)", u"https://c.example/",
+                                      u"https://b.example/"};
+    Ask(Selection(u"x"));
+    desk.files.chosen = folder.PathText("links.tvg");
+    desk.Click(u"xtrSaveSelectedLinks");
+    EXPECT_EQ(folder.Read("links.tvg"), "[TessaGroup]\r\nurl1=https://b.example/\r\nurl2=https://c.example/\r\n");
+    desk.views.At(1).selectedLinks = {u"mailto:a@b"};
+    desk.Click(u"xtrSaveSelectedLinks");
+    EXPECT_EQ(desk.Said(), "No link to a page is selected.");
 }
 
 TEST_F(PageMenuTest, OfASelectionOpensItsLinksBehindInTheirOrder) {

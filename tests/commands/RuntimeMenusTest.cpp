@@ -207,7 +207,8 @@ TEST_F(RuntimeMenusTest, ALinkPopsUpToOpenInANewTab) {
 TEST_F(RuntimeMenusTest, AGroupPopsUpToBeOpenedOrOrganized) {
     Group("g");
     Opened(u"bndTessaGroupsMenu");
-    EXPECT_EQ(PopupOf(Entry(u"bndTessaGroupsMenu", 3)), "xtrGroupOpen xtrGroupOrganize xtrGroupRename xtrGroupDelete");
+    EXPECT_EQ(PopupOf(Entry(u"bndTessaGroupsMenu", 3)),
+              "xtrGroupOpen xtrGroupOrganize xtrGroupCheck xtrGroupRename xtrGroupDelete");
     m_desk.Click(u"xtrGroupOpen");
     EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://1/");
     Text edited;

@@ -41,6 +41,7 @@ public:
     void FindSelectedLinks(std::function<void(std::vector<Text>)> answer) override { answer(selectedLinks); }
     [[nodiscard]] int ZoomLevel() const override { return zoom; }
     [[nodiscard]] bool Busy() const override { return busy; }
+    [[nodiscard]] PageProgress Progress() const override { return busy ? PageProgress::Loading : progress; }
     [[nodiscard]] Text LocationURL() const override { return Answer(location); }
     [[nodiscard]] bool Blank() const override { return location == u"about:blank" || location == u"tessaview:private"; }
     [[nodiscard]] bool MayHold() const override { return mayHold; }
@@ -63,6 +64,7 @@ public:
     BrowserViewEvents& events;
     FakeViews& all;
     bool busy = false;
+    PageProgress progress = PageProgress::Done; ///< while it is not busy
     bool visible = false;
     bool tabStop = true;
     bool refuses = false;          ///< every call that can fail does

@@ -74,11 +74,34 @@ class Package(unittest.TestCase):
         self.assertEqual(entry["Exec"], "tessaview %u")
         self.assertTrue((self.root / "usr/bin" / entry["TryExec"]).is_file())
         self.assertTrue((self.share / f"icons/hicolor/scalable/apps/{entry['Icon']}.svg").is_file())
-        for kind in ("x-scheme-handler/http", "x-scheme-handler/https", "text/html", "application/xhtml+xml",
-                     "application/x-tessagroup"):
+        for kind in ("x-scheme-handler/http", "x-scheme-handler/https", "text/html", "application/xhtml+xml"):
             self.assertIn(kind, entry["MimeType"].split(";"))
         actions = {each: entries[f"Desktop Action {each}"]["Name"] for each in entry["Actions"].split(";") if each}
         self.assertEqual(list(actions.values()), ["New Tab", "Open TessaGroup"])
+
+    def test_a_double_click_on_a_group_opens_it_as_one(self):
+        file = self.share / "applications/tessaview-group.desktop"
+        self.assertEqual(package.run("desktop-file-validate", file), "")
+        entries = configparser.ConfigParser(interpolation=None)
+        entries.optionxform = str
+        entries.read(file, encoding="utf-8")
+        entry = entries["Desktop Entry"]
+        self.assertEqual(entry["Exec"], "tessaviewctl open-group %f")
+        self.assertEqual((entry["NoDisplay"], entry["MimeType"]), ("true", "application/x-tessagroup;"))
+        self.assertTrue((self.root / "usr/bin" / entry["TryExec"]).is_file())
+
+    def test_the_small_program_answers_without_a_bus_and_completes(self):
+        nowhere = package.clean_environment()
+        program = self.root / "usr/bin/tessaviewctl"
+        self.assertIn("Usage: tessaviewctl", package.run(program, "--help", env=nowhere))
+        libraries = package.run("ldd", program, env=nowhere)
+        self.assertNotIn("Qt", libraries)
+        for file in ("bash-completion/completions/tessaviewctl", "zsh/vendor-completions/_tessaviewctl",
+                     "fish/vendor_completions.d/tessaviewctl.fish", "man/man1/tessaviewctl.1.gz"):
+            self.assertTrue((self.share / file).is_file(), file)
+        completion = self.share / "bash-completion/completions/tessaviewctl"
+        script = f"source {completion}; COMP_WORDS=(tessaviewctl open-); COMP_CWORD=1; _tessaviewctl; echo ${{COMPREPLY[*]}}"
+        self.assertEqual(package.run("bash", "-c", script, env=nowhere), "open-group\n")
 
     def test_the_software_centres_accept_the_description(self):
         (file,) = (self.share / "metainfo").iterdir()

@@ -93,6 +93,44 @@ TEST_F(InternetOptions, OkKeepsEveryOption) {
     EXPECT_EQ(form->txtMail.Value(), u"mail --new");
 }
 
+TEST_F(InternetOptions, AStartOpensTheHomePageTheLastPagesOrAGroup) {
+    const auto open = [this] {
+        return std::make_unique<frmInternetOptions>(settings,
+                                                    frmInternetOptions::Outside{.groups = {u"News", u"Tea\u202e"}});
+    };
+    auto form = open();
+    EXPECT_EQ(form->cboStart.Items, (std::vector<Text>{u"Home page", u"The pages that were open last",
+                                                       u"TessaGroup News", u"TessaGroup Tea\ufffd"}));
+    const auto choose = [&](std::size_t index) {
+        form->cboStart.Index = index;
+        form->cmdOK.Click();
+        form = open();
+        EXPECT_EQ(form->cboStart.Index(), index);
+    };
+    choose(1);
+    EXPECT_TRUE(SettingsStore(settings).RememberLastSites.Get());
+    choose(3);
+    EXPECT_FALSE(SettingsStore(settings).RememberLastSites.Get());
+    EXPECT_EQ(InternetSettings(settings).StartGroup.Get(), u"Tea\u202e");
+    choose(0);
+    EXPECT_EQ(InternetSettings(settings).StartGroup.Get(), u"");
+}
+
+TEST_F(InternetOptions, AGroupThatHasGoneStaysChosen) {
+    ResumeNext(InternetSettings(settings).StartGroup.Set(u"Gone"));
+    const auto form = Open();
+    EXPECT_EQ(form->cboStart.Items.at(form->cboStart.Index()), u"TessaGroup Gone");
+    form->cmdOK.Click();
+    EXPECT_EQ(InternetSettings(settings).StartGroup.Get(), u"Gone");
+}
+
+TEST_F(InternetOptions, WhatOtherSettingsSayOfTheLastPagesStaysUnlessItIsTouched) {
+    ResumeNext(SettingsStore(settings).RememberLastSites.Set(true));
+    ResumeNext(InternetSettings(settings).StartGroup.Set(u"News"));
+    Open()->cmdOK.Click();
+    EXPECT_TRUE(SettingsStore(settings).RememberLastSites.Get());
+}
+
 TEST_F(InternetOptions, TabsSleepOnlyWhenAskedFor) {
     auto form = Open();
     EXPECT_FALSE(form->chkSleep.Ticked());

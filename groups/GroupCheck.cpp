@@ -1,0 +1,116 @@
+#include "groups/GroupCheck.h"
+
+#include "base/ini/IniFile.h"
+#include "base/os/AtomicFile.h"
+#include "base/os/Paths.h"
+
+#include <algorithm>
+
+namespace tessa {
+
+namespace {
+
+constexpr std::string_view kMendedSection = "TessaGroup";
+constexpr std::size_t kMostMended = std::size_t{8} << 20;
+
+} // namespace
+
+GroupCheck::GroupCheck(AddressProbe& probe, const std::vector<Text>& addresses) : m_probe(probe) {
+    std::set<Text> seen;
+    for (const Text& each : addresses) {
+        if (seen.insert(each).second) m_trails.emplace_back(each);
+    }
+}
+
+void GroupCheck::Start() {
+    for (std::size_t at = 0; at < m_trails.size(); ++at) {
+        if (m_trails[at].Next().empty())
+            ++m_known;
+        else
+            m_waiting.push_back(at);
+    }
+    AskOn();
+    if (Done()) Progress();
+}
+
+void GroupCheck::AskOn() {
+    for (std::size_t place = 0; place < m_waiting.size() && m_asked.size() < kMostHosts && !m_stopped;) {
+        const std::size_t at = m_waiting[place];
+        const Text host = HostOfWeb(m_trails[at].Next());
+        if (m_asked.contains(host)) {
+            ++place;
+            continue;
+        }
+        m_waiting.erase(m_waiting.begin() + static_cast<std::ptrdiff_t>(place));
+        Ask(at, host);
+    }
+}
+
+void GroupCheck::Ask(std::size_t at, const Text& host) {
+    m_asked.insert(host);
+    m_probe.Ask(m_trails[at].Next(), [this, at, host](const ProbeAnswer& answer) { Take(at, host, answer); });
+}
+
+// A redirect waits for its host as everybody does, but comes first.
+void GroupCheck::Take(std::size_t at, const Text& host, const ProbeAnswer& answer) {
+    if (m_stopped) return;
+    m_asked.erase(host);
+    m_trails[at].Take(answer);
+    const bool known = m_trails[at].Next().empty();
+    if (known)
+        ++m_known;
+    else
+        m_waiting.insert(m_waiting.begin(), at);
+    AskOn();
+    if (known) Progress();
+}
+
+void GroupCheck::Stop() {
+    if (Done()) return;
+    m_stopped = true;
+    m_probe.StopAll();
+    Progress();
+}
+
+std::vector<HealthLine> GroupCheck::Lines() const {
+    std::vector<HealthLine> lines;
+    for (const HealthTrail& each : m_trails) {
+        lines.push_back(each.Line());
+        if (!each.Next().empty()) lines.back().moved.clear();
+    }
+    return lines;
+}
+
+namespace GroupMending {
+
+std::optional<Before> Change(TextView path, const std::map<Text, Text>& changes) {
+    const std::string name = PathToBytes(path);
+    const auto bytes = ReadWholeFile(name, kMostMended + 1);
+    if (!bytes || bytes->size() > kMostMended) return std::nullopt;
+    IniFile file(*bytes);
+    const std::string keys = file.KeyList(kMendedSection, "", kMostMended);
+    std::size_t begin = 0;
+    for (std::size_t end = keys.find('\0'); end != std::string::npos; end = keys.find('\0', begin)) {
+        const std::string key = keys.substr(begin, end - begin);
+        const auto change = changes.find(ReadIniValue(file, kMendedSection, key, u""));
+        begin = end + 1;
+        if (change == changes.end()) continue;
+        if (change->second.empty())
+            file.RemoveKey(kMendedSection, key);
+        else
+            file.SetValue(kMendedSection, key, ToUtf8(change->second));
+    }
+    Before before{*bytes, file.Bytes()};
+    if (before.after != before.bytes && WriteWholeFile(name, before.after) != Outcome::Done) return std::nullopt;
+    return before;
+}
+
+Outcome Undo(TextView path, const Before& before) {
+    const std::string name = PathToBytes(path);
+    if (ReadWholeFile(name, kMostMended + 1) != before.after) return Outcome::Failed;
+    return WriteWholeFile(name, before.bytes);
+}
+
+} // namespace GroupMending
+
+} // namespace tessa

@@ -1,0 +1,129 @@
+#include "groups/GroupPlan.h"
+
+#include "base/os/AtomicFile.h"
+#include "base/os/Paths.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace tessa {
+
+namespace {
+
+constexpr std::string_view kPlanSection = "TessaView";
+constexpr std::string_view kPage = "page";
+constexpr TextView kSize = u"size";
+constexpr int kSizes = 5;
+// An address has no more; the list of keys holds far more pages than a group has.
+constexpr std::size_t kLongestPage = std::size_t{64} << 10, kPlanKeys = std::size_t{1} << 20;
+constexpr std::size_t kLargestPlanFile = std::size_t{8} << 20;
+
+bool IsPageKey(std::string_view key) {
+    return key.size() > kPage.size() && InSmallLetters(FromBytes(key.substr(0, kPage.size()))) == u"page" &&
+           std::all_of(key.begin() + kPage.size(), key.end(), [](char each) { return each >= '0' && each <= '9'; });
+}
+
+std::vector<std::string> PageKeys(const IniFile& file) {
+    const std::string keys = file.KeyList(kPlanSection, "", kPlanKeys);
+    std::vector<std::string> pages;
+    std::size_t begin = 0;
+    for (std::size_t end = keys.find('\0'); end != std::string::npos; end = keys.find('\0', begin)) {
+        std::string key = keys.substr(begin, end - begin);
+        if (IsPageKey(key)) pages.push_back(std::move(key));
+        begin = end + 1;
+    }
+    return pages;
+}
+
+void SetOrRemove(IniFile& file, std::string_view key, const std::string& value) {
+    if (!value.empty())
+        file.SetValue(kPlanSection, key, value);
+    else
+        file.RemoveKey(kPlanSection, key);
+}
+
+template<typename Take>
+void ForEachWord(TextView words, Take take) {
+    while (!words.empty()) {
+        const std::size_t end = std::min(words.find(u','), words.size());
+        take(words.substr(0, end));
+        words.remove_prefix(std::min(end + 1, words.size()));
+    }
+}
+
+} // namespace
+
+Text WordsOf(const PagePlan& plan) {
+    Text words;
+    const auto add = [&words](TextView word) { words += (words.empty() ? u"" : u",") + Text(word); };
+    if (plan.place == PagePlan::Place::First) add(u"first");
+    if (plan.place == PagePlan::Place::Last) add(u"last");
+    if (plan.asleep) add(u"asleep");
+    if (plan.muted) add(u"muted");
+    if (plan.textSize) add(Text(kSize) + Decimal(*plan.textSize));
+    return words;
+}
+
+PagePlan PlanIn(TextView words) {
+    PagePlan plan;
+    ForEachWord(words, [&plan](TextView word) {
+        if (word == u"first") plan.place = PagePlan::Place::First;
+        if (word == u"last") plan.place = PagePlan::Place::Last;
+        if (word == u"asleep") plan.asleep = true;
+        if (word == u"muted") plan.muted = true;
+        const auto size = word.starts_with(kSize) ? WholeNumber(word.substr(kSize.size())) : std::nullopt;
+        if (size && *size >= 0 && *size < kSizes) plan.textSize = *size;
+    });
+    return plan;
+}
+
+PagePlan GroupPlan::For(const Text& address) const {
+    const auto found = pages.find(address);
+    return found == pages.end() ? PagePlan() : found->second;
+}
+
+std::vector<Text> GroupPlan::Ordered(const std::vector<Text>& addresses) const {
+    std::vector<Text> ordered = addresses;
+    const auto rank = [this](const Text& address) {
+        constexpr std::array kRanks{1, 0, 2}; // in the order of the places
+        return kRanks.at(static_cast<std::size_t>(For(address).place));
+    };
+    std::ranges::stable_sort(ordered, {}, rank);
+    return ordered;
+}
+
+GroupPlan GroupPlan::Read(const IniFile& file) {
+    GroupPlan plan;
+    const Text colour = InSmallLetters(ReadIniValue(file, kPlanSection, "colour", u""));
+    if (std::ranges::find(kColours, TextView(colour)) != std::end(kColours)) plan.colour = colour;
+    plan.behind = ReadIniValue(file, kPlanSection, "behind", u"") == u"1";
+    plan.closeOthers = ReadIniValue(file, kPlanSection, "closeothers", u"") == u"1";
+    for (const std::string& key : PageKeys(file)) {
+        const Text value = FromBytes(file.Value(kPlanSection, key, "", kLongestPage));
+        const std::size_t blank = value.find(u' ');
+        if (blank == Text::npos) continue;
+        const PagePlan page = PlanIn(TextView(value).substr(0, blank));
+        if (page != PagePlan()) plan.pages.emplace(value.substr(blank + 1), page);
+    }
+    return plan;
+}
+
+GroupPlan GroupPlan::Of(TextView path) {
+    return Read(IniFile(ReadWholeFile(PathToBytes(path), kLargestPlanFile).value_or(std::string())));
+}
+
+void GroupPlan::Write(IniFile& file) const {
+    for (const std::string& key : PageKeys(file)) file.RemoveKey(kPlanSection, key);
+    SetOrRemove(file, "colour", ToUtf8(colour));
+    SetOrRemove(file, "behind", behind ? "1" : "");
+    SetOrRemove(file, "closeothers", closeOthers ? "1" : "");
+    std::size_t number = 0;
+    for (const auto& [address, page] : pages) {
+        if (page == PagePlan()) continue;
+        file.SetValue(kPlanSection, std::string(kPage) + std::to_string(++number),
+                      ToUtf8(WordsOf(page) + u" " + address));
+    }
+}
+
+} // namespace tessa

@@ -1,0 +1,54 @@
+#pragma once
+#include "base/Outcome.h"
+#include "base/Text.h"
+#include "base/ini/IniFile.h"
+
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace tessa {
+
+/// How one page of a group opens.
+struct PagePlan {
+    enum class Place { AsListed, First, Last };
+    Place place = Place::AsListed;
+    bool asleep = false; ///< it loads when somebody looks
+    bool muted = false;
+    std::optional<int> textSize{}; ///< from 0 to 4, as `PageDocument::Zoom` has it
+
+    bool operator==(const PagePlan&) const = default;
+};
+
+/// What the second section of a group's file, "TessaView", says: how the group opens. Its keys are "colour", "behind",
+/// "closeothers" and "page1", "page2", ...; a page's value is words with commas between, a blank, and the address as it
+/// stands in the section "TessaGroup". Whatever else stands in the file belongs to others.
+struct GroupPlan {
+    Text colour{};                  ///< one of `kColours`; empty for none
+    bool behind = false;            ///< the tab in front stays so
+    bool closeOthers = false;       ///< whatever the user's settings say
+    std::map<Text, PagePlan> pages; ///< by address; those that open as ever are not among them
+
+    static constexpr TextView kColours[] = {u"red", u"orange", u"yellow", u"green", u"blue", u"purple", u"grey"};
+
+    /// How that address opens.
+    [[nodiscard]] PagePlan For(const Text& address) const;
+    /// Puts the addresses into the order in which they open.
+    [[nodiscard]] std::vector<Text> Ordered(const std::vector<Text>& addresses) const;
+
+    /// What cannot be understood counts as never written.
+    [[nodiscard]] static GroupPlan Read(const IniFile& file);
+    /// Of the file of that path; of one that cannot be read nothing is planned.
+    [[nodiscard]] static GroupPlan Of(TextView path);
+    /// Writes into the file what differs from a group without a plan. Keys of others stay.
+    void Write(IniFile& file) const;
+
+    bool operator==(const GroupPlan&) const = default;
+};
+
+/// The words for one page, as the file and the editor have them: "first,asleep,muted,size4"; empty for none.
+[[nodiscard]] Text WordsOf(const PagePlan& plan);
+/// And back; words that are none are passed over.
+[[nodiscard]] PagePlan PlanIn(TextView words);
+
+} // namespace tessa

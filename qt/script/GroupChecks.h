@@ -1,0 +1,27 @@
+#pragma once
+#include "groups/GroupHealth.h"
+
+#include <functional>
+#include <list>
+#include <vector>
+
+namespace tessa::qt {
+
+/// Checks of groups that nobody looks at.
+class GroupChecks {
+public:
+    /// Checks the group of that file, and tells how it stands with its addresses.
+    void Check(const Text& file, std::function<void(const std::vector<HealthLine>&)> checked);
+
+private:
+    struct Running;
+    using Places = std::list<Running>;
+
+    Places m_running;
+
+public:
+    GroupChecks();
+    ~GroupChecks();
+};
+
+} // namespace tessa::qt

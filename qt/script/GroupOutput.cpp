@@ -1,0 +1,108 @@
+#include "qt/script/GroupOutput.h"
+
+#include "base/os/AtomicFile.h"
+#include "base/os/Folder.h"
+#include "base/os/Paths.h"
+#include "groups/TessaGroups.h"
+#include "qt/base/PathBytes.h"
+#include "qt/base/Strings.h"
+#include "qt/page/PageOutput.h"
+#include "qt/script/PdfBinder.h"
+
+#include <QTemporaryDir>
+#include <memory>
+#include <utility>
+
+namespace tessa::qt {
+
+namespace {
+
+/// The pages that are there so far, each in a file.
+struct Collected {
+    QTemporaryDir folder;
+    std::vector<PdfBinder::Part> parts;
+    QStringList left;
+};
+
+/// A folder that fills with pages, and the group that is to open them.
+struct Keeping {
+    std::string group, folder;
+    std::vector<TessaGroups::NumberedAddress> addresses;
+    QStringList left;
+};
+
+void Name(QStringList& left, const std::vector<std::string>& more) {
+    for (const std::string& each : more) left.append(QString::fromStdString(each));
+}
+
+QString AddressIn(const ScriptTab& tab) { return QString::fromStdString(tab.address); }
+
+// What stands for itself in no address is left out.
+QString FileFor(const ScriptTab& tab, std::size_t number) {
+    QString name = PageOutput::FileNameFor(QString::fromStdString(tab.title));
+    for (const QChar each : QStringLiteral("#%:")) name.replace(each, QLatin1Char(' '));
+    return QStringLiteral("%1 %2.mhtml").arg(number, 3, 10, QLatin1Char('0')).arg(name.simplified());
+}
+
+QString WriteGroup(const Keeping& keeping) {
+    if (keeping.addresses.empty()) return QStringLiteral("No page could be kept.");
+    const Text path = PathFromBytes(keeping.group);
+    if (TessaGroups::Write(path, keeping.addresses) == Outcome::Done) return {};
+    return QStringLiteral("The file could not be written: %1").arg(ToQt(path));
+}
+
+} // namespace
+
+void GroupOutput::Pdf(const std::vector<std::uint32_t>& numbers, const QString& file, const Written& written) {
+    const auto collected = std::make_shared<Collected>();
+    const auto step = [this, collected](const ScriptTab& tab, const std::function<void()>& next) {
+        const auto take = [collected, tab, next](const QByteArray& pdf) {
+            const QString part = collected->folder.filePath(QStringLiteral("%1.pdf").arg(collected->parts.size()));
+            const std::string_view bytes(pdf.constData(), static_cast<std::size_t>(pdf.size()));
+            if (!bytes.empty() && WriteWholeFile(PathBytes(part), bytes) == Outcome::Done)
+                collected->parts.push_back({part, QString::fromStdString(tab.title), AddressIn(tab)});
+            else
+                collected->left.append(AddressIn(tab));
+            next();
+        };
+        m_reads.Pdf(static_cast<std::int32_t>(tab.number), take);
+    };
+    m_walk.Go(numbers, step, [collected, file, written](const std::vector<std::string>& left) {
+        Name(collected->left, left);
+        QStringList broken;
+        const QString refusal = PdfBinder::Bind(collected->parts, file, broken);
+        written({refusal, collected->left + broken});
+    });
+}
+
+void GroupOutput::Keep(const std::vector<std::uint32_t>& numbers, const QString& group, const Written& written) {
+    const auto keeping = std::make_shared<Keeping>();
+    keeping->group = PathBytes(group);
+    if (!IsAbsolute(keeping->group) || !group.endsWith(ToQt(TessaGroups::kExtension)))
+        return written({QStringLiteral("The path of a TessaGroup ends in .tvg: %1").arg(group), {}});
+    keeping->folder = keeping->group.substr(0, keeping->group.size() - TessaGroups::kExtension.size());
+    if (LeadsSomewhere(keeping->group) || LeadsSomewhere(keeping->folder))
+        return written({QStringLiteral("There is such a file or folder already: %1").arg(group), {}});
+    if (!MakeFolders(keeping->folder))
+        return written({QStringLiteral("The folder could not be made: %1").arg(group), {}});
+    const auto step = [this, keeping](const ScriptTab& tab, const std::function<void()>& next) {
+        const QString name = FileFor(tab, keeping->addresses.size() + 1);
+        const QString file = QFile::decodeName(keeping->folder.c_str()) + QLatin1Char('/') + name;
+        m_reads.Keep(static_cast<std::int32_t>(tab.number), file, [keeping, tab, name, next](bool kept) {
+            const Text beside = PathFromBytes(LastNameOf(keeping->folder)) + u"/" + FromQt(name);
+            if (kept)
+                keeping->addresses.push_back({keeping->addresses.size() + 1, beside});
+            else
+                keeping->left.append(AddressIn(tab));
+            next();
+        });
+    };
+    m_walk.Go(numbers, step, [keeping, written](const std::vector<std::string>& left) {
+        Name(keeping->left, left);
+        const QString refusal = WriteGroup(*keeping);
+        if (!refusal.isEmpty()) ResumeNext(RemoveTree(keeping->folder));
+        written({refusal, keeping->left});
+    });
+}
+
+} // namespace tessa::qt

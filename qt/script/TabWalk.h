@@ -1,0 +1,62 @@
+#pragma once
+#include "app/ScriptedWindow.h"
+#include "qt/script/PageReads.h"
+
+#include <QObject>
+#include <QTimer>
+#include <functional>
+#include <vector>
+
+namespace tessa::qt {
+
+/// Waits for pages to load.
+class LoadWaits final : public QObject {
+public:
+    /// How many may wait at most.
+    static constexpr std::size_t kMost = 500;
+
+    /// The window outlives it.
+    explicit LoadWaits(const ScriptedWindow& window);
+
+    /// Calls `ready` once none of these tabs loads any more, of all when there are none. False when too many wait.
+    [[nodiscard]] bool When(std::vector<std::uint32_t> numbers, std::function<void()> ready);
+
+private:
+    void Look();
+
+    struct Waiting {
+        std::vector<std::uint32_t> numbers;
+        std::function<void()> ready;
+    };
+    const ScriptedWindow& m_window;
+    std::vector<Waiting> m_waiting;
+    QTimer m_look;
+};
+
+/// Goes from tab to tab: wakes each page, waits until it has loaded, and has something done with it. One that slept
+/// sleeps again afterwards, so that however many there are, few are awake.
+class TabWalk {
+public:
+    /// Does something with the page of a tab, and calls `next`.
+    using Step = std::function<void(const ScriptTab& tab, std::function<void()> next)>;
+    /// The titles or addresses of the tabs that were left out.
+    using Ended = std::function<void(const std::vector<std::string>& left)>;
+
+    /// All outlive it.
+    TabWalk(const ScriptedWindow& window, PageReads& reads, LoadWaits& waits)
+        : m_window(window), m_reads(reads), m_waits(waits) {}
+
+    /// Through these tabs, through all when there are none. Private ones are passed over in silence.
+    void Go(const std::vector<std::uint32_t>& numbers, Step step, Ended ended);
+
+private:
+    struct Walk;
+    void Next(const std::shared_ptr<Walk>& walk);
+    void Visit(const std::shared_ptr<Walk>& walk, const ScriptTab& tab);
+
+    const ScriptedWindow& m_window;
+    PageReads& m_reads;
+    LoadWaits& m_waits;
+};
+
+} // namespace tessa::qt

@@ -1,0 +1,243 @@
+# Tests: BusCalls, CtlRun, GroupChecks, GroupOutput, NetworkProbe, PageReads, PdfBinder, ScriptBus, StartProgram, TabWalk
+"""The program as a script drives it: by nothing but tessaviewctl."""
+
+import json
+import os
+import subprocess
+import unittest
+
+import check_server
+import desk
+
+PROGRAM = desk.program_file()
+CTL = os.path.join(os.path.dirname(PROGRAM), "tessaviewctl")
+
+
+class Scripted(unittest.TestCase):
+    def setUp(self):
+        self.home = desk.state_folder()
+
+    def tearDown(self):
+        self.ctl("quit", code=None)
+
+    def start(self, *command, code=0, home=None):
+        """What tessaviewctl prints and says. `code` is the exit code that it is to have; None for any."""
+        environment = dict(os.environ, **desk.SANDBOX, TESSAVIEW_HOME=home or self.home)
+        done = subprocess.run([CTL, *command], env=environment, capture_output=True, stdin=subprocess.DEVNULL)
+        if code is not None:
+            self.assertEqual(done.returncode, code, (command, done.stderr))
+        return done.stdout, done.stderr.decode()
+
+    def ctl(self, *command, code=0, home=None):
+        return self.start(*command, code=code, home=home)[0].decode()
+
+    def complaint(self, *command, code=1):
+        return self.start(*command, code=code)[1]
+
+    def tabs(self):
+        return json.loads(self.ctl("list", "--json"))
+
+    def strip(self):
+        return [f"[{tab['title']}]" if "front" in tab["state"] else tab["title"] for tab in self.tabs()]
+
+    def group(self, name, addresses):
+        folder = os.path.join(self.home, "TessaGroups")
+        os.makedirs(folder, exist_ok=True)
+        desk.write_group(os.path.join(folder, name), addresses)
+        return os.path.join(folder, name)
+
+
+class WholeLife(Scripted):
+    def test_a_group_is_opened_waited_for_listed_saved_printed_and_ended(self):
+        with desk.PageServer(hosts=3) as pages:
+            addresses = [pages.address(title, host) for host, title in enumerate(("One", "Two", "Three"), 1)]
+            file = self.group("Three.tvg", addresses)
+            self.ctl("open-group", "Three", "--wait")
+            self.assertEqual(self.strip(), ["One", "Two", "[Three]"])
+            self.assertEqual([tab["address"] for tab in self.tabs()], addresses)
+            self.assertEqual({tab["group"] for tab in self.tabs()}, {file})
+            lines = self.ctl("list").splitlines()
+            self.assertEqual(lines[0].split("\t")[1:], ["", "One", addresses[0], file])
+            numbers = [str(tab["number"]) for tab in self.tabs()]
+            saved = os.path.join(self.home, "saved.tvg")
+            self.ctl("save-group", saved)
+            with open(saved, newline="") as text:
+                self.assertEqual(text.read().split("\r\n")[1:-1], [f"url{n}={a}" for n, a in enumerate(addresses, 1)])
+            self.assertIn("There is such a file already", self.complaint("save-group", saved))
+            self.assertEqual(self.ctl("text", numbers[0]), "One\n")
+            self.assertIn("<h1>Two</h1>", self.ctl("html", numbers[1]))
+            pdf, picture = os.path.join(self.home, "one.pdf"), os.path.join(self.home, "two.png")
+            self.ctl("pdf", numbers[0], pdf)
+            read = subprocess.run(["pdftotext", pdf, "-"], capture_output=True, text=True, check=True)
+            self.assertIn("One", read.stdout)
+            self.ctl("screenshot", numbers[1], picture)
+            with open(picture, "rb") as image:
+                self.assertEqual(image.read(8), b"\x89PNG\r\n\x1a\n")
+            colours = subprocess.run(["identify", "-format", "%k", picture], capture_output=True, text=True, check=True)
+            self.assertGreater(int(colours.stdout), 2, "the page is drawn")
+            self.assertEqual(self.strip(), ["One", "[Two]", "Three"])
+            self.ctl("activate", numbers[2])
+            self.ctl("close", numbers[0], numbers[1])
+            self.assertEqual(self.strip(), ["[Three]"])
+            self.ctl("reload", "all", "--wait")
+            self.assertEqual(self.ctl("search", "three").split("\t")[0], numbers[2])
+            self.assertEqual(self.ctl("search", "two"), "")
+            self.ctl("run-command", "mnuNewBlank")
+            self.ctl("wait-idle")
+            self.ctl("quit")
+            self.assertIn("does not run", self.complaint("list", code=3))
+
+
+class Opening(Scripted):
+    def test_addresses_open_where_nothing_runs_and_where_something_does(self):
+        with desk.PageServer(hosts=2) as pages:
+            self.ctl("open", pages.address("One"), "--wait")
+            self.assertEqual(self.strip(), ["[One]"])
+            self.ctl("open", pages.address("Two"), pages.address("Three"), "--behind", "--wait")
+            self.assertEqual(self.strip(), ["[One]", "Two", "Three"])
+            # One that nothing answers has failed, which is loaded enough.
+            self.ctl("open", "http://127.0.0.9:1/", "--wait")
+            self.assertEqual(len(self.tabs()), 4)
+
+    def test_two_groups_that_are_clicked_at_once_open_as_groups(self):
+        with desk.PageServer(hosts=2) as pages:
+            first = self.group("A.tvg", [pages.address("One")])
+            second = self.group("B.tvg", [pages.address("Two", 2)])
+            environment = dict(os.environ, **desk.SANDBOX, TESSAVIEW_HOME=self.home)
+            starts = [
+                subprocess.Popen([CTL, "open-group", file], env=environment, stdin=subprocess.DEVNULL)
+                for file in (first, second)
+            ]
+            self.assertEqual([each.wait() for each in starts], [0, 0])
+            self.ctl("wait-idle")
+            titles = {tab["title"] for tab in self.tabs()}
+            self.assertEqual(titles - {"about:blank"}, {"One", "Two"})
+
+    def test_waiting_ends_with_the_time_that_is_given(self):
+        with desk.PageServer(answers=0) as pages:
+            self.ctl("open", pages.address("Slow"))
+            self.assertIn("in time", self.complaint("wait-idle", "--timeout", "1", code=4))
+            pages.answer_all()
+            self.ctl("wait-idle")
+            self.assertEqual(self.strip(), ["[Slow]"])
+
+    def test_what_cannot_be_is_refused_with_words(self):
+        self.assertIn("does not run", self.complaint("list", code=3))
+        self.assertIn("does not run", self.complaint("quit", code=3))
+        self.assertIn("no such command", self.complaint("fly", code=2))
+        self.assertIn("no such file", self.complaint("open-group", "/none.tvg"))
+        self.ctl("open", "about:blank")
+        self.assertIn("no TessaGroup of that name", self.complaint("open-group", "None"))
+        self.assertIn("no page", self.complaint("open", "javascript:alert(1)"))
+        self.assertIn("There is no tab 99", self.complaint("text", "99"))
+        self.assertIn("no such command", self.complaint("run-command", "mnuNothing"))
+        (number,) = [str(tab["number"]) for tab in self.tabs()]
+        self.assertIn("could not be written", self.complaint("pdf", number, "/nowhere/at/all.pdf"))
+
+    def test_a_private_tab_says_nothing(self):
+        with desk.PageServer() as pages:
+            self.ctl("open", pages.address("One"), "--wait")
+            self.ctl("run-command", "xtrPrivateTab")
+            desk.wait_until(lambda: len(self.tabs()) == 2)
+            private = next(tab for tab in self.tabs() if "private" in tab["state"])
+            self.assertEqual((private["title"], private["address"]), ("", ""))
+            for command in (["text"], ["html"], ["pdf", "x.pdf"], ["screenshot", "x.png"]):
+                words = [command[0], str(private["number"]), *command[1:]]
+                self.assertIn("private", self.complaint(*words))
+
+    def test_another_home_is_another_program(self):
+        self.ctl("open", "about:blank")
+        other = desk.state_folder()
+        self.assertNotEqual(self.ctl("bus-name"), self.ctl("bus-name", home=other))
+        self.assertIn("does not run", self.complaint("--instance", other, "list", code=3))
+        self.assertEqual(len(json.loads(self.ctl("--instance", self.home, "list", "--json", home=other))), 1)
+
+
+class TakenAlong(Scripted):
+    def test_all_pages_become_one_pdf_with_an_outline(self):
+        with desk.PageServer(hosts=2) as pages:
+            self.ctl("open", pages.address("One"), pages.address("Two", 2), "--wait")
+            self.ctl("run-command", "xtrPrivateTab")
+            file = os.path.join(self.home, "all.pdf")
+            self.ctl("pdf", "all", file)
+            read = subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True)
+            first, second = read.stdout.split("\f")[:2]
+            self.assertIn("One", first)
+            self.assertIn(pages.address("One"), first)
+            self.assertIn("1/2", first)
+            self.assertIn(pages.address("Two", 2), second)
+            self.assertIn("2/2", second)
+            outline = subprocess.run(["qpdf", "--json", "--json-key=outlines", file], capture_output=True, check=True)
+            self.assertEqual(
+                [(each["title"], each["destpageposfrom1"]) for each in json.loads(outline.stdout)["outlines"]],
+                [("One", 1), ("Two", 2)],
+            )
+            subprocess.run(["qpdf", "--check", file], capture_output=True, check=True)
+            self.assertIn("could not be written", self.complaint("pdf", "all", "/nowhere/at/all.pdf"))
+            self.assertEqual([each for each in os.listdir(self.home) if ".part" in each], [])
+
+    def test_pages_that_were_kept_open_without_a_network(self):
+        file = os.path.join(self.home, "Kept 100% #1.tvg")
+        with desk.PageServer(hosts=2) as pages:
+            self.ctl("open", pages.address("One"), pages.address("Two", 2), "--wait")
+            self.ctl("keep-offline", file)
+            self.assertIn("already", self.complaint("keep-offline", file))
+        folder = file.removesuffix(".tvg")
+        self.assertEqual(sorted(os.listdir(folder)), ["001 One.mhtml", "002 Two.mhtml"])
+        self.ctl("quit")
+        # It opens wherever it is taken.
+        other = desk.state_folder()
+        for each in (file, folder):
+            os.rename(each, os.path.join(other, os.path.basename(each)))
+        self.ctl("open-group", os.path.join(other, os.path.basename(file)), "--wait")
+        self.assertEqual(self.strip(), ["One", "[Two]"])
+        self.assertEqual([self.ctl("text", str(tab["number"])) for tab in self.tabs()], ["One\n", "Two\n"])
+
+
+class Checking(Scripted):
+    def test_how_it_stands_with_each_address(self):
+        with check_server.Server() as server:
+            addresses = [
+                server.address("/fine"), server.address("/moved"), server.address("/for-now"), server.address("/gone"),
+                server.address("/missing"), server.address("/forbidden"), server.address("/broken"),
+                server.address("/loop"), server.address("/moved-to-gone"), "http://127.0.0.9:1/", "mailto:a@b.example",
+                "http://no.such.host.invalid/", os.path.join(self.home, "none.html"),
+            ]
+            self.group("Old.tvg", addresses)
+            self.ctl("open", "about:blank")
+            lines = json.loads(self.ctl("check-group", "Old", "--json"))
+            self.assertEqual([line["address"] for line in lines], addresses)
+            self.assertEqual(
+                [line["health"] for line in lines],
+                ["fine", "moved", "fine", "gone", "gone", "refused", "failed", "failed", "gone", "refused",
+                 "unchecked", "gone", "no-file"],
+            )
+            self.assertEqual(lines[1]["moved"], server.address("/fine"))
+            self.assertEqual(server.cookies, set(), "none is sent")
+            self.assertIn(f"moved\t{addresses[1]}\t{addresses[0]}\n", self.ctl("check-group", "Old"))
+            self.assertEqual(self.strip(), ["[about:blank]"])
+            self.assertIn("could not be read", self.complaint("check-group", "None"))
+
+
+class Rushing(Scripted):
+    def test_a_caller_who_never_stops_leaves_the_window_usable(self):
+        with desk.PageServer() as pages:
+            self.ctl("open", pages.address("One"), "--wait")
+            name = self.ctl("bus-name").strip()
+            rush = subprocess.Popen(
+                ["/usr/bin/python3", os.path.join(os.path.dirname(os.path.abspath(__file__)), "rush.py"), name],
+                stdout=subprocess.PIPE, text=True,
+            )
+            try:
+                self.assertEqual(rush.stdout.readline(), "rushing\n")
+                for _ in range(5):
+                    self.assertIn("One", self.ctl("list"))
+                self.assertIsNone(rush.poll(), "it never stopped")
+            finally:
+                rush.kill()
+                rush.wait()
+                rush.stdout.close()
+
+
+if __name__ == "__main__":
+    desk.main()

@@ -1,0 +1,96 @@
+#include "groups/TessaGroups.h"
+#include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+namespace tessa {
+
+namespace {
+
+/// Groups whose files say how they open.
+class GroupPlanOpens : public testing::Test {
+protected:
+    void Open(const std::string& plan) {
+        groups.Write("a.tvg",
+                     "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\nurl3=http://c/\r\n[TessaView]\r\n" + plan);
+        desk.OpenGroup(groups.PathText("a.tvg"));
+    }
+    std::string Went(int index) { return desk.views.Calls(index); }
+
+    TemporaryFolder groups;
+    Desk desk{{.groupFolder = groups.PathText("")}};
+};
+
+TEST_F(GroupPlanOpens, APlanThatSaysNothingChangesNothing) {
+    desk.StartWithTabs(2);
+    Open("other=1\r\n");
+    EXPECT_EQ(desk.Strip(), "1 3 4 [5*] 2");
+}
+
+TEST_F(GroupPlanOpens, FirstAndLastChangeTheOrder) {
+    desk.StartWithTabs(1);
+    Open("page1=last http://a/\r\npage2=first http://c/\r\n");
+    EXPECT_EQ(Went(2) + "; " + Went(3) + "; " + Went(4),
+              "go about:blank, go http://c/; go about:blank, go http://b/; go about:blank, go http://a/");
+}
+
+TEST_F(GroupPlanOpens, BehindTheTabInFrontStays) {
+    desk.StartWithTabs(2);
+    Open("behind=1\r\n");
+    EXPECT_EQ(desk.Strip(), "[1*] 3 4 5 2");
+}
+
+TEST_F(GroupPlanOpens, TheOthersCloseWhateverTheSettingsSay) {
+    desk.StartWithTabs(3);
+    Open("closeothers=1\r\n");
+    EXPECT_EQ(desk.Strip(), "1 4 [5*]");
+    EXPECT_FALSE(desk.main.TGCloseOthersFirst);
+}
+
+TEST_F(GroupPlanOpens, WhatSleepsLoadsWhenSomebodyLooksAndKeepsItsPlace) {
+    desk.StartWithTabs(2);
+    Open("page1=asleep http://b/\r\n");
+    EXPECT_EQ(desk.Strip(), "1 3 4 [5*] 2");
+    EXPECT_EQ(Went(4), "go about:blank, restore  later");
+    EXPECT_EQ(desk.Captions(), "1 Loading... http://b/ [Loading...*] 2");
+}
+
+TEST_F(GroupPlanOpens, OfAGroupThatSleepsAllThroughTheTabInFrontStays) {
+    desk.StartWithTabs(1);
+    Open("page1=asleep http://a/\r\npage2=asleep http://b/\r\npage3=asleep http://c/\r\n");
+    EXPECT_EQ(desk.Strip(), "[1*] 2 3 4");
+}
+
+TEST_F(GroupPlanOpens, MutedPagesAreNotHeard) {
+    desk.StartWithTabs(1);
+    Open("page1=muted http://b/\r\n");
+    EXPECT_FALSE(desk.views.At(2).muted);
+    EXPECT_TRUE(desk.views.At(3).muted);
+}
+
+TEST_F(GroupPlanOpens, TheTextSizeIsThereWithThePage) {
+    desk.StartWithTabs(1);
+    Open("page1=size4 http://c/\r\n");
+    EXPECT_EQ(desk.views.At(4).zoom, 2);
+    desk.PageLoads(4, u"http://c/", u"C");
+    EXPECT_EQ(desk.views.At(4).zoom, 4);
+    desk.views.At(4).zoom = 1;
+    desk.PageLoads(4, u"http://d/", u"D");
+    EXPECT_EQ(desk.views.At(4).zoom, 1) << "only the first time";
+}
+
+TEST_F(GroupPlanOpens, WritingTheGroupKeepsThePlanAndWhatBelongsToOthers) {
+    groups.Write("a.tvg", "; mine\r\n[TessaGroup]\r\nurl1=http://a/\r\n[TessaView]\r\npage1=muted http://a/\r\n");
+    EXPECT_EQ(TessaGroups::Write(groups.PathText("a.tvg"), {{0, u"http://b/"}, {1, u"http://a/"}}), Outcome::Done);
+    EXPECT_EQ(groups.Read("a.tvg"), "; mine\r\n[TessaGroup]\r\nurl0=http://b/\r\nurl1=http://a/\r\n"
+                                    "[TessaView]\r\npage1=muted http://a/\r\n");
+}
+
+TEST_F(GroupPlanOpens, AFileWithoutAPlanIsReplacedWhole) {
+    groups.Write("a.tvg", "; mine\r\n[TessaGroup]\r\nurl1=http://a/\r\n[Other]\r\nx=1\r\n");
+    EXPECT_EQ(TessaGroups::Write(groups.PathText("a.tvg"), {{0, u"http://b/"}}), Outcome::Done);
+    EXPECT_EQ(groups.Read("a.tvg"), "[TessaGroup]\r\nurl0=http://b/\r\n");
+}
+
+} // namespace
+
+} // namespace tessa

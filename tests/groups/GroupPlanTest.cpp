@@ -1,0 +1,72 @@
+#include "groups/GroupPlan.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace tessa {
+
+namespace {
+
+GroupPlan PlanOf(const std::string& lines) { return GroupPlan::Read(IniFile(lines)); }
+
+TEST(GroupPlan, AFileWithoutTheSectionPlansNothing) {
+    EXPECT_EQ(PlanOf("[TessaGroup]\r\nurl1=http://a/\r\n"), GroupPlan());
+    EXPECT_EQ(PlanOf(""), GroupPlan());
+    EXPECT_EQ(GroupPlan::Of(u"/nowhere.tvg"), GroupPlan());
+}
+
+TEST(GroupPlan, WhatTheSectionSaysOfTheGroup) {
+    const GroupPlan plan = PlanOf("[TessaView]\ncolour=Blue\nbehind=1\ncloseothers=1\n");
+    EXPECT_EQ(plan.colour, u"blue");
+    EXPECT_TRUE(plan.behind && plan.closeOthers);
+    const GroupPlan strange = PlanOf("[TessaView]\ncolour=ultraviolet\nbehind=yes\ncloseothers=\n");
+    EXPECT_EQ(strange, GroupPlan());
+}
+
+TEST(GroupPlan, WhatItSaysOfPages) {
+    const GroupPlan plan =
+        PlanOf("[TessaView]\npage1=first,muted http://a/?q=1&b=2\npage7=last,asleep,size4 two words\n");
+    EXPECT_EQ(plan.For(u"http://a/?q=1&b=2"), (PagePlan{.place = PagePlan::Place::First, .muted = true}));
+    EXPECT_EQ(plan.For(u"two words"), (PagePlan{.place = PagePlan::Place::Last, .asleep = true, .textSize = 4}));
+    EXPECT_EQ(plan.For(u"http://other/"), PagePlan());
+}
+
+TEST(GroupPlan, WhatCannotBeUnderstoodIsPassedOver) {
+    EXPECT_EQ(PlanOf("[TessaView]\npage1=muted\npage2=\npage3=loud http://a/\npagex=muted http://b/\n"
+                     "page=muted http://c/\npage4=size5,size-1,sizex http://d/\n"),
+              GroupPlan());
+}
+
+TEST(GroupPlan, WordsComeBackAsTheyWere) {
+    for (const TextView words : {u"", u"first", u"last,asleep", u"asleep,muted", u"first,asleep,muted,size0"})
+        EXPECT_EQ(WordsOf(PlanIn(words)), words);
+}
+
+TEST(GroupPlan, FirstAndLastKeepTheOrderAmongThemselves) {
+    const GroupPlan plan = PlanOf("[TessaView]\npage1=last a\npage2=first c\npage3=first d\n");
+    EXPECT_EQ(plan.Ordered({u"a", u"b", u"c", u"d", u"e"}), (std::vector<Text>{u"c", u"d", u"b", u"e", u"a"}));
+}
+
+TEST(GroupPlan, WritingLeavesWhatBelongsToOthers) {
+    const std::string before = "; mine\r\n[TessaGroup]\r\nurl1=http://a/\r\n[Other]\r\nkey=value\r\n"
+                               "[TessaView]\r\n; note\r\nzoom=9\r\ncolour=red\r\npage1=muted http://gone/\r\n";
+    IniFile file(before);
+    GroupPlan plan = GroupPlan::Read(file);
+    plan.colour = u"green";
+    plan.pages = {{u"http://a/", PagePlan{.asleep = true}}, {u"http://b/", PagePlan()}};
+    plan.Write(file);
+    EXPECT_EQ(file.Bytes(), "; mine\r\n[TessaGroup]\r\nurl1=http://a/\r\n[Other]\r\nkey=value\r\n"
+                            "[TessaView]\r\n; note\r\nzoom=9\r\ncolour=green\r\npage1=asleep http://a/\r\n");
+    EXPECT_EQ(GroupPlan::Read(file).pages, (std::map<Text, PagePlan>{{u"http://a/", PagePlan{.asleep = true}}}));
+}
+
+TEST(GroupPlan, AGroupWithoutAPlanGetsNoSection) {
+    const std::string before = "[TessaGroup]\r\nurl1=http://a/\r\n";
+    IniFile file(before);
+    GroupPlan().Write(file);
+    EXPECT_EQ(file.Bytes(), before);
+}
+
+} // namespace
+
+} // namespace tessa

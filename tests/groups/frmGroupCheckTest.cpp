@@ -1,0 +1,167 @@
+#include "groups/frmGroupCheck.h"
+
+#include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+namespace tessa {
+
+namespace {
+
+/// Answers at once, by what the address says.
+class QuickProbe final : public AddressProbe {
+public:
+    void Ask(const Text& address, std::function<void(const ProbeAnswer&)> answered) override {
+        ++asked;
+        if (address == u"http://moved/") return answered({.status = 301, .location = u"http://new/"});
+        if (address == u"http://slow/") return;
+        answered({.status = address == u"http://gone/" ? 404 : 200});
+    }
+    void StopAll() override { stopped = true; }
+    int asked = 0;
+    bool stopped = false;
+};
+
+class GroupCheckForm : public testing::Test {
+protected:
+    Text Group(const std::string& name, const std::vector<std::string>& addresses) {
+        std::string bytes = "; mine\r\n[TessaGroup]\r\n";
+        for (const std::string& each : addresses) bytes += each + "=http://" + each + "/\r\n";
+        folder.Write(name, bytes);
+        return folder.PathText(name);
+    }
+    /// The lines, with what is ticked in brackets.
+    static std::string Lines(const frmGroupCheck& form) {
+        std::string all;
+        for (const CheckedLine& each : form.lstLines()) {
+            const std::string line = ToUtf8(each.Health.address + u" " + WordOf(each.Health.health));
+            all += (all.empty() ? "" : ", ") + (each.Ticked ? "[" + line + "]" : line);
+        }
+        return all;
+    }
+    TemporaryFolder folder;
+    QuickProbe probe;
+};
+
+TEST_F(GroupCheckForm, ListsWhatHasBecomeOfEach) {
+    const frmGroupCheck form(probe, {Group("a.tvg", {"fine", "moved", "gone"})});
+    EXPECT_EQ(Lines(form), "http://fine/ fine, [http://moved/ moved], http://gone/ gone");
+    EXPECT_EQ(form.lblProgress.Caption(), u"2 addresses have moved or are gone.");
+    EXPECT_TRUE(form.cmdReplace.Enabled());
+    EXPECT_FALSE(form.cmdRemove.Enabled() || form.cmdStop.Enabled() || form.cmdUndo.Enabled());
+}
+
+TEST_F(GroupCheckForm, ReplacesWritesOnceAndTakesBack) {
+    frmGroupCheck form(probe, {Group("a.tvg", {"fine", "moved", "gone"})});
+    const std::string before = folder.Read("a.tvg");
+    form.cmdReplace.Click();
+    EXPECT_EQ(Lines(form), "http://fine/ fine, http://new/ fine, http://gone/ gone");
+    EXPECT_EQ(folder.Read("a.tvg"), "; mine\r\n[TessaGroup]\r\nfine=http://fine/\r\nmoved=http://new/\r\n"
+                                    "gone=http://gone/\r\n");
+    form.Tick(2, true);
+    form.cmdRemove.Click();
+    EXPECT_EQ(Lines(form), "http://fine/ fine, http://new/ fine");
+    form.cmdUndo.Click();
+    EXPECT_EQ(Lines(form), "http://fine/ fine, http://new/ fine, [http://gone/ gone]");
+    form.cmdUndo.Click();
+    EXPECT_EQ(folder.Read("a.tvg"), before);
+    EXPECT_FALSE(form.cmdUndo.Enabled());
+}
+
+TEST_F(GroupCheckForm, WhatIsFineCannotBeTicked) {
+    frmGroupCheck form(probe, {Group("a.tvg", {"fine"})});
+    form.Tick(0, true);
+    form.Tick(7, true);
+    EXPECT_EQ(Lines(form), "http://fine/ fine");
+    EXPECT_EQ(form.lblProgress.Caption(), u"Nothing has to be mended.");
+}
+
+TEST_F(GroupCheckForm, AnAddressOfTwoGroupsIsAskedForOnceAndMendedInBoth) {
+    frmGroupCheck form(probe, {Group("a.tvg", {"gone", "fine"}), Group("b.tvg", {"gone"})});
+    EXPECT_EQ(probe.asked, 2);
+    form.Tick(0, true);
+    form.Tick(2, true);
+    form.cmdRemove.Click();
+    EXPECT_EQ(Lines(form), "http://fine/ fine");
+    EXPECT_EQ(folder.Read("b.tvg"), "; mine\r\n[TessaGroup]\r\n");
+}
+
+TEST_F(GroupCheckForm, StoppedItListsTheRestAsUnchecked) {
+    frmGroupCheck form(probe, {Group("a.tvg", {"fine", "slow"})});
+    EXPECT_EQ(form.lblProgress.Caption(), u"1 of 2 addresses");
+    EXPECT_EQ(Lines(form), "");
+    form.cmdStop.Click();
+    EXPECT_TRUE(probe.stopped);
+    EXPECT_EQ(Lines(form), "http://fine/ fine, http://slow/ unchecked");
+}
+
+TEST_F(GroupCheckForm, AFileThatHasGoneIsToldAndItsLinesStay) {
+    frmGroupCheck form(probe, {Group("a.tvg", {"moved"})});
+    std::filesystem::remove(folder.Path("a.tvg"));
+    form.cmdReplace.Click();
+    EXPECT_EQ(form.lblProgress.Caption(), u"Not every TessaGroup could be written.");
+    EXPECT_EQ(Lines(form), "[http://moved/ moved]");
+    EXPECT_EQ(folder.Files(), 0U);
+}
+
+TEST_F(GroupCheckForm, UndoLeavesAFileThatSomebodyElseHasChanged) {
+    frmGroupCheck form(probe, {Group("a.tvg", {"moved"})});
+    form.cmdReplace.Click();
+    folder.Write("a.tvg", "[TessaGroup]\r\n");
+    form.cmdUndo.Click();
+    EXPECT_EQ(form.lblProgress.Caption(), u"Not everything could be taken back: a file has been changed meanwhile.");
+    EXPECT_EQ(folder.Read("a.tvg"), "[TessaGroup]\r\n");
+}
+
+TEST_F(GroupCheckForm, CommandsShowItAndTheArchiveOpensBehind) {
+    Group("a.tvg", {"gone"});
+    Desk desk{{.groupFolder = folder.PathText("")}};
+    desk.StartWithTabs(1);
+    desk.main.Groups().Probe = &probe;
+    int shown = 0;
+    desk.forms.inGroupCheck = [&](frmGroupCheck& form) {
+        ++shown;
+        EXPECT_FALSE(form.cmdArchive.Enabled());
+        form.Selected = 0;
+        form.cmdArchive.Click();
+    };
+    desk.Click(u"xtrGroupCheckAll");
+    EXPECT_EQ(shown, 1);
+    EXPECT_EQ(desk.Strip(), "[1*] 2");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go https://web.archive.org/web/http://gone/");
+}
+
+TEST_F(GroupCheckForm, WithoutGroupsNothingIsShown) {
+    Desk desk{{.groupFolder = folder.PathText("")}};
+    desk.StartWithTabs(1);
+    desk.main.Groups().Probe = &probe;
+    desk.Click(u"xtrGroupCheckAll");
+    EXPECT_EQ(desk.Said(), "There are no TessaGroups to check.");
+}
+
+TEST_F(GroupCheckForm, AllPagesAreWrittenWhereTheUserSays) {
+    Desk desk{{.groupFolder = folder.PathText("")}};
+    desk.StartWithTabs(1);
+    std::string wrote;
+    std::size_t left = 0;
+    desk.main.Groups().Write = [&](GroupCommands::Writes what, const Text& path, const auto& told) {
+        wrote += (what == GroupCommands::Writes::Pdf ? "pdf " : "offline ") + ToUtf8(path) + " ";
+        told(left == 9 ? u"There is no room." : u"", left);
+    };
+    desk.Click(u"xtrGroupPdf");
+    EXPECT_EQ(wrote, "") << "no file was chosen";
+    desk.files.chosen = u"/x/all.pdf";
+    desk.Click(u"xtrGroupPdf");
+    EXPECT_EQ(desk.Said(), "all.pdf has been saved.");
+    left = 2;
+    desk.files.chosen = u"/x/day.tvg";
+    desk.Click(u"xtrGroupKeepOffline");
+    EXPECT_EQ(desk.Said(), "day has been saved. 2 pages could not be had.");
+    left = 9;
+    desk.Click(u"xtrGroupKeepOffline");
+    EXPECT_EQ(desk.Said(), "There is no room.");
+    EXPECT_EQ(wrote, "pdf /x/all.pdf offline /x/day.tvg offline /x/day.tvg ");
+}
+
+} // namespace
+
+} // namespace tessa

@@ -1,0 +1,57 @@
+#include "qt/dialogs/GroupCheckDialog.h"
+
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <QPushButton>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+
+namespace tessa::qt {
+
+namespace {
+
+/// Says of every address that it has moved.
+class MovingProbe final : public AddressProbe {
+public:
+    void Ask(const Text& address, std::function<void(const ProbeAnswer&)> answered) override {
+        if (address == u"http://new/") return answered({.status = 200});
+        answered({.status = 301, .location = u"http://new/"});
+    }
+    void StopAll() override {}
+};
+
+class GroupCheckDialogTest : public testing::Test {
+protected:
+    GroupCheckDialogTest() { folder.Write("News.tvg", "[TessaGroup]\r\nurl1=http://old/\r\nurl2=mailto:a@b\r\n"); }
+    TemporaryFolder folder;
+    MovingProbe probe;
+    frmGroupCheck form{probe, {folder.PathText("News.tvg")}};
+    GroupCheckDialog dialog{form};
+    QTreeWidget* list = dialog.findChild<QTreeWidget*>(QStringLiteral("lstLines"));
+};
+
+TEST_F(GroupCheckDialogTest, ShowsAddressAnswerAndGroup) {
+    ASSERT_EQ(list->topLevelItemCount(), 2);
+    const auto* moved = list->topLevelItem(0);
+    EXPECT_EQ(moved->text(0), QStringLiteral("http://old/"));
+    EXPECT_EQ(moved->text(1), QStringLiteral("Moved for good to http://new/"));
+    EXPECT_EQ(moved->text(2), QStringLiteral("News"));
+    EXPECT_EQ(moved->checkState(0), Qt::Checked);
+    EXPECT_FALSE(list->topLevelItem(1)->data(0, Qt::CheckStateRole).isValid()) << "there is nothing to mend";
+}
+
+TEST_F(GroupCheckDialogTest, TicksReachTheForm) {
+    list->topLevelItem(0)->setCheckState(0, Qt::Unchecked);
+    EXPECT_FALSE(form.lstLines().front().Ticked);
+    EXPECT_FALSE(dialog.findChild<QPushButton*>(QStringLiteral("cmdReplace"))->isEnabled());
+}
+
+TEST_F(GroupCheckDialogTest, ReplaceChangesTheFileAndTheList) {
+    dialog.findChild<QPushButton*>(QStringLiteral("cmdReplace"))->click();
+    EXPECT_EQ(list->topLevelItem(0)->text(0), QStringLiteral("http://new/"));
+    EXPECT_EQ(folder.Read("News.tvg"), "[TessaGroup]\r\nurl1=http://new/\r\nurl2=mailto:a@b\r\n");
+}
+
+} // namespace
+
+} // namespace tessa::qt
