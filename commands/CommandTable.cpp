@@ -356,7 +356,7 @@ constexpr std::array kCommands{
     Command{u"xtrGroupCheckAll"_tool, u"Chec&k All TessaGroups", u"More",
             u"Asks for every address of your TessaGroups, and lists what has gone", u"network-connect",
             Keep::CheckAllGroups},
-    Command{u"xtrGroupPdf"_tool, u"Save All &Pages as PDF...", u"More",
+    Command{u"xtrGroupPdf"_tool, u"Sav&e All Pages as PDF...", u"More",
             u"Writes the pages of all tabs into one PDF with an outline", u"application-pdf", Keep::SaveAllAsPdf},
     Command{u"xtrGroupKeepOffline"_tool, u"Keep All Pages &Offline...", u"More",
             u"Keeps the pages of all tabs, with a TessaGroup that opens them without a network", u"folder-html",

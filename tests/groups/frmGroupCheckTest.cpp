@@ -118,7 +118,7 @@ TEST_F(GroupCheckForm, CommandsShowItAndTheArchiveOpensBehind) {
     desk.StartWithTabs(1);
     desk.main.Groups().Probe = &probe;
     int shown = 0;
-    desk.forms.inGroupCheck = [&](frmGroupCheck& form) {
+    desk.inGroupCheck = [&](frmGroupCheck& form) {
         ++shown;
         EXPECT_FALSE(form.cmdArchive.Enabled());
         form.Selected = 0;
