@@ -47,7 +47,7 @@ frmGroupCheck::frmGroupCheck(AddressProbe& probe, const std::vector<Text>& files
     cmdUndo.Click.ConnectForLife([this] { cmdUndo_Click(); });
     cmdArchive.Click.ConnectForLife([this] { cmdArchive_Click(); });
     cmdClose.Click.ConnectForLife([this] { Form.Visible = false; });
-    Selected.Change.ConnectForLife([this] { RefreshButtons(); });
+    lstLines.ListIndex.Change.ConnectForLife([this] { RefreshButtons(); });
     m_check.Progress.ConnectForLife([this] { OnProgress(); });
     m_check.Start();
     OnProgress();
@@ -68,7 +68,7 @@ void frmGroupCheck::OnProgress() {
         each.Ticked = each.Health.health == Health::Moved;
     }
     const auto bad = static_cast<std::size_t>(std::ranges::count_if(lines, &CheckedLine::Mends));
-    lstLines = std::move(lines);
+    lstLines.Show(std::move(lines));
     Tell(bad == 0 ? Text(u"Nothing has to be mended.")
                   : Counted(bad, u"address has moved or is gone.", u"addresses have moved or are gone."));
 }
@@ -79,7 +79,7 @@ void frmGroupCheck::Tell(TextView words) {
 }
 
 bool frmGroupCheck::Any(bool moved) const {
-    return std::ranges::any_of(lstLines(), [moved](const CheckedLine& each) {
+    return std::ranges::any_of(lstLines.Rows(), [moved](const CheckedLine& each) {
         return each.Ticked && (each.Health.health == Health::Moved) == moved;
     });
 }
@@ -89,15 +89,15 @@ void frmGroupCheck::RefreshButtons() {
     cmdReplace.Enabled = Any(true);
     cmdRemove.Enabled = Any(false);
     cmdUndo.Enabled = !m_done.empty();
-    const auto selected = static_cast<std::size_t>(Selected());
-    cmdArchive.Enabled = Selected() >= 0 && selected < lstLines().size() && lstLines()[selected].Dead();
+    const CheckedLine* selected = lstLines.FindSelected();
+    cmdArchive.Enabled = selected && selected->Dead();
 }
 
 void frmGroupCheck::Tick(std::size_t line, bool ticked) {
-    std::vector<CheckedLine> lines = lstLines();
-    if (line >= lines.size() || !lines[line].Mends()) return;
-    lines[line].Ticked = ticked;
-    lstLines = std::move(lines);
+    if (line >= lstLines.ListCount() || !lstLines.Rows()[line].Mends()) return;
+    CheckedLine changed = lstLines.Rows()[line];
+    changed.Ticked = ticked;
+    lstLines.Set(line, std::move(changed));
     RefreshButtons();
 }
 
@@ -107,10 +107,10 @@ void frmGroupCheck::Mend(bool moved) {
     const auto isMeant = [moved](const CheckedLine& each) {
         return each.Ticked && (each.Health.health == Health::Moved) == moved;
     };
-    for (const CheckedLine& each : lstLines()) {
+    for (const CheckedLine& each : lstLines.Rows()) {
         if (isMeant(each)) changes[each.File].emplace(each.Health.address, moved ? each.Health.moved : Text());
     }
-    Done done{{}, lstLines()};
+    Done done{{}, lstLines.Rows()};
     for (const auto& [file, change] : changes) {
         if (auto before = GroupMending::Change(file, change)) done.files.emplace_back(file, std::move(*before));
     }
@@ -119,7 +119,7 @@ void frmGroupCheck::Mend(bool moved) {
                done.files.end();
     };
     std::vector<CheckedLine> lines;
-    for (CheckedLine each : lstLines()) {
+    for (CheckedLine each : lstLines.Rows()) {
         const bool changed = isMeant(each) && isWritten(each);
         if (changed && !moved) continue;
         if (changed)
@@ -128,8 +128,8 @@ void frmGroupCheck::Mend(bool moved) {
     }
     const std::size_t failed = changes.size() - done.files.size();
     if (!done.files.empty()) m_done.push_back(std::move(done));
-    Selected = -1;
-    lstLines = std::move(lines);
+    lstLines.ListIndex = -1;
+    lstLines.Show(std::move(lines));
     Tell(failed > 0 ? TextView(u"Not every TessaGroup could be written.") : moved ? u"Replaced." : u"Removed.");
 }
 
@@ -139,14 +139,13 @@ void frmGroupCheck::cmdUndo_Click() {
     m_done.pop_back();
     bool whole = true;
     for (const auto& [file, before] : last.files) whole &= GroupMending::Undo(file, before) == Outcome::Done;
-    Selected = -1;
-    if (whole) lstLines = std::move(last.lines);
+    lstLines.ListIndex = -1;
+    if (whole) lstLines.Show(std::move(last.lines));
     Tell(whole ? u"Taken back." : u"Not everything could be taken back: a file has been changed meanwhile.");
 }
 
 void frmGroupCheck::cmdArchive_Click() {
-    if (cmdArchive.Enabled() && OpenArchive)
-        OpenArchive(lstLines()[static_cast<std::size_t>(Selected())].Health.address);
+    if (cmdArchive.Enabled() && OpenArchive) OpenArchive(lstLines.FindSelected()->Health.address);
 }
 
 } // namespace tessa

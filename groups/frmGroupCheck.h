@@ -1,5 +1,6 @@
 #pragma once
 #include "forms/Controls.h"
+#include "forms/ListModel.h"
 #include "groups/GroupCheck.h"
 
 #include <functional>
@@ -34,8 +35,7 @@ public:
     FormState Form;
     Text Caption = u"Check TessaGroup";
     Label lblProgress{u""};
-    Property<std::vector<CheckedLine>> lstLines{{}};
-    Property<std::int32_t> Selected{-1};
+    ListModel<CheckedLine> lstLines;
     Button cmdStop{u"Stop"};
     Button cmdReplace{u"Replace"};
     Button cmdRemove{u"Remove"};

@@ -2,8 +2,8 @@
 
 #include "qt/base/Bind.h"
 #include "qt/base/FormRows.h"
+#include "qt/base/ItemRows.h"
 #include "qt/base/Strings.h"
-#include "qt/dialogs/TreeLines.h"
 
 #include <QDialogButtonBox>
 #include <QFileInfo>
@@ -40,12 +40,10 @@ GroupCheckDialog::GroupCheckDialog(frmGroupCheck& form, QWidget* parent)
     rows->addWidget(NewLabel(form.lblProgress, "lblProgress"));
     rows->addWidget(m_list, 1);
     rows->addWidget(Buttons());
-    m_connections += m_form.lstLines.Attach([this](const auto& lines) { ShowChecked(lines); });
+    BindRows(m_form.lstLines, *m_list, m_connections, FillChecked);
     connect(m_list, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) {
         m_form.Tick(static_cast<std::size_t>(m_list->indexOfTopLevelItem(item)), item->checkState(0) == Qt::Checked);
     });
-    connect(m_list, &QTreeWidget::currentItemChanged, this,
-            [this](QTreeWidgetItem* item) { m_form.Selected = item ? m_list->indexOfTopLevelItem(item) : -1; });
     Bind(form.Form, *this, form.cmdClose);
     resize(kUsualCheckSize.expandedTo(minimumSizeHint()));
     m_list->setFocus();
@@ -72,8 +70,6 @@ QWidget* GroupCheckDialog::Buttons() {
                          {m_form.cmdUndo, "cmdUndo", QDialogButtonBox::ActionRole},
                          {m_form.cmdClose, "cmdClose", QDialogButtonBox::RejectRole}});
 }
-
-void GroupCheckDialog::ShowChecked(const std::vector<CheckedLine>& lines) { ShowLines(*m_list, lines, FillChecked); }
 
 void ShowModal(frmGroupCheck& form, QWidget* parent) {
     const QPointer<GroupCheckDialog> dialog = new GroupCheckDialog(form, parent);

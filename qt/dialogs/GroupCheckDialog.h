@@ -16,7 +16,6 @@ public:
 private:
     void MakeList();
     [[nodiscard]] QWidget* Buttons();
-    void ShowChecked(const std::vector<CheckedLine>& lines);
 
     frmGroupCheck& m_form;
     QTreeWidget* m_list;

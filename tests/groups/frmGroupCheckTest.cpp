@@ -32,7 +32,7 @@ protected:
     /// The lines, with what is ticked in brackets.
     static std::string Lines(const frmGroupCheck& form) {
         std::string all;
-        for (const CheckedLine& each : form.lstLines()) {
+        for (const CheckedLine& each : form.lstLines.Rows()) {
             const std::string line = ToUtf8(each.Health.address + u" " + WordOf(each.Health.health));
             all += (all.empty() ? "" : ", ") + (each.Ticked ? "[" + line + "]" : line);
         }
@@ -121,7 +121,7 @@ TEST_F(GroupCheckForm, CommandsShowItAndTheArchiveOpensBehind) {
     desk.inGroupCheck = [&](frmGroupCheck& form) {
         ++shown;
         EXPECT_FALSE(form.cmdArchive.Enabled());
-        form.Selected = 0;
+        form.lstLines.ListIndex = 0;
         form.cmdArchive.Click();
     };
     desk.Click(u"xtrGroupCheckAll");

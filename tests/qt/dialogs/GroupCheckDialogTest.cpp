@@ -42,7 +42,7 @@ TEST_F(GroupCheckDialogTest, ShowsAddressAnswerAndGroup) {
 
 TEST_F(GroupCheckDialogTest, TicksReachTheForm) {
     list->topLevelItem(0)->setCheckState(0, Qt::Unchecked);
-    EXPECT_FALSE(form.lstLines().front().Ticked);
+    EXPECT_FALSE(form.lstLines.Rows().front().Ticked);
     EXPECT_FALSE(dialog.findChild<QPushButton*>(QStringLiteral("cmdReplace"))->isEnabled());
 }
 
