@@ -39,6 +39,7 @@ void GroupCommands::OpenTessaGroups(const std::vector<Text>& groups) {
         if (!TessaGroups::IsReadable(group)) unread = group;
         const std::size_t before = addresses.size();
         for (const auto& address : TessaGroups::Load(group)) addresses.push_back(address.Key);
+        Opening(NameOf(group), {addresses.begin() + static_cast<std::ptrdiff_t>(before), addresses.end()});
         if (!IsOwnGroup(group)) foreign += addresses.size() - before;
     }
     if (foreign > kManyPages && !MayOpenMany(addresses.size())) return;

@@ -54,6 +54,9 @@ public:
     /// Stops every page that loads or waits to load. The tabs stay, and a refresh shows what they were to load.
     void StopAll();
 
+    /// A group's pages are about to be opened, if their user goes on.
+    Signal<void(TextView name, const std::vector<Text>& addresses)> Opening;
+
     /// Whether the other tabs are closed when a group is opened.
     bool TGCloseOthersFirst = false;
     /// Whether there is somebody to ask. Without anybody, what needs an answer is not opened.

@@ -41,6 +41,10 @@ Text SiteOf(TextView address) {
     return Text(WithoutWww(host));
 }
 
+HistoryOptions OptionsOf(const HistoryValues& values) {
+    return {values.nothing, values.texts, values.days, values.megabytes, SitesIn(values.leftOut)};
+}
+
 Kept WhatIsKept(const PageToKeep& page, const HistoryOptions& options) {
     if (options.Nothing || page.Private || page.AsksPassword || !KeptAddress(page.Address)) return Kept::Nothing;
     if (IsLeftOut(SiteOf(page.Address), options.SitesLeftOut)) return Kept::Nothing;

@@ -1,5 +1,5 @@
 #pragma once
-#include "base/Text.h"
+#include "settings/HistorySettings.h"
 
 #include <cstdint>
 #include <optional>
@@ -14,8 +14,6 @@ struct HistoryOptions {
     std::int32_t Days = 90;
     std::int32_t Megabytes = 500;
     std::vector<Text> SitesLeftOut{}; ///< hosts, in small letters
-
-    static constexpr std::int32_t kMostDays = 3650, kMostMegabytes = 100'000;
 
     bool operator==(const HistoryOptions&) const = default;
 };
@@ -35,6 +33,8 @@ enum class Kept {
 
 /// What is remembered of the pages that were visited.
 namespace HistoryRules {
+
+[[nodiscard]] HistoryOptions OptionsOf(const HistoryValues& values);
 
 [[nodiscard]] Kept WhatIsKept(const PageToKeep& page, const HistoryOptions& options);
 

@@ -184,7 +184,8 @@ void DropCounts(std::vector<Token>& tokens) {
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         if (!IsIn(NewsWords::kCounted, tokens[i].word)) continue;
         if (i > 0 && tokens[i - 1].number) tokens[i - 1].dropped = true;
-        if (i + 1 < tokens.size() && tokens[i + 1].number) tokens[i + 1].dropped = true;
+        // "Visitors now: 18" too.
+        for (std::size_t j = i + 1; j < tokens.size() && j < i + 3; ++j) tokens[j].dropped |= tokens[j].number;
         // "1 comment" becomes "2 comments".
         if (tokens[i].word.ends_with(u's')) tokens[i].word.pop_back();
     }

@@ -69,15 +69,16 @@ inline constexpr auto kSpans = std::to_array<TextView>({
 
 /// What is counted beside a page's own words.
 inline constexpr auto kCounted = std::to_array<TextView>({
-    u"view",        u"comment",  u"reply",     u"replies",    u"like",     u"point",      u"vote",        u"share",
-    u"user",        u"visitor",  u"member",    u"guest",      u"follower", u"subscriber", u"star",        u"fork",
-    u"watcher",     u"watching", u"reader",    u"read",       u"hit",      u"time",       u"post",        u"topic",
-    u"message",     u"thread",   u"answer",    u"response",   u"download", u"reaction",   u"retweet",     u"repost",
-    u"online",      u"viewing",  u"karma",     u"upvote",     u"review",   u"rating",     u"visit",       u"impression",
-    u"aufruf",      u"aufrufe",  u"kommentar", u"kommentare", u"antwort",  u"antworten",  u"beitrag",     u"beitrage",
-    u"besucher",    u"leser",    u"mitglied",  u"mitglieder", u"gaste",    u"stimmen",    u"bewertungen", u"vue",
-    u"commentaire", u"reponse",  u"membre",    u"visiteur",   u"lecture",  u"visita",     u"comentario",  u"respuesta",
-    u"respuestas",  u"miembro",  u"voto",      u"commento",   u"commenti", u"risposte",   u"visite",      u"reacties",
+    u"view",        u"comment",    u"reply",       u"replies",  u"like",      u"point",      u"vote",     u"share",
+    u"user",        u"visitor",    u"people",      u"person",   u"member",    u"guest",      u"follower", u"subscriber",
+    u"star",        u"fork",       u"watcher",     u"watching", u"reader",    u"read",       u"hit",      u"time",
+    u"post",        u"topic",      u"message",     u"thread",   u"answer",    u"response",   u"download", u"reaction",
+    u"retweet",     u"repost",     u"online",      u"viewing",  u"karma",     u"upvote",     u"review",   u"rating",
+    u"visit",       u"impression", u"aufruf",      u"aufrufe",  u"kommentar", u"kommentare", u"antwort",  u"antworten",
+    u"beitrag",     u"beitrage",   u"besucher",    u"leser",    u"mitglied",  u"mitglieder", u"gaste",    u"stimmen",
+    u"bewertungen", u"vue",        u"commentaire", u"reponse",  u"membre",    u"visiteur",   u"lecture",  u"visita",
+    u"comentario",  u"respuesta",  u"respuestas",  u"miembro",  u"voto",      u"commento",   u"commenti", u"risposte",
+    u"visite",      u"reacties",
 });
 
 /// A passage that begins so, and is no longer than a line, is one.

@@ -68,6 +68,7 @@ GatheredText Read(TextView gathered) {
     std::size_t room = kMostBytes;
     ForEachLine(gathered, [&](TextView line) {
         if (line == u"!") read.AsksPassword = true;
+        if (line.starts_with(u'u')) read.Address = line.substr(1);
         const auto kind = line.empty() ? std::nullopt : KindOf(line.front());
         return !kind || AddPassage(read.Passages, *kind, line.substr(1), room);
     });

@@ -24,11 +24,12 @@ struct Passage {
 /// What was read of a page.
 struct GatheredText {
     std::vector<Passage> Passages{};
+    Text Address{};            ///< of the document; empty when it was not said
     bool AsksPassword = false; ///< it shows a field for one
 };
 
 /// The passages of a page, as its reader gathers them and as they are kept: a line each, whose first letter is the
-/// kind, "p", "h" or "a". A line "!" says that the page asks for a password.
+/// kind, "p", "h" or "a". A line "!" says that the page asks for a password, "u" its address.
 namespace Passages {
 
 /// No more of a page is kept, in bytes of UTF-8.

@@ -32,6 +32,8 @@ TEST(NewsKey, WhatChangesByItselfDoesNotCount) {
         {u"12.5k followers", u"13k followers"},
         {u"37 users online, 5 guests", u"41 users online, 9 guests"},
         {u"345 Aufrufe", u"400 Aufrufe"},
+        {u"17 people are viewing this", u"23 people are viewing this"},
+        {u"Visitors now: 12", u"Visitors now: 18"},
         {u"2026\u5E7411\u670823\u65E5", u"2025\u5E741\u67082\u65E5"},
         {u"3\u5206\u524D\u306B\u66F4\u65B0", u"10\u5206\u524D\u306B\u66F4\u65B0"},
         {u"  Same   words", u"same words"},
