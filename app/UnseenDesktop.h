@@ -12,6 +12,7 @@
 #include "platform/Shell.h"
 #include "platform/Trash.h"
 #include "platform/UserInput.h"
+#include "platform/VisitStore.h"
 #include "platform/WallClock.h"
 #include "platform/WindowTools.h"
 #include "sessions/SessionOffer.h"
@@ -45,6 +46,7 @@ public:
     [[nodiscard]] int ZoomLevel() const override { return 2; }
     [[nodiscard]] PageTools* Tools() override { return nullptr; }
     [[nodiscard]] PageLife* Life() override { return nullptr; }
+    [[nodiscard]] PageReading* Reading() override { return nullptr; }
     [[nodiscard]] PageSecurity Security() const override { return PageSecurity::Awaited; }
     [[nodiscard]] bool MayHold() const override { return false; }
     void AskToLeave(LeaveReason, std::function<void(bool)> told) override { told(false); }
@@ -127,10 +129,22 @@ public:
     void Copy(TextView) override {}
 };
 
+class NoVisits final : public VisitStore {
+public:
+    void Keep(HistoryVisit) override {}
+    void Find(const HistoryQuery&, std::function<void(HistoryFound)>) override {}
+    void Load(std::vector<Text>, std::function<void(std::vector<HistoryEntry>)>) override {}
+    void Look(std::function<void(HistoryOverview)>) override {}
+    void Remove(HistoryRemoval, std::function<void(std::int64_t)>) override {}
+    void Limit(std::int32_t, std::int32_t) override {}
+    [[nodiscard]] bool Works() const override { return false; }
+};
+
 class NoClock final : public WallClock {
 public:
     [[nodiscard]] std::int64_t Now() const override { return 0; }
     [[nodiscard]] Text Words(std::int64_t) const override { return {}; }
+    [[nodiscard]] std::int64_t DayBegin(std::int64_t seconds) const override { return seconds; }
 };
 
 class NoOffer final : public SessionOffer {

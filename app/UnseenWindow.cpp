@@ -26,6 +26,7 @@ UnseenWindow::UnseenWindow(SettingsStorageFactory& settings, InstanceChannel& in
               .report = m_report,
               .tools = m_tools,
               .input = m_input,
+              .visits = m_visits,
               .programPath = {},
               .groupFolder = std::move(groupFolder)}) {}
 

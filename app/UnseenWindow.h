@@ -38,6 +38,7 @@ private:
     UnseenDesktop::NoReport m_report;
     UnseenDesktop::NoTools m_tools;
     UnseenDesktop::NoInput m_input;
+    UnseenDesktop::NoVisits m_visits;
     frmMain m_main;
 };
 

@@ -102,8 +102,8 @@ struct KeyStroke {
 namespace Keys {
 inline constexpr std::int32_t kShift = 1, kCtrl = 2, kAlt = 4;
 inline constexpr std::int32_t kTab = 9, kEnter = 13, kAltAlone = 18, kEscape = 27, kHome = 36, kLeft = 37, kRight = 39,
-                              kF1 = 112, kF5 = 116, kF6 = 117, kF10 = 121, kF11 = 122, kF12 = 123, kPlus = 187,
-                              kMinus = 189;
+                              kF1 = 112, kF5 = 116, kF6 = 117, kF7 = 118, kF10 = 121, kF11 = 122, kF12 = 123,
+                              kPlus = 187, kMinus = 189;
 } // namespace Keys
 
 /// A combination that clicks a tool. The first of a tool's combinations is the one that menus show.

@@ -14,6 +14,8 @@ inline constexpr TextView kStart = u"tessaview:start";
 inline constexpr TextView kHelp = u"tessaview:help";
 /// What a new private tab says of itself.
 inline constexpr TextView kPrivate = u"tessaview:private";
+/// What was read, to search in and to forget.
+inline constexpr TextView kHistory = u"tessaview:history";
 /// How a page will look on paper; a number and a name follow.
 inline constexpr TextView kPreviews = u"tessaview:preview/";
 
@@ -26,7 +28,7 @@ inline constexpr TextView kSearchWords = u"tessaview:search?words=";
 /// What stands behind the scheme.
 [[nodiscard]] constexpr TextView PathOf(TextView own) { return own.substr(kPrefix.size()); }
 
-enum class Page { None, Start, Help, Private, Preview };
+enum class Page { None, Start, Help, History, Private, Preview };
 
 /// The page at a path, decoded, without what follows a "?" or "#".
 [[nodiscard]] Page PageAt(TextView path);

@@ -15,6 +15,8 @@
 
 namespace tessa {
 
+class ReadPages;
+
 /// What the commands work on. Owned by the main window; everything in it outlives it.
 struct CommandContext {
     TabSet& tabs;
@@ -38,6 +40,7 @@ struct CommandContext {
     // What both do is up to the objects that the main window makes after this one.
     WindowCommands* window = nullptr;
     FavoriteActions* favorites = nullptr;
+    ReadPages* reads = nullptr;
     /// What the menu of a page was asked for on, and the view.
     std::int32_t menuView = 0;
     PageContext menuPage{};

@@ -6,6 +6,7 @@
 #include "commands/MenuEntryCommands.h"
 #include "commands/PageCommands.h"
 #include "commands/PageMenu.h"
+#include "commands/ReadingCommands.h"
 #include "commands/TabCommands.h"
 #include "commands/TabMoreCommands.h"
 
@@ -268,6 +269,21 @@ constexpr std::array kCommands{
             u"view-history", kRuns<&WindowCommands::ShowSessions>},
     Command{u"xtrDownloads"_tool, u"Do&wnloads", u"More", u"Shows the files that are being saved and those that were",
             u"folder-download", Key{'J', kCtrl}, kRuns<&WindowCommands::ToggleDownloads>},
+    Command{u"xtrHistory"_tool, u"&History", u"More", u"Shows what you have read, and searches in it", u"view-history",
+            Key{'H', kCtrl}, kRuns<&WindowCommands::ShowHistory>},
+    Command{u"xtrSearchOpenPages"_tool, u"Search in &Open Pages", u"More", u"Searches in all open tabs at once",
+            u"edit-find", Key{'F', kCtrl | kShift}, kRuns<&WindowCommands::SearchOpenPages>},
+    Command{u"xtrShowWhatIsNew"_tool, u"Show What Is &New", u"More",
+            u"Marks what is new on the page since you read it, and goes from one to the next", u"", Key{Keys::kF7},
+            ReadingCommands::ShowWhatIsNew},
+    Command{u"xtrNextUnread"_tool, u"Ne&xt Unread Tab", u"More", u"Shows the next tab that you have not read yet",
+            u"go-next-view", ReadingCommands::NextUnread},
+    Command{u"xtrTabShowWhatIsNew"_tool, u"Show What Is &New", u"",
+            u"Marks what is new on the page of this tab since you read it", u"", ReadingCommands::TabShowWhatIsNew},
+    Command{u"xtrTabCloseWithoutNews"_tool, u"Close Tabs &Without News", u"",
+            u"Closes the tabs that say what they said when you read them", u"", ReadingCommands::CloseWithoutNews},
+    Command{u"xtrTabCloseRead"_tool, u"Clo&se What Was Read", u"", u"Closes the tabs that you have read", u"",
+            ReadingCommands::CloseRead},
     Command{u"xtrStopAll"_tool, u"Stop &All Pages", u"More", u"Stops every page that is loading", u"process-stop",
             Key{Keys::kEscape, kShift}, StopAll},
     Command{u"xtrTextLarger"_tool, u"Lar&ger Text", u"More", u"Shows the text of the page one size larger",

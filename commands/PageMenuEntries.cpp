@@ -105,6 +105,7 @@ void AddPage(Entries& entries) {
         entries.Add(tool);
     entries.Group();
     entries.Add(u"mnuSelectAll"_tool);
+    entries.Add(u"xtrShowWhatIsNew"_tool);
     entries.Add(u"mnuViewSource"_tool);
 }
 

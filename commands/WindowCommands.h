@@ -17,6 +17,10 @@ public:
     virtual void ShowTaskView() = 0;
     /// Shows the panel of downloads, or hides it.
     virtual void ToggleDownloads() = 0;
+    /// Shows what was read.
+    virtual void ShowHistory() = 0;
+    /// Shows the panel that searches in all open pages.
+    virtual void SearchOpenPages() = 0;
     virtual void ToggleFullScreen() = 0;
     virtual void ResizeAddress() = 0;
     virtual void ResizeSearch() = 0;

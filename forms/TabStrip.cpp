@@ -106,6 +106,13 @@ void TabStrip::SetPrivate(Tab* tab, bool isPrivate) {
     Mark(TabStripChange::Faces);
 }
 
+void TabStrip::SetNews(Tab* tab, TabNews news, Text words) {
+    if (tab->m_news == news && tab->m_newsWords == words) return;
+    tab->m_news = news;
+    tab->m_newsWords = std::move(words);
+    Mark(TabStripChange::Faces);
+}
+
 void TabStrip::SetPlacement(TabPlacement placement) {
     if (m_placement == placement) return;
     m_placement = placement;

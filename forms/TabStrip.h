@@ -16,6 +16,13 @@ enum class TabImage { None = 0, Red };
 /// What is to be heard of a tab's page.
 enum class TabSound { None, Playing, Muted };
 
+/// What a tab's page has for its user since he read it last.
+enum class TabNews {
+    Unknown,
+    Nothing, ///< it says what it said then
+    New
+};
+
 enum class TabPlacement { Top = 0, Bottom = 1 };
 
 /// One entry of the strip. `Key` names it and never changes; `Tag` is the caller's number.
@@ -31,11 +38,15 @@ public:
     [[nodiscard]] const Text& Awaited() const { return m_awaited; }
     /// What the page does is forgotten with the tab.
     [[nodiscard]] bool Private() const { return m_private; }
+    [[nodiscard]] TabNews News() const { return m_news; }
+    /// What is new, in a few words; empty without any.
+    [[nodiscard]] const Text& NewsWords() const { return m_newsWords; }
     std::int32_t Tag = 0;
 
 private:
     friend class TabStrip;
-    Text m_key, m_caption, m_awaited;
+    Text m_key, m_caption, m_awaited, m_newsWords;
+    TabNews m_news = TabNews::Unknown;
     TabImage m_image = TabImage::None;
     bool m_asks = false;
     TabSound m_sound = TabSound::None;
@@ -78,6 +89,7 @@ public:
     void SetAwaited(Tab* tab, Text address);
     void SetSound(Tab* tab, TabSound sound);
     void SetPrivate(Tab* tab, bool isPrivate);
+    void SetNews(Tab* tab, TabNews news, Text words = {});
 
     [[nodiscard]] TabPlacement Placement() const { return m_placement; }
     void SetPlacement(TabPlacement placement);

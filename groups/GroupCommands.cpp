@@ -55,6 +55,9 @@ std::vector<std::int32_t> GroupCommands::OpenTessaGroups(const std::vector<Text>
         for (Page& page : PagesOf(group, own)) pages.push_back(std::move(page));
         manner.closeOthers |= own.closeOthers;
         manner.behind &= own.behind;
+        std::vector<Text> addresses;
+        for (std::size_t i = before; i < pages.size(); ++i) addresses.push_back(pages[i].address);
+        Opening(NameOf(group), addresses);
         if (!IsOwnGroup(group)) foreign += pages.size() - before;
     }
     if (foreign > kManyPages && !MayOpenMany(pages.size())) return {};

@@ -73,6 +73,8 @@ public:
     [[nodiscard]] Text GroupOf(std::int32_t index) const;
     /// The file of the group that the user knows by that name; empty when there is none.
     [[nodiscard]] Text FileOf(TextView name) const;
+    /// A group's pages are about to be opened, if their user goes on.
+    Signal<void(TextView name, const std::vector<Text>& addresses)> Opening;
 
     /// Whether the other tabs are closed when a group is opened.
     bool TGCloseOthersFirst = false;

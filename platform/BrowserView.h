@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "base/Units.h"
 #include "platform/PageLife.h"
+#include "platform/PageReading.h"
 #include "platform/PageTools.h"
 
 #include <array>
@@ -99,6 +100,8 @@ public:
     [[nodiscard]] virtual PageTools* Tools() = 0;
     /// Nothing while there is no page. Belongs to the view.
     [[nodiscard]] virtual PageLife* Life() = 0;
+    /// Nothing while there is no page. Belongs to the view.
+    [[nodiscard]] virtual PageReading* Reading() = 0;
     /// Of the page shown.
     [[nodiscard]] virtual PageSecurity Security() const = 0;
 

@@ -14,6 +14,8 @@ public:
     [[nodiscard]] virtual std::int64_t Now() const = 0;
     /// A time in seconds since 1970 as the user reads it, in the user's time zone: "Today, 14:30".
     [[nodiscard]] virtual Text Words(std::int64_t seconds) const = 0;
+    /// When the day of that time began, in the user's time zone.
+    [[nodiscard]] virtual std::int64_t DayBegin(std::int64_t seconds) const = 0;
 };
 
 } // namespace tessa

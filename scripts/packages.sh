@@ -11,8 +11,9 @@ program_packages=("${compiler_packages[@]}" qt6-base-dev qt6-declarative-dev qt6
 core_packages=("${compiler_packages[@]}" libgtest-dev)
 # The program with its tests and benchmarks.
 build_packages=("${program_packages[@]}" "${core_packages[@]}" libbenchmark-dev)
-# What the program needs to look right wherever it runs; qt6-wayland for desktops without an X server.
-run_packages=(qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)
+# What the program needs wherever it runs: to remember what was read, and to look right. qt6-wayland is for desktops
+# without an X server.
+run_packages=(libqt6sql6-sqlite qt6-wayland breeze-icon-theme fonts-dejavu-core ca-certificates)
 # The core for the other desktop platform (scripts/other-platform.sh): a compiler, what runs programs, sources of tests.
 other_platform_packages=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix wine wine64 googletest python3)
 display_packages=(xvfb openbox xdotool imagemagick x11-utils)

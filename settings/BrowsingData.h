@@ -11,9 +11,10 @@ struct BrowsingData {
     bool cache = false;
     bool visitedLinks = false;
     bool typed = false;       ///< addresses and searches of the boxes
-    std::int64_t seconds = 0; ///< how far back, for cookies and visited links; 0 for all of them
+    bool history = false;     ///< the pages that were read, with their text
+    std::int64_t seconds = 0; ///< how far back, for cookies, visited links and the history; 0 for all of them
 
-    [[nodiscard]] bool Any() const { return cookies || siteData || cache || visitedLinks || typed; }
+    [[nodiscard]] bool Any() const { return cookies || siteData || cache || visitedLinks || typed || history; }
     friend bool operator==(const BrowsingData&, const BrowsingData&) = default;
 };
 

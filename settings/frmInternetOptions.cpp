@@ -31,6 +31,11 @@ std::optional<std::int32_t> Minutes(const Text& text) {
     return number && *number > 0 && *number <= InternetValues::kMostSleepMinutes ? number : std::nullopt;
 }
 
+std::optional<std::int32_t> NumberWithin(const Text& text, std::int32_t least, std::int32_t most) {
+    const auto number = WholeNumber(Trimmed(text));
+    return number && *number >= least && *number <= most ? number : std::nullopt;
+}
+
 // A command that was not touched stays unset, so that it follows the desktop.
 void Keep(Setting<Text>& setting, const Text& command, const Text& shown) {
     if (command != shown) ResumeNext(setting.Set(command));
@@ -52,9 +57,12 @@ void frmInternetOptions::WireClicks() {
     cmdRevoke.Click.ConnectForLife([this] { cmdRevoke_Click(); });
     cmdRevokeAll.Click.ConnectForLife([this] { cmdRevokeAll_Click(); });
     cmdClear.Click.ConnectForLife([this] { cmdClear_Click(); });
-    for (auto* box : {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearTyped})
+    for (auto* box :
+         {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearHistory, &chkClearTyped})
         box->Value.Change.ConnectForLife([this] { chkClear_Click(); });
     chkSleep.Value.Change.ConnectForLife([this] { chkSleep_Click(); });
+    for (auto* box : {&chkHistoryNothing, &chkHistoryTexts})
+        box->Value.Change.ConnectForLife([this] { chkHistory_Click(); });
     cboProxy.Index.Change.ConnectForLife([this] { cboProxy_Click(); });
     cmdOK.Click.ConnectForLife([this] { cmdOK_Click(); });
     cmdCancel.Click.ConnectForLife([this] { cmdCancel_Click(); });
@@ -62,6 +70,7 @@ void frmInternetOptions::WireClicks() {
 
 void frmInternetOptions::Form_Load() {
     ShowValues(InternetSettings(m_settings).Get());
+    ShowHistory(HistorySettings(m_settings).Get());
     const SettingsStore store(m_settings);
     txtSearch.Value = store.SearchService.Get();
     txtShop.Value = store.ShopService.Get();
@@ -134,6 +143,7 @@ BrowsingData frmInternetOptions::Chosen() const {
             .cache = chkClearCache.Ticked(),
             .visitedLinks = chkClearVisited.Ticked(),
             .typed = chkClearTyped.Ticked(),
+            .history = chkClearHistory.Ticked(),
             .seconds = kSince.at(cboSince.Index())};
 }
 
@@ -176,7 +186,8 @@ void frmInternetOptions::cmdRevokeAll_Click() {
 void frmInternetOptions::cmdClear_Click() {
     const BrowsingData chosen = Chosen();
     if (!chosen.Any()) return;
-    for (auto* box : {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearTyped})
+    for (auto* box :
+         {&chkClearCookies, &chkClearSiteData, &chkClearCache, &chkClearVisited, &chkClearHistory, &chkClearTyped})
         box->Tick(false);
     lblCleared.Caption = Text(u"Clearing...");
     const auto done = [this, alive = std::weak_ptr(m_alive)](Cleared cleared) {
@@ -202,7 +213,7 @@ void frmInternetOptions::ShowCleared(Cleared cleared) {
 void frmInternetOptions::chkClear_Click() {
     const BrowsingData chosen = Chosen();
     cmdClear.Enabled = chosen.Any();
-    cboSince.Enabled = chosen.cookies || chosen.visitedLinks;
+    cboSince.Enabled = chosen.cookies || chosen.visitedLinks || chosen.history;
     if (chosen.Any()) lblCleared.Caption = Text();
 }
 
@@ -217,6 +228,49 @@ void frmInternetOptions::cboProxy_Click() {
 void frmInternetOptions::chkSleep_Click() {
     txtSleepMinutes.Enabled = chkSleep.Ticked();
     lblSleepBad.Caption = Text();
+}
+
+void frmInternetOptions::ShowHistory(const HistoryValues& values) {
+    chkHistoryNothing.Tick(values.nothing);
+    chkHistoryTexts.Tick(values.texts);
+    txtHistoryDays.Value = Decimal(values.days);
+    txtHistoryMegabytes.Value = Decimal(values.megabytes);
+    txtHistoryLeftOut.Value = values.leftOut;
+    chkHistory_Click();
+}
+
+HistoryValues frmInternetOptions::History() const {
+    const HistoryValues byDesign;
+    return {.nothing = chkHistoryNothing.Ticked(),
+            .texts = chkHistoryTexts.Ticked(),
+            .days = NumberWithin(txtHistoryDays.Value(), 1, HistoryValues::kMostDays).value_or(byDesign.days),
+            .megabytes =
+                NumberWithin(txtHistoryMegabytes.Value(), HistoryValues::kLeastMegabytes, HistoryValues::kMostMegabytes)
+                    .value_or(byDesign.megabytes),
+            .leftOut = Trimmed(txtHistoryLeftOut.Value())};
+}
+
+void frmInternetOptions::chkHistory_Click() {
+    const bool any = !chkHistoryNothing.Ticked();
+    chkHistoryTexts.Enabled = any;
+    for (auto* box : {&txtHistoryDays, &txtHistoryMegabytes, &txtHistoryLeftOut}) box->Enabled = any;
+    lblHistoryBad.Caption = Text();
+}
+
+bool frmInternetOptions::HistoryIsWhole() {
+    if (chkHistoryNothing.Ticked()) return true;
+    TextBox* bad = nullptr;
+    const std::int32_t least = HistoryValues::kLeastMegabytes, most = HistoryValues::kMostMegabytes;
+    if (!NumberWithin(txtHistoryMegabytes.Value(), least, most)) {
+        lblHistoryBad.Caption = u"The history takes " + Decimal(least) + u" to " + Decimal(most) + u" megabytes.";
+        bad = &txtHistoryMegabytes;
+    }
+    if (!NumberWithin(txtHistoryDays.Value(), 1, HistoryValues::kMostDays)) {
+        lblHistoryBad.Caption = u"Pages are forgotten after 1 to " + Decimal(HistoryValues::kMostDays) + u" days.";
+        bad = &txtHistoryDays;
+    }
+    if (bad) bad->SetFocus();
+    return bad == nullptr;
 }
 
 bool frmInternetOptions::SleepIsWhole() {
@@ -237,8 +291,9 @@ bool frmInternetOptions::ProxyIsWhole() {
 }
 
 void frmInternetOptions::cmdOK_Click() {
-    if (!SleepIsWhole() || !ProxyIsWhole()) return;
+    if (!SleepIsWhole() || !ProxyIsWhole() || !HistoryIsWhole()) return;
     InternetSettings(m_settings).Set(Values());
+    HistorySettings(m_settings).Set(History());
     {
         SettingsStore store(m_settings);
         ResumeNext(store.SearchService.Set(Trimmed(txtSearch.Value())));

@@ -4,6 +4,7 @@
 #include "forms/Controls.h"
 #include "forms/ListBox.h"
 #include "settings/BrowsingData.h"
+#include "settings/HistorySettings.h"
 #include "settings/InternetSettings.h"
 #include "settings/SiteChoice.h"
 
@@ -74,6 +75,16 @@ public:
     CheckBox chkDoNotTrack{u"Tell sites not to track me"};
     CheckBox chkGlobalPrivacyControl{u"Tell sites not to sell or share what they know of me"};
 
+    CheckBox chkHistoryNothing{u"Remember nothing of the pages that I read"};
+    CheckBox chkHistoryTexts{u"Remember pages' text, to find it again and to tell what is new"};
+    Label lblHistoryDays{u"Forget pages after so many days"};
+    TextBox txtHistoryDays;
+    Label lblHistoryMegabytes{u"Take no more room on the disk than so many megabytes"};
+    TextBox txtHistoryMegabytes;
+    Label lblHistoryLeftOut{u"Sites that are never remembered"};
+    TextBox txtHistoryLeftOut;
+    Label lblHistoryBad{u""};
+
     Label lblSites{u"What you allow and refuse sites"};
     ListBox lstSites;
     Button cmdRevoke{u"Revoke"};
@@ -84,8 +95,9 @@ public:
     CheckBox chkClearSiteData{u"What sites have stored on this computer besides cookies"};
     CheckBox chkClearCache{u"Stored copies of pages and pictures, which load faster from there"};
     CheckBox chkClearVisited{u"Visited links: pages show all links in the colour of new ones"};
+    CheckBox chkClearHistory{u"The history: the pages that you have read, and what they said"};
     CheckBox chkClearTyped{u"The lists of the address box and the search box"};
-    Choice cboSince{u"Of these two, clear what is from",
+    Choice cboSince{u"Of these three, clear what is from",
                     {u"the last hour", u"the last day", u"the last week", u"all time"}};
     Button cmdClear{u"Clear Now"};
     Label lblCleared{u""};
@@ -121,6 +133,11 @@ private:
     void ShowCleared(Cleared cleared);
     void cboProxy_Click();
     void chkSleep_Click();
+    void chkHistory_Click();
+    void ShowHistory(const HistoryValues& values);
+    [[nodiscard]] HistoryValues History() const;
+    /// Whether days and megabytes are such; says so and leads there otherwise.
+    [[nodiscard]] bool HistoryIsWhole();
     /// Whether that is a time; says so and leads there otherwise.
     [[nodiscard]] bool SleepIsWhole();
     /// Whether the proxy can be used; says so and leads to what is missing otherwise.

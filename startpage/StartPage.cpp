@@ -84,10 +84,14 @@ std::string PageLines(const std::vector<Text>& addresses) {
     return lines;
 }
 
+std::string NewsLine(TextView news) {
+    return news.empty() ? std::string() : "<small class=\"news\">" + Escaped(news) + "</small>";
+}
+
 std::string Card(const StartGroup& group) {
     return "<a class=\"card\" href=\"" + ToUtf8(OwnAddresses::kOpenGroup) + PercentEncoded(PathToBytes(group.Name)) +
            "\"><b>" + Shown(group.Name) + "</b><small>" + Count(group.Addresses.size()) + "</small>" +
-           PageLines(group.Addresses) + "</a>\n";
+           NewsLine(group.News) + PageLines(group.Addresses) + "</a>\n";
 }
 
 std::string Groups(const StartContent& content) {
@@ -104,10 +108,10 @@ std::string Groups(const StartContent& content) {
     return part;
 }
 
-std::string Links(const std::vector<StartLink>& favorites) {
-    if (favorites.empty()) return {};
-    std::string part = "<h2>Favorites</h2>\n<div class=\"links\">\n";
-    for (const StartLink& each : favorites)
+std::string Links(std::string_view heading, const std::vector<StartLink>& links) {
+    if (links.empty()) return {};
+    std::string part = "<h2>" + std::string(heading) + "</h2>\n<div class=\"links\">\n";
+    for (const StartLink& each : links)
         part += "<a class=\"link\" href=\"" + Escaped(each.Address) + "\">" + Tile(each.Title) + Isolated(each.Title) +
                 "</a>\n";
     return part + "</div>\n";
@@ -160,7 +164,8 @@ std::string Html(const StartContent& content) {
     page += "</style></head><body><main>\n<header>";
     page += kPicture;
     page += "<h1>TessaView</h1></header>\n";
-    return page + SearchForm() + Groups(content) + Links(content.Favorites) + NoticeOf(content) +
+    return page + SearchForm() + Groups(content) + Links("Favorites", content.Favorites) +
+           Links("Sites you use most", content.Sites) + Links("Tabs closed last", content.Closed) + NoticeOf(content) +
            "</main></body></html>\n";
 }
 

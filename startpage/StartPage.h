@@ -12,12 +12,14 @@ namespace tessa {
 struct StartGroup {
     Text Name;
     std::vector<Text> Addresses;
+    Text News{}; ///< what is new in them, in words; empty when nothing is, or nobody knows
 };
 
 /// A Favorite as the home page shows it.
 struct StartLink {
     Text Title;
     Text Address;
+    bool operator==(const StartLink&) const = default;
 };
 
 /// What the home page shows. All of it is other people's text.
@@ -25,8 +27,10 @@ struct StartContent {
     std::vector<StartGroup> Groups{};
     std::size_t MoreGroups = 0; ///< how many more there are
     std::vector<StartLink> Favorites{};
-    bool Dark = false; ///< the desktop's colours are dark
-    Text Notice{};     ///< said quietly at the end; empty for nothing
+    std::vector<StartLink> Sites{};  ///< used most
+    std::vector<StartLink> Closed{}; ///< tabs that were closed last
+    bool Dark = false;               ///< the desktop's colours are dark
+    Text Notice{};                   ///< said quietly at the end; empty for nothing
 };
 
 /// The home page, which the program makes itself: a search field, the TessaGroups as cards, the Favorites. It has no

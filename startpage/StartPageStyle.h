@@ -32,6 +32,7 @@ a:focus-visible, button:focus-visible { outline: 3px solid var(--mark); outline-
 .card b { display: block; font-size: 17px; font-weight: 600; overflow: hidden; text-overflow: ellipsis;
   white-space: nowrap; }
 .card small { display: block; color: var(--soft); margin: 1px 0 10px; font-size: 13px; }
+.card .news { color: var(--mark); margin-top: -6px; }
 .site { display: flex; align-items: center; gap: 9px; margin-top: 5px; font-size: 13px; color: var(--soft); }
 .site span, .link span { overflow: hidden; text-overflow: ellipsis; white-space: nowrap; }
 i { flex: none; width: 19px; height: 19px; border-radius: 5px; font: 600 11px/19px system-ui, sans-serif;

@@ -27,6 +27,7 @@ void BrowserEvents::TitleChange(std::int16_t Index, TextView Text) {
 
 void BrowserEvents::BeforeNavigate2(std::int16_t Index, PageLevel pDisp, TextView URL) {
     if (pDisp == PageLevel::Top) BeginNavigation(Index, URL);
+    if (pDisp == PageLevel::Top) Begins(Index, URL);
     m_tabs.SetTabBusy(Decimal(Index), TabBusy::Yes);
 }
 
@@ -46,6 +47,7 @@ bool BrowserEvents::TakeMayFocus(ArrayView* view, PageLevel pDisp, bool Focusing
 // frame clears the mark too.
 void BrowserEvents::NavigateComplete2(std::int16_t Index, PageLevel pDisp, TextView URL) {
     ShowIdle(Index, pDisp, URL, TakeMayFocus(m_browser.Find(Index), pDisp, &Focusing::Address));
+    if (pDisp == PageLevel::Top) Shows(Index, URL);
     Navigated();
 }
 

@@ -30,6 +30,10 @@ public:
 
     /// A view shows another address or title than before.
     Signal<void()> Navigated;
+    /// A view is about to go to that address.
+    Signal<void(std::int16_t Index, TextView URL)> Begins;
+    /// It shows that address, or another document that comes from there.
+    Signal<void(std::int16_t Index, TextView URL)> Shows;
     /// A view's page has loaded, or its load has ended otherwise.
     Signal<void(std::int16_t Index)> Loaded;
     /// Shows the menu of the page in front.

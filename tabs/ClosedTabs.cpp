@@ -83,4 +83,13 @@ void ClosedTabs::Reopen() {
     Changed();
 }
 
+std::vector<ClosedTabs::Page> ClosedTabs::Last(std::size_t most) const {
+    std::vector<Page> pages;
+    for (auto command = m_closed.rbegin(); command != m_closed.rend(); ++command) {
+        for (auto tab = command->Tabs.rbegin(); tab != command->Tabs.rend() && pages.size() < most; ++tab)
+            pages.push_back({tab->Title, tab->Address});
+    }
+    return pages;
+}
+
 } // namespace tessa

@@ -34,6 +34,12 @@ public:
     /// How many tabs `Reopen` brings back.
     [[nodiscard]] std::size_t Next() const { return m_closed.empty() ? 0 : m_closed.back().Tabs.size(); }
 
+    /// The pages of the tabs that were closed last, the last one first.
+    struct Page {
+        Text Title, Address;
+    };
+    [[nodiscard]] std::vector<Page> Last(std::size_t most) const;
+
     /// What there is to bring back may have changed.
     Signal<void()> Changed;
 

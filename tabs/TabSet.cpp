@@ -189,6 +189,7 @@ Text TabSet::Describe(const Tab& tab) const {
     Text all = address.empty() ? first : first + u"\n" + address.substr(0, kMostDescribed);
     if (!tab.Awaited().empty() && tab.Awaited() != address)
         all += u"\nWaiting for " + tab.Awaited().substr(0, kMostDescribed);
+    if (!tab.NewsWords().empty()) all += u"\n" + tab.NewsWords();
     if (view->Privacy == Privacy::Private) all += u"\nPrivate tab: nothing of it is kept";
     return all;
 }

@@ -21,6 +21,10 @@ void LiveSettings::ApplySleep() {
     m_places.sleep.SetPatience(values.tabsSleep ? std::chrono::minutes(values.sleepMinutes) : std::chrono::minutes(0));
 }
 
+void LiveSettings::ApplyHistory() {
+    m_places.reads.SetOptions(HistoryRules::OptionsOf(HistorySettings(m_settings).Get()));
+}
+
 void LiveSettings::Changed() {
     const SettingsStore store(m_settings);
     PlaceTabs(store);

@@ -1,6 +1,7 @@
 #pragma once
 #include "forms/TabStrip.h"
 #include "groups/GroupCommands.h"
+#include "history/ReadPages.h"
 #include "settings/SettingsStore.h"
 #include "tabs/TabSet.h"
 #include "tabs/TabSleep.h"
@@ -17,6 +18,7 @@ public:
         TabSet& tabs;
         GroupCommands& groups;
         TabSleep& sleep;
+        ReadPages& reads;
     };
     LiveSettings(Places places, SettingsStorageFactory& settings) : m_places(places), m_settings(settings) {}
 
@@ -26,6 +28,8 @@ public:
     void Copy(const SettingsStore& store);
     /// Lets tabs sleep, or not, as the user has set it.
     void ApplySleep();
+    /// Remembers what is read, or not, as the user has set it.
+    void ApplyHistory();
     /// The settings were changed in their dialog: brings them into effect.
     void Changed();
     /// Stores them again, as they are now.

@@ -24,7 +24,17 @@ void MainCommands::Clear(const BrowsingData& data, const Forgotten& done) {
         // An offer to bring them back would keep what is to be forgotten.
         m_parts.tabs.WithdrawSaid();
     }
+    // The engine says when all of it is done.
+    if (data.history) ForgetHistory(data.seconds);
     m_platform.engineOptions.Clear(data, done);
+}
+
+void MainCommands::ForgetHistory(std::int64_t seconds) {
+    HistoryRemoval removal;
+    if (seconds > 0) removal.From = m_platform.clock.Now() - seconds;
+    m_platform.visits.Remove(removal, [this, alive = std::weak_ptr(m_alive)](std::int64_t) {
+        if (!alive.expired()) HistoryForgotten();
+    });
 }
 
 void MainCommands::ShowSettings() {
@@ -48,6 +58,7 @@ void MainCommands::ShowInternetOptions() {
     m_platform.engineOptions.ApplyInternetOptions();
     m_parts.settings.ApplySleep();
     m_parts.settings.RememberLastSites = SettingsStore(m_platform.settings).RememberLastSites.Get();
+    m_parts.settings.ApplyHistory();
 }
 
 void MainCommands::ShowAbout() {
@@ -82,6 +93,10 @@ void MainCommands::ToggleDownloads() {
     auto& form = m_parts.downloads.Form;
     form.Visible = !form.Visible();
 }
+
+void MainCommands::ShowHistory() { m_parts.history.Show(); }
+
+void MainCommands::SearchOpenPages() { m_parts.openPages.Open(); }
 
 void MainCommands::ToggleFullScreen() { m_platform.window.SetFullScreen(!m_platform.window.FullScreen()); }
 

@@ -1,8 +1,10 @@
 #pragma once
 #include "commands/CommandContext.h"
 #include "downloads/frmDownloads.h"
+#include "history/frmOpenPages.h"
 #include "sessions/SessionJournal.h"
 #include "settings/InternetSettings.h"
+#include "startpage/HistoryPages.h"
 #include "tabs/frmTaskView.h"
 #include "window/LiveSettings.h"
 #include "window/MainWindowPlatform.h"
@@ -25,6 +27,8 @@ public:
         LiveSettings& settings;
         frmTaskView& taskView;
         frmDownloads& downloads;
+        HistoryPages& history;
+        frmOpenPages& openPages;
     };
     /// `platform` outlives this object.
     MainCommands(Parts parts, const MainWindowPlatform& platform) : m_parts(parts), m_platform(platform) {}
@@ -36,18 +40,25 @@ public:
     void ShowSessions() override;
     void ShowTaskView() override;
     void ToggleDownloads() override;
+    void ShowHistory() override;
+    void SearchOpenPages() override;
     void ToggleFullScreen() override;
     void ResizeAddress() override;
     void ResizeSearch() override;
     void CopyReport() override;
     void Exit() override;
 
+    /// What was read was cleared.
+    Signal<void()> HistoryForgotten;
+
 private:
+    void ForgetHistory(std::int64_t seconds);
     void Resize(void (frmResize::*mode)());
     void Clear(const BrowsingData& data, const Forgotten& done);
 
     Parts m_parts;
     const MainWindowPlatform& m_platform;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 
 } // namespace tessa

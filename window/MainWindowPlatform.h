@@ -12,6 +12,7 @@
 #include "platform/Shell.h"
 #include "platform/Trash.h"
 #include "platform/UserInput.h"
+#include "platform/VisitStore.h"
 #include "platform/WallClock.h"
 #include "platform/WindowTools.h"
 #include "sessions/SessionOffer.h"
@@ -45,6 +46,7 @@ struct MainWindowPlatform {
     Report::Source& report;
     WindowTools& tools;
     UserInput& input;
+    VisitStore& visits;
     /// The full path of the running program.
     Text programPath;
     /// Where TessaGroup files lie, with the separator at the end.

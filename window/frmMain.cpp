@@ -8,6 +8,7 @@
 #include "base/os/Log.h"
 #include "commands/DesignTimeBar.h"
 #include "commands/PageMenu.h"
+#include "commands/ReadingCommands.h"
 #include "commands/TabMoreCommands.h"
 #include "downloads/DownloadWords.h"
 #include "groups/TessaGroups.h"
@@ -66,13 +67,20 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_sleep(pcPage, m_browser),
       m_relief(pcPage, m_sleep),
       m_taskView(pcPage, m_browser),
-      m_settings({pcPage, m_tabs, m_groups, m_sleep}, m_platform.settings),
-      m_commands({m_tabs, pcPage, m_browser, actBar, m_context, m_sessions, m_settings, m_taskView, m_downloadPanel},
+      m_reads({pcPage, m_browser, m_platform.visits, m_platform.clock}),
+      m_openPages(m_reads, pcPage, m_browser, m_platform.visits),
+      m_history({m_tabs, pcPage, m_browser, m_groups, m_platform.messages, m_platform.files, m_platform.visits,
+                 m_platform.clock, m_platform.groupFolder}),
+      m_homeFacts({m_platform.visits, m_platform.clock, m_closed, m_platform.groupFolder}),
+      m_settings({pcPage, m_tabs, m_groups, m_sleep, m_reads}, m_platform.settings),
+      m_commands({m_tabs, pcPage, m_browser, actBar, m_context, m_sessions, m_settings, m_taskView, m_downloadPanel,
+                  m_history, m_openPages},
                  m_platform),
       m_dispatcher(m_context),
       m_keyboard(actBar, m_tabs, m_dispatcher),
       m_closing({m_tabs, pcPage, m_downloads, m_platform.window, m_platform.messages}) {
     m_context.window = &m_commands;
+    m_context.reads = &m_reads;
     DesignTimeBar::Make(actBar);
     WireParts();
 }
@@ -83,10 +91,14 @@ void frmMain::WireParts() {
     actBar.MouseOver.ConnectForLife(
         [this](const Tool* tool) { m_tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); });
     m_closed.Changed.ConnectForLife([this] { TabMoreCommands::ShowReopen(m_context); });
-    m_stripInput.Opening.ConnectForLife([this] { TabMoreCommands::ShowState(m_context); });
+    m_stripInput.Opening.ConnectForLife([this] {
+        TabMoreCommands::ShowState(m_context);
+        ReadingCommands::ShowState(m_context);
+    });
     pcPage.Touched.ConnectForLife([this] {
         m_sessions.Touch();
         m_sleep.Touch();
+        m_reads.Touch();
     });
     m_events.ShowMenu.ConnectForLife(
         [this](std::int16_t Index, const PageContext& Context) { PageMenu::Open(m_context, Index, Context); });
@@ -97,6 +109,7 @@ void frmMain::WireParts() {
     WireGroups();
     WireDownloads();
     WireSleep();
+    WireReading();
     TabMoreCommands::ShowReopen(m_context);
 }
 
@@ -153,6 +166,42 @@ void frmMain::WireSleep() {
     m_relief.Say.ConnectForLife([this](TextView words) { m_tabs.Say(words); });
 }
 
+void frmMain::WireReading() {
+    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView URL) { m_reads.Begins(Index, URL); });
+    m_events.Shows.ConnectForLife([this](std::int16_t Index, TextView URL) { m_reads.Shows(Index, URL); });
+    m_events.Loaded.ConnectForLife([this](std::int16_t Index) {
+        m_reads.Loads(Index);
+        m_history.Loads(Index);
+    });
+    m_reads.Changed.ConnectForLife([this](std::int32_t index) { m_openPages.Changed(index); });
+    m_groups.Opening.ConnectForLife(
+        [this](TextView name, const std::vector<Text>& addresses) { m_reads.NoteGroup(name, addresses); });
+    m_openPages.Shown.ConnectForLife([this](bool shown) {
+        if (auto* tool = actBar.Find(u"xtrSearchOpenPages"_tool)) tool->Checked = shown;
+    });
+    m_history.GroupSaved.ConnectForLife([this] { m_context.groupsMenuStale = true; });
+    m_homeFacts.Changed.ConnectForLife([this] { HomeFactsChanged(); });
+    m_commands.HistoryForgotten.ConnectForLife([this] {
+        m_homeFacts.Forget();
+        m_homeFacts.Ask();
+        m_history.AskAgain();
+    });
+}
+
+void frmMain::AskHomeFacts() {
+    if (!m_reads.Options().Nothing) m_homeFacts.Ask();
+}
+
+void frmMain::AddHomeFacts(StartContent& content) {
+    m_homeFacts.AddTo(content);
+    AskHomeFacts();
+}
+
+void frmMain::ReadOn() {
+    const auto round = m_reads.Round();
+    if (ReadingRound::Next(round, m_tabs.CurrentIndex()) != 0) ReadingCommands::NextUnread(m_context);
+}
+
 void frmMain::Form_Load(TextView commandLine) {
     if (m_stage != Stage::New) return;
     m_stage = Stage::Loaded;
@@ -189,6 +238,7 @@ void frmMain::Restore() {
     WindowPlacement::Restore(m_platform.window, store);
     m_settings.Copy(store);
     m_settings.ApplySleep();
+    m_settings.ApplyHistory();
 }
 
 void frmMain::OpenCommandLine(BrowserView& view, TextView commandLine) {
@@ -235,6 +285,8 @@ void frmMain::Form_Activate() {
     m_activated = true;
     OpenAtStart();
     m_sessions.OfferBy(m_platform.offer);
+    // While the engine is loaded, so that the home page need not be made twice.
+    if (m_startedBare) AskHomeFacts();
 }
 
 void frmMain::OpenAtStart() {

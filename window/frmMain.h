@@ -8,7 +8,10 @@
 #include "commands/RuntimeMenus.h"
 #include "downloads/frmDownloads.h"
 #include "groups/GroupCommands.h"
+#include "history/frmOpenPages.h"
 #include "sessions/SessionJournal.h"
+#include "startpage/HistoryPages.h"
+#include "startpage/HomeFacts.h"
 #include "startpage/HomePages.h"
 #include "tabs/BrowserEvents.h"
 #include "tabs/MemoryRelief.h"
@@ -64,6 +67,7 @@ public:
     // The forms beside the window, each for its own window, which binds all of their controls.
     [[nodiscard]] frmDownloads& DownloadPanel() { return m_downloadPanel; }
     [[nodiscard]] frmTaskView& TaskView() { return m_taskView; }
+    [[nodiscard]] frmOpenPages& OpenPagesPanel() { return m_openPages; }
 
     // Tabs.
     /// What is open, to be read: the strip describes its tabs by it.
@@ -104,11 +108,21 @@ public:
     // What the engine reports to: the list of downloads, for the engine's side of them.
     [[nodiscard]] tessa::Downloads& Downloads() { return m_downloads; }
 
+    /// The page of the history in that view asks for something.
+    void AskHistory(std::int32_t index, TextView message) { m_history.Ask(index, message); }
+    /// Somebody wants to read on, at the end of the page in front.
+    void ReadOn();
+    /// Puts into the home page what is known of what was read, and has it made anew when there is more.
+    void AddHomeFacts(StartContent& content);
+    /// The home page has to be made anew.
+    Signal<void()> HomeFactsChanged;
+
     // What runs by the clock: each says when it is to be called, and its clock calls it. The journal also opens a
     // session again that the bar above the page offers.
     [[nodiscard]] SessionJournal& Sessions() { return m_sessions; }
     [[nodiscard]] TabSleep& Sleep() { return m_sleep; }
     [[nodiscard]] MemoryRelief& Relief() { return m_relief; }
+    [[nodiscard]] ReadPages& Reads() { return m_reads; }
     /// Has `RetryWrites` called in a while.
     Signal<void()> RetryLater;
     /// Writes again what could not be written.
@@ -123,6 +137,8 @@ private:
     void WireGroups();
     void WireDownloads();
     void WireSleep();
+    void WireReading();
+    void AskHomeFacts();
     void Prepare();
     void Restore();
     void Save();
@@ -152,6 +168,10 @@ private:
     TabSleep m_sleep;
     MemoryRelief m_relief;
     frmTaskView m_taskView;
+    ReadPages m_reads;
+    frmOpenPages m_openPages;
+    HistoryPages m_history;
+    HomeFacts m_homeFacts;
     LiveSettings m_settings;
     MainCommands m_commands;
     Dispatcher m_dispatcher;

@@ -29,4 +29,8 @@ Text DesktopClock::Words(std::int64_t seconds) const {
     return FromQt(day + QStringLiteral(", ") + TimeOfDay(locale, time.time()));
 }
 
+std::int64_t DesktopClock::DayBegin(std::int64_t seconds) const {
+    return QDateTime::fromSecsSinceEpoch(seconds).date().startOfDay().toSecsSinceEpoch();
+}
+
 } // namespace tessa::qt

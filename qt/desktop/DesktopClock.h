@@ -8,6 +8,7 @@ class DesktopClock final : public WallClock {
 public:
     [[nodiscard]] std::int64_t Now() const override;
     [[nodiscard]] Text Words(std::int64_t seconds) const override;
+    [[nodiscard]] std::int64_t DayBegin(std::int64_t seconds) const override;
 };
 
 } // namespace tessa::qt

@@ -97,6 +97,7 @@ InternetOptionsDialog::InternetOptionsDialog(frmInternetOptions& form, QWidget* 
     m_pages->Add(*ProgramsPage(), QStringLiteral("&Programs"));
     m_pages->Add(*PrivacyPage(), QStringLiteral("Pri&vacy"));
     m_pages->Add(*SitesPage(), QStringLiteral("Sit&es"));
+    m_pages->Add(*HistoryPage(), QStringLiteral("Histor&y"));
     m_pages->Add(*ClearPage(), QStringLiteral("C&lear Data"));
     m_pages->Add(*ConnectionPage(), QStringLiteral("&Connection"));
     auto* rows = new QVBoxLayout(this);
@@ -168,11 +169,31 @@ QWidget* InternetOptionsDialog::SitesPage() {
     return page;
 }
 
+QWidget* InternetOptionsDialog::HistoryPage() {
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    rows->addWidget(NewCheckBox(m_form.chkHistoryTexts, "chkHistoryTexts", u'T'));
+    for (auto* box : {&m_form.txtHistoryDays, &m_form.txtHistoryMegabytes}) LeadTo(*page, *box);
+    for (auto* edit :
+         {AddBox(*rows, m_form.lblHistoryDays, m_form.txtHistoryDays, "txtHistoryDays", u'F'),
+          AddBox(*rows, m_form.lblHistoryMegabytes, m_form.txtHistoryMegabytes, "txtHistoryMegabytes", u'M')}) {
+        edit->setMinimumWidth(0);
+        edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(u'0') * kPortWidthInDigits);
+    }
+    AddBox(*rows, m_form.lblHistoryLeftOut, m_form.txtHistoryLeftOut, "txtHistoryLeftOut", u'S')
+        ->setPlaceholderText(QStringLiteral("example.org, bank.example"));
+    rows->addWidget(NewCheckBox(m_form.chkHistoryNothing, "chkHistoryNothing", u'R'));
+    rows->addWidget(NewLabel(m_form.lblHistoryBad, "lblHistoryBad"));
+    rows->addStretch();
+    return page;
+}
+
 QWidget* InternetOptionsDialog::ClearPage() {
     auto* page = new QWidget;
     auto* rows = new QVBoxLayout(page);
     rows->addWidget(NewCheckBox(m_form.chkClearCookies, "chkClearCookies", u'K'));
     rows->addWidget(NewCheckBox(m_form.chkClearVisited, "chkClearVisited", u'I'));
+    rows->addWidget(NewCheckBox(m_form.chkClearHistory, "chkClearHistory", u'H'));
     AddChoice(*rows, m_form.cboSince, "cboSince", u'O');
     rows->addWidget(NewCheckBox(m_form.chkClearSiteData, "chkClearSiteData", u'W'));
     rows->addWidget(NewCheckBox(m_form.chkClearCache, "chkClearCache", u'S'));

@@ -22,6 +22,7 @@ private:
     QWidget* ProgramsPage();
     QWidget* PrivacyPage();
     QWidget* SitesPage();
+    QWidget* HistoryPage();
     QWidget* ClearPage();
     QWidget* ConnectionPage();
     QWidget* Buttons();

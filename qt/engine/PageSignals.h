@@ -21,6 +21,10 @@ struct PageSignals {
     Signal<void(const QUrl&)> Visited;
     /// The user has followed a link of the home page that is for the program and not for the engine.
     Signal<void(const QUrl&)> StartLink;
+    /// The page of the history in a view asks the program for something.
+    Signal<void(std::int32_t index, const QString& message)> HistoryAsks;
+    /// Somebody in front of a page wants to read on, at its end.
+    Signal<void()> ReadToEnd;
     /// What pages may see and hear of their users has changed.
     Signal<void()> CapturesChanged;
     /// Says something in passing, in the status bar.

@@ -234,6 +234,16 @@ void PageView::FollowPage() {
     connect(
         page, &WebPage::StartLinkFollowed, this, [this](const QUrl& url) { m_self.services.told.StartLink(url); },
         Qt::QueuedConnection);
+    connect(
+        page, &WebPage::OwnPageAsks, this,
+        [this](const QString& message) { m_self.services.told.HistoryAsks(m_self.index, message); },
+        Qt::QueuedConnection);
+    connect(
+        page, &WebPage::ReadToEnd, this,
+        [this] {
+            if (m_surface.Visible()) m_self.services.told.ReadToEnd();
+        },
+        Qt::QueuedConnection);
     EngineVersions::FollowPrintRequests(*Page(), *this, [this] { m_printing.NoteWish(); });
 }
 

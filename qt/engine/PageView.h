@@ -40,6 +40,7 @@ public:
     [[nodiscard]] int ZoomLevel() const override { return m_zoom; }
     [[nodiscard]] PageTools* Tools() override { return Questions() ? &Questions()->tools : nullptr; }
     [[nodiscard]] PageLife* Life() override { return m_page ? m_page->Life() : nullptr; }
+    [[nodiscard]] PageReading* Reading() override { return m_page ? &m_page->Reader() : nullptr; }
     [[nodiscard]] PageSecurity Security() const override;
     [[nodiscard]] bool Busy() const override { return m_where.stage.Busy(); }
     [[nodiscard]] PageProgress Progress() const override;

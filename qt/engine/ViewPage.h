@@ -1,5 +1,6 @@
 #pragma once
 #include "qt/engine/ViewContext.h"
+#include "qt/page/PageReader.h"
 #include "qt/page/WebPage.h"
 #include "qt/page/WebPageLife.h"
 #include "qt/questions/WebPageQuestions.h"
@@ -32,6 +33,7 @@ public:
     /// What the page asks for, and what covers it; nothing before it may ask, and at its end.
     [[nodiscard]] WebPageQuestions* Questions() const { return m_questions.get(); }
     [[nodiscard]] WebPageLife* Life() const { return m_life.get(); }
+    [[nodiscard]] PageReader& Reader() { return m_reader; }
     /// Whether it asks its user something.
     [[nodiscard]] bool Asks() const;
 
@@ -42,6 +44,7 @@ private:
     qt::Leaving& m_leaving;
     std::unique_ptr<WebPageQuestions> m_questions;
     std::unique_ptr<WebPageLife> m_life;
+    PageReader m_reader{*m_page};
 };
 
 } // namespace tessa::qt

@@ -4,6 +4,7 @@
 #include "qt/base/Palette.h"
 #include "qt/base/Resources.h"
 #include "qt/base/Strings.h"
+#include "startpage/HistoryPage.h"
 #include "startpage/OwnAccess.h"
 
 #include <QBuffer>
@@ -37,6 +38,8 @@ bool StartPageScheme::IsOwn(const QUrl& url) {
     return url.scheme() == QLatin1String(Scheme()) && OwnPageAt(url.path()) != OwnPage::None;
 }
 
+bool StartPageScheme::IsHistory(const QUrl& url) { return IsOwn(url) && OwnPageAt(url.path()) == OwnPage::History; }
+
 bool StartPageScheme::IsPreview(const QUrl& url) { return IsOwn(url) && OwnPageAt(url.path()) == OwnPage::Preview; }
 
 void StartPageScheme::RegisterScheme() {
@@ -53,6 +56,8 @@ QByteArray StartPageScheme::BytesAt(const QString& path) const {
     case OwnPage::Help:
     case OwnPage::Private:
         return Written(path);
+    case OwnPage::History:
+        return QByteArray::fromStdString(HistoryPage::Html(Palette::IsDark(QGuiApplication::palette())));
     case OwnPage::Preview:
         return PreviewAt(path);
     case OwnPage::None:

@@ -24,6 +24,7 @@ public:
     static void RegisterScheme();
     void requestStarted(QWebEngineUrlRequestJob* job) override;
 
+    [[nodiscard]] static bool IsHistory(const QUrl& url);
     /// Whether that is the address of a print preview.
     [[nodiscard]] static bool IsPreview(const QUrl& url);
     /// The address at which these bytes, a PDF, are shown under that name for as long as somebody holds them.

@@ -69,6 +69,11 @@ bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool
     if (url.scheme() == QLatin1String(StartPageScheme::Scheme()) && !AcceptOwn(url, type, isMainFrame)) return false;
     if (HandOver(url, type == NavigationTypeLinkClicked, isMainFrame)) return false;
     if (isMainFrame) m_awaited = url;
+    // What the page of the history shows is shown by a script.
+    if (isMainFrame && StartPageScheme::IsHistory(url))
+        settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, true);
+    else if (isMainFrame)
+        settings()->resetAttribute(QWebEngineSettings::JavascriptEnabled);
     if (isMainFrame) m_redirects = type == NavigationTypeRedirect;
     // A link that a script clicks is a clicked one too.
     if (isMainFrame && (type == NavigationTypeTyped || (type == NavigationTypeLinkClicked && TakePerson())))
@@ -259,6 +264,8 @@ void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QStr
     const QString report = message.mid(m_token.size() + 1);
     const QUrl address(report.section(u' ', 1));
     if (report.startsWith(u"input ")) return OnInputReport(report);
+    if (report.startsWith(u"own ") && StartPageScheme::IsOwn(url())) Q_EMIT OwnPageAsks(report.mid(4));
+    if (report == u"end") Q_EMIT ReadToEnd();
     if (report.startsWith(u"acted ")) m_actedFrame = report.section(u' ', 1);
     if (report.startsWith(u"page ")) {
         m_personWasHere = false;

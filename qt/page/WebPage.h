@@ -40,6 +40,8 @@ public:
     [[nodiscard]] QUrl ShownAddress() const;
     /// Whether what comes from that origin may speak for the page: frames from elsewhere and in a sandbox may not.
     [[nodiscard]] bool IsOwnOrigin(const QUrl& origin) const;
+    /// What marks the lines with which scripts of ours report.
+    [[nodiscard]] const QString& Token() const { return m_token; }
     /// Whether the page is about to show what is fetched from there.
     [[nodiscard]] bool Awaits(const QUrl& url) const { return !m_awaited.isEmpty() && m_awaited == url; }
 
@@ -92,6 +94,10 @@ Q_SIGNALS:
     void PersonNavigated();
     /// A link of the home page was clicked that is for the program and not for the engine.
     void StartLinkFollowed(const QUrl& url);
+    /// The script of a page of the program's own asks the program for something.
+    void OwnPageAsks(const QString& message);
+    /// A person has pressed the space bar at the end of the page, which makes nothing of it.
+    void ReadToEnd();
     /// An address for another program was not handed over, because nobody had clicked for it.
     void ExternalRefused(const QUrl& url, const QUrl& page);
     /// The page, or a frame in it, wants another program of the desktop to open an address.

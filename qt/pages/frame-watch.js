@@ -3,6 +3,7 @@
 // - The engine says nothing when a page shows a new document from the address that it had already, so each document of
 //   a page reports itself as soon as there is one.
 // - The engine has no signal for frames, so each reports itself when it is there and when it is loaded.
+// - The space bar at the end of a page leads to the next one that is to be read.
 // - It tells the program whether the page holds what its user has typed or chosen and not sent, so that such a page is
 //   not put to sleep, and whether that is a text that is asked about before the program ends. What a page fills in by
 //   itself is its own business.
@@ -59,7 +60,20 @@
         }
     };
 
+    // What a page, or something in it, makes of the space bar is its own business. A page that scrolls is not at its end.
+    function readOn(event) {
+        var bare = !event.ctrlKey && !event.altKey && !event.metaKey && !event.shiftKey && !event.repeat;
+        if (event.key !== ' ' || !bare || !event.isTrusted) return;
+        if (event.target !== document.body && event.target !== document.documentElement) return;
+        if (document.designMode === 'on' || document.body.isContentEditable) return;
+        var page = document.scrollingElement || document.documentElement;
+        if (page.scrollTop + window.innerHeight < page.scrollHeight - 2) return;
+        // Once all that listen have been told.
+        setTimeout(function () { if (!event.defaultPrevented) console.debug('%1 end'); }, 0);
+    }
+
     if (window === window.parent) {
+        window.addEventListener('keydown', readOn);
         console.debug('%1 page ' + location.href);
         tell('new');
     } else {

@@ -44,6 +44,7 @@ void Clocks::FollowHomePages() {
         if (shown == HomePages::Shown::Later) m_homePages.start();
     });
     m_main.Menus().FoldersChanged.ConnectForLife([this] { m_homePages.start(); });
+    m_main.HomeFactsChanged.ConnectForLife([this] { m_homePages.start(); });
 }
 
 void Clocks::FollowSession() {

@@ -45,6 +45,7 @@ EngineAssembly::EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window
 
 void EngineAssembly::Serve(frmMain& main) {
     // Before they are read, so that no change falls in between.
+    m_surroundings.AddFacts.ConnectForLife([&main](StartContent& content) { main.AddHomeFacts(content); });
     m_surroundings.ReadsFolders.ConnectForLife([&main] { main.Menus().WatchFolders(); });
     engine.Told().StartLink.ConnectForLife(
         [&main](const QUrl& url) { main.OpenStartLink(url.toEncoded().toStdString()); });

@@ -20,6 +20,7 @@ Text EngineSurroundings::HomeAddress() { return InternetSettings(m_settings).Get
 std::string EngineSurroundings::StartPage() {
     ReadsFolders();
     StartContent content = tessa::StartPage::Read(m_folders.groups, m_folders.favorites);
+    AddFacts(content);
     content.Dark = Palette::IsDark(m_window.palette());
     content.Notice = BuildInfo::EngineNotice();
     return tessa::StartPage::Html(content);

@@ -2,6 +2,7 @@
 #include "base/Signal.h"
 #include "platform/SettingsStorage.h"
 #include "qt/engine/EngineHost.h"
+#include "startpage/StartPage.h"
 
 namespace tessa::qt {
 
@@ -26,6 +27,8 @@ public:
     [[nodiscard]] bool WindowIsFull() const override;
     void SetWindowFull(bool full) override;
 
+    /// The home page is about to be made of that; whoever knows more adds it.
+    Signal<void(StartContent& content)> AddFacts;
     /// The home page's folders are about to be read.
     Signal<void()> ReadsFolders;
 

@@ -14,6 +14,7 @@
 #include "qt/program/DesktopWindowTools.h"
 #include "qt/program/DownloadAssembly.h"
 #include "qt/program/EngineAssembly.h"
+#include "qt/program/HistoryAssembly.h"
 #include "qt/program/KeyboardAssembly.h"
 #include "qt/program/PageBarsAssembly.h"
 #include "qt/program/ReportSource.h"
@@ -64,6 +65,7 @@ struct RunningProgram::Parts {
     PageBarsAssembly bars{window.PageArea(), desktop.clock};
     EngineAssembly engine{desktop, window, bars};
     DownloadAssembly downloads{engine.engine};
+    HistoryAssembly history{desktop};
     Forms forms{window, splash};
     ReportSource report{desktop.log};
     DesktopWindowTools tools{engine.engine, bars.findBar, engine.devTools};
@@ -83,6 +85,7 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     main.TaskView().TellDrawing(DrawingChoice::InSoftware() ? DrawingWay::Software : DrawingWay::Graphics);
     engine.Serve(main);
     downloads.Serve(main, window);
+    history.Serve(main, engine.engine, window);
     bars.Serve(main);
     bar.LeadTo(strip.strip, frame.statusBar, bars);
     frame.FollowPages(engine.engine, desktop.OwnProfile());
@@ -126,6 +129,7 @@ MainWindowPlatform RunningProgram::Parts::Outside() {
             .report = report,
             .tools = tools,
             .input = input,
+            .visits = history.store,
             .programPath = FromQt(QCoreApplication::applicationFilePath()),
             .groupFolder = FromQt(desktop.folders.GroupFolder()),
             .favoritesFolder = FromQt(desktop.folders.favorites),

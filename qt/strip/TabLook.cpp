@@ -43,6 +43,8 @@ TabLook::TabLook(const QPalette& palette, TabPlacement placement)
     m_hovered = Palette::Mix(m_row, m_selected, 0.45);
     m_line = Palette::Mix(m_row, m_text, 0.22);
     m_quietText = Palette::Mix(m_row, m_text, 0.78);
+    m_faintText = Palette::Mix(m_row, m_text, 0.55);
+    m_new = dark ? QColor(255, 190, 60) : QColor(214, 120, 0);
     m_private = dark ? QColor(178, 132, 255) : QColor(106, 50, 196);
 }
 
@@ -67,16 +69,28 @@ void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
     else
         face.icon.paint(&painter, icon);
 
+    if (face.news == TabNews::New && !face.asks && !face.busy) PaintNews(painter, icon);
+
     QRect text = face.place;
     text.setLeft(icon.right() + 1 + kTabGap);
     text.setRight(face.closeShown ? face.closePlace.left() - 3 : face.place.right() - kTabMargin);
     if (face.sound != TabSound::None) text.setRight(face.soundPlace.left() - 3);
-    painter.setPen(face.selected ? m_text : m_quietText);
+    painter.setPen(face.selected ? m_text : face.news == TabNews::Nothing ? m_faintText : m_quietText);
     const QString caption =
         painter.fontMetrics().elidedText(face.caption.left(kMeasuredUnits).simplified(), Qt::ElideRight, text.width());
     painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, caption);
     if (face.sound != TabSound::None) PaintSound(painter, face);
     if (face.closeShown) PaintClose(painter, face);
+    painter.restore();
+}
+
+// A dot at the corner of the icon, with a rim that tells it from any icon.
+void TabLook::PaintNews(QPainter& painter, const QRect& icon) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(m_row, 1.5));
+    painter.setBrush(m_new);
+    painter.drawEllipse(QPointF(icon.right() - 1.5, icon.top() + 2.5), 4.5, 4.5);
     painter.restore();
 }
 

@@ -18,6 +18,7 @@ struct TabFace {
     bool busy = false;
     bool isPrivate = false;
     bool asks = false; ///< the page waits for an answer
+    TabNews news = TabNews::Unknown;
     TabSound sound = TabSound::None;
     bool soundHovered = false;
     bool selected = false;
@@ -53,11 +54,12 @@ public:
 
 private:
     void PaintBody(QPainter& painter, const TabFace& face) const;
+    void PaintNews(QPainter& painter, const QRect& icon) const;
     void PaintSound(QPainter& painter, const TabFace& face) const;
     void PaintClose(QPainter& painter, const TabFace& face) const;
 
     TabPlacement m_placement;
-    QColor m_row, m_line, m_selected, m_hovered, m_text, m_quietText, m_accent, m_private;
+    QColor m_row, m_line, m_selected, m_hovered, m_text, m_quietText, m_accent, m_private, m_new, m_faintText;
 };
 
 } // namespace tessa::qt

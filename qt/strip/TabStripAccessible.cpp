@@ -56,6 +56,7 @@ public:
         if (kind == QAccessible::Description && tab->Private()) return QStringLiteral("Private");
         if (kind == QAccessible::Description && !tab->Awaited().empty()) return Waiting(*tab);
         if (kind == QAccessible::Description && Busy(*tab)) return QStringLiteral("Loading");
+        if (kind == QAccessible::Description) return ToQt(OneLine(tab->NewsWords()));
         return {};
     }
 

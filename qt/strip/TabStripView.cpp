@@ -101,7 +101,7 @@ void TabStripView::Measure() {
 
 TabStripView::Face TabStripView::FaceAt(std::size_t position) const {
     const Tab* tab = m_strip.FindAt(position);
-    return tab ? Face{tab->Key(), tab->Caption(), tab->Image(), tab->Asks(), tab->Sound()} : Face{};
+    return tab ? Face{tab->Key(), tab->Caption(), tab->Image(), tab->Asks(), tab->Sound(), tab->News()} : Face{};
 }
 
 void TabStripView::RememberFaces() {
@@ -120,6 +120,7 @@ TabFace TabStripView::PaintedFace(std::size_t position) const {
     face.busy = tab->Image() == TabImage::Red;
     if (!face.busy && PageIcon) face.icon = PageIcon(*tab);
     face.sound = tab->Sound();
+    face.news = tab->News();
     face.soundHovered = position == m_hover.position && m_hover.part == Part::Sound;
     face.selected = position == m_selected;
     face.hovered = position == m_hover.position;

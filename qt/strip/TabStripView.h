@@ -107,6 +107,7 @@ private:
         TabImage image;
         bool asks;
         TabSound sound;
+        TabNews news;
         bool operator==(const Face&) const = default;
     };
 

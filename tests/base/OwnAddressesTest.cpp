@@ -15,7 +15,7 @@ TEST(OwnAddresses, AreAllOfTheProgramsOwnScheme) {
     EXPECT_EQ(OwnAddresses::kPrefix, Text(OwnAddresses::kScheme) + u":");
     for (const TextView each :
          {OwnAddresses::kStart, OwnAddresses::kHelp, OwnAddresses::kPrivate, OwnAddresses::kPreviews,
-          OwnAddresses::kOpenGroup, OwnAddresses::kSearchForm, OwnAddresses::kSearchWords})
+          OwnAddresses::kHistory, OwnAddresses::kOpenGroup, OwnAddresses::kSearchForm, OwnAddresses::kSearchWords})
         EXPECT_TRUE(each.starts_with(OwnAddresses::kPrefix)) << ToUtf8(each);
 }
 
@@ -28,6 +28,8 @@ TEST(OwnAddresses, NameTheirPages) {
              Row{u"start", Page::Start},
              Row{u"help", Page::Help},
              Row{u"private", Page::Private},
+             Row{u"history", Page::History},
+             Row{u"history/x", Page::None},
              Row{u"preview/1/A page", Page::Preview},
              Row{u"preview/", Page::Preview},
              Row{u"preview", Page::None},

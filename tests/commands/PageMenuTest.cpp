@@ -60,7 +60,7 @@ protected:
 
 TEST_F(PageMenuTest, OfThePageListsWhatIsDoneWithPages) {
     EXPECT_EQ(Ask({}), "mnuGoBack mnuGoForward mnuRefresh mnuStop | mnuAddToFavorites mnuAddToTessaGroup mnuSaveAs "
-                       "mnuPrint | mnuSelectAll mnuViewSource | xtrInspect");
+                       "mnuPrint | mnuSelectAll xtrShowWhatIsNew mnuViewSource | xtrInspect");
 }
 
 TEST_F(PageMenuTest, OfALinkOpensItWhereTheSettingSays) {

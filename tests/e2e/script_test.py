@@ -70,11 +70,15 @@ class WholeLife(Scripted):
             self.ctl("pdf", numbers[0], pdf)
             read = subprocess.run(["pdftotext", pdf, "-"], capture_output=True, text=True, check=True)
             self.assertIn("One", read.stdout)
-            self.ctl("screenshot", numbers[1], picture)
+
+            def drawn():
+                self.ctl("screenshot", numbers[1], picture)
+                colours = subprocess.run(["identify", "-format", "%k", picture], capture_output=True, text=True, check=True)
+                return int(colours.stdout) > 2
+
+            desk.wait_until(drawn, what="the page is not drawn")
             with open(picture, "rb") as image:
                 self.assertEqual(image.read(8), b"\x89PNG\r\n\x1a\n")
-            colours = subprocess.run(["identify", "-format", "%k", picture], capture_output=True, text=True, check=True)
-            self.assertGreater(int(colours.stdout), 2, "the page is drawn")
             self.assertEqual(self.strip(), ["One", "[Two]", "Three"])
             self.ctl("activate", numbers[2])
             self.ctl("close", numbers[0], numbers[1])

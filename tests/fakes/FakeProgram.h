@@ -17,6 +17,7 @@ public:
     [[nodiscard]] Text Words(std::int64_t seconds) const override {
         return words.empty() ? u"at " + Decimal(seconds) : words;
     }
+    [[nodiscard]] std::int64_t DayBegin(std::int64_t seconds) const override { return seconds - seconds % 86'400; }
     std::int64_t now = 0;
     Text words; ///< of every time; else its seconds
 };

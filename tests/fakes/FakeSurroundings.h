@@ -4,6 +4,7 @@
 #include "tests/fakes/FakeForms.h"
 #include "tests/fakes/FakeProgram.h"
 #include "tests/fakes/FakeSettings.h"
+#include "tests/fakes/FakeVisits.h"
 #include "window/frmMain.h"
 
 namespace tessa {
@@ -43,6 +44,7 @@ struct FakeSurroundings : FakeForms {
                 .report = report,
                 .tools = tools,
                 .input = input,
+                .visits = visits,
                 .programPath = {},
                 .groupFolder = {}};
     }
@@ -67,6 +69,7 @@ struct FakeSurroundings : FakeForms {
     FakeReport report;
     FakeTools tools;
     FakeInput input;
+    FakeVisits visits;
 };
 
 } // namespace tessa

@@ -112,6 +112,18 @@ Outcome FakeView::Run(PageAction action) {
     return refuses ? Outcome::Failed : Outcome::Done;
 }
 
+void FakeView::ReadText(std::function<void(Text)> answer) {
+    ++reads;
+    if (asleep) return;
+    if (readsSlowly) return readers.push_back(std::move(answer));
+    answer(u"u" + location + u"\n" + text);
+}
+
+void FakeView::ShowPassages(const std::vector<Text>& passages, std::size_t first) {
+    shownPassages = passages;
+    firstPassage = first;
+}
+
 Outcome FakeView::Sleep() {
     calls.emplace_back("sleep");
     if (refuses) return Outcome::Failed;

@@ -11,7 +11,7 @@ namespace tessa {
 class FakeViews;
 
 /// A view that remembers what it was asked and raises events when the test says so.
-class FakeView final : public BrowserView, public PageDocument, public PageTools, public PageLife {
+class FakeView final : public BrowserView, public PageDocument, public PageTools, public PageLife, public PageReading {
 public:
     FakeView(std::int16_t index, BrowserViewEvents& events, FakeViews& all);
     ~FakeView() override;
@@ -28,6 +28,10 @@ public:
     Outcome Zoom(int level) override;
     [[nodiscard]] PageTools* Tools() override { return hasTools ? this : nullptr; }
     [[nodiscard]] PageLife* Life() override { return Answer(hasLife) ? this : nullptr; }
+    [[nodiscard]] PageReading* Reading() override { return hasReading ? this : nullptr; }
+    void ReadText(std::function<void(Text)> answer) override;
+    void ShowPassages(const std::vector<Text>& passages, std::size_t first) override;
+    void Tell(TextView message) override { messages.push_back(Text(message)); }
     [[nodiscard]] PageActivity Activity() const override { return activity; }
     [[nodiscard]] bool Asleep() const override { return asleep; }
     Outcome Sleep() override;
@@ -76,6 +80,14 @@ public:
     bool hasDocument = true;
     bool hasTools = true;
     bool hasLife = true;
+    bool hasReading = true;
+    Text text;                                        ///< what the page says, behind its address
+    std::vector<std::function<void(Text)>> readers{}; ///< who waits for it while the page is slow to say it
+    bool readsSlowly = false;
+    int reads = 0;                     ///< how often it was read
+    std::vector<Text> shownPassages{}; ///< what is marked in it
+    std::size_t firstPassage = 0;
+    std::vector<Text> messages{}; ///< what a page of our own was told
     PageActivity activity;
     bool asleep = false;
     bool ended = false;

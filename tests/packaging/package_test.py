@@ -53,7 +53,7 @@ class Package(unittest.TestCase):
 
     def test_it_depends_on_the_engine_and_on_what_its_icons_need(self):
         depends = self.field("Depends")
-        for each in ("libqt6webenginecore6 ", "libqt6widgets6 ", "breeze-icon-theme", "qt6-svg-plugins | libqt6svg6"):
+        for each in ("libqt6webenginecore6 ", "libqt6widgets6 ", "breeze-icon-theme", "libqt6sql6-sqlite", "qt6-svg-plugins | libqt6svg6"):
             self.assertIn(each, depends)
         self.assertIn("www-browser", self.field("Provides"))
         self.assertNotIn("dev", depends)

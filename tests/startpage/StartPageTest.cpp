@@ -201,6 +201,21 @@ TEST(StartPage, ItsLinkOpensAGroupWhoseNameIsNoText) {
     EXPECT_EQ(desk.views.At(2).location, u"http://three/");
 }
 
+TEST(StartPage, TellsWhatIsNewAndWhatIsUsed) {
+    StartContent content{.Groups = {{u"News", {u"http://a/"}, u"1 of 3 new <since> yesterday"}}};
+    std::string page = StartPage::Html(content);
+    EXPECT_TRUE(Has(page, "<small class=\"news\">1 of 3 new &lt;since&gt; yesterday</small>"));
+    EXPECT_FALSE(Has(page, "Sites you use most"));
+    EXPECT_FALSE(Has(page, "Tabs closed last"));
+    content.Sites = {{u"a.org", u"http://a.org/\"x"}};
+    content.Closed = {{u"Closed <page>", u"http://c.org/"}};
+    page = StartPage::Html(content);
+    EXPECT_TRUE(Has(page, "<h2>Sites you use most</h2>"));
+    EXPECT_TRUE(Has(page, "href=\"http://a.org/&quot;x\""));
+    EXPECT_TRUE(Has(page, "<h2>Tabs closed last</h2>"));
+    EXPECT_TRUE(Has(page, "<bdi>Closed &lt;page&gt;</bdi>"));
+}
+
 } // namespace
 
 } // namespace tessa

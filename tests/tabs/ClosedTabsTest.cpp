@@ -31,6 +31,18 @@ TEST_F(ClosedTabsTest, TheTabClosedLastComesBackFirstAtItsPlaceWithItsHistory) {
     EXPECT_EQ(desk.views.At(6).location, u"http://2/");
 }
 
+TEST_F(ClosedTabsTest, TellsWhatWasClosedLast) {
+    Start(5);
+    desk.Close(2);
+    desk.CloseRightOf(2);
+    // As the home page shows it.
+    StartContent content;
+    desk.main.AddHomeFacts(content);
+    Text all;
+    for (const StartLink& each : content.Closed) all += each.Title + u"=" + each.Address + u" ";
+    EXPECT_EQ(all, u"4=http://4/ 5=http://5/ 2=http://2/ ");
+}
+
 TEST_F(ClosedTabsTest, ThereIsNothingToReopenBeforeSomethingWasClosed) {
     Start(2);
     EXPECT_FALSE(CanReopen());

@@ -4,7 +4,10 @@
 
 #include <QPushButton>
 #include <QTreeWidget>
+#include <functional>
 #include <gtest/gtest.h>
+#include <utility>
+#include <vector>
 
 namespace tessa::qt {
 
@@ -14,18 +17,32 @@ namespace {
 class MovingProbe final : public AddressProbe {
 public:
     void Ask(const Text& address, std::function<void(const ProbeAnswer&)> answered) override {
-        if (address == u"http://new/") return answered({.status = 200});
-        answered({.status = 301, .location = u"http://new/"});
+        const ProbeAnswer fine{.status = 200}, moved{.status = 301, .location = u"http://new/"};
+        m_waiting.push_back([answered, answer = address == u"http://new/" ? fine : moved] { answered(answer); });
     }
     void StopAll() override {}
+
+    /// Servers answer later than they are asked.
+    void AnswerAll() {
+        while (!m_waiting.empty()) std::exchange(m_waiting, {}).front()();
+    }
+
+private:
+    std::vector<std::function<void()>> m_waiting;
 };
 
 class GroupCheckDialogTest : public testing::Test {
 protected:
-    GroupCheckDialogTest() { folder.Write("News.tvg", "[TessaGroup]\r\nurl1=http://old/\r\nurl2=mailto:a@b\r\n"); }
+    GroupCheckDialogTest() { probe.AnswerAll(); }
+
+    static const TemporaryFolder& Written(const TemporaryFolder& folder) {
+        folder.Write("News.tvg", "[TessaGroup]\r\nurl1=http://old/\r\nurl2=mailto:a@b\r\n");
+        return folder;
+    }
+
     TemporaryFolder folder;
     MovingProbe probe;
-    frmGroupCheck form{probe, {folder.PathText("News.tvg")}};
+    frmGroupCheck form{probe, {Written(folder).PathText("News.tvg")}};
     GroupCheckDialog dialog{form};
     QTreeWidget* list = dialog.findChild<QTreeWidget*>(QStringLiteral("lstLines"));
 };

@@ -256,21 +256,21 @@ TEST_F(InternetOptionsDialogTest, AllPagesStandInAListAtTheSideAndAreReachedByKe
             EXPECT_TRUE(list.viewport()->rect().contains(place)) << "no page is hidden: " << i;
             EXPECT_LE(list.fontMetrics().horizontalAdvance(names.last()), place.width());
         }
-        EXPECT_EQ(names.join(u'|'), u"General|Programs|Privacy|Sites|Clear Data|Connection");
+        EXPECT_EQ(names.join(u'|'), u"General|Programs|Privacy|Sites|History|Clear Data|Connection");
         QTest::keyClick(dialog.focusWidget(), Qt::Key_L, Qt::AltModifier);
-        EXPECT_EQ(pages.Current(), 4);
+        EXPECT_EQ(pages.Current(), 5);
         EXPECT_TRUE(list.hasFocus());
         QTest::keyClick(&list, Qt::Key_Up);
-        EXPECT_EQ(pages.Current(), 3);
-        EXPECT_TRUE(pages.Page(3)->isVisible());
+        EXPECT_EQ(pages.Current(), 4);
+        EXPECT_TRUE(pages.Page(4)->isVisible());
         QTest::keyClick(&list, Qt::Key_P);
         EXPECT_EQ(pages.Current(), 1) << "by the name's first letter";
-        for (const int wanted : {2, 3, 4, 5, 0}) {
+        for (const int wanted : {2, 3, 4, 5, 6, 0}) {
             QTest::keyClick(dialog.focusWidget(), Qt::Key_PageDown, Qt::ControlModifier);
             EXPECT_EQ(pages.Current(), wanted);
         }
         QTest::keyClick(dialog.focusWidget(), Qt::Key_PageUp, Qt::ControlModifier);
-        EXPECT_EQ(pages.Current(), 5);
+        EXPECT_EQ(pages.Current(), 6);
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
 }

@@ -1,0 +1,125 @@
+#include "history/frmOpenPages.h"
+
+#include "base/PlainText.h"
+#include "tabs/OpenTabs.h"
+
+#include <algorithm>
+
+namespace tessa {
+
+namespace {
+
+constexpr std::size_t kPassagesOfAPage = 3, kShownPassage = 140, kShownTitle = 100, kMostLines = 600;
+
+Text FoundWords(std::size_t pages) {
+    if (pages == 0) return u"No open page says that.";
+    return pages == 1 ? Text(u"One page") : Decimal(static_cast<std::int64_t>(pages)) + u" pages";
+}
+
+} // namespace
+
+frmOpenPages::frmOpenPages(ReadPages& pages, TabStrip& pcPage, ViewArray& Browser, VisitStore& store)
+    : m_pages(pages), m_pcPage(pcPage), m_browser(Browser), m_store(store) {
+    txtWords.Value.Change.ConnectForLife([this] { Show(); });
+    Form.Visible.Change.ConnectForLife([this] {
+        if (Form.Visible()) Form_Load();
+        Shown(Form.Visible());
+    });
+}
+
+void frmOpenPages::Open() {
+    Form.Visible = true;
+    txtWords.SetFocus();
+}
+
+// Each page is read as it is now; those that were not read in this run are as they are remembered.
+void frmOpenPages::Form_Load() {
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) m_pages.ReadNow(open.Index());
+    LoadUnread();
+    Show();
+}
+
+void frmOpenPages::LoadUnread() {
+    m_remembered.clear();
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
+        if (open.Private() || m_pages.HasText(open.Index())) continue;
+        const auto address = HistoryRules::KeptAddress(open.Address());
+        if (!address) continue;
+        const auto answer = [this, alive = std::weak_ptr(m_alive),
+                             index = open.Index()](const std::vector<HistoryEntry>& entries) {
+            if (alive.expired() || entries.empty()) return;
+            m_remembered[index] = Passages::FromBytes(entries.front().Passages);
+            Changed(index);
+        };
+        m_store.Load({*address}, answer);
+    }
+}
+
+const std::vector<Passage>& frmOpenPages::PassagesOf(std::int32_t index) const {
+    static const std::vector<Passage> none;
+    if (m_pages.HasText(index)) return m_pages.Find(index)->Passages;
+    const auto found = m_remembered.find(index);
+    return found == m_remembered.end() ? none : found->second;
+}
+
+// How many lines that was.
+std::size_t frmOpenPages::AddPage(std::vector<OpenPageLine>& lines, const std::vector<SearchText::Piece>& pieces,
+                                  std::int32_t index, const BrowserView& view) const {
+    const Text title = PlainLine(view.LocationName(), kShownTitle), address = view.LocationURL();
+    const auto& passages = PassagesOf(index);
+    std::vector<TextView> texts{title, address};
+    for (const Passage& each : passages) texts.push_back(each.Words);
+    if (!Snippets::HoldAll(pieces, texts)) return 0;
+    const std::size_t before = lines.size();
+    const Text shown = title.empty() ? PlainLine(address, kShownTitle) : title;
+    lines.push_back({index, true, Snippets::Of(pieces, shown, kShownTitle), {}});
+    for (FoundPassage& each : Snippets::Best(pieces, passages, kPassagesOfAPage, kShownPassage))
+        lines.push_back({index, false, std::move(each.Shown), passages[each.Number].Words});
+    return lines.size() - before;
+}
+
+void frmOpenPages::Show() {
+    if (!Form.Visible()) return;
+    const auto pieces = SearchText::PiecesOf(txtWords.Value());
+    std::vector<OpenPageLine> lines;
+    std::size_t pages = 0;
+    if (!pieces.empty()) {
+        for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
+            if (open.View && lines.size() < kMostLines)
+                pages += AddPage(lines, pieces, open.Index(), *open.View->Control) > 0 ? 1 : 0;
+        }
+    }
+    lblCount.Caption = pieces.empty() ? Text() : FoundWords(pages);
+    lstFound = std::move(lines);
+}
+
+void frmOpenPages::Changed(std::int32_t index) {
+    if (m_awaited && m_awaited->index == index && m_pages.HasText(index)) {
+        ArrayView* view = m_browser.Find(index);
+        if (auto* reading = view ? view->Control->Reading() : nullptr) reading->ShowPassages({m_awaited->passage}, 0);
+        m_awaited.reset();
+    }
+    if (Form.Visible()) Schedule();
+}
+
+void frmOpenPages::lstFound_Click(std::size_t line) {
+    if (line >= lstFound().size()) return;
+    const OpenPageLine chosen = lstFound()[line];
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
+        if (open.Index() != chosen.Index) continue;
+        const auto* life = open.Life();
+        const bool awake = m_pages.HasText(chosen.Index) && !(life && life->Asleep());
+        m_pcPage.Select(&open.Item);
+        m_awaited.reset();
+        if (chosen.IsPage) return;
+        ArrayView* view = m_browser.Find(chosen.Index);
+        auto* reading = view ? view->Control->Reading() : nullptr;
+        if (awake && reading)
+            reading->ShowPassages({chosen.Passage}, 0);
+        else
+            m_awaited = Awaited{chosen.Index, chosen.Passage};
+        return;
+    }
+}
+
+} // namespace tessa

@@ -1,0 +1,134 @@
+#include "qt/history/OpenPagesPanel.h"
+
+#include "qt/base/Bind.h"
+#include "qt/base/Strings.h"
+#include "qt/history/PassageLines.h"
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <chrono>
+
+namespace tessa::qt {
+
+namespace {
+// Pages answer one after the other, and are shown together.
+constexpr std::chrono::milliseconds kGathered{40};
+constexpr int kUsualPaneWidth = 360, kPaneMargin = 6;
+} // namespace
+
+OpenPagesPanel::OpenPagesPanel(frmOpenPages& form, QMainWindow& window) : m_form(form), m_window(window) {
+    m_refresh.setSingleShot(true);
+    m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
+    m_connections += m_form.Schedule.Connect([this] {
+        if (!m_refresh.isActive()) m_refresh.start(kGathered);
+    });
+    m_connections += m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : Close(); });
+}
+
+OpenPagesPanel::~OpenPagesPanel() {
+    m_connections.End();
+    Close();
+}
+
+void OpenPagesPanel::Open() {
+    if (m_pane) return;
+    m_pane = new QDockWidget(ToQt(m_form.Caption), &m_window);
+    m_pane->setObjectName(QStringLiteral("open pages"));
+    m_pane->setWidget(Contents());
+    m_pane->installEventFilter(this);
+    m_window.addDockWidget(Qt::RightDockWidgetArea, m_pane);
+    m_pane->show();
+    m_window.resizeDocks({m_pane}, {std::min(kUsualPaneWidth, m_window.width() / 3)}, Qt::Horizontal);
+    ShowLines();
+    m_pane->findChild<QLineEdit*>()->setFocus(Qt::OtherFocusReason);
+}
+
+QWidget* OpenPagesPanel::Contents() {
+    auto* contents = new QWidget;
+    auto* rows = new QVBoxLayout(contents);
+    rows->setContentsMargins(kPaneMargin, kPaneMargin, kPaneMargin, kPaneMargin);
+    auto* words = new QLineEdit;
+    Bind(m_form.txtWords, *words, QStringLiteral("txtWords"), QStringLiteral("Words to search for in all open pages"));
+    words->setPlaceholderText(QStringLiteral("Search in all open pages"));
+    words->setClearButtonEnabled(true);
+    words->installEventFilter(this);
+    auto* count = new QLabel;
+    Bind(m_form.lblCount, *count, QStringLiteral("lblCount"));
+    m_list = new QListWidget;
+    m_list->setObjectName(QStringLiteral("lstFound"));
+    m_list->setAccessibleName(QStringLiteral("What was found"));
+    m_list->setItemDelegate(new PassageLines(m_list));
+    m_list->setWordWrap(true);
+    m_list->setResizeMode(QListView::Adjust);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_list->installEventFilter(this);
+    for (QWidget* each : {static_cast<QWidget*>(words), static_cast<QWidget*>(count), static_cast<QWidget*>(m_list)})
+        rows->addWidget(each);
+    connect(m_list, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { m_form.lstFound_Click(static_cast<std::size_t>(m_list->row(item))); });
+    KeepWith(*m_list, m_form.lstFound.Mirror.Connect([this](const auto&) { ShowLines(); }));
+    return contents;
+}
+
+void OpenPagesPanel::ShowLines() {
+    if (!m_list) return;
+    const int row = m_list->currentRow();
+    m_list->clear();
+    for (const OpenPageLine& each : m_form.lstFound()) {
+        auto* item = new QListWidgetItem(PassageLines::TextOf(each.Shown), m_list);
+        item->setData(PassageLines::kMarks, PassageLines::MarksOf(each.Shown));
+        item->setData(PassageLines::kIsPage, each.IsPage);
+    }
+    m_list->setCurrentRow(std::min(row, m_list->count() - 1));
+}
+
+void OpenPagesPanel::Close() {
+    if (!m_pane) return;
+    const bool hadFocus = m_pane->isAncestorOf(QApplication::focusWidget());
+    m_pane->removeEventFilter(this);
+    m_pane->hide();
+    // It may be in the middle of telling that it was closed. Until it is gone, another may open under its name.
+    m_pane->setObjectName({});
+    m_pane->deleteLater();
+    m_pane.clear();
+    if (hadFocus) FocusPage();
+}
+
+// From the words down into the list and back; Return opens the first, or the one that is selected.
+bool OpenPagesPanel::OnKey(QObject* watched, int key) {
+    const bool list = watched == m_list;
+    if (key == Qt::Key_Escape)
+        m_form.Form.Visible = false;
+    else if (key == Qt::Key_Down && !list && m_list && m_list->count() > 0) {
+        m_list->setFocus(Qt::TabFocusReason);
+        if (m_list->currentRow() < 0) m_list->setCurrentRow(0);
+    } else if (key == Qt::Key_Up && list && m_list->currentRow() <= 0) {
+        m_pane->findChild<QLineEdit*>()->setFocus(Qt::BacktabFocusReason);
+    } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && m_list && m_list->count() > 0) {
+        m_form.lstFound_Click(static_cast<std::size_t>(std::max(0, m_list->currentRow())));
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool OpenPagesPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Close && watched == m_pane) {
+        m_form.Form.Visible = false;
+        return true;
+    }
+    const bool override = event->type() == QEvent::ShortcutOverride;
+    if (override && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) event->accept();
+    if (event->type() == QEvent::KeyPress && OnKey(watched, static_cast<QKeyEvent*>(event)->key())) return true;
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace tessa::qt

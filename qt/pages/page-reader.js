@@ -1,0 +1,172 @@
+// Reads what a page says, block by block, and marks blocks of it. Runs in a world of its own that the page cannot see,
+// and only when the program asks for it.
+(function () {
+    'use strict';
+    if (window.tessaReader) return;
+
+    var mostText = 200000, mostNodes = 60000, deepest = 500;
+    var skipped = new Set(['script', 'style', 'noscript', 'template', 'head', 'object', 'svg', 'canvas', 'iframe', 'video',
+                           'audio', 'select', 'textarea', 'datalist', 'tessa-marks']);
+    // Where advertisements stand, by what pages call such places.
+    var advertisements = 'ins.adsbygoogle, [id^="ad-"], [id^="ads-"], [id^="google_ads"], [class~="ad" i], ' +
+        '[class~="ads" i], [class~="advert" i], [class~="advertisement" i], [class~="sponsored" i], ' +
+        '[class*="ad-banner" i], [class*="ad-slot" i], [class*="ad-container" i], [data-ad], [data-ad-slot], ' +
+        '[aria-label="advertisement" i], [aria-label="sponsored" i]';
+    var headings = 'h1, h2, h3, h4, h5, h6, [role="heading"]';
+
+    function plain(text) {
+        return text.replace(/[\u0000-\u001f\u007f-\u009f\u00ad\u200b-\u200f\u2028-\u202e\u2060-\u206f\ufeff]/g, ' ')
+            .replace(/\s+/g, ' ').trim();
+    }
+
+    /// Calls back for each block, with its kind, its text and the nodes that it stands in. Whether a password is asked
+    /// for.
+    function blocks(onBlock) {
+        var text = '', kind = '', nodes = [], left = mostText, count = mostNodes, password = false;
+
+        function end() {
+            var said = text === '' ? '' : plain(text);
+            if (said !== '') {
+                left -= said.length;
+                onBlock(kind, said, nodes);
+            }
+            text = '';
+            nodes = [];
+        }
+
+        function add(node, how) {
+            // Without a blank or a letter there is nothing to be said.
+            var data = node.data;
+            if (!how.visible || data === '') return;
+            // A block of advertisement or heading is one from its first word on.
+            if (nodes.length === 0) kind = how.kind;
+            var lines = how.pre ? data.split('\n') : [data];
+            lines.forEach(function (line, index) {
+                if (index > 0) end();
+                if (nodes.length === 0) kind = how.kind;
+                text += line.length > left ? line.slice(0, left) : line;
+                if (nodes[nodes.length - 1] !== node) nodes.push(node);
+            });
+        }
+
+        function enter(element, how) {
+            var style = getComputedStyle(element);
+            if (style.display === 'none') return;
+            var name = element.localName;
+            if (name === 'input' && element.type === 'password') password = true;
+            var inner = {
+                depth: how.depth + 1,
+                visible: style.visibility === 'visible',
+                pre: style.whiteSpace.startsWith('pre') && style.whiteSpace !== 'pre-line' || style.whiteSpace === 'break-spaces',
+                kind: how.kind === 'p' && element.matches(headings) ? 'h' : how.kind
+            };
+            if (element.matches(advertisements)) inner.kind = 'a';
+            var inline = style.display.startsWith('inline') || style.display === 'contents' ||
+                         style.display.startsWith('ruby');
+            var cell = style.display === 'table-cell';
+            if (name === 'br' || (!inline && !cell)) end();
+            else if (cell || style.display !== 'inline') text += ' ';
+            if (how.depth < deepest) walk(element, inner);
+            if (!inline && !cell) end();
+            else if (style.display !== 'inline') text += ' ';
+        }
+
+        function walk(parent, how) {
+            var children = parent.shadowRoot ? parent.shadowRoot.childNodes : parent.childNodes;
+            if (parent.localName === 'slot' && parent.assignedNodes().length > 0) children = parent.assignedNodes();
+            for (var i = 0; i < children.length && left > 0 && count > 0; ++i) {
+                var child = children[i];
+                --count;
+                if (child.nodeType === Node.TEXT_NODE) add(child, how);
+                else if (child.nodeType === Node.ELEMENT_NODE && !skipped.has(child.localName)) enter(child, how);
+            }
+        }
+
+        try {
+            if (document.body) enter(document.body, { depth: 0, visible: true, pre: false, kind: 'p' });
+        } catch (tooDeep) {
+            // What was read until there is better than nothing.
+        }
+        end();
+        return password || Array.prototype.some.call(document.querySelectorAll('input[type=password]'),
+                                                     function (field) { return field.getClientRects().length > 0; });
+    }
+
+    function read() {
+        var lines = ['u' + location.href];
+        var password = blocks(function (kind, text) { lines.push(kind + text); });
+        if (password) lines.push('!');
+        return lines.join('\n');
+    }
+
+    // Marks lie over the page, which keeps its own elements as they are.
+    var host = null, marked = [], observer = null;
+
+    function place() {
+        if (!host) return;
+        var origin = host.getBoundingClientRect();
+        marked.forEach(function (each) {
+            var rect = each.range.getBoundingClientRect();
+            each.mark.style.display = rect.width > 0 ? 'block' : 'none';
+            each.mark.style.left = rect.left - origin.left - 6 + 'px';
+            each.mark.style.top = rect.top - origin.top - 3 + 'px';
+            each.mark.style.width = rect.width + 12 + 'px';
+            each.mark.style.height = rect.height + 6 + 'px';
+        });
+    }
+
+    function hide() {
+        if (!host) return;
+        removeEventListener('scroll', place, true);
+        removeEventListener('resize', place);
+        observer.disconnect();
+        host.remove();
+        host = null;
+        marked = [];
+    }
+
+    function prepare() {
+        host = document.createElement('tessa-marks');
+        host.setAttribute('aria-hidden', 'true');
+        host.style.cssText = 'all: initial; position: absolute; left: 0; top: 0; width: 0; height: 0; ' +
+                             'pointer-events: none; z-index: 2147483647;';
+        document.documentElement.append(host);
+        addEventListener('scroll', place, true);
+        addEventListener('resize', place);
+        observer = new ResizeObserver(place);
+        observer.observe(document.documentElement);
+        return host.attachShadow({ mode: 'closed' });
+    }
+
+    function compared(text) { return text.replace(/[^\p{L}\p{N}]+/gu, ''); }
+
+    /// How many of the passages are there.
+    function show(passages, first) {
+        hide();
+        if (passages.length === 0) return 0;
+        var wanted = new Map(passages.map(function (each, index) { return [compared(each), index]; }));
+        var found = new Map();
+        blocks(function (kind, text, nodes) {
+            var index = wanted.get(compared(text));
+            if (index !== undefined && !found.has(index)) found.set(index, nodes);
+        });
+        if (found.size === 0) return 0;
+        var root = prepare();
+        found.forEach(function (nodes, index) {
+            var range = document.createRange(), mark = document.createElement('div');
+            range.setStartBefore(nodes[0]);
+            range.setEndAfter(nodes[nodes.length - 1]);
+            mark.style.cssText = 'position: absolute; box-sizing: border-box; border-radius: 4px; ' +
+                'background: rgba(255, 196, 0, 0.22); border-left: 4px solid #e09000;' +
+                (index === first ? ' outline: 2px solid #e09000;' : '');
+            root.append(mark);
+            marked.push({ range: range, mark: mark });
+        });
+        var nodes = found.get(first) || found.values().next().value;
+        nodes[0].parentElement.scrollIntoView({ block: 'center' });
+        place();
+        return found.size;
+    }
+
+    window.tessaReader = { read: read, show: show };
+})();

@@ -1,0 +1,99 @@
+#!/usr/bin/env python3
+"""What remembering costs while pages load: a group of pages with text, with the history and with "Remember nothing", in
+turns. Prints the medians and their ratio. Run it on a display of its own:
+
+    tests/e2e/on-display.sh tests/bench/reading.py build/tessaview [ROUNDS [PAGES]]
+"""
+
+import http.server
+import os
+import random
+import statistics
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+WORDS = [f"word{number}" for number in range(3000)]
+
+
+class Pages:
+    """Pages of 1,500 words, each of which tells when it has loaded."""
+
+    def __init__(self):
+        self.loaded = []
+        pages = self
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                if self.path.startswith("/done"):
+                    pages.loaded.append(time.monotonic())
+                    body = b""
+                else:
+                    body = pages.page(self.path)
+                self.send_response(200)
+                self.send_header("Content-Type", "text/html")
+                self.send_header("Content-Length", str(len(body)))
+                self.send_header("Cache-Control", "no-store")
+                self.end_headers()
+                self.wfile.write(body)
+
+            def log_message(self, *words):
+                pass
+
+        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+
+    def page(self, path):
+        chance = random.Random(path)
+        blocks = "".join(f"<p>{' '.join(chance.choices(WORDS, k=50))}</p>" for _ in range(30))
+        return (
+            f"<!doctype html><title>{path}</title>{blocks}<script>addEventListener('load', "
+            "() => setTimeout(() => fetch('/done' + Math.random()), 0))</script>"
+        ).encode()
+
+    def address(self, number):
+        return f"http://127.0.0.1:{self.server.server_port}/page{number}"
+
+
+def run(program, pages, count, remembers):
+    """Seconds from the start of the program until so many pages have loaded."""
+    with tempfile.TemporaryDirectory() as home:
+        if not remembers:
+            with open(os.path.join(home, "settings.ini"), "w", encoding="utf-8") as settings:
+                settings.write("[General]\nHistoryNothing=true\n")
+        group = os.path.join(home, "pages.tvg")
+        with open(group, "w", encoding="utf-8") as file:
+            file.write("[TessaGroup]\n" + "".join(f"url{n}={pages.address(n)}\n" for n in range(count)))
+        pages.loaded.clear()
+        environment = {**os.environ, "TESSAVIEW_HOME": home}
+        start = time.monotonic()
+        process = subprocess.Popen([program, group], env=environment, stderr=subprocess.DEVNULL)
+        try:
+            while len(pages.loaded) < count:
+                if time.monotonic() - start > 120:
+                    raise SystemExit(f"only {len(pages.loaded)} pages have loaded")
+                time.sleep(0.01)
+            return max(pages.loaded) - start
+        finally:
+            process.terminate()
+            process.wait()
+
+
+def main():
+    program = sys.argv[1]
+    rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 7
+    count = int(sys.argv[3]) if len(sys.argv) > 3 else 40
+    pages = Pages()
+    run(program, pages, count, True)
+    times = {True: [], False: []}
+    for number in range(rounds):
+        for remembers in (True, False) if number % 2 else (False, True):
+            times[remembers].append(run(program, pages, count, remembers))
+    on, off = statistics.median(times[True]), statistics.median(times[False])
+    print(f"{count} pages: with the history {on:.2f} s, without {off:.2f} s, ratio {on / off:.3f}")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,184 @@
+# Tests: HistoryAssembly, OpenPagesPanel, PassageLines
+"""What was read, from outside: three pages are read, one changes and is marked, all are found again and forgotten."""
+
+import http.server
+import os
+import sqlite3
+import stat
+import unittest
+
+import desk
+
+PROGRAM = desk.program_file()
+STORIES = {
+    "Lantern": ["The harbour bridge reopens.", "Ferries had carried commuters for five weeks."],
+    "Bakery": ["Sourdough needs a warm place.", "Rye helps within a week."],
+    "Weather": ["東京の天気予報です。", "Rain ends a dry summer."],
+}
+
+
+class ChangingPages(desk.PageServer):
+    """Pages whose text is that of STORIES, as it is then."""
+
+    def _handler(self):
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                title = self.path.strip("/")
+                words = "".join(f"<p>{each}</p>" for each in STORIES.get(title, []))
+                page = f"<!doctype html><meta charset=utf-8><title>{title}</title><h1>{title}</h1>{words}".encode()
+                self.send_response(200 if words else 404)
+                self.send_header("Content-Type", "text/html; charset=utf-8")
+                self.send_header("Content-Length", str(len(page)))
+                self.send_header("Cache-Control", "no-store")
+                self.end_headers()
+                self.wfile.write(page)
+
+            def log_message(self, *words):
+                pass
+
+        return Handler
+
+
+def history_file(home):
+    """The database, wherever the program keeps its data."""
+    for root in (home, os.environ.get("XDG_DATA_HOME", "")):
+        for folder, _, names in os.walk(root):
+            if "history.db" in names:
+                return os.path.join(folder, "history.db")
+    return None
+
+
+def remembered(home):
+    """The titles of what is remembered, the latest first."""
+    file = history_file(home)
+    if not file:
+        return []
+    try:
+        with sqlite3.connect(f"file:{file}?mode=ro", uri=True, timeout=5) as database:
+            return [title for (title,) in database.execute("SELECT title FROM page ORDER BY id DESC")]
+    except sqlite3.Error:
+        return []
+
+
+class History(unittest.TestCase):
+    def setUp(self):
+        self.home = desk.state_folder()
+
+    def wait_remembered(self, expected):
+        desk.wait_until(lambda: remembered(self.home) == expected, what=lambda: str(remembered(self.home)))
+
+    def go(self, program, pages, title):
+        program.keys("alt+d")
+        desk.wait_until(lambda: desk.focused_box(program))
+        desk.xdotool("type", "--delay", "5", pages.address(title))
+        desk.xdotool("key", "Return")
+        desk.wait_until(lambda: program.strip() == [f"[{title}]"], what=lambda: str(program.strip()))
+
+    def tip_of(self, program, position):
+        return program.tabs()[position].get_description()
+
+    def test_read_change_come_back_find_and_clear(self):
+        with ChangingPages() as pages, desk.Program(PROGRAM, pages.address("Lantern"), home=self.home) as program:
+            program.wait_strip(["[Lantern]"])
+            self.wait_remembered(["Lantern"])
+            self.go(program, pages, "Bakery")
+            self.wait_remembered(["Bakery", "Lantern"])
+            self.go(program, pages, "Weather")
+            self.wait_remembered(["Weather", "Bakery", "Lantern"])
+            file = history_file(self.home)
+            self.assertEqual(stat.S_IMODE(os.stat(file).st_mode), 0o600)
+
+            # One changes, and says so when it is read again.
+            STORIES["Bakery"].insert(0, "A new oven arrived today from the coast.")
+            self.go(program, pages, "Bakery")
+            desk.wait_until(
+                lambda: "new: A new oven arrived today" in self.tip_of(program, 0),
+                what=lambda: self.tip_of(program, 0),
+            )
+            program.keys("F7")
+            desk.wait_until(lambda: program.status() == "There is one new passage.", what=program.status)
+
+            # It is found in what was read, by words of its text, in any script, with the keyboard alone.
+            self.find_by(program, "oven", "Bakery")
+            self.find_by(program, "天気", "Weather")
+            self.find_by(program, "ferries commuters", "Lantern")
+
+            # All open pages are searched at once, and the choice leads there.
+            program.keys("ctrl+shift+f")
+            desk.wait_until(lambda: desk.focused_box(program))
+            desk.xdotool("type", "--delay", "5", "oven")
+            desk.wait_until(lambda: program.find_now("list item", "A new oven arrived today from the coast."))
+            desk.xdotool("key", "Down", "Down", "Return")
+            program.wait_strip(["[Bakery]", "Bakery", "Weather", "Lantern"])
+
+            self.clear(program)
+            self.wait_remembered([])
+
+    def find_by(self, program, words, title):
+        """Searches the history and opens the first page that it finds."""
+        program.keys("ctrl+h")
+        desk.wait_until(lambda: "[History]" in program.strip(), what=lambda: str(program.strip()))
+        # Once the page has the keyboard and its script is there; until there is a list, the keys do nothing.
+        def opened():
+            if "[History]" not in program.strip():
+                return f"[{title}]" in program.strip()
+            desk.xdotool("key", "Escape", "ctrl+a")
+            desk.xdotool("type", "--delay", "30", words)
+            try:
+                desk.wait_until(lambda: desk.xdotool("key", "Down", "Return") is None or f"[{title}]" in program.strip(), 3)
+            except desk.NeverTrue:
+                return False
+            return True
+
+        desk.wait_until(opened, what=lambda: f"{words}: {program.strip()}")
+
+    def clear(self, program):
+        """Forgets what was read, by the dialog."""
+        program.keys("alt+v")
+        program.find("menu item", "Internet Options...")
+        # Not by its node: that would answer only when the dialog has closed.
+        desk.xdotool("key", "i")
+        dialog = program.find("dialog", "Internet Options")
+        desk.wait_until(lambda: desk.is_showing(dialog))
+        desk.wait_until(lambda: desk.xdotool("getactivewindow", "getwindowname") == "Internet Options")
+        desk.xdotool("key", "alt+l")
+        box = desk.wait_until(lambda: self.shown(program, "check box", "The history: "))
+        desk.press_node(box)
+        desk.wait_until(lambda: box.getState().contains(desk.pyatspi.STATE_CHECKED))
+        button = program.find("push button", "Clear Now")
+        desk.wait_until(lambda: button.getState().contains(desk.pyatspi.STATE_SENSITIVE))
+        desk.press_node(button)
+        desk.wait_until(lambda: self.shown(program, "label", "Clear"), what=program.what_is_seen)
+        desk.xdotool("key", "Escape")
+
+    def shown(self, program, role, start):
+        for node in desk.walk(program.application()):
+            if desk.role_of(node) == role and node.name.startswith(start) and desk.is_showing(node):
+                return node
+        return None
+
+    def test_the_space_bar_leads_through_what_was_not_read(self):
+        with ChangingPages() as pages:
+            group = os.path.join(self.home, "Morning.tvg")
+            desk.write_group(group, [pages.address(title) for title in STORIES])
+            with desk.Program(PROGRAM, group, home=self.home) as program:
+                program.wait_strip(["about:blank", "Lantern", "Bakery", "[Weather]"])
+                self.wait_all_remembered()
+                for strip, words in (
+                    (["about:blank", "[Lantern]", "Bakery", "Weather"], "One more page is left to read."),
+                    (["about:blank", "Lantern", "[Bakery]", "Weather"], "This is the last page that was left to read."),
+                ):
+                    program.keys("space")
+                    program.wait_strip(strip)
+                    desk.wait_until(lambda: program.status() == words, what=program.status)
+                    desk.wait_until(lambda: self.page_has_keyboard(program))
+
+    def wait_all_remembered(self):
+        desk.wait_until(lambda: sorted(remembered(self.home)) == sorted(STORIES), what=lambda: str(remembered(self.home)))
+
+    def page_has_keyboard(self, program):
+        return desk.focused_box(program) is None
+
+
+if __name__ == "__main__":
+    desk.main()

@@ -1,0 +1,207 @@
+#include "history/ReadPages.h"
+
+#include "settings/HistorySettings.h"
+#include "tests/history/ReadingDesk.h"
+
+namespace tessa {
+
+namespace {
+
+TEST(ReadPages, APageIsReadOnceItHasLoadedAndRests) {
+    ReadingDesk desk;
+    desk.Load(1, u"http://a/", u"pWords");
+    EXPECT_EQ(desk.views.At(1).reads, 0);
+    desk.main.Reads().Look();
+    EXPECT_EQ(desk.views.At(1).reads, 0);
+    desk.Rest();
+    EXPECT_EQ(desk.views.At(1).reads, 1);
+    EXPECT_EQ(desk.visits.Addresses(), u"http://a/");
+    const HistoryEntry& entry = desk.visits.At(u"http://a/");
+    EXPECT_EQ(entry.Title, u"Title of http://a/");
+    EXPECT_EQ(entry.Site, u"a");
+    EXPECT_EQ(entry.Passages, "pWords\n");
+    EXPECT_EQ(entry.Last, 1'795'000'000);
+}
+
+TEST(ReadPages, WhileOthersLoadAPageWaits) {
+    ReadingDesk desk(2);
+    desk.Load(1, u"http://a/", u"pWords");
+    desk.views.At(2).busy = true;
+    desk.Rest();
+    EXPECT_EQ(desk.views.At(1).reads, 0);
+    desk.views.At(2).busy = false;
+    desk.Rest();
+    EXPECT_EQ(desk.views.At(1).reads, 1);
+    // One that never ends holds up nothing for ever.
+    desk.Load(1, u"http://b/", u"pWords");
+    desk.views.At(2).busy = true;
+    desk.now += ReadPages::kPatience;
+    desk.main.Reads().Look();
+    EXPECT_EQ(desk.visits.Addresses(), u"http://b/ http://a/");
+}
+
+TEST(ReadPages, APageThatIsLeftBeforeItRestsIsRememberedToo) {
+    ReadingDesk desk;
+    desk.Load(1, u"http://a/", u"pWords");
+    desk.now += ReadPages::kRest / 2;
+    desk.Load(1, u"http://b/", u"pWords");
+    desk.now += ReadPages::kRest / 2;
+    desk.main.Reads().Look();
+    EXPECT_EQ(desk.visits.Addresses(), u"http://a/");
+    desk.Rest();
+    EXPECT_EQ(desk.visits.Addresses(), u"http://b/ http://a/");
+}
+
+TEST(ReadPages, WhatChangedIsNewAtTheNextVisit) {
+    ReadingDesk desk;
+    desk.Read(1, u"http://a/", u"pOne|pTwo");
+    EXPECT_EQ(desk.News(), "1:?");
+    desk.Read(1, u"http://a/", u"pThree|pOne|pTwo");
+    EXPECT_EQ(desk.News(), "1:new");
+    EXPECT_EQ(desk.TabAt(1).NewsWords(), u"45 % new: Three");
+    EXPECT_NE(desk.Describe(desk.TabAt(1)).find(u"\n45 % new: Three"), Text::npos);
+    EXPECT_EQ(desk.visits.At(u"http://a/").Share, 45);
+    desk.Read(1, u"http://a/", u"pThree|pOne|pTwo");
+    EXPECT_EQ(desk.News(), "1:same");
+    EXPECT_EQ(desk.visits.At(u"http://a/").Share, 0);
+    EXPECT_EQ(desk.visits.At(u"http://a/").Visits, 3);
+}
+
+TEST(ReadPages, TheMarkGoesWithThePage) {
+    ReadingDesk desk;
+    desk.Read(1, u"http://a/", u"pOne");
+    desk.Read(1, u"http://a/", u"pTwo");
+    EXPECT_EQ(desk.News(), "1:new");
+    desk.Load(1, u"http://b/", u"pOther");
+    EXPECT_EQ(desk.News(), "1:?");
+}
+
+TEST(ReadPages, WhatNobodyHasLookedAtIsNewAgain) {
+    ReadingDesk desk(2);
+    desk.Read(1, u"http://a/", u"pOne");
+    desk.Read(2, u"http://a/", u"pTwo|pOne");
+    EXPECT_EQ(desk.News(), "1:? 2:new");
+    // The second tab was never in front.
+    desk.Read(2, u"http://a/", u"pTwo|pOne");
+    EXPECT_EQ(desk.News(), "1:? 2:new");
+    desk.ClickTab(2);
+    desk.ClickTab(1);
+    desk.Read(2, u"http://a/", u"pTwo|pOne");
+    EXPECT_EQ(desk.News(), "1:? 2:same");
+}
+
+TEST(ReadPages, WhatComesWhileAPageIsReadIsNoNewsLater) {
+    ReadingDesk desk(2);
+    desk.Read(1, u"http://a/", u"pOne");
+    desk.Say(1, u"pOne|pLater");
+    desk.ClickTab(2);
+    EXPECT_EQ(desk.visits.At(u"http://a/").Passages, "pOne\npLater\n");
+    EXPECT_EQ(desk.visits.At(u"http://a/").Visits, 1);
+    desk.ClickTab(1);
+    desk.Read(1, u"http://a/", u"pOne|pLater");
+    EXPECT_EQ(desk.News(), "1:same 2:?");
+}
+
+TEST(ReadPages, APageIsReadOnceMoreWhenItIsLeft) {
+    ReadingDesk desk;
+    desk.Read(1, u"http://a/", u"pOne");
+    desk.Say(1, u"pOne|pEnd");
+    desk.PageBegins(1, u"http://b/");
+    EXPECT_EQ(desk.visits.At(u"http://a/").Passages, "pOne\npEnd\n");
+}
+
+TEST(ReadPages, WhatMayNotBeRememberedIsNot) {
+    ReadingDesk desk;
+    desk.Read(1, u"http://a/", u"pSecret|!");
+    desk.Read(1, u"tessaview:start", u"pHome");
+    desk.Read(1, u"about:blank", u"");
+    desk.Read(1, u"file:///a.html", u"pFile");
+    EXPECT_EQ(desk.visits.Addresses(), u"");
+    desk.Click(u"xtrPrivateTab");
+    desk.Read(2, u"http://a/", u"pPrivate");
+    EXPECT_EQ(desk.visits.Addresses(), u"");
+    desk.main.Reads().SetOptions({.SitesLeftOut = {u"bank"}});
+    desk.ClickTab(1);
+    desk.Read(1, u"http://bank/", u"pMoney");
+    EXPECT_EQ(desk.visits.Addresses(), u"");
+    desk.main.Reads().SetOptions({.Nothing = true});
+    const int reads = desk.views.At(1).reads;
+    desk.Read(1, u"http://a/", u"pOne");
+    EXPECT_EQ(desk.visits.Addresses(), u"");
+    EXPECT_EQ(desk.views.At(1).reads, reads);
+    desk.main.Reads().SetOptions({.Texts = false});
+    desk.Read(1, u"http://a/", u"pOne");
+    EXPECT_EQ(desk.visits.At(u"http://a/").Passages, "");
+    desk.Read(1, u"http://a/", u"pTwo");
+    EXPECT_EQ(desk.News(), "1:? 2:?");
+}
+
+TEST(ReadPages, APageThatAsksForAPasswordLaterIsNotToldAnyMore) {
+    ReadingDesk desk;
+    desk.Read(1, u"http://a/", u"pOne");
+    desk.Say(1, u"pAccount of Ann|!");
+    desk.PageBegins(1, u"http://b/");
+    EXPECT_EQ(desk.visits.At(u"http://a/").Passages, "pOne\n");
+}
+
+TEST(ReadPages, AnotherPlaceInAPageIsNoOtherPage) {
+    ReadingDesk desk;
+    desk.Read(1, u"http://a/", u"pOne");
+    auto& view = desk.views.At(1);
+    view.location = u"http://a/#part";
+    view.events.NavigateComplete2(1, PageLevel::Top, view.location);
+    desk.Rest();
+    EXPECT_EQ(view.reads, 1);
+    // Without a load it is another page all the same.
+    view.location = u"http://a/other";
+    desk.Say(1, u"pOther");
+    view.events.NavigateComplete2(1, PageLevel::Top, view.location);
+    desk.Rest();
+    EXPECT_EQ(desk.visits.Addresses(), u"http://a/other http://a/");
+}
+
+TEST(ReadPages, AnAnswerToAnEarlierPageIsNotTakenForThisOne) {
+    ReadingDesk desk;
+    desk.views.At(1).readsSlowly = true;
+    desk.Read(1, u"http://a/", u"pOne");
+    desk.Load(1, u"http://b/", u"pTwo");
+    for (const auto& reader : desk.views.At(1).readers) reader(u"uhttp://a/\npOne");
+    EXPECT_EQ(desk.visits.Addresses(), u"");
+}
+
+TEST(ReadPages, TheStoreMayAnswerWhenTheTabHasGone) {
+    ReadingDesk desk(2);
+    desk.visits.slow = true;
+    desk.Read(2, u"http://a/", u"pOne");
+    desk.Close(2);
+    desk.Rest();
+    desk.visits.Answer();
+    EXPECT_EQ(desk.visits.Addresses(), u"");
+}
+
+TEST(ReadPages, TheGroupOfAPageIsRemembered) {
+    ReadingDesk desk;
+    desk.main.Reads().NoteGroup(u"News", {u"a", u"http://b/x#y"});
+    desk.Read(1, u"http://a/", u"pOne");
+    desk.Read(1, u"http://c/", u"pOne");
+    // Led elsewhere on its way.
+    desk.PageBegins(1, u"https://b/x");
+    desk.Read(1, u"https://www.b/", u"pOne");
+    EXPECT_EQ(desk.visits.At(u"https://www.b/").Group, u"News");
+    EXPECT_EQ(desk.visits.At(u"http://a/").Group, u"News");
+    EXPECT_EQ(desk.visits.At(u"http://c/").Group, u"");
+}
+
+TEST(ReadPages, TheStoreIsLimitedWithTheFirstPageAndWhenThatChanges) {
+    ReadingDesk desk;
+    EXPECT_EQ(desk.visits.limits, "");
+    desk.Read(1, u"http://a/", u"pOne");
+    desk.Read(1, u"http://b/", u"pOne");
+    EXPECT_EQ(desk.visits.limits, "90/500 ");
+    desk.main.Reads().SetOptions({.Days = 7, .Megabytes = 500});
+    EXPECT_EQ(desk.visits.limits, "90/500 7/500 ");
+}
+
+} // namespace
+
+} // namespace tessa

@@ -1,0 +1,117 @@
+#include "history/frmOpenPages.h"
+
+#include "tests/history/ReadingDesk.h"
+
+namespace tessa {
+
+namespace {
+
+class frmOpenPagesTest : public testing::Test {
+protected:
+    frmOpenPagesTest() {
+        m_desk.Read(1, u"http://a/", u"pApples are red|pPears are green");
+        m_desk.Read(2, u"http://b/", u"pMore apples|pand apples|papples again|papples at last");
+        m_desk.Read(3, u"http://c/", u"pNothing here");
+    }
+    /// What is found: "1 Title: one [two]|...".
+    std::string Find(TextView words) {
+        m_form.txtWords.Value = Text(words);
+        std::string all;
+        for (const OpenPageLine& each : m_form.lstFound()) {
+            all += all.empty() ? "" : "|";
+            if (each.IsPage) all += std::to_string(each.Index) + ":";
+            for (const SnippetPart& part : each.Shown)
+                all += part.Marked ? "[" + ToUtf8(part.Words) + "]" : ToUtf8(part.Words);
+        }
+        return all;
+    }
+    void Click(std::size_t line) { m_form.lstFound_Click(line); }
+
+    ReadingDesk m_desk{3};
+    frmOpenPages& m_form = m_desk.main.OpenPagesPanel();
+};
+
+TEST_F(frmOpenPagesTest, FindsTheWordsInEveryOpenPage) {
+    m_desk.Click(u"xtrSearchOpenPages");
+    EXPECT_TRUE(m_form.Form.Visible());
+    EXPECT_TRUE(m_desk.Tool(u"xtrSearchOpenPages").Checked());
+    EXPECT_EQ(Find(u"apples"), "1:Title of http://a/|[Apples] are red|2:Title of http://b/|More [apples]|and "
+                               "[apples]|[apples] again");
+    EXPECT_EQ(m_form.lblCount.Caption(), u"2 pages");
+    EXPECT_EQ(Find(u"green red"), "1:Title of http://a/|Apples are [red]|Pears are [green]");
+    EXPECT_EQ(Find(u"nowhere"), "");
+    EXPECT_EQ(m_form.lblCount.Caption(), u"No open page says that.");
+    EXPECT_EQ(Find(u""), "");
+    EXPECT_EQ(m_form.lblCount.Caption(), u"");
+    EXPECT_EQ(Find(u"\"title of\" c"), "3:[Title of] http://[c]/");
+}
+
+TEST_F(frmOpenPagesTest, ChoosingAPassageLeadsToIt) {
+    m_desk.Click(u"xtrSearchOpenPages");
+    Find(u"again");
+    Click(1);
+    EXPECT_EQ(m_desk.Strip(), "1 [2*] 3");
+    EXPECT_EQ(m_desk.Marked(2), "[apples again]");
+    Find(u"green");
+    Click(0);
+    EXPECT_EQ(m_desk.Strip(), "[1*] 2 3");
+    EXPECT_EQ(m_desk.Marked(1), "");
+    Click(99);
+}
+
+TEST_F(frmOpenPagesTest, ASleepingPageIsSearchedAndNotWoken) {
+    m_desk.views.At(2).asleep = true;
+    m_desk.views.Calls(2);
+    m_desk.Click(u"xtrSearchOpenPages");
+    EXPECT_EQ(Find(u"again"), "2:Title of http://b/|apples [again]");
+    EXPECT_EQ(m_desk.views.Calls(2), "");
+    // It shows the passage once it has woken.
+    Click(1);
+    EXPECT_EQ(m_desk.Marked(2), "");
+    m_desk.views.At(2).asleep = false;
+    m_desk.Read(2, u"http://b/", u"papples again");
+    EXPECT_EQ(m_desk.Marked(2), "[apples again]");
+}
+
+TEST_F(frmOpenPagesTest, APageThatWasNeverReadInThisRunIsSearchedAsItIsRemembered) {
+    HistoryVisit visit{u"http://old/", u"old", u"Old"};
+    visit.Passages = "pRemembered words\n";
+    m_desk.visits.Keep(visit);
+    m_desk.NewTab(InFront::No);
+    m_desk.views.At(4).location = u"http://old/";
+    m_desk.views.At(4).name = u"Old";
+    m_desk.Click(u"xtrSearchOpenPages");
+    EXPECT_EQ(Find(u"remembered"), "4:Old|[Remembered] words");
+    EXPECT_EQ(m_desk.views.At(4).reads, 0);
+}
+
+TEST_F(frmOpenPagesTest, WhatHasComeSinceIsFound) {
+    m_desk.Say(3, u"pA fresh word");
+    m_desk.Click(u"xtrSearchOpenPages");
+    EXPECT_EQ(Find(u"fresh"), "3:Title of http://c/|A [fresh] word");
+}
+
+TEST_F(frmOpenPagesTest, PagesThatAreSlowComeLater) {
+    bool asked = false;
+    const Connection connection = m_form.Schedule.Connect([&](auto...) { asked = true; });
+    m_desk.views.At(3).readsSlowly = true;
+    m_desk.Click(u"xtrSearchOpenPages");
+    EXPECT_EQ(Find(u"fresh"), "");
+    asked = false;
+    for (const auto& reader : m_desk.views.At(3).readers) reader(u"uhttp://c/\npA fresh word");
+    EXPECT_TRUE(asked);
+    m_form.Show();
+    EXPECT_EQ(m_form.lstFound().size(), 2U);
+}
+
+TEST_F(frmOpenPagesTest, PrivatePagesAreSearchedAndNotRemembered) {
+    m_desk.Click(u"xtrPrivateTab");
+    m_desk.Read(4, u"http://p/", u"pPrivate matters");
+    m_desk.Click(u"xtrSearchOpenPages");
+    EXPECT_EQ(Find(u"matters"), "4:Title of http://p/|Private [matters]");
+    for (const HistoryVisit& each : m_desk.visits.kept) EXPECT_NE(each.Address, u"http://p/");
+}
+
+} // namespace
+
+} // namespace tessa
