@@ -2,7 +2,6 @@
 
 #include "blocking/RuleText.h"
 #include "blocking/RuleTokens.h"
-#include "blocking/libraries/SiteDomain.h"
 
 #include <algorithm>
 
@@ -15,22 +14,39 @@ bool HoldsHash(std::span<const std::uint64_t> sorted, std::uint64_t hash) {
     return std::ranges::binary_search(sorted, hash);
 }
 
+// The words of an address, each once.
+std::vector<TokenHash> TokensIn(std::string_view small) {
+    constexpr std::size_t kSeen = 256; // a place for each word that was seen, by its last bits
+    std::array<TokenHash, kSeen> seen{};
+    std::vector<TokenHash> tokens;
+    tokens.reserve(64);
+    for (TokenReader reader(small); reader.Next();) {
+        TokenHash& last = seen[reader.Hash() % kSeen];
+        if (last != reader.Hash()) tokens.push_back(reader.Hash());
+        last = reader.Hash();
+    }
+    return tokens;
+}
+
 RuleAnchor AnchorOf(std::uint32_t flags) {
     return flags & kAtHostFlag ? RuleAnchor::AtHost : flags & kAtStartFlag ? RuleAnchor::AtStart : RuleAnchor::Anywhere;
 }
 
 } // namespace
 
-RuleRequest::RuleRequest(std::string_view address, std::string_view page, RequestType type)
-    : AsItStands(address.substr(0, kMostRead)), Small(ruletext::InSmall(AsItStands)), Matched(MatchedAddressOf(Small)),
-      Types(SetOf(type)) {
-    const std::string_view host = Matched.Host(), site = SiteDomainOf(host);
-    const std::string small = ruletext::InSmall(page.substr(0, kMostRead));
-    const std::string_view pageHost = MatchedAddressOf(small).Host(), pageSite = SiteDomainOf(pageHost);
-    Hosts = HostHashes(host, site);
-    Sites = HostHashes(pageHost, pageSite);
-    IsThirdParty = site != pageSite;
-}
+struct RuleSet::Asked {
+    Asked(std::string_view address, const RulePage& from, RequestType type)
+        : asItStands(address.substr(0, kMostRead)), small(ruletext::InSmall(asItStands)),
+          matched(MatchedAddressOf(small)), page(from), types(SetOf(type)), tokens(TokensIn(small)) {}
+
+    std::string_view asItStands;
+    std::string small;      ///< in small letters
+    MatchedAddress matched; ///< in `small`
+    const RulePage& page;
+    bool isThirdParty = false;
+    RequestTypes types;
+    std::vector<TokenHash> tokens; ///< each once
+};
 
 RuleSet::RuleSet(RuleImage image)
     : m_image(std::move(image)), m_rules(m_image.Part<PackedRule>(ImagePart::Rules)),
@@ -42,8 +58,11 @@ RuleSet::RuleSet(RuleImage image)
     }
 }
 
-RuleVerdict RuleSet::VerdictOn(const RuleRequest& request) const {
+RuleVerdict RuleSet::VerdictOn(std::string_view address, const RulePage& page, RequestType type) const {
     RuleVerdict verdict;
+    if (page.Except.Everything) return verdict;
+    Asked request(address, page, type);
+    request.isThirdParty = m_sites.Of(request.matched.Host()) != page.Site;
     std::uint32_t by = FindRule(RuleIndex::Important, request);
     const bool important = by != kNone;
     if (!important) by = FindRule(RuleIndex::Blocking, request);
@@ -60,11 +79,20 @@ RuleVerdict RuleSet::VerdictOn(const RuleRequest& request) const {
     return verdict;
 }
 
-PageExceptions RuleSet::ExceptionsFor(std::string_view page) const {
-    RuleRequest request(page, page, RequestType::Document);
+RulePage RuleSet::PageOf(std::string_view address) const {
+    RulePage page;
+    Asked asked(address, page, RequestType::Document);
+    const std::string_view host = asked.matched.Host();
+    page.Site = m_sites.Of(host);
+    page.Hosts = HostHashes(host, page.Site);
+    page.Except = ExceptionsFor(asked);
+    return page;
+}
+
+PageExceptions RuleSet::ExceptionsFor(Asked& asked) const {
     const auto excepted = [&](RequestType type) {
-        request.Types = SetOf(type);
-        return FindRule(RuleIndex::Pages, request) != kNone;
+        asked.types = SetOf(type);
+        return FindRule(RuleIndex::Pages, asked) != kNone;
     };
     PageExceptions found;
     found.Everything = excepted(RequestType::Document);
@@ -75,43 +103,44 @@ PageExceptions RuleSet::ExceptionsFor(std::string_view page) const {
     return found;
 }
 
-std::uint32_t RuleSet::FindRule(RuleIndex index, const RuleRequest& request) const {
+std::uint32_t RuleSet::FindRule(RuleIndex index, const Asked& asked) const {
     const TokenTable& table = m_tables[static_cast<std::size_t>(index)];
     if (table.IsEmpty()) return kNone;
-    for (TokenReader reader(request.Small); reader.Next();)
-        if (const std::uint32_t rule = FindAmong(table.Find(reader.Hash()), request); rule != kNone) return rule;
-    for (const std::uint64_t each : request.Sites)
-        if (const std::uint32_t rule = FindAmong(table.Find(TokenOfDomain(each)), request); rule != kNone) return rule;
-    return FindAmong(table.Find(kNoToken), request);
+    for (const TokenHash each : asked.tokens)
+        if (const std::uint32_t rule = FindAmong(table.Find(each), asked); rule != kNone) return rule;
+    for (const std::uint64_t each : asked.page.Hosts)
+        if (const std::uint32_t rule = FindAmong(table.Find(TokenOfDomain(each)), asked); rule != kNone) return rule;
+    return FindAmong(table.Find(kNoToken), asked);
 }
 
-std::uint32_t RuleSet::FindAmong(std::span<const std::uint32_t> rules, const RuleRequest& request) const {
+std::uint32_t RuleSet::FindAmong(std::span<const std::uint32_t> rules, const Asked& asked) const {
     for (const std::uint32_t each : rules)
-        if (Fits(each, request)) return each;
+        if (Fits(each, asked)) return each;
     return kNone;
 }
 
-bool RuleSet::Fits(std::uint32_t number, const RuleRequest& request) const {
+bool RuleSet::Fits(std::uint32_t number, const Asked& asked) const {
     if (number >= m_rules.size()) return false;
     const PackedRule& rule = m_rules[number];
-    if (!(rule.Types & request.Types)) return false;
-    if (rule.Flags & (request.IsThirdParty ? kFirstPartyFlag : kThirdPartyFlag)) return false;
-    if (request.NoGeneric && !(rule.Flags & kSomeSitesFlag)) return false;
-    if (rule.Domains != 0 && !HoldsDomain(rule.Domains, request.Sites)) return false;
-    if (rule.Targets != 0 && !HoldsDomain(rule.Targets, request.Hosts)) return false;
-    return PatternOfFits(number, rule, request);
+    if (!(rule.Types & asked.types)) return false;
+    if (rule.Flags & (asked.isThirdParty ? kFirstPartyFlag : kThirdPartyFlag)) return false;
+    if (asked.page.Except.GenericRules && !(rule.Flags & kSomeSitesFlag)) return false;
+    if (rule.Domains != 0 && !HoldsDomain(rule.Domains, asked.page.Hosts)) return false;
+    if (rule.Targets != 0 && !HoldsDomain(rule.Targets, HostHashes(asked.matched.Host(), m_sites.Of(asked.matched.Host()))))
+        return false;
+    return PatternOfFits(number, rule, asked);
 }
 
-bool RuleSet::PatternOfFits(std::uint32_t number, const PackedRule& rule, const RuleRequest& request) const {
+bool RuleSet::PatternOfFits(std::uint32_t number, const PackedRule& rule, const Asked& asked) const {
     const std::string_view pattern = m_image.TextAt(rule.Pattern);
-    if (rule.Flags & kHostAloneFlag) return LeadsTo(request.Matched, pattern);
+    if (rule.Flags & kHostAloneFlag) return LeadsTo(asked.matched, pattern);
     const bool matchCase = rule.Flags & kMatchCaseFlag;
     if (rule.Flags & kExpressionFlag) {
         const auto letters = matchCase ? SafeRegex::Letters::AsTheyStand : SafeRegex::Letters::BigAsSmall;
-        return m_expressions.try_emplace(number, pattern, letters).first->second.Finds(request.AsItStands);
+        return m_expressions.try_emplace(number, pattern, letters).first->second.Finds(asked.asItStands);
     }
-    MatchedAddress address = request.Matched;
-    if (matchCase) address.Whole = request.AsItStands;
+    MatchedAddress address = asked.matched;
+    if (matchCase) address.Whole = asked.asItStands;
     return PatternFits(pattern, AnchorOf(rule.Flags), rule.Flags & kAtEndFlag, address);
 }
 

@@ -13,13 +13,19 @@ using namespace ruletext;
 
 namespace {
 
-constexpr std::array<std::string_view, 24> kCommonWords{
-    "http", "https", "www", "com",  "net",  "org",    "js",   "php",    "html", "htm", "png", "jpg",
-    "gif",  "css",   "img", "images", "static", "cdn", "api", "script", "js",   "de",  "ru",  "1"};
+// Words that many addresses hold; a rule is kept under another one where it has any. In their order.
+constexpr std::array<std::string_view, 84> kCommonWords{
+    "%2f",    "%3a",   "10",     "100",   "a",     "ad",     "ads",    "ajax",   "amazon", "analytics", "api",    "app",
+    "assets", "async", "b",      "blog",  "c",     "callback", "cdn",  "co",     "collect", "com",     "common", "content",
+    "css",    "d",     "data",   "de",    "dist",  "e",      "en",     "event",  "facebook", "files",  "fonts",  "gif",
+    "google", "height", "home",  "htm",   "html",  "http",   "https",  "i",      "icon",   "id",        "image",  "images",
+    "img",    "index", "info",   "ip",    "io",    "jpg",    "jquery", "js",     "json",   "lib",       "logo",   "main",
+    "media",  "min",   "name",   "net",   "news",  "org",    "p",      "page",   "php",    "png",       "ru",     "s",
+    "script", "scripts", "site", "src",   "static", "t",     "type",   "u",      "url",    "v1",        "version", "www"};
 
 RuleToken TokenAt(std::string_view text, const TokenReader& reader) {
     const std::string_view word = text.substr(reader.Begin(), reader.End() - reader.Begin());
-    return {reader.Hash(), word.size() == 1 || std::ranges::count(kCommonWords, word) > 0};
+    return {reader.Hash(), word.size() == 1 || std::ranges::binary_search(kCommonWords, word)};
 }
 
 std::vector<RuleToken> TokensOfPattern(const NetworkRule& rule) {

@@ -51,10 +51,27 @@ std::optional<RuleSet> Read(const std::vector<std::string>& lists) {
 
 std::string LineOf(const std::optional<tessa::RuleFound>& found) { return found ? std::string(found->Line) : std::string(); }
 
+/// Of requests of one page the page is looked at once.
+class Judge {
+public:
+    explicit Judge(const RuleSet& rules) : m_rules(rules) {}
+    tessa::RuleVerdict VerdictOn(const Recorded& request) {
+        if (m_address != request.page) m_page = m_rules.PageOf(request.page);
+        m_address = request.page;
+        return m_rules.VerdictOn(request.address, m_page, request.type);
+    }
+
+private:
+    const RuleSet& m_rules;
+    std::string_view m_address;
+    tessa::RulePage m_page;
+};
+
 void Print(const std::vector<Recorded>& requests, const RuleSet& rules, bool withRules) {
     std::string all;
+    Judge judge(rules);
     for (const Recorded& each : requests) {
-        const auto verdict = rules.VerdictOn(tessa::RuleRequest(each.address, each.page, each.type));
+        const auto verdict = judge.VerdictOn(each);
         all += verdict.Blocked ? '1' : '0';
         if (withRules) all += '\t' + LineOf(verdict.By) + '\t' + LineOf(verdict.Exception);
         all += '\n';
@@ -66,8 +83,9 @@ void PrintTime(const std::vector<Recorded>& requests, const RuleSet& rules) {
     using Clock = std::chrono::steady_clock;
     const auto begin = Clock::now();
     std::size_t blocked = 0;
+    Judge judge(rules);
     for (const Recorded& each : requests)
-        blocked += rules.VerdictOn(tessa::RuleRequest(each.address, each.page, each.type)).Blocked ? 1 : 0;
+        blocked += judge.VerdictOn(each).Blocked ? 1 : 0;
     const std::chrono::duration<double, std::micro> passed = Clock::now() - begin;
     std::printf("%.2f microseconds a request, %zu of %zu stopped\n",
                 requests.empty() ? 0 : passed.count() / static_cast<double>(requests.size()), blocked, requests.size());
