@@ -82,6 +82,9 @@ struct SiteHiding {
 /// Reads an image. It keeps the bytes alive that it was made of. What an image names beyond its end is empty.
 class RuleImage {
 public:
+    /// One without rules.
+    RuleImage() = default;
+
     /// Nothing for bytes that are no image of this version and processor, or damaged. `fingerprint` says what it was
     /// made of, see `RuleImageWriter`.
     [[nodiscard]] static std::optional<RuleImage> Read(std::string bytes, std::uint64_t fingerprint);
@@ -105,7 +108,7 @@ private:
     friend class RuleImageWriter;
     struct Head;
 
-    std::shared_ptr<const std::string> m_bytes;
+    std::shared_ptr<const std::string> m_bytes = std::make_shared<const std::string>();
     std::array<Range, kImageParts> m_parts{};
 };
 
