@@ -34,7 +34,7 @@ void Keep(Setting<Text>& setting, const Text& command, const Text& shown) {
 } // namespace
 
 frmInternetOptions::frmInternetOptions(SettingsStorageFactory& settings, Outside outside)
-    : m_settings(settings), m_outside(std::move(outside)) {
+    : Blocking(settings, outside.blocking, outside.chooseList), m_settings(settings), m_outside(std::move(outside)) {
     WireClicks();
     Form_Load();
 }
@@ -214,6 +214,7 @@ bool frmInternetOptions::ProxyIsWhole() {
 void frmInternetOptions::cmdOK_Click() {
     if (!SleepIsWhole() || !ProxyIsWhole()) return;
     InternetSettings(m_settings).Set(Values());
+    Blocking.Keep();
     {
         SettingsStore store(m_settings);
         ResumeNext(store.SearchService.Set(Trimmed(txtSearch.Value())));
