@@ -10,29 +10,47 @@ namespace {
 using NamedResource = std::pair<std::string_view, EmptyResource>;
 
 constexpr std::array kResourceNames{
-    NamedResource{"noopjs", EmptyResource::Script},         NamedResource{"noop.js", EmptyResource::Script},
-    NamedResource{"blank-js", EmptyResource::Script},       NamedResource{"empty.js", EmptyResource::Script},
-    NamedResource{"noop-0.1s.js", EmptyResource::Script},   NamedResource{"nooptext", EmptyResource::Text},
-    NamedResource{"noop.txt", EmptyResource::Text},         NamedResource{"blank-text", EmptyResource::Text},
-    NamedResource{"empty", EmptyResource::Text},            NamedResource{"none", EmptyResource::None},
-    NamedResource{"noopcss", EmptyResource::Style},         NamedResource{"noop.css", EmptyResource::Style},
-    NamedResource{"blank-css", EmptyResource::Style},       NamedResource{"noopframe", EmptyResource::Page},
-    NamedResource{"noop.html", EmptyResource::Page},        NamedResource{"blank-html", EmptyResource::Page},
-    NamedResource{"1x1.gif", EmptyResource::Picture},       NamedResource{"1x1-transparent.gif", EmptyResource::Picture},
-    NamedResource{"1x1-transparent-gif", EmptyResource::Picture}, NamedResource{"2x2.png", EmptyResource::Picture},
-    NamedResource{"2x2-transparent.png", EmptyResource::Picture}, NamedResource{"2x2-transparent-png", EmptyResource::Picture},
-    NamedResource{"3x2.png", EmptyResource::Picture},       NamedResource{"3x2-transparent.png", EmptyResource::Picture},
-    NamedResource{"3x2-transparent-png", EmptyResource::Picture}, NamedResource{"32x32.png", EmptyResource::Picture},
-    NamedResource{"32x32-transparent.png", EmptyResource::Picture}, NamedResource{"32x32-transparent-png", EmptyResource::Picture},
-    NamedResource{"noop.json", EmptyResource::Json},        NamedResource{"noopvast-2.0", EmptyResource::Xml},
-    NamedResource{"noopvast-3.0", EmptyResource::Xml},      NamedResource{"noopvast-4.0", EmptyResource::Xml},
-    NamedResource{"noopvmap-1.0", EmptyResource::Xml},      NamedResource{"noop-vmap1.0.xml", EmptyResource::Xml},
+    NamedResource{"noopjs", EmptyResource::Script},
+    NamedResource{"noop.js", EmptyResource::Script},
+    NamedResource{"blank-js", EmptyResource::Script},
+    NamedResource{"empty.js", EmptyResource::Script},
+    NamedResource{"noop-0.1s.js", EmptyResource::Script},
+    NamedResource{"nooptext", EmptyResource::Text},
+    NamedResource{"noop.txt", EmptyResource::Text},
+    NamedResource{"blank-text", EmptyResource::Text},
+    NamedResource{"empty", EmptyResource::Text},
+    NamedResource{"none", EmptyResource::None},
+    NamedResource{"noopcss", EmptyResource::Style},
+    NamedResource{"noop.css", EmptyResource::Style},
+    NamedResource{"blank-css", EmptyResource::Style},
+    NamedResource{"noopframe", EmptyResource::Page},
+    NamedResource{"noop.html", EmptyResource::Page},
+    NamedResource{"blank-html", EmptyResource::Page},
+    NamedResource{"1x1.gif", EmptyResource::Picture},
+    NamedResource{"1x1-transparent.gif", EmptyResource::Picture},
+    NamedResource{"1x1-transparent-gif", EmptyResource::Picture},
+    NamedResource{"2x2.png", EmptyResource::Picture},
+    NamedResource{"2x2-transparent.png", EmptyResource::Picture},
+    NamedResource{"2x2-transparent-png", EmptyResource::Picture},
+    NamedResource{"3x2.png", EmptyResource::Picture},
+    NamedResource{"3x2-transparent.png", EmptyResource::Picture},
+    NamedResource{"3x2-transparent-png", EmptyResource::Picture},
+    NamedResource{"32x32.png", EmptyResource::Picture},
+    NamedResource{"32x32-transparent.png", EmptyResource::Picture},
+    NamedResource{"32x32-transparent-png", EmptyResource::Picture},
+    NamedResource{"noop.json", EmptyResource::Json},
+    NamedResource{"noopvast-2.0", EmptyResource::Xml},
+    NamedResource{"noopvast-3.0", EmptyResource::Xml},
+    NamedResource{"noopvast-4.0", EmptyResource::Xml},
+    NamedResource{"noopvmap-1.0", EmptyResource::Xml},
+    NamedResource{"noop-vmap1.0.xml", EmptyResource::Xml},
 };
 
 // One transparent point.
-constexpr std::string_view kPicture("GIF89a\x01\0\x01\0\x80\0\0\0\0\0\0\0\0!\xF9\x04\x01\0\0\0\0,\0\0\0\0\x01\0\x01\0\0\x02\x02"
-                                    "D\x01\0;",
-                                    43);
+constexpr std::string_view
+    kPicture("GIF89a\x01\0\x01\0\x80\0\0\0\0\0\0\0\0!\xF9\x04\x01\0\0\0\0,\0\0\0\0\x01\0\x01\0\0\x02\x02"
+             "D\x01\0;",
+             43);
 
 } // namespace
 

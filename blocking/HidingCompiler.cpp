@@ -17,7 +17,8 @@ TokenHash TokenOfKey(std::string_view key) {
 std::uint32_t HidingCompiler::NumberOf(const std::string& selector) {
     const auto [at, fresh] = m_numbers.emplace(selector, static_cast<std::uint32_t>(m_selectors.size()));
     if (fresh) {
-        m_selectors.push_back({static_cast<std::uint32_t>(m_strings.size()), static_cast<std::uint32_t>(selector.size())});
+        m_selectors.push_back(
+            {static_cast<std::uint32_t>(m_strings.size()), static_cast<std::uint32_t>(selector.size())});
         m_strings += selector;
     }
     return at->second;
@@ -32,8 +33,10 @@ void HidingCompiler::AddSites(const std::vector<std::string>& domains, SiteHidin
 void HidingCompiler::AddGeneric(const std::string& text, std::uint32_t selector) {
     if (!m_generic.insert(selector).second) return;
     const std::string key = KeyOfSelector(text);
-    if (key.empty()) m_always.push_back(selector);
-    else m_keyed.emplace_back(TokenOfKey(key), selector);
+    if (key.empty())
+        m_always.push_back(selector);
+    else
+        m_keyed.emplace_back(TokenOfKey(key), selector);
 }
 
 void HidingCompiler::Add(const HidingRule& rule) {
@@ -42,8 +45,10 @@ void HidingCompiler::Add(const HidingRule& rule) {
     AddSites(rule.Domains, rule.Exception ? SiteHidingKind::Show : SiteHidingKind::Hide, selector);
     if (!rule.Exception || !generic)
         AddSites(rule.NotDomains, generic ? SiteHidingKind::NotGeneric : SiteHidingKind::Not, selector);
-    if (generic && rule.Exception) m_never.insert(selector);
-    else if (generic) AddGeneric(rule.Selector, selector);
+    if (generic && rule.Exception)
+        m_never.insert(selector);
+    else if (generic)
+        AddGeneric(rule.Selector, selector);
     ++m_count;
 }
 

@@ -14,11 +14,31 @@ namespace {
 constexpr std::size_t kLongestSelector = 4000;
 
 // What looks like a selector, but is done by scripts that other programs bring.
-constexpr std::array<std::string_view, 25> kNoSelectors{
-    ":-abp-",          ":style(",       ":remove(",      ":has-text(",     ":contains(",  ":xpath(",      ":matches-css",
-    ":upward(",        ":min-text-",    ":watch-attr",   ":nth-ancestor(", ":others(",    ":matches-path", ":matches-attr",
-    ":matches-media(", ":matches-prop", ":if(",          ":if-not(",       ":remove-attr", ":remove-class", ":spath(",
-    "+js(",            "^",             "script:inject", ":shadow("};
+constexpr std::array<std::string_view, 25> kNoSelectors{":-abp-",
+                                                        ":style(",
+                                                        ":remove(",
+                                                        ":has-text(",
+                                                        ":contains(",
+                                                        ":xpath(",
+                                                        ":matches-css",
+                                                        ":upward(",
+                                                        ":min-text-",
+                                                        ":watch-attr",
+                                                        ":nth-ancestor(",
+                                                        ":others(",
+                                                        ":matches-path",
+                                                        ":matches-attr",
+                                                        ":matches-media(",
+                                                        ":matches-prop",
+                                                        ":if(",
+                                                        ":if-not(",
+                                                        ":remove-attr",
+                                                        ":remove-class",
+                                                        ":spath(",
+                                                        "+js(",
+                                                        "^",
+                                                        "script:inject",
+                                                        ":shadow("};
 
 bool IsNameLetter(char each) {
     return IsSmallLetter(Small(each)) || IsDigit(each) || each == '-' || each == '_' ||
@@ -26,12 +46,14 @@ bool IsNameLetter(char each) {
 }
 
 // The letters of what stands before a sign: domains and what goes with them. Other lines have a "##" in a pattern.
-bool IsOfDomains(char each) { return IsNameLetter(each) || std::string_view(".,~* []:").find(each) != std::string_view::npos; }
+bool IsOfDomains(char each) {
+    return IsNameLetter(each) || std::string_view(".,~* []:").find(each) != std::string_view::npos;
+}
 
 bool IsDoneByScripts(std::string_view selector) {
     return std::ranges::any_of(kNoSelectors, [&](std::string_view each) {
         return each.starts_with(':') || each.starts_with("script") ? selector.find(each) != std::string_view::npos
-                                                                     : selector.starts_with(each);
+                                                                   : selector.starts_with(each);
     });
 }
 
@@ -76,7 +98,7 @@ private:
 } // namespace
 
 HidingSign FindHidingSign(std::string_view line) {
-    constexpr std::array<std::string_view, 10> kSigns{"##",    "#@#",  "#?#",  "#@?#", "#$#",
+    constexpr std::array<std::string_view, 10> kSigns{"##",   "#@#",  "#?#",   "#@?#", "#$#",
                                                       "#@$#", "#$?#", "#@$?#", "#%#",  "#@%#"};
     const std::size_t at = line.find('#');
     if (at == std::string_view::npos || !std::ranges::all_of(line.substr(0, at), IsOfDomains)) return {};
@@ -91,11 +113,16 @@ HidingRuleRead ReadHidingRule(std::string_view line, const HidingSign& sign) {
     const std::string_view selector = Trimmed(line.substr(sign.At + sign.Sign.size()));
     rule.Exception = sign.Sign == "#@#";
     rule.Selector = selector;
-    if (sign.Sign != "##" && sign.Sign != "#@#") read.Trouble = RuleTrouble::UnknownHiding;
-    else if (IsDoneByScripts(selector)) read.Trouble = RuleTrouble::UnknownHiding;
-    else if (selector.size() > kLongestSelector) read.Trouble = RuleTrouble::TooLong;
-    else if (!IsSafeSelector(selector)) read.Trouble = RuleTrouble::BadSelector;
-    else if (!ReadHidingDomains(rule, line.substr(0, sign.At))) read.Trouble = RuleTrouble::BadDomain;
+    if (sign.Sign != "##" && sign.Sign != "#@#")
+        read.Trouble = RuleTrouble::UnknownHiding;
+    else if (IsDoneByScripts(selector))
+        read.Trouble = RuleTrouble::UnknownHiding;
+    else if (selector.size() > kLongestSelector)
+        read.Trouble = RuleTrouble::TooLong;
+    else if (!IsSafeSelector(selector))
+        read.Trouble = RuleTrouble::BadSelector;
+    else if (!ReadHidingDomains(rule, line.substr(0, sign.At)))
+        read.Trouble = RuleTrouble::BadDomain;
     return read;
 }
 

@@ -8,7 +8,8 @@
 namespace tessa {
 
 HidingRules::HidingRules(const RuleImage& image)
-    : m_image(image), m_selectors(m_image.Part<PackedText>(ImagePart::Selectors)),
+    : m_image(image),
+      m_selectors(m_image.Part<PackedText>(ImagePart::Selectors)),
       m_sites(m_image.Part<SiteHiding>(ImagePart::SiteHiding)),
       m_keySlots(m_image.Part<std::uint64_t>(ImagePart::KeySlots)),
       m_keyed(m_keySlots, m_image.Part<std::uint32_t>(ImagePart::KeyLists)) {}
@@ -26,8 +27,10 @@ SiteHidden HidingRules::ForSite(const HostHashes& hosts) const {
         for (const SiteHiding& entry : std::ranges::equal_range(m_sites, each, {}, &SiteHiding::Domain)) {
             if (!decided.insert(entry.RuleAndKind >> 2U).second) continue;
             const auto kind = static_cast<SiteHidingKind>(entry.RuleAndKind & 3U);
-            if (kind == SiteHidingKind::Hide) hidden.push_back(entry.Selector);
-            else if (kind != SiteHidingKind::Not) found.ShownAnyway.insert(entry.Selector);
+            if (kind == SiteHidingKind::Hide)
+                hidden.push_back(entry.Selector);
+            else if (kind != SiteHidingKind::Not)
+                found.ShownAnyway.insert(entry.Selector);
         }
     }
     for (const std::uint32_t each : hidden)

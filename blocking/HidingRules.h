@@ -25,7 +25,8 @@ public:
     [[nodiscard]] SiteHidden ForSite(const HostHashes& hosts) const;
     /// What is hidden on all pages but those that `site` leaves out, among what has those classes and ids, given as
     /// ".name" and "#name".
-    [[nodiscard]] std::vector<std::string_view> ForKeys(const std::vector<std::string>& keys, const SiteHidden& site) const;
+    [[nodiscard]] std::vector<std::string_view> ForKeys(const std::vector<std::string>& keys,
+                                                        const SiteHidden& site) const;
     /// What is hidden on all pages and has no class and no id.
     [[nodiscard]] std::vector<std::string_view> Always(const SiteHidden& site) const;
 

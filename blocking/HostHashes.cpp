@@ -39,7 +39,8 @@ void HostHashes::Add(std::string_view host, std::uint64_t start) {
         hash = (hash ^ static_cast<unsigned char>(host[at - 1])) * kHashStep;
         if (at == 1 || host[at - 2] == '.') m_all[m_count++] = hash;
     }
-    std::reverse(m_all.begin() + static_cast<std::ptrdiff_t>(before), m_all.begin() + static_cast<std::ptrdiff_t>(m_count));
+    std::reverse(m_all.begin() + static_cast<std::ptrdiff_t>(before),
+                 m_all.begin() + static_cast<std::ptrdiff_t>(m_count));
 }
 
 } // namespace tessa

@@ -30,8 +30,9 @@ bool IsDue(const ShelvedList& list, std::int64_t now) {
     // A clock that was set back would else keep it for years.
     if (list.Tried > now) return true;
     const std::int64_t failures = std::min<std::int64_t>(list.Failures, 30);
-    const std::int64_t wait =
-        failures > 0 ? std::min(ListShelf::kTryAgainAfter << (failures - 1), ListShelf::kRenewAfter) : ListShelf::kRenewAfter;
+    const std::int64_t wait = failures > 0
+                                  ? std::min(ListShelf::kTryAgainAfter << (failures - 1), ListShelf::kRenewAfter)
+                                  : ListShelf::kRenewAfter;
     return list.Tried == 0 || now - list.Tried >= wait;
 }
 
@@ -54,8 +55,8 @@ ListShelf::ListShelf(std::string folder) : m_folder(std::move(folder)) { ReadRec
 
 void ListShelf::ReadRecords() {
     for (const Record& each : ParseRecords(ReadWholeFile(m_folder + "/lists").value_or(std::string()))) {
-        ShelvedList list{TextOf(each, u"Address"),     TextOf(each, u"Tag"),       TextOf(each, u"Modified"),
-                         NumberIn(each, u"Fetched"),   NumberIn(each, u"Tried"),   NumberIn(each, u"Failures")};
+        ShelvedList list{TextOf(each, u"Address"),   TextOf(each, u"Tag"),     TextOf(each, u"Modified"),
+                         NumberIn(each, u"Fetched"), NumberIn(each, u"Tried"), NumberIn(each, u"Failures")};
         if (each.Name == kListRecord && !list.Address.empty()) m_lists[list.Address] = std::move(list);
     }
 }

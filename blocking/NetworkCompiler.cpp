@@ -32,7 +32,8 @@ std::uint32_t FlagsOf(const NetworkRule& rule) {
 RuleTrouble NetworkCompiler::CheckExpression(const NetworkRule& rule) {
     if (!rule.IsExpression) return RuleTrouble::None;
     if (m_expressions >= kMostExpressions) return RuleTrouble::TooSlow;
-    const SafeRegex regex(rule.Pattern, rule.MatchCase ? SafeRegex::Letters::AsTheyStand : SafeRegex::Letters::BigAsSmall);
+    const SafeRegex regex(rule.Pattern,
+                          rule.MatchCase ? SafeRegex::Letters::AsTheyStand : SafeRegex::Letters::BigAsSmall);
     if (!regex.IsValid()) return RuleTrouble::BadExpression;
     ++m_expressions;
     return RuleTrouble::None;
@@ -79,11 +80,13 @@ PackedRule NetworkCompiler::Packed(const NetworkRule& rule, std::string_view lin
     packed.List = list;
     packed.Line = Keep(line);
     // Most patterns are a part of their line.
-    const std::string_view pattern = std::string_view(rule.Pattern).substr(0, rule.Pattern.size() - (rule.IsHostAlone() ? 1 : 0));
+    const std::string_view pattern =
+        std::string_view(rule.Pattern).substr(0, rule.Pattern.size() - (rule.IsHostAlone() ? 1 : 0));
     const std::size_t within = line.find(pattern);
-    packed.Pattern = within == std::string_view::npos ? Keep(pattern)
-                                                      : PackedText{packed.Line.Begin + static_cast<std::uint32_t>(within),
-                                                                   static_cast<std::uint32_t>(pattern.size())};
+    packed.Pattern = within == std::string_view::npos
+                         ? Keep(pattern)
+                         : PackedText{packed.Line.Begin + static_cast<std::uint32_t>(within),
+                                      static_cast<std::uint32_t>(pattern.size())};
     packed.Domains = WriteDomains(rule.Domains, rule.NotDomains);
     packed.Targets = WriteDomains(rule.Targets, rule.NotTargets);
     return packed;

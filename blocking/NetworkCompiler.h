@@ -42,7 +42,8 @@ private:
     [[nodiscard]] RuleTrouble CheckSpeed(const NetworkRule& rule, const std::vector<RuleToken>& tokens);
     [[nodiscard]] PackedText Keep(std::string_view text);
     /// The place in the words of the domains, in their order.
-    [[nodiscard]] std::uint32_t WriteDomains(const std::vector<std::string>& those, const std::vector<std::string>& others);
+    [[nodiscard]] std::uint32_t WriteDomains(const std::vector<std::string>& those,
+                                             const std::vector<std::string>& others);
     [[nodiscard]] PackedRule Packed(const NetworkRule& rule, std::string_view line, std::uint32_t list);
     /// The words under which the rule is kept: one, or one for each site that it is for.
     [[nodiscard]] std::vector<TokenHash> KeysOf(std::size_t rule) const;

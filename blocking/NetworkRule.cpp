@@ -21,7 +21,8 @@ bool IsHostLetter(char each) {
 
 // Letters of other scripts reach servers as numbers, and hosts as "xn--".
 std::string InAddressLetters(std::string_view pattern, RuleAnchor anchor) {
-    const std::size_t hostEnd = anchor == RuleAnchor::AtHost ? std::min(pattern.find_first_of("/^*?:|"), pattern.size()) : 0;
+    const std::size_t hostEnd =
+        anchor == RuleAnchor::AtHost ? std::min(pattern.find_first_of("/^*?:|"), pattern.size()) : 0;
     std::string all = HostInAscii(pattern.substr(0, hostEnd));
     for (const char each : pattern.substr(hostEnd))
         all += static_cast<unsigned char>(each) < 0x80 ? std::string(1, each) : PercentEncoded({&each, 1});
@@ -82,7 +83,8 @@ bool NetworkRule::IsHostAlone() const {
 
 std::uint64_t NetworkRule::Identity() const {
     std::string all = Pattern + '\n' + Redirect + '\n';
-    for (const bool each : {AtEnd, IsExpression, MatchCase, Exception, Important, RedirectOnly}) all += each ? '1' : '0';
+    for (const bool each : {AtEnd, IsExpression, MatchCase, Exception, Important, RedirectOnly})
+        all += each ? '1' : '0';
     all += std::to_string(static_cast<int>(Anchor)) + std::to_string(static_cast<int>(Party)) + std::to_string(Types);
     for (const auto* each : {&Domains, &NotDomains, &Targets, &NotTargets}) AddTo(all, *each);
     return HashOf(all);

@@ -2,8 +2,8 @@
 
 #include "blocking/RuleText.h"
 
-#include <array>
 #include <algorithm>
+#include <array>
 
 namespace tessa {
 
@@ -111,8 +111,6 @@ MatchedAddress MatchedAddressOf(std::string_view address) {
     if (port == kNowhere || port < user || authority.find(']', port) != kNowhere) port = authority.size();
     return {address, begin + user, begin + port};
 }
-
-bool IsSeparator(char each) { return kSeparators[static_cast<unsigned char>(each)]; }
 
 bool PatternFits(std::string_view pattern, RuleAnchor anchor, bool atEnd, const MatchedAddress& address) {
     if (anchor == RuleAnchor::AtHost) return FitsAtHost(pattern, atEnd, address);

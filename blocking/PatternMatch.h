@@ -16,9 +16,6 @@ struct MatchedAddress {
 /// The address with the place of its host; an empty host where there is none.
 [[nodiscard]] MatchedAddress MatchedAddressOf(std::string_view address);
 
-/// Whether a byte of an address separates words, which a "^" of a pattern stands for.
-[[nodiscard]] bool IsSeparator(char each);
-
 /// Whether the pattern, in which "*" and "^" stand for others, fits. Its time grows with the address and the pattern,
 /// whatever they are.
 [[nodiscard]] bool PatternFits(std::string_view pattern, RuleAnchor anchor, bool atEnd, const MatchedAddress& address);

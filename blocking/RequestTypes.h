@@ -24,7 +24,7 @@ enum class RequestType : std::uint32_t {
     GenericHide = 1U << 14U,  ///< hiding rules that name no site
     SpecificHide = 1U << 15U, ///< hiding rules that name a site
     GenericBlock = 1U << 16U, ///< network rules that name no site
-    Unknown = 1U << 17U,      ///< a part of a page of which nobody knows what it is; only rules for all parts are for it
+    Unknown = 1U << 17U, ///< a part of a page of which nobody knows what it is; only rules for all parts are for it
 };
 
 /// A set of request types.

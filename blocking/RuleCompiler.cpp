@@ -26,12 +26,16 @@ ListReport RuleCompiler::AddList(std::string_view bytes) {
             if (read.Kind == LineKind::Nothing) continue;
             if (lines.IsLeftOut()) read.Trouble = RuleTrouble::LeftOut, read.Kind = LineKind::Unknown;
             const RuleTrouble trouble = read.Kind == LineKind::Unknown ? read.Trouble : Add(read, line);
-            if (trouble != RuleTrouble::None) ++report.Unknown[trouble];
-            else if (read.Kind == LineKind::Hiding) ++report.Hiding;
-            else report.Network += read.Kind == LineKind::Hosts ? read.Hosts.size() : 1;
+            if (trouble != RuleTrouble::None)
+                ++report.Unknown[trouble];
+            else if (read.Kind == LineKind::Hiding)
+                ++report.Hiding;
+            else
+                report.Network += read.Kind == LineKind::Hosts ? read.Hosts.size() : 1;
         }
     }
     ++m_list;
+    m_lists.push_back({report.Network + report.Hiding, report.UnknownLines()});
     return report;
 }
 
@@ -47,6 +51,7 @@ std::string RuleCompiler::Image(std::uint64_t fingerprint) {
     RuleImageWriter writer;
     m_network.WriteTo(writer);
     m_hiding.WriteTo(writer);
+    writer.Set(ImagePart::Lists, std::span<const PackedList>(m_lists));
     writer.Set(ImagePart::Strings, std::span<const char>(m_strings));
     return writer.Bytes(fingerprint);
 }

@@ -36,6 +36,7 @@ private:
     RuleTrouble Add(const RuleLine& read, std::string_view line);
 
     std::uint32_t m_list = 0;
+    std::vector<PackedList> m_lists;
     std::string m_strings;
     NetworkCompiler m_network{m_strings};
     HidingCompiler m_hiding{m_strings};

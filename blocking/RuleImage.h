@@ -33,6 +33,7 @@ enum class ImagePart : std::uint32_t {
     KeySlots,
     KeyLists,
     AlwaysHidden,
+    Lists, ///< a `PackedList` for each list
     Count,
 };
 inline constexpr std::size_t kImageParts = static_cast<std::size_t>(ImagePart::Count);
@@ -69,6 +70,11 @@ struct PackedRule {
     std::uint32_t Domains = 0; ///< place in `Words`, see `WriteDomains`; 0 for none
     std::uint32_t Targets = 0; ///< the same for hosts of requests
     std::uint32_t List = 0;    ///< which of the lists it stands in
+};
+
+/// What was made of a list.
+struct PackedList {
+    std::uint64_t Rules = 0, Unknown = 0;
 };
 
 /// What a hiding rule does on pages of a domain.
@@ -117,7 +123,8 @@ class RuleImageWriter {
 public:
     template<typename T>
     void Set(ImagePart part, std::span<const T> values) {
-        m_parts.at(static_cast<std::size_t>(part)).assign(reinterpret_cast<const char*>(values.data()), values.size_bytes());
+        m_parts.at(static_cast<std::size_t>(part))
+            .assign(reinterpret_cast<const char*>(values.data()), values.size_bytes());
     }
     /// The image. `fingerprint` is a number that differs when what it was made of does.
     [[nodiscard]] std::string Bytes(std::uint64_t fingerprint);

@@ -15,8 +15,8 @@ namespace {
 constexpr std::size_t kLongestLine = std::size_t{64} << 10;
 
 constexpr std::array<std::string_view, 10> kOwnNames{
-    "localhost", "localhost.localdomain", "local",        "broadcasthost", "ip6-localhost",
-    "ip6-loopback", "ip6-localnet",          "ip6-allnodes", "ip6-allrouters",  "0.0.0.0"};
+    "localhost",    "localhost.localdomain", "local",        "broadcasthost",  "ip6-localhost",
+    "ip6-loopback", "ip6-localnet",          "ip6-allnodes", "ip6-allrouters", "0.0.0.0"};
 
 bool IsComment(std::string_view line) {
     if (line.starts_with('!')) return true;
@@ -54,8 +54,10 @@ RuleLine HostsLine(std::string_view names) {
         if (host.empty() || (IsNumericHost(host) && !own)) read.Trouble = RuleTrouble::BadHost;
     }
     if (!any) read.Trouble = RuleTrouble::BadHost;
-    if (!read.Hosts.empty()) read.Kind = LineKind::Hosts, read.Trouble = RuleTrouble::None;
-    else if (read.Trouble != RuleTrouble::None) read.Kind = LineKind::Unknown;
+    if (!read.Hosts.empty())
+        read.Kind = LineKind::Hosts, read.Trouble = RuleTrouble::None;
+    else if (read.Trouble != RuleTrouble::None)
+        read.Kind = LineKind::Unknown;
     return read;
 }
 

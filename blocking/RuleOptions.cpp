@@ -14,12 +14,11 @@ namespace {
 
 // What a page would have to be changed for, or an answer, or the address itself. No engine of ours lets us.
 constexpr std::array<std::string_view, 19> kNeedAnswers{
-    "csp",    "removeparam", "queryprune", "header",  "permissions",   "replace", "urltransform", "uritransform", "urlskip", "inline-script",
-    "inline-font", "cookie", "stealth",    "jsonprune", "removeheader", "cname",   "hls",          "webrtc",        "reason"};
+    "csp",          "removeparam", "queryprune",    "header",      "permissions", "replace", "urltransform",
+    "uritransform", "urlskip",     "inline-script", "inline-font", "cookie",      "stealth", "jsonprune",
+    "removeheader", "cname",       "hls",           "webrtc",      "reason"};
 
-bool IsOptionLetter(char each) {
-    return IsSmallLetter(Small(each)) || IsDigit(each) || each == '-' || each == '_';
-}
+bool IsOptionLetter(char each) { return IsSmallLetter(Small(each)) || IsDigit(each) || each == '-' || each == '_'; }
 
 bool LooksLikeOption(std::string_view option) {
     if (option.starts_with('~')) option.remove_prefix(1);

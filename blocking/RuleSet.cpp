@@ -36,8 +36,12 @@ RuleAnchor AnchorOf(std::uint32_t flags) {
 
 struct RuleSet::Asked {
     Asked(std::string_view address, const RulePage& from, RequestType type)
-        : asItStands(address.substr(0, kMostRead)), small(ruletext::InSmall(asItStands)),
-          matched(MatchedAddressOf(small)), page(from), types(SetOf(type)), tokens(TokensIn(small)) {}
+        : asItStands(address.substr(0, kMostRead)),
+          small(ruletext::InSmall(asItStands)),
+          matched(MatchedAddressOf(small)),
+          page(from),
+          types(SetOf(type)),
+          tokens(TokensIn(small)) {}
 
     std::string_view asItStands;
     std::string small;      ///< in small letters
@@ -49,7 +53,8 @@ struct RuleSet::Asked {
 };
 
 RuleSet::RuleSet(RuleImage image)
-    : m_image(std::move(image)), m_rules(m_image.Part<PackedRule>(ImagePart::Rules)),
+    : m_image(std::move(image)),
+      m_rules(m_image.Part<PackedRule>(ImagePart::Rules)),
       m_words(m_image.Part<std::uint64_t>(ImagePart::Words)) {
     auto part = static_cast<std::uint32_t>(ImagePart::ImportantSlots);
     for (TokenTable& each : m_tables) {
@@ -103,6 +108,27 @@ PageExceptions RuleSet::ExceptionsFor(Asked& asked) const {
     return found;
 }
 
+std::optional<std::vector<std::uint64_t>> RuleSet::ExceptedDomains() const {
+    std::vector<std::uint64_t> domains;
+    for (const PackedRule& each : m_rules) {
+        if (!(each.Flags & kExceptionFlag) || !(each.Types & kPageTypes)) continue;
+        const std::string_view pattern = m_image.TextAt(each.Pattern);
+        const std::string_view host = pattern.substr(0, pattern.find_first_of("/^?:|"));
+        if (each.Flags & kSomeSitesFlag && each.Domains < m_words.size()) {
+            const auto named = m_words.subspan(each.Domains + 1);
+            for (std::size_t at = 0; at < std::min<std::size_t>(m_words[each.Domains] & 0xFFFFFFFFU, named.size());
+                 ++at)
+                domains.push_back(named[at]);
+        } else if (each.Flags & kAtHostFlag && host.find('*') == std::string_view::npos &&
+                   (host.size() < pattern.size() || each.Flags & kHostAloneFlag)) {
+            domains.push_back(HashOfDomain(host));
+        } else {
+            return std::nullopt;
+        }
+    }
+    return domains;
+}
+
 std::uint32_t RuleSet::FindRule(RuleIndex index, const Asked& asked) const {
     const TokenTable& table = m_tables[static_cast<std::size_t>(index)];
     if (table.IsEmpty()) return kNone;
@@ -126,7 +152,8 @@ bool RuleSet::Fits(std::uint32_t number, const Asked& asked) const {
     if (rule.Flags & (asked.isThirdParty ? kFirstPartyFlag : kThirdPartyFlag)) return false;
     if (asked.page.Except.GenericRules && !(rule.Flags & kSomeSitesFlag)) return false;
     if (rule.Domains != 0 && !HoldsDomain(rule.Domains, asked.page.Hosts)) return false;
-    if (rule.Targets != 0 && !HoldsDomain(rule.Targets, HostHashes(asked.matched.Host(), m_sites.Of(asked.matched.Host()))))
+    if (rule.Targets != 0 &&
+        !HoldsDomain(rule.Targets, HostHashes(asked.matched.Host(), m_sites.Of(asked.matched.Host()))))
         return false;
     return PatternOfFits(number, rule, asked);
 }

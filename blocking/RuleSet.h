@@ -3,8 +3,8 @@
 #include "blocking/HostHashes.h"
 #include "blocking/PatternMatch.h"
 #include "blocking/RuleImage.h"
-#include "blocking/TokenTable.h"
 #include "blocking/SiteDomains.h"
+#include "blocking/TokenTable.h"
 #include "blocking/libraries/SafeRegex.h"
 
 #include <array>
@@ -54,6 +54,9 @@ public:
     [[nodiscard]] RulePage PageOf(std::string_view address) const;
     /// What the rules say of a request for that address.
     [[nodiscard]] RuleVerdict VerdictOn(std::string_view address, const RulePage& page, RequestType type) const;
+    /// The names of all domains whose pages rules may except from something, see `HashOfDomain`. Nothing when some rule
+    /// does so for pages of any domain.
+    [[nodiscard]] std::optional<std::vector<std::uint64_t>> ExceptedDomains() const;
     [[nodiscard]] const RuleImage& Image() const { return m_image; }
 
 private:

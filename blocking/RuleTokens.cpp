@@ -15,13 +15,15 @@ namespace {
 
 // Words that many addresses hold; a rule is kept under another one where it has any. In their order.
 constexpr std::array<std::string_view, 84> kCommonWords{
-    "%2f",    "%3a",   "10",     "100",   "a",     "ad",     "ads",    "ajax",   "amazon", "analytics", "api",    "app",
-    "assets", "async", "b",      "blog",  "c",     "callback", "cdn",  "co",     "collect", "com",     "common", "content",
-    "css",    "d",     "data",   "de",    "dist",  "e",      "en",     "event",  "facebook", "files",  "fonts",  "gif",
-    "google", "height", "home",  "htm",   "html",  "http",   "https",  "i",      "icon",   "id",        "image",  "images",
-    "img",    "index", "info",   "ip",    "io",    "jpg",    "jquery", "js",     "json",   "lib",       "logo",   "main",
-    "media",  "min",   "name",   "net",   "news",  "org",    "p",      "page",   "php",    "png",       "ru",     "s",
-    "script", "scripts", "site", "src",   "static", "t",     "type",   "u",      "url",    "v1",        "version", "www"};
+    "%2f",     "%3a",   "10",       "100",     "a",      "ad",   "ads",    "ajax",     "amazon", "analytics",
+    "api",     "app",   "assets",   "async",   "b",      "blog", "c",      "callback", "cdn",    "co",
+    "collect", "com",   "common",   "content", "css",    "d",    "data",   "de",       "dist",   "e",
+    "en",      "event", "facebook", "files",   "fonts",  "gif",  "google", "height",   "home",   "htm",
+    "html",    "http",  "https",    "i",       "icon",   "id",   "image",  "images",   "img",    "index",
+    "info",    "ip",    "io",       "jpg",     "jquery", "js",   "json",   "lib",      "logo",   "main",
+    "media",   "min",   "name",     "net",     "news",   "org",  "p",      "page",     "php",    "png",
+    "ru",      "s",     "script",   "scripts", "site",   "src",  "static", "t",        "type",   "u",
+    "url",     "v1",    "version",  "www"};
 
 RuleToken TokenAt(std::string_view text, const TokenReader& reader) {
     const std::string_view word = text.substr(reader.Begin(), reader.End() - reader.Begin());
@@ -54,13 +56,20 @@ private:
     void Take() {
         const char each = m_rest.front();
         m_rest.remove_prefix(1);
-        if (each == '|') m_sure = false;
-        else if (each == '[') Unknown(), SkipClass();
-        else if (each == '(') Unknown(), SkipGroup();
-        else if (each == '?' || each == '*' || each == '{') ForgetLast(each);
-        else if (each == '+' || each == '.' || each == '^' || each == '$') Unknown();
-        else if (each != '\\') m_plain += Small(each);
-        else TakeEscaped();
+        if (each == '|')
+            m_sure = false;
+        else if (each == '[')
+            Unknown(), SkipClass();
+        else if (each == '(')
+            Unknown(), SkipGroup();
+        else if (each == '?' || each == '*' || each == '{')
+            ForgetLast(each);
+        else if (each == '+' || each == '.' || each == '^' || each == '$')
+            Unknown();
+        else if (each != '\\')
+            m_plain += Small(each);
+        else
+            TakeEscaped();
     }
     void Unknown() { m_plain += '*'; }
     // What stood before it may be missing, or stand there more often.
@@ -88,7 +97,8 @@ private:
     }
     void SkipGroup() {
         // Ways of reading that hold for all that follows.
-        if (m_rest.starts_with("?i") || m_rest.starts_with("?-") || m_rest.starts_with("?s") || m_rest.starts_with("?m"))
+        if (m_rest.starts_with("?i") || m_rest.starts_with("?-") || m_rest.starts_with("?s") ||
+            m_rest.starts_with("?m"))
             m_sure = false;
         for (int depth = 1; depth > 0 && !m_rest.empty();) {
             const char each = m_rest.front();

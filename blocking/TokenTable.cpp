@@ -20,7 +20,8 @@ TokenArrays MakeTokenArrays(std::vector<TokenEntry> entries) {
     if (entries.empty()) return made;
     made.Slots.assign(std::bit_ceil(entries.size() * 2), 0);
     for (auto each = entries.begin(); each != entries.end();) {
-        const auto end = std::find_if(each, entries.end(), [&](const TokenEntry& other) { return other.first != each->first; });
+        const auto end =
+            std::find_if(each, entries.end(), [&](const TokenEntry& other) { return other.first != each->first; });
         std::size_t slot = each->first & (made.Slots.size() - 1);
         while (made.Slots[slot] != 0) slot = (slot + 1) & (made.Slots.size() - 1);
         made.Slots[slot] = SlotOf(each->first, made.Lists.size());

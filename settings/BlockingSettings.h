@@ -6,10 +6,10 @@ namespace tessa {
 /// What the user has decided about content blocking.
 struct BlockingValues {
     bool on = false;
-    bool asked = false;            ///< the home page need not ask whether it is to be on
-    std::vector<Text> lists{};     ///< names of the catalogue, addresses and paths, in the order in which they count
-    std::vector<Text> offSites{};  ///< hosts on whose pages nothing is blocked
-    bool listsChosen = false;      ///< the user has chosen lists; else those by design count
+    bool asked = false;           ///< the home page need not ask whether it is to be on
+    std::vector<Text> lists{};    ///< names of the catalogue, addresses and paths, in the order in which they count
+    std::vector<Text> offSites{}; ///< hosts on whose pages nothing is blocked
+    bool listsChosen = false;     ///< the user has chosen lists; else those by design count
 
     friend bool operator==(const BlockingValues&, const BlockingValues&) = default;
 };

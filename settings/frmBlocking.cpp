@@ -84,8 +84,10 @@ void frmBlocking::cmdAddList_Click() {
         good ? Text() : Text(u"A list is an address that begins with https://, or the full path of a file.");
     if (!good) return txtOwnList.SetFocus();
     const auto same = std::ranges::find(Lists, typed, [](const auto& each) { return each->Chosen; });
-    if (same != Lists.end()) (*same)->chkList.Tick(true);
-    else AddLine(typed, true);
+    if (same != Lists.end())
+        (*same)->chkList.Tick(true);
+    else
+        AddLine(typed, true);
     txtOwnList.Value = Text();
     chkOn.Tick(true);
 }

@@ -4,6 +4,7 @@
 #include "qt/base/ChoiceBinding.h"
 #include "qt/base/FormRows.h"
 #include "qt/base/Strings.h"
+#include "qt/dialogs/BlockingPages.h"
 #include "qt/dialogs/ListBoxView.h"
 #include "qt/dialogs/PageList.h"
 
@@ -93,6 +94,8 @@ InternetOptionsDialog::InternetOptionsDialog(frmInternetOptions& form, QWidget* 
     setObjectName(QStringLiteral("frmInternetOptions"));
     setWindowTitle(ToQt(form.Caption));
     m_pages = new PageList(this);
+    m_pages->Add(*BlockingPages::NewLists(form.Blocking), QStringLiteral("&Blocking"));
+    m_pages->Add(*BlockingPages::NewOwnRules(form.Blocking), QStringLiteral("Bloc&king Rules"));
     m_pages->Add(*GeneralPage(), QStringLiteral("&General"));
     m_pages->Add(*ProgramsPage(), QStringLiteral("&Programs"));
     m_pages->Add(*PrivacyPage(), QStringLiteral("Pri&vacy"));
@@ -105,7 +108,7 @@ InternetOptionsDialog::InternetOptionsDialog(frmInternetOptions& form, QWidget* 
     // Larger fonts enlarge the dialog; more room than it needs is of no use.
     rows->setSizeConstraint(QLayout::SetFixedSize);
     Bind(form.Form, *this, form.cmdCancel);
-    findChild<QLineEdit*>(QStringLiteral("txtHomePage"))->setFocus();
+    findChild<QCheckBox*>(QStringLiteral("chkOn"))->setFocus();
 }
 
 QWidget* InternetOptionsDialog::GeneralPage() {

@@ -4,6 +4,7 @@
 #include "qt/base/Palette.h"
 #include "qt/window/MainWindowFrame.h"
 #include "qt/window/PageBars.h"
+#include "settings/BlockingSettings.h"
 #include "settings/InternetSettings.h"
 #include "startpage/StartPage.h"
 
@@ -21,6 +22,8 @@ std::string EngineSurroundings::StartPage() {
     ReadsFolders();
     StartContent content = tessa::StartPage::Read(m_folders.groups, m_folders.favorites);
     content.Dark = Palette::IsDark(m_window.palette());
+    const BlockingValues blocking = BlockingSettings(m_settings).Get();
+    content.AsksAboutBlocking = !blocking.on && !blocking.asked;
     content.Notice = BuildInfo::EngineNotice();
     return tessa::StartPage::Html(content);
 }

@@ -1,8 +1,8 @@
 // Holds recorded requests against filter lists.
 //   blocking [--time] [--rules] LIST... < REQUESTS
-// A line of requests is its type, the page and the address, with a tab between each. For each a line "1" is printed when
-// it would be stopped, else "0". --rules prints the rule and the exception behind it; --time prints the microseconds
-// that a request took, on average, at the end.
+// A line of requests is its type, the page and the address, with a tab between each. For each a line "1" is printed
+// when it would be stopped, else "0". --rules prints the rule and the exception behind it; --time prints the
+// microseconds that a request took, on average, at the end.
 
 #include "base/os/AtomicFile.h"
 #include "blocking/RuleCompiler.h"
@@ -49,7 +49,9 @@ std::optional<RuleSet> Read(const std::vector<std::string>& lists) {
     return RuleSet(*tessa::RuleImage::Read(compiler.Image(0), 0));
 }
 
-std::string LineOf(const std::optional<tessa::RuleFound>& found) { return found ? std::string(found->Line) : std::string(); }
+std::string LineOf(const std::optional<tessa::RuleFound>& found) {
+    return found ? std::string(found->Line) : std::string();
+}
 
 /// Of requests of one page the page is looked at once.
 class Judge {
@@ -84,8 +86,7 @@ void PrintTime(const std::vector<Recorded>& requests, const RuleSet& rules) {
     const auto begin = Clock::now();
     std::size_t blocked = 0;
     Judge judge(rules);
-    for (const Recorded& each : requests)
-        blocked += judge.VerdictOn(each).Blocked ? 1 : 0;
+    for (const Recorded& each : requests) blocked += judge.VerdictOn(each).Blocked ? 1 : 0;
     const std::chrono::duration<double, std::micro> passed = Clock::now() - begin;
     std::printf("%.2f microseconds a request, %zu of %zu stopped\n",
                 requests.empty() ? 0 : passed.count() / static_cast<double>(requests.size()), blocked, requests.size());
