@@ -1,5 +1,6 @@
 #include "qt/dialogs/BlockingPages.h"
 
+#include "blocking/ListCatalogue.h"
 #include "qt/base/Bind.h"
 #include "qt/base/FormRows.h"
 #include "qt/base/Strings.h"
@@ -11,6 +12,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -52,7 +54,7 @@ QLabel* NewWords(Label& label, const QString& name) {
 }
 
 // What a list does stands below its name, in line with it.
-void AddListLine(QVBoxLayout& rows, BlockingListLine& line) {
+void AddListLine(QVBoxLayout& rows, BlockingListLine& line, int place) {
     auto* box = new QCheckBox;
     const QString name = QStringLiteral("chkList") + ToQt(line.Chosen);
     Bind(line.chkList, *box, name);
@@ -64,24 +66,24 @@ void AddListLine(QVBoxLayout& rows, BlockingListLine& line) {
     words->setWordWrap(true);
     words->setContentsMargins(box->fontMetrics().height() * 3 / 2, 0, 0, box->fontMetrics().height() / 4);
     box->setAccessibleDescription(words->text());
-    rows.addWidget(box);
-    rows.addWidget(words);
+    rows.insertWidget(place, box);
+    rows.insertWidget(place < 0 ? -1 : place + 1, words);
 }
 
 QScrollArea* NewListLines(frmBlocking& form) {
     auto* area = new QScrollArea;
     auto* inside = new QWidget;
     auto* rows = new QVBoxLayout(inside);
-    for (const auto& each : form.Lists) AddListLine(*rows, *each);
+    for (const auto& each : form.Lists) AddListLine(*rows, *each, ListCatalogue::Find(each->Chosen) ? -1 : 0);
     area->setObjectName(QStringLiteral("lstLists"));
     area->setWidget(inside);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setMinimumHeight(area->fontMetrics().lineSpacing() * kListsLines);
+    // What was added is seen at once.
     KeepWith(*area, form.Added.Connect([rows, area](BlockingListLine& line) {
-        AddListLine(*rows, line);
-        rows->activate();
-        area->ensureVisible(0, area->widget()->sizeHint().height());
+        AddListLine(*rows, line, 0);
+        area->verticalScrollBar()->setValue(0);
     }));
     return area;
 }
