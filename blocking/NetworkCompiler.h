@@ -2,6 +2,7 @@
 #include "blocking/NetworkRule.h"
 #include "blocking/RuleImage.h"
 #include "blocking/RuleTokens.h"
+#include "blocking/RuleTrouble.h"
 #include "blocking/TokenTable.h"
 
 #include <array>

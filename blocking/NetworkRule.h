@@ -1,6 +1,5 @@
 #pragma once
 #include "blocking/RequestTypes.h"
-#include "blocking/RuleTrouble.h"
 
 #include <cstdint>
 #include <string>
@@ -37,15 +36,6 @@ struct NetworkRule {
     /// The same for rules that say the same.
     [[nodiscard]] std::uint64_t Identity() const;
 };
-
-/// A rule, or why the line is none.
-struct NetworkRuleRead {
-    NetworkRule Rule;
-    RuleTrouble Trouble = RuleTrouble::None;
-};
-
-/// Reads a line that is no hiding rule and no comment. The line is UTF-8, without blanks around it.
-[[nodiscard]] NetworkRuleRead ReadNetworkRule(std::string_view line);
 
 /// The rule that a host in a hosts file stands for.
 [[nodiscard]] NetworkRule RuleForHost(std::string_view host);

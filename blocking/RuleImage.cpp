@@ -21,7 +21,7 @@ struct RuleImage::Head {
     std::uint32_t Version = kImageVersion;
     std::uint32_t ByteOrder = kByteOrder;
     std::uint64_t Fingerprint = 0;
-    std::uint64_t Checksum = 0; ///< of all behind the head
+    std::uint64_t Checksum = 0; ///< of the parts' places and of all behind the head
     std::array<Range, kImageParts> Parts{};
 };
 
@@ -42,13 +42,23 @@ std::uint64_t FingerprintOf(std::string_view bytes, std::uint64_t start) {
     return hash;
 }
 
+namespace {
+
+template<typename Places>
+std::uint64_t ChecksumOf(const Places& places, std::string_view rest) {
+    const std::string_view bytes(reinterpret_cast<const char*>(places.data()), sizeof places);
+    return FingerprintOf(rest, FingerprintOf(bytes));
+}
+
+} // namespace
+
 std::optional<RuleImage> RuleImage::Read(std::string bytes, std::uint64_t fingerprint) {
     Head head;
     if (bytes.size() < sizeof head) return std::nullopt;
     std::memcpy(&head, bytes.data(), sizeof head);
     if (head.Name != kImageName || head.Version != kImageVersion || head.ByteOrder != kByteOrder) return std::nullopt;
     if (head.Fingerprint != fingerprint) return std::nullopt;
-    if (head.Checksum != FingerprintOf(std::string_view(bytes).substr(sizeof head))) return std::nullopt;
+    if (head.Checksum != ChecksumOf(head.Parts, std::string_view(bytes).substr(sizeof head))) return std::nullopt;
     for (const auto& [begin, size] : head.Parts)
         if (begin > bytes.size() || size > bytes.size() - begin || begin % kImageAlign != 0) return std::nullopt;
     RuleImage image;
@@ -67,7 +77,7 @@ std::string RuleImageWriter::Bytes(std::uint64_t fingerprint) {
         bytes.resize(Aligned(bytes.size()));
         m_parts.at(part) = {};
     }
-    head.Checksum = FingerprintOf(std::string_view(bytes).substr(sizeof head));
+    head.Checksum = ChecksumOf(head.Parts, std::string_view(bytes).substr(sizeof head));
     std::memcpy(bytes.data(), &head, sizeof head);
     return bytes;
 }

@@ -1,5 +1,6 @@
 #include "blocking/RuleLine.h"
 
+#include "blocking/NetworkRuleReader.h"
 #include "blocking/RuleText.h"
 #include "blocking/libraries/SiteDomain.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 #include "blocking/HidingRule.h"
 #include "blocking/NetworkRule.h"
+#include "blocking/RuleTrouble.h"
 
 namespace tessa {
 

@@ -1,5 +1,6 @@
 #pragma once
 #include "blocking/NetworkRule.h"
+#include "blocking/RuleTrouble.h"
 
 namespace tessa {
 

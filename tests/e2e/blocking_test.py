@@ -1,4 +1,4 @@
-# Tests: BlockingAssembly, BlockingMenu, BlockedDialog, PickedDialog
+# Tests: BlockingAssembly, BlockingMenu, BlockedDialog, BlockingPages, PickedDialog
 """Content blocking as its user meets it: off at first and asked about once; a list by file takes a picture and a box
 away; the status bar counts; off on a site it is all there again; what is pointed at stays hidden."""
 
@@ -150,10 +150,10 @@ class Blocking(unittest.TestCase):
         program.wait_menu(lambda: desk.press_node(program.find("push button", "1 blocked")))
         desk.xdotool("key", "h")
         desk.wait_until(lambda: "Click on what" in (program.status() or ""), what="nobody asks for a click")
-        page = program.find("document web")
-        place = page.queryComponent().getExtents(desk.pyatspi.DESKTOP_COORDS)
-        desk.xdotool("mousemove", str(place.x + 60), str(place.y + 20))
-        desk.xdotool("mousemove", str(place.x + 80), str(place.y + 30))
+        # Right below the strip begins the page.
+        strip = program.find("page tab list", "Tabs").queryComponent().getExtents(desk.pyatspi.DESKTOP_COORDS)
+        desk.xdotool("mousemove", str(strip.x + 60), str(strip.y + strip.height + 20))
+        desk.xdotool("mousemove", str(strip.x + 80), str(strip.y + strip.height + 30))
         # The page is not told of the pointer before its script runs.
         for _ in range(20):
             desk.xdotool("click", "1")
