@@ -43,12 +43,22 @@ std::size_t EndOfPart(std::string_view part, std::string_view text, std::size_t 
 struct Place {
     std::size_t Begin = kNowhere, End = kNowhere;
 };
+// Where the first two letters of a part stand from there on; they are looked for first, for a slash alone is
+// everywhere.
+std::size_t FindPair(char first, char second, std::string_view text, std::size_t from) {
+    for (std::size_t at = text.find(first, from); at != kNowhere; at = text.find(first, at + 1))
+        if (at + 1 < text.size() && text[at + 1] == second) return at;
+    return kNowhere;
+}
+
 Place FindPart(std::string_view part, std::string_view text, std::size_t from) {
+    const bool hasPair = part.size() > 1 && part[0] != '^' && part[1] != '^';
     for (std::size_t at = from; at <= text.size(); ++at) {
-        if (!part.empty() && part.front() != '^') {
+        if (hasPair)
+            at = FindPair(part[0], part[1], text, at);
+        else if (!part.empty() && part.front() != '^')
             at = text.find(part.front(), at);
-            if (at == kNowhere) break;
-        }
+        if (at == kNowhere) break;
         if (const std::size_t end = EndOfPart(part, text, at); end != kNowhere) return {at, end};
     }
     return {};
