@@ -2,7 +2,6 @@
 
 #include "blocking/EmptyResources.h"
 #include "blocking/HostHashes.h"
-#include "blocking/libraries/SafeRegex.h"
 
 #include <algorithm>
 #include <limits>
@@ -28,16 +27,6 @@ std::uint32_t FlagsOf(const NetworkRule& rule) {
 }
 
 } // namespace
-
-RuleTrouble NetworkCompiler::CheckExpression(const NetworkRule& rule) {
-    if (!rule.IsExpression) return RuleTrouble::None;
-    if (m_expressions >= kMostExpressions) return RuleTrouble::TooSlow;
-    const SafeRegex regex(rule.Pattern,
-                          rule.MatchCase ? SafeRegex::Letters::AsTheyStand : SafeRegex::Letters::BigAsSmall);
-    if (!regex.IsValid()) return RuleTrouble::BadExpression;
-    ++m_expressions;
-    return RuleTrouble::None;
-}
 
 // A list may be made by somebody who wants all requests to be slow.
 RuleTrouble NetworkCompiler::CheckSpeed(const NetworkRule& rule, const std::vector<RuleToken>& tokens) {
@@ -96,7 +85,7 @@ RuleTrouble NetworkCompiler::Add(const NetworkRule& rule, std::string_view line,
     const std::uint64_t identity = rule.Identity();
     if (rule.BadFilter) return m_takenBack.insert(identity), RuleTrouble::None;
     if (!m_identities.insert(identity).second) return RuleTrouble::None;
-    if (const RuleTrouble bad = CheckExpression(rule); bad != RuleTrouble::None) return bad;
+    if (rule.IsExpression && ++m_expressions > kMostExpressions) return RuleTrouble::TooSlow;
     const std::vector<RuleToken> tokens = TokensOf(rule);
     if (const RuleTrouble slow = CheckSpeed(rule, tokens); slow != RuleTrouble::None) return slow;
     m_keys.push_back({identity, static_cast<std::uint32_t>(m_tokens.size()), static_cast<std::uint32_t>(tokens.size()),

@@ -39,7 +39,6 @@ private:
     };
     using Entries = std::array<std::vector<TokenEntry>, static_cast<std::size_t>(RuleIndex::Count)>;
 
-    [[nodiscard]] RuleTrouble CheckExpression(const NetworkRule& rule);
     [[nodiscard]] RuleTrouble CheckSpeed(const NetworkRule& rule, const std::vector<RuleToken>& tokens);
     [[nodiscard]] PackedText Keep(std::string_view text);
     /// The place in the words of the domains, in their order.

@@ -4,6 +4,7 @@
 #include "blocking/Punycode.h"
 #include "blocking/RuleOptions.h"
 #include "blocking/RuleText.h"
+#include "blocking/libraries/SafeRegex.h"
 
 #include <algorithm>
 
@@ -49,7 +50,8 @@ RuleTrouble ReadPattern(NetworkRule& rule, std::string_view pattern) {
     if (pattern.size() > 2 && pattern.starts_with('/') && pattern.ends_with('/')) {
         rule.IsExpression = true;
         rule.Pattern = pattern.substr(1, pattern.size() - 2);
-        return RuleTrouble::None;
+        const auto letters = rule.MatchCase ? SafeRegex::Letters::AsTheyStand : SafeRegex::Letters::BigAsSmall;
+        return SafeRegex(rule.Pattern, letters).IsValid() ? RuleTrouble::None : RuleTrouble::BadExpression;
     }
     if (std::ranges::any_of(pattern, IsBlank)) return RuleTrouble::BadDomain;
     TakeAnchors(rule, pattern);

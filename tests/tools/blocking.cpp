@@ -16,6 +16,7 @@
 
 namespace {
 
+using tessa::ReadWholeFile;
 using tessa::RuleSet;
 using tessa::ruletext::TakePart;
 
