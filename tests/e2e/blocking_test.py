@@ -26,6 +26,14 @@ image.src = 'http://127.0.0.2:{port}/banner/ad.gif';
 LIST = "! Title: Garden\n||127.0.0.2^$image,third-party\n##.sponsor-box\n"
 
 
+def text_in(path):
+    """What stands in a file; nothing when there is none yet."""
+    if not os.path.exists(path):
+        return ""
+    with open(path, encoding="utf-8") as file:
+        return file.read()
+
+
 class Server:
     """The page on 127.0.0.1 and its picture on 127.0.0.2; remembers what was asked for."""
 
@@ -177,11 +185,10 @@ class Blocking(unittest.TestCase):
         # Behind the search field and its button.
         program.keys("Tab", "Tab", "Tab", "Return")
         settings = os.path.join(self.home, "settings.ini")
-        desk.wait_until(lambda: os.path.exists(settings) and "BlockingAsked" in open(settings, encoding="utf-8").read(),
-                        what="the answer is not kept")
+        desk.wait_until(lambda: "BlockingAsked" in text_in(settings), what="the answer is not kept")
         self.shot(program, "answered")
         self.assertIsNone(program.find_now("push button", "0 blocked"))
 
 
 if __name__ == "__main__":
-    unittest.main()
+    desk.main()
