@@ -120,7 +120,7 @@ QWidget* NewLists(frmBlocking& form) {
     auto* rows = new QVBoxLayout(page);
     rows->addWidget(NewCheckBox(form.chkOn, "chkOn", u'A'));
     auto* lists = NewListLines(form);
-    rows->addWidget(NewCaption(form.lblLists, "lblLists", *lists, u'L'));
+    rows->addWidget(NewCaption(form.lblLists, "lblLists", *lists, u'S'));
     rows->addWidget(lists, 1);
     auto* own = new QLineEdit;
     rows->addWidget(NewCaption(form.lblOwnList, "lblOwnList", *own, u'T'));

@@ -95,7 +95,7 @@ InternetOptionsDialog::InternetOptionsDialog(frmInternetOptions& form, QWidget* 
     setWindowTitle(ToQt(form.Caption));
     m_pages = new PageList(this);
     m_pages->Add(*BlockingPages::NewLists(form.Blocking), QStringLiteral("&Blocking"));
-    m_pages->Add(*BlockingPages::NewOwnRules(form.Blocking), QStringLiteral("Bloc&king Rules"));
+    m_pages->Add(*BlockingPages::NewOwnRules(form.Blocking), QStringLiteral("M&y Rules"));
     m_pages->Add(*GeneralPage(), QStringLiteral("&General"));
     m_pages->Add(*ProgramsPage(), QStringLiteral("&Programs"));
     m_pages->Add(*PrivacyPage(), QStringLiteral("Pri&vacy"));
@@ -135,7 +135,7 @@ QWidget* InternetOptionsDialog::ProgramsPage() {
     AddBox(*rows, m_form.lblMail, m_form.txtMail, "txtMail", u'M');
     AddBox(*rows, m_form.lblNews, m_form.txtNews, "txtNews", u'N');
     AddBox(*rows, m_form.lblDownloads, m_form.txtDownloads, "txtDownloads", u'D');
-    AddButtons(*rows, {NewButton(m_form.cmdBrowse, "cmdBrowse", u'B')});
+    AddButtons(*rows, {NewButton(m_form.cmdBrowse, "cmdBrowse", u'W')});
     rows->addStretch();
     return page;
 }
