@@ -21,6 +21,8 @@ inline constexpr TextView kPreviews = u"tessaview:preview/";
 
 /// Has the program open a TessaGroup, whose name follows, encoded. It is no page.
 inline constexpr TextView kOpenGroup = u"tessaview:group?";
+/// Answers whether advertisements are to be blocked; "yes" or "no" follows. It is no page either.
+inline constexpr TextView kBlocking = u"tessaview:blocking?";
 /// Has the program search; the words follow as a form writes them. It is no page either.
 inline constexpr TextView kSearchForm = u"tessaview:search";
 inline constexpr TextView kSearchWords = u"tessaview:search?words=";

@@ -9,7 +9,7 @@ namespace tessa {
 /// what its view needs, reported by the view.
 struct StatusBar {
     StatusBar() {
-        for (Button* button : {&StopAll, &Undo, &Saving}) button->Visible = false;
+        for (Button* button : {&StopAll, &Undo, &Saving, &Blocked}) button->Visible = false;
         Notice.Change.ConnectForLife([this] {
             if (Notice().empty()) ForgetUndo();
         });
@@ -30,6 +30,8 @@ struct StatusBar {
     Button Undo{u"&Undo"};
     /// What is being saved and how far that is; a click shows the list of it.
     Button Saving{u""};
+    /// How many requests of the page were stopped; a click shows which. There while blocking is on.
+    Button Blocked{u""};
     Pixels Height{24};
 
     /// Something went wrong beside what the user does; for the view, which shows it until it can have been read.

@@ -15,7 +15,7 @@ build_other() {
   local target
   for target in core_tests profile profile_real; do
     build "$folder" $target "-DCMAKE_TOOLCHAIN_FILE=$root/scripts/other-platform.cmake" -DTESSAVIEW_QT=OFF \
-      -DTESSAVIEW_BOOKMARKS=OFF -DTESSAVIEW_BENCH=OFF -DTESSAVIEW_TESTS=ON \
+      -DTESSAVIEW_BOOKMARKS=OFF -DTESSAVIEW_FILTERS=OFF -DTESSAVIEW_BENCH=OFF -DTESSAVIEW_TESTS=ON \
       -DTESSAVIEW_GOOGLETEST=/usr/src/googletest/googletest || return
   done
 }

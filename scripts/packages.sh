@@ -3,7 +3,7 @@
 # shellcheck disable=SC2034 # the lists are for those who source this
 
 # What compiles the core, which needs no Qt; ccache keeps what was compiled once.
-compiler_packages=(g++ cmake ninja-build ccache libxml2-dev)
+compiler_packages=(g++ cmake ninja-build ccache pkgconf libxml2-dev libre2-dev libpsl-dev)
 # The program alone.
 program_packages=("${compiler_packages[@]}" qt6-base-dev qt6-declarative-dev qt6-webengine-dev libgl-dev
                   libqpdf-dev libsystemd-dev pkgconf)

@@ -44,7 +44,7 @@ void Keep(Setting<Text>& setting, const Text& command, const Text& shown) {
 } // namespace
 
 frmInternetOptions::frmInternetOptions(SettingsStorageFactory& settings, Outside outside)
-    : m_settings(settings), m_outside(std::move(outside)) {
+    : Blocking(settings, outside.blocking, outside.chooseList), m_settings(settings), m_outside(std::move(outside)) {
     WireClicks();
     Form_Load();
 }
@@ -294,6 +294,7 @@ void frmInternetOptions::cmdOK_Click() {
     if (!SleepIsWhole() || !ProxyIsWhole() || !HistoryIsWhole()) return;
     InternetSettings(m_settings).Set(Values());
     HistorySettings(m_settings).Set(History());
+    Blocking.Keep();
     {
         SettingsStore store(m_settings);
         ResumeNext(store.SearchService.Set(Trimmed(txtSearch.Value())));

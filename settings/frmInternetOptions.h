@@ -7,6 +7,7 @@
 #include "settings/HistorySettings.h"
 #include "settings/InternetSettings.h"
 #include "settings/SiteChoice.h"
+#include "settings/frmBlocking.h"
 
 #include <functional>
 #include <memory>
@@ -30,6 +31,9 @@ public:
         /// The programs that the desktop has; used while no other was ever set.
         Text mailProgram{};
         Text newsProgram{};
+        BlockingOutside blocking{};
+        /// Asks for a list of what is to be blocked; empty when the user changed his mind.
+        std::function<Text()> chooseList{};
     };
 
     /// The factory must outlive the form.
@@ -42,6 +46,9 @@ public:
 
     FormState Form;
     Text Caption = u"Internet Options";
+
+    /// The first page.
+    frmBlocking Blocking;
 
     Label lblHomePage{u"Home page (empty for TessaView's own)"};
     TextBox txtHomePage;

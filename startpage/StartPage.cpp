@@ -121,6 +121,14 @@ std::string NoticeOf(const StartContent& content) {
     return content.Notice.empty() ? std::string() : "<footer>" + Escaped(content.Notice) + "</footer>\n";
 }
 
+std::string BlockingQuestion(const StartContent& content) {
+    if (!content.AsksAboutBlocking) return {};
+    const std::string link = ToUtf8(OwnAddresses::kBlocking);
+    return "<section class=\"ask\"><p>Shall TessaView block advertisements and trackers? Pages load faster then. "
+           "It fetches lists of what to block.</p><a class=\"answer\" href=\"" +
+           link + "yes\">Block Them</a> <a class=\"answer\" href=\"" + link + "no\">No, Thanks</a></section>\n";
+}
+
 std::string SearchForm() {
     return "<form action=\"" + ToUtf8(OwnAddresses::kSearchForm) +
            "\"><input name=\"words\" type=\"search\" placeholder=\"Search " + Escaped(Endpoints::kSearchServiceName) +
@@ -164,7 +172,7 @@ std::string Html(const StartContent& content) {
     page += "</style></head><body><main>\n<header>";
     page += kPicture;
     page += "<h1>TessaView</h1></header>\n";
-    return page + SearchForm() + Groups(content) + Links("Favorites", content.Favorites) +
+    return page + SearchForm() + BlockingQuestion(content) + Groups(content) + Links("Favorites", content.Favorites) +
            Links("Sites you use most", content.Sites) + Links("Tabs closed last", content.Closed) + NoticeOf(content) +
            "</main></body></html>\n";
 }
@@ -173,6 +181,13 @@ std::optional<Text> GroupOf(std::string_view link) {
     const std::string start = ToUtf8(OwnAddresses::kOpenGroup);
     if (!link.starts_with(start)) return std::nullopt;
     return PathFromBytes(PercentDecoded(link.substr(start.size())));
+}
+
+std::optional<bool> BlockingAnswerOf(std::string_view link) {
+    const std::string start = ToUtf8(OwnAddresses::kBlocking);
+    if (!link.starts_with(start)) return std::nullopt;
+    link.remove_prefix(start.size());
+    return link == "yes" ? std::optional(true) : link == "no" ? std::optional(false) : std::nullopt;
 }
 
 std::optional<Text> WordsOf(std::string_view link) {

@@ -31,6 +31,7 @@ struct StartContent {
     std::vector<StartLink> Closed{}; ///< tabs that were closed last
     bool Dark = false;               ///< the desktop's colours are dark
     Text Notice{};                   ///< said quietly at the end; empty for nothing
+    bool AsksAboutBlocking = false;  ///< the user has not said yet whether advertisements are to be blocked
 };
 
 /// The home page, which the program makes itself: a search field, the TessaGroups as cards, the Favorites. It has no
@@ -44,6 +45,8 @@ namespace StartPage {
 [[nodiscard]] std::string Html(const StartContent& content);
 /// The name of the group that a link of the page opens; nothing for every other address.
 [[nodiscard]] std::optional<Text> GroupOf(std::string_view link);
+/// Whether advertisements are to be blocked, by the answer that a link of the page stands for.
+[[nodiscard]] std::optional<bool> BlockingAnswerOf(std::string_view link);
 /// The words that the page's search field sends; nothing for every other address.
 [[nodiscard]] std::optional<Text> WordsOf(std::string_view link);
 

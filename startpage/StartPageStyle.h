@@ -22,6 +22,11 @@ input { flex: 1; min-width: 0; font: inherit; font-size: 17px; color: inherit; b
   padding: 13px 8px 13px 24px; }
 button { font: inherit; font-weight: 600; color: var(--mark); background: none; border: 0; border-radius: 26px;
   padding: 0 24px; cursor: pointer; }
+.ask { max-width: 620px; margin: 0 auto 36px; padding: 6px 24px 18px; border: 1px solid var(--line); border-radius: 14px;
+  background: var(--face); text-align: center; }
+.answer { display: inline-block; padding: 6px 18px; margin: 0 4px; border: 1px solid var(--mark); color: var(--mark);
+  font-weight: 600; }
+.answer:hover { box-shadow: var(--shade); }
 h2 { font-size: 14px; font-weight: 600; color: var(--soft); margin: 32px 0 12px; }
 .cards { display: grid; grid-template-columns: repeat(auto-fill, minmax(230px, 1fr)); gap: 16px; }
 a { color: inherit; text-decoration: none; border-radius: 14px; }

@@ -52,7 +52,15 @@ void MainCommands::ShowInternetOptions() {
                              .currentPage = view ? view->Control->LocationURL() : Text(),
                              .groups = TessaGroups::Names(m_platform.groupFolder),
                              .mailProgram = m_platform.shell.ProgramFor(u"mailto"),
-                             .newsProgram = m_platform.shell.ProgramFor(u"news")});
+                             .newsProgram = m_platform.shell.ProgramFor(u"news"),
+                             .blocking = m_platform.blocking,
+                             .chooseList =
+                                 [this] {
+                                     return m_platform.files.ShowOpen({.DialogTitle = u"Add List",
+                                                                       .InitDir = {},
+                                                                       .Filter = u"Lists (*.txt)|*.txt|All files|*",
+                                                                       .MustExist = true});
+                                 }});
     m_platform.forms.Show(form);
     if (!form.Apply) return;
     m_platform.engineOptions.ApplyInternetOptions();

@@ -16,6 +16,7 @@
 #include "platform/WallClock.h"
 #include "platform/WindowTools.h"
 #include "sessions/SessionOffer.h"
+#include "settings/BlockingOutside.h"
 #include "settings/EngineOptions.h"
 #include "settings/SiteChoice.h"
 #include "window/Report.h"
@@ -57,6 +58,8 @@ struct MainWindowPlatform {
     Text downloadsFile{};
     /// What the user has decided for sites, as the Internet Options list it.
     SiteChoices siteChoices{};
+    /// What the page about blocking needs.
+    BlockingOutside blocking{};
 };
 
 } // namespace tessa

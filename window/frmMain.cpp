@@ -20,6 +20,8 @@
 
 #include <array>
 
+#include "settings/BlockingSettings.h"
+
 namespace tessa {
 
 namespace {
@@ -263,7 +265,19 @@ void frmMain::OpenGiven(BrowserView& view, TextView text) {
     m_tabs.ShowStatusText(u"What TessaView was to open is no page. It was not opened.");
 }
 
+void frmMain::AnswerBlocking(bool on) {
+    BlockingValues values = BlockingSettings(m_platform.settings).Get();
+    values.on = on;
+    values.asked = true;
+    BlockingSettings(m_platform.settings).Set(values);
+    m_platform.engineOptions.ApplyInternetOptions();
+    // The question is gone from the page.
+    if (auto* view = m_tabs.CurrentView()) ResumeNext(view->Control->Refresh());
+    if (on) sbStatus.Say(u"Advertisements are blocked as soon as the lists have come. Internet Options say more.");
+}
+
 void frmMain::OpenStartLink(std::string_view link) {
+    if (const auto answer = StartPage::BlockingAnswerOf(link)) return AnswerBlocking(*answer);
     const auto words = StartPage::WordsOf(link);
     auto* view = words ? m_tabs.CurrentView() : nullptr;
     if (view) return ResumeNext(view->Control->Navigate(Text(Endpoints::kSearch) + *words));

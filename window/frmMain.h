@@ -80,7 +80,8 @@ public:
     void FocusPage();
     /// Goes to what the program was started with, or what a later start hands over. Not to what is no page.
     void OpenGiven(BrowserView& view, TextView text);
-    /// Follows a link of the home page, which opens a TessaGroup or searches. Any other address does nothing.
+    /// Follows a link of the home page, which opens a TessaGroup, searches or answers a question. Any other address
+    /// does nothing.
     void OpenStartLink(std::string_view link);
     /// Makes the home pages anew that are open.
     HomePages::Shown RefreshHomePages() { return HomePages::Refresh(pcPage, m_browser); }
@@ -104,6 +105,8 @@ public:
     void SaveLayout() { m_layout.Save(); }
     /// The user wants to see the earlier sessions.
     void ShowSessions() { m_commands.ShowSessions(); }
+    /// The user wants to change what is blocked.
+    void ShowInternetOptions() { m_commands.ShowInternetOptions(); }
 
     // What the engine reports to: the list of downloads, for the engine's side of them.
     [[nodiscard]] tessa::Downloads& Downloads() { return m_downloads; }
@@ -134,6 +137,7 @@ private:
     void WireParts();
     void WireTabs();
     void WireSaying();
+    void AnswerBlocking(bool on);
     void WireGroups();
     void WireDownloads();
     void WireSleep();

@@ -4,6 +4,7 @@
 #include "qt/base/ChoiceBinding.h"
 #include "qt/base/FormRows.h"
 #include "qt/base/Strings.h"
+#include "qt/dialogs/BlockingPages.h"
 #include "qt/dialogs/ListBoxView.h"
 #include "qt/dialogs/PageList.h"
 
@@ -93,6 +94,8 @@ InternetOptionsDialog::InternetOptionsDialog(frmInternetOptions& form, QWidget* 
     setObjectName(QStringLiteral("frmInternetOptions"));
     setWindowTitle(ToQt(form.Caption));
     m_pages = new PageList(this);
+    m_pages->Add(*BlockingPages::NewLists(form.Blocking), QStringLiteral("&Blocking"));
+    m_pages->Add(*BlockingPages::NewOwnRules(form.Blocking), QStringLiteral("M&y Rules"));
     m_pages->Add(*GeneralPage(), QStringLiteral("&General"));
     m_pages->Add(*ProgramsPage(), QStringLiteral("&Programs"));
     m_pages->Add(*PrivacyPage(), QStringLiteral("Pri&vacy"));
@@ -106,7 +109,7 @@ InternetOptionsDialog::InternetOptionsDialog(frmInternetOptions& form, QWidget* 
     // Larger fonts enlarge the dialog; more room than it needs is of no use.
     rows->setSizeConstraint(QLayout::SetFixedSize);
     Bind(form.Form, *this, form.cmdCancel);
-    findChild<QLineEdit*>(QStringLiteral("txtHomePage"))->setFocus();
+    findChild<QCheckBox*>(QStringLiteral("chkOn"))->setFocus();
 }
 
 QWidget* InternetOptionsDialog::GeneralPage() {
@@ -134,7 +137,7 @@ QWidget* InternetOptionsDialog::ProgramsPage() {
     AddBox(*rows, m_form.lblMail, m_form.txtMail, "txtMail", u'M');
     AddBox(*rows, m_form.lblNews, m_form.txtNews, "txtNews", u'N');
     AddBox(*rows, m_form.lblDownloads, m_form.txtDownloads, "txtDownloads", u'D');
-    AddButtons(*rows, {NewButton(m_form.cmdBrowse, "cmdBrowse", u'B')});
+    AddButtons(*rows, {NewButton(m_form.cmdBrowse, "cmdBrowse", u'W')});
     rows->addStretch();
     return page;
 }

@@ -41,6 +41,7 @@ public:
     [[nodiscard]] qt::Profiles& Profiles() { return m_profiles; }
     [[nodiscard]] qt::Schedule& Schedule() { return m_schedule; }
     [[nodiscard]] PageSignals& Told() { return m_told; }
+    [[nodiscard]] NewWindows& Windows() { return m_newWindows; }
     [[nodiscard]] PageOutput& Output() { return m_output; }
     /// The page that fills the screen.
     [[nodiscard]] PageFullScreen& FullScreen() { return m_fullScreen; }

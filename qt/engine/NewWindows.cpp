@@ -17,6 +17,7 @@ NewWindows::Taker* NewWindows::Find(const BrowserView* view) const {
 void NewWindows::Open(QWebEngineNewWindowRequest& request, const Opener& opener) const {
     const QUrl target = request.requestedUrl();
     const bool byPerson = request.isUserInitiated();
+    if (Stops && Stops(target, opener.page)) return;
     if (!byPerson && !opener.permissions.MayOpenPopup(target)) return;
     // What is for another program needs no tab here.
     if (opener.page.HandOver(target, byPerson, true)) return;

@@ -1,10 +1,12 @@
 #pragma once
 #include "platform/BrowserView.h"
 
+#include <functional>
 #include <map>
 
 class QByteArray;
 class QString;
+class QUrl;
 class QWebEngineNewWindowRequest;
 
 namespace tessa::qt {
@@ -38,6 +40,9 @@ public:
     void Remove(const BrowserView& view) { m_takers.erase(&view); }
     /// Nothing for a view that takes none in.
     [[nodiscard]] Taker* Find(const BrowserView* view) const;
+
+    /// Whether the window with that address stays closed, because a page has opened it that is not to.
+    std::function<bool(const QUrl& target, WebPage& opener)> Stops;
 
     /// Opens what a page asks for, unless it may not: in a view, or by another program.
     void Open(QWebEngineNewWindowRequest& request, const Opener& opener) const;

@@ -62,6 +62,7 @@ WebPage* Profiles::MakePage(Privacy privacy) {
         // Queued: the profile must outlive the page, which is not quite gone yet.
         connect(page, &QObject::destroyed, this, &Profiles::OnPrivatePageGone, Qt::QueuedConnection);
     }
+    PageMade(*page);
     return page;
 }
 

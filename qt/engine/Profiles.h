@@ -34,6 +34,7 @@ public:
     /// A profile has come into being.
     Signal<void(QWebEngineProfile&)> Made;
     Signal<void(QWebEngineProfile&)> PrivateMade;
+    Signal<void(WebPage&)> PageMade;
 
     [[nodiscard]] QWebEngineProfile* Get(Privacy privacy = Privacy::Ordinary);
     [[nodiscard]] qt::DialogScheme& DialogScheme(Privacy privacy);

@@ -1,6 +1,7 @@
 #include "qt/program/DesktopAssembly.h"
 
 #include "qt/base/Strings.h"
+#include "qt/blocking/ElementHiding.h"
 #include "qt/page/DialogScheme.h"
 #include "qt/page/StartPageScheme.h"
 #include "qt/strip/TabStripAccessible.h"
@@ -24,6 +25,7 @@ int& BeforeApplication(int& argc, char** argv) {
     NameDisplay(argc, argv);
     StartPageScheme::RegisterScheme();
     DialogScheme::RegisterScheme();
+    ElementHiding::RegisterScheme();
     // A widget is asked for once what it is to screen readers, as early as in its constructor.
     InstallTabStripAccessibility();
     DiskSettingsStorage settings(Folders::Find(Folders::ProgramFile()).settings,

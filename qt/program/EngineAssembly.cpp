@@ -3,6 +3,7 @@
 #include "pages/DecidedSites.h"
 #include "qt/base/Strings.h"
 #include "qt/page/WebPage.h"
+#include "qt/program/BlockingAssembly.h"
 #include "qt/program/DesktopAssembly.h"
 #include "qt/program/PageBarsAssembly.h"
 #include "qt/window/MainWindowFrame.h"
@@ -20,11 +21,12 @@ ServiceTemplates ChosenServices(SettingsStorageFactory& settings) {
 
 } // namespace
 
-EngineAssembly::EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window, PageBarsAssembly& bars)
+EngineAssembly::EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window, PageBarsAssembly& bars,
+                               BlockingAssembly& blocking)
     : m_desktop(desktop),
       m_permissions(desktop.settings),
       m_mediaKeys([this] { return engine.MediaPage(); }),
-      m_requests([&desktop] { return ChosenServices(desktop.settings); }),
+      m_requests([&desktop] { return ChosenServices(desktop.settings); }, &blocking.pages),
       m_notifications(bars.notices),
       m_surroundings(desktop.settings, m_permissions, window, bars.bars,
                      {FromQt(desktop.folders.GroupFolder()), FromQt(desktop.folders.favorites)}),
@@ -32,6 +34,8 @@ EngineAssembly::EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window
       engine(window.PageArea(), desktop.OwnProfile(), m_surroundings),
       options(desktop.settings, engine, m_requests, m_browsingData) {
     bars.FollowPages(engine);
+    blocking.Follow(engine);
+    options.Applied.ConnectForLife([&blocking] { blocking.blocker.Apply(); });
     m_permissions.Forgotten.ConnectForLife([this](const SiteDecision& site) { engine.ForgetDecision(site); });
     m_notifications.Clicked.ConnectForLife([&window] { window.ComeBack(); });
     engine.Told().ShowInspector.ConnectForLife([this](WebPage& page) { devTools.Show(page); });

@@ -20,13 +20,15 @@ class frmMain;
 namespace tessa::qt {
 
 class DesktopAssembly;
+class BlockingAssembly;
 class PageBarsAssembly;
 
 /// The engine, and what goes with all its pages.
 class EngineAssembly {
 public:
     /// All outlive it.
-    EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window, PageBarsAssembly& bars);
+    EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window, PageBarsAssembly& bars,
+                   BlockingAssembly& blocking);
 
     /// What pages ask of the program goes there; outlives the views.
     void Serve(frmMain& main);

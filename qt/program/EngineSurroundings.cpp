@@ -4,6 +4,7 @@
 #include "qt/base/Palette.h"
 #include "qt/window/MainWindowFrame.h"
 #include "qt/window/PageBars.h"
+#include "settings/BlockingSettings.h"
 #include "settings/InternetSettings.h"
 #include "startpage/StartPage.h"
 
@@ -22,6 +23,8 @@ std::string EngineSurroundings::StartPage() {
     StartContent content = tessa::StartPage::Read(m_folders.groups, m_folders.favorites);
     AddFacts(content);
     content.Dark = Palette::IsDark(m_window.palette());
+    const BlockingValues blocking = BlockingSettings(m_settings).Get();
+    content.AsksAboutBlocking = !blocking.on && !blocking.asked;
     content.Notice = BuildInfo::EngineNotice();
     return tessa::StartPage::Html(content);
 }

@@ -49,6 +49,7 @@ void LiveEngineOptions::ApplyInternetOptions() {
     for (const auto& each : {m_profile, m_private}) {
         if (each) WebOptions::Apply(values, *each);
     }
+    Applied();
 }
 
 void LiveEngineOptions::Clear(const BrowsingData& data, Forgotten done) {

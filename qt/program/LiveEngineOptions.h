@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "platform/SettingsStorage.h"
 #include "settings/EngineOptions.h"
 
@@ -20,6 +21,9 @@ public:
     void ApplyLoadOptions() override;
     void ApplyInternetOptions() override;
     void Clear(const BrowsingData& data, Forgotten done) override;
+
+    /// The Internet Options have come into effect.
+    Signal<void()> Applied;
 
 private:
     void Take(QWebEngineProfile& made);

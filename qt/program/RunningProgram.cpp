@@ -8,6 +8,7 @@
 #include "qt/dialogs/Splash.h"
 #include "qt/dialogs/TaskViewPresenter.h"
 #include "qt/program/BarAssembly.h"
+#include "qt/program/BlockingAssembly.h"
 #include "qt/program/Clocks.h"
 #include "qt/program/DesktopAssembly.h"
 #include "qt/program/DesktopInput.h"
@@ -63,7 +64,8 @@ struct RunningProgram::Parts {
     DesktopInput input;
     MainWindowFrame window;
     PageBarsAssembly bars{window.PageArea(), desktop.clock};
-    EngineAssembly engine{desktop, window, bars};
+    BlockingAssembly blocking{desktop.settings, desktop.folders.state + QStringLiteral("/blocking"), desktop.clock};
+    EngineAssembly engine{desktop, window, bars, blocking};
     DownloadAssembly downloads{engine.engine};
     HistoryAssembly history{desktop};
     Forms forms{window, splash};
@@ -88,6 +90,7 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     history.Serve(main, engine.engine, window);
     bars.Serve(main);
     bar.LeadTo(strip.strip, frame.statusBar, bars);
+    blocking.Serve(main, frame.statusBar, window);
     frame.FollowPages(engine.engine, desktop.OwnProfile());
     tools.ListsTabs.ConnectForLife([this] { strip.List(); });
     tools.Customizes.ConnectForLife([this] { bar.Customize(); });
@@ -134,7 +137,8 @@ MainWindowPlatform RunningProgram::Parts::Outside() {
             .groupFolder = FromQt(desktop.folders.GroupFolder()),
             .favoritesFolder = FromQt(desktop.folders.favorites),
             .downloadsFile = FromQt(desktop.folders.state + QStringLiteral("/downloads")),
-            .siteChoices = engine.Sites()};
+            .siteChoices = engine.Sites(),
+            .blocking = blocking.Outside()};
 }
 
 RunningProgram::RunningProgram(int& argc, char** argv) : m(std::make_unique<Parts>(argc, argv)) {

@@ -26,6 +26,7 @@ StatusBarView::StatusBarView(StatusBar& bar, QWidget* parent)
       m_stopAll(new QPushButton(this)),
       m_undo(new QPushButton(this)),
       m_saving(new QPushButton(this)),
+      m_blocked(new QPushButton(this)),
       m_zoom(MakeLabel(QStringLiteral("lblZoom"))),
       m_profile(MakeLabel(QStringLiteral("lblProfile"))) {
     setObjectName(QStringLiteral("sbStatus"));
@@ -73,7 +74,12 @@ void StatusBarView::BindButtons() {
     m_saving->setFlat(true);
     m_saving->setAccessibleDescription(QStringLiteral("Shows the downloads"));
     m_saving->setToolTip(m_saving->accessibleDescription());
-    for (QPushButton* button : {m_stopAll, m_undo, m_saving}) {
+    Bind(m_bar.Blocked, *m_blocked, QStringLiteral("cmdBlocked"));
+    m_blocked->setFlat(true);
+    m_blocked->setAccessibleDescription(QStringLiteral("Shows what was blocked on this page"));
+    m_blocked->setToolTip(m_blocked->accessibleDescription());
+    m_connections += m_bar.Blocked.Caption.Attach([this](const Text&) { LayParts(); });
+    for (QPushButton* button : {m_stopAll, m_undo, m_saving, m_blocked}) {
         button->setFocusPolicy(Qt::TabFocus);
         button->setAutoFillBackground(true);
         button->installEventFilter(this);
@@ -86,6 +92,8 @@ void StatusBarView::BindButtons() {
         if (!m_savingTimer.isActive()) m_savingTimer.start(kSavingDelay);
     });
 }
+
+QWidget& StatusBarView::BlockedSign() { return *m_blocked; }
 
 QLabel* StatusBarView::MakeLabel(const QString& name) {
     auto* label = new QLabel(this);
@@ -131,6 +139,7 @@ void StatusBarView::LayParts() {
     };
     lay(*m_profile);
     lay(*m_zoom);
+    lay(*m_blocked);
     lay(*m_stopAll);
     lay(*m_saving);
     // Beside the words that it takes back.

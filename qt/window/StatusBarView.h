@@ -29,6 +29,8 @@ public:
     /// The same for something that went wrong: nothing replaces it in that time. Several stand beside each other.
     void Complain(const QString& text);
 
+    /// The sign that tells what was blocked.
+    [[nodiscard]] QWidget& BlockedSign();
     [[nodiscard]] Pixels Height() const { return m_bar.Height; }
     /// The bar has been shown or hidden, or the font has made it higher or lower.
     Signal<void()> HeightChanged;
@@ -51,7 +53,7 @@ private:
     void Measure();
 
     StatusBar& m_bar;
-    QPushButton *m_stopAll, *m_undo, *m_saving;
+    QPushButton *m_stopAll, *m_undo, *m_saving, *m_blocked;
     QLabel *m_zoom, *m_profile;
     QString m_notice;
     QStringList m_complaints;

@@ -134,6 +134,8 @@ std::optional<std::string> Complaint(const Layer& layer, const std::string& path
         return path + " includes libxml2: " + include.name;
     if (include.name.starts_with("systemd/") && !path.starts_with("ctl/"))
         return path + " includes the bus: " + include.name;
+    const bool isOfFilters = include.name.starts_with("re2/") || include.name == "libpsl.h";
+    if (isOfFilters && !path.starts_with("blocking/libraries/")) return path + " includes a library: " + include.name;
     if (include.as == Written::Angled) return std::nullopt;
     if (include.name.find("..") != std::string::npos) return path + " climbs out of its folder: " + include.name;
     const Layer* target = RoomOf(include.name);
@@ -387,6 +389,9 @@ TEST(Layers, LibxmlOutsideItsFolderIsFound) {
     EXPECT_EQ(Judge("favorites/bookmarks/X.cpp", "#include <libxml/HTMLparser.h>\n"), "");
     EXPECT_EQ(Judge("favorites/X.cpp", "#include <libxml/tree.h>\n"),
               "favorites/X.cpp includes libxml2: libxml/tree.h\n");
+    EXPECT_EQ(Judge("blocking/libraries/X.cpp", "#include <re2/re2.h>\n#include <libpsl.h>\n"), "");
+    EXPECT_EQ(Judge("blocking/X.cpp", "#include <re2/re2.h>\n"), "blocking/X.cpp includes a library: re2/re2.h\n");
+    EXPECT_EQ(Judge("settings/X.cpp", "#include <libpsl.h>\n"), "settings/X.cpp includes a library: libpsl.h\n");
 }
 
 TEST(Layers, TheBusOutsideItsFolderIsFound) {

@@ -1,3 +1,4 @@
+#include "qt/blocking/ElementHiding.h"
 #include "qt/page/DialogScheme.h"
 #include "qt/page/StartPageScheme.h"
 
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     StartPageScheme::RegisterScheme();
     DialogScheme::RegisterScheme();
+    ElementHiding::RegisterScheme();
     QApplication application(argc, argv);
     // As the program draws where there is no graphics processor, which is where tests run.
     if (qgetenv("TESSAVIEW_DRAWING") != "hardware") QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));

@@ -131,6 +131,7 @@ TEST_F(InternetOptionsDialogTest, WhatIsTypedAndTickedIsKeptAfterOk) {
 TEST_F(InternetOptionsDialogTest, TabsSleepAfterTheTimeThatIsTyped) {
     Use([](QDialog& dialog) {
         EXPECT_FALSE(Find<QLineEdit>(dialog, "txtSleepMinutes").isEnabled());
+        Find<PageList>(dialog, "pagesOptions").SetCurrent(2);
         auto& check = Find<QAbstractButton>(dialog, "chkSleep");
         check.setFocus();
         QTest::keyClick(&check, Qt::Key_Space);
@@ -138,7 +139,7 @@ TEST_F(InternetOptionsDialogTest, TabsSleepAfterTheTimeThatIsTyped) {
         auto& minutes = Find<QLineEdit>(dialog, "txtSleepMinutes");
         ASSERT_TRUE(minutes.hasFocus());
         QTest::keyClicks(&minutes, QStringLiteral("0"));
-        Find<PageList>(dialog, "pagesOptions").SetCurrent(2);
+        Find<PageList>(dialog, "pagesOptions").SetCurrent(4);
         Click(dialog, "cmdOK");
         EXPECT_TRUE(minutes.hasFocus()) << "what is wrong is led to, wherever it is";
         EXPECT_FALSE(Find<QLabel>(dialog, "lblSleepBad").text().isEmpty());
@@ -229,7 +230,7 @@ TEST_F(InternetOptionsDialogTest, EveryControlHasANameThatAPersonCanHearAndKeysO
     InternetOptionsDialog dialog(m_form);
     auto& pages = Find<PageList>(dialog, "pagesOptions");
     for (int i = 0; i < pages.Count(); ++i) {
-        QString keys = QStringLiteral("gpvelc"); // those of the pages
+        QString keys = QStringLiteral("gpvelcby"); // those of the pages
         const auto take = [&](const QString& text) {
             const qsizetype at = text.indexOf(u'&');
             if (at < 0) return;
@@ -256,21 +257,21 @@ TEST_F(InternetOptionsDialogTest, AllPagesStandInAListAtTheSideAndAreReachedByKe
             EXPECT_TRUE(list.viewport()->rect().contains(place)) << "no page is hidden: " << i;
             EXPECT_LE(list.fontMetrics().horizontalAdvance(names.last()), place.width());
         }
-        EXPECT_EQ(names.join(u'|'), u"General|Programs|Privacy|Sites|History|Clear Data|Connection");
+        EXPECT_EQ(names.join(u'|'), u"Blocking|My Rules|General|Programs|Privacy|Sites|History|Clear Data|Connection");
         QTest::keyClick(dialog.focusWidget(), Qt::Key_L, Qt::AltModifier);
-        EXPECT_EQ(pages.Current(), 5);
+        EXPECT_EQ(pages.Current(), 7);
         EXPECT_TRUE(list.hasFocus());
         QTest::keyClick(&list, Qt::Key_Up);
-        EXPECT_EQ(pages.Current(), 4);
-        EXPECT_TRUE(pages.Page(4)->isVisible());
+        EXPECT_EQ(pages.Current(), 6);
+        EXPECT_TRUE(pages.Page(6)->isVisible());
         QTest::keyClick(&list, Qt::Key_P);
-        EXPECT_EQ(pages.Current(), 1) << "by the name's first letter";
-        for (const int wanted : {2, 3, 4, 5, 6, 0}) {
+        EXPECT_EQ(pages.Current(), 3) << "by the name's first letter";
+        for (const int wanted : {4, 5, 6, 7, 8, 0}) {
             QTest::keyClick(dialog.focusWidget(), Qt::Key_PageDown, Qt::ControlModifier);
             EXPECT_EQ(pages.Current(), wanted);
         }
         QTest::keyClick(dialog.focusWidget(), Qt::Key_PageUp, Qt::ControlModifier);
-        EXPECT_EQ(pages.Current(), 6);
+        EXPECT_EQ(pages.Current(), 8);
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
 }

@@ -1,0 +1,32 @@
+#include "blocking/HidingFilter.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+
+namespace tessa {
+
+namespace {
+
+// Two bytes a name and three bits each let one in two hundred others through.
+constexpr std::array<std::uint32_t, 3> kFilterSteps{1, 0x9E3779B1U, 0x85EBCA6BU};
+
+} // namespace
+
+HidingFilter::HidingFilter(std::size_t names) : m_bytes(std::bit_ceil(std::max<std::size_t>(names, 8) * 2), '\0') {}
+
+void HidingFilter::Add(std::uint32_t hash) {
+    for (const std::uint32_t step : kFilterSteps) {
+        const std::size_t bit = (hash * step) & (m_bytes.size() * 8 - 1);
+        m_bytes[bit / 8] = static_cast<char>(m_bytes[bit / 8] | (1 << (bit % 8)));
+    }
+}
+
+bool HidingFilter::MayHold(std::uint32_t hash) const {
+    return std::ranges::all_of(kFilterSteps, [&](std::uint32_t step) {
+        const std::size_t bit = (hash * step) & (m_bytes.size() * 8 - 1);
+        return (m_bytes[bit / 8] & (1 << (bit % 8))) != 0;
+    });
+}
+
+} // namespace tessa

@@ -1,0 +1,39 @@
+#pragma once
+#include "blocking/RuleTrouble.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessa {
+
+/// What a rule hides on pages, or takes back that another hides.
+struct HidingRule {
+    std::string Selector;
+    std::vector<std::string> Domains, NotDomains; ///< of pages; without any it is for all
+    bool Exception = false;
+};
+
+struct HidingRuleRead {
+    HidingRule Rule;
+    RuleTrouble Trouble = RuleTrouble::None;
+};
+
+/// Where the "##" of a hiding rule stands, or a sign of its kind; `npos` in any other line.
+struct HidingSign {
+    std::size_t At = std::string_view::npos;
+    std::string_view Sign;
+};
+[[nodiscard]] HidingSign FindHidingSign(std::string_view line);
+
+/// Reads a line in which that sign stands.
+[[nodiscard]] HidingRuleRead ReadHidingRule(std::string_view line, const HidingSign& sign);
+
+/// Whether the text can stand before a "{" of a style sheet without any effect on what else stands in it.
+[[nodiscard]] bool IsSafeSelector(std::string_view selector);
+
+/// A class or an id that whatever the selector selects must have, or one around it: ".name" or "#name". Empty when
+/// there is none.
+[[nodiscard]] std::string KeyOfSelector(std::string_view selector);
+
+} // namespace tessa

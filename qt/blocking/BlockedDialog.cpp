@@ -1,0 +1,57 @@
+#include "qt/blocking/BlockedDialog.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace tessa::qt {
+
+namespace {
+
+constexpr int kColumnDigits = 44, kLines = 14;
+constexpr qsizetype kLongestShown = 500;
+
+// A rule may name hundreds of sites.
+QString Shown(const QString& text) { return text.size() > kLongestShown ? text.left(kLongestShown) + u'…' : text; }
+
+QTreeWidgetItem* LineOf(const BlockedRequest& request) {
+    const QString address = request.address.toDisplayString(QUrl::FullyEncoded);
+    auto* line = new QTreeWidgetItem({Shown(address), Shown(request.rule), request.list});
+    for (int column = 0; column < 3; ++column) line->setToolTip(column, line->text(column));
+    return line;
+}
+
+} // namespace
+
+BlockedDialog::BlockedDialog(const std::vector<BlockedRequest>& stopped, int count, QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("frmBlocked"));
+    setWindowTitle(QStringLiteral("What Was Blocked"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* lines = new QTreeWidget;
+    lines->setObjectName(QStringLiteral("lstBlocked"));
+    lines->setAccessibleName(QStringLiteral("What was blocked"));
+    lines->setHeaderLabels({QStringLiteral("Address"), QStringLiteral("Rule"), QStringLiteral("List")});
+    lines->setRootIsDecorated(false);
+    lines->setUniformRowHeights(true);
+    for (const BlockedRequest& each : stopped) lines->addTopLevelItem(LineOf(each));
+    const int digit = lines->fontMetrics().horizontalAdvance(u'0');
+    lines->setColumnWidth(0, digit * kColumnDigits);
+    lines->setColumnWidth(1, digit * kColumnDigits);
+    lines->setMinimumSize(digit * kColumnDigits * 5 / 2, lines->fontMetrics().height() * kLines);
+    auto* words = new QLabel(stopped.empty() ? QStringLiteral("Nothing was blocked on this page.")
+                             : static_cast<std::size_t>(count) > stopped.size()
+                                 ? QStringLiteral("The first %1 of %2 requests that were blocked on this page.")
+                                       .arg(stopped.size())
+                                       .arg(count)
+                                 : QStringLiteral("Requests that were blocked on this page: %1").arg(count));
+    auto* answers = new QDialogButtonBox(QDialogButtonBox::Close);
+    connect(answers, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(words);
+    rows->addWidget(lines);
+    rows->addWidget(answers);
+}
+
+} // namespace tessa::qt

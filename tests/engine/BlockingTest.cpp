@@ -1,0 +1,267 @@
+// Tests: Blocker, BlockedPages, ElementHiding, ListUpdates
+#include "base/os/AtomicFile.h"
+#include "qt/blocking/BlockedPages.h"
+#include "qt/blocking/ElementHiding.h"
+#include "qt/blocking/ListUpdates.h"
+#include "qt/engine/PageView.h"
+#include "qt/engine/Requests.h"
+#include "qt/page/WebPage.h"
+#include "tests/engine/EngineDesk.h"
+#include "tests/fakes/FakeSettings.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <QSslConfiguration>
+#include <QWebEngineProfile>
+
+namespace tessa::qt {
+
+namespace {
+
+/// A view on whose pages these rules count, as the user's own.
+struct BlockingView {
+    explicit BlockingView(const char* rules, std::vector<Text> lists = {}) {
+        EXPECT_EQ(blocker.Shelf().KeepOwnRules(FromBytes(rules)), Outcome::Done);
+        BlockingSettings(settings).Set({.on = true, .lists = std::move(lists), .listsChosen = true});
+        for (auto* made : {&view.engine.Profiles().Made, &view.engine.Profiles().PrivateMade}) {
+            made->ConnectForLife([this](QWebEngineProfile& profile) {
+                profile.setUrlRequestInterceptor(&requests);
+                hiding.Follow(profile);
+            });
+        }
+        view.engine.Profiles().PageMade.ConnectForLife([this](WebPage& page) { pages.Follow(page); });
+        view.engine.Windows().Stops = [this](const QUrl& target, WebPage& opener) {
+            return pages.StopsPopup(target, opener);
+        };
+        blocker.Apply();
+        EXPECT_TRUE(WaitUntil([this] { return blocker.Rules() != nullptr; }));
+    }
+    [[nodiscard]] QWebEnginePage* Page() const { return view.Real().Page(); }
+    [[nodiscard]] int Count() const { return pages.Count(Page()); }
+    /// Waits until the page has that title.
+    bool WaitTitle(const QString& title) {
+        return WaitUntil([&] { return Page() && Page()->title() == title; });
+    }
+
+    FakeSettings settings;
+    TemporaryFolder folder;
+    Blocker blocker{settings, QString::fromStdString(folder.Path("blocking"))};
+    BlockedPages pages{blocker};
+    ElementHiding hiding{blocker};
+    Requests requests{[] { return ServiceTemplates(); }, &pages};
+    EngineView view;
+};
+
+struct KindCase {
+    const char *name, *option, *script; ///< the script asks for the address in `url`
+};
+
+const std::vector<KindCase>& Kinds() {
+    static const std::vector<KindCase> kinds{
+        {"image", "image", "new Image().src = url"},
+        {"script", "script", "add('script', { src: url })"},
+        {"style", "stylesheet", "add('link', { rel: 'stylesheet', href: url })"},
+        {"frame", "subdocument", "add('iframe', { src: url })"},
+        {"xhr", "xmlhttprequest", "fetch(url).catch(() => 0)"},
+        {"ping", "ping", "navigator.sendBeacon(url, 'x')"},
+        {"media", "media", "add('audio', { src: url, preload: 'auto' })"},
+        {"font", "font", "new FontFace('f', 'url(' + url + ')').load().catch(() => 0)"},
+        {"socket", "websocket", "new WebSocket(url.replace('http:', 'ws:'))"},
+        {"worker", "script", "new Worker(url)"},
+    };
+    return kinds;
+}
+
+TEST(Blocking, RequestsOfEachTypeAreNeverMade) {
+    LocalServer server;
+    std::string rules;
+    QByteArray scripts;
+    for (const KindCase& each : Kinds()) {
+        rules += std::string("/blocked-") + each.name + "^$" + each.option + "\n";
+        for (const char* which : {"blocked", "free"}) {
+            const QString path = QStringLiteral("/%1-%2").arg(QLatin1String(which), QLatin1String(each.name));
+            server.Page(path, "x");
+            scripts += "(url => " + QByteArray(each.script) + ")('" + server.Address(path).toUtf8() + "');\n";
+        }
+    }
+    server.Page(QStringLiteral("/page"),
+                "<title>page</title><body><script>function add(name, values) {"
+                "document.body.append(Object.assign(document.createElement(name), values)) }\n" +
+                    scripts + "</script>");
+    BlockingView desk(rules.c_str());
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    for (const KindCase& each : Kinds()) {
+        const QString free = QStringLiteral("/free-") + QLatin1String(each.name);
+        EXPECT_TRUE(WaitUntil([&] { return server.requests.contains(free); })) << each.name;
+    }
+    EXPECT_TRUE(WaitUntil([&] { return desk.Count() >= static_cast<int>(Kinds().size()); })) << desk.Count();
+    EXPECT_EQ(server.requests.filter(QStringLiteral("blocked")).join(u' ').toStdString(), "");
+    EXPECT_EQ(desk.pages.On(desk.Page()).size(), Kinds().size());
+}
+
+TEST(Blocking, APageItselfIsNeverStopped) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), "<title>page</title>");
+    BlockingView desk("||127.0.0.1^$all\n");
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    EXPECT_TRUE(desk.WaitTitle(QStringLiteral("page")));
+}
+
+TEST(Blocking, WindowsStayClosed) {
+    LocalServer server;
+    server.Page(QStringLiteral("/ad-window"), "<title>ad</title>");
+    server.Page(QStringLiteral("/page"),
+                "<title>page</title><body onclick=\"window.open('/ad-window')\" id=body style=\"height:300px\">x");
+    BlockingView desk("/ad-window$popup\n");
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    desk.view.ClickOn(QStringLiteral("body"));
+    EXPECT_TRUE(WaitUntil([&] { return desk.Count() == 1; }));
+    EXPECT_FALSE(server.requests.contains(QStringLiteral("/ad-window")));
+}
+
+constexpr auto kHidingPage =
+    "<title>page</title><body><div class=ad id=one>a</div><p class=words id=two>w</p><div id=box>b</div>"
+    "<a href='http://ads.example/x' id=three>c</a>";
+const QString kSeen =
+    QStringLiteral("['one', 'two', 'box', 'three', 'late'].filter(id => { const e = document.getElementById(id); "
+                   "return e && getComputedStyle(e).display !== 'none' }).join(' ')");
+
+TEST(Blocking, ElementsAreHiddenBeforeThePageCanLook) {
+    LocalServer server;
+    // What is there when the page's own script runs for the first time is hidden already.
+    server.Page(QStringLiteral("/page"),
+                QByteArray(kHidingPage) +
+                    "<script>seen = getComputedStyle(document.getElementById('one')).display</script>");
+    BlockingView desk("##.ad\n127.0.0.1###box\nother.example##.words\n##a[href^=\"http://ads.\"]\n");
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "two");
+    EXPECT_EQ(desk.view.Script(QStringLiteral("seen")).toStdString(), "none");
+    desk.view.Script(
+        QStringLiteral("document.body.insertAdjacentHTML('beforeend', '<div><b class=\"x ad\" id=late>l</b></div>')"));
+    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(kSeen) == u"two"; }));
+}
+
+TEST(Blocking, OffOnASiteNothingIsBlockedOrHidden) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), QByteArray(kHidingPage) + "<img src=/ad.gif>");
+    BlockingView desk("##.ad\n127.0.0.1###box\n/ad.gif\n");
+    desk.blocker.SwitchOn(QUrl(server.Address(QStringLiteral("/page"))), false);
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    EXPECT_TRUE(WaitUntil([&] { return server.requests.contains(QStringLiteral("/ad.gif")); }));
+    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "one two box three");
+    desk.blocker.SwitchOn(QUrl(server.Address(QStringLiteral("/page"))), true);
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    EXPECT_EQ(server.requests.count(QStringLiteral("/ad.gif")), 1);
+    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "two three");
+}
+
+TEST(Blocking, ExceptionsOfPagesCount) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), kHidingPage);
+    BlockingView desk("##.ad\n127.0.0.1###box\n@@||127.0.0.1^$generichide\n");
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "one two three");
+}
+
+TEST(Blocking, PrivatePagesAreBlockedToo) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), QByteArray(kHidingPage) + "<img src=/ad.gif>");
+    BlockingView desk("##.ad\n/ad.gif\n");
+    desk.view.Replace(Privacy::Private);
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    EXPECT_TRUE(WaitUntil([&] { return desk.Count() == 1; }));
+    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "two box three");
+}
+
+TEST(Blocking, SwitchedOffThereIsNothingOfIt) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), kHidingPage);
+    BlockingView desk("##.ad\n");
+    BlockingSettings(desk.settings).Set({.on = false, .listsChosen = true});
+    desk.blocker.Apply();
+    EXPECT_EQ(desk.blocker.Rules(), nullptr);
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "one two box three");
+}
+
+/// Takes whatever certificate a server has, while it is there.
+struct AnyCertificate {
+    AnyCertificate() {
+        QSslConfiguration any = before;
+        any.setPeerVerifyMode(QSslSocket::VerifyNone);
+        QSslConfiguration::setDefaultConfiguration(any);
+    }
+    ~AnyCertificate() { QSslConfiguration::setDefaultConfiguration(before); }
+    const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
+};
+
+QByteArray Response(const QByteArray& status, const QByteArray& headers, const QByteArray& body) {
+    return "HTTP/1.1 " + status + "\r\n" + headers + "Content-Length: " + QByteArray::number(body.size()) +
+           "\r\nConnection: close\r\n\r\n" + body;
+}
+
+/// Lists of a server of the test's own, and what is said of them.
+struct Updating {
+    explicit Updating(std::vector<Text> lists) {
+        BlockingSettings(settings).Set({.on = true, .lists = std::move(lists), .listsChosen = true});
+        blocker.Apply();
+        EXPECT_TRUE(WaitUntil([this] { return blocker.Rules() != nullptr; }));
+    }
+    std::string Update() {
+        Text said;
+        updates.Update([&said](const Text& words) { said = words; });
+        EXPECT_TRUE(WaitUntil([&] { return !said.empty(); }));
+        return ToUtf8(said);
+    }
+    AnyCertificate any;
+    FakeSettings settings;
+    TemporaryFolder folder;
+    Blocker blocker{settings, QString::fromStdString(folder.Path("blocking"))};
+    ListUpdates updates{blocker, [] { return false; }};
+};
+
+TEST(ListUpdates, FetchAListOnceAndThenWhenItChanges) {
+    LocalServer server(QStringLiteral("lists.example"));
+    QByteArray list = "||ads.example^\n", asked;
+    server.Answer(QStringLiteral("/list"), [&](const QByteArray& request) {
+        asked = request;
+        if (request.contains("If-None-Match: \"" + QByteArray::number(qHash(list)) + "\""))
+            return Response("304 Not Modified", {}, {});
+        return Response("200 OK", "ETag: \"" + QByteArray::number(qHash(list)) + "\"\r\n", list);
+    });
+    const Text address = FromBytes(server.Address(QStringLiteral("/list")).toStdString());
+    Updating desk({address});
+    const auto rules = [&] { return desk.blocker.CountsOf(address).value_or(PackedList()).Rules; };
+    EXPECT_EQ(desk.Update(), "1 list has changed.");
+    EXPECT_TRUE(WaitUntil([&] { return rules() == 1; }));
+    EXPECT_EQ(desk.Update(), "No list has changed.");
+    list += "||b.example^\n";
+    EXPECT_EQ(desk.Update(), "1 list has changed.");
+    EXPECT_TRUE(WaitUntil([&] { return rules() == 2; }));
+    EXPECT_FALSE(asked.toLower().contains("cookie:"));
+}
+
+TEST(ListUpdates, WhatIsNoListOrComesByHttpLeavesTheOldOne) {
+    LocalServer server(QStringLiteral("lists.example")), plain;
+    plain.Raw(QStringLiteral("/list"), Response("200 OK", {}, "||plain.example^\n"));
+    server.Raw(QStringLiteral("/list"), Response("200 OK", {}, "||ads.example^\n"));
+    const Text address = FromBytes(server.Address(QStringLiteral("/list")).toStdString());
+    Updating desk({address});
+    EXPECT_EQ(desk.Update(), "1 list has changed.");
+    const std::vector<QByteArray> bad{
+        Response("200 OK", "Content-Type: text/html\r\n", "<!doctype html><p>Please log in"),
+        Response("404 Not Found", {}, "||ads.example^\n"),
+        Response("200 OK", {}, {}),
+        Response("302 Found", "Location: " + plain.Address(QStringLiteral("/list")).toUtf8() + "\r\n", {}),
+        "HTTP/1.1 200 OK\r\nContent-Length: 100\r\nConnection: close\r\n\r\n||cut.example^\n",
+    };
+    for (const QByteArray& each : bad) {
+        server.Raw(QStringLiteral("/list"), each);
+        EXPECT_EQ(desk.Update(), "No list has changed. 1 did not come; the old one counts.") << each.toStdString();
+        EXPECT_EQ(ReadWholeFile(desk.blocker.Shelf().PathOf(address)), "||ads.example^\n");
+    }
+    EXPECT_TRUE(plain.requests.isEmpty()) << "a list was asked for without TLS";
+}
+
+} // namespace
+
+} // namespace tessa::qt
