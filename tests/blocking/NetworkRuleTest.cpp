@@ -1,4 +1,5 @@
-// Tests: NetworkRule, NetworkRuleReader, RuleOptions, RuleSet, NetworkCompiler, RuleCompiler, PatternMatch, RequestTypes, EmptyResources
+// Tests: NetworkRule, NetworkRuleReader, RuleOptions, RuleSet, NetworkCompiler, RuleCompiler, PatternMatch
+// Tests: RequestTypes, EmptyResources
 // Tests: HostHashes, TokenTable, RuleTokens, SiteDomains, RuleTrouble
 #include "blocking/RuleCompiler.h"
 #include "blocking/RuleSet.h"
