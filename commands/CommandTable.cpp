@@ -374,7 +374,7 @@ constexpr std::array kCommands{
             Keep::CheckAllGroups},
     Command{u"xtrGroupPdf"_tool, u"Sav&e All Pages as PDF...", u"More",
             u"Writes the pages of all tabs into one PDF with an outline", u"application-pdf", Keep::SaveAllAsPdf},
-    Command{u"xtrGroupKeepOffline"_tool, u"Keep All Pages &Offline...", u"More",
+    Command{u"xtrGroupKeepOffline"_tool, u"Keep All Pages Offline...", u"More",
             u"Keeps the pages of all tabs, with a TessaGroup that opens them without a network", u"folder-html",
             Keep::KeepOffline},
     Command{u"xtrSaveSelectedLinks"_tool, u"Save Selected &Links as TessaGroup...", u"",

@@ -79,7 +79,7 @@ void BlockingMenu::Open(QWidget& over) {
     auto* page = m_front();
     if (!page) return;
     auto* menu = new QMenu(&over);
-    menu->setObjectName(QStringLiteral("mnuBlocked"));
+    menu->setObjectName(QStringLiteral("blockingMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     Fill(*menu, *page);
     menu->popup(over.mapToGlobal(QPoint(0, -menu->sizeHint().height())));
