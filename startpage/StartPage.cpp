@@ -124,7 +124,7 @@ std::string NoticeOf(const StartContent& content) {
 std::string BlockingQuestion(const StartContent& content) {
     if (!content.AsksAboutBlocking) return {};
     const std::string link = ToUtf8(OwnAddresses::kBlocking);
-    return "<section class=\"ask\"><p>Shall TessaView block advertisements and trackers? Pages load faster then. "
+    return "<section class=\"ask\"><p>Shall TessaView block advertisements and trackers? "
            "It fetches lists of what to block.</p><a class=\"answer\" href=\"" +
            link + "yes\">Block Them</a> <a class=\"answer\" href=\"" + link + "no\">No, Thanks</a></section>\n";
 }
