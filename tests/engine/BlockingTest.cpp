@@ -12,6 +12,7 @@
 
 #include <QSslConfiguration>
 #include <QWebEngineProfile>
+#include <algorithm>
 
 namespace tessa::qt {
 
@@ -37,6 +38,11 @@ struct BlockingView {
     }
     [[nodiscard]] QWebEnginePage* Page() const { return view.Real().Page(); }
     [[nodiscard]] int Count() const { return pages.Count(Page()); }
+    /// Whether what was stopped on the page has that path.
+    [[nodiscard]] bool Counts(const QString& path) const {
+        return std::ranges::any_of(pages.On(Page()),
+                                   [&](const BlockedRequest& each) { return each.address.path() == path; });
+    }
     /// Waits until the page has that title.
     bool WaitTitle(const QString& title) {
         return WaitUntil([&] { return Page() && Page()->title() == title; });
@@ -93,9 +99,12 @@ TEST(Blocking, RequestsOfEachTypeAreNeverMade) {
         const QString free = QStringLiteral("/free-") + QLatin1String(each.name);
         EXPECT_TRUE(WaitUntil([&] { return server.requests.contains(free); })) << each.name;
     }
-    EXPECT_TRUE(WaitUntil([&] { return desk.Count() >= static_cast<int>(Kinds().size()); })) << desk.Count();
+    for (const KindCase& each : Kinds())
+        EXPECT_TRUE(WaitUntil([&] { return desk.Counts(QStringLiteral("/blocked-") + QLatin1String(each.name)); }))
+            << each.name;
     EXPECT_EQ(server.requests.filter(QStringLiteral("blocked")).join(u' ').toStdString(), "");
     EXPECT_EQ(desk.pages.On(desk.Page()).size(), Kinds().size());
+    EXPECT_EQ(desk.Count(), static_cast<int>(Kinds().size()));
 }
 
 TEST(Blocking, APageItselfIsNeverStopped) {
