@@ -2,6 +2,7 @@
 
 #include "blocking/EmptyResources.h"
 #include "blocking/HostHashes.h"
+#include "blocking/RuleText.h"
 
 #include <algorithm>
 #include <limits>
@@ -131,6 +132,20 @@ void NetworkCompiler::AddTo(Entries& entries, std::size_t rule) const {
     if (packed.Flags >> kResourceShift) add(RuleIndex::Redirects);
 }
 
+std::string NetworkCompiler::LettersOf(const PackedRule& rule) const {
+    if (rule.Flags & kExpressionFlag) return {};
+    return ruletext::InSmall(std::string_view(m_strings).substr(rule.Pattern.Begin, rule.Pattern.Length));
+}
+
+std::vector<PackedFours> NetworkCompiler::FoursOfRules() const {
+    FourCounts counts;
+    for (const PackedRule& each : m_rules) counts.Count(LettersOf(each));
+    std::vector<PackedFours> fours;
+    fours.reserve(m_rules.size());
+    for (const PackedRule& each : m_rules) fours.push_back(counts.RarestOf(LettersOf(each)));
+    return fours;
+}
+
 void NetworkCompiler::WriteTo(RuleImageWriter& writer) {
     Entries entries;
     for (std::size_t rule = 0; rule < m_rules.size(); ++rule)
@@ -142,6 +157,7 @@ void NetworkCompiler::WriteTo(RuleImageWriter& writer) {
         writer.Set(static_cast<ImagePart>(part++), std::span<const std::uint32_t>(made.Lists));
     }
     writer.Set(ImagePart::Rules, std::span<const PackedRule>(m_rules));
+    writer.Set(ImagePart::Fours, std::span<const PackedFours>(FoursOfRules()));
     writer.Set(ImagePart::Words, std::span<const std::uint64_t>(m_words));
 }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "blocking/AddressFours.h"
 #include "blocking/NetworkRule.h"
 #include "blocking/RuleImage.h"
 #include "blocking/RuleTokens.h"
@@ -48,6 +49,9 @@ private:
     /// The words under which the rule is kept: one, or one for each site that it is for.
     [[nodiscard]] std::vector<TokenHash> KeysOf(std::size_t rule) const;
     void AddTo(Entries& entries, std::size_t rule) const;
+    /// What of the pattern each address holds that it fits.
+    [[nodiscard]] std::string LettersOf(const PackedRule& rule) const;
+    [[nodiscard]] std::vector<PackedFours> FoursOfRules() const;
 
     std::string& m_strings;
     std::vector<PackedRule> m_rules;

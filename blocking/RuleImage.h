@@ -17,6 +17,7 @@ namespace tessa {
 enum class ImagePart : std::uint32_t {
     Strings,
     Rules,
+    Fours, ///< of each rule, see `AddressFours`
     Words, ///< names of domains, see `PackedRule::Domains`
     ImportantSlots,
     ImportantLists,

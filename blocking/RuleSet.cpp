@@ -14,47 +14,16 @@ bool HoldsHash(std::span<const std::uint64_t> sorted, std::uint64_t hash) {
     return std::ranges::binary_search(sorted, hash);
 }
 
-// The words of an address, each once.
-std::vector<TokenHash> TokensIn(std::string_view small) {
-    constexpr std::size_t kSeen = 256; // a place for each word that was seen, by its last bits
-    std::array<TokenHash, kSeen> seen{};
-    std::vector<TokenHash> tokens;
-    tokens.reserve(64);
-    for (TokenReader reader(small); reader.Next();) {
-        TokenHash& last = seen[reader.Hash() % kSeen];
-        if (last != reader.Hash()) tokens.push_back(reader.Hash());
-        last = reader.Hash();
-    }
-    return tokens;
-}
-
 RuleAnchor AnchorOf(std::uint32_t flags) {
     return flags & kAtHostFlag ? RuleAnchor::AtHost : flags & kAtStartFlag ? RuleAnchor::AtStart : RuleAnchor::Anywhere;
 }
 
 } // namespace
 
-struct RuleSet::Asked {
-    Asked(std::string_view address, const RulePage& from, RequestType type)
-        : asItStands(address.substr(0, kMostRead)),
-          small(ruletext::InSmall(asItStands)),
-          matched(MatchedAddressOf(small)),
-          page(from),
-          types(SetOf(type)),
-          tokens(TokensIn(small)) {}
-
-    std::string_view asItStands;
-    std::string small;      ///< in small letters
-    MatchedAddress matched; ///< in `small`
-    const RulePage& page;
-    bool isThirdParty = false;
-    RequestTypes types;
-    std::vector<TokenHash> tokens; ///< each once
-};
-
 RuleSet::RuleSet(RuleImage image)
     : m_image(std::move(image)),
       m_rules(m_image.Part<PackedRule>(ImagePart::Rules)),
+      m_fours(m_image.Part<PackedFours>(ImagePart::Fours)),
       m_words(m_image.Part<std::uint64_t>(ImagePart::Words)) {
     auto part = static_cast<std::uint32_t>(ImagePart::ImportantSlots);
     for (TokenTable& each : m_tables) {
@@ -66,39 +35,44 @@ RuleSet::RuleSet(RuleImage image)
 RuleVerdict RuleSet::VerdictOn(std::string_view address, const RulePage& page, RequestType type) const {
     RuleVerdict verdict;
     if (page.Except.Everything) return verdict;
-    Asked request(address, page, type);
-    request.isThirdParty = m_sites.Of(request.matched.Host()) != page.Site;
-    std::uint32_t by = FindRule(RuleIndex::Important, request);
+    m_asked.Ask(address.substr(0, kMostRead));
+    m_asked.Types = SetOf(type);
+    m_asked.IsThirdParty = m_sites.Of(m_asked.Matched().Host()) != page.Site;
+    std::uint32_t by = FindRule(RuleIndex::Important, page);
     const bool important = by != kNone;
-    if (!important) by = FindRule(RuleIndex::Blocking, request);
+    if (!important) by = FindRule(RuleIndex::Blocking, page);
     if (by == kNone) return verdict;
     verdict.By = Found(by);
-    const std::uint32_t exception = important ? kNone : FindRule(RuleIndex::Exceptions, request);
+    const std::uint32_t exception = important ? kNone : FindRule(RuleIndex::Exceptions, page);
     if (exception != kNone) {
         verdict.Exception = Found(exception);
         return verdict;
     }
     verdict.Blocked = true;
-    const std::uint32_t redirect = FindRule(RuleIndex::Redirects, request);
+    const std::uint32_t redirect = FindRule(RuleIndex::Redirects, page);
     if (redirect != kNone) verdict.Instead = static_cast<EmptyResource>(m_rules[redirect].Flags >> kResourceShift);
     return verdict;
 }
 
 RulePage RuleSet::PageOf(std::string_view address) const {
     RulePage page;
-    Asked asked(address, page, RequestType::Document);
-    const std::string_view host = asked.matched.Host();
+    m_asked.Ask(address.substr(0, kMostRead));
+    m_asked.IsThirdParty = false;
+    const std::string_view host = m_asked.Matched().Host();
     page.Site = m_sites.Of(host);
     page.Hosts = HostHashes(host, page.Site);
-    page.Except = ExceptionsFor(asked);
+    page.Except = ExceptionsFor(page);
     return page;
 }
 
-PageExceptions RuleSet::ExceptionsFor(Asked& asked) const {
-    const auto excepted = [&](RequestType type) {
-        asked.types = SetOf(type);
-        return FindRule(RuleIndex::Pages, asked) != kNone;
-    };
+// Each rule that fits takes its types out of those that are still asked for.
+PageExceptions RuleSet::ExceptionsFor(const RulePage& page) const {
+    m_asked.Types = kPageTypes;
+    for (std::uint32_t rule = 0; m_asked.Types != 0 && rule != kNone;) {
+        rule = FindRule(RuleIndex::Pages, page);
+        if (rule != kNone) m_asked.Types &= ~m_rules[rule].Types;
+    }
+    const auto excepted = [&](RequestType type) { return !(m_asked.Types & SetOf(type)); };
     PageExceptions found;
     found.Everything = excepted(RequestType::Document);
     found.Hiding = found.Everything || excepted(RequestType::ElementHide);
@@ -129,45 +103,44 @@ std::optional<std::vector<std::uint64_t>> RuleSet::ExceptedDomains() const {
     return domains;
 }
 
-std::uint32_t RuleSet::FindRule(RuleIndex index, const Asked& asked) const {
+std::uint32_t RuleSet::FindRule(RuleIndex index, const RulePage& page) const {
     const TokenTable& table = m_tables[static_cast<std::size_t>(index)];
     if (table.IsEmpty()) return kNone;
-    for (const TokenHash each : asked.tokens)
-        if (const std::uint32_t rule = FindAmong(table.Find(each), asked); rule != kNone) return rule;
-    for (const std::uint64_t each : asked.page.Hosts)
-        if (const std::uint32_t rule = FindAmong(table.Find(TokenOfDomain(each)), asked); rule != kNone) return rule;
-    return FindAmong(table.Find(kNoToken), asked);
+    for (const TokenHash each : m_asked.Tokens())
+        if (const std::uint32_t rule = FindAmong(table.Find(each), page); rule != kNone) return rule;
+    for (const std::uint64_t each : page.Hosts)
+        if (const std::uint32_t rule = FindAmong(table.Find(TokenOfDomain(each)), page); rule != kNone) return rule;
+    return FindAmong(table.Find(kNoToken), page);
 }
 
-std::uint32_t RuleSet::FindAmong(std::span<const std::uint32_t> rules, const Asked& asked) const {
+std::uint32_t RuleSet::FindAmong(std::span<const std::uint32_t> rules, const RulePage& page) const {
     for (const std::uint32_t each : rules)
-        if (Fits(each, asked)) return each;
+        if (each < m_fours.size() && m_asked.Fours().MayHold(m_fours[each]) && Fits(each, page)) return each;
     return kNone;
 }
 
-bool RuleSet::Fits(std::uint32_t number, const Asked& asked) const {
+bool RuleSet::Fits(std::uint32_t number, const RulePage& page) const {
     if (number >= m_rules.size()) return false;
     const PackedRule& rule = m_rules[number];
-    if (!(rule.Types & asked.types)) return false;
-    if (rule.Flags & (asked.isThirdParty ? kFirstPartyFlag : kThirdPartyFlag)) return false;
-    if (asked.page.Except.GenericRules && !(rule.Flags & kSomeSitesFlag)) return false;
-    if (rule.Domains != 0 && !HoldsDomain(rule.Domains, asked.page.Hosts)) return false;
-    if (rule.Targets != 0 &&
-        !HoldsDomain(rule.Targets, HostHashes(asked.matched.Host(), m_sites.Of(asked.matched.Host()))))
-        return false;
-    return PatternOfFits(number, rule, asked);
+    if (!(rule.Types & m_asked.Types)) return false;
+    if (rule.Flags & (m_asked.IsThirdParty ? kFirstPartyFlag : kThirdPartyFlag)) return false;
+    if (page.Except.GenericRules && !(rule.Flags & kSomeSitesFlag)) return false;
+    if (rule.Domains != 0 && !HoldsDomain(rule.Domains, page.Hosts)) return false;
+    const std::string_view host = m_asked.Matched().Host();
+    if (rule.Targets != 0 && !HoldsDomain(rule.Targets, HostHashes(host, m_sites.Of(host)))) return false;
+    return PatternOfFits(number, rule);
 }
 
-bool RuleSet::PatternOfFits(std::uint32_t number, const PackedRule& rule, const Asked& asked) const {
+bool RuleSet::PatternOfFits(std::uint32_t number, const PackedRule& rule) const {
     const std::string_view pattern = m_image.TextAt(rule.Pattern);
-    if (rule.Flags & kHostAloneFlag) return LeadsTo(asked.matched, pattern);
+    if (rule.Flags & kHostAloneFlag) return LeadsTo(m_asked.Matched(), pattern);
     const bool matchCase = rule.Flags & kMatchCaseFlag;
     if (rule.Flags & kExpressionFlag) {
         const auto letters = matchCase ? SafeRegex::Letters::AsTheyStand : SafeRegex::Letters::BigAsSmall;
-        return m_expressions.try_emplace(number, pattern, letters).first->second.Finds(asked.asItStands);
+        return m_expressions.try_emplace(number, pattern, letters).first->second.Finds(m_asked.AsItStands());
     }
-    MatchedAddress address = asked.matched;
-    if (matchCase) address.Whole = asked.asItStands;
+    MatchedAddress address = m_asked.Matched();
+    if (matchCase) address.Whole = m_asked.AsItStands();
     return PatternFits(pattern, AnchorOf(rule.Flags), rule.Flags & kAtEndFlag, address);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
+#include "blocking/AskedRequest.h"
 #include "blocking/EmptyResources.h"
 #include "blocking/HostHashes.h"
-#include "blocking/PatternMatch.h"
 #include "blocking/RuleImage.h"
 #include "blocking/SiteDomains.h"
 #include "blocking/TokenTable.h"
@@ -62,26 +62,25 @@ public:
 private:
     static constexpr std::uint32_t kNone = 0xFFFFFFFFU;
 
-    /// A request as it is held against the rules.
-    struct Asked;
-
-    /// The first rule of that index that fits; `kNone` without one.
-    [[nodiscard]] std::uint32_t FindRule(RuleIndex index, const Asked& asked) const;
-    [[nodiscard]] std::uint32_t FindAmong(std::span<const std::uint32_t> rules, const Asked& asked) const;
-    [[nodiscard]] bool Fits(std::uint32_t number, const Asked& asked) const;
-    [[nodiscard]] bool PatternOfFits(std::uint32_t number, const PackedRule& rule, const Asked& asked) const;
+    /// The first rule of that index that fits what is asked from that page; `kNone` without one.
+    [[nodiscard]] std::uint32_t FindRule(RuleIndex index, const RulePage& page) const;
+    [[nodiscard]] std::uint32_t FindAmong(std::span<const std::uint32_t> rules, const RulePage& page) const;
+    [[nodiscard]] bool Fits(std::uint32_t number, const RulePage& page) const;
+    [[nodiscard]] bool PatternOfFits(std::uint32_t number, const PackedRule& rule) const;
     [[nodiscard]] bool HoldsDomain(std::uint32_t place, const HostHashes& domains) const;
     [[nodiscard]] RuleFound Found(std::uint32_t number) const;
 
-    [[nodiscard]] PageExceptions ExceptionsFor(Asked& asked) const;
+    [[nodiscard]] PageExceptions ExceptionsFor(const RulePage& page) const;
 
     RuleImage m_image;
     std::span<const PackedRule> m_rules;
+    std::span<const PackedFours> m_fours;
     std::span<const std::uint64_t> m_words;
     std::array<TokenTable, static_cast<std::size_t>(RuleIndex::Count)> m_tables;
     /// Compiled when they are first needed.
     mutable std::unordered_map<std::uint32_t, SafeRegex> m_expressions;
     mutable SiteDomains m_sites;
+    mutable AskedRequest m_asked; ///< what is being asked
 };
 
 } // namespace tessa
