@@ -61,6 +61,13 @@ RuleTrouble ReadPattern(NetworkRule& rule, std::string_view pattern) {
     return RuleTrouble::None;
 }
 
+// Lists that are older than browsers that tell web sockets apart call them "other".
+void AddSockets(NetworkRule& rule) {
+    const bool ofSockets = rule.Anchor == RuleAnchor::AtStart && !rule.IsExpression &&
+                           (rule.Pattern.starts_with("ws:") || rule.Pattern.starts_with("wss:"));
+    if (ofSockets && rule.Types & SetOf(RequestType::Other)) rule.Types |= SetOf(RequestType::WebSocket);
+}
+
 bool StopsEverything(const NetworkRule& rule) {
     return rule.Pattern.empty() && rule.Types == kAnyPart && rule.Party == RuleParty::Any && rule.Domains.empty() &&
            rule.Targets.empty();
@@ -78,6 +85,7 @@ NetworkRuleRead ReadNetworkRule(std::string_view line) {
     const RuleParts parts = SplitRule(line);
     read.Trouble = ReadOptions(rule, parts.Options);
     if (read.Trouble == RuleTrouble::None) read.Trouble = ReadPattern(rule, parts.Pattern);
+    AddSockets(rule);
     if (read.Trouble == RuleTrouble::None && !rule.Exception && StopsEverything(rule))
         read.Trouble = RuleTrouble::MatchesEverything;
     return read;

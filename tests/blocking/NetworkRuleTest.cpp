@@ -1,6 +1,6 @@
 // Tests: NetworkRule, NetworkRuleReader, RuleOptions, RuleSet, NetworkCompiler, RuleCompiler, PatternMatch
 // Tests: RequestTypes, EmptyResources
-// Tests: HostHashes, TokenTable, RuleTokens, SiteDomains, RuleTrouble
+// Tests: HostHashes, TokenTable, RuleTokens, SiteDomains, RuleTrouble, AskedRequest
 #include "blocking/RuleCompiler.h"
 #include "blocking/RuleSet.h"
 
@@ -116,6 +116,12 @@ TEST(NetworkRule, OptionsNarrowRulesDown) {
         {"*$image,domain=example.co.uk,to=ads.example", "image", own, "https://x.example/", "0"},
         {"||ads.example^$SCRIPT,Domain=Example.co.uk", "script", own, ad, "1"},
         {"||ads.example^$websocket", "websocket", own, "wss://ads.example/", "1"},
+        {"|ws://$other", "websocket", own, "ws://ads.example/", "1"},
+        {"|wss://$other", "websocket", own, "wss://ads.example/", "1"},
+        {"|ws://$other", "websocket", own, "wss://ads.example/", "0"},
+        {"|ws://$other", "other", own, "https://ads.example/", "0"},
+        {"|ws://$image", "websocket", own, "ws://ads.example/", "0"},
+        {"||ads.example^$other", "websocket", own, "ws://ads.example/", "0"},
         {"||ads.example^$xhr", "fetch", own, ad, "1"},
         {"||ads.example^$redirect=noopjs", "script", own, ad, "1 application/javascript"},
         {"||ads.example^$rewrite=abp-resource:1x1-transparent-gif", "image", own, ad, "1 image/gif"},

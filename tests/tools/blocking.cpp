@@ -25,6 +25,14 @@ struct Recorded {
     std::string_view page, address;
 };
 
+// Recorders that know no web sockets write down a fetch, or something else, and of its address no more than the scheme,
+// as it reaches a server: that of the handshake. Of what is no fetch a scheme alone stays what it is.
+bool IsSocketOfOldRecords(const Recorded& request) {
+    using tessa::RequestType;
+    return (request.type == RequestType::Other || request.type == RequestType::Xhr) &&
+           (request.address == "http://" || request.address == "https://");
+}
+
 std::vector<Recorded> RequestsIn(std::string_view text) {
     std::vector<Recorded> all;
     while (!text.empty()) {
@@ -33,6 +41,8 @@ std::vector<Recorded> RequestsIn(std::string_view text) {
         const std::string_view type = TakePart(line, '\t'), page = TakePart(line, '\t');
         while (!line.empty() && line.back() == '\r') line.remove_suffix(1);
         all.push_back({tessa::RecordedTypeOf(type), page, line});
+        if (IsSocketOfOldRecords(all.back()))
+            all.back().type = tessa::RequestType::WebSocket, all.back().address = "ws://";
     }
     return all;
 }
