@@ -1,5 +1,7 @@
 #include "window/Report.h"
 
+#include "settings/BlockingSettings.h"
+#include "settings/HistorySettings.h"
 #include "settings/InternetSettings.h"
 #include "settings/SettingsStore.h"
 
@@ -10,7 +12,9 @@ namespace Report {
 Text Words(const Facts& facts, SettingsStorageFactory& settings) {
     Text words = facts.Build + u"\nDrawing: " + facts.Drawing + u"\n\nSettings other than by design:\n";
     std::vector<Text> differences = SettingsStore(settings).Differences();
-    for (Text& each : InternetSettings(settings).Differences()) differences.push_back(std::move(each));
+    for (const auto& part : {InternetSettings(settings).Differences(), HistorySettings(settings).Differences(),
+                             BlockingSettings(settings).Differences()})
+        differences.insert(differences.end(), part.begin(), part.end());
     for (const Text& each : differences) words += u"  " + each + u'\n';
     if (differences.empty()) words += u"  none\n";
     words += u"\nLog:\n";

@@ -112,13 +112,18 @@ TEST(MainCommands, TheReportHoldsVersionDrawingSettingsAndLogButNoTextOfTheUsers
     desk.settings.Put(u"InternetHomePage", u"http://secret.example/");
     desk.settings.PutList(u"AddressHistory", {u"http://secret/1", u"http://secret/2"});
     desk.settings.PutList(u"LastSites", {u"http://secret/3"});
+    desk.settings.Put(u"BlockingOn", u"true");
+    desk.settings.PutList(u"BlockingOffSites", {u"secret.example"});
+    desk.settings.PutList(u"BlockingLists", {u"EasyList", u"https://secret.example/list"});
     desk.Start();
     desk.Click(u"xtrCopyReport");
-    EXPECT_EQ(ToUtf8(desk.input.copied), "TessaView 3\nDrawing: by hand\n\n"
-                                         "Settings other than by design:\n"
-                                         "  TitleLengthLimit: 3\n  LastSites: 1 entries\n  AddressHistory: 2 entries\n"
-                                         "  TabsUp: no\n  MailClient: set\n  InternetHomePage: set\n\n"
-                                         "Log:\n  a line\n  another\n");
+    EXPECT_EQ(ToUtf8(desk.input.copied),
+              "TessaView 3\nDrawing: by hand\n\n"
+              "Settings other than by design:\n"
+              "  TitleLengthLimit: 3\n  LastSites: 1 entries\n  AddressHistory: 2 entries\n"
+              "  TabsUp: no\n  MailClient: set\n  InternetHomePage: set\n"
+              "  BlockingOn: yes\n  BlockingLists: 2 entries\n  BlockingOffSites: 1 entries\n\n"
+              "Log:\n  a line\n  another\n");
     EXPECT_EQ(desk.Said(), "The report has been copied.");
 }
 
