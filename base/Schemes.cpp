@@ -39,6 +39,8 @@ constexpr std::array kSchemeTable{
     SchemeRow{u"chrome-error", SchemeKind::Inner},
     SchemeRow{u"chrome-devtools", SchemeKind::Inner},
     SchemeRow{u"tessaview-ask", SchemeKind::Inner},
+    SchemeRow{u"tessaview-hide", SchemeKind::Inner},
+    SchemeRow{u"tessaview-empty", SchemeKind::Inner},
 };
 
 } // namespace

@@ -1,7 +1,12 @@
 #include "qt/blocking/BlockedPages.h"
 
+#include "qt/blocking/EmptyAnswers.h"
+#include "qt/page/WebPage.h"
+
 #include <QWebEnginePage>
 #include <QWebEngineUrlRequestInfo>
+#include <QWebEngineUrlRequestInterceptor>
+#include <utility>
 
 namespace tessa::qt {
 
@@ -53,38 +58,106 @@ RequestType TypeOf(const QWebEngineUrlRequestInfo& info) {
     return scheme == u"ws" || scheme == u"wss" ? RequestType::WebSocket : BlockedTypeOf(info.resourceType());
 }
 
+// What outlives the page that asks for it, or was never asked for by one, has no interceptor but the profile's.
+bool HasPage(QWebEngineUrlRequestInfo::ResourceType type) {
+    return type != QWebEngineUrlRequestInfo::ResourceTypeServiceWorker &&
+           type != QWebEngineUrlRequestInfo::ResourceTypeSharedWorker &&
+           type != QWebEngineUrlRequestInfo::ResourceTypePing &&
+           type != QWebEngineUrlRequestInfo::ResourceTypeCspReport;
+}
+
+// Of these nobody awaits an answer, or the engine takes none from elsewhere.
+bool MayBeEmptied(const QWebEngineUrlRequestInfo& info) {
+    const RequestType type = TypeOf(info);
+    return HasPage(info.resourceType()) && info.resourceType() != QWebEngineUrlRequestInfo::ResourceTypeWorker &&
+           type != RequestType::WebSocket && type != RequestType::Object;
+}
+
+void Stop(QWebEngineUrlRequestInfo& info, EmptyResource instead) {
+    if (instead == EmptyResource::None || !MayBeEmptied(info)) return info.block(true);
+    info.redirect(EmptyAnswers::AddressOf(instead));
+}
+
 bool IsSamePage(const QUrl& one, const QUrl& other) { return one.matches(other, QUrl::RemoveFragment); }
 
 } // namespace
 
+/// Is asked right after the profile's interceptor, and knows the page.
+class BlockedPages::OfPage final : public QWebEngineUrlRequestInterceptor {
+public:
+    OfPage(BlockedPages& all, QWebEnginePage& page) : m_all(all), m_page(page) {}
+    void interceptRequest(QWebEngineUrlRequestInfo& info) override { m_all.JudgeFor(m_page, info); }
+
+private:
+    BlockedPages& m_all;
+    QWebEnginePage& m_page;
+};
+
+BlockedPages::BlockedPages(Blocker& blocker) : m_blocker(blocker) {}
+
+BlockedPages::~BlockedPages() {
+    for (const auto& [page, stopped] : m_pages)
+        if (stopped.page) stopped.page->setUrlRequestInterceptor(nullptr);
+}
+
 void BlockedPages::Follow(QWebEnginePage& page) {
-    m_pages[&page] = {&page, 0, {}};
-    connect(&page, &QWebEnginePage::loadStarted, this, [this, shown = &page] {
-        m_pages[shown] = {shown, 0, {}};
-        Counted(*shown);
-    });
+    Stopped& stopped = m_pages[&page];
+    stopped.page = &page;
+    stopped.interceptor = std::make_unique<OfPage>(*this, page);
+    page.setUrlRequestInterceptor(stopped.interceptor.get());
+    connect(&page, &QWebEnginePage::loadStarted, this, [this, shown = &page] { Begin(*shown); });
     connect(&page, &QObject::destroyed, this, [this, gone = &page] { m_pages.erase(gone); });
 }
 
-// The engine does not say which page asks, only what address it has. Where several have the same, the one that loads.
-QWebEnginePage* BlockedPages::FindPage(const QUrl& shown) const {
-    QWebEnginePage* found = nullptr;
-    for (const auto& [page, stopped] : m_pages) {
-        if (!stopped.page ||
-            (!IsSamePage(stopped.page->url(), shown) && !IsSamePage(stopped.page->requestedUrl(), shown)))
-            continue;
-        if (!found || stopped.page->isLoading()) found = stopped.page;
-    }
+void BlockedPages::Begin(QWebEnginePage& page) {
+    Stopped& stopped = m_pages[&page];
+    stopped.count = 0;
+    stopped.first.clear();
+    Counted(page);
+}
+
+void BlockedPages::FollowOpened(WebPage& opened, QWebEnginePage& opener) {
+    m_pages[&opened].leadsOn = opened.LeadsOn.Connect([this, page = &opened, by = QPointer<QWebEnginePage>(&opener),
+                                                       from = opener.url()](const QUrl& url, bool& stays) {
+        const QUrl shown = page->ShownAddress();
+        if (!stays || (!shown.isEmpty() && shown.scheme() != u"about")) return;
+        const RuleVerdict verdict = m_blocker.VerdictOn(url, from, from, RequestType::Popup);
+        if (!verdict.Blocked) return;
+        stays = false;
+        if (by) Note(*by, url, *verdict.By);
+    });
+}
+
+// The engine says to whom a request belongs by the address of the page alone, which several may have.
+std::vector<QWebEnginePage*> BlockedPages::FindPages(const QUrl& shown) const {
+    std::vector<QWebEnginePage*> found;
+    for (const auto& [page, stopped] : m_pages)
+        if (stopped.page && (IsSamePage(stopped.page->url(), shown) || IsSamePage(stopped.page->requestedUrl(), shown)))
+            found.push_back(stopped.page);
     return found;
 }
 
-bool BlockedPages::Stops(const QWebEngineUrlRequestInfo& info) {
+bool BlockedPages::Judge(QWebEngineUrlRequestInfo& info) {
+    m_left.reset();
     if (!m_blocker.IsOn() || IsPageItself(info.resourceType())) return false;
     const QUrl page = info.firstPartyUrl(), address = info.requestUrl();
     const RuleVerdict verdict = m_blocker.VerdictOn(address, info.initiator(), page, TypeOf(info));
     if (!verdict.Blocked) return false;
-    if (auto* shown = FindPage(page)) Note(*shown, address, *verdict.By);
+    const std::vector<QWebEnginePage*> pages = FindPages(page);
+    if (pages.size() > 1 && HasPage(info.resourceType())) {
+        m_left = Left{address, verdict};
+        return true;
+    }
+    Stop(info, verdict.Instead);
+    if (!pages.empty()) Note(*pages.front(), address, *verdict.By);
     return true;
+}
+
+void BlockedPages::JudgeFor(QWebEnginePage& page, QWebEngineUrlRequestInfo& info) {
+    const std::optional<Left> left = std::exchange(m_left, std::nullopt);
+    if (!left || left->address != info.requestUrl()) return;
+    Stop(info, left->verdict.Instead);
+    Note(page, left->address, *left->verdict.By);
 }
 
 bool BlockedPages::StopsPopup(const QUrl& target, QWebEnginePage& opener) {
@@ -95,7 +168,6 @@ bool BlockedPages::StopsPopup(const QUrl& target, QWebEnginePage& opener) {
 
 void BlockedPages::Note(QWebEnginePage& page, const QUrl& address, const RuleFound& by) {
     Stopped& stopped = m_pages[&page];
-    stopped.page = &page;
     ++stopped.count;
     if (stopped.first.size() < kMostKept)
         stopped.first.push_back({address, QString::fromUtf8(by.Line.data(), static_cast<qsizetype>(by.Line.size())),

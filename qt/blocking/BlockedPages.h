@@ -5,12 +5,16 @@
 #include <QPointer>
 #include <QUrl>
 #include <map>
+#include <memory>
+#include <optional>
 #include <vector>
 
 class QWebEnginePage;
 class QWebEngineUrlRequestInfo;
 
 namespace tessa::qt {
+
+class WebPage;
 
 /// A request that was stopped, and the rule that did it.
 struct BlockedRequest {
@@ -22,12 +26,17 @@ struct BlockedRequest {
 class BlockedPages final : public QObject {
 public:
     /// The blocker outlives it.
-    explicit BlockedPages(Blocker& blocker) : m_blocker(blocker) {}
+    explicit BlockedPages(Blocker& blocker);
+    ~BlockedPages() override;
 
     /// From now on what is stopped on that page is counted.
     void Follow(QWebEnginePage& page);
-    /// Stops the request if rules say so. A page itself is never stopped.
-    [[nodiscard]] bool Stops(const QWebEngineUrlRequestInfo& info);
+    /// What the page has opened is its own doing until it shows something: windows that are led on to what rules stop
+    /// close again.
+    void FollowOpened(WebPage& opened, QWebEnginePage& opener);
+    /// Stops the request if rules say so, or gives an empty answer instead. False for what goes on as it is. For the
+    /// interceptor of the profile. A page itself is never stopped.
+    [[nodiscard]] bool Judge(QWebEngineUrlRequestInfo& info);
     /// Whether a window that the page opens stays closed.
     [[nodiscard]] bool StopsPopup(const QUrl& target, QWebEnginePage& opener);
 
@@ -39,16 +48,27 @@ public:
     Signal<void(QWebEnginePage&)> Counted;
 
 private:
+    class OfPage;
     struct Stopped {
         QPointer<QWebEnginePage> page;
         int count = 0;
         std::vector<BlockedRequest> first;
+        std::unique_ptr<OfPage> interceptor;
+        Connection leadsOn;
     };
+    /// A request that is to be stopped, but of one of several pages.
+    struct Left {
+        QUrl address;
+        RuleVerdict verdict;
+    };
+    void JudgeFor(QWebEnginePage& page, QWebEngineUrlRequestInfo& info);
+    void Begin(QWebEnginePage& page);
     void Note(QWebEnginePage& page, const QUrl& address, const RuleFound& by);
-    [[nodiscard]] QWebEnginePage* FindPage(const QUrl& shown) const;
+    [[nodiscard]] std::vector<QWebEnginePage*> FindPages(const QUrl& shown) const;
 
     Blocker& m_blocker;
     std::map<const QWebEnginePage*, Stopped> m_pages;
+    std::optional<Left> m_left;
 };
 
 } // namespace tessa::qt

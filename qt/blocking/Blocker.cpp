@@ -70,7 +70,7 @@ void Blocker::Apply() {
 }
 
 void Blocker::Forget() {
-    m_pages.clear();
+    ForgetPages();
     m_hiding.reset();
     m_rules.reset();
     m_readLists.clear();
@@ -101,7 +101,7 @@ void Blocker::EndReading() {
     const std::shared_ptr<Reading> done = std::move(m_reading);
     done->thread->wait();
     if (!m_values.on) return;
-    m_pages.clear();
+    ForgetPages();
     m_rules = std::make_unique<RuleSet>(done->compiled.Image);
     m_hiding = std::make_unique<HidingRules>(done->compiled.Image);
     m_readLists = done->lists;
@@ -115,6 +115,7 @@ void Blocker::WaitAMoment() {
 }
 
 bool Blocker::IsOffOn(const QUrl& page) const {
+    if (m_values.offSites.empty()) return false;
     return IsOffSite(m_values.offSites, FromQt(page.toString(QUrl::FullyEncoded)));
 }
 
@@ -137,11 +138,24 @@ bool Blocker::AddOwnRule(const QString& rule) {
     return true;
 }
 
-const RulePage& Blocker::PageOf(const QUrl& address) {
+// A page asks for many things one after the other.
+std::shared_ptr<const RulePage> Blocker::PageOf(const QUrl& address) {
+    for (const auto& [last, page] : m_lastPages)
+        if (page && last == address) return page;
     const QString key = address.toString(QUrl::FullyEncoded | QUrl::RemoveFragment);
-    if (const auto known = m_pages.constFind(key); known != m_pages.constEnd()) return *known;
-    if (m_pages.size() >= kKnownPages) m_pages.clear();
-    return *m_pages.insert(key, m_rules->PageOf(BytesOf(key.toUtf8())));
+    auto known = m_pages.value(key);
+    if (!known) {
+        if (m_pages.size() >= kKnownPages) m_pages.clear();
+        known = std::make_shared<const RulePage>(m_rules->PageOf(BytesOf(key.toUtf8())));
+        m_pages.insert(key, known);
+    }
+    m_lastPages = {KnownPage(address, known), std::move(m_lastPages.front())};
+    return known;
+}
+
+void Blocker::ForgetPages() {
+    m_pages.clear();
+    m_lastPages = {};
 }
 
 RuleVerdict Blocker::VerdictOn(const QUrl& address, const QUrl& asker, const QUrl& page, RequestType type) {
@@ -149,9 +163,8 @@ RuleVerdict Blocker::VerdictOn(const QUrl& address, const QUrl& asker, const QUr
     WaitAMoment();
     const QUrl& by = IsOfTheWeb(asker) ? asker : page;
     if (!m_rules || !IsOfTheWeb(by) || IsOffOn(page)) return {};
-    if (IsOfTheWeb(page) && PageOf(page).Except.Everything) return {};
-    const RulePage asking = PageOf(by);
-    return m_rules->VerdictOn(BytesOf(address.toEncoded()), asking, type);
+    if (IsOfTheWeb(page) && PageOf(page)->Except.Everything) return {};
+    return m_rules->VerdictOn(BytesOf(address.toEncoded()), *PageOf(by), type);
 }
 
 QString Blocker::ListName(std::uint32_t number) const {

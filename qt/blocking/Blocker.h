@@ -9,10 +9,12 @@
 #include <QHash>
 #include <QObject>
 #include <QString>
+#include <QUrl>
+#include <array>
 #include <memory>
+#include <utility>
 
 class QThread;
-class QUrl;
 
 namespace tessa::qt {
 
@@ -45,7 +47,7 @@ public:
     [[nodiscard]] const RuleSet* Rules() const { return m_rules.get(); }
     [[nodiscard]] const HidingRules* Hiding() const { return m_hiding.get(); }
     /// The page of that address as rules see it. Only while there are rules.
-    [[nodiscard]] const RulePage& PageOf(const QUrl& address);
+    [[nodiscard]] std::shared_ptr<const RulePage> PageOf(const QUrl& address);
 
     [[nodiscard]] ListShelf& Shelf() { return m_shelf; }
     /// The lists that count, as the settings have them.
@@ -64,6 +66,7 @@ private:
     void BeginReading();
     void EndReading();
     void Forget();
+    void ForgetPages();
     void WaitAMoment();
 
     SettingsStorageFactory& m_settings;
@@ -72,8 +75,10 @@ private:
     std::unique_ptr<RuleSet> m_rules;
     std::unique_ptr<HidingRules> m_hiding;
     std::vector<Text> m_readLists; ///< those that the rules were made of
-    QHash<QString, RulePage> m_pages;
-    std::shared_ptr<Reading> m_reading; ///< while lists are read
+    using KnownPage = std::pair<QUrl, std::shared_ptr<const RulePage>>;
+    QHash<QString, std::shared_ptr<const RulePage>> m_pages;
+    std::array<KnownPage, 2> m_lastPages; ///< the page and the frame in it that have asked last
+    std::shared_ptr<Reading> m_reading;   ///< while lists are read
     bool m_readAgain = false;
 };
 

@@ -15,6 +15,8 @@
 #include <QWebEngineScriptCollection>
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
+#include <algorithm>
+#include <array>
 
 namespace tessa::qt {
 
@@ -113,16 +115,30 @@ QJsonObject ElementHiding::SiteAnswer(const QUrlQuery& asked) const {
     const QUrl page(ItemIn(asked, "page")), top(QStringLiteral("https://") + ItemIn(asked, "top"));
     const QUrl site(QStringLiteral("https://") + ItemIn(asked, "host"));
     if (!hiding || m_blocker.IsOffOn(top)) return {};
-    const RulePage& own = m_blocker.PageOf(page.host().isEmpty() ? site : page);
-    if (own.Except.Hiding) return {};
-    const SiteHidden hidden = hiding->ForSite(m_blocker.PageOf(site).Hosts);
+    const auto own = m_blocker.PageOf(page.host().isEmpty() ? site : page);
+    if (own->Except.Hiding) return {};
+    const SiteHidden hidden = hiding->ForSite(m_blocker.PageOf(site)->Hosts);
     QJsonObject answer;
-    if (!own.Except.SpecificHiding)
+    if (!own->Except.SpecificHiding)
         answer[QStringLiteral("css")] = QString::fromStdString(HidingSheet(hidden.Selectors));
-    answer[QStringLiteral("generic")] = !own.Except.GenericHiding;
-    if (!own.Except.GenericHiding && !hidden.ShownAnyway.empty())
+    answer[QStringLiteral("generic")] = !own->Except.GenericHiding;
+    if (!own->Except.GenericHiding && !hidden.ShownAnyway.empty())
         answer[QStringLiteral("always")] = QString::fromStdString(HidingSheet(hiding->Always(hidden)));
     return answer;
+}
+
+// What an element asks for, the engine may call by another type.
+QJsonObject ElementHiding::StoppedAnswer(const QUrlQuery& asked) const {
+    constexpr std::array kTypes{RequestType::Image, RequestType::Frame, RequestType::Object, RequestType::Media};
+    const QUrl page(ItemIn(asked, "page")), top(QStringLiteral("https://") + ItemIn(asked, "top"));
+    const QUrl site(QStringLiteral("https://") + ItemIn(asked, "host")), address(ItemIn(asked, "url"));
+    const QStringList kinds = ItemIn(asked, "kinds").split(u' ');
+    const bool stopped = std::ranges::any_of(kinds, [&](const QString& each) {
+        const auto kind = static_cast<std::size_t>(each.toInt());
+        return kind < kTypes.size() &&
+               m_blocker.VerdictOn(address, page.host().isEmpty() ? site : page, top, kTypes.at(kind)).Blocked;
+    });
+    return {{QStringLiteral("stopped"), stopped}};
 }
 
 QJsonObject ElementHiding::KeysAnswer(const QUrlQuery& asked) const {
@@ -132,7 +148,7 @@ QJsonObject ElementHiding::KeysAnswer(const QUrlQuery& asked) const {
     std::vector<std::string> keys;
     for (const QJsonValue& each : QJsonDocument::fromJson(ItemIn(asked, "keys").toUtf8()).array())
         keys.push_back(each.toString().toStdString());
-    const SiteHidden hidden = hiding->ForSite(m_blocker.PageOf(site).Hosts);
+    const SiteHidden hidden = hiding->ForSite(m_blocker.PageOf(site)->Hosts);
     return {{QStringLiteral("css"), QString::fromStdString(HidingSheet(hiding->ForKeys(keys, hidden)))}};
 }
 
@@ -143,6 +159,7 @@ void ElementHiding::requestStarted(QWebEngineUrlRequestJob* job) {
     QJsonObject answer;
     if (url.path() == u"site") answer = SiteAnswer(asked);
     if (url.path() == u"keys") answer = KeysAnswer(asked);
+    if (url.path() == u"stopped") answer = StoppedAnswer(asked);
     auto* body = new QBuffer(job);
     body->setData(QJsonDocument(answer).toJson(QJsonDocument::Compact));
     job->reply(QByteArrayLiteral("application/json"), body);

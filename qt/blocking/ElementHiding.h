@@ -43,6 +43,7 @@ private:
     [[nodiscard]] QString Script() const;
     [[nodiscard]] QJsonObject SiteAnswer(const QUrlQuery& asked) const;
     [[nodiscard]] QJsonObject KeysAnswer(const QUrlQuery& asked) const;
+    [[nodiscard]] QJsonObject StoppedAnswer(const QUrlQuery& asked) const;
 
     Blocker& m_blocker;
     const QString m_word;

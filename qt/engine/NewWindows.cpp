@@ -34,6 +34,7 @@ void NewWindows::Open(QWebEngineNewWindowRequest& request, const Opener& opener)
     // Its click is good for the window that was opened with it, too, if that is no other's.
     const bool own = target.isEmpty() || target.scheme() == u"about" || opener.page.IsOwnOrigin(target);
     taker->TakeIn(request, own && byPerson);
+    if (WebPage* opened = taker->Page(); opened && Opened) Opened(*opened, opener.page);
 }
 
 } // namespace tessa::qt

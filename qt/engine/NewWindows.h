@@ -26,6 +26,8 @@ public:
         virtual void TakeIn(QWebEngineNewWindowRequest& request, bool byPerson) = 0;
         /// Has a PDF that is to be printed, and what it is called.
         virtual void TakePreview(const QByteArray& pdf, const QString& name) = 0;
+        /// The engine's page in which the window is; nothing before it was taken in.
+        [[nodiscard]] virtual WebPage* Page() const = 0;
     };
     /// A page that opens a window, with its view's index.
     struct Opener {
@@ -43,6 +45,9 @@ public:
 
     /// Whether the window with that address stays closed, because a page has opened it that is not to.
     std::function<bool(const QUrl& target, WebPage& opener)> Stops;
+
+    /// A page has opened another, which shows nothing yet.
+    std::function<void(WebPage& opened, WebPage& opener)> Opened;
 
     /// Opens what a page asks for, unless it may not: in a view, or by another program.
     void Open(QWebEngineNewWindowRequest& request, const Opener& opener) const;

@@ -75,7 +75,7 @@ public:
     void ApplyMute();
     [[nodiscard]] QIcon Icon() const;
     /// The engine's page; nothing before it came into being.
-    [[nodiscard]] WebPage* Page() const { return m_page ? &m_page->Page() : nullptr; }
+    [[nodiscard]] WebPage* Page() const override { return m_page ? &m_page->Page() : nullptr; }
     [[nodiscard]] tessa::Privacy Privacy() const { return m_self.privacy; }
     /// What the page asks for, and what covers it; nothing while there is no page.
     [[nodiscard]] WebPageQuestions* Questions() const { return m_page ? m_page->Questions() : nullptr; }

@@ -55,7 +55,7 @@ bool Requests::HoldsBack(const QWebEngineUrlRequestInfo& info) const {
 
 void Requests::interceptRequest(QWebEngineUrlRequestInfo& info) {
     if (HoldsBack(info) || ReadsFileOfOthers(info)) return info.block(true);
-    if (m_blocked && m_blocked->Stops(info)) return info.block(true);
+    if (m_blocked && m_blocked->Judge(info)) return;
     if (DoNotTrack) info.setHttpHeader(QByteArrayLiteral("DNT"), QByteArrayLiteral("1"));
     if (GlobalPrivacyControl) info.setHttpHeader(QByteArrayLiteral("Sec-GPC"), QByteArrayLiteral("1"));
     if (info.resourceType() != QWebEngineUrlRequestInfo::ResourceTypeMainFrame) return;

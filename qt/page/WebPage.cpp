@@ -67,6 +67,7 @@ void WebPage::NotePerson() {
 
 bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
     if (url.scheme() == QLatin1String(StartPageScheme::Scheme()) && !AcceptOwn(url, type, isMainFrame)) return false;
+    if (isMainFrame && type != NavigationTypeTyped && !MayLeadOn(url)) return false;
     if (HandOver(url, type == NavigationTypeLinkClicked, isMainFrame)) return false;
     if (isMainFrame) m_awaited = url;
     // What the page of the history shows is shown by a script.
@@ -80,6 +81,13 @@ bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool
         Q_EMIT PersonNavigated();
     Q_EMIT NavigationRequested(url, isMainFrame);
     return true;
+}
+
+bool WebPage::MayLeadOn(const QUrl& url) {
+    bool stays = true;
+    LeadsOn(url, stays);
+    if (!stays) Q_EMIT windowCloseRequested();
+    return stays;
 }
 
 bool WebPage::HandOver(const QUrl& url, bool clicked, bool isMainFrame) {

@@ -78,6 +78,9 @@ public:
     [[nodiscard]] bool PersonWasHere() const { return m_personWasHere; }
     /// A document wants to hold its user. The listener may say whether he leaves; else he is asked.
     Signal<void(std::optional<bool>& leaves)> HoldWanted;
+    /// It is about to go on to another address, not because its user has typed that. A listener may say that it does
+    /// not stay for it; then it closes.
+    Signal<void(const QUrl& url, bool& stays)> LeadsOn;
     /// Whether a person has, since this was asked last: what a page does beyond that it does by itself.
     [[nodiscard]] bool TakePerson() { return m_person.Take(); }
     /// Prints the page; the PDF is empty when that fails.
@@ -129,6 +132,7 @@ private:
     void NoteShown();
     PageDialogAnswer Ask(const PageDialogRequest& request);
 
+    [[nodiscard]] bool MayLeadOn(const QUrl& url);
     [[nodiscard]] bool AcceptOwn(const QUrl& url, NavigationType type, bool isMainFrame);
 
     QString m_token;

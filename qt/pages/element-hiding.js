@@ -49,6 +49,35 @@
         } catch (e) { return {}; }
     }
 
+    // What was stopped leaves no empty box. The kinds are those that the program knows, in its order.
+    const kKinds = { IMG: '0', INPUT: '0', IFRAME: '1', FRAME: '1', OBJECT: '1 2 0', EMBED: '1 2 0', VIDEO: '3', AUDIO: '3' };
+    const collapsed = new Set();
+    function sourceOf(element) {
+        if (element.currentSrc || element.src || element.data) return element.currentSrc || element.src || element.data;
+        const source = element.querySelector('source');
+        return source ? source.src : '';
+    }
+    function show(element) {
+        if (collapsed.delete(element)) element.style.removeProperty('display');
+    }
+    function collapseIfStopped(element) {
+        const kinds = kKinds[element.tagName], source = sourceOf(element);
+        if (!kinds || !/^https?:/.test(source)) return;
+        if (!ask('stopped?kinds=' + kinds + '&url=' + encodeURIComponent(source)).stopped) return show(element);
+        collapsed.add(element);
+        element.style.setProperty('display', 'none', 'important');
+    }
+    document.addEventListener('error', function (event) {
+        const of = event.target;
+        collapseIfStopped(of.tagName === 'SOURCE' && of.parentNode.networkState === 3 ? of.parentNode : of);
+    }, true);
+    // A frame that was stopped loads a page of the engine's, which nobody can look into.
+    document.addEventListener('load', function (event) {
+        const of = event.target, isFrame = of.tagName === 'IFRAME' || of.tagName === 'FRAME' || of.tagName === 'EMBED';
+        if (isFrame && !of.contentDocument) collapseIfStopped(of);
+        else show(of);
+    }, true);
+
     const sheets = [];
     function put(sheet) {
         if (!document.adoptedStyleSheets.includes(sheet))

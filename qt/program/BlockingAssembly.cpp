@@ -17,9 +17,13 @@ BlockingAssembly::BlockingAssembly(SettingsStorageFactory& settings, const QStri
 void BlockingAssembly::Follow(Engine& engine) {
     m_engine = &engine;
     for (auto* made : {&engine.Profiles().Made, &engine.Profiles().PrivateMade})
-        made->ConnectForLife([this](QWebEngineProfile& profile) { m_hiding.Follow(profile); });
+        made->ConnectForLife([this](QWebEngineProfile& profile) {
+            m_hiding.Follow(profile);
+            m_empty.Follow(profile);
+        });
     engine.Profiles().PageMade.ConnectForLife([this](WebPage& page) { pages.Follow(page); });
     engine.Windows().Stops = [this](const QUrl& target, WebPage& opener) { return pages.StopsPopup(target, opener); };
+    engine.Windows().Opened = [this](WebPage& opened, WebPage& opener) { pages.FollowOpened(opened, opener); };
     m_updates.emplace(blocker, [&engine] { return !engine.Schedule().PagesWait(); });
     m_hiding.Picked.ConnectForLife([this](const QString& selector) { ShowPicked(selector); });
 }

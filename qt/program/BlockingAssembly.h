@@ -3,6 +3,7 @@
 #include "qt/blocking/Blocker.h"
 #include "qt/blocking/BlockingMenu.h"
 #include "qt/blocking/ElementHiding.h"
+#include "qt/blocking/EmptyAnswers.h"
 #include "qt/blocking/ListUpdates.h"
 #include "settings/BlockingOutside.h"
 
@@ -44,6 +45,7 @@ private:
 
     const WallClock& m_clock;
     ElementHiding m_hiding{blocker};
+    EmptyAnswers m_empty;
     std::optional<ListUpdates> m_updates;
     std::optional<BlockingMenu> m_menu;
     Engine* m_engine = nullptr;

@@ -2,6 +2,7 @@
 
 #include "qt/base/Strings.h"
 #include "qt/blocking/ElementHiding.h"
+#include "qt/blocking/EmptyAnswers.h"
 #include "qt/page/DialogScheme.h"
 #include "qt/page/StartPageScheme.h"
 #include "qt/strip/TabStripAccessible.h"
@@ -26,6 +27,7 @@ int& BeforeApplication(int& argc, char** argv) {
     StartPageScheme::RegisterScheme();
     DialogScheme::RegisterScheme();
     ElementHiding::RegisterScheme();
+    EmptyAnswers::RegisterScheme();
     // A widget is asked for once what it is to screen readers, as early as in its constructor.
     InstallTabStripAccessibility();
     DiskSettingsStorage settings(Folders::Find(Folders::ProgramFile()).settings,

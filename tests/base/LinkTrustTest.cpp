@@ -85,6 +85,8 @@ constexpr std::array kExpected{
     Expected{u"about:gpucrash", "-----"},
     Expected{u"about:", "-----"},
     Expected{u"tessaview-ask:x", "-----"},
+    Expected{u"tessaview-hide:x", "-----"},
+    Expected{u"tessaview-empty:1", "-----"},
     // Scripts.
     Expected{u"javascript:alert(1)", "-----"},
     Expected{u"JavaScript:x", "-----"},

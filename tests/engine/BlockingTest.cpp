@@ -1,7 +1,8 @@
-// Tests: Blocker, BlockedPages, ElementHiding, ListUpdates
+// Tests: Blocker, BlockedPages, ElementHiding, EmptyAnswers, ListUpdates
 #include "base/os/AtomicFile.h"
 #include "qt/blocking/BlockedPages.h"
 #include "qt/blocking/ElementHiding.h"
+#include "qt/blocking/EmptyAnswers.h"
 #include "qt/blocking/ListUpdates.h"
 #include "qt/engine/PageView.h"
 #include "qt/engine/Requests.h"
@@ -27,12 +28,14 @@ struct BlockingView {
             made->ConnectForLife([this](QWebEngineProfile& profile) {
                 profile.setUrlRequestInterceptor(&requests);
                 hiding.Follow(profile);
+                empty.Follow(profile);
             });
         }
         view.engine.Profiles().PageMade.ConnectForLife([this](WebPage& page) { pages.Follow(page); });
         view.engine.Windows().Stops = [this](const QUrl& target, WebPage& opener) {
             return pages.StopsPopup(target, opener);
         };
+        view.engine.Windows().Opened = [this](WebPage& opened, WebPage& opener) { pages.FollowOpened(opened, opener); };
         blocker.Apply();
         EXPECT_TRUE(WaitUntil([this] { return blocker.Rules() != nullptr; }));
     }
@@ -53,6 +56,7 @@ struct BlockingView {
     Blocker blocker{settings, QString::fromStdString(folder.Path("blocking"))};
     BlockedPages pages{blocker};
     ElementHiding hiding{blocker};
+    EmptyAnswers empty;
     Requests requests{[] { return ServiceTemplates(); }, &pages};
     EngineView view;
 };
@@ -125,6 +129,124 @@ TEST(Blocking, WindowsStayClosed) {
     desk.view.ClickOn(QStringLiteral("body"));
     EXPECT_TRUE(WaitUntil([&] { return desk.Count() == 1; }));
     EXPECT_FALSE(server.requests.contains(QStringLiteral("/ad-window")));
+}
+
+TEST(Blocking, AWindowThatIsOpenedBlankAndThenLedOnIsItsOpenersDoing) {
+    LocalServer server;
+    server.Page(QStringLiteral("/ad-window"), "<title>ad</title>");
+    server.Page(QStringLiteral("/fine"), "<title>fine</title>");
+    server.Page(QStringLiteral("/page"),
+                "<title>page</title><body id=body style=\"height:300px\" onclick=\"w = window.open('about:blank')\">x");
+    BlockingView desk("/ad-window$popup\n");
+    EventRecorder its;
+    std::vector<std::unique_ptr<BrowserView>> opened;
+    desk.view.events.supplyView = [&] {
+        const auto index = static_cast<std::int16_t>(opened.size() + 2);
+        return opened.emplace_back(desk.view.engine.Create(index, its, Privacy::Ordinary)).get();
+    };
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    for (const char* path : {"/ad-window", "/fine"}) {
+        desk.view.ClickOn(QStringLiteral("body"));
+        ASSERT_TRUE(WaitUntil([&] { return desk.view.Script(QStringLiteral("typeof w")) == u"object"; }));
+        desk.view.Script(QStringLiteral("w.location = '%1'; delete window.w; 1").arg(QLatin1String(path)));
+        const QString awaited = QLatin1String(path) == u"/fine" ? QStringLiteral("T:fine") : QStringLiteral("X");
+        EXPECT_TRUE(WaitUntil([&] { return its.lines.contains(awaited); })) << path << its.Take().toStdString();
+    }
+    EXPECT_EQ(desk.Count(), 1);
+    EXPECT_FALSE(server.requests.contains(QStringLiteral("/ad-window")));
+    // What it shows by then is a page of its own.
+    ASSERT_EQ(opened.back()->Navigate(FromQt(server.Address(QStringLiteral("/ad-window")))), Outcome::Done);
+    EXPECT_TRUE(WaitUntil([&] { return its.lines.contains(QStringLiteral("T:ad")); }));
+    opened.clear();
+}
+
+TEST(Blocking, PagesOfOneAddressAreCountedEachForItself) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), "<title>page</title><img src=/ad.gif>");
+    server.Page(QStringLiteral("/free"), "x");
+    BlockingView desk("/ad.gif\n/ad.js\n");
+    EventRecorder its;
+    const auto other = desk.view.engine.Create(2, its, Privacy::Ordinary);
+    const auto privately = desk.view.engine.Create(3, its, Privacy::Private);
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    for (auto* each : {other.get(), privately.get()})
+        ASSERT_EQ(each->Navigate(FromQt(server.Address(QStringLiteral("/page")))), Outcome::Done);
+    const auto count = [&](const std::unique_ptr<BrowserView>& view) {
+        return desk.pages.Count(static_cast<PageView&>(*view).Page());
+    };
+    EXPECT_TRUE(WaitUntil([&] { return count(other) == 1 && count(privately) == 1; }));
+    EXPECT_EQ(desk.Count(), 1);
+    desk.view.Script(QStringLiteral("for (let i = 0; i < 3; ++i) new Image().src = '/ad.gif?' + i; "
+                                    "fetch('/ad.js').catch(() => 0); fetch('/free'); 1"));
+    EXPECT_TRUE(WaitUntil([&] { return desk.Count() == 5; }));
+    EXPECT_TRUE(WaitUntil([&] { return server.requests.contains(QStringLiteral("/free")); }));
+    EXPECT_EQ(count(other), 1);
+    EXPECT_EQ(count(privately), 1);
+    EXPECT_EQ(server.requests.filter(QStringLiteral("ad.")).join(u' ').toStdString(), "");
+}
+
+TEST(Blocking, WhatWasStoppedLeavesNoBox) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"),
+                "<title>page</title><body><img id=one src=/ad-1><iframe id=two src=/ad-2></iframe>"
+                "<object id=three data=/ad-3></object><embed id=four src=/ad-4><video id=five src=/ad-5></video>"
+                "<video id=six><source src=/ad-6></video><input id=seven type=image src=/ad-7>"
+                "<img id=broken src=/gone.png><iframe id=frame src=/inside></iframe>");
+    server.Page(QStringLiteral("/inside"), "<img id=inner src=/ad-8>");
+    BlockingView desk("/ad-\n");
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    const QString seen =
+        QStringLiteral("Array.from(document.body.children).filter(e => getComputedStyle(e).display !== 'none')"
+                       ".map(e => e.id).join(' ')");
+    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(seen) == u"broken frame"; }))
+        << desk.view.Script(seen).toStdString();
+    EXPECT_TRUE(WaitUntil([&] {
+        return desk.view.Script(QStringLiteral(
+                   "getComputedStyle(frame.contentDocument.getElementById('inner')).display")) == u"none";
+    }));
+    desk.view.Script(
+        QStringLiteral("document.body.append(Object.assign(new Image(), { id: 'late', src: '/ad-9' })); 1"));
+    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(seen) == u"broken frame" && desk.Count() == 9; }));
+}
+
+TEST(Blocking, APlaceThatIsGivenAnotherSourceIsSeenAgain) {
+    LocalServer server;
+    server.Page(QStringLiteral("/inside"), "<p>words");
+    server.Page(QStringLiteral("/page"), "<title>page</title><body><iframe id=frame src=/ad-1></iframe>");
+    BlockingView desk("/ad-\n");
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    const QString display = QStringLiteral("getComputedStyle(frame).display");
+    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(display) == u"none"; }));
+    desk.view.Script(QStringLiteral("frame.src = '/inside'; 1"));
+    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(display) == u"inline"; }));
+}
+
+TEST(Blocking, WhereRulesSayAnEmptyAnswerIsGivenInstead) {
+    LocalServer server;
+    server.Page(
+        QStringLiteral("/page"),
+        "<title>page</title><meta http-equiv=content-security-policy content=\"script-src 'self' 'unsafe-inline'; "
+        "img-src 'self'\"><body><script>seen = '';"
+        "const note = name => ({ onload: () => { seen += name + ' ' }, onerror: () => { seen += 'no ' + name + ' ' } "
+        "});"
+        "const add = (name, values, told) => document.body.append(Object.assign(document.createElement(name), values, "
+        "note(told)));"
+        "add('script', { src: '/ad.js' }, 'script'); add('script', { src: '/plain.js' }, 'plain');"
+        "add('img', { src: '/ad.gif' }, 'picture'); add('iframe', { src: '/ad.html' }, 'frame');"
+        "add('link', { rel: 'stylesheet', href: '/ad.css' }, 'style');"
+        "fetch('/ad.txt').then(r => r.text()).then(t => { seen += 'text:' + t + ' ' });"
+        "</script>");
+    BlockingView desk("/ad.js$script,redirect=noopjs\n/plain.js\n/ad.gif$image,redirect=1x1.gif\n"
+                      "/ad.html$subdocument,redirect=noopframe\n/ad.css$stylesheet,redirect=noopcss\n"
+                      "/ad.txt$xmlhttprequest,redirect=nooptext\n");
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    EXPECT_TRUE(WaitUntil([&] {
+        QStringList seen = desk.view.Script(QStringLiteral("seen")).trimmed().split(u' ');
+        seen.sort();
+        return seen.join(u' ') == u"frame no picture plain script style text:";
+    })) << desk.view.Script(QStringLiteral("seen")).toStdString();
+    EXPECT_EQ(desk.Count(), 6);
+    EXPECT_EQ(server.requests.filter(QStringLiteral(".")).join(u' ').toStdString(), "");
 }
 
 constexpr auto kHidingPage =

@@ -1,4 +1,5 @@
 #include "qt/blocking/ElementHiding.h"
+#include "qt/blocking/EmptyAnswers.h"
 #include "qt/page/DialogScheme.h"
 #include "qt/page/StartPageScheme.h"
 
@@ -21,6 +22,7 @@ int main(int argc, char** argv) {
     StartPageScheme::RegisterScheme();
     DialogScheme::RegisterScheme();
     ElementHiding::RegisterScheme();
+    EmptyAnswers::RegisterScheme();
     QApplication application(argc, argv);
     // As the program draws where there is no graphics processor, which is where tests run.
     if (qgetenv("TESSAVIEW_DRAWING") != "hardware") QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));

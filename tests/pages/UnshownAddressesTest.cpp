@@ -12,7 +12,8 @@ using UnshownAddresses::WhyNot;
 TEST(UnshownAddresses, AreTheOnesThatNothingAnswersFor) {
     for (const TextView address :
          {u"about:config", u"ABOUT:foo", u"about:", u"about:blankets", u"C:\\x", u"c:%5Cx", u"d:", u"http:", u"http://",
-          u"HTTPS:///", u"chrome-error://chromewebdata/", u"chrome-devtools://x", u"tessaview-ask:x"})
+          u"HTTPS:///", u"chrome-error://chromewebdata/", u"chrome-devtools://x", u"tessaview-ask:x",
+          u"tessaview-hide:x", u"tessaview-empty:1"})
         EXPECT_NE(WhyNot(address), u"") << ToUtf8(address);
 }
 
