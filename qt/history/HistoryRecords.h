@@ -18,8 +18,8 @@ public:
     std::int64_t Remove(const HistoryRemoval& removal);
     /// Removes what is older by a clock that is trusted, and the oldest pages while the file is larger than that.
     void Limit(std::int64_t now, std::int32_t days, std::int64_t bytes);
-    /// Removes from the index what is left there of removed pages.
-    void Sweep();
+    /// Removes from the index some of what is left there of removed pages; whether that was all.
+    [[nodiscard]] bool SweepOn();
 
     /// A number noted under a name; 0 for none.
     [[nodiscard]] std::int64_t Noted(const QString& name);

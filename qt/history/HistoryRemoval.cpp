@@ -96,10 +96,20 @@ void HistoryRecords::Limit(std::int64_t now, std::int32_t days, std::int64_t byt
     if (!oldest.Ids.empty()) Remove(oldest);
 }
 
-void HistoryRecords::Sweep() {
-    if (Noted(QStringLiteral("unswept")) == 0) return;
-    m_database.Run(QStringLiteral("INSERT INTO words(words) VALUES('optimize')"));
-    Note(QStringLiteral("unswept"), 0);
+// The index only notes that words are gone, and they go when its parts are made one. A large one takes seconds for
+// that, so it is done bit by bit; others write meanwhile.
+bool HistoryRecords::SweepOn() {
+    constexpr int kBegun = 2, kPart = 400;
+    const QString changes = QStringLiteral("SELECT total_changes()");
+    const std::int64_t state = Noted(QStringLiteral("unswept"));
+    if (state == 0) return true;
+    const std::int64_t before = Number(changes);
+    m_database.Run(QStringLiteral("INSERT INTO words(words, rank) VALUES('merge', ?)"),
+                   {state == kBegun ? kPart : -kPart});
+    // The statement itself counts as one.
+    const bool more = Number(changes) - before > 1 || state != kBegun;
+    Note(QStringLiteral("unswept"), more ? kBegun : 0);
+    return !more;
 }
 
 } // namespace tessa::qt

@@ -3,6 +3,7 @@
 #include "history/VisitClock.h"
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <chrono>
 
 namespace tessa::qt {
@@ -12,6 +13,8 @@ namespace {
 using Trouble = HistoryDatabase::Trouble;
 
 constexpr std::chrono::hours kLimitTime{1};
+// Others wait for so long while what was removed is swept out, and then it waits for them; at the end all wait.
+constexpr std::chrono::milliseconds kSweepTime{30}, kSweepPause{30}, kLastSweep{300};
 constexpr std::int64_t kMegabyte = 1'000'000;
 
 std::int64_t Now() { return QDateTime::currentSecsSinceEpoch(); }
@@ -40,6 +43,9 @@ void HistoryWriter::Open() {
     m_limit->setInterval(kLimitTime);
     m_limit->callOnTimeout(this, &HistoryWriter::LimitNow);
     m_limit->start();
+    m_sweep = std::make_unique<QTimer>();
+    m_sweep->setSingleShot(true);
+    m_sweep->callOnTimeout(this, [this] { SweepFor(kSweepTime); });
     m_database->Open();
     Tell();
 }
@@ -58,8 +64,10 @@ void HistoryWriter::Tell() {
 void HistoryWriter::Close() {
     if (!m_database) return;
     Flush();
+    if (m_sweep->isActive()) SweepFor(kLastSweep);
     m_batch.reset();
     m_limit.reset();
+    m_sweep.reset();
     m_database.reset();
 }
 
@@ -126,17 +134,26 @@ std::vector<HistoryEntry> HistoryWriter::Load(const std::vector<Text>& addresses
 std::int64_t HistoryWriter::Remove(const HistoryRemoval& removal) {
     Flush();
     std::int64_t count = 0;
-    const bool done = InOne([&](HistoryRecords& records) {
-        count = records.Remove(removal);
-        // A few pages are swept out of the index later, with others.
-        if (removal.Ids.empty()) records.Sweep();
-    });
+    const bool done = InOne([&](HistoryRecords& records) { count = records.Remove(removal); });
     if (!done) return 0;
-    // Nothing of it is to be left in the files.
+    // Who clears a time or a site has nothing of it left in the files by then; single pages follow in a moment.
+    if (removal.Ids.empty())
+        SweepFor(std::chrono::hours(1));
+    else
+        m_sweep->start(0);
+    return count;
+}
+
+void HistoryWriter::SweepFor(std::chrono::milliseconds time) {
+    const QDeadlineTimer end(time);
+    bool swept = false, works = true;
+    while (!swept && works && !end.hasExpired())
+        works = InOne([&](HistoryRecords& records) { swept = records.SweepOn(); });
+    if (!works || !m_database) return;
+    if (!swept) return m_sweep->start(kSweepPause);
     m_database->Run(QStringLiteral("PRAGMA incremental_vacuum"));
     m_database->Run(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
     (void)m_database->TakeTrouble();
-    return count;
 }
 
 void HistoryWriter::Limit(std::int32_t days, std::int32_t megabytes) {
@@ -148,13 +165,8 @@ void HistoryWriter::Limit(std::int32_t days, std::int32_t megabytes) {
 void HistoryWriter::LimitNow() {
     if (m_days == 0) return;
     Flush();
-    const bool done = InOne([this](HistoryRecords& records) {
-        records.Limit(Now(), m_days, m_megabytes * kMegabyte);
-        records.Sweep();
-    });
-    if (!done) return;
-    m_database->Run(QStringLiteral("PRAGMA incremental_vacuum"));
-    (void)m_database->TakeTrouble();
+    if (InOne([this](HistoryRecords& records) { records.Limit(Now(), m_days, m_megabytes * kMegabyte); }))
+        m_sweep->start(0);
 }
 
 } // namespace tessa::qt

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QTimer>
+#include <chrono>
 #include <memory>
 
 namespace tessa::qt {
@@ -48,11 +49,13 @@ private:
     bool InOne(const std::function<void(HistoryRecords&)>& work);
     void OnTrouble(HistoryDatabase::Trouble trouble);
     void LimitNow();
+    /// Sweeps what was removed out of the index, for so long; goes on later when that is not enough.
+    void SweepFor(std::chrono::milliseconds time);
 
     const QString m_folder;
     std::unique_ptr<HistoryDatabase> m_database;
     std::vector<HistoryVisit> m_waiting;
-    std::unique_ptr<QTimer> m_batch, m_limit;
+    std::unique_ptr<QTimer> m_batch, m_limit, m_sweep;
     std::int32_t m_days = 0, m_megabytes = 0; ///< 0 until they are known
     bool m_saidFull = false, m_saidDamaged = false, m_told = false;
 };

@@ -166,6 +166,25 @@ TEST_F(HistoryStoreTest, NothingOfWhatWasClearedIsLeftInTheFiles) {
     }
 }
 
+TEST_F(HistoryStoreTest, OfASinglePageSoonNothingIsLeftInTheFilesEither) {
+    for (int i = 0; i < 200; ++i)
+        m_pages.Keep(u"https://a/" + Decimal(i), u"Page", i == 100 ? u"quizzaciously odd" : u"other words");
+    const std::int64_t id = m_pages.Load({u"https://a/100"}).at(0).Id;
+    const auto isInFiles = [this] {
+        for (const char* name : {"history.db", "history.db-wal"}) {
+            QFile file(m_pages.File(QString::fromLatin1(name)));
+            if (file.open(QFile::ReadOnly) && file.readAll().contains("quizzaciously")) return true;
+        }
+        return false;
+    };
+    EXPECT_TRUE(isInFiles());
+    EXPECT_EQ(m_pages.Remove({.Ids = {id}}), 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isInFiles(); }, 30000));
+    EXPECT_EQ(m_pages.FindAll({.Most = 1000}).Entries.size(), 199U);
+    EXPECT_EQ(m_pages.Find(u"quizzaciously"), u"");
+    EXPECT_NE(m_pages.Find(u"other"), u"");
+}
+
 TEST_F(HistoryStoreTest, ItIsForTheUserAlone) {
     const mode_t before = ::umask(0);
     m_pages.Keep(u"https://a/1", u"One", u"words");
