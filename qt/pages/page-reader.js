@@ -5,7 +5,7 @@
     if (window.tessaReader) return;
 
     var mostText = 200000, mostNodes = 60000, deepest = 500;
-    var skipped = new Set(['script', 'style', 'noscript', 'template', 'head', 'object', 'svg', 'canvas', 'iframe', 'video',
+    var skipped = new Set(['script', 'style', 'noscript', 'template', 'head', 'object', 'svg', 'canvas', 'video',
                            'audio', 'select', 'textarea', 'datalist', 'tessa-marks']);
     // Where advertisements stand, by what pages call such places.
     var advertisements = 'ins.adsbygoogle, [id^="ad-"], [id^="ads-"], [id^="google_ads"], [class~="ad" i], ' +
@@ -49,6 +49,12 @@
             });
         }
 
+        // Of a frame that is the page's own; into others nobody can look from here.
+        function bodyOf(frame) {
+            var inside = frame.contentDocument;
+            return inside && inside.body && frame.clientWidth > 0 && frame.clientHeight > 0 ? inside.body : null;
+        }
+
         function enter(element, how) {
             var style = getComputedStyle(element);
             if (style.display === 'none') return;
@@ -66,7 +72,9 @@
             var cell = style.display === 'table-cell';
             if (name === 'br' || (!inline && !cell)) end();
             else if (cell || style.display !== 'inline') text += ' ';
-            if (how.depth < deepest) walk(element, inner);
+            var within = name === 'iframe' || name === 'frame' ? bodyOf(element) : null;
+            if (within) end(), enter(within, inner), end();
+            else if (name !== 'iframe' && how.depth < deepest) walk(element, inner);
             if (!inline && !cell) end();
             else if (style.display !== 'inline') text += ' ';
         }
@@ -102,14 +110,26 @@
     // Marks lie over the page, which keeps its own elements as they are.
     var host = null, marked = [], observer = null;
 
+    // Where the picture of a document begins on the page.
+    function placeOfFrame(inside) {
+        var all = { left: 0, top: 0 };
+        for (var frame = inside.defaultView && inside.defaultView.frameElement; frame; frame = frame.ownerDocument.defaultView.frameElement) {
+            var rect = frame.getBoundingClientRect();
+            all.left += rect.left + frame.clientLeft;
+            all.top += rect.top + frame.clientTop;
+            if (frame.ownerDocument === document) break;
+        }
+        return all;
+    }
+
     function place() {
         if (!host) return;
         var origin = host.getBoundingClientRect();
         marked.forEach(function (each) {
-            var rect = each.range.getBoundingClientRect();
+            var rect = each.range.getBoundingClientRect(), frame = placeOfFrame(each.range.startContainer.ownerDocument);
             each.mark.style.display = rect.width > 0 ? 'block' : 'none';
-            each.mark.style.left = rect.left - origin.left - 6 + 'px';
-            each.mark.style.top = rect.top - origin.top - 3 + 'px';
+            each.mark.style.left = frame.left + rect.left - origin.left - 6 + 'px';
+            each.mark.style.top = frame.top + rect.top - origin.top - 3 + 'px';
             each.mark.style.width = rect.width + 12 + 'px';
             each.mark.style.height = rect.height + 6 + 'px';
         });
@@ -153,13 +173,14 @@
         if (found.size === 0) return 0;
         var root = prepare();
         found.forEach(function (nodes, index) {
-            var range = document.createRange(), mark = document.createElement('div');
+            var inside = nodes[0].ownerDocument, range = inside.createRange(), mark = document.createElement('div');
             range.setStartBefore(nodes[0]);
             range.setEndAfter(nodes[nodes.length - 1]);
             mark.style.cssText = 'position: absolute; box-sizing: border-box; border-radius: 4px; ' +
                 'background: rgba(255, 196, 0, 0.22); border-left: 4px solid #e09000;' +
                 (index === first ? ' outline: 2px solid #e09000;' : '');
             root.append(mark);
+            if (inside !== document) inside.addEventListener('scroll', place, true);
             marked.push({ range: range, mark: mark });
         });
         var nodes = found.get(first) || found.values().next().value;

@@ -75,6 +75,32 @@ TEST_F(ReadingTest, APageIsReadBlockByBlock) {
         EXPECT_EQ(Read(QByteArray("<!doctype html><meta charset=utf-8><body>") + row.html), row.passages) << row.html;
 }
 
+TEST_F(ReadingTest, FramesOfThePagesOwnSiteAreReadWhereTheyStand) {
+    LocalServer other;
+    other.Page(QStringLiteral("/frame"), "<p>Foreign</p>");
+    m_server.Page(QStringLiteral("/inner"), "<p>Innermost</p>");
+    m_server.Page(QStringLiteral("/frame"), "<h2>Chapter</h2><p>Inside</p><iframe src=/inner></iframe>");
+    const QByteArray foreign = other.Address(QStringLiteral("/frame")).toUtf8().replace("127.0.0.1", "localhost");
+    EXPECT_EQ(Read("<p>Before</p><iframe src=/frame></iframe><iframe src=\"" + foreign +
+                   "\"></iframe><iframe src=/frame style=display:none></iframe>"
+                   "<iframe id=ad-1 srcdoc=\"<p>Buy</p>\"></iframe><iframe><p>Old words</p></iframe><p>After</p>"),
+              "pBefore|hChapter|pInside|pInnermost|aBuy|pAfter");
+    EXPECT_EQ(Read("<iframe srcdoc=\"<p>Name</p><input type=password>\"></iframe>"), "pName|!");
+}
+
+TEST_F(ReadingTest, PassagesInFramesAreMarkedWhereTheyAre) {
+    m_server.Page(QStringLiteral("/frame"), "<body style='margin:0'><div style='height:900px'></div><p>Inside</p>");
+    (void)Read(
+        "<body style='margin:0'><div style='height:2000px'></div><iframe id=f src=/frame "
+        "style='margin-left:100px;border:5px solid;width:300px;height:200px'></iframe><div style='height:2000px'>");
+    m_view.view->Reading()->ShowPassages({u"Inside"}, 0);
+    const QString place = QStringLiteral(
+        "var m = document.querySelector('tessa-marks'), r = "
+        "f.contentDocument.querySelector('p').getBoundingClientRect(),"
+        "o = f.getBoundingClientRect(); m && r.top >= 0 && r.bottom <= 200 && o.top >= 0 && o.bottom <= innerHeight");
+    EXPECT_TRUE(WaitUntil([&] { return m_view.Script(place) == u"true"; }));
+}
+
 TEST_F(ReadingTest, TheFirstLineIsTheAddress) {
     Read("<p>x");
     EXPECT_TRUE(ReadView().starts_with(u"u" + FromQt(m_server.Address(QStringLiteral("/page")))));
