@@ -11,22 +11,8 @@ namespace tessa {
 
 namespace {
 
-constexpr std::size_t kMostNoted = 2000;
-
-// In the words of a tab's tip.
-Text NewsWordsOf(const PageNews& news) { return Decimal(news.Share) + u" % new: " + news.FirstWords; }
-
 bool HasPageToRead(TextView address) {
     return !address.empty() && address != Address::kBlank && !address.starts_with(OwnAddresses::kPrefix);
-}
-
-// An address as a group may have it: without its scheme, a slash at its end, and the place in the page.
-Text GroupKey(TextView address) {
-    address = address.substr(0, address.find(u'#'));
-    for (const TextView scheme : {u"https://", u"http://"})
-        if (address.starts_with(scheme)) address.remove_prefix(scheme.size());
-    if (address.ends_with(u'/')) address.remove_suffix(1);
-    return Text(address);
 }
 
 // Another place in a page is the same page.
@@ -80,18 +66,12 @@ void ReadPages::SetOptions(const HistoryOptions& options) {
     if (m_limited && limits) m_parts.store.Limit(options.Days, options.Megabytes);
 }
 
-void ReadPages::NoteGroup(TextView name, const std::vector<Text>& addresses) {
-    if (m_groups.size() > kMostNoted) m_groups.clear();
-    for (const Text& each : addresses) m_groups[GroupKey(each)] = name;
-}
-
 void ReadPages::Begins(std::int32_t index, TextView address) {
     Followed& followed = m_pages[index];
     if (!followed.begun) ReadToRemember(index);
-    const auto noted = m_groups.find(GroupKey(address));
     // On its way a page may be led elsewhere, and is of that group still.
-    if (noted != m_groups.end())
-        followed.nextGroup = noted->second;
+    if (const Text* noted = m_groups.Find(address))
+        followed.nextGroup = *noted;
     else if (!followed.begun)
         followed.nextGroup.clear();
     followed.begun = true;
@@ -192,102 +172,6 @@ void ReadPages::ReadNow(std::int32_t index) {
     reading->ReadText([this, alive = std::weak_ptr(m_alive), index, document = found->second.document](Text gathered) {
         if (!alive.expired()) OnText(index, document, gathered);
     });
-}
-
-Kept ReadPages::KeptOf(std::int32_t index, const Followed& followed) const {
-    const ArrayView* view = m_parts.Browser.Find(index);
-    const bool isPrivate = !view || view->Privacy == Privacy::Private;
-    return HistoryRules::WhatIsKept({followed.page.Address, isPrivate, followed.asksPassword}, m_options);
-}
-
-void ReadPages::OnText(std::int32_t index, std::uint64_t document, TextView gathered) {
-    const auto found = m_pages.find(index);
-    if (found == m_pages.end() || found->second.document != document || gathered.empty()) return;
-    Followed& followed = found->second;
-    GatheredText read = Passages::Read(gathered);
-    followed.page.Address = std::move(read.Address);
-    followed.page.Passages = std::move(read.Passages);
-    // Once it has asked for one, what comes behind that is nobody else's business either.
-    followed.asksPassword = followed.asksPassword || read.AsksPassword;
-    const bool keeps = KeptOf(index, followed) != Kept::Nothing;
-    if (keeps && !std::exchange(followed.asked, true)) {
-        const auto answer = [this, alive = std::weak_ptr(m_alive), index, document](std::vector<HistoryEntry> entries) {
-            if (!alive.expired()) OnKnown(index, document, entries);
-        };
-        m_parts.store.Load({*HistoryRules::KeptAddress(followed.page.Address)}, answer);
-    } else if (keeps && followed.known) {
-        Judge(index, followed);
-    }
-    Changed(index);
-}
-
-void ReadPages::OnKnown(std::int32_t index, std::uint64_t document, const std::vector<HistoryEntry>& entries) {
-    const auto found = m_pages.find(index);
-    if (found == m_pages.end() || found->second.document != document) return;
-    Followed& followed = found->second;
-    followed.known = true;
-    if (!entries.empty()) followed.before = NewsOf::FromBytes(entries.front().AsRead);
-    followed.page.WasReadBefore = !followed.before.Keys.empty() && KeptOf(index, followed) == Kept::All;
-    Judge(index, followed);
-    ShowNews(index, followed);
-    Changed(index);
-}
-
-// What is kept to compare with is what was read, not what has come behind the front and was never looked at.
-void ReadPages::Judge(std::int32_t index, Followed& followed) {
-    if (KeptOf(index, followed) == Kept::Nothing) return;
-    std::optional<PageAsRead> asRead;
-    if (followed.page.WasReadBefore) {
-        auto compared = NewsOf::Compare(followed.before, followed.page.Passages);
-        // What comes while somebody reads is no news of a later visit.
-        if (!followed.told) {
-            for (const std::size_t each : compared.News.New)
-                followed.news.push_back(followed.page.Passages[each].Words);
-            followed.page.News = std::move(compared.News);
-        }
-        if (followed.page.Seen) asRead = std::move(compared.Now);
-    } else if (followed.page.Seen) {
-        asRead = NewsOf::FirstTime(followed.page.Passages);
-    }
-    Keep(index, followed, asRead);
-    followed.told = true;
-}
-
-void ReadPages::ShowNews(std::int32_t index, const Followed& followed) {
-    Tab* tab = TabOf(index);
-    if (!tab || !followed.page.WasReadBefore) return;
-    const PageNews& news = followed.page.News;
-    m_parts.pcPage.SetNews(tab, news.Any() ? TabNews::New : TabNews::Nothing,
-                           news.Any() ? NewsWordsOf(news) : Text(u"Nothing new since you read it"));
-}
-
-void ReadPages::Keep(std::int32_t index, const Followed& followed, const std::optional<PageAsRead>& asRead) {
-    const auto address = HistoryRules::KeptAddress(followed.page.Address);
-    const ArrayView* view = m_parts.Browser.Find(index);
-    if (!address || !view) return;
-    const bool texts = KeptOf(index, followed) == Kept::All;
-    HistoryVisit visit{*address, HistoryRules::SiteOf(*address), view->Control->LocationName()};
-    visit.Group = followed.group;
-    visit.When = m_parts.clock.Now();
-    visit.Again = followed.told;
-    if (Icon) visit.Icon = Icon(index);
-    if (texts) visit.Passages = Passages::ToBytes(followed.page.Passages);
-    if (texts && asRead) visit.AsRead = NewsOf::ToBytes(*asRead);
-    if (texts && followed.page.WasReadBefore) visit.Share = followed.page.News.Share;
-    m_parts.store.Keep(std::move(visit));
-    if (!std::exchange(m_limited, true)) m_parts.store.Limit(m_options.Days, m_options.Megabytes);
-    Remembered();
-}
-
-std::size_t ReadPages::ShowNextNews(std::int32_t index) {
-    const auto found = m_pages.find(index);
-    ArrayView* view = m_parts.Browser.Find(index);
-    auto* reading = view ? view->Control->Reading() : nullptr;
-    if (found == m_pages.end() || !reading || found->second.news.empty()) return 0;
-    Followed& followed = found->second;
-    followed.shownNews = followed.shownNews % followed.news.size() + 1;
-    reading->ShowPassages(followed.news, followed.shownNews - 1);
-    return followed.shownNews;
 }
 
 } // namespace tessa

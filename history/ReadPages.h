@@ -2,6 +2,7 @@
 #include "base/Signal.h"
 #include "forms/TabStrip.h"
 #include "history/HistoryRules.h"
+#include "history/OpenedGroups.h"
 #include "history/PageNews.h"
 #include "history/ReadingRound.h"
 #include "platform/VisitStore.h"
@@ -58,7 +59,7 @@ public:
     void SetOptions(const HistoryOptions& options);
     [[nodiscard]] const HistoryOptions& Options() const { return m_options; }
     /// What is opened from those addresses next belongs to that group.
-    void NoteGroup(TextView name, const std::vector<Text>& addresses);
+    void NoteGroup(TextView name, const std::vector<Text>& addresses) { m_groups.Note(name, addresses); }
 
     // What happens.
     /// The view is about to go to another page: what it shows is read once more.
@@ -66,6 +67,8 @@ public:
     /// It shows another document, or another part of one.
     void Shows(std::int32_t index, TextView address);
     void Loads(std::int32_t index);
+    /// Its tab is about to close; its view still lives.
+    void Closes(std::int32_t index);
     /// The strip has changed, perhaps what is in front.
     void Touch();
     /// Reads those pages that have come to rest.
@@ -111,6 +114,9 @@ private:
     void ReadToRemember(std::int32_t index);
     void See(std::int32_t index);
     void Keep(std::int32_t index, const Followed& followed, const std::optional<PageAsRead>& asRead);
+    /// What is known of the visit but for the text.
+    [[nodiscard]] HistoryVisit VisitOf(const Followed& followed, const ArrayView& view, std::int32_t index) const;
+    void KeepLast(const Followed& last, HistoryVisit visit, TextView gathered);
     [[nodiscard]] Kept KeptOf(std::int32_t index, const Followed& followed) const;
     [[nodiscard]] Tab* TabOf(std::int32_t index) const;
     void ForgetClosed();
@@ -120,7 +126,7 @@ private:
     Parts m_parts;
     HistoryOptions m_options;
     std::map<std::int32_t, Followed> m_pages;
-    std::map<Text, Text> m_groups; ///< by addresses that are about to be opened, see `NoteGroup`
+    OpenedGroups m_groups;
     std::int32_t m_front = 0;
     std::uint64_t m_documents = 0;
     bool m_limited = false; ///< the store knows how much it may keep

@@ -122,6 +122,7 @@ void frmMain::WireTabs() {
     m_tabs.Closing.ConnectForLife([this](std::int32_t index) {
         m_closed.Remember(index);
         m_groups.PageDone(index);
+        m_reads.Closes(index);
     });
     m_tabs.ClosingSeveral = [this](const std::function<void()>& close) {
         m_closed.BeginSeveral();

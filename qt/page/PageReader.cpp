@@ -48,8 +48,8 @@ void PageReader::ReadText(std::function<void(Text)> answer) {
         m_page.toPlainText([answer, address](const QString& words) { answer(PlainLinesOf(address, words)); });
         return;
     }
-    m_page.runJavaScript(ReaderScript() + QStringLiteral("tessaReader.read()"), QWebEngineScript::ApplicationWorld,
-                         [answer](const QVariant& text) { answer(FromQt(text.toString())); });
+    m_page.Ask(ReaderScript() + QStringLiteral("tessaReader.read()"),
+               [answer](const QVariant& text) { answer(FromQt(text.toString())); });
 }
 
 void PageReader::ShowPassages(const std::vector<Text>& passages, std::size_t first) {

@@ -19,7 +19,8 @@
 namespace tessa::qt {
 
 namespace {
-constexpr std::chrono::seconds kCopyTime{1};
+// A page that ends waits for so long for what a script of ours says of it.
+constexpr std::chrono::seconds kCopyTime{1}, kLastAnswerPatience{1};
 
 NavigationCause CauseOf(QWebEnginePage::NavigationType type) {
     switch (type) {
@@ -189,12 +190,28 @@ void WebPage::Print(const QPageLayout& layout, const std::function<void(const QB
         layout);
 }
 
+// What ends without an answer answers while it ends, when nothing of ours is left of it.
+void WebPage::Ask(const QString& script, std::function<void(const QVariant&)> answered) {
+    ++*m_asked;
+    runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                  [page = QPointer<WebPage>(this), left = std::weak_ptr(m_asked),
+                   answered = std::move(answered)](const QVariant& answer) {
+                      const auto asked = left.lock();
+                      if (asked) --*asked;
+                      answered(answer);
+                      if (asked && page && page->m_ending && *asked == 0 && page->m_printing == 0 && !page->m_waiting)
+                          page->deleteLater();
+                  });
+}
+
 void WebPage::End() {
     m_ending = true;
     if (m_waiting)
         m_waiting->quit();
-    else if (m_printing == 0)
+    else if (m_printing == 0 && *m_asked == 0)
         deleteLater();
+    else if (m_printing == 0)
+        QTimer::singleShot(kLastAnswerPatience, this, &QObject::deleteLater);
 }
 
 // Newer engines, as 6.11, tell of a download by a call that waits, with a bare pointer to its page.

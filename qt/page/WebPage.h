@@ -11,6 +11,7 @@
 #include <QUrl>
 #include <QWebEnginePage>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -83,6 +84,9 @@ public:
     Signal<void(const QUrl& url, bool& stays)> LeadsOn;
     /// Whether a person has, since this was asked last: what a page does beyond that it does by itself.
     [[nodiscard]] bool TakePerson() { return m_person.Take(); }
+    /// Runs a script of ours, in a world that the page cannot see. A page that ends meanwhile waits for the answer, but
+    /// not for long.
+    void Ask(const QString& script, std::function<void(const QVariant&)> answered);
     /// Prints the page; the PDF is empty when that fails.
     void Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed);
     /// Deletes the page as soon as it waits for nothing any more: an answer, or that it is printed.
@@ -138,7 +142,8 @@ private:
     QString m_token;
     QPointer<QEventLoop> m_waiting; ///< for the answer to a dialog
     bool m_ending = false;
-    QSet<QString> m_input, m_texts; ///< the documents that hold some
+    QSet<QString> m_input, m_texts;                          ///< the documents that hold some
+    std::shared_ptr<int> m_asked = std::make_shared<int>(0); ///< how many scripts have not answered yet
     int m_printing = 0; ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
     PersonNote m_person, m_opener;
     bool m_personWasHere = false;

@@ -1,3 +1,4 @@
+// Tests: ReadPagesNews, OpenedGroups
 #include "history/ReadPages.h"
 
 #include "settings/HistorySettings.h"
@@ -50,6 +51,32 @@ TEST(ReadPages, APageThatIsLeftBeforeItRestsIsRememberedToo) {
     EXPECT_EQ(desk.visits.Addresses(), u"http://a/");
     desk.Rest();
     EXPECT_EQ(desk.visits.Addresses(), u"http://b/ http://a/");
+}
+
+TEST(ReadPages, WhatAClosingTabSaysAtItsEndIsRemembered) {
+    ReadingDesk desk(2);
+    desk.ClickTab(2);
+    desk.Read(2, u"http://a/", u"pOne");
+    desk.Say(2, u"pOne|pTwo");
+    desk.Close(2);
+    EXPECT_EQ(desk.visits.At(u"http://a/").Passages,
+              Passages::ToBytes({{PassageKind::Words, u"One"}, {PassageKind::Words, u"Two"}}));
+    EXPECT_EQ(desk.visits.At(u"http://a/").Visits, 1);
+    // It was read to its end, so nothing is new.
+    desk.Read(1, u"http://a/", u"pOne|pTwo");
+    EXPECT_EQ(desk.News(), "1:same");
+}
+
+TEST(ReadPages, WhatAClosingTabMustNotTellIsNotRemembered) {
+    ReadingDesk desk(2);
+    desk.ClickTab(2);
+    const std::string before = Passages::ToBytes({{PassageKind::Words, u"One"}});
+    desk.Read(2, u"http://a/", u"pOne");
+    desk.Say(2, u"pOne|pSecret|!");
+    desk.Close(2);
+    EXPECT_EQ(desk.visits.At(u"http://a/").Passages, before);
+    desk.Close(1);
+    EXPECT_EQ(desk.visits.Addresses(), u"http://a/");
 }
 
 TEST(ReadPages, WhatChangedIsNewAtTheNextVisit) {
