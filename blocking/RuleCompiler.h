@@ -1,7 +1,7 @@
 #pragma once
-#include "blocking/HidingCompiler.h"
 #include "blocking/NetworkCompiler.h"
 #include "blocking/RuleLine.h"
+#include "blocking/hiding/HidingCompiler.h"
 
 #include <map>
 #include <string>

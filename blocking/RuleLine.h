@@ -1,7 +1,7 @@
 #pragma once
-#include "blocking/HidingRule.h"
 #include "blocking/NetworkRule.h"
 #include "blocking/RuleTrouble.h"
+#include "blocking/hiding/HidingRule.h"
 
 namespace tessa {
 

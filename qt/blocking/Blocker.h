@@ -1,9 +1,9 @@
 #pragma once
 #include "base/Signal.h"
 #include "blocking/CompiledRules.h"
-#include "blocking/HidingRules.h"
 #include "blocking/ListShelf.h"
 #include "blocking/RuleSet.h"
+#include "blocking/hiding/HidingRules.h"
 #include "settings/BlockingSettings.h"
 
 #include <QHash>

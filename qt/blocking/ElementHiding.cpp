@@ -1,6 +1,6 @@
 #include "qt/blocking/ElementHiding.h"
 
-#include "blocking/HidingFilter.h"
+#include "blocking/hiding/HidingFilter.h"
 #include "qt/base/Resources.h"
 
 #include <QBuffer>

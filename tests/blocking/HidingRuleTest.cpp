@@ -1,6 +1,6 @@
 // Tests: HidingRule, HidingRules, HidingCompiler, HidingFilter
-#include "blocking/HidingFilter.h"
-#include "blocking/HidingRules.h"
+#include "blocking/hiding/HidingFilter.h"
+#include "blocking/hiding/HidingRules.h"
 #include "blocking/RuleCompiler.h"
 #include "blocking/libraries/SiteDomain.h"
 

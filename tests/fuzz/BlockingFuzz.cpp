@@ -1,8 +1,8 @@
-#include "blocking/HidingRules.h"
 #include "blocking/RuleCompiler.h"
 #include "blocking/RuleLine.h"
 #include "blocking/RuleSet.h"
 #include "blocking/RuleText.h"
+#include "blocking/hiding/HidingRules.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "blocking/HidingCompiler.h"
+#include "blocking/hiding/HidingCompiler.h"
 
 #include "blocking/HostHashes.h"
 

@@ -1,4 +1,4 @@
-#include "blocking/HidingRule.h"
+#include "blocking/hiding/HidingRule.h"
 
 #include "blocking/RuleText.h"
 

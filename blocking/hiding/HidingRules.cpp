@@ -1,6 +1,6 @@
-#include "blocking/HidingRules.h"
+#include "blocking/hiding/HidingRules.h"
 
-#include "blocking/HidingCompiler.h"
+#include "blocking/hiding/HidingCompiler.h"
 
 #include <algorithm>
 #include <unordered_map>

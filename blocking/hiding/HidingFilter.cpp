@@ -1,4 +1,4 @@
-#include "blocking/HidingFilter.h"
+#include "blocking/hiding/HidingFilter.h"
 
 #include <algorithm>
 #include <array>

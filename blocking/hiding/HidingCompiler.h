@@ -1,7 +1,7 @@
 #pragma once
-#include "blocking/HidingRule.h"
 #include "blocking/RuleImage.h"
 #include "blocking/TokenTable.h"
+#include "blocking/hiding/HidingRule.h"
 
 #include <string>
 #include <unordered_map>
