@@ -88,7 +88,8 @@ std::string HeadingOf(const HistoryEntry& entry, TextView day, const WallClock& 
     const std::int64_t from = clock.DayBegin(entry.Last);
     const std::int64_t until = clock.DayBegin(from + kIntoTheNext);
     return "<h2>" + HistoryEscaped(day) + " <button class=\"quiet\" data-from=\"" + std::to_string(from) +
-           "\" data-until=\"" + std::to_string(until) + "\">Delete this day</button></h2><ol>";
+           "\" data-until=\"" + std::to_string(until) + "\">Delete this day</button></h2><ol aria-label=\"" +
+           HistoryEscaped(day) + "\">";
 }
 
 Text CountWords(const HistoryRequest& request, const HistoryFound& found) {

@@ -2,6 +2,7 @@
 
 #include "pages/DecidedSites.h"
 #include "qt/base/Strings.h"
+#include "qt/desktop/ScreenReader.h"
 #include "qt/page/WebPage.h"
 #include "qt/program/BlockingAssembly.h"
 #include "qt/program/DesktopAssembly.h"
@@ -58,6 +59,7 @@ void EngineAssembly::Serve(frmMain& main) {
 
 void EngineAssembly::Start() {
     m_dictionaries.emplace(Dictionaries::OfThisComputer(m_desktop.folders.cache));
+    ScreenReader::Prepare();
     // The very first request goes the way that the user wants.
     options.ApplyInternetOptions();
     engine.Start();

@@ -1,10 +1,11 @@
-# Tests: HistoryAssembly, OpenPagesPanel, PassageLines
+# Tests: HistoryAssembly, OpenPagesPanel, PassageLines, ScreenReader
 """What was read, from outside: three pages are read, one changes and is marked, all are found again and forgotten."""
 
 import http.server
 import os
 import sqlite3
 import stat
+import subprocess
 import unittest
 
 import desk
@@ -60,9 +61,33 @@ def remembered(home):
         return []
 
 
+def say_that_a_screen_reader_is_there(there):
+    """As a screen reader tells the desktop, and the desktop every program."""
+    subprocess.run(
+        [
+            "dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
+            "org.freedesktop.DBus.Properties.Set", "string:org.a11y.Status", "string:ScreenReaderEnabled",
+            f"variant:boolean:{'true' if there else 'false'}",
+        ],
+        check=True, capture_output=True, timeout=30,
+    )
+
+
+def page_nodes(program, title):
+    """What a screen reader is told of the page with that title, each as "role: name"."""
+    for document in desk.walk(program.application(), lambda node: node.getRoleName() != "document web"):
+        if document.getRoleName() == "document web" and document.name == title:
+            return [f"{node.getRoleName()}: {node.name}" for node in desk.walk(document)]
+    return []
+
+
 class History(unittest.TestCase):
     def setUp(self):
         self.home = desk.state_folder()
+        self.stories = {title: list(said) for title, said in STORIES.items()}
+
+    def tearDown(self):
+        STORIES.update(self.stories)
 
     def wait_remembered(self, expected):
         desk.wait_until(lambda: remembered(self.home) == expected, what=lambda: str(remembered(self.home)))
@@ -172,6 +197,82 @@ class History(unittest.TestCase):
                     program.wait_strip(strip)
                     desk.wait_until(lambda: program.status() == words, what=program.status)
                     desk.wait_until(lambda: self.page_has_keyboard(program))
+
+    def test_the_home_page_tells_how_much_of_a_group_is_new(self):
+        folder = os.path.join(self.home, "TessaGroups")
+        os.makedirs(folder, exist_ok=True)
+        group = os.path.join(folder, "Morning.tvg")
+        self.listen_as_a_screen_reader()
+        with ChangingPages() as pages:
+            desk.write_group(group, [pages.address(title) for title in STORIES])
+            with desk.Program(PROGRAM, group, home=self.home) as program:
+                program.wait_strip(["about:blank", "Lantern", "Bakery", "[Weather]"])
+                self.wait_all_remembered()
+                # News are what has changed since somebody looked.
+                for strip in (["about:blank", "Lantern", "[Bakery]", "Weather"], ["about:blank", "[Lantern]", "Bakery", "Weather"]):
+                    program.keys("ctrl+shift+Tab")
+                    program.wait_strip(strip)
+                self.wait_looked_at(3)
+                STORIES["Lantern"].insert(0, "The tower clock strikes again after a year.")
+                STORIES["Bakery"].insert(0, "A new oven arrived today from the coast.")
+                for position, strip in ((1, None), (2, ["about:blank", "Lantern", "[Bakery]", "Weather"])):
+                    if strip:
+                        program.keys("ctrl+Tab")
+                        program.wait_strip(strip)
+                    program.keys("F5")
+                    desk.wait_until(lambda at=position: "new: " in self.tip_of(program, at), what=lambda at=position: self.tip_of(program, at))
+                self.wait_home(program, "2 of 3 new since yesterday")
+
+    def wait_home(self, program, words):
+        """Opens the home page and waits until it says that."""
+        program.keys("alt+d")
+        desk.wait_until(lambda: desk.focused_box(program))
+        desk.xdotool("type", "--delay", "5", "tessaview:start")
+        desk.xdotool("key", "Return")
+        desk.wait_until(
+            lambda: any(words in each for each in page_nodes(program, "TessaView")),
+            what=lambda: str(page_nodes(program, "TessaView")),
+        )
+
+    def wait_looked_at(self, count):
+        """Until so many pages are kept as somebody has read them."""
+
+        def looked_at():
+            with sqlite3.connect(f"file:{history_file(self.home)}?mode=ro", uri=True, timeout=5) as database:
+                return database.execute("SELECT count(*) FROM passages WHERE length(asread) > 0").fetchone()[0]
+
+        desk.wait_until(lambda: looked_at() == count, what=lambda: str(looked_at()))
+
+    def listen_as_a_screen_reader(self):
+        say_that_a_screen_reader_is_there(True)
+        self.addCleanup(say_that_a_screen_reader_is_there, False)
+
+    def test_a_screen_reader_reads_the_history(self):
+        self.listen_as_a_screen_reader()
+        with ChangingPages() as pages, desk.Program(PROGRAM, pages.address("Lantern"), home=self.home) as program:
+            program.wait_strip(["[Lantern]"])
+            self.wait_remembered(["Lantern"])
+            self.go(program, pages, "Bakery")
+            self.wait_remembered(["Bakery", "Lantern"])
+            program.keys("ctrl+h")
+            told = {
+                "text: Words to search for in what you have read",
+                "label: 2 pages",
+                "tool bar: Selected pages",
+                "push button: Open",
+                "push button: Keep as TessaGroup...",
+                "push button: Delete",
+                "list: Today",
+                "push button: Delete this day",
+                "check box: Select Bakery",
+                "link: Bakery",
+                "check box: Select Lantern",
+                "link: Lantern",
+            }
+            desk.wait_until(
+                lambda: told <= set(page_nodes(program, "History")),
+                what=lambda: str(sorted(told - set(page_nodes(program, "History")))),
+            )
 
     def wait_all_remembered(self):
         desk.wait_until(lambda: sorted(remembered(self.home)) == sorted(STORIES), what=lambda: str(remembered(self.home)))
