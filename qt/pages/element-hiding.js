@@ -78,6 +78,19 @@
         else show(of);
     }, true);
 
+    // Pictures that a script has asked for may come into the page when they have failed already.
+    function collapseFailed(node) {
+        if (node.nodeType !== Node.ELEMENT_NODE) return;
+        const pictures = node.localName === 'img' ? [node] : node.firstElementChild ? node.getElementsByTagName('img') : [];
+        for (const each of pictures)
+            if (each.complete && each.naturalWidth === 0 && each.currentSrc) collapseIfStopped(each);
+    }
+    function onAdded(call) {
+        new MutationObserver(function (records) {
+            for (const record of records) record.addedNodes.forEach(call);
+        }).observe(document, { childList: true, subtree: true });
+    }
+
     const sheets = [];
     function put(sheet) {
         if (!document.adoptedStyleSheets.includes(sheet))
@@ -95,7 +108,7 @@
     const named = @all@ || domainMayBeNamed(domainBits, host) || (topHost !== host && domainMayBeNamed(domainBits, topHost));
     const site = named ? ask('site?') : { generic: true, always: null };
     hide(site.css);
-    if (!site.generic) return;
+    if (!site.generic) return onAdded(collapseFailed);
     hide(typeof site.always === 'string' ? site.always : '@always@');
 
     const seenNames = new Set(), seenKeys = new Set();
@@ -138,7 +151,11 @@
             else record.addedNodes.forEach(function (node) { added.add(node); });
         }
         // What came with what it stands in is looked at with that.
-        added.forEach(function (node) { if (!added.has(node.parentNode)) lookBelow(node); });
+        added.forEach(function (node) {
+            if (added.has(node.parentNode)) return;
+            lookBelow(node);
+            collapseFailed(node);
+        });
         askAboutFound();
     }).observe(document, { childList: true, subtree: true, attributes: true, attributeFilter: ['class', 'id'] });
     if (document.documentElement) {

@@ -209,6 +209,21 @@ TEST(Blocking, WhatWasStoppedLeavesNoBox) {
     EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(seen) == u"broken frame" && desk.Count() == 9; }));
 }
 
+TEST(Blocking, APictureThatFailedBeforeItCameIntoThePageLeavesNoBoxEither) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), "<title>page</title><body>");
+    for (const char* more : {"", "@@||127.0.0.1^$generichide\n"}) {
+        BlockingView desk((std::string("/ad-\n") + more).c_str());
+        desk.view.Load(server.Address(QStringLiteral("/page")));
+        desk.view.Script(QStringLiteral("image = new Image(100, 100); image.onerror = () => "
+                                        "document.body.insertAdjacentElement('beforeend', document.createElement('p'))"
+                                        ".append(image); image.src = '/ad-1'; 1"));
+        EXPECT_TRUE(WaitUntil([&] {
+            return desk.view.Script(QStringLiteral("image.isConnected && getComputedStyle(image).display")) == u"none";
+        })) << more;
+    }
+}
+
 TEST(Blocking, APlaceThatIsGivenAnotherSourceIsSeenAgain) {
     LocalServer server;
     server.Page(QStringLiteral("/inside"), "<p>words");
