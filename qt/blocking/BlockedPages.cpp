@@ -55,6 +55,11 @@ RequestType TypeOf(const QWebEngineUrlRequestInfo& info) {
 
 bool IsSamePage(const QUrl& one, const QUrl& other) { return one.matches(other, QUrl::RemoveFragment); }
 
+bool IsSameOrigin(const QUrl& one, const QUrl& other) {
+    constexpr auto kOthers = QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment;
+    return one.matches(other, kOthers);
+}
+
 } // namespace
 
 void BlockedPages::Follow(QWebEnginePage& page) {
@@ -67,15 +72,21 @@ void BlockedPages::Follow(QWebEnginePage& page) {
 }
 
 // The engine does not say which page asks, only what address it has. Where several have the same, the one that loads.
-QWebEnginePage* BlockedPages::FindPage(const QUrl& shown) const {
+QWebEnginePage* BlockedPages::FindPage(const QUrl& shown, bool (*isSame)(const QUrl&, const QUrl&)) const {
     QWebEnginePage* found = nullptr;
     for (const auto& [page, stopped] : m_pages) {
-        if (!stopped.page ||
-            (!IsSamePage(stopped.page->url(), shown) && !IsSamePage(stopped.page->requestedUrl(), shown)))
+        if (!stopped.page || (!isSame(stopped.page->url(), shown) && !isSame(stopped.page->requestedUrl(), shown)))
             continue;
         if (!found || stopped.page->isLoading()) found = stopped.page;
     }
     return found;
+}
+
+// Qt 6.11 knows of a web socket the address of its frame, and of the page only the origin.
+QWebEnginePage* BlockedPages::FindAsker(const QWebEngineUrlRequestInfo& info) const {
+    QWebEnginePage* page = FindPage(info.firstPartyUrl(), IsSamePage);
+    if (!page) page = FindPage(info.initiator(), IsSamePage);
+    return page ? page : FindPage(info.firstPartyUrl(), IsSameOrigin);
 }
 
 bool BlockedPages::Stops(const QWebEngineUrlRequestInfo& info) {
@@ -83,7 +94,7 @@ bool BlockedPages::Stops(const QWebEngineUrlRequestInfo& info) {
     const QUrl page = info.firstPartyUrl(), address = info.requestUrl();
     const RuleVerdict verdict = m_blocker.VerdictOn(address, info.initiator(), page, TypeOf(info));
     if (!verdict.Blocked) return false;
-    if (auto* shown = FindPage(page)) Note(*shown, address, *verdict.By);
+    if (auto* shown = FindAsker(info)) Note(*shown, address, *verdict.By);
     return true;
 }
 

@@ -45,7 +45,8 @@ private:
         std::vector<BlockedRequest> first;
     };
     void Note(QWebEnginePage& page, const QUrl& address, const RuleFound& by);
-    [[nodiscard]] QWebEnginePage* FindPage(const QUrl& shown) const;
+    [[nodiscard]] QWebEnginePage* FindPage(const QUrl& shown, bool (*isSame)(const QUrl&, const QUrl&)) const;
+    [[nodiscard]] QWebEnginePage* FindAsker(const QWebEngineUrlRequestInfo& info) const;
 
     Blocker& m_blocker;
     std::map<const QWebEnginePage*, Stopped> m_pages;
