@@ -1,4 +1,5 @@
 #pragma once
+#include "bar/EntryGestures.h"
 #include "bar/ToolName.h"
 #include "base/Signal.h"
 #include "commands/CommandContext.h"
@@ -12,7 +13,7 @@ namespace tessa {
 
 /// Brings changing menus up to date when they open: Favorites, TessaGroups, and the check mark of the text size. The
 /// ids it gives count on for the whole run. Owned by the main window.
-class RuntimeMenus {
+class RuntimeMenus final : public EntryGestures {
 public:
     /// Both outlive this object. A change in a folder that a menu shows makes that menu stale.
     RuntimeMenus(CommandContext& context, FolderWatch& watch);
@@ -24,13 +25,9 @@ public:
     Signal<void()> FoldersChanged;
     /// A band is about to be shown. Only a stale menu is built anew, only an empty folder is filled.
     void BandOpen(Band& band);
-    /// The user asks what can be done with an entry of a menu: pops up what there is. False for an entry that has no
-    /// such pop-up.
-    bool EntryPopup(const Tool& tool);
-    /// What a middle click on an entry that opens a menu does, once all menus have closed. Nothing for most.
-    [[nodiscard]] std::function<void()> EntryMiddleClick(const Tool& tool);
-    /// What the Delete key on an entry does, once all menus have closed; nothing for most.
-    [[nodiscard]] std::function<void()> EntryDelete(const Tool& tool);
+    bool EntryPopup(const Tool& tool) override;
+    [[nodiscard]] std::function<void()> EntryMiddleClick(const Tool& tool) override;
+    [[nodiscard]] std::function<void()> EntryDelete(const Tool& tool) override;
     /// Takes the entries' pictures from the hidden tools that are there to carry them.
     void KeepPictures();
     /// Lets the pictures of Favorites go. Deliberate: that of TessaGroups stays.

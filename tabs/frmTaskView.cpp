@@ -20,9 +20,23 @@ TextView StateOf(const PageLife* life, bool front) {
     return front ? u"In front" : u"In the background";
 }
 
+class SystemMeter final : public ProcessMeter {
+public:
+    [[nodiscard]] std::optional<ProcessUse> Read(std::int64_t process) const override {
+        return SystemProcessUse(process);
+    }
+    [[nodiscard]] std::chrono::milliseconds Now() const override {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(
+            std::chrono::steady_clock::now().time_since_epoch());
+    }
+};
+
+const SystemMeter kSystemMeter;
+
 } // namespace
 
-frmTaskView::frmTaskView(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {
+frmTaskView::frmTaskView(TabStrip& pcPage, ViewArray& Browser)
+    : m_pcPage(pcPage), m_browser(Browser), m_meter(&kSystemMeter) {
     Form.Visible.Change.ConnectForLife([this] { Form_Change(); });
     lstTasks.ListIndex.Change.ConnectForLife([this] { ShowSelected(); });
     Order.Change.ConnectForLife([this] { Show(); });
@@ -53,7 +67,7 @@ void frmTaskView::Refresh() {
 }
 
 void frmTaskView::Measure() {
-    const auto now = Now ? Now() : std::chrono::milliseconds{0};
+    const auto now = m_meter->Now();
     auto before = std::exchange(m_processes, {});
     for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
         const auto* life = open.Life();
@@ -62,7 +76,7 @@ void frmTaskView::Measure() {
             ++known->second.tabs;
             continue;
         }
-        const auto use = process > 0 && ReadProcess ? ReadProcess(process) : std::nullopt;
+        const auto use = process > 0 ? m_meter->Read(process) : std::nullopt;
         if (!use) continue;
         Measured measured{.use = *use, .time = now, .percent = {}, .tabs = 1};
         const auto old = before.find(process);

@@ -32,6 +32,17 @@ struct TaskOrder {
     friend bool operator==(const TaskOrder&, const TaskOrder&) = default;
 };
 
+/// What processes use, and when.
+class ProcessMeter {
+public:
+    virtual ~ProcessMeter() = default;
+
+    /// Nothing where the system does not tell.
+    [[nodiscard]] virtual std::optional<ProcessUse> Read(std::int64_t process) const = 0;
+    /// The present time on a steady clock.
+    [[nodiscard]] virtual std::chrono::milliseconds Now() const = 0;
+};
+
 /// The task view, as data: what each tab does and what the process of its page uses. Nothing is measured while it is
 /// hidden, and it remembers nothing but how it was sorted.
 class frmTaskView {
@@ -62,10 +73,8 @@ public:
     /// Return, or a double click, on the selected line: brings its tab to the front.
     void lstTasks_DblClick();
 
-    /// What a process uses, and the present time on a steady clock. Filled in by the program; without them the columns
-    /// stay empty.
-    std::function<std::optional<ProcessUse>(std::int64_t process)> ReadProcess;
-    std::function<std::chrono::milliseconds()> Now;
+    /// From now on processes are measured by that meter, which outlives the form; by the system's own until then.
+    void MeasureBy(const ProcessMeter& meter) { m_meter = &meter; }
     /// Brings the main window to the front, or this one.
     Signal<void()> ShowMainWindow;
     Signal<void()> ShowItself;
@@ -96,6 +105,7 @@ private:
 
     TabStrip& m_pcPage;
     ViewArray& m_browser;
+    const ProcessMeter* m_meter;
     std::map<std::int64_t, Measured> m_processes;
 };
 

@@ -111,18 +111,18 @@ void BandMenus::HideAllBut(const QMenu* hidden) {
 bool BandMenus::PopupFor(const QAction* action, QPoint at) {
     const auto tool = m_actions.ToolOf(action);
     m_at = at;
-    return tool && EntryPopup && EntryPopup(*tool);
+    return tool && m_gestures.EntryPopup(*tool);
 }
 
 bool BandMenus::MiddleClick(const QAction* action) {
     const auto tool = m_actions.ToolOf(action);
-    if (!tool || !action->menu() || !EntryMiddleClick) return false;
-    return RunBehindMenus(EntryMiddleClick(*tool));
+    if (!tool || !action->menu()) return false;
+    return RunBehindMenus(m_gestures.EntryMiddleClick(*tool));
 }
 
 bool BandMenus::DeleteKey(const QAction* action) {
     const auto tool = m_actions.ToolOf(action);
-    return tool && EntryDelete && RunBehindMenus(EntryDelete(*tool));
+    return tool && RunBehindMenus(m_gestures.EntryDelete(*tool));
 }
 
 bool BandMenus::RunBehindMenus(std::function<void()> effect) {

@@ -1,5 +1,6 @@
 #pragma once
 #include "bar/CommandBar.h"
+#include "bar/EntryGestures.h"
 
 #include <QObject>
 #include <QPoint>
@@ -25,8 +26,8 @@ class BandMenus final : public QObject {
 
 public:
     /// All outlive it.
-    BandMenus(CommandBar& bar, ToolActions& actions, QWidget& window)
-        : m_bar(bar), m_actions(actions), m_window(window) {}
+    BandMenus(CommandBar& bar, ToolActions& actions, QWidget& window, EntryGestures& gestures)
+        : m_bar(bar), m_actions(actions), m_window(window), m_gestures(gestures) {}
     ~BandMenus() override;
 
     /// The menu that shows a band, which may come into being later.
@@ -35,14 +36,6 @@ public:
     void Popup(Band& band);
     /// Where on the screen a menu pops up. That may not be the pointer, because a key may have asked for it.
     void PlaceNext(std::optional<QPoint> at) { m_next = at; }
-
-    /// The user asks what can be done with an entry of an open menu; false where there is nothing.
-    std::function<bool(const Tool&)> EntryPopup;
-    /// What a click with the middle button on an entry that opens a menu does; nothing for most. Called once no menu
-    /// is open any more.
-    std::function<std::function<void()>(const Tool&)> EntryMiddleClick;
-    /// What the Delete key on an entry does; nothing for most. Called once no menu is open any more.
-    std::function<std::function<void()>(const Tool&)> EntryDelete;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -71,6 +64,7 @@ private:
     CommandBar& m_bar;
     ToolActions& m_actions;
     QWidget& m_window;
+    EntryGestures& m_gestures;
     Scrolling m_style;
     std::unordered_map<Text, QPointer<QMenu>> m_menus; ///< by the band's name
     QPointer<QMenu> m_entryPopup;                      ///< the menu that was opened over others

@@ -13,11 +13,11 @@
 
 namespace tessa::qt {
 
-CommandBarView::CommandBarView(CommandBar& bar, QMainWindow& window)
+CommandBarView::CommandBarView(CommandBar& bar, QMainWindow& window, EntryGestures& gestures)
     : m_bar(bar),
       m_window(window),
       m_actions(bar),
-      m_menus(bar, m_actions, window),
+      m_menus(bar, m_actions, window, gestures),
       m_toolBars(bar, window, m_actions, m_menus),
       m_docking(bar, window, m_toolBars),
       m_ring(window, m_toolBars) {

@@ -14,12 +14,12 @@ class QContextMenuEvent;
 
 namespace tessa::qt {
 
-/// Shows a `CommandBar` in a window's menu bar, toolbars and menus. The bar and the window outlive it.
+/// Shows a `CommandBar` in a window's menu bar, toolbars and menus. The bar, the window and the gestures outlive it.
 class CommandBarView final : public QObject {
     Q_OBJECT
 
 public:
-    CommandBarView(CommandBar& bar, QMainWindow& window);
+    CommandBarView(CommandBar& bar, QMainWindow& window, EntryGestures& gestures = EntryGestures::None());
 
     /// The action of a tool that is shown somewhere; nothing for any other.
     [[nodiscard]] QAction* Find(TextView name) const { return m_actions.Find(name); }

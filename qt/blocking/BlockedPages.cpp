@@ -6,6 +6,7 @@
 #include <QWebEnginePage>
 #include <QWebEngineUrlRequestInfo>
 #include <QWebEngineUrlRequestInterceptor>
+#include <algorithm>
 #include <utility>
 
 namespace tessa::qt {
@@ -84,6 +85,11 @@ bool IsSamePage(const QUrl& one, const QUrl& other) {
     return one.matches(other, QUrl::RemoveFragment);
 }
 
+bool IsSameOrigin(const QUrl& one, const QUrl& other) {
+    constexpr auto kOthers = QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment;
+    return one.matches(other, kOthers);
+}
+
 } // namespace
 
 /// Is asked right after the profile's interceptor, and knows the page.
@@ -133,12 +139,21 @@ void BlockedPages::FollowOpened(WebPage& opened, QWebEnginePage& opener) {
 }
 
 // The engine says to whom a request belongs by the address of the page alone, which several may have.
-std::vector<QWebEnginePage*> BlockedPages::FindPages(const QUrl& shown) const {
+std::vector<QWebEnginePage*> BlockedPages::FindPages(const QUrl& shown, IsSame isSame) const {
     std::vector<QWebEnginePage*> found;
     for (const auto& [page, stopped] : m_pages)
-        if (stopped.page && (IsSamePage(stopped.page->url(), shown) || IsSamePage(stopped.page->requestedUrl(), shown)))
+        if (stopped.page && (isSame(stopped.page->url(), shown) || isSame(stopped.page->requestedUrl(), shown)))
             found.push_back(stopped.page);
+    // Where nobody says it better, the one that loads.
+    std::ranges::stable_partition(found, &QWebEnginePage::isLoading);
     return found;
+}
+
+// Qt 6.11 knows of a web socket the address of its frame, and of the page only the origin.
+QWebEnginePage* BlockedPages::FindAsker(const QWebEngineUrlRequestInfo& info) const {
+    std::vector<QWebEnginePage*> pages = FindPages(info.initiator(), IsSamePage);
+    if (pages.empty()) pages = FindPages(info.firstPartyUrl(), IsSameOrigin);
+    return pages.empty() ? nullptr : pages.front();
 }
 
 bool BlockedPages::Judge(QWebEngineUrlRequestInfo& info) {
@@ -147,13 +162,13 @@ bool BlockedPages::Judge(QWebEngineUrlRequestInfo& info) {
     const QUrl page = info.firstPartyUrl(), address = info.requestUrl();
     const RuleVerdict verdict = m_blocker.VerdictOn(address, info.initiator(), page, TypeOf(info));
     if (!verdict.Blocked) return false;
-    const std::vector<QWebEnginePage*> pages = FindPages(page);
+    const std::vector<QWebEnginePage*> pages = FindPages(page, IsSamePage);
     if (pages.size() > 1 && HasPage(info.resourceType())) {
         m_left = Left{address, verdict};
         return true;
     }
     Stop(info, verdict.Instead);
-    if (!pages.empty()) Note(*pages.front(), address, *verdict.By);
+    if (auto* shown = pages.empty() ? FindAsker(info) : pages.front()) Note(*shown, address, *verdict.By);
     return true;
 }
 

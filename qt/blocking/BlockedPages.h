@@ -64,7 +64,9 @@ private:
     void JudgeFor(QWebEnginePage& page, QWebEngineUrlRequestInfo& info);
     void Begin(QWebEnginePage& page);
     void Note(QWebEnginePage& page, const QUrl& address, const RuleFound& by);
-    [[nodiscard]] std::vector<QWebEnginePage*> FindPages(const QUrl& shown) const;
+    using IsSame = bool (*)(const QUrl&, const QUrl&);
+    [[nodiscard]] std::vector<QWebEnginePage*> FindPages(const QUrl& shown, IsSame isSame) const;
+    [[nodiscard]] QWebEnginePage* FindAsker(const QWebEngineUrlRequestInfo& info) const;
 
     Blocker& m_blocker;
     std::map<const QWebEnginePage*, Stopped> m_pages;

@@ -28,7 +28,11 @@ QLabel* Caption(Label& label, const char* name, QWidget* buddy) {
 } // namespace
 
 AddFavorite::AddFavorite(frmAddFavorite& form, QWidget* parent)
-    : QDialog(parent), m_form(form), m_tree(new FavoriteTree(form.Root(), FavoriteTree::Shows::Folders)) {
+    : QDialog(parent),
+      m_form(form),
+      m_tree(new FavoriteTree(form.Root(), FavoriteTree::Shows::Folders, [&form](const Text& path, const Text& name) {
+          return form.treFolders_AfterLabelEdit(path, name);
+      })) {
     setObjectName(QStringLiteral("frmAddFavorite"));
     setWindowTitle(ToQt(form.Caption));
     auto* name = new QLineEdit;
@@ -56,9 +60,6 @@ AddFavorite::AddFavorite(frmAddFavorite& form, QWidget* parent)
 
 void AddFavorite::BindTree() {
     m_tree->Chosen.ConnectForLife([this](const Text& path) { m_form.Folder = path; });
-    m_tree->Renamed = [this](const Text& path, const Text& name) {
-        return m_form.treFolders_AfterLabelEdit(path, name);
-    };
     m_connections += m_form.NewFolder.Connect([this](const Text& folder, const Text& made) {
         m_tree->Reload(folder);
         m_tree->Edit(made);

@@ -21,9 +21,10 @@ bool IsFolder(const QTreeWidgetItem& item) { return item.data(0, kIsFolder).toBo
 
 } // namespace
 
-FavoriteTree::FavoriteTree(Text root, Shows shows)
+FavoriteTree::FavoriteTree(Text root, Shows shows, Renamer rename)
     : m_root(std::move(root)),
       m_shows(shows),
+      m_rename(std::move(rename)),
       m_folderIcon(WithSelectedLook(Icons::Of({u"folder"}))),
       m_pageIcon(WithSelectedLook(Icons::Of({u"text-html"}))) {
     header()->hide();
@@ -135,7 +136,7 @@ void FavoriteTree::OnChanged(QTreeWidgetItem& item) {
 }
 
 void FavoriteTree::Rename(const Text& path, const Text& name) {
-    const auto renamed = Renamed ? Renamed(path, name) : std::nullopt;
+    const auto renamed = m_rename(path, name);
     if (!renamed) return;
     Reload(Favorites::FolderOf(path));
     Select(*renamed);

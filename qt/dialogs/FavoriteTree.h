@@ -12,7 +12,10 @@ class FavoriteTree final : public QTreeWidget {
 public:
     enum class Shows { Everything, Folders };
 
-    FavoriteTree(Text root, Shows shows);
+    /// Renames what a line stands for: its new path, nothing when it keeps the old one.
+    using Renamer = std::function<std::optional<Text>(const Text& path, const Text& name)>;
+
+    FavoriteTree(Text root, Shows shows, Renamer rename);
 
     /// Selects the line of a path and opens the folders above it. Selects the root for a missing path.
     void Select(const Text& path);
@@ -24,8 +27,6 @@ public:
 
     /// The user has selected a line.
     Signal<void(const Text& path)> Chosen;
-    /// The user has typed a name for a line: its new path, nothing when it keeps the old one.
-    std::function<std::optional<Text>(const Text& path, const Text& name)> Renamed;
     /// The user has dragged a line onto a folder, or onto a line in it.
     Signal<void(const Text& path, const Text& folder)> Dropped;
 
@@ -44,6 +45,7 @@ private:
 
     Text m_root;
     Shows m_shows;
+    Renamer m_rename;
     QIcon m_folderIcon, m_pageIcon;
 };
 

@@ -27,7 +27,12 @@ constexpr QSize kAskSize{360, 340};
 } // namespace
 
 OrganizeFavorites::OrganizeFavorites(frmOrganizeFavorites& form, QWidget* parent)
-    : QDialog(parent), m_form(form), m_tree(new FavoriteTree(form.Root(), FavoriteTree::Shows::Everything)) {
+    : QDialog(parent),
+      m_form(form),
+      m_tree(
+          new FavoriteTree(form.Root(), FavoriteTree::Shows::Everything, [&form](const Text& path, const Text& title) {
+              return form.treFavorites_AfterLabelEdit(path, title);
+          })) {
     setObjectName(QStringLiteral("frmOrganizeFavorites"));
     setWindowTitle(ToQt(form.Caption));
     auto* columns = new QHBoxLayout(this);
@@ -101,9 +106,6 @@ QVBoxLayout* OrganizeFavorites::Buttons() {
 
 void OrganizeFavorites::BindTree() {
     m_tree->Chosen.ConnectForLife([this](const Text& path) { m_form.Selected = path; });
-    m_tree->Renamed = [this](const Text& path, const Text& title) {
-        return m_form.treFavorites_AfterLabelEdit(path, title);
-    };
     // Not while the tree still handles the drop: the line that was dragged goes.
     m_tree->Dropped.ConnectForLife([this](const Text& path, const Text& folder) {
         QMetaObject::invokeMethod(
@@ -156,7 +158,8 @@ Text OrganizeFavorites::AskFolder() {
     QDialog dialog(this);
     dialog.setObjectName(QStringLiteral("frmMoveFavorite"));
     dialog.setWindowTitle(QStringLiteral("Move to Folder"));
-    auto* tree = new FavoriteTree(m_form.Root(), FavoriteTree::Shows::Folders);
+    auto* tree = new FavoriteTree(m_form.Root(), FavoriteTree::Shows::Folders,
+                                  [](const Text&, const Text&) { return std::optional<Text>(); });
     tree->setObjectName(QStringLiteral("treFolders"));
     tree->setAccessibleName(QStringLiteral("Folders"));
     tree->setEditTriggers(QAbstractItemView::NoEditTriggers);

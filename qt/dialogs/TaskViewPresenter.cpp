@@ -138,11 +138,6 @@ bool TaskDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 TaskViewPresenter::TaskViewPresenter(frmTaskView& form, QWidget& window) : m_form(form), m_window(window) {
-    m_form.ReadProcess = SystemProcessUse;
-    m_form.Now = [] {
-        return std::chrono::duration_cast<std::chrono::milliseconds>(
-            std::chrono::steady_clock::now().time_since_epoch());
-    };
     m_connections += m_form.ShowMainWindow.Connect([this] {
         m_window.raise();
         m_window.activateWindow();
@@ -157,7 +152,6 @@ TaskViewPresenter::TaskViewPresenter(frmTaskView& form, QWidget& window) : m_for
 }
 
 TaskViewPresenter::~TaskViewPresenter() {
-    m_form.ReadProcess = {};
     m_connections.End();
     delete m_dialog;
 }

@@ -4,10 +4,8 @@
 #include "qt/base/Strings.h"
 #include "qt/downloads/DownloadLines.h"
 
-#include <QApplication>
 #include <QDockWidget>
 #include <QEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
@@ -26,12 +24,14 @@ constexpr int kShareOfWindow = 4;
 constexpr int kContentsMargin = 6;
 } // namespace
 
-DownloadsPanel::DownloadsPanel(frmDownloads& form, QMainWindow& window) : m_form(form), m_window(window) {
+DownloadsPanel::DownloadsPanel(frmDownloads& form, QMainWindow& window)
+    : m_form(form), m_window(window), m_pane(window, QStringLiteral("downloads")) {
     m_refresh.setSingleShot(true);
     m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
     m_connections += m_form.Schedule.Connect([this] {
         if (!m_refresh.isActive()) m_refresh.start(kLinesRefresh);
     });
+    m_connections += m_pane.Dismissed.Connect([this] { m_form.Form.Visible = false; });
     m_connections += m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : Close(); });
 }
 
@@ -41,18 +41,14 @@ DownloadsPanel::~DownloadsPanel() {
 }
 
 void DownloadsPanel::Open() {
-    if (m_pane) return;
-    m_pane = new QDockWidget(ToQt(m_form.Caption), &m_window);
-    m_pane->setObjectName(QStringLiteral("downloads"));
-    m_pane->setWidget(Contents());
-    m_pane->installEventFilter(this);
-    m_pane->widget()->installEventFilter(this);
-    m_window.addDockWidget(Qt::RightDockWidgetArea, m_pane);
-    m_pane->show();
+    if (m_pane.Get()) return;
+    m_pane.Open(ToQt(m_form.Caption), *Contents());
+    m_pane.Get()->installEventFilter(this);
+    m_pane.Get()->widget()->installEventFilter(this);
     Fit();
     LayButtons();
     m_window.installEventFilter(this);
-    m_pane->findChild<DownloadLines*>()->setFocus(Qt::OtherFocusReason);
+    m_pane.Get()->findChild<DownloadLines*>()->setFocus(Qt::OtherFocusReason);
 }
 
 QWidget* DownloadsPanel::Contents() {
@@ -94,7 +90,7 @@ void DownloadsPanel::LayButtons() {
         all.push_back(m_buttons->itemAt(i)->widget());
         widest = std::max(widest, all.back()->sizeHint().width());
     }
-    const int free = m_pane->widget()->width() - 2 * kContentsMargin - m_buttons->horizontalSpacing();
+    const int free = m_pane.Get()->widget()->width() - 2 * kContentsMargin - m_buttons->horizontalSpacing();
     const int columns = free >= 2 * widest ? 2 : 1;
     if (std::exchange(m_columns, columns) == columns) return;
     for (QWidget* each : all) m_buttons->removeWidget(each);
@@ -106,23 +102,15 @@ void DownloadsPanel::LayButtons() {
 }
 
 void DownloadsPanel::Fit() {
-    if (!m_pane) return;
-    const int wanted = m_width > 0 ? m_width : std::min(kUsualWidth, m_window.width() / kShareOfWindow);
-    m_window.resizeDocks({m_pane}, {wanted}, Qt::Horizontal);
+    m_pane.SetWidth(m_width > 0 ? m_width : std::min(kUsualWidth, m_window.width() / kShareOfWindow));
 }
 
 void DownloadsPanel::Close() {
-    if (!m_pane) return;
-    const bool hadFocus = m_pane->isAncestorOf(QApplication::focusWidget());
+    if (!m_pane.Get()) return;
     m_window.removeEventFilter(this);
-    m_pane->removeEventFilter(this);
-    m_pane->widget()->removeEventFilter(this);
-    m_pane->hide();
-    // It may be in the middle of telling that it was closed. Until it is gone, another may open under its name.
-    m_pane->setObjectName({});
-    m_pane->deleteLater();
-    m_pane.clear();
-    if (hadFocus) FocusPage();
+    m_pane.Get()->removeEventFilter(this);
+    m_pane.Get()->widget()->removeEventFilter(this);
+    m_pane.Close();
 }
 
 // A press that reaches the window itself is on a border between its panes.
@@ -136,22 +124,12 @@ bool DownloadsPanel::OnWindow(const QEvent& event) {
 
 bool DownloadsPanel::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &m_window) return OnWindow(*event);
-    if (event->type() == QEvent::Resize && watched == m_pane) {
-        if (m_drags) m_width = m_pane->width();
-        return false;
-    }
-    if (watched == m_pane->widget()) {
-        if (event->type() == QEvent::Resize) LayButtons();
-        return false;
-    }
-    const auto pressed = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    const bool escape = pressed && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
-    if (escape && event->type() == QEvent::ShortcutOverride) event->accept();
-    if (event->type() == QEvent::Close || (escape && event->type() == QEvent::KeyPress)) {
-        m_form.Form.Visible = false;
-        return true;
-    }
-    return QObject::eventFilter(watched, event);
+    if (event->type() != QEvent::Resize) return QObject::eventFilter(watched, event);
+    if (watched != m_pane.Get())
+        LayButtons();
+    else if (m_drags)
+        m_width = m_pane.Get()->width();
+    return false;
 }
 
 } // namespace tessa::qt

@@ -1,12 +1,12 @@
 #pragma once
 #include "base/Signal.h"
 #include "downloads/frmDownloads.h"
+#include "qt/base/DockedPane.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
 
-class QDockWidget;
 class QGridLayout;
 class QMainWindow;
 
@@ -23,7 +23,7 @@ public:
     ~DownloadsPanel() override;
 
     /// Gives the keyboard back to the page.
-    Signal<void()> FocusPage;
+    [[nodiscard]] Signal<void()>& FocusPage() { return m_pane.KeyboardFree; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,7 +39,7 @@ private:
 
     frmDownloads& m_form;
     QMainWindow& m_window;
-    QPointer<QDockWidget> m_pane;
+    DockedPane m_pane;
     QPointer<QGridLayout> m_buttons;
     QTimer m_refresh;
     int m_columns = 0;

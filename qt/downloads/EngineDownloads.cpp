@@ -147,10 +147,7 @@ const Download* EngineDownloads::Continued(const Request& request, const Followe
     return !over && download->Address == Address::WithoutUser(AddressOf(request)) ? download : nullptr;
 }
 
-const Download& EngineDownloads::Begin(Request& request, const Followed& from, const QString& path) {
-    Downloads::Request wanted;
-    wanted.Address = AddressOf(request);
-    wanted.Total = request.totalBytes();
+void EngineDownloads::ChoosePlace(Downloads::Request& wanted, Request& request, const QString& path) {
     if (request.isSavePageDownload()) {
         // The user has chosen its place in a dialog that asks before anything is replaced.
         wanted.Path = FromQt(QDir(request.downloadDirectory()).filePath(request.downloadFileName()));
@@ -169,6 +166,13 @@ const Download& EngineDownloads::Begin(Request& request, const Followed& from, c
     } else {
         wanted.SuggestedName = FromQt(request.suggestedFileName());
     }
+}
+
+const Download& EngineDownloads::Begin(Request& request, const Followed& from, const QString& path) {
+    Downloads::Request wanted;
+    wanted.Address = AddressOf(request);
+    wanted.Total = request.totalBytes();
+    ChoosePlace(wanted, request, path);
     // The page may have gone by now; its profile knows.
     const bool offTheRecord = !from.profile || from.profile->isOffTheRecord();
     wanted.Kept = offTheRecord ? Remembered::No : Remembered::Yes;

@@ -75,6 +75,8 @@ private:
     /// The list's download with which the engine goes on; nothing when it is a new one.
     [[nodiscard]] const Download* Continued(const QWebEngineDownloadRequest& request, const Followed& from) const;
     /// `path` is where a document is to lie that the user saves; empty for anything else.
+    /// Where the file goes, or under which name it is proposed.
+    void ChoosePlace(Downloads::Request& wanted, QWebEngineDownloadRequest& request, const QString& path);
     const Download& Begin(QWebEngineDownloadRequest& request, const Followed& from, const QString& path);
     /// The name under which a request comes back that is expected.
     QString Expect(const Expected& expected);

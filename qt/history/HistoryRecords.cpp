@@ -150,28 +150,33 @@ void HistoryRecords::Change(const Row& row, const HistoryVisit& visit) {
     if (!same) Index(id, title, row.address, visit.Passages, true);
 }
 
+HistoryEntry HistoryRecords::EntryOf(const QSqlQuery& query) {
+    HistoryEntry entry;
+    entry.Id = query.value(0).toLongLong();
+    entry.Address = FromQt(query.value(1).toString());
+    entry.Site = FromQt(query.value(2).toString());
+    entry.Title = FromQt(query.value(3).toString());
+    entry.Group = FromQt(query.value(4).toString());
+    entry.First = query.value(5).toLongLong();
+    entry.Last = query.value(6).toLongLong();
+    entry.Visits = query.value(7).toLongLong();
+    if (!query.value(8).isNull()) entry.Share = query.value(8).toInt();
+    return entry;
+}
+
 std::vector<HistoryEntry> HistoryRecords::Load(const std::vector<Text>& addresses) {
     std::vector<HistoryEntry> entries;
     for (const Text& each : addresses) {
-        QSqlQuery query = m_database.Run(
-            QStringLiteral("SELECT page.id, address, site, title, grp, first, last, visits, share, said, asread "
-                           "FROM page LEFT JOIN passages ON passages.id = page.id WHERE address=?"),
-            {ToQt(each)});
+        QSqlQuery query = m_database.Run(QStringLiteral("SELECT ") + kEntryColumns +
+                                             QStringLiteral(", said, asread FROM page LEFT JOIN passages ON "
+                                                            "passages.id = page.id WHERE address=?"),
+                                         {ToQt(each)});
         const bool found = query.next();
         m_database.Note(query);
         if (!found) continue;
-        HistoryEntry entry;
-        entry.Id = query.value(0).toLongLong();
-        entry.Address = FromQt(query.value(1).toString());
-        entry.Site = FromQt(query.value(2).toString());
-        entry.Title = FromQt(query.value(3).toString());
-        entry.Group = FromQt(query.value(4).toString());
-        entry.First = query.value(5).toLongLong();
-        entry.Last = query.value(6).toLongLong();
-        entry.Visits = query.value(7).toLongLong();
-        if (!query.value(8).isNull()) entry.Share = query.value(8).toInt();
-        entry.Passages = Unpacked(query.value(9).toByteArray());
-        entry.AsRead = StringOf(query.value(10).toByteArray());
+        HistoryEntry entry = EntryOf(query);
+        entry.Passages = Unpacked(query.value(kAfterEntry).toByteArray());
+        entry.AsRead = StringOf(query.value(kAfterEntry + 1).toByteArray());
         entries.push_back(std::move(entry));
     }
     return entries;

@@ -27,6 +27,11 @@ public:
     /// The time of the visit that came last.
     [[nodiscard]] std::int64_t LastVisit();
 
+    /// The nine columns that an entry begins with, in the order of kEntryColumns.
+    [[nodiscard]] static HistoryEntry EntryOf(const QSqlQuery& query);
+    static constexpr QLatin1String kEntryColumns{
+        "page.id, page.address, site, page.title, grp, first, last, visits, share"};
+    static constexpr int kAfterEntry = 9; ///< the first column behind them
     /// The passages as they are kept, and back.
     [[nodiscard]] static QByteArray Packed(const std::string& passages);
     [[nodiscard]] static std::string Unpacked(const QByteArray& packed);

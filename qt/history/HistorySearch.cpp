@@ -32,11 +32,10 @@ Statement StatementOf(const HistoryQuery& query) {
             QVariant(static_cast<qlonglong>(query.Below)));
     if (!query.Site.empty()) add(QStringLiteral("site=?"), ToQt(query.Site));
     if (!query.Group.empty()) add(QStringLiteral("grp=?"), ToQt(query.Group));
-    made.text =
-        QStringLiteral("SELECT page.id, page.address, site, page.title, grp, first, last, visits, share, picture") +
-        (query.Passages ? QStringLiteral(", said FROM ") : QStringLiteral(" FROM ")) +
-        (words ? QStringLiteral("words JOIN page ON page.id = words.rowid") : QStringLiteral("page")) +
-        QStringLiteral(" LEFT JOIN icon ON icon.id = page.icon");
+    made.text = QStringLiteral("SELECT ") + HistoryRecords::kEntryColumns + QStringLiteral(", picture") +
+                (query.Passages ? QStringLiteral(", said FROM ") : QStringLiteral(" FROM ")) +
+                (words ? QStringLiteral("words JOIN page ON page.id = words.rowid") : QStringLiteral("page")) +
+                QStringLiteral(" LEFT JOIN icon ON icon.id = page.icon");
     if (query.Passages) made.text += QStringLiteral(" LEFT JOIN passages ON passages.id = page.id");
     if (!where.isEmpty()) made.text += QStringLiteral(" WHERE ") + where.join(QStringLiteral(" AND "));
     made.text += words ? QStringLiteral(" ORDER BY words.rowid DESC") : QStringLiteral(" ORDER BY page.id DESC");
@@ -49,19 +48,10 @@ std::string BytesAt(const QSqlQuery& query, int column) {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
-HistoryEntry EntryOf(const QSqlQuery& query, bool passages) {
-    HistoryEntry entry;
-    entry.Id = query.value(0).toLongLong();
-    entry.Address = FromQt(query.value(1).toString());
-    entry.Site = FromQt(query.value(2).toString());
-    entry.Title = FromQt(query.value(3).toString());
-    entry.Group = FromQt(query.value(4).toString());
-    entry.First = query.value(5).toLongLong();
-    entry.Last = query.value(6).toLongLong();
-    entry.Visits = query.value(7).toLongLong();
-    if (!query.value(8).isNull()) entry.Share = query.value(8).toInt();
-    entry.Icon = BytesAt(query, 9);
-    if (passages) entry.Passages = HistoryRecords::Unpacked(query.value(10).toByteArray());
+HistoryEntry FoundEntry(const QSqlQuery& query, bool passages) {
+    HistoryEntry entry = HistoryRecords::EntryOf(query);
+    entry.Icon = BytesAt(query, HistoryRecords::kAfterEntry);
+    if (passages) entry.Passages = HistoryRecords::Unpacked(query.value(HistoryRecords::kAfterEntry + 1).toByteArray());
     return entry;
 }
 
@@ -76,7 +66,7 @@ HistoryFound HistorySearch::Find(const HistoryQuery& query) {
             found.More = true;
             break;
         }
-        found.Entries.push_back(EntryOf(rows, query.Passages));
+        found.Entries.push_back(FoundEntry(rows, query.Passages));
     }
     m_database.Note(rows);
     return found;

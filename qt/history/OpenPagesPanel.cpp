@@ -4,7 +4,6 @@
 #include "qt/base/Strings.h"
 #include "qt/history/PassageLines.h"
 
-#include <QApplication>
 #include <QDockWidget>
 #include <QKeyEvent>
 #include <QLabel>
@@ -23,31 +22,28 @@ constexpr std::chrono::milliseconds kGathered{40};
 constexpr int kUsualPaneWidth = 360, kPaneMargin = 6;
 } // namespace
 
-OpenPagesPanel::OpenPagesPanel(frmOpenPages& form, QMainWindow& window) : m_form(form), m_window(window) {
+OpenPagesPanel::OpenPagesPanel(frmOpenPages& form, QMainWindow& window)
+    : m_form(form), m_window(window), m_pane(window, QStringLiteral("open pages")) {
     m_refresh.setSingleShot(true);
     m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
     m_connections += m_form.Schedule.Connect([this] {
         if (!m_refresh.isActive()) m_refresh.start(kGathered);
     });
-    m_connections += m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : Close(); });
+    m_connections += m_pane.Dismissed.Connect([this] { m_form.Form.Visible = false; });
+    m_connections += m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : m_pane.Close(); });
 }
 
 OpenPagesPanel::~OpenPagesPanel() {
     m_connections.End();
-    Close();
+    m_pane.Close();
 }
 
 void OpenPagesPanel::Open() {
-    if (m_pane) return;
-    m_pane = new QDockWidget(ToQt(m_form.Caption), &m_window);
-    m_pane->setObjectName(QStringLiteral("open pages"));
-    m_pane->setWidget(Contents());
-    m_pane->installEventFilter(this);
-    m_window.addDockWidget(Qt::RightDockWidgetArea, m_pane);
-    m_pane->show();
-    m_window.resizeDocks({m_pane}, {std::min(kUsualPaneWidth, m_window.width() / 3)}, Qt::Horizontal);
+    if (m_pane.Get()) return;
+    m_pane.Open(ToQt(m_form.Caption), *Contents());
+    m_pane.SetWidth(std::min(kUsualPaneWidth, m_window.width() / 3));
     ShowLines();
-    m_pane->findChild<QLineEdit*>()->setFocus(Qt::OtherFocusReason);
+    m_pane.Get()->findChild<QLineEdit*>()->setFocus(Qt::OtherFocusReason);
 }
 
 QWidget* OpenPagesPanel::Contents() {
@@ -90,28 +86,14 @@ void OpenPagesPanel::ShowLines() {
     m_list->setCurrentRow(std::min(row, m_list->count() - 1));
 }
 
-void OpenPagesPanel::Close() {
-    if (!m_pane) return;
-    const bool hadFocus = m_pane->isAncestorOf(QApplication::focusWidget());
-    m_pane->removeEventFilter(this);
-    m_pane->hide();
-    // It may be in the middle of telling that it was closed. Until it is gone, another may open under its name.
-    m_pane->setObjectName({});
-    m_pane->deleteLater();
-    m_pane.clear();
-    if (hadFocus) FocusPage();
-}
-
 // From the words down into the list and back; Return opens the first, or the one that is selected.
 bool OpenPagesPanel::OnKey(QObject* watched, int key) {
     const bool list = watched == m_list;
-    if (key == Qt::Key_Escape)
-        m_form.Form.Visible = false;
-    else if (key == Qt::Key_Down && !list && m_list && m_list->count() > 0) {
+    if (key == Qt::Key_Down && !list && m_list && m_list->count() > 0) {
         m_list->setFocus(Qt::TabFocusReason);
         if (m_list->currentRow() < 0) m_list->setCurrentRow(0);
     } else if (key == Qt::Key_Up && list && m_list->currentRow() <= 0) {
-        m_pane->findChild<QLineEdit*>()->setFocus(Qt::BacktabFocusReason);
+        m_pane.Get()->findChild<QLineEdit*>()->setFocus(Qt::BacktabFocusReason);
     } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && m_list && m_list->count() > 0) {
         m_form.lstFound_Click(static_cast<std::size_t>(std::max(0, m_list->currentRow())));
     } else {
@@ -121,12 +103,6 @@ bool OpenPagesPanel::OnKey(QObject* watched, int key) {
 }
 
 bool OpenPagesPanel::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Close && watched == m_pane) {
-        m_form.Form.Visible = false;
-        return true;
-    }
-    const bool override = event->type() == QEvent::ShortcutOverride;
-    if (override && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) event->accept();
     if (event->type() == QEvent::KeyPress && OnKey(watched, static_cast<QKeyEvent*>(event)->key())) return true;
     return QObject::eventFilter(watched, event);
 }

@@ -1,12 +1,12 @@
 #pragma once
 #include "base/Signal.h"
 #include "history/frmOpenPages.h"
+#include "qt/base/DockedPane.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
 
-class QDockWidget;
 class QListWidget;
 class QMainWindow;
 
@@ -22,21 +22,20 @@ public:
     ~OpenPagesPanel() override;
 
     /// Gives the keyboard back to the page.
-    Signal<void()> FocusPage;
+    [[nodiscard]] Signal<void()>& FocusPage() { return m_pane.KeyboardFree; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Open();
-    void Close();
     [[nodiscard]] QWidget* Contents();
     void ShowLines();
     bool OnKey(QObject* watched, int key);
 
     frmOpenPages& m_form;
     QMainWindow& m_window;
-    QPointer<QDockWidget> m_pane;
+    DockedPane m_pane;
     QPointer<QListWidget> m_list;
     QTimer m_refresh;
     Connections m_connections;

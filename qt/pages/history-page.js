@@ -8,6 +8,8 @@
     var more = document.getElementById('more'), count = document.getElementById('count');
     var actions = ['open', 'keep', 'delete'].map(function (id) { return document.getElementById(id); });
     var asked = 0, shown = 0, below = 0, waiting = false, chosenSite = '', last = null;
+    // Keys that were meant for the answer that is still to come.
+    var early = [];
 
     function ask(what, fields) {
         var parts = Object.keys(fields).map(function (key) { return key + '=' + encodeURIComponent(fields[key]); });
@@ -16,6 +18,7 @@
 
     function find(from) {
         waiting = true;
+        early = [];
         ask('find', { n: ++asked, words: words.value, site: chosenSite, group: group.value, below: from });
     }
 
@@ -54,12 +57,28 @@
         if (all[index]) all[index].querySelector('a').focus();
     }
 
+    // Whoever types fast chooses from what is found, not from what is still shown.
+    function isEarly(key) {
+        if (!waiting || document.activeElement !== words) return false;
+        return key === 'ArrowDown' || ((key === 'Enter' || key === 'ArrowUp') && early.length > 0);
+    }
+
+    function pressEarly() {
+        var keys = early, at = -1;
+        early = [];
+        keys.forEach(function (key) {
+            if (key !== 'Enter') focusRow(at = Math.min(Math.max(at + (key === 'ArrowDown' ? 1 : -1), -1), rows().length - 1));
+            else if (at >= 0) rows()[at].querySelector('a').click();
+        });
+    }
+
     // From one row to the next; the words are above the first.
     function onKey(event) {
         var row = document.activeElement && document.activeElement.closest('li');
         var at = row ? rows().indexOf(row) : -1;
         if (document.activeElement.closest('select, .actions, #site')) return;
-        if (event.key === 'ArrowDown') focusRow(at + 1);
+        if (isEarly(event.key)) early.push(event.key);
+        else if (event.key === 'ArrowDown') focusRow(at + 1);
         else if (event.key === 'ArrowUp' && row) focusRow(at - 1);
         else if (event.key === ' ' && row && document.activeElement.localName === 'a') toggle(row, event.shiftKey);
         else if (event.key === 'Delete' && row) act('delete');
@@ -131,6 +150,9 @@
         more.hidden = head[3] === '0';
         below = Number(head[4]);
         showActions();
+        if (waiting) return;
+        document.title = (words.value.trim() === '' ? '' : words.value.trim() + ' - ') + 'History';
+        pressEarly();
     };
     words.focus();
     find(0);

@@ -10,20 +10,12 @@
 namespace tessa::qt {
 
 BarAssembly::BarAssembly(frmMain& main, MainWindowFrame& window, Engine& engine)
-    : m_look(main.actBar, window), m_commandBar(main.actBar, window), m_customize(main.actBar, window) {
+    : m_look(main.actBar, window), m_commandBar(main.actBar, window, main.Menus()), m_customize(main.actBar, window) {
     m_customize.Closed.ConnectForLife([&main] { main.SaveLayout(); });
     m_commandBar.Reveal.ConnectForLife([&window] { window.RevealBars(); });
     m_connections +=
         engine.Told().MenuPlace.Connect([this](std::optional<QPoint> at) { m_commandBar.Menus().PlaceNext(at); });
-    FollowMenus(main);
     FollowRing(main, engine);
-}
-
-void BarAssembly::FollowMenus(frmMain& main) {
-    auto& menus = m_commandBar.Menus();
-    menus.EntryPopup = [&main](const Tool& tool) { return main.Menus().EntryPopup(tool); };
-    menus.EntryMiddleClick = [&main](const Tool& tool) { return main.Menus().EntryMiddleClick(tool); };
-    menus.EntryDelete = [&main](const Tool& tool) { return main.Menus().EntryDelete(tool); };
 }
 
 void BarAssembly::FollowRing(frmMain& main, Engine& engine) {

@@ -26,7 +26,6 @@ public:
     void Customize() { m_customize.Open(); }
 
 private:
-    void FollowMenus(frmMain& main);
     void FollowRing(frmMain& main, Engine& engine);
 
     ToolBarLook m_look;

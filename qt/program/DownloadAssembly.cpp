@@ -25,7 +25,7 @@ DownloadAssembly::DownloadAssembly(Engine& engine) : m_pages(engine) {
 void DownloadAssembly::Serve(frmMain& main, QMainWindow& window) {
     downloads.BringTo(main.Downloads());
     m_panel.emplace(main.DownloadPanel(), window);
-    m_panel->FocusPage.ConnectForLife([&main] { main.FocusPage(); });
+    m_panel->FocusPage().ConnectForLife([&main] { main.FocusPage(); });
 }
 
 } // namespace tessa::qt

@@ -43,7 +43,7 @@ void HistoryAssembly::Serve(frmMain& main, Engine& engine, QMainWindow& window) 
         [&main](std::int32_t index, const QString& message) { main.AskHistory(index, FromQt(message)); });
     engine.Told().ReadToEnd.ConnectForLife([&main] { main.ReadOn(); });
     m_panel.emplace(main.OpenPagesPanel(), window);
-    m_panel->FocusPage.ConnectForLife([&main] { main.FocusPage(); });
+    m_panel->FocusPage().ConnectForLife([&main] { main.FocusPage(); });
 }
 
 } // namespace tessa::qt

@@ -14,12 +14,11 @@
 namespace tessa::qt {
 
 WindowAssembly::WindowAssembly(frmMain& main, MainWindowFrame& window, TabStripView& strip)
-    : statusBar(main.sbStatus), m_main(main), m_window(window), m_fileDrop(window) {
+    : statusBar(main.sbStatus), m_main(main), m_window(window), m_fileDrop(window, GroupCommands::IsGroupFile) {
     m_main.pcPage.RowHeight = strip.RowHeight();
     m_window.SetTabStrip(strip);
     m_window.SetStatusBar(statusBar);
     FollowWindow(strip);
-    m_fileDrop.Takes = GroupCommands::IsGroupFile;
     m_fileDrop.Dropped.ConnectForLife([this](const std::vector<Text>& files) { m_main.OpenTessaGroups(files); });
 }
 

@@ -54,12 +54,7 @@ void TabLook::PaintBackground(QPainter& painter, const QRect& row) const {
     painter.fillRect(QRect(row.left(), edge, row.width(), 1), m_line);
 }
 
-void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
-    painter.save();
-    painter.setClipRect(face.place, Qt::IntersectClip);
-    PaintBody(painter, face);
-    const QRect icon(face.place.left() + kTabMargin, face.place.top() + (face.place.height() - kTabIconSize) / 2,
-                     kTabIconSize, kTabIconSize);
+void TabLook::PaintIcon(QPainter& painter, const TabFace& face, const QRect& icon) const {
     if (face.asks)
         PaintAskMark(painter, icon);
     else if (face.busy)
@@ -68,9 +63,16 @@ void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
         PaintBlankPage(painter, icon, Palette::Mix(m_row, m_text, 0.55));
     else
         face.icon.paint(&painter, icon);
-
     if (face.news == TabNews::New && !face.asks && !face.busy) PaintNews(painter, icon);
+}
 
+void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
+    painter.save();
+    painter.setClipRect(face.place, Qt::IntersectClip);
+    PaintBody(painter, face);
+    const QRect icon(face.place.left() + kTabMargin, face.place.top() + (face.place.height() - kTabIconSize) / 2,
+                     kTabIconSize, kTabIconSize);
+    PaintIcon(painter, face, icon);
     QRect text = face.place;
     text.setLeft(icon.right() + 1 + kTabGap);
     text.setRight(face.closeShown ? face.closePlace.left() - 3 : face.place.right() - kTabMargin);

@@ -54,6 +54,7 @@ public:
 
 private:
     void PaintBody(QPainter& painter, const TabFace& face) const;
+    void PaintIcon(QPainter& painter, const TabFace& face, const QRect& icon) const;
     void PaintNews(QPainter& painter, const QRect& icon) const;
     void PaintSound(QPainter& painter, const TabFace& face) const;
     void PaintClose(QPainter& painter, const TabFace& face) const;

@@ -9,6 +9,7 @@
 #include <QUrl>
 #include <QWidget>
 #include <QWindow>
+#include <utility>
 
 namespace tessa::qt {
 
@@ -30,13 +31,16 @@ Text LocalPathOf(const QUrl& url) {
 
 } // namespace
 
-FileDrop::FileDrop(QWidget& window) : m_window(window) { qApp->installEventFilter(this); }
+FileDrop::FileDrop(QWidget& window, std::function<bool(TextView path)> takes)
+    : m_window(window), m_takes(std::move(takes)) {
+    qApp->installEventFilter(this);
+}
 
 std::vector<Text> FileDrop::FilesOf(const QList<QUrl>& urls) const {
     std::vector<Text> files;
     for (const QUrl& url : urls) {
         Text path = LocalPathOf(url);
-        if (path.empty() || !Takes || !Takes(path)) return {};
+        if (path.empty() || !m_takes(path)) return {};
         files.push_back(std::move(path));
     }
     return files;

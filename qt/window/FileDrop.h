@@ -18,11 +18,10 @@ class FileDrop final : public QObject {
     Q_OBJECT
 
 public:
-    /// The window outlives it. Works as long as it lives.
-    explicit FileDrop(QWidget& window);
+    /// The window outlives it. Works as long as it lives. `takes` says whether a file, by its path, is one to take; all
+    /// of those that are dragged together must be.
+    FileDrop(QWidget& window, std::function<bool(TextView path)> takes);
 
-    /// Whether a file, by its path, is one to take; all of those that are dragged together must be.
-    std::function<bool(TextView path)> Takes;
     /// The paths of the files that were dropped.
     Signal<void(const std::vector<Text>& paths)> Dropped;
 
@@ -33,6 +32,7 @@ private:
     [[nodiscard]] std::vector<Text> FilesOf(const QList<QUrl>& urls) const;
 
     QWidget& m_window;
+    std::function<bool(TextView path)> m_takes;
     std::vector<Text> m_dragged; ///< the files to take that are over the window
 };
 

@@ -239,7 +239,11 @@ bool MainWindowFrame::event(QEvent* event) {
         Activate();
     }
     const bool left = event->type() == QEvent::WindowDeactivate;
-    if (left && std::exchange(m_alertsWhenLeft, false) && isMinimized()) QApplication::alert(this);
+    // For Qt 6.11 it is still the active window while it is told that it is no longer.
+    if (left && std::exchange(m_alertsWhenLeft, false))
+        QTimer::singleShot(0, this, [this] {
+            if (isMinimized()) QApplication::alert(this);
+        });
     return QMainWindow::event(event);
 }
 

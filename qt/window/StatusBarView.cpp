@@ -40,8 +40,19 @@ StatusBarView::StatusBarView(StatusBar& bar, QWidget* parent)
     connect(this, &QStatusBar::messageChanged, this, &QWidget::setAccessibleDescription);
     BindButtons();
     Measure();
+    FollowLabels();
     m_connections += m_bar.Complaint.Connect([this](TextView words) { Complain(ToQt(words)); });
     m_connections += m_bar.Notice.Attach([this](const Text& said) { ShowSaid(said); });
+    m_connections += m_bar.SimpleText.Attach([this](const Text&) {
+        if (!m_textTimer.isActive()) m_textTimer.start(kTextDelay);
+    });
+    m_connections += m_bar.Visible.Attach([this](bool) {
+        FollowVisible();
+        HeightChanged();
+    });
+}
+
+void StatusBarView::FollowLabels() {
     m_connections += m_bar.Zoom.Attach([this](const Text& text) {
         m_zoom->setText(ToQt(text));
         m_zoom->setAccessibleName(QStringLiteral("Text size %1").arg(m_zoom->text()));
@@ -55,25 +66,12 @@ StatusBarView::StatusBarView(StatusBar& bar, QWidget* parent)
         m_profile->setVisible(!text.empty());
         LayParts();
     });
-    m_connections += m_bar.SimpleText.Attach([this](const Text&) {
-        if (!m_textTimer.isActive()) m_textTimer.start(kTextDelay);
-    });
-    m_connections += m_bar.Visible.Attach([this](bool) {
-        FollowVisible();
-        HeightChanged();
-    });
 }
 
 void StatusBarView::BindButtons() {
     Bind(m_bar.StopAll, *m_stopAll, QStringLiteral("cmdStopAll"));
     Bind(m_bar.Undo, *m_undo, QStringLiteral("cmdUndo"));
-    // Not bound as a whole: its words are shown later than they are said.
-    m_saving->setObjectName(QStringLiteral("cmdSaving"));
-    connect(m_saving, &QPushButton::clicked, this, [this] { m_bar.Saving.Click(); });
-    m_connections += m_bar.Saving.Visible.Attach([this](bool visible) { m_saving->setVisible(visible); });
-    m_saving->setFlat(true);
-    m_saving->setAccessibleDescription(QStringLiteral("Shows the downloads"));
-    m_saving->setToolTip(m_saving->accessibleDescription());
+    BindSaving();
     Bind(m_bar.Blocked, *m_blocked, QStringLiteral("cmdBlocked"));
     m_blocked->setFlat(true);
     m_blocked->setAccessibleDescription(QStringLiteral("Shows what was blocked on this page"));
@@ -84,6 +82,16 @@ void StatusBarView::BindButtons() {
         button->setAutoFillBackground(true);
         button->installEventFilter(this);
     }
+}
+
+// Not bound as a whole: its words are shown later than they are said.
+void StatusBarView::BindSaving() {
+    m_saving->setObjectName(QStringLiteral("cmdSaving"));
+    connect(m_saving, &QPushButton::clicked, this, [this] { m_bar.Saving.Click(); });
+    m_connections += m_bar.Saving.Visible.Attach([this](bool visible) { m_saving->setVisible(visible); });
+    m_saving->setFlat(true);
+    m_saving->setAccessibleDescription(QStringLiteral("Shows the downloads"));
+    m_saving->setToolTip(m_saving->accessibleDescription());
     // A file that comes fast changes it many times a second.
     m_savingTimer.setSingleShot(true);
     connect(&m_savingTimer, &QTimer::timeout, this, &StatusBarView::ShowSaving);

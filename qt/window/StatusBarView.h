@@ -45,7 +45,9 @@ private:
     QLabel* MakeLabel(const QString& name);
     void FollowVisible();
     void LayParts();
+    void FollowLabels();
     void BindButtons();
+    void BindSaving();
     void ShowSaid(const Text& said);
     void ShowSaving();
     void ShowText();

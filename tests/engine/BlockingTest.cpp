@@ -370,7 +370,7 @@ TEST(ListUpdates, FetchAListOnceAndThenWhenItChanges) {
     QByteArray list = "||ads.example^\n", asked;
     server.Answer(QStringLiteral("/list"), [&](const QByteArray& request) {
         asked = request;
-        if (request.contains("If-None-Match: \"" + QByteArray::number(qHash(list)) + "\""))
+        if (request.toLower().contains("if-none-match: \"" + QByteArray::number(qHash(list)) + "\""))
             return Response("304 Not Modified", {}, {});
         return Response("200 OK", "ETag: \"" + QByteArray::number(qHash(list)) + "\"\r\n", list);
     });

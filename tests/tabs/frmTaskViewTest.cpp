@@ -1,6 +1,7 @@
 #include "tabs/frmTaskView.h"
 
 #include "tests/Desk.h"
+#include "tests/fakes/FakeProcesses.h"
 
 namespace tessa {
 
@@ -19,11 +20,7 @@ protected:
         Uses(11, 80'000'000, 0ms);
         Uses(12, 120'000'000, 0ms);
         Uses(13, 40'000'000, 0ms);
-        form.ReadProcess = [this](std::int64_t process) {
-            const auto found = processes.find(process);
-            return ++reads, found == processes.end() ? std::nullopt : std::optional(found->second);
-        };
-        form.Now = [this] { return now; };
+        form.MeasureBy(meter);
         form.ShowMainWindow.ConnectForLife([this] { ++mainShown; });
     }
     void Page(int index, TextView name, TextView address, std::int64_t process) {
@@ -45,9 +42,10 @@ protected:
 
     Desk desk;
     frmTaskView& form = desk.main.TaskView();
-    std::map<std::int64_t, ProcessUse> processes;
-    std::chrono::milliseconds now{50s};
-    int reads = 0;
+    FakeProcesses meter;
+    std::map<std::int64_t, ProcessUse>& processes = meter.processes;
+    std::chrono::milliseconds& now = meter.now;
+    int& reads = meter.reads;
     int mainShown = 0;
 };
 

@@ -1,4 +1,4 @@
-// Tests: ToolActions, ToolBars
+// Tests: EntryGestures, ToolActions, ToolBars
 #include "tests/qt/bar/BarDesk.h"
 
 #include <QMenu>
@@ -87,6 +87,8 @@ TEST_F(CommandBarViewTest, AnAccessKeyOpensItsMenu) {
 /// An open menu with a folder in it, and what its entries have been asked.
 class EntryMenuTest : public CommandBarViewTest {
 protected:
+    EntryMenuTest() { gestures = &m_entries; }
+
     void SetUp() override {
         CommandBarViewTest::SetUp();
         AddTool(u"folder", u"Folder")->SubBand = u"zzzfolder";
@@ -94,19 +96,6 @@ protected:
         AddBand(u"zzzfolder", BandKind::Popup, {});
         AddBand(u"bndFavoriteFolder", BandKind::Popup, {u"xtrFolderOpen"});
         bar.FindBand(u"bndFileMenu")->Append(bar.Share(u"folder"));
-        shown->Menus().EntryPopup = [this](const Tool& tool) {
-            const bool pops = tool.Name() == u"folder";
-            if (pops) bar.Popup(u"bndFavoriteFolder");
-            return pops;
-        };
-        shown->Menus().EntryMiddleClick = [this](const Tool& tool) {
-            return [this, name = ToUtf8(tool.Name())] { clicked += "middle " + name + ";"; };
-        };
-        shown->Menus().EntryDelete = [this](const Tool& tool) {
-            std::function<void()> effect;
-            if (tool.Name() == u"folder") effect = [this] { clicked += "delete;"; };
-            return effect;
-        };
         menu = window.menuBar()->actions().constFirst()->menu();
         // A menu takes no click where the pointer was when it opened.
         QTest::mouseMove(&window, window.rect().bottomRight() - QPoint(9, 9));
@@ -125,7 +114,36 @@ protected:
         QApplication::sendEvent(menu, &event);
     }
     QMenu* menu = nullptr;
+
+private:
+    class Entries final : public EntryGestures {
+    public:
+        explicit Entries(EntryMenuTest& test) : m_test(test) {}
+        bool EntryPopup(const Tool& tool) override {
+            const bool pops = tool.Name() == u"folder";
+            if (pops) m_test.bar.Popup(u"bndFavoriteFolder");
+            return pops;
+        }
+        std::function<void()> EntryMiddleClick(const Tool& tool) override {
+            return [this, name = ToUtf8(tool.Name())] { m_test.clicked += "middle " + name + ";"; };
+        }
+        std::function<void()> EntryDelete(const Tool& tool) override {
+            if (tool.Name() != u"folder") return {};
+            return [this] { m_test.clicked += "delete;"; };
+        }
+
+    private:
+        EntryMenuTest& m_test;
+    };
+    Entries m_entries{*this};
 };
+
+TEST_F(EntryMenuTest, ABarWithoutGesturesHasNone) {
+    const Tool tool(99, u"plain", u"Plain");
+    EXPECT_FALSE(EntryGestures::None().EntryPopup(tool));
+    EXPECT_FALSE(EntryGestures::None().EntryMiddleClick(tool));
+    EXPECT_FALSE(EntryGestures::None().EntryDelete(tool));
+}
 
 TEST_F(EntryMenuTest, AnEntryPopsUpWhatToDoWithItAndThenAllMenusClose) {
     QMenu* popup = RightClick(u"folder");

@@ -2,8 +2,8 @@
 
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeSettings.h"
+#include "tests/qt/dialogs/UseDialog.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
@@ -25,20 +25,7 @@ protected:
 
     /// What the user does in the open dialog; returns once it is closed.
     void Use(const std::function<void(QDialog&)>& user, QWidget* parent = nullptr) {
-        bool used = false;
-        QTimer::singleShot(0, [&] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-            used = true;
-            user(*dialog);
-            if (!dialog->isHidden()) {
-                ADD_FAILURE() << "the dialog is still open";
-                dialog->hide();
-            }
-        });
-        ShowModal(m_form, parent);
-        EXPECT_TRUE(used);
+        UseDialog([&] { ShowModal(m_form, parent); }, user);
         EXPECT_FALSE(m_form.Form.Visible());
     }
 };

@@ -6,6 +6,7 @@
 #include "qt/dialogs/OrganizeFavorites.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/TemporaryFolder.h"
+#include "tests/qt/dialogs/UseDialog.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -37,20 +38,7 @@ protected:
     /// What the user does in the open dialog, which must be closed at the end.
     template<typename Form>
     void Use(Form& form, const std::function<void(QDialog&)>& user) {
-        bool used = false;
-        QTimer::singleShot(0, [&] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-            used = true;
-            user(*dialog);
-            if (!dialog->isHidden()) {
-                ADD_FAILURE() << "the dialog is still open";
-                dialog->hide();
-            }
-        });
-        ShowModal(form, nullptr);
-        EXPECT_TRUE(used);
+        UseDialog([&] { ShowModal(form, nullptr); }, user);
     }
     static FavoriteTree& Tree(QDialog& dialog, const char* name) {
         return dynamic_cast<FavoriteTree&>(*dialog.findChild<QTreeWidget*>(QString::fromLatin1(name)));

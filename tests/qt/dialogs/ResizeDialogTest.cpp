@@ -2,13 +2,13 @@
 
 #include "commands/DesignTimeBar.h"
 #include "qt/base/Strings.h"
+#include "tests/qt/dialogs/UseDialog.h"
 
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -31,20 +31,7 @@ protected:
 
     /// What the user does in the open dialog; returns once it is closed.
     void Use(const std::function<void(QDialog&)>& user) {
-        bool used = false;
-        QTimer::singleShot(0, [&] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-            used = true;
-            user(*dialog);
-            if (!dialog->isHidden()) {
-                ADD_FAILURE() << "the dialog is still open";
-                dialog->hide();
-            }
-        });
-        ShowModal(m_form, nullptr);
-        EXPECT_TRUE(used);
+        UseDialog([&] { ShowModal(m_form, nullptr); }, user);
         EXPECT_FALSE(m_form.Form.Visible());
     }
 

@@ -2,15 +2,14 @@
 
 #include "qt/base/Strings.h"
 #include "tests/Desk.h"
+#include "tests/qt/dialogs/UseDialog.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QDateTime>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
 
 namespace tessa::qt {
@@ -33,23 +32,13 @@ protected:
 
     /// What the user does in the open list; returns once it is closed.
     void Use(const std::function<void(QDialog&)>& user) {
-        bool used = false;
+        bool opened = false;
         m_desk.inSessions = [&](frmSessions& form) {
-            QTimer::singleShot(0, [&] {
-                auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-                ASSERT_NE(dialog, nullptr);
-                ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-                used = true;
-                user(*dialog);
-                if (!dialog->isHidden()) {
-                    ADD_FAILURE() << "the dialog is still open";
-                    dialog->hide();
-                }
-            });
-            ShowModal(form, nullptr);
+            opened = true;
+            UseDialog([&] { ShowModal(form, nullptr); }, user);
         };
         m_desk.Click(u"xtrSessions");
-        EXPECT_TRUE(used);
+        EXPECT_TRUE(opened);
     }
     static QListWidget& Sessions(const QDialog& dialog) {
         return *dialog.findChild<QListWidget*>(QStringLiteral("lstSessions"));

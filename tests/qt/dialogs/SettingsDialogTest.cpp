@@ -4,15 +4,14 @@
 #include "qt/base/Bind.h"
 #include "qt/base/Strings.h"
 #include "tests/fakes/FakeSettings.h"
+#include "tests/qt/dialogs/UseDialog.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace tessa::qt {
@@ -26,20 +25,7 @@ protected:
 
     /// What the user does in the open dialog; returns once it is closed.
     void Use(const std::function<void(QDialog&)>& user) {
-        bool used = false;
-        QTimer::singleShot(0, [&] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-            user(*dialog);
-            used = true;
-            if (!dialog->isHidden()) {
-                ADD_FAILURE() << "the dialog is still open";
-                dialog->hide();
-            }
-        });
-        ShowModal(m_form, nullptr);
-        EXPECT_TRUE(used);
+        UseDialog([&] { ShowModal(m_form, nullptr); }, user);
         EXPECT_FALSE(m_form.Form.Visible());
     }
 

@@ -4,13 +4,12 @@
 #include "qt/base/BuildInfo.h"
 #include "qt/base/Strings.h"
 #include "qt/dialogs/About.h"
+#include "tests/qt/dialogs/UseDialog.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QtWebEngineCore>
 #include <gtest/gtest.h>
 #include <set>
@@ -59,20 +58,7 @@ protected:
     void SetUp() override { m_form.ShowButton(); }
 
     void Use(const std::function<void(QDialog&)>& user) {
-        bool used = false;
-        QTimer::singleShot(0, [&] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-            used = true;
-            user(*dialog);
-            if (!dialog->isHidden()) {
-                ADD_FAILURE() << "the box is still open";
-                dialog->hide();
-            }
-        });
-        ShowModal(m_form, nullptr);
-        EXPECT_TRUE(used);
+        UseDialog([&] { ShowModal(m_form, nullptr); }, user);
         EXPECT_FALSE(m_form.Form.Visible());
     }
 };

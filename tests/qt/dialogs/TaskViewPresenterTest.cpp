@@ -3,6 +3,7 @@
 
 #include "qt/base/Strings.h"
 #include "tests/Desk.h"
+#include "tests/fakes/FakeProcesses.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -25,10 +26,8 @@ protected:
         Page(2, u"<b>Weather</b>", 12);
         Page(3, u"Apples", 13);
         // Not the system's own figures.
-        form.ReadProcess = [this](std::int64_t process) {
-            const auto found = memory.find(process);
-            return found == memory.end() ? std::nullopt : std::optional(ProcessUse{found->second, {}});
-        };
+        meter.processes = {{11, {80'000'000, {}}}, {12, {120'000'000, {}}}, {13, {40'000'000, {}}}};
+        form.MeasureBy(meter);
         window.resize(300, 200);
         window.show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -66,7 +65,7 @@ protected:
     Desk desk;
     QWidget window;
     frmTaskView& form = desk.main.TaskView();
-    std::map<std::int64_t, std::int64_t> memory{{11, 80'000'000}, {12, 120'000'000}, {13, 40'000'000}};
+    FakeProcesses meter;
     TaskViewPresenter view{form, window};
 };
 
@@ -158,7 +157,7 @@ TEST_F(TaskViewPresenterTest, IsSortedByAClickOnAHeading) {
 
 TEST_F(TaskViewPresenterTest, FollowsTheFiguresByItself) {
     Open();
-    memory[13] = 900'000'000;
+    meter.processes[13].Memory = 900'000'000;
     ASSERT_TRUE(QTest::qWaitFor([&] { return Titles() == QStringLiteral("Apples <b>Weather</b> [News]"); }));
     EXPECT_EQ(Tasks().currentItem()->text(0), QStringLiteral("News")) << "the selection stays with its tab";
     desk.Close(1);

@@ -134,7 +134,7 @@ TEST_F(DownloadsPanelTest, ReachesItsButtonsWithTheTabKey) {
 
 TEST_F(DownloadsPanelTest, ClosesWithEscapeAndByItsButtonAndHandsTheKeyboardBack) {
     bool handedBack = false;
-    panel.FocusPage.ConnectForLife([&] { handedBack = true; });
+    panel.FocusPage().ConnectForLife([&] { handedBack = true; });
     Begin(u"a.zip");
     form.Form.Visible = true;
     Press(Qt::Key_Tab);

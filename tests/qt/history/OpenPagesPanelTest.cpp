@@ -63,7 +63,7 @@ TEST_F(OpenPagesPanelTest, TheKeyboardGoesThroughTheListAndOpens) {
 
 TEST_F(OpenPagesPanelTest, EscapeAndTheCrossCloseIt) {
     bool focused = false;
-    m_panel.FocusPage.ConnectForLife([&focused] { focused = true; });
+    m_panel.FocusPage().ConnectForLife([&focused] { focused = true; });
     QTest::keyClick(Words(), Qt::Key_Escape);
     EXPECT_FALSE(m_desk.main.OpenPagesPanel().Form.Visible());
     EXPECT_FALSE(m_desk.Tool(u"xtrSearchOpenPages").Checked());

@@ -29,7 +29,6 @@ struct FileDropTest : testing::Test {
     FileDropTest() {
         window.resize(300, 200);
         page.resize(300, 200);
-        drop.Takes = [](TextView path) { return path.ends_with(u".tvg"); };
         drop.Dropped.ConnectForLife([this](const std::vector<Text>& paths) {
             for (const Text& path : paths) dropped += ToUtf8(path) + " ";
         });
@@ -59,7 +58,7 @@ struct FileDropTest : testing::Test {
     }
     QWidget window;
     Page page{&window};
-    FileDrop drop{window};
+    FileDrop drop{window, [](TextView path) { return path.ends_with(u".tvg"); }};
     std::string dropped;
 };
 
