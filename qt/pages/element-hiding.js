@@ -144,18 +144,30 @@
         // A page that puts sheets of its own there takes ours away.
         sheets.forEach(put);
     }
+    // Pages make thousands of elements at once, so whatever has nothing inside is looked at without any more ado.
+    function lookAtNew(node, full) {
+        if (node.nodeType !== Node.ELEMENT_NODE) return;
+        if (node.firstElementChild) return full.add(node);
+        look(node);
+        if (node.localName === 'img') collapseFailed(node);
+    }
     new MutationObserver(function (records) {
-        const added = new Set();
-        for (const record of records) {
-            if (record.type === 'attributes') look(record.target);
-            else record.addedNodes.forEach(function (node) { added.add(node); });
+        const full = new Set();
+        for (let at = 0; at < records.length; ++at) {
+            const record = records[at];
+            if (record.type === 'attributes') {
+                look(record.target);
+                continue;
+            }
+            const nodes = record.addedNodes;
+            for (let index = 0; index < nodes.length; ++index) lookAtNew(nodes[index], full);
         }
         // What came with what it stands in is looked at with that.
-        added.forEach(function (node) {
-            if (added.has(node.parentNode)) return;
+        for (const node of full) {
+            if (full.has(node.parentNode)) continue;
             lookBelow(node);
             collapseFailed(node);
-        });
+        }
         askAboutFound();
     }).observe(document, { childList: true, subtree: true, attributes: true, attributeFilter: ['class', 'id'] });
     if (document.documentElement) {
