@@ -7,6 +7,7 @@
 #include "tabs/TabKeys.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace tessa {
@@ -72,6 +73,25 @@ std::vector<ScriptTab> ScriptedWindow::Search(TextView words) const {
     std::erase_if(tabs, [words](const ScriptTab& tab) {
         return tab.address.empty() || !HasAll(FromBytes(tab.title + '\n' + tab.address), words);
     });
+    return tabs;
+}
+
+std::vector<ScriptTab> ScriptedWindow::WithRead(std::vector<ScriptTab> tabs,
+                                                const std::vector<HistoryEntry>& entries) const {
+    std::set<std::string> known;
+    for (const HistoryEntry& entry : entries) known.insert(ToUtf8(entry.Address));
+    for (ScriptTab& tab : List()) {
+        const bool isNew = std::ranges::find(tabs, tab.number, &ScriptTab::number) == tabs.end();
+        if (isNew && known.contains(tab.address)) tabs.push_back(std::move(tab));
+    }
+    std::set<std::string> open;
+    for (const ScriptTab& tab : tabs) open.insert(tab.address);
+    for (const HistoryEntry& entry : entries) {
+        const std::string address = ToUtf8(entry.Address);
+        if (open.insert(address).second)
+            tabs.push_back(
+                {.number = 0, .title = ToUtf8(entry.Title), .address = address, .group{}, .state = "history"});
+    }
     return tabs;
 }
 

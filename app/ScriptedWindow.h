@@ -1,4 +1,5 @@
 #pragma once
+#include "platform/VisitStore.h"
 #include "script/TabList.h"
 #include "window/frmMain.h"
 
@@ -27,6 +28,10 @@ public:
     [[nodiscard]] std::vector<ScriptTab> List() const;
     /// The tabs that have all these words, whatever their case, in title or address; no private ones.
     [[nodiscard]] std::vector<ScriptTab> Search(TextView words) const;
+    /// These tabs, the other tabs that show pages of which the history knows, and behind them those of the pages that
+    /// are not open: their number is 0 and their state "history".
+    [[nodiscard]] std::vector<ScriptTab> WithRead(std::vector<ScriptTab> tabs,
+                                                  const std::vector<HistoryEntry>& entries) const;
     /// Each in a tab of its own; behind, the tab in front stays so. Refused, one leaves the others.
     [[nodiscard]] Opened Open(const std::vector<Text>& addresses, bool behind);
     /// A group by the full path of its file, or by its name in the user's folder.

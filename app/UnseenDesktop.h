@@ -105,6 +105,7 @@ public:
     void Show(frmAddFavorite&) override {}
     void Show(frmDefBrowser&) override {}
     void Show(frmGroupCheck&) override {}
+    void Show(frmGroupCompare&) override {}
     void Show(frmInternetOptions&) override {}
     void Show(frmOrganizeFavorites&) override {}
     void Show(frmRenameGroup&) override {}

@@ -67,6 +67,8 @@ void SaveAllAsPdf(CommandContext& context) {
     if (!file.empty()) context.groups.WriteTabs(GroupCommands::Writes::Pdf, file);
 }
 
+void PrintAll(CommandContext& context) { context.groups.WriteTabs(GroupCommands::Writes::Print); }
+
 void KeepOffline(CommandContext& context) {
     const Text file = context.files.ShowSave({.DialogTitle = u"Keep All Pages Offline",
                                               .InitDir = context.groupFolder,

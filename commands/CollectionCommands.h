@@ -15,6 +15,8 @@ void OrganizeTessaGroups(CommandContext& context);
 void CheckAllGroups(CommandContext& context);
 /// Asks for a file and writes the pages of all tabs into it.
 void SaveAllAsPdf(CommandContext& context);
+/// Asks for a printer and prints them.
+void PrintAll(CommandContext& context);
 /// The same as a group with a folder of its pages.
 void KeepOffline(CommandContext& context);
 void AddToFavorites(CommandContext& context);

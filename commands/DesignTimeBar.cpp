@@ -211,6 +211,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreMenu"_band, u"xtrPrintPreview"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrBookmarks"_tool, kGroup},
     EntryRow{u"bndMoreMenu"_band, u"xtrGroupPdf"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"xtrGroupPrint"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrGroupKeepOffline"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrGroupCheckAll"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrDevTools"_tool, kGroup},
@@ -222,6 +223,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreBookmarks"_band, u"xtrExportTessaGroups"_tool},
 
     EntryRow{u"bndFavoriteFolder"_band, u"xtrFolderOpen"_tool},
+    EntryRow{u"bndFavoriteFolder"_band, u"xtrFolderOpenBelow"_tool},
     EntryRow{u"bndFavoriteFolder"_band, u"xtrFolderSave"_tool},
 
     EntryRow{u"bndFavoriteLink"_band, u"xtrLinkNewTab"_tool},

@@ -16,6 +16,8 @@ public:
     /// Opens every shortcut that lies in a folder in a tab of its own, the last one in front. Asks before it opens
     /// very many; leaves out what a click would not open without a question.
     virtual void OpenAll(TextView folder) = 0;
+    /// The same, and behind them the shortcuts of its sub-folders.
+    virtual void OpenAllBelow(TextView folder) = 0;
     /// Asks for a file and saves the addresses of a folder's shortcuts as a TessaGroup. Those that a click would not
     /// open without a question are left out. Returns what to tell the user, or nothing.
     [[nodiscard]] virtual Text SaveAsGroup(TextView folder) = 0;

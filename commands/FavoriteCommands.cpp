@@ -16,31 +16,32 @@ constexpr std::size_t kShownAddress = 300;
 
 constexpr TextView kNoPages = u"There are no pages in that folder.";
 
-/// The pages in a folder that may open without a question, and how many other shortcuts it has.
-struct WebPages {
-    std::vector<Text> addresses;
-    std::size_t left = 0;
-};
-
-WebPages PagesIn(TextView folder) {
-    WebPages pages;
-    for (const Favorites::Item& item : Favorites::Items(folder)) {
-        if (item.IsFolder) continue;
-        const bool opens = !item.Address.empty() && TrustOf(item.Address, LinkSource::Folder) == LinkTrust::Open;
-        if (opens)
-            pages.addresses.push_back(item.Address);
-        else
-            ++pages.left;
-    }
-    return pages;
-}
-
 /// A group that is made of a folder is called like it.
 Text SuggestedName(TextView folder) {
     return Favorites::FileNameOf(folder.substr(folder.rfind(u'/') + 1)) + Text(TessaGroups::kExtension);
 }
 
 } // namespace
+
+/// The pages in a folder that may open without a question, and how many other shortcuts it has.
+struct FavoriteCommands::WebPages {
+    explicit WebPages(TextView folder) { Take(Favorites::Items(folder)); }
+    WebPages() = default;
+
+    void Take(const std::vector<Favorites::Item>& items) {
+        for (const Favorites::Item& item : items) {
+            if (item.IsFolder) continue;
+            const bool opens = !item.Address.empty() && TrustOf(item.Address, LinkSource::Folder) == LinkTrust::Open;
+            if (opens)
+                addresses.push_back(item.Address);
+            else
+                ++left;
+        }
+    }
+
+    std::vector<Text> addresses;
+    std::size_t left = 0;
+};
 
 FavoriteCommands::FavoriteCommands(CommandContext& context, Outside outside)
     : m_context(context), m_outside(std::move(outside)) {
@@ -79,8 +80,16 @@ bool FavoriteCommands::MayOpenLink(TextView address) {
                                       Text(address.substr(0, kShownAddress)), u"&Cancel", u"&Open It"});
 }
 
-void FavoriteCommands::OpenAll(TextView folder) {
-    const auto [addresses, left] = PagesIn(folder);
+void FavoriteCommands::OpenAll(TextView folder) { OpenPages(WebPages(folder)); }
+
+void FavoriteCommands::OpenAllBelow(TextView folder) {
+    WebPages pages;
+    Favorites::ForEachFolder(folder, [&pages](const std::vector<Favorites::Item>& items) { pages.Take(items); });
+    OpenPages(pages);
+}
+
+void FavoriteCommands::OpenPages(const WebPages& pages) {
+    const auto& [addresses, left] = pages;
     const auto count = static_cast<std::int64_t>(addresses.size());
     if (addresses.size() > kManyTabs &&
         !m_context.messages.AskOwn({u"Open " + Decimal(count) + u" tabs?", {}, u"&Cancel", u"&Open Them All"}))
@@ -92,7 +101,7 @@ void FavoriteCommands::OpenAll(TextView folder) {
 
 Text FavoriteCommands::SaveAsGroup(TextView folder) {
     // The pages of a group open without a question.
-    const auto [addresses, left] = PagesIn(folder);
+    const auto [addresses, left] = WebPages(folder);
     if (addresses.empty()) return left == 0 ? Text(kNoPages) : u"No Favorite in that folder leads to the web.";
     Text path = m_context.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
                                           .InitDir = m_context.groupFolder,

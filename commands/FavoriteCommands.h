@@ -19,6 +19,7 @@ public:
     FavoriteCommands(CommandContext& context, Outside outside);
 
     void OpenAll(TextView folder) override;
+    void OpenAllBelow(TextView folder) override;
     [[nodiscard]] Text SaveAsGroup(TextView folder) override;
     [[nodiscard]] bool AddFavorite(TextView address, TextView title) override;
     void RepairFavorites() override;
@@ -26,6 +27,10 @@ public:
     [[nodiscard]] bool MayOpenLink(TextView address) override;
 
 private:
+    struct WebPages;
+
+    void OpenPages(const WebPages& pages);
+
     CommandContext& m_context;
     Outside m_outside;
 };

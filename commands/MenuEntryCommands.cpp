@@ -39,6 +39,8 @@ Entry EntryOf(const Tool& tool) {
 
 void OpenFolder(CommandContext& context) { context.favorites->OpenAll(context.menuEntry); }
 
+void OpenFolderBelow(CommandContext& context) { context.favorites->OpenAllBelow(context.menuEntry); }
+
 void SaveFolder(CommandContext& context) {
     const Text result = context.favorites->SaveAsGroup(context.menuEntry);
     if (!result.empty()) context.tabs.Say(result);

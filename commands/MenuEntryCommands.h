@@ -18,6 +18,8 @@ struct Entry {
 [[nodiscard]] Entry EntryOf(const Tool& tool);
 
 void OpenFolder(CommandContext& context);
+/// With what lies in the folders below.
+void OpenFolderBelow(CommandContext& context);
 void SaveFolder(CommandContext& context);
 void OpenLink(CommandContext& context);
 void OpenGroup(CommandContext& context);

@@ -7,6 +7,7 @@
 #include "ctl/StartProgram.h"
 #include "script/BusNames.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
@@ -17,6 +18,8 @@ namespace tessa {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenLooks{20};
+/// Of a start for a script.
+constexpr std::uint32_t kFirstTab = 1;
 
 std::string Variable(const char* name) {
     const char* value = std::getenv(name);
@@ -110,7 +113,10 @@ void CtlRun::ComeForward() {
     if (!token.empty()) (void)Ask("Foreground", {token});
 }
 
+// The blank tab that the program has started with goes, unless a page took its place.
 CtlRun::Exit CtlRun::Opened(const Answer& answer) {
+    const bool isTaken = std::ranges::find(answer.numbers, kFirstTab) != answer.numbers.end();
+    if (m_started && !answer.numbers.empty() && !isTaken) (void)Ask("Close", {std::vector<std::uint32_t>{kFirstTab}});
     if (answer.result != BusCalls::Result::Done || !m_call.wait || answer.numbers.empty()) return Print(answer);
     return Print(Ask("Wait", {answer.numbers}));
 }
@@ -120,10 +126,7 @@ CtlRun::Exit CtlRun::Open() {
     std::vector<std::string> addresses;
     for (const std::string& word : m_call.words) addresses.push_back(AddressOf(word));
     if (!m_call.behind) ComeForward();
-    const Answer answer = Ask("Open", {addresses, m_call.behind});
-    // The blank tab that it has started with.
-    if (m_started && !answer.numbers.empty()) (void)Ask("Close", {std::vector<std::uint32_t>{1}});
-    return Opened(answer);
+    return Opened(Ask("Open", {addresses, m_call.behind}));
 }
 
 CtlRun::Exit CtlRun::OpenGroup() {
@@ -135,7 +138,7 @@ CtlRun::Exit CtlRun::OpenGroup() {
     group = GroupNamed(group);
     if (const Exit begun = Begin(); begun != Exit::Done) return begun;
     ComeForward();
-    return Opened(Ask("OpenGroup", {group, m_call.closeOthers || m_started}));
+    return Opened(Ask("OpenGroup", {group, m_call.closeOthers}));
 }
 
 CtlRun::Exit CtlRun::Pdf() {

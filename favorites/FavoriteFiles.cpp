@@ -71,6 +71,15 @@ std::optional<Text> FindBelow(TextView folder, TextView address, int depth) {
     return std::nullopt;
 }
 
+void GoBelow(TextView folder, int depth, const std::function<void(const std::vector<Favorites::Item>&)>& take) {
+    const std::vector<Favorites::Item> items = Favorites::Items(folder);
+    take(items);
+    for (const Favorites::Item& item : items) {
+        const bool follows = item.IsFolder && depth < kDeepestFolder && !IsLink(PathToBytes(item.Path));
+        if (follows) GoBelow(item.Path, depth + 1, take);
+    }
+}
+
 void Add(std::vector<Favorites::Item>& items, const CKeyValues& folders) {
     for (const CKeyValue& each : folders) items.push_back({each.Key, each.Value, {}, true});
 }
@@ -92,6 +101,10 @@ std::vector<Item> Items(TextView folder) {
     std::stable_sort(shortcuts, items.end(),
                      [](const Item& one, const Item& other) { return one.Title < other.Title; });
     return items;
+}
+
+void ForEachFolder(TextView folder, const std::function<void(const std::vector<Item>& items)>& take) {
+    GoBelow(folder, 0, take);
 }
 
 std::optional<Text> FindAddress(TextView folder, TextView address) {

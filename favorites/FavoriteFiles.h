@@ -2,6 +2,7 @@
 #include "base/ResumeNext.h"
 #include "base/Text.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -24,6 +25,8 @@ struct Item {
 /// What one folder holds: sub-folders, then shortcuts, each in the binary order of the titles. What lies below is not
 /// read.
 [[nodiscard]] std::vector<Item> Items(TextView folder);
+/// Calls `take` with the items of a folder, then of each folder below it. Links are not followed: they may lead back.
+void ForEachFolder(TextView folder, const std::function<void(const std::vector<Item>& items)>& take);
 /// Its sub-folders alone.
 [[nodiscard]] std::vector<Item> Folders(TextView folder);
 [[nodiscard]] bool IsFolder(TextView path);

@@ -5,6 +5,7 @@ namespace tessa {
 class frmAddFavorite;
 class frmDefBrowser;
 class frmGroupCheck;
+class frmGroupCompare;
 class frmInternetOptions;
 class frmOrganizeFavorites;
 class frmRenameGroup;
@@ -22,6 +23,7 @@ public:
     virtual void Show(frmAddFavorite& form) = 0;
     virtual void Show(frmDefBrowser& form) = 0;
     virtual void Show(frmGroupCheck& form) = 0;
+    virtual void Show(frmGroupCompare& form) = 0;
     virtual void Show(frmInternetOptions& form) = 0;
     virtual void Show(frmOrganizeFavorites& form) = 0;
     virtual void Show(frmRenameGroup& form) = 0;

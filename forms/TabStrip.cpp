@@ -106,6 +106,12 @@ void TabStrip::SetPrivate(Tab* tab, bool isPrivate) {
     Mark(TabStripChange::Faces);
 }
 
+void TabStrip::SetColour(Tab* tab, TabColour colour) {
+    if (tab->m_colour == colour) return;
+    tab->m_colour = colour;
+    Mark(TabStripChange::Faces);
+}
+
 void TabStrip::SetNews(Tab* tab, TabNews news, Text words) {
     if (tab->m_news == news && tab->m_newsWords == words) return;
     tab->m_news = news;

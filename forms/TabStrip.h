@@ -23,6 +23,9 @@ enum class TabNews {
     New
 };
 
+/// The colour that marks a tab as one of several that belong together.
+enum class TabColour { None, Red, Orange, Yellow, Green, Blue, Purple, Grey };
+
 enum class TabPlacement { Top = 0, Bottom = 1 };
 
 /// One entry of the strip. `Key` names it and never changes; `Tag` is the caller's number.
@@ -38,6 +41,7 @@ public:
     [[nodiscard]] const Text& Awaited() const { return m_awaited; }
     /// What the page does is forgotten with the tab.
     [[nodiscard]] bool Private() const { return m_private; }
+    [[nodiscard]] TabColour Colour() const { return m_colour; }
     [[nodiscard]] TabNews News() const { return m_news; }
     /// What is new, in a few words; empty without any.
     [[nodiscard]] const Text& NewsWords() const { return m_newsWords; }
@@ -51,6 +55,7 @@ private:
     bool m_asks = false;
     TabSound m_sound = TabSound::None;
     bool m_private = false;
+    TabColour m_colour = TabColour::None;
 };
 
 /// What a strip's view has to repaint.
@@ -89,6 +94,7 @@ public:
     void SetAwaited(Tab* tab, Text address);
     void SetSound(Tab* tab, TabSound sound);
     void SetPrivate(Tab* tab, bool isPrivate);
+    void SetColour(Tab* tab, TabColour colour);
     void SetNews(Tab* tab, TabNews news, Text words = {});
 
     [[nodiscard]] TabPlacement Placement() const { return m_placement; }

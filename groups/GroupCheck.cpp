@@ -3,6 +3,8 @@
 #include "base/ini/IniFile.h"
 #include "base/os/AtomicFile.h"
 #include "base/os/Paths.h"
+#include "groups/GroupPlan.h"
+#include "groups/TessaGroups.h"
 
 #include <algorithm>
 
@@ -12,6 +14,35 @@ namespace {
 
 constexpr std::string_view kMendedSection = "TessaGroup";
 constexpr std::size_t kMostMended = std::size_t{8} << 20;
+
+class GroupFile final : public MendedGroup {
+public:
+    explicit GroupFile(Text path) : m_path(std::move(path)) {}
+    [[nodiscard]] const Text& File() const override { return m_path; }
+    [[nodiscard]] std::vector<Text> Addresses() const override {
+        std::vector<Text> addresses;
+        for (const auto& each : TessaGroups::Load(m_path)) addresses.push_back(each.Key);
+        return addresses;
+    }
+    [[nodiscard]] TakeBack Change(const std::map<Text, Text>& changes) override {
+        auto before = GroupMending::Change(m_path, changes);
+        if (!before) return {};
+        return [path = m_path, before = std::move(*before)] { return GroupMending::Undo(path, before); };
+    }
+
+private:
+    Text m_path;
+};
+
+// A file without a plan gets none.
+void MovePlan(IniFile& file, const std::map<Text, Text>& changes) {
+    GroupPlan plan = GroupPlan::Read(file);
+    for (const auto& [from, to] : changes) {
+        if (!to.empty()) plan.Copy(from, to);
+        plan.Set(from, {});
+    }
+    if (plan != GroupPlan::Read(file)) plan.Write(file);
+}
 
 } // namespace
 
@@ -81,6 +112,8 @@ std::vector<HealthLine> GroupCheck::Lines() const {
     return lines;
 }
 
+std::shared_ptr<MendedGroup> MendedFile(Text path) { return std::make_shared<GroupFile>(std::move(path)); }
+
 namespace GroupMending {
 
 std::optional<Before> Change(TextView path, const std::map<Text, Text>& changes) {
@@ -100,6 +133,7 @@ std::optional<Before> Change(TextView path, const std::map<Text, Text>& changes)
         else
             file.SetValue(kMendedSection, key, ToUtf8(change->second));
     }
+    MovePlan(file, changes);
     Before before{*bytes, file.Bytes()};
     if (before.after != before.bytes && WriteWholeFile(name, before.after) != Outcome::Done) return std::nullopt;
     return before;

@@ -58,6 +58,22 @@ private:
     bool m_stopped = false;
 };
 
+/// A group whose addresses are checked, and where they are mended.
+class MendedGroup {
+public:
+    virtual ~MendedGroup() = default;
+    /// The path of its file.
+    [[nodiscard]] virtual const Text& File() const = 0;
+    [[nodiscard]] virtual std::vector<Text> Addresses() const = 0;
+    /// Takes a change back; fails when that cannot be done any more.
+    using TakeBack = std::function<Outcome()>;
+    /// Puts the new address for each old one, or takes it out where the new one is empty. Empty when it could not.
+    [[nodiscard]] virtual TakeBack Change(const std::map<Text, Text>& changes) = 0;
+};
+
+/// That of a file, which is read and written at once.
+[[nodiscard]] std::shared_ptr<MendedGroup> MendedFile(Text path);
+
 /// Changes of a group's file, by the rules of the profile functions.
 namespace GroupMending {
 
@@ -67,7 +83,8 @@ struct Before {
 };
 
 /// Puts the new address for each old one, or takes its key out where the new one is empty. Only what still stands there
-/// is changed; the file is written once, whole. Nothing when it could not be.
+/// is changed, and the new address opens as the old one did. The file is written once, whole. Nothing when it could not
+/// be.
 [[nodiscard]] std::optional<Before> Change(TextView path, const std::map<Text, Text>& changes);
 /// Puts back what was there, unless somebody else has changed the file since.
 [[nodiscard]] Outcome Undo(TextView path, const Before& before);

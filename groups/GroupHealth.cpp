@@ -14,6 +14,8 @@ namespace tessa {
 namespace {
 
 constexpr TextView kFile = u"file://";
+constexpr TextView kArchive = u"https://web.archive.org/web/%s";
+constexpr TextView kItsAddress = u"%s";
 constexpr TextView kHostEnds = u"/?#\\";
 
 bool IsRedirect(int status) { return status >= 300 && status < 400 && status != 304; }
@@ -68,6 +70,15 @@ constexpr std::array kHealthWords{
 const HealthWords& RowOf(Health health) { return *std::ranges::find(kHealthWords, health, &HealthWords::health); }
 
 } // namespace
+
+Text ArchivedAt(TextView service, TextView address) {
+    Text archived(HostOfWeb(service).empty() ? kArchive : service);
+    if (archived.find(kItsAddress) == Text::npos) archived += kItsAddress;
+    const std::size_t place = archived.find(kItsAddress);
+    // In a query it is a value, and what divides queries would end it.
+    const bool isValue = archived.find(u'?') < place;
+    return archived.replace(place, kItsAddress.size(), isValue ? PercentEncodedText(address) : Text(address));
+}
 
 Text HostOfWeb(TextView address) {
     const Text small = InSmallLetters(address);

@@ -66,6 +66,10 @@ private:
 /// The same as one word, for a script.
 [[nodiscard]] Text WordOf(Health health);
 
+/// Where an archive has older copies of a page. In the service "%s" stands for the address; without it the address
+/// follows. Of a service that is no address of the web, empty among them, the one by design is taken.
+[[nodiscard]] Text ArchivedAt(TextView service, TextView address);
+
 /// The host of an address of the web with its port, by which requests are spread; empty for any other.
 [[nodiscard]] Text HostOfWeb(TextView address);
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 #include <utility>
 
 namespace tessa {
@@ -41,6 +42,32 @@ void SetOrRemove(IniFile& file, std::string_view key, const std::string& value) 
         file.SetValue(kPlanSection, key, value);
     else
         file.RemoveKey(kPlanSection, key);
+}
+
+/// What a page's key says; nothing when it cannot be understood.
+std::optional<std::pair<Text, PagePlan>> PageAt(const IniFile& file, const std::string& key) {
+    const Text value = FromBytes(file.Value(kPlanSection, key, "", kLongestPage));
+    const std::size_t blank = value.find(u' ');
+    if (blank == Text::npos) return std::nullopt;
+    const PagePlan plan = PlanIn(TextView(value).substr(0, blank));
+    return plan == PagePlan() ? std::nullopt : std::optional(std::pair(value.substr(blank + 1), plan));
+}
+
+/// Takes out the pages that open otherwise now. Those whose lines can stay are taken out of `pages`. Answers with the
+/// keys that are in use.
+std::set<Text> KeepPages(IniFile& file, std::map<Text, PagePlan>& pages) {
+    std::set<Text> taken;
+    for (const std::string& key : PageKeys(file)) {
+        const auto page = PageAt(file, key);
+        const auto wanted = page ? pages.find(page->first) : pages.end();
+        const bool same = wanted != pages.end() && wanted->second == page->second;
+        if (same) pages.erase(wanted);
+        if (page && !same)
+            file.RemoveKey(kPlanSection, key);
+        else
+            taken.insert(InSmallLetters(FromBytes(key)));
+    }
+    return taken;
 }
 
 template<typename Take>
@@ -83,6 +110,24 @@ PagePlan GroupPlan::For(const Text& address) const {
     return found == pages.end() ? PagePlan() : found->second;
 }
 
+void GroupPlan::Set(const Text& address, const PagePlan& plan) {
+    if (plan == PagePlan())
+        pages.erase(address);
+    else
+        pages[address] = plan;
+}
+
+void GroupPlan::Copy(const Text& from, const Text& to) {
+    if (!pages.contains(to)) Set(to, For(from));
+}
+
+GroupPlan GroupPlan::Of(const std::vector<Text>& addresses) const {
+    GroupPlan plan = *this;
+    const std::set<Text> kept(addresses.begin(), addresses.end());
+    std::erase_if(plan.pages, [&kept](const auto& page) { return !kept.contains(page.first); });
+    return plan;
+}
+
 std::vector<Text> GroupPlan::Ordered(const std::vector<Text>& addresses) const {
     std::vector<Text> ordered = addresses;
     const auto rank = [this](const Text& address) {
@@ -100,29 +145,38 @@ GroupPlan GroupPlan::Read(const IniFile& file) {
     plan.behind = ReadIniValue(file, kPlanSection, "behind", u"") == u"1";
     plan.closeOthers = ReadIniValue(file, kPlanSection, "closeothers", u"") == u"1";
     for (const std::string& key : PageKeys(file)) {
-        const Text value = FromBytes(file.Value(kPlanSection, key, "", kLongestPage));
-        const std::size_t blank = value.find(u' ');
-        if (blank == Text::npos) continue;
-        const PagePlan page = PlanIn(TextView(value).substr(0, blank));
-        if (page != PagePlan()) plan.pages.emplace(value.substr(blank + 1), page);
+        if (auto page = PageAt(file, key)) plan.pages.insert(std::move(*page));
     }
     return plan;
 }
 
-GroupPlan GroupPlan::Of(TextView path) {
+bool GroupPlan::HasSection(const IniFile& file) {
+    const std::string sections = file.SectionList(kPlanKeys);
+    std::size_t begin = 0;
+    for (std::size_t end = sections.find('\0'); end != std::string::npos; end = sections.find('\0', begin)) {
+        if (InSmallLetters(FromBytes(sections.substr(begin, end - begin))) == u"tessaview") return true;
+        begin = end + 1;
+    }
+    return false;
+}
+
+GroupPlan GroupPlan::In(TextView path) {
     return Read(IniFile(ReadWholeFile(PathToBytes(path), kLargestPlanFile).value_or(std::string())));
 }
 
 void GroupPlan::Write(IniFile& file) const {
-    for (const std::string& key : PageKeys(file)) file.RemoveKey(kPlanSection, key);
-    SetOrRemove(file, "colour", ToUtf8(colour));
-    SetOrRemove(file, "behind", behind ? "1" : "");
-    SetOrRemove(file, "closeothers", closeOthers ? "1" : "");
-    std::size_t number = 0;
-    for (const auto& [address, page] : pages) {
+    const GroupPlan before = Read(file);
+    if (colour != before.colour) SetOrRemove(file, "colour", ToUtf8(colour));
+    if (behind != before.behind) SetOrRemove(file, "behind", behind ? "1" : "");
+    if (closeOthers != before.closeOthers) SetOrRemove(file, "closeothers", closeOthers ? "1" : "");
+    std::map<Text, PagePlan> left = pages;
+    const std::set<Text> taken = KeepPages(file, left);
+    std::size_t number = 1;
+    for (const auto& [address, page] : left) {
         if (page == PagePlan()) continue;
-        file.SetValue(kPlanSection, std::string(kPage) + std::to_string(++number),
-                      ToUtf8(WordsOf(page) + u" " + address));
+        while (taken.contains(FromBytes(kPage) + Decimal(static_cast<std::int64_t>(number)))) ++number;
+        const std::string key = std::string(kPage) + std::to_string(number++);
+        file.SetValue(kPlanSection, key, ToUtf8(WordsOf(page) + u" " + address));
     }
 }
 

@@ -29,18 +29,26 @@ struct GroupPlan {
     bool closeOthers = false;       ///< whatever the user's settings say
     std::map<Text, PagePlan> pages; ///< by address; those that open as ever are not among them
 
+    /// In the order of `TabColour`.
     static constexpr TextView kColours[] = {u"red", u"orange", u"yellow", u"green", u"blue", u"purple", u"grey"};
 
     /// How that address opens.
     [[nodiscard]] PagePlan For(const Text& address) const;
+    void Set(const Text& address, const PagePlan& plan);
+    /// Another address opens as that one did, unless it has a plan of its own.
+    void Copy(const Text& from, const Text& to);
+    /// The plan of these addresses alone.
+    [[nodiscard]] GroupPlan Of(const std::vector<Text>& addresses) const;
     /// Puts the addresses into the order in which they open.
     [[nodiscard]] std::vector<Text> Ordered(const std::vector<Text>& addresses) const;
 
     /// What cannot be understood counts as never written.
     [[nodiscard]] static GroupPlan Read(const IniFile& file);
     /// Of the file of that path; of one that cannot be read nothing is planned.
-    [[nodiscard]] static GroupPlan Of(TextView path);
-    /// Writes into the file what differs from a group without a plan. Keys of others stay.
+    [[nodiscard]] static GroupPlan In(TextView path);
+    /// Whether the file has that section, whatever is in it.
+    [[nodiscard]] static bool HasSection(const IniFile& file);
+    /// Writes into the file what differs from what it says. Keys of others stay, and what cannot be understood.
     void Write(IniFile& file) const;
 
     bool operator==(const GroupPlan&) const = default;

@@ -36,14 +36,23 @@ std::vector<std::string> KeysOf(const IniFile& file, std::string_view section) {
     return keys;
 }
 
-// A file that says how its group opens keeps that, and whatever else stands in it.
-std::string BytesFor(const std::string& path, const std::vector<TessaGroups::NumberedAddress>& addresses) {
+// A file that says how its group opens keeps that, and whatever else stands in it. Without a new plan the old one stays
+// as it is written, also what of it cannot be understood.
+std::string BytesFor(const std::string& path, const std::vector<TessaGroups::NumberedAddress>& addresses,
+                     const GroupPlan* plan) {
     IniFile file(ReadWholeFile(path, kLargestGroup + 1).value_or(std::string()));
-    const std::string before = file.Bytes();
-    if (before.size() > kLargestGroup || KeysOf(file, "TessaView").empty()) return GroupBytes(addresses);
+    const bool isPlanned = GroupPlan::HasSection(file) || (plan && *plan != GroupPlan());
+    if (file.Bytes().size() > kLargestGroup || !isPlanned) return GroupBytes(addresses);
     for (const std::string& key : KeysOf(file, kSection)) file.RemoveKey(kSection, key);
     for (const auto& [number, address] : addresses) file.SetValue(kSection, KeyOf(number), ToUtf8(address));
+    if (plan && *plan != GroupPlan::Read(file)) plan->Write(file);
     return file.Bytes();
+}
+
+Outcome WriteOrRemove(TextView path, const std::vector<TessaGroups::NumberedAddress>& addresses,
+                      const GroupPlan* plan) {
+    const std::string file = PathToBytes(path);
+    return addresses.empty() ? RemoveFile(file) : WriteWholeFile(file, BytesFor(file, addresses, plan));
 }
 
 // A folder of that name is nothing to overwrite; writing will fail.
@@ -102,8 +111,11 @@ CStrings Load(TextView path) {
 bool IsReadable(TextView path) { return ReadWholeFile(PathToBytes(path), 0).has_value(); }
 
 Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses) {
-    const std::string file = PathToBytes(path);
-    return addresses.empty() ? RemoveFile(file) : WriteWholeFile(file, BytesFor(file, addresses));
+    return WriteOrRemove(path, addresses, nullptr);
+}
+
+Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses, const GroupPlan& plan) {
+    return WriteOrRemove(path, addresses, &plan);
 }
 
 Outcome Append(TextView path, TextView address) {

@@ -2,6 +2,7 @@
 #include "bar/CommandBar.h"
 #include "base/CKeyValues.h"
 #include "base/ini/IniFile.h"
+#include "groups/GroupPlan.h"
 #include "platform/Dialogs.h"
 #include "tabs/ViewArray.h"
 
@@ -38,6 +39,8 @@ struct NumberedAddress {
 /// Replaces the whole file by one with these addresses, as they stand. A file with a section "TessaView" keeps that,
 /// and all that belongs to others. No addresses leave no file. A write that fails leaves the file as it was.
 Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses);
+/// The same, and how they open from now on.
+Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses, const GroupPlan& plan);
 
 /// Writes one address under "url" and the number after the count of the group's addresses. Deliberately the count, not
 /// the highest number: in a group with gaps it takes the place of another. A missing file is made.

@@ -1,20 +1,30 @@
 #include "groups/frmGroupCheck.h"
 
-#include "groups/TessaGroups.h"
-
 #include <algorithm>
 #include <map>
+#include <set>
+#include <utility>
 
 namespace tessa {
 
 namespace {
 
-std::vector<CheckedLine> LinesOf(const std::vector<Text>& files) {
+frmGroupCheck::Groups FilesOf(const std::vector<Text>& paths) {
+    frmGroupCheck::Groups groups;
+    for (const Text& path : paths) groups.push_back(MendedFile(path));
+    return groups;
+}
+
+std::vector<CheckedLine> LinesOf(const frmGroupCheck::Groups& groups) {
     std::vector<CheckedLine> lines;
-    for (const Text& file : files) {
-        for (const auto& address : TessaGroups::Load(file)) lines.push_back({file, {.address = address.Key}});
+    for (const auto& group : groups) {
+        for (Text& address : group->Addresses()) lines.push_back({group->File(), {.address = std::move(address)}});
     }
     return lines;
+}
+
+CheckedLine MendedLine(const CheckedLine& line) {
+    return {line.File, {.address = line.Health.moved, .health = Health::Fine, .moved{}, .status = 200}};
 }
 
 std::vector<Text> AddressesOf(const std::vector<CheckedLine>& lines) {
@@ -40,7 +50,10 @@ bool CheckedLine::Dead() const {
 }
 
 frmGroupCheck::frmGroupCheck(AddressProbe& probe, const std::vector<Text>& files)
-    : m_places(LinesOf(files)), m_check(probe, AddressesOf(m_places)) {
+    : frmGroupCheck(probe, FilesOf(files)) {}
+
+frmGroupCheck::frmGroupCheck(AddressProbe& probe, Groups groups)
+    : m_groups(std::move(groups)), m_places(LinesOf(m_groups)), m_check(probe, AddressesOf(m_places)) {
     cmdStop.Click.ConnectForLife([this] { m_check.Stop(); });
     cmdReplace.Click.ConnectForLife([this] { cmdReplace_Click(); });
     cmdRemove.Click.ConnectForLife([this] { cmdRemove_Click(); });
@@ -101,7 +114,11 @@ void frmGroupCheck::Tick(std::size_t line, bool ticked) {
     RefreshButtons();
 }
 
-// Each file is written once. One that cannot be written stays as it was, with its lines.
+MendedGroup& frmGroupCheck::GroupOf(const Text& file) const {
+    return **std::ranges::find(m_groups, file, [](const auto& group) -> const Text& { return group->File(); });
+}
+
+// Each group is written once. One that cannot be written stays as it was, with its lines.
 void frmGroupCheck::Mend(bool moved) {
     std::map<Text, std::map<Text, Text>> changes;
     const auto isMeant = [moved](const CheckedLine& each) {
@@ -111,26 +128,23 @@ void frmGroupCheck::Mend(bool moved) {
         if (isMeant(each)) changes[each.File].emplace(each.Health.address, moved ? each.Health.moved : Text());
     }
     Done done{{}, lstLines.Rows()};
+    std::set<Text> mended;
     for (const auto& [file, change] : changes) {
-        if (auto before = GroupMending::Change(file, change)) done.files.emplace_back(file, std::move(*before));
+        auto takeBack = GroupOf(file).Change(change);
+        if (!takeBack) continue;
+        done.takeBacks.push_back(std::move(takeBack));
+        mended.insert(file);
     }
-    const auto isWritten = [&done](const CheckedLine& each) {
-        return std::ranges::find(done.files, each.File, [](const auto& file) { return file.first; }) !=
-               done.files.end();
-    };
+    if (!mended.empty()) m_done.push_back(std::move(done));
     std::vector<CheckedLine> lines;
-    for (CheckedLine each : lstLines.Rows()) {
-        const bool changed = isMeant(each) && isWritten(each);
-        if (changed && !moved) continue;
-        if (changed)
-            each = {each.File, {.address = each.Health.moved, .health = Health::Fine, .moved{}, .status = 200}};
-        lines.push_back(std::move(each));
+    for (const CheckedLine& each : lstLines.Rows()) {
+        const bool changed = isMeant(each) && mended.contains(each.File);
+        if (!changed || moved) lines.push_back(changed ? MendedLine(each) : each);
     }
-    const std::size_t failed = changes.size() - done.files.size();
-    if (!done.files.empty()) m_done.push_back(std::move(done));
     lstLines.ListIndex = -1;
     lstLines.Show(std::move(lines));
-    Tell(failed > 0 ? TextView(u"Not every TessaGroup could be written.") : moved ? u"Replaced." : u"Removed.");
+    const TextView words = moved ? u"Replaced." : u"Removed.";
+    Tell(mended.size() == changes.size() ? words : TextView(u"Not every TessaGroup could be written."));
 }
 
 void frmGroupCheck::cmdUndo_Click() {
@@ -138,7 +152,7 @@ void frmGroupCheck::cmdUndo_Click() {
     Done last = std::move(m_done.back());
     m_done.pop_back();
     bool whole = true;
-    for (const auto& [file, before] : last.files) whole &= GroupMending::Undo(file, before) == Outcome::Done;
+    for (const auto& takeBack : last.takeBacks) whole &= takeBack() == Outcome::Done;
     lstLines.ListIndex = -1;
     if (whole) lstLines.Show(std::move(last.lines));
     Tell(whole ? u"Taken back." : u"Not everything could be taken back: a file has been changed meanwhile.");

@@ -4,6 +4,7 @@
 #include "groups/GroupCheck.h"
 
 #include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -27,7 +28,11 @@ struct CheckedLine {
 /// at once. Nothing is changed but by its buttons.
 class frmGroupCheck {
 public:
-    /// The probe outlives the form. Groups are named by the paths of their files.
+    using Groups = std::vector<std::shared_ptr<MendedGroup>>;
+
+    /// The probe outlives the form.
+    frmGroupCheck(AddressProbe& probe, Groups groups);
+    /// Of the groups of these files.
     frmGroupCheck(AddressProbe& probe, const std::vector<Text>& files);
     frmGroupCheck(const frmGroupCheck&) = delete;
     frmGroupCheck& operator=(const frmGroupCheck&) = delete;
@@ -51,7 +56,7 @@ public:
 private:
     /// What an action has changed, to be taken back.
     struct Done {
-        std::vector<std::pair<Text, GroupMending::Before>> files;
+        std::vector<MendedGroup::TakeBack> takeBacks;
         std::vector<CheckedLine> lines;
     };
 
@@ -65,6 +70,9 @@ private:
     void Mend(bool moved);
     [[nodiscard]] bool Any(bool moved) const;
 
+    [[nodiscard]] MendedGroup& GroupOf(const Text& file) const;
+
+    Groups m_groups;
     std::vector<CheckedLine> m_places; ///< every address of every group, in order
     GroupCheck m_check;
     std::vector<Done> m_done;

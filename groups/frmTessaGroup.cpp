@@ -19,9 +19,19 @@ constexpr TextView kBlanks = u" \t";
 
 bool IsBlank(TextView line) { return line.find_first_not_of(kBlanks) == TextView::npos; }
 
+std::vector<Text> ColourNames() {
+    std::vector<Text> names{u"None"};
+    for (const TextView each : GroupPlan::kColours) {
+        names.emplace_back(each);
+        names.back().front() = static_cast<char16_t>(each.front() - u'a' + u'A');
+    }
+    return names;
+}
+
 } // namespace
 
-frmTessaGroup::frmTessaGroup(MessageBoxes& messages, FormHost& forms) : m_messages(messages), m_forms(forms) {
+frmTessaGroup::frmTessaGroup(MessageBoxes& messages, FormHost& forms, Outside outside)
+    : cboColour(u"Tab colour", ColourNames()), m_messages(messages), m_forms(forms), m_outside(std::move(outside)) {
     cmdUp.Click.ConnectForLife([this] { cmdUp_Click(); });
     cmdDown.Click.ConnectForLife([this] { cmdDown_Click(); });
     cmdInsert.Click.ConnectForLife([this] { cmdInsert_Click(); });
@@ -34,12 +44,15 @@ frmTessaGroup::frmTessaGroup(MessageBoxes& messages, FormHost& forms) : m_messag
     lstUrls.GotFocus.ConnectForLife([this] { RefreshButtons(); });
     lstUrls.ListIndex.Change.ConnectForLife([this] { RefreshButtons(); });
     lstUrls.DblClick.ConnectForLife([this] { lstUrls_DblClick(); });
+    cmdCheck.Click.ConnectForLife([this] { cmdCheck_Click(); });
+    cmdCompare.Click.ConnectForLife([this] { cmdCompare_Click(); });
 }
 
 void frmTessaGroup::EditTessaGroup(TextView sFileName) {
     for (const auto& address : TessaGroups::Load(sFileName)) lstUrls.AddItem(address.Key);
     if (lstUrls.ListCount() > 0) lstUrls.ListIndex = 0;
     m_fileName = sFileName;
+    LoadPlan();
     const auto separator = sFileName.find_last_of(u"/\\");
     if (separator != TextView::npos) lblTessaGroupName.Caption = OneLine(sFileName.substr(separator + 1));
     RefreshButtons();
@@ -52,6 +65,8 @@ void frmTessaGroup::RefreshButtons() {
     cmdUpdate.Enabled = lstUrls.ListIndex() != -1;
     cmdDelete.Enabled = cmdUpdate.Enabled();
     cmdInsert.Enabled = true;
+    cmdCheck.Enabled = m_outside.probe != nullptr;
+    cmdCompare.Enabled = m_outside.files != nullptr;
 }
 
 void frmTessaGroup::MoveEntry(std::size_t from, std::size_t to) {
@@ -92,6 +107,8 @@ void frmTessaGroup::Enter(TextView caption, Text url) {
     cmdInsert.Enabled = false;
     cmdUpdate.Enabled = false;
     cmdDelete.Enabled = false;
+    cmdCheck.Enabled = false;
+    cmdCompare.Enabled = false;
     lstUrls.Enabled = false;
 }
 
@@ -120,8 +137,10 @@ void frmTessaGroup::UpdateSelected(TextView text) {
     // One address stays one, also when it was broken into lines where it comes from.
     Text line(text);
     std::erase_if(line, [](char16_t unit) { return kLineEnds.find(unit) != TextView::npos; });
-    if (!line.empty() && lstUrls.FindSelected())
-        lstUrls.Set(static_cast<std::size_t>(lstUrls.ListIndex()), std::move(line));
+    const Text* before = lstUrls.FindSelected();
+    if (line.empty() || !before) return;
+    m_plan.Copy(*before, line);
+    lstUrls.Set(static_cast<std::size_t>(lstUrls.ListIndex()), std::move(line));
 }
 
 void frmTessaGroup::Cancel_Click() {
@@ -146,7 +165,7 @@ void frmTessaGroup::cmdOK_Click() {
     // Deliberate: counted from 0 here, from 1 when the open tabs are saved; readers take the keys in any case.
     std::vector<TessaGroups::NumberedAddress> addresses;
     for (const Text& address : lstUrls.Rows()) addresses.push_back({addresses.size(), address});
-    Unwritten = TessaGroups::Write(m_fileName, addresses) == Outcome::Failed;
+    Unwritten = TessaGroups::Write(m_fileName, addresses, Plan()) == Outcome::Failed;
     Form.Visible = false;
 }
 

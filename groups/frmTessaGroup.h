@@ -1,21 +1,36 @@
 #pragma once
 #include "base/Units.h"
+#include "forms/Choice.h"
 #include "forms/Controls.h"
 #include "forms/FormHost.h"
 #include "forms/ListBox.h"
+#include "groups/GroupPlan.h"
 #include "platform/Dialogs.h"
+
+#include <functional>
 
 namespace tessa {
 
-/// The editor of one group file, as data: reorders, inserts, changes and deletes addresses and writes them all with
-/// OK. Made afresh for every show.
+class AddressProbe;
+
+/// The editor of one group file, as data: reorders, inserts, changes and deletes addresses, says how they open, and
+/// writes it all with OK. Made afresh for every show.
 class frmTessaGroup {
 public:
     static constexpr Twips kCollapsed{4110};
     static constexpr Twips kExpanded{4815};
 
+    /// What the editor can do besides; a button whose part is missing is disabled. All outlive the form.
+    struct Outside {
+        FileDialogs* files = nullptr; ///< asks for the group to compare with
+        Text groupFolder{};           ///< where it begins to ask
+        AddressProbe* probe = nullptr;
+        std::function<void(const Text& address)> openArchive{};
+    };
+
     /// Both outlive the form.
-    frmTessaGroup(MessageBoxes& messages, FormHost& forms);
+    frmTessaGroup(MessageBoxes& messages, FormHost& forms, Outside outside);
+    frmTessaGroup(MessageBoxes& messages, FormHost& forms) : frmTessaGroup(messages, forms, Outside()) {}
     frmTessaGroup(const frmTessaGroup&) = delete;
     frmTessaGroup& operator=(const frmTessaGroup&) = delete;
 
@@ -34,6 +49,11 @@ public:
     Button cmdInsert{u"Insert"};
     Button cmdUpdate{u"Update"};
     Button cmdDelete{u"Delete"};
+    Choice cboColour;
+    CheckBox chkBehind{u"Open behind"};
+    CheckBox chkCloseOthers{u"Close other tabs"};
+    Button cmdCheck{u"Check"};
+    Button cmdCompare{u"Compare..."};
     Button cmdOK{u"OK"};
     Button cmdCancel{u"Cancel"};
     Frame Frame1;
@@ -44,6 +64,11 @@ public:
 
     /// Takes the entry at `from` to the place `to`, both from 0, and selects it. Does nothing without such an entry.
     void MoveEntry(std::size_t from, std::size_t to);
+
+    /// How the entry at that place opens, from 0.
+    [[nodiscard]] PagePlan PlanAt(std::size_t place) const;
+    /// The user wants it to open so, and with it every entry of the same address.
+    void SetPlan(std::size_t place, const PagePlan& plan);
 
     /// OK was pressed and the file could not be written; it is as it was.
     bool Unwritten = false;
@@ -62,7 +87,13 @@ private:
     void cmdOK_Click();
     void cmdCancel_Click();
     void lstUrls_DblClick();
+    void cmdCheck_Click();
+    void cmdCompare_Click();
 
+    class EditedGroup;
+    void LoadPlan();
+    [[nodiscard]] GroupPlan Plan() const;
+    void ShowAddresses(const std::vector<Text>& addresses);
     void RefreshButtons();
     void Enter(TextView caption, Text url);
     void InsertLines(TextView text);
@@ -70,7 +101,9 @@ private:
 
     MessageBoxes& m_messages;
     FormHost& m_forms;
+    Outside m_outside;
     Text m_fileName;
+    GroupPlan m_plan; ///< also of addresses that were deleted, and may come back
 };
 
 } // namespace tessa

@@ -179,7 +179,7 @@ private:
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands{
         {"list", Words::None, "json", "[--json]", "number, state, title, address and group of each tab"},
-        {"search", Words::Some, "json", "WORD... [--json]", "the tabs with all the words in title or address"},
+        {"search", Words::Some, "json", "WORD... [--json]", "tabs and pages of the history with all the words"},
         {"open", Words::Some, "behind wait", "ADDRESS... [--behind] [--wait]", "open each in a tab", true},
         {"open-group", Words::One, "close-others wait", "FILE|NAME [--close-others] [--wait]", "open a TessaGroup",
          true},

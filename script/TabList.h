@@ -5,9 +5,9 @@
 
 namespace tessa {
 
-/// An open tab as a script sees it; all texts are UTF-8.
+/// An open tab as a script sees it, or a page that was read; all texts are UTF-8.
 struct ScriptTab {
-    std::uint32_t number = 0; ///< never another tab's, as long as the program runs
+    std::uint32_t number = 0; ///< never another tab's, as long as the program runs; 0 for a page that is not open
     std::string title, address;
     std::string group; ///< the file of the TessaGroup that it was opened from; empty for none
     std::string state; ///< words with blanks between, see `TabList`
@@ -18,8 +18,9 @@ struct ScriptTab {
 /// How lists of tabs are written.
 namespace TabList {
 
-/// The words of a state, in their order: the tab in front; what its page does; what it is.
-inline constexpr const char* kWords = "front loading waiting asleep ended asks playing muted private";
+/// The words of a state, in their order: the tab in front; what its page does; what it is; for a page
+/// that is not open, that it was read.
+inline constexpr const char* kWords = "front loading waiting asleep ended asks playing muted private history";
 
 /// A line a tab, whose fields are separated by tabulators. What would break a line or a field becomes a blank.
 [[nodiscard]] std::string Lines(std::span<const ScriptTab> tabs);

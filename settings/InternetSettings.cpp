@@ -62,6 +62,7 @@ InternetSettings::InternetSettings(SettingsStorageFactory& factory)
       SleepMinutes(*m_storage, u"InternetSleepMinutes", 0),
       Drawing(*m_storage, u"InternetDrawing"),
       StartGroup(*m_storage, u"InternetStartGroup"),
+      Archive(*m_storage, u"InternetArchive"),
       DrawingKnown(*m_storage, u"InternetDrawingKnown") {}
 
 InternetValues InternetSettings::Get() const {
@@ -81,7 +82,8 @@ InternetValues InternetSettings::Get() const {
             .sleepMinutes =
                 minutes > 0 && minutes <= InternetValues::kMostSleepMinutes ? minutes : byDesign.sleepMinutes,
             .drawing = KindOf(kDrawings, Drawing.Get(), byDesign.drawing),
-            .startGroup = StartGroup.Get()};
+            .startGroup = StartGroup.Get(),
+            .archive = Archive.Get()};
 }
 
 void InternetSettings::Set(const InternetValues& values) {
@@ -98,11 +100,12 @@ void InternetSettings::Set(const InternetValues& values) {
     ResumeNext(SleepMinutes.Set(values.sleepMinutes));
     ResumeNext(Drawing.Set(WordOf(kDrawings, values.drawing)));
     ResumeNext(StartGroup.Set(values.startGroup));
+    ResumeNext(Archive.Set(values.archive));
 }
 
 std::vector<Text> InternetSettings::Differences() const {
     return DifferencesOf(HomePage, JavaScript, Cookies, DoNotTrack, GlobalPrivacyControl, Proxy, ProxyHost, ProxyPort,
-                         DownloadFolder, TabsSleep, SleepMinutes, Drawing, StartGroup);
+                         DownloadFolder, TabsSleep, SleepMinutes, Drawing, StartGroup, Archive);
 }
 
 } // namespace tessa

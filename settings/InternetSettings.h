@@ -27,6 +27,7 @@ struct InternetValues {
     std::int32_t sleepMinutes = 30;
     DrawingWish drawing = DrawingWish::ByItself; ///< from the next start on
     Text startGroup{};                           ///< the name of the TessaGroup that a start opens; empty for none
+    Text archive{}; ///< where older copies of pages are, "%s" for the address; empty for the one by design
 
     static constexpr std::int32_t kMostSleepMinutes = 1440;
 
@@ -59,6 +60,7 @@ public:
     Setting<std::int32_t> SleepMinutes;
     Setting<Text> Drawing; ///< "self", "hardware" or "software"
     Setting<Text> StartGroup;
+    Setting<Text> Archive;
     Setting<Text> DrawingKnown; ///< what was found out of this computer; no option
 
     /// The `Difference` of each that has one.

@@ -116,6 +116,7 @@ void frmInternetOptions::ShowValues(const InternetValues& values) {
     txtProxyHost.Value = values.proxyHost;
     txtProxyPort.Value = values.proxyPort > 0 ? Decimal(values.proxyPort) : Text();
     txtDownloads.Value = values.downloadFolder;
+    txtArchive.Value = values.archive;
     chkSleep.Tick(values.tabsSleep);
     txtSleepMinutes.Value = Decimal(values.sleepMinutes);
     cboDrawing.Index = static_cast<std::size_t>(values.drawing);
@@ -134,7 +135,8 @@ InternetValues frmInternetOptions::Values() const {
             .tabsSleep = chkSleep.Ticked(),
             .sleepMinutes = Minutes(txtSleepMinutes.Value()).value_or(InternetValues().sleepMinutes),
             .drawing = static_cast<DrawingWish>(cboDrawing.Index()),
-            .startGroup = StartGroup()};
+            .startGroup = StartGroup(),
+            .archive = Trimmed(txtArchive.Value())};
 }
 
 BrowsingData frmInternetOptions::Chosen() const {

@@ -73,6 +73,8 @@ public:
     TextBox txtMail;
     Label lblNews{u"News program"};
     TextBox txtNews;
+    Label lblArchive{u"Archived copies of pages (%s stands for the address)"};
+    TextBox txtArchive;
     Label lblDownloads{u"Download folder (empty for the desktop's)"};
     TextBox txtDownloads;
     Button cmdBrowse{u"Browse..."};

@@ -37,7 +37,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_browser(m_platform.views, m_events),
       m_tabs(pcPage, m_browser, actBar, sbStatus, m_platform.messages),
       m_groups({m_tabs, pcPage, m_browser, sbStatus, m_platform.messages, m_platform.files, m_platform.forms,
-                m_platform.groupFolder}),
+                m_platform.settings, m_platform.groupFolder}),
       m_closed(m_tabs, pcPage, m_browser),
       m_stripInput(m_tabs, pcPage, m_browser, actBar),
       m_pages(m_tabs, actBar, m_platform.settings),

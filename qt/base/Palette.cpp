@@ -27,4 +27,26 @@ QPalette Palette::Mended(QPalette palette) {
     return palette;
 }
 
+QColor Palette::MarkColour(TabColour colour) {
+    switch (colour) {
+    case TabColour::Red:
+        return {224, 58, 58};
+    case TabColour::Orange:
+        return {232, 128, 20};
+    case TabColour::Yellow:
+        return {214, 176, 16};
+    case TabColour::Green:
+        return {52, 160, 76};
+    case TabColour::Blue:
+        return {56, 122, 232};
+    case TabColour::Purple:
+        return {150, 84, 214};
+    case TabColour::Grey:
+        return {134, 138, 144};
+    case TabColour::None:
+        break;
+    }
+    return {};
+}
+
 } // namespace tessa::qt

@@ -1,4 +1,6 @@
 #pragma once
+#include "forms/TabStrip.h"
+
 #include <QColor>
 #include <QPalette>
 
@@ -13,6 +15,9 @@ namespace Palette {
 [[nodiscard]] QColor Mix(const QColor& from, const QColor& to, double share);
 /// Gives hints in empty boxes a colour that can be read, where a desktop's dark colours have left them dark.
 [[nodiscard]] QPalette Mended(QPalette palette);
+
+/// What marks tabs that belong together; of the same strength on light and on dark.
+[[nodiscard]] QColor MarkColour(TabColour colour);
 
 } // namespace Palette
 

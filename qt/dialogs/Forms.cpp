@@ -4,6 +4,7 @@
 #include "qt/dialogs/AddFavorite.h"
 #include "qt/dialogs/DefBrowserDialog.h"
 #include "qt/dialogs/GroupCheckDialog.h"
+#include "qt/dialogs/GroupCompareDialog.h"
 #include "qt/dialogs/GroupEditor.h"
 #include "qt/dialogs/InternetOptionsDialog.h"
 #include "qt/dialogs/OrganizeFavorites.h"
@@ -13,11 +14,19 @@
 #include "qt/dialogs/SettingsDialog.h"
 #include "qt/dialogs/Splash.h"
 
+#include <QApplication>
+
 namespace tessa::qt {
+
+QWidget* Forms::Front() const {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal ? modal : &m_window;
+}
 
 void Forms::Show(frmAddFavorite& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmDefBrowser& form) { ShowModal(form, m_splash.Window()); }
-void Forms::Show(frmGroupCheck& form) { ShowModal(form, &m_window); }
+void Forms::Show(frmGroupCheck& form) { ShowModal(form, Front()); }
+void Forms::Show(frmGroupCompare& form) { ShowModal(form, Front()); }
 void Forms::Show(frmInternetOptions& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmOrganizeFavorites& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmRenameGroup& form) { ShowModal(form, &m_window); }

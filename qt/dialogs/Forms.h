@@ -16,7 +16,9 @@ public:
     void Show(frmAddFavorite& form) override;
     /// Above the splash, which would cover it.
     void Show(frmDefBrowser& form) override;
+    /// Over the editor of groups, where that has asked for it.
     void Show(frmGroupCheck& form) override;
+    void Show(frmGroupCompare& form) override;
     void Show(frmInternetOptions& form) override;
     void Show(frmOrganizeFavorites& form) override;
     void Show(frmRenameGroup& form) override;
@@ -27,6 +29,8 @@ public:
     void Show(frmTessaGroup& form) override;
 
 private:
+    [[nodiscard]] QWidget* Front() const;
+
     QWidget& m_window;
     Splash& m_splash;
 };

@@ -1,13 +1,19 @@
 #include "qt/dialogs/GroupEditor.h"
 
 #include "qt/base/Bind.h"
+#include "qt/base/ChoiceBinding.h"
+#include "qt/base/FormRows.h"
+#include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
-#include "qt/dialogs/ListBoxView.h"
+#include "qt/dialogs/GroupList.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPixmap>
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
@@ -16,8 +22,16 @@
 namespace tessa::qt {
 
 namespace {
-constexpr int kEditorWidth = 520;
+constexpr int kEditorWidth = 680;
+constexpr int kSwatch = 12;
+
+QIcon Swatch(TabColour colour) {
+    QPixmap square(kSwatch, kSwatch);
+    square.fill(Palette::MarkColour(colour));
+    return square;
 }
+
+} // namespace
 
 GroupEditor::GroupEditor(frmTessaGroup& form, QWidget* parent)
     : QDialog(parent), m_form(form), m_formHeight(ToPixels(frmTessaGroup::kCollapsed).value) {
@@ -26,6 +40,7 @@ GroupEditor::GroupEditor(frmTessaGroup& form, QWidget* parent)
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(Name());
     rows->addWidget(Entries(), 1);
+    rows->addWidget(Manner());
     rows->addWidget(Buttons());
     m_entry = Entry();
     rows->addWidget(m_entry);
@@ -63,9 +78,7 @@ QPushButton* GroupEditor::Add(QBoxLayout& row, Button& button, const char* name,
 
 QWidget* GroupEditor::Entries() {
     auto* row = new QWidget;
-    m_list = new ListBoxView(m_form.lstUrls, QStringLiteral("lstUrls"), QStringLiteral("Addresses"));
-    m_list->Dragged.ConnectForLife([this](std::size_t from, std::size_t to) { m_form.MoveEntry(from, to); });
-    m_list->Title = m_form.TitleOf;
+    m_list = new GroupList(m_form);
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_list, 1);
@@ -80,10 +93,31 @@ QWidget* GroupEditor::Entries() {
     return row;
 }
 
+QWidget* GroupEditor::Manner() {
+    auto* row = new QWidget;
+    auto* colours = new QComboBox;
+    auto* caption = new QLabel(WithAccessKey(ToQt(m_form.cboColour.Caption), u'B'));
+    caption->setBuddy(colours);
+    Bind(m_form.cboColour, *colours, QStringLiteral("cboColour"));
+    for (int index = 1; index < colours->count(); ++index)
+        colours->setItemIcon(index, Swatch(static_cast<TabColour>(index)));
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(caption);
+    layout->addWidget(colours);
+    layout->addSpacing(layout->spacing());
+    layout->addWidget(NewCheckBox(m_form.chkBehind, "chkBehind", u'N'));
+    layout->addWidget(NewCheckBox(m_form.chkCloseOthers, "chkCloseOthers", u'S'));
+    layout->addStretch();
+    return row;
+}
+
 QWidget* GroupEditor::Buttons() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
+    Add(*layout, m_form.cmdCheck, "cmdCheck", u'K');
+    Add(*layout, m_form.cmdCompare, "cmdCompare", u'M');
     layout->addStretch();
     m_ok = Add(*layout, m_form.cmdOK, "cmdOK", u'O');
     Add(*layout, m_form.cmdCancel, "cmdCancel", u'C');

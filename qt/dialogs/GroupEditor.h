@@ -10,7 +10,7 @@ class QPushButton;
 
 namespace tessa::qt {
 
-class ListBoxView;
+class GroupList;
 
 /// The window of `frmTessaGroup`: lays out its controls and binds them. The form must outlive it.
 class GroupEditor : public QDialog {
@@ -20,6 +20,7 @@ public:
 private:
     QWidget* Name();
     QWidget* Entries();
+    QWidget* Manner();
     QWidget* Buttons();
     QFrame* Entry();
     QPushButton* Add(QBoxLayout& row, Button& button, const char* name, char16_t accessKey);
@@ -28,7 +29,7 @@ private:
     void ShowHeight(Twips height);
 
     frmTessaGroup& m_form;
-    ListBoxView* m_list = nullptr;
+    GroupList* m_list = nullptr;
     QFrame* m_entry = nullptr;
     QPushButton* m_ok = nullptr;
     QPushButton* m_commit = nullptr;

@@ -136,6 +136,8 @@ QWidget* InternetOptionsDialog::ProgramsPage() {
     auto* rows = new QVBoxLayout(page);
     AddBox(*rows, m_form.lblMail, m_form.txtMail, "txtMail", u'M');
     AddBox(*rows, m_form.lblNews, m_form.txtNews, "txtNews", u'N');
+    AddBox(*rows, m_form.lblArchive, m_form.txtArchive, "txtArchive", u'A')
+        ->setPlaceholderText(QStringLiteral("TessaView's own choice"));
     AddBox(*rows, m_form.lblDownloads, m_form.txtDownloads, "txtDownloads", u'D');
     AddButtons(*rows, {NewButton(m_form.cmdBrowse, "cmdBrowse", u'W')});
     rows->addStretch();

@@ -21,6 +21,7 @@
 #include "qt/program/ReportSource.h"
 #include "qt/program/StripAssembly.h"
 #include "qt/program/WindowAssembly.h"
+#include "qt/script/GroupPrint.h"
 #include "qt/script/NetworkProbe.h"
 #include "qt/script/ScriptBus.h"
 #include "qt/window/MainWindowFrame.h"
@@ -78,8 +79,10 @@ struct RunningProgram::Parts {
     KeyboardAssembly keyboard{main, window, bar};
     TaskViewPresenter taskView{main.TaskView(), window};
     ScriptedWindow scripted{main, window};
-    ScriptBus scripts{scripted, engine.engine};
-    NetworkProbe probe;
+    const AcceptedCertificates& accepted = engine.engine.Profiles().Accepted(Privacy::Ordinary);
+    ScriptBus scripts{scripted, engine.engine, history.store, accepted};
+    GroupPrint print{scripts.Output(), engine.engine.Output(), window};
+    NetworkProbe probe{accepted};
     Clocks clocks{main, engine.engine.Schedule(), *memory};
 };
 
@@ -96,7 +99,7 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     tools.Customizes.ConnectForLife([this] { bar.Customize(); });
     desktop.settings.SetReport([this](const Text& message) { main.sbStatus.Complaint(message); });
     FollowGroups();
-    scripts.Foreground.ConnectForLife([this](const QByteArray& token) { window.BringToForeground(token); });
+    scripts.Foreground().ConnectForLife([this](const QByteArray& token) { window.BringToForeground(token); });
     desktop.channel.Foreground.ConnectForLife([this](const QByteArray& token) { window.BringToForeground(token); });
 }
 
@@ -106,8 +109,14 @@ void RunningProgram::Parts::FollowGroups() {
         const auto written = [told](const GroupOutput::Result& result) {
             told(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
         };
-        what == GroupCommands::Writes::Pdf ? scripts.Output().Pdf({}, ToQt(path), written)
-                                           : scripts.Output().Keep({}, ToQt(path), written);
+        switch (what) {
+        case GroupCommands::Writes::Pdf:
+            return scripts.Output().Pdf({}, ToQt(path), written);
+        case GroupCommands::Writes::Offline:
+            return scripts.Output().Keep({}, ToQt(path), written);
+        case GroupCommands::Writes::Print:
+            return print.Print(written);
+        }
     };
 }
 

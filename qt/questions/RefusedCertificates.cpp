@@ -16,6 +16,12 @@
 
 namespace tessa::qt {
 
+Text PlaceOf(const QUrl& url) { return FromQt(WebPage::HostAndPort(url)); }
+
+Text FingerprintOf(const QSslCertificate& certificate) {
+    return FromQt(QString::fromLatin1(certificate.digest(QCryptographicHash::Sha256).toHex(':').toUpper()));
+}
+
 namespace {
 
 CertificateProblem CertificateProblemOf(const QWebEngineCertificateError& error, const QSslCertificate& certificate) {
@@ -59,13 +65,6 @@ QSslCertificate LeafOf(const QWebEngineCertificateError& error) {
 
 // In the form that cannot be mistaken for another host's.
 Text HostOf(const QUrl& url) { return FromQt(url.host(QUrl::FullyEncoded)); }
-
-/// For which an exception holds. Another port may be another program's.
-Text PlaceOf(const QUrl& url) { return FromQt(WebPage::HostAndPort(url)); }
-
-Text FingerprintOf(const QSslCertificate& certificate) {
-    return FromQt(QString::fromLatin1(certificate.digest(QCryptographicHash::Sha256).toHex(':').toUpper()));
-}
 
 RefusedCertificate Describe(const QWebEngineCertificateError& error) {
     const QSslCertificate leaf = LeafOf(error);

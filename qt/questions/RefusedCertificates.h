@@ -1,7 +1,11 @@
 #pragma once
+#include "base/Text.h"
+
 #include <QObject>
 #include <QPointer>
 
+class QSslCertificate;
+class QUrl;
 class QWebEngineCertificateError;
 
 namespace tessa {
@@ -13,6 +17,10 @@ namespace tessa::qt {
 class CertificatePage;
 class Covers;
 class WebPage;
+
+/// What an exception holds for, see `AcceptedCertificates`: host and port, for another port may be another program's.
+[[nodiscard]] Text PlaceOf(const QUrl& url);
+[[nodiscard]] Text FingerprintOf(const QSslCertificate& certificate);
 
 /// Answers refused certificates of one page. That of the page itself is explained in its place; the user may go on.
 /// Those of its parts are refused without a word.

@@ -10,19 +10,20 @@ namespace tessa::qt {
 
 /// One of them, with a way into the network of its own.
 struct GroupChecks::Running {
-    explicit Running(const std::vector<Text>& addresses) : check(probe, addresses) {}
+    Running(const AcceptedCertificates& accepted, const std::vector<Text>& addresses)
+        : probe(accepted), check(probe, addresses) {}
 
     NetworkProbe probe;
     GroupCheck check;
 };
 
-GroupChecks::GroupChecks() = default;
+GroupChecks::GroupChecks(const AcceptedCertificates& accepted) : m_accepted(accepted) {}
 GroupChecks::~GroupChecks() = default;
 
 void GroupChecks::Check(const Text& file, std::function<void(const std::vector<HealthLine>&)> checked) {
     std::vector<Text> addresses;
     for (const auto& each : TessaGroups::Load(file)) addresses.push_back(each.Key);
-    m_running.emplace_back(addresses);
+    m_running.emplace_back(m_accepted, addresses);
     const auto place = std::prev(m_running.end());
     place->check.Progress.ConnectForLife([this, place, told = std::move(checked)] {
         if (!place->check.Done()) return;

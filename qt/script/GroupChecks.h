@@ -5,6 +5,10 @@
 #include <list>
 #include <vector>
 
+namespace tessa {
+class AcceptedCertificates;
+} // namespace tessa
+
 namespace tessa::qt {
 
 /// Checks of groups that nobody looks at.
@@ -17,10 +21,12 @@ private:
     struct Running;
     using Places = std::list<Running>;
 
+    const AcceptedCertificates& m_accepted;
     Places m_running;
 
 public:
-    GroupChecks();
+    /// `accepted` are the certificates that count although nobody vouches for them; they outlive it.
+    explicit GroupChecks(const AcceptedCertificates& accepted);
     ~GroupChecks();
 };
 

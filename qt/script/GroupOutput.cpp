@@ -7,7 +7,6 @@
 #include "qt/base/PathBytes.h"
 #include "qt/base/Strings.h"
 #include "qt/page/PageOutput.h"
-#include "qt/script/PdfBinder.h"
 
 #include <QTemporaryDir>
 #include <memory>
@@ -44,6 +43,17 @@ QString FileFor(const ScriptTab& tab, std::size_t number) {
     return QStringLiteral("%1 %2.mhtml").arg(number, 3, 10, QLatin1Char('0')).arg(name.simplified());
 }
 
+/// Makes the folder; why it could not be, a sentence, else empty.
+QString Begin(Keeping& keeping, const QString& group) {
+    keeping.group = PathBytes(group);
+    if (!IsAbsolute(keeping.group) || !group.endsWith(ToQt(TessaGroups::kExtension)))
+        return QStringLiteral("The path of a TessaGroup ends in .tvg: %1").arg(group);
+    keeping.folder = keeping.group.substr(0, keeping.group.size() - TessaGroups::kExtension.size());
+    if (LeadsSomewhere(keeping.group) || LeadsSomewhere(keeping.folder))
+        return QStringLiteral("There is such a file or folder already: %1").arg(group);
+    return MakeFolders(keeping.folder) ? QString() : QStringLiteral("The folder could not be made: %1").arg(group);
+}
+
 QString WriteGroup(const Keeping& keeping) {
     if (keeping.addresses.empty()) return QStringLiteral("No page could be kept.");
     const Text path = PathFromBytes(keeping.group);
@@ -67,24 +77,17 @@ void GroupOutput::Pdf(const std::vector<std::uint32_t>& numbers, const QString& 
         };
         m_reads.Pdf(static_cast<std::int32_t>(tab.number), take);
     };
-    m_walk.Go(numbers, step, [collected, file, written](const std::vector<std::string>& left) {
+    m_walk.Go(numbers, step, [this, collected, file, written](const std::vector<std::string>& left) {
         Name(collected->left, left);
-        QStringList broken;
-        const QString refusal = PdfBinder::Bind(collected->parts, file, broken);
-        written({refusal, collected->left + broken});
+        m_work.Bind(collected->parts, file, [collected, written](const PdfBinder::Bound& bound) {
+            written({bound.refusal, collected->left + bound.left});
+        });
     });
 }
 
 void GroupOutput::Keep(const std::vector<std::uint32_t>& numbers, const QString& group, const Written& written) {
     const auto keeping = std::make_shared<Keeping>();
-    keeping->group = PathBytes(group);
-    if (!IsAbsolute(keeping->group) || !group.endsWith(ToQt(TessaGroups::kExtension)))
-        return written({QStringLiteral("The path of a TessaGroup ends in .tvg: %1").arg(group), {}});
-    keeping->folder = keeping->group.substr(0, keeping->group.size() - TessaGroups::kExtension.size());
-    if (LeadsSomewhere(keeping->group) || LeadsSomewhere(keeping->folder))
-        return written({QStringLiteral("There is such a file or folder already: %1").arg(group), {}});
-    if (!MakeFolders(keeping->folder))
-        return written({QStringLiteral("The folder could not be made: %1").arg(group), {}});
+    if (const QString refusal = Begin(*keeping, group); !refusal.isEmpty()) return written({refusal, {}});
     const auto step = [this, keeping](const ScriptTab& tab, const std::function<void()>& next) {
         const QString name = FileFor(tab, keeping->addresses.size() + 1);
         const QString file = QFile::decodeName(keeping->folder.c_str()) + QLatin1Char('/') + name;

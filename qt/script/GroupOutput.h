@@ -1,5 +1,6 @@
 #pragma once
 #include "qt/script/PageReads.h"
+#include "qt/script/PdfWork.h"
 #include "qt/script/TabWalk.h"
 
 #include <QString>
@@ -30,6 +31,7 @@ public:
 private:
     PageReads& m_reads;
     TabWalk& m_walk;
+    PdfWork m_work;
 };
 
 } // namespace tessa::qt

@@ -1,10 +1,14 @@
 #include "qt/script/NetworkProbe.h"
 
+#include "pages/Certificates.h"
 #include "qt/base/Strings.h"
+#include "qt/questions/RefusedCertificates.h"
 
 #include <QNetworkCookie>
 #include <QNetworkCookieJar>
 #include <QNetworkReply>
+#include <QSslCertificate>
+#include <QSslConfiguration>
 #include <QUrl>
 
 namespace tessa::qt {
@@ -47,7 +51,10 @@ ProbeAnswer AnswerIn(const QNetworkReply& reply) {
 
 } // namespace
 
-NetworkProbe::NetworkProbe(int patience) : m_patience(patience) { m_network.setCookieJar(new NoCookies); }
+NetworkProbe::NetworkProbe(const AcceptedCertificates& accepted, int patience)
+    : m_accepted(accepted), m_patience(patience) {
+    m_network.setCookieJar(new NoCookies);
+}
 
 void NetworkProbe::Ask(const Text& address, std::function<void(const ProbeAnswer&)> answered) {
     QNetworkRequest request(QUrl(ToQt(address), QUrl::TolerantMode));
@@ -59,12 +66,19 @@ void NetworkProbe::Ask(const Text& address, std::function<void(const ProbeAnswer
     request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Mozilla/5.0 (TessaView)"));
     auto* reply = m_network.get(request);
     m_open.insert(reply);
+    connect(reply, &QNetworkReply::sslErrors, this, [this, reply] { OnRefused(*reply); });
     // Queued: a reply must not go while it tells.
     connect(
         reply, &QNetworkReply::metaDataChanged, this, [this, reply, answered] { End(reply, answered); },
         Qt::QueuedConnection);
     connect(
         reply, &QNetworkReply::finished, this, [this, reply, answered] { End(reply, answered); }, Qt::QueuedConnection);
+}
+
+// What the user has gone on to in a page is fine here too, as long as the host shows the same certificate.
+void NetworkProbe::OnRefused(QNetworkReply& reply) const {
+    const QSslCertificate leaf = reply.sslConfiguration().peerCertificate();
+    if (!leaf.isNull() && m_accepted.Has(PlaceOf(reply.url()), FingerprintOf(leaf))) reply.ignoreSslErrors();
 }
 
 void NetworkProbe::End(QNetworkReply* reply, const std::function<void(const ProbeAnswer&)>& answered) {

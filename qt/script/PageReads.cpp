@@ -6,6 +6,7 @@
 #include "qt/page/WebPageLife.h"
 
 #include <QBuffer>
+#include <QImage>
 #include <QPixmap>
 #include <QPointer>
 #include <QTimer>
@@ -26,8 +27,9 @@ const QString& AskFrames() {
     return script;
 }
 
-constexpr std::chrono::milliseconds kSettling{1000};
+constexpr std::chrono::milliseconds kSettling{5000};
 constexpr std::chrono::milliseconds kBetween{30};
+constexpr int kMostGrabs = 100;
 constexpr int kMostLooks = 200; ///< a page that draws nothing is taken as it is
 
 /// Calls `then` when the page has drawn what it shows.
@@ -40,11 +42,31 @@ void WhenDrawn(QPointer<WebPage> page, int looks, const std::function<void()>& t
         });
 }
 
-QByteArray PngOf(QWidget& widget) {
+QByteArray PngOf(const QImage& picture) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    if (!buffer.open(QBuffer::WriteOnly) || !widget.grab().save(&buffer, "PNG")) return {};
+    if (!buffer.open(QBuffer::WriteOnly) || !picture.save(&buffer, "PNG")) return {};
     return bytes;
+}
+
+/// Whether there is anything to be seen: before the engine's first frame has come, all is of one colour.
+bool ShowsAnything(const QImage& picture) {
+    if (picture.isNull()) return false;
+    const QRgb first = picture.pixel(0, 0);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != first) return true;
+        }
+    }
+    return false;
+}
+
+/// Takes a picture of a view once its page is seen in it: what has been drawn takes a moment to get there. A page of
+/// one colour is taken as it is in the end.
+void GrabSeen(const QPointer<QWidget>& view, int looks, const std::function<void(const QByteArray&)>& read) {
+    const QImage picture = view ? view->grab().toImage() : QImage();
+    if (!view || looks == 0 || ShowsAnything(picture)) return read(PngOf(picture));
+    QTimer::singleShot(kBetween, view, [view, looks, read] { GrabSeen(view, looks - 1, read); });
 }
 
 } // namespace
@@ -116,7 +138,7 @@ void PageReads::Screenshot(std::int32_t index, const std::function<void(const QB
     if (!page) return read({});
     const auto grab = [this, index, read] {
         auto* view = m_engine.Find(index);
-        read(view && view->Widget() ? PngOf(*view->Widget()) : QByteArray());
+        GrabSeen(view ? view->Widget() : nullptr, kMostGrabs, read);
     };
     page->runJavaScript(AskFrames(), QWebEngineScript::ApplicationWorld);
     WhenDrawn(page, kMostLooks, grab);

@@ -31,7 +31,7 @@ public:
     void Pdf(std::int32_t index, const std::function<void(const QByteArray&)>& read);
     /// Writes the page with all that belongs to it into one file; told whether that was done.
     void Keep(std::int32_t index, const QString& file, const std::function<void(bool)>& kept);
-    /// What is seen of the page, which is in front, as PNG; once it has been drawn.
+    /// What is seen of the page, which is in front, as PNG; once it has been painted.
     void Screenshot(std::int32_t index, const std::function<void(const QByteArray&)>& read);
 
 private:

@@ -1,39 +1,26 @@
 #include "qt/script/PdfBinder.h"
 
 #include "qt/base/PathBytes.h"
+#include "qt/script/PdfBook.h"
+#include "qt/script/PdfFeet.h"
 
-#include <QFile>
-#include <QFontMetricsF>
-#include <QPainter>
-#include <QPdfWriter>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <exception>
 #include <memory>
-// What newer releases of the library want to be told.
-#define POINTERHOLDER_TRANSITION 4
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
+#include <qpdf/ClosedFileInputSource.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
-#include <qpdf/QPDFPageObjectHelper.hh>
-#include <qpdf/QPDFWriter.hh>
 #include <unistd.h>
+#include <utility>
 
 namespace tessa::qt {
 
 namespace {
 
-constexpr double kPointsPerInch = 72;
-constexpr int kFootDots = 144;     ///< an inch
-constexpr double kFootFont = 7;    ///< points
-constexpr double kFootMargin = 28; ///< points, at both sides and below
+using Opened = PdfBook::Chapter;
 
-/// A part that is a PDF.
-struct Opened {
-    const PdfBinder::Part* part;
-    std::unique_ptr<QPDF> pdf;
-    std::vector<QPDFPageObjectHelper> pages;
-};
+/// Of more files not all are open at a time: a process may have only so many.
+constexpr std::size_t kMostOpen = 100;
 
 struct Size {
     double width, height; ///< points
@@ -44,168 +31,122 @@ Size SizeOf(QPDFPageObjectHelper page) {
     return {box.urx - box.llx, box.ury - box.lly};
 }
 
+void Read(QPDF& pdf, const std::string& file, bool staysOpen) {
+    pdf.setSuppressWarnings(true);
+    if (staysOpen)
+        pdf.processFile(file.c_str());
+    else
+        pdf.processInputSource(std::make_shared<ClosedFileInputSource>(file.c_str()));
+}
+
 std::vector<Opened> Open(const std::vector<PdfBinder::Part>& parts, QStringList& left) {
     std::vector<Opened> opened;
     for (const PdfBinder::Part& part : parts) {
         auto pdf = std::make_unique<QPDF>();
+        const QString name = part.title.isEmpty() ? part.address : part.title;
+        const QString words = part.title.isEmpty() ? name : name + QStringLiteral("  ") + part.address;
         try {
-            pdf->setSuppressWarnings(true);
-            pdf->processFile(PathBytes(part.file).c_str());
+            Read(*pdf, PathBytes(part.file), parts.size() <= kMostOpen);
             auto pages = QPDFPageDocumentHelper(*pdf).getAllPages();
-            opened.push_back({&part, std::move(pdf), std::move(pages)});
+            opened.push_back({name, words, std::move(pdf), std::move(pages)});
         } catch (const std::exception&) {
-            left.append(part.title.isEmpty() ? part.address : part.title);
+            left.append(name);
         }
     }
     return opened;
 }
 
-void DrawFoot(QPainter& painter, const Size& size, const PdfBinder::Part& part, const QString& number) {
-    const double scale = kFootDots / kPointsPerInch;
-    const QRectF line(kFootMargin * scale, (size.height - kFootMargin) * scale, (size.width - 2 * kFootMargin) * scale,
-                      kFootFont * 2 * scale);
-    QFont font;
-    font.setPointSizeF(kFootFont);
-    painter.setFont(font);
-    const QFontMetricsF metrics(font, painter.device());
-    const double room = line.width() - metrics.horizontalAdvance(number) - metrics.averageCharWidth() * 2;
-    const QString words = part.title.isEmpty() ? part.address : part.title + QStringLiteral("  ") + part.address;
-    painter.drawText(line, Qt::AlignLeft, metrics.elidedText(words, Qt::ElideMiddle, room));
-    painter.drawText(line, Qt::AlignRight, number);
-}
-
-// One page of feet for each page, drawn by Qt: it has fonts for every script.
-bool DrawFeet(const std::vector<Opened>& parts, std::size_t all, const QString& file) {
-    QPdfWriter writer(file);
-    writer.setResolution(kFootDots);
-    writer.setPageMargins(QMarginsF());
-    QPainter painter;
-    std::size_t number = 0;
+std::vector<PdfFeet::Foot> FeetOf(const std::vector<Opened>& parts, std::size_t all) {
+    std::vector<PdfFeet::Foot> feet;
     for (const Opened& part : parts) {
         for (const QPDFPageObjectHelper& page : part.pages) {
             const Size size = SizeOf(page);
-            const QPageSize paper(QSizeF(size.width, size.height), QPageSize::Point, {}, QPageSize::ExactMatch);
-            writer.setPageLayout(QPageLayout(paper, QPageLayout::Portrait, QMarginsF()));
-            if (!painter.isActive() ? !painter.begin(&writer) : !writer.newPage()) return false;
-            DrawFoot(painter, size, *part.part, QStringLiteral("%1/%2").arg(++number).arg(all));
+            feet.push_back(
+                {size.width, size.height, part.words, QStringLiteral("%1/%2").arg(feet.size() + 1).arg(all)});
         }
     }
-    return painter.end();
+    return feet;
 }
 
-QPDFObjectHandle TextObject(const QString& text) { return QPDFObjectHandle::newUnicodeString(text.toStdString()); }
-
-/// The binding itself.
-class Book {
+/// A file being written. The library would not say that its last bytes found no room.
+class Output {
 public:
-    Book() { m_pdf.emptyPDF(); }
-
-    void Add(Opened& part, std::vector<QPDFPageObjectHelper>& feet) {
-        const std::size_t first = m_count;
-        for (QPDFPageObjectHelper& page : part.pages) {
-            m_pdf.addPage(page.getObjectHandle(), false);
-            QPDFPageObjectHelper added(m_pdf.getAllPages().back());
-            PutFoot(added, feet.at(m_count++));
-            if (m_count == first + 1) m_firsts.push_back({part.part, added.getObjectHandle()});
-        }
+    explicit Output(const std::string& path) : m_file(std::fopen(path.c_str(), "wb")) {}
+    ~Output() {
+        if (m_file) (void)std::fclose(m_file);
     }
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
 
-    void Write(const std::string& file) {
-        WriteOutline();
-        QPDFWriter writer(m_pdf, file.c_str());
-        writer.setObjectStreamMode(qpdf_o_generate);
-        writer.write();
+    [[nodiscard]] std::FILE* File() const { return m_file; }
+    /// Whether all of it is on the disk.
+    [[nodiscard]] bool Close() {
+        const bool whole = std::ferror(m_file) == 0 && std::fflush(m_file) == 0 && ::fsync(::fileno(m_file)) == 0;
+        return std::fclose(std::exchange(m_file, nullptr)) == 0 && whole;
     }
 
 private:
-    void PutFoot(QPDFPageObjectHelper& page, QPDFPageObjectHelper& foot) {
-        const QPDFObjectHandle drawn = m_pdf.copyForeignObject(foot.getFormXObjectForPage());
-        QPDFObjectHandle resources = page.getAttribute("/Resources", true);
-        if (!resources.isDictionary()) {
-            resources = QPDFObjectHandle::newDictionary();
-            page.getObjectHandle().replaceKey("/Resources", resources);
-        }
-        int suffix = 1;
-        QPDFObjectHandle known = resources.getKey("/XObject");
-        if (known.isIndirect()) resources.replaceKey("/XObject", known.shallowCopy());
-        resources.mergeResources(QPDFObjectHandle::parse("<< /XObject << >> >>"));
-        const std::string name = resources.getUniqueResourceName("/Foot", suffix);
-        resources.getKey("/XObject").replaceKey(name, drawn);
-        const QPDFObjectHandle::Rectangle box = page.getMediaBox().getArrayAsRectangle();
-        const std::string content = page.placeFormXObject(drawn, name, box, true, false, false);
-        // Whatever the page does to the coordinates ends before the foot begins.
-        page.addPageContents(QPDFObjectHandle::newStream(&m_pdf, "q\n"), true);
-        page.addPageContents(QPDFObjectHandle::newStream(&m_pdf, "\nQ\n" + content), false);
-    }
-
-    void WriteOutline() {
-        QPDFObjectHandle root = m_pdf.makeIndirectObject(QPDFObjectHandle::parse("<< /Type /Outlines >>"));
-        std::vector<QPDFObjectHandle> entries;
-        for (const First& each : m_firsts) {
-            QPDFObjectHandle entry = m_pdf.makeIndirectObject(QPDFObjectHandle::newDictionary());
-            entry.replaceKey("/Title", TextObject(each.part->title.isEmpty() ? each.part->address : each.part->title));
-            entry.replaceKey("/Parent", root);
-            entry.replaceKey("/Dest", QPDFObjectHandle::newArray({each.page, QPDFObjectHandle::newName("/Fit")}));
-            entries.push_back(entry);
-        }
-        if (entries.empty()) return;
-        for (std::size_t at = 1; at < entries.size(); ++at) {
-            entries[at].replaceKey("/Prev", entries[at - 1]);
-            entries[at - 1].replaceKey("/Next", entries[at]);
-        }
-        root.replaceKey("/First", entries.front());
-        root.replaceKey("/Last", entries.back());
-        root.replaceKey("/Count", QPDFObjectHandle::newInteger(static_cast<long long>(entries.size())));
-        m_pdf.getRoot().replaceKey("/Outlines", root);
-        m_pdf.getRoot().replaceKey("/PageMode", QPDFObjectHandle::newName("/UseOutlines"));
-    }
-
-    struct First {
-        const PdfBinder::Part* part;
-        QPDFObjectHandle page;
-    };
-    QPDF m_pdf;
-    std::size_t m_count = 0;
-    std::vector<First> m_firsts;
+    std::FILE* m_file;
 };
 
-void BindOpened(std::vector<Opened>& parts, const QString& feetFile, const std::string& file) {
-    QPDF feet;
-    feet.processFile(PathBytes(feetFile).c_str());
-    std::vector<QPDFPageObjectHelper> feetPages = QPDFPageDocumentHelper(feet).getAllPages();
-    Book book;
-    for (Opened& part : parts) book.Add(part, feetPages);
-    book.Write(file);
-}
-
 // The old file or the new one, whatever happens in between.
-bool BindBeside(std::vector<Opened>& parts, const QString& feet, const QString& file) {
-    const std::string target = PathBytes(file), part = target + ".part" + std::to_string(::getpid());
-    bool done = false;
-    try {
-        BindOpened(parts, feet, part);
-        done = std::rename(part.c_str(), target.c_str()) == 0;
-    } catch (const std::exception&) {
-        done = false;
+class BesideTarget {
+public:
+    explicit BesideTarget(const QString& file) : m_target(PathBytes(file)) {}
+    ~BesideTarget() {
+        if (!m_done) ::unlink(m_part.c_str());
     }
-    if (!done) ::unlink(part.c_str());
-    return done;
+    BesideTarget(const BesideTarget&) = delete;
+    BesideTarget& operator=(const BesideTarget&) = delete;
+
+    [[nodiscard]] const std::string& Path() const { return m_part; }
+    [[nodiscard]] bool Take() { return m_done = std::rename(m_part.c_str(), m_target.c_str()) == 0; }
+
+private:
+    std::string m_target;
+    std::string m_part = m_target + ".part" + std::to_string(::getpid());
+    bool m_done = false;
+};
+
+bool BindOpened(std::vector<Opened>& parts, const QString& feetFile, const QString& file,
+                const std::atomic<bool>& stop) {
+    BesideTarget beside(file);
+    try {
+        QPDF feet;
+        Read(feet, PathBytes(feetFile), true);
+        std::vector<QPDFPageObjectHelper> feetPages = QPDFPageDocumentHelper(feet).getAllPages();
+        PdfBook book;
+        for (Opened& part : parts) {
+            if (stop) return false;
+            book.Add(part, feetPages);
+        }
+        Output output(beside.Path());
+        if (!output.File()) return false;
+        book.Write(output.File(), stop);
+        return output.Close() && beside.Take();
+    } catch (const std::exception&) {
+        return false;
+    }
 }
 
 } // namespace
 
 namespace PdfBinder {
 
-QString Bind(const std::vector<Part>& parts, const QString& file, QStringList& left) {
-    std::vector<Opened> opened = Open(parts, left);
+Bound Bind(const std::vector<Part>& parts, const QString& file, const std::atomic<bool>& stop) {
+    Bound bound;
+    std::vector<Opened> opened = Open(parts, bound.left);
     std::size_t all = 0;
     for (const Opened& each : opened) all += each.pages.size();
-    if (all == 0) return QStringLiteral("There is nothing to be bound.");
     const QTemporaryDir folder;
     const QString feet = folder.filePath(QStringLiteral("feet.pdf"));
-    if (!folder.isValid() || !DrawFeet(opened, all, feet))
-        return QStringLiteral("There is no room for the page numbers.");
-    return BindBeside(opened, feet, file) ? QString() : QStringLiteral("The file could not be written: %1").arg(file);
+    if (all == 0)
+        bound.refusal = QStringLiteral("There is nothing to be bound.");
+    else if (!folder.isValid() || !PdfFeet::Draw(FeetOf(opened, all), feet, stop))
+        bound.refusal = QStringLiteral("There is no room for the page numbers.");
+    else if (!BindOpened(opened, feet, file, stop))
+        bound.refusal = QStringLiteral("The file could not be written: %1").arg(file);
+    return bound;
 }
 
 } // namespace PdfBinder

@@ -1,6 +1,7 @@
 #pragma once
 #include <QString>
 #include <QStringList>
+#include <atomic>
 #include <vector>
 
 namespace tessa::qt {
@@ -13,9 +14,14 @@ struct Part {
     QString title, address;
 };
 
-/// Writes the file, which is replaced whole. Empty when it was written; else why not, a sentence. Parts that are no PDF
-/// are left out and named in `left`. The files are read page by page, so memory does not grow with them.
-[[nodiscard]] QString Bind(const std::vector<Part>& parts, const QString& file, QStringList& left);
+struct Bound {
+    QString refusal{};  ///< why the file was not written, a sentence; empty when it was
+    QStringList left{}; ///< parts that are no PDF
+};
+
+/// Writes the file, which is replaced whole, or stays as it is when that fails or `stop` comes. The files are read page
+/// by page, so memory does not grow with them. In any thread.
+[[nodiscard]] Bound Bind(const std::vector<Part>& parts, const QString& file, const std::atomic<bool>& stop);
 
 } // namespace PdfBinder
 

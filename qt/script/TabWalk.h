@@ -14,6 +14,7 @@ class LoadWaits final : public QObject {
 public:
     /// How many may wait at most.
     static constexpr std::size_t kMost = 500;
+    static constexpr TextView kTooMany = u"Too many callers wait already.";
 
     /// The window outlives it.
     explicit LoadWaits(const ScriptedWindow& window);

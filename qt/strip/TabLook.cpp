@@ -16,6 +16,7 @@ constexpr int kTabMargin = 7;
 constexpr int kTabGap = 6;
 constexpr int kCorner = 4;
 constexpr int kAccentHeight = 2;
+constexpr int kColourHeight = 3;
 /// No tab is wide enough for more; measuring a longer text would only cost time.
 constexpr int kMeasuredUnits = 256;
 
@@ -70,6 +71,7 @@ void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
     painter.save();
     painter.setClipRect(face.place, Qt::IntersectClip);
     PaintBody(painter, face);
+    PaintColour(painter, face);
     const QRect icon(face.place.left() + kTabMargin, face.place.top() + (face.place.height() - kTabIconSize) / 2,
                      kTabIconSize, kTabIconSize);
     PaintIcon(painter, face, icon);
@@ -84,6 +86,14 @@ void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
     if (face.sound != TabSound::None) PaintSound(painter, face);
     if (face.closeShown) PaintClose(painter, face);
     painter.restore();
+}
+
+// Beside the page, where nothing else is: what is selected has its line at the other side.
+void TabLook::PaintColour(QPainter& painter, const TabFace& face) const {
+    if (face.colour == TabColour::None) return;
+    const QRect& place = face.place;
+    const int top = m_placement == TabPlacement::Top ? place.bottom() + 1 - kColourHeight : place.top();
+    painter.fillRect(QRect(place.left() + 1, top, place.width() - 2, kColourHeight), Palette::MarkColour(face.colour));
 }
 
 // A dot at the corner of the icon, with a rim that tells it from any icon.

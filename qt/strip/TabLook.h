@@ -19,6 +19,7 @@ struct TabFace {
     bool isPrivate = false;
     bool asks = false; ///< the page waits for an answer
     TabNews news = TabNews::Unknown;
+    TabColour colour = TabColour::None;
     TabSound sound = TabSound::None;
     bool soundHovered = false;
     bool selected = false;
@@ -54,6 +55,7 @@ public:
 
 private:
     void PaintBody(QPainter& painter, const TabFace& face) const;
+    void PaintColour(QPainter& painter, const TabFace& face) const;
     void PaintIcon(QPainter& painter, const TabFace& face, const QRect& icon) const;
     void PaintNews(QPainter& painter, const QRect& icon) const;
     void PaintSound(QPainter& painter, const TabFace& face) const;

@@ -101,7 +101,8 @@ void TabStripView::Measure() {
 
 TabStripView::Face TabStripView::FaceAt(std::size_t position) const {
     const Tab* tab = m_strip.FindAt(position);
-    return tab ? Face{tab->Key(), tab->Caption(), tab->Image(), tab->Asks(), tab->Sound(), tab->News()} : Face{};
+    return tab ? Face{tab->Key(), tab->Caption(), tab->Image(), tab->Asks(), tab->Sound(), tab->News(), tab->Colour()}
+               : Face{};
 }
 
 void TabStripView::RememberFaces() {
@@ -121,6 +122,7 @@ TabFace TabStripView::PaintedFace(std::size_t position) const {
     if (!face.busy && PageIcon) face.icon = PageIcon(*tab);
     face.sound = tab->Sound();
     face.news = tab->News();
+    face.colour = tab->Colour();
     face.soundHovered = position == m_hover.position && m_hover.part == Part::Sound;
     face.selected = position == m_selected;
     face.hovered = position == m_hover.position;

@@ -108,6 +108,7 @@ private:
         bool asks;
         TabSound sound;
         TabNews news;
+        TabColour colour;
         bool operator==(const Face&) const = default;
     };
 

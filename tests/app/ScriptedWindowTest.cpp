@@ -75,6 +75,21 @@ TEST_F(ScriptedWindowTest, ATabThatHasLostItsViewIsListedAllTheSame) {
     EXPECT_EQ(script.MayRead(4000000000), u"There is no tab 4000000000.");
 }
 
+TEST_F(ScriptedWindowTest, WhatWasReadIsFoundBehindTheTabsThatShowIt) {
+    desk.StartWithTabs(3);
+    desk.views.At(1).location = u"http://one/";
+    desk.views.At(2).location = u"http://two/";
+    desk.views.At(3).location = u"http://three/";
+    const std::vector<HistoryEntry> entries{{.Address = u"http://old/", .Site{}, .Title = u"Old", .Group = u"News"},
+                                            {.Address = u"http://two/", .Site{}, .Title{}, .Group{}},
+                                            {.Address = u"http://old/", .Site{}, .Title = u"Old", .Group{}},
+                                            {.Address = u"http://one/", .Site{}, .Title{}, .Group{}}};
+    const auto found = script.WithRead(script.Search(u"one"), entries);
+    EXPECT_EQ(Short(found), "1/front/http://one/ 2//http://two/ 0/history/http://old/");
+    EXPECT_EQ(found.back().title + found.back().group, "Old");
+    EXPECT_EQ(Short(script.WithRead({}, {})), "");
+}
+
 TEST_F(ScriptedWindowTest, SearchFindsAllTheWordsWhateverTheirCase) {
     desk.StartWithTabs(2);
     desk.views.At(1).location = u"http://one.example/News";

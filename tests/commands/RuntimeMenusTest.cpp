@@ -158,7 +158,7 @@ TEST_F(RuntimeMenusTest, AFolderPopsUpWhatToDoWithItsPages) {
     Favorite("news/a", "http://a/");
     Favorite("news/b", "http://b/");
     Opened(u"bndFavorites");
-    EXPECT_EQ(PopupOf(Entry(u"bndFavorites", 2)), "xtrFolderOpen xtrFolderSave");
+    EXPECT_EQ(PopupOf(Entry(u"bndFavorites", 2)), "xtrFolderOpen xtrFolderOpenBelow xtrFolderSave");
     m_desk.Click(u"xtrFolderOpen");
     EXPECT_EQ(m_desk.Strip(), "1 2 [3*]");
     m_desk.files.chosen = m_groups.PathText("news.tvg");
@@ -166,6 +166,24 @@ TEST_F(RuntimeMenusTest, AFolderPopsUpWhatToDoWithItsPages) {
     EXPECT_EQ(m_desk.files.last.FileName, u"news.tvg");
     EXPECT_EQ(m_desk.Said(), "The TessaGroup has been saved.");
     EXPECT_EQ(m_groups.Read("news.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
+}
+
+TEST_F(RuntimeMenusTest, AFolderOpensWithWhatLiesBelowItWhenAskedSo) {
+    FavoriteFolder("news/far/far");
+    FavoriteFolder("news/empty");
+    Favorite("news/a", "http://a/");
+    Favorite("news/far/b", "http://b/");
+    Favorite("news/far/far/c", "http://c/");
+    Favorite("news/far/script", "javascript:c");
+    Favorite("other", "http://other/");
+    if (!kOtherPlatform) fs::create_directory_symlink("..", m_favorites.Path("news/far/back"));
+    Opened(u"bndFavorites");
+    PopupOf(Entry(u"bndFavorites", 2));
+    m_desk.Click(u"xtrFolderOpenBelow");
+    EXPECT_EQ(m_desk.Strip(), "1 2 3 [4*]");
+    EXPECT_EQ(m_desk.views.Calls(2) + "; " + m_desk.views.Calls(3) + "; " + m_desk.views.Calls(4),
+              "go about:blank, go http://a/; go about:blank, go http://b/; go about:blank, go http://c/");
+    EXPECT_EQ(m_desk.Said(), "Favorites that do not lead to the web were not opened.");
 }
 
 TEST_F(RuntimeMenusTest, AMiddleClickOnAFolderOpensItsPages) {
@@ -183,7 +201,7 @@ TEST_F(RuntimeMenusTest, AnEmptyFolderHasNothingToOpenOrSaveAndItSaysSo) {
     FavoriteFolder("news");
     Opened(u"bndFavorites");
     PopupOf(Entry(u"bndFavorites", 2));
-    for (const TextView tool : {u"xtrFolderOpen", u"xtrFolderSave"}) {
+    for (const TextView tool : {u"xtrFolderOpen", u"xtrFolderOpenBelow", u"xtrFolderSave"}) {
         m_desk.EmptyStatus();
         m_desk.files.chosen = m_groups.PathText("news.tvg");
         m_desk.Click(tool);

@@ -1,4 +1,5 @@
-# Tests: BusCalls, CtlRun, GroupChecks, GroupOutput, NetworkProbe, PageReads, PdfBinder, ScriptBus, StartProgram, TabWalk
+# Tests: BusCalls, CtlRun, GroupChecks, GroupOutput, GroupPrint, PageMethods, PageReads, ScriptBus, ScriptCall
+# Tests: StartProgram, TabMethods, TabWalk
 """The program as a script drives it: by nothing but tessaviewctl."""
 
 import json
@@ -70,13 +71,9 @@ class WholeLife(Scripted):
             self.ctl("pdf", numbers[0], pdf)
             read = subprocess.run(["pdftotext", pdf, "-"], capture_output=True, text=True, check=True)
             self.assertIn("One", read.stdout)
-
-            def drawn():
-                self.ctl("screenshot", numbers[1], picture)
-                colours = subprocess.run(["identify", "-format", "%k", picture], capture_output=True, text=True, check=True)
-                return int(colours.stdout) > 2
-
-            desk.wait_until(drawn, what="the page is not drawn")
+            self.ctl("screenshot", numbers[1], picture)
+            colours = subprocess.run(["identify", "-format", "%k", picture], capture_output=True, text=True, check=True)
+            self.assertGreater(int(colours.stdout), 2, "the page is not painted")
             with open(picture, "rb") as image:
                 self.assertEqual(image.read(8), b"\x89PNG\r\n\x1a\n")
             self.assertEqual(self.strip(), ["One", "[Two]", "Three"])
@@ -85,7 +82,7 @@ class WholeLife(Scripted):
             self.assertEqual(self.strip(), ["[Three]"])
             self.ctl("reload", "all", "--wait")
             self.assertEqual(self.ctl("search", "three").split("\t")[0], numbers[2])
-            self.assertEqual(self.ctl("search", "two"), "")
+            self.assertEqual(self.ctl("search", "nowhere"), "")
             self.ctl("run-command", "mnuNewBlank")
             self.ctl("wait-idle")
             self.ctl("quit")
@@ -157,6 +154,22 @@ class Opening(Scripted):
         self.assertEqual(len(json.loads(self.ctl("--instance", self.home, "list", "--json", home=other))), 1)
 
 
+class Searching(Scripted):
+    def hits(self):
+        found = json.loads(self.ctl("search", "brown fox", "--json"))
+        return [(hit["number"], hit["title"], hit["state"]) for hit in found]
+
+    def test_what_pages_said_is_found_while_they_are_open_and_afterwards(self):
+        with check_server.Server() as server:
+            self.ctl("open", server.address("/story"), "--wait")
+            (story,) = self.tabs()
+            # What is in front is read a little later than it has come.
+            desk.wait_until(lambda: self.hits() == [(story["number"], "Story", ["front"])], what=self.hits)
+            self.ctl("open", "about:blank", "--wait")
+            self.ctl("close", str(story["number"]))
+            desk.wait_until(lambda: self.hits() == [(0, "Story", ["history"])], what=self.hits)
+
+
 class TakenAlong(Scripted):
     def test_all_pages_become_one_pdf_with_an_outline(self):
         with desk.PageServer(hosts=2) as pages:
@@ -179,6 +192,42 @@ class TakenAlong(Scripted):
             subprocess.run(["qpdf", "--check", file], capture_output=True, check=True)
             self.assertIn("could not be written", self.complaint("pdf", "all", "/nowhere/at/all.pdf"))
             self.assertEqual([each for each in os.listdir(self.home) if ".part" in each], [])
+
+    def test_all_pages_are_printed(self):
+        with desk.PageServer(hosts=2) as pages, desk.Program(PROGRAM, home=self.home) as program:
+            desk.wait_until(lambda: self.ctl("list", code=None))
+            self.ctl("open", pages.address("One"), pages.address("Two", 2), "--wait")
+            self.ctl("run-command", "xtrGroupPrint")
+            program.find("dialog", "Print")
+            desk.xdotool("search", "--sync", "--onlyvisible", "--name", "^Print$", "windowactivate", "--sync")
+            desk.xdotool("key", "alt+f")
+            file = os.path.join(self.home, "printed.pdf")
+            program.accept_name("Print", file)
+            # The dialog has tried whether it may write there.
+            desk.wait_until(lambda: os.path.exists(file) and os.path.getsize(file) > 0, what="nothing was printed")
+            read = subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True)
+            for words in ("One", pages.address("One"), "Two", pages.address("Two", 2)):
+                self.assertIn(words, read.stdout)
+
+    def test_tabs_that_close_meanwhile_hold_nothing_up(self):
+        with desk.PageServer(hosts=3) as pages:
+            titles = [f"Page {number}" for number in range(1, 9)]
+            for command in ("pdf", "keep-offline"):
+                self.ctl("open", *(pages.address(title, 1 + at % 3) for at, title in enumerate(titles)), "--wait")
+                numbers = [str(tab["number"]) for tab in self.tabs()]
+                file = os.path.join(self.home, "all.pdf" if command == "pdf" else "all.tvg")
+                words = ["pdf", "all", file] if command == "pdf" else ["keep-offline", file]
+                environment = dict(os.environ, **desk.SANDBOX, TESSAVIEW_HOME=self.home)
+                taking = subprocess.Popen([CTL, *words], env=environment, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
+                try:
+                    for number in numbers[1:]:
+                        self.ctl("close", number)
+                    self.assertIn(taking.wait(desk.PATIENCE), (0, 1), command)
+                finally:
+                    taking.kill()
+                    taking.wait()
+                    taking.stderr.close()
+                self.assertTrue(os.path.exists(file), command)
 
     def test_pages_that_were_kept_open_without_a_network(self):
         file = os.path.join(self.home, "Kept 100% #1.tvg")
@@ -221,6 +270,23 @@ class Checking(Scripted):
             self.assertIn(f"moved\t{addresses[1]}\t{addresses[0]}\n", self.ctl("check-group", "Old"))
             self.assertEqual(self.strip(), ["[about:blank]"])
             self.assertIn("could not be read", self.complaint("check-group", "None"))
+
+
+    def test_a_group_that_vanishes_while_it_is_checked_is_told_as_it_was(self):
+        with check_server.Server() as server:
+            file = self.group("Old.tvg", [server.address("/held"), server.address("/gone")])
+            self.ctl("open", "about:blank")
+            environment = dict(os.environ, **desk.SANDBOX, TESSAVIEW_HOME=self.home)
+            check = subprocess.Popen([CTL, "check-group", file, "--json"], env=environment, stdout=subprocess.PIPE)
+            try:
+                self.assertTrue(server.held.wait(60), "the server was never asked")
+                os.unlink(file)
+                server.release.set()
+                lines = json.loads(check.communicate()[0])
+            finally:
+                check.kill()
+            self.assertEqual([line["health"] for line in lines], ["fine", "gone"])
+            self.assertFalse(os.path.exists(file))
 
 
 class Rushing(Scripted):

@@ -11,6 +11,7 @@ public:
     void Show(frmAddFavorite& form) override { Use(inAddFavorite, form); }
     void Show(frmDefBrowser& form) override { Use(inDefBrowser, form); }
     void Show(frmGroupCheck& form) override { Use(inGroupCheck, form); }
+    void Show(frmGroupCompare& form) override { Use(inGroupCompare, form); }
     void Show(frmInternetOptions& form) override { Use(inInternetOptions, form); }
     void Show(frmOrganizeFavorites& form) override { Use(inOrganizeFavorites, form); }
     void Show(frmRenameGroup& form) override { Use(inRenameGroup, form); }
@@ -23,6 +24,7 @@ public:
     std::function<void(frmAddFavorite&)> inAddFavorite;
     std::function<void(frmDefBrowser&)> inDefBrowser;
     std::function<void(frmGroupCheck&)> inGroupCheck;
+    std::function<void(frmGroupCompare&)> inGroupCompare;
     std::function<void(frmInternetOptions&)> inInternetOptions;
     std::function<void(frmOrganizeFavorites&)> inOrganizeFavorites;
     std::function<void(frmRenameGroup&)> inRenameGroup;

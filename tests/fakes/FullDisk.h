@@ -13,17 +13,17 @@ namespace tessa {
 // No limit for files can be set there; a test that asks for this is left out.
 class FullDisk {
 public:
-    FullDisk() {} // NOLINT: not trivial, so that nobody is told that it is unused
+    explicit FullDisk(std::size_t = 0) {} // NOLINT: not trivial, so that nobody is told that it is unused
 };
 
 #else
 
-/// A disk that has no room while this object lives: no file can be made longer than a few bytes.
+/// A disk that has no room while this object lives: no file can be made longer than a few bytes, or than `room`.
 class FullDisk {
 public:
-    FullDisk() : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    explicit FullDisk(std::size_t room = 4) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
         ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit none{4, m_before.rlim_max};
+        const rlimit none{room, m_before.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &none);
     }
     ~FullDisk() {

@@ -103,6 +103,23 @@ TEST(GroupHealth, RequestsAreSpreadByHost) {
     EXPECT_EQ(HostOfWeb(u"http:///"), u"");
 }
 
+TEST(GroupHealth, OlderCopiesAreWhereTheServiceHasThem) {
+    struct Row {
+        TextView service, archived;
+    };
+    for (const auto& [service, archived] : {
+             Row{u"", u"https://web.archive.org/web/http://a/?b&c"},
+             Row{u"https://old.example/%s", u"https://old.example/http://a/?b&c"},
+             Row{u"https://old.example/at/", u"https://old.example/at/http://a/?b&c"},
+             Row{u"https://old.example/?of=%s&x=1", u"https://old.example/?of=http%3A%2F%2Fa%2F%3Fb%26c&x=1"},
+             Row{u"https://old.example/?of=", u"https://old.example/?of=http%3A%2F%2Fa%2F%3Fb%26c"},
+             Row{u"https://old.example/%s?x=1", u"https://old.example/http://a/?b&c?x=1"},
+             Row{u"javascript:alert('%s')", u"https://web.archive.org/web/http://a/?b&c"},
+             Row{u"no service", u"https://web.archive.org/web/http://a/?b&c"},
+         })
+        EXPECT_EQ(ArchivedAt(service, u"http://a/?b&c"), archived) << ToUtf8(service);
+}
+
 TEST(GroupHealth, WordsSayWhatTheListShows) {
     EXPECT_EQ(WordsOf({.address = u"x", .health = Health::Moved, .moved = u"http://b/", .status = 200}),
               u"Moved for good to http://b/");

@@ -1,3 +1,4 @@
+// Tests: GroupOpening
 #include "groups/TessaGroups.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -76,6 +77,34 @@ TEST_F(GroupPlanOpens, TheTextSizeIsThereWithThePage) {
     desk.views.At(4).zoom = 1;
     desk.PageLoads(4, u"http://d/", u"D");
     EXPECT_EQ(desk.views.At(4).zoom, 1) << "only the first time";
+}
+
+TEST_F(GroupPlanOpens, TheTabsOfAGroupHaveItsColour) {
+    desk.StartWithTabs(1);
+    Open("colour=blue\r\npage1=asleep http://b/\r\n");
+    const auto colours = [this] {
+        std::string all;
+        for (std::size_t at = 1; at <= desk.main.pcPage.Count(); ++at)
+            all += std::to_string(static_cast<int>(desk.main.pcPage.FindAt(at)->Colour())) + " ";
+        return all;
+    };
+    const std::string blue = std::to_string(static_cast<int>(TabColour::Blue)) + " ";
+    EXPECT_EQ(colours(), "0 " + blue + blue + blue);
+    Open("closeothers=1\r\n");
+    EXPECT_EQ(colours(), "0 0 0 ") << "the tab that stays shows another group";
+}
+
+TEST_F(GroupPlanOpens, EachColourHasItsMark) {
+    const std::vector<std::pair<std::string, TabColour>> rows{
+        {"red", TabColour::Red},     {"orange", TabColour::Orange}, {"yellow", TabColour::Yellow},
+        {"green", TabColour::Green}, {"blue", TabColour::Blue},     {"purple", TabColour::Purple},
+        {"grey", TabColour::Grey},   {"mauve", TabColour::None}};
+    desk.StartWithTabs(1);
+    for (const auto& [name, colour] : rows) {
+        Open("colour=" + name + "\r\n");
+        EXPECT_EQ(desk.main.pcPage.SelectedItem()->Colour(), colour) << name;
+    }
+    EXPECT_EQ(std::size(GroupPlan::kColours) + 1, rows.size());
 }
 
 TEST_F(GroupPlanOpens, WritingTheGroupKeepsThePlanAndWhatBelongsToOthers) {

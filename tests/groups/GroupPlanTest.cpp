@@ -12,7 +12,7 @@ GroupPlan PlanOf(const std::string& lines) { return GroupPlan::Read(IniFile(line
 TEST(GroupPlan, AFileWithoutTheSectionPlansNothing) {
     EXPECT_EQ(PlanOf("[TessaGroup]\r\nurl1=http://a/\r\n"), GroupPlan());
     EXPECT_EQ(PlanOf(""), GroupPlan());
-    EXPECT_EQ(GroupPlan::Of(u"/nowhere.tvg"), GroupPlan());
+    EXPECT_EQ(GroupPlan::In(u"/nowhere.tvg"), GroupPlan());
 }
 
 TEST(GroupPlan, WhatTheSectionSaysOfTheGroup) {

@@ -1,5 +1,6 @@
 #include "groups/frmGroupCheck.h"
 
+#include "settings/InternetSettings.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -128,6 +129,66 @@ TEST_F(GroupCheckForm, CommandsShowItAndTheArchiveOpensBehind) {
     EXPECT_EQ(shown, 1);
     EXPECT_EQ(desk.Strip(), "[1*] 2");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go https://web.archive.org/web/http://gone/");
+}
+
+TEST_F(GroupCheckForm, TheArchiveIsTheOneThatTheUserHasChosen) {
+    Group("a.tvg", {"gone"});
+    Desk desk{{.groupFolder = folder.PathText("")}};
+    EXPECT_EQ(InternetSettings(desk.settings).Archive.Set(u"https://old.example/?of=%s"), Outcome::Done);
+    desk.StartWithTabs(1);
+    desk.main.Groups().Probe = &probe;
+    desk.inGroupCheck = [&](frmGroupCheck& form) {
+        form.lstLines.ListIndex = 0;
+        form.cmdArchive.Click();
+    };
+    desk.Click(u"xtrGroupCheckAll");
+    EXPECT_EQ(desk.views.Calls(2), "go about:blank, go https://old.example/?of=http%3A%2F%2Fgone%2F");
+}
+
+TEST_F(GroupCheckForm, ThePlanOfAnAddressThatHasMovedMovesAlong) {
+    folder.Write("a.tvg", "[TessaGroup]\r\na=http://moved/\r\nb=http://gone/\r\n[TessaView]\r\n; note\r\n"
+                          "page1=muted http://moved/\r\npage2=asleep http://gone/\r\n");
+    const std::string before = folder.Read("a.tvg");
+    frmGroupCheck form(probe, std::vector<Text>{folder.PathText("a.tvg")});
+    form.Tick(1, true);
+    form.cmdReplace.Click();
+    form.cmdRemove.Click();
+    EXPECT_EQ(folder.Read("a.tvg"), "[TessaGroup]\r\na=http://new/\r\n[TessaView]\r\n; note\r\n"
+                                    "page1=muted http://new/\r\n");
+    form.cmdUndo.Click();
+    form.cmdUndo.Click();
+    EXPECT_EQ(folder.Read("a.tvg"), before);
+}
+
+TEST_F(GroupCheckForm, AFileThatVanishesWhileItIsCheckedIsNotMadeAnew) {
+    const Text file = Group("a.tvg", {"slow", "moved"});
+    frmGroupCheck form(probe, {file});
+    std::filesystem::remove(folder.Path("a.tvg"));
+    form.cmdStop.Click();
+    EXPECT_EQ(Lines(form), "http://slow/ unchecked, [http://moved/ moved]");
+    form.cmdReplace.Click();
+    EXPECT_EQ(form.lblProgress.Caption(), u"Not every TessaGroup could be written.");
+    EXPECT_EQ(folder.Files(), 0U);
+}
+
+TEST_F(GroupCheckForm, AllPagesArePrintedWithoutAFile) {
+    Desk desk{{.groupFolder = folder.PathText("")}};
+    desk.StartWithTabs(1);
+    std::size_t left = 0;
+    Text refusal;
+    desk.main.Groups().Write = [&](GroupCommands::Writes what, const Text& path, const auto& told) {
+        EXPECT_EQ(what, GroupCommands::Writes::Print);
+        EXPECT_EQ(path, u"");
+        told(refusal, left);
+    };
+    desk.Click(u"xtrGroupPrint");
+    EXPECT_EQ(desk.Said(), "All pages have been printed.");
+    left = 3;
+    desk.Click(u"xtrGroupPrint");
+    EXPECT_EQ(desk.Said(), "All pages have been printed. 3 pages could not be had.");
+    refusal = u"The printer did not take the document. Nothing was printed.";
+    desk.Click(u"xtrGroupPrint");
+    EXPECT_EQ(desk.Said(), "The printer did not take the document. Nothing was printed.");
 }
 
 TEST_F(GroupCheckForm, WithoutGroupsNothingIsShown) {

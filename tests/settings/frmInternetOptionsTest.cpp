@@ -60,6 +60,7 @@ TEST_F(InternetOptions, OkKeepsEveryOption) {
     form->txtMail.Value = Text(u"mail --new");
     form->txtNews.Value = Text(u"news");
     form->txtDownloads.Value = Text(u"/tmp/downloads");
+    form->txtArchive.Value = Text(u" https://old.example/%s ");
     form->chkJavaScript.Tick(false);
     form->cboCookies.Index = 2;
     form->chkDoNotTrack.Tick(true);
@@ -81,7 +82,8 @@ TEST_F(InternetOptions, OkKeepsEveryOption) {
                                     .proxyHost = u"proxy.example",
                                     .proxyPort = 1080,
                                     .downloadFolder = u"/tmp/downloads",
-                                    .drawing = DrawingWish::Software}));
+                                    .drawing = DrawingWish::Software,
+                                    .archive = u"https://old.example/%s"}));
     const SettingsStore store(settings);
     EXPECT_EQ(store.SearchService.Get() + store.ShopService.Get() + store.FindService.Get(),
               u"https://s.example/?q=%shttps://shop.example/%shttps://find.example/%s");
@@ -91,6 +93,7 @@ TEST_F(InternetOptions, OkKeepsEveryOption) {
     EXPECT_EQ(form->cboCookies.Index(), 2u);
     EXPECT_EQ(form->cboDrawing.Index(), 2u);
     EXPECT_EQ(form->txtMail.Value(), u"mail --new");
+    EXPECT_EQ(form->txtArchive.Value(), u"https://old.example/%s");
 }
 
 TEST_F(InternetOptions, AStartOpensTheHomePageTheLastPagesOrAGroup) {

@@ -32,6 +32,18 @@ TEST(Palette, AHintThatCanBeReadStays) {
         EXPECT_EQ(Palette::Mended(palette), palette);
 }
 
+TEST(Palette, ColoursThatMarkAreSeenOnLightAndOnDarkAndToldApart) {
+    std::vector<QColor> marks;
+    for (int colour = static_cast<int>(TabColour::Red); colour <= static_cast<int>(TabColour::Grey); ++colour)
+        marks.push_back(Palette::MarkColour(static_cast<TabColour>(colour)));
+    for (std::size_t at = 0; at < marks.size(); ++at) {
+        EXPECT_GT(qGray(marks[at].rgb()), 60) << at;
+        EXPECT_LT(qGray(marks[at].rgb()), 190) << at;
+        EXPECT_EQ(std::count(marks.begin(), marks.end(), marks[at]), 1) << at;
+    }
+    EXPECT_FALSE(Palette::MarkColour(TabColour::None).isValid());
+}
+
 } // namespace
 
 } // namespace tessa::qt

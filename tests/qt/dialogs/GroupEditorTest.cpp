@@ -1,18 +1,22 @@
-// Tests: ListBoxView
+// Tests: GroupList, GroupPlanMenu
 #include "qt/dialogs/GroupEditor.h"
 
 #include "groups/TessaGroups.h"
 #include "qt/base/Strings.h"
-#include "qt/dialogs/ListBoxView.h"
+#include "qt/dialogs/GroupList.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeForms.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
+#include <QContextMenuEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -51,7 +55,7 @@ struct GroupEditorTest : testing::Test, TemporaryFolder {
     }
     /// What the list shows, the selected entry in brackets.
     [[nodiscard]] std::string List() const {
-        const auto& list = Find<ListBoxView>("lstUrls");
+        const auto& list = Find<GroupList>("lstUrls");
         std::string all;
         for (int row = 0; row < list.model()->rowCount(); ++row) {
             const QModelIndex index = list.model()->index(row, 0);
@@ -59,6 +63,35 @@ struct GroupEditorTest : testing::Test, TemporaryFolder {
             const bool selected = list.selectionModel()->isSelected(index);
             all += (row == 0 ? "" : " ") + (selected ? "[" + item + "]" : item);
         }
+        return all;
+    }
+    /// What the columns behind the address say of a row.
+    [[nodiscard]] std::string Columns(int row) const {
+        const auto* model = Find<GroupList>("lstUrls").model();
+        const auto text = [&](int column) { return model->index(row, column).data().toString().toStdString(); };
+        const auto mark = [&](int column) {
+            return model->index(row, column).data(Qt::CheckStateRole).toInt() == Qt::Checked ? "x" : "-";
+        };
+        return text(GroupList::Place) + "|" + mark(GroupList::Asleep) + "|" + mark(GroupList::Muted) + "|" +
+               text(GroupList::TextSize);
+    }
+    void ClickCell(int row, int column) const {
+        auto& list = Find<GroupList>("lstUrls");
+        const QPoint cell = list.visualRect(list.model()->index(row, column)).center();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, cell);
+    }
+    /// Picks an entry of the menu that a column has.
+    void Choose(std::size_t row, GroupList::Column column, const char* caption) const {
+        QMenu menu;
+        Find<GroupList>("lstUrls").FillMenu(menu, row, column);
+        for (auto* action : menu.actions()) {
+            if (action->text() == QLatin1String(caption)) return action->trigger();
+        }
+        FAIL() << caption;
+    }
+    [[nodiscard]] static std::string Checked(const QMenu& menu) {
+        std::string all;
+        for (const auto* action : menu.actions()) all += action->isChecked() ? action->text().toStdString() + " " : "";
         return all;
     }
     FakeMessages messages;
@@ -80,7 +113,8 @@ TEST_F(GroupEditorTest, ShowsTheGroupLowWithTheKeyboardInTheList) {
 TEST_F(GroupEditorTest, EveryControlHasItsNameAndAnAccessibleOne) {
     Open(1);
     for (const char* name : {"cmdUp", "cmdDown", "cmdInsert", "cmdUpdate", "cmdDelete", "cmdOK", "cmdCancel",
-                             "cmdUrlInsert", "Cancel", "lstUrls", "txtUrl", "Label1", "Label2"}) {
+                             "cmdUrlInsert", "Cancel", "lstUrls", "txtUrl", "Label1", "Label2", "cmdCheck",
+                             "cmdCompare", "cboColour", "chkBehind", "chkCloseOthers"}) {
         auto* widget = editor->findChild<QWidget*>(QString::fromLatin1(name));
         ASSERT_NE(widget, nullptr) << name;
         EXPECT_FALSE(widget->accessibleName().isEmpty()) << name;
@@ -198,7 +232,7 @@ TEST_F(GroupEditorTest, LinesThatArePastedBecomeAnAddressEach) {
 
 TEST_F(GroupEditorTest, ADoubleClickOpensUpdate) {
     Open(3);
-    auto& list = Find<ListBoxView>("lstUrls");
+    auto& list = Find<GroupList>("lstUrls");
     const QPoint third = list.visualRect(list.model()->index(2, 0)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, third);
     EXPECT_EQ(List(), "a b [c]");
@@ -209,14 +243,14 @@ TEST_F(GroupEditorTest, ADoubleClickOpensUpdate) {
 
 TEST_F(GroupEditorTest, AClickBesideTheEntriesLeavesTheSelection) {
     Open(2);
-    auto& list = Find<ListBoxView>("lstUrls");
+    auto& list = Find<GroupList>("lstUrls");
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.viewport()->rect().bottomLeft() - QPoint(-5, 5));
     EXPECT_EQ(List(), "[a] b");
 }
 
 TEST_F(GroupEditorTest, AnEntryIsDraggedToAnotherPlace) {
     Open(4);
-    auto& list = Find<ListBoxView>("lstUrls");
+    auto& list = Find<GroupList>("lstUrls");
     const auto upper = [&](int row) { return list.visualRect(list.model()->index(row, 0)).topLeft() + QPoint(5, 2); };
     const auto lower = [&](int row) {
         return list.visualRect(list.model()->index(row, 0)).bottomLeft() + QPoint(5, -2);
@@ -229,6 +263,72 @@ TEST_F(GroupEditorTest, AnEntryIsDraggedToAnotherPlace) {
     EXPECT_EQ(List(), "b c d [a]");
     list.MoveTo(upper(3));
     EXPECT_EQ(List(), "b c d [a]") << "onto itself";
+}
+
+TEST_F(GroupEditorTest, AClickPlansAPageAndOkWritesIt) {
+    Open(3);
+    EXPECT_EQ(Columns(1), "As listed|-|-|As usual");
+    ClickCell(1, GroupList::Asleep);
+    ClickCell(1, GroupList::Muted);
+    EXPECT_EQ(Columns(1), "As listed|x|x|As usual");
+    EXPECT_EQ(List(), "a [b] c");
+    ClickCell(1, GroupList::Asleep);
+    EXPECT_EQ(Columns(1), "As listed|-|x|As usual");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Read("News.tvg"), "[TessaGroup]\r\nurl0=a\r\nurl1=b\r\nurl2=c\r\n[TessaView]\r\npage1=muted b\r\n");
+}
+
+TEST_F(GroupEditorTest, AMenuPlansWhatHasMoreThanTwoWays) {
+    Open(2);
+    Choose(1, GroupList::Place, "&First");
+    Choose(1, GroupList::TextSize, "Largest");
+    EXPECT_EQ(Columns(1), "First|-|-|Largest");
+    Choose(1, GroupList::Address, "&Last");
+    Choose(1, GroupList::Address, "Asl&eep");
+    EXPECT_EQ(Columns(1), "Last|x|-|Largest");
+    QMenu menu;
+    Find<GroupList>("lstUrls").FillMenu(menu, 1, GroupList::Address);
+    EXPECT_EQ(Checked(menu), "&Last Asl&eep ");
+    Choose(1, GroupList::TextSize, "As usual");
+    Choose(1, GroupList::Place, "&As Listed");
+    EXPECT_EQ(Columns(1), "As listed|x|-|As usual");
+}
+
+TEST_F(GroupEditorTest, TheMenuKeyPopsUpThePlanOfTheEntry) {
+    Open(2);
+    auto& list = Find<GroupList>("lstUrls");
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(list.viewport(), &key);
+    auto* menu = list.findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(Checked(*menu), "&As Listed ");
+    menu->close();
+}
+
+TEST_F(GroupEditorTest, ADoubleClickOnAPlanOpensNoEntry) {
+    Open(2);
+    auto& list = Find<GroupList>("lstUrls");
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {},
+                       list.visualRect(list.model()->index(0, GroupList::Muted)).center());
+    EXPECT_FALSE(Find<QFrame>("Frame1").isVisible());
+}
+
+TEST_F(GroupEditorTest, WhatHoldsForTheWholeGroupIsWritten) {
+    Open(1);
+    Find<QComboBox>("cboColour").setCurrentIndex(Find<QComboBox>("cboColour").findText(QStringLiteral("Purple")));
+    Press(Qt::Key_N, Qt::AltModifier);
+    Press(Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.chkBehind.Ticked() && form.chkCloseOthers.Ticked(); }));
+    form.cmdOK.Click();
+    EXPECT_EQ(Read("News.tvg"),
+              "[TessaGroup]\r\nurl0=a\r\n[TessaView]\r\ncolour=purple\r\nbehind=1\r\ncloseothers=1\r\n");
+}
+
+TEST_F(GroupEditorTest, ThePlanMovesWithItsEntry) {
+    Open(2);
+    ClickCell(0, GroupList::Muted);
+    Press(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(List() + " " + Columns(0) + " " + Columns(1), "b [a] As listed|-|-|As usual As listed|-|x|As usual");
 }
 
 TEST_F(GroupEditorTest, WhatTheUserHasAddedToTheHeightStays) {
@@ -249,7 +349,7 @@ TEST_F(GroupEditorTest, TheLastAddressStaysAndTheUserIsTold) {
 
 TEST_F(GroupEditorTest, TwoThousandAddressesAreShownMovedAndSaved) {
     Open(2000);
-    auto& list = Find<ListBoxView>("lstUrls");
+    auto& list = Find<GroupList>("lstUrls");
     EXPECT_EQ(list.model()->rowCount(), 2000);
     Press(Qt::Key_End);
     EXPECT_EQ(form.lstUrls.ListIndex(), 1999);
@@ -265,8 +365,8 @@ TEST_F(GroupEditorTest, TwoThousandAddressesAreShownMovedAndSaved) {
 TEST_F(GroupEditorTest, ALongNameDoesNotWidenTheWindow) {
     form.lblTessaGroupName.Caption = Text(255, u'W');
     GroupEditor wide(form);
-    EXPECT_LE(wide.width(), 520);
-    EXPECT_LE(wide.minimumSizeHint().width(), 520);
+    EXPECT_LE(wide.width(), 680);
+    EXPECT_LE(wide.minimumSizeHint().width(), 680);
 }
 
 } // namespace

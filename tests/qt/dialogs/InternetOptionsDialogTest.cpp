@@ -1,4 +1,4 @@
-// Tests: ChoiceBinding, PageList
+// Tests: ChoiceBinding, ListBoxItems, ListBoxView, PageList
 #include "qt/dialogs/InternetOptionsDialog.h"
 
 #include "qt/base/Strings.h"

@@ -1,6 +1,7 @@
 // Tests: TabLook, TabRow, TabStripAccessible, TabStripViewDrag, TabStripViewInput, Tip
 #include "qt/strip/TabStripView.h"
 
+#include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
 #include "qt/strip/TabStripAccessible.h"
 
@@ -92,6 +93,34 @@ protected:
 private:
     std::int32_t m_last = 0;
 };
+
+TEST_F(TabStripViewTest, AColourIsPaintedBesideThePage) {
+    Tab* first = Add("one");
+    Add("two");
+    Show();
+    strip.SetColour(first, TabColour::Green);
+    const QColor green = Palette::MarkColour(TabColour::Green);
+    const auto at = [this](const Tab* tab, bool lower) {
+        const QRect place = widget.TabPlace(strip.PositionOf(tab));
+        return widget.grab().toImage().pixelColor(place.center().x(), lower ? place.bottom() : place.top());
+    };
+    EXPECT_EQ(at(first, true), green);
+    EXPECT_NE(at(first, false), green);
+    EXPECT_NE(at(strip.FindAt(2), true), green);
+    strip.SetPlacement(TabPlacement::Bottom);
+    EXPECT_EQ(at(first, false), green);
+    strip.SetColour(first, TabColour::None);
+    EXPECT_NE(at(first, false), green);
+}
+
+TEST_F(TabStripViewTest, AColourIsRepaintedByItself) {
+    Tab* first = Add("one");
+    Show();
+    PaintLog log(widget);
+    strip.SetColour(first, TabColour::Red);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); }));
+    EXPECT_EQ(log.regions[0].boundingRect(), widget.TabPlace(1));
+}
 
 TEST_F(TabStripViewTest, FiveHundredNewTabsAreLaidOutAndPaintedOnce) {
     Add("first");

@@ -1,0 +1,111 @@
+#pragma once
+#include "base/Signal.h"
+#include "forms/FormHost.h"
+#include "groups/GroupPlan.h"
+#include "groups/LoadProgress.h"
+#include "groups/TessaGroups.h"
+#include "platform/SettingsStorage.h"
+#include "tabs/TabSet.h"
+
+#include <optional>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+namespace tessa {
+
+/// Opens TessaGroups in tabs, as their files say. A group is named by the full path of its file.
+class GroupOpening {
+public:
+    /// What it works on; all of it outlives it.
+    struct Parts {
+        TabSet& tabs;
+        TabStrip& pcPage;
+        ViewArray& Browser;
+        StatusBar& sbStatus;
+        MessageBoxes& messages;
+        FileDialogs& files;
+        FormHost& forms;
+        SettingsStorageFactory& settings;
+        const Text& groupFolder; ///< with the separator at the end
+    };
+    explicit GroupOpening(Parts parts);
+    GroupOpening(const GroupOpening&) = delete;
+    GroupOpening& operator=(const GroupOpening&) = delete;
+
+    /// Opens every address of a group, one tab an address, the last one in front. With `TGCloseOthersFirst` only the
+    /// leftmost tab stays, and shows the first address. A file that cannot be read is a group without addresses. Asks
+    /// before it opens many that are not the user's own, or what is no page of the web. Some of that it never opens.
+    void OpenTessaGroup(TextView TessaGroup) { OpenTessaGroups({Text(TessaGroup)}); }
+    /// Opens several groups as if they were one. Answers with the indexes of the views that show their pages.
+    std::vector<std::int32_t> OpenTessaGroups(const std::vector<Text>& groups);
+    /// Opens addresses that belong together, one tab an address, beside the tabs that are open.
+    void OpenInTabs(const std::vector<Text>& addresses);
+
+    /// Whether a path names a group: by ".tvg" at its end, in small letters.
+    [[nodiscard]] static bool IsGroupFile(TextView path) { return path.ends_with(TessaGroups::kExtension); }
+
+    /// The view's page has loaded, or its tab is being closed.
+    void PageDone(std::int32_t index);
+    /// Stops every page that loads or waits to load. The tabs stay, and a refresh shows what they were to load.
+    void StopAll();
+
+    /// The group that the view was opened from, by the path of its file; empty for none.
+    [[nodiscard]] Text GroupOf(std::int32_t index) const;
+    /// A group's pages are about to be opened, if their user goes on.
+    Signal<void(TextView name, const std::vector<Text>& addresses)> Opening;
+
+    /// Whether the other tabs are closed when a group is opened.
+    bool TGCloseOthersFirst = false;
+    /// Whether there is somebody to ask. Without anybody, what needs an answer is not opened.
+    bool MayAsk = true;
+
+protected:
+    /// The group as the user knows it: the name of its file, without ".tvg".
+    [[nodiscard]] static Text NameOf(TextView path);
+
+    Parts m_parts;
+
+private:
+    /// An address to open, and the group that it stands in.
+    struct Page {
+        Text address;
+        Text group{};      ///< empty for none
+        PagePlan plan{};   ///< how it opens
+        Text colour{};     ///< of the group, see `GroupPlan`
+        bool kept = false; ///< a file that was kept beside the group, which cannot do anything
+    };
+    /// How all of them open.
+    struct Manner {
+        bool closeOthers = false;
+        bool behind = false;
+    };
+    /// What the files of several groups say together.
+    struct Opened {
+        std::vector<Page> pages{};
+        Manner manner{};
+        std::size_t foreign = 0; ///< pages of groups that are not the user's own
+        Text unread{};           ///< a group that cannot be read
+    };
+
+    void Read(const Text& group, Opened& all);
+    /// Whether the group lies in the user's own folder of groups.
+    [[nodiscard]] bool IsOwnGroup(TextView group) const;
+    [[nodiscard]] bool MayOpenMany(std::size_t count) const;
+    /// Takes out what is not to be opened, and tells how much that was. Nothing when nothing is left.
+    [[nodiscard]] std::optional<std::size_t> LeaveUntrusted(std::vector<Page>& pages) const;
+    void Open(const std::vector<Page>& pages, Manner manner);
+    void OpenEach(std::span<const Page> pages, bool behind);
+    void MoveBehind(const Tab* tab, const Tab* other);
+    void OpenBehind(const Page& page, const Tab* behind);
+    void Show(BrowserView* view, const Page& page);
+    void Note(std::int32_t index, const Page& page);
+    void ApplyTextSize(std::int32_t index);
+
+    LoadProgress m_progress;
+    std::vector<std::int32_t> m_opened;                ///< by the last command
+    std::unordered_map<std::int32_t, Text> m_groups;   ///< by the views opened from them
+    std::unordered_map<std::int32_t, int> m_textSizes; ///< of pages that have not come yet
+};
+
+} // namespace tessa
