@@ -62,6 +62,7 @@ public:
     void Move(const Rect&) override {}
     void MoveLeft(Twips) override {}
     void BringToFront() override {}
+    void ShowBeside() override {}
     void SetFocus() override {}
 
 private:

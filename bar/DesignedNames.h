@@ -149,6 +149,15 @@ inline constexpr auto kTools = std::to_array<TextView>({
     u"xtrPrintPreview",
     u"xtrDevTools",
     u"xtrTaskView",
+    u"xtrTiles",
+    u"xtrTileColumns",
+    u"xtrTileRows",
+    u"xtrTileGrid",
+    u"xtrTileMain",
+    u"xtrTileNone",
+    u"xtrTileLink",
+    u"xtrTileHeaders",
+    u"xtrTabBeside",
     u"xtrCopyReport",
     u"xtrPrivateTab",
     u"xtrLinkOpen",
@@ -224,6 +233,7 @@ inline constexpr auto kBands = std::to_array<TextView>({
     u"bndFavoriteLink",
     u"bndGroupEntry",
     u"bndNewTab",
+    u"bndTileMenu",
 });
 
 /// How the names of families begin. A click on any tool of the first three does what its family does.

@@ -9,9 +9,11 @@
 #include "platform/Trash.h"
 #include "platform/UserInput.h"
 #include "platform/WindowTools.h"
+#include "tabs/ChosenTabs.h"
 #include "tabs/ClosedTabs.h"
 #include "tabs/PageOptions.h"
 #include "tabs/TabStripInput.h"
+#include "tiles/Tiles.h"
 
 namespace tessa {
 
@@ -26,6 +28,8 @@ struct CommandContext {
     PageOptions& pages;
     GroupCommands& groups;
     ClosedTabs& closed;
+    Tiles& tiles;
+    const ChosenTabs& chosen;
     FileDialogs& files;
     MessageBoxes& messages;
     FormHost& forms;

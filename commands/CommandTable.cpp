@@ -9,6 +9,7 @@
 #include "commands/ReadingCommands.h"
 #include "commands/TabCommands.h"
 #include "commands/TabMoreCommands.h"
+#include "commands/TileCommands.h"
 
 #include <algorithm>
 #include <array>
@@ -301,6 +302,24 @@ constexpr std::array kCommands{
     Command{u"xtrTaskView"_tool, u"&Task View", u"More",
             u"Shows what each tab uses of memory and processor, and ends pages", u"utilities-system-monitor",
             Key{Keys::kEscape, kCtrl | kShift}, kRuns<&WindowCommands::ShowTaskView>},
+    Command{u"xtrTiles"_tool, u"Side &by Side", u"More", u"Shows several tabs at once", u"view-split-left-right",
+            Opens{u"bndTileMenu"_band}},
+    Command{u"xtrTileColumns"_tool, u"&Columns", u"More", u"Shows the tabs one beside the other",
+            u"view-split-left-right", TileCommands::Columns},
+    Command{u"xtrTileRows"_tool, u"&Rows", u"More", u"Shows the tabs one above the other", u"view-split-top-bottom",
+            TileCommands::Rows},
+    Command{u"xtrTileGrid"_tool, u"&Grid", u"More", u"Shows the tabs in rows and columns", u"view-grid",
+            TileCommands::Grid},
+    Command{u"xtrTileMain"_tool, u"&One Large", u"More", u"Shows this tab large and the others small beside it",
+            u"view-right-new", TileCommands::Main},
+    Command{u"xtrTileNone"_tool, u"&Alone", u"More", u"Shows this tab alone again; all tabs stay open",
+            u"view-right-close", TileCommands::None},
+    Command{u"xtrTileLink"_tool, u"&Link Panes", u"More", u"Scrolls, sizes, searches and loads all panes together",
+            u"link", TileCommands::Link},
+    Command{u"xtrTileHeaders"_tool, u"Show &Titles", u"More", u"Shows or hides the title above each pane", u"",
+            TileCommands::ToggleHeaders},
+    Command{u"xtrTabBeside"_tool, u"Show &Beside", u"", u"Shows this tab beside the one in front, or no longer",
+            u"view-split-left-right", TileCommands::TabBeside},
     Command{u"xtrCopyReport"_tool, u"&Copy Report", u"More",
             u"Copies version, settings and log for a message to the makers; no address or title is in it", u"edit-copy",
             kRuns<&WindowCommands::CopyReport>},

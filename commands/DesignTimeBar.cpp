@@ -50,6 +50,7 @@ constexpr std::array kBands{
     BandRow{u"bndFavoriteLink"_band, u"Favorites Link Popup", BandKind::Popup, {}},
     BandRow{u"bndGroupEntry"_band, u"TessaGroup Popup", BandKind::Popup, {}},
     BandRow{u"bndNewTab"_band, u"New Tab Popup", BandKind::Popup, {}},
+    BandRow{u"bndTileMenu"_band, u"Side by Side", BandKind::Menu, {}},
 };
 
 static_assert(std::ranges::all_of(DesignedNames::kBands,
@@ -148,6 +149,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndTabMore"_band, u"xtrTabCloseWithoutNews"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabCloseRead"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabDuplicate"_tool, kGroup},
+    EntryRow{u"bndTabMore"_band, u"xtrTabBeside"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabMute"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabAddToTessaGroup"_tool, kGroup},
     EntryRow{u"bndTabMore"_band, u"xtrTabCopyAddress"_tool},
@@ -207,7 +209,8 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreMenu"_band, u"xtrTextLarger"_tool, kGroup},
     EntryRow{u"bndMoreMenu"_band, u"xtrTextSmaller"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrTextUsual"_tool},
-    EntryRow{u"bndMoreMenu"_band, u"xtrFullScreen"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"xtrTiles"_tool, kGroup},
+    EntryRow{u"bndMoreMenu"_band, u"xtrFullScreen"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrPrintPreview"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrBookmarks"_tool, kGroup},
     EntryRow{u"bndMoreMenu"_band, u"xtrGroupPdf"_tool, kGroup},
@@ -216,6 +219,14 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreMenu"_band, u"xtrGroupCheckAll"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrDevTools"_tool, kGroup},
     EntryRow{u"bndMoreMenu"_band, u"xtrTaskView"_tool},
+
+    EntryRow{u"bndTileMenu"_band, u"xtrTileColumns"_tool},
+    EntryRow{u"bndTileMenu"_band, u"xtrTileRows"_tool},
+    EntryRow{u"bndTileMenu"_band, u"xtrTileGrid"_tool},
+    EntryRow{u"bndTileMenu"_band, u"xtrTileMain"_tool},
+    EntryRow{u"bndTileMenu"_band, u"xtrTileNone"_tool, kGroup},
+    EntryRow{u"bndTileMenu"_band, u"xtrTileLink"_tool, kGroup},
+    EntryRow{u"bndTileMenu"_band, u"xtrTileHeaders"_tool},
 
     EntryRow{u"bndMoreBookmarks"_band, u"xtrImportFavorites"_tool},
     EntryRow{u"bndMoreBookmarks"_band, u"xtrImportTessaGroups"_tool},
@@ -240,7 +251,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndNewTab"_band, u"xtrTabList"_tool},
 };
 
-constexpr std::int32_t kFirstOwnId = 180;
+constexpr std::int32_t kFirstOwnId = 198;
 
 Text CaptionOf(const Command& row) {
     Text caption(row.caption);

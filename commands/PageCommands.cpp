@@ -23,7 +23,9 @@ void Stop(CommandContext& context, BrowserView& view) {
 }
 
 void Refresh(CommandContext& context, BrowserView& view) {
+    const auto followers = context.tabs.Followers();
     ResumeNext(view.Refresh());
+    for (auto* each : followers) ResumeNext(each->Control->Refresh());
     context.tabs.UpdateStopRefresh();
 }
 

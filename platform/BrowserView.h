@@ -132,6 +132,8 @@ public:
     virtual void Move(const Rect& place) = 0;
     virtual void MoveLeft(Twips left) = 0;
     virtual void BringToFront() = 0;
+    /// Shows the view beside the one in front, until it is parked.
+    virtual void ShowBeside() = 0;
     virtual void SetFocus() = 0;
 };
 

@@ -4,23 +4,43 @@
 #include "base/LinkTrust.h"
 #include "tabs/OpenTabs.h"
 
+#include <map>
+
 namespace tessa {
 
 namespace LastSites {
 
+namespace {
+
+bool IsKept(const OpenTab& open) { return !open.Private() && Address::ComesBack(open.Address()); }
+
+} // namespace
+
 std::vector<Text> Open(const TabStrip& pcPage, ViewArray& Browser) {
     std::vector<Text> sites;
     for (const OpenTab open : OpenTabs(pcPage, Browser)) {
-        if (open.Private()) continue;
-        const Text address = open.Address();
-        if (Address::ComesBack(address)) sites.push_back(address);
+        if (IsKept(open)) sites.push_back(open.Address());
     }
     return sites;
 }
 
-void Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack& cameBack) {
+std::vector<Text> OpenTiles(const TabStrip& pcPage, ViewArray& Browser, const Tiles& tiles) {
+    std::map<std::int32_t, std::int32_t> numbers;
+    for (const OpenTab open : OpenTabs(pcPage, Browser)) {
+        if (!IsKept(open)) continue;
+        const auto number = static_cast<std::int32_t>(numbers.size() + 1);
+        numbers[open.Index()] = number;
+    }
+    return tiles.Kept([&numbers](std::int32_t index) {
+        const auto number = numbers.find(index);
+        return number == numbers.end() ? 0 : number->second;
+    });
+}
+
+std::vector<std::int32_t> Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack& cameBack) {
     // Deliberate: a session of one tab is not reopened.
-    if (sites.size() < 2) return;
+    if (sites.size() < 2) return {};
+    std::vector<std::int32_t> opened(sites.size(), 0);
     for (Text& site : sites) {
         if (TrustOf(site, LinkSource::Session) != LinkTrust::Open) site.clear();
     }
@@ -29,14 +49,17 @@ void Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack&
         ResumeNext(first->Control->Stop());
         ResumeNext(first->Control->Navigate(sites.front()));
         cameBack.Note(1, sites.front());
+        opened.front() = 1;
     }
     for (std::size_t i = 1; i < sites.size(); ++i) {
         if (sites[i].empty()) continue;
         auto* view = tabs.GetNewBrowser(InFront::Yes);
         if (!view) continue;
         ResumeNext(view->Navigate(sites[i]));
-        cameBack.Note(tabs.CurrentIndex(), sites[i]);
+        opened[i] = tabs.CurrentIndex();
+        cameBack.Note(opened[i], sites[i]);
     }
+    return opened;
 }
 
 } // namespace LastSites

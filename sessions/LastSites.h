@@ -1,6 +1,7 @@
 #pragma once
 #include "sessions/CameBack.h"
 #include "tabs/TabSet.h"
+#include "tiles/Tiles.h"
 
 #include <vector>
 
@@ -11,9 +12,11 @@ namespace LastSites {
 
 /// The addresses of the open tabs in their order, without those of private tabs and what cannot come back.
 [[nodiscard]] std::vector<Text> Open(const TabStrip& pcPage, ViewArray& Browser);
+/// Which of them lie side by side, see `TileText`; the first address is 1.
+[[nodiscard]] std::vector<Text> OpenTiles(const TabStrip& pcPage, ViewArray& Browser, const Tiles& tiles);
 /// Opens them, the first one in the first tab, and notes with `cameBack` that no user has. An address that is not to be
-/// trusted is left out.
-void Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack& cameBack);
+/// trusted is left out. Answers with the index of the view for each; 0 for none.
+std::vector<std::int32_t> Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack& cameBack);
 
 } // namespace LastSites
 

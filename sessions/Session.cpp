@@ -5,8 +5,10 @@
 #include "base/OwnAddresses.h"
 #include "base/PlainText.h"
 #include "base/Records.h"
+#include "tiles/TileText.h"
 
 #include <algorithm>
+#include <set>
 
 namespace tessa {
 
@@ -14,7 +16,7 @@ namespace {
 
 constexpr TextView kSession = u"Session", kPage = u"Page";
 constexpr TextView kTime = u"Time", kEnded = u"Ended", kSettled = u"Settled", kSelected = u"Selected",
-                   kBlanks = u"Blanks";
+                   kBlanks = u"Blanks", kTiles = u"Tiles";
 constexpr TextView kAddress = u"Address", kTitle = u"Title";
 
 Text CleanOf(TextView text) { return FromBytes(WithoutControls(ToUtf8(text))); }
@@ -27,6 +29,7 @@ Record RecordOf(const Session& session) {
     add(kSettled, session.Settled ? u"1" : u"0");
     add(kSelected, Decimal(static_cast<std::int64_t>(session.Selected)));
     if (session.Blanks > 0) add(kBlanks, Decimal(static_cast<std::int64_t>(session.Blanks)));
+    if (!session.Tiles.empty()) record.Values.emplace(kTiles, session.Tiles);
     return record;
 }
 
@@ -46,7 +49,8 @@ Session SessionOf(const Record& record) {
             .Settled = record.Says(kSettled),
             .Selected = static_cast<std::size_t>(NumberOf(record, kSelected)),
             .Blanks = static_cast<std::size_t>(NumberOf(record, kBlanks)),
-            .Pages = {}};
+            .Pages = {},
+            .Tiles = ListIn(record.Values, kTiles).value_or(std::vector<Text>())};
 }
 
 // A page whose title was lost is one still.
@@ -64,6 +68,25 @@ std::optional<Session> FromRecords(const std::vector<Record>& records) {
         if (auto page = PageOf(record)) session.Pages.push_back(*std::move(page));
     }
     return session;
+}
+
+std::vector<Text> TilesBecome(const std::vector<Text>& tiles, const std::function<std::int32_t(std::int32_t)>& become) {
+    std::vector<Text> all;
+    for (const Text& text : tiles) {
+        const auto read = TileLayoutIn(text);
+        const auto layout = read ? TileLayouts::Renumbered(*read, become) : std::nullopt;
+        if (layout) all.push_back(TileText(*layout));
+    }
+    return all;
+}
+
+// Of pages that are there, each in one layout.
+std::vector<Text> SoundTiles(const std::vector<Text>& tiles, std::size_t pages) {
+    std::set<std::int32_t> seen;
+    return TilesBecome(tiles, [&](std::int32_t number) {
+        const bool there = static_cast<std::size_t>(number) <= pages;
+        return there && seen.insert(number).second ? number : 0;
+    });
 }
 
 // What the first versions wrote: a line of this text, then a line for each value and for each page.
@@ -135,7 +158,26 @@ std::optional<Session> SessionFromBytes(std::string_view bytes) {
     std::optional<Session> session = lines.starts_with(kFirstHeader) ? FromFirst(lines.substr(kFirstHeader.size()))
                                                                      : FromRecords(ParseRecords(lines));
     if (session && session->Selected > session->Pages.size()) session->Selected = 0;
+    if (session) session->Tiles = SoundTiles(session->Tiles, session->Pages.size());
     return session;
+}
+
+Session PartOf(const Session& session, const std::vector<std::size_t>& pages) {
+    Session part = session;
+    part.Selected = 0;
+    part.Pages.clear();
+    std::vector<std::int32_t> numbers(session.Pages.size(), 0);
+    for (const std::size_t each : pages) {
+        if (each >= session.Pages.size()) continue;
+        part.Pages.push_back(session.Pages[each]);
+        numbers[each] = static_cast<std::int32_t>(part.Pages.size());
+        if (each + 1 == session.Selected) part.Selected = part.Pages.size();
+    }
+    part.Tiles = TilesBecome(session.Tiles, [&](std::int32_t number) {
+        const auto place = static_cast<std::size_t>(number) - 1;
+        return place < numbers.size() ? numbers[place] : 0;
+    });
+    return part;
 }
 
 Text SessionWords(const Session& session, TextView when) {

@@ -24,6 +24,7 @@ struct Session {
     std::size_t Selected = 0; ///< the 1-based page in front; 0 for none of them
     std::size_t Blanks = 0;   ///< so many tabs were open besides that showed nothing
     std::vector<SessionPage> Pages;
+    std::vector<Text> Tiles{}; ///< which of them lie side by side, see `TileText`; the first page is 1
     bool operator==(const Session&) const = default;
 };
 
@@ -34,6 +35,9 @@ struct Session {
 /// Reads what `SessionBytes` wrote, now or in the first versions. Nothing for anything else; of a text that breaks off,
 /// the whole lines.
 [[nodiscard]] std::optional<Session> SessionFromBytes(std::string_view bytes);
+
+/// The session with those of its pages alone, counted from 0, as they lie side by side.
+[[nodiscard]] Session PartOf(const Session& session, const std::vector<std::size_t>& pages);
 
 /// When a session was last written and what was open in it, for its user. It names the first titles and counts the
 /// other pages and the blank tabs. `when` is that time as the user reads it, which may be empty.

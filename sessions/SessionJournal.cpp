@@ -6,22 +6,24 @@
 #include "tabs/TabKeys.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace tessa {
 
-SessionJournal::SessionJournal(SessionFiles& files, const WallClock& clock, TabSet& tabs, TabStrip& pcPage,
-                               ViewArray& Browser)
-    : CameBack(tabs, pcPage, Browser),
+SessionJournal::SessionJournal(SessionFiles& files, const WallClock& clock, Parts parts)
+    : CameBack(parts.tabs, parts.pcPage, parts.Browser),
       m_files(files),
       m_clock(clock),
-      m_tabs(tabs),
-      m_pcPage(pcPage),
-      m_browser(Browser) {
+      m_tabs(parts.tabs),
+      m_pcPage(parts.pcPage),
+      m_browser(parts.Browser),
+      m_tiles(parts.tiles) {
     const auto say = [this](TextView message) { Say(message); };
     m_trouble.Say.ConnectForLife(say);
     m_trouble.TryAgain.ConnectForLife([this] { Touch(); });
     m_settleTrouble.Say.ConnectForLife(say);
+    m_tiles.Changed.ConnectForLife([this] { Touch(); });
 }
 
 void SessionJournal::Touch() {
@@ -31,14 +33,20 @@ void SessionJournal::Touch() {
 
 Session SessionJournal::Snapshot() const {
     Session session;
+    std::map<std::int32_t, std::int32_t> numbers;
     for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
         if (!open.View || open.Private()) continue;
         const Text address = open.Address();
         if (IsBlankAddress(address)) ++session.Blanks;
         if (!IsWorthKeeping(address)) continue;
         session.Pages.push_back({address, open.View->Control->LocationName()});
+        numbers[open.Index()] = static_cast<std::int32_t>(session.Pages.size());
         if (&open.Item == m_pcPage.SelectedItem()) session.Selected = session.Pages.size();
     }
+    session.Tiles = m_tiles.Kept([&numbers](std::int32_t index) {
+        const auto number = numbers.find(index);
+        return number == numbers.end() ? 0 : number->second;
+    });
     // Blank tabs alone are no session.
     if (session.Pages.empty()) session.Blanks = 0;
     return session;
@@ -108,7 +116,7 @@ void SessionJournal::Reopen(TextView Id) {
     const auto untouched = CameBack.Untouched();
     const auto before = m_pcPage.Count();
     if (auto* last = untouched.empty() ? nullptr : TabOfView(m_pcPage, untouched.back())) m_pcPage.Select(last);
-    Open(found->second.Pages, found->second.Selected);
+    Open(found->second);
     if (m_pcPage.Count() > before) GiveWay(untouched);
     SettleOnceWritten(Id);
 }
@@ -123,8 +131,8 @@ void SessionJournal::GiveWay(const std::vector<std::int32_t>& untouched) {
     if (auto* tab = m_pcPage.Find(key)) m_pcPage.Select(tab);
 }
 
-void SessionJournal::OpenAndSettle(const std::vector<SessionPage>& pages, std::size_t front, TextView Id) {
-    Open(pages, front);
+void SessionJournal::OpenAndSettle(const Session& pages, TextView Id) {
+    Open(pages);
     SettleOnceWritten(Id);
 }
 
@@ -135,17 +143,21 @@ void SessionJournal::SettleOnceWritten(TextView Id) {
     Write();
 }
 
-void SessionJournal::Open(const std::vector<SessionPage>& pages, std::size_t front) {
+void SessionJournal::Open(const Session& pages) {
     Text key;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        if (TrustOf(pages[i].Address, LinkSource::Session) != LinkTrust::Open) continue;
+    std::vector<std::int32_t> opened;
+    for (const SessionPage& each : pages.Pages) {
+        opened.push_back(0);
+        if (TrustOf(each.Address, LinkSource::Session) != LinkTrust::Open) continue;
         auto* view = m_tabs.GetNewBrowser(InFront::Yes);
         if (!view) continue;
-        ResumeNext(view->Navigate(pages[i].Address));
+        ResumeNext(view->Navigate(each.Address));
+        opened.back() = m_tabs.CurrentIndex();
         const auto* tab = m_pcPage.SelectedItem();
-        if (tab && i + 1 == front) key = tab->Key();
+        if (tab && opened.size() == pages.Selected) key = tab->Key();
     }
     if (auto* tab = m_pcPage.Find(key)) m_pcPage.Select(tab);
+    m_tiles.Restore(pages.Tiles, opened);
 }
 
 void SessionJournal::Settle(TextView Id) {

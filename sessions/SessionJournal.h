@@ -8,6 +8,7 @@
 #include "sessions/Session.h"
 #include "sessions/SessionOffer.h"
 #include "tabs/TabSet.h"
+#include "tiles/Tiles.h"
 
 namespace tessa {
 
@@ -15,8 +16,15 @@ namespace tessa {
 /// Owned by the main window.
 class SessionJournal {
 public:
-    /// All outlive this object.
-    SessionJournal(SessionFiles& files, const WallClock& clock, TabSet& tabs, TabStrip& pcPage, ViewArray& Browser);
+    /// What is written down, and opened again; all of it outlives this object.
+    struct Parts {
+        TabSet& tabs;
+        TabStrip& pcPage;
+        ViewArray& Browser;
+        Tiles& tiles;
+    };
+    /// These outlive it too.
+    SessionJournal(SessionFiles& files, const WallClock& clock, Parts parts);
     SessionJournal(const SessionJournal&) = delete;
     SessionJournal& operator=(const SessionJournal&) = delete;
 
@@ -36,11 +44,10 @@ public:
     /// Opens all pages of a session in new tabs, the one that was in front in front, and settles it. They take the
     /// place of the pages that came back by themselves and that nobody has touched since.
     void Reopen(TextView Id);
-    /// Opens pages in new tabs, the 1-based `front` in front; 0 means the last. The session whose pages these all are
-    /// is settled once they have been written down.
-    void OpenAndSettle(const std::vector<SessionPage>& pages, std::size_t front, TextView Id);
-    /// Opens pages in new tabs, the 1-based `front` in front; 0 means the last.
-    void Open(const std::vector<SessionPage>& pages, std::size_t front);
+    /// Opens a session's pages, see `Open`. The one that they all are of is settled once they have been written down.
+    void OpenAndSettle(const Session& pages, TextView Id);
+    /// Opens a session's pages in new tabs, side by side as they were, and the one in front that was; else the last.
+    void Open(const Session& pages);
     /// The user need not be asked about this session again. It is still kept.
     void Settle(TextView Id);
     /// Forgets a session.
@@ -66,6 +73,7 @@ private:
     TabSet& m_tabs;
     TabStrip& m_pcPage;
     ViewArray& m_browser;
+    Tiles& m_tiles;
     std::optional<Session> m_written{Session()}; ///< nothing when the last write failed
     std::vector<Text> m_unsettled;               ///< to be settled once the open pages are written down
     std::vector<Text> m_answered;                ///< not to be offered again, whenever that is on disk

@@ -102,15 +102,10 @@ void frmSessions::Open(const std::vector<std::size_t>& indexes) {
     const EarlierSession* earlier = FindSelected();
     if (!earlier || indexes.empty()) return;
     const auto& [id, session] = *earlier;
-    std::vector<SessionPage> pages;
-    std::size_t front = 0;
-    for (const std::size_t each : indexes) {
-        pages.push_back(session.Pages[each]);
-        if (each + 1 == session.Selected) front = pages.size();
-    }
+    const Session part = PartOf(session, indexes);
     Form.Visible = false;
-    if (pages.size() == session.Pages.size()) return m_journal.OpenAndSettle(pages, front, id);
-    m_journal.Open(pages, front);
+    if (part.Pages.size() == session.Pages.size()) return m_journal.OpenAndSettle(part, Text(id));
+    m_journal.Open(part);
 }
 
 void frmSessions::cmdSave_Click() {

@@ -77,6 +77,8 @@ SettingsStore::SettingsStore(SettingsStorageFactory& factory)
       TabsUp(*m_storage, u"TabsUp", true),
       AllowMultipleInstances(*m_storage, u"AllowMultipleInstances", false),
       ShowStatusBar(*m_storage, u"ShowStatusBar", true),
+      LastTiles(*m_storage, u"LastTiles"),
+      TileHeaders(*m_storage, u"TileHeaders", true),
       LoadImages(*m_storage, u"LoadImages", true),
       LoadAnimations(*m_storage, u"LoadAnimations", true),
       LoadVideos(*m_storage, u"LoadVideos", true),
@@ -100,8 +102,8 @@ std::vector<Text> SettingsStore::Differences() const {
     return DifferencesOf(AskDefaultBrowser, RememberLastSites, TGCloseOthersFirst, TitleLengthLimit, OpenNewInFront,
                          WindowWidth, WindowHeight, WindowTop, WindowLeft, WindowMaximized, HandOffCommandLine,
                          LastSites, SearchHistory, AddressHistory, TabsUp, AllowMultipleInstances, ShowStatusBar,
-                         LoadImages, LoadAnimations, LoadVideos, LoadSounds, MailClient, NewsClient, EnvironmentText,
-                         SearchService, ShopService, FindService);
+                         LastTiles, TileHeaders, LoadImages, LoadAnimations, LoadVideos, LoadSounds, MailClient,
+                         NewsClient, EnvironmentText, SearchService, ShopService, FindService);
 }
 
 } // namespace tessa

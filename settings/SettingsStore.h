@@ -105,6 +105,8 @@ public:
     Setting<bool> TabsUp; ///< the tab strip is at the top
     Setting<bool> AllowMultipleInstances;
     Setting<bool> ShowStatusBar;
+    Setting<std::vector<Text>> LastTiles; ///< which of the last sites lay side by side
+    Setting<bool> TileHeaders;            ///< pages that lie side by side have titles above them
 
     Setting<bool> LoadImages;      ///< pages may load images
     Setting<bool> LoadAnimations;  ///< pages may show animated pictures moving

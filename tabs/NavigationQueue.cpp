@@ -20,7 +20,10 @@ std::optional<std::int32_t> NavigationQueue::Next(Time now) {
         m_room = 0;
         return Start(front, now);
     }
-    if (m_waiting.empty() || !MayStartBehind(now)) return std::nullopt;
+    if (m_waiting.empty()) return std::nullopt;
+    const auto beside = std::ranges::find_if(m_waiting, [this](std::int32_t each) { return IsBeside(each); });
+    if (beside != m_waiting.end()) return MayStartBeside(now) ? std::optional(Start(beside, now)) : std::nullopt;
+    if (!MayStartBehind(now)) return std::nullopt;
     if (m_room > 0) --m_room;
     return Start(m_waiting.begin(), now);
 }
@@ -52,11 +55,22 @@ bool NavigationQueue::FrontWorks(Time now) const {
     return FrontLoads(now) && now < m_loading.at(m_front).Sign + kQuiet;
 }
 
-bool NavigationQueue::MayStartBehind(Time now) const {
+std::size_t NavigationQueue::CountBehind(Time now) const {
     const auto counts = [&](const auto& each) {
         return each.first != m_front && now < each.second.Start + kLoadPatience;
     };
-    const auto loading = static_cast<std::size_t>(std::ranges::count_if(m_loading, counts));
+    return static_cast<std::size_t>(std::ranges::count_if(m_loading, counts));
+}
+
+bool NavigationQueue::IsBeside(std::int32_t index) const {
+    return index != m_front && std::ranges::find(m_beside, index) != m_beside.end();
+}
+
+// What is seen does not wait for what else is seen: a person looks at all of it.
+bool NavigationQueue::MayStartBeside(Time now) const { return CountBehind(now) < (m_tight ? 1 : m_atATime); }
+
+bool NavigationQueue::MayStartBehind(Time now) const {
+    const std::size_t loading = CountBehind(now);
     const bool front = FrontLoads(now);
     if (m_tight) return !front && loading < 1;
     // Answers that come all at once must not find the front page's in a long row.

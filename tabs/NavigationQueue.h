@@ -6,6 +6,8 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace tessa {
 
@@ -43,6 +45,8 @@ public:
     void Remove(std::int32_t index);
     /// The view in front; 0 for none.
     void SetFront(std::int32_t index) { m_front = index; }
+    /// The views that are shown beside it. They start before all that are not shown, as many at a time as ever.
+    void SetBeside(std::vector<std::int32_t> beside) { m_beside = std::move(beside); }
     /// Something of a page that loads has come.
     void NoteSign(std::int32_t index, Time now);
     /// So many cores have had nothing to do since this was last told; what is free may start at once.
@@ -69,12 +73,16 @@ private:
     /// It does, and has given a sign of life lately.
     [[nodiscard]] bool FrontWorks(Time now) const;
     [[nodiscard]] bool MayStartBehind(Time now) const;
+    [[nodiscard]] bool MayStartBeside(Time now) const;
+    [[nodiscard]] bool IsBeside(std::int32_t index) const;
+    [[nodiscard]] std::size_t CountBehind(Time now) const;
     std::int32_t Start(std::deque<std::int32_t>::iterator place, Time now);
 
     std::size_t m_atATime;
     std::deque<std::int32_t> m_waiting;
     std::map<std::int32_t, Load> m_loading;
     std::int32_t m_front = 0;
+    std::vector<std::int32_t> m_beside;
     std::size_t m_room = 0; ///< views that may start because something was idle
     bool m_tight = false;
 };

@@ -50,7 +50,10 @@ void PageOptions::SetTextSize(TextView Name, tessa::Apply Apply) {
     }
     auto* view = m_tabs.CurrentView();
     const auto* size = std::ranges::find(kSizes, Name, &TextSize::tool);
-    if (view && Apply == tessa::Apply::Yes && size != kSizes.end()) Browser::SetZoom(*view->Control, size->level);
+    if (view && Apply == tessa::Apply::Yes && size != kSizes.end()) {
+        Browser::SetZoom(*view->Control, size->level);
+        for (auto* each : m_tabs.Followers()) Browser::SetZoom(*each->Control, size->level);
+    }
     m_tabs.UpdateZoom();
 }
 

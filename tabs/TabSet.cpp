@@ -84,11 +84,25 @@ void TabSet::pcPage_Click() {
         view->Control->BringToFront();
         view->Control->SetFocus();
     }
-    m_browser.ParkAllBut(selected->Tag);
+    m_browser.ParkAllBut(selected->Tag, ShowBeside(selected->Tag));
     UpdateBackForward();
     UpdateStopRefresh();
     ShowAddress();
     UpdateZoom();
+}
+
+std::vector<std::int32_t> TabSet::ShowBeside(std::int32_t Index) {
+    if (!Together) return {};
+    auto beside = Together->BesideOf(Index);
+    for (const std::int32_t each : beside) {
+        auto* view = OpenView(each);
+        if (!view) continue;
+        PlaceView(*view);
+        view->Unpark();
+        view->Control->SetVisible(true);
+        view->Control->ShowBeside();
+    }
+    return beside;
 }
 
 Privacy TabSet::PrivacyOf(std::int32_t Index) const {
@@ -318,6 +332,23 @@ ArrayView* TabSet::CurrentView() const {
 std::int32_t TabSet::CurrentIndex() const {
     const auto* selected = m_pcPage.SelectedItem();
     return selected ? selected->Tag : 0;
+}
+
+std::vector<ArrayView*> TabSet::Followers() const {
+    std::vector<ArrayView*> views;
+    if (!Together) return views;
+    for (const std::int32_t each : Together->LinkedWith(CurrentIndex())) {
+        if (auto* view = OpenView(each)) views.push_back(view);
+    }
+    return views;
+}
+
+void TabSet::PlaceShown() {
+    if (auto* view = CurrentView()) PlaceView(*view);
+    if (!Together) return;
+    for (const std::int32_t each : Together->BesideOf(CurrentIndex())) {
+        if (auto* view = OpenView(each)) PlaceView(*view);
+    }
 }
 
 // View 1 outlives its tab.

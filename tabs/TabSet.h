@@ -5,6 +5,7 @@
 #include "forms/TabStrip.h"
 #include "platform/Dialogs.h"
 #include "tabs/PageLeaving.h"
+#include "tabs/ShownTabs.h"
 #include "tabs/ViewArray.h"
 
 #include <functional>
@@ -101,6 +102,10 @@ public:
     /// The view `Index`, or nothing once its tab has gone. A command keeps the index of the view that it began with. It
     /// finds the view again behind a dialog, whatever tab is selected by then.
     [[nodiscard]] ArrayView* OpenView(std::int32_t Index) const;
+    /// The views that follow the selected one; none but for linked panes.
+    [[nodiscard]] std::vector<ArrayView*> Followers() const;
+    /// Lays the selected view over the page area, and those beside it.
+    void PlaceShown();
     [[nodiscard]] bool IsSelected(std::int32_t Index) const;
     /// Whether a tab shows the view of that index.
     [[nodiscard]] bool IsOpen(std::int32_t Index) const;
@@ -111,6 +116,8 @@ public:
     std::int32_t TitleLengthLimit = 0;
     /// Whether a tab that a page asks for comes to the front.
     bool OpenNewInFront = true;
+    /// Which pages are shown beside others; without it each is shown alone.
+    const ShownTabs* Together = nullptr;
 
     /// A view is to be laid over the page area.
     Signal<void(ArrayView&)> PlaceView;
@@ -133,6 +140,7 @@ private:
     void BlankTab(std::int32_t Index);
     void AsOneCommand(const std::function<void()>& close);
     void ForgetGone();
+    std::vector<std::int32_t> ShowBeside(std::int32_t Index);
 
     TabStrip& m_pcPage;
     ViewArray& m_browser;

@@ -35,12 +35,27 @@ void TabSleep::Touch() {
     const std::int32_t index = front ? front->Tag : 0;
     // Most changes of the strip are captions and pictures.
     if (index == m_front) return;
+    NoteInSight(Now());
     if (const auto left = m_seen.find(m_front); left != m_seen.end()) left->second = Seen{.last = Now()};
     m_front = index;
 }
 
+// What lay beside the front was looked at as well.
+void TabSleep::NoteInSight(Time now) {
+    for (const std::int32_t each : m_browser.InSight()) {
+        const auto seen = m_seen.find(each);
+        if (seen != m_seen.end()) seen->second.last = now;
+    }
+}
+
+bool TabSleep::IsInSight(std::int32_t index) const {
+    const auto& all = m_browser.InSight();
+    return index == m_front || std::ranges::find(all, index) != all.end();
+}
+
 void TabSleep::NoteOpen(Time now) {
     Touch();
+    NoteInSight(now);
     for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
         // A tab that has just come has no view yet; it will in a moment.
         if (open.Index() != 0) m_seen.try_emplace(open.Index(), Seen{.last = now});
@@ -49,13 +64,13 @@ void TabSleep::NoteOpen(Time now) {
 }
 
 PageLife* TabSleep::LifeBehind(std::int32_t index) {
-    auto* view = index == m_front ? nullptr : m_browser.Find(index);
+    auto* view = IsInSight(index) ? nullptr : m_browser.Find(index);
     return view ? view->Control->Life() : nullptr;
 }
 
 TabSleep::Time TabSleep::LookAt(std::int32_t index, Seen& seen, Time now) {
     const auto* life = LifeBehind(index);
-    if (!life) return m_patience;
+    if (!life) return index != m_front && IsInSight(index) ? std::min(kAgain, m_patience) : m_patience;
     // Loaded again while it was behind: that is use, too.
     if (std::exchange(seen.asleep, life->Asleep()) && !seen.asleep) seen.last = now;
     if (seen.asleep) return m_patience;

@@ -11,9 +11,9 @@ namespace tessa {
 class TabStrip;
 
 /// Puts tabs to sleep that were not looked at for a while, if the user wants that. Also does so when memory is short.
-/// By design parked tabs keep living. The tab in front never sleeps, nor does one whose page does something that would
-/// be lost or missed. A sleeping tab wakes by itself when it is selected. Owned by the main window; strip and views
-/// outlive it.
+/// By design parked tabs keep living. The tab in front never sleeps, nor do those beside it, nor one whose page does
+/// something that would be lost or missed. A sleeping tab wakes by itself when it is selected. Owned by the main
+/// window; strip and views outlive it.
 class TabSleep {
 public:
     using Time = std::chrono::milliseconds; ///< on any steady clock
@@ -57,7 +57,9 @@ private:
         bool asleep = false; ///< as far as we know
     };
     void NoteOpen(Time now);
-    /// What a tab's page says of itself; nothing for the one in front, and for one without a page.
+    void NoteInSight(Time now);
+    [[nodiscard]] bool IsInSight(std::int32_t index) const;
+    /// What a tab's page says of itself; nothing for one that is seen, and for one without a page.
     [[nodiscard]] PageLife* LifeBehind(std::int32_t index);
     /// How long until there is something to decide about the tab.
     [[nodiscard]] Time LookAt(std::int32_t index, Seen& seen, Time now);

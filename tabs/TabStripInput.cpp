@@ -24,8 +24,12 @@ ArrayView* TabStripInput::PopupView() const {
 void TabStripInput::MouseDown(MouseButton Button, Twips x, Twips y) {
     if (Button != MouseButton::Right) return;
     // Deliberate: both are divided by the horizontal factor; here the two are one.
-    PopupTabPosition = PositionAt(Rounded(static_cast<double>(x.value) / kTwipsPerPixel),
-                                  Rounded(static_cast<double>(y.value) / kTwipsPerPixel));
+    OpenPopup(PositionAt(Rounded(static_cast<double>(x.value) / kTwipsPerPixel),
+                         Rounded(static_cast<double>(y.value) / kTwipsPerPixel)));
+}
+
+void TabStripInput::OpenPopup(std::size_t position) {
+    PopupTabPosition = position;
     auto* view = PopupView();
     if (!view) return;
     const bool busy = view->Control->Busy();

@@ -20,6 +20,8 @@ public:
     /// A button goes down at a point of the strip, in twips. The right one opens the pop-up for the tab under it,
     /// which is not selected.
     void MouseDown(MouseButton Button, Twips x, Twips y);
+    /// The pop-up of the tab at that position, from 1, is wanted.
+    void OpenPopup(std::size_t position);
     /// Data is dragged over a point of the strip, in logical pixels. Nothing without text.
     void OLEDragOver(bool hasText, double x, double y);
     /// Text is dropped where it was dragged last. On the selected tab, or on none, it opens a new tab; another tab

@@ -1,5 +1,6 @@
 #include "tabs/ViewArray.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tessa {
@@ -56,10 +57,10 @@ void ViewArray::UnloadAll() {
     m_views.clear();
 }
 
-void ViewArray::ParkAllBut(std::int32_t index) {
+void ViewArray::ParkAllBut(std::int32_t index, const std::vector<std::int32_t>& beside) {
     // Parking may bring another one into sight.
     for (const std::int32_t each : std::exchange(m_inSight, {})) {
-        if (each == index)
+        if (each == index || std::ranges::find(beside, each) != beside.end())
             m_inSight.push_back(each);
         else if (auto* view = Find(each))
             view->Park();

@@ -67,8 +67,11 @@ public:
     void Unload(std::int32_t index);
     /// Destroys every element, at the end of the window. No more can be made.
     void UnloadAll();
-    /// Parks every view but that one. Costs what is in sight, not what there is.
-    void ParkAllBut(std::int32_t index);
+    /// Parks every view but that one and those beside it. Costs what is in sight, not what there is.
+    void ParkAllBut(std::int32_t index, const std::vector<std::int32_t>& beside = {});
+
+    /// The views that may be seen: the one in front and those beside it.
+    [[nodiscard]] const std::vector<std::int32_t>& InSight() const { return m_inSight; }
 
 private:
     BrowserViewFactory& m_factory;

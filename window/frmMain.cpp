@@ -10,6 +10,7 @@
 #include "commands/PageMenu.h"
 #include "commands/ReadingCommands.h"
 #include "commands/TabMoreCommands.h"
+#include "commands/TileCommands.h"
 #include "downloads/DownloadWords.h"
 #include "groups/TessaGroups.h"
 #include "platform/Application.h"
@@ -36,8 +37,10 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_events(m_tabs, m_browser),
       m_browser(m_platform.views, m_events),
       m_tabs(pcPage, m_browser, actBar, sbStatus, m_platform.messages),
+      m_tiles(m_tabs, pcPage),
       m_groups({m_tabs, pcPage, m_browser, sbStatus, m_platform.messages, m_platform.files, m_platform.forms,
                 m_platform.settings, m_platform.groupFolder}),
+      m_chosen(m_groups, pcPage),
       m_closed(m_tabs, pcPage, m_browser),
       m_stripInput(m_tabs, pcPage, m_browser, actBar),
       m_pages(m_tabs, actBar, m_platform.settings),
@@ -49,6 +52,8 @@ frmMain::frmMain(MainWindowPlatform platform)
                 m_pages,
                 m_groups,
                 m_closed,
+                m_tiles,
+                m_chosen,
                 m_platform.files,
                 m_platform.messages,
                 m_platform.forms,
@@ -60,7 +65,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                 m_platform.input,
                 m_platform.groupFolder,
                 m_platform.favoritesFolder},
-      m_sessions(m_platform.sessions, m_platform.clock, m_tabs, pcPage, m_browser),
+      m_sessions(m_platform.sessions, m_platform.clock, {m_tabs, pcPage, m_browser, m_tiles}),
       m_layout(actBar, m_platform.layout),
       m_menus(m_context, m_platform.folderWatch),
       m_favorites(m_context, {m_platform.trash, m_platform.forms}),
@@ -96,7 +101,9 @@ void frmMain::WireParts() {
     m_stripInput.Opening.ConnectForLife([this] {
         TabMoreCommands::ShowState(m_context);
         ReadingCommands::ShowState(m_context);
+        TileCommands::ShowTabState(m_context);
     });
+    m_tiles.Changed.ConnectForLife([this] { TileCommands::ShowState(m_context); });
     pcPage.Touched.ConnectForLife([this] {
         m_sessions.Touch();
         m_sleep.Touch();
@@ -233,6 +240,8 @@ void frmMain::Prepare() {
     m_settings.RememberLastSites = store.RememberLastSites.Get();
     BoxHistories::Restore(actBar, store);
     m_tabs.ShowStatusBar(store.ShowStatusBar.Get());
+    m_tiles.ShowHeaders(store.TileHeaders.Get());
+    TileCommands::ShowState(m_context);
     for (const ToolName name : kDisabledAtStart) actBar.Enable(name, false);
 }
 
@@ -307,8 +316,9 @@ void frmMain::Form_Activate() {
 void frmMain::OpenAtStart() {
     const std::size_t before = pcPage.Count();
     if (m_settings.RememberLastSites && !m_openedFromCommandLine) {
-        std::vector<Text> sites = SettingsStore(m_platform.settings).LastSites.Get();
-        LastSites::Reopen(std::move(sites), m_tabs, m_browser, m_sessions.CameBack);
+        const SettingsStore store(m_platform.settings);
+        const auto opened = LastSites::Reopen(store.LastSites.Get(), m_tabs, m_browser, m_sessions.CameBack);
+        m_tiles.Restore(store.LastTiles.Get(), opened);
     }
     if (m_startedBare && pcPage.Count() == before) OpenStartGroup();
 }
@@ -323,7 +333,7 @@ void frmMain::OpenStartGroup() {
 
 void frmMain::Form_Resize() {
     m_platform.window.MoveTabStrip(MainLayout::TabStripPlace(LayoutInputs()));
-    if (auto* view = m_tabs.CurrentView()) PlaceView(*view);
+    m_tabs.PlaceShown();
 }
 
 bool frmMain::Form_QueryUnload() { return m_stage != Stage::Loaded || m_closing.MayClose(); }
@@ -352,12 +362,14 @@ void frmMain::Save() {
 
 void frmMain::SaveSettings() {
     const std::vector<Text> sites = LastSites::Open(pcPage, m_browser);
+    const std::vector<Text> tiles = LastSites::OpenTiles(pcPage, m_browser, m_tiles);
     SettingsStore store(m_platform.settings);
     WindowPlacement::Save(store, m_platform.window);
     m_settings.Save(store);
     ResumeNext(store.LastSites.Set(sites));
     BoxHistories::Save(store, actBar);
     ResumeNext(store.ShowStatusBar.Set(sbStatus.Visible()));
+    if (tiles != store.LastTiles.Get()) ResumeNext(store.LastTiles.Set(tiles));
 }
 
 MainLayout::Inputs frmMain::LayoutInputs() const {

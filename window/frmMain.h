@@ -8,6 +8,7 @@
 #include "commands/RuntimeMenus.h"
 #include "downloads/frmDownloads.h"
 #include "groups/GroupCommands.h"
+#include "groups/TabsOfFront.h"
 #include "history/frmOpenPages.h"
 #include "sessions/SessionJournal.h"
 #include "startpage/HistoryPages.h"
@@ -17,6 +18,7 @@
 #include "tabs/MemoryRelief.h"
 #include "tabs/TabSleep.h"
 #include "tabs/frmTaskView.h"
+#include "tiles/Tiles.h"
 #include "window/ClosingQuestions.h"
 #include "window/LiveSettings.h"
 #include "window/MainCommands.h"
@@ -76,6 +78,8 @@ public:
         return m_tabs.GetNewBrowser(inFront, privacy);
     }
     void CloseBrowserTab(std::int32_t Index) { m_tabs.CloseBrowserTab(Index); }
+    /// The tabs that lie side by side, for the area that shows them.
+    [[nodiscard]] tessa::Tiles& Tiles() { return m_tiles; }
     /// Gives the page in front the keyboard.
     void FocusPage();
     /// Goes to what the program was started with, or what a later start hands over. Not to what is no page.
@@ -157,7 +161,9 @@ private:
     BrowserEvents m_events;
     ViewArray m_browser;
     TabSet m_tabs;
+    tessa::Tiles m_tiles;
     GroupCommands m_groups;
+    TabsOfFront m_chosen;
     ClosedTabs m_closed;
     TabStripInput m_stripInput;
     PageOptions m_pages;

@@ -41,7 +41,11 @@ WebPage* Engine::FrontPage() const {
 }
 
 void Engine::Relayout() {
-    if (auto* view = Front()) view->LayWidget();
+    for (const std::int32_t each : std::set(m_schedule.AllShown())) {
+        // What is about to be hidden need not have another size before.
+        auto* view = m_schedule.IsWanted(each) ? Find(each) : nullptr;
+        if (view) view->LayWidget();
+    }
 }
 
 WebPage* Engine::MediaPage() {

@@ -49,7 +49,7 @@ public:
     /// The view shown, and its page; nothing when there is none yet.
     [[nodiscard]] PageView* Front() const { return Find(m_schedule.Shown()); }
     [[nodiscard]] WebPage* FrontPage() const;
-    /// The bars beside the page have changed; lays the view in front out anew.
+    /// The bars beside the page have changed; lays the views anew that are shown.
     void Relayout();
     /// The page that the keys for play and pause are for.
     [[nodiscard]] WebPage* MediaPage();

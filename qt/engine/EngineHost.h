@@ -18,8 +18,8 @@ public:
     [[nodiscard]] virtual Text HomeAddress() = 0;
     /// The program's own home page, in UTF-8. Asked for whenever it is loaded.
     [[nodiscard]] virtual std::string StartPage() = 0;
-    /// What the bars beside the page leave of the whole page area; places them.
-    [[nodiscard]] virtual QRect PageRect(const QRect& whole) = 0;
+    /// What the bars beside the pages, and the panes of others, leave of the whole page area for the view; places them.
+    [[nodiscard]] virtual QRect PageRect(const QRect& whole, std::int32_t index) = 0;
     /// What sites may do for good; outlives the views. Nothing to ask every time.
     [[nodiscard]] virtual SitePermissions* Permissions() = 0;
 };

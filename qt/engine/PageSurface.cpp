@@ -11,6 +11,7 @@
 #include <QWebEngineFullScreenRequest>
 #include <QWebEngineView>
 #include <algorithm>
+#include <utility>
 
 namespace tessa::qt {
 
@@ -21,12 +22,11 @@ void PageSurface::SetPage(ViewPage& page) {
 }
 
 void PageSurface::End() {
-    if (m_widget) {
-        m_widget->hide();
-        m_widget->deleteLater();
-    }
-    m_widget = nullptr;
     m_page = nullptr;
+    if (auto* widget = std::exchange(m_widget, nullptr).data()) {
+        widget->hide();
+        widget->deleteLater();
+    }
 }
 
 bool PageSurface::Visible() const { return m_widget && m_widget->isVisible(); }
@@ -75,7 +75,13 @@ void PageSurface::ShowQuestion() {
     m_view.events.AttentionChange(m_view.index, asks);
 }
 
-void PageSurface::Show() {
+void PageSurface::Show(ShownAs place) {
+    // Another page has the keyboard from now on, which must be seen where that goes.
+    if (place == ShownAs::Beside) {
+        LeaveFullScreen();
+        ForgetFocus();
+    }
+    m_page->Questions()->covers.SetInFront(place == ShownAs::Front);
     Lay();
     m_widget->show();
     m_widget->raise();
@@ -102,8 +108,9 @@ void PageSurface::Move(const QRect& place) {
 }
 
 void PageSurface::Lay() {
-    if (!m_widget || m_view.services.fullScreen.Has(m_widget)) return;
-    QRect page = m_view.services.host.PageRect(m_place);
+    // A page that is about to go is hidden, which may have all of them laid.
+    if (!m_widget || !m_page || m_view.services.fullScreen.Has(m_widget)) return;
+    QRect page = m_view.services.host.PageRect(m_place, m_view.index);
     if (m_bar) {
         const int height = std::min(m_bar->sizeHint().height(), page.height() / 2);
         m_bar->setGeometry(page.left(), page.top(), page.width(), height);

@@ -1,4 +1,5 @@
 #pragma once
+#include "qt/engine/Schedule.h"
 #include "qt/engine/ViewContext.h"
 
 #include <QObject>
@@ -33,7 +34,7 @@ public:
     [[nodiscard]] bool Visible() const;
     [[nodiscard]] bool FillsScreen() const;
 
-    void Show();
+    void Show(ShownAs place);
     void Hide();
     void Move(const QRect& place);
     /// Lays everything out, because bars beside the page or over it came or went.

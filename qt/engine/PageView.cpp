@@ -165,7 +165,12 @@ void PageView::Move(const Rect& place) {
 void PageView::MoveLeft(Twips) {
     m_surface.ForgetFocus();
     // The engine hides what is no longer in front, together with showing what is.
-    m_self.services.schedule.Wake();
+    m_self.services.schedule.Park(m_self.index);
+}
+
+void PageView::ShowBeside() {
+    m_self.services.schedule.ShowBeside(m_self.index);
+    m_navigation.Look();
 }
 
 void PageView::BringToFront() {
@@ -181,9 +186,9 @@ void PageView::StartNavigation() {
     m_navigation.Start();
 }
 
-void PageView::Show() {
+void PageView::Show(ShownAs place) {
     MakePage();
-    m_surface.Show();
+    m_surface.Show(place);
     // Queued: the one that was in front is still being hidden.
     QMetaObject::invokeMethod(
         &m_printing, [this] { m_printing.PrintIfShown(); }, Qt::QueuedConnection);

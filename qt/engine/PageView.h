@@ -64,6 +64,7 @@ public:
     void Move(const Rect& place) override;
     void MoveLeft(Twips left) override;
     void BringToFront() override;
+    void ShowBeside() override;
     void SetFocus() override { m_surface.SetFocus(); }
 
     // For the engine.
@@ -86,7 +87,7 @@ public:
 private:
     // Its turns.
     void StartNavigation() override;
-    void Show() override;
+    void Show(ShownAs place) override;
     void Hide() override { m_surface.Hide(); }
 
     // What was opened from another view.

@@ -27,6 +27,8 @@ void Schedule::Remove(std::int32_t index) {
     m_views.erase(index);
     if (m_front == index) m_front = 0;
     if (m_shown == index) m_shown = 0;
+    m_visible.erase(index);
+    if (m_beside.erase(index) > 0) m_queue.SetBeside({m_beside.begin(), m_beside.end()});
     m_queue.Remove(index);
     Wake();
 }
@@ -52,6 +54,21 @@ void Schedule::BringToFront(std::int32_t index) {
     Wake();
 }
 
+void Schedule::ShowBeside(std::int32_t index) {
+    if (!m_beside.insert(index).second) return;
+    m_besideChanged = true;
+    m_queue.SetBeside({m_beside.begin(), m_beside.end()});
+    Wake();
+}
+
+void Schedule::Park(std::int32_t index) {
+    if (m_beside.erase(index) > 0) {
+        m_besideChanged = true;
+        m_queue.SetBeside({m_beside.begin(), m_beside.end()});
+    }
+    Wake();
+}
+
 void Schedule::Wake() {
     if (m_started) m_turn.start(0);
 }
@@ -63,7 +80,7 @@ void Schedule::SetShortage(Shortage shortage) {
 }
 
 void Schedule::Turn() {
-    ShowFront();
+    ShowWanted();
     const auto now = Now();
     LookAtMachine(now);
     // One page a turn: making one takes milliseconds in which no menu opens.
@@ -83,14 +100,43 @@ void Schedule::LookAtMachine(NavigationQueue::Time now) {
     if (const auto idle = m_idle.SinceLast(now)) m_queue.NoteIdle(roomy ? *idle : 0, now);
 }
 
+void Schedule::ShowWanted() {
+    const bool another = m_front != m_shown && Find(m_front);
+    if (!another && !m_besideChanged) return;
+    m_besideChanged = false;
+    if (another) ShowFront();
+    ShowNextBeside();
+    HideOthers();
+    ShownChanged();
+    if (another) FrontChanged();
+}
+
 void Schedule::ShowFront() {
-    if (m_front == m_shown) return;
-    auto* front = Find(m_front);
-    if (!front) return;
-    front->Show();
-    if (auto* before = Find(m_shown)) before->Hide();
+    // What stays gives the keyboard up before the other one takes it.
+    if (auto* before = m_beside.contains(m_shown) ? Find(m_shown) : nullptr) before->Show(ShownAs::Beside);
     m_shown = m_front;
-    FrontChanged();
+    m_visible.insert(m_front);
+    Find(m_front)->Show(ShownAs::Front);
+}
+
+// One a turn: there may be many, and for each a page is made.
+void Schedule::ShowNextBeside() {
+    for (const std::int32_t each : m_beside) {
+        auto* view = each == m_shown || m_visible.contains(each) ? nullptr : Find(each);
+        if (!view) continue;
+        m_visible.insert(each);
+        m_besideChanged = true;
+        Wake();
+        return view->Show(ShownAs::Beside);
+    }
+}
+
+void Schedule::HideOthers() {
+    for (const std::int32_t each : std::set(m_visible)) {
+        if (each == m_shown || m_beside.contains(each)) continue;
+        m_visible.erase(each);
+        if (auto* view = Find(each)) view->Hide();
+    }
 }
 
 Schedule::View* Schedule::Find(std::int32_t index) const {

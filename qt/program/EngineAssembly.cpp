@@ -23,13 +23,13 @@ ServiceTemplates ChosenServices(SettingsStorageFactory& settings) {
 } // namespace
 
 EngineAssembly::EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window, PageBarsAssembly& bars,
-                               BlockingAssembly& blocking)
+                               TileArea& tiles, BlockingAssembly& blocking)
     : m_desktop(desktop),
       m_permissions(desktop.settings),
       m_mediaKeys([this] { return engine.MediaPage(); }),
       m_requests([&desktop] { return ChosenServices(desktop.settings); }, &blocking.pages),
       m_notifications(bars.notices),
-      m_surroundings(desktop.settings, m_permissions, window, bars.bars,
+      m_surroundings(desktop.settings, m_permissions, window, bars.bars, tiles,
                      {FromQt(desktop.folders.GroupFolder()), FromQt(desktop.folders.favorites)}),
       devTools(window),
       engine(window.PageArea(), desktop.OwnProfile(), m_surroundings),

@@ -22,12 +22,13 @@ namespace tessa::qt {
 class DesktopAssembly;
 class BlockingAssembly;
 class PageBarsAssembly;
+class TileArea;
 
 /// The engine, and what goes with all its pages.
 class EngineAssembly {
 public:
     /// All outlive it.
-    EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window, PageBarsAssembly& bars,
+    EngineAssembly(DesktopAssembly& desktop, MainWindowFrame& window, PageBarsAssembly& bars, TileArea& tiles,
                    BlockingAssembly& blocking);
 
     /// What pages ask of the program goes there; outlives the views.

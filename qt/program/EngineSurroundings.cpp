@@ -2,6 +2,7 @@
 
 #include "qt/base/BuildInfo.h"
 #include "qt/base/Palette.h"
+#include "qt/tiles/TileArea.h"
 #include "qt/window/MainWindowFrame.h"
 #include "qt/window/PageBars.h"
 #include "settings/BlockingSettings.h"
@@ -13,8 +14,9 @@
 namespace tessa::qt {
 
 EngineSurroundings::EngineSurroundings(SettingsStorageFactory& settings, SitePermissions& permissions,
-                                       MainWindowFrame& window, const PageBars& bars, Folders folders)
-    : m_settings(settings), m_permissions(permissions), m_window(window), m_bars(bars), m_folders(std::move(folders)) {}
+                                       MainWindowFrame& window, const PageBars& bars, TileArea& tiles,
+                                       Folders folders)
+    : m_settings(settings), m_permissions(permissions), m_window(window), m_bars(bars), m_tiles(tiles), m_folders(std::move(folders)) {}
 
 Text EngineSurroundings::HomeAddress() { return InternetSettings(m_settings).Get().homePage; }
 
@@ -29,7 +31,9 @@ std::string EngineSurroundings::StartPage() {
     return tessa::StartPage::Html(content);
 }
 
-QRect EngineSurroundings::PageRect(const QRect& whole) { return m_bars.Lay(whole); }
+QRect EngineSurroundings::PageRect(const QRect& whole, std::int32_t index) {
+    return m_tiles.PageRect(m_bars.Lay(whole), index);
+}
 
 bool EngineSurroundings::WindowIsFull() const { return m_window.FullScreen(); }
 

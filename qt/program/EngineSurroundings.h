@@ -8,6 +8,7 @@ namespace tessa::qt {
 
 class MainWindowFrame;
 class PageBars;
+class TileArea;
 
 /// What the engine's pages have around them: the settings, the bars beside the page, the window.
 class EngineSurroundings final : public EngineHost {
@@ -18,11 +19,11 @@ public:
     };
     /// All outlive it.
     EngineSurroundings(SettingsStorageFactory& settings, SitePermissions& permissions, MainWindowFrame& window,
-                       const PageBars& bars, Folders folders);
+                       const PageBars& bars, TileArea& tiles, Folders folders);
 
     [[nodiscard]] Text HomeAddress() override;
     [[nodiscard]] std::string StartPage() override;
-    [[nodiscard]] QRect PageRect(const QRect& whole) override;
+    [[nodiscard]] QRect PageRect(const QRect& whole, std::int32_t index) override;
     [[nodiscard]] SitePermissions* Permissions() override { return &m_permissions; }
     [[nodiscard]] bool WindowIsFull() const override;
     void SetWindowFull(bool full) override;
@@ -37,6 +38,7 @@ private:
     SitePermissions& m_permissions;
     MainWindowFrame& m_window;
     const PageBars& m_bars;
+    TileArea& m_tiles;
     const Folders m_folders;
 };
 

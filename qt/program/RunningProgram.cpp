@@ -20,6 +20,7 @@
 #include "qt/program/PageBarsAssembly.h"
 #include "qt/program/ReportSource.h"
 #include "qt/program/StripAssembly.h"
+#include "qt/program/TileAssembly.h"
 #include "qt/program/WindowAssembly.h"
 #include "qt/script/GroupPrint.h"
 #include "qt/script/NetworkProbe.h"
@@ -66,7 +67,8 @@ struct RunningProgram::Parts {
     MainWindowFrame window;
     PageBarsAssembly bars{window.PageArea(), desktop.clock};
     BlockingAssembly blocking{desktop.settings, desktop.folders.state + QStringLiteral("/blocking"), desktop.clock};
-    EngineAssembly engine{desktop, window, bars, blocking};
+    TileAssembly tiles{window.PageArea()};
+    EngineAssembly engine{desktop, window, bars, tiles.area, blocking};
     DownloadAssembly downloads{engine.engine};
     HistoryAssembly history{desktop};
     Forms forms{window, splash};
@@ -92,6 +94,8 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     downloads.Serve(main, window);
     history.Serve(main, engine.engine, window);
     bars.Serve(main);
+    tiles.Serve(main, engine.engine, strip.strip);
+    tiles.Link(bars.findBar);
     bar.LeadTo(strip.strip, frame.statusBar, bars);
     blocking.Serve(main, frame.statusBar, window);
     frame.FollowPages(engine.engine, desktop.OwnProfile());

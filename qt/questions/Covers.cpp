@@ -62,6 +62,7 @@ void Covers::Show(QWidget& cover) const {
     cover.show();
     cover.raise();
     // A cover takes the keyboard from its own page, from nothing else.
+    if (!m_inFront) return;
     const QWidget* focus = QApplication::focusWidget();
     if (!focus || focus == m_pageArea || m_pageArea->isAncestorOf(focus)) cover.setFocus(Qt::OtherFocusReason);
 }

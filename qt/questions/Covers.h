@@ -9,7 +9,7 @@
 namespace tessa::qt {
 
 /// What lies over the page of one tab: the page that explains a refused certificate, dialogs of the page. Covers are
-/// seen only while their tab is in front; the rest of the program stays usable.
+/// seen only while their tab is; the rest of the program stays usable.
 class Covers {
 public:
     /// Covers become children of `pageArea`.
@@ -23,9 +23,11 @@ public:
     /// Takes the cover off and deletes it, later. Nothing when it is not there.
     void Remove(QWidget* cover);
     [[nodiscard]] bool Empty() const { return m_covers.empty(); }
-    /// The tab comes to the front, or leaves it.
+    /// The tab comes into sight, or leaves it.
     void SetShown(bool shown);
     [[nodiscard]] bool Shown() const { return m_shown; }
+    /// Whether the tab may have the keyboard. One that is shown beside the front takes it from nobody.
+    void SetInFront(bool inFront) { m_inFront = inFront; }
     void Lay(const QRect& page);
     /// Gives the keyboard to the topmost cover; false when there is none.
     bool TakeFocus();
@@ -42,6 +44,7 @@ private:
     std::vector<QPointer<QWidget>> m_covers; ///< the topmost last
     QRect m_page;
     bool m_shown = false;
+    bool m_inFront = true;
 };
 
 } // namespace tessa::qt

@@ -40,6 +40,10 @@ public:
     /// Data is dragged over a point, with or without text; text was dropped.
     Signal<void(bool hasText, QPointF)> DragOver;
     Signal<void(const Text&)> Drop;
+    /// A tab is dragged out of the row, to that point of the screen; it comes back into the row; it is let go outside.
+    Signal<void(const Tab&, QPoint)> DraggedOut;
+    Signal<void(Tab&)> DraggedBack;
+    Signal<void(Tab&, QPoint)> DroppedOut;
     /// The button for a new tab, or a double click on the empty part of the row.
     Signal<void()> BlankRequested;
     /// The right button went down on the button for a new tab.
@@ -133,6 +137,8 @@ private:
     void PressRight(QPoint point);
     void CloseByMiddleButton(QPoint point);
     void DragTab(QPoint point);
+    bool DragOut(Tab& tab, QPoint point);
+    void EndDrag(QPoint point);
     void OfferDrag(QDropEvent& event);
 
     TabStrip& m_strip;
@@ -147,6 +153,7 @@ private:
     std::optional<Text> m_dragged; ///< key of the tab that the left button holds
     QPoint m_dragStart;
     bool m_dragging = false;
+    bool m_draggedOut = false; ///< and the pointer is outside the row
     Pixels m_rowHeight{22};
     int m_wheel = 0; ///< what of the wheel's turning has not moved a tab yet
     Connections m_connections;

@@ -9,6 +9,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace tessa::qt {
 
@@ -72,12 +73,29 @@ void TabStripView::CloseByMiddleButton(QPoint point) {
 void TabStripView::DragTab(QPoint point) {
     if (!m_dragging && (point - m_dragStart).manhattanLength() < QApplication::startDragDistance()) return;
     m_dragging = true;
-    const Tab* tab = m_strip.Find(*m_dragged);
+    Tab* tab = m_strip.Find(*m_dragged);
     if (!tab) return m_dragged.reset();
+    if (DragOut(*tab, point)) return;
     const std::size_t position = m_row.PositionAt({point.x(), m_row.TabPlace(m_strip.PositionOf(tab)).center().y()});
     if (position == 0 || position == m_strip.PositionOf(tab)) return;
     m_strip.Move(tab, position);
     Settle();
+}
+
+// A hand that moves along the row does not keep to it: outside begins half a row beyond.
+bool TabStripView::DragOut(Tab& tab, QPoint point) {
+    const bool outside = point.y() < -height() / 2 || point.y() >= height() + height() / 2;
+    const bool was = std::exchange(m_draggedOut, outside);
+    if (outside) DraggedOut(tab, mapToGlobal(point));
+    if (was && !outside) DraggedBack(tab);
+    return outside;
+}
+
+void TabStripView::EndDrag(QPoint point) {
+    const std::optional<Text> dragged = std::exchange(m_dragged, std::nullopt);
+    m_dragging = false;
+    if (!std::exchange(m_draggedOut, false) || !dragged) return;
+    if (Tab* tab = m_strip.Find(*dragged)) DroppedOut(*tab, mapToGlobal(point));
 }
 
 void TabStripView::mouseDoubleClickEvent(QMouseEvent* event) {

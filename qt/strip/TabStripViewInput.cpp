@@ -120,8 +120,7 @@ void TabStripView::PressLeft(QPoint point) {
 
 void TabStripView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
-    m_dragged.reset();
-    m_dragging = false;
+    EndDrag(event->position().toPoint());
     const std::optional<Text> closing = std::exchange(m_closing, std::nullopt);
     if (!closing) return;
     Settle();

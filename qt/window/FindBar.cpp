@@ -86,15 +86,22 @@ void FindBar::Open() {
 
 // The engine goes on with the search before, without counting, as long as the text is the same.
 void FindBar::FindAnew() {
-    auto* page = Page ? Page() : nullptr;
-    if (page && !m_text->text().isEmpty()) page->findText(QString(QChar(kPrivateUse)));
+    if (!m_text->text().isEmpty()) {
+        for (auto* page : AllPages()) page->findText(QString(QChar(kPrivateUse)));
+    }
     Find(Direction::Forward);
+}
+
+std::vector<QWebEnginePage*> FindBar::AllPages() const {
+    auto pages = LinkedPages ? LinkedPages() : std::vector<QWebEnginePage*>();
+    if (auto* page = Page ? Page() : nullptr) pages.insert(pages.begin(), page);
+    return pages;
 }
 
 void FindBar::Close() {
     hide();
     Changed();
-    if (auto* page = Page ? Page() : nullptr) page->findText(QString());
+    for (auto* page : AllPages()) page->findText(QString());
     m_found->clear();
     FocusPage();
 }
@@ -102,13 +109,14 @@ void FindBar::Close() {
 void FindBar::OnPageChanged() { m_found->clear(); }
 
 void FindBar::Find(Direction direction) {
-    auto* page = Page ? Page() : nullptr;
-    if (!page) return;
+    const auto pages = AllPages();
+    if (pages.empty()) return;
     QWebEnginePage::FindFlags flags;
     if (direction == Direction::Backward) flags |= QWebEnginePage::FindBackward;
     if (m_matchCase->isChecked()) flags |= QWebEnginePage::FindCaseSensitively;
     const QPointer<FindBar> self(this);
-    page->findText(m_text->text(), flags, [self](const QWebEngineFindTextResult& result) {
+    for (std::size_t i = 1; i < pages.size(); ++i) pages[i]->findText(m_text->text(), flags);
+    pages.front()->findText(m_text->text(), flags, [self](const QWebEngineFindTextResult& result) {
         if (self) self->Tell(result);
     });
 }

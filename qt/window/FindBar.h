@@ -3,6 +3,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <vector>
 
 class QCheckBox;
 class QLabel;
@@ -28,6 +29,8 @@ public:
 
     /// The page in front; nothing when there is none.
     std::function<QWebEnginePage*()> Page;
+    /// Those in which is found what is found there, too; may be empty.
+    std::function<std::vector<QWebEnginePage*>()> LinkedPages;
     /// The bar was shown or hidden.
     Signal<void()> Changed;
     /// The user types into the bar.
@@ -44,6 +47,7 @@ private:
     void ShowIcons();
     void Find(Direction direction);
     void FindAnew();
+    [[nodiscard]] std::vector<QWebEnginePage*> AllPages() const;
     void Tell(const QWebEngineFindTextResult& result);
 
     QLineEdit* m_text;

@@ -223,7 +223,7 @@ TEST_F(DesignTimeBarTest, EveryBandHasItsCaptionAndItsToolsInOrder) {
     }
     std::size_t own = 0;
     for (const TextView ours : {u"bndMore", u"bndMoreMenu", u"bndTabMore", u"bndMoreBookmarks", u"bndFavoriteFolder",
-                                u"bndFavoriteLink", u"bndGroupEntry", u"bndNewTab"})
+                                u"bndFavoriteLink", u"bndGroupEntry", u"bndNewTab", u"bndTileMenu"})
         own += bar.FindBand(ours) ? 1 : 0;
     EXPECT_EQ(bar.Bands().size(), designed + own);
 }

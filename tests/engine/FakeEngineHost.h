@@ -10,7 +10,10 @@ class FakeEngineHost final : public EngineHost {
 public:
     Text HomeAddress() override { return home; }
     std::string StartPage() override { return startPage(); }
-    QRect PageRect(const QRect& whole) override { return whole.adjusted(0, barHeight, 0, 0); }
+    QRect PageRect(const QRect& whole, std::int32_t index) override {
+        const QRect all = whole.adjusted(0, barHeight, 0, 0);
+        return pane ? pane(all, index) : all;
+    }
     SitePermissions* Permissions() override { return permissions; }
     [[nodiscard]] bool WindowIsFull() const override { return windowIsFull; }
     void SetWindowFull(bool full) override { windowIsFull = full; }
@@ -18,6 +21,7 @@ public:
     Text home;
     std::function<std::string()> startPage = [] { return std::string(); };
     int barHeight = 0;
+    std::function<QRect(const QRect& all, std::int32_t index)> pane; ///< where views lie side by side
     SitePermissions* permissions = nullptr;
     bool windowIsFull = false;
 };

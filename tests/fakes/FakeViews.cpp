@@ -101,9 +101,15 @@ void FakeView::Move(const Rect& value) {
     left = ToTwips(value.left);
 }
 
-void FakeView::MoveLeft(Twips value) { left = value; }
+void FakeView::MoveLeft(Twips value) {
+    left = value;
+    shown = false;
+}
 
-void FakeView::BringToFront() { all.front = index; }
+void FakeView::BringToFront() {
+    all.front = index;
+    shown = true;
+}
 
 void FakeView::SetFocus() { all.focused = index; }
 
@@ -168,6 +174,14 @@ FakeView& FakeViews::At(int index) {
 std::string FakeViews::Calls(int index) {
     std::string all;
     for (const auto& call : std::exchange(At(index).calls, {})) all += (all.empty() ? "" : ", ") + call;
+    return all;
+}
+
+std::string FakeViews::Shown() const {
+    std::string all;
+    for (const auto& [index, view] : living) {
+        if (view->shown) all += (all.empty() ? "" : " ") + std::to_string(index) + (index == front ? "*" : "");
+    }
     return all;
 }
 

@@ -62,6 +62,7 @@ public:
     void Move(const Rect& value) override;
     void MoveLeft(Twips value) override;
     void BringToFront() override;
+    void ShowBeside() override { shown = true; }
     void SetFocus() override;
 
     std::int16_t index;
@@ -70,6 +71,7 @@ public:
     bool busy = false;
     PageProgress progress = PageProgress::Done; ///< while it is not busy
     bool visible = false;
+    bool shown = false; ///< in front or beside that one
     bool tabStop = true;
     bool refuses = false;          ///< every call that can fail does
     std::function<void()> stopped; ///< what a page does when it is stopped
@@ -120,6 +122,8 @@ public:
     [[nodiscard]] bool Has(int index) const { return living.contains(index); }
     /// What view `index` was asked so far, separated by blanks; forgets it.
     std::string Calls(int index);
+    /// The views that are shown, the one in front with a star: "1* 2".
+    [[nodiscard]] std::string Shown() const;
 
     std::map<int, FakeView*> living;
     std::function<void(int index)> ended; ///< what is the case when a view goes

@@ -157,7 +157,8 @@ TEST(SessionTrust, TheLastSitesAndTheJournalLeaveOutWhatIsNoPage) {
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
     EXPECT_EQ(desk.views.Calls(2), "go about:blank, go file:///x");
     EXPECT_EQ(desk.views.Calls(3), "go about:blank, go http://b/");
-    desk.main.Sessions().Open({{u"http://c/", {}}, {u"chrome://kill", {}}, {u"mailto:a@b", {}}}, 1);
+    desk.main.Sessions().Open(
+        {.Selected = 1, .Pages = {{u"http://c/", {}}, {u"chrome://kill", {}}, {u"mailto:a@b", {}}}});
     EXPECT_EQ(desk.Strip(), "1 2 3 [4*]");
 }
 

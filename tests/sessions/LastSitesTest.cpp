@@ -1,6 +1,7 @@
 #include "sessions/LastSites.h"
 
 #include "tests/Desk.h"
+#include "tiles/TileText.h"
 
 namespace tessa {
 
@@ -81,6 +82,32 @@ TEST(LastSites, TheSitesAreSavedWhetherOrNotTheyWillBeReopened) {
     desk.PageLoads(2, u"http://two/", u"Two");
     desk.Unload();
     EXPECT_EQ(desk.settings.StoredList(u"LastSites"), u"[http://one/][http://two/]");
+}
+
+TEST(LastSites, PagesThatLieSideBySideDoSoAtTheNextStart) {
+    Desk desk;
+    desk.StartWithTabs(4);
+    desk.PageLoads(1, u"tessaview:preview/1", u"");
+    for (const int index : {2, 3, 4}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", u"t");
+    desk.main.Tiles().Show(TileLayoutIn(u"h(4:300 v(1 2))").value());
+    desk.Unload();
+    EXPECT_EQ(ToUtf8(desk.settings.StoredList(u"LastTiles")), "[h(3:300 1)]");
+
+    Desk later(&desk.settings);
+    later.Start();
+    EXPECT_EQ(later.Strip(), "1 2 [3*]");
+    ASSERT_TRUE(later.main.Tiles().Shown());
+    EXPECT_EQ(ToUtf8(TileText(*later.main.Tiles().Shown())), "h(3:300 1)");
+    EXPECT_EQ(later.views.Shown(), "1 3*");
+}
+
+TEST(LastSites, LayoutsOfWhatDoesNotComeBackAreForgotten) {
+    Desk desk;
+    desk.settings.PutList(u"LastSites", {u"http://1/", u"chrome://kill"});
+    desk.settings.PutList(u"LastTiles", {u"h(1 2)", u"x", u"h(1 99)"});
+    desk.Start();
+    EXPECT_EQ(desk.main.Tiles().Shown(), nullptr);
+    EXPECT_EQ(desk.Strip(), "[1*]");
 }
 
 } // namespace

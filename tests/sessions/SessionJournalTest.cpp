@@ -1,5 +1,6 @@
 // Tests: CameBack
 #include "tests/Desk.h"
+#include "tiles/TileText.h"
 
 namespace tessa {
 
@@ -73,6 +74,59 @@ TEST(SessionJournal, WritesTheAddressesAndTitlesInTheOrderOfTheTabs) {
     EXPECT_EQ(session->Time, 1000);
     EXPECT_FALSE(session->Ended);
     EXPECT_EQ(session->Pages[1].Title, u"Three");
+}
+
+TEST(SessionJournal, PagesThatLieSideBySideAreWrittenDownAndComeBack) {
+    JournalDesk desk;
+    desk.StartWithTabs(5);
+    desk.PageLoads(1, u"about:blank", u"");
+    for (const int index : {2, 3, 4, 5}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", Decimal(index));
+    desk.main.Tiles().Show(TileLayoutIn(u"v(h(4 1) h(2 5)) linked").value());
+    desk.main.Tiles().Show(TileLayoutIn(u"h(1 3)").value());
+    desk.ClickTab(4);
+    EXPECT_GE(desk.scheduled, 1);
+    desk.WriteSession();
+    const auto written = SessionFromBytes(desk.sessions.own);
+    ASSERT_TRUE(written);
+    EXPECT_EQ(written->Tiles, (std::vector<Text>{u"v(3 h(1 4)) linked"})) << "a blank page does not come back";
+
+    JournalDesk later;
+    later.Keep(*written, u"x");
+    later.StartWithTabs(2);
+    later.Reopen(u"x");
+    EXPECT_EQ(later.Strip(), "1 3 4 [5*] 6 2");
+    EXPECT_EQ(later.views.Shown(), "3 5* 6");
+    ASSERT_TRUE(later.main.Tiles().Shown());
+    EXPECT_EQ(ToUtf8(TileText(*later.main.Tiles().Shown())), "v(5 h(3 6)) linked");
+    EXPECT_EQ(later.Written(), "home: http://2/ http://3/ http://4/* http://5/");
+    EXPECT_EQ(SessionFromBytes(later.sessions.own)->Tiles, std::vector<Text>{u"v(4 h(2 5)) linked"});
+}
+
+TEST(SessionJournal, AChangedLayoutIsWritten) {
+    JournalDesk desk;
+    desk.StartWithTabs(3);
+    for (const int index : {1, 2, 3}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", u"t");
+    desk.WriteSession();
+    desk.scheduled = 0;
+    desk.main.Tiles().Show(TileLayoutIn(u"h(1 2)").value());
+    EXPECT_EQ(desk.scheduled, 1);
+    desk.WriteSession();
+    EXPECT_EQ(SessionFromBytes(desk.sessions.own)->Tiles, std::vector<Text>{u"h(1 2)"});
+    desk.main.Tiles().Dissolve();
+    EXPECT_EQ(desk.scheduled, 2);
+    desk.WriteSession();
+    EXPECT_TRUE(SessionFromBytes(desk.sessions.own)->Tiles.empty());
+}
+
+TEST(SessionJournal, APageThatMayNotOpenLeavesItsPane) {
+    JournalDesk desk;
+    Session session = Crashed({{u"http://a/", u"A"}, {u"chrome://kill", u"B"}, {u"http://c/", u"C"}});
+    session.Tiles = {u"h(1 2 3)"};
+    desk.Keep(session, u"x");
+    desk.StartWithTabs(1);
+    desk.Reopen(u"x");
+    ASSERT_TRUE(desk.main.Tiles().Shown());
+    EXPECT_EQ(ToUtf8(TileText(*desk.main.Tiles().Shown())), "h(2 3)");
 }
 
 TEST(SessionJournal, NothingIsWrittenTwice) {
@@ -264,7 +318,7 @@ TEST(SessionJournal, NothingGivesWayWhenNothingOpensOrTheListOpensIt) {
     desk.Start();
     desk.Reopen(u"x");
     EXPECT_EQ(desk.Strip(), "1 [2*]");
-    desk.journal.OpenAndSettle({{u"http://a/", u"A"}}, 1, u"y");
+    desk.journal.OpenAndSettle(Crashed({{u"http://a/", u"A"}}), u"y");
     EXPECT_EQ(desk.Strip(), "1 2 [3*]");
 }
 

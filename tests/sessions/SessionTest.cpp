@@ -55,6 +55,39 @@ TEST(Session, IsToldByItsTimeItsFirstTitlesAndItsBlankTabs) {
     EXPECT_EQ(SessionWords({.Pages = {lengthy}}, u""), u"\u201c" + Text(40, u'l') + u"...\u201d");
 }
 
+TEST(Session, SaysWhichPagesLieSideBySide) {
+    Session session = Three();
+    session.Tiles = {u"h(3 1)", u"v(2 9)"};
+    const std::string bytes = SessionBytes(session);
+    EXPECT_NE(bytes.find("\nTiles=\"h(3 1)\", \"v(2 9)\"\n"), std::string::npos) << bytes;
+    session.Tiles = {u"h(3 1)"};
+    EXPECT_EQ(SessionFromBytes(bytes), session) << "there is no ninth page";
+}
+
+TEST(Session, LayoutsThatCannotBeAreLeftOut) {
+    const std::string pages = "[Page]\nAddress=http://1/\n[Page]\nAddress=http://2/\n[Page]\nAddress=http://3/\n";
+    const auto tiles = [&](const std::string& line) {
+        return SessionFromBytes("[Session]\n" + line + "\n" + pages)->Tiles;
+    };
+    EXPECT_EQ(tiles("Time=1"), std::vector<Text>());
+    EXPECT_EQ(tiles("Tiles="), std::vector<Text>());
+    EXPECT_EQ(tiles("Tiles=h(1 2)"), std::vector<Text>()) << "a text and no list";
+    EXPECT_EQ(tiles("Tiles=\"x\", \"h(1\", \"h(1 2)\""), std::vector<Text>{u"h(1 2)"});
+    EXPECT_EQ(tiles("Tiles=\"h(1 2)\", \"v(2 3)\""), std::vector<Text>{u"h(1 2)"}) << "page 2 lies in one alone";
+}
+
+TEST(Session, APartOfItKeepsWhatItsPagesWereToEachOther) {
+    Session session = Three();
+    session.Tiles = {u"h(1 v(2 3)) linked"};
+    const Session part = PartOf(session, {1, 2, 7});
+    EXPECT_EQ(part.Pages, (std::vector<SessionPage>{session.Pages[1], session.Pages[2]}));
+    EXPECT_EQ(part.Selected, 1u);
+    EXPECT_EQ(part.Tiles, std::vector<Text>{u"v(1 2) linked"});
+    EXPECT_EQ(PartOf(session, {0}).Selected, 0u);
+    EXPECT_TRUE(PartOf(session, {0}).Tiles.empty());
+    EXPECT_EQ(PartOf(session, {0, 1, 2}), session);
+}
+
 TEST(Session, AnythingElseIsNone) {
     for (const std::string_view bytes : {"", "\n", "page=http://one/\n", "TessaView session 2\npage=a\n",
                                          "TessaView session 1", "TessaView session 1\r\n"})

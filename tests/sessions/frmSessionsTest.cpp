@@ -110,6 +110,21 @@ TEST(frmSessions, OpensThePagesThatAreTicked) {
     EXPECT_EQ(desk.Addresses(), "http://here/ http://one/ [http://three/*]");
 }
 
+TEST(frmSessions, PagesThatLaySideBySideDoSoAgain) {
+    SessionsDesk desk;
+    Session session = Ended(kThree, 2);
+    session.Tiles = {u"h(1 v(2 3))"};
+    desk.Keep(u"a", session);
+    desk.Start(u"http://here/");
+    desk.Use([](frmSessions& form) { form.cmdOpen.Click(); });
+    EXPECT_EQ(desk.views.Shown(), "2 3* 4");
+    desk.Use([](frmSessions& form) {
+        form.lstPages_ItemCheck(0, false);
+        form.cmdOpen.Click();
+    });
+    EXPECT_EQ(desk.views.Shown(), "5* 6");
+}
+
 TEST(frmSessions, ADoubleClickOpensOnePage) {
     SessionsDesk desk;
     desk.Keep(u"a", Ended(kThree, 2));

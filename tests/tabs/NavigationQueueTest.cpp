@@ -73,6 +73,49 @@ TEST(NavigationQueue, PagesThatHangBehindGiveTheirPlacesUp) {
     EXPECT_NE(StartAll(queue, NavigationQueue::kLoadPatience), "");
 }
 
+TEST(NavigationQueue, WhatIsShownBesideTheFrontStartsRightAfterIt) {
+    auto queue = Group(20);
+    queue.SetBeside({17, 3, 99});
+    EXPECT_EQ(StartAll(queue), "20 3 17") << "without waiting for it";
+    queue.Remove(20);
+    EXPECT_EQ(StartAll(queue), "1 2") << "they count among those that load";
+}
+
+TEST(NavigationQueue, ManyThatAreShownStartAsManyAtATimeAsEver) {
+    auto queue = Group(20);
+    queue.SetBeside({11, 12, 13, 14, 15, 16, 20});
+    EXPECT_EQ(StartAll(queue), "20 11 12 13 14");
+    queue.Remove(20);
+    EXPECT_EQ(StartAll(queue), "") << "no other comes before those that are shown";
+    queue.Remove(12);
+    queue.Remove(13);
+    EXPECT_EQ(StartAll(queue), "15 16");
+    queue.Remove(11);
+    EXPECT_EQ(StartAll(queue), "1");
+    queue.SetBeside({});
+    queue.Remove(14);
+    EXPECT_EQ(StartAll(queue), "2");
+}
+
+TEST(NavigationQueue, WithLittleMemoryShownPagesLoadOneByOne) {
+    auto queue = Group(9);
+    queue.SetTight(true);
+    queue.SetBeside({4, 5});
+    EXPECT_EQ(StartAll(queue), "9 4");
+    queue.Remove(4);
+    EXPECT_EQ(StartAll(queue), "5");
+}
+
+TEST(NavigationQueue, AShownPageThatHangsGivesItsPlaceUp) {
+    auto queue = Group(9);
+    queue.SetTight(true);
+    queue.SetBeside({4, 5});
+    StartAll(queue);
+    queue.Remove(9);
+    EXPECT_EQ(queue.Deadline(Time{0}), NavigationQueue::kLoadPatience);
+    EXPECT_EQ(StartAll(queue, NavigationQueue::kLoadPatience), "5");
+}
+
 TEST(NavigationQueue, AViewThatIsGoneDoesNotStart) {
     auto queue = Group(3);
     queue.Remove(1);

@@ -3,6 +3,7 @@
 
 #include "settings/frmInternetOptions.h"
 #include "tests/Desk.h"
+#include "tiles/TileText.h"
 
 namespace tessa {
 
@@ -197,6 +198,27 @@ TEST_F(TabsThatSleep, TheSettingAppliesAtOnceAndAtTheNextStart) {
     next.main.Sleep().Schedule.ConnectForLife([&](TabSleep::Time in) { due = time + in; });
     next.StartWithTabs(2);
     EXPECT_EQ(due, TabSleep::Time(3min));
+}
+
+TEST_F(TabsThatSleep, NoneSleepsThatIsShownBesideTheFront) {
+    desk.main.Tiles().Show(TileLayoutIn(u"h(1 3)").value());
+    Wait(10h);
+    EXPECT_EQ(Asleep(), "2 4");
+    desk.ClickTab(2);
+    Wait(10min - 1ms);
+    EXPECT_EQ(Asleep(), "2 4") << "it was seen until now";
+    Wait(1ms);
+    EXPECT_EQ(Asleep(), "1 2 3 4") << "the fake does not wake by itself";
+}
+
+TEST_F(TabsThatSleep, WhatIsShownNoLongerWasSeenUntilThen) {
+    desk.main.Tiles().Show(TileLayoutIn(u"h(1 3)").value());
+    Wait(10h);
+    desk.main.Tiles().Dissolve();
+    Wait(10min - TabSleep::kAgain - 1ms);
+    EXPECT_EQ(Asleep(), "2 4");
+    Wait(TabSleep::kAgain + 1ms);
+    EXPECT_EQ(Asleep(), "2 3 4");
 }
 
 struct Reason {

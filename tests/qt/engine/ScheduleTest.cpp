@@ -18,7 +18,9 @@ protected:
             m_test.schedule.Add(index, *this);
         }
         void StartNavigation() override { m_test.told += m_name + " loads; "; }
-        void Show() override { m_test.told += m_name + " shown; "; }
+        void Show(ShownAs place) override {
+            m_test.told += m_name + (place == ShownAs::Front ? " shown; " : " beside; ");
+        }
         void Hide() override { m_test.told += m_name + " hidden; "; }
 
     private:
@@ -108,6 +110,72 @@ TEST_F(ScheduleTest, AViewThatHasGoneIsToldNothing) {
     EXPECT_EQ(Turns(), "");
     schedule.BringToFront(3);
     EXPECT_EQ(Turns(), "3 shown; ") << "and nobody is hidden for it";
+}
+
+TEST_F(ScheduleTest, ThoseBesideTheFrontAreShownAfterItOneATurn) {
+    int changes = 0;
+    schedule.ShownChanged.ConnectForLife([&] { ++changes; });
+    schedule.Start();
+    schedule.ShowBeside(2);
+    schedule.ShowBeside(3);
+    schedule.BringToFront(1);
+    EXPECT_EQ(Turns(), "1 shown; 2 beside; 3 beside; ");
+    EXPECT_EQ(schedule.AllShown(), (std::set<std::int32_t>{1, 2, 3}));
+    EXPECT_GE(changes, 2);
+    schedule.ShowBeside(2);
+    EXPECT_EQ(Turns(), "") << "it is there already";
+}
+
+TEST_F(ScheduleTest, TheFrontChangesPlacesWithOneBesideIt) {
+    schedule.Start();
+    schedule.BringToFront(1);
+    schedule.ShowBeside(2);
+    Turns();
+    schedule.BringToFront(2);
+    schedule.ShowBeside(1);
+    EXPECT_EQ(Turns(), "1 beside; 2 shown; ") << "none of them is hidden for a moment";
+    EXPECT_EQ(schedule.Shown(), 2);
+}
+
+TEST_F(ScheduleTest, WhatIsParkedIsHidden) {
+    schedule.Start();
+    schedule.BringToFront(1);
+    schedule.ShowBeside(2);
+    Turns();
+    schedule.Park(2);
+    EXPECT_EQ(Turns(), "2 hidden; ");
+    schedule.Park(2);
+    EXPECT_EQ(Turns(), "");
+    schedule.ShowBeside(2);
+    Turns();
+    schedule.BringToFront(3);
+    schedule.Park(1);
+    schedule.Park(2);
+    EXPECT_EQ(Turns(), "3 shown; 1 hidden; 2 hidden; ");
+}
+
+TEST_F(ScheduleTest, WhatIsShownBesideLoadsBeforeWhatIsNot) {
+    schedule.Start();
+    schedule.AskTurn(1);
+    schedule.AskTurn(2);
+    schedule.AskTurn(3);
+    schedule.BringToFront(3);
+    schedule.ShowBeside(2);
+    EXPECT_EQ(Turns(), "3 shown; 2 beside; 3 loads; 2 loads; ");
+    schedule.EndTurn(3);
+    EXPECT_EQ(Turns(), "1 loads; ");
+}
+
+TEST_F(ScheduleTest, OneBesideThatHasGoneIsToldNothing) {
+    schedule.Start();
+    schedule.BringToFront(1);
+    schedule.ShowBeside(2);
+    schedule.ShowBeside(3);
+    Turns();
+    schedule.Remove(2);
+    schedule.Park(3);
+    EXPECT_EQ(Turns(), "3 hidden; ");
+    EXPECT_EQ(schedule.AllShown(), std::set<std::int32_t>{1});
 }
 
 } // namespace

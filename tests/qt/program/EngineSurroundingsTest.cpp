@@ -1,6 +1,7 @@
 #include "qt/program/EngineSurroundings.h"
 
 #include "pages/SitePermissions.h"
+#include "qt/tiles/TileArea.h"
 #include "qt/window/MainWindowFrame.h"
 #include "qt/window/PageBars.h"
 #include "settings/InternetSettings.h"
@@ -20,7 +21,8 @@ protected:
     SitePermissions permissions{settings};
     MainWindowFrame window;
     PageBars bars;
-    EngineSurroundings surroundings{settings, permissions, window, bars, {folder.PathText("") + u"/", {}}};
+    TileArea tiles{window.PageArea()};
+    EngineSurroundings surroundings{settings, permissions, window, bars, tiles, {folder.PathText("") + u"/", {}}};
 };
 
 TEST_F(EngineSurroundingsTest, TheHomePageIsTheOneOfTheOptions) {
@@ -37,15 +39,15 @@ TEST_F(EngineSurroundingsTest, ItsFoldersAreToldBeforeTheyAreRead) {
 
 TEST_F(EngineSurroundingsTest, BarsTakeTheirRoomFromThePage) {
     const QRect whole(0, 0, 300, 200);
-    EXPECT_EQ(surroundings.PageRect(whole), whole);
+    EXPECT_EQ(surroundings.PageRect(whole, 1), whole);
     {
         QWidget bar(window.PageArea());
         bar.setFixedHeight(20);
         bar.show();
         bars.Add(bar, PageBars::Side::Below);
-        EXPECT_EQ(surroundings.PageRect(whole).width(), 300);
+        EXPECT_EQ(surroundings.PageRect(whole, 1).width(), 300);
     }
-    EXPECT_EQ(surroundings.PageRect(whole), whole) << "it has ended";
+    EXPECT_EQ(surroundings.PageRect(whole, 1), whole) << "it has ended";
 }
 
 TEST_F(EngineSurroundingsTest, WhatSitesMayDoIsKept) { EXPECT_EQ(surroundings.Permissions(), &permissions); }

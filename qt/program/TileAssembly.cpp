@@ -1,0 +1,92 @@
+#include "qt/program/TileAssembly.h"
+
+#include "qt/base/Strings.h"
+#include "qt/engine/Engine.h"
+#include "qt/engine/PageView.h"
+#include "qt/page/WebPage.h"
+#include "qt/strip/TabStripView.h"
+#include "qt/window/FindBar.h"
+#include "tabs/TabKeys.h"
+#include "window/frmMain.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tessa::qt {
+
+TileAssembly::TileAssembly(QWidget* pageArea) : area(pageArea) {
+    m_laySoon.setSingleShot(true);
+    m_laySoon.setInterval(0);
+    m_laySoon.callOnTimeout([this] {
+        m_engine->Relayout();
+        LinkPages();
+    });
+}
+
+void TileAssembly::Serve(frmMain& main, Engine& engine, TabStripView& strip) {
+    m_main = &main;
+    m_engine = &engine;
+    area.PageIcon = [&engine](const Tab& tab) { return engine.Icon(tab.Tag); };
+    area.PageTitle = [&main](const Tab& tab) {
+        return ToQt(main.Tabs().Describe(tab)).section(QLatin1Char('\n'), 0, 0);
+    };
+    area.CloseRequested.ConnectForLife([&main](std::int32_t index) { main.CloseBrowserTab(index); });
+    area.MenuRequested.ConnectForLife([&main](std::int32_t index) {
+        main.StripInput().OpenPopup(main.pcPage.PositionOf(TabOfView(main.pcPage, index)));
+    });
+    area.Changed.ConnectForLife([this] { m_laySoon.start(); });
+    m_connections += engine.Schedule().ShownChanged.Connect([this] {
+        if (!area.isHidden()) m_laySoon.start();
+    });
+    m_connections += engine.Told().IconChanged.Connect([this](std::int32_t) {
+        if (!area.isHidden()) area.RefreshFaces();
+    });
+    FollowStrip(strip);
+    area.Attach(main.Tiles(), main.pcPage);
+}
+
+void TileAssembly::FollowStrip(TabStripView& strip) {
+    strip.DraggedOut.ConnectForLife([this](const Tab& tab, QPoint at) {
+        // What is dragged is not what it is dragged onto: pressing the tab has brought it to the front.
+        if (!std::exchange(m_dragged, true)) m_main->Tiles().BeginDrag(tab.Tag);
+        area.ShowDrop(tab.Tag, at);
+    });
+    strip.DraggedBack.ConnectForLife([this](Tab& tab) {
+        m_dragged = false;
+        area.HideDrop();
+        m_main->pcPage.Select(&tab);
+    });
+    strip.DroppedOut.ConnectForLife([this](Tab& tab, QPoint at) {
+        m_dragged = false;
+        if (!area.Drop(tab.Tag, at)) m_main->pcPage.Select(&tab);
+    });
+}
+
+std::vector<std::int32_t> TileAssembly::Linked() const {
+    return m_main ? m_main->Tiles().LinkedWith(m_main->Tiles().Focus()) : std::vector<std::int32_t>();
+}
+
+void TileAssembly::LinkPages() {
+    std::vector<QWebEngineView*> views;
+    auto linked = Linked();
+    if (!linked.empty()) linked.push_back(m_main->Tiles().Focus());
+    std::ranges::sort(linked);
+    for (const std::int32_t each : linked) {
+        const auto* view = m_engine->Find(each);
+        if (view && view->Widget()) views.push_back(view->Widget());
+    }
+    m_scroll.Link(views);
+}
+
+void TileAssembly::Link(FindBar& findBar) {
+    findBar.LinkedPages = [this] {
+        std::vector<QWebEnginePage*> pages;
+        for (const std::int32_t each : Linked()) {
+            const auto* view = m_engine->Find(each);
+            if (view && view->Page()) pages.push_back(view->Page());
+        }
+        return pages;
+    };
+}
+
+} // namespace tessa::qt

@@ -1,0 +1,42 @@
+#pragma once
+#include "qt/tiles/LinkedScroll.h"
+#include "qt/tiles/TileArea.h"
+
+namespace tessa {
+class frmMain;
+} // namespace tessa
+
+namespace tessa::qt {
+
+class Engine;
+class FindBar;
+class TabStripView;
+
+/// The panes in which pages lie side by side, and what they do in the program.
+class TileAssembly {
+public:
+    /// The pages' own parent, which outlives it.
+    explicit TileAssembly(QWidget* pageArea);
+
+    /// Shows the tabs of the window that lie side by side, with the engine's pages in the panes. Tabs can be dragged
+    /// there from the strip. All outlive it, or tell it nothing more.
+    void Serve(frmMain& main, Engine& engine, TabStripView& strip);
+    /// What is found in a page is found in those linked with it.
+    void Link(FindBar& findBar);
+
+    TileArea area;
+
+private:
+    void FollowStrip(TabStripView& strip);
+    void LinkPages();
+    [[nodiscard]] std::vector<std::int32_t> Linked() const;
+
+    frmMain* m_main = nullptr;
+    Engine* m_engine = nullptr;
+    LinkedScroll m_scroll;
+    QTimer m_laySoon;       ///< once the tabs have told which pages are shown
+    bool m_dragged = false; ///< a tab is dragged outside the strip
+    Connections m_connections;
+};
+
+} // namespace tessa::qt

@@ -1,0 +1,274 @@
+#include "qt/tiles/TileArea.h"
+
+#include "qt/base/Strings.h"
+#include "tabs/TabKeys.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace tessa::qt {
+
+namespace {
+
+constexpr int kDivider = 5, kFrame = 2;
+/// A pane does not become smaller than that by dragging.
+constexpr int kLeastPane = 60;
+/// As often as the strip takes captions anew.
+constexpr std::chrono::milliseconds kFaces{100};
+
+QRect ToQRect(const Rect& rect) { return {rect.left.value, rect.top.value, rect.width.value, rect.height.value}; }
+
+Rect ToRect(const QRect& rect) { return {{rect.left()}, {rect.top()}, {rect.width()}, {rect.height()}}; }
+
+} // namespace
+
+TileArea::TileArea(QWidget* pageArea) : QWidget(pageArea), m_dropZone(pageArea) {
+    setObjectName(QStringLiteral("tileArea"));
+    setMouseTracking(true);
+    m_faces.setSingleShot(true);
+    m_faces.setInterval(kFaces);
+    m_faces.callOnTimeout(this, [this] { ShowFaces(); });
+    hide();
+}
+
+TileArea::~TileArea() = default;
+
+void TileArea::Attach(Tiles& tiles, TabStrip& strip) {
+    m_tiles = &tiles;
+    m_strip = &strip;
+    m_connections += tiles.Changed.Connect([this] { OnTilesChanged(); });
+    m_connections += strip.Touched.Connect([this] {
+        if (!isHidden()) RefreshFaces();
+    });
+    OnTilesChanged();
+}
+
+void TileArea::OnTilesChanged() {
+    m_stale = true;
+    const bool shows = m_tiles->Shown() != nullptr;
+    if (shows == isHidden()) {
+        shows ? qApp->installEventFilter(this) : qApp->removeEventFilter(this);
+        setVisible(shows);
+        lower();
+    }
+    if (shows && !m_area.isEmpty()) Lay();
+    Changed();
+}
+
+TileMeasures TileArea::Measures() const {
+    return {.Divider = kDivider, .Header = m_tiles->HasHeaders() ? TileHeader::HeightIn(*this) : 0, .Frame = kFrame};
+}
+
+QRect TileArea::PageRect(const QRect& area, std::int32_t index) {
+    if (std::exchange(m_area, area) != area) m_stale = true;
+    if (!m_tiles || isHidden()) return area;
+    if (m_stale) Lay();
+    const auto* pane = m_places.Find(index);
+    if (!pane) return area;
+    // The engine paints nothing that is empty.
+    const QRect page = ToQRect(pane->Page);
+    return {page.topLeft(), page.size().expandedTo({1, 1})};
+}
+
+void TileArea::Lay() {
+    m_stale = false;
+    const auto* layout = m_tiles->Shown();
+    if (!layout) return;
+    setGeometry(m_area);
+    m_places = PlacesOf(*layout, m_tiles->Focus(), ToRect(m_area), Measures());
+    LayHeaders();
+    ShowFaces();
+    update();
+}
+
+void TileArea::LayHeaders() {
+    std::erase_if(m_headers, [this](const auto& each) {
+        if (m_places.Find(each.first)) return false;
+        // It may be the one that was just clicked.
+        each.second->hide();
+        each.second->deleteLater();
+        return true;
+    });
+    for (const TilePane& each : m_places.Panes) {
+        const QRect place = ToQRect(each.Header).translated(-m_area.topLeft());
+        auto* header = m_headers.contains(each.Number) ? m_headers.at(each.Number) : nullptr;
+        if (!header && !place.isEmpty()) header = MakeHeader(each.Number);
+        if (!header) continue;
+        header->setGeometry(place);
+        header->setVisible(!place.isEmpty());
+    }
+}
+
+TileHeader* TileArea::MakeHeader(std::int32_t index) {
+    auto* header = new TileHeader(this);
+    m_headers[index] = header;
+    header->Selected.ConnectForLife([this, index] { Select(index); });
+    header->DoubleClicked.ConnectForLife([this, index] { m_tiles->ToggleFull(index); });
+    header->CloseRequested.ConnectForLife([this, index] { CloseRequested(index); });
+    header->MenuRequested.ConnectForLife([this, index] { MenuRequested(index); });
+    header->Dragged.ConnectForLife([this, index](QPoint at) { ShowDrop(index, at); });
+    header->Dropped.ConnectForLife([this, index](QPoint at) { Drop(index, at); });
+    return header;
+}
+
+void TileArea::RefreshFaces() {
+    if (!m_faces.isActive()) m_faces.start();
+}
+
+void TileArea::ShowFaces() {
+    for (const auto& [index, header] : m_headers) {
+        const auto* tab = TabOfView(*m_strip, index);
+        if (!tab) continue;
+        const QString title = PageTitle ? PageTitle(*tab) : ToQt(tab->Caption());
+        header->ShowFace(PageIcon ? PageIcon(*tab) : QIcon(), title, index == m_tiles->Focus());
+    }
+}
+
+// Whatever in the pane was clicked has the keyboard already, and keeps it.
+void TileArea::Select(std::int32_t index) {
+    auto* tab = index == 0 || index == m_tiles->Focus() ? nullptr : TabOfView(*m_strip, index);
+    if (!tab) return;
+    const QPointer<QWidget> had = QApplication::focusWidget();
+    m_strip->Select(tab);
+    if (had && PaneAround(*had, had->rect().center()) == index) had->setFocus(Qt::OtherFocusReason);
+}
+
+bool TileArea::IsOverPane(const QWidget& widget) const {
+    return &widget != this && parentWidget()->isAncestorOf(&widget) && !isAncestorOf(&widget) &&
+           widget.window() == window();
+}
+
+std::int32_t TileArea::PaneAround(const QWidget& widget, QPoint at) const {
+    if (!IsOverPane(widget)) return 0;
+    const QPoint point = widget.mapTo(parentWidget(), at);
+    const auto pane = std::ranges::find_if(
+        m_places.Panes, [point](const TilePane& each) { return ToQRect(each.Page).contains(point); });
+    return pane == m_places.Panes.end() ? 0 : pane->Number;
+}
+
+bool TileArea::eventFilter(QObject* watched, QEvent* event) {
+    if (!watched->isWidgetType()) return false;
+    const auto& widget = static_cast<const QWidget&>(*watched);
+    if (event->type() == QEvent::MouseButtonPress)
+        Select(PaneAround(widget, static_cast<const QMouseEvent&>(*event).position().toPoint()));
+    else if (event->type() == QEvent::TouchBegin)
+        Select(PaneAround(widget, widget.rect().center()));
+    else if (event->type() == QEvent::FocusOut)
+        m_left = static_cast<QWidget*>(watched);
+    else if (event->type() == QEvent::FocusIn)
+        OnFocusIn(widget, static_cast<const QFocusEvent&>(*event).reason());
+    return false;
+}
+
+void TileArea::OnFocusIn(const QWidget& widget, Qt::FocusReason reason) {
+    const std::int32_t pane = PaneAround(widget, widget.rect().center());
+    if (pane == 0 || pane == m_tiles->Focus()) return;
+    m_reason = reason;
+    // Later: a page that is hidden hands the keyboard to any other, for a moment.
+    QMetaObject::invokeMethod(
+        this, [this] { LookAtFocus(); }, Qt::QueuedConnection);
+}
+
+// Who goes from one page to the next by keys wants that one. No page may take the keyboard by itself.
+void TileArea::LookAtFocus() {
+    QWidget* has = QApplication::focusWidget();
+    const std::int32_t pane = has && !isHidden() ? PaneAround(*has, has->rect().center()) : 0;
+    if (pane == 0 || pane == m_tiles->Focus()) return;
+    if (m_reason == Qt::TabFocusReason || m_reason == Qt::BacktabFocusReason)
+        Select(pane);
+    else if (m_reason == Qt::OtherFocusReason && m_left && m_left->isVisible())
+        m_left->setFocus(Qt::OtherFocusReason);
+}
+
+std::optional<TileArea::Aim> TileArea::AimAt(std::int32_t index, QPoint at) const {
+    const QPoint point = parentWidget()->mapFromGlobal(at);
+    const auto* pane = isHidden() ? nullptr : m_places.PaneAt(point.x(), point.y());
+    const bool alone = isHidden() && m_area.contains(point);
+    if (!m_tiles || (!pane && !alone)) return std::nullopt;
+    const std::int32_t under = pane ? pane->Number : m_tiles->Focus();
+    const Rect whole = pane ? pane->Whole : ToRect(m_area);
+    const auto edge = EdgeAt(whole, point.x(), point.y());
+    if (!edge || under == index || under == 0) return std::nullopt;
+    return Aim{under, *edge, ToQRect(HalfAt(whole, *edge))};
+}
+
+void TileArea::ShowDrop(std::int32_t index, QPoint at) {
+    const auto aim = AimAt(index, at);
+    m_dropZone.ShowAt(aim ? aim->zone : QRect());
+}
+
+bool TileArea::Drop(std::int32_t index, QPoint at) {
+    const auto aim = AimAt(index, at);
+    HideDrop();
+    return aim && m_tiles->Drop(index, aim->at, aim->edge);
+}
+
+bool TileArea::event(QEvent* event) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
+        m_stale = true;
+        if (m_tiles && !isHidden()) Changed();
+    }
+    return QWidget::event(event);
+}
+
+void TileArea::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.translate(-m_area.topLeft());
+    painter.fillRect(m_area, palette().color(QPalette::Window));
+    const auto& shown = m_held ? m_held : m_hover;
+    for (const TileDivider& each : m_places.Dividers) {
+        const bool marked = shown && shown->Path == each.Path && shown->Before == each.Before;
+        const QRect place = ToQRect(each.Place);
+        const QRect line = each.Upright ? place.adjusted(2, 0, -2, 0) : place.adjusted(0, 2, 0, -2);
+        if (marked)
+            painter.fillRect(place, palette().color(QPalette::Highlight));
+        else
+            painter.fillRect(line, palette().color(QPalette::Mid));
+    }
+    const auto* focused = m_tiles && !m_tiles->HasHeaders() ? m_places.Find(m_tiles->Focus()) : nullptr;
+    if (focused && m_places.Panes.size() > 1)
+        painter.fillRect(ToQRect(focused->Whole), palette().color(QPalette::Highlight));
+}
+
+void TileArea::mousePressEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint() + m_area.topLeft();
+    const auto* divider = m_places.DividerAt(point.x(), point.y());
+    if (event->button() != Qt::LeftButton || !divider) return event->ignore();
+    m_held = *divider;
+    update();
+}
+
+void TileArea::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint() + m_area.topLeft();
+    if (m_held) return m_tiles->MoveDivider(*m_held, m_held->Upright ? point.x() : point.y(), kLeastPane);
+    Hover(m_places.DividerAt(point.x(), point.y()));
+}
+
+void TileArea::mouseReleaseEvent(QMouseEvent*) {
+    m_held.reset();
+    update();
+}
+
+void TileArea::mouseDoubleClickEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint() + m_area.topLeft();
+    const auto* divider = m_places.DividerAt(point.x(), point.y());
+    m_held.reset();
+    if (event->button() == Qt::LeftButton && divider) m_tiles->Equalise(TilePath(divider->Path));
+}
+
+void TileArea::leaveEvent(QEvent*) { Hover(nullptr); }
+
+void TileArea::Hover(const TileDivider* divider) {
+    if (divider)
+        setCursor(divider->Upright ? Qt::SplitHCursor : Qt::SplitVCursor);
+    else
+        unsetCursor();
+    const auto hover = divider ? std::optional(*divider) : std::nullopt;
+    if (std::exchange(m_hover, hover) != hover) update();
+}
+
+} // namespace tessa::qt

@@ -1,0 +1,93 @@
+#pragma once
+#include "base/Signal.h"
+#include "forms/TabStrip.h"
+#include "qt/tiles/TileDropZone.h"
+#include "qt/tiles/TileHeader.h"
+#include "tiles/Tiles.h"
+
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <optional>
+
+namespace tessa::qt {
+
+/// What lies around the pages that are shown side by side: dividers, headers, and where a dragged tab would come. It
+/// lies below the pages. While a page is shown alone it is hidden and costs nothing.
+class TileArea final : public QWidget {
+public:
+    /// A child of the pages' own parent.
+    explicit TileArea(QWidget* pageArea);
+    ~TileArea() override;
+
+    /// Shows those tabs from now on; both outlive it.
+    void Attach(Tiles& tiles, TabStrip& strip);
+    /// What of the area is for the page of that view. Lays itself into the area.
+    [[nodiscard]] QRect PageRect(const QRect& area, std::int32_t index);
+    /// Takes titles and icons anew, in a while.
+    void RefreshFaces();
+
+    /// A tab is dragged over that point of the screen: shows where it would come.
+    void ShowDrop(std::int32_t index, QPoint at);
+    /// It is let go there. False when it would come nowhere.
+    bool Drop(std::int32_t index, QPoint at);
+    void HideDrop() { m_dropZone.hide(); }
+
+    /// The icon of a tab's page, and its title as a whole. Filled in by the owner.
+    std::function<QIcon(const Tab&)> PageIcon;
+    std::function<QString(const Tab&)> PageTitle;
+    Signal<void(std::int32_t index)> CloseRequested;
+    /// The pop-up of that tab is wanted.
+    Signal<void(std::int32_t index)> MenuRequested;
+    /// Pages have other places than before.
+    Signal<void()> Changed;
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    struct Aim {
+        std::int32_t at;
+        TileEdge edge;
+        QRect zone; ///< in the page area
+    };
+
+    void OnTilesChanged();
+    void Lay();
+    void LayHeaders();
+    TileHeader* MakeHeader(std::int32_t index);
+    void ShowFaces();
+    void Select(std::int32_t index);
+    [[nodiscard]] std::int32_t PaneAround(const QWidget& widget, QPoint at) const;
+    void OnFocusIn(const QWidget& widget, Qt::FocusReason reason);
+    void LookAtFocus();
+    [[nodiscard]] bool IsOverPane(const QWidget& widget) const;
+    [[nodiscard]] std::optional<Aim> AimAt(std::int32_t index, QPoint at) const;
+    void Hover(const TileDivider* divider);
+    [[nodiscard]] TileMeasures Measures() const;
+
+    Tiles* m_tiles = nullptr;
+    TabStrip* m_strip = nullptr;
+    TileDropZone m_dropZone;
+    QRect m_area;        ///< in the page area
+    TilePlaces m_places; ///< in the page area
+    std::map<std::int32_t, TileHeader*> m_headers;
+    QTimer m_faces;
+    std::optional<TileDivider> m_held;  ///< that is dragged
+    std::optional<TileDivider> m_hover; ///< that the pointer is on
+    bool m_stale = true;
+    QPointer<QWidget> m_left;                        ///< what had the keyboard before
+    Qt::FocusReason m_reason = Qt::OtherFocusReason; ///< why something else got it
+    Connections m_connections;
+};
+
+} // namespace tessa::qt
