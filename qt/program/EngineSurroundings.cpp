@@ -14,9 +14,13 @@
 namespace tessa::qt {
 
 EngineSurroundings::EngineSurroundings(SettingsStorageFactory& settings, SitePermissions& permissions,
-                                       MainWindowFrame& window, const PageBars& bars, TileArea& tiles,
-                                       Folders folders)
-    : m_settings(settings), m_permissions(permissions), m_window(window), m_bars(bars), m_tiles(tiles), m_folders(std::move(folders)) {}
+                                       MainWindowFrame& window, const PageBars& bars, TileArea& tiles, Folders folders)
+    : m_settings(settings),
+      m_permissions(permissions),
+      m_window(window),
+      m_bars(bars),
+      m_tiles(tiles),
+      m_folders(std::move(folders)) {}
 
 Text EngineSurroundings::HomeAddress() { return InternetSettings(m_settings).Get().homePage; }
 

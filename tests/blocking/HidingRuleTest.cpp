@@ -1,7 +1,7 @@
 // Tests: HidingRule, HidingRules, HidingCompiler, HidingFilter
+#include "blocking/RuleCompiler.h"
 #include "blocking/hiding/HidingFilter.h"
 #include "blocking/hiding/HidingRules.h"
-#include "blocking/RuleCompiler.h"
 #include "blocking/libraries/SiteDomain.h"
 
 #include <gtest/gtest.h>
