@@ -77,7 +77,7 @@ class Tiles(unittest.TestCase):
         folder = os.path.join(self.home, "sessions")
 
         def written():
-            files = [os.path.join(folder, name) for name in os.listdir(folder)]
+            files = [os.path.join(folder, name) for name in os.listdir(folder)] if os.path.isdir(folder) else []
             mine = [file for file in files if file.endswith(f"-{program.process.pid}.session")]
             with open(mine[0]) as lines:
                 return f'Tiles="{layout}"\n' in lines.read()
