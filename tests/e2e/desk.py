@@ -31,8 +31,9 @@ def wait_until(condition, seconds=PATIENCE, what=None):
         try:
             answer = condition()
         except Exception as error:  # AT-SPI reports a vanished object as one of several kinds of error
-            # A program that is not installed will not come while one waits.
-            if isinstance(error, (AssertionError, NameError, TypeError, FileNotFoundError)):
+            # A file may come while one waits; a program that is not installed, which has a name without a folder, will not.
+            is_program = isinstance(error, FileNotFoundError) and os.sep not in str(error.filename)
+            if is_program or isinstance(error, (AssertionError, NameError, TypeError)):
                 raise
             answer = None
         if answer:
