@@ -336,6 +336,13 @@ def xdotool(*arguments):
     return subprocess.run(["xdotool", *arguments], capture_output=True, text=True).stdout.strip()
 
 
+def move_pointer(x, y):
+    """Moves the pointer to a place on the screen. With "--sync" xdotool waits 15 s for one that is there already."""
+    xdotool("mousemove", str(x), str(y))
+    expected = [f"x:{x}", f"y:{y}"]
+    wait_until(lambda: xdotool("getmouselocation").split()[:2] == expected, what=lambda: xdotool("getmouselocation"))
+
+
 def click(node, button=1):
     """Clicks into the middle of something on the screen, once it has a place there."""
 

@@ -61,7 +61,7 @@ class Pages:
 def middle(program):
     """Puts the pointer on the page."""
     place = program.window().queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    desk.xdotool("mousemove", "--sync", str(place.x + place.width // 2), str(place.y + place.height * 2 // 3))
+    desk.move_pointer(place.x + place.width // 2, place.y + place.height * 2 // 3)
 
 
 class Mail(unittest.TestCase):

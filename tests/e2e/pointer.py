@@ -10,9 +10,7 @@ def middle(node):
 
 
 def move(point):
-    # To wait for a pointer that is there already would take half a minute.
-    if not desk.xdotool("getmouselocation").startswith(f"x:{point[0]} y:{point[1]} "):
-        desk.xdotool("mousemove", "--sync", str(point[0]), str(point[1]))
+    desk.move_pointer(*point)
 
 
 def drag(start, end, arrived=lambda: True):

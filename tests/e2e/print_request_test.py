@@ -41,7 +41,7 @@ def wait_window(title):
 def click_page(program):
     program.focus()
     place = program.window().queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    desk.xdotool("mousemove", "--sync", str(place.x + place.width // 2), str(place.y + place.height * 2 // 3))
+    desk.move_pointer(place.x + place.width // 2, place.y + place.height * 2 // 3)
     desk.xdotool("click", "1")
 
 

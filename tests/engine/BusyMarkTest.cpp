@@ -255,8 +255,8 @@ TEST_P(BusyMarkOfAWindow, ComesAndGoes) {
     EXPECT_EQ(atRequest.join(u' '), u"red");
     EXPECT_EQ(desk.main->pcPage.SelectedItem(), desk.main->pcPage.Find(u"Tab2"));
     EXPECT_TRUE(TurnsIdle(kSecond));
-    EXPECT_TRUE(WaitUntil([&] { return desk.View(kSecond).LocationName() == u"Window"; }));
-    EXPECT_EQ(desk.main->pcPage.Find(u"Tab2")->Caption(), u"Window");
+    EXPECT_TRUE(WaitUntil([&] { return desk.main->pcPage.Find(u"Tab2")->Caption() == u"Window"; }));
+    EXPECT_EQ(desk.View(kSecond).LocationName(), u"Window");
 }
 
 INSTANTIATE_TEST_SUITE_P(OpenedBy, BusyMarkOfAWindow, testing::Values("open", "link"),
