@@ -149,8 +149,8 @@ void CommandBar::RecalcLayout() { LayoutWanted(); }
 
 Tool* CommandBar::ToolFor(KeyStroke key) const {
     if (m_edited && key == KeyStroke{Keys::kEscape, 0}) return nullptr;
-    const auto shortcut = std::ranges::find(m_shortcuts, key, &Shortcut::Key);
-    Tool* tool = shortcut == m_shortcuts.end() ? nullptr : Find(shortcut->ToolName);
+    const Shortcut* shortcut = Combinations.Find(key);
+    Tool* tool = shortcut ? Find(shortcut->ToolName) : nullptr;
     return tool && tool->Enabled() ? tool : nullptr;
 }
 
@@ -180,10 +180,15 @@ void CommandBar::RunByKey(Tool& tool) {
         MenuWanted(tool);
 }
 
-KeyUsed CommandBar::StepBy(KeyStroke key) const {
+std::optional<BarStep> CommandBar::StepOf(KeyStroke key) {
     const auto* found = std::ranges::find(kSteps, key, &StepKey::key);
-    if (found == kSteps.end() || !StepWanted.HasListeners()) return KeyUsed::No;
-    StepWanted(found->step);
+    return found == kSteps.end() ? std::nullopt : std::optional(found->step);
+}
+
+KeyUsed CommandBar::StepBy(KeyStroke key) const {
+    const auto step = StepOf(key);
+    if (!step || !StepWanted.HasListeners()) return KeyUsed::No;
+    StepWanted(*step);
     return KeyUsed::Yes;
 }
 

@@ -1,10 +1,13 @@
 #pragma once
 #include "bar/BarLook.h"
+#include "bar/KeyStroke.h"
+#include "bar/KeyTable.h"
 #include "bar/Tool.h"
 #include "base/Signal.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -91,27 +94,6 @@ private:
     bool m_marked = false;
 };
 
-/// A key with its modifiers as the window receives it. Letters and digits are their upper-case characters, others
-/// have names of their own below.
-struct KeyStroke {
-    std::int32_t KeyCode = 0;
-    std::int32_t Shift = 0; ///< sum of the bits below
-    bool operator==(const KeyStroke&) const = default;
-};
-
-namespace Keys {
-inline constexpr std::int32_t kShift = 1, kCtrl = 2, kAlt = 4;
-inline constexpr std::int32_t kTab = 9, kEnter = 13, kAltAlone = 18, kEscape = 27, kHome = 36, kLeft = 37, kRight = 39,
-                              kF1 = 112, kF5 = 116, kF6 = 117, kF7 = 118, kF10 = 121, kF11 = 122, kF12 = 123,
-                              kPlus = 187, kMinus = 189;
-} // namespace Keys
-
-/// A combination that clicks a tool. The first of a tool's combinations is the one that menus show.
-struct Shortcut {
-    TextView ToolName;
-    KeyStroke Key;
-};
-
 enum class KeyUsed : bool { No = false, Yes = true };
 
 /// Where a key moves the focus: into the menu bar, or to the next or previous part of the window.
@@ -178,8 +160,11 @@ public:
     void NoteTyped() { ++m_typed; }
     /// How often that was told; who keeps the number knows later whether the user has typed since.
     [[nodiscard]] std::size_t Typed() const { return m_typed; }
-    void SetShortcuts(std::vector<Shortcut> shortcuts) { m_shortcuts = std::move(shortcuts); }
-    [[nodiscard]] const std::vector<Shortcut>& Shortcuts() const { return m_shortcuts; }
+    /// The combinations of the design; the user may choose others in `Combinations`.
+    void SetShortcuts(std::vector<Shortcut> shortcuts) { Combinations.Design(std::move(shortcuts)); }
+    [[nodiscard]] const std::vector<Shortcut>& Shortcuts() const { return Combinations.All(); }
+    /// Where a key leads the keyboard while no tool has it.
+    [[nodiscard]] static std::optional<BarStep> StepOf(KeyStroke key);
 
     /// A view tells of a band that is about to be shown, before it is drawn.
     void OpenBand(Band& band) const;
@@ -188,6 +173,8 @@ public:
 
     /// How the toolbars look.
     Property<BarLook> Look;
+    /// Which combinations click which tools.
+    KeyTable Combinations;
 
     Signal<void(Tool&)> Click;
     Signal<void(Band&)> BandOpen;
@@ -220,7 +207,6 @@ private:
     std::vector<OwnTool> m_ownTools;
     std::vector<std::unique_ptr<Band>> m_bands;
     std::unordered_map<Text, Band*> m_bandsByName;
-    std::vector<Shortcut> m_shortcuts;
     std::vector<std::int32_t> m_usedDown; ///< codes of keys that are down and were used
     const ComboTool* m_edited = nullptr;
     std::size_t m_typed = 0;

@@ -2,6 +2,7 @@
 
 #include "bar/BandRules.h"
 #include "bar/CommandBarLayoutWords.h"
+#include "bar/KeyRules.h"
 #include "base/ini/IniFile.h"
 
 #include <algorithm>
@@ -77,6 +78,29 @@ std::string WidthLines(const CommandBar& bar) {
     return lines;
 }
 
+/// The names of the tools that keys can be chosen for.
+std::vector<Text> NamesForKeys(const CommandBar& bar) {
+    std::vector<Text> names;
+    for (const auto& tool : bar.Tools()) names.push_back(tool->Name());
+    for (const auto& own : bar.OwnTools()) {
+        // A key clicks the one of the master list.
+        if (!bar.Share(own.Item->Name())) names.push_back(own.Item->Name());
+    }
+    return names;
+}
+
+/// Only what differs from the design, so that the keys of a later version's new commands come through.
+std::string KeyLines(const CommandBar& bar) {
+    std::string lines;
+    for (const Text& tool : NamesForKeys(bar)) {
+        if (!bar.Combinations.IsChosen(tool)) continue;
+        std::vector<std::string> words;
+        for (const KeyStroke key : bar.Combinations.Of(tool)) words.push_back(KeyWords::Word(key));
+        lines += Line(ToUtf8(tool), ListWords(words));
+    }
+    return lines.empty() ? lines : Header("Keys") + lines;
+}
+
 /// A layout file while it is read into a bar.
 class Reader {
 public:
@@ -87,6 +111,7 @@ public:
     void Run() {
         ReadLook();
         ReadWidths();
+        ReadKeys();
         const auto designed = Designed();
         for (const std::string& section : Sections()) ReadBand(section);
         if (!m_known.empty()) {
@@ -136,6 +161,29 @@ private:
                 box->FillsRow = false;
             }
         }
+    }
+
+    void ReadKeys() {
+        for (const Text& tool : NamesForKeys(m_bar)) {
+            if (const auto keys = KeysOf(tool)) m_bar.Combinations.Choose(tool, *keys);
+        }
+    }
+
+    /// What the file says of a tool's keys. A line with a word that is no combination, or one that no tool may have,
+    /// says nothing.
+    [[nodiscard]] std::optional<std::vector<KeyStroke>> KeysOf(const Text& tool) const {
+        const std::string line = Value("Keys", ToUtf8(tool));
+        const auto words = ListOf(line);
+        if (!words) return std::nullopt;
+        const auto designed = m_bar.Combinations.DesignedFor(tool);
+        std::vector<KeyStroke> keys;
+        for (const std::string_view word : *words) {
+            const auto key = KeyWords::Of(word);
+            if (!key) return std::nullopt;
+            if (!KeyRules::Refusal(*key).empty() && !std::ranges::count(designed, *key)) return std::nullopt;
+            keys.push_back(*key);
+        }
+        return keys;
     }
 
     void ReadBand(const std::string& section) {
@@ -216,7 +264,8 @@ private:
 namespace CommandBarLayout {
 
 std::string Save(const CommandBar& bar) {
-    std::string bytes = Header("Layout") + Line("Known", ListWords(KnownNames(bar))) + LookLines(bar) + WidthLines(bar);
+    std::string bytes =
+        Header("Layout") + Line("Known", ListWords(KnownNames(bar))) + LookLines(bar) + WidthLines(bar) + KeyLines(bar);
     for (const auto& band : bar.Bands()) {
         if (!band->IsRunTime()) bytes += BandLines(bar, *band);
     }

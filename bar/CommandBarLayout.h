@@ -9,7 +9,7 @@ namespace tessa {
 /// The layout of the command bar as the bytes of a file. It holds the look of the toolbars and the widths of the boxes.
 /// For each band it holds kind, caption, visibility, docking and tools. INI text; a band is a section of its own, so
 /// that damage to one costs no other. The names of all tools of the day are written too. So a later version can tell a
-/// removed tool from a new one.
+/// removed tool from a new one. Of the keys only those are written that the user has chosen.
 namespace CommandBarLayout {
 
 [[nodiscard]] std::string Save(const CommandBar& bar);

@@ -45,6 +45,16 @@ Text WithoutAccessKey(TextView caption) {
     return plain.ends_with(u"...") ? plain.substr(0, plain.size() - 3) : plain;
 }
 
+std::optional<char16_t> AccessKeyOf(TextView caption) {
+    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+        if (caption[i] != u'&') continue;
+        const char16_t unit = caption[++i];
+        const bool small = unit >= u'a' && unit <= u'z';
+        if (unit != u'&') return small ? static_cast<char16_t>(unit - u'a' + u'A') : unit;
+    }
+    return std::nullopt;
+}
+
 Text MenuCaption(TextView text) { return EscapedCaption(OneLine(text)); }
 
 } // namespace tessa

@@ -126,6 +126,7 @@ void Customization::ResetAll() {
     for (Band* band : Bands()) ResetQuietly(*band);
     DesignTimeBar::ResetWidths(m_bar);
     m_bar.Look = BarLook();
+    m_bar.Combinations.ResetAll();
     Tell();
 }
 

@@ -32,7 +32,7 @@ public:
     void Delete(Band& band);
     /// Gives a band of the design its designed tools and place; others stay as they are.
     void Reset(Band& band);
-    /// Everything as designed: toolbars of the user's are gone, widths and looks too.
+    /// Everything as designed: toolbars of the user's are gone, widths, looks and keys too.
     void ResetAll();
 
     /// What the tools were designed for, in the order of the master list.

@@ -1,6 +1,6 @@
 #pragma once
-#include "bar/ToolName.h"
 #include "commands/Dispatcher.h"
+#include "commands/keys/WindowKeys.h"
 
 namespace tessa {
 
@@ -14,8 +14,8 @@ public:
     MainKeyboard(CommandBar& actBar, const TabSet& tabs, Dispatcher& dispatcher)
         : m_actBar(actBar), m_tabs(tabs), m_dispatcher(dispatcher) {}
 
-    /// Runs the window's own combinations, then lets the command bar have the key. Used when the command bar says so.
-    /// Escape on a tool leads away from there and is no command.
+    /// Runs the window's own combinations but those that the user has chosen for a tool, then lets the command bar have
+    /// the key. Used when the command bar says so. Escape on a tool leads away from there and is no command.
     KeyUsed Form_KeyDown(KeyStroke key, KeyboardOn keyboard = KeyboardOn::Other);
     KeyUsed Form_KeyUp(KeyStroke key) { return m_actBar.KeyUp(key); }
     /// Something is typed while the page in front has the keyboard. Over a blank page that is meant for the address
@@ -23,7 +23,7 @@ public:
     void Form_Type();
 
 private:
-    void Run(ToolName tool);
+    void Run(const WindowKey& own);
 
     CommandBar& m_actBar;
     const TabSet& m_tabs;

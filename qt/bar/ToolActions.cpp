@@ -1,6 +1,6 @@
 #include "qt/bar/ToolActions.h"
 
-#include "commands/CommandTable.h"
+#include "commands/keys/WindowKeys.h"
 #include "qt/base/Icons.h"
 #include "qt/base/KeyFilter.h"
 #include "qt/base/Strings.h"
@@ -11,7 +11,6 @@
 #include <QMenuBar>
 #include <QPixmap>
 #include <algorithm>
-#include <span>
 
 namespace tessa::qt {
 
@@ -37,12 +36,18 @@ QIcon Placeholder(const Tool& tool) {
 
 } // namespace
 
+ToolActions::ToolActions(CommandBar& bar)
+    : m_bar(bar), m_keys(bar.Combinations.Changed.Connect([this] { ShowShortcuts(); })) {}
+
+void ToolActions::ShowShortcuts() const {
+    for (const auto& [key, shown] : m_shown) ShowShortcut(*shown.tool, *shown.action);
+}
+
 QAction* ToolActions::For(const std::shared_ptr<Tool>& tool) {
     const auto found = m_shown.find(tool.get());
     if (found != m_shown.end()) return found->second.action;
     auto* action = new QAction(this);
     action->setObjectName(ToQt(tool->Name()));
-    action->setToolTip(ToQt(tool->TooltipText));
     action->setIcon(m_icons ? PictureOf(*tool) : Placeholder(*tool));
     ShowShortcut(*tool, *action);
     Mirror(m_shown.emplace(tool.get(), Shown{tool, action, {}}).first->second);
@@ -74,20 +79,15 @@ void ToolActions::Mirror(Shown& entry) {
 
 // The bar itself answers the keys, before Qt does: the action only shows them.
 void ToolActions::ShowShortcut(const Tool& tool, QAction& action) const {
-    const auto find = [&](std::span<const Shortcut> all) -> const Shortcut* {
-        const auto found = std::ranges::find(all, TextView(tool.Name()), &Shortcut::ToolName);
-        return found == all.end() ? nullptr : &*found;
-    };
-    const Shortcut* shortcut = find(m_bar.Shortcuts());
-    if (!shortcut) shortcut = find(ShortcutsOfOthers());
-    const QKeySequence keys = shortcut ? KeyFilter::Sequence(shortcut->Key) : QKeySequence();
-    if (keys.isEmpty()) return;
+    const auto key = ToolKeys::Shown(m_bar, tool.Name());
+    const QKeySequence keys = key ? KeyFilter::Sequence(*key) : QKeySequence();
     action.setShortcutContext(Qt::WidgetShortcut);
     action.setShortcut(keys);
     // Qt leaves it out of menus that do not hang below the menu bar.
     action.setShortcutVisibleInContextMenu(true);
-    if (!tool.TooltipText.empty())
-        action.setToolTip(QStringLiteral("%1 (%2)").arg(action.toolTip(), keys.toString(QKeySequence::NativeText)));
+    const QString tip = ToQt(tool.TooltipText);
+    const bool both = !tip.isEmpty() && !keys.isEmpty();
+    action.setToolTip(both ? QStringLiteral("%1 (%2)").arg(tip, keys.toString(QKeySequence::NativeText)) : tip);
 }
 
 void ToolActions::OnTriggered(Tool& tool, QAction& action) {

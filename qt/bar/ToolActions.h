@@ -17,7 +17,7 @@ class ToolActions final : public QObject {
 
 public:
     /// The bar outlives it.
-    explicit ToolActions(CommandBar& bar) : m_bar(bar) {}
+    explicit ToolActions(CommandBar& bar);
 
     QAction* For(const std::shared_ptr<Tool>& tool);
     /// The action of the first tool of that name; nothing when no band and no menu has shown it yet.
@@ -43,6 +43,7 @@ private:
     };
 
     void Mirror(Shown& entry);
+    void ShowShortcuts() const;
     void ShowShortcut(const Tool& tool, QAction& action) const;
     void OnTriggered(Tool& tool, QAction& action);
 
@@ -50,6 +51,7 @@ private:
     std::unordered_map<const Tool*, Shown> m_shown;
     const QAction* m_pointed = nullptr; ///< under the pointer; only to compare with
     bool m_icons = false;
+    Connection m_keys;
 };
 
 } // namespace tessa::qt

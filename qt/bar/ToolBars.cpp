@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
@@ -190,6 +191,11 @@ std::vector<QToolBar*> ToolBars::InOrder() const {
 void ToolBars::OpenMenu(const Tool& tool) {
     QMenu* menu = m_menus.For(tool.SubBand);
     QPoint corner = m_window.mapToGlobal(QPoint(m_window.width() - menu->sizeHint().width(), 0));
+    const QMenuBar& menuBar = *m_window.menuBar();
+    for (QAction* action : menuBar.actions()) {
+        const bool opens = menuBar.isVisible() && action->isVisible() && action->menu() == menu;
+        if (opens) corner = menuBar.mapToGlobal(menuBar.actionGeometry(action).bottomLeft());
+    }
     for (const QToolBar* bar : InOrder()) {
         for (auto* button : bar->findChildren<QToolButton*>()) {
             const QAction* action = button->defaultAction();

@@ -19,10 +19,29 @@ struct KeyName {
 };
 
 constexpr std::array kKeys{
-    KeyName{Qt::Key_Tab, Keys::kTab},     KeyName{Qt::Key_Backtab, Keys::kTab},   KeyName{Qt::Key_Return, Keys::kEnter},
-    KeyName{Qt::Key_Enter, Keys::kEnter}, KeyName{Qt::Key_Escape, Keys::kEscape}, KeyName{Qt::Key_Home, Keys::kHome},
-    KeyName{Qt::Key_Left, Keys::kLeft},   KeyName{Qt::Key_Right, Keys::kRight},   KeyName{Qt::Key_Plus, Keys::kPlus},
-    KeyName{Qt::Key_Equal, Keys::kPlus},  KeyName{Qt::Key_Minus, Keys::kMinus},
+    KeyName{Qt::Key_Tab, Keys::kTab},
+    KeyName{Qt::Key_Backtab, Keys::kTab},
+    KeyName{Qt::Key_Return, Keys::kEnter},
+    KeyName{Qt::Key_Enter, Keys::kEnter},
+    KeyName{Qt::Key_Escape, Keys::kEscape},
+    KeyName{Qt::Key_Backspace, Keys::kBackspace},
+    KeyName{Qt::Key_Space, Keys::kSpace},
+    KeyName{Qt::Key_PageUp, Keys::kPageUp},
+    KeyName{Qt::Key_PageDown, Keys::kPageDown},
+    KeyName{Qt::Key_End, Keys::kEnd},
+    KeyName{Qt::Key_Home, Keys::kHome},
+    KeyName{Qt::Key_Left, Keys::kLeft},
+    KeyName{Qt::Key_Up, Keys::kUp},
+    KeyName{Qt::Key_Right, Keys::kRight},
+    KeyName{Qt::Key_Down, Keys::kDown},
+    KeyName{Qt::Key_Insert, Keys::kInsert},
+    KeyName{Qt::Key_Delete, Keys::kDelete},
+    KeyName{Qt::Key_Plus, Keys::kPlus},
+    KeyName{Qt::Key_Equal, Keys::kPlus},
+    KeyName{Qt::Key_Comma, Keys::kComma},
+    KeyName{Qt::Key_Minus, Keys::kMinus},
+    KeyName{Qt::Key_Period, Keys::kPeriod},
+    KeyName{Qt::Key_Slash, Keys::kSlash},
 };
 
 std::int32_t CodeOf(int key) {
@@ -90,8 +109,19 @@ KeyStroke KeyFilter::Told(const QKeyEvent& event, bool down) {
     return Of(event);
 }
 
+bool KeyFilter::GoesFirst(const QEvent& event) const {
+    if (event.type() != QEvent::ShortcutOverride || !BeforeAccessKeys) return false;
+    if (QApplication::activePopupWidget() || QApplication::activeWindow() != &m_window) return false;
+    return BeforeAccessKeys(Of(static_cast<const QKeyEvent&>(event)));
+}
+
 bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
     FollowAlt(*event);
+    if (GoesFirst(*event)) {
+        // Then it is told of as pressed.
+        event->accept();
+        return true;
+    }
     const bool down = event->type() == QEvent::KeyPress;
     if ((!down && event->type() != QEvent::KeyRelease) || !IsFor(watched)) return false;
     const KeyStroke key = Told(*static_cast<QKeyEvent*>(event), down);

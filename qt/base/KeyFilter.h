@@ -26,12 +26,16 @@ public:
 
     std::function<KeyUsed(KeyStroke)> Down;
     std::function<KeyUsed(KeyStroke)> Up;
+    /// Whether a combination goes before the underlined letters of menus, labels and buttons in the window. May be
+    /// empty; then none does.
+    std::function<bool(KeyStroke)> BeforeAccessKeys;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     [[nodiscard]] bool IsFor(const QObject* watched) const;
+    [[nodiscard]] bool GoesFirst(const QEvent& event) const;
     void FollowAlt(const QEvent& event);
     [[nodiscard]] KeyStroke Told(const QKeyEvent& event, bool down);
 

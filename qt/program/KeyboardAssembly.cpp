@@ -11,6 +11,7 @@ KeyboardAssembly::KeyboardAssembly(frmMain& main, QWidget& window, BarAssembly& 
         return main.Form_KeyDown(key, bar.HasKeyboard() ? KeyboardOn::Tool : KeyboardOn::Other);
     };
     m_keys.Up = [&main](KeyStroke key) { return main.Form_KeyUp(key); };
+    m_keys.BeforeAccessKeys = [&main](KeyStroke key) { return main.actBar.Combinations.IsChosen(key); };
     m_typing.OverPage.ConnectForLife([&main] { main.Form_Type(); });
 }
 

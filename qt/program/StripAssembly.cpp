@@ -1,6 +1,7 @@
 #include "qt/program/StripAssembly.h"
 
 #include "commands/BarGestures.h"
+#include "commands/keys/WindowKeys.h"
 #include "qt/base/Strings.h"
 #include "qt/engine/Engine.h"
 #include "window/frmMain.h"
@@ -9,6 +10,7 @@ namespace tessa::qt {
 
 StripAssembly::StripAssembly(frmMain& main, Engine& engine) : strip(main.pcPage), m_main(main), m_engine(engine) {
     strip.PageIcon = [this](const Tab& tab) { return m_engine.Icon(tab.Tag); };
+    strip.NewTabKeys = [this] { return ToolKeys::ShownWords(m_main.actBar, u"mnuNewBlank"_tool); };
     strip.ToolTipText = [this](const Tab& tab) { return m_main.Tabs().Describe(tab); };
     m_connections += m_engine.Told().IconChanged.Connect([this](std::int32_t index) { strip.RefreshIcons(index); });
     FollowClicks();

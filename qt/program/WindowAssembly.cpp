@@ -1,6 +1,7 @@
 #include "qt/program/WindowAssembly.h"
 
 #include "commands/BarGestures.h"
+#include "commands/keys/WindowKeys.h"
 #include "pages/InstanceProfiles.h"
 #include "qt/base/Strings.h"
 #include "qt/desktop/InstanceProfile.h"
@@ -30,6 +31,7 @@ void WindowAssembly::FollowWindow(TabStripView& strip) {
     m_connections += m_window.Activated.Connect([this] { m_main.Form_Activate(); });
     m_connections +=
         m_window.FullScreenChanged.Connect([this](bool on) { BarGestures::FullScreenChanged(m_main.actBar, on); });
+    m_window.SetFullScreenKeys([this] { return ToQt(ToolKeys::ShownWords(m_main.actBar, u"xtrFullScreen"_tool)); });
     m_window.QueryUnload = [this] { return m_main.Form_QueryUnload(); };
 }
 

@@ -35,6 +35,8 @@ public:
     Signal<void(Tab&)> MuteRequested;
     /// What to show of a tab while the pointer rests on it. Filled in by the owner.
     std::function<Text(const Tab&)> ToolTipText;
+    /// The combination that opens a new tab, as menus spell it; empty for none. Filled in by the owner; may be empty.
+    std::function<Text()> NewTabKeys;
     /// The right button went down at a point of the widget.
     Signal<void(QPoint)> RightButtonDown;
     /// Data is dragged over a point, with or without text; text was dropped.

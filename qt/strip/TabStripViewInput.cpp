@@ -27,9 +27,9 @@ bool TabStripView::event(QEvent* event) {
 void TabStripView::ShowToolTip(QPoint point, QPoint globalPoint) {
     Tab* tab = FindTabAt(point);
     if (NewPlace().contains(point)) {
-        QToolTip::showText(globalPoint, QStringLiteral("New tab (Ctrl+T); more with the right button"), this,
-                           NewPlace());
-        return;
+        const Text keys = NewTabKeys ? NewTabKeys() : Text();
+        const Text name = keys.empty() ? Text(u"New tab") : u"New tab (" + keys + u")";
+        return QToolTip::showText(globalPoint, ToQt(name + u"; more with the right button"), this, NewPlace());
     }
     const Text shown = !tab ? Text() : ToolTipText ? ToolTipText(*tab) : tab->Caption();
     if (shown.empty()) return QToolTip::hideText();

@@ -130,7 +130,10 @@ bool FullScreen::BarsInUse() const {
 }
 
 void FullScreen::ShowHint() {
-    m_hint = new QLabel(tr("Press F11 to leave full screen"), &m_hintArea);
+    const QString keys = Keys ? Keys() : QString();
+    m_hint = new QLabel(keys.isEmpty() ? tr("Rest the pointer at the upper edge to see the menus")
+                                       : tr("Press %1 to leave full screen").arg(keys),
+                        &m_hintArea);
     m_hint->setObjectName(QStringLiteral("fullScreenHint"));
     // Above pages of any colour.
     m_hint->setStyleSheet(

@@ -27,6 +27,9 @@ public:
     void Reveal();
     /// A page fills the window: nothing calls the bars then. Filled in by the owner; may be empty.
     std::function<bool()> PageFills;
+    /// The combination that leaves full screen, as menus spell it; empty for none. Filled in by the owner; may be
+    /// empty.
+    std::function<QString()> Keys;
 
     /// The window entered or left full screen, by `Set` or by the desktop.
     Signal<void(bool on)> Changed;

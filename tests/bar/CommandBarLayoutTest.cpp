@@ -96,6 +96,56 @@ TEST(CommandBarLayout, AFileOfAnEarlierVersionIsReadAndItsBandsAreWrittenAgainAs
     EXPECT_EQ(back.Saved().find("zz"), std::string::npos);
 }
 
+std::string KeysIn(const CommandBar& bar, TextView tool) {
+    std::string all;
+    for (const KeyStroke key : bar.Combinations.Of(tool)) all += KeyWords::Word(key) + ";";
+    return all;
+}
+
+TEST(CommandBarLayout, ChosenKeysComeBackAndNoOthersAreWritten) {
+    Designed bar;
+    EXPECT_EQ(bar.Saved().find("[Keys]"), std::string::npos);
+    bar.Combinations.Choose(u"mnuNewBlank", {{'E', Keys::kCtrl}, {Keys::kPlus, Keys::kCtrl | Keys::kAlt}});
+    bar.Combinations.Choose(u"mnuRefresh", {});
+    bar.Combinations.Choose(u"mnuFontLarger", {{Keys::kF7, Keys::kCtrl}});
+    EXPECT_NE(bar.Saved().find("[Keys]\r\nmnuNewBlank=Ctrl+E Ctrl+Alt+Plus .\r\nmnuRefresh=.\r\n"
+                               "mnuFontLarger=Ctrl+F7 .\r\n["),
+              std::string::npos)
+        << bar.Saved();
+    const Designed back(bar.Saved());
+    EXPECT_EQ(KeysIn(back, u"mnuNewBlank"), "Ctrl+E;Ctrl+Alt+Plus;");
+    EXPECT_EQ(KeysIn(back, u"mnuRefresh"), "") << "what was taken away stays away";
+    EXPECT_EQ(KeysIn(back, u"mnuFontLarger"), "Ctrl+F7;");
+    EXPECT_EQ(KeysIn(back, u"mnuClose"), "Ctrl+W;");
+    EXPECT_EQ(back.Saved(), bar.Saved());
+}
+
+TEST(CommandBarLayout, AKeyOfALaterDesignThatTheUserHasChosenBeforeStaysWithTheChoice) {
+    const Designed back("[Keys]\r\nmnuSettings=Ctrl+J .\r\n");
+    EXPECT_EQ(KeysIn(back, u"mnuSettings"), "Ctrl+J;");
+    EXPECT_EQ(KeysIn(back, u"xtrDownloads"), "");
+    EXPECT_EQ(back.Saved().find("xtrDownloads="), std::string::npos) << "nobody has taken it away";
+}
+
+TEST(CommandBarLayout, ALineOfKeysThatDoesNotParseLeavesTheDesign) {
+    for (const char* line : {"", "Ctrl+E", "Ctrl+E Ctrl+", "Ctrl+E Strg+T .", "ctrl+e .", "E .", "Ctrl+C .", "Return .",
+                             "Ctrl+E,Ctrl+F .", "Escape .", "\xFF .", "."}) {
+        const Designed back("[Keys]\r\nmnuNewBlank=" + std::string(line) +
+                            "\r\nmnuNoSuchTool=Ctrl+E .\r\nmnuClose=F7 .\r\n");
+        EXPECT_EQ(KeysIn(back, u"mnuNewBlank"), line == std::string(".") ? "" : "Ctrl+T;") << line;
+        EXPECT_EQ(KeysIn(back, u"mnuClose"), "F7;") << "the next line is read: " << line;
+    }
+    const Designed stop("[Keys]\r\nmnuStop=Escape F4 .\r\n");
+    EXPECT_EQ(KeysIn(stop, u"mnuStop"), "Escape;F4;") << "it has it by design";
+}
+
+TEST(CommandBarLayout, OfTwoLinesWithOneCombinationTheFirstToolHasIt) {
+    const Designed back("[Keys]\r\nmnuClose=Ctrl+E .\r\nmnuNewBlank=Ctrl+E Ctrl+E F8 .\r\n");
+    EXPECT_EQ(KeysIn(back, u"mnuNewBlank"), "Ctrl+E;F8;");
+    EXPECT_EQ(KeysIn(back, u"mnuClose"), "");
+    EXPECT_EQ(Designed(back.Saved()).Saved(), back.Saved());
+}
+
 TEST(CommandBarLayout, TwoToolsOfOneNameAreNotMixedUp) {
     Designed bar;
     const auto topics = bar.Share(u"mnuHelp");
@@ -277,6 +327,20 @@ void Damage(std::string& bytes, std::mt19937& random) {
         const auto word = bytes.find(' ', at), other = bytes.find(' ', below(bytes.size()));
         if (word < bytes.size() && other < bytes.size()) bytes.insert(word, bytes.substr(other, 14));
     }
+    }
+}
+
+TEST(CommandBarLayout, AnyDamageToTheKeysLeavesCombinationsThatToolsMayHave) {
+    std::mt19937 random(5);
+    Designed bar;
+    for (const Shortcut& each : std::vector(bar.Shortcuts()))
+        bar.Combinations.Choose(each.ToolName, {{each.Key.KeyCode, Keys::kCtrl | Keys::kAlt}, each.Key});
+    const std::string saved = bar.Saved(), keys = saved.substr(saved.find("[Keys]"));
+    const std::string section = keys.substr(0, keys.find("\r\n["));
+    for (int round = 0; round < 300; ++round) {
+        std::string bytes = section;
+        for (auto times = random() % 8; times-- > 0;) Damage(bytes, random);
+        ASSERT_EQ(WrongAfterLoading(bytes), "") << "round " << round << "\n" << bytes;
     }
 }
 

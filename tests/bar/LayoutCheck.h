@@ -1,8 +1,10 @@
 #pragma once
 #include "bar/BandRules.h"
 #include "bar/CommandBarLayout.h"
+#include "bar/KeyRules.h"
 #include "commands/DesignTimeBar.h"
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <string_view>
@@ -28,6 +30,14 @@ inline std::string WrongAfterLoading(std::string_view bytes) {
             if (!BandRules::MayList(bar, *band, *entry.Item)) return "a tool where it must not be";
             if (entry.Item->Kind() == ToolKind::Combo && !boxes.insert(entry.Item.get()).second) return "a box twice";
         }
+    }
+    std::set<std::string> keys;
+    for (const Shortcut& each : bar.Shortcuts()) {
+        if (!bar.Find(each.ToolName)) return "keys of no tool";
+        if (!keys.insert(KeyWords::Word(each.Key)).second) return "a combination for two tools";
+        const auto designed = bar.Combinations.DesignedFor(each.ToolName);
+        if (!KeyRules::Refusal(each.Key).empty() && std::ranges::count(designed, each.Key) == 0)
+            return "a combination that no tool may have";
     }
     const std::string saved = CommandBarLayout::Save(bar);
     CommandBar again;

@@ -22,6 +22,15 @@ TEST(Captions, OneLineMarksWhatIsNoTextInTheNameOfAFile) {
 
 TEST(Captions, AMenuCaptionHasNoAccessKeyOfTheNames) { EXPECT_EQ(MenuCaption(u"R&D && x\t"), u"R&&D &&&& x\uFFFD"); }
 
+TEST(Captions, TheAccessKeyIsTheOneBehindTheFirstMark) {
+    EXPECT_EQ(AccessKeyOf(u"&File"), u'F');
+    EXPECT_EQ(AccessKeyOf(u"Sho&p"), u'P');
+    EXPECT_EQ(AccessKeyOf(u"R&&D &now &x"), u'N');
+    EXPECT_EQ(AccessKeyOf(u"&\u00E4"), u'\u00E4');
+    for (const TextView none : {TextView(), TextView(u"File"), TextView(u"R&&D"), TextView(u"File&"), TextView(u"&")})
+        EXPECT_EQ(AccessKeyOf(none), std::nullopt);
+}
+
 TEST(Captions, ATextComesBackFromItsCaption) {
     for (const TextView text : {u"", u"&", u"R&D && x", u"a&", u"a\tb"})
         EXPECT_EQ(PlainCaption(EscapedCaption(text)), text) << ToUtf8(text);

@@ -87,6 +87,30 @@ TEST_F(MainKeyboardTest, AKeyOfTheTableReachesTheBarToo) {
     EXPECT_EQ(desk.Strip(), "1 4 [3*]") << "the next tab was shown, then closed";
 }
 
+TEST_F(MainKeyboardTest, AKeyOfTheTableThatTheUserHasChosenForAToolIsThatToolsAlone) {
+    KeyTable& table = desk.Bar().Combinations;
+    table.Choose(u"mnuNewBlank", {{'D', Keys::kAlt}});
+    table.Choose(u"mnuClose", {{Keys::kTab, Keys::kCtrl}});
+    EXPECT_EQ(desk.Press({'D', Keys::kAlt}), KeyUsed::Yes);
+    EXPECT_EQ(focused, "");
+    EXPECT_EQ(desk.Strip(), "1 [4*] 2 3");
+    EXPECT_EQ(desk.Press({'D', Keys::kAlt | Keys::kShift}), KeyUsed::No);
+    EXPECT_EQ(focused, "bndAddress.cboAddress") << "only that one was chosen";
+    EXPECT_EQ(desk.Press({Keys::kTab, Keys::kCtrl}), KeyUsed::Yes);
+    EXPECT_EQ(desk.Strip(), "1 [2*] 3") << "closed, and no other tab shown before";
+    EXPECT_EQ(desk.Press({'T', Keys::kCtrl}), KeyUsed::No) << "its old key";
+    table.ResetAll();
+    desk.Press({Keys::kTab, Keys::kCtrl});
+    EXPECT_EQ(desk.Strip(), "1 2 [3*]");
+}
+
+TEST_F(MainKeyboardTest, AChosenF6GoesBeforeTheWayRoundTheWindow) {
+    desk.Bar().Combinations.Choose(u"mnuNewBlank", {{Keys::kF6, 0}});
+    desk.Press({Keys::kF6, 0});
+    EXPECT_EQ(steps, "");
+    EXPECT_EQ(desk.Strip(), "1 [4*] 2 3");
+}
+
 TEST_F(MainKeyboardTest, EscapeStopsThePageUnlessItLeadsAwayFromATool) {
     struct Row {
         KeyStroke key;

@@ -1,6 +1,7 @@
 #include "qt/bar/customize/CustomizeDialog.h"
 
 #include "qt/bar/customize/CommandsPage.h"
+#include "qt/bar/customize/KeysPage.h"
 #include "qt/bar/customize/LookPage.h"
 #include "qt/bar/customize/ToolbarsPage.h"
 
@@ -17,6 +18,7 @@ CustomizeDialog::CustomizeDialog(CommandBar& bar, QMainWindow& window)
       m_drag(std::make_unique<ToolDrag>(m_custom, window, *this)),
       m_toolbars(new ToolbarsPage(m_custom)),
       m_commands(new CommandsPage(m_custom)),
+      m_keys(new KeysPage(m_custom)),
       m_look(new LookPage(m_custom)) {
     setObjectName(QStringLiteral("customize"));
     setWindowTitle(QStringLiteral("Customize"));
@@ -24,6 +26,7 @@ CustomizeDialog::CustomizeDialog(CommandBar& bar, QMainWindow& window)
     tabs->setObjectName(QStringLiteral("pages"));
     tabs->addTab(m_toolbars, QStringLiteral("&Toolbars"));
     tabs->addTab(m_commands, QStringLiteral("&Commands"));
+    tabs->addTab(m_keys, QStringLiteral("&Keys"));
     tabs->addTab(m_look, QStringLiteral("&Options"));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     QPushButton* close = buttons->button(QDialogButtonBox::Close);
@@ -42,6 +45,7 @@ CustomizeDialog::CustomizeDialog(CommandBar& bar, QMainWindow& window)
 void CustomizeDialog::Follow() {
     m_toolbars->Refresh();
     m_commands->Refresh();
+    m_keys->Refresh();
     m_look->Refresh();
     if (m_drag) m_drag->Follow();
 }

@@ -11,6 +11,7 @@
 namespace tessa::qt {
 
 class CommandsPage;
+class KeysPage;
 class LookPage;
 class ToolbarsPage;
 
@@ -29,6 +30,7 @@ private:
     std::unique_ptr<ToolDrag> m_drag; ///< while the dialog is open
     ToolbarsPage* m_toolbars;
     CommandsPage* m_commands;
+    KeysPage* m_keys;
     LookPage* m_look;
     Connections m_connections;
 };

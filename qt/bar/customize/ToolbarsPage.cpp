@@ -117,8 +117,8 @@ void ToolbarsPage::Reset() {
 
 void ToolbarsPage::ResetAll() {
     QMessageBox box(QMessageBox::Question, QStringLiteral("Reset All"),
-                    QStringLiteral("All toolbars and menus go back to how they were designed, and toolbars of your own "
-                                   "are deleted."),
+                    QStringLiteral("All toolbars, menus and keys go back to how they were designed, and toolbars of "
+                                   "your own are deleted."),
                     QMessageBox::NoButton, this);
     auto* keeps = box.addButton(QStringLiteral("&Keep Them"), QMessageBox::AcceptRole);
     auto* resets = box.addButton(QStringLiteral("&Reset All"), QMessageBox::DestructiveRole);

@@ -58,6 +58,34 @@ protected:
     Tool* refresh = nullptr;
 };
 
+TEST_F(BandMenusTest, AChosenCombinationIsShownAtOnceByMenusAndTips) {
+    const QAction& action = *shown->Find(u"mnuRefresh");
+    ASSERT_EQ(action.shortcut(), QKeySequence(Qt::Key_F5));
+    ASSERT_EQ(action.toolTip(), QStringLiteral("Refresh (F5)"));
+    bar.Combinations.Choose(u"mnuRefresh", {{'E', Keys::kCtrl}, {Keys::kF5, 0}});
+    EXPECT_EQ(action.shortcut(), QKeySequence(Qt::CTRL | Qt::Key_E));
+    EXPECT_EQ(Button(u"bndGo", u"mnuRefresh").toolTip(), QStringLiteral("Refresh (Ctrl+E)"));
+    bar.Combinations.Choose(u"mnuRefresh", {});
+    EXPECT_TRUE(action.shortcut().isEmpty());
+    EXPECT_EQ(action.toolTip(), QStringLiteral("Refresh"));
+    bar.Combinations.Choose(u"mnuStop", {{Keys::kF5, 0}});
+    EXPECT_EQ(shown->Find(u"mnuStop")->shortcut(), QKeySequence(Qt::Key_F5)) << "it had none by design";
+    bar.Combinations.ResetAll();
+    EXPECT_EQ(action.shortcut(), QKeySequence(Qt::Key_F5));
+    EXPECT_TRUE(shown->Find(u"mnuStop")->shortcut().isEmpty());
+}
+
+TEST_F(BandMenusTest, AKeyOpensAMenuOfTheMenuBarBelowItsCaption) {
+    bar.Combinations.Choose(u"mnuGo", {{'G', Keys::kCtrl}});
+    EXPECT_EQ(bar.KeyDown({'G', Keys::kCtrl}), KeyUsed::Yes);
+    QMenu& menu = MenuAt(1);
+    ASSERT_TRUE(menu.isVisible());
+    const QMenuBar& menuBar = *window.menuBar();
+    EXPECT_EQ(menu.pos(), menuBar.mapToGlobal(menuBar.actionGeometry(menuBar.actions().at(1)).bottomLeft()));
+    EXPECT_EQ(menu.activeAction(), menu.actions().constFirst());
+    menu.close();
+}
+
 TEST_F(BandMenusTest, AToolOnSeveralBandsIsTheSameEverywhere) {
     refresh->Caption = u"&Again";
     refresh->Enabled = false;

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTest>
 #include <QVBoxLayout>
@@ -126,6 +128,41 @@ TEST_F(KeyFilterTest, AltWithAnAccessKeyIsACombinationToo) {
     QApplication::sendEvent(m_taker, &asked);
     QTest::keyRelease(m_taker, Qt::Key_Alt);
     EXPECT_EQ(m_asked, "") << "a label has answered the key before it was pressed";
+}
+
+TEST_F(KeyFilterTest, WhatGoesFirstIsToldOfInPlaceOfALabelsAccessKey) {
+    auto* label = new QLabel(QStringLiteral("&Address"));
+    auto* box = new QLineEdit;
+    label->setBuddy(box);
+    m_window.layout()->addWidget(label);
+    m_window.layout()->addWidget(box);
+    label->show();
+    box->show();
+    QTest::keyClick(m_taker, Qt::Key_A, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return box->hasFocus(); })) << "the label answers it";
+    EXPECT_EQ(m_asked.find("down 4A;"), std::string::npos) << m_asked;
+    m_keys.BeforeAccessKeys = [](KeyStroke key) { return key == KeyStroke{'A', Keys::kAlt}; };
+    m_taker->setFocus();
+    QTest::keyClick(m_taker, Qt::Key_A, Qt::AltModifier);
+    EXPECT_TRUE(m_taker->hasFocus());
+    EXPECT_NE(m_asked.find("down 4A;"), std::string::npos) << m_asked;
+}
+
+TEST_F(KeyFilterTest, EveryKeyHasOneNameHereAndInQt) {
+    std::size_t named = 0;
+    for (std::int32_t code = 1; code < 300; ++code) {
+        for (std::int32_t held = 0; held < 8; ++held) {
+            const KeyStroke key{code, held};
+            const QKeySequence keys = KeyFilter::Sequence(key);
+            EXPECT_EQ(ToUtf8(KeyWords::Shown(key)), keys.toString(QKeySequence::NativeText).toStdString());
+            if (keys.isEmpty()) continue;
+            ++named;
+            const QKeyCombination pressed = keys[0];
+            const QKeyEvent event(QEvent::KeyPress, pressed.key(), pressed.keyboardModifiers());
+            EXPECT_EQ(KeyFilter::Of(event), key) << keys.toString().toStdString();
+        }
+    }
+    EXPECT_EQ(named, (26U + 10U + 12U + 20U) * 8U);
 }
 
 TEST_F(KeyFilterTest, KeysOfAnotherWindowOrAnOpenMenuAreNotTheWindows) {

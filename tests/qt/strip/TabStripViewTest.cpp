@@ -542,6 +542,21 @@ TEST_F(TabStripViewTest, TheToolTipIsTheOwnersText) {
     EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("&lt;b&gt;http")));
 }
 
+TEST_F(TabStripViewTest, TheButtonForANewTabTellsItsKeys) {
+    AddMany(1);
+    Show();
+    const QPoint button = widget.NewPlace().center();
+    const auto tip = [&] {
+        QToolTip::hideText();
+        QHelpEvent event(QEvent::ToolTip, button, widget.mapToGlobal(button));
+        QApplication::sendEvent(&widget, &event);
+        return QToolTip::text().toStdString();
+    };
+    EXPECT_EQ(tip(), "New tab; more with the right button");
+    widget.NewTabKeys = [] { return Text(u"Ctrl+E"); };
+    EXPECT_EQ(tip(), "New tab (Ctrl+E); more with the right button");
+}
+
 TEST_F(TabStripViewTest, TheArrowsScroll) {
     AddMany(100);
     Show();

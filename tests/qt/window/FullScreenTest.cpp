@@ -59,6 +59,21 @@ TEST_F(FullScreenTest, TakesTheBarsAwayAndBringsBackThoseThatWereThere) {
     EXPECT_EQ(m_changes, "on off ");
 }
 
+TEST_F(FullScreenTest, TheHintNamesTheKeysThatLeave) {
+    FullScreen full(m_window, *m_inner);
+    QString keys = QStringLiteral("Ctrl+E");
+    full.Keys = [&] { return keys; };
+    for (const char* words :
+         {"Press Ctrl+E to leave full screen", "Rest the pointer at the upper edge to see the menus"}) {
+        full.Set(true);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return full.On() && Hint(); }));
+        EXPECT_EQ(Hint()->text(), QLatin1String(words));
+        full.Set(false);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !full.On(); }));
+        keys.clear();
+    }
+}
+
 TEST_F(FullScreenTest, FollowsTheDesktopToo) {
     FullScreen full(m_window, *m_inner);
     m_window.showFullScreen();

@@ -256,7 +256,7 @@ TEST_F(CustomizeDialogTest, AnEmptyBandHasNothingToMoveOrRemove) {
 }
 
 TEST_F(CustomizeDialogTest, TheOptionsAreAppliedAtOnce) {
-    ShowPage(2);
+    ShowPage(3);
     auto& toolBar = *window.findChild<QToolBar*>(QStringLiteral("bndGo"));
     EXPECT_EQ(toolBar.iconSize(), QSize(22, 22));
     EXPECT_EQ(toolBar.toolButtonStyle(), Qt::ToolButtonIconOnly);
