@@ -26,10 +26,6 @@ TileAssembly::TileAssembly(QWidget* pageArea) : area(pageArea) {
 void TileAssembly::Serve(frmMain& main, Engine& engine, TabStripView& strip) {
     m_main = &main;
     m_engine = &engine;
-    area.PageIcon = [&engine](const Tab& tab) { return engine.Icon(tab.Tag); };
-    area.PageTitle = [&main](const Tab& tab) {
-        return ToQt(main.Tabs().Describe(tab)).section(QLatin1Char('\n'), 0, 0);
-    };
     area.CloseRequested.ConnectForLife([&main](std::int32_t index) { main.CloseBrowserTab(index); });
     area.MenuRequested.ConnectForLife([&main](std::int32_t index) {
         main.StripInput().OpenPopup(main.pcPage.PositionOf(TabOfView(main.pcPage, index)));
@@ -42,7 +38,13 @@ void TileAssembly::Serve(frmMain& main, Engine& engine, TabStripView& strip) {
         if (!area.isHidden()) area.RefreshFaces();
     });
     FollowStrip(strip);
-    area.Attach(main.Tiles(), main.pcPage);
+    area.Attach(main.Tiles(), main.pcPage, *this);
+}
+
+QIcon TileAssembly::IconOf(const Tab& tab) const { return m_engine->Icon(tab.Tag); }
+
+QString TileAssembly::TitleOf(const Tab& tab) const {
+    return ToQt(m_main->Tabs().Describe(tab)).section(QLatin1Char('\n'), 0, 0);
 }
 
 void TileAssembly::FollowStrip(TabStripView& strip) {

@@ -13,7 +13,7 @@ class FindBar;
 class TabStripView;
 
 /// The panes in which pages lie side by side, and what they do in the program.
-class TileAssembly {
+class TileAssembly final : private TileFaces {
 public:
     /// The pages' own parent, which outlives it.
     explicit TileAssembly(QWidget* pageArea);
@@ -27,6 +27,8 @@ public:
     TileArea area;
 
 private:
+    [[nodiscard]] QIcon IconOf(const Tab& tab) const override;
+    [[nodiscard]] QString TitleOf(const Tab& tab) const override;
     void FollowStrip(TabStripView& strip);
     void LinkPages();
     [[nodiscard]] std::vector<std::int32_t> Linked() const;

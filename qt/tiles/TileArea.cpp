@@ -37,9 +37,10 @@ TileArea::TileArea(QWidget* pageArea) : QWidget(pageArea), m_dropZone(pageArea) 
 
 TileArea::~TileArea() = default;
 
-void TileArea::Attach(Tiles& tiles, TabStrip& strip) {
+void TileArea::Attach(Tiles& tiles, TabStrip& strip, const TileFaces& faces) {
     m_tiles = &tiles;
     m_strip = &strip;
+    m_shownFaces = &faces;
     m_connections += tiles.Changed.Connect([this] { OnTilesChanged(); });
     m_connections += strip.Touched.Connect([this] {
         if (!isHidden()) RefreshFaces();
@@ -123,8 +124,7 @@ void TileArea::ShowFaces() {
     for (const auto& [index, header] : m_headers) {
         const auto* tab = TabOfView(*m_strip, index);
         if (!tab) continue;
-        const QString title = PageTitle ? PageTitle(*tab) : ToQt(tab->Caption());
-        header->ShowFace(PageIcon ? PageIcon(*tab) : QIcon(), title, index == m_tiles->Focus());
+        header->ShowFace(m_shownFaces->IconOf(*tab), m_shownFaces->TitleOf(*tab), index == m_tiles->Focus());
     }
 }
 

@@ -8,11 +8,20 @@
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
-#include <functional>
 #include <map>
 #include <optional>
 
 namespace tessa::qt {
+
+/// What the headers show of a tab.
+class TileFaces {
+public:
+    virtual ~TileFaces() = default;
+
+    [[nodiscard]] virtual QIcon IconOf(const Tab& tab) const = 0;
+    /// As a whole.
+    [[nodiscard]] virtual QString TitleOf(const Tab& tab) const = 0;
+};
 
 /// What lies around the pages that are shown side by side: dividers, headers, and where a dragged tab would come. It
 /// lies below the pages. While a page is shown alone it is hidden and costs nothing.
@@ -22,8 +31,8 @@ public:
     explicit TileArea(QWidget* pageArea);
     ~TileArea() override;
 
-    /// Shows those tabs from now on; both outlive it.
-    void Attach(Tiles& tiles, TabStrip& strip);
+    /// Shows those tabs from now on; all outlive it.
+    void Attach(Tiles& tiles, TabStrip& strip, const TileFaces& faces);
     /// What of the area is for the page of that view. Lays itself into the area.
     [[nodiscard]] QRect PageRect(const QRect& area, std::int32_t index);
     /// Takes titles and icons anew, in a while.
@@ -35,9 +44,6 @@ public:
     bool Drop(std::int32_t index, QPoint at);
     void HideDrop() { m_dropZone.hide(); }
 
-    /// The icon of a tab's page, and its title as a whole. Filled in by the owner.
-    std::function<QIcon(const Tab&)> PageIcon;
-    std::function<QString(const Tab&)> PageTitle;
     Signal<void(std::int32_t index)> CloseRequested;
     /// The pop-up of that tab is wanted.
     Signal<void(std::int32_t index)> MenuRequested;
@@ -77,6 +83,7 @@ private:
 
     Tiles* m_tiles = nullptr;
     TabStrip* m_strip = nullptr;
+    const TileFaces* m_shownFaces = nullptr;
     TileDropZone m_dropZone;
     QRect m_area;        ///< in the page area
     TilePlaces m_places; ///< in the page area

@@ -1,6 +1,7 @@
 #include "qt/bar/customize/KeysPage.h"
 
 #include "qt/bar/customize/KeyBox.h"
+#include "qt/bar/customize/ResetQuestion.h"
 #include "qt/base/Icons.h"
 #include "qt/base/Strings.h"
 
@@ -10,7 +11,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTreeWidget>
@@ -226,15 +226,9 @@ void KeysPage::Reset() {
 }
 
 void KeysPage::ResetAll() {
-    QMessageBox box(QMessageBox::Question, QStringLiteral("Reset All Keys"),
-                    QStringLiteral("All commands get the keys back that they were designed with."),
-                    QMessageBox::NoButton, this);
-    auto* keeps = box.addButton(QStringLiteral("&Keep Them"), QMessageBox::AcceptRole);
-    auto* resets = box.addButton(QStringLiteral("&Reset All"), QMessageBox::DestructiveRole);
-    box.setDefaultButton(keeps);
-    box.setEscapeButton(keeps);
-    box.exec();
-    if (box.clickedButton() == resets) m_choices.ResetAll();
+    if (ConfirmReset(*this, QStringLiteral("Reset All Keys"),
+                     QStringLiteral("All commands get the keys back that they were designed with.")))
+        m_choices.ResetAll();
 }
 
 } // namespace tessa::qt

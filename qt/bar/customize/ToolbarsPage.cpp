@@ -1,12 +1,12 @@
 #include "qt/bar/customize/ToolbarsPage.h"
 
+#include "qt/bar/customize/ResetQuestion.h"
 #include "qt/bar/customize/ToolbarName.h"
 #include "qt/base/Strings.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -116,16 +116,10 @@ void ToolbarsPage::Reset() {
 }
 
 void ToolbarsPage::ResetAll() {
-    QMessageBox box(QMessageBox::Question, QStringLiteral("Reset All"),
-                    QStringLiteral("All toolbars, menus and keys go back to how they were designed, and toolbars of "
-                                   "your own are deleted."),
-                    QMessageBox::NoButton, this);
-    auto* keeps = box.addButton(QStringLiteral("&Keep Them"), QMessageBox::AcceptRole);
-    auto* resets = box.addButton(QStringLiteral("&Reset All"), QMessageBox::DestructiveRole);
-    box.setDefaultButton(keeps);
-    box.setEscapeButton(keeps);
-    box.exec();
-    if (box.clickedButton() == resets) m_custom.ResetAll();
+    if (ConfirmReset(*this, QStringLiteral("Reset All"),
+                     QStringLiteral("All toolbars, menus and keys go back to how they were designed, and toolbars of "
+                                    "your own are deleted.")))
+        m_custom.ResetAll();
 }
 
 } // namespace tessa::qt

@@ -15,6 +15,11 @@ namespace tessa::qt {
 namespace {
 
 /// Tabs whose pages are boxes to type into, in the panes of a window.
+struct PlainFaces final : TileFaces {
+    [[nodiscard]] QIcon IconOf(const Tab&) const override { return {}; }
+    [[nodiscard]] QString TitleOf(const Tab& tab) const override { return ToQt(tab.Caption()); }
+};
+
 class TileAreaTest : public testing::Test, public BareTabs {
 protected:
     TileAreaTest() {
@@ -27,7 +32,7 @@ protected:
         area.Changed.ConnectForLife([this] { Lay(); });
         area.CloseRequested.ConnectForLife([this](std::int32_t index) { Close(index); });
         area.MenuRequested.ConnectForLife([this](std::int32_t index) { menuOf = index; });
-        area.Attach(tiles, pcPage);
+        area.Attach(tiles, pcPage, faces);
         window.show();
         window.activateWindow();
         Lay();
@@ -68,6 +73,7 @@ protected:
 
     QWidget window;
     Tiles tiles{tabs, pcPage};
+    PlainFaces faces;
     TileArea area{&window};
     std::map<int, QLineEdit*> pages;
     std::int32_t menuOf = 0;

@@ -1,4 +1,4 @@
-// Tests: BandPanels, ToolBarLook, CommandsPage, LookPage, ToolbarName, ToolbarsPage
+// Tests: BandPanels, ToolBarLook, CommandsPage, LookPage, ResetQuestion, ToolbarName, ToolbarsPage
 #include "qt/bar/customize/CustomizeDialog.h"
 
 #include "commands/DesignTimeBar.h"
