@@ -23,6 +23,13 @@ QTreeWidgetItem* LineOf(const BlockedRequest& request) {
     return line;
 }
 
+QString WordsFor(std::size_t listed, int count) {
+    if (listed == 0) return QStringLiteral("Nothing was blocked on this page.");
+    if (static_cast<std::size_t>(count) <= listed)
+        return QStringLiteral("Requests that were blocked on this page: %1").arg(count);
+    return QStringLiteral("The first %1 of %2 requests that were blocked on this page.").arg(listed).arg(count);
+}
+
 } // namespace
 
 BlockedDialog::BlockedDialog(const std::vector<BlockedRequest>& stopped, int count, QWidget* parent) : QDialog(parent) {
@@ -40,12 +47,7 @@ BlockedDialog::BlockedDialog(const std::vector<BlockedRequest>& stopped, int cou
     lines->setColumnWidth(0, digit * kColumnDigits);
     lines->setColumnWidth(1, digit * kColumnDigits);
     lines->setMinimumSize(digit * kColumnDigits * 5 / 2, lines->fontMetrics().height() * kLines);
-    auto* words = new QLabel(stopped.empty() ? QStringLiteral("Nothing was blocked on this page.")
-                             : static_cast<std::size_t>(count) > stopped.size()
-                                 ? QStringLiteral("The first %1 of %2 requests that were blocked on this page.")
-                                       .arg(stopped.size())
-                                       .arg(count)
-                                 : QStringLiteral("Requests that were blocked on this page: %1").arg(count));
+    auto* words = new QLabel(WordsFor(stopped.size(), count));
     auto* answers = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(answers, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* rows = new QVBoxLayout(this);

@@ -45,6 +45,8 @@ private:
     void Add(const HistoryVisit& visit);
     void Index(std::int64_t id, const QString& title, const QString& address, const std::string& passages, bool add);
     [[nodiscard]] QVariant IconOf(const std::string& picture);
+    std::int64_t RemoveAll();
+    std::int64_t RemoveSome(const HistoryRemoval& removal);
     void RemoveRow(const Row& row);
     [[nodiscard]] std::int64_t NextId();
     [[nodiscard]] std::int64_t Number(const QString& statement, const QVariantList& values = {});

@@ -37,33 +37,38 @@ constexpr std::int64_t kSlack = 20;
 
 } // namespace
 
+std::int64_t HistoryRecords::RemoveAll() {
+    const std::int64_t count = Number(QStringLiteral("SELECT count(*) FROM page"));
+    for (const char* table : {"page", "passages", "icon"})
+        m_database.Run(QStringLiteral("DELETE FROM %1").arg(QLatin1String(table)));
+    m_database.Run(QStringLiteral("INSERT INTO words(words) VALUES('delete-all')"));
+    return count;
+}
+
+std::int64_t HistoryRecords::RemoveSome(const HistoryRemoval& removal) {
+    std::vector<std::int64_t> ids = removal.Ids;
+    if (ids.empty()) {
+        const Condition condition = ConditionOf(removal);
+        QSqlQuery query =
+            m_database.Run(QStringLiteral("SELECT id FROM page WHERE ") + condition.where, condition.values);
+        while (query.next()) ids.push_back(query.value(0).toLongLong());
+        m_database.Note(query);
+    }
+    std::int64_t count = 0;
+    for (const std::int64_t id : ids) {
+        const auto row = FindRow(id);
+        if (!row) continue;
+        RemoveRow(*row);
+        ++count;
+    }
+    m_database.Run(QStringLiteral("DELETE FROM icon WHERE id NOT IN (SELECT icon FROM page WHERE icon IS NOT NULL)"));
+    return count;
+}
+
 std::int64_t HistoryRecords::Remove(const HistoryRemoval& removal) {
     const std::int64_t highest = NextId() - 1;
-    std::int64_t count = 0;
     const bool all = removal.Ids.empty() && removal.Site.empty() && !removal.From && !removal.Until;
-    if (all) {
-        count = Number(QStringLiteral("SELECT count(*) FROM page"));
-        for (const char* table : {"page", "passages", "icon"})
-            m_database.Run(QStringLiteral("DELETE FROM %1").arg(QLatin1String(table)));
-        m_database.Run(QStringLiteral("INSERT INTO words(words) VALUES('delete-all')"));
-    } else {
-        std::vector<std::int64_t> ids = removal.Ids;
-        if (ids.empty()) {
-            const Condition condition = ConditionOf(removal);
-            QSqlQuery query =
-                m_database.Run(QStringLiteral("SELECT id FROM page WHERE ") + condition.where, condition.values);
-            while (query.next()) ids.push_back(query.value(0).toLongLong());
-            m_database.Note(query);
-        }
-        for (const std::int64_t id : ids) {
-            const auto row = FindRow(id);
-            if (!row) continue;
-            RemoveRow(*row);
-            ++count;
-        }
-        m_database.Run(
-            QStringLiteral("DELETE FROM icon WHERE id NOT IN (SELECT icon FROM page WHERE icon IS NOT NULL)"));
-    }
+    const std::int64_t count = all ? RemoveAll() : RemoveSome(removal);
     Note(QStringLiteral("highest"), highest);
     if (count > 0) Note(QStringLiteral("unswept"), 1);
     return count;

@@ -8,14 +8,18 @@
 
 namespace tessa::qt {
 
-StripAssembly::StripAssembly(frmMain& main, Engine& engine) : strip(main.pcPage), m_main(main), m_engine(engine) {
-    strip.PageIcon = [this](const Tab& tab) { return m_engine.Icon(tab.Tag); };
-    strip.NewTabKeys = [this] { return ToolKeys::ShownWords(m_main.actBar, u"mnuNewBlank"_tool); };
-    strip.ToolTipText = [this](const Tab& tab) { return m_main.Tabs().Describe(tab); };
+StripAssembly::StripAssembly(frmMain& main, Engine& engine)
+    : strip(main.pcPage, *this), m_main(main), m_engine(engine) {
     m_connections += m_engine.Told().IconChanged.Connect([this](std::int32_t index) { strip.RefreshIcons(index); });
     FollowClicks();
     FollowPointer();
 }
+
+QIcon StripAssembly::IconOf(const Tab& tab) const { return m_engine.Icon(tab.Tag); }
+
+Text StripAssembly::TipOf(const Tab& tab) const { return m_main.Tabs().Describe(tab); }
+
+Text StripAssembly::NewTabKeys() const { return ToolKeys::ShownWords(m_main.actBar, u"mnuNewBlank"_tool); }
 
 void StripAssembly::FollowClicks() {
     strip.CloseRequested.ConnectForLife([this](Tab& tab) { m_main.CloseBrowserTab(tab.Tag); });

@@ -14,7 +14,7 @@ namespace tessa::qt {
 class Engine;
 
 /// The strip of tabs and the list of them, and what they do in the program.
-class StripAssembly {
+class StripAssembly final : private TabFaces {
 public:
     /// Both outlive it.
     StripAssembly(frmMain& main, Engine& engine);
@@ -25,6 +25,9 @@ public:
     TabStripView strip;
 
 private:
+    [[nodiscard]] QIcon IconOf(const Tab& tab) const override;
+    [[nodiscard]] Text TipOf(const Tab& tab) const override;
+    [[nodiscard]] Text NewTabKeys() const override;
     void FollowClicks();
     void FollowPointer();
     void ListTabs(QPoint corner);

@@ -17,7 +17,8 @@ constexpr int kRowPadding = 8;
 constexpr std::chrono::milliseconds kFacesDelay{100};
 } // namespace
 
-TabStripView::TabStripView(TabStrip& strip, QWidget* parent) : QWidget(parent), m_strip(strip) {
+TabStripView::TabStripView(TabStrip& strip, const TabFaces& faces, QWidget* parent)
+    : QWidget(parent), m_strip(strip), m_source(faces) {
     setObjectName(QStringLiteral("pcPage"));
     setAccessibleName(QStringLiteral("Tabs"));
     setFocusPolicy(Qt::TabFocus);
@@ -119,7 +120,7 @@ TabFace TabStripView::PaintedFace(std::size_t position) const {
     face.isPrivate = tab->Private();
     face.asks = tab->Asks() && position != m_selected;
     face.busy = tab->Image() == TabImage::Red;
-    if (!face.busy && PageIcon) face.icon = PageIcon(*tab);
+    if (!face.busy) face.icon = m_source.IconOf(*tab);
     face.sound = tab->Sound();
     face.news = tab->News();
     face.colour = tab->Colour();

@@ -2,12 +2,12 @@
 #include "base/Signal.h"
 #include "base/Units.h"
 #include "forms/TabStrip.h"
+#include "qt/strip/TabFaces.h"
 #include "qt/strip/TabLook.h"
 #include "qt/strip/TabRow.h"
 
 #include <QTimer>
 #include <QWidget>
-#include <functional>
 #include <optional>
 #include <set>
 #include <vector>
@@ -23,20 +23,15 @@ class TabStripView final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit TabStripView(TabStrip& strip, QWidget* parent = nullptr);
+    /// The faces outlive the widget.
+    explicit TabStripView(TabStrip& strip, const TabFaces& faces = TabFaces::Plain(), QWidget* parent = nullptr);
 
-    /// The icon of a tab's page; a null icon when it has none. Filled in by the owner.
-    std::function<QIcon(const Tab&)> PageIcon;
     /// The tab's close button was pressed.
     Signal<void(Tab&)> CloseRequested;
     /// The button that lists all tabs was pressed; where the list is to drop down, its right upper corner.
     Signal<void(QPoint corner)> ListRequested;
     /// The sound mark of a tab was pressed.
     Signal<void(Tab&)> MuteRequested;
-    /// What to show of a tab while the pointer rests on it. Filled in by the owner.
-    std::function<Text(const Tab&)> ToolTipText;
-    /// The combination that opens a new tab, as menus spell it; empty for none. Filled in by the owner; may be empty.
-    std::function<Text()> NewTabKeys;
     /// The right button went down at a point of the widget.
     Signal<void(QPoint)> RightButtonDown;
     /// Data is dragged over a point, with or without text; text was dropped.
@@ -144,6 +139,7 @@ private:
     void OfferDrag(QDropEvent& event);
 
     TabStrip& m_strip;
+    const TabFaces& m_source;
     TabRow m_row;
     QTimer m_layoutTimer, m_facesTimer;
     std::vector<Face> m_faces; ///< of the visible tabs, from the first visible one on

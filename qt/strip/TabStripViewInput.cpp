@@ -27,11 +27,11 @@ bool TabStripView::event(QEvent* event) {
 void TabStripView::ShowToolTip(QPoint point, QPoint globalPoint) {
     Tab* tab = FindTabAt(point);
     if (NewPlace().contains(point)) {
-        const Text keys = NewTabKeys ? NewTabKeys() : Text();
+        const Text keys = m_source.NewTabKeys();
         const Text name = keys.empty() ? Text(u"New tab") : u"New tab (" + keys + u")";
         return QToolTip::showText(globalPoint, ToQt(name + u"; more with the right button"), this, NewPlace());
     }
-    const Text shown = !tab ? Text() : ToolTipText ? ToolTipText(*tab) : tab->Caption();
+    const Text shown = tab ? m_source.TipOf(*tab) : Text();
     if (shown.empty()) return QToolTip::hideText();
     // A title comes from the page; it is text, whatever it looks like.
     QToolTip::showText(globalPoint, Tip::Html(ToQt(shown)), this, m_row.TabPlace(m_row.PositionAt(point)));

@@ -60,7 +60,7 @@ KeysPage::KeysPage(Customization& custom, QWidget* parent)
     setFocusProxy(m_search);
 }
 
-void KeysPage::LayOut() {
+void KeysPage::SetLooks() {
     m_search->setClearButtonEnabled(true);
     m_search->setPlaceholderText(QStringLiteral("Words of a command, or its keys"));
     m_list->setHeaderLabels({QStringLiteral("Command"), QStringLiteral("Category"), QStringLiteral("Keys")});
@@ -74,6 +74,10 @@ void KeysPage::LayOut() {
     m_verdict->setTextFormat(Qt::PlainText);
     m_verdict->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     m_verdict->setMinimumHeight(fontMetrics().lineSpacing() * 2);
+}
+
+void KeysPage::LayOut() {
+    SetLooks();
     auto* grid = new QGridLayout(this);
     grid->addWidget(KeyLabelFor(*m_search, QStringLiteral("&Search:")), 0, 0);
     grid->addWidget(m_search, 0, 1, 1, 2);

@@ -28,6 +28,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void SetLooks();
     void LayOut();
     void Listen();
     QPushButton* MakeButton(const char* name, const QString& caption, void (KeysPage::*click)());

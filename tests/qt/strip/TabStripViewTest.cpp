@@ -1,4 +1,4 @@
-// Tests: TabLook, TabRow, TabStripAccessible, TabStripViewDrag, TabStripViewInput, Tip
+// Tests: TabFaces, TabLook, TabRow, TabStripAccessible, TabStripViewDrag, TabStripViewInput, Tip
 #include "qt/strip/TabStripView.h"
 
 #include "qt/base/Palette.h"
@@ -86,7 +86,16 @@ protected:
     }
 
     TabStrip strip;
-    TabStripView widget{strip};
+    struct Faces final : TabFaces {
+        [[nodiscard]] QIcon IconOf(const Tab& tab) const override { return icon ? icon(tab) : Plain().IconOf(tab); }
+        [[nodiscard]] Text TipOf(const Tab& tab) const override { return tip ? tip(tab) : Plain().TipOf(tab); }
+        [[nodiscard]] Text NewTabKeys() const override { return newTabKeys; }
+        std::function<QIcon(const Tab&)> icon;
+        std::function<Text(const Tab&)> tip;
+        Text newTabKeys = Plain().NewTabKeys();
+    };
+    Faces faces;
+    TabStripView widget{strip, faces};
     int clicks = 0;
     std::string closed;
 
@@ -161,7 +170,7 @@ TEST_F(TabStripViewTest, ACaptionOutOfSightPaintsNothing) {
 TEST_F(TabStripViewTest, OnlyVisibleTabsAreAskedForTheirIcons) {
     AddMany(2000);
     int asked = 0;
-    widget.PageIcon = [&](const Tab&) { return ++asked, QIcon(); };
+    faces.icon = [&](const Tab&) { return ++asked, QIcon(); };
     Show();
     asked = 0;
     widget.repaint();
@@ -199,7 +208,7 @@ TEST_F(TabStripViewTest, ATabThatWasPaintedBetweenTwoChangesIsPaintedOnceMore) {
 TEST_F(TabStripViewTest, ABusyTabShowsRedInPlaceOfThePageIcon) {
     QPixmap blue(16, 16);
     blue.fill(Qt::blue);
-    widget.PageIcon = [&](const Tab&) { return QIcon(blue); };
+    faces.icon = [&](const Tab&) { return QIcon(blue); };
     AddMany(1);
     Show();
     const QPoint icon = QPoint(15, widget.height() / 2) * widget.devicePixelRatio();
@@ -534,7 +543,7 @@ TEST_F(TabStripViewTest, TheSoundMarkIsPainted) {
 
 TEST_F(TabStripViewTest, TheToolTipIsTheOwnersText) {
     AddMany(1);
-    widget.ToolTipText = [](const Tab& tab) { return tab.Caption() + u"\n<b>http://page/"; };
+    faces.tip = [](const Tab& tab) { return tab.Caption() + u"\n<b>http://page/"; };
     Show();
     QHelpEvent event(QEvent::ToolTip, Middle(1), widget.mapToGlobal(Middle(1)));
     QApplication::sendEvent(&widget, &event);
@@ -553,7 +562,7 @@ TEST_F(TabStripViewTest, TheButtonForANewTabTellsItsKeys) {
         return QToolTip::text().toStdString();
     };
     EXPECT_EQ(tip(), "New tab; more with the right button");
-    widget.NewTabKeys = [] { return Text(u"Ctrl+E"); };
+    faces.newTabKeys = u"Ctrl+E";
     EXPECT_EQ(tip(), "New tab (Ctrl+E); more with the right button");
 }
 
@@ -603,7 +612,7 @@ QSize ShownTip() {
 TEST_F(TabStripViewTest, TheLinesOfAToolTipStayWholeAsLongAsTheyMay) {
     AddMany(1);
     QString line;
-    widget.ToolTipText = [&](const Tab&) { return FromQt(line); };
+    faces.tip = [&](const Tab&) { return FromQt(line); };
     Show();
     const auto tip = [&](const QString& shown) {
         line = shown;
