@@ -1,9 +1,9 @@
 #include "qt/desktop/ScreenReader.h"
 
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QDBusVariant>
 
 namespace tessa::qt {
 
@@ -12,16 +12,13 @@ namespace {
 constexpr int kStatusPatience = 500; ///< milliseconds
 const QString kStatusService = QStringLiteral("org.a11y.Bus");
 
-// Screen readers set the one or the other, or have the desktop do it.
-bool StatusSays(const QDBusConnection& bus, const char* property) {
+QVariantMap StatusOf(const QDBusConnection& bus) {
     QDBusMessage call =
         QDBusMessage::createMethodCall(kStatusService, QStringLiteral("/org/a11y/bus"),
-                                       QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    call << QStringLiteral("org.a11y.Status") << QString::fromLatin1(property);
-    const QDBusMessage answer = bus.call(call, QDBus::Block, kStatusPatience);
-    const QVariantList values = answer.arguments();
-    return answer.type() == QDBusMessage::ReplyMessage && !values.isEmpty() &&
-           values.first().value<QDBusVariant>().variant().toBool();
+                                       QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("GetAll"));
+    call << QStringLiteral("org.a11y.Status");
+    const QVariantList values = bus.call(call, QDBus::Block, kStatusPatience).arguments();
+    return values.isEmpty() ? QVariantMap() : qdbus_cast<QVariantMap>(values.first());
 }
 
 } // namespace
@@ -30,7 +27,10 @@ bool StatusSays(const QDBusConnection& bus, const char* property) {
 bool ScreenReader::IsOn() {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(kStatusService)) return false;
-    return StatusSays(bus, "ScreenReaderEnabled") || StatusSays(bus, "IsEnabled");
+    // Screen readers set the one or the other, or have the desktop do it.
+    const QVariantMap status = StatusOf(bus);
+    return status.value(QStringLiteral("ScreenReaderEnabled")).toBool() ||
+           status.value(QStringLiteral("IsEnabled")).toBool();
 }
 
 // It costs each page time and memory, so the engine does it on demand alone.

@@ -25,13 +25,13 @@ constexpr int kContentsMargin = 6;
 } // namespace
 
 DownloadsPanel::DownloadsPanel(frmDownloads& form, QMainWindow& window)
-    : m_form(form), m_window(window), m_pane(window, QStringLiteral("downloads")) {
+    : m_form(form), m_window(window), m_panel(window, QStringLiteral("downloads")) {
     m_refresh.setSingleShot(true);
     m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
     m_connections += m_form.Schedule.Connect([this] {
         if (!m_refresh.isActive()) m_refresh.start(kLinesRefresh);
     });
-    m_connections += m_pane.Dismissed.Connect([this] { m_form.Form.Visible = false; });
+    m_connections += m_panel.Dismissed.Connect([this] { m_form.Form.Visible = false; });
     m_connections += m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : Close(); });
 }
 
@@ -41,14 +41,14 @@ DownloadsPanel::~DownloadsPanel() {
 }
 
 void DownloadsPanel::Open() {
-    if (m_pane.Get()) return;
-    m_pane.Open(ToQt(m_form.Caption), *Contents());
-    m_pane.Get()->installEventFilter(this);
-    m_pane.Get()->widget()->installEventFilter(this);
+    if (m_panel.Get()) return;
+    m_panel.Open(ToQt(m_form.Caption), *Contents());
+    m_panel.Get()->installEventFilter(this);
+    m_panel.Get()->widget()->installEventFilter(this);
     Fit();
     LayButtons();
     m_window.installEventFilter(this);
-    m_pane.Get()->findChild<DownloadLines*>()->setFocus(Qt::OtherFocusReason);
+    m_panel.Get()->findChild<DownloadLines*>()->setFocus(Qt::OtherFocusReason);
 }
 
 QWidget* DownloadsPanel::Contents() {
@@ -77,7 +77,7 @@ void DownloadsPanel::AddButtons(QWidget& contents) {
         auto* widget = new QPushButton(&contents);
         Bind(*button, *widget, QLatin1String(name));
         m_buttons->addWidget(widget, m_buttons->count(), 0);
-        // Two beside each other must not keep a pane wide that is to be narrow.
+        // Two beside each other must not keep a panel wide that is to be narrow.
         widget->setMinimumWidth(1);
     }
 }
@@ -90,7 +90,7 @@ void DownloadsPanel::LayButtons() {
         all.push_back(m_buttons->itemAt(i)->widget());
         widest = std::max(widest, all.back()->sizeHint().width());
     }
-    const int free = m_pane.Get()->widget()->width() - 2 * kContentsMargin - m_buttons->horizontalSpacing();
+    const int free = m_panel.Get()->widget()->width() - 2 * kContentsMargin - m_buttons->horizontalSpacing();
     const int columns = free >= 2 * widest ? 2 : 1;
     if (std::exchange(m_columns, columns) == columns) return;
     for (QWidget* each : all) m_buttons->removeWidget(each);
@@ -102,22 +102,22 @@ void DownloadsPanel::LayButtons() {
 }
 
 void DownloadsPanel::Fit() {
-    m_pane.SetWidth(m_width > 0 ? m_width : std::min(kUsualWidth, m_window.width() / kShareOfWindow));
+    m_panel.SetWidth(m_width > 0 ? m_width : std::min(kUsualWidth, m_window.width() / kShareOfWindow));
 }
 
 void DownloadsPanel::Close() {
-    if (!m_pane.Get()) return;
+    if (!m_panel.Get()) return;
     m_window.removeEventFilter(this);
-    m_pane.Get()->removeEventFilter(this);
-    m_pane.Get()->widget()->removeEventFilter(this);
-    m_pane.Close();
+    m_panel.Get()->removeEventFilter(this);
+    m_panel.Get()->widget()->removeEventFilter(this);
+    m_panel.Close();
 }
 
-// A press that reaches the window itself is on a border between its panes.
+// A press that reaches the window itself is on a border between its panels.
 bool DownloadsPanel::OnWindow(const QEvent& event) {
     if (event.type() == QEvent::MouseButtonPress) m_drags = true;
     if (event.type() == QEvent::MouseButtonRelease) m_drags = false;
-    // Once the window has laid its panes out in its new size.
+    // Once the window has laid its panels out in its new size.
     if (event.type() == QEvent::Resize) QMetaObject::invokeMethod(this, &DownloadsPanel::Fit, Qt::QueuedConnection);
     return false;
 }
@@ -125,10 +125,10 @@ bool DownloadsPanel::OnWindow(const QEvent& event) {
 bool DownloadsPanel::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &m_window) return OnWindow(*event);
     if (event->type() != QEvent::Resize) return QObject::eventFilter(watched, event);
-    if (watched != m_pane.Get())
+    if (watched != m_panel.Get())
         LayButtons();
     else if (m_drags)
-        m_width = m_pane.Get()->width();
+        m_width = m_panel.Get()->width();
     return false;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 #include "base/Signal.h"
 #include "downloads/frmDownloads.h"
-#include "qt/base/DockedPane.h"
+#include "qt/base/DockedPanel.h"
 
 #include <QObject>
 #include <QPointer>
@@ -12,7 +12,7 @@ class QMainWindow;
 
 namespace tessa::qt {
 
-/// The pane of the window that shows the downloads. It takes at most a quarter of the window until its user drags it
+/// The panel of the window that shows the downloads. It takes at most a quarter of the window until its user drags it
 /// wider. It costs nothing while it is hidden.
 class DownloadsPanel final : public QObject {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     ~DownloadsPanel() override;
 
     /// Gives the keyboard back to the page.
-    [[nodiscard]] Signal<void()>& FocusPage() { return m_pane.KeyboardFree; }
+    [[nodiscard]] Signal<void()>& FocusPage() { return m_panel.KeyboardFree; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,12 +39,12 @@ private:
 
     frmDownloads& m_form;
     QMainWindow& m_window;
-    DockedPane m_pane;
+    DockedPanel m_panel;
     QPointer<QGridLayout> m_buttons;
     QTimer m_refresh;
     int m_columns = 0;
     int m_width = 0;      ///< in pixels, as the user has dragged it; 0 for never
-    bool m_drags = false; ///< a border between panes is being dragged
+    bool m_drags = false; ///< a border between panels is being dragged
     Connections m_connections;
 };
 

@@ -19,37 +19,37 @@ namespace tessa::qt {
 namespace {
 // Pages answer one after the other, and are shown together.
 constexpr std::chrono::milliseconds kGathered{40};
-constexpr int kUsualPaneWidth = 360, kPaneMargin = 6;
+constexpr int kUsualPanelWidth = 360, kPanelMargin = 6;
 } // namespace
 
 OpenPagesPanel::OpenPagesPanel(frmOpenPages& form, QMainWindow& window)
-    : m_form(form), m_window(window), m_pane(window, QStringLiteral("open pages")) {
+    : m_form(form), m_window(window), m_panel(window, QStringLiteral("open pages")) {
     m_refresh.setSingleShot(true);
     m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
     m_connections += m_form.Schedule.Connect([this] {
         if (!m_refresh.isActive()) m_refresh.start(kGathered);
     });
-    m_connections += m_pane.Dismissed.Connect([this] { m_form.Form.Visible = false; });
-    m_connections += m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : m_pane.Close(); });
+    m_connections += m_panel.Dismissed.Connect([this] { m_form.Form.Visible = false; });
+    m_connections += m_form.Form.Visible.Attach([this](bool visible) { visible ? Open() : m_panel.Close(); });
 }
 
 OpenPagesPanel::~OpenPagesPanel() {
     m_connections.End();
-    m_pane.Close();
+    m_panel.Close();
 }
 
 void OpenPagesPanel::Open() {
-    if (m_pane.Get()) return;
-    m_pane.Open(ToQt(m_form.Caption), *Contents());
-    m_pane.SetWidth(std::min(kUsualPaneWidth, m_window.width() / 3));
+    if (m_panel.Get()) return;
+    m_panel.Open(ToQt(m_form.Caption), *Contents());
+    m_panel.SetWidth(std::min(kUsualPanelWidth, m_window.width() / 3));
     ShowLines();
-    m_pane.Get()->findChild<QLineEdit*>()->setFocus(Qt::OtherFocusReason);
+    m_panel.Get()->findChild<QLineEdit*>()->setFocus(Qt::OtherFocusReason);
 }
 
 QWidget* OpenPagesPanel::Contents() {
     auto* contents = new QWidget;
     auto* rows = new QVBoxLayout(contents);
-    rows->setContentsMargins(kPaneMargin, kPaneMargin, kPaneMargin, kPaneMargin);
+    rows->setContentsMargins(kPanelMargin, kPanelMargin, kPanelMargin, kPanelMargin);
     auto* words = new QLineEdit;
     Bind(m_form.txtWords, *words, QStringLiteral("txtWords"), QStringLiteral("Words to search for in all open pages"));
     words->setPlaceholderText(QStringLiteral("Search in all open pages"));
@@ -93,7 +93,7 @@ bool OpenPagesPanel::OnKey(QObject* watched, int key) {
         m_list->setFocus(Qt::TabFocusReason);
         if (m_list->currentRow() < 0) m_list->setCurrentRow(0);
     } else if (key == Qt::Key_Up && list && m_list->currentRow() <= 0) {
-        m_pane.Get()->findChild<QLineEdit*>()->setFocus(Qt::BacktabFocusReason);
+        m_panel.Get()->findChild<QLineEdit*>()->setFocus(Qt::BacktabFocusReason);
     } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && m_list && m_list->count() > 0) {
         m_form.lstFound_Click(static_cast<std::size_t>(std::max(0, m_list->currentRow())));
     } else {

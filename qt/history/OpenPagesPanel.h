@@ -1,7 +1,7 @@
 #pragma once
 #include "base/Signal.h"
 #include "history/frmOpenPages.h"
-#include "qt/base/DockedPane.h"
+#include "qt/base/DockedPanel.h"
 
 #include <QObject>
 #include <QPointer>
@@ -12,7 +12,7 @@ class QMainWindow;
 
 namespace tessa::qt {
 
-/// The pane of the window that searches in all open pages. It costs nothing while it is hidden.
+/// The panel of the window that searches in all open pages. It costs nothing while it is hidden.
 class OpenPagesPanel final : public QObject {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ public:
     ~OpenPagesPanel() override;
 
     /// Gives the keyboard back to the page.
-    [[nodiscard]] Signal<void()>& FocusPage() { return m_pane.KeyboardFree; }
+    [[nodiscard]] Signal<void()>& FocusPage() { return m_panel.KeyboardFree; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,7 +35,7 @@ private:
 
     frmOpenPages& m_form;
     QMainWindow& m_window;
-    DockedPane m_pane;
+    DockedPanel m_panel;
     QPointer<QListWidget> m_list;
     QTimer m_refresh;
     Connections m_connections;

@@ -11,15 +11,15 @@ class QWidget;
 
 namespace tessa::qt {
 
-/// A pane at the right of the window, which its user closes by its button and by Escape. Nothing of it is there while
+/// A panel at the right of the window, which its user closes by its button and by Escape. Nothing of it is there while
 /// it is closed.
-class DockedPane final : public QObject {
+class DockedPanel final : public QObject {
     Q_OBJECT
 
 public:
-    /// The window outlives it. `name` is the pane's among those of the window.
-    DockedPane(QMainWindow& window, QString name);
-    ~DockedPane() override;
+    /// The window outlives it. `name` is the panel's among those of the window.
+    DockedPanel(QMainWindow& window, QString name);
+    ~DockedPanel() override;
 
     /// Takes over `contents`. Nothing happens while it is open.
     void Open(const QString& caption, QWidget& contents);
@@ -27,7 +27,7 @@ public:
     /// Gives it that width in pixels, as far as the window allows.
     void SetWidth(int width);
     /// Null while it is closed.
-    [[nodiscard]] QDockWidget* Get() const { return m_pane; }
+    [[nodiscard]] QDockWidget* Get() const { return m_panel; }
 
     /// Its user wants it closed. It stays until it is.
     Signal<void()> Dismissed;
@@ -40,7 +40,7 @@ protected:
 private:
     QMainWindow& m_window;
     QString m_name;
-    QPointer<QDockWidget> m_pane;
+    QPointer<QDockWidget> m_panel;
 };
 
 } // namespace tessa::qt
