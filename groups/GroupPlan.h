@@ -2,6 +2,7 @@
 #include "base/Outcome.h"
 #include "base/Text.h"
 #include "base/ini/IniFile.h"
+#include "forms/TabGroup.h"
 
 #include <map>
 #include <optional>
@@ -24,13 +25,10 @@ struct PagePlan {
 /// "closeothers" and "page1", "page2", ...; a page's value is words with commas between, a blank, and the address as it
 /// stands in the section "TessaGroup". Whatever else stands in the file belongs to others.
 struct GroupPlan {
-    Text colour{};                  ///< one of `kColours`; empty for none
+    Text colour{};                  ///< one of `kTabColours`; empty for none
     bool behind = false;            ///< the tab in front stays so
     bool closeOthers = false;       ///< whatever the user's settings say
     std::map<Text, PagePlan> pages; ///< by address; those that open as ever are not among them
-
-    /// In the order of `TabColour`.
-    static constexpr TextView kColours[] = {u"red", u"orange", u"yellow", u"green", u"blue", u"purple", u"grey"};
 
     /// How that address opens.
     [[nodiscard]] PagePlan For(const Text& address) const;

@@ -41,16 +41,16 @@ private:
 
 void frmTessaGroup::LoadPlan() {
     m_plan = GroupPlan::In(m_fileName);
-    const auto colour = std::ranges::find(GroupPlan::kColours, TextView(m_plan.colour));
-    const bool none = colour == std::end(GroupPlan::kColours);
-    cboColour.Index = none ? 0 : static_cast<std::size_t>(colour - std::begin(GroupPlan::kColours)) + 1;
+    const auto colour = std::ranges::find(kTabColours, TextView(m_plan.colour));
+    const bool none = colour == std::end(kTabColours);
+    cboColour.Index = none ? 0 : static_cast<std::size_t>(colour - std::begin(kTabColours)) + 1;
     chkBehind.Tick(m_plan.behind);
     chkCloseOthers.Tick(m_plan.closeOthers);
 }
 
 GroupPlan frmTessaGroup::Plan() const {
     GroupPlan plan = m_plan.Of(lstUrls.Rows());
-    plan.colour = cboColour.Index() == 0 ? Text() : Text(GroupPlan::kColours[cboColour.Index() - 1]);
+    plan.colour = cboColour.Index() == 0 ? Text() : Text(kTabColours[cboColour.Index() - 1]);
     plan.behind = chkBehind.Ticked();
     plan.closeOthers = chkCloseOthers.Ticked();
     return plan;

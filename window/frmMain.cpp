@@ -38,9 +38,10 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_browser(m_platform.views, m_events),
       m_tabs(pcPage, m_browser, actBar, sbStatus, m_platform.messages),
       m_tiles(m_tabs, pcPage),
-      m_groups({m_tabs, pcPage, m_browser, sbStatus, m_platform.messages, m_platform.files, m_platform.forms,
-                m_platform.settings, m_platform.groupFolder}),
-      m_chosen(m_groups, pcPage),
+      m_tabGroups(m_tabs, pcPage, m_browser),
+      m_groups({m_tabs, pcPage, m_browser, m_tabGroups, sbStatus, m_platform.messages, m_platform.files,
+                m_platform.forms, m_platform.settings, m_platform.groupFolder}),
+      m_chosen(pcPage),
       m_closed(m_tabs, pcPage, m_browser),
       m_stripInput(m_tabs, pcPage, m_browser, actBar),
       m_pages(m_tabs, actBar, m_platform.settings),
@@ -65,7 +66,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                 m_platform.input,
                 m_platform.groupFolder,
                 m_platform.favoritesFolder},
-      m_sessions(m_platform.sessions, m_platform.clock, {m_tabs, pcPage, m_browser, m_tiles}),
+      m_sessions(m_platform.sessions, m_platform.clock, {m_tabs, pcPage, m_browser, m_tiles, m_groups}),
       m_layout(actBar, m_platform.layout),
       m_menus(m_context, m_platform.folderWatch),
       m_favorites(m_context, {m_platform.trash, m_platform.forms}),
@@ -74,7 +75,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_sleep(pcPage, m_browser),
       m_relief(pcPage, m_sleep),
       m_taskView(pcPage, m_browser),
-      m_reads({pcPage, m_browser, m_platform.visits, m_platform.clock}),
+      m_reads({pcPage, m_browser, m_tabGroups, m_platform.visits, m_platform.clock}),
       m_openPages(m_reads, pcPage, m_browser, m_platform.visits),
       m_history({m_tabs, pcPage, m_browser, m_groups, m_platform.messages, m_platform.files, m_platform.visits,
                  m_platform.clock, m_platform.groupFolder}),
@@ -130,6 +131,7 @@ void frmMain::WireTabs() {
         m_closed.Remember(index);
         m_groups.PageDone(index);
         m_reads.Closes(index);
+        m_tabGroups.Closes(index);
     });
     m_tabs.ClosingSeveral = [this](const std::function<void()>& close) {
         m_closed.BeginSeveral();
@@ -147,7 +149,10 @@ void frmMain::WireSaying() {
     m_downloads.TryAgain.ConnectForLife([this] { RetryLater(); });
 }
 
+// First, because what is remembered of a page also depends on its group.
 void frmMain::WireGroups() {
+    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView URL) { m_tabGroups.Begins(Index, URL); });
+    m_events.Shows.ConnectForLife([this](std::int16_t Index, TextView URL) { m_tabGroups.Shows(Index, URL); });
     m_events.Loaded.ConnectForLife([this](std::int16_t Index) {
         m_groups.PageDone(Index);
         m_relief.Loaded(Index);
@@ -177,15 +182,13 @@ void frmMain::WireSleep() {
 }
 
 void frmMain::WireReading() {
-    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView URL) { m_reads.Begins(Index, URL); });
+    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView) { m_reads.Begins(Index); });
     m_events.Shows.ConnectForLife([this](std::int16_t Index, TextView URL) { m_reads.Shows(Index, URL); });
     m_events.Loaded.ConnectForLife([this](std::int16_t Index) {
         m_reads.Loads(Index);
         m_history.Loads(Index);
     });
     m_reads.Changed.ConnectForLife([this](std::int32_t index) { m_openPages.Changed(index); });
-    m_groups.Opening.ConnectForLife(
-        [this](TextView name, const std::vector<Text>& addresses) { m_reads.NoteGroup(name, addresses); });
     m_openPages.Shown.ConnectForLife([this](bool shown) {
         if (auto* tool = actBar.Find(u"xtrSearchOpenPages"_tool)) tool->Checked = shown;
     });
@@ -318,6 +321,7 @@ void frmMain::OpenAtStart() {
     if (m_settings.RememberLastSites && !m_openedFromCommandLine) {
         const SettingsStore store(m_platform.settings);
         const auto opened = LastSites::Reopen(store.LastSites.Get(), m_tabs, m_browser, m_sessions.CameBack);
+        m_groups.Restore(KeptGroupsIn(store.LastGroups.Get(), opened.size()), opened);
         m_tiles.Restore(store.LastTiles.Get(), opened);
     }
     if (m_startedBare && pcPage.Count() == before) OpenStartGroup();
@@ -363,6 +367,7 @@ void frmMain::Save() {
 void frmMain::SaveSettings() {
     const std::vector<Text> sites = LastSites::Open(pcPage, m_browser);
     const std::vector<Text> tiles = LastSites::OpenTiles(pcPage, m_browser, m_tiles);
+    const Text groups = LastSites::OpenGroups(pcPage, m_browser, m_tabGroups);
     SettingsStore store(m_platform.settings);
     WindowPlacement::Save(store, m_platform.window);
     m_settings.Save(store);
@@ -370,6 +375,7 @@ void frmMain::SaveSettings() {
     BoxHistories::Save(store, actBar);
     ResumeNext(store.ShowStatusBar.Set(sbStatus.Visible()));
     if (tiles != store.LastTiles.Get()) ResumeNext(store.LastTiles.Set(tiles));
+    if (groups != store.LastGroups.Get()) ResumeNext(store.LastGroups.Set(groups));
 }
 
 MainLayout::Inputs frmMain::LayoutInputs() const {
