@@ -20,6 +20,7 @@ struct GroupSource {
 
     /// The addresses that were opened.
     [[nodiscard]] std::vector<Text> Opened() const;
+    bool operator==(const GroupSource&) const = default;
 };
 
 /// A tab of a group, as it would be written down.

@@ -9,6 +9,7 @@
 #include "commands/DesignTimeBar.h"
 #include "commands/PageMenu.h"
 #include "commands/ReadingCommands.h"
+#include "commands/TabGroupCommands.h"
 #include "commands/TabMoreCommands.h"
 #include "commands/TileCommands.h"
 #include "downloads/DownloadWords.h"
@@ -42,7 +43,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_groups({m_tabs, pcPage, m_browser, m_tabGroups, sbStatus, m_platform.messages, m_platform.files,
                 m_platform.forms, m_platform.settings, m_platform.groupFolder}),
       m_chosen(pcPage),
-      m_closed(m_tabs, pcPage, m_browser),
+      m_closed(m_tabs, pcPage, m_browser, m_tabGroups),
       m_stripInput(m_tabs, pcPage, m_browser, actBar),
       m_pages(m_tabs, actBar, m_platform.settings),
       m_boxes(m_tabs, actBar),
@@ -52,6 +53,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                 actBar,
                 m_pages,
                 m_groups,
+                m_tabGroups,
                 m_closed,
                 m_tiles,
                 m_chosen,
@@ -103,6 +105,11 @@ void frmMain::WireParts() {
         TabMoreCommands::ShowState(m_context);
         ReadingCommands::ShowState(m_context);
         TileCommands::ShowTabState(m_context);
+        TabGroupCommands::ShowTabState(m_context);
+    });
+    m_stripInput.GroupOpening.ConnectForLife([this] {
+        m_groups.RereadAll();
+        TabGroupCommands::ShowState(m_context);
     });
     m_tiles.Changed.ConnectForLife([this] { TileCommands::ShowState(m_context); });
     pcPage.Touched.ConnectForLife([this] {
@@ -153,6 +160,10 @@ void frmMain::WireSaying() {
 void frmMain::WireGroups() {
     m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView URL) { m_tabGroups.Begins(Index, URL); });
     m_events.Shows.ConnectForLife([this](std::int16_t Index, TextView URL) { m_tabGroups.Shows(Index, URL); });
+    m_groups.Written.ConnectForLife([this] { m_context.groupsMenuStale = true; });
+    m_folderChanges += m_platform.folderWatch.Changed.Connect([this](TextView folder) {
+        if (folder == m_platform.groupFolder) m_groups.RereadAll();
+    });
     m_events.Loaded.ConnectForLife([this](std::int16_t Index) {
         m_groups.PageDone(Index);
         m_relief.Loaded(Index);

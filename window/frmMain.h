@@ -196,6 +196,7 @@ private:
     bool m_activated = false;
     bool m_openedFromCommandLine = false;
     bool m_startedBare = false; ///< without a command line
+    Connections m_folderChanges;
 
 public:
     // Settings that live here, as others see and change them.
