@@ -89,6 +89,8 @@ protected:
     struct Faces final : TabFaces {
         [[nodiscard]] QIcon IconOf(const Tab& tab) const override { return icon ? icon(tab) : Plain().IconOf(tab); }
         [[nodiscard]] Text TipOf(const Tab& tab) const override { return tip ? tip(tab) : Plain().TipOf(tab); }
+        [[nodiscard]] bool IsChanged(const TabGroup& group) const override { return Plain().IsChanged(group); }
+        [[nodiscard]] TabPane PaneOf(const Tab& tab) const override { return Plain().PaneOf(tab); }
         [[nodiscard]] Text NewTabKeys() const override { return newTabKeys; }
         std::function<QIcon(const Tab&)> icon;
         std::function<Text(const Tab&)> tip;
