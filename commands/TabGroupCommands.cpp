@@ -10,6 +10,8 @@ namespace tessa {
 
 namespace {
 
+constexpr std::size_t kLongestName = 30; // units
+
 struct ColourTool {
     ToolName name;
     TabColour colour;
@@ -46,6 +48,13 @@ bool AllMuted(const CommandContext& context, const std::vector<std::int32_t>& in
         const auto* view = context.tabs.OpenView(each);
         return !view || view->Control->Muted();
     });
+}
+
+// The name of a group as a menu shows it.
+Text MenuName(const TabGroup& group) {
+    const Text name = OneLine(group.Name());
+    const TextView shown = FirstUnits(name, kLongestName);
+    return MenuCaption(Text(shown) + (shown.size() < name.size() ? u"..." : u""));
 }
 
 // The group that the tab stands beside, at its left or else at its right.
@@ -158,7 +167,7 @@ void ShowTabState(CommandContext& context) {
     const auto* offered = tab && !group ? GroupBeside(context, *tab) : group;
     Mark(context, u"xtrTabInGroup"_tool, group != nullptr);
     context.actBar.Enable(u"xtrTabInGroup"_tool, offered != nullptr);
-    Word(context, u"xtrTabInGroup"_tool, offered ? u"In the &Group " + MenuCaption(offered->Name()) : u"In the &Group");
+    Word(context, u"xtrTabInGroup"_tool, offered ? u"In the &Group " + MenuName(*offered) : u"In the &Group");
 }
 
 } // namespace TabGroupCommands

@@ -32,7 +32,7 @@ QString HeadWords(const TabHeadFace& face) {
 }
 
 int HeadNameWidth(const QFontMetrics& font, const TabHeadFace& face) {
-    return std::min(font.horizontalAdvance(face.name.left(kMeasuredUnits)), kWidestName * font.height());
+    return std::min(font.horizontalAdvance(face.name.left(kMeasuredUnits)) + 1, kWidestName * font.height());
 }
 
 /// Black or white, whichever is read better on it.
