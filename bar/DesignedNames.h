@@ -152,6 +152,7 @@ inline constexpr auto kTools = std::to_array<TextView>({
     u"xtrTabGroupOut",
     u"xtrTabGroupDissolve",
     u"xtrTabGroupClose",
+    u"xtrTileDividers",
     u"xtrTabCopyAddress",
     u"xtrSessions",
     u"xtrDownloads",

@@ -456,6 +456,9 @@ constexpr std::array kCommands{
             GroupTabs::Dissolve},
     Command{u"xtrTabGroupClose"_tool, u"C&lose All", u"", u"Closes the tabs of this group", u"tab-close",
             GroupTabs::CloseAll},
+    Command{u"xtrTileDividers"_tool, u"Move Di&viders", u"More",
+            u"Arrow keys move what lies between the panes, Home makes them equal", u"",
+            kRunsTool<&WindowTools::MoveDividers>},
 
     // Made for the words of one page.
     Command{u"xtrReplaceWord"_tool, u"", u"", u"", u"", OnBar::MadeLater, PageMenu::ReplaceWord},

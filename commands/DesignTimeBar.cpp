@@ -252,6 +252,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndTileMenu"_band, u"xtrTileNone"_tool, kGroup},
     EntryRow{u"bndTileMenu"_band, u"xtrTileLink"_tool, kGroup},
     EntryRow{u"bndTileMenu"_band, u"xtrTileHeaders"_tool},
+    EntryRow{u"bndTileMenu"_band, u"xtrTileDividers"_tool},
 
     EntryRow{u"bndMoreBookmarks"_band, u"xtrImportFavorites"_tool},
     EntryRow{u"bndMoreBookmarks"_band, u"xtrImportTessaGroups"_tool},

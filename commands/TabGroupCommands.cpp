@@ -144,7 +144,7 @@ void ShowState(CommandContext& context) {
     const auto* front = context.pcPage.SelectedItem();
     Word(context, u"xtrTabGroupFold"_tool, group->Folded() ? u"Un&fold" : u"&Fold");
     Mark(context, u"xtrTabGroupMute"_tool, AllMuted(context, PopupTabs(context)));
-    context.actBar.Enable(u"xtrTabGroupSave"_tool, context.tabGroups.IsChanged(group->Id()));
+    context.actBar.Enable(u"xtrTabGroupSave"_tool, context.groups.IsToSave(group->Id()));
     context.actBar.Enable(u"xtrTabGroupOut"_tool, front && front->Group() == group);
     for (const ColourTool& each : kColourTools) Mark(context, each.name, group->Colour() == each.colour);
 }

@@ -25,6 +25,8 @@ public:
     /// Writes what the tabs of a group show into its file, in one go, which can be taken back. Asks where somebody else
     /// has changed the file meanwhile, and about private tabs.
     void SaveBack(std::int32_t group);
+    /// Whether that would change the file.
+    [[nodiscard]] bool IsToSave(std::int32_t group) const;
     /// The file of that path may have changed: the tab groups opened from it are held against what it says now.
     void Reread(TextView path);
     void RereadAll();
@@ -57,6 +59,7 @@ private:
     [[nodiscard]] bool MayOverwrite(std::int32_t group, const Text& name) const;
     [[nodiscard]] std::optional<std::vector<GroupTab>> TabsToSave(std::int32_t group) const;
     void WriteBack(std::int32_t group, std::vector<GroupTab> tabs);
+    [[nodiscard]] std::vector<Text> PanesOf(const std::vector<GroupTab>& tabs, const std::vector<Text>& all) const;
     void SaySaved(TessaGroups::Saved saved, TextView path);
     [[nodiscard]] Text TitleOf(TextView address) const;
     void OpenArchive(const Text& address);

@@ -47,7 +47,7 @@ GroupOpening::GroupOpening(Parts parts) : m_parts(parts), m_progress(parts.sbSta
 
 std::vector<std::int32_t> GroupOpening::OpenTessaGroups(const std::vector<Text>& groups) {
     m_opened.clear();
-    m_files.clear();
+    m_openings.clear();
     Opened all{.manner = {.closeOthers = TGCloseOthersFirst, .behind = !groups.empty()}};
     for (const Text& group : groups) Read(group, all);
     if (all.foreign > kManyPages && !MayOpenMany(all.pages.size())) return {};
@@ -56,6 +56,7 @@ std::vector<std::int32_t> GroupOpening::OpenTessaGroups(const std::vector<Text>&
     if (!left) return {};
     if (*left > 0) NoteLeftOut(wanted, all.pages);
     Open(all.pages, all.manner);
+    ShowPanes();
     if (*left > 0) m_parts.tabs.Say(u"What is no page of the web was not opened.");
     if (!all.unread.empty()) m_parts.tabs.Say(u"The TessaGroup " + NameOf(all.unread) + u" could not be read.");
     return m_opened;
@@ -66,12 +67,15 @@ void GroupOpening::Read(const Text& group, Opened& all) {
     const GroupPlan plan = GroupPlan::In(group);
     all.manner.closeOthers |= plan.closeOthers;
     all.manner.behind &= plan.behind;
-    m_files.push_back(FileAt(group, plan));
-    for (const Text& address : m_files.back().All) {
+    m_openings.push_back({FileAt(group, plan), plan.panes});
+    Opening& opening = m_openings.back();
+    for (const Text& address : opening.source.All) {
         const Text kept = KeptPage(group, address);
-        all.pages.push_back({kept.empty() ? address : kept, m_files.size(), address, plan.For(address), !kept.empty()});
+        opening.indexes.push_back(0);
+        all.pages.push_back({kept.empty() ? address : kept, m_openings.size(), opening.indexes.size(), address,
+                             plan.For(address), !kept.empty()});
     }
-    if (!IsOwnGroup(group)) all.foreign += m_files.back().All.size();
+    if (!IsOwnGroup(group)) all.foreign += opening.source.All.size();
 }
 
 GroupSource GroupOpening::FileAt(TextView path, const GroupPlan& plan) {
@@ -89,11 +93,11 @@ GroupSource GroupOpening::FileAt(TextView path) { return FileAt(path, GroupPlan:
 void GroupOpening::NoteLeftOut(const std::vector<Page>& all, const std::vector<Page>& pages) {
     auto kept = pages.begin();
     for (const Page& each : all) {
-        const bool opens = kept != pages.end() && kept->group == each.group && kept->entry == each.entry;
+        const bool opens = kept != pages.end() && kept->group == each.group && kept->number == each.number;
         if (opens)
             ++kept;
         else
-            m_files.at(each.group - 1).LeftOut.push_back(each.entry);
+            m_openings.at(each.group - 1).source.LeftOut.push_back(each.entry);
     }
 }
 
@@ -133,7 +137,6 @@ std::optional<std::size_t> GroupOpening::LeaveUntrusted(std::vector<Page>& pages
 
 void GroupOpening::Open(const std::vector<Page>& pages, Manner manner) {
     auto& tabs = m_parts.tabs;
-    m_begun.assign(m_files.size(), 0);
     const std::int32_t left = manner.closeOthers ? tabs.CloseOtherTabs() : 0;
     if (manner.closeOthers && pages.empty()) return;
     m_progress.Begin();
@@ -155,7 +158,7 @@ void GroupOpening::LeavePins(std::int32_t left) {
 
 void GroupOpening::OpenInTabs(const std::vector<Text>& addresses) {
     m_opened.clear();
-    m_files.clear();
+    m_openings.clear();
     std::vector<Page> pages;
     for (const Text& address : addresses) pages.push_back({address});
     m_progress.Begin();
@@ -238,10 +241,25 @@ void GroupOpening::ApplyTextSize(std::int32_t index) {
 }
 
 void GroupOpening::Group(std::int32_t index, const Page& page) {
-    const GroupSource& file = m_files.at(page.group - 1);
-    std::int32_t& group = m_begun.at(page.group - 1);
-    if (!m_parts.pcPage.FindGroup(group)) group = m_parts.tabGroups.Begin(index, NameOf(file.Path), file);
-    m_parts.tabGroups.Add(index, group, page.entry);
+    Opening& opening = m_openings.at(page.group - 1);
+    auto& groups = m_parts.tabGroups;
+    opening.indexes.at(page.number - 1) = index;
+    if (!m_parts.pcPage.FindGroup(opening.begun))
+        opening.begun = groups.Begin(index, NameOf(opening.source.Path), opening.source);
+    groups.Add(index, opening.begun, page.entry);
+}
+
+// Whoever keeps panes wants to see them, unless another tab is to stay in front.
+void GroupOpening::ShowPanes() {
+    for (const Opening& each : m_openings) {
+        m_parts.tiles.Restore(each.panes, each.indexes);
+        const TabGroup* front = m_parts.tabGroups.Of(m_parts.tabs.CurrentIndex());
+        if (!front || front->Id() != each.begun || m_parts.tiles.Shown()) continue;
+        const auto pane =
+            std::ranges::find_if(each.indexes, [this](std::int32_t index) { return m_parts.tiles.IsInPane(index); });
+        auto* tab = pane == each.indexes.end() ? nullptr : TabOfView(m_parts.pcPage, *pane);
+        if (tab) m_parts.pcPage.Select(tab);
+    }
 }
 
 void GroupOpening::Restore(const KeptGroups& kept, const std::vector<std::int32_t>& indexes) {

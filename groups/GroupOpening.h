@@ -7,6 +7,7 @@
 #include "platform/SettingsStorage.h"
 #include "tabs/TabGroups.h"
 #include "tabs/TabSet.h"
+#include "tiles/Tiles.h"
 
 #include <optional>
 #include <span>
@@ -24,6 +25,7 @@ public:
         TabStrip& pcPage;
         ViewArray& Browser;
         TabGroups& tabGroups;
+        Tiles& tiles;
         StatusBar& sbStatus;
         MessageBoxes& messages;
         FileDialogs& files;
@@ -76,10 +78,11 @@ private:
     /// An address to open, and the group that it stands in.
     struct Page {
         Text address;
-        std::size_t group = 0; ///< which of the groups that are opened, from 1; 0 for none
-        Text entry{};          ///< as the group's file has the address
-        PagePlan plan{};       ///< how it opens
-        bool kept = false;     ///< a file that was kept beside the group, which cannot do anything
+        std::size_t group = 0;  ///< which of the groups that are opened, from 1; 0 for none
+        std::size_t number = 0; ///< which page of it, from 1
+        Text entry{};           ///< as the group's file has the address
+        PagePlan plan{};        ///< how it opens
+        bool kept = false;      ///< a file that was kept beside the group, which cannot do anything
     };
     /// How all of them open.
     struct Manner {
@@ -108,15 +111,22 @@ private:
     void Show(BrowserView* view, const Page& page);
     void Await(std::int32_t index);
     void LeavePins(std::int32_t left);
+    void ShowPanes();
     void Note(std::int32_t index, const Page& page);
     void Group(std::int32_t index, const Page& page);
     [[nodiscard]] static GroupSource FileAt(TextView path, const GroupPlan& plan);
     void ApplyTextSize(std::int32_t index);
 
     LoadProgress m_progress;
-    std::vector<std::int32_t> m_opened;                ///< by the last command
-    std::vector<GroupSource> m_files;                  ///< of the groups that it opens
-    std::vector<std::int32_t> m_begun;                 ///< the groups of tabs made for them; 0 before
+    std::vector<std::int32_t> m_opened; ///< by the last command
+    /// A group that the last command opens.
+    struct Opening {
+        GroupSource source;
+        std::vector<Text> panes;
+        std::int32_t begun = 0;              ///< the group of tabs made for it; 0 before
+        std::vector<std::int32_t> indexes{}; ///< the view of each page; 0 for none
+    };
+    std::vector<Opening> m_openings;
     std::unordered_map<std::int32_t, int> m_textSizes; ///< of pages that have not come yet
 };
 

@@ -5,6 +5,7 @@
 #include "groups/GroupCommands.h"
 
 #include <algorithm>
+#include <map>
 
 namespace tessa {
 
@@ -67,12 +68,36 @@ std::optional<std::vector<GroupTab>> GroupCommands::TabsToSave(std::int32_t grou
     return tabs;
 }
 
+// By the places that the pages will have when the group is opened again.
+std::vector<Text> GroupCommands::PanesOf(const std::vector<GroupTab>& tabs, const std::vector<Text>& all) const {
+    std::vector<Text> addresses;
+    std::map<std::int32_t, std::int32_t> numbers;
+    for (const GroupTab& each : tabs) {
+        addresses.push_back(each.Address);
+        numbers[each.Index] = static_cast<std::int32_t>(addresses.size());
+    }
+    GroupPlan plan;
+    plan.panes = m_parts.tiles.Kept([&numbers](std::int32_t index) {
+        const auto number = numbers.find(index);
+        return number == numbers.end() ? 0 : number->second;
+    });
+    plan.MovePanes(addresses, all);
+    return plan.panes;
+}
+
+bool GroupCommands::IsToSave(std::int32_t group) const {
+    const auto* source = m_parts.tabGroups.FileOf(group);
+    if (!source || m_parts.tabGroups.IsChanged(group)) return source != nullptr;
+    const GroupPlan plan = GroupPlan::In(source->Path);
+    return plan.keepsPanes && plan.panes != PanesOf(m_parts.tabGroups.TabsToSave(group), source->All);
+}
+
 void GroupCommands::SaveBack(std::int32_t group) {
     auto& groups = m_parts.tabGroups;
     if (!groups.FileOf(group)) return;
     const Text path = groups.FileOf(group)->Path, name = NameOf(path);
     Reread(path);
-    if (!groups.IsChanged(group)) return m_parts.tabs.Say(u"The TessaGroup " + name + u" is as its tabs already.");
+    if (!IsToSave(group)) return m_parts.tabs.Say(u"The TessaGroup " + name + u" is as its tabs already.");
     if (!MayOverwrite(group, name)) return;
     auto tabs = TabsToSave(group);
     // The group may have gone behind a question.
@@ -86,11 +111,12 @@ void GroupCommands::WriteBack(std::int32_t group, std::vector<GroupTab> tabs) {
     const Text path = groups.FileOf(group)->Path, name = NameOf(path);
     const auto before = ReadWholeFile(PathToBytes(path));
     const TabColour chosen = groups.ColourChosen(group) ? m_parts.pcPage.FindGroup(group)->Colour() : TabColour::None;
-    const auto paint = [chosen](GroupPlan& plan) {
-        if (chosen != TabColour::None) plan.colour = ColourName(chosen);
-    };
     const TessaGroups::Updated updated = UpdatedWith(tabs, *groups.FileOf(group));
-    if (TessaGroups::Update(path, updated, paint) != Outcome::Done)
+    const auto arrange = [&](GroupPlan& plan, const std::vector<Text>& all) {
+        if (chosen != TabColour::None) plan.colour = ColourName(chosen);
+        if (plan.keepsPanes) plan.panes = PanesOf(tabs, all);
+    };
+    if (TessaGroups::Update(path, updated, arrange) != Outcome::Done)
         return m_parts.tabs.Say(u"The TessaGroup " + name + u" could not be written.");
     Reread(path);
     groups.NoteSaved(group, tabs);

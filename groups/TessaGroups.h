@@ -56,8 +56,10 @@ struct Updated {
 };
 
 /// Has the file say that. Whatever else stands in it stays, and so do keys whose addresses stay. `change` may change
-/// how the group opens. A missing file is made; one that cannot be read, or is too large, stays as it is.
-Outcome Update(TextView path, const Updated& group, const std::function<void(GroupPlan&)>& change = {});
+/// how the group opens, and is told in which order. A missing file is made; one that cannot be read, or is too large,
+/// stays as it is.
+using ChangesPlan = std::function<void(GroupPlan& plan, const std::vector<Text>& all)>;
+Outcome Update(TextView path, const Updated& group, const ChangesPlan& change = {});
 
 /// Asks whether to write down what is open in private tabs.
 [[nodiscard]] Answer AskOfPrivate(MessageBoxes& messages);

@@ -23,19 +23,11 @@ struct UpdatedEntry {
 
 class UpdatedFile {
 public:
-    explicit UpdatedFile(std::string_view bytes) : m_file(bytes) {
+    explicit UpdatedFile(std::string_view bytes) : m_file(bytes), m_entries(Entries()) {
         std::set<Text> names;
-        bool unique = true;
-        const std::string keys = m_file.KeyList(kUpdatedSection, "", kKeysRead);
-        std::size_t begin = 0;
-        for (std::size_t end = keys.find('\0'); end != std::string::npos; end = keys.find('\0', begin)) {
-            m_entries.push_back({keys.substr(begin, end - begin), {}});
-            m_entries.back().address = ReadIniValue(m_file, kUpdatedSection, m_entries.back().key, u"");
-            unique &= names.insert(InSmallLetters(FromBytes(m_entries.back().key))).second;
-            begin = end + 1;
-        }
+        for (const UpdatedEntry& each : m_entries) names.insert(InSmallLetters(FromBytes(each.key)));
         // Of keys with one name only the first can be written.
-        if (!unique) RemoveAll();
+        if (names.size() < m_entries.size()) RemoveAll();
     }
 
     /// What is not to be changed is out of the way.
@@ -69,6 +61,12 @@ public:
         }
         for (const Text& each : std::span(addresses).subspan(had)) Append(each);
     }
+    /// All addresses in the order in which they open.
+    [[nodiscard]] std::vector<Text> All() const {
+        std::vector<Text> all;
+        for (const UpdatedEntry& each : Entries()) all.push_back(each.address);
+        return Plan().Ordered(all);
+    }
     [[nodiscard]] GroupPlan Plan() const { return GroupPlan::Read(m_file); }
     void SetPlan(const GroupPlan& plan) {
         if (plan != Plan()) plan.Write(m_file);
@@ -76,6 +74,18 @@ public:
     [[nodiscard]] std::string Bytes() const { return m_file.Bytes(); }
 
 private:
+    [[nodiscard]] std::vector<UpdatedEntry> Entries() const {
+        std::vector<UpdatedEntry> entries;
+        const std::string keys = m_file.KeyList(kUpdatedSection, "", kKeysRead);
+        std::size_t begin = 0;
+        for (std::size_t end = keys.find('\0'); end != std::string::npos; end = keys.find('\0', begin)) {
+            std::string key = keys.substr(begin, end - begin);
+            Text address = ReadIniValue(m_file, kUpdatedSection, key, u"");
+            entries.push_back({std::move(key), std::move(address)});
+            begin = end + 1;
+        }
+        return entries;
+    }
     void RemoveAll() {
         for (const UpdatedEntry& each : m_entries) m_file.RemoveKey(kUpdatedSection, each.key);
         m_entries.clear();
@@ -101,7 +111,7 @@ private:
 
 namespace TessaGroups {
 
-Outcome Update(TextView path, const Updated& group, const std::function<void(GroupPlan&)>& change) {
+Outcome Update(TextView path, const Updated& group, const ChangesPlan& change) {
     const std::string file = PathToBytes(path);
     const auto before = ReadWholeFile(file, kLargestUpdated + 1);
     if (group.Addresses.empty() || (!before && FileExists(file))) return Outcome::Failed;
@@ -117,9 +127,10 @@ Outcome Update(TextView path, const Updated& group, const std::function<void(Gro
     std::vector<Text> all = group.Addresses;
     all.insert(all.end(), group.Kept.begin(), group.Kept.end());
     plan = plan.Of(all);
-    if (change) change(plan);
     updated.SetPlan(plan);
     updated.Arrange(group.Addresses);
+    if (change) change(plan, updated.All());
+    updated.SetPlan(plan);
     return WriteWholeFile(file, updated.Bytes());
 }
 

@@ -46,6 +46,8 @@ void frmTessaGroup::LoadPlan() {
     cboColour.Index = none ? 0 : static_cast<std::size_t>(colour - std::begin(kTabColours)) + 1;
     chkBehind.Tick(m_plan.behind);
     chkCloseOthers.Tick(m_plan.closeOthers);
+    chkKeepPanes.Tick(m_plan.keepsPanes);
+    m_opened = m_plan.Ordered(lstUrls.Rows());
 }
 
 GroupPlan frmTessaGroup::Plan() const {
@@ -53,6 +55,9 @@ GroupPlan frmTessaGroup::Plan() const {
     plan.colour = cboColour.Index() == 0 ? Text() : Text(kTabColours[cboColour.Index() - 1]);
     plan.behind = chkBehind.Ticked();
     plan.closeOthers = chkCloseOthers.Ticked();
+    plan.keepsPanes = chkKeepPanes.Ticked();
+    if (!plan.keepsPanes) plan.panes.clear();
+    plan.MovePanes(m_opened, plan.Ordered(lstUrls.Rows()));
     return plan;
 }
 

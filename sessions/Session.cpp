@@ -72,20 +72,10 @@ std::optional<Session> FromRecords(const std::vector<Record>& records) {
     return session;
 }
 
-std::vector<Text> TilesBecome(const std::vector<Text>& tiles, const std::function<std::int32_t(std::int32_t)>& become) {
-    std::vector<Text> all;
-    for (const Text& text : tiles) {
-        const auto read = TileLayoutIn(text);
-        const auto layout = read ? TileLayouts::Renumbered(*read, become) : std::nullopt;
-        if (layout) all.push_back(TileText(*layout));
-    }
-    return all;
-}
-
 // Of pages that are there, each in one layout.
 std::vector<Text> SoundTiles(const std::vector<Text>& tiles, std::size_t pages) {
     std::set<std::int32_t> seen;
-    return TilesBecome(tiles, [&](std::int32_t number) {
+    return TileTextsBecome(tiles, [&](std::int32_t number) {
         const bool there = static_cast<std::size_t>(number) <= pages;
         return there && seen.insert(number).second ? number : 0;
     });
@@ -180,7 +170,7 @@ Session PartOf(const Session& session, const std::vector<std::size_t>& pages) {
         const auto place = static_cast<std::size_t>(number) - 1;
         return place < numbers.size() ? numbers[place] : 0;
     };
-    part.Tiles = TilesBecome(session.Tiles, become);
+    part.Tiles = TileTextsBecome(session.Tiles, become);
     part.Groups = Renumbered(session.Groups, become);
     return part;
 }

@@ -41,6 +41,8 @@ public:
     };
     [[nodiscard]] std::vector<Page> Last(std::size_t most) const;
 
+    /// The tab of a view that has closed is there again, with another view.
+    Signal<void(std::int32_t was, std::int32_t is)> Returned;
     /// What there is to bring back may have changed.
     Signal<void()> Changed;
 
@@ -52,6 +54,7 @@ private:
         std::size_t Position = 0;
         bool WasInFront = false; ///< when the command began
         bool Pinned = false;
+        std::int32_t Index = 0; ///< of its view
         std::optional<GroupMembership> Group{};
     };
     struct Command {

@@ -40,7 +40,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_tabs(pcPage, m_browser, actBar, sbStatus, m_platform.messages),
       m_tiles(m_tabs, pcPage),
       m_tabGroups(m_tabs, pcPage, m_browser),
-      m_groups({m_tabs, pcPage, m_browser, m_tabGroups, sbStatus, m_platform.messages, m_platform.files,
+      m_groups({m_tabs, pcPage, m_browser, m_tabGroups, m_tiles, sbStatus, m_platform.messages, m_platform.files,
                 m_platform.forms, m_platform.settings, m_platform.groupFolder}),
       m_chosen(pcPage),
       m_closed(m_tabs, pcPage, m_browser, m_tabGroups),
@@ -100,6 +100,7 @@ void frmMain::WireParts() {
     actBar.BandOpen.ConnectForLife([this](Band& band) { m_menus.BandOpen(band); });
     actBar.MouseOver.ConnectForLife(
         [this](const Tool* tool) { m_tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); });
+    m_closed.Returned.ConnectForLife([this](std::int32_t was, std::int32_t is) { m_tiles.Return(was, is); });
     m_closed.Changed.ConnectForLife([this] { TabMoreCommands::ShowReopen(m_context); });
     m_stripInput.Opening.ConnectForLife([this] {
         TabMoreCommands::ShowState(m_context);

@@ -3,6 +3,7 @@
 #include "groups/TessaGroups.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
+#include "tiles/TileText.h"
 
 #include <filesystem>
 
@@ -122,6 +123,25 @@ TEST_F(GroupSaveBack, WhatWasNotOpenedStaysInTheFile) {
     desk.main.Groups().SaveBack(desk.GroupAt(4).Id());
     EXPECT_EQ(groups.Read("b.tvg"), "[TessaGroup]\r\nurl2=javascript:x\r\nurl3=http://b/\r\n");
     EXPECT_EQ(desk.Units(), "1 News(2 3) b1([5*])");
+}
+
+TEST_F(GroupSaveBack, PanesAreWrittenWhereTheGroupKeepsThem) {
+    groups.Write("p.tvg", "[TessaGroup]\r\nu=http://a/\r\nbad=javascript:x\r\nv=http://b/\r\nw=http://c/\r\n"
+                          "[TessaView]\r\npanes=none\r\npage1=first http://c/\r\n");
+    desk.OpenGroup(groups.PathText("p.tvg"));
+    for (const auto& [index, address] : {std::pair(4, u"http://c/"), {5, u"http://a/"}, {6, u"http://b/"}})
+        desk.PageLoads(index, address, u"t");
+    const std::int32_t group = desk.GroupAt(4).Id();
+    EXPECT_FALSE(desk.main.Groups().IsToSave(group));
+    desk.main.Tiles().Show(TileLayoutIn(u"h(6 v(4 1))").value());
+    EXPECT_TRUE(desk.main.Groups().IsToSave(group));
+    desk.main.Groups().SaveBack(group);
+    EXPECT_EQ(groups.Read("p.tvg"), "[TessaGroup]\r\nu=http://a/\r\nbad=javascript:x\r\nv=http://b/\r\nw=http://c/\r\n"
+                                    "[TessaView]\r\npanes=h(4 1)\r\npage1=first http://c/\r\n")
+        << "by the places in which they open, without what is no page of the group";
+    EXPECT_FALSE(desk.main.Groups().IsToSave(group));
+    Save();
+    EXPECT_EQ(File(), kNews) << "a group that keeps none gets none";
 }
 
 TEST_F(GroupSaveBack, WhatCannotBeWrittenIsSaid) {

@@ -12,7 +12,7 @@ class GroupsUpdate : public testing::Test {
 protected:
     /// What becomes of a group's file.
     std::string Update(const std::string& before, const TessaGroups::Updated& group,
-                       const std::function<void(GroupPlan&)>& change = {}) {
+                       const TessaGroups::ChangesPlan& change = {}) {
         folder.Write("a.tvg", before);
         EXPECT_EQ(TessaGroups::Update(folder.PathText("a.tvg"), group, change), Outcome::Done);
         return folder.Read("a.tvg");
@@ -60,7 +60,7 @@ TEST_F(GroupsUpdate, KeysOfOneNameBecomeSeveral) {
 }
 
 TEST_F(GroupsUpdate, ColoursAreWrittenAndWhatBelongsToOthersStays) {
-    const auto blue = [](GroupPlan& plan) { plan.colour = u"blue"; };
+    const auto blue = [](GroupPlan& plan, const std::vector<Text>&) { plan.colour = u"blue"; };
     EXPECT_EQ(Update("[TessaGroup]\r\nu=a\r\n", {.Addresses = {u"a"}}, blue),
               "[TessaGroup]\r\nu=a\r\n[TessaView]\r\ncolour=blue\r\n");
     EXPECT_EQ(Update("[TessaView]\r\nlater=1\r\ncolour=red\r\n[TessaGroup]\r\nu=a\r\n", {.Addresses = {u"a"}}, blue),
