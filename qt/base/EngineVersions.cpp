@@ -35,6 +35,8 @@ namespace tessa::qt {
 
 namespace {
 
+constexpr auto kAccessibility = "QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY";
+
 #ifdef TESSAVIEW_ENGINE_6_8
 using EnginePermission = QWebEnginePermission::PermissionType;
 #else
@@ -143,8 +145,15 @@ int ChromiumOfEngine() { return QVersionNumber::fromString(QLatin1String(qWebEng
 // its own rule the engine still shows a local page's pictures and styles, but scripts cannot read them. The setting of
 // the same name goes further: pictures do not come either.
 QByteArray EngineVersions::Switches() {
-    return QByteArrayLiteral("--blink-settings=allowFileAccessFromFileURLs=false");
+    QByteArray switches = "--blink-settings=allowFileAccessFromFileURLs=false";
+#ifdef TESSAVIEW_ENGINE_6_9
+    // Those of 6.11 do not turn it on by themselves, though a screen reader is there (QTBUG-142320).
+    if (qEnvironmentVariableIntValue(kAccessibility) == 1) switches += " --force-renderer-accessibility";
+#endif
+    return switches;
 }
+
+void EngineVersions::TellScreenReaders() { qputenv(kAccessibility, "1"); }
 
 // The program itself remembers what is to last; what the engine remembered on disk it would answer for ever.
 std::unique_ptr<QWebEngineProfile> EngineVersions::OpenProfile(const QString& name, const QString& folder,

@@ -27,6 +27,9 @@ namespace EngineVersions {
 /// What the engine is to be started with; may be empty. It reads this once, as it makes its first profile.
 [[nodiscard]] QByteArray Switches();
 
+/// Has the engine tell screen readers what pages say. To be called before its first profile is made.
+void TellScreenReaders();
+
 /// The profile that keeps what it has in these folders; nothing when the engine does not give it.
 [[nodiscard]] std::unique_ptr<QWebEngineProfile> OpenProfile(const QString& name, const QString& folder,
                                                              const QString& cacheFolder);

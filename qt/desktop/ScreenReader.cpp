@@ -1,5 +1,7 @@
 #include "qt/desktop/ScreenReader.h"
 
+#include "qt/base/EngineVersions.h"
+
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -27,7 +29,7 @@ QVariantMap StatusOf(const QDBusConnection& bus) {
 bool ScreenReader::IsOn() {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(kStatusService)) return false;
-    // Screen readers set the one or the other, or have the desktop do it.
+    // Screen readers set the one or the other, or have the desktop do it. Newer desktops know the second alone.
     const QVariantMap status = StatusOf(bus);
     return status.value(QStringLiteral("ScreenReaderEnabled")).toBool() ||
            status.value(QStringLiteral("IsEnabled")).toBool();
@@ -35,7 +37,7 @@ bool ScreenReader::IsOn() {
 
 // It costs each page time and memory, so the engine does it on demand alone.
 void ScreenReader::Prepare() {
-    if (IsOn()) qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
+    if (IsOn()) EngineVersions::TellScreenReaders();
 }
 
 } // namespace tessa::qt

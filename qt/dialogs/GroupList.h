@@ -13,6 +13,8 @@ class GroupListItems;
 /// The addresses of the group that is being edited, with columns for how they open. However long the list, only what is
 /// seen is laid out. The user can drag an entry to another place. The form outlives it.
 class GroupList final : public QTreeView {
+    Q_OBJECT
+
 public:
     enum Column { Address, Place, Asleep, Muted, TextSize, kColumns };
 

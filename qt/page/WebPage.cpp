@@ -1,5 +1,6 @@
 #include "qt/page/WebPage.h"
 
+#include "base/Schemes.h"
 #include "pages/ExternalSchemes.h"
 #include "qt/base/Strings.h"
 #include "qt/page/MailLinks.h"
@@ -68,6 +69,8 @@ void WebPage::NotePerson() {
 
 bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
     if (url.scheme() == QLatin1String(StartPageScheme::Scheme()) && !AcceptOwn(url, type, isMainFrame)) return false;
+    // What the parts of the program ask each other is no place to go.
+    if (isMainFrame && KindOfScheme(FromQt(url.scheme())) == SchemeKind::Inner) return false;
     if (isMainFrame && type != NavigationTypeTyped && !MayLeadOn(url)) return false;
     if (HandOver(url, type == NavigationTypeLinkClicked, isMainFrame)) return false;
     if (isMainFrame) m_awaited = url;

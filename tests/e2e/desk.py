@@ -52,6 +52,21 @@ def walk(node, into=lambda node: True):
             yield from walk(child, into)
 
 
+def listen_as_a_screen_reader(test):
+    """Tells every program that is started until the test has ended that a screen reader is there, as the desktop does."""
+    status = ["--dest=org.a11y.Bus", "/org/a11y/bus"]
+    properties = "org.freedesktop.DBus.Properties."
+
+    def call(method, *arguments):
+        command = ["dbus-send", "--session", "--print-reply", *status, properties + method, "string:org.a11y.Status"]
+        return subprocess.run([*command, *arguments], check=True, capture_output=True, timeout=30, text=True).stdout
+
+    # Newer buses know only that somebody uses accessibility.
+    name = "ScreenReaderEnabled" if "ScreenReaderEnabled" in call("GetAll") else "IsEnabled"
+    call("Set", f"string:{name}", "variant:boolean:true")
+    test.addCleanup(call, "Set", f"string:{name}", "variant:boolean:false")
+
+
 # Newer accessibility buses call some things otherwise; the tests know one name for each.
 ROLES = {"button": "push button", "push button menu": "push button", "button menu": "push button"}
 

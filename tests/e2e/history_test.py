@@ -5,7 +5,6 @@ import http.server
 import os
 import sqlite3
 import stat
-import subprocess
 import unittest
 
 import desk
@@ -61,23 +60,11 @@ def remembered(home):
         return []
 
 
-def say_that_a_screen_reader_is_there(there):
-    """As a screen reader tells the desktop, and the desktop every program."""
-    subprocess.run(
-        [
-            "dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
-            "org.freedesktop.DBus.Properties.Set", "string:org.a11y.Status", "string:ScreenReaderEnabled",
-            f"variant:boolean:{'true' if there else 'false'}",
-        ],
-        check=True, capture_output=True, timeout=30,
-    )
-
-
 def page_nodes(program, title):
     """What a screen reader is told of the page with that title, each as "role: name"."""
     for document in desk.walk(program.application(), lambda node: node.getRoleName() != "document web"):
         if document.getRoleName() == "document web" and document.name == title:
-            return [f"{node.getRoleName()}: {node.name}" for node in desk.walk(document)]
+            return [f"{desk.role_of(node)}: {node.name}" for node in desk.walk(document)]
     return []
 
 
@@ -206,7 +193,7 @@ class History(unittest.TestCase):
         folder = os.path.join(self.home, "TessaGroups")
         os.makedirs(folder, exist_ok=True)
         group = os.path.join(folder, "Morning.tvg")
-        self.listen_as_a_screen_reader()
+        desk.listen_as_a_screen_reader(self)
         with ChangingPages() as pages:
             desk.write_group(group, [pages.address(title) for title in STORIES])
             with desk.Program(PROGRAM, group, home=self.home) as program:
@@ -247,12 +234,8 @@ class History(unittest.TestCase):
 
         desk.wait_until(lambda: looked_at() == count, what=lambda: str(looked_at()))
 
-    def listen_as_a_screen_reader(self):
-        say_that_a_screen_reader_is_there(True)
-        self.addCleanup(say_that_a_screen_reader_is_there, False)
-
     def test_a_screen_reader_reads_the_history(self):
-        self.listen_as_a_screen_reader()
+        desk.listen_as_a_screen_reader(self)
         with ChangingPages() as pages, desk.Program(PROGRAM, pages.address("Lantern"), home=self.home) as program:
             program.wait_strip(["[Lantern]"])
             self.wait_remembered(["Lantern"])

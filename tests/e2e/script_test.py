@@ -257,7 +257,7 @@ class Checking(Scripted):
                 "http://no.such.host.invalid/", os.path.join(self.home, "none.html"),
             ]
             self.group("Old.tvg", addresses)
-            self.ctl("open", "about:blank")
+            self.ctl("open", "about:blank", "--wait")
             lines = json.loads(self.ctl("check-group", "Old", "--json"))
             self.assertEqual([line["address"] for line in lines], addresses)
             self.assertEqual(

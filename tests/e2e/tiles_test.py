@@ -20,6 +20,8 @@ def extents(node):
 
 class Tiles(unittest.TestCase):
     def setUp(self):
+        # Where a page lies is read from what the engine tells of it.
+        desk.listen_as_a_screen_reader(self)
         self.home = desk.state_folder()
         self.pages = desk.PageServer()
         self.pages.__enter__()

@@ -9,6 +9,7 @@
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <QFile>
+#include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTest>
 #include <QWebEngineProfile>
@@ -424,8 +425,9 @@ TEST_F(EngineDownloadsTest, ThatWereBlockedForGoodDoNotComeByAClickEither) {
                                          "<script>kept.onclick = () => document.title = 'clicked'</script>");
     desk.Load(server.Address(QStringLiteral("/page")));
     desk.Real().Page()->NotePerson();
+    const QSignalSpy asked(desk.Real().Page()->profile(), &QWebEngineProfile::downloadRequested);
     desk.ClickOn(QStringLiteral("kept"));
-    ASSERT_TRUE(WaitUntil([&] { return desk.Real().Page()->title() == u"clicked"; }));
+    ASSERT_TRUE(WaitUntil([&] { return !asked.isEmpty() && desk.Real().Page()->title() == u"clicked"; }));
     Settle(desk.engine, desk.Real().Page());
     EXPECT_TRUE(downloads.All().empty());
 }

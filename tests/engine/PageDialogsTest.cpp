@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QWebEngineView>
@@ -188,6 +189,20 @@ TEST_F(PageDialogs, AFrameCannotGetRoundItByAskingTheProgramItself) {
                     server.Address(QStringLiteral("/asks"), QStringLiteral("localhost")).toUtf8() + "'></iframe>");
     desk.Navigate(server.Address(QStringLiteral("/framed")));
     EXPECT_TRUE(Titled(QStringLiteral("heard said false")));
+    EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 0);
+}
+
+TEST_F(PageDialogs, NoPageGoesToTheAddressThatAsks) {
+    server.Page(QStringLiteral("/goes"), "<script>const token = /page=([0-9a-f]+)/.exec(alert.toString())[1];"
+                                         "onclick = () => { document.title = 'gone';"
+                                         "location.href = 'tessaview-ask:confirm?text=x&page=' + token }</script>");
+    desk.Load(server.Address(QStringLiteral("/goes")));
+    const QSignalSpy led(desk.Real().Page(), &WebPage::NavigationRequested);
+    desk.Real().Page()->runJavaScript(QStringLiteral("onclick()"));
+    ASSERT_TRUE(Titled(QStringLiteral("gone")));
+    Settle(desk.engine, desk.Real().Page());
+    EXPECT_TRUE(led.isEmpty());
+    EXPECT_EQ(desk.Real().Page()->url(), server.Address(QStringLiteral("/goes")));
     EXPECT_EQ(desk.events.Count(QStringLiteral("asks+")), 0);
 }
 
