@@ -217,13 +217,13 @@ TEST_F(TileAreaTest, KeysMoveTheDividersOfThePaneInFocus) {
     area.MoveDividers();
     ASSERT_TRUE(QTest::qWaitFor([this] { return area.hasFocus(); }));
     QTest::keyClick(&area, Qt::Key_Left);
-    EXPECT_EQ(Layout(), "h(1:900 v(2 3):1100)");
+    EXPECT_EQ(Layout(), "h(1:90000 v(2 3):110000)");
     QTest::keyClick(&area, Qt::Key_Down);
-    EXPECT_EQ(Layout(), "h(1:900 v(2:1100 3:900):1100)");
+    EXPECT_EQ(Layout(), "h(1:90000 v(2:110000 3:90000):110000)");
     QTest::keyClick(&area, Qt::Key_Up, Qt::ShiftModifier);
-    EXPECT_EQ(Layout(), "h(1:900 v(2:1095 3:905):1100)");
+    EXPECT_EQ(Layout(), "h(1:90000 v(2:109500 3:90500):110000)");
     QTest::keyClick(&area, Qt::Key_Right);
-    EXPECT_EQ(Layout(), "h(1 v(2:1095 3:905))");
+    EXPECT_EQ(Layout(), "h(1:100000 v(2:109500 3:90500):100000)");
     QTest::keyClick(&area, Qt::Key_Home);
     EXPECT_EQ(Layout(), "h(1 v(2 3))");
     for (int i = 0; i < 50; ++i) QTest::keyClick(&area, Qt::Key_Left);
