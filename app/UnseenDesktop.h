@@ -122,6 +122,7 @@ public:
     void ShowFind(BrowserView&) override {}
     void ToggleDevTools() override {}
     void ShowTabList() override {}
+    void MoveDividers() override {}
     void Customize() override {}
 };
 

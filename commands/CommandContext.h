@@ -27,6 +27,7 @@ struct CommandContext {
     CommandBar& actBar;
     PageOptions& pages;
     GroupCommands& groups;
+    TabGroups& tabGroups;
     ClosedTabs& closed;
     Tiles& tiles;
     const ChosenTabs& chosen;

@@ -8,6 +8,7 @@
 #include "commands/PageMenu.h"
 #include "commands/ReadingCommands.h"
 #include "commands/TabCommands.h"
+#include "commands/TabGroupCommands.h"
 #include "commands/TabMoreCommands.h"
 #include "commands/TileCommands.h"
 
@@ -44,9 +45,10 @@ namespace Tabs = TabCommands;
 namespace TabMore = TabMoreCommands;
 namespace Keep = CollectionCommands;
 namespace MenuEntry = MenuEntryCommands;
+namespace GroupTabs = TabGroupCommands;
 
-using CommandTraits::ByFamily, CommandTraits::Key, CommandTraits::KeyOfOthers, CommandTraits::OnBar,
-    CommandTraits::OnlyOn, CommandTraits::Opens;
+using CommandTraits::ByFamily, CommandTraits::CountsFrom, CommandTraits::Key, CommandTraits::KeyOfOthers,
+    CommandTraits::OnBar, CommandTraits::OnlyOn, CommandTraits::Opens;
 
 constexpr std::int32_t kShift = Keys::kShift, kCtrl = Keys::kCtrl, kAlt = Keys::kAlt;
 
@@ -411,6 +413,53 @@ constexpr std::array kCommands{
     Command{u"xtrExportTessaGroups"_tool, u"E&xport TessaGroups...", u"More",
             u"Writes your TessaGroups to a file for other browsers", u"document-export",
             BookmarkCommands::ExportTessaGroups},
+    // Tab groups and pins.
+    Command{u"xtrTabPin"_tool, u"&Pin", u"", u"Keeps this tab at the left, as an icon, or no longer", u"window-pin",
+            CountsFrom{330}, GroupTabs::Pin},
+    Command{u"xtrTabInGroup"_tool, u"In the &Group", u"",
+            u"Takes this tab out of its group, or puts it into that beside it", u"", GroupTabs::InGroup},
+    Command{u"xtrTabGroupMenu"_tool, u"Group M&enu", u"", u"Shows what can be done with the group of this tab", u"",
+            Opens{u"bndTabGroup"_band}},
+    Command{u"xtrTabGroupFold"_tool, u"&Fold", u"", u"Hides the tabs of this group or shows them again", u"",
+            GroupTabs::Fold},
+    Command{u"xtrTabGroupSave"_tool, u"&Save Back", u"", u"Writes into the group's file what its tabs show",
+            u"document-save", GroupTabs::SaveBack},
+    Command{u"xtrTabGroupEdit"_tool, u"&Edit...", u"", u"Opens the editor of the group's file", u"document-edit",
+            GroupTabs::Edit},
+    Command{u"xtrTabGroupReload"_tool, u"&Reload All", u"", u"Loads the pages of this group again", u"view-refresh",
+            GroupTabs::ReloadAll},
+    Command{u"xtrTabGroupSleep"_tool, u"Let Slee&p", u"",
+            u"Puts the tabs of this group to sleep that nothing keeps awake", u"system-suspend", GroupTabs::SleepAll},
+    Command{u"xtrTabGroupMute"_tool, u"&Mute", u"", u"Silences the tabs of this group or lets them be heard again",
+            u"audio-volume-muted", GroupTabs::MuteAll},
+    Command{u"xtrTabGroupColour"_tool, u"&Colour", u"", u"Marks the tabs of this group with another colour",
+            u"color-picker", Opens{u"bndTabGroupColour"_band}},
+    Command{u"xtrTabGroupRed"_tool, u"&Red", u"", u"Marks the tabs of this group with that colour", u"",
+            GroupTabs::Paint},
+    Command{u"xtrTabGroupOrange"_tool, u"&Orange", u"", u"Marks the tabs of this group with that colour", u"",
+            GroupTabs::Paint},
+    Command{u"xtrTabGroupYellow"_tool, u"&Yellow", u"", u"Marks the tabs of this group with that colour", u"",
+            GroupTabs::Paint},
+    Command{u"xtrTabGroupGreen"_tool, u"&Green", u"", u"Marks the tabs of this group with that colour", u"",
+            GroupTabs::Paint},
+    Command{u"xtrTabGroupBlue"_tool, u"&Blue", u"", u"Marks the tabs of this group with that colour", u"",
+            GroupTabs::Paint},
+    Command{u"xtrTabGroupPurple"_tool, u"&Purple", u"", u"Marks the tabs of this group with that colour", u"",
+            GroupTabs::Paint},
+    Command{u"xtrTabGroupGrey"_tool, u"Gr&ey", u"", u"Marks the tabs of this group with that colour", u"",
+            GroupTabs::Paint},
+    Command{u"xtrTabGroupToEnd"_tool, u"Move to E&nd", u"", u"Puts the tabs of this group behind all others",
+            u"go-last", GroupTabs::MoveToEnd},
+    Command{u"xtrTabGroupOut"_tool, u"Take Tab in Front &Out", u"",
+            u"Takes the tab in front out of this group; it stays open", u"", GroupTabs::TakeFrontOut},
+    Command{u"xtrTabGroupDissolve"_tool, u"&Ungroup", u"", u"Makes the tabs of this group tabs like any others", u"",
+            GroupTabs::Dissolve},
+    Command{u"xtrTabGroupClose"_tool, u"C&lose All", u"", u"Closes the tabs of this group", u"tab-close",
+            GroupTabs::CloseAll},
+    Command{u"xtrTileDividers"_tool, u"Move Di&viders", u"More",
+            u"Arrow keys move what lies between the panes, Home makes them equal", u"",
+            kRunsTool<&WindowTools::MoveDividers>},
+
     // Made for the words of one page.
     Command{u"xtrReplaceWord"_tool, u"", u"", u"", u"", OnBar::MadeLater, PageMenu::ReplaceWord},
 };

@@ -45,6 +45,8 @@ constexpr std::array kBands{
     BandRow{u"bndMore"_band, u"More", BandKind::Toolbar, At(2, 2)},
     BandRow{u"bndMoreMenu"_band, u"More", BandKind::Menu, {}},
     BandRow{u"bndTabMore"_band, u"More for the Tab", BandKind::Menu, {}},
+    BandRow{u"bndTabGroup"_band, u"Tab Group", BandKind::Menu, {}},
+    BandRow{u"bndTabGroupColour"_band, u"Colour of the Tab Group", BandKind::Menu, {}},
     BandRow{u"bndMoreBookmarks"_band, u"Import and Export", BandKind::Menu, {}},
     BandRow{u"bndFavoriteFolder"_band, u"Favorites Folder Popup", BandKind::Popup, {}},
     BandRow{u"bndFavoriteLink"_band, u"Favorites Link Popup", BandKind::Popup, {}},
@@ -149,10 +151,33 @@ constexpr std::array kEntries{
     EntryRow{u"bndTabMore"_band, u"xtrTabCloseWithoutNews"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabCloseRead"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabDuplicate"_tool, kGroup},
+    EntryRow{u"bndTabMore"_band, u"xtrTabPin"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabBeside"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabMute"_tool},
-    EntryRow{u"bndTabMore"_band, u"xtrTabAddToTessaGroup"_tool, kGroup},
+    EntryRow{u"bndTabMore"_band, u"xtrTabInGroup"_tool, kGroup},
+    EntryRow{u"bndTabMore"_band, u"xtrTabGroupMenu"_tool},
+    EntryRow{u"bndTabMore"_band, u"xtrTabAddToTessaGroup"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabCopyAddress"_tool},
+
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupFold"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupSave"_tool, kGroup},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupEdit"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupReload"_tool, kGroup},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupSleep"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupMute"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupColour"_tool, kGroup},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupToEnd"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupOut"_tool, kGroup},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupDissolve"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupClose"_tool},
+
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupRed"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupOrange"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupYellow"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupGreen"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupBlue"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupPurple"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupGrey"_tool},
 
     EntryRow{u"bndSearch"_band, u"mnuSearchLabel"_tool},
     EntryRow{u"bndSearch"_band, u"cboSearch"_tool},
@@ -227,6 +252,7 @@ constexpr std::array kEntries{
     EntryRow{u"bndTileMenu"_band, u"xtrTileNone"_tool, kGroup},
     EntryRow{u"bndTileMenu"_band, u"xtrTileLink"_tool, kGroup},
     EntryRow{u"bndTileMenu"_band, u"xtrTileHeaders"_tool},
+    EntryRow{u"bndTileMenu"_band, u"xtrTileDividers"_tool},
 
     EntryRow{u"bndMoreBookmarks"_band, u"xtrImportFavorites"_tool},
     EntryRow{u"bndMoreBookmarks"_band, u"xtrImportTessaGroups"_tool},
@@ -288,6 +314,7 @@ void AddTools(CommandBar& bar) {
     std::int32_t id = 1, ownId = kFirstOwnId;
     for (const Command& row : CommandTable()) {
         if (row.onBar == CommandTraits::OnBar::MadeLater) continue;
+        id = row.countsFrom.value_or(id);
         if (row.onlyOn)
             bar.AddOwn(Text(*row.onlyOn), NewTool(row, ownId++));
         else

@@ -6,12 +6,13 @@ namespace tessa {
 
 namespace {
 
+// Pinned tabs stay.
 void CloseFrom(CommandContext& context, std::size_t first, const Tab* kept) {
     auto& strip = context.pcPage;
     std::vector<std::int32_t> closed;
     for (std::size_t position = strip.Count(); position >= first; --position) {
         const auto* tab = strip.FindAt(position);
-        if (tab != kept) closed.push_back(tab->Tag);
+        if (tab != kept && !tab->Pinned()) closed.push_back(tab->Tag);
     }
     context.tabs.CloseTabs(closed);
 }

@@ -75,6 +75,7 @@ void ShowState(CommandContext& context) {
     const auto* shown = context.tiles.Shown();
     context.actBar.Enable(u"xtrTileNone"_tool, shown != nullptr);
     context.actBar.Enable(u"xtrTileLink"_tool, shown != nullptr);
+    context.actBar.Enable(u"xtrTileDividers"_tool, shown != nullptr && !shown->Full);
     MarkTool(context, u"xtrTileLink"_tool, shown && shown->Linked);
     MarkTool(context, u"xtrTileHeaders"_tool, context.tiles.HasHeaders());
 }

@@ -9,6 +9,7 @@ namespace tessa {
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
     const bool added = TessaGroups::Append(SGFile, Address::WithoutUser(URL)) == Outcome::Done;
+    Reread(SGFile);
     m_parts.tabs.Say(added ? u"Added to the TessaGroup " + NameOf(SGFile) + u"."
                            : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
 }
@@ -25,6 +26,7 @@ void GroupCommands::SaveAddresses(TextView path, const std::vector<Text>& addres
 
 void GroupCommands::SaySaved(TessaGroups::Saved saved, TextView path) {
     using TessaGroups::Saved;
+    Reread(path);
     if (saved == Saved::Yes) m_parts.tabs.Say(u"Saved as the TessaGroup " + NameOf(path) + u".");
     if (saved == Saved::Failed) m_parts.tabs.Say(u"The TessaGroup " + NameOf(path) + u" could not be written.");
     if (saved == Saved::Nothing)
@@ -88,6 +90,7 @@ void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
                         .openArchive = [this](const Text& address) { OpenArchive(address); }});
     form.TitleOf = [this](TextView address) { return TitleOf(address); };
     form.EditTessaGroup(sFileName);
+    Reread(sFileName);
     if (form.Unwritten) m_parts.tabs.Say(u"The TessaGroup " + NameOf(sFileName) + u" could not be written.");
 }
 

@@ -22,6 +22,14 @@ public:
     [[nodiscard]] TessaGroups::Saved SaveUnasked(TextView path);
     /// Saves addresses as that group; asks before it replaces one.
     void SaveAddresses(TextView path, const std::vector<Text>& addresses);
+    /// Writes what the tabs of a group show into its file, in one go, which can be taken back. Asks where somebody else
+    /// has changed the file meanwhile, and about private tabs.
+    void SaveBack(std::int32_t group);
+    /// Whether that would change the file.
+    [[nodiscard]] bool IsToSave(std::int32_t group) const;
+    /// The file of that path may have changed: the tab groups opened from it are held against what it says now.
+    void Reread(TextView path);
+    void RereadAll();
     /// Shows what has become of the addresses of these groups.
     void Check(const std::vector<Text>& groups);
     /// Of all groups of the user's folder.
@@ -44,7 +52,14 @@ public:
     std::function<void(Writes what, const Text& path, std::function<void(const Text& refusal, std::size_t left)> told)>
         Write;
 
+    /// A group was written that may have been none before.
+    Signal<void()> Written;
+
 private:
+    [[nodiscard]] bool MayOverwrite(std::int32_t group, const Text& name) const;
+    [[nodiscard]] std::optional<std::vector<GroupTab>> TabsToSave(std::int32_t group) const;
+    void WriteBack(std::int32_t group, std::vector<GroupTab> tabs);
+    [[nodiscard]] std::vector<Text> PanesOf(const std::vector<GroupTab>& tabs, const std::vector<Text>& all) const;
     void SaySaved(TessaGroups::Saved saved, TextView path);
     [[nodiscard]] Text TitleOf(TextView address) const;
     void OpenArchive(const Text& address);

@@ -82,11 +82,6 @@ TessaGroups::Saved WriteAny(TextView path, const std::vector<TessaGroups::Number
     return TessaGroups::Write(path, addresses) == Outcome::Done ? Saved::Yes : Saved::Failed;
 }
 
-Answer AskOfPrivate(MessageBoxes& messages) {
-    return messages.AskOwnOrCancel({u"Some of the tabs are private", u"The TessaGroup would keep their addresses.",
-                                    u"&Leave Them Out", u"&Save Them Too"});
-}
-
 bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser) {
     return std::ranges::any_of(OpenTabs(pcPage, Browser), &OpenTab::Private);
 }
@@ -133,6 +128,11 @@ Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& mess
     std::vector<NumberedAddress> numbered;
     for (const Text& address : addresses) numbered.push_back({numbered.size() + 1, address});
     return WriteAny(path, numbered);
+}
+
+Answer AskOfPrivate(MessageBoxes& messages) {
+    return messages.AskOwnOrCancel({u"Some of the tabs are private", u"The TessaGroup would keep their addresses.",
+                                    u"&Leave Them Out", u"&Save Them Too"});
 }
 
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages) {

@@ -6,6 +6,8 @@
 #include "platform/Dialogs.h"
 #include "tabs/ViewArray.h"
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace tessa {
@@ -45,6 +47,22 @@ Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses, cons
 /// Writes one address under "url" and the number after the count of the group's addresses. Deliberately the count, not
 /// the highest number: in a group with gaps it takes the place of another. A missing file is made.
 Outcome Append(TextView path, TextView address);
+
+/// What a group's file is to say.
+struct Updated {
+    std::vector<Text> Addresses{};                ///< in the order in which they open
+    std::vector<std::pair<Text, Text>> Renamed{}; ///< what takes the place of an address, and opens as that did
+    std::vector<Text> Kept{};                     ///< addresses that stay as they are
+};
+
+/// Has the file say that. Whatever else stands in it stays, and so do keys whose addresses stay. `change` may change
+/// how the group opens, and is told in which order. A missing file is made; one that cannot be read, or is too large,
+/// stays as it is.
+using ChangesPlan = std::function<void(GroupPlan& plan, const std::vector<Text>& all)>;
+Outcome Update(TextView path, const Updated& group, const ChangesPlan& change = {});
+
+/// Asks whether to write down what is open in private tabs.
+[[nodiscard]] Answer AskOfPrivate(MessageBoxes& messages);
 
 /// `Nothing`: there were no addresses to save, and the file is as it was.
 enum class Saved { Yes, Declined, Failed, Nothing };

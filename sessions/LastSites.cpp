@@ -4,7 +4,9 @@
 #include "base/LinkTrust.h"
 #include "tabs/OpenTabs.h"
 
+#include <functional>
 #include <map>
+#include <utility>
 
 namespace tessa {
 
@@ -13,6 +15,20 @@ namespace LastSites {
 namespace {
 
 bool IsKept(const OpenTab& open) { return !open.Private() && Address::ComesBack(open.Address()); }
+
+/// The number that each view's address has among those that are kept; 0 for others.
+std::function<std::int32_t(std::int32_t)> Numbers(const TabStrip& pcPage, ViewArray& Browser) {
+    std::map<std::int32_t, std::int32_t> numbers;
+    for (const OpenTab open : OpenTabs(pcPage, Browser)) {
+        if (!IsKept(open)) continue;
+        const auto number = static_cast<std::int32_t>(numbers.size() + 1);
+        numbers[open.Index()] = number;
+    }
+    return [numbers = std::move(numbers)](std::int32_t index) {
+        const auto number = numbers.find(index);
+        return number == numbers.end() ? 0 : number->second;
+    };
+}
 
 } // namespace
 
@@ -25,16 +41,11 @@ std::vector<Text> Open(const TabStrip& pcPage, ViewArray& Browser) {
 }
 
 std::vector<Text> OpenTiles(const TabStrip& pcPage, ViewArray& Browser, const Tiles& tiles) {
-    std::map<std::int32_t, std::int32_t> numbers;
-    for (const OpenTab open : OpenTabs(pcPage, Browser)) {
-        if (!IsKept(open)) continue;
-        const auto number = static_cast<std::int32_t>(numbers.size() + 1);
-        numbers[open.Index()] = number;
-    }
-    return tiles.Kept([&numbers](std::int32_t index) {
-        const auto number = numbers.find(index);
-        return number == numbers.end() ? 0 : number->second;
-    });
+    return tiles.Kept(Numbers(pcPage, Browser));
+}
+
+Text OpenGroups(const TabStrip& pcPage, ViewArray& Browser, const TabGroups& groups) {
+    return KeptGroupsText(groups.Kept(Numbers(pcPage, Browser)));
 }
 
 std::vector<std::int32_t> Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack& cameBack) {

@@ -78,6 +78,7 @@ SettingsStore::SettingsStore(SettingsStorageFactory& factory)
       AllowMultipleInstances(*m_storage, u"AllowMultipleInstances", false),
       ShowStatusBar(*m_storage, u"ShowStatusBar", true),
       LastTiles(*m_storage, u"LastTiles"),
+      LastGroups(*m_storage, u"LastGroups"),
       TileHeaders(*m_storage, u"TileHeaders", true),
       LoadImages(*m_storage, u"LoadImages", true),
       LoadAnimations(*m_storage, u"LoadAnimations", true),
@@ -102,8 +103,8 @@ std::vector<Text> SettingsStore::Differences() const {
     return DifferencesOf(AskDefaultBrowser, RememberLastSites, TGCloseOthersFirst, TitleLengthLimit, OpenNewInFront,
                          WindowWidth, WindowHeight, WindowTop, WindowLeft, WindowMaximized, HandOffCommandLine,
                          LastSites, SearchHistory, AddressHistory, TabsUp, AllowMultipleInstances, ShowStatusBar,
-                         LastTiles, TileHeaders, LoadImages, LoadAnimations, LoadVideos, LoadSounds, MailClient,
-                         NewsClient, EnvironmentText, SearchService, ShopService, FindService);
+                         LastTiles, LastGroups, TileHeaders, LoadImages, LoadAnimations, LoadVideos, LoadSounds,
+                         MailClient, NewsClient, EnvironmentText, SearchService, ShopService, FindService);
 }
 
 } // namespace tessa

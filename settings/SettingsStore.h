@@ -106,6 +106,7 @@ public:
     Setting<bool> AllowMultipleInstances;
     Setting<bool> ShowStatusBar;
     Setting<std::vector<Text>> LastTiles; ///< which of the last sites lay side by side
+    Setting<Text> LastGroups;             ///< which of them were in groups and pinned, as records
     Setting<bool> TileHeaders;            ///< pages that lie side by side have titles above them
 
     Setting<bool> LoadImages;      ///< pages may load images

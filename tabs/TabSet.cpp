@@ -274,13 +274,17 @@ void TabSet::CloseTabs(const std::vector<std::int32_t>& indexes) {
     });
 }
 
-void TabSet::CloseOtherTabs() {
-    AsOneCommand([this] {
-        for (std::size_t position = m_pcPage.Count(); position >= 2; --position) {
+std::int32_t TabSet::CloseOtherTabs() {
+    const std::size_t first = m_pcPage.PinnedCount() + 1;
+    const auto* left = m_pcPage.FindAt(first);
+    const std::int32_t index = left ? left->Tag : 0;
+    AsOneCommand([this, first] {
+        for (std::size_t position = m_pcPage.Count(); position > first; --position) {
             if (const auto* tab = m_pcPage.FindAt(position)) CloseBrowserTab(tab->Tag);
         }
-        if (const auto* left = m_pcPage.FindAt(1)) BlankTab(left->Tag);
+        if (const auto* leftmost = m_pcPage.FindAt(first)) BlankTab(leftmost->Tag);
     });
+    return index;
 }
 
 void TabSet::AsOneCommand(const std::function<void()>& close) {

@@ -59,8 +59,9 @@ public:
     void CloseUnasked(std::int32_t Index);
     /// Closes the selected tab, by the same rules.
     void CloseSelectedTab();
-    /// Leaves the leftmost tab and blanks it.
-    void CloseOtherTabs();
+    /// Leaves the leftmost tab and blanks it. Pinned tabs stay as they are: then it is the leftmost one of the others.
+    /// Answers with the index of the view that is left; 0 when there are only pinned ones.
+    std::int32_t CloseOtherTabs();
     /// Closes the tabs of these views as one command.
     void CloseTabs(const std::vector<std::int32_t>& indexes);
 

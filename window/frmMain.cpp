@@ -9,6 +9,7 @@
 #include "commands/DesignTimeBar.h"
 #include "commands/PageMenu.h"
 #include "commands/ReadingCommands.h"
+#include "commands/TabGroupCommands.h"
 #include "commands/TabMoreCommands.h"
 #include "commands/TileCommands.h"
 #include "downloads/DownloadWords.h"
@@ -38,10 +39,11 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_browser(m_platform.views, m_events),
       m_tabs(pcPage, m_browser, actBar, sbStatus, m_platform.messages),
       m_tiles(m_tabs, pcPage),
-      m_groups({m_tabs, pcPage, m_browser, sbStatus, m_platform.messages, m_platform.files, m_platform.forms,
-                m_platform.settings, m_platform.groupFolder}),
-      m_chosen(m_groups, pcPage),
-      m_closed(m_tabs, pcPage, m_browser),
+      m_tabGroups(m_tabs, pcPage, m_browser),
+      m_groups({m_tabs, pcPage, m_browser, m_tabGroups, m_tiles, sbStatus, m_platform.messages, m_platform.files,
+                m_platform.forms, m_platform.settings, m_platform.groupFolder}),
+      m_chosen(pcPage),
+      m_closed(m_tabs, pcPage, m_browser, m_tabGroups),
       m_stripInput(m_tabs, pcPage, m_browser, actBar),
       m_pages(m_tabs, actBar, m_platform.settings),
       m_boxes(m_tabs, actBar),
@@ -51,6 +53,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                 actBar,
                 m_pages,
                 m_groups,
+                m_tabGroups,
                 m_closed,
                 m_tiles,
                 m_chosen,
@@ -65,7 +68,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                 m_platform.input,
                 m_platform.groupFolder,
                 m_platform.favoritesFolder},
-      m_sessions(m_platform.sessions, m_platform.clock, {m_tabs, pcPage, m_browser, m_tiles}),
+      m_sessions(m_platform.sessions, m_platform.clock, {m_tabs, pcPage, m_browser, m_tiles, m_groups}),
       m_layout(actBar, m_platform.layout),
       m_menus(m_context, m_platform.folderWatch),
       m_favorites(m_context, {m_platform.trash, m_platform.forms}),
@@ -74,7 +77,7 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_sleep(pcPage, m_browser),
       m_relief(pcPage, m_sleep),
       m_taskView(pcPage, m_browser),
-      m_reads({pcPage, m_browser, m_platform.visits, m_platform.clock}),
+      m_reads({pcPage, m_browser, m_tabGroups, m_platform.visits, m_platform.clock}),
       m_openPages(m_reads, pcPage, m_browser, m_platform.visits),
       m_history({m_tabs, pcPage, m_browser, m_groups, m_platform.messages, m_platform.files, m_platform.visits,
                  m_platform.clock, m_platform.groupFolder}),
@@ -97,11 +100,17 @@ void frmMain::WireParts() {
     actBar.BandOpen.ConnectForLife([this](Band& band) { m_menus.BandOpen(band); });
     actBar.MouseOver.ConnectForLife(
         [this](const Tool* tool) { m_tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); });
+    m_closed.Returned.ConnectForLife([this](std::int32_t was, std::int32_t is) { m_tiles.Return(was, is); });
     m_closed.Changed.ConnectForLife([this] { TabMoreCommands::ShowReopen(m_context); });
     m_stripInput.Opening.ConnectForLife([this] {
         TabMoreCommands::ShowState(m_context);
         ReadingCommands::ShowState(m_context);
         TileCommands::ShowTabState(m_context);
+        TabGroupCommands::ShowTabState(m_context);
+    });
+    m_stripInput.GroupOpening.ConnectForLife([this] {
+        m_groups.RereadAll();
+        TabGroupCommands::ShowState(m_context);
     });
     m_tiles.Changed.ConnectForLife([this] { TileCommands::ShowState(m_context); });
     pcPage.Touched.ConnectForLife([this] {
@@ -130,6 +139,7 @@ void frmMain::WireTabs() {
         m_closed.Remember(index);
         m_groups.PageDone(index);
         m_reads.Closes(index);
+        m_tabGroups.Closes(index);
     });
     m_tabs.ClosingSeveral = [this](const std::function<void()>& close) {
         m_closed.BeginSeveral();
@@ -147,7 +157,14 @@ void frmMain::WireSaying() {
     m_downloads.TryAgain.ConnectForLife([this] { RetryLater(); });
 }
 
+// First, because what is remembered of a page also depends on its group.
 void frmMain::WireGroups() {
+    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView URL) { m_tabGroups.Begins(Index, URL); });
+    m_events.Shows.ConnectForLife([this](std::int16_t Index, TextView URL) { m_tabGroups.Shows(Index, URL); });
+    m_groups.Written.ConnectForLife([this] { m_context.groupsMenuStale = true; });
+    m_folderChanges += m_platform.folderWatch.Changed.Connect([this](TextView folder) {
+        if (folder == m_platform.groupFolder) m_groups.RereadAll();
+    });
     m_events.Loaded.ConnectForLife([this](std::int16_t Index) {
         m_groups.PageDone(Index);
         m_relief.Loaded(Index);
@@ -177,15 +194,13 @@ void frmMain::WireSleep() {
 }
 
 void frmMain::WireReading() {
-    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView URL) { m_reads.Begins(Index, URL); });
+    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView) { m_reads.Begins(Index); });
     m_events.Shows.ConnectForLife([this](std::int16_t Index, TextView URL) { m_reads.Shows(Index, URL); });
     m_events.Loaded.ConnectForLife([this](std::int16_t Index) {
         m_reads.Loads(Index);
         m_history.Loads(Index);
     });
     m_reads.Changed.ConnectForLife([this](std::int32_t index) { m_openPages.Changed(index); });
-    m_groups.Opening.ConnectForLife(
-        [this](TextView name, const std::vector<Text>& addresses) { m_reads.NoteGroup(name, addresses); });
     m_openPages.Shown.ConnectForLife([this](bool shown) {
         if (auto* tool = actBar.Find(u"xtrSearchOpenPages"_tool)) tool->Checked = shown;
     });
@@ -318,6 +333,7 @@ void frmMain::OpenAtStart() {
     if (m_settings.RememberLastSites && !m_openedFromCommandLine) {
         const SettingsStore store(m_platform.settings);
         const auto opened = LastSites::Reopen(store.LastSites.Get(), m_tabs, m_browser, m_sessions.CameBack);
+        m_groups.Restore(KeptGroupsIn(store.LastGroups.Get(), opened.size()), opened);
         m_tiles.Restore(store.LastTiles.Get(), opened);
     }
     if (m_startedBare && pcPage.Count() == before) OpenStartGroup();
@@ -363,6 +379,7 @@ void frmMain::Save() {
 void frmMain::SaveSettings() {
     const std::vector<Text> sites = LastSites::Open(pcPage, m_browser);
     const std::vector<Text> tiles = LastSites::OpenTiles(pcPage, m_browser, m_tiles);
+    const Text groups = LastSites::OpenGroups(pcPage, m_browser, m_tabGroups);
     SettingsStore store(m_platform.settings);
     WindowPlacement::Save(store, m_platform.window);
     m_settings.Save(store);
@@ -370,6 +387,7 @@ void frmMain::SaveSettings() {
     BoxHistories::Save(store, actBar);
     ResumeNext(store.ShowStatusBar.Set(sbStatus.Visible()));
     if (tiles != store.LastTiles.Get()) ResumeNext(store.LastTiles.Set(tiles));
+    if (groups != store.LastGroups.Get()) ResumeNext(store.LastGroups.Set(groups));
 }
 
 MainLayout::Inputs frmMain::LayoutInputs() const {

@@ -16,6 +16,7 @@
 #include "startpage/HomePages.h"
 #include "tabs/BrowserEvents.h"
 #include "tabs/MemoryRelief.h"
+#include "tabs/TabGroups.h"
 #include "tabs/TabSleep.h"
 #include "tabs/frmTaskView.h"
 #include "tiles/Tiles.h"
@@ -80,6 +81,9 @@ public:
     void CloseBrowserTab(std::int32_t Index) { m_tabs.CloseBrowserTab(Index); }
     /// The tabs that lie side by side, for the area that shows them.
     [[nodiscard]] tessa::Tiles& Tiles() { return m_tiles; }
+    /// The groups that tabs were opened from, for what shows them.
+    [[nodiscard]] tessa::TabGroups& TabGroups() { return m_tabGroups; }
+    [[nodiscard]] const tessa::TabGroups& TabGroups() const { return m_tabGroups; }
     /// Gives the page in front the keyboard.
     void FocusPage();
     /// Goes to what the program was started with, or what a later start hands over. Not to what is no page.
@@ -162,6 +166,7 @@ private:
     ViewArray m_browser;
     TabSet m_tabs;
     tessa::Tiles m_tiles;
+    tessa::TabGroups m_tabGroups;
     GroupCommands m_groups;
     TabsOfFront m_chosen;
     ClosedTabs m_closed;
@@ -191,6 +196,7 @@ private:
     bool m_activated = false;
     bool m_openedFromCommandLine = false;
     bool m_startedBare = false; ///< without a command line
+    Connections m_folderChanges;
 
 public:
     // Settings that live here, as others see and change them.

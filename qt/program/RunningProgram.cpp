@@ -100,6 +100,7 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     blocking.Serve(main, frame.statusBar, window);
     frame.FollowPages(engine.engine, desktop.OwnProfile());
     tools.ListsTabs.ConnectForLife([this] { strip.List(); });
+    tools.MovesDividers.ConnectForLife([this] { tiles.area.MoveDividers(); });
     tools.Customizes.ConnectForLife([this] { bar.Customize(); });
     desktop.settings.SetReport([this](const Text& message) { main.sbStatus.Complaint(message); });
     FollowGroups();

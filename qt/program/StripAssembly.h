@@ -27,6 +27,8 @@ public:
 private:
     [[nodiscard]] QIcon IconOf(const Tab& tab) const override;
     [[nodiscard]] Text TipOf(const Tab& tab) const override;
+    [[nodiscard]] bool IsChanged(const TabGroup& group) const override;
+    [[nodiscard]] TabPane PaneOf(const Tab& tab) const override;
     [[nodiscard]] Text NewTabKeys() const override;
     void FollowClicks();
     void FollowPointer();

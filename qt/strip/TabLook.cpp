@@ -20,6 +20,27 @@ constexpr int kColourHeight = 3;
 /// No tab is wide enough for more; measuring a longer text would only cost time.
 constexpr int kMeasuredUnits = 256;
 
+// A head: a box with an arrow, the name, and what there is to say of the group.
+constexpr int kHeadMargin = 3, kHeadPadding = 6, kHeadArrow = 8, kHeadGap = 4, kHeadMark = 6;
+constexpr int kWidestName = 12; // in heights of the font
+constexpr int kSlimHead = 8;
+
+/// What is said of the group behind its name.
+QString HeadWords(const TabHeadFace& face) {
+    if (face.loading > 0) return QString::number(face.loading) + QChar(0x2026);
+    return face.folded ? QString::number(face.count) : QString();
+}
+
+int HeadNameWidth(const QFontMetrics& font, const TabHeadFace& face) {
+    return std::min(font.horizontalAdvance(face.name.left(kMeasuredUnits)) + 1, kWidestName * font.height());
+}
+
+/// Black or white, whichever is read better on it.
+QColor InkOn(const QColor& ground) {
+    const double light = 0.299 * ground.redF() + 0.587 * ground.greenF() + 0.114 * ground.blueF();
+    return light > 0.52 ? QColor(16, 16, 16) : QColor(Qt::white);
+}
+
 /// A box with two round corners, at the side away from the page.
 QPainterPath TabShape(const QRect& place, TabPlacement placement) {
     QRectF box(place);
@@ -71,21 +92,90 @@ void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
     painter.save();
     painter.setClipRect(face.place, Qt::IntersectClip);
     PaintBody(painter, face);
+    PaintPane(painter, face);
     PaintColour(painter, face);
-    const QRect icon(face.place.left() + kTabMargin, face.place.top() + (face.place.height() - kTabIconSize) / 2,
+    const int margin = face.pinned ? (face.place.width() - kTabIconSize) / 2 : kTabMargin;
+    const QRect icon(face.place.left() + margin, face.place.top() + (face.place.height() - kTabIconSize) / 2,
                      kTabIconSize, kTabIconSize);
     PaintIcon(painter, face, icon);
+    if (!face.pinned) PaintCaption(painter, face, icon.right() + 1 + kTabGap);
+    if (face.sound != TabSound::None && !face.pinned) PaintSound(painter, face);
+    if (face.closeShown) PaintClose(painter, face);
+    painter.restore();
+}
+
+void TabLook::PaintCaption(QPainter& painter, const TabFace& face, int left) const {
     QRect text = face.place;
-    text.setLeft(icon.right() + 1 + kTabGap);
+    text.setLeft(left);
     text.setRight(face.closeShown ? face.closePlace.left() - 3 : face.place.right() - kTabMargin);
     if (face.sound != TabSound::None) text.setRight(face.soundPlace.left() - 3);
     painter.setPen(face.selected ? m_text : face.news == TabNews::Nothing ? m_faintText : m_quietText);
     const QString caption =
         painter.fontMetrics().elidedText(face.caption.left(kMeasuredUnits).simplified(), Qt::ElideRight, text.width());
     painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, caption);
-    if (face.sound != TabSound::None) PaintSound(painter, face);
-    if (face.closeShown) PaintClose(painter, face);
+}
+
+// The line of what is selected, fainter: these pages are shown with it, or with each other.
+void TabLook::PaintPane(QPainter& painter, const TabFace& face) const {
+    if (face.pane == TabPane::None || face.selected) return;
+    const QRect& place = face.place;
+    const int top = m_placement == TabPlacement::Top ? place.top() : place.bottom() + 1 - kAccentHeight;
+    const QColor line = Palette::Mix(m_row, m_accent, face.pane == TabPane::Shown ? 0.75 : 0.35);
+    painter.fillRect(QRect(place.left() + kCorner, top, place.width() - 2 * kCorner, kAccentHeight), line);
+}
+
+int TabLook::HeadWidth(const QFontMetrics& font, const TabHeadFace& face) {
+    if (face.name.isEmpty()) return kSlimHead;
+    const QString words = HeadWords(face);
+    const int said = words.isEmpty() ? 0 : kHeadGap + font.horizontalAdvance(words);
+    const int mark = face.changed ? kHeadGap + kHeadMark : 0;
+    return 2 * (kHeadMargin + kHeadPadding) + kHeadArrow + kHeadGap + HeadNameWidth(font, face) + mark + said;
+}
+
+void TabLook::PaintHead(QPainter& painter, const TabHeadFace& face) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor mark = Palette::MarkColour(face.colour);
+    const QColor ground = face.hovered ? Palette::Mix(mark, m_text, 0.16) : mark;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ground);
+    const int margin = face.name.isEmpty() ? kHeadMargin - 1 : kHeadMargin;
+    const QRect box = face.place.adjusted(margin, kHeadMargin, -margin, -kHeadMargin);
+    painter.drawRoundedRect(box, face.name.isEmpty() ? 1.5 : kCorner, face.name.isEmpty() ? 1.5 : kCorner);
+    if (!face.name.isEmpty()) PaintHeadWords(painter, face, box, InkOn(ground));
     painter.restore();
+}
+
+// Towards the tabs when they are hidden, down when they are seen.
+void TabLook::PaintHeadArrow(QPainter& painter, const QPointF& centre, bool folded) {
+    const QPolygonF down({centre + QPointF(-3.5, -2), centre + QPointF(0, 2), centre + QPointF(3.5, -2)});
+    const QPolygonF right({centre + QPointF(-2, -3.5), centre + QPointF(2, 0), centre + QPointF(-2, 3.5)});
+    painter.drawPolyline(folded ? right : down);
+}
+
+void TabLook::PaintHeadWords(QPainter& painter, const TabHeadFace& face, const QRect& box, const QColor& ink) const {
+    painter.setPen(QPen(ink, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    int left = box.left() + kHeadPadding;
+    PaintHeadArrow(painter, QPointF(left + kHeadArrow / 2.0, QRectF(box).center().y()), face.folded);
+    left += kHeadArrow + kHeadGap;
+    const QFontMetrics font = painter.fontMetrics();
+    const auto write = [&](const QString& words, int width) {
+        painter.drawText(QRect(left, box.top(), width, box.height()),
+                         Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, words);
+        left += width;
+    };
+    const int name = HeadNameWidth(font, face);
+    write(font.elidedText(face.name.left(kMeasuredUnits), Qt::ElideRight, name), name);
+    if (face.changed) {
+        painter.setBrush(ink);
+        painter.drawEllipse(QPointF(left + kHeadGap + kHeadMark / 2.0, QRectF(box).center().y()), 2.5, 2.5);
+        left += kHeadGap + kHeadMark;
+    }
+    const QString words = HeadWords(face);
+    left += kHeadGap;
+    painter.setPen(Palette::Mix(ink, Palette::MarkColour(face.colour), 0.2));
+    if (!words.isEmpty()) write(words, font.horizontalAdvance(words));
 }
 
 // Beside the page, where nothing else is: what is selected has its line at the other side.

@@ -1,11 +1,12 @@
 #pragma once
-#include "forms/TabStrip.h"
+#include "qt/strip/TabFaces.h"
 
 #include <QColor>
 #include <QIcon>
 #include <QRect>
 #include <QString>
 
+class QFontMetrics;
 class QPainter;
 class QPalette;
 
@@ -25,12 +26,26 @@ struct TabFace {
     bool selected = false;
     bool hovered = false;
     bool focused = false;
+    bool pinned = false;
+    TabPane pane = TabPane::None;
     bool dividerShown = true; ///< the line to the next tab
     bool closeShown = false;
     bool closeHovered = false;
     QRect place;
     QRect closePlace;
     QRect soundPlace;
+};
+
+/// The head before tabs of a group as it is to be painted.
+struct TabHeadFace {
+    QString name; ///< empty for tabs that do not stand with the first ones
+    TabColour colour = TabColour::None;
+    bool folded = false;
+    bool changed = false;
+    std::size_t count = 0;   ///< of its tabs
+    std::size_t loading = 0; ///< of those that load
+    bool hovered = false;
+    QRect place;
 };
 
 /// How the tab strip looks, all from the palette. The selected tab joins the page beside the row, with a line of the
@@ -41,6 +56,9 @@ public:
 
     void PaintBackground(QPainter& painter, const QRect& row) const;
     void PaintTab(QPainter& painter, const TabFace& face) const;
+    void PaintHead(QPainter& painter, const TabHeadFace& face) const;
+    /// How wide the head is when it is not cut.
+    [[nodiscard]] static int HeadWidth(const QFontMetrics& font, const TabHeadFace& face);
     void PaintArrow(QPainter& painter, const QRect& place, Qt::LayoutDirection towards, bool enabled,
                     bool hovered) const;
     void PaintListButton(QPainter& painter, const QRect& place, bool hovered) const;
@@ -56,8 +74,12 @@ public:
 private:
     void PaintBody(QPainter& painter, const TabFace& face) const;
     void PaintColour(QPainter& painter, const TabFace& face) const;
+    void PaintPane(QPainter& painter, const TabFace& face) const;
+    void PaintCaption(QPainter& painter, const TabFace& face, int left) const;
     void PaintIcon(QPainter& painter, const TabFace& face, const QRect& icon) const;
     void PaintNews(QPainter& painter, const QRect& icon) const;
+    void PaintHeadWords(QPainter& painter, const TabHeadFace& face, const QRect& box, const QColor& ink) const;
+    static void PaintHeadArrow(QPainter& painter, const QPointF& centre, bool folded);
     void PaintSound(QPainter& painter, const TabFace& face) const;
     void PaintClose(QPainter& painter, const TabFace& face) const;
 

@@ -16,7 +16,7 @@ TEST(TabsOfFront, AreThoseOfItsGroupOrAll) {
     desk.OpenGroup(folder.PathText("group.tvg"));
     desk.OpenGroup(folder.PathText("other.tvg"));
     EXPECT_EQ(desk.Strip(), "1 3 4 [5*] 2");
-    const TabsOfFront tabs(desk.main.Groups(), desk.main.pcPage);
+    const TabsOfFront tabs(desk.main.pcPage);
     EXPECT_EQ(tabs.Chosen(), std::vector<std::int32_t>{5});
     desk.ClickTab(2);
     EXPECT_EQ(tabs.Chosen(), (std::vector<std::int32_t>{3, 4}));

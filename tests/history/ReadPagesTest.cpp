@@ -1,7 +1,8 @@
-// Tests: ReadPagesNews, OpenedGroups
+// Tests: ReadPagesNews
 #include "history/ReadPages.h"
 
 #include "settings/HistorySettings.h"
+#include "tests/fakes/TemporaryFolder.h"
 #include "tests/history/ReadingDesk.h"
 
 namespace tessa {
@@ -207,13 +208,15 @@ TEST(ReadPages, TheStoreMayAnswerWhenTheTabHasGone) {
 }
 
 TEST(ReadPages, TheGroupOfAPageIsRemembered) {
+    TemporaryFolder folder;
+    folder.Write("News.tvg", "[TessaGroup]\r\nurl1=a\r\nurl2=http://b/x#y\r\n");
     ReadingDesk desk;
-    desk.main.Reads().NoteGroup(u"News", {u"a", u"http://b/x#y"});
-    desk.Read(1, u"http://a/", u"pOne");
-    desk.Read(1, u"http://c/", u"pOne");
+    desk.OpenGroup(folder.PathText("News.tvg"));
+    desk.Read(2, u"http://a/", u"pOne");
+    desk.Read(2, u"http://c/", u"pOne");
     // Led elsewhere on its way.
-    desk.PageBegins(1, u"https://b/x");
-    desk.Read(1, u"https://www.b/", u"pOne");
+    desk.PageBegins(3, u"https://b/x");
+    desk.Read(3, u"https://www.b/", u"pOne");
     EXPECT_EQ(desk.visits.At(u"https://www.b/").Group, u"News");
     EXPECT_EQ(desk.visits.At(u"http://a/").Group, u"News");
     EXPECT_EQ(desk.visits.At(u"http://c/").Group, u"");

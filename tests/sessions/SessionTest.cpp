@@ -64,6 +64,19 @@ TEST(Session, SaysWhichPagesLieSideBySide) {
     EXPECT_EQ(SessionFromBytes(bytes), session) << "there is no ninth page";
 }
 
+TEST(Session, SaysWhichPagesBelongTogetherAndArePinned) {
+    Session session = Three();
+    session.Groups = {
+        .Groups = {{.Path = u"/a.tvg", .Name = u"a", .Members = {{2, u"http://two/"}, {3, std::nullopt}}}},
+        .Pins = {1}};
+    EXPECT_EQ(SessionFromBytes(SessionBytes(session)), session);
+    const Session part = PartOf(session, {2, 0});
+    EXPECT_EQ(part.Groups.Groups.at(0).Members, (std::vector<KeptMember>{{1, std::nullopt}}));
+    EXPECT_EQ(part.Groups.Pins, std::vector<std::int32_t>{2});
+    session.Groups.Pins = {1, 4};
+    EXPECT_EQ(SessionFromBytes(SessionBytes(session))->Groups.Pins, std::vector<std::int32_t>{1});
+}
+
 TEST(Session, LayoutsThatCannotBeAreLeftOut) {
     const std::string pages = "[Page]\nAddress=http://1/\n[Page]\nAddress=http://2/\n[Page]\nAddress=http://3/\n";
     const auto tiles = [&](const std::string& line) {

@@ -89,6 +89,8 @@ protected:
     struct Faces final : TabFaces {
         [[nodiscard]] QIcon IconOf(const Tab& tab) const override { return icon ? icon(tab) : Plain().IconOf(tab); }
         [[nodiscard]] Text TipOf(const Tab& tab) const override { return tip ? tip(tab) : Plain().TipOf(tab); }
+        [[nodiscard]] bool IsChanged(const TabGroup& group) const override { return Plain().IsChanged(group); }
+        [[nodiscard]] TabPane PaneOf(const Tab& tab) const override { return Plain().PaneOf(tab); }
         [[nodiscard]] Text NewTabKeys() const override { return newTabKeys; }
         std::function<QIcon(const Tab&)> icon;
         std::function<Text(const Tab&)> tip;
@@ -107,7 +109,7 @@ TEST_F(TabStripViewTest, AColourIsPaintedBesideThePage) {
     Tab* first = Add("one");
     Add("two");
     Show();
-    strip.SetColour(first, TabColour::Green);
+    auto* group = strip.NewGroup(first, u"News", TabColour::Green);
     const QColor green = Palette::MarkColour(TabColour::Green);
     const auto at = [this](const Tab* tab, bool lower) {
         const QRect place = widget.TabPlace(strip.PositionOf(tab));
@@ -118,17 +120,19 @@ TEST_F(TabStripViewTest, AColourIsPaintedBesideThePage) {
     EXPECT_NE(at(strip.FindAt(2), true), green);
     strip.SetPlacement(TabPlacement::Bottom);
     EXPECT_EQ(at(first, false), green);
-    strip.SetColour(first, TabColour::None);
+    strip.SetGroupColour(group, TabColour::Red);
     EXPECT_NE(at(first, false), green);
 }
 
 TEST_F(TabStripViewTest, AColourIsRepaintedByItself) {
-    Tab* first = Add("one");
+    auto* group = strip.NewGroup(Add("one"), u"News", TabColour::Green);
+    Add("two");
     Show();
     PaintLog log(widget);
-    strip.SetColour(first, TabColour::Red);
+    strip.SetGroupColour(group, TabColour::Red);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); }));
-    EXPECT_EQ(log.regions[0].boundingRect(), widget.TabPlace(1));
+    EXPECT_TRUE(log.regions[0].intersects(widget.TabPlace(1)));
+    EXPECT_FALSE(log.regions[0].intersects(widget.TabPlace(2)));
 }
 
 TEST_F(TabStripViewTest, FiveHundredNewTabsAreLaidOutAndPaintedOnce) {
