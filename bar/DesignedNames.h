@@ -222,6 +222,20 @@ inline constexpr auto kTools = std::to_array<TextView>({
     u"xtrGroupRename",
     u"xtrGroupDelete",
     u"xtrExportTessaGroups",
+    u"xtrTabPanel",
+    u"xtrTabStripHidden",
+    u"xtrTabPanelRight",
+    u"xtrChosenTabs",
+    u"xtrChosenClose",
+    u"xtrChosenMute",
+    u"xtrChosenSleep",
+    u"xtrChosenSaveAsTessaGroup",
+    u"xtrChosenAddToTessaGroup",
+    u"xtrChosenCopyAddresses",
+    u"xtrChosenAll",
+    u"xtrChosenNone",
+    u"xtrTabSleep",
+    u"xtrTabRename",
     // A command without a place on the bar: its tools are made for the words of one page.
     u"xtrReplaceWord",
 });
@@ -233,7 +247,7 @@ inline constexpr auto kBands = std::to_array<TextView>({
     u"bndMail",          u"bndMisc",           u"bndFont",         u"bndShopMenu",   u"bndFindLinks",
     u"bndMore",          u"bndMoreMenu",       u"bndTabMore",      u"bndTabGroup",   u"bndTabGroupColour",
     u"bndMoreBookmarks", u"bndFavoriteFolder", u"bndFavoriteLink", u"bndGroupEntry", u"bndNewTab",
-    u"bndTileMenu",
+    u"bndTileMenu",      u"bndChosenTabs",     u"bndTabPanel",
 });
 
 /// How the names of families begin. A click on any tool of the first three does what its family does.

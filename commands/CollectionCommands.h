@@ -7,8 +7,8 @@ namespace tessa {
 namespace CollectionCommands {
 
 void AddToTessaGroup(CommandContext& context);
-/// The same for the tab that the pop-up was opened on.
-void AddTabToTessaGroup(CommandContext& context);
+/// The same for the tab of that view.
+void AddViewToTessaGroup(CommandContext& context, std::int32_t index);
 void SaveAsTessaGroup(CommandContext& context);
 void OrganizeTessaGroups(CommandContext& context);
 /// Checks the groups of the user's folder.

@@ -1,6 +1,7 @@
 #include "commands/CommandTable.h"
 
 #include "commands/BookmarkCommands.h"
+#include "commands/ChosenCommands.h"
 #include "commands/CollectionCommands.h"
 #include "commands/HistoryCommands.h"
 #include "commands/MenuEntryCommands.h"
@@ -149,10 +150,10 @@ constexpr std::array kCommands{
             u"Sorts, renames and deletes Favorites", u"bookmarks-organize", Keep::OrganizeFavorites},
 
     Command{u"mnuTabStop"_tool, u"&Stop", u"Popup", u"Stops loading the page of this tab", u"process-stop",
-            Tabs::PopupStop},
+            ChosenCommands::PopupStop},
     Command{u"mnuTabRefresh"_tool, u"&Refresh", u"Popup", u"Loads the page of this tab again", u"view-refresh",
-            Tabs::PopupRefresh},
-    Command{u"mnuTabClose"_tool, u"&Close", u"Popup", u"Closes this tab", u"view-close", Tabs::PopupClose},
+            ChosenCommands::PopupRefresh},
+    Command{u"mnuTabClose"_tool, u"&Close", u"Popup", u"Closes this tab", u"view-close", ChosenCommands::PopupClose},
 
     Command{u"mnuLoadImages"_tool, u"&Load Images", u"Options", u"Whether pages load images", u"view-preview",
             Pages::ToggleLoadOption},
@@ -263,11 +264,11 @@ constexpr std::array kCommands{
     Command{u"xtrTabDuplicate"_tool, u"&Duplicate", u"", u"Opens this page once more beside its tab", u"tab-duplicate",
             TabMore::Duplicate},
     Command{u"xtrTabMute"_tool, u"M&ute", u"", u"Silences this tab or lets it be heard again", u"audio-volume-muted",
-            TabMore::Mute},
+            ChosenCommands::PopupMute},
     Command{u"xtrTabAddToTessaGroup"_tool, u"Add to &TessaGroup...", u"", u"Adds this page to a TessaGroup",
-            u"list-add", Keep::AddTabToTessaGroup},
+            u"list-add", ChosenCommands::PopupAddToTessaGroup},
     Command{u"xtrTabCopyAddress"_tool, u"Copy &Address", u"", u"Copies the address of this page to the clipboard",
-            u"edit-copy", TabMore::CopyAddress},
+            u"edit-copy", ChosenCommands::PopupCopyAddress},
     Command{u"xtrSessions"_tool, u"Earlier &Sessions...", u"More", u"Opens pages of earlier sessions again",
             u"view-history", kRuns<&WindowCommands::ShowSessions>},
     Command{u"xtrDownloads"_tool, u"Do&wnloads", u"More", u"Shows the files that are being saved and those that were",
@@ -413,6 +414,38 @@ constexpr std::array kCommands{
     Command{u"xtrExportTessaGroups"_tool, u"E&xport TessaGroups...", u"More",
             u"Writes your TessaGroups to a file for other browsers", u"document-export",
             BookmarkCommands::ExportTessaGroups},
+    // The list of tabs at the side, and several tabs at once.
+    Command{u"xtrTabPanel"_tool, u"Tabs at the Side", u"More", u"Shows the tabs as a list at the side of the window",
+            u"sidebar-show", CommandTraits::CountsFrom{300}, Key{'E', kCtrl | kShift},
+            kRuns<&WindowCommands::ToggleTabPanel>},
+    Command{u"xtrTabStripHidden"_tool, u"&Hide Tab Strip", u"More",
+            u"Hides the strip of tabs as long as the tabs are at the side", u"",
+            kRuns<&WindowCommands::ToggleTabStrip>},
+    Command{u"xtrTabPanelRight"_tool, u"At the &Right", u"More", u"Moves the list of tabs to the other side", u"",
+            kRuns<&WindowCommands::MoveTabPanel>},
+    Command{u"xtrChosenTabs"_tool, u"Selected Tabs", u"More", u"Works on all tabs that are selected", u"",
+            Opens{u"bndChosenTabs"_band}},
+    Command{u"xtrChosenClose"_tool, u"Clos&e", u"More", u"Closes the selected tabs", u"view-close",
+            ChosenCommands::Close},
+    Command{u"xtrChosenMute"_tool, u"&Mute", u"More", u"Silences the selected tabs or lets them be heard again",
+            u"audio-volume-muted", ChosenCommands::Mute},
+    Command{u"xtrChosenSleep"_tool, u"&Sleep", u"More",
+            u"Gives up the pages of the selected tabs until they are looked at again", u"", ChosenCommands::Sleep},
+    Command{u"xtrChosenSaveAsTessaGroup"_tool, u"Sa&ve as TessaGroup...", u"More",
+            u"Saves the selected tabs as a TessaGroup", u"document-save", ChosenCommands::SaveAsTessaGroup},
+    Command{u"xtrChosenAddToTessaGroup"_tool, u"Add to &TessaGroup...", u"More",
+            u"Adds the pages of the selected tabs to a TessaGroup", u"list-add", ChosenCommands::AddToTessaGroup},
+    Command{u"xtrChosenCopyAddresses"_tool, u"Copy &Addresses", u"More",
+            u"Copies the addresses of the selected tabs to the clipboard, a line for each", u"edit-copy",
+            ChosenCommands::CopyAddresses},
+    Command{u"xtrChosenAll"_tool, u"Select A&ll Tabs", u"More", u"Selects all tabs", u"edit-select-all",
+            ChosenCommands::All},
+    Command{u"xtrChosenNone"_tool, u"Select &None", u"More", u"Ends the selection of tabs", u"edit-select-none",
+            ChosenCommands::None},
+    Command{u"xtrTabSleep"_tool, u"S&leep", u"", u"Gives up the page of this tab until it is looked at again", u"",
+            ChosenCommands::PopupSleep},
+    Command{u"xtrTabRename"_tool, u"Rena&me...", u"", u"Gives this tab a name of your own", u"edit-rename",
+            ChosenCommands::PopupRename},
     // Tab groups and pins.
     Command{u"xtrTabPin"_tool, u"&Pin", u"", u"Keeps this tab at the left, as an icon, or no longer", u"window-pin",
             CountsFrom{330}, GroupTabs::Pin},

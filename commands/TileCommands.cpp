@@ -2,6 +2,8 @@
 
 #include "bar/ToolName.h"
 
+#include <algorithm>
+
 namespace tessa {
 
 namespace {
@@ -46,8 +48,11 @@ void Rows(CommandContext& context) { ShowChosen(context, TileLayouts::Rows); }
 void Grid(CommandContext& context) { ShowChosen(context, TileLayouts::Grid); }
 
 void Main(CommandContext& context) {
-    const std::int32_t large = context.tabs.CurrentIndex();
-    ShowChosen(context, [large](const std::vector<std::int32_t>& open) { return TileLayouts::Main(large, open); });
+    const std::int32_t front = context.tabs.CurrentIndex();
+    ShowChosen(context, [front](const std::vector<std::int32_t>& open) {
+        const bool there = std::ranges::find(open, front) != open.end();
+        return TileLayouts::Main(there || open.empty() ? front : open.front(), open);
+    });
 }
 
 void None(CommandContext& context) { context.tiles.Dissolve(); }

@@ -26,6 +26,7 @@ void TabStrip::Remove(const Tab* tab) {
     if (position == 0) return;
     // [a][S][b] -> [a][b]: S was at index 1, where its right neighbour b stands now.
     const bool wasSelected = tab == m_selected;
+    if (tab->m_chosen) --m_countChosen;
     Leave(*m_tabs[position - 1]);
     if (tab->m_pinned) --m_pinned;
     m_byKey.erase(tab->m_key);
@@ -73,6 +74,12 @@ void TabStrip::SetCaption(Tab* tab, Text caption) {
     Mark(TabStripChange::Faces);
 }
 
+void TabStrip::SetName(Tab* tab, Text name) {
+    if (tab->m_name == name) return;
+    tab->m_name = std::move(name);
+    Mark(TabStripChange::Faces);
+}
+
 void TabStrip::SetImage(Tab* tab, TabImage image) {
     if (tab->m_image == image) return;
     SetLoads(*tab, [=] { tab->m_image = image; });
@@ -108,6 +115,14 @@ void TabStrip::SetNews(Tab* tab, TabNews news, Text words) {
     tab->m_news = news;
     tab->m_newsWords = std::move(words);
     Mark(TabStripChange::Faces);
+}
+
+// At once, as with what is selected: somebody has just clicked there.
+void TabStrip::SetChosen(Tab* tab, bool chosen) {
+    if (tab->m_chosen == chosen) return;
+    tab->m_chosen = chosen;
+    m_countChosen = chosen ? m_countChosen + 1 : m_countChosen - 1;
+    Mark(TabStripChange::Layout);
 }
 
 void TabStrip::SetPlacement(TabPlacement placement) {

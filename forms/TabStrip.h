@@ -33,6 +33,10 @@ class Tab {
 public:
     [[nodiscard]] const Text& Key() const { return m_key; }
     [[nodiscard]] const Text& Caption() const { return m_caption; }
+    /// What its user calls it; empty when he has not named it.
+    [[nodiscard]] const Text& Name() const { return m_name; }
+    /// What is shown of it: its name, else its caption.
+    [[nodiscard]] const Text& Shown() const { return m_name.empty() ? m_caption : m_name; }
     [[nodiscard]] TabImage Image() const { return m_image; }
     /// The page waits for an answer of its user.
     [[nodiscard]] bool Asks() const { return m_asks; }
@@ -50,16 +54,19 @@ public:
     [[nodiscard]] TabNews News() const { return m_news; }
     /// What is new, in a few words; empty without any.
     [[nodiscard]] const Text& NewsWords() const { return m_newsWords; }
+    /// Its user has chosen it, maybe with others, for what he does next. Says nothing of what is in front.
+    [[nodiscard]] bool Chosen() const { return m_chosen; }
     std::int32_t Tag = 0;
 
 private:
     friend class TabStrip;
-    Text m_key, m_caption, m_awaited, m_newsWords;
+    Text m_key, m_caption, m_name, m_awaited, m_newsWords;
     TabNews m_news = TabNews::Unknown;
     TabImage m_image = TabImage::None;
     bool m_asks = false;
     TabSound m_sound = TabSound::None;
     bool m_private = false;
+    bool m_chosen = false;
     bool m_pinned = false;
     bool m_queued = false;
     TabGroup* m_group = nullptr;
@@ -97,6 +104,8 @@ public:
     void UserClick(Tab* tab);
 
     void SetCaption(Tab* tab, Text caption);
+    /// An empty name takes it away.
+    void SetName(Tab* tab, Text name);
     void SetImage(Tab* tab, TabImage image);
     void SetAsks(Tab* tab, bool asks);
     void SetAwaited(Tab* tab, Text address);
@@ -105,6 +114,9 @@ public:
     /// The tab waits until it is its turn to load.
     void SetQueued(Tab* tab, bool queued);
     void SetNews(Tab* tab, TabNews news, Text words = {});
+    void SetChosen(Tab* tab, bool chosen);
+    /// How many tabs are chosen.
+    [[nodiscard]] std::size_t CountChosen() const { return m_countChosen; }
 
     /// Pins the tab behind the other pinned ones, which takes it out of its group; or puts it before all that are not.
     void SetPinned(Tab* tab, bool pinned);
@@ -165,6 +177,7 @@ private:
     std::size_t m_pinned = 0;
     std::uint64_t m_arrangement = 0;
     Tab* m_selected = nullptr;
+    std::size_t m_countChosen = 0;
     TabPlacement m_placement = TabPlacement::Top;
     Signal<void(TabStripChange)> m_mirror;
     bool m_layoutMarked = false;

@@ -5,6 +5,8 @@
 #include "settings/InternetSettings.h"
 #include "tabs/OpenTabs.h"
 
+#include <algorithm>
+
 namespace tessa {
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
@@ -12,6 +14,19 @@ void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
     Reread(SGFile);
     m_parts.tabs.Say(added ? u"Added to the TessaGroup " + NameOf(SGFile) + u"."
                            : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
+}
+
+void GroupCommands::AddAllToTessaGroup(const std::vector<Text>& addresses, TextView SGFile) {
+    const bool added = std::ranges::all_of(addresses, [&](const Text& each) {
+        return TessaGroups::Append(SGFile, Address::WithoutUser(each)) == Outcome::Done;
+    });
+    const Text count = Decimal(static_cast<std::int64_t>(addresses.size()));
+    m_parts.tabs.Say(added ? count + u" pages were added to the TessaGroup " + NameOf(SGFile) + u"."
+                           : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
+}
+
+void GroupCommands::SaveTabs(TextView path, const std::vector<std::int32_t>& indexes) {
+    SaySaved(TessaGroups::SaveTabs(path, m_parts.pcPage, m_parts.Browser, m_parts.messages, indexes), path);
 }
 
 void GroupCommands::SaveAsTessaGroup(TextView path) {

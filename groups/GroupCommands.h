@@ -16,9 +16,13 @@ public:
 
     /// Writes an address into a group, which is made when missing.
     void AddToTessaGroup(TextView URL, TextView SGFile);
+    /// Several in their order; stops at the first that cannot be written.
+    void AddAllToTessaGroup(const std::vector<Text>& addresses, TextView SGFile);
     /// Saves all open tabs as that group; asks before it replaces one.
     void SaveAsTessaGroup(TextView path);
-    /// The same for whoever is not there to be asked: replaces, and leaves private tabs out.
+    /// The same for the tabs of these views.
+    void SaveTabs(TextView path, const std::vector<std::int32_t>& indexes);
+    /// All of them, for whoever is not there to be asked: replaces, and leaves private tabs out.
     [[nodiscard]] TessaGroups::Saved SaveUnasked(TextView path);
     /// Saves addresses as that group; asks before it replaces one.
     void SaveAddresses(TextView path, const std::vector<Text>& addresses);

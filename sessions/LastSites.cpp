@@ -3,7 +3,9 @@
 #include "base/Address.h"
 #include "base/LinkTrust.h"
 #include "tabs/OpenTabs.h"
+#include "tabs/TabKeys.h"
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <utility>
@@ -46,6 +48,23 @@ std::vector<Text> OpenTiles(const TabStrip& pcPage, ViewArray& Browser, const Ti
 
 Text OpenGroups(const TabStrip& pcPage, ViewArray& Browser, const TabGroups& groups) {
     return KeptGroupsText(groups.Kept(Numbers(pcPage, Browser)));
+}
+
+std::vector<Text> OpenNames(const TabStrip& pcPage, ViewArray& Browser) {
+    std::vector<Text> names;
+    bool any = false;
+    for (const OpenTab open : OpenTabs(pcPage, Browser)) {
+        if (!IsKept(open)) continue;
+        names.push_back(open.Item.Name());
+        any |= !open.Item.Name().empty();
+    }
+    return any ? names : std::vector<Text>();
+}
+
+void Name(const std::vector<Text>& names, const std::vector<std::int32_t>& indexes, TabStrip& pcPage) {
+    for (std::size_t i = 0; i < std::min(names.size(), indexes.size()); ++i) {
+        if (auto* tab = TabOfView(pcPage, indexes[i])) pcPage.SetName(tab, names[i]);
+    }
 }
 
 std::vector<std::int32_t> Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack& cameBack) {

@@ -17,7 +17,7 @@ namespace {
 constexpr TextView kSession = u"Session", kPage = u"Page";
 constexpr TextView kTime = u"Time", kEnded = u"Ended", kSettled = u"Settled", kSelected = u"Selected",
                    kBlanks = u"Blanks", kTiles = u"Tiles";
-constexpr TextView kAddress = u"Address", kTitle = u"Title";
+constexpr TextView kAddress = u"Address", kTitle = u"Title", kName = u"Name";
 
 Text CleanOf(TextView text) { return FromBytes(WithoutControls(ToUtf8(text))); }
 
@@ -34,8 +34,10 @@ Record RecordOf(const Session& session) {
 }
 
 Record RecordOf(const SessionPage& page) {
-    return {.Name = Text(kPage),
-            .Values = {{Text(kAddress), CleanOf(page.Address)}, {Text(kTitle), CleanOf(page.Title)}}};
+    Record record{.Name = Text(kPage),
+                  .Values = {{Text(kAddress), CleanOf(page.Address)}, {Text(kTitle), CleanOf(page.Title)}}};
+    if (!page.Name.empty()) record.Values.emplace(kName, CleanOf(page.Name));
+    return record;
 }
 
 // A number that is none, or below zero, is 0.
@@ -59,7 +61,8 @@ std::optional<SessionPage> PageOf(const Record& record) {
     const Text* address = record.FindText(kAddress);
     if (record.Name != kPage || !address) return std::nullopt;
     const Text* title = record.FindText(kTitle);
-    return SessionPage{*address, title ? *title : Text()};
+    const Text* name = record.FindText(kName);
+    return SessionPage{*address, title ? *title : Text(), name ? *name : Text()};
 }
 
 std::optional<Session> FromRecords(const std::vector<Record>& records) {

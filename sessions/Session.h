@@ -14,6 +14,7 @@ namespace tessa {
 struct SessionPage {
     Text Address;
     Text Title;
+    Text Name{}; ///< what its user has called the tab; empty for none
     bool operator==(const SessionPage&) const = default;
 };
 

@@ -40,7 +40,7 @@ Session SessionJournal::Snapshot() const {
         const Text address = open.Address();
         if (IsBlankAddress(address)) ++session.Blanks;
         if (!IsWorthKeeping(address)) continue;
-        session.Pages.push_back({address, open.View->Control->LocationName()});
+        session.Pages.push_back({address, open.View->Control->LocationName(), open.Item.Name()});
         numbers[open.Index()] = static_cast<std::int32_t>(session.Pages.size());
         if (&open.Item == m_pcPage.SelectedItem()) session.Selected = session.Pages.size();
     }
@@ -168,7 +168,8 @@ void SessionJournal::Open(const Session& pages) {
         if (!view) continue;
         ResumeNext(view->Navigate(each.Address));
         opened.back() = m_tabs.CurrentIndex();
-        const auto* tab = m_pcPage.SelectedItem();
+        auto* tab = m_pcPage.SelectedItem();
+        if (tab) m_pcPage.SetName(tab, each.Name);
         if (tab && opened.size() == pages.Selected) key = tab->Key();
     }
     if (auto* tab = m_pcPage.Find(key)) m_pcPage.Select(tab);

@@ -56,6 +56,7 @@ private:
         bool Pinned = false;
         std::int32_t Index = 0; ///< of its view
         std::optional<GroupMembership> Group{};
+        Text Name{}; ///< that its user has given it
     };
     struct Command {
         std::vector<ClosedTab> Tabs;   ///< in the order in which they were closed

@@ -197,9 +197,10 @@ void TabSet::SetTabTitle(std::int32_t Index, TextView title) {
 
 Text TabSet::Describe(const Tab& tab) const {
     const auto* view = m_browser.Find(tab.Tag);
-    if (!view) return tab.Caption();
+    if (!view) return tab.Shown();
     const Text title = view->Control->LocationName(), address = view->Control->LocationURL();
-    const Text first = (title.empty() ? tab.Caption() : title).substr(0, kMostDescribed);
+    Text first = (title.empty() ? tab.Caption() : title).substr(0, kMostDescribed);
+    if (!tab.Name().empty()) first = tab.Name() + u"\n" + first;
     Text all = address.empty() ? first : first + u"\n" + address.substr(0, kMostDescribed);
     if (!tab.Awaited().empty() && tab.Awaited() != address)
         all += u"\nWaiting for " + tab.Awaited().substr(0, kMostDescribed);

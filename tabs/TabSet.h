@@ -46,7 +46,8 @@ public:
     void SetTabAsks(std::int32_t Index, bool asks);
     /// The caption for a page's title: the whole title, or its first `TitleLengthLimit` characters and "...".
     void SetTabTitle(std::int32_t Index, TextView title);
-    /// What a tab's page is, for its user: title and address, a line each. No more than what is readable.
+    /// What a tab's page is, for its user: the name that he has given it, title and address, a line each. No more than
+    /// what is readable.
     [[nodiscard]] Text Describe(const Tab& tab) const;
     /// The address of a tab's page; while it shows none, of the one that it waits for. No more than is readable.
     [[nodiscard]] Text AddressOf(const Tab& tab) const;

@@ -6,6 +6,7 @@
 #include "base/Captions.h"
 #include "base/LinkTrust.h"
 #include "base/os/Log.h"
+#include "commands/ChosenCommands.h"
 #include "commands/DesignTimeBar.h"
 #include "commands/PageMenu.h"
 #include "commands/ReadingCommands.h"
@@ -42,7 +43,8 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_tabGroups(m_tabs, pcPage, m_browser),
       m_groups({m_tabs, pcPage, m_browser, m_tabGroups, m_tiles, sbStatus, m_platform.messages, m_platform.files,
                 m_platform.forms, m_platform.settings, m_platform.groupFolder}),
-      m_chosen(pcPage),
+      m_choice(pcPage),
+      m_chosen(pcPage, m_choice),
       m_closed(m_tabs, pcPage, m_browser, m_tabGroups),
       m_stripInput(m_tabs, pcPage, m_browser, actBar),
       m_pages(m_tabs, actBar, m_platform.settings),
@@ -56,6 +58,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                 m_tabGroups,
                 m_closed,
                 m_tiles,
+                m_choice,
                 m_chosen,
                 m_platform.files,
                 m_platform.messages,
@@ -79,18 +82,20 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_taskView(pcPage, m_browser),
       m_reads({pcPage, m_browser, m_tabGroups, m_platform.visits, m_platform.clock}),
       m_openPages(m_reads, pcPage, m_browser, m_platform.visits),
+      m_tabPanel({pcPage, m_browser, m_tabs, m_choice, m_tabGroups}),
       m_history({m_tabs, pcPage, m_browser, m_groups, m_platform.messages, m_platform.files, m_platform.visits,
                  m_platform.clock, m_platform.groupFolder}),
       m_homeFacts({m_platform.visits, m_platform.clock, m_closed, m_platform.groupFolder}),
       m_settings({pcPage, m_tabs, m_groups, m_sleep, m_reads}, m_platform.settings),
       m_commands({m_tabs, pcPage, m_browser, actBar, m_context, m_sessions, m_settings, m_taskView, m_downloadPanel,
-                  m_history, m_openPages},
+                  m_history, m_openPages, m_tabPanel},
                  m_platform),
       m_dispatcher(m_context),
-      m_keyboard(actBar, m_tabs, m_dispatcher),
+      m_keyboard(actBar, m_tabs, m_choice, m_dispatcher),
       m_closing({m_tabs, pcPage, m_downloads, m_platform.window, m_platform.messages}) {
     m_context.window = &m_commands;
     m_context.reads = &m_reads;
+    m_context.sleep = &m_sleep;
     DesignTimeBar::Make(actBar);
     WireParts();
 }
@@ -128,6 +133,8 @@ void frmMain::WireParts() {
     WireDownloads();
     WireSleep();
     WireReading();
+    WireChoice();
+    WireTabPanel();
     TabMoreCommands::ShowReopen(m_context);
 }
 
@@ -190,6 +197,7 @@ void frmMain::WireDownloads() {
 
 void frmMain::WireSleep() {
     m_tabs.Opened.ConnectForLife([this](std::int32_t index) { m_sleep.Opened(index); });
+    m_sleep.Slept.ConnectForLife([this] { m_tabPanel.Dozed(); });
     m_relief.Say.ConnectForLife([this](TextView words) { m_tabs.Say(words); });
 }
 
@@ -211,6 +219,28 @@ void frmMain::WireReading() {
         m_homeFacts.Ask();
         m_history.AskAgain();
     });
+}
+
+void frmMain::WireChoice() {
+    m_choice.Changed.ConnectForLife([this] { ChosenCommands::ShowState(m_context); });
+    ChosenCommands::ShowState(m_context);
+}
+
+void frmMain::WireTabPanel() {
+    m_tabPanel.Closes.ConnectForLife(
+        [this](const std::vector<std::int32_t>& indexes) { ChosenCommands::CloseTabs(m_context, indexes); });
+    m_tabPanel.Changed.ConnectForLife([this] { ShowTabPanel(); });
+    ShowTabPanel();
+}
+
+void frmMain::ShowTabPanel() {
+    const bool shown = m_tabPanel.Form.Visible(), hides = m_tabPanel.HidesStrip();
+    if (auto* tool = actBar.Find(u"xtrTabPanel"_tool)) tool->Checked = shown;
+    if (auto* tool = actBar.Find(u"xtrTabPanelRight"_tool)) tool->Checked = m_tabPanel.OnRight();
+    if (auto* tool = actBar.Find(u"xtrTabStripHidden"_tool)) tool->Checked = m_tabPanel.StripHidden();
+    for (const ToolName name : {u"xtrTabPanelRight"_tool, u"xtrTabStripHidden"_tool}) actBar.Enable(name, shown);
+    m_platform.window.ShowTabStrip(!hides);
+    if (std::exchange(m_stripHidden, hides) != hides && m_stage == Stage::Loaded) Form_Resize();
 }
 
 void frmMain::AskHomeFacts() {
@@ -257,6 +287,7 @@ void frmMain::Prepare() {
     m_tabs.ShowStatusBar(store.ShowStatusBar.Get());
     m_tiles.ShowHeaders(store.TileHeaders.Get());
     TileCommands::ShowState(m_context);
+    m_tabPanel.Restore(store);
     for (const ToolName name : kDisabledAtStart) actBar.Enable(name, false);
 }
 
@@ -333,6 +364,7 @@ void frmMain::OpenAtStart() {
     if (m_settings.RememberLastSites && !m_openedFromCommandLine) {
         const SettingsStore store(m_platform.settings);
         const auto opened = LastSites::Reopen(store.LastSites.Get(), m_tabs, m_browser, m_sessions.CameBack);
+        LastSites::Name(store.LastNames.Get(), opened, pcPage);
         m_groups.Restore(KeptGroupsIn(store.LastGroups.Get(), opened.size()), opened);
         m_tiles.Restore(store.LastTiles.Get(), opened);
     }
@@ -379,6 +411,7 @@ void frmMain::Save() {
 void frmMain::SaveSettings() {
     const std::vector<Text> sites = LastSites::Open(pcPage, m_browser);
     const std::vector<Text> tiles = LastSites::OpenTiles(pcPage, m_browser, m_tiles);
+    const std::vector<Text> names = LastSites::OpenNames(pcPage, m_browser);
     const Text groups = LastSites::OpenGroups(pcPage, m_browser, m_tabGroups);
     SettingsStore store(m_platform.settings);
     WindowPlacement::Save(store, m_platform.window);
@@ -386,14 +419,16 @@ void frmMain::SaveSettings() {
     ResumeNext(store.LastSites.Set(sites));
     BoxHistories::Save(store, actBar);
     ResumeNext(store.ShowStatusBar.Set(sbStatus.Visible()));
+    m_tabPanel.Save(store);
     if (tiles != store.LastTiles.Get()) ResumeNext(store.LastTiles.Set(tiles));
+    if (names != store.LastNames.Get()) ResumeNext(store.LastNames.Set(names));
     if (groups != store.LastGroups.Get()) ResumeNext(store.LastGroups.Set(groups));
 }
 
 MainLayout::Inputs frmMain::LayoutInputs() const {
     const auto& window = m_platform.window;
     return {window.InnerWidth(), window.InnerHeight(), sbStatus.Visible() ? sbStatus.Height : Pixels{0},
-            pcPage.RowHeight, pcPage.Placement()};
+            m_tabPanel.HidesStrip() ? Pixels{0} : pcPage.RowHeight, pcPage.Placement()};
 }
 
 void frmMain::PlaceView(ArrayView& view) {

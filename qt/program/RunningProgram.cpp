@@ -20,6 +20,7 @@
 #include "qt/program/PageBarsAssembly.h"
 #include "qt/program/ReportSource.h"
 #include "qt/program/StripAssembly.h"
+#include "qt/program/TabPanelAssembly.h"
 #include "qt/program/TileAssembly.h"
 #include "qt/program/WindowAssembly.h"
 #include "qt/script/GroupPrint.h"
@@ -77,6 +78,7 @@ struct RunningProgram::Parts {
     frmMain main{Outside()};
     StripAssembly strip{main, engine.engine};
     WindowAssembly frame{main, window, strip.strip};
+    TabPanelAssembly tabPanel{main, engine.engine, window, tiles.area};
     BarAssembly bar{main, window, engine.engine};
     KeyboardAssembly keyboard{main, window, bar};
     TaskViewPresenter taskView{main.TaskView(), window};

@@ -41,7 +41,15 @@ void StripAssembly::FollowClicks() {
     strip.MuteRequested.ConnectForLife([this](const Tab& tab) {
         if (auto* view = m_main.Tabs().OpenView(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
     });
+    strip.PlainClick.ConnectForLife([this] { m_main.Choice().End(); });
+    strip.ChooseRequested.ConnectForLife([this](Tab& tab, Qt::KeyboardModifiers held) { Choose(tab, held); });
     strip.BlankRequested.ConnectForLife([this] { BarGestures::NewTab(m_main.actBar); });
+}
+
+void StripAssembly::Choose(Tab& tab, Qt::KeyboardModifiers held) {
+    auto& choice = m_main.Choice();
+    if (!held.testFlag(Qt::ShiftModifier)) return choice.Toggle(tab);
+    held.testFlag(Qt::ControlModifier) ? choice.AddTo(tab) : choice.ExtendTo(tab);
 }
 
 void StripAssembly::FollowPointer() {

@@ -32,6 +32,7 @@ private:
     [[nodiscard]] Text NewTabKeys() const override;
     void FollowClicks();
     void FollowPointer();
+    void Choose(Tab& tab, Qt::KeyboardModifiers held);
     void ListTabs(QPoint corner);
     void MakeList();
     [[nodiscard]] std::vector<TabListEntry> Lines() const;

@@ -17,6 +17,8 @@ constexpr int kTabGap = 6;
 constexpr int kCorner = 4;
 constexpr int kAccentHeight = 2;
 constexpr int kColourHeight = 3;
+constexpr int kHalfLight = 128;
+constexpr double kChosenShare = 0.35;
 /// No tab is wide enough for more; measuring a longer text would only cost time.
 constexpr int kMeasuredUnits = 256;
 
@@ -66,7 +68,6 @@ TabLook::TabLook(const QPalette& palette, TabPlacement placement)
     m_line = Palette::Mix(m_row, m_text, 0.22);
     m_quietText = Palette::Mix(m_row, m_text, 0.78);
     m_faintText = Palette::Mix(m_row, m_text, 0.55);
-    m_new = dark ? QColor(255, 190, 60) : QColor(214, 120, 0);
     m_private = dark ? QColor(178, 132, 255) : QColor(106, 50, 196);
 }
 
@@ -85,7 +86,7 @@ void TabLook::PaintIcon(QPainter& painter, const TabFace& face, const QRect& ico
         PaintBlankPage(painter, icon, Palette::Mix(m_row, m_text, 0.55));
     else
         face.icon.paint(&painter, icon);
-    if (face.news == TabNews::New && !face.asks && !face.busy) PaintNews(painter, icon);
+    if (face.news == TabNews::New && !face.asks && !face.busy) PaintNewsMark(painter, icon, m_row);
 }
 
 void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
@@ -187,11 +188,12 @@ void TabLook::PaintColour(QPainter& painter, const TabFace& face) const {
 }
 
 // A dot at the corner of the icon, with a rim that tells it from any icon.
-void TabLook::PaintNews(QPainter& painter, const QRect& icon) const {
+void TabLook::PaintNewsMark(QPainter& painter, const QRect& icon, const QColor& ground) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_row, 1.5));
-    painter.setBrush(m_new);
+    painter.setPen(QPen(ground, 1.5));
+    const bool dark = ground.lightness() < kHalfLight;
+    painter.setBrush(dark ? QColor(255, 190, 60) : QColor(214, 120, 0));
     painter.drawEllipse(QPointF(icon.right() - 1.5, icon.top() + 2.5), 4.5, 4.5);
     painter.restore();
 }
@@ -200,13 +202,15 @@ void TabLook::PaintBody(QPainter& painter, const TabFace& face) const {
     const QRect& place = face.place;
     if (face.isPrivate && !face.selected)
         painter.fillRect(place.adjusted(0, 1, -1, 0), Palette::Mix(m_row, m_private, 0.25));
+    if (face.chosen && !face.selected) PaintChosen(painter, face);
     if (!face.selected && !face.hovered) {
         if (face.dividerShown) painter.fillRect(QRect(place.right(), place.top() + 5, 1, place.height() - 10), m_line);
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
     const QPainterPath shape = TabShape(place, m_placement);
-    const QColor body = face.selected ? m_selected : m_hovered;
+    const QColor plain = face.selected ? m_selected : m_hovered;
+    const QColor body = face.chosen ? Palette::Mix(plain, m_accent, kChosenShare) : plain;
     painter.fillPath(shape, face.isPrivate ? Palette::Mix(body, m_private, 0.25) : body);
     if (!face.selected) return;
     painter.save();
@@ -217,6 +221,14 @@ void TabLook::PaintBody(QPainter& painter, const TabFace& face) const {
     if (!face.focused) return;
     painter.setPen(QPen(m_accent, 1));
     painter.drawRoundedRect(QRectF(place).adjusted(2.5, 3.5, -2.5, -3.5), 2, 2);
+}
+
+// Chosen with others: the ground of the selection, which begins at the outer edge as on the tab in front.
+void TabLook::PaintChosen(QPainter& painter, const TabFace& face) const {
+    const QRect place = face.place.adjusted(0, 0, -1, 0);
+    painter.fillRect(place, Palette::Mix(m_row, m_accent, kChosenShare));
+    const int top = m_placement == TabPlacement::Top ? place.top() : place.bottom() + 1 - kAccentHeight;
+    painter.fillRect(QRect(place.left(), top, place.width(), kAccentHeight), Palette::Mix(m_row, m_accent, 0.7));
 }
 
 void TabLook::PaintAskMark(QPainter& painter, const QRect& place) {
@@ -274,7 +286,24 @@ void PaintHorn(QPainter& painter, const QColor& ink, QPointF centre) {
 
 } // namespace
 
-/// A loudspeaker, with waves when it is heard and crossed out when it is muted.
+void TabLook::PaintSoundMark(QPainter& painter, const QRect& place, const QColor& ink, TabSound sound) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPointF centre = QRectF(place).center();
+    PaintHorn(painter, ink, centre);
+    painter.setPen(QPen(ink, 1.2, Qt::SolidLine, Qt::RoundCap));
+    painter.setBrush(Qt::NoBrush);
+    if (sound == TabSound::Muted) {
+        painter.drawLine(centre + QPointF(2, -2), centre + QPointF(6, 2));
+        painter.drawLine(centre + QPointF(6, -2), centre + QPointF(2, 2));
+    } else {
+        for (const double radius : {2.5, 5.0})
+            painter.drawArc(QRectF(centre.x() - radius + 0.5, centre.y() - radius, 2 * radius, 2 * radius), -50 * 16,
+                            100 * 16);
+    }
+    painter.restore();
+}
+
 void TabLook::PaintSound(QPainter& painter, const TabFace& face) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -284,20 +313,9 @@ void TabLook::PaintSound(QPainter& painter, const TabFace& face) const {
         painter.setBrush(Palette::Mix(ground, m_text, 0.18));
         painter.drawRoundedRect(face.soundPlace, 3, 3);
     }
-    const QColor ink = face.soundHovered ? m_text : Palette::Mix(ground, m_text, 0.75);
-    const QPointF centre = QRectF(face.soundPlace).center();
-    PaintHorn(painter, ink, centre);
-    painter.setPen(QPen(ink, 1.2, Qt::SolidLine, Qt::RoundCap));
-    painter.setBrush(Qt::NoBrush);
-    if (face.sound == TabSound::Muted) {
-        painter.drawLine(centre + QPointF(2, -2), centre + QPointF(6, 2));
-        painter.drawLine(centre + QPointF(6, -2), centre + QPointF(2, 2));
-    } else {
-        for (const double radius : {2.5, 5.0})
-            painter.drawArc(QRectF(centre.x() - radius + 0.5, centre.y() - radius, 2 * radius, 2 * radius), -50 * 16,
-                            100 * 16);
-    }
     painter.restore();
+    PaintSoundMark(painter, face.soundPlace, face.soundHovered ? m_text : Palette::Mix(ground, m_text, 0.75),
+                   face.sound);
 }
 
 void TabLook::PaintClose(QPainter& painter, const TabFace& face) const {

@@ -24,6 +24,7 @@ struct TabFace {
     TabSound sound = TabSound::None;
     bool soundHovered = false;
     bool selected = false;
+    bool chosen = false; ///< together with others
     bool hovered = false;
     bool focused = false;
     bool pinned = false;
@@ -68,23 +69,27 @@ public:
     static void PaintBusyMark(QPainter& painter, const QRect& place);
     /// The page waits for an answer.
     static void PaintAskMark(QPainter& painter, const QRect& place);
+    /// A dot at the corner of an icon: the page says something new. `ground` is what the icon stands on.
+    static void PaintNewsMark(QPainter& painter, const QRect& icon, const QColor& ground);
+    /// A loudspeaker, with waves when it is heard and crossed out when it is muted.
+    static void PaintSoundMark(QPainter& painter, const QRect& place, const QColor& ink, TabSound sound);
     /// A sheet with a folded corner, for a page that has no icon.
     static void PaintBlankPage(QPainter& painter, const QRect& place, const QColor& color);
 
 private:
     void PaintBody(QPainter& painter, const TabFace& face) const;
+    void PaintChosen(QPainter& painter, const TabFace& face) const;
     void PaintColour(QPainter& painter, const TabFace& face) const;
     void PaintPane(QPainter& painter, const TabFace& face) const;
     void PaintCaption(QPainter& painter, const TabFace& face, int left) const;
     void PaintIcon(QPainter& painter, const TabFace& face, const QRect& icon) const;
-    void PaintNews(QPainter& painter, const QRect& icon) const;
     void PaintHeadWords(QPainter& painter, const TabHeadFace& face, const QRect& box, const QColor& ink) const;
     static void PaintHeadArrow(QPainter& painter, const QPointF& centre, bool folded);
     void PaintSound(QPainter& painter, const TabFace& face) const;
     void PaintClose(QPainter& painter, const TabFace& face) const;
 
     TabPlacement m_placement;
-    QColor m_row, m_line, m_selected, m_hovered, m_text, m_quietText, m_accent, m_private, m_new, m_faintText;
+    QColor m_row, m_line, m_selected, m_hovered, m_text, m_quietText, m_accent, m_private, m_faintText;
 };
 
 } // namespace tessa::qt

@@ -55,8 +55,9 @@ public:
     QString text(QAccessible::Text kind) const override {
         const Tab* tab = Find();
         if (!tab) return {};
-        if (kind == QAccessible::Name) return ToQt(OneLine(tab->Caption()));
+        if (kind == QAccessible::Name) return ToQt(OneLine(tab->Shown()));
         if (kind == QAccessible::Description && tab->Asks()) return QStringLiteral("Asks a question");
+        if (kind == QAccessible::Description && tab->Chosen()) return QStringLiteral("Selected with others");
         if (kind == QAccessible::Description && tab->Private()) return QStringLiteral("Private");
         if (kind == QAccessible::Description && !tab->Awaited().empty()) return Waiting(*tab);
         if (kind == QAccessible::Description && Busy(*tab)) return QStringLiteral("Loading");
@@ -280,7 +281,8 @@ QAccessibleInterface* TabStripAccessible::Interface(const Text& key) const {
         return QAccessible::accessibleInterface(found->second.id);
     auto* interface = new TabAccessible(m_strip, key);
     const Tab* tab = m_strip.Model().Find(key);
-    m_known.emplace(key, Known{QAccessible::registerAccessibleInterface(interface), tab ? tab->Caption() : Text()});
+    m_known.emplace(key, Known{QAccessible::registerAccessibleInterface(interface), tab ? tab->Shown() : Text(),
+                               tab && tab->Chosen()});
     return interface;
 }
 
@@ -328,10 +330,12 @@ void TabStripAccessible::AnnounceTabs() {
         const auto known = m_known.find(tab.Key());
         if (known == m_known.end()) {
             Announce(Interface(tab.Key()), QAccessible::ObjectCreated);
-        } else if (known->second.caption != tab.Caption()) {
-            known->second.caption = tab.Caption();
-            Announce(Interface(tab.Key()), QAccessible::NameChanged);
+            continue;
         }
+        if (std::exchange(known->second.caption, tab.Shown()) != tab.Shown())
+            Announce(Interface(tab.Key()), QAccessible::NameChanged);
+        if (std::exchange(known->second.chosen, tab.Chosen()) != tab.Chosen())
+            Announce(Interface(tab.Key()), QAccessible::DescriptionChanged);
     }
 }
 

@@ -28,6 +28,7 @@ private:
     struct Known {
         QAccessible::Id id;
         Text caption;
+        bool chosen = false;
     };
 
     /// Announces what has changed since the last time: tabs come and gone, captions, the selection.

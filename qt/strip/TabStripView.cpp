@@ -168,13 +168,14 @@ TabStripView::Face TabStripView::FaceOf(const TabRowItem& item) const {
                 .changed = head.changed};
     }
     return {.key = tab->Key(),
-            .caption = tab->Caption(),
+            .caption = tab->Shown(),
             .image = tab->Image(),
             .asks = tab->Asks(),
             .sound = tab->Sound(),
             .news = tab->News(),
             .colour = tab->Colour(),
-            .pane = m_source.PaneOf(*tab)};
+            .pane = m_source.PaneOf(*tab),
+            .chosen = tab->Chosen()};
 }
 
 void TabStripView::RememberFaces() {
@@ -190,7 +191,7 @@ TabFace TabStripView::PaintedFace(const TabRowItem& item) const {
     face.pinned = item.What == TabRowItem::Kind::Pin;
     face.pane = m_source.PaneOf(*tab);
     // What turns the writing around in a title would do so in the dots behind it as well.
-    face.caption = ToQt(OneLine(tab->Caption()));
+    face.caption = ToQt(OneLine(tab->Shown()));
     face.isPrivate = tab->Private();
     face.asks = tab->Asks() && position != m_selected;
     face.busy = tab->Image() == TabImage::Red;
@@ -200,6 +201,7 @@ TabFace TabStripView::PaintedFace(const TabRowItem& item) const {
     face.colour = tab->Colour();
     face.soundHovered = position == m_hover.position && m_hover.part == Part::Sound;
     face.selected = position == m_selected;
+    face.chosen = tab->Chosen();
     face.hovered = position == m_hover.position && m_hover.part != Part::Head;
     face.focused = face.selected && hasFocus();
     face.dividerShown = position + 1 != m_selected;

@@ -26,6 +26,10 @@ public:
     /// The faces outlive the widget.
     explicit TabStripView(TabStrip& strip, const TabFaces& faces = TabFaces::Plain(), QWidget* parent = nullptr);
 
+    /// A tab was clicked with Ctrl or Shift held: it is to be chosen with others, and not brought to the front.
+    Signal<void(Tab&, Qt::KeyboardModifiers held)> ChooseRequested;
+    /// A tab is about to be clicked with the pointer, without such a key.
+    Signal<void()> PlainClick;
     /// The tab's close button was pressed.
     Signal<void(Tab&)> CloseRequested;
     /// The button that lists all tabs was pressed; where the list is to drop down, its right upper corner.
@@ -121,6 +125,7 @@ private:
         TabNews news = TabNews::Unknown;
         TabColour colour = TabColour::None;
         TabPane pane = TabPane::None;
+        bool chosen = false;
         std::size_t loading = 0; ///< of a head
         bool changed = false;
         bool operator==(const Face&) const = default;
@@ -149,6 +154,7 @@ private:
     void SetHover(const Spot& spot);
     void ShowToolTip(QPoint point, QPoint globalPoint);
     void StepTo(std::size_t position);
+    bool PressToChoose(QPoint point, Qt::KeyboardModifiers held);
     void PressLeft(QPoint point);
     void ReleaseHead(QPoint point);
     [[nodiscard]] QRect HeadAt(std::size_t position) const;

@@ -91,12 +91,22 @@ void TabStripView::mouseMoveEvent(QMouseEvent* event) {
 
 void TabStripView::leaveEvent(QEvent*) { SetHover({}); }
 
+// With Ctrl or Shift a click on a tab chooses it, and nothing else.
+bool TabStripView::PressToChoose(QPoint point, Qt::KeyboardModifiers held) {
+    const Spot spot = SpotAt(point);
+    Tab* tab = spot.part == Part::Tab ? m_strip.FindAt(spot.position) : nullptr;
+    if (!tab) return false;
+    const bool chooses = held & (Qt::ControlModifier | Qt::ShiftModifier);
+    chooses ? ChooseRequested(*tab, held) : PlainClick();
+    return chooses;
+}
+
 void TabStripView::mousePressEvent(QMouseEvent* event) {
     Settle();
     const QPoint point = event->position().toPoint();
     if (event->button() == Qt::RightButton) PressRight(point);
     if (event->button() == Qt::MiddleButton) CloseByMiddleButton(point);
-    if (event->button() == Qt::LeftButton) PressLeft(point);
+    if (event->button() == Qt::LeftButton && !PressToChoose(point, event->modifiers())) PressLeft(point);
 }
 
 void TabStripView::PressRight(QPoint point) {

@@ -49,7 +49,7 @@ TEST(CommandTableTest, OfOurOwnOnlyWhatOpensAMenuDoesNothing) {
                   return !row.Runs() && TextView(row.tool).starts_with(DesignedNames::kOwnCommands);
               }),
               (std::set<std::string>{"xtrMore", "xtrTabMore", "xtrBookmarks", "xtrTiles", "xtrTabGroupMenu",
-                                     "xtrTabGroupColour"}));
+                                     "xtrTabGroupColour", "xtrChosenTabs"}));
     for (const Command& row : CommandTable()) {
         if (!row.Runs() && TextView(row.tool).starts_with(DesignedNames::kOwnCommands)) {
             EXPECT_TRUE(row.subBand) << ToUtf8(row.tool);

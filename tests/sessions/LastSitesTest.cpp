@@ -44,6 +44,22 @@ TEST(LastSites, NothingIsReopenedWhenTheUserDoesNotWantItOrNamedAnAddress) {
     }
 }
 
+TEST(LastSites, NamesComeBackWithTheirTabs) {
+    FakeSettings kept;
+    {
+        Desk desk(&kept);
+        desk.StartWithTabs(3);
+        for (int i = 1; i <= 3; ++i) desk.views.At(i).location = u"http://" + Decimal(i) + u"/";
+        desk.main.pcPage.SetName(&desk.TabAt(2), u"Mail");
+        desk.Unload();
+    }
+    Desk desk(&kept);
+    desk.Start();
+    ASSERT_EQ(desk.CountTabs(), 3u);
+    EXPECT_EQ(desk.TabAt(2).Name(), u"Mail");
+    EXPECT_EQ(desk.TabAt(3).Name(), u"");
+}
+
 TEST(LastSites, SavesTheAddressesInTheOrderOfTheTabs) {
     Desk desk;
     desk.StartWithTabs(2);

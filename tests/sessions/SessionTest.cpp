@@ -26,6 +26,16 @@ TEST(Session, IsARecordAndOneForEachPage) {
               "[Session]\nEnded=0\nSelected=1\nSettled=0\nTime=17\n[Page]\nAddress=http://one/\nTitle=One\n");
 }
 
+TEST(Session, KeepsTheNamesThatTabsWereGiven) {
+    Session session;
+    session.Pages = {{u"http://a/", u"Title", u"My\nname"}, {u"http://b/", u"Other", u""}};
+    const auto back = SessionFromBytes(SessionBytes(session));
+    ASSERT_TRUE(back);
+    EXPECT_EQ(back->Pages[0].Name, u"My name");
+    EXPECT_EQ(back->Pages[1].Name, u"");
+    EXPECT_EQ(SessionBytes(session).find("Name"), SessionBytes(session).rfind("Name")) << "none is written for none";
+}
+
 TEST(Session, OfTheFirstVersionsIsReadToo) {
     const auto read =
         SessionFromBytes("TessaView session 1\ntime=1700000000\nended=1\nsettled=1\nselected=2\nblanks=3\n"

@@ -38,8 +38,10 @@ protected:
 /// A shown strip of 800 logical pixels, as a person has it before the eyes.
 class TabStripViewTest : public testing::Test {
 protected:
+    // Before there is a strip: what is asked of one earlier is answered without it for ever.
+    static void SetUpTestSuite() { InstallTabStripAccessibility(); }
+
     void SetUp() override {
-        InstallTabStripAccessibility();
         widget.resize(800, widget.RowHeight().value);
         strip.Click.ConnectForLife([this] { ++clicks; });
         widget.CloseRequested.ConnectForLife([this](Tab& tab) { closed += ToUtf8(tab.Caption()) + ";"; });
@@ -104,6 +106,45 @@ protected:
 private:
     std::int32_t m_last = 0;
 };
+
+TEST_F(TabStripViewTest, ACtrlOrShiftClickChoosesAndSelectsNothing) {
+    AddMany(4);
+    Show();
+    std::string asked;
+    int plain = 0;
+    widget.ChooseRequested.ConnectForLife([&](Tab& tab, Qt::KeyboardModifiers held) {
+        asked += ToUtf8(tab.Caption()) + (held.testFlag(Qt::ShiftModifier) ? " shift;" : ";");
+        strip.SetChosen(&tab, true);
+    });
+    widget.PlainClick.ConnectForLife([&] { ++plain; });
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::ControlModifier, widget.TabPlace(2).center());
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::ShiftModifier, widget.TabPlace(3).center());
+    EXPECT_EQ(asked, "page 2;page 3 shift;");
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(plain, 0);
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
+    auto* accessible = QAccessible::queryAccessibleInterface(&widget);
+    ASSERT_NE(accessible, nullptr);
+    ASSERT_NE(accessible->child(1), nullptr);
+    EXPECT_EQ(accessible->child(1)->text(QAccessible::Description), QStringLiteral("Selected with others"));
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, widget.TabPlace(4).center());
+    EXPECT_EQ(plain, 1);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(TabStripViewTest, AChosenTabIsSeenAsSuchOnLightAndOnDark) {
+    AddMany(3);
+    Show();
+    for (const QColor& ground : {QColor(240, 240, 240), QColor(42, 46, 50)}) {
+        widget.setPalette(QPalette(ground));
+        const QPoint at = widget.TabPlace(2).topLeft() + QPoint(4, 8);
+        const auto colour = [&] { return widget.grab().toImage().pixelColor(at); };
+        strip.SetChosen(strip.FindAt(2), false);
+        const QColor before = colour();
+        strip.SetChosen(strip.FindAt(2), true);
+        EXPECT_NE(colour(), before);
+    }
+}
 
 TEST_F(TabStripViewTest, AColourIsPaintedBesideThePage) {
     Tab* first = Add("one");
