@@ -278,15 +278,13 @@ TEST_F(DesignTimeBarTest, OfOurOwnOnlyWhatAsksFirstHasDots) {
         const Text name = tool->Name();
         if (name.starts_with(u"xtr") && tool->Caption().ends_with(u"...")) asking.insert(ToUtf8(name));
     }
-    const std::set<std::string> expected{"xtrExportFavorites",   "xtrExportTessaGroups",
-                                         "xtrFolderSave",        "xtrGroupDelete",
-                                         "xtrGroupKeepOffline",  "xtrGroupPdf",
-                                         "xtrGroupPrint",        "xtrSaveSelectedLinks",
-                                         "xtrGroupOrganize",     "xtrGroupRename",
-                                         "xtrImageSave",         "xtrImportFavorites",
-                                         "xtrImportTessaGroups", "xtrLinkAddToTessaGroup",
-                                         "xtrLinkSave",          "xtrMediaSave",
-                                         "xtrSessions",          "xtrTabAddToTessaGroup"};
+    const std::set<std::string> expected{
+        "xtrExportFavorites",     "xtrExportTessaGroups", "xtrFolderSave",        "xtrGroupDelete",
+        "xtrGroupKeepOffline",    "xtrGroupPdf",          "xtrGroupPrint",        "xtrSaveSelectedLinks",
+        "xtrGroupPagesPdf",       "xtrGroupPagesPrint",   "xtrGroupPagesOffline", "xtrGroupOrganize",
+        "xtrGroupRename",         "xtrImageSave",         "xtrImportFavorites",   "xtrImportTessaGroups",
+        "xtrLinkAddToTessaGroup", "xtrLinkSave",          "xtrMediaSave",         "xtrSessions",
+        "xtrTabAddToTessaGroup"};
     EXPECT_EQ(asking, expected);
 }
 
