@@ -56,18 +56,26 @@ void OrganizeTessaGroups(CommandContext& context) { context.groups.OrganizeTessa
 
 void CheckAllGroups(CommandContext& context) { context.groups.CheckAll(); }
 
-void SaveAllAsPdf(CommandContext& context) {
-    const Text file = context.files.ShowSave(
+Text AskForPdf(CommandContext& context) {
+    return context.files.ShowSave(
         {.DialogTitle = u"Save All Pages as PDF", .InitDir{}, .Filter = u"PDF document (*.pdf)|*.pdf"});
+}
+
+Text AskForOffline(CommandContext& context) {
+    return context.files.ShowSave({.DialogTitle = u"Keep All Pages Offline",
+                                   .InitDir = context.groupFolder,
+                                   .Filter = Text(TessaGroups::kFileFilter)});
+}
+
+void SaveAllAsPdf(CommandContext& context) {
+    const Text file = AskForPdf(context);
     if (!file.empty()) context.groups.WriteTabs(GroupCommands::Writes::Pdf, file);
 }
 
 void PrintAll(CommandContext& context) { context.groups.WriteTabs(GroupCommands::Writes::Print); }
 
 void KeepOffline(CommandContext& context) {
-    const Text file = context.files.ShowSave({.DialogTitle = u"Keep All Pages Offline",
-                                              .InitDir = context.groupFolder,
-                                              .Filter = Text(TessaGroups::kFileFilter)});
+    const Text file = AskForOffline(context);
     if (file.empty()) return;
     context.groups.WriteTabs(GroupCommands::Writes::Offline, file);
     context.groupsMenuStale = true;

@@ -13,6 +13,9 @@ void SaveAsTessaGroup(CommandContext& context);
 void OrganizeTessaGroups(CommandContext& context);
 /// Checks the groups of the user's folder.
 void CheckAllGroups(CommandContext& context);
+/// Asks for the file of a PDF of several pages, or of a group that opens them offline; empty for none.
+[[nodiscard]] Text AskForPdf(CommandContext& context);
+[[nodiscard]] Text AskForOffline(CommandContext& context);
 /// Asks for a file and writes the pages of all tabs into it.
 void SaveAllAsPdf(CommandContext& context);
 /// Asks for a printer and prints them.

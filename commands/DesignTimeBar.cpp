@@ -292,7 +292,10 @@ constexpr std::array kEntries{
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupOpen"_tool},
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupOrganize"_tool},
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupCheck"_tool},
-    EntryRow{u"bndGroupEntry"_band, u"xtrGroupRename"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupPagesPdf"_tool, kGroup},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupPagesPrint"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupPagesOffline"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupRename"_tool, kGroup},
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupDelete"_tool, kGroup},
 
     EntryRow{u"bndNewTab"_band, u"mnuNewBlank"_tool},

@@ -66,16 +66,27 @@ void GroupCommands::OpenArchive(const Text& address) {
     if (view) ResumeNext(view->Navigate(ArchivedAt(InternetSettings(m_parts.settings).Archive.Get(), address)));
 }
 
-void GroupCommands::WriteTabs(Writes what, TextView path) {
+void GroupCommands::WritePages(Writes what, TextView path, TextView group) {
     if (!Write) return;
     const bool prints = what == Writes::Print;
-    if (!prints) m_parts.tabs.Say(u"Saving " + NameOf(path));
+    const Text doing = prints ? Text(u"Printing") : u"Saving " + NameOf(path);
     const Text done = prints ? Text(u"All pages have been printed.") : NameOf(path) + u" has been saved.";
-    Write(what, Text(path), [this, done](const Text& refusal, std::size_t left) {
-        if (!refusal.empty()) return m_parts.tabs.Say(refusal);
-        const Text missing = u" " + Decimal(static_cast<std::int64_t>(left)) + u" pages could not be had.";
-        m_parts.tabs.Say(done + (left > 0 ? missing : Text()));
-    });
+    if (!prints) m_parts.tabs.Say(doing);
+    const auto count = [](std::size_t number) { return Decimal(static_cast<std::int64_t>(number)); };
+    Write({.what = what,
+           .path = Text(path),
+           .group = Text(group),
+           .fetched =
+               [this, doing, count](std::size_t fetched, std::size_t all) {
+                   m_parts.tabs.Say(doing + u": " + count(fetched) + u" of " + count(all) + u" pages");
+               },
+           .made = [this, doing](int percent) { m_parts.tabs.Say(doing + u": " + Decimal(percent) + u" %"); },
+           .ended =
+               [this, done, count](const Text& refusal, std::size_t left) {
+                   if (!refusal.empty()) return m_parts.tabs.Say(refusal);
+                   const Text missing = u" " + count(left) + (left == 1 ? u" page" : u" pages") + u" could not be had.";
+                   m_parts.tabs.Say(done + (left > 0 ? missing : Text()));
+               }});
 }
 
 class GroupCommands::Unasked final : public MessageBoxes {

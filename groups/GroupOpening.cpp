@@ -101,6 +101,19 @@ void GroupOpening::NoteLeftOut(const std::vector<Page>& all, const std::vector<P
     }
 }
 
+std::vector<GroupOpening::Unasked> GroupOpening::AllUnasked(const Text& group) {
+    std::vector<Text> addresses;
+    for (const auto& address : TessaGroups::Load(group)) addresses.push_back(address.Key);
+    std::vector<Unasked> all;
+    for (const Text& address : GroupPlan::In(group).Ordered(addresses)) {
+        if (address.empty()) continue;
+        const Text kept = KeptPage(group, address);
+        const bool opens = TrustOf(address, LinkSource::Group) == LinkTrust::Open;
+        all.push_back({address, !kept.empty() ? kept : opens ? address : Text()});
+    }
+    return all;
+}
+
 bool GroupOpening::IsOwnGroup(TextView group) const {
     return IsSameFolder(FolderAbove(PathToBytes(group)), PathToBytes(m_parts.groupFolder));
 }

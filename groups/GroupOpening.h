@@ -46,6 +46,13 @@ public:
     /// Opens addresses that belong together, one tab an address, beside the tabs that are open.
     void OpenInTabs(const std::vector<Text>& addresses);
 
+    /// An address of a group, and what it leads to where that would open without a question; else nothing.
+    struct Unasked {
+        Text address, opened;
+    };
+    /// Those of the group, in the order in which they would open; empty lines are left out.
+    [[nodiscard]] static std::vector<Unasked> AllUnasked(const Text& group);
+
     /// Whether a path names a group: by ".tvg" at its end, in small letters.
     [[nodiscard]] static bool IsGroupFile(TextView path) { return path.ends_with(TessaGroups::kExtension); }
 

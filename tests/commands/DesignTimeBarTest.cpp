@@ -282,28 +282,14 @@ TEST_F(DesignTimeBarTest, OfOurOwnOnlyWhatAsksFirstHasDots) {
         const Text name = tool->Name();
         if (name.starts_with(u"xtr") && tool->Caption().ends_with(u"...")) asking.insert(ToUtf8(name));
     }
-    const std::set<std::string> expected{"xtrExportFavorites",
-                                         "xtrExportTessaGroups",
-                                         "xtrFolderSave",
-                                         "xtrGroupDelete",
-                                         "xtrGroupKeepOffline",
-                                         "xtrGroupPdf",
-                                         "xtrGroupPrint",
-                                         "xtrSaveSelectedLinks",
-                                         "xtrGroupOrganize",
-                                         "xtrGroupRename",
-                                         "xtrImageSave",
-                                         "xtrImportFavorites",
-                                         "xtrImportTessaGroups",
-                                         "xtrLinkAddToTessaGroup",
-                                         "xtrLinkSave",
-                                         "xtrMediaSave",
-                                         "xtrSessions",
-                                         "xtrTabAddToTessaGroup",
-                                         "xtrTabGroupEdit",
-                                         "xtrTabRename",
-                                         "xtrChosenSaveAsTessaGroup",
-                                         "xtrChosenAddToTessaGroup"};
+    const std::set<std::string> expected{
+        "xtrExportFavorites",      "xtrExportTessaGroups", "xtrFolderSave",        "xtrGroupDelete",
+        "xtrGroupKeepOffline",     "xtrGroupPdf",          "xtrGroupPrint",        "xtrGroupPagesPdf",
+        "xtrGroupPagesPrint",      "xtrGroupPagesOffline", "xtrSaveSelectedLinks", "xtrGroupOrganize",
+        "xtrGroupRename",          "xtrImageSave",         "xtrImportFavorites",   "xtrImportTessaGroups",
+        "xtrLinkAddToTessaGroup",  "xtrLinkSave",          "xtrMediaSave",         "xtrSessions",
+        "xtrTabAddToTessaGroup",   "xtrTabGroupEdit",      "xtrTabRename",         "xtrChosenSaveAsTessaGroup",
+        "xtrChosenAddToTessaGroup"};
     EXPECT_EQ(asking, expected);
 }
 

@@ -1,4 +1,5 @@
 // Tests: GroupOpening
+#include "base/os/Folder.h"
 #include "groups/TessaGroups.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -116,6 +117,19 @@ TEST_F(GroupPlanOpens, EachColourHasItsMark) {
         EXPECT_EQ(desk.main.pcPage.SelectedItem()->Colour(), colour) << name;
     }
     EXPECT_EQ(std::size(kTabColours), rows.size());
+}
+
+TEST_F(GroupPlanOpens, WhatWouldOpenUnaskedIsKnownInTheOrderOfThePlan) {
+    EXPECT_TRUE(MakeFolders(groups.Path("kept")));
+    groups.Write("kept/one.mhtml", "");
+    groups.Write("plan.tvg", "[TessaGroup]\r\na=http://a/\r\nb=/etc/passwd\r\nc=\r\nd=javascript:alert(1)\r\n"
+                             "e=kept/one.mhtml\r\nf=kept/none.mhtml\r\ng=b.example\r\n"
+                             "[TessaView]\r\npage1=first b.example\r\n");
+    std::string all;
+    for (const auto& each : GroupOpening::AllUnasked(groups.PathText("plan.tvg")))
+        all += ToUtf8(each.address) + (each.opened.empty() ? " no, " : each.opened == each.address ? ", " : " kept, ");
+    EXPECT_EQ(all,
+              "b.example, http://a/, /etc/passwd no, javascript:alert(1) no, kept/one.mhtml kept, kept/none.mhtml, ");
 }
 
 TEST_F(GroupPlanOpens, WritingTheGroupKeepsThePlanAndWhatBelongsToOthers) {

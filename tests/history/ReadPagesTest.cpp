@@ -25,6 +25,17 @@ TEST(ReadPages, APageIsReadOnceItHasLoadedAndRests) {
     EXPECT_EQ(entry.Last, 1'795'000'000);
 }
 
+TEST(ReadPages, WhatIsReadAddsNothingToTheBoxes) {
+    ReadingDesk desk;
+    const std::string addresses = desk.List(u"cboAddress"), searches = desk.List(u"cboSearch");
+    desk.Read(1, u"http://read.example/", u"pWords");
+    ASSERT_EQ(desk.visits.Addresses(), u"http://read.example/");
+    EXPECT_EQ(desk.List(u"cboAddress"), addresses);
+    EXPECT_EQ(desk.List(u"cboSearch"), searches);
+    desk.Type(u"cboSearch", u"re");
+    EXPECT_EQ(desk.Box(u"cboSearch"), "re");
+}
+
 TEST(ReadPages, WhileOthersLoadAPageWaits) {
     ReadingDesk desk(2);
     desk.Load(1, u"http://a/", u"pWords");
