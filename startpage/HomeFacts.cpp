@@ -38,7 +38,7 @@ void HomeFacts::AskGroup(const Text& name, const Text& path) {
                            // Without any there is nothing to show, and there was nothing.
                            const bool shows = known.fresh != news.fresh;
                            known = news;
-                           if (shows) Changed();
+                           if (shows) TellChanged();
                        });
 }
 
@@ -50,16 +50,22 @@ void HomeFacts::TakeSites(const HistoryOverview& overview) {
     }
     if (sites == m_sites) return;
     m_sites = std::move(sites);
+    TellChanged();
+}
+
+void HomeFacts::TellChanged() {
+    m_newer = true;
     Changed();
 }
 
 void HomeFacts::Forget() {
     m_groups.clear();
     m_sites.clear();
-    Changed();
+    TellChanged();
 }
 
-void HomeFacts::AddTo(StartContent& content) const {
+void HomeFacts::AddTo(StartContent& content) {
+    m_newer = false;
     for (StartGroup& each : content.Groups) {
         const auto news = m_groups.find(each.Name);
         if (news == m_groups.end() || news->second.fresh == 0) continue;

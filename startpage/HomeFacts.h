@@ -29,7 +29,12 @@ public:
     /// Forgets all of it, at once.
     void Forget();
     /// Puts what is known into what the home page shows.
-    void AddTo(StartContent& content) const;
+    void AddTo(StartContent& content);
+    /// A home page has come into its tab. While it came, it could not be made anew; so `Changed` is told once more when
+    /// more has become known since.
+    void PageCame() {
+        if (m_newer) Changed();
+    }
 
     /// The home page is to be made anew.
     Signal<void()> Changed;
@@ -41,11 +46,13 @@ private:
         bool operator==(const GroupNews&) const = default;
     };
     void AskGroup(const Text& name, const Text& path);
+    void TellChanged();
     void TakeSites(const HistoryOverview& overview);
 
     Parts m_parts;
     std::map<Text, GroupNews> m_groups;
     std::vector<StartLink> m_sites;
+    bool m_newer = false; ///< than the home page that was made last
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 

@@ -5,6 +5,7 @@
 #include "base/Address.h"
 #include "base/Captions.h"
 #include "base/LinkTrust.h"
+#include "base/OwnAddresses.h"
 #include "base/os/Log.h"
 #include "commands/ChosenCommands.h"
 #include "commands/DesignTimeBar.h"
@@ -214,6 +215,9 @@ void frmMain::WireReading() {
     });
     m_history.GroupSaved.ConnectForLife([this] { m_context.groupsMenuStale = true; });
     m_homeFacts.Changed.ConnectForLife([this] { HomeFactsChanged(); });
+    m_events.Shows.ConnectForLife([this](std::int16_t, TextView URL) {
+        if (URL == OwnAddresses::kStart) m_homeFacts.PageCame();
+    });
     m_commands.HistoryForgotten.ConnectForLife([this] {
         m_homeFacts.Forget();
         m_homeFacts.Ask();

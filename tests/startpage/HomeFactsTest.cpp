@@ -85,6 +85,19 @@ TEST_F(HomeFactsTest, ThePageIsMadeAnewOnlyWhenSomethingElseIsToBeShown) {
     EXPECT_TRUE(content.Sites.empty());
 }
 
+TEST_F(HomeFactsTest, AnAnswerWhileThePageComesIsToldOnceMoreWhenItHasCome) {
+    StartContent content;
+    m_facts.AddTo(content);
+    Visit(u"http://a/", m_clock.now, 20);
+    m_facts.Ask();
+    EXPECT_EQ(m_changes, 1);
+    m_facts.PageCame();
+    EXPECT_EQ(m_changes, 2);
+    m_facts.AddTo(content);
+    m_facts.PageCame();
+    EXPECT_EQ(m_changes, 2);
+}
+
 TEST_F(HomeFactsTest, ItMayGoBeforeTheStoreAnswers) {
     m_visits.slow = true;
     {

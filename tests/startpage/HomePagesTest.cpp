@@ -52,6 +52,22 @@ TEST_F(HomePagesTest, OneThatSleepsOrHasNoPageYetIsLeftAlone) {
     EXPECT_EQ(Calls(), "1: 2: 3:");
 }
 
+TEST_F(HomePagesTest, WhatIsLearntWhileOneComesIsShownWhenItHasCome) {
+    int changes = 0;
+    m_desk.main.HomeFactsChanged.ConnectForLife([&changes] { ++changes; });
+    auto& visits = m_desk.visits;
+    visits.slow = true;
+    visits.overview.Sites = {{u"a.org", u"http://a.org/", 5, {}}};
+    StartContent content;
+    m_desk.main.AddHomeFacts(content);
+    visits.Answer();
+    EXPECT_EQ(changes, 1);
+    m_desk.PageLoads(2, u"http://b/", u"B");
+    EXPECT_EQ(changes, 1);
+    m_desk.PageLoads(2, OwnAddresses::kStart, u"TessaView");
+    EXPECT_EQ(changes, 2);
+}
+
 } // namespace
 
 } // namespace tessa
