@@ -1,4 +1,4 @@
-"""A group of five hundred addresses opens whole, leaves the window usable meanwhile, and closes."""
+"""A group of three hundred addresses opens whole, leaves the window usable meanwhile, and closes."""
 
 import os
 import unittest
@@ -6,7 +6,7 @@ import unittest
 import desk
 
 PROGRAM = desk.program_file()
-COUNT = 500
+COUNT = 300
 HOSTS = 4
 
 
