@@ -1,7 +1,7 @@
 #pragma once
 #include "bar/CommandBar.h"
 #include "bar/ToolName.h"
-#include "commands/CommandContext.h"
+#include "commands/effects/CommandContext.h"
 
 #include <array>
 #include <optional>
