@@ -1,10 +1,8 @@
 #include "commands/effects/ChosenCommands.h"
 
 #include "bar/ToolName.h"
-#include "commands/effects/CollectionCommands.h"
+#include "commands/effects/SeveralTabs.h"
 #include "groups/TessaGroups.h"
-#include "tabs/TabKeys.h"
-#include "tabs/TabSleep.h"
 #include "tabs/frmRenameTab.h"
 
 #include <algorithm>
@@ -14,81 +12,7 @@ namespace tessa {
 
 namespace {
 
-using Indexes = std::vector<std::int32_t>;
-
-// What happens to one may close others.
-template<typename Do>
-void ForEachView(const CommandContext& context, const Indexes& indexes, Do work) {
-    for (const std::int32_t each : indexes) {
-        if (auto* view = context.tabs.OpenView(each)) work(*view->Control);
-    }
-}
-
-bool AllMuted(const CommandContext& context, const Indexes& indexes) {
-    return !indexes.empty() && std::ranges::all_of(indexes, [&](std::int32_t each) {
-        const auto* view = context.tabs.OpenView(each);
-        return view && view->Control->Muted();
-    });
-}
-
-void MuteAllOf(const CommandContext& context, const Indexes& indexes) {
-    const bool mute = !AllMuted(context, indexes);
-    ForEachView(context, indexes, [mute](BrowserView& view) { view.SetMuted(mute); });
-}
-
-Text CountedTabs(std::size_t count) {
-    return count == 1 ? Text(u"One tab") : Decimal(static_cast<std::int64_t>(count)) + u" tabs";
-}
-
-void SleepAllOf(CommandContext& context, const Indexes& indexes) {
-    std::size_t asleep = 0;
-    for (const std::int32_t each : indexes) asleep += context.sleep && context.sleep->SleepNow(each) ? 1 : 0;
-    if (asleep == indexes.size()) return context.tabs.Say(asleep == 1 ? u"The tab sleeps." : u"The tabs sleep.");
-    if (asleep == 0) return context.tabs.Say(u"What is in front, plays, loads or holds typed text stays awake.");
-    context.tabs.Say(CountedTabs(asleep) + (asleep == 1 ? u" sleeps" : u" sleep") +
-                     u". What is in front, plays, loads or holds typed text stays awake.");
-}
-
-bool HasPrivateTab(const CommandContext& context, const Indexes& indexes) {
-    return std::ranges::any_of(indexes,
-                               [&](std::int32_t each) { return context.tabs.PrivacyOf(each) == Privacy::Private; });
-}
-
-std::vector<Text> AddressesOf(const CommandContext& context, const Indexes& indexes) {
-    std::vector<Text> addresses;
-    ForEachView(context, indexes, [&](const BrowserView& view) {
-        const Text address = view.LocationURL();
-        if (!address.empty()) addresses.push_back(address);
-    });
-    return addresses;
-}
-
-void AddAllOf(CommandContext& context, const Indexes& indexes) {
-    if (indexes.size() == 1) return CollectionCommands::AddViewToTessaGroup(context, indexes.front());
-    if (HasPrivateTab(context, indexes) &&
-        !context.messages.AskOwn(
-            {u"Some of the tabs are private", u"The TessaGroup would keep their addresses.", u"&Cancel", u"&Add Them"}))
-        return;
-    const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
-                                              .InitDir = context.groupFolder,
-                                              .Filter = Text(TessaGroups::kFileFilter)});
-    if (file.empty()) return;
-    context.groups.AddAllToTessaGroup(AddressesOf(context, indexes), file);
-    context.groupsMenuStale = true;
-}
-
-void CopyAllOf(CommandContext& context, const Indexes& indexes) {
-    Text lines;
-    for (const Text& each : AddressesOf(context, indexes)) lines += (lines.empty() ? u"" : u"\n") + each;
-    context.input.Copy(lines);
-}
-
-bool AnyBusy(const CommandContext& context, const Indexes& indexes, bool busy) {
-    return std::ranges::any_of(indexes, [&](std::int32_t each) {
-        const auto* view = context.tabs.OpenView(each);
-        return view && view->Control->Busy() == busy;
-    });
-}
+using Indexes = SeveralTabs::Indexes;
 
 /// How an entry of the pop-up reads when it is about several tabs; "#" stands for their number.
 struct SeveralWords {
@@ -113,22 +37,16 @@ Text WordsFor(const SeveralWords& words, std::size_t count) {
 
 namespace ChosenCommands {
 
-// The one in front last: each that closed in front of another would bring that to the front, and load it.
-void CloseTabs(CommandContext& context, Indexes indexes) {
-    if (indexes.empty()) return;
+void CloseTabs(CommandContext& context, const Indexes& indexes) {
     if (indexes.size() == 1) return context.tabs.CloseBrowserTab(indexes.front());
-    std::ranges::reverse(indexes);
-    std::ranges::stable_partition(indexes, [&](std::int32_t each) { return !context.tabs.IsSelected(each); });
-    context.tabs.CloseTabs(indexes);
+    if (!indexes.empty()) SeveralTabs::Close(context, indexes);
 }
 
 void Close(CommandContext& context) { CloseTabs(context, context.choice.Indexes()); }
 
-void Mute(CommandContext& context) { MuteAllOf(context, context.choice.Indexes()); }
+void Mute(CommandContext& context) { SeveralTabs::Mute(context, context.choice.Indexes()); }
 
-void Sleep(CommandContext& context) {
-    if (context.choice.Any()) SleepAllOf(context, context.choice.Indexes());
-}
+void Sleep(CommandContext& context) { SeveralTabs::Sleep(context, context.choice.Indexes()); }
 
 void SaveAsTessaGroup(CommandContext& context) {
     const Indexes indexes = context.choice.Indexes();
@@ -141,13 +59,9 @@ void SaveAsTessaGroup(CommandContext& context) {
     context.groupsMenuStale = true;
 }
 
-void AddToTessaGroup(CommandContext& context) {
-    if (context.choice.Any()) AddAllOf(context, context.choice.Indexes());
-}
+void AddToTessaGroup(CommandContext& context) { SeveralTabs::AddToTessaGroup(context, context.choice.Indexes()); }
 
-void CopyAddresses(CommandContext& context) {
-    if (context.choice.Any()) CopyAllOf(context, context.choice.Indexes());
-}
+void CopyAddresses(CommandContext& context) { SeveralTabs::CopyAddresses(context, context.choice.Indexes()); }
 
 void All(CommandContext& context) { context.choice.All(); }
 
@@ -158,30 +72,26 @@ std::vector<std::int32_t> OfPopup(const CommandContext& context) {
     return tab ? context.choice.With(*tab) : Indexes();
 }
 
-void PopupStop(CommandContext& context) {
-    ForEachView(context, OfPopup(context), [](BrowserView& view) { ResumeNext(view.Stop()); });
-}
+void PopupStop(CommandContext& context) { SeveralTabs::Stop(context, OfPopup(context)); }
 
-void PopupRefresh(CommandContext& context) {
-    ForEachView(context, OfPopup(context), [](BrowserView& view) { ResumeNext(view.Refresh()); });
-}
+void PopupRefresh(CommandContext& context) { SeveralTabs::Refresh(context, OfPopup(context)); }
 
 void PopupClose(CommandContext& context) {
     if (context.strip.PopupView()) CloseTabs(context, OfPopup(context));
 }
 
-void PopupMute(CommandContext& context) { MuteAllOf(context, OfPopup(context)); }
+void PopupMute(CommandContext& context) { SeveralTabs::Mute(context, OfPopup(context)); }
 
 void PopupSleep(CommandContext& context) {
-    if (context.strip.PopupView()) SleepAllOf(context, OfPopup(context));
+    if (context.strip.PopupView()) SeveralTabs::Sleep(context, OfPopup(context));
 }
 
 void PopupAddToTessaGroup(CommandContext& context) {
-    if (context.strip.PopupView()) AddAllOf(context, OfPopup(context));
+    if (context.strip.PopupView()) SeveralTabs::AddToTessaGroup(context, OfPopup(context));
 }
 
 void PopupCopyAddress(CommandContext& context) {
-    if (context.strip.PopupView()) CopyAllOf(context, OfPopup(context));
+    if (context.strip.PopupView()) SeveralTabs::CopyAddresses(context, OfPopup(context));
 }
 
 void PopupRename(CommandContext& context) {
@@ -205,9 +115,9 @@ void ShowState(CommandContext& context) {
 
 void ShowPopupState(CommandContext& context) {
     const Indexes indexes = OfPopup(context);
-    context.actBar.Enable(u"mnuTabRefresh"_tool, AnyBusy(context, indexes, false));
-    context.actBar.Enable(u"mnuTabStop"_tool, AnyBusy(context, indexes, true));
-    if (auto* mute = context.actBar.Find(u"xtrTabMute"_tool)) mute->Checked = AllMuted(context, indexes);
+    context.actBar.Enable(u"mnuTabRefresh"_tool, SeveralTabs::AnyStill(context, indexes));
+    context.actBar.Enable(u"mnuTabStop"_tool, SeveralTabs::AnyBusy(context, indexes));
+    if (auto* mute = context.actBar.Find(u"xtrTabMute"_tool)) mute->Checked = SeveralTabs::AllMuted(context, indexes);
     for (const SeveralWords& each : kSeveralWords) {
         if (auto* tool = context.actBar.Find(each.tool)) tool->Caption = WordsFor(each, indexes.size());
     }

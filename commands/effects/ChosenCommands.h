@@ -5,8 +5,8 @@
 /// chosen tabs when it is one of them, else that tab alone.
 namespace tessa::ChosenCommands {
 
-/// Closes the tabs of these views as one command, the one in front last.
-void CloseTabs(CommandContext& context, std::vector<std::int32_t> indexes);
+/// Closes the tabs of these views as one command, the one in front last. One alone closes by its own rules.
+void CloseTabs(CommandContext& context, const std::vector<std::int32_t>& indexes);
 
 // The chosen tabs.
 /// Closes them as one command.

@@ -2,6 +2,7 @@
 
 #include "bar/ToolName.h"
 #include "base/Captions.h"
+#include "commands/effects/SeveralTabs.h"
 
 #include <algorithm>
 #include <array>
@@ -43,13 +44,6 @@ void Word(CommandContext& context, ToolName name, TextView caption) {
     if (auto* tool = context.actBar.Find(name)) tool->Caption = Text(caption);
 }
 
-bool AllMuted(const CommandContext& context, const std::vector<std::int32_t>& indexes) {
-    return std::ranges::all_of(indexes, [&](std::int32_t each) {
-        const auto* view = context.tabs.OpenView(each);
-        return !view || view->Control->Muted();
-    });
-}
-
 // The name of a group as a menu shows it.
 Text MenuName(const TabGroup& group) {
     const Text name = OneLine(group.Name());
@@ -82,31 +76,11 @@ void Edit(CommandContext& context) {
         context.groups.OrganizeTessaGroup(Text(source->Path));
 }
 
-void ReloadAll(CommandContext& context) {
-    for (const std::int32_t each : PopupTabs(context)) {
-        if (auto* view = context.tabs.OpenView(each)) ResumeNext(view->Control->Refresh());
-    }
-}
+void ReloadAll(CommandContext& context) { SeveralTabs::Refresh(context, PopupTabs(context)); }
 
-void SleepAll(CommandContext& context) {
-    std::int64_t asleep = 0, awake = 0;
-    for (const std::int32_t each : PopupTabs(context)) {
-        const auto* view = context.tabs.OpenView(each);
-        auto* life = view && !context.tabs.IsSelected(each) ? view->Control->Life() : nullptr;
-        const bool sleeps = life && (life->Asleep() || (!life->Activity().Any() && life->Sleep() == Outcome::Done));
-        ++(sleeps ? asleep : awake);
-    }
-    const Text slept = asleep == 1 ? Text(u"One tab sleeps.") : Decimal(asleep) + u" tabs sleep.";
-    context.tabs.Say(awake == 0 ? slept : slept + u" What is in front, plays, loads or holds typed text stays awake.");
-}
+void SleepAll(CommandContext& context) { SeveralTabs::Sleep(context, PopupTabs(context)); }
 
-void MuteAll(CommandContext& context) {
-    const auto tabs = PopupTabs(context);
-    const bool mute = !AllMuted(context, tabs);
-    for (const std::int32_t each : tabs) {
-        if (auto* view = context.tabs.OpenView(each)) view->Control->SetMuted(mute);
-    }
-}
+void MuteAll(CommandContext& context) { SeveralTabs::Mute(context, PopupTabs(context)); }
 
 void Paint(CommandContext& context, const Tool& tool) {
     const auto found = std::ranges::find(kColourTools, TextView(tool.Name()), &ColourTool::name);
@@ -124,16 +98,13 @@ void Dissolve(CommandContext& context) {
     for (const std::int32_t each : PopupTabs(context)) context.tabGroups.TakeOut(each);
 }
 
-// The one in front last: each that closed in front of another would bring that to the front, and load it.
 void CloseAll(CommandContext& context) {
-    auto tabs = PopupTabs(context);
+    const auto tabs = PopupTabs(context);
     if (tabs.empty()) return;
     // The last tab of a window does not close by itself.
     if (tabs.size() == context.pcPage.Count()) context.tabs.GetNewBrowser(InFront::Yes);
-    std::ranges::reverse(tabs);
-    std::ranges::stable_partition(tabs, [&](std::int32_t each) { return !context.tabs.IsSelected(each); });
     const Text name = OneLine(PopupGroup(context)->Name());
-    context.tabs.CloseTabs(tabs);
+    SeveralTabs::Close(context, tabs);
     context.tabs.Say(u"The tabs of " + name + u" were closed.", [&context] { context.closed.Reopen(); });
 }
 
@@ -143,7 +114,7 @@ void ShowState(CommandContext& context) {
     if (!group) return;
     const auto* front = context.pcPage.SelectedItem();
     Word(context, u"xtrTabGroupFold"_tool, group->Folded() ? u"Un&fold" : u"&Fold");
-    Mark(context, u"xtrTabGroupMute"_tool, AllMuted(context, PopupTabs(context)));
+    Mark(context, u"xtrTabGroupMute"_tool, SeveralTabs::AllMuted(context, PopupTabs(context)));
     context.actBar.Enable(u"xtrTabGroupSave"_tool, context.groups.IsToSave(group->Id()));
     context.actBar.Enable(u"xtrTabGroupOut"_tool, front && front->Group() == group);
     for (const ColourTool& each : kColourTools) Mark(context, each.name, group->Colour() == each.colour);

@@ -1,3 +1,4 @@
+// Tests: SeveralTabs
 #include "commands/effects/ChosenCommands.h"
 
 #include "tabs/frmRenameTab.h"
@@ -8,6 +9,8 @@ namespace tessa {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 /// Five tabs, of which some are chosen.
 class ChosenCommandsTest : public testing::Test {
 protected:
@@ -15,7 +18,6 @@ protected:
         desk.StartWithTabs(5);
         for (int i = 1; i <= 5; ++i) desk.views.At(i).location = u"http://" + Decimal(i) + u"/";
     }
-    void Choose(const std::vector<std::int32_t>& indexes) { desk.main.Choice().Replace(indexes); }
     [[nodiscard]] std::string Muted() {
         std::string all;
         for (int i = 1; i <= 5; ++i) all += desk.views.At(i).muted ? std::to_string(i) : "";
@@ -40,10 +42,10 @@ TEST_F(ChosenCommandsTest, WithoutAChoiceThereIsNothingToDo) {
 }
 
 TEST_F(ChosenCommandsTest, ClosesTheFrontLast) {
-    Choose({1, 2, 4});
+    desk.ChooseTabs({1, 2, 4});
     desk.Click(u"xtrChosenClose");
     EXPECT_EQ(desk.Strip(), "[3*] 5");
-    EXPECT_FALSE(desk.main.Choice().Any());
+    EXPECT_FALSE(desk.HasChosenTabs());
     desk.Click(u"xtrReopenTab");
     EXPECT_EQ(desk.CountTabs(), 5u) << "they come back together";
 }
@@ -57,7 +59,7 @@ TEST_F(ChosenCommandsTest, AllOfThemAskAsTheLastOneDoes) {
 }
 
 TEST_F(ChosenCommandsTest, SilencesAllUnlessAllAreSilent) {
-    Choose({2, 3});
+    desk.ChooseTabs({2, 3});
     desk.views.At(2).muted = true;
     desk.Click(u"xtrChosenMute");
     EXPECT_EQ(Muted(), "23");
@@ -65,8 +67,27 @@ TEST_F(ChosenCommandsTest, SilencesAllUnlessAllAreSilent) {
     EXPECT_EQ(Muted(), "");
 }
 
+TEST_F(ChosenCommandsTest, SleepsWhereItMayAndSaysSo) {
+    desk.steadyClock = 10min;
+    desk.ChooseTabs({2, 3});
+    desk.Click(u"xtrChosenSleep");
+    EXPECT_TRUE(desk.views.At(2).asleep && desk.views.At(3).asleep);
+    EXPECT_FALSE(desk.views.At(4).asleep);
+    EXPECT_EQ(desk.Said(), "The tabs sleep.");
+    desk.ChooseTabs({1, 3, 4});
+    desk.Click(u"xtrChosenSleep");
+    EXPECT_EQ(desk.Said(), "2 tabs sleep. What is in front, plays, loads or holds typed text stays awake.");
+    desk.ChooseTabs({5});
+    desk.views.At(5).activity.HoldsInput = true;
+    desk.Click(u"xtrChosenSleep");
+    EXPECT_EQ(desk.Said(), "What is in front, plays, loads or holds typed text stays awake.");
+    desk.OpenTabMenu(4);
+    desk.Click(u"xtrTabSleep");
+    EXPECT_EQ(desk.Said(), "The tab sleeps.");
+}
+
 TEST_F(ChosenCommandsTest, ThePopUpOfAChosenTabIsAboutAll) {
-    Choose({2, 3});
+    desk.ChooseTabs({2, 3});
     desk.OpenTabMenu(3);
     EXPECT_EQ(ToUtf8(desk.Tool(u"mnuTabClose").Caption()), "&Close 2 Tabs");
     desk.Click(u"xtrTabMute");
@@ -78,7 +99,7 @@ TEST_F(ChosenCommandsTest, ThePopUpOfAChosenTabIsAboutAll) {
 }
 
 TEST_F(ChosenCommandsTest, ThePopUpOfAnotherTabIsAboutThatAlone) {
-    Choose({2, 3});
+    desk.ChooseTabs({2, 3});
     desk.OpenTabMenu(4);
     EXPECT_EQ(ToUtf8(desk.Tool(u"mnuTabClose").Caption()), "&Close");
     desk.Click(u"xtrTabMute");
@@ -88,17 +109,17 @@ TEST_F(ChosenCommandsTest, ThePopUpOfAnotherTabIsAboutThatAlone) {
 }
 
 TEST_F(ChosenCommandsTest, TheOthersAreThoseThatAreNotChosen) {
-    Choose({2, 3});
+    desk.ChooseTabs({2, 3});
     desk.OpenTabMenu(3);
     desk.Click(u"xtrTabCloseOthers");
     EXPECT_EQ(desk.Strip(), "2 [3*]");
-    desk.main.Choice().All();
+    desk.Click(u"xtrChosenAll");
     desk.OpenTabMenu(1);
     EXPECT_FALSE(desk.Tool(u"xtrTabCloseOthers").Enabled());
 }
 
 TEST_F(ChosenCommandsTest, SavesThemAsAGroup) {
-    Choose({2, 4});
+    desk.ChooseTabs({2, 4});
     desk.files.chosen = folder.PathText("two.tvg");
     desk.Click(u"xtrChosenSaveAsTessaGroup");
     EXPECT_EQ(folder.Read("two.tvg"), "[TessaGroup]\r\nurl1=http://2/\r\nurl2=http://4/\r\n");
@@ -106,17 +127,17 @@ TEST_F(ChosenCommandsTest, SavesThemAsAGroup) {
 
 TEST_F(ChosenCommandsTest, AddsThemToAGroup) {
     folder.Write("old.tvg", "[TessaGroup]\r\nurl1=http://old/\r\n");
-    Choose({2, 4});
+    desk.ChooseTabs({2, 4});
     desk.files.chosen = folder.PathText("old.tvg");
     desk.Click(u"xtrChosenAddToTessaGroup");
     EXPECT_EQ(folder.Read("old.tvg"), "[TessaGroup]\r\nurl1=http://old/\r\nurl2=http://2/\r\nurl3=http://4/\r\n");
 }
 
 TEST_F(ChosenCommandsTest, LiesSideBySide) {
-    Choose({2, 4});
+    desk.ChooseTabs({2, 4});
     desk.Click(u"xtrTileColumns");
     EXPECT_EQ(desk.views.Shown(), "2* 4") << "one of them comes to the front";
-    Choose({3, 5});
+    desk.ChooseTabs({3, 5});
     desk.Click(u"xtrTileMain");
     EXPECT_EQ(desk.views.Shown(), "3* 5");
 }
@@ -139,16 +160,16 @@ TEST_F(ChosenCommandsTest, ATabIsRenamedByItsPopUp) {
 }
 
 TEST_F(ChosenCommandsTest, EscapeEndsTheChoiceAndIsUsed) {
-    Choose({2, 3});
+    desk.ChooseTabs({2, 3});
     EXPECT_EQ(desk.Press({Keys::kEscape, 0}), KeyUsed::Yes);
-    EXPECT_FALSE(desk.main.Choice().Any());
-    Choose({2, 3});
+    EXPECT_FALSE(desk.HasChosenTabs());
+    desk.ChooseTabs({2, 3});
     EXPECT_EQ(desk.Press({Keys::kEscape, 0}, KeyboardOn::Tool), KeyUsed::No);
-    EXPECT_TRUE(desk.main.Choice().Any()) << "it leads away from the tool";
+    EXPECT_TRUE(desk.HasChosenTabs()) << "it leads away from the tool";
 }
 
 TEST_F(ChosenCommandsTest, ANameComesBackWithItsTab) {
-    desk.main.pcPage.SetName(&desk.TabAt(3), u"Mail");
+    desk.NameTab(3, u"Mail");
     desk.Close(3);
     desk.Click(u"xtrReopenTab");
     EXPECT_EQ(desk.TabAt(3).Name(), u"Mail");

@@ -18,7 +18,7 @@ protected:
         PopUp(2);
     }
     /// On the head of the group of the tab there.
-    void PopUp(std::size_t position) { desk.main.StripInput().OpenGroupPopup(desk.GroupAt(position).Id()); }
+    void PopUp(std::size_t position) { desk.OpenGroupMenu(position); }
     /// On the tab there.
     void OnTab(std::size_t position, TextView tool) {
         desk.OpenTabMenu(position);
@@ -76,6 +76,7 @@ TEST_F(TabGroupCommandsTest, LoadsAllOfItAgain) {
 }
 
 TEST_F(TabGroupCommandsTest, PutsToSleepWhatNothingKeepsAwake) {
+    desk.steadyClock = std::chrono::minutes(1); // their icons have come
     desk.views.At(3).activity.HoldsInput = true;
     desk.Click(u"xtrTabGroupSleep");
     EXPECT_FALSE(desk.views.At(3).asleep);
@@ -122,7 +123,7 @@ TEST_F(TabGroupCommandsTest, MovesToTheEndAndLetsItsTabsGo) {
 }
 
 TEST_F(TabGroupCommandsTest, ClosesItAndBringsItBackWhole) {
-    desk.main.pcPage.SetFolded(&desk.GroupAt(2), true);
+    desk.FoldGroup(2);
     desk.Click(u"xtrTabGroupClose");
     EXPECT_EQ(desk.Units(), "1 [2*]");
     EXPECT_EQ(desk.Said(), "The tabs of News were closed. [Undo]");
@@ -215,7 +216,7 @@ TEST_F(TabGroupCommandsTest, AGroupThatClosesTheOthersFirstLeavesPinnedTabsAsThe
     EXPECT_EQ(desk.Units(), "^2 News3(1 6 [7*])") << "its first page takes the leftmost tab that is not pinned";
     EXPECT_EQ(desk.views.At(2).location, u"http://2/");
     for (const int index : {1, 6}) desk.Close(index);
-    desk.main.pcPage.SetPinned(&desk.TabOf(7), true);
+    desk.Pin(7);
     desk.OpenGroup(groups.PathText("News.tvg"));
     EXPECT_EQ(desk.Units(), "^2 ^7 News3(8 9 [10*])") << "where all are pinned it has tabs of its own";
 }

@@ -2,7 +2,6 @@
 #include "commands/effects/TileCommands.h"
 
 #include "tests/Desk.h"
-#include "tiles/TileText.h"
 
 namespace tessa {
 
@@ -10,10 +9,7 @@ namespace {
 
 class TileMenu : public testing::Test {
 protected:
-    [[nodiscard]] std::string Layout() {
-        const auto* layout = desk.main.Tiles().Shown();
-        return (layout ? ToUtf8(TileText(*layout)) : "alone") + ": " + desk.views.Shown();
-    }
+    [[nodiscard]] std::string Layout() { return desk.SideBySide() + ": " + desk.views.Shown(); }
     /// The tools of the menu that are enabled and that are marked.
     [[nodiscard]] std::string State() {
         std::string all;
@@ -106,7 +102,7 @@ TEST_F(TileMenu, APopupShowsItsTabBesideTheOneInFrontOrNoLonger) {
 
 TEST_F(TileMenu, LinkedPanesAreLoadedAndSizedTogether) {
     desk.StartWithTabs(4);
-    desk.main.Tiles().Show(TileLayoutIn(u"h(1 2 3)").value());
+    desk.LaySideBySide(u"h(1 2 3)");
     for (int index = 1; index <= 4; ++index) desk.views.Calls(index);
     desk.Click(u"mnuRefresh");
     desk.Click(u"xtrTextLarger");
