@@ -1,4 +1,4 @@
-// Tests: TabFaces, TabLook, TabRow, TabStripAccessible, TabStripViewDrag, TabStripViewInput, Tip
+// Tests: StripParts, TabFaces, TabLook, TabMarks, TabRow, TabStripAccessible, TabStripViewDrag, TabStripViewInput, Tip
 #include "qt/strip/TabStripView.h"
 
 #include "qt/base/Palette.h"
