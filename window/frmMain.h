@@ -147,7 +147,10 @@ private:
     enum class Stage { New, Loaded, Unloaded };
 
     void WireParts();
+    void WireBar();
+    void WireMenus();
     void WireTabs();
+    void WireClosing();
     void WireSaying();
     void AnswerBlocking(bool on);
     void WireGroups();

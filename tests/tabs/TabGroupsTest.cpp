@@ -1,3 +1,4 @@
+// Tests: TabGroupsReturn
 #include "tabs/TabGroups.h"
 
 #include "base/os/AtomicFile.h"
