@@ -127,16 +127,21 @@ bool TabPanelView::OnKey(const QKeyEvent& event) {
     case Qt::Key_F2:
         if (view > 0) edit(currentIndex());
         return true;
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-        Fold(view, event.key() == Qt::Key_Left);
-        return true;
-    case Qt::Key_A:
-        if (ctrl) m_form.ChooseAll();
-        return ctrl;
     default:
-        return false;
+        return OnWholeKey(event);
     }
+}
+
+// What is done with a whole group, or with all.
+bool TabPanelView::OnWholeKey(const QKeyEvent& event) {
+    const bool left = event.key() == Qt::Key_Left, ctrl = event.modifiers() & Qt::ControlModifier;
+    if (left || event.key() == Qt::Key_Right) {
+        Fold(m_model->ViewAt(currentIndex()), left);
+        return true;
+    }
+    if (event.key() != Qt::Key_A || !ctrl) return false;
+    m_form.ChooseAll();
+    return true;
 }
 
 void TabPanelView::Fold(std::int32_t line, bool fold) {
