@@ -2,7 +2,6 @@
 #include "tabs/TabGroups.h"
 #include "tabs/TabKeys.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace tessa {
@@ -42,7 +41,7 @@ KeptGroups TabGroups::Kept(const std::function<std::int32_t(std::int32_t)>& beco
         if (!known) continue;
         KeptGroup group{.Path = known->File.Path,
                         .Name = each->Name(),
-                        .Colour = Text(kTabColours[static_cast<std::size_t>(each->Colour()) - 1]),
+                        .Colour = Text(NameOfColour(each->Colour())),
                         .ColourChosen = known->ColourChosen,
                         .Folded = each->Folded()};
         for (const std::int32_t index : TabsOf(each->Id())) {
@@ -68,12 +67,11 @@ void TabGroups::Restore(const KeptGroup& kept, GroupSource file, const std::vect
         if (const auto* view = m_browser.Find(index)) m_members[index].Landed = view->Control->LocationURL();
     }
     auto* shown = m_pcPage.FindGroup(group);
-    const auto colour = std::ranges::find(kTabColours, TextView(kept.Colour));
+    const TabColour colour = ColourNamed(kept.Colour);
     if (!shown) return;
     Find(group)->ColourChosen = kept.ColourChosen;
     const bool own = kept.ColourChosen || FileOf(group)->Colour == TabColour::None;
-    if (own && colour != std::end(kTabColours))
-        m_pcPage.SetGroupColour(shown, static_cast<TabColour>(colour - std::begin(kTabColours) + 1));
+    if (own && colour != TabColour::None) m_pcPage.SetGroupColour(shown, colour);
     m_pcPage.SetFolded(shown, kept.Folded);
 }
 

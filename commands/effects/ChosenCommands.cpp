@@ -1,8 +1,8 @@
 #include "commands/effects/ChosenCommands.h"
 
 #include "bar/ToolName.h"
+#include "commands/effects/CollectionCommands.h"
 #include "commands/effects/SeveralTabs.h"
-#include "groups/TessaGroups.h"
 #include "tabs/frmRenameTab.h"
 
 #include <algorithm>
@@ -51,9 +51,7 @@ void Sleep(CommandContext& context) { SeveralTabs::Sleep(context, context.choice
 void SaveAsTessaGroup(CommandContext& context) {
     const Indexes indexes = context.choice.Indexes();
     if (indexes.empty()) return;
-    const Text file = context.files.ShowSave({.DialogTitle = u"Save Selected Tabs as TessaGroup",
-                                              .InitDir = context.groupFolder,
-                                              .Filter = Text(TessaGroups::kFileFilter)});
+    const Text file = CollectionCommands::AskForNewGroup(context, u"Save Selected Tabs as TessaGroup");
     if (file.empty()) return;
     context.groups.SaveTabs(file, indexes);
     context.groupsMenuStale = true;

@@ -24,14 +24,23 @@ Page CurrentPage(const CommandContext& context) {
 
 namespace CollectionCommands {
 
+Text AskForGroup(CommandContext& context) {
+    return context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
+                                   .InitDir = context.groupFolder,
+                                   .Filter = Text(TessaGroups::kFileFilter)});
+}
+
+Text AskForNewGroup(CommandContext& context, TextView title) {
+    return context.files.ShowSave(
+        {.DialogTitle = Text(title), .InitDir = context.groupFolder, .Filter = Text(TessaGroups::kFileFilter)});
+}
+
 void AddViewToTessaGroup(CommandContext& context, std::int32_t index) {
     const bool isPrivate = context.tabs.PrivacyOf(index) == Privacy::Private;
     if (isPrivate && !context.messages.AskOwn({u"The page is open in a private tab",
                                                u"The TessaGroup would keep its address.", u"&Cancel", u"&Add It"}))
         return;
-    const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
-                                              .InitDir = context.groupFolder,
-                                              .Filter = Text(TessaGroups::kFileFilter)});
+    const Text file = AskForGroup(context);
     if (file.empty()) return;
     // The address is asked for only now, as the page may have moved on meanwhile.
     if (const auto* view = context.tabs.OpenView(index))
@@ -44,9 +53,7 @@ void AddViewToTessaGroup(CommandContext& context, std::int32_t index) {
 void AddToTessaGroup(CommandContext& context) { AddViewToTessaGroup(context, context.tabs.CurrentIndex()); }
 
 void SaveAsTessaGroup(CommandContext& context) {
-    const Text file = context.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
-                                              .InitDir = context.groupFolder,
-                                              .Filter = Text(TessaGroups::kFileFilter)});
+    const Text file = AskForNewGroup(context);
     if (file.empty()) return;
     context.groups.SaveAsTessaGroup(file);
     context.groupsMenuStale = true;

@@ -10,6 +10,9 @@ void AddToTessaGroup(CommandContext& context);
 /// The same for the tab of that view.
 void AddViewToTessaGroup(CommandContext& context, std::int32_t index);
 void SaveAsTessaGroup(CommandContext& context);
+/// Asks for the file of a TessaGroup to add to, or of a new one; empty for none.
+[[nodiscard]] Text AskForGroup(CommandContext& context);
+[[nodiscard]] Text AskForNewGroup(CommandContext& context, TextView title = u"Save as TessaGroup");
 void OrganizeTessaGroups(CommandContext& context);
 /// Checks the groups of the user's folder.
 void CheckAllGroups(CommandContext& context);

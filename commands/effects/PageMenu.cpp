@@ -6,9 +6,9 @@
 #include "base/LinkTrust.h"
 #include "base/PlainText.h"
 #include "base/os/AtomicFile.h"
+#include "commands/effects/CollectionCommands.h"
 #include "commands/effects/PageMenuEntries.h"
 #include "downloads/FileNames.h"
-#include "groups/TessaGroups.h"
 #include "pages/LinkRules.h"
 
 #include <array>
@@ -143,9 +143,7 @@ void AddLinkToTessaGroup(CommandContext& context) {
         !context.messages.AskOwn({u"The link is in a private tab", u"The TessaGroup would keep its address.",
                                   Text(kCancelButton), u"&Add It"}))
         return;
-    const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
-                                              .InitDir = context.groupFolder,
-                                              .Filter = Text(TessaGroups::kFileFilter)});
+    const Text file = CollectionCommands::AskForGroup(context);
     if (file.empty()) return;
     context.groups.AddToTessaGroup(link, file);
     context.groupsMenuStale = true;
@@ -170,9 +168,7 @@ void SaveSelectedLinks(CommandContext& context) {
             if (isPage && std::ranges::find(pages, link) == pages.end()) pages.push_back(link);
         }
         if (pages.empty()) return context.tabs.Say(u"No link to a page is selected.");
-        const Text file = context.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
-                                                  .InitDir = context.groupFolder,
-                                                  .Filter = Text(TessaGroups::kFileFilter)});
+        const Text file = CollectionCommands::AskForNewGroup(context);
         if (file.empty()) return;
         context.groups.SaveAddresses(file, pages);
         context.groupsMenuStale = true;

@@ -1,7 +1,6 @@
 #include "commands/effects/SeveralTabs.h"
 
 #include "commands/effects/CollectionCommands.h"
-#include "groups/TessaGroups.h"
 #include "tabs/TabSleep.h"
 
 #include <algorithm>
@@ -99,9 +98,7 @@ void AddToTessaGroup(CommandContext& context, const Indexes& indexes) {
         !context.messages.AskOwn(
             {u"Some of the tabs are private", u"The TessaGroup would keep their addresses.", u"&Cancel", u"&Add Them"}))
         return;
-    const Text file = context.files.ShowOpen({.DialogTitle = u"Add to TessaGroup",
-                                              .InitDir = context.groupFolder,
-                                              .Filter = Text(TessaGroups::kFileFilter)});
+    const Text file = CollectionCommands::AskForGroup(context);
     if (file.empty()) return;
     context.groups.AddAllToTessaGroup(AddressesOf(context, indexes), file);
     context.groupsMenuStale = true;

@@ -3,6 +3,7 @@
 #include "base/Captions.h"
 #include "qt/base/Strings.h"
 
+#include <QFontMetrics>
 #include <algorithm>
 #include <set>
 

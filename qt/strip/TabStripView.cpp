@@ -7,14 +7,12 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
-#include <chrono>
 
 namespace tessa::qt {
 
 namespace {
 constexpr std::int32_t kLowestRow = 22;
 constexpr int kRowPadding = 8;
-constexpr std::chrono::milliseconds kFacesDelay{100};
 } // namespace
 
 TabStripView::TabStripView(TabStrip& strip, const TabFaces& faces, QWidget* parent)
@@ -25,33 +23,23 @@ TabStripView::TabStripView(TabStrip& strip, const TabFaces& faces, QWidget* pare
     setMouseTracking(true);
     setAcceptDrops(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    m_layoutTimer.setSingleShot(true);
-    m_facesTimer.setSingleShot(true);
-    connect(&m_layoutTimer, &QTimer::timeout, this, &TabStripView::Relayout);
-    connect(&m_facesTimer, &QTimer::timeout, this, &TabStripView::RefreshFaces);
+    m_clock.LayoutDue.ConnectForLife([this] { Relayout(); });
+    m_clock.FacesDue.ConnectForLife([this] { RefreshFaces(); });
     Measure();
-    m_connections += m_strip.Attach([this](TabStripChange change) { OnChange(change); });
-}
-
-void TabStripView::OnChange(TabStripChange change) {
-    if (change == TabStripChange::Layout)
-        m_layoutTimer.start(0);
-    else if (!m_facesTimer.isActive())
-        m_facesTimer.start(kFacesDelay);
+    m_connections += m_strip.Attach([this](TabStripChange change) { m_clock.Note(change); });
 }
 
 void TabStripView::RefreshIcons(std::int32_t tag) {
     m_changedIcons.insert(tag);
-    OnChange(TabStripChange::Faces);
+    m_clock.Note(TabStripChange::Faces);
 }
 
 void TabStripView::Settle() {
-    if (m_layoutTimer.isActive()) Relayout();
+    if (m_clock.IsLayoutDue()) Relayout();
 }
 
 void TabStripView::Relayout() {
-    m_layoutTimer.stop();
-    m_facesTimer.stop();
+    m_clock.Stop();
     m_changedIcons.clear();
     m_strip.Clean();
     m_heads.Note();
@@ -70,7 +58,7 @@ void TabStripView::Relayout() {
 }
 
 void TabStripView::RefreshFaces() {
-    if (m_layoutTimer.isActive()) return Relayout();
+    if (m_clock.IsLayoutDue()) return Relayout();
     // A head is as long as what it says.
     if (m_heads.Items(fontMetrics()) != m_row.Items()) return Relayout();
     m_strip.Clean();
@@ -213,7 +201,7 @@ void TabStripView::resizeEvent(QResizeEvent*) {
 void TabStripView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         Measure();
-        m_layoutTimer.start(0);
+        m_clock.Note(TabStripChange::Layout);
     }
     QWidget::changeEvent(event);
 }

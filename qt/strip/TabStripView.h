@@ -2,12 +2,12 @@
 #include "base/Signal.h"
 #include "base/Units.h"
 #include "forms/TabStrip.h"
+#include "qt/strip/StripClock.h"
 #include "qt/strip/TabFaces.h"
 #include "qt/strip/TabHeads.h"
 #include "qt/strip/TabLook.h"
 #include "qt/strip/TabRow.h"
 
-#include <QTimer>
 #include <QWidget>
 #include <optional>
 #include <set>
@@ -17,9 +17,6 @@ namespace tessa::qt {
 
 /// Shows a `TabStrip` as one widget that paints all tabs itself. So the strip costs what is visible of it, not what it
 /// holds. It covers the row of tabs alone; the page area is laid beside it. The strip outlives the widget.
-///
-/// Layout is done once a turn of the event loop. Captions, busy marks and page icons are gathered for a tenth of a
-/// second. Any repaint composes the whole window again.
 class TabStripView final : public QWidget {
     Q_OBJECT
 
@@ -65,7 +62,7 @@ public:
     /// The page icon of the tabs with this tag has changed.
     void RefreshIcons(std::int32_t tag);
     /// What the faces say of tabs may have changed.
-    void RefreshFacesSoon() { OnChange(TabStripChange::Faces); }
+    void RefreshFacesSoon() { m_clock.Note(TabStripChange::Faces); }
     /// The tab at a point of the widget; nothing where no tab is.
     [[nodiscard]] Tab* FindTabAt(QPoint point);
     /// Where the tab at a position stands, even when it is scrolled out. Empty for no position of the strip.
@@ -132,7 +129,6 @@ private:
         bool operator==(const Face&) const = default;
     };
 
-    void OnChange(TabStripChange change);
     /// Does a layout that is due now rather than at the next turn.
     void Settle();
     void Relayout();
@@ -166,7 +162,7 @@ private:
     const TabFaces& m_source;
     TabHeads m_heads;
     TabRow m_row;
-    QTimer m_layoutTimer, m_facesTimer;
+    StripClock m_clock;
     std::vector<Face> m_faces; ///< of the visible items, from the first visible one on
     std::set<std::int32_t> m_changedIcons;
     std::size_t m_selected = 0; ///< position at the last layout

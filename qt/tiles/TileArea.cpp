@@ -7,7 +7,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 namespace tessa::qt {
@@ -19,8 +18,6 @@ constexpr int kDivider = 5, kFrame = 2;
 constexpr int kLeastPane = 60;
 /// How far a key moves a divider; with Shift it is a pixel.
 constexpr int kStep = 20;
-/// As often as the strip takes captions anew.
-constexpr std::chrono::milliseconds kFaces{100};
 
 } // namespace
 
@@ -29,9 +26,7 @@ TileArea::TileArea(QWidget* pageArea) : QWidget(pageArea), m_dropZone(pageArea) 
     setAccessibleName(QStringLiteral("Dividers"));
     setAccessibleDescription(QStringLiteral("Arrow keys move them, Home makes the panes equal, Escape goes back"));
     setMouseTracking(true);
-    m_faces.setSingleShot(true);
-    m_faces.setInterval(kFaces);
-    m_faces.callOnTimeout(this, [this] { ShowFaces(); });
+    m_clock.FacesDue.ConnectForLife([this] { ShowFaces(); });
     hide();
 }
 
@@ -117,9 +112,7 @@ TileHeader* TileArea::MakeHeader(std::int32_t index) {
     return header;
 }
 
-void TileArea::RefreshFaces() {
-    if (!m_faces.isActive()) m_faces.start();
-}
+void TileArea::RefreshFaces() { m_clock.Note(TabStripChange::Faces); }
 
 void TileArea::ShowFaces() {
     for (const auto& [index, header] : m_headers) {

@@ -1,12 +1,12 @@
 #pragma once
 #include "base/Signal.h"
+#include "qt/strip/StripClock.h"
 #include "qt/strip/TabIcons.h"
 #include "qt/tiles/PaneFocus.h"
 #include "qt/tiles/TileDropZone.h"
 #include "qt/tiles/TileHeader.h"
 #include "tiles/Tiles.h"
 
-#include <QTimer>
 #include <QWidget>
 #include <map>
 #include <optional>
@@ -89,7 +89,7 @@ private:
     TilePlaces m_places; ///< in the page area
     PaneFocus m_focus{*this, m_places};
     std::map<std::int32_t, TileHeader*> m_headers;
-    QTimer m_faces;
+    StripClock m_clock;
     std::optional<TileDivider> m_held;  ///< that is dragged
     std::optional<TileDivider> m_hover; ///< that the pointer is on
     bool m_stale = true;
