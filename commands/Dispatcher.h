@@ -1,5 +1,5 @@
 #pragma once
-#include "commands/CommandContext.h"
+#include "commands/effects/CommandContext.h"
 
 namespace tessa {
 

@@ -1,6 +1,6 @@
 #include "commands/RuntimeMenus.h"
 
-#include "commands/MenuEntryCommands.h"
+#include "commands/effects/MenuEntryCommands.h"
 #include "groups/TessaGroups.h"
 
 namespace tessa {

@@ -2,7 +2,7 @@
 #include "bar/EntryGestures.h"
 #include "bar/ToolName.h"
 #include "base/Signal.h"
-#include "commands/CommandContext.h"
+#include "commands/effects/CommandContext.h"
 #include "favorites/Favorites.h"
 #include "platform/FolderWatch.h"
 

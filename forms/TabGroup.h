@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Text.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -10,7 +12,19 @@ namespace tessa {
 enum class TabColour { None, Red, Orange, Yellow, Green, Blue, Purple, Grey };
 
 /// What files call the colours, in their order; `None` has no name.
-inline constexpr TextView kTabColours[] = {u"red", u"orange", u"yellow", u"green", u"blue", u"purple", u"grey"};
+inline constexpr std::array<TextView, 7> kTabColours{u"red",  u"orange", u"yellow", u"green",
+                                                     u"blue", u"purple", u"grey"};
+
+/// What files call the colour; empty for `None`.
+constexpr TextView NameOfColour(TabColour colour) {
+    return colour == TabColour::None ? TextView() : kTabColours.at(static_cast<std::size_t>(colour) - 1);
+}
+
+/// The colour that files call so; `None` for any other name.
+constexpr TabColour ColourNamed(TextView name) {
+    const auto found = std::find(kTabColours.begin(), kTabColours.end(), name);
+    return found == kTabColours.end() ? TabColour::None : static_cast<TabColour>(found - kTabColours.begin() + 1);
+}
 
 /// Tabs of a strip that belong together. Its strip owns it, and lets it go with its last tab.
 class TabGroup {

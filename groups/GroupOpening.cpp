@@ -8,7 +8,6 @@
 #include "tabs/TabKeys.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace tessa {
 
@@ -24,12 +23,6 @@ Text KeptPage(TextView group, TextView address) {
     if (!inside || !address.ends_with(u".mhtml") || address.starts_with(u'/')) return {};
     const Text path = PathFromBytes(FolderAbove(AbsolutePath(PathToBytes(group)))) + u"/" + Text(address);
     return WhatLiesAt(PathToBytes(path)) == Lies::Other ? path : Text();
-}
-
-TabColour ColourOf(TextView name) {
-    const auto found = std::ranges::find(kTabColours, name);
-    if (found == std::end(kTabColours)) return TabColour::None;
-    return static_cast<TabColour>(found - std::begin(kTabColours) + 1);
 }
 
 } // namespace
@@ -83,7 +76,7 @@ GroupSource GroupOpening::FileAt(TextView path, const GroupPlan& plan) {
     for (const auto& address : TessaGroups::Load(path)) addresses.push_back(address.Key);
     return {.Path = Text(path),
             .All = plan.Ordered(addresses),
-            .Colour = ColourOf(plan.colour),
+            .Colour = ColourNamed(plan.colour),
             .IsThere = TessaGroups::IsReadable(path)};
 }
 

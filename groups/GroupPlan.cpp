@@ -184,7 +184,7 @@ std::vector<Text> GroupPlan::Ordered(const std::vector<Text>& addresses) const {
 GroupPlan GroupPlan::Read(const IniFile& file) {
     GroupPlan plan;
     const Text colour = InSmallLetters(ReadIniValue(file, kPlanSection, "colour", u""));
-    if (std::ranges::find(kTabColours, TextView(colour)) != std::end(kTabColours)) plan.colour = colour;
+    if (ColourNamed(colour) != TabColour::None) plan.colour = colour;
     plan.behind = ReadIniValue(file, kPlanSection, "behind", u"") == u"1";
     plan.closeOthers = ReadIniValue(file, kPlanSection, "closeothers", u"") == u"1";
     ReadPanes(file, plan);

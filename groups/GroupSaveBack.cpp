@@ -22,10 +22,6 @@ TessaGroups::Updated UpdatedWith(std::vector<GroupTab>& tabs, const GroupSource&
     return updated;
 }
 
-Text ColourName(TabColour colour) {
-    return colour == TabColour::None ? Text() : Text(kTabColours[static_cast<std::size_t>(colour) - 1]);
-}
-
 } // namespace
 
 void GroupCommands::Reread(TextView path) {
@@ -113,7 +109,7 @@ void GroupCommands::WriteBack(std::int32_t group, std::vector<GroupTab> tabs) {
     const TabColour chosen = groups.ColourChosen(group) ? m_parts.pcPage.FindGroup(group)->Colour() : TabColour::None;
     const TessaGroups::Updated updated = UpdatedWith(tabs, *groups.FileOf(group));
     const auto arrange = [&](GroupPlan& plan, const std::vector<Text>& all) {
-        if (chosen != TabColour::None) plan.colour = ColourName(chosen);
+        if (chosen != TabColour::None) plan.colour = NameOfColour(chosen);
         if (plan.keepsPanes) plan.panes = PanesOf(tabs, all);
     };
     if (TessaGroups::Update(path, updated, arrange) != Outcome::Done)

@@ -41,9 +41,7 @@ private:
 
 void frmTessaGroup::LoadPlan() {
     m_plan = GroupPlan::In(m_fileName);
-    const auto colour = std::ranges::find(kTabColours, TextView(m_plan.colour));
-    const bool none = colour == std::end(kTabColours);
-    cboColour.Index = none ? 0 : static_cast<std::size_t>(colour - std::begin(kTabColours)) + 1;
+    cboColour.Index = static_cast<std::size_t>(ColourNamed(m_plan.colour));
     chkBehind.Tick(m_plan.behind);
     chkCloseOthers.Tick(m_plan.closeOthers);
     chkKeepPanes.Tick(m_plan.keepsPanes);
@@ -52,7 +50,7 @@ void frmTessaGroup::LoadPlan() {
 
 GroupPlan frmTessaGroup::Plan() const {
     GroupPlan plan = m_plan.Of(lstUrls.Rows());
-    plan.colour = cboColour.Index() == 0 ? Text() : Text(kTabColours[cboColour.Index() - 1]);
+    plan.colour = NameOfColour(static_cast<TabColour>(cboColour.Index()));
     plan.behind = chkBehind.Ticked();
     plan.closeOthers = chkCloseOthers.Ticked();
     plan.keepsPanes = chkKeepPanes.Ticked();

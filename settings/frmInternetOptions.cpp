@@ -19,21 +19,16 @@ Text Trimmed(TextView text) {
     return Text(TrimmedOf(text, [](char16_t each) { return each <= u' '; }));
 }
 
-// Nothing for what is no port.
-std::optional<std::int32_t> Port(const Text& text) {
-    const auto number = WholeNumber(Trimmed(text));
-    return number && *number > 0 && *number <= 65535 ? number : std::nullopt;
-}
-
-// Nothing for what is no time to sleep after.
-std::optional<std::int32_t> Minutes(const Text& text) {
-    const auto number = WholeNumber(Trimmed(text));
-    return number && *number > 0 && *number <= InternetValues::kMostSleepMinutes ? number : std::nullopt;
-}
-
+// Nothing for what is no such number.
 std::optional<std::int32_t> NumberWithin(const Text& text, std::int32_t least, std::int32_t most) {
     const auto number = WholeNumber(Trimmed(text));
     return number && *number >= least && *number <= most ? number : std::nullopt;
+}
+
+std::optional<std::int32_t> Port(const Text& text) { return NumberWithin(text, 1, 65535); }
+
+std::optional<std::int32_t> Minutes(const Text& text) {
+    return NumberWithin(text, 1, InternetValues::kMostSleepMinutes);
 }
 
 // A command that was not touched stays unset, so that it follows the desktop.

@@ -56,7 +56,7 @@ std::vector<std::int32_t> TakeNumbers(const Record& record, std::size_t pages, s
 std::optional<KeptGroup> GroupOf(const Record& record, std::size_t pages, std::set<std::int32_t>& taken) {
     KeptGroup group{.Path = TextOr(record, kPath), .Name = TextOr(record, kName), .Colour = TextOr(record, kColour)};
     if (group.Path.empty()) return std::nullopt;
-    if (std::ranges::find(kTabColours, TextView(group.Colour)) == std::end(kTabColours)) group.Colour.clear();
+    if (ColourNamed(group.Colour) == TabColour::None) group.Colour.clear();
     group.ColourChosen = record.Says(kChosen) && !group.Colour.empty();
     group.Folded = record.Says(kFolded);
     const auto entries = ListIn(record.Values, kEntries).value_or(std::vector<Text>());

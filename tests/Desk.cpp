@@ -3,6 +3,7 @@
 #include "base/ResumeNext.h"
 #include "settings/frmSettings.h"
 #include "tabs/TabKeys.h"
+#include "tiles/TileText.h"
 
 #include <utility>
 #include <vector>
@@ -18,6 +19,7 @@ Desk::Desk(DeskSetting setting)
     window.closed = [this] {
         if (main.Form_QueryUnload()) main.Form_Unload();
     };
+    main.Sleep().Now = [this] { return steadyClock; };
     main.sbStatus.Complaint.ConnectForLife([this](TextView words) { main.sbStatus.SimpleText = Text(words); });
 }
 
@@ -116,6 +118,17 @@ Tab& Desk::TabOf(std::int32_t index) const {
 void Desk::OpenTabMenu(std::size_t position) {
     main.StripInput().HitTest = [position](Pixels, Pixels) { return static_cast<int>(position) - 1; };
     main.StripInput().MouseDown(MouseButton::Right, {}, {});
+}
+
+void Desk::LaySideBySide(TextView layout) {
+    const auto read = TileLayoutIn(layout);
+    Must(read.has_value());
+    main.Tiles().Show(*read);
+}
+
+std::string Desk::SideBySide() {
+    const auto* layout = main.Tiles().Shown();
+    return layout ? ToUtf8(TileText(*layout)) : "alone";
 }
 
 void Desk::UseIndexesUpTo(std::int32_t last) {

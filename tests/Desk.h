@@ -1,5 +1,6 @@
 #pragma once
 #include "settings/SettingsStore.h"
+#include "tabs/TabSleep.h"
 #include "tests/fakes/FakeSurroundings.h"
 #include "tests/fakes/FakeViews.h"
 
@@ -61,8 +62,12 @@ public:
     void MoveTab(std::size_t from, std::size_t to) { main.pcPage.Move(&TabAt(from), to); }
     /// Opens the pop-up of the tab there; of no tab when there is none.
     void OpenTabMenu(std::size_t position);
-    BrowserView* NewTab(InFront inFront) { return main.GetNewBrowser(inFront); }
+    BrowserView* NewTab(InFront inFront, Privacy privacy = Privacy::Ordinary) {
+        return main.GetNewBrowser(inFront, privacy);
+    }
     void Close(std::int32_t index) { main.CloseBrowserTab(index); }
+    void Pin(std::int32_t index) { main.pcPage.SetPinned(&TabOf(index), true); }
+    void NameTab(std::size_t position, TextView name) { main.pcPage.SetName(&TabAt(position), Text(name)); }
     /// Opens tabs and closes them again until the view index `last` has been used.
     void UseIndexesUpTo(std::int32_t last);
     void CloseOtherTabs() { Click(u"mnuCloseAll"); }
@@ -73,10 +78,25 @@ public:
     /// The strip loses the tab there, and its view stays.
     void TakeTabAway(std::size_t position) { main.pcPage.Remove(&TabAt(position)); }
 
+    // Several tabs at once, by the indexes of their views.
+    void ChooseTabs(const std::vector<std::int32_t>& indexes) { main.Choice().Replace(indexes); }
+    [[nodiscard]] bool HasChosenTabs() { return main.Choice().Any(); }
+    /// Lays them side by side, as the text says, see `TileText`.
+    void LaySideBySide(TextView layout);
+    void LayAlone() { main.Tiles().Dissolve(); }
+    /// The panes that are shown, as such a text; "alone" when the selected tab has none beside it.
+    [[nodiscard]] std::string SideBySide();
+
     // TessaGroups and where else tabs come from.
     void OpenGroup(TextView path) { main.OpenTessaGroup(path); }
     /// The group of the tab there.
     [[nodiscard]] TabGroup& GroupAt(std::size_t position) const { return *TabAt(position).Group(); }
+    void FoldGroup(std::size_t position) { main.pcPage.SetFolded(&GroupAt(position), true); }
+    /// Opens the pop-up of the group's head.
+    void OpenGroupMenu(std::size_t position) { main.StripInput().OpenGroupPopup(GroupAt(position).Id()); }
+    /// Writes into the group's file what its tabs show, and whether they show anything else.
+    void SaveGroupBack(std::size_t position) { main.Groups().SaveBack(GroupAt(position).Id()); }
+    [[nodiscard]] bool IsGroupToSave(std::size_t position) { return main.Groups().IsToSave(GroupAt(position).Id()); }
     void OpenGroups(const std::vector<Text>& paths) { main.OpenTessaGroups(paths); }
     void AddToGroup(TextView address, TextView path) { main.AddToTessaGroup(address, path); }
     void OpenGiven(BrowserView& view, TextView text) { main.OpenGiven(view, text); }
@@ -170,6 +190,8 @@ public:
     FakeApplication application{log};
     FakeChannel channel{log};
     const Text groupFolder, favoritesFolder;
+    /// What the steady clock shows that tabs fall asleep by.
+    TabSleep::Time steadyClock{0};
     frmMain main;
 
 private:

@@ -1,5 +1,5 @@
 #pragma once
-#include "commands/CommandContext.h"
+#include "commands/effects/CommandContext.h"
 #include "downloads/frmDownloads.h"
 #include "history/frmOpenPages.h"
 #include "sessions/SessionJournal.h"

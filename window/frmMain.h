@@ -4,8 +4,8 @@
 #include "bar/ToolName.h"
 #include "base/Signal.h"
 #include "commands/Dispatcher.h"
-#include "commands/FavoriteCommands.h"
 #include "commands/RuntimeMenus.h"
+#include "commands/effects/FavoriteCommands.h"
 #include "downloads/frmDownloads.h"
 #include "groups/GroupCommands.h"
 #include "groups/TabsOfFront.h"
@@ -147,7 +147,10 @@ private:
     enum class Stage { New, Loaded, Unloaded };
 
     void WireParts();
+    void WireBar();
+    void WireMenus();
     void WireTabs();
+    void WireClosing();
     void WireSaying();
     void AnswerBlocking(bool on);
     void WireGroups();

@@ -1,7 +1,5 @@
 #pragma once
-#include "forms/TabStrip.h"
-
-#include <QIcon>
+#include "qt/strip/TabIcons.h"
 
 namespace tessa::qt {
 
@@ -13,12 +11,8 @@ enum class TabPane {
 };
 
 /// What the strip shows beside captions and marks.
-class TabFaces {
+class TabFaces : public TabIcons {
 public:
-    virtual ~TabFaces() = default;
-
-    /// The icon of a tab's page; a null icon when it has none.
-    [[nodiscard]] virtual QIcon IconOf(const Tab& tab) const = 0;
     /// What is shown of a tab while the pointer rests on it.
     [[nodiscard]] virtual Text TipOf(const Tab& tab) const = 0;
     /// Whether the tabs of a group are others than its file says.

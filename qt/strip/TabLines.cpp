@@ -1,7 +1,7 @@
 #include "qt/strip/TabLines.h"
 
 #include "qt/base/Palette.h"
-#include "qt/strip/TabLook.h"
+#include "qt/strip/TabMarks.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -27,7 +27,7 @@ struct LineInk {
 void PaintLineIcon(QPainter& painter, const LineInk& ink, const QIcon& icon, const QRect& place) {
     // As on the strip; the desktop's picture for it can hardly be seen on a dark ground.
     if (icon.isNull())
-        TabLook::PaintBlankPage(painter, place, ink.marked ? ink.text : Palette::Mix(ink.ground, ink.text, 0.55));
+        TabMarks::PaintBlankPage(painter, place, ink.marked ? ink.text : Palette::Mix(ink.ground, ink.text, 0.55));
     else
         icon.paint(&painter, place, Qt::AlignCenter, ink.marked ? QIcon::Selected : QIcon::Normal);
 }
@@ -48,10 +48,7 @@ void PaintLineWords(QPainter& painter, const LineInk& ink, const QFontMetrics& m
 
 void PaintLineCross(QPainter& painter, const QColor& color, const QRect& place) {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, 1.5, Qt::SolidLine, Qt::RoundCap));
-    const QRectF arms = QRectF(place).adjusted(4, 4, -4, -4);
-    painter.drawLine(arms.topLeft(), arms.bottomRight());
-    painter.drawLine(arms.bottomLeft(), arms.topRight());
+    TabMarks::PaintCross(painter, QRectF(place).adjusted(4, 4, -4, -4), color, 1.5);
 }
 
 } // namespace

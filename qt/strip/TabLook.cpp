@@ -1,12 +1,12 @@
 #include "qt/strip/TabLook.h"
 
 #include "qt/base/Palette.h"
+#include "qt/strip/TabMarks.h"
 
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
-#include <algorithm>
 
 namespace tessa::qt {
 
@@ -17,31 +17,9 @@ constexpr int kTabGap = 6;
 constexpr int kCorner = 4;
 constexpr int kAccentHeight = 2;
 constexpr int kColourHeight = 3;
-constexpr int kHalfLight = 128;
 constexpr double kChosenShare = 0.35;
 /// No tab is wide enough for more; measuring a longer text would only cost time.
 constexpr int kMeasuredUnits = 256;
-
-// A head: a box with an arrow, the name, and what there is to say of the group.
-constexpr int kHeadMargin = 3, kHeadPadding = 6, kHeadArrow = 8, kHeadGap = 4, kHeadMark = 6;
-constexpr int kWidestName = 12; // in heights of the font
-constexpr int kSlimHead = 8;
-
-/// What is said of the group behind its name.
-QString HeadWords(const TabHeadFace& face) {
-    if (face.loading > 0) return QString::number(face.loading) + QChar(0x2026);
-    return face.folded ? QString::number(face.count) : QString();
-}
-
-int HeadNameWidth(const QFontMetrics& font, const TabHeadFace& face) {
-    return std::min(font.horizontalAdvance(face.name.left(kMeasuredUnits)) + 1, kWidestName * font.height());
-}
-
-/// Black or white, whichever is read better on it.
-QColor InkOn(const QColor& ground) {
-    const double light = 0.299 * ground.redF() + 0.587 * ground.greenF() + 0.114 * ground.blueF();
-    return light > 0.52 ? QColor(16, 16, 16) : QColor(Qt::white);
-}
 
 /// A box with two round corners, at the side away from the page.
 QPainterPath TabShape(const QRect& place, TabPlacement placement) {
@@ -77,18 +55,6 @@ void TabLook::PaintBackground(QPainter& painter, const QRect& row) const {
     painter.fillRect(QRect(row.left(), edge, row.width(), 1), m_line);
 }
 
-void TabLook::PaintIcon(QPainter& painter, const TabFace& face, const QRect& icon) const {
-    if (face.asks)
-        PaintAskMark(painter, icon);
-    else if (face.busy)
-        PaintBusyMark(painter, icon);
-    else if (face.icon.isNull())
-        PaintBlankPage(painter, icon, Palette::Mix(m_row, m_text, 0.55));
-    else
-        face.icon.paint(&painter, icon);
-    if (face.news == TabNews::New && !face.asks && !face.busy) PaintNewsMark(painter, icon, m_row);
-}
-
 void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
     painter.save();
     painter.setClipRect(face.place, Qt::IntersectClip);
@@ -98,7 +64,8 @@ void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
     const int margin = face.pinned ? (face.place.width() - kTabIconSize) / 2 : kTabMargin;
     const QRect icon(face.place.left() + margin, face.place.top() + (face.place.height() - kTabIconSize) / 2,
                      kTabIconSize, kTabIconSize);
-    PaintIcon(painter, face, icon);
+    const QColor sheet = Palette::Mix(m_row, m_text, 0.55);
+    TabMarks::PaintIcon(painter, {face.icon, face.asks, face.busy, face.news, sheet, m_row}, icon);
     if (!face.pinned) PaintCaption(painter, face, icon.right() + 1 + kTabGap);
     if (face.sound != TabSound::None && !face.pinned) PaintSound(painter, face);
     if (face.closeShown) PaintClose(painter, face);
@@ -125,77 +92,12 @@ void TabLook::PaintPane(QPainter& painter, const TabFace& face) const {
     painter.fillRect(QRect(place.left() + kCorner, top, place.width() - 2 * kCorner, kAccentHeight), line);
 }
 
-int TabLook::HeadWidth(const QFontMetrics& font, const TabHeadFace& face) {
-    if (face.name.isEmpty()) return kSlimHead;
-    const QString words = HeadWords(face);
-    const int said = words.isEmpty() ? 0 : kHeadGap + font.horizontalAdvance(words);
-    const int mark = face.changed ? kHeadGap + kHeadMark : 0;
-    return 2 * (kHeadMargin + kHeadPadding) + kHeadArrow + kHeadGap + HeadNameWidth(font, face) + mark + said;
-}
-
-void TabLook::PaintHead(QPainter& painter, const TabHeadFace& face) const {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QColor mark = Palette::MarkColour(face.colour);
-    const QColor ground = face.hovered ? Palette::Mix(mark, m_text, 0.16) : mark;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(ground);
-    const int margin = face.name.isEmpty() ? kHeadMargin - 1 : kHeadMargin;
-    const QRect box = face.place.adjusted(margin, kHeadMargin, -margin, -kHeadMargin);
-    painter.drawRoundedRect(box, face.name.isEmpty() ? 1.5 : kCorner, face.name.isEmpty() ? 1.5 : kCorner);
-    if (!face.name.isEmpty()) PaintHeadWords(painter, face, box, InkOn(ground));
-    painter.restore();
-}
-
-// Towards the tabs when they are hidden, down when they are seen.
-void TabLook::PaintHeadArrow(QPainter& painter, const QPointF& centre, bool folded) {
-    const QPolygonF down({centre + QPointF(-3.5, -2), centre + QPointF(0, 2), centre + QPointF(3.5, -2)});
-    const QPolygonF right({centre + QPointF(-2, -3.5), centre + QPointF(2, 0), centre + QPointF(-2, 3.5)});
-    painter.drawPolyline(folded ? right : down);
-}
-
-void TabLook::PaintHeadWords(QPainter& painter, const TabHeadFace& face, const QRect& box, const QColor& ink) const {
-    painter.setPen(QPen(ink, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    int left = box.left() + kHeadPadding;
-    PaintHeadArrow(painter, QPointF(left + kHeadArrow / 2.0, QRectF(box).center().y()), face.folded);
-    left += kHeadArrow + kHeadGap;
-    const QFontMetrics font = painter.fontMetrics();
-    const auto write = [&](const QString& words, int width) {
-        painter.drawText(QRect(left, box.top(), width, box.height()),
-                         Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, words);
-        left += width;
-    };
-    const int name = HeadNameWidth(font, face);
-    write(font.elidedText(face.name.left(kMeasuredUnits), Qt::ElideRight, name), name);
-    if (face.changed) {
-        painter.setBrush(ink);
-        painter.drawEllipse(QPointF(left + kHeadGap + kHeadMark / 2.0, QRectF(box).center().y()), 2.5, 2.5);
-        left += kHeadGap + kHeadMark;
-    }
-    const QString words = HeadWords(face);
-    left += kHeadGap;
-    painter.setPen(Palette::Mix(ink, Palette::MarkColour(face.colour), 0.2));
-    if (!words.isEmpty()) write(words, font.horizontalAdvance(words));
-}
-
 // Beside the page, where nothing else is: what is selected has its line at the other side.
 void TabLook::PaintColour(QPainter& painter, const TabFace& face) const {
     if (face.colour == TabColour::None) return;
     const QRect& place = face.place;
     const int top = m_placement == TabPlacement::Top ? place.bottom() + 1 - kColourHeight : place.top();
     painter.fillRect(QRect(place.left() + 1, top, place.width() - 2, kColourHeight), Palette::MarkColour(face.colour));
-}
-
-// A dot at the corner of the icon, with a rim that tells it from any icon.
-void TabLook::PaintNewsMark(QPainter& painter, const QRect& icon, const QColor& ground) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(ground, 1.5));
-    const bool dark = ground.lightness() < kHalfLight;
-    painter.setBrush(dark ? QColor(255, 190, 60) : QColor(214, 120, 0));
-    painter.drawEllipse(QPointF(icon.right() - 1.5, icon.top() + 2.5), 4.5, 4.5);
-    painter.restore();
 }
 
 void TabLook::PaintBody(QPainter& painter, const TabFace& face) const {
@@ -231,106 +133,22 @@ void TabLook::PaintChosen(QPainter& painter, const TabFace& face) const {
     painter.fillRect(QRect(place.left(), top, place.width(), kAccentHeight), Palette::Mix(m_row, m_accent, 0.7));
 }
 
-void TabLook::PaintAskMark(QPainter& painter, const QRect& place) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(201, 84, 0));
-    painter.drawEllipse(QRectF(place).center(), 7.5, 7.5);
-    QFont bold = painter.font();
-    bold.setBold(true);
-    bold.setPixelSize(12);
-    painter.setFont(bold);
-    painter.setPen(Qt::white);
-    painter.drawText(place, Qt::AlignCenter, QStringLiteral("?"));
-    painter.restore();
-}
-
-void TabLook::PaintBusyMark(QPainter& painter, const QRect& place) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QPointF centre = QRectF(place).center();
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(224, 49, 49, 70));
-    painter.drawEllipse(centre, 6.5, 6.5);
-    painter.setBrush(QColor(224, 49, 49));
-    painter.drawEllipse(centre, 4, 4);
-    painter.restore();
-}
-
-void TabLook::PaintBlankPage(QPainter& painter, const QRect& place, const QColor& color) {
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF sheet = QRectF(place).adjusted(3.5, 2.5, -3.5, -2.5);
-    constexpr double kFold = 3.5;
-    QPainterPath outline(sheet.topLeft());
-    outline.lineTo(sheet.right() - kFold, sheet.top());
-    outline.lineTo(sheet.right(), sheet.top() + kFold);
-    outline.lineTo(sheet.bottomRight());
-    outline.lineTo(sheet.bottomLeft());
-    outline.closeSubpath();
-    outline.moveTo(sheet.right() - kFold, sheet.top());
-    outline.lineTo(sheet.right() - kFold, sheet.top() + kFold);
-    outline.lineTo(sheet.right(), sheet.top() + kFold);
-    painter.strokePath(outline, QPen(color, 1));
-}
-
-namespace {
-
-void PaintHorn(QPainter& painter, const QColor& ink, QPointF centre) {
-    const QPolygonF horn({centre + QPointF(-5, -1.8), centre + QPointF(-3, -1.8), centre + QPointF(0, -4.5),
-                          centre + QPointF(0, 4.5), centre + QPointF(-3, 1.8), centre + QPointF(-5, 1.8)});
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(ink);
-    painter.drawPolygon(horn);
-}
-
-} // namespace
-
-void TabLook::PaintSoundMark(QPainter& painter, const QRect& place, const QColor& ink, TabSound sound) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QPointF centre = QRectF(place).center();
-    PaintHorn(painter, ink, centre);
-    painter.setPen(QPen(ink, 1.2, Qt::SolidLine, Qt::RoundCap));
-    painter.setBrush(Qt::NoBrush);
-    if (sound == TabSound::Muted) {
-        painter.drawLine(centre + QPointF(2, -2), centre + QPointF(6, 2));
-        painter.drawLine(centre + QPointF(6, -2), centre + QPointF(2, 2));
-    } else {
-        for (const double radius : {2.5, 5.0})
-            painter.drawArc(QRectF(centre.x() - radius + 0.5, centre.y() - radius, 2 * radius, 2 * radius), -50 * 16,
-                            100 * 16);
-    }
-    painter.restore();
-}
-
 void TabLook::PaintSound(QPainter& painter, const TabFace& face) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor ground = face.selected ? m_selected : face.hovered ? m_hovered : m_row;
-    if (face.soundHovered) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Palette::Mix(ground, m_text, 0.18));
-        painter.drawRoundedRect(face.soundPlace, 3, 3);
-    }
+    if (face.soundHovered) TabMarks::PaintButtonGround(painter, face.soundPlace, Palette::Mix(ground, m_text, 0.18));
     painter.restore();
-    PaintSoundMark(painter, face.soundPlace, face.soundHovered ? m_text : Palette::Mix(ground, m_text, 0.75),
-                   face.sound);
+    TabMarks::PaintSoundMark(painter, face.soundPlace, face.soundHovered ? m_text : Palette::Mix(ground, m_text, 0.75),
+                             face.sound);
 }
 
 void TabLook::PaintClose(QPainter& painter, const TabFace& face) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor ground = face.selected ? m_selected : m_hovered;
-    if (face.closeHovered) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Palette::Mix(ground, m_text, 0.18));
-        painter.drawRoundedRect(face.closePlace, 3, 3);
-    }
-    const QRectF cross = QRectF(face.closePlace).adjusted(4.5, 4.5, -4.5, -4.5);
-    painter.setPen(
-        QPen(face.closeHovered ? m_text : Palette::Mix(ground, m_text, 0.65), 1.3, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(cross.topLeft(), cross.bottomRight());
-    painter.drawLine(cross.topRight(), cross.bottomLeft());
+    if (face.closeHovered) TabMarks::PaintButtonGround(painter, face.closePlace, Palette::Mix(ground, m_text, 0.18));
+    const QRectF arms = QRectF(face.closePlace).adjusted(4.5, 4.5, -4.5, -4.5);
+    TabMarks::PaintCross(painter, arms, face.closeHovered ? m_text : Palette::Mix(ground, m_text, 0.65));
 }
 
 void TabLook::PaintListButton(QPainter& painter, const QRect& place, bool hovered) const {

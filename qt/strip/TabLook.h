@@ -6,7 +6,6 @@
 #include <QRect>
 #include <QString>
 
-class QFontMetrics;
 class QPainter;
 class QPalette;
 
@@ -37,44 +36,19 @@ struct TabFace {
     QRect soundPlace;
 };
 
-/// The head before tabs of a group as it is to be painted.
-struct TabHeadFace {
-    QString name; ///< empty for tabs that do not stand with the first ones
-    TabColour colour = TabColour::None;
-    bool folded = false;
-    bool changed = false;
-    std::size_t count = 0;   ///< of its tabs
-    std::size_t loading = 0; ///< of those that load
-    bool hovered = false;
-    QRect place;
-};
-
-/// How the tab strip looks, all from the palette. The selected tab joins the page beside the row, with a line of the
-/// highlight colour at its outer edge.
+/// How tabs and buttons of the strip look, all from the palette. The selected tab joins the page beside the row, with a
+/// line of the highlight colour at its outer edge.
 class TabLook {
 public:
     TabLook(const QPalette& palette, TabPlacement placement);
 
     void PaintBackground(QPainter& painter, const QRect& row) const;
     void PaintTab(QPainter& painter, const TabFace& face) const;
-    void PaintHead(QPainter& painter, const TabHeadFace& face) const;
-    /// How wide the head is when it is not cut.
-    [[nodiscard]] static int HeadWidth(const QFontMetrics& font, const TabHeadFace& face);
     void PaintArrow(QPainter& painter, const QRect& place, Qt::LayoutDirection towards, bool enabled,
                     bool hovered) const;
     void PaintListButton(QPainter& painter, const QRect& place, bool hovered) const;
     /// The plus of the button for a new tab.
     void PaintNewButton(QPainter& painter, const QRect& place, bool hovered) const;
-    /// The picture "Red": the page is loading.
-    static void PaintBusyMark(QPainter& painter, const QRect& place);
-    /// The page waits for an answer.
-    static void PaintAskMark(QPainter& painter, const QRect& place);
-    /// A dot at the corner of an icon: the page says something new. `ground` is what the icon stands on.
-    static void PaintNewsMark(QPainter& painter, const QRect& icon, const QColor& ground);
-    /// A loudspeaker, with waves when it is heard and crossed out when it is muted.
-    static void PaintSoundMark(QPainter& painter, const QRect& place, const QColor& ink, TabSound sound);
-    /// A sheet with a folded corner, for a page that has no icon.
-    static void PaintBlankPage(QPainter& painter, const QRect& place, const QColor& color);
 
 private:
     void PaintBody(QPainter& painter, const TabFace& face) const;
@@ -82,9 +56,6 @@ private:
     void PaintColour(QPainter& painter, const TabFace& face) const;
     void PaintPane(QPainter& painter, const TabFace& face) const;
     void PaintCaption(QPainter& painter, const TabFace& face, int left) const;
-    void PaintIcon(QPainter& painter, const TabFace& face, const QRect& icon) const;
-    void PaintHeadWords(QPainter& painter, const TabHeadFace& face, const QRect& box, const QColor& ink) const;
-    static void PaintHeadArrow(QPainter& painter, const QPointF& centre, bool folded);
     void PaintSound(QPainter& painter, const TabFace& face) const;
     void PaintClose(QPainter& painter, const TabFace& face) const;
 

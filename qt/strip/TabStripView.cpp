@@ -7,56 +7,43 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
-#include <chrono>
 
 namespace tessa::qt {
 
 namespace {
 constexpr std::int32_t kLowestRow = 22;
 constexpr int kRowPadding = 8;
-constexpr int kPinWidth = 34;
-constexpr std::chrono::milliseconds kFacesDelay{100};
 } // namespace
 
 TabStripView::TabStripView(TabStrip& strip, const TabFaces& faces, QWidget* parent)
-    : QWidget(parent), m_strip(strip), m_source(faces) {
+    : QWidget(parent), m_strip(strip), m_source(faces), m_heads(strip, faces) {
     setObjectName(QStringLiteral("pcPage"));
     setAccessibleName(QStringLiteral("Tabs"));
     setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);
     setAcceptDrops(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    m_layoutTimer.setSingleShot(true);
-    m_facesTimer.setSingleShot(true);
-    connect(&m_layoutTimer, &QTimer::timeout, this, &TabStripView::Relayout);
-    connect(&m_facesTimer, &QTimer::timeout, this, &TabStripView::RefreshFaces);
+    m_clock.LayoutDue.ConnectForLife([this] { Relayout(); });
+    m_clock.FacesDue.ConnectForLife([this] { RefreshFaces(); });
     Measure();
-    m_connections += m_strip.Attach([this](TabStripChange change) { OnChange(change); });
-}
-
-void TabStripView::OnChange(TabStripChange change) {
-    if (change == TabStripChange::Layout)
-        m_layoutTimer.start(0);
-    else if (!m_facesTimer.isActive())
-        m_facesTimer.start(kFacesDelay);
+    m_connections += m_strip.Attach([this](TabStripChange change) { m_clock.Note(change); });
 }
 
 void TabStripView::RefreshIcons(std::int32_t tag) {
     m_changedIcons.insert(tag);
-    OnChange(TabStripChange::Faces);
+    m_clock.Note(TabStripChange::Faces);
 }
 
 void TabStripView::Settle() {
-    if (m_layoutTimer.isActive()) Relayout();
+    if (m_clock.IsLayoutDue()) Relayout();
 }
 
 void TabStripView::Relayout() {
-    m_layoutTimer.stop();
-    m_facesTimer.stop();
+    m_clock.Stop();
     m_changedIcons.clear();
     m_strip.Clean();
-    NoteFirstTabs();
-    m_row.Lay(size(), Items(), fontMetrics().height());
+    m_heads.Note();
+    m_row.Lay(size(), m_heads.Items(fontMetrics()), fontMetrics().height());
     const Tab* selected = m_strip.SelectedItem();
     m_selected = m_strip.PositionOf(selected);
     if (selected && selected->Key() != m_revealed) {
@@ -71,9 +58,9 @@ void TabStripView::Relayout() {
 }
 
 void TabStripView::RefreshFaces() {
-    if (m_layoutTimer.isActive()) return Relayout();
+    if (m_clock.IsLayoutDue()) return Relayout();
     // A head is as long as what it says.
-    if (Items() != m_row.Items()) return Relayout();
+    if (m_heads.Items(fontMetrics()) != m_row.Items()) return Relayout();
     m_strip.Clean();
     const std::size_t first = m_row.FirstVisible();
     for (std::size_t index = 0; index < m_faces.size(); ++index) {
@@ -105,62 +92,11 @@ void TabStripView::Measure() {
     if (changed) RowHeightChanged();
 }
 
-const TabGroup* TabStripView::GroupAt(std::size_t position) const {
-    const Tab* tab = m_strip.FindAt(position);
-    return tab ? tab->Group() : nullptr;
-}
-
-void TabStripView::NoteFirstTabs() {
-    std::set<const TabGroup*> seen;
-    m_named.clear();
-    for (std::size_t position = 1; position <= m_strip.Count(); ++position) {
-        const TabGroup* group = GroupAt(position);
-        if (group && seen.insert(group).second) m_named.push_back(position);
-    }
-}
-
-bool TabStripView::BeginsGroup(std::size_t position) const { return std::ranges::binary_search(m_named, position); }
-
-// A group that does not stand together has its name before its first tab, and a mark before each other part. Folded it
-// has the name alone.
-std::vector<TabRowItem> TabStripView::Items() const {
-    std::vector<TabRowItem> items;
-    const QFontMetrics font = fontMetrics();
-    for (std::size_t position = 1; position <= m_strip.Count(); ++position) {
-        const Tab& tab = *m_strip.FindAt(position);
-        const bool begins = tab.Group() && tab.Group() != GroupAt(position - 1);
-        if (begins && (BeginsGroup(position) || !tab.Group()->Folded())) {
-            TabRowItem head{TabRowItem::Kind::Head, position, 0};
-            head.Width = TabLook::HeadWidth(font, HeadFace(head));
-            items.push_back(head);
-        }
-        if (!m_strip.IsShown(tab)) continue;
-        items.push_back(
-            {tab.Pinned() ? TabRowItem::Kind::Pin : TabRowItem::Kind::Tab, position, tab.Pinned() ? kPinWidth : 0});
-    }
-    return items;
-}
-
-TabHeadFace TabStripView::HeadFace(const TabRowItem& head) const {
-    const TabGroup* group = GroupAt(head.Position);
-    TabHeadFace face;
-    if (!group) return face;
-    if (BeginsGroup(head.Position)) face.name = ToQt(OneLine(group->Name()));
-    if (BeginsGroup(head.Position) && face.name.isEmpty()) face.name = QStringLiteral("?");
-    face.colour = group->Colour();
-    face.folded = group->Folded();
-    face.changed = m_source.IsChanged(*group);
-    face.count = group->Count();
-    face.loading = group->Loading();
-    face.hovered = m_hover.part == Part::Head && m_hover.position == head.Position;
-    return face;
-}
-
 TabStripView::Face TabStripView::FaceOf(const TabRowItem& item) const {
     const Tab* tab = m_strip.FindAt(item.Position);
     if (!tab) return {};
     if (item.What == TabRowItem::Kind::Head) {
-        const TabHeadFace head = HeadFace(item);
+        const TabHeadFace head = m_heads.FaceAt(item.Position);
         return {.key = Text(u"head"),
                 .caption = FromQt(head.name),
                 .colour = head.colour,
@@ -185,32 +121,37 @@ void TabStripView::RememberFaces() {
 }
 
 TabFace TabStripView::PaintedFace(const TabRowItem& item) const {
-    const std::size_t position = item.Position;
-    const Tab* tab = m_strip.FindAt(position);
+    const Tab& tab = *m_strip.FindAt(item.Position);
     TabFace face;
     face.pinned = item.What == TabRowItem::Kind::Pin;
-    face.pane = m_source.PaneOf(*tab);
+    face.pane = m_source.PaneOf(tab);
     // What turns the writing around in a title would do so in the dots behind it as well.
-    face.caption = ToQt(OneLine(tab->Shown()));
-    face.isPrivate = tab->Private();
-    face.asks = tab->Asks() && position != m_selected;
-    face.busy = tab->Image() == TabImage::Red;
-    if (!face.busy) face.icon = m_source.IconOf(*tab);
-    face.sound = tab->Sound();
-    face.news = tab->News();
-    face.colour = tab->Colour();
-    face.soundHovered = position == m_hover.position && m_hover.part == Part::Sound;
+    face.caption = ToQt(OneLine(tab.Shown()));
+    face.isPrivate = tab.Private();
+    face.asks = tab.Asks() && item.Position != m_selected;
+    face.busy = tab.Image() == TabImage::Red;
+    if (!face.busy) face.icon = m_source.IconOf(tab);
+    face.sound = tab.Sound();
+    face.news = tab.News();
+    face.colour = tab.Colour();
+    face.chosen = tab.Chosen();
+    PlaceFace(face, item.Position);
+    return face;
+}
+
+// Where it stands, and what follows from where the pointer and the selection are.
+void TabStripView::PlaceFace(TabFace& face, std::size_t position) const {
+    const bool pointed = position == m_hover.position;
     face.selected = position == m_selected;
-    face.chosen = tab->Chosen();
-    face.hovered = position == m_hover.position && m_hover.part != Part::Head;
+    face.hovered = pointed && m_hover.part != Part::Head;
     face.focused = face.selected && hasFocus();
     face.dividerShown = position + 1 != m_selected;
     face.closeShown = (face.selected || face.hovered) && !face.pinned;
     face.closeHovered = face.hovered && m_hover.part == Part::Close;
+    face.soundHovered = pointed && m_hover.part == Part::Sound;
     face.place = m_row.TabPlace(position);
     face.closePlace = m_row.ClosePlace(position);
     face.soundPlace = m_row.SoundPlace(position);
-    return face;
 }
 
 // What the screen shows may be newer than what was remembered. It must be known to be painted over later.
@@ -224,9 +165,10 @@ void TabStripView::RememberPainted(std::size_t item, const QRegion& painted) {
 
 void TabStripView::PaintItem(QPainter& painter, const TabLook& look, const TabRowItem& item) const {
     if (item.What != TabRowItem::Kind::Head) return look.PaintTab(painter, PaintedFace(item));
-    TabHeadFace head = HeadFace(item);
+    TabHeadFace head = m_heads.FaceAt(item.Position);
+    head.hovered = m_hover.part == Part::Head && m_hover.position == item.Position;
     head.place = m_row.ItemPlace(static_cast<std::size_t>(&item - m_row.Items().data()));
-    look.PaintHead(painter, head);
+    TabHeadLook(palette()).Paint(painter, head);
 }
 
 void TabStripView::paintEvent(QPaintEvent* event) {
@@ -259,7 +201,7 @@ void TabStripView::resizeEvent(QResizeEvent*) {
 void TabStripView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         Measure();
-        m_layoutTimer.start(0);
+        m_clock.Note(TabStripChange::Layout);
     }
     QWidget::changeEvent(event);
 }
@@ -288,8 +230,8 @@ QRect TabStripView::HeadPlace(const TabGroup* group) {
     Settle();
     for (std::size_t item = 0; item < m_row.Items().size(); ++item) {
         const TabRowItem& each = m_row.Items()[item];
-        const bool named = each.What == TabRowItem::Kind::Head && BeginsGroup(each.Position);
-        if (named && group && GroupAt(each.Position) == group) return m_row.ItemPlace(item);
+        const bool named = each.What == TabRowItem::Kind::Head && m_heads.BeginsGroup(each.Position);
+        if (named && group && m_heads.GroupAt(each.Position) == group) return m_row.ItemPlace(item);
     }
     return {};
 }
@@ -307,15 +249,6 @@ QRect TabStripView::NewPlace() {
 void TabStripView::Click(Tab& tab) { m_strip.UserClick(&tab); }
 
 void TabStripView::ToggleFolded(TabGroup& group) { m_strip.SetFolded(&group, !group.Folded()); }
-
-Text TabStripView::Describe(const TabGroup& group) const {
-    const auto number = [](std::size_t count) { return Decimal(static_cast<std::int64_t>(count)); };
-    Text all = u"Group " + OneLine(group.Name()) + u", " +
-               (group.Count() == 1 ? Text(u"one tab") : number(group.Count()) + u" tabs");
-    if (group.Loading() > 0) all += u", " + number(group.Loading()) + u" still to load";
-    if (m_source.IsChanged(group)) all += u", changed: its tabs and its file differ";
-    return group.Folded() ? all + u", folded" : all;
-}
 
 QSize TabStripView::sizeHint() const { return {m_row.Length(), m_rowHeight.value}; }
 

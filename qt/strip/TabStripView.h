@@ -2,11 +2,12 @@
 #include "base/Signal.h"
 #include "base/Units.h"
 #include "forms/TabStrip.h"
+#include "qt/strip/StripClock.h"
 #include "qt/strip/TabFaces.h"
+#include "qt/strip/TabHeads.h"
 #include "qt/strip/TabLook.h"
 #include "qt/strip/TabRow.h"
 
-#include <QTimer>
 #include <QWidget>
 #include <optional>
 #include <set>
@@ -16,9 +17,6 @@ namespace tessa::qt {
 
 /// Shows a `TabStrip` as one widget that paints all tabs itself. So the strip costs what is visible of it, not what it
 /// holds. It covers the row of tabs alone; the page area is laid beside it. The strip outlives the widget.
-///
-/// Layout is done once a turn of the event loop. Captions, busy marks and page icons are gathered for a tenth of a
-/// second. Any repaint composes the whole window again.
 class TabStripView final : public QWidget {
     Q_OBJECT
 
@@ -64,7 +62,7 @@ public:
     /// The page icon of the tabs with this tag has changed.
     void RefreshIcons(std::int32_t tag);
     /// What the faces say of tabs may have changed.
-    void RefreshFacesSoon() { OnChange(TabStripChange::Faces); }
+    void RefreshFacesSoon() { m_clock.Note(TabStripChange::Faces); }
     /// The tab at a point of the widget; nothing where no tab is.
     [[nodiscard]] Tab* FindTabAt(QPoint point);
     /// Where the tab at a position stands, even when it is scrolled out. Empty for no position of the strip.
@@ -83,7 +81,7 @@ public:
     /// What a click on the head does: hides its tabs, or shows them again.
     void ToggleFolded(TabGroup& group);
     /// A group in words: its name, its tabs, and what is to be said of them.
-    [[nodiscard]] Text Describe(const TabGroup& group) const;
+    [[nodiscard]] Text Describe(const TabGroup& group) const { return m_heads.Describe(group); }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -131,23 +129,18 @@ private:
         bool operator==(const Face&) const = default;
     };
 
-    void OnChange(TabStripChange change);
     /// Does a layout that is due now rather than at the next turn.
     void Settle();
     void Relayout();
     void RefreshFaces();
     void Scroll(int offset);
     void Measure();
-    [[nodiscard]] std::vector<TabRowItem> Items() const;
-    [[nodiscard]] TabHeadFace HeadFace(const TabRowItem& head) const;
-    [[nodiscard]] const TabGroup* GroupAt(std::size_t position) const;
-    void NoteFirstTabs();
-    [[nodiscard]] bool BeginsGroup(std::size_t position) const;
     [[nodiscard]] Face FaceOf(const TabRowItem& item) const;
     void RememberFaces();
     void RememberPainted(std::size_t item, const QRegion& painted);
     void PaintItem(QPainter& painter, const TabLook& look, const TabRowItem& item) const;
     [[nodiscard]] TabFace PaintedFace(const TabRowItem& item) const;
+    void PlaceFace(TabFace& face, std::size_t position) const;
     [[nodiscard]] Spot SpotAt(QPoint point) const;
     [[nodiscard]] Spot SpotUnderPointer() const;
     [[nodiscard]] QRect SpotPlace(const Spot& spot) const;
@@ -167,13 +160,13 @@ private:
 
     TabStrip& m_strip;
     const TabFaces& m_source;
+    TabHeads m_heads;
     TabRow m_row;
-    QTimer m_layoutTimer, m_facesTimer;
+    StripClock m_clock;
     std::vector<Face> m_faces; ///< of the visible items, from the first visible one on
     std::set<std::int32_t> m_changedIcons;
-    std::size_t m_selected = 0;       ///< position at the last layout
-    std::vector<std::size_t> m_named; ///< the positions of the first tabs of all groups at the last layout
-    Text m_revealed;                  ///< key of the selected tab that was last scrolled into view
+    std::size_t m_selected = 0; ///< position at the last layout
+    Text m_revealed;            ///< key of the selected tab that was last scrolled into view
     Spot m_hover;
     std::optional<Text> m_closing;         ///< key of the tab whose close button is held down
     std::optional<std::int32_t> m_folding; ///< the group whose head is held down

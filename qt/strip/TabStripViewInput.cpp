@@ -32,7 +32,7 @@ void TabStripView::ShowToolTip(QPoint point, QPoint globalPoint) {
         return QToolTip::showText(globalPoint, ToQt(name + u"; more with the right button"), this, NewPlace());
     }
     const Spot spot = SpotAt(point);
-    if (const TabGroup* group = spot.part == Part::Head ? GroupAt(spot.position) : nullptr)
+    if (const TabGroup* group = spot.part == Part::Head ? m_heads.GroupAt(spot.position) : nullptr)
         return QToolTip::showText(globalPoint, Tip::Html(ToQt(Describe(*group))), this, HeadAt(spot.position));
     const Text shown = tab ? m_source.TipOf(*tab) : Text();
     if (shown.empty()) return QToolTip::hideText();
@@ -111,7 +111,7 @@ void TabStripView::mousePressEvent(QMouseEvent* event) {
 
 void TabStripView::PressRight(QPoint point) {
     const Spot spot = SpotAt(point);
-    const TabGroup* group = spot.part == Part::Head ? GroupAt(spot.position) : nullptr;
+    const TabGroup* group = spot.part == Part::Head ? m_heads.GroupAt(spot.position) : nullptr;
     if (group) return GroupMenuRequested(*group);
     if (spot.part == Part::New) return NewMenuRequested();
     RightButtonDown(point);
@@ -131,8 +131,8 @@ void TabStripView::PressLeft(QPoint point) {
         ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
     } else if (spot.part == Part::New) {
         BlankRequested();
-    } else if (spot.part == Part::Head && GroupAt(spot.position)) {
-        m_folding = GroupAt(spot.position)->Id();
+    } else if (spot.part == Part::Head && m_heads.GroupAt(spot.position)) {
+        m_folding = m_heads.GroupAt(spot.position)->Id();
     } else if (spot.part == Part::Close && tab) {
         m_closing = tab->Key();
     } else if (spot.part == Part::Sound && tab) {
@@ -162,7 +162,7 @@ void TabStripView::ReleaseHead(QPoint point) {
     Settle();
     const Spot spot = SpotAt(point);
     TabGroup* group = m_strip.FindGroup(*folding);
-    if (group && spot.part == Part::Head && GroupAt(spot.position) == group) ToggleFolded(*group);
+    if (group && spot.part == Part::Head && m_heads.GroupAt(spot.position) == group) ToggleFolded(*group);
 }
 
 void TabStripView::wheelEvent(QWheelEvent* event) {

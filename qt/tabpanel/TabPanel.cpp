@@ -12,13 +12,11 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <chrono>
 
 namespace tessa::qt {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPanelFaces{100};
 constexpr int kUsualPanelWidth = 260, kShareOfWindow = 3, kFilterMargin = 6;
 
 Qt::DockWidgetArea SideOf(bool right) { return right ? Qt::RightDockWidgetArea : Qt::LeftDockWidgetArea; }
@@ -29,10 +27,8 @@ TabPanel::TabPanel(frmTabPanel& form, const TabIcons& icons, QMainWindow& window
     : m_form(form), m_icons(icons), m_window(window), m_panel(window, QStringLiteral("tabs")) {
     m_panel.OnSidesAlone();
     m_panel.UsualWidth = [this] { return std::min(kUsualPanelWidth, m_window.width() / kShareOfWindow); };
-    m_layoutTimer.setSingleShot(true);
-    m_facesTimer.setSingleShot(true);
-    m_layoutTimer.callOnTimeout(this, [this] { Refresh(); });
-    m_facesTimer.callOnTimeout(this, [this] { Refresh(); });
+    m_clock.LayoutDue.ConnectForLife([this] { Refresh(); });
+    m_clock.FacesDue.ConnectForLife([this] { Refresh(); });
     m_connections += m_panel.Dismissed.Connect([this] { m_form.Form.Visible = false; });
     m_connections += m_panel.KeyboardFree.Connect([this] { FocusPage(); });
     m_connections += m_panel.WidthChosen.Connect([this](int width) { m_form.Width = width; });
@@ -53,13 +49,12 @@ void TabPanel::Open() {
     if (m_panel.Get()) return;
     m_panel.SetUserWidth(m_form.Width);
     m_panel.Open(ToQt(m_form.Caption), *Contents(), SideOf(m_form.OnRight()));
-    m_strip = m_form.Strip().Attach([this](TabStripChange change) { OnChange(change); });
+    m_strip = m_form.Strip().Attach([this](TabStripChange change) { m_clock.Note(change); });
 }
 
 void TabPanel::Close() {
     m_strip.End();
-    m_layoutTimer.stop();
-    m_facesTimer.stop();
+    m_clock.Stop();
     m_panel.Close();
 }
 
@@ -113,21 +108,13 @@ void TabPanel::AddList(QWidget& contents) {
     m_list->Left.ConnectForLife([this] { Leave(); });
 }
 
-void TabPanel::OnChange(TabStripChange change) {
-    if (change == TabStripChange::Layout)
-        m_layoutTimer.start(0);
-    else if (!m_facesTimer.isActive())
-        m_facesTimer.start(kPanelFaces);
-}
-
 void TabPanel::RefreshFaces() {
-    if (m_list && !m_facesTimer.isActive()) m_facesTimer.start(kPanelFaces);
+    if (m_list) m_clock.Note(TabStripChange::Faces);
 }
 
 void TabPanel::Refresh() {
     if (!m_list) return;
-    m_layoutTimer.stop();
-    m_facesTimer.stop();
+    m_clock.Stop();
     m_form.Strip().Clean();
     m_form.Show();
     m_list->Refresh();

@@ -1,11 +1,11 @@
 #pragma once
 #include "base/Signal.h"
 #include "qt/base/DockedPanel.h"
+#include "qt/strip/StripClock.h"
 #include "qt/tabpanel/TabPanelView.h"
 
 #include <QObject>
 #include <QPointer>
-#include <QTimer>
 
 class QLineEdit;
 class QMainWindow;
@@ -44,7 +44,6 @@ private:
     [[nodiscard]] QWidget* Contents();
     [[nodiscard]] QWidget* FilterLine();
     void AddList(QWidget& contents);
-    void OnChange(TabStripChange change);
     void Refresh();
     void Type(const QString& letters);
     void Leave();
@@ -56,7 +55,7 @@ private:
     DockedPanel m_panel;
     QPointer<TabPanelView> m_list;
     QPointer<QLineEdit> m_filter;
-    QTimer m_layoutTimer, m_facesTimer;
+    StripClock m_clock;
     Connection m_strip; ///< while it is open
     Connections m_connections;
 };

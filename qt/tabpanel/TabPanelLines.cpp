@@ -3,7 +3,7 @@
 #include "base/Captions.h"
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
-#include "qt/strip/TabLook.h"
+#include "qt/strip/TabMarks.h"
 #include "qt/tabpanel/TabPanelModel.h"
 #include "tabs/frmRenameTab.h"
 
@@ -14,10 +14,6 @@
 #include <algorithm>
 
 namespace tessa::qt {
-
-namespace {
-
-constexpr int kIcon = 16, kButton = 18, kLeft = 10, kGap = 7, kRight = 6, kRoom = 12, kMoon = 12, kBar = 3;
 
 /// What a line is painted with.
 struct PanelInk {
@@ -38,6 +34,10 @@ struct PanelInk {
     QColor base, accent, ground, text, quiet;
 };
 
+namespace {
+
+constexpr int kIcon = 16, kButton = 18, kLeft = 10, kGap = 7, kRight = 6, kRoom = 12, kMoon = 12, kBar = 3;
+
 constexpr int kStep = 12;
 
 // A tab of a group stands a step further in than the group.
@@ -47,18 +47,8 @@ QRect IconPlace(const QRect& line) {
     return {line.left() + kLeft, line.top() + (line.height() - kIcon) / 2, kIcon, kIcon};
 }
 
-void PaintLineIcon(QPainter& painter, const PanelInk& ink, const Tab& tab, const QIcon& icon, const QRect& place,
-                   bool front) {
-    const bool asks = tab.Asks() && !front, busy = tab.Image() == TabImage::Red;
-    if (asks)
-        TabLook::PaintAskMark(painter, place);
-    else if (busy)
-        TabLook::PaintBusyMark(painter, place);
-    else if (icon.isNull())
-        TabLook::PaintBlankPage(painter, place, ink.quiet);
-    else
-        icon.paint(&painter, place);
-    if (tab.News() == TabNews::New && !asks && !busy) TabLook::PaintNewsMark(painter, place, ink.ground);
+TabIconFace LineIconFace(const PanelInk& ink, const Tab& tab, const QIcon& icon, bool front) {
+    return {icon, tab.Asks() && !front, tab.Image() == TabImage::Red, tab.News(), ink.quiet, ink.ground};
 }
 
 // A crescent: what is left of a disc when another one covers it.
@@ -72,18 +62,25 @@ void PaintMoon(QPainter& painter, const QColor& ink, const QRect& place) {
     painter.drawPath(disc.subtracted(cover));
 }
 
-void PaintButtonGround(QPainter& painter, const PanelInk& ink, const QRect& place) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Palette::Mix(ink.ground, ink.text, 0.16));
-    painter.drawRoundedRect(place, 3, 3);
-}
+QColor ButtonGround(const PanelInk& ink) { return Palette::Mix(ink.ground, ink.text, 0.16); }
 
 void PaintLineClose(QPainter& painter, const PanelInk& ink, const QRect& place, bool hovered) {
-    if (hovered) PaintButtonGround(painter, ink, place);
-    painter.setPen(QPen(hovered ? ink.text : ink.quiet, 1.3, Qt::SolidLine, Qt::RoundCap));
-    const QRectF arms = QRectF(place).adjusted(5, 5, -5, -5);
-    painter.drawLine(arms.topLeft(), arms.bottomRight());
-    painter.drawLine(arms.bottomLeft(), arms.topRight());
+    if (hovered) TabMarks::PaintButtonGround(painter, place, ButtonGround(ink));
+    TabMarks::PaintCross(painter, QRectF(place).adjusted(5, 5, -5, -5), hovered ? ink.text : ink.quiet);
+}
+
+// Round what has the keyboard.
+void PaintLineFocus(QPainter& painter, const QStyleOptionViewItem& option) {
+    if (!option.state.testFlag(QStyle::State_HasFocus)) return;
+    painter.setPen(QPen(option.palette.color(QPalette::Highlight), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
+}
+
+// How many tabs it has, and while some load, how many of them are there. The tip says it in words.
+QString CountOf(const TabGroup& group) {
+    const QString all = QString::number(group.Count());
+    return group.Loading() == 0 ? all : QString::number(group.Count() - group.Loading()) + u'/' + all;
 }
 
 } // namespace
@@ -103,97 +100,91 @@ TabPanelLines::Part TabPanelLines::PartAt(const QModelIndex& index, const QRect&
     return tab->Sound() != TabSound::None && SoundPlace(line).contains(point) ? Part::Sound : Part::Line;
 }
 
-namespace {
-
-// How many tabs it has, and while some load, how many of them are there. The tip says it in words.
-QString CountOf(const TabGroup& group) {
-    const QString all = QString::number(group.Count());
-    return group.Loading() == 0 ? all : QString::number(group.Count() - group.Loading()) + u'/' + all;
-}
-
-} // namespace
-
 // As the head in the strip: a field of the group's colour, with its name and an arrow that folds it.
 void TabPanelLines::PaintGroup(QPainter& painter, const QStyleOptionViewItem& option, const TabGroup& group) const {
     const QColor base = option.palette.color(QPalette::Base), text = option.palette.color(QPalette::Text);
     const QColor colour =
         group.Colour() == TabColour::None ? Palette::Mix(base, text, 0.5) : Palette::MarkColour(group.Colour());
     const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(option.rect, Palette::Mix(base, colour, hovered ? 0.28 : 0.18));
     painter.fillRect(QRect(option.rect.left(), option.rect.top(), kBar, option.rect.height()), colour);
-    const QPointF centre = QRectF(IconPlace(option.rect)).center();
     painter.setPen(QPen(text, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QPolygonF down({centre + QPointF(-4, -2), centre + QPointF(0, 2), centre + QPointF(4, -2)});
-    const QPolygonF right({centre + QPointF(-2, -4), centre + QPointF(2, 0), centre + QPointF(-2, 4)});
-    painter.drawPolyline(m_model.Form().IsFolded(group) ? right : down);
+    TabMarks::PaintFoldArrow(painter, QRectF(IconPlace(option.rect)).center(), m_model.Form().IsFolded(group), 4);
+    PaintGroupWords(painter, option, group);
+}
+
+void TabPanelLines::PaintGroupWords(QPainter& painter, const QStyleOptionViewItem& option,
+                                    const TabGroup& group) const {
     const QString words = CountOf(group) + (m_model.Form().IsChanged(group) ? QStringLiteral(" \u25CF") : QString());
-    QRect room = option.rect.adjusted(kLeft + kIcon + kGap, 0, -kRight - 4, 0);
+    const QRect room = option.rect.adjusted(kLeft + kIcon + kGap, 0, -kRight - 4, 0);
     const int wordsWidth = std::min(option.fontMetrics.horizontalAdvance(words), room.width() / 2);
     QFont bold = option.font;
     bold.setBold(true);
     painter.setFont(bold);
-    painter.drawText(
-        room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-        QFontMetrics(bold).elidedText(ToQt(OneLine(group.Name())), Qt::ElideRight, room.width() - wordsWidth - kGap));
+    const QString name = ToQt(OneLine(group.Name()));
+    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     QFontMetrics(bold).elidedText(name, Qt::ElideRight, room.width() - wordsWidth - kGap));
     painter.setFont(option.font);
-    painter.setPen(Palette::Mix(text, base, 0.3));
+    painter.setPen(Palette::Mix(option.palette.color(QPalette::Text), option.palette.color(QPalette::Base), 0.3));
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine,
                      option.fontMetrics.elidedText(words, Qt::ElideRight, wordsWidth));
-    if (option.state.testFlag(QStyle::State_HasFocus)) {
-        painter.setPen(QPen(option.palette.color(QPalette::Highlight), 1));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
-    }
-    painter.restore();
 }
 
 void TabPanelLines::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    if (const auto* group = m_model.GroupAt(index)) return PaintGroup(*painter, option, *group);
+    const auto* group = m_model.GroupAt(index);
     const Tab* tab = m_model.TabAt(index);
-    if (!tab) return;
-    const bool front = tab == m_model.Form().Front(), asleep = m_model.Form().IsAsleep(*tab);
-    const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
-    const PanelInk ink(option.palette, *tab, front, hovered, asleep);
-    const QPoint pointer = option.widget ? option.widget->mapFromGlobal(QCursor::pos()) : QPoint(-1, -1);
-    const Part under = hovered ? PartAt(index, option.rect, pointer) : Part::Line;
+    if (!group && !tab) return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->fillRect(option.rect, ink.ground);
-    QRect bar(option.rect.left(), option.rect.top(), kBar, option.rect.height());
-    if (front) painter->fillRect(bar, ink.accent);
-    if (tab->Colour() != TabColour::None)
-        painter->fillRect(bar.translated(kBar + 1, 0).adjusted(0, 3, 0, -3), Palette::MarkColour(tab->Colour()));
-    PaintLineIcon(*painter, ink, *tab, m_model.IconOf(*tab), IconPlace(LineOf(option.rect, *tab)), front);
-    int right = hovered ? ClosePlace(option.rect).left() : option.rect.right() + 1 - kRight;
-    if (hovered) PaintLineClose(*painter, ink, ClosePlace(option.rect), under == Part::Close);
-    if (tab->Sound() != TabSound::None) {
-        const QRect place = SoundPlace(option.rect);
-        if (under == Part::Sound) PaintButtonGround(*painter, ink, place);
-        TabLook::PaintSoundMark(*painter, place, under == Part::Sound ? ink.text : ink.quiet, tab->Sound());
-        right = place.left();
-    } else if (asleep) {
-        const QRect moon(right - kMoon - 4, option.rect.center().y() - kMoon / 2, kMoon, kMoon);
-        PaintMoon(*painter, ink.quiet, moon);
-        right = moon.left();
-    }
+    if (group)
+        PaintGroup(*painter, option, *group);
+    else
+        PaintTab(*painter, option, index, *tab);
+    PaintLineFocus(*painter, option);
+    painter->restore();
+}
+
+void TabPanelLines::PaintTab(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                             const Tab& tab) const {
+    const bool front = &tab == m_model.Form().Front();
+    const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
+    const PanelInk ink(option.palette, tab, front, hovered, m_model.Form().IsAsleep(tab));
+    painter.fillRect(option.rect, ink.ground);
+    const QRect bar(option.rect.left(), option.rect.top(), kBar, option.rect.height());
+    if (front) painter.fillRect(bar, ink.accent);
+    if (tab.Colour() != TabColour::None)
+        painter.fillRect(bar.translated(kBar + 1, 0).adjusted(0, 3, 0, -3), Palette::MarkColour(tab.Colour()));
+    const QRect icon = IconPlace(LineOf(option.rect, tab));
+    TabMarks::PaintIcon(painter, LineIconFace(ink, tab, m_model.IconOf(tab), front), icon);
     QRect words = option.rect;
-    words.setLeft(IconPlace(LineOf(option.rect, *tab)).right() + 1 + kGap);
-    words.setRight(right - 4);
+    words.setLeft(icon.right() + 1 + kGap);
+    words.setRight(PaintMarks(painter, option, index, tab, ink) - 4);
     QFont font = option.font;
     font.setBold(front);
-    painter->setFont(font);
-    painter->setPen(ink.text);
+    painter.setFont(font);
+    painter.setPen(ink.text);
     const QString title =
         QFontMetrics(font).elidedText(index.data().toString().simplified(), Qt::ElideRight, std::max(words.width(), 0));
-    painter->drawText(words, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, title);
-    if (option.state.testFlag(QStyle::State_HasFocus)) {
-        painter->setPen(QPen(ink.accent, 1));
-        painter->setBrush(Qt::NoBrush);
-        painter->drawRoundedRect(QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
+    painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, title);
+}
+
+int TabPanelLines::PaintMarks(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                              const Tab& tab, const PanelInk& ink) const {
+    const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
+    const QPoint pointer = option.widget ? option.widget->mapFromGlobal(QCursor::pos()) : QPoint(-1, -1);
+    const Part under = hovered ? PartAt(index, option.rect, pointer) : Part::Line;
+    const int right = hovered ? ClosePlace(option.rect).left() : option.rect.right() + 1 - kRight;
+    if (hovered) PaintLineClose(painter, ink, ClosePlace(option.rect), under == Part::Close);
+    if (tab.Sound() != TabSound::None) {
+        const QRect place = SoundPlace(option.rect);
+        if (under == Part::Sound) TabMarks::PaintButtonGround(painter, place, ButtonGround(ink));
+        TabMarks::PaintSoundMark(painter, place, under == Part::Sound ? ink.text : ink.quiet, tab.Sound());
+        return place.left();
     }
-    painter->restore();
+    if (!m_model.Form().IsAsleep(tab)) return right;
+    const QRect moon(right - kMoon - 4, option.rect.center().y() - kMoon / 2, kMoon, kMoon);
+    PaintMoon(painter, ink.quiet, moon);
+    return moon.left();
 }
 
 QSize TabPanelLines::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {

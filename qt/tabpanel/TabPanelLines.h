@@ -4,12 +4,14 @@
 class QTreeView;
 
 namespace tessa {
+class Tab;
 class TabGroup;
 } // namespace tessa
 
 namespace tessa::qt {
 
 class TabPanelModel;
+struct PanelInk;
 
 /// How the lines of the list of tabs look: icon or mark, title, sound, and for the line under the pointer a button that
 /// closes the tab. All from the palette.
@@ -39,6 +41,12 @@ public:
 
 private:
     void PaintGroup(QPainter& painter, const QStyleOptionViewItem& option, const TabGroup& group) const;
+    void PaintGroupWords(QPainter& painter, const QStyleOptionViewItem& option, const TabGroup& group) const;
+    void PaintTab(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                  const Tab& tab) const;
+    /// What stands at the end of the line; where that begins.
+    int PaintMarks(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index, const Tab& tab,
+                   const PanelInk& ink) const;
 
     TabPanelModel& m_model;
 };

@@ -1,20 +1,11 @@
 #pragma once
+#include "qt/strip/TabIcons.h"
 #include "tabpanel/frmTabPanel.h"
 
 #include <QAbstractItemModel>
-#include <QIcon>
 #include <vector>
 
 namespace tessa::qt {
-
-/// The pictures of the list of tabs.
-class TabIcons {
-public:
-    virtual ~TabIcons() = default;
-
-    /// The icon of a tab's page; a null icon when it has none.
-    [[nodiscard]] virtual QIcon IconOf(const Tab& tab) const = 0;
-};
 
 /// The entries of the list of tabs as rows. A row is made of its tab when somebody asks for it, so rows that nobody
 /// sees cost nothing.

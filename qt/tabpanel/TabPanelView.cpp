@@ -30,6 +30,14 @@ TabPanelView::TabPanelView(frmTabPanel& form, const TabIcons& icons, QWidget* pa
     setAccessibleName(QStringLiteral("Tabs"));
     setModel(m_model);
     setItemDelegate(m_lines);
+    BeAPlainList();
+    m_scroll.setInterval(kScrollStep);
+    m_scroll.callOnTimeout(this, [this] { ScrollAtEdge(); });
+    Refresh();
+}
+
+// Without columns, branches and what edits or selects by itself.
+void TabPanelView::BeAPlainList() {
     setHeaderHidden(true);
     setRootIsDecorated(false);
     setIndentation(0);
@@ -40,9 +48,6 @@ TabPanelView::TabPanelView(frmTabPanel& form, const TabIcons& icons, QWidget* pa
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setMouseTracking(true);
-    m_scroll.setInterval(kScrollStep);
-    m_scroll.callOnTimeout(this, [this] { ScrollAtEdge(); });
-    Refresh();
 }
 
 void TabPanelView::Refresh() {
@@ -113,10 +118,8 @@ bool TabPanelView::OnKey(const QKeyEvent& event) {
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        m_form.Click(view);
-        return true;
     case Qt::Key_Space:
-        ctrl ? m_form.CtrlClick(view) : m_form.Click(view);
+        ctrl&& event.key() == Qt::Key_Space ? m_form.CtrlClick(view) : m_form.Click(view);
         return true;
     case Qt::Key_Delete:
         m_form.Close(view);
@@ -124,17 +127,26 @@ bool TabPanelView::OnKey(const QKeyEvent& event) {
     case Qt::Key_F2:
         if (view > 0) edit(currentIndex());
         return true;
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-        if (const auto* group = m_form.FindGroup(view); group && group->Folded() == (event.key() == Qt::Key_Right))
-            m_form.Click(view);
-        return true;
-    case Qt::Key_A:
-        if (ctrl) m_form.ChooseAll();
-        return ctrl;
     default:
-        return false;
+        return OnWholeKey(event);
     }
+}
+
+// What is done with a whole group, or with all.
+bool TabPanelView::OnWholeKey(const QKeyEvent& event) {
+    const bool left = event.key() == Qt::Key_Left, ctrl = event.modifiers() & Qt::ControlModifier;
+    if (left || event.key() == Qt::Key_Right) {
+        Fold(m_model->ViewAt(currentIndex()), left);
+        return true;
+    }
+    if (event.key() != Qt::Key_A || !ctrl) return false;
+    m_form.ChooseAll();
+    return true;
+}
+
+void TabPanelView::Fold(std::int32_t line, bool fold) {
+    const auto* group = m_form.FindGroup(line);
+    if (group && group->Folded() != fold) m_form.Click(line);
 }
 
 // The arrow keys go from line to line, and bring none to the front. With Shift they choose.

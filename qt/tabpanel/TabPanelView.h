@@ -63,10 +63,13 @@ private:
         QPoint at;
     };
 
+    void BeAPlainList();
     void SelectRows();
     [[nodiscard]] Press PressAt(QPoint point) const;
     void ClickOn(const Press& press, Qt::KeyboardModifiers held);
     bool OnKey(const QKeyEvent& event);
+    bool OnWholeKey(const QKeyEvent& event);
+    void Fold(std::int32_t line, bool fold);
     bool OnMove(const QKeyEvent& event);
     void Drag(QPoint point);
     void DragInside(QPoint point);

@@ -1,14 +1,12 @@
 #include "qt/tiles/TileArea.h"
 
-#include "qt/base/Strings.h"
+#include "qt/tiles/TileRects.h"
 #include "tabs/TabKeys.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 namespace tessa::qt {
@@ -20,12 +18,6 @@ constexpr int kDivider = 5, kFrame = 2;
 constexpr int kLeastPane = 60;
 /// How far a key moves a divider; with Shift it is a pixel.
 constexpr int kStep = 20;
-/// As often as the strip takes captions anew.
-constexpr std::chrono::milliseconds kFaces{100};
-
-QRect ToQRect(const Rect& rect) { return {rect.left.value, rect.top.value, rect.width.value, rect.height.value}; }
-
-Rect ToRect(const QRect& rect) { return {{rect.left()}, {rect.top()}, {rect.width()}, {rect.height()}}; }
 
 } // namespace
 
@@ -34,9 +26,7 @@ TileArea::TileArea(QWidget* pageArea) : QWidget(pageArea), m_dropZone(pageArea) 
     setAccessibleName(QStringLiteral("Dividers"));
     setAccessibleDescription(QStringLiteral("Arrow keys move them, Home makes the panes equal, Escape goes back"));
     setMouseTracking(true);
-    m_faces.setSingleShot(true);
-    m_faces.setInterval(kFaces);
-    m_faces.callOnTimeout(this, [this] { ShowFaces(); });
+    m_clock.FacesDue.ConnectForLife([this] { ShowFaces(); });
     hide();
 }
 
@@ -46,6 +36,7 @@ void TileArea::Attach(Tiles& tiles, TabStrip& strip, const TileFaces& faces) {
     m_tiles = &tiles;
     m_strip = &strip;
     m_shownFaces = &faces;
+    m_focus.Attach(tiles, strip);
     m_connections += tiles.Changed.Connect([this] { OnTilesChanged(); });
     m_connections += strip.Touched.Connect([this] {
         if (!isHidden()) RefreshFaces();
@@ -57,7 +48,7 @@ void TileArea::OnTilesChanged() {
     m_stale = true;
     const bool shows = m_tiles->Shown() != nullptr;
     if (shows == isHidden()) {
-        shows ? qApp->installEventFilter(this) : qApp->removeEventFilter(this);
+        m_focus.Follow(shows);
         setVisible(shows);
         lower();
     }
@@ -112,7 +103,7 @@ void TileArea::LayHeaders() {
 TileHeader* TileArea::MakeHeader(std::int32_t index) {
     auto* header = new TileHeader(this);
     m_headers[index] = header;
-    header->Selected.ConnectForLife([this, index] { Select(index); });
+    header->Selected.ConnectForLife([this, index] { m_focus.Select(index); });
     header->DoubleClicked.ConnectForLife([this, index] { m_tiles->ToggleFull(index); });
     header->CloseRequested.ConnectForLife([this, index] { CloseRequested(index); });
     header->MenuRequested.ConnectForLife([this, index] { MenuRequested(index); });
@@ -121,9 +112,7 @@ TileHeader* TileArea::MakeHeader(std::int32_t index) {
     return header;
 }
 
-void TileArea::RefreshFaces() {
-    if (!m_faces.isActive()) m_faces.start();
-}
+void TileArea::RefreshFaces() { m_clock.Note(TabStripChange::Faces); }
 
 void TileArea::ShowFaces() {
     for (const auto& [index, header] : m_headers) {
@@ -131,62 +120,6 @@ void TileArea::ShowFaces() {
         if (!tab) continue;
         header->ShowFace(m_shownFaces->IconOf(*tab), m_shownFaces->TitleOf(*tab), index == m_tiles->Focus());
     }
-}
-
-// Whatever in the pane was clicked has the keyboard already, and keeps it.
-void TileArea::Select(std::int32_t index) {
-    auto* tab = index == 0 || index == m_tiles->Focus() ? nullptr : TabOfView(*m_strip, index);
-    if (!tab) return;
-    const QPointer<QWidget> had = QApplication::focusWidget();
-    m_strip->Select(tab);
-    if (had && PaneAround(*had, had->rect().center()) == index) had->setFocus(Qt::OtherFocusReason);
-}
-
-bool TileArea::IsOverPane(const QWidget& widget) const {
-    return &widget != this && parentWidget()->isAncestorOf(&widget) && !isAncestorOf(&widget) &&
-           widget.window() == window();
-}
-
-std::int32_t TileArea::PaneAround(const QWidget& widget, QPoint at) const {
-    if (!IsOverPane(widget)) return 0;
-    const QPoint point = widget.mapTo(parentWidget(), at);
-    const auto pane = std::ranges::find_if(
-        m_places.Panes, [point](const TilePane& each) { return ToQRect(each.Page).contains(point); });
-    return pane == m_places.Panes.end() ? 0 : pane->Number;
-}
-
-bool TileArea::eventFilter(QObject* watched, QEvent* event) {
-    if (!watched->isWidgetType()) return false;
-    const auto& widget = static_cast<const QWidget&>(*watched);
-    if (event->type() == QEvent::MouseButtonPress)
-        Select(PaneAround(widget, static_cast<const QMouseEvent&>(*event).position().toPoint()));
-    else if (event->type() == QEvent::TouchBegin)
-        Select(PaneAround(widget, widget.rect().center()));
-    else if (event->type() == QEvent::FocusOut)
-        m_left = static_cast<QWidget*>(watched);
-    else if (event->type() == QEvent::FocusIn)
-        OnFocusIn(widget, static_cast<const QFocusEvent&>(*event).reason());
-    return false;
-}
-
-void TileArea::OnFocusIn(const QWidget& widget, Qt::FocusReason reason) {
-    const std::int32_t pane = PaneAround(widget, widget.rect().center());
-    if (pane == 0 || pane == m_tiles->Focus()) return;
-    m_reason = reason;
-    // Later: a page that is hidden hands the keyboard to any other, for a moment.
-    QMetaObject::invokeMethod(
-        this, [this] { LookAtFocus(); }, Qt::QueuedConnection);
-}
-
-// Who goes from one page to the next by keys wants that one. No page may take the keyboard by itself.
-void TileArea::LookAtFocus() {
-    QWidget* has = QApplication::focusWidget();
-    const std::int32_t pane = has && !isHidden() ? PaneAround(*has, has->rect().center()) : 0;
-    if (pane == 0 || pane == m_tiles->Focus()) return;
-    if (m_reason == Qt::TabFocusReason || m_reason == Qt::BacktabFocusReason)
-        Select(pane);
-    else if (m_reason == Qt::OtherFocusReason && m_left && m_left->isVisible())
-        m_left->setFocus(Qt::OtherFocusReason);
 }
 
 std::optional<TileArea::Aim> TileArea::AimAt(std::int32_t index, QPoint at) const {

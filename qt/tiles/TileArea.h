@@ -1,12 +1,12 @@
 #pragma once
 #include "base/Signal.h"
-#include "forms/TabStrip.h"
+#include "qt/strip/StripClock.h"
+#include "qt/strip/TabIcons.h"
+#include "qt/tiles/PaneFocus.h"
 #include "qt/tiles/TileDropZone.h"
 #include "qt/tiles/TileHeader.h"
 #include "tiles/Tiles.h"
 
-#include <QPointer>
-#include <QTimer>
 #include <QWidget>
 #include <map>
 #include <optional>
@@ -14,12 +14,9 @@
 namespace tessa::qt {
 
 /// What the headers show of a tab.
-class TileFaces {
+class TileFaces : public TabIcons {
 public:
-    virtual ~TileFaces() = default;
-
-    [[nodiscard]] virtual QIcon IconOf(const Tab& tab) const = 0;
-    /// As a whole.
+    /// The whole title.
     [[nodiscard]] virtual QString TitleOf(const Tab& tab) const = 0;
 };
 
@@ -54,7 +51,6 @@ public:
 
 protected:
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -77,11 +73,6 @@ private:
     void LayHeaders();
     TileHeader* MakeHeader(std::int32_t index);
     void ShowFaces();
-    void Select(std::int32_t index);
-    [[nodiscard]] std::int32_t PaneAround(const QWidget& widget, QPoint at) const;
-    void OnFocusIn(const QWidget& widget, Qt::FocusReason reason);
-    void LookAtFocus();
-    [[nodiscard]] bool IsOverPane(const QWidget& widget) const;
     [[nodiscard]] std::optional<Aim> AimAt(std::int32_t index, QPoint at) const;
     void Hover(const TileDivider* divider);
     void Step(bool upright, int by);
@@ -96,13 +87,12 @@ private:
     TileDropZone m_dropZone;
     QRect m_area;        ///< in the page area
     TilePlaces m_places; ///< in the page area
+    PaneFocus m_focus{*this, m_places};
     std::map<std::int32_t, TileHeader*> m_headers;
-    QTimer m_faces;
+    StripClock m_clock;
     std::optional<TileDivider> m_held;  ///< that is dragged
     std::optional<TileDivider> m_hover; ///< that the pointer is on
     bool m_stale = true;
-    QPointer<QWidget> m_left;                        ///< what had the keyboard before
-    Qt::FocusReason m_reason = Qt::OtherFocusReason; ///< why something else got it
     Connections m_connections;
 };
 

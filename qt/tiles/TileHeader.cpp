@@ -2,6 +2,7 @@
 
 #include "qt/base/Palette.h"
 #include "qt/base/Tip.h"
+#include "qt/strip/TabMarks.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -25,16 +26,10 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         const QColor ground = palette().color(QPalette::Base), words = palette().color(QPalette::Text);
-        if (underMouse()) {
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(Palette::Mix(ground, words, isDown() ? 0.3 : 0.18));
-            painter.drawRoundedRect(rect(), 3, 3);
-        }
-        painter.setPen(
-            QPen(underMouse() ? words : Palette::Mix(ground, words, 0.65), 1.3, Qt::SolidLine, Qt::RoundCap));
-        const QRectF cross = QRectF(rect()).adjusted(4.5, 4.5, -4.5, -4.5);
-        painter.drawLine(cross.topLeft(), cross.bottomRight());
-        painter.drawLine(cross.topRight(), cross.bottomLeft());
+        if (underMouse())
+            TabMarks::PaintButtonGround(painter, rect(), Palette::Mix(ground, words, isDown() ? 0.3 : 0.18));
+        const QRectF arms = QRectF(rect()).adjusted(4.5, 4.5, -4.5, -4.5);
+        TabMarks::PaintCross(painter, arms, underMouse() ? words : Palette::Mix(ground, words, 0.65));
     }
 };
 

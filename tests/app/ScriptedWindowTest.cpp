@@ -58,7 +58,7 @@ TEST_F(ScriptedWindowTest, TheStateIsSaidInWords) {
 
 TEST_F(ScriptedWindowTest, PrivateTabsKeepTheirNames) {
     desk.StartWithTabs(1);
-    desk.main.GetNewBrowser(InFront::No, Privacy::Private);
+    desk.NewTab(InFront::No, Privacy::Private);
     desk.views.At(2).location = u"http://secret/";
     desk.views.At(2).name = u"Secret";
     EXPECT_EQ(script.List().at(1), (ScriptTab{.number = 2, .title{}, .address{}, .group{}, .state = "private"}));
@@ -131,7 +131,7 @@ TEST_F(ScriptedWindowTest, TheTabsAreSavedWithoutAQuestion) {
     desk.StartWithTabs(2);
     desk.views.At(1).location = u"http://one/";
     desk.views.At(2).location = u"http://two/";
-    desk.main.GetNewBrowser(InFront::No, Privacy::Private);
+    desk.NewTab(InFront::No, Privacy::Private);
     desk.views.At(3).location = u"http://secret/";
     const Text file = groups.PathText("saved.tvg");
     EXPECT_EQ(script.SaveGroup(file, false), u"");

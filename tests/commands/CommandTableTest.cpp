@@ -1,3 +1,4 @@
+// Tests: Command, LinkRows
 #include "commands/CommandTable.h"
 
 #include "commands/DesignTimeBar.h"

@@ -1,4 +1,4 @@
-# Tests: RenameGroup
+# Tests: Rename
 """A TessaGroup's life: saved from the open tabs, opened after a restart, reordered in the editor, opened again."""
 
 import configparser

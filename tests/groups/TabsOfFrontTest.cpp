@@ -25,7 +25,7 @@ TEST(TabsOfFront, AreThoseOfItsGroupOrAll) {
     desk.ClickTab(2);
     desk.Click(u"xtrTileRows");
     EXPECT_EQ(desk.views.Shown(), "3* 4");
-    desk.main.Choice().Replace({2, 5, 99});
+    desk.ChooseTabs({2, 5, 99});
     EXPECT_EQ(tabs.Chosen(), (std::vector<std::int32_t>{5, 2})) << "chosen, in the order of the strip";
 }
 

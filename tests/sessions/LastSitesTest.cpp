@@ -2,7 +2,6 @@
 
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
-#include "tiles/TileText.h"
 
 namespace tessa {
 
@@ -50,7 +49,7 @@ TEST(LastSites, NamesComeBackWithTheirTabs) {
         Desk desk(&kept);
         desk.StartWithTabs(3);
         for (int i = 1; i <= 3; ++i) desk.views.At(i).location = u"http://" + Decimal(i) + u"/";
-        desk.main.pcPage.SetName(&desk.TabAt(2), u"Mail");
+        desk.NameTab(2, u"Mail");
         desk.Unload();
     }
     Desk desk(&kept);
@@ -106,7 +105,7 @@ TEST(LastSites, PagesThatLieSideBySideDoSoAtTheNextStart) {
     desk.StartWithTabs(4);
     desk.PageLoads(1, u"tessaview:preview/1", u"");
     for (const int index : {2, 3, 4}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", u"t");
-    desk.main.Tiles().Show(TileLayoutIn(u"h(4:300 v(1 2))").value());
+    desk.LaySideBySide(u"h(4:300 v(1 2))");
     desk.Unload();
     EXPECT_EQ(ToUtf8(desk.settings.StoredList(u"LastTiles")), "[h(3:300 1)]");
 
@@ -114,7 +113,7 @@ TEST(LastSites, PagesThatLieSideBySideDoSoAtTheNextStart) {
     later.Start();
     EXPECT_EQ(later.Strip(), "1 2 [3*]");
     ASSERT_TRUE(later.main.Tiles().Shown());
-    EXPECT_EQ(ToUtf8(TileText(*later.main.Tiles().Shown())), "h(3:300 1)");
+    EXPECT_EQ(later.SideBySide(), "h(3:300 1)");
     EXPECT_EQ(later.views.Shown(), "1 3*");
 }
 
@@ -126,8 +125,8 @@ TEST(LastSites, GroupsAndPinnedTabsAreThereAtTheNextStart) {
     desk.PageLoads(1, u"http://1/", u"1");
     desk.PageLoads(2, u"http://2/", u"2");
     desk.OpenGroup(folder.PathText("News.tvg"));
-    desk.main.pcPage.SetFolded(&desk.GroupAt(2), true);
-    desk.main.pcPage.SetPinned(&desk.TabOf(1), true);
+    desk.FoldGroup(2);
+    desk.Pin(1);
     EXPECT_EQ(desk.Units(), "^1 News-2(3 [4*]) 2");
     desk.Unload();
 
@@ -146,7 +145,7 @@ TEST(LastSites, LayoutsOfWhatDoesNotComeBackAreForgotten) {
     desk.settings.PutList(u"LastSites", {u"http://1/", u"chrome://kill"});
     desk.settings.PutList(u"LastTiles", {u"h(1 2)", u"x", u"h(1 99)"});
     desk.Start();
-    EXPECT_EQ(desk.main.Tiles().Shown(), nullptr);
+    EXPECT_EQ(desk.SideBySide(), "alone");
     EXPECT_EQ(desk.Strip(), "[1*]");
 }
 

@@ -1,7 +1,6 @@
 // Tests: CameBack
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
-#include "tiles/TileText.h"
 
 namespace tessa {
 
@@ -82,8 +81,8 @@ TEST(SessionJournal, PagesThatLieSideBySideAreWrittenDownAndComeBack) {
     desk.StartWithTabs(5);
     desk.PageLoads(1, u"about:blank", u"");
     for (const int index : {2, 3, 4, 5}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", Decimal(index));
-    desk.main.Tiles().Show(TileLayoutIn(u"v(h(4 1) h(2 5)) linked").value());
-    desk.main.Tiles().Show(TileLayoutIn(u"h(1 3)").value());
+    desk.LaySideBySide(u"v(h(4 1) h(2 5)) linked");
+    desk.LaySideBySide(u"h(1 3)");
     desk.ClickTab(4);
     EXPECT_GE(desk.scheduled, 1);
     desk.WriteSession();
@@ -98,7 +97,7 @@ TEST(SessionJournal, PagesThatLieSideBySideAreWrittenDownAndComeBack) {
     EXPECT_EQ(later.Strip(), "1 3 4 [5*] 6 2");
     EXPECT_EQ(later.views.Shown(), "3 5* 6");
     ASSERT_TRUE(later.main.Tiles().Shown());
-    EXPECT_EQ(ToUtf8(TileText(*later.main.Tiles().Shown())), "v(5 h(3 6)) linked");
+    EXPECT_EQ(later.SideBySide(), "v(5 h(3 6)) linked");
     EXPECT_EQ(later.Written(), "home: http://2/ http://3/ http://4/* http://5/");
     EXPECT_EQ(SessionFromBytes(later.sessions.own)->Tiles, std::vector<Text>{u"v(4 h(2 5)) linked"});
 }
@@ -109,11 +108,11 @@ TEST(SessionJournal, AChangedLayoutIsWritten) {
     for (const int index : {1, 2, 3}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", u"t");
     desk.WriteSession();
     desk.scheduled = 0;
-    desk.main.Tiles().Show(TileLayoutIn(u"h(1 2)").value());
+    desk.LaySideBySide(u"h(1 2)");
     EXPECT_EQ(desk.scheduled, 1);
     desk.WriteSession();
     EXPECT_EQ(SessionFromBytes(desk.sessions.own)->Tiles, std::vector<Text>{u"h(1 2)"});
-    desk.main.Tiles().Dissolve();
+    desk.LayAlone();
     EXPECT_EQ(desk.scheduled, 2);
     desk.WriteSession();
     EXPECT_TRUE(SessionFromBytes(desk.sessions.own)->Tiles.empty());
@@ -129,10 +128,10 @@ TEST(SessionJournal, GroupsAndPinnedTabsComeBack) {
     desk.OpenGroup(folder.PathText("News.tvg"));
     desk.WriteSession();
     desk.scheduled = 0;
-    desk.main.pcPage.SetFolded(&desk.GroupAt(2), true);
+    desk.FoldGroup(2);
     EXPECT_EQ(desk.scheduled, 1);
     desk.WriteSession();
-    desk.main.pcPage.SetPinned(&desk.TabOf(2), true);
+    desk.Pin(2);
     EXPECT_EQ(desk.scheduled, 2);
     desk.WriteSession();
     EXPECT_EQ(desk.Units(), "^2 1 News-2(3 [4*])");
@@ -171,8 +170,7 @@ TEST(SessionJournal, APageThatMayNotOpenLeavesItsPane) {
     desk.Keep(session, u"x");
     desk.StartWithTabs(1);
     desk.Reopen(u"x");
-    ASSERT_TRUE(desk.main.Tiles().Shown());
-    EXPECT_EQ(ToUtf8(TileText(*desk.main.Tiles().Shown())), "h(2 3)");
+    EXPECT_EQ(desk.SideBySide(), "h(2 3)");
 }
 
 TEST(SessionJournal, NothingIsWrittenTwice) {

@@ -1,3 +1,4 @@
+// Tests: TabGroupsReturn
 #include "tabs/TabGroups.h"
 
 #include "base/os/AtomicFile.h"
@@ -109,7 +110,7 @@ TEST_F(TabGroupsTest, WhatIsTypedBeforeThePageHasComeIsAChange) {
 }
 
 TEST_F(TabGroupsTest, PinningTakesATabOutAndTheLastOneEndsTheGroup) {
-    desk.main.pcPage.SetPinned(&desk.TabOf(3), true);
+    desk.Pin(3);
     EXPECT_EQ(desk.Units(), "^3 1 News!(2 [4*])");
     const std::int32_t group = GroupOf(2);
     Model().TakeOut(2);
@@ -183,8 +184,8 @@ TEST_F(TabGroupsTest, OfAVisitTheGroupIsKnownThatItsAddressStandsIn) {
 
 TEST_F(TabGroupsTest, WhatIsWrittenDownComesBack) {
     GoOn(3, u"http://b/more");
-    desk.main.pcPage.SetPinned(&desk.TabOf(1), true);
-    desk.main.pcPage.SetFolded(&desk.GroupAt(2), true);
+    desk.Pin(1);
+    desk.FoldGroup(2);
     EXPECT_EQ(desk.Units(), "^1 News-!(2 3 [4*])");
     const auto kept = Model().Kept([](std::int32_t index) { return index; });
     EXPECT_EQ(ToUtf8(KeptGroupsText(kept)),

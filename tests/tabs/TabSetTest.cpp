@@ -1,4 +1,4 @@
-// Tests: TabKeys, ViewArray
+// Tests: TabKeys, TabSetClosing, ViewArray
 #include "tests/Desk.h"
 
 #include <utility>

@@ -3,7 +3,6 @@
 
 #include "settings/frmInternetOptions.h"
 #include "tests/Desk.h"
-#include "tiles/TileText.h"
 
 namespace tessa {
 
@@ -201,7 +200,7 @@ TEST_F(TabsThatSleep, TheSettingAppliesAtOnceAndAtTheNextStart) {
 }
 
 TEST_F(TabsThatSleep, NoneSleepsThatIsShownBesideTheFront) {
-    desk.main.Tiles().Show(TileLayoutIn(u"h(1 3)").value());
+    desk.LaySideBySide(u"h(1 3)");
     Wait(10h);
     EXPECT_EQ(Asleep(), "2 4");
     desk.ClickTab(2);
@@ -212,9 +211,9 @@ TEST_F(TabsThatSleep, NoneSleepsThatIsShownBesideTheFront) {
 }
 
 TEST_F(TabsThatSleep, WhatIsShownNoLongerWasSeenUntilThen) {
-    desk.main.Tiles().Show(TileLayoutIn(u"h(1 3)").value());
+    desk.LaySideBySide(u"h(1 3)");
     Wait(10h);
-    desk.main.Tiles().Dissolve();
+    desk.LayAlone();
     Wait(10min - TabSleep::kAgain - 1ms);
     EXPECT_EQ(Asleep(), "2 4");
     Wait(TabSleep::kAgain + 1ms);

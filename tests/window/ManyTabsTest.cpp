@@ -10,7 +10,6 @@ namespace {
 template<typename Step>
 std::size_t AskedBy(int tabs, Step step) {
     Desk desk;
-    desk.main.Sleep().Now = [] { return TabSleep::Time{0}; };
     desk.StartWithTabs(tabs);
     desk.views.asked = 0;
     step(desk);

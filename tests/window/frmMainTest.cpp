@@ -1,3 +1,4 @@
+// Tests: frmMainWiring
 #include "window/frmMain.h"
 
 #include "tests/Desk.h"

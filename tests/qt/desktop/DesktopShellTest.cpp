@@ -1,6 +1,6 @@
 #include "qt/desktop/DesktopShell.h"
 
-#include "commands/External.h"
+#include "commands/effects/External.h"
 #include "qt/base/Strings.h"
 #include "tests/fakes/FakeSettings.h"
 

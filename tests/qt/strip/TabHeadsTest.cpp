@@ -1,4 +1,4 @@
-// Tests: TabRow, TabLook, TabStripAccessible
+// Tests: StripParts, TabHeadLook, TabRow, TabStripAccessible
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
 #include "qt/strip/TabStripAccessible.h"

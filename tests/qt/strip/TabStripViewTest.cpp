@@ -1,4 +1,5 @@
-// Tests: TabFaces, TabLook, TabRow, TabStripAccessible, TabStripViewDrag, TabStripViewInput, Tip
+// Tests: StripClock, StripParts, TabFaces, TabLook, TabMarks, TabRow, TabStripAccessible
+// Tests: TabStripViewDrag, TabStripViewInput, Tip
 #include "qt/strip/TabStripView.h"
 
 #include "qt/base/Palette.h"

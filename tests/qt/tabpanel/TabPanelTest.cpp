@@ -1,9 +1,9 @@
-// Tests: TabPanelView, TabPanelViewMouse, TabPanelModel, TabPanelLines, TabPanelAssembly, RenameTab
+// Tests: TabPanelView, TabPanelViewMouse, TabPanelModel, TabPanelLines, TabPanelAssembly, Rename
 #include "qt/tabpanel/TabPanel.h"
 
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
-#include "qt/dialogs/RenameTab.h"
+#include "qt/dialogs/Rename.h"
 #include "tests/fakes/BareTabs.h"
 
 #include <QAbstractItemModelTester>

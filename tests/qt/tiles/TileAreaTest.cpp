@@ -1,4 +1,4 @@
-// Tests: TileHeader, TileDropZone
+// Tests: PaneFocus, TileHeader, TileDropZone, TileRects
 #include "qt/tiles/TileArea.h"
 
 #include "qt/base/Strings.h"
