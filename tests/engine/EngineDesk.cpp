@@ -8,11 +8,12 @@
 #include <QElapsedTimer>
 #include <QTest>
 #include <QWebEngineView>
+#include <memory>
 
 namespace tessa::qt {
 
 namespace {
-constexpr qint64 kPatience = 30000;
+constexpr qint64 kPatience = 60000;
 }
 
 bool WaitUntil(const std::function<bool()>& condition) {
@@ -36,9 +37,10 @@ bool WaitForAnswers(const QWidget& question) {
 }
 
 void Settle(Engine&, QWebEnginePage* page) {
-    bool answered = false;
-    page->runJavaScript(QStringLiteral("1"), [&](const QVariant&) { answered = true; });
-    EXPECT_TRUE(WaitUntil([&] { return answered; }));
+    // The answer may come when nobody waits for it any more.
+    const auto answered = std::make_shared<bool>(false);
+    page->runJavaScript(QStringLiteral("1"), [answered](const QVariant&) { *answered = true; });
+    EXPECT_TRUE(WaitUntil([&] { return *answered; }));
 }
 
 void EventRecorder::StatusTextChange(std::int16_t, TextView Text) { statusTexts << ToQt(Text); }

@@ -76,7 +76,7 @@ private:
         if (auto* dialog = DialogIn(m_window)) QTest::keyClick(dialog, Qt::Key_Escape);
     }
 
-    static constexpr qint64 kPatience = 20000;
+    static constexpr qint64 kPatience = 60000;
     QWidget& m_window;
     QTimer m_timer;
     QElapsedTimer m_clock;
