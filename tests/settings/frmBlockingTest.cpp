@@ -1,4 +1,4 @@
-// Tests: frmBlocking, BlockingSettings, BlockingOutside
+// Tests: BlockingOutside, BlockingSettings, frmBlocking
 #include "settings/frmBlocking.h"
 #include "tests/fakes/FakeSettings.h"
 
@@ -63,12 +63,11 @@ TEST(frmBlocking, KeepsWhatWasChosen) {
         form.txtOwnRules.Value = Text(u"||b.example^\n");
         form.Keep();
     }
-    EXPECT_EQ(BlockingSettings(settings).Get(),
-              (BlockingValues{.on = true,
-                              .asked = true,
-                              .lists = {u"EasyList", u"EasyList Germany", u"/home/a/list.txt"},
-                              .offSites = {u"www.b.example", u"c.example"},
-                              .listsChosen = true}));
+    EXPECT_EQ(BlockingSettings(settings).Get(), (BlockingValues{.on = true,
+                                                                .asked = true,
+                                                                .lists = {u"EasyList", u"/home/a/list.txt"},
+                                                                .offSites = {u"www.b.example", u"c.example"},
+                                                                .listsChosen = true}));
     EXPECT_EQ(outside.rules, u"||b.example^\n");
     const frmBlocking again(settings, &outside, {});
     EXPECT_TRUE(LineOf(again, u"/home/a/list.txt").chkList.Ticked());

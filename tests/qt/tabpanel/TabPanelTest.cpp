@@ -4,6 +4,7 @@
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
 #include "qt/dialogs/Rename.h"
+#include "tabs/frmRenameTab.h"
 #include "tests/fakes/BareTabs.h"
 
 #include <QAbstractItemModelTester>
