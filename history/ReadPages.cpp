@@ -156,18 +156,21 @@ void ReadPages::ForgetClosed() {
 }
 
 void ReadPages::ReadToRemember(std::int32_t index) {
-    if (!m_options.Nothing) ReadNow(index);
+    if (!m_options.Nothing) Ask(index, Use::Remember);
 }
 
-void ReadPages::ReadNow(std::int32_t index) {
+void ReadPages::ReadNow(std::int32_t index) { Ask(index, Use::Search); }
+
+void ReadPages::Ask(std::int32_t index, Use use) {
     const auto found = m_pages.find(index);
     ArrayView* view = m_parts.Browser.Find(index);
     if (found == m_pages.end() || !view || !found->second.page.Loaded) return;
     auto* reading = view->Control->Reading();
     if (!reading || !HasPageToRead(view->Control->LocationURL())) return;
-    reading->ReadText([this, alive = std::weak_ptr(m_alive), index, document = found->second.document](Text gathered) {
-        if (!alive.expired()) OnText(index, document, gathered);
-    });
+    reading->ReadText(
+        [this, alive = std::weak_ptr(m_alive), index, document = found->second.document, use](Text gathered) {
+            if (!alive.expired()) OnText(index, document, use, gathered);
+        });
 }
 
 } // namespace tessa

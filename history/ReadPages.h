@@ -74,7 +74,8 @@ public:
     /// Marks what is new in the page of that view, and brings one new passage into sight, each time the next one: which
     /// one that is, from 1; 0 without any.
     std::size_t ShowNextNews(std::int32_t index);
-    /// Has the page of that view read now, if it is awake; `Changed` tells when that is done.
+    /// Has the page of that view read now, if it is awake; `Changed` tells when that is done. Nobody has visited it by
+    /// that, so what is remembered stays as it is.
     void ReadNow(std::int32_t index);
 
     /// The present time. Filled in by the main window's owner; without it nothing is read.
@@ -98,20 +99,24 @@ private:
         bool begun = false;                ///< it is about to go elsewhere
         bool asked = false, known = false; ///< the store was asked for it, and has answered
         bool told = false;                 ///< the store has this visit already
+        bool pictured = false;             ///< and its icon
         PageAsRead before;
         std::vector<Text> news; ///< the new passages
         bool asksPassword = false;
         std::size_t shownNews = 0; ///< which new passage was brought into sight last, from 1
     };
 
-    void OnText(std::int32_t index, std::uint64_t document, TextView gathered);
+    /// What a page is read for.
+    enum class Use { Search, Remember };
+    void Ask(std::int32_t index, Use use);
+    void OnText(std::int32_t index, std::uint64_t document, Use use, TextView gathered);
     void OnKnown(std::int32_t index, std::uint64_t document, const std::vector<HistoryEntry>& entries);
     void Judge(std::int32_t index, Followed& followed);
     void ShowNews(std::int32_t index, const Followed& followed);
     /// Where nothing is remembered, a page is read only when somebody searches in it.
     void ReadToRemember(std::int32_t index);
     void See(std::int32_t index);
-    void Keep(std::int32_t index, const Followed& followed, const std::optional<PageAsRead>& asRead);
+    void Keep(std::int32_t index, Followed& followed, const std::optional<PageAsRead>& asRead);
     /// What is known of the visit but for the text.
     [[nodiscard]] HistoryVisit VisitOf(const Followed& followed, const ArrayView& view, std::int32_t index) const;
     void KeepLast(const Followed& last, HistoryVisit visit, TextView gathered);

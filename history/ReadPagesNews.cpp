@@ -19,7 +19,7 @@ Kept ReadPages::KeptOf(std::int32_t index, const Followed& followed) const {
     return HistoryRules::WhatIsKept({followed.page.Address, isPrivate, followed.asksPassword}, m_options);
 }
 
-void ReadPages::OnText(std::int32_t index, std::uint64_t document, TextView gathered) {
+void ReadPages::OnText(std::int32_t index, std::uint64_t document, Use use, TextView gathered) {
     const auto found = m_pages.find(index);
     if (found == m_pages.end() || found->second.document != document || gathered.empty()) return;
     Followed& followed = found->second;
@@ -28,7 +28,7 @@ void ReadPages::OnText(std::int32_t index, std::uint64_t document, TextView gath
     followed.page.Passages = std::move(read.Passages);
     // Once it has asked for one, what comes behind that is nobody else's business either.
     followed.asksPassword = followed.asksPassword || read.AsksPassword;
-    const bool keeps = KeptOf(index, followed) != Kept::Nothing;
+    const bool keeps = use == Use::Remember && KeptOf(index, followed) != Kept::Nothing;
     if (keeps && !std::exchange(followed.asked, true)) {
         const auto answer = [this, alive = std::weak_ptr(m_alive), index, document](std::vector<HistoryEntry> entries) {
             if (!alive.expired()) OnKnown(index, document, entries);
@@ -86,15 +86,17 @@ HistoryVisit ReadPages::VisitOf(const Followed& followed, const ArrayView& view,
     visit.Group = followed.group;
     visit.When = m_parts.clock.Now();
     visit.Again = followed.told;
-    if (Icon) visit.Icon = Icon(index);
+    // To make it takes longer than all the rest, and a visit that is told again keeps the one that it has.
+    if (Icon && !followed.pictured) visit.Icon = Icon(index);
     return visit;
 }
 
-void ReadPages::Keep(std::int32_t index, const Followed& followed, const std::optional<PageAsRead>& asRead) {
+void ReadPages::Keep(std::int32_t index, Followed& followed, const std::optional<PageAsRead>& asRead) {
     const ArrayView* view = m_parts.Browser.Find(index);
     if (!view || !HistoryRules::KeptAddress(followed.page.Address)) return;
     const bool texts = KeptOf(index, followed) == Kept::All;
     HistoryVisit visit = VisitOf(followed, *view, index);
+    followed.pictured = followed.pictured || !visit.Icon.empty();
     if (texts) visit.Passages = Passages::ToBytes(followed.page.Passages);
     if (texts && asRead) visit.AsRead = NewsOf::ToBytes(*asRead);
     if (texts && followed.page.WasReadBefore) visit.Share = followed.page.News.Share;

@@ -11,33 +11,43 @@ using SearchText::CharacterAt, SearchText::CodePoint, SearchText::IsAccent, Sear
 
 constexpr std::size_t kMostPieces = 16, kLongestTyped = 500;
 
-/// A word, or a run of an unspaced script, and where it ends.
-struct Run {
-    Text word; ///< folded, without accents
-    bool unspaced = false;
+/// Where a word, or a run of an unspaced script, stands.
+struct Bounds {
     std::size_t begin = 0, end = 0;
+    bool unspaced = false;
+
+    [[nodiscard]] bool Empty() const { return begin == end; }
 };
 
-/// The next run from there on; an empty one at the end.
-Run NextRun(TextView text, std::size_t at) {
-    Run run;
-    run.begin = at;
+/// The next one from there on; an empty one at the end.
+Bounds NextBounds(TextView text, std::size_t at) {
+    Bounds found{at, at};
     while (at < text.size()) {
         const CodePoint point = CharacterAt(text, at);
-        const bool accent = IsAccent(text[at]);
-        if (!IsOfWord(point.Character) || (accent && run.word.empty())) {
-            if (!run.word.empty()) break;
-            at += point.Units;
-            run.begin = at;
+        const bool accent = IsAccent(text[at]), empty = found.begin == at;
+        if (!IsOfWord(point.Character) || (accent && empty)) {
+            if (!empty) break;
+            found.begin = at += point.Units;
             continue;
         }
         const bool unspaced = IsUnspaced(point.Character);
-        if (!run.word.empty() && !accent && unspaced != run.unspaced) break;
-        if (run.word.empty()) run.unspaced = unspaced;
-        for (std::size_t i = 0; i < point.Units && !accent; ++i) run.word += SearchText::Folded(text[at + i]);
+        if (empty) found.unspaced = unspaced;
+        if (!accent && unspaced != found.unspaced) break;
         at += point.Units;
     }
-    run.end = at;
+    found.end = at;
+    return found;
+}
+
+/// The same with what stands there.
+struct Run : Bounds {
+    Text word; ///< folded, without accents
+};
+
+Run NextRun(TextView text, std::size_t at) {
+    Run run{NextBounds(text, at), {}};
+    for (const char16_t unit : text.substr(run.begin, run.end - run.begin))
+        if (!IsAccent(unit)) run.word += SearchText::Folded(unit);
     return run;
 }
 
@@ -113,15 +123,15 @@ std::vector<Place> UnspacedPlaces(const Text& word, TextView text, std::size_t m
     return places;
 }
 
-// Whether the words stand one behind the other from that run on; then where they end.
-std::size_t EndOfWords(const Piece& piece, TextView text, Run run) {
+// Whether the words stand one behind the other from that place on; then where they end.
+std::size_t EndOfWords(const Piece& piece, TextView text, Bounds place) {
     for (std::size_t i = 0;; ++i) {
         const bool last = i + 1 == piece.Words.size();
-        const bool whole = !last || piece.WholeWords;
-        if (run.word.empty() || run.unspaced) return 0;
-        if (whole ? run.word != piece.Words[i] : !run.word.starts_with(piece.Words[i])) return 0;
-        if (last) return run.begin + UnitsAt(piece.Words[i], text, run.begin);
-        run = NextRun(text, run.end);
+        const std::size_t units = place.Empty() || place.unspaced ? 0 : UnitsAt(piece.Words[i], text, place.begin);
+        const bool whole = place.begin + units == place.end;
+        if (units == 0 || (!whole && (!last || piece.WholeWords))) return 0;
+        if (last) return place.begin + units;
+        place = NextBounds(text, place.end);
     }
 }
 
@@ -168,11 +178,11 @@ std::vector<Place> PlacesOf(const Piece& piece, TextView text, std::size_t most)
     if (piece.Unspaced) return UnspacedPlaces(piece.Words.front(), text, most);
     std::vector<Place> places;
     for (std::size_t at = 0; at < text.size() && places.size() < most;) {
-        const Run run = NextRun(text, at);
-        if (run.word.empty()) break;
-        const std::size_t end = EndOfWords(piece, text, run);
-        if (end > 0) places.push_back({run.begin, end - run.begin});
-        at = std::max(run.end, end);
+        const Bounds place = NextBounds(text, at);
+        if (place.Empty()) break;
+        const std::size_t end = EndOfWords(piece, text, place);
+        if (end > 0) places.push_back({place.begin, end - place.begin});
+        at = std::max(place.end, end);
     }
     return places;
 }

@@ -3,7 +3,7 @@
 #include "base/PlainText.h"
 #include "tabs/OpenTabs.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace tessa {
 
@@ -41,6 +41,7 @@ void frmOpenPages::Form_Load() {
 
 void frmOpenPages::LoadUnread() {
     m_remembered.clear();
+    m_found.clear();
     for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
         if (open.Private() || m_pages.HasText(open.Index())) continue;
         const auto address = HistoryRules::KeptAddress(open.Address());
@@ -62,38 +63,53 @@ const std::vector<Passage>& frmOpenPages::PassagesOf(std::int32_t index) const {
     return found == m_remembered.end() ? none : found->second;
 }
 
-// How many lines that was.
-std::size_t frmOpenPages::AddPage(std::vector<OpenPageLine>& lines, const std::vector<SearchText::Piece>& pieces,
-                                  std::int32_t index, const BrowserView& view) const {
-    const Text title = PlainLine(view.LocationName(), kShownTitle), address = view.LocationURL();
+// What says nothing of some words says nothing of more of them either.
+void frmOpenPages::ForgetFound() {
+    const Text before = std::exchange(m_searched, txtWords.Value());
+    if (before == m_searched) return;
+    const bool more = m_searched.starts_with(before) && !SearchText::PiecesOf(before).empty();
+    std::erase_if(m_found, [more](const auto& each) { return !more || !each.second.lines.empty(); });
+}
+
+const std::vector<OpenPageLine>& frmOpenPages::LinesOf(const std::vector<SearchText::Piece>& pieces, std::int32_t index,
+                                                       const BrowserView& view) {
+    Found& found = m_found[index];
+    Text title = PlainLine(view.LocationName(), kShownTitle), address = view.LocationURL();
+    if (found.address == address && found.title == title && !address.empty()) return found.lines;
+    found = {std::move(title), std::move(address)};
+    Search(pieces, index, found);
+    return found.lines;
+}
+
+void frmOpenPages::Search(const std::vector<SearchText::Piece>& pieces, std::int32_t index, Found& found) const {
     const auto& passages = PassagesOf(index);
-    std::vector<TextView> texts{title, address};
+    std::vector<TextView> texts{found.title, found.address};
     for (const Passage& each : passages) texts.push_back(each.Words);
-    if (!Snippets::HoldAll(pieces, texts)) return 0;
-    const std::size_t before = lines.size();
-    const Text shown = title.empty() ? PlainLine(address, kShownTitle) : title;
-    lines.push_back({index, true, Snippets::Of(pieces, shown, kShownTitle), {}});
+    if (!Snippets::HoldAll(pieces, texts)) return;
+    const Text shown = found.title.empty() ? PlainLine(found.address, kShownTitle) : found.title;
+    found.lines.push_back({index, true, Snippets::Of(pieces, shown, kShownTitle), {}});
     for (FoundPassage& each : Snippets::Best(pieces, passages, kPassagesOfAPage, kShownPassage))
-        lines.push_back({index, false, std::move(each.Shown), passages[each.Number].Words});
-    return lines.size() - before;
+        found.lines.push_back({index, false, std::move(each.Shown), passages[each.Number].Words});
 }
 
 void frmOpenPages::Show() {
     if (!Form.Visible()) return;
-    const auto pieces = SearchText::PiecesOf(txtWords.Value());
+    ForgetFound();
+    const auto pieces = SearchText::PiecesOf(m_searched);
     std::vector<OpenPageLine> lines;
     std::size_t pages = 0;
-    if (!pieces.empty()) {
-        for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
-            if (open.View && lines.size() < kMostLines)
-                pages += AddPage(lines, pieces, open.Index(), *open.View->Control) > 0 ? 1 : 0;
-        }
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
+        if (!open.View || pieces.empty() || lines.size() >= kMostLines) continue;
+        const auto& more = LinesOf(pieces, open.Index(), *open.View->Control);
+        lines.insert(lines.end(), more.begin(), more.end());
+        pages += more.empty() ? 0 : 1;
     }
     lblCount.Caption = pieces.empty() ? Text() : FoundWords(pages);
     lstFound = std::move(lines);
 }
 
 void frmOpenPages::Changed(std::int32_t index) {
+    m_found.erase(index);
     if (m_awaited && m_awaited->index == index && m_pages.HasText(index)) {
         ArrayView* view = m_browser.Find(index);
         if (auto* reading = view ? view->Control->Reading() : nullptr) reading->ShowPassages({m_awaited->passage}, 0);

@@ -52,14 +52,23 @@ private:
     void Form_Load();
     void LoadUnread();
     [[nodiscard]] const std::vector<Passage>& PassagesOf(std::int32_t index) const;
-    std::size_t AddPage(std::vector<OpenPageLine>& lines, const std::vector<SearchText::Piece>& pieces,
-                        std::int32_t index, const BrowserView& view) const;
+    /// What was found in a page.
+    struct Found {
+        Text title, address; ///< as they were then
+        std::vector<OpenPageLine> lines{};
+    };
+    void ForgetFound();
+    [[nodiscard]] const std::vector<OpenPageLine>& LinesOf(const std::vector<SearchText::Piece>& pieces,
+                                                           std::int32_t index, const BrowserView& view);
+    void Search(const std::vector<SearchText::Piece>& pieces, std::int32_t index, Found& found) const;
 
     ReadPages& m_pages;
     TabStrip& m_pcPage;
     ViewArray& m_browser;
     VisitStore& m_store;
     std::map<std::int32_t, std::vector<Passage>> m_remembered; ///< of pages that were not read in this run
+    Text m_searched;                                           ///< what was searched for last
+    std::map<std::int32_t, Found> m_found;                     ///< of that, in pages that say now what they said then
     /// What is to be shown in a page as soon as it is there.
     struct Awaited {
         std::int32_t index;

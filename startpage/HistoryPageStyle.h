@@ -39,7 +39,7 @@ li .about button { font: inherit; color: inherit; padding: 0; border-radius: 4px
   text-decoration-color: var(--line); }
 li p { grid-column: 3 / -1; margin: 0; font-size: 13px; color: var(--soft); overflow-wrap: anywhere; }
 mark { background: #ffd75e; color: #1c2735; border-radius: 2px; }
-.dark mark { background: #b98a00; color: #fff; }
+.dark mark { background: #d9a520; }
 .new { color: var(--mark); }
 #more { display: block; margin: 18px auto; }
 )css";

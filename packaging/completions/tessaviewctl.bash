@@ -26,11 +26,13 @@ _tessaviewctl() {
   fi
   case $command in
     "") mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current") ;;
-    activate | close | text | html | reload)
+    reload) mapfile -t COMPREPLY < <(compgen -W "all $(tessaviewctl list 2>/dev/null | cut -f 1)" -- "$current") ;;
+    activate | close | text | html)
       mapfile -t COMPREPLY < <(compgen -W "$(tessaviewctl list 2>/dev/null | cut -f 1)" -- "$current") ;;
     pdf | screenshot)
       if [[ $before == "$command" ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$(tessaviewctl list 2>/dev/null | cut -f 1)" -- "$current")
+        [[ $command == pdf ]] && local all=all || local all=
+        mapfile -t COMPREPLY < <(compgen -W "$all $(tessaviewctl list 2>/dev/null | cut -f 1)" -- "$current")
       else
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
       fi ;;

@@ -19,5 +19,6 @@ complete -c tessaviewctl -n "__fish_seen_subcommand_from open-group" -l close-ot
 complete -c tessaviewctl -n "__fish_seen_subcommand_from save-group" -l replace -d "Replace the file"
 complete -c tessaviewctl -n "__fish_seen_subcommand_from activate close reload text html pdf screenshot" \
     -a "(__tessaviewctl_tabs)"
+complete -c tessaviewctl -n "__fish_seen_subcommand_from reload pdf" -a all -d "All tabs"
 complete -c tessaviewctl \
     -n "__fish_seen_subcommand_from open open-group save-group keep-offline check-group pdf pdf-group keep-group screenshot" -F

@@ -3,7 +3,8 @@
 _tessaviewctl_tabs() {
   local -a tabs
   local number state title rest
-  while IFS=$'\t' read -r number state title rest; do tabs+=("$number:${title//:/ }"); done \
+  # Twice, it ends an empty field, too.
+  while IFS=$'\t\t' read -r number state title rest; do tabs+=("$number:${title//:/ }"); done \
     < <(tessaviewctl list 2>/dev/null)
   _describe tab tabs
 }
@@ -19,22 +20,36 @@ _tessaviewctl() {
     'run-command:run a command of the bar' 'wait-idle:wait for all pages'
     'bus-name:print the name on the session bus' 'quit:end the program'
   )
-  local context state line
+  local context state line word command
+  local -a options
   typeset -A opt_args
+  for word in $words[2,-1]; do
+    if (( ${commands[(I)$word:*]} )); then command=$word; break; fi
+  done
+  case $command in
+    list|search|check-group) options+=('--json[as JSON]') ;;
+    open) options+=('--behind[behind the tab in front]' '--wait[until loaded]') ;;
+    open-group) options+=('--close-others[close the other tabs]' '--wait[until loaded]') ;;
+    save-group) options+=('--replace[replace the file]') ;;
+    reload) options+=('--wait[until loaded]') ;;
+  esac
   _arguments -C '--instance[the home that is meant]:folder:_files -/' '--timeout[how long to wait]:seconds:' \
-    '(-h --help)'{-h,--help}'[show a short help]' '--version[show the version]' \
-    '--json[as JSON]' '--behind[behind the tab in front]' '--wait[until loaded]' \
-    '--close-others[close the other tabs]' '--replace[replace the file]' \
-    '1:command:->command' '*::argument:->argument'
+    '(-h --help)'{-h,--help}'[show a short help]' '--version[show the version]' $options \
+    '1:command:->command' '2:first:->first' '*:argument:->rest'
   case $state in
     command) _describe command commands ;;
-    argument)
-      case $words[1] in
-        activate|close|reload|text|html) _tessaviewctl_tabs ;;
-        pdf|screenshot) if (( CURRENT == 2 )); then _tessaviewctl_tabs; else _files; fi ;;
-        pdf-group) if (( CURRENT == 2 )); then _files -g '*.tvg'; else _files; fi ;;
-        open-group|save-group|keep-offline|check-group|keep-group) _files -g '*.tvg' ;;
+    first)
+      case $command in
+        activate|close|text|html|screenshot) _tessaviewctl_tabs ;;
+        reload|pdf) _alternative 'tabs:tab:_tessaviewctl_tabs' 'all:all tabs:(all)' ;;
+        open-group|save-group|keep-offline|check-group|pdf-group|keep-group) _files -g '*.tvg' ;;
         open) _files ;;
+      esac ;;
+    rest)
+      case $command in
+        close|reload) _tessaviewctl_tabs ;;
+        pdf|screenshot|pdf-group|open) _files ;;
+        keep-group) _files -g '*.tvg' ;;
       esac ;;
   esac
 }

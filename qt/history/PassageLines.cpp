@@ -44,8 +44,8 @@ qreal PassageLines::Lay(QTextLayout& layout, const QStyleOptionViewItem& option,
     const bool dark = Palette::IsDark(option.palette);
     for (qsizetype i = 0; i + 1 < marks.size(); i += 2) {
         QTextCharFormat format;
-        format.setBackground(dark ? QColor(0xB9, 0x8A, 0x00) : QColor(0xFF, 0xD7, 0x5E));
-        format.setForeground(dark ? QColor(Qt::white) : QColor(0x1C, 0x27, 0x35));
+        format.setBackground(dark ? QColor(0xD9, 0xA5, 0x20) : QColor(0xFF, 0xD7, 0x5E));
+        format.setForeground(QColor(0x1C, 0x27, 0x35));
         formats.append({marks[i].toInt(), marks[i + 1].toInt(), format});
     }
     layout.setFormats(formats);

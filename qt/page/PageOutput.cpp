@@ -51,7 +51,8 @@ std::vector<Format> FormatsFor(const DocumentKind& kind) {
 }
 
 // A page that is busy with itself does not say what it is.
-constexpr std::chrono::seconds kTypePatience{1};
+constexpr std::chrono::seconds kTypePatience{1}, kUnseenPatience{20};
+QString AskType() { return QStringLiteral("document.contentType"); }
 
 constexpr qsizetype kLongestName = 80;
 
@@ -121,7 +122,7 @@ QByteArray PageOutput::PreviewIn(const WebPage& page) {
 DocumentKind PageOutput::KindOf(WebPage& page) {
     QEventLoop wait;
     const auto type = std::make_shared<std::optional<QString>>();
-    page.runJavaScript(QStringLiteral("document.contentType"), QWebEngineScript::ApplicationWorld,
+    page.runJavaScript(AskType(), QWebEngineScript::ApplicationWorld,
                        [type, loop = QPointer(&wait)](const QVariant& answer) {
                            *type = answer.toString();
                            if (loop) loop->quit();
@@ -271,8 +272,27 @@ void PageOutput::Fetch(WebPage& page, const std::function<void(const FetchedFile
 bool PageOutput::FetchPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& fetched) {
     const QPointer<WebPage> alive(&page);
     if (!KindOf(page).IsPdf || !alive || alive->Ended()) return false;
-    Fetch(page, [fetched](const FetchedFile& file) { fetched(file ? WholeFile(PathIn(file)) : QByteArray()); });
+    FetchShownPdf(page, fetched);
     return true;
+}
+
+void PageOutput::FetchShownPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& fetched) {
+    Fetch(page, [fetched](const FetchedFile& file) { fetched(file ? WholeFile(PathIn(file)) : QByteArray()); });
+}
+
+// A page that ends meanwhile answers with nothing, and is not touched any more.
+void PageOutput::BringAsPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& brought) {
+    const auto open = std::make_shared<bool>(true);
+    const auto bring = [this, &page, open, brought](const QString& type) {
+        if (!std::exchange(*open, false)) return;
+        const bool isPdf = DocumentKind::Of(type, page.ShownAddress()).IsPdf;
+        isPdf ? FetchShownPdf(page, brought) : page.Print(m_layout, brought);
+    };
+    page.Ask(AskType(), [bring, open, brought](const QVariant& type) {
+        if (type.isValid()) return bring(type.toString());
+        if (std::exchange(*open, false)) brought({});
+    });
+    QTimer::singleShot(kUnseenPatience, &page, [bring] { bring({}); });
 }
 
 } // namespace tessa::qt

@@ -34,6 +34,9 @@ public:
     /// Brings the PDF that the page shows, later; nothing when it cannot be had any more. False, without a word, when
     /// the page shows something else. Events may run before it returns.
     bool FetchPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& fetched);
+    /// Brings the page as a PDF, later: the one that it shows, or as it would be printed; nothing when that fails.
+    /// Nobody looks at the page, so it gets time to say what it is.
+    void BringAsPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& brought);
     /// What becomes files by way of downloads.
     [[nodiscard]] PageDocuments& Documents() { return m_documents; }
 
@@ -56,6 +59,7 @@ private:
     using FetchedFile = std::shared_ptr<QTemporaryDir>;
     void Fetch(WebPage& page, const std::function<void(const FetchedFile& file)>& fetched);
     void WritePdf(WebPage& page, const QString& path, const QPageLayout& layout, QWidget* parent);
+    void FetchShownPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& fetched);
     /// Tells how the writing of that file has ended, unless the window has gone meanwhile.
     [[nodiscard]] std::function<void(bool written)> Ending(const QString& path, QWidget* parent) const;
 

@@ -170,14 +170,7 @@ void PageReads::Html(std::int32_t index, const std::function<void(const QString&
 
 void PageReads::Pdf(std::int32_t index, const std::function<void(const QByteArray&)>& read) {
     auto* page = Find(index);
-    if (!page) return read({});
-    PageOutput& output = m_engine.Output();
-    if (output.FetchPdf(*page, read)) return;
-    // Events ran meanwhile.
-    if (Find(index) == page)
-        page->Print(output.Layout(), read);
-    else
-        read({});
+    page ? m_engine.Output().BringAsPdf(*page, read) : read({});
 }
 
 void PageReads::Screenshot(std::int32_t index, const std::function<void(const QByteArray&)>& read) {

@@ -163,7 +163,7 @@ Bound Bind(const std::vector<Part>& parts, const QString& file, const Wish& wish
     const QTemporaryDir folder;
     const QString feet = folder.filePath(QStringLiteral("feet.pdf"));
     if (all == 0)
-        bound.refusal = QStringLiteral("There is nothing to be bound.");
+        bound.refusal = QStringLiteral("None of the pages could be had.");
     else if (!folder.isValid() || !PdfFeet::Draw(FeetOf(opened, all), feet, wish.stop))
         bound.refusal = QStringLiteral("There is no room for the page numbers.");
     else if (!BindOpened(opened, feet, file, wish))

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -34,6 +35,18 @@ public:
         // Of the letters that make it a word of its own.
         for (int number = rank * 7 + 3; number > 0; number /= 20) word += u"etaoinshrdlcumwfgypb"[number % 20];
         return word;
+    }
+    /// In a script without blanks, of whose characters the thousandth is a thousandth as frequent as the first, too.
+    std::vector<Passage> UnspacedPage(int characters) {
+        std::vector<Passage> passages;
+        for (int done = 0; done < characters; done += 60) {
+            Text passage;
+            for (int i = 0; i < 60; ++i)
+                passage += static_cast<char16_t>(
+                    0x4E00 + static_cast<int>(std::pow(3000.0, std::uniform_real_distribution<>(0, 1)(m_random))));
+            passages.push_back({PassageKind::Words, passage});
+        }
+        return passages;
     }
     std::vector<Passage> Page(int words) {
         std::vector<Passage> passages;
@@ -61,6 +74,10 @@ double OwnMegabytes() {
 
 class Measured {
 public:
+    /// Pages of a script without blanks have so many characters for words.
+    enum class Script { Spaced, Unspaced };
+    explicit Measured(Script script) : m_script(script) {}
+
     void Run(int pages, int words) {
         if (m_database.Open() != HistoryDatabase::State::Ready) return;
         std::printf("memory before: %.1f MB\n", OwnMegabytes());
@@ -69,9 +86,10 @@ public:
         m_database.Run(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
         std::printf("file of %d pages: %.1f MB\n", m_stored,
                     static_cast<double>(QFile(m_database.File()).size()) / 1e6);
-        for (const char16_t* typed :
-             {u"", u"t", u"te", u"tea", u"th t", u"\"te\"", u"ttt", u"hhhh", u"qqq", u"page 4711"})
-            Search(typed);
+        const std::vector<TextView> spaced{u"",       u"t",   u"te",   u"tea", u"th t",
+                                           u"\"te\"", u"ttt", u"hhhh", u"qqq", u"page 4711"},
+            unspaced{u"\u4E01", u"\u4E01\u4E02", u"\u4E20\u4E21", u"\u4E01\u4E02\u4E03", u"\u5000\u5001\u5002"};
+        for (const TextView typed : m_script == Script::Spaced ? spaced : unspaced) Search(typed);
         std::printf("memory after: %.1f MB\n", OwnMegabytes());
     }
 
@@ -98,7 +116,7 @@ private:
         HistoryVisit visit{u"https://site" + Decimal(m_stored % 500) + u".example/page/" + number,
                            u"site" + Decimal(m_stored % 500) + u".example", u"Page " + number};
         visit.When = 1'795'000'000 + m_stored;
-        const auto passages = m_language.Page(words);
+        const auto passages = m_script == Script::Spaced ? m_language.Page(words) : m_language.UnspacedPage(words);
         visit.Passages = Passages::ToBytes(passages);
         visit.AsRead = NewsOf::ToBytes(NewsOf::FirstTime(passages));
         return visit;
@@ -123,6 +141,7 @@ private:
                     best);
     }
 
+    const Script m_script;
     QTemporaryDir m_folder;
     HistoryDatabase m_database{m_folder.path(), QStringLiteral("bench")};
     HistoryRecords m_records{m_database};
@@ -152,13 +171,16 @@ void MeasureOpenPages() {
 
 } // namespace tessa::qt
 
-// history_bench [PAGES [WORDS]]: 100,000 pages of 600 words unless others are given.
+// history_bench [PAGES [WORDS]]: 100,000 pages of 600 words unless others are given; before them 10,000 at most of a
+// script without blanks.
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     // Each line as soon as it is known: storing takes minutes.
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const auto number = [&](int at, int otherwise) { return argc > at ? QByteArray(argv[at]).toInt() : otherwise; };
     tessa::qt::MeasureOpenPages();
-    tessa::qt::Measured().Run(number(1, 100'000), number(2, 600));
+    using Measured = tessa::qt::Measured;
+    Measured(Measured::Script::Unspaced).Run(std::min(number(1, 10'000), 10'000), number(2, 600));
+    Measured(Measured::Script::Spaced).Run(number(1, 100'000), number(2, 600));
     return 0;
 }

@@ -5,11 +5,13 @@ reader waits until the panel says how many pages hold them.
 - known: a word that the pages held when they were read;
 - live: the panel is opened for a word that has come into all pages after they were read.
 
-Prints milliseconds, which hold the time that keys take on their way, too.
+Prints milliseconds, which hold the time that keys take on their way, too; and those of the processor that the program with
+all its processes has used meanwhile, and the program's own process alone, which count on a machine with other work, too.
 
     tests/e2e/on-display.sh /usr/bin/python3 tests/bench/open_pages.py build/tessaview [ROUNDS [PAGES]]
 """
 
+import contextlib
 import http.server
 import os
 import random
@@ -26,11 +28,16 @@ KNOWN, WORDS = "lantern", [f"word{number}" for number in range(3000)]
 PATIENCE = 120
 
 
+HOSTS = 50
+
+
 class Pages:
-    """Pages of 1,000 words that ask again and again which word they are to add."""
+    """Pages of 1,000 words on many hosts. Each waits for the next word that it is to add; the server answers when there is
+    one, so that nothing goes on while a search is measured."""
 
     def __init__(self):
-        self.word, self.told = "", set()
+        self.number, self.word, self.told = 0, "", set()
+        self.changed = threading.Condition()
         pages = self
 
         class Handler(http.server.BaseHTTPRequestHandler):
@@ -45,32 +52,43 @@ class Pages:
             def log_message(self, *words):
                 pass
 
-        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+        self.port = 0
+        for host in range(1, HOSTS + 1):
+            server = http.server.ThreadingHTTPServer((f"127.0.0.{host}", self.port), Handler)
+            self.port = server.server_port
+            threading.Thread(target=server.serve_forever, daemon=True).start()
 
     def answer(self, path):
-        if path.startswith("/has"):
-            self.told.add(path)
-            return b""
         if path.startswith("/word"):
-            return self.word.encode()
+            _, page, known = path.split("?")
+            with self.changed:
+                # Who asks for the next word has shown this one.
+                if int(known) == self.number:
+                    self.told.add(page)
+                    self.changed.notify_all()
+                self.changed.wait_for(lambda: self.number > int(known))
+                return f"{self.number} {self.word}".encode()
         chance = random.Random(path)
         blocks = "".join(f"<p>{' '.join(chance.choices(WORDS, k=50))}</p>" for _ in range(20))
         return (
             f"<!doctype html><title>{path[1:]}</title><p>{KNOWN}</p>{blocks}<p id=live></p><script>"
-            "setInterval(async () => { const word = await (await fetch('/word')).text();"
-            "if (word !== live.textContent) { live.textContent = word; fetch('/has' + location.pathname + word) } }, 1500)"
-            "</script>"
+            "(async () => { for (let known = 0; ; ) {"
+            f"const answer = (await (await fetch('/word?{path[1:]}?' + known)).text()).split(' ');"
+            "known = answer[0]; live.textContent = answer[1]; } })()</script>"
         ).encode()
 
     def add(self, word, count):
         """All pages say that word from now on."""
-        self.told.clear()
-        self.word = word
-        desk.wait_until(lambda: len(self.told) >= count, PATIENCE, lambda: f"{len(self.told)} pages say {word}")
+        with self.changed:
+            self.told.clear()
+            self.word = word
+            self.number += 1
+            self.changed.notify_all()
+            if not self.changed.wait_for(lambda: len(self.told) >= count, PATIENCE):
+                raise SystemExit(f"only {len(self.told)} pages say {word}")
 
     def address(self, number):
-        return f"http://127.0.0.1:{self.server.server_port}/page{number}"
+        return f"http://127.0.0.{number % HOSTS + 1}:{self.port}/page{number}"
 
 
 class Panel:
@@ -105,13 +123,14 @@ class Panel:
         desk.wait_until(lambda: desk.focused_box(self.program) is None)
 
     def time_of(self, word, opens):
-        """Milliseconds from the first key until all pages are found."""
+        """Milliseconds from the first key until all pages are found; of the processor, with all processes and without."""
         if not opens:
             self.open()
             desk.wait_until(lambda: desk.focused_box(self.program))
             desk.xdotool("key", "ctrl+a", "Delete")
             desk.wait_until(lambda: not self.says_all())
         keys = ["key", "ctrl+shift+f"] if opens else []
+        used = self.used()
         start = time.monotonic()
         # One call for all keys; what it takes to start counts too.
         desk.xdotool(*keys, "type", "--delay", "0", word)
@@ -119,9 +138,15 @@ class Panel:
             if time.monotonic() - start > PATIENCE:
                 raise SystemExit(f"{word} is not found in all pages")
         taken = (time.monotonic() - start) * 1000
+        used = [after - before for before, after in zip(used, self.used())]
         desk.xdotool("key", "ctrl+a", "Delete")
         self.close()
-        return taken
+        return taken, *used
+
+    def used(self):
+        """Milliseconds of the processor so far: of all processes, and of the program's own."""
+        times = [used_by(process) for process in desk.with_children(self.program.process.pid)]
+        return sum(times), times[0]
 
 
 def path_to(node, wanted, path=()):
@@ -137,6 +162,16 @@ def path_to(node, wanted, path=()):
         if found is not None:
             return found
     return None
+
+
+def used_by(process):
+    """Milliseconds of the processor that a process has used, with all its threads."""
+    total = 0
+    with contextlib.suppress(OSError):  # it has ended
+        for thread in os.listdir(f"/proc/{process}/task"):
+            with open(f"/proc/{process}/task/{thread}/schedstat", encoding="ascii") as schedule:
+                total += int(schedule.read().split()[0])
+    return total / 1e6
 
 
 def look_alone(panel):
@@ -165,7 +200,10 @@ def main():
             times["live"].append(panel.time_of(word, True))
         print(f"{count} open pages, keys and look alone {look_alone(panel):.0f} ms, load {os.getloadavg()[0]:.1f}")
         for name, all_times in times.items():
-            print(f"{name}: median {statistics.median(all_times):.0f} ms, {min(all_times):.0f} to {max(all_times):.0f}")
+            taken, all_used, own = zip(*all_times)
+            print(
+                f"{name}: median {statistics.median(taken):.0f} ms, {min(taken):.0f} to {max(taken):.0f}; "
+                f"of the processor {statistics.median(all_used):.0f} ms, the program's own {statistics.median(own):.0f} ms")
 
 
 if __name__ == "__main__":

@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
-"""What remembering costs while pages load: a group of pages with text, with the history and with "Remember nothing", in
-turns. Prints the medians and their ratio. Run it on a display of its own:
+"""What remembering costs: a group of pages with text, with the history and with "Remember nothing", in turns. Prints the
+medians and their ratios: of the time and of the processor time until all pages have loaded, which is what somebody waits
+for, and of the processor time until they have been read and written down as well. Processor time is that of the program
+with all its processes, and counts on a machine that has other work too. Run it on a display of its own:
 
     tests/e2e/on-display.sh tests/bench/reading.py build/tessaview [ROUNDS [PAGES]]
 """
@@ -16,6 +18,9 @@ import threading
 import time
 
 WORDS = [f"word{number}" for number in range(3000)]
+# Pages are read a second after they have loaded, and written a second later at most.
+READ_BY = 4
+TICK = os.sysconf("SC_CLK_TCK")
 
 
 class Pages:
@@ -57,8 +62,26 @@ class Pages:
         return f"http://127.0.0.1:{self.server.server_port}/page{number}"
 
 
+def processor_time(process):
+    """Seconds that a process, those that it has started, and they in turn have used."""
+    parents, times = {}, {}
+    for name in filter(str.isdigit, os.listdir("/proc")):
+        try:
+            with open(f"/proc/{name}/stat", encoding="utf-8", errors="replace") as stat:
+                fields = stat.read().rsplit(")", 1)[1].split()
+        except OSError:  # it has ended
+            continue
+        parents.setdefault(int(fields[1]), []).append(int(name))
+        times[int(name)] = sum(map(int, fields[11:15])) / TICK  # with those that have ended
+    found = [process]
+    for each in found:
+        found.extend(parents.get(each, []))
+    return sum(times.get(each, 0) for each in found)
+
+
 def run(program, pages, count, remembers):
-    """Seconds from the start of the program until so many pages have loaded."""
+    """Seconds from the start of the program until so many pages have loaded; its processor time until then, and until
+    they have been read."""
     with tempfile.TemporaryDirectory() as home:
         if not remembers:
             with open(os.path.join(home, "settings.ini"), "w", encoding="utf-8") as settings:
@@ -75,7 +98,9 @@ def run(program, pages, count, remembers):
                 if time.monotonic() - start > 120:
                     raise SystemExit(f"only {len(pages.loaded)} pages have loaded")
                 time.sleep(0.01)
-            return max(pages.loaded) - start
+            loading = processor_time(process.pid)
+            time.sleep(READ_BY)
+            return max(pages.loaded) - start, loading, processor_time(process.pid)
         finally:
             process.terminate()
             process.wait()
@@ -87,12 +112,14 @@ def main():
     count = int(sys.argv[3]) if len(sys.argv) > 3 else 40
     pages = Pages()
     run(program, pages, count, True)
-    times = {True: [], False: []}
+    with_it, without = [], []
     for number in range(rounds):
         for remembers in (True, False) if number % 2 else (False, True):
-            times[remembers].append(run(program, pages, count, remembers))
-    on, off = statistics.median(times[True]), statistics.median(times[False])
-    print(f"{count} pages: with the history {on:.2f} s, without {off:.2f} s, ratio {on / off:.3f}")
+            (with_it if remembers else without).append(run(program, pages, count, remembers))
+    for what, on, off in zip(("loaded", "processor time, loaded", "processor time, read"), zip(*with_it), zip(*without)):
+        ratio = statistics.median(one / other for one, other in zip(on, off))
+        middle, other = statistics.median(on), statistics.median(off)
+        print(f"{count} pages, {what}: with the history {middle:.2f} s, without {other:.2f} s, ratio {ratio:.3f}")
 
 
 if __name__ == "__main__":

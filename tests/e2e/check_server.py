@@ -3,12 +3,15 @@
 import base64
 import http.server
 import random
+import struct
 import threading
+import zlib
 
 ANSWERS = {
     "/fine": (200, None), "/moved": (301, "/fine"), "/for-now": (302, "/fine"), "/gone": (410, None),
     "/forbidden": (403, None), "/broken": (500, None), "/loop": (301, "/loop"), "/moved-to-gone": (308, "/gone"),
     "/held": (200, None), "/story": (200, None), "/big": (200, None),
+    "/noise": (200, None), "/noises": (200, None), "/noise.png": (200, None),
     "/pictured": (200, None), "/picture.png": (200, None), "/style.css": (200, None),
     "/asks": (200, None), "/file": (200, None), "/login": (401, None),
     "/teal": (200, None), "/plain": (200, None),
@@ -24,10 +27,24 @@ PICTURED = b"<!doctype html><title>Pictured</title><link rel=stylesheet href=/st
 # A picture of one point.
 PICTURE = base64.b64decode(
     "iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==")
-TYPES = {"/picture.png": "image/png", "/style.css": "text/css"}
+
+
+def noise():
+    """A picture that nothing makes smaller: nearly four megabytes."""
+    width, height = 1250, 1000
+    dice = random.Random(2)
+    lines = zlib.compress(b"".join(b"\0" + dice.randbytes(3 * width) for _ in range(height)), 1)
+    parts = ((b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)), (b"IDAT", lines), (b"IEND", b""))
+    chunks = (struct.pack(">I", len(data)) + name + data + struct.pack(">I", zlib.crc32(name + data)) for name, data in parts)
+    return b"\x89PNG\r\n\x1a\n" + b"".join(chunks)
+
+
+NOISE = b"<!doctype html><title>Noise</title><img src=/noise.png>"
+NOISES = b"<!doctype html><title>Noises</title><img src=/noise.png?1><img src=/noise.png?2>"
+TYPES = {"/picture.png": "image/png", "/noise.png": "image/png", "/style.css": "text/css"}
 BODIES = {
     "/pictured": PICTURED, "/picture.png": PICTURE, "/style.css": b"body { color: teal }", "/story": STORY, "/asks": ASKS,
-    "/file": STORY, "/big": BIG, "/teal": b"<!doctype html><title>Teal</title><style>html { background: teal }</style>",
+    "/file": STORY, "/big": BIG, "/noise": NOISE, "/noises": NOISES, "/teal": b"<!doctype html><title>Teal</title><style>html { background: teal }</style>",
     "/plain": b"<!doctype html><title>Plain</title>",
 }
 
@@ -55,8 +72,9 @@ class Server:
                     self.send_header("Location", location)
                 if self.path in MORE:
                     self.send_header(*MORE[self.path])
-                body = BODIES.get(self.path.split("?")[0], b"")
-                self.send_header("Content-Type", TYPES.get(self.path, "text/html; charset=utf-8"))
+                path = self.path.split("?")[0]
+                body = noise() if path == "/noise.png" else BODIES.get(path, b"")
+                self.send_header("Content-Type", TYPES.get(path, "text/html; charset=utf-8"))
                 self.send_header("Content-Length", str(len(body)))
                 self.end_headers()
                 self.wfile.write(body)

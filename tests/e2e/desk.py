@@ -468,6 +468,21 @@ def program_file():
     return os.path.abspath(sys.argv.pop(1))
 
 
+def with_children(process):
+    """The numbers of a process and of all that it has started, and they in turn."""
+    parents = {}
+    for name in filter(str.isdigit, os.listdir("/proc")):
+        try:
+            with open(f"/proc/{name}/stat", encoding="utf-8", errors="replace") as stat:
+                parents.setdefault(int(stat.read().rsplit(")", 1)[1].split()[1]), []).append(int(name))
+        except OSError:  # it has ended
+            pass
+    found = [process]
+    for each in found:
+        found.extend(parents.get(each, []))
+    return found
+
+
 def obeying_permissions(file):
     """The command that starts a program which may write only where its owner may: for root every folder is writable,
     unless it does without that right."""

@@ -2,9 +2,12 @@
 # Tests: AddressWalk, StartProgram, TabMethods, TabWalk
 """The program as a script drives it: by nothing but tessaviewctl."""
 
+import contextlib
 import errno
 import json
 import os
+import re
+import resource
 import subprocess
 import unittest
 
@@ -13,6 +16,8 @@ import desk
 
 PROGRAM = desk.program_file()
 CTL = os.path.join(os.path.dirname(PROGRAM), "tessaviewctl")
+# Room for what the engine shows, which counts as files too, and for one large picture, but not for two.
+LONGEST_FILE = 6_500_000
 
 
 class Scripted(unittest.TestCase):
@@ -78,6 +83,12 @@ class WholeLife(Scripted):
             with open(picture, "rb") as image:
                 self.assertEqual(image.read(8), b"\x89PNG\r\n\x1a\n")
             self.assertEqual(self.strip(), ["One", "[Two]", "Three"])
+            book = os.path.join(self.home, "all.pdf")
+            self.ctl("pdf", "all", book)
+            outline = subprocess.run(["qpdf", "--json", "--json-key=outlines", book], capture_output=True, check=True)
+            self.assertEqual([each["title"] for each in json.loads(outline.stdout)["outlines"]], ["One", "Two", "Three"])
+            checked = json.loads(self.ctl("check-group", saved, "--json"))
+            self.assertEqual([(line["address"], line["health"]) for line in checked], [(each, "fine") for each in addresses])
             self.ctl("activate", numbers[2])
             self.ctl("close", numbers[0], numbers[1])
             self.assertEqual(self.strip(), ["[Three]"])
@@ -245,16 +256,34 @@ class TakenAlong(Scripted):
             desk.wait_until(lambda: self.ctl("list", code=None))
             self.ctl("open", pages.address("One"), pages.address("Two", 2), "--wait")
             self.ctl("run-command", "xtrGroupPrint")
-            program.find("dialog", "Print")
-            desk.xdotool("search", "--sync", "--onlyvisible", "--name", "^Print$", "windowactivate", "--sync")
-            desk.xdotool("key", "alt+f")
-            file = os.path.join(self.home, "printed.pdf")
-            program.accept_name("Print", file)
-            # The dialog has tried whether it may write there.
-            desk.wait_until(lambda: os.path.exists(file) and os.path.getsize(file) > 0, what="nothing was printed")
-            read = subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True)
+            read = self.printed(program)
             for words in ("One", pages.address("One"), "Two", pages.address("Two", 2)):
-                self.assertIn(words, read.stdout)
+                self.assertIn(words, read)
+
+    def test_a_group_that_is_not_open_is_printed_from_its_entry(self):
+        with desk.PageServer(hosts=2) as pages:
+            addresses = [pages.address("One"), pages.address("Two", 2)]
+            self.group("News.tvg", addresses)
+            with desk.Program(PROGRAM, "about:blank", home=self.home) as program:
+                program.wait_strip(["[about:blank]"])
+                program.wait_menu(lambda: program.keys("alt+t"))
+                program.menu_of("News", "p")
+                first, second = self.printed(program).split("\f")[:2]
+                for page, words in ((first, ("One", addresses[0], "1/2")), (second, ("Two", addresses[1], "2/2"))):
+                    for each in words:
+                        self.assertIn(each, page)
+                self.assertEqual(program.strip(), ["[about:blank]"])
+
+    def printed(self, program):
+        """Has the dialog that comes up print into a file; what that says."""
+        program.find("dialog", "Print")
+        desk.xdotool("search", "--sync", "--onlyvisible", "--name", "^Print$", "windowactivate", "--sync")
+        desk.xdotool("key", "alt+f")
+        file = os.path.join(self.home, "printed.pdf")
+        program.accept_name("Print", file)
+        # The dialog has tried whether it may write there.
+        desk.wait_until(lambda: os.path.exists(file) and os.path.getsize(file) > 0, what="nothing was printed")
+        return subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True).stdout
 
     def test_pages_that_sleep_are_woken_and_sleep_again(self):
         with desk.PageServer(hosts=3) as pages:
@@ -336,6 +365,49 @@ class TakenAlong(Scripted):
             with open(old, "rb") as file:
                 self.assertEqual(file.read(), b"old")
             self.assertEqual([each for each in os.listdir(small) if ".part" in each], [])
+
+    def test_files_that_find_no_room_are_left_out_and_old_ones_stay(self):
+        # Who writes more than he may is told so, and not ended: Python has it so, and what it starts gets it.
+        environment = dict(os.environ, **desk.SANDBOX, TESSAVIEW_HOME=self.home)
+        command = [CTL, "open", "about:blank", "--wait"]
+        subprocess.run(command, env=environment, check=True, stdin=subprocess.DEVNULL, restore_signals=False)
+        kept, paper = os.path.join(self.home, "kept.tvg"), os.path.join(self.home, "all.pdf")
+        with check_server.Server() as server:
+            story, teal, big = [server.address(path) for path in ("/story", "/teal", "/noises")]
+            self.group("Big.tvg", [server.address("/noise?1"), server.address("/noise?2")])
+            self.group("Mixed.tvg", [story, big, teal])
+            with open(paper, "wb") as file:
+                file.write(b"old")
+            program = self.number_of_program()
+            # Each page has room as a PDF, and both together have not.
+            self.limit_files([program])
+            self.assertIn("could not be written", self.complaint("pdf-group", "Big", paper))
+            with open(paper, "rb") as file:
+                self.assertEqual(file.read(), b"old")
+            self.assertEqual([each for each in os.listdir(self.home) if ".part" in each], [])
+            # The engine itself writes the files that are kept.
+            self.limit_files(desk.with_children(program))
+            words = self.complaint("keep-group", "Mixed", kept)
+            self.assertEqual(words, f"tessaviewctl: left out: {big}\n")
+            names = ["001 Story.mhtml", "002 Teal.mhtml"]
+            self.assertEqual(sorted(os.listdir(kept.removesuffix(".tvg"))), names)
+            with open(kept, newline="") as group:
+                self.assertEqual(re.findall(r"=(.*)\r\n", group.read()), [f"kept/{name}" for name in names])
+            self.assertEqual(self.strip(), ["[about:blank]"])
+
+    def number_of_program(self):
+        """The number of the process that the bus knows."""
+        said = subprocess.run(
+            ["dbus-send", "--session", "--print-reply=literal", "--dest=org.freedesktop.DBus", "/",
+             "org.freedesktop.DBus.GetConnectionUnixProcessID", "string:" + self.ctl("bus-name").strip()],
+            capture_output=True, text=True, check=True)
+        return int(said.stdout.split()[1])
+
+    def limit_files(self, processes):
+        """From now on no file of these gets longer than that."""
+        for process in processes:
+            with contextlib.suppress(ProcessLookupError):
+                resource.prlimit(process, resource.RLIMIT_FSIZE, (LONGEST_FILE, resource.RLIM_INFINITY))
 
     def fill(self, folder):
         """Takes what room a disk has."""
@@ -489,8 +561,9 @@ class Checking(Scripted):
 
 class Rushing(Scripted):
     def test_a_caller_who_never_stops_leaves_the_window_usable(self):
-        with desk.PageServer() as pages:
-            self.ctl("open", pages.address("One"), "--wait")
+        with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("One"), home=self.home) as program:
+            program.wait_strip(["[One]"])
+            desk.wait_until(lambda: self.ctl("list", code=None))
             name = self.ctl("bus-name").strip()
             rush = subprocess.Popen(
                 ["/usr/bin/python3", os.path.join(os.path.dirname(os.path.abspath(__file__)), "rush.py"), name],
@@ -500,6 +573,12 @@ class Rushing(Scripted):
                 self.assertEqual(rush.stdout.readline(), "rushing\n")
                 for _ in range(5):
                     self.assertIn("One", self.ctl("list"))
+                # Its user goes on working, too.
+                program.keys("ctrl+t")
+                program.wait_strip(["One", "[about:blank]"])
+                program.keys("alt+t")
+                program.find("menu item", "Organize TessaGroups...")
+                desk.xdotool("key", "Escape")
                 self.assertIsNone(rush.poll(), "it never stopped")
             finally:
                 rush.kill()

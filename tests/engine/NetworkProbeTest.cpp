@@ -3,6 +3,7 @@
 
 #include "pages/Certificates.h"
 #include "qt/base/Strings.h"
+#include "qt/engine/WebOptions.h"
 #include "qt/questions/RefusedCertificates.h"
 #include "tests/engine/EngineDesk.h"
 
@@ -78,6 +79,16 @@ TEST_F(NetworkProbeTest, ACertificateThatNobodyVouchesForIsRefusedUntilItsUserAc
     EXPECT_EQ(Ask(address).trouble, Trouble::Certificate) << "another certificate is another question";
     accepted.Accept(PlaceOf(QUrl(address)), FingerprintOf(ShownBy(secure)));
     EXPECT_EQ(Ask(address).status, 200);
+}
+
+TEST_F(NetworkProbeTest, AProxyOfTheProgramsOwnIsAskedInstead) {
+    plain.Raw(QStringLiteral("http://far.example/a"),
+              "HTTP/1.1 410 Gone\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+    WebOptions::ApplyProxy({.proxy = ProxyKind::Http, .proxyHost = u"127.0.0.1", .proxyPort = plain.serverPort()},
+                           nullptr);
+    EXPECT_EQ(Ask(QStringLiteral("http://far.example/a")).status, 410);
+    WebOptions::ApplyProxy({}, nullptr);
+    EXPECT_EQ(plain.requests, QStringList{QStringLiteral("http://far.example/a")});
 }
 
 } // namespace

@@ -1,7 +1,8 @@
-// Tests: PageDocuments, PageOutput
+// Tests: AddressWalk, PageDocuments, PageOutput
 #include "qt/base/Strings.h"
 #include "qt/downloads/EngineDownloads.h"
 #include "qt/engine/PageView.h"
+#include "qt/script/AddressWalk.h"
 #include "tests/engine/CommandsOnPages.h"
 #include "tests/engine/FakeDownloadSource.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -228,6 +229,30 @@ TEST_F(PageDocuments, APdfIsPrintedAsItIsAndIsInNoList) {
     Visit(QStringLiteral("/red.pdf"));
     PrintTo(folder.filePath(QStringLiteral("paper.pdf")));
     EXPECT_TRUE(WaitUntil([this] { return Written(QStringLiteral("paper.pdf")) == pdf; }));
+    EXPECT_TRUE(downloads.All().empty());
+}
+
+// Its address does not say what it is; the page has to.
+TEST_F(PageDocuments, OfAGroupThatIsNotOpenAreTakenAsTheyAre) {
+    server.Page(QStringLiteral("/page"), "<title>page</title><p>words</p>");
+    Serve("/paper", "application/pdf", pdf);
+    PageReads reads(desk.engine);
+    AddressWalk walk(desk.engine, reads);
+    std::vector<QByteArray> taken;
+    bool ended = false;
+    const auto take = [&](const ScriptTab& page, const std::function<void()>& next) {
+        reads.Pdf(static_cast<std::int32_t>(page.number), [&taken, next](const QByteArray& bytes) {
+            taken.push_back(bytes);
+            next();
+        });
+    };
+    const auto address = [this](const char* path) { return FromQt(server.Address(QLatin1String(path))); };
+    walk.Go({address("/page"), address("/paper")}, {take, [&](const auto& left) { ended = left.empty(); }});
+    EXPECT_TRUE(WaitUntil([&ended] { return ended; }));
+    walk.Shutdown();
+    ASSERT_EQ(taken.size(), 2U);
+    EXPECT_TRUE(taken[0].startsWith("%PDF-"));
+    EXPECT_EQ(taken[1], pdf);
     EXPECT_TRUE(downloads.All().empty());
 }
 

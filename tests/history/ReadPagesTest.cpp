@@ -149,6 +149,37 @@ TEST(ReadPages, APageIsReadOnceMoreWhenItIsLeft) {
     EXPECT_EQ(desk.visits.At(u"http://a/").Passages, "pOne\npEnd\n");
 }
 
+TEST(ReadPages, APageThatIsReadForASearchWasNotVisitedByThat) {
+    ReadingDesk desk(2);
+    desk.Read(1, u"http://a/", u"pOne");
+    desk.Read(2, u"http://b/", u"pTwo");
+    desk.clock.now += 1000;
+    desk.Say(2, u"pTwo|pLater");
+    desk.main.Reads().ReadNow(2);
+    EXPECT_EQ(desk.main.Reads().Find(2)->Passages.size(), 2U);
+    EXPECT_EQ(desk.visits.At(u"http://b/").Passages, "pTwo\n");
+    EXPECT_EQ(desk.visits.At(u"http://b/").Last, 1'795'000'000);
+    desk.PageBegins(2, u"http://c/");
+    EXPECT_EQ(desk.visits.At(u"http://b/").Passages, "pTwo\npLater\n");
+}
+
+TEST(ReadPages, TheIconOfAVisitIsMadeOnce) {
+    ReadingDesk desk;
+    std::string icon;
+    int made = 0;
+    desk.main.Reads().Icon = [&](std::int32_t) {
+        ++made;
+        return icon;
+    };
+    desk.Read(1, u"http://a/", u"pOne");
+    icon = "picture";
+    desk.Read(1, u"http://b/", u"pOne");
+    desk.PageBegins(1, u"http://c/");
+    EXPECT_EQ(made, 3) << "the first page had none when it was read, and was asked for it again when it was left";
+    EXPECT_EQ(desk.visits.kept.back().Icon, "");
+    EXPECT_EQ(desk.visits.kept.at(desk.visits.kept.size() - 2).Icon, "picture");
+}
+
 TEST(ReadPages, WhatMayNotBeRememberedIsNot) {
     ReadingDesk desk;
     desk.Read(1, u"http://a/", u"pSecret|!");

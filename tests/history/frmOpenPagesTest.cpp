@@ -104,6 +104,32 @@ TEST_F(frmOpenPagesTest, PagesThatAreSlowComeLater) {
     EXPECT_EQ(m_form.lstFound().size(), 2U);
 }
 
+// Letter by letter, each page that a shorter word did not find is passed over.
+TEST_F(frmOpenPagesTest, TypingOnFindsWhatTheWholeWordFinds) {
+    m_desk.Click(u"xtrSearchOpenPages");
+    for (const TextView typed : {u"apples again", u"\"more apples\" and", u"pears-are", u"\"are red\"", u"nowhere"}) {
+        std::string byLetters;
+        for (std::size_t length = 1; length <= typed.size(); ++length) byLetters = Find(typed.substr(0, length));
+        Find(u"");
+        EXPECT_EQ(byLetters, Find(typed)) << ToUtf8(typed);
+        Find(u"");
+    }
+}
+
+TEST_F(frmOpenPagesTest, WhatAPageSaysAndIsCalledMeanwhileCounts) {
+    m_desk.Click(u"xtrSearchOpenPages");
+    EXPECT_EQ(Find(u"fresh"), "");
+    m_desk.views.At(1).name = u"Fresh title";
+    m_form.Show();
+    EXPECT_EQ(Find(u"fresh"), "1:[Fresh] title");
+    m_desk.Read(3, u"http://c/", u"pA fresh word");
+    m_form.Show();
+    EXPECT_EQ(Find(u"fresh"), "1:[Fresh] title|3:Title of http://c/|A [fresh] word");
+    m_desk.Read(3, u"http://c/", u"pNothing any more");
+    m_form.Show();
+    EXPECT_EQ(Find(u"fresh"), "1:[Fresh] title");
+}
+
 TEST_F(frmOpenPagesTest, PrivatePagesAreSearchedAndNotRemembered) {
     m_desk.Click(u"xtrPrivateTab");
     m_desk.Read(4, u"http://p/", u"pPrivate matters");

@@ -100,7 +100,7 @@ TEST_F(PdfBinderTest, WhatIsNoPdfIsLeftOutAndNamed) {
     EXPECT_EQ(bound.left, QStringList({QStringLiteral("http://broken/"), QStringLiteral("None")}));
     EXPECT_EQ(CountOf("all.pdf"), QStringLiteral("1"));
     EXPECT_EQ(Bind({{File("broken.pdf"), QString(), QString()}}).refusal,
-              QStringLiteral("There is nothing to be bound."));
+              QStringLiteral("None of the pages could be had."));
 }
 
 TEST_F(PdfBinderTest, MoreFilesThanAProcessMayHaveOpen) {
