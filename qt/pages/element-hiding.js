@@ -1,12 +1,14 @@
-// Hides what the lists name. Runs in every frame before the page does, in a world of its own that the page cannot see.
-// Most pages hold nothing that any list names; two rows of bits tell that here, and the program is asked only about the
-// rest. It answers while the page waits, so that nothing is seen that is to be hidden. The program puts its words where
-// there are names between signs: a secret, the bits of domains and of classes and ids, whether each page has to be asked
-// about, and what is hidden everywhere.
+// Hides what the lists name, before it is painted. Runs in every frame before the page does, in a world of its own that
+// the page cannot see. Most pages hold nothing that any list names; two rows of bits tell that here, and the program is
+// asked only about the rest. It answers while the page waits. The program puts its words where there are names between
+// signs: a secret, the bits of domains and of keys, the keys that are parts of attributes, whether each page has to be
+// asked about, and what is hidden everywhere.
 (function () {
     'use strict';
     const kMostKeysAtOnce = 100;
-    const kSteps = [1, 0x9E3779B1, 0x85EBCA6B];
+    const kSteps = [1, 0x9E3779B1, 0x85EBCA6B], kHashStart = 0x811C9DC5, kHashStep = 0x01000193;
+    const kLongestStart = 20, kKeyStep = 4, kMostSeen = 20000;
+    const kRush = 200, kFramesAtOnce = 15, kLongestRush = 250, kLongestUnseen = 1000;
 
     function hostOf(origin) {
         const found = /^https?:\/\/([^/:]+|\[[^\]]*\])/.exec(origin);
@@ -18,10 +20,12 @@
     if (!host) return;
 
     function mayHold(bits, hash) {
-        return kSteps.every(function (step) {
-            const bit = Math.imul(hash, step) & (bits.length * 8 - 1);
-            return (bits.charCodeAt(bit >>> 3) >>> (bit & 7)) & 1;
-        });
+        const shift = Math.clz32(bits.length * 8 - 1);
+        for (let at = 0; at < kSteps.length; ++at) {
+            const bit = Math.imul(hash, kSteps[at]) >>> shift;
+            if (((bits.charCodeAt(bit >>> 3) >>> (bit & 7)) & 1) === 0) return false;
+        }
+        return true;
     }
 
     // As the program hashes domains: from the end, in 64 bits.
@@ -60,10 +64,17 @@
     function show(element) {
         if (collapsed.delete(element)) element.style.removeProperty('display');
     }
+    const answers = new Map();
+    function wasStopped(kinds, source) {
+        const what = 'stopped?kinds=' + kinds + '&url=' + encodeURIComponent(source);
+        if (answers.size >= kMostSeen) answers.clear();
+        if (!answers.has(what)) answers.set(what, ask(what).stopped);
+        return answers.get(what);
+    }
     function collapseIfStopped(element) {
         const kinds = kKinds[element.tagName], source = sourceOf(element);
         if (!kinds || !/^https?:/.test(source)) return;
-        if (!ask('stopped?kinds=' + kinds + '&url=' + encodeURIComponent(source)).stopped) return show(element);
+        if (!wasStopped(kinds, source)) return show(element);
         collapsed.add(element);
         element.style.setProperty('display', 'none', 'important');
     }
@@ -78,100 +89,205 @@
         else show(of);
     }, true);
 
+    // Fields of a form hide its properties when they are called like them, so these are asked for in another way.
+    function getterOf(type, name) { return Object.getOwnPropertyDescriptor(type.prototype, name).get; }
+    const idOf = getterOf(Element, 'id'), namesOf = getterOf(Element, 'className'), tagOf = getterOf(Element, 'localName');
+    const firstOf = getterOf(Element, 'firstElementChild'), aroundOf = getterOf(Node, 'parentNode');
+    const attributeOf = Element.prototype.getAttribute;
+    const findBelow = Element.prototype.querySelectorAll, findAll = Document.prototype.querySelectorAll;
+    const adopted = Object.getOwnPropertyDescriptor(Document.prototype, 'adoptedStyleSheets');
+
     // Pictures that a script has asked for may come into the page when they have failed already.
-    function collapseFailed(node) {
-        if (node.nodeType !== Node.ELEMENT_NODE) return;
-        const pictures = node.localName === 'img' ? [node] : node.firstElementChild ? node.getElementsByTagName('img') : [];
-        for (const each of pictures)
-            if (each.complete && each.naturalWidth === 0 && each.currentSrc) collapseIfStopped(each);
-    }
-    function onAdded(call) {
-        new MutationObserver(function (records) {
-            for (const record of records) record.addedNodes.forEach(call);
-        }).observe(document, { childList: true, subtree: true });
+    function collapseFailed(picture) {
+        if (picture.complete && picture.naturalWidth === 0 && picture.currentSrc) collapseIfStopped(picture);
     }
 
     const sheets = [];
-    function put(sheet) {
-        if (!document.adoptedStyleSheets.includes(sheet))
-            document.adoptedStyleSheets = Array.from(document.adoptedStyleSheets).concat(sheet);
+    function put() {
+        const there = Array.from(adopted.get.call(document));
+        const missing = sheets.filter(function (sheet) { return !there.includes(sheet); });
+        if (missing.length > 0) adopted.set.call(document, there.concat(missing));
     }
     function hide(text) {
         if (!text) return;
         const sheet = new CSSStyleSheet();
         sheet.replaceSync(text);
         sheets.push(sheet);
-        put(sheet);
+        put();
     }
 
-    const domainBits = atob('@domains@'), keyBits = atob('@keys@');
+    const domainBits = atob('@domains@'), keyBits = atob('@keys@'), parts = @parts@;
     const named = @all@ || domainMayBeNamed(domainBits, host) || (topHost !== host && domainMayBeNamed(domainBits, topHost));
     const site = named ? ask('site?') : { generic: true, always: null };
     hide(site.css);
-    if (!site.generic) return onAdded(collapseFailed);
-    hide(typeof site.always === 'string' ? site.always : '@always@');
+    if (site.generic) hide(typeof site.always === 'string' ? site.always : '@always@');
 
-    const seenNames = new Set(), seenKeys = new Set();
+    // Names that were looked at cost nothing more.
+    function Seen() {
+        const all = new Set();
+        return function (text) {
+            if (all.has(text)) return true;
+            if (all.size >= kMostSeen) all.clear();
+            all.add(text);
+            return false;
+        };
+    }
+    const wasId = Seen(), wasNames = Seen(), wasName = Seen(), wasLink = Seen();
     let found = [];
-    function hashOf(key) {
-        if (/[^\x00-\x7f]/.test(key)) key = unescape(encodeURIComponent(key.toWellFormed ? key.toWellFormed() : key));
-        let hash = 0x811C9DC5;
-        for (let at = 0; at < key.length; ++at) hash = Math.imul(hash ^ key.charCodeAt(at), 0x01000193);
+    function hashFrom(hash, text) {
+        for (let at = 0; at < text.length; ++at) hash = Math.imul(hash ^ text.charCodeAt(at), kHashStep);
         return hash;
     }
-    function note(key) {
-        if (seenKeys.has(key)) return;
-        seenKeys.add(key);
-        try { if (mayHold(keyBits, hashOf(key))) found.push(key); } catch (e) { return; }
+    const kId = hashFrom(kHashStart, '#'), kName = hashFrom(kHashStart, '.');
+    function isKey(hash) { return mayHold(keyBits, hash || 1); }
+    function inBytes(text) {
+        if (!/[^\x00-\x7f]/.test(text)) return text;
+        try { return unescape(encodeURIComponent(text)); } catch (e) { return ''; }
+    }
+    // Rules name some by how their values begin, or what these hold. Parts are looked for in all new values at once.
+    function Attribute(name) {
+        const start = hashFrom(kHashStart, name + '^');
+        this.parts = parts.filter(function (key) { return key.startsWith(name + '*'); });
+        this.values = [];
+        this.look = function (value) {
+            const end = Math.min(value.length, kLongestStart);
+            let hash = start;
+            for (let at = 0; at < end; ++at) {
+                hash = Math.imul(hash ^ value.charCodeAt(at), kHashStep);
+                if ((at + 1) % kKeyStep === 0 && isKey(hash)) found.push(name + '^' + value.slice(0, at + 1));
+            }
+            if (this.parts.length > 0) this.values.push(value);
+        };
+        this.findParts = function () {
+            if (this.values.length === 0) return;
+            const all = this.values.join('\n');
+            this.values = [];
+            for (const key of this.parts)
+                if (all.includes(key.slice(name.length + 1))) found.push(key);
+        };
+    }
+    const ids = new Attribute('id'), classes = new Attribute('class'), links = new Attribute('href');
+    function lookAtNames(names) {
+        classes.look(names);
+        for (const each of names.split(/\s+/))
+            if (each && !wasName(each) && isKey(hashFrom(kName, inBytes(each)))) found.push('.' + each);
+    }
+    function lookAtId(id) {
+        ids.look(id);
+        if (isKey(hashFrom(kId, inBytes(id)))) found.push('#' + id);
     }
     function look(element) {
-        const id = element.getAttribute('id'), names = element.getAttribute('class');
-        if (id) note('#' + id);
-        if (!names || seenNames.has(names)) return;
-        seenNames.add(names);
-        for (const each of names.split(/\s+/)) if (each) note('.' + each);
+        const names = namesOf.call(element), id = idOf.call(element);
+        if (names && !wasNames(names)) lookAtNames(names);
+        if (id && !wasId(id)) lookAtId(id);
     }
-    function lookBelow(node) {
-        if (node.nodeType !== Node.ELEMENT_NODE) return;
-        look(node);
-        if (node.firstElementChild) node.querySelectorAll('[class], [id]').forEach(look);
+    function lookAtLink(element) {
+        const target = attributeOf.call(element, 'href');
+        if (target && !wasLink(target)) links.look(target);
+    }
+    function lookAt(element) {
+        const tag = tagOf.call(element);
+        if (tag === 'img') collapseFailed(element);
+        if (!site.generic) return;
+        look(element);
+        if (tag === 'a') lookAtLink(element);
+    }
+    function each(list, act) {
+        for (let at = 0; at < list.length; ++at) act(list[at]);
+        return list.length;
+    }
+    // How many were looked at.
+    function lookAtAll(find, root) {
+        each(find.call(root, 'img'), collapseFailed);
+        if (!site.generic) return 0;
+        each(find.call(root, 'a[href]'), lookAtLink);
+        const all = find.call(root, '[class], [id]');
+        if (root === document) middle = all.length > 0 ? new WeakRef(all[all.length >>> 1]) : null;
+        return each(all, look);
     }
     function askAboutFound() {
+        for (const each of [ids, classes, links]) each.findParts();
         while (found.length > 0) {
             const some = found.splice(0, kMostKeysAtOnce);
             hide(ask('keys?keys=' + encodeURIComponent(JSON.stringify(some))).css);
         }
         // A page that puts sheets of its own there takes ours away.
-        sheets.forEach(put);
+        put();
     }
+
+    let looked = 0, middle = null;
+    // Whether much is there that was not there before.
+    function lookAround() {
+        const before = looked, middleBefore = middle && middle.deref();
+        looked = lookAtAll(findAll, document);
+        askAboutFound();
+        return Math.abs(looked - before) >= kRush / 4 || middleBefore !== (middle && middle.deref());
+    }
+
     // Pages make thousands of elements at once, so whatever has nothing inside is looked at without any more ado.
-    function lookAtNew(node, full) {
-        if (node.nodeType !== Node.ELEMENT_NODE) return;
-        if (node.firstElementChild) return full.add(node);
-        look(node);
-        if (node.localName === 'img') collapseFailed(node);
-    }
-    new MutationObserver(function (records) {
+    function lookAtRecords(records) {
         const full = new Set();
         for (let at = 0; at < records.length; ++at) {
             const record = records[at];
-            if (record.type === 'attributes') {
-                look(record.target);
-                continue;
-            }
+            if (record.type === 'attributes') { lookAt(record.target); continue; }
             const nodes = record.addedNodes;
-            for (let index = 0; index < nodes.length; ++index) lookAtNew(nodes[index], full);
+            for (let index = 0; index < nodes.length; ++index) {
+                const node = nodes[index];
+                if (!(node instanceof Element)) continue;
+                if (firstOf.call(node)) full.add(node);
+                else lookAt(node);
+            }
         }
         // What came with what it stands in is looked at with that.
         for (const node of full) {
-            if (full.has(node.parentNode)) continue;
-            lookBelow(node);
-            collapseFailed(node);
+            if (full.has(aroundOf.call(node))) continue;
+            lookAt(node);
+            lookAtAll(findBelow, node);
         }
         askAboutFound();
-    }).observe(document, { childList: true, subtree: true, attributes: true, attributeFilter: ['class', 'id'] });
-    if (document.documentElement) {
-        lookBelow(document.documentElement);
-        askAboutFound();
     }
+
+    // To be told of each element costs more than to look at all of them right before each picture of the page. So while
+    // a page makes very many, as when it loads, that is done instead. A size that is observed anew is told then.
+    let timer = 0, frames = 0;
+    const beforePaint = new ResizeObserver(function () {
+        beforePaint.disconnect();
+        if (!timer) return;
+        const busy = lookAround() || document.readyState === 'loading';
+        if (!busy || ++frames >= kFramesAtOnce) return endRush();
+        awaitPaint();
+    });
+    function awaitPaint() {
+        requestAnimationFrame(function () {
+            if (!timer) return;
+            if (document.documentElement) beforePaint.observe(document.documentElement);
+            else awaitPaint();
+        });
+    }
+    function beginRush() {
+        observer.disconnect();
+        frames = 0;
+        timer = setTimeout(endUnseen, document.hidden ? kLongestUnseen : kLongestRush);
+        awaitPaint();
+    }
+    function endRush() {
+        clearTimeout(timer);
+        timer = 0;
+        watch();
+    }
+    function endUnseen() {
+        endRush();
+        lookAround();
+    }
+    const observer = new MutationObserver(function (records) {
+        if (records.length >= kRush && records.length * 4 >= looked) beginRush();
+        else lookAtRecords(records);
+    });
+    function watch() {
+        const what = { childList: true, subtree: true };
+        if (site.generic) what.attributeFilter = ['class', 'id', 'href'];
+        observer.observe(document, what);
+    }
+    if (document.documentElement) lookAround();
+    beginRush();
 })();
