@@ -70,6 +70,12 @@ bool ReadHidingDomains(HidingRule& rule, std::string_view text) {
     return true;
 }
 
+bool SelectsWholePages(std::string_view selector) {
+    constexpr std::array<std::string_view, 8> kWhole{"html",      "body",   ":root",    "html body",
+                                                     "html>body", "body *", "body > *", "html > body"};
+    return std::ranges::find(kWhole, InSmall(selector)) != kWhole.end();
+}
+
 /// Looks at a selector from its beginning to its end: what brackets and quotes are open.
 class SelectorReading {
 public:
@@ -149,6 +155,8 @@ HidingRuleRead ReadHidingRule(std::string_view line, const HidingSign& sign) {
         read.Trouble = RuleTrouble::BadSelector;
     else if (!ReadHidingDomains(rule, line.substr(0, sign.At)))
         read.Trouble = RuleTrouble::BadDomain;
+    else if (rule.Domains.empty() && !rule.Exception && SelectsWholePages(selector))
+        read.Trouble = RuleTrouble::MatchesEverything;
     return read;
 }
 

@@ -3,6 +3,7 @@
 #include "base/ResumeNext.h"
 #include "base/os/Log.h"
 #include "blocking/ListCatalogue.h"
+#include "blocking/RuleLine.h"
 #include "qt/base/Strings.h"
 #include "qt/blocking/Blocker.h"
 
@@ -101,7 +102,7 @@ bool ListUpdates::TakeReply(QNetworkReply& reply, const ShelvedList& list) {
         return false;
     }
     const QByteArray bytes = good && answer == kAnswerOk ? reply.readAll() : QByteArray();
-    const std::string_view text(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    const std::string_view text = UncutLines({bytes.constData(), static_cast<std::size_t>(bytes.size())});
     ShelvedList kept{list.Address,   HeaderOf(reply, "ETag"), HeaderOf(reply, "Last-Modified"),
                      NowInSeconds(), NowInSeconds(),          0};
     if (LooksLikeList(text) && m_blocker.Shelf().Keep(kept, text) == Outcome::Done) return true;

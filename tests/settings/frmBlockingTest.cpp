@@ -73,7 +73,7 @@ TEST(frmBlocking, MarksRulesThatCannotBeUnderstood) {
     EXPECT_EQ(form.BadLines(), (std::vector<std::size_t>{1, 3, 5, 6}));
     EXPECT_EQ(form.lblOwnRulesBad.Caption(), u"Line 2: The regular expression cannot be used.\n"
                                              u"Line 4: The selector is not valid.\n"
-                                             u"Line 6: The rule would stop everything on every page.\nand 1 more");
+                                             u"Line 6: The rule is about everything on every page.\nand 1 more");
     form.txtOwnRules.Value = Text(u"||a.example^");
     EXPECT_EQ(form.lblOwnRulesBad.Caption(), u"");
 }
