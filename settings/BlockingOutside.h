@@ -1,5 +1,4 @@
 #pragma once
-#include "base/Signal.h"
 #include "base/Text.h"
 
 #include <functional>
@@ -7,17 +6,22 @@
 
 namespace tessa {
 
-/// What the page about blocking needs of what blocks. All may be empty.
-struct BlockingOutside {
+/// What the page about blocking needs of what blocks. This one blocks nothing.
+class BlockingOutside {
+public:
+    /// Gets words about how it goes, once or several times.
+    using Told = std::function<void(const Text&)>;
+
+    virtual ~BlockingOutside() = default;
     /// The user's own rules, line by line.
-    std::function<Text()> OwnRules{};
-    std::function<void(TextView)> KeepOwnRules{};
+    [[nodiscard]] virtual Text OwnRules() { return {}; }
+    virtual void KeepOwnRules(TextView) {}
     /// When the list came and what was made of it, in words; empty for one that was never compiled.
-    std::function<Text(TextView chosen)> StateOf{};
-    /// Looks for newer lists; `done` gets words about it, once or several times.
-    std::function<void(std::function<void(const Text&)> done)> Update{};
+    [[nodiscard]] virtual Text StateOf(TextView) { return {}; }
+    /// Looks for newer lists.
+    virtual void Update(Told) {}
     /// Languages that the user reads, as "de-AT".
-    std::function<std::vector<Text>()> Languages{};
+    [[nodiscard]] virtual std::vector<Text> Languages() { return {}; }
 };
 
 } // namespace tessa

@@ -45,8 +45,8 @@ Text DoesOf(const Text& chosen) {
 BlockingListLine::BlockingListLine(Text chosen, Text does, Text state)
     : Chosen(std::move(chosen)), chkList(CaptionOf(Chosen)), lblDoes(std::move(does)), lblState(std::move(state)) {}
 
-frmBlocking::frmBlocking(SettingsStorageFactory& settings, BlockingOutside outside, ChooseFile chooseFile)
-    : m_settings(settings), m_outside(std::move(outside)), m_chooseFile(std::move(chooseFile)) {
+frmBlocking::frmBlocking(SettingsStorageFactory& settings, BlockingOutside* outside, ChooseFile chooseFile)
+    : m_settings(settings), m_outside(outside ? *outside : m_nothing), m_chooseFile(std::move(chooseFile)) {
     cmdAddList.Click.ConnectForLife([this] { cmdAddList_Click(); });
     cmdAddFile.Click.ConnectForLife([this] { cmdAddFile_Click(); });
     cmdUpdate.Click.ConnectForLife([this] { cmdUpdate_Click(); });
@@ -56,23 +56,22 @@ frmBlocking::frmBlocking(SettingsStorageFactory& settings, BlockingOutside outsi
 
 void frmBlocking::Form_Load() {
     m_before = BlockingSettings(m_settings).Get();
-    const std::vector<Text> languages = m_outside.Languages ? m_outside.Languages() : std::vector<Text>();
-    const std::vector<Text> chosen = m_before.listsChosen ? m_before.lists : ListCatalogue::ByDesign(languages);
+    const std::vector<Text> chosen =
+        m_before.listsChosen ? m_before.lists : ListCatalogue::ByDesign(m_outside.Languages());
     chkOn.Tick(m_before.on);
     for (const KnownList& each : ListCatalogue::All())
         AddLine(Text(each.Name), std::ranges::count(chosen, each.Name) > 0);
     for (const Text& each : chosen)
         if (!ListCatalogue::Find(each)) AddLine(each, true);
     txtOffSites.Value = JoinedLines(m_before.offSites);
-    m_rulesBefore = m_outside.OwnRules ? m_outside.OwnRules() : Text();
+    m_rulesBefore = m_outside.OwnRules();
     txtOwnRules.Value = m_rulesBefore;
     cmdAddFile.Enabled = static_cast<bool>(m_chooseFile);
-    cmdUpdate.Enabled = static_cast<bool>(m_outside.Update) && m_before.on;
+    cmdUpdate.Enabled = m_before.on;
 }
 
 void frmBlocking::AddLine(const Text& chosen, bool ticked) {
-    const Text state = m_outside.StateOf ? m_outside.StateOf(chosen) : Text();
-    Lists.push_back(std::make_unique<BlockingListLine>(chosen, DoesOf(chosen), state));
+    Lists.push_back(std::make_unique<BlockingListLine>(chosen, DoesOf(chosen), m_outside.StateOf(chosen)));
     Lists.back()->chkList.Tick(ticked);
     Added(*Lists.back());
 }
@@ -101,10 +100,9 @@ void frmBlocking::cmdAddFile_Click() {
 
 void frmBlocking::cmdUpdate_Click() {
     lblUpdated.Caption = Text(u"Looking for newer lists...");
-    const auto told = [this, alive = std::weak_ptr(m_alive)](const Text& words) {
+    m_outside.Update([this, alive = std::weak_ptr(m_alive)](const Text& words) {
         if (!alive.expired()) lblUpdated.Caption = words;
-    };
-    if (m_outside.Update) m_outside.Update(told);
+    });
 }
 
 void frmBlocking::txtOwnRules_Change() {
@@ -142,7 +140,7 @@ void frmBlocking::Keep() {
     for (const Text& each : LinesOf(txtOffSites.Value()))
         if (const Text host = OffSiteOf(each); !host.empty()) values.offSites.push_back(host);
     BlockingSettings(m_settings).Set(values);
-    if (m_outside.KeepOwnRules && txtOwnRules.Value() != m_rulesBefore) m_outside.KeepOwnRules(txtOwnRules.Value());
+    if (txtOwnRules.Value() != m_rulesBefore) m_outside.KeepOwnRules(txtOwnRules.Value());
 }
 
 } // namespace tessa

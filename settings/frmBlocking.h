@@ -23,8 +23,8 @@ public:
     /// Asks for a file; empty when the user changed his mind.
     using ChooseFile = std::function<Text()>;
 
-    /// The factory must outlive the form.
-    frmBlocking(SettingsStorageFactory& settings, BlockingOutside outside, ChooseFile chooseFile);
+    /// The factory and what is outside must outlive the form. Without the latter there are no lists yet.
+    frmBlocking(SettingsStorageFactory& settings, BlockingOutside* outside, ChooseFile chooseFile);
     frmBlocking(const frmBlocking&) = delete;
     frmBlocking& operator=(const frmBlocking&) = delete;
 
@@ -64,7 +64,8 @@ private:
     [[nodiscard]] std::vector<Text> Ticked() const;
 
     SettingsStorageFactory& m_settings;
-    BlockingOutside m_outside;
+    BlockingOutside m_nothing;
+    BlockingOutside& m_outside;
     ChooseFile m_chooseFile;
     BlockingValues m_before;
     Text m_rulesBefore;

@@ -31,7 +31,7 @@ public:
         /// The programs that the desktop has; used while no other was ever set.
         Text mailProgram{};
         Text newsProgram{};
-        BlockingOutside blocking{};
+        BlockingOutside* blocking = nullptr;
         /// Asks for a list of what is to be blocked; empty when the user changed his mind.
         std::function<Text()> chooseList{};
     };

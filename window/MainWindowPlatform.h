@@ -58,8 +58,8 @@ struct MainWindowPlatform {
     Text downloadsFile{};
     /// What the user has decided for sites, as the Internet Options list it.
     SiteChoices siteChoices{};
-    /// What the page about blocking needs.
-    BlockingOutside blocking{};
+    /// What the page about blocking needs; nothing where nothing blocks.
+    BlockingOutside* blocking = nullptr;
 };
 
 } // namespace tessa

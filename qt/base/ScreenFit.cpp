@@ -76,6 +76,16 @@ void ScreenFit::Fit(QWidget& window) {
     window.move(fitting.topLeft());
 }
 
+// A dialog of a fixed size gets smaller where it has to.
+void ScreenFit::Loosen(QDialog& dialog, const QSize& room) {
+    const QSize wanted = dialog.layout()->totalSizeHint();
+    if (wanted.width() <= room.width() && wanted.height() <= room.height()) return;
+    dialog.layout()->setSizeConstraint(QLayout::SetDefaultConstraint);
+    dialog.setMinimumSize(0, 0);
+    dialog.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    dialog.resize(wanted);
+}
+
 // The dialog finds its own place next, inside the screen as long as it is no larger than that.
 void ScreenFit::Prepare(QDialog& dialog) {
     const QWidget* owner = dialog.parentWidget();
@@ -84,7 +94,10 @@ void ScreenFit::Prepare(QDialog& dialog) {
     QLayout* layout = dialog.layout();
     const bool ownSize = qobject_cast<QMessageBox*>(&dialog);
     const QSize least = layout && !ownSize ? layout->totalMinimumSize() : QSize();
-    if (least.width() > room.width() || least.height() > room.height()) Scroll(dialog);
+    if (least.width() > room.width() || least.height() > room.height())
+        Scroll(dialog);
+    else if (layout && !ownSize && layout->sizeConstraint() == QLayout::SetFixedSize)
+        Loosen(dialog, room);
     dialog.resize(dialog.size().boundedTo(room));
 }
 

@@ -34,6 +34,7 @@ protected:
 
 private:
     static void Prepare(QDialog& dialog);
+    static void Loosen(QDialog& dialog, const QSize& room);
     static void Scroll(QDialog& dialog);
 };
 

@@ -3,6 +3,7 @@
 #include "blocking/ListCatalogue.h"
 #include "qt/base/Bind.h"
 #include "qt/base/FormRows.h"
+#include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
 
 #include <QCheckBox>
@@ -21,6 +22,7 @@ namespace tessa::qt {
 
 namespace {
 
+const QColor kErrorOnDark(255, 120, 110);
 constexpr int kListsLines = 11, kRulesLines = 9, kSitesLines = 4;
 
 // Lines of text as the form has them.
@@ -105,7 +107,7 @@ void MarkBadLines(QPlainTextEdit& edit, const std::vector<std::size_t>& lines) {
         mark.cursor = QTextCursor(block);
         mark.cursor.select(QTextCursor::LineUnderCursor);
         mark.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
-        mark.format.setUnderlineColor(Qt::red);
+        mark.format.setUnderlineColor(Palette::IsDark(edit.palette()) ? kErrorOnDark : QColor(Qt::red));
         marks << mark;
     }
     edit.setExtraSelections(marks);

@@ -1,6 +1,7 @@
 #include "qt/engine/NewWindows.h"
 
 #include "qt/base/Strings.h"
+#include "qt/blocking/BlockedPages.h"
 #include "qt/page/WebPage.h"
 #include "qt/questions/Permissions.h"
 
@@ -17,7 +18,7 @@ NewWindows::Taker* NewWindows::Find(const BrowserView* view) const {
 void NewWindows::Open(QWebEngineNewWindowRequest& request, const Opener& opener) const {
     const QUrl target = request.requestedUrl();
     const bool byPerson = request.isUserInitiated();
-    if (Stops && Stops(target, opener.page)) return;
+    if (m_blocked && m_blocked->StopsPopup(target, opener.page)) return;
     if (!byPerson && !opener.permissions.MayOpenPopup(target)) return;
     // What is for another program needs no tab here.
     if (opener.page.HandOver(target, byPerson, true)) return;
@@ -34,7 +35,7 @@ void NewWindows::Open(QWebEngineNewWindowRequest& request, const Opener& opener)
     // Its click is good for the window that was opened with it, too, if that is no other's.
     const bool own = target.isEmpty() || target.scheme() == u"about" || opener.page.IsOwnOrigin(target);
     taker->TakeIn(request, own && byPerson);
-    if (WebPage* opened = taker->Page(); opened && Opened) Opened(*opened, opener.page);
+    if (WebPage* opened = taker->Page(); opened && m_blocked) m_blocked->FollowOpened(*opened, opener.page);
 }
 
 } // namespace tessa::qt

@@ -1,7 +1,6 @@
 #pragma once
 #include "platform/BrowserView.h"
 
-#include <functional>
 #include <map>
 
 class QByteArray;
@@ -11,6 +10,7 @@ class QWebEngineNewWindowRequest;
 
 namespace tessa::qt {
 
+class BlockedPages;
 class WebPage;
 class Permissions;
 
@@ -43,17 +43,15 @@ public:
     /// Nothing for a view that takes none in.
     [[nodiscard]] Taker* Find(const BrowserView* view) const;
 
-    /// Whether the window with that address stays closed, because a page has opened it that is not to.
-    std::function<bool(const QUrl& target, WebPage& opener)> Stops;
-
-    /// A page has opened another, which shows nothing yet.
-    std::function<void(WebPage& opened, WebPage& opener)> Opened;
+    /// From now on windows that rules stop stay closed. What holds the rules outlives it.
+    void HoldAgainst(BlockedPages& pages) { m_blocked = &pages; }
 
     /// Opens what a page asks for, unless it may not: in a view, or by another program.
     void Open(QWebEngineNewWindowRequest& request, const Opener& opener) const;
 
 private:
     std::map<const BrowserView*, Taker*> m_takers;
+    BlockedPages* m_blocked = nullptr;
 };
 
 } // namespace tessa::qt

@@ -22,8 +22,7 @@ void BlockingAssembly::Follow(Engine& engine) {
             m_empty.Follow(profile);
         });
     engine.Profiles().PageMade.ConnectForLife([this](WebPage& page) { pages.Follow(page); });
-    engine.Windows().Stops = [this](const QUrl& target, WebPage& opener) { return pages.StopsPopup(target, opener); };
-    engine.Windows().Opened = [this](WebPage& opened, WebPage& opener) { pages.FollowOpened(opened, opener); };
+    engine.Windows().HoldAgainst(pages);
     m_updates.emplace(blocker, [&engine] { return !engine.Schedule().PagesWait(); });
     m_hiding.Picked.ConnectForLife([this](const QString& selector) { ShowPicked(selector); });
 }
@@ -60,32 +59,27 @@ void BlockingAssembly::ShowPicked(const QString& selector) {
     dialog->show();
 }
 
-Text BlockingAssembly::StateOf(TextView chosen) const {
+Text BlockingAssembly::StateOf(TextView chosen) {
     const Text source = ListCatalogue::SourceOf(chosen);
+    const std::int64_t fetched = blocker.Shelf().Find(source).Fetched;
+    const auto counts = blocker.CountsOf(chosen);
+    if (counts && ListCatalogue::IsFetched(source) && fetched == 0) return u"It has not come yet.";
     Text words;
-    if (const auto counts = blocker.CountsOf(chosen)) {
+    if (counts) {
         words = Decimal(static_cast<std::int64_t>(counts->Rules)) + u" rules";
         if (counts->Unknown > 0)
             words += u", " + Decimal(static_cast<std::int64_t>(counts->Unknown)) + u" lines are not understood";
         words += u".";
     }
-    const std::int64_t fetched = const_cast<Blocker&>(blocker).Shelf().Find(source).Fetched;
     if (ListCatalogue::IsFetched(source) && fetched > 0)
         words += (words.empty() ? u"From " : u" From ") + m_clock.Words(fetched) + u".";
     return words;
 }
 
-BlockingOutside BlockingAssembly::Outside() {
-    return {.OwnRules = [this] { return blocker.Shelf().OwnRules(); },
-            .KeepOwnRules =
-                [this](TextView rules) {
-                    if (blocker.Shelf().KeepOwnRules(rules) == Outcome::Failed)
-                        m_main->sbStatus.Complaint(u"Your own rules could not be saved.");
-                    blocker.ReadLists();
-                },
-            .StateOf = [this](TextView chosen) { return StateOf(chosen); },
-            .Update = [this](std::function<void(const Text&)> done) { m_updates->Update(std::move(done)); },
-            .Languages = DesktopLanguages};
+void BlockingAssembly::KeepOwnRules(TextView rules) {
+    if (blocker.Shelf().KeepOwnRules(rules) == Outcome::Failed)
+        m_main->sbStatus.Complaint(u"Your own rules could not be saved.");
+    blocker.ReadLists();
 }
 
 } // namespace tessa::qt

@@ -23,7 +23,7 @@ class Engine;
 class StatusBarView;
 
 /// What blocks, and what shows and changes it.
-class BlockingAssembly {
+class BlockingAssembly final : public BlockingOutside {
 public:
     /// Lists lie in the folder; the factory and the clock outlive it.
     BlockingAssembly(SettingsStorageFactory& settings, const QString& folder, const WallClock& clock);
@@ -32,8 +32,12 @@ public:
     void Follow(Engine& engine);
     /// Shows its sign there, and opens its windows over `window`. All outlive it.
     void Serve(frmMain& main, StatusBarView& bar, QWidget& window);
-    /// What the page about blocking needs.
-    [[nodiscard]] BlockingOutside Outside();
+
+    [[nodiscard]] Text OwnRules() override { return blocker.Shelf().OwnRules(); }
+    void KeepOwnRules(TextView rules) override;
+    [[nodiscard]] Text StateOf(TextView chosen) override;
+    void Update(Told told) override { m_updates->Update(std::move(told)); }
+    [[nodiscard]] std::vector<Text> Languages() override { return DesktopLanguages(); }
 
     Blocker blocker;
     BlockedPages pages{blocker};
@@ -41,7 +45,6 @@ public:
 private:
     void Pick(QWebEnginePage& page);
     void ShowPicked(const QString& selector);
-    [[nodiscard]] Text StateOf(TextView chosen) const;
 
     const WallClock& m_clock;
     ElementHiding m_hiding{blocker};

@@ -19,7 +19,6 @@ void PageBarsAssembly::FollowPages(Engine& engine) {
         changed->ConnectForLife([&engine] { engine.Relayout(); });
     captures.Stop.ConnectForLife([&engine] { engine.StopCaptures(); });
     m_connections += engine.Told().CapturesChanged.Connect([this, &engine] { captures.Tell(engine.Captures()); });
-    findBar.Page = [&engine] { return engine.FrontPage(); };
     m_connections += engine.Schedule().FrontChanged.Connect([this] { findBar.OnPageChanged(); });
 }
 

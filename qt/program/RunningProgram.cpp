@@ -151,7 +151,7 @@ MainWindowPlatform RunningProgram::Parts::Outside() {
             .favoritesFolder = FromQt(desktop.folders.favorites),
             .downloadsFile = FromQt(desktop.folders.state + QStringLiteral("/downloads")),
             .siteChoices = engine.Sites(),
-            .blocking = blocking.Outside()};
+            .blocking = &blocking};
 }
 
 RunningProgram::RunningProgram(int& argc, char** argv) : m(std::make_unique<Parts>(argc, argv)) {

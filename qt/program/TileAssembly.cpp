@@ -5,7 +5,6 @@
 #include "qt/engine/PageView.h"
 #include "qt/page/WebPage.h"
 #include "qt/strip/TabStripView.h"
-#include "qt/window/FindBar.h"
 #include "tabs/TabKeys.h"
 #include "window/frmMain.h"
 
@@ -80,15 +79,14 @@ void TileAssembly::LinkPages() {
     m_scroll.Link(views);
 }
 
-void TileAssembly::Link(FindBar& findBar) {
-    findBar.LinkedPages = [this] {
-        std::vector<QWebEnginePage*> pages;
-        for (const std::int32_t each : Linked()) {
-            const auto* view = m_engine->Find(each);
-            if (view && view->Page()) pages.push_back(view->Page());
-        }
-        return pages;
-    };
+std::vector<QWebEnginePage*> TileAssembly::PagesToSearch() const {
+    std::vector<QWebEnginePage*> pages;
+    if (auto* front = m_engine ? m_engine->FrontPage() : nullptr) pages.push_back(front);
+    for (const std::int32_t each : Linked()) {
+        const auto* view = m_engine->Find(each);
+        if (view && view->Page()) pages.push_back(view->Page());
+    }
+    return pages;
 }
 
 } // namespace tessa::qt

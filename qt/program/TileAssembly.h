@@ -1,6 +1,7 @@
 #pragma once
 #include "qt/tiles/LinkedScroll.h"
 #include "qt/tiles/TileArea.h"
+#include "qt/window/FindBar.h"
 
 namespace tessa {
 class frmMain;
@@ -9,11 +10,10 @@ class frmMain;
 namespace tessa::qt {
 
 class Engine;
-class FindBar;
 class TabStripView;
 
 /// The panes in which pages lie side by side, and what they do in the program.
-class TileAssembly final : private TileFaces {
+class TileAssembly final : private TileFaces, private FoundPages {
 public:
     /// The pages' own parent, which outlives it.
     explicit TileAssembly(QWidget* pageArea);
@@ -21,14 +21,15 @@ public:
     /// Shows the tabs of the window that lie side by side, with the engine's pages in the panes. Tabs can be dragged
     /// there from the strip. All outlive it, or tell it nothing more.
     void Serve(frmMain& main, Engine& engine, TabStripView& strip);
-    /// What is found in a page is found in those linked with it.
-    void Link(FindBar& findBar);
+    /// It finds in the page in front, and in those linked with it.
+    void Link(FindBar& findBar) { findBar.SearchIn(*this); }
 
     TileArea area;
 
 private:
     [[nodiscard]] QIcon IconOf(const Tab& tab) const override;
     [[nodiscard]] QString TitleOf(const Tab& tab) const override;
+    [[nodiscard]] std::vector<QWebEnginePage*> PagesToSearch() const override;
     void FollowStrip(TabStripView& strip);
     void LinkPages();
     [[nodiscard]] std::vector<std::int32_t> Linked() const;

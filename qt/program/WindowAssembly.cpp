@@ -31,12 +31,16 @@ void WindowAssembly::FollowWindow(TabStripView& strip) {
     m_connections += m_window.Activated.Connect([this] { m_main.Form_Activate(); });
     m_connections +=
         m_window.FullScreenChanged.Connect([this](bool on) { BarGestures::FullScreenChanged(m_main.actBar, on); });
-    m_window.SetFullScreenKeys([this] { return ToQt(ToolKeys::ShownWords(m_main.actBar, u"xtrFullScreen"_tool)); });
+    m_window.Heed(*this);
     m_window.QueryUnload = [this] { return m_main.Form_QueryUnload(); };
 }
 
+bool WindowAssembly::PageFills() const { return m_engine && m_engine->FullScreen().On(); }
+
+QString WindowAssembly::Keys() const { return ToQt(ToolKeys::ShownWords(m_main.actBar, u"xtrFullScreen"_tool)); }
+
 void WindowAssembly::FollowPages(Engine& engine, const InstanceProfile& ownProfile) {
-    m_window.SetPageFills([&engine] { return engine.FullScreen().On(); });
+    m_engine = &engine;
     m_connections += engine.Told().Notice.Connect([this](const QString& words) { statusBar.Notice(words); });
     m_connections += engine.Profiles().Made.Connect(
         [this, &ownProfile](QWebEngineProfile& made) { TellProfile(made.isOffTheRecord() ? 0 : ownProfile.Number()); });

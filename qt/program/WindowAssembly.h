@@ -1,6 +1,7 @@
 #pragma once
 #include "base/Signal.h"
 #include "qt/window/FileDrop.h"
+#include "qt/window/FullScreen.h"
 #include "qt/window/StatusBarView.h"
 
 namespace tessa {
@@ -15,7 +16,7 @@ class MainWindowFrame;
 class TabStripView;
 
 /// What stands in the main window's frame beside bars and pages, and what the window tells.
-class WindowAssembly {
+class WindowAssembly final : private FullScreenFacts {
 public:
     /// All outlive it, or the window is told that the strip goes.
     WindowAssembly(frmMain& main, MainWindowFrame& window, TabStripView& strip);
@@ -26,11 +27,14 @@ public:
     StatusBarView statusBar;
 
 private:
+    [[nodiscard]] bool PageFills() const override;
+    [[nodiscard]] QString Keys() const override;
     void FollowWindow(TabStripView& strip);
     void TellProfile(int number);
 
     frmMain& m_main;
     MainWindowFrame& m_window;
+    Engine* m_engine = nullptr;
     FileDrop m_fileDrop;
     Connections m_connections;
 };

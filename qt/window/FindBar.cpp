@@ -93,9 +93,7 @@ void FindBar::FindAnew() {
 }
 
 std::vector<QWebEnginePage*> FindBar::AllPages() const {
-    auto pages = LinkedPages ? LinkedPages() : std::vector<QWebEnginePage*>();
-    if (auto* page = Page ? Page() : nullptr) pages.insert(pages.begin(), page);
-    return pages;
+    return m_pages ? m_pages->PagesToSearch() : std::vector<QWebEnginePage*>();
 }
 
 void FindBar::Close() {

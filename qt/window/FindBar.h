@@ -2,7 +2,6 @@
 #include "base/Signal.h"
 
 #include <QWidget>
-#include <functional>
 #include <vector>
 
 class QCheckBox;
@@ -12,6 +11,14 @@ class QWebEngineFindTextResult;
 class QWebEnginePage;
 
 namespace tessa::qt {
+
+/// Where something is found.
+class FoundPages {
+public:
+    virtual ~FoundPages() = default;
+    /// The page in front, and behind it those in which is found what is found there.
+    [[nodiscard]] virtual std::vector<QWebEnginePage*> PagesToSearch() const = 0;
+};
 
 /// The bar under the page that finds text on it: forwards, backwards, counting what it finds.
 class FindBar final : public QWidget {
@@ -27,10 +34,9 @@ public:
     /// Another page has come to the front: what was found on the one before is no longer told.
     void OnPageChanged();
 
-    /// The page in front; nothing when there is none.
-    std::function<QWebEnginePage*()> Page;
-    /// Those in which is found what is found there, too; may be empty.
-    std::function<std::vector<QWebEnginePage*>()> LinkedPages;
+    /// From now on it finds there. They outlive it.
+    void SearchIn(const FoundPages& pages) { m_pages = &pages; }
+
     /// The bar was shown or hidden.
     Signal<void()> Changed;
     /// The user types into the bar.
@@ -50,6 +56,7 @@ private:
     [[nodiscard]] std::vector<QWebEnginePage*> AllPages() const;
     void Tell(const QWebEngineFindTextResult& result);
 
+    const FoundPages* m_pages = nullptr;
     QLineEdit* m_text;
     QCheckBox* m_matchCase;
     QLabel* m_found;

@@ -77,7 +77,7 @@ void FullScreen::ShowBars() {
 }
 
 void FullScreen::Reveal() {
-    if (!m_on || m_revealed || (PageFills && PageFills())) return;
+    if (!m_on || m_revealed || (m_facts && m_facts->PageFills())) return;
     m_revealed = true;
     for (const QPointer<QWidget>& bar : m_hidden) {
         if (bar) bar->show();
@@ -130,7 +130,7 @@ bool FullScreen::BarsInUse() const {
 }
 
 void FullScreen::ShowHint() {
-    const QString keys = Keys ? Keys() : QString();
+    const QString keys = m_facts ? m_facts->Keys() : QString();
     m_hint = new QLabel(keys.isEmpty() ? tr("Rest the pointer at the upper edge to see the menus")
                                        : tr("Press %1 to leave full screen").arg(keys),
                         &m_hintArea);

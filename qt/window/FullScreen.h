@@ -4,7 +4,6 @@
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
-#include <functional>
 #include <vector>
 
 class QLabel;
@@ -12,6 +11,16 @@ class QMainWindow;
 class QWidget;
 
 namespace tessa::qt {
+
+/// What full screen asks for.
+class FullScreenFacts {
+public:
+    virtual ~FullScreenFacts() = default;
+    /// Whether a page fills the window: nothing calls the bars then.
+    [[nodiscard]] virtual bool PageFills() const = 0;
+    /// The combination that leaves full screen, as menus spell it; empty for none.
+    [[nodiscard]] virtual QString Keys() const = 0;
+};
 
 /// Full screen for a window. Hides its menu bar and toolbars while it lasts and says for a moment how to leave. The
 /// bars come back while they have the focus or the pointer, or a menu is open. A pointer that rests at an edge where
@@ -25,11 +34,8 @@ public:
     void Set(bool on);
     /// Shows the bars that full screen has taken away; somebody is about to give one of them the keyboard.
     void Reveal();
-    /// A page fills the window: nothing calls the bars then. Filled in by the owner; may be empty.
-    std::function<bool()> PageFills;
-    /// The combination that leaves full screen, as menus spell it; empty for none. Filled in by the owner; may be
-    /// empty.
-    std::function<QString()> Keys;
+    /// From now on these count, which outlive it. Without them no page fills the window, and no combination is told.
+    void Heed(const FullScreenFacts& facts) { m_facts = &facts; }
 
     /// The window entered or left full screen, by `Set` or by the desktop.
     Signal<void(bool on)> Changed;
@@ -50,6 +56,7 @@ private:
 
     QMainWindow& m_window;
     QWidget& m_hintArea;
+    const FullScreenFacts* m_facts = nullptr;
     std::vector<QPointer<QWidget>> m_hidden; ///< bars that were on the screen before
     QPointer<QLabel> m_hint;
     QTimer m_look;           ///< whether the pointer still rests at the edge, or the bars are still used

@@ -50,10 +50,8 @@ public:
     void SetStatusBar(StatusBarView& bar);
     /// Shows the bars that full screen has taken away, for as long as they are used.
     void RevealBars() { m_fullScreen.Reveal(); }
-    /// Which combination leaves full screen, as menus spell it. Filled in by the owner.
-    void SetFullScreenKeys(std::function<QString()> keys) { m_fullScreen.Keys = std::move(keys); }
-    /// Whether a page fills the screen, which wants no bars over it. Filled in by the owner.
-    void SetPageFills(std::function<bool()> fills) { m_fullScreen.PageFills = std::move(fills); }
+    /// What full screen asks for; outlives the window, or its last event.
+    void Heed(const FullScreenFacts& facts) { m_fullScreen.Heed(facts); }
     /// The parent of the page views; their places are relative to it.
     [[nodiscard]] QWidget* PageArea() const { return m_inner; }
 

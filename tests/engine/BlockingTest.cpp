@@ -32,10 +32,7 @@ struct BlockingView {
             });
         }
         view.engine.Profiles().PageMade.ConnectForLife([this](WebPage& page) { pages.Follow(page); });
-        view.engine.Windows().Stops = [this](const QUrl& target, WebPage& opener) {
-            return pages.StopsPopup(target, opener);
-        };
-        view.engine.Windows().Opened = [this](WebPage& opened, WebPage& opener) { pages.FollowOpened(opened, opener); };
+        view.engine.Windows().HoldAgainst(pages);
         blocker.Apply();
         EXPECT_TRUE(WaitUntil([this] { return blocker.Rules() != nullptr; }));
     }

@@ -16,17 +16,18 @@ namespace tessa::qt {
 namespace {
 
 /// A page with three roses, and the bar that finds them.
-class FindBarTest : public testing::Test {
+class FindBarTest : public testing::Test, FoundPages {
 protected:
     void SetUp() override {
         server.Page(QStringLiteral("/garden"), "<title>Garden</title><p>rose</p><p>Rose</p><p>rose garden</p>");
         desk.Load(server.Address(QStringLiteral("/garden")));
-        bar.Page = [this] { return static_cast<QWebEnginePage*>(desk.Real().Page()); };
+        bar.SearchIn(*this);
         bar.FocusPage.ConnectForLife([this] { ++focused; });
         bar.setGeometry(0, 560, 800, 40);
         bar.Open();
     }
 
+    [[nodiscard]] std::vector<QWebEnginePage*> PagesToSearch() const override { return {desk.Real().Page()}; }
     QLineEdit& Field() { return *bar.findChild<QLineEdit*>(QStringLiteral("txtFind")); }
     bool WaitTold(const QString& told) {
         return WaitUntil([&] {

@@ -35,7 +35,6 @@ protected:
         desk.host.pane = [this](const QRect& all, std::int32_t index) { return tiles.area.PageRect(all, index); };
         tiles.Serve(*desk.main, desk.engine, strip);
         tiles.Link(findBar);
-        findBar.Page = [this] { return desk.engine.FrontPage(); };
         desk.Open(addresses);
         for (int index = 2; index < count + 2; ++index)
             ASSERT_TRUE(WaitUntil([&] { return Caption(index) == u"t" + Decimal(index); })) << index;

@@ -88,6 +88,25 @@ TEST(ScreenFit, ADialogThatAskedForTooMuchIsMadeSmaller) {
     EXPECT_EQ(form.Area(), nullptr);
 }
 
+/// Would like to be higher than any screen, and need not.
+struct HighField final : QLineEdit {
+    [[nodiscard]] QSize sizeHint() const override { return {200, 3000}; }
+};
+
+TEST(ScreenFit, ADialogOfAFixedSizeGetsSmallerWhereItHasTo) {
+    const ScreenFit fit;
+    Form form({100, 20});
+    form.layout()->setSizeConstraint(QLayout::SetFixedSize);
+    auto* high = new HighField;
+    high->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    qobject_cast<QVBoxLayout*>(form.layout())->insertWidget(0, high);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return FreeScreen().contains(form.frameGeometry()); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return FreeScreen().contains(OnScreen(*form.buttons)); }));
+    EXPECT_EQ(form.Area(), nullptr) << "nothing is out of sight, so nothing scrolls";
+}
+
 TEST(ScreenFit, ADialogPlacedBesideTheScreenComesIn) {
     const ScreenFit fit;
     Form form({100, 20});

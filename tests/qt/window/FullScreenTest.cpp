@@ -59,10 +59,18 @@ TEST_F(FullScreenTest, TakesTheBarsAwayAndBringsBackThoseThatWereThere) {
     EXPECT_EQ(m_changes, "on off ");
 }
 
+struct WindowFacts final : FullScreenFacts {
+    [[nodiscard]] bool PageFills() const override { return fills; }
+    [[nodiscard]] QString Keys() const override { return keys; }
+    bool fills = false;
+    QString keys;
+};
+
 TEST_F(FullScreenTest, TheHintNamesTheKeysThatLeave) {
     FullScreen full(m_window, *m_inner);
-    QString keys = QStringLiteral("Ctrl+E");
-    full.Keys = [&] { return keys; };
+    WindowFacts facts;
+    facts.keys = QStringLiteral("Ctrl+E");
+    full.Heed(facts);
     for (const char* words :
          {"Press Ctrl+E to leave full screen", "Rest the pointer at the upper edge to see the menus"}) {
         full.Set(true);
@@ -70,7 +78,7 @@ TEST_F(FullScreenTest, TheHintNamesTheKeysThatLeave) {
         EXPECT_EQ(Hint()->text(), QLatin1String(words));
         full.Set(false);
         ASSERT_TRUE(QTest::qWaitFor([&] { return !full.On(); }));
-        keys.clear();
+        facts.keys.clear();
     }
 }
 
@@ -135,13 +143,14 @@ TEST_F(FullScreenTest, ThePointerThatRestsAtTheEdgeCallsTheBars) {
 
 TEST_F(FullScreenTest, APageThatFillsTheWindowWantsNoBars) {
     FullScreen full(m_window, *m_inner);
-    bool fills = true;
-    full.PageFills = [&] { return fills; };
+    WindowFacts facts;
+    facts.fills = true;
+    full.Heed(facts);
     full.Set(true);
     ASSERT_TRUE(QTest::qWaitFor([&] { return full.On(); }));
     full.Reveal();
     EXPECT_EQ(Bars(), "");
-    fills = false;
+    facts.fills = false;
     full.Reveal();
     EXPECT_EQ(Bars(), "menu shown ");
 }
