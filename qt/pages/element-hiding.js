@@ -7,8 +7,8 @@
     'use strict';
     const kMostKeysAtOnce = 100;
     const kSteps = [1, 0x9E3779B1, 0x85EBCA6B], kHashStart = 0x811C9DC5, kHashStep = 0x01000193;
-    const kLongestStart = 20, kKeyStep = 4, kMostSeen = 20000;
-    const kRush = 200, kFramesAtOnce = 15, kLongestRush = 250, kLongestUnseen = 1000;
+    const kLongestStart = 20, kKeyStep = 4, kMostSeen = 20000, kMostRead = 4096;
+    const kRush = 200, kFew = 50, kLongestRush = 250;
 
     function hostOf(origin) {
         const found = /^https?:\/\/([^/:]+|\[[^\]]*\])/.exec(origin);
@@ -43,19 +43,40 @@
         return false;
     }
 
-    function ask(what) {
+    // A page can forbid requests that it has to wait for. There what is to be hidden may be seen for a moment.
+    function ask(what, then) {
+        const address = 'tessaview-hide:' + what + '&word=@word@&host=' + encodeURIComponent(host) + '&top=' +
+            encodeURIComponent(topHost) + '&page=' + encodeURIComponent(location.href.slice(0, kMostRead));
+        const request = new XMLHttpRequest();
+        function take() {
+            let answer = {};
+            try { answer = JSON.parse(request.responseText); } catch (e) { return; }
+            then(answer);
+        }
         try {
-            const request = new XMLHttpRequest();
-            request.open('GET', 'tessaview-hide:' + what + '&word=@word@&host=' + encodeURIComponent(host) + '&top=' +
-                         encodeURIComponent(topHost) + '&page=' + encodeURIComponent(location.href.slice(0, 4000)), false);
+            request.open('GET', address, false);
             request.send();
-            return JSON.parse(request.responseText);
-        } catch (e) { return {}; }
+        } catch (e) {
+            request.onload = take;
+            request.open('GET', address);
+            return request.send();
+        }
+        take();
     }
 
+    // Fields of a form hide its properties when they are called like them, so these are asked for in another way.
+    function getterOf(type, name) { return Object.getOwnPropertyDescriptor(type.prototype, name).get; }
+    const idOf = getterOf(Element, 'id'), namesOf = getterOf(Element, 'className'), tagOf = getterOf(Element, 'localName');
+    const firstOf = getterOf(Element, 'firstElementChild'), aroundOf = getterOf(Node, 'parentNode');
+    const kindOf = getterOf(Node, 'nodeType'), attributeOf = Element.prototype.getAttribute;
+    const findBelow = Element.prototype.querySelectorAll, findAll = Document.prototype.querySelectorAll;
+    const adopted = Object.getOwnPropertyDescriptor(Document.prototype, 'adoptedStyleSheets');
+    // What came out of another frame is an element, but none of this frame's kind.
+    function isElement(node) { return kindOf.call(node) === Node.ELEMENT_NODE; }
+
     // What was stopped leaves no empty box. The kinds are those that the program knows, in its order.
-    const kKinds = { IMG: '0', INPUT: '0', IFRAME: '1', FRAME: '1', OBJECT: '1 2 0', EMBED: '1 2 0', VIDEO: '3', AUDIO: '3' };
-    const collapsed = new Set();
+    const kKinds = { img: '0', input: '0', iframe: '1', frame: '1', object: '1 2 0', embed: '1 2 0', video: '3', audio: '3' };
+    const collapsed = new WeakSet();
     function sourceOf(element) {
         if (element.currentSrc || element.src || element.data) return element.currentSrc || element.src || element.data;
         const source = element.querySelector('source');
@@ -65,41 +86,41 @@
         if (collapsed.delete(element)) element.style.removeProperty('display');
     }
     const answers = new Map();
-    function wasStopped(kinds, source) {
+    function tellWhetherStopped(kinds, source, then) {
         const what = 'stopped?kinds=' + kinds + '&url=' + encodeURIComponent(source);
-        if (answers.size >= kMostSeen) answers.clear();
-        if (!answers.has(what)) answers.set(what, ask(what).stopped);
-        return answers.get(what);
+        if (answers.has(what)) return then(answers.get(what));
+        ask(what, function (answer) {
+            if (answers.size >= kMostSeen) answers.clear();
+            answers.set(what, answer.stopped);
+            then(answer.stopped);
+        });
     }
-    function collapseIfStopped(element) {
-        const kinds = kKinds[element.tagName], source = sourceOf(element);
-        if (!kinds || !/^https?:/.test(source)) return;
-        if (!wasStopped(kinds, source)) return show(element);
-        collapsed.add(element);
-        element.style.setProperty('display', 'none', 'important');
+    function collapseIfStopped(element, tag) {
+        const kinds = kKinds[tag], source = kinds ? sourceOf(element) : '';
+        if (!/^https?:/.test(source)) return;
+        tellWhetherStopped(kinds, source, function (stopped) {
+            if (!stopped) return show(element);
+            collapsed.add(element);
+            element.style.setProperty('display', 'none', 'important');
+        });
     }
     document.addEventListener('error', function (event) {
         const of = event.target;
-        collapseIfStopped(of.tagName === 'SOURCE' && of.parentNode.networkState === 3 ? of.parentNode : of);
+        if (!isElement(of)) return;
+        const tag = tagOf.call(of), around = tag === 'source' ? aroundOf.call(of) : null;
+        if (around && around.networkState === 3) collapseIfStopped(around, tagOf.call(around));
+        else collapseIfStopped(of, tag);
     }, true);
     // A frame that was stopped loads a page of the engine's, which nobody can look into.
     document.addEventListener('load', function (event) {
-        const of = event.target, isFrame = of.tagName === 'IFRAME' || of.tagName === 'FRAME' || of.tagName === 'EMBED';
-        if (isFrame && !of.contentDocument) collapseIfStopped(of);
+        const of = event.target, tag = isElement(of) ? tagOf.call(of) : '';
+        if ((tag === 'iframe' || tag === 'frame' || tag === 'embed') && !of.contentDocument) collapseIfStopped(of, tag);
         else show(of);
     }, true);
 
-    // Fields of a form hide its properties when they are called like them, so these are asked for in another way.
-    function getterOf(type, name) { return Object.getOwnPropertyDescriptor(type.prototype, name).get; }
-    const idOf = getterOf(Element, 'id'), namesOf = getterOf(Element, 'className'), tagOf = getterOf(Element, 'localName');
-    const firstOf = getterOf(Element, 'firstElementChild'), aroundOf = getterOf(Node, 'parentNode');
-    const attributeOf = Element.prototype.getAttribute;
-    const findBelow = Element.prototype.querySelectorAll, findAll = Document.prototype.querySelectorAll;
-    const adopted = Object.getOwnPropertyDescriptor(Document.prototype, 'adoptedStyleSheets');
-
     // Pictures that a script has asked for may come into the page when they have failed already.
     function collapseFailed(picture) {
-        if (picture.complete && picture.naturalWidth === 0 && picture.currentSrc) collapseIfStopped(picture);
+        if (picture.complete && picture.naturalWidth === 0 && picture.currentSrc) collapseIfStopped(picture, 'img');
     }
 
     const sheets = [];
@@ -116,16 +137,20 @@
         put();
     }
 
-    const domainBits = atob('@domains@'), keyBits = atob('@keys@'), parts = @parts@;
-    const named = @all@ || domainMayBeNamed(domainBits, host) || (topHost !== host && domainMayBeNamed(domainBits, topHost));
-    const site = named ? ask('site?') : { generic: true, always: null };
-    hide(site.css);
-    if (site.generic) hide(typeof site.always === 'string' ? site.always : '@always@');
+    const keyBits = atob('@keys@'), parts = @parts@;
+    let site = {};
+    function beOn(answer) {
+        site = answer;
+        hide(site.css);
+        if (site.generic) hide(typeof site.always === 'string' ? site.always : '@always@');
+    }
 
     // Names that were looked at cost nothing more.
     function Seen() {
         const all = new Set();
         return function (text) {
+            // Else these would stay in memory.
+            if (text.length > kMostRead) return false;
             if (all.has(text)) return true;
             if (all.size >= kMostSeen) all.clear();
             all.add(text);
@@ -156,7 +181,7 @@
                 hash = Math.imul(hash ^ value.charCodeAt(at), kHashStep);
                 if ((at + 1) % kKeyStep === 0 && isKey(hash)) found.push(name + '^' + value.slice(0, at + 1));
             }
-            if (this.parts.length > 0) this.values.push(value);
+            if (this.parts.length > 0) this.values.push(value.slice(0, kMostRead));
         };
         this.findParts = function () {
             if (this.values.length === 0) return;
@@ -201,27 +226,25 @@
         each(find.call(root, 'img'), collapseFailed);
         if (!site.generic) return 0;
         each(find.call(root, 'a[href]'), lookAtLink);
-        const all = find.call(root, '[class], [id]');
-        if (root === document) middle = all.length > 0 ? new WeakRef(all[all.length >>> 1]) : null;
-        return each(all, look);
+        return each(find.call(root, '[class], [id]'), look);
     }
     function askAboutFound() {
         for (const each of [ids, classes, links]) each.findParts();
         while (found.length > 0) {
             const some = found.splice(0, kMostKeysAtOnce);
-            hide(ask('keys?keys=' + encodeURIComponent(JSON.stringify(some))).css);
+            ask('keys?keys=' + encodeURIComponent(JSON.stringify(some)), function (answer) { hide(answer.css); });
         }
         // A page that puts sheets of its own there takes ours away.
         put();
     }
 
-    let looked = 0, middle = null;
-    // Whether much is there that was not there before.
+    let looked = 0;
+    // How many more there are than there were.
     function lookAround() {
-        const before = looked, middleBefore = middle && middle.deref();
+        const before = looked;
         looked = lookAtAll(findAll, document);
         askAboutFound();
-        return Math.abs(looked - before) >= kRush / 4 || middleBefore !== (middle && middle.deref());
+        return looked - before;
     }
 
     // Pages make thousands of elements at once, so whatever has nothing inside is looked at without any more ado.
@@ -233,7 +256,7 @@
             const nodes = record.addedNodes;
             for (let index = 0; index < nodes.length; ++index) {
                 const node = nodes[index];
-                if (!(node instanceof Element)) continue;
+                if (!isElement(node)) continue;
                 if (firstOf.call(node)) full.add(node);
                 else lookAt(node);
             }
@@ -248,46 +271,52 @@
     }
 
     // To be told of each element costs more than to look at all of them right before each picture of the page. So while
-    // a page makes very many, as when it loads, that is done instead. A size that is observed anew is told then.
-    let timer = 0, frames = 0;
-    const beforePaint = new ResizeObserver(function () {
-        beforePaint.disconnect();
-        if (!timer) return;
-        const busy = lookAround() || document.readyState === 'loading';
-        if (!busy || ++frames >= kFramesAtOnce) return endRush();
-        awaitPaint();
-    });
-    function awaitPaint() {
-        requestAnimationFrame(function () {
-            if (!timer) return;
-            if (document.documentElement) beforePaint.observe(document.documentElement);
-            else awaitPaint();
-        });
-    }
-    function beginRush() {
-        observer.disconnect();
-        frames = 0;
-        timer = setTimeout(endUnseen, document.hidden ? kLongestUnseen : kLongestRush);
-        awaitPaint();
-    }
-    function endRush() {
-        clearTimeout(timer);
-        timer = 0;
-        watch();
-    }
-    function endUnseen() {
-        endRush();
-        lookAround();
-    }
+    // a page makes very many, as when it loads, it is watched from that look until the picture is made, and no longer.
+    let rush = 0, picture = 0;
     const observer = new MutationObserver(function (records) {
-        if (records.length >= kRush && records.length * 4 >= looked) beginRush();
-        else lookAtRecords(records);
+        if (records.length < kRush || records.length * 4 < looked) return lookAtRecords(records);
+        if (rush) return pause();
+        rush = setTimeout(endRush, kLongestRush);
+        pause();
     });
     function watch() {
         const what = { childList: true, subtree: true };
         if (site.generic) what.attributeFilter = ['class', 'id', 'href'];
         observer.observe(document, what);
     }
+    function pause() {
+        if (!rush) return;
+        observer.disconnect();
+        cancelAnimationFrame(picture);
+        picture = requestAnimationFrame(beforePicture);
+    }
+    function beforePicture() {
+        if (!rush) return;
+        watch();
+        if (lookAround() >= kFew || document.readyState === 'loading') return setTimeout(pause, 0);
+        clearTimeout(rush);
+        rush = 0;
+    }
+    function endRush() {
+        clearTimeout(rush);
+        rush = 0;
+        watch();
+        lookAround();
+    }
+
+    const domainBits = atob('@domains@');
+    const named = @all@ || domainMayBeNamed(domainBits, host) || (topHost !== host && domainMayBeNamed(domainBits, topHost));
+    let begun = false;
+    if (named)
+        ask('site?', function (answer) {
+            beOn(answer);
+            if (begun) endRush();
+        });
+    else beOn({ generic: true });
+    begun = true;
     if (document.documentElement) lookAround();
-    beginRush();
+    rush = setTimeout(endRush, kLongestRush);
+    pause();
+    // A page that nobody sees can be printed.
+    addEventListener('beforeprint', lookAround);
 })();

@@ -1,62 +1,13 @@
-// Tests: Blocker, BlockedPages, ElementHiding, EmptyAnswers, ListUpdates
+// Tests: Blocker, BlockedPages, EmptyAnswers, ListUpdates
 #include "base/os/AtomicFile.h"
-#include "qt/blocking/BlockedPages.h"
-#include "qt/blocking/ElementHiding.h"
-#include "qt/blocking/EmptyAnswers.h"
 #include "qt/blocking/ListUpdates.h"
-#include "qt/engine/PageView.h"
-#include "qt/engine/Requests.h"
-#include "qt/page/WebPage.h"
-#include "tests/engine/EngineDesk.h"
-#include "tests/fakes/FakeSettings.h"
-#include "tests/fakes/TemporaryFolder.h"
+#include "tests/engine/BlockingView.h"
 
 #include <QSslConfiguration>
-#include <QWebEngineProfile>
-#include <algorithm>
 
 namespace tessa::qt {
 
 namespace {
-
-/// A view on whose pages these rules count, as the user's own.
-struct BlockingView {
-    explicit BlockingView(const char* rules, std::vector<Text> lists = {}) {
-        EXPECT_EQ(blocker.Shelf().KeepOwnRules(FromBytes(rules)), Outcome::Done);
-        BlockingSettings(settings).Set({.on = true, .lists = std::move(lists), .listsChosen = true});
-        for (auto* made : {&view.engine.Profiles().Made, &view.engine.Profiles().PrivateMade}) {
-            made->ConnectForLife([this](QWebEngineProfile& profile) {
-                profile.setUrlRequestInterceptor(&requests);
-                hiding.Follow(profile);
-                empty.Follow(profile);
-            });
-        }
-        view.engine.Profiles().PageMade.ConnectForLife([this](WebPage& page) { pages.Follow(page); });
-        view.engine.Windows().HoldAgainst(pages);
-        blocker.Apply();
-        EXPECT_TRUE(WaitUntil([this] { return blocker.Rules() != nullptr; }));
-    }
-    [[nodiscard]] QWebEnginePage* Page() const { return view.Real().Page(); }
-    [[nodiscard]] int Count() const { return pages.Count(Page()); }
-    /// Whether what was stopped on the page has that path.
-    [[nodiscard]] bool Counts(const QString& path) const {
-        return std::ranges::any_of(pages.On(Page()),
-                                   [&](const BlockedRequest& each) { return each.address.path() == path; });
-    }
-    /// Waits until the page has that title.
-    bool WaitTitle(const QString& title) {
-        return WaitUntil([&] { return Page() && Page()->title() == title; });
-    }
-
-    FakeSettings settings;
-    TemporaryFolder folder;
-    Blocker blocker{settings, QString::fromStdString(folder.Path("blocking"))};
-    BlockedPages pages{blocker};
-    ElementHiding hiding{blocker};
-    EmptyAnswers empty;
-    Requests requests{[] { return ServiceTemplates(); }, &pages};
-    EngineView view;
-};
 
 struct KindCase {
     const char *name, *option, *script; ///< the script asks for the address in `url`
@@ -264,97 +215,6 @@ TEST(Blocking, WhereRulesSayAnEmptyAnswerIsGivenInstead) {
     EXPECT_EQ(server.requests.filter(QStringLiteral(".")).join(u' ').toStdString(), "");
 }
 
-constexpr auto kHidingPage =
-    "<title>page</title><body><div class=ad id=one>a</div><p class=words id=two>w</p><div id=box>b</div>"
-    "<a href='http://ads.example/x' id=three>c</a>";
-const QString kSeen =
-    QStringLiteral("['one', 'two', 'box', 'three', 'late'].filter(id => { const e = document.getElementById(id); "
-                   "return e && getComputedStyle(e).display !== 'none' }).join(' ')");
-
-// Waits for what is seen of that page.
-void ExpectSeen(BlockingView& desk, const char* ids) {
-    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(kSeen).toStdString() == ids; }))
-        << ids << ", not " << desk.view.Script(kSeen).toStdString();
-}
-
-TEST(Blocking, ElementsAreHidden) {
-    LocalServer server;
-    server.Page(QStringLiteral("/page"), kHidingPage);
-    BlockingView desk("##.ad\n127.0.0.1###box\nother.example##.words\n##a[href^=\"http://ads.\"]\n");
-    desk.view.Load(server.Address(QStringLiteral("/page")));
-    ExpectSeen(desk, "two");
-    desk.view.Script(
-        QStringLiteral("document.body.insertAdjacentHTML('beforeend', '<div><b class=\"x ad\" id=late>l</b></div>')"));
-    ExpectSeen(desk, "two");
-    // What gets its name later is hidden, too.
-    desk.view.Script(QStringLiteral("document.getElementById('late').className = ''; 1"));
-    ExpectSeen(desk, "two late");
-    desk.view.Script(QStringLiteral("document.getElementById('late').className = 'ad'; 1"));
-    ExpectSeen(desk, "two");
-}
-
-TEST(Blocking, NothingThatIsHiddenIsEverPainted) {
-    LocalServer server;
-    // The engine notes what it has painted. Elements come with the page, from its scripts one by one, in a rush, and in
-    // the last moment before a picture.
-    server.Page(QStringLiteral("/page"),
-                "<title>page</title><body><script>seen = [];"
-                "new PerformanceObserver(l => l.getEntries().forEach(e => seen.push(e.identifier)))"
-                ".observe({ type: 'element', buffered: true });"
-                "function add(name, kind) { document.body.insertAdjacentHTML('afterbegin',"
-                "`<p class=${kind} elementtiming=${name}-${kind}>words of ${name}</p>`) }"
-                "function both(name) { add(name, 'ad'); add(name, 'fine') }"
-                "function rush(name) { for (let n = 0; n < 400; ++n) document.body.append(Object.assign("
-                "document.createElement('i'), { className: 'c' + n })); both(name) }"
-                "</script><p class=ad elementtiming=page-ad>a</p><p class=fine elementtiming=page-fine>b</p>"
-                "<script>both('script'); setTimeout(() => both('later'), 0); requestAnimationFrame(() => {"
-                " rush('rush'); requestAnimationFrame(() => { rush('again'); setTimeout(() => both('after'), 0);"
-                " requestAnimationFrame(() => both('last')) }) })</script>");
-    BlockingView desk("##.ad\n");
-    desk.view.Load(server.Address(QStringLiteral("/page")));
-    const std::string all = "after-fine again-fine last-fine later-fine page-fine rush-fine script-fine";
-    const QString seen = QStringLiteral("Array.from(new Set(seen)).sort().join(' ')");
-    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(seen).toStdString() == all; }))
-        << desk.view.Script(seen).toStdString();
-}
-
-TEST(Blocking, WhatAttributesBeginWithOrHoldIsHidden) {
-    LocalServer server;
-    server.Page(QStringLiteral("/page"),
-                "<title>page</title><body><div id=two>w</div>"
-                "<div id=one><a href='https://x.example/go?to=banner-1'>a</a></div>"
-                "<div id=box><p class='big promo-box'>b</p></div>"
-                "<div id=three><a id=link>c</a></div><div id=late><p id=ad-frame-7>d</p></div>");
-    BlockingView desk("##a[href*=\"banner-\"]\n##p[class$=\"promo-box\"]\n##a[href^=\"http://ads.example/long/path\"]\n"
-                      "##[id^=\"ad-frame-\"]\n");
-    desk.view.Load(server.Address(QStringLiteral("/page")));
-    const QString seen = QStringLiteral(
-        "['one', 'two', 'box', 'three', 'late'].filter(id => document.getElementById(id).offsetHeight > 0)"
-        ".join(' ')");
-    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(seen) == u"two three"; }))
-        << desk.view.Script(seen).toStdString();
-    desk.view.Script(QStringLiteral("document.getElementById('link').href = 'http://ads.example/long/path/1'; 1"));
-    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(seen) == u"two"; })) << desk.view.Script(seen).toStdString();
-}
-
-TEST(Blocking, NamesOfFieldsDoNotKeepElementsFromBeingHidden) {
-    LocalServer server;
-    const QByteArray fields = "<input name=getAttribute><input name=className><input name=id><input name=nodeType>"
-                              "<input name=firstElementChild><input name=querySelectorAll><input name=parentNode>"
-                              "<input name=localName>";
-    server.Page(QStringLiteral("/page"), "<title>page</title><body><form name=adoptedStyleSheets class=ad id=one>" +
-                                             fields + "</form><form name=querySelectorAll class=words id=two>" +
-                                             fields + "</form>");
-    BlockingView desk("##.ad\n");
-    desk.view.Load(server.Address(QStringLiteral("/page")));
-    const QString seen = QStringLiteral("[one, two].filter(e => e.offsetHeight > 0).length");
-    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(seen) == u"1"; })) << desk.view.Script(seen).toStdString();
-    desk.view.Script(QStringLiteral("document.body.append(Object.assign(two.cloneNode(true), { name: 'x' })); "
-                                    "document.body.lastChild.setAttribute('class', 'ad'); 1"));
-    EXPECT_TRUE(
-        WaitUntil([&] { return desk.view.Script(QStringLiteral("document.body.lastChild.offsetHeight")) == u"0"; }));
-}
-
 TEST(Blocking, OffOnASiteNothingIsBlockedOrHidden) {
     LocalServer server;
     server.Page(QStringLiteral("/page"), QByteArray(kHidingPage) + "<img src=/ad.gif>");
@@ -475,6 +335,22 @@ TEST(ListUpdates, WhatIsNoListOrComesByHttpLeavesTheOldOne) {
         EXPECT_EQ(ReadWholeFile(desk.blocker.Shelf().PathOf(address)), "||ads.example^\n");
     }
     EXPECT_TRUE(plain.requests.isEmpty()) << "a list was asked for without TLS";
+}
+
+TEST(ListUpdates, OfAListThatMayBeCutTheLastLineDoesNotCount) {
+    LocalServer server(QStringLiteral("lists.example"));
+    const Text address = FromBytes(server.Address(QStringLiteral("/list")).toStdString());
+    Updating desk({address});
+    const QByteArray list = "||ads.example^\n||b.example^";
+    const std::vector<std::pair<QByteArray, std::string>> answers{
+        {"HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + list, "||ads.example^\n"},
+        {Response("200 OK", {}, list), list.toStdString()},
+    };
+    for (const auto& [answer, kept] : answers) {
+        server.Raw(QStringLiteral("/list"), answer);
+        EXPECT_EQ(desk.Update(), "1 list has changed.");
+        EXPECT_EQ(ReadWholeFile(desk.blocker.Shelf().PathOf(address)), kept);
+    }
 }
 
 } // namespace
