@@ -93,6 +93,7 @@ public:
     [[nodiscard]] Twips ScreenWidth() const override { return {}; }
     [[nodiscard]] Twips ScreenHeight() const override { return {}; }
     void MoveTabStrip(const Rect&) override {}
+    void ShowTabStrip(bool) override {}
 };
 
 class NoApplication final : public Application {
@@ -110,6 +111,7 @@ public:
     void Show(frmInternetOptions&) override {}
     void Show(frmOrganizeFavorites&) override {}
     void Show(frmRenameGroup&) override {}
+    void Show(frmRenameTab&) override {}
     void Show(frmResize&) override {}
     void Show(frmSessions&) override {}
     void Show(frmSettings&) override {}
@@ -122,6 +124,7 @@ public:
     void ShowFind(BrowserView&) override {}
     void ToggleDevTools() override {}
     void ShowTabList() override {}
+    void MoveDividers() override {}
     void Customize() override {}
 };
 

@@ -37,7 +37,7 @@ public:
     Tool& operator=(const Tool&) = delete;
     virtual ~Tool() = default;
 
-    /// Its number: below 200 by design, and in a range of their own for run-time tools. Nothing is decided by it.
+    /// Its number: below 1000 by design, and in a range of their own for run-time tools. Nothing is decided by it.
     [[nodiscard]] std::int32_t Id() const { return m_id; }
     /// That of a run-time tool may repeat another's: it may be an address.
     [[nodiscard]] const Text& Name() const { return m_name; }

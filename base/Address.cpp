@@ -12,6 +12,9 @@ namespace {
 constexpr std::array kHostSchemes{TextView(u"http"), TextView(u"https"), TextView(u"ftp"), TextView(u"ws"),
                                   TextView(u"wss")};
 constexpr TextView kSourcePrefix = u"view-source:";
+constexpr TextView kWorldWideWeb = u"www.";
+constexpr TextView kSchemeEnd = u"://";
+constexpr TextView kEndsHost = u"/?#";
 
 bool IsBlank(char16_t unit) {
     return unit <= 0x20 || (unit >= 0x7F && unit <= 0xA0) || unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200A) ||
@@ -22,6 +25,8 @@ bool BeginsLike(TextView text, TextView beginning) {
     return text.size() >= beginning.size() &&
            std::ranges::equal(text.substr(0, beginning.size()), beginning, {}, SmallLetter);
 }
+
+bool NamesPage(TextView fragment) { return fragment.starts_with(u"#!") || fragment.starts_with(u"#/"); }
 
 /// User, host and port of a web address, as a part of the text given.
 TextView AuthorityIn(TextView address) {
@@ -79,6 +84,27 @@ Text WithoutUser(TextView address) {
     if (user == TextView::npos) return Text(address);
     const auto start = static_cast<std::size_t>(authority.data() - address.data());
     return Text(address.substr(0, start)).append(address.substr(start + user + 1));
+}
+
+Text PageOf(TextView address) {
+    const std::size_t fragmentAt = std::min(address.find(u'#'), address.size());
+    const TextView fragment = address.substr(fragmentAt);
+    TextView rest = address.substr(0, fragmentAt);
+    const std::size_t queryAt = std::min(rest.find(u'?'), rest.size());
+    const TextView query = rest.substr(queryAt);
+    rest = rest.substr(0, queryAt);
+    Text page;
+    if (const std::size_t scheme = rest.find(kSchemeEnd); scheme != TextView::npos) {
+        const std::size_t hostAt = scheme + kSchemeEnd.size();
+        const std::size_t hostEnd = std::min(rest.find_first_of(kEndsHost, hostAt), rest.size());
+        Text host = InSmallLetters(rest.substr(hostAt, hostEnd - hostAt));
+        if (host.starts_with(kWorldWideWeb)) host.erase(0, kWorldWideWeb.size());
+        page = InSmallLetters(rest.substr(0, hostAt)) + host;
+        rest.remove_prefix(hostEnd);
+    }
+    if (rest.ends_with(u'/')) rest.remove_suffix(1);
+    page.append(rest).append(query);
+    return NamesPage(fragment) ? page.append(fragment) : page;
 }
 
 } // namespace Address

@@ -15,6 +15,8 @@ void NewTab(CommandBar& bar) {
     if (auto* tool = bar.Find(u"mnuNewBlank"_tool)) bar.UserClick(*tool);
 }
 
+void TabPanelMenu(CommandBar& bar) { bar.Popup(u"bndTabPanel"_band); }
+
 void NewTabMenu(CommandBar& bar) { bar.Popup(u"bndNewTab"_band); }
 
 } // namespace BarGestures

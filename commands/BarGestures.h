@@ -13,6 +13,8 @@ void FullScreenChanged(CommandBar& bar, bool on);
 void NewTab(CommandBar& bar);
 /// The right button on the button for a new tab: what it may show.
 void NewTabMenu(CommandBar& bar);
+/// The button of the list of tabs at the side: its menu.
+void TabPanelMenu(CommandBar& bar);
 
 } // namespace BarGestures
 

@@ -20,7 +20,11 @@ Page CurrentPage(const CommandContext& context) {
     return view ? Page{view->Control->LocationURL(), view->Control->LocationName()} : Page{};
 }
 
-void AddToGroup(CommandContext& context, std::int32_t index) {
+} // namespace
+
+namespace CollectionCommands {
+
+void AddViewToTessaGroup(CommandContext& context, std::int32_t index) {
     const bool isPrivate = context.tabs.PrivacyOf(index) == Privacy::Private;
     if (isPrivate && !context.messages.AskOwn({u"The page is open in a private tab",
                                                u"The TessaGroup would keep its address.", u"&Cancel", u"&Add It"}))
@@ -37,16 +41,7 @@ void AddToGroup(CommandContext& context, std::int32_t index) {
     context.groupsMenuStale = true;
 }
 
-} // namespace
-
-namespace CollectionCommands {
-
-void AddToTessaGroup(CommandContext& context) { AddToGroup(context, context.tabs.CurrentIndex()); }
-
-void AddTabToTessaGroup(CommandContext& context) {
-    // Its position may be another tab's when the dialogs have closed.
-    if (context.strip.PopupView()) AddToGroup(context, context.strip.PopupTab()->Tag);
-}
+void AddToTessaGroup(CommandContext& context) { AddViewToTessaGroup(context, context.tabs.CurrentIndex()); }
 
 void SaveAsTessaGroup(CommandContext& context) {
     const Text file = context.files.ShowSave({.DialogTitle = u"Save as TessaGroup",
@@ -61,18 +56,26 @@ void OrganizeTessaGroups(CommandContext& context) { context.groups.OrganizeTessa
 
 void CheckAllGroups(CommandContext& context) { context.groups.CheckAll(); }
 
-void SaveAllAsPdf(CommandContext& context) {
-    const Text file = context.files.ShowSave(
+Text AskForPdf(CommandContext& context) {
+    return context.files.ShowSave(
         {.DialogTitle = u"Save All Pages as PDF", .InitDir{}, .Filter = u"PDF document (*.pdf)|*.pdf"});
+}
+
+Text AskForOffline(CommandContext& context) {
+    return context.files.ShowSave({.DialogTitle = u"Keep All Pages Offline",
+                                   .InitDir = context.groupFolder,
+                                   .Filter = Text(TessaGroups::kFileFilter)});
+}
+
+void SaveAllAsPdf(CommandContext& context) {
+    const Text file = AskForPdf(context);
     if (!file.empty()) context.groups.WriteTabs(GroupCommands::Writes::Pdf, file);
 }
 
 void PrintAll(CommandContext& context) { context.groups.WriteTabs(GroupCommands::Writes::Print); }
 
 void KeepOffline(CommandContext& context) {
-    const Text file = context.files.ShowSave({.DialogTitle = u"Keep All Pages Offline",
-                                              .InitDir = context.groupFolder,
-                                              .Filter = Text(TessaGroups::kFileFilter)});
+    const Text file = AskForOffline(context);
     if (file.empty()) return;
     context.groups.WriteTabs(GroupCommands::Writes::Offline, file);
     context.groupsMenuStale = true;

@@ -7,12 +7,15 @@ namespace tessa {
 namespace CollectionCommands {
 
 void AddToTessaGroup(CommandContext& context);
-/// The same for the tab that the pop-up was opened on.
-void AddTabToTessaGroup(CommandContext& context);
+/// The same for the tab of that view.
+void AddViewToTessaGroup(CommandContext& context, std::int32_t index);
 void SaveAsTessaGroup(CommandContext& context);
 void OrganizeTessaGroups(CommandContext& context);
 /// Checks the groups of the user's folder.
 void CheckAllGroups(CommandContext& context);
+/// Asks for the file of a PDF of several pages, or of a group that opens them offline; empty for none.
+[[nodiscard]] Text AskForPdf(CommandContext& context);
+[[nodiscard]] Text AskForOffline(CommandContext& context);
 /// Asks for a file and writes the pages of all tabs into it.
 void SaveAllAsPdf(CommandContext& context);
 /// Asks for a printer and prints them.

@@ -12,12 +12,14 @@
 #include "tabs/ChosenTabs.h"
 #include "tabs/ClosedTabs.h"
 #include "tabs/PageOptions.h"
+#include "tabs/TabChoice.h"
 #include "tabs/TabStripInput.h"
 #include "tiles/Tiles.h"
 
 namespace tessa {
 
 class ReadPages;
+class TabSleep;
 
 /// What the commands work on. Owned by the main window; everything in it outlives it.
 struct CommandContext {
@@ -27,8 +29,10 @@ struct CommandContext {
     CommandBar& actBar;
     PageOptions& pages;
     GroupCommands& groups;
+    TabGroups& tabGroups;
     ClosedTabs& closed;
     Tiles& tiles;
+    TabChoice& choice;
     const ChosenTabs& chosen;
     FileDialogs& files;
     MessageBoxes& messages;
@@ -45,6 +49,7 @@ struct CommandContext {
     WindowCommands* window = nullptr;
     FavoriteActions* favorites = nullptr;
     ReadPages* reads = nullptr;
+    TabSleep* sleep = nullptr;
     /// What the menu of a page was asked for on, and the view.
     std::int32_t menuView = 0;
     PageContext menuPage{};

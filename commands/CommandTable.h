@@ -39,6 +39,10 @@ struct OnlyOn {
 };
 /// The effect is that of the name's family, which the dispatcher knows.
 struct ByFamily {};
+/// The number of the tool; those of the rows behind it count on from there.
+struct CountsFrom {
+    std::int32_t id;
+};
 /// Whether the design has a visible tool, a hidden one, or none because it is made later.
 enum class OnBar { Shown, Hidden, MadeLater };
 
@@ -72,6 +76,7 @@ struct Command {
     std::optional<BandName> subBand, onlyOn;
     ToolKind kind = ToolKind::Button;
     CommandTraits::OnBar onBar = CommandTraits::OnBar::Shown;
+    std::optional<std::int32_t> countsFrom;
 
 private:
     constexpr void Take(CommandTraits::Key key) { keys.at(keyCount++) = {key.code, key.shift}; }
@@ -80,6 +85,7 @@ private:
     constexpr void Take(CommandTraits::OnlyOn place) { onlyOn = place.band; }
     constexpr void Take(ToolKind what) { kind = what; }
     constexpr void Take(CommandTraits::OnBar place) { onBar = place; }
+    constexpr void Take(CommandTraits::CountsFrom number) { countsFrom = number.id; }
     constexpr void Take(const Effect&) {} // taken when the row is made
 
     static constexpr Effect EffectIn() { return {}; }

@@ -45,12 +45,16 @@ constexpr std::array kBands{
     BandRow{u"bndMore"_band, u"More", BandKind::Toolbar, At(2, 2)},
     BandRow{u"bndMoreMenu"_band, u"More", BandKind::Menu, {}},
     BandRow{u"bndTabMore"_band, u"More for the Tab", BandKind::Menu, {}},
+    BandRow{u"bndTabGroup"_band, u"Tab Group", BandKind::Menu, {}},
+    BandRow{u"bndTabGroupColour"_band, u"Colour of the Tab Group", BandKind::Menu, {}},
     BandRow{u"bndMoreBookmarks"_band, u"Import and Export", BandKind::Menu, {}},
     BandRow{u"bndFavoriteFolder"_band, u"Favorites Folder Popup", BandKind::Popup, {}},
     BandRow{u"bndFavoriteLink"_band, u"Favorites Link Popup", BandKind::Popup, {}},
     BandRow{u"bndGroupEntry"_band, u"TessaGroup Popup", BandKind::Popup, {}},
     BandRow{u"bndNewTab"_band, u"New Tab Popup", BandKind::Popup, {}},
     BandRow{u"bndTileMenu"_band, u"Side by Side", BandKind::Menu, {}},
+    BandRow{u"bndChosenTabs"_band, u"Selected Tabs", BandKind::Menu, {}},
+    BandRow{u"bndTabPanel"_band, u"Tabs at the Side", BandKind::Popup, {}},
 };
 
 static_assert(std::ranges::all_of(DesignedNames::kBands,
@@ -149,10 +153,36 @@ constexpr std::array kEntries{
     EntryRow{u"bndTabMore"_band, u"xtrTabCloseWithoutNews"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabCloseRead"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabDuplicate"_tool, kGroup},
+    EntryRow{u"bndTabMore"_band, u"xtrTabPin"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabBeside"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabMute"_tool},
-    EntryRow{u"bndTabMore"_band, u"xtrTabAddToTessaGroup"_tool, kGroup},
+    EntryRow{u"bndTabMore"_band, u"xtrTabSleep"_tool},
+    EntryRow{u"bndTabMore"_band, u"xtrTabRename"_tool},
+    EntryRow{u"bndTabMore"_band, u"xtrTabInGroup"_tool, kGroup},
+    EntryRow{u"bndTabMore"_band, u"xtrTabGroupMenu"_tool},
+    EntryRow{u"bndTabMore"_band, u"xtrTabAddToTessaGroup"_tool},
     EntryRow{u"bndTabMore"_band, u"xtrTabCopyAddress"_tool},
+    EntryRow{u"bndTabMore"_band, u"xtrChosenTabs"_tool, kGroup},
+
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupFold"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupSave"_tool, kGroup},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupEdit"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupReload"_tool, kGroup},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupSleep"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupMute"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupColour"_tool, kGroup},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupToEnd"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupOut"_tool, kGroup},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupDissolve"_tool},
+    EntryRow{u"bndTabGroup"_band, u"xtrTabGroupClose"_tool},
+
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupRed"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupOrange"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupYellow"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupGreen"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupBlue"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupPurple"_tool},
+    EntryRow{u"bndTabGroupColour"_band, u"xtrTabGroupGrey"_tool},
 
     EntryRow{u"bndSearch"_band, u"mnuSearchLabel"_tool},
     EntryRow{u"bndSearch"_band, u"cboSearch"_tool},
@@ -198,6 +228,8 @@ constexpr std::array kEntries{
     EntryRow{u"bndMoreMenu"_band, u"xtrPrivateTab"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrReopenTab"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrTabList"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrTabPanel"_tool},
+    EntryRow{u"bndMoreMenu"_band, u"xtrChosenTabs"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrSessions"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrDownloads"_tool},
     EntryRow{u"bndMoreMenu"_band, u"xtrHistory"_tool, kGroup},
@@ -227,6 +259,24 @@ constexpr std::array kEntries{
     EntryRow{u"bndTileMenu"_band, u"xtrTileNone"_tool, kGroup},
     EntryRow{u"bndTileMenu"_band, u"xtrTileLink"_tool, kGroup},
     EntryRow{u"bndTileMenu"_band, u"xtrTileHeaders"_tool},
+    EntryRow{u"bndTileMenu"_band, u"xtrTileDividers"_tool},
+
+    EntryRow{u"bndChosenTabs"_band, u"xtrChosenClose"_tool},
+    EntryRow{u"bndChosenTabs"_band, u"xtrChosenMute"_tool},
+    EntryRow{u"bndChosenTabs"_band, u"xtrChosenSleep"_tool},
+    EntryRow{u"bndChosenTabs"_band, u"xtrChosenSaveAsTessaGroup"_tool, kGroup},
+    EntryRow{u"bndChosenTabs"_band, u"xtrChosenAddToTessaGroup"_tool},
+    EntryRow{u"bndChosenTabs"_band, u"xtrChosenCopyAddresses"_tool},
+    EntryRow{u"bndChosenTabs"_band, u"xtrTileColumns"_tool, kGroup},
+    EntryRow{u"bndChosenTabs"_band, u"xtrTileRows"_tool},
+    EntryRow{u"bndChosenTabs"_band, u"xtrTileGrid"_tool},
+    EntryRow{u"bndChosenTabs"_band, u"xtrChosenAll"_tool, kGroup},
+    EntryRow{u"bndChosenTabs"_band, u"xtrChosenNone"_tool},
+
+    EntryRow{u"bndTabPanel"_band, u"xtrTabStripHidden"_tool},
+    EntryRow{u"bndTabPanel"_band, u"xtrTabPanelRight"_tool},
+    EntryRow{u"bndTabPanel"_band, u"xtrChosenAll"_tool, kGroup},
+    EntryRow{u"bndTabPanel"_band, u"xtrChosenTabs"_tool},
 
     EntryRow{u"bndMoreBookmarks"_band, u"xtrImportFavorites"_tool},
     EntryRow{u"bndMoreBookmarks"_band, u"xtrImportTessaGroups"_tool},
@@ -242,7 +292,10 @@ constexpr std::array kEntries{
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupOpen"_tool},
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupOrganize"_tool},
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupCheck"_tool},
-    EntryRow{u"bndGroupEntry"_band, u"xtrGroupRename"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupPagesPdf"_tool, kGroup},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupPagesPrint"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupPagesOffline"_tool},
+    EntryRow{u"bndGroupEntry"_band, u"xtrGroupRename"_tool, kGroup},
     EntryRow{u"bndGroupEntry"_band, u"xtrGroupDelete"_tool, kGroup},
 
     EntryRow{u"bndNewTab"_band, u"mnuNewBlank"_tool},
@@ -288,6 +341,7 @@ void AddTools(CommandBar& bar) {
     std::int32_t id = 1, ownId = kFirstOwnId;
     for (const Command& row : CommandTable()) {
         if (row.onBar == CommandTraits::OnBar::MadeLater) continue;
+        id = row.countsFrom.value_or(id);
         if (row.onlyOn)
             bar.AddOwn(Text(*row.onlyOn), NewTool(row, ownId++));
         else

@@ -2,6 +2,7 @@
 
 #include "base/Captions.h"
 #include "base/os/AtomicFile.h"
+#include "commands/CollectionCommands.h"
 #include "groups/TessaGroups.h"
 #include "groups/frmRenameGroup.h"
 
@@ -57,6 +58,25 @@ void OpenGroup(CommandContext& context) { context.groups.OpenTessaGroup(Text(con
 void OrganizeGroup(CommandContext& context) { context.groups.OrganizeTessaGroup(Text(context.menuEntry)); }
 
 void CheckGroup(CommandContext& context) { context.groups.Check({Text(context.menuEntry)}); }
+
+// Behind the dialog another entry may have been chosen.
+void SaveGroupAsPdf(CommandContext& context) {
+    const Text group = context.menuEntry;
+    const Text file = CollectionCommands::AskForPdf(context);
+    if (!file.empty()) context.groups.WriteGroup(GroupCommands::Writes::Pdf, group, file);
+}
+
+void PrintGroup(CommandContext& context) {
+    context.groups.WriteGroup(GroupCommands::Writes::Print, Text(context.menuEntry));
+}
+
+void KeepGroupOffline(CommandContext& context) {
+    const Text group = context.menuEntry;
+    const Text file = CollectionCommands::AskForOffline(context);
+    if (file.empty()) return;
+    context.groups.WriteGroup(GroupCommands::Writes::Offline, group, file);
+    context.groupsMenuStale = true;
+}
 
 void RenameGroup(CommandContext& context) {
     const Text before = GroupNameOf(context.menuEntry);

@@ -25,6 +25,10 @@ void OpenLink(CommandContext& context);
 void OpenGroup(CommandContext& context);
 void OrganizeGroup(CommandContext& context);
 void CheckGroup(CommandContext& context);
+/// What can be made of the pages of the TessaGroup, which stays closed. The first and the last ask for a file.
+void SaveGroupAsPdf(CommandContext& context);
+void PrintGroup(CommandContext& context);
+void KeepGroupOffline(CommandContext& context);
 /// Asks what the TessaGroup is to be called.
 void RenameGroup(CommandContext& context);
 /// Moves the TessaGroup to the trash, or deletes it where there is none; asks before it does either.

@@ -40,18 +40,6 @@ void Next(CommandContext& context) { context.tabs.SelectNextTab(); }
 
 void Previous(CommandContext& context) { context.tabs.SelectPreviousTab(); }
 
-void PopupStop(CommandContext& context) {
-    if (auto* view = context.strip.PopupView()) ResumeNext(view->Control->Stop());
-}
-
-void PopupRefresh(CommandContext& context) {
-    if (auto* view = context.strip.PopupView()) ResumeNext(view->Control->Refresh());
-}
-
-void PopupClose(CommandContext& context) {
-    if (context.strip.PopupView()) context.tabs.CloseBrowserTab(context.strip.PopupTab()->Tag);
-}
-
 } // namespace TabCommands
 
 } // namespace tessa

@@ -17,10 +17,6 @@ void Close(CommandContext& context);
 void CloseAll(CommandContext& context);
 void Next(CommandContext& context);
 void Previous(CommandContext& context);
-// The tab that the pop-up was opened on.
-void PopupStop(CommandContext& context);
-void PopupRefresh(CommandContext& context);
-void PopupClose(CommandContext& context);
 
 } // namespace TabCommands
 

@@ -1,17 +1,22 @@
 #include "commands/TabMoreCommands.h"
 
 #include "bar/ToolName.h"
+#include "commands/ChosenCommands.h"
+
+#include <algorithm>
 
 namespace tessa {
 
 namespace {
 
-void CloseFrom(CommandContext& context, std::size_t first, const Tab* kept) {
+// Pinned tabs stay.
+void CloseFrom(CommandContext& context, std::size_t first, const std::vector<std::int32_t>& kept) {
     auto& strip = context.pcPage;
     std::vector<std::int32_t> closed;
     for (std::size_t position = strip.Count(); position >= first; --position) {
         const auto* tab = strip.FindAt(position);
-        if (tab != kept) closed.push_back(tab->Tag);
+        const bool stays = tab->Pinned() || std::ranges::find(kept, tab->Tag) != kept.end();
+        if (!stays) closed.push_back(tab->Tag);
     }
     context.tabs.CloseTabs(closed);
 }
@@ -23,13 +28,13 @@ namespace TabMoreCommands {
 void CloseOthers(CommandContext& context) {
     auto* kept = context.strip.PopupTab();
     if (!kept) return;
+    const auto all = ChosenCommands::OfPopup(context);
     context.pcPage.Select(kept);
-    CloseFrom(context, 1, kept);
+    CloseFrom(context, 1, all);
 }
 
 void CloseToTheRight(CommandContext& context) {
-    const auto* tab = context.strip.PopupTab();
-    if (tab) CloseFrom(context, context.strip.PopupTabPosition + 1, tab);
+    if (const auto* tab = context.strip.PopupTab()) CloseFrom(context, context.strip.PopupTabPosition + 1, {tab->Tag});
 }
 
 void Duplicate(CommandContext& context) {
@@ -45,19 +50,11 @@ void Duplicate(CommandContext& context) {
 
 void Reopen(CommandContext& context) { context.closed.Reopen(); }
 
-void Mute(CommandContext& context) {
-    if (auto* view = context.strip.PopupView()) view->Control->SetMuted(!view->Control->Muted());
-}
-
-void CopyAddress(CommandContext& context) {
-    if (const auto* view = context.strip.PopupView()) context.input.Copy(view->Control->LocationURL());
-}
-
 void ShowState(CommandContext& context) {
-    const auto* view = context.strip.PopupView();
-    context.actBar.Enable(u"xtrTabCloseOthers"_tool, context.pcPage.Count() > 1);
+    const std::size_t kept = ChosenCommands::OfPopup(context).size();
+    context.actBar.Enable(u"xtrTabCloseOthers"_tool, context.pcPage.Count() > std::max<std::size_t>(kept, 1));
     context.actBar.Enable(u"xtrTabCloseRight"_tool, context.strip.PopupTabPosition < context.pcPage.Count());
-    if (auto* mute = context.actBar.Find(u"xtrTabMute"_tool)) mute->Checked = view && view->Control->Muted();
+    ChosenCommands::ShowPopupState(context);
 }
 
 void ShowReopen(CommandContext& context) {

@@ -2,6 +2,8 @@
 
 #include "bar/ToolName.h"
 
+#include <algorithm>
+
 namespace tessa {
 
 namespace {
@@ -46,8 +48,11 @@ void Rows(CommandContext& context) { ShowChosen(context, TileLayouts::Rows); }
 void Grid(CommandContext& context) { ShowChosen(context, TileLayouts::Grid); }
 
 void Main(CommandContext& context) {
-    const std::int32_t large = context.tabs.CurrentIndex();
-    ShowChosen(context, [large](const std::vector<std::int32_t>& open) { return TileLayouts::Main(large, open); });
+    const std::int32_t front = context.tabs.CurrentIndex();
+    ShowChosen(context, [front](const std::vector<std::int32_t>& open) {
+        const bool there = std::ranges::find(open, front) != open.end();
+        return TileLayouts::Main(there || open.empty() ? front : open.front(), open);
+    });
 }
 
 void None(CommandContext& context) { context.tiles.Dissolve(); }
@@ -75,6 +80,7 @@ void ShowState(CommandContext& context) {
     const auto* shown = context.tiles.Shown();
     context.actBar.Enable(u"xtrTileNone"_tool, shown != nullptr);
     context.actBar.Enable(u"xtrTileLink"_tool, shown != nullptr);
+    context.actBar.Enable(u"xtrTileDividers"_tool, shown != nullptr && !shown->Full);
     MarkTool(context, u"xtrTileLink"_tool, shown && shown->Linked);
     MarkTool(context, u"xtrTileHeaders"_tool, context.tiles.HasHeaders());
 }

@@ -17,6 +17,12 @@ public:
     virtual void ShowTaskView() = 0;
     /// Shows the panel of downloads, or hides it.
     virtual void ToggleDownloads() = 0;
+    /// Shows the tabs as a list at the side, or hides it.
+    virtual void ToggleTabPanel() = 0;
+    /// Hides the strip of tabs as long as that list is shown, or shows it again.
+    virtual void ToggleTabStrip() = 0;
+    /// Moves that list to the other side.
+    virtual void MoveTabPanel() = 0;
     /// Shows what was read.
     virtual void ShowHistory() = 0;
     /// Shows the panel that searches in all open pages.

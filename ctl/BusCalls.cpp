@@ -85,9 +85,10 @@ BusCalls::Answer Failure(const Error& error, int result) {
     using Result = BusCalls::Result;
     const bool nobody = error.Is(SD_BUS_ERROR_SERVICE_UNKNOWN) || error.Is(SD_BUS_ERROR_NAME_HAS_NO_OWNER);
     if (nobody) return {Result::NothingRuns, "TessaView does not run.", {}, {}, {}};
+    // First: this comes as a time-out, too.
+    if (error.Is(SD_BUS_ERROR_NO_REPLY)) return {Result::Refused, "TessaView has ended without an answer.", {}, {}, {}};
     if (result == -ETIMEDOUT || error.Is(SD_BUS_ERROR_TIMEOUT))
         return {Result::TimeOut, "TessaView has not answered in time.", {}, {}, {}};
-    if (error.Is(SD_BUS_ERROR_NO_REPLY)) return {Result::Refused, "TessaView has ended without an answer.", {}, {}, {}};
     return {Result::Refused, error.error.message ? error.error.message : "The bus refused the call.", {}, {}, {}};
 }
 

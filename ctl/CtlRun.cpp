@@ -147,6 +147,10 @@ CtlRun::Exit CtlRun::Pdf() {
     return Kept(Ask("PdfOfAll", {m_call.numbers, file}));
 }
 
+CtlRun::Answer CtlRun::OfGroup(const char* method) {
+    return Ask(method, {GroupNamed(m_call.words.front()), AbsolutePath(m_call.words.back())});
+}
+
 // What is missing in the file is no success.
 CtlRun::Exit CtlRun::Kept(const Answer& answer) const {
     for (const std::string& each : answer.texts) std::fprintf(stderr, "tessaviewctl: left out: %s\n", each.c_str());
@@ -188,6 +192,8 @@ CtlRun::Exit CtlRun::Run() {
     if (name == "html") return Print(Ask("Html", {number()}));
     if (name == "pdf") return Pdf();
     if (name == "keep-offline") return Kept(Ask("KeepOffline", {m_call.numbers, AbsolutePath(m_call.words.front())}));
+    if (name == "pdf-group") return Kept(OfGroup("PdfOfGroup"));
+    if (name == "keep-group") return Kept(OfGroup("KeepGroup"));
     if (name == "check-group") return Print(Ask("CheckGroup", {GroupNamed(m_call.words.front())}));
     if (name == "screenshot") return Print(Ask("Screenshot", {number(), AbsolutePath(m_call.words.back())}));
     if (name == "run-command") return Print(Ask("RunCommand", {m_call.words.front()}));

@@ -25,6 +25,7 @@ private:
     [[nodiscard]] Exit OpenGroup();
     [[nodiscard]] Exit Opened(const Answer& answer);
     [[nodiscard]] Exit Pdf();
+    [[nodiscard]] Answer OfGroup(const char* method);
     [[nodiscard]] Exit Kept(const Answer& answer) const;
     [[nodiscard]] Exit Reload();
     [[nodiscard]] Exit Quit();

@@ -9,6 +9,7 @@ class frmGroupCompare;
 class frmInternetOptions;
 class frmOrganizeFavorites;
 class frmRenameGroup;
+class frmRenameTab;
 class frmResize;
 class frmSessions;
 class frmSettings;
@@ -27,6 +28,7 @@ public:
     virtual void Show(frmInternetOptions& form) = 0;
     virtual void Show(frmOrganizeFavorites& form) = 0;
     virtual void Show(frmRenameGroup& form) = 0;
+    virtual void Show(frmRenameTab& form) = 0;
     virtual void Show(frmResize& form) = 0;
     virtual void Show(frmSessions& form) = 0;
     virtual void Show(frmSettings& form) = 0;

@@ -12,11 +12,12 @@ Tab* TabStrip::Add(std::size_t position, Text key) {
     auto tab = std::make_unique<Tab>();
     tab->m_key = key;
     Tab* added = tab.get();
-    const std::size_t index = position >= 1 && position <= m_tabs.size() ? position - 1 : m_tabs.size();
+    const std::size_t asked = position >= 1 && position <= m_tabs.size() ? position : m_tabs.size() + 1;
+    const std::size_t index = std::max(asked, m_pinned + 1) - 1;
     m_tabs.insert(m_tabs.begin() + static_cast<std::ptrdiff_t>(index), std::move(tab));
     m_byKey.emplace(std::move(key), added);
     if (!m_selected) m_selected = added;
-    Mark(TabStripChange::Layout);
+    MarkArranged();
     return added;
 }
 
@@ -25,22 +26,19 @@ void TabStrip::Remove(const Tab* tab) {
     if (position == 0) return;
     // [a][S][b] -> [a][b]: S was at index 1, where its right neighbour b stands now.
     const bool wasSelected = tab == m_selected;
+    if (tab->m_chosen) --m_countChosen;
+    Leave(*m_tabs[position - 1]);
+    if (tab->m_pinned) --m_pinned;
     m_byKey.erase(tab->m_key);
     m_tabs.erase(m_tabs.begin() + static_cast<std::ptrdiff_t>(position - 1));
     if (wasSelected) m_selected = m_tabs.empty() ? nullptr : m_tabs[std::min(position, m_tabs.size()) - 1].get();
-    Mark(TabStripChange::Layout);
+    MarkArranged();
 }
 
 void TabStrip::Move(const Tab* tab, std::size_t position) {
     const std::size_t from = PositionOf(tab);
-    if (from == 0 || position < 1 || position > m_tabs.size() || from == position) return;
-    const auto begin = m_tabs.begin();
-    const auto at = [&](std::size_t index) { return begin + static_cast<std::ptrdiff_t>(index); };
-    if (from < position)
-        std::rotate(at(from - 1), at(from), at(position));
-    else
-        std::rotate(at(position - 1), at(from - 1), at(from));
-    Mark(TabStripChange::Layout);
+    if (from == 0 || position < 1 || position > m_tabs.size()) return;
+    MoveTo(from, Allowed(*tab, position));
 }
 
 Tab* TabStrip::FindAt(std::size_t position) const {
@@ -76,9 +74,15 @@ void TabStrip::SetCaption(Tab* tab, Text caption) {
     Mark(TabStripChange::Faces);
 }
 
+void TabStrip::SetName(Tab* tab, Text name) {
+    if (tab->m_name == name) return;
+    tab->m_name = std::move(name);
+    Mark(TabStripChange::Faces);
+}
+
 void TabStrip::SetImage(Tab* tab, TabImage image) {
     if (tab->m_image == image) return;
-    tab->m_image = image;
+    SetLoads(*tab, [=] { tab->m_image = image; });
     Mark(TabStripChange::Faces);
 }
 
@@ -106,17 +110,19 @@ void TabStrip::SetPrivate(Tab* tab, bool isPrivate) {
     Mark(TabStripChange::Faces);
 }
 
-void TabStrip::SetColour(Tab* tab, TabColour colour) {
-    if (tab->m_colour == colour) return;
-    tab->m_colour = colour;
-    Mark(TabStripChange::Faces);
-}
-
 void TabStrip::SetNews(Tab* tab, TabNews news, Text words) {
     if (tab->m_news == news && tab->m_newsWords == words) return;
     tab->m_news = news;
     tab->m_newsWords = std::move(words);
     Mark(TabStripChange::Faces);
+}
+
+// At once, as with what is selected: somebody has just clicked there.
+void TabStrip::SetChosen(Tab* tab, bool chosen) {
+    if (tab->m_chosen == chosen) return;
+    tab->m_chosen = chosen;
+    m_countChosen = chosen ? m_countChosen + 1 : m_countChosen - 1;
+    Mark(TabStripChange::Layout);
 }
 
 void TabStrip::SetPlacement(TabPlacement placement) {

@@ -5,12 +5,28 @@
 #include "settings/InternetSettings.h"
 #include "tabs/OpenTabs.h"
 
+#include <algorithm>
+
 namespace tessa {
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
     const bool added = TessaGroups::Append(SGFile, Address::WithoutUser(URL)) == Outcome::Done;
+    Reread(SGFile);
     m_parts.tabs.Say(added ? u"Added to the TessaGroup " + NameOf(SGFile) + u"."
                            : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
+}
+
+void GroupCommands::AddAllToTessaGroup(const std::vector<Text>& addresses, TextView SGFile) {
+    const bool added = std::ranges::all_of(addresses, [&](const Text& each) {
+        return TessaGroups::Append(SGFile, Address::WithoutUser(each)) == Outcome::Done;
+    });
+    const Text count = Decimal(static_cast<std::int64_t>(addresses.size()));
+    m_parts.tabs.Say(added ? count + u" pages were added to the TessaGroup " + NameOf(SGFile) + u"."
+                           : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
+}
+
+void GroupCommands::SaveTabs(TextView path, const std::vector<std::int32_t>& indexes) {
+    SaySaved(TessaGroups::SaveTabs(path, m_parts.pcPage, m_parts.Browser, m_parts.messages, indexes), path);
 }
 
 void GroupCommands::SaveAsTessaGroup(TextView path) {
@@ -25,6 +41,7 @@ void GroupCommands::SaveAddresses(TextView path, const std::vector<Text>& addres
 
 void GroupCommands::SaySaved(TessaGroups::Saved saved, TextView path) {
     using TessaGroups::Saved;
+    Reread(path);
     if (saved == Saved::Yes) m_parts.tabs.Say(u"Saved as the TessaGroup " + NameOf(path) + u".");
     if (saved == Saved::Failed) m_parts.tabs.Say(u"The TessaGroup " + NameOf(path) + u" could not be written.");
     if (saved == Saved::Nothing)
@@ -49,16 +66,27 @@ void GroupCommands::OpenArchive(const Text& address) {
     if (view) ResumeNext(view->Navigate(ArchivedAt(InternetSettings(m_parts.settings).Archive.Get(), address)));
 }
 
-void GroupCommands::WriteTabs(Writes what, TextView path) {
+void GroupCommands::WritePages(Writes what, TextView path, TextView group) {
     if (!Write) return;
     const bool prints = what == Writes::Print;
-    if (!prints) m_parts.tabs.Say(u"Saving " + NameOf(path));
+    const Text doing = prints ? Text(u"Printing") : u"Saving " + NameOf(path);
     const Text done = prints ? Text(u"All pages have been printed.") : NameOf(path) + u" has been saved.";
-    Write(what, Text(path), [this, done](const Text& refusal, std::size_t left) {
-        if (!refusal.empty()) return m_parts.tabs.Say(refusal);
-        const Text missing = u" " + Decimal(static_cast<std::int64_t>(left)) + u" pages could not be had.";
-        m_parts.tabs.Say(done + (left > 0 ? missing : Text()));
-    });
+    if (!prints) m_parts.tabs.Say(doing);
+    const auto count = [](std::size_t number) { return Decimal(static_cast<std::int64_t>(number)); };
+    Write({.what = what,
+           .path = Text(path),
+           .group = Text(group),
+           .fetched =
+               [this, doing, count](std::size_t fetched, std::size_t all) {
+                   m_parts.tabs.Say(doing + u": " + count(fetched) + u" of " + count(all) + u" pages");
+               },
+           .made = [this, doing](int percent) { m_parts.tabs.Say(doing + u": " + Decimal(percent) + u" %"); },
+           .ended =
+               [this, done, count](const Text& refusal, std::size_t left) {
+                   if (!refusal.empty()) return m_parts.tabs.Say(refusal);
+                   const Text missing = u" " + count(left) + (left == 1 ? u" page" : u" pages") + u" could not be had.";
+                   m_parts.tabs.Say(done + (left > 0 ? missing : Text()));
+               }});
 }
 
 class GroupCommands::Unasked final : public MessageBoxes {
@@ -88,6 +116,7 @@ void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
                         .openArchive = [this](const Text& address) { OpenArchive(address); }});
     form.TitleOf = [this](TextView address) { return TitleOf(address); };
     form.EditTessaGroup(sFileName);
+    Reread(sFileName);
     if (form.Unwritten) m_parts.tabs.Say(u"The TessaGroup " + NameOf(sFileName) + u" could not be written.");
 }
 

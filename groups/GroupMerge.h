@@ -8,11 +8,6 @@ namespace tessa {
 /// Two lists of addresses held against each other.
 namespace GroupMerge {
 
-/// What addresses have in common that lead to the same page: the address without a "www." before its host, without a
-/// slash at the end of its path, without fragment, its scheme and host in small letters. A fragment that names a page
-/// of its own, as "#!/news" and "#/news" do, stays.
-[[nodiscard]] Text PageOf(TextView address);
-
 /// How it stands with an address.
 enum class Standing {
     Both,  ///< in both lists, letter by letter

@@ -27,9 +27,9 @@ Text KeptPage(TextView group, TextView address) {
 }
 
 TabColour ColourOf(TextView name) {
-    const auto found = std::ranges::find(GroupPlan::kColours, name);
-    if (found == std::end(GroupPlan::kColours)) return TabColour::None;
-    return static_cast<TabColour>(found - std::begin(GroupPlan::kColours) + 1);
+    const auto found = std::ranges::find(kTabColours, name);
+    if (found == std::end(kTabColours)) return TabColour::None;
+    return static_cast<TabColour>(found - std::begin(kTabColours) + 1);
 }
 
 } // namespace
@@ -47,12 +47,16 @@ GroupOpening::GroupOpening(Parts parts) : m_parts(parts), m_progress(parts.sbSta
 
 std::vector<std::int32_t> GroupOpening::OpenTessaGroups(const std::vector<Text>& groups) {
     m_opened.clear();
+    m_openings.clear();
     Opened all{.manner = {.closeOthers = TGCloseOthersFirst, .behind = !groups.empty()}};
     for (const Text& group : groups) Read(group, all);
     if (all.foreign > kManyPages && !MayOpenMany(all.pages.size())) return {};
+    const std::vector<Page> wanted = all.pages;
     const auto left = LeaveUntrusted(all.pages);
     if (!left) return {};
+    if (*left > 0) NoteLeftOut(wanted, all.pages);
     Open(all.pages, all.manner);
+    ShowPanes();
     if (*left > 0) m_parts.tabs.Say(u"What is no page of the web was not opened.");
     if (!all.unread.empty()) m_parts.tabs.Say(u"The TessaGroup " + NameOf(all.unread) + u" could not be read.");
     return m_opened;
@@ -63,17 +67,51 @@ void GroupOpening::Read(const Text& group, Opened& all) {
     const GroupPlan plan = GroupPlan::In(group);
     all.manner.closeOthers |= plan.closeOthers;
     all.manner.behind &= plan.behind;
+    m_openings.push_back({FileAt(group, plan), plan.panes});
+    Opening& opening = m_openings.back();
+    for (const Text& address : opening.source.All) {
+        const Text kept = KeptPage(group, address);
+        opening.indexes.push_back(0);
+        all.pages.push_back({kept.empty() ? address : kept, m_openings.size(), opening.indexes.size(), address,
+                             plan.For(address), !kept.empty()});
+    }
+    if (!IsOwnGroup(group)) all.foreign += opening.source.All.size();
+}
+
+GroupSource GroupOpening::FileAt(TextView path, const GroupPlan& plan) {
+    std::vector<Text> addresses;
+    for (const auto& address : TessaGroups::Load(path)) addresses.push_back(address.Key);
+    return {.Path = Text(path),
+            .All = plan.Ordered(addresses),
+            .Colour = ColourOf(plan.colour),
+            .IsThere = TessaGroups::IsReadable(path)};
+}
+
+GroupSource GroupOpening::FileAt(TextView path) { return FileAt(path, GroupPlan::In(path)); }
+
+// What was not opened is no difference between file and tabs.
+void GroupOpening::NoteLeftOut(const std::vector<Page>& all, const std::vector<Page>& pages) {
+    auto kept = pages.begin();
+    for (const Page& each : all) {
+        const bool opens = kept != pages.end() && kept->group == each.group && kept->number == each.number;
+        if (opens)
+            ++kept;
+        else
+            m_openings.at(each.group - 1).source.LeftOut.push_back(each.entry);
+    }
+}
+
+std::vector<GroupOpening::Unasked> GroupOpening::AllUnasked(const Text& group) {
     std::vector<Text> addresses;
     for (const auto& address : TessaGroups::Load(group)) addresses.push_back(address.Key);
-    addresses = plan.Ordered(addresses);
-    std::vector<Text> opening;
-    for (const Text& address : addresses) {
+    std::vector<Unasked> all;
+    for (const Text& address : GroupPlan::In(group).Ordered(addresses)) {
+        if (address.empty()) continue;
         const Text kept = KeptPage(group, address);
-        opening.push_back(kept.empty() ? address : kept);
-        all.pages.push_back({opening.back(), group, plan.For(address), plan.colour, !kept.empty()});
+        const bool opens = TrustOf(address, LinkSource::Group) == LinkTrust::Open;
+        all.push_back({address, !kept.empty() ? kept : opens ? address : Text()});
     }
-    Opening(NameOf(group), opening);
-    if (!IsOwnGroup(group)) all.foreign += addresses.size();
+    return all;
 }
 
 bool GroupOpening::IsOwnGroup(TextView group) const {
@@ -112,19 +150,28 @@ std::optional<std::size_t> GroupOpening::LeaveUntrusted(std::vector<Page>& pages
 
 void GroupOpening::Open(const std::vector<Page>& pages, Manner manner) {
     auto& tabs = m_parts.tabs;
-    if (manner.closeOthers) tabs.CloseOtherTabs();
+    const std::int32_t left = manner.closeOthers ? tabs.CloseOtherTabs() : 0;
     if (manner.closeOthers && pages.empty()) return;
     m_progress.Begin();
+    LeavePins(left);
     // A page that holds its user keeps its tab.
-    const bool taken = manner.closeOthers && !tabs.Leaving.Asks(tabs.CurrentIndex());
+    const bool taken = left != 0 && !tabs.Leaving.Asks(tabs.CurrentIndex());
     auto* current = taken ? tabs.CurrentView() : nullptr;
     if (!current) return OpenEach(pages, manner.behind);
     Show(current->Control.get(), pages.front());
     OpenEach(std::span(pages).subspan(1), manner.behind);
 }
 
+// A pinned tab keeps its page.
+void GroupOpening::LeavePins(std::int32_t left) {
+    const auto* front = m_parts.pcPage.SelectedItem();
+    auto* tab = TabOfView(m_parts.pcPage, left);
+    if (front && front->Pinned() && tab) m_parts.pcPage.Select(tab);
+}
+
 void GroupOpening::OpenInTabs(const std::vector<Text>& addresses) {
     m_opened.clear();
+    m_openings.clear();
     std::vector<Page> pages;
     for (const Text& address : addresses) pages.push_back({address});
     m_progress.Begin();
@@ -159,28 +206,31 @@ void GroupOpening::OpenBehind(const Page& page, const Tab* behind) {
     const auto* tab = view ? TabOfView(m_parts.pcPage, index) : nullptr;
     if (!tab) return;
     MoveBehind(tab, behind);
+    Note(index, page);
     ResumeNext(page.plan.asleep ? view->RestoreLater({}, page.address) : view->Navigate(page.address));
     // Until it is looked at it says no title.
     if (page.plan.asleep)
         tabs.SetTabTitle(index, page.address);
     else
-        m_progress.Add(index);
-    Note(index, page);
+        Await(index);
 }
 
 void GroupOpening::Show(BrowserView* view, const Page& page) {
-    if (!view) return;
-    ResumeNext(view->Navigate(page.address));
-    const auto* tab = m_parts.pcPage.SelectedItem();
-    if (!tab) return;
-    m_progress.Add(tab->Tag);
-    Note(tab->Tag, page);
+    const auto* tab = view ? m_parts.pcPage.SelectedItem() : nullptr;
+    const std::int32_t index = tab ? tab->Tag : 0;
+    if (tab) Note(index, page);
+    if (view) ResumeNext(view->Navigate(page.address));
+    if (tab) Await(index);
+}
+
+void GroupOpening::Await(std::int32_t index) {
+    m_progress.Add(index);
+    if (auto* tab = TabOfView(m_parts.pcPage, index)) m_parts.pcPage.SetQueued(tab, true);
 }
 
 void GroupOpening::Note(std::int32_t index, const Page& page) {
     m_opened.push_back(index);
-    m_groups[index] = page.group;
-    if (auto* tab = TabOfView(m_parts.pcPage, index)) m_parts.pcPage.SetColour(tab, ColourOf(page.colour));
+    if (page.group != 0) Group(index, page);
     auto* view = m_parts.Browser.Find(index);
     if (view && page.plan.muted) view->Control->SetMuted(true);
     if (page.plan.textSize) m_textSizes[index] = *page.plan.textSize;
@@ -188,6 +238,7 @@ void GroupOpening::Note(std::int32_t index, const Page& page) {
 
 void GroupOpening::PageDone(std::int32_t index) {
     m_progress.Done(index);
+    if (auto* tab = TabOfView(m_parts.pcPage, index)) m_parts.pcPage.SetQueued(tab, false);
     ApplyTextSize(index);
 }
 
@@ -202,15 +253,42 @@ void GroupOpening::ApplyTextSize(std::int32_t index) {
     if (m_parts.tabs.IsSelected(index)) m_parts.tabs.UpdateZoom();
 }
 
-Text GroupOpening::GroupOf(std::int32_t index) const {
-    const auto found = m_groups.find(index);
-    return found == m_groups.end() ? Text() : found->second;
+void GroupOpening::Group(std::int32_t index, const Page& page) {
+    Opening& opening = m_openings.at(page.group - 1);
+    auto& groups = m_parts.tabGroups;
+    opening.indexes.at(page.number - 1) = index;
+    if (!m_parts.pcPage.FindGroup(opening.begun))
+        opening.begun = groups.Begin(index, NameOf(opening.source.Path), opening.source);
+    groups.Add(index, opening.begun, page.entry);
+}
+
+// Whoever keeps panes wants to see them, unless another tab is to stay in front.
+void GroupOpening::ShowPanes() {
+    for (const Opening& each : m_openings) {
+        m_parts.tiles.Restore(each.panes, each.indexes);
+        const TabGroup* front = m_parts.tabGroups.Of(m_parts.tabs.CurrentIndex());
+        if (!front || front->Id() != each.begun || m_parts.tiles.Shown()) continue;
+        const auto pane =
+            std::ranges::find_if(each.indexes, [this](std::int32_t index) { return m_parts.tiles.IsInPane(index); });
+        auto* tab = pane == each.indexes.end() ? nullptr : TabOfView(m_parts.pcPage, *pane);
+        if (tab) m_parts.pcPage.Select(tab);
+    }
+}
+
+void GroupOpening::Restore(const KeptGroups& kept, const std::vector<std::int32_t>& indexes) {
+    for (const KeptGroup& each : kept.Groups) m_parts.tabGroups.Restore(each, FileAt(each.Path), indexes);
+    for (const std::int32_t each : kept.Pins) {
+        const auto place = static_cast<std::size_t>(each) - 1;
+        auto* tab = place < indexes.size() ? TabOfView(m_parts.pcPage, indexes[place]) : nullptr;
+        if (tab) m_parts.pcPage.SetPinned(tab, true);
+    }
 }
 
 void GroupOpening::StopAll() {
     // First, because a page that is stopped says that it is done.
     m_progress.Stop();
     for (const OpenTab open : OpenTabs(m_parts.pcPage, m_parts.Browser)) {
+        m_parts.pcPage.SetQueued(&open.Item, false);
         if (!open.View) continue;
         const std::int32_t index = open.Index();
         ResumeNext(open.View->Control->Stop());

@@ -5,7 +5,9 @@
 #include "groups/LoadProgress.h"
 #include "groups/TessaGroups.h"
 #include "platform/SettingsStorage.h"
+#include "tabs/TabGroups.h"
 #include "tabs/TabSet.h"
+#include "tiles/Tiles.h"
 
 #include <optional>
 #include <span>
@@ -22,6 +24,8 @@ public:
         TabSet& tabs;
         TabStrip& pcPage;
         ViewArray& Browser;
+        TabGroups& tabGroups;
+        Tiles& tiles;
         StatusBar& sbStatus;
         MessageBoxes& messages;
         FileDialogs& files;
@@ -42,6 +46,13 @@ public:
     /// Opens addresses that belong together, one tab an address, beside the tabs that are open.
     void OpenInTabs(const std::vector<Text>& addresses);
 
+    /// An address of a group, and what it leads to where that would open without a question; else nothing.
+    struct Unasked {
+        Text address, opened;
+    };
+    /// Those of the group, in the order in which they would open; empty lines are left out.
+    [[nodiscard]] static std::vector<Unasked> AllUnasked(const Text& group);
+
     /// Whether a path names a group: by ".tvg" at its end, in small letters.
     [[nodiscard]] static bool IsGroupFile(TextView path) { return path.ends_with(TessaGroups::kExtension); }
 
@@ -51,9 +62,11 @@ public:
     void StopAll();
 
     /// The group that the view was opened from, by the path of its file; empty for none.
-    [[nodiscard]] Text GroupOf(std::int32_t index) const;
-    /// A group's pages are about to be opened, if their user goes on.
-    Signal<void(TextView name, const std::vector<Text>& addresses)> Opening;
+    [[nodiscard]] Text GroupOf(std::int32_t index) const { return m_parts.tabGroups.PathOf(index); }
+    /// Which tabs belong to which groups.
+    [[nodiscard]] const TabGroups& Groups() const { return m_parts.tabGroups; }
+    /// Brings back groups and pinned tabs that were written down, see `TabGroups::Restore`.
+    void Restore(const KeptGroups& kept, const std::vector<std::int32_t>& indexes);
 
     /// Whether the other tabs are closed when a group is opened.
     bool TGCloseOthersFirst = false;
@@ -63,6 +76,8 @@ public:
 protected:
     /// The group as the user knows it: the name of its file, without ".tvg".
     [[nodiscard]] static Text NameOf(TextView path);
+    /// What the file of that path says.
+    [[nodiscard]] static GroupSource FileAt(TextView path);
 
     Parts m_parts;
 
@@ -70,10 +85,11 @@ private:
     /// An address to open, and the group that it stands in.
     struct Page {
         Text address;
-        Text group{};      ///< empty for none
-        PagePlan plan{};   ///< how it opens
-        Text colour{};     ///< of the group, see `GroupPlan`
-        bool kept = false; ///< a file that was kept beside the group, which cannot do anything
+        std::size_t group = 0;  ///< which of the groups that are opened, from 1; 0 for none
+        std::size_t number = 0; ///< which page of it, from 1
+        Text entry{};           ///< as the group's file has the address
+        PagePlan plan{};        ///< how it opens
+        bool kept = false;      ///< a file that was kept beside the group, which cannot do anything
     };
     /// How all of them open.
     struct Manner {
@@ -94,17 +110,30 @@ private:
     [[nodiscard]] bool MayOpenMany(std::size_t count) const;
     /// Takes out what is not to be opened, and tells how much that was. Nothing when nothing is left.
     [[nodiscard]] std::optional<std::size_t> LeaveUntrusted(std::vector<Page>& pages) const;
+    void NoteLeftOut(const std::vector<Page>& all, const std::vector<Page>& pages);
     void Open(const std::vector<Page>& pages, Manner manner);
     void OpenEach(std::span<const Page> pages, bool behind);
     void MoveBehind(const Tab* tab, const Tab* other);
     void OpenBehind(const Page& page, const Tab* behind);
     void Show(BrowserView* view, const Page& page);
+    void Await(std::int32_t index);
+    void LeavePins(std::int32_t left);
+    void ShowPanes();
     void Note(std::int32_t index, const Page& page);
+    void Group(std::int32_t index, const Page& page);
+    [[nodiscard]] static GroupSource FileAt(TextView path, const GroupPlan& plan);
     void ApplyTextSize(std::int32_t index);
 
     LoadProgress m_progress;
-    std::vector<std::int32_t> m_opened;                ///< by the last command
-    std::unordered_map<std::int32_t, Text> m_groups;   ///< by the views opened from them
+    std::vector<std::int32_t> m_opened; ///< by the last command
+    /// A group that the last command opens.
+    struct Opening {
+        GroupSource source;
+        std::vector<Text> panes;
+        std::int32_t begun = 0;              ///< the group of tabs made for it; 0 before
+        std::vector<std::int32_t> indexes{}; ///< the view of each page; 0 for none
+    };
+    std::vector<Opening> m_openings;
     std::unordered_map<std::int32_t, int> m_textSizes; ///< of pages that have not come yet
 };
 

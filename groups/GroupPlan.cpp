@@ -2,6 +2,7 @@
 
 #include "base/os/AtomicFile.h"
 #include "base/os/Paths.h"
+#include "tiles/TileText.h"
 
 #include <algorithm>
 #include <array>
@@ -42,6 +43,27 @@ void SetOrRemove(IniFile& file, std::string_view key, const std::string& value) 
         file.SetValue(kPlanSection, key, value);
     else
         file.RemoveKey(kPlanSection, key);
+}
+
+constexpr TextView kNoPanes = u"none";
+
+/// As the file has it; empty where panes are not kept.
+std::string PanesValue(const GroupPlan& plan) {
+    if (!plan.keepsPanes) return {};
+    Text value;
+    for (const Text& each : plan.panes) value += (value.empty() ? u"" : u"; ") + each;
+    return ToUtf8(value.empty() ? Text(kNoPanes) : value);
+}
+
+void ReadPanes(const IniFile& file, GroupPlan& plan) {
+    const Text value = FromBytes(file.Value(kPlanSection, "panes", "", kLongestPage));
+    std::size_t begin = 0;
+    for (std::size_t end = 0; end != Text::npos; begin = end + 1) {
+        end = value.find(u';', begin);
+        const auto layout = TileLayoutIn(TextView(value).substr(begin, end == Text::npos ? end : end - begin));
+        if (layout) plan.panes.push_back(TileText(*layout));
+    }
+    plan.keepsPanes = !plan.panes.empty() || value == kNoPanes;
 }
 
 /// What a page's key says; nothing when it cannot be understood.
@@ -128,6 +150,27 @@ GroupPlan GroupPlan::Of(const std::vector<Text>& addresses) const {
     return plan;
 }
 
+void GroupPlan::MovePanes(const std::vector<Text>& before, const std::vector<Text>& after) {
+    std::vector<std::int32_t> become(before.size(), 0);
+    std::multimap<Text, std::int32_t> places;
+    for (std::size_t i = 0; i < after.size(); ++i) places.emplace(after[i], static_cast<std::int32_t>(i + 1));
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        const auto place = places.find(before[i]);
+        if (place == places.end()) continue;
+        become[i] = place->second;
+        places.erase(place);
+    }
+    // What has come in the place of an address lies where that did.
+    for (const auto& [address, number] : places) {
+        const auto place = static_cast<std::size_t>(number) - 1;
+        if (before.size() == after.size() && become[place] == 0) become[place] = number;
+    }
+    panes = TileTextsBecome(panes, [&become](std::int32_t number) {
+        const auto place = static_cast<std::size_t>(number) - 1;
+        return place < become.size() ? become[place] : 0;
+    });
+}
+
 std::vector<Text> GroupPlan::Ordered(const std::vector<Text>& addresses) const {
     std::vector<Text> ordered = addresses;
     const auto rank = [this](const Text& address) {
@@ -141,9 +184,10 @@ std::vector<Text> GroupPlan::Ordered(const std::vector<Text>& addresses) const {
 GroupPlan GroupPlan::Read(const IniFile& file) {
     GroupPlan plan;
     const Text colour = InSmallLetters(ReadIniValue(file, kPlanSection, "colour", u""));
-    if (std::ranges::find(kColours, TextView(colour)) != std::end(kColours)) plan.colour = colour;
+    if (std::ranges::find(kTabColours, TextView(colour)) != std::end(kTabColours)) plan.colour = colour;
     plan.behind = ReadIniValue(file, kPlanSection, "behind", u"") == u"1";
     plan.closeOthers = ReadIniValue(file, kPlanSection, "closeothers", u"") == u"1";
+    ReadPanes(file, plan);
     for (const std::string& key : PageKeys(file)) {
         if (auto page = PageAt(file, key)) plan.pages.insert(std::move(*page));
     }
@@ -168,6 +212,7 @@ void GroupPlan::Write(IniFile& file) const {
     const GroupPlan before = Read(file);
     if (colour != before.colour) SetOrRemove(file, "colour", ToUtf8(colour));
     if (behind != before.behind) SetOrRemove(file, "behind", behind ? "1" : "");
+    if (keepsPanes != before.keepsPanes || panes != before.panes) SetOrRemove(file, "panes", PanesValue(*this));
     if (closeOthers != before.closeOthers) SetOrRemove(file, "closeothers", closeOthers ? "1" : "");
     std::map<Text, PagePlan> left = pages;
     const std::set<Text> taken = KeepPages(file, left);

@@ -2,6 +2,7 @@
 #include "base/Outcome.h"
 #include "base/Text.h"
 #include "base/ini/IniFile.h"
+#include "forms/TabGroup.h"
 
 #include <map>
 #include <optional>
@@ -21,16 +22,15 @@ struct PagePlan {
 };
 
 /// What the second section of a group's file, "TessaView", says: how the group opens. Its keys are "colour", "behind",
-/// "closeothers" and "page1", "page2", ...; a page's value is words with commas between, a blank, and the address as it
-/// stands in the section "TessaGroup". Whatever else stands in the file belongs to others.
+/// "closeothers", "panes" and "page1", "page2", ...; a page's value is words with commas between, a blank, and the
+/// address as it stands in the section "TessaGroup". Whatever else stands in the file belongs to others.
 struct GroupPlan {
-    Text colour{};                  ///< one of `kColours`; empty for none
+    Text colour{};                  ///< one of `kTabColours`; empty for none
     bool behind = false;            ///< the tab in front stays so
     bool closeOthers = false;       ///< whatever the user's settings say
+    bool keepsPanes = false;        ///< pages that lie side by side do so when the group opens again
+    std::vector<Text> panes{};      ///< which do, see `TileText`; the first page that opens is 1
     std::map<Text, PagePlan> pages; ///< by address; those that open as ever are not among them
-
-    /// In the order of `TabColour`.
-    static constexpr TextView kColours[] = {u"red", u"orange", u"yellow", u"green", u"blue", u"purple", u"grey"};
 
     /// How that address opens.
     [[nodiscard]] PagePlan For(const Text& address) const;
@@ -41,6 +41,10 @@ struct GroupPlan {
     [[nodiscard]] GroupPlan Of(const std::vector<Text>& addresses) const;
     /// Puts the addresses into the order in which they open.
     [[nodiscard]] std::vector<Text> Ordered(const std::vector<Text>& addresses) const;
+
+    /// The same pages, in another order or among others, lie side by side as before. Both lists are in the order in
+    /// which they open.
+    void MovePanes(const std::vector<Text>& before, const std::vector<Text>& after);
 
     /// What cannot be understood counts as never written.
     [[nodiscard]] static GroupPlan Read(const IniFile& file);

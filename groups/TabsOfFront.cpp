@@ -1,16 +1,18 @@
 #include "groups/TabsOfFront.h"
 
-#include "groups/GroupCommands.h"
+#include "forms/TabStrip.h"
+#include "tabs/TabChoice.h"
 
 namespace tessa {
 
 std::vector<std::int32_t> TabsOfFront::Chosen() const {
+    if (m_choice.Count() > 1) return m_choice.Indexes();
     const auto* front = m_pcPage.SelectedItem();
-    const Text group = front ? m_groups.GroupOf(front->Tag) : Text();
+    const TabGroup* group = front ? front->Group() : nullptr;
     std::vector<std::int32_t> chosen;
     for (std::size_t position = 1; position <= m_pcPage.Count(); ++position) {
-        const std::int32_t index = m_pcPage.FindAt(position)->Tag;
-        if (group.empty() || m_groups.GroupOf(index) == group) chosen.push_back(index);
+        const Tab& tab = *m_pcPage.FindAt(position);
+        if (!group || tab.Group() == group) chosen.push_back(tab.Tag);
     }
     return chosen;
 }

@@ -61,12 +61,20 @@ bool HasGroup(TextView path) {
     return FileExists(file) && !IsFolder(file);
 }
 
-std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, ViewArray& Browser, bool withPrivate) {
+/// Which of the open tabs are saved; nothing for all.
+using SavedTabs = const std::vector<std::int32_t>*;
+
+bool IsMeant(SavedTabs only, const OpenTab& open) {
+    return !only || std::ranges::find(*only, open.Index()) != only->end();
+}
+
+std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, ViewArray& Browser, bool withPrivate,
+                                                        SavedTabs only) {
     std::vector<TessaGroups::NumberedAddress> addresses;
     std::size_t left = 0;
     for (const OpenTab open : OpenTabs(pcPage, Browser)) {
         const Text address = open.Address();
-        if ((open.Private() && !withPrivate) || !Address::ComesBack(address)) {
+        if (!IsMeant(only, open) || (open.Private() && !withPrivate) || !Address::ComesBack(address)) {
             ++left;
             continue;
         }
@@ -82,13 +90,18 @@ TessaGroups::Saved WriteAny(TextView path, const std::vector<TessaGroups::Number
     return TessaGroups::Write(path, addresses) == Outcome::Done ? Saved::Yes : Saved::Failed;
 }
 
-Answer AskOfPrivate(MessageBoxes& messages) {
-    return messages.AskOwnOrCancel({u"Some of the tabs are private", u"The TessaGroup would keep their addresses.",
-                                    u"&Leave Them Out", u"&Save Them Too"});
+bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser, SavedTabs only) {
+    return std::ranges::any_of(OpenTabs(pcPage, Browser),
+                               [only](const OpenTab& open) { return IsMeant(only, open) && open.Private(); });
 }
 
-bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser) {
-    return std::ranges::any_of(OpenTabs(pcPage, Browser), &OpenTab::Private);
+TessaGroups::Saved SaveSome(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages,
+                            SavedTabs only) {
+    using TessaGroups::Saved;
+    if (!TessaGroups::MayReplace(path, messages)) return Saved::Declined;
+    const Answer privates = HasPrivate(pcPage, Browser, only) ? TessaGroups::AskOfPrivate(messages) : Answer::No;
+    if (privates == Answer::Cancel) return Saved::Declined;
+    return WriteAny(path, OpenAddresses(pcPage, Browser, privates == Answer::Yes, only));
 }
 
 } // namespace
@@ -135,11 +148,18 @@ Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& mess
     return WriteAny(path, numbered);
 }
 
+Answer AskOfPrivate(MessageBoxes& messages) {
+    return messages.AskOwnOrCancel({u"Some of the tabs are private", u"The TessaGroup would keep their addresses.",
+                                    u"&Leave Them Out", u"&Save Them Too"});
+}
+
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages) {
-    if (!MayReplace(path, messages)) return Saved::Declined;
-    const Answer privates = HasPrivate(pcPage, Browser) ? AskOfPrivate(messages) : Answer::No;
-    if (privates == Answer::Cancel) return Saved::Declined;
-    return WriteAny(path, OpenAddresses(pcPage, Browser, privates == Answer::Yes));
+    return SaveSome(path, pcPage, Browser, messages, nullptr);
+}
+
+Saved SaveTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages,
+               const std::vector<std::int32_t>& indexes) {
+    return SaveSome(path, pcPage, Browser, messages, &indexes);
 }
 
 } // namespace TessaGroups

@@ -6,6 +6,8 @@
 #include "platform/Dialogs.h"
 #include "tabs/ViewArray.h"
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace tessa {
@@ -46,6 +48,22 @@ Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses, cons
 /// the highest number: in a group with gaps it takes the place of another. A missing file is made.
 Outcome Append(TextView path, TextView address);
 
+/// What a group's file is to say.
+struct Updated {
+    std::vector<Text> Addresses{};                ///< in the order in which they open
+    std::vector<std::pair<Text, Text>> Renamed{}; ///< what takes the place of an address, and opens as that did
+    std::vector<Text> Kept{};                     ///< addresses that stay as they are
+};
+
+/// Has the file say that. Whatever else stands in it stays, and so do keys whose addresses stay. `change` may change
+/// how the group opens, and is told in which order. A missing file is made; one that cannot be read, or is too large,
+/// stays as it is.
+using ChangesPlan = std::function<void(GroupPlan& plan, const std::vector<Text>& all)>;
+Outcome Update(TextView path, const Updated& group, const ChangesPlan& change = {});
+
+/// Asks whether to write down what is open in private tabs.
+[[nodiscard]] Answer AskOfPrivate(MessageBoxes& messages);
+
 /// `Nothing`: there were no addresses to save, and the file is as it was.
 enum class Saved { Yes, Declined, Failed, Nothing };
 
@@ -58,6 +76,9 @@ Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& mess
 /// Saves the addresses of all tabs in the order of the strip as the group of that path. Asks before it replaces
 /// a group that exists, and whether to write down what is open in private tabs.
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages);
+/// The same for the tabs of these views alone, see `Tab::Tag`.
+Saved SaveTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages,
+               const std::vector<std::int32_t>& indexes);
 
 /// The groups of a folder (with the separator at the end) by name, with their full paths. Of a folder that cannot be
 /// read none; hidden files are left out.

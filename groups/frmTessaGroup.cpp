@@ -21,7 +21,7 @@ bool IsBlank(TextView line) { return line.find_first_not_of(kBlanks) == TextView
 
 std::vector<Text> ColourNames() {
     std::vector<Text> names{u"None"};
-    for (const TextView each : GroupPlan::kColours) {
+    for (const TextView each : kTabColours) {
         names.emplace_back(each);
         names.back().front() = static_cast<char16_t>(each.front() - u'a' + u'A');
     }

@@ -52,6 +52,7 @@ public:
     Choice cboColour;
     CheckBox chkBehind{u"Open behind"};
     CheckBox chkCloseOthers{u"Close other tabs"};
+    CheckBox chkKeepPanes{u"Keep the panes"};
     Button cmdCheck{u"Check"};
     Button cmdCompare{u"Compare..."};
     Button cmdOK{u"OK"};
@@ -103,7 +104,8 @@ private:
     FormHost& m_forms;
     Outside m_outside;
     Text m_fileName;
-    GroupPlan m_plan; ///< also of addresses that were deleted, and may come back
+    std::vector<Text> m_opened; ///< the addresses as they opened before they were edited
+    GroupPlan m_plan;           ///< also of addresses that were deleted, and may come back
 };
 
 } // namespace tessa

@@ -41,18 +41,23 @@ private:
 
 void frmTessaGroup::LoadPlan() {
     m_plan = GroupPlan::In(m_fileName);
-    const auto colour = std::ranges::find(GroupPlan::kColours, TextView(m_plan.colour));
-    const bool none = colour == std::end(GroupPlan::kColours);
-    cboColour.Index = none ? 0 : static_cast<std::size_t>(colour - std::begin(GroupPlan::kColours)) + 1;
+    const auto colour = std::ranges::find(kTabColours, TextView(m_plan.colour));
+    const bool none = colour == std::end(kTabColours);
+    cboColour.Index = none ? 0 : static_cast<std::size_t>(colour - std::begin(kTabColours)) + 1;
     chkBehind.Tick(m_plan.behind);
     chkCloseOthers.Tick(m_plan.closeOthers);
+    chkKeepPanes.Tick(m_plan.keepsPanes);
+    m_opened = m_plan.Ordered(lstUrls.Rows());
 }
 
 GroupPlan frmTessaGroup::Plan() const {
     GroupPlan plan = m_plan.Of(lstUrls.Rows());
-    plan.colour = cboColour.Index() == 0 ? Text() : Text(GroupPlan::kColours[cboColour.Index() - 1]);
+    plan.colour = cboColour.Index() == 0 ? Text() : Text(kTabColours[cboColour.Index() - 1]);
     plan.behind = chkBehind.Ticked();
     plan.closeOthers = chkCloseOthers.Ticked();
+    plan.keepsPanes = chkKeepPanes.Ticked();
+    if (!plan.keepsPanes) plan.panes.clear();
+    plan.MovePanes(m_opened, plan.Ordered(lstUrls.Rows()));
     return plan;
 }
 

@@ -66,14 +66,10 @@ void ReadPages::SetOptions(const HistoryOptions& options) {
     if (m_limited && limits) m_parts.store.Limit(options.Days, options.Megabytes);
 }
 
-void ReadPages::Begins(std::int32_t index, TextView address) {
+void ReadPages::Begins(std::int32_t index) {
     Followed& followed = m_pages[index];
     if (!followed.begun) ReadToRemember(index);
-    // On its way a page may be led elsewhere, and is of that group still.
-    if (const Text* noted = m_groups.Find(address))
-        followed.nextGroup = *noted;
-    else if (!followed.begun)
-        followed.nextGroup.clear();
+    followed.nextGroup = m_parts.tabGroups.NameOfVisit(index);
     followed.begun = true;
 }
 

@@ -2,12 +2,11 @@
 #include "base/Signal.h"
 #include "forms/TabStrip.h"
 #include "history/HistoryRules.h"
-#include "history/OpenedGroups.h"
 #include "history/PageNews.h"
 #include "history/ReadingRound.h"
 #include "platform/VisitStore.h"
 #include "platform/WallClock.h"
-#include "tabs/ViewArray.h"
+#include "tabs/TabGroups.h"
 
 #include <chrono>
 #include <functional>
@@ -31,6 +30,7 @@ public:
     struct Parts {
         TabStrip& pcPage;
         ViewArray& Browser;
+        const TabGroups& tabGroups;
         VisitStore& store;
         const WallClock& clock;
     };
@@ -58,12 +58,10 @@ public:
 
     void SetOptions(const HistoryOptions& options);
     [[nodiscard]] const HistoryOptions& Options() const { return m_options; }
-    /// What is opened from those addresses next belongs to that group.
-    void NoteGroup(TextView name, const std::vector<Text>& addresses) { m_groups.Note(name, addresses); }
 
     // What happens.
     /// The view is about to go to another page: what it shows is read once more.
-    void Begins(std::int32_t index, TextView address);
+    void Begins(std::int32_t index);
     /// It shows another document, or another part of one.
     void Shows(std::int32_t index, TextView address);
     void Loads(std::int32_t index);
@@ -126,7 +124,6 @@ private:
     Parts m_parts;
     HistoryOptions m_options;
     std::map<std::int32_t, Followed> m_pages;
-    OpenedGroups m_groups;
     std::int32_t m_front = 0;
     std::uint64_t m_documents = 0;
     bool m_limited = false; ///< the store knows how much it may keep

@@ -38,6 +38,7 @@ public:
     [[nodiscard]] virtual Twips ScreenHeight() const = 0;
     /// Places the tab strip in the inner area.
     virtual void MoveTabStrip(const Rect& place) = 0;
+    virtual void ShowTabStrip(bool show) = 0;
 };
 
 } // namespace tessa

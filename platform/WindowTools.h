@@ -14,6 +14,8 @@ public:
     virtual void ToggleDevTools() = 0;
     /// Opens the list of tabs.
     virtual void ShowTabList() = 0;
+    /// Gives the keyboard to what lies between the pages that are side by side.
+    virtual void MoveDividers() = 0;
     /// Opens the window in which toolbars are arranged.
     virtual void Customize() = 0;
 };

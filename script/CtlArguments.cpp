@@ -129,6 +129,8 @@ private:
         case Words::TabsAndFile:
             Check(count == 2);
             return count == 2 && m_call.words.front() == "all" ? void() : TakeNumbers(1);
+        case Words::GroupAndFile:
+            return Check(count == 2 && !m_call.words.front().empty() && !m_call.words.back().empty());
         case Words::NumberAndFile:
             Check(count == 2);
             return TakeNumbers(1);
@@ -190,8 +192,10 @@ const std::vector<Command>& Commands() {
         {"text", Words::Number, "", "N", "print the text of a page"},
         {"html", Words::Number, "", "N", "print a page as HTML, as it is now"},
         {"pdf", Words::TabsAndFile, "", "N|all FILE", "write a page as PDF, or all pages with an outline"},
+        {"pdf-group", Words::GroupAndFile, "", "GROUP FILE", "write the pages of a TessaGroup as one PDF"},
         {"screenshot", Words::NumberAndFile, "", "N FILE", "write what is seen of a page as PNG; activates it"},
         {"keep-offline", Words::One, "", "FILE", "keep all pages beside a new TessaGroup that opens them"},
+        {"keep-group", Words::GroupAndFile, "", "GROUP FILE", "keep the pages of a TessaGroup like that"},
         {"check-group", Words::One, "json", "FILE|NAME [--json]", "ask for every address of a TessaGroup"},
         {"run-command", Words::One, "", "TOOL", "run a command of the bar by its name, as mnuRefresh"},
         {"wait-idle", Words::None, "", "", "wait until every page has loaded or failed"},

@@ -22,7 +22,7 @@ enum class Exit {
 };
 
 /// What stands behind a command.
-enum class Words { None, One, Some, NumberAndFile, TabsAndFile, Number, Numbers, NumbersOrAll };
+enum class Words { None, One, Some, NumberAndFile, TabsAndFile, GroupAndFile, Number, Numbers, NumbersOrAll };
 
 /// A row of the table of commands.
 struct Command {

@@ -3,8 +3,12 @@
 #include "base/Address.h"
 #include "base/LinkTrust.h"
 #include "tabs/OpenTabs.h"
+#include "tabs/TabKeys.h"
 
+#include <algorithm>
+#include <functional>
 #include <map>
+#include <utility>
 
 namespace tessa {
 
@@ -13,6 +17,20 @@ namespace LastSites {
 namespace {
 
 bool IsKept(const OpenTab& open) { return !open.Private() && Address::ComesBack(open.Address()); }
+
+/// The number that each view's address has among those that are kept; 0 for others.
+std::function<std::int32_t(std::int32_t)> Numbers(const TabStrip& pcPage, ViewArray& Browser) {
+    std::map<std::int32_t, std::int32_t> numbers;
+    for (const OpenTab open : OpenTabs(pcPage, Browser)) {
+        if (!IsKept(open)) continue;
+        const auto number = static_cast<std::int32_t>(numbers.size() + 1);
+        numbers[open.Index()] = number;
+    }
+    return [numbers = std::move(numbers)](std::int32_t index) {
+        const auto number = numbers.find(index);
+        return number == numbers.end() ? 0 : number->second;
+    };
+}
 
 } // namespace
 
@@ -25,16 +43,28 @@ std::vector<Text> Open(const TabStrip& pcPage, ViewArray& Browser) {
 }
 
 std::vector<Text> OpenTiles(const TabStrip& pcPage, ViewArray& Browser, const Tiles& tiles) {
-    std::map<std::int32_t, std::int32_t> numbers;
+    return tiles.Kept(Numbers(pcPage, Browser));
+}
+
+Text OpenGroups(const TabStrip& pcPage, ViewArray& Browser, const TabGroups& groups) {
+    return KeptGroupsText(groups.Kept(Numbers(pcPage, Browser)));
+}
+
+std::vector<Text> OpenNames(const TabStrip& pcPage, ViewArray& Browser) {
+    std::vector<Text> names;
+    bool any = false;
     for (const OpenTab open : OpenTabs(pcPage, Browser)) {
         if (!IsKept(open)) continue;
-        const auto number = static_cast<std::int32_t>(numbers.size() + 1);
-        numbers[open.Index()] = number;
+        names.push_back(open.Item.Name());
+        any |= !open.Item.Name().empty();
     }
-    return tiles.Kept([&numbers](std::int32_t index) {
-        const auto number = numbers.find(index);
-        return number == numbers.end() ? 0 : number->second;
-    });
+    return any ? names : std::vector<Text>();
+}
+
+void Name(const std::vector<Text>& names, const std::vector<std::int32_t>& indexes, TabStrip& pcPage) {
+    for (std::size_t i = 0; i < std::min(names.size(), indexes.size()); ++i) {
+        if (auto* tab = TabOfView(pcPage, indexes[i])) pcPage.SetName(tab, names[i]);
+    }
 }
 
 std::vector<std::int32_t> Reopen(std::vector<Text> sites, TabSet& tabs, ViewArray& Browser, CameBack& cameBack) {

@@ -17,7 +17,7 @@ namespace {
 constexpr TextView kSession = u"Session", kPage = u"Page";
 constexpr TextView kTime = u"Time", kEnded = u"Ended", kSettled = u"Settled", kSelected = u"Selected",
                    kBlanks = u"Blanks", kTiles = u"Tiles";
-constexpr TextView kAddress = u"Address", kTitle = u"Title";
+constexpr TextView kAddress = u"Address", kTitle = u"Title", kName = u"Name";
 
 Text CleanOf(TextView text) { return FromBytes(WithoutControls(ToUtf8(text))); }
 
@@ -34,8 +34,10 @@ Record RecordOf(const Session& session) {
 }
 
 Record RecordOf(const SessionPage& page) {
-    return {.Name = Text(kPage),
-            .Values = {{Text(kAddress), CleanOf(page.Address)}, {Text(kTitle), CleanOf(page.Title)}}};
+    Record record{.Name = Text(kPage),
+                  .Values = {{Text(kAddress), CleanOf(page.Address)}, {Text(kTitle), CleanOf(page.Title)}}};
+    if (!page.Name.empty()) record.Values.emplace(kName, CleanOf(page.Name));
+    return record;
 }
 
 // A number that is none, or below zero, is 0.
@@ -50,6 +52,7 @@ Session SessionOf(const Record& record) {
             .Selected = static_cast<std::size_t>(NumberOf(record, kSelected)),
             .Blanks = static_cast<std::size_t>(NumberOf(record, kBlanks)),
             .Pages = {},
+            .Groups = {},
             .Tiles = ListIn(record.Values, kTiles).value_or(std::vector<Text>())};
 }
 
@@ -58,7 +61,8 @@ std::optional<SessionPage> PageOf(const Record& record) {
     const Text* address = record.FindText(kAddress);
     if (record.Name != kPage || !address) return std::nullopt;
     const Text* title = record.FindText(kTitle);
-    return SessionPage{*address, title ? *title : Text()};
+    const Text* name = record.FindText(kName);
+    return SessionPage{*address, title ? *title : Text(), name ? *name : Text()};
 }
 
 std::optional<Session> FromRecords(const std::vector<Record>& records) {
@@ -67,23 +71,14 @@ std::optional<Session> FromRecords(const std::vector<Record>& records) {
     for (const Record& record : records) {
         if (auto page = PageOf(record)) session.Pages.push_back(*std::move(page));
     }
+    session.Groups = KeptGroupsIn(records, session.Pages.size());
     return session;
-}
-
-std::vector<Text> TilesBecome(const std::vector<Text>& tiles, const std::function<std::int32_t(std::int32_t)>& become) {
-    std::vector<Text> all;
-    for (const Text& text : tiles) {
-        const auto read = TileLayoutIn(text);
-        const auto layout = read ? TileLayouts::Renumbered(*read, become) : std::nullopt;
-        if (layout) all.push_back(TileText(*layout));
-    }
-    return all;
 }
 
 // Of pages that are there, each in one layout.
 std::vector<Text> SoundTiles(const std::vector<Text>& tiles, std::size_t pages) {
     std::set<std::int32_t> seen;
-    return TilesBecome(tiles, [&](std::int32_t number) {
+    return TileTextsBecome(tiles, [&](std::int32_t number) {
         const bool there = static_cast<std::size_t>(number) <= pages;
         return there && seen.insert(number).second ? number : 0;
     });
@@ -150,6 +145,7 @@ Text PageName(const SessionPage& page) {
 std::string SessionBytes(const Session& session) {
     std::vector<Record> records{RecordOf(session)};
     for (const SessionPage& page : session.Pages) records.push_back(RecordOf(page));
+    std::ranges::copy(RecordsOf(session.Groups), std::back_inserter(records));
     return RecordBytes(records);
 }
 
@@ -173,10 +169,12 @@ Session PartOf(const Session& session, const std::vector<std::size_t>& pages) {
         numbers[each] = static_cast<std::int32_t>(part.Pages.size());
         if (each + 1 == session.Selected) part.Selected = part.Pages.size();
     }
-    part.Tiles = TilesBecome(session.Tiles, [&](std::int32_t number) {
+    const auto become = [&](std::int32_t number) {
         const auto place = static_cast<std::size_t>(number) - 1;
         return place < numbers.size() ? numbers[place] : 0;
-    });
+    };
+    part.Tiles = TileTextsBecome(session.Tiles, become);
+    part.Groups = Renumbered(session.Groups, become);
     return part;
 }
 

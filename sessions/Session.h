@@ -1,5 +1,6 @@
 #pragma once
 #include "base/Text.h"
+#include "tabs/KeptGroups.h"
 
 #include <cstdint>
 #include <optional>
@@ -13,6 +14,7 @@ namespace tessa {
 struct SessionPage {
     Text Address;
     Text Title;
+    Text Name{}; ///< what its user has called the tab; empty for none
     bool operator==(const SessionPage&) const = default;
 };
 
@@ -24,6 +26,7 @@ struct Session {
     std::size_t Selected = 0; ///< the 1-based page in front; 0 for none of them
     std::size_t Blanks = 0;   ///< so many tabs were open besides that showed nothing
     std::vector<SessionPage> Pages;
+    KeptGroups Groups{};       ///< which of them are in groups and pinned; the first page is 1
     std::vector<Text> Tiles{}; ///< which of them lie side by side, see `TileText`; the first page is 1
     bool operator==(const Session&) const = default;
 };

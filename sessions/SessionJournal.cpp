@@ -18,7 +18,8 @@ SessionJournal::SessionJournal(SessionFiles& files, const WallClock& clock, Part
       m_tabs(parts.tabs),
       m_pcPage(parts.pcPage),
       m_browser(parts.Browser),
-      m_tiles(parts.tiles) {
+      m_tiles(parts.tiles),
+      m_groups(parts.groups) {
     const auto say = [this](TextView message) { Say(message); };
     m_trouble.Say.ConnectForLife(say);
     m_trouble.TryAgain.ConnectForLife([this] { Touch(); });
@@ -39,14 +40,16 @@ Session SessionJournal::Snapshot() const {
         const Text address = open.Address();
         if (IsBlankAddress(address)) ++session.Blanks;
         if (!IsWorthKeeping(address)) continue;
-        session.Pages.push_back({address, open.View->Control->LocationName()});
+        session.Pages.push_back({address, open.View->Control->LocationName(), open.Item.Name()});
         numbers[open.Index()] = static_cast<std::int32_t>(session.Pages.size());
         if (&open.Item == m_pcPage.SelectedItem()) session.Selected = session.Pages.size();
     }
-    session.Tiles = m_tiles.Kept([&numbers](std::int32_t index) {
+    const auto become = [&numbers](std::int32_t index) {
         const auto number = numbers.find(index);
         return number == numbers.end() ? 0 : number->second;
-    });
+    };
+    session.Tiles = m_tiles.Kept(become);
+    session.Groups = m_groups.Groups().Kept(become);
     // Blank tabs alone are no session.
     if (session.Pages.empty()) session.Blanks = 0;
     return session;
@@ -113,12 +116,24 @@ void SessionJournal::Reopen(TextView Id) {
     if (found == sessions.end()) return;
     Log::Note(LogLevel::Info, LogPart::Session, "reopens a session, pages",
               static_cast<std::int64_t>(found->second.Pages.size()));
-    const auto untouched = CameBack.Untouched();
+    auto untouched = CameBack.Untouched();
+    std::erase_if(untouched, [&](std::int32_t index) { return IsPinnedElsewhere(index, found->second); });
     const auto before = m_pcPage.Count();
     if (auto* last = untouched.empty() ? nullptr : TabOfView(m_pcPage, untouched.back())) m_pcPage.Select(last);
     Open(found->second);
     if (m_pcPage.Count() > before) GiveWay(untouched);
     SettleOnceWritten(Id);
+}
+
+// A pinned tab gives way to its own page alone.
+bool SessionJournal::IsPinnedElsewhere(std::int32_t index, const Session& session) const {
+    const auto* tab = TabOfView(m_pcPage, index);
+    const auto* view = m_tabs.OpenView(index);
+    if (!tab || !tab->Pinned() || !view) return false;
+    const Text address = view->Control->LocationURL();
+    return std::ranges::none_of(session.Groups.Pins, [&](std::int32_t number) {
+        return session.Pages.at(static_cast<std::size_t>(number) - 1).Address == address;
+    });
 }
 
 void SessionJournal::GiveWay(const std::vector<std::int32_t>& untouched) {
@@ -153,10 +168,12 @@ void SessionJournal::Open(const Session& pages) {
         if (!view) continue;
         ResumeNext(view->Navigate(each.Address));
         opened.back() = m_tabs.CurrentIndex();
-        const auto* tab = m_pcPage.SelectedItem();
+        auto* tab = m_pcPage.SelectedItem();
+        if (tab) m_pcPage.SetName(tab, each.Name);
         if (tab && opened.size() == pages.Selected) key = tab->Key();
     }
     if (auto* tab = m_pcPage.Find(key)) m_pcPage.Select(tab);
+    m_groups.Restore(pages.Groups, opened);
     m_tiles.Restore(pages.Tiles, opened);
 }
 

@@ -2,6 +2,7 @@
 #include "base/Signal.h"
 #include "base/WriteTrouble.h"
 #include "forms/TabStrip.h"
+#include "groups/GroupOpening.h"
 #include "platform/SessionFiles.h"
 #include "platform/WallClock.h"
 #include "sessions/CameBack.h"
@@ -22,6 +23,7 @@ public:
         TabStrip& pcPage;
         ViewArray& Browser;
         Tiles& tiles;
+        GroupOpening& groups;
     };
     /// These outlive it too.
     SessionJournal(SessionFiles& files, const WallClock& clock, Parts parts);
@@ -64,6 +66,7 @@ private:
     [[nodiscard]] Session Snapshot() const;
     void SettleOnceWritten(TextView Id);
     void GiveWay(const std::vector<std::int32_t>& untouched);
+    [[nodiscard]] bool IsPinnedElsewhere(std::int32_t index, const Session& session) const;
     void Keep(Session session);
     void OnWritten(Outcome outcome, const std::vector<Text>& unsettled);
     void OnSettled(Outcome outcome, const Text& id);
@@ -74,6 +77,7 @@ private:
     TabStrip& m_pcPage;
     ViewArray& m_browser;
     Tiles& m_tiles;
+    GroupOpening& m_groups;
     std::optional<Session> m_written{Session()}; ///< nothing when the last write failed
     std::vector<Text> m_unsettled;               ///< to be settled once the open pages are written down
     std::vector<Text> m_answered;                ///< not to be offered again, whenever that is on disk

@@ -47,8 +47,12 @@ void frmSessions::ShowPages() {
     if (const EarlierSession* earlier = FindSelected()) {
         const Session& session = earlier->second;
         for (std::size_t i = 0; i < session.Pages.size(); ++i) {
-            const auto& [address, title] = session.Pages[i];
-            lines.push_back({i, title.empty() ? address : title, address, i + 1 == session.Selected});
+            const auto& [address, title, name] = session.Pages[i];
+            lines.push_back({i,
+                             !name.empty()   ? name
+                             : title.empty() ? address
+                                             : title,
+                             address, i + 1 == session.Selected});
         }
     }
     lstPages.Show(std::move(lines));

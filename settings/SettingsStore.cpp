@@ -78,7 +78,13 @@ SettingsStore::SettingsStore(SettingsStorageFactory& factory)
       AllowMultipleInstances(*m_storage, u"AllowMultipleInstances", false),
       ShowStatusBar(*m_storage, u"ShowStatusBar", true),
       LastTiles(*m_storage, u"LastTiles"),
+      LastGroups(*m_storage, u"LastGroups"),
       TileHeaders(*m_storage, u"TileHeaders", true),
+      TabPanel(*m_storage, u"TabPanel", false),
+      TabPanelRight(*m_storage, u"TabPanelRight", false),
+      TabPanelWidth(*m_storage, u"TabPanelWidth", 0),
+      TabStripHidden(*m_storage, u"TabStripHidden", false),
+      LastNames(*m_storage, u"LastNames"),
       LoadImages(*m_storage, u"LoadImages", true),
       LoadAnimations(*m_storage, u"LoadAnimations", true),
       LoadVideos(*m_storage, u"LoadVideos", true),
@@ -102,8 +108,9 @@ std::vector<Text> SettingsStore::Differences() const {
     return DifferencesOf(AskDefaultBrowser, RememberLastSites, TGCloseOthersFirst, TitleLengthLimit, OpenNewInFront,
                          WindowWidth, WindowHeight, WindowTop, WindowLeft, WindowMaximized, HandOffCommandLine,
                          LastSites, SearchHistory, AddressHistory, TabsUp, AllowMultipleInstances, ShowStatusBar,
-                         LastTiles, TileHeaders, LoadImages, LoadAnimations, LoadVideos, LoadSounds, MailClient,
-                         NewsClient, EnvironmentText, SearchService, ShopService, FindService);
+                         LastTiles, LastGroups, TileHeaders, TabPanel, TabPanelRight, TabPanelWidth, TabStripHidden,
+                         LastNames, LoadImages, LoadAnimations, LoadVideos, LoadSounds, MailClient, NewsClient,
+                         EnvironmentText, SearchService, ShopService, FindService);
 }
 
 } // namespace tessa

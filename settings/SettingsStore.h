@@ -106,7 +106,13 @@ public:
     Setting<bool> AllowMultipleInstances;
     Setting<bool> ShowStatusBar;
     Setting<std::vector<Text>> LastTiles; ///< which of the last sites lay side by side
+    Setting<Text> LastGroups;             ///< which of them were in groups and pinned, as records
     Setting<bool> TileHeaders;            ///< pages that lie side by side have titles above them
+    Setting<bool> TabPanel;               ///< the tabs are shown as a list at the side
+    Setting<bool> TabPanelRight;          ///< that is the right one
+    Setting<std::int32_t> TabPanelWidth;  ///< in pixels; 0 as long as nobody has changed it
+    Setting<bool> TabStripHidden;         ///< the strip is hidden as long as that list is shown
+    Setting<std::vector<Text>> LastNames; ///< what the user has called the last sites, empty for none
 
     Setting<bool> LoadImages;      ///< pages may load images
     Setting<bool> LoadAnimations;  ///< pages may show animated pictures moving

@@ -18,7 +18,8 @@ void ClosedTabs::Remember(std::int32_t Index) {
     if (!m_several || m_closed.empty()) m_closed.emplace_back();
     Command& command = m_closed.back();
     command.Tabs.push_back({address, tab->Caption(), view->Control->History(), m_pcPage.PositionOf(tab),
-                            m_several && command.FrontIndex == Index});
+                            m_several && command.FrontIndex == Index, tab->Pinned(), Index, m_groups.Membership(Index),
+                            tab->Name()});
     Forget();
     Changed();
 }
@@ -53,7 +54,11 @@ Tab* ClosedTabs::Open(const ClosedTab& closed, bool awake) {
     ResumeNext(awake ? view->Restore(closed.History, closed.Address)
                      : view->RestoreLater(closed.History, closed.Address));
     if (!awake) m_pcPage.SetCaption(tab, closed.Title);
+    m_pcPage.SetName(tab, closed.Name);
+    if (closed.Pinned) m_pcPage.SetPinned(tab, true);
     m_pcPage.Move(tab, std::min(closed.Position, m_pcPage.Count()));
+    if (closed.Group) m_groups.Return(index, *closed.Group);
+    Returned(closed.Index, index);
     return TabOfView(m_pcPage, index);
 }
 

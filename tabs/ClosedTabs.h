@@ -1,6 +1,6 @@
 #pragma once
 #include "base/Signal.h"
-#include "tabs/TabSet.h"
+#include "tabs/TabGroups.h"
 
 #include <string>
 #include <vector>
@@ -17,8 +17,8 @@ public:
     /// So many of the tabs that come back together load at once; the others when they are looked at.
     static constexpr std::size_t kAwake = 4;
 
-    ClosedTabs(TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
-        : m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {}
+    ClosedTabs(TabSet& tabs, TabStrip& pcPage, ViewArray& Browser, TabGroups& groups)
+        : m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser), m_groups(groups) {}
 
     /// Keeps the tab of view `Index`, which is about to be closed. A blank page is not worth it.
     void Remember(std::int32_t Index);
@@ -28,8 +28,9 @@ public:
     /// The page of view `Index` gives way to a blank one, by the same command.
     void RememberBlanked(std::int32_t Index);
 
-    /// Brings the tabs that were closed last back to their places, with their history. Also brings the tab to the front
-    /// that was there before the command, or the leftmost when it has stayed. Does nothing when there are none.
+    /// Brings the tabs that were closed last back to their places and groups, with their history. Also brings the tab
+    /// to the front that was there before the command, or the leftmost when it has stayed. Does nothing when there are
+    /// none.
     void Reopen();
     /// How many tabs `Reopen` brings back.
     [[nodiscard]] std::size_t Next() const { return m_closed.empty() ? 0 : m_closed.back().Tabs.size(); }
@@ -40,6 +41,8 @@ public:
     };
     [[nodiscard]] std::vector<Page> Last(std::size_t most) const;
 
+    /// The tab of a view that has closed is there again, with another view.
+    Signal<void(std::int32_t was, std::int32_t is)> Returned;
     /// What there is to bring back may have changed.
     Signal<void()> Changed;
 
@@ -50,6 +53,10 @@ private:
         std::string History;
         std::size_t Position = 0;
         bool WasInFront = false; ///< when the command began
+        bool Pinned = false;
+        std::int32_t Index = 0; ///< of its view
+        std::optional<GroupMembership> Group{};
+        Text Name{}; ///< that its user has given it
     };
     struct Command {
         std::vector<ClosedTab> Tabs;   ///< in the order in which they were closed
@@ -66,6 +73,7 @@ private:
     TabSet& m_tabs;
     TabStrip& m_pcPage;
     ViewArray& m_browser;
+    TabGroups& m_groups;
     bool m_several = false;
     std::vector<Command> m_closed; ///< the one closed last at the end
 };

@@ -197,9 +197,10 @@ void TabSet::SetTabTitle(std::int32_t Index, TextView title) {
 
 Text TabSet::Describe(const Tab& tab) const {
     const auto* view = m_browser.Find(tab.Tag);
-    if (!view) return tab.Caption();
+    if (!view) return tab.Shown();
     const Text title = view->Control->LocationName(), address = view->Control->LocationURL();
-    const Text first = (title.empty() ? tab.Caption() : title).substr(0, kMostDescribed);
+    Text first = (title.empty() ? tab.Caption() : title).substr(0, kMostDescribed);
+    if (!tab.Name().empty()) first = tab.Name() + u"\n" + first;
     Text all = address.empty() ? first : first + u"\n" + address.substr(0, kMostDescribed);
     if (!tab.Awaited().empty() && tab.Awaited() != address)
         all += u"\nWaiting for " + tab.Awaited().substr(0, kMostDescribed);
@@ -274,13 +275,17 @@ void TabSet::CloseTabs(const std::vector<std::int32_t>& indexes) {
     });
 }
 
-void TabSet::CloseOtherTabs() {
-    AsOneCommand([this] {
-        for (std::size_t position = m_pcPage.Count(); position >= 2; --position) {
+std::int32_t TabSet::CloseOtherTabs() {
+    const std::size_t first = m_pcPage.PinnedCount() + 1;
+    const auto* left = m_pcPage.FindAt(first);
+    const std::int32_t index = left ? left->Tag : 0;
+    AsOneCommand([this, first] {
+        for (std::size_t position = m_pcPage.Count(); position > first; --position) {
             if (const auto* tab = m_pcPage.FindAt(position)) CloseBrowserTab(tab->Tag);
         }
-        if (const auto* left = m_pcPage.FindAt(1)) BlankTab(left->Tag);
+        if (const auto* leftmost = m_pcPage.FindAt(first)) BlankTab(leftmost->Tag);
     });
+    return index;
 }
 
 void TabSet::AsOneCommand(const std::function<void()>& close) {

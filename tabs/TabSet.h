@@ -46,7 +46,8 @@ public:
     void SetTabAsks(std::int32_t Index, bool asks);
     /// The caption for a page's title: the whole title, or its first `TitleLengthLimit` characters and "...".
     void SetTabTitle(std::int32_t Index, TextView title);
-    /// What a tab's page is, for its user: title and address, a line each. No more than what is readable.
+    /// What a tab's page is, for its user: the name that he has given it, title and address, a line each. No more than
+    /// what is readable.
     [[nodiscard]] Text Describe(const Tab& tab) const;
     /// The address of a tab's page; while it shows none, of the one that it waits for. No more than is readable.
     [[nodiscard]] Text AddressOf(const Tab& tab) const;
@@ -59,8 +60,9 @@ public:
     void CloseUnasked(std::int32_t Index);
     /// Closes the selected tab, by the same rules.
     void CloseSelectedTab();
-    /// Leaves the leftmost tab and blanks it.
-    void CloseOtherTabs();
+    /// Leaves the leftmost tab and blanks it. Pinned tabs stay as they are: then it is the leftmost one of the others.
+    /// Answers with the index of the view that is left; 0 when there are only pinned ones.
+    std::int32_t CloseOtherTabs();
     /// Closes the tabs of these views as one command.
     void CloseTabs(const std::vector<std::int32_t>& indexes);
 

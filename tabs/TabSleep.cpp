@@ -142,6 +142,16 @@ bool TabSleep::SleepUnseen(std::int32_t index, Time since) {
     return slept;
 }
 
+bool TabSleep::SleepNow(std::int32_t index) {
+    if (!Now) return false;
+    NoteOpen(Now());
+    const auto* life = LifeBehind(index);
+    if (life && life->Asleep()) return true;
+    const bool slept = TrySleep(index, Now());
+    TellSlept(slept);
+    return slept;
+}
+
 void TabSleep::TellSlept(bool any) const {
     if (any) Slept();
 }

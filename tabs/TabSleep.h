@@ -43,6 +43,9 @@ public:
     /// Puts a tab to sleep if it may and was not looked at after that time. Returns whether it fell asleep now.
     bool SleepUnseen(std::int32_t index, Time since);
 
+    /// Puts a tab to sleep now if it may, whenever it was looked at. Returns whether it sleeps.
+    bool SleepNow(std::int32_t index);
+
     /// The present time. Filled in by the main window's owner; without it no tab sleeps.
     std::function<Time()> Now;
     /// Has `Look` called once after that time, instead of when it was asked for before.

@@ -31,12 +31,22 @@ void TabStripInput::MouseDown(MouseButton Button, Twips x, Twips y) {
 void TabStripInput::OpenPopup(std::size_t position) {
     PopupTabPosition = position;
     auto* view = PopupView();
+    const auto* group = PopupTab() ? PopupTab()->Group() : nullptr;
+    PopupGroup = group ? group->Id() : 0;
     if (!view) return;
     const bool busy = view->Control->Busy();
     m_actBar.Enable(u"mnuTabRefresh"_tool, !busy);
     m_actBar.Enable(u"mnuTabStop"_tool, busy);
     Opening();
+    GroupOpening();
     m_actBar.Popup(u"bndTabPopup"_band);
+}
+
+void TabStripInput::OpenGroupPopup(std::int32_t group) {
+    PopupGroup = group;
+    if (!m_pcPage.FindGroup(group)) return;
+    GroupOpening();
+    m_actBar.Popup(u"bndTabGroup"_band);
 }
 
 void TabStripInput::OLEDragOver(bool hasText, double x, double y) {

@@ -22,6 +22,8 @@ public:
     void MouseDown(MouseButton Button, Twips x, Twips y);
     /// The pop-up of the tab at that position, from 1, is wanted.
     void OpenPopup(std::size_t position);
+    /// The pop-up of that group is wanted.
+    void OpenGroupPopup(std::int32_t group);
     /// Data is dragged over a point of the strip, in logical pixels. Nothing without text.
     void OLEDragOver(bool hasText, double x, double y);
     /// Text is dropped where it was dragged last. On the selected tab, or on none, it opens a new tab; another tab
@@ -35,9 +37,12 @@ public:
     /// 1-based positions; 0 when the pointer was over no tab.
     std::size_t PopupTabPosition = 0;
     std::size_t DropTabPosition = 0;
+    /// The group that its pop-up was opened on, or that of the tab that the pop-up was; 0 for none.
+    std::int32_t PopupGroup = 0;
 
-    /// The pop-up is about to be shown.
+    /// The pop-up of a tab is about to be shown, or that of a group.
     Signal<void()> Opening;
+    Signal<void()> GroupOpening;
     /// The 0-based position of the tab at a point of the strip in logical pixels; -1 for none. Filled in by the
     /// strip's view.
     std::function<int(Pixels x, Pixels y)> HitTest;

@@ -57,6 +57,27 @@ std::string Desk::Strip() const {
     return all;
 }
 
+std::string Desk::Units() const {
+    std::string all;
+    const TabGroup* open = nullptr;
+    const auto& strip = main.pcPage;
+    for (std::size_t position = 1; position <= strip.Count(); ++position) {
+        const tessa::Tab& tab = TabAt(position);
+        if (open && tab.Group() != open) all += ")";
+        if (position > 1) all += " ";
+        if (tab.Group() && tab.Group() != open) {
+            const TabGroup& group = *tab.Group();
+            all += ToUtf8(group.Name()) + (group.Folded() ? "-" : "") +
+                   (main.TabGroups().IsChanged(group.Id()) ? "!" : "") +
+                   (group.Loading() > 0 ? std::to_string(group.Loading()) : "") + "(";
+        }
+        open = tab.Group();
+        const std::string number = (tab.Pinned() ? "^" : "") + std::to_string(tab.Tag);
+        all += &tab == strip.SelectedItem() ? "[" + number + "*]" : number;
+    }
+    return all + (open ? ")" : "");
+}
+
 std::string Desk::Captions() const {
     std::string all;
     for (std::size_t i = 1; i <= main.pcPage.Count(); ++i) {

@@ -45,6 +45,9 @@ public:
     [[nodiscard]] std::string Strip() const;
     /// The same with captions, busy ones with a "!": "News! [Blank*]".
     [[nodiscard]] std::string Captions() const;
+    /// The same with what belongs together: "^1 News(2 [3*]) 4 News(5)" has a pinned tab, and a group in two parts.
+    /// Behind the name stands "-" when it is folded, "!" when it is not as its file, and the number of tabs that load.
+    [[nodiscard]] std::string Units() const;
     [[nodiscard]] std::size_t CountTabs() const { return main.pcPage.Count(); }
     [[nodiscard]] tessa::Tab& TabAt(std::size_t position) const;
     [[nodiscard]] tessa::Tab& TabOf(std::int32_t index) const;
@@ -72,6 +75,8 @@ public:
 
     // TessaGroups and where else tabs come from.
     void OpenGroup(TextView path) { main.OpenTessaGroup(path); }
+    /// The group of the tab there.
+    [[nodiscard]] TabGroup& GroupAt(std::size_t position) const { return *TabAt(position).Group(); }
     void OpenGroups(const std::vector<Text>& paths) { main.OpenTessaGroups(paths); }
     void AddToGroup(TextView address, TextView path) { main.AddToTessaGroup(address, path); }
     void OpenGiven(BrowserView& view, TextView text) { main.OpenGiven(view, text); }

@@ -109,6 +109,24 @@ const TileDivider* TilePlaces::DividerAt(std::int32_t x, std::int32_t y) const {
     return found == Dividers.end() ? nullptr : &*found;
 }
 
+const TileDivider* TilePlaces::DividerOf(std::int32_t number, bool upright) const {
+    const TilePane* pane = Find(number);
+    if (!pane) return nullptr;
+    const auto begin = [](const Rect& rect, bool across) { return across ? rect.left.value : rect.top.value; };
+    const auto end = [](const Rect& rect, bool across) {
+        return across ? rect.left.value + rect.width.value : rect.top.value + rect.height.value;
+    };
+    const TileDivider* before = nullptr;
+    for (const TileDivider& each : Dividers) {
+        const bool along = begin(each.Place, !upright) < end(pane->Whole, !upright) &&
+                           begin(pane->Whole, !upright) < end(each.Place, !upright);
+        if (each.Upright != upright || !along) continue;
+        if (begin(each.Place, upright) == end(pane->Whole, upright)) return &each;
+        if (end(each.Place, upright) == begin(pane->Whole, upright)) before = &each;
+    }
+    return before;
+}
+
 TilePlaces PlacesOf(const TileLayout& layout, std::int32_t focus, const Rect& area, const TileMeasures& measures) {
     TilePlaces places;
     TileLayer layer(measures, places);

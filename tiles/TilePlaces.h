@@ -37,6 +37,8 @@ struct TilePlaces {
     [[nodiscard]] const TilePane* Find(std::int32_t number) const;
     [[nodiscard]] const TilePane* PaneAt(std::int32_t x, std::int32_t y) const;
     [[nodiscard]] const TileDivider* DividerAt(std::int32_t x, std::int32_t y) const;
+    /// The divider at the pane's right or lower edge, else that at its left or upper one; nothing for none.
+    [[nodiscard]] const TileDivider* DividerOf(std::int32_t number, bool upright) const;
 };
 
 /// The panes share the area without a gap but for the dividers, which are left out where there is no room for them.

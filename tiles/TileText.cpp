@@ -116,4 +116,15 @@ Text TileText(const TileLayout& layout) {
 
 std::optional<TileLayout> TileLayoutIn(TextView text) { return TileReader(text).Read(); }
 
+std::vector<Text> TileTextsBecome(const std::vector<Text>& texts,
+                                  const std::function<std::int32_t(std::int32_t)>& become) {
+    std::vector<Text> all;
+    for (const Text& text : texts) {
+        const auto read = TileLayoutIn(text);
+        const auto layout = read ? TileLayouts::Renumbered(*read, become) : std::nullopt;
+        if (layout) all.push_back(TileText(*layout));
+    }
+    return all;
+}
+
 } // namespace tessa

@@ -11,4 +11,9 @@ namespace tessa {
 /// Reads what `TileText` has written; nothing for anything else. Blanks may stand between all parts.
 [[nodiscard]] std::optional<TileLayout> TileLayoutIn(TextView text);
 
+/// Several of them, each with what `become` answers for its numbers, see `TileLayouts::Renumbered`. Texts that are no
+/// layouts are left out, and so are those of less than two panes.
+[[nodiscard]] std::vector<Text> TileTextsBecome(const std::vector<Text>& texts,
+                                                const std::function<std::int32_t(std::int32_t)>& become);
+
 } // namespace tessa

@@ -8,6 +8,13 @@
 
 namespace tessa {
 
+namespace {
+
+/// As many tabs as a command that closed them is brought back of.
+constexpr std::size_t kMostLeft = 1000;
+
+} // namespace
+
 Tiles::Tiles(TabSet& tabs, TabStrip& pcPage) : m_tabs(tabs), m_pcPage(pcPage) {
     m_tabs.Together = this;
     m_tabs.Closing.ConnectForLife([this](std::int32_t index) { OnClosing(index); });
@@ -159,6 +166,39 @@ void Tiles::Restore(const std::vector<Text>& kept, const std::vector<std::int32_
     if (any) ShowChange();
 }
 
+// Those beside it have stayed where they were, or are alone by now. Where they lie otherwise, it comes beside the one
+// that it would have handed the keyboard to.
+std::optional<TileLayout> Tiles::LayoutWith(const TileLayout& left, std::int32_t index) const {
+    const auto numbers = left.Numbers();
+    const auto lies = std::ranges::find_if(numbers, [&](std::int32_t each) { return each != index && IsInPane(each); });
+    const TileLayout* there = lies == numbers.end() ? nullptr : FindOf(*lies);
+    const auto stays = [&](std::int32_t each) {
+        const bool with = there ? there->Has(each) : m_tabs.IsOpen(each) && !IsInPane(each);
+        return each == index || with ? each : 0;
+    };
+    auto layout = TileLayouts::Renumbered(left, stays);
+    if (!there || !layout) return layout;
+    layout->Full = false;
+    layout->Linked = there->Linked;
+    if (TileLayouts::Without(*layout, index).value_or(*there).Numbers() == there->Numbers()) return layout;
+    TileLayout beside = *there;
+    beside.Full = false;
+    const std::int32_t neighbour = layout->Neighbour(index);
+    return TileLayouts::Split(beside, neighbour, TileEdge::Right, index) ? std::optional(beside) : std::nullopt;
+}
+
+void Tiles::Return(std::int32_t was, std::int32_t is) {
+    const auto become = [=](std::int32_t number) { return number == was ? is : number; };
+    for (auto& [index, left] : m_left) left = TileLayouts::Renumbered(left, become).value_or(left);
+    const auto left = m_left.extract(was);
+    const auto layout =
+        left.empty() || IsInPane(is) || !m_tabs.IsOpen(is) ? std::nullopt : LayoutWith(left.mapped(), is);
+    if (!layout) return;
+    for (const std::int32_t each : layout->Numbers()) Leave(each);
+    m_layouts.push_back(*layout);
+    ShowChange();
+}
+
 void Tiles::Leave(std::int32_t index) {
     auto* layout = FindOf(index);
     if (!layout) return;
@@ -191,6 +231,8 @@ void Tiles::OnClosing(std::int32_t index) {
     if (!layout) return;
     const std::int32_t neighbour = layout->Neighbour(index);
     const bool focused = index == Focus();
+    m_left[index] = *layout;
+    if (m_left.size() > kMostLeft) m_left.erase(m_left.begin());
     Leave(index);
     if (focused) Select(neighbour);
     Changed();

@@ -5,6 +5,8 @@
 #include "tabs/TabSet.h"
 #include "tiles/TilePlaces.h"
 
+#include <map>
+
 namespace tessa {
 
 /// Which tabs lie side by side in panes. The number of a pane is the index of its view. A tab is in one layout at most;
@@ -52,6 +54,10 @@ public:
     /// Brings back what `Kept` gave. Number n is `indexes[n - 1]`, the index of a view, or 0 when it has not come back.
     void Restore(const std::vector<Text>& kept, const std::vector<std::int32_t>& indexes);
 
+    /// A tab that has closed has come back as another. It lies beside the same ones again, where they still lie
+    /// together or where it was alone with one of them.
+    void Return(std::int32_t was, std::int32_t is);
+
     /// A layout, or which pane has the focus, has changed.
     Signal<void()> Changed;
 
@@ -63,10 +69,12 @@ private:
     void ShowChange();
     void Touch();
     void OnClosing(std::int32_t index);
+    [[nodiscard]] std::optional<TileLayout> LayoutWith(const TileLayout& left, std::int32_t index) const;
 
     TabSet& m_tabs;
     TabStrip& m_pcPage;
     std::vector<TileLayout> m_layouts;
+    std::map<std::int32_t, TileLayout> m_left; ///< what tabs lay in that have closed, by the indexes of their views
     bool m_headers = true;
     std::int32_t m_front = 0, m_before = 0; ///< the view in front, and the one that was before it
 };

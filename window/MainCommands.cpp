@@ -102,6 +102,28 @@ void MainCommands::ToggleDownloads() {
     form.Visible = !form.Visible();
 }
 
+void MainCommands::ToggleTabPanel() {
+    auto& form = m_parts.tabPanel;
+    form.Form.Visible = !form.Form.Visible();
+    if (form.Form.Visible()) form.txtFilter.SetFocus();
+    KeepTabPanel();
+}
+
+void MainCommands::ToggleTabStrip() {
+    m_parts.tabPanel.StripHidden = !m_parts.tabPanel.StripHidden();
+    KeepTabPanel();
+}
+
+void MainCommands::MoveTabPanel() {
+    m_parts.tabPanel.OnRight = !m_parts.tabPanel.OnRight();
+    KeepTabPanel();
+}
+
+void MainCommands::KeepTabPanel() {
+    SettingsStore store(m_platform.settings);
+    m_parts.tabPanel.Save(store);
+}
+
 void MainCommands::ShowHistory() { m_parts.history.Show(); }
 
 void MainCommands::SearchOpenPages() { m_parts.openPages.Open(); }

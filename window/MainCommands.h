@@ -5,6 +5,7 @@
 #include "sessions/SessionJournal.h"
 #include "settings/InternetSettings.h"
 #include "startpage/HistoryPages.h"
+#include "tabpanel/frmTabPanel.h"
 #include "tabs/frmTaskView.h"
 #include "window/LiveSettings.h"
 #include "window/MainWindowPlatform.h"
@@ -29,6 +30,7 @@ public:
         frmDownloads& downloads;
         HistoryPages& history;
         frmOpenPages& openPages;
+        frmTabPanel& tabPanel;
     };
     /// `platform` outlives this object.
     MainCommands(Parts parts, const MainWindowPlatform& platform) : m_parts(parts), m_platform(platform) {}
@@ -40,6 +42,9 @@ public:
     void ShowSessions() override;
     void ShowTaskView() override;
     void ToggleDownloads() override;
+    void ToggleTabPanel() override;
+    void ToggleTabStrip() override;
+    void MoveTabPanel() override;
     void ShowHistory() override;
     void SearchOpenPages() override;
     void ToggleFullScreen() override;
@@ -52,6 +57,7 @@ public:
     Signal<void()> HistoryForgotten;
 
 private:
+    void KeepTabPanel();
     void ForgetHistory(std::int64_t seconds);
     void Resize(void (frmResize::*mode)());
     void Clear(const BrowsingData& data, const Forgotten& done);

@@ -10,7 +10,10 @@ void MainKeyboard::Run(const WindowKey& own) {
 KeyUsed MainKeyboard::Form_KeyDown(KeyStroke key, KeyboardOn keyboard) {
     if (keyboard == KeyboardOn::Tool && key == KeyStroke{Keys::kEscape, 0}) return KeyUsed::No;
     if (const auto* own = WindowKeys::Find(key); own && !m_actBar.Combinations.IsChosen(key)) Run(*own);
-    return m_actBar.KeyDown(key);
+    const bool ends = key == KeyStroke{Keys::kEscape, 0} && m_choice.Any();
+    if (ends) m_choice.End();
+    const KeyUsed used = m_actBar.KeyDown(key);
+    return ends ? KeyUsed::Yes : used;
 }
 
 void MainKeyboard::Form_Type() {

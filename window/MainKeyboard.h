@@ -1,6 +1,7 @@
 #pragma once
 #include "commands/Dispatcher.h"
 #include "commands/keys/WindowKeys.h"
+#include "tabs/TabChoice.h"
 
 namespace tessa {
 
@@ -11,11 +12,12 @@ enum class KeyboardOn { Tool, Other };
 class MainKeyboard {
 public:
     /// All outlive this object.
-    MainKeyboard(CommandBar& actBar, const TabSet& tabs, Dispatcher& dispatcher)
-        : m_actBar(actBar), m_tabs(tabs), m_dispatcher(dispatcher) {}
+    MainKeyboard(CommandBar& actBar, const TabSet& tabs, TabChoice& choice, Dispatcher& dispatcher)
+        : m_actBar(actBar), m_tabs(tabs), m_choice(choice), m_dispatcher(dispatcher) {}
 
     /// Runs the window's own combinations but those that the user has chosen for a tool, then lets the command bar have
-    /// the key. Used when the command bar says so. Escape on a tool leads away from there and is no command.
+    /// the key. Used when the command bar says so. Escape on a tool leads away from there and is no command; elsewhere
+    /// it ends a choice of tabs as well, and is used then.
     KeyUsed Form_KeyDown(KeyStroke key, KeyboardOn keyboard = KeyboardOn::Other);
     KeyUsed Form_KeyUp(KeyStroke key) { return m_actBar.KeyUp(key); }
     /// Something is typed while the page in front has the keyboard. Over a blank page that is meant for the address
@@ -27,6 +29,7 @@ private:
 
     CommandBar& m_actBar;
     const TabSet& m_tabs;
+    TabChoice& m_choice;
     Dispatcher& m_dispatcher;
 };
 

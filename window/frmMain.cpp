@@ -6,9 +6,11 @@
 #include "base/Captions.h"
 #include "base/LinkTrust.h"
 #include "base/os/Log.h"
+#include "commands/ChosenCommands.h"
 #include "commands/DesignTimeBar.h"
 #include "commands/PageMenu.h"
 #include "commands/ReadingCommands.h"
+#include "commands/TabGroupCommands.h"
 #include "commands/TabMoreCommands.h"
 #include "commands/TileCommands.h"
 #include "downloads/DownloadWords.h"
@@ -38,10 +40,12 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_browser(m_platform.views, m_events),
       m_tabs(pcPage, m_browser, actBar, sbStatus, m_platform.messages),
       m_tiles(m_tabs, pcPage),
-      m_groups({m_tabs, pcPage, m_browser, sbStatus, m_platform.messages, m_platform.files, m_platform.forms,
-                m_platform.settings, m_platform.groupFolder}),
-      m_chosen(m_groups, pcPage),
-      m_closed(m_tabs, pcPage, m_browser),
+      m_tabGroups(m_tabs, pcPage, m_browser),
+      m_groups({m_tabs, pcPage, m_browser, m_tabGroups, m_tiles, sbStatus, m_platform.messages, m_platform.files,
+                m_platform.forms, m_platform.settings, m_platform.groupFolder}),
+      m_choice(pcPage),
+      m_chosen(pcPage, m_choice),
+      m_closed(m_tabs, pcPage, m_browser, m_tabGroups),
       m_stripInput(m_tabs, pcPage, m_browser, actBar),
       m_pages(m_tabs, actBar, m_platform.settings),
       m_boxes(m_tabs, actBar),
@@ -51,8 +55,10 @@ frmMain::frmMain(MainWindowPlatform platform)
                 actBar,
                 m_pages,
                 m_groups,
+                m_tabGroups,
                 m_closed,
                 m_tiles,
+                m_choice,
                 m_chosen,
                 m_platform.files,
                 m_platform.messages,
@@ -65,7 +71,7 @@ frmMain::frmMain(MainWindowPlatform platform)
                 m_platform.input,
                 m_platform.groupFolder,
                 m_platform.favoritesFolder},
-      m_sessions(m_platform.sessions, m_platform.clock, {m_tabs, pcPage, m_browser, m_tiles}),
+      m_sessions(m_platform.sessions, m_platform.clock, {m_tabs, pcPage, m_browser, m_tiles, m_groups}),
       m_layout(actBar, m_platform.layout),
       m_menus(m_context, m_platform.folderWatch),
       m_favorites(m_context, {m_platform.trash, m_platform.forms}),
@@ -74,20 +80,22 @@ frmMain::frmMain(MainWindowPlatform platform)
       m_sleep(pcPage, m_browser),
       m_relief(pcPage, m_sleep),
       m_taskView(pcPage, m_browser),
-      m_reads({pcPage, m_browser, m_platform.visits, m_platform.clock}),
+      m_reads({pcPage, m_browser, m_tabGroups, m_platform.visits, m_platform.clock}),
       m_openPages(m_reads, pcPage, m_browser, m_platform.visits),
+      m_tabPanel({pcPage, m_browser, m_tabs, m_choice, m_tabGroups}),
       m_history({m_tabs, pcPage, m_browser, m_groups, m_platform.messages, m_platform.files, m_platform.visits,
                  m_platform.clock, m_platform.groupFolder}),
       m_homeFacts({m_platform.visits, m_platform.clock, m_closed, m_platform.groupFolder}),
       m_settings({pcPage, m_tabs, m_groups, m_sleep, m_reads}, m_platform.settings),
       m_commands({m_tabs, pcPage, m_browser, actBar, m_context, m_sessions, m_settings, m_taskView, m_downloadPanel,
-                  m_history, m_openPages},
+                  m_history, m_openPages, m_tabPanel},
                  m_platform),
       m_dispatcher(m_context),
-      m_keyboard(actBar, m_tabs, m_dispatcher),
+      m_keyboard(actBar, m_tabs, m_choice, m_dispatcher),
       m_closing({m_tabs, pcPage, m_downloads, m_platform.window, m_platform.messages}) {
     m_context.window = &m_commands;
     m_context.reads = &m_reads;
+    m_context.sleep = &m_sleep;
     DesignTimeBar::Make(actBar);
     WireParts();
 }
@@ -97,11 +105,17 @@ void frmMain::WireParts() {
     actBar.BandOpen.ConnectForLife([this](Band& band) { m_menus.BandOpen(band); });
     actBar.MouseOver.ConnectForLife(
         [this](const Tool* tool) { m_tabs.ShowStatusText(tool ? OneLine(tool->Description) : Text()); });
+    m_closed.Returned.ConnectForLife([this](std::int32_t was, std::int32_t is) { m_tiles.Return(was, is); });
     m_closed.Changed.ConnectForLife([this] { TabMoreCommands::ShowReopen(m_context); });
     m_stripInput.Opening.ConnectForLife([this] {
         TabMoreCommands::ShowState(m_context);
         ReadingCommands::ShowState(m_context);
         TileCommands::ShowTabState(m_context);
+        TabGroupCommands::ShowTabState(m_context);
+    });
+    m_stripInput.GroupOpening.ConnectForLife([this] {
+        m_groups.RereadAll();
+        TabGroupCommands::ShowState(m_context);
     });
     m_tiles.Changed.ConnectForLife([this] { TileCommands::ShowState(m_context); });
     pcPage.Touched.ConnectForLife([this] {
@@ -119,6 +133,8 @@ void frmMain::WireParts() {
     WireDownloads();
     WireSleep();
     WireReading();
+    WireChoice();
+    WireTabPanel();
     TabMoreCommands::ShowReopen(m_context);
 }
 
@@ -130,6 +146,7 @@ void frmMain::WireTabs() {
         m_closed.Remember(index);
         m_groups.PageDone(index);
         m_reads.Closes(index);
+        m_tabGroups.Closes(index);
     });
     m_tabs.ClosingSeveral = [this](const std::function<void()>& close) {
         m_closed.BeginSeveral();
@@ -147,7 +164,14 @@ void frmMain::WireSaying() {
     m_downloads.TryAgain.ConnectForLife([this] { RetryLater(); });
 }
 
+// First, because what is remembered of a page also depends on its group.
 void frmMain::WireGroups() {
+    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView URL) { m_tabGroups.Begins(Index, URL); });
+    m_events.Shows.ConnectForLife([this](std::int16_t Index, TextView URL) { m_tabGroups.Shows(Index, URL); });
+    m_groups.Written.ConnectForLife([this] { m_context.groupsMenuStale = true; });
+    m_folderChanges += m_platform.folderWatch.Changed.Connect([this](TextView folder) {
+        if (folder == m_platform.groupFolder) m_groups.RereadAll();
+    });
     m_events.Loaded.ConnectForLife([this](std::int16_t Index) {
         m_groups.PageDone(Index);
         m_relief.Loaded(Index);
@@ -173,19 +197,18 @@ void frmMain::WireDownloads() {
 
 void frmMain::WireSleep() {
     m_tabs.Opened.ConnectForLife([this](std::int32_t index) { m_sleep.Opened(index); });
+    m_sleep.Slept.ConnectForLife([this] { m_tabPanel.Dozed(); });
     m_relief.Say.ConnectForLife([this](TextView words) { m_tabs.Say(words); });
 }
 
 void frmMain::WireReading() {
-    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView URL) { m_reads.Begins(Index, URL); });
+    m_events.Begins.ConnectForLife([this](std::int16_t Index, TextView) { m_reads.Begins(Index); });
     m_events.Shows.ConnectForLife([this](std::int16_t Index, TextView URL) { m_reads.Shows(Index, URL); });
     m_events.Loaded.ConnectForLife([this](std::int16_t Index) {
         m_reads.Loads(Index);
         m_history.Loads(Index);
     });
     m_reads.Changed.ConnectForLife([this](std::int32_t index) { m_openPages.Changed(index); });
-    m_groups.Opening.ConnectForLife(
-        [this](TextView name, const std::vector<Text>& addresses) { m_reads.NoteGroup(name, addresses); });
     m_openPages.Shown.ConnectForLife([this](bool shown) {
         if (auto* tool = actBar.Find(u"xtrSearchOpenPages"_tool)) tool->Checked = shown;
     });
@@ -196,6 +219,28 @@ void frmMain::WireReading() {
         m_homeFacts.Ask();
         m_history.AskAgain();
     });
+}
+
+void frmMain::WireChoice() {
+    m_choice.Changed.ConnectForLife([this] { ChosenCommands::ShowState(m_context); });
+    ChosenCommands::ShowState(m_context);
+}
+
+void frmMain::WireTabPanel() {
+    m_tabPanel.Closes.ConnectForLife(
+        [this](const std::vector<std::int32_t>& indexes) { ChosenCommands::CloseTabs(m_context, indexes); });
+    m_tabPanel.Changed.ConnectForLife([this] { ShowTabPanel(); });
+    ShowTabPanel();
+}
+
+void frmMain::ShowTabPanel() {
+    const bool shown = m_tabPanel.Form.Visible(), hides = m_tabPanel.HidesStrip();
+    if (auto* tool = actBar.Find(u"xtrTabPanel"_tool)) tool->Checked = shown;
+    if (auto* tool = actBar.Find(u"xtrTabPanelRight"_tool)) tool->Checked = m_tabPanel.OnRight();
+    if (auto* tool = actBar.Find(u"xtrTabStripHidden"_tool)) tool->Checked = m_tabPanel.StripHidden();
+    for (const ToolName name : {u"xtrTabPanelRight"_tool, u"xtrTabStripHidden"_tool}) actBar.Enable(name, shown);
+    m_platform.window.ShowTabStrip(!hides);
+    if (std::exchange(m_stripHidden, hides) != hides && m_stage == Stage::Loaded) Form_Resize();
 }
 
 void frmMain::AskHomeFacts() {
@@ -242,6 +287,7 @@ void frmMain::Prepare() {
     m_tabs.ShowStatusBar(store.ShowStatusBar.Get());
     m_tiles.ShowHeaders(store.TileHeaders.Get());
     TileCommands::ShowState(m_context);
+    m_tabPanel.Restore(store);
     for (const ToolName name : kDisabledAtStart) actBar.Enable(name, false);
 }
 
@@ -318,6 +364,8 @@ void frmMain::OpenAtStart() {
     if (m_settings.RememberLastSites && !m_openedFromCommandLine) {
         const SettingsStore store(m_platform.settings);
         const auto opened = LastSites::Reopen(store.LastSites.Get(), m_tabs, m_browser, m_sessions.CameBack);
+        LastSites::Name(store.LastNames.Get(), opened, pcPage);
+        m_groups.Restore(KeptGroupsIn(store.LastGroups.Get(), opened.size()), opened);
         m_tiles.Restore(store.LastTiles.Get(), opened);
     }
     if (m_startedBare && pcPage.Count() == before) OpenStartGroup();
@@ -363,19 +411,24 @@ void frmMain::Save() {
 void frmMain::SaveSettings() {
     const std::vector<Text> sites = LastSites::Open(pcPage, m_browser);
     const std::vector<Text> tiles = LastSites::OpenTiles(pcPage, m_browser, m_tiles);
+    const std::vector<Text> names = LastSites::OpenNames(pcPage, m_browser);
+    const Text groups = LastSites::OpenGroups(pcPage, m_browser, m_tabGroups);
     SettingsStore store(m_platform.settings);
     WindowPlacement::Save(store, m_platform.window);
     m_settings.Save(store);
     ResumeNext(store.LastSites.Set(sites));
     BoxHistories::Save(store, actBar);
     ResumeNext(store.ShowStatusBar.Set(sbStatus.Visible()));
+    m_tabPanel.Save(store);
     if (tiles != store.LastTiles.Get()) ResumeNext(store.LastTiles.Set(tiles));
+    if (names != store.LastNames.Get()) ResumeNext(store.LastNames.Set(names));
+    if (groups != store.LastGroups.Get()) ResumeNext(store.LastGroups.Set(groups));
 }
 
 MainLayout::Inputs frmMain::LayoutInputs() const {
     const auto& window = m_platform.window;
     return {window.InnerWidth(), window.InnerHeight(), sbStatus.Visible() ? sbStatus.Height : Pixels{0},
-            pcPage.RowHeight, pcPage.Placement()};
+            m_tabPanel.HidesStrip() ? Pixels{0} : pcPage.RowHeight, pcPage.Placement()};
 }
 
 void frmMain::PlaceView(ArrayView& view) {

@@ -14,8 +14,10 @@
 #include "startpage/HistoryPages.h"
 #include "startpage/HomeFacts.h"
 #include "startpage/HomePages.h"
+#include "tabpanel/frmTabPanel.h"
 #include "tabs/BrowserEvents.h"
 #include "tabs/MemoryRelief.h"
+#include "tabs/TabGroups.h"
 #include "tabs/TabSleep.h"
 #include "tabs/frmTaskView.h"
 #include "tiles/Tiles.h"
@@ -70,6 +72,7 @@ public:
     [[nodiscard]] frmDownloads& DownloadPanel() { return m_downloadPanel; }
     [[nodiscard]] frmTaskView& TaskView() { return m_taskView; }
     [[nodiscard]] frmOpenPages& OpenPagesPanel() { return m_openPages; }
+    [[nodiscard]] frmTabPanel& TabPanel() { return m_tabPanel; }
 
     // Tabs.
     /// What is open, to be read: the strip describes its tabs by it.
@@ -80,6 +83,11 @@ public:
     void CloseBrowserTab(std::int32_t Index) { m_tabs.CloseBrowserTab(Index); }
     /// The tabs that lie side by side, for the area that shows them.
     [[nodiscard]] tessa::Tiles& Tiles() { return m_tiles; }
+    /// The tabs that are chosen together, for the views in which somebody chooses them.
+    [[nodiscard]] TabChoice& Choice() { return m_choice; }
+    /// The groups that tabs were opened from, for what shows them.
+    [[nodiscard]] tessa::TabGroups& TabGroups() { return m_tabGroups; }
+    [[nodiscard]] const tessa::TabGroups& TabGroups() const { return m_tabGroups; }
     /// Gives the page in front the keyboard.
     void FocusPage();
     /// Goes to what the program was started with, or what a later start hands over. Not to what is no page.
@@ -146,6 +154,9 @@ private:
     void WireDownloads();
     void WireSleep();
     void WireReading();
+    void WireChoice();
+    void WireTabPanel();
+    void ShowTabPanel();
     void AskHomeFacts();
     void Prepare();
     void Restore();
@@ -162,7 +173,9 @@ private:
     ViewArray m_browser;
     TabSet m_tabs;
     tessa::Tiles m_tiles;
+    tessa::TabGroups m_tabGroups;
     GroupCommands m_groups;
+    TabChoice m_choice;
     TabsOfFront m_chosen;
     ClosedTabs m_closed;
     TabStripInput m_stripInput;
@@ -180,6 +193,7 @@ private:
     frmTaskView m_taskView;
     ReadPages m_reads;
     frmOpenPages m_openPages;
+    frmTabPanel m_tabPanel;
     HistoryPages m_history;
     HomeFacts m_homeFacts;
     LiveSettings m_settings;
@@ -189,8 +203,10 @@ private:
     ClosingQuestions m_closing;
     Stage m_stage = Stage::New;
     bool m_activated = false;
+    bool m_stripHidden = false;
     bool m_openedFromCommandLine = false;
     bool m_startedBare = false; ///< without a command line
+    Connections m_folderChanges;
 
 public:
     // Settings that live here, as others see and change them.

@@ -2,7 +2,7 @@
 _tessaviewctl() {
   local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command= word
   local commands="list search open open-group save-group activate close reload text html pdf screenshot keep-offline check-group
-    run-command
+    pdf-group keep-group run-command
     wait-idle bus-name quit"
   COMPREPLY=()
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
@@ -34,7 +34,8 @@ _tessaviewctl() {
       else
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
       fi ;;
-    open | open-group | save-group | keep-offline | check-group) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
+    open | open-group | save-group | keep-offline | check-group | pdf-group | keep-group)
+      mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
   esac
 }
 complete -o filenames -F _tessaviewctl tessaviewctl

@@ -1,6 +1,6 @@
 # Completion of tessaviewctl for fish.
 set -l commands list search open open-group save-group activate close reload text html pdf screenshot keep-offline \
-    check-group run-command wait-idle bus-name quit
+    check-group pdf-group keep-group run-command wait-idle bus-name quit
 function __tessaviewctl_tabs
     tessaviewctl list 2>/dev/null | while read -l -d \t number state title rest
         printf '%s\t%s\n' $number $title
@@ -19,4 +19,5 @@ complete -c tessaviewctl -n "__fish_seen_subcommand_from open-group" -l close-ot
 complete -c tessaviewctl -n "__fish_seen_subcommand_from save-group" -l replace -d "Replace the file"
 complete -c tessaviewctl -n "__fish_seen_subcommand_from activate close reload text html pdf screenshot" \
     -a "(__tessaviewctl_tabs)"
-complete -c tessaviewctl -n "__fish_seen_subcommand_from open open-group save-group keep-offline check-group pdf screenshot" -F
+complete -c tessaviewctl \
+    -n "__fish_seen_subcommand_from open open-group save-group keep-offline check-group pdf pdf-group keep-group screenshot" -F

@@ -14,6 +14,7 @@ _tessaviewctl() {
     'list:the open tabs' 'search:tabs by words' 'open:open addresses' 'open-group:open a TessaGroup'
     'save-group:save the open tabs' 'activate:bring a tab to the front' 'close:close tabs' 'reload:load again'
     'text:print the text of a page' 'html:print a page as HTML' 'pdf:write a page as PDF'
+    'pdf-group:write the pages of a TessaGroup as PDF' 'keep-group:keep the pages of a TessaGroup'
     'screenshot:write a page as PNG' 'keep-offline:keep all pages' 'check-group:ask for every address'
     'run-command:run a command of the bar' 'wait-idle:wait for all pages'
     'bus-name:print the name on the session bus' 'quit:end the program'
@@ -31,7 +32,8 @@ _tessaviewctl() {
       case $words[1] in
         activate|close|reload|text|html) _tessaviewctl_tabs ;;
         pdf|screenshot) if (( CURRENT == 2 )); then _tessaviewctl_tabs; else _files; fi ;;
-        open-group|save-group|keep-offline|check-group) _files -g '*.tvg' ;;
+        pdf-group) if (( CURRENT == 2 )); then _files -g '*.tvg'; else _files; fi ;;
+        open-group|save-group|keep-offline|check-group|keep-group) _files -g '*.tvg' ;;
         open) _files ;;
       esac ;;
   esac

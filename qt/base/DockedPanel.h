@@ -5,14 +5,15 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <functional>
 
 class QMainWindow;
 class QWidget;
 
 namespace tessa::qt {
 
-/// A panel at the right of the window, which its user closes by its button and by Escape. Nothing of it is there while
-/// it is closed.
+/// A panel at a side of the window, by itself the right one, which its user closes by its button and by Escape. Nothing
+/// of it is there while it is closed.
 class DockedPanel final : public QObject {
     Q_OBJECT
 
@@ -22,10 +23,18 @@ public:
     ~DockedPanel() override;
 
     /// Takes over `contents`. Nothing happens while it is open.
-    void Open(const QString& caption, QWidget& contents);
+    void Open(const QString& caption, QWidget& contents, Qt::DockWidgetArea side = Qt::RightDockWidgetArea);
     void Close();
+    /// It may be at the left and at the right only, and is no window of its own. For before it opens.
+    void OnSidesAlone() { m_onSidesAlone = true; }
+    void MoveTo(Qt::DockWidgetArea side);
     /// Gives it that width in pixels, as far as the window allows.
     void SetWidth(int width);
+    /// How wide it is as long as its user has not dragged its border. With it, the panel keeps its width when the
+    /// window gets another one. Filled in by the owner before it opens; may be empty.
+    std::function<int()> UsualWidth;
+    /// The width that its user has given it; 0 for none.
+    void SetUserWidth(int width) { m_userWidth = width; }
     /// Null while it is closed.
     [[nodiscard]] QDockWidget* Get() const { return m_panel; }
 
@@ -33,14 +42,25 @@ public:
     Signal<void()> Dismissed;
     /// It was closed and had the keyboard.
     Signal<void()> KeyboardFree;
+    /// Its user has dragged its border.
+    Signal<void(int width)> WidthChosen;
+    /// Its user has dragged it to that side.
+    Signal<void(Qt::DockWidgetArea side)> Moved;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void KeepWidth();
+    void Fit();
+    void OnWindow(const QEvent& event);
+
     QMainWindow& m_window;
     QString m_name;
     QPointer<QDockWidget> m_panel;
+    bool m_onSidesAlone = false;
+    int m_userWidth = 0;
+    bool m_drags = false; ///< a border between panels is being dragged
 };
 
 } // namespace tessa::qt

@@ -9,6 +9,7 @@
 #include "qt/dialogs/InternetOptionsDialog.h"
 #include "qt/dialogs/OrganizeFavorites.h"
 #include "qt/dialogs/RenameGroup.h"
+#include "qt/dialogs/RenameTab.h"
 #include "qt/dialogs/ResizeDialog.h"
 #include "qt/dialogs/SessionsDialog.h"
 #include "qt/dialogs/SettingsDialog.h"
@@ -30,6 +31,7 @@ void Forms::Show(frmGroupCompare& form) { ShowModal(form, Front()); }
 void Forms::Show(frmInternetOptions& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmOrganizeFavorites& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmRenameGroup& form) { ShowModal(form, &m_window); }
+void Forms::Show(frmRenameTab& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmResize& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmSessions& form) { ShowModal(form, &m_window); }
 void Forms::Show(frmSettings& form) { ShowModal(form, &m_window); }

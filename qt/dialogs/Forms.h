@@ -22,6 +22,7 @@ public:
     void Show(frmInternetOptions& form) override;
     void Show(frmOrganizeFavorites& form) override;
     void Show(frmRenameGroup& form) override;
+    void Show(frmRenameTab& form) override;
     void Show(frmResize& form) override;
     void Show(frmSessions& form) override;
     void Show(frmSettings& form) override;

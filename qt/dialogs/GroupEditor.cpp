@@ -108,6 +108,7 @@ QWidget* GroupEditor::Manner() {
     layout->addSpacing(layout->spacing());
     layout->addWidget(NewCheckBox(m_form.chkBehind, "chkBehind", u'N'));
     layout->addWidget(NewCheckBox(m_form.chkCloseOthers, "chkCloseOthers", u'S'));
+    layout->addWidget(NewCheckBox(m_form.chkKeepPanes, "chkKeepPanes", u'K'));
     layout->addStretch();
     return row;
 }

@@ -95,7 +95,7 @@ InternetOptionsDialog::InternetOptionsDialog(frmInternetOptions& form, QWidget* 
     setWindowTitle(ToQt(form.Caption));
     m_pages = new PageList(this);
     m_pages->Add(*BlockingPages::NewLists(form.Blocking), QStringLiteral("&Blocking"));
-    m_pages->Add(*BlockingPages::NewOwnRules(form.Blocking), QStringLiteral("M&y Rules"));
+    m_pages->Add(*BlockingPages::NewOwnRules(form.Blocking), QStringLiteral("&My Rules"));
     m_pages->Add(*GeneralPage(), QStringLiteral("&General"));
     m_pages->Add(*ProgramsPage(), QStringLiteral("&Programs"));
     m_pages->Add(*PrivacyPage(), QStringLiteral("Pri&vacy"));
@@ -134,7 +134,7 @@ QWidget* InternetOptionsDialog::GeneralPage() {
 QWidget* InternetOptionsDialog::ProgramsPage() {
     auto* page = new QWidget;
     auto* rows = new QVBoxLayout(page);
-    AddBox(*rows, m_form.lblMail, m_form.txtMail, "txtMail", u'M');
+    AddBox(*rows, m_form.lblMail, m_form.txtMail, "txtMail", u'I');
     AddBox(*rows, m_form.lblNews, m_form.txtNews, "txtNews", u'N');
     AddBox(*rows, m_form.lblArchive, m_form.txtArchive, "txtArchive", u'A')
         ->setPlaceholderText(QStringLiteral("TessaView's own choice"));
@@ -181,7 +181,7 @@ QWidget* InternetOptionsDialog::HistoryPage() {
     for (auto* box : {&m_form.txtHistoryDays, &m_form.txtHistoryMegabytes}) LeadTo(*page, *box);
     for (auto* edit :
          {AddBox(*rows, m_form.lblHistoryDays, m_form.txtHistoryDays, "txtHistoryDays", u'F'),
-          AddBox(*rows, m_form.lblHistoryMegabytes, m_form.txtHistoryMegabytes, "txtHistoryMegabytes", u'M')}) {
+          AddBox(*rows, m_form.lblHistoryMegabytes, m_form.txtHistoryMegabytes, "txtHistoryMegabytes", u'K')}) {
         edit->setMinimumWidth(0);
         edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(u'0') * kPortWidthInDigits);
     }

@@ -1,8 +1,12 @@
 #include "qt/dialogs/PageList.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPainter>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStyledItemDelegate>
@@ -43,6 +47,33 @@ public:
     }
 };
 
+/// As large as its page, as far as the screen has room beside the list and the window's frame.
+class PageScroll final : public QScrollArea {
+public:
+    explicit PageScroll(QWidget& page) {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setWidget(&page);
+        setFocusPolicy(Qt::NoFocus);
+        // An access key leads to what may be out of sight.
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+            if (now && now != widget() && widget()->isAncestorOf(now)) ensureWidgetVisible(now);
+        });
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        const QSize all = widget()->sizeHint();
+        const QSize room = screen()->availableSize() - kRoomBeside;
+        const int bar = verticalScrollBar()->sizeHint().width();
+        if (all.height() <= room.height()) return all.boundedTo(room);
+        return QSize(all.width() + bar, all.height()).boundedTo(room);
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+private:
+    static constexpr QSize kRoomBeside{140, 130};
+};
+
 } // namespace
 
 PageList::PageList(QWidget* parent)
@@ -71,7 +102,7 @@ void PageList::AddKey(const QKeySequence& keys, int step) {
 void PageList::Add(QWidget& page, const QString& name) {
     auto* item = new QListWidgetItem(WithoutMark(name));
     item->setData(kMarkedNameRole, name);
-    m_pages->addWidget(&page);
+    m_pages->addWidget(new PageScroll(page));
     m_names->addItem(item);
     auto* key = new QShortcut(QKeySequence::mnemonic(name), this, nullptr, nullptr, Qt::WindowShortcut);
     connect(key, &QShortcut::activated, this, [this, &page] {
@@ -84,11 +115,11 @@ void PageList::Add(QWidget& page, const QString& name) {
 
 void PageList::FitNames() { m_names->setFixedWidth(m_names->sizeHintForColumn(0) + 2 * m_names->frameWidth()); }
 
-void PageList::Show(QWidget& page) { SetCurrent(m_pages->indexOf(&page)); }
+void PageList::Show(QWidget& page) { SetCurrent(m_pages->indexOf(page.parentWidget()->parentWidget())); }
 
 int PageList::Count() const { return m_pages->count(); }
 
-QWidget* PageList::Page(int index) const { return m_pages->widget(index); }
+QWidget* PageList::Page(int index) const { return static_cast<QScrollArea*>(m_pages->widget(index))->widget(); }
 
 int PageList::Current() const { return m_names->currentRow(); }
 

@@ -7,7 +7,8 @@ class QStackedWidget;
 namespace tessa::qt {
 
 /// Pages of a dialog, with a list of their names at the side. However many there are, all of them can be seen. A page
-/// is shown by its access key, by Ctrl+Tab and Ctrl+Page, and from the list.
+/// is shown by its access key, by Ctrl+Tab and Ctrl+Page, and from the list. A page that has no room on the screen
+/// scrolls.
 class PageList final : public QWidget {
     Q_OBJECT
 

@@ -26,6 +26,7 @@ constexpr int kContentsMargin = 6;
 
 DownloadsPanel::DownloadsPanel(frmDownloads& form, QMainWindow& window)
     : m_form(form), m_window(window), m_panel(window, QStringLiteral("downloads")) {
+    m_panel.UsualWidth = [this] { return std::min(kUsualWidth, m_window.width() / kShareOfWindow); };
     m_refresh.setSingleShot(true);
     m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
     m_connections += m_form.Schedule.Connect([this] {
@@ -43,11 +44,8 @@ DownloadsPanel::~DownloadsPanel() {
 void DownloadsPanel::Open() {
     if (m_panel.Get()) return;
     m_panel.Open(ToQt(m_form.Caption), *Contents());
-    m_panel.Get()->installEventFilter(this);
     m_panel.Get()->widget()->installEventFilter(this);
-    Fit();
     LayButtons();
-    m_window.installEventFilter(this);
     m_panel.Get()->findChild<DownloadLines*>()->setFocus(Qt::OtherFocusReason);
 }
 
@@ -101,35 +99,15 @@ void DownloadsPanel::LayButtons() {
     }
 }
 
-void DownloadsPanel::Fit() {
-    m_panel.SetWidth(m_width > 0 ? m_width : std::min(kUsualWidth, m_window.width() / kShareOfWindow));
-}
-
 void DownloadsPanel::Close() {
     if (!m_panel.Get()) return;
-    m_window.removeEventFilter(this);
-    m_panel.Get()->removeEventFilter(this);
     m_panel.Get()->widget()->removeEventFilter(this);
     m_panel.Close();
 }
 
-// A press that reaches the window itself is on a border between its panels.
-bool DownloadsPanel::OnWindow(const QEvent& event) {
-    if (event.type() == QEvent::MouseButtonPress) m_drags = true;
-    if (event.type() == QEvent::MouseButtonRelease) m_drags = false;
-    // Once the window has laid its panels out in its new size.
-    if (event.type() == QEvent::Resize) QMetaObject::invokeMethod(this, &DownloadsPanel::Fit, Qt::QueuedConnection);
-    return false;
-}
-
 bool DownloadsPanel::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == &m_window) return OnWindow(*event);
-    if (event->type() != QEvent::Resize) return QObject::eventFilter(watched, event);
-    if (watched != m_panel.Get())
-        LayButtons();
-    else if (m_drags)
-        m_width = m_panel.Get()->width();
-    return false;
+    if (event->type() == QEvent::Resize) LayButtons();
+    return QObject::eventFilter(watched, event);
 }
 
 } // namespace tessa::qt

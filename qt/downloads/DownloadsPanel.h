@@ -34,8 +34,6 @@ private:
     [[nodiscard]] QWidget* Contents();
     void AddButtons(QWidget& contents);
     void LayButtons();
-    void Fit();
-    bool OnWindow(const QEvent& event);
 
     frmDownloads& m_form;
     QMainWindow& m_window;
@@ -43,8 +41,6 @@ private:
     QPointer<QGridLayout> m_buttons;
     QTimer m_refresh;
     int m_columns = 0;
-    int m_width = 0;      ///< in pixels, as the user has dragged it; 0 for never
-    bool m_drags = false; ///< a border between panels is being dragged
     Connections m_connections;
 };
 

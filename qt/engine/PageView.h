@@ -70,6 +70,8 @@ public:
     // For the engine.
     /// See `Navigation`.
     void Renew() { m_navigation.Renew(); }
+    /// What waits until somebody looks loads now.
+    void LoadPutOff() { m_navigation.Look(); }
     /// Lays the widget out, because bars beside the page came or went.
     void LayWidget() { m_surface.Lay(); }
     /// Silences the page or not, as the tab and the load switches have it.
@@ -78,6 +80,8 @@ public:
     /// The engine's page; nothing before it came into being.
     [[nodiscard]] WebPage* Page() const override { return m_page ? &m_page->Page() : nullptr; }
     [[nodiscard]] tessa::Privacy Privacy() const { return m_self.privacy; }
+    /// Whether it is for its content alone, in no tab. Such views have negative indexes.
+    [[nodiscard]] bool Unseen() const { return m_self.index < 0; }
     /// What the page asks for, and what covers it; nothing while there is no page.
     [[nodiscard]] WebPageQuestions* Questions() const { return m_page ? m_page->Questions() : nullptr; }
     [[nodiscard]] QWebEngineView* Widget() const { return m_surface.Widget(); }

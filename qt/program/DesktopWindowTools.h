@@ -18,10 +18,13 @@ public:
     void ShowFind(BrowserView& view) override;
     void ToggleDevTools() override;
     void ShowTabList() override { ListsTabs(); }
+    void MoveDividers() override { MovesDividers(); }
     void Customize() override { Customizes(); }
 
     /// The list of tabs is to drop down.
     Signal<void()> ListsTabs;
+    /// The keyboard is to move the dividers between panes.
+    Signal<void()> MovesDividers;
     /// The dialog in which the bars are arranged is to open.
     Signal<void()> Customizes;
 

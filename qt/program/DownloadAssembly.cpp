@@ -10,6 +10,8 @@ QWebEngineProfile* PagesForDownloads::Profile() { return m_engine.Profiles().Get
 
 bool PagesForDownloads::MaySave(QWebEnginePage* page, const QUrl& address) {
     auto* view = m_engine.ViewOf(page);
+    // Nobody sees what such a page would save.
+    if (view && view->Unseen()) return false;
     return !view || view->Questions()->permissions.MaySave(address);
 }
 

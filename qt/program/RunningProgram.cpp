@@ -20,6 +20,7 @@
 #include "qt/program/PageBarsAssembly.h"
 #include "qt/program/ReportSource.h"
 #include "qt/program/StripAssembly.h"
+#include "qt/program/TabPanelAssembly.h"
 #include "qt/program/TileAssembly.h"
 #include "qt/program/WindowAssembly.h"
 #include "qt/script/GroupPrint.h"
@@ -77,6 +78,7 @@ struct RunningProgram::Parts {
     frmMain main{Outside()};
     StripAssembly strip{main, engine.engine};
     WindowAssembly frame{main, window, strip.strip};
+    TabPanelAssembly tabPanel{main, engine.engine, window, tiles.area};
     BarAssembly bar{main, window, engine.engine};
     KeyboardAssembly keyboard{main, window, bar};
     TaskViewPresenter taskView{main.TaskView(), window};
@@ -100,6 +102,7 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     blocking.Serve(main, frame.statusBar, window);
     frame.FollowPages(engine.engine, desktop.OwnProfile());
     tools.ListsTabs.ConnectForLife([this] { strip.List(); });
+    tools.MovesDividers.ConnectForLife([this] { tiles.area.MoveDividers(); });
     tools.Customizes.ConnectForLife([this] { bar.Customize(); });
     desktop.settings.SetReport([this](const Text& message) { main.sbStatus.Complaint(message); });
     FollowGroups();
@@ -109,17 +112,22 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
 
 void RunningProgram::Parts::FollowGroups() {
     main.Groups().Probe = &probe;
-    main.Groups().Write = [this](GroupCommands::Writes what, const Text& path, const auto& told) {
-        const auto written = [told](const GroupOutput::Result& result) {
-            told(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
+    main.Groups().Write = [this](const GroupCommands::Writing& writing) {
+        const auto written = [ended = writing.ended](const GroupOutput::Result& result) {
+            ended(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
         };
-        switch (what) {
+        const auto progress = [writing](const GroupOutput::Progress& so) {
+            so.making ? writing.made(static_cast<int>(so.done)) : writing.fetched(so.done, so.all);
+        };
+        const bool tabs = writing.group.empty();
+        const auto pages = tabs ? GroupOutput::Pages() : GroupOutput::UnopenedPages(writing.group);
+        switch (writing.what) {
         case GroupCommands::Writes::Pdf:
-            return scripts.Output().Pdf({}, ToQt(path), written);
+            return scripts.Output().Pdf(pages, ToQt(writing.path), {written, progress});
         case GroupCommands::Writes::Offline:
-            return scripts.Output().Keep({}, ToQt(path), written);
+            return scripts.Output().Keep(pages, ToQt(writing.path), {written, progress});
         case GroupCommands::Writes::Print:
-            return print.Print(written);
+            return print.Print(pages, {written, progress});
         }
     };
 }
@@ -200,6 +208,7 @@ int RunningProgram::Run() {
     const int result = RunEventLoop();
     // Qt 6.4 ends the event loop when its display breaks off. The session is on disk; the next start offers it.
     if (!m_unloaded) std::_Exit(EXIT_FAILURE);
+    m->scripts.Shutdown();
     m->downloads.Shutdown();
     m->engine.Shutdown();
     return result;

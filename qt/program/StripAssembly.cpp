@@ -11,6 +11,7 @@ namespace tessa::qt {
 StripAssembly::StripAssembly(frmMain& main, Engine& engine)
     : strip(main.pcPage, *this), m_main(main), m_engine(engine) {
     m_connections += m_engine.Told().IconChanged.Connect([this](std::int32_t index) { strip.RefreshIcons(index); });
+    m_connections += m_main.Tiles().Changed.Connect([this] { strip.RefreshFacesSoon(); });
     FollowClicks();
     FollowPointer();
 }
@@ -18,6 +19,15 @@ StripAssembly::StripAssembly(frmMain& main, Engine& engine)
 QIcon StripAssembly::IconOf(const Tab& tab) const { return m_engine.Icon(tab.Tag); }
 
 Text StripAssembly::TipOf(const Tab& tab) const { return m_main.Tabs().Describe(tab); }
+
+bool StripAssembly::IsChanged(const TabGroup& group) const { return m_main.TabGroups().IsChanged(group.Id()); }
+
+TabPane StripAssembly::PaneOf(const Tab& tab) const {
+    const auto& tiles = m_main.Tiles();
+    if (!tiles.IsInPane(tab.Tag)) return TabPane::None;
+    const auto* shown = tiles.Shown();
+    return shown && shown->Has(tab.Tag) ? TabPane::Shown : TabPane::Behind;
+}
 
 Text StripAssembly::NewTabKeys() const { return ToolKeys::ShownWords(m_main.actBar, u"mnuNewBlank"_tool); }
 
@@ -31,7 +41,15 @@ void StripAssembly::FollowClicks() {
     strip.MuteRequested.ConnectForLife([this](const Tab& tab) {
         if (auto* view = m_main.Tabs().OpenView(tab.Tag)) view->Control->SetMuted(!view->Control->Muted());
     });
+    strip.PlainClick.ConnectForLife([this] { m_main.Choice().End(); });
+    strip.ChooseRequested.ConnectForLife([this](Tab& tab, Qt::KeyboardModifiers held) { Choose(tab, held); });
     strip.BlankRequested.ConnectForLife([this] { BarGestures::NewTab(m_main.actBar); });
+}
+
+void StripAssembly::Choose(Tab& tab, Qt::KeyboardModifiers held) {
+    auto& choice = m_main.Choice();
+    if (!held.testFlag(Qt::ShiftModifier)) return choice.Toggle(tab);
+    held.testFlag(Qt::ControlModifier) ? choice.AddTo(tab) : choice.ExtendTo(tab);
 }
 
 void StripAssembly::FollowPointer() {
@@ -42,6 +60,7 @@ void StripAssembly::FollowPointer() {
     };
     strip.RightButtonDown.ConnectForLife(
         [&input](QPoint point) { input.MouseDown(MouseButton::Right, ToTwips({point.x()}), ToTwips({point.y()})); });
+    strip.GroupMenuRequested.ConnectForLife([&input](const TabGroup& group) { input.OpenGroupPopup(group.Id()); });
     strip.DragOver.ConnectForLife(
         [&input](bool hasText, QPointF point) { input.OLEDragOver(hasText, point.x(), point.y()); });
     strip.Drop.ConnectForLife([&input](const Text& text) { input.OLEDragDrop(text); });

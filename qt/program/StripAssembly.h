@@ -27,9 +27,12 @@ public:
 private:
     [[nodiscard]] QIcon IconOf(const Tab& tab) const override;
     [[nodiscard]] Text TipOf(const Tab& tab) const override;
+    [[nodiscard]] bool IsChanged(const TabGroup& group) const override;
+    [[nodiscard]] TabPane PaneOf(const Tab& tab) const override;
     [[nodiscard]] Text NewTabKeys() const override;
     void FollowClicks();
     void FollowPointer();
+    void Choose(Tab& tab, Qt::KeyboardModifiers held);
     void ListTabs(QPoint corner);
     void MakeList();
     [[nodiscard]] std::vector<TabListEntry> Lines() const;

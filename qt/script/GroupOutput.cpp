@@ -3,6 +3,7 @@
 #include "base/os/AtomicFile.h"
 #include "base/os/Folder.h"
 #include "base/os/Paths.h"
+#include "groups/GroupOpening.h"
 #include "groups/TessaGroups.h"
 #include "qt/base/PathBytes.h"
 #include "qt/base/Strings.h"
@@ -63,8 +64,27 @@ QString WriteGroup(const Keeping& keeping) {
 
 } // namespace
 
-void GroupOutput::Pdf(const std::vector<std::uint32_t>& numbers, const QString& file, const Written& written) {
+GroupOutput::Pages GroupOutput::UnopenedPages(const Text& group) {
+    Pages pages;
+    pages.unopened.emplace();
+    for (const auto& each : GroupOpening::AllUnasked(group)) {
+        if (each.opened.empty())
+            pages.left.append(ToQt(each.address));
+        else
+            pages.unopened->push_back(each.opened);
+    }
+    return pages;
+}
+
+void GroupOutput::Go(const Pages& pages, PageSteps steps, const Told& told) {
+    if (told.progress)
+        steps.progress = [progress = told.progress](std::size_t done, std::size_t all) { progress({done, all}); };
+    pages.unopened ? m_addresses.Go(*pages.unopened, std::move(steps)) : m_tabs.Go(pages.tabs, std::move(steps));
+}
+
+void GroupOutput::Pdf(const Pages& pages, const QString& file, const Told& told) {
     const auto collected = std::make_shared<Collected>();
+    collected->left = pages.left;
     const auto step = [this, collected](const ScriptTab& tab, const std::function<void()>& next) {
         const auto take = [collected, tab, next](const QByteArray& pdf) {
             const QString part = collected->folder.filePath(QStringLiteral("%1.pdf").arg(collected->parts.size()));
@@ -77,17 +97,23 @@ void GroupOutput::Pdf(const std::vector<std::uint32_t>& numbers, const QString& 
         };
         m_reads.Pdf(static_cast<std::int32_t>(tab.number), take);
     };
-    m_walk.Go(numbers, step, [this, collected, file, written](const std::vector<std::string>& left) {
+    const auto bind = [this, collected, file, told](const std::vector<std::string>& left) {
         Name(collected->left, left);
-        m_work.Bind(collected->parts, file, [collected, written](const PdfBinder::Bound& bound) {
-            written({bound.refusal, collected->left + bound.left});
-        });
-    });
+        const auto bound = [collected, told](const PdfBinder::Bound& done) {
+            told.written({done.refusal, collected->left + done.left});
+        };
+        const auto progress = [told](int percent) {
+            if (told.progress) told.progress({static_cast<std::size_t>(percent), 100, true});
+        };
+        m_work.Bind(collected->parts, file, {bound, progress});
+    };
+    Go(pages, {step, bind}, told);
 }
 
-void GroupOutput::Keep(const std::vector<std::uint32_t>& numbers, const QString& group, const Written& written) {
+void GroupOutput::Keep(const Pages& pages, const QString& group, const Told& told) {
     const auto keeping = std::make_shared<Keeping>();
-    if (const QString refusal = Begin(*keeping, group); !refusal.isEmpty()) return written({refusal, {}});
+    keeping->left = pages.left;
+    if (const QString refusal = Begin(*keeping, group); !refusal.isEmpty()) return told.written({refusal, {}});
     const auto step = [this, keeping](const ScriptTab& tab, const std::function<void()>& next) {
         const QString name = FileFor(tab, keeping->addresses.size() + 1);
         const QString file = QFile::decodeName(keeping->folder.c_str()) + QLatin1Char('/') + name;
@@ -100,12 +126,13 @@ void GroupOutput::Keep(const std::vector<std::uint32_t>& numbers, const QString&
             next();
         });
     };
-    m_walk.Go(numbers, step, [keeping, written](const std::vector<std::string>& left) {
+    const auto write = [keeping, told](const std::vector<std::string>& left) {
         Name(keeping->left, left);
         const QString refusal = WriteGroup(*keeping);
         if (!refusal.isEmpty()) ResumeNext(RemoveTree(keeping->folder));
-        written({refusal, keeping->left});
-    });
+        told.written({refusal, keeping->left});
+    };
+    Go(pages, {step, write}, told);
 }
 
 } // namespace tessa::qt

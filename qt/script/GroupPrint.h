@@ -8,16 +8,16 @@ namespace tessa::qt {
 
 class PageOutput;
 
-/// Prints the pages of all tabs, one behind the other, as the PDF that is made of them.
+/// Prints pages, one behind the other, as the PDF that is made of them.
 class GroupPrint {
 public:
     /// All outlive it. `pages` knows the page layout that the user has chosen.
     GroupPrint(GroupOutput& output, const PageOutput& pages, QWidget& window)
         : m_output(output), m_pages(pages), m_window(window) {}
 
-    /// Asks for a printer, or a PDF file where there is none, and prints. `printed` hears how it went, and nothing when
+    /// Asks for a printer, or a PDF file where there is none, and prints. `told` hears how it goes, and nothing when
     /// the user thought better of it.
-    void Print(const GroupOutput::Written& printed);
+    void Print(const GroupOutput::Pages& pages, const GroupOutput::Told& told);
 
 private:
     GroupOutput& m_output;

@@ -25,6 +25,10 @@ void WriteTo(const ScriptCall& call, const QByteArray& bytes) {
     call.Refuse(u"The file could not be written: " + path);
 }
 
+GroupOutput::Told Answering(const ScriptCall& call) {
+    return {[call](const GroupOutput::Result& result) { call.Answer(result); }};
+}
+
 /// Whether the call says where to write; refuses it otherwise.
 bool HasPath(const ScriptCall& call) {
     const bool has = IsAbsolute(PathToBytes(FromQt(call.TextAt(1))));
@@ -43,9 +47,10 @@ std::vector<ScriptMethod> PageMethods::All() {
         {"PdfOfAll", "aus", "as", [this](const ScriptCall& call) { WritePdfOfAll(call); }},
         {"KeepOffline", "aus", "as",
          [this](const ScriptCall& call) {
-             m_parts.output.Keep(call.NumbersAt(0), call.TextAt(1),
-                                 [call](const GroupOutput::Result& result) { call.Answer(result); });
+             m_parts.output.Keep({.tabs = call.NumbersAt(0)}, call.TextAt(1), Answering(call));
          }},
+        {"PdfOfGroup", "ss", "as", [this](const ScriptCall& call) { WritePdfOfGroup(call); }},
+        {"KeepGroup", "ss", "as", [this](const ScriptCall& call) { KeepGroup(call); }},
         {"CheckGroup", "s", "a(ussss)", [this](const ScriptCall& call) { CheckGroup(call); }},
     };
 }
@@ -92,8 +97,25 @@ void PageMethods::WriteScreenshot(const ScriptCall& call) {
 
 void PageMethods::WritePdfOfAll(const ScriptCall& call) {
     if (!HasPath(call)) return;
-    m_parts.output.Pdf(call.NumbersAt(0), call.TextAt(1),
-                       [call](const GroupOutput::Result& result) { call.Answer(result); });
+    m_parts.output.Pdf({.tabs = call.NumbersAt(0)}, call.TextAt(1), Answering(call));
+}
+
+std::optional<GroupOutput::Pages> PageMethods::PagesOfGroup(const ScriptCall& call) const {
+    const Text group = FromQt(call.TextAt(0)), file = m_parts.window.FileOf(group);
+    if (file.empty()) {
+        call.Refuse(u"The TessaGroup could not be read: " + group);
+        return std::nullopt;
+    }
+    return GroupOutput::UnopenedPages(file);
+}
+
+void PageMethods::WritePdfOfGroup(const ScriptCall& call) {
+    if (!HasPath(call)) return;
+    if (const auto pages = PagesOfGroup(call)) m_parts.output.Pdf(*pages, call.TextAt(1), Answering(call));
+}
+
+void PageMethods::KeepGroup(const ScriptCall& call) {
+    if (const auto pages = PagesOfGroup(call)) m_parts.output.Keep(*pages, call.TextAt(1), Answering(call));
 }
 
 void PageMethods::CheckGroup(const ScriptCall& call) {

@@ -6,6 +6,7 @@
 #include "qt/script/TabWalk.h"
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace tessa::qt {
@@ -33,6 +34,10 @@ private:
     void WritePdf(const ScriptCall& call);
     void WriteScreenshot(const ScriptCall& call);
     void WritePdfOfAll(const ScriptCall& call);
+    /// The pages of the group that the call names; refuses it where there is none.
+    [[nodiscard]] std::optional<GroupOutput::Pages> PagesOfGroup(const ScriptCall& call) const;
+    void WritePdfOfGroup(const ScriptCall& call);
+    void KeepGroup(const ScriptCall& call);
     void CheckGroup(const ScriptCall& call);
 
     Parts m_parts;

@@ -27,10 +27,48 @@ const QString& AskFrames() {
     return script;
 }
 
+// A page at rest is not painted again. For a moment this much less of it is seen, and then all of it again.
+const QString& AskPaint() {
+    static const QString script =
+        QStringLiteral("document.documentElement && document.documentElement.animate({opacity: [0.9999, 1]}, 100); 0");
+    return script;
+}
+
 constexpr std::chrono::milliseconds kSettling{5000};
 constexpr std::chrono::milliseconds kBetween{30};
 constexpr int kMostGrabs = 100;
-constexpr int kMostLooks = 200; ///< a page that draws nothing is taken as it is
+constexpr int kRestingLooks = 4; ///< without a frame in between
+constexpr int kMostLooks = 200;  ///< a page that draws nothing is taken as it is
+
+/// Sees that what a view shows is painted.
+class PaintWatch final : public QObject {
+public:
+    explicit PaintWatch(QWidget& view) : QObject(&view) {
+        for (QWidget* each : view.findChildren<QWidget*>()) each->installEventFilter(this);
+    }
+    /// Whether it was painted anew, and rests again. Asked at each look.
+    [[nodiscard]] bool Rests() {
+        m_looks = std::exchange(m_painted, m_times) == m_times ? m_looks + 1 : 0;
+        return m_times >= 2 && m_looks >= kRestingLooks;
+    }
+    /// What is seen. Taking that paints, too.
+    [[nodiscard]] QImage Grab() {
+        const int before = m_times;
+        const QImage picture = static_cast<QWidget*>(parent())->grab().toImage();
+        m_times = before;
+        return picture;
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        m_times += event->type() == QEvent::Paint;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    int m_times = 0, m_painted = 0;
+    int m_looks = 0; ///< since it was painted last
+};
 
 /// Calls `then` when the page has drawn what it shows.
 void WhenDrawn(QPointer<WebPage> page, int looks, const std::function<void()>& then) {
@@ -61,12 +99,16 @@ bool ShowsAnything(const QImage& picture) {
     return false;
 }
 
-/// Takes a picture of a view once its page is seen in it: what has been drawn takes a moment to get there. A page of
-/// one colour is taken as it is in the end.
-void GrabSeen(const QPointer<QWidget>& view, int looks, const std::function<void(const QByteArray&)>& read) {
-    const QImage picture = view ? view->grab().toImage() : QImage();
-    if (!view || looks == 0 || ShowsAnything(picture)) return read(PngOf(picture));
-    QTimer::singleShot(kBetween, view, [view, looks, read] { GrabSeen(view, looks - 1, read); });
+/// Takes a picture of a view once its page is seen in it: what has been drawn takes a moment to get there. One of one
+/// colour is taken when the page has been painted since it was asked to, and rests; or in the end, when it never does.
+void GrabSeen(const QPointer<PaintWatch>& watch, int looks, const std::function<void(const QByteArray&)>& read) {
+    if (!watch) return read({});
+    const QImage picture = watch->Grab();
+    if (looks == 0 || watch->Rests() || ShowsAnything(picture)) {
+        watch->deleteLater();
+        return read(PngOf(picture));
+    }
+    QTimer::singleShot(kBetween, watch, [watch, looks, read] { GrabSeen(watch, looks - 1, read); });
 }
 
 } // namespace
@@ -77,6 +119,11 @@ WebPage* PageReads::Find(std::int32_t index) const {
 }
 
 bool PageReads::Wake(std::int32_t index) {
+    auto* view = m_engine.Find(index);
+    if (view && view->Progress() == PageProgress::PutOff) {
+        view->LoadPutOff();
+        return true;
+    }
     auto* page = Find(index);
     if (page && page->lifecycleState() != QWebEnginePage::LifecycleState::Active)
         page->setLifecycleState(QWebEnginePage::LifecycleState::Active);
@@ -138,7 +185,12 @@ void PageReads::Screenshot(std::int32_t index, const std::function<void(const QB
     if (!page) return read({});
     const auto grab = [this, index, read] {
         auto* view = m_engine.Find(index);
-        GrabSeen(view ? view->Widget() : nullptr, kMostGrabs, read);
+        auto* widget = view ? view->Widget() : nullptr;
+        if (!widget) return read({});
+        const QImage picture = widget->grab().toImage();
+        if (ShowsAnything(picture)) return read(PngOf(picture));
+        view->Page()->runJavaScript(AskPaint(), QWebEngineScript::ApplicationWorld);
+        GrabSeen(new PaintWatch(*widget), kMostGrabs, read);
     };
     page->runJavaScript(AskFrames(), QWebEngineScript::ApplicationWorld);
     WhenDrawn(page, kMostLooks, grab);

@@ -18,7 +18,8 @@ public:
     /// The engine outlives it.
     explicit PageReads(Engine& engine) : m_engine(engine) {}
 
-    /// Whether there is a page to be read. One that sleeps is woken, and loads before it can be read.
+    /// Whether there is a page to be read. One that sleeps is woken, and one that waits until somebody looks need not
+    /// wait any longer; both load before they can be read.
     [[nodiscard]] bool Wake(std::int32_t index);
     /// Calls `then` when these pages have told all that they had to tell when they had loaded: the engine brings the
     /// title a little later. One that is busy with itself is not waited for long.

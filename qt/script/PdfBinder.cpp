@@ -108,21 +108,43 @@ private:
     bool m_done = false;
 };
 
-bool BindOpened(std::vector<Opened>& parts, const QString& feetFile, const QString& file,
-                const std::atomic<bool>& stop) {
+/// How much of the work is done when all pages are together; the rest is writing them.
+constexpr int kTogether = 40;
+
+/// Tells each percent once.
+class Percents {
+public:
+    explicit Percents(const PdfBinder::Wish& wish) : m_wish(wish) {}
+    void Tell(int percent) {
+        if (percent <= m_last || !m_wish.progress) return;
+        m_wish.progress(m_last = percent);
+    }
+
+private:
+    const PdfBinder::Wish& m_wish;
+    int m_last = -1;
+};
+
+bool BindOpened(std::vector<Opened>& parts, const QString& feetFile, const QString& file, const PdfBinder::Wish& wish) {
+    Percents percents(wish);
     BesideTarget beside(file);
     try {
         QPDF feet;
         Read(feet, PathBytes(feetFile), true);
         std::vector<QPDFPageObjectHelper> feetPages = QPDFPageDocumentHelper(feet).getAllPages();
         PdfBook book;
+        int added = 0;
         for (Opened& part : parts) {
-            if (stop) return false;
+            if (wish.stop) return false;
             book.Add(part, feetPages);
+            percents.Tell(kTogether * ++added / static_cast<int>(parts.size()));
         }
         Output output(beside.Path());
         if (!output.File()) return false;
-        book.Write(output.File(), stop);
+        book.Write(output.File(), [&](int percent) {
+            percents.Tell(kTogether + (100 - kTogether) * percent / 100);
+            return !wish.stop;
+        });
         return output.Close() && beside.Take();
     } catch (const std::exception&) {
         return false;
@@ -133,7 +155,7 @@ bool BindOpened(std::vector<Opened>& parts, const QString& feetFile, const QStri
 
 namespace PdfBinder {
 
-Bound Bind(const std::vector<Part>& parts, const QString& file, const std::atomic<bool>& stop) {
+Bound Bind(const std::vector<Part>& parts, const QString& file, const Wish& wish) {
     Bound bound;
     std::vector<Opened> opened = Open(parts, bound.left);
     std::size_t all = 0;
@@ -142,9 +164,9 @@ Bound Bind(const std::vector<Part>& parts, const QString& file, const std::atomi
     const QString feet = folder.filePath(QStringLiteral("feet.pdf"));
     if (all == 0)
         bound.refusal = QStringLiteral("There is nothing to be bound.");
-    else if (!folder.isValid() || !PdfFeet::Draw(FeetOf(opened, all), feet, stop))
+    else if (!folder.isValid() || !PdfFeet::Draw(FeetOf(opened, all), feet, wish.stop))
         bound.refusal = QStringLiteral("There is no room for the page numbers.");
-    else if (!BindOpened(opened, feet, file, stop))
+    else if (!BindOpened(opened, feet, file, wish))
         bound.refusal = QStringLiteral("The file could not be written: %1").arg(file);
     return bound;
 }

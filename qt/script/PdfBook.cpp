@@ -14,13 +14,13 @@ QPDFObjectHandle TextObject(const QString& text) { return QPDFObjectHandle::newU
 /// Ends the writing when nobody wants it any more.
 class Stopping final : public QPDFWriter::ProgressReporter {
 public:
-    explicit Stopping(const std::atomic<bool>& stop) : m_stop(stop) {}
-    void reportProgress(int) override {
-        if (m_stop) throw std::runtime_error("stopped");
+    explicit Stopping(const std::function<bool(int percent)>& goesOn) : m_goesOn(goesOn) {}
+    void reportProgress(int percent) override {
+        if (!m_goesOn(percent)) throw std::runtime_error("stopped");
     }
 
 private:
-    const std::atomic<bool>& m_stop;
+    const std::function<bool(int percent)>& m_goesOn;
 };
 
 } // namespace
@@ -35,12 +35,12 @@ void PdfBook::Add(Chapter& chapter, std::vector<QPDFPageObjectHelper>& feet) {
     }
 }
 
-void PdfBook::Write(std::FILE* file, const std::atomic<bool>& stop) {
+void PdfBook::Write(std::FILE* file, const std::function<bool(int percent)>& goesOn) {
     WriteOutline();
     QPDFWriter writer(m_pdf);
     writer.setOutputFile("", file, false);
     writer.setObjectStreamMode(qpdf_o_generate);
-    writer.registerProgressReporter(std::make_shared<Stopping>(stop));
+    writer.registerProgressReporter(std::make_shared<Stopping>(goesOn));
     writer.write();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 #include <QString>
-#include <atomic>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <vector>
 // What newer releases of the library want to be told.
@@ -26,8 +26,9 @@ public:
 
     /// Adds the pages of one. Of the feet each page takes the next one.
     void Add(Chapter& chapter, std::vector<QPDFPageObjectHelper>& feet);
-    /// Writes it, with its outline. Throws, as the library does, when that fails or `stop` comes.
-    void Write(std::FILE* file, const std::atomic<bool>& stop);
+    /// Writes it, with its outline. Throws, as the library does, when that fails, or when `goesOn`, which hears how
+    /// far it is, says no.
+    void Write(std::FILE* file, const std::function<bool(int percent)>& goesOn);
 
 private:
     struct First {

@@ -9,12 +9,16 @@ PdfWork::~PdfWork() {
     m_thread.waitForDone();
 }
 
-void PdfWork::Bind(std::vector<PdfBinder::Part> parts, const QString& file,
-                   std::function<void(const PdfBinder::Bound&)> bound) {
-    m_thread.start([this, parts = std::move(parts), file, told = std::move(bound)] {
-        const PdfBinder::Bound result = PdfBinder::Bind(parts, file, m_stop);
+void PdfWork::Bind(std::vector<PdfBinder::Part> parts, const QString& file, Told told) {
+    m_thread.start([this, parts = std::move(parts), file, told = std::move(told)] {
+        const auto progress = [this, told](int percent) {
+            QMetaObject::invokeMethod(
+                this, [told, percent] { told.progress(percent); }, Qt::QueuedConnection);
+        };
+        const PdfBinder::Bound result =
+            PdfBinder::Bind(parts, file, {m_stop, told.progress ? progress : std::function<void(int)>()});
         QMetaObject::invokeMethod(
-            this, [told, result] { told(result); }, Qt::QueuedConnection);
+            this, [told, result] { told.bound(result); }, Qt::QueuedConnection);
     });
 }
 

@@ -16,9 +16,12 @@ public:
     PdfWork() { m_thread.setMaxThreadCount(1); }
     ~PdfWork() override;
 
-    /// `bound` hears how it went, in this object's thread.
-    void Bind(std::vector<PdfBinder::Part> parts, const QString& file,
-              std::function<void(const PdfBinder::Bound&)> bound);
+    /// Who hears how it goes, in this object's thread.
+    struct Told {
+        std::function<void(const PdfBinder::Bound&)> bound;
+        std::function<void(int percent)> progress{};
+    };
+    void Bind(std::vector<PdfBinder::Part> parts, const QString& file, Told told);
 
 private:
     std::atomic<bool> m_stop = false;

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] Signal<void(const QByteArray& token)>& Foreground() { return m_tabs.Foreground; }
     /// What is made of several tabs: for commands too.
     [[nodiscard]] GroupOutput& Output() { return m_output; }
+    /// Gives up what has not been made by then. Before the engine ends.
+    void Shutdown() { m_addresses.Shutdown(); }
     /// Takes the name that goes with the folder in which this instance keeps its state. Without a bus nothing happens.
     void Start(const QString& stateFolder, const QDBusConnection& bus = QDBusConnection::sessionBus());
 
@@ -50,6 +52,7 @@ private:
     PageReads m_reads;
     LoadWaits m_waits;
     TabWalk m_walk;
+    AddressWalk m_addresses;
     GroupOutput m_output;
     GroupChecks m_checks;
     TabMethods m_tabs;

@@ -45,14 +45,13 @@ void LoadWaits::Look() {
 /// One way through the tabs.
 struct TabWalk::Walk {
     std::vector<std::uint32_t> numbers;
-    Step step;
-    Ended ended;
+    PageSteps steps;
     std::size_t at = 0;
     std::vector<std::string> left{};
 };
 
-void TabWalk::Go(const std::vector<std::uint32_t>& numbers, Step step, Ended ended) {
-    const auto walk = std::make_shared<Walk>(Walk{numbers, std::move(step), std::move(ended)});
+void TabWalk::Go(const std::vector<std::uint32_t>& numbers, PageSteps steps) {
+    const auto walk = std::make_shared<Walk>(Walk{numbers, std::move(steps)});
     if (numbers.empty()) {
         for (const ScriptTab& tab : m_window.List()) walk->numbers.push_back(tab.number);
     }
@@ -62,25 +61,26 @@ void TabWalk::Go(const std::vector<std::uint32_t>& numbers, Step step, Ended end
 void TabWalk::Next(const std::shared_ptr<Walk>& walk) {
     const std::vector<ScriptTab> tabs = m_window.List();
     while (walk->at < walk->numbers.size()) {
+        if (walk->steps.progress) walk->steps.progress(walk->at, walk->numbers.size());
         const auto tab = std::ranges::find(tabs, walk->numbers[walk->at++], &ScriptTab::number);
         // One that was closed meanwhile is nobody's wish any more.
         if (tab == tabs.end() || Says(*tab, "private")) continue;
         if (m_reads.Wake(static_cast<std::int32_t>(tab->number))) return Visit(walk, *tab);
         walk->left.push_back(tab->address.empty() ? tab->title : tab->address);
     }
-    walk->ended(walk->left);
+    walk->steps.ended(walk->left);
 }
 
 void TabWalk::Visit(const std::shared_ptr<Walk>& walk, const ScriptTab& tab) {
     const auto goOn = [this, walk, tab] {
-        if (Says(tab, "asleep")) m_reads.Sleep(static_cast<std::int32_t>(tab.number));
+        if (Says(tab, "asleep") || Says(tab, "waiting")) m_reads.Sleep(static_cast<std::int32_t>(tab.number));
         Next(walk);
     };
     const auto visit = [this, walk, number = tab.number, goOn] {
         const std::vector<ScriptTab> tabs = m_window.List();
         const auto now = std::ranges::find(tabs, number, &ScriptTab::number);
         if (now == tabs.end()) return Next(walk);
-        walk->step(*now, goOn);
+        walk->steps.step(*now, goOn);
     };
     const auto settle = [this, visit, number = tab.number] { m_reads.Settle({number}, visit); };
     if (!m_waits.When({tab.number}, settle)) {

@@ -34,21 +34,30 @@ private:
     QTimer m_look;
 };
 
+/// What is done on a way from page to page.
+struct PageSteps {
+    /// Does something with a page, and calls `next`.
+    using Step = std::function<void(const ScriptTab& page, std::function<void()> next)>;
+    /// The titles or addresses of the pages that were left out.
+    using Ended = std::function<void(const std::vector<std::string>& left)>;
+    /// So many of all the pages are done.
+    using Progress = std::function<void(std::size_t done, std::size_t all)>;
+
+    Step step;
+    Ended ended;
+    Progress progress{};
+};
+
 /// Goes from tab to tab: wakes each page, waits until it has loaded, and has something done with it. One that slept
-/// sleeps again afterwards, so that however many there are, few are awake.
+/// or waited for somebody to look sleeps afterwards, so that however many there are, few are awake.
 class TabWalk {
 public:
-    /// Does something with the page of a tab, and calls `next`.
-    using Step = std::function<void(const ScriptTab& tab, std::function<void()> next)>;
-    /// The titles or addresses of the tabs that were left out.
-    using Ended = std::function<void(const std::vector<std::string>& left)>;
-
     /// All outlive it.
     TabWalk(const ScriptedWindow& window, PageReads& reads, LoadWaits& waits)
         : m_window(window), m_reads(reads), m_waits(waits) {}
 
     /// Through these tabs, through all when there are none. Private ones are passed over in silence.
-    void Go(const std::vector<std::uint32_t>& numbers, Step step, Ended ended);
+    void Go(const std::vector<std::uint32_t>& numbers, PageSteps steps);
 
 private:
     struct Walk;

@@ -17,8 +17,31 @@ constexpr int kTabGap = 6;
 constexpr int kCorner = 4;
 constexpr int kAccentHeight = 2;
 constexpr int kColourHeight = 3;
+constexpr int kHalfLight = 128;
+constexpr double kChosenShare = 0.35;
 /// No tab is wide enough for more; measuring a longer text would only cost time.
 constexpr int kMeasuredUnits = 256;
+
+// A head: a box with an arrow, the name, and what there is to say of the group.
+constexpr int kHeadMargin = 3, kHeadPadding = 6, kHeadArrow = 8, kHeadGap = 4, kHeadMark = 6;
+constexpr int kWidestName = 12; // in heights of the font
+constexpr int kSlimHead = 8;
+
+/// What is said of the group behind its name.
+QString HeadWords(const TabHeadFace& face) {
+    if (face.loading > 0) return QString::number(face.loading) + QChar(0x2026);
+    return face.folded ? QString::number(face.count) : QString();
+}
+
+int HeadNameWidth(const QFontMetrics& font, const TabHeadFace& face) {
+    return std::min(font.horizontalAdvance(face.name.left(kMeasuredUnits)) + 1, kWidestName * font.height());
+}
+
+/// Black or white, whichever is read better on it.
+QColor InkOn(const QColor& ground) {
+    const double light = 0.299 * ground.redF() + 0.587 * ground.greenF() + 0.114 * ground.blueF();
+    return light > 0.52 ? QColor(16, 16, 16) : QColor(Qt::white);
+}
 
 /// A box with two round corners, at the side away from the page.
 QPainterPath TabShape(const QRect& place, TabPlacement placement) {
@@ -45,7 +68,6 @@ TabLook::TabLook(const QPalette& palette, TabPlacement placement)
     m_line = Palette::Mix(m_row, m_text, 0.22);
     m_quietText = Palette::Mix(m_row, m_text, 0.78);
     m_faintText = Palette::Mix(m_row, m_text, 0.55);
-    m_new = dark ? QColor(255, 190, 60) : QColor(214, 120, 0);
     m_private = dark ? QColor(178, 132, 255) : QColor(106, 50, 196);
 }
 
@@ -64,28 +86,97 @@ void TabLook::PaintIcon(QPainter& painter, const TabFace& face, const QRect& ico
         PaintBlankPage(painter, icon, Palette::Mix(m_row, m_text, 0.55));
     else
         face.icon.paint(&painter, icon);
-    if (face.news == TabNews::New && !face.asks && !face.busy) PaintNews(painter, icon);
+    if (face.news == TabNews::New && !face.asks && !face.busy) PaintNewsMark(painter, icon, m_row);
 }
 
 void TabLook::PaintTab(QPainter& painter, const TabFace& face) const {
     painter.save();
     painter.setClipRect(face.place, Qt::IntersectClip);
     PaintBody(painter, face);
+    PaintPane(painter, face);
     PaintColour(painter, face);
-    const QRect icon(face.place.left() + kTabMargin, face.place.top() + (face.place.height() - kTabIconSize) / 2,
+    const int margin = face.pinned ? (face.place.width() - kTabIconSize) / 2 : kTabMargin;
+    const QRect icon(face.place.left() + margin, face.place.top() + (face.place.height() - kTabIconSize) / 2,
                      kTabIconSize, kTabIconSize);
     PaintIcon(painter, face, icon);
+    if (!face.pinned) PaintCaption(painter, face, icon.right() + 1 + kTabGap);
+    if (face.sound != TabSound::None && !face.pinned) PaintSound(painter, face);
+    if (face.closeShown) PaintClose(painter, face);
+    painter.restore();
+}
+
+void TabLook::PaintCaption(QPainter& painter, const TabFace& face, int left) const {
     QRect text = face.place;
-    text.setLeft(icon.right() + 1 + kTabGap);
+    text.setLeft(left);
     text.setRight(face.closeShown ? face.closePlace.left() - 3 : face.place.right() - kTabMargin);
     if (face.sound != TabSound::None) text.setRight(face.soundPlace.left() - 3);
     painter.setPen(face.selected ? m_text : face.news == TabNews::Nothing ? m_faintText : m_quietText);
     const QString caption =
         painter.fontMetrics().elidedText(face.caption.left(kMeasuredUnits).simplified(), Qt::ElideRight, text.width());
     painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, caption);
-    if (face.sound != TabSound::None) PaintSound(painter, face);
-    if (face.closeShown) PaintClose(painter, face);
+}
+
+// The line of what is selected, fainter: these pages are shown with it, or with each other.
+void TabLook::PaintPane(QPainter& painter, const TabFace& face) const {
+    if (face.pane == TabPane::None || face.selected) return;
+    const QRect& place = face.place;
+    const int top = m_placement == TabPlacement::Top ? place.top() : place.bottom() + 1 - kAccentHeight;
+    const QColor line = Palette::Mix(m_row, m_accent, face.pane == TabPane::Shown ? 0.75 : 0.35);
+    painter.fillRect(QRect(place.left() + kCorner, top, place.width() - 2 * kCorner, kAccentHeight), line);
+}
+
+int TabLook::HeadWidth(const QFontMetrics& font, const TabHeadFace& face) {
+    if (face.name.isEmpty()) return kSlimHead;
+    const QString words = HeadWords(face);
+    const int said = words.isEmpty() ? 0 : kHeadGap + font.horizontalAdvance(words);
+    const int mark = face.changed ? kHeadGap + kHeadMark : 0;
+    return 2 * (kHeadMargin + kHeadPadding) + kHeadArrow + kHeadGap + HeadNameWidth(font, face) + mark + said;
+}
+
+void TabLook::PaintHead(QPainter& painter, const TabHeadFace& face) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor mark = Palette::MarkColour(face.colour);
+    const QColor ground = face.hovered ? Palette::Mix(mark, m_text, 0.16) : mark;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ground);
+    const int margin = face.name.isEmpty() ? kHeadMargin - 1 : kHeadMargin;
+    const QRect box = face.place.adjusted(margin, kHeadMargin, -margin, -kHeadMargin);
+    painter.drawRoundedRect(box, face.name.isEmpty() ? 1.5 : kCorner, face.name.isEmpty() ? 1.5 : kCorner);
+    if (!face.name.isEmpty()) PaintHeadWords(painter, face, box, InkOn(ground));
     painter.restore();
+}
+
+// Towards the tabs when they are hidden, down when they are seen.
+void TabLook::PaintHeadArrow(QPainter& painter, const QPointF& centre, bool folded) {
+    const QPolygonF down({centre + QPointF(-3.5, -2), centre + QPointF(0, 2), centre + QPointF(3.5, -2)});
+    const QPolygonF right({centre + QPointF(-2, -3.5), centre + QPointF(2, 0), centre + QPointF(-2, 3.5)});
+    painter.drawPolyline(folded ? right : down);
+}
+
+void TabLook::PaintHeadWords(QPainter& painter, const TabHeadFace& face, const QRect& box, const QColor& ink) const {
+    painter.setPen(QPen(ink, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    int left = box.left() + kHeadPadding;
+    PaintHeadArrow(painter, QPointF(left + kHeadArrow / 2.0, QRectF(box).center().y()), face.folded);
+    left += kHeadArrow + kHeadGap;
+    const QFontMetrics font = painter.fontMetrics();
+    const auto write = [&](const QString& words, int width) {
+        painter.drawText(QRect(left, box.top(), width, box.height()),
+                         Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, words);
+        left += width;
+    };
+    const int name = HeadNameWidth(font, face);
+    write(font.elidedText(face.name.left(kMeasuredUnits), Qt::ElideRight, name), name);
+    if (face.changed) {
+        painter.setBrush(ink);
+        painter.drawEllipse(QPointF(left + kHeadGap + kHeadMark / 2.0, QRectF(box).center().y()), 2.5, 2.5);
+        left += kHeadGap + kHeadMark;
+    }
+    const QString words = HeadWords(face);
+    left += kHeadGap;
+    painter.setPen(Palette::Mix(ink, Palette::MarkColour(face.colour), 0.2));
+    if (!words.isEmpty()) write(words, font.horizontalAdvance(words));
 }
 
 // Beside the page, where nothing else is: what is selected has its line at the other side.
@@ -97,11 +188,12 @@ void TabLook::PaintColour(QPainter& painter, const TabFace& face) const {
 }
 
 // A dot at the corner of the icon, with a rim that tells it from any icon.
-void TabLook::PaintNews(QPainter& painter, const QRect& icon) const {
+void TabLook::PaintNewsMark(QPainter& painter, const QRect& icon, const QColor& ground) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_row, 1.5));
-    painter.setBrush(m_new);
+    painter.setPen(QPen(ground, 1.5));
+    const bool dark = ground.lightness() < kHalfLight;
+    painter.setBrush(dark ? QColor(255, 190, 60) : QColor(214, 120, 0));
     painter.drawEllipse(QPointF(icon.right() - 1.5, icon.top() + 2.5), 4.5, 4.5);
     painter.restore();
 }
@@ -110,13 +202,15 @@ void TabLook::PaintBody(QPainter& painter, const TabFace& face) const {
     const QRect& place = face.place;
     if (face.isPrivate && !face.selected)
         painter.fillRect(place.adjusted(0, 1, -1, 0), Palette::Mix(m_row, m_private, 0.25));
+    if (face.chosen && !face.selected) PaintChosen(painter, face);
     if (!face.selected && !face.hovered) {
         if (face.dividerShown) painter.fillRect(QRect(place.right(), place.top() + 5, 1, place.height() - 10), m_line);
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
     const QPainterPath shape = TabShape(place, m_placement);
-    const QColor body = face.selected ? m_selected : m_hovered;
+    const QColor plain = face.selected ? m_selected : m_hovered;
+    const QColor body = face.chosen ? Palette::Mix(plain, m_accent, kChosenShare) : plain;
     painter.fillPath(shape, face.isPrivate ? Palette::Mix(body, m_private, 0.25) : body);
     if (!face.selected) return;
     painter.save();
@@ -127,6 +221,14 @@ void TabLook::PaintBody(QPainter& painter, const TabFace& face) const {
     if (!face.focused) return;
     painter.setPen(QPen(m_accent, 1));
     painter.drawRoundedRect(QRectF(place).adjusted(2.5, 3.5, -2.5, -3.5), 2, 2);
+}
+
+// Chosen with others: the ground of the selection, which begins at the outer edge as on the tab in front.
+void TabLook::PaintChosen(QPainter& painter, const TabFace& face) const {
+    const QRect place = face.place.adjusted(0, 0, -1, 0);
+    painter.fillRect(place, Palette::Mix(m_row, m_accent, kChosenShare));
+    const int top = m_placement == TabPlacement::Top ? place.top() : place.bottom() + 1 - kAccentHeight;
+    painter.fillRect(QRect(place.left(), top, place.width(), kAccentHeight), Palette::Mix(m_row, m_accent, 0.7));
 }
 
 void TabLook::PaintAskMark(QPainter& painter, const QRect& place) {
@@ -184,7 +286,24 @@ void PaintHorn(QPainter& painter, const QColor& ink, QPointF centre) {
 
 } // namespace
 
-/// A loudspeaker, with waves when it is heard and crossed out when it is muted.
+void TabLook::PaintSoundMark(QPainter& painter, const QRect& place, const QColor& ink, TabSound sound) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPointF centre = QRectF(place).center();
+    PaintHorn(painter, ink, centre);
+    painter.setPen(QPen(ink, 1.2, Qt::SolidLine, Qt::RoundCap));
+    painter.setBrush(Qt::NoBrush);
+    if (sound == TabSound::Muted) {
+        painter.drawLine(centre + QPointF(2, -2), centre + QPointF(6, 2));
+        painter.drawLine(centre + QPointF(6, -2), centre + QPointF(2, 2));
+    } else {
+        for (const double radius : {2.5, 5.0})
+            painter.drawArc(QRectF(centre.x() - radius + 0.5, centre.y() - radius, 2 * radius, 2 * radius), -50 * 16,
+                            100 * 16);
+    }
+    painter.restore();
+}
+
 void TabLook::PaintSound(QPainter& painter, const TabFace& face) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -194,20 +313,9 @@ void TabLook::PaintSound(QPainter& painter, const TabFace& face) const {
         painter.setBrush(Palette::Mix(ground, m_text, 0.18));
         painter.drawRoundedRect(face.soundPlace, 3, 3);
     }
-    const QColor ink = face.soundHovered ? m_text : Palette::Mix(ground, m_text, 0.75);
-    const QPointF centre = QRectF(face.soundPlace).center();
-    PaintHorn(painter, ink, centre);
-    painter.setPen(QPen(ink, 1.2, Qt::SolidLine, Qt::RoundCap));
-    painter.setBrush(Qt::NoBrush);
-    if (face.sound == TabSound::Muted) {
-        painter.drawLine(centre + QPointF(2, -2), centre + QPointF(6, 2));
-        painter.drawLine(centre + QPointF(6, -2), centre + QPointF(2, 2));
-    } else {
-        for (const double radius : {2.5, 5.0})
-            painter.drawArc(QRectF(centre.x() - radius + 0.5, centre.y() - radius, 2 * radius, 2 * radius), -50 * 16,
-                            100 * 16);
-    }
     painter.restore();
+    PaintSoundMark(painter, face.soundPlace, face.soundHovered ? m_text : Palette::Mix(ground, m_text, 0.75),
+                   face.sound);
 }
 
 void TabLook::PaintClose(QPainter& painter, const TabFace& face) const {

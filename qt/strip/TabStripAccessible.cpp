@@ -4,6 +4,10 @@
 #include "qt/base/Strings.h"
 #include "qt/strip/TabStripView.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 namespace tessa::qt {
 
 namespace {
@@ -51,8 +55,9 @@ public:
     QString text(QAccessible::Text kind) const override {
         const Tab* tab = Find();
         if (!tab) return {};
-        if (kind == QAccessible::Name) return ToQt(OneLine(tab->Caption()));
+        if (kind == QAccessible::Name) return ToQt(OneLine(tab->Shown()));
         if (kind == QAccessible::Description && tab->Asks()) return QStringLiteral("Asks a question");
+        if (kind == QAccessible::Description && tab->Chosen()) return QStringLiteral("Selected with others");
         if (kind == QAccessible::Description && tab->Private()) return QStringLiteral("Private");
         if (kind == QAccessible::Description && !tab->Awaited().empty()) return Waiting(*tab);
         if (kind == QAccessible::Description && Busy(*tab)) return QStringLiteral("Loading");
@@ -78,7 +83,7 @@ public:
         state.selected = tab == m_strip.Model().SelectedItem();
         state.focused = state.selected && m_strip.hasFocus();
         state.busy = Busy(*tab);
-        state.invisible = !m_strip.isVisible();
+        state.invisible = !m_strip.isVisible() || !m_strip.Model().IsShown(*tab);
         state.offscreen = !m_strip.rect().intersects(m_strip.TabPlace(m_strip.Model().PositionOf(tab)));
         return state;
     }
@@ -132,6 +137,57 @@ public:
     }
 };
 
+/// The head of a group. It knows its group by number.
+class HeadAccessible final : public StripPart {
+public:
+    HeadAccessible(TabStripView& strip, std::int32_t group) : StripPart(strip), m_group(group) {}
+
+    [[nodiscard]] std::int32_t Group() const { return m_group; }
+
+    QAccessible::Role role() const override { return QAccessible::Button; }
+
+    QString text(QAccessible::Text kind) const override {
+        const TabGroup* group = Find();
+        if (!group) return {};
+        if (kind == QAccessible::Name) return ToQt(m_strip.Describe(*group));
+        if (kind == QAccessible::Description) return QStringLiteral("Hides or shows its tabs; its menu has more");
+        return {};
+    }
+
+    QRect rect() const override {
+        const TabGroup* group = Find();
+        if (!group) return {};
+        const QRect place = m_strip.HeadPlace(group);
+        return place.isEmpty() ? QRect() : QRect(m_strip.mapToGlobal(place.topLeft()), place.size());
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        const TabGroup* group = Find();
+        state.invalid = !group;
+        if (!group) return state;
+        state.hasPopup = true;
+        state.expandable = true;
+        state.expanded = !group->Folded();
+        state.collapsed = group->Folded();
+        state.invisible = !m_strip.isVisible();
+        state.offscreen = !m_strip.rect().intersects(m_strip.HeadPlace(group));
+        return state;
+    }
+
+    QStringList actionNames() const override { return {pressAction(), showMenuAction()}; }
+    void doAction(const QString& name) override {
+        TabGroup* group = Find();
+        if (group && name == pressAction()) m_strip.ToggleFolded(*group);
+        if (group && name == showMenuAction()) m_strip.GroupMenuRequested(*group);
+    }
+
+private:
+    [[nodiscard]] TabGroup* Find() const { return m_strip.Model().FindGroup(m_group); }
+
+    std::int32_t m_group;
+};
+
 void Announce(QAccessibleInterface* interface, QAccessible::Event kind) {
     if (!interface) return;
     QAccessibleEvent event(interface, kind);
@@ -159,20 +215,33 @@ TabStripAccessible::TabStripAccessible(TabStripView& strip)
 
 TabStripAccessible::~TabStripAccessible() {
     for (const auto& [key, known] : m_known) QAccessible::deleteAccessibleInterface(known.id);
+    for (const auto& [group, known] : m_heads) QAccessible::deleteAccessibleInterface(known.id);
     if (m_newTab) QAccessible::deleteAccessibleInterface(*m_newTab);
 }
 
-int TabStripAccessible::childCount() const { return static_cast<int>(m_strip.Model().Count()) + 1; }
+int TabStripAccessible::childCount() const {
+    return static_cast<int>(m_strip.Model().Count() + m_strip.Model().Groups().size()) + 1;
+}
 
 QAccessibleInterface* TabStripAccessible::child(int index) const {
     if (index < 0) return nullptr;
     if (index + 1 == childCount()) return NewTab();
-    const Tab* tab = m_strip.Model().FindAt(static_cast<std::size_t>(index) + 1);
-    return tab ? Interface(tab->Key()) : nullptr;
+    const auto place = static_cast<std::size_t>(index);
+    const std::size_t tabs = m_strip.Model().Count();
+    if (place < tabs) return Interface(m_strip.Model().FindAt(place + 1)->Key());
+    const auto groups = m_strip.Model().Groups();
+    return place - tabs < groups.size() ? Head(groups[place - tabs]->Id()) : nullptr;
 }
 
 int TabStripAccessible::indexOfChild(const QAccessibleInterface* child) const {
     if (dynamic_cast<const NewTabAccessible*>(child)) return childCount() - 1;
+    if (const auto* head = dynamic_cast<const HeadAccessible*>(child)) {
+        const auto groups = m_strip.Model().Groups();
+        const auto found = std::ranges::find(groups, head->Group(), &TabGroup::Id);
+        return found == groups.end()
+                   ? -1
+                   : static_cast<int>(m_strip.Model().Count()) + static_cast<int>(found - groups.begin());
+    }
     const auto* tab = dynamic_cast<const TabAccessible*>(child);
     if (!tab) return -1;
     return static_cast<int>(m_strip.Model().PositionOf(m_strip.Model().Find(tab->Key()))) - 1;
@@ -181,6 +250,9 @@ int TabStripAccessible::indexOfChild(const QAccessibleInterface* child) const {
 QAccessibleInterface* TabStripAccessible::childAt(int x, int y) const {
     const QPoint point = m_strip.mapFromGlobal(QPoint(x, y));
     if (m_strip.NewPlace().contains(point)) return NewTab();
+    for (const TabGroup* each : m_strip.Model().Groups()) {
+        if (m_strip.HeadPlace(each).contains(point)) return Head(each->Id());
+    }
     const Tab* tab = m_strip.FindTabAt(point);
     return tab ? Interface(tab->Key()) : nullptr;
 }
@@ -195,19 +267,48 @@ QAccessibleInterface* TabStripAccessible::NewTab() const {
     return QAccessible::accessibleInterface(*m_newTab);
 }
 
+QAccessibleInterface* TabStripAccessible::Head(std::int32_t group) const {
+    if (const auto found = m_heads.find(group); found != m_heads.end())
+        return QAccessible::accessibleInterface(found->second.id);
+    auto* interface = new HeadAccessible(m_strip, group);
+    m_heads.emplace(
+        group, Known{QAccessible::registerAccessibleInterface(interface), FromQt(interface->text(QAccessible::Name))});
+    return interface;
+}
+
 QAccessibleInterface* TabStripAccessible::Interface(const Text& key) const {
     if (const auto found = m_known.find(key); found != m_known.end())
         return QAccessible::accessibleInterface(found->second.id);
     auto* interface = new TabAccessible(m_strip, key);
     const Tab* tab = m_strip.Model().Find(key);
-    m_known.emplace(key, Known{QAccessible::registerAccessibleInterface(interface), tab ? tab->Caption() : Text()});
+    m_known.emplace(key, Known{QAccessible::registerAccessibleInterface(interface), tab ? tab->Shown() : Text(),
+                               tab && tab->Chosen()});
     return interface;
 }
 
 void TabStripAccessible::Follow() {
     ForgetRemoved();
     AnnounceTabs();
+    FollowHeads();
     AnnounceSelection();
+}
+
+void TabStripAccessible::FollowHeads() {
+    for (auto each = m_heads.begin(); each != m_heads.end();) {
+        auto* interface = QAccessible::accessibleInterface(each->second.id);
+        const Text said = FromQt(interface->text(QAccessible::Name));
+        const bool gone = !m_strip.Model().FindGroup(each->first);
+        if (gone)
+            Announce(interface, QAccessible::ObjectDestroyed);
+        else if (std::exchange(each->second.caption, said) != said)
+            Announce(interface, QAccessible::NameChanged);
+        const QAccessible::Id id = each->second.id;
+        each = gone ? m_heads.erase(each) : std::next(each);
+        if (gone) QAccessible::deleteAccessibleInterface(id);
+    }
+    for (const TabGroup* each : m_strip.Model().Groups()) {
+        if (!m_heads.contains(each->Id())) Announce(Head(each->Id()), QAccessible::ObjectCreated);
+    }
 }
 
 void TabStripAccessible::ForgetRemoved() {
@@ -229,10 +330,12 @@ void TabStripAccessible::AnnounceTabs() {
         const auto known = m_known.find(tab.Key());
         if (known == m_known.end()) {
             Announce(Interface(tab.Key()), QAccessible::ObjectCreated);
-        } else if (known->second.caption != tab.Caption()) {
-            known->second.caption = tab.Caption();
-            Announce(Interface(tab.Key()), QAccessible::NameChanged);
+            continue;
         }
+        if (std::exchange(known->second.caption, tab.Shown()) != tab.Shown())
+            Announce(Interface(tab.Key()), QAccessible::NameChanged);
+        if (std::exchange(known->second.chosen, tab.Chosen()) != tab.Chosen())
+            Announce(Interface(tab.Key()), QAccessible::DescriptionChanged);
     }
 }
 

@@ -10,8 +10,9 @@ namespace tessa::qt {
 
 class TabStripView;
 
-/// The tab strip as screen readers and other assistive tools see it. It is a list of page tabs, then the button for a
-/// new tab. Each tab has its caption as name, its state, and the action that selects it. Owned by Qt's accessibility.
+/// The tab strip as screen readers and other assistive tools see it. It is a list of page tabs, then a button
+/// for each group, then the one for a new tab. Each tab has its caption as name, its state, and the action that selects
+/// it; a tab of a folded group cannot be seen. Owned by Qt's accessibility.
 class TabStripAccessible final : public QAccessibleWidget {
 public:
     explicit TabStripAccessible(TabStripView& strip);
@@ -27,18 +28,22 @@ private:
     struct Known {
         QAccessible::Id id;
         Text caption;
+        bool chosen = false;
     };
 
     /// Announces what has changed since the last time: tabs come and gone, captions, the selection.
     void Follow();
     [[nodiscard]] QAccessibleInterface* Interface(const Text& key) const;
     [[nodiscard]] QAccessibleInterface* NewTab() const;
+    [[nodiscard]] QAccessibleInterface* Head(std::int32_t group) const;
+    void FollowHeads();
     void ForgetRemoved();
     void AnnounceTabs();
     void AnnounceSelection();
 
     TabStripView& m_strip;
-    mutable std::unordered_map<Text, Known> m_known; ///< by the tab's key
+    mutable std::unordered_map<Text, Known> m_known;         ///< by the tab's key
+    mutable std::unordered_map<std::int32_t, Known> m_heads; ///< by the group's number
     mutable std::optional<QAccessible::Id> m_newTab;
     Text m_selected;
     bool m_focused = false;

@@ -14,6 +14,7 @@ namespace tessa::qt {
 namespace {
 constexpr std::int32_t kLowestRow = 22;
 constexpr int kRowPadding = 8;
+constexpr int kPinWidth = 34;
 constexpr std::chrono::milliseconds kFacesDelay{100};
 } // namespace
 
@@ -54,7 +55,8 @@ void TabStripView::Relayout() {
     m_facesTimer.stop();
     m_changedIcons.clear();
     m_strip.Clean();
-    m_row.Lay(size(), m_strip.Count(), fontMetrics().height());
+    NoteFirstTabs();
+    m_row.Lay(size(), Items(), fontMetrics().height());
     const Tab* selected = m_strip.SelectedItem();
     m_selected = m_strip.PositionOf(selected);
     if (selected && selected->Key() != m_revealed) {
@@ -70,14 +72,17 @@ void TabStripView::Relayout() {
 
 void TabStripView::RefreshFaces() {
     if (m_layoutTimer.isActive()) return Relayout();
+    // A head is as long as what it says.
+    if (Items() != m_row.Items()) return Relayout();
     m_strip.Clean();
     const std::size_t first = m_row.FirstVisible();
     for (std::size_t index = 0; index < m_faces.size(); ++index) {
-        const Tab* tab = m_strip.FindAt(first + index);
-        Face face = FaceAt(first + index);
+        const TabRowItem& item = m_row.Items()[first + index];
+        const Tab* tab = m_strip.FindAt(item.Position);
+        Face face = FaceOf(item);
         if (face == m_faces[index] && !(tab && m_changedIcons.contains(tab->Tag))) continue;
         m_faces[index] = std::move(face);
-        update(m_row.TabPlace(first + index) & m_row.Area());
+        update(m_row.ItemPlace(first + index) & m_row.Area());
     }
     m_changedIcons.clear();
     Changed();
@@ -100,23 +105,93 @@ void TabStripView::Measure() {
     if (changed) RowHeightChanged();
 }
 
-TabStripView::Face TabStripView::FaceAt(std::size_t position) const {
+const TabGroup* TabStripView::GroupAt(std::size_t position) const {
     const Tab* tab = m_strip.FindAt(position);
-    return tab ? Face{tab->Key(), tab->Caption(), tab->Image(), tab->Asks(), tab->Sound(), tab->News(), tab->Colour()}
-               : Face{};
+    return tab ? tab->Group() : nullptr;
+}
+
+void TabStripView::NoteFirstTabs() {
+    std::set<const TabGroup*> seen;
+    m_named.clear();
+    for (std::size_t position = 1; position <= m_strip.Count(); ++position) {
+        const TabGroup* group = GroupAt(position);
+        if (group && seen.insert(group).second) m_named.push_back(position);
+    }
+}
+
+bool TabStripView::BeginsGroup(std::size_t position) const { return std::ranges::binary_search(m_named, position); }
+
+// A group that does not stand together has its name before its first tab, and a mark before each other part. Folded it
+// has the name alone.
+std::vector<TabRowItem> TabStripView::Items() const {
+    std::vector<TabRowItem> items;
+    const QFontMetrics font = fontMetrics();
+    for (std::size_t position = 1; position <= m_strip.Count(); ++position) {
+        const Tab& tab = *m_strip.FindAt(position);
+        const bool begins = tab.Group() && tab.Group() != GroupAt(position - 1);
+        if (begins && (BeginsGroup(position) || !tab.Group()->Folded())) {
+            TabRowItem head{TabRowItem::Kind::Head, position, 0};
+            head.Width = TabLook::HeadWidth(font, HeadFace(head));
+            items.push_back(head);
+        }
+        if (!m_strip.IsShown(tab)) continue;
+        items.push_back(
+            {tab.Pinned() ? TabRowItem::Kind::Pin : TabRowItem::Kind::Tab, position, tab.Pinned() ? kPinWidth : 0});
+    }
+    return items;
+}
+
+TabHeadFace TabStripView::HeadFace(const TabRowItem& head) const {
+    const TabGroup* group = GroupAt(head.Position);
+    TabHeadFace face;
+    if (!group) return face;
+    if (BeginsGroup(head.Position)) face.name = ToQt(OneLine(group->Name()));
+    if (BeginsGroup(head.Position) && face.name.isEmpty()) face.name = QStringLiteral("?");
+    face.colour = group->Colour();
+    face.folded = group->Folded();
+    face.changed = m_source.IsChanged(*group);
+    face.count = group->Count();
+    face.loading = group->Loading();
+    face.hovered = m_hover.part == Part::Head && m_hover.position == head.Position;
+    return face;
+}
+
+TabStripView::Face TabStripView::FaceOf(const TabRowItem& item) const {
+    const Tab* tab = m_strip.FindAt(item.Position);
+    if (!tab) return {};
+    if (item.What == TabRowItem::Kind::Head) {
+        const TabHeadFace head = HeadFace(item);
+        return {.key = Text(u"head"),
+                .caption = FromQt(head.name),
+                .colour = head.colour,
+                .loading = head.loading,
+                .changed = head.changed};
+    }
+    return {.key = tab->Key(),
+            .caption = tab->Shown(),
+            .image = tab->Image(),
+            .asks = tab->Asks(),
+            .sound = tab->Sound(),
+            .news = tab->News(),
+            .colour = tab->Colour(),
+            .pane = m_source.PaneOf(*tab),
+            .chosen = tab->Chosen()};
 }
 
 void TabStripView::RememberFaces() {
     m_faces.clear();
-    for (std::size_t position = m_row.FirstVisible(); position <= m_row.LastVisible(); ++position)
-        m_faces.push_back(FaceAt(position));
+    for (std::size_t item = m_row.FirstVisible(); item < m_row.EndVisible(); ++item)
+        m_faces.push_back(FaceOf(m_row.Items()[item]));
 }
 
-TabFace TabStripView::PaintedFace(std::size_t position) const {
+TabFace TabStripView::PaintedFace(const TabRowItem& item) const {
+    const std::size_t position = item.Position;
     const Tab* tab = m_strip.FindAt(position);
     TabFace face;
+    face.pinned = item.What == TabRowItem::Kind::Pin;
+    face.pane = m_source.PaneOf(*tab);
     // What turns the writing around in a title would do so in the dots behind it as well.
-    face.caption = ToQt(OneLine(tab->Caption()));
+    face.caption = ToQt(OneLine(tab->Shown()));
     face.isPrivate = tab->Private();
     face.asks = tab->Asks() && position != m_selected;
     face.busy = tab->Image() == TabImage::Red;
@@ -126,10 +201,11 @@ TabFace TabStripView::PaintedFace(std::size_t position) const {
     face.colour = tab->Colour();
     face.soundHovered = position == m_hover.position && m_hover.part == Part::Sound;
     face.selected = position == m_selected;
-    face.hovered = position == m_hover.position;
+    face.chosen = tab->Chosen();
+    face.hovered = position == m_hover.position && m_hover.part != Part::Head;
     face.focused = face.selected && hasFocus();
     face.dividerShown = position + 1 != m_selected;
-    face.closeShown = face.selected || face.hovered;
+    face.closeShown = (face.selected || face.hovered) && !face.pinned;
     face.closeHovered = face.hovered && m_hover.part == Part::Close;
     face.place = m_row.TabPlace(position);
     face.closePlace = m_row.ClosePlace(position);
@@ -138,12 +214,19 @@ TabFace TabStripView::PaintedFace(std::size_t position) const {
 }
 
 // What the screen shows may be newer than what was remembered. It must be known to be painted over later.
-void TabStripView::RememberPainted(std::size_t position, const QRegion& painted) {
-    const std::size_t index = position - m_row.FirstVisible();
-    Face face = FaceAt(position);
+void TabStripView::RememberPainted(std::size_t item, const QRegion& painted) {
+    const std::size_t index = item - m_row.FirstVisible();
+    Face face = FaceOf(m_row.Items()[item]);
     if (index >= m_faces.size() || face == m_faces[index]) return;
-    const bool whole = QRegion(m_row.TabPlace(position) & m_row.Area()).subtracted(painted).isEmpty();
+    const bool whole = QRegion(m_row.ItemPlace(item) & m_row.Area()).subtracted(painted).isEmpty();
     m_faces[index] = whole ? std::move(face) : Face{};
+}
+
+void TabStripView::PaintItem(QPainter& painter, const TabLook& look, const TabRowItem& item) const {
+    if (item.What != TabRowItem::Kind::Head) return look.PaintTab(painter, PaintedFace(item));
+    TabHeadFace head = HeadFace(item);
+    head.place = m_row.ItemPlace(static_cast<std::size_t>(&item - m_row.Items().data()));
+    look.PaintHead(painter, head);
 }
 
 void TabStripView::paintEvent(QPaintEvent* event) {
@@ -152,10 +235,11 @@ void TabStripView::paintEvent(QPaintEvent* event) {
     look.PaintBackground(painter, rect());
     painter.save();
     painter.setClipRect(m_row.Area());
-    for (std::size_t position = m_row.FirstVisible(); position <= m_row.LastVisible(); ++position) {
-        if (!m_strip.FindAt(position) || !event->region().intersects(m_row.TabPlace(position))) continue;
-        look.PaintTab(painter, PaintedFace(position));
-        RememberPainted(position, event->region());
+    for (std::size_t item = m_row.FirstVisible(); item < m_row.EndVisible(); ++item) {
+        const TabRowItem& each = m_row.Items()[item];
+        if (!m_strip.FindAt(each.Position) || !event->region().intersects(m_row.ItemPlace(item))) continue;
+        PaintItem(painter, look, each);
+        RememberPainted(item, event->region());
     }
     painter.restore();
     look.PaintNewButton(painter, m_row.NewPlace(), m_hover.part == Part::New);
@@ -200,6 +284,16 @@ QRect TabStripView::SoundPlace(std::size_t position) {
     return m_row.SoundPlace(position);
 }
 
+QRect TabStripView::HeadPlace(const TabGroup* group) {
+    Settle();
+    for (std::size_t item = 0; item < m_row.Items().size(); ++item) {
+        const TabRowItem& each = m_row.Items()[item];
+        const bool named = each.What == TabRowItem::Kind::Head && BeginsGroup(each.Position);
+        if (named && group && GroupAt(each.Position) == group) return m_row.ItemPlace(item);
+    }
+    return {};
+}
+
 QRect TabStripView::ListPlace() {
     Settle();
     return m_row.ListPlace();
@@ -212,9 +306,18 @@ QRect TabStripView::NewPlace() {
 
 void TabStripView::Click(Tab& tab) { m_strip.UserClick(&tab); }
 
-QSize TabStripView::sizeHint() const {
-    return {static_cast<int>(m_strip.Count()) * m_row.TabWidth(), m_rowHeight.value};
+void TabStripView::ToggleFolded(TabGroup& group) { m_strip.SetFolded(&group, !group.Folded()); }
+
+Text TabStripView::Describe(const TabGroup& group) const {
+    const auto number = [](std::size_t count) { return Decimal(static_cast<std::int64_t>(count)); };
+    Text all = u"Group " + OneLine(group.Name()) + u", " +
+               (group.Count() == 1 ? Text(u"one tab") : number(group.Count()) + u" tabs");
+    if (group.Loading() > 0) all += u", " + number(group.Loading()) + u" still to load";
+    if (m_source.IsChanged(group)) all += u", changed: its tabs and its file differ";
+    return group.Folded() ? all + u", folded" : all;
 }
+
+QSize TabStripView::sizeHint() const { return {m_row.Length(), m_rowHeight.value}; }
 
 QSize TabStripView::minimumSizeHint() const { return {0, m_rowHeight.value}; }
 

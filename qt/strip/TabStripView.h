@@ -26,6 +26,10 @@ public:
     /// The faces outlive the widget.
     explicit TabStripView(TabStrip& strip, const TabFaces& faces = TabFaces::Plain(), QWidget* parent = nullptr);
 
+    /// A tab was clicked with Ctrl or Shift held: it is to be chosen with others, and not brought to the front.
+    Signal<void(Tab&, Qt::KeyboardModifiers held)> ChooseRequested;
+    /// A tab is about to be clicked with the pointer, without such a key.
+    Signal<void()> PlainClick;
     /// The tab's close button was pressed.
     Signal<void(Tab&)> CloseRequested;
     /// The button that lists all tabs was pressed; where the list is to drop down, its right upper corner.
@@ -41,6 +45,8 @@ public:
     Signal<void(const Tab&, QPoint)> DraggedOut;
     Signal<void(Tab&)> DraggedBack;
     Signal<void(Tab&, QPoint)> DroppedOut;
+    /// The right button went down on the head of a group.
+    Signal<void(const TabGroup&)> GroupMenuRequested;
     /// The button for a new tab, or a double click on the empty part of the row.
     Signal<void()> BlankRequested;
     /// The right button went down on the button for a new tab.
@@ -57,6 +63,8 @@ public:
     [[nodiscard]] TabPlacement Placement() const { return m_strip.Placement(); }
     /// The page icon of the tabs with this tag has changed.
     void RefreshIcons(std::int32_t tag);
+    /// What the faces say of tabs may have changed.
+    void RefreshFacesSoon() { OnChange(TabStripChange::Faces); }
     /// The tab at a point of the widget; nothing where no tab is.
     [[nodiscard]] Tab* FindTabAt(QPoint point);
     /// Where the tab at a position stands, even when it is scrolled out. Empty for no position of the strip.
@@ -67,9 +75,15 @@ public:
     [[nodiscard]] QRect ListPlace();
     /// The button for a new tab.
     [[nodiscard]] QRect NewPlace();
+    /// Where the group's name stands; empty for a group that is gone.
+    [[nodiscard]] QRect HeadPlace(const TabGroup* group);
     [[nodiscard]] const TabStrip& Model() const { return m_strip; }
     /// What a click on the tab does.
     void Click(Tab& tab);
+    /// What a click on the head does: hides its tabs, or shows them again.
+    void ToggleFolded(TabGroup& group);
+    /// A group in words: its name, its tabs, and what is to be said of them.
+    [[nodiscard]] Text Describe(const TabGroup& group) const;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -93,7 +107,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    enum class Part { None, Tab, Sound, Close, Back, Forward, List, New };
+    enum class Part { None, Tab, Head, Sound, Close, Back, Forward, List, New };
 
     /// What is under the pointer.
     struct Spot {
@@ -102,14 +116,18 @@ private:
         bool operator==(const Spot&) const = default;
     };
 
-    /// What a tab showed when it was last painted.
+    /// What a tab showed when it was last painted, or a head.
     struct Face {
-        Text key, caption;
-        TabImage image;
-        bool asks;
-        TabSound sound;
-        TabNews news;
-        TabColour colour;
+        Text key{}, caption{};
+        TabImage image = TabImage::None;
+        bool asks = false;
+        TabSound sound = TabSound::None;
+        TabNews news = TabNews::Unknown;
+        TabColour colour = TabColour::None;
+        TabPane pane = TabPane::None;
+        bool chosen = false;
+        std::size_t loading = 0; ///< of a head
+        bool changed = false;
         bool operator==(const Face&) const = default;
     };
 
@@ -120,17 +138,26 @@ private:
     void RefreshFaces();
     void Scroll(int offset);
     void Measure();
-    [[nodiscard]] Face FaceAt(std::size_t position) const;
+    [[nodiscard]] std::vector<TabRowItem> Items() const;
+    [[nodiscard]] TabHeadFace HeadFace(const TabRowItem& head) const;
+    [[nodiscard]] const TabGroup* GroupAt(std::size_t position) const;
+    void NoteFirstTabs();
+    [[nodiscard]] bool BeginsGroup(std::size_t position) const;
+    [[nodiscard]] Face FaceOf(const TabRowItem& item) const;
     void RememberFaces();
-    void RememberPainted(std::size_t position, const QRegion& painted);
-    [[nodiscard]] TabFace PaintedFace(std::size_t position) const;
+    void RememberPainted(std::size_t item, const QRegion& painted);
+    void PaintItem(QPainter& painter, const TabLook& look, const TabRowItem& item) const;
+    [[nodiscard]] TabFace PaintedFace(const TabRowItem& item) const;
     [[nodiscard]] Spot SpotAt(QPoint point) const;
     [[nodiscard]] Spot SpotUnderPointer() const;
     [[nodiscard]] QRect SpotPlace(const Spot& spot) const;
     void SetHover(const Spot& spot);
     void ShowToolTip(QPoint point, QPoint globalPoint);
     void StepTo(std::size_t position);
+    bool PressToChoose(QPoint point, Qt::KeyboardModifiers held);
     void PressLeft(QPoint point);
+    void ReleaseHead(QPoint point);
+    [[nodiscard]] QRect HeadAt(std::size_t position) const;
     void PressRight(QPoint point);
     void CloseByMiddleButton(QPoint point);
     void DragTab(QPoint point);
@@ -142,13 +169,15 @@ private:
     const TabFaces& m_source;
     TabRow m_row;
     QTimer m_layoutTimer, m_facesTimer;
-    std::vector<Face> m_faces; ///< of the visible tabs, from the first visible one on
+    std::vector<Face> m_faces; ///< of the visible items, from the first visible one on
     std::set<std::int32_t> m_changedIcons;
-    std::size_t m_selected = 0; ///< position at the last layout
-    Text m_revealed;            ///< key of the selected tab that was last scrolled into view
+    std::size_t m_selected = 0;       ///< position at the last layout
+    std::vector<std::size_t> m_named; ///< the positions of the first tabs of all groups at the last layout
+    Text m_revealed;                  ///< key of the selected tab that was last scrolled into view
     Spot m_hover;
-    std::optional<Text> m_closing; ///< key of the tab whose close button is held down
-    std::optional<Text> m_dragged; ///< key of the tab that the left button holds
+    std::optional<Text> m_closing;         ///< key of the tab whose close button is held down
+    std::optional<std::int32_t> m_folding; ///< the group whose head is held down
+    std::optional<Text> m_dragged;         ///< key of the tab that the left button holds
     QPoint m_dragStart;
     bool m_dragging = false;
     bool m_draggedOut = false; ///< and the pointer is outside the row

@@ -31,6 +31,9 @@ void TabStripView::ShowToolTip(QPoint point, QPoint globalPoint) {
         const Text name = keys.empty() ? Text(u"New tab") : u"New tab (" + keys + u")";
         return QToolTip::showText(globalPoint, ToQt(name + u"; more with the right button"), this, NewPlace());
     }
+    const Spot spot = SpotAt(point);
+    if (const TabGroup* group = spot.part == Part::Head ? GroupAt(spot.position) : nullptr)
+        return QToolTip::showText(globalPoint, Tip::Html(ToQt(Describe(*group))), this, HeadAt(spot.position));
     const Text shown = tab ? m_source.TipOf(*tab) : Text();
     if (shown.empty()) return QToolTip::hideText();
     // A title comes from the page; it is text, whatever it looks like.
@@ -42,8 +45,10 @@ TabStripView::Spot TabStripView::SpotAt(QPoint point) const {
     if (m_row.ArrowPlace(TabRow::Arrow::Forward).contains(point)) return {Part::Forward, 0};
     if (m_row.ListPlace().contains(point)) return {Part::List, 0};
     if (m_row.NewPlace().contains(point)) return {Part::New, 0};
-    const std::size_t position = m_row.PositionAt(point);
-    if (position == 0) return {};
+    const TabRowItem* item = m_row.ItemAt(point);
+    if (!item) return {};
+    const std::size_t position = item->Position;
+    if (item->What == TabRowItem::Kind::Head) return {Part::Head, position};
     const Tab* tab = m_strip.FindAt(position);
     const bool heard = tab && tab->Sound() != TabSound::None;
     if (heard && m_row.SoundPlace(position).contains(point)) return {Part::Sound, position};
@@ -59,7 +64,15 @@ QRect TabStripView::SpotPlace(const Spot& spot) const {
     if (spot.part == Part::Forward) return m_row.ArrowPlace(TabRow::Arrow::Forward);
     if (spot.part == Part::List) return m_row.ListPlace();
     if (spot.part == Part::New) return m_row.NewPlace();
+    if (spot.part == Part::Head) return HeadAt(spot.position) & m_row.Area();
     return m_row.TabPlace(spot.position) & m_row.Area();
+}
+
+QRect TabStripView::HeadAt(std::size_t position) const {
+    const auto head = std::ranges::find_if(m_row.Items(), [position](const TabRowItem& each) {
+        return each.What == TabRowItem::Kind::Head && each.Position == position;
+    });
+    return m_row.ItemPlace(static_cast<std::size_t>(head - m_row.Items().begin()));
 }
 
 void TabStripView::SetHover(const Spot& spot) {
@@ -78,26 +91,37 @@ void TabStripView::mouseMoveEvent(QMouseEvent* event) {
 
 void TabStripView::leaveEvent(QEvent*) { SetHover({}); }
 
+// With Ctrl or Shift a click on a tab chooses it, and nothing else.
+bool TabStripView::PressToChoose(QPoint point, Qt::KeyboardModifiers held) {
+    const Spot spot = SpotAt(point);
+    Tab* tab = spot.part == Part::Tab ? m_strip.FindAt(spot.position) : nullptr;
+    if (!tab) return false;
+    const bool chooses = held & (Qt::ControlModifier | Qt::ShiftModifier);
+    chooses ? ChooseRequested(*tab, held) : PlainClick();
+    return chooses;
+}
+
 void TabStripView::mousePressEvent(QMouseEvent* event) {
     Settle();
     const QPoint point = event->position().toPoint();
     if (event->button() == Qt::RightButton) PressRight(point);
     if (event->button() == Qt::MiddleButton) CloseByMiddleButton(point);
-    if (event->button() == Qt::LeftButton) PressLeft(point);
+    if (event->button() == Qt::LeftButton && !PressToChoose(point, event->modifiers())) PressLeft(point);
 }
 
 void TabStripView::PressRight(QPoint point) {
-    if (SpotAt(point).part != Part::New) {
-        RightButtonDown(point);
-    } else {
-        NewMenuRequested();
-    }
+    const Spot spot = SpotAt(point);
+    const TabGroup* group = spot.part == Part::Head ? GroupAt(spot.position) : nullptr;
+    if (group) return GroupMenuRequested(*group);
+    if (spot.part == Part::New) return NewMenuRequested();
+    RightButtonDown(point);
 }
 
 void TabStripView::PressLeft(QPoint point) {
     const Spot spot = SpotAt(point);
     Tab* tab = m_strip.FindAt(spot.position);
     m_closing.reset();
+    m_folding.reset();
     if (spot.part == Part::Back || spot.part == Part::Forward) {
         TabRow aimed = m_row;
         aimed.ScrollPage(spot.part == Part::Back ? TabRow::Arrow::Back : TabRow::Arrow::Forward);
@@ -107,6 +131,8 @@ void TabStripView::PressLeft(QPoint point) {
         ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
     } else if (spot.part == Part::New) {
         BlankRequested();
+    } else if (spot.part == Part::Head && GroupAt(spot.position)) {
+        m_folding = GroupAt(spot.position)->Id();
     } else if (spot.part == Part::Close && tab) {
         m_closing = tab->Key();
     } else if (spot.part == Part::Sound && tab) {
@@ -121,12 +147,22 @@ void TabStripView::PressLeft(QPoint point) {
 void TabStripView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
     EndDrag(event->position().toPoint());
+    ReleaseHead(event->position().toPoint());
     const std::optional<Text> closing = std::exchange(m_closing, std::nullopt);
     if (!closing) return;
     Settle();
     const Spot spot = SpotAt(event->position().toPoint());
     Tab* tab = m_strip.FindAt(spot.position);
     if (spot.part == Part::Close && tab && tab->Key() == *closing) CloseRequested(*tab);
+}
+
+void TabStripView::ReleaseHead(QPoint point) {
+    const std::optional<std::int32_t> folding = std::exchange(m_folding, std::nullopt);
+    if (!folding) return;
+    Settle();
+    const Spot spot = SpotAt(point);
+    TabGroup* group = m_strip.FindGroup(*folding);
+    if (group && spot.part == Part::Head && GroupAt(spot.position) == group) ToggleFolded(*group);
 }
 
 void TabStripView::wheelEvent(QWheelEvent* event) {

@@ -4,6 +4,7 @@
 #include "tabs/TabKeys.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -17,6 +18,8 @@ namespace {
 constexpr int kDivider = 5, kFrame = 2;
 /// A pane does not become smaller than that by dragging.
 constexpr int kLeastPane = 60;
+/// How far a key moves a divider; with Shift it is a pixel.
+constexpr int kStep = 20;
 /// As often as the strip takes captions anew.
 constexpr std::chrono::milliseconds kFaces{100};
 
@@ -28,6 +31,8 @@ Rect ToRect(const QRect& rect) { return {{rect.left()}, {rect.top()}, {rect.widt
 
 TileArea::TileArea(QWidget* pageArea) : QWidget(pageArea), m_dropZone(pageArea) {
     setObjectName(QStringLiteral("tileArea"));
+    setAccessibleName(QStringLiteral("Dividers"));
+    setAccessibleDescription(QStringLiteral("Arrow keys move them, Home makes the panes equal, Escape goes back"));
     setMouseTracking(true);
     m_faces.setSingleShot(true);
     m_faces.setInterval(kFaces);
@@ -219,9 +224,8 @@ void TileArea::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.translate(-m_area.topLeft());
     painter.fillRect(m_area, palette().color(QPalette::Window));
-    const auto& shown = m_held ? m_held : m_hover;
     for (const TileDivider& each : m_places.Dividers) {
-        const bool marked = shown && shown->Path == each.Path && shown->Before == each.Before;
+        const bool marked = IsMarked(each);
         const QRect place = ToQRect(each.Place);
         const QRect line = each.Upright ? place.adjusted(2, 0, -2, 0) : place.adjusted(0, 2, 0, -2);
         if (marked)
@@ -232,6 +236,70 @@ void TileArea::paintEvent(QPaintEvent*) {
     const auto* focused = m_tiles && !m_tiles->HasHeaders() ? m_places.Find(m_tiles->Focus()) : nullptr;
     if (focused && m_places.Panes.size() > 1)
         painter.fillRect(ToQRect(focused->Whole), palette().color(QPalette::Highlight));
+}
+
+bool TileArea::IsMarked(const TileDivider& divider) const {
+    const auto isIt = [&divider](const auto& other) {
+        return other && other->Path == divider.Path && other->Before == divider.Before;
+    };
+    if (isIt(m_held ? m_held : m_hover)) return true;
+    return hasFocus() && isIt(m_places.DividerOf(m_tiles->Focus(), divider.Upright));
+}
+
+void TileArea::MoveDividers() {
+    if (m_places.Dividers.empty() || isHidden()) return;
+    setFocus(Qt::ShortcutFocusReason);
+}
+
+void TileArea::Step(bool upright, int by) {
+    const auto* divider = m_places.DividerOf(m_tiles->Focus(), upright);
+    if (!divider) return;
+    const QPoint middle = ToQRect(divider->Place).center();
+    m_tiles->MoveDivider(TileDivider(*divider), (upright ? middle.x() : middle.y()) + by, kLeastPane);
+}
+
+void TileArea::EqualiseFocused() {
+    for (const bool upright : {true, false}) {
+        const auto* divider = m_places.DividerOf(m_tiles->Focus(), upright);
+        if (divider) m_tiles->Equalise(TilePath(divider->Path));
+    }
+}
+
+// The page in focus gets the keyboard back.
+void TileArea::LeaveDividers() {
+    if (auto* tab = TabOfView(*m_strip, m_tiles->Focus())) m_strip->UserClick(tab);
+}
+
+void TileArea::keyPressEvent(QKeyEvent* event) {
+    const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? 1 : kStep;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return Step(true, -step);
+    case Qt::Key_Right:
+        return Step(true, step);
+    case Qt::Key_Up:
+        return Step(false, -step);
+    case Qt::Key_Down:
+        return Step(false, step);
+    case Qt::Key_Home:
+        return EqualiseFocused();
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return LeaveDividers();
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void TileArea::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void TileArea::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    update();
 }
 
 void TileArea::mousePressEvent(QMouseEvent* event) {

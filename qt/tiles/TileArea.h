@@ -43,6 +43,8 @@ public:
     /// It is let go there. False when it would come nowhere.
     bool Drop(std::int32_t index, QPoint at);
     void HideDrop() { m_dropZone.hide(); }
+    /// Lets the arrow keys move the dividers at the pane in focus, until its page gets the keyboard again.
+    void MoveDividers();
 
     Signal<void(std::int32_t index)> CloseRequested;
     /// The pop-up of that tab is wanted.
@@ -58,6 +60,9 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void leaveEvent(QEvent* event) override;
 
 private:
@@ -79,6 +84,10 @@ private:
     [[nodiscard]] bool IsOverPane(const QWidget& widget) const;
     [[nodiscard]] std::optional<Aim> AimAt(std::int32_t index, QPoint at) const;
     void Hover(const TileDivider* divider);
+    void Step(bool upright, int by);
+    void EqualiseFocused();
+    void LeaveDividers();
+    [[nodiscard]] bool IsMarked(const TileDivider& divider) const;
     [[nodiscard]] TileMeasures Measures() const;
 
     Tiles* m_tiles = nullptr;

@@ -185,12 +185,17 @@ void MainWindowFrame::MoveTabStrip(const Rect& place) {
     LayTabStrip();
 }
 
+void MainWindowFrame::ShowTabStrip(bool show) {
+    m_showsTabStrip = show;
+    if (m_tabStrip) m_tabStrip->setVisible(show);
+}
+
 void MainWindowFrame::SetTabStrip(TabStripView& strip) {
     m_tabStrip = &strip;
     strip.setParent(m_inner);
     m_connections += strip.RowHeightChanged.Connect([this] { OnInnerResized(); });
     LayTabStrip();
-    strip.show();
+    strip.setVisible(m_showsTabStrip);
 }
 
 void MainWindowFrame::SetStatusBar(StatusBarView& bar) {

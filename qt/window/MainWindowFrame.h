@@ -38,6 +38,7 @@ public:
     [[nodiscard]] Twips ScreenWidth() const override;
     [[nodiscard]] Twips ScreenHeight() const override;
     void MoveTabStrip(const Rect& place) override;
+    void ShowTabStrip(bool show) override;
 
     /// Raises and activates what is shown of the window. One that is minimised stays so and asks for attention in the
     /// task bar. One that is not shown yet, or no longer, stays away. `token` is what the desktop gave the one who asks
@@ -89,6 +90,7 @@ private:
     QPointer<TabStripView> m_tabStrip;
     QPointer<StatusBarView> m_statusBar;
     QRect m_tabStripPlace;
+    bool m_showsTabStrip = true;
     bool m_alertsWhenLeft = false;  ///< somebody called it before it was left
     QByteArray m_activationToken;   ///< the desktop's permission to activate the window, until it is used
     std::optional<QPoint> m_corner; ///< where its frame is to stand, until the desktop has made that

@@ -337,7 +337,7 @@ TEST(CommandBarLayout, AnyDamageToTheKeysLeavesCombinationsThatToolsMayHave) {
         bar.Combinations.Choose(each.ToolName, {{each.Key.KeyCode, Keys::kCtrl | Keys::kAlt}, each.Key});
     const std::string saved = bar.Saved(), keys = saved.substr(saved.find("[Keys]"));
     const std::string section = keys.substr(0, keys.find("\r\n["));
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 100; ++round) {
         std::string bytes = section;
         for (auto times = random() % 8; times-- > 0;) Damage(bytes, random);
         ASSERT_EQ(WrongAfterLoading(bytes), "") << "round " << round << "\n" << bytes;
@@ -350,7 +350,7 @@ TEST(CommandBarLayout, AnyDamageLeavesAWholeBar) {
     Band* own = bar.AddBand(u"gui1", u"Mine", BandKind::Toolbar, MadeFrom::User{});
     own->Append(bar.Share(u"mnuFont"));
     const std::string saved = bar.Saved();
-    for (int round = 0; round < 1500; ++round) {
+    for (int round = 0; round < 300; ++round) {
         std::string bytes = saved;
         for (auto times = random() % 8; times-- > 0;) Damage(bytes, random);
         ASSERT_EQ(WrongAfterLoading(bytes), "") << "round " << round << "\n" << bytes;

@@ -48,7 +48,8 @@ TEST(CommandTableTest, OfOurOwnOnlyWhatOpensAMenuDoesNothing) {
     EXPECT_EQ(NamesOf([](const Command& row) {
                   return !row.Runs() && TextView(row.tool).starts_with(DesignedNames::kOwnCommands);
               }),
-              (std::set<std::string>{"xtrMore", "xtrTabMore", "xtrBookmarks", "xtrTiles"}));
+              (std::set<std::string>{"xtrMore", "xtrTabMore", "xtrBookmarks", "xtrTiles", "xtrTabGroupMenu",
+                                     "xtrTabGroupColour", "xtrChosenTabs"}));
     for (const Command& row : CommandTable()) {
         if (!row.Runs() && TextView(row.tool).starts_with(DesignedNames::kOwnCommands)) {
             EXPECT_TRUE(row.subBand) << ToUtf8(row.tool);

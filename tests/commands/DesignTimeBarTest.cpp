@@ -13,6 +13,9 @@ namespace tessa {
 
 namespace {
 
+/// Numbers of the design are below this.
+constexpr std::int32_t kIdsByDesign = 1000;
+
 struct DesignedBand {
     const char* name;
     const char* caption;
@@ -223,7 +226,8 @@ TEST_F(DesignTimeBarTest, EveryBandHasItsCaptionAndItsToolsInOrder) {
     }
     std::size_t own = 0;
     for (const TextView ours : {u"bndMore", u"bndMoreMenu", u"bndTabMore", u"bndMoreBookmarks", u"bndFavoriteFolder",
-                                u"bndFavoriteLink", u"bndGroupEntry", u"bndNewTab", u"bndTileMenu"})
+                                u"bndFavoriteLink", u"bndGroupEntry", u"bndNewTab", u"bndTileMenu", u"bndTabGroup",
+                                u"bndTabGroupColour", u"bndChosenTabs", u"bndTabPanel"})
         own += bar.FindBand(ours) ? 1 : 0;
     EXPECT_EQ(bar.Bands().size(), designed + own);
 }
@@ -264,7 +268,7 @@ TEST_F(DesignTimeBarTest, EveryToolHasItsCaptionAndDescription) {
         EXPECT_FALSE(tool->Description.empty()) << each.name;
         EXPECT_FALSE(tool->TooltipText.empty()) << each.name;
         EXPECT_GT(tool->Id(), 0);
-        EXPECT_LT(tool->Id(), 200) << each.name;
+        EXPECT_LT(tool->Id(), kIdsByDesign) << each.name;
     }
     for (const auto& tool : bar.Tools()) {
         const std::string name = ToUtf8(tool->Name());
@@ -278,21 +282,23 @@ TEST_F(DesignTimeBarTest, OfOurOwnOnlyWhatAsksFirstHasDots) {
         const Text name = tool->Name();
         if (name.starts_with(u"xtr") && tool->Caption().ends_with(u"...")) asking.insert(ToUtf8(name));
     }
-    const std::set<std::string> expected{"xtrExportFavorites",   "xtrExportTessaGroups",
-                                         "xtrFolderSave",        "xtrGroupDelete",
-                                         "xtrGroupKeepOffline",  "xtrGroupPdf",
-                                         "xtrGroupPrint",        "xtrSaveSelectedLinks",
-                                         "xtrGroupOrganize",     "xtrGroupRename",
-                                         "xtrImageSave",         "xtrImportFavorites",
-                                         "xtrImportTessaGroups", "xtrLinkAddToTessaGroup",
-                                         "xtrLinkSave",          "xtrMediaSave",
-                                         "xtrSessions",          "xtrTabAddToTessaGroup"};
+    const std::set<std::string> expected{
+        "xtrExportFavorites",      "xtrExportTessaGroups", "xtrFolderSave",        "xtrGroupDelete",
+        "xtrGroupKeepOffline",     "xtrGroupPdf",          "xtrGroupPrint",        "xtrGroupPagesPdf",
+        "xtrGroupPagesPrint",      "xtrGroupPagesOffline", "xtrSaveSelectedLinks", "xtrGroupOrganize",
+        "xtrGroupRename",          "xtrImageSave",         "xtrImportFavorites",   "xtrImportTessaGroups",
+        "xtrLinkAddToTessaGroup",  "xtrLinkSave",          "xtrMediaSave",         "xtrSessions",
+        "xtrTabAddToTessaGroup",   "xtrTabGroupEdit",      "xtrTabRename",         "xtrChosenSaveAsTessaGroup",
+        "xtrChosenAddToTessaGroup"};
     EXPECT_EQ(asking, expected);
 }
 
 TEST_F(DesignTimeBarTest, IdsAreGivenOnce) {
     std::set<std::int32_t> ids;
-    for (const auto& tool : bar.Tools()) EXPECT_TRUE(ids.insert(tool->Id()).second) << ToUtf8(tool->Name());
+    for (const auto& tool : bar.Tools()) {
+        EXPECT_TRUE(ids.insert(tool->Id()).second) << ToUtf8(tool->Name());
+        EXPECT_LT(tool->Id(), kIdsByDesign) << ToUtf8(tool->Name());
+    }
     // Tools of one band alone.
     for (const auto& [band, name] : {std::pair(u"bndMenu", u"mnuHelp"), std::pair(u"bndFont", u"mnuFontLarger")}) {
         const Tool* own = bar.FindBand(band)->Find(name);
@@ -300,7 +306,7 @@ TEST_F(DesignTimeBarTest, IdsAreGivenOnce) {
         EXPECT_NE(bar.Share(name).get(), own);
         EXPECT_TRUE(ids.insert(own->Id()).second) << ToUtf8(name) << " has the id " << own->Id();
         EXPECT_GT(own->Id(), 0);
-        EXPECT_LT(own->Id(), 200);
+        EXPECT_LT(own->Id(), kIdsByDesign);
     }
 }
 

@@ -226,13 +226,36 @@ TEST_F(RuntimeMenusTest, AGroupPopsUpToBeOpenedOrOrganized) {
     Group("g");
     Opened(u"bndTessaGroupsMenu");
     EXPECT_EQ(PopupOf(Entry(u"bndTessaGroupsMenu", 3)),
-              "xtrGroupOpen xtrGroupOrganize xtrGroupCheck xtrGroupRename xtrGroupDelete");
+              "xtrGroupOpen xtrGroupOrganize xtrGroupCheck xtrGroupPagesPdf xtrGroupPagesPrint xtrGroupPagesOffline "
+              "xtrGroupRename xtrGroupDelete");
     m_desk.Click(u"xtrGroupOpen");
     EXPECT_EQ(m_desk.views.Calls(2), "go about:blank, go http://1/");
     Text edited;
     m_desk.inTessaGroup = [&](frmTessaGroup& form) { edited = form.lblTessaGroupName.Caption(); };
     m_desk.Click(u"xtrGroupOrganize");
     EXPECT_EQ(edited, u"g.tvg");
+}
+
+TEST_F(RuntimeMenusTest, ThePagesOfAGroupAreWrittenWhileItStaysClosed) {
+    Group("g");
+    Opened(u"bndTessaGroupsMenu");
+    PopupOf(Entry(u"bndTessaGroupsMenu", 3));
+    std::string wrote;
+    m_desk.main.Groups().Write = [&](const GroupCommands::Writing& writing) {
+        wrote += std::to_string(static_cast<int>(writing.what)) + " " + ToUtf8(writing.path) + " of " +
+                 (writing.group == m_groups.PathText("g.tvg") ? "g" : ToUtf8(writing.group)) + ", ";
+        writing.ended({}, 0);
+    };
+    for (const TextView tool : {u"xtrGroupPagesPdf", u"xtrGroupPagesOffline"}) m_desk.Click(tool);
+    EXPECT_EQ(wrote, "") << "no file was chosen";
+    m_desk.files.chosen = u"/x/all.pdf";
+    m_desk.Click(u"xtrGroupPagesPdf");
+    EXPECT_EQ(m_desk.Said(), "all.pdf has been saved.");
+    m_desk.files.chosen = u"/x/day.tvg";
+    m_desk.Click(u"xtrGroupPagesOffline");
+    m_desk.Click(u"xtrGroupPagesPrint");
+    EXPECT_EQ(wrote, "0 /x/all.pdf of g, 1 /x/day.tvg of g, 2  of g, ");
+    EXPECT_EQ(m_desk.Strip(), "[1*]");
 }
 
 TEST_F(RuntimeMenusTest, AGroupGoesToTheTrashOnceTheUserAgrees) {

@@ -1,14 +1,35 @@
 """A server whose answers are all that an address of a group can meet."""
 
+import base64
 import http.server
+import random
 import threading
 
 ANSWERS = {
     "/fine": (200, None), "/moved": (301, "/fine"), "/for-now": (302, "/fine"), "/gone": (410, None),
     "/forbidden": (403, None), "/broken": (500, None), "/loop": (301, "/loop"), "/moved-to-gone": (308, "/gone"),
-    "/held": (200, None), "/story": (200, None),
+    "/held": (200, None), "/story": (200, None), "/big": (200, None),
+    "/pictured": (200, None), "/picture.png": (200, None), "/style.css": (200, None),
+    "/asks": (200, None), "/file": (200, None), "/login": (401, None),
+    "/teal": (200, None), "/plain": (200, None),
 }
+MORE = {
+    "/login": ("WWW-Authenticate", 'Basic realm="somebody"'), "/file": ("Content-Disposition", "attachment; filename=f.bin"),
+}
+# Nothing makes it smaller.
+BIG = b"<!doctype html><title>Big</title><p>" + random.Random(1).randbytes(150_000).hex().encode()
+ASKS = b"<!doctype html><title>Asks</title><script>alert('Is somebody there?')</script>"
 STORY = b"<!doctype html><title>Story</title><p>The quick brown fox jumps over the lazy dog.</p>"
+PICTURED = b"<!doctype html><title>Pictured</title><link rel=stylesheet href=/style.css><img src=/picture.png>"
+# A picture of one point.
+PICTURE = base64.b64decode(
+    "iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==")
+TYPES = {"/picture.png": "image/png", "/style.css": "text/css"}
+BODIES = {
+    "/pictured": PICTURED, "/picture.png": PICTURE, "/style.css": b"body { color: teal }", "/story": STORY, "/asks": ASKS,
+    "/file": STORY, "/big": BIG, "/teal": b"<!doctype html><title>Teal</title><style>html { background: teal }</style>",
+    "/plain": b"<!doctype html><title>Plain</title>",
+}
 
 
 class Server:
@@ -27,13 +48,15 @@ class Server:
                 if self.path == "/held":
                     outer.held.set()
                     outer.release.wait(60)
-                status, location = ANSWERS.get(self.path, (404, None))
+                status, location = ANSWERS.get(self.path.split("?")[0], (404, None))
                 self.send_response(status)
                 self.send_header("Set-Cookie", "seen=1")
                 if location:
                     self.send_header("Location", location)
-                body = STORY if self.path == "/story" else b""
-                self.send_header("Content-Type", "text/html; charset=utf-8")
+                if self.path in MORE:
+                    self.send_header(*MORE[self.path])
+                body = BODIES.get(self.path.split("?")[0], b"")
+                self.send_header("Content-Type", TYPES.get(self.path, "text/html; charset=utf-8"))
                 self.send_header("Content-Length", str(len(body)))
                 self.end_headers()
                 self.wfile.write(body)

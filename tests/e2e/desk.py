@@ -188,8 +188,8 @@ class Program:
         for node in walk(application) if application else ():
             if role_of(node) == "page tab list":
                 children = [node.getChildAtIndex(index) for index in range(node.childCount)]
-                # Behind the tabs there is the button for a new one.
-                return children[:-1] if children and role_of(children[-1]) == "push button" else children
+                # Behind the tabs there are buttons: the heads of groups, and the one for a new tab.
+                return [child for child in children if role_of(child) == "page tab"]
         return []
 
     def strip(self):

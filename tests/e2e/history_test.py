@@ -120,6 +120,8 @@ class History(unittest.TestCase):
             desk.wait_until(lambda: desk.focused_box(program))
             desk.xdotool("type", "--delay", "5", "oven")
             desk.wait_until(lambda: program.find_now("list item", "A new oven arrived today from the coast."))
+            # How many pages there are is a label to a screen reader.
+            desk.wait_until(lambda: program.find_now("label", "2 pages"), what=program.what_is_seen)
             desk.xdotool("key", "Down", "Down", "Return")
             program.wait_strip(["[Bakery]", "Bakery", "Weather", "Lantern"])
 

@@ -1,7 +1,8 @@
 # Tests: BusCalls, CtlRun, GroupChecks, GroupOutput, GroupPrint, PageMethods, PageReads, ScriptBus, ScriptCall
-# Tests: StartProgram, TabMethods, TabWalk
+# Tests: AddressWalk, StartProgram, TabMethods, TabWalk
 """The program as a script drives it: by nothing but tessaviewctl."""
 
+import errno
 import json
 import os
 import subprocess
@@ -114,6 +115,26 @@ class Opening(Scripted):
             titles = {tab["title"] for tab in self.tabs()}
             self.assertEqual(titles - {"about:blank"}, {"One", "Two"})
 
+    def test_a_group_that_takes_over_a_tab_that_still_loads_is_waited_for(self):
+        environment = dict(os.environ, **desk.SANDBOX, TESSAVIEW_HOME=self.home)
+        with desk.PageServer(hosts=2, answers=0) as pages:
+            self.group("G.tvg", [pages.address("One"), pages.address("Two", 2)])
+            self.ctl("open", pages.address("Before", 2))
+            desk.wait_until(lambda: "127.0.0.2/Before" in pages.requested(), what=pages.requested)
+            opening = subprocess.Popen(
+                [CTL, "open-group", "G", "--close-others", "--wait"], env=environment, stdin=subprocess.DEVNULL)
+            try:
+                desk.wait_until(lambda: {"127.0.0.1/One", "127.0.0.2/Two"} <= set(pages.requested()), what=pages.requested)
+                for _ in range(5):
+                    self.ctl("list")
+                self.assertIsNone(opening.poll(), "nothing has loaded yet")
+                pages.answer_all()
+                self.assertEqual(opening.wait(), 0)
+                self.assertEqual(self.strip(), ["One", "[Two]"])
+            finally:
+                opening.kill()
+                opening.wait()
+
     def test_waiting_ends_with_the_time_that_is_given(self):
         with desk.PageServer(answers=0) as pages:
             self.ctl("open", pages.address("Slow"))
@@ -152,6 +173,32 @@ class Opening(Scripted):
         self.assertNotEqual(self.ctl("bus-name"), self.ctl("bus-name", home=other))
         self.assertIn("does not run", self.complaint("--instance", other, "list", code=3))
         self.assertEqual(len(json.loads(self.ctl("--instance", self.home, "list", "--json", home=other))), 1)
+
+
+class Instances(Scripted):
+    def test_of_several_instances_the_first_is_driven_and_then_the_next(self):
+        with open(os.path.join(self.home, "settings.ini"), "w", encoding="ascii") as settings:
+            settings.write("[General]\nAllowMultipleInstances=true\nRememberLastSites=false\n")
+        with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("First"), home=self.home):
+            desk.wait_until(lambda: self.ctl("list", code=None))
+            with desk.Program(PROGRAM, pages.address("Second"), home=self.home) as second:
+                second.wait_strip(["[Second]"])
+                desk.wait_until(lambda: self.strip() == ["[First]"], what=self.strip)
+                self.ctl("quit")
+                desk.wait_until(lambda: self.strip() == ["[Second]"], what=self.strip)
+
+
+class Pictures(Scripted):
+    def test_a_page_of_one_colour_is_taken_as_it_is(self):
+        picture = os.path.join(self.home, "picture.png")
+        with check_server.Server() as server:
+            for path, colour in (("/teal", "#008080"), ("/plain", "#FFFFFF")):
+                self.ctl("open", server.address(path), "--wait")
+                number = next(str(tab["number"]) for tab in self.tabs() if tab["address"] == server.address(path))
+                self.ctl("screenshot", number, picture)
+                point = "%k %[hex:p{9,9}]"
+                told = subprocess.run(["identify", "-format", point, picture], capture_output=True, text=True, check=True)
+                self.assertEqual(told.stdout[:8], f"1 {colour[1:]}")
 
 
 class Searching(Scripted):
@@ -209,6 +256,37 @@ class TakenAlong(Scripted):
             for words in ("One", pages.address("One"), "Two", pages.address("Two", 2)):
                 self.assertIn(words, read.stdout)
 
+    def test_pages_that_sleep_are_woken_and_sleep_again(self):
+        with desk.PageServer(hosts=3) as pages:
+            titles = ("One", "Two", "Three")
+            addresses = [pages.address(title, host) for host, title in enumerate(titles, 1)]
+            file = self.group("Asleep.tvg", addresses)
+            with open(file, "a", newline="") as group:
+                group.write("".join(["[TessaView]\r\n", *(f"page{n}=asleep {a}\r\n" for n, a in enumerate(addresses[1:], 1))]))
+            self.ctl("open-group", "Asleep", "--wait")
+            self.assertEqual([tab["state"] for tab in self.tabs() if tab["address"] in addresses[1:]], [["waiting"]] * 2)
+            target = os.path.join(self.home, "all.pdf")
+            self.ctl("pdf", "all", target)
+            read = subprocess.run(["pdftotext", "-layout", target, "-"], capture_output=True, text=True, check=True)
+            for title in titles:
+                self.assertIn(title, read.stdout)
+            self.assertEqual([tab["state"] for tab in self.tabs() if tab["address"] in addresses[1:]], [["asleep"]] * 2)
+            # Those that sleep now are woken again.
+            self.ctl("keep-offline", os.path.join(self.home, "kept.tvg"))
+            self.assertEqual(len(os.listdir(os.path.join(self.home, "kept"))), len(self.tabs()))
+            number = next(str(tab["number"]) for tab in self.tabs() if tab["title"] == "Two")
+            self.assertEqual(self.ctl("text", number), "Two\n")
+
+    def test_pictures_and_styles_are_kept_too(self):
+        kept = os.path.join(self.home, "kept.tvg")
+        with check_server.Server() as server:
+            self.ctl("open", server.address("/pictured"), "--wait")
+            self.ctl("keep-offline", kept)
+        with open(os.path.join(self.home, "kept", "001 Pictured.mhtml"), encoding="utf-8") as page:
+            said = page.read()
+        for part in ("/pictured", "/picture.png", "/style.css"):
+            self.assertIn(f"Content-Location: {server.address(part)}\n", said.replace("\r\n", "\n"))
+
     def test_tabs_that_close_meanwhile_hold_nothing_up(self):
         with desk.PageServer(hosts=3) as pages:
             titles = [f"Page {number}" for number in range(1, 9)]
@@ -229,6 +307,45 @@ class TakenAlong(Scripted):
                     taking.stderr.close()
                 self.assertTrue(os.path.exists(file), command)
 
+    @unittest.skipUnless(os.geteuid() == 0, "only root can mount a small disk of the test's own")
+    def test_a_disk_that_fills_up_in_the_middle(self):
+        small = os.path.join(self.home, "small")
+        os.mkdir(small)
+        subprocess.run(["mount", "-t", "tmpfs", "-o", "size=1m", "tmpfs", small], check=True)
+        self.addCleanup(subprocess.run, ["umount", "-l", small], check=True)
+        with check_server.Server() as server:
+            self.ctl("open", *(server.address(f"/big?{number}") for number in range(5)), "--wait")
+            words = self.complaint("keep-offline", os.path.join(small, "kept.tvg"))
+            kept = os.listdir(os.path.join(small, "kept")) if "kept" in os.listdir(small) else []
+            if kept:
+                # Those that found room are whole, and the group opens no others.
+                self.assertEqual(words.count("left out: "), 5 - len(kept), words)
+                for each in kept:
+                    self.assertGreater(os.path.getsize(os.path.join(small, "kept", each)), 300_000)
+                with open(os.path.join(small, "kept.tvg"), newline="") as group:
+                    self.assertEqual(group.read().count(".mhtml"), len(kept))
+            else:
+                self.assertEqual(os.listdir(small), [])
+            old = os.path.join(small, "all.pdf")
+            # Of these it would be a long one.
+            self.ctl("open-group", self.group("Story.tvg", [server.address("/story")]), "--close-others", "--wait")
+            with open(old, "wb") as file:
+                file.write(b"old")
+            self.fill(small)
+            self.assertIn("could not be written", self.complaint("pdf", "all", old))
+            with open(old, "rb") as file:
+                self.assertEqual(file.read(), b"old")
+            self.assertEqual([each for each in os.listdir(small) if ".part" in each], [])
+
+    def fill(self, folder):
+        """Takes what room a disk has."""
+        with open(os.path.join(folder, "filler"), "wb", buffering=0) as filler:
+            try:
+                while True:
+                    filler.write(bytes(4096))
+            except OSError as error:
+                self.assertEqual(error.errno, errno.ENOSPC)
+
     def test_pages_that_were_kept_open_without_a_network(self):
         file = os.path.join(self.home, "Kept 100% #1.tvg")
         with desk.PageServer(hosts=2) as pages:
@@ -245,6 +362,87 @@ class TakenAlong(Scripted):
         self.ctl("open-group", os.path.join(other, os.path.basename(file)), "--wait")
         self.assertEqual(self.strip(), ["One", "[Two]"])
         self.assertEqual([self.ctl("text", str(tab["number"])) for tab in self.tabs()], ["One\n", "Two\n"])
+
+
+class Unopened(Scripted):
+    """Groups whose pages no tab shows."""
+
+    def setUp(self):
+        super().setUp()
+        self.ctl("open", "about:blank", "--wait")
+
+    def test_a_group_becomes_one_pdf(self):
+        with desk.PageServer(hosts=2) as pages:
+            addresses = [pages.address("One"), pages.address("Two", 2)]
+            self.group("Two.tvg", [addresses[0], "http://127.0.0.9:1/", "javascript:alert(1)", addresses[1]])
+            file = os.path.join(self.home, "two.pdf")
+            words = self.complaint("pdf-group", "Two", file)
+            for each in ("left out: http://127.0.0.9:1/\n", "left out: javascript:alert(1)\n"):
+                self.assertIn(each, words)
+            read = subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True)
+            first, second = read.stdout.split("\f")[:2]
+            for words, page in ((("One", addresses[0], "1/2"), first), (("Two", addresses[1], "2/2"), second)):
+                for each in words:
+                    self.assertIn(each, page)
+            outline = subprocess.run(["qpdf", "--json", "--json-key=outlines", file], capture_output=True, check=True)
+            self.assertEqual([each["title"] for each in json.loads(outline.stdout)["outlines"]], ["One", "Two"])
+            self.assertEqual(self.strip(), ["[about:blank]"])
+            self.assertIn("could not be read", self.complaint("pdf-group", "None", file))
+
+    def test_a_group_is_kept_and_kept_again_without_a_network(self):
+        kept, again = (os.path.join(self.home, name) for name in ("kept.tvg", "again.tvg"))
+        with desk.PageServer(hosts=2) as pages:
+            # Titles are names with slashes, and two of them are alike.
+            self.group("G.tvg", [pages.address("a/b"), pages.address("a/b", 2)])
+            self.ctl("keep-group", "G", kept)
+        self.assertEqual(sorted(os.listdir(kept.removesuffix(".tvg"))), ["001 a b.mhtml", "002 a b.mhtml"])
+        self.ctl("keep-group", kept, again)
+        self.assertEqual(sorted(os.listdir(again.removesuffix(".tvg"))), ["001 a b.mhtml", "002 a b.mhtml"])
+        self.ctl("open-group", again, "--wait")
+        self.assertEqual(self.strip(), ["about:blank", "a/b", "[a/b]"])
+
+    def test_pages_that_want_somebody_are_left_out(self):
+        with check_server.Server() as server:
+            wanting = [server.address(path) for path in ("/asks", "/file", "/login")]
+            self.group("G.tvg", [*wanting, server.address("/story")])
+            words = self.complaint("keep-group", "G", os.path.join(self.home, "kept.tvg"))
+            self.assertEqual(words.count("left out: "), len(wanting), words)
+            for each in wanting:
+                self.assertIn(f"left out: {each}\n", words)
+            self.assertEqual(os.listdir(os.path.join(self.home, "kept")), ["001 Story.mhtml"])
+            self.assertEqual(os.listdir(os.path.join(os.path.dirname(self.home), os.pardir, "downloads")), [])
+            self.assertEqual(self.strip(), ["[about:blank]"])
+
+    def test_two_groups_at_once(self):
+        with desk.PageServer(hosts=4) as pages:
+            environment = dict(os.environ, **desk.SANDBOX, TESSAVIEW_HOME=self.home)
+            files = []
+            writing = []
+            for name in ("A", "B"):
+                self.group(f"{name}.tvg", [pages.address(f"{name}{number}", number) for number in range(1, 5)])
+                files.append(os.path.join(self.home, f"{name}.pdf"))
+                writing.append(subprocess.Popen([CTL, "pdf-group", name, files[-1]], env=environment, stdin=subprocess.DEVNULL))
+            self.assertEqual([each.wait() for each in writing], [0, 0])
+            for name, file in zip("AB", files):
+                read = subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True)
+                for number in range(1, 5):
+                    self.assertIn(f"{name}{number}", read.stdout)
+
+    def test_the_program_ends_while_a_group_is_written(self):
+        with desk.PageServer(answers=1) as pages:
+            self.group("G.tvg", [pages.address("One"), pages.address("Held")])
+            environment = dict(os.environ, **desk.SANDBOX, TESSAVIEW_HOME=self.home)
+            file = os.path.join(self.home, "kept.tvg")
+            keeping = subprocess.Popen([CTL, "keep-group", "G", file], env=environment, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
+            try:
+                desk.wait_until(lambda: "127.0.0.1/Held" in pages.requested(), what=pages.requested)
+                self.ctl("quit")
+                self.assertIn(b"ended without an answer", keeping.communicate()[1])
+                self.assertEqual(keeping.returncode, 1)
+            finally:
+                keeping.kill()
+                keeping.wait()
+            self.assertFalse(os.path.exists(file))
 
 
 class Checking(Scripted):

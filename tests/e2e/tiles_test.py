@@ -27,12 +27,13 @@ class Tiles(unittest.TestCase):
         self.pages.__enter__()
         self.addCleanup(self.pages.__exit__)
 
-    def group(self):
+    def group(self, more=""):
         file = os.path.join(self.home, "four.tvg")
         with open(file, "w") as lines:
             lines.write("[TessaGroup]\n")
             for number, title in enumerate(TITLES, 1):
                 lines.write(f"url{number}={self.pages.address(title)}\n")
+            lines.write(more)
         return file
 
     def panes(self, program):
@@ -105,6 +106,24 @@ class Tiles(unittest.TestCase):
             program.press("push button", "Reopen")
             self.wait_panes(program, TITLES[:2], TITLES[2:])
             self.wait_drawn(program, *TITLES)
+
+    def test_a_group_brings_its_panes_and_a_reopened_tab_lies_in_its_own(self):
+        with desk.Program(PROGRAM, self.group("[TessaView]\npanes=h(1 v(2 4))\n"), home=self.home) as program:
+            program.wait_strip(["about:blank", "Garden", "Pond", "Meadow", "[Wood]"])
+            self.wait_panes(program, ["Garden", "Pond"], ["Wood"])
+            self.wait_drawn(program, "Garden", "Pond", "Wood")
+            program.keys("ctrl+w")
+            self.wait_panes(program, ["Garden", "Pond"])
+            program.keys("ctrl+shift+t")
+            program.wait_strip(["about:blank", "Garden", "Pond", "Meadow", "[Wood]"])
+            self.wait_panes(program, ["Garden", "Pond"], ["Wood"])
+            width = self.panes(program)["Garden"][2]
+            self.tile(program, "v")
+            desk.wait_until(lambda: desk.is_focused(program.find("filler", "Dividers")), what="no divider has the keyboard")
+            desk.xdotool("key", "Left", "Left")
+            desk.wait_until(lambda: self.panes(program)["Garden"][2] == width - 40, what="the divider stays")
+            desk.xdotool("key", "Home")
+            desk.wait_until(lambda: self.panes(program)["Garden"][2] == width, what="the divider does not go back")
 
     def test_panes_come_back_at_the_next_start(self):
         with desk.Program(PROGRAM, self.group(), home=self.home) as program:

@@ -161,6 +161,10 @@ protected:
     void Type(const QString& field) {
         const QString value = QStringLiteral("(%1.value ?? %1.innerText)").arg(field);
         Script(field + QStringLiteral(".focus(); 1"));
+        // What the page is typed before its window is the active one is lost.
+        const QString has =
+            QStringLiteral("%1.ownerDocument.hasFocus() && %1.ownerDocument.activeElement === %1 ? 'yes' : 'no'");
+        ASSERT_TRUE(WaitUntil([&] { return Script(has.arg(field)) == u"yes"; })) << field.toStdString();
         QTest::keyClicks(Front().Widget()->focusProxy(), QStringLiteral("typed"));
         ASSERT_TRUE(WaitUntil([&] { return Script(value) == u"typed"; })) << field.toStdString();
     }

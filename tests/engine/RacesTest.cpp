@@ -153,6 +153,33 @@ TEST(Overtaking, TheLastOfManyNavigationsEndsTheLoad) {
     }
 }
 
+// A script that waits for a page waits for the one that was asked for last, whatever is left of the one before.
+TEST(Overtaking, AViewThatIsSentElsewhereLoadsUntilThatHasCome) {
+    LocalServer server;
+    server.Page(QStringLiteral("/before"), "<title>Before</title><iframe src=/slow></iframe><p>Before");
+    server.Stall(QStringLiteral("/slow"));
+    server.Stall(QStringLiteral("/held"));
+    EngineView desk;
+    const auto isAsked = [&server](qsizetype times) { return server.requests.count(QStringLiteral("/held")) == times; };
+    for (int turns = 0; turns < 40; ++turns) {
+        // From another process each time, and from the same one.
+        const QString host = QStringLiteral("127.0.0.%1").arg(1 + turns % 4);
+        desk.Navigate(turns % 8 < 4 ? server.Address(QStringLiteral("/before"), host) : QStringLiteral("about:blank"));
+        for (int turn = 0; turn < turns; ++turn) QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
+        desk.Navigate(server.Address(QStringLiteral("/held")));
+        int unloaded = 0;
+        const qsizetype asked = turns + 1;
+        ASSERT_TRUE(WaitUntil([&] {
+            unloaded += desk.view->Progress() != PageProgress::Loading;
+            return isAsked(asked);
+        })) << turns;
+        Settle(desk.engine, desk.Real().Page());
+        unloaded += desk.view->Progress() != PageProgress::Loading;
+        EXPECT_EQ(unloaded, 0) << "after " << turns << " turns: " << desk.events.Take().toStdString();
+        desk.events.Take();
+    }
+}
+
 } // namespace
 
 } // namespace tessa::qt

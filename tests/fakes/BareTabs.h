@@ -1,5 +1,6 @@
 #pragma once
 #include "tabs/BrowserEvents.h"
+#include "tabs/TabGroups.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeViews.h"
 
@@ -23,6 +24,7 @@ struct BareTabs {
     BrowserEvents events{tabs, Browser};
     ViewArray Browser{views, events};
     TabSet tabs{pcPage, Browser, actBar, sbStatus, messages};
+    TabGroups groups{tabs, pcPage, Browser};
 };
 
 } // namespace tessa

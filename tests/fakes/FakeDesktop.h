@@ -77,6 +77,8 @@ public:
     [[nodiscard]] Twips ScreenWidth() const override { return screenWidth; }
     [[nodiscard]] Twips ScreenHeight() const override { return screenHeight; }
     void MoveTabStrip(const Rect& value) override { strip = value; }
+    void ShowTabStrip(bool show) override { showsStrip = show; }
+    bool showsStrip = true;
 
     std::function<void()> closed; ///< what closing the window runs: its unload handler
     Text caption;

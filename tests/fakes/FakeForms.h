@@ -15,6 +15,7 @@ public:
     void Show(frmInternetOptions& form) override { Use(inInternetOptions, form); }
     void Show(frmOrganizeFavorites& form) override { Use(inOrganizeFavorites, form); }
     void Show(frmRenameGroup& form) override { Use(inRenameGroup, form); }
+    void Show(frmRenameTab& form) override { Use(inRenameTab, form); }
     void Show(frmResize& form) override { Use(inResize, form); }
     void Show(frmSessions& form) override { Use(inSessions, form); }
     void Show(frmSettings& form) override { Use(inSettings, form); }
@@ -28,6 +29,7 @@ public:
     std::function<void(frmInternetOptions&)> inInternetOptions;
     std::function<void(frmOrganizeFavorites&)> inOrganizeFavorites;
     std::function<void(frmRenameGroup&)> inRenameGroup;
+    std::function<void(frmRenameTab&)> inRenameTab;
     std::function<void(frmResize&)> inResize;
     std::function<void(frmSessions&)> inSessions;
     std::function<void(frmSettings&)> inSettings;

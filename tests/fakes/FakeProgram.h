@@ -51,6 +51,7 @@ public:
     void ShowFind(BrowserView&) override { done += "find;"; }
     void ToggleDevTools() override { done += "dev tools;"; }
     void ShowTabList() override { done += "tabs;"; }
+    void MoveDividers() override { done += "dividers;"; }
     void Customize() override { done += "customize;"; }
     std::string done;
 };

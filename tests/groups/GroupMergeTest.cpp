@@ -1,5 +1,7 @@
 #include "groups/GroupMerge.h"
 
+#include "base/Address.h"
+
 #include <gtest/gtest.h>
 
 namespace tessa {
@@ -34,7 +36,7 @@ TEST(GroupMerge, AddressesOfOnePageHaveItInCommon) {
              Row{u"#", u""},
              Row{u"", u""},
          })
-        EXPECT_EQ(GroupMerge::PageOf(address), page) << ToUtf8(address);
+        EXPECT_EQ(Address::PageOf(address), page) << ToUtf8(address);
 }
 
 TEST(GroupMerge, WhatMakesADifferenceStays) {
@@ -42,7 +44,7 @@ TEST(GroupMerge, WhatMakesADifferenceStays) {
          {std::pair{u"http://a/", u"https://a/"}, std::pair{u"http://a/B", u"http://a/b"},
           std::pair{u"http://a/?x", u"http://a/"}, std::pair{u"http://a:8080/", u"http://a/"},
           std::pair{u"http://a/#!/x", u"http://a/"}})
-        EXPECT_NE(GroupMerge::PageOf(one), GroupMerge::PageOf(other)) << ToUtf8(one);
+        EXPECT_NE(Address::PageOf(one), Address::PageOf(other)) << ToUtf8(one);
 }
 
 TEST(GroupMerge, ThoseHereComeFirstInTheirOrder) {

@@ -1,4 +1,5 @@
 // Tests: GroupOpening
+#include "base/os/Folder.h"
 #include "groups/TessaGroups.h"
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -91,20 +92,44 @@ TEST_F(GroupPlanOpens, TheTabsOfAGroupHaveItsColour) {
     const std::string blue = std::to_string(static_cast<int>(TabColour::Blue)) + " ";
     EXPECT_EQ(colours(), "0 " + blue + blue + blue);
     Open("closeothers=1\r\n");
-    EXPECT_EQ(colours(), "0 0 0 ") << "the tab that stays shows another group";
+    EXPECT_EQ(colours(), blue + blue + blue) << "a group without a colour gets one that no other has";
+}
+
+TEST_F(GroupPlanOpens, PagesLieSideBySideAsTheyWereKept) {
+    desk.StartWithTabs(1);
+    Open("panes=h(1 2)\r\n");
+    EXPECT_EQ(desk.Strip(), "1 [2*] 3 4") << "the panes are what is seen";
+    EXPECT_EQ(desk.views.Shown(), "2* 3");
+    Open("panes=v(3 1); h(2 9)\r\nbehind=1\r\n");
+    EXPECT_EQ(desk.views.Shown(), "2* 3") << "the tab in front stays";
+    desk.ClickTab(desk.main.pcPage.PositionOf(&desk.TabOf(7)));
+    EXPECT_EQ(desk.views.Shown(), "5 7*");
 }
 
 TEST_F(GroupPlanOpens, EachColourHasItsMark) {
     const std::vector<std::pair<std::string, TabColour>> rows{
         {"red", TabColour::Red},     {"orange", TabColour::Orange}, {"yellow", TabColour::Yellow},
         {"green", TabColour::Green}, {"blue", TabColour::Blue},     {"purple", TabColour::Purple},
-        {"grey", TabColour::Grey},   {"mauve", TabColour::None}};
+        {"grey", TabColour::Grey}};
     desk.StartWithTabs(1);
     for (const auto& [name, colour] : rows) {
         Open("colour=" + name + "\r\n");
         EXPECT_EQ(desk.main.pcPage.SelectedItem()->Colour(), colour) << name;
     }
-    EXPECT_EQ(std::size(GroupPlan::kColours) + 1, rows.size());
+    EXPECT_EQ(std::size(kTabColours), rows.size());
+}
+
+TEST_F(GroupPlanOpens, WhatWouldOpenUnaskedIsKnownInTheOrderOfThePlan) {
+    EXPECT_TRUE(MakeFolders(groups.Path("kept")));
+    groups.Write("kept/one.mhtml", "");
+    groups.Write("plan.tvg", "[TessaGroup]\r\na=http://a/\r\nb=/etc/passwd\r\nc=\r\nd=javascript:alert(1)\r\n"
+                             "e=kept/one.mhtml\r\nf=kept/none.mhtml\r\ng=b.example\r\n"
+                             "[TessaView]\r\npage1=first b.example\r\n");
+    std::string all;
+    for (const auto& each : GroupOpening::AllUnasked(groups.PathText("plan.tvg")))
+        all += ToUtf8(each.address) + (each.opened.empty() ? " no, " : each.opened == each.address ? ", " : " kept, ");
+    EXPECT_EQ(all,
+              "b.example, http://a/, /etc/passwd no, javascript:alert(1) no, kept/one.mhtml kept, kept/none.mhtml, ");
 }
 
 TEST_F(GroupPlanOpens, WritingTheGroupKeepsThePlanAndWhatBelongsToOthers) {

@@ -23,6 +23,33 @@ TEST(GroupPlan, WhatTheSectionSaysOfTheGroup) {
     EXPECT_EQ(strange, GroupPlan());
 }
 
+TEST(GroupPlan, WhatItSaysOfPanes) {
+    const GroupPlan plan = PlanOf("[TessaView]\npanes=h(1 v(2 3)) linked; v(4 5)\n");
+    EXPECT_TRUE(plan.keepsPanes);
+    EXPECT_EQ(plan.panes, (std::vector<Text>{u"h(1 v(2 3)) linked", u"v(4 5)"}));
+    EXPECT_TRUE(PlanOf("[TessaView]\npanes=none\n").keepsPanes);
+    for (const char* each : {"", "x", "h(1", ";;", "1"})
+        EXPECT_EQ(PlanOf("[TessaView]\npanes=" + std::string(each)), GroupPlan());
+    IniFile file("[TessaView]\r\npanes=h(1 2)\r\nx=1\r\n");
+    GroupPlan changed = GroupPlan::Read(file);
+    changed.panes.clear();
+    changed.Write(file);
+    EXPECT_EQ(file.Bytes(), "[TessaView]\r\npanes=none\r\nx=1\r\n");
+    changed.keepsPanes = false;
+    changed.Write(file);
+    EXPECT_EQ(file.Bytes(), "[TessaView]\r\nx=1\r\n");
+}
+
+TEST(GroupPlan, PanesMoveWithTheirPages) {
+    GroupPlan plan{.keepsPanes = true, .panes = {u"h(1 v(2 3))"}};
+    plan.MovePanes({u"a", u"b", u"b"}, {u"x", u"b", u"a", u"b"});
+    EXPECT_EQ(plan.panes, std::vector<Text>{u"h(3 v(2 4))"});
+    plan.MovePanes({u"x", u"b", u"a", u"b"}, {u"x", u"b", u"new", u"b"});
+    EXPECT_EQ(plan.panes, std::vector<Text>{u"h(3 v(2 4))"}) << "what takes the place of an address has its pane";
+    plan.MovePanes({u"x", u"b", u"new", u"b"}, {u"b"});
+    EXPECT_TRUE(plan.panes.empty());
+}
+
 TEST(GroupPlan, WhatItSaysOfPages) {
     const GroupPlan plan =
         PlanOf("[TessaView]\npage1=first,muted http://a/?q=1&b=2\npage7=last,asleep,size4 two words\n");

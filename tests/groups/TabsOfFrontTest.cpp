@@ -16,7 +16,7 @@ TEST(TabsOfFront, AreThoseOfItsGroupOrAll) {
     desk.OpenGroup(folder.PathText("group.tvg"));
     desk.OpenGroup(folder.PathText("other.tvg"));
     EXPECT_EQ(desk.Strip(), "1 3 4 [5*] 2");
-    const TabsOfFront tabs(desk.main.Groups(), desk.main.pcPage);
+    const TabsOfFront tabs(desk.main.pcPage, desk.main.Choice());
     EXPECT_EQ(tabs.Chosen(), std::vector<std::int32_t>{5});
     desk.ClickTab(2);
     EXPECT_EQ(tabs.Chosen(), (std::vector<std::int32_t>{3, 4}));
@@ -25,6 +25,8 @@ TEST(TabsOfFront, AreThoseOfItsGroupOrAll) {
     desk.ClickTab(2);
     desk.Click(u"xtrTileRows");
     EXPECT_EQ(desk.views.Shown(), "3* 4");
+    desk.main.Choice().Replace({2, 5, 99});
+    EXPECT_EQ(tabs.Chosen(), (std::vector<std::int32_t>{5, 2})) << "chosen, in the order of the strip";
 }
 
 } // namespace

@@ -176,10 +176,11 @@ TEST_F(GroupCheckForm, AllPagesArePrintedWithoutAFile) {
     desk.StartWithTabs(1);
     std::size_t left = 0;
     Text refusal;
-    desk.main.Groups().Write = [&](GroupCommands::Writes what, const Text& path, const auto& told) {
-        EXPECT_EQ(what, GroupCommands::Writes::Print);
-        EXPECT_EQ(path, u"");
-        told(refusal, left);
+    desk.main.Groups().Write = [&](const GroupCommands::Writing& writing) {
+        EXPECT_EQ(writing.what, GroupCommands::Writes::Print);
+        EXPECT_EQ(writing.path, u"");
+        EXPECT_EQ(writing.group, u"");
+        writing.ended(refusal, left);
     };
     desk.Click(u"xtrGroupPrint");
     EXPECT_EQ(desk.Said(), "All pages have been printed.");
@@ -189,6 +190,25 @@ TEST_F(GroupCheckForm, AllPagesArePrintedWithoutAFile) {
     refusal = u"The printer did not take the document. Nothing was printed.";
     desk.Click(u"xtrGroupPrint");
     EXPECT_EQ(desk.Said(), "The printer did not take the document. Nothing was printed.");
+}
+
+TEST_F(GroupCheckForm, HowFarItIsIsCountedInTheStatusBar) {
+    Desk desk{{.groupFolder = folder.PathText("")}};
+    desk.StartWithTabs(1);
+    GroupCommands::Writing writing;
+    desk.main.Groups().Write = [&](const GroupCommands::Writing& wanted) { writing = wanted; };
+    desk.files.chosen = u"/x/all.pdf";
+    desk.Click(u"xtrGroupPdf");
+    EXPECT_EQ(desk.Said(), "Saving all.pdf");
+    writing.fetched(3, 50);
+    EXPECT_EQ(desk.Said(), "Saving all.pdf: 3 of 50 pages");
+    writing.made(40);
+    EXPECT_EQ(desk.Said(), "Saving all.pdf: 40 %");
+    writing.ended({}, 1);
+    EXPECT_EQ(desk.Said(), "all.pdf has been saved. 1 page could not be had.");
+    desk.Click(u"xtrGroupPrint");
+    writing.fetched(0, 2);
+    EXPECT_EQ(desk.Said(), "Printing: 0 of 2 pages");
 }
 
 TEST_F(GroupCheckForm, WithoutGroupsNothingIsShown) {
@@ -204,9 +224,9 @@ TEST_F(GroupCheckForm, AllPagesAreWrittenWhereTheUserSays) {
     desk.StartWithTabs(1);
     std::string wrote;
     std::size_t left = 0;
-    desk.main.Groups().Write = [&](GroupCommands::Writes what, const Text& path, const auto& told) {
-        wrote += (what == GroupCommands::Writes::Pdf ? "pdf " : "offline ") + ToUtf8(path) + " ";
-        told(left == 9 ? u"There is no room." : u"", left);
+    desk.main.Groups().Write = [&](const GroupCommands::Writing& writing) {
+        wrote += (writing.what == GroupCommands::Writes::Pdf ? "pdf " : "offline ") + ToUtf8(writing.path) + " ";
+        writing.ended(left == 9 ? u"There is no room." : u"", left);
     };
     desk.Click(u"xtrGroupPdf");
     EXPECT_EQ(wrote, "") << "no file was chosen";

@@ -82,6 +82,34 @@ TEST_F(PlanEditor, WhatIsPlannedIsWrittenAndWhatBelongsToOthersStays) {
               "[TessaView]\r\ncolour=green\r\nbehind=1\r\npage1=last,asleep,size3 http://b/\r\n");
 }
 
+TEST_F(PlanEditor, PanesAreKeptOrNoLongerAndMoveWithTheirPages) {
+    Edit({"a", "b", "c"}, "[TessaView]\r\npanes=h(1 3)\r\n", [&] {
+        EXPECT_TRUE(form.chkKeepPanes.Ticked());
+        form.lstUrls.ListIndex = 2;
+        form.cmdUp.Click();
+        form.cmdOK.Click();
+    });
+    EXPECT_EQ(Read(kFile), "; mine\r\n[TessaGroup]\r\nurl0=http://a/\r\nurl1=http://c/\r\nurl2=http://b/\r\n"
+                           "[TessaView]\r\npanes=h(1 2)\r\n");
+    frmTessaGroup again{messages, forms, {}};
+    forms.inTessaGroup = [&](frmTessaGroup&) {
+        again.Form.Visible = true;
+        again.chkKeepPanes.Tick(false);
+        again.cmdOK.Click();
+    };
+    again.EditTessaGroup(PathText(kFile));
+    EXPECT_EQ(Read(kFile).find("panes"), std::string::npos);
+    frmTessaGroup third{messages, forms, {}};
+    forms.inTessaGroup = [&](frmTessaGroup&) {
+        third.Form.Visible = true;
+        EXPECT_FALSE(third.chkKeepPanes.Ticked());
+        third.chkKeepPanes.Tick(true);
+        third.cmdOK.Click();
+    };
+    third.EditTessaGroup(PathText(kFile));
+    EXPECT_NE(Read(kFile).find("[TessaView]\r\npanes=none\r\n"), std::string::npos);
+}
+
 TEST_F(PlanEditor, WhatIsNotChangedStaysAsItIsWritten) {
     const std::string plan = "[TessaView]\r\n; note\r\ncolour=ultraviolet\r\nzoom=9\r\npage7=muted,loud http://a/\r\n"
                              "page8=odd http://a/\r\n";

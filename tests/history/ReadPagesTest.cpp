@@ -1,7 +1,8 @@
-// Tests: ReadPagesNews, OpenedGroups
+// Tests: ReadPagesNews
 #include "history/ReadPages.h"
 
 #include "settings/HistorySettings.h"
+#include "tests/fakes/TemporaryFolder.h"
 #include "tests/history/ReadingDesk.h"
 
 namespace tessa {
@@ -22,6 +23,17 @@ TEST(ReadPages, APageIsReadOnceItHasLoadedAndRests) {
     EXPECT_EQ(entry.Site, u"a");
     EXPECT_EQ(entry.Passages, "pWords\n");
     EXPECT_EQ(entry.Last, 1'795'000'000);
+}
+
+TEST(ReadPages, WhatIsReadAddsNothingToTheBoxes) {
+    ReadingDesk desk;
+    const std::string addresses = desk.List(u"cboAddress"), searches = desk.List(u"cboSearch");
+    desk.Read(1, u"http://read.example/", u"pWords");
+    ASSERT_EQ(desk.visits.Addresses(), u"http://read.example/");
+    EXPECT_EQ(desk.List(u"cboAddress"), addresses);
+    EXPECT_EQ(desk.List(u"cboSearch"), searches);
+    desk.Type(u"cboSearch", u"re");
+    EXPECT_EQ(desk.Box(u"cboSearch"), "re");
 }
 
 TEST(ReadPages, WhileOthersLoadAPageWaits) {
@@ -207,13 +219,15 @@ TEST(ReadPages, TheStoreMayAnswerWhenTheTabHasGone) {
 }
 
 TEST(ReadPages, TheGroupOfAPageIsRemembered) {
+    TemporaryFolder folder;
+    folder.Write("News.tvg", "[TessaGroup]\r\nurl1=a\r\nurl2=http://b/x#y\r\n");
     ReadingDesk desk;
-    desk.main.Reads().NoteGroup(u"News", {u"a", u"http://b/x#y"});
-    desk.Read(1, u"http://a/", u"pOne");
-    desk.Read(1, u"http://c/", u"pOne");
+    desk.OpenGroup(folder.PathText("News.tvg"));
+    desk.Read(2, u"http://a/", u"pOne");
+    desk.Read(2, u"http://c/", u"pOne");
     // Led elsewhere on its way.
-    desk.PageBegins(1, u"https://b/x");
-    desk.Read(1, u"https://www.b/", u"pOne");
+    desk.PageBegins(3, u"https://b/x");
+    desk.Read(3, u"https://www.b/", u"pOne");
     EXPECT_EQ(desk.visits.At(u"https://www.b/").Group, u"News");
     EXPECT_EQ(desk.visits.At(u"http://a/").Group, u"News");
     EXPECT_EQ(desk.visits.At(u"http://c/").Group, u"");

@@ -1,5 +1,6 @@
 #include "script/BusNames.h"
 
+#include "base/os/Paths.h"
 #include "tests/fakes/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -28,7 +29,7 @@ TEST(BusNames, DetoursLeadToTheSameName) {
 
 TEST(BusNames, TheStateLiesWhereTheEnvironmentSays) {
     using BusNames::StateFolder;
-    EXPECT_EQ(StateFolder({"/own", "/config", "/home/me"}), "/own");
+    EXPECT_EQ(StateFolder({"/own", "/config", "/home/me"}), AbsolutePath("/own"));
     EXPECT_EQ(StateFolder({"", "/config", "/home/me"}), "/config/tessaview");
     EXPECT_EQ(StateFolder({"", "", "/home/me"}), "/home/me/.config/tessaview");
     EXPECT_EQ(StateFolder({"", "config", "/home/me"}), "/home/me/.config/tessaview") << "a relative one is ignored";

@@ -40,6 +40,8 @@ TEST(CtlArguments, EachCommandTakesItsWords) {
     EXPECT_EQ(Meaning({"reload", "3"}), "reload '3' #3");
     EXPECT_EQ(Meaning({"pdf", "3", "a.pdf"}), "pdf '3' 'a.pdf' #3");
     EXPECT_EQ(Meaning({"pdf", "all", "a.pdf"}), "pdf 'all' 'a.pdf'");
+    EXPECT_EQ(Meaning({"pdf-group", "News", "a.pdf"}), "pdf-group 'News' 'a.pdf'");
+    EXPECT_EQ(Meaning({"keep-group", "News", "a.tvg"}), "keep-group 'News' 'a.tvg'");
     EXPECT_EQ(Meaning({"check-group", "News", "--json"}), "check-group 'News' json");
     EXPECT_EQ(Meaning({"keep-offline", "a.tvg"}), "keep-offline 'a.tvg'");
     EXPECT_EQ(Meaning({"quit"}), "quit");
@@ -66,6 +68,8 @@ TEST(CtlArguments, WhatIsWrongIsSaid) {
     EXPECT_EQ(Meaning({"reload", "all", "1"}), "wrong: no number of a tab: all");
     EXPECT_EQ(Meaning({"pdf", "1"}), "wrong: usage: tessaviewctl pdf N|all FILE");
     EXPECT_EQ(Meaning({"pdf", "most", "a.pdf"}), "wrong: no number of a tab: most");
+    EXPECT_EQ(Meaning({"pdf-group", "News"}), "wrong: usage: tessaviewctl pdf-group GROUP FILE");
+    EXPECT_EQ(Meaning({"keep-group", "", "a.tvg"}), "wrong: usage: tessaviewctl keep-group GROUP FILE");
     EXPECT_EQ(Meaning({"list", "--timeout"}), "wrong: --timeout needs a value");
     EXPECT_EQ(Meaning({"list", "--timeout", "0"}), "wrong: no number of seconds: 0");
     EXPECT_EQ(Meaning({"list", "--timeout", "86401"}), "wrong: no number of seconds: 86401");

@@ -1,6 +1,7 @@
 #include "sessions/LastSites.h"
 
 #include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
 #include "tiles/TileText.h"
 
 namespace tessa {
@@ -41,6 +42,22 @@ TEST(LastSites, NothingIsReopenedWhenTheUserDoesNotWantItOrNamedAnAddress) {
         desk.Start(wanted ? u"http://named/" : u"");
         EXPECT_EQ(desk.Strip(), "[1*]");
     }
+}
+
+TEST(LastSites, NamesComeBackWithTheirTabs) {
+    FakeSettings kept;
+    {
+        Desk desk(&kept);
+        desk.StartWithTabs(3);
+        for (int i = 1; i <= 3; ++i) desk.views.At(i).location = u"http://" + Decimal(i) + u"/";
+        desk.main.pcPage.SetName(&desk.TabAt(2), u"Mail");
+        desk.Unload();
+    }
+    Desk desk(&kept);
+    desk.Start();
+    ASSERT_EQ(desk.CountTabs(), 3u);
+    EXPECT_EQ(desk.TabAt(2).Name(), u"Mail");
+    EXPECT_EQ(desk.TabAt(3).Name(), u"");
 }
 
 TEST(LastSites, SavesTheAddressesInTheOrderOfTheTabs) {
@@ -99,6 +116,29 @@ TEST(LastSites, PagesThatLieSideBySideDoSoAtTheNextStart) {
     ASSERT_TRUE(later.main.Tiles().Shown());
     EXPECT_EQ(ToUtf8(TileText(*later.main.Tiles().Shown())), "h(3:300 1)");
     EXPECT_EQ(later.views.Shown(), "1 3*");
+}
+
+TEST(LastSites, GroupsAndPinnedTabsAreThereAtTheNextStart) {
+    TemporaryFolder folder;
+    folder.Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n[TessaView]\r\ncolour=red\r\n");
+    Desk desk;
+    desk.StartWithTabs(2);
+    desk.PageLoads(1, u"http://1/", u"1");
+    desk.PageLoads(2, u"http://2/", u"2");
+    desk.OpenGroup(folder.PathText("News.tvg"));
+    desk.main.pcPage.SetFolded(&desk.GroupAt(2), true);
+    desk.main.pcPage.SetPinned(&desk.TabOf(1), true);
+    EXPECT_EQ(desk.Units(), "^1 News-2(3 [4*]) 2");
+    desk.Unload();
+
+    Desk later(&desk.settings);
+    later.Start();
+    EXPECT_EQ(later.Units(), "^1 News-(2 3) [4*]");
+    EXPECT_EQ(later.TabAt(2).Colour(), TabColour::Red);
+    later.main.pcPage.SetPinned(&later.TabOf(1), false);
+    for (const int index : {2, 3}) later.main.TabGroups().TakeOut(index);
+    later.Unload();
+    EXPECT_EQ(later.settings.Stored(u"LastGroups"), u"");
 }
 
 TEST(LastSites, LayoutsOfWhatDoesNotComeBackAreForgotten) {

@@ -1,5 +1,6 @@
 // Tests: CameBack
 #include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
 #include "tiles/TileText.h"
 
 namespace tessa {
@@ -116,6 +117,51 @@ TEST(SessionJournal, AChangedLayoutIsWritten) {
     EXPECT_EQ(desk.scheduled, 2);
     desk.WriteSession();
     EXPECT_TRUE(SessionFromBytes(desk.sessions.own)->Tiles.empty());
+}
+
+TEST(SessionJournal, GroupsAndPinnedTabsComeBack) {
+    TemporaryFolder folder;
+    folder.Write("News.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n");
+    JournalDesk desk;
+    desk.StartWithTabs(2);
+    desk.PageLoads(1, u"http://1/", u"1");
+    desk.PageLoads(2, u"http://2/", u"2");
+    desk.OpenGroup(folder.PathText("News.tvg"));
+    desk.WriteSession();
+    desk.scheduled = 0;
+    desk.main.pcPage.SetFolded(&desk.GroupAt(2), true);
+    EXPECT_EQ(desk.scheduled, 1);
+    desk.WriteSession();
+    desk.main.pcPage.SetPinned(&desk.TabOf(2), true);
+    EXPECT_EQ(desk.scheduled, 2);
+    desk.WriteSession();
+    EXPECT_EQ(desk.Units(), "^2 1 News-2(3 [4*])");
+    const auto written = SessionFromBytes(desk.sessions.own);
+    ASSERT_TRUE(written);
+
+    JournalDesk later;
+    later.Keep(*written, u"x");
+    later.StartWithTabs(1);
+    later.Reopen(u"x");
+    EXPECT_EQ(later.Units(), "^2 1 3 News-(4 [5*])");
+    later.WriteSession();
+    EXPECT_EQ(SessionFromBytes(later.sessions.own)->Groups.Groups.at(0).Members,
+              (std::vector<KeptMember>{{4, u"http://a/"}, {5, u"http://b/"}}));
+}
+
+TEST(SessionJournal, APinnedTabThatCameBackGivesWayToItsPageAlone) {
+    for (const TextView pinned : {u"http://one/", u"http://other/"}) {
+        JournalDesk desk;
+        desk.settings.PutList(u"LastSites", {u"http://one/", u"http://two/"});
+        desk.settings.Put(u"LastGroups", u"[Pins]\nTabs=\"1\"\n");
+        Session session = Crashed({{Text(pinned), u"P"}, {u"http://b/", u"B"}});
+        session.Groups.Pins = {1};
+        desk.Keep(session, u"x");
+        desk.Start();
+        EXPECT_EQ(desk.Units(), "^1 [2*]");
+        desk.Reopen(u"x");
+        EXPECT_EQ(desk.Units(), pinned == u"http://one/" ? "[^3*] 4" : "^1 [^3*] 4");
+    }
 }
 
 TEST(SessionJournal, APageThatMayNotOpenLeavesItsPane) {

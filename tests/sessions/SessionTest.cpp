@@ -26,6 +26,16 @@ TEST(Session, IsARecordAndOneForEachPage) {
               "[Session]\nEnded=0\nSelected=1\nSettled=0\nTime=17\n[Page]\nAddress=http://one/\nTitle=One\n");
 }
 
+TEST(Session, KeepsTheNamesThatTabsWereGiven) {
+    Session session;
+    session.Pages = {{u"http://a/", u"Title", u"My\nname"}, {u"http://b/", u"Other", u""}};
+    const auto back = SessionFromBytes(SessionBytes(session));
+    ASSERT_TRUE(back);
+    EXPECT_EQ(back->Pages[0].Name, u"My name");
+    EXPECT_EQ(back->Pages[1].Name, u"");
+    EXPECT_EQ(SessionBytes(session).find("Name"), SessionBytes(session).rfind("Name")) << "none is written for none";
+}
+
 TEST(Session, OfTheFirstVersionsIsReadToo) {
     const auto read =
         SessionFromBytes("TessaView session 1\ntime=1700000000\nended=1\nsettled=1\nselected=2\nblanks=3\n"
@@ -62,6 +72,19 @@ TEST(Session, SaysWhichPagesLieSideBySide) {
     EXPECT_NE(bytes.find("\nTiles=\"h(3 1)\", \"v(2 9)\"\n"), std::string::npos) << bytes;
     session.Tiles = {u"h(3 1)"};
     EXPECT_EQ(SessionFromBytes(bytes), session) << "there is no ninth page";
+}
+
+TEST(Session, SaysWhichPagesBelongTogetherAndArePinned) {
+    Session session = Three();
+    session.Groups = {
+        .Groups = {{.Path = u"/a.tvg", .Name = u"a", .Members = {{2, u"http://two/"}, {3, std::nullopt}}}},
+        .Pins = {1}};
+    EXPECT_EQ(SessionFromBytes(SessionBytes(session)), session);
+    const Session part = PartOf(session, {2, 0});
+    EXPECT_EQ(part.Groups.Groups.at(0).Members, (std::vector<KeptMember>{{1, std::nullopt}}));
+    EXPECT_EQ(part.Groups.Pins, std::vector<std::int32_t>{2});
+    session.Groups.Pins = {1, 4};
+    EXPECT_EQ(SessionFromBytes(SessionBytes(session))->Groups.Pins, std::vector<std::int32_t>{1});
 }
 
 TEST(Session, LayoutsThatCannotBeAreLeftOut) {

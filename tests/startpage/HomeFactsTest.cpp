@@ -47,7 +47,7 @@ protected:
     FakeVisits m_visits;
     FakeClock m_clock;
     BareTabs m_tabs;
-    ClosedTabs m_closed{m_tabs.tabs, m_tabs.pcPage, m_tabs.Browser};
+    ClosedTabs m_closed{m_tabs.tabs, m_tabs.pcPage, m_tabs.Browser, m_tabs.groups};
     HomeFacts m_facts{{m_visits, m_clock, m_closed, m_groups}};
     int m_changes = 0;
 };

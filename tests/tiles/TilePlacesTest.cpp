@@ -104,6 +104,21 @@ TEST(TilePlaces, FindsWhatLiesAtAPoint) {
     EXPECT_EQ(places.Find(4), nullptr);
 }
 
+TEST(TilePlaces, EachPaneHasItsDividers) {
+    const TilePlaces places = PlacesOf(LayoutNamed(u"h(1 v(2 3) 4)"), 1, Area(7, 9, 310, 105), {.Divider = 5});
+    const auto of = [&](std::int32_t number, bool upright) {
+        const auto* divider = places.DividerOf(number, upright);
+        return divider ? Words(divider->Place) : std::string("none");
+    };
+    EXPECT_EQ(of(1, true), "107,9 5x105");
+    EXPECT_EQ(of(1, false), "none");
+    EXPECT_EQ(of(2, true), "212,9 5x105") << "that at its right edge";
+    EXPECT_EQ(of(2, false), of(3, false));
+    EXPECT_EQ(of(2, false), "112,59 100x5");
+    EXPECT_EQ(of(4, true), "212,9 5x105") << "the last one has none at its right";
+    EXPECT_EQ(of(9, true), "none");
+}
+
 TEST(TilePlaces, ADividerGoesWhereItIsDragged) {
     const Rect area = Area(100, 0, 205, 50);
     TileLayout layout = LayoutNamed(u"h(1 2)");

@@ -22,6 +22,12 @@ TEST(TileText, BlanksMayStandBetweenAllParts) {
     EXPECT_EQ(ToUtf8(TileText(*layout)), "h(1:20 2) full linked");
 }
 
+TEST(TileText, SeveralGetOtherNumbers) {
+    const auto become = [](std::int32_t number) { return number == 3 ? 0 : number + 10; };
+    EXPECT_EQ(TileTextsBecome({u"h(1 v(2 3)) linked", u"x", u"h(3 4)", u"v(5:2 6)"}, become),
+              (std::vector<Text>{u"h(11 12) linked", u"v(15:2 16)"}));
+}
+
 TEST(TileText, WhatIsNoLayoutIsNone) {
     for (const TextView text : {u"",
                                 u" ",

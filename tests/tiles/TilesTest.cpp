@@ -180,6 +180,52 @@ TEST(Tiles, TabsOfOneCaptionCloseOnlyTheirOwnPane) {
     EXPECT_EQ(desk.Layout(), "h(1 3): 1 3*");
 }
 
+/// Closes a tab of that layout and brings it back.
+std::string Reopened(TextView layout, int closed) {
+    TilesDesk desk(5);
+    for (const int index : {1, 2, 3, 4, 5}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", Decimal(index));
+    desk.Show(layout);
+    desk.Close(closed);
+    desk.Click(u"xtrReopenTab");
+    return desk.Layout();
+}
+
+TEST(Tiles, AReopenedTabReturnsToItsPane) {
+    EXPECT_EQ(Reopened(u"h(1 v(2 3))", 2), "h(1 v(6 3)): 1 3 6*");
+    EXPECT_EQ(Reopened(u"h(1:300 2)", 2), "h(1:300 6): 1 6*") << "the other one was alone by then";
+    EXPECT_EQ(Reopened(u"v(h(4 1) h(2 5)) linked", 4), "v(h(6 1) h(2 5)) linked: 1 2 5 6*");
+    EXPECT_EQ(Reopened(u"h(2 3)", 1), "alone: 6*") << "it was in none";
+}
+
+TEST(Tiles, TabsThatCloseTogetherReturnToTheirPanes) {
+    TilesDesk desk(5);
+    for (const int index : {1, 2, 3, 4, 5}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", Decimal(index));
+    desk.Show(u"v(h(2:400 3) 4)");
+    desk.CloseRightOf(1);
+    EXPECT_EQ(desk.Layout(), "alone: 1*");
+    desk.Click(u"xtrReopenTab");
+    ASSERT_EQ(desk.CountTabs(), 5U);
+    desk.ClickTab(2);
+    const std::string two = std::to_string(desk.TabAt(2).Tag), three = std::to_string(desk.TabAt(3).Tag),
+                      four = std::to_string(desk.TabAt(4).Tag);
+    EXPECT_EQ(ToUtf8(TileText(*desk.tiles.Shown())), "v(h(" + two + ":400 " + three + ") " + four + ")");
+}
+
+TEST(Tiles, WhereTheOthersLieOtherwiseByNowItComesBesideOne) {
+    TilesDesk desk(4);
+    for (const int index : {1, 2, 3, 4}) desk.PageLoads(index, u"http://" + Decimal(index) + u"/", Decimal(index));
+    desk.Show(u"h(1 2 3)");
+    desk.Close(2);
+    desk.Show(u"v(3 1 4)");
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.Layout().substr(0, 15), "v(h(3 5) 1 4): ") << "beside the one that had got the keyboard";
+    desk.Close(5);
+    desk.tiles.Dissolve();
+    desk.Show(u"h(1 4)");
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.CountTabs(), 4U);
+}
+
 TEST(Tiles, ATabThatIsMovedKeepsItsPane) {
     TilesDesk desk(3);
     desk.Show(u"h(1 2)");

@@ -55,7 +55,7 @@ TEST_F(LogTest, TheFileIsTheUsersAloneAlsoOneOfAnEarlierVersion) {
 }
 
 TEST_F(LogTest, ItNeverGrowsBeyondAMegabyteAndKeepsTheNewest) {
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 6000; ++i) {
         log.Write(LogLevel::Info, LogPart::Program, std::to_string(i) + std::string(300, 'x'));
         if (i % 500 != 0) continue;
         ASSERT_LE(folder.Read("log").size(), LogFile::kMostBytes) << i;
@@ -64,7 +64,7 @@ TEST_F(LogTest, ItNeverGrowsBeyondAMegabyteAndKeepsTheNewest) {
     EXPECT_LE(bytes.size(), LogFile::kMostBytes);
     EXPECT_GT(bytes.size(), LogFile::kMostBytes / 4);
     EXPECT_TRUE(bytes.starts_with("2023-11-14T22:13:20Z info program: ")) << "cut between two lines";
-    EXPECT_NE(log.LastLines(1).at(0).find("19999xxx"), std::string::npos);
+    EXPECT_NE(log.LastLines(1).at(0).find("5999xxx"), std::string::npos);
     if (kOtherPlatform) return; // files have no mode
     struct stat facts {};
     ASSERT_EQ(::stat(folder.Path("log").c_str(), &facts), 0);

@@ -114,7 +114,7 @@ TEST_F(GroupEditorTest, EveryControlHasItsNameAndAnAccessibleOne) {
     Open(1);
     for (const char* name : {"cmdUp", "cmdDown", "cmdInsert", "cmdUpdate", "cmdDelete", "cmdOK", "cmdCancel",
                              "cmdUrlInsert", "Cancel", "lstUrls", "txtUrl", "Label1", "Label2", "cmdCheck",
-                             "cmdCompare", "cboColour", "chkBehind", "chkCloseOthers"}) {
+                             "cmdCompare", "cboColour", "chkBehind", "chkCloseOthers", "chkKeepPanes"}) {
         auto* widget = editor->findChild<QWidget*>(QString::fromLatin1(name));
         ASSERT_NE(widget, nullptr) << name;
         EXPECT_FALSE(widget->accessibleName().isEmpty()) << name;

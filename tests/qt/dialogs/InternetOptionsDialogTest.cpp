@@ -215,14 +215,19 @@ TEST_F(InternetOptionsDialogTest, ThePresentPageAndAChosenFolderFillTheirBoxes) 
 TEST_F(InternetOptionsDialogTest, EveryControlHasANameThatAPersonCanHearAndKeysOfAPageDiffer) {
     InternetOptionsDialog dialog(m_form);
     auto& pages = Find<PageList>(dialog, "pagesOptions");
+    QString pageKeys, keys;
+    const auto take = [&keys](const QString& text) {
+        const qsizetype at = text.indexOf(u'&');
+        if (at < 0) return;
+        EXPECT_FALSE(keys.contains(text[at + 1].toLower())) << text.toStdString();
+        keys += text[at + 1].toLower();
+    };
+    auto& names = Find<QListWidget>(dialog, "lstPages");
+    for (int i = 0; i < names.count(); ++i) take(names.item(i)->data(Qt::UserRole).toString());
+    ASSERT_EQ(keys.size(), pages.Count());
+    pageKeys = keys;
     for (int i = 0; i < pages.Count(); ++i) {
-        QString keys = QStringLiteral("gpvelcby"); // those of the pages
-        const auto take = [&](const QString& text) {
-            const qsizetype at = text.indexOf(u'&');
-            if (at < 0) return;
-            EXPECT_FALSE(keys.contains(text[at + 1].toLower())) << text.toStdString();
-            keys += text[at + 1].toLower();
-        };
+        keys = pageKeys;
         for (const auto* label : pages.Page(i)->findChildren<QLabel*>()) take(label->text());
         for (const auto* button : pages.Page(i)->findChildren<QAbstractButton*>()) take(button->text());
         for (const auto* edit : pages.Page(i)->findChildren<QLineEdit*>())
@@ -230,6 +235,30 @@ TEST_F(InternetOptionsDialogTest, EveryControlHasANameThatAPersonCanHearAndKeysO
         for (const auto* box : pages.Page(i)->findChildren<QComboBox*>())
             EXPECT_FALSE(box->accessibleName().isEmpty()) << box->objectName().toStdString();
     }
+}
+
+TEST_F(InternetOptionsDialogTest, PagesLargerThanTheScreenScrollToWhatHasTheKeyboard) {
+    Use([](QDialog& dialog) {
+        const auto& pages = Find<PageList>(dialog, "pagesOptions");
+        const QSize screen = dialog.screen()->availableSize();
+        for (int i = 0; i < pages.Count(); ++i) {
+            // A page that grows, as with large letters, must not take the buttons off the screen.
+            pages.Page(i)->setMinimumHeight(screen.height() * 2);
+        }
+        ASSERT_TRUE(QTest::qWaitFor([&] { return dialog.height() > screen.height() / 2; }));
+        EXPECT_LE(dialog.height(), screen.height());
+        EXPECT_LE(dialog.width(), screen.width());
+        auto& list = Find<PageList>(dialog, "pagesOptions");
+        auto& last = Find<QCheckBox>(dialog, "chkHistoryNothing");
+        for (int i = 0; i < list.Count(); ++i) {
+            if (list.Page(i)->isAncestorOf(&last)) list.SetCurrent(i);
+        }
+        static_cast<QVBoxLayout*>(last.parentWidget()->layout())->insertSpacing(0, screen.height() + 200);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return last.visibleRegion().isEmpty(); }));
+        last.setFocus(Qt::ShortcutFocusReason);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return last.visibleRegion().boundingRect() == last.rect(); }));
+        Click(dialog, "cmdCancel");
+    });
 }
 
 TEST_F(InternetOptionsDialogTest, AllPagesStandInAListAtTheSideAndAreReachedByKeyboard) {

@@ -28,10 +28,12 @@ protected:
 TEST_F(DesktopWindowToolsTest, TellsWhatIsMadeLaterThanItself) {
     std::string told;
     tools.ListsTabs.ConnectForLife([&] { told += "tabs "; });
+    tools.MovesDividers.ConnectForLife([&] { told += "dividers "; });
     tools.Customizes.ConnectForLife([&] { told += "customize "; });
     tools.ShowTabList();
+    tools.MoveDividers();
     tools.Customize();
-    EXPECT_EQ(told, "tabs customize ");
+    EXPECT_EQ(told, "tabs dividers customize ");
 }
 
 TEST_F(DesktopWindowToolsTest, WithoutAPageThereAreNoDeveloperTools) {

@@ -15,7 +15,9 @@
 #include <QTest>
 #include <QThread>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
@@ -55,7 +57,7 @@ protected:
     }
     [[nodiscard]] PdfBinder::Bound Bind(const std::vector<PdfBinder::Part>& parts,
                                         const char* target = "all.pdf") const {
-        return PdfBinder::Bind(parts, File(target), stop);
+        return PdfBinder::Bind(parts, File(target), {stop});
     }
     /// What another program says of a file.
     static QString Told(const QString& program, const QStringList& words) {
@@ -185,7 +187,7 @@ TEST(Role, DISABLED_Bind) {
     ASSERT_EQ(words.size(), 3);
     const std::vector<PdfBinder::Part> parts(words[0].toUInt(), {words[1], QStringLiteral("Big"), QString()});
     const std::atomic<bool> stop = false;
-    EXPECT_EQ(PdfBinder::Bind(parts, words[2], stop).refusal, QString());
+    EXPECT_EQ(PdfBinder::Bind(parts, words[2], {stop}).refusal, QString());
     std::printf("peak %ld\n", OwnPeak());
 }
 
@@ -197,17 +199,26 @@ TEST_F(PdfBinderTest, TheWindowGoesOnWhileAPdfIsBound) {
     QObject::connect(&ticking, &QTimer::timeout, &ticking, [&turns] { ++turns; });
     ticking.start(0);
     int told = 0, turnsWhenTold = 0;
-    work.Bind({{Pages("many.pdf", 300), QStringLiteral("Many"), QString()}}, File("all.pdf"),
-              [&](const PdfBinder::Bound& bound) {
-                  EXPECT_EQ(QThread::currentThread(), here);
-                  EXPECT_EQ(bound.refusal, QString());
-                  turnsWhenTold = turns;
-                  ++told;
-              });
+    std::vector<int> percents;
+    const auto bound = [&](const PdfBinder::Bound& done) {
+        EXPECT_EQ(QThread::currentThread(), here);
+        EXPECT_EQ(done.refusal, QString());
+        turnsWhenTold = turns;
+        ++told;
+    };
+    const auto progress = [&](int percent) {
+        EXPECT_EQ(QThread::currentThread(), here);
+        EXPECT_EQ(told, 0);
+        percents.push_back(percent);
+    };
+    work.Bind({{Pages("many.pdf", 300), QStringLiteral("Many"), QString()}}, File("all.pdf"), {bound, progress});
     EXPECT_EQ(told, 0);
     ASSERT_TRUE(QTest::qWaitFor([&] { return told == 1; }, 60000));
     EXPECT_GT(turnsWhenTold, 0);
     EXPECT_EQ(CountOf("all.pdf"), QStringLiteral("300"));
+    ASSERT_GT(percents.size(), 5U);
+    EXPECT_TRUE(std::ranges::is_sorted(percents, std::less_equal<int>())) << "each once, and more each time";
+    EXPECT_LE(percents.back(), 100);
 }
 
 TEST_F(PdfBinderTest, WhatIsNotDoneEndsWithWhoeverWantedIt) {
@@ -216,7 +227,7 @@ TEST_F(PdfBinderTest, WhatIsNotDoneEndsWithWhoeverWantedIt) {
     auto work = std::make_unique<PdfWork>();
     const std::vector<PdfBinder::Part> parts{{Pages("many.pdf", 1000), QString(), QString()}};
     for (int times = 0; times < 5; ++times)
-        work->Bind(parts, File("all.pdf"), [&](const PdfBinder::Bound&) { ++told; });
+        work->Bind(parts, File("all.pdf"), {[&](const PdfBinder::Bound&) { ++told; }});
     work.reset();
     QCoreApplication::processEvents();
     EXPECT_EQ(told, 0);

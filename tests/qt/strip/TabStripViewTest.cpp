@@ -38,8 +38,10 @@ protected:
 /// A shown strip of 800 logical pixels, as a person has it before the eyes.
 class TabStripViewTest : public testing::Test {
 protected:
+    // Before there is a strip: what is asked of one earlier is answered without it for ever.
+    static void SetUpTestSuite() { InstallTabStripAccessibility(); }
+
     void SetUp() override {
-        InstallTabStripAccessibility();
         widget.resize(800, widget.RowHeight().value);
         strip.Click.ConnectForLife([this] { ++clicks; });
         widget.CloseRequested.ConnectForLife([this](Tab& tab) { closed += ToUtf8(tab.Caption()) + ";"; });
@@ -89,6 +91,8 @@ protected:
     struct Faces final : TabFaces {
         [[nodiscard]] QIcon IconOf(const Tab& tab) const override { return icon ? icon(tab) : Plain().IconOf(tab); }
         [[nodiscard]] Text TipOf(const Tab& tab) const override { return tip ? tip(tab) : Plain().TipOf(tab); }
+        [[nodiscard]] bool IsChanged(const TabGroup& group) const override { return Plain().IsChanged(group); }
+        [[nodiscard]] TabPane PaneOf(const Tab& tab) const override { return Plain().PaneOf(tab); }
         [[nodiscard]] Text NewTabKeys() const override { return newTabKeys; }
         std::function<QIcon(const Tab&)> icon;
         std::function<Text(const Tab&)> tip;
@@ -103,11 +107,50 @@ private:
     std::int32_t m_last = 0;
 };
 
+TEST_F(TabStripViewTest, ACtrlOrShiftClickChoosesAndSelectsNothing) {
+    AddMany(4);
+    Show();
+    std::string asked;
+    int plain = 0;
+    widget.ChooseRequested.ConnectForLife([&](Tab& tab, Qt::KeyboardModifiers held) {
+        asked += ToUtf8(tab.Caption()) + (held.testFlag(Qt::ShiftModifier) ? " shift;" : ";");
+        strip.SetChosen(&tab, true);
+    });
+    widget.PlainClick.ConnectForLife([&] { ++plain; });
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::ControlModifier, widget.TabPlace(2).center());
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::ShiftModifier, widget.TabPlace(3).center());
+    EXPECT_EQ(asked, "page 2;page 3 shift;");
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(plain, 0);
+    EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
+    auto* accessible = QAccessible::queryAccessibleInterface(&widget);
+    ASSERT_NE(accessible, nullptr);
+    ASSERT_NE(accessible->child(1), nullptr);
+    EXPECT_EQ(accessible->child(1)->text(QAccessible::Description), QStringLiteral("Selected with others"));
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, widget.TabPlace(4).center());
+    EXPECT_EQ(plain, 1);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(TabStripViewTest, AChosenTabIsSeenAsSuchOnLightAndOnDark) {
+    AddMany(3);
+    Show();
+    for (const QColor& ground : {QColor(240, 240, 240), QColor(42, 46, 50)}) {
+        widget.setPalette(QPalette(ground));
+        const QPoint at = widget.TabPlace(2).topLeft() + QPoint(4, 8);
+        const auto colour = [&] { return widget.grab().toImage().pixelColor(at); };
+        strip.SetChosen(strip.FindAt(2), false);
+        const QColor before = colour();
+        strip.SetChosen(strip.FindAt(2), true);
+        EXPECT_NE(colour(), before);
+    }
+}
+
 TEST_F(TabStripViewTest, AColourIsPaintedBesideThePage) {
     Tab* first = Add("one");
     Add("two");
     Show();
-    strip.SetColour(first, TabColour::Green);
+    auto* group = strip.NewGroup(first, u"News", TabColour::Green);
     const QColor green = Palette::MarkColour(TabColour::Green);
     const auto at = [this](const Tab* tab, bool lower) {
         const QRect place = widget.TabPlace(strip.PositionOf(tab));
@@ -118,17 +161,19 @@ TEST_F(TabStripViewTest, AColourIsPaintedBesideThePage) {
     EXPECT_NE(at(strip.FindAt(2), true), green);
     strip.SetPlacement(TabPlacement::Bottom);
     EXPECT_EQ(at(first, false), green);
-    strip.SetColour(first, TabColour::None);
+    strip.SetGroupColour(group, TabColour::Red);
     EXPECT_NE(at(first, false), green);
 }
 
 TEST_F(TabStripViewTest, AColourIsRepaintedByItself) {
-    Tab* first = Add("one");
+    auto* group = strip.NewGroup(Add("one"), u"News", TabColour::Green);
+    Add("two");
     Show();
     PaintLog log(widget);
-    strip.SetColour(first, TabColour::Red);
+    strip.SetGroupColour(group, TabColour::Red);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !log.regions.empty(); }));
-    EXPECT_EQ(log.regions[0].boundingRect(), widget.TabPlace(1));
+    EXPECT_TRUE(log.regions[0].intersects(widget.TabPlace(1)));
+    EXPECT_FALSE(log.regions[0].intersects(widget.TabPlace(2)));
 }
 
 TEST_F(TabStripViewTest, FiveHundredNewTabsAreLaidOutAndPaintedOnce) {

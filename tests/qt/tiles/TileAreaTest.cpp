@@ -209,6 +209,43 @@ TEST_F(TileAreaTest, ADividerIsDraggedAndPutBackInTheMiddle) {
     EXPECT_EQ(Layout(), "h(1 2)");
 }
 
+TEST_F(TileAreaTest, KeysMoveTheDividersOfThePaneInFocus) {
+    area.MoveDividers();
+    EXPECT_FALSE(area.hasFocus()) << "alone there are none";
+    Show(u"h(1 v(2 3))");
+    pcPage.Select(pcPage.FindAt(3));
+    area.MoveDividers();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return area.hasFocus(); }));
+    QTest::keyClick(&area, Qt::Key_Left);
+    EXPECT_EQ(Layout(), "h(1:90000 v(2 3):110000)");
+    QTest::keyClick(&area, Qt::Key_Down);
+    EXPECT_EQ(Layout(), "h(1:90000 v(2:110000 3:90000):110000)");
+    QTest::keyClick(&area, Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(Layout(), "h(1:90000 v(2:109500 3:90500):110000)");
+    QTest::keyClick(&area, Qt::Key_Right);
+    EXPECT_EQ(Layout(), "h(1:100000 v(2:109500 3:90500):100000)");
+    QTest::keyClick(&area, Qt::Key_Home);
+    EXPECT_EQ(Layout(), "h(1 v(2 3))");
+    for (int i = 0; i < 50; ++i) QTest::keyClick(&area, Qt::Key_Left);
+    EXPECT_GE(pages[1]->width(), 50) << "no pane is lost by that";
+    int clicks = 0;
+    pcPage.Click.ConnectForLife([&] { ++clicks; });
+    QTest::keyClick(&area, Qt::Key_Escape);
+    EXPECT_EQ(clicks, 1) << "the page gets the keyboard again";
+    EXPECT_EQ(tiles.Focus(), 3);
+}
+
+TEST_F(TileAreaTest, TheDividersThatKeysMoveAreSeen) {
+    Show(u"h(1 2)");
+    const QPoint divider(202, 200);
+    const auto colour = [&] { return area.grab().toImage().pixelColor(divider * area.devicePixelRatio()); };
+    const QColor plain = colour();
+    area.MoveDividers();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return colour() != plain; }));
+    pages[1]->setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return colour() == plain; }));
+}
+
 TEST_F(TileAreaTest, TheOtherButtonsMoveNoDivider) {
     Show(u"v(1 2)");
     QTest::mousePress(&area, Qt::RightButton, {}, {100, 202});

@@ -1,0 +1,44 @@
+#include "qt/program/TabPanelAssembly.h"
+
+#include "commands/BarGestures.h"
+#include "qt/engine/Engine.h"
+#include "qt/tiles/TileArea.h"
+#include "tabs/TabKeys.h"
+#include "window/frmMain.h"
+
+namespace tessa::qt {
+
+TabPanelAssembly::TabPanelAssembly(frmMain& main, Engine& engine, QMainWindow& window, TileArea& area)
+    : m_main(main), m_engine(engine), m_panel(main.TabPanel(), *this, window) {
+    m_connections += m_engine.Told().IconChanged.Connect([this](std::int32_t) { m_panel.RefreshFaces(); });
+    m_panel.FocusPage.ConnectForLife([this] { m_main.FocusPage(); });
+    FollowMenus();
+    FollowDrags(area);
+}
+
+QIcon TabPanelAssembly::IconOf(const Tab& tab) const { return m_engine.Icon(tab.Tag); }
+
+void TabPanelAssembly::FollowMenus() {
+    m_panel.PanelMenuRequested.ConnectForLife([this] { BarGestures::TabPanelMenu(m_main.actBar); });
+    m_panel.GroupMenuRequested.ConnectForLife(
+        [this](std::int32_t group) { m_main.StripInput().OpenGroupPopup(group); });
+    m_panel.MenuRequested.ConnectForLife([this](std::int32_t view) {
+        m_main.StripInput().OpenPopup(m_main.pcPage.PositionOf(TabOfView(m_main.pcPage, view)));
+    });
+}
+
+void TabPanelAssembly::FollowDrags(TileArea& area) {
+    m_panel.DraggedOut.ConnectForLife(
+        [&area](const TabPanelView::Views& views, QPoint at) { area.ShowDrop(views.front(), at); });
+    m_panel.DraggedBack.ConnectForLife([&area] { area.HideDrop(); });
+    m_panel.DroppedOut.ConnectForLife(
+        [this, &area](const TabPanelView::Views& views, QPoint at) { DropOnPages(area, views, at); });
+}
+
+// The first one comes where it was dropped, and the others beside it.
+void TabPanelAssembly::DropOnPages(TileArea& area, const TabPanelView::Views& views, QPoint at) {
+    if (!area.Drop(views.front(), at)) return;
+    for (auto view = views.rbegin(); view + 1 != views.rend(); ++view) m_main.Tiles().ShowBeside(*view);
+}
+
+} // namespace tessa::qt

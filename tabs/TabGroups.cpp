@@ -1,0 +1,335 @@
+#include "tabs/TabGroups.h"
+
+#include "base/Address.h"
+#include "tabs/TabKeys.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace tessa {
+
+namespace {
+
+/// From those that are told apart most easily.
+constexpr std::array kPalette{TabColour::Blue,   TabColour::Green, TabColour::Orange, TabColour::Purple,
+                              TabColour::Yellow, TabColour::Red,   TabColour::Grey};
+
+/// An address as it is compared. One that was typed into a file has no scheme, and may lead to either.
+Text PlaceOf(TextView address) {
+    Text place = Address::PageOf(address);
+    for (const TextView scheme : {u"https://", u"http://"}) {
+        if (place.starts_with(scheme)) return place.substr(scheme.size());
+    }
+    return place.starts_with(u"www.") ? place.substr(4) : place;
+}
+
+bool IsSamePlace(TextView one, TextView other) { return one == other || PlaceOf(one) == PlaceOf(other); }
+
+bool ShowsNothing(TextView address) { return address.empty() || address == Address::kBlank; }
+
+} // namespace
+
+std::vector<Text> GroupSource::Opened() const {
+    std::vector<Text> opened = All;
+    for (const Text& each : LeftOut) {
+        const auto found = std::ranges::find(opened, each);
+        if (found != opened.end()) opened.erase(found);
+    }
+    return opened;
+}
+
+TabGroups::TabGroups(TabSet& tabs, TabStrip& pcPage, ViewArray& Browser)
+    : m_tabs(tabs), m_pcPage(pcPage), m_browser(Browser) {
+    m_pcPage.GroupGone.ConnectForLife([this](std::int32_t id) { m_groups.erase(id); });
+}
+
+std::int32_t TabGroups::Begin(std::int32_t index, Text name, GroupSource file) {
+    auto* tab = TabOfView(m_pcPage, index);
+    if (!tab) return 0;
+    const TabColour colour = file.Colour == TabColour::None ? RareColour() : file.Colour;
+    const std::int32_t group = m_pcPage.NewGroup(tab, std::move(name), colour)->Id();
+    m_members[index] = {.Typed = m_tabs.TypedSoFar()};
+    Begin(group, std::move(file));
+    return group;
+}
+
+void TabGroups::Begin(std::int32_t group, GroupSource file) {
+    m_groups[group].Agreed = file.All;
+    SetFile(group, std::move(file));
+}
+
+bool TabGroups::Add(std::int32_t index, std::int32_t group, std::optional<Text> entry) {
+    auto* tab = TabOfView(m_pcPage, index);
+    auto* joined = m_pcPage.FindGroup(group);
+    if (!tab || !joined) return false;
+    m_pcPage.SetGroup(tab, joined);
+    m_members[index] = {.Entry = std::move(entry), .Typed = m_tabs.TypedSoFar()};
+    ++m_visits;
+    return true;
+}
+
+void TabGroups::TakeOut(std::int32_t index) {
+    if (auto* tab = TabOfView(m_pcPage, index)) m_pcPage.SetGroup(tab, nullptr);
+    m_members.erase(index);
+}
+
+void TabGroups::MoveToEnd(std::int32_t group) {
+    for (const Tab* each : m_pcPage.TabsOf(m_pcPage.FindGroup(group))) m_pcPage.Move(each, m_pcPage.Count());
+}
+
+void TabGroups::ChooseColour(std::int32_t group, TabColour colour) {
+    auto* known = Find(group);
+    auto* chosen = m_pcPage.FindGroup(group);
+    if (!known || !chosen) return;
+    known->ColourChosen = true;
+    ++m_visits;
+    m_pcPage.SetGroupColour(chosen, colour);
+    m_pcPage.TouchGroups();
+}
+
+bool TabGroups::ColourChosen(std::int32_t group) const {
+    const auto* known = Find(group);
+    return known && known->ColourChosen;
+}
+
+TabGroups::Known* TabGroups::Find(std::int32_t group) {
+    const auto found = m_groups.find(group);
+    return found == m_groups.end() ? nullptr : &found->second;
+}
+
+const TabGroups::Known* TabGroups::Find(std::int32_t group) const { return const_cast<TabGroups*>(this)->Find(group); }
+
+// The first of those that the fewest groups have.
+TabColour TabGroups::RareColour() const {
+    std::array<std::size_t, kPalette.size()> used{};
+    for (const TabGroup* each : m_pcPage.Groups()) {
+        const auto found = std::ranges::find(kPalette, each->Colour());
+        if (found != kPalette.end()) ++used.at(static_cast<std::size_t>(found - kPalette.begin()));
+    }
+    return kPalette.at(static_cast<std::size_t>(std::ranges::min_element(used) - used.begin()));
+}
+
+const TabGroup* TabGroups::Of(std::int32_t index) const {
+    const auto* tab = TabOfView(m_pcPage, index);
+    return tab ? tab->Group() : nullptr;
+}
+
+Text TabGroups::PathOf(std::int32_t index) const {
+    const auto* group = Of(index);
+    const auto* file = group ? FileOf(group->Id()) : nullptr;
+    return file ? file->Path : Text();
+}
+
+const GroupSource* TabGroups::FileOf(std::int32_t group) const {
+    const auto* known = Find(group);
+    return known ? &known->File : nullptr;
+}
+
+std::vector<std::int32_t> TabGroups::OpenedFrom(TextView path) const {
+    std::vector<std::int32_t> groups;
+    for (const auto& [number, known] : m_groups) {
+        if (known.File.Path == path) groups.push_back(number);
+    }
+    return groups;
+}
+
+std::vector<std::int32_t> TabGroups::TabsOf(std::int32_t group) const {
+    std::vector<std::int32_t> indexes;
+    for (const Tab* each : m_pcPage.TabsOf(m_pcPage.FindGroup(group))) indexes.push_back(each->Tag);
+    return indexes;
+}
+
+// A site may lead on by itself, which leaves no way back. What the user types may leave none either, when the page had
+// not come yet.
+bool TabGroups::ShowsItsPage(const Member& member, const ArrayView& view) {
+    const Text shown = view.Control->LocationURL();
+    if (ShowsNothing(shown) || IsSamePlace(shown, *member.Entry)) return true;
+    if (!member.Landed.empty() && IsSamePlace(shown, member.Landed)) return true;
+    return view.Tag == u"0" && view.TypedBefore <= member.Typed;
+}
+
+std::optional<GroupTab> TabGroups::ToSave(std::int32_t index) const {
+    const auto found = m_members.find(index);
+    const auto* view = m_browser.Find(index);
+    const auto entry = found == m_members.end() ? std::nullopt : found->second.Entry;
+    if (entry && (!view || ShowsItsPage(found->second, *view))) return GroupTab{index, *entry, entry};
+    const Text address = view ? view->Control->LocationURL() : Text();
+    if (ShowsNothing(address) || !Address::ComesBack(address)) return std::nullopt;
+    return GroupTab{index, address, entry};
+}
+
+std::optional<Text> TabGroups::EntryShown(std::int32_t index) const {
+    const auto tab = ToSave(index);
+    return tab && tab->Entry && tab->Address == *tab->Entry ? tab->Entry : std::nullopt;
+}
+
+std::vector<GroupTab> TabGroups::TabsToSave(std::int32_t group) const {
+    std::vector<GroupTab> tabs;
+    for (const std::int32_t each : TabsOf(group)) {
+        if (auto tab = ToSave(each)) tabs.push_back(*std::move(tab));
+    }
+    return tabs;
+}
+
+bool TabGroups::IsChanged(std::int32_t group) const {
+    const auto found = m_groups.find(group);
+    if (found == m_groups.end()) return false;
+    Known& known = found->second;
+    if (std::exchange(known.Judged, m_pcPage.Arrangement()) == m_pcPage.Arrangement() &&
+        std::exchange(known.JudgedVisits, m_visits) == m_visits)
+        return known.Changed;
+    known.JudgedVisits = m_visits;
+    return known.Changed = Differs(group, known);
+}
+
+bool TabGroups::Differs(std::int32_t group, const Known& known) const {
+    const auto* shown = m_pcPage.FindGroup(group);
+    if (!known.File.IsThere || (known.ColourChosen && shown && shown->Colour() != known.File.Colour)) return true;
+    const auto tabs = TabsToSave(group);
+    return !std::ranges::equal(tabs, known.File.Opened(), [](const GroupTab& tab, const Text& address) {
+        return IsSamePlace(tab.Address, address);
+    });
+}
+
+void TabGroups::SetFile(std::int32_t group, GroupSource file) {
+    auto* known = Find(group);
+    if (!known) return;
+    known->File = std::move(file);
+    known->Places.clear();
+    for (const Text& each : known->File.All) known->Places.insert(PlaceOf(each));
+    auto* shown = m_pcPage.FindGroup(group);
+    if (shown && !known->ColourChosen && known->File.Colour != TabColour::None)
+        m_pcPage.SetGroupColour(shown, known->File.Colour);
+    ++m_visits;
+    m_pcPage.TouchGroups();
+}
+
+bool TabGroups::IsOvertaken(std::int32_t group) const {
+    const auto* known = Find(group);
+    return known && known->File.IsThere && known->File.All != known->Agreed;
+}
+
+void TabGroups::NoteSaved(std::int32_t group, const std::vector<GroupTab>& tabs) {
+    auto* known = Find(group);
+    if (!known) return;
+    known->ColourChosen = false;
+    known->Agreed = known->File.All;
+    for (const GroupTab& each : tabs) {
+        const auto found = m_members.find(each.Index);
+        if (found == m_members.end() || found->second.Entry == each.Address) continue;
+        found->second.Entry = each.Address;
+        found->second.Landed.clear();
+    }
+    ++m_visits;
+    m_pcPage.TouchGroups();
+}
+
+void TabGroups::Begins(std::int32_t index, TextView address) {
+    const auto found = m_members.find(index);
+    const auto* group = Of(index);
+    const auto* known = group ? Find(group->Id()) : nullptr;
+    if (found == m_members.end() || !known || ShowsNothing(address)) return;
+    Member& member = found->second;
+    // What is typed while a tab is in front may lead it elsewhere.
+    const bool typed = m_tabs.IsSelected(index) && m_tabs.TypedSoFar() > member.Typed;
+    const bool own = member.Entry && ((member.Fresh && !typed) || IsSamePlace(address, *member.Entry) ||
+                                      (!member.Landed.empty() && IsSamePlace(address, member.Landed)));
+    // On its way a page may be led elsewhere, and is the same still.
+    if (own)
+        member.Next = Coming::Own;
+    else if (known->Places.contains(PlaceOf(address)))
+        member.Next = Coming::Another;
+    else if (!member.Begun || typed)
+        member.Next = Coming::Nothing;
+    member.Fresh = false;
+    member.Begun = true;
+}
+
+void TabGroups::Shows(std::int32_t index, TextView address) {
+    const auto found = m_members.find(index);
+    if (found == m_members.end() || ShowsNothing(address)) return;
+    Member& member = found->second;
+    if (std::exchange(member.Begun, false) && member.Next == Coming::Own) member.Landed = Text(address);
+    ++m_visits;
+    m_pcPage.TouchGroups();
+}
+
+Text TabGroups::NameOfVisit(std::int32_t index) const {
+    const auto found = m_members.find(index);
+    const auto* group = Of(index);
+    const bool belongs = group && found != m_members.end() && found->second.Next != Coming::Nothing;
+    return belongs ? group->Name() : Text();
+}
+
+std::optional<GroupMembership> TabGroups::Membership(std::int32_t index) const {
+    const auto* group = Of(index);
+    const auto* known = group ? Find(group->Id()) : nullptr;
+    const auto found = m_members.find(index);
+    if (!known || found == m_members.end()) return std::nullopt;
+    return GroupMembership{.Group = group->Id(),
+                           .File = known->File,
+                           .Name = group->Name(),
+                           .Colour = group->Colour(),
+                           .Folded = group->Folded(),
+                           .ColourChosen = known->ColourChosen,
+                           .Entry = EntryShown(index),
+                           .Landed = found->second.Landed};
+}
+
+void TabGroups::Return(std::int32_t index, const GroupMembership& membership) {
+    auto* tab = TabOfView(m_pcPage, index);
+    if (!tab) return;
+    if (!m_pcPage.FindGroup(membership.Group)) {
+        auto* group = m_pcPage.NewGroup(tab, membership.Name, membership.Colour, membership.Group);
+        Begin(membership.Group, membership.File);
+        m_groups[membership.Group].ColourChosen = membership.ColourChosen;
+        m_pcPage.SetFolded(group, membership.Folded);
+    }
+    Add(index, membership.Group, membership.Entry);
+    m_members[index].Landed = membership.Landed;
+}
+
+KeptGroups TabGroups::Kept(const std::function<std::int32_t(std::int32_t)>& become) const {
+    KeptGroups kept;
+    for (const TabGroup* each : m_pcPage.Groups()) {
+        const auto* known = Find(each->Id());
+        if (!known) continue;
+        KeptGroup group{.Path = known->File.Path,
+                        .Name = each->Name(),
+                        .Colour = Text(kTabColours[static_cast<std::size_t>(each->Colour()) - 1]),
+                        .ColourChosen = known->ColourChosen,
+                        .Folded = each->Folded()};
+        for (const std::int32_t index : TabsOf(each->Id())) {
+            const std::int32_t number = become(index);
+            if (number != 0) group.Members.push_back({number, EntryShown(index)});
+        }
+        if (!group.Members.empty()) kept.Groups.push_back(std::move(group));
+    }
+    for (std::size_t position = 1; position <= m_pcPage.PinnedCount(); ++position) {
+        const std::int32_t number = become(m_pcPage.FindAt(position)->Tag);
+        if (number != 0) kept.Pins.push_back(number);
+    }
+    return kept;
+}
+
+void TabGroups::Restore(const KeptGroup& kept, GroupSource file, const std::vector<std::int32_t>& indexes) {
+    std::int32_t group = 0;
+    for (const KeptMember& each : kept.Members) {
+        const auto place = static_cast<std::size_t>(each.Number) - 1;
+        const std::int32_t index = place < indexes.size() ? indexes[place] : 0;
+        if (group == 0 && index != 0) group = Begin(index, kept.Name, file);
+        if (group == 0 || !Add(index, group, each.Entry)) continue;
+        if (const auto* view = m_browser.Find(index)) m_members[index].Landed = view->Control->LocationURL();
+    }
+    auto* shown = m_pcPage.FindGroup(group);
+    const auto colour = std::ranges::find(kTabColours, TextView(kept.Colour));
+    if (!shown) return;
+    Find(group)->ColourChosen = kept.ColourChosen;
+    const bool own = kept.ColourChosen || FileOf(group)->Colour == TabColour::None;
+    if (own && colour != std::end(kTabColours))
+        m_pcPage.SetGroupColour(shown, static_cast<TabColour>(colour - std::begin(kTabColours) + 1));
+    m_pcPage.SetFolded(shown, kept.Folded);
+}
+
+} // namespace tessa

@@ -1,0 +1,270 @@
+// Tests: TabRow, TabLook, TabStripAccessible
+#include "qt/base/Palette.h"
+#include "qt/base/Strings.h"
+#include "qt/strip/TabStripAccessible.h"
+#include "qt/strip/TabStripView.h"
+
+#include <QAccessible>
+#include <QPaintEvent>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+
+namespace tessa::qt {
+
+namespace {
+
+/// A strip of 900 logical pixels with six tabs; 2, 3 and 5 are the group "News", 6 is pinned.
+class TabHeadsTest : public testing::Test {
+protected:
+    struct Faces final : TabFaces {
+        [[nodiscard]] QIcon IconOf(const Tab& tab) const override { return Plain().IconOf(tab); }
+        [[nodiscard]] Text TipOf(const Tab& tab) const override { return Plain().TipOf(tab); }
+        [[nodiscard]] Text NewTabKeys() const override { return {}; }
+        [[nodiscard]] bool IsChanged(const TabGroup& group) const override { return changed.contains(group.Id()); }
+        [[nodiscard]] TabPane PaneOf(const Tab& tab) const override {
+            return panes.contains(tab.Tag) ? TabPane::Shown : TabPane::None;
+        }
+        std::set<std::int32_t> changed, panes;
+    };
+
+    void SetUp() override {
+        InstallTabStripAccessibility();
+        widget.resize(900, widget.RowHeight().value);
+        for (int i = 1; i <= 6; ++i) Add();
+        group = strip.NewGroup(At(2), u"News", TabColour::Green);
+        strip.SetGroup(At(3), group);
+        strip.SetGroup(At(5), group);
+        strip.SetPinned(At(6), true);
+        widget.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
+    }
+    Tab* Add() {
+        Tab* tab = strip.Add(0, u"Tab" + Decimal(++m_last));
+        tab->Tag = m_last;
+        strip.SetCaption(tab, u"page " + Decimal(m_last));
+        return tab;
+    }
+    Tab* At(std::size_t position) { return strip.FindAt(position); }
+    /// By its number.
+    QRect Place(int tag) { return widget.TabPlace(strip.PositionOf(strip.Find(u"Tab" + Decimal(tag)))); }
+    QRect Head() { return widget.HeadPlace(group); }
+    QColor ColourAt(QPoint point) { return widget.grab().toImage().pixelColor(point * widget.devicePixelRatio()); }
+    /// The tabs that are seen, from the left.
+    std::string Seen() {
+        std::string all;
+        for (int x = 0; x < widget.width(); ++x) {
+            const Tab* tab = widget.FindTabAt({x, 5});
+            const std::string tag = tab ? std::to_string(tab->Tag) + " " : "";
+            if (!all.ends_with(tag)) all += tag;
+        }
+        return all;
+    }
+    QAccessibleInterface* Accessible(int child) { return QAccessible::queryAccessibleInterface(&widget)->child(child); }
+
+    TabStrip strip;
+    Faces faces;
+    TabStripView widget{strip, faces};
+    TabGroup* group = nullptr;
+
+private:
+    std::int32_t m_last = 0;
+};
+
+TEST_F(TabHeadsTest, TheHeadStandsBeforeTheFirstTabOfItsGroup) {
+    EXPECT_EQ(Seen(), "6 1 2 3 4 5 ");
+    EXPECT_EQ(Head().left(), Place(1).right() + 1);
+    EXPECT_EQ(Head().right() + 1, Place(2).left());
+    EXPECT_EQ(Place(3).left(), Place(2).right() + 1);
+    const int slim = Place(5).left() - Place(4).right() - 1;
+    EXPECT_GT(slim, 0) << "the other part has a mark of its own";
+    EXPECT_LT(slim, Head().width() / 2);
+    EXPECT_EQ(ColourAt({Head().left() + 6, Head().center().y() - 6}), Palette::MarkColour(TabColour::Green));
+}
+
+TEST_F(TabHeadsTest, AClickFoldsAndUnfolds) {
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, Head().center());
+    EXPECT_TRUE(group->Folded());
+    EXPECT_EQ(Seen(), "6 1 4 ");
+    EXPECT_TRUE(Place(2).isEmpty());
+    EXPECT_EQ(Place(4).left(), Head().right() + 1) << "and no mark stays of the other part";
+    EXPECT_EQ(strip.SelectedItem(), strip.Find(u"Tab1")) << "it selects nothing";
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, Head().center());
+    EXPECT_FALSE(group->Folded());
+    EXPECT_EQ(Seen(), "6 1 2 3 4 5 ");
+}
+
+TEST_F(TabHeadsTest, AHeadLeftBeforeTheReleaseOrAGroupThatGoesFoldsNothing) {
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Head().center());
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(1).center());
+    EXPECT_FALSE(group->Folded());
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Head().center());
+    const QPoint point = Head().center();
+    for (const int tag : {2, 3, 5}) strip.SetGroup(strip.Find(u"Tab" + Decimal(tag)), nullptr);
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, point);
+    EXPECT_EQ(Seen(), "6 1 2 3 4 5 ");
+}
+
+TEST_F(TabHeadsTest, ATabOfAFoldedGroupThatIsSelectedIsSeen) {
+    strip.SetFolded(group, true);
+    strip.Select(strip.Find(u"Tab5"));
+    EXPECT_EQ(Seen(), "6 1 4 5 ");
+    strip.Select(strip.Find(u"Tab2"));
+    EXPECT_EQ(Seen(), "6 1 2 4 ");
+    strip.Select(strip.Find(u"Tab1"));
+    EXPECT_EQ(Seen(), "6 1 4 ");
+}
+
+TEST_F(TabHeadsTest, ArrowKeysGoFromTabToTabWhateverIsSeen) {
+    strip.SetFolded(group, true);
+    widget.setFocus();
+    QTest::keyClick(&widget, Qt::Key_Right);
+    EXPECT_EQ(strip.SelectedItem(), strip.Find(u"Tab2"));
+    EXPECT_EQ(Seen(), "6 1 2 4 ");
+}
+
+TEST_F(TabHeadsTest, TheRightButtonAsksForTheGroupsMenuNotForATabs) {
+    std::string asked;
+    widget.GroupMenuRequested.ConnectForLife([&](const TabGroup& each) { asked += ToUtf8(each.Name()) + ";"; });
+    widget.RightButtonDown.ConnectForLife([&](QPoint) { asked += "tab;"; });
+    QTest::mouseClick(&widget, Qt::RightButton, {}, Head().center());
+    QTest::mouseClick(&widget, Qt::RightButton, {}, {Place(5).left() - 3, 8});
+    QTest::mouseClick(&widget, Qt::RightButton, {}, Place(5).center());
+    EXPECT_EQ(asked, "News;News;tab;");
+    std::string closed;
+    widget.CloseRequested.ConnectForLife([&](Tab&) { closed += "x"; });
+    QTest::mouseClick(&widget, Qt::MiddleButton, {}, Head().center());
+    EXPECT_EQ(closed, "") << "a head closes nothing";
+}
+
+TEST_F(TabHeadsTest, WhatTheHeadSaysMakesItAsLong) {
+    const int plain = Head().width();
+    strip.SetQueued(At(3), true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Head().width() > plain; }));
+    strip.SetQueued(At(3), false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Head().width() == plain; }));
+    faces.changed.insert(group->Id());
+    strip.TouchGroups();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Head().width() > plain; }));
+    faces.changed.clear();
+    strip.SetGroupName(group, Text(500, u'x'));
+    EXPECT_LT(Head().width(), widget.width() / 3) << "a long name is cut";
+    strip.SetGroupName(group, u"");
+    EXPECT_GT(Head().width(), 20) << "a name that is empty can be clicked too";
+    strip.SetGroupName(group, u"\u202e\u05d0\u05d1\n\u200f");
+    EXPECT_FALSE(widget.grab().isNull());
+}
+
+TEST_F(TabHeadsTest, AColourIsRepaintedByItself) {
+    strip.SetGroupColour(group, TabColour::Red);
+    const QPoint head(Head().left() + 6, Head().center().y() - 6);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ColourAt(head) == Palette::MarkColour(TabColour::Red); }));
+}
+
+TEST_F(TabHeadsTest, PinnedTabsAreIconsWithoutACloseButton) {
+    EXPECT_LT(Place(6).width(), 40);
+    EXPECT_EQ(Place(6).left(), 0);
+    EXPECT_TRUE(widget.ClosePlace(1).isEmpty());
+    EXPECT_TRUE(widget.SoundPlace(1).isEmpty());
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, Place(6).center());
+    EXPECT_EQ(strip.SelectedItem(), strip.Find(u"Tab6"));
+    strip.SetPinned(At(1), false);
+    EXPECT_EQ(Seen(), "6 1 2 3 4 5 ");
+    EXPECT_EQ(Place(6).width(), Place(1).width());
+}
+
+TEST_F(TabHeadsTest, APinnedTabIsDraggedAmongItsLikeAlone) {
+    strip.SetPinned(strip.Find(u"Tab1"), true);
+    EXPECT_EQ(Seen(), "6 1 2 3 4 5 ");
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Place(6).center());
+    QTest::mouseMove(&widget, Place(4).center());
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(4).center());
+    EXPECT_EQ(Seen(), "1 6 2 3 4 5 ");
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Place(5).center());
+    QTest::mouseMove(&widget, Place(1).center());
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(1).center());
+    EXPECT_EQ(Seen(), "1 6 5 2 3 4 ");
+}
+
+TEST_F(TabHeadsTest, ATabIsDraggedThroughAGroup) {
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Place(1).center());
+    QTest::mouseMove(&widget, Place(2).center());
+    EXPECT_EQ(Seen(), "6 2 1 3 4 5 ");
+    QTest::mouseMove(&widget, Place(3).center());
+    EXPECT_EQ(Seen(), "6 2 3 1 4 5 ");
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(1).center());
+    EXPECT_EQ(strip.Find(u"Tab1")->Group(), nullptr) << "no tab joins a group by itself";
+}
+
+TEST_F(TabHeadsTest, TheRowScrollsWithHeadsAndPins) {
+    for (int i = 0; i < 50; ++i) Add();
+    strip.Select(strip.Find(u"Tab50"));
+    EXPECT_FALSE(widget.ListPlace().isEmpty());
+    EXPECT_TRUE(widget.rect().contains(Place(50)));
+    EXPECT_LT(Place(6).left(), 0);
+    strip.SetFolded(group, true);
+    strip.Select(strip.Find(u"Tab2"));
+    EXPECT_TRUE(widget.rect().contains(Place(2)));
+}
+
+TEST_F(TabHeadsTest, TwoHundredGroupsAndAThousandTabsInOneAreShown) {
+    for (int i = 0; i < 1000; ++i) strip.SetGroup(Add(), group);
+    for (int i = 0; i < 200; ++i) strip.NewGroup(Add(), u"g" + Decimal(i), TabColour::Blue);
+    EXPECT_FALSE(widget.grab().isNull());
+    strip.SetFolded(group, true);
+    EXPECT_EQ(Seen().substr(0, 6), "6 1 4 ");
+    for (TabGroup* each : strip.Groups()) strip.SetFolded(each, true);
+    EXPECT_EQ(Seen(), "6 1 4 ") << "all others are folded away";
+    strip.SetGroup(strip.Find(u"Tab1"), group);
+    strip.SetGroup(strip.Find(u"Tab4"), group);
+    strip.SetGroup(strip.Find(u"Tab6"), group);
+    EXPECT_EQ(Seen(), "1 ") << "only the selected one is seen";
+}
+
+TEST_F(TabHeadsTest, AReaderHearsWhatAHeadSaysAndFoldsIt) {
+    faces.changed.insert(group->Id());
+    strip.SetQueued(At(3), true);
+    auto* strips = QAccessible::queryAccessibleInterface(&widget);
+    ASSERT_EQ(strips->childCount(), 8) << "six tabs, a head, the button";
+    auto* head = Accessible(6);
+    EXPECT_EQ(head->role(), QAccessible::Button);
+    EXPECT_EQ(ToUtf8(FromQt(head->text(QAccessible::Name))),
+              "Group News, 3 tabs, 1 still to load, changed: its tabs and its file differ");
+    EXPECT_TRUE(head->state().expanded);
+    EXPECT_EQ(strips->indexOfChild(head), 6);
+    EXPECT_EQ(head->rect().size(), Head().size());
+    EXPECT_EQ(strips->childAt(head->rect().center().x(), head->rect().center().y()), head);
+    head->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(group->Folded());
+    EXPECT_TRUE(head->state().collapsed);
+    EXPECT_TRUE(Accessible(2)->state().invisible);
+    EXPECT_FALSE(Accessible(1)->state().invisible);
+    int asked = 0;
+    widget.GroupMenuRequested.ConnectForLife([&](const TabGroup&) { ++asked; });
+    head->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(Accessible(7)->text(QAccessible::Name), QStringLiteral("New Tab"));
+}
+
+TEST_F(TabHeadsTest, AHeadOfAGroupThatIsGoneSaysNothing) {
+    auto* head = Accessible(6);
+    for (const int tag : {2, 3, 5}) strip.SetGroup(strip.Find(u"Tab" + Decimal(tag)), nullptr);
+    EXPECT_TRUE(head->state().invalid);
+    EXPECT_EQ(head->text(QAccessible::Name), QString());
+    EXPECT_TRUE(head->rect().isEmpty());
+    head->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&widget)->childCount(), 7);
+}
+
+TEST_F(TabHeadsTest, TabsInPanesHaveALineAtTheOuterEdge) {
+    const QPoint edge(Place(4).center().x(), 0);
+    const QColor plain = ColourAt(edge);
+    faces.panes.insert(4);
+    widget.RefreshFacesSoon();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ColourAt(edge) != plain; }));
+}
+
+} // namespace
+
+} // namespace tessa::qt

@@ -1,0 +1,202 @@
+#include "tabpanel/frmTabPanel.h"
+
+#include "tests/Desk.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+namespace tessa {
+
+namespace {
+
+/// The panel of a window with tabs that are named "1", "2", ...
+class frmTabPanelTest : public testing::Test {
+protected:
+    void Start(int tabs) {
+        desk.StartWithTabs(tabs);
+        for (int i = 1; i <= tabs; ++i) desk.views.At(i).location = u"http://host" + Decimal(i) + u"/";
+        panel.Form.Visible = true;
+    }
+    /// The lines: tabs by their views, those of groups in brackets behind the group's name.
+    [[nodiscard]] std::string Lines() {
+        panel.Show();
+        std::string all;
+        for (const TabPanelEntry& each : panel.Entries()) {
+            const auto* group = panel.FindGroup(each.Index);
+            all += all.empty() ? "" : " ";
+            if (group)
+                all += ToUtf8(group->Name()) + ":";
+            else
+                all += (each.Group != 0 ? "-" : "") + std::to_string(each.Index);
+        }
+        return all;
+    }
+    [[nodiscard]] std::string Chosen() {
+        std::string all;
+        for (const std::int32_t each : desk.main.Choice().Indexes())
+            all += (all.empty() ? "" : " ") + std::to_string(each);
+        return all;
+    }
+    void OpenGroup(const char* name, const char* addresses) {
+        folder.Write(std::string(name) + ".tvg", std::string("[TessaGroup]\r\n") + addresses);
+        desk.OpenGroup(folder.PathText(std::string(name) + ".tvg"));
+    }
+
+    TemporaryFolder folder;
+    Desk desk;
+    frmTabPanel& panel = desk.main.TabPanel();
+};
+
+TEST_F(frmTabPanelTest, ListsTheTabsInTheOrderOfTheStrip) {
+    Start(3);
+    EXPECT_EQ(Lines(), "1 2 3");
+    desk.MoveTab(3, 1);
+    EXPECT_EQ(Lines(), "3 1 2");
+    desk.Close(1);
+    EXPECT_EQ(Lines(), "3 2");
+}
+
+TEST_F(frmTabPanelTest, TheFilterKnowsNamesTitlesAndAddresses) {
+    Start(4);
+    desk.views.At(2).name = u"A very long title about gardens";
+    panel.Rename(3, u"My garden");
+    panel.txtFilter.Value = u"garden";
+    EXPECT_EQ(Lines(), "2 3");
+    panel.txtFilter.Value = u"host4";
+    EXPECT_EQ(Lines(), "4");
+    EXPECT_EQ(panel.lblNone.Caption(), u"");
+    panel.txtFilter.Value = u"nowhere";
+    EXPECT_EQ(Lines(), "");
+    EXPECT_NE(panel.lblNone.Caption(), u"");
+    panel.Form.Visible = false;
+    EXPECT_EQ(panel.txtFilter.Value(), u"") << "another time something else is looked for";
+}
+
+TEST_F(frmTabPanelTest, AClickBringsToTheFrontAndEndsTheChoice) {
+    Start(4);
+    panel.CtrlClick(3);
+    EXPECT_EQ(Chosen(), "1 3");
+    EXPECT_EQ(desk.Strip(), "[1*] 2 3 4");
+    panel.Click(4);
+    EXPECT_EQ(desk.Strip(), "1 2 3 [4*]");
+    EXPECT_EQ(Chosen(), "");
+    panel.Click(99);
+    panel.CtrlClick(99);
+    panel.ShiftClick(99);
+    EXPECT_EQ(desk.Strip(), "1 2 3 [4*]");
+}
+
+TEST_F(frmTabPanelTest, ARangeTakesOnlyWhatIsListed) {
+    Start(6);
+    for (const int index : {1, 3, 5, 6}) panel.Rename(index, u"Listed " + Decimal(index));
+    panel.txtFilter.Value = u"listed";
+    EXPECT_EQ(Lines(), "1 3 5 6");
+    panel.ShiftClick(5);
+    EXPECT_EQ(Chosen(), "1 3 5");
+    panel.ChooseAll();
+    EXPECT_EQ(Chosen(), "1 3 5 6");
+}
+
+TEST_F(frmTabPanelTest, ClosesAllChosenAsOneCommand) {
+    Start(5);
+    panel.ShiftClick(3);
+    EXPECT_EQ(Chosen(), "1 2 3");
+    panel.Close(2);
+    EXPECT_EQ(desk.Strip(), "[4*] 5");
+    desk.Click(u"xtrReopenTab");
+    EXPECT_EQ(desk.CountTabs(), 5u);
+    panel.Close(5);
+    EXPECT_EQ(desk.CountTabs(), 4u) << "one that is not chosen closes alone";
+}
+
+TEST_F(frmTabPanelTest, MovesTabsTogether) {
+    Start(5);
+    EXPECT_EQ(Lines(), "1 2 3 4 5");
+    panel.Move({2, 4}, 5);
+    EXPECT_EQ(Lines(), "1 3 5 2 4");
+    panel.Move({2, 4}, 0);
+    EXPECT_EQ(Lines(), "2 4 1 3 5");
+    panel.Move({1, 77, 5}, 1);
+    EXPECT_EQ(Lines(), "2 1 5 4 3") << "what has closed meanwhile is left out";
+    panel.Move({4, 3}, 4);
+    EXPECT_EQ(Lines(), "2 1 5 4 3") << "where they are already";
+    panel.Move({3}, 99);
+    EXPECT_EQ(Lines(), "2 1 5 4 3");
+    EXPECT_EQ(desk.Strip(), "2 [1*] 5 4 3");
+}
+
+TEST_F(frmTabPanelTest, ANameStaysUntilItIsTakenAway) {
+    Start(2);
+    panel.Rename(2, u" Mail ");
+    EXPECT_EQ(panel.TitleOf(desk.TabOf(2)), u"Mail");
+    desk.PageLoads(2, u"http://other/", u"Another title");
+    EXPECT_EQ(panel.TitleOf(desk.TabOf(2)), u"Mail");
+    EXPECT_EQ(desk.TabOf(2).Caption(), u"Another title") << "the caption is the page's all the same";
+    panel.Rename(2, u"");
+    EXPECT_EQ(panel.TitleOf(desk.TabOf(2)), u"Another title");
+}
+
+TEST_F(frmTabPanelTest, HidesTheStripOnlyWhileItIsOpen) {
+    Start(1);
+    desk.Click(u"xtrTabStripHidden");
+    EXPECT_TRUE(panel.HidesStrip());
+    EXPECT_FALSE(desk.window.showsStrip);
+    desk.Click(u"xtrTabPanel");
+    EXPECT_FALSE(panel.Form.Visible());
+    EXPECT_TRUE(desk.window.showsStrip);
+    EXPECT_FALSE(desk.Tool(u"xtrTabStripHidden").Enabled());
+    desk.Click(u"xtrTabPanel");
+    EXPECT_FALSE(desk.window.showsStrip) << "as it was before";
+    EXPECT_TRUE(desk.Tool(u"xtrTabPanel").Checked());
+}
+
+TEST_F(frmTabPanelTest, IsAsItWasAtTheNextStart) {
+    FakeSettings& kept = desk.settings;
+    Start(1);
+    desk.Click(u"xtrTabStripHidden");
+    desk.Click(u"xtrTabPanelRight");
+    panel.Width = 333;
+    desk.Unload();
+    Desk next(&kept);
+    next.Start();
+    frmTabPanel& again = next.main.TabPanel();
+    EXPECT_TRUE(again.Form.Visible());
+    EXPECT_TRUE(again.OnRight());
+    EXPECT_TRUE(again.HidesStrip());
+    EXPECT_EQ(again.Width, 333);
+}
+
+TEST_F(frmTabPanelTest, GroupsStandAboveTheirTabs) {
+    Start(2);
+    OpenGroup("News", "url1=http://a/\r\nurl2=http://b/\r\n");
+    EXPECT_EQ(Lines(), "1 News: -3 -4 2");
+    const std::int32_t news = desk.TabOf(3).Group()->Id();
+    EXPECT_NE(panel.WordsOf(*desk.TabOf(3).Group()).find(u"2 tabs"), Text::npos);
+    panel.Click(-news);
+    EXPECT_TRUE(desk.TabOf(3).Group()->Folded()) << "the strip folds with it";
+    EXPECT_EQ(Lines(), "1 News: -4 2") << "what is in front is always shown";
+    panel.txtFilter.Value = u"news";
+    EXPECT_EQ(Lines(), "News: -3 -4") << "what is looked for is seen";
+    panel.txtFilter.Value = u"";
+    panel.Click(-news);
+    panel.CtrlClick(-news);
+    EXPECT_EQ(Chosen(), "3 4");
+}
+
+TEST_F(frmTabPanelTest, TabsAreDraggedIntoGroupsAndOutOfThem) {
+    Start(3);
+    OpenGroup("News", "url1=http://a/\r\nurl2=http://b/\r\n");
+    EXPECT_EQ(Lines(), "1 News: -4 -5 2 3");
+    panel.Move({3}, 3);
+    EXPECT_EQ(Lines(), "1 News: -4 -3 -5 2");
+    panel.Move({4}, 6);
+    EXPECT_EQ(Lines(), "1 News: -3 -5 2 4");
+    const std::int32_t news = desk.TabOf(3).Group()->Id();
+    EXPECT_EQ(panel.Dragged(-news), (std::vector<std::int32_t>{3, 5}));
+    panel.Move(panel.Dragged(-news), 6);
+    EXPECT_EQ(Lines(), "1 2 4 News: -3 -5") << "a whole group stays one";
+    panel.Move({2}, 4);
+    EXPECT_EQ(Lines(), "1 4 News: -2 -3 -5");
+}
+
+} // namespace
+
+} // namespace tessa
