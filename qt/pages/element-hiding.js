@@ -7,7 +7,7 @@
     'use strict';
     const kMostKeysAtOnce = 100;
     const kSteps = [1, 0x9E3779B1, 0x85EBCA6B], kHashStart = 0x811C9DC5, kHashStep = 0x01000193;
-    const kLongestStart = 20, kKeyStep = 4, kMostSeen = 20000, kMostRead = 4096;
+    const kLongestStart = 20, kKeyStep = 4, kMostSeen = 20000, kMostRead = 4096, kLongestName = 1000;
     const kRush = 200, kFew = 50, kLongestRush = 250;
 
     function hostOf(origin) {
@@ -157,8 +157,11 @@
             return false;
         };
     }
-    const wasId = Seen(), wasNames = Seen(), wasName = Seen(), wasLink = Seen();
+    const wasId = Seen(), wasNames = Seen(), wasName = Seen(), wasLink = Seen(), wasFound = Seen();
     let found = [];
+    function note(key) {
+        if (!wasFound(key)) found.push(key);
+    }
     function hashFrom(hash, text) {
         for (let at = 0; at < text.length; ++at) hash = Math.imul(hash ^ text.charCodeAt(at), kHashStep);
         return hash;
@@ -179,7 +182,7 @@
             let hash = start;
             for (let at = 0; at < end; ++at) {
                 hash = Math.imul(hash ^ value.charCodeAt(at), kHashStep);
-                if ((at + 1) % kKeyStep === 0 && isKey(hash)) found.push(name + '^' + value.slice(0, at + 1));
+                if ((at + 1) % kKeyStep === 0 && isKey(hash)) note(name + '^' + value.slice(0, at + 1));
             }
             if (this.parts.length > 0) this.values.push(value.slice(0, kMostRead));
         };
@@ -188,18 +191,21 @@
             const all = this.values.join('\n');
             this.values = [];
             for (const key of this.parts)
-                if (all.includes(key.slice(name.length + 1))) found.push(key);
+                if (all.includes(key.slice(name.length + 1))) note(key);
         };
     }
     const ids = new Attribute('id'), classes = new Attribute('class'), links = new Attribute('href');
+    function lookAtName(start, sign, name) {
+        if (name.length <= kLongestName && isKey(hashFrom(start, inBytes(name)))) note(sign + name);
+    }
     function lookAtNames(names) {
         classes.look(names);
         for (const each of names.split(/\s+/))
-            if (each && !wasName(each) && isKey(hashFrom(kName, inBytes(each)))) found.push('.' + each);
+            if (each && !wasName(each)) lookAtName(kName, '.', each);
     }
     function lookAtId(id) {
         ids.look(id);
-        if (isKey(hashFrom(kId, inBytes(id)))) found.push('#' + id);
+        lookAtName(kId, '#', id);
     }
     function look(element) {
         const names = namesOf.call(element), id = idOf.call(element);
