@@ -276,19 +276,22 @@
         askAboutFound();
     }
 
-    // To be told of each element costs more than to look at all of them right before each picture of the page. So while
-    // a page makes very many, as when it loads, it is watched from that look until the picture is made, and no longer.
+    // To be told of each element costs more than to look at all of them once before each picture of the page. So while a
+    // page makes very many, as when it loads, it is watched no longer than from that look until the picture is made. A
+    // task never begins between these two, so the watch ends in one.
     let rush = 0, picture = 0;
     const observer = new MutationObserver(function (records) {
-        if (records.length < kRush || records.length * 4 < looked) return lookAtRecords(records);
-        if (rush) return pause();
-        rush = setTimeout(endRush, kLongestRush);
-        pause();
+        lookAtRecords(records);
+        if (!rush && records.length >= kRush && records.length * 4 >= looked) beginRush();
     });
     function watch() {
         const what = { childList: true, subtree: true };
         if (site.generic) what.attributeFilter = ['class', 'id', 'href'];
         observer.observe(document, what);
+    }
+    function beginRush() {
+        rush = setTimeout(endRush, kLongestRush);
+        setTimeout(pause, 0);
     }
     function pause() {
         if (!rush) return;
@@ -320,9 +323,9 @@
         });
     else beOn({ generic: true });
     begun = true;
-    if (document.documentElement) lookAround();
-    rush = setTimeout(endRush, kLongestRush);
-    pause();
+    watch();
+    lookAround();
+    beginRush();
     // A page that nobody sees can be printed.
     addEventListener('beforeprint', lookAround);
 })();

@@ -21,16 +21,18 @@ TEST(ElementHiding, ElementsAreHidden) {
     ExpectSeen(desk, "two");
 }
 
-// Has whatever is painted of it noted by the engine, in `seen`. `both(name)` adds what is hidden and what is not;
-// `rush(name)` does so among many others.
+// Has whatever is painted of it noted by the engine, in `seen`. `both(name)` adds what rules hide by a name that was
+// not there before, and what they do not; `rush(name)` does so among many others.
 constexpr auto kPaintedPage = "<title>page</title><body><script>seen = [];"
                               "new PerformanceObserver(l => l.getEntries().forEach(e => seen.push(e.identifier)))"
                               ".observe({ type: 'element', buffered: true });"
                               "function add(name, kind) { document.body.insertAdjacentHTML('afterbegin',"
-                              "`<p class=${kind} elementtiming=${name}-${kind}>words of ${name}</p>`) }"
+                              "`<p class=${kind}-${name} elementtiming=${name}-${kind}>words of ${name}</p>`) }"
                               "function both(name) { add(name, 'ad'); add(name, 'fine') }"
                               "function rush(name) { for (let n = 0; n < 400; ++n) document.body.append(Object.assign("
                               "document.createElement('i'), { className: 'c' + n })); both(name) }</script>";
+constexpr auto kPaintedRules = "##.ad-page\n##.ad-script\n##.ad-later\n##.ad-rush\n##.ad-again\n##.ad-after\n"
+                               "##.ad-last\n##.ad-late\n##.ad-print\n##.ad\n";
 
 // Waits until that was painted, and no more.
 void ExpectPainted(BlockingView& desk, const char* window, const char* all) {
@@ -45,12 +47,12 @@ TEST(ElementHiding, NothingThatIsHiddenIsEverPainted) {
     // Elements come with the page, from its scripts one by one, in a rush, and in the last moment before a picture.
     server.Page(QStringLiteral("/page"),
                 QByteArray(kPaintedPage) +
-                    "<p class=ad elementtiming=page-ad>a</p><p class=fine elementtiming=page-fine>b</p>"
+                    "<p class=ad-page elementtiming=page-ad>a</p><p class=fine elementtiming=page-fine>b</p>"
                     "<script>both('script'); setTimeout(() => both('later'), 0); requestAnimationFrame(() => {"
                     " rush('rush'); requestAnimationFrame(() => { rush('again'); setTimeout(() => both('after'), 0);"
                     " requestAnimationFrame(() => both('last')) }) })</script>");
     server.Page(QStringLiteral("/around"), "<title>page</title><iframe src=/page width=700 height=500></iframe>");
-    BlockingView desk("##.ad\n");
+    BlockingView desk(kPaintedRules);
     for (const auto& [path, window] : {std::pair{"/page", "window"}, std::pair{"/around", "frames[0]"}}) {
         desk.view.Load(server.Address(QLatin1String(path)));
         ExpectPainted(desk, window, "after-fine again-fine last-fine later-fine page-fine rush-fine script-fine");
@@ -60,29 +62,31 @@ TEST(ElementHiding, NothingThatIsHiddenIsEverPainted) {
 TEST(ElementHiding, APageThatNobodySeesHidesToo) {
     LocalServer server;
     server.Page(QStringLiteral("/page"), QByteArray(kPaintedPage) + kHidingPage);
-    BlockingView desk("##.ad\n");
+    BlockingView desk(kPaintedRules);
     desk.view.view->MoveLeft({100000});
     desk.view.Load(server.Address(QStringLiteral("/page")));
     EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(QStringLiteral("document.visibilityState")) == u"hidden"; }));
     ExpectSeen(desk, "two box three");
-    desk.view.Script(QStringLiteral("rush('hidden'); document.querySelector('p.ad').id = 'late'; 1"));
+    desk.view.Script(QStringLiteral("rush('again'); document.querySelector('.ad-again').id = 'late'; 1"));
     ExpectSeen(desk, "two box three");
     // What comes right before somebody sees it.
     desk.view.Script(QStringLiteral("rush('late'); 1"));
     desk.view.view->MoveLeft({0});
     desk.view.view->BringToFront();
-    ExpectPainted(desk, "window", "hidden-fine late-fine");
+    ExpectPainted(desk, "window", "again-fine late-fine");
 }
 
 TEST(ElementHiding, WhatIsPrintedIsHiddenBefore) {
     LocalServer server;
     server.Page(QStringLiteral("/page"), kPaintedPage);
-    BlockingView desk("##.ad\n");
+    BlockingView desk(kPaintedRules);
+    desk.view.view->MoveLeft({100000});
     desk.view.Load(server.Address(QStringLiteral("/page")));
-    // Before any picture. What watches the page is told between the two steps.
-    desk.view.Script(
-        QStringLiteral("rush('print'); Promise.resolve().then(() => { dispatchEvent(new "
-                       "Event('beforeprint')); height = document.querySelector('p.ad').offsetHeight }); 1"));
+    // In the middle of a rush, and without any picture.
+    desk.view.Script(QStringLiteral("rush('some'); height = ''; setTimeout(() => setTimeout(() => { both('print');"
+                                    "dispatchEvent(new Event('beforeprint'));"
+                                    "height = document.querySelector('.ad-print').offsetHeight }, 0), 0); 1"));
+    EXPECT_TRUE(WaitUntil([&] { return !desk.view.Script(QStringLiteral("height")).isEmpty(); }));
     EXPECT_EQ(desk.view.Script(QStringLiteral("height")), u"0");
 }
 
