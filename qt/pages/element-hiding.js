@@ -125,9 +125,10 @@
 
     const sheets = [];
     function put() {
-        const there = Array.from(adopted.get.call(document));
-        const missing = sheets.filter(function (sheet) { return !there.includes(sheet); });
-        if (missing.length > 0) adopted.set.call(document, there.concat(missing));
+        const there = adopted.get.call(document);
+        if (sheets.length === 0 || there.includes(sheets[sheets.length - 1])) return;
+        const others = Array.from(there).filter(function (sheet) { return !sheets.includes(sheet); });
+        adopted.set.call(document, sheets.concat(others));
     }
     function hide(text) {
         if (!text) return;

@@ -59,19 +59,32 @@ TEST(ElementHiding, NothingThatIsHiddenIsEverPainted) {
     }
 }
 
+/// Another view in front of the view, while it is there.
+struct FrontView {
+    explicit FrontView(BlockingView& desk) : view(desk.view.engine.Create(2, events, Privacy::Ordinary)) {
+        view->Move({{0}, {0}, {800}, {600}});
+        desk.view.view->MoveLeft({100000});
+        view->BringToFront();
+        EXPECT_TRUE(
+            WaitUntil([&] { return desk.view.Script(QStringLiteral("document.visibilityState")) == u"hidden"; }));
+    }
+    EventRecorder events;
+    std::unique_ptr<BrowserView> view;
+};
+
 TEST(ElementHiding, APageThatNobodySeesHidesToo) {
     LocalServer server;
     server.Page(QStringLiteral("/page"), QByteArray(kPaintedPage) + kHidingPage);
     BlockingView desk(kPaintedRules);
-    desk.view.view->MoveLeft({100000});
+    desk.view.Load(QStringLiteral("about:blank"));
+    FrontView front(desk);
     desk.view.Load(server.Address(QStringLiteral("/page")));
-    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(QStringLiteral("document.visibilityState")) == u"hidden"; }));
     ExpectSeen(desk, "two box three");
     desk.view.Script(QStringLiteral("rush('again'); document.querySelector('.ad-again').id = 'late'; 1"));
     ExpectSeen(desk, "two box three");
     // What comes right before somebody sees it.
     desk.view.Script(QStringLiteral("rush('late'); 1"));
-    desk.view.view->MoveLeft({0});
+    front.view->MoveLeft({100000});
     desk.view.view->BringToFront();
     ExpectPainted(desk, "window", "again-fine late-fine");
 }
@@ -80,8 +93,8 @@ TEST(ElementHiding, WhatIsPrintedIsHiddenBefore) {
     LocalServer server;
     server.Page(QStringLiteral("/page"), kPaintedPage);
     BlockingView desk(kPaintedRules);
-    desk.view.view->MoveLeft({100000});
     desk.view.Load(server.Address(QStringLiteral("/page")));
+    const FrontView front(desk);
     // In the middle of a rush, and without any picture.
     desk.view.Script(QStringLiteral("rush('some'); height = ''; setTimeout(() => setTimeout(() => { both('print');"
                                     "dispatchEvent(new Event('beforeprint'));"
