@@ -1,4 +1,4 @@
-// Tests: frmBlocking, BlockingSettings
+// Tests: BlockingOutside, BlockingSettings, frmBlocking
 #include "settings/frmBlocking.h"
 #include "tests/fakes/FakeSettings.h"
 
