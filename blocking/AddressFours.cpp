@@ -7,8 +7,6 @@ namespace tessa {
 namespace {
 
 constexpr std::size_t kFourLetters = 4;
-// Beyond that an address holds so many fours that looking for them costs more than it saves.
-constexpr std::size_t kLongestReadForFours = 4096;
 
 template<typename Each>
 void ForEachFour(std::string_view pattern, const Each& each) {
@@ -24,9 +22,9 @@ void ForEachFour(std::string_view pattern, const Each& each) {
 } // namespace
 
 void AddressFours::Read(std::string_view small) {
-    m_bits.fill(small.size() > kLongestReadForFours ? ~std::uint64_t{0} : 0);
+    m_bits.fill(small.size() > kLongestRead ? ~std::uint64_t{0} : 0);
     m_bits[0] |= 1U;
-    if (small.size() < kFourLetters || small.size() > kLongestReadForFours) return;
+    if (small.size() < kFourLetters || small.size() > kLongestRead) return;
     for (const char *at = small.data(), *last = at + small.size() - kFourLetters; at <= last; ++at) {
         const std::uint32_t name = NameOfFour(at);
         m_bits[name / 64] |= std::uint64_t{1} << (name % 64);

@@ -27,7 +27,10 @@ inline constexpr std::size_t kFourNames = 8192;
 /// The fours of an address.
 class AddressFours {
 public:
-    /// Of an address in small letters. In a very long one all may be.
+    /// A longer address holds so many fours that looking for them costs more than it saves.
+    static constexpr std::size_t kLongestRead = 4096;
+
+    /// Of an address in small letters. In a longer one all may be.
     void Read(std::string_view small);
     /// False only when the address lacks one of them.
     [[nodiscard]] bool MayHold(PackedFours fours) const { return Holds(fours & 0xFFFFU) && Holds(fours >> 16U); }

@@ -1,12 +1,15 @@
 #include "blocking/NetworkRuleReader.h"
 
 #include "base/Percent.h"
+#include "blocking/PatternMatch.h"
 #include "blocking/Punycode.h"
 #include "blocking/RuleOptions.h"
 #include "blocking/RuleText.h"
 #include "blocking/libraries/SafeRegex.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 namespace tessa {
 
@@ -68,9 +71,30 @@ void AddSockets(NetworkRule& rule) {
     if (ofSockets && rule.Types & SetOf(RequestType::Other)) rule.Types |= SetOf(RequestType::WebSocket);
 }
 
-bool StopsEverything(const NetworkRule& rule) {
-    return rule.Pattern.empty() && rule.Types == kAnyPart && rule.Party == RuleParty::Any && rule.Domains.empty() &&
-           rule.Targets.empty();
+// Addresses that have nothing in common but what all have.
+constexpr std::array<std::string_view, 3> kSecureAddresses{"https://q.jk/", "https://w4.xz/~", "https://vvv.uy/-?"};
+constexpr std::array<std::string_view, 3> kPlainAddresses{"http://q.jk/", "http://w4.xz/~", "http://vvv.uy/-?"};
+
+bool FitsEach(const NetworkRule& rule, std::span<const std::string_view> addresses) {
+    if (!rule.IsExpression)
+        return std::ranges::all_of(addresses, [&](std::string_view each) {
+            return PatternFits(rule.Pattern, rule.Anchor, rule.AtEnd, MatchedAddressOf(each));
+        });
+    const SafeRegex expression(rule.Pattern, SafeRegex::Letters::BigAsSmall);
+    return std::ranges::all_of(addresses, [&](std::string_view each) { return expression.Finds(each); });
+}
+
+// One letter is in nearly all.
+bool SaysNothing(const NetworkRule& rule) {
+    return !rule.IsExpression &&
+           std::ranges::count_if(rule.Pattern, [](char each) { return each != '*' && each != '^'; }) <= 1;
+}
+
+// Who names kinds of requests or sites means it.
+bool IsAboutEverything(const NetworkRule& rule) {
+    if (rule.Types != kAnyPart || rule.Party != RuleParty::Any || !rule.Domains.empty() || !rule.Targets.empty())
+        return false;
+    return SaysNothing(rule) || FitsEach(rule, kSecureAddresses) || FitsEach(rule, kPlainAddresses);
 }
 
 } // namespace
@@ -86,8 +110,7 @@ NetworkRuleRead ReadNetworkRule(std::string_view line) {
     read.Trouble = ReadOptions(rule, parts.Options);
     if (read.Trouble == RuleTrouble::None) read.Trouble = ReadPattern(rule, parts.Pattern);
     AddSockets(rule);
-    if (read.Trouble == RuleTrouble::None && !rule.Exception && StopsEverything(rule))
-        read.Trouble = RuleTrouble::MatchesEverything;
+    if (read.Trouble == RuleTrouble::None && IsAboutEverything(rule)) read.Trouble = RuleTrouble::MatchesEverything;
     return read;
 }
 

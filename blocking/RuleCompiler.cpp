@@ -20,7 +20,7 @@ std::size_t ListReport::UnknownLines() const {
 ListReport RuleCompiler::AddList(std::string_view bytes) {
     ListReport report;
     if (!IsBinary(bytes)) {
-        ListLines lines(bytes.substr(0, kMostListBytes));
+        ListLines lines(bytes.size() < kMostListBytes ? bytes : UncutLines(bytes.substr(0, kMostListBytes)));
         for (std::string_view line; lines.Next(line);) {
             RuleLine read = ReadRuleLine(line);
             if (read.Kind == LineKind::Nothing) continue;

@@ -33,6 +33,7 @@ enum class ImagePart : std::uint32_t {
     SiteHiding,
     KeySlots,
     KeyLists,
+    KeyParts, ///< keys that are parts of attributes, see `KeyOfSelector`
     AlwaysHidden,
     Lists, ///< a `PackedList` for each list
     Count,

@@ -88,6 +88,11 @@ RuleLine ReadRuleLine(std::string_view line) {
     return read;
 }
 
+std::string_view UncutLines(std::string_view list) {
+    const std::size_t end = list.rfind('\n');
+    return end == std::string_view::npos ? list : list.substr(0, end + 1);
+}
+
 ListLines::ListLines(std::string_view bytes) : m_rest(bytes) {
     if (m_rest.starts_with("\xEF\xBB\xBF")) m_rest.remove_prefix(3);
 }

@@ -21,6 +21,10 @@ struct RuleLine {
 /// of this computer itself are `Nothing`.
 [[nodiscard]] RuleLine ReadRuleLine(std::string_view line);
 
+/// What was perhaps cut, without the line that was cut, which may stop far more than it was meant to. One line alone is
+/// whole.
+[[nodiscard]] std::string_view UncutLines(std::string_view list);
+
 /// The lines of a list one after the other, without those under a condition that no one here fulfils.
 class ListLines {
 public:

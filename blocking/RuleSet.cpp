@@ -32,10 +32,15 @@ RuleSet::RuleSet(RuleImage image)
     }
 }
 
+void RuleSet::Ask(std::string_view address) const {
+    m_isCut = address.size() > kMostRead;
+    m_asked.Ask(address.substr(0, kMostRead));
+}
+
 RuleVerdict RuleSet::VerdictOn(std::string_view address, const RulePage& page, RequestType type) const {
     RuleVerdict verdict;
     if (page.Except.Everything) return verdict;
-    m_asked.Ask(address.substr(0, kMostRead));
+    Ask(address);
     m_asked.Types = SetOf(type);
     m_asked.IsThirdParty = m_sites.Of(m_asked.Matched().Host()) != page.Site;
     std::uint32_t by = FindRule(RuleIndex::Important, page);
@@ -56,7 +61,7 @@ RuleVerdict RuleSet::VerdictOn(std::string_view address, const RulePage& page, R
 
 RulePage RuleSet::PageOf(std::string_view address) const {
     RulePage page;
-    m_asked.Ask(address.substr(0, kMostRead));
+    Ask(address);
     m_asked.IsThirdParty = false;
     const std::string_view host = m_asked.Matched().Host();
     page.Site = m_sites.Of(host);
@@ -141,6 +146,7 @@ bool RuleSet::PatternOfFits(std::uint32_t number, const PackedRule& rule) const 
     }
     MatchedAddress address = m_asked.Matched();
     if (matchCase) address.Whole = m_asked.AsItStands();
+    if (m_isCut && rule.Flags & kAtEndFlag) return false;
     return PatternFits(pattern, AnchorOf(rule.Flags), rule.Flags & kAtEndFlag, address);
 }
 

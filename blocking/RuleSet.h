@@ -47,8 +47,9 @@ class RuleSet {
 public:
     explicit RuleSet(RuleImage image);
 
-    /// The most bytes of an address that count.
-    static constexpr std::size_t kMostRead = std::size_t{32} << 10;
+    /// The most bytes of an address that count. With more, each request could cost a millisecond, and what rules look
+    /// for stands before.
+    static constexpr std::size_t kMostRead = AddressFours::kLongestRead;
 
     /// The page of that address, with what the rules except it from.
     [[nodiscard]] RulePage PageOf(std::string_view address) const;
@@ -70,6 +71,7 @@ private:
     [[nodiscard]] bool HoldsDomain(std::uint32_t place, const HostHashes& domains) const;
     [[nodiscard]] RuleFound Found(std::uint32_t number) const;
 
+    void Ask(std::string_view address) const;
     [[nodiscard]] PageExceptions ExceptionsFor(const RulePage& page) const;
 
     RuleImage m_image;
@@ -81,6 +83,7 @@ private:
     mutable std::unordered_map<std::uint32_t, SafeRegex> m_expressions;
     mutable SiteDomains m_sites;
     mutable AskedRequest m_asked; ///< what is being asked
+    mutable bool m_isCut = false; ///< whether its address is longer
 };
 
 } // namespace tessa

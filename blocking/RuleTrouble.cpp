@@ -15,7 +15,7 @@ TextView WordsOf(RuleTrouble trouble) {
     case RuleTrouble::TooLong:
         return u"The rule is too long.";
     case RuleTrouble::MatchesEverything:
-        return u"The rule would stop everything on every page.";
+        return u"The rule is about everything on every page.";
     case RuleTrouble::TooSlow:
         return u"There are too many rules of this kind.";
     case RuleTrouble::BadDomain:

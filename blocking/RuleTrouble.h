@@ -10,7 +10,7 @@ enum class RuleTrouble {
     NeedsAnswers,      ///< would change what servers answer, or the address that is asked for
     BadExpression,     ///< a regular expression that is none, or needs more than reading once
     TooLong,           ///< no sane rule is
-    MatchesEverything, ///< would stop each request of each page
+    MatchesEverything, ///< would stop, or let through, each request of each page, or hide all
     TooSlow,           ///< one of too many that each request would be held against
     BadDomain,         ///< an option or a hiding rule for what is no domain
     BadHost,           ///< a line of a hosts file without a host

@@ -30,10 +30,19 @@ void HidingCompiler::AddSites(const std::vector<std::string>& domains, SiteHidin
         m_sites.push_back({HashOfDomain(each), rule | static_cast<std::uint32_t>(kind), selector});
 }
 
+bool HidingCompiler::KeepPart(const std::string& key) {
+    if (m_knownParts.contains(key)) return true;
+    if (m_parts.size() >= kMostParts) return false;
+    m_knownParts.insert(key);
+    m_parts.push_back({static_cast<std::uint32_t>(m_strings.size()), static_cast<std::uint32_t>(key.size())});
+    m_strings += key;
+    return true;
+}
+
 void HidingCompiler::AddGeneric(const std::string& text, std::uint32_t selector) {
     if (!m_generic.insert(selector).second) return;
     const std::string key = KeyOfSelector(text);
-    if (key.empty())
+    if (key.empty() || (IsPartKey(key) && !KeepPart(key)))
         m_always.push_back(selector);
     else
         m_keyed.emplace_back(TokenOfKey(key), selector);
@@ -63,6 +72,7 @@ void HidingCompiler::WriteTo(RuleImageWriter& writer) {
     writer.Set(ImagePart::SiteHiding, std::span<const SiteHiding>(m_sites));
     writer.Set(ImagePart::KeySlots, std::span<const std::uint64_t>(keyed.Slots));
     writer.Set(ImagePart::KeyLists, std::span<const std::uint32_t>(keyed.Lists));
+    writer.Set(ImagePart::KeyParts, std::span<const PackedText>(m_parts));
     writer.Set(ImagePart::AlwaysHidden, std::span<const std::uint32_t>(m_always));
 }
 

@@ -16,6 +16,9 @@ public:
     /// The strings of the image, which must outlive this.
     explicit HidingCompiler(std::string& strings) : m_strings(strings) {}
 
+    /// The most parts of attributes that pages are asked about.
+    static constexpr std::size_t kMostParts = 300;
+
     void Add(const HidingRule& rule);
     [[nodiscard]] std::size_t Count() const { return m_count; }
     void WriteTo(RuleImageWriter& writer);
@@ -23,6 +26,8 @@ public:
 private:
     [[nodiscard]] std::uint32_t NumberOf(const std::string& selector);
     void AddSites(const std::vector<std::string>& domains, SiteHidingKind kind, std::uint32_t selector);
+    /// Whether pages can be asked about that part.
+    [[nodiscard]] bool KeepPart(const std::string& key);
     void AddGeneric(const std::string& text, std::uint32_t selector);
 
     std::string& m_strings;
@@ -32,10 +37,12 @@ private:
     std::vector<SiteHiding> m_sites;
     std::vector<TokenEntry> m_keyed;
     std::vector<std::uint32_t> m_always;
+    std::vector<PackedText> m_parts;
+    std::unordered_set<std::string> m_knownParts;
     std::unordered_set<std::uint32_t> m_generic, m_never;
 };
 
-/// The key under which selectors with that class or id stand, as ".name" or "#name".
+/// The number of a key, see `KeyOfSelector`, under which selectors stand.
 [[nodiscard]] TokenHash TokenOfKey(std::string_view key);
 
 } // namespace tessa

@@ -17,14 +17,19 @@ HidingFilter::HidingFilter(std::size_t names) : m_bytes(std::bit_ceil(std::max<s
 
 void HidingFilter::Add(std::uint32_t hash) {
     for (const std::uint32_t step : kFilterSteps) {
-        const std::size_t bit = (hash * step) & (m_bytes.size() * 8 - 1);
+        const std::size_t bit = PlaceOf(hash * step);
         m_bytes[bit / 8] = static_cast<char>(m_bytes[bit / 8] | (1 << (bit % 8)));
     }
 }
 
+// The last bits of a product are told by the last bits of what it is made of alone; the first by all.
+std::size_t HidingFilter::PlaceOf(std::uint32_t product) const {
+    return product >> static_cast<unsigned>(std::countl_zero(static_cast<std::uint32_t>(m_bytes.size() * 8 - 1)));
+}
+
 bool HidingFilter::MayHold(std::uint32_t hash) const {
     return std::ranges::all_of(kFilterSteps, [&](std::uint32_t step) {
-        const std::size_t bit = (hash * step) & (m_bytes.size() * 8 - 1);
+        const std::size_t bit = PlaceOf(hash * step);
         return (m_bytes[bit / 8] & (1 << (bit % 8))) != 0;
     });
 }

@@ -20,6 +20,8 @@ public:
     [[nodiscard]] const std::string& Bytes() const { return m_bytes; }
 
 private:
+    [[nodiscard]] std::size_t PlaceOf(std::uint32_t product) const;
+
     std::string m_bytes;
 };
 

@@ -11,7 +11,7 @@ using namespace ruletext;
 
 namespace {
 
-constexpr std::size_t kLongestSelector = 4000;
+constexpr std::size_t kLongestSelector = 4000, kLongestPart = 100;
 
 // What looks like a selector, but is done by scripts that other programs bring.
 constexpr std::array<std::string_view, 25> kNoSelectors{":-abp-",
@@ -70,6 +70,12 @@ bool ReadHidingDomains(HidingRule& rule, std::string_view text) {
     return true;
 }
 
+bool SelectsWholePages(std::string_view selector) {
+    constexpr std::array<std::string_view, 8> kWhole{"html",      "body",   ":root",    "html body",
+                                                     "html>body", "body *", "body > *", "html > body"};
+    return std::ranges::find(kWhole, InSmall(selector)) != kWhole.end();
+}
+
 /// Looks at a selector from its beginning to its end: what brackets and quotes are open.
 class SelectorReading {
 public:
@@ -94,6 +100,32 @@ private:
     char m_quote = 0;
     bool m_escaped = false;
 };
+
+bool IsPlainValue(std::string_view value) {
+    return value.size() >= kKeyStep && value.size() <= kLongestPart && std::ranges::all_of(value, [](char each) {
+               return each > ' ' && each < 0x7F && each != '\\' && each != '@';
+           });
+}
+
+// Of the brackets that the text begins with, as in KeyOfSelector.
+std::string KeyOfAttribute(std::string_view tag, std::string_view text) {
+    const std::size_t sign = text.find_first_of("=]");
+    if (sign == std::string_view::npos || sign < 2 || text[sign] == ']') return {};
+    const bool plain = IsNameLetter(text[sign - 1]);
+    const char kind = plain ? '^' : text[sign - 1];
+    const std::string_view name = text.substr(1, sign - (plain ? 1 : 2));
+    if (name != "class" && name != "id" && (name != "href" || tag != "a")) return {};
+    std::string_view value = text.substr(sign + 1);
+    const char quote = value.empty() ? ' ' : value.front();
+    const std::size_t end = value.find(quote, 1);
+    if ((quote != '"' && quote != '\'') || end == std::string_view::npos || !value.substr(end + 1).starts_with(']'))
+        return {};
+    value = value.substr(1, end - 1);
+    if (!IsPlainValue(value)) return {};
+    if (kind == '^') value = value.substr(0, std::min(value.size(), kLongestStart) / kKeyStep * kKeyStep);
+    if (kind == '^') return std::string(name) + '^' + std::string(value);
+    return kind == '*' || kind == '$' ? std::string(name) + '*' + std::string(value) : std::string();
+}
 
 } // namespace
 
@@ -123,6 +155,8 @@ HidingRuleRead ReadHidingRule(std::string_view line, const HidingSign& sign) {
         read.Trouble = RuleTrouble::BadSelector;
     else if (!ReadHidingDomains(rule, line.substr(0, sign.At)))
         read.Trouble = RuleTrouble::BadDomain;
+    else if (rule.Domains.empty() && !rule.Exception && SelectsWholePages(selector))
+        read.Trouble = RuleTrouble::MatchesEverything;
     return read;
 }
 
@@ -138,19 +172,28 @@ bool IsSafeSelector(std::string_view selector) {
 std::string KeyOfSelector(std::string_view selector) {
     SelectorReading reading;
     // Of a list each part would need one of its own.
-    std::string key;
+    std::string key, ofAttribute;
+    std::size_t compound = 0; // where what stands before it begins
     for (std::size_t at = 0; at < selector.size(); ++at) {
         const char each = selector[at];
         const bool outside = reading.InsideNothing();
         if (!reading.Take(each)) return {};
         if (outside && (each == ',' || each == '\\')) return {};
+        if (outside && each == '[' && ofAttribute.empty())
+            ofAttribute = KeyOfAttribute(selector.substr(compound, at - compound), selector.substr(at));
+        if (outside && !IsNameLetter(each)) compound = at + 1;
         if (!outside || !key.empty() || (each != '.' && each != '#')) continue;
         std::size_t end = at + 1;
         while (end < selector.size() && IsNameLetter(selector[end])) ++end;
         // An escaped letter would have to be read as the engine reads it.
         if (end > at + 1 && (end == selector.size() || selector[end] != '\\')) key = selector.substr(at, end - at);
     }
-    return key;
+    return key.empty() ? ofAttribute : key;
+}
+
+bool IsPartKey(std::string_view key) {
+    const std::size_t sign = key.find_first_of("^*");
+    return sign != std::string_view::npos && key[sign] == '*' && key.front() != '.' && key.front() != '#';
 }
 
 } // namespace tessa

@@ -32,8 +32,13 @@ struct HidingSign {
 /// Whether the text can stand before a "{" of a style sheet without any effect on what else stands in it.
 [[nodiscard]] bool IsSafeSelector(std::string_view selector);
 
-/// A class or an id that whatever the selector selects must have, or one around it: ".name" or "#name". Empty when
-/// there is none.
+/// What a page must hold before the selector selects anything on it. A class or an id: ".name" or "#name". Else how the
+/// attribute "class", "id" or, of a link, "href" begins, or a part of it: "href^http://ads.", "id*-advert-". Such a
+/// beginning is as long as a multiple of `kKeyStep`, and at most `kLongestStart`. Empty when there is none.
 [[nodiscard]] std::string KeyOfSelector(std::string_view selector);
+inline constexpr std::size_t kKeyStep = 4, kLongestStart = 20;
+
+/// Whether that is the key of a part.
+[[nodiscard]] bool IsPartKey(std::string_view key);
 
 } // namespace tessa

@@ -54,6 +54,12 @@ std::vector<std::string_view> HidingRules::Always(const SiteHidden& site) const 
     return found;
 }
 
+std::vector<std::string_view> HidingRules::Parts() const {
+    std::vector<std::string_view> parts;
+    for (const PackedText each : m_image.Part<PackedText>(ImagePart::KeyParts)) parts.push_back(m_image.TextAt(each));
+    return parts;
+}
+
 std::vector<TokenHash> HidingRules::Keys() const {
     std::vector<TokenHash> keys;
     for (const std::uint64_t each : m_keySlots)

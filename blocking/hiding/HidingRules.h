@@ -23,14 +23,15 @@ public:
 
     /// What is hidden on pages of that host alone.
     [[nodiscard]] SiteHidden ForSite(const HostHashes& hosts) const;
-    /// What is hidden on all pages but those that `site` leaves out, among what has those classes and ids, given as
-    /// ".name" and "#name".
+    /// What is hidden on all pages but those that `site` leaves out, among what has those keys, see `KeyOfSelector`.
     [[nodiscard]] std::vector<std::string_view> ForKeys(const std::vector<std::string>& keys,
                                                         const SiteHidden& site) const;
-    /// What is hidden on all pages and has no class and no id.
+    /// What is hidden on all pages and has no key.
     [[nodiscard]] std::vector<std::string_view> Always(const SiteHidden& site) const;
 
-    /// The names of all classes and ids that may be hidden, see `TokenOfKey`, and of all domains that rules name.
+    /// The keys that are parts of attributes, see `KeyOfSelector`.
+    [[nodiscard]] std::vector<std::string_view> Parts() const;
+    /// All keys of what may be hidden, see `TokenOfKey`, and of all domains that rules name.
     [[nodiscard]] std::vector<TokenHash> Keys() const;
     [[nodiscard]] std::vector<std::uint64_t> Domains() const;
 

@@ -10,7 +10,7 @@ namespace tessa::qt {
 
 namespace {
 
-constexpr int kColumnDigits = 44, kLines = 14;
+constexpr int kColumnDigits = 44, kColumnsWide = 3, kLinesHigh = 20;
 constexpr qsizetype kLongestShown = 500;
 
 // A rule may name hundreds of sites.
@@ -46,7 +46,6 @@ BlockedDialog::BlockedDialog(const std::vector<BlockedRequest>& stopped, int cou
     const int digit = lines->fontMetrics().horizontalAdvance(u'0');
     lines->setColumnWidth(0, digit * kColumnDigits);
     lines->setColumnWidth(1, digit * kColumnDigits);
-    lines->setMinimumSize(digit * kColumnDigits * 5 / 2, lines->fontMetrics().height() * kLines);
     auto* words = new QLabel(WordsFor(stopped.size(), count));
     auto* answers = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(answers, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -54,6 +53,8 @@ BlockedDialog::BlockedDialog(const std::vector<BlockedRequest>& stopped, int cou
     rows->addWidget(words);
     rows->addWidget(lines);
     rows->addWidget(answers);
+    // No more than it would like: on a small screen the list scrolls, not the whole dialog.
+    resize(digit * kColumnDigits * kColumnsWide, lines->fontMetrics().height() * kLinesHigh);
 }
 
 } // namespace tessa::qt

@@ -33,6 +33,13 @@ QString Quoted(const std::string& text) {
     return quoted.replace(u'\'', QStringLiteral("\\'"));
 }
 
+QString AsList(const std::vector<std::string_view>& texts) {
+    QJsonArray list;
+    for (const std::string_view each : texts)
+        list.append(QString::fromUtf8(each.data(), static_cast<qsizetype>(each.size())));
+    return QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact));
+}
+
 QString ItemIn(const QUrlQuery& asked, const char* name) {
     return asked.queryItemValue(QLatin1String(name), QUrl::FullyDecoded);
 }
@@ -68,6 +75,7 @@ QString ElementHiding::Script() const {
     script.replace(QStringLiteral("@word@"), m_word);
     script.replace(QStringLiteral("@domains@"), AsBase64(domainBits.Bytes()));
     script.replace(QStringLiteral("@keys@"), AsBase64(keyBits.Bytes()));
+    script.replace(QStringLiteral("@parts@"), AsList(hiding->Parts()));
     script.replace(QStringLiteral("@all@"), excepted ? QStringLiteral("false") : QStringLiteral("true"));
     // Last, for what a list says may hold such signs.
     return script.replace(QStringLiteral("@always@"), Quoted(HidingSheet(hiding->Always({}))));

@@ -3,6 +3,7 @@
 #include "base/ResumeNext.h"
 #include "base/os/Log.h"
 #include "blocking/ListCatalogue.h"
+#include "blocking/RuleLine.h"
 #include "qt/base/Strings.h"
 #include "qt/blocking/Blocker.h"
 
@@ -43,6 +44,12 @@ QNetworkRequest RequestFor(const ShelvedList& list) {
 
 Text HeaderOf(const QNetworkReply& reply, const char* name) {
     return FromQt(QString::fromLatin1(reply.rawHeader(name)));
+}
+
+// Without these words of its length, nobody can tell a list that was cut from a whole one.
+bool IsKnownToBeWhole(const QNetworkReply& reply) {
+    return reply.hasRawHeader("Content-Length") || reply.hasRawHeader("Transfer-Encoding") ||
+           reply.attribute(QNetworkRequest::Http2WasUsedAttribute).toBool();
 }
 
 } // namespace
@@ -101,7 +108,8 @@ bool ListUpdates::TakeReply(QNetworkReply& reply, const ShelvedList& list) {
         return false;
     }
     const QByteArray bytes = good && answer == kAnswerOk ? reply.readAll() : QByteArray();
-    const std::string_view text(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    std::string_view text(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    if (!IsKnownToBeWhole(reply)) text = UncutLines(text);
     ShelvedList kept{list.Address,   HeaderOf(reply, "ETag"), HeaderOf(reply, "Last-Modified"),
                      NowInSeconds(), NowInSeconds(),          0};
     if (LooksLikeList(text) && m_blocker.Shelf().Keep(kept, text) == Outcome::Done) return true;

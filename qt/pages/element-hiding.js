@@ -1,12 +1,14 @@
-// Hides what the lists name. Runs in every frame before the page does, in a world of its own that the page cannot see.
-// Most pages hold nothing that any list names; two rows of bits tell that here, and the program is asked only about the
-// rest. It answers while the page waits, so that nothing is seen that is to be hidden. The program puts its words where
-// there are names between signs: a secret, the bits of domains and of classes and ids, whether each page has to be asked
-// about, and what is hidden everywhere.
+// Hides what the lists name, before it is painted. Runs in every frame before the page does, in a world of its own that
+// the page cannot see. Most pages hold nothing that any list names; two rows of bits tell that here, and the program is
+// asked only about the rest. It answers while the page waits. The program puts its words where there are names between
+// signs: a secret, the bits of domains and of keys, the keys that are parts of attributes, whether each page has to be
+// asked about, and what is hidden everywhere.
 (function () {
     'use strict';
     const kMostKeysAtOnce = 100;
-    const kSteps = [1, 0x9E3779B1, 0x85EBCA6B];
+    const kSteps = [1, 0x9E3779B1, 0x85EBCA6B], kHashStart = 0x811C9DC5, kHashStep = 0x01000193;
+    const kLongestStart = 20, kKeyStep = 4, kMostSeen = 20000, kMostRead = 4096, kLongestName = 1000;
+    const kRush = 200, kFew = 50, kLongestRush = 250;
 
     function hostOf(origin) {
         const found = /^https?:\/\/([^/:]+|\[[^\]]*\])/.exec(origin);
@@ -18,10 +20,12 @@
     if (!host) return;
 
     function mayHold(bits, hash) {
-        return kSteps.every(function (step) {
-            const bit = Math.imul(hash, step) & (bits.length * 8 - 1);
-            return (bits.charCodeAt(bit >>> 3) >>> (bit & 7)) & 1;
-        });
+        const shift = Math.clz32(bits.length * 8 - 1);
+        for (let at = 0; at < kSteps.length; ++at) {
+            const bit = Math.imul(hash, kSteps[at]) >>> shift;
+            if (((bits.charCodeAt(bit >>> 3) >>> (bit & 7)) & 1) === 0) return false;
+        }
+        return true;
     }
 
     // As the program hashes domains: from the end, in 64 bits.
@@ -39,19 +43,40 @@
         return false;
     }
 
-    function ask(what) {
+    // A page can forbid requests that it has to wait for. There what is to be hidden may be seen for a moment.
+    function ask(what, then) {
+        const address = 'tessaview-hide:' + what + '&word=@word@&host=' + encodeURIComponent(host) + '&top=' +
+            encodeURIComponent(topHost) + '&page=' + encodeURIComponent(location.href.slice(0, kMostRead));
+        const request = new XMLHttpRequest();
+        function take() {
+            let answer = {};
+            try { answer = JSON.parse(request.responseText); } catch (e) { return; }
+            then(answer);
+        }
         try {
-            const request = new XMLHttpRequest();
-            request.open('GET', 'tessaview-hide:' + what + '&word=@word@&host=' + encodeURIComponent(host) + '&top=' +
-                         encodeURIComponent(topHost) + '&page=' + encodeURIComponent(location.href.slice(0, 4000)), false);
+            request.open('GET', address, false);
             request.send();
-            return JSON.parse(request.responseText);
-        } catch (e) { return {}; }
+        } catch (e) {
+            request.onload = take;
+            request.open('GET', address);
+            return request.send();
+        }
+        take();
     }
 
+    // Fields of a form hide its properties when they are called like them, so these are asked for in another way.
+    function getterOf(type, name) { return Object.getOwnPropertyDescriptor(type.prototype, name).get; }
+    const idOf = getterOf(Element, 'id'), namesOf = getterOf(Element, 'className'), tagOf = getterOf(Element, 'localName');
+    const firstOf = getterOf(Element, 'firstElementChild'), aroundOf = getterOf(Node, 'parentNode');
+    const kindOf = getterOf(Node, 'nodeType'), attributeOf = Element.prototype.getAttribute;
+    const findBelow = Element.prototype.querySelectorAll, findAll = Document.prototype.querySelectorAll;
+    const adopted = Object.getOwnPropertyDescriptor(Document.prototype, 'adoptedStyleSheets');
+    // What came out of another frame is an element, but none of this frame's kind.
+    function isElement(node) { return kindOf.call(node) === Node.ELEMENT_NODE; }
+
     // What was stopped leaves no empty box. The kinds are those that the program knows, in its order.
-    const kKinds = { IMG: '0', INPUT: '0', IFRAME: '1', FRAME: '1', OBJECT: '1 2 0', EMBED: '1 2 0', VIDEO: '3', AUDIO: '3' };
-    const collapsed = new Set();
+    const kKinds = { img: '0', input: '0', iframe: '1', frame: '1', object: '1 2 0', embed: '1 2 0', video: '3', audio: '3' };
+    const collapsed = new WeakSet();
     function sourceOf(element) {
         if (element.currentSrc || element.src || element.data) return element.currentSrc || element.src || element.data;
         const source = element.querySelector('source');
@@ -60,118 +85,248 @@
     function show(element) {
         if (collapsed.delete(element)) element.style.removeProperty('display');
     }
-    function collapseIfStopped(element) {
-        const kinds = kKinds[element.tagName], source = sourceOf(element);
-        if (!kinds || !/^https?:/.test(source)) return;
-        if (!ask('stopped?kinds=' + kinds + '&url=' + encodeURIComponent(source)).stopped) return show(element);
-        collapsed.add(element);
-        element.style.setProperty('display', 'none', 'important');
+    const answers = new Map();
+    function tellWhetherStopped(kinds, source, then) {
+        const what = 'stopped?kinds=' + kinds + '&url=' + encodeURIComponent(source);
+        if (answers.has(what)) return then(answers.get(what));
+        ask(what, function (answer) {
+            if (answers.size >= kMostSeen) answers.clear();
+            answers.set(what, answer.stopped);
+            then(answer.stopped);
+        });
+    }
+    function collapseIfStopped(element, tag) {
+        const kinds = kKinds[tag], source = kinds ? sourceOf(element) : '';
+        if (!/^https?:/.test(source)) return;
+        tellWhetherStopped(kinds, source, function (stopped) {
+            if (!stopped) return show(element);
+            collapsed.add(element);
+            element.style.setProperty('display', 'none', 'important');
+        });
     }
     document.addEventListener('error', function (event) {
         const of = event.target;
-        collapseIfStopped(of.tagName === 'SOURCE' && of.parentNode.networkState === 3 ? of.parentNode : of);
+        if (!isElement(of)) return;
+        const tag = tagOf.call(of), around = tag === 'source' ? aroundOf.call(of) : null;
+        if (around && around.networkState === 3) collapseIfStopped(around, tagOf.call(around));
+        else collapseIfStopped(of, tag);
     }, true);
     // A frame that was stopped loads a page of the engine's, which nobody can look into.
     document.addEventListener('load', function (event) {
-        const of = event.target, isFrame = of.tagName === 'IFRAME' || of.tagName === 'FRAME' || of.tagName === 'EMBED';
-        if (isFrame && !of.contentDocument) collapseIfStopped(of);
+        const of = event.target, tag = isElement(of) ? tagOf.call(of) : '';
+        if ((tag === 'iframe' || tag === 'frame' || tag === 'embed') && !of.contentDocument) collapseIfStopped(of, tag);
         else show(of);
     }, true);
 
     // Pictures that a script has asked for may come into the page when they have failed already.
-    function collapseFailed(node) {
-        if (node.nodeType !== Node.ELEMENT_NODE) return;
-        const pictures = node.localName === 'img' ? [node] : node.firstElementChild ? node.getElementsByTagName('img') : [];
-        for (const each of pictures)
-            if (each.complete && each.naturalWidth === 0 && each.currentSrc) collapseIfStopped(each);
-    }
-    function onAdded(call) {
-        new MutationObserver(function (records) {
-            for (const record of records) record.addedNodes.forEach(call);
-        }).observe(document, { childList: true, subtree: true });
+    function collapseFailed(picture) {
+        if (picture.complete && picture.naturalWidth === 0 && picture.currentSrc) collapseIfStopped(picture, 'img');
     }
 
     const sheets = [];
-    function put(sheet) {
-        if (!document.adoptedStyleSheets.includes(sheet))
-            document.adoptedStyleSheets = Array.from(document.adoptedStyleSheets).concat(sheet);
+    function put() {
+        const there = adopted.get.call(document);
+        if (sheets.length === 0 || there.includes(sheets[sheets.length - 1])) return;
+        const others = Array.from(there).filter(function (sheet) { return !sheets.includes(sheet); });
+        adopted.set.call(document, sheets.concat(others));
     }
     function hide(text) {
         if (!text) return;
         const sheet = new CSSStyleSheet();
         sheet.replaceSync(text);
         sheets.push(sheet);
-        put(sheet);
+        put();
     }
 
-    const domainBits = atob('@domains@'), keyBits = atob('@keys@');
-    const named = @all@ || domainMayBeNamed(domainBits, host) || (topHost !== host && domainMayBeNamed(domainBits, topHost));
-    const site = named ? ask('site?') : { generic: true, always: null };
-    hide(site.css);
-    if (!site.generic) return onAdded(collapseFailed);
-    hide(typeof site.always === 'string' ? site.always : '@always@');
+    const keyBits = atob('@keys@'), parts = @parts@;
+    let site = {};
+    function beOn(answer) {
+        site = answer;
+        hide(site.css);
+        if (site.generic) hide(typeof site.always === 'string' ? site.always : '@always@');
+    }
 
-    const seenNames = new Set(), seenKeys = new Set();
+    // Names that were looked at cost nothing more.
+    function Seen() {
+        const all = new Set();
+        return function (text) {
+            // Else these would stay in memory.
+            if (text.length > kMostRead) return false;
+            if (all.has(text)) return true;
+            if (all.size >= kMostSeen) all.clear();
+            all.add(text);
+            return false;
+        };
+    }
+    const wasId = Seen(), wasNames = Seen(), wasName = Seen(), wasLink = Seen(), wasFound = Seen();
     let found = [];
-    function hashOf(key) {
-        if (/[^\x00-\x7f]/.test(key)) key = unescape(encodeURIComponent(key.toWellFormed ? key.toWellFormed() : key));
-        let hash = 0x811C9DC5;
-        for (let at = 0; at < key.length; ++at) hash = Math.imul(hash ^ key.charCodeAt(at), 0x01000193);
+    function note(key) {
+        if (!wasFound(key)) found.push(key);
+    }
+    function hashFrom(hash, text) {
+        for (let at = 0; at < text.length; ++at) hash = Math.imul(hash ^ text.charCodeAt(at), kHashStep);
         return hash;
     }
-    function note(key) {
-        if (seenKeys.has(key)) return;
-        seenKeys.add(key);
-        try { if (mayHold(keyBits, hashOf(key))) found.push(key); } catch (e) { return; }
+    const kId = hashFrom(kHashStart, '#'), kName = hashFrom(kHashStart, '.');
+    function isKey(hash) { return mayHold(keyBits, hash || 1); }
+    function inBytes(text) {
+        if (!/[^\x00-\x7f]/.test(text)) return text;
+        try { return unescape(encodeURIComponent(text)); } catch (e) { return ''; }
+    }
+    // Rules name some by how their values begin, or what these hold. Parts are looked for in all new values at once.
+    function Attribute(name) {
+        const start = hashFrom(kHashStart, name + '^');
+        this.parts = parts.filter(function (key) { return key.startsWith(name + '*'); });
+        this.values = [];
+        this.look = function (value) {
+            const end = Math.min(value.length, kLongestStart);
+            let hash = start;
+            for (let at = 0; at < end; ++at) {
+                hash = Math.imul(hash ^ value.charCodeAt(at), kHashStep);
+                if ((at + 1) % kKeyStep === 0 && isKey(hash)) note(name + '^' + value.slice(0, at + 1));
+            }
+            if (this.parts.length > 0) this.values.push(value.slice(0, kMostRead));
+        };
+        this.findParts = function () {
+            if (this.values.length === 0) return;
+            const all = this.values.join('\n');
+            this.values = [];
+            for (const key of this.parts)
+                if (all.includes(key.slice(name.length + 1))) note(key);
+        };
+    }
+    const ids = new Attribute('id'), classes = new Attribute('class'), links = new Attribute('href');
+    function lookAtName(start, sign, name) {
+        if (name.length <= kLongestName && isKey(hashFrom(start, inBytes(name)))) note(sign + name);
+    }
+    function lookAtNames(names) {
+        classes.look(names);
+        for (const each of names.split(/\s+/))
+            if (each && !wasName(each)) lookAtName(kName, '.', each);
+    }
+    function lookAtId(id) {
+        ids.look(id);
+        lookAtName(kId, '#', id);
     }
     function look(element) {
-        const id = element.getAttribute('id'), names = element.getAttribute('class');
-        if (id) note('#' + id);
-        if (!names || seenNames.has(names)) return;
-        seenNames.add(names);
-        for (const each of names.split(/\s+/)) if (each) note('.' + each);
+        const names = namesOf.call(element), id = idOf.call(element);
+        if (names && !wasNames(names)) lookAtNames(names);
+        if (id && !wasId(id)) lookAtId(id);
     }
-    function lookBelow(node) {
-        if (node.nodeType !== Node.ELEMENT_NODE) return;
-        look(node);
-        if (node.firstElementChild) node.querySelectorAll('[class], [id]').forEach(look);
+    function lookAtLink(element) {
+        const target = attributeOf.call(element, 'href');
+        if (target && !wasLink(target)) links.look(target);
+    }
+    function lookAt(element) {
+        const tag = tagOf.call(element);
+        if (tag === 'img') collapseFailed(element);
+        if (!site.generic) return;
+        look(element);
+        if (tag === 'a') lookAtLink(element);
+    }
+    function each(list, act) {
+        for (let at = 0; at < list.length; ++at) act(list[at]);
+        return list.length;
+    }
+    // How many were looked at.
+    function lookAtAll(find, root) {
+        each(find.call(root, 'img'), collapseFailed);
+        if (!site.generic) return 0;
+        each(find.call(root, 'a[href]'), lookAtLink);
+        return each(find.call(root, '[class], [id]'), look);
     }
     function askAboutFound() {
+        for (const each of [ids, classes, links]) each.findParts();
         while (found.length > 0) {
             const some = found.splice(0, kMostKeysAtOnce);
-            hide(ask('keys?keys=' + encodeURIComponent(JSON.stringify(some))).css);
+            ask('keys?keys=' + encodeURIComponent(JSON.stringify(some)), function (answer) { hide(answer.css); });
         }
         // A page that puts sheets of its own there takes ours away.
-        sheets.forEach(put);
+        put();
     }
+
+    let looked = 0;
+    // How many more there are than there were.
+    function lookAround() {
+        const before = looked;
+        looked = lookAtAll(findAll, document);
+        askAboutFound();
+        return looked - before;
+    }
+
     // Pages make thousands of elements at once, so whatever has nothing inside is looked at without any more ado.
-    function lookAtNew(node, full) {
-        if (node.nodeType !== Node.ELEMENT_NODE) return;
-        if (node.firstElementChild) return full.add(node);
-        look(node);
-        if (node.localName === 'img') collapseFailed(node);
-    }
-    new MutationObserver(function (records) {
+    function lookAtRecords(records) {
         const full = new Set();
         for (let at = 0; at < records.length; ++at) {
             const record = records[at];
-            if (record.type === 'attributes') {
-                look(record.target);
-                continue;
-            }
+            if (record.type === 'attributes') { lookAt(record.target); continue; }
             const nodes = record.addedNodes;
-            for (let index = 0; index < nodes.length; ++index) lookAtNew(nodes[index], full);
+            for (let index = 0; index < nodes.length; ++index) {
+                const node = nodes[index];
+                if (!isElement(node)) continue;
+                if (firstOf.call(node)) full.add(node);
+                else lookAt(node);
+            }
         }
         // What came with what it stands in is looked at with that.
         for (const node of full) {
-            if (full.has(node.parentNode)) continue;
-            lookBelow(node);
-            collapseFailed(node);
+            if (full.has(aroundOf.call(node))) continue;
+            lookAt(node);
+            lookAtAll(findBelow, node);
         }
         askAboutFound();
-    }).observe(document, { childList: true, subtree: true, attributes: true, attributeFilter: ['class', 'id'] });
-    if (document.documentElement) {
-        lookBelow(document.documentElement);
-        askAboutFound();
     }
+
+    // To be told of each element costs more than to look at all of them once before each picture of the page. So while a
+    // page makes very many, as when it loads, it is watched no longer than from that look until the picture is made. A
+    // task never begins between these two, so the watch ends in one.
+    let rush = 0, picture = 0;
+    const observer = new MutationObserver(function (records) {
+        lookAtRecords(records);
+        if (!rush && records.length >= kRush && records.length * 4 >= looked) beginRush();
+    });
+    function watch() {
+        const what = { childList: true, subtree: true };
+        if (site.generic) what.attributeFilter = ['class', 'id', 'href'];
+        observer.observe(document, what);
+    }
+    function beginRush() {
+        rush = setTimeout(endRush, kLongestRush);
+        setTimeout(pause, 0);
+    }
+    function pause() {
+        if (!rush) return;
+        observer.disconnect();
+        cancelAnimationFrame(picture);
+        picture = requestAnimationFrame(beforePicture);
+    }
+    function beforePicture() {
+        if (!rush) return;
+        watch();
+        if (lookAround() >= kFew || document.readyState === 'loading') return setTimeout(pause, 0);
+        clearTimeout(rush);
+        rush = 0;
+    }
+    function endRush() {
+        clearTimeout(rush);
+        rush = 0;
+        watch();
+        lookAround();
+    }
+
+    const domainBits = atob('@domains@');
+    const named = @all@ || domainMayBeNamed(domainBits, host) || (topHost !== host && domainMayBeNamed(domainBits, topHost));
+    let begun = false;
+    if (named)
+        ask('site?', function (answer) {
+            beOn(answer);
+            if (begun) endRush();
+        });
+    else beOn({ generic: true });
+    begun = true;
+    watch();
+    lookAround();
+    beginRush();
+    // A page that nobody sees can be printed.
+    addEventListener('beforeprint', lookAround);
 })();

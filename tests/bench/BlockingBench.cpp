@@ -109,9 +109,25 @@ void BlockingRequests(benchmark::State& state) {
                            benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
+// An address as long as that, of words that lists know: those of recorded ones. Scripts of pages make such.
+void BlockingLongAddress(benchmark::State& state) {
+    const RuleSet rules(CompileLists(Data().lists, {}).Image);
+    const RulePage page = rules.PageOf("https://site.example/");
+    std::string address = "https://www.other.example/path?";
+    for (const BenchRequest& each : Data().requests) {
+        if (address.size() >= static_cast<std::size_t>(state.range(0))) break;
+        // What is stopped would be found at once.
+        const std::string longer = address + std::string(each.address.substr(each.address.find("://") + 3)) + "&";
+        if (!rules.VerdictOn(longer, page, RequestType::Image).By) address = longer;
+    }
+    address.resize(static_cast<std::size_t>(state.range(0)), 'x');
+    for (auto _ : state) benchmark::DoNotOptimize(rules.VerdictOn(address, page, RequestType::Image).Blocked);
+}
+
 BENCHMARK(BlockingReadLists)->Unit(benchmark::kMillisecond);
 BENCHMARK(BlockingReadCache)->Unit(benchmark::kMillisecond);
 BENCHMARK(BlockingRequests)->Unit(benchmark::kMillisecond);
+BENCHMARK(BlockingLongAddress)->Arg(1000)->Arg(2000)->Arg(4000)->Arg(8000)->Arg(32000)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

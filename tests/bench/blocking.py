@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
 """What blocking costs and saves while pages load, with it and without in turns:
 
-- page work: one page that makes and changes thousands of elements, again and again, and asks for nothing that is stopped;
+- a page as people read them: text, two thousand elements, links, pictures, ten scripts that work on it;
+- the worst that a page can do: one that does nothing but make and change elements, again and again;
 - a hundred pages of which three requests in ten are stopped.
 
-Prints the medians and their ratios, and what else the machine has to do. Run it on a display of its own, best with the
-lists that people use:
+The first two ask for nothing that is stopped. Their figure is the processor's time of all renderers for one load, which
+what else the machine does hardly changes; for the hundred pages it is the time until all have loaded, and the
+processor's time of all processes. Prints medians, the ratio of the medians, and the median of the ratios of each turn.
+Run it on a display of its own, best with the lists that people use:
 
     tests/e2e/on-display.sh tests/bench/blocking.py build/tessaview [ROUNDS [LIST...]]
 """
@@ -19,20 +22,30 @@ import tempfile
 import threading
 import time
 
-PAGES, LOADS, UNITS = 100, 4, 25
+PAGES, LOADS, UNITS = 100, 6, 25
+SCRIPTS, PICTURES, STORIES = 10, 20, 40
 STOPPED, FREE = 3, 7
 # What is asked for: as large as scripts and pictures are.
 PART = b"/* " + b"words " * 5000 + b"*/"
 RULE = "/banner/ad-\n"
+# Of one point.
+PICTURE = bytes.fromhex("47494638396101000100800000 00ff00 000000 2c00000000010001000002024401003b".replace(" ", ""))
 # Rules of the same kinds as lists have, for when there is none.
 MADE_UP = "".join(f"||ads{n}.example^$third-party\n##.ad-{n}\n/adverts/{n}/*\n" for n in range(25000))
 
-# A unit of work is short, so that what else the machine does hits few of them; what watches the page runs at its end.
-WORK = """<!doctype html><title>work</title><body><script>
-const box = document.createElement('div'), times = [];
+# Goes on to the next load of the same page when this one is done; its work runs before, and what watches the page, too.
+NEXT = """
+function done() {
+  const next = Number(new URLSearchParams(location.search).get('n')) + 1;
+  fetch('/done?' + performance.now()).then(() => { if (next < LOADS) location = location.pathname + '?n=' + next; });
+}
+""".replace("LOADS", str(LOADS))
+
+WORK = """<!doctype html><title>work</title><body><script>NEXT
+const box = document.createElement('div');
+let units = 0;
 document.body.append(box);
 function unit() {
-  const started = performance.now();
   box.innerHTML = '';
   for (let n = 0; n < 400; ++n) {
     const item = document.createElement('p');
@@ -44,15 +57,94 @@ function unit() {
   }
   for (const each of box.children) each.classList.toggle('odd');
   box.getBoundingClientRect();
-  setTimeout(() => {
-    times.push(performance.now() - started);
-    if (times.length < UNITS) return unit();
-    const next = Number(new URLSearchParams(location.search).get('n')) + 1;
-    fetch('/worked?' + times.join(',')).then(() => { if (next < LOADS) location = '/work?n=' + next; });
-  }, 0);
+  setTimeout(++units < UNITS ? unit : done, 0);
 }
 unit();
-</script>""".replace("LOADS", str(LOADS)).replace("UNITS", str(UNITS))
+</script>""".replace("NEXT", NEXT).replace("UNITS", str(UNITS))
+
+# What the scripts of a page do: they read data, sort and join it, make parts of the page, look where these are.
+SCRIPT = """(() => {
+  const data = Array.from({ length: 2500 }, (_, n) => ({ id: n, name: 'Entry ' + (n * 7919 % 2500), tags: ['a' + n % 9, 'b' + n % 5] }));
+  const byTag = new Map();
+  for (const each of JSON.parse(JSON.stringify(data)))
+    for (const tag of each.tags) byTag.set(tag, (byTag.get(tag) || []).concat(each.name.replace(/[aeiou]/g, '').toLowerCase()).slice(-50));
+  data.sort((one, other) => one.name.localeCompare(other.name));
+  const box = document.createElement('aside');
+  box.className = 'side side-NUMBER';
+  for (const each of data.slice(0, 15)) {
+    const row = document.createElement('div');
+    row.className = 'row r' + each.id % 7;
+    row.innerHTML = '<span class="name">' + each.name + '</span><span class="tag">' + byTag.get(each.tags[0]).length + '</span>';
+    row.addEventListener('click', () => row.classList.toggle('open'));
+    box.append(row);
+  }
+  document.body.append(box);
+  for (const each of document.querySelectorAll('.story'))
+    if (each.getBoundingClientRect().top < 600) each.classList.add('near-NUMBER');
+})();
+"""
+NAMES = "garden river light morning water paper road window winter letter bread music evening story glass harbour".split()
+
+
+def words(count, start):
+    return " ".join(NAMES[(start * 7 + n * 5) % len(NAMES)] for n in range(count))
+
+
+def story(n):
+    links = " ".join(
+        f'<a class="link l{i}" href="https://www.site{(n * 7 + i) % 40}.example/{NAMES[i]}/{n}-{i}">{words(2, n + i)}</a>' for i in range(6)
+    )
+    texts = "".join(
+        f'<p class="text t{i}">{words(40, n + i)} <em>{words(2, i)}</em> <span class="note n{i}">{words(3, n)}</span> {words(30, i)}</p>'
+        for i in range(4)
+    )
+    entries = "".join(f'<li class="entry e{i % 3}"><span class="key">{i}</span> <b>{words(2, n * i)}</b></li>' for i in range(6))
+    picture = f'<img class="picture" src="/picture-{n}.gif" width="40" height="30">' if n < PICTURES else ""
+    return (
+        f'<article id="story-{n}" class="story card card-{n}"><header class="head part-{n % 30}"><h3 class="title">{words(6, n)}</h3>'
+        f'<div class="meta"><span class="by">{words(2, n)}</span><time>12:{n:02d}</time></div></header>'
+        f'<div class="body">{picture}{texts}<ul class="list list-{n}">{entries}</ul></div><footer class="links">{links}</footer></article>'
+    )
+
+
+def reading():
+    style = "".join(f".part-{n % 30} > span:hover, .card-{n} h3, .list-{n} li:first-child {{ margin: {n % 7}px }}\n" for n in range(300))
+    scripts = "".join(f'<script src="/script-{n}.js"></script>' for n in range(SCRIPTS))
+    return (
+        f"<!doctype html><title>reading</title><style>{style}</style><body><main>{''.join(story(n) for n in range(STORIES))}</main>"
+        f"{scripts}<script>{NEXT}addEventListener('load', () => requestAnimationFrame(() => requestAnimationFrame(() => "
+        "setTimeout(done, 100))))</script>"
+    )
+
+
+def processes_of(root):
+    """All that the process has started, and they in turn."""
+    parents = {}
+    for each in filter(str.isdigit, os.listdir("/proc")):
+        try:
+            with open(f"/proc/{each}/stat", encoding="utf-8", errors="replace") as file:
+                parents.setdefault(int(file.read().rpartition(")")[2].split()[1]), []).append(int(each))
+        except OSError:
+            continue
+    found, left = [], [root]
+    while left:
+        children = parents.get(left.pop(), [])
+        found += children
+        left += children
+    return found
+
+
+def processor_time(processes):
+    """Milliseconds of the processor that these have had."""
+    nanoseconds = 0
+    for each in processes:
+        try:
+            for thread in os.listdir(f"/proc/{each}/task"):
+                with open(f"/proc/{each}/task/{thread}/schedstat", encoding="utf-8") as file:
+                    nanoseconds += int(file.read().split()[0])
+        except OSError:
+            continue
+    return nanoseconds / 1e6
 
 
 class Server:
@@ -60,6 +152,8 @@ class Server:
 
     def __init__(self):
         self.loaded, self.worked, self.stopped = [], [], 0
+        self.program = None
+        self.reading = reading()
         server = self
 
         class Handler(http.server.BaseHTTPRequestHandler):
@@ -72,14 +166,22 @@ class Server:
                 pass
 
         self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        # A program that ends leaves connections open.
+        self.server.handle_error = lambda *_: None
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
 
     def answer(self, path):
         body, kind = b"", "text/html"
-        if path.startswith("/worked"):
-            self.worked.append([float(each) for each in path.partition("?")[2].split(",")])
+        if path.startswith("/done"):
+            self.worked.append(processor_time(processes_of(self.program)))
         elif path.startswith("/work"):
             body = WORK.encode()
+        elif path.startswith("/reading"):
+            body = self.reading.encode()
+        elif path.startswith("/script-"):
+            body, kind = SCRIPT.replace("NUMBER", path[len("/script-") :]).replace(".js", "").encode(), "text/javascript"
+        elif path.startswith("/picture-"):
+            body, kind = PICTURE, "image/gif"
         elif path.startswith("/loaded"):
             self.loaded.append(time.monotonic())
         elif path.startswith("/page"):
@@ -115,46 +217,54 @@ class Home:
         with open(os.path.join(folder, "settings.ini"), "w", encoding="utf-8") as settings:
             settings.write(f"[General]\nHistoryNothing=true\nBlockingAsked=true\nBlockingOn={'true' if rules else 'false'}\n")
 
-    def run(self, program, argument, done):
-        """Seconds until it is done."""
+    def run(self, program, argument, server, done):
+        """Seconds until it is done, and the seconds of the processor of all processes."""
         environment = {**os.environ, "TESSAVIEW_HOME": self.folder}
         start = time.monotonic()
         process = subprocess.Popen([program, argument], env=environment, stderr=subprocess.DEVNULL)
+        server.program = process.pid
         try:
             while not done():
                 if time.monotonic() - start > 180:
                     raise SystemExit("the pages do not load")
                 time.sleep(0.01)
-            return time.monotonic() - start
+            return time.monotonic() - start, processor_time([process.pid, *processes_of(process.pid)]) / 1000
         finally:
             process.terminate()
             process.wait()
 
 
-def work(program, home, server):
-    """Milliseconds that a unit of a page's work takes where little else disturbs it: the first quartile."""
-    server.worked.clear()
-    home.run(program, server.address("/work?n=0"), lambda: len(server.worked) >= LOADS)
-    units = sorted(each for page in server.worked[1:] for each in page)
-    return units[len(units) // 4]
+def load(path):
+    """Milliseconds of the renderers' processor time that a load of the page takes. The first one starts the renderer."""
+
+    def measure(program, home, server):
+        server.worked.clear()
+        home.run(program, server.address(path + "?n=0"), server, lambda: len(server.worked) >= LOADS)
+        times = [later - earlier for earlier, later in zip(server.worked, server.worked[1:])]
+        return (statistics.median(times),)
+
+    return measure
 
 
 def open_all(program, home, server):
-    """Seconds from the start until all pages have loaded."""
+    """Seconds from the start until all pages have loaded, and those of the processor."""
     group = os.path.join(home.folder, "pages.tvg")
     with open(group, "w", encoding="utf-8") as file:
         file.write("[TessaGroup]\n" + "".join(f"url{n}={server.address(f'/page{n}')}\n" for n in range(PAGES)))
     server.loaded.clear()
-    return home.run(program, group, lambda: len(server.loaded) >= PAGES)
+    return home.run(program, group, server, lambda: len(server.loaded) >= PAGES)
 
 
-def compare(name, unit, rounds, measure, homes):
+def compare(name, units, rounds, measure, homes):
     times = {on: [] for on in homes}
     for number in range(rounds):
         for on in (True, False) if number % 2 else (False, True):
             times[on].append(measure(homes[on]))
-    on, off = (statistics.median(times[each]) for each in (True, False))
-    print(f"{name}: blocking on {on:.2f} {unit}, off {off:.2f} {unit}, ratio {on / off:.3f}", flush=True)
+    for index, unit in enumerate(units):
+        on, off = ([each[index] for each in times[which]] for which in (True, False))
+        turns = statistics.median(one / other for one, other in zip(on, off))
+        on, off = statistics.median(on), statistics.median(off)
+        print(f"{name}: on {on:.2f}, off {off:.2f} {unit}, ratio {on / off:.3f}, of turns {turns:.3f}", flush=True)
 
 
 def main():
@@ -165,15 +275,17 @@ def main():
     with tempfile.TemporaryDirectory() as one, tempfile.TemporaryDirectory() as other:
         homes = {True: Home(one, rules + RULE), False: Home(other, "")}
         for on, home in homes.items():
-            work(program, home, server)
+            load("/work")(program, home, server)
         before = server.stopped
         open_all(program, homes[True], server)
         if server.stopped != before:
             raise SystemExit(f"{server.stopped - before} requests were made that rules stop")
-        load = os.getloadavg()[0]
-        compare("page work", "ms", rounds, lambda home: work(program, home, server), homes)
-        compare(f"{PAGES} pages", "s", rounds, lambda home: open_all(program, home, server), homes)
-        print(f"load of the machine: {load:.1f} before, {os.getloadavg()[0]:.1f} after")
+        busy = os.getloadavg()[0]
+        for name, path in (("a page that is read", "/reading"), ("nothing but elements", "/work")):
+            compare(name, ("ms of renderers",), rounds, lambda home, path=path: load(path)(program, home, server), homes)
+        units = ("s until all have loaded", "s of the processor")
+        compare(f"{PAGES} pages", units, rounds, lambda home: open_all(program, home, server), homes)
+        print(f"load of the machine: {busy:.1f} before, {os.getloadavg()[0]:.1f} after")
 
 
 if __name__ == "__main__":

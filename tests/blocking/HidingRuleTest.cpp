@@ -1,5 +1,6 @@
 // Tests: HidingRule, HidingRules, HidingCompiler, HidingFilter
 #include "blocking/RuleCompiler.h"
+#include "blocking/hiding/HidingCompiler.h"
 #include "blocking/hiding/HidingFilter.h"
 #include "blocking/hiding/HidingRules.h"
 #include "blocking/libraries/SiteDomain.h"
@@ -45,6 +46,7 @@ TEST(HidingRule, ExceptionsShowAgain) {
     EXPECT_EQ(Hidden(list, "b.example"), ".c | p ");
     EXPECT_EQ(Hidden(list, "x.b.example"), "| p ");
     EXPECT_EQ(Hidden(list, "c.example"), "| ");
+    EXPECT_EQ(Hidden("##p[id^=\"ad-frame\"]\na.example#@#p[id^=\"ad-frame\"]\n", "a.example", {"id^ad-frame"}), "| ");
 }
 
 TEST(HidingRule, WhatAStyleSheetCannotDoIsNoRule) {
@@ -74,6 +76,52 @@ TEST(HidingRule, KeysAreWhatTheSelectedMustHave) {
     for (const auto& [selector, key] : cases) EXPECT_EQ(KeyOfSelector(selector), key) << selector;
 }
 
+TEST(HidingRule, KeysAreHowAttributesBeginOrWhatTheyHold) {
+    const std::vector<std::pair<const char*, const char*>> cases{
+        {"a[href^=\"http://ads.example/path/and/more\"]", "href^http://ads.example/p"},
+        {"a[href^='http://ab']", "href^http://a"},
+        {"a[href=\"/ads\"]", "href^/ads"},
+        {"[id^=\"ad-frame-1\"] > p", "id^ad-frame"},
+        {"div[class*=\"-advert-\"]", "class*-advert-"},
+        {"div[class$=\"-advert\"]", "class*-advert"},
+        {"div[class*=\"-advert-\"].b", ".b"},
+        {"x > a[href*=\"?ad=1\"]", "href*?ad=1"},
+        // What is shorter, or means something else than it says, or stands elsewhere.
+        {"[id^=\"ads\"]", ""},
+        {"[id*=\"ads\"]", ""},
+        {"[href^=\"http://ads.\"]", ""},
+        {"link[href^=\"http://ads.\"]", ""},
+        {"a[href^=\"HTTP\" i]", ""},
+        {"a[href^=http]", ""},
+        {"a[href^=\" http://ads.\"]", ""},
+        {"a[href^=\"http\\:\"]", ""},
+        {"[class~=\"advert\"]", ""},
+        {"[class|=\"advert\"]", ""},
+        {"[class]", ""},
+        {"[=\"advert\"]", ""},
+        {"[id=\"", ""},
+        {"[id=", ""},
+        {"p:not([id^=\"advert\"])", ""},
+        {"[onclick^=\"advert\"]", ""},
+        {"[id^=\"\xC3\xA4\xC3\xA4\xC3\xA4\"]", ""}};
+    for (const auto& [selector, key] : cases) EXPECT_EQ(KeyOfSelector(selector), key) << selector;
+    EXPECT_TRUE(IsPartKey("id*advert"));
+    for (const char* each : {".a", "#a", "id^adve", "href^/a*b", "."}) EXPECT_FALSE(IsPartKey(each)) << each;
+}
+
+TEST(HidingRule, PagesAreAskedAboutSomePartsAndAlwaysHideTheOthers) {
+    std::string list;
+    for (std::size_t each = 0; each < HidingCompiler::kMostParts + 5; ++each)
+        list += "##p[id*=\"part-" + std::to_string(each) + "-\"]\n##b[id*=\"part-" + std::to_string(each) + "-\"]\n";
+    RuleCompiler compiler;
+    compiler.AddList(list);
+    const HidingRules rules(*RuleImage::Read(compiler.Image(1), 1));
+    EXPECT_EQ(rules.Parts().size(), HidingCompiler::kMostParts);
+    EXPECT_EQ(rules.Parts().front(), "id*part-0-");
+    EXPECT_EQ(rules.Always({}).size(), 10U);
+    EXPECT_EQ(rules.ForKeys({"id*part-0-"}, {}).size(), 2U);
+}
+
 TEST(HidingRule, ASheetHidesEachBySelf) {
     EXPECT_EQ(HidingSheet({".a", "", "p"}), ".a{display:none!important}\np{display:none!important}\n");
 }
@@ -86,6 +134,11 @@ TEST(HidingRule, TheFilterForgetsNothing) {
         EXPECT_TRUE(filter.MayHold(each * 2654435761U));
         others += filter.MayHold(each * 2654435761U + 12345) ? 1 : 0;
     }
+    EXPECT_LT(others, 50);
+    // Names that share the end of their numbers do not stand for each other.
+    others = 0;
+    for (std::uint32_t each = 0; each < 1000; ++each)
+        others += filter.MayHold(each * 2654435761U ^ 0x55500000U) ? 1 : 0;
     EXPECT_LT(others, 50);
     EXPECT_EQ(filter.Bytes().size() & (filter.Bytes().size() - 1), 0U);
 }

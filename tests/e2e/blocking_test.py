@@ -12,7 +12,7 @@ import desk
 PROGRAM = desk.program_file()
 # Of one green point, large on the page.
 PICTURE = bytes.fromhex("47494638396101000100800000 00ff00 000000 2c00000000010001000002024401003b".replace(" ", ""))
-PAGE = """<!doctype html><title>Garden</title><style>body {{ margin: 0 }} #sponsor, #plain {{ width: 300px; height: 60px; margin: 0; background: #dde }}</style>
+PAGE = """<!doctype html><title>Garden</title><style>body, p {{ margin: 0 }} #plain {{ height: 75vh; background: #dde }} #sponsor {{ height: 60px }}</style>
 <p id="plain" class="plain">Roses</p><div id="sponsor" class="sponsor-box">Buy a rake</div>
 <script>
 function tell() {{
@@ -158,10 +158,11 @@ class Blocking(unittest.TestCase):
         program.wait_menu(lambda: desk.press_node(program.find("push button", "1 blocked")))
         desk.xdotool("key", "h")
         desk.wait_until(lambda: "Click on what" in (program.status() or ""), what="nobody asks for a click")
-        # Right below the strip begins the page.
-        strip = program.find("page tab list", "Tabs").queryComponent().getExtents(desk.pyatspi.DESKTOP_COORDS)
-        desk.xdotool("mousemove", str(strip.x + 60), str(strip.y + strip.height + 20))
-        desk.xdotool("mousemove", str(strip.x + 80), str(strip.y + strip.height + 30))
+        # The words fill most of the page, whatever the scale.
+        told = desk.xdotool("getwindowgeometry", "--shell", program.window_id())
+        place = {name: int(value) for name, value in (line.split("=") for line in told.splitlines())}
+        for step in (0, 10):
+            desk.move_pointer(place["X"] + place["WIDTH"] // 2 + step, place["Y"] + place["HEIGHT"] // 2)
         # The page is not told of the pointer before its script runs.
         for _ in range(20):
             desk.xdotool("click", "1")

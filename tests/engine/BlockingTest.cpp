@@ -1,62 +1,13 @@
-// Tests: Blocker, BlockedPages, ElementHiding, EmptyAnswers, ListUpdates
+// Tests: Blocker, BlockedPages, EmptyAnswers, ListUpdates
 #include "base/os/AtomicFile.h"
-#include "qt/blocking/BlockedPages.h"
-#include "qt/blocking/ElementHiding.h"
-#include "qt/blocking/EmptyAnswers.h"
 #include "qt/blocking/ListUpdates.h"
-#include "qt/engine/PageView.h"
-#include "qt/engine/Requests.h"
-#include "qt/page/WebPage.h"
-#include "tests/engine/EngineDesk.h"
-#include "tests/fakes/FakeSettings.h"
-#include "tests/fakes/TemporaryFolder.h"
+#include "tests/engine/BlockingView.h"
 
 #include <QSslConfiguration>
-#include <QWebEngineProfile>
-#include <algorithm>
 
 namespace tessa::qt {
 
 namespace {
-
-/// A view on whose pages these rules count, as the user's own.
-struct BlockingView {
-    explicit BlockingView(const char* rules, std::vector<Text> lists = {}) {
-        EXPECT_EQ(blocker.Shelf().KeepOwnRules(FromBytes(rules)), Outcome::Done);
-        BlockingSettings(settings).Set({.on = true, .lists = std::move(lists), .listsChosen = true});
-        for (auto* made : {&view.engine.Profiles().Made, &view.engine.Profiles().PrivateMade}) {
-            made->ConnectForLife([this](QWebEngineProfile& profile) {
-                profile.setUrlRequestInterceptor(&requests);
-                hiding.Follow(profile);
-                empty.Follow(profile);
-            });
-        }
-        view.engine.Profiles().PageMade.ConnectForLife([this](WebPage& page) { pages.Follow(page); });
-        view.engine.Windows().HoldAgainst(pages);
-        blocker.Apply();
-        EXPECT_TRUE(WaitUntil([this] { return blocker.Rules() != nullptr; }));
-    }
-    [[nodiscard]] QWebEnginePage* Page() const { return view.Real().Page(); }
-    [[nodiscard]] int Count() const { return pages.Count(Page()); }
-    /// Whether what was stopped on the page has that path.
-    [[nodiscard]] bool Counts(const QString& path) const {
-        return std::ranges::any_of(pages.On(Page()),
-                                   [&](const BlockedRequest& each) { return each.address.path() == path; });
-    }
-    /// Waits until the page has that title.
-    bool WaitTitle(const QString& title) {
-        return WaitUntil([&] { return Page() && Page()->title() == title; });
-    }
-
-    FakeSettings settings;
-    TemporaryFolder folder;
-    Blocker blocker{settings, QString::fromStdString(folder.Path("blocking"))};
-    BlockedPages pages{blocker};
-    ElementHiding hiding{blocker};
-    EmptyAnswers empty;
-    Requests requests{[] { return ServiceTemplates(); }, &pages};
-    EngineView view;
-};
 
 struct KindCase {
     const char *name, *option, *script; ///< the script asks for the address in `url`
@@ -264,28 +215,6 @@ TEST(Blocking, WhereRulesSayAnEmptyAnswerIsGivenInstead) {
     EXPECT_EQ(server.requests.filter(QStringLiteral(".")).join(u' ').toStdString(), "");
 }
 
-constexpr auto kHidingPage =
-    "<title>page</title><body><div class=ad id=one>a</div><p class=words id=two>w</p><div id=box>b</div>"
-    "<a href='http://ads.example/x' id=three>c</a>";
-const QString kSeen =
-    QStringLiteral("['one', 'two', 'box', 'three', 'late'].filter(id => { const e = document.getElementById(id); "
-                   "return e && getComputedStyle(e).display !== 'none' }).join(' ')");
-
-TEST(Blocking, ElementsAreHiddenBeforeThePageCanLook) {
-    LocalServer server;
-    // What is there when the page's own script runs for the first time is hidden already.
-    server.Page(QStringLiteral("/page"),
-                QByteArray(kHidingPage) +
-                    "<script>seen = getComputedStyle(document.getElementById('one')).display</script>");
-    BlockingView desk("##.ad\n127.0.0.1###box\nother.example##.words\n##a[href^=\"http://ads.\"]\n");
-    desk.view.Load(server.Address(QStringLiteral("/page")));
-    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "two");
-    EXPECT_EQ(desk.view.Script(QStringLiteral("seen")).toStdString(), "none");
-    desk.view.Script(
-        QStringLiteral("document.body.insertAdjacentHTML('beforeend', '<div><b class=\"x ad\" id=late>l</b></div>')"));
-    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(kSeen) == u"two"; }));
-}
-
 TEST(Blocking, OffOnASiteNothingIsBlockedOrHidden) {
     LocalServer server;
     server.Page(QStringLiteral("/page"), QByteArray(kHidingPage) + "<img src=/ad.gif>");
@@ -293,11 +222,11 @@ TEST(Blocking, OffOnASiteNothingIsBlockedOrHidden) {
     desk.blocker.SwitchOn(QUrl(server.Address(QStringLiteral("/page"))), false);
     desk.view.Load(server.Address(QStringLiteral("/page")));
     EXPECT_TRUE(WaitUntil([&] { return server.requests.contains(QStringLiteral("/ad.gif")); }));
-    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "one two box three");
+    ExpectSeen(desk, "one two box three");
     desk.blocker.SwitchOn(QUrl(server.Address(QStringLiteral("/page"))), true);
     desk.view.Load(server.Address(QStringLiteral("/page")));
     EXPECT_EQ(server.requests.count(QStringLiteral("/ad.gif")), 1);
-    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "two three");
+    ExpectSeen(desk, "two three");
 }
 
 TEST(Blocking, ExceptionsOfPagesCount) {
@@ -305,7 +234,7 @@ TEST(Blocking, ExceptionsOfPagesCount) {
     server.Page(QStringLiteral("/page"), kHidingPage);
     BlockingView desk("##.ad\n127.0.0.1###box\n@@||127.0.0.1^$generichide\n");
     desk.view.Load(server.Address(QStringLiteral("/page")));
-    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "one two three");
+    ExpectSeen(desk, "one two three");
 }
 
 TEST(Blocking, PrivatePagesAreBlockedToo) {
@@ -315,7 +244,7 @@ TEST(Blocking, PrivatePagesAreBlockedToo) {
     desk.view.Replace(Privacy::Private);
     desk.view.Load(server.Address(QStringLiteral("/page")));
     EXPECT_TRUE(WaitUntil([&] { return desk.Count() == 1; }));
-    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "two box three");
+    ExpectSeen(desk, "two box three");
 }
 
 TEST(Blocking, SwitchedOffThereIsNothingOfIt) {
@@ -326,7 +255,7 @@ TEST(Blocking, SwitchedOffThereIsNothingOfIt) {
     desk.blocker.Apply();
     EXPECT_EQ(desk.blocker.Rules(), nullptr);
     desk.view.Load(server.Address(QStringLiteral("/page")));
-    EXPECT_EQ(desk.view.Script(kSeen).toStdString(), "one two box three");
+    ExpectSeen(desk, "one two box three");
 }
 
 /// Takes whatever certificate a server has, while it is there.
@@ -406,6 +335,22 @@ TEST(ListUpdates, WhatIsNoListOrComesByHttpLeavesTheOldOne) {
         EXPECT_EQ(ReadWholeFile(desk.blocker.Shelf().PathOf(address)), "||ads.example^\n");
     }
     EXPECT_TRUE(plain.requests.isEmpty()) << "a list was asked for without TLS";
+}
+
+TEST(ListUpdates, OfAListThatMayBeCutTheLastLineDoesNotCount) {
+    LocalServer server(QStringLiteral("lists.example"));
+    const Text address = FromBytes(server.Address(QStringLiteral("/list")).toStdString());
+    Updating desk({address});
+    const QByteArray list = "||ads.example^\n||b.example^";
+    const std::vector<std::pair<QByteArray, std::string>> answers{
+        {"HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + list, "||ads.example^\n"},
+        {Response("200 OK", {}, list), list.toStdString()},
+    };
+    for (const auto& [answer, kept] : answers) {
+        server.Raw(QStringLiteral("/list"), answer);
+        EXPECT_EQ(desk.Update(), "1 list has changed.");
+        EXPECT_EQ(ReadWholeFile(desk.blocker.Shelf().PathOf(address)), kept);
+    }
 }
 
 } // namespace

@@ -42,7 +42,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const tessa::RuleSet rules(*image);
     const std::string address = bytes.substr(0, bytes.find('\n')), site = "https://a.example/" + address;
     for (const std::string& each : {address, site})
-        if (!rules.VerdictOn(each, rules.PageOf(site), tessa::RequestType::Image).By &&
+        if (each.size() <= tessa::RuleSet::kMostRead &&
+            !rules.VerdictOn(each, rules.PageOf(site), tessa::RequestType::Image).By &&
             !unknown.contains(tessa::RuleTrouble::TooSlow) && AnyPatternFits(bytes, each))
             std::abort();
     const tessa::HidingRules hiding(*image);

@@ -63,11 +63,12 @@ TEST(frmBlocking, KeepsWhatWasChosen) {
         form.txtOwnRules.Value = Text(u"||b.example^\n");
         form.Keep();
     }
-    EXPECT_EQ(BlockingSettings(settings).Get(), (BlockingValues{.on = true,
-                                                                .asked = true,
-                                                                .lists = {u"EasyList", u"/home/a/list.txt"},
-                                                                .offSites = {u"www.b.example", u"c.example"},
-                                                                .listsChosen = true}));
+    EXPECT_EQ(BlockingSettings(settings).Get(),
+              (BlockingValues{.on = true,
+                              .asked = true,
+                              .lists = {u"EasyList", u"EasyList Germany", u"/home/a/list.txt"},
+                              .offSites = {u"www.b.example", u"c.example"},
+                              .listsChosen = true}));
     EXPECT_EQ(outside.rules, u"||b.example^\n");
     const frmBlocking again(settings, &outside, {});
     EXPECT_TRUE(LineOf(again, u"/home/a/list.txt").chkList.Ticked());
@@ -99,7 +100,7 @@ TEST(frmBlocking, MarksRulesThatCannotBeUnderstood) {
     EXPECT_EQ(form.BadLines(), (std::vector<std::size_t>{1, 3, 5, 6}));
     EXPECT_EQ(form.lblOwnRulesBad.Caption(), u"Line 2: The regular expression cannot be used.\n"
                                              u"Line 4: The selector is not valid.\n"
-                                             u"Line 6: The rule would stop everything on every page.\nand 1 more");
+                                             u"Line 6: The rule is about everything on every page.\nand 1 more");
     form.txtOwnRules.Value = Text(u"||a.example^");
     EXPECT_EQ(form.lblOwnRulesBad.Caption(), u"");
 }
