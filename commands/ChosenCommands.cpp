@@ -73,7 +73,7 @@ void AddAllOf(CommandContext& context, const Indexes& indexes) {
                                               .InitDir = context.groupFolder,
                                               .Filter = Text(TessaGroups::kFileFilter)});
     if (file.empty()) return;
-    context.groups.AddAllToTessaGroup(AddressesOf(context, indexes), file);
+    context.groups.AddTabsToTessaGroup(indexes, file);
     context.groupsMenuStale = true;
 }
 
