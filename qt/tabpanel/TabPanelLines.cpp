@@ -38,10 +38,10 @@ struct PanelInk {
     QColor base, accent, ground, text, quiet;
 };
 
-constexpr int kStep = 12;
-
 // A tab of a group stands a step further in than the group.
-QRect LineOf(const QRect& whole, const Tab& tab) { return tab.Group() ? whole.adjusted(kStep, 0, 0, 0) : whole; }
+QRect LineOf(const QRect& whole, const Tab& tab) {
+    return tab.Group() ? whole.adjusted(TabPanelLines::kStep, 0, 0, 0) : whole;
+}
 
 QRect IconPlace(const QRect& line) {
     return {line.left() + kLeft, line.top() + (line.height() - kIcon) / 2, kIcon, kIcon};
