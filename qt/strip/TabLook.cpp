@@ -144,6 +144,11 @@ void TabLook::PaintHead(QPainter& painter, const TabHeadFace& face) const {
     const QRect box = face.place.adjusted(margin, kHeadMargin, -margin, -kHeadMargin);
     painter.drawRoundedRect(box, face.name.isEmpty() ? 1.5 : kCorner, face.name.isEmpty() ? 1.5 : kCorner);
     if (!face.name.isEmpty()) PaintHeadWords(painter, face, box, InkOn(ground));
+    if (face.aimed) {
+        painter.setPen(QPen(m_text, 1.5));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(face.place).adjusted(1, 1, -1, -1), kCorner, kCorner);
+    }
     painter.restore();
 }
 

@@ -19,7 +19,7 @@ constexpr std::chrono::milliseconds kFacesDelay{100};
 } // namespace
 
 TabStripView::TabStripView(TabStrip& strip, const TabFaces& faces, QWidget* parent)
-    : QWidget(parent), m_strip(strip), m_source(faces) {
+    : QWidget(parent), m_strip(strip), m_source(faces), m_drag(strip) {
     setObjectName(QStringLiteral("pcPage"));
     setAccessibleName(QStringLiteral("Tabs"));
     setFocusPolicy(Qt::TabFocus);
@@ -153,7 +153,15 @@ TabHeadFace TabStripView::HeadFace(const TabRowItem& head) const {
     face.count = group->Count();
     face.loading = group->Loading();
     face.hovered = m_hover.part == Part::Head && m_hover.position == head.Position;
+    face.aimed = m_aim == head.Position;
     return face;
+}
+
+// While a tab is dragged, that of the group in which it would be.
+TabColour TabStripView::ColourOf(const Tab& tab) const {
+    if (!m_joinShown || !m_drag.Holds(tab)) return tab.Colour();
+    const auto* joined = m_strip.FindGroup(m_joins);
+    return joined ? joined->Colour() : TabColour::None;
 }
 
 TabStripView::Face TabStripView::FaceOf(const TabRowItem& item) const {
@@ -173,7 +181,7 @@ TabStripView::Face TabStripView::FaceOf(const TabRowItem& item) const {
             .asks = tab->Asks(),
             .sound = tab->Sound(),
             .news = tab->News(),
-            .colour = tab->Colour(),
+            .colour = ColourOf(*tab),
             .pane = m_source.PaneOf(*tab),
             .chosen = tab->Chosen()};
 }
@@ -198,7 +206,7 @@ TabFace TabStripView::PaintedFace(const TabRowItem& item) const {
     if (!face.busy) face.icon = m_source.IconOf(*tab);
     face.sound = tab->Sound();
     face.news = tab->News();
-    face.colour = tab->Colour();
+    face.colour = ColourOf(*tab);
     face.soundHovered = position == m_hover.position && m_hover.part == Part::Sound;
     face.selected = position == m_selected;
     face.chosen = tab->Chosen();

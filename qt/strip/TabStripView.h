@@ -5,6 +5,7 @@
 #include "qt/strip/TabFaces.h"
 #include "qt/strip/TabLook.h"
 #include "qt/strip/TabRow.h"
+#include "tabs/TabDrag.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -28,7 +29,7 @@ public:
 
     /// A tab was clicked with Ctrl or Shift held: it is to be chosen with others, and not brought to the front.
     Signal<void(Tab&, Qt::KeyboardModifiers held)> ChooseRequested;
-    /// A tab is about to be clicked with the pointer, without such a key.
+    /// A tab is about to be clicked with the pointer, without such a key; one that is chosen with others has been.
     Signal<void()> PlainClick;
     /// The tab's close button was pressed.
     Signal<void(Tab&)> CloseRequested;
@@ -41,10 +42,15 @@ public:
     /// Data is dragged over a point, with or without text; text was dropped.
     Signal<void(bool hasText, QPointF)> DragOver;
     Signal<void(const Text&)> Drop;
-    /// A tab is dragged out of the row, to that point of the screen; it comes back into the row; it is let go outside.
-    Signal<void(const Tab&, QPoint)> DraggedOut;
-    Signal<void(Tab&)> DraggedBack;
-    Signal<void(Tab&, QPoint)> DroppedOut;
+    /// The indexes of views, that of the tab which the pointer holds first.
+    using Views = std::vector<std::int32_t>;
+    /// Tabs are dragged out of the row, to that point of the screen; they come back into the row; they are let go
+    /// outside.
+    Signal<void(const Views&, QPoint)> DraggedOut;
+    Signal<void(const Views&)> DraggedBack;
+    Signal<void(const Views&, QPoint)> DroppedOut;
+    /// Tabs were let go in the row, and are to be of that group from now on; of none for 0.
+    Signal<void(const Views&, std::int32_t group)> Regrouped;
     /// The right button went down on the head of a group.
     Signal<void(const TabGroup&)> GroupMenuRequested;
     /// The button for a new tab, or a double click on the empty part of the row.
@@ -143,6 +149,7 @@ private:
     [[nodiscard]] const TabGroup* GroupAt(std::size_t position) const;
     void NoteFirstTabs();
     [[nodiscard]] bool BeginsGroup(std::size_t position) const;
+    [[nodiscard]] TabColour ColourOf(const Tab& tab) const;
     [[nodiscard]] Face FaceOf(const TabRowItem& item) const;
     void RememberFaces();
     void RememberPainted(std::size_t item, const QRegion& painted);
@@ -160,9 +167,14 @@ private:
     [[nodiscard]] QRect HeadAt(std::size_t position) const;
     void PressRight(QPoint point);
     void CloseByMiddleButton(QPoint point);
-    void DragTab(QPoint point);
-    bool DragOut(Tab& tab, QPoint point);
+    void Drag(QPoint point);
+    bool BeginDrag(QPoint point);
+    bool DragOut(QPoint point);
+    void DragAlong(int x);
+    void ShowJoining(int x, const TabRowItem* under);
     void EndDrag(QPoint point);
+    void DropInRow();
+    [[nodiscard]] QRect SpanPlace(TabDrag::Span span) const;
     void OfferDrag(QDropEvent& event);
 
     TabStrip& m_strip;
@@ -178,9 +190,14 @@ private:
     std::optional<Text> m_closing;         ///< key of the tab whose close button is held down
     std::optional<std::int32_t> m_folding; ///< the group whose head is held down
     std::optional<Text> m_dragged;         ///< key of the tab that the left button holds
+    bool m_endsChoice = false;             ///< when the button goes up
+    TabDrag m_drag;                        ///< holds nothing before the pointer has moved
     QPoint m_dragStart;
     bool m_dragging = false;
     bool m_draggedOut = false; ///< and the pointer is outside the row
+    std::size_t m_aim = 0;     ///< the position of the head that the pointer is over; 0 for none
+    std::int32_t m_joins = 0;  ///< the group that the dragged tabs would be of
+    bool m_joinShown = false;  ///< and their colour says so
     Pixels m_rowHeight{22};
     int m_wheel = 0; ///< what of the wheel's turning has not moved a tab yet
     Connections m_connections;

@@ -69,33 +69,85 @@ void TabStripView::CloseByMiddleButton(QPoint point) {
     if (tab) CloseRequested(*tab);
 }
 
-// The tab follows the pointer from place to place. All tabs are of one width, so none jumps to and fro.
-void TabStripView::DragTab(QPoint point) {
-    if (!m_dragging && (point - m_dragStart).manhattanLength() < QApplication::startDragDistance()) return;
-    m_dragging = true;
-    Tab* tab = m_strip.Find(*m_dragged);
-    if (!tab) return m_dragged.reset();
-    if (DragOut(*tab, point)) return;
-    const std::size_t position = m_row.PositionAt({point.x(), m_row.TabPlace(m_strip.PositionOf(tab)).center().y()});
-    if (position == 0 || position == m_strip.PositionOf(tab)) return;
-    m_strip.Move(tab, position);
-    Settle();
+void TabStripView::Drag(QPoint point) {
+    if (!m_dragging && !BeginDrag(point)) return;
+    if (!m_drag.Any() || DragOut(point)) return;
+    DragAlong(point.x());
+}
+
+bool TabStripView::BeginDrag(QPoint point) {
+    if ((point - m_dragStart).manhattanLength() < QApplication::startDragDistance()) return false;
+    const Tab* tab = m_strip.Find(*m_dragged);
+    if (!tab) return m_dragged.reset(), false;
+    std::exchange(m_folding, std::nullopt) ? m_drag.TakeGroup(*tab) : m_drag.Take(*tab);
+    return m_dragging = true;
 }
 
 // A hand that moves along the row does not keep to it: outside begins half a row beyond.
-bool TabStripView::DragOut(Tab& tab, QPoint point) {
+bool TabStripView::DragOut(QPoint point) {
     const bool outside = point.y() < -height() / 2 || point.y() >= height() + height() / 2;
     const bool was = std::exchange(m_draggedOut, outside);
-    if (outside) DraggedOut(tab, mapToGlobal(point));
-    if (was && !outside) DraggedBack(tab);
+    if (outside) ShowJoining(-1, nullptr);
+    if (outside) DraggedOut(m_drag.Indexes(), mapToGlobal(point));
+    if (was && !outside) DraggedBack(m_drag.Indexes());
     return outside;
 }
 
+QRect TabStripView::SpanPlace(TabDrag::Span span) const {
+    QRect place;
+    for (std::size_t item = 0; item < m_row.Items().size(); ++item) {
+        const std::size_t position = m_row.Items()[item].Position;
+        if (position >= span.First && position <= span.Last) place |= m_row.ItemPlace(item);
+    }
+    return place;
+}
+
+// What is dragged follows the pointer from place to place. Single tabs are of one width, so none jumps to and fro;
+// other things change places when the pointer is past the middle, from where it does not lead back.
+void TabStripView::DragAlong(int x) {
+    const TabRowItem* item = m_row.ItemAt({x, height() / 2});
+    const Tab* under = item ? m_strip.FindAt(item->Position) : nullptr;
+    const bool head = item && item->What == TabRowItem::Kind::Head;
+    if (under && !m_drag.Holds(*under) && (!head || m_drag.IsGroup())) {
+        const TabDrag::Span span = m_drag.At(item->Position);
+        const bool single = !m_drag.IsGroup() && !m_drag.HoldsSeveral();
+        const bool isRight = span.First > m_drag.Position(), pastMiddle = x > SpanPlace(span).center().x();
+        if (single || isRight == pastMiddle) m_drag.StepOver(span);
+        Settle();
+        item = m_row.ItemAt({x, height() / 2});
+    }
+    ShowJoining(x, item);
+}
+
+// Which group the tabs would come to is seen before they are let go.
+void TabStripView::ShowJoining(int x, const TabRowItem* under) {
+    const bool head = under && under->What == TabRowItem::Kind::Head;
+    const std::size_t aim = head && m_drag.MayJoin(GroupAt(under->Position)) ? under->Position : 0;
+    const bool shown = x >= 0 && !m_drag.IsGroup() && (aim != 0 || m_drag.Moved());
+    const TabGroup* group = !shown     ? nullptr
+                            : aim != 0 ? GroupAt(aim)
+                                       : m_drag.GroupHere(x <= SpanPlace(m_drag.Held()).center().x());
+    const std::int32_t joins = group ? group->Id() : 0;
+    if (aim == m_aim && joins == m_joins && shown == m_joinShown) return;
+    m_aim = aim;
+    m_joins = joins;
+    m_joinShown = shown;
+    update();
+}
+
 void TabStripView::EndDrag(QPoint point) {
-    const std::optional<Text> dragged = std::exchange(m_dragged, std::nullopt);
-    m_dragging = false;
-    if (!std::exchange(m_draggedOut, false) || !dragged) return;
-    if (Tab* tab = m_strip.Find(*dragged)) DroppedOut(*tab, mapToGlobal(point));
+    m_dragged.reset();
+    const bool out = std::exchange(m_draggedOut, false);
+    if (!std::exchange(m_dragging, false)) return;
+    if (out && m_drag.Any()) DroppedOut(m_drag.Indexes(), mapToGlobal(point));
+    if (!out && m_joinShown && m_drag.Any()) DropInRow();
+    ShowJoining(-1, nullptr);
+    m_drag.LetGo();
+}
+
+void TabStripView::DropInRow() {
+    if (m_aim != 0) m_drag.PutBefore(m_aim);
+    Regrouped(m_drag.Indexes(), m_joins);
 }
 
 void TabStripView::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -212,6 +212,12 @@ bool TileArea::Drop(std::int32_t index, QPoint at) {
     return aim && m_tiles->Drop(index, aim->at, aim->edge);
 }
 
+bool TileArea::Drop(const std::vector<std::int32_t>& indexes, QPoint at) {
+    if (indexes.empty() || !Drop(indexes.front(), at)) return false;
+    for (auto index = indexes.rbegin(); index + 1 != indexes.rend(); ++index) m_tiles->ShowBeside(*index);
+    return true;
+}
+
 bool TileArea::event(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
         m_stale = true;

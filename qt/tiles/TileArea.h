@@ -42,6 +42,8 @@ public:
     void ShowDrop(std::int32_t index, QPoint at);
     /// It is let go there. False when it would come nowhere.
     bool Drop(std::int32_t index, QPoint at);
+    /// Several: the first one comes there, and the others beside it.
+    bool Drop(const std::vector<std::int32_t>& indexes, QPoint at);
     void HideDrop() { m_dropZone.hide(); }
     /// Lets the arrow keys move the dividers at the pane in focus, until its page gets the keyboard again.
     void MoveDividers();
