@@ -122,7 +122,7 @@ TEST_F(GroupSaveBack, OfSeveralThatAreOpenTheOneInFrontIsJoinedElseTheLast) {
     desk.PageLoads(6, u"http://six/", u"Six");
     desk.ClickTab(2);
     desk.main.Groups().AddTabsToTessaGroup({6}, groups.PathText("News.tvg"));
-    EXPECT_EQ(desk.Units(), "News!([2*] 3 6) News!(4 5 1)");
+    EXPECT_EQ(desk.Units(), "News!(2 [3*] 6) News!(4 5 1)");
 }
 
 TEST_F(GroupSaveBack, AFileThatHasGoneIsMadeAgain) {

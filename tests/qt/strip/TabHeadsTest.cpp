@@ -367,6 +367,20 @@ TEST_F(TabHeadsTest, TheRowScrollsWithHeadsAndPins) {
     EXPECT_TRUE(widget.rect().contains(Place(2)));
 }
 
+TEST_F(TabHeadsTest, TheHeadIsSeenWithTheFirstTabOfItsGroup) {
+    for (int i = 0; i < 50; ++i) Add();
+    strip.Select(strip.Find(u"Tab50"));
+    ASSERT_LT(Head().left(), 0);
+    strip.Select(strip.Find(u"Tab3"));
+    EXPECT_LT(Head().left(), 0) << "not with any other";
+    strip.Select(strip.Find(u"Tab2"));
+    EXPECT_EQ(Head().left(), 0);
+    widget.resize(Place(2).width() + 100, widget.height());
+    strip.Select(strip.Find(u"Tab50"));
+    strip.Select(strip.Find(u"Tab2"));
+    EXPECT_EQ(Place(2).left(), 0) << "there is no room for both";
+}
+
 TEST_F(TabHeadsTest, TwoHundredGroupsAndAThousandTabsInOneAreShown) {
     for (int i = 0; i < 1000; ++i) strip.SetGroup(Add(), group);
     for (int i = 0; i < 200; ++i) strip.NewGroup(Add(), u"g" + Decimal(i), TabColour::Blue);

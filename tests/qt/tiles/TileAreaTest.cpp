@@ -6,8 +6,13 @@
 #include "tiles/TileText.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QLineEdit>
+#include <QProcess>
+#include <QScreen>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace tessa::qt {
@@ -318,6 +323,92 @@ TEST_F(TileAreaTest, PaintsWithAndWithoutHeadersInAnyColours) {
     const QImage frame = area.grab().toImage();
     EXPECT_EQ(frame.pixelColor(0, 200), area.palette().color(QPalette::Highlight));
     EXPECT_NE(frame.pixelColor(404, 50), area.palette().color(QPalette::Highlight));
+}
+
+/// Played by a process of its own that has two screens, see below.
+class RoleTwoScreens : public TileAreaTest {
+protected:
+    /// Where the window stands on the desktop, by its left upper corner. The screen is that under its middle.
+    void MoveTo(const QScreen& screen, QPoint corner) {
+        window.windowHandle()->setScreen(const_cast<QScreen*>(&screen));
+        window.setGeometry(QRect(corner, QSize(405, 405)));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window.devicePixelRatio() == screen.devicePixelRatio(); }));
+        ASSERT_EQ(window.size(), QSize(405, 405));
+        Lay();
+    }
+    /// All that lies in the window, and where each corner and edge of it would have a tab dropped.
+    [[nodiscard]] std::string Places() {
+        std::string all;
+        const auto add = [&all](const QRect& place) {
+            all += std::to_string(place.x()) + "," + std::to_string(place.y()) + " " + std::to_string(place.width()) +
+                   "x" + std::to_string(place.height()) + "; ";
+        };
+        for (const auto& [index, page] : pages) add(page->geometry());
+        for (const auto* each : area.findChildren<TileHeader*>()) add(each->geometry());
+        for (const int x : {3, 100, 197, 208, 300, 402}) {
+            for (const int y : {3, 100, 197, 208, 300, 402}) {
+                area.ShowDrop(4, window.mapToGlobal(QPoint(x, y)));
+                add(DropZone()->isVisible() ? DropZone()->geometry() : QRect());
+            }
+        }
+        area.HideDrop();
+        return all;
+    }
+};
+
+TEST_F(RoleTwoScreens, AllLiesAndIsDroppedAlikeOnBothAndAcross) {
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    ASSERT_EQ(screens.size(), 2);
+    ASSERT_NE(screens[0]->devicePixelRatio(), screens[1]->devicePixelRatio());
+    Show(u"h(1 v(2 3))");
+    MoveTo(*screens[0], screens[0]->geometry().topLeft() + QPoint(40, 40));
+    const std::string first = Places();
+    const QRect second = screens[1]->geometry();
+    // In the middle of the other screen, and with its left or its right half beside it.
+    for (const int x : {second.left() + 40, second.left() - 200, second.right() - 200}) {
+        for (const QScreen* each : screens) {
+            MoveTo(*each, {x, second.top() + 40});
+            EXPECT_EQ(Places(), first) << x << " as a window of " << each->name().toStdString();
+        }
+    }
+    for (const QScreen* each : screens) {
+        MoveTo(*each, each->geometry().topLeft() + QPoint(40, 40));
+        Show(u"h(1 2 3)");
+        DragBy(Header(QStringLiteral("Title 1")), {20, 10}, {350, 385});
+        EXPECT_EQ(Layout(), "h(2 v(3 1))");
+        DragBy(area, {202, 100}, {20, 0});
+        EXPECT_EQ(pages[2]->geometry().width(), 220);
+    }
+}
+
+/// How the two screens are scaled.
+struct Scales {
+    const char *one, *two;
+};
+
+TEST(TileAreaOnTwoScreens, EachScaledInItsWay) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("screens.json"));
+    QFile config(file);
+    ASSERT_TRUE(config.open(QIODevice::WriteOnly));
+    config.write(R"({"screens": [{"name": "one", "x": 0, "y": 0, "width": 1600, "height": 1200},
+                                 {"name": "two", "x": 1600, "y": 0, "width": 1600, "height": 1200}]})");
+    config.close();
+    for (const Scales& each : {Scales{"1", "2"}, {"2", "1"}, {"1.25", "1.5"}}) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("QT_SCALE_FACTOR"));
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen:configfile=%1").arg(file));
+        environment.insert(QStringLiteral("QT_SCREEN_SCALE_FACTORS"),
+                           QStringLiteral("one=%1;two=%2").arg(QLatin1String(each.one), QLatin1String(each.two)));
+        process.setProcessEnvironment(environment);
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--gtest_filter=RoleTwoScreens.*")});
+        ASSERT_TRUE(process.waitForFinished(60'000));
+        const QByteArray said = process.readAll();
+        EXPECT_EQ(process.exitCode(), 0) << said.toStdString();
+        EXPECT_TRUE(said.contains("[  PASSED  ] 1 test")) << said.toStdString();
+    }
 }
 
 } // namespace
