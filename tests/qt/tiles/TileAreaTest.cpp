@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QWindow>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace tessa::qt {
 
@@ -328,13 +329,17 @@ TEST_F(TileAreaTest, PaintsWithAndWithoutHeadersInAnyColours) {
 /// Played by a process of its own that has two screens, see below.
 class RoleTwoScreens : public TileAreaTest {
 protected:
-    /// Where the window stands on the desktop, by its left upper corner. The screen is that under its middle.
-    void MoveTo(const QScreen& screen, QPoint corner) {
-        window.windowHandle()->setScreen(const_cast<QScreen*>(&screen));
-        window.setGeometry(QRect(corner, QSize(405, 405)));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return window.devicePixelRatio() == screen.devicePixelRatio(); }));
-        ASSERT_EQ(window.size(), QSize(405, 405));
+    /// Puts the window there on the desktop. It is scaled as the screen under its middle.
+    void MoveTo(QPoint corner) {
+        const QRect place(corner, QSize(405, 405));
+        window.windowHandle()->setScreen(QGuiApplication::screenAt(place.center()));
+        window.setGeometry(place);
+        const auto scale = [this] { return window.screen()->devicePixelRatio(); };
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window.devicePixelRatio() == scale(); }));
+        window.resize(place.size());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() == place.size(); }));
         Lay();
+        scales.insert(scale());
     }
     /// All that lies in the window, and where each corner and edge of it would have a tab dropped.
     [[nodiscard]] std::string Places() {
@@ -354,6 +359,8 @@ protected:
         area.HideDrop();
         return all;
     }
+
+    std::set<qreal> scales; ///< that the window has had
 };
 
 TEST_F(RoleTwoScreens, AllLiesAndIsDroppedAlikeOnBothAndAcross) {
@@ -361,18 +368,17 @@ TEST_F(RoleTwoScreens, AllLiesAndIsDroppedAlikeOnBothAndAcross) {
     ASSERT_EQ(screens.size(), 2);
     ASSERT_NE(screens[0]->devicePixelRatio(), screens[1]->devicePixelRatio());
     Show(u"h(1 v(2 3))");
-    MoveTo(*screens[0], screens[0]->geometry().topLeft() + QPoint(40, 40));
+    MoveTo(screens[0]->geometry().topLeft() + QPoint(40, 40));
     const std::string first = Places();
     const QRect second = screens[1]->geometry();
-    // In the middle of the other screen, and with its left or its right half beside it.
-    for (const int x : {second.left() + 40, second.left() - 200, second.right() - 200}) {
-        for (const QScreen* each : screens) {
-            MoveTo(*each, {x, second.top() + 40});
-            EXPECT_EQ(Places(), first) << x << " as a window of " << each->name().toStdString();
-        }
+    // On the other screen, and with its left or its right half beside it.
+    for (const int x : {second.left() + 40, second.left() - 240, second.left() - 160, second.right() - 200}) {
+        MoveTo({x, second.top() + 40});
+        EXPECT_EQ(Places(), first) << x;
     }
+    EXPECT_EQ(scales.size(), 2U) << "it was on both";
     for (const QScreen* each : screens) {
-        MoveTo(*each, each->geometry().topLeft() + QPoint(40, 40));
+        MoveTo(each->geometry().topLeft() + QPoint(40, 40));
         Show(u"h(1 2 3)");
         DragBy(Header(QStringLiteral("Title 1")), {20, 10}, {350, 385});
         EXPECT_EQ(Layout(), "h(2 v(3 1))");
