@@ -120,17 +120,23 @@ bool TabDrag::MayJoin(const TabGroup* group) const {
     return group && taken && !m_isGroup && !taken->Pinned();
 }
 
+bool TabDrag::BeforeGroup() const {
+    const Span held = Held();
+    const TabGroup* right = GroupAt(held.Last + 1);
+    return right && right != GroupAt(held.First - 1);
+}
+
 // Behind the name of a folded group stands nothing that could be meant.
-const TabGroup* TabDrag::GroupHere(bool nearLeft) const {
+const TabGroup* TabDrag::GroupHere(Means means) const {
     const Span held = Held();
     const TabGroup *own = OwnGroup(), *left = GroupAt(held.First - 1), *right = GroupAt(held.Last + 1);
     if (m_isGroup || held.First == 0) return own;
-    const Tab& taken = *m_pcPage.FindAt(held.First);
-    if (taken.Pinned()) return nullptr;
-    if (left && left == right && (left == own || !left->Folded())) return left;
-    if (own && (own == right || own->Count() == Tabs().size())) return own;
-    const bool joins = left && nearLeft && (left == own || !left->Folded());
-    return joins ? left : nullptr;
+    if (m_pcPage.FindAt(held.First)->Pinned()) return nullptr;
+    const bool mayLeft = left && (left == own || !left->Folded());
+    if (mayLeft && left == right) return left;
+    if (means.Behind && BeforeGroup()) return right;
+    if (own && own->Count() == Tabs().size()) return own;
+    return mayLeft && means.NearLeft ? left : nullptr;
 }
 
 } // namespace tessa

@@ -43,10 +43,17 @@ public:
     /// Whether they have been moved at all.
     [[nodiscard]] bool Moved() const { return m_moved; }
 
+    /// What the hand means where they stand.
+    struct Means {
+        bool NearLeft = false; ///< the pointer is nearer to the tab at their left
+        bool Behind = false;   ///< they come behind the head of the group at their right, not before it
+    };
     /// The group that they are of when they are let go where they stand; nothing for none. Between the tabs of a group
-    /// they are of that group; behind its last tab when the pointer is nearer to that one. Elsewhere all tabs of a
-    /// group stay one.
-    [[nodiscard]] const TabGroup* GroupHere(bool nearLeft) const;
+    /// they are of that group, before its first one or behind its last one as is meant. Elsewhere all tabs of a group
+    /// stay one.
+    [[nodiscard]] const TabGroup* GroupHere(Means means) const;
+    /// Whether they stand before the first tab of a group, or of a part of one.
+    [[nodiscard]] bool BeforeGroup() const;
     /// Whether they can be put into that group.
     [[nodiscard]] bool MayJoin(const TabGroup* group) const;
 

@@ -107,7 +107,7 @@ void TabStripView::Measure() {
 
 const TabGroup* TabStripView::GroupAt(std::size_t position) const {
     const Tab* tab = m_strip.FindAt(position);
-    return tab ? tab->Group() : nullptr;
+    return tab ? GroupOf(*tab) : nullptr;
 }
 
 void TabStripView::NoteFirstTabs() {
@@ -128,13 +128,14 @@ std::vector<TabRowItem> TabStripView::Items() const {
     const QFontMetrics font = fontMetrics();
     for (std::size_t position = 1; position <= m_strip.Count(); ++position) {
         const Tab& tab = *m_strip.FindAt(position);
-        const bool begins = tab.Group() && tab.Group() != GroupAt(position - 1);
-        if (begins && (BeginsGroup(position) || !tab.Group()->Folded())) {
+        const TabGroup* group = GroupOf(tab);
+        const bool begins = group && group != GroupAt(position - 1);
+        if (begins && (BeginsGroup(position) || !group->Folded())) {
             TabRowItem head{TabRowItem::Kind::Head, position, 0};
             head.Width = TabLook::HeadWidth(font, HeadFace(head));
             items.push_back(head);
         }
-        if (!m_strip.IsShown(tab)) continue;
+        if (!m_strip.IsShown(tab) && !(m_joinShown && m_drag.Holds(tab))) continue;
         items.push_back(
             {tab.Pinned() ? TabRowItem::Kind::Pin : TabRowItem::Kind::Tab, position, tab.Pinned() ? kPinWidth : 0});
     }
@@ -153,15 +154,18 @@ TabHeadFace TabStripView::HeadFace(const TabRowItem& head) const {
     face.count = group->Count();
     face.loading = group->Loading();
     face.hovered = m_hover.part == Part::Head && m_hover.position == head.Position;
-    face.aimed = m_aim == head.Position;
+    face.aimed = m_joinShown && group->Id() == m_joins;
     return face;
 }
 
-// While a tab is dragged, that of the group in which it would be.
+// While a tab is dragged, the one in which it would be.
+const TabGroup* TabStripView::GroupOf(const Tab& tab) const {
+    return m_joinShown && m_drag.Holds(tab) ? m_strip.FindGroup(m_joins) : tab.Group();
+}
+
 TabColour TabStripView::ColourOf(const Tab& tab) const {
-    if (!m_joinShown || !m_drag.Holds(tab)) return tab.Colour();
-    const auto* joined = m_strip.FindGroup(m_joins);
-    return joined ? joined->Colour() : TabColour::None;
+    const auto* group = GroupOf(tab);
+    return group ? group->Colour() : TabColour::None;
 }
 
 TabStripView::Face TabStripView::FaceOf(const TabRowItem& item) const {

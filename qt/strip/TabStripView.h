@@ -149,6 +149,7 @@ private:
     [[nodiscard]] const TabGroup* GroupAt(std::size_t position) const;
     void NoteFirstTabs();
     [[nodiscard]] bool BeginsGroup(std::size_t position) const;
+    [[nodiscard]] const TabGroup* GroupOf(const Tab& tab) const;
     [[nodiscard]] TabColour ColourOf(const Tab& tab) const;
     [[nodiscard]] Face FaceOf(const TabRowItem& item) const;
     void RememberFaces();
@@ -171,9 +172,9 @@ private:
     bool BeginDrag(QPoint point);
     bool DragOut(QPoint point);
     void DragAlong(int x);
-    void ShowJoining(int x, const TabRowItem* under);
+    void DragOverHead(int x, const TabRowItem& head);
+    void ShowJoining(std::optional<int> x);
     void EndDrag(QPoint point);
-    void DropInRow();
     [[nodiscard]] QRect SpanPlace(TabDrag::Span span) const;
     void OfferDrag(QDropEvent& event);
 
@@ -194,10 +195,11 @@ private:
     TabDrag m_drag;                        ///< holds nothing before the pointer has moved
     QPoint m_dragStart;
     bool m_dragging = false;
-    bool m_draggedOut = false; ///< and the pointer is outside the row
-    std::size_t m_aim = 0;     ///< the position of the head that the pointer is over; 0 for none
-    std::int32_t m_joins = 0;  ///< the group that the dragged tabs would be of
-    bool m_joinShown = false;  ///< and their colour says so
+    bool m_draggedOut = false;    ///< and the pointer is outside the row
+    bool m_behindHead = false;    ///< the dragged tabs are meant to come behind the head at their right
+    bool m_wasBehindHead = false; ///< when they were taken hold of
+    std::int32_t m_joins = 0;     ///< the group that the dragged tabs would be of
+    bool m_joinShown = false;     ///< and their colour says so
     Pixels m_rowHeight{22};
     int m_wheel = 0; ///< what of the wheel's turning has not moved a tab yet
     Connections m_connections;

@@ -80,6 +80,7 @@ bool TabStripView::BeginDrag(QPoint point) {
     const Tab* tab = m_strip.Find(*m_dragged);
     if (!tab) return m_dragged.reset(), false;
     std::exchange(m_folding, std::nullopt) ? m_drag.TakeGroup(*tab) : m_drag.Take(*tab);
+    m_behindHead = m_wasBehindHead = tab->Group() && m_drag.BeforeGroup();
     return m_dragging = true;
 }
 
@@ -87,7 +88,7 @@ bool TabStripView::BeginDrag(QPoint point) {
 bool TabStripView::DragOut(QPoint point) {
     const bool outside = point.y() < -height() / 2 || point.y() >= height() + height() / 2;
     const bool was = std::exchange(m_draggedOut, outside);
-    if (outside) ShowJoining(-1, nullptr);
+    if (outside) ShowJoining(std::nullopt);
     if (outside) DraggedOut(m_drag.Indexes(), mapToGlobal(point));
     if (was && !outside) DraggedBack(m_drag.Indexes());
     return outside;
@@ -108,46 +109,58 @@ void TabStripView::DragAlong(int x) {
     const TabRowItem* item = m_row.ItemAt({x, height() / 2});
     const Tab* under = item ? m_strip.FindAt(item->Position) : nullptr;
     const bool head = item && item->What == TabRowItem::Kind::Head;
-    if (under && !m_drag.Holds(*under) && (!head || m_drag.IsGroup())) {
+    if (head && m_drag.MayJoin(GroupAt(item->Position))) {
+        DragOverHead(x, *item);
+    } else if (under && !m_drag.Holds(*under) && (!head || m_drag.IsGroup())) {
         const TabDrag::Span span = m_drag.At(item->Position);
         const bool single = !m_drag.IsGroup() && !m_drag.HoldsSeveral();
         const bool isRight = span.First > m_drag.Position(), pastMiddle = x > SpanPlace(span).center().x();
-        if (single || isRight == pastMiddle) m_drag.StepOver(span);
-        Settle();
-        item = m_row.ItemAt({x, height() / 2});
+        // Who comes from the tabs of a group has not passed its head.
+        if (single || isRight == pastMiddle) {
+            m_behindHead = !isRight;
+            m_drag.StepOver(span);
+        }
     }
-    ShowJoining(x, item);
+    Settle();
+    ShowJoining(x);
 }
 
-// Which group the tabs would come to is seen before they are let go.
-void TabStripView::ShowJoining(int x, const TabRowItem* under) {
-    const bool head = under && under->What == TabRowItem::Kind::Head;
-    const std::size_t aim = head && m_drag.MayJoin(GroupAt(under->Position)) ? under->Position : 0;
-    const bool shown = x >= 0 && !m_drag.IsGroup() && (aim != 0 || m_drag.Moved());
-    const TabGroup* group = !shown     ? nullptr
-                            : aim != 0 ? GroupAt(aim)
-                                       : m_drag.GroupHere(x <= SpanPlace(m_drag.Held()).center().x());
+// Whoever lets go over a head means its group. Once the tabs stand behind it, they leave it at its other end.
+void TabStripView::DragOverHead(int x, const TabRowItem& head) {
+    const Tab* first = m_strip.FindAt(head.Position);
+    const QRect place = m_row.ItemPlace(static_cast<std::size_t>(&head - m_row.Items().data()));
+    if (first && m_drag.Holds(*first)) {
+        m_behindHead = x >= place.left() + place.width() / 4;
+    } else {
+        m_behindHead = true;
+        m_drag.PutBefore(head.Position);
+    }
+}
+
+// Which group the tabs would come to is seen before they are let go: they stand there. Without a point they stand where
+// they belong.
+void TabStripView::ShowJoining(std::optional<int> x) {
+    const bool shown = x && !m_drag.IsGroup() && (m_drag.Moved() || m_behindHead != m_wasBehindHead);
+    const bool nearLeft = x && *x <= SpanPlace(m_drag.Held()).center().x();
+    const TabGroup* group = shown ? m_drag.GroupHere({.NearLeft = nearLeft, .Behind = m_behindHead}) : nullptr;
     const std::int32_t joins = group ? group->Id() : 0;
-    if (aim == m_aim && joins == m_joins && shown == m_joinShown) return;
-    m_aim = aim;
+    if (joins == m_joins && shown == m_joinShown) return;
     m_joins = joins;
     m_joinShown = shown;
-    update();
+    Relayout();
 }
 
 void TabStripView::EndDrag(QPoint point) {
     m_dragged.reset();
     const bool out = std::exchange(m_draggedOut, false);
     if (!std::exchange(m_dragging, false)) return;
-    if (out && m_drag.Any()) DroppedOut(m_drag.Indexes(), mapToGlobal(point));
-    if (!out && m_joinShown && m_drag.Any()) DropInRow();
-    ShowJoining(-1, nullptr);
+    const bool any = m_drag.Any(), joined = m_joinShown;
+    const std::int32_t group = m_joins;
+    const Views views = m_drag.Indexes();
+    ShowJoining(std::nullopt);
     m_drag.LetGo();
-}
-
-void TabStripView::DropInRow() {
-    if (m_aim != 0) m_drag.PutBefore(m_aim);
-    Regrouped(m_drag.Indexes(), m_joins);
+    if (out && any) DroppedOut(views, mapToGlobal(point));
+    if (!out && any && joined) Regrouped(views, group);
 }
 
 void TabStripView::mouseDoubleClickEvent(QMouseEvent* event) {

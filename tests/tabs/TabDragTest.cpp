@@ -35,10 +35,11 @@ protected:
         return all;
     }
     void StepTo(int tag) { drag.StepOver(drag.At(strip.PositionOf(&Of(tag)))); }
-    /// The group at the nearer left and at the nearer right.
+    /// The group for a pointer near to the left and near to the right, and behind the head at the right.
     [[nodiscard]] std::string Here() const {
         const auto name = [](const TabGroup* group) { return group ? ToUtf8(group->Name()) : std::string("-"); };
-        return name(drag.GroupHere(true)) + name(drag.GroupHere(false));
+        return name(drag.GroupHere({.NearLeft = true})) + name(drag.GroupHere({})) +
+               name(drag.GroupHere({.Behind = true}));
     }
     [[nodiscard]] std::string Indexes() const {
         std::string all;
@@ -78,7 +79,7 @@ TEST_F(TabDragTest, PinnedTabsAndOthersNeverMix) {
     drag.Take(Of(1));
     StepTo(9);
     EXPECT_EQ(Order(), "2 [1] [3] 4 5 6 7 8 9") << "and 5 stays where it is";
-    EXPECT_EQ(Here(), "--");
+    EXPECT_EQ(Here(), "---");
     EXPECT_FALSE(drag.MayJoin(b));
 }
 
@@ -108,46 +109,46 @@ TEST_F(TabDragTest, AGroupGoesAsAWholeAndBetweenNoOther) {
     EXPECT_EQ(Order(), "1 2 3 4 [6] [7] [9] 5 8");
     StepTo(1);
     EXPECT_EQ(Order(), "1 [6] [7] [9] 2 3 4 5 8");
-    EXPECT_EQ(Here(), "bb");
+    EXPECT_EQ(Here(), "bbb");
 }
 
 TEST_F(TabDragTest, TheGroupIsThatOfBothNeighboursOrOfTheNearerOne) {
     drag.Take(Of(2));
-    EXPECT_EQ(Here(), "--") << "before a group";
+    EXPECT_EQ(Here(), "--a") << "before a group";
     StepTo(3);
-    EXPECT_EQ(Here(), "aa");
+    EXPECT_EQ(Here(), "aaa");
     StepTo(4);
-    EXPECT_EQ(Here(), "a-") << "behind its last tab";
+    EXPECT_EQ(Here(), "a--") << "behind its last tab";
     StepTo(5);
-    EXPECT_EQ(Here(), "--");
+    EXPECT_EQ(Here(), "--b");
     StepTo(8);
-    EXPECT_EQ(Here(), "--") << "before another part of a group";
+    EXPECT_EQ(Here(), "--b") << "before another part of a group";
     StepTo(9);
-    EXPECT_EQ(Here(), "b-");
+    EXPECT_EQ(Here(), "b--");
     strip.SetFolded(b, true);
-    EXPECT_EQ(Here(), "--") << "nobody sees the tabs of a folded group";
+    EXPECT_EQ(Here(), "---") << "nobody sees the tabs of a folded group";
     EXPECT_TRUE(drag.MayJoin(b));
 }
 
 TEST_F(TabDragTest, ATabStaysInItsGroupBesideItAndLeavesItElsewhere) {
     drag.Take(Of(4));
     StepTo(3);
-    EXPECT_EQ(Here(), "aa") << "before its first tab";
+    EXPECT_EQ(Here(), "--a") << "before its first tab, before its head or behind that";
     StepTo(3);
-    EXPECT_EQ(Here(), "a-");
+    EXPECT_EQ(Here(), "a--");
     StepTo(5);
-    EXPECT_EQ(Here(), "--");
+    EXPECT_EQ(Here(), "--b");
     StepTo(6);
-    EXPECT_EQ(Here(), "bb");
+    EXPECT_EQ(Here(), "bbb");
 }
 
 TEST_F(TabDragTest, AllTabsOfAGroupTogetherStayOneUnlessTheyComeIntoAnother) {
     Choose({3, 4});
     drag.Take(Of(4));
     StepTo(5);
-    EXPECT_EQ(Here(), "aa");
+    EXPECT_EQ(Here(), "aab");
     StepTo(6);
-    EXPECT_EQ(Here(), "bb");
+    EXPECT_EQ(Here(), "bbb");
 }
 
 TEST_F(TabDragTest, TabsArePutBeforeAnotherFromBothSides) {
@@ -184,7 +185,7 @@ TEST_F(TabDragTest, TabsMayComeAndGoMeanwhile) {
     for (const int tag : {3, 4}) strip.Remove(&Of(tag));
     EXPECT_FALSE(drag.Any());
     StepTo(9);
-    EXPECT_EQ(drag.GroupHere(true), nullptr);
+    EXPECT_EQ(drag.GroupHere({.NearLeft = true}), nullptr);
     EXPECT_EQ(Order(), "1 6 10 7 8 9");
 }
 
