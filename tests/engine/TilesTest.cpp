@@ -299,7 +299,7 @@ TEST_F(TiledPages, TabsThatAreChosenAreDraggedFromTheStripTogether) {
     EXPECT_EQ(desk.main->Tabs().CurrentIndex(), 2);
     QTest::mouseRelease(&strip, Qt::LeftButton, {}, QPoint(990, 350));
     ASSERT_TRUE(desk.main->Tiles().Shown());
-    EXPECT_EQ(ToUtf8(TileText(*desk.main->Tiles().Shown())), "h(2 4 3)");
+    EXPECT_EQ(ToUtf8(TileText(*desk.main->Tiles().Shown())), "h(2 4:500 3:500)") << "the dropped one first";
     EXPECT_EQ(desk.main->Choice().Count(), 2U);
     for (const int shown : {2, 3, 4}) ASSERT_TRUE(WaitUntil([&] { return Visible(shown); }));
 }
