@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <chrono>
+#include <set>
 #include <utility>
 
 namespace tessa::qt {
@@ -213,7 +214,15 @@ bool TileArea::Drop(std::int32_t index, QPoint at) {
 }
 
 bool TileArea::Drop(const std::vector<std::int32_t>& indexes, QPoint at) {
-    if (indexes.empty() || !Drop(indexes.front(), at)) return false;
+    HideDrop();
+    if (indexes.empty() || !AimAt(indexes.front(), at)) return false;
+    std::set<std::int32_t> all(indexes.begin(), indexes.end());
+    all.insert(m_tiles->Focus());
+    if (const auto* shown = m_tiles->Shown()) {
+        for (const std::int32_t each : shown->Numbers()) all.insert(each);
+    }
+    if (MayShow && !MayShow(all.size())) return false;
+    if (!Drop(indexes.front(), at)) return false;
     for (auto index = indexes.rbegin(); index + 1 != indexes.rend(); ++index) m_tiles->ShowBeside(*index);
     return true;
 }

@@ -291,6 +291,26 @@ TEST_F(TileAreaTest, AHeaderIsDraggedToAnotherPane) {
     EXPECT_FALSE(DropZone()->isVisible());
 }
 
+TEST_F(TileAreaTest, SeveralTabsAreDroppedBesideEachOtherIfSoManyMayBeShown) {
+    const QPoint edge = window.mapToGlobal(QPoint(400, 200));
+    std::string asked;
+    bool may = false;
+    area.MayShow = [&](std::size_t count) {
+        asked += std::to_string(count) + ";";
+        return may;
+    };
+    EXPECT_FALSE(area.Drop(std::vector<std::int32_t>{3, 2, 4}, edge));
+    EXPECT_EQ(Layout(), "alone");
+    may = true;
+    EXPECT_TRUE(area.Drop(std::vector<std::int32_t>{3, 2, 4}, edge));
+    EXPECT_EQ(tiles.Shown()->Numbers(), (std::vector<std::int32_t>{1, 3, 2, 4}));
+    EXPECT_EQ(tiles.Focus(), 3);
+    EXPECT_EQ(asked, "4;4;");
+    EXPECT_FALSE(area.Drop(std::vector<std::int32_t>{2, 1}, window.mapToGlobal(QPoint(-9, 200))));
+    EXPECT_FALSE(area.Drop(std::vector<std::int32_t>(), edge));
+    EXPECT_EQ(asked, "4;4;") << "nobody is asked about what comes nowhere";
+}
+
 TEST_F(TileAreaTest, TwoHundredPanesAndNoRoomForThem) {
     std::vector<std::int32_t> all{1, 2, 3, 4};
     for (int index = 5; index <= 200; ++index) {
