@@ -34,13 +34,36 @@ private:
     Text m_path;
 };
 
-// A file without a plan gets none.
-void MovePlan(IniFile& file, const std::map<Text, Text>& changes) {
+std::vector<std::string> KeysIn(const IniFile& file) {
+    const std::string list = file.KeyList(kMendedSection, "", kMostMended);
+    std::vector<std::string> keys;
+    std::size_t begin = 0;
+    for (std::size_t end = list.find('\0'); end != std::string::npos; end = list.find('\0', begin)) {
+        keys.push_back(list.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return keys;
+}
+
+std::vector<Text> OpenedOf(const IniFile& file, const GroupPlan& plan) {
+    std::vector<Text> addresses;
+    for (const std::string& key : KeysIn(file)) addresses.push_back(ReadIniValue(file, kMendedSection, key, u""));
+    return plan.Ordered(addresses);
+}
+
+// A file without a plan gets none. `opened` are the addresses from before, in the order in which they opened.
+void MovePlan(IniFile& file, const std::map<Text, Text>& changes, std::vector<Text> opened) {
     GroupPlan plan = GroupPlan::Read(file);
     for (const auto& [from, to] : changes) {
         if (!to.empty()) plan.Copy(from, to);
         plan.Set(from, {});
     }
+    // What was removed is found nowhere.
+    for (Text& each : opened) {
+        const auto change = changes.find(each);
+        if (change != changes.end()) each = change->second.empty() ? Text(1, u'\0') : change->second;
+    }
+    plan.MovePanes(opened, OpenedOf(file, plan));
     if (plan != GroupPlan::Read(file)) plan.Write(file);
 }
 
@@ -121,19 +144,16 @@ std::optional<Before> Change(TextView path, const std::map<Text, Text>& changes)
     const auto bytes = ReadWholeFile(name, kMostMended + 1);
     if (!bytes || bytes->size() > kMostMended) return std::nullopt;
     IniFile file(*bytes);
-    const std::string keys = file.KeyList(kMendedSection, "", kMostMended);
-    std::size_t begin = 0;
-    for (std::size_t end = keys.find('\0'); end != std::string::npos; end = keys.find('\0', begin)) {
-        const std::string key = keys.substr(begin, end - begin);
+    const std::vector<Text> opened = OpenedOf(file, GroupPlan::Read(file));
+    for (const std::string& key : KeysIn(file)) {
         const auto change = changes.find(ReadIniValue(file, kMendedSection, key, u""));
-        begin = end + 1;
         if (change == changes.end()) continue;
         if (change->second.empty())
             file.RemoveKey(kMendedSection, key);
         else
             file.SetValue(kMendedSection, key, ToUtf8(change->second));
     }
-    MovePlan(file, changes);
+    MovePlan(file, changes, opened);
     Before before{*bytes, file.Bytes()};
     if (before.after != before.bytes && WriteWholeFile(name, before.after) != Outcome::Done) return std::nullopt;
     return before;

@@ -4,6 +4,7 @@
 #include "groups/frmGroupCheck.h"
 #include "settings/InternetSettings.h"
 #include "tabs/OpenTabs.h"
+#include "tabs/TabKeys.h"
 
 #include <algorithm>
 
@@ -16,13 +17,44 @@ void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
                            : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
 }
 
-void GroupCommands::AddAllToTessaGroup(const std::vector<Text>& addresses, TextView SGFile) {
-    const bool added = std::ranges::all_of(addresses, [&](const Text& each) {
-        return TessaGroups::Append(SGFile, Address::WithoutUser(each)) == Outcome::Done;
-    });
-    const Text count = Decimal(static_cast<std::int64_t>(addresses.size()));
-    m_parts.tabs.Say(added ? count + u" pages were added to the TessaGroup " + NameOf(SGFile) + u"."
+void GroupCommands::AddTabsToTessaGroup(const std::vector<std::int32_t>& indexes, TextView SGFile) {
+    std::int64_t count = 0;
+    bool added = true;
+    Reread(SGFile);
+    std::vector<std::int32_t> known = m_parts.tabGroups.OpenedFrom(SGFile);
+    std::erase_if(known, [this](std::int32_t group) { return m_parts.tabGroups.IsOvertaken(group); });
+    for (const std::int32_t index : indexes) {
+        const auto* view = m_parts.tabs.OpenView(index);
+        const Text address = view ? Address::WithoutUser(view->Control->LocationURL()) : Text();
+        if (!view || (address.empty() && indexes.size() > 1)) continue;
+        added = TessaGroups::Append(SGFile, address) == Outcome::Done;
+        if (!added) break;
+        ++count;
+        Join(index, OpenFrom(SGFile), address);
+    }
+    Reread(SGFile);
+    for (const std::int32_t each : known) m_parts.tabGroups.Agree(each);
+    const Text pages = count == 1 ? Text(u"Added") : Decimal(count) + u" pages were added";
+    m_parts.tabs.Say(added ? pages + u" to the TessaGroup " + NameOf(SGFile) + u"."
                            : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
+}
+
+// The group that was opened last, but rather that of the tab in front.
+std::int32_t GroupCommands::OpenFrom(TextView path) const {
+    const auto groups = m_parts.tabGroups.OpenedFrom(path);
+    const auto* front = m_parts.tabGroups.Of(m_parts.tabs.CurrentIndex());
+    if (front && std::ranges::find(groups, front->Id()) != groups.end()) return front->Id();
+    return groups.empty() ? 0 : groups.back();
+}
+
+// Behind the group's last tab, as the address stands in its file. A tab of another group is wanted there.
+void GroupCommands::Join(std::int32_t index, std::int32_t group, const Text& entry) {
+    const auto* tab = TabOfView(m_parts.pcPage, index);
+    const auto* joined = m_parts.pcPage.FindGroup(group);
+    if (!tab || !joined || tab->Pinned() || tab->Group()) return;
+    const auto last = m_parts.pcPage.PositionOf(m_parts.pcPage.TabsOf(joined).back());
+    m_parts.pcPage.Move(tab, m_parts.pcPage.PositionOf(tab) < last ? last : last + 1);
+    m_parts.tabGroups.Add(index, group, entry);
 }
 
 void GroupCommands::SaveTabs(TextView path, const std::vector<std::int32_t>& indexes) {

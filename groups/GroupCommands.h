@@ -16,8 +16,9 @@ public:
 
     /// Writes an address into a group, which is made when missing.
     void AddToTessaGroup(TextView URL, TextView SGFile);
-    /// Several in their order; stops at the first that cannot be written.
-    void AddAllToTessaGroup(const std::vector<Text>& addresses, TextView SGFile);
+    /// Writes what the tabs of these views show into a group, in their order; stops at the first that cannot be
+    /// written. Those that are of no group and not pinned join the group's tabs, where it is open.
+    void AddTabsToTessaGroup(const std::vector<std::int32_t>& indexes, TextView SGFile);
     /// Saves all open tabs as that group; asks before it replaces one.
     void SaveAsTessaGroup(TextView path);
     /// The same for the tabs of these views.
@@ -74,6 +75,8 @@ public:
 
 private:
     [[nodiscard]] bool MayOverwrite(std::int32_t group, const Text& name) const;
+    [[nodiscard]] std::int32_t OpenFrom(TextView path) const;
+    void Join(std::int32_t index, std::int32_t group, const Text& entry);
     [[nodiscard]] std::optional<std::vector<GroupTab>> TabsToSave(std::int32_t group) const;
     void WriteBack(std::int32_t group, std::vector<GroupTab> tabs);
     [[nodiscard]] std::vector<Text> PanesOf(const std::vector<GroupTab>& tabs, const std::vector<Text>& all) const;

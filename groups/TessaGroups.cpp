@@ -36,16 +36,41 @@ std::vector<std::string> KeysOf(const IniFile& file, std::string_view section) {
     return keys;
 }
 
+std::vector<Text> AddressesIn(const IniFile& file) {
+    std::vector<Text> addresses;
+    for (const std::string& key : KeysOf(file, kSection)) addresses.push_back(ReadIniValue(file, kSection, key, u""));
+    return addresses;
+}
+
 // A file that says how its group opens keeps that, and whatever else stands in it. Without a new plan the old one stays
-// as it is written, also what of it cannot be understood.
+// as it is written, also what of it cannot be understood; but panes are those of the same pages.
 std::string BytesFor(const std::string& path, const std::vector<TessaGroups::NumberedAddress>& addresses,
                      const GroupPlan* plan) {
     IniFile file(ReadWholeFile(path, kLargestGroup + 1).value_or(std::string()));
     const bool isPlanned = GroupPlan::HasSection(file) || (plan && *plan != GroupPlan());
     if (file.Bytes().size() > kLargestGroup || !isPlanned) return GroupBytes(addresses);
+    const GroupPlan before = GroupPlan::Read(file);
+    const std::vector<Text> opened = before.Ordered(AddressesIn(file));
     for (const std::string& key : KeysOf(file, kSection)) file.RemoveKey(kSection, key);
     for (const auto& [number, address] : addresses) file.SetValue(kSection, KeyOf(number), ToUtf8(address));
-    if (plan && *plan != GroupPlan::Read(file)) plan->Write(file);
+    GroupPlan after = plan ? *plan : before;
+    if (!plan) after.MovePanes(opened, before.Ordered(AddressesIn(file)));
+    if (after != before) after.Write(file);
+    return file.Bytes();
+}
+
+/// The file with that entry, where its panes have other numbers then: the page may open before others.
+std::optional<std::string> WithPanes(TextView path, const std::string& key, TextView address) {
+    const auto bytes = ReadWholeFile(PathToBytes(path), kLargestGroup + 1);
+    if (!bytes || bytes->size() > kLargestGroup) return std::nullopt;
+    IniFile file(*bytes);
+    GroupPlan plan = GroupPlan::Read(file);
+    const std::vector<Text> panes = plan.panes, opened = plan.Ordered(AddressesIn(file));
+    file.SetValue(kSection, key, ToUtf8(address));
+    if (panes.empty()) return std::nullopt;
+    plan.MovePanes(opened, plan.Ordered(AddressesIn(file)));
+    if (plan.panes == panes) return std::nullopt;
+    plan.Write(file);
     return file.Bytes();
 }
 
@@ -133,6 +158,7 @@ Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses, cons
 
 Outcome Append(TextView path, TextView address) {
     const std::string key = KeyOf(Load(path).Count() + 1);
+    if (const auto bytes = WithPanes(path, key, address)) return WriteWholeFile(PathToBytes(path), *bytes);
     return WritePrivateProfileString(PathToBytes(path), kSection, key, ToUtf8(address)) ? Outcome::Done
                                                                                         : Outcome::Failed;
 }

@@ -140,7 +140,17 @@ void frmTessaGroup::UpdateSelected(TextView text) {
     const Text* before = lstUrls.FindSelected();
     if (line.empty() || !before) return;
     m_plan.Copy(*before, line);
+    NoteUpdated(*before, line);
     lstUrls.Set(static_cast<std::size_t>(lstUrls.ListIndex()), std::move(line));
+}
+
+// What it leads to now lies in the pane of what it led to. An address may be there several times.
+void frmTessaGroup::NoteUpdated(const Text& before, const Text& line) {
+    const auto selected = lstUrls.Rows().begin() + lstUrls.ListIndex();
+    auto again = std::count(lstUrls.Rows().begin(), selected, before);
+    const auto opened =
+        std::ranges::find_if(m_opened, [&](const Text& each) { return each == before && again-- == 0; });
+    if (opened != m_opened.end()) *opened = line;
 }
 
 void frmTessaGroup::Cancel_Click() {

@@ -99,6 +99,7 @@ private:
     void Enter(TextView caption, Text url);
     void InsertLines(TextView text);
     void UpdateSelected(TextView text);
+    void NoteUpdated(const Text& before, const Text& line);
 
     MessageBoxes& m_messages;
     FormHost& m_forms;

@@ -27,10 +27,15 @@ public:
         }
         // The editor leaves no group without addresses.
         if (addresses.empty()) return {};
-        std::vector<Text> before = m_form.lstUrls.Rows();
+        std::vector<Text> before = m_form.lstUrls.Rows(), opened = m_form.m_opened;
         m_form.ShowAddresses(addresses);
-        return [this, before = std::move(before)] {
+        for (Text& each : m_form.m_opened) {
+            const auto change = changes.find(each);
+            if (change != changes.end() && !change->second.empty()) each = change->second;
+        }
+        return [this, before = std::move(before), opened = std::move(opened)] {
             m_form.ShowAddresses(before);
+            m_form.m_opened = opened;
             return Outcome::Done;
         };
     }

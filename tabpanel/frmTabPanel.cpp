@@ -15,6 +15,8 @@ namespace {
 constexpr std::size_t kMostOfTitle = 300;
 /// A file may say anything.
 constexpr std::int32_t kWidest = 4000;
+/// Parts of a line.
+constexpr double kHalf = 0.5, kEdgeOfLine = 0.25;
 
 // Whoever never opens the panel has nothing of it in his settings.
 template<typename T>
@@ -198,47 +200,67 @@ const Tab* frmTabPanel::LastOf(const TabPanelEntry& entry) const {
     return tabs.empty() ? nullptr : tabs.back();
 }
 
-// A group that is moved as a whole stays one.
-void frmTabPanel::PutIntoGroup(const std::vector<std::int32_t>& indexes, std::int32_t group) {
-    for (const std::int32_t index : indexes) {
-        const auto* tab = FindTab(index);
-        const std::int32_t now = tab && tab->Group() ? tab->Group()->Id() : 0;
-        if (!tab || now == group) continue;
-        const auto all = m_parts.groups.TabsOf(now);
-        const bool whole = group == 0 && std::ranges::all_of(all, [&](std::int32_t each) {
-                               return std::ranges::find(indexes, each) != indexes.end();
-                           });
-        if (group != 0)
-            m_parts.groups.Add(index, group);
-        else if (!whole)
-            m_parts.groups.TakeOut(index);
-    }
+TabPanelPlace frmTabPanel::PlaceOver(std::size_t entry, double part, std::int32_t dragged) const {
+    if (entry >= m_entries.size()) return {m_entries.size()};
+    TabPanelPlace place;
+    if (m_entries[entry].IsGroup())
+        place = PlaceOverGroup(entry, part);
+    else
+        place = part < kHalf ? TabPanelPlace{entry, GroupAt(entry)} : TabPanelPlace{entry + 1, m_entries[entry].Group};
+    return FindGroup(dragged) && place.Group != 0 ? OutsideOf(place) : place;
+}
+
+// At the edge of the line beside it, else into it. Below an open group its first tab follows.
+TabPanelPlace frmTabPanel::PlaceOverGroup(std::size_t entry, double part) const {
+    const bool open = GroupAt(entry + 1) != 0;
+    if (part < kEdgeOfLine) return {entry, GroupAt(entry)};
+    if (part > 1 - kEdgeOfLine && !open) return {entry + 1};
+    return {entry + 1, m_entries[entry].Group, true};
+}
+
+// Before the group or behind it, whichever is nearer.
+TabPanelPlace frmTabPanel::OutsideOf(const TabPanelPlace& place) const {
+    const auto isOf = [&](std::size_t entry) { return m_entries[entry].Group == place.Group; };
+    std::size_t first = place.Entry, end = place.Entry;
+    while (first > 0 && isOf(first - 1)) --first;
+    while (end < m_entries.size() && isOf(end)) ++end;
+    return {place.Entry - first <= end - place.Entry ? first : end};
+}
+
+// The next tab that stays where it is, and at the end of a group or of the list the last one.
+frmTabPanel::Neighbours frmTabPanel::NeighboursAt(const TabPanelPlace& place,
+                                                  const std::vector<std::int32_t>& indexes) const {
+    const auto isMoved = [&](const Tab* tab) { return !tab || std::ranges::find(indexes, tab->Tag) != indexes.end(); };
+    std::size_t entry = place.Entry;
+    const auto isEnd = [&] {
+        return entry >= m_entries.size() || (place.Group != 0 && m_entries[entry].Group != place.Group);
+    };
+    while (!place.OnGroup && !isEnd() && isMoved(FirstOf(m_entries[entry]))) ++entry;
+    if (!place.OnGroup && !isEnd()) return {nullptr, FirstOf(m_entries[entry])};
+    const auto tabs = m_parts.pcPage.TabsOf(FindGroup(-place.Group));
+    if (place.Group == 0) return {m_entries.empty() ? nullptr : LastOf(m_entries.back()), nullptr};
+    const auto first = std::ranges::find_if_not(tabs, isMoved);
+    if (place.OnGroup) return {nullptr, first == tabs.end() ? nullptr : *first};
+    return {tabs.empty() ? nullptr : tabs.back(), nullptr};
 }
 
 // Each is put behind the one before it. So they come together, whichever of them stand before the place.
-void frmTabPanel::Move(const std::vector<std::int32_t>& indexes, std::size_t entry) {
-    const std::int32_t group = GroupAt(entry);
-    const auto isMoved = [&](const TabPanelEntry& each) {
-        const auto* tab = FirstOf(each);
-        return !tab || std::ranges::find(indexes, tab->Tag) != indexes.end();
-    };
-    // The next tab that stays where it is.
-    while (entry < m_entries.size() && isMoved(m_entries[entry])) ++entry;
-    const Tab* before = entry < m_entries.size() ? FirstOf(m_entries[entry]) : nullptr;
-    const Tab* last = before || m_entries.empty() ? nullptr : LastOf(m_entries.back());
+void frmTabPanel::Move(const std::vector<std::int32_t>& indexes, const TabPanelPlace& place) {
+    const Neighbours beside = NeighboursAt(place, indexes);
+    const Tab* last = beside.Before;
     for (const std::int32_t index : indexes) {
         const Tab* tab = FindTab(index);
         if (!tab || tab == last) continue;
         const std::size_t from = m_parts.pcPage.PositionOf(tab);
-        std::size_t to = m_parts.pcPage.PositionOf(before ? before : last);
+        std::size_t to = m_parts.pcPage.PositionOf(beside.Behind ? beside.Behind : last);
         if (to == 0) continue;
         // Taken out of its place, it leaves what stands behind that one place further left.
-        if (before && from < to) --to;
-        if (!before && from > to) ++to;
+        if (beside.Behind && from < to) --to;
+        if (!beside.Behind && from > to) ++to;
         m_parts.pcPage.Move(tab, to);
-        if (!before) last = tab;
+        if (!beside.Behind) last = tab;
     }
-    PutIntoGroup(indexes, group);
+    m_parts.groups.Put(indexes, place.Group);
 }
 
 std::vector<Text> frmTabPanel::AddressesOf(const std::vector<std::int32_t>& indexes) const {

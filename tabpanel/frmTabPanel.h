@@ -18,6 +18,14 @@ struct TabPanelEntry {
     bool operator==(const TabPanelEntry&) const = default;
 };
 
+/// Where in the list tabs would come that are dragged.
+struct TabPanelPlace {
+    std::size_t Entry = 0;  ///< before that one, counted from 0; behind the last one at the end
+    std::int32_t Group = 0; ///< the group that they would be of; 0 for none
+    bool OnGroup = false;   ///< onto its name: before its first tab
+    bool operator==(const TabPanelPlace&) const = default;
+};
+
 /// The list of tabs at the side of the window, as data. Tabs are named by the indexes of their views; what is done to
 /// one that has closed does nothing. Owned by the main window.
 class frmTabPanel {
@@ -88,9 +96,11 @@ public:
     void Rename(std::int32_t index, TextView typed);
     /// What is dragged along when somebody drags that tab.
     [[nodiscard]] std::vector<std::int32_t> Dragged(std::int32_t index) const;
-    /// Puts tabs, in their order, before the entry at that place, counted from 0. Behind the last one at the end. Put
-    /// between the tabs of a group they are of that group; elsewhere single tabs leave theirs.
-    void Move(const std::vector<std::int32_t>& indexes, std::size_t entry);
+    /// The place that is meant over an entry, `part` of which is above the pointer, from 0 to 1. `dragged` is the line
+    /// that is dragged: a group goes into no other group.
+    [[nodiscard]] TabPanelPlace PlaceOver(std::size_t entry, double part, std::int32_t dragged) const;
+    /// Puts tabs there, in their order. Those that come into no group leave theirs, but for all of one together.
+    void Move(const std::vector<std::int32_t>& indexes, const TabPanelPlace& place);
     /// The addresses of these tabs, of those that have one.
     [[nodiscard]] std::vector<Text> AddressesOf(const std::vector<std::int32_t>& indexes) const;
 
@@ -108,7 +118,12 @@ private:
     [[nodiscard]] const Tab* FirstOf(const TabPanelEntry& entry) const;
     [[nodiscard]] const Tab* LastOf(const TabPanelEntry& entry) const;
     [[nodiscard]] std::int32_t GroupAt(std::size_t place) const;
-    void PutIntoGroup(const std::vector<std::int32_t>& indexes, std::int32_t group);
+    [[nodiscard]] TabPanelPlace PlaceOverGroup(std::size_t entry, double part) const;
+    [[nodiscard]] TabPanelPlace OutsideOf(const TabPanelPlace& place) const;
+    struct Neighbours {
+        const Tab *Before = nullptr, *Behind = nullptr; ///< of the tabs that are put there; one of them at most
+    };
+    [[nodiscard]] Neighbours NeighboursAt(const TabPanelPlace& place, const std::vector<std::int32_t>& indexes) const;
     void ShowNone();
     [[nodiscard]] Text PageTitleOf(const Tab& tab) const;
     [[nodiscard]] bool IsListed(const Tab& tab) const;

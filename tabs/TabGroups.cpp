@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 #include <utility>
 
 namespace tessa {
@@ -72,6 +73,22 @@ bool TabGroups::Add(std::int32_t index, std::int32_t group, std::optional<Text> 
 void TabGroups::TakeOut(std::int32_t index) {
     if (auto* tab = TabOfView(m_pcPage, index)) m_pcPage.SetGroup(tab, nullptr);
     m_members.erase(index);
+}
+
+void TabGroups::Put(const std::vector<std::int32_t>& indexes, std::int32_t group) {
+    std::set<std::int32_t> whole;
+    for (const TabGroup* each : m_pcPage.Groups()) {
+        const auto isMeant = [&](std::int32_t index) { return std::ranges::find(indexes, index) != indexes.end(); };
+        if (std::ranges::all_of(TabsOf(each->Id()), isMeant)) whole.insert(each->Id());
+    }
+    for (const std::int32_t index : indexes) {
+        const auto* now = Of(index);
+        if ((now ? now->Id() : 0) == group) continue;
+        if (group != 0)
+            Add(index, group);
+        else if (!whole.contains(now->Id()))
+            TakeOut(index);
+    }
 }
 
 void TabGroups::MoveToEnd(std::int32_t group) {
@@ -208,6 +225,10 @@ void TabGroups::SetFile(std::int32_t group, GroupSource file) {
 bool TabGroups::IsOvertaken(std::int32_t group) const {
     const auto* known = Find(group);
     return known && known->File.IsThere && known->File.All != known->Agreed;
+}
+
+void TabGroups::Agree(std::int32_t group) {
+    if (auto* known = Find(group)) known->Agreed = known->File.All;
 }
 
 void TabGroups::NoteSaved(std::int32_t group, const std::vector<GroupTab>& tabs) {

@@ -60,6 +60,9 @@ public:
     bool Add(std::int32_t index, std::int32_t group, std::optional<Text> entry = std::nullopt);
     /// The tab of that view is of no group any more; it stays where it is.
     void TakeOut(std::int32_t index);
+    /// The tabs of these views are of that group from now on, as far as they were not; of none for 0, but for all tabs
+    /// of a group together, which stay one.
+    void Put(const std::vector<std::int32_t>& indexes, std::int32_t group);
     /// Moves the group's tabs behind all others, in their order.
     void MoveToEnd(std::int32_t group);
     /// Its user has chosen a colour for the group.
@@ -87,6 +90,8 @@ public:
     void SetFile(std::int32_t group, GroupSource file);
     /// Whether somebody else has changed the file since the group was opened or saved.
     [[nodiscard]] bool IsOvertaken(std::int32_t group) const;
+    /// What the file says was written by its user, or he has seen it.
+    void Agree(std::int32_t group);
     /// The file has been written with these tabs, each of which stands for its address from now on.
     void NoteSaved(std::int32_t group, const std::vector<GroupTab>& tabs);
 

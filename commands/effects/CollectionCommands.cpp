@@ -43,8 +43,8 @@ void AddViewToTessaGroup(CommandContext& context, std::int32_t index) {
     const Text file = AskForGroup(context);
     if (file.empty()) return;
     // The address is asked for only now, as the page may have moved on meanwhile.
-    if (const auto* view = context.tabs.OpenView(index))
-        context.groups.AddToTessaGroup(view->Control->LocationURL(), file);
+    if (context.tabs.OpenView(index))
+        context.groups.AddTabsToTessaGroup({index}, file);
     else
         context.tabs.Say(u"The page is no longer open. Nothing was added.");
     context.groupsMenuStale = true;

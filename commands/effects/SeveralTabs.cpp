@@ -100,7 +100,7 @@ void AddToTessaGroup(CommandContext& context, const Indexes& indexes) {
         return;
     const Text file = CollectionCommands::AskForGroup(context);
     if (file.empty()) return;
-    context.groups.AddAllToTessaGroup(AddressesOf(context, indexes), file);
+    context.groups.AddTabsToTessaGroup(indexes, file);
     context.groupsMenuStale = true;
 }
 

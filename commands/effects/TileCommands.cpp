@@ -11,20 +11,11 @@ namespace {
 /// More pages than that are seldom meant to be seen at once.
 constexpr std::size_t kMostUnasked = 16;
 
-bool MayShow(CommandContext& context, std::size_t count) {
-    if (count <= kMostUnasked) return true;
-    return context.messages.AskOwn(
-        {.Heading = u"Show " + Decimal(static_cast<std::int64_t>(count)) + u" pages side by side?",
-         .Details = u"All of them are loaded and drawn at the same time, and each is small.",
-         .Keeps = u"&Cancel",
-         .GoesOn = u"&Show Them"});
-}
-
 template<typename Arrange>
 void ShowChosen(CommandContext& context, Arrange arrange) {
     const auto chosen = context.chosen.Chosen();
     if (chosen.size() < 2) return context.tabs.Say(u"There is no other tab to show beside this one.");
-    if (!MayShow(context, chosen.size())) return;
+    if (!TileCommands::MayShow(context.messages, chosen.size())) return;
     // Tabs may have gone behind the question.
     std::vector<std::int32_t> open;
     for (const std::int32_t each : chosen) {
@@ -40,6 +31,14 @@ void MarkTool(CommandContext& context, ToolName name, bool checked) {
 } // namespace
 
 namespace TileCommands {
+
+bool MayShow(MessageBoxes& messages, std::size_t count) {
+    if (count <= kMostUnasked) return true;
+    return messages.AskOwn({.Heading = u"Show " + Decimal(static_cast<std::int64_t>(count)) + u" pages side by side?",
+                            .Details = u"All of them are loaded and drawn at the same time, and each is small.",
+                            .Keeps = u"&Cancel",
+                            .GoesOn = u"&Show Them"});
+}
 
 void Columns(CommandContext& context) { ShowChosen(context, TileLayouts::Columns); }
 

@@ -4,6 +4,9 @@
 /// Commands that show tabs side by side.
 namespace tessa::TileCommands {
 
+/// Asks before many pages are shown at once.
+[[nodiscard]] bool MayShow(MessageBoxes& messages, std::size_t count);
+
 // The chosen tabs, and the selected one among them or not. Many are shown after a question.
 void Columns(CommandContext& context);
 void Rows(CommandContext& context);

@@ -1,5 +1,6 @@
 #include "qt/program/RunningProgram.h"
 
+#include "commands/TileCommands.h"
 #include "qt/base/Icons.h"
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
@@ -97,6 +98,7 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     history.Serve(main, engine.engine, window);
     bars.Serve(main);
     tiles.Serve(main, engine.engine, strip.strip);
+    tiles.area.MayShow = [this](std::size_t count) { return TileCommands::MayShow(messages, count); };
     tiles.Link(bars.findBar);
     bar.LeadTo(strip.strip, frame.statusBar, bars);
     blocking.Serve(main, frame.statusBar, window);

@@ -43,6 +43,8 @@ void StripAssembly::FollowClicks() {
     });
     strip.PlainClick.ConnectForLife([this] { m_main.Choice().End(); });
     strip.ChooseRequested.ConnectForLife([this](Tab& tab, Qt::KeyboardModifiers held) { Choose(tab, held); });
+    strip.Regrouped.ConnectForLife(
+        [this](const TabStripView::Views& views, std::int32_t group) { m_main.TabGroups().Put(views, group); });
     strip.BlankRequested.ConnectForLife([this] { BarGestures::NewTab(m_main.actBar); });
 }
 

@@ -31,14 +31,7 @@ void TabPanelAssembly::FollowDrags(TileArea& area) {
     m_panel.DraggedOut.ConnectForLife(
         [&area](const TabPanelView::Views& views, QPoint at) { area.ShowDrop(views.front(), at); });
     m_panel.DraggedBack.ConnectForLife([&area] { area.HideDrop(); });
-    m_panel.DroppedOut.ConnectForLife(
-        [this, &area](const TabPanelView::Views& views, QPoint at) { DropOnPages(area, views, at); });
-}
-
-// The first one comes where it was dropped, and the others beside it.
-void TabPanelAssembly::DropOnPages(TileArea& area, const TabPanelView::Views& views, QPoint at) {
-    if (!area.Drop(views.front(), at)) return;
-    for (auto view = views.rbegin(); view + 1 != views.rend(); ++view) m_main.Tiles().ShowBeside(*view);
+    m_panel.DroppedOut.ConnectForLife([&area](const TabPanelView::Views& views, QPoint at) { area.Drop(views, at); });
 }
 
 } // namespace tessa::qt

@@ -20,7 +20,6 @@ private:
     [[nodiscard]] QIcon IconOf(const Tab& tab) const override;
     void FollowMenus();
     void FollowDrags(TileArea& area);
-    void DropOnPages(TileArea& area, const TabPanelView::Views& views, QPoint at);
 
     frmMain& m_main;
     Engine& m_engine;

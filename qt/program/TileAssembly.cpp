@@ -47,20 +47,30 @@ QString TileAssembly::TitleOf(const Tab& tab) const {
 }
 
 void TileAssembly::FollowStrip(TabStripView& strip) {
-    strip.DraggedOut.ConnectForLife([this](const Tab& tab, QPoint at) {
+    using Views = TabStripView::Views;
+    strip.DraggedOut.ConnectForLife([this](const Views& views, QPoint at) {
         // What is dragged is not what it is dragged onto: pressing the tab has brought it to the front.
-        if (!std::exchange(m_dragged, true)) m_main->Tiles().BeginDrag(tab.Tag);
-        area.ShowDrop(tab.Tag, at);
+        if (!m_wasInFront) {
+            m_wasInFront = m_main->Tabs().CurrentIndex();
+            m_main->Tiles().BeginDrag(views.front());
+        }
+        area.ShowDrop(views.front(), at);
     });
-    strip.DraggedBack.ConnectForLife([this](Tab& tab) {
-        m_dragged = false;
+    strip.DraggedBack.ConnectForLife([this](const Views&) {
         area.HideDrop();
-        m_main->pcPage.Select(&tab);
+        ShowFrontAgain();
     });
-    strip.DroppedOut.ConnectForLife([this](Tab& tab, QPoint at) {
-        m_dragged = false;
-        if (!area.Drop(tab.Tag, at)) m_main->pcPage.Select(&tab);
+    strip.DroppedOut.ConnectForLife([this](const Views& views, QPoint at) {
+        if (area.Drop(views, at))
+            m_wasInFront.reset();
+        else
+            ShowFrontAgain();
     });
+}
+
+void TileAssembly::ShowFrontAgain() {
+    auto* tab = TabOfView(m_main->pcPage, std::exchange(m_wasInFront, std::nullopt).value_or(0));
+    if (tab) m_main->pcPage.Select(tab);
 }
 
 std::vector<std::int32_t> TileAssembly::Linked() const {

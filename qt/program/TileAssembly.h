@@ -31,14 +31,15 @@ private:
     [[nodiscard]] QString TitleOf(const Tab& tab) const override;
     [[nodiscard]] std::vector<QWebEnginePage*> PagesToSearch() const override;
     void FollowStrip(TabStripView& strip);
+    void ShowFrontAgain();
     void LinkPages();
     [[nodiscard]] std::vector<std::int32_t> Linked() const;
 
     frmMain* m_main = nullptr;
     Engine* m_engine = nullptr;
     LinkedScroll m_scroll;
-    QTimer m_laySoon;       ///< once the tabs have told which pages are shown
-    bool m_dragged = false; ///< a tab is dragged outside the strip
+    QTimer m_laySoon;                         ///< once the tabs have told which pages are shown
+    std::optional<std::int32_t> m_wasInFront; ///< while tabs are dragged outside the strip
     Connections m_connections;
 };
 

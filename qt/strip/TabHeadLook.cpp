@@ -60,6 +60,11 @@ void TabHeadLook::Paint(QPainter& painter, const TabHeadFace& face) const {
     const QRect box = face.place.adjusted(margin, kHeadMargin, -margin, -kHeadMargin);
     painter.drawRoundedRect(box, face.name.isEmpty() ? 1.5 : kHeadCorner, face.name.isEmpty() ? 1.5 : kHeadCorner);
     if (!face.name.isEmpty()) PaintWords(painter, face, box, InkOn(ground));
+    if (face.aimed) {
+        painter.setPen(QPen(m_text, 1.5));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(face.place).adjusted(1, 1, -1, -1), kHeadCorner, kHeadCorner);
+    }
     painter.restore();
 }
 

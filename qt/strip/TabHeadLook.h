@@ -20,6 +20,7 @@ struct TabHeadFace {
     std::size_t count = 0;   ///< of its tabs
     std::size_t loading = 0; ///< of those that load
     bool hovered = false;
+    bool aimed = false; ///< what is dragged would come into the group
     QRect place;
 };
 

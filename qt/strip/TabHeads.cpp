@@ -13,9 +13,19 @@ namespace {
 constexpr int kPinWidth = 34;
 } // namespace
 
+// While a tab is dragged, the one in which it would be.
+const TabGroup* TabHeads::GroupOf(const Tab& tab) const {
+    return m_joins && m_drag.Holds(tab) ? m_strip.FindGroup(*m_joins) : tab.Group();
+}
+
+TabColour TabHeads::ColourOf(const Tab& tab) const {
+    const auto* group = GroupOf(tab);
+    return group ? group->Colour() : TabColour::None;
+}
+
 const TabGroup* TabHeads::GroupAt(std::size_t position) const {
     const Tab* tab = m_strip.FindAt(position);
-    return tab ? tab->Group() : nullptr;
+    return tab ? GroupOf(*tab) : nullptr;
 }
 
 void TabHeads::Note() {
@@ -35,13 +45,14 @@ std::vector<TabRowItem> TabHeads::Items(const QFontMetrics& font) const {
     std::vector<TabRowItem> items;
     for (std::size_t position = 1; position <= m_strip.Count(); ++position) {
         const Tab& tab = *m_strip.FindAt(position);
-        const bool begins = tab.Group() && tab.Group() != GroupAt(position - 1);
-        if (begins && (BeginsGroup(position) || !tab.Group()->Folded())) {
+        const TabGroup* group = GroupOf(tab);
+        const bool begins = group && group != GroupAt(position - 1);
+        if (begins && (BeginsGroup(position) || !group->Folded())) {
             TabRowItem head{TabRowItem::Kind::Head, position, 0};
             head.Width = TabHeadLook::Width(font, FaceAt(position));
             items.push_back(head);
         }
-        if (!m_strip.IsShown(tab)) continue;
+        if (!m_strip.IsShown(tab) && !(m_joins && m_drag.Holds(tab))) continue;
         items.push_back(
             {tab.Pinned() ? TabRowItem::Kind::Pin : TabRowItem::Kind::Tab, position, tab.Pinned() ? kPinWidth : 0});
     }
@@ -59,6 +70,7 @@ TabHeadFace TabHeads::FaceAt(std::size_t position) const {
     face.changed = m_faces.IsChanged(*group);
     face.count = group->Count();
     face.loading = group->Loading();
+    face.aimed = m_joins == group->Id();
     return face;
 }
 

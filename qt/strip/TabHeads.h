@@ -3,15 +3,25 @@
 #include "qt/strip/TabFaces.h"
 #include "qt/strip/TabHeadLook.h"
 #include "qt/strip/TabRow.h"
+#include "tabs/TabDrag.h"
 
+#include <optional>
 #include <vector>
 
 namespace tessa::qt {
 
-/// Where the heads of groups stand among the tabs of a strip, and what they say. Strip and faces outlive it.
+/// Where the heads of groups stand among the tabs of a strip, and what they say. What it is given outlives it.
 class TabHeads {
 public:
-    TabHeads(const TabStrip& strip, const TabFaces& faces) : m_strip(strip), m_faces(faces) {}
+    TabHeads(const TabStrip& strip, const TabFaces& faces, const TabDrag& drag)
+        : m_strip(strip), m_faces(faces), m_drag(drag) {}
+
+    /// From now on the tabs that are dragged stand as tabs of that group, of none for 0; of their own for nothing.
+    void Join(std::optional<std::int32_t> group) { m_joins = group; }
+    [[nodiscard]] std::optional<std::int32_t> Joins() const { return m_joins; }
+    /// The group in which the tab stands; nothing for none.
+    [[nodiscard]] const TabGroup* GroupOf(const Tab& tab) const;
+    [[nodiscard]] TabColour ColourOf(const Tab& tab) const;
 
     /// Notes which tabs are the first of their groups, until the next layout of the strip.
     void Note();
@@ -29,6 +39,8 @@ public:
 private:
     const TabStrip& m_strip;
     const TabFaces& m_faces;
+    const TabDrag& m_drag;
+    std::optional<std::int32_t> m_joins;
     std::vector<std::size_t> m_named; ///< the positions of the first tabs of all groups
 };
 

@@ -45,8 +45,13 @@ void TabRow::ScrollPage(Arrow arrow) {
 void TabRow::Reveal(std::size_t position) {
     const QRect place = TabPlace(position);
     if (place.isEmpty()) return;
-    if (place.left() < 0)
-        ScrollTo(m_offset + place.left());
+    // With the head before it, which says of which group it is.
+    const auto item = static_cast<std::size_t>(Find(position) - m_items.data());
+    const bool head = item > 0 && m_items[item - 1].What == TabRowItem::Kind::Head;
+    const int left = (head ? ItemPlace(item - 1) : place).left();
+    const bool fits = place.right() + 1 - left <= Area().width();
+    if (place.left() < 0 || (left < 0 && fits))
+        ScrollTo(m_offset + (fits ? left : place.left()));
     else if (place.right() >= Area().width())
         ScrollTo(m_offset + place.right() + 1 - Area().width());
 }

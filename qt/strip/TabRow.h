@@ -32,7 +32,7 @@ public:
     void ScrollTo(int offset);
     /// A screenful less one tab, so that the eye keeps its place.
     void ScrollPage(Arrow arrow);
-    /// Scrolls as little as shows the whole tab.
+    /// Scrolls as little as shows the whole tab, with a head that stands before it.
     void Reveal(std::size_t position);
 
     [[nodiscard]] int Offset() const { return m_offset; }

@@ -16,7 +16,7 @@ constexpr int kRowPadding = 8;
 } // namespace
 
 TabStripView::TabStripView(TabStrip& strip, const TabFaces& faces, QWidget* parent)
-    : QWidget(parent), m_strip(strip), m_source(faces), m_heads(strip, faces) {
+    : QWidget(parent), m_strip(strip), m_source(faces), m_drag(strip), m_heads(strip, faces, m_drag) {
     setObjectName(QStringLiteral("pcPage"));
     setAccessibleName(QStringLiteral("Tabs"));
     setFocusPolicy(Qt::TabFocus);
@@ -109,7 +109,7 @@ TabStripView::Face TabStripView::FaceOf(const TabRowItem& item) const {
             .asks = tab->Asks(),
             .sound = tab->Sound(),
             .news = tab->News(),
-            .colour = tab->Colour(),
+            .colour = m_heads.ColourOf(*tab),
             .pane = m_source.PaneOf(*tab),
             .chosen = tab->Chosen()};
 }
@@ -133,7 +133,7 @@ TabFace TabStripView::PaintedFace(const TabRowItem& item) const {
     if (!face.busy) face.icon = m_source.IconOf(tab);
     face.sound = tab.Sound();
     face.news = tab.News();
-    face.colour = tab.Colour();
+    face.colour = m_heads.ColourOf(tab);
     face.chosen = tab.Chosen();
     PlaceFace(face, item.Position);
     return face;

@@ -7,6 +7,7 @@
 #include "qt/strip/TabHeads.h"
 #include "qt/strip/TabLook.h"
 #include "qt/strip/TabRow.h"
+#include "tabs/TabDrag.h"
 
 #include <QWidget>
 #include <optional>
@@ -26,7 +27,7 @@ public:
 
     /// A tab was clicked with Ctrl or Shift held: it is to be chosen with others, and not brought to the front.
     Signal<void(Tab&, Qt::KeyboardModifiers held)> ChooseRequested;
-    /// A tab is about to be clicked with the pointer, without such a key.
+    /// A tab is about to be clicked with the pointer, without such a key; one that is chosen with others has been.
     Signal<void()> PlainClick;
     /// The tab's close button was pressed.
     Signal<void(Tab&)> CloseRequested;
@@ -39,10 +40,15 @@ public:
     /// Data is dragged over a point, with or without text; text was dropped.
     Signal<void(bool hasText, QPointF)> DragOver;
     Signal<void(const Text&)> Drop;
-    /// A tab is dragged out of the row, to that point of the screen; it comes back into the row; it is let go outside.
-    Signal<void(const Tab&, QPoint)> DraggedOut;
-    Signal<void(Tab&)> DraggedBack;
-    Signal<void(Tab&, QPoint)> DroppedOut;
+    /// The indexes of views, that of the tab which the pointer holds first.
+    using Views = std::vector<std::int32_t>;
+    /// Tabs are dragged out of the row, to that point of the screen; they come back into the row; they are let go
+    /// outside.
+    Signal<void(const Views&, QPoint)> DraggedOut;
+    Signal<void(const Views&)> DraggedBack;
+    Signal<void(const Views&, QPoint)> DroppedOut;
+    /// Tabs were let go in the row, and are to be of that group from now on; of none for 0.
+    Signal<void(const Views&, std::int32_t group)> Regrouped;
     /// The right button went down on the head of a group.
     Signal<void(const TabGroup&)> GroupMenuRequested;
     /// The button for a new tab, or a double click on the empty part of the row.
@@ -153,13 +159,19 @@ private:
     [[nodiscard]] QRect HeadAt(std::size_t position) const;
     void PressRight(QPoint point);
     void CloseByMiddleButton(QPoint point);
-    void DragTab(QPoint point);
-    bool DragOut(Tab& tab, QPoint point);
+    void Drag(QPoint point);
+    bool BeginDrag(QPoint point);
+    bool DragOut(QPoint point);
+    void DragAlong(int x);
+    void DragOverHead(int x, const TabRowItem& head);
+    void ShowJoining(std::optional<int> x);
     void EndDrag(QPoint point);
+    [[nodiscard]] QRect SpanPlace(TabDrag::Span span) const;
     void OfferDrag(QDropEvent& event);
 
     TabStrip& m_strip;
     const TabFaces& m_source;
+    TabDrag m_drag; ///< holds nothing before the pointer has moved
     TabHeads m_heads;
     TabRow m_row;
     StripClock m_clock;
@@ -171,9 +183,12 @@ private:
     std::optional<Text> m_closing;         ///< key of the tab whose close button is held down
     std::optional<std::int32_t> m_folding; ///< the group whose head is held down
     std::optional<Text> m_dragged;         ///< key of the tab that the left button holds
+    bool m_endsChoice = false;             ///< when the button goes up
     QPoint m_dragStart;
     bool m_dragging = false;
-    bool m_draggedOut = false; ///< and the pointer is outside the row
+    bool m_draggedOut = false;    ///< and the pointer is outside the row
+    bool m_behindHead = false;    ///< the dragged tabs are meant to come behind the head at their right
+    bool m_wasBehindHead = false; ///< when they were taken hold of
     Pixels m_rowHeight{22};
     int m_wheel = 0; ///< what of the wheel's turning has not moved a tab yet
     Connections m_connections;

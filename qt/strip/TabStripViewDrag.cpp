@@ -69,33 +69,97 @@ void TabStripView::CloseByMiddleButton(QPoint point) {
     if (tab) CloseRequested(*tab);
 }
 
-// The tab follows the pointer from place to place. All tabs are of one width, so none jumps to and fro.
-void TabStripView::DragTab(QPoint point) {
-    if (!m_dragging && (point - m_dragStart).manhattanLength() < QApplication::startDragDistance()) return;
-    m_dragging = true;
-    Tab* tab = m_strip.Find(*m_dragged);
-    if (!tab) return m_dragged.reset();
-    if (DragOut(*tab, point)) return;
-    const std::size_t position = m_row.PositionAt({point.x(), m_row.TabPlace(m_strip.PositionOf(tab)).center().y()});
-    if (position == 0 || position == m_strip.PositionOf(tab)) return;
-    m_strip.Move(tab, position);
-    Settle();
+void TabStripView::Drag(QPoint point) {
+    if (!m_dragging && !BeginDrag(point)) return;
+    if (!m_drag.Any() || DragOut(point)) return;
+    DragAlong(point.x());
+}
+
+bool TabStripView::BeginDrag(QPoint point) {
+    if ((point - m_dragStart).manhattanLength() < QApplication::startDragDistance()) return false;
+    const Tab* tab = m_strip.Find(*m_dragged);
+    if (!tab) return m_dragged.reset(), false;
+    std::exchange(m_folding, std::nullopt) ? m_drag.TakeGroup(*tab) : m_drag.Take(*tab);
+    m_behindHead = m_wasBehindHead = tab->Group() && m_drag.BeforeGroup();
+    return m_dragging = true;
 }
 
 // A hand that moves along the row does not keep to it: outside begins half a row beyond.
-bool TabStripView::DragOut(Tab& tab, QPoint point) {
+bool TabStripView::DragOut(QPoint point) {
     const bool outside = point.y() < -height() / 2 || point.y() >= height() + height() / 2;
     const bool was = std::exchange(m_draggedOut, outside);
-    if (outside) DraggedOut(tab, mapToGlobal(point));
-    if (was && !outside) DraggedBack(tab);
+    if (outside) ShowJoining(std::nullopt);
+    if (outside) DraggedOut(m_drag.Indexes(), mapToGlobal(point));
+    if (was && !outside) DraggedBack(m_drag.Indexes());
     return outside;
 }
 
+QRect TabStripView::SpanPlace(TabDrag::Span span) const {
+    QRect place;
+    for (std::size_t item = 0; item < m_row.Items().size(); ++item) {
+        const std::size_t position = m_row.Items()[item].Position;
+        if (position >= span.First && position <= span.Last) place |= m_row.ItemPlace(item);
+    }
+    return place;
+}
+
+// What is dragged follows the pointer from place to place. Single tabs are of one width, so none jumps to and fro;
+// other things change places when the pointer is past the middle, from where it does not lead back.
+void TabStripView::DragAlong(int x) {
+    const TabRowItem* item = m_row.ItemAt({x, height() / 2});
+    const Tab* under = item ? m_strip.FindAt(item->Position) : nullptr;
+    const bool head = item && item->What == TabRowItem::Kind::Head;
+    if (head && m_drag.MayJoin(m_heads.GroupAt(item->Position))) {
+        DragOverHead(x, *item);
+    } else if (under && !m_drag.Holds(*under) && (!head || m_drag.IsGroup())) {
+        const TabDrag::Span span = m_drag.At(item->Position);
+        const bool single = !m_drag.IsGroup() && !m_drag.HoldsSeveral();
+        const bool isRight = span.First > m_drag.Position(), pastMiddle = x > SpanPlace(span).center().x();
+        // Who comes from the tabs of a group has not passed its head.
+        if (single || isRight == pastMiddle) {
+            m_behindHead = !isRight;
+            m_drag.StepOver(span);
+        }
+    }
+    Settle();
+    ShowJoining(x);
+}
+
+// Whoever lets go over a head means its group. Once the tabs stand behind it, they leave it at its other end.
+void TabStripView::DragOverHead(int x, const TabRowItem& head) {
+    const Tab* first = m_strip.FindAt(head.Position);
+    const QRect place = m_row.ItemPlace(static_cast<std::size_t>(&head - m_row.Items().data()));
+    if (first && m_drag.Holds(*first)) {
+        m_behindHead = x >= place.left() + place.width() / 4;
+    } else {
+        m_behindHead = true;
+        m_drag.PutBefore(head.Position);
+    }
+}
+
+// Which group the tabs would come to is seen before they are let go: they stand there. Without a point they stand where
+// they belong.
+void TabStripView::ShowJoining(std::optional<int> x) {
+    const bool shown = x && !m_drag.IsGroup() && (m_drag.Moved() || m_behindHead != m_wasBehindHead);
+    const bool nearLeft = x && *x <= SpanPlace(m_drag.Held()).center().x();
+    const TabGroup* group = shown ? m_drag.GroupHere({.NearLeft = nearLeft, .Behind = m_behindHead}) : nullptr;
+    const auto joins = shown ? std::optional(group ? group->Id() : 0) : std::nullopt;
+    if (joins == m_heads.Joins()) return;
+    m_heads.Join(joins);
+    Relayout();
+}
+
 void TabStripView::EndDrag(QPoint point) {
-    const std::optional<Text> dragged = std::exchange(m_dragged, std::nullopt);
-    m_dragging = false;
-    if (!std::exchange(m_draggedOut, false) || !dragged) return;
-    if (Tab* tab = m_strip.Find(*dragged)) DroppedOut(*tab, mapToGlobal(point));
+    m_dragged.reset();
+    const bool out = std::exchange(m_draggedOut, false);
+    if (!std::exchange(m_dragging, false)) return;
+    const bool any = m_drag.Any();
+    const auto group = m_heads.Joins();
+    const Views views = m_drag.Indexes();
+    ShowJoining(std::nullopt);
+    m_drag.LetGo();
+    if (out && any) DroppedOut(views, mapToGlobal(point));
+    if (!out && any && group) Regrouped(views, *group);
 }
 
 void TabStripView::mouseDoubleClickEvent(QMouseEvent* event) {

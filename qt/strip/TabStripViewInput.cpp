@@ -85,19 +85,24 @@ void TabStripView::SetHover(const Spot& spot) {
 void TabStripView::mouseMoveEvent(QMouseEvent* event) {
     Settle();
     const QPoint point = event->position().toPoint();
-    if (m_dragged) DragTab(point);
+    if (m_dragged) Drag(point);
     SetHover(SpotAt(point));
 }
 
 void TabStripView::leaveEvent(QEvent*) { SetHover({}); }
 
-// With Ctrl or Shift a click on a tab chooses it, and nothing else.
+// With Ctrl or Shift a click on a tab chooses it, and nothing else. All that are chosen may be about to be dragged.
 bool TabStripView::PressToChoose(QPoint point, Qt::KeyboardModifiers held) {
+    m_endsChoice = false;
     const Spot spot = SpotAt(point);
     Tab* tab = spot.part == Part::Tab ? m_strip.FindAt(spot.position) : nullptr;
     if (!tab) return false;
     const bool chooses = held & (Qt::ControlModifier | Qt::ShiftModifier);
-    chooses ? ChooseRequested(*tab, held) : PlainClick();
+    m_endsChoice = !chooses && tab->Chosen();
+    if (chooses)
+        ChooseRequested(*tab, held);
+    else if (!m_endsChoice)
+        PlainClick();
     return chooses;
 }
 
@@ -133,6 +138,8 @@ void TabStripView::PressLeft(QPoint point) {
         BlankRequested();
     } else if (spot.part == Part::Head && m_heads.GroupAt(spot.position)) {
         m_folding = m_heads.GroupAt(spot.position)->Id();
+        m_dragged = tab->Key();
+        m_dragStart = point;
     } else if (spot.part == Part::Close && tab) {
         m_closing = tab->Key();
     } else if (spot.part == Part::Sound && tab) {
@@ -146,7 +153,9 @@ void TabStripView::PressLeft(QPoint point) {
 
 void TabStripView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
+    const bool dragged = m_dragging;
     EndDrag(event->position().toPoint());
+    if (std::exchange(m_endsChoice, false) && !dragged) PlainClick();
     ReleaseHead(event->position().toPoint());
     const std::optional<Text> closing = std::exchange(m_closing, std::nullopt);
     if (!closing) return;

@@ -38,10 +38,10 @@ namespace {
 
 constexpr int kIcon = 16, kButton = 18, kLeft = 10, kGap = 7, kRight = 6, kRoom = 12, kMoon = 12, kBar = 3;
 
-constexpr int kStep = 12;
-
 // A tab of a group stands a step further in than the group.
-QRect LineOf(const QRect& whole, const Tab& tab) { return tab.Group() ? whole.adjusted(kStep, 0, 0, 0) : whole; }
+QRect LineOf(const QRect& whole, const Tab& tab) {
+    return tab.Group() ? whole.adjusted(TabPanelLines::kStep, 0, 0, 0) : whole;
+}
 
 QRect IconPlace(const QRect& line) {
     return {line.left() + kLeft, line.top() + (line.height() - kIcon) / 2, kIcon, kIcon};

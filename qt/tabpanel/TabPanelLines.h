@@ -19,6 +19,8 @@ class TabPanelLines final : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
+    /// How far a tab of a group stands further in than the group.
+    static constexpr int kStep = 12;
     /// What can be pressed on a line.
     enum class Part { Line, Sound, Close };
 

@@ -108,6 +108,10 @@ int TabPanelModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
 }
 
+bool TabPanelModel::hasChildren(const QModelIndex& parent) const {
+    return parent.isValid() ? GroupAt(parent) != nullptr : !m_rows.empty();
+}
+
 int TabPanelModel::columnCount(const QModelIndex&) const { return 1; }
 
 QString TabPanelModel::StateOf(const Tab& tab) const {
@@ -121,6 +125,7 @@ QString TabPanelModel::StateOf(const Tab& tab) const {
     if (tab.News() == TabNews::New) all += QStringLiteral("new");
     if (m_form.IsAsleep(tab)) all += QStringLiteral("asleep");
     if (tab.Private()) all += QStringLiteral("private");
+    if (tab.Group()) all += QStringLiteral("in the group ") + ToQt(OneLine(tab.Group()->Name()));
     return all.join(QStringLiteral(", "));
 }
 
@@ -163,7 +168,7 @@ bool TabPanelModel::setData(const QModelIndex& index, const QVariant& value, int
 
 Qt::ItemFlags TabPanelModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
-    if (ViewAt(index) < 0) return Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+    if (ViewAt(index) < 0) return Qt::ItemIsEnabled;
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemNeverHasChildren;
 }
 

@@ -34,6 +34,9 @@ public:
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     [[nodiscard]] QModelIndex parent(const QModelIndex& index) const override;
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    /// A group is said to have lines below it, although they are rows beside its own: so screen readers say whether it
+    /// is folded.
+    [[nodiscard]] bool hasChildren(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     /// Nothing: a screen reader would read the header that nobody sees.

@@ -64,9 +64,19 @@ void TabPanelView::Refresh() {
     const QModelIndex marked = m_model->IndexOf(current);
     if (const QModelIndex shown = marked.isValid() ? marked : m_model->IndexOf(inFront); shown != currentIndex())
         selectionModel()->setCurrentIndex(shown, QItemSelectionModel::NoUpdate);
+    ShowFolded();
     SelectRows();
     if (std::exchange(m_front, inFront) == inFront) return;
     if (const QModelIndex line = m_model->IndexOf(inFront); line.isValid()) scrollTo(line);
+}
+
+// For screen readers, as what is selected: nothing stands below a line here.
+void TabPanelView::ShowFolded() {
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        const QModelIndex line = m_model->index(row, 0);
+        const TabGroup* group = m_model->GroupAt(line);
+        if (group) setExpanded(line, !m_form.IsFolded(*group));
+    }
 }
 
 // For whoever asks what is selected: screen readers.
@@ -93,12 +103,24 @@ QItemSelectionModel::SelectionFlags TabPanelView::selectionCommand(const QModelI
 
 void TabPanelView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
-    if (m_place < 0) return;
-    const QModelIndex line = m_model->index(std::min(m_place, m_model->rowCount() - 1), 0);
-    const QRect place = visualRect(line);
-    const int y = m_place < m_model->rowCount() ? place.top() : place.bottom() + 1;
+    if (!m_place || m_model->rowCount() == 0) return;
     QPainter painter(viewport());
-    painter.fillRect(QRect(2, y - 1, viewport()->width() - 4, 2), palette().color(QPalette::Highlight));
+    PaintPlace(painter, *m_place);
+}
+
+// What comes into a group comes under its tabs, a step further in; onto its name, into a frame around that.
+void TabPanelView::PaintPlace(QPainter& painter, const TabPanelPlace& place) const {
+    const QColor ink = palette().color(QPalette::Highlight);
+    const int row = static_cast<int>(place.Entry);
+    if (place.OnGroup) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(ink, 2));
+        return painter.drawRoundedRect(QRectF(visualRect(m_model->index(row - 1, 0))).adjusted(1, 1, -1, -1), 3, 3);
+    }
+    const bool end = row >= m_model->rowCount();
+    const QRect line = visualRect(m_model->index(end ? m_model->rowCount() - 1 : row, 0));
+    const int left = place.Group == 0 ? 2 : 2 + TabPanelLines::kStep;
+    painter.fillRect(QRect(left, (end ? line.bottom() + 1 : line.top()) - 1, viewport()->width() - 2 - left, 2), ink);
 }
 
 void TabPanelView::contextMenuEvent(QContextMenuEvent* event) {

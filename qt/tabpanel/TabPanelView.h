@@ -65,6 +65,7 @@ private:
 
     void BeAPlainList();
     void SelectRows();
+    void ShowFolded();
     [[nodiscard]] Press PressAt(QPoint point) const;
     void ClickOn(const Press& press, Qt::KeyboardModifiers held);
     bool OnKey(const QKeyEvent& event);
@@ -76,17 +77,19 @@ private:
     void DragAsLinks();
     void EndDrag();
     void Drop(QPoint point);
-    void ShowPlace(int place);
+    void ShowPlace(std::optional<TabPanelPlace> place);
+    void PaintPlace(QPainter& painter, const TabPanelPlace& place) const;
     void ScrollAtEdge();
-    [[nodiscard]] int PlaceAt(QPoint point) const;
+    [[nodiscard]] TabPanelPlace PlaceAt(QPoint point) const;
 
     frmTabPanel& m_form;
     TabPanelModel* m_model;
     TabPanelLines* m_lines;
     std::optional<Press> m_press;
-    Views m_dragged;    ///< none while nothing is dragged
-    bool m_out = false; ///< and it is outside the list
-    int m_place = -1;   ///< the line before which it would come; below 0 for none
+    Views m_dragged;                      ///< none while nothing is dragged
+    bool m_out = false;                   ///< and it is outside the list
+    std::int32_t m_dragging = 0;          ///< the line by which it is
+    std::optional<TabPanelPlace> m_place; ///< where it would come
     std::int32_t m_front = 0;
     QTimer m_scroll;
 };

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QUrl>
+#include <algorithm>
 #include <utility>
 
 namespace tessa::qt {
@@ -36,7 +37,10 @@ void TabPanelView::mouseMoveEvent(QMouseEvent* event) {
     const bool held = event->buttons().testFlag(Qt::LeftButton) && m_press;
     if (!held || m_press->part != TabPanelLines::Part::Line) return;
     if (m_dragged.empty() && (point - m_press->at).manhattanLength() < QApplication::startDragDistance()) return;
-    if (m_dragged.empty()) m_dragged = m_form.Dragged(m_press->view);
+    if (m_dragged.empty()) {
+        m_dragged = m_form.Dragged(m_press->view);
+        m_dragging = m_press->view;
+    }
     if (!m_dragged.empty()) Drag(point);
 }
 
@@ -61,7 +65,7 @@ void TabPanelView::ClickOn(const Press& press, Qt::KeyboardModifiers held) {
 // Inside the list it is put in order, in the rest of the window it goes to the pages. Beyond, it is a link.
 void TabPanelView::Drag(QPoint point) {
     if (viewport()->rect().contains(point)) return DragInside(point);
-    ShowPlace(-1);
+    ShowPlace(std::nullopt);
     const QPoint at = viewport()->mapToGlobal(point);
     if (!window()->frameGeometry().contains(at)) return DragAsLinks();
     m_out = true;
@@ -85,30 +89,32 @@ void TabPanelView::ScrollAtEdge() {
     if (bar->value() != before) ShowPlace(PlaceAt(point));
 }
 
-int TabPanelView::PlaceAt(QPoint point) const {
+TabPanelPlace TabPanelView::PlaceAt(QPoint point) const {
     const QModelIndex index = indexAt(point);
-    if (!index.isValid()) return m_model->rowCount();
-    return index.row() + (point.y() > visualRect(index).center().y() ? 1 : 0);
+    if (!index.isValid()) return m_form.PlaceOver(m_form.Entries().size(), 0, m_dragging);
+    const QRect line = visualRect(index);
+    const double part = static_cast<double>(point.y() - line.top()) / std::max(line.height(), 1);
+    return m_form.PlaceOver(static_cast<std::size_t>(index.row()), part, m_dragging);
 }
 
-void TabPanelView::ShowPlace(int place) {
+void TabPanelView::ShowPlace(std::optional<TabPanelPlace> place) {
     if (std::exchange(m_place, place) != place) viewport()->update();
 }
 
 void TabPanelView::Drop(QPoint point) {
     const Views dragged = m_dragged;
-    const int place = m_place;
+    const auto place = m_place;
     const bool out = m_out;
     EndDrag();
     if (out) return DroppedOut(dragged, viewport()->mapToGlobal(point));
-    if (place >= 0) m_form.Move(dragged, static_cast<std::size_t>(place));
+    if (place) m_form.Move(dragged, *place);
 }
 
 void TabPanelView::EndDrag() {
     m_press.reset();
     m_dragged.clear();
     m_scroll.stop();
-    ShowPlace(-1);
+    ShowPlace(std::nullopt);
     if (std::exchange(m_out, false)) DraggedBack();
 }
 

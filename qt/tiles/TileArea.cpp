@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace tessa::qt {
@@ -143,6 +144,20 @@ bool TileArea::Drop(std::int32_t index, QPoint at) {
     const auto aim = AimAt(index, at);
     HideDrop();
     return aim && m_tiles->Drop(index, aim->at, aim->edge);
+}
+
+bool TileArea::Drop(const std::vector<std::int32_t>& indexes, QPoint at) {
+    HideDrop();
+    if (indexes.empty() || !AimAt(indexes.front(), at)) return false;
+    std::set<std::int32_t> all(indexes.begin(), indexes.end());
+    all.insert(m_tiles->Focus());
+    if (const auto* shown = m_tiles->Shown()) {
+        for (const std::int32_t each : shown->Numbers()) all.insert(each);
+    }
+    if (MayShow && !MayShow(all.size())) return false;
+    if (!Drop(indexes.front(), at)) return false;
+    for (auto index = indexes.rbegin(); index + 1 != indexes.rend(); ++index) m_tiles->ShowBeside(*index);
+    return true;
 }
 
 bool TileArea::event(QEvent* event) {

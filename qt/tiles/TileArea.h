@@ -8,6 +8,7 @@
 #include "tiles/Tiles.h"
 
 #include <QWidget>
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -39,10 +40,14 @@ public:
     void ShowDrop(std::int32_t index, QPoint at);
     /// It is let go there. False when it would come nowhere.
     bool Drop(std::int32_t index, QPoint at);
+    /// Several: the first one comes there, and the others beside it, if so many may be shown.
+    bool Drop(const std::vector<std::int32_t>& indexes, QPoint at);
     void HideDrop() { m_dropZone.hide(); }
     /// Lets the arrow keys move the dividers at the pane in focus, until its page gets the keyboard again.
     void MoveDividers();
 
+    /// Whether so many pages may be shown at once; filled in by the owner, who may ask.
+    std::function<bool(std::size_t count)> MayShow;
     Signal<void(std::int32_t index)> CloseRequested;
     /// The pop-up of that tab is wanted.
     Signal<void(std::int32_t index)> MenuRequested;

@@ -8,6 +8,7 @@ import pyatspi
 
 import desk
 import lives
+from pointer import drag, middle
 
 PROGRAM = desk.program_file()
 TITLES = ["Garden", "Pond", "Meadow"]
@@ -131,6 +132,22 @@ class TabGroups(unittest.TestCase):
             program.wait_strip(["Meadow", "TessaView", "Garden", "[Pond]"])
             self.wait_head(program, changed + ", folded")
             self.wait_seen(program, "Meadow", "TessaView", "Pond")
+
+    def test_a_head_is_dragged_with_its_tabs_and_a_tab_is_dropped_on_it(self):
+        with desk.Program(PROGRAM, self.file, home=self.home) as program:
+            program.wait_strip(["about:blank", "Garden", "Pond", "[Meadow]"])
+            program.focus()
+            head = self.wait_head(program, "Group Walk, 3 tabs")
+            place = program.find("page tab", "about:blank").queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+            before = (place.x + 4, place.y + place.height // 2)
+            moved = ["Garden", "Pond", "[Meadow]", "about:blank"]
+            drag(middle(head), before, lambda: program.strip() == moved)
+            program.wait_strip(moved)
+            self.wait_head(program, "Group Walk, 3 tabs")
+            self.wait_seen(program, "Garden", "Pond", "Meadow", "about:blank")
+            drag(middle(program.find("page tab", "about:blank")), middle(self.wait_head(program, "Group Walk, 3 tabs")))
+            self.wait_head(program, "Group Walk, 4 tabs")
+            program.wait_strip(["[about:blank]", "Garden", "Pond", "Meadow"])
 
 
 if __name__ == "__main__":

@@ -284,6 +284,25 @@ TEST_F(TiledPages, ATabIsDraggedFromTheStripToThePageThatWasInFront) {
     ASSERT_TRUE(WaitUntil([&] { return Visible(2) && Visible(3); }));
 }
 
+TEST_F(TiledPages, TabsThatAreChosenAreDraggedFromTheStripTogether) {
+    Open(4, "page");
+    strip.resize(1000, strip.RowHeight().value);
+    strip.setParent(&desk.window);
+    strip.show();
+    desk.main->pcPage.Select(desk.main->pcPage.Find(u"Tab2"));
+    ASSERT_TRUE(WaitUntil([&] { return Visible(2) && !Visible(3); }));
+    desk.main->Choice().Replace({3, 4});
+    const QPoint from = strip.TabPlace(desk.main->pcPage.PositionOf(desk.main->pcPage.Find(u"Tab4"))).center();
+    QTest::mousePress(&strip, Qt::LeftButton, {}, from);
+    for (const int y : {20, 60, 200, 350}) QTest::mouseMove(&strip, QPoint(990, y));
+    EXPECT_EQ(desk.main->Tabs().CurrentIndex(), 2);
+    QTest::mouseRelease(&strip, Qt::LeftButton, {}, QPoint(990, 350));
+    ASSERT_TRUE(desk.main->Tiles().Shown());
+    EXPECT_EQ(ToUtf8(TileText(*desk.main->Tiles().Shown())), "h(2 4:500 3:500)") << "the dropped one first";
+    EXPECT_EQ(desk.main->Choice().Count(), 2U);
+    for (const int shown : {2, 3, 4}) ASSERT_TRUE(WaitUntil([&] { return Visible(shown); }));
+}
+
 TEST_F(TiledPages, ATabThatIsDroppedNowhereIsOnlySelected) {
     Open(2, "page");
     strip.resize(1000, strip.RowHeight().value);

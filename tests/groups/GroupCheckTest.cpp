@@ -123,6 +123,41 @@ TEST_F(GroupMendingTest, ReplacesAndRemovesAndLeavesTheRest) {
     EXPECT_EQ(folder.Read("a.tvg"), "; mine\r\n[TessaGroup]\r\nurl1=https://a/\r\n[Other]\r\nurl1=http://a/\r\n");
 }
 
+struct MendedPanes {
+    const char *panes, *places;
+    std::map<Text, Text> changes;
+    const char* mended;
+};
+
+// The pages are a, b, c and again a, in this order unless the plan says otherwise.
+TEST_F(GroupMendingTest, PanesGoWithTheirPages) {
+    const Text a = u"http://a/", b = u"http://b/", c = u"http://c/", z = u"http://z/";
+    const std::vector<MendedPanes> table{
+        {"h(1 v(2 3))", "", {{b, u""}}, "h(1 2)"},
+        {"h(1 v(2 3))", "", {{b, z}}, "h(1 v(2 3))"},
+        {"h(1 v(2 3))", "", {{a, u""}}, "v(1 2)"},
+        {"h(1 v(2 3))", "", {{a, z}, {b, u""}}, "h(1 2)"},
+        {"h(2 3)", "", {{a, b}, {b, c}, {c, a}}, "h(2 3)"},
+        {"h(1 2 3 4)", "", {{b, u""}, {c, u""}}, "h(1 2)"},
+        {"h(3 4)", "", {{c, u""}}, "none"},
+        {"h(1 2); v(3 4)", "", {{b, u""}}, "v(2 3)"},
+        {"h(1 2)", "page1=first http://c/\r\n", {{c, z}}, "h(1 2)"},
+        {"h(1 2)", "page1=first http://c/\r\n", {{a, u""}}, "none"},
+        {"h(1 3)", "page1=first http://c/\r\n", {{a, u""}}, "h(1 2)"},
+        {"none", "", {{b, u""}}, "none"},
+    };
+    for (const MendedPanes& each : table) {
+        folder.Write("p.tvg", "[TessaGroup]\r\n1=http://a/\r\n2=http://b/\r\n3=http://c/\r\n4=http://a/\r\n"
+                              "[TessaView]\r\npanes=" +
+                                  std::string(each.panes) + "\r\n" + each.places);
+        EXPECT_TRUE(GroupMending::Change(folder.PathText("p.tvg"), each.changes));
+        const std::string mended = folder.Read("p.tvg");
+        EXPECT_NE(mended.find("panes=" + std::string(each.mended) + "\r\n"), std::string::npos)
+            << each.panes << each.places << "\n"
+            << mended;
+    }
+}
+
 TEST_F(GroupMendingTest, WhatStandsThereNoMoreIsNotChanged) {
     EXPECT_TRUE(GroupMending::Change(file, {{u"http://c/", u"http://d/"}}));
     EXPECT_EQ(folder.Read("a.tvg"), kBefore);

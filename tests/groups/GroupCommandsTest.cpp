@@ -241,6 +241,48 @@ TEST_F(GroupMenu, AddWritesTheCurrentPageBehindTheOthers) {
     EXPECT_TRUE(desk.Renews(u"bndTessaGroupsMenu"));
 }
 
+struct SavedPanes {
+    const char *panes, *places;
+    std::vector<Text> saved;
+    const char* mended;
+};
+
+TEST_F(GroupMenu, WhatIsSavedOverAGroupLeavesItsPanesToTheSamePages) {
+    const std::vector<SavedPanes> table{
+        {"h(1 2)", "", {u"http://b/", u"http://a/", u"http://c/"}, "h(2 1)"},
+        {"h(1 2)", "", {u"http://x/", u"http://a/", u"http://y/", u"http://b/"}, "h(2 4)"},
+        {"h(1 v(2 3))", "", {u"http://c/", u"http://a/"}, "h(2 1)"},
+        {"h(1 2)", "", {u"http://c/"}, "none"},
+        {"h(1 2)", "page1=first http://c/\r\n", {u"http://a/", u"http://c/"}, "h(1 2)"},
+        {"h(1 2) linked", "", {u"http://a/", u"http://b/", u"http://c/"}, "h(1 2) linked"},
+        {"none", "", {u"http://b/", u"http://a/"}, "none"},
+    };
+    desk.Start();
+    for (const SavedPanes& each : table) {
+        Write("p.tvg", "[TessaGroup]\r\n1=http://a/\r\n2=http://b/\r\n3=http://c/\r\n[TessaView]\r\npanes=" +
+                           std::string(each.panes) + "\r\n" + each.places + "x=1\r\n");
+        desk.messages.answers = {Answer::Yes};
+        desk.main.Groups().SaveAddresses(PathText("p.tvg"), each.saved);
+        const std::string mended = Read("p.tvg");
+        EXPECT_NE(mended.find("panes=" + std::string(each.mended) + "\r\n"), std::string::npos)
+            << each.panes << each.places << "\n"
+            << mended;
+        EXPECT_NE(mended.find("x=1"), std::string::npos);
+    }
+}
+
+TEST_F(GroupMenu, AnAddedPageThatOpensBeforeOthersLeavesThePanesToTheirPages) {
+    const std::string pages = "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://b/\r\n";
+    const std::string last = "page1=last http://b/\r\n";
+    desk.Start();
+    Write("p.tvg", pages + "[TessaView]\r\npanes=h(1 2)\r\n" + last);
+    desk.AddToGroup(u"http://c/", PathText("p.tvg"));
+    EXPECT_EQ(Read("p.tvg"), pages + "url3=http://c/\r\n[TessaView]\r\npanes=h(1 3)\r\n" + last);
+    Write("q.tvg", pages + "[TessaView]\r\npanes=h(1 2)\r\n");
+    desk.AddToGroup(u"http://c/", PathText("q.tvg"));
+    EXPECT_EQ(Read("q.tvg"), pages + "url3=http://c/\r\n[TessaView]\r\npanes=h(1 2)\r\n");
+}
+
 TEST_F(GroupMenu, AddMakesAMissingGroup) {
     desk.Start();
     desk.AddToGroup(u"http://page/", PathText("new.tvg"));

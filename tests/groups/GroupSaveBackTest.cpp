@@ -76,6 +76,54 @@ TEST_F(GroupSaveBack, WhatSomebodyElseHasWrittenShowsAsAChange) {
     EXPECT_EQ(desk.Units(), "1 News(2 [3*])") << "what this program writes is seen at once";
 }
 
+TEST_F(GroupSaveBack, ATabThatIsAddedJoinsTheTabsOfTheGroup) {
+    desk.NewTab(InFront::Yes);
+    desk.PageLoads(4, u"http://user:word@c/", u"C");
+    desk.MoveTab(4, 1);
+    EXPECT_EQ(desk.Units(), "[4*] 1 News(2 3)");
+    desk.main.Groups().AddTabsToTessaGroup({4}, groups.PathText("News.tvg"));
+    EXPECT_EQ(desk.Units(), "1 News(2 3 [4*])") << "behind the last one, as in the file";
+    EXPECT_EQ(desk.Said(), "Added to the TessaGroup News.");
+    Save();
+    EXPECT_EQ(desk.Said(), "The TessaGroup News is as its tabs already.");
+    desk.Close(2);
+    desk.messages.own.clear();
+    desk.main.Groups().SaveBack(desk.GroupAt(3).Id());
+    EXPECT_EQ(File(), "; mine\r\n[TessaGroup]\r\nurl2=http://b/\r\nurl3=http://c/\r\n[Other]\r\nx=1\r\n");
+    EXPECT_TRUE(desk.messages.own.empty()) << "its user has added it himself";
+}
+
+TEST_F(GroupSaveBack, OnlyTabsOfNoGroupJoinAndNoPinnedOnes) {
+    groups.Write("Mail.tvg", "[TessaGroup]\r\nurl1=http://m/\r\n");
+    desk.OpenGroup(groups.PathText("Mail.tvg"));
+    desk.PageLoads(4, u"http://m/", u"M");
+    desk.NewTab(InFront::Yes);
+    desk.PageLoads(5, u"http://p/", u"P");
+    desk.main.pcPage.SetPinned(desk.main.pcPage.FindAt(5), true);
+    desk.PageLoads(1, u"http://one/", u"One");
+    EXPECT_EQ(desk.Units(), "[^5*] 1 News(2 3) Mail(4)");
+    desk.main.Groups().AddTabsToTessaGroup({5, 4, 1, 77}, groups.PathText("News.tvg"));
+    EXPECT_EQ(desk.Units(), "[^5*] News!(2 3 1) Mail(4)");
+    EXPECT_EQ(desk.Said(), "3 pages were added to the TessaGroup News.");
+    groups.Write("News.tvg", "[TessaGroup]\r\nurl1=http://theirs/\r\n");
+    desk.main.Groups().AddTabsToTessaGroup({4}, groups.PathText("News.tvg"));
+    EXPECT_TRUE(desk.main.TabGroups().IsOvertaken(desk.GroupAt(2).Id())) << "somebody else has written too";
+}
+
+TEST_F(GroupSaveBack, OfSeveralThatAreOpenTheOneInFrontIsJoinedElseTheLast) {
+    desk.OpenGroup(groups.PathText("News.tvg"));
+    desk.StopAll();
+    desk.ClickTab(1);
+    desk.PageLoads(1, u"http://one/", u"One");
+    desk.main.Groups().AddTabsToTessaGroup({1}, groups.PathText("News.tvg"));
+    EXPECT_EQ(desk.Units(), "News!(2 3) News(4 5 [1*])");
+    desk.NewTab(InFront::No);
+    desk.PageLoads(6, u"http://six/", u"Six");
+    desk.ClickTab(2);
+    desk.main.Groups().AddTabsToTessaGroup({6}, groups.PathText("News.tvg"));
+    EXPECT_EQ(desk.Units(), "News!(2 [3*] 6) News!(4 5 1)");
+}
+
 TEST_F(GroupSaveBack, AFileThatHasGoneIsMadeAgain) {
     ASSERT_EQ(RemoveFile(groups.Path("News.tvg")), Outcome::Done);
     desk.main.Groups().RereadAll();

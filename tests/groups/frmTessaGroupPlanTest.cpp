@@ -110,6 +110,44 @@ TEST_F(PlanEditor, PanesAreKeptOrNoLongerAndMoveWithTheirPages) {
     EXPECT_NE(Read(kFile).find("[TessaView]\r\npanes=none\r\n"), std::string::npos);
 }
 
+TEST_F(PlanEditor, AnAddressThatIsReplacedLiesInThePaneOfTheOneBefore) {
+    Edit({"a", "b", "moved", "gone"}, "[TessaView]\r\npanes=h(1 3 4)\r\n", [&] {
+        form.lstUrls.ListIndex = 1;
+        form.cmdDelete.Click();
+        forms.inGroupCheck = [](frmGroupCheck& check) {
+            check.Tick(2, true);
+            check.cmdReplace.Click();
+            check.cmdRemove.Click();
+        };
+        form.cmdCheck.Click();
+        form.lstUrls.ListIndex = 0;
+        form.cmdUpdate.Click();
+        form.txtUrl.Value = u"http://z/";
+        form.cmdUrlInsert.Click();
+        EXPECT_EQ(List(), "http://z/ http://new/ ");
+        form.cmdOK.Click();
+    });
+    EXPECT_EQ(Read(kFile), "; mine\r\n[TessaGroup]\r\nurl0=http://z/\r\nurl1=http://new/\r\n"
+                           "[TessaView]\r\npanes=h(1 2)\r\n");
+}
+
+TEST_F(PlanEditor, OfOneAddressTwiceThatIsMeantWhichIsSelected) {
+    Write(kFile, "[TessaGroup]\r\n1=http://a/\r\n2=http://b/\r\n3=http://a/\r\n[TessaView]\r\npanes=h(2 3)\r\n");
+    frmTessaGroup twice{messages, forms, {}};
+    forms.inTessaGroup = [&](frmTessaGroup&) {
+        twice.Form.Visible = true;
+        twice.lstUrls.ListIndex = 2;
+        twice.cmdUpdate.Click();
+        twice.txtUrl.Value = u"http://z/";
+        twice.cmdUrlInsert.Click();
+        twice.lstUrls.ListIndex = 0;
+        twice.cmdDelete.Click();
+        twice.cmdOK.Click();
+    };
+    twice.EditTessaGroup(PathText(kFile));
+    EXPECT_EQ(Read(kFile), "[TessaGroup]\r\nurl0=http://b/\r\nurl1=http://z/\r\n[TessaView]\r\npanes=h(1 2)\r\n");
+}
+
 TEST_F(PlanEditor, WhatIsNotChangedStaysAsItIsWritten) {
     const std::string plan = "[TessaView]\r\n; note\r\ncolour=ultraviolet\r\nzoom=9\r\npage7=muted,loud http://a/\r\n"
                              "page8=odd http://a/\r\n";

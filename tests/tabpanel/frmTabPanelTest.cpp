@@ -110,15 +110,15 @@ TEST_F(frmTabPanelTest, ClosesAllChosenAsOneCommand) {
 TEST_F(frmTabPanelTest, MovesTabsTogether) {
     Start(5);
     EXPECT_EQ(Lines(), "1 2 3 4 5");
-    panel.Move({2, 4}, 5);
+    panel.Move({2, 4}, {5});
     EXPECT_EQ(Lines(), "1 3 5 2 4");
-    panel.Move({2, 4}, 0);
+    panel.Move({2, 4}, {0});
     EXPECT_EQ(Lines(), "2 4 1 3 5");
-    panel.Move({1, 77, 5}, 1);
+    panel.Move({1, 77, 5}, {1});
     EXPECT_EQ(Lines(), "2 1 5 4 3") << "what has closed meanwhile is left out";
-    panel.Move({4, 3}, 4);
+    panel.Move({4, 3}, {4});
     EXPECT_EQ(Lines(), "2 1 5 4 3") << "where they are already";
-    panel.Move({3}, 99);
+    panel.Move({3}, {99});
     EXPECT_EQ(Lines(), "2 1 5 4 3");
     EXPECT_EQ(desk.Strip(), "2 [1*] 5 4 3");
 }
@@ -185,16 +185,77 @@ TEST_F(frmTabPanelTest, TabsAreDraggedIntoGroupsAndOutOfThem) {
     Start(3);
     OpenGroup("News", "url1=http://a/\r\nurl2=http://b/\r\n");
     EXPECT_EQ(Lines(), "1 News: -4 -5 2 3");
-    panel.Move({3}, 3);
+    const std::int32_t news = desk.TabOf(4).Group()->Id();
+    panel.Move({3}, {3, news});
     EXPECT_EQ(Lines(), "1 News: -4 -3 -5 2");
-    panel.Move({4}, 6);
+    panel.Move({4}, {6});
     EXPECT_EQ(Lines(), "1 News: -3 -5 2 4");
-    const std::int32_t news = desk.TabOf(3).Group()->Id();
     EXPECT_EQ(panel.Dragged(-news), (std::vector<std::int32_t>{3, 5}));
-    panel.Move(panel.Dragged(-news), 6);
+    panel.Move(panel.Dragged(-news), {6});
     EXPECT_EQ(Lines(), "1 2 4 News: -3 -5") << "a whole group stays one";
-    panel.Move({2}, 4);
+    panel.Move({2}, {4, news});
     EXPECT_EQ(Lines(), "1 4 News: -2 -3 -5");
+    panel.Move({1}, {6, news});
+    EXPECT_EQ(Lines(), "4 News: -2 -3 -5 -1") << "behind the last one";
+    panel.Move({3}, {5});
+    EXPECT_EQ(Lines(), "4 News: -2 -5 -1 3") << "and behind the group";
+    panel.Move({3, 4}, {2, news, true});
+    EXPECT_EQ(Lines(), "News: -3 -4 -2 -5 -1");
+    panel.Move({5, 99}, {1, news, true});
+    EXPECT_EQ(Lines(), "News: -5 -3 -4 -2 -1");
+    panel.Move({1}, {77, 99});
+    EXPECT_EQ(Lines(), "News: -5 -3 -4 -2 -1") << "that group has gone";
+}
+
+/// Where a tab would come that is dragged over an entry, and where a group.
+struct OverEntry {
+    std::size_t entry;
+    double part;
+    TabPanelPlace tab, group;
+};
+
+TEST_F(frmTabPanelTest, ThePartOfTheLineSaysWhatIsMeant) {
+    Start(2);
+    OpenGroup("News", "url1=http://a/\r\nurl2=http://b/\r\n");
+    OpenGroup("Mail", "url1=http://c/\r\n");
+    EXPECT_EQ(Lines(), "1 News: -3 -4 Mail: -5 2");
+    const std::int32_t news = desk.TabOf(3).Group()->Id(), mail = desk.TabOf(5).Group()->Id();
+    const std::vector<OverEntry> table{
+        {0, 0.1, {0}, {0}},
+        {0, 0.9, {1}, {1}},
+        {1, 0.1, {1}, {1}},
+        {1, 0.5, {2, news, true}, {1}},
+        {1, 0.9, {2, news, true}, {1}},
+        {2, 0.1, {2, news}, {1}},
+        {2, 0.9, {3, news}, {4}},
+        {3, 0.4, {3, news}, {4}},
+        {3, 0.6, {4, news}, {4}},
+        {4, 0.2, {4}, {4}},
+        {5, 0.9, {6, mail}, {6}},
+        {6, 0.1, {6}, {6}},
+        {6, 0.9, {7}, {7}},
+        {7, 0, {7}, {7}},
+        {99, 0.5, {7}, {7}},
+    };
+    const auto expect = [&](std::int32_t dragged, auto wanted) {
+        for (const OverEntry& each : table) {
+            const TabPanelPlace place = panel.PlaceOver(each.entry, each.part, dragged);
+            const TabPanelPlace& other = each.*wanted;
+            EXPECT_TRUE(place == other) << each.entry << " " << each.part << ": " << place.Entry << " " << place.Group
+                                        << " " << place.OnGroup;
+        }
+    };
+    expect(1, &OverEntry::tab);
+    expect(-mail, &OverEntry::group);
+    desk.ClickTab(1);
+    panel.Click(-mail);
+    panel.Click(-news);
+    EXPECT_EQ(Lines(), "1 News: Mail: 2");
+    EXPECT_TRUE(panel.PlaceOver(1, 0.5, 1) == (TabPanelPlace{2, news, true}));
+    EXPECT_TRUE(panel.PlaceOver(1, 0.9, 1) == TabPanelPlace{2}) << "behind a folded group";
+    panel.Move({1}, panel.PlaceOver(1, 0.5, 1));
+    EXPECT_EQ(Lines(), "News: -1 Mail: 2") << "what is in front is always shown";
+    EXPECT_EQ(desk.Units(), "News-!2([1*] 3 4) Mail-1(5) 2");
 }
 
 } // namespace

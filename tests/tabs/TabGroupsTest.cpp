@@ -68,6 +68,22 @@ TEST_F(TabGroupsTest, ATabThatIsOpenedFromAGroupIsOfNone) {
     EXPECT_EQ(desk.Units(), "1 News(2) [5*] News(3 4)");
 }
 
+TEST_F(TabGroupsTest, SeveralTabsArePutIntoAGroupOrIntoNone) {
+    groups.Write("Mail.tvg", "[TessaGroup]\r\nurl1=http://m/\r\nurl2=http://n/\r\n");
+    Open("Mail.tvg");
+    desk.StopAll();
+    EXPECT_EQ(desk.Units(), "1 News(2 3 4) Mail(5 [6*])");
+    const std::int32_t news = GroupOf(2);
+    Model().Put({1, 5, 3, 99}, news);
+    EXPECT_EQ(desk.Units(), "News!(1 2 3 4 5) Mail!([6*])");
+    Model().Put({5, 6}, 0);
+    EXPECT_EQ(desk.Units(), "News!(1 2 3 4) 5 Mail!([6*])") << "all of one together stay one";
+    Model().Put({1, 2}, 99);
+    EXPECT_EQ(desk.Units(), "News!(1 2 3 4) 5 Mail!([6*])") << "that group has gone";
+    Model().Put({6}, news);
+    EXPECT_EQ(desk.Units(), "News!(1 2 3 4) 5 News!([6*])");
+}
+
 TEST_F(TabGroupsTest, AClosedTabAMovedOneAndAnotherPageAreChanges) {
     desk.MoveTab(2, 3);
     EXPECT_EQ(desk.Units(), "1 News!(3 2 [4*])");

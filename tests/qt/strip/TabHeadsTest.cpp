@@ -1,15 +1,17 @@
-// Tests: StripParts, TabHeadLook, TabRow, TabStripAccessible
+// Tests: StripParts, TabHeadLook, TabRow, TabStripAccessible, TabStripViewDrag
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
 #include "qt/strip/TabStripAccessible.h"
 #include "qt/strip/TabStripView.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QPaintEvent>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace tessa::qt {
 
@@ -37,9 +39,22 @@ protected:
         strip.SetGroup(At(3), group);
         strip.SetGroup(At(5), group);
         strip.SetPinned(At(6), true);
+        widget.Regrouped.ConnectForLife([this](const TabStripView::Views& views, std::int32_t into) {
+            std::string all;
+            for (const std::int32_t each : views) all = std::to_string(each) + (all.empty() ? "" : "," + all);
+            const auto* joined = strip.FindGroup(into);
+            regrouped += all + " -> " + (joined ? ToUtf8(joined->Name()) : std::string("-")) + ";";
+        });
         widget.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
     }
+    void Drag(QPoint from, const std::vector<QPoint>& way) {
+        QTest::mousePress(&widget, Qt::LeftButton, {}, from);
+        for (const QPoint& each : way) QTest::mouseMove(&widget, each);
+        QTest::mouseRelease(&widget, Qt::LeftButton, {}, way.back());
+    }
+    /// The line that says of which group a tab is.
+    QColor LineOf(int tag) { return ColourAt({Place(tag).center().x(), Place(tag).bottom()}); }
     Tab* Add() {
         Tab* tab = strip.Add(0, u"Tab" + Decimal(++m_last));
         tab->Tag = m_last;
@@ -67,6 +82,7 @@ protected:
     Faces faces;
     TabStripView widget{strip, faces};
     TabGroup* group = nullptr;
+    std::string regrouped;
 
 private:
     std::int32_t m_last = 0;
@@ -193,8 +209,174 @@ TEST_F(TabHeadsTest, ATabIsDraggedThroughAGroup) {
     EXPECT_EQ(Seen(), "6 2 1 3 4 5 ");
     QTest::mouseMove(&widget, Place(3).center());
     EXPECT_EQ(Seen(), "6 2 3 1 4 5 ");
+    QTest::mouseMove(&widget, Place(1).center() - QPoint(10, 0));
+    EXPECT_EQ(LineOf(1), Palette::MarkColour(TabColour::Green)) << "it is seen where it would belong";
+    EXPECT_EQ(regrouped, "");
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(1).center() - QPoint(10, 0));
+    EXPECT_EQ(regrouped, "1 -> News;");
+    EXPECT_NE(LineOf(1), Palette::MarkColour(TabColour::Green)) << "the owner has not put it there";
+}
+
+TEST_F(TabHeadsTest, BehindTheLastTabOfAGroupTheHalfDecides) {
+    strip.SetGroup(strip.Find(u"Tab5"), nullptr);
+    Drag(Place(4).center(), {Place(3).center(), Place(3).center()});
+    EXPECT_EQ(Seen(), "6 1 2 4 3 5 ");
+    EXPECT_EQ(regrouped, "4 -> News;");
+    regrouped.clear();
+    Drag(Place(1).center(), {Place(3).center(), Place(3).center() + QPoint(9, 0)});
+    EXPECT_EQ(Seen(), "6 2 4 3 1 5 ");
+    EXPECT_EQ(regrouped, "1 -> -;");
+    regrouped.clear();
+    Drag(Place(1).center(), {Place(3).center(), Place(1).center() - QPoint(9, 0)});
+    EXPECT_EQ(regrouped, "1 -> News;");
+    regrouped.clear();
+    const QPoint slip(QApplication::startDragDistance() + 2, 0);
+    Drag(Place(3).center(), {Place(3).center() + slip});
+    EXPECT_EQ(regrouped, "") << "a hand that slips moves nothing";
+}
+
+TEST_F(TabHeadsTest, ATabIsDroppedOnAHead) {
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Place(4).center());
+    QTest::mouseMove(&widget, Head().center());
+    EXPECT_EQ(Seen(), "6 1 4 2 3 5 ");
+    const QImage aimed = widget.grab(Head()).toImage();
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Head().center());
+    EXPECT_EQ(Seen(), "6 1 4 2 3 5 ");
+    EXPECT_EQ(regrouped, "4 -> News;");
+    EXPECT_NE(widget.grab(Head()).toImage(), aimed) << "it has shown that";
+    regrouped.clear();
+    strip.SetFolded(group, true);
+    Drag(Place(1).center(), {Head().center()});
+    EXPECT_EQ(regrouped, "1 -> News;") << "on a folded one too";
+    regrouped.clear();
+    Drag(Place(6).center(), {Head().center()});
+    EXPECT_EQ(regrouped, "") << "a pinned tab is of no group";
+    EXPECT_TRUE(group->Folded());
+}
+
+TEST_F(TabHeadsTest, AHeadStaysUnderWhoeverComesFromItsTabs) {
+    const QRect head = Head();
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Place(4).center());
+    for (int x = Place(4).left(); x > head.right(); x -= 3) QTest::mouseMove(&widget, {x, 8});
+    EXPECT_EQ(Seen(), "6 1 4 2 3 5 ");
+    EXPECT_TRUE(Head().contains(head.center())) << "it stands before the tab that would be its first";
+    QTest::mouseMove(&widget, head.center());
+    EXPECT_TRUE(Head().contains(head.center()));
+    QTest::mouseMove(&widget, {head.left() + 2, 8});
+    EXPECT_GT(Head().left(), head.right()) << "the tab has gone out at the other end";
+    QTest::mouseMove(&widget, {head.left() + 3, 8});
+    EXPECT_GT(Head().left(), head.right()) << "and does not jump to and fro";
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, {head.left() + 3, 8});
+    EXPECT_EQ(regrouped, "4 -> -;");
+    EXPECT_EQ(Seen(), "6 1 4 2 3 5 ");
+    regrouped.clear();
+    Drag(Place(2).center(), {{Head().left() + 2, 8}});
+    EXPECT_EQ(regrouped, "2 -> -;") << "so the first tab of a group leaves it";
+    regrouped.clear();
+    Drag(Place(2).center(), {Head().center()});
+    EXPECT_EQ(regrouped, "") << "and stays on its head";
+}
+
+TEST_F(TabHeadsTest, AHeadIsDraggedWithItsTabs) {
+    const auto across = [&](int tag) { return QPoint(Place(tag).right() - 2, 8); };
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Head().center());
+    QTest::mouseMove(&widget, {Place(4).left() + 3, 8});
+    EXPECT_EQ(Seen(), "6 1 2 3 4 5 ") << "not past its middle yet";
+    QTest::mouseMove(&widget, across(4));
+    EXPECT_EQ(Seen(), "6 1 4 2 3 5 ") << "its parts come together";
+    QTest::mouseMove(&widget, {Place(1).left() + 3, 8});
+    EXPECT_EQ(Seen(), "6 2 3 5 1 4 ");
+    QTest::mouseMove(&widget, Place(6).center());
+    EXPECT_EQ(Seen(), "6 2 3 5 1 4 ") << "pinned tabs stay before all others";
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(6).center());
+    EXPECT_FALSE(group->Folded());
+    EXPECT_EQ(regrouped, "");
+    EXPECT_EQ(strip.SelectedItem(), strip.Find(u"Tab1")) << "nothing is selected";
+}
+
+TEST_F(TabHeadsTest, AFoldedHeadThatIsNarrowerThanATabDoesNotJump) {
+    strip.SetFolded(group, true);
+    ASSERT_LT(Head().width(), Place(4).width());
+    const int middle = Place(4).center().x();
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Head().center());
+    for (int x = Place(4).left(); x <= middle + 6; ++x) QTest::mouseMove(&widget, {x, 8});
+    EXPECT_EQ(Seen(), "6 1 4 ");
+    EXPECT_GT(Head().left(), Place(4).left());
+    const QRect head = Head();
+    for (int step = 0; step < 4; ++step) QTest::mouseMove(&widget, {middle + 6 + step % 2, 8});
+    EXPECT_EQ(Head(), head);
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, {middle + 6, 8});
+    EXPECT_TRUE(group->Folded());
+}
+
+TEST_F(TabHeadsTest, AGroupGoesPastAnotherAsOne) {
+    auto* other = strip.NewGroup(At(5), u"Mail", TabColour::Blue);
+    strip.SetGroup(strip.Find(u"Tab1"), other);
+    strip.Move(strip.Find(u"Tab1"), 5);
+    EXPECT_EQ(Seen(), "6 2 3 4 1 5 ");
+    Drag(Head().center(), {Place(4).center()});
+    EXPECT_EQ(Seen(), "6 2 3 4 1 5 ") << "not past its middle yet";
+    Drag(Head().center(), {{Place(1).right() - 2, 8}});
+    EXPECT_EQ(Seen(), "6 4 1 2 3 5 ");
+    Drag(Head().center(), {widget.HeadPlace(other).topLeft() + QPoint(2, 8)});
+    EXPECT_EQ(Seen(), "6 2 3 5 4 1 ");
+    EXPECT_EQ(regrouped, "");
+}
+
+TEST_F(TabHeadsTest, AllThatAreChosenAreDraggedAndStayChosen) {
+    int plain = 0;
+    widget.PlainClick.ConnectForLife([&] { ++plain; });
+    for (const int tag : {1, 4, 6}) strip.SetChosen(strip.Find(u"Tab" + Decimal(tag)), true);
+    Drag(Place(4).center(), {{Place(5).right() - 2, 8}});
+    EXPECT_EQ(Seen(), "6 2 3 5 1 4 ") << "the pinned one stays";
+    EXPECT_EQ(regrouped, "1,4 -> -;") << regrouped;
+    EXPECT_EQ(plain, 0);
+    EXPECT_EQ(strip.CountChosen(), 3U);
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Place(1).center());
+    EXPECT_EQ(plain, 0) << "they may be about to be dragged";
     QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(1).center());
-    EXPECT_EQ(strip.Find(u"Tab1")->Group(), nullptr) << "no tab joins a group by itself";
+    EXPECT_EQ(plain, 1);
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Place(2).center());
+    EXPECT_EQ(plain, 2);
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(2).center());
+    EXPECT_EQ(plain, 2);
+}
+
+TEST_F(TabHeadsTest, TabsAreDraggedOutTogether) {
+    std::string told;
+    const auto note = [&](const char* what) {
+        return [&told, what](const TabStripView::Views& views, auto...) {
+            told += what;
+            for (const std::int32_t each : views) told += " " + std::to_string(each);
+            told += ";";
+        };
+    };
+    widget.DraggedOut.ConnectForLife(note("out"));
+    widget.DraggedBack.ConnectForLife(note("back"));
+    widget.DroppedOut.ConnectForLife(note("dropped"));
+    Drag(Head().center(), {{200, 300}});
+    EXPECT_EQ(told, "out 2 3 5;dropped 2 3 5;");
+    told.clear();
+    for (const int tag : {1, 4}) strip.SetChosen(strip.Find(u"Tab" + Decimal(tag)), true);
+    Drag(Place(4).center(), {{200, 300}, Place(4).center()});
+    EXPECT_EQ(told, "out 4 1;back 4 1;");
+    EXPECT_EQ(Seen(), "6 1 2 3 4 5 ");
+    EXPECT_EQ(regrouped, "");
+}
+
+TEST_F(TabHeadsTest, WhatIsDraggedMayClose) {
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Head().center());
+    QTest::mouseMove(&widget, {Place(4).right() - 2, 8});
+    for (const int tag : {2, 3, 5}) strip.Remove(strip.Find(u"Tab" + Decimal(tag)));
+    QTest::mouseMove(&widget, Place(1).center());
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(1).center());
+    EXPECT_EQ(Seen(), "6 1 4 ");
+    QTest::mousePress(&widget, Qt::LeftButton, {}, Place(4).center());
+    QTest::mouseMove(&widget, Place(1).center());
+    strip.Remove(strip.Find(u"Tab4"));
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Place(1).center());
+    EXPECT_EQ(Seen(), "6 1 ");
+    EXPECT_EQ(regrouped, "");
 }
 
 TEST_F(TabHeadsTest, TheRowScrollsWithHeadsAndPins) {
@@ -205,6 +387,21 @@ TEST_F(TabHeadsTest, TheRowScrollsWithHeadsAndPins) {
     EXPECT_LT(Place(6).left(), 0);
     strip.SetFolded(group, true);
     strip.Select(strip.Find(u"Tab2"));
+    EXPECT_TRUE(widget.rect().contains(Place(2)));
+}
+
+TEST_F(TabHeadsTest, TheHeadIsSeenWithTheFirstTabOfItsGroup) {
+    for (int i = 0; i < 50; ++i) Add();
+    strip.Select(strip.Find(u"Tab50"));
+    ASSERT_LT(Head().left(), 0);
+    strip.Select(strip.Find(u"Tab3"));
+    EXPECT_LT(Head().left(), 0) << "not with any other";
+    strip.Select(strip.Find(u"Tab2"));
+    EXPECT_EQ(Head().left(), 0);
+    widget.resize(Place(2).width() + 100, widget.height());
+    strip.Select(strip.Find(u"Tab50"));
+    strip.Select(strip.Find(u"Tab2"));
+    EXPECT_LT(Head().left(), 0) << "there is no room for both";
     EXPECT_TRUE(widget.rect().contains(Place(2)));
 }
 

@@ -83,6 +83,12 @@ protected:
         QApplication::sendEvent(&widget, &event);
     }
 
+    /// A picture has more pixels than the widget where the screen is scaled.
+    QColor ColourAt(QPoint point) {
+        const QImage picture = widget.grab().toImage();
+        return picture.pixelColor(point * picture.devicePixelRatio());
+    }
+
     bool Shows(std::size_t position) {
         const QRect place = widget.TabPlace(position);
         return place.left() >= 0 && place.right() < widget.width();
@@ -139,7 +145,7 @@ TEST_F(TabStripViewTest, AChosenTabIsSeenAsSuchOnLightAndOnDark) {
     for (const QColor& ground : {QColor(240, 240, 240), QColor(42, 46, 50)}) {
         widget.setPalette(QPalette(ground));
         const QPoint at = widget.TabPlace(2).topLeft() + QPoint(4, 8);
-        const auto colour = [&] { return widget.grab().toImage().pixelColor(at); };
+        const auto colour = [&] { return ColourAt(at); };
         strip.SetChosen(strip.FindAt(2), false);
         const QColor before = colour();
         strip.SetChosen(strip.FindAt(2), true);
@@ -155,7 +161,7 @@ TEST_F(TabStripViewTest, AColourIsPaintedBesideThePage) {
     const QColor green = Palette::MarkColour(TabColour::Green);
     const auto at = [this](const Tab* tab, bool lower) {
         const QRect place = widget.TabPlace(strip.PositionOf(tab));
-        return widget.grab().toImage().pixelColor(place.center().x(), lower ? place.bottom() : place.top());
+        return ColourAt({place.center().x(), lower ? place.bottom() : place.top()});
     };
     EXPECT_EQ(at(first, true), green);
     EXPECT_NE(at(first, false), green);
@@ -257,11 +263,11 @@ TEST_F(TabStripViewTest, ABusyTabShowsRedInPlaceOfThePageIcon) {
     faces.icon = [&](const Tab&) { return QIcon(blue); };
     AddMany(1);
     Show();
-    const QPoint icon = QPoint(15, widget.height() / 2) * widget.devicePixelRatio();
-    EXPECT_EQ(widget.grab().toImage().pixelColor(icon), QColor(Qt::blue));
+    const QPoint icon(15, widget.height() / 2);
+    EXPECT_EQ(ColourAt(icon), QColor(Qt::blue));
     strip.SetImage(strip.FindAt(1), TabImage::Red);
     Quiet();
-    const QColor mark = widget.grab().toImage().pixelColor(icon);
+    const QColor mark = ColourAt(icon);
     EXPECT_GT(mark.red(), 200);
     EXPECT_LT(mark.blue(), 100);
 }
@@ -580,7 +586,7 @@ TEST_F(TabStripViewTest, TheSoundMarkIsPainted) {
     const auto picture = [&](TabSound sound) {
         strip.SetSound(strip.FindAt(2), sound);
         Quiet();
-        return widget.grab().toImage().copy(widget.SoundPlace(2));
+        return widget.grab(widget.SoundPlace(2)).toImage();
     };
     const QImage none = picture(TabSound::None), playing = picture(TabSound::Playing), muted = picture(TabSound::Muted);
     EXPECT_NE(none, playing);

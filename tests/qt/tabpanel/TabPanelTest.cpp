@@ -362,6 +362,73 @@ TEST_F(TabPanelTest, GroupsFoldAndUnfold) {
                     .contains(QStringLiteral("2 tabs")));
 }
 
+TEST_F(TabPanelTest, LinesAreDraggedIntoGroupsAndOutOfThem) {
+    Open(5);
+    const std::int32_t news = groups.Begin(2, u"News", {});
+    groups.Add(3, news);
+    Settle();
+    const std::string head = " " + std::to_string(-news) + " ";
+    const auto drag = [this](std::int32_t view, QPoint to) {
+        DragTo(view, to);
+        const QImage shown = List().grab().toImage();
+        Release(to);
+        EXPECT_NE(List().grab().toImage(), shown) << "it is seen where the line would come";
+    };
+    const auto groupOf = [this](std::int32_t view) {
+        const auto* group = groups.Of(view);
+        return group ? group->Id() : 0;
+    };
+    drag(4, LineOf(3) + QPoint(0, 6));
+    EXPECT_EQ(Order(), "1*" + head + "2 3 4 5");
+    EXPECT_EQ(groupOf(4), news) << "in the lower half of the last one";
+    drag(4, LineOf(5) - QPoint(0, 6));
+    EXPECT_EQ(Order(), "1*" + head + "2 3 4 5");
+    EXPECT_EQ(groupOf(4), 0) << "in the upper half of the next one";
+    drag(5, LineOf(-news));
+    EXPECT_EQ(Order(), "1*" + head + "5 2 3 4");
+    EXPECT_EQ(groupOf(5), news) << "on the name";
+    Click(-news);
+    drag(4, LineOf(-news));
+    EXPECT_EQ(groupOf(4), news) << "on that of a folded one";
+    EXPECT_EQ(Order(), "1*" + head.substr(0, head.size() - 1));
+    drag(1, LineOf(-news) + QPoint(0, LineOf(-news).y() / 2));
+    EXPECT_EQ(Order(), head.substr(1) + "1*");
+    EXPECT_EQ(groupOf(1), 0);
+    drag(-news, QPoint(40, List().viewport()->height() - 4));
+    EXPECT_EQ(Order(), "1*" + head.substr(0, head.size() - 1));
+}
+
+TEST_F(TabPanelTest, AScreenReaderHearsWhetherAGroupIsFoldedAndWhatIsInIt) {
+    Open(4);
+    const std::int32_t news = groups.Begin(2, u"News", {});
+    groups.Add(3, news);
+    Settle();
+    auto* list = QAccessible::queryAccessibleInterface(&List());
+    ASSERT_NE(list, nullptr);
+    const auto line = [&](std::int32_t view) { return list->child(List().Lines().IndexOf(view).row() + 1); };
+    EXPECT_EQ(list->role(), QAccessible::Tree);
+    EXPECT_EQ(line(-news)->role(), QAccessible::TreeItem);
+    EXPECT_TRUE(line(-news)->state().expandable);
+    EXPECT_TRUE(line(-news)->state().expanded);
+    EXPECT_FALSE(line(1)->state().expandable);
+    EXPECT_TRUE(List()
+                    .Lines()
+                    .IndexOf(2)
+                    .data(Qt::AccessibleDescriptionRole)
+                    .toString()
+                    .contains(QStringLiteral("in the group News")));
+    Click(-news);
+    EXPECT_TRUE(line(-news)->state().expandable);
+    EXPECT_FALSE(line(-news)->state().expanded);
+    Filter().setText(QStringLiteral("title"));
+    Settle();
+    EXPECT_TRUE(line(-news)->state().expanded) << "while somebody looks for something all are seen";
+    QAbstractItemModelTester tester(&List().Lines(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    Filter().clear();
+    Settle();
+    EXPECT_EQ(List().Lines().rowCount(), 3);
+}
+
 TEST_F(TabPanelTest, AScreenReaderHearsOfEachLine) {
     Open(3);
     choice.Replace({1, 2});

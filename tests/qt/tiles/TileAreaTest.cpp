@@ -6,9 +6,15 @@
 #include "tiles/TileText.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QLineEdit>
+#include <QProcess>
+#include <QScreen>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QWindow>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace tessa::qt {
 
@@ -285,6 +291,26 @@ TEST_F(TileAreaTest, AHeaderIsDraggedToAnotherPane) {
     EXPECT_FALSE(DropZone()->isVisible());
 }
 
+TEST_F(TileAreaTest, SeveralTabsAreDroppedBesideEachOtherIfSoManyMayBeShown) {
+    const QPoint edge = window.mapToGlobal(QPoint(400, 200));
+    std::string asked;
+    bool may = false;
+    area.MayShow = [&](std::size_t count) {
+        asked += std::to_string(count) + ";";
+        return may;
+    };
+    EXPECT_FALSE(area.Drop(std::vector<std::int32_t>{3, 2, 4}, edge));
+    EXPECT_EQ(Layout(), "alone");
+    may = true;
+    EXPECT_TRUE(area.Drop(std::vector<std::int32_t>{3, 2, 4}, edge));
+    EXPECT_EQ(tiles.Shown()->Numbers(), (std::vector<std::int32_t>{1, 3, 2, 4}));
+    EXPECT_EQ(tiles.Focus(), 3);
+    EXPECT_EQ(asked, "4;4;");
+    EXPECT_FALSE(area.Drop(std::vector<std::int32_t>{2, 1}, window.mapToGlobal(QPoint(-9, 200))));
+    EXPECT_FALSE(area.Drop(std::vector<std::int32_t>(), edge));
+    EXPECT_EQ(asked, "4;4;") << "nobody is asked about what comes nowhere";
+}
+
 TEST_F(TileAreaTest, TwoHundredPanesAndNoRoomForThem) {
     std::vector<std::int32_t> all{1, 2, 3, 4};
     for (int index = 5; index <= 200; ++index) {
@@ -318,6 +344,98 @@ TEST_F(TileAreaTest, PaintsWithAndWithoutHeadersInAnyColours) {
     const QImage frame = area.grab().toImage();
     EXPECT_EQ(frame.pixelColor(0, 200), area.palette().color(QPalette::Highlight));
     EXPECT_NE(frame.pixelColor(404, 50), area.palette().color(QPalette::Highlight));
+}
+
+/// Played by a process of its own that has two screens, see below.
+class RoleTwoScreens : public TileAreaTest {
+protected:
+    /// Puts the window there on the desktop. It is scaled as the screen under its middle.
+    void MoveTo(QPoint corner) {
+        const QRect place(corner, QSize(405, 405));
+        window.windowHandle()->setScreen(QGuiApplication::screenAt(place.center()));
+        window.setGeometry(place);
+        const auto scale = [this] { return window.screen()->devicePixelRatio(); };
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window.devicePixelRatio() == scale(); }));
+        window.resize(place.size());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() == place.size(); }));
+        Lay();
+        scales.insert(scale());
+    }
+    /// All that lies in the window, and where each corner and edge of it would have a tab dropped.
+    [[nodiscard]] std::string Places() {
+        std::string all;
+        const auto add = [&all](const QRect& place) {
+            all += std::to_string(place.x()) + "," + std::to_string(place.y()) + " " + std::to_string(place.width()) +
+                   "x" + std::to_string(place.height()) + "; ";
+        };
+        for (const auto& [index, page] : pages) add(page->geometry());
+        for (const auto* each : area.findChildren<TileHeader*>()) add(each->geometry());
+        for (const int x : {3, 100, 197, 208, 300, 402}) {
+            for (const int y : {3, 100, 197, 208, 300, 402}) {
+                area.ShowDrop(4, window.mapToGlobal(QPoint(x, y)));
+                add(DropZone()->isVisible() ? DropZone()->geometry() : QRect());
+            }
+        }
+        area.HideDrop();
+        return all;
+    }
+
+    std::set<qreal> scales; ///< that the window has had
+};
+
+TEST_F(RoleTwoScreens, DISABLED_AllLiesAndIsDroppedAlikeOnBothAndAcross) {
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    ASSERT_EQ(screens.size(), 2);
+    ASSERT_NE(screens[0]->devicePixelRatio(), screens[1]->devicePixelRatio());
+    Show(u"h(1 v(2 3))");
+    MoveTo(screens[0]->geometry().topLeft() + QPoint(40, 40));
+    const std::string first = Places();
+    const QRect second = screens[1]->geometry();
+    // On the other screen, and with its left or its right half beside it.
+    for (const int x : {second.left() + 40, second.left() - 240, second.left() - 160, second.right() - 200}) {
+        MoveTo({x, second.top() + 40});
+        EXPECT_EQ(Places(), first) << x;
+    }
+    EXPECT_EQ(scales.size(), 2U) << "it was on both";
+    for (const QScreen* each : screens) {
+        MoveTo(each->geometry().topLeft() + QPoint(40, 40));
+        Show(u"h(1 2 3)");
+        DragBy(Header(QStringLiteral("Title 1")), {20, 10}, {350, 385});
+        EXPECT_EQ(Layout(), "h(2 v(3 1))");
+        DragBy(area, {202, 100}, {20, 0});
+        EXPECT_EQ(pages[2]->geometry().width(), 220);
+    }
+}
+
+/// How the two screens are scaled.
+struct Scales {
+    const char *one, *two;
+};
+
+TEST(TileAreaOnTwoScreens, EachScaledInItsWay) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("screens.json"));
+    QFile config(file);
+    ASSERT_TRUE(config.open(QIODevice::WriteOnly));
+    config.write(R"({"screens": [{"name": "one", "x": 0, "y": 0, "width": 1600, "height": 1200},
+                                 {"name": "two", "x": 1600, "y": 0, "width": 1600, "height": 1200}]})");
+    config.close();
+    for (const Scales& each : {Scales{"1", "2"}, {"2", "1"}, {"1.25", "1.5"}}) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("QT_SCALE_FACTOR"));
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen:configfile=%1").arg(file));
+        environment.insert(QStringLiteral("QT_SCREEN_SCALE_FACTORS"),
+                           QStringLiteral("one=%1;two=%2").arg(QLatin1String(each.one), QLatin1String(each.two)));
+        process.setProcessEnvironment(environment);
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--gtest_filter=RoleTwoScreens.*"),
+                                                                QStringLiteral("--gtest_also_run_disabled_tests")});
+        ASSERT_TRUE(process.waitForFinished(60'000));
+        const QByteArray said = process.readAll();
+        EXPECT_EQ(process.exitCode(), 0) << said.toStdString();
+        EXPECT_TRUE(said.contains("[  PASSED  ] 1 test")) << said.toStdString();
+    }
 }
 
 } // namespace
