@@ -1,6 +1,6 @@
 #include "qt/program/RunningProgram.h"
 
-#include "commands/TileCommands.h"
+#include "commands/effects/TileCommands.h"
 #include "qt/base/Icons.h"
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
