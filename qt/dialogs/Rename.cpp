@@ -1,9 +1,7 @@
 #include "qt/dialogs/Rename.h"
 
-#include "groups/frmRenameGroup.h"
 #include "qt/base/Bind.h"
 #include "qt/base/Strings.h"
-#include "tabs/frmRenameTab.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>

@@ -1,11 +1,8 @@
 #pragma once
+#include "groups/frmRenameGroup.h"
+#include "tabs/frmRenameTab.h"
 
 class QWidget;
-
-namespace tessa {
-class frmRenameGroup;
-class frmRenameTab;
-} // namespace tessa
 
 namespace tessa::qt {
 

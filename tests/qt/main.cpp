@@ -6,10 +6,12 @@
 
 namespace {
 
-/// A window that a test leaves behind would take the pointer of those after it.
-class NoWindowStays final : public testing::EmptyTestEventListener {
+/// A window that a test leaves behind, or a button that it holds down, would take the pointer of those after it.
+class NothingStays final : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override { m_held = QGuiApplication::mouseButtons(); }
     void OnTestEnd(const testing::TestInfo&) override {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_FALSE(QGuiApplication::mouseButtons() & ~m_held) << "a button of the mouse stays down";
         for (QWindow* each : QGuiApplication::topLevelWindows()) {
             // Tips go by a clock.
             const bool tip = each->type() == Qt::ToolTip;
@@ -17,6 +19,8 @@ class NoWindowStays final : public testing::EmptyTestEventListener {
             if (each->isVisible()) each->hide();
         }
     }
+
+    Qt::MouseButtons m_held; ///< before the test
 };
 
 } // namespace
@@ -24,6 +28,6 @@ class NoWindowStays final : public testing::EmptyTestEventListener {
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
-    testing::UnitTest::GetInstance()->listeners().Append(new NoWindowStays);
+    testing::UnitTest::GetInstance()->listeners().Append(new NothingStays);
     return RUN_ALL_TESTS();
 }

@@ -237,6 +237,7 @@ TEST_F(GroupEditorTest, ADoubleClickOpensUpdate) {
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, third);
     EXPECT_EQ(List(), "a b [c]");
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, third);
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, third);
     EXPECT_EQ(Focus(), QStringLiteral("txtUrl"));
     EXPECT_EQ(Find<QLineEdit>("txtUrl").text(), QStringLiteral("c"));
 }
@@ -310,6 +311,8 @@ TEST_F(GroupEditorTest, ADoubleClickOnAPlanOpensNoEntry) {
     auto& list = Find<GroupList>("lstUrls");
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {},
                        list.visualRect(list.model()->index(0, GroupList::Muted)).center());
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {},
+                        list.visualRect(list.model()->index(0, GroupList::Muted)).center());
     EXPECT_FALSE(Find<QFrame>("Frame1").isVisible());
 }
 

@@ -127,6 +127,7 @@ TEST_F(SessionsDialogTest, ADoubleClickOpensThatPage) {
         const QPoint point = pages.visualItemRect(pages.topLevelItem(1)).center();
         QTest::mouseClick(pages.viewport(), Qt::LeftButton, {}, point);
         QTest::mouseDClick(pages.viewport(), Qt::LeftButton, {}, point);
+        QTest::mouseRelease(pages.viewport(), Qt::LeftButton, {}, point);
     });
     EXPECT_EQ(Opened(), "http://two/ ");
 }

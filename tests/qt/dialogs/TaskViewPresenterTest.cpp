@@ -107,6 +107,7 @@ TEST_F(TaskViewPresenterTest, ADoubleClickGoesToTheTab) {
     const QPoint place = Tasks().visualItemRect(Tasks().topLevelItem(0)).center();
     QTest::mouseClick(Tasks().viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(Tasks().viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseRelease(Tasks().viewport(), Qt::LeftButton, {}, place);
     EXPECT_EQ(desk.Strip(), "1 [2*] 3");
 }
 

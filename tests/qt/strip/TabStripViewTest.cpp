@@ -278,6 +278,8 @@ TEST_F(TabStripViewTest, APressOfTheLeftButtonSelects) {
     QTest::mousePress(&widget, Qt::LeftButton, {}, Middle(3));
     EXPECT_EQ(strip.SelectedItem(), strip.FindAt(3));
     EXPECT_EQ(clicks, 1);
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Middle(3));
+    EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(TabStripViewTest, ADraggedTabFollowsThePointerAndStaysSelected) {
@@ -303,9 +305,11 @@ TEST_F(TabStripViewTest, TheMiddleButtonClosesItsTabAndTheRightOneIsReported) {
     QTest::mousePress(&widget, Qt::RightButton, {}, Middle(2));
     EXPECT_EQ(reported, Middle(2));
     EXPECT_EQ(closed, "");
+    QTest::mouseRelease(&widget, Qt::RightButton, {}, Middle(2));
     QTest::mousePress(&widget, Qt::MiddleButton, {}, Middle(2));
     EXPECT_EQ(closed, ToUtf8(strip.FindAt(2)->Caption()) + ";");
     EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
+    QTest::mouseRelease(&widget, Qt::MiddleButton, {}, Middle(2));
 }
 
 TEST_F(TabStripViewTest, ADoubleClickOnTheEmptyRowAsksForABlankTab) {
@@ -314,8 +318,10 @@ TEST_F(TabStripViewTest, ADoubleClickOnTheEmptyRowAsksForABlankTab) {
     int asked = 0;
     widget.BlankRequested.ConnectForLife([&] { ++asked; });
     QTest::mouseDClick(&widget, Qt::LeftButton, {}, Middle(1));
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, Middle(1));
     EXPECT_EQ(asked, 0);
     QTest::mouseDClick(&widget, Qt::LeftButton, {}, {widget.width() - 2, 5});
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, {widget.width() - 2, 5});
     EXPECT_EQ(asked, 1);
 }
 
@@ -422,8 +428,8 @@ TEST_F(TabStripViewDropTest, ATextThatIsPromisedAndNotGivenChangesNothing) {
 TEST_F(TabStripViewTest, OtherButtonsAndTheEmptyRowSelectNothing) {
     AddMany(2);
     Show();
-    QTest::mousePress(&widget, Qt::RightButton, {}, Middle(2));
-    QTest::mousePress(&widget, Qt::MiddleButton, {}, Middle(2));
+    QTest::mouseClick(&widget, Qt::RightButton, {}, Middle(2));
+    QTest::mouseClick(&widget, Qt::MiddleButton, {}, Middle(2));
     ClickOn({widget.width() - 2, 5});
     EXPECT_EQ(strip.SelectedItem(), strip.FindAt(1));
     EXPECT_EQ(clicks, 0);
@@ -536,6 +542,7 @@ TEST_F(TabStripViewTest, TheButtonBehindTheLastTabOpensANewOne) {
     ClickOn(widget.NewPlace().center());
     EXPECT_EQ(blanks, 1);
     QTest::mouseDClick(&widget, Qt::LeftButton, {}, widget.NewPlace().center());
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, widget.NewPlace().center());
     EXPECT_EQ(blanks, 2) << "the second of two quick clicks counts like the first";
     QTest::mouseClick(&widget, Qt::RightButton, {}, widget.NewPlace().center());
     EXPECT_EQ(menus, 1);

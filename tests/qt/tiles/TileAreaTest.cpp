@@ -211,6 +211,7 @@ TEST_F(TileAreaTest, ADividerIsDraggedAndPutBackInTheMiddle) {
     DragBy(area, {122, 200}, {-500, 0});
     EXPECT_EQ(pages[1]->width(), 60) << "no pane gets lost";
     QTest::mouseDClick(&area, Qt::LeftButton, {}, {62, 200});
+    QTest::mouseRelease(&area, Qt::LeftButton, {}, {62, 200});
     EXPECT_EQ(pages[1]->width(), 200);
     EXPECT_EQ(Layout(), "h(1 2)");
 }
@@ -325,6 +326,7 @@ TEST_F(TileAreaTest, TwoHundredPanesAndNoRoomForThem) {
     Lay();
     for (const auto& [index, page] : pages) EXPECT_FALSE(page->geometry().isEmpty()) << index;
     QTest::mouseDClick(&area, Qt::LeftButton, {}, {0, 0});
+    QTest::mouseRelease(&area, Qt::LeftButton, {}, {0, 0});
     while (pcPage.Count() > 1) tabs.CloseUnasked(pcPage.FindAt(pcPage.Count())->Tag);
     EXPECT_TRUE(area.isHidden());
 }
