@@ -1,7 +1,6 @@
 """The sign in the address box that says where a page is from."""
 
 import os
-import subprocess
 import unittest
 
 import desk
@@ -13,23 +12,6 @@ LOCAL, OWN = "From this computer", "A page of TessaView itself"
 class AddressSign(unittest.TestCase):
     def setUp(self):
         self.home = desk.state_folder()
-
-    def go_to(self, program, address):
-        """Types an address with the keyboard."""
-
-        def attempt():
-            program.keys("ctrl+l", "ctrl+a", "Delete")
-            try:
-                box = desk.wait_until(lambda: desk.focused_box(program), seconds=5)
-                desk.wait_until(lambda: desk.text_of(box) == "", seconds=5)
-                subprocess.run(["xdotool", "type", "--delay", "1", address], check=True)
-                desk.wait_until(lambda: desk.text_of(box) == address, seconds=5)
-            except desk.NeverTrue:
-                return False
-            return True
-
-        desk.wait_until(attempt, what=lambda: f"not typed: {address}")
-        program.keys("Return")
 
     def check_sign(self, program, meaning):
         def signs():
@@ -50,7 +32,7 @@ class AddressSign(unittest.TestCase):
                     ("tessaview:start", "TessaView", OWN),
                     (file, "File", LOCAL),
                 ):
-                    self.go_to(program, address)
+                    program.enter(address)
                     program.wait_strip([f"[{caption}]"])
                     self.check_sign(program, meaning)
 

@@ -85,6 +85,10 @@ def is_focused(node):
     return node.getState().contains(pyatspi.STATE_FOCUSED)
 
 
+def is_enabled(node):
+    return node.getState().contains(pyatspi.STATE_SENSITIVE)
+
+
 def focused_box(program):
     """The box of the window that has the keyboard; nothing while none has. A page has a focus of its own, which it keeps
     while the keyboard is elsewhere."""
@@ -319,6 +323,34 @@ class Program:
         """Presses key combinations, named as xdotool names them: "ctrl+w", "Return"."""
         self.focus()
         subprocess.run(["xdotool", "key", "--clearmodifiers", *map(with_places, keys)], check=True)
+
+    def wait_loaded(self):
+        """Waits until the page in front is loaded: then it takes the keyboard, whoever has it, and not again."""
+
+        def can_stop():
+            shown = walk(self.application(), lambda node: node.getRoleName() != "document web")
+            return [is_enabled(node) for node in shown if role_of(node) == "push button" and node.name == "Stop" and is_showing(node)]
+
+        wait_until(lambda: can_stop() == [False], what=lambda: f"not loaded: {can_stop()}")
+
+    def enter(self, words, key="ctrl+l", write=None):
+        """Types words into the box that a key leads to, and presses Return there. `write` types them another way; it is
+        given the box and the words."""
+        self.wait_loaded()
+
+        def typed():
+            self.keys(key, "ctrl+a", "Delete")
+            try:
+                # Looked up once: whoever looks through the whole window for each letter takes his time.
+                box = wait_until(lambda: focused_box(self), seconds=5)
+                wait_until(lambda: text_of(box) == "", seconds=5)
+                write(box, words) if write else xdotool("type", "--delay", "1", words)
+                return wait_until(lambda: text_of(box) == words, seconds=5)
+            except NeverTrue:
+                return False
+
+        wait_until(typed, what=lambda: f"not typed: {words!r}; seen: {self.what_is_seen()}")
+        xdotool("key", "Return")
 
     def accept_name(self, title, file):
         """Names a file in the dialog of that title, in the field that has the focus, and accepts it. The name is not

@@ -80,10 +80,7 @@ class History(unittest.TestCase):
         desk.wait_until(lambda: remembered(self.home) == expected, what=lambda: str(remembered(self.home)))
 
     def go(self, program, pages, title):
-        program.keys("alt+d")
-        desk.wait_until(lambda: desk.focused_box(program))
-        desk.xdotool("type", "--delay", "5", pages.address(title))
-        desk.xdotool("key", "Return")
+        program.enter(pages.address(title), "alt+d")
         desk.wait_until(lambda: program.strip() == [f"[{title}]"], what=lambda: str(program.strip()))
 
     def tip_of(self, program, position):
@@ -218,10 +215,7 @@ class History(unittest.TestCase):
 
     def wait_home(self, program, words):
         """Opens the home page and waits until it says that."""
-        program.keys("alt+d")
-        desk.wait_until(lambda: desk.focused_box(program))
-        desk.xdotool("type", "--delay", "5", "tessaview:start")
-        desk.xdotool("key", "Return")
+        program.enter("tessaview:start", "alt+d")
         desk.wait_until(
             lambda: any(words in each for each in page_nodes(program, "TessaView")),
             what=lambda: str(page_nodes(program, "TessaView")),

@@ -140,16 +140,6 @@ class Restart(unittest.TestCase):
         with self.start(self.group("Garden")) as program:
             program.wait_strip(["One", "Garden", "Two", "[Three]"])
 
-    def type_address(self, program, address):
-        def typed():
-            program.keys("ctrl+l", "ctrl+a")
-            subprocess.run(["xdotool", "type", address], check=True)
-            return program.find("text", "Address").queryText().getText(0, -1) == address
-
-        # A page that is loaded takes the keyboard once.
-        desk.wait_until(typed, what="the address was not typed")
-        program.keys("Return")
-
     def test_what_was_typed_is_remembered_from_start_to_start(self):
         typed = []
         # Deliberate: a history of one entry does not come back, so the first session has two.
@@ -157,7 +147,7 @@ class Restart(unittest.TestCase):
             with self.start("about:blank") as program:
                 program.wait_strip(["[about:blank]"])
                 for title in titles:
-                    self.type_address(program, self.pages.address(title))
+                    program.enter(self.pages.address(title))
                     program.wait_strip([f"[{title}]"])
                     typed.insert(0, self.pages.address(title))
                 end(program)

@@ -10,12 +10,14 @@ import desk
 PROGRAM = desk.program_file()
 
 
-def type_letters(words, shows):
-    """Types letter by letter; waits after each until what has been typed so far is shown."""
+def type_letters(box, words):
+    """Types letter by letter; waits after each until what has been typed so far is shown. What was searched for before
+    completes what is being typed."""
     for count, letter in enumerate(words, 1):
         # A key of another script is there only while it is pressed, which is as long as the delay.
         subprocess.run(["xdotool", "type", "--delay", "1" if letter.isascii() else "100", letter], check=True)
-        desk.wait_until(lambda: shows(words[:count]), seconds=5)
+        typed = words[:count]
+        desk.wait_until(lambda: desk.is_focused(box) and desk.text_of(box).startswith(typed), seconds=5)
 
 
 def write_services(home, pages):
@@ -35,24 +37,6 @@ class Search(unittest.TestCase):
     def setUp(self):
         self.home = desk.state_folder()
 
-    def type_into_search_box(self, program, words):
-        """Types with the keyboard until the box shows the words: a page that is loaded takes the keyboard once."""
-
-        def attempt():
-            program.keys("alt+r", "ctrl+a", "Delete")
-            try:
-                # Looked up once: whoever looks through the whole window for each letter takes his time.
-                box = desk.wait_until(lambda: desk.focused_box(program), seconds=5)
-                desk.wait_until(lambda: desk.text_of(box) == "", seconds=5)
-                # What was searched for before completes what is being typed.
-                type_letters(words, lambda typed: desk.is_focused(box) and desk.text_of(box).startswith(typed))
-                desk.wait_until(lambda: desk.text_of(box) == words, seconds=5)
-            except desk.NeverTrue:
-                return False
-            return True
-
-        desk.wait_until(attempt, what=lambda: f"not typed: {words!r}; seen: {program.what_is_seen()}")
-
     def test_words_arrive_as_they_were_typed(self):
         searches = ["cats and dogs", "a&b=c", "c# and f#", "100% of %41", "1+1", 'say "yes"', "Привет мир", "日本語"]
         with desk.PageServer() as pages:
@@ -60,8 +44,7 @@ class Search(unittest.TestCase):
             with desk.Program(PROGRAM, pages.address("Start"), home=self.home) as program:
                 program.wait_strip(["[Start]"])
                 for count, words in enumerate(searches, 1):
-                    self.type_into_search_box(program, words)
-                    desk.xdotool("key", "Return")
+                    program.enter(words, "alt+r", type_letters)
                     desk.wait_until(
                         lambda: len(arrived(pages, "search")) == count, what=lambda: f"{words}: {pages.requested()}"
                     )

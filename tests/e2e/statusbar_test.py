@@ -53,10 +53,7 @@ class StatusBar(unittest.TestCase):
     def test_what_was_cleared_comes_back(self):
         program = self.start()
         program.wait_strip(["[Roses]"])
-        program.keys("ctrl+l")
-        desk.wait_until(lambda: desk.focused_box(program), what="no box has the keyboard")
-        desk.xdotool("type", "about:blank")
-        desk.xdotool("key", "Return")
+        program.enter("about:blank")
         program.wait_strip(["[about:blank]"])
         program.wait_menu(lambda: program.keys("alt+v"))
         desk.xdotool("key", "c")
