@@ -65,6 +65,11 @@ for each in "$@"; do
   [ "$before" != -S ] || home=$each
   before=$each
 done
+if [ "$1" = --build ] && [ "${folder%-sanitize}" != "$folder" ]; then
+  [ ! -e "$CALLS.sanitizers-fail" ] || { echo "Core.cpp:2: error: no such thing"; exit 1; }
+  if [ -e "$CALLS.sanitizers-last" ]; then sh -c 'echo $$ >"$CALLS.compiler"; : >"$CALLS.sanitizers-began"; sleep 300; :'; fi
+  : >"$CALLS.sanitizers-began"
+fi
 if [ "$1" = --build ] && [ "$4" = tessaview ]; then
   if [ -e "$CALLS.program-fails" ]; then echo "Main.cpp:1: error: no such thing"; : >"$CALLS.program-began"; exit 1; fi
   if [ -e "$CALLS.program-lasts" ]; then sh -c 'echo $$ >"$CALLS.compiler"; : >"$CALLS.program-began"; sleep 300; :'; fi
@@ -92,7 +97,11 @@ else
   : >"$folder/build.ninja"
 fi
 """,
-    "ctest": RECORD + 'for each in "$@"; do [ "$before" != --test-dir ] || folder=$each; before=$each; done\n'
+    # With "with-the-sanitizers" the tests are through no sooner than what is compiled meanwhile is begun.
+    "ctest": RECORD + WAIT_FOR +
+             '[ ! -e "$CALLS.with-the-sanitizers" ] || wait_for "$CALLS.sanitizers-began"\n'
+             '[ ! -e "$CALLS.user-ends-tests" ] || { kill -s TERM "$PPID"; exit 0; }\n'
+             'for each in "$@"; do [ "$before" != --test-dir ] || folder=$each; before=$each; done\n'
              'mkdir -p "$folder/Testing/Temporary"; : >"$folder/Testing/Temporary/LastTest.log"\n',
     "clang-format": '#!/bin/sh\n[ "$1" != --version ] || echo "clang-format version 14.0.6"\n',
     "tail": f'#!/bin/sh\n: >"$CALLS.shown"\nexec {shutil.which("tail")} "$@"\n',
@@ -219,10 +228,8 @@ class Scripts(unittest.TestCase):
         else:
             self.assertEqual(len(machine.calls("ctest")), 2, machine.said)
 
-    def in_turn(self, script, machine, wanted):
-        """The calls of apt-get by which a script installs: run.sh has the compilers first, then Qt."""
-        if script == "test.sh":
-            return [wanted]
+    def in_turn(self, machine, wanted):
+        """The calls of apt-get by which the scripts install: the compilers first, then Qt."""
         compilers, program = machine.packages("compiler_packages"), machine.packages("program_packages")
         return [wanted & compilers, wanted & program - compilers, wanted - program]
 
@@ -237,7 +244,7 @@ class Scripts(unittest.TestCase):
     def test_everything_is_installed_on_a_fresh_machine(self):
         for script, machine, needed in self.each():
             machine.run(script, *self.arguments(script))
-            self.assertEqual(machine.installs(), self.in_turn(script, machine, needed | SVG))
+            self.assertEqual(machine.installs(), self.in_turn(machine, needed | SVG))
             self.went_through(script, machine)
 
     def test_what_is_there_is_not_asked_for(self):
@@ -245,7 +252,7 @@ class Scripts(unittest.TestCase):
             machine.has("g++", "cmake", "~ninja-build", "fonts-dejavu-core")
             machine.run(script, *self.arguments(script))
             self.assertEqual(machine.installs(),
-                             self.in_turn(script, machine, needed - {"g++", "cmake", "fonts-dejavu-core"} | SVG))
+                             self.in_turn(machine, needed - {"g++", "cmake", "fonts-dejavu-core"} | SVG))
             self.went_through(script, machine)
 
     def test_nothing_is_installed_when_all_is_there(self):
@@ -285,7 +292,7 @@ class Scripts(unittest.TestCase):
             machine.set("is-user")
             machine.run(script, *self.arguments(script))
             self.assertEqual([call for call in machine.calls("apt-get") if not any(call in each for each in machine.calls("sudo"))], [])
-            self.assertEqual(machine.installs(), self.in_turn(script, machine, needed | SVG))
+            self.assertEqual(machine.installs(), self.in_turn(machine, needed | SVG))
             self.went_through(script, machine)
 
     def test_elsewhere_than_on_debian_it_says_what_is_needed(self):
@@ -412,7 +419,7 @@ class Scripts(unittest.TestCase):
     def test_run_shows_how_far_the_core_is_when_the_packages_are_there_first(self):
         machine = self.fresh_machine("core-is-last")
         self.went_through("run.sh", machine)
-        self.assertRegex(machine.said, r"(?s)The packages are there.*\[100% 2/2\] Linking.*== 2 of 3")
+        self.assertRegex(machine.said, r"(?s)Now the core is compiled to its end.*\[100% 2/2\] Linking.*== 2 of 3")
 
     def test_what_an_ended_run_left_is_built_on(self):
         for script in LISTS:
@@ -421,8 +428,41 @@ class Scripts(unittest.TestCase):
             machine.run(script, *self.arguments(script))
             self.went_through(script, machine)
             self.assertEqual(machine.installs()[0] & machine.packages("compiler_packages"), set())
-            core = ["tessa_core"] if script == "run.sh" else []
-            self.assertEqual(machine.builds()[:len(core) + 1], [*core, "Qt"])
+            self.assertEqual(machine.builds()[:2], ["tessa_core", "Qt"])
+
+    def test_the_core_with_sanitizers_is_compiled_while_the_tests_run(self):
+        machine = self.new_machine()
+        machine.set("with-the-sanitizers")
+        machine.run("test.sh")
+        self.went_through("test.sh", machine)
+        self.assertIn("All passed", machine.said)
+        self.assertTrue(machine.calls("ctest")[1].startswith(f"--test-dir {machine.project}/build-sanitize"), machine.said)
+
+    def test_who_ends_the_tests_ends_the_compilers_too(self):
+        machine = self.new_machine()
+        machine.set("with-the-sanitizers", "sanitizers-last", "user-ends-tests")
+        machine.run("test.sh")
+        self.assertNotEqual(machine.code, 0)
+        self.compiler_ended(machine)
+
+    def test_a_failure_with_sanitizers_alone_is_told_in_full(self):
+        machine = self.new_machine()
+        machine.set("sanitizers-fail")
+        machine.run("test.sh")
+        self.assertNotEqual(machine.code, 0)
+        self.assertRegex(machine.said, "(?s)Core.cpp:2: error: no such thing.*The core with sanitizers could not be built")
+        self.assertRegex(machine.said, r"FAILED +\d+ s +Rest of the build with sanitizers")
+        self.assertRegex(machine.said, r"ok +\d+ s +Tests: core, Qt, engine, end-to-end")
+        self.assertEqual(len(machine.calls("ctest")), 1, machine.said)
+
+    def test_a_failure_of_apt_get_ends_what_the_tests_need_too(self):
+        machine = self.new_machine()
+        machine.set("with-the-core", "core-lasts", "qt-fails")
+        machine.run("test.sh")
+        self.assertNotEqual(machine.code, 0)
+        self.assertRegex(machine.said, r"FAILED +- +Everything else")
+        self.compiler_ended(machine)
+        self.assertEqual(machine.calls("ctest"), [])
 
     def test_a_program_that_was_built_before_is_not_built_in_two_parts(self):
         machine = self.fresh_machine()
