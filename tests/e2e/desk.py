@@ -160,12 +160,17 @@ class Program:
 
     def find_now(self, role, name=None):
         """The first visible thing of that role, and that name if one is given; nothing when there is none."""
-        self._alive()
-        application = self.application()
-        for node in walk(application) if application else ():
-            if role_of(node) == role and (name is None or node.name == name) and is_showing(node):
-                return node
-        return None
+
+        def found():
+            self._alive()
+            application = self.application()
+            for node in walk(application) if application else ():
+                if role_of(node) == role and (name is None or node.name == name) and is_showing(node):
+                    return [node]
+            return [None]
+
+        # What went away while it was looked at says nothing of what is there.
+        return wait_until(found, seconds=5)[0]
 
     def find(self, role, name=None, seconds=PATIENCE):
         """Like `find_now`, but waits for it."""

@@ -40,20 +40,14 @@ class Pages(desk.PageServer):
 def renderers(program):
     """The processes of the program's pages and the memory that each holds, in pages of the system."""
     found = {}
-    parents = {program.process.pid}
-    for process in sorted(int(name) for name in os.listdir("/proc") if name.isdigit()):
+    for process in desk.with_children(program.process.pid):
         try:
-            with open(f"/proc/{process}/stat", encoding="utf-8") as stat:
-                parent = int(stat.read().rpartition(")")[2].split()[1])
             with open(f"/proc/{process}/cmdline", encoding="utf-8") as words:
                 command = words.read()
             with open(f"/proc/{process}/statm", encoding="utf-8") as memory:
                 resident = int(memory.read().split()[1])
         except OSError:
             continue  # it has ended meanwhile
-        if parent not in parents:
-            continue
-        parents.add(process)
         if "--type=renderer" in command:
             found[process] = resident
     return found
