@@ -1,10 +1,12 @@
 // The bare program that the benchmarks hold TessaView against: a tab widget and one engine view a page, all pages
 // loaded at once, the last one in front. Its arguments are the addresses. Downloads go to the current folder. With
-// "--windows WIDTHxHEIGHT" before them each page has a window of its own, whose page area is of that size.
+// "--windows WIDTHxHEIGHT" before them each page has a window of its own, whose page area is of that size. With
+// "--profile FOLDER" before them cookies and what else pages store are kept there, as a browser does; else in memory.
 #include <QApplication>
 #include <QDir>
 #include <QTabWidget>
 #include <QWebEngineDownloadRequest>
+#include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
 #include <memory>
@@ -32,15 +34,24 @@ int main(int argc, char** argv) {
     QTabWidget tabs;
     tabs.setWindowTitle(QStringLiteral("bench_reference"));
     tabs.resize(1024, 768);
-    QObject::connect(QWebEngineProfile::defaultProfile(), &QWebEngineProfile::downloadRequested, &tabs,
-                     [](QWebEngineDownloadRequest* request) {
-                         request->setDownloadDirectory(QDir::currentPath());
-                         request->accept();
-                     });
     if (argc > 2 && QString::fromLocal8Bit(argv[1]) == QStringLiteral("--windows")) return ShowWindows();
-    const QStringList addresses = QApplication::arguments().mid(1);
+    QStringList addresses = QApplication::arguments().mid(1);
+    QWebEngineProfile* profile = QWebEngineProfile::defaultProfile();
+    std::unique_ptr<QWebEngineProfile> kept;
+    if (addresses.size() > 1 && addresses[0] == QStringLiteral("--profile")) {
+        kept = std::make_unique<QWebEngineProfile>(QStringLiteral("kept"));
+        kept->setPersistentStoragePath(addresses[1] + QStringLiteral("/stored"));
+        kept->setCachePath(addresses[1] + QStringLiteral("/cache"));
+        profile = kept.get();
+        addresses.remove(0, 2);
+    }
+    QObject::connect(profile, &QWebEngineProfile::downloadRequested, &tabs, [](QWebEngineDownloadRequest* request) {
+        request->setDownloadDirectory(QDir::currentPath());
+        request->accept();
+    });
     for (const QString& address : addresses) {
         auto* view = new QWebEngineView(&tabs);
+        if (kept) view->setPage(new QWebEnginePage(profile, view));
         tabs.addTab(view, address);
         QObject::connect(view, &QWebEngineView::titleChanged, &tabs,
                          [&tabs, view](const QString& title) { tabs.setTabText(tabs.indexOf(view), title); });
@@ -48,5 +59,8 @@ int main(int argc, char** argv) {
     }
     tabs.setCurrentIndex(tabs.count() - 1);
     tabs.show();
-    return QApplication::exec();
+    const int result = QApplication::exec();
+    // A profile has to outlive its pages.
+    qDeleteAll(tabs.findChildren<QWebEngineView*>());
+    return result;
 }

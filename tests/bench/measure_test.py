@@ -50,6 +50,7 @@ class Programs(Folder):
     def test_one_page_is_an_address(self):
         self.assertEqual(TessaView("t", "software").open(ADDRESSES[:1], str(self.folder)), ["t", ADDRESSES[0]])
         self.assertEqual(Bare("b", "software").open(ADDRESSES, str(self.folder)), ["b", *ADDRESSES])
+        self.assertEqual(Bare("b", "software", keeps=True).open(ADDRESSES, "home"), ["b", "--profile", "home", *ADDRESSES])
 
     def test_a_thousand_pages_share_the_hosts(self):
         server = PageServer("s", 1000, 20)

@@ -4,8 +4,8 @@ one table of what each needed.
 
     run.py --program build/tessaview --reference build/tests/bench/bench_reference \\
            --server build/tests/bench/bench_server [--pages 1,20,100] [--animated [only]] [--delays 20]
-           [--drawing software,hardware] [--seconds 2] [--browser PATH|none] [--hand-over 1] [--restart 100]
-           [--exit 500] [--asleep 100] [--download 1000] [--runs 3] [--timeout 120] [--markdown FILE]
+           [--drawing software,hardware] [--keeps] [--seconds 2] [--browser PATH|none] [--hand-over 1]
+           [--restart 100] [--exit 500] [--asleep 100] [--download 1000] [--runs 3] [--timeout 120] [--markdown FILE]
 
 Of pages, any number of them up to a thousand and more, it is measured how soon the one in front and all are loaded, and
 what memory they need; of animated ones also the processor time of each kind of process while they are watched for so
@@ -17,6 +17,9 @@ for, a restart with so many remembered sites, how soon everything is saved when 
 tabs open, a download of so many MB (how long it takes and how much memory meanwhile), and of so many tabs the memory
 asleep and awake, and how soon one wakes, held against loading its page anew. These have the first delay, and from the
 restart on the first way of drawing.
+
+The bare program keeps nothing. With --keeps its profile lies on the disk, as those of TessaView and of browsers do: what
+that costs is then no part of the difference.
 
 The browser is the first of the Chromium family or Firefox that is on PATH, or the one that is named;
 measure/browsers.py says which and how they are started. Without one its column says "-", and its targets are not
@@ -72,6 +75,7 @@ def arguments(words=None):
                         help="pages that move, besides still ones or instead of them")
     parser.add_argument("--delays", "--delay", type=numbers(0), default="20", help="of each answer, milliseconds")
     parser.add_argument("--drawing", type=drawings, help="software, hardware or both; else as usual here")
+    parser.add_argument("--keeps", action="store_true", help="the bare program keeps its profile on the disk")
     parser.add_argument("--seconds", type=float, default=2, help="that animated pages are watched")
     parser.add_argument("--browser", help="a stand-alone browser; none for none")
     parser.add_argument("--hand-over", type=int, default=1, help="0 for no second start")
@@ -99,8 +103,8 @@ def find_browser(options):
 
 def measure(options, browser, sections, problems):
     """Adds the sections of the table one after the other, and what went wrong."""
-    contestants = [kind(path, drawing) for drawing in options.drawing
-                   for kind, path in ((TessaView, options.program), (Bare, options.reference))]
+    contestants = [each for drawing in options.drawing
+                   for each in (TessaView(options.program, drawing), Bare(options.reference, drawing, options.keeps))]
     contestants += [browser] if browser else []
     most = max([2, options.restart, options.asleep, *options.pages])
     with Display() as display:

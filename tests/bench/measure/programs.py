@@ -28,10 +28,15 @@ class QtProgram:
 
 
 class Bare(QtProgram):
-    """The bare program: a tab widget and one engine view a page."""
+    """The bare program: a tab widget and one engine view a page. With `keeps` its profile lies on the disk, as that of
+    a browser does."""
 
     name = "bare"
     window = ["--name", "^bench_reference$"]
+
+    def __init__(self, path, drawing, keeps=False):
+        super().__init__(path, drawing)
+        self._keeps = keeps
 
     def environment(self, display, home):
         result = super().environment(display, home)
@@ -40,9 +45,9 @@ class Bare(QtProgram):
             result["QT_QUICK_BACKEND"] = "software"
         return result
 
-    def open(self, addresses, _home):
+    def open(self, addresses, home):
         """The command that opens all of them, the last one in front."""
-        return [self.path, *addresses]
+        return [self.path, *(["--profile", home] if self._keeps else []), *addresses]
 
     restart = open
     download = open
