@@ -70,6 +70,7 @@
     const firstOf = getterOf(Element, 'firstElementChild'), aroundOf = getterOf(Node, 'parentNode');
     const kindOf = getterOf(Node, 'nodeType'), attributeOf = Element.prototype.getAttribute;
     const findBelow = Element.prototype.querySelectorAll, findAll = Document.prototype.querySelectorAll;
+    const imagesOf = getterOf(Document, 'images'), linksOf = getterOf(Document, 'links');
     const adopted = Object.getOwnPropertyDescriptor(Document.prototype, 'adoptedStyleSheets');
     // What came out of another frame is an element, but none of this frame's kind.
     function isElement(node) { return kindOf.call(node) === Node.ELEMENT_NODE; }
@@ -232,8 +233,7 @@
         const tag = tagOf.call(element);
         if (tag === 'img') collapseFailed(element);
         if (!site.generic) return;
-        lookAtClass(element);
-        lookAtIdOf(element);
+        look(element);
         if (tag === 'a') lookAtLink(element);
     }
     function lookAtAttribute(element, name) {
@@ -245,13 +245,22 @@
         for (let at = 0, end = list.length; at < end; ++at) act(list[at]);
         return list;
     }
-    // Those with a class.
-    function lookAtAll(find, root) {
-        each(find.call(root, 'img'), collapseFailed);
+    function look(element) {
+        lookAtClass(element);
+        lookAtIdOf(element);
+    }
+    function lookBelow(element) {
+        each(findBelow.call(element, 'img'), collapseFailed);
+        if (!site.generic) return;
+        each(findBelow.call(element, 'a[href]'), lookAtLink);
+        each(findBelow.call(element, '[class], [id]'), look);
+    }
+    // The engine keeps its own lists of pictures and links. Those with a class or an id are the answer.
+    function lookAtAll() {
+        each(imagesOf.call(document), collapseFailed);
         if (!site.generic) return [];
-        each(find.call(root, 'a[href]'), lookAtLink);
-        each(find.call(root, '[id]'), lookAtIdOf);
-        return each(find.call(root, '[class]'), lookAtClass);
+        each(linksOf.call(document), lookAtLink);
+        return each(findAll.call(document, '[class], [id]'), look);
     }
     function askAboutFound() {
         for (const each of [ids, classes, links]) each.findParts();
@@ -266,7 +275,7 @@
     let looked = 0, samples = [];
     // Whether the page has many elements, and others than when it was last looked at so.
     function lookAround() {
-        const all = lookAtAll(findAll, document), before = samples;
+        const all = lookAtAll(), before = samples;
         askAboutFound();
         const more = all.length - looked;
         looked = all.length;
@@ -293,7 +302,7 @@
         for (const node of full) {
             if (full.has(aroundOf.call(node))) continue;
             lookAt(node);
-            lookAtAll(findBelow, node);
+            lookBelow(node);
         }
         askAboutFound();
     }
@@ -303,10 +312,10 @@
     // between these two, so the watch ends in one.
     let rush = 0, picture = 0;
     const observer = new MutationObserver(function (records) {
-        const many = records.length >= kRush && records.length >= looked;
+        const many = records.length >= kRush && records.length * 4 >= looked;
         if (many) lookAround();
         else lookAtRecords(records);
-        if (many && !rush && document.readyState !== 'loading') beginRush();
+        if (many && !rush) beginRush();
     });
     function watch() {
         const what = { childList: true, subtree: true };
@@ -335,7 +344,7 @@
         const goesOn = lookAround();
         clearTimeout(rush);
         rush = 0;
-        if (goesOn) beginRush();
+        if (goesOn || document.readyState === 'loading') beginRush();
         else samples = [];
     }
     function endRush() {
@@ -364,6 +373,7 @@
     begun = true;
     watch();
     lookAround();
+    beginRush();
     // A page that nobody sees can be printed.
     addEventListener('beforeprint', lookAround);
 })();
