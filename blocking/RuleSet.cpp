@@ -7,6 +7,8 @@
 
 namespace tessa {
 
+using namespace ruletext;
+
 namespace {
 
 // Sorted hashes.
@@ -17,6 +19,26 @@ bool HoldsHash(std::span<const std::uint64_t> sorted, std::uint64_t hash) {
 RuleAnchor AnchorOf(std::uint32_t flags) {
     return flags & kAtHostFlag ? RuleAnchor::AtHost : flags & kAtStartFlag ? RuleAnchor::AtStart : RuleAnchor::Anywhere;
 }
+
+// What stands in an address as it stands in a pattern, however the address is encoded.
+bool IsPlain(char each) {
+    return IsDigit(each) || IsSmallLetter(Small(each)) ||
+           std::string_view("-./:_").find(each) != std::string_view::npos;
+}
+
+std::string_view LongestPlain(std::string_view pattern) {
+    std::string_view longest;
+    while (!pattern.empty()) {
+        const auto end = std::ranges::find_if_not(pattern, IsPlain);
+        const auto length = static_cast<std::size_t>(end - pattern.begin());
+        if (length > longest.size()) longest = pattern.substr(0, length);
+        pattern.remove_prefix(std::min(length + 1, pattern.size()));
+    }
+    return longest;
+}
+
+// Pages hold these against their addresses. Shorter ones are in most.
+constexpr std::size_t kLeastPart = 4, kMostParts = 100;
 
 } // namespace
 
@@ -87,25 +109,27 @@ PageExceptions RuleSet::ExceptionsFor(const RulePage& page) const {
     return found;
 }
 
-std::optional<std::vector<std::uint64_t>> RuleSet::ExceptedDomains() const {
-    std::vector<std::uint64_t> domains;
+ExceptedPages RuleSet::Excepted() const {
+    ExceptedPages pages;
     for (const PackedRule& each : m_rules) {
         if (!(each.Flags & kExceptionFlag) || !(each.Types & kPageTypes)) continue;
         const std::string_view pattern = m_image.TextAt(each.Pattern);
         const std::string_view host = pattern.substr(0, pattern.find_first_of("/^?:|"));
         if (each.Flags & kSomeSitesFlag && each.Domains < m_words.size()) {
             const auto named = m_words.subspan(each.Domains + 1);
-            for (std::size_t at = 0; at < std::min<std::size_t>(m_words[each.Domains] & 0xFFFFFFFFU, named.size());
-                 ++at)
-                domains.push_back(named[at]);
+            const auto most = std::min<std::size_t>(m_words[each.Domains] & 0xFFFFFFFFU, named.size());
+            pages.Domains.insert(pages.Domains.end(), named.begin(), named.begin() + static_cast<std::ptrdiff_t>(most));
         } else if (each.Flags & kAtHostFlag && host.find('*') == std::string_view::npos &&
                    (host.size() < pattern.size() || each.Flags & kHostAloneFlag)) {
-            domains.push_back(HashOfDomain(host));
+            pages.Domains.push_back(HashOfDomain(host));
+        } else if (const std::string_view part = LongestPlain(pattern);
+                   !(each.Flags & kExpressionFlag) && part.size() >= kLeastPart && pages.Parts.size() < kMostParts) {
+            pages.Parts.push_back(InSmall(part));
         } else {
-            return std::nullopt;
+            pages.Any = true;
         }
     }
-    return domains;
+    return pages;
 }
 
 std::uint32_t RuleSet::FindRule(RuleIndex index, const RulePage& page) const {

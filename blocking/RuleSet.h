@@ -28,6 +28,13 @@ struct RulePage {
     PageExceptions Except;
 };
 
+/// What is to be seen of a page that rules may except from something: one of these, or nothing.
+struct ExceptedPages {
+    std::vector<std::uint64_t> Domains; ///< see `HashOfDomain`
+    std::vector<std::string> Parts;     ///< of addresses in small letters: digits, letters, and "-./:_"
+    bool Any = false;                   ///< each page may be excepted, whatever is to be seen
+};
+
 /// A rule of the set.
 struct RuleFound {
     std::string_view Line; ///< as it stands in its list
@@ -55,9 +62,8 @@ public:
     [[nodiscard]] RulePage PageOf(std::string_view address) const;
     /// What the rules say of a request for that address.
     [[nodiscard]] RuleVerdict VerdictOn(std::string_view address, const RulePage& page, RequestType type) const;
-    /// The names of all domains whose pages rules may except from something, see `HashOfDomain`. Nothing when some rule
-    /// does so for pages of any domain.
-    [[nodiscard]] std::optional<std::vector<std::uint64_t>> ExceptedDomains() const;
+    /// Which pages rules may except from something. All others need not be asked about.
+    [[nodiscard]] ExceptedPages Excepted() const;
     [[nodiscard]] const RuleImage& Image() const { return m_image; }
 
 private:

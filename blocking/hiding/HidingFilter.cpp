@@ -8,8 +8,8 @@ namespace tessa {
 
 namespace {
 
-// Two bytes a name and three bits each let one in two hundred others through.
-constexpr std::array<std::uint32_t, 3> kFilterSteps{1, 0x9E3779B1U, 0x85EBCA6BU};
+// Two bytes a name and six bits each let one in a thousand others through.
+constexpr std::array<std::uint32_t, 6> kFilterSteps{1, 0x9E3779B1U, 0x85EBCA6BU, 0xC2B2AE3DU, 0x27D4EB2FU, 0x165667B1U};
 
 } // namespace
 

@@ -64,8 +64,8 @@ QString ElementHiding::Script() const {
     const HidingRules* hiding = m_blocker.Hiding();
     if (!rules || !hiding) return {};
     std::vector<std::uint64_t> domains = hiding->Domains();
-    const auto excepted = rules->ExceptedDomains();
-    if (excepted) domains.insert(domains.end(), excepted->begin(), excepted->end());
+    const ExceptedPages excepted = rules->Excepted();
+    domains.insert(domains.end(), excepted.Domains.begin(), excepted.Domains.end());
     for (const Text& each : m_blocker.Values().offSites) domains.push_back(HashOfDomain(ToUtf8(each)));
     const std::vector<TokenHash> keys = hiding->Keys();
     HidingFilter domainBits(domains.size()), keyBits(keys.size());
@@ -76,7 +76,8 @@ QString ElementHiding::Script() const {
     script.replace(QStringLiteral("@domains@"), AsBase64(domainBits.Bytes()));
     script.replace(QStringLiteral("@keys@"), AsBase64(keyBits.Bytes()));
     script.replace(QStringLiteral("@parts@"), AsList(hiding->Parts()));
-    script.replace(QStringLiteral("@all@"), excepted ? QStringLiteral("false") : QStringLiteral("true"));
+    script.replace(QStringLiteral("@addresses@"), AsList({excepted.Parts.begin(), excepted.Parts.end()}));
+    script.replace(QStringLiteral("@all@"), excepted.Any ? QStringLiteral("true") : QStringLiteral("false"));
     // Last, for what a list says may hold such signs.
     return script.replace(QStringLiteral("@always@"), Quoted(HidingSheet(hiding->Always({}))));
 }

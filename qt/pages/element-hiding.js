@@ -1,14 +1,14 @@
 // Hides what the lists name, before it is painted. Runs in every frame before the page does, in a world of its own that
 // the page cannot see. Most pages hold nothing that any list names; two rows of bits tell that here, and the program is
 // asked only about the rest. It answers while the page waits. The program puts its words where there are names between
-// signs: a secret, the bits of domains and of keys, the keys that are parts of attributes, whether each page has to be
-// asked about, and what is hidden everywhere.
+// signs: a secret, the bits of domains and of keys, the keys that are parts of attributes, parts of addresses of pages
+// that have to be asked about, whether each one has to be, and what is hidden everywhere.
 (function () {
     'use strict';
     const kMostKeysAtOnce = 100;
-    const kSteps = [1, 0x9E3779B1, 0x85EBCA6B], kHashStart = 0x811C9DC5, kHashStep = 0x01000193;
+    const kSteps = [1, 0x9E3779B1, 0x85EBCA6B, 0xC2B2AE3D, 0x27D4EB2F, 0x165667B1], kHashStart = 0x811C9DC5, kHashStep = 0x01000193;
     const kLongestStart = 20, kKeyStep = 4, kMostSeen = 20000, kMostRead = 4096, kLongestName = 1000;
-    const kRush = 200, kFew = 50, kLongestRush = 250;
+    const kRush = 200, kFew = 50, kLongestRush = 250, kSamples = 8;
 
     function hostOf(origin) {
         const found = /^https?:\/\/([^/:]+|\[[^\]]*\])/.exec(origin);
@@ -70,6 +70,7 @@
     const firstOf = getterOf(Element, 'firstElementChild'), aroundOf = getterOf(Node, 'parentNode');
     const kindOf = getterOf(Node, 'nodeType'), attributeOf = Element.prototype.getAttribute;
     const findBelow = Element.prototype.querySelectorAll, findAll = Document.prototype.querySelectorAll;
+    const imagesOf = getterOf(Document, 'images'), linksOf = getterOf(Document, 'links');
     const adopted = Object.getOwnPropertyDescriptor(Document.prototype, 'adoptedStyleSheets');
     // What came out of another frame is an element, but none of this frame's kind.
     function isElement(node) { return kindOf.call(node) === Node.ELEMENT_NODE; }
@@ -125,8 +126,9 @@
 
     const sheets = [];
     function put() {
+        if (sheets.length === 0) return;
         const there = adopted.get.call(document);
-        if (sheets.length === 0 || there.includes(sheets[sheets.length - 1])) return;
+        if (there.includes(sheets[sheets.length - 1])) return;
         const others = Array.from(there).filter(function (sheet) { return !sheets.includes(sheet); });
         adopted.set.call(document, sheets.concat(others));
     }
@@ -147,21 +149,18 @@
     }
 
     // Names that were looked at cost nothing more.
-    function Seen() {
-        const all = new Set();
-        return function (text) {
-            // Else these would stay in memory.
-            if (text.length > kMostRead) return false;
-            if (all.has(text)) return true;
-            if (all.size >= kMostSeen) all.clear();
-            all.add(text);
-            return false;
-        };
+    function noteSeen(seen, text) {
+        // Else these would stay in memory.
+        if (text.length > kMostRead) return;
+        if (seen.size >= kMostSeen) seen.clear();
+        seen.add(text);
     }
-    const wasId = Seen(), wasNames = Seen(), wasName = Seen(), wasLink = Seen(), wasFound = Seen();
+    const seenIds = new Set(), seenValues = new Set(), seenNames = new Set(), seenLinks = new Set(), seenKeys = new Set();
     let found = [];
     function note(key) {
-        if (!wasFound(key)) found.push(key);
+        if (seenKeys.has(key)) return;
+        noteSeen(seenKeys, key);
+        found.push(key);
     }
     function hashFrom(hash, text) {
         for (let at = 0; at < text.length; ++at) hash = Math.imul(hash ^ text.charCodeAt(at), kHashStep);
@@ -200,22 +199,35 @@
         if (name.length <= kLongestName && isKey(hashFrom(start, inBytes(name)))) note(sign + name);
     }
     function lookAtNames(names) {
+        noteSeen(seenValues, names);
         classes.look(names);
-        for (const each of names.split(/\s+/))
-            if (each && !wasName(each)) lookAtName(kName, '.', each);
+        for (const each of names.split(/\s+/)) {
+            if (!each || seenNames.has(each)) continue;
+            noteSeen(seenNames, each);
+            lookAtName(kName, '.', each);
+        }
     }
     function lookAtId(id) {
+        noteSeen(seenIds, id);
         ids.look(id);
         lookAtName(kId, '#', id);
     }
-    function look(element) {
-        const names = namesOf.call(element), id = idOf.call(element);
-        if (names && !wasNames(names)) lookAtNames(names);
-        if (id && !wasId(id)) lookAtId(id);
+    function lookAtTarget(target) {
+        noteSeen(seenLinks, target);
+        links.look(target);
+    }
+    // Nearly all values have been seen, so no more than what tells that is done for most elements.
+    function lookAtClass(element) {
+        const names = namesOf.call(element);
+        if (names && !seenValues.has(names)) lookAtNames(names);
+    }
+    function lookAtIdOf(element) {
+        const id = idOf.call(element);
+        if (id && !seenIds.has(id)) lookAtId(id);
     }
     function lookAtLink(element) {
         const target = attributeOf.call(element, 'href');
-        if (target && !wasLink(target)) links.look(target);
+        if (target && !seenLinks.has(target)) lookAtTarget(target);
     }
     function lookAt(element) {
         const tag = tagOf.call(element);
@@ -224,16 +236,31 @@
         look(element);
         if (tag === 'a') lookAtLink(element);
     }
-    function each(list, act) {
-        for (let at = 0; at < list.length; ++at) act(list[at]);
-        return list.length;
+    function lookAtAttribute(element, name) {
+        if (name === 'class') lookAtClass(element);
+        else if (name === 'id') lookAtIdOf(element);
+        else if (tagOf.call(element) === 'a') lookAtLink(element);
     }
-    // How many were looked at.
-    function lookAtAll(find, root) {
-        each(find.call(root, 'img'), collapseFailed);
-        if (!site.generic) return 0;
-        each(find.call(root, 'a[href]'), lookAtLink);
-        return each(find.call(root, '[class], [id]'), look);
+    function each(list, act) {
+        for (let at = 0, end = list.length; at < end; ++at) act(list[at]);
+        return list;
+    }
+    function look(element) {
+        lookAtClass(element);
+        lookAtIdOf(element);
+    }
+    function lookBelow(element) {
+        each(findBelow.call(element, 'img'), collapseFailed);
+        if (!site.generic) return;
+        each(findBelow.call(element, 'a[href]'), lookAtLink);
+        each(findBelow.call(element, '[class], [id]'), look);
+    }
+    // The engine keeps its own lists of pictures and links. Those with a class or an id are the answer.
+    function lookAtAll() {
+        each(imagesOf.call(document), collapseFailed);
+        if (!site.generic) return [];
+        each(linksOf.call(document), lookAtLink);
+        return each(findAll.call(document, '[class], [id]'), look);
     }
     function askAboutFound() {
         for (const each of [ids, classes, links]) each.findParts();
@@ -245,23 +272,26 @@
         put();
     }
 
-    let looked = 0;
-    // How many more there are than there were.
+    let looked = 0, samples = [];
+    // Whether the page has many elements, and others than when it was last looked at so.
     function lookAround() {
-        const before = looked;
-        looked = lookAtAll(findAll, document);
+        const all = lookAtAll(), before = samples;
         askAboutFound();
-        return looked - before;
+        const more = all.length - looked;
+        looked = all.length;
+        samples = [];
+        for (let at = 1; rush && at < kSamples; ++at) samples.push(all[Math.floor(looked * at / kSamples)]);
+        return more >= kFew || (looked >= kFew && samples.some(function (each, at) { return each !== before[at]; }));
     }
 
     // Pages make thousands of elements at once, so whatever has nothing inside is looked at without any more ado.
     function lookAtRecords(records) {
         const full = new Set();
-        for (let at = 0; at < records.length; ++at) {
-            const record = records[at];
-            if (record.type === 'attributes') { lookAt(record.target); continue; }
+        for (let at = 0, end = records.length; at < end; ++at) {
+            const record = records[at], attribute = record.attributeName;
+            if (attribute !== null) { lookAtAttribute(record.target, attribute); continue; }
             const nodes = record.addedNodes;
-            for (let index = 0; index < nodes.length; ++index) {
+            for (let index = 0, most = nodes.length; index < most; ++index) {
                 const node = nodes[index];
                 if (!isElement(node)) continue;
                 if (firstOf.call(node)) full.add(node);
@@ -272,27 +302,35 @@
         for (const node of full) {
             if (full.has(aroundOf.call(node))) continue;
             lookAt(node);
-            lookAtAll(findBelow, node);
+            lookBelow(node);
         }
         askAboutFound();
     }
 
     // To be told of each element costs more than to look at all of them once before each picture of the page. So while a
-    // page makes very many, as when it loads, it is watched no longer than from that look until the picture is made. A
-    // task never begins between these two, so the watch ends in one.
+    // page makes very many, it is watched no longer than from that look until the picture is made. A task never begins
+    // between these two, so the watch ends in one.
     let rush = 0, picture = 0;
     const observer = new MutationObserver(function (records) {
-        lookAtRecords(records);
-        if (!rush && records.length >= kRush && records.length * 4 >= looked) beginRush();
+        const many = records.length >= kRush && records.length * 4 >= looked;
+        if (many) lookAround();
+        else lookAtRecords(records);
+        if (many && !rush) beginRush();
     });
     function watch() {
         const what = { childList: true, subtree: true };
         if (site.generic) what.attributeFilter = ['class', 'id', 'href'];
         observer.observe(document, what);
     }
+    // A timer would come too late.
+    let after = null;
     function beginRush() {
         rush = setTimeout(endRush, kLongestRush);
-        setTimeout(pause, 0);
+        if (!after) {
+            after = new MessageChannel();
+            after.port1.onmessage = pause;
+        }
+        after.port2.postMessage(0);
     }
     function pause() {
         if (!rush) return;
@@ -303,9 +341,11 @@
     function beforePicture() {
         if (!rush) return;
         watch();
-        if (lookAround() >= kFew || document.readyState === 'loading') return setTimeout(pause, 0);
+        const goesOn = lookAround();
         clearTimeout(rush);
         rush = 0;
+        if (goesOn || document.readyState === 'loading') beginRush();
+        else samples = [];
     }
     function endRush() {
         clearTimeout(rush);
@@ -314,8 +354,15 @@
         lookAround();
     }
 
+    // Pages about which rules say something by more than their domain.
+    const addresses = @addresses@;
+    function addressMayBeNamed() {
+        const address = (location.href.slice(0, kMostRead) + ' https://' + host + '/').toLowerCase(), plain = unescape(address);
+        return addresses.some(function (each) { return address.includes(each) || plain.includes(each); });
+    }
     const domainBits = atob('@domains@');
-    const named = @all@ || domainMayBeNamed(domainBits, host) || (topHost !== host && domainMayBeNamed(domainBits, topHost));
+    const named = @all@ || domainMayBeNamed(domainBits, host) || addressMayBeNamed() ||
+        (topHost !== host && domainMayBeNamed(domainBits, topHost));
     let begun = false;
     if (named)
         ask('site?', function (answer) {

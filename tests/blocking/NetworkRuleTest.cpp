@@ -173,8 +173,22 @@ TEST(NetworkRule, APageIsExceptedFromWhatRulesSay) {
     EXPECT_FALSE(rules.PageOf("https://c.example/y").Except.Everything);
     EXPECT_TRUE(rules.PageOf("https://d.example/").Except.SpecificHiding);
     EXPECT_TRUE(rules.PageOf("https://e.example/").Except.GenericRules);
-    EXPECT_EQ(rules.ExceptedDomains().value().size(), 5U);
-    EXPECT_FALSE(RulesOf("@@/x$elemhide\n").ExceptedDomains());
+    EXPECT_EQ(rules.Excepted().Domains.size(), 5U);
+    EXPECT_TRUE(rules.Excepted().Parts.empty());
+    EXPECT_FALSE(rules.Excepted().Any);
+}
+
+TEST(NetworkRule, PagesThatNoRuleCanExceptAreKnown) {
+    const auto parts = [](const char* list) { return RulesOf(list).Excepted().Parts; };
+    EXPECT_EQ(parts("@@||flash.$elemhide\n"), std::vector<std::string>{"flash."});
+    EXPECT_EQ(parts("@@://10.0.0.$generichide\n"), std::vector<std::string>{"://10.0.0."});
+    EXPECT_EQ(parts("@@|http://a.example/*?Long-Word=1$document\n"), std::vector<std::string>{"http://a.example/"});
+    EXPECT_EQ(parts("@@/Advert/x^$elemhide,match-case\n"), std::vector<std::string>{"/advert/x"});
+    EXPECT_EQ(parts("@@/advert/x$image\n"), std::vector<std::string>());
+    for (const char* each : {"@@/x$elemhide\n", "@@/^https:..advert.$/$elemhide\n"}) {
+        EXPECT_TRUE(RulesOf(each).Excepted().Any) << each;
+        EXPECT_TRUE(parts(each).empty()) << each;
+    }
 }
 
 TEST(NetworkRule, UnknownRulesAreCountedAndNeverGuessed) {

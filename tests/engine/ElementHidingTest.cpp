@@ -169,6 +169,16 @@ TEST(ElementHiding, WhatAttributesBeginWithOrHoldIsHidden) {
     EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(seen) == u"two"; })) << desk.view.Script(seen).toStdString();
 }
 
+TEST(ElementHiding, APageIsExceptedByAPartOfItsAddress) {
+    LocalServer server;
+    for (const char* each : {"/page", "/fair-page"}) server.Page(QString::fromLatin1(each), kHidingPage);
+    BlockingView desk("##.ad\n@@/fair-p$generichide\n");
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    ExpectSeen(desk, "two box three");
+    desk.view.Load(server.Address(QStringLiteral("/fair-page")));
+    ExpectSeen(desk, "one two box three");
+}
+
 TEST(ElementHiding, NamesOfFieldsDoNotKeepElementsFromBeingHidden) {
     LocalServer server;
     const QByteArray fields = "<input name=getAttribute><input name=className><input name=id><input name=nodeType>"
