@@ -13,6 +13,7 @@ import unittest
 
 import check_server
 import desk
+import print_server
 
 PROGRAM = desk.program_file()
 CTL = os.path.join(os.path.dirname(PROGRAM), "tessaviewctl")
@@ -273,6 +274,26 @@ class TakenAlong(Scripted):
                     for each in words:
                         self.assertIn(each, page)
                 self.assertEqual(program.strip(), ["[about:blank]"])
+
+    def test_all_pages_go_to_the_printer_as_one_document(self):
+        with print_server.PrintServer(self.home) as printer, desk.PageServer(hosts=2) as pages:
+            with desk.Program(PROGRAM, home=self.home) as program:
+                desk.wait_until(lambda: self.ctl("list", code=None))
+                self.ctl("open", pages.address("One"), pages.address("Two", 2), "--wait")
+                self.ctl("run-command", "xtrGroupPrint")
+                program.find("dialog", "Print")
+                program.find("combo box", print_server.NAME)
+                desk.xdotool("search", "--sync", "--onlyvisible", "--name", "^Print$", "windowactivate", "--sync")
+                desk.xdotool("key", "Return")
+                desk.wait_until(lambda: os.path.exists(printer.paper()), what="nothing came to the printer")
+                desk.wait_until(lambda: "All pages have been printed." in (program.status() or ""), what=program.status)
+                arguments = printer.arguments()
+                desk.wait_until(lambda: not os.path.exists(arguments[-1]), what="what was printed is left behind")
+            self.assertEqual(arguments[:2], ["-d", print_server.NAME])
+            self.assertIn("TessaView", arguments)
+            read = subprocess.run(["pdftotext", "-layout", printer.paper(), "-"], capture_output=True, text=True, check=True)
+            for words in ("One", pages.address("One"), "Two", pages.address("Two", 2), "3/3"):
+                self.assertIn(words, read.stdout)
 
     def printed(self, program):
         """Has the dialog that comes up print into a file; what that says."""
