@@ -12,7 +12,21 @@
         '[class~="ads" i], [class~="advert" i], [class~="advertisement" i], [class~="sponsored" i], ' +
         '[class*="ad-banner" i], [class*="ad-slot" i], [class*="ad-container" i], [data-ad], [data-ad-slot], ' +
         '[aria-label="advertisement" i], [aria-label="sponsored" i]';
-    var headings = 'h1, h2, h3, h4, h5, h6, [role="heading"]';
+    var headings = new Set(['h1', 'h2', 'h3', 'h4', 'h5', 'h6']);
+    // How an element stands in its line. To look this up is quicker than to take the word apart again.
+    var BLOCK = 0, INLINE = 1, CELL = 2, ATOMIC = 3, standings = new Map();
+
+    function standingOf(display) {
+        var standing = standings.get(display);
+        if (standing === undefined) {
+            standing = display === 'inline' ? INLINE : display === 'table-cell' ? CELL :
+                display.startsWith('inline') || display === 'contents' || display.startsWith('ruby') ? ATOMIC : BLOCK;
+            standings.set(display, standing);
+        }
+        return standing;
+    }
+
+    function keepsLines(space) { return space.startsWith('pre') && space !== 'pre-line' || space === 'break-spaces'; }
 
     function plain(text) {
         return text.replace(/[\u0000-\u001f\u007f-\u009f\u00ad\u200b-\u200f\u2028-\u202e\u2060-\u206f\ufeff]/g, ' ')
@@ -34,19 +48,28 @@
             nodes = [];
         }
 
+        function addLine(node, line, how) {
+            // A block of advertisement or heading is one from its first word on.
+            if (nodes.length === 0) kind = how.kind;
+            text += line.length > left ? line.slice(0, left) : line;
+            if (nodes[nodes.length - 1] !== node) nodes.push(node);
+        }
+
+        // What a text looks like is asked only where there is one, because asking is what takes the time.
         function add(node, how) {
             // Without a blank or a letter there is nothing to be said.
             var data = node.data;
-            if (!how.visible || data === '') return;
-            // A block of advertisement or heading is one from its first word on.
-            if (nodes.length === 0) kind = how.kind;
-            var lines = how.pre ? data.split('\n') : [data];
-            lines.forEach(function (line, index) {
-                if (index > 0) end();
-                if (nodes.length === 0) kind = how.kind;
-                text += line.length > left ? line.slice(0, left) : line;
-                if (nodes[nodes.length - 1] !== node) nodes.push(node);
-            });
+            if (data === '') return;
+            if (how.visible === undefined) how.visible = !how.style || how.style.visibility === 'visible';
+            if (!how.visible) return;
+            if (data.includes('\n') && how.style && keepsLines(how.style.whiteSpace)) {
+                data.split('\n').forEach(function (line, index) {
+                    if (index > 0) end();
+                    addLine(node, line, how);
+                });
+            } else {
+                addLine(node, data, how);
+            }
         }
 
         // Of a frame that is the page's own; into others nobody can look from here.
@@ -55,43 +78,69 @@
             return inside && inside.body && frame.clientWidth > 0 && frame.clientHeight > 0 ? inside.body : null;
         }
 
-        function enter(element, how) {
-            var style = getComputedStyle(element);
-            if (style.display === 'none') return;
-            var name = element.localName;
-            if (name === 'input' && element.type === 'password') password = true;
-            var inner = {
-                depth: how.depth + 1,
-                visible: style.visibility === 'visible',
-                pre: style.whiteSpace.startsWith('pre') && style.whiteSpace !== 'pre-line' || style.whiteSpace === 'break-spaces',
-                kind: how.kind === 'p' && element.matches(headings) ? 'h' : how.kind
-            };
-            if (element.matches(advertisements)) inner.kind = 'a';
-            var inline = style.display.startsWith('inline') || style.display === 'contents' ||
-                         style.display.startsWith('ruby');
-            var cell = style.display === 'table-cell';
-            if (name === 'br' || (!inline && !cell)) end();
-            else if (cell || style.display !== 'inline') text += ' ';
-            var within = name === 'iframe' || name === 'frame' ? bodyOf(element) : null;
-            if (within) end(), enter(within, inner), end();
-            else if (name !== 'iframe' && how.depth < deepest) walk(element, inner);
-            if (!inline && !cell) end();
-            else if (style.display !== 'inline') text += ' ';
+        // A document, or what is in the shadow of an element of another tree. Its advertisements are found at once.
+        function treeOf(root, outer) {
+            return { advertisements: new Set(root.querySelectorAll(advertisements)), outer: outer };
         }
 
-        function walk(parent, how) {
-            var children = parent.shadowRoot ? parent.shadowRoot.childNodes : parent.childNodes;
-            if (parent.localName === 'slot' && parent.assignedNodes().length > 0) children = parent.assignedNodes();
-            for (var i = 0; i < children.length && left > 0 && count > 0; ++i) {
-                var child = children[i];
-                --count;
-                if (child.nodeType === Node.TEXT_NODE) add(child, how);
-                else if (child.nodeType === Node.ELEMENT_NODE && !skipped.has(child.localName)) enter(child, how);
+        function isHeading(element, name) {
+            return headings.has(name) || element.getAttribute('role') === 'heading';
+        }
+
+        function enter(element, name, how) {
+            var style = getComputedStyle(element), display = style.display;
+            if (display === 'none') return;
+            if (name === 'input' && element.type === 'password') password = true;
+            var inner = { depth: how.depth + 1, style: style, visible: undefined, kind: how.kind, tree: how.tree };
+            if (how.tree.advertisements.has(element)) inner.kind = 'a';
+            else if (how.kind === 'p' && isHeading(element, name)) inner.kind = 'h';
+            var standing = standingOf(display);
+            if (name === 'br' || standing === BLOCK) end();
+            else if (standing !== INLINE) text += ' ';
+            if (name === 'iframe' || name === 'frame') {
+                var within = bodyOf(element);
+                if (within) {
+                    inner.tree = treeOf(within.ownerDocument, null);
+                    end();
+                    enter(within, within.localName, inner);
+                    end();
+                } else if (name === 'frame' && how.depth < deepest) {
+                    walk(element, name, inner);
+                }
+            } else if (how.depth < deepest) {
+                walk(element, name, inner);
+            }
+            if (standing === BLOCK) end();
+            else if (standing !== INLINE) text += ' ';
+        }
+
+        function visit(child, how) {
+            --count;
+            var type = child.nodeType;
+            if (type === 3) {
+                add(child, how);
+            } else if (type === 1) {
+                var name = child.localName;
+                if (!skipped.has(name)) enter(child, name, how);
             }
         }
 
+        function walk(parent, name, how) {
+            var shadow = parent.shadowRoot, assigned = name === 'slot' ? parent.assignedNodes() : [];
+            if (shadow) how.tree = treeOf(shadow, how.tree);
+            if (assigned.length > 0) {
+                how.tree = how.tree.outer || how.tree;
+                for (var i = 0; i < assigned.length && left > 0 && count > 0; ++i) visit(assigned[i], how);
+                return;
+            }
+            for (var child = (shadow || parent).firstChild; child && left > 0 && count > 0; child = child.nextSibling)
+                visit(child, how);
+        }
+
         try {
-            if (document.body) enter(document.body, { depth: 0, visible: true, pre: false, kind: 'p' });
+            if (document.body)
+                enter(document.body, document.body.localName,
+                      { depth: 0, style: null, visible: true, kind: 'p', tree: treeOf(document, null) });
         } catch (tooDeep) {
             // What was read until there is better than nothing.
         }

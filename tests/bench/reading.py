@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """What remembering costs: a group of pages with text, with the history and with "Remember nothing", in turns. Prints the
 medians and their ratios: of the time and of the processor time until all pages have loaded, which is what somebody waits
-for, and of the processor time until they have been read and written down as well. Processor time is that of the program
-with all its processes, and counts on a machine that has other work too. Run it on a display of its own:
+for, and of the processor time until they have been read and written down as well, also that of the pages' own processes alone. Processor time is that of the
+program with all its processes, and counts on a machine that has other work too. Run it on a display of its own:
 
     tests/e2e/on-display.sh tests/bench/reading.py build/tessaview [ROUNDS [PAGES]]
 """
 
+import contextlib
 import http.server
 import os
 import random
@@ -20,7 +21,6 @@ import time
 WORDS = [f"word{number}" for number in range(3000)]
 # Pages are read a second after they have loaded, and written a second later at most.
 READ_BY = 4
-TICK = os.sysconf("SC_CLK_TCK")
 
 
 class Pages:
@@ -62,26 +62,44 @@ class Pages:
         return f"http://127.0.0.1:{self.server.server_port}/page{number}"
 
 
-def processor_time(process):
-    """Seconds that a process, those that it has started, and they in turn have used."""
-    parents, times = {}, {}
+def processes_of(process):
+    """A process, those that it has started, and they in turn."""
+    parents = {}
     for name in filter(str.isdigit, os.listdir("/proc")):
-        try:
+        with contextlib.suppress(OSError):  # it has ended
             with open(f"/proc/{name}/stat", encoding="utf-8", errors="replace") as stat:
-                fields = stat.read().rsplit(")", 1)[1].split()
-        except OSError:  # it has ended
-            continue
-        parents.setdefault(int(fields[1]), []).append(int(name))
-        times[int(name)] = sum(map(int, fields[11:15])) / TICK  # with those that have ended
+                parents.setdefault(int(stat.read().rsplit(")", 1)[1].split()[1]), []).append(int(name))
     found = [process]
     for each in found:
         found.extend(parents.get(each, []))
-    return sum(times.get(each, 0) for each in found)
+    return found
+
+
+def used_by(process):
+    """Seconds of the processor that a process has used so far, with all its threads."""
+    total = 0
+    with contextlib.suppress(OSError):  # it has ended
+        for thread in os.listdir(f"/proc/{process}/task"):
+            with open(f"/proc/{process}/task/{thread}/schedstat", encoding="ascii") as schedule:
+                total += int(schedule.read().split()[0])
+    return total / 1e9
+
+
+def shows_pages(process):
+    with contextlib.suppress(OSError), open(f"/proc/{process}/cmdline", "rb") as command:
+        return b"--type=renderer" in command.read()
+    return False
+
+
+def processor_time(process):
+    """Seconds that all its processes have used, and those of them that show pages."""
+    times = {each: used_by(each) for each in processes_of(process)}
+    return sum(times.values()), sum(time for each, time in times.items() if shows_pages(each))
 
 
 def run(program, pages, count, remembers):
     """Seconds from the start of the program until so many pages have loaded; its processor time until then, and until
-    they have been read."""
+    they have been read; of that the pages' own."""
     with tempfile.TemporaryDirectory() as home:
         if not remembers:
             with open(os.path.join(home, "settings.ini"), "w", encoding="utf-8") as settings:
@@ -98,9 +116,9 @@ def run(program, pages, count, remembers):
                 if time.monotonic() - start > 120:
                     raise SystemExit(f"only {len(pages.loaded)} pages have loaded")
                 time.sleep(0.01)
-            loading = processor_time(process.pid)
+            loading, _ = processor_time(process.pid)
             time.sleep(READ_BY)
-            return max(pages.loaded) - start, loading, processor_time(process.pid)
+            return max(pages.loaded) - start, loading, *processor_time(process.pid)
         finally:
             process.terminate()
             process.wait()
@@ -116,7 +134,8 @@ def main():
     for number in range(rounds):
         for remembers in (True, False) if number % 2 else (False, True):
             (with_it if remembers else without).append(run(program, pages, count, remembers))
-    for what, on, off in zip(("loaded", "processor time, loaded", "processor time, read"), zip(*with_it), zip(*without)):
+    measured = ("loaded", "processor time, loaded", "processor time, read", "of that in the pages")
+    for what, on, off in zip(measured, zip(*with_it), zip(*without)):
         ratio = statistics.median(one / other for one, other in zip(on, off))
         middle, other = statistics.median(on), statistics.median(off)
         print(f"{count} pages, {what}: with the history {middle:.2f} s, without {other:.2f} s, ratio {ratio:.3f}")

@@ -9,10 +9,13 @@ import os
 import re
 import resource
 import subprocess
+import threading
 import unittest
 
+import answering
 import check_server
 import desk
+import print_server
 
 PROGRAM = desk.program_file()
 CTL = os.path.join(os.path.dirname(PROGRAM), "tessaviewctl")
@@ -273,6 +276,26 @@ class TakenAlong(Scripted):
                     for each in words:
                         self.assertIn(each, page)
                 self.assertEqual(program.strip(), ["[about:blank]"])
+
+    def test_all_pages_go_to_the_printer_as_one_document(self):
+        with print_server.PrintServer(self.home) as printer, desk.PageServer(hosts=2) as pages:
+            with desk.Program(PROGRAM, home=self.home) as program:
+                desk.wait_until(lambda: self.ctl("list", code=None))
+                self.ctl("open", pages.address("One"), pages.address("Two", 2), "--wait")
+                self.ctl("run-command", "xtrGroupPrint")
+                program.find("dialog", "Print")
+                program.find("combo box", print_server.NAME)
+                desk.xdotool("search", "--sync", "--onlyvisible", "--name", "^Print$", "windowactivate", "--sync")
+                desk.xdotool("key", "Return")
+                desk.wait_until(lambda: os.path.exists(printer.paper()), what="nothing came to the printer")
+                desk.wait_until(lambda: "All pages have been printed." in (program.status() or ""), what=program.status)
+                arguments = printer.arguments()
+                desk.wait_until(lambda: not os.path.exists(arguments[-1]), what="what was printed is left behind")
+            self.assertEqual(arguments[:2], ["-d", print_server.NAME])
+            self.assertIn("TessaView", arguments)
+            read = subprocess.run(["pdftotext", "-layout", printer.paper(), "-"], capture_output=True, text=True, check=True)
+            for words in ("One", pages.address("One"), "Two", pages.address("Two", 2), "3/3"):
+                self.assertIn(words, read.stdout)
 
     def printed(self, program):
         """Has the dialog that comes up print into a file; what that says."""
@@ -559,31 +582,59 @@ class Checking(Scripted):
             self.assertFalse(os.path.exists(file))
 
 
+class Rush:
+    """A caller who never stops: thousands of calls a second. Use it in a `with`."""
+
+    def __init__(self, name):
+        file = os.path.join(os.path.dirname(os.path.abspath(__file__)), "rush.py")
+        self.process = subprocess.Popen(["/usr/bin/python3", file, name], stdout=subprocess.PIPE, text=True)
+        self.taken = self.a_second = 0  # calls
+        self.process.stdout.readline()
+        threading.Thread(target=self._read, daemon=True).start()
+
+    def _read(self):
+        for line in self.process.stdout:
+            self.taken, self.a_second = map(int, line.split())
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *error):
+        self.process.kill()
+        self.process.wait()
+
+
 class Rushing(Scripted):
     def test_a_caller_who_never_stops_leaves_the_window_usable(self):
         with desk.PageServer() as pages, desk.Program(PROGRAM, pages.address("One"), home=self.home) as program:
             program.wait_strip(["[One]"])
             desk.wait_until(lambda: self.ctl("list", code=None))
-            name = self.ctl("bus-name").strip()
-            rush = subprocess.Popen(
-                ["/usr/bin/python3", os.path.join(os.path.dirname(os.path.abspath(__file__)), "rush.py"), name],
-                stdout=subprocess.PIPE, text=True,
-            )
-            try:
-                self.assertEqual(rush.stdout.readline(), "rushing\n")
-                for _ in range(5):
-                    self.assertIn("One", self.ctl("list"))
-                # Its user goes on working, too.
-                program.keys("ctrl+t")
-                program.wait_strip(["One", "[about:blank]"])
-                program.keys("alt+t")
-                program.find("menu item", "Organize TessaGroups...")
-                desk.xdotool("key", "Escape")
-                self.assertIsNone(rush.poll(), "it never stopped")
-            finally:
-                rush.kill()
-                rush.wait()
-                rush.stdout.close()
+            with Rush(self.ctl("bus-name").strip()) as rush, answering.Asking(program) as asking:
+                # Its user goes on working until that many calls have come meanwhile.
+                begun, number = rush.taken, 0
+                while rush.taken < begun + 50_000 or number == 0:
+                    self.work(program, pages, number)
+                    number += 1
+                self.assertIn("One", self.ctl("list"))
+                self.assertIsNone(rush.process.poll(), "it never stops")
+                print(f"{rush.a_second} calls a second, {number} rounds of work, {rush.taken - begun} calls")
+            print(asking.told())
+
+    def work(self, program, pages, number):
+        """Opens a tab, goes to a page, looks into a menu and closes the tab again."""
+        title = f"Page{number}"
+        program.keys("ctrl+t")
+        program.wait_strip(["One", "[about:blank]"])
+        program.keys("ctrl+l")
+        desk.wait_until(lambda: desk.focused_box(program))
+        desk.xdotool("type", "--delay", "0", pages.address(title))
+        desk.xdotool("key", "Return")
+        program.wait_strip(["One", f"[{title}]"])
+        program.keys("alt+t")
+        program.find("menu item", "Organize TessaGroups...")
+        desk.xdotool("key", "Escape")
+        program.keys("ctrl+w")
+        program.wait_strip(["[One]"])
 
 
 if __name__ == "__main__":
