@@ -57,10 +57,6 @@ void GroupCommands::Join(std::int32_t index, std::int32_t group, const Text& ent
     m_parts.tabGroups.Add(index, group, entry);
 }
 
-void GroupCommands::SaveTabs(TextView path, const std::vector<std::int32_t>& indexes) {
-    SaySaved(TessaGroups::SaveTabs(path, m_parts.pcPage, m_parts.Browser, m_parts.messages, indexes), path);
-}
-
 void GroupCommands::SaveAsTessaGroup(TextView path) {
     using TessaGroups::Saved;
     const Saved saved = TessaGroups::SaveOpenTabs(path, m_parts.pcPage, m_parts.Browser, m_parts.messages);

@@ -21,7 +21,7 @@ public:
     void AddTabsToTessaGroup(const std::vector<std::int32_t>& indexes, TextView SGFile);
     /// Saves all open tabs as that group; asks before it replaces one.
     void SaveAsTessaGroup(TextView path);
-    /// The same for the tabs of these views.
+    /// The same for the tabs of these views, which are that group's tabs from then on.
     void SaveTabs(TextView path, const std::vector<std::int32_t>& indexes);
     /// All of them, for whoever is not there to be asked: replaces, and leaves private tabs out.
     [[nodiscard]] TessaGroups::Saved SaveUnasked(TextView path);

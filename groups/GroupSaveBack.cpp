@@ -1,8 +1,10 @@
-// What the tabs of a group show is written into its file.
+// What tabs show is written into the file of a group, whose tabs they are or become.
 #include "base/Address.h"
 #include "base/os/AtomicFile.h"
 #include "base/os/Paths.h"
 #include "groups/GroupCommands.h"
+#include "groups/GroupOfTabs.h"
+#include "tabs/OpenTabs.h"
 
 #include <algorithm>
 #include <map>
@@ -22,7 +24,49 @@ TessaGroups::Updated UpdatedWith(std::vector<GroupTab>& tabs, const GroupSource&
     return updated;
 }
 
+/// The tabs of these views that a file can bring back, in the order of the strip.
+std::vector<GroupTab> TabsIn(const GroupOpening::Parts& parts, const std::vector<std::int32_t>& indexes) {
+    std::vector<GroupTab> tabs;
+    for (const OpenTab open : OpenTabs(parts.pcPage, parts.Browser)) {
+        const bool meant = open.View && std::ranges::find(indexes, open.Index()) != indexes.end();
+        if (meant && Address::ComesBack(open.Address())) tabs.push_back({open.Index(), open.Address()});
+    }
+    return tabs;
+}
+
+/// The tabs with their addresses as the file has them: a long one is cut there.
+std::vector<GroupTab> AsWritten(TextView path, const std::vector<GroupTab>& tabs) {
+    std::vector<GroupTab> written;
+    auto tab = tabs.begin();
+    for (const auto& address : TessaGroups::Load(path)) {
+        if (tab != tabs.end()) written.push_back({(tab++)->Index, address.Key});
+    }
+    return written;
+}
+
 } // namespace
+
+void GroupCommands::SaveTabs(TextView path, const std::vector<std::int32_t>& indexes) {
+    using TessaGroups::Saved;
+    if (!TessaGroups::MayReplace(path, m_parts.messages)) return;
+    const auto isPrivate = [this](const GroupTab& each) {
+        return m_parts.tabs.PrivacyOf(each.Index) == Privacy::Private;
+    };
+    std::vector<GroupTab> tabs = TabsIn(m_parts, indexes);
+    if (std::ranges::any_of(tabs, isPrivate)) {
+        const Answer answer = TessaGroups::AskOfPrivate(m_parts.messages);
+        if (answer == Answer::Cancel) return;
+        // Pages may have moved on behind the question.
+        tabs = TabsIn(m_parts, indexes);
+        if (answer == Answer::No) std::erase_if(tabs, isPrivate);
+    }
+    std::vector<TessaGroups::NumberedAddress> addresses;
+    for (const GroupTab& each : tabs) addresses.push_back({addresses.size() + 1, each.Address});
+    if (addresses.empty()) return SaySaved(Saved::Nothing, path);
+    if (TessaGroups::Write(path, addresses) != Outcome::Done) return SaySaved(Saved::Failed, path);
+    MakeGroupOfTabs(m_parts.tabGroups, m_parts.pcPage, NameOf(path), FileAt(path), AsWritten(path, tabs));
+    SaySaved(Saved::Yes, path);
+}
 
 void GroupCommands::Reread(TextView path) {
     for (const std::int32_t each : m_parts.tabGroups.OpenedFrom(path)) {

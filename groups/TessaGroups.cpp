@@ -86,20 +86,12 @@ bool HasGroup(TextView path) {
     return FileExists(file) && !IsFolder(file);
 }
 
-/// Which of the open tabs are saved; nothing for all.
-using SavedTabs = const std::vector<std::int32_t>*;
-
-bool IsMeant(SavedTabs only, const OpenTab& open) {
-    return !only || std::ranges::find(*only, open.Index()) != only->end();
-}
-
-std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, ViewArray& Browser, bool withPrivate,
-                                                        SavedTabs only) {
+std::vector<TessaGroups::NumberedAddress> OpenAddresses(const TabStrip& pcPage, ViewArray& Browser, bool withPrivate) {
     std::vector<TessaGroups::NumberedAddress> addresses;
     std::size_t left = 0;
     for (const OpenTab open : OpenTabs(pcPage, Browser)) {
         const Text address = open.Address();
-        if (!IsMeant(only, open) || (open.Private() && !withPrivate) || !Address::ComesBack(address)) {
+        if ((open.Private() && !withPrivate) || !Address::ComesBack(address)) {
             ++left;
             continue;
         }
@@ -115,18 +107,8 @@ TessaGroups::Saved WriteAny(TextView path, const std::vector<TessaGroups::Number
     return TessaGroups::Write(path, addresses) == Outcome::Done ? Saved::Yes : Saved::Failed;
 }
 
-bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser, SavedTabs only) {
-    return std::ranges::any_of(OpenTabs(pcPage, Browser),
-                               [only](const OpenTab& open) { return IsMeant(only, open) && open.Private(); });
-}
-
-TessaGroups::Saved SaveSome(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages,
-                            SavedTabs only) {
-    using TessaGroups::Saved;
-    if (!TessaGroups::MayReplace(path, messages)) return Saved::Declined;
-    const Answer privates = HasPrivate(pcPage, Browser, only) ? TessaGroups::AskOfPrivate(messages) : Answer::No;
-    if (privates == Answer::Cancel) return Saved::Declined;
-    return WriteAny(path, OpenAddresses(pcPage, Browser, privates == Answer::Yes, only));
+bool HasPrivate(const TabStrip& pcPage, ViewArray& Browser) {
+    return std::ranges::any_of(OpenTabs(pcPage, Browser), [](const OpenTab& open) { return open.Private(); });
 }
 
 } // namespace
@@ -180,12 +162,10 @@ Answer AskOfPrivate(MessageBoxes& messages) {
 }
 
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages) {
-    return SaveSome(path, pcPage, Browser, messages, nullptr);
-}
-
-Saved SaveTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages,
-               const std::vector<std::int32_t>& indexes) {
-    return SaveSome(path, pcPage, Browser, messages, &indexes);
+    if (!MayReplace(path, messages)) return Saved::Declined;
+    const Answer privates = HasPrivate(pcPage, Browser) ? AskOfPrivate(messages) : Answer::No;
+    if (privates == Answer::Cancel) return Saved::Declined;
+    return WriteAny(path, OpenAddresses(pcPage, Browser, privates == Answer::Yes));
 }
 
 } // namespace TessaGroups

@@ -76,9 +76,6 @@ Saved Save(TextView path, const std::vector<Text>& addresses, MessageBoxes& mess
 /// Saves the addresses of all tabs in the order of the strip as the group of that path. Asks before it replaces
 /// a group that exists, and whether to write down what is open in private tabs.
 Saved SaveOpenTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages);
-/// The same for the tabs of these views alone, see `Tab::Tag`.
-Saved SaveTabs(TextView path, const TabStrip& pcPage, ViewArray& Browser, MessageBoxes& messages,
-               const std::vector<std::int32_t>& indexes);
 
 /// The groups of a folder (with the separator at the end) by name, with their full paths. Of a folder that cannot be
 /// read none; hidden files are left out.

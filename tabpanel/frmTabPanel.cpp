@@ -13,6 +13,8 @@ namespace {
 
 /// Units of a title that anybody reads.
 constexpr std::size_t kMostOfTitle = 300;
+/// What ends a caption that was cut.
+constexpr TextView kDots = u"...";
 /// A file may say anything.
 constexpr std::int32_t kWidest = 4000;
 /// Parts of a line.
@@ -111,14 +113,20 @@ Text frmTabPanel::TitleOf(const Tab& tab) const { return tab.Name().empty() ? Pa
 Text frmTabPanel::PageTitleOf(const Tab& tab) const {
     const auto* view = m_parts.Browser.Find(tab.Tag);
     const Text title = view ? view->Control->LocationName() : Text();
-    return title.empty() ? tab.Caption() : Text(FirstUnits(title, kMostOfTitle));
+    if (!title.empty()) return Text(FirstUnits(title, kMostOfTitle));
+    // A page that was never loaded stands in the strip with its address, which is cut there.
+    const Text address = m_parts.tabs.AddressOf(tab);
+    TextView begun = tab.Caption();
+    if (begun.ends_with(kDots)) begun.remove_suffix(kDots.size());
+    return address.starts_with(begun) ? address : tab.Caption();
 }
 
 // What is in front wakes by itself, if only a moment later.
 bool frmTabPanel::IsAsleep(const Tab& tab) const {
     const auto* view = &tab == Front() ? nullptr : m_parts.Browser.Find(tab.Tag);
     const auto* life = view ? view->Control->Life() : nullptr;
-    return life && life->Asleep();
+    const bool unloaded = view && view->Control->Progress() == PageProgress::PutOff;
+    return unloaded || (life && life->Asleep());
 }
 
 void frmTabPanel::Click(std::int32_t index) {

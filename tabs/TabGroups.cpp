@@ -238,7 +238,11 @@ void TabGroups::NoteSaved(std::int32_t group, const std::vector<GroupTab>& tabs)
     known->Agreed = known->File.All;
     for (const GroupTab& each : tabs) {
         const auto found = m_members.find(each.Index);
-        if (found == m_members.end() || found->second.Entry == each.Address) continue;
+        if (found == m_members.end()) continue;
+        // What it shows is what was saved. So another page is no longer the way to that one.
+        const auto* view = m_browser.Find(each.Index);
+        if (view && !ShowsNothing(view->Control->LocationURL())) found->second.Fresh = false;
+        if (found->second.Entry == each.Address) continue;
         found->second.Entry = each.Address;
         found->second.Landed.clear();
     }

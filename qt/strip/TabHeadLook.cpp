@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <algorithm>
+#include <cmath>
 
 namespace tessa::qt {
 
@@ -31,13 +32,18 @@ int HeadNameWidth(const QFontMetrics& font, const TabHeadFace& face) {
     return std::min(font.horizontalAdvance(face.name.left(kMeasuredNameUnits)) + 1, kWidestName * font.height());
 }
 
-/// Black or white, whichever is read better on it.
-QColor InkOn(const QColor& ground) {
-    const double light = 0.299 * ground.redF() + 0.587 * ground.greenF() + 0.114 * ground.blueF();
-    return light > 0.52 ? QColor(16, 16, 16) : QColor(Qt::white);
-}
+/// A part of a colour as the eye takes it, from 0 to 1.
+double SeenLight(float part) { return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
 
 } // namespace
+
+// White is read well on what is darker than that, though black may have a little more contrast there.
+QColor TabHeadLook::InkOn(const QColor& ground) {
+    constexpr double kDarkEnough = 0.21;
+    const double light =
+        0.2126 * SeenLight(ground.redF()) + 0.7152 * SeenLight(ground.greenF()) + 0.0722 * SeenLight(ground.blueF());
+    return light > kDarkEnough ? QColor(16, 16, 16) : QColor(Qt::white);
+}
 
 TabHeadLook::TabHeadLook(const QPalette& palette) : m_text(palette.color(QPalette::WindowText)) {}
 
@@ -89,7 +95,6 @@ void TabHeadLook::PaintWords(QPainter& painter, const TabHeadFace& face, const Q
     }
     const QString words = HeadWords(face);
     left += kHeadGap;
-    painter.setPen(Palette::Mix(ink, Palette::MarkColour(face.colour), 0.2));
     if (!words.isEmpty()) write(words, font.horizontalAdvance(words));
 }
 

@@ -31,6 +31,8 @@ public:
     explicit TabHeadLook(const QPalette& palette);
 
     void Paint(QPainter& painter, const TabHeadFace& face) const;
+    /// Black or white, whichever is read well on that ground.
+    [[nodiscard]] static QColor InkOn(const QColor& ground);
     /// How wide the head is when it is not cut.
     [[nodiscard]] static int Width(const QFontMetrics& font, const TabHeadFace& face);
 

@@ -134,6 +134,20 @@ TEST_F(frmTabPanelTest, ANameStaysUntilItIsTakenAway) {
     EXPECT_EQ(panel.TitleOf(desk.TabOf(2)), u"Another title");
 }
 
+TEST_F(frmTabPanelTest, ATabThatWasNeverLoadedSleepsUnderItsWholeTitle) {
+    Start(3);
+    const Text address = u"http://a-host-with-a-long-name/and/a/path";
+    desk.views.At(2).location = address;
+    desk.views.At(2).progress = PageProgress::PutOff;
+    desk.views.At(2).events.TitleChange(2, address);
+    ASSERT_NE(panel.FindTab(2)->Caption(), address);
+    EXPECT_EQ(panel.TitleOf(*panel.FindTab(2)), address);
+    EXPECT_TRUE(panel.IsAsleep(*panel.FindTab(2)));
+    EXPECT_FALSE(panel.IsAsleep(*panel.FindTab(3)));
+    desk.views.At(2).events.TitleChange(2, u"short");
+    EXPECT_EQ(panel.TitleOf(*panel.FindTab(2)), u"short");
+}
+
 TEST_F(frmTabPanelTest, HidesTheStripOnlyWhileItIsOpen) {
     Start(1);
     desk.Click(u"xtrTabStripHidden");
