@@ -114,7 +114,7 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
 
 void RunningProgram::Parts::FollowGroups() {
     main.Groups().Probe = &probe;
-    main.Groups().Write = [this](const GroupCommands::Writing& writing) {
+    main.Groups().Write.ConnectForLife([this](const GroupCommands::Writing& writing) {
         const auto written = [ended = writing.ended](const GroupOutput::Result& result) {
             ended(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
         };
@@ -131,7 +131,7 @@ void RunningProgram::Parts::FollowGroups() {
         case GroupCommands::Writes::Print:
             return print.Print(pages, {written, progress});
         }
-    };
+    });
 }
 
 MainWindowPlatform RunningProgram::Parts::Outside() {
