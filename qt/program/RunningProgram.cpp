@@ -1,6 +1,5 @@
 #include "qt/program/RunningProgram.h"
 
-#include "commands/effects/TileCommands.h"
 #include "qt/base/Icons.h"
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
@@ -69,7 +68,7 @@ struct RunningProgram::Parts {
     MainWindowFrame window;
     PageBarsAssembly bars{window.PageArea(), desktop.clock};
     BlockingAssembly blocking{desktop.settings, desktop.folders.state + QStringLiteral("/blocking"), desktop.clock};
-    TileAssembly tiles{window.PageArea()};
+    TileAssembly tiles{window.PageArea(), messages};
     EngineAssembly engine{desktop, window, bars, tiles.area, blocking};
     DownloadAssembly downloads{engine.engine};
     HistoryAssembly history{desktop};
@@ -98,7 +97,6 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     history.Serve(main, engine.engine, window);
     bars.Serve(main);
     tiles.Serve(main, engine.engine, strip.strip);
-    tiles.area.MayShow = [this](std::size_t count) { return TileCommands::MayShow(messages, count); };
     tiles.Link(bars.findBar);
     bar.LeadTo(strip.strip, frame.statusBar, bars);
     blocking.Serve(main, frame.statusBar, window);
