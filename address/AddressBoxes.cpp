@@ -21,7 +21,9 @@ Text Completed(const Text& text) {
 } // namespace
 
 AddressBoxes::AddressBoxes(TabSet& tabs, CommandBar& actBar) : m_tabs(tabs), m_actBar(actBar) {
-    m_actBar.ComboKeyDown = [this](ComboTool& box, KeyStroke key) { return ComboKeyDown(box, key); };
+    m_actBar.ComboKeyDown.ConnectForLife([this](ComboTool& box, KeyStroke key, KeyUsed& used) {
+        if (used == KeyUsed::No) used = ComboKeyDown(box, key);
+    });
     m_actBar.TextChange.ConnectForLife([this](ComboTool& box) { TextChange(box); });
     m_actBar.SelChange.ConnectForLife([this](ComboTool& box) { SelChange(box); });
 }

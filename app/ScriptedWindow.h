@@ -28,8 +28,8 @@ public:
     [[nodiscard]] std::vector<ScriptTab> List() const;
     /// The tabs that have all these words, whatever their case, in title or address; no private ones.
     [[nodiscard]] std::vector<ScriptTab> Search(TextView words) const;
-    /// These tabs, the other tabs that show pages of which the history knows, and behind them those of the pages that
-    /// are not open: their number is 0 and their state "history".
+    /// These tabs, the other tabs that show pages of which the history knows, and behind them the pages that are not
+    /// open. The number of the latter is 0, their state "history".
     [[nodiscard]] std::vector<ScriptTab> WithRead(std::vector<ScriptTab> tabs,
                                                   const std::vector<HistoryEntry>& entries) const;
     /// Each in a tab of its own; behind, the tab in front stays so. Refused, one leaves the others.

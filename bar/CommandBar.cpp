@@ -204,4 +204,10 @@ void CommandBar::UserClick(Tool& tool) const {
     if (tool.Enabled()) Click(tool);
 }
 
+KeyUsed CommandBar::UserKey(ComboTool& box, KeyStroke key) const {
+    KeyUsed used = KeyUsed::No;
+    ComboKeyDown(box, key, used);
+    return used;
+}
+
 } // namespace tessa

@@ -170,6 +170,8 @@ public:
     void OpenBand(Band& band) const;
     /// What a user's click does; a disabled tool does nothing.
     void UserClick(Tool& tool) const;
+    /// What the user's key does in a box; one that is not used is the box's own.
+    KeyUsed UserKey(ComboTool& box, KeyStroke key) const;
 
     /// How the toolbars look.
     Property<BarLook> Look;
@@ -180,8 +182,8 @@ public:
     Signal<void(Band&)> BandOpen;
     /// The pointer is over a tool, or over none any more.
     Signal<void(const Tool*)> MouseOver;
-    /// A key in a box, before the box acts on it.
-    std::function<KeyUsed(ComboTool&, KeyStroke)> ComboKeyDown;
+    /// A key in a box, before the box acts on it. Who uses it says so.
+    Signal<void(ComboTool&, KeyStroke, KeyUsed&)> ComboKeyDown;
     /// The user has changed a box's text by typing; its value and selection are up to date.
     Signal<void(ComboTool&)> TextChange;
     /// The user has chosen an item of a box's list, which the box shows.

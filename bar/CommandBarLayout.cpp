@@ -127,16 +127,7 @@ private:
         return m_file.Value(section, key, "", m_longest);
     }
 
-    [[nodiscard]] std::vector<std::string> Sections() const {
-        std::vector<std::string> names;
-        const std::string list = m_file.SectionList(m_longest * 2);
-        for (std::size_t at = 0; at < list.size();) {
-            const std::size_t end = std::min(list.find('\0', at), list.size());
-            names.push_back(list.substr(at, end - at));
-            at = end + 1;
-        }
-        return names;
-    }
+    [[nodiscard]] std::vector<std::string> Sections() const { return NamesIn(m_file.SectionList(m_longest * 2)); }
 
     [[nodiscard]] DesignedBands Designed() const {
         DesignedBands designed;

@@ -37,9 +37,9 @@ inline constexpr TextView kBlank = u"about:blank";
 /// stays as it is.
 [[nodiscard]] Text WithoutUser(TextView address);
 
-/// What addresses have in common that lead to the same page: the address without a "www." before its host, without a
-/// slash at the end of its path, without fragment, its scheme and host in small letters. A fragment that names a page
-/// of its own, as "#!/news" and "#/news" do, stays.
+/// What addresses have in common that lead to the same page. It has no "www." before its host, no slash at the end of
+/// its path, and no fragment. Its scheme and host are in small letters. A fragment that names a page of its own, as
+/// "#!/news" and "#/news" do, stays.
 [[nodiscard]] Text PageOf(TextView address);
 
 } // namespace Address

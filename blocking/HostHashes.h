@@ -8,7 +8,7 @@ namespace tessa {
 /// The name of a domain as rules have it; "example.*" stands for it under each public suffix.
 [[nodiscard]] std::uint64_t HashOfDomain(std::string_view domain);
 
-/// The names of a host and of all domains that it belongs to, the narrowest first, made without any memory of its own.
+/// The names of a host and of all domains that it belongs to, the narrowest first. Allocates no memory.
 class HostHashes {
 public:
     HostHashes() = default;

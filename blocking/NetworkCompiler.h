@@ -18,7 +18,7 @@ namespace tessa {
 /// Gathers network rules and puts each under the word that the fewest other rules have.
 class NetworkCompiler {
 public:
-    /// The most rules that each request is held against because nothing else can be told of them, and the most regular
+    /// The most rules that each request is held against, because nothing else can be told of them. The most regular
     /// expressions among them; the most expressions in all; the most rules under one word.
     static constexpr std::size_t kMostForAll = 1000, kMostExpressionsForAll = 100, kMostExpressions = 3000,
                                  kMostUnderAWord = 4000;

@@ -10,8 +10,8 @@ namespace tessa {
 /// A key and what stands under it. Numbers under one key stand together.
 using TokenEntry = std::pair<TokenHash, std::uint32_t>;
 
-/// Two arrays that find the numbers under a key in one step or two: the slots hold a key and a place each, and at that
-/// place of the lists stands how many numbers there are, and then they.
+/// Two arrays that find the numbers under a key in one step or two. A slot holds a key and a place in the lists. There
+/// stands how many numbers there are, and behind that the numbers.
 struct TokenArrays {
     std::vector<std::uint64_t> Slots;
     std::vector<std::uint32_t> Lists;

@@ -73,8 +73,7 @@ std::optional<Text> frmOrganizeFavorites::treFavorites_AfterLabelEdit(TextView p
 
 void frmOrganizeFavorites::cmdMove_Click() {
     const Text path = Selected();
-    const Text folder = AskFolder ? AskFolder() : Text();
-    if (!folder.empty()) MoveTo(path, folder);
+    AskFolder(path);
 }
 
 void frmOrganizeFavorites::MoveTo(Text path, const Text& folder) {

@@ -54,8 +54,8 @@ public:
     Signal<void(const Text& folder)> FolderChanged;
     /// The name of a line is to be edited.
     Signal<void(const Text& path)> EditName;
-    /// Which folder to move a line to; empty when the user thought better of it. Filled in by the view.
-    std::function<Text()> AskFolder;
+    /// The user is to say into which folder `MoveTo` moves a line.
+    Signal<void(const Text& path)> AskFolder;
 
 private:
     void Selected_Change();

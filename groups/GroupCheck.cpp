@@ -34,16 +34,7 @@ private:
     Text m_path;
 };
 
-std::vector<std::string> KeysIn(const IniFile& file) {
-    const std::string list = file.KeyList(kMendedSection, "", kMostMended);
-    std::vector<std::string> keys;
-    std::size_t begin = 0;
-    for (std::size_t end = list.find('\0'); end != std::string::npos; end = list.find('\0', begin)) {
-        keys.push_back(list.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return keys;
-}
+std::vector<std::string> KeysIn(const IniFile& file) { return NamesIn(file.KeyList(kMendedSection, "", kMostMended)); }
 
 std::vector<Text> OpenedOf(const IniFile& file, const GroupPlan& plan) {
     std::vector<Text> addresses;

@@ -85,7 +85,7 @@ void GroupCommands::CheckAll() {
 void GroupCommands::Check(const std::vector<Text>& groups) {
     if (!Probe) return;
     frmGroupCheck form(*Probe, groups);
-    form.OpenArchive = [this](const Text& address) { OpenArchive(address); };
+    form.OpenArchive.ConnectForLife([this](const Text& address) { OpenArchive(address); });
     m_parts.forms.Show(form);
 }
 
@@ -95,7 +95,7 @@ void GroupCommands::OpenArchive(const Text& address) {
 }
 
 void GroupCommands::WritePages(Writes what, TextView path, TextView group) {
-    if (!Write) return;
+    if (!Write.HasListeners()) return;
     const bool prints = what == Writes::Print;
     const Text doing = prints ? Text(u"Printing") : u"Saving " + NameOf(path);
     const Text done = prints ? Text(u"All pages have been printed.") : NameOf(path) + u" has been saved.";
@@ -141,8 +141,8 @@ void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
                        {.files = &m_parts.files,
                         .groupFolder = m_parts.groupFolder,
                         .probe = Probe,
-                        .openArchive = [this](const Text& address) { OpenArchive(address); }});
-    form.TitleOf = [this](TextView address) { return TitleOf(address); };
+                        .titleOf = [this](TextView address) { return TitleOf(address); }});
+    form.OpenArchive.ConnectForLife([this](const Text& address) { OpenArchive(address); });
     form.EditTessaGroup(sFileName);
     Reread(sFileName);
     if (form.Unwritten) m_parts.tabs.Say(u"The TessaGroup " + NameOf(sFileName) + u" could not be written.");

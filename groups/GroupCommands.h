@@ -68,7 +68,7 @@ public:
         std::function<void(const Text& refusal, std::size_t left)> ended;
     };
     /// Does what `WriteTabs` and `WriteGroup` are to do, later. Tells nothing at all when its user thinks better of it.
-    std::function<void(const Writing&)> Write;
+    Signal<void(const Writing&)> Write;
 
     /// A group was written that may have been none before.
     Signal<void()> Written;

@@ -27,15 +27,9 @@ bool IsPageKey(std::string_view key) {
 }
 
 std::vector<std::string> PageKeys(const IniFile& file) {
-    const std::string keys = file.KeyList(kPlanSection, "", kPlanKeys);
-    std::vector<std::string> pages;
-    std::size_t begin = 0;
-    for (std::size_t end = keys.find('\0'); end != std::string::npos; end = keys.find('\0', begin)) {
-        std::string key = keys.substr(begin, end - begin);
-        if (IsPageKey(key)) pages.push_back(std::move(key));
-        begin = end + 1;
-    }
-    return pages;
+    std::vector<std::string> keys = NamesIn(file.KeyList(kPlanSection, "", kPlanKeys));
+    std::erase_if(keys, [](const std::string& each) { return !IsPageKey(each); });
+    return keys;
 }
 
 void SetOrRemove(IniFile& file, std::string_view key, const std::string& value) {
@@ -195,13 +189,8 @@ GroupPlan GroupPlan::Read(const IniFile& file) {
 }
 
 bool GroupPlan::HasSection(const IniFile& file) {
-    const std::string sections = file.SectionList(kPlanKeys);
-    std::size_t begin = 0;
-    for (std::size_t end = sections.find('\0'); end != std::string::npos; end = sections.find('\0', begin)) {
-        if (InSmallLetters(FromBytes(sections.substr(begin, end - begin))) == u"tessaview") return true;
-        begin = end + 1;
-    }
-    return false;
+    return std::ranges::any_of(NamesIn(file.SectionList(kPlanKeys)),
+                               [](const std::string& each) { return InSmallLetters(FromBytes(each)) == u"tessaview"; });
 }
 
 GroupPlan GroupPlan::In(TextView path) {

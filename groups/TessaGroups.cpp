@@ -26,14 +26,7 @@ std::string GroupBytes(const std::vector<TessaGroups::NumberedAddress>& addresse
 }
 
 std::vector<std::string> KeysOf(const IniFile& file, std::string_view section) {
-    const std::string list = file.KeyList(section, "", kLargestGroup);
-    std::vector<std::string> keys;
-    std::size_t begin = 0;
-    for (std::size_t end = list.find('\0'); end != std::string::npos; end = list.find('\0', begin)) {
-        keys.push_back(list.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return keys;
+    return NamesIn(file.KeyList(section, "", kLargestGroup));
 }
 
 std::vector<Text> AddressesIn(const IniFile& file) {
@@ -118,13 +111,8 @@ namespace TessaGroups {
 CStrings Load(TextView path) {
     CStrings addresses;
     const IniFile file(ReadWholeFile(PathToBytes(path), kLargestGroup).value_or(std::string()));
-    const std::string keys = file.KeyList(kSection, "", kKeyListSize);
-    // A name that was cut off has no NUL behind it and is dropped.
-    std::size_t begin = 0;
-    for (std::size_t end = keys.find('\0'); end != std::string::npos; end = keys.find('\0', begin)) {
-        addresses.Add(ReadIniValue(file, kSection, keys.substr(begin, end - begin), u""));
-        begin = end + 1;
-    }
+    for (const std::string& key : NamesIn(file.KeyList(kSection, "", kKeyListSize)))
+        addresses.Add(ReadIniValue(file, kSection, key, u""));
     return addresses;
 }
 

@@ -76,14 +76,8 @@ public:
 private:
     [[nodiscard]] std::vector<UpdatedEntry> Entries() const {
         std::vector<UpdatedEntry> entries;
-        const std::string keys = m_file.KeyList(kUpdatedSection, "", kKeysRead);
-        std::size_t begin = 0;
-        for (std::size_t end = keys.find('\0'); end != std::string::npos; end = keys.find('\0', begin)) {
-            std::string key = keys.substr(begin, end - begin);
-            Text address = ReadIniValue(m_file, kUpdatedSection, key, u"");
-            entries.push_back({std::move(key), std::move(address)});
-            begin = end + 1;
-        }
+        for (const std::string& key : NamesIn(m_file.KeyList(kUpdatedSection, "", kKeysRead)))
+            entries.push_back({key, ReadIniValue(m_file, kUpdatedSection, key, u"")});
         return entries;
     }
     void RemoveAll() {

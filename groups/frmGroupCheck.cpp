@@ -159,7 +159,7 @@ void frmGroupCheck::cmdUndo_Click() {
 }
 
 void frmGroupCheck::cmdArchive_Click() {
-    if (cmdArchive.Enabled() && OpenArchive) OpenArchive(lstLines.FindSelected()->Health.address);
+    if (cmdArchive.Enabled()) OpenArchive(lstLines.FindSelected()->Health.address);
 }
 
 } // namespace tessa

@@ -3,7 +3,6 @@
 #include "forms/ListModel.h"
 #include "groups/GroupCheck.h"
 
-#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -50,8 +49,8 @@ public:
 
     /// The user has ticked a line, or taken that back.
     void Tick(std::size_t line, bool ticked);
-    /// Shows an older copy of what was at that address. Filled in by the owner.
-    std::function<void(const Text& address)> OpenArchive;
+    /// An older copy of what was at that address is wanted.
+    Signal<void(const Text& address)> OpenArchive;
 
 private:
     /// What an action has changed, to be taken back.

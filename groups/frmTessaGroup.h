@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "base/Units.h"
 #include "forms/Choice.h"
 #include "forms/Controls.h"
@@ -25,7 +26,7 @@ public:
         FileDialogs* files = nullptr; ///< asks for the group to compare with
         Text groupFolder{};           ///< where it begins to ask
         AddressProbe* probe = nullptr;
-        std::function<void(const Text& address)> openArchive{};
+        std::function<Text(TextView address)> titleOf{}; ///< the title of the page at an address, empty for none
     };
 
     /// Both outlive the form.
@@ -74,8 +75,11 @@ public:
     /// OK was pressed and the file could not be written; it is as it was.
     bool Unwritten = false;
 
-    /// The title of the page at an address, empty where it is not known. Filled in by the owner.
-    std::function<Text(TextView address)> TitleOf;
+    /// The title of the page at an address, empty where it is not known.
+    [[nodiscard]] Text TitleOf(TextView address) const;
+
+    /// An older copy of what was at that address is wanted.
+    Signal<void(const Text& address)> OpenArchive;
 
 private:
     void cmdUp_Click();

@@ -77,6 +77,8 @@ void frmTessaGroup::SetPlan(std::size_t place, const PagePlan& plan) {
     }
 }
 
+Text frmTessaGroup::TitleOf(TextView address) const { return m_outside.titleOf ? m_outside.titleOf(address) : Text(); }
+
 void frmTessaGroup::ShowAddresses(const std::vector<Text>& addresses) {
     lstUrls.Show(addresses);
     if (lstUrls.ListIndex() == -1 && !addresses.empty()) lstUrls.ListIndex = 0;
@@ -85,7 +87,7 @@ void frmTessaGroup::ShowAddresses(const std::vector<Text>& addresses) {
 void frmTessaGroup::cmdCheck_Click() {
     if (!cmdCheck.Enabled() || !m_outside.probe) return;
     frmGroupCheck form(*m_outside.probe, frmGroupCheck::Groups{std::make_shared<EditedGroup>(*this)});
-    form.OpenArchive = m_outside.openArchive;
+    form.OpenArchive.ConnectForLife([this](const Text& address) { OpenArchive(address); });
     m_forms.Show(form);
 }
 

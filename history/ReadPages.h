@@ -15,8 +15,8 @@
 
 namespace tessa {
 
-/// Follows what the open tabs show: has each page read once it has loaded and rests, and again when it is left,
-/// remembers what may be remembered, and tells on its tab whether there is anything new. Owned by the main window; what
+/// Follows what the open tabs show. It has each page read once it has loaded and rests, and again when it is left. It
+/// remembers what may be remembered, and tells on the tab whether there is anything new. Owned by the main window; what
 /// it refers to outlives it.
 class ReadPages {
 public:
@@ -71,8 +71,8 @@ public:
     void Touch();
     /// Reads those pages that have come to rest.
     void Look();
-    /// Marks what is new in the page of that view, and brings one new passage into sight, each time the next one: which
-    /// one that is, from 1; 0 without any.
+    /// Marks what is new in the page of that view, and brings the next new passage into sight. Returns its number, from
+    /// 1; 0 without any.
     std::size_t ShowNextNews(std::int32_t index);
     /// Has the page of that view read now, if it is awake; `Changed` tells when that is done. Nobody has visited it by
     /// that, so what is remembered stays as it is.

@@ -52,7 +52,7 @@ void ReadPages::OnKnown(std::int32_t index, std::uint64_t document, const std::v
     Changed(index);
 }
 
-// What is kept to compare with is what was read, not what has come behind the front and was never looked at.
+// What is kept to compare with was read. It has not come behind the front, never looked at.
 void ReadPages::Judge(std::int32_t index, Followed& followed) {
     if (KeptOf(index, followed) == Kept::Nothing) return;
     std::optional<PageAsRead> asRead;
@@ -86,7 +86,7 @@ HistoryVisit ReadPages::VisitOf(const Followed& followed, const ArrayView& view,
     visit.Group = followed.group;
     visit.When = m_parts.clock.Now();
     visit.Again = followed.told;
-    // To make it takes longer than all the rest, and a visit that is told again keeps the one that it has.
+    // To make it takes longer than all the rest. A visit that is told again keeps the one that it has.
     if (Icon && !followed.pictured) visit.Icon = Icon(index);
     return visit;
 }

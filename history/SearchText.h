@@ -5,9 +5,9 @@
 
 namespace tessa {
 
-/// How texts are compared when somebody searches: without regard to case, accents and width. Words of scripts that are
-/// written without blanks - Chinese, Japanese, Thai and their like - are found anywhere in a run of them, other words
-/// by their beginning.
+/// How texts are compared when somebody searches: without regard to case, accents and width. Words of scripts without
+/// blanks, as Chinese, Japanese and Thai, are found anywhere in a run of them. Other words are found by their
+/// beginning.
 namespace SearchText {
 
 /// A unit as it is compared. Each unit stays one unit.
@@ -28,7 +28,7 @@ struct CodePoint {
 [[nodiscard]] CodePoint CharacterAt(TextView text, std::size_t at);
 
 /// The text for the index of words: folded words with blanks between. A run of an unspaced script becomes its pairs of
-/// characters and its last character, so that one, two and more of them are found wherever they stand.
+/// characters and its last character. So one, two and more of them are found wherever they stand.
 [[nodiscard]] Text ForIndex(TextView text);
 
 /// A part of what was searched for, which has to be there.

@@ -19,7 +19,7 @@ every address becomes a tab of its own. TessaGroups are small text files.
 Pages are shown by Qt WebEngine. Menus and toolbars can be arranged at will,
 and the pages of the last session come back, after a crash too.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The pictures of the commands, and the plugin that draws them, which Debian 13 has in a package of its own.
+# The pictures of the commands, and the plugin that draws them. Debian 13 has it in a package of its own.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "breeze-icon-theme, hicolor-icon-theme, libqt6sql6-sqlite, qt6-svg-plugins | libqt6svg6 (<< 6.7)")
 # For checking what is written into pages, and for printing PDF documents.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups-client, hunspell-dictionary, qt6-webengine-dev-tools")

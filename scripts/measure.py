@@ -24,7 +24,9 @@ TOOL_NAME = re.compile(
 NO_BODY = re.compile(r"=\s*\{$|^\s*constexpr |\(\{")
 # What is handed to a call counts with the function that makes the call.
 LAMBDA = re.compile(r"(?<!operator)\[[^\[\]]*\]\s*(?:\([^()]*\)\s*)?(?:mutable\s*)?(?:->[^{]*)?\{$")
-NO_FUNCTION = re.compile(r"\s*(?:template<.*> )?(?:namespace|class|struct|enum|union|extern|using|typedef|else|do|try|case|default)\b")
+NO_FUNCTION = re.compile(
+    r"\s*(?:template<.*> )?(?:namespace|class|struct|enum|union|extern|using|typedef|if|for|while|switch|else|do|try|case|default)\b"
+)
 
 
 def sources(root):

@@ -66,8 +66,8 @@ find_missing() {
   mapfile -t missing < <(sed '/^$/d' <<<"$list")
 }
 
-# prepare_install [--svg] PACKAGE...: sets `missing` to what is not installed, and has the lists of packages brought up
-# to date when that is anything. --svg adds the plugin for SVG icons. Fails when nothing may be installed.
+# prepare_install [--svg] PACKAGE...: sets `missing` to what is not installed. When that is anything, the lists of
+# packages are brought up to date. --svg adds the plugin for SVG icons. Fails when nothing may be installed.
 prepare_install() {
   missing=()
   if ! command -v dpkg-query >/dev/null; then

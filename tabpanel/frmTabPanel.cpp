@@ -235,7 +235,7 @@ TabPanelPlace frmTabPanel::OutsideOf(const TabPanelPlace& place) const {
     return {place.Entry - first <= end - place.Entry ? first : end};
 }
 
-// The next tab that stays where it is, and at the end of a group or of the list the last one.
+// The next tab that stays where it is; at the end of a group or of the list, the last one.
 frmTabPanel::Neighbours frmTabPanel::NeighboursAt(const TabPanelPlace& place,
                                                   const std::vector<std::int32_t>& indexes) const {
     const auto isMoved = [&](const Tab* tab) { return !tab || std::ranges::find(indexes, tab->Tag) != indexes.end(); };

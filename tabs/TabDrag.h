@@ -49,8 +49,8 @@ public:
         bool Behind = false;   ///< they come behind the head of the group at their right, not before it
     };
     /// The group that they are of when they are let go where they stand; nothing for none. Between the tabs of a group
-    /// they are of that group, before its first one or behind its last one as is meant. Elsewhere all tabs of a group
-    /// stay one.
+    /// they are of that group. Before its first tab or behind its last one, it is as is meant. Elsewhere all tabs of a
+    /// group stay one.
     [[nodiscard]] const TabGroup* GroupHere(Means means) const;
     /// Whether they stand before the first tab of a group, or of a part of one.
     [[nodiscard]] bool BeforeGroup() const;

@@ -42,8 +42,8 @@ struct GroupMembership {
     Text Landed{};
 };
 
-/// Which TessaGroup each tab was opened from. The tabs that one opening has made are a group of the strip, which knows
-/// its name, its colour and whether it is folded; here stands its file, and how tabs and file differ. A tab that
+/// Which TessaGroup each tab was opened from. The tabs that one opening has made are a group of the strip. The strip
+/// knows its name, its colour and whether it is folded. Here stands its file, and how tabs and file differ. A tab that
 /// somebody opens from a tab of a group is of none, until its user puts it there. Owned by the main window; what it
 /// refers to outlives it.
 class TabGroups {
@@ -81,7 +81,8 @@ public:
     [[nodiscard]] std::vector<std::int32_t> TabsOf(std::int32_t group) const;
 
     /// Whether the tabs show other pages than the file says, in another order, or have another colour. A page counts as
-    /// the file's too where the site has led on to it, and where only "www.", a fragment or the like is different.
+    /// the file's too where the site has led on to it. So it does where only "www.", a fragment or the like is
+    /// different.
     [[nodiscard]] bool IsChanged(std::int32_t group) const;
     /// What would be written down, in the order of the strip. A tab that shows nothing stands with the address that it
     /// was opened from, or not at all.
@@ -108,8 +109,8 @@ public:
     [[nodiscard]] std::optional<GroupMembership> Membership(std::int32_t index) const;
     void Return(std::int32_t index, const GroupMembership& membership);
 
-    /// The groups and the pinned tabs as they are written down, with the number that `become` gives for a view's index;
-    /// those of 0 are left out.
+    /// The groups and the pinned tabs as they are written down. `become` gives the number for a view's index; those of
+    /// 0 are left out.
     [[nodiscard]] KeptGroups Kept(const std::function<std::int32_t(std::int32_t)>& become) const;
     /// Brings back a group that was written down, with these tabs. Number n is `indexes[n - 1]`, the index of a view,
     /// or 0 when it has not come back.

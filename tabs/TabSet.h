@@ -129,8 +129,8 @@ public:
     Signal<void()> CloseWindow;
     /// A tab has come, with the view of that index. It is not selected yet.
     Signal<void(std::int32_t Index)> Opened;
-    /// One command closes several tabs, until what it is told returns. One of them may only be blanked.
-    std::function<void(const std::function<void()>& close)> ClosingSeveral;
+    /// One command is about to close several tabs, and has closed them. One of them may only be blanked.
+    Signal<void()> ClosingSeveral, ClosedSeveral;
     Signal<void(std::int32_t Index)> Blanking;
     /// One of several tabs is about to be closed; its view still lives.
     Signal<void(std::int32_t Index)> Closing;

@@ -78,10 +78,9 @@ std::int32_t TabSet::CloseOtherTabs() {
 
 void TabSet::AsOneCommand(const std::function<void()>& close) {
     m_closingSeveral = true;
-    if (ClosingSeveral)
-        ClosingSeveral(close);
-    else
-        close();
+    ClosingSeveral();
+    close();
+    ClosedSeveral();
     m_closingSeveral = false;
     ForgetGone();
 }

@@ -11,9 +11,9 @@ namespace tessa {
 class TabStrip;
 
 /// Puts tabs to sleep that were not looked at for a while, if the user wants that. Also does so when memory is short.
-/// By design parked tabs keep living. The tab in front never sleeps, nor do those beside it, nor one whose page does
-/// something that would be lost or missed. A sleeping tab wakes by itself when it is selected. Owned by the main
-/// window; strip and views outlive it.
+/// By design parked tabs keep living. The tab in front never sleeps, nor do those beside it. No more does one whose
+/// page does something that would be lost or missed. A sleeping tab wakes by itself when it is selected. Owned by the
+/// main window; strip and views outlive it.
 class TabSleep {
 public:
     using Time = std::chrono::milliseconds; ///< on any steady clock

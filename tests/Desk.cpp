@@ -194,7 +194,7 @@ void Desk::Click(TextView tool) {
 void Desk::TypeAddress(TextView text) {
     auto& box = Combo(u"cboAddress");
     box.Value = Text(text);
-    main.actBar.ComboKeyDown(box, {Keys::kEnter, 0});
+    main.actBar.UserKey(box, {Keys::kEnter, 0});
 }
 
 void Desk::Type(TextView box, TextView text) {
@@ -218,7 +218,7 @@ void Desk::Backspace(TextView box) {
     main.actBar.TextChange(combo);
 }
 
-KeyUsed Desk::Press(TextView box, KeyStroke key) { return main.actBar.ComboKeyDown(Combo(box), key); }
+KeyUsed Desk::Press(TextView box, KeyStroke key) { return main.actBar.UserKey(Combo(box), key); }
 
 void Desk::Choose(TextView box, std::size_t index) {
     auto& combo = Combo(box);

@@ -17,7 +17,7 @@ struct DeskSetting {
 };
 
 /// A user at the program: the real models and handlers of the main window, fakes for what lies outside. The user does
-/// what verbs say, and sees what states say, as short strings to compare with, or as the element that shows it.
+/// what verbs say. What he sees, states say: as short strings to compare with, or as the element that shows it.
 class Desk : public FakeSurroundings {
 public:
     Desk() : Desk(DeskSetting()) {}
@@ -47,7 +47,8 @@ public:
     /// The same with captions, busy ones with a "!": "News! [Blank*]".
     [[nodiscard]] std::string Captions() const;
     /// The same with what belongs together: "^1 News(2 [3*]) 4 News(5)" has a pinned tab, and a group in two parts.
-    /// Behind the name stands "-" when it is folded, "!" when it is not as its file, and the number of tabs that load.
+    /// Behind the name stands "-" when it is folded and "!" when it is not as its file. Then comes the number of tabs
+    /// that load.
     [[nodiscard]] std::string Units() const;
     [[nodiscard]] std::size_t CountTabs() const { return main.pcPage.Count(); }
     [[nodiscard]] tessa::Tab& TabAt(std::size_t position) const;

@@ -41,7 +41,7 @@ struct TilePlaces {
     [[nodiscard]] const TileDivider* DividerOf(std::int32_t number, bool upright) const;
 };
 
-/// The panes share the area without a gap but for the dividers, which are left out where there is no room for them.
+/// The panes share the area without a gap but for the dividers. These are left out where there is no room for them.
 /// With `Full`, the pane `focus` has it alone.
 [[nodiscard]] TilePlaces PlacesOf(const TileLayout& layout, std::int32_t focus, const Rect& area,
                                   const TileMeasures& measures);

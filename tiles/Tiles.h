@@ -54,8 +54,8 @@ public:
     /// Brings back what `Kept` gave. Number n is `indexes[n - 1]`, the index of a view, or 0 when it has not come back.
     void Restore(const std::vector<Text>& kept, const std::vector<std::int32_t>& indexes);
 
-    /// A tab that has closed has come back as another. It lies beside the same ones again, where they still lie
-    /// together or where it was alone with one of them.
+    /// A tab that has closed has come back as another. It lies beside the same ones again if they still lie together,
+    /// or if it was alone with one of them.
     void Return(std::int32_t was, std::int32_t is);
 
     /// A layout, or which pane has the focus, has changed.

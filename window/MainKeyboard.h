@@ -15,7 +15,7 @@ public:
     MainKeyboard(CommandBar& actBar, const TabSet& tabs, TabChoice& choice, Dispatcher& dispatcher)
         : m_actBar(actBar), m_tabs(tabs), m_choice(choice), m_dispatcher(dispatcher) {}
 
-    /// Runs the window's own combinations but those that the user has chosen for a tool, then lets the command bar have
+    /// Runs the window's own combinations, but for those that the user has chosen for a tool. Then the command bar has
     /// the key. Used when the command bar says so. Escape on a tool leads away from there and is no command; elsewhere
     /// it ends a choice of tabs as well, and is used then.
     KeyUsed Form_KeyDown(KeyStroke key, KeyboardOn keyboard = KeyboardOn::Other);

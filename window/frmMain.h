@@ -127,7 +127,7 @@ public:
     void AskHistory(std::int32_t index, TextView message) { m_history.Ask(index, message); }
     /// Somebody wants to read on, at the end of the page in front.
     void ReadOn();
-    /// Puts into the home page what is known of what was read, and has it made anew when there is more.
+    /// Puts what is known of what was read into the home page. When there is more, it is made anew.
     void AddHomeFacts(StartContent& content);
     /// The home page has to be made anew.
     Signal<void()> HomeFactsChanged;

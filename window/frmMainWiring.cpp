@@ -75,11 +75,8 @@ void frmMain::WireClosing() {
         m_reads.Closes(index);
         m_tabGroups.Closes(index);
     });
-    m_tabs.ClosingSeveral = [this](const std::function<void()>& close) {
-        m_closed.BeginSeveral();
-        close();
-        m_closed.EndSeveral();
-    };
+    m_tabs.ClosingSeveral.ConnectForLife([this] { m_closed.BeginSeveral(); });
+    m_tabs.ClosedSeveral.ConnectForLife([this] { m_closed.EndSeveral(); });
     m_tabs.Blanking.ConnectForLife([this](std::int32_t index) { m_closed.RememberBlanked(index); });
 }
 

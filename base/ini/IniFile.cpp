@@ -264,6 +264,15 @@ bool WritePrivateProfileString(const std::string& path, std::optional<std::strin
     return WriteWholeFile(path, after) == Outcome::Done;
 }
 
+std::vector<std::string> NamesIn(std::string_view list) {
+    std::vector<std::string> names;
+    for (std::size_t end = list.find('\0'); end != std::string_view::npos; end = list.find('\0')) {
+        names.emplace_back(list.substr(0, end));
+        list.remove_prefix(end + 1);
+    }
+    return names;
+}
+
 Text ReadIniValue(const IniFile& file, std::string_view section, std::string_view key, TextView whenMissing) {
     return FromFirstBytes(file.Value(section, key, ToUtf8(whenMissing), kMostOfAValue + kLookAhead + 1), kMostOfAValue);
 }

@@ -83,6 +83,9 @@ private:
                                              std::optional<std::string_view> key,
                                              std::optional<std::string_view> value);
 
+/// The names of a list of keys or sections. One that was cut off has no NUL behind it and is dropped.
+[[nodiscard]] std::vector<std::string> NamesIn(std::string_view list);
+
 /// One value of an INI file as the parts of the program read it: at most 511 bytes, as text. A character that the end
 /// cuts is left out. Of what is not there, `whenMissing` without blanks at its end.
 [[nodiscard]] Text ReadIniValue(const IniFile& file, std::string_view section, std::string_view key,

@@ -155,7 +155,7 @@ void ComboBox::keyPressEvent(QKeyEvent* event) {
     Publish();
     // Enter makes the text the box's own, Escape gives it up: what the program sets now is to be shown.
     if (escape || key.KeyCode == Keys::kEnter) SetEditing(false);
-    if (m_bar.ComboKeyDown && m_bar.ComboKeyDown(m_tool, key) == KeyUsed::Yes) return event->accept();
+    if (m_bar.UserKey(m_tool, key) == KeyUsed::Yes) return event->accept();
     if (escape) return Restore();
     if (OpensList(*event)) return showPopup();
     m_edit->event(event);

@@ -12,8 +12,8 @@ class QWidget;
 
 namespace tessa::qt {
 
-/// A panel at a side of the window, by itself the right one, which its user closes by its button and by Escape. Nothing
-/// of it is there while it is closed.
+/// A panel at a side of the window, the right one unless told otherwise. Its user closes it by its button and by
+/// Escape. Nothing of it is there while it is closed.
 class DockedPanel final : public QObject {
     Q_OBJECT
 

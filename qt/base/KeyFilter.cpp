@@ -53,7 +53,9 @@ std::int32_t CodeOf(int key) {
 
 } // namespace
 
-KeyFilter::KeyFilter(QWidget& window) : m_window(window) { qApp->installEventFilter(this); }
+KeyFilter::KeyFilter(QWidget& window, KeyTaker& taker) : m_window(window), m_taker(taker) {
+    qApp->installEventFilter(this);
+}
 
 KeyStroke KeyFilter::Of(const QKeyEvent& event) {
     const Qt::KeyboardModifiers held = event.modifiers();
@@ -110,9 +112,9 @@ KeyStroke KeyFilter::Told(const QKeyEvent& event, bool down) {
 }
 
 bool KeyFilter::GoesFirst(const QEvent& event) const {
-    if (event.type() != QEvent::ShortcutOverride || !BeforeAccessKeys) return false;
+    if (event.type() != QEvent::ShortcutOverride) return false;
     if (QApplication::activePopupWidget() || QApplication::activeWindow() != &m_window) return false;
-    return BeforeAccessKeys(Of(static_cast<const QKeyEvent&>(event)));
+    return m_taker.BeforeAccessKeys(Of(static_cast<const QKeyEvent&>(event)));
 }
 
 bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
@@ -125,11 +127,11 @@ bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
     const bool down = event->type() == QEvent::KeyPress;
     if ((!down && event->type() != QEvent::KeyRelease) || !IsFor(watched)) return false;
     const KeyStroke key = Told(*static_cast<QKeyEvent*>(event), down);
-    const auto& handler = down ? Down : Up;
-    if (key.KeyCode == 0 || !handler) return false;
+    if (key.KeyCode == 0) return false;
     const QWidget* const focused = QApplication::focusWidget();
+    const KeyUsed used = down ? m_taker.KeyDown(key) : m_taker.KeyUp(key);
     // A key that has led the keyboard elsewhere is typed neither here nor there.
-    if (handler(key) == KeyUsed::No && QApplication::focusWidget() == focused) return false;
+    if (used == KeyUsed::No && QApplication::focusWidget() == focused) return false;
     event->accept();
     return true;
 }

@@ -15,66 +15,57 @@ namespace {
 
 constexpr std::size_t kMostKept = 500;
 
-RequestType BlockedTypeOf(QWebEngineUrlRequestInfo::ResourceType type) {
-    switch (type) {
-    case QWebEngineUrlRequestInfo::ResourceTypeSubFrame:
-    case QWebEngineUrlRequestInfo::ResourceTypeNavigationPreloadSubFrame:
-        return RequestType::Frame;
-    case QWebEngineUrlRequestInfo::ResourceTypeStylesheet:
-        return RequestType::Stylesheet;
-    case QWebEngineUrlRequestInfo::ResourceTypeScript:
-    case QWebEngineUrlRequestInfo::ResourceTypeWorker:
-    case QWebEngineUrlRequestInfo::ResourceTypeSharedWorker:
-    case QWebEngineUrlRequestInfo::ResourceTypeServiceWorker:
-        return RequestType::Script;
-    case QWebEngineUrlRequestInfo::ResourceTypeImage:
-    case QWebEngineUrlRequestInfo::ResourceTypeFavicon:
-        return RequestType::Image;
-    case QWebEngineUrlRequestInfo::ResourceTypeFontResource:
-        return RequestType::Font;
-    case QWebEngineUrlRequestInfo::ResourceTypeObject:
-    case QWebEngineUrlRequestInfo::ResourceTypePluginResource:
-        return RequestType::Object;
-    case QWebEngineUrlRequestInfo::ResourceTypeMedia:
-        return RequestType::Media;
-    case QWebEngineUrlRequestInfo::ResourceTypeXhr:
-        return RequestType::Xhr;
-    case QWebEngineUrlRequestInfo::ResourceTypePing:
-    case QWebEngineUrlRequestInfo::ResourceTypeCspReport:
-        return RequestType::Ping;
-    default:
-        break;
-    }
-    return static_cast<int>(type) == 254 ? RequestType::WebSocket : RequestType::Other;
+using Info = QWebEngineUrlRequestInfo;
+
+constexpr std::pair<Info::ResourceType, RequestType> kResourceTypes[] = {
+    {Info::ResourceTypeSubFrame, RequestType::Frame},
+    {Info::ResourceTypeNavigationPreloadSubFrame, RequestType::Frame},
+    {Info::ResourceTypeStylesheet, RequestType::Stylesheet},
+    {Info::ResourceTypeScript, RequestType::Script},
+    {Info::ResourceTypeWorker, RequestType::Script},
+    {Info::ResourceTypeSharedWorker, RequestType::Script},
+    {Info::ResourceTypeServiceWorker, RequestType::Script},
+    {Info::ResourceTypeImage, RequestType::Image},
+    {Info::ResourceTypeFavicon, RequestType::Image},
+    {Info::ResourceTypeFontResource, RequestType::Font},
+    {Info::ResourceTypeObject, RequestType::Object},
+    {Info::ResourceTypePluginResource, RequestType::Object},
+    {Info::ResourceTypeMedia, RequestType::Media},
+    {Info::ResourceTypeXhr, RequestType::Xhr},
+    {Info::ResourceTypePing, RequestType::Ping},
+    {Info::ResourceTypeCspReport, RequestType::Ping},
+    {Info::ResourceTypeWebSocket, RequestType::WebSocket},
+};
+
+RequestType BlockedTypeOf(Info::ResourceType type) {
+    const auto* found = std::ranges::find(kResourceTypes, type, &std::pair<Info::ResourceType, RequestType>::first);
+    return found == std::ranges::end(kResourceTypes) ? RequestType::Other : found->second;
 }
 
-bool IsPageItself(QWebEngineUrlRequestInfo::ResourceType type) {
-    return type == QWebEngineUrlRequestInfo::ResourceTypeMainFrame ||
-           type == QWebEngineUrlRequestInfo::ResourceTypeNavigationPreloadMainFrame;
+bool IsPageItself(Info::ResourceType type) {
+    return type == Info::ResourceTypeMainFrame || type == Info::ResourceTypeNavigationPreloadMainFrame;
 }
 
 // Whatever the engine calls it, a web socket is one.
-RequestType TypeOf(const QWebEngineUrlRequestInfo& info) {
+RequestType TypeOf(const Info& info) {
     const QString scheme = info.requestUrl().scheme();
     return scheme == u"ws" || scheme == u"wss" ? RequestType::WebSocket : BlockedTypeOf(info.resourceType());
 }
 
-// What outlives the page that asks for it, or was never asked for by one, has no interceptor but the profile's.
-bool HasPage(QWebEngineUrlRequestInfo::ResourceType type) {
-    return type != QWebEngineUrlRequestInfo::ResourceTypeServiceWorker &&
-           type != QWebEngineUrlRequestInfo::ResourceTypeSharedWorker &&
-           type != QWebEngineUrlRequestInfo::ResourceTypePing &&
-           type != QWebEngineUrlRequestInfo::ResourceTypeCspReport;
+// Some requests outlive the page that makes them, or come from none. They have no interceptor but the profile's.
+bool HasPage(Info::ResourceType type) {
+    return type != Info::ResourceTypeServiceWorker && type != Info::ResourceTypeSharedWorker &&
+           type != Info::ResourceTypePing && type != Info::ResourceTypeCspReport;
 }
 
 // Of these nobody awaits an answer, or the engine takes none from elsewhere.
-bool MayBeEmptied(const QWebEngineUrlRequestInfo& info) {
+bool MayBeEmptied(const Info& info) {
     const RequestType type = TypeOf(info);
-    return HasPage(info.resourceType()) && info.resourceType() != QWebEngineUrlRequestInfo::ResourceTypeWorker &&
+    return HasPage(info.resourceType()) && info.resourceType() != Info::ResourceTypeWorker &&
            type != RequestType::WebSocket && type != RequestType::Object;
 }
 
-void Stop(QWebEngineUrlRequestInfo& info, EmptyResource instead) {
+void Stop(Info& info, EmptyResource instead) {
     if (instead == EmptyResource::None || !MayBeEmptied(info)) return info.block(true);
     info.redirect(EmptyAnswers::AddressOf(instead));
 }

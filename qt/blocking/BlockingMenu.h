@@ -16,8 +16,8 @@ namespace tessa::qt {
 class BlockedPages;
 class Blocker;
 
-/// The sign in the status bar that tells how many requests of the page in front were stopped, and what a click on it
-/// offers.
+/// The sign in the status bar that tells how many requests of the page in front were stopped. A click on it opens its
+/// menu.
 class BlockingMenu final : public QObject {
 public:
     /// All outlive it. `front` is the page that is shown; nothing when there is none.

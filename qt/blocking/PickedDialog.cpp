@@ -27,6 +27,17 @@ PickedDialog::PickedDialog(Blocker& blocker, const ElementHiding& hiding, QWebEn
     setObjectName(QStringLiteral("frmPicked"));
     setWindowTitle(QStringLiteral("Hide an Element"));
     setAttribute(Qt::WA_DeleteOnClose);
+    connect(LayOut(), &QPushButton::clicked, this, [this] {
+        reject();
+        PicksAgain();
+    });
+    connect(m_selector, &QLineEdit::textChanged, this, [this] { Preview(); });
+    connect(&page, &QWebEnginePage::loadStarted, this, &QDialog::reject);
+    connect(&page, &QObject::destroyed, this, &QDialog::reject);
+    Preview();
+}
+
+QPushButton* PickedDialog::LayOut() {
     auto* caption = new QLabel(QStringLiteral("&What is hidden on pages of %1").arg(m_host));
     caption->setBuddy(m_selector);
     m_selector->setObjectName(QStringLiteral("txtSelector"));
@@ -40,16 +51,9 @@ PickedDialog::PickedDialog(Blocker& blocker, const ElementHiding& hiding, QWebEn
     rows->addWidget(m_selector);
     rows->addWidget(m_words);
     rows->addWidget(answers);
-    connect(m_selector, &QLineEdit::textChanged, this, [this] { Preview(); });
     connect(answers, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(answers, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(again, &QPushButton::clicked, this, [this] {
-        reject();
-        PicksAgain();
-    });
-    connect(&page, &QWebEnginePage::loadStarted, this, &QDialog::reject);
-    connect(&page, &QObject::destroyed, this, &QDialog::reject);
-    Preview();
+    return again;
 }
 
 QString PickedDialog::Rule() const { return m_host + QStringLiteral("##") + m_selector->text().trimmed(); }

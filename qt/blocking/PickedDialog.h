@@ -11,8 +11,7 @@ class QWebEnginePage;
 
 namespace tessa::qt {
 
-/// Shows what would be hidden on a page, which shows itself without it meanwhile, and keeps the rule when the user says
-/// so.
+/// Shows what would be hidden on a page, and hides it there meanwhile. Keeps the rule when the user says so.
 class PickedDialog final : public QDialog {
 public:
     /// Blocker and hiding outlive it; the page may go.
@@ -27,6 +26,8 @@ protected:
     void done(int result) override;
 
 private:
+    /// The rows of the dialog; what it returns chooses another element.
+    QPushButton* LayOut();
     void Preview();
     void ShowCount(int count);
     [[nodiscard]] QString Rule() const;

@@ -222,7 +222,7 @@ void GroupList::ShowToolTip(QPoint point, QPoint globalPoint) {
     const auto row = static_cast<std::size_t>(under.row());
     if (!under.isValid() || under.column() != Address || row >= m_list.ListCount()) return QToolTip::hideText();
     const Text& item = m_list.Rows()[row];
-    const QString title = m_form.TitleOf ? ToQt(OneLine(m_form.TitleOf(item))).toHtmlEscaped() : QString();
+    const QString title = ToQt(OneLine(m_form.TitleOf(item))).toHtmlEscaped();
     // A title comes from a page, an address from anywhere: both are text, whatever they look like.
     QString tip = ToQt(OneLine(item)).toHtmlEscaped();
     if (!title.isEmpty()) tip = QStringLiteral("<b>%1</b><br>%2").arg(title, tip);

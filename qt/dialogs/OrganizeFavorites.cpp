@@ -44,7 +44,7 @@ OrganizeFavorites::OrganizeFavorites(frmOrganizeFavorites& form, QWidget* parent
     m_tree->setFocus();
 }
 
-OrganizeFavorites::~OrganizeFavorites() { m_form.AskFolder = {}; }
+OrganizeFavorites::~OrganizeFavorites() = default;
 
 QVBoxLayout* OrganizeFavorites::Tree() {
     auto* rows = new QVBoxLayout;
@@ -113,7 +113,10 @@ void OrganizeFavorites::BindTree() {
     });
     m_connections += m_form.FolderChanged.Connect([this](const Text& folder) { m_tree->Reload(folder); });
     m_connections += m_form.EditName.Connect([this](const Text& path) { m_tree->Edit(path); });
-    m_form.AskFolder = [this] { return AskFolder(); };
+    m_connections += m_form.AskFolder.Connect([this](const Text& path) {
+        const Text folder = AskFolder();
+        if (!folder.empty()) m_form.MoveTo(path, folder);
+    });
     m_connections += m_form.Selected.Attach([this](const Text& path) {
         if (path != m_tree->SelectedPath()) m_tree->Select(path);
     });

@@ -63,6 +63,18 @@ void DrawBar(QPainter& painter, const QStyleOptionViewItem& option, const QRect&
     option.widget->style()->drawControl(QStyle::CE_ProgressBar, &bar, &painter, option.widget);
 }
 
+// Writes one line of text after the other, from the top of the rest of an item's place.
+void WriteLine(QPainter& painter, const QStyleOptionViewItem& item, const QFont& font, const QString& text,
+               QRect& rest) {
+    const QFontMetrics metrics(font);
+    const QRect line(rest.left(), rest.top(), rest.width(), metrics.height());
+    const auto role = item.state.testFlag(QStyle::State_Selected) ? QPalette::HighlightedText : QPalette::Text;
+    painter.setFont(font);
+    item.widget->style()->drawItemText(&painter, line, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), item.palette,
+                                       true, metrics.elidedText(text, Qt::ElideMiddle, line.width()), role);
+    rest.setTop(line.bottom() + 1 + kLineGap);
+}
+
 void FillItem(QListWidgetItem& item, const DownloadLine& line) {
     item.setData(DownloadDelegate::kPercentRole, line.Percent);
     item.setData(DownloadDelegate::kNameRole, ToQt(line.Name));
@@ -78,30 +90,19 @@ void FillItem(QListWidgetItem& item, const DownloadLine& line) {
 void DownloadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyleOptionViewItem item(option);
     initStyleOption(&item, index);
-    const QStyle* style = item.widget->style();
-    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &item, painter, item.widget);
-    const bool selected = item.state.testFlag(QStyle::State_Selected);
-    const auto role = selected ? QPalette::HighlightedText : QPalette::Text;
+    item.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &item, painter, item.widget);
     QRect rest = item.rect.adjusted(kLineMargin, kLineMargin, -kLineMargin, -kLineMargin);
-    const auto write = [&](const QString& text, const QFont& font, Qt::TextElideMode elide) {
-        const QFontMetrics metrics(font);
-        const QRect line(rest.left(), rest.top(), rest.width(), metrics.height());
-        painter->setFont(font);
-        style->drawItemText(painter, line, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), item.palette, true,
-                            metrics.elidedText(text, elide, line.width()), role);
-        rest.setTop(line.bottom() + 1 + kLineGap);
-    };
     painter->save();
     QFont bold = item.font;
     bold.setBold(true);
-    write(index.data(kNameRole).toString(), bold, Qt::ElideMiddle);
+    WriteLine(*painter, item, bold, index.data(kNameRole).toString(), rest);
     const int percent = index.data(kPercentRole).toInt();
     if (percent >= 0) {
         DrawBar(*painter, item, {rest.left(), rest.top(), rest.width(), kBarHeight}, percent);
         rest.setTop(rest.top() + kBarHeight + kLineGap);
     }
     for (const QString& line : WordsOf(index, QFontMetrics(item.font), rest.width()))
-        write(line, item.font, Qt::ElideMiddle);
+        WriteLine(*painter, item, item.font, line, rest);
     painter->restore();
 }
 

@@ -13,6 +13,8 @@
 #include <QWebEngineDownloadRequest>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
+#include <algorithm>
+#include <utility>
 
 namespace tessa::qt {
 
@@ -39,34 +41,31 @@ constexpr qsizetype kMostExpected = 200;
 // What the engine gives as a reason when less arrives than the server announced; it has no name for it.
 constexpr int kTooShort = 38;
 
+constexpr std::pair<int, DownloadProblem> kProblems[] = {
+    {Request::NoReason, DownloadProblem::None},
+    {Request::FileNoSpace, DownloadProblem::DiskFull},
+    {Request::FileTooLarge, DownloadProblem::DiskFull},
+    {Request::FileFailed, DownloadProblem::NoAccess},
+    {Request::FileAccessDenied, DownloadProblem::NoAccess},
+    {Request::FileNameTooLong, DownloadProblem::NoAccess},
+    {Request::FileBlocked, DownloadProblem::NoAccess},
+    {Request::NetworkFailed, DownloadProblem::Connection},
+    {Request::NetworkTimeout, DownloadProblem::Connection},
+    {Request::NetworkDisconnected, DownloadProblem::Connection},
+    {Request::NetworkServerDown, DownloadProblem::Connection},
+    {Request::ServerUnreachable, DownloadProblem::Connection},
+    {kTooShort, DownloadProblem::Connection},
+    {Request::ServerFailed, DownloadProblem::Server},
+    {Request::ServerBadContent, DownloadProblem::Server},
+    {Request::ServerUnauthorized, DownloadProblem::Server},
+    {Request::ServerCertProblem, DownloadProblem::Server},
+    {Request::ServerForbidden, DownloadProblem::Server},
+};
+
 DownloadProblem TransferProblemOf(const Request& request) {
-    if (static_cast<int>(request.interruptReason()) == kTooShort) return DownloadProblem::Connection;
-    switch (request.interruptReason()) {
-    case Request::NoReason:
-        return DownloadProblem::None;
-    case Request::FileNoSpace:
-    case Request::FileTooLarge:
-        return DownloadProblem::DiskFull;
-    case Request::FileFailed:
-    case Request::FileAccessDenied:
-    case Request::FileNameTooLong:
-    case Request::FileBlocked:
-        return DownloadProblem::NoAccess;
-    case Request::NetworkFailed:
-    case Request::NetworkTimeout:
-    case Request::NetworkDisconnected:
-    case Request::NetworkServerDown:
-    case Request::ServerUnreachable:
-        return DownloadProblem::Connection;
-    case Request::ServerFailed:
-    case Request::ServerBadContent:
-    case Request::ServerUnauthorized:
-    case Request::ServerCertProblem:
-    case Request::ServerForbidden:
-        return DownloadProblem::Server;
-    default:
-        return DownloadProblem::Other;
-    }
+    const auto* found = std::ranges::find(kProblems, static_cast<int>(request.interruptReason()),
+                                          &std::pair<int, DownloadProblem>::first);
+    return found == std::ranges::end(kProblems) ? DownloadProblem::Other : found->second;
 }
 
 Text AddressOf(const Request& request) { return FromQt(request.url().toString(QUrl::FullyEncoded)); }

@@ -16,7 +16,7 @@ public:
     [[nodiscard]] std::vector<HistoryEntry> Load(const std::vector<Text>& addresses);
     /// How many pages went.
     std::int64_t Remove(const HistoryRemoval& removal);
-    /// Removes what is older by a clock that is trusted, and the oldest pages while the file is larger than that.
+    /// Removes what is older by a clock that is trusted. Then the oldest pages go while the file is larger than that.
     void Limit(std::int64_t now, std::int32_t days, std::int64_t bytes);
     /// Removes from the index some of what is left there of removed pages; whether that was all.
     [[nodiscard]] bool SweepOn();

@@ -88,7 +88,7 @@ void HistoryRecords::Limit(std::int64_t now, std::int32_t days, std::int64_t byt
         (Number(QStringLiteral("PRAGMA page_count")) - Number(QStringLiteral("PRAGMA freelist_count"))) *
         Number(QStringLiteral("PRAGMA page_size"));
     if (used <= bytes) return;
-    // The index is as large as the texts, more or less, so what is too much is taken off all of it alike.
+    // The index is about as large as the texts. So what is too much is taken off all of it alike.
     const std::int64_t pages = Number(QStringLiteral("SELECT count(*) FROM page"));
     const std::int64_t share = std::min<std::int64_t>(100, (used - bytes) * 100 / used + 100 / kSlack);
     const std::int64_t last =

@@ -11,7 +11,7 @@
 namespace tessa::qt {
 
 /// Writes what was read into the database, in batches. Lives on a thread of its own. What cannot be written for want of
-/// room is tried again, and given up when there is too much of it.
+/// room is tried again. When there is too much of it, it is given up.
 class HistoryWriter final : public QObject {
     Q_OBJECT
 

@@ -22,18 +22,17 @@ constexpr QColor kDark(0, 0, 0, 110);
 DialogCover::DialogCover(AnswerGuard::Clock clock)
     : m_panel(new QFrame(this)), m_column(new QVBoxLayout(m_panel)), m_clock(std::move(clock)) {
     setFocusPolicy(Qt::StrongFocus);
-    auto* panel = static_cast<QFrame*>(m_panel);
-    panel->setFrameShape(QFrame::StyledPanel);
-    panel->setAutoFillBackground(true);
-    panel->setMaximumWidth(kPanelWidth);
-    panel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
+    m_panel->setFrameShape(QFrame::StyledPanel);
+    m_panel->setAutoFillBackground(true);
+    m_panel->setMaximumWidth(kPanelWidth);
+    m_panel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     m_column->setContentsMargins(16, 14, 16, 14);
     m_column->setSpacing(10);
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(8, 0, 8, 8);
     auto* row = new QHBoxLayout;
     row->addStretch(1);
-    row->addWidget(panel, 20);
+    row->addWidget(m_panel, 20);
     row->addStretch(1);
     lines->addLayout(row);
     lines->addStretch(1);

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QFrame;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -49,7 +50,7 @@ private:
     QPushButton* AddButton(const QString& caption, const char* name, const Signal<void()>& answer);
     void Answer(const Signal<void()>& answer);
 
-    QWidget* m_panel;
+    QFrame* m_panel;
     QVBoxLayout* m_column;
     AnswerGuard::Clock m_clock;
     QHBoxLayout* m_buttons = nullptr;

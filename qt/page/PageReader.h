@@ -5,7 +5,7 @@ namespace tessa::qt {
 
 class WebPage;
 
-/// Reads what one page says, and marks passages in it, by a script in a world that the page cannot see. The script
+/// Reads what one page says, and marks passages in it. A script does so in a world that the page cannot see. The script
 /// comes into a page when it is first asked for, so that pages load without it.
 class PageReader final : public PageReading {
 public:

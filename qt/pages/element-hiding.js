@@ -1,8 +1,8 @@
 // Hides what the lists name, before it is painted. Runs in every frame before the page does, in a world of its own that
 // the page cannot see. Most pages hold nothing that any list names; two rows of bits tell that here, and the program is
 // asked only about the rest. It answers while the page waits. The program puts its words where there are names between
-// signs: a secret, the bits of domains and of keys, the keys that are parts of attributes, parts of addresses of pages
-// that have to be asked about, whether each one has to be, and what is hidden everywhere.
+// signs. They are a secret, the bits of domains and of keys, and the keys that are parts of attributes. They also say
+// parts of addresses of pages that have to be asked about, whether each one has to be, and what is hidden everywhere.
 (function () {
     'use strict';
     const kMostKeysAtOnce = 100;
@@ -64,7 +64,7 @@
         take();
     }
 
-    // Fields of a form hide its properties when they are called like them, so these are asked for in another way.
+    // Fields of a form hide its properties when they are called like them. So these are asked for in another way.
     function getterOf(type, name) { return Object.getOwnPropertyDescriptor(type.prototype, name).get; }
     const idOf = getterOf(Element, 'id'), namesOf = getterOf(Element, 'className'), tagOf = getterOf(Element, 'localName');
     const firstOf = getterOf(Element, 'firstElementChild'), aroundOf = getterOf(Node, 'parentNode');
@@ -307,9 +307,9 @@
         askAboutFound();
     }
 
-    // To be told of each element costs more than to look at all of them once before each picture of the page. So while a
-    // page makes very many, it is watched no longer than from that look until the picture is made. A task never begins
-    // between these two, so the watch ends in one.
+    // To be told of each element costs more than to look at all of them before each picture. So while a page makes very
+    // many, it is watched only from that look until the picture. A task never begins between these two, so the watch
+    // ends in one.
     let rush = 0, picture = 0;
     const observer = new MutationObserver(function (records) {
         const many = records.length >= kRush && records.length * 4 >= looked;

@@ -1,11 +1,11 @@
 // Runs in every frame, in a world of its own that the page cannot see. One script does all that frames need: each one
 // more, and each later one, would cost a page of many frames dearly.
-// - The engine says nothing when a page shows a new document from the address that it had already, so each document of
+// - The engine says nothing when a page shows a new document from the address that it had already. So each document of
 //   a page reports itself as soon as there is one.
 // - The engine has no signal for frames, so each reports itself when it is there and when it is loaded.
 // - The space bar at the end of a page leads to the next one that is to be read.
-// - It tells the program whether the page holds what its user has typed or chosen and not sent, so that such a page is
-//   not put to sleep, and whether that is a text that is asked about before the program ends. What a page fills in by
+// - It tells the program whether the page holds what its user has typed or chosen and not sent. Such a page is not put
+//   to sleep. It also tells whether that is a text that is asked about before the program ends. What a page fills in by
 //   itself is its own business.
 (function () {
     var touched = new Set(), told = 'no', name = Math.random().toString(36).slice(2);
@@ -92,7 +92,7 @@
         touched.add(field);
         look();
     }, true);
-    // What was sent without a change of page, as in a chat, is no longer held when the user leaves the tab.
+    // What was sent without a change of page, as in a chat, is let go when the user leaves the tab.
     document.addEventListener('visibilitychange', look);
     window.addEventListener('reset', function () { setTimeout(look, 0); }, true);
     window.addEventListener('pagehide', function () { touched.clear(); look(); });

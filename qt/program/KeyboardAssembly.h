@@ -11,12 +11,18 @@ namespace tessa::qt {
 class BarAssembly;
 
 /// Who sees a key first, and where it leads.
-class KeyboardAssembly {
+class KeyboardAssembly final : private KeyTaker {
 public:
     /// All outlive it.
     KeyboardAssembly(frmMain& main, QWidget& window, BarAssembly& bar);
 
 private:
+    KeyUsed KeyDown(KeyStroke key) override;
+    KeyUsed KeyUp(KeyStroke key) override;
+    [[nodiscard]] bool BeforeAccessKeys(KeyStroke key) const override;
+
+    frmMain& m_main;
+    BarAssembly& m_bar;
     KeyFilter m_keys;
     Typing m_typing;
 };

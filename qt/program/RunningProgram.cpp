@@ -1,6 +1,5 @@
 #include "qt/program/RunningProgram.h"
 
-#include "commands/effects/TileCommands.h"
 #include "qt/base/Icons.h"
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
@@ -69,7 +68,7 @@ struct RunningProgram::Parts {
     MainWindowFrame window;
     PageBarsAssembly bars{window.PageArea(), desktop.clock};
     BlockingAssembly blocking{desktop.settings, desktop.folders.state + QStringLiteral("/blocking"), desktop.clock};
-    TileAssembly tiles{window.PageArea()};
+    TileAssembly tiles{window.PageArea(), messages};
     EngineAssembly engine{desktop, window, bars, tiles.area, blocking};
     DownloadAssembly downloads{engine.engine};
     HistoryAssembly history{desktop};
@@ -98,7 +97,6 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     history.Serve(main, engine.engine, window);
     bars.Serve(main);
     tiles.Serve(main, engine.engine, strip.strip);
-    tiles.area.MayShow = [this](std::size_t count) { return TileCommands::MayShow(messages, count); };
     tiles.Link(bars.findBar);
     bar.LeadTo(strip.strip, frame.statusBar, bars);
     blocking.Serve(main, frame.statusBar, window);
@@ -114,7 +112,7 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
 
 void RunningProgram::Parts::FollowGroups() {
     main.Groups().Probe = &probe;
-    main.Groups().Write = [this](const GroupCommands::Writing& writing) {
+    main.Groups().Write.ConnectForLife([this](const GroupCommands::Writing& writing) {
         const auto written = [ended = writing.ended](const GroupOutput::Result& result) {
             ended(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
         };
@@ -131,7 +129,7 @@ void RunningProgram::Parts::FollowGroups() {
         case GroupCommands::Writes::Print:
             return print.Print(pages, {written, progress});
         }
-    };
+    });
 }
 
 MainWindowPlatform RunningProgram::Parts::Outside() {

@@ -1,5 +1,6 @@
 #include "qt/program/TileAssembly.h"
 
+#include "commands/effects/TileCommands.h"
 #include "qt/base/Strings.h"
 #include "qt/engine/Engine.h"
 #include "qt/engine/PageView.h"
@@ -13,7 +14,7 @@
 
 namespace tessa::qt {
 
-TileAssembly::TileAssembly(QWidget* pageArea) : area(pageArea) {
+TileAssembly::TileAssembly(QWidget* pageArea, MessageBoxes& messages) : area(pageArea), m_messages(messages) {
     m_laySoon.setSingleShot(true);
     m_laySoon.setInterval(0);
     m_laySoon.callOnTimeout([this] {
@@ -45,6 +46,8 @@ QIcon TileAssembly::IconOf(const Tab& tab) const { return m_engine->Icon(tab.Tag
 QString TileAssembly::TitleOf(const Tab& tab) const {
     return ToQt(m_main->Tabs().Describe(tab)).section(QLatin1Char('\n'), 0, 0);
 }
+
+bool TileAssembly::MayShow(std::size_t count) const { return TileCommands::MayShow(m_messages, count); }
 
 void TileAssembly::FollowStrip(TabStripView& strip) {
     using Views = TabStripView::Views;

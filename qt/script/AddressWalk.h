@@ -12,7 +12,7 @@ namespace tessa::qt {
 class Engine;
 
 /// Goes from address to address: loads each page in a view that no tab shows, and has something done with it. Of each
-/// walk one page at a time is there, so that however many there are, memory stays as it is.
+/// walk one page at a time is there. So memory stays as it is, however many there are.
 class AddressWalk final : public QObject {
 public:
     /// Both outlive it. A page that has not loaded in so many milliseconds is taken as it is by then.

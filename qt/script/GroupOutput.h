@@ -46,8 +46,8 @@ public:
 
     /// All of them into one PDF with an outline. Replaces the file.
     void Pdf(const Pages& pages, const QString& file, const Told& told);
-    /// Each into a file of its own, in a folder of the group's name beside a new group that opens them. Neither may be
-    /// there yet.
+    /// Each into a file of its own, in a folder of the group's name. Beside it comes a new group that opens them.
+    /// Neither may be there yet.
     void Keep(const Pages& pages, const QString& group, const Told& told);
 
 private:

@@ -75,7 +75,7 @@ void NetworkProbe::Ask(const Text& address, std::function<void(const ProbeAnswer
         reply, &QNetworkReply::finished, this, [this, reply, answered] { End(reply, answered); }, Qt::QueuedConnection);
 }
 
-// What the user has gone on to in a page is fine here too, as long as the host shows the same certificate.
+// A host that the user has gone on to in a page is fine here too, with the same certificate.
 void NetworkProbe::OnRefused(QNetworkReply& reply) const {
     const QSslCertificate leaf = reply.sslConfiguration().peerCertificate();
     if (!leaf.isNull() && m_accepted.Has(PlaceOf(reply.url()), FingerprintOf(leaf))) reply.ignoreSslErrors();

@@ -7,7 +7,8 @@
 
 namespace tessa::qt {
 
-/// Binds several PDF files to one, with an outline entry for each, and title, address and page number in the foot.
+/// Binds several PDF files to one, with an outline entry for each. The foot of each page has title, address and page
+/// number.
 namespace PdfBinder {
 
 struct Part {

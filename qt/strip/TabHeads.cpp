@@ -39,8 +39,8 @@ void TabHeads::Note() {
 
 bool TabHeads::BeginsGroup(std::size_t position) const { return std::ranges::binary_search(m_named, position); }
 
-// A group that does not stand together has its name before its first tab, and a mark before each other part. Folded it
-// has the name alone.
+// A group that does not stand together has its name before its first tab. Each other part has a mark before it. Folded
+// it has the name alone.
 std::vector<TabRowItem> TabHeads::Items(const QFontMetrics& font) const {
     std::vector<TabRowItem> items;
     for (std::size_t position = 1; position <= m_strip.Count(); ++position) {

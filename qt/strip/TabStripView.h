@@ -155,6 +155,8 @@ private:
     void StepTo(std::size_t position);
     bool PressToChoose(QPoint point, Qt::KeyboardModifiers held);
     void PressLeft(QPoint point);
+    /// Whether the part is one of those before and behind all tabs, and has done its work.
+    bool PressBesideTabs(Part part);
     void ReleaseHead(QPoint point);
     [[nodiscard]] QRect HeadAt(std::size_t position) const;
     void PressRight(QPoint point);

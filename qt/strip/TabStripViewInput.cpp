@@ -127,16 +127,8 @@ void TabStripView::PressLeft(QPoint point) {
     Tab* tab = m_strip.FindAt(spot.position);
     m_closing.reset();
     m_folding.reset();
-    if (spot.part == Part::Back || spot.part == Part::Forward) {
-        TabRow aimed = m_row;
-        aimed.ScrollPage(spot.part == Part::Back ? TabRow::Arrow::Back : TabRow::Arrow::Forward);
-        Scroll(aimed.Offset());
-    } else if (spot.part == Part::List) {
-        const QRect place = m_row.ListPlace();
-        ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
-    } else if (spot.part == Part::New) {
-        BlankRequested();
-    } else if (spot.part == Part::Head && m_heads.GroupAt(spot.position)) {
+    if (PressBesideTabs(spot.part)) return;
+    if (spot.part == Part::Head && m_heads.GroupAt(spot.position)) {
         m_folding = m_heads.GroupAt(spot.position)->Id();
         m_dragged = tab->Key();
         m_dragStart = point;
@@ -149,6 +141,22 @@ void TabStripView::PressLeft(QPoint point) {
         m_dragStart = point;
         Click(*tab);
     }
+}
+
+bool TabStripView::PressBesideTabs(Part part) {
+    if (part == Part::Back || part == Part::Forward) {
+        TabRow aimed = m_row;
+        aimed.ScrollPage(part == Part::Back ? TabRow::Arrow::Back : TabRow::Arrow::Forward);
+        Scroll(aimed.Offset());
+    } else if (part == Part::List) {
+        const QRect place = m_row.ListPlace();
+        ListRequested(mapToGlobal(QPoint(place.right() + 1, place.bottom() + 1)));
+    } else if (part == Part::New) {
+        BlankRequested();
+    } else {
+        return false;
+    }
+    return true;
 }
 
 void TabStripView::mouseReleaseEvent(QMouseEvent* event) {

@@ -7,7 +7,7 @@
 
 namespace tessa::qt {
 
-/// Scrolls pages together: the one that a person has last done something in leads, the others follow to the same part
+/// Scrolls pages together. The one that a person has last done something in leads. The others follow to the same part
 /// of their height and width.
 class LinkedScroll final : public QObject {
 public:

@@ -154,7 +154,7 @@ bool TileArea::Drop(const std::vector<std::int32_t>& indexes, QPoint at) {
     if (const auto* shown = m_tiles->Shown()) {
         for (const std::int32_t each : shown->Numbers()) all.insert(each);
     }
-    if (MayShow && !MayShow(all.size())) return false;
+    if (!m_shownFaces->MayShow(all.size())) return false;
     if (!Drop(indexes.front(), at)) return false;
     for (auto index = indexes.rbegin(); index + 1 != indexes.rend(); ++index) m_tiles->ShowBeside(*index);
     return true;

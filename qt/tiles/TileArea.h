@@ -8,7 +8,6 @@
 #include "tiles/Tiles.h"
 
 #include <QWidget>
-#include <functional>
 #include <map>
 #include <optional>
 
@@ -19,6 +18,8 @@ class TileFaces : public TabIcons {
 public:
     /// The whole title.
     [[nodiscard]] virtual QString TitleOf(const Tab& tab) const = 0;
+    /// Whether so many pages may be shown at once. May ask the user.
+    [[nodiscard]] virtual bool MayShow(std::size_t count) const = 0;
 };
 
 /// What lies around the pages that are shown side by side: dividers, headers, and where a dragged tab would come. It
@@ -46,8 +47,6 @@ public:
     /// Lets the arrow keys move the dividers at the pane in focus, until its page gets the keyboard again.
     void MoveDividers();
 
-    /// Whether so many pages may be shown at once; filled in by the owner, who may ask.
-    std::function<bool(std::size_t count)> MayShow;
     Signal<void(std::int32_t index)> CloseRequested;
     /// The pop-up of that tab is wanted.
     Signal<void(std::int32_t index)> MenuRequested;

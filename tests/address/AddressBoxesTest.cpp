@@ -98,7 +98,7 @@ TEST_F(BoxesAlone, OneEnterAddsOneEntry) {
     boxes.AddAddressEntry(u"early");
     EXPECT_EQ(List(address), "") << "Enter was not pressed yet";
     address.Value = u"a";
-    EXPECT_EQ(bar.ComboKeyDown(address, kEnter), KeyUsed::Yes);
+    EXPECT_EQ(bar.UserKey(address, kEnter), KeyUsed::Yes);
     boxes.AddAddressEntry(u"late");
     EXPECT_EQ(List(address), "[a]");
 }
@@ -108,28 +108,28 @@ TEST_F(AddressBoxesTest, WithoutABoxAnEntryIsNeitherAddedNorLeftPending) {
     BareTabs bare;
     AddressBoxes boxes(bare.tabs, bar);
     ComboTool elsewhere(1, Text(kAddress));
-    bar.ComboKeyDown(elsewhere, {'C', Keys::kCtrl});
+    bar.UserKey(elsewhere, {'C', Keys::kCtrl});
     boxes.AddAddressEntry(u"lost");
     const auto* box = bar.Add(std::make_unique<ComboTool>(2, Text(kAddress)));
     boxes.AddAddressEntry(u"late");
     EXPECT_EQ(box->ListCount(), 0U);
-    bar.ComboKeyDown(elsewhere, {'C', Keys::kCtrl});
+    bar.UserKey(elsewhere, {'C', Keys::kCtrl});
     boxes.AddAddressEntry(u"kept");
     EXPECT_EQ(box->ListCount(), 1U);
 }
 
 TEST_F(BoxesAlone, CtrlWithAnyOtherKeyLeavesAnEntryPending_Deliberate) {
-    EXPECT_EQ(bar.ComboKeyDown(address, {'C', Keys::kCtrl}), KeyUsed::No);
+    EXPECT_EQ(bar.UserKey(address, {'C', Keys::kCtrl}), KeyUsed::No);
     boxes.AddAddressEntry(u"pending");
     EXPECT_EQ(List(address), "[pending]");
-    bar.ComboKeyDown(address, {'C', Keys::kCtrl});
+    bar.UserKey(address, {'C', Keys::kCtrl});
     address.Value = u"plain";
-    bar.ComboKeyDown(address, kEnter);
+    bar.UserKey(address, kEnter);
     EXPECT_EQ(List(address), "[plain][pending]");
 }
 
 TEST_F(BoxesAlone, AnotherKeyLeavesNoSearchPending) {
-    EXPECT_EQ(bar.ComboKeyDown(search, {'A', Keys::kCtrl}), KeyUsed::No);
+    EXPECT_EQ(bar.UserKey(search, {'A', Keys::kCtrl}), KeyUsed::No);
     boxes.AddSearchEntry(u"early");
     EXPECT_EQ(List(search), "");
 }

@@ -92,7 +92,7 @@ TEST(CommandBarLayout, AFileOfAnEarlierVersionIsReadAndItsBandsAreWrittenAgainAs
     EXPECT_EQ(Tools(back.At(u"bndFile")), "tbNew mnuOpen mnuClose mnuCloseAll") << "not in the file";
     for (const std::string& section : {go, mine, widths})
         EXPECT_NE(back.Saved().find(section), std::string::npos) << section << back.Saved();
-    // Only what was designed or what the user has made is in the file, and nothing of it is a number.
+    // Only what was designed or what the user has made is in the file. Nothing of it is a number.
     EXPECT_EQ(back.Saved().find("zz"), std::string::npos);
 }
 

@@ -315,6 +315,25 @@ TEST(Layers, TheDocumentsTableIsReadByRoomAndWhatItStandsOn) {
     EXPECT_EQ(Lines(RowsOfTheDocument("no table")), "");
 }
 
+/// How many modules stand right in each folder.
+std::map<std::string, std::size_t> ModulesByFolder(const std::vector<Source>& sources) {
+    std::set<std::string> modules;
+    for (const Source& each : sources)
+        if (FirstFolder(each.path) != "tests") modules.insert(ModuleOf(each.path));
+    std::map<std::string, std::size_t> counts;
+    for (const std::string& each : modules) ++counts[each.substr(0, each.rfind('/'))];
+    return counts;
+}
+
+TEST(Layers, NoFolderHoldsMoreModulesThanOneCanOversee) {
+    constexpr std::size_t kMost = 25;
+    const auto counts = ModulesByFolder(ReadHouse());
+    EXPECT_GT(counts.size(), 20U);
+    for (const auto& [folder, count] : counts) EXPECT_LE(count, kMost) << folder;
+    EXPECT_EQ(ModulesByFolder({{"a/b/X.h", ""}, {"a/b/X.cpp", ""}, {"a/Y.h", ""}, {"tests/Z.cpp", ""}}),
+              (std::map<std::string, std::size_t>{{"a", 1}, {"a/b", 1}}));
+}
+
 TEST(Layers, TheTableOfRoomsIsReadRowByRow) {
     const std::vector<Layer> rooms = RoomsIn("# room(no room)\nroom(base)\nroom(bar base  base/ini)\n");
     ASSERT_EQ(rooms.size(), 2U);

@@ -241,11 +241,11 @@ TEST_F(RuntimeMenusTest, ThePagesOfAGroupAreWrittenWhileItStaysClosed) {
     Opened(u"bndTessaGroupsMenu");
     PopupOf(Entry(u"bndTessaGroupsMenu", 3));
     std::string wrote;
-    m_desk.main.Groups().Write = [&](const GroupCommands::Writing& writing) {
+    m_desk.main.Groups().Write.ConnectForLife([&](const GroupCommands::Writing& writing) {
         wrote += std::to_string(static_cast<int>(writing.what)) + " " + ToUtf8(writing.path) + " of " +
                  (writing.group == m_groups.PathText("g.tvg") ? "g" : ToUtf8(writing.group)) + ", ";
         writing.ended({}, 0);
-    };
+    });
     for (const TextView tool : {u"xtrGroupPagesPdf", u"xtrGroupPagesOffline"}) m_desk.Click(tool);
     EXPECT_EQ(wrote, "") << "no file was chosen";
     m_desk.files.chosen = u"/x/all.pdf";

@@ -57,7 +57,7 @@ protected:
         // Only what is asked for from now on is asked for because it was dropped.
         m_isFetched = false;
         // Once the other program is done with what it took, the drag is deleted. On a busy machine the X server at
-        // times knows no owner of what is dragged, and then the other program has got nothing.
+        // times knows no owner of what is dragged. Then the other program has got nothing.
         connect(drag, &QObject::destroyed, this, [this] {
             setWindowTitle(m_isFetched ? QStringLiteral("Drag Source taken") : QStringLiteral("Drag Source lost"));
         });

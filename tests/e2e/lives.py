@@ -24,7 +24,7 @@ FRESH = 1.0  # seconds
 MOST_PAGES = 4
 MOST_KEPT = 10
 
-# A page does what it is told, and each time it asks the server knows that it is there, under its present name.
+# A page does what it is told. Each time it asks, the server knows that it is there, under its present name.
 PAGE = """<!doctype html><title>{title}</title><h1>{title}</h1><script>
 (async () => {{
   for (;;) {{

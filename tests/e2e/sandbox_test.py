@@ -90,7 +90,7 @@ class Sandbox(unittest.TestCase):
         with desk.PageServer() as pages:
             process = self.start(pages.address("Garden"))
             desk.wait_until(lambda: "127.0.0.1/Garden" in pages.requested(), what="the page was not asked for")
-            # A page's process is forked from one that is locked in less, and locks itself in before it has the page.
+            # A page's process is forked from one that is locked in less. It locks itself in before it has the page.
             for each in desk.wait_until(locked_in, what="no process is locked in"):
                 said = status(each)
                 self.assertNotEqual(said["Uid"].split()[0], "0")

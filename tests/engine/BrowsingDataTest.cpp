@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QPointer>
+#include <QVersionNumber>
 #include <QWebEngineCookieStore>
 #include <QWebEngineProfile>
 #include <QWebEngineView>

@@ -25,7 +25,7 @@ QByteArray Attachment(const QByteArray& body, const QByteArray& name, qsizetype 
            "\r\n\r\n" + body;
 }
 
-/// A server that sends the first half of a file and then breaks off, or goes on from where it is asked to.
+/// A server that sends the first half of a file and then breaks off. It goes on from where it is asked to.
 class BreakingServer final : public QTcpServer {
 public:
     explicit BreakingServer(QByteArray body) : m_body(std::move(body)) {

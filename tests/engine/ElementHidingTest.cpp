@@ -44,7 +44,7 @@ void ExpectPainted(BlockingView& desk, const char* window, const char* all) {
 
 TEST(ElementHiding, NothingThatIsHiddenIsEverPainted) {
     LocalServer server;
-    // Elements come with the page, from its scripts one by one, in a rush, and in the last moment before a picture.
+    // Elements come with the page, and from its scripts: one by one, in a rush, and right before a picture.
     server.Page(QStringLiteral("/page"),
                 QByteArray(kPaintedPage) +
                     "<p class=ad-page elementtiming=page-ad>a</p><p class=fine elementtiming=page-fine>b</p>"

@@ -24,9 +24,9 @@ bool WaitForAnswers(const QWidget& question);
 /// answered.
 void Settle(Engine& engine, class QWebEnginePage* page);
 
-/// Writes down every event of its views, one short line each: "A 1 /page" (before a navigation), "N" (navigation
-/// complete), "D" (document complete), "E" (a frame's navigation ended without one), "T" (title), "S" and "F" (download
-/// begin and end), "back+"; a frame's lines end with " frame". Passes them on when told to.
+/// Writes down every event of its views, one short line each. Navigations are "A 1 /page" (before one), "N" (complete),
+/// "D" (its document complete) and "E" (a frame's, without a document). Others are "T" (title), "S" and "F" (download
+/// begin and end), "back+". A frame's lines end with " frame". Passes them on when told to.
 class EventRecorder final : public BrowserViewEvents {
 public:
     void StatusTextChange(std::int16_t Index, TextView Text) override;

@@ -27,7 +27,7 @@ protected:
         desk.main->GetNewBrowser(InFront::Yes);
         Show(path, title);
         WaitForPicture();
-        // The page lets go as long as the engine does not know of a click, and a page that has just come may miss one.
+        // The page lets go as long as the engine does not know of a click. A page that has just come may miss one.
         const QString active = QStringLiteral("String(navigator.userActivation.hasBeenActive)");
         ASSERT_TRUE(WaitUntil([&] {
             QTest::mouseClick(Front().Widget()->focusProxy(), Qt::LeftButton, {}, QPoint(60, 20));

@@ -35,7 +35,7 @@ protected:
         return WaitUntil([&] { return Colour() == colour; });
     }
     bool Moves() { return Shows("red") && Shows("blue") && Shows("red"); }
-    /// The colours seen while the page's clock goes on for as long as the picture would need to change several times.
+    /// The colours seen while the page's clock goes on. In that time the picture would change several times.
     std::string SeenMeanwhile() {
         std::set<std::string> seen;
         const int start = desk.Script(QStringLiteral("ticks")).toInt();

@@ -58,8 +58,7 @@ protected:
         return true;
     }
 
-    /// A clock that stands still until the pages that have loaded have their icons, which a slow machine may bring
-    /// late.
+    /// A clock that stands still until the pages that have loaded have their icons. A slow machine may bring them late.
     TabSleep::Time Now() {
         const auto time =
             std::chrono::duration_cast<TabSleep::Time>(std::chrono::steady_clock::now().time_since_epoch());

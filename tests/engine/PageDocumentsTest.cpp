@@ -90,7 +90,7 @@ protected:
         });
         timer->start(10);
     }
-    /// Saves what is in front under the name that the dialog suggests, and tells it and the kinds of file offered.
+    /// Saves what is in front under the name that the dialog suggests. Returns the name and the kinds of file offered.
     std::string SaveAs() {
         QString offered;
         In<QFileDialog>([&](QFileDialog& dialog) {

@@ -12,15 +12,13 @@ constexpr const char* kLeaves = "/leaves";
 constexpr const char* kTakes = "/takes";
 
 /// Keys while a page has the keyboard: one that leaves them alone, and one that handles every key itself.
-class PageKeysTest : public CommandsOnPages, public testing::WithParamInterface<const char*> {
+class PageKeysTest : public CommandsOnPages, public testing::WithParamInterface<const char*>, private KeyTaker {
 protected:
     void SetUp() override {
         server.Page(QLatin1String(kLeaves), Html("seen += e.key + ';';"));
         server.Page(QLatin1String(kTakes), Html("seen += e.key + ';'; e.preventDefault(); e.stopPropagation();"));
         view =
             desk.main->actBar.FocusWanted.Connect([this](Band&, Tool& tool) { focused += ToUtf8(tool.Name()) + ";"; });
-        keys.Down = [this](KeyStroke key) { return desk.main->Form_KeyDown(key); };
-        keys.Up = [this](KeyStroke key) { return desk.main->Form_KeyUp(key); };
         Show(QLatin1String(GetParam()), u"Keys");
         desk.window.activateWindow();
     }
@@ -49,8 +47,12 @@ protected:
         return seen();
     }
 
+    KeyUsed KeyDown(KeyStroke key) override { return desk.main->Form_KeyDown(key); }
+    KeyUsed KeyUp(KeyStroke key) override { return desk.main->Form_KeyUp(key); }
+    [[nodiscard]] bool BeforeAccessKeys(KeyStroke) const override { return false; }
+
     std::string focused;
-    KeyFilter keys{desk.window};
+    KeyFilter keys{desk.window, *this};
     Connection view;
 };
 

@@ -153,7 +153,7 @@ TEST(Overtaking, TheLastOfManyNavigationsEndsTheLoad) {
     }
 }
 
-// A script that waits for a page waits for the one that was asked for last, whatever is left of the one before.
+// A script that waits for a page waits for the one asked for last, whatever is left of the one before.
 TEST(Overtaking, AViewThatIsSentElsewhereLoadsUntilThatHasCome) {
     LocalServer server;
     server.Page(QStringLiteral("/before"), "<title>Before</title><iframe src=/slow></iframe><p>Before");

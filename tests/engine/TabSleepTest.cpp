@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A tab in front, one behind it that shows a page of a server, and a clock that the test turns. Tabs sleep after ten
+/// A tab in front, one behind it with a page of a server, and a clock that the test turns. Tabs sleep after ten
 /// minutes.
 class SleepingTabs : public testing::Test {
 protected:

@@ -68,7 +68,7 @@ protected:
 
     LocalServer server;
     EngineDesk desk;
-    TileAssembly tiles{&desk.window};
+    TileAssembly tiles{&desk.window, desk.messages};
     TabStripView strip{desk.main->pcPage};
     FindBar findBar{&desk.window};
 };

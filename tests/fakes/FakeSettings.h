@@ -10,9 +10,9 @@
 
 namespace tessa {
 
-/// Settings in memory. "Processes" that share one object see each other's values as real ones do: an opened storage
-/// knows what was released before it was opened plus what it wrote itself, and its own writes reach the others when
-/// it is released.
+/// Settings in memory. "Processes" that share one object see each other's values as real ones do. An opened storage
+/// knows what was released before it was opened, plus what it wrote itself. Its own writes reach the others when it is
+/// released.
 class FakeSettings : public SettingsStorageFactory {
 public:
     using Values = std::map<Text, std::vector<Text>, std::less<>>;

@@ -86,10 +86,9 @@ TEST_F(frmOrganizeFavoritesTest, RenamingSelectsTheNewName) {
 
 TEST_F(frmOrganizeFavoritesTest, MovingAsksForTheFolder) {
     m_form->Selected = m_folder.PathText("A.url");
-    m_form->AskFolder = [] { return Text(); };
     m_form->cmdMove.Click();
-    EXPECT_TRUE(fs::exists(m_folder.Path("A.url")));
-    m_form->AskFolder = [this] { return m_folder.PathText("Work"); };
+    EXPECT_TRUE(fs::exists(m_folder.Path("A.url"))) << "nobody has said where to";
+    m_form->AskFolder.ConnectForLife([this](const Text& path) { m_form->MoveTo(path, m_folder.PathText("Work")); });
     m_form->cmdMove.Click();
     EXPECT_TRUE(fs::exists(m_folder.Path("Work/A.url")));
     EXPECT_EQ(m_told, "changed root;changed Work;");

@@ -13,7 +13,7 @@ struct Planet {
     friend bool operator==(const Planet&, const Planet&) = default;
 };
 
-/// A view that knows of the rows only what it is told, and reads each when it is told of it.
+/// A view that knows of the rows only what it is told. It reads each when it is told of it.
 struct ListModelTest : testing::Test {
     ListModelTest() {
         connections += list.Attach([this](RowChange change) { Follow(change); });

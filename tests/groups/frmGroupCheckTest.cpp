@@ -176,12 +176,12 @@ TEST_F(GroupCheckForm, AllPagesArePrintedWithoutAFile) {
     desk.StartWithTabs(1);
     std::size_t left = 0;
     Text refusal;
-    desk.main.Groups().Write = [&](const GroupCommands::Writing& writing) {
+    desk.main.Groups().Write.ConnectForLife([&](const GroupCommands::Writing& writing) {
         EXPECT_EQ(writing.what, GroupCommands::Writes::Print);
         EXPECT_EQ(writing.path, u"");
         EXPECT_EQ(writing.group, u"");
         writing.ended(refusal, left);
-    };
+    });
     desk.Click(u"xtrGroupPrint");
     EXPECT_EQ(desk.Said(), "All pages have been printed.");
     left = 3;
@@ -196,7 +196,7 @@ TEST_F(GroupCheckForm, HowFarItIsIsCountedInTheStatusBar) {
     Desk desk{{.groupFolder = folder.PathText("")}};
     desk.StartWithTabs(1);
     GroupCommands::Writing writing;
-    desk.main.Groups().Write = [&](const GroupCommands::Writing& wanted) { writing = wanted; };
+    desk.main.Groups().Write.ConnectForLife([&](const GroupCommands::Writing& wanted) { writing = wanted; });
     desk.files.chosen = u"/x/all.pdf";
     desk.Click(u"xtrGroupPdf");
     EXPECT_EQ(desk.Said(), "Saving all.pdf");
@@ -224,10 +224,10 @@ TEST_F(GroupCheckForm, AllPagesAreWrittenWhereTheUserSays) {
     desk.StartWithTabs(1);
     std::string wrote;
     std::size_t left = 0;
-    desk.main.Groups().Write = [&](const GroupCommands::Writing& writing) {
+    desk.main.Groups().Write.ConnectForLife([&](const GroupCommands::Writing& writing) {
         wrote += (writing.what == GroupCommands::Writes::Pdf ? "pdf " : "offline ") + ToUtf8(writing.path) + " ";
         writing.ended(left == 9 ? u"There is no room." : u"", left);
-    };
+    });
     desk.Click(u"xtrGroupPdf");
     EXPECT_EQ(wrote, "") << "no file was chosen";
     desk.files.chosen = u"/x/all.pdf";

@@ -7,8 +7,8 @@ namespace tessa {
 
 namespace {
 
-/// Presses a key once for each line, "1 *2 [3]" standing for three views of which the second is heard and the third is
-/// in front, and says which view each was for.
+/// Presses a key once for each line, and says which view each was for. "1 *2 [3]" are three views: the second is heard,
+/// the third is in front.
 std::string Targets(const std::vector<std::string>& lines) {
     MediaTarget keys;
     std::string targets;

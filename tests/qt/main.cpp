@@ -6,7 +6,7 @@
 
 namespace {
 
-/// A window that a test leaves behind, or a button that it holds down, would take the pointer of those after it.
+/// A window that a test leaves behind, or a button that it holds, would take the pointer of later ones.
 class NothingStays final : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override { m_held = QGuiApplication::mouseButtons(); }
     void OnTestEnd(const testing::TestInfo&) override {

@@ -31,7 +31,8 @@ class Measures(unittest.TestCase):
     def test_a_table_a_class_and_a_call_are_none(self):
         for head in ("constexpr std::array kRows{\n", "class Form final : public QWidget {\n",
                      "template<typename... T>\nclass Signal<void(T...)> {\n", "    Ask({.Done = [] {\n",
-                     "    Print(\n        [this, told](const Bytes& bytes) {\n", "    return any(all, [&](int a) -> bool {\n"):
+                     "    Print(\n        [this, told](const Bytes& bytes) {\n", "    return any(all, [&](int a) -> bool {\n",
+                     "    switch (type) {\n", "    for (int each : all) {\n"):
             with self.subTest(head):
                 self.assertEqual(list(measure.functions(head + TWO_LINES + "};\n")), [])
 

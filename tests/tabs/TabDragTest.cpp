@@ -35,7 +35,7 @@ protected:
         return all;
     }
     void StepTo(int tag) { drag.StepOver(drag.At(strip.PositionOf(&Of(tag)))); }
-    /// The group for a pointer near to the left and near to the right, and behind the head at the right.
+    /// The group for a pointer near to the left, near to the right, and behind the head at the right.
     [[nodiscard]] std::string Here() const {
         const auto name = [](const TabGroup* group) { return group ? ToUtf8(group->Name()) : std::string("-"); };
         return name(drag.GroupHere({.NearLeft = true})) + name(drag.GroupHere({})) +

@@ -25,8 +25,8 @@ struct Recorded {
     std::string_view page, address;
 };
 
-// Recorders that know no web sockets write down a fetch, or something else, and of its address no more than the scheme,
-// as it reaches a server: that of the handshake. Of what is no fetch a scheme alone stays what it is.
+// Recorders that know no web sockets write down a fetch, or something else. Of its address they have no more than the
+// scheme, as it reaches a server: that of the handshake. Of what is no fetch a scheme alone stays what it is.
 bool IsSocketOfOldRecords(const Recorded& request) {
     using tessa::RequestType;
     return (request.type == RequestType::Other || request.type == RequestType::Xhr) &&

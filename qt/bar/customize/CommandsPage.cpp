@@ -19,8 +19,21 @@ namespace {
 
 constexpr int kCommandIconSize = 16;
 
+void NameWidget(QWidget& widget, const char* name, const QString& accessibleName) {
+    widget.setObjectName(QString::fromLatin1(name));
+    widget.setAccessibleName(accessibleName);
+}
+
+QLabel* LabelFor(QWidget& widget, const QString& caption) {
+    auto* label = new QLabel(caption);
+    label->setBuddy(&widget);
+    return label;
+}
+
+} // namespace
+
 /// The commands of a category, which are dragged out of it.
-class CommandList final : public QListWidget {
+class CommandsPage::CommandList final : public QListWidget {
 public:
     explicit CommandList(const Customization& custom) : m_custom(custom) {
         setIconSize({kCommandIconSize, kCommandIconSize});
@@ -39,19 +52,6 @@ protected:
 private:
     const Customization& m_custom;
 };
-
-void NameWidget(QWidget& widget, const char* name, const QString& accessibleName) {
-    widget.setObjectName(QString::fromLatin1(name));
-    widget.setAccessibleName(accessibleName);
-}
-
-QLabel* LabelFor(QWidget& widget, const QString& caption) {
-    auto* label = new QLabel(caption);
-    label->setBuddy(&widget);
-    return label;
-}
-
-} // namespace
 
 CommandsPage::CommandsPage(Customization& custom, QWidget* parent)
     : QWidget(parent),
@@ -136,7 +136,7 @@ QWidget* CommandsPage::Buttons() {
 }
 
 void CommandsPage::ShowCommands() {
-    auto& list = static_cast<CommandList&>(*m_commands);
+    auto& list = *m_commands;
     const QListWidgetItem* category = m_categories->currentItem();
     list.clear();
     list.Shown = category ? m_custom.Commands(FromQt(category->text())) : std::vector<std::shared_ptr<Tool>>();
@@ -168,7 +168,7 @@ void CommandsPage::Refresh() {
 }
 
 std::shared_ptr<Tool> CommandsPage::Command() const {
-    const auto& shown = static_cast<const CommandList&>(*m_commands).Shown;
+    const auto& shown = m_commands->Shown;
     const auto row = static_cast<std::size_t>(m_commands->currentRow());
     return row < shown.size() ? shown[row] : nullptr;
 }

@@ -24,6 +24,7 @@ public:
     void Refresh();
 
 private:
+    class CommandList;
     void LayOut();
     void SizeLists();
     QWidget* Buttons();
@@ -42,7 +43,7 @@ private:
 
     Customization& m_custom;
     QListWidget* m_categories;
-    QListWidget* m_commands;
+    CommandList* m_commands;
     QLabel* m_description;
     QComboBox* m_bands;
     BandList* m_entries;

@@ -54,7 +54,7 @@ void KeyBox::Record(const QKeyEvent& event) {
 }
 
 bool KeyBox::event(QEvent* event) {
-    // What is pressed here is recorded, also where the dialog has an access key or Qt a combination of its own.
+    // What is pressed here is recorded, even if it is an access key of the dialog or a combination of Qt.
     if (event->type() == QEvent::ShortcutOverride && !LeavesBox(static_cast<QKeyEvent&>(*event))) {
         event->accept();
         return true;

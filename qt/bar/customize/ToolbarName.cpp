@@ -15,6 +15,15 @@ namespace {
 
 constexpr int kWidthInLetters = 32;
 
+QLineEdit* NewNameBox(const Text& present) {
+    auto* name = new QLineEdit(ToQt(present));
+    name->setObjectName(QStringLiteral("txtName"));
+    name->setAccessibleName(QStringLiteral("Name of the toolbar"));
+    name->setMinimumWidth(name->fontMetrics().averageCharWidth() * kWidthInLetters);
+    name->selectAll();
+    return name;
+}
+
 } // namespace
 
 std::optional<Text> AskToolbarName(QWidget& parent, const QString& title, const Text& present,
@@ -23,13 +32,10 @@ std::optional<Text> AskToolbarName(QWidget& parent, const QString& title, const 
     dialog.setObjectName(QStringLiteral("toolbarName"));
     dialog.setWindowTitle(title);
     auto* label = new QLabel(QStringLiteral("&Name of the toolbar:"));
-    auto* name = new QLineEdit(ToQt(present));
+    auto* name = NewNameBox(present);
     auto* why = new QLabel;
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     label->setBuddy(name);
-    name->setObjectName(QStringLiteral("txtName"));
-    name->setAccessibleName(QStringLiteral("Name of the toolbar"));
-    name->setMinimumWidth(name->fontMetrics().averageCharWidth() * kWidthInLetters);
     why->setObjectName(QStringLiteral("lblWhy"));
     auto* rows = new QVBoxLayout(&dialog);
     for (QWidget* each : std::initializer_list<QWidget*>{label, name, why, buttons}) rows->addWidget(each);
@@ -44,7 +50,6 @@ std::optional<Text> AskToolbarName(QWidget& parent, const QString& title, const 
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     judge();
-    name->selectAll();
     return dialog.exec() == QDialog::Accepted ? std::optional(FromQt(name->text())) : std::nullopt;
 }
 

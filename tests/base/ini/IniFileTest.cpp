@@ -60,6 +60,14 @@ TEST(IniFile, KeepsWhatUtf16TextHasBeyondTheCodePage) {
     EXPECT_EQ(IniFile(file.Bytes()).Value("s", "n", "", 10), "1");
 }
 
+TEST(IniFileNames, AListComesApartAtItsEndsAndLosesWhatWasCutOff) {
+    using namespace std::string_literals;
+    EXPECT_EQ(NamesIn("a\0\0b c\0cu"s), (std::vector<std::string>{"a", "", "b c"}));
+    EXPECT_EQ(NamesIn(""), std::vector<std::string>());
+    EXPECT_EQ(NamesIn(IniFile("[x]\nb=1\na=2\n[]\n").KeyList("x", "", 100)), (std::vector<std::string>{"b", "a"}));
+    EXPECT_EQ(NamesIn(IniFile("[x]\nb=1\n[]\n").SectionList(100)), (std::vector<std::string>{"x", ""}));
+}
+
 } // namespace
 
 } // namespace tessa

@@ -29,7 +29,7 @@ def kind_of(command_line):
     types = re.findall(r"(?<=--type=)[a-z-]+", " ".join(words))
     if not types:
         return "own"
-    # The renderers of Qt WebEngine keep the words of the zygote that they come from, which itself has nothing to do.
+    # The renderers of Qt WebEngine keep the words of the zygote that they come from. That one has nothing to do.
     return "renderers" if types[0] in ("renderer", "zygote") else "others"
 
 

@@ -5,7 +5,8 @@ namespace tessa {
 
 namespace {
 
-/// Beside two tabs of his own, the user has opened the group "News" of three pages, and the pop-up of its head.
+/// Beside two tabs of his own, the user has opened the group "News" of three pages. He has opened the pop-up of its
+/// head.
 class TabGroupCommandsTest : public testing::Test {
 protected:
     void SetUp() override {

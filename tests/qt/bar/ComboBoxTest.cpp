@@ -23,10 +23,10 @@ protected:
         AddCombo(u"cboSearch");
         AddBand(u"bndAddress", BandKind::Toolbar, {u"mnuAddress", kBox});
         AddBand(u"bndSearch", BandKind::Toolbar, {u"cboSearch"});
-        bar.ComboKeyDown = [this](ComboTool& box, KeyStroke key) {
+        program = bar.ComboKeyDown.Connect([this](ComboTool& box, KeyStroke key, KeyUsed& used) {
             keys += std::to_string(key.KeyCode) + ":" + ToUtf8(box.Value()) + ";";
-            return key.KeyCode == Keys::kEnter ? KeyUsed::Yes : KeyUsed::No;
-        };
+            if (key.KeyCode == Keys::kEnter) used = KeyUsed::Yes;
+        });
         bar.TextChange.ConnectForLife([this](ComboTool& box) { Complete(box); });
         bar.SelChange.ConnectForLife([this](ComboTool& box) { chosen += ToUtf8(box.Value()) + ";"; });
         ShowWindow();
@@ -73,6 +73,7 @@ protected:
     }
 
     ComboTool* address = nullptr;
+    Connection program; ///< what is told of keys
     Text before;
     std::string keys, changes, chosen;
 };
@@ -160,7 +161,9 @@ TEST_F(ComboBoxTest, KeysReachTheProgramBeforeTheBoxWithTheTextAsItIs) {
 }
 
 TEST_F(ComboBoxTest, AKeyThatTheProgramUsesDoesNothingMore) {
-    bar.ComboKeyDown = [](ComboTool&, KeyStroke key) { return key.KeyCode == 'Y' ? KeyUsed::Yes : KeyUsed::No; };
+    program = bar.ComboKeyDown.Connect([](ComboTool&, KeyStroke key, KeyUsed& used) {
+        if (key.KeyCode == 'Y') used = KeyUsed::Yes;
+    });
     Box(kBox).setFocus();
     Type("xyz");
     EXPECT_EQ(Seen(), "xz|");
@@ -222,12 +225,12 @@ TEST_F(ComboBoxTest, EscapeRestoresThePageAddressAndStopsNothing) {
 }
 
 TEST_F(ComboBoxTest, TheProgramMayAnswerEscapeItself) {
-    bar.ComboKeyDown = [](ComboTool& box, KeyStroke key) {
-        if (key.KeyCode != Keys::kEscape) return KeyUsed::No;
+    program = bar.ComboKeyDown.Connect([](ComboTool& box, KeyStroke key, KeyUsed& used) {
+        if (key.KeyCode != Keys::kEscape) return;
         box.Value = u"https://now.example/";
         box.Selection = TextSelection{0, box.Value().size()};
-        return KeyUsed::Yes;
-    };
+        used = KeyUsed::Yes;
+    });
     Box(kBox).setFocus();
     Type("xyz");
     Press(Qt::Key_Escape);

@@ -4,13 +4,14 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolButton>
 
 namespace tessa::qt {
 
 namespace {
 
-/// A window with a menu bar, two toolbars, a strip, a page and a status bar, and what of them has the keyboard.
+/// A window with a menu bar, two toolbars, a strip, a page and a status bar. It tells which of them has the keyboard.
 class FocusRingTest : public BarDesk {
 protected:
     void SetUp() override {

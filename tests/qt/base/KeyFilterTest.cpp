@@ -7,7 +7,9 @@
 #include <QMenu>
 #include <QTest>
 #include <QVBoxLayout>
+#include <functional>
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 
 namespace tessa::qt {
@@ -31,14 +33,12 @@ private:
     }
 };
 
-class KeyFilterTest : public testing::Test {
+class KeyFilterTest : public testing::Test, private KeyTaker {
 protected:
     void SetUp() override {
         auto* rows = new QVBoxLayout(&m_window);
         m_taker = new Taker;
         rows->addWidget(m_taker);
-        m_keys.Down = [this](KeyStroke key) { return Ask("down ", key); };
-        m_keys.Up = [this](KeyStroke key) { return Ask("up ", key); };
         m_window.show();
         m_window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
@@ -53,9 +53,17 @@ protected:
         return key.KeyCode == 'T' ? KeyUsed::Yes : KeyUsed::No;
     }
 
+    KeyUsed KeyDown(KeyStroke key) override { return m_down(key); }
+    KeyUsed KeyUp(KeyStroke key) override { return m_up(key); }
+    [[nodiscard]] bool BeforeAccessKeys(KeyStroke key) const override { return key == m_goesFirst; }
+
+    static KeyUsed UseNone(KeyStroke) { return KeyUsed::No; }
     QWidget m_window;
     Taker* m_taker = nullptr;
-    KeyFilter m_keys{m_window};
+    KeyFilter m_keys{m_window, *this};
+    std::function<KeyUsed(KeyStroke)> m_down = [this](KeyStroke key) { return Ask("down ", key); };
+    std::function<KeyUsed(KeyStroke)> m_up = [this](KeyStroke key) { return Ask("up ", key); };
+    std::optional<KeyStroke> m_goesFirst;
     std::string m_asked;
 };
 
@@ -69,11 +77,11 @@ TEST_F(KeyFilterTest, TheProgramIsAskedFirstAndWhatItUsesGoesNoFurther) {
 }
 
 TEST_F(KeyFilterTest, AKeyThatIsUsedOnOneWayOnlyGoesOnOnTheOther) {
-    m_keys.Up = {};
+    m_up = UseNone;
     QTest::keyClick(m_taker, Qt::Key_T, Qt::ControlModifier);
     EXPECT_EQ(m_taker->seen, "up T;");
-    m_keys.Up = [](KeyStroke) { return KeyUsed::Yes; };
-    m_keys.Down = {};
+    m_up = [](KeyStroke) { return KeyUsed::Yes; };
+    m_down = UseNone;
     QTest::keyClick(m_taker, Qt::Key_T, Qt::ControlModifier);
     EXPECT_EQ(m_taker->seen, "up T;down T;");
 }
@@ -82,7 +90,7 @@ TEST_F(KeyFilterTest, AKeyThatLeadsTheKeyboardElsewhereIsTypedNowhere) {
     auto* other = new Taker;
     m_window.layout()->addWidget(other);
     other->show();
-    m_keys.Down = [other](KeyStroke key) {
+    m_down = [other](KeyStroke key) {
         if (key.KeyCode == 'D') other->setFocus();
         return KeyUsed::No;
     };
@@ -141,7 +149,7 @@ TEST_F(KeyFilterTest, WhatGoesFirstIsToldOfInPlaceOfALabelsAccessKey) {
     QTest::keyClick(m_taker, Qt::Key_A, Qt::AltModifier);
     ASSERT_TRUE(QTest::qWaitFor([&] { return box->hasFocus(); })) << "the label answers it";
     EXPECT_EQ(m_asked.find("down 4A;"), std::string::npos) << m_asked;
-    m_keys.BeforeAccessKeys = [](KeyStroke key) { return key == KeyStroke{'A', Keys::kAlt}; };
+    m_goesFirst = KeyStroke{'A', Keys::kAlt};
     m_taker->setFocus();
     QTest::keyClick(m_taker, Qt::Key_A, Qt::AltModifier);
     EXPECT_TRUE(m_taker->hasFocus());

@@ -1,5 +1,6 @@
 #include "qt/desktop/DesktopPrograms.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>

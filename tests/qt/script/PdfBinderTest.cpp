@@ -147,7 +147,7 @@ TEST_F(PdfBinderTest, WhoStopsItGetsNothing) {
     EXPECT_EQ(Files(), 1U);
 }
 
-/// What another process has had of memory at most, in kilobytes, when it has bound so many copies of a file.
+/// What another process has had of memory at most, in kilobytes. It has bound so many copies of a file.
 double PeakOf(int copies, const QString& file, const QString& target) {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

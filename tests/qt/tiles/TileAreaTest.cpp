@@ -24,6 +24,12 @@ namespace {
 struct PlainFaces final : TileFaces {
     [[nodiscard]] QIcon IconOf(const Tab&) const override { return {}; }
     [[nodiscard]] QString TitleOf(const Tab& tab) const override { return ToQt(tab.Caption()); }
+    [[nodiscard]] bool MayShow(std::size_t count) const override {
+        asked += std::to_string(count) + ";";
+        return may;
+    }
+    mutable std::string asked;
+    bool may = true;
 };
 
 class TileAreaTest : public testing::Test, public BareTabs {
@@ -294,22 +300,17 @@ TEST_F(TileAreaTest, AHeaderIsDraggedToAnotherPane) {
 
 TEST_F(TileAreaTest, SeveralTabsAreDroppedBesideEachOtherIfSoManyMayBeShown) {
     const QPoint edge = window.mapToGlobal(QPoint(400, 200));
-    std::string asked;
-    bool may = false;
-    area.MayShow = [&](std::size_t count) {
-        asked += std::to_string(count) + ";";
-        return may;
-    };
+    faces.may = false;
     EXPECT_FALSE(area.Drop(std::vector<std::int32_t>{3, 2, 4}, edge));
     EXPECT_EQ(Layout(), "alone");
-    may = true;
+    faces.may = true;
     EXPECT_TRUE(area.Drop(std::vector<std::int32_t>{3, 2, 4}, edge));
     EXPECT_EQ(tiles.Shown()->Numbers(), (std::vector<std::int32_t>{1, 3, 2, 4}));
     EXPECT_EQ(tiles.Focus(), 3);
-    EXPECT_EQ(asked, "4;4;");
+    EXPECT_EQ(faces.asked, "4;4;");
     EXPECT_FALSE(area.Drop(std::vector<std::int32_t>{2, 1}, window.mapToGlobal(QPoint(-9, 200))));
     EXPECT_FALSE(area.Drop(std::vector<std::int32_t>(), edge));
-    EXPECT_EQ(asked, "4;4;") << "nobody is asked about what comes nowhere";
+    EXPECT_EQ(faces.asked, "4;4;") << "nobody is asked about what comes nowhere";
 }
 
 TEST_F(TileAreaTest, TwoHundredPanesAndNoRoomForThem) {

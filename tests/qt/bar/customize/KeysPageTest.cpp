@@ -27,14 +27,12 @@ namespace tessa::qt {
 namespace {
 
 /// A user at the page, over a window with the designed bar whose keys work.
-class KeysPageTest : public testing::Test {
+class KeysPageTest : public testing::Test, private KeyTaker {
 protected:
     void SetUp() override {
         DesignTimeBar::Make(bar);
         bar.Click.ConnectForLife([this](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; });
         shown = std::make_unique<CommandBarView>(bar, window);
-        keys.Down = [this](KeyStroke key) { return bar.KeyDown(key); };
-        keys.BeforeAccessKeys = [this](KeyStroke key) { return bar.Combinations.IsChosen(key); };
         window.setCentralWidget(&page);
         page.setFocusPolicy(Qt::StrongFocus);
         window.resize(1000, 500);
@@ -119,12 +117,16 @@ protected:
         Press("cmdResetAllKeys");
     }
 
+    KeyUsed KeyDown(KeyStroke key) override { return bar.KeyDown(key); }
+    KeyUsed KeyUp(KeyStroke) override { return KeyUsed::No; }
+    [[nodiscard]] bool BeforeAccessKeys(KeyStroke key) const override { return bar.Combinations.IsChosen(key); }
+
     // What is told while the bar goes is written here.
     std::string clicked;
     CommandBar bar;
     QWidget& page = *new QWidget;
     QMainWindow window;
-    KeyFilter keys{window};
+    KeyFilter keys{window, *this};
     std::unique_ptr<CommandBarView> shown;
     Customize customize{bar, window};
 };
