@@ -41,7 +41,9 @@ TEST(GroupPlan, WhatItSaysOfPanes) {
 }
 
 TEST(GroupPlan, PanesMoveWithTheirPages) {
-    GroupPlan plan{.keepsPanes = true, .panes = {u"h(1 v(2 3))"}};
+    GroupPlan plan;
+    plan.keepsPanes = true;
+    plan.panes = {u"h(1 v(2 3))"};
     plan.MovePanes({u"a", u"b", u"b"}, {u"x", u"b", u"a", u"b"});
     EXPECT_EQ(plan.panes, std::vector<Text>{u"h(3 v(2 4))"});
     plan.MovePanes({u"x", u"b", u"a", u"b"}, {u"x", u"b", u"new", u"b"});

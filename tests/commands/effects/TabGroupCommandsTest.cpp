@@ -71,7 +71,7 @@ TEST_F(TabGroupCommandsTest, SavesBackWhatHasChanged) {
 }
 
 TEST_F(TabGroupCommandsTest, LoadsAllOfItAgain) {
-    Calls();
+    (void)Calls();
     desk.Click(u"xtrTabGroupReload");
     EXPECT_EQ(Calls(), "refresh;refresh;refresh;");
 }

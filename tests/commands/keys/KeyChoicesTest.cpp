@@ -53,8 +53,9 @@ TEST(KeyChoices, EveryCommandThatAKeyCanClickIsListedOnce) {
             const bool left =
                 tool->Kind() == ToolKind::Label || category == u"Popup" || user.bar.Find(tool->Name()) != tool.get();
             offered += left ? 0 : 1;
-            if (left && user.bar.Find(tool->Name()) == tool.get())
+            if (left && user.bar.Find(tool->Name()) == tool.get()) {
                 EXPECT_EQ(user.Keys(tool->Name()), "not listed") << ToUtf8(tool->Name());
+            }
         }
     }
     const auto rows = user.choices.Rows(u"");
