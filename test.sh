@@ -102,11 +102,7 @@ run_tests() {
 
 if section "Packages" install_packages; then
   section "Format" check_format
-  built=no
-  ! section "Build (Release)" build "$build_folder" all "${options[@]}" || built=yes
-  # Most tests wait for the program most of their time.
-  compile_meanwhile 19 "the core with sanitizers" "$root/build-sanitize" all -DTESSAVIEW_QT=OFF -DTESSAVIEW_SANITIZE=ON
-  if [ $built = yes ]; then
+  if section "Build (Release)" build "$build_folder" all "${options[@]}"; then
     section "Layers" check_layers
     if [ $core_only = yes ]; then
       section "Tests: core" run_tests "$build_folder"
@@ -117,7 +113,7 @@ if section "Packages" install_packages; then
     not_run "Layers" "the build failed"
     not_run "Tests" "the build failed"
   fi
-  if section "Rest of the build with sanitizers (core)" finish_compiling; then
+  if section "Build with sanitizers (core)" build "$root/build-sanitize" all -DTESSAVIEW_QT=OFF -DTESSAVIEW_SANITIZE=ON; then
     section "Tests with sanitizers (core)" run_tests "$root/build-sanitize"
   else
     not_run "Tests with sanitizers (core)" "the build failed"

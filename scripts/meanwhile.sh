@@ -8,22 +8,22 @@ program_alone=(-DTESSAVIEW_TESTS=OFF -DTESSAVIEW_BENCH=OFF)
 # how far it is.
 groups=() parts=() logs=()
 
-# compile_meanwhile NICENESS PART FOLDER TARGET [OPTION...]: goes on by itself, after what was begun before, until
-# finish_compiling or end_compiling. With more NICENESS what is done meanwhile goes before it.
+# compile_meanwhile PART TARGET [OPTION...]: goes on by itself, after what was begun before, until finish_compiling or
+# end_compiling.
 compile_meanwhile() {
-  local niceness=$1 part=$2 log=$3/$4.log before=
+  local part=$1 log=$root/build/$2.log before=
   [ ${#groups[@]} = 0 ] || before=${groups[-1]}
-  shift 2
+  shift
   echo "Meanwhile $part is compiled. How far it is stands in $log" >&2
-  mkdir -p "$1"
-  # In a group of its own it ends whole, down to each compiler. Linux shares the processors among sessions first, and
-  # this is a new one.
+  mkdir -p "$root/build"
+  # The packages come one after the other and go first. In a group of its own it ends whole, down to each compiler.
+  # Linux shares the processors among sessions first, and this is a new one.
   # One after the other, in this order: the program's build files are made of the core's.
   # shellcheck disable=SC2016 # the other shell's variables
-  setsid nice -n "$niceness" bash -c 'root=$1 before=$2; . "$root/scripts/build.sh"; shift 2
+  setsid nice -n 5 bash -c 'root=$1 before=$2; . "$root/scripts/build.sh"; shift 2
     { nice >/proc/self/autogroup; } 2>/dev/null
     while [ -n "$before" ] && kill -0 "$before" 2>/dev/null; do sleep 0.1; done
-    build "$@"' bash "$root" "$before" "$@" </dev/null >"$log" 2>&1 &
+    build "$root/build" "$@"' bash "$root" "$before" "$@" </dev/null >"$log" 2>&1 &
   groups+=($!) parts+=("$part") logs+=("$log")
   trap end_compiling EXIT
 }
@@ -79,11 +79,11 @@ install_and_compile() {
   apt_install "${compilers[@]}" || return
   need_commands cmake ninja c++ || return
   if [ ${#qt[@]} -gt 0 ]; then
-    compile_meanwhile 5 "the core" "$root/build" tessa_core -DTESSAVIEW_QT=OFF "${options[@]}"
+    compile_meanwhile "the core" tessa_core -DTESSAVIEW_QT=OFF "${options[@]}"
     apt_install "${qt[@]}" || return
   fi
   if [ ${#rest[@]} -gt 0 ]; then
-    compile_meanwhile 5 "the program" "$root/build" tessaview -DTESSAVIEW_QT=ON "${options[@]}"
+    compile_meanwhile "the program" tessaview -DTESSAVIEW_QT=ON "${options[@]}"
     apt_install "${rest[@]}" || return
   fi
   finish_compiling

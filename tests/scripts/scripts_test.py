@@ -67,8 +67,6 @@ for each in "$@"; do
 done
 if [ "$1" = --build ] && [ "${folder%-sanitize}" != "$folder" ]; then
   [ ! -e "$CALLS.sanitizers-fail" ] || { echo "Core.cpp:2: error: no such thing"; exit 1; }
-  if [ -e "$CALLS.sanitizers-last" ]; then sh -c 'echo $$ >"$CALLS.compiler"; : >"$CALLS.sanitizers-began"; sleep 300; :'; fi
-  : >"$CALLS.sanitizers-began"
 fi
 if [ "$1" = --build ] && [ "$4" = tessaview ]; then
   if [ -e "$CALLS.program-fails" ]; then echo "Main.cpp:1: error: no such thing"; : >"$CALLS.program-began"; exit 1; fi
@@ -97,11 +95,7 @@ else
   : >"$folder/build.ninja"
 fi
 """,
-    # With "with-the-sanitizers" the tests are through no sooner than what is compiled meanwhile is begun.
-    "ctest": RECORD + WAIT_FOR +
-             '[ ! -e "$CALLS.with-the-sanitizers" ] || wait_for "$CALLS.sanitizers-began"\n'
-             '[ ! -e "$CALLS.user-ends-tests" ] || { kill -s TERM "$PPID"; exit 0; }\n'
-             'for each in "$@"; do [ "$before" != --test-dir ] || folder=$each; before=$each; done\n'
+    "ctest": RECORD + 'for each in "$@"; do [ "$before" != --test-dir ] || folder=$each; before=$each; done\n'
              'mkdir -p "$folder/Testing/Temporary"; : >"$folder/Testing/Temporary/LastTest.log"\n',
     "clang-format": '#!/bin/sh\n[ "$1" != --version ] || echo "clang-format version 14.0.6"\n',
     "tail": f'#!/bin/sh\n: >"$CALLS.shown"\nexec {shutil.which("tail")} "$@"\n',
@@ -430,28 +424,13 @@ class Scripts(unittest.TestCase):
             self.assertEqual(machine.installs()[0] & machine.packages("compiler_packages"), set())
             self.assertEqual(machine.builds()[:2], ["tessa_core", "Qt"])
 
-    def test_the_core_with_sanitizers_is_compiled_while_the_tests_run(self):
-        machine = self.new_machine()
-        machine.set("with-the-sanitizers")
-        machine.run("test.sh")
-        self.went_through("test.sh", machine)
-        self.assertIn("All passed", machine.said)
-        self.assertTrue(machine.calls("ctest")[1].startswith(f"--test-dir {machine.project}/build-sanitize"), machine.said)
-
-    def test_who_ends_the_tests_ends_the_compilers_too(self):
-        machine = self.new_machine()
-        machine.set("with-the-sanitizers", "sanitizers-last", "user-ends-tests")
-        machine.run("test.sh")
-        self.assertNotEqual(machine.code, 0)
-        self.compiler_ended(machine)
-
     def test_a_failure_with_sanitizers_alone_is_told_in_full(self):
         machine = self.new_machine()
         machine.set("sanitizers-fail")
         machine.run("test.sh")
         self.assertNotEqual(machine.code, 0)
-        self.assertRegex(machine.said, "(?s)Core.cpp:2: error: no such thing.*The core with sanitizers could not be built")
-        self.assertRegex(machine.said, r"FAILED +\d+ s +Rest of the build with sanitizers")
+        self.assertRegex(machine.said, "Core.cpp:2: error: no such thing")
+        self.assertRegex(machine.said, r"FAILED +\d+ s +Build with sanitizers")
         self.assertRegex(machine.said, r"ok +\d+ s +Tests: Qt, engine, end-to-end")
         self.assertEqual(len(machine.calls("ctest")), 1, machine.said)
 
