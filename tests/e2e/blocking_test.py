@@ -183,7 +183,8 @@ class Blocking(unittest.TestCase):
         program = self.start("tessaview:start")
         program.wait_strip(["[TessaView]"])
         self.shot(program, "question")
-        # Behind the search field and its button.
+        program.wait_loaded()
+        # Behind the search field, which has the keyboard then, and its button.
         program.keys("Tab", "Tab", "Tab", "Return")
         settings = os.path.join(self.home, "settings.ini")
         desk.wait_until(lambda: "BlockingAsked" in text_in(settings), what="the answer is not kept")
