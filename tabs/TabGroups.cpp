@@ -65,7 +65,10 @@ bool TabGroups::Add(std::int32_t index, std::int32_t group, std::optional<Text> 
     auto* joined = m_pcPage.FindGroup(group);
     if (!tab || !joined) return false;
     m_pcPage.SetGroup(tab, joined);
-    m_members[index] = {.Entry = std::move(entry), .Typed = m_tabs.TypedSoFar()};
+    // One that shows its page already is not on the way to it any more.
+    const auto* view = m_browser.Find(index);
+    const bool isThere = view && entry && IsSamePlace(view->Control->LocationURL(), *entry);
+    m_members[index] = {.Entry = std::move(entry), .Typed = m_tabs.TypedSoFar(), .Fresh = !isThere};
     ++m_visits;
     return true;
 }

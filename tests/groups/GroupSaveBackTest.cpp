@@ -93,6 +93,16 @@ TEST_F(GroupSaveBack, ATabThatIsAddedJoinsTheTabsOfTheGroup) {
     EXPECT_TRUE(desk.messages.own.empty()) << "its user has added it himself";
 }
 
+TEST_F(GroupSaveBack, ATabThatIsAddedIsThereAlreadyAndGoesOnToAnotherPage) {
+    desk.PageLoads(1, u"http://c/", u"C");
+    desk.main.Groups().AddTabsToTessaGroup({1}, groups.PathText("News.tvg"));
+    ASSERT_EQ(desk.Units(), "News(2 [3*] 1)");
+    desk.PageMayGo(1, HistoryCommand::NavigateBack, true);
+    desk.PageBegins(1, u"http://elsewhere/");
+    desk.PageLoads(1, u"http://elsewhere/", u"E");
+    EXPECT_EQ(desk.Units(), "News!(2 [3*] 1)") << "not where its address leads to";
+}
+
 TEST_F(GroupSaveBack, OnlyTabsOfNoGroupJoinAndNoPinnedOnes) {
     groups.Write("Mail.tvg", "[TessaGroup]\r\nurl1=http://m/\r\n");
     desk.OpenGroup(groups.PathText("Mail.tvg"));
