@@ -11,32 +11,33 @@
 namespace tessa {
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
-    const bool added = TessaGroups::Append(SGFile, Address::WithoutUser(URL)) == Outcome::Done;
+    const bool added = TessaGroups::Append(SGFile, {Address::WithoutUser(URL)}) == Outcome::Done;
     Reread(SGFile);
     m_parts.tabs.Say(added ? u"Added to the TessaGroup " + NameOf(SGFile) + u"."
                            : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
 }
 
 void GroupCommands::AddTabsToTessaGroup(const std::vector<std::int32_t>& indexes, TextView SGFile) {
-    std::int64_t count = 0;
-    bool added = true;
-    Reread(SGFile);
-    std::vector<std::int32_t> known = m_parts.tabGroups.OpenedFrom(SGFile);
-    std::erase_if(known, [this](std::int32_t group) { return m_parts.tabGroups.IsOvertaken(group); });
+    std::vector<GroupTab> tabs;
+    std::vector<Text> addresses;
     for (const std::int32_t index : indexes) {
         const auto* view = m_parts.tabs.OpenView(index);
         const Text address = view ? Address::WithoutUser(view->Control->LocationURL()) : Text();
         if (!view || (address.empty() && indexes.size() > 1)) continue;
-        added = TessaGroups::Append(SGFile, address) == Outcome::Done;
-        if (!added) break;
-        ++count;
-        Join(index, OpenFrom(SGFile), address);
+        tabs.push_back({index, address});
+        addresses.push_back(address);
     }
     Reread(SGFile);
+    std::vector<std::int32_t> known = m_parts.tabGroups.OpenedFrom(SGFile);
+    std::erase_if(known, [this](std::int32_t group) { return m_parts.tabGroups.IsOvertaken(group); });
+    if (TessaGroups::Append(SGFile, addresses) != Outcome::Done)
+        return m_parts.tabs.Say(u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
+    for (const GroupTab& each : tabs) Join(each.Index, OpenFrom(SGFile), each.Address);
+    Reread(SGFile);
     for (const std::int32_t each : known) m_parts.tabGroups.Agree(each);
-    const Text pages = count == 1 ? Text(u"Added") : Decimal(count) + u" pages were added";
-    m_parts.tabs.Say(added ? pages + u" to the TessaGroup " + NameOf(SGFile) + u"."
-                           : u"The TessaGroup " + NameOf(SGFile) + u" could not be written.");
+    const Text pages =
+        tabs.size() == 1 ? Text(u"Added") : Decimal(static_cast<std::int64_t>(tabs.size())) + u" pages were added";
+    m_parts.tabs.Say(pages + u" to the TessaGroup " + NameOf(SGFile) + u".");
 }
 
 // The group that was opened last, but rather that of the tab in front.

@@ -52,19 +52,17 @@ std::string BytesFor(const std::string& path, const std::vector<TessaGroups::Num
     return file.Bytes();
 }
 
-/// The file with that entry, where its panes have other numbers then: the page may open before others.
-std::optional<std::string> WithPanes(TextView path, const std::string& key, TextView address) {
-    const auto bytes = ReadWholeFile(PathToBytes(path), kLargestGroup + 1);
-    if (!bytes || bytes->size() > kLargestGroup) return std::nullopt;
-    IniFile file(*bytes);
+// A page may open before others, and the panes of these have other numbers then.
+void AppendTo(IniFile& file, const std::vector<Text>& addresses) {
     GroupPlan plan = GroupPlan::Read(file);
     const std::vector<Text> panes = plan.panes, opened = plan.Ordered(AddressesIn(file));
-    file.SetValue(kSection, key, ToUtf8(address));
-    if (panes.empty()) return std::nullopt;
+    for (const Text& each : addresses) {
+        const std::size_t count = NamesIn(file.KeyList(kSection, "", kKeyListSize)).size();
+        file.SetValue(kSection, KeyOf(count + 1), ToUtf8(each));
+    }
+    if (panes.empty()) return;
     plan.MovePanes(opened, plan.Ordered(AddressesIn(file)));
-    if (plan.panes == panes) return std::nullopt;
-    plan.Write(file);
-    return file.Bytes();
+    if (plan.panes != panes) plan.Write(file);
 }
 
 Outcome WriteOrRemove(TextView path, const std::vector<TessaGroups::NumberedAddress>& addresses,
@@ -126,11 +124,9 @@ Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses, cons
     return WriteOrRemove(path, addresses, &plan);
 }
 
-Outcome Append(TextView path, TextView address) {
-    const std::string key = KeyOf(Load(path).Count() + 1);
-    if (const auto bytes = WithPanes(path, key, address)) return WriteWholeFile(PathToBytes(path), *bytes);
-    return WritePrivateProfileString(PathToBytes(path), kSection, key, ToUtf8(address)) ? Outcome::Done
-                                                                                        : Outcome::Failed;
+Outcome Append(TextView path, const std::vector<Text>& addresses) {
+    const auto append = [&addresses](IniFile& file) { AppendTo(file, addresses); };
+    return ChangeIniFile(PathToBytes(path), append) ? Outcome::Done : Outcome::Failed;
 }
 
 bool MayReplace(TextView path, MessageBoxes& messages) {

@@ -44,9 +44,10 @@ Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses);
 /// The same, and how they open from now on.
 Outcome Write(TextView path, const std::vector<NumberedAddress>& addresses, const GroupPlan& plan);
 
-/// Writes one address under "url" and the number after the count of the group's addresses. Deliberately the count, not
-/// the highest number: in a group with gaps it takes the place of another. A missing file is made.
-Outcome Append(TextView path, TextView address);
+/// Writes each address under "url" and the number after the count of the group's addresses. Deliberately the count, not
+/// the highest number: in a group with gaps it takes the place of another. A missing file is made, and all are written
+/// at once.
+Outcome Append(TextView path, const std::vector<Text>& addresses);
 
 /// What a group's file is to say.
 struct Updated {

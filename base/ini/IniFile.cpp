@@ -245,23 +245,28 @@ std::string GetPrivateProfileString(const std::string& path, std::optional<std::
     return file.Value(*section, *key, whenMissing.value_or(""), size);
 }
 
-bool WritePrivateProfileString(const std::string& path, std::optional<std::string_view> section,
-                               std::optional<std::string_view> key, std::optional<std::string_view> value) {
-    if (!section) return false;
+bool ChangeIniFile(const std::string& path, const std::function<void(IniFile&)>& change) {
     const auto bytes = ReadWholeFile(path, kMostBytes + 1);
     // What is not read whole cannot be written back whole.
     if (bytes && bytes->size() > kMostBytes) return false;
     if (!bytes && (FileExists(path) || !FolderExists(path))) return false;
     IniFile file(bytes.value_or(std::string()));
-    if (!key)
-        file.RemoveSection(*section);
-    else if (!value)
-        file.RemoveKey(*section, *key);
-    else
-        file.SetValue(*section, *key, *value);
+    change(file);
     const std::string after = file.Bytes();
     if (bytes ? after == *bytes && IsWritable(path) : after.empty()) return true;
     return WriteWholeFile(path, after) == Outcome::Done;
+}
+
+bool WritePrivateProfileString(const std::string& path, std::optional<std::string_view> section,
+                               std::optional<std::string_view> key, std::optional<std::string_view> value) {
+    return section && ChangeIniFile(path, [&](IniFile& file) {
+               if (!key)
+                   file.RemoveSection(*section);
+               else if (!value)
+                   file.RemoveKey(*section, *key);
+               else
+                   file.SetValue(*section, *key, *value);
+           });
 }
 
 std::vector<std::string> NamesIn(std::string_view list) {

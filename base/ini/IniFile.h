@@ -2,6 +2,7 @@
 #include "base/Text.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -76,9 +77,11 @@ private:
                                                   std::optional<std::string_view> key,
                                                   std::optional<std::string_view> whenMissing, std::size_t size);
 
-/// No value of `key` removes the section, no value of `value` the key. False, and nothing changed, when there is no
-/// section or the file cannot be written, or is beyond 64 MiB. A missing file is made, a missing folder is not. The
-/// write is atomic.
+/// Reads the file, has it changed and writes it once. False, and nothing changed, when the file cannot be written, or
+/// is beyond 64 MiB. A missing file is made, a missing folder is not. The write is atomic.
+[[nodiscard]] bool ChangeIniFile(const std::string& path, const std::function<void(IniFile&)>& change);
+
+/// No value of `key` removes the section, no value of `value` the key. False without a section, and as `ChangeIniFile`.
 [[nodiscard]] bool WritePrivateProfileString(const std::string& path, std::optional<std::string_view> section,
                                              std::optional<std::string_view> key,
                                              std::optional<std::string_view> value);

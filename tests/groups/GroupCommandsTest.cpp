@@ -298,6 +298,20 @@ TEST_F(GroupMenu, AddCountsTheAddressesAndReplacesOneInAGroupWithGaps_Deliberate
     EXPECT_EQ(Read("edited.tvg"), "[TessaGroup]\r\nurl0=http://a/\r\nurl1=http://b/\r\nurl3=http://page/\r\n");
 }
 
+TEST_F(GroupMenu, SeveralPagesAreAddedByOneWriteOrNotAtAll) {
+    Write("gap.tvg", "[TessaGroup]\r\nurl1=http://a/\r\nurl3=http://c/\r\n");
+    ASSERT_EQ(TessaGroups::Append(PathText("gap.tvg"), {u"http://x/", u"http://y/"}), Outcome::Done);
+    EXPECT_EQ(Read("gap.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl3=http://y/\r\n") << "each is counted by itself";
+    Write("two.tvg", "[TessaGroup]\r\nurl1=http://a/\r\n");
+    std::filesystem::create_hard_link(Path("two.tvg"), Path("before.tvg"));
+    ASSERT_EQ(TessaGroups::Append(PathText("two.tvg"), {u"http://x/", u"http://y/"}), Outcome::Done);
+    EXPECT_EQ(Read("two.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\nurl2=http://x/\r\nurl3=http://y/\r\n");
+    EXPECT_EQ(Read("before.tvg"), "[TessaGroup]\r\nurl1=http://a/\r\n") << "the file is replaced whole";
+    EXPECT_EQ(TessaGroups::Append(PathText("none/x.tvg"), {u"http://x/", u"http://y/"}), Outcome::Failed);
+    EXPECT_EQ(TessaGroups::Append(PathText("nothing.tvg"), {}), Outcome::Done);
+    EXPECT_FALSE(std::filesystem::exists(Path("nothing.tvg")));
+}
+
 TEST_F(GroupMenu, AddKeepsWhatElseTheFileHas) {
     Write("mine.tvg", "; mine\n[x]\ny=1\n[TessaGroup]\nurl1=http://a/\n\n[z]\nw=2\n");
     desk.AddToGroup(u"http://page/", PathText("mine.tvg"));

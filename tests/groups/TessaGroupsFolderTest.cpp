@@ -126,7 +126,7 @@ TEST_F(GroupFolder, AGroupWhoseNameIsNoTextIsReadWrittenAndDeletedByItsBytes) {
     const Text path = std::next(groups.begin())->Value;
     ASSERT_EQ(PathToBytes(path), Path(name));
     EXPECT_TRUE(TessaGroups::IsReadable(path));
-    EXPECT_EQ(TessaGroups::Append(path, u"http://b/"), Outcome::Done);
+    EXPECT_EQ(TessaGroups::Append(path, {u"http://b/"}), Outcome::Done);
     EXPECT_EQ(TessaGroups::Load(path).Count(), 2U);
     EXPECT_EQ(TessaGroups::Write(path, {{7, u"http://c/"}}), Outcome::Done);
     EXPECT_EQ(Read(name), "[TessaGroup]\r\nurl7=http://c/\r\n");
