@@ -77,7 +77,9 @@ private:
     [[nodiscard]] bool MayOverwrite(std::int32_t group, const Text& name) const;
     [[nodiscard]] std::int32_t OpenFrom(TextView path) const;
     void Join(std::int32_t index, std::int32_t group, const Text& entry);
-    [[nodiscard]] std::optional<std::vector<GroupTab>> TabsToSave(std::int32_t group) const;
+    /// The tabs that `find` finds, without those that its user wants left out; nothing when he wants none saved.
+    [[nodiscard]] std::optional<std::vector<GroupTab>>
+    AskOfPrivate(const std::function<std::vector<GroupTab>()>& find) const;
     void WriteBack(std::int32_t group, std::vector<GroupTab> tabs);
     [[nodiscard]] std::vector<Text> PanesOf(const std::vector<GroupTab>& tabs, const std::vector<Text>& all) const;
     void WritePages(Writes what, TextView path, TextView group);

@@ -49,22 +49,13 @@ std::vector<GroupTab> AsWritten(TextView path, const std::vector<GroupTab>& tabs
 void GroupCommands::SaveTabs(TextView path, const std::vector<std::int32_t>& indexes) {
     using TessaGroups::Saved;
     if (!TessaGroups::MayReplace(path, m_parts.messages)) return;
-    const auto isPrivate = [this](const GroupTab& each) {
-        return m_parts.tabs.PrivacyOf(each.Index) == Privacy::Private;
-    };
-    std::vector<GroupTab> tabs = TabsIn(m_parts, indexes);
-    if (std::ranges::any_of(tabs, isPrivate)) {
-        const Answer answer = TessaGroups::AskOfPrivate(m_parts.messages);
-        if (answer == Answer::Cancel) return;
-        // Pages may have moved on behind the question.
-        tabs = TabsIn(m_parts, indexes);
-        if (answer == Answer::No) std::erase_if(tabs, isPrivate);
-    }
+    const auto tabs = AskOfPrivate([&] { return TabsIn(m_parts, indexes); });
+    if (!tabs) return;
     std::vector<TessaGroups::NumberedAddress> addresses;
-    for (const GroupTab& each : tabs) addresses.push_back({addresses.size() + 1, each.Address});
+    for (const GroupTab& each : *tabs) addresses.push_back({addresses.size() + 1, each.Address});
     if (addresses.empty()) return SaySaved(Saved::Nothing, path);
     if (TessaGroups::Write(path, addresses) != Outcome::Done) return SaySaved(Saved::Failed, path);
-    MakeGroupOfTabs(m_parts.tabGroups, m_parts.pcPage, NameOf(path), FileAt(path), AsWritten(path, tabs));
+    MakeGroupOfTabs(m_parts.tabGroups, m_parts.pcPage, NameOf(path), FileAt(path), AsWritten(path, *tabs));
     SaySaved(Saved::Yes, path);
 }
 
@@ -96,14 +87,17 @@ bool GroupCommands::MayOverwrite(std::int32_t group, const Text& name) const {
                                     u"&Save Anyway"});
 }
 
-std::optional<std::vector<GroupTab>> GroupCommands::TabsToSave(std::int32_t group) const {
-    auto tabs = m_parts.tabGroups.TabsToSave(group);
+// Pages may have moved on behind the question.
+std::optional<std::vector<GroupTab>>
+GroupCommands::AskOfPrivate(const std::function<std::vector<GroupTab>()>& find) const {
     const auto isPrivate = [this](const GroupTab& each) {
         return m_parts.tabs.PrivacyOf(each.Index) == Privacy::Private;
     };
+    auto tabs = find();
     if (std::ranges::none_of(tabs, isPrivate)) return tabs;
     const Answer answer = TessaGroups::AskOfPrivate(m_parts.messages);
     if (answer == Answer::Cancel) return std::nullopt;
+    tabs = find();
     if (answer == Answer::No) std::erase_if(tabs, isPrivate);
     return tabs;
 }
@@ -139,7 +133,7 @@ void GroupCommands::SaveBack(std::int32_t group) {
     Reread(path);
     if (!IsToSave(group)) return m_parts.tabs.Say(u"The TessaGroup " + name + u" is as its tabs already.");
     if (!MayOverwrite(group, name)) return;
-    auto tabs = TabsToSave(group);
+    auto tabs = AskOfPrivate([&] { return groups.TabsToSave(group); });
     // The group may have gone behind a question.
     if (!tabs || !groups.FileOf(group)) return;
     if (tabs->empty()) return m_parts.tabs.Say(u"There was nothing to save as the TessaGroup " + name + u".");
