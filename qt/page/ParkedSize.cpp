@@ -1,9 +1,9 @@
 #include "qt/page/ParkedSize.h"
 
-#include <QCoreApplication>
+#include <QChildEvent>
 #include <QLayout>
-#include <QResizeEvent>
-#include <QWidget>
+#include <QQuickItem>
+#include <QQuickWidget>
 
 namespace tessa::qt {
 
@@ -25,8 +25,13 @@ protected:
 private:
     void Tell(QWidget& child) {
         if (QLayout* layout = m_view.layout()) layout->activate();
-        QResizeEvent resized(child.size(), QSize());
-        QCoreApplication::sendEvent(&child, &resized);
+        // The scene alone is told. A QResizeEvent also has QQuickWidget make a picture of it, megabytes for each page.
+        const auto* widget = qobject_cast<QQuickWidget*>(&child);
+        QQuickItem* root = widget ? widget->rootObject() : nullptr;
+        if (!root) return;
+        root->setSize(child.size());
+        const auto items = root->childItems();
+        for (QQuickItem* each : items) each->setSize(child.size());
     }
 
     QWidget& m_view;

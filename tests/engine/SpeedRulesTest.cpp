@@ -92,8 +92,23 @@ TEST(SpeedRules, AParkedPageLoadsRunsAndReportsUnseen) {
     EXPECT_TRUE(WaitUntil([&] { return desk.main->pcPage.Find(u"Tab2")->Caption() == u"hidden"; }));
 }
 
-TEST(SpeedRules, AParkedPageHasTheSizeOfThePageArea) {
+/// Counts what has a hidden scene of Qt Quick make a picture of its size: 33 MB for a page on a good screen.
+class PictureCount final : public QObject {
+public:
+    PictureCount() { qApp->installEventFilter(this); }
+    int pictures = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool isScene = event->type() == QEvent::Resize && watched->inherits("QQuickWidget");
+        if (isScene && !static_cast<QWidget*>(watched)->parentWidget()->isVisible()) ++pictures;
+        return false;
+    }
+};
+
+TEST(SpeedRules, AParkedPageHasTheSizeOfThePageAreaAndNoPictureOfItself) {
     LocalServer server;
+    PictureCount count;
     server.Page(QStringLiteral("/size"), "<title>t</title><script>document.title = innerWidth > 900 ? 'wide' : "
                                          "'narrow ' + innerWidth</script>");
     EngineDesk desk;
@@ -101,6 +116,7 @@ TEST(SpeedRules, AParkedPageHasTheSizeOfThePageArea) {
     ResumeNext(view->Navigate(FromQt(server.Address(QStringLiteral("/size")))));
     EXPECT_TRUE(WaitUntil([&] { return desk.main->pcPage.Find(u"Tab2")->Caption() == u"wide"; }))
         << ToUtf8(desk.main->pcPage.Find(u"Tab2")->Caption());
+    EXPECT_EQ(count.pictures, 0);
 }
 
 TEST(SpeedRules, ClosingTheFirstTabReleasesItsPage) {
