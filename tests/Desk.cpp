@@ -14,17 +14,16 @@ Desk::Desk(DeskSetting setting)
     : FakeSurroundings(setting.shared),
       groupFolder(std::move(setting.groupFolder)),
       favoritesFolder(std::move(setting.favoritesFolder)),
-      main(InstalledPlatform()),
+      main(InstalledPlatform(setting.probe)),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] {
         if (main.Form_QueryUnload()) main.Form_Unload();
     };
-    main.Sleep().Now = [this] { return steadyClock; };
     main.sbStatus.Complaint.ConnectForLife([this](TextView words) { main.sbStatus.SimpleText = Text(words); });
 }
 
-MainWindowPlatform Desk::InstalledPlatform() {
-    MainWindowPlatform platform = Platform(views);
+MainWindowPlatform Desk::InstalledPlatform(AddressProbe* probe) {
+    MainWindowPlatform platform = Platform(views, {.probe = probe});
     platform.programPath = u"/programs/tessaview";
     platform.groupFolder = groupFolder;
     platform.favoritesFolder = favoritesFolder;

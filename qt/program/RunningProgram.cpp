@@ -75,6 +75,8 @@ struct RunningProgram::Parts {
     Forms forms{window, splash};
     ReportSource report{desktop.log};
     DesktopWindowTools tools{engine.engine, bars.findBar, engine.devTools};
+    const AcceptedCertificates& accepted = engine.engine.Profiles().Accepted(Privacy::Ordinary);
+    NetworkProbe probe{accepted};
     frmMain main{Outside()};
     StripAssembly strip{main, engine.engine};
     WindowAssembly frame{main, window, strip.strip};
@@ -83,11 +85,9 @@ struct RunningProgram::Parts {
     KeyboardAssembly keyboard{main, window, bar};
     TaskViewPresenter taskView{main.TaskView(), window};
     ScriptedWindow scripted{main, window};
-    const AcceptedCertificates& accepted = engine.engine.Profiles().Accepted(Privacy::Ordinary);
     ScriptBus scripts{scripted, engine.engine, history.store, accepted};
     GroupPrint print{scripts.Output(), engine.engine.Output(), window};
-    NetworkProbe probe{accepted};
-    Clocks clocks{main, engine.engine.Schedule(), *memory};
+    Clocks clocks{main, engine.engine.Schedule()};
 };
 
 RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
@@ -111,7 +111,6 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
 }
 
 void RunningProgram::Parts::FollowGroups() {
-    main.Groups().Probe = &probe;
     main.Groups().Write.ConnectForLife([this](const GroupCommands::Writing& writing) {
         const auto written = [ended = writing.ended](const GroupOutput::Result& result) {
             ended(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
@@ -147,12 +146,15 @@ MainWindowPlatform RunningProgram::Parts::Outside() {
             .trash = desktop.trash,
             .downloads = downloads.downloads,
             .forms = forms,
+            .steady = desktop.steady,
+            .memory = *memory,
             .clock = desktop.clock,
             .offer = bars.offer,
             .engineOptions = engine.options,
             .report = report,
             .tools = tools,
             .input = input,
+            .probe = probe,
             .visits = history.store,
             .programPath = FromQt(QCoreApplication::applicationFilePath()),
             .groupFolder = FromQt(desktop.folders.GroupFolder()),

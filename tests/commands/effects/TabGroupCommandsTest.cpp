@@ -77,7 +77,7 @@ TEST_F(TabGroupCommandsTest, LoadsAllOfItAgain) {
 }
 
 TEST_F(TabGroupCommandsTest, PutsToSleepWhatNothingKeepsAwake) {
-    desk.steadyClock = std::chrono::minutes(1); // their icons have come
+    desk.steady.now = std::chrono::minutes(1); // their icons have come
     desk.views.At(3).activity.HoldsInput = true;
     desk.Click(u"xtrTabGroupSleep");
     EXPECT_FALSE(desk.views.At(3).asleep);
