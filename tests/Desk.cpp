@@ -114,10 +114,7 @@ Tab& Desk::TabOf(std::int32_t index) const {
     return *tab;
 }
 
-void Desk::OpenTabMenu(std::size_t position) {
-    main.StripInput().HitTest = [position](Pixels, Pixels) { return static_cast<int>(position) - 1; };
-    main.StripInput().MouseDown(MouseButton::Right, {}, {});
-}
+void Desk::OpenTabMenu(std::size_t position) { main.StripInput().OpenPopup(position); }
 
 void Desk::LaySideBySide(TextView layout) {
     const auto read = TileLayoutIn(layout);
