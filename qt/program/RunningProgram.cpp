@@ -81,7 +81,7 @@ struct RunningProgram::Parts {
     StripAssembly strip{main, engine.engine};
     WindowAssembly frame{main, window, strip.strip};
     TabPanelAssembly tabPanel{main, engine.engine, window, tiles.area};
-    BarAssembly bar{main, window, engine.engine};
+    BarAssembly bar{main, window, {strip.strip, frame.statusBar, bars, engine.engine}};
     KeyboardAssembly keyboard{main, window, bar};
     TaskViewPresenter taskView{main.TaskView(), window};
     ScriptedWindow scripted{main, window};
@@ -98,7 +98,6 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     bars.Serve(main);
     tiles.Serve(main, engine.engine, strip.strip);
     tiles.Link(bars.findBar);
-    bar.LeadTo(strip.strip, frame.statusBar, bars);
     blocking.Serve(main, frame.statusBar, window);
     frame.FollowPages(engine.engine, desktop.OwnProfile());
     tools.ListsTabs.ConnectForLife([this] { strip.List(); });
