@@ -145,16 +145,16 @@ MainWindowPlatform RunningProgram::Parts::Outside() {
             .trash = desktop.trash,
             .downloads = downloads.downloads,
             .forms = forms,
+            .clock = desktop.clock,
             .steady = desktop.steady,
             .memory = *memory,
-            .clock = desktop.clock,
             .offer = bars.offer,
             .engineOptions = engine.options,
             .report = report,
             .tools = tools,
             .input = input,
-            .probe = probe,
             .visits = history.store,
+            .probe = probe,
             .programPath = FromQt(QCoreApplication::applicationFilePath()),
             .groupFolder = FromQt(desktop.folders.GroupFolder()),
             .favoritesFolder = FromQt(desktop.folders.favorites),
@@ -181,7 +181,7 @@ Startup::Program RunningProgram::Platform() {
 }
 
 void RunningProgram::FollowEnds() {
-    m->window.Unload.ConnectForLife([this] {
+    m->window.Unloads.ConnectForLife([this] {
         // Before the next start can no longer be handed over to this one.
         m->desktop.OwnProfile().Leave();
         m->engine.devTools.Close();
@@ -201,11 +201,8 @@ int RunningProgram::Run() {
         m->desktop.settings.TrySaving();
     });
     // Before this there is nothing to save: a start that is still asking the user something ends as it is.
-    m->desktop.FollowSignals().Quit.ConnectForLife([this] {
-        // Whoever ends the session waits for no answer.
-        m->window.QueryUnload = {};
-        m->window.Close();
-    });
+    // Whoever ends the session waits for no answer.
+    m->desktop.FollowSignals().Quit.ConnectForLife([this] { m->window.Unload(); });
     const int result = RunEventLoop();
     // Qt 6.4 ends the event loop when its display breaks off. The session is on disk; the next start offers it.
     if (!m_unloaded) std::_Exit(EXIT_FAILURE);
