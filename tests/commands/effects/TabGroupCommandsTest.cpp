@@ -212,7 +212,7 @@ TEST_F(TabGroupCommandsTest, CloseAllLeavesThePinnedTabsAndTheLeftmostOther) {
 TEST_F(TabGroupCommandsTest, AGroupThatClosesTheOthersFirstLeavesPinnedTabsAsTheyAre) {
     OnTab(5, u"xtrTabPin");
     desk.ClickTab(1);
-    desk.main.TGCloseOthersFirst = true;
+    desk.Set(u"TGCloseOthersFirst", u"true");
     desk.OpenGroup(groups.PathText("News.tvg"));
     EXPECT_EQ(desk.Units(), "^2 News3(1 6 [7*])") << "its first page takes the leftmost tab that is not pinned";
     EXPECT_EQ(desk.views.At(2).location, u"http://2/");
