@@ -135,9 +135,10 @@ ScriptedWindow::Opened ScriptedWindow::OpenGroup(TextView group, bool closeOther
     const Text file = isPath ? Text(group) : m_main.Groups().FileOf(group);
     if (file.empty()) return {{}, u"There is no TessaGroup of that name: " + Text(group)};
     if (!TessaGroups::IsReadable(file)) return {{}, u"The TessaGroup could not be read: " + file};
-    const bool before = std::exchange(m_main.TGCloseOthersFirst, m_main.TGCloseOthersFirst || closeOthers);
-    const std::vector<std::int32_t> indexes = m_main.Groups().OpenTessaGroups({file});
-    m_main.TGCloseOthersFirst = before;
+    GroupCommands& groups = m_main.Groups();
+    const bool before = std::exchange(groups.TGCloseOthersFirst, groups.TGCloseOthersFirst || closeOthers);
+    const std::vector<std::int32_t> indexes = groups.OpenTessaGroups({file});
+    groups.TGCloseOthersFirst = before;
     return {{indexes.begin(), indexes.end()}, {}};
 }
 

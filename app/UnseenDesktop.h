@@ -1,6 +1,8 @@
 #pragma once
 #include "base/Address.h"
+#include "base/os/MemoryReader.h"
 #include "forms/FormHost.h"
+#include "groups/GroupCheck.h"
 #include "platform/Application.h"
 #include "platform/BrowserView.h"
 #include "platform/DefaultBrowser.h"
@@ -10,6 +12,7 @@
 #include "platform/MainWindow.h"
 #include "platform/SessionFiles.h"
 #include "platform/Shell.h"
+#include "platform/SteadyClock.h"
 #include "platform/Trash.h"
 #include "platform/UserInput.h"
 #include "platform/VisitStore.h"
@@ -74,6 +77,7 @@ public:
     std::unique_ptr<BrowserView> Create(std::int16_t, BrowserViewEvents&, Privacy) override {
         return std::make_unique<UnseenView>();
     }
+    [[nodiscard]] bool PagesWait() const override { return false; }
 };
 
 class NoWindow final : public MainWindow {
@@ -150,6 +154,22 @@ public:
     [[nodiscard]] std::int64_t Now() const override { return 0; }
     [[nodiscard]] Text Words(std::int64_t) const override { return {}; }
     [[nodiscard]] std::int64_t DayBegin(std::int64_t seconds) const override { return seconds; }
+};
+
+class NoSteadyClock final : public SteadyClock {
+public:
+    [[nodiscard]] Time Now() const override { return {}; }
+};
+
+class NoMemory final : public MemoryReader {
+public:
+    [[nodiscard]] std::vector<MemoryRoom> Read() override { return {}; }
+};
+
+class NoProbe final : public AddressProbe {
+public:
+    void Ask(const Text&, std::function<void(const ProbeAnswer&)>) override {}
+    void StopAll() override {}
 };
 
 class NoOffer final : public SessionOffer {

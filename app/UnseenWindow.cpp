@@ -21,12 +21,15 @@ UnseenWindow::UnseenWindow(SettingsStorageFactory& settings, InstanceChannel& in
               .downloads = m_downloads,
               .forms = m_forms,
               .clock = m_clock,
+              .steady = m_steady,
+              .memory = m_memory,
               .offer = m_offer,
               .engineOptions = m_engineOptions,
               .report = m_report,
               .tools = m_tools,
               .input = m_input,
               .visits = m_visits,
+              .probe = m_probe,
               .programPath = {},
               .groupFolder = std::move(groupFolder)}) {}
 

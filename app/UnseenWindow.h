@@ -33,12 +33,15 @@ private:
     UnseenDesktop::NoDownloads m_downloads;
     UnseenDesktop::NoForms m_forms;
     UnseenDesktop::NoClock m_clock;
+    UnseenDesktop::NoSteadyClock m_steady;
+    UnseenDesktop::NoMemory m_memory;
     UnseenDesktop::NoOffer m_offer;
     UnseenDesktop::NoEngineOptions m_engineOptions;
     UnseenDesktop::NoReport m_report;
     UnseenDesktop::NoTools m_tools;
     UnseenDesktop::NoInput m_input;
     UnseenDesktop::NoVisits m_visits;
+    UnseenDesktop::NoProbe m_probe;
     frmMain m_main;
 };
 

@@ -84,8 +84,7 @@ void GroupCommands::CheckAll() {
 }
 
 void GroupCommands::Check(const std::vector<Text>& groups) {
-    if (!Probe) return;
-    frmGroupCheck form(*Probe, groups);
+    frmGroupCheck form(m_parts.probe, groups);
     form.OpenArchive.ConnectForLife([this](const Text& address) { OpenArchive(address); });
     m_parts.forms.Show(form);
 }
@@ -141,7 +140,7 @@ void GroupCommands::OrganizeTessaGroup(TextView sFileName) {
     frmTessaGroup form(m_parts.messages, m_parts.forms,
                        {.files = &m_parts.files,
                         .groupFolder = m_parts.groupFolder,
-                        .probe = Probe,
+                        .probe = &m_parts.probe,
                         .titleOf = [this](TextView address) { return TitleOf(address); }});
     form.OpenArchive.ConnectForLife([this](const Text& address) { OpenArchive(address); });
     form.EditTessaGroup(sFileName);

@@ -53,8 +53,6 @@ public:
     /// The file of the group that the user knows by that name; empty when there is none.
     [[nodiscard]] Text FileOf(TextView name) const;
 
-    /// Asks for addresses, while there is a way into the network.
-    AddressProbe* Probe = nullptr;
     /// What is to be made of which pages.
     struct Writing {
         Writes what;

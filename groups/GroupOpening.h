@@ -16,6 +16,8 @@
 
 namespace tessa {
 
+class AddressProbe;
+
 /// Opens TessaGroups in tabs, as their files say. A group is named by the full path of its file.
 class GroupOpening {
 public:
@@ -31,6 +33,7 @@ public:
         FileDialogs& files;
         FormHost& forms;
         SettingsStorageFactory& settings;
+        AddressProbe& probe;     ///< asks for addresses that are checked
         const Text& groupFolder; ///< with the separator at the end
     };
     explicit GroupOpening(Parts parts);

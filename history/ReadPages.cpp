@@ -89,7 +89,6 @@ void ReadPages::Shows(std::int32_t index, TextView address) {
 }
 
 void ReadPages::Loads(std::int32_t index) {
-    if (!Now) return;
     Followed& followed = m_pages[index];
     if (followed.document == 0) followed.document = ++m_documents;
     followed.page.Loaded = true;
@@ -122,7 +121,7 @@ void ReadPages::ScheduleNext() {
     Time next{0};
     for (const auto& [index, followed] : m_pages)
         if (followed.due.count() > 0 && (next.count() == 0 || followed.due < next)) next = followed.due;
-    if (next.count() > 0 && Now) Schedule(std::max(next - Now(), Time{0}));
+    if (next.count() > 0) Schedule(std::max(next - Now(), Time{0}));
 }
 
 bool ReadPages::AnyLoads() const {
@@ -132,7 +131,6 @@ bool ReadPages::AnyLoads() const {
 }
 
 void ReadPages::Look() {
-    if (!Now) return;
     ForgetClosed();
     const Time now = Now();
     const bool loads = AnyLoads();

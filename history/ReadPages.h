@@ -4,12 +4,11 @@
 #include "history/HistoryRules.h"
 #include "history/PageNews.h"
 #include "history/ReadingRound.h"
+#include "platform/SteadyClock.h"
 #include "platform/VisitStore.h"
 #include "platform/WallClock.h"
 #include "tabs/TabGroups.h"
 
-#include <chrono>
-#include <functional>
 #include <map>
 #include <memory>
 
@@ -20,7 +19,7 @@ namespace tessa {
 /// it refers to outlives it.
 class ReadPages {
 public:
-    using Time = std::chrono::milliseconds; ///< on any steady clock
+    using Time = SteadyClock::Time;
 
     /// A page that has loaded is left in peace for so long.
     static constexpr Time kRest{1000};
@@ -33,6 +32,7 @@ public:
         const TabGroups& tabGroups;
         VisitStore& store;
         const WallClock& clock;
+        const SteadyClock& steady;
     };
     explicit ReadPages(Parts parts) : m_parts(parts) {}
     ReadPages(const ReadPages&) = delete;
@@ -78,10 +78,6 @@ public:
     /// that, so what is remembered stays as it is.
     void ReadNow(std::int32_t index);
 
-    /// The present time. Filled in by the main window's owner; without it nothing is read.
-    std::function<Time()> Now;
-    /// The small picture of a view's page, PNG; may be empty.
-    std::function<std::string(std::int32_t index)> Icon;
     /// Has `Look` called once after that time, instead of when it was asked for before.
     Signal<void(Time)> Schedule;
     /// What is known of the view's page has changed.
@@ -118,9 +114,10 @@ private:
     void See(std::int32_t index);
     void Keep(std::int32_t index, Followed& followed, const std::optional<PageAsRead>& asRead);
     /// What is known of the visit but for the text.
-    [[nodiscard]] HistoryVisit VisitOf(const Followed& followed, const ArrayView& view, std::int32_t index) const;
+    [[nodiscard]] HistoryVisit VisitOf(const Followed& followed, const ArrayView& view) const;
     void KeepLast(const Followed& last, HistoryVisit visit, TextView gathered);
     [[nodiscard]] Kept KeptOf(std::int32_t index, const Followed& followed) const;
+    [[nodiscard]] Time Now() const { return m_parts.steady.Now(); }
     [[nodiscard]] Tab* TabOf(std::int32_t index) const;
     void ForgetClosed();
     [[nodiscard]] bool AnyLoads() const;

@@ -80,14 +80,15 @@ void ReadPages::ShowNews(std::int32_t index, const Followed& followed) {
                            news.Any() ? NewsWordsOf(news) : Text(u"Nothing new since you read it"));
 }
 
-HistoryVisit ReadPages::VisitOf(const Followed& followed, const ArrayView& view, std::int32_t index) const {
+HistoryVisit ReadPages::VisitOf(const Followed& followed, const ArrayView& view) const {
     const Text address = HistoryRules::KeptAddress(followed.page.Address).value_or(Text());
     HistoryVisit visit{address, HistoryRules::SiteOf(address), view.Control->LocationName()};
     visit.Group = followed.group;
     visit.When = m_parts.clock.Now();
     visit.Again = followed.told;
     // To make it takes longer than all the rest. A visit that is told again keeps the one that it has.
-    if (Icon && !followed.pictured) visit.Icon = Icon(index);
+    const auto* life = followed.pictured ? nullptr : view.Control->Life();
+    if (life) visit.Icon = life->Picture();
     return visit;
 }
 
@@ -95,7 +96,7 @@ void ReadPages::Keep(std::int32_t index, Followed& followed, const std::optional
     const ArrayView* view = m_parts.Browser.Find(index);
     if (!view || !HistoryRules::KeptAddress(followed.page.Address)) return;
     const bool texts = KeptOf(index, followed) == Kept::All;
-    HistoryVisit visit = VisitOf(followed, *view, index);
+    HistoryVisit visit = VisitOf(followed, *view);
     followed.pictured = followed.pictured || !visit.Icon.empty();
     if (texts) visit.Passages = Passages::ToBytes(followed.page.Passages);
     if (texts && asRead) visit.AsRead = NewsOf::ToBytes(*asRead);
@@ -114,7 +115,7 @@ void ReadPages::Closes(std::int32_t index) {
     auto* reading = view->Control->Reading();
     if (!reading || KeptOf(index, found->second) != Kept::All) return;
     reading->ReadText([this, alive = std::weak_ptr(m_alive), last = found->second,
-                       visit = VisitOf(found->second, *view, index)](const Text& gathered) {
+                       visit = VisitOf(found->second, *view)](const Text& gathered) {
         if (!alive.expired()) KeepLast(last, visit, gathered);
     });
 }

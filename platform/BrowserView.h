@@ -185,6 +185,8 @@ public:
     virtual ~BrowserViewFactory() = default;
     /// `events` outlives the view. Nothing when no view can be made.
     virtual std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) = 0;
+    /// Whether pages wait for their turn to load.
+    [[nodiscard]] virtual bool PagesWait() const = 0;
 };
 
 } // namespace tessa

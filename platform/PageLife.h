@@ -2,6 +2,7 @@
 #include "base/ResumeNext.h"
 
 #include <cstdint>
+#include <string>
 
 namespace tessa {
 
@@ -32,6 +33,9 @@ public:
     /// Halts the page and frees its memory, as far as the engine has no reason against it. Address, title, history and
     /// icon stay. It wakes by itself when it comes to the front or is loaded. Fails for a page that must stay awake.
     virtual Outcome Sleep() = 0;
+
+    /// The page's icon as a small PNG, also while it sleeps; empty for none.
+    [[nodiscard]] virtual std::string Picture() const = 0;
 
     /// The number of the process that the page runs in, which others may share; 0 for none.
     [[nodiscard]] virtual std::int64_t Process() const = 0;

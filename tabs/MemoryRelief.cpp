@@ -2,6 +2,7 @@
 
 #include "base/os/Log.h"
 #include "forms/TabStrip.h"
+#include "platform/BrowserView.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,9 +15,9 @@ constexpr TextView kWhyTabsSleep = u"Memory is short. Tabs that you have not loo
 
 void MemoryRelief::Loaded(std::int32_t index) {
     if (!Works()) return;
-    m_sleep.Loaded(index);
-    const Time now = m_sleep.Now();
-    if (OthersWait && OthersWait()) m_fresh.push_back({index, now});
+    m_parts.sleep.Loaded(index);
+    const Time now = m_parts.clock.Now();
+    if (m_parts.views.PagesWait()) m_fresh.push_back({index, now});
     LookAt(m_asked ? *m_asked + kOften : now, now);
 }
 
@@ -30,7 +31,7 @@ void MemoryRelief::LookAt(Time due, Time now) {
 void MemoryRelief::Look() {
     m_due.reset();
     if (!Works()) return;
-    const Time now = m_sleep.Now();
+    const Time now = m_parts.clock.Now();
     if (m_left == 0) Ask(now);
     if (m_left > 0 && SleepOne(now)) {
         m_slept = true;
@@ -41,7 +42,7 @@ void MemoryRelief::Look() {
     // What has just fallen asleep gives its memory back soon; what cannot sleep now may later.
     if (m_slept || !m_fresh.empty())
         LookAt(*m_asked + kOften, now);
-    else if (m_pcPage.Count() > 1)
+    else if (m_parts.pcPage.Count() > 1)
         LookAt(now + kRare, now);
 }
 
@@ -49,13 +50,13 @@ void MemoryRelief::Ask(Time now) {
     m_asked = now;
     m_slept = m_freshSlept = false;
     const Shortage before = m_shortage.Level();
-    const Shortage level = m_shortage.Note(Memory->Read());
+    const Shortage level = m_shortage.Note(m_parts.memory.Read());
     if (level != before) {
         Log::Note(LogLevel::Info, LogPart::Engine, "how short memory is, 0 to 2", static_cast<std::int64_t>(level));
         Changed(level);
     }
     m_left = MostToSleep(now);
-    if (level == Shortage::None && (!OthersWait || !OthersWait())) m_fresh.clear();
+    if (level == Shortage::None && !m_parts.views.PagesWait()) m_fresh.clear();
 }
 
 // Of those that have just loaded as many as load in a second, or they would become more and more.
@@ -72,14 +73,14 @@ bool MemoryRelief::SleepOne(Time now) {
     if (SleepFresh(now)) return m_freshSlept = true;
     // What the user has had open before stays awake as long as that is enough.
     if (Level() == Shortage::Short && (m_freshSlept || !m_fresh.empty())) return false;
-    return m_sleep.SleepLongest(1) > 0;
+    return m_parts.sleep.SleepLongest(1) > 0;
 }
 
 bool MemoryRelief::SleepFresh(Time now) {
     while (HasFresh(now)) {
         const Fresh fresh = m_fresh.front();
         m_fresh.pop_front();
-        if (m_sleep.SleepUnseen(fresh.index, fresh.loaded)) return true;
+        if (m_parts.sleep.SleepUnseen(fresh.index, fresh.loaded)) return true;
     }
     return false;
 }

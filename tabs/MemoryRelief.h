@@ -1,26 +1,26 @@
 #pragma once
 #include "base/Signal.h"
+#include "platform/SteadyClock.h"
 #include "tabs/MemoryShortage.h"
 #include "tabs/TabSleep.h"
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <functional>
 #include <optional>
 
 namespace tessa {
 
+class BrowserViewFactory;
 class TabStrip;
 
 /// Puts tabs to sleep when memory is short, whatever the user wants of idle ones. A page that is loaded again later is
 /// better than a program that the kernel ends. Few at a time, longest not looked at first; then the kernel is asked
 /// anew. While many pages load, those that have loaded behind the front sleep first: nobody has looked at them yet.
-/// Owned by the main window; strip and sleep outlive it.
+/// Owned by the main window; what it refers to outlives it.
 class MemoryRelief {
 public:
-    using Time = TabSleep::Time;
+    using Time = SteadyClock::Time;
 
     /// How often the kernel is asked while there is room, or nothing to put to sleep.
     static constexpr Time kRare{5000};
@@ -31,7 +31,14 @@ public:
     /// How many tabs fall asleep between two questions, by how short memory is.
     static constexpr std::size_t kFew = 4, kMany = 16;
 
-    MemoryRelief(TabStrip& pcPage, TabSleep& sleep) : m_pcPage(pcPage), m_sleep(sleep) {}
+    struct Parts {
+        TabStrip& pcPage;
+        TabSleep& sleep;
+        const BrowserViewFactory& views;
+        MemoryReader& memory;
+        const SteadyClock& clock;
+    };
+    explicit MemoryRelief(Parts parts) : m_parts(parts) {}
 
     /// A view's page has loaded.
     void Loaded(std::int32_t index);
@@ -41,12 +48,9 @@ public:
     void End() { m_ended = true; }
     [[nodiscard]] Shortage Level() const { return m_shortage.Level(); }
 
-    /// Without it memory is never short. Filled in by the program, like the others; outlives this object.
-    MemoryReader* Memory = nullptr;
-    /// Has `Look` called once after that time, instead of when it was asked for before.
+    /// Has `Look` called once after that time, instead of when it was asked for before. Without anybody who does, the
+    /// kernel is not asked.
     Signal<void(Time)> Schedule;
-    /// Whether pages wait for their turn to load.
-    std::function<bool()> OthersWait;
     /// Memory has become short, shorter, or less so.
     Signal<void(Shortage)> Changed;
     /// Tells the user why tabs sleep; once in a session.
@@ -57,7 +61,7 @@ private:
         std::int32_t index;
         Time loaded;
     };
-    [[nodiscard]] bool Works() const { return Memory && Schedule.HasListeners() && m_sleep.Now && !m_ended; }
+    [[nodiscard]] bool Works() const { return Schedule.HasListeners() && !m_ended; }
     void LookAt(Time due, Time now);
     void Ask(Time now);
     [[nodiscard]] std::size_t MostToSleep(Time now) const;
@@ -66,8 +70,7 @@ private:
     bool SleepFresh(Time now);
     void SayOnce();
 
-    TabStrip& m_pcPage;
-    TabSleep& m_sleep;
+    Parts m_parts;
     MemoryShortage m_shortage;
     std::deque<Fresh> m_fresh; ///< loaded while others waited, in that order
     std::optional<Time> m_asked, m_due;

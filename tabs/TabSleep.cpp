@@ -15,28 +15,25 @@ void TabSleep::SetPatience(Time patience) {
     if (m_patience == patience) return;
     const bool wasOff = std::exchange(m_patience, patience) <= Time{0};
     if (patience <= Time{0}) return;
-    if (wasOff && Now) m_since = Now();
+    if (wasOff) m_since = m_clock.Now();
     Look();
 }
 
-void TabSleep::Opened(std::int32_t index) {
-    if (Now) m_seen.try_emplace(index, Seen{.last = Now()});
-}
+void TabSleep::Opened(std::int32_t index) { m_seen.try_emplace(index, Seen{.last = m_clock.Now()}); }
 
 void TabSleep::Loaded(std::int32_t index) {
     const auto seen = m_seen.find(index);
     // What kept the tab awake before belonged to the page before, or to the beginning of this one.
-    if (Now && seen != m_seen.end()) seen->second.again = Now() + kIconPatience;
+    if (seen != m_seen.end()) seen->second.again = m_clock.Now() + kIconPatience;
 }
 
 void TabSleep::Touch() {
-    if (!Now) return;
     const auto* front = m_pcPage.SelectedItem();
     const std::int32_t index = front ? front->Tag : 0;
     // Most changes of the strip are captions and pictures.
     if (index == m_front) return;
-    NoteInSight(Now());
-    if (const auto left = m_seen.find(m_front); left != m_seen.end()) left->second = Seen{.last = Now()};
+    NoteInSight(m_clock.Now());
+    if (const auto left = m_seen.find(m_front); left != m_seen.end()) left->second = Seen{.last = m_clock.Now()};
     m_front = index;
 }
 
@@ -91,8 +88,8 @@ bool TabSleep::TrySleep(std::int32_t index, Time now) {
 }
 
 void TabSleep::Look() {
-    if (!Now || m_patience <= Time{0}) return;
-    const Time now = Now();
+    if (m_patience <= Time{0}) return;
+    const Time now = m_clock.Now();
     NoteOpen(now);
     // What happens meanwhile may change which tabs there are.
     std::vector<std::int32_t> open;
@@ -111,8 +108,7 @@ void TabSleep::Look() {
 }
 
 std::size_t TabSleep::SleepLongest(std::size_t most) {
-    if (!Now) return 0;
-    const Time now = Now();
+    const Time now = m_clock.Now();
     NoteOpen(now);
     std::vector<std::pair<Time, std::int32_t>> awake;
     for (auto& [index, seen] : m_seen) {
@@ -132,22 +128,20 @@ std::size_t TabSleep::SleepLongest(std::size_t most) {
 }
 
 bool TabSleep::SleepUnseen(std::int32_t index, Time since) {
-    if (!Now) return false;
     Touch();
     const auto seen = m_seen.find(index);
     const auto* life = TabOfView(m_pcPage, index) ? LifeBehind(index) : nullptr;
     if (seen == m_seen.end() || !life || life->Asleep() || seen->second.last > since) return false;
-    const bool slept = TrySleep(index, Now());
+    const bool slept = TrySleep(index, m_clock.Now());
     TellSlept(slept);
     return slept;
 }
 
 bool TabSleep::SleepNow(std::int32_t index) {
-    if (!Now) return false;
-    NoteOpen(Now());
+    NoteOpen(m_clock.Now());
     const auto* life = LifeBehind(index);
     if (life && life->Asleep()) return true;
-    const bool slept = TrySleep(index, Now());
+    const bool slept = TrySleep(index, m_clock.Now());
     TellSlept(slept);
     return slept;
 }

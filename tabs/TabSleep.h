@@ -1,9 +1,8 @@
 #pragma once
 #include "base/Signal.h"
+#include "platform/SteadyClock.h"
 #include "tabs/ViewArray.h"
 
-#include <chrono>
-#include <functional>
 #include <map>
 
 namespace tessa {
@@ -13,10 +12,10 @@ class TabStrip;
 /// Puts tabs to sleep that were not looked at for a while, if the user wants that. Also does so when memory is short.
 /// By design parked tabs keep living. The tab in front never sleeps, nor do those beside it. No more does one whose
 /// page does something that would be lost or missed. A sleeping tab wakes by itself when it is selected. Owned by the
-/// main window; strip and views outlive it.
+/// main window; what it refers to outlives it.
 class TabSleep {
 public:
-    using Time = std::chrono::milliseconds; ///< on any steady clock
+    using Time = SteadyClock::Time;
 
     /// When to look again at a tab that had a reason to stay awake.
     static constexpr Time kAgain{60000};
@@ -24,7 +23,8 @@ public:
     /// A page's icon comes a little later than the page, and would be lost.
     static constexpr Time kIconPatience{1000};
 
-    TabSleep(TabStrip& pcPage, ViewArray& Browser) : m_pcPage(pcPage), m_browser(Browser) {}
+    TabSleep(TabStrip& pcPage, ViewArray& Browser, const SteadyClock& clock)
+        : m_pcPage(pcPage), m_browser(Browser), m_clock(clock) {}
 
     /// How long a tab may go without being looked at; zero for as long as it likes. For the tabs that are there when
     /// this is switched on, it begins then.
@@ -46,8 +46,6 @@ public:
     /// Puts a tab to sleep now if it may, whenever it was looked at. Returns whether it sleeps.
     bool SleepNow(std::int32_t index);
 
-    /// The present time. Filled in by the main window's owner; without it no tab sleeps.
-    std::function<Time()> Now;
     /// Has `Look` called once after that time, instead of when it was asked for before.
     Signal<void(Time)> Schedule;
     /// Some tabs have just fallen asleep, and left memory behind that the system can have back.
@@ -71,6 +69,7 @@ private:
 
     TabStrip& m_pcPage;
     ViewArray& m_browser;
+    const SteadyClock& m_clock;
     std::map<std::int32_t, Seen> m_seen;
     std::int32_t m_front = 0;
     Time m_patience{0};

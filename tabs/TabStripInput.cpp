@@ -10,22 +10,22 @@ namespace {
 
 Pixels Rounded(double value) { return {static_cast<std::int32_t>(std::lround(value))}; }
 
-} // namespace
-
-std::size_t TabStripInput::PositionAt(Pixels x, Pixels y) const {
-    return HitTest ? static_cast<std::size_t>(HitTest(x, y) + 1) : 0;
+std::size_t PositionAt(double x, double y, TabStripInput::Places& strip) {
+    return static_cast<std::size_t>(strip.HitTest(Rounded(x), Rounded(y)) + 1);
 }
+
+} // namespace
 
 ArrayView* TabStripInput::PopupView() const {
     const auto* tab = PopupTab();
     return tab ? m_browser.Find(tab->Tag) : nullptr;
 }
 
-void TabStripInput::MouseDown(MouseButton Button, Twips x, Twips y) {
+void TabStripInput::MouseDown(MouseButton Button, Twips x, Twips y, Places& strip) {
     if (Button != MouseButton::Right) return;
     // Deliberate: both are divided by the horizontal factor; here the two are one.
-    OpenPopup(PositionAt(Rounded(static_cast<double>(x.value) / kTwipsPerPixel),
-                         Rounded(static_cast<double>(y.value) / kTwipsPerPixel)));
+    OpenPopup(PositionAt(static_cast<double>(x.value) / kTwipsPerPixel, static_cast<double>(y.value) / kTwipsPerPixel,
+                         strip));
 }
 
 void TabStripInput::OpenPopup(std::size_t position) {
@@ -49,9 +49,9 @@ void TabStripInput::OpenGroupPopup(std::int32_t group) {
     m_actBar.Popup(u"bndTabGroup"_band);
 }
 
-void TabStripInput::OLEDragOver(bool hasText, double x, double y) {
+void TabStripInput::OLEDragOver(bool hasText, double x, double y, Places& strip) {
     // Deliberate: only rounded, not converted, because the desktop gives the point in pixels.
-    if (hasText) DropTabPosition = PositionAt(Rounded(x), Rounded(y));
+    if (hasText) DropTabPosition = PositionAt(x, y, strip);
 }
 
 void TabStripInput::OLEDragDrop(const std::optional<Text>& text) {

@@ -14,17 +14,16 @@ Desk::Desk(DeskSetting setting)
     : FakeSurroundings(setting.shared),
       groupFolder(std::move(setting.groupFolder)),
       favoritesFolder(std::move(setting.favoritesFolder)),
-      main(InstalledPlatform()),
+      main(InstalledPlatform(setting.probe)),
       m_skippedBefore(SkippedSteps()) {
     window.closed = [this] {
         if (main.Form_QueryUnload()) main.Form_Unload();
     };
-    main.Sleep().Now = [this] { return steadyClock; };
     main.sbStatus.Complaint.ConnectForLife([this](TextView words) { main.sbStatus.SimpleText = Text(words); });
 }
 
-MainWindowPlatform Desk::InstalledPlatform() {
-    MainWindowPlatform platform = Platform(views);
+MainWindowPlatform Desk::InstalledPlatform(AddressProbe* probe) {
+    MainWindowPlatform platform = Platform(views, {.probe = probe});
     platform.programPath = u"/programs/tessaview";
     platform.groupFolder = groupFolder;
     platform.favoritesFolder = favoritesFolder;
@@ -115,10 +114,7 @@ Tab& Desk::TabOf(std::int32_t index) const {
     return *tab;
 }
 
-void Desk::OpenTabMenu(std::size_t position) {
-    main.StripInput().HitTest = [position](Pixels, Pixels) { return static_cast<int>(position) - 1; };
-    main.StripInput().MouseDown(MouseButton::Right, {}, {});
-}
+void Desk::OpenTabMenu(std::size_t position) { main.StripInput().OpenPopup(position); }
 
 void Desk::LaySideBySide(TextView layout) {
     const auto read = TileLayoutIn(layout);

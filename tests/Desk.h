@@ -14,6 +14,7 @@ struct DeskSetting {
     FakeSettings* shared = nullptr;       ///< settings of another process; nothing for those of a first start
     Text groupFolder = u"/groups/";       ///< with the separator at the end
     Text favoritesFolder = u"/favorites"; ///< without one
+    AddressProbe* probe = nullptr;        ///< nothing for one that never answers
 };
 
 /// A user at the program: the real models and handlers of the main window, fakes for what lies outside. The user does
@@ -191,12 +192,10 @@ public:
     FakeApplication application{log};
     FakeChannel channel{log};
     const Text groupFolder, favoritesFolder;
-    /// What the steady clock shows that tabs fall asleep by.
-    TabSleep::Time steadyClock{0};
     frmMain main;
 
 private:
-    [[nodiscard]] MainWindowPlatform InstalledPlatform();
+    [[nodiscard]] MainWindowPlatform InstalledPlatform(AddressProbe* probe);
     /// Where views report to; all to the same.
     [[nodiscard]] BrowserViewEvents& Events() { return views.living.begin()->second->events; }
     std::size_t m_skippedBefore;

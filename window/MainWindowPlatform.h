@@ -1,5 +1,7 @@
 #pragma once
+#include "base/os/MemoryReader.h"
 #include "forms/FormHost.h"
+#include "groups/GroupCheck.h"
 #include "platform/BrowserView.h"
 #include "platform/DefaultBrowser.h"
 #include "platform/Dialogs.h"
@@ -10,6 +12,7 @@
 #include "platform/SessionFiles.h"
 #include "platform/SettingsStorage.h"
 #include "platform/Shell.h"
+#include "platform/SteadyClock.h"
 #include "platform/Trash.h"
 #include "platform/UserInput.h"
 #include "platform/VisitStore.h"
@@ -42,12 +45,15 @@ struct MainWindowPlatform {
     DownloadDesktop& downloads;
     FormHost& forms;
     WallClock& clock;
+    SteadyClock& steady;
+    MemoryReader& memory;
     SessionOffer& offer;
     EngineOptions& engineOptions;
     Report::Source& report;
     WindowTools& tools;
     UserInput& input;
     VisitStore& visits;
+    AddressProbe& probe;
     /// The full path of the running program.
     Text programPath;
     /// Where TessaGroup files lie, with the separator at the end.

@@ -212,10 +212,10 @@ private:
     Connections m_folderChanges;
 
 public:
-    // Settings that live here, as others see and change them.
-    bool& OpenNewInFront = m_tabs.OpenNewInFront;
-    bool& TGCloseOthersFirst = m_groups.TGCloseOthersFirst;
-    bool& RememberLastSites = m_settings.RememberLastSites;
+    // Settings that live here, as others see them.
+    const bool& OpenNewInFront = m_tabs.OpenNewInFront;
+    const bool& TGCloseOthersFirst = m_groups.TGCloseOthersFirst;
+    const bool& RememberLastSites = m_settings.RememberLastSites;
 };
 
 } // namespace tessa

@@ -13,14 +13,15 @@
 
 namespace tessa::qt {
 
-CommandBarView::CommandBarView(CommandBar& bar, QMainWindow& window, EntryGestures& gestures)
+CommandBarView::CommandBarView(CommandBar& bar, QMainWindow& window, EntryGestures& gestures,
+                               FocusRing::Neighbours& neighbours)
     : m_bar(bar),
       m_window(window),
       m_actions(bar),
       m_menus(bar, m_actions, window, gestures),
       m_toolBars(bar, window, m_actions, m_menus),
       m_docking(bar, window, m_toolBars),
-      m_ring(window, m_toolBars) {
+      m_ring(window, m_toolBars, neighbours) {
     Listen();
     Follow();
     m_window.installEventFilter(this);

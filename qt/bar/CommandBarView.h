@@ -14,12 +14,13 @@ class QContextMenuEvent;
 
 namespace tessa::qt {
 
-/// Shows a `CommandBar` in a window's menu bar, toolbars and menus. The bar, the window and the gestures outlive it.
+/// Shows a `CommandBar` in a window's menu bar, toolbars and menus. What it is given outlives it.
 class CommandBarView final : public QObject {
     Q_OBJECT
 
 public:
-    CommandBarView(CommandBar& bar, QMainWindow& window, EntryGestures& gestures = EntryGestures::None());
+    CommandBarView(CommandBar& bar, QMainWindow& window, EntryGestures& gestures = EntryGestures::None(),
+                   FocusRing::Neighbours& neighbours = FocusRing::Neighbours::None());
 
     /// The action of a tool that is shown somewhere; nothing for any other.
     [[nodiscard]] QAction* Find(TextView name) const { return m_actions.Find(name); }

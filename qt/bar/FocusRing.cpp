@@ -102,9 +102,23 @@ int ArrowStep(int key, Qt::Orientation along) {
     return key == (flat ? Qt::Key_Right : Qt::Key_Down) ? 1 : 0;
 }
 
+class NoNeighbours final : public FocusRing::Neighbours {
+public:
+    QWidget* Strip() override { return nullptr; }
+    std::vector<QWidget*> PageBars() override { return {}; }
+    std::optional<Asked> Question() override { return std::nullopt; }
+    QWidget* StatusBar() override { return nullptr; }
+};
+
 } // namespace
 
-FocusRing::FocusRing(QMainWindow& window, const ToolBars& toolBars) : m_window(window), m_toolBars(toolBars) {
+FocusRing::Neighbours& FocusRing::Neighbours::None() {
+    static NoNeighbours none;
+    return none;
+}
+
+FocusRing::FocusRing(QMainWindow& window, const ToolBars& toolBars, Neighbours& neighbours)
+    : m_window(window), m_toolBars(toolBars), m_neighbours(neighbours) {
     auto* style = new MarkedEntries;
     style->setParent(m_window.menuBar());
     m_window.menuBar()->setStyle(style);
@@ -119,7 +133,7 @@ FocusRing::~FocusRing() = default;
 
 bool FocusRing::HasKeyboard() const {
     const auto* tool = qobject_cast<const QToolButton*>(QApplication::focusWidget());
-    return AreaHasFocus(m_window.menuBar()) || AreaHasFocus(StatusBar) ||
+    return AreaHasFocus(m_window.menuBar()) || AreaHasFocus(m_neighbours.StatusBar()) ||
            (tool && qobject_cast<QToolBar*>(tool->parentWidget()));
 }
 
@@ -155,8 +169,8 @@ void FocusRing::AddWidgets(std::vector<Part>& parts) const {
     const auto add = [&parts](QWidget* widget) {
         if (widget && widget->isVisible()) parts.push_back({widget, [widget] { FocusInside(*widget); }});
     };
-    add(Strip);
-    for (const QPointer<QWidget>& bar : PageBars) add(bar);
+    add(m_neighbours.Strip());
+    for (QWidget* bar : m_neighbours.PageBars()) add(bar);
 }
 
 std::vector<FocusRing::Part> FocusRing::Parts() {
@@ -167,8 +181,8 @@ std::vector<FocusRing::Part> FocusRing::Parts() {
     }
     AddWidgets(parts);
     parts.push_back({nullptr, [this] { ToPage(); }});
-    if (const auto asked = Question ? Question() : std::nullopt) parts.push_back({asked->Bar, asked->Enter});
-    if (QWidget* status = StatusBar; status && status->isVisible())
+    if (const auto asked = m_neighbours.Question()) parts.push_back({asked->Bar, asked->Enter});
+    if (QWidget* status = m_neighbours.StatusBar(); status && status->isVisible())
         parts.push_back({status, [status] { FocusInside(*status); }});
     return parts;
 }
@@ -224,7 +238,7 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     // The status bar has nothing to do with keys.
-    if (focused == StatusBar && key->key() == Qt::Key_Escape) {
+    if (focused == m_neighbours.StatusBar() && key->key() == Qt::Key_Escape) {
         ToPage();
         return true;
     }

@@ -23,8 +23,28 @@ class FocusRing final : public QObject {
     Q_OBJECT
 
 public:
-    /// Both outlive it.
-    FocusRing(QMainWindow& window, const ToolBars& toolBars);
+    /// What the keyboard goes to beside the bars; its owner knows. Nothing is where it is not there.
+    class Neighbours {
+    public:
+        /// A part that comes right after the page, and what gives it the keyboard: what the page in front asks.
+        struct Asked {
+            QWidget* Bar;
+            std::function<void()> Enter;
+        };
+        virtual ~Neighbours() = default;
+        [[nodiscard]] virtual QWidget* Strip() = 0;
+        /// The bars beside the page.
+        [[nodiscard]] virtual std::vector<QWidget*> PageBars() = 0;
+        /// Nothing while no question is shown.
+        [[nodiscard]] virtual std::optional<Asked> Question() = 0;
+        [[nodiscard]] virtual QWidget* StatusBar() = 0;
+
+        /// Those of a window that has none.
+        [[nodiscard]] static Neighbours& None();
+    };
+
+    /// All outlive it.
+    FocusRing(QMainWindow& window, const ToolBars& toolBars, Neighbours& neighbours);
     ~FocusRing() override;
 
     /// Goes to the next or the previous part, or to the menu bar. The menu bar's key pressed again leaves it.
@@ -35,17 +55,6 @@ public:
 
     /// The page is to have the keyboard.
     Signal<void()> FocusPage;
-    // Filled in by the owner; each may be empty.
-    QPointer<QWidget> Strip, StatusBar;
-    /// A part that comes right after the page, and what gives it the keyboard: what the page in front asks.
-    struct Asked {
-        QWidget* Bar;
-        std::function<void()> Enter;
-    };
-    /// Nothing while no question is shown.
-    std::function<std::optional<Asked>()> Question;
-    /// The bars beside the page.
-    std::vector<QPointer<QWidget>> PageBars;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -66,6 +75,7 @@ private:
 
     QMainWindow& m_window;
     const ToolBars& m_toolBars;
+    Neighbours& m_neighbours;
     QPointer<QWidget> m_before; ///< had the keyboard before the menu bar
 };
 

@@ -8,7 +8,8 @@
 
 namespace tessa::qt {
 
-DockedPanel::DockedPanel(QMainWindow& window, QString name) : m_window(window), m_name(std::move(name)) {}
+DockedPanel::DockedPanel(QMainWindow& window, QString name, UsualWidth usualWidth)
+    : m_window(window), m_name(std::move(name)), m_usualWidth(std::move(usualWidth)) {}
 
 DockedPanel::~DockedPanel() { Close(); }
 
@@ -27,7 +28,7 @@ void DockedPanel::Open(const QString& caption, QWidget& contents, Qt::DockWidget
         if (area != Qt::NoDockWidgetArea) Moved(area);
     });
     m_panel->show();
-    if (UsualWidth) KeepWidth();
+    if (m_usualWidth) KeepWidth();
 }
 
 void DockedPanel::MoveTo(Qt::DockWidgetArea side) {
@@ -42,7 +43,7 @@ void DockedPanel::KeepWidth() {
 }
 
 void DockedPanel::Fit() {
-    if (m_panel && UsualWidth) SetWidth(m_userWidth > 0 ? m_userWidth : UsualWidth());
+    if (m_panel && m_usualWidth) SetWidth(m_userWidth > 0 ? m_userWidth : m_usualWidth());
 }
 
 void DockedPanel::SetWidth(int width) {

@@ -18,8 +18,12 @@ class DockedPanel final : public QObject {
     Q_OBJECT
 
 public:
-    /// The window outlives it. `name` is the panel's among those of the window.
-    DockedPanel(QMainWindow& window, QString name);
+    /// How wide a panel is as long as its user has not dragged its border.
+    using UsualWidth = std::function<int()>;
+
+    /// The window outlives it. `name` is the panel's among those of the window. With a usual width, which may be empty,
+    /// the panel keeps its width when the window gets another one.
+    DockedPanel(QMainWindow& window, QString name, UsualWidth usualWidth);
     ~DockedPanel() override;
 
     /// Takes over `contents`. Nothing happens while it is open.
@@ -30,9 +34,6 @@ public:
     void MoveTo(Qt::DockWidgetArea side);
     /// Gives it that width in pixels, as far as the window allows.
     void SetWidth(int width);
-    /// How wide it is as long as its user has not dragged its border. With it, the panel keeps its width when the
-    /// window gets another one. Filled in by the owner before it opens; may be empty.
-    std::function<int()> UsualWidth;
     /// The width that its user has given it; 0 for none.
     void SetUserWidth(int width) { m_userWidth = width; }
     /// Null while it is closed.
@@ -57,6 +58,7 @@ private:
 
     QMainWindow& m_window;
     QString m_name;
+    UsualWidth m_usualWidth;
     QPointer<QDockWidget> m_panel;
     bool m_onSidesAlone = false;
     int m_userWidth = 0;

@@ -25,8 +25,9 @@ constexpr int kContentsMargin = 6;
 } // namespace
 
 DownloadsPanel::DownloadsPanel(frmDownloads& form, QMainWindow& window)
-    : m_form(form), m_window(window), m_panel(window, QStringLiteral("downloads")) {
-    m_panel.UsualWidth = [this] { return std::min(kUsualWidth, m_window.width() / kShareOfWindow); };
+    : m_form(form), m_window(window), m_panel(window, QStringLiteral("downloads"), [&window] {
+          return std::min(kUsualWidth, window.width() / kShareOfWindow);
+      }) {
     m_refresh.setSingleShot(true);
     m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
     m_connections += m_form.Schedule.Connect([this] {

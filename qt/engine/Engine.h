@@ -33,6 +33,7 @@ public:
     ~Engine() override;
 
     std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) override;
+    [[nodiscard]] bool PagesWait() const override { return m_schedule.PagesWait(); }
     /// From now on views may load. Called once the window is on the screen.
     void Start();
     /// Ends the pages' profiles; no view may be left. Called before the application ends.

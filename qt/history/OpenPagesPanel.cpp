@@ -23,7 +23,7 @@ constexpr int kUsualPanelWidth = 360, kPanelMargin = 6;
 } // namespace
 
 OpenPagesPanel::OpenPagesPanel(frmOpenPages& form, QMainWindow& window)
-    : m_form(form), m_window(window), m_panel(window, QStringLiteral("open pages")) {
+    : m_form(form), m_window(window), m_panel(window, QStringLiteral("open pages"), {}) {
     m_refresh.setSingleShot(true);
     m_refresh.callOnTimeout(this, [this] { m_form.Show(); });
     m_connections += m_form.Schedule.Connect([this] {

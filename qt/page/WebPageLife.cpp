@@ -3,6 +3,8 @@
 #include "qt/base/EngineVersions.h"
 #include "qt/page/WebPage.h"
 
+#include <QBuffer>
+#include <QPixmap>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 #include <algorithm>
@@ -13,12 +15,25 @@ namespace tessa::qt {
 
 using State = QWebEnginePage::LifecycleState;
 
+namespace {
+constexpr int kPictureSize = 16;
+} // namespace
+
 WebPageLife::WebPageLife(WebPage& page) : m_page(page) {
     connect(&page, &QWebEnginePage::iconChanged, this, &WebPageLife::OnIcon);
     connect(&page, &QWebEnginePage::urlChanged, this, &WebPageLife::OnAddress);
     connect(&page, &QWebEnginePage::renderProcessTerminated, this, [this] { m_ended = true; });
     connect(&page, &QWebEnginePage::loadStarted, this, [this] { m_ended = false; });
     connect(page.profile(), &QWebEngineProfile::downloadRequested, this, &WebPageLife::OnDownload);
+}
+
+// Small as it is, and drawn sharp on screens with twice the dots.
+std::string WebPageLife::Picture() const {
+    if (m_icon.isNull()) return {};
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    m_icon.pixmap(QSize(kPictureSize, kPictureSize), 2.0).save(&buffer, "PNG");
+    return buffer.data().toStdString();
 }
 
 bool WebPageLife::Asleep() const { return m_page.lifecycleState() != State::Active; }

@@ -26,6 +26,7 @@ public:
     [[nodiscard]] PageActivity Activity() const override;
     [[nodiscard]] bool Asleep() const override;
     Outcome Sleep() override;
+    [[nodiscard]] std::string Picture() const override;
     [[nodiscard]] std::int64_t Process() const override;
     [[nodiscard]] bool Ended() const override { return m_ended; }
     Outcome EndProcess() override;

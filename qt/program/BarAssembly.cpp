@@ -9,31 +9,27 @@
 
 namespace tessa::qt {
 
-BarAssembly::BarAssembly(frmMain& main, MainWindowFrame& window, Engine& engine)
-    : m_look(main.actBar, window), m_commandBar(main.actBar, window, main.Menus()), m_customize(main.actBar, window) {
+BarAssembly::BarAssembly(frmMain& main, MainWindowFrame& window, Around around)
+    : m_around(around),
+      m_look(main.actBar, window),
+      m_commandBar(main.actBar, window, main.Menus(), *this),
+      m_customize(main.actBar, window) {
     m_customize.Closed.ConnectForLife([&main] { main.SaveLayout(); });
     m_commandBar.Reveal.ConnectForLife([&window] { window.RevealBars(); });
-    m_connections +=
-        engine.Told().MenuPlace.Connect([this](std::optional<QPoint> at) { m_commandBar.Menus().PlaceNext(at); });
-    FollowRing(main, engine);
+    m_connections += m_around.engine.Told().MenuPlace.Connect(
+        [this](std::optional<QPoint> at) { m_commandBar.Menus().PlaceNext(at); });
+    m_commandBar.Ring().FocusPage.ConnectForLife([&main] { main.FocusPage(); });
 }
 
-void BarAssembly::FollowRing(frmMain& main, Engine& engine) {
-    auto& ring = m_commandBar.Ring();
-    ring.FocusPage.ConnectForLife([&main] { main.FocusPage(); });
-    ring.Question = [&engine]() -> std::optional<FocusRing::Asked> {
-        const auto* front = engine.Front();
-        QuestionBar* asks = front && front->Questions() ? front->Questions()->bar.data() : nullptr;
-        if (!asks || !asks->isVisible()) return std::nullopt;
-        return FocusRing::Asked{asks, [asks] { asks->TakeFocus(); }};
-    };
+std::vector<QWidget*> BarAssembly::PageBars() {
+    return {&m_around.bars.captures, &m_around.bars.offer, &m_around.bars.findBar};
 }
 
-void BarAssembly::LeadTo(QWidget& strip, QWidget& statusBar, PageBarsAssembly& bars) {
-    auto& ring = m_commandBar.Ring();
-    ring.Strip = &strip;
-    ring.StatusBar = &statusBar;
-    ring.PageBars = {&bars.captures, &bars.offer, &bars.findBar};
+std::optional<FocusRing::Neighbours::Asked> BarAssembly::Question() {
+    const auto* front = m_around.engine.Front();
+    QuestionBar* asks = front && front->Questions() ? front->Questions()->bar.data() : nullptr;
+    if (!asks || !asks->isVisible()) return std::nullopt;
+    return Asked{asks, [asks] { asks->TakeFocus(); }};
 }
 
 } // namespace tessa::qt

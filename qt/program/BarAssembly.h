@@ -14,20 +14,28 @@ class MainWindowFrame;
 class PageBarsAssembly;
 
 /// The command bar and the dialog in which it is arranged, and the keyboard's way round the window.
-class BarAssembly {
+class BarAssembly final : private FocusRing::Neighbours {
 public:
+    /// What the keyboard goes round beside the bar.
+    struct Around {
+        QWidget& strip;
+        QWidget& statusBar;
+        PageBarsAssembly& bars;
+        Engine& engine;
+    };
     /// All outlive it.
-    BarAssembly(frmMain& main, MainWindowFrame& window, Engine& engine);
-
-    /// The keyboard goes round these, too; they end before it or leave by themselves.
-    void LeadTo(QWidget& strip, QWidget& statusBar, PageBarsAssembly& bars);
+    BarAssembly(frmMain& main, MainWindowFrame& window, Around around);
     /// Whether a tool has the keyboard.
     [[nodiscard]] bool HasKeyboard() { return m_commandBar.Ring().HasKeyboard(); }
     void Customize() { m_customize.Open(); }
 
 private:
-    void FollowRing(frmMain& main, Engine& engine);
+    [[nodiscard]] QWidget* Strip() override { return &m_around.strip; }
+    [[nodiscard]] std::vector<QWidget*> PageBars() override;
+    [[nodiscard]] std::optional<Asked> Question() override;
+    [[nodiscard]] QWidget* StatusBar() override { return &m_around.statusBar; }
 
+    Around m_around;
     ToolBarLook m_look;
     CommandBarView m_commandBar;
     qt::Customize m_customize;

@@ -28,7 +28,7 @@ void GiveMemoryBack() {
 
 } // namespace
 
-Clocks::Clocks(frmMain& main, qt::Schedule& schedule, MemoryReader& memory) : m_main(main), m_memory(memory) {
+Clocks::Clocks(frmMain& main, qt::Schedule& schedule) : m_main(main) {
     FollowHomePages();
     FollowSession();
     FollowSleep();
@@ -74,9 +74,6 @@ void Clocks::FollowSleep() {
     sleep.Slept.ConnectForLife([this] {
         if (!m_giveBack.isActive()) m_giveBack.start();
     });
-    sleep.Now = [] {
-        return std::chrono::duration_cast<TabSleep::Time>(std::chrono::steady_clock::now().time_since_epoch());
-    };
 }
 
 void Clocks::FollowRelief(qt::Schedule& schedule) {
@@ -84,8 +81,6 @@ void Clocks::FollowRelief(qt::Schedule& schedule) {
     m_relief.setSingleShot(true);
     m_relief.callOnTimeout([&relief] { relief.Look(); });
     relief.Schedule.ConnectForLife([this](TabSleep::Time time) { m_relief.start(time); });
-    relief.Memory = &m_memory;
-    relief.OthersWait = [&schedule] { return schedule.PagesWait(); };
     relief.Changed.ConnectForLife([&schedule](Shortage level) { schedule.SetShortage(level); });
 }
 

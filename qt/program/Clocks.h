@@ -1,6 +1,4 @@
 #pragma once
-#include "base/os/MemoryReader.h"
-
 #include <QTimer>
 
 namespace tessa {
@@ -14,8 +12,8 @@ class Schedule;
 /// Calls what is to happen later, as soon as it is due.
 class Clocks {
 public:
-    /// All outlive it. `memory` says how much of it there is.
-    Clocks(frmMain& main, qt::Schedule& schedule, MemoryReader& memory);
+    /// Both outlive it.
+    Clocks(frmMain& main, qt::Schedule& schedule);
 
 private:
     void FollowSession();
@@ -24,7 +22,6 @@ private:
     void FollowHomePages();
 
     frmMain& m_main;
-    MemoryReader& m_memory;
     QTimer m_journal, m_retry, m_sleep, m_relief, m_giveBack, m_homePages;
 };
 

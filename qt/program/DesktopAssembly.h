@@ -16,6 +16,7 @@
 #include "qt/desktop/InstanceProfile.h"
 #include "qt/desktop/KernelFolderWatch.h"
 #include "qt/desktop/SocketInstanceChannel.h"
+#include "qt/desktop/SystemSteadyClock.h"
 
 #include <QApplication>
 #include <optional>
@@ -69,6 +70,7 @@ public:
     DiskLayoutFile layout;
     DesktopApplication application;
     DesktopClock clock;
+    SystemSteadyClock steady;
     DesktopDefaultBrowser defaultBrowser;
     DesktopShell shell;
     KernelFolderWatch folderWatch;

@@ -75,19 +75,19 @@ struct RunningProgram::Parts {
     Forms forms{window, splash};
     ReportSource report{desktop.log};
     DesktopWindowTools tools{engine.engine, bars.findBar, engine.devTools};
+    const AcceptedCertificates& accepted = engine.engine.Profiles().Accepted(Privacy::Ordinary);
+    NetworkProbe probe{accepted};
     frmMain main{Outside()};
     StripAssembly strip{main, engine.engine};
     WindowAssembly frame{main, window, strip.strip};
     TabPanelAssembly tabPanel{main, engine.engine, window, tiles.area};
-    BarAssembly bar{main, window, engine.engine};
+    BarAssembly bar{main, window, {strip.strip, frame.statusBar, bars, engine.engine}};
     KeyboardAssembly keyboard{main, window, bar};
     TaskViewPresenter taskView{main.TaskView(), window};
     ScriptedWindow scripted{main, window};
-    const AcceptedCertificates& accepted = engine.engine.Profiles().Accepted(Privacy::Ordinary);
     ScriptBus scripts{scripted, engine.engine, history.store, accepted};
     GroupPrint print{scripts.Output(), engine.engine.Output(), window};
-    NetworkProbe probe{accepted};
-    Clocks clocks{main, engine.engine.Schedule(), *memory};
+    Clocks clocks{main, engine.engine.Schedule()};
 };
 
 RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
@@ -98,7 +98,6 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
     bars.Serve(main);
     tiles.Serve(main, engine.engine, strip.strip);
     tiles.Link(bars.findBar);
-    bar.LeadTo(strip.strip, frame.statusBar, bars);
     blocking.Serve(main, frame.statusBar, window);
     frame.FollowPages(engine.engine, desktop.OwnProfile());
     tools.ListsTabs.ConnectForLife([this] { strip.List(); });
@@ -111,7 +110,6 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
 }
 
 void RunningProgram::Parts::FollowGroups() {
-    main.Groups().Probe = &probe;
     main.Groups().Write.ConnectForLife([this](const GroupCommands::Writing& writing) {
         const auto written = [ended = writing.ended](const GroupOutput::Result& result) {
             ended(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
@@ -148,12 +146,15 @@ MainWindowPlatform RunningProgram::Parts::Outside() {
             .downloads = downloads.downloads,
             .forms = forms,
             .clock = desktop.clock,
+            .steady = desktop.steady,
+            .memory = *memory,
             .offer = bars.offer,
             .engineOptions = engine.options,
             .report = report,
             .tools = tools,
             .input = input,
             .visits = history.store,
+            .probe = probe,
             .programPath = FromQt(QCoreApplication::applicationFilePath()),
             .groupFolder = FromQt(desktop.folders.GroupFolder()),
             .favoritesFolder = FromQt(desktop.folders.favorites),
@@ -180,7 +181,7 @@ Startup::Program RunningProgram::Platform() {
 }
 
 void RunningProgram::FollowEnds() {
-    m->window.Unload.ConnectForLife([this] {
+    m->window.Unloads.ConnectForLife([this] {
         // Before the next start can no longer be handed over to this one.
         m->desktop.OwnProfile().Leave();
         m->engine.devTools.Close();
@@ -200,11 +201,8 @@ int RunningProgram::Run() {
         m->desktop.settings.TrySaving();
     });
     // Before this there is nothing to save: a start that is still asking the user something ends as it is.
-    m->desktop.FollowSignals().Quit.ConnectForLife([this] {
-        // Whoever ends the session waits for no answer.
-        m->window.QueryUnload = {};
-        m->window.Close();
-    });
+    // Whoever ends the session waits for no answer.
+    m->desktop.FollowSignals().Quit.ConnectForLife([this] { m->window.Unload(); });
     const int result = RunEventLoop();
     // Qt 6.4 ends the event loop when its display breaks off. The session is on disk; the next start offers it.
     if (!m_unloaded) std::_Exit(EXIT_FAILURE);

@@ -31,6 +31,10 @@ TabPane StripAssembly::PaneOf(const Tab& tab) const {
 
 Text StripAssembly::NewTabKeys() const { return ToolKeys::ShownWords(m_main.actBar, u"mnuNewBlank"_tool); }
 
+int StripAssembly::HitTest(Pixels x, Pixels y) {
+    return static_cast<int>(m_main.pcPage.PositionOf(strip.FindTabAt({x.value, y.value}))) - 1;
+}
+
 void StripAssembly::FollowClicks() {
     strip.CloseRequested.ConnectForLife([this](Tab& tab) { m_main.CloseBrowserTab(tab.Tag); });
     strip.ListRequested.ConnectForLife([this](QPoint corner) { ListTabs(corner); });
@@ -56,15 +60,12 @@ void StripAssembly::Choose(Tab& tab, Qt::KeyboardModifiers held) {
 
 void StripAssembly::FollowPointer() {
     auto& input = m_main.StripInput();
-    input.HitTest = [this](Pixels x, Pixels y) {
-        const auto* tab = strip.FindTabAt({x.value, y.value});
-        return static_cast<int>(m_main.pcPage.PositionOf(tab)) - 1;
-    };
-    strip.RightButtonDown.ConnectForLife(
-        [&input](QPoint point) { input.MouseDown(MouseButton::Right, ToTwips({point.x()}), ToTwips({point.y()})); });
+    strip.RightButtonDown.ConnectForLife([this, &input](QPoint point) {
+        input.MouseDown(MouseButton::Right, ToTwips({point.x()}), ToTwips({point.y()}), *this);
+    });
     strip.GroupMenuRequested.ConnectForLife([&input](const TabGroup& group) { input.OpenGroupPopup(group.Id()); });
     strip.DragOver.ConnectForLife(
-        [&input](bool hasText, QPointF point) { input.OLEDragOver(hasText, point.x(), point.y()); });
+        [this, &input](bool hasText, QPointF point) { input.OLEDragOver(hasText, point.x(), point.y(), *this); });
     strip.Drop.ConnectForLife([&input](const Text& text) { input.OLEDragDrop(text); });
 }
 

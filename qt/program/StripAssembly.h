@@ -1,6 +1,7 @@
 #pragma once
 #include "qt/strip/TabList.h"
 #include "qt/strip/TabStripView.h"
+#include "tabs/TabStripInput.h"
 
 #include <optional>
 #include <vector>
@@ -14,7 +15,7 @@ namespace tessa::qt {
 class Engine;
 
 /// The strip of tabs and the list of them, and what they do in the program.
-class StripAssembly final : private TabFaces {
+class StripAssembly final : private TabFaces, private TabStripInput::Places {
 public:
     /// Both outlive it.
     StripAssembly(frmMain& main, Engine& engine);
@@ -30,6 +31,7 @@ private:
     [[nodiscard]] bool IsChanged(const TabGroup& group) const override;
     [[nodiscard]] TabPane PaneOf(const Tab& tab) const override;
     [[nodiscard]] Text NewTabKeys() const override;
+    [[nodiscard]] int HitTest(Pixels x, Pixels y) override;
     void FollowClicks();
     void FollowPointer();
     void Choose(Tab& tab, Qt::KeyboardModifiers held);

@@ -32,7 +32,9 @@ void WindowAssembly::FollowWindow(TabStripView& strip) {
     m_connections +=
         m_window.FullScreenChanged.Connect([this](bool on) { BarGestures::FullScreenChanged(m_main.actBar, on); });
     m_window.Heed(*this);
-    m_window.QueryUnload = [this] { return m_main.Form_QueryUnload(); };
+    m_connections += m_window.QueryUnload.Connect([this] {
+        if (m_main.Form_QueryUnload()) m_window.Unload();
+    });
 }
 
 bool WindowAssembly::PageFills() const { return m_engine && m_engine->FullScreen().On(); }

@@ -24,9 +24,10 @@ Qt::DockWidgetArea SideOf(bool right) { return right ? Qt::RightDockWidgetArea :
 } // namespace
 
 TabPanel::TabPanel(frmTabPanel& form, const TabIcons& icons, QMainWindow& window)
-    : m_form(form), m_icons(icons), m_window(window), m_panel(window, QStringLiteral("tabs")) {
+    : m_form(form), m_icons(icons), m_window(window), m_panel(window, QStringLiteral("tabs"), [&window] {
+          return std::min(kUsualPanelWidth, window.width() / kShareOfWindow);
+      }) {
     m_panel.OnSidesAlone();
-    m_panel.UsualWidth = [this] { return std::min(kUsualPanelWidth, m_window.width() / kShareOfWindow); };
     m_clock.LayoutDue.ConnectForLife([this] { Refresh(); });
     m_clock.FacesDue.ConnectForLife([this] { Refresh(); });
     m_connections += m_panel.Dismissed.Connect([this] { m_form.Form.Visible = false; });

@@ -266,13 +266,15 @@ void MainWindowFrame::Activate() {
 }
 
 void MainWindowFrame::closeEvent(QCloseEvent* event) {
-    // Held, because who ends the session takes the question away while it is asked.
-    const auto query = QueryUnload;
-    const bool mayClose = m_unloaded || !query || query();
-    event->setAccepted(mayClose || m_unloaded);
-    if (m_unloaded || !mayClose) return;
-    m_unloaded = true;
-    Unload();
+    if (!m_unloaded) QueryUnload();
+    // While it is asked, whoever ends the session may unload it too.
+    event->setAccepted(m_unloaded);
+}
+
+void MainWindowFrame::Unload() {
+    if (std::exchange(m_unloaded, true)) return;
+    Unloads();
+    close();
 }
 
 } // namespace tessa::qt

@@ -5,7 +5,6 @@
 
 #include <QMainWindow>
 #include <QPointer>
-#include <functional>
 #include <optional>
 
 namespace tessa::qt {
@@ -62,10 +61,12 @@ public:
     Signal<void()> Activated;
     /// Full screen begins or ends.
     Signal<void(bool on)> FullScreenChanged;
-    /// Whether the window may close; without it, it may.
-    std::function<bool()> QueryUnload;
-    /// The window closes. Runs once.
-    Signal<void()> Unload;
+    /// Somebody wants the window closed. It stays, unless a listener calls `Unload`, now or later.
+    Signal<void()> QueryUnload;
+    /// Closes the window without a question. Does nothing the second time.
+    void Unload();
+    /// The window closes. Comes once.
+    Signal<void()> Unloads;
 
 protected:
     bool event(QEvent* event) override;

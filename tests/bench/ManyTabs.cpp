@@ -37,7 +37,6 @@ double MicrosecondsSince(Clock::time_point start) {
 class Shell : FakeSurroundings {
 public:
     Shell() {
-        main.Sleep().Now = [] { return std::chrono::duration_cast<TabSleep::Time>(Clock::now().time_since_epoch()); };
         main.Sessions().Schedule.ConnectForLife([] {});
         strip.resize(1000, 24);
         main.Form_Load(u"about:blank");

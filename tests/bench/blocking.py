@@ -13,14 +13,14 @@ Run it on a display of its own, best with the lists that people use:
     tests/e2e/on-display.sh tests/bench/blocking.py build/tessaview [ROUNDS [LIST...]]
 """
 
-import http.server
 import os
 import statistics
-import subprocess
 import sys
 import tempfile
-import threading
 import time
+
+from measure.processes import processes_of, seconds_used
+from measure.serving import MadePages, started, wait_for, write_group
 
 PAGES, LOADS, UNITS = 100, 6, 25
 SCRIPTS, PICTURES, STORIES = 10, 20, 40
@@ -117,63 +117,25 @@ def reading():
     )
 
 
-def processes_of(root):
-    """All that the process has started, and they in turn."""
-    parents = {}
-    for each in filter(str.isdigit, os.listdir("/proc")):
-        try:
-            with open(f"/proc/{each}/stat", encoding="utf-8", errors="replace") as file:
-                parents.setdefault(int(file.read().rpartition(")")[2].split()[1]), []).append(int(each))
-        except OSError:
-            continue
-    found, left = [], [root]
-    while left:
-        children = parents.get(left.pop(), [])
-        found += children
-        left += children
-    return found
-
-
 def processor_time(processes):
     """Milliseconds of the processor that these have had."""
-    nanoseconds = 0
-    for each in processes:
-        try:
-            for thread in os.listdir(f"/proc/{each}/task"):
-                with open(f"/proc/{each}/task/{thread}/schedstat", encoding="utf-8") as file:
-                    nanoseconds += int(file.read().split()[0])
-        except OSError:
-            continue
-    return nanoseconds / 1e6
+    return sum(map(seconds_used, processes)) * 1000
 
 
-class Server:
+class Server(MadePages):
     """The pages, and what they tell: when they have loaded, and how long their work took."""
 
     def __init__(self):
         self.loaded, self.worked, self.stopped = [], [], 0
         self.program = None
         self.reading = reading()
-        server = self
-
-        class Handler(http.server.BaseHTTPRequestHandler):
-            protocol_version = "HTTP/1.1"
-
-            def do_GET(self):
-                self.wfile.write(server.answer(self.path))
-
-            def log_message(self, *words):
-                pass
-
-        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        # A program that ends leaves connections open.
-        self.server.handle_error = lambda *_: None
-        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+        super().__init__(protocol="HTTP/1.1")
 
     def answer(self, path):
         body, kind = b"", "text/html"
         if path.startswith("/done"):
-            self.worked.append(processor_time(processes_of(self.program)))
+            # Without the program itself, which comes first.
+            self.worked.append(processor_time(processes_of(self.program)[1:]))
         elif path.startswith("/work"):
             body = WORK.encode()
         elif path.startswith("/reading"):
@@ -189,8 +151,7 @@ class Server:
         else:
             self.stopped += path.startswith("/banner/")
             body, kind = PART, "text/javascript"
-        head = f"HTTP/1.1 200 OK\r\nContent-Type: {kind}\r\nContent-Length: {len(body)}\r\nCache-Control: no-store\r\n\r\n"
-        return head.encode() + body
+        return kind, body
 
     def page(self, number):
         parts = [f"/banner/ad-{number}-{n}.js" for n in range(STOPPED)] + [f"/part-{number}-{n}.js" for n in range(FREE)]
@@ -200,9 +161,6 @@ class Server:
             f"<!doctype html><title>{number}</title>{words}{scripts}"
             "<script>addEventListener('load', () => setTimeout(() => fetch('/loaded'), 0))</script>"
         )
-
-    def address(self, path):
-        return f"http://127.0.0.1:{self.server.server_port}{path}"
 
 
 class Home:
@@ -219,19 +177,11 @@ class Home:
 
     def run(self, program, argument, server, done):
         """Seconds until it is done, and the seconds of the processor of all processes."""
-        environment = {**os.environ, "TESSAVIEW_HOME": self.folder}
         start = time.monotonic()
-        process = subprocess.Popen([program, argument], env=environment, stderr=subprocess.DEVNULL)
-        server.program = process.pid
-        try:
-            while not done():
-                if time.monotonic() - start > 180:
-                    raise SystemExit("the pages do not load")
-                time.sleep(0.01)
-            return time.monotonic() - start, processor_time([process.pid, *processes_of(process.pid)]) / 1000
-        finally:
-            process.terminate()
-            process.wait()
+        with started(program, argument, self.folder) as process:
+            server.program = process.pid
+            wait_for(done, 180, lambda: "the pages do not load")
+            return time.monotonic() - start, processor_time(processes_of(process.pid)) / 1000
 
 
 def load(path):
@@ -249,8 +199,7 @@ def load(path):
 def open_all(program, home, server):
     """Seconds from the start until all pages have loaded, and those of the processor."""
     group = os.path.join(home.folder, "pages.tvg")
-    with open(group, "w", encoding="utf-8") as file:
-        file.write("[TessaGroup]\n" + "".join(f"url{n}={server.address(f'/page{n}')}\n" for n in range(PAGES)))
+    write_group(group, [server.address(f"/page{n}") for n in range(PAGES)])
     server.loaded.clear()
     return home.run(program, group, server, lambda: len(server.loaded) >= PAGES)
 

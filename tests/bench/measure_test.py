@@ -5,11 +5,13 @@ import contextlib
 import io
 import os
 import re
+import signal
 import subprocess
 import sys
 import time
 import types
 import unittest
+import urllib.request
 from unittest import mock
 
 import run
@@ -17,6 +19,7 @@ from measure import comparing, processes, running
 from measure.processes import NotMeasured, Processes, kind_of
 from measure.programs import Bare, TessaView
 from measure.servers import MOST_HOSTS, PageServer
+from measure.serving import MadePages, paragraphs, started, wait_for, write_group
 from measure.table import Section, as_markdown, as_text, medians
 from measure.targets import TARGETS, Case, targets_of
 from standins import Folder
@@ -82,6 +85,56 @@ class Counting(unittest.TestCase):
                 mock.patch("builtins.open", side_effect=PermissionError):
             with self.assertRaisesRegex(NotMeasured, "for root alone"):
                 Processes().memory_megabytes()
+
+
+class ToldPages(MadePages):
+    def __init__(self):
+        self.told = []
+        super().__init__(hosts=2)
+
+    def answer(self, path):
+        return "text/plain", f"at {path}".encode()
+
+    def posted(self, path, body):
+        self.told.append((path, body))
+
+
+class Serving(Folder):
+    def test_made_pages_come_from_each_host_and_hear_what_is_told(self):
+        pages = ToldPages()
+        for host in (1, 2):
+            with urllib.request.urlopen(pages.address("/a", host), timeout=10) as answer:
+                self.assertEqual((answer.read(), answer.headers["Content-Type"]), (b"at /a", "text/plain"))
+        urllib.request.urlopen(pages.address("/b"), data=b"drawn", timeout=10).close()
+        self.assertEqual(pages.told, [("/b", b"drawn")])
+
+    def test_paragraphs_are_the_same_for_the_same_page(self):
+        self.assertEqual(paragraphs("/a", 3), paragraphs("/a", 3))
+        self.assertNotEqual(paragraphs("/a", 3), paragraphs("/b", 3))
+        self.assertEqual(paragraphs("/a", 3).count("<p>"), 3)
+
+    def test_a_group_says_how_it_opens_only_when_told(self):
+        path = os.path.join(self.folder, "a.tvg")
+        write_group(path, ["http://a/", "http://b/"])
+        with open(path, encoding="utf-8") as file:
+            self.assertEqual(file.read(), "[TessaGroup]\nurl1=http://a/\nurl2=http://b/\n")
+        write_group(path, ["http://a/"], "panes=none")
+        with open(path, encoding="utf-8") as file:
+            self.assertEqual(file.read(), "[TessaGroup]\nurl1=http://a/\n[TessaView]\npanes=none\n")
+
+    def test_what_never_comes_ends_the_benchmark_in_words(self):
+        with self.assertRaisesRegex(SystemExit, "nothing came"):
+            wait_for(lambda: False, 0, lambda: "nothing came")
+
+    def test_a_program_is_ended_with_its_block_and_its_children_are_found(self):
+        script = self.program("parent", "sleep 600 &\nwait\n")
+        with started(script, "argument", self.folder) as process:
+            wait_for(lambda: len(processes.processes_of(process.pid)) == 2, 30, lambda: "no child came")
+            child = processes.processes_of(process.pid)[1]
+            self.assertGreater(processes.seconds_used(process.pid), 0)
+        self.assertIsNotNone(process.returncode)
+        os.kill(child, signal.SIGKILL)
+        self.assertEqual(processes.seconds_used(process.pid), 0, "it has gone")
 
 
 class FakeServer:

@@ -12,10 +12,7 @@ all its processes has used meanwhile, and the program's own process alone, which
     tests/e2e/on-display.sh /usr/bin/python3 tests/bench/open_pages.py build/tessaview [ROUNDS [PAGES]]
 """
 
-import contextlib
-import http.server
 import os
-import random
 import statistics
 import sys
 import threading
@@ -25,39 +22,22 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), os.p
 
 import desk  # noqa: E402
 
-KNOWN, WORDS = "lantern", [f"word{number}" for number in range(3000)]
+from measure.processes import processes_of, seconds_used  # noqa: E402
+from measure.serving import MadePages, paragraphs, write_group  # noqa: E402
+
+KNOWN = "lantern"
 PATIENCE = 120
-
-
 HOSTS = 50
 
 
-class Pages:
+class Pages(MadePages):
     """Pages of 1,000 words on many hosts. Each waits for the next word that it is to add; the server answers when there is
     one, so that nothing goes on while a search is measured."""
 
     def __init__(self):
         self.number, self.word, self.told = 0, "", set()
         self.changed = threading.Condition()
-        pages = self
-
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                body = pages.answer(self.path)
-                self.send_response(200)
-                self.send_header("Content-Type", "text/html")
-                self.send_header("Content-Length", str(len(body)))
-                self.end_headers()
-                self.wfile.write(body)
-
-            def log_message(self, *words):
-                pass
-
-        self.port = 0
-        for host in range(1, HOSTS + 1):
-            server = http.server.ThreadingHTTPServer((f"127.0.0.{host}", self.port), Handler)
-            self.port = server.server_port
-            threading.Thread(target=server.serve_forever, daemon=True).start()
+        super().__init__(HOSTS)
 
     def answer(self, path):
         if path.startswith("/word"):
@@ -68,11 +48,9 @@ class Pages:
                     self.told.add(page)
                     self.changed.notify_all()
                 self.changed.wait_for(lambda: self.number > int(known))
-                return f"{self.number} {self.word}".encode()
-        chance = random.Random(path)
-        blocks = "".join(f"<p>{' '.join(chance.choices(WORDS, k=50))}</p>" for _ in range(20))
-        return (
-            f"<!doctype html><title>{path[1:]}</title><p>{KNOWN}</p>{blocks}<p id=live></p><script>"
+                return "text/html", f"{self.number} {self.word}".encode()
+        return "text/html", (
+            f"<!doctype html><title>{path[1:]}</title><p>{KNOWN}</p>{paragraphs(path, 20)}<p id=live></p><script>"
             "(async () => { for (let known = 0; ; ) {"
             f"const answer = (await (await fetch('/word?{path[1:]}?' + known)).text()).split(' ');"
             "known = answer[0]; live.textContent = answer[1]; } })()</script>"
@@ -88,8 +66,8 @@ class Pages:
             if not self.changed.wait_for(lambda: len(self.told) >= count, PATIENCE):
                 raise SystemExit(f"only {len(self.told)} pages say {word}")
 
-    def address(self, number):
-        return f"http://127.0.0.{number % HOSTS + 1}:{self.port}/page{number}"
+    def page(self, number):
+        return self.address(f"/page{number}", number % HOSTS + 1)
 
 
 class Panel:
@@ -146,7 +124,7 @@ class Panel:
 
     def used(self):
         """Milliseconds of the processor so far: of all processes, and of the program's own."""
-        times = [used_by(process) for process in desk.with_children(self.program.process.pid)]
+        times = [seconds_used(process) * 1000 for process in processes_of(self.program.process.pid)]
         return sum(times), times[0]
 
 
@@ -165,16 +143,6 @@ def path_to(node, wanted, path=()):
     return None
 
 
-def used_by(process):
-    """Milliseconds of the processor that a process has used, with all its threads."""
-    total = 0
-    with contextlib.suppress(OSError):  # it has ended
-        for thread in os.listdir(f"/proc/{process}/task"):
-            with open(f"/proc/{process}/task/{thread}/schedstat", encoding="ascii") as schedule:
-                total += int(schedule.read().split()[0])
-    return total / 1e6
-
-
 def look_alone(panel):
     """Milliseconds that a key on its way and one look at the label take where nothing is searched for."""
     start = time.monotonic()
@@ -188,7 +156,7 @@ def main():
     count = int(ARGUMENTS[1]) if len(ARGUMENTS) > 1 else 100
     pages, home = Pages(), desk.state_folder()
     group = os.path.join(home, "pages.tvg")
-    desk.write_group(group, [pages.address(number) for number in range(count)])
+    write_group(group, [pages.page(number) for number in range(count)])
     with desk.Program(PROGRAM, group, home=home) as program:
         desk.wait_until(
             lambda: sum("page" in each for each in program.strip()) == count, PATIENCE, lambda: str(program.strip()))

@@ -8,17 +8,16 @@ drawn, and the ratios of the medians. Run it on a display of its own, from a bui
 A machine that does other things as well lets pages draw fewer pictures: then the time for a picture is what counts.
 """
 
-import http.server
 import json
 import os
 import statistics
 import subprocess
 import sys
 import tempfile
-import threading
 import time
 
 from measure.processes import Processes, adopt_orphans
+from measure.serving import MadePages, write_group
 
 LAYOUTS = {1: "", 2: "h(1 2)", 4: "v(h(1 2) h(3 4))", 6: "v(h(1 2 3) h(4 5 6))"}
 PATIENCE_SECONDS = 120
@@ -41,37 +40,22 @@ setInterval(() => fetch('/said', {method: 'POST', body: JSON.stringify(
 </script>"""
 
 
-class Pages:
+class Pages(MadePages):
     """Animated pages, each of which says how many pictures it has drawn, and how large it is."""
 
     def __init__(self):
         self.said = {}
-        pages = self
+        super().__init__()
 
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                self.answer(PAGE.encode())
+    def answer(self, path):
+        return "text/html", PAGE.encode()
 
-            def do_POST(self):
-                said = json.loads(self.rfile.read(int(self.headers["Content-Length"])))
-                pages.said[said["page"]] = said
-                self.answer(b"")
-
-            def answer(self, body):
-                self.send_response(200)
-                self.send_header("Content-Type", "text/html")
-                self.send_header("Content-Length", str(len(body)))
-                self.end_headers()
-                self.wfile.write(body)
-
-            def log_message(self, *words):
-                pass
-
-        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+    def posted(self, path, body):
+        said = json.loads(body)
+        self.said[said["page"]] = said
 
     def addresses(self, count):
-        return [f"http://127.0.0.1:{self.server.server_port}/{number}" for number in range(count)]
+        return [self.address(f"/{number}") for number in range(count)]
 
     def drawn(self):
         return sum(said["drawn"] for said in self.said.values())
@@ -103,9 +87,7 @@ def run(command, pages, count, seconds, environment):
 def tessaview(build, pages, count, seconds):
     with tempfile.TemporaryDirectory() as home:
         group = os.path.join(home, "pages.tvg")
-        lines = "".join(f"url{number}={address}\n" for number, address in enumerate(pages.addresses(count), 1))
-        with open(group, "w", encoding="utf-8") as file:
-            file.write(f"[TessaGroup]\n{lines}[TessaView]\npanes={LAYOUTS[count] or 'none'}\n")
+        write_group(group, pages.addresses(count), f"panes={LAYOUTS[count] or 'none'}")
         environment = {"TESSAVIEW_HOME": home, "TESSAVIEW_DRAWING": "software"}
         return run([os.path.join(build, "tessaview"), group], pages, count, seconds, environment)
 

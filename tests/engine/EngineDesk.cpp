@@ -3,6 +3,7 @@
 #include "qt/base/AnswerGuard.h"
 #include "qt/base/Strings.h"
 #include "qt/engine/PageView.h"
+#include "settings/HistorySettings.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -168,11 +169,13 @@ std::unique_ptr<BrowserView> SeenViews::Create(std::int16_t Index, BrowserViewEv
     return view;
 }
 
-EngineDesk::EngineDesk() {
+EngineDesk::EngineDesk(const OwnParts& own) {
     window.resize(1000, 700);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-    main = std::make_unique<frmMain>(Platform(views));
+    // Scripts that read pages would run in all of them.
+    ResumeNext(HistorySettings(settings).Nothing.Set(true));
+    main = std::make_unique<frmMain>(Platform(views, own));
     main->Form_Load(u"about:blank");
     main->Form_Activate();
     engine.Start();

@@ -107,6 +107,7 @@ class SeenViews final : public BrowserViewFactory {
 public:
     explicit SeenViews(Engine& engine) : m_engine(engine) {}
     std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) override;
+    [[nodiscard]] bool PagesWait() const override { return m_engine.PagesWait(); }
     /// Of a view that lives.
     [[nodiscard]] PageView& At(std::int32_t index) const { return *m_made.at(index); }
 
@@ -118,7 +119,7 @@ private:
 /// A user at the program on the real engine; the rest of the world is faked.
 class EngineDesk : public FakeSurroundings {
 public:
-    EngineDesk();
+    explicit EngineDesk(const OwnParts& own = {});
     ~EngineDesk();
 
     [[nodiscard]] PageView& View(std::int32_t index) const { return views.At(index); }

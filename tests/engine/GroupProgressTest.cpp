@@ -43,7 +43,7 @@ TEST_F(GroupProgress, APageThatIsStoppedBeforeItBeganIsNotWaitedFor) {
 }
 
 TEST_F(GroupProgress, TheFirstTabIsNotWaitedForOnceItIsClosed) {
-    desk.main->TGCloseOthersFirst = true;
+    desk.main->Groups().TGCloseOthersFirst = true;
     for (const char* path : {"/a", "/b", "/c", "/d"}) server.Page(QString::fromLatin1(path), "<title>page</title>");
     server.Stall(QStringLiteral("/never"));
     std::string lines = "[TessaGroup]\nurl0=" + server.Address(QStringLiteral("/never")).toStdString() + "\n";

@@ -26,13 +26,11 @@ protected:
                                           "xmlns='http://www.w3.org/2000/svg' width='16' height='16'><rect width='16' "
                                           "height='16' fill='red'/></svg>\">");
         }
-        desk.main->Sleep().Now = [this] { return Now(); };
+        desk.steady.runs = [this] { return Now(); };
         auto& relief = desk.main->Relief();
         timer.setSingleShot(true);
         timer.callOnTimeout([&relief] { relief.Look(); });
-        relief.Memory = &files;
         relief.Schedule.ConnectForLife([this](TabSleep::Time time) { timer.start(time); });
-        relief.OthersWait = [this] { return desk.engine.Schedule().PagesWait(); };
         relief.Changed.ConnectForLife([this](Shortage level) { desk.engine.Schedule().SetShortage(level); });
     }
     void SayFree(int megabytes) {
@@ -78,7 +76,7 @@ protected:
     TemporaryFolder folder;
     MemoryFiles files{folder.Path("")};
     LocalServer server;
-    EngineDesk desk;
+    EngineDesk desk{{.memory = &files}};
     QTimer timer;
 };
 
@@ -113,7 +111,7 @@ TEST_F(PagesInLittleMemory, StayAwakeWhileThereIsRoomAndSleepWhenThereIsNone) {
 
 TEST_F(PagesInLittleMemory, LoadAllOfThemWhenItIsVeryShortAndNothingCanSleep) {
     SayFree(10);
-    desk.main->Sleep().Now = [] { return TabSleep::Time{0}; };
+    desk.steady.runs = [] { return TabSleep::Time{0}; };
     OpenAll();
     EXPECT_TRUE(WaitUntil([&] { return AllLoaded(); }));
     EXPECT_EQ(desk.main->Relief().Level(), Shortage::Severe);

@@ -4,6 +4,7 @@
 #include "qt/engine/PageView.h"
 #include "qt/page/PreviewBar.h"
 #include "qt/page/StartPageScheme.h"
+#include "settings/frmSettings.h"
 #include "tests/engine/EngineDesk.h"
 
 #include <QImage>
@@ -42,7 +43,11 @@ protected:
 };
 
 TEST_F(PrintPreview, ShowsThePaperInATabInFront) {
-    desk.main->OpenNewInFront = false;
+    desk.inSettings = [](frmSettings& form) {
+        form.chkOpenNew.Tick(false);
+        form.cmdOK.Click();
+    };
+    desk.main->actBar.UserClick(*desk.main->actBar.Find(u"mnuSettings"));
     Preview();
     ASSERT_TRUE(Opened(3));
     EXPECT_EQ(desk.main->Tabs().CurrentView(), desk.main->Tabs().OpenView(3));

@@ -27,7 +27,7 @@ protected:
     SleepingTabs() {
         server.Page(QStringLiteral("/one"), "<title>one</title>1");
         server.Page(QStringLiteral("/two"), "<title>two</title>2");
-        desk.main->Sleep().Now = [this] { return now; };
+        now = 100h;
         desk.main->Sleep().SetPatience(10min);
         desk.Open({QStringLiteral("about:blank")});
     }
@@ -94,7 +94,7 @@ protected:
 
     LocalServer server;
     EngineDesk desk;
-    TabSleep::Time now{100h};
+    TabSleep::Time& now = desk.steady.now;
 };
 
 TEST_F(SleepingTabs, SleepAfterTheTimeAndWakeWithTheirHistory) {

@@ -207,8 +207,8 @@ TEST_F(TiledPages, ClosingThePaneInFocusShowsTheNextOneThere) {
 }
 
 TEST_F(TiledPages, ShownPagesStayAwakeAndSleepersWakeInTheirPanes) {
-    TabSleep::Time now{std::chrono::hours(100)};
-    desk.main->Sleep().Now = [&now] { return now; };
+    TabSleep::Time& now = desk.steady.now;
+    now = std::chrono::hours(100);
     desk.main->Sleep().SetPatience(std::chrono::minutes(10));
     Open(3, "page");
     Show(u"h(2 3)");

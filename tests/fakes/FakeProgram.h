@@ -1,4 +1,6 @@
 #pragma once
+#include "groups/GroupCheck.h"
+#include "platform/SteadyClock.h"
 #include "platform/UserInput.h"
 #include "platform/WallClock.h"
 #include "platform/WindowTools.h"
@@ -20,6 +22,21 @@ public:
     [[nodiscard]] std::int64_t DayBegin(std::int64_t seconds) const override { return seconds - seconds % 86'400; }
     std::int64_t now = 0;
     Text words; ///< of every time; else its seconds
+};
+
+/// A steady clock that the test turns.
+class FakeSteadyClock final : public SteadyClock {
+public:
+    [[nodiscard]] Time Now() const override { return runs ? runs() : now; }
+    Time now{0};
+    std::function<Time()> runs; ///< what it says by itself
+};
+
+/// Asks no server; nobody hears an answer.
+class FakeProbe final : public AddressProbe {
+public:
+    void Ask(const Text&, std::function<void(const ProbeAnswer&)>) override {}
+    void StopAll() override {}
 };
 
 class FakeOffer final : public SessionOffer {

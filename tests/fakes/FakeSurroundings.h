@@ -2,6 +2,7 @@
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeDownloads.h"
 #include "tests/fakes/FakeForms.h"
+#include "tests/fakes/FakeMemory.h"
 #include "tests/fakes/FakeProgram.h"
 #include "tests/fakes/FakeSettings.h"
 #include "tests/fakes/FakeVisits.h"
@@ -15,6 +16,8 @@ struct OwnParts {
     SettingsStorageFactory* settings = nullptr;
     SessionFiles* sessions = nullptr;
     LayoutFile* layout = nullptr;
+    MemoryReader* memory = nullptr;
+    AddressProbe* probe = nullptr;
 };
 
 /// What a main window needs of the world outside, for a test or a benchmark. Shows no dialog.
@@ -39,12 +42,15 @@ struct FakeSurroundings : FakeForms {
                 .downloads = downloads,
                 .forms = *this,
                 .clock = clock,
+                .steady = steady,
+                .memory = own.memory ? *own.memory : memory,
                 .offer = offer,
                 .engineOptions = engineOptions,
                 .report = report,
                 .tools = tools,
                 .input = input,
                 .visits = visits,
+                .probe = own.probe ? *own.probe : probe,
                 .programPath = {},
                 .groupFolder = {}};
     }
@@ -64,12 +70,15 @@ struct FakeSurroundings : FakeForms {
     FakeTrash trash;
     FakeDownloads downloads;
     FakeClock clock;
+    FakeSteadyClock steady;
+    FakeMemory memory;
     FakeOffer offer;
     FakeEngineOptions engineOptions{log};
     FakeReport report;
     FakeTools tools;
     FakeInput input;
     FakeVisits visits;
+    FakeProbe probe;
 };
 
 } // namespace tessa

@@ -35,6 +35,10 @@ public:
     [[nodiscard]] PageActivity Activity() const override { return activity; }
     [[nodiscard]] bool Asleep() const override { return asleep; }
     Outcome Sleep() override;
+    [[nodiscard]] std::string Picture() const override {
+        ++pictured;
+        return picture;
+    }
     [[nodiscard]] std::int64_t Process() const override { return asleep ? 0 : process; }
     [[nodiscard]] bool Ended() const override { return ended; }
     Outcome EndProcess() override;
@@ -91,6 +95,8 @@ public:
     std::size_t firstPassage = 0;
     std::vector<Text> messages{}; ///< what a page of our own was told
     PageActivity activity;
+    std::string picture;
+    mutable int pictured = 0; ///< how often it was asked for that
     bool asleep = false;
     bool ended = false;
     std::int64_t process = 0;
@@ -116,6 +122,7 @@ private:
 class FakeViews final : public BrowserViewFactory {
 public:
     std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) override;
+    [[nodiscard]] bool PagesWait() const override { return waiting; }
 
     /// The living view of that index; fails the test when there is none.
     FakeView& At(int index);
@@ -130,6 +137,7 @@ public:
     int front = 0;                        ///< the view last brought to the front
     int focused = 0;                      ///< the view that last got the keyboard
     bool refuses = false;                 ///< no view is made any more
+    bool waiting = false;                 ///< pages wait for their turn to load
     std::size_t asked = 0;                ///< how often any of them was asked what its page is, and how it lives
 };
 

@@ -115,9 +115,8 @@ TEST_F(GroupCheckForm, UndoLeavesAFileThatSomebodyElseHasChanged) {
 
 TEST_F(GroupCheckForm, CommandsShowItAndTheArchiveOpensBehind) {
     Group("a.tvg", {"gone"});
-    Desk desk{{.groupFolder = folder.PathText("")}};
+    Desk desk{{.groupFolder = folder.PathText(""), .probe = &probe}};
     desk.StartWithTabs(1);
-    desk.main.Groups().Probe = &probe;
     int shown = 0;
     desk.inGroupCheck = [&](frmGroupCheck& form) {
         ++shown;
@@ -133,10 +132,9 @@ TEST_F(GroupCheckForm, CommandsShowItAndTheArchiveOpensBehind) {
 
 TEST_F(GroupCheckForm, TheArchiveIsTheOneThatTheUserHasChosen) {
     Group("a.tvg", {"gone"});
-    Desk desk{{.groupFolder = folder.PathText("")}};
+    Desk desk{{.groupFolder = folder.PathText(""), .probe = &probe}};
     EXPECT_EQ(InternetSettings(desk.settings).Archive.Set(u"https://old.example/?of=%s"), Outcome::Done);
     desk.StartWithTabs(1);
-    desk.main.Groups().Probe = &probe;
     desk.inGroupCheck = [&](frmGroupCheck& form) {
         form.lstLines.ListIndex = 0;
         form.cmdArchive.Click();
@@ -212,9 +210,8 @@ TEST_F(GroupCheckForm, HowFarItIsIsCountedInTheStatusBar) {
 }
 
 TEST_F(GroupCheckForm, WithoutGroupsNothingIsShown) {
-    Desk desk{{.groupFolder = folder.PathText("")}};
+    Desk desk{{.groupFolder = folder.PathText(""), .probe = &probe}};
     desk.StartWithTabs(1);
-    desk.main.Groups().Probe = &probe;
     desk.Click(u"xtrGroupCheckAll");
     EXPECT_EQ(desk.Said(), "There are no TessaGroups to check.");
 }

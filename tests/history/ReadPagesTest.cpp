@@ -48,7 +48,7 @@ TEST(ReadPages, WhileOthersLoadAPageWaits) {
     // One that never ends holds up nothing for ever.
     desk.Load(1, u"http://b/", u"pWords");
     desk.views.At(2).busy = true;
-    desk.now += ReadPages::kPatience;
+    desk.steady.now += ReadPages::kPatience;
     desk.main.Reads().Look();
     EXPECT_EQ(desk.visits.Addresses(), u"http://b/ http://a/");
 }
@@ -56,9 +56,9 @@ TEST(ReadPages, WhileOthersLoadAPageWaits) {
 TEST(ReadPages, APageThatIsLeftBeforeItRestsIsRememberedToo) {
     ReadingDesk desk;
     desk.Load(1, u"http://a/", u"pWords");
-    desk.now += ReadPages::kRest / 2;
+    desk.steady.now += ReadPages::kRest / 2;
     desk.Load(1, u"http://b/", u"pWords");
-    desk.now += ReadPages::kRest / 2;
+    desk.steady.now += ReadPages::kRest / 2;
     desk.main.Reads().Look();
     EXPECT_EQ(desk.visits.Addresses(), u"http://a/");
     desk.Rest();
@@ -165,17 +165,13 @@ TEST(ReadPages, APageThatIsReadForASearchWasNotVisitedByThat) {
 
 TEST(ReadPages, TheIconOfAVisitIsMadeOnce) {
     ReadingDesk desk;
-    std::string icon;
-    int made = 0;
-    desk.main.Reads().Icon = [&](std::int32_t) {
-        ++made;
-        return icon;
-    };
+    auto& view = desk.views.At(1);
     desk.Read(1, u"http://a/", u"pOne");
-    icon = "picture";
+    view.picture = "picture";
     desk.Read(1, u"http://b/", u"pOne");
     desk.PageBegins(1, u"http://c/");
-    EXPECT_EQ(made, 3) << "the first page had none when it was read, and was asked for it again when it was left";
+    EXPECT_EQ(view.pictured, 3)
+        << "the first page had none when it was read, and was asked for it again when it was left";
     EXPECT_EQ(desk.visits.kept.back().Icon, "");
     EXPECT_EQ(desk.visits.kept.at(desk.visits.kept.size() - 2).Icon, "picture");
 }

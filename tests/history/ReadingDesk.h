@@ -8,7 +8,7 @@ class ReadingDesk : public Desk {
 public:
     explicit ReadingDesk(int tabs = 1) {
         clock.now = 1'795'000'000;
-        main.Reads().Now = [this] { return now; };
+        steady.now = ReadPages::Time{1'000'000};
         StartWithTabs(tabs);
     }
 
@@ -30,7 +30,7 @@ public:
         views.At(index).text = lines;
     }
     void Rest() {
-        now += ReadPages::kRest;
+        steady.now += ReadPages::kRest;
         main.Reads().Look();
     }
     /// What is said of the news of each tab: "1:? 2:new 3:same".
@@ -55,8 +55,6 @@ public:
         }
         return all;
     }
-
-    ReadPages::Time now{1'000'000};
 };
 
 } // namespace tessa

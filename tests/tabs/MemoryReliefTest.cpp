@@ -1,7 +1,6 @@
 #include "tabs/MemoryRelief.h"
 
 #include "tests/Desk.h"
-#include "tests/fakes/FakeMemory.h"
 
 namespace tessa {
 
@@ -14,10 +13,8 @@ namespace {
 class TabsInLittleMemory : public testing::Test {
 protected:
     TabsInLittleMemory() {
-        desk.main.Sleep().Now = [this] { return now; };
-        relief.Memory = &memory;
+        now = 100h;
         relief.Schedule.ConnectForLife([this](MemoryRelief::Time time) { next = now + time; });
-        relief.OthersWait = [this] { return waiting; };
         relief.Changed.ConnectForLife([this](Shortage level) { told.push_back(level); });
     }
     /// So many tabs, of which each was in front a minute before the next, the first at last and now; all have loaded.
@@ -56,12 +53,12 @@ protected:
         return all;
     }
 
-    MemoryRelief::Time now{100h};
     std::optional<MemoryRelief::Time> next;
-    FakeMemory memory;
-    bool waiting = false;
     std::vector<Shortage> told;
     Desk desk;
+    MemoryRelief::Time& now = desk.steady.now;
+    FakeMemory& memory = desk.memory;
+    bool& waiting = desk.views.waiting;
     MemoryRelief& relief = desk.main.Relief();
 };
 

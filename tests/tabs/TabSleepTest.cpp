@@ -1,4 +1,4 @@
-// Tests: PageLife
+// Tests: PageLife, SteadyClock
 #include "tabs/TabSleep.h"
 
 #include "settings/frmInternetOptions.h"
@@ -14,7 +14,7 @@ namespace {
 class TabsThatSleep : public testing::Test {
 protected:
     TabsThatSleep() {
-        sleep.Now = [this] { return now; };
+        now = 100h;
         sleep.Schedule.ConnectForLife([this](TabSleep::Time time) { next = now + time; });
         desk.StartWithTabs(4);
         sleep.SetPatience(10min);
@@ -36,9 +36,9 @@ protected:
         return all;
     }
 
-    TabSleep::Time now{100h};
     std::optional<TabSleep::Time> next;
     Desk desk;
+    TabSleep::Time& now = desk.steady.now;
     TabSleep& sleep = desk.main.Sleep();
 };
 
@@ -191,10 +191,8 @@ TEST_F(TabsThatSleep, TheSettingAppliesAtOnceAndAtTheNextStart) {
     EXPECT_EQ(Asleep(), "2 3 4");
 
     Desk next(&desk.settings);
-    TabSleep::Time time{0};
     std::optional<TabSleep::Time> due;
-    next.main.Sleep().Now = [&] { return time; };
-    next.main.Sleep().Schedule.ConnectForLife([&](TabSleep::Time in) { due = time + in; });
+    next.main.Sleep().Schedule.ConnectForLife([&](TabSleep::Time in) { due = in; });
     next.StartWithTabs(2);
     EXPECT_EQ(due, TabSleep::Time(3min));
 }

@@ -1,4 +1,5 @@
 """What a run starts, seen through the kernel."""
+import contextlib
 import ctypes
 import os
 import re
@@ -41,6 +42,27 @@ def _stats():
                 yield int(name), file.read().rpartition(")")[2].split()
         except OSError:
             continue  # it has ended
+
+
+def processes_of(process):
+    """A process, those that it has started, and they in turn."""
+    children = {}
+    for pid, fields in _stats():
+        children.setdefault(int(fields[PARENT]), []).append(pid)
+    found = [process]
+    for each in found:
+        found.extend(children.get(each, []))
+    return found
+
+
+def seconds_used(process):
+    """Seconds of the processor that a process has used so far, with all its threads; finer than its ticks."""
+    total = 0
+    with contextlib.suppress(OSError):  # it has ended
+        for thread in os.listdir(f"/proc/{process}/task"):
+            with open(f"/proc/{process}/task/{thread}/schedstat", encoding="ascii") as schedule:
+                total += int(schedule.read().split()[0])
+    return total / 1e9
 
 
 class Processes:

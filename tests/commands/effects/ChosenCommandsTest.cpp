@@ -68,7 +68,7 @@ TEST_F(ChosenCommandsTest, SilencesAllUnlessAllAreSilent) {
 }
 
 TEST_F(ChosenCommandsTest, SleepsWhereItMayAndSaysSo) {
-    desk.steadyClock = 10min;
+    desk.steady.now = 10min;
     desk.ChooseTabs({2, 3});
     desk.Click(u"xtrChosenSleep");
     EXPECT_TRUE(desk.views.At(2).asleep && desk.views.At(3).asleep);

@@ -77,7 +77,7 @@ TEST_F(TabGroupCommandsTest, LoadsAllOfItAgain) {
 }
 
 TEST_F(TabGroupCommandsTest, PutsToSleepWhatNothingKeepsAwake) {
-    desk.steadyClock = std::chrono::minutes(1); // their icons have come
+    desk.steady.now = std::chrono::minutes(1); // their icons have come
     desk.views.At(3).activity.HoldsInput = true;
     desk.Click(u"xtrTabGroupSleep");
     EXPECT_FALSE(desk.views.At(3).asleep);
@@ -212,7 +212,7 @@ TEST_F(TabGroupCommandsTest, CloseAllLeavesThePinnedTabsAndTheLeftmostOther) {
 TEST_F(TabGroupCommandsTest, AGroupThatClosesTheOthersFirstLeavesPinnedTabsAsTheyAre) {
     OnTab(5, u"xtrTabPin");
     desk.ClickTab(1);
-    desk.main.TGCloseOthersFirst = true;
+    desk.Set(u"TGCloseOthersFirst", u"true");
     desk.OpenGroup(groups.PathText("News.tvg"));
     EXPECT_EQ(desk.Units(), "^2 News3(1 6 [7*])") << "its first page takes the leftmost tab that is not pinned";
     EXPECT_EQ(desk.views.At(2).location, u"http://2/");

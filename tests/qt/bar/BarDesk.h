@@ -36,7 +36,7 @@ protected:
     void ShowWindow(int width = 900) {
         bar.Click.ConnectForLife([this](Tool& tool) { clicked += ToUtf8(tool.Name()) + ";"; });
         bar.MouseOver.ConnectForLife([this](const Tool* tool) { pointed = tool ? ToUtf8(tool->Name()) : ""; });
-        shown = std::make_unique<CommandBarView>(bar, window, *gestures);
+        shown = std::make_unique<CommandBarView>(bar, window, *gestures, *neighbours);
         window.setCentralWidget(new QWidget);
         window.resize(width, 400);
         window.show();
@@ -53,6 +53,7 @@ protected:
     CommandBar bar;
     QMainWindow window;
     EntryGestures* gestures = &EntryGestures::None();
+    FocusRing::Neighbours* neighbours = &FocusRing::Neighbours::None();
     std::unique_ptr<CommandBarView> shown;
     std::int32_t lastId = 0;
 };

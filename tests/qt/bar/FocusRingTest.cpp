@@ -12,8 +12,16 @@ namespace tessa::qt {
 namespace {
 
 /// A window with a menu bar, two toolbars, a strip, a page and a status bar. It tells which of them has the keyboard.
-class FocusRingTest : public BarDesk {
+class FocusRingTest : public BarDesk, protected FocusRing::Neighbours {
 protected:
+    QWidget* Strip() override { return strip; }
+    std::vector<QWidget*> PageBars() override { return {findBar}; }
+    std::optional<Asked> Question() override {
+        if (!question) return std::nullopt;
+        return Asked{question, [this] { question->setFocus(); }};
+    }
+    QWidget* StatusBar() override { return status; }
+
     void SetUp() override {
         for (const TextView name : {u"mnuOpen", u"mnuClose", u"mnuGoBack", u"mnuStop"}) AddTool(name, name.substr(3));
         AddCombo(u"cboAddress");
@@ -23,25 +31,25 @@ protected:
         AddBand(u"bndFile", BandKind::Toolbar, {u"mnuOpen", u"mnuClose", u"mnuEdit"})->Dock = At(0);
         AddBand(u"bndAddress", BandKind::Toolbar, {u"cboAddress"})->Dock = At(1);
         AddBand(u"bndGo", BandKind::Toolbar, {u"mnuGoBack"})->Dock = At(2);
+        neighbours = this;
         ShowWindow();
         Fill();
     }
     static Docking At(std::int32_t row) { return {DockSide::Top, row, 0, {}, {}}; }
 
     void Fill() {
-        const auto add = [this](const char* name) {
-            auto* widget = new QLineEdit(window.centralWidget());
-            widget->setObjectName(QString::fromLatin1(name));
-            widget->show();
-            return widget;
-        };
-        auto& ring = shown->Ring();
-        ring.Strip = add("strip");
-        ring.PageBars = {add("findBar")};
-        ring.StatusBar = add("status");
-        page = add("page");
-        ring.FocusPage.ConnectForLife([this] { page->setFocus(); });
+        strip = AddField("strip");
+        findBar = AddField("findBar");
+        status = AddField("status");
+        page = AddField("page");
+        shown->Ring().FocusPage.ConnectForLife([this] { page->setFocus(); });
         page->setFocus();
+    }
+    QLineEdit* AddField(const char* name) {
+        auto* widget = new QLineEdit(window.centralWidget());
+        widget->setObjectName(QString::fromLatin1(name));
+        widget->show();
+        return widget;
     }
 
     /// The toolbar or other part that has the keyboard, and which of its tools.
@@ -61,7 +69,7 @@ protected:
     }
     void Press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
 
-    QLineEdit* page = nullptr;
+    QLineEdit *page = nullptr, *strip = nullptr, *findBar = nullptr, *status = nullptr, *question = nullptr;
 };
 
 TEST_F(FocusRingTest, GoesRoundAllPartsOfTheWindow) {
@@ -80,10 +88,7 @@ TEST_F(FocusRingTest, GoesRoundAllPartsOfTheWindow) {
 }
 
 TEST_F(FocusRingTest, WhatThePageAsksComesRightAfterThePage) {
-    auto* question = new QLineEdit(window.centralWidget());
-    question->setObjectName(QStringLiteral("question"));
-    question->show();
-    shown->Ring().Question = [question] { return FocusRing::Asked{question, [question] { question->setFocus(); }}; };
+    question = AddField("question");
     Step(BarStep::Next);
     EXPECT_EQ(Where(), "question");
     Step(BarStep::Next);
@@ -95,8 +100,8 @@ TEST_F(FocusRingTest, WhatThePageAsksComesRightAfterThePage) {
 TEST_F(FocusRingTest, LeavesOutWhatIsNotInSight) {
     window.menuBar()->hide();
     bar.FindBand(u"bndFile")->Visible = false;
-    shown->Ring().PageBars.front()->hide();
-    shown->Ring().StatusBar->hide();
+    findBar->hide();
+    status->hide();
     Step(BarStep::Next);
     EXPECT_EQ(Where(), "cboAddress");
     Step(BarStep::Next, 3);

@@ -32,7 +32,7 @@ protected:
     QMainWindow m_window;
     QPushButton* m_page = nullptr;
     QPointer<QLineEdit> m_box;
-    DockedPanel m_panel{m_window, QStringLiteral("notes")};
+    DockedPanel m_panel{m_window, QStringLiteral("notes"), {}};
     int m_dismissed = 0, m_free = 0;
 };
 

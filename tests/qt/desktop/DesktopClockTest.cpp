@@ -1,6 +1,8 @@
+// Tests: SystemSteadyClock
 #include "qt/desktop/DesktopClock.h"
 
 #include "qt/base/Strings.h"
+#include "qt/desktop/SystemSteadyClock.h"
 
 #include <QDateTime>
 #include <gtest/gtest.h>
@@ -23,6 +25,13 @@ TEST(DesktopClockTest, SaysTodayAndYesterdayAndElseTheDate) {
 TEST(DesktopClockTest, CountsSecondsFromTheSameTimeAsItsWords) {
     const DesktopClock clock;
     EXPECT_TRUE(ToQt(clock.Words(clock.Now())).startsWith(u"Today, "));
+}
+
+TEST(DesktopClockTest, TheSteadyClockNeverGoesBack) {
+    const SystemSteadyClock clock;
+    const auto first = clock.Now();
+    EXPECT_GT(first.count(), 0);
+    EXPECT_GE(clock.Now(), first);
 }
 
 } // namespace

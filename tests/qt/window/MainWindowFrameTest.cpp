@@ -223,28 +223,60 @@ TEST(MainWindowFrame, NothingBringsAWindowToTheScreenThatWasNotShownYetOrIsClose
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     EXPECT_FALSE(isAway());
     qunsetenv("XDG_ACTIVATION_TOKEN");
-    window.Close();
+    window.Unload();
     EXPECT_TRUE(isAway());
     window.SetState(WindowState::Normal);
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST(MainWindowFrame, ClosingRunsTheUnloadHandlerOnce) {
+TEST(MainWindowFrame, StaysUntilAListenerUnloadsIt) {
     MainWindowFrame window;
-    int unloads = 0;
-    window.Unload.ConnectForLife([&] { ++unloads; });
+    int asked = 0, unloads = 0;
+    bool may = false;
+    window.Unloads.ConnectForLife([&] { ++unloads; });
+    window.QueryUnload.ConnectForLife([&] {
+        ++asked;
+        if (may) window.Unload();
+    });
     window.Show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     window.Close();
+    EXPECT_TRUE(window.isVisible());
+    may = true;
+    window.Close();
     EXPECT_FALSE(window.isVisible());
     window.Close();
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(unloads, 1);
+}
+
+TEST(MainWindowFrame, WhoeverEndsTheSessionUnloadsItWhileItIsAsked) {
+    MainWindowFrame window;
+    int unloads = 0;
+    window.Unloads.ConnectForLife([&] { ++unloads; });
+    window.QueryUnload.ConnectForLife([&] { window.Unload(); });
+    window.Unload();
+    window.Close();
+    EXPECT_EQ(unloads, 1);
+}
+
+TEST(MainWindowFrame, UnloadingComesOnceAndClosesTheWindow) {
+    MainWindowFrame window;
+    int unloads = 0;
+    window.Unloads.ConnectForLife([&] { ++unloads; });
+    window.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    window.Unload();
+    EXPECT_FALSE(window.isVisible());
+    window.Unload();
     EXPECT_EQ(unloads, 1);
 }
 
 TEST(MainWindowFrame, AWindowNeverShownUnloadsToo) {
     MainWindowFrame window;
     int unloads = 0;
-    window.Unload.ConnectForLife([&] { ++unloads; });
+    window.Unloads.ConnectForLife([&] { ++unloads; });
+    window.QueryUnload.ConnectForLife([&] { window.Unload(); });
     window.Close();
     EXPECT_EQ(unloads, 1);
 }
