@@ -1,4 +1,5 @@
 // Tests: TileArea
+#include "qt/questions/CrashPage.h"
 #include "tests/engine/TiledPages.h"
 
 #include <QApplication>
@@ -128,6 +129,27 @@ TEST_F(SixPanes, OneThatWantsSomethingAsksInABarOverItsOwnPage) {
     desk.main->CloseBrowserTab(7);
     ASSERT_TRUE(WaitUntil([&] { return View(6).Widget()->width() > before[6].width(); }));
     EXPECT_EQ(Front(), 4) << "nobody waits for the answer any more";
+}
+
+TEST_F(SixPanes, TheRendererOfThePaneInFocusMayDie) {
+    OpenAll("page");
+    // Pages of one site may share a process: this one is of another.
+    ResumeNext(View(4).Navigate(FromQt(server.Address(QStringLiteral("/4"), QStringLiteral("localhost")))));
+    ASSERT_TRUE(WaitUntil([&] { return !View(4).Busy() && Caption(4) == u"t4"; }));
+    ASSERT_TRUE(Says(4, QStringLiteral("location.hostname"), QStringLiteral("localhost")));
+    ASSERT_EQ(View(4).Life()->EndProcess(), Outcome::Done);
+    ASSERT_TRUE(WaitUntil([&] { return View(4).CrashPage() != nullptr; }));
+    EXPECT_TRUE(WaitUntil([&] { return View(4).CrashPage()->isVisible(); }));
+    EXPECT_EQ(View(4).CrashPage()->geometry(), before[4]);
+    EXPECT_EQ(Front(), 4);
+    EXPECT_EQ(Layout(), "v(h(2 3 4) h(5 6 7))");
+    ExpectOthersLive(4);
+    // It is closed as it is, and the one beside it gets the keyboard and the room.
+    desk.main->CloseBrowserTab(4);
+    EXPECT_EQ(Layout(), "v(h(2 3) h(5 6 7))");
+    EXPECT_EQ(Front(), 3);
+    EXPECT_TRUE(WaitUntil([&] { return View(3).Widget()->width() > before[3].width(); }));
+    EXPECT_TRUE(KnowsItsRoom(3));
 }
 
 } // namespace
