@@ -68,9 +68,10 @@ void TabStrip::UserClick(Tab* tab) {
     Click();
 }
 
-void TabStrip::SetCaption(Tab* tab, Text caption) {
-    if (tab->m_caption == caption) return;
+void TabStrip::SetCaption(Tab* tab, Text caption, Text title) {
+    if (tab->m_caption == caption && tab->m_title == title) return;
     tab->m_caption = std::move(caption);
+    tab->m_title = std::move(title);
     Mark(TabStripChange::Faces);
 }
 

@@ -33,6 +33,8 @@ class Tab {
 public:
     [[nodiscard]] const Text& Key() const { return m_key; }
     [[nodiscard]] const Text& Caption() const { return m_caption; }
+    /// What its caption was cut from; the caption where nothing was cut.
+    [[nodiscard]] const Text& Title() const { return m_title.empty() ? m_caption : m_title; }
     /// What its user calls it; empty when he has not named it.
     [[nodiscard]] const Text& Name() const { return m_name; }
     /// What is shown of it: its name, else its caption.
@@ -60,7 +62,7 @@ public:
 
 private:
     friend class TabStrip;
-    Text m_key, m_caption, m_name, m_awaited, m_newsWords;
+    Text m_key, m_caption, m_title, m_name, m_awaited, m_newsWords;
     TabNews m_news = TabNews::Unknown;
     TabImage m_image = TabImage::None;
     bool m_asks = false;
@@ -103,7 +105,8 @@ public:
     /// What a user's click does: selects the tab and runs `Click` in any case.
     void UserClick(Tab* tab);
 
-    void SetCaption(Tab* tab, Text caption);
+    /// `title` is what the caption was cut from; empty where it is whole.
+    void SetCaption(Tab* tab, Text caption, Text title = {});
     /// An empty name takes it away.
     void SetName(Tab* tab, Text name);
     void SetImage(Tab* tab, TabImage image);

@@ -11,6 +11,16 @@
 
 namespace tessa {
 
+namespace {
+
+// A page that is not loaded yet, or not again, is called what its tab says.
+Text TitleOf(const OpenTab& open) {
+    Text title = open.View->Control->LocationName();
+    return title.empty() && open.Item.Title() != kUntitledCaption ? open.Item.Title() : title;
+}
+
+} // namespace
+
 SessionJournal::SessionJournal(SessionFiles& files, const WallClock& clock, Parts parts)
     : CameBack(parts.tabs, parts.pcPage, parts.Browser),
       m_files(files),
@@ -40,7 +50,7 @@ Session SessionJournal::Snapshot() const {
         const Text address = open.Address();
         if (IsBlankAddress(address)) ++session.Blanks;
         if (!IsWorthKeeping(address)) continue;
-        session.Pages.push_back({address, open.View->Control->LocationName(), open.Item.Name()});
+        session.Pages.push_back({address, TitleOf(open), open.Item.Name()});
         numbers[open.Index()] = static_cast<std::int32_t>(session.Pages.size());
         if (&open.Item == m_pcPage.SelectedItem()) session.Selected = session.Pages.size();
     }
@@ -168,6 +178,8 @@ void SessionJournal::Open(const Session& pages) {
         if (!view) continue;
         ResumeNext(view->Navigate(each.Address));
         opened.back() = m_tabs.CurrentIndex();
+        // Until its page is there, which may take long when there are many.
+        if (!each.Title.empty()) m_tabs.SetTabTitle(m_tabs.CurrentIndex(), each.Title);
         auto* tab = m_pcPage.SelectedItem();
         if (tab) m_pcPage.SetName(tab, each.Name);
         if (tab && opened.size() == pages.Selected) key = tab->Key();

@@ -13,8 +13,6 @@ namespace {
 
 /// Units of a title that anybody reads.
 constexpr std::size_t kMostOfTitle = 300;
-/// What ends a caption that was cut.
-constexpr TextView kDots = u"...";
 /// A file may say anything.
 constexpr std::int32_t kWidest = 4000;
 /// Parts of a line.
@@ -91,7 +89,7 @@ bool frmTabPanel::IsListed(const Tab& tab) const {
     const auto* view = m_parts.Browser.Find(tab.Tag);
     const Text title = view ? view->Control->LocationName() : Text(), address = m_parts.tabs.AddressOf(tab);
     const TextView group = tab.Group() ? TextView(tab.Group()->Name()) : TextView();
-    return m_filter.Fits({tab.Name(), tab.Caption(), title, address, group});
+    return m_filter.Fits({tab.Name(), tab.Title(), title, address, group});
 }
 
 Tab* frmTabPanel::FindTab(std::int32_t index) const { return TabOfView(m_parts.pcPage, index); }
@@ -113,12 +111,8 @@ Text frmTabPanel::TitleOf(const Tab& tab) const { return tab.Name().empty() ? Pa
 Text frmTabPanel::PageTitleOf(const Tab& tab) const {
     const auto* view = m_parts.Browser.Find(tab.Tag);
     const Text title = view ? view->Control->LocationName() : Text();
-    if (!title.empty()) return Text(FirstUnits(title, kMostOfTitle));
-    // A page that was never loaded stands in the strip with its address, which is cut there.
-    const Text address = m_parts.tabs.AddressOf(tab);
-    TextView begun = tab.Caption();
-    if (begun.ends_with(kDots)) begun.remove_suffix(kDots.size());
-    return address.starts_with(begun) ? address : tab.Caption();
+    // A page that is not loaded yet, or not again, has no title of its own.
+    return title.empty() ? tab.Title() : Text(FirstUnits(title, kMostOfTitle));
 }
 
 // What is in front wakes by itself, if only a moment later.

@@ -17,7 +17,7 @@ void ClosedTabs::Remember(std::int32_t Index) {
     if (address.empty() || address == Address::kBlank) return;
     if (!m_several || m_closed.empty()) m_closed.emplace_back();
     Command& command = m_closed.back();
-    command.Tabs.push_back({address, tab->Caption(), view->Control->History(), m_pcPage.PositionOf(tab),
+    command.Tabs.push_back({address, tab->Title(), view->Control->History(), m_pcPage.PositionOf(tab),
                             m_several && command.FrontIndex == Index, tab->Pinned(), Index, m_groups.Membership(Index),
                             tab->Name()});
     Forget();
@@ -53,7 +53,7 @@ Tab* ClosedTabs::Open(const ClosedTab& closed, bool awake) {
     if (!view || !tab) return nullptr;
     ResumeNext(awake ? view->Restore(closed.History, closed.Address)
                      : view->RestoreLater(closed.History, closed.Address));
-    if (!awake) m_pcPage.SetCaption(tab, closed.Title);
+    if (!awake) m_tabs.SetTabTitle(index, closed.Title);
     m_pcPage.SetName(tab, closed.Name);
     if (closed.Pinned) m_pcPage.SetPinned(tab, true);
     m_pcPage.Move(tab, std::min(closed.Position, m_pcPage.Count()));

@@ -189,14 +189,15 @@ void TabSet::SetTabTitle(std::int32_t Index, TextView title) {
         return;
     }
     // Deliberate: the dots come on top of the limit.
-    m_pcPage.SetCaption(tab, Text(FirstUnits(title, static_cast<std::size_t>(TitleLengthLimit))) + u"...");
+    m_pcPage.SetCaption(tab, Text(FirstUnits(title, static_cast<std::size_t>(TitleLengthLimit))) + u"...",
+                        Text(FirstUnits(title, kMostDescribed)));
 }
 
 Text TabSet::Describe(const Tab& tab) const {
     const auto* view = m_browser.Find(tab.Tag);
     if (!view) return tab.Shown();
     const Text title = view->Control->LocationName(), address = view->Control->LocationURL();
-    Text first = (title.empty() ? tab.Caption() : title).substr(0, kMostDescribed);
+    Text first = (title.empty() ? tab.Title() : title).substr(0, kMostDescribed);
     if (!tab.Name().empty()) first = tab.Name() + u"\n" + first;
     Text all = address.empty() ? first : first + u"\n" + address.substr(0, kMostDescribed);
     if (!tab.Awaited().empty() && tab.Awaited() != address)

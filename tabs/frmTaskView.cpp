@@ -108,7 +108,7 @@ frmTaskView::Row frmTaskView::RowOf(const OpenTab& open) const {
         title = PlainLine(view->Control->LocationName(), kLongestTitle);
         address = PlainLine(view->Control->LocationURL(), kLongestAddress);
     }
-    if (title.empty()) title = PlainLine(tab.Caption(), kLongestTitle);
+    if (title.empty()) title = PlainLine(tab.Title(), kLongestTitle);
     const auto* life = open.Life();
     state = StateOf(life, &tab == m_pcPage.SelectedItem());
     if (const auto* measured = MeasuredOf(life)) {

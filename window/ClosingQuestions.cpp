@@ -44,7 +44,7 @@ bool ClosingQuestions::UserLeaves(const std::vector<std::int32_t>& holders) {
                          u"&Leave"};
     for (std::size_t i = 0; i < std::min(holders.size(), kMostHolders); ++i) {
         const auto* tab = TabOfView(m_parts.pcPage, holders[i]);
-        if (tab) question.Details += OneLine(FirstUnits(tab->Caption(), kLongestHolder)) + u"\n";
+        if (tab) question.Details += OneLine(FirstUnits(tab->Title(), kLongestHolder)) + u"\n";
     }
     if (holders.size() > kMostHolders) question.Details += u"...";
     if (m_parts.messages.AskOwn(question)) return true;

@@ -1,5 +1,7 @@
 #include "qt/base/DockedPanel.h"
 
+#include "qt/base/paint/PanelButtons.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
@@ -18,6 +20,7 @@ void DockedPanel::Open(const QString& caption, QWidget& contents, Qt::DockWidget
     m_panel = new QDockWidget(caption, &m_window);
     m_panel->setObjectName(m_name);
     m_panel->setWidget(&contents);
+    new PanelButtons(*m_panel);
     m_panel->installEventFilter(this);
     if (m_onSidesAlone) {
         m_panel->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);

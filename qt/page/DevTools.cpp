@@ -1,5 +1,7 @@
 #include "qt/page/DevTools.h"
 
+#include "qt/base/paint/PanelButtons.h"
+
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QWebEnginePage>
@@ -25,6 +27,7 @@ void DevTools::Open(QWebEnginePage& page) {
     m_pane = new QDockWidget(QStringLiteral("Developer Tools"), &m_window);
     m_pane->setObjectName(QStringLiteral("devTools"));
     m_pane->setAttribute(Qt::WA_DeleteOnClose);
+    new PanelButtons(*m_pane);
     auto* view = new QWebEngineView(m_pane);
     view->setPage(new QWebEnginePage(page.profile(), view));
     view->setMinimumSize(240, 160);

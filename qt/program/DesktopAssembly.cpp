@@ -1,6 +1,7 @@
 #include "qt/program/DesktopAssembly.h"
 
 #include "qt/base/Strings.h"
+#include "qt/base/paint/DarkFrames.h"
 #include "qt/blocking/ElementHiding.h"
 #include "qt/blocking/EmptyAnswers.h"
 #include "qt/page/DialogScheme.h"
@@ -55,6 +56,7 @@ DesktopAssembly::DesktopAssembly(int& argc, char** argv)
       sessions(folders.state + QStringLiteral("/sessions")),
       layout(folders.program) {
     m_ownProfile.emplace(folders.data, folders.cache);
+    DarkFrames::Install();
 }
 
 } // namespace tessa::qt

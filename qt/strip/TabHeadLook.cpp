@@ -45,6 +45,13 @@ QColor TabHeadLook::InkOn(const QColor& ground) {
     return light > kDarkEnough ? QColor(16, 16, 16) : QColor(Qt::white);
 }
 
+// Away from the ink, which stays what it is.
+QColor TabHeadLook::GroundOf(TabColour colour, bool hovered) {
+    const QColor mark = Palette::MarkColour(colour);
+    if (!hovered) return mark;
+    return Palette::Mix(mark, InkOn(mark) == QColor(Qt::white) ? Qt::black : Qt::white, 0.2);
+}
+
 TabHeadLook::TabHeadLook(const QPalette& palette) : m_text(palette.color(QPalette::WindowText)) {}
 
 int TabHeadLook::Width(const QFontMetrics& font, const TabHeadFace& face) {
@@ -58,8 +65,7 @@ int TabHeadLook::Width(const QFontMetrics& font, const TabHeadFace& face) {
 void TabHeadLook::Paint(QPainter& painter, const TabHeadFace& face) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor mark = Palette::MarkColour(face.colour);
-    const QColor ground = face.hovered ? Palette::Mix(mark, m_text, 0.16) : mark;
+    const QColor ground = GroundOf(face.colour, face.hovered);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
     const int margin = face.name.isEmpty() ? kHeadMargin - 1 : kHeadMargin;

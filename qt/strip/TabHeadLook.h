@@ -33,6 +33,8 @@ public:
     void Paint(QPainter& painter, const TabHeadFace& face) const;
     /// Black or white, whichever is read well on that ground.
     [[nodiscard]] static QColor InkOn(const QColor& ground);
+    /// What the name stands on, also while the pointer is there.
+    [[nodiscard]] static QColor GroundOf(TabColour colour, bool hovered);
     /// How wide the head is when it is not cut.
     [[nodiscard]] static int Width(const QFontMetrics& font, const TabHeadFace& face);
 

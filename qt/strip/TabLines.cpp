@@ -1,6 +1,7 @@
 #include "qt/strip/TabLines.h"
 
 #include "qt/base/Palette.h"
+#include "qt/base/paint/ButtonMarks.h"
 #include "qt/strip/TabMarks.h"
 
 #include <QAbstractItemView>
@@ -48,7 +49,7 @@ void PaintLineWords(QPainter& painter, const LineInk& ink, const QFontMetrics& m
 
 void PaintLineCross(QPainter& painter, const QColor& color, const QRect& place) {
     painter.setRenderHint(QPainter::Antialiasing);
-    TabMarks::PaintCross(painter, QRectF(place).adjusted(4, 4, -4, -4), color, 1.5);
+    ButtonMarks::PaintCross(painter, QRectF(place).adjusted(4, 4, -4, -4), color, 1.5);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "qt/strip/TabLook.h"
 
 #include "qt/base/Palette.h"
+#include "qt/base/paint/ButtonMarks.h"
 #include "qt/strip/TabMarks.h"
 
 #include <QFontMetrics>
@@ -137,7 +138,7 @@ void TabLook::PaintSound(QPainter& painter, const TabFace& face) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor ground = face.selected ? m_selected : face.hovered ? m_hovered : m_row;
-    if (face.soundHovered) TabMarks::PaintButtonGround(painter, face.soundPlace, Palette::Mix(ground, m_text, 0.18));
+    if (face.soundHovered) ButtonMarks::PaintGround(painter, face.soundPlace, Palette::Mix(ground, m_text, 0.18));
     painter.restore();
     TabMarks::PaintSoundMark(painter, face.soundPlace, face.soundHovered ? m_text : Palette::Mix(ground, m_text, 0.75),
                              face.sound);
@@ -146,9 +147,9 @@ void TabLook::PaintSound(QPainter& painter, const TabFace& face) const {
 void TabLook::PaintClose(QPainter& painter, const TabFace& face) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor ground = face.selected ? m_selected : m_hovered;
-    if (face.closeHovered) TabMarks::PaintButtonGround(painter, face.closePlace, Palette::Mix(ground, m_text, 0.18));
+    if (face.closeHovered) ButtonMarks::PaintGround(painter, face.closePlace, Palette::Mix(ground, m_text, 0.18));
     const QRectF arms = QRectF(face.closePlace).adjusted(4.5, 4.5, -4.5, -4.5);
-    TabMarks::PaintCross(painter, arms, face.closeHovered ? m_text : Palette::Mix(ground, m_text, 0.65));
+    ButtonMarks::PaintCross(painter, arms, face.closeHovered ? m_text : Palette::Mix(ground, m_text, 0.65));
 }
 
 void TabLook::PaintListButton(QPainter& painter, const QRect& place, bool hovered) const {

@@ -110,16 +110,4 @@ void PaintFoldArrow(QPainter& painter, const QPointF& centre, bool folded, doubl
     painter.drawPolyline(folded ? right : down);
 }
 
-void PaintCross(QPainter& painter, const QRectF& arms, const QColor& ink, double width) {
-    painter.setPen(QPen(ink, width, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(arms.topLeft(), arms.bottomRight());
-    painter.drawLine(arms.topRight(), arms.bottomLeft());
-}
-
-void PaintButtonGround(QPainter& painter, const QRect& place, const QColor& colour) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    painter.drawRoundedRect(place, 3, 3);
-}
-
 } // namespace tessa::qt::TabMarks

@@ -38,10 +38,6 @@ void PaintBlankPage(QPainter& painter, const QRect& place, const QColor& color);
 /// Towards the tabs of a group when they are hidden, down when they are seen; with the pen that is set. `half` is half
 /// its width.
 void PaintFoldArrow(QPainter& painter, const QPointF& centre, bool folded, double half);
-/// The cross that closes a tab, as large as `arms`.
-void PaintCross(QPainter& painter, const QRectF& arms, const QColor& ink, double width = 1.3);
-/// What a mark stands on that is pressed like a button, while the pointer is over it.
-void PaintButtonGround(QPainter& painter, const QRect& place, const QColor& colour);
 
 } // namespace TabMarks
 

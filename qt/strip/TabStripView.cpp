@@ -145,11 +145,13 @@ void TabStripView::PlaceFace(TabFace& face, std::size_t position) const {
     face.selected = position == m_selected;
     face.hovered = pointed && m_hover.part != Part::Head;
     face.focused = face.selected && hasFocus();
-    face.dividerShown = position + 1 != m_selected;
     face.closeShown = (face.selected || face.hovered) && !face.pinned;
     face.closeHovered = face.hovered && m_hover.part == Part::Close;
     face.soundHovered = pointed && m_hover.part == Part::Sound;
     face.place = m_row.TabPlace(position);
+    // The tab in front and a head are set off by themselves.
+    const TabRowItem* behind = m_row.ItemAt({face.place.right() + 1, face.place.center().y()});
+    face.dividerShown = position + 1 != m_selected && !(behind && behind->What == TabRowItem::Kind::Head);
     face.closePlace = m_row.ClosePlace(position);
     face.soundPlace = m_row.SoundPlace(position);
 }

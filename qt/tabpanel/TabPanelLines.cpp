@@ -3,6 +3,7 @@
 #include "base/Captions.h"
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
+#include "qt/base/paint/ButtonMarks.h"
 #include "qt/strip/TabMarks.h"
 #include "qt/tabpanel/TabPanelModel.h"
 #include "tabs/frmRenameTab.h"
@@ -65,8 +66,8 @@ void PaintMoon(QPainter& painter, const QColor& ink, const QRect& place) {
 QColor ButtonGround(const PanelInk& ink) { return Palette::Mix(ink.ground, ink.text, 0.16); }
 
 void PaintLineClose(QPainter& painter, const PanelInk& ink, const QRect& place, bool hovered) {
-    if (hovered) TabMarks::PaintButtonGround(painter, place, ButtonGround(ink));
-    TabMarks::PaintCross(painter, QRectF(place).adjusted(5, 5, -5, -5), hovered ? ink.text : ink.quiet);
+    if (hovered) ButtonMarks::PaintGround(painter, place, ButtonGround(ink));
+    ButtonMarks::PaintCross(painter, QRectF(place).adjusted(5, 5, -5, -5), hovered ? ink.text : ink.quiet);
 }
 
 // Round what has the keyboard.
@@ -177,7 +178,7 @@ int TabPanelLines::PaintMarks(QPainter& painter, const QStyleOptionViewItem& opt
     if (hovered) PaintLineClose(painter, ink, ClosePlace(option.rect), under == Part::Close);
     if (tab.Sound() != TabSound::None) {
         const QRect place = SoundPlace(option.rect);
-        if (under == Part::Sound) TabMarks::PaintButtonGround(painter, place, ButtonGround(ink));
+        if (under == Part::Sound) ButtonMarks::PaintGround(painter, place, ButtonGround(ink));
         TabMarks::PaintSoundMark(painter, place, under == Part::Sound ? ink.text : ink.quiet, tab.Sound());
         return place.left();
     }

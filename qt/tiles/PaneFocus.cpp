@@ -70,9 +70,14 @@ void PaneFocus::LookAtFocus() {
     QWidget* has = QApplication::focusWidget();
     const std::int32_t pane = has && !m_area.isHidden() ? PaneAround(*has, has->rect().center()) : 0;
     if (pane == 0 || pane == m_tiles->Focus()) return;
-    if (m_reason == Qt::TabFocusReason || m_reason == Qt::BacktabFocusReason)
+    const bool byKeys = m_reason == Qt::TabFocusReason || m_reason == Qt::BacktabFocusReason;
+    // What goes, as a page does whose process dies, hands the keyboard on as if somebody had pressed the key.
+    const bool handedOn = !m_left || !m_left->isVisible();
+    if (byKeys && handedOn)
+        m_strip->UserClick(m_strip->SelectedItem());
+    else if (byKeys)
         Select(pane);
-    else if (m_reason == Qt::OtherFocusReason && m_left && m_left->isVisible())
+    else if (m_reason == Qt::OtherFocusReason && !handedOn)
         m_left->setFocus(Qt::OtherFocusReason);
 }
 

@@ -2,7 +2,7 @@
 
 #include "qt/base/Palette.h"
 #include "qt/base/Tip.h"
-#include "qt/strip/TabMarks.h"
+#include "qt/base/paint/ButtonMarks.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -26,10 +26,9 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         const QColor ground = palette().color(QPalette::Base), words = palette().color(QPalette::Text);
-        if (underMouse())
-            TabMarks::PaintButtonGround(painter, rect(), Palette::Mix(ground, words, isDown() ? 0.3 : 0.18));
+        if (underMouse()) ButtonMarks::PaintGround(painter, rect(), Palette::Mix(ground, words, isDown() ? 0.3 : 0.18));
         const QRectF arms = QRectF(rect()).adjusted(4.5, 4.5, -4.5, -4.5);
-        TabMarks::PaintCross(painter, arms, underMouse() ? words : Palette::Mix(ground, words, 0.65));
+        ButtonMarks::PaintCross(painter, arms, underMouse() ? words : Palette::Mix(ground, words, 0.65));
     }
 };
 

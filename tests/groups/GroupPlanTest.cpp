@@ -1,6 +1,9 @@
 #include "groups/GroupPlan.h"
 
+#include "tiles/TileText.h"
+
 #include <gtest/gtest.h>
+#include <random>
 #include <string>
 
 namespace tessa {
@@ -38,6 +41,27 @@ TEST(GroupPlan, WhatItSaysOfPanes) {
     changed.keepsPanes = false;
     changed.Write(file);
     EXPECT_EQ(file.Bytes(), "[TessaView]\r\nx=1\r\n");
+}
+
+TEST(GroupPlan, PanesOfAnyBytesAreLayoutsThatComeBackOrNone) {
+    std::mt19937 random(21);
+    const std::string units = "hv((()) 123:9;; linked";
+    std::size_t read = 0;
+    for (int round = 0; round < 20'000; ++round) {
+        std::string value = round % 2 == 0 ? "h(1 2); v(3 " : "";
+        for (std::size_t length = random() % 14; length > 0; --length) {
+            const char any = static_cast<char>(random() % 256);
+            const bool ends = any == '\n' || any == '\r' || any == '\0';
+            value += random() % 8 == 0 && !ends ? any : units[random() % units.size()];
+        }
+        const GroupPlan plan = PlanOf("[TessaView]\npanes=" + value + "\n");
+        for (const Text& each : plan.panes) ASSERT_TRUE(TileLayoutIn(each)) << value;
+        read += plan.panes.empty() ? 0 : 1;
+        IniFile file("");
+        plan.Write(file);
+        ASSERT_EQ(GroupPlan::Read(file).panes, plan.panes) << value;
+    }
+    EXPECT_GT(read, 1000U) << "some of them are layouts";
 }
 
 TEST(GroupPlan, PanesMoveWithTheirPages) {

@@ -305,6 +305,25 @@ TEST(SessionJournal, ReopensAllPagesWithTheRightOneInFront) {
     EXPECT_TRUE(desk.Kept(0)->Settled);
 }
 
+TEST(SessionJournal, ReopenedPagesAreCalledAsBeforeUntilTheyAreLoaded) {
+    JournalDesk desk;
+    const Text title = u"A title that is much longer than what a tab of the strip shows of one";
+    desk.Keep(Crashed({{u"http://a/", title}, {u"http://b/", u""}}), u"x");
+    desk.StartWithTabs(1);
+    desk.Reopen(u"x");
+    EXPECT_EQ(desk.TabOf(2).Title(), title);
+    EXPECT_LT(desk.TabOf(2).Caption().size(), title.size());
+    EXPECT_EQ(desk.TabOf(3).Title(), kUntitledCaption);
+    // The next crash may come before they are.
+    desk.WriteSession();
+    EXPECT_EQ(SessionFromBytes(desk.sessions.own)->Pages[1].Title, title);
+    EXPECT_EQ(SessionFromBytes(desk.sessions.own)->Pages[2].Title, u"");
+    desk.PageLoads(2, u"http://a/", u"Another");
+    EXPECT_EQ(desk.TabOf(2).Title(), u"Another");
+    desk.WriteSession();
+    EXPECT_EQ(SessionFromBytes(desk.sessions.own)->Pages[1].Title, u"Another");
+}
+
 TEST(SessionJournal, CountsTheTabsThatShowNothing) {
     JournalDesk desk;
     desk.StartWithTabs(4);

@@ -148,6 +148,34 @@ TEST_F(frmTabPanelTest, ATabThatWasNeverLoadedSleepsUnderItsWholeTitle) {
     EXPECT_EQ(panel.TitleOf(*panel.FindTab(2)), u"short");
 }
 
+TEST_F(frmTabPanelTest, TabsThatComeBackStandUnderTheirWholeTitles) {
+    Start(8);
+    const Text title = u"A title that is much longer than what a tab of the strip shows of one";
+    for (int i = 2; i <= 8; ++i) desk.PageLoads(i, u"http://host" + Decimal(i) + u"/", title);
+    desk.CloseRightOf(1);
+    // Twice, because what is kept then was never loaded.
+    for (const int last : {15, 22}) {
+        desk.Click(u"xtrReopenTab");
+        const Tab& tab = desk.TabOf(last);
+        EXPECT_TRUE(desk.views.At(last).name.empty()) << "it is not loaded";
+        EXPECT_LT(tab.Caption().size(), title.size());
+        EXPECT_EQ(panel.TitleOf(tab), title);
+        EXPECT_EQ(panel.TipOf(tab), title + u"\nhttp://host8/");
+        panel.txtFilter.Value = u"shows of one";
+        EXPECT_NE(Lines().find(std::to_string(last)), std::string::npos);
+        panel.txtFilter.Value = u"";
+        desk.CloseRightOf(1);
+    }
+}
+
+TEST_F(frmTabPanelTest, ATitleOfAnyLengthIsKeptAsFarAsAnybodyReadsIt) {
+    Start(2);
+    desk.PageIsCalled(2, Text(5000, u'x'));
+    EXPECT_EQ(panel.TitleOf(desk.TabOf(2)), Text(300, u'x'));
+    desk.PageIsCalled(2, u"short");
+    EXPECT_EQ(panel.TitleOf(desk.TabOf(2)), u"short");
+}
+
 TEST_F(frmTabPanelTest, HidesTheStripOnlyWhileItIsOpen) {
     Start(1);
     desk.Click(u"xtrTabStripHidden");

@@ -113,7 +113,7 @@ TEST_F(TabMoreCommandsTest, ATabIsDescribedByItsWholeTitleAndAddress) {
     EXPECT_EQ(desk.Describe(desk.TabAt(2)), Text(300, u'x') + u"\nhttp://two/");
     desk.views.At(2).name = u"";
     desk.PageBegins(2, u"http://next/");
-    EXPECT_EQ(desk.Describe(desk.TabAt(2)), u"A t...\nhttp://two/\nWaiting for http://next/");
+    EXPECT_EQ(desk.Describe(desk.TabAt(2)), u"A title\nhttp://two/\nWaiting for http://next/");
     desk.Click(u"xtrPrivateTab");
     EXPECT_EQ(desk.Describe(desk.SelectedTab()), u"Loading...\ntessaview:private\nPrivate tab: nothing of it is kept");
 }

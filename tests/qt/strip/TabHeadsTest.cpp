@@ -102,6 +102,19 @@ TEST_F(TabHeadsTest, TheHeadStandsBeforeTheFirstTabOfItsGroup) {
     EXPECT_EQ(ColourAt({Head().left() + 6, Head().center().y() - 6}), Palette::MarkColour(TabColour::Green));
 }
 
+TEST_F(TabHeadsTest, NoDividerStandsBeforeAHead) {
+    const auto divider = [this](int tag) {
+        return ColourAt({Place(tag).right(), Place(tag).center().y()}) !=
+               ColourAt({Place(tag).right() - 3, Place(tag).center().y()});
+    };
+    strip.Select(strip.Find(u"Tab6"));
+    widget.RefreshFacesSoon();
+    EXPECT_FALSE(divider(1)) << "a head stands behind it";
+    EXPECT_TRUE(divider(2)) << "a tab does";
+    strip.SetFolded(group, true);
+    EXPECT_FALSE(divider(1));
+}
+
 TEST_F(TabHeadsTest, AClickFoldsAndUnfolds) {
     QTest::mouseClick(&widget, Qt::LeftButton, {}, Head().center());
     EXPECT_TRUE(group->Folded());
@@ -474,9 +487,14 @@ TEST_F(TabHeadsTest, TheNameIsReadOnEveryColour) {
         return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
     };
     for (int colour = static_cast<int>(TabColour::Red); colour <= static_cast<int>(TabColour::Grey); ++colour) {
-        const QColor ground = Palette::MarkColour(static_cast<TabColour>(colour));
-        const auto [less, more] = std::minmax(seen(ground), seen(TabHeadLook::InkOn(ground)));
-        EXPECT_GE((more + 0.05) / (less + 0.05), 4.0) << colour;
+        const QColor plain = TabHeadLook::GroundOf(static_cast<TabColour>(colour), false);
+        const QColor pointed = TabHeadLook::GroundOf(static_cast<TabColour>(colour), true);
+        EXPECT_EQ(TabHeadLook::InkOn(plain), TabHeadLook::InkOn(pointed)) << "the pointer changes no ink " << colour;
+        EXPECT_NE(plain, pointed) << colour;
+        for (const QColor& ground : {plain, pointed}) {
+            const auto [less, more] = std::minmax(seen(ground), seen(TabHeadLook::InkOn(ground)));
+            EXPECT_GE((more + 0.05) / (less + 0.05), 4.0) << colour;
+        }
     }
 }
 

@@ -174,6 +174,19 @@ TEST_F(TileAreaTest, APageThatIsHiddenHandsItsKeyboardToNoOtherTab) {
     EXPECT_EQ(tiles.Focus(), 3);
 }
 
+TEST_F(TileAreaTest, APageThatGoesByItselfLeavesTheFocusToItsPane) {
+    Show(u"h(1 2)");
+    pages[1]->setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return pages[1]->hasFocus(); }));
+    int clicks = 0;
+    pcPage.Click.ConnectForLife([&clicks] { ++clicks; });
+    // As the engine does with a page whose process has died.
+    pages[1]->hide();
+    ASSERT_FALSE(pages[1]->hasFocus());
+    EXPECT_TRUE(QTest::qWaitFor([&clicks] { return clicks == 1; })) << "its pane gets the keyboard again";
+    EXPECT_EQ(tiles.Focus(), 1);
+}
+
 TEST_F(TileAreaTest, AHeaderSelectsGrowsAndCloses) {
     Show(u"h(1 2)");
     auto& second = Header(QStringLiteral("Title 2"));
