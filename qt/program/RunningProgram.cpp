@@ -114,20 +114,23 @@ void RunningProgram::Parts::FollowGroups() {
     main.Groups().Probe = &probe;
     main.Groups().Write.ConnectForLife([this](const GroupCommands::Writing& writing) {
         const auto written = [ended = writing.ended](const GroupOutput::Result& result) {
-            ended(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
+            std::vector<Text> left;
+            for (const QString& each : result.left) left.push_back(FromQt(each));
+            ended(FromQt(result.refusal), left);
         };
         const auto progress = [writing](const GroupOutput::Progress& so) {
             so.making ? writing.made(static_cast<int>(so.done)) : writing.fetched(so.done, so.all);
         };
         const bool tabs = writing.group.empty();
         const auto pages = tabs ? GroupOutput::Pages() : GroupOutput::UnopenedPages(writing.group);
+        const GroupOutput::Told told{written, progress, writing.stop};
         switch (writing.what) {
         case GroupCommands::Writes::Pdf:
-            return scripts.Output().Pdf(pages, ToQt(writing.path), {written, progress});
+            return scripts.Output().Pdf(pages, ToQt(writing.path), told);
         case GroupCommands::Writes::Offline:
-            return scripts.Output().Keep(pages, ToQt(writing.path), {written, progress});
+            return scripts.Output().Keep(pages, ToQt(writing.path), told);
         case GroupCommands::Writes::Print:
-            return print.Print(pages, {written, progress});
+            return print.Print(pages, told);
         }
     });
 }
