@@ -35,8 +35,9 @@ public:
     std::unique_ptr<BrowserView> Create(std::int16_t Index, BrowserViewEvents& events, Privacy privacy) override;
     /// From now on views may load. Called once the window is on the screen.
     void Start();
-    /// Ends the pages' profiles; no view may be left. Called before the application ends.
-    void Shutdown();
+    /// Ends the pages' profiles; no view may be left. Called before the application ends. False when a page does not
+    /// end: then the process has to end before the application does.
+    bool Shutdown();
 
     [[nodiscard]] qt::Profiles& Profiles() { return m_profiles; }
     [[nodiscard]] qt::Schedule& Schedule() { return m_schedule; }

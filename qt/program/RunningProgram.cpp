@@ -213,7 +213,7 @@ int RunningProgram::Run() {
     if (!m_unloaded) std::_Exit(EXIT_FAILURE);
     m->scripts.Shutdown();
     m->downloads.Shutdown();
-    m->engine.Shutdown();
+    if (!m->engine.Shutdown()) m->desktop.SkipEndOfEngine(result);
     return result;
 }
 

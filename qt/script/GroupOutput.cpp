@@ -8,6 +8,7 @@
 #include "qt/base/PathBytes.h"
 #include "qt/base/Strings.h"
 #include "qt/page/PageOutput.h"
+#include "qt/page/WebPage.h"
 
 #include <QTemporaryDir>
 #include <memory>
@@ -116,9 +117,9 @@ void GroupOutput::Pdf(const Pages& pages, const QString& file, const Told& told)
     const auto job = Begin(told);
     job->folder = std::make_unique<QTemporaryDir>();
     const auto step = [this, job](const ScriptTab& tab, const std::function<void()>& next) {
-        const auto take = [job, tab, next](const QByteArray& pdf) {
+        const auto take = [job, tab, next](const PrintedPage& printed) {
             const QString part = job->folder->filePath(QStringLiteral("%1.pdf").arg(job->parts.size()));
-            const std::string_view bytes(pdf.constData(), static_cast<std::size_t>(pdf.size()));
+            const std::string_view bytes(printed.pdf.constData(), static_cast<std::size_t>(printed.pdf.size()));
             if (!bytes.empty() && WriteWholeFile(PathBytes(part), bytes) == Outcome::Done)
                 job->parts.push_back({part, QString::fromStdString(tab.title), AddressIn(tab)});
             else

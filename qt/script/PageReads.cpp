@@ -6,6 +6,7 @@
 #include "qt/page/WebPageLife.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QImage>
 #include <QPixmap>
 #include <QPointer>
@@ -155,9 +156,18 @@ void PageReads::Sleep(std::int32_t index) {
     if (auto* life = view ? view->Life() : nullptr) ResumeNext(life->Sleep());
 }
 
+// What is written too late nobody wants any more.
 void PageReads::Keep(std::int32_t index, const QString& file, const std::function<void(bool)>& kept) {
     auto* page = Find(index);
-    page ? m_engine.Output().Documents().SaveWhole(*page, file, kept) : kept(false);
+    if (!page) return kept(false);
+    const auto listener = std::make_shared<std::function<void(bool)>>(kept);
+    QTimer::singleShot(m_patience, &m_engine, [listener] {
+        if (const auto once = std::exchange(*listener, {})) once(false);
+    });
+    m_engine.Output().Documents().SaveWhole(*page, file, [listener, file](bool came) {
+        if (const auto once = std::exchange(*listener, {})) return once(came);
+        if (came) QFile::remove(file);
+    });
 }
 
 void PageReads::Text(std::int32_t index, const std::function<void(const QString&)>& read) {
@@ -168,9 +178,9 @@ void PageReads::Html(std::int32_t index, const std::function<void(const QString&
     if (auto* page = Find(index)) page->toHtml(read);
 }
 
-void PageReads::Pdf(std::int32_t index, const std::function<void(const QByteArray&)>& read) {
+void PageReads::Pdf(std::int32_t index, const std::function<void(const PrintedPage&)>& read) {
     auto* page = Find(index);
-    page ? m_engine.Output().BringAsPdf(*page, read) : read({});
+    page ? m_engine.Output().BringAsPdf(*page, m_patience, read) : read({});
 }
 
 void PageReads::Screenshot(std::int32_t index, const std::function<void(const QByteArray&)>& read) {
