@@ -100,7 +100,7 @@ void ReadPages::Loads(std::int32_t index) {
     Followed& followed = m_pages[index];
     if (followed.document == 0) followed.document = ++m_documents;
     followed.page.Loaded = true;
-    followed.loaded = Now();
+    followed.loaded = m_lastLoaded = Now();
     followed.due = followed.loaded + kRest;
     if (index == m_front) See(index);
     ScheduleNext();
@@ -142,7 +142,7 @@ void ReadPages::Look() {
     if (!Now) return;
     ForgetClosed();
     const Time now = Now();
-    const bool loads = AnyLoads();
+    const bool loads = AnyLoads() || now < m_lastLoaded + kRest;
     std::vector<std::int32_t> due;
     for (auto& [index, followed] : m_pages) {
         if (followed.due.count() == 0 || followed.due > now) continue;

@@ -22,7 +22,7 @@ class ReadPages {
 public:
     using Time = std::chrono::milliseconds; ///< on any steady clock
 
-    /// A page that has loaded is left in peace for so long.
+    /// A page that has loaded, or beside which another has, is left in peace for so long.
     static constexpr Time kRest{1000};
     /// While others load it waits, but no longer than this.
     static constexpr Time kPatience{15000};
@@ -139,6 +139,7 @@ private:
     HistoryOptions m_options;
     std::map<std::int32_t, Followed> m_pages;
     std::int32_t m_front = 0;
+    Time m_lastLoaded{0}; ///< when any page did
     std::uint64_t m_documents = 0;
     bool m_limited = false; ///< the store knows how much it may keep
     /// Ends with this object; the store may answer later.
