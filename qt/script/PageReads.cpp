@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QPixmap>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QWebEngineScript>
 #include <QWebEngineView>
@@ -112,6 +113,12 @@ void GrabSeen(const QPointer<PaintWatch>& watch, int looks, const std::function<
     QTimer::singleShot(kBetween, watch, [watch, looks, read] { GrabSeen(watch, looks - 1, read); });
 }
 
+// What marks passages is ours, not the page's.
+QString WithoutMarks(QString html) {
+    static const QRegularExpression s_marks(QStringLiteral("<tessa-marks [^>]*></tessa-marks>"));
+    return html.remove(s_marks);
+}
+
 } // namespace
 
 WebPage* PageReads::Find(std::int32_t index) const {
@@ -175,7 +182,7 @@ void PageReads::Text(std::int32_t index, const std::function<void(const QString&
 }
 
 void PageReads::Html(std::int32_t index, const std::function<void(const QString&)>& read) {
-    if (auto* page = Find(index)) page->toHtml(read);
+    if (auto* page = Find(index)) page->toHtml([read](const QString& html) { read(WithoutMarks(html)); });
 }
 
 void PageReads::Pdf(std::int32_t index, const std::function<void(const PrintedPage&)>& read) {

@@ -276,6 +276,19 @@ TEST_F(PageDocuments, OfAGroupThatIsNotOpenAreTakenAsTheyAre) {
     EXPECT_TRUE(downloads.All().empty());
 }
 
+TEST_F(PageDocuments, AreReadWithoutTheMarksOfFoundPassages) {
+    server.Page(QStringLiteral("/page"), "<title>page</title><p>words</p>");
+    Visit(QStringLiteral("/page"));
+    Front().Reading()->ShowPassages({u"words"}, 0);
+    ASSERT_TRUE(
+        WaitUntil([this] { return Script(QStringLiteral("!!document.querySelector('tessa-marks')")) == u"true"; }));
+    PageReads reads(desk.engine);
+    const auto html = std::make_shared<QString>();
+    reads.Html(desk.main->pcPage.SelectedItem()->Tag, [html](const QString& read) { *html = read; });
+    ASSERT_TRUE(WaitUntil([&html] { return html->contains(u"words"); }));
+    EXPECT_FALSE(html->contains(u"tessa-marks")) << html->toStdString();
+}
+
 /// Some pages become one PDF. One of them waits for a server that does not answer, as soon as it is printed.
 class StuckPages : public PageDocuments {
 protected:
