@@ -1,14 +1,32 @@
 #include "groups/GroupCommands.h"
 
 #include "base/Address.h"
+#include "base/PlainText.h"
 #include "groups/frmGroupCheck.h"
 #include "settings/InternetSettings.h"
 #include "tabs/OpenTabs.h"
 #include "tabs/TabKeys.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace tessa {
+
+namespace {
+
+constexpr std::size_t kLongestMissing = 200;
+
+// As many of them as there is room for.
+Text Missing(const std::vector<Text>& left) {
+    if (left.empty()) return {};
+    Text names;
+    for (const Text& each : left) names += (names.empty() ? u"" : u", ") + each;
+    const Text count = left.size() == 1 ? Text(u"1 page") : Decimal(static_cast<std::int64_t>(left.size())) + u" pages";
+    return u" " + count + u" could not be had: " + PlainLine(names, kLongestMissing);
+}
+
+} // namespace
 
 void GroupCommands::AddToTessaGroup(TextView URL, TextView SGFile) {
     const bool added = TessaGroups::Append(SGFile, {Address::WithoutUser(URL)}) == Outcome::Done;
@@ -101,20 +119,24 @@ void GroupCommands::WritePages(Writes what, TextView path, TextView group) {
     const Text done = prints ? Text(u"All pages have been printed.") : NameOf(path) + u" has been saved.";
     if (!prints) m_parts.tabs.Say(doing);
     const auto count = [](std::size_t number) { return Decimal(static_cast<std::int64_t>(number)); };
+    // Who thinks better of it has nothing to stop.
+    const auto begun = std::make_shared<bool>(false);
+    const auto say = [this, doing, begun](const Text& how) {
+        if (!std::exchange(*begun, true)) m_progress.Hold();
+        m_parts.tabs.Say(doing + u": " + how);
+    };
     Write({.what = what,
            .path = Text(path),
            .group = Text(group),
-           .fetched =
-               [this, doing, count](std::size_t fetched, std::size_t all) {
-                   m_parts.tabs.Say(doing + u": " + count(fetched) + u" of " + count(all) + u" pages");
-               },
-           .made = [this, doing](int percent) { m_parts.tabs.Say(doing + u": " + Decimal(percent) + u" %"); },
+           .fetched = [say, count](std::size_t fetched,
+                                   std::size_t all) { say(count(fetched) + u" of " + count(all) + u" pages"); },
+           .made = [say](int percent) { say(Decimal(percent) + u" %"); },
            .ended =
-               [this, done, count](const Text& refusal, std::size_t left) {
-                   if (!refusal.empty()) return m_parts.tabs.Say(refusal);
-                   const Text missing = u" " + count(left) + (left == 1 ? u" page" : u" pages") + u" could not be had.";
-                   m_parts.tabs.Say(done + (left > 0 ? missing : Text()));
-               }});
+               [this, done, begun](const Text& refusal, const std::vector<Text>& left) {
+                   if (std::exchange(*begun, false)) m_progress.Release();
+                   m_parts.tabs.Say(refusal.empty() ? done + Missing(left) : refusal);
+               },
+           .stop = &Stops});
 }
 
 class GroupCommands::Unasked final : public MessageBoxes {

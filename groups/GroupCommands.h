@@ -62,8 +62,10 @@ public:
         std::function<void(std::size_t done, std::size_t all)> fetched;
         /// All pages are there, and so much of the whole is made of them.
         std::function<void(int percent)> made;
-        /// It is over: why nothing was written, a sentence or nothing, and how many pages are missing.
-        std::function<void(const Text& refusal, std::size_t left)> ended;
+        /// It is over: why nothing was written, a sentence or nothing, and which pages are missing.
+        std::function<void(const Text& refusal, const std::vector<Text>& left)> ended;
+        /// Its user wants no more of it.
+        Signal<void()>* stop;
     };
     /// Does what `WriteTabs` and `WriteGroup` are to do, later. Tells nothing at all when its user thinks better of it.
     Signal<void(const Writing&)> Write;

@@ -280,6 +280,7 @@ void GroupOpening::Restore(const KeptGroups& kept, const std::vector<std::int32_
 void GroupOpening::StopAll() {
     // First, because a page that is stopped says that it is done.
     m_progress.Stop();
+    Stops();
     for (const OpenTab open : OpenTabs(m_parts.pcPage, m_parts.Browser)) {
         m_parts.pcPage.SetQueued(&open.Item, false);
         if (!open.View) continue;

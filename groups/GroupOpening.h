@@ -61,8 +61,11 @@ public:
 
     /// The view's page has loaded, or its tab is being closed.
     void PageDone(std::int32_t index);
-    /// Stops every page that loads or waits to load. The tabs stay, and a refresh shows what they were to load.
+    /// Stops every page that loads or waits to load, and what else `Stops`. The tabs stay, and a refresh shows what
+    /// they were to load.
     void StopAll();
+    /// Whatever goes on beside the pages is to stop, too.
+    Signal<void()> Stops;
 
     /// The group that the view was opened from, by the path of its file; empty for none.
     [[nodiscard]] Text GroupOf(std::int32_t index) const { return m_parts.tabGroups.PathOf(index); }
@@ -83,6 +86,7 @@ protected:
     [[nodiscard]] static GroupSource FileAt(TextView path);
 
     Parts m_parts;
+    LoadProgress m_progress;
 
 private:
     /// An address to open, and the group that it stands in.
@@ -127,7 +131,6 @@ private:
     [[nodiscard]] static GroupSource FileAt(TextView path, const GroupPlan& plan);
     void ApplyTextSize(std::int32_t index);
 
-    LoadProgress m_progress;
     std::vector<std::int32_t> m_opened; ///< by the last command
     /// A group that the last command opens.
     struct Opening {

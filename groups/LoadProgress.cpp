@@ -16,9 +16,19 @@ void LoadProgress::Done(std::int32_t index) {
 }
 
 void LoadProgress::Stop() {
-    if (m_sbStatus.StopAll.Visible()) m_sbStatus.SimpleText = u"Stopped: " + Count();
+    if (Counts()) m_sbStatus.SimpleText = u"Stopped: " + Count();
     m_loading.clear();
-    m_sbStatus.StopAll.Visible = false;
+    m_sbStatus.StopAll.Visible = m_held > 0;
+}
+
+void LoadProgress::Hold() {
+    ++m_held;
+    m_sbStatus.StopAll.Visible = true;
+}
+
+void LoadProgress::Release() {
+    --m_held;
+    m_sbStatus.StopAll.Visible = Counts() || m_held > 0;
 }
 
 Text LoadProgress::Count() const {
@@ -27,7 +37,7 @@ Text LoadProgress::Count() const {
 }
 
 void LoadProgress::Show() {
-    m_sbStatus.StopAll.Visible = Loading() && m_all >= kMany;
+    m_sbStatus.StopAll.Visible = Counts() || m_held > 0;
     if (m_all >= kMany) m_sbStatus.SimpleText = Count();
 }
 

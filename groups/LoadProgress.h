@@ -25,15 +25,21 @@ public:
     /// The user wants no more of it: no page is followed any more.
     void Stop();
 
+    /// Something else goes on that can be stopped, or does no more.
+    void Hold();
+    void Release();
+
     [[nodiscard]] bool Loading() const { return !m_loading.empty(); }
 
 private:
+    [[nodiscard]] bool Counts() const { return Loading() && m_all >= kMany; }
     void Show();
     [[nodiscard]] Text Count() const;
 
     StatusBar& m_sbStatus;
     std::unordered_set<std::int32_t> m_loading;
     std::size_t m_all = 0;
+    int m_held = 0; ///< how much else goes on
 };
 
 } // namespace tessa

@@ -27,7 +27,14 @@ const ReadPages::Page* ReadPages::Find(std::int32_t index) const {
 
 bool ReadPages::HasText(std::int32_t index) const {
     const Page* page = Find(index);
-    return page && !page->Address.empty();
+    return page && (!page->Address.empty() || !page->Glanced.empty());
+}
+
+const std::vector<Passage>& ReadPages::TextOf(std::int32_t index) const {
+    static const std::vector<Passage> s_none;
+    const Page* page = Find(index);
+    if (!page) return s_none;
+    return page->Address.empty() ? page->Glanced : page->Passages;
 }
 
 Tab* ReadPages::TabOf(std::int32_t index) const {
@@ -92,7 +99,7 @@ void ReadPages::Loads(std::int32_t index) {
     Followed& followed = m_pages[index];
     if (followed.document == 0) followed.document = ++m_documents;
     followed.page.Loaded = true;
-    followed.loaded = Now();
+    followed.loaded = m_lastLoaded = Now();
     followed.due = followed.loaded + kRest;
     if (index == m_front) See(index);
     ScheduleNext();
@@ -133,7 +140,7 @@ bool ReadPages::AnyLoads() const {
 void ReadPages::Look() {
     ForgetClosed();
     const Time now = Now();
-    const bool loads = AnyLoads();
+    const bool loads = AnyLoads() || now < m_lastLoaded + kRest;
     std::vector<std::int32_t> due;
     for (auto& [index, followed] : m_pages) {
         if (followed.due.count() == 0 || followed.due > now) continue;
@@ -144,8 +151,13 @@ void ReadPages::Look() {
         followed.due = Time{0};
         due.push_back(index);
     }
-    for (const std::int32_t index : due) ReadToRemember(index);
+    for (const std::int32_t index : due) ReadAtRest(index);
     ScheduleNext();
+}
+
+void ReadPages::ReadAtRest(std::int32_t index) {
+    const bool onlySearched = m_options.Nothing && m_pages[index].searched;
+    onlySearched ? static_cast<void>(Ask(index, Use::Search)) : ReadToRemember(index);
 }
 
 void ReadPages::ForgetClosed() {
@@ -157,18 +169,45 @@ void ReadPages::ReadToRemember(std::int32_t index) {
     if (!m_options.Nothing) Ask(index, Use::Remember);
 }
 
-void ReadPages::ReadNow(std::int32_t index) { Ask(index, Use::Search); }
+bool ReadPages::ReadNow(std::int32_t index) { return HasText(index) ? Ask(index, Use::Search) : Glance(index); }
 
-void ReadPages::Ask(std::int32_t index, Use use) {
+PageReading* ReadPages::ReadingOf(std::int32_t index) const {
+    const Page* page = Find(index);
+    const ArrayView* view = m_parts.Browser.Find(index);
+    const bool isThere = page && page->Loaded && view && HasPageToRead(view->Control->LocationURL());
+    return isThere ? view->Control->Reading() : nullptr;
+}
+
+bool ReadPages::Ask(std::int32_t index, Use use) {
+    auto* reading = ReadingOf(index);
+    if (!reading) return false;
+    const std::uint64_t document = m_pages.at(index).document;
+    reading->ReadText([this, alive = std::weak_ptr(m_alive), index, document, use](const Text& gathered) {
+        if (!alive.expired()) OnText(index, document, use, gathered);
+    });
+    return true;
+}
+
+bool ReadPages::Glance(std::int32_t index) {
+    auto* reading = ReadingOf(index);
+    if (!reading) return false;
+    const std::uint64_t document = m_pages.at(index).document;
+    reading->GlanceAtText([this, alive = std::weak_ptr(m_alive), index, document](const Text& gathered) {
+        if (!alive.expired()) OnGlance(index, document, gathered);
+    });
+    return true;
+}
+
+// It may have been read meanwhile, which is better.
+void ReadPages::OnGlance(std::int32_t index, std::uint64_t document, TextView gathered) {
     const auto found = m_pages.find(index);
-    ArrayView* view = m_parts.Browser.Find(index);
-    if (found == m_pages.end() || !view || !found->second.page.Loaded) return;
-    auto* reading = view->Control->Reading();
-    if (!reading || !HasPageToRead(view->Control->LocationURL())) return;
-    reading->ReadText(
-        [this, alive = std::weak_ptr(m_alive), index, document = found->second.document, use](Text gathered) {
-            if (!alive.expired()) OnText(index, document, use, gathered);
-        });
+    if (found == m_pages.end() || found->second.document != document || !found->second.page.Address.empty()) return;
+    Followed& followed = found->second;
+    followed.page.Glanced = Passages::Read(gathered).Passages;
+    followed.searched = true;
+    if (followed.due.count() == 0) followed.due = Now() + kRest;
+    ScheduleNext();
+    Changed(index);
 }
 
 } // namespace tessa

@@ -21,7 +21,7 @@ class ReadPages {
 public:
     using Time = SteadyClock::Time;
 
-    /// A page that has loaded is left in peace for so long.
+    /// A page that has loaded, or beside which another has, is left in peace for so long.
     static constexpr Time kRest{1000};
     /// While others load it waits, but no longer than this.
     static constexpr Time kPatience{15000};
@@ -42,6 +42,7 @@ public:
     struct Page {
         Text Address{}; ///< of the document that was read; empty before
         std::vector<Passage> Passages{};
+        std::vector<Passage> Glanced{}; ///< what was seen of it at a glance, until it was read
         PageNews News{};
         bool WasReadBefore = false; ///< then it is known whether anything is new
         bool Loaded = false;
@@ -74,9 +75,12 @@ public:
     /// Marks what is new in the page of that view, and brings the next new passage into sight. Returns its number, from
     /// 1; 0 without any.
     std::size_t ShowNextNews(std::int32_t index);
-    /// Has the page of that view read now, if it is awake; `Changed` tells when that is done. Nobody has visited it by
-    /// that, so what is remembered stays as it is.
-    void ReadNow(std::int32_t index);
+    /// Has the page of that view read now; `Changed` tells when that is done. One that was not read before is glanced
+    /// at, and read when it rests. Nobody has visited it by that, so what is remembered stays as it is. False for a
+    /// page that cannot be asked.
+    bool ReadNow(std::int32_t index);
+    /// What the page of that view says, as far as it is known.
+    [[nodiscard]] const std::vector<Passage>& TextOf(std::int32_t index) const;
 
     /// Has `Look` called once after that time, instead of when it was asked for before.
     Signal<void(Time)> Schedule;
@@ -99,18 +103,23 @@ private:
         PageAsRead before;
         std::vector<Text> news; ///< the new passages
         bool asksPassword = false;
+        bool searched = false;     ///< somebody searches in it
         std::size_t shownNews = 0; ///< which new passage was brought into sight last, from 1
     };
 
     /// What a page is read for.
     enum class Use { Search, Remember };
-    void Ask(std::int32_t index, Use use);
+    bool Ask(std::int32_t index, Use use);
+    bool Glance(std::int32_t index);
+    void OnGlance(std::int32_t index, std::uint64_t document, TextView gathered);
+    [[nodiscard]] PageReading* ReadingOf(std::int32_t index) const;
     void OnText(std::int32_t index, std::uint64_t document, Use use, TextView gathered);
     void OnKnown(std::int32_t index, std::uint64_t document, const std::vector<HistoryEntry>& entries);
     void Judge(std::int32_t index, Followed& followed);
     void ShowNews(std::int32_t index, const Followed& followed);
     /// Where nothing is remembered, a page is read only when somebody searches in it.
     void ReadToRemember(std::int32_t index);
+    void ReadAtRest(std::int32_t index);
     void See(std::int32_t index);
     void Keep(std::int32_t index, Followed& followed, const std::optional<PageAsRead>& asRead);
     /// What is known of the visit but for the text.
@@ -127,6 +136,7 @@ private:
     HistoryOptions m_options;
     std::map<std::int32_t, Followed> m_pages;
     std::int32_t m_front = 0;
+    Time m_lastLoaded{0}; ///< when any page did
     std::uint64_t m_documents = 0;
     bool m_limited = false; ///< the store knows how much it may keep
     /// Ends with this object; the store may answer later.

@@ -26,6 +26,7 @@ void ReadPages::OnText(std::int32_t index, std::uint64_t document, Use use, Text
     GatheredText read = Passages::Read(gathered);
     followed.page.Address = std::move(read.Address);
     followed.page.Passages = std::move(read.Passages);
+    followed.page.Glanced.clear();
     // Once it has asked for one, what comes behind that is nobody else's business either.
     followed.asksPassword = followed.asksPassword || read.AsksPassword;
     const bool keeps = use == Use::Remember && KeptOf(index, followed) != Kept::Nothing;

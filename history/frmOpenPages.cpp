@@ -32,33 +32,43 @@ void frmOpenPages::Open() {
     txtWords.SetFocus();
 }
 
-// Each page is read as it is now; those that were not read in this run are as they are remembered.
+// Each page is read as it is now; those that cannot be asked and were not read in this run are as they are remembered.
 void frmOpenPages::Form_Load() {
-    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) m_pages.ReadNow(open.Index());
-    LoadUnread();
+    m_remembered.clear();
+    m_found.clear();
+    std::multimap<Text, std::int32_t> unread;
+    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
+        const auto* life = open.Life();
+        const bool asked = m_pages.ReadNow(open.Index()) && !(life && life->Asleep());
+        if (asked || open.Private() || m_pages.HasText(open.Index())) continue;
+        if (const auto address = HistoryRules::KeptAddress(open.Address())) unread.emplace(*address, open.Index());
+    }
+    if (!unread.empty()) LoadUnread(unread);
     Show();
 }
 
-void frmOpenPages::LoadUnread() {
-    m_remembered.clear();
-    m_found.clear();
-    for (const OpenTab open : OpenTabs(m_pcPage, m_browser)) {
-        if (open.Private() || m_pages.HasText(open.Index())) continue;
-        const auto address = HistoryRules::KeptAddress(open.Address());
-        if (!address) continue;
-        const auto answer = [this, alive = std::weak_ptr(m_alive),
-                             index = open.Index()](const std::vector<HistoryEntry>& entries) {
-            if (alive.expired() || entries.empty()) return;
-            m_remembered[index] = Passages::FromBytes(entries.front().Passages);
-            Changed(index);
-        };
-        m_store.Load({*address}, answer);
+void frmOpenPages::LoadUnread(const std::multimap<Text, std::int32_t>& views) {
+    std::vector<Text> addresses;
+    for (const auto& [address, index] : views)
+        if (addresses.empty() || addresses.back() != address) addresses.push_back(address);
+    m_store.Load(addresses, [this, alive = std::weak_ptr(m_alive), views](const std::vector<HistoryEntry>& entries) {
+        if (!alive.expired()) Remember(views, entries);
+    });
+}
+
+void frmOpenPages::Remember(const std::multimap<Text, std::int32_t>& views, const std::vector<HistoryEntry>& entries) {
+    for (const HistoryEntry& entry : entries) {
+        const auto [first, last] = views.equal_range(entry.Address);
+        for (auto view = first; view != last; ++view) {
+            m_remembered[view->second] = Passages::FromBytes(entry.Passages);
+            Changed(view->second);
+        }
     }
 }
 
 const std::vector<Passage>& frmOpenPages::PassagesOf(std::int32_t index) const {
     static const std::vector<Passage> none;
-    if (m_pages.HasText(index)) return m_pages.Find(index)->Passages;
+    if (m_pages.HasText(index)) return m_pages.TextOf(index);
     const auto found = m_remembered.find(index);
     return found == m_remembered.end() ? none : found->second;
 }

@@ -50,7 +50,8 @@ public:
 
 private:
     void Form_Load();
-    void LoadUnread();
+    void LoadUnread(const std::multimap<Text, std::int32_t>& views);
+    void Remember(const std::multimap<Text, std::int32_t>& views, const std::vector<HistoryEntry>& entries);
     [[nodiscard]] const std::vector<Passage>& PassagesOf(std::int32_t index) const;
     /// What was found in a page.
     struct Found {

@@ -14,6 +14,8 @@ public:
     /// Answers later, or never, with what the page says now: a line "u" with its address, then lines as `Passages` has
     /// them. A page that sleeps is not woken, and does not answer.
     virtual void ReadText(std::function<void(Text)> answer) = 0;
+    /// The same at a glance, for who cannot wait: all lines are words, and what stands in a tree of its own is missing.
+    virtual void GlanceAtText(std::function<void(Text)> answer) = 0;
     /// Marks these passages in the page, instead of those marked before, and brings that one into sight, counted from
     /// 0. Passages that are not there any more are left out. None takes the marks off.
     virtual void ShowPassages(const std::vector<Text>& passages, std::size_t first) = 0;

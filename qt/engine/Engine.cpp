@@ -30,9 +30,9 @@ void Engine::Start() {
     m_schedule.Start();
 }
 
-void Engine::Shutdown() {
+bool Engine::Shutdown() {
     Must(m_views.empty());
-    m_profiles.Shutdown();
+    return m_profiles.Shutdown();
 }
 
 WebPage* Engine::FrontPage() const {

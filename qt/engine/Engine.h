@@ -36,8 +36,9 @@ public:
     [[nodiscard]] bool PagesWait() const override { return m_schedule.PagesWait(); }
     /// From now on views may load. Called once the window is on the screen.
     void Start();
-    /// Ends the pages' profiles; no view may be left. Called before the application ends.
-    void Shutdown();
+    /// Ends the pages' profiles; no view may be left. Called before the application ends. False when a page does not
+    /// end: then the process has to end before the application does.
+    bool Shutdown();
 
     [[nodiscard]] qt::Profiles& Profiles() { return m_profiles; }
     [[nodiscard]] qt::Schedule& Schedule() { return m_schedule; }

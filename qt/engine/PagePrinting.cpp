@@ -27,32 +27,39 @@ void PagePrinting::SetPage(ViewPage* page) {
 
 Outcome PagePrinting::Print() {
     if (!m_page || m_page->Life()->Asleep()) return Outcome::Failed;
-    return m_view.services.output.Print(m_page->Page(), m_view.services.pageArea);
+    m_view.services.output.Print(m_page->Page(), m_view.services.pageArea);
+    return Outcome::Done;
 }
 
 void PagePrinting::Preview() {
     const QPointer<PagePrinting> self(this);
     // A PDF is its own preview.
-    const bool isPdf = m_view.services.output.FetchPdf(m_page->Page(), [self](const QByteArray& pdf) {
-        if (self) self->PreviewSoon(pdf);
+    const auto fetched = [self](const QByteArray& pdf) {
+        if (self) self->PreviewSoon({pdf});
+    };
+    m_view.services.output.FetchPdf(m_page->Page(), fetched, [self] {
+        if (self && self->m_page) self->PrintToPreview();
     });
-    if (!isPdf && self && m_page) PrintToPreview();
 }
 
 void PagePrinting::PrintToPreview() {
     // Else stopping the load, which closing the tab does, would crash the engine.
     m_previewsLater = m_where.stage.Busy();
     if (m_previewsLater) return;
-    m_page->Page().Print(m_view.services.output.Layout(), [self = QPointer<PagePrinting>(this)](const QByteArray& pdf) {
-        if (self) self->PreviewSoon(pdf);
-    });
+    PageOutput& output = m_view.services.output;
+    m_page->Page().Print(output.Layout(), PageOutput::kPrintPatience,
+                         [self = QPointer<PagePrinting>(this)](const PrintedPage& printed) {
+                             if (self) self->PreviewSoon(printed);
+                         });
 }
 
 // Queued: the engine is in the middle of telling.
-void PagePrinting::PreviewSoon(const QByteArray& pdf) {
-    if (pdf.isEmpty()) return;
+void PagePrinting::PreviewSoon(const PrintedPage& printed) {
+    const PageOutput& output = m_view.services.output;
+    if (!printed.answered) return output.Say(QStringLiteral("The page does not answer. No preview was made."));
+    if (printed.pdf.isEmpty()) return output.Say(QStringLiteral("The preview could not be made."));
     QMetaObject::invokeMethod(
-        this, [this, pdf] { OpenPreview(pdf); }, Qt::QueuedConnection);
+        this, [this, pdf = printed.pdf] { OpenPreview(pdf); }, Qt::QueuedConnection);
 }
 
 void PagePrinting::OpenPreview(const QByteArray& pdf) {

@@ -17,6 +17,7 @@ class PageSurface;
 class PreviewBar;
 class ViewPage;
 class Whereabouts;
+struct PrintedPage;
 
 /// Prints a view's page, and shows beforehand what that gives. A preview is a PDF in a view of its own, with a bar
 /// above it.
@@ -49,7 +50,7 @@ public:
 private:
     [[nodiscard]] bool ShowsPreview() const;
     void PrintToPreview();
-    void PreviewSoon(const QByteArray& pdf);
+    void PreviewSoon(const PrintedPage& printed);
     void OpenPreview(const QByteArray& pdf);
     void MakeBar();
     void DropBar();

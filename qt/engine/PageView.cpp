@@ -67,7 +67,8 @@ Outcome PageView::ExecWB(BrowserCommand command) {
     PageOutput& output = m_self.services.output;
     switch (command) {
     case BrowserCommand::SaveAs:
-        return output.SaveAs(m_page->Page(), m_self.services.pageArea);
+        output.SaveAs(m_page->Page(), m_self.services.pageArea);
+        return Outcome::Done;
     case BrowserCommand::Print:
         return m_printing.Print();
     case BrowserCommand::PrintPreview:

@@ -90,9 +90,11 @@ void Profiles::End(WebPage& page) {
     page.End();
 }
 
-void Profiles::Shutdown() {
+bool Profiles::Shutdown() {
     // Pages end later than their views; the profile must outlive them. One that is being printed takes its time.
-    const auto ended = [this] { return std::ranges::all_of(m_ending, &QPointer<WebPage>::isNull); };
+    const auto ended = [this] {
+        return std::ranges::all_of(m_ending, [](const auto& page) { return !page || page->PrintsForEver(); });
+    };
     const QDeadlineTimer patience(kEndPatience);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     while (!ended() && !patience.hasExpired()) {
@@ -101,8 +103,15 @@ void Profiles::Shutdown() {
         wait.exec();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+    // The engine ends the program by a signal when a page goes that it prints, or the profile of that page.
+    if (!std::ranges::all_of(m_ending, &QPointer<WebPage>::isNull)) {
+        (void)m_private.release();
+        (void)m_profile.release();
+        return false;
+    }
     m_private.reset();
     m_profile.reset();
+    return true;
 }
 
 void Profiles::SetLoadOptions(const LoadOptions& options) {

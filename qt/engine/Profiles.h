@@ -46,8 +46,9 @@ public:
     /// A view comes or goes, with a page or without one. What private pages have left behind stays as long as a view.
     void AddView(Privacy privacy);
     void RemoveView(Privacy privacy);
-    /// Waits for the pages to end, and ends the profiles. No view may be left.
-    void Shutdown();
+    /// Waits for the pages to end, and ends the profiles. No view may be left. False when a page does not end: then the
+    /// profiles stay, and the process has to end before the engine does.
+    bool Shutdown();
 
     /// The exceptions for refused certificates. Those of private views end with the last of them.
     [[nodiscard]] AcceptedCertificates& Accepted(Privacy privacy) { return AnswersFor(privacy).certificates; }

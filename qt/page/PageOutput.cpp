@@ -4,13 +4,12 @@
 #include "base/os/AtomicFile.h"
 #include "qt/base/PathBytes.h"
 #include "qt/base/Strings.h"
-#include "qt/page/DocumentKind.h"
 #include "qt/page/DocumentPrinter.h"
 #include "qt/page/StartPageScheme.h"
 #include "qt/page/WebPage.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -24,10 +23,8 @@
 #include <QTimer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
-#include <QWebEngineScript>
 #include <QWebEngineView>
 #include <chrono>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -51,7 +48,7 @@ std::vector<Format> FormatsFor(const DocumentKind& kind) {
 }
 
 // A page that is busy with itself does not say what it is.
-constexpr std::chrono::seconds kTypePatience{1}, kUnseenPatience{20};
+constexpr std::chrono::seconds kTypePatience{1};
 QString AskType() { return QStringLiteral("document.contentType"); }
 
 constexpr qsizetype kLongestName = 80;
@@ -117,33 +114,57 @@ QByteArray PageOutput::PreviewIn(const WebPage& page) {
     return static_cast<const StartPageScheme*>(handler)->PreviewAt(address.path());
 }
 
-// The engine itself has no word for it. Asked in a world of our own, the page cannot answer for it. No click and no key
-// comes in between.
-DocumentKind PageOutput::KindOf(WebPage& page) {
-    QEventLoop wait;
-    const auto type = std::make_shared<std::optional<QString>>();
-    page.runJavaScript(AskType(), QWebEngineScript::ApplicationWorld,
-                       [type, loop = QPointer(&wait)](const QVariant& answer) {
-                           *type = answer.toString();
-                           if (loop) loop->quit();
-                       });
-    QTimer::singleShot(kTypePatience, &wait, &QEventLoop::quit);
-    const QUrl address = page.ShownAddress();
-    if (!*type) wait.exec(QEventLoop::ExcludeUserInputEvents);
-    return DocumentKind::Of(type->value_or(QString()), address);
+// The engine itself has no word for it. Asked in a world of our own, the page cannot answer for it.
+void PageOutput::AskKind(WebPage& page, std::chrono::milliseconds patience, const Known& known) {
+    // What it holds goes with the answer, not with the clock.
+    const auto listener = std::make_shared<Known>(known);
+    const auto tell = [&page, whole = page.Whole(), listener](const QString& type, bool answered) {
+        const Known once = std::exchange(*listener, {});
+        if (!once) return;
+        if (whole.expired()) return once(nullptr, {}, answered);
+        once(&page, DocumentKind::Of(type, page.ShownAddress()), answered);
+    };
+    page.Ask(AskType(), [tell](const QVariant& type) { tell(type.toString(), true); });
+    QTimer::singleShot(patience, &page, [tell] { tell({}, false); });
 }
 
-// Behind a dialog a page may have gone on to something else.
-bool PageOutput::IsStill(WebPage& page, const DocumentKind& kind, const QUrl& address) {
-    const bool sameAddress = page.ShownAddress() == address;
-    const bool isWebPage = KindOf(page).IsWebPage; // the page may be gone afterwards
-    return isWebPage == kind.IsWebPage && (isWebPage || sameAddress);
+// Queued: the engine is in the middle of telling, and a dialog takes its time. Its user may go on until it is there.
+void PageOutput::BeginDialog(WebPage& page, QWidget* parent,
+                             const std::function<void(WebPage&, const DocumentKind&, QWidget*)>& show) {
+    if (m_dialogOpen) return;
+    const auto open = [this, show, alive = QPointer(&page), parent = QPointer(parent),
+                       wish = ++m_wishes](const DocumentKind& kind) {
+        if (m_dialogOpen || wish != m_wishes || !alive || alive->Ended() || !parent) return;
+        m_dialogOpen = true;
+        show(*alive, kind, parent);
+        m_dialogOpen = false;
+    };
+    AskKind(page, kTypePatience, [this, open](const WebPage* asked, const DocumentKind& kind, bool) {
+        if (!asked) return;
+        QMetaObject::invokeMethod(
+            &m_documents, [open, kind] { open(kind); }, Qt::QueuedConnection);
+    });
 }
 
-Outcome PageOutput::SaveAs(WebPage& page, QWidget* parent) {
+// Behind a dialog a page may have gone on to something else. A tab that closes now does not take back what was wanted.
+void PageOutput::WhenStill(WebPage& page, const Shown& before, QWidget* parent, const QString& otherwise,
+                           const std::function<void(WebPage&, QWidget*)>& then) {
+    AskKind(page, kTypePatience,
+            [before, then, otherwise, parent = QPointer(parent)](WebPage* now, const DocumentKind& kind, bool) {
+                if (!now || !parent) return;
+                const bool still = kind.IsWebPage == before.kind.IsWebPage &&
+                                   (kind.IsWebPage || now->ShownAddress() == before.address);
+                still ? then(*now, parent) : TellTrouble(otherwise, parent);
+            });
+}
+
+void PageOutput::SaveAs(WebPage& page, QWidget* parent) {
+    BeginDialog(page, parent,
+                [this](WebPage& asked, const DocumentKind& kind, QWidget* window) { AskWhere(asked, kind, window); });
+}
+
+void PageOutput::AskWhere(WebPage& page, const DocumentKind& kind, QWidget* parent) {
     const QPointer<WebPage> alive(&page);
-    const DocumentKind kind = KindOf(page);
-    if (!alive || alive->Ended()) return Outcome::Failed;
     const QUrl address = page.ShownAddress();
     const std::vector<Format> formats = FormatsFor(kind);
     QFileDialog dialog(parent, QStringLiteral("Save As"),
@@ -155,16 +176,11 @@ Outcome PageOutput::SaveAs(WebPage& page, QWidget* parent) {
     dialog.setDefaultSuffix(formats.front().suffix);
     FollowFormat(dialog, formats);
     dialog.selectFile(kind.IsWebPage ? FileNameFor(page.title()) : kind.Name);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return Outcome::Done;
-    if (!alive || alive->Ended()) return Outcome::Failed;
-    const bool still = IsStill(page, kind, address);
-    if (!alive || alive->Ended()) return Outcome::Failed;
-    if (!still) {
-        TellTrouble(QStringLiteral("The page has changed meanwhile. Nothing was saved."), parent);
-        return Outcome::Done;
-    }
-    Save(page, kind, dialog.selectedFiles().constFirst(), parent);
-    return Outcome::Done;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+    if (!alive || alive->Ended()) return;
+    const QString path = dialog.selectedFiles().constFirst();
+    WhenStill(*alive, {kind, address}, parent, QStringLiteral("The page has changed meanwhile. Nothing was saved."),
+              [this, kind, path](WebPage& now, QWidget* window) { Save(now, kind, path, window); });
 }
 
 void PageOutput::Save(WebPage& page, const DocumentKind& kind, const QString& path, QWidget* parent) {
@@ -184,7 +200,12 @@ void PageOutput::Save(WebPage& page, const DocumentKind& kind, const QString& pa
 // The file is written here: the engine does not survive that the page goes while it writes one.
 void PageOutput::WritePdf(WebPage& page, const QString& path, const QPageLayout& layout, QWidget* parent) {
     Say(QStringLiteral("Saving %1").arg(ShownName(path)));
-    page.Print(layout, [path, told = Ending(path, parent)](const QByteArray& pdf) { told(Write(path, pdf)); });
+    const auto done = [path, told = Ending(path, parent), parent = QPointer(parent)](const PrintedPage& printed) {
+        if (printed.answered) return told(Write(path, printed.pdf));
+        if (parent && parent->isVisible())
+            TellTrouble(QStringLiteral("The page does not answer. %1 was not written.").arg(path), parent);
+    };
+    page.Print(layout, kPrintPatience, done);
 }
 
 std::function<void(bool)> PageOutput::Ending(const QString& path, QWidget* parent) const {
@@ -195,26 +216,26 @@ std::function<void(bool)> PageOutput::Ending(const QString& path, QWidget* paren
     };
 }
 
-Outcome PageOutput::Print(WebPage& page, QWidget* parent) {
+void PageOutput::Print(WebPage& page, QWidget* parent) {
+    BeginDialog(page, parent, [this](WebPage& asked, const DocumentKind& kind, QWidget* window) {
+        AskForPrinter(asked, kind, window);
+    });
+}
+
+void PageOutput::AskForPrinter(WebPage& page, const DocumentKind& kind, QWidget* parent) {
     const QPointer<WebPage> alive(&page);
-    const DocumentKind kind = KindOf(page);
-    if (!alive || alive->Ended()) return Outcome::Failed;
     const QUrl address = page.ShownAddress();
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageLayout(m_layout);
     printer->setDocName(page.title());
     QPrintDialog dialog(printer.get(), parent);
     dialog.setWindowTitle(QStringLiteral("Print"));
-    if (dialog.exec() != QDialog::Accepted) return Outcome::Done;
-    if (!alive || alive->Ended()) return Outcome::Failed;
-    const bool still = IsStill(page, kind, address);
-    if (!alive || alive->Ended()) return Outcome::Failed;
-    if (!still) {
-        TellTrouble(QStringLiteral("The page has changed meanwhile. Nothing was printed."), parent);
-        return Outcome::Done;
-    }
-    kind.IsPdf ? PrintDocument(page, printer, parent) : PrintPage(page, printer, parent);
-    return Outcome::Done;
+    if (dialog.exec() != QDialog::Accepted) return;
+    if (!alive || alive->Ended()) return;
+    WhenStill(*alive, {kind, address}, parent, QStringLiteral("The page has changed meanwhile. Nothing was printed."),
+              [this, isPdf = kind.IsPdf, printer](WebPage& now, QWidget* window) {
+                  isPdf ? PrintDocument(now, printer, window) : PrintPage(now, printer, window);
+              });
 }
 
 void PageOutput::PrintPage(WebPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent) {
@@ -269,30 +290,27 @@ void PageOutput::Fetch(WebPage& page, const std::function<void(const FetchedFile
     m_documents.Save(page, PathIn(folder), [folder, fetched](bool came) { fetched(came ? folder : nullptr); });
 }
 
-bool PageOutput::FetchPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& fetched) {
-    const QPointer<WebPage> alive(&page);
-    if (!KindOf(page).IsPdf || !alive || alive->Ended()) return false;
-    FetchShownPdf(page, fetched);
-    return true;
+void PageOutput::FetchPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& fetched,
+                          const std::function<void()>& otherwise) {
+    AskKind(page, kTypePatience, [this, fetched, otherwise](WebPage* asked, const DocumentKind& kind, bool) {
+        if (!asked) return;
+        kind.IsPdf ? FetchShownPdf(*asked, fetched) : otherwise();
+    });
 }
 
 void PageOutput::FetchShownPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& fetched) {
     Fetch(page, [fetched](const FetchedFile& file) { fetched(file ? WholeFile(PathIn(file)) : QByteArray()); });
 }
 
-// A page that ends meanwhile answers with nothing, and is not touched any more.
-void PageOutput::BringAsPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& brought) {
-    const auto open = std::make_shared<bool>(true);
-    const auto bring = [this, &page, open, brought](const QString& type) {
-        if (!std::exchange(*open, false)) return;
-        const bool isPdf = DocumentKind::Of(type, page.ShownAddress()).IsPdf;
-        isPdf ? FetchShownPdf(page, brought) : page.Print(m_layout, brought);
-    };
-    page.Ask(AskType(), [bring, open, brought](const QVariant& type) {
-        if (type.isValid()) return bring(type.toString());
-        if (std::exchange(*open, false)) brought({});
+void PageOutput::BringAsPdf(WebPage& page, std::chrono::milliseconds patience,
+                            const std::function<void(const PrintedPage& printed)>& brought) {
+    const QDeadlineTimer deadline(patience);
+    // What is not begun need not be ended: the engine cannot be told to stop printing.
+    AskKind(page, patience, [this, deadline, brought](WebPage* asked, const DocumentKind& kind, bool answered) {
+        if (!asked || !answered) return brought({.answered = answered});
+        if (kind.IsPdf) return FetchShownPdf(*asked, [brought](const QByteArray& pdf) { brought({pdf}); });
+        asked->Print(m_layout, std::chrono::milliseconds(deadline.remainingTime()), brought);
     });
-    QTimer::singleShot(kUnseenPatience, &page, [bring] { bring({}); });
 }
 
 } // namespace tessa::qt

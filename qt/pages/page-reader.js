@@ -204,7 +204,10 @@
         addEventListener('resize', place);
         observer = new ResizeObserver(place);
         observer.observe(document.documentElement);
-        return host.attachShadow({ mode: 'closed' });
+        var root = host.attachShadow({ mode: 'closed' }), sheet = new CSSStyleSheet();
+        sheet.replaceSync('@media print { :host { display: none !important; } }');
+        root.adoptedStyleSheets = [sheet];
+        return root;
     }
 
     function compared(text) { return text.replace(/[^\p{L}\p{N}]+/gu, ''); }

@@ -19,6 +19,7 @@
 #include "qt/desktop/SystemSteadyClock.h"
 
 #include <QApplication>
+#include <cstdlib>
 #include <optional>
 
 namespace tessa::qt {
@@ -42,16 +43,29 @@ public:
     [[nodiscard]] InstanceProfile& OwnProfile() { return *m_ownProfile; }
     /// From now on the desktop may ask the program to end.
     [[nodiscard]] EndSignals& FollowSignals() { return m_signals.emplace(); }
+    /// The process will end with that code as soon as everything is saved, and the engine is not torn down.
+    void SkipEndOfEngine(int code) { m_earlyEnd.code = code; }
 
 private:
     /// Chooses how pages are drawn, at its place among the parts.
     struct DrawnAs {
         explicit DrawnAs(SettingsStorageFactory& settings) { DrawingChoice::Choose(settings); }
     };
+    /// Ends the process at its place among the parts, if that is wanted.
+    struct EarlyEnd {
+        EarlyEnd() = default;
+        EarlyEnd(const EarlyEnd&) = delete;
+        EarlyEnd& operator=(const EarlyEnd&) = delete;
+        ~EarlyEnd() {
+            if (code) std::_Exit(*code);
+        }
+        std::optional<int> code{};
+    };
 
     // Outlives the engine, which ends with the application.
     std::optional<InstanceProfile> m_ownProfile;
     QApplication m_qt;
+    EarlyEnd m_earlyEnd;
     ScreenFit m_screenFit;
     // Ends after everything that saves something: a second signal must not cut that short.
     std::optional<EndSignals> m_signals;

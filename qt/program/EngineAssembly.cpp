@@ -65,9 +65,9 @@ void EngineAssembly::Start() {
     engine.Start();
 }
 
-void EngineAssembly::Shutdown() {
+bool EngineAssembly::Shutdown() {
     m_browsingData.Shutdown();
-    engine.Shutdown();
+    return engine.Shutdown();
 }
 
 SiteChoices EngineAssembly::Sites() { return DecidedSites(m_permissions, engine.Profiles().External()); }

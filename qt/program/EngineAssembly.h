@@ -35,8 +35,9 @@ public:
     void Serve(frmMain& main);
     /// Has the engine begin. The window is on the screen by now.
     void Start();
-    /// Ends the profiles; no view may be left.
-    void Shutdown();
+    /// Ends the profiles; no view may be left. False when that cannot be: then the process has to end before the
+    /// engine.
+    [[nodiscard]] bool Shutdown();
     /// What was decided for sites.
     [[nodiscard]] SiteChoices Sites();
 

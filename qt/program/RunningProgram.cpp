@@ -112,20 +112,23 @@ RunningProgram::Parts::Parts(int& argc, char** argv) : desktop(argc, argv) {
 void RunningProgram::Parts::FollowGroups() {
     main.Groups().Write.ConnectForLife([this](const GroupCommands::Writing& writing) {
         const auto written = [ended = writing.ended](const GroupOutput::Result& result) {
-            ended(FromQt(result.refusal), static_cast<std::size_t>(result.left.size()));
+            std::vector<Text> left;
+            for (const QString& each : result.left) left.push_back(FromQt(each));
+            ended(FromQt(result.refusal), left);
         };
         const auto progress = [writing](const GroupOutput::Progress& so) {
             so.making ? writing.made(static_cast<int>(so.done)) : writing.fetched(so.done, so.all);
         };
         const bool tabs = writing.group.empty();
         const auto pages = tabs ? GroupOutput::Pages() : GroupOutput::UnopenedPages(writing.group);
+        const GroupOutput::Told told{written, progress, writing.stop};
         switch (writing.what) {
         case GroupCommands::Writes::Pdf:
-            return scripts.Output().Pdf(pages, ToQt(writing.path), {written, progress});
+            return scripts.Output().Pdf(pages, ToQt(writing.path), told);
         case GroupCommands::Writes::Offline:
-            return scripts.Output().Keep(pages, ToQt(writing.path), {written, progress});
+            return scripts.Output().Keep(pages, ToQt(writing.path), told);
         case GroupCommands::Writes::Print:
-            return print.Print(pages, {written, progress});
+            return print.Print(pages, told);
         }
     });
 }
@@ -208,7 +211,7 @@ int RunningProgram::Run() {
     if (!m_unloaded) std::_Exit(EXIT_FAILURE);
     m->scripts.Shutdown();
     m->downloads.Shutdown();
-    m->engine.Shutdown();
+    if (!m->engine.Shutdown()) m->desktop.SkipEndOfEngine(result);
     return result;
 }
 

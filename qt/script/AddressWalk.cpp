@@ -100,7 +100,7 @@ void AddressWalk::Go(std::vector<Text> addresses, PageSteps steps) {
 }
 
 void AddressWalk::Next(Walk& walk) {
-    if (walk.at == walk.addresses.size()) return End(walk);
+    if (walk.at == walk.addresses.size() || !walk.steps.GoOn()) return End(walk);
     if (walk.steps.progress) walk.steps.progress(walk.at, walk.addresses.size());
     walk.page = std::make_unique<Page>(m_engine, FreeIndex());
     walk.page->Load(walk.addresses[walk.at]);
@@ -109,8 +109,10 @@ void AddressWalk::Next(Walk& walk) {
 }
 
 void AddressWalk::Look(Walk& walk) {
-    if (walk.page->Loads() && !walk.page->Asks() && !walk.patience.hasExpired()) return;
+    const bool stops = !walk.steps.GoOn();
+    if (!stops && walk.page->Loads() && !walk.page->Asks() && !walk.patience.hasExpired()) return;
     walk.look.stop();
+    if (stops) return Leave(walk);
     // The engine brings the title, and whether it is an error's page, a little later.
     m_reads.Settle({walk.page->Number()}, [this, guard = QPointer<QTimer>(&walk.look), &walk] {
         if (guard) Visit(walk);
@@ -119,6 +121,7 @@ void AddressWalk::Look(Walk& walk) {
 
 // A page that shows nothing that was asked for, as one that is saved to a file, is none.
 void AddressWalk::Visit(Walk& walk) {
+    if (!walk.steps.GoOn()) return Leave(walk);
     if (!walk.page->Shows()) return LeaveOut(walk);
     // It may run events, in which all of this ends.
     const PageSteps::Step step = walk.steps.step;

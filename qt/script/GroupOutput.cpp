@@ -8,6 +8,7 @@
 #include "qt/base/PathBytes.h"
 #include "qt/base/Strings.h"
 #include "qt/page/PageOutput.h"
+#include "qt/page/WebPage.h"
 
 #include <QTemporaryDir>
 #include <memory>
@@ -17,23 +18,13 @@ namespace tessa::qt {
 
 namespace {
 
-/// The pages that are there so far, each in a file.
-struct Collected {
-    QTemporaryDir folder;
-    std::vector<PdfBinder::Part> parts;
-    QStringList left;
-};
-
 /// A folder that fills with pages, and the group that is to open them.
 struct Keeping {
     std::string group, folder;
     std::vector<TessaGroups::NumberedAddress> addresses;
-    QStringList left;
 };
 
-void Name(QStringList& left, const std::vector<std::string>& more) {
-    for (const std::string& each : more) left.append(QString::fromStdString(each));
-}
+QString Stopped() { return QStringLiteral("Stopped before it was done. Nothing was written."); }
 
 QString AddressIn(const ScriptTab& tab) { return QString::fromStdString(tab.address); }
 
@@ -45,7 +36,7 @@ QString FileFor(const ScriptTab& tab, std::size_t number) {
 }
 
 /// Makes the folder; why it could not be, a sentence, else empty.
-QString Begin(Keeping& keeping, const QString& group) {
+QString MakeRoom(Keeping& keeping, const QString& group) {
     keeping.group = PathBytes(group);
     if (!IsAbsolute(keeping.group) || !group.endsWith(ToQt(TessaGroups::kExtension)))
         return QStringLiteral("The path of a TessaGroup ends in .tvg: %1").arg(group);
@@ -64,6 +55,31 @@ QString WriteGroup(const Keeping& keeping) {
 
 } // namespace
 
+/// What is being written.
+struct GroupOutput::Job {
+    Told told;
+    bool stopped = false;
+    QStringList left{};           ///< what could not be had
+    std::function<void()> next{}; ///< goes on from the page that is being had
+    std::function<void()> stopsBinding{};
+    std::unique_ptr<QTemporaryDir> folder{}; ///< of a PDF: the pages that are there so far, each in a file
+    std::vector<PdfBinder::Part> parts{};
+    Connection listening{};
+
+    void GoOn() {
+        if (const auto goes = std::exchange(next, {})) goes();
+    }
+    // Whatever the page still answers comes too late.
+    void Stop() {
+        stopped = true;
+        if (stopsBinding) stopsBinding();
+        GoOn();
+    }
+    void Miss(const std::vector<std::string>& more) {
+        for (const std::string& each : more) left.append(QString::fromStdString(each));
+    }
+};
+
 GroupOutput::Pages GroupOutput::UnopenedPages(const Text& group) {
     Pages pages;
     pages.unopened.emplace();
@@ -76,63 +92,83 @@ GroupOutput::Pages GroupOutput::UnopenedPages(const Text& group) {
     return pages;
 }
 
-void GroupOutput::Go(const Pages& pages, PageSteps steps, const Told& told) {
-    if (told.progress)
-        steps.progress = [progress = told.progress](std::size_t done, std::size_t all) { progress({done, all}); };
+std::shared_ptr<GroupOutput::Job> GroupOutput::Begin(const Told& told) {
+    const auto job = std::make_shared<Job>(Job{told});
+    const auto stop = [known = std::weak_ptr(job)] {
+        if (const auto running = known.lock()) running->Stop();
+    };
+    if (told.stop) job->listening = told.stop->Connect(stop);
+    return job;
+}
+
+void GroupOutput::Go(const Pages& pages, PageSteps steps, const std::shared_ptr<Job>& job) {
+    job->left = pages.left;
+    if (job->told.progress)
+        steps.progress = [job](std::size_t done, std::size_t all) { job->told.progress({done, all}); };
+    steps.goesOn = [job] { return !job->stopped; };
+    steps.step = [job, step = std::move(steps.step)](const ScriptTab& page, std::function<void()> next) {
+        job->next = std::move(next);
+        step(page, [job] { job->GoOn(); });
+    };
     pages.unopened ? m_addresses.Go(*pages.unopened, std::move(steps)) : m_tabs.Go(pages.tabs, std::move(steps));
 }
 
 void GroupOutput::Pdf(const Pages& pages, const QString& file, const Told& told) {
-    const auto collected = std::make_shared<Collected>();
-    collected->left = pages.left;
-    const auto step = [this, collected](const ScriptTab& tab, const std::function<void()>& next) {
-        const auto take = [collected, tab, next](const QByteArray& pdf) {
-            const QString part = collected->folder.filePath(QStringLiteral("%1.pdf").arg(collected->parts.size()));
-            const std::string_view bytes(pdf.constData(), static_cast<std::size_t>(pdf.size()));
+    const auto job = Begin(told);
+    job->folder = std::make_unique<QTemporaryDir>();
+    const auto step = [this, job](const ScriptTab& tab, const std::function<void()>& next) {
+        const auto take = [job, tab, next](const PrintedPage& printed) {
+            const QString part = job->folder->filePath(QStringLiteral("%1.pdf").arg(job->parts.size()));
+            const std::string_view bytes(printed.pdf.constData(), static_cast<std::size_t>(printed.pdf.size()));
             if (!bytes.empty() && WriteWholeFile(PathBytes(part), bytes) == Outcome::Done)
-                collected->parts.push_back({part, QString::fromStdString(tab.title), AddressIn(tab)});
+                job->parts.push_back({part, QString::fromStdString(tab.title), AddressIn(tab)});
             else
-                collected->left.append(AddressIn(tab));
+                job->left.append(AddressIn(tab));
             next();
         };
         m_reads.Pdf(static_cast<std::int32_t>(tab.number), take);
     };
-    const auto bind = [this, collected, file, told](const std::vector<std::string>& left) {
-        Name(collected->left, left);
-        const auto bound = [collected, told](const PdfBinder::Bound& done) {
-            told.written({done.refusal, collected->left + done.left});
-        };
-        const auto progress = [told](int percent) {
-            if (told.progress) told.progress({static_cast<std::size_t>(percent), 100, true});
-        };
-        m_work.Bind(collected->parts, file, {bound, progress});
+    const auto bind = [this, job, file](const std::vector<std::string>& left) {
+        job->Miss(left);
+        job->stopped ? job->told.written({Stopped(), job->left}) : Bind(job, file);
     };
-    Go(pages, {step, bind}, told);
+    Go(pages, {step, bind}, job);
+}
+
+void GroupOutput::Bind(const std::shared_ptr<Job>& job, const QString& file) {
+    const auto bound = [job](const PdfBinder::Bound& done) {
+        const bool stopped = job->stopped && !done.refusal.isEmpty();
+        job->told.written({stopped ? Stopped() : done.refusal, job->left + done.left});
+    };
+    const auto progress = [job](int percent) {
+        if (job->told.progress) job->told.progress({static_cast<std::size_t>(percent), 100, true});
+    };
+    job->stopsBinding = m_work.Bind(job->parts, file, {bound, progress});
 }
 
 void GroupOutput::Keep(const Pages& pages, const QString& group, const Told& told) {
     const auto keeping = std::make_shared<Keeping>();
-    keeping->left = pages.left;
-    if (const QString refusal = Begin(*keeping, group); !refusal.isEmpty()) return told.written({refusal, {}});
-    const auto step = [this, keeping](const ScriptTab& tab, const std::function<void()>& next) {
+    if (const QString refusal = MakeRoom(*keeping, group); !refusal.isEmpty()) return told.written({refusal, {}});
+    const auto job = Begin(told);
+    const auto step = [this, keeping, job](const ScriptTab& tab, const std::function<void()>& next) {
         const QString name = FileFor(tab, keeping->addresses.size() + 1);
         const QString file = QFile::decodeName(keeping->folder.c_str()) + QLatin1Char('/') + name;
-        m_reads.Keep(static_cast<std::int32_t>(tab.number), file, [keeping, tab, name, next](bool kept) {
+        m_reads.Keep(static_cast<std::int32_t>(tab.number), file, [keeping, job, tab, name, next](bool kept) {
             const Text beside = PathFromBytes(LastNameOf(keeping->folder)) + u"/" + FromQt(name);
             if (kept)
                 keeping->addresses.push_back({keeping->addresses.size() + 1, beside});
             else
-                keeping->left.append(AddressIn(tab));
+                job->left.append(AddressIn(tab));
             next();
         });
     };
-    const auto write = [keeping, told](const std::vector<std::string>& left) {
-        Name(keeping->left, left);
-        const QString refusal = WriteGroup(*keeping);
+    const auto write = [keeping, job](const std::vector<std::string>& left) {
+        job->Miss(left);
+        const QString refusal = job->stopped ? Stopped() : WriteGroup(*keeping);
         if (!refusal.isEmpty()) ResumeNext(RemoveTree(keeping->folder));
-        told.written({refusal, keeping->left});
+        job->told.written({refusal, job->left});
     };
-    Go(pages, {step, write}, told);
+    Go(pages, {step, write}, job);
 }
 
 } // namespace tessa::qt

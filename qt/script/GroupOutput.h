@@ -1,4 +1,5 @@
 #pragma once
+#include "base/Signal.h"
 #include "qt/script/AddressWalk.h"
 #include "qt/script/PageReads.h"
 #include "qt/script/PdfWork.h"
@@ -7,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -35,6 +37,7 @@ public:
     struct Told {
         Written written;
         std::function<void(const Progress&)> progress{};
+        Signal<void()>* stop = nullptr; ///< says that nobody wants it any more; outlives the writing
     };
 
     /// All outlive it.
@@ -51,7 +54,10 @@ public:
     void Keep(const Pages& pages, const QString& group, const Told& told);
 
 private:
-    void Go(const Pages& pages, PageSteps steps, const Told& told);
+    struct Job;
+    [[nodiscard]] static std::shared_ptr<Job> Begin(const Told& told);
+    void Go(const Pages& pages, PageSteps steps, const std::shared_ptr<Job>& job);
+    void Bind(const std::shared_ptr<Job>& job, const QString& file);
 
     PageReads& m_reads;
     TabWalk& m_tabs;

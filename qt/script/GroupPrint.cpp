@@ -34,7 +34,7 @@ void GroupPrint::Print(const GroupOutput::Pages& pages, const GroupOutput::Told&
             printed({taken ? QString() : refusal, left});
         });
     };
-    m_output.Pdf(pages, file, {print, told.progress});
+    m_output.Pdf(pages, file, {print, told.progress, told.stop});
 }
 
 } // namespace tessa::qt

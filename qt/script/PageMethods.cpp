@@ -3,6 +3,7 @@
 #include "base/os/AtomicFile.h"
 #include "base/os/Paths.h"
 #include "qt/base/Strings.h"
+#include "qt/page/WebPage.h"
 
 #include <string_view>
 
@@ -82,7 +83,9 @@ void PageMethods::ReadHtml(const ScriptCall& call) {
 void PageMethods::WritePdf(const ScriptCall& call) {
     if (!HasPath(call)) return;
     WhenReadable(call, [this, call](std::int32_t index) {
-        m_parts.reads.Pdf(index, [call](const QByteArray& pdf) { WriteTo(call, pdf); });
+        m_parts.reads.Pdf(index, [call](const PrintedPage& printed) {
+            printed.answered ? WriteTo(call, printed.pdf) : call.Refuse(u"The page does not answer.");
+        });
     });
 }
 

@@ -6,9 +6,11 @@
 #include "qt/page/WebPageLife.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QImage>
 #include <QPixmap>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QWebEngineScript>
 #include <QWebEngineView>
@@ -111,6 +113,12 @@ void GrabSeen(const QPointer<PaintWatch>& watch, int looks, const std::function<
     QTimer::singleShot(kBetween, watch, [watch, looks, read] { GrabSeen(watch, looks - 1, read); });
 }
 
+// What marks passages is ours, not the page's.
+QString WithoutMarks(QString html) {
+    static const QRegularExpression s_marks(QStringLiteral("<tessa-marks [^>]*></tessa-marks>"));
+    return html.remove(s_marks);
+}
+
 } // namespace
 
 WebPage* PageReads::Find(std::int32_t index) const {
@@ -155,9 +163,18 @@ void PageReads::Sleep(std::int32_t index) {
     if (auto* life = view ? view->Life() : nullptr) ResumeNext(life->Sleep());
 }
 
+// What is written too late nobody wants any more.
 void PageReads::Keep(std::int32_t index, const QString& file, const std::function<void(bool)>& kept) {
     auto* page = Find(index);
-    page ? m_engine.Output().Documents().SaveWhole(*page, file, kept) : kept(false);
+    if (!page) return kept(false);
+    const auto listener = std::make_shared<std::function<void(bool)>>(kept);
+    QTimer::singleShot(m_patience, &m_engine, [listener] {
+        if (const auto once = std::exchange(*listener, {})) once(false);
+    });
+    m_engine.Output().Documents().SaveWhole(*page, file, [listener, file](bool came) {
+        if (const auto once = std::exchange(*listener, {})) return once(came);
+        if (came) QFile::remove(file);
+    });
 }
 
 void PageReads::Text(std::int32_t index, const std::function<void(const QString&)>& read) {
@@ -165,12 +182,12 @@ void PageReads::Text(std::int32_t index, const std::function<void(const QString&
 }
 
 void PageReads::Html(std::int32_t index, const std::function<void(const QString&)>& read) {
-    if (auto* page = Find(index)) page->toHtml(read);
+    if (auto* page = Find(index)) page->toHtml([read](const QString& html) { read(WithoutMarks(html)); });
 }
 
-void PageReads::Pdf(std::int32_t index, const std::function<void(const QByteArray&)>& read) {
+void PageReads::Pdf(std::int32_t index, const std::function<void(const PrintedPage&)>& read) {
     auto* page = Find(index);
-    page ? m_engine.Output().BringAsPdf(*page, read) : read({});
+    page ? m_engine.Output().BringAsPdf(*page, m_patience, read) : read({});
 }
 
 void PageReads::Screenshot(std::int32_t index, const std::function<void(const QByteArray&)>& read) {

@@ -5,6 +5,7 @@
 #include <QThreadPool>
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace tessa::qt {
@@ -21,10 +22,13 @@ public:
         std::function<void(const PdfBinder::Bound&)> bound;
         std::function<void(int percent)> progress{};
     };
-    void Bind(std::vector<PdfBinder::Part> parts, const QString& file, Told told);
+    /// What it answers stops that one.
+    std::function<void()> Bind(std::vector<PdfBinder::Part> parts, const QString& file, Told told);
 
 private:
-    std::atomic<bool> m_stop = false;
+    using Stop = std::atomic<bool>;
+
+    std::vector<std::weak_ptr<Stop>> m_stops; ///< of those that are not done
     QThreadPool m_thread;
 };
 

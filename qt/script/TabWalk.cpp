@@ -22,9 +22,9 @@ LoadWaits::LoadWaits(const ScriptedWindow& window) : m_window(window) {
     connect(&m_look, &QTimer::timeout, this, &LoadWaits::Look);
 }
 
-bool LoadWaits::When(std::vector<std::uint32_t> numbers, std::function<void()> ready) {
+bool LoadWaits::When(std::vector<std::uint32_t> numbers, std::function<void()> ready, std::function<bool()> goesOn) {
     if (m_waiting.size() >= kMost) return false;
-    m_waiting.push_back({std::move(numbers), std::move(ready)});
+    m_waiting.push_back({std::move(numbers), std::move(ready), std::move(goesOn)});
     m_look.start();
     return true;
 }
@@ -33,7 +33,8 @@ void LoadWaits::Look() {
     std::vector<Waiting> before = std::exchange(m_waiting, {});
     std::vector<std::function<void()>> ready;
     for (Waiting& each : before) {
-        if (m_window.AnyLoading(each.numbers))
+        const bool goesOn = !each.goesOn || each.goesOn();
+        if (goesOn && m_window.AnyLoading(each.numbers))
             m_waiting.push_back(std::move(each));
         else
             ready.push_back(std::move(each.ready));
@@ -60,7 +61,7 @@ void TabWalk::Go(const std::vector<std::uint32_t>& numbers, PageSteps steps) {
 
 void TabWalk::Next(const std::shared_ptr<Walk>& walk) {
     const std::vector<ScriptTab> tabs = m_window.List();
-    while (walk->at < walk->numbers.size()) {
+    while (walk->at < walk->numbers.size() && walk->steps.GoOn()) {
         if (walk->steps.progress) walk->steps.progress(walk->at, walk->numbers.size());
         const auto tab = std::ranges::find(tabs, walk->numbers[walk->at++], &ScriptTab::number);
         // One that was closed meanwhile is nobody's wish any more.
@@ -79,11 +80,11 @@ void TabWalk::Visit(const std::shared_ptr<Walk>& walk, const ScriptTab& tab) {
     const auto visit = [this, walk, number = tab.number, goOn] {
         const std::vector<ScriptTab> tabs = m_window.List();
         const auto now = std::ranges::find(tabs, number, &ScriptTab::number);
-        if (now == tabs.end()) return Next(walk);
+        if (now == tabs.end() || !walk->steps.GoOn()) return goOn();
         walk->steps.step(*now, goOn);
     };
     const auto settle = [this, visit, number = tab.number] { m_reads.Settle({number}, visit); };
-    if (!m_waits.When({tab.number}, settle)) {
+    if (!m_waits.When({tab.number}, settle, walk->steps.goesOn)) {
         walk->left.push_back(tab.address);
         Next(walk);
     }

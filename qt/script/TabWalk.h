@@ -19,8 +19,10 @@ public:
     /// The window outlives it.
     explicit LoadWaits(const ScriptedWindow& window);
 
-    /// Calls `ready` once none of these tabs loads any more, of all when there are none. False when too many wait.
-    [[nodiscard]] bool When(std::vector<std::uint32_t> numbers, std::function<void()> ready);
+    /// Calls `ready` once none of these tabs loads any more, of all when there are none; or, when it is asked whether
+    /// it `goesOn` and does not, at once. False when too many wait.
+    [[nodiscard]] bool When(std::vector<std::uint32_t> numbers, std::function<void()> ready,
+                            std::function<bool()> goesOn = {});
 
 private:
     void Look();
@@ -28,6 +30,7 @@ private:
     struct Waiting {
         std::vector<std::uint32_t> numbers;
         std::function<void()> ready;
+        std::function<bool()> goesOn;
     };
     const ScriptedWindow& m_window;
     std::vector<Waiting> m_waiting;
@@ -46,6 +49,10 @@ struct PageSteps {
     Step step;
     Ended ended;
     Progress progress{};
+    /// Asked in between; once the answer is no, the walk ends where it is.
+    std::function<bool()> goesOn{};
+
+    [[nodiscard]] bool GoOn() const { return !goesOn || goesOn(); }
 };
 
 /// Goes from tab to tab: wakes each page, waits until it has loaded, and has something done with it. One that slept

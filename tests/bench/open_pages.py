@@ -14,6 +14,7 @@ all its processes has used meanwhile, and the program's own process alone, which
 
 import os
 import statistics
+import subprocess
 import sys
 import threading
 import time
@@ -27,6 +28,7 @@ from measure.serving import MadePages, paragraphs, write_group  # noqa: E402
 
 KNOWN = "lantern"
 PATIENCE = 120
+LOOK_EVERY = 0.01
 HOSTS = 50
 
 
@@ -75,14 +77,27 @@ class Panel:
 
     def __init__(self, program, count):
         self.program, self.words = program, f"{count} pages"
-        self.path = None  # from the application to the label: to walk through all tabs and bars takes longer than the search
+        # The way from the application to the label: to walk through all tabs and bars takes longer than the search.
+        self.path = None
+
+    def learn(self, word):
+        """Finds the label where one page alone holds that word."""
+        self.open()
+        desk.wait_until(lambda: desk.focused_box(self.program))
+        desk.xdotool("type", "--delay", "0", word)
+
+        def found():
+            self.path = path_to(self.program.application(), lambda node: node.name == "One page")
+            return self.path is not None
+
+        desk.wait_until(found)
+        desk.xdotool("key", "ctrl+a", "Delete")
+        self.close()
 
     def label(self):
         """The label that says how many pages were found; nothing while the panel is closed."""
-        if self.path is None:
-            self.path = path_to(self.program.application(), lambda node: node.name == self.words)
-        node = self.program.application() if self.path else None
-        for place in self.path or ():
+        node = self.program.application()
+        for place in self.path:
             node = node.getChildAtIndex(place) if node is not None and place < node.childCount else None
         return node
 
@@ -113,9 +128,11 @@ class Panel:
         start = time.monotonic()
         # One call for all keys; what it takes to start counts too.
         desk.xdotool(*keys, "type", "--delay", "0", word)
+        # Who asks without a pause takes the processor from the program.
         while not self.says_all():
             if time.monotonic() - start > PATIENCE:
                 raise SystemExit(f"{word} is not found in all pages")
+            time.sleep(LOOK_EVERY)
         taken = (time.monotonic() - start) * 1000
         used = [after - before for before, after in zip(used, self.used())]
         desk.xdotool("key", "ctrl+a", "Delete")
@@ -157,10 +174,14 @@ def main():
     pages, home = Pages(), desk.state_folder()
     group = os.path.join(home, "pages.tvg")
     write_group(group, [pages.page(number) for number in range(count)])
-    with desk.Program(PROGRAM, group, home=home) as program:
+    with desk.Program(PROGRAM, "about:blank", home=home) as program:
+        program.wait_strip(["[about:blank]"])
+        panel = Panel(program, count)
+        panel.learn("blank")
+        opens = [os.path.join(os.path.dirname(PROGRAM), "tessaviewctl"), "--instance", home, "open-group", group]
+        subprocess.run(opens, check=True, stdin=subprocess.DEVNULL)
         desk.wait_until(
             lambda: sum("page" in each for each in program.strip()) == count, PATIENCE, lambda: str(program.strip()))
-        panel = Panel(program, count)
         times = {"fresh": [panel.time_of(KNOWN, True)], "known": [], "live": []}
         for number in range(rounds):
             times["known"].append(panel.time_of(KNOWN, False))

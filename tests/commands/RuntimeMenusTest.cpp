@@ -244,7 +244,7 @@ TEST_F(RuntimeMenusTest, ThePagesOfAGroupAreWrittenWhileItStaysClosed) {
     m_desk.main.Groups().Write.ConnectForLife([&](const GroupCommands::Writing& writing) {
         wrote += std::to_string(static_cast<int>(writing.what)) + " " + ToUtf8(writing.path) + " of " +
                  (writing.group == m_groups.PathText("g.tvg") ? "g" : ToUtf8(writing.group)) + ", ";
-        writing.ended({}, 0);
+        writing.ended({}, {});
     });
     for (const TextView tool : {u"xtrGroupPagesPdf", u"xtrGroupPagesOffline"}) m_desk.Click(tool);
     EXPECT_EQ(wrote, "") << "no file was chosen";

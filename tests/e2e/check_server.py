@@ -14,7 +14,7 @@ ANSWERS = {
     "/noise": (200, None), "/noises": (200, None), "/noise.png": (200, None),
     "/pictured": (200, None), "/picture.png": (200, None), "/style.css": (200, None),
     "/asks": (200, None), "/file": (200, None), "/login": (401, None),
-    "/teal": (200, None), "/plain": (200, None),
+    "/teal": (200, None), "/plain": (200, None), "/hangs": (200, None),
 }
 MORE = {
     "/login": ("WWW-Authenticate", 'Basic realm="somebody"'), "/file": ("Content-Disposition", "attachment; filename=f.bin"),
@@ -23,6 +23,9 @@ MORE = {
 BIG = b"<!doctype html><title>Big</title><p>" + random.Random(1).randbytes(150_000).hex().encode()
 ASKS = b"<!doctype html><title>Asks</title><script>alert('Is somebody there?')</script>"
 STORY = b"<!doctype html><title>Story</title><p>The quick brown fox jumps over the lazy dog.</p>"
+# It says that it is printed, and never comes to an end.
+HANGS = b"""<!doctype html><title>Hangs</title><script>addEventListener('beforeprint', () => {
+const tells = new XMLHttpRequest(); tells.open('GET', '/printed', false); tells.send(); for (;;); });</script>"""
 PICTURED = b"<!doctype html><title>Pictured</title><link rel=stylesheet href=/style.css><img src=/picture.png>"
 # A picture of one point.
 PICTURE = base64.b64decode(
@@ -45,17 +48,17 @@ TYPES = {"/picture.png": "image/png", "/noise.png": "image/png", "/style.css": "
 BODIES = {
     "/pictured": PICTURED, "/picture.png": PICTURE, "/style.css": b"body { color: teal }", "/story": STORY, "/asks": ASKS,
     "/file": STORY, "/big": BIG, "/noise": NOISE, "/noises": NOISES, "/teal": b"<!doctype html><title>Teal</title><style>html { background: teal }</style>",
-    "/plain": b"<!doctype html><title>Plain</title>",
+    "/plain": b"<!doctype html><title>Plain</title>", "/hangs": HANGS,
 }
 
 
 class Server:
     """Use it in a `with`. `cookies` are those that came, though each answer sets one. "/held" says by `held` that it was
-    asked for, and answers with `release`."""
+    asked for, and answers with `release`; "/printed" says so by `printed`."""
 
     def __enter__(self):
         self.cookies = set()
-        self.held, self.release = threading.Event(), threading.Event()
+        self.held, self.release, self.printed = threading.Event(), threading.Event(), threading.Event()
         outer = self
 
         class Handler(http.server.BaseHTTPRequestHandler):
@@ -65,6 +68,8 @@ class Server:
                 if self.path == "/held":
                     outer.held.set()
                     outer.release.wait(60)
+                if self.path == "/printed":
+                    outer.printed.set()
                 status, location = ANSWERS.get(self.path.split("?")[0], (404, None))
                 self.send_response(status)
                 self.send_header("Set-Cookie", "seen=1")

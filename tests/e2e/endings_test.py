@@ -7,17 +7,28 @@ import signal
 import subprocess
 import unittest
 
+import check_server
 import desk
 import session_manager
 from records import records_of
 
 PROGRAM = desk.program_file()
+CTL = os.path.join(os.path.dirname(PROGRAM), "tessaviewctl")
 BLANK = "about:blank"
 LAST_TAB = "Do you want to close the last browser tab and exit this application?"
 
 
 def active_window():
     return desk.xdotool("getactivewindow", "getwindowname")
+
+
+def runs(process):
+    """Whether there is that process, and it is not only waited for."""
+    try:
+        with open(f"/proc/{process}/stat", encoding="utf-8", errors="replace") as stat:
+            return stat.read().rsplit(")", 1)[1].split()[0] != "Z"
+    except OSError:
+        return False
 
 
 class Endings(unittest.TestCase):
@@ -99,6 +110,33 @@ class Endings(unittest.TestCase):
                     desk.wait_until(lambda: active_window() not in ("", desk.WINDOW_TITLE), what=program.what_is_seen)
                 manager.end_session()
                 self.assert_saved(program, "One")
+
+    # -- pages that hang
+
+    def test_a_page_that_hangs_while_it_is_printed_is_left_behind(self):
+        for closes in (True, False):
+            with self.subTest(closes=closes), check_server.Server() as server, self.start("One", "Two") as program:
+                self.wait_started(program, "One", "Two")
+                environment = dict(os.environ, TESSAVIEW_HOME=program.home)
+
+                def ctl(*words):
+                    command = [CTL, *words]
+                    return subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, capture_output=True, text=True)
+
+                self.assertEqual(ctl("open", server.address("/hangs"), "--wait").returncode, 0)
+                [number] = [line.split("\t")[0] for line in ctl("list").stdout.splitlines() if "Hangs" in line]
+                file = os.path.join(program.home, "hangs.pdf")
+                self.assertEqual(ctl("--timeout", "1", "pdf", number, file).returncode, 4)
+                desk.wait_until(server.printed.is_set, what="it was not printed")
+                # The window goes on, and the tab may close.
+                if closes:
+                    self.assertEqual(ctl("close", number).returncode, 0)
+                    program.wait_strip([BLANK, "One", "[Two]"])
+                processes = desk.with_children(program.process.pid)
+                program.process.send_signal(signal.SIGTERM)
+                self.assert_saved(program, "One", "Two")
+                desk.wait_until(lambda: not any(map(runs, processes)), what="a process is left behind")
+                self.assertFalse(os.path.exists(file))
 
     # -- what may stand open
 

@@ -1,8 +1,10 @@
 // Tests: AddressWalk, PageDocuments, PageOutput
+#include "app/ScriptedWindow.h"
 #include "qt/base/Strings.h"
 #include "qt/downloads/EngineDownloads.h"
 #include "qt/engine/PageView.h"
 #include "qt/script/AddressWalk.h"
+#include "qt/script/GroupOutput.h"
 #include "tests/engine/CommandsOnPages.h"
 #include "tests/engine/FakeDownloadSource.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -18,9 +20,14 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWebEngineProfile>
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string_view>
 
 namespace tessa::qt {
 
@@ -81,14 +88,26 @@ protected:
     template<typename Dialog>
     void In(const std::function<void(Dialog&)>& answer) {
         auto* timer = new QTimer(&desk.window);
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, answer] {
+        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, answer] {
             auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
             if (!dialog) return;
             timer->stop();
             timer->deleteLater();
             answer(*dialog);
+            ++answered;
         });
         timer->start(10);
+    }
+    /// Clicks what brings up a dialog, which comes later and is answered.
+    void ClickAndAnswer(TextView tool) {
+        const int before = answered;
+        Click(tool);
+        // What it has to complain about stays.
+        const auto goneOrComplaint = [] {
+            auto* modal = QApplication::activeModalWidget();
+            return !modal || qobject_cast<QMessageBox*>(modal);
+        };
+        ASSERT_TRUE(WaitUntil([&] { return answered > before && goneOrComplaint(); }));
     }
     /// Saves what is in front under the name that the dialog suggests. Returns the name and the kinds of file offered.
     std::string SaveAs() {
@@ -100,7 +119,7 @@ protected:
             dialog.selectFile(name);
             static_cast<QDialog&>(dialog).accept();
         });
-        Click(u"mnuSaveAs");
+        ClickAndAnswer(u"mnuSaveAs");
         return offered.toStdString();
     }
     void PrintTo(const QString& path) {
@@ -110,7 +129,7 @@ protected:
             file->setText(path);
             dialog.accept();
         });
-        Click(u"mnuPrint");
+        ClickAndAnswer(u"mnuPrint");
     }
     bool Ended(DownloadState state) {
         return WaitUntil([&] { return downloads.All().size() == 1 && downloads.All().front().Report.State == state; });
@@ -121,6 +140,7 @@ protected:
     }
 
     const QByteArray pdf = RedPdf();
+    int answered = 0; ///< dialogs
     QTemporaryDir folder;
     FakeDownloadSource source;
     EngineDownloads desktop{source};
@@ -202,7 +222,7 @@ TEST_F(PageDocuments, OfAnotherKindBehindTheDialogAreNotSavedAsWhatWasThere) {
             dialog.selectFile(folder.filePath(QStringLiteral("chosen")));
             static_cast<QDialog&>(dialog).accept();
         });
-        Click(u"mnuSaveAs");
+        ClickAndAnswer(u"mnuSaveAs");
         const auto box = [this] { return desk.window.findChild<QMessageBox*>(); };
         ASSERT_TRUE(WaitUntil([&] { return box() && box()->isVisible(); })) << before;
         EXPECT_EQ(box()->text(), u"The page has changed meanwhile. Nothing was saved.");
@@ -219,7 +239,7 @@ TEST_F(PageDocuments, APictureMayBecomeAPdf) {
     });
     QStringList said;
     desk.engine.Output().Say.ConnectForLife([&](const QString& words) { said << words; });
-    Click(u"mnuSaveAs");
+    ClickAndAnswer(u"mnuSaveAs");
     EXPECT_TRUE(WaitUntil([this] { return Written(QStringLiteral("dot.pdf")).startsWith("%PDF-"); }));
     EXPECT_TRUE(WaitUntil([&] { return said.size() == 2; }));
     EXPECT_EQ(said.join(u'|'), u"Saving dot.pdf|dot.pdf has been saved.");
@@ -241,8 +261,8 @@ TEST_F(PageDocuments, OfAGroupThatIsNotOpenAreTakenAsTheyAre) {
     std::vector<QByteArray> taken;
     bool ended = false;
     const auto take = [&](const ScriptTab& page, const std::function<void()>& next) {
-        reads.Pdf(static_cast<std::int32_t>(page.number), [&taken, next](const QByteArray& bytes) {
-            taken.push_back(bytes);
+        reads.Pdf(static_cast<std::int32_t>(page.number), [&taken, next](const PrintedPage& printed) {
+            taken.push_back(printed.pdf);
             next();
         });
     };
@@ -254,6 +274,109 @@ TEST_F(PageDocuments, OfAGroupThatIsNotOpenAreTakenAsTheyAre) {
     EXPECT_TRUE(taken[0].startsWith("%PDF-"));
     EXPECT_EQ(taken[1], pdf);
     EXPECT_TRUE(downloads.All().empty());
+}
+
+TEST_F(PageDocuments, AreReadWithoutTheMarksOfFoundPassages) {
+    server.Page(QStringLiteral("/page"), "<title>page</title><p>words</p>");
+    Visit(QStringLiteral("/page"));
+    Front().Reading()->ShowPassages({u"words"}, 0);
+    ASSERT_TRUE(
+        WaitUntil([this] { return Script(QStringLiteral("!!document.querySelector('tessa-marks')")) == u"true"; }));
+    PageReads reads(desk.engine);
+    const auto html = std::make_shared<QString>();
+    reads.Html(desk.main->pcPage.SelectedItem()->Tag, [html](const QString& read) { *html = read; });
+    ASSERT_TRUE(WaitUntil([&html] { return html->contains(u"words"); }));
+    EXPECT_FALSE(html->contains(u"tessa-marks")) << html->toStdString();
+}
+
+/// Some pages become one PDF. One of them waits for a server that does not answer, as soon as it is printed.
+class StuckPages : public PageDocuments {
+protected:
+    StuckPages() {
+        server.Stall(QStringLiteral("/held"));
+        server.Page(QStringLiteral("/page"), "<title>page</title><p>words</p>");
+        server.Page(QStringLiteral("/more"), "<title>more</title><p>more</p>");
+        server.Page(QStringLiteral("/stuck"),
+                    "<title>stuck</title><p>stuck</p><script>addEventListener('beforeprint', () => {"
+                    "const held = new XMLHttpRequest(); held.open('GET', '/held', false); held.send(); });</script>");
+    }
+    // A page that is printed stays until the engine is done with it.
+    ~StuckPages() override {
+        walk.Shutdown();
+        for (auto* held : server.findChildren<QTcpSocket*>()) held->abort();
+    }
+    [[nodiscard]] Text Address(const char* path) const { return FromQt(server.Address(QLatin1String(path))); }
+    [[nodiscard]] bool Stuck() const { return server.requests.contains(QStringLiteral("/held")); }
+    void Write(PageReads& reads, const std::vector<const char*>& paths) {
+        GroupOutput::Pages pages;
+        pages.unopened.emplace();
+        for (const char* each : paths) pages.unopened->push_back(Address(each));
+        output = std::make_unique<GroupOutput>(reads, tabs, walk);
+        output->Pdf(pages, File(), {[this](const GroupOutput::Result& done) { result = done; }, {}, &stop});
+    }
+    [[nodiscard]] QString File() const { return folder.filePath(QStringLiteral("all.pdf")); }
+
+    PageReads patient{desk.engine};
+    AddressWalk walk{desk.engine, patient};
+    ScriptedWindow window{*desk.main, desk.frame};
+    LoadWaits waits{window};
+    TabWalk tabs{window, patient, waits};
+    Signal<void()> stop;
+    std::unique_ptr<GroupOutput> output;
+    std::optional<GroupOutput::Result> result;
+};
+
+TEST_F(StuckPages, AreLeftOutAndNamedAndTheOthersAreThere) {
+    PageReads hasty(desk.engine, std::chrono::seconds(10));
+    Write(hasty, {"/page", "/stuck", "/more"});
+    ASSERT_TRUE(WaitUntil([this] { return Stuck(); }));
+    ASSERT_TRUE(WaitUntil([this] { return result.has_value(); }));
+    EXPECT_EQ(result->refusal, QString());
+    EXPECT_EQ(result->left.join(u','), server.Address(QStringLiteral("/stuck")));
+    EXPECT_TRUE(Written(QStringLiteral("all.pdf")).startsWith("%PDF-"));
+}
+
+TEST_F(StuckPages, AreNotWaitedForWhenTheUserStops) {
+    QFile old(File());
+    ASSERT_TRUE(old.open(QFile::WriteOnly));
+    old.write("old");
+    old.close();
+    Write(patient, {"/page", "/stuck", "/more"});
+    ASSERT_TRUE(WaitUntil([this] { return Stuck(); }));
+    EXPECT_FALSE(result);
+    stop();
+    ASSERT_TRUE(WaitUntil([this] { return result.has_value(); }));
+    EXPECT_EQ(result->refusal, u"Stopped before it was done. Nothing was written.");
+    EXPECT_EQ(Written(QStringLiteral("all.pdf")), "old");
+    EXPECT_FALSE(server.requests.contains(QStringLiteral("/more")));
+}
+
+TEST_F(StuckPages, ThatLoadForEverAreNotWaitedForEither) {
+    server.Stall(QStringLiteral("/never"));
+    Write(patient, {"/never", "/page"});
+    ASSERT_TRUE(WaitUntil([this] { return server.requests.contains(QStringLiteral("/never")); }));
+    stop();
+    ASSERT_TRUE(WaitUntil([this] { return result.has_value(); }));
+    EXPECT_EQ(result->refusal, u"Stopped before it was done. Nothing was written.");
+    EXPECT_FALSE(server.requests.contains(QStringLiteral("/page")));
+}
+
+TEST_F(StuckPages, InTabsAreNotWaitedForWhenTheUserStops) {
+    for (const char* path : {"/never", "/stuck"}) {
+        server.Stall(QStringLiteral("/never"));
+        result.reset();
+        ResumeNext(Front().Navigate(Address(path)));
+        ASSERT_TRUE(WaitUntil([this, path] { return server.requests.contains(QLatin1String(path)); }));
+        output = std::make_unique<GroupOutput>(patient, tabs, walk);
+        output->Pdf({}, File(), {[this](const GroupOutput::Result& done) { result = done; }, {}, &stop});
+        if (path == std::string_view("/stuck")) {
+            ASSERT_TRUE(WaitUntil([this] { return Stuck(); }));
+        }
+        stop();
+        ASSERT_TRUE(WaitUntil([this] { return result.has_value(); })) << path;
+        EXPECT_EQ(result->refusal, u"Stopped before it was done. Nothing was written.");
+        EXPECT_EQ(Written(QStringLiteral("all.pdf")), "(no file)");
+    }
 }
 
 TEST_F(PageDocuments, APageIsPrintedByTheEngine) {
@@ -287,7 +410,7 @@ TEST_F(PageDocuments, ThePageMayGoBehindTheDialog) {
         dialog.selectFile(folder.filePath(QStringLiteral("red.pdf")));
         static_cast<QDialog&>(dialog).accept();
     });
-    Click(u"mnuSaveAs");
+    ClickAndAnswer(u"mnuSaveAs");
     Visit(QStringLiteral("/words.txt"));
     EXPECT_TRUE(downloads.All().empty());
 }

@@ -136,6 +136,18 @@ TEST_F(ReadingTest, WithoutScriptsThereAreLinesStill) {
     EXPECT_TRUE(WaitUntil([this] { return ReadView().find(u"Two") != Text::npos; }));
 }
 
+TEST_F(ReadingTest, AtAGlanceThereAreTheLinesThatAreSeen) {
+    Read("<h2>Heading</h2><p>One <b>two</b></p><p style='display:none'>hidden</p><script>var no;</script><p>three");
+    const auto read = std::make_shared<std::optional<Text>>();
+    m_view.view->Reading()->GlanceAtText([read](Text text) { *read = std::move(text); });
+    ASSERT_TRUE(WaitUntil([&read] { return read->has_value(); }));
+    const GatheredText glanced = Passages::Read(**read);
+    EXPECT_EQ(glanced.Address, FromQt(m_server.Address(QStringLiteral("/page"))));
+    std::string lines;
+    for (const Passage& each : glanced.Passages) lines += ToUtf8(each.Words) + "|";
+    EXPECT_EQ(lines, "Heading|One two|three|");
+}
+
 TEST_F(ReadingTest, PassagesAreMarkedAndBroughtIntoSight) {
     QByteArray html = "<!doctype html><body><p>First</p>";
     for (int i = 0; i < 200; ++i) html += "<p>Between</p>";

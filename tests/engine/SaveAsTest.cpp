@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPointer>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -26,33 +28,41 @@ protected:
     void Answer(const QString& path, const std::function<void()>& behind = {}) {
         auto* timer = new QTimer(&desk.window);
         timer->setInterval(10);
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, path, behind] {
+        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, path, behind] {
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
             if (!dialog) return;
             timer->deleteLater();
             timer->stop();
             if (behind) behind();
+            answered = true;
             if (path.isEmpty()) return dialog->reject();
             dialog->selectFile(path);
             static_cast<QDialog*>(dialog)->accept();
         });
         timer->start();
     }
+    /// Has the page saved in the dialog, which comes later and is answered.
+    void Save() {
+        answered = false;
+        Click(u"mnuSaveAs");
+        ASSERT_TRUE(WaitUntil([this] { return answered && !QApplication::activeModalWidget(); }));
+    }
     [[nodiscard]] QString File() const { return folder.filePath(QLatin1String(GetParam())); }
     [[nodiscard]] static bool IsPdf() { return QString::fromLatin1(GetParam()).endsWith(u".pdf"); }
 
     QTemporaryDir folder;
+    bool answered = false;
 };
 
 TEST_P(SaveAsTest, WritesThePage) {
     Answer(File());
-    Click(u"mnuSaveAs");
+    Save();
     EXPECT_TRUE(WaitUntil([&] { return QFileInfo(File()).size() > 0; }));
 }
 
 TEST_P(SaveAsTest, WritesThePageThatWasInFrontWhenItWasAskedFor) {
     Answer(File(), [this] { desk.Open({server.Address(QStringLiteral("/tulip"))}); });
-    Click(u"mnuSaveAs");
+    Save();
     ASSERT_TRUE(WaitTitle(u"Tulip"));
     ASSERT_TRUE(WaitUntil([&] { return QFileInfo(File()).size() > 0; }));
     if (IsPdf()) return;
@@ -68,14 +78,14 @@ TEST_P(SaveAsTest, WritesNothingWhenThePageHasGoneBehindTheDialog) {
         Click(u"mnuNewBlank");
         desk.main->CloseBrowserTab(1);
     });
-    Click(u"mnuSaveAs");
+    Save();
     Show(QStringLiteral("/tulip"), u"Tulip");
     EXPECT_FALSE(QFileInfo::exists(File()));
 }
 
 TEST_P(SaveAsTest, TheTabMayCloseAtOnce) {
     Answer(File());
-    Click(u"mnuSaveAs");
+    Save();
     Click(u"mnuNewBlank");
     desk.main->CloseBrowserTab(1);
     Show(QStringLiteral("/rose"), u"Rose");
@@ -87,7 +97,7 @@ TEST_P(SaveAsTest, TheTabMayCloseAtOnce) {
 TEST_P(SaveAsTest, TheTabMayCloseWhileTheFileIsWritten) {
     for (int turns = 0; turns < 12; turns += 3) {
         Answer(folder.filePath(QString::number(turns) + QLatin1String(GetParam())));
-        Click(u"mnuSaveAs");
+        Save();
         for (int turn = 0; turn < turns; ++turn) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
         Click(u"mnuNewBlank");
         desk.main->CloseBrowserTab(desk.main->pcPage.FindAt(1)->Tag);
@@ -97,7 +107,7 @@ TEST_P(SaveAsTest, TheTabMayCloseWhileTheFileIsWritten) {
 
 TEST_P(SaveAsTest, TheProgramMayEndAtOnce) {
     Answer(File());
-    Click(u"mnuSaveAs");
+    Save();
     desk.main->Form_Unload();
     desk.engine.Shutdown();
     if (IsPdf()) {
@@ -107,10 +117,76 @@ TEST_P(SaveAsTest, TheProgramMayEndAtOnce) {
 
 TEST_P(SaveAsTest, ACancelledDialogWritesNothing) {
     Answer({});
-    Click(u"mnuSaveAs");
+    Save();
     Click(u"mnuRefresh");
     ASSERT_TRUE(WaitTitle(u"Rose"));
     EXPECT_FALSE(QFileInfo::exists(File()));
+}
+
+/// Dialogs about a page that is busy with itself: it waits for a server that does not answer.
+class DialogsOfABusyPage : public CommandsOnPages {
+protected:
+    DialogsOfABusyPage() {
+        QObject::connect(&look, &QTimer::timeout, &look, [this] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog) return;
+            shown << dialog->windowTitle();
+            dialog->reject();
+        });
+        look.start(10);
+    }
+    void SetUp() override {
+        server.Stall(QStringLiteral("/held"));
+        server.Page(QStringLiteral("/rose"), "<title>Rose</title><p>red petals</p>");
+        server.Page(QStringLiteral("/tulip"), "<title>Tulip</title><p>yellow petals</p>");
+        Show(QStringLiteral("/rose"), u"Rose");
+        Front().Page()->runJavaScript(
+            QStringLiteral("var held = new XMLHttpRequest(); held.open('GET', '/held', false); held.send();"));
+        ASSERT_TRUE(WaitUntil([this] { return server.requests.contains(QStringLiteral("/held")); }));
+    }
+
+    QTimer look;
+    QStringList shown; ///< the titles of the dialogs that came
+};
+
+TEST_F(DialogsOfABusyPage, ComeLaterAndTheWindowGoesOn) {
+    Click(u"mnuSaveAs");
+    EXPECT_EQ(shown.join(u','), QString()) << "the window has waited for the page";
+    const auto* tab = desk.main->pcPage.SelectedItem();
+    Click(u"mnuNewBlank");
+    EXPECT_NE(desk.main->pcPage.SelectedItem(), tab);
+    EXPECT_TRUE(WaitUntil([this] { return shown.size() == 1; }));
+    EXPECT_EQ(shown.join(u','), u"Save As");
+}
+
+TEST_F(DialogsOfABusyPage, AreThatWhichWasAskedForLast) {
+    Click(u"mnuSaveAs");
+    Click(u"mnuSaveAs");
+    Click(u"mnuPrint");
+    EXPECT_TRUE(WaitUntil([this] { return shown.contains(QStringLiteral("Print")); }));
+    EXPECT_EQ(shown.join(u','), u"Print");
+    Click(u"mnuSaveAs");
+    EXPECT_TRUE(WaitUntil([this] { return shown.size() == 2; }));
+    EXPECT_EQ(shown.join(u','), u"Print,Save As");
+}
+
+TEST_F(DialogsOfABusyPage, DoNotComeWhenItIsClosedBefore) {
+    const QPointer<QWebEnginePage> page = Front().Page();
+    Click(u"mnuSaveAs");
+    Click(u"mnuNewBlank");
+    desk.main->CloseBrowserTab(1);
+    ASSERT_TRUE(WaitUntil([&page] { return !page; }));
+    Show(QStringLiteral("/tulip"), u"Tulip");
+    Click(u"mnuPrint");
+    EXPECT_TRUE(WaitUntil([this] { return !shown.isEmpty(); }));
+    EXPECT_EQ(shown.join(u','), u"Print");
+}
+
+TEST_F(DialogsOfABusyPage, AreForgottenWhenTheProgramEnds) {
+    Click(u"mnuSaveAs");
+    desk.main->Form_Unload();
+    desk.engine.Shutdown();
+    EXPECT_EQ(shown.join(u','), QString());
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, SaveAsTest, testing::Values("page.html", "page.mhtml", "page.pdf"),

@@ -125,6 +125,13 @@ void FakeView::ReadText(std::function<void(Text)> answer) {
     answer(u"u" + location + u"\n" + text);
 }
 
+void FakeView::GlanceAtText(std::function<void(Text)> answer) {
+    ++glances;
+    if (asleep) return;
+    if (readsSlowly) return readers.push_back(std::move(answer));
+    answer(u"u" + location + u"\n" + glance.value_or(text));
+}
+
 void FakeView::ShowPassages(const std::vector<Text>& passages, std::size_t first) {
     shownPassages = passages;
     firstPassage = first;

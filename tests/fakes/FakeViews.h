@@ -30,6 +30,7 @@ public:
     [[nodiscard]] PageLife* Life() override { return Answer(hasLife) ? this : nullptr; }
     [[nodiscard]] PageReading* Reading() override { return hasReading ? this : nullptr; }
     void ReadText(std::function<void(Text)> answer) override;
+    void GlanceAtText(std::function<void(Text)> answer) override;
     void ShowPassages(const std::vector<Text>& passages, std::size_t first) override;
     void Tell(TextView message) override { messages.push_back(Text(message)); }
     [[nodiscard]] PageActivity Activity() const override { return activity; }
@@ -90,7 +91,9 @@ public:
     Text text;                                        ///< what the page says, behind its address
     std::vector<std::function<void(Text)>> readers{}; ///< who waits for it while the page is slow to say it
     bool readsSlowly = false;
+    std::optional<Text> glance{};      ///< what it says at a glance, where that differs
     int reads = 0;                     ///< how often it was read
+    int glances = 0;                   ///< how often it was glanced at
     std::vector<Text> shownPassages{}; ///< what is marked in it
     std::size_t firstPassage = 0;
     std::vector<Text> messages{}; ///< what a page of our own was told

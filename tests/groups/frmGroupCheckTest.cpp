@@ -172,7 +172,7 @@ TEST_F(GroupCheckForm, AFileThatVanishesWhileItIsCheckedIsNotMadeAnew) {
 TEST_F(GroupCheckForm, AllPagesArePrintedWithoutAFile) {
     Desk desk{{.groupFolder = folder.PathText("")}};
     desk.StartWithTabs(1);
-    std::size_t left = 0;
+    std::vector<Text> left;
     Text refusal;
     desk.main.Groups().Write.ConnectForLife([&](const GroupCommands::Writing& writing) {
         EXPECT_EQ(writing.what, GroupCommands::Writes::Print);
@@ -182,9 +182,9 @@ TEST_F(GroupCheckForm, AllPagesArePrintedWithoutAFile) {
     });
     desk.Click(u"xtrGroupPrint");
     EXPECT_EQ(desk.Said(), "All pages have been printed.");
-    left = 3;
+    left = {u"http://a/", u"http://b/", u"http://c/"};
     desk.Click(u"xtrGroupPrint");
-    EXPECT_EQ(desk.Said(), "All pages have been printed. 3 pages could not be had.");
+    EXPECT_EQ(desk.Said(), "All pages have been printed. 3 pages could not be had: http://a/, http://b/, http://c/");
     refusal = u"The printer did not take the document. Nothing was printed.";
     desk.Click(u"xtrGroupPrint");
     EXPECT_EQ(desk.Said(), "The printer did not take the document. Nothing was printed.");
@@ -202,11 +202,35 @@ TEST_F(GroupCheckForm, HowFarItIsIsCountedInTheStatusBar) {
     EXPECT_EQ(desk.Said(), "Saving all.pdf: 3 of 50 pages");
     writing.made(40);
     EXPECT_EQ(desk.Said(), "Saving all.pdf: 40 %");
-    writing.ended({}, 1);
-    EXPECT_EQ(desk.Said(), "all.pdf has been saved. 1 page could not be had.");
+    writing.ended({}, {u"http://a/"});
+    EXPECT_EQ(desk.Said(), "all.pdf has been saved. 1 page could not be had: http://a/");
     desk.Click(u"xtrGroupPrint");
     writing.fetched(0, 2);
     EXPECT_EQ(desk.Said(), "Printing: 0 of 2 pages");
+}
+
+TEST_F(GroupCheckForm, WhatIsWrittenCanBeStopped) {
+    Desk desk{{.groupFolder = folder.PathText("")}};
+    desk.StartWithTabs(1);
+    GroupCommands::Writing writing;
+    desk.main.Groups().Write.ConnectForLife([&](const GroupCommands::Writing& wanted) { writing = wanted; });
+    desk.Click(u"xtrGroupPrint");
+    EXPECT_FALSE(desk.OffersStopAll()) << "nobody has chosen a printer yet";
+    for (const auto& stop :
+         std::vector<std::function<void()>>{[&] { desk.StopAll(); }, [&] { desk.Click(u"xtrStopAll"); }}) {
+        int stops = 0;
+        const Connection heard = writing.stop->Connect([&] { ++stops; });
+        writing.fetched(0, 2);
+        writing.fetched(1, 2);
+        writing.made(40);
+        EXPECT_TRUE(desk.OffersStopAll());
+        stop();
+        EXPECT_EQ(stops, 1);
+        writing.ended(u"Stopped.", {});
+        EXPECT_EQ(desk.Said(), "Stopped.");
+        EXPECT_FALSE(desk.OffersStopAll());
+        desk.Click(u"xtrGroupPrint");
+    }
 }
 
 TEST_F(GroupCheckForm, WithoutGroupsNothingIsShown) {
@@ -220,21 +244,22 @@ TEST_F(GroupCheckForm, AllPagesAreWrittenWhereTheUserSays) {
     Desk desk{{.groupFolder = folder.PathText("")}};
     desk.StartWithTabs(1);
     std::string wrote;
-    std::size_t left = 0;
+    std::vector<Text> left;
+    Text refusal;
     desk.main.Groups().Write.ConnectForLife([&](const GroupCommands::Writing& writing) {
         wrote += (writing.what == GroupCommands::Writes::Pdf ? "pdf " : "offline ") + ToUtf8(writing.path) + " ";
-        writing.ended(left == 9 ? u"There is no room." : u"", left);
+        writing.ended(refusal, left);
     });
     desk.Click(u"xtrGroupPdf");
     EXPECT_EQ(wrote, "") << "no file was chosen";
     desk.files.chosen = u"/x/all.pdf";
     desk.Click(u"xtrGroupPdf");
     EXPECT_EQ(desk.Said(), "all.pdf has been saved.");
-    left = 2;
+    left = {u"http://a/", u"http://b/"};
     desk.files.chosen = u"/x/day.tvg";
     desk.Click(u"xtrGroupKeepOffline");
-    EXPECT_EQ(desk.Said(), "day has been saved. 2 pages could not be had.");
-    left = 9;
+    EXPECT_EQ(desk.Said(), "day has been saved. 2 pages could not be had: http://a/, http://b/");
+    refusal = u"There is no room.";
     desk.Click(u"xtrGroupKeepOffline");
     EXPECT_EQ(desk.Said(), "There is no room.");
     EXPECT_EQ(wrote, "pdf /x/all.pdf offline /x/day.tvg offline /x/day.tvg ");

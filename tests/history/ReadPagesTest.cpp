@@ -53,6 +53,19 @@ TEST(ReadPages, WhileOthersLoadAPageWaits) {
     EXPECT_EQ(desk.visits.Addresses(), u"http://b/ http://a/");
 }
 
+TEST(ReadPages, BesideOneThatHasJustLoadedAPageWaits) {
+    ReadingDesk desk(2);
+    desk.Load(1, u"http://a/", u"pWords");
+    desk.now += ReadPages::kRest / 2;
+    desk.Load(2, u"http://b/", u"pWords");
+    desk.now += ReadPages::kRest / 2;
+    desk.main.Reads().Look();
+    EXPECT_EQ(desk.views.At(1).reads, 0);
+    desk.Rest();
+    EXPECT_EQ(desk.views.At(1).reads, 1);
+    EXPECT_EQ(desk.views.At(2).reads, 1);
+}
+
 TEST(ReadPages, APageThatIsLeftBeforeItRestsIsRememberedToo) {
     ReadingDesk desk;
     desk.Load(1, u"http://a/", u"pWords");

@@ -104,6 +104,50 @@ TEST_F(frmOpenPagesTest, PagesThatAreSlowComeLater) {
     EXPECT_EQ(m_form.lstFound().size(), 2U);
 }
 
+TEST_F(frmOpenPagesTest, APageThatHasJustComeIsGlancedAtAndReadWhenItRests) {
+    FakeView& view = m_desk.views.At(3);
+    m_desk.Load(3, u"http://new/", u"pA fresh word|pand a deep one");
+    view.glance = u"pA fresh word";
+    view.reads = view.glances = 0;
+    m_desk.Click(u"xtrSearchOpenPages");
+    EXPECT_EQ(view.glances, 1);
+    EXPECT_EQ(view.reads, 0);
+    EXPECT_EQ(Find(u"fresh"), "3:Title of http://new/|A [fresh] word");
+    EXPECT_EQ(Find(u"deep"), "");
+    m_desk.Rest();
+    EXPECT_EQ(view.reads, 1);
+    m_form.Show();
+    EXPECT_EQ(Find(u"deep"), "3:Title of http://new/|and a [deep] one");
+    // A glance that comes late says less than is known.
+    view.readsSlowly = true;
+    m_desk.Load(3, u"http://newer/", u"");
+    view.readers.clear();
+    m_desk.main.Reads().ReadNow(3);
+    m_desk.Rest();
+    ASSERT_EQ(view.readers.size(), 2U);
+    view.readers[1](u"uhttp://newer/\npKnown whole");
+    view.readers[0](u"uhttp://newer/\npKnown");
+    EXPECT_EQ(Find(u"whole"), "3:Title of http://newer/|Known [whole]");
+}
+
+TEST_F(frmOpenPagesTest, WhereNothingIsRememberedPagesAreReadForTheSearchAlone) {
+    HistoryOptions options;
+    options.Nothing = true;
+    m_desk.main.Reads().SetOptions(options);
+    FakeView& view = m_desk.views.At(3);
+    view.reads = view.glances = 0;
+    m_desk.Load(3, u"http://new/", u"pA fresh word");
+    m_desk.Rest();
+    EXPECT_EQ(view.reads + view.glances, 0);
+    m_desk.Click(u"xtrSearchOpenPages");
+    EXPECT_EQ(view.glances, 1);
+    EXPECT_EQ(Find(u"fresh"), "3:Title of http://new/|A [fresh] word");
+    m_desk.Rest();
+    EXPECT_EQ(view.reads, 1);
+    EXPECT_EQ(m_desk.main.Reads().Find(3)->Passages.size(), 1U);
+    EXPECT_EQ(m_desk.visits.Addresses().find(u"http://new/"), Text::npos);
+}
+
 // Letter by letter, each page that a shorter word did not find is passed over.
 TEST_F(frmOpenPagesTest, TypingOnFindsWhatTheWholeWordFinds) {
     m_desk.Click(u"xtrSearchOpenPages");
