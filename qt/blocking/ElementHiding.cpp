@@ -24,8 +24,6 @@ namespace {
 
 const QString kHidingName = QStringLiteral("hiding");
 
-QString AsBase64(const std::string& bytes) { return QString::fromLatin1(QByteArray::fromStdString(bytes).toBase64()); }
-
 // As it may stand between quotes of a script.
 QString Quoted(const std::string& text) {
     const QByteArray list = QJsonDocument(QJsonArray{QString::fromStdString(text)}).toJson(QJsonDocument::Compact);
@@ -73,8 +71,8 @@ QString ElementHiding::Script() const {
     for (const TokenHash each : keys) keyBits.Add(each);
     QString script = Resources::ReadText(QStringLiteral("element-hiding.js"));
     script.replace(QStringLiteral("@word@"), m_word);
-    script.replace(QStringLiteral("@domains@"), AsBase64(domainBits.Bytes()));
-    script.replace(QStringLiteral("@keys@"), AsBase64(keyBits.Bytes()));
+    script.replace(QStringLiteral("@domains@"), QString::fromStdString(domainBits.Letters()));
+    script.replace(QStringLiteral("@keys@"), QString::fromStdString(keyBits.Letters()));
     script.replace(QStringLiteral("@parts@"), AsList(hiding->Parts()));
     script.replace(QStringLiteral("@addresses@"), AsList({excepted.Parts.begin(), excepted.Parts.end()}));
     script.replace(QStringLiteral("@all@"), excepted.Any ? QStringLiteral("true") : QStringLiteral("false"));

@@ -5,7 +5,9 @@
 #include "blocking/hiding/HidingRules.h"
 #include "blocking/libraries/SiteDomain.h"
 
+#include <bit>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace tessa {
 
@@ -140,7 +142,29 @@ TEST(HidingRule, TheFilterForgetsNothing) {
     for (std::uint32_t each = 0; each < 1000; ++each)
         others += filter.MayHold(each * 2654435761U ^ 0x55500000U) ? 1 : 0;
     EXPECT_LT(others, 50);
-    EXPECT_EQ(filter.Bytes().size() & (filter.Bytes().size() - 1), 0U);
+}
+
+// As the script in the pages reads it.
+bool LettersMayHold(const std::string& letters, std::uint32_t hash) {
+    const int shift = std::countl_zero(static_cast<std::uint32_t>(letters.size() * 6 - 6));
+    for (const std::uint32_t step : {1U, 0x9E3779B1U, 0x85EBCA6BU, 0xC2B2AE3DU, 0x27D4EB2FU, 0x165667B1U}) {
+        const std::uint32_t bit = (hash * step) >> static_cast<unsigned>(shift);
+        const int letter = letters.at(bit / 6);
+        if ((((letter > '\\' ? letter - 1 : letter) - '(') >> (bit % 6) & 1) == 0) return false;
+    }
+    return true;
+}
+
+TEST(HidingRule, TheFilterSaysTheSameInLetters) {
+    for (const std::size_t names : {0U, 5U, 8U, 9U, 300U, 1024U, 1025U}) {
+        HidingFilter filter(names);
+        for (std::uint32_t each = 0; each < names; ++each) filter.Add(each * 2654435761U);
+        const std::string letters = filter.Letters();
+        EXPECT_EQ(letters.find_first_not_of("()*+,-./0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[]^_`abcdefgh"),
+                  std::string::npos);
+        for (std::uint32_t each = 0; each < 5000; ++each)
+            ASSERT_EQ(LettersMayHold(letters, each * 2654435761U), filter.MayHold(each * 2654435761U)) << names;
+    }
 }
 
 } // namespace
