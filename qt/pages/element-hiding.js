@@ -1,8 +1,8 @@
 // Hides what the lists name, before it is painted. Runs in every frame before the page does, in a world of its own that
-// the page cannot see. Most pages hold nothing that any list names; two rows of bits tell that here, and the program is
+// the page cannot see. Most pages hold nothing that any list names; rows of bits tell that here, and the program is
 // asked only about the rest. It answers while the page waits. The program puts its words where there are names between
-// signs. They are a secret, the bits of domains and of keys, and the keys that are parts of attributes. They also say
-// parts of addresses of pages that have to be asked about, whether each one has to be, and what is hidden everywhere.
+// signs. They are a secret, the bits of domains, of keys and of how these begin, and the keys that are parts of attributes.
+// They also say parts of addresses of pages that have to be asked about, whether each one has to be, and what is hidden everywhere.
 (function () {
     'use strict';
     const kMostKeysAtOnce = 100;
@@ -144,7 +144,7 @@
         put();
     }
 
-    const keyBits = '@keys@', parts = @parts@;
+    const keyBits = '@keys@', startBits = '@starts@', parts = @parts@;
     let site = {};
     function beOn(answer) {
         site = answer;
@@ -166,27 +166,30 @@
         noteSeen(seenKeys, key);
         found.push(key);
     }
-    function hashFrom(hash, text) {
-        for (let at = 0; at < text.length; ++at) hash = Math.imul(hash ^ text.charCodeAt(at), kHashStep);
+    function hashFrom(hash, text, from, to) {
+        for (let at = from; at < to; ++at) hash = Math.imul(hash ^ text.charCodeAt(at), kHashStep);
         return hash;
     }
-    const kId = hashFrom(kHashStart, '#'), kName = hashFrom(kHashStart, '.');
+    const kId = hashFrom(kHashStart, '#', 0, 1), kName = hashFrom(kHashStart, '.', 0, 1);
     function isKey(hash) { return mayHold(keyBits, hash || 1); }
+    // Nine names in ten begin as no key does.
+    function isStart(hash) { return mayHold(startBits, hash || 1); }
     function inBytes(text) {
         if (!/[^\x00-\x7f]/.test(text)) return text;
         try { return unescape(encodeURIComponent(text)); } catch (e) { return ''; }
     }
     // Rules name some by how their values begin, or what these hold. Parts are looked for in all new values at once.
     function Attribute(name) {
-        const start = hashFrom(kHashStart, name + '^');
+        const start = hashFrom(kHashStart, name + '^', 0, name.length + 1);
         this.parts = parts.filter(function (key) { return key.startsWith(name + '*'); });
         this.values = [];
         this.seenStarts = new Set();
         this.lookAtStart = function (value) {
             let hash = start;
-            for (let at = 0; at < value.length; ++at) {
-                hash = Math.imul(hash ^ value.charCodeAt(at), kHashStep);
-                if ((at + 1) % kKeyStep === 0 && isKey(hash)) note(name + '^' + value.slice(0, at + 1));
+            for (let end = kKeyStep; end <= value.length; end += kKeyStep) {
+                hash = hashFrom(hash, value, end - kKeyStep, end);
+                if (end === kKeyStep && !isStart(hash)) return;
+                if (isKey(hash)) note(name + '^' + value.slice(0, end));
             }
         };
         this.look = function (value) {
@@ -208,7 +211,9 @@
     const kOtherBlanks = /[\t\n\f\r]/;
     const ids = new Attribute('id'), classes = new Attribute('class'), links = new Attribute('href');
     function lookAtName(start, sign, name) {
-        if (name.length <= kLongestName && isKey(hashFrom(start, inBytes(name)))) note(sign + name);
+        if (name.length > kLongestName) return;
+        const bytes = inBytes(name), few = Math.min(bytes.length, kKeyStep), hash = hashFrom(start, bytes, 0, few);
+        if (isStart(hash) && isKey(hashFrom(hash, bytes, few, bytes.length))) note(sign + name);
     }
     function lookAtNames(names) {
         noteSeen(seenValues, names);
