@@ -7,7 +7,7 @@ namespace tessa {
 namespace {
 
 // Changes with whatever an image holds, or what its arrays mean.
-constexpr std::uint32_t kImageVersion = 3;
+constexpr std::uint32_t kImageVersion = 4;
 constexpr std::array<char, 8> kImageName{'T', 'V', 'b', 'l', 'o', 'c', 'k', '\n'};
 constexpr std::uint32_t kByteOrder = 0x01020304;
 constexpr std::uint64_t kImageAlign = 8;

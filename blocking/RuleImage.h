@@ -33,7 +33,8 @@ enum class ImagePart : std::uint32_t {
     SiteHiding,
     KeySlots,
     KeyLists,
-    KeyParts, ///< keys that are parts of attributes, see `KeyOfSelector`
+    KeyParts,  ///< keys that are parts of attributes, see `KeyOfSelector`
+    KeyStarts, ///< hashes of how keys begin, see `StartOfKey`
     AlwaysHidden,
     Lists, ///< a `PackedList` for each list
     Count,

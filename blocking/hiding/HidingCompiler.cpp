@@ -42,10 +42,9 @@ bool HidingCompiler::KeepPart(const std::string& key) {
 void HidingCompiler::AddGeneric(const std::string& text, std::uint32_t selector) {
     if (!m_generic.insert(selector).second) return;
     const std::string key = KeyOfSelector(text);
-    if (key.empty() || (IsPartKey(key) && !KeepPart(key)))
-        m_always.push_back(selector);
-    else
-        m_keyed.emplace_back(TokenOfKey(key), selector);
+    if (key.empty() || (IsPartKey(key) && !KeepPart(key))) return m_always.push_back(selector);
+    m_keyed.emplace_back(TokenOfKey(key), selector);
+    if (!IsPartKey(key)) m_keyStarts.insert(TokenOfKey(StartOfKey(key)));
 }
 
 void HidingCompiler::Add(const HidingRule& rule) {
@@ -73,6 +72,8 @@ void HidingCompiler::WriteTo(RuleImageWriter& writer) {
     writer.Set(ImagePart::KeySlots, std::span<const std::uint64_t>(keyed.Slots));
     writer.Set(ImagePart::KeyLists, std::span<const std::uint32_t>(keyed.Lists));
     writer.Set(ImagePart::KeyParts, std::span<const PackedText>(m_parts));
+    const std::vector<TokenHash> starts(m_keyStarts.begin(), m_keyStarts.end());
+    writer.Set(ImagePart::KeyStarts, std::span<const TokenHash>(starts));
     writer.Set(ImagePart::AlwaysHidden, std::span<const std::uint32_t>(m_always));
 }
 

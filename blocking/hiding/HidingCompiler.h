@@ -3,6 +3,7 @@
 #include "blocking/TokenTable.h"
 #include "blocking/hiding/HidingRule.h"
 
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -39,6 +40,7 @@ private:
     std::vector<std::uint32_t> m_always;
     std::vector<PackedText> m_parts;
     std::unordered_set<std::string> m_knownParts;
+    std::set<TokenHash> m_keyStarts;
     std::unordered_set<std::uint32_t> m_generic, m_never;
 };
 

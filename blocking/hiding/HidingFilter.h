@@ -16,8 +16,10 @@ public:
     void Add(std::uint32_t hash);
     /// False only when it was never added.
     [[nodiscard]] bool MayHold(std::uint32_t hash) const;
-    /// Eight bits a byte, the lowest first; as many bytes as a power of two. The script in the pages reads it so.
-    [[nodiscard]] const std::string& Bytes() const { return m_bytes; }
+    /// Six bits a letter, the lowest first: 64 letters from "(" on without the backslash, which may stand between
+    /// quotes but single ones. There are as many bits as a power of two, and zeros after them. The script in the pages
+    /// reads it.
+    [[nodiscard]] std::string Letters() const;
 
 private:
     [[nodiscard]] std::size_t PlaceOf(std::uint32_t product) const;

@@ -191,6 +191,12 @@ std::string KeyOfSelector(std::string_view selector) {
     return key.empty() ? ofAttribute : key;
 }
 
+std::string_view StartOfKey(std::string_view key) {
+    if (IsPartKey(key)) return {};
+    const bool ofName = key.starts_with('.') || key.starts_with('#');
+    return key.substr(0, (ofName ? 1 : key.find('^') + 1) + kKeyStep);
+}
+
 bool IsPartKey(std::string_view key) {
     const std::size_t sign = key.find_first_of("^*");
     return sign != std::string_view::npos && key[sign] == '*' && key.front() != '.' && key.front() != '#';

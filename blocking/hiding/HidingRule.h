@@ -38,6 +38,10 @@ struct HidingSign {
 [[nodiscard]] std::string KeyOfSelector(std::string_view selector);
 inline constexpr std::size_t kKeyStep = 4, kLongestStart = 20;
 
+/// The first letters of such a key, by which most names of pages are told from all keys: of a name its sign and as many
+/// bytes as `kKeyStep`, of a beginning its first step. Empty for the key of a part.
+[[nodiscard]] std::string_view StartOfKey(std::string_view key);
+
 /// Whether that is the key of a part.
 [[nodiscard]] bool IsPartKey(std::string_view key);
 

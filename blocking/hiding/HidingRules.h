@@ -3,6 +3,7 @@
 #include "blocking/RuleImage.h"
 #include "blocking/TokenTable.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -33,6 +34,8 @@ public:
     [[nodiscard]] std::vector<std::string_view> Parts() const;
     /// All keys of what may be hidden, see `TokenOfKey`, and of all domains that rules name.
     [[nodiscard]] std::vector<TokenHash> Keys() const;
+    /// How all these keys begin, see `StartOfKey`; those of parts left out.
+    [[nodiscard]] std::span<const TokenHash> KeyStarts() const { return m_image.Part<TokenHash>(ImagePart::KeyStarts); }
     [[nodiscard]] std::vector<std::uint64_t> Domains() const;
 
 private:

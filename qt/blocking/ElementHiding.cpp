@@ -24,8 +24,6 @@ namespace {
 
 const QString kHidingName = QStringLiteral("hiding");
 
-QString AsBase64(const std::string& bytes) { return QString::fromLatin1(QByteArray::fromStdString(bytes).toBase64()); }
-
 // As it may stand between quotes of a script.
 QString Quoted(const std::string& text) {
     const QByteArray list = QJsonDocument(QJsonArray{QString::fromStdString(text)}).toJson(QJsonDocument::Compact);
@@ -68,13 +66,16 @@ QString ElementHiding::Script() const {
     domains.insert(domains.end(), excepted.Domains.begin(), excepted.Domains.end());
     for (const Text& each : m_blocker.Values().offSites) domains.push_back(HashOfDomain(ToUtf8(each)));
     const std::vector<TokenHash> keys = hiding->Keys();
-    HidingFilter domainBits(domains.size()), keyBits(keys.size());
+    const std::span<const TokenHash> starts = hiding->KeyStarts();
+    HidingFilter domainBits(domains.size()), keyBits(keys.size()), startBits(starts.size());
     for (const std::uint64_t each : domains) domainBits.Add(FilterHashOf(each));
     for (const TokenHash each : keys) keyBits.Add(each);
+    for (const TokenHash each : starts) startBits.Add(each);
     QString script = Resources::ReadText(QStringLiteral("element-hiding.js"));
     script.replace(QStringLiteral("@word@"), m_word);
-    script.replace(QStringLiteral("@domains@"), AsBase64(domainBits.Bytes()));
-    script.replace(QStringLiteral("@keys@"), AsBase64(keyBits.Bytes()));
+    script.replace(QStringLiteral("@domains@"), QString::fromStdString(domainBits.Letters()));
+    script.replace(QStringLiteral("@keys@"), QString::fromStdString(keyBits.Letters()));
+    script.replace(QStringLiteral("@starts@"), QString::fromStdString(startBits.Letters()));
     script.replace(QStringLiteral("@parts@"), AsList(hiding->Parts()));
     script.replace(QStringLiteral("@addresses@"), AsList({excepted.Parts.begin(), excepted.Parts.end()}));
     script.replace(QStringLiteral("@all@"), excepted.Any ? QStringLiteral("true") : QStringLiteral("false"));

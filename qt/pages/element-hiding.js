@@ -1,14 +1,15 @@
 // Hides what the lists name, before it is painted. Runs in every frame before the page does, in a world of its own that
-// the page cannot see. Most pages hold nothing that any list names; two rows of bits tell that here, and the program is
+// the page cannot see. Most pages hold nothing that any list names; rows of bits tell that here, and the program is
 // asked only about the rest. It answers while the page waits. The program puts its words where there are names between
-// signs. They are a secret, the bits of domains and of keys, and the keys that are parts of attributes. They also say
-// parts of addresses of pages that have to be asked about, whether each one has to be, and what is hidden everywhere.
+// signs. They are a secret, the bits of domains, of keys and of how these begin, and the keys that are parts of attributes.
+// They also say parts of addresses of pages that have to be asked about, whether each one has to be, and what is hidden everywhere.
 (function () {
     'use strict';
     const kMostKeysAtOnce = 100;
     const kSteps = [1, 0x9E3779B1, 0x85EBCA6B, 0xC2B2AE3D, 0x27D4EB2F, 0x165667B1], kHashStart = 0x811C9DC5, kHashStep = 0x01000193;
+    const kFirstLetter = 40, kSkippedLetter = 92;
     const kLongestStart = 20, kKeyStep = 4, kMostSeen = 20000, kMostRead = 4096, kLongestName = 1000;
-    const kRush = 200, kFew = 50, kLongestRush = 250, kSamples = 8;
+    const kRush = 200, kFew = 50, kLongestRush = 250, kSamples = 8, kBusyPictures = 3;
 
     function hostOf(origin) {
         const found = /^https?:\/\/([^/:]+|\[[^\]]*\])/.exec(origin);
@@ -19,11 +20,13 @@
     const topHost = ancestors.length > 0 ? hostOf(ancestors[ancestors.length - 1]) : host;
     if (!host) return;
 
+    // Six bits stand in a letter, so that no page has to decode them all.
     function mayHold(bits, hash) {
-        const shift = Math.clz32(bits.length * 8 - 1);
+        const shift = Math.clz32(bits.length * 6 - 6);
         for (let at = 0; at < kSteps.length; ++at) {
-            const bit = Math.imul(hash, kSteps[at]) >>> shift;
-            if (((bits.charCodeAt(bit >>> 3) >>> (bit & 7)) & 1) === 0) return false;
+            const bit = Math.imul(hash, kSteps[at]) >>> shift, place = Math.floor(bit / 6), letter = bits.charCodeAt(place);
+            const six = (letter > kSkippedLetter ? letter - 1 : letter) - kFirstLetter;
+            if (((six >>> (bit - place * 6)) & 1) === 0) return false;
         }
         return true;
     }
@@ -64,7 +67,8 @@
         take();
     }
 
-    // Fields of a form hide its properties when they are called like them. So these are asked for in another way.
+    // Fields of a form hide its properties when they are called like them. So these are asked for in another way; of an
+    // id and a class, which takes longer so, only when they are no text.
     function getterOf(type, name) { return Object.getOwnPropertyDescriptor(type.prototype, name).get; }
     const idOf = getterOf(Element, 'id'), namesOf = getterOf(Element, 'className'), tagOf = getterOf(Element, 'localName');
     const firstOf = getterOf(Element, 'firstElementChild'), aroundOf = getterOf(Node, 'parentNode');
@@ -128,7 +132,7 @@
     function put() {
         if (sheets.length === 0) return;
         const there = adopted.get.call(document);
-        if (there.includes(sheets[sheets.length - 1])) return;
+        if (there[sheets.length - 1] === sheets[sheets.length - 1]) return;
         const others = Array.from(there).filter(function (sheet) { return !sheets.includes(sheet); });
         adopted.set.call(document, sheets.concat(others));
     }
@@ -140,7 +144,7 @@
         put();
     }
 
-    const keyBits = atob('@keys@'), parts = @parts@;
+    const keyBits = '@keys@', startBits = '@starts@', parts = @parts@;
     let site = {};
     function beOn(answer) {
         site = answer;
@@ -162,27 +166,37 @@
         noteSeen(seenKeys, key);
         found.push(key);
     }
-    function hashFrom(hash, text) {
-        for (let at = 0; at < text.length; ++at) hash = Math.imul(hash ^ text.charCodeAt(at), kHashStep);
+    function hashFrom(hash, text, from, to) {
+        for (let at = from; at < to; ++at) hash = Math.imul(hash ^ text.charCodeAt(at), kHashStep);
         return hash;
     }
-    const kId = hashFrom(kHashStart, '#'), kName = hashFrom(kHashStart, '.');
+    const kId = hashFrom(kHashStart, '#', 0, 1), kName = hashFrom(kHashStart, '.', 0, 1);
     function isKey(hash) { return mayHold(keyBits, hash || 1); }
+    // Nine names in ten begin as no key does.
+    function isStart(hash) { return mayHold(startBits, hash || 1); }
     function inBytes(text) {
         if (!/[^\x00-\x7f]/.test(text)) return text;
         try { return unescape(encodeURIComponent(text)); } catch (e) { return ''; }
     }
     // Rules name some by how their values begin, or what these hold. Parts are looked for in all new values at once.
     function Attribute(name) {
-        const start = hashFrom(kHashStart, name + '^');
+        const start = hashFrom(kHashStart, name + '^', 0, name.length + 1);
         this.parts = parts.filter(function (key) { return key.startsWith(name + '*'); });
         this.values = [];
-        this.look = function (value) {
-            const end = Math.min(value.length, kLongestStart);
+        this.seenStarts = new Set();
+        this.lookAtStart = function (value) {
             let hash = start;
-            for (let at = 0; at < end; ++at) {
-                hash = Math.imul(hash ^ value.charCodeAt(at), kHashStep);
-                if ((at + 1) % kKeyStep === 0 && isKey(hash)) note(name + '^' + value.slice(0, at + 1));
+            for (let end = kKeyStep; end <= value.length; end += kKeyStep) {
+                hash = hashFrom(hash, value, end - kKeyStep, end);
+                if (end === kKeyStep && !isStart(hash)) return;
+                if (isKey(hash)) note(name + '^' + value.slice(0, end));
+            }
+        };
+        this.look = function (value) {
+            const beginning = value.slice(0, kLongestStart);
+            if (!this.seenStarts.has(beginning)) {
+                noteSeen(this.seenStarts, beginning);
+                this.lookAtStart(beginning);
             }
             if (this.parts.length > 0) this.values.push(value.slice(0, kMostRead));
         };
@@ -194,14 +208,17 @@
                 if (all.includes(key.slice(name.length + 1))) note(key);
         };
     }
+    const kOtherBlanks = /[\t\n\f\r]/;
     const ids = new Attribute('id'), classes = new Attribute('class'), links = new Attribute('href');
     function lookAtName(start, sign, name) {
-        if (name.length <= kLongestName && isKey(hashFrom(start, inBytes(name)))) note(sign + name);
+        if (name.length > kLongestName) return;
+        const bytes = inBytes(name), few = Math.min(bytes.length, kKeyStep), hash = hashFrom(start, bytes, 0, few);
+        if (isStart(hash) && isKey(hashFrom(hash, bytes, few, bytes.length))) note(sign + name);
     }
     function lookAtNames(names) {
         noteSeen(seenValues, names);
         classes.look(names);
-        for (const each of names.split(/\s+/)) {
+        for (const each of kOtherBlanks.test(names) ? names.split(/\s+/) : names.split(' ')) {
             if (!each || seenNames.has(each)) continue;
             noteSeen(seenNames, each);
             lookAtName(kName, '.', each);
@@ -218,11 +235,13 @@
     }
     // Nearly all values have been seen, so no more than what tells that is done for most elements.
     function lookAtClass(element) {
-        const names = namesOf.call(element);
+        let names = element.className;
+        if (typeof names !== 'string') names = namesOf.call(element);
         if (names && !seenValues.has(names)) lookAtNames(names);
     }
     function lookAtIdOf(element) {
-        const id = idOf.call(element);
+        let id = element.id;
+        if (typeof id !== 'string') id = idOf.call(element);
         if (id && !seenIds.has(id)) lookAtId(id);
     }
     function lookAtLink(element) {
@@ -253,17 +272,21 @@
         each(findBelow.call(element, 'img'), collapseFailed);
         if (!site.generic) return;
         each(findBelow.call(element, 'a[href]'), lookAtLink);
-        each(findBelow.call(element, '[class], [id]'), look);
+        each(findBelow.call(element, '[class]'), lookAtClass);
+        each(findBelow.call(element, '[id]'), lookAtIdOf);
     }
     // The engine keeps its own lists of pictures and links. Those with a class or an id are the answer.
     function lookAtAll() {
         each(imagesOf.call(document), collapseFailed);
         if (!site.generic) return [];
         each(linksOf.call(document), lookAtLink);
-        return each(findAll.call(document, '[class], [id]'), look);
+        each(findAll.call(document, '[id]'), lookAtIdOf);
+        return each(findAll.call(document, '[class]'), lookAtClass);
     }
     function askAboutFound() {
-        for (const each of [ids, classes, links]) each.findParts();
+        ids.findParts();
+        classes.findParts();
+        links.findParts();
         while (found.length > 0) {
             const some = found.splice(0, kMostKeysAtOnce);
             ask('keys?keys=' + encodeURIComponent(JSON.stringify(some)), function (answer) { hide(answer.css); });
@@ -309,8 +332,8 @@
 
     // To be told of each element costs more than to look at all of them before each picture. So while a page makes very
     // many, it is watched only from that look until the picture. A task never begins between these two, so the watch
-    // ends in one.
-    let rush = 0, picture = 0;
+    // ends in one. Most pages do so for a picture or two while they load; only what goes on is not watched again at once.
+    let rush = 0, picture = 0, busy = 0;
     const observer = new MutationObserver(function (records) {
         const many = records.length >= kRush && records.length * 4 >= looked;
         if (many) lookAround();
@@ -344,7 +367,8 @@
         const goesOn = lookAround();
         clearTimeout(rush);
         rush = 0;
-        if (goesOn || document.readyState === 'loading') beginRush();
+        busy = goesOn ? busy + 1 : 0;
+        if (busy >= kBusyPictures || (looked < kFew && document.readyState === 'loading')) beginRush();
         else samples = [];
     }
     function endRush() {
@@ -360,7 +384,7 @@
         const address = (location.href.slice(0, kMostRead) + ' https://' + host + '/').toLowerCase(), plain = unescape(address);
         return addresses.some(function (each) { return address.includes(each) || plain.includes(each); });
     }
-    const domainBits = atob('@domains@');
+    const domainBits = '@domains@';
     const named = @all@ || domainMayBeNamed(domainBits, host) || addressMayBeNamed() ||
         (topHost !== host && domainMayBeNamed(domainBits, topHost));
     let begun = false;

@@ -90,7 +90,7 @@ class Counting(unittest.TestCase):
 class ToldPages(MadePages):
     def __init__(self):
         self.told = []
-        super().__init__(hosts=2)
+        super().__init__()
 
     def answer(self, path):
         return "text/plain", f"at {path}".encode()

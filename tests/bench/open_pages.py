@@ -39,7 +39,7 @@ class Pages(MadePages):
     def __init__(self):
         self.number, self.word, self.told = 0, "", set()
         self.changed = threading.Condition()
-        super().__init__(HOSTS)
+        super().__init__()
 
     def answer(self, path):
         if path.startswith("/word"):

@@ -5,7 +5,10 @@
 #include "blocking/hiding/HidingRules.h"
 #include "blocking/libraries/SiteDomain.h"
 
+#include <algorithm>
+#include <bit>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace tessa {
 
@@ -122,25 +125,66 @@ TEST(HidingRule, PagesAreAskedAboutSomePartsAndAlwaysHideTheOthers) {
     EXPECT_EQ(rules.ForKeys({"id*part-0-"}, {}).size(), 2U);
 }
 
+TEST(HidingRule, KeysAreToldFromOtherNamesByTheirFirstLetters) {
+    EXPECT_EQ(StartOfKey(".advert"), ".adve");
+    EXPECT_EQ(StartOfKey("#ad"), "#ad");
+    EXPECT_EQ(StartOfKey("#b\xC3\xBC\xC3\xBC-x"), "#b\xC3\xBC\xC3");
+    EXPECT_EQ(StartOfKey("href^http://ads."), "href^http");
+    EXPECT_EQ(StartOfKey("class^ad-b"), "class^ad-b");
+    EXPECT_EQ(StartOfKey("id*-advert-"), "");
+}
+
+TEST(HidingRule, RulesKnowHowTheirKeysBegin) {
+    RuleCompiler compiler;
+    compiler.AddList("##.advert\n##.adverse\n###box\n##a[href^=\"http://ads.\"]\n##[id*=\"-part-\"]\n##p\n"
+                     "example.com##.other\n");
+    const HidingRules rules(*RuleImage::Read(compiler.Image(1), 1));
+    std::vector<TokenHash> expected{TokenOfKey(".adve"), TokenOfKey("#box"), TokenOfKey("href^http")};
+    std::ranges::sort(expected);
+    EXPECT_TRUE(std::ranges::equal(rules.KeyStarts(), expected));
+}
+
 TEST(HidingRule, ASheetHidesEachBySelf) {
     EXPECT_EQ(HidingSheet({".a", "", "p"}), ".a{display:none!important}\np{display:none!important}\n");
 }
 
 TEST(HidingRule, TheFilterForgetsNothing) {
+    const auto hashOf = [](const char* kind, int number) { return TokenOfKey(kind + std::to_string(number)); };
     HidingFilter filter(1000);
-    for (std::uint32_t each = 0; each < 1000; ++each) filter.Add(each * 2654435761U);
+    for (int each = 0; each < 1000; ++each) filter.Add(hashOf("name-", each));
     int others = 0;
-    for (std::uint32_t each = 0; each < 1000; ++each) {
-        EXPECT_TRUE(filter.MayHold(each * 2654435761U));
-        others += filter.MayHold(each * 2654435761U + 12345) ? 1 : 0;
+    for (int each = 0; each < 1000; ++each) {
+        EXPECT_TRUE(filter.MayHold(hashOf("name-", each)));
+        others += filter.MayHold(hashOf("other-", each)) ? 1 : 0;
     }
     EXPECT_LT(others, 50);
     // Names that share the end of their numbers do not stand for each other.
     others = 0;
-    for (std::uint32_t each = 0; each < 1000; ++each)
-        others += filter.MayHold(each * 2654435761U ^ 0x55500000U) ? 1 : 0;
+    for (int each = 0; each < 1000; ++each) others += filter.MayHold(hashOf("name-", each) ^ 0x55500000U) ? 1 : 0;
     EXPECT_LT(others, 50);
-    EXPECT_EQ(filter.Bytes().size() & (filter.Bytes().size() - 1), 0U);
+}
+
+// As the script in the pages reads it.
+bool LettersMayHold(const std::string& letters, std::uint32_t hash) {
+    const int shift = std::countl_zero(static_cast<std::uint32_t>(letters.size() * 6 - 6));
+    for (const std::uint32_t step : {1U, 0x9E3779B1U, 0x85EBCA6BU, 0xC2B2AE3DU, 0x27D4EB2FU, 0x165667B1U}) {
+        const std::uint32_t bit = (hash * step) >> static_cast<unsigned>(shift);
+        const int letter = letters.at(bit / 6);
+        if ((((letter > '\\' ? letter - 1 : letter) - '(') >> (bit % 6) & 1) == 0) return false;
+    }
+    return true;
+}
+
+TEST(HidingRule, TheFilterSaysTheSameInLetters) {
+    for (const std::size_t names : {0U, 5U, 8U, 9U, 300U, 1024U, 1025U}) {
+        HidingFilter filter(names);
+        for (std::uint32_t each = 0; each < names; ++each) filter.Add(each * 2654435761U);
+        const std::string letters = filter.Letters();
+        EXPECT_EQ(letters.find_first_not_of("()*+,-./0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[]^_`abcdefgh"),
+                  std::string::npos);
+        for (std::uint32_t each = 0; each < 5000; ++each)
+            ASSERT_EQ(LettersMayHold(letters, each * 2654435761U), filter.MayHold(each * 2654435761U)) << names;
+    }
 }
 
 } // namespace

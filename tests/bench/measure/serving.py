@@ -17,9 +17,9 @@ def paragraphs(seed, count):
 
 
 class MadePages:
-    """Serves what `answer` says, from so many hosts of this computer, until the process ends."""
+    """Serves what `answer` says until the process ends. Each address 127.x.x.x of this computer is a host of its own."""
 
-    def __init__(self, hosts=1, protocol="HTTP/1.0"):
+    def __init__(self, protocol="HTTP/1.0"):
         pages = self
 
         class Handler(http.server.BaseHTTPRequestHandler):
@@ -43,13 +43,13 @@ class MadePages:
             def log_message(self, *words):
                 pass
 
-        self.port = 0
-        for host in range(1, hosts + 1):
-            server = http.server.ThreadingHTTPServer((f"127.0.0.{host}", self.port), Handler)
-            # A program that ends leaves connections open.
-            server.handle_error = lambda *_: None
-            self.port = server.server_port
-            threading.Thread(target=server.serve_forever, daemon=True).start()
+        # A hundred pages connect at once, and what waits in vain for that would try again a second later.
+        http.server.ThreadingHTTPServer.request_queue_size = 1000
+        server = http.server.ThreadingHTTPServer(("0.0.0.0", 0), Handler)
+        # A program that ends leaves connections open.
+        server.handle_error = lambda *_: None
+        self.port = server.server_port
+        threading.Thread(target=server.serve_forever, daemon=True).start()
 
     def answer(self, path):
         """The kind and the bytes of what lies at a path."""
