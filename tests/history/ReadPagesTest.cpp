@@ -56,9 +56,9 @@ TEST(ReadPages, WhileOthersLoadAPageWaits) {
 TEST(ReadPages, BesideOneThatHasJustLoadedAPageWaits) {
     ReadingDesk desk(2);
     desk.Load(1, u"http://a/", u"pWords");
-    desk.now += ReadPages::kRest / 2;
+    desk.steady.now += ReadPages::kRest / 2;
     desk.Load(2, u"http://b/", u"pWords");
-    desk.now += ReadPages::kRest / 2;
+    desk.steady.now += ReadPages::kRest / 2;
     desk.main.Reads().Look();
     EXPECT_EQ(desk.views.At(1).reads, 0);
     desk.Rest();
