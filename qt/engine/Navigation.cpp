@@ -127,6 +127,7 @@ void Navigation::Start() {
     const bool moves = target.url.hasFragment() &&
                        target.url.adjusted(QUrl::RemoveFragment) == m_where.shown.adjusted(QUrl::RemoveFragment);
     if (!moves) Page()->Await(target.url);
+    if (!history.isEmpty()) m_page->Life()->NoteRefill();
     if (history.isEmpty() || !PageHistory::Fill(*Page(), history)) Page()->load(target.url);
 }
 

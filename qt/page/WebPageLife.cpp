@@ -43,7 +43,7 @@ Outcome WebPageLife::Sleep() {
     m_page.setLifecycleState(State::Frozen);
     if (m_page.recommendedState() == State::Active) m_page.setLifecycleState(State::Active);
     if (m_page.recommendedState() == State::Discarded) {
-        m_slept = true;
+        m_untold = true;
         m_page.setLifecycleState(State::Discarded);
     }
     return Asleep() ? Outcome::Done : Outcome::Failed;
@@ -64,10 +64,11 @@ void WebPageLife::OnIcon() {
     IconChanged();
 }
 
-// The engine tells no more of the icons of a page that has slept. Those of pages shown before are in its store.
+// For a page that has slept, or has got a history, the engine makes another of its own, and tells no more of icons.
+// Those of pages shown before are in its store.
 void WebPageLife::OnAddress(const QUrl& address) {
     m_ended = false;
-    if (!m_slept || address.host() == m_iconHost) return;
+    if (!m_untold || address.host() == m_iconHost) return;
     m_icon = QIcon();
     m_iconHost = address.host();
     m_page.profile()->requestIconForPageURL(

@@ -32,7 +32,9 @@ public:
 
     /// Wakes the page although it is not shown, because it is about to be used.
     void Wake();
-    /// The page's icon; the engine cannot be asked for that of a page that has slept.
+    /// The page is about to get the history of another one.
+    void NoteRefill() { m_untold = true; }
+    /// The page's icon; the engine cannot be asked for that of a page that has slept, or has another one's history.
     [[nodiscard]] const QIcon& Icon() const { return m_icon; }
 
     /// What only the view knows of what goes on.
@@ -50,7 +52,7 @@ private:
     QString m_iconHost; ///< of the page whose icon it is
     QList<QPointer<QWebEngineDownloadRequest>> m_downloads;
     bool m_ended = false;
-    bool m_slept = false;
+    bool m_untold = false; ///< the engine tells no more of its icons
 };
 
 } // namespace tessa::qt

@@ -169,10 +169,12 @@ TEST_F(SleepingTabs, KeepTheirSizeOfTextAndStayMuted) {
     EXPECT_EQ(View().Page()->zoomFactor(), 1.25);
 }
 
+const QByteArray kWithIcon =
+    "<title>icon</title><link rel=icon href=\"data:image/svg+xml,<svg xmlns='http://www.w3.org/2000/svg' width='16' "
+    "height='16'><rect width='16' height='16' fill='red'/></svg>\">";
+
 TEST_F(SleepingTabs, KeepTheirIcon) {
-    server.Page(QStringLiteral("/icon"),
-                "<title>icon</title><link rel=icon href=\"data:image/svg+xml,<svg xmlns='http://www.w3.org/2000/svg' "
-                "width='16' height='16'><rect width='16' height='16' fill='red'/></svg>\">");
+    server.Page(QStringLiteral("/icon"), kWithIcon);
     Load(QStringLiteral("/icon"));
     ASSERT_TRUE(WaitUntil([&] { return !desk.engine.Icon(2).isNull(); }));
     ASSERT_TRUE(FallsAsleep());
@@ -208,6 +210,19 @@ TEST_F(SleepingTabs, ComeBackWithTheirHistoryWhenTheyAreClosedAsleep) {
     ASSERT_TRUE(WaitUntil([&] { return desk.View(3).LocationName() == u"two" && !desk.View(3).Busy(); }));
     EXPECT_EQ(desk.View(3).GoBack(), Outcome::Done);
     EXPECT_TRUE(WaitUntil([&] { return desk.View(3).LocationName() == u"one"; }));
+}
+
+TEST_F(SleepingTabs, HaveTheirIconWhenTheyComeBackAfterTheyWereClosed) {
+    server.Page(QStringLiteral("/icon"), kWithIcon);
+    Load(QStringLiteral("/icon"));
+    ASSERT_TRUE(WaitUntil([&] { return !desk.engine.Icon(2).isNull(); }));
+    desk.main->CloseBrowserTab(2);
+    desk.main->actBar.UserClick(*desk.main->actBar.Find(u"xtrReopenTab"));
+    ASSERT_TRUE(WaitUntil([&] { return desk.View(3).LocationName() == u"icon" && !desk.View(3).Busy(); }));
+    EXPECT_TRUE(WaitUntil([&] { return !desk.engine.Icon(3).isNull(); }));
+    ResumeNext(desk.View(3).Navigate(FromQt(server.Address(QStringLiteral("/two"), QStringLiteral("localhost")))));
+    ASSERT_TRUE(WaitUntil([&] { return desk.View(3).LocationName() == u"two" && !desk.View(3).Busy(); }));
+    EXPECT_TRUE(desk.engine.Icon(3).isNull()) << "it was another page's";
 }
 
 TEST_F(SleepingTabs, AreNoneOfThoseThatCanBeHeard) {
