@@ -6,6 +6,7 @@
 #include "tiles/Tiles.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
 
@@ -45,6 +46,7 @@ std::int32_t PaneFocus::PaneAround(const QWidget& widget, QPoint at) const {
 bool PaneFocus::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWidgetType()) return false;
     const auto& widget = static_cast<const QWidget&>(*watched);
+    NoteKeys(*event);
     if (event->type() == QEvent::MouseButtonPress)
         Select(PaneAround(widget, static_cast<const QMouseEvent&>(*event).position().toPoint()));
     else if (event->type() == QEvent::TouchBegin)
@@ -65,19 +67,24 @@ void PaneFocus::OnFocusIn(const QWidget& widget, Qt::FocusReason reason) {
         this, [this] { LookAtFocus(); }, Qt::QueuedConnection);
 }
 
+void PaneFocus::NoteKeys(const QEvent& event) {
+    if (event.type() == QEvent::MouseButtonPress) m_isTabbed = false;
+    if (event.type() != QEvent::KeyPress) return;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    m_isTabbed = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+}
+
 // Who goes from one page to the next by keys wants that one. No page may take the keyboard by itself.
 void PaneFocus::LookAtFocus() {
     QWidget* has = QApplication::focusWidget();
     const std::int32_t pane = has && !m_area.isHidden() ? PaneAround(*has, has->rect().center()) : 0;
     if (pane == 0 || pane == m_tiles->Focus()) return;
-    const bool byKeys = m_reason == Qt::TabFocusReason || m_reason == Qt::BacktabFocusReason;
+    const bool isNext = m_reason == Qt::TabFocusReason || m_reason == Qt::BacktabFocusReason;
+    if (isNext && m_isTabbed) Select(pane);
     // What goes, as a page does whose process dies, hands the keyboard on as if somebody had pressed the key.
-    const bool handedOn = !m_left || !m_left->isVisible();
-    if (byKeys && handedOn)
+    else if (isNext)
         m_strip->UserClick(m_strip->SelectedItem());
-    else if (byKeys)
-        Select(pane);
-    else if (m_reason == Qt::OtherFocusReason && !handedOn)
+    else if (m_reason == Qt::OtherFocusReason && m_left && m_left->isVisible())
         m_left->setFocus(Qt::OtherFocusReason);
 }
 

@@ -31,6 +31,7 @@ private:
     [[nodiscard]] std::int32_t PaneAround(const QWidget& widget, QPoint at) const;
     [[nodiscard]] bool IsOverPane(const QWidget& widget) const;
     void OnFocusIn(const QWidget& widget, Qt::FocusReason reason);
+    void NoteKeys(const QEvent& event);
     void LookAtFocus();
 
     const QWidget& m_area;
@@ -39,6 +40,7 @@ private:
     TabStrip* m_strip = nullptr;
     QPointer<QWidget> m_left;                        ///< what had the keyboard before
     Qt::FocusReason m_reason = Qt::OtherFocusReason; ///< why something else got it
+    bool m_isTabbed = false;                         ///< the Tab key was pressed last
 };
 
 } // namespace tessa::qt

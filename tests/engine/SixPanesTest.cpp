@@ -144,10 +144,10 @@ TEST_F(SixPanes, TheRendererOfThePaneInFocusMayDie) {
     EXPECT_EQ(Front(), 4);
     EXPECT_EQ(Layout(), "v(h(2 3 4) h(5 6 7))");
     ExpectOthersLive(4);
-    // It is closed as it is, and the one beside it gets the keyboard and the room.
+    // It is closed as it is: the next one gets the keyboard, and the one beside it the room.
     desk.main->CloseBrowserTab(4);
     EXPECT_EQ(Layout(), "v(h(2 3) h(5 6 7))");
-    EXPECT_EQ(Front(), 3);
+    EXPECT_EQ(Front(), 5);
     EXPECT_TRUE(WaitUntil([&] { return View(3).Widget()->width() > before[3].width(); }));
     EXPECT_TRUE(KnowsItsRoom(3));
 }

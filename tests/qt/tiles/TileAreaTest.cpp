@@ -151,6 +151,7 @@ TEST_F(TileAreaTest, GoingToAPageByKeysSelectsItsTab) {
     Show(u"h(1 2)");
     pages[1]->setFocus();
     ASSERT_TRUE(QTest::qWaitFor([this] { return pages[1]->hasFocus(); }));
+    QTest::keyPress(pages[1], Qt::Key_Tab);
     pages[2]->setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(QTest::qWaitFor([this] { return tiles.Focus() == 2; }));
 }
