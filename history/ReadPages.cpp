@@ -113,6 +113,10 @@ void ReadPages::See(std::int32_t index) {
     Changed(index);
 }
 
+void ReadPages::Forget() {
+    for (auto& [index, followed] : m_pages) followed.forgotten = true;
+}
+
 // What is left is read once more; what was new in it has been seen.
 void ReadPages::Touch() {
     const Tab* selected = m_parts.pcPage.SelectedItem();

@@ -70,6 +70,8 @@ public:
     void Closes(std::int32_t index);
     /// The strip has changed, perhaps what is in front.
     void Touch();
+    /// What was read was cleared: what is open by now is remembered no more, until it is loaded again.
+    void Forget();
     /// Reads those pages that have come to rest.
     void Look();
     /// Marks what is new in the page of that view, and brings the next new passage into sight. Returns its number, from
@@ -103,6 +105,7 @@ private:
         PageAsRead before;
         std::vector<Text> news; ///< the new passages
         bool asksPassword = false;
+        bool forgotten = false;    ///< it was there when what was read was cleared
         bool searched = false;     ///< somebody searches in it
         std::size_t shownNews = 0; ///< which new passage was brought into sight last, from 1
     };

@@ -14,6 +14,7 @@ Text NewsWordsOf(const PageNews& news) { return Decimal(news.Share) + u" % new: 
 } // namespace
 
 Kept ReadPages::KeptOf(std::int32_t index, const Followed& followed) const {
+    if (followed.forgotten) return Kept::Nothing;
     const ArrayView* view = m_parts.Browser.Find(index);
     const bool isPrivate = !view || view->Privacy == Privacy::Private;
     return HistoryRules::WhatIsKept({followed.page.Address, isPrivate, followed.asksPassword}, m_options);

@@ -30,6 +30,7 @@ void MainCommands::Clear(const BrowsingData& data, const Forgotten& done) {
 }
 
 void MainCommands::ForgetHistory(std::int64_t seconds) {
+    m_parts.reads.Forget();
     HistoryRemoval removal;
     if (seconds > 0) removal.From = m_platform.clock.Now() - seconds;
     m_platform.visits.Remove(removal, [this, alive = std::weak_ptr(m_alive)](std::int64_t) {

@@ -26,6 +26,7 @@ public:
         CommandContext& context;
         SessionJournal& sessions;
         LiveSettings& settings;
+        ReadPages& reads;
         frmTaskView& taskView;
         frmDownloads& downloads;
         HistoryPages& history;

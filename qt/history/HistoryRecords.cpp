@@ -112,9 +112,9 @@ QVariant HistoryRecords::IconOf(const std::string& picture) {
 }
 
 void HistoryRecords::Keep(const HistoryVisit& visit) {
-    if (const auto row = FindRow(ToQt(visit.Address)))
-        Change(*row, visit);
-    else
+    if (const auto row = FindRow(ToQt(visit.Address))) Change(*row, visit);
+    // The end of a visit that was forgotten meanwhile does not bring it back.
+    else if (!visit.Again)
         Add(visit);
 }
 

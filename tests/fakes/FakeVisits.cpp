@@ -19,6 +19,7 @@ void FakeVisits::Answer() {
 void FakeVisits::Keep(HistoryVisit visit) {
     kept.push_back(visit);
     const auto found = std::ranges::find(entries, visit.Address, &HistoryEntry::Address);
+    if (visit.Again && found == entries.end()) return;
     HistoryEntry entry;
     if (found != entries.end()) entry = *found;
     if (found != entries.end()) entries.erase(found);

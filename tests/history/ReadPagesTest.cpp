@@ -223,6 +223,21 @@ TEST(ReadPages, APageThatAsksForAPasswordLaterIsNotToldAnyMore) {
     EXPECT_EQ(desk.visits.At(u"http://a/").Passages, "pOne\n");
 }
 
+TEST(ReadPages, WhatIsOpenWhenTheHistoryIsClearedIsRememberedNoMore) {
+    ReadingDesk desk(2);
+    desk.Read(2, u"http://told/", u"pWords");
+    desk.Load(1, u"http://coming/", u"pWords");
+    desk.main.Reads().Forget();
+    desk.visits.Remove({}, [](std::int64_t) {});
+    desk.Rest();
+    desk.ClickTab(1);
+    desk.ClickTab(2);
+    desk.Close(1);
+    EXPECT_EQ(desk.visits.Addresses(), u"");
+    desk.Read(2, u"http://told/", u"pWords");
+    EXPECT_EQ(desk.visits.Addresses(), u"http://told/") << "this is another visit";
+}
+
 TEST(ReadPages, AnotherPlaceInAPageIsNoOtherPage) {
     ReadingDesk desk;
     desk.Read(1, u"http://a/", u"pOne");

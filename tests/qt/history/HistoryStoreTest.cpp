@@ -102,6 +102,18 @@ TEST_F(HistoryStoreTest, TheSameVisitToldAgainIsNoneMore) {
     EXPECT_EQ(m_pages.FindAll({}).Entries.at(0).Icon, "picture");
 }
 
+TEST_F(HistoryStoreTest, WhatWasForgottenMeanwhileDoesNotComeBackAsItsVisitEnds) {
+    HistoryVisit visit = StoredPages::VisitOf(u"https://a/1", u"One", u"first", 1'795'000'000);
+    m_pages.Store().Keep(visit);
+    EXPECT_EQ(m_pages.Remove({}), 1);
+    visit.Again = true;
+    m_pages.Store().Keep(visit);
+    EXPECT_TRUE(m_pages.Load({u"https://a/1"}).empty());
+    visit.Again = false;
+    m_pages.Store().Keep(visit);
+    EXPECT_EQ(m_pages.Load({u"https://a/1"}).size(), 1U);
+}
+
 TEST_F(HistoryStoreTest, WhatIsShownIsFilteredAndComesInParts) {
     for (int i = 1; i <= 9; ++i) {
         HistoryVisit visit = StoredPages::VisitOf(u"https://a/" + Decimal(i), Decimal(i), u"words", 1'795'000'000 + i);
