@@ -267,6 +267,14 @@ void EngineVersions::OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePage&
 #endif
 }
 
+bool EngineVersions::TakesSizeFromScene() {
+#ifdef TESSAVIEW_ENGINE_6_7
+    return false;
+#else
+    return true;
+#endif
+}
+
 bool EngineVersions::KeepsAskedNames() {
     // That of 6.11 is the first that is based on this one.
     constexpr int kChromium = 140;

@@ -98,6 +98,10 @@ void FollowPrintRequests(QWebEnginePage& page, QObject& context, const std::func
 /// until its first navigation ends. They end the program when a script fills it before.
 void OpenIn(QWebEngineNewWindowRequest& request, QWebEnginePage& page);
 
+/// Whether a hidden page takes its size from its scene, as the engine does up to 6.6. In 6.11 only a widget that is
+/// told to make a picture of itself gives it one.
+[[nodiscard]] bool TakesSizeFromScene();
+
 /// Whether a download has the name that it was asked under, wherever its address leads. Engines from 6.11 on drop it
 /// for files of other sites, and for pages without an address.
 [[nodiscard]] bool KeepsAskedNames();

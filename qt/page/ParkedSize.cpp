@@ -1,9 +1,13 @@
 #include "qt/page/ParkedSize.h"
 
+#include "qt/base/EngineVersions.h"
+
 #include <QChildEvent>
+#include <QCoreApplication>
 #include <QLayout>
 #include <QQuickItem>
 #include <QQuickWidget>
+#include <QResizeEvent>
 
 namespace tessa::qt {
 
@@ -25,13 +29,22 @@ protected:
 private:
     void Tell(QWidget& child) {
         if (QLayout* layout = m_view.layout()) layout->activate();
-        // The scene alone is told. A QResizeEvent also has QQuickWidget make a picture of it, megabytes for each page.
+        EngineVersions::TakesSizeFromScene() ? TellScene(child) : TellWidget(child);
+    }
+
+    // A resize event also has QQuickWidget make a picture of its scene, megabytes for each page.
+    static void TellScene(QWidget& child) {
         const auto* widget = qobject_cast<QQuickWidget*>(&child);
         QQuickItem* root = widget ? widget->rootObject() : nullptr;
         if (!root) return;
         root->setSize(child.size());
         const auto items = root->childItems();
         for (QQuickItem* each : items) each->setSize(child.size());
+    }
+
+    static void TellWidget(QWidget& child) {
+        QResizeEvent resized(child.size(), QSize());
+        QCoreApplication::sendEvent(&child, &resized);
     }
 
     QWidget& m_view;
