@@ -204,21 +204,6 @@ TEST_F(LeavingPages, WhoTakesTheClosingBackIsAskedNoMore) {
     EXPECT_TRUE(WaitUntil([&] { return Paths() == "blank/other"; })) << "it is asked as ever";
 }
 
-TEST_F(LeavingPages, OneThatTakesItsLeaveAfterThatComesAnew) {
-    desk.main->GetNewBrowser(InFront::Yes);
-    Show(QStringLiteral("/other"), u"Other");
-    server.Page(QStringLiteral("/goes"), "<title>Goes</title><p>words");
-    ShowAndClick(QStringLiteral("/goes"), u"Goes");
-    Script(QStringLiteral("window.mark = 'there'"));
-    // No answer comes in between.
-    CloseTogether({2, 3});
-    Click(u"xtrReopenTab");
-    EXPECT_TRUE(WaitUntil([&] { return Script(QStringLiteral("String(window.mark)")) == u"undefined"; }));
-    EXPECT_TRUE(WaitTitle(u"Goes"));
-    EXPECT_EQ(Paths(), "blank/other/goes");
-    EXPECT_EQ(desk.main->Tabs().CurrentIndex(), 3);
-}
-
 /// The same user, who types into forms that ask for nothing themselves.
 class TypedPages : public LeavingPages {
 protected:
