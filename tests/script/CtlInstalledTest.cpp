@@ -2,6 +2,7 @@
 #include "script/CtlArguments.h"
 #include "tests/base/HouseFiles.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 #include <regex>

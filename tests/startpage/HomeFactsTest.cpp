@@ -6,6 +6,8 @@
 #include "tests/fakes/FakeVisits.h"
 #include "tests/fakes/TemporaryFolder.h"
 
+#include <gtest/gtest.h>
+
 namespace tessa {
 
 namespace {
