@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <span>
 #include <utility>
 
 namespace tessa {
@@ -132,6 +133,33 @@ bool SplitIn(TilePart& part, const Splitting& how, std::size_t depth) {
     return false;
 }
 
+/// The row or the column that the pane lies in; nothing when there is none.
+TilePart* PartAround(TilePart& part, std::int32_t number) {
+    for (TilePart& each : part.Parts) {
+        if (each.What == Kind::Pane && each.Number == number) return &part;
+        if (auto* found = PartAround(each, number)) return found;
+    }
+    return nullptr;
+}
+
+// Small weights could not say where a divider is to the pixel.
+void RefineWeights(std::vector<TilePart>& parts) {
+    if (SumOf(parts) >= TilePart::kMostWeight / 100) return;
+    for (TilePart& each : parts) each.Weight = AsWeight(std::int64_t{each.Weight} * 100);
+}
+
+/// The pane gives those behind it, so many of them, as much of what they have together as it keeps.
+void ShareBehind(std::vector<TilePart>& parts, std::int32_t number, std::size_t behind) {
+    const auto first = std::ranges::find(parts, number, &TilePart::Number);
+    const std::span shared(first, first + static_cast<std::ptrdiff_t>(behind) + 1);
+    std::int64_t left = 0;
+    for (const TilePart& each : shared) left += each.Weight;
+    for (std::size_t i = shared.size(); i > 0; --i) {
+        shared[i - 1].Weight = AsWeight(left / static_cast<std::int64_t>(i));
+        left -= shared[i - 1].Weight;
+    }
+}
+
 } // namespace
 
 std::vector<std::int32_t> TileLayout::Numbers() const {
@@ -207,6 +235,15 @@ bool Split(TileLayout& layout, std::int32_t at, TileEdge edge, std::int32_t adde
     return SplitIn(layout.Root, {at, edge, added}, 1);
 }
 
+bool SplitEqually(TileLayout& layout, std::int32_t at, const std::vector<std::int32_t>& added) {
+    auto* row = PartAround(layout.Root, at);
+    if (row && row->What == Kind::Row && added.size() > 1) RefineWeights(row->Parts);
+    std::size_t split = 0;
+    for (auto each = added.rbegin(); each != added.rend(); ++each) split += Split(layout, at, TileEdge::Right, *each);
+    if (split > 0) ShareBehind(PartAround(layout.Root, at)->Parts, at, split);
+    return split > 0;
+}
+
 std::optional<TileLayout> Without(TileLayout layout, std::int32_t number) {
     return Renumbered(layout, [number](std::int32_t each) { return each == number ? 0 : each; });
 }
@@ -234,10 +271,7 @@ void Resize(TileLayout& layout, const TilePath& path, std::size_t before, std::i
     auto* part = layout.Find(path);
     const std::int64_t lengths = std::int64_t{lengthBefore} + lengthBehind;
     if (!part || before + 1 >= part->Parts.size() || lengthBefore < 0 || lengthBehind < 0 || lengths == 0) return;
-    // Small weights could not say where a divider is to the pixel.
-    if (SumOf(part->Parts) < TilePart::kMostWeight / 100) {
-        for (TilePart& each : part->Parts) each.Weight = AsWeight(std::int64_t{each.Weight} * 100);
-    }
+    RefineWeights(part->Parts);
     TilePart &first = part->Parts[before], &second = part->Parts[before + 1];
     const std::int64_t both = std::int64_t{first.Weight} + second.Weight;
     first.Weight = AsWeight((both * lengthBefore + lengths / 2) / lengths);

@@ -63,6 +63,9 @@ namespace TileLayouts {
 /// Puts a new pane at that edge of the pane `at`, which gives it half of its room. False when that cannot be: `at` is
 /// not there, `added` is, or there are too many panes inside each other.
 [[nodiscard]] bool Split(TileLayout& layout, std::int32_t at, TileEdge edge, std::int32_t added);
+/// Puts new panes right of the pane `at`, in their order, and all of them get the same part of its room. Those that
+/// cannot be split off are left out. False when there is none of them.
+bool SplitEqually(TileLayout& layout, std::int32_t at, const std::vector<std::int32_t>& added);
 /// Without that pane, whose room goes to those beside it. Nothing when less than two are left.
 [[nodiscard]] std::optional<TileLayout> Without(TileLayout layout, std::int32_t number);
 /// Each pane shows what `become` answers for its number, and goes when that is 0. Nothing when less than two are left.

@@ -52,17 +52,23 @@ void Tiles::Show(const TileLayout& layout) {
     ShowChange();
 }
 
-bool Tiles::ShowBeside(std::int32_t index) {
+bool Tiles::ShowBeside(const std::vector<std::int32_t>& indexes) {
     const std::int32_t focus = Focus();
-    if (index == focus || !m_tabs.IsOpen(index) || !m_tabs.IsOpen(focus)) return false;
-    if (!FindOf(focus)) {
-        const auto layout = TileLayouts::Columns({focus, index});
+    std::vector<std::int32_t> wanted;
+    for (const std::int32_t each : indexes) {
+        if (each != focus && m_tabs.IsOpen(each)) wanted.push_back(each);
+    }
+    if (wanted.empty() || !m_tabs.IsOpen(focus)) return false;
+    const auto* there = FindOf(focus);
+    if (!there) {
+        wanted.insert(wanted.begin(), focus);
+        const auto layout = TileLayouts::Columns(wanted);
         if (layout) Show(*layout);
         return layout.has_value();
     }
-    TileLayout changed = *FindOf(focus);
+    TileLayout changed = *there;
     changed.Full = false;
-    if (!TileLayouts::Split(changed, focus, TileEdge::Right, index)) return changed.Has(index);
+    if (!TileLayouts::SplitEqually(changed, focus, wanted)) return changed.Has(wanted.front());
     Show(changed);
     return true;
 }

@@ -29,7 +29,10 @@ public:
     /// Shows these tabs in that way. They leave the layouts that they were in.
     void Show(const TileLayout& layout);
     /// Puts a tab into a pane right of the one in focus. False when it is that one, or there is no room for it.
-    bool ShowBeside(std::int32_t index);
+    bool ShowBeside(std::int32_t index) { return ShowBeside(std::vector{index}); }
+    /// The same for several tabs, in their order: all get the same part of its room. Those that lie beside it already
+    /// stay there. False when none does then.
+    bool ShowBeside(const std::vector<std::int32_t>& indexes);
     /// Puts a tab into a pane at that edge of the page of the tab `at`, and selects it. False as above.
     bool Drop(std::int32_t index, std::int32_t at, TileEdge edge);
     /// Takes a tab out of its layout; the tab stays.

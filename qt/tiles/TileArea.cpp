@@ -156,7 +156,7 @@ bool TileArea::Drop(const std::vector<std::int32_t>& indexes, QPoint at) {
     }
     if (!m_shownFaces->MayShow(all.size())) return false;
     if (!Drop(indexes.front(), at)) return false;
-    for (auto index = indexes.rbegin(); index + 1 != indexes.rend(); ++index) m_tiles->ShowBeside(*index);
+    m_tiles->ShowBeside(std::vector(indexes.begin() + 1, indexes.end()));
     return true;
 }
 

@@ -100,6 +100,37 @@ TEST(Tiles, ATabIsShownBesideTheOneInFront) {
     EXPECT_EQ(desk.Layout(), "h(1:500 3:500 2): 1* 2 3");
 }
 
+TEST(Tiles, SeveralTabsShareTheRoomOfTheOneInFront) {
+    struct Row {
+        TextView before;
+        std::vector<std::int32_t> beside;
+        const char* after;
+    };
+    for (const Row& row : std::vector<Row>{
+             {u"", {2, 3, 4}, "h(1 2 3 4): 1* 2 3 4"},
+             {u"h(1 5)", {2}, "h(1:500 2:500 5): 1* 2 5"},
+             {u"h(1 5)", {2, 3, 4}, "h(1:25000 2:25000 3:25000 4:25000 5:100000): 1* 2 3 4 5"},
+             {u"h(1 5)", {3, 2}, "h(1:33334 3:33333 2:33333 5:100000): 1* 2 3 5"},
+             {u"v(1 5)", {4, 2, 3}, "v(h(1:500 4:500 2:500 3:500) 5): 1* 2 3 4 5"},
+             {u"h(5 v(1 4))", {2, 3}, "h(5 v(h(1:667 2:667 3:666) 4)): 1* 2 3 4 5"},
+             {u"h(1:999999 5)", {2, 3}, "h(1:333333 2:333333 3:333333 5): 1* 2 3 5"},
+             {u"h(1:1 5:1)", {2, 3, 4}, "h(1:25 2:25 3:25 4:25 5:100): 1* 2 3 4 5"},
+             {u"h(1 2)", {2, 3, 4}, "h(1:33334 3:33333 4:33333 2:100000): 1* 2 3 4"},
+             {u"h(1 2)", {1, 3, 9}, "h(1:500 3:500 2): 1* 2 3"},
+         }) {
+        SCOPED_TRACE(row.after);
+        TilesDesk desk(5);
+        if (!row.before.empty()) desk.tiles.Show(*TileLayoutIn(row.before));
+        desk.ClickTab(1);
+        EXPECT_TRUE(desk.tiles.ShowBeside(row.beside));
+        EXPECT_EQ(desk.Layout(), row.after);
+    }
+    TilesDesk desk(2);
+    EXPECT_FALSE(desk.tiles.ShowBeside(std::vector<std::int32_t>{}));
+    EXPECT_FALSE(desk.tiles.ShowBeside(std::vector<std::int32_t>{1, 9}));
+    EXPECT_EQ(desk.Layout(), "alone: 1*");
+}
+
 TEST(Tiles, ADroppedTabComesToThatEdgeAndToTheFront) {
     struct Row {
         TextView before;
