@@ -1,11 +1,18 @@
 # Completion of tessaviewctl for bash.
 _tessaviewctl() {
-  local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command= word
+  local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command= word i
+  local ask=(tessaviewctl)
   local commands="list search open open-group save-group activate close reload text html pdf screenshot keep-offline check-group
     pdf-group keep-group run-command
     wait-idle bus-name quit"
   COMPREPLY=()
-  for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+  for ((i = 1; i < COMP_CWORD; i++)); do
+    word=${COMP_WORDS[i]}
+    case $word in
+      # The tabs are those of the instance that is meant.
+      --instance) ask+=("$word" "${COMP_WORDS[++i]/#\~/$HOME}"); continue ;;
+      --timeout) ((i++)); continue ;;
+    esac
     if [[ " ${commands//$'\n'/ } " == *" $word "* ]]; then command=$word; break; fi
   done
   case $before in
@@ -26,13 +33,13 @@ _tessaviewctl() {
   fi
   case $command in
     "") mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current") ;;
-    reload) mapfile -t COMPREPLY < <(compgen -W "all $(tessaviewctl list 2>/dev/null | cut -f 1)" -- "$current") ;;
+    reload) mapfile -t COMPREPLY < <(compgen -W "all $("${ask[@]}" list 2>/dev/null | cut -f 1)" -- "$current") ;;
     activate | close | text | html)
-      mapfile -t COMPREPLY < <(compgen -W "$(tessaviewctl list 2>/dev/null | cut -f 1)" -- "$current") ;;
+      mapfile -t COMPREPLY < <(compgen -W "$("${ask[@]}" list 2>/dev/null | cut -f 1)" -- "$current") ;;
     pdf | screenshot)
       if [[ $before == "$command" ]]; then
         [[ $command == pdf ]] && local all=all || local all=
-        mapfile -t COMPREPLY < <(compgen -W "$all $(tessaviewctl list 2>/dev/null | cut -f 1)" -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W "$all $("${ask[@]}" list 2>/dev/null | cut -f 1)" -- "$current")
       else
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
       fi ;;

@@ -1,11 +1,14 @@
 #compdef tessaviewctl
 # Completion of tessaviewctl for zsh.
 _tessaviewctl_tabs() {
-  local -a tabs
+  local -a tabs instance
+  # The tabs are those of the instance that is meant.
+  local -i at=${words[(I)--instance]}
+  (( at && at < CURRENT )) && instance=(--instance ${~${(Q)words[at + 1]}})
   local number state title rest
   # Twice, it ends an empty field, too.
   while IFS=$'\t\t' read -r number state title rest; do tabs+=("$number:${title//:/ }"); done \
-    < <(tessaviewctl list 2>/dev/null)
+    < <(tessaviewctl $instance list 2>/dev/null)
   _describe tab tabs
 }
 

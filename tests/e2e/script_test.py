@@ -18,6 +18,7 @@ import desk
 import print_server
 
 PROGRAM = desk.program_file()
+COMPLETION = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../packaging/completions/tessaviewctl.bash")
 CTL = os.path.join(os.path.dirname(PROGRAM), "tessaviewctl")
 # Room for what the engine shows, which counts as files too, and for one large picture, but not for two.
 LONGEST_FILE = 6_500_000
@@ -187,6 +188,24 @@ class Opening(Scripted):
         self.assertNotEqual(self.ctl("bus-name"), self.ctl("bus-name", home=other))
         self.assertIn("does not run", self.complaint("--instance", other, "list", code=3))
         self.assertEqual(len(json.loads(self.ctl("--instance", self.home, "list", "--json", home=other))), 1)
+
+
+class Completing(Scripted):
+    def completed(self, *words):
+        """What bash makes of these words, of which the last is being typed."""
+        script = 'source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _tessaviewctl; printf "%s\\n" "${COMPREPLY[@]}"'
+        command = ["bash", "--norc", "-c", script, "bash", COMPLETION, "tessaviewctl", *words]
+        path = os.path.dirname(CTL) + os.pathsep + os.environ["PATH"]
+        environment = dict(os.environ, PATH=path, TESSAVIEW_HOME=desk.state_folder())
+        return subprocess.run(command, env=environment, capture_output=True, text=True, check=True).stdout.split()
+
+    def test_the_tabs_are_those_of_the_instance_that_is_meant(self):
+        with desk.Program(PROGRAM, home=self.home):
+            numbers = [line.split("\t")[0] for line in desk.wait_until(lambda: self.ctl("list", code=None)).splitlines()]
+            self.assertEqual(self.completed("--instance", self.home, "text", ""), numbers)
+            self.assertEqual(self.completed("--instance", self.home, "pdf", ""), ["all", *numbers])
+            self.assertEqual(self.completed("text", ""), [])
+        self.assertEqual(self.completed("--instance", "list", "save-g"), ["save-group"])
 
 
 class Instances(Scripted):
