@@ -128,10 +128,11 @@
         if (!more.hidden && !waiting && end.scrollTop + innerHeight > end.scrollHeight - 600) find(below);
     });
 
-    // "list N APPEND MORE BELOW", what is said of it, and the rows; "groups", and one in each line; "again".
+    // "list N APPEND MORE BELOW", what is said of it, and the rows; "groups", and one in each line; "again"; "anew".
     window.tessaOwn = function (message) {
         var lines = message.split('\n'), head = lines[0].split(' ');
         if (head[0] === 'again') return find(0);
+        if (head[0] === 'anew') return selected().length > 0 ? undefined : find(0);
         if (head[0] === 'groups') {
             var chosen = group.value;
             group.length = 1;
