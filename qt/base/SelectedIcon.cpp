@@ -1,5 +1,7 @@
 #include "qt/base/SelectedIcon.h"
 
+#include "qt/base/paint/Contrast.h"
+
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QImage>
@@ -7,7 +9,6 @@
 #include <QPalette>
 #include <QPixmap>
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 #include <optional>
 #include <utility>
@@ -47,31 +48,16 @@ bool HasOneColour(const QImage& image) {
     return true;
 }
 
-double LinearPart(double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
-
-// How bright it looks, from 0 to 1.
-double LuminanceOf(const QColor& colour) {
-    return 0.2126 * LinearPart(colour.redF()) + 0.7152 * LinearPart(colour.greenF()) +
-           0.0722 * LinearPart(colour.blueF());
-}
-
-// From 1, where two cannot be told apart, to 21, black and white.
-double ContrastOf(double luminance, double other) {
-    constexpr double kStrayLight = 0.05;
-    const auto [least, most] = std::minmax(luminance, other);
-    return (most + kStrayLight) / (least + kStrayLight);
-}
-
 // No part of it stands out from the selection.
 bool HidesOnSelection(const QImage& image) {
-    const double ground = LuminanceOf(QGuiApplication::palette().color(QPalette::Highlight));
+    const QColor ground = QGuiApplication::palette().color(QPalette::Highlight);
     bool drawn = false;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QColor pixel = image.pixelColor(x, y);
             // Edges are mixed with the ground in any case.
             if (pixel.alpha() < kAllThere) continue;
-            if (ContrastOf(LuminanceOf(pixel), ground) >= kLeastPictureContrast) return false;
+            if (Contrast::Between(pixel, ground) >= kLeastPictureContrast) return false;
             drawn = true;
         }
     }

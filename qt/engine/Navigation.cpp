@@ -33,6 +33,7 @@ Outcome Navigation::Navigate(TextView address) {
     m_where.stage.Ask();
     m_wish = std::move(target);
     m_wishHistory.clear();
+    m_looked = m_staysBlank = false;
     m_view.services.schedule.AskTurn(m_view.index);
     return Outcome::Done;
 }
@@ -105,8 +106,25 @@ Outcome Navigation::RestoreLater(const std::string& history, TextView address) {
     return outcome;
 }
 
-void Navigation::Look() {
-    if (m_where.stage.Look()) m_view.services.schedule.AskTurn(m_view.index);
+bool Navigation::Look() {
+    if (!m_where.stage.Look()) return false;
+    m_looked = true;
+    m_staysBlank = false;
+    m_view.services.schedule.AskTurn(m_view.index);
+    return true;
+}
+
+bool Navigation::StayBlank() {
+    const bool seen = m_looked || m_view.index < 0 || m_view.services.schedule.IsWanted(m_view.index);
+    if (seen || m_page || !m_wishHistory.isEmpty() || m_wish.url != QUrl(ToQt(Address::kBlank))) return false;
+    m_where.stage.PutOff();
+    m_staysBlank = true;
+    m_view.services.schedule.EndTurn(m_view.index);
+    m_view.events.BeforeNavigate2(m_view.index, PageLevel::Top, Address::kBlank);
+    m_view.events.NavigateComplete2(m_view.index, PageLevel::Top, Address::kBlank);
+    m_view.events.TitleChange(m_view.index, Address::kBlank);
+    m_view.events.DocumentComplete(m_view.index, PageLevel::Top, Address::kBlank);
+    return true;
 }
 
 void Navigation::GiveUp() { m_where.stage.GiveUp(); }

@@ -34,11 +34,15 @@ public:
     [[nodiscard]] std::string History() const;
     Outcome Restore(const std::string& history, TextView address);
     Outcome RestoreLater(const std::string& history, TextView address);
-    /// Somebody looks at the view.
-    void Look();
+    /// Somebody looks at the view: whether that brings what was put off its turn.
+    bool Look();
 
     /// The view has its page from now on, until that is taken away.
     void SetPage(ViewPage* page) { m_page = page; }
+    /// Whether what was asked for is a blank page, which nobody sees and which has no process yet. It is told as if it
+    /// were there, and made when somebody looks.
+    bool StayBlank();
+    [[nodiscard]] bool StaysBlank() const { return m_staysBlank; }
     /// Begins what was asked for, in the view's page.
     void Start();
     /// Has the page filled by another one, which has opened it.
@@ -72,6 +76,8 @@ private:
     AddressUrl m_wish;        ///< what was asked for, until it has begun
     QByteArray m_wishHistory; ///< where the page that is asked for has been
     AddressTries m_tries;
+    bool m_looked = false;     ///< at the view, since something was asked for
+    bool m_staysBlank = false; ///< what was asked for is told, and put off
 };
 
 } // namespace tessa::qt

@@ -165,7 +165,7 @@ PageProgress PageView::Progress() const {
     // Between the beginning and the engine's first word of it, it is awaited.
     const bool awaits = m_page && m_page->Page().AwaitsAny();
     if (stage.Busy() || awaits || stage.Wanted() == PageNavigation::Wish::Waiting) return PageProgress::Loading;
-    return stage.Waits() ? PageProgress::PutOff : PageProgress::Done;
+    return stage.Waits() && !m_navigation.StaysBlank() ? PageProgress::PutOff : PageProgress::Done;
 }
 
 bool PageView::MayHold() const { return m_page && !CrashPage() && m_page->Leaving().MayHold(); }
@@ -224,6 +224,7 @@ QIcon PageView::Icon() const { return m_page && m_page->Life() ? m_page->Life()-
 
 void PageView::StartNavigation() {
     if (!m_where.stage.Waits()) return m_self.services.schedule.EndTurn(m_self.index);
+    if (m_navigation.StayBlank()) return;
     MakePage();
     m_navigation.Start();
 }

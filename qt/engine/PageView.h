@@ -70,8 +70,8 @@ public:
     // For the engine.
     /// See `Navigation`.
     void Renew();
-    /// What waits until somebody looks loads now.
-    void LoadPutOff() { m_navigation.Look(); }
+    /// What waits until somebody looks loads now; false when nothing does.
+    bool LoadPutOff() { return m_navigation.Look(); }
     /// Lays the widget out, because bars beside the page came or went.
     void LayWidget() { m_surface.Lay(); }
     /// Silences the page or not, as the tab and the load switches have it.

@@ -112,10 +112,9 @@ QVariant HistoryRecords::IconOf(const std::string& picture) {
 }
 
 void HistoryRecords::Keep(const HistoryVisit& visit) {
-    if (const auto row = FindRow(ToQt(visit.Address))) Change(*row, visit);
+    if (const auto row = FindRow(ToQt(visit.Address))) return Change(*row, visit);
     // The end of a visit that was forgotten meanwhile does not bring it back.
-    else if (!visit.Again)
-        Add(visit);
+    if (!visit.Again) Add(visit);
 }
 
 void HistoryRecords::Add(const HistoryVisit& visit) {

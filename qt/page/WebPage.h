@@ -167,7 +167,6 @@ private:
     int m_printing = 0; ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
     int m_overdue = 0;  ///< how often of that nobody waits for it any more
     QUrl m_afterPrint;  ///< where it wanted to go meanwhile
-
     PersonNote m_person, m_opener;
     bool m_personWasHere = false;
     QString m_actedFrame; ///< the origin of the frame in which a person acted last; empty for the page itself

@@ -128,10 +128,7 @@ WebPage* PageReads::Find(std::int32_t index) const {
 
 bool PageReads::Wake(std::int32_t index) {
     auto* view = m_engine.Find(index);
-    if (view && view->Progress() == PageProgress::PutOff) {
-        view->LoadPutOff();
-        return true;
-    }
+    if (view && view->LoadPutOff()) return true;
     auto* page = Find(index);
     if (page && page->lifecycleState() != QWebEnginePage::LifecycleState::Active)
         page->setLifecycleState(QWebEnginePage::LifecycleState::Active);

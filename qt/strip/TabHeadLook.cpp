@@ -1,13 +1,13 @@
 #include "qt/strip/TabHeadLook.h"
 
 #include "qt/base/Palette.h"
+#include "qt/base/paint/Contrast.h"
 #include "qt/strip/TabMarks.h"
 
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
 #include <algorithm>
-#include <cmath>
 
 namespace tessa::qt {
 
@@ -32,17 +32,12 @@ int HeadNameWidth(const QFontMetrics& font, const TabHeadFace& face) {
     return std::min(font.horizontalAdvance(face.name.left(kMeasuredNameUnits)) + 1, kWidestName * font.height());
 }
 
-/// A part of a colour as the eye takes it, from 0 to 1.
-double SeenLight(float part) { return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
-
 } // namespace
 
 // White is read well on what is darker than that, though black may have a little more contrast there.
 QColor TabHeadLook::InkOn(const QColor& ground) {
     constexpr double kDarkEnough = 0.21;
-    const double light =
-        0.2126 * SeenLight(ground.redF()) + 0.7152 * SeenLight(ground.greenF()) + 0.0722 * SeenLight(ground.blueF());
-    return light > kDarkEnough ? QColor(16, 16, 16) : QColor(Qt::white);
+    return Contrast::LuminanceOf(ground) > kDarkEnough ? QColor(16, 16, 16) : QColor(Qt::white);
 }
 
 // Away from the ink, which stays what it is.

@@ -79,13 +79,12 @@ void PaneFocus::LookAtFocus() {
     QWidget* has = QApplication::focusWidget();
     const std::int32_t pane = has && !m_area.isHidden() ? PaneAround(*has, has->rect().center()) : 0;
     if (pane == 0 || pane == m_tiles->Focus()) return;
-    const bool isNext = m_reason == Qt::TabFocusReason || m_reason == Qt::BacktabFocusReason;
-    if (isNext && m_isTabbed) Select(pane);
-    // What goes, as a page does whose process dies, hands the keyboard on as if somebody had pressed the key.
-    else if (isNext)
-        m_strip->UserClick(m_strip->SelectedItem());
-    else if (m_reason == Qt::OtherFocusReason && m_left && m_left->isVisible())
+    if (m_reason == Qt::TabFocusReason || m_reason == Qt::BacktabFocusReason) {
+        // What goes, as a page does whose process dies, hands the keyboard on as if somebody had pressed the key.
+        m_isTabbed ? Select(pane) : m_strip->UserClick(m_strip->SelectedItem());
+    } else if (m_reason == Qt::OtherFocusReason && m_left && m_left->isVisible()) {
         m_left->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 } // namespace tessa::qt

@@ -193,6 +193,14 @@ sleep 1000"""
         for each in left:
             self.assertFalse(os.path.exists(f"/proc/{int(each.read_text())}"), each.name)
 
+    def test_it_is_done_when_nothing_is_left_to_do(self):
+        # It works until it is told not to, and sleeps from then on.
+        with self.running(f"while [ ! -e {self.folder}/enough ]; do :; done; exec sleep 1000") as run_of_it:
+            self.assertIsNone(run_of_it.wait_settled(0.5))
+            (self.folder / "enough").touch()
+            told = time.monotonic() - run_of_it.start
+            self.assertGreaterEqual(run_of_it.wait_settled(60), told)
+
     def test_memory_that_runs_short_is_said(self):
         with self.running("sleep 1000") as run_of_it, \
                 mock.patch("measure.running.available_memory_kb", return_value=1000):

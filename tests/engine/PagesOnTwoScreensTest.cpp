@@ -1,14 +1,12 @@
 // Tests: TileArea
 #include "tests/engine/TiledPages.h"
+#include "tests/qt/base/TwoScreens.h"
 
-#include <QFile>
 #include <QGuiApplication>
-#include <QProcess>
 #include <QScreen>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QWindow>
 #include <set>
+#include <utility>
 
 namespace tessa::qt {
 
@@ -24,16 +22,7 @@ const QByteArray kFramed = "<body style='margin:0;background:#00c000'>"
 /// Played by a process of its own that has two screens, see below.
 class RolePagesOnTwoScreens : public TiledPages {
 protected:
-    /// Puts the window there on the desktop. It is scaled as the screen under its middle.
-    void MoveTo(QPoint corner) {
-        const QRect place(corner, QSize(1000, 700));
-        desk.window.windowHandle()->setScreen(QGuiApplication::screenAt(place.center()));
-        desk.window.setGeometry(place);
-        ASSERT_TRUE(WaitUntil([&] { return desk.window.devicePixelRatio() == Scale(); }));
-        desk.window.resize(place.size());
-        ASSERT_TRUE(WaitUntil([&] { return desk.window.size() == place.size(); }));
-        scales.insert(Scale());
-    }
+    void MoveTo(QPoint corner) { scales.insert(TwoScreens::Move(desk.window, {corner, QSize(1000, 700)})); }
     [[nodiscard]] qreal Scale() const { return desk.window.screen()->devicePixelRatio(); }
     [[nodiscard]] QImage Picture(int index) const { return View(index).Widget()->grab().toImage(); }
 
@@ -106,37 +95,9 @@ TEST_F(RolePagesOnTwoScreens, DISABLED_AreDrawnWholeOnBothAndAcross) {
     ExpectWhole();
 }
 
-/// How the two screens are scaled.
-struct Scales {
-    const char *one, *two;
-};
-
 TEST(PagesOnTwoScreens, EachScaledInItsWay) {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("screens.json"));
-    QFile config(file);
-    ASSERT_TRUE(config.open(QIODevice::WriteOnly));
-    config.write(R"({"screens": [{"name": "one", "x": 0, "y": 0, "width": 2400, "height": 1600},
-                                 {"name": "two", "x": 2400, "y": 0, "width": 2400, "height": 1600}]})");
-    config.close();
-    for (const Scales& each : {Scales{"1", "2"}, {"2", "1"}}) {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char* name : {"QT_SCALE_FACTOR", "GTEST_TOTAL_SHARDS", "GTEST_SHARD_INDEX"})
-            environment.remove(QLatin1String(name));
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen:configfile=%1").arg(file));
-        environment.insert(QStringLiteral("QT_SCREEN_SCALE_FACTORS"),
-                           QStringLiteral("one=%1;two=%2").arg(QLatin1String(each.one), QLatin1String(each.two)));
-        process.setProcessEnvironment(environment);
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--gtest_filter=RolePagesOnTwoScreens.*"),
-                       QStringLiteral("--gtest_also_run_disabled_tests")});
-        ASSERT_TRUE(process.waitForFinished(120'000));
-        const QByteArray said = process.readAll();
-        EXPECT_EQ(process.exitCode(), 0) << said.toStdString();
-        EXPECT_TRUE(said.contains("[  PASSED  ] 1 test")) << said.toStdString();
-    }
+    for (const auto& [left, right] : {std::pair{"1", "2"}, {"2", "1"}})
+        TwoScreens{{2400, 1600}, left, right}.Play("RolePagesOnTwoScreens");
 }
 
 } // namespace

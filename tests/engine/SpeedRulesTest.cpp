@@ -1,4 +1,5 @@
 // Tests: Engine, ParkedSize
+#include "base/Address.h"
 #include "qt/base/EngineVersions.h"
 #include "qt/base/Strings.h"
 #include "qt/engine/PageView.h"
@@ -120,11 +121,63 @@ TEST(SpeedRules, AParkedPageHasTheSizeOfThePageAreaAndNoPictureOfItself) {
     EXPECT_EQ(count.pictures, EngineVersions::TakesSizeFromScene() ? 0 : 1);
 }
 
+/// A group of one page, behind which the tab is blank that the program starts with.
+class ABlankPageBehind : public testing::Test {
+protected:
+    ABlankPageBehind() {
+        desk.Open(Pages(server, 1));
+        EXPECT_TRUE(
+            WaitUntil([this] { return !server.requests.empty() && !desk.View(2).Busy() && Caption(1) == kBlank; }));
+    }
+    [[nodiscard]] Text Caption(int index) const { return desk.main->pcPage.Find(u"Tab" + Decimal(index))->Caption(); }
+    /// It has been made, and shows itself blank.
+    bool Comes() {
+        return WaitUntil([this] {
+            const PageView& first = desk.View(1);
+            return first.Page() && first.Page()->url() == QUrl(QStringLiteral("about:blank")) && !first.Busy();
+        });
+    }
+
+    static constexpr TextView kBlank = Address::kBlank;
+    LocalServer server;
+    EngineDesk desk;
+};
+
+TEST_F(ABlankPageBehind, CostsNothingAndIsToldAsIfItWereThere) {
+    EXPECT_EQ(desk.engine.PageCount(), 1U);
+    EXPECT_EQ(desk.View(1).LocationURL(), kBlank);
+    EXPECT_TRUE(desk.View(1).Blank());
+    EXPECT_EQ(desk.View(1).Progress(), PageProgress::Done) << "nothing is to come";
+    EXPECT_EQ(desk.main->pcPage.Find(u"Tab1")->Image(), desk.main->pcPage.Find(u"Tab2")->Image()) << "not busy";
+}
+
+TEST_F(ABlankPageBehind, IsMadeWhenSomebodyLooks) {
+    desk.main->pcPage.UserClick(desk.main->pcPage.Find(u"Tab1"));
+    EXPECT_TRUE(Comes());
+    EXPECT_TRUE(WaitUntil([this] { return desk.View(1).Widget()->isVisible(); }));
+    EXPECT_EQ(desk.View(1).Page()->history()->count(), 1);
+    EXPECT_EQ(Caption(1), kBlank);
+}
+
+TEST_F(ABlankPageBehind, IsMadeForAScript) {
+    EXPECT_TRUE(desk.View(1).LoadPutOff());
+    EXPECT_TRUE(Comes());
+    EXPECT_FALSE(desk.View(1).LoadPutOff());
+    EXPECT_FALSE(desk.View(1).Widget() && desk.View(1).Widget()->isVisible());
+}
+
+TEST_F(ABlankPageBehind, GoesWhereItIsSent) {
+    ResumeNext(desk.View(1).Navigate(FromQt(server.Address(Path(1)))));
+    EXPECT_TRUE(WaitUntil([this] { return server.requests.size() == 2 && Caption(1) == u"1"; }));
+    EXPECT_EQ(desk.View(1).Page()->history()->count(), 1) << "no blank page before it";
+}
+
 TEST(SpeedRules, ClosingTheFirstTabReleasesItsPage) {
     LocalServer server;
     EngineDesk desk;
     desk.Open(Pages(server, 1));
-    ASSERT_TRUE(WaitUntil([&] { return !server.requests.empty() && desk.View(1).Page(); }));
+    ResumeNext(desk.View(1).Navigate(FromQt(server.Address(Path(1)))));
+    ASSERT_TRUE(WaitUntil([&] { return server.requests.size() == 2 && desk.View(1).Page(); }));
     desk.main->CloseBrowserTab(1);
     EXPECT_EQ(desk.View(1).Page(), nullptr);
 }

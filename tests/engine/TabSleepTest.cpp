@@ -52,7 +52,9 @@ protected:
     }
     void Park() {
         desk.main->pcPage.Select(desk.main->pcPage.Find(u"Tab1"));
-        ASSERT_TRUE(WaitUntil([&] { return !View().Widget()->isVisible() && desk.View(1).Widget()->isVisible(); }));
+        // A blank page is made when somebody looks.
+        const auto isShown = [this] { return desk.View(1).Widget() && desk.View(1).Widget()->isVisible(); };
+        ASSERT_TRUE(WaitUntil([&] { return !View().Widget()->isVisible() && isShown(); }));
     }
     void Select() { desk.main->pcPage.Select(desk.main->pcPage.Find(u"Tab2")); }
     /// Half an hour goes by, and the program looks who may sleep; whether tab 2 does.

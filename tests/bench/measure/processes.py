@@ -90,6 +90,10 @@ class Processes:
         return {pid: (int(fields[USER_TICKS]) + int(fields[SYSTEM_TICKS])) / ticks
                 for pid, fields in self._members().items()}
 
+    def cpu_seconds(self):
+        """User and system seconds of all of them so far."""
+        return sum(self.cpu_of_each().values())
+
     def cpu_by_kind(self, seconds):
         """User and system seconds of each kind of process during so many seconds from now."""
         before = self.cpu_of_each()

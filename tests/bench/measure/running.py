@@ -10,6 +10,8 @@ from measure.processes import NotMeasured, Processes
 
 LEAST_MEMORY_KB = 300 * 1024  # with less left the kernel begins to end processes
 LOOK_SECONDS = 5
+SETTLED_SECONDS = 0.2  # in which next to nothing was done
+NEXT_TO_NOTHING_SECONDS = 0.02  # of a processor; the kernel counts hundredths
 
 
 def available_memory_kb():
@@ -95,6 +97,20 @@ class Running:
             except NotMeasured as problem:
                 raise NotMeasured(f"{problem}, {loaded} of {pages} pages loaded") from problem
         raise NotMeasured(f"timed out after {longest:.0f} s, {loaded} of {pages} pages loaded")
+
+    def wait_settled(self, seconds):
+        """Seconds from the start until nothing was left to do; nothing when there always is. Pages that have loaded are
+        still laid out, which one program does at once and another when all of them have loaded."""
+        used, since = self.tree.cpu_seconds(), time.monotonic()
+        deadline = since + seconds
+        while time.monotonic() < deadline:
+            time.sleep(SETTLED_SECONDS / 10)
+            now = self.tree.cpu_seconds()
+            if now - used > NEXT_TO_NOTHING_SECONDS:
+                used, since = now, time.monotonic()
+            elif time.monotonic() - since >= SETTLED_SECONDS:
+                return since - self.start
+        return None
 
     def find_window(self):
         """Whether its window is on the screen."""

@@ -10,9 +10,9 @@ import time
 WORDS = [f"word{number}" for number in range(3000)]
 
 
-def paragraphs(seed, count):
-    """So many paragraphs of 50 words, the same for the same seed."""
-    chance = random.Random(seed)
+def paragraphs(page, count):
+    """So many paragraphs of 50 words. A page of that name always has the same."""
+    chance = random.Random(page)
     return "".join(f"<p>{' '.join(chance.choices(WORDS, k=50))}</p>" for _ in range(count))
 
 

@@ -32,6 +32,8 @@ def measure_loading(contestant, result, pages, command_for, options, server, dis
             running.wait_loaded(server, pages, options.timeout)
         finally:
             result.update(times(server, running.start, pages))
+        if not animated and (settled := running.wait_settled(QUIET_SECONDS)):
+            result["settled"] = settled
         time.sleep(QUIET_SECONDS)
         running.check_runs()
         result["memory"] = running.tree.memory_megabytes()

@@ -10,7 +10,7 @@ CONTESTANTS = ("TessaView", "bare", "browser")
 VALUES = {
     "window": "window shown, s", "ended": "second start ended, s", "asked": "its page asked for, s",
     "first": "first request, s", "front": "front page loaded, s", "all": "all loaded, s",
-    "memory": "memory, MB (PSS)", "idle": f"idle CPU, s in {IDLE_SECONDS} s",
+    "settled": "nothing left to do, s", "memory": "memory, MB (PSS)", "idle": f"idle CPU, s in {IDLE_SECONDS} s",
     "cpu": "CPU, s in {seconds:g} s", "own": "  of the program itself", "renderers": "  of the renderers",
     "others": "  of other processes", "file": "file saved, s", "peak": "peak memory, MB (PSS)",
     "grown": "grown meanwhile, MB", "saved": "everything saved, s", "gone": "ended, s", "awake": "awake, MB (PSS)",

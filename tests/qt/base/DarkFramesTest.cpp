@@ -1,4 +1,5 @@
 #include "qt/base/paint/DarkFrames.h"
+#include "qt/base/paint/Contrast.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -8,25 +9,11 @@
 #include <QRadioButton>
 #include <QStyleFactory>
 #include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
 
 namespace tessa::qt {
 
 namespace {
-
-double FrameLight(QRgb colour) {
-    const auto part = [](int value) {
-        const double share = value / 255.0;
-        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(qRed(colour)) + 0.7152 * part(qGreen(colour)) + 0.0722 * part(qBlue(colour));
-}
-
-double FrameContrast(QRgb one, QRgb other) {
-    const auto [less, more] = std::minmax(FrameLight(one), FrameLight(other));
-    return (more + 0.05) / (less + 0.05);
-}
 
 QPalette DesktopColours(QRgb window, QRgb base, QRgb text) {
     QPalette palette{QColor(window)};
@@ -54,7 +41,7 @@ protected:
     static double MostAcross(const QImage& image, QRgb ground, int from, int to) {
         double most = 1;
         for (int x = from; x < to; ++x)
-            most = std::max(most, FrameContrast(image.pixel(x, image.height() / 2), ground));
+            most = std::max(most, Contrast::Between(image.pixel(x, image.height() / 2), ground));
         return most;
     }
 

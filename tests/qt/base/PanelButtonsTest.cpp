@@ -1,5 +1,6 @@
 // Tests: PanelButtons, ButtonMarks
 #include "qt/base/paint/PanelButtons.h"
+#include "qt/base/paint/Contrast.h"
 
 #include <QAbstractButton>
 #include <QDockWidget>
@@ -7,8 +8,6 @@
 #include <QMainWindow>
 #include <QPalette>
 #include <QTest>
-#include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
 
 namespace tessa::qt {
@@ -16,19 +15,6 @@ namespace tessa::qt {
 namespace {
 
 constexpr double kSeenWell = 4.5; // what is asked of texts; a mark may have less
-
-double LightOf(QRgb colour) {
-    const auto part = [](int value) {
-        const double share = value / 255.0;
-        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(qRed(colour)) + 0.7152 * part(qGreen(colour)) + 0.0722 * part(qBlue(colour));
-}
-
-double Contrast(QRgb one, QRgb other) {
-    const auto [less, more] = std::minmax(LightOf(one), LightOf(other));
-    return (more + 0.05) / (less + 0.05);
-}
 
 QPalette Colours(QRgb window, QRgb text) {
     QPalette palette;
@@ -82,7 +68,7 @@ protected:
 int Seen(const QImage& image, QRgb ground) {
     int count = 0;
     for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) count += Contrast(image.pixel(x, y), ground) >= kSeenWell;
+        for (int x = 0; x < image.width(); ++x) count += Contrast::Between(image.pixel(x, y), ground) >= kSeenWell;
     return count;
 }
 

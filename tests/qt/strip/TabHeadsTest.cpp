@@ -1,6 +1,7 @@
 // Tests: StripParts, TabHeadLook, TabRow, TabStripAccessible, TabStripViewDrag
 #include "qt/base/Palette.h"
 #include "qt/base/Strings.h"
+#include "qt/base/paint/Contrast.h"
 #include "qt/strip/TabHeadLook.h"
 #include "qt/strip/TabStripAccessible.h"
 #include "qt/strip/TabStripView.h"
@@ -9,8 +10,6 @@
 #include <QApplication>
 #include <QPaintEvent>
 #include <QTest>
-#include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
@@ -480,21 +479,13 @@ TEST_F(TabHeadsTest, TabsInPanesHaveALineAtTheOuterEdge) {
 
 // As people with weak eyes need it: four to one, as screens give the light.
 TEST_F(TabHeadsTest, TheNameIsReadOnEveryColour) {
-    const auto seen = [](const QColor& colour) {
-        const auto part = [](float value) {
-            return value <= 0.04045F ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
-    };
     for (int colour = static_cast<int>(TabColour::Red); colour <= static_cast<int>(TabColour::Grey); ++colour) {
         const QColor plain = TabHeadLook::GroundOf(static_cast<TabColour>(colour), false);
         const QColor pointed = TabHeadLook::GroundOf(static_cast<TabColour>(colour), true);
         EXPECT_EQ(TabHeadLook::InkOn(plain), TabHeadLook::InkOn(pointed)) << "the pointer changes no ink " << colour;
         EXPECT_NE(plain, pointed) << colour;
-        for (const QColor& ground : {plain, pointed}) {
-            const auto [less, more] = std::minmax(seen(ground), seen(TabHeadLook::InkOn(ground)));
-            EXPECT_GE((more + 0.05) / (less + 0.05), 4.0) << colour;
-        }
+        for (const QColor& ground : {plain, pointed})
+            EXPECT_GE(Contrast::Between(ground, TabHeadLook::InkOn(ground)), 4.0) << colour;
     }
 }
 

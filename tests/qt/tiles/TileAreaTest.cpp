@@ -3,20 +3,19 @@
 
 #include "qt/base/Strings.h"
 #include "tests/fakes/BareTabs.h"
+#include "tests/qt/base/TwoScreens.h"
 #include "tiles/TileText.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QLineEdit>
-#include <QProcess>
 #include <QScreen>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <optional>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace tessa::qt {
@@ -369,17 +368,9 @@ TEST_F(TileAreaTest, PaintsWithAndWithoutHeadersInAnyColours) {
 /// Played by a process of its own that has two screens, see below.
 class RoleTwoScreens : public TileAreaTest {
 protected:
-    /// Puts the window there on the desktop. It is scaled as the screen under its middle.
     void MoveTo(QPoint corner) {
-        const QRect place(corner, QSize(405, 405));
-        window.windowHandle()->setScreen(QGuiApplication::screenAt(place.center()));
-        window.setGeometry(place);
-        const auto scale = [this] { return window.screen()->devicePixelRatio(); };
-        ASSERT_TRUE(QTest::qWaitFor([&] { return window.devicePixelRatio() == scale(); }));
-        window.resize(place.size());
-        ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() == place.size(); }));
+        scales.insert(TwoScreens::Move(window, {corner, QSize(405, 405)}));
         Lay();
-        scales.insert(scale());
     }
     /// All that lies in the window, and where each corner and edge of it would have a tab dropped. Nothing stands for a
     /// point that Qt tells the screen's place of, and cannot tell it back: from 6.8 on some across two screens.
@@ -441,35 +432,9 @@ TEST_F(RoleTwoScreens, DISABLED_AllLiesAndIsDroppedAlikeOnBothAndAcross) {
     }
 }
 
-/// How the two screens are scaled.
-struct Scales {
-    const char *one, *two;
-};
-
 TEST(TileAreaOnTwoScreens, EachScaledInItsWay) {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("screens.json"));
-    QFile config(file);
-    ASSERT_TRUE(config.open(QIODevice::WriteOnly));
-    config.write(R"({"screens": [{"name": "one", "x": 0, "y": 0, "width": 1600, "height": 1200},
-                                 {"name": "two", "x": 1600, "y": 0, "width": 1600, "height": 1200}]})");
-    config.close();
-    for (const Scales& each : {Scales{"1", "2"}, {"2", "1"}, {"1.25", "1.5"}}) {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("QT_SCALE_FACTOR"));
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen:configfile=%1").arg(file));
-        environment.insert(QStringLiteral("QT_SCREEN_SCALE_FACTORS"),
-                           QStringLiteral("one=%1;two=%2").arg(QLatin1String(each.one), QLatin1String(each.two)));
-        process.setProcessEnvironment(environment);
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--gtest_filter=RoleTwoScreens.*"),
-                                                                QStringLiteral("--gtest_also_run_disabled_tests")});
-        ASSERT_TRUE(process.waitForFinished(60'000));
-        const QByteArray said = process.readAll();
-        EXPECT_EQ(process.exitCode(), 0) << said.toStdString();
-        EXPECT_TRUE(said.contains("[  PASSED  ] 1 test")) << said.toStdString();
-    }
+    for (const auto& [left, right] : {std::pair{"1", "2"}, {"2", "1"}, {"1.25", "1.5"}})
+        TwoScreens{{1600, 1200}, left, right}.Play("RoleTwoScreens");
 }
 
 } // namespace
