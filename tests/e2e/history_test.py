@@ -176,6 +176,52 @@ class History(unittest.TestCase):
                 return node
         return None
 
+    def test_pages_are_chosen_and_forgotten_by_keys_alone(self):
+        desk.listen_as_a_screen_reader(self)
+        with ChangingPages() as pages, desk.Program(PROGRAM, pages.address("Lantern"), home=self.home) as program:
+            program.wait_strip(["[Lantern]"])
+            self.wait_remembered(["Lantern"])
+            for title, read in (("Bakery", ["Bakery", "Lantern"]), ("Weather", ["Weather", "Bakery", "Lantern"])):
+                self.go(program, pages, title)
+                self.wait_remembered(read)
+            program.keys("ctrl+h")
+            self.wait_focused(program, "Words to search for in what you have read")
+            desk.wait_until(lambda: self.page_has_keyboard(program))
+            for key, focused, ticked in (
+                ("Down", "Weather", []),
+                ("space", "Weather", ["Weather"]),
+                ("Down", "Bakery", ["Weather"]),
+                ("Down", "Lantern", ["Weather"]),
+                ("shift+space", "Lantern", ["Weather", "Bakery", "Lantern"]),
+                ("Up", "Bakery", ["Weather", "Bakery", "Lantern"]),
+                ("space", "Bakery", ["Weather", "Lantern"]),
+            ):
+                desk.xdotool("key", key)
+                self.wait_focused(program, focused)
+                desk.wait_until(lambda: self.ticked(program) == ticked, what=lambda: f"{key}: {self.ticked(program)}")
+            desk.xdotool("key", "Delete")
+            self.wait_remembered(["Bakery"])
+            desk.wait_until(
+                lambda: [each for each in page_nodes(program, "History") if each.startswith("link: ")] == ["link: Bakery"],
+                what=lambda: str(page_nodes(program, "History")),
+            )
+
+    def nodes_of_history(self, program):
+        for document in desk.walk(program.application(), lambda node: node.getRoleName() != "document web"):
+            if document.getRoleName() == "document web" and document.name == "History":
+                return list(desk.walk(document))
+        return []
+
+    def wait_focused(self, program, name):
+        focused = lambda: [node.name for node in self.nodes_of_history(program) if desk.is_focused(node)]
+        desk.wait_until(lambda: name in focused(), what=lambda: f"{name}: {focused()}")
+
+    def ticked(self, program):
+        """The pages that are selected, by their titles."""
+        checked = desk.pyatspi.STATE_CHECKED
+        boxes = [node for node in self.nodes_of_history(program) if desk.role_of(node) == "check box"]
+        return [box.name.removeprefix("Select ") for box in boxes if box.getState().contains(checked)]
+
     def test_the_space_bar_leads_through_what_was_not_read(self):
         with ChangingPages() as pages:
             group = os.path.join(self.home, "Morning.tvg")
