@@ -132,7 +132,12 @@
     window.tessaOwn = function (message) {
         var lines = message.split('\n'), head = lines[0].split(' ');
         if (head[0] === 'again') return find(0);
-        if (head[0] === 'anew') return selected().length > 0 ? undefined : find(0);
+        if (head[0] === 'anew') {
+            // What is typed from now on is for what comes.
+            words.focus();
+            if (selected().length === 0) find(0);
+            return;
+        }
         if (head[0] === 'groups') {
             var chosen = group.value;
             group.length = 1;
