@@ -54,6 +54,7 @@ public:
     [[nodiscard]] bool MayHold() const override { return false; }
     void AskToLeave(LeaveReason, std::function<void(bool)> told) override { told(false); }
     void AskUserToLeave(std::function<void(bool)> answered) override { answered(true); }
+    void LetUserStay() override {}
     [[nodiscard]] std::string History() const override { return {}; }
     Outcome Restore(const std::string&, TextView address) override { return Navigate(address); }
     Outcome RestoreLater(const std::string&, TextView address) override { return Navigate(address); }

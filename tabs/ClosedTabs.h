@@ -2,6 +2,7 @@
 #include "base/Signal.h"
 #include "tabs/TabGroups.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,15 +26,25 @@ public:
     /// What is remembered until `EndSeveral` was closed by one command.
     void BeginSeveral();
     void EndSeveral();
+    /// The page of view `Index` is asked by that command. Whenever its tab closes, it has closed it.
+    void Await(std::int32_t Index);
+    /// The page of view `Index` was asked, and stays.
+    void Stays(std::int32_t Index);
     /// The page of view `Index` gives way to a blank one, by the same command.
     void RememberBlanked(std::int32_t Index);
 
     /// Brings the tabs that were closed last back to their places and groups, with their history. Also brings the tab
-    /// to the front that was there before the command, or the leftmost when it has stayed. Does nothing when there are
-    /// none.
+    /// to the front that was there before the command, or the leftmost when it has stayed. A tab whose page has not
+    /// answered the command yet stays. Does nothing when there are none.
     void Reopen();
+    /// The same for what that command has closed, whatever was closed since.
+    void Reopen(std::uint64_t command);
+    /// The number of the last command that has closed several tabs; 0 before the first.
+    [[nodiscard]] std::uint64_t LastSeveral() const { return m_several.Last; }
+    /// Whether that command can still be taken back.
+    [[nodiscard]] bool Has(std::uint64_t command) const;
     /// How many tabs `Reopen` brings back.
-    [[nodiscard]] std::size_t Next() const { return m_closed.empty() ? 0 : m_closed.back().Tabs.size(); }
+    [[nodiscard]] std::size_t Next() const;
 
     /// The pages of the tabs that were closed last, the last one first.
     struct Page {
@@ -59,23 +70,46 @@ private:
         Text Name{}; ///< that its user has given it
     };
     struct Command {
-        std::vector<ClosedTab> Tabs;   ///< in the order in which they were closed
-        std::int32_t BlankedIndex = 0; ///< the view that was blanked; 0 for none
-        std::int32_t FrontIndex = 0;   ///< the view in front when it began; 0 where it closes but one
+        std::uint64_t Number = 0;         ///< 0 where it closes but one
+        std::vector<ClosedTab> Tabs;      ///< in the order in which they were closed
+        std::int32_t BlankedIndex = 0;    ///< the view that was blanked; 0 for none
+        std::int32_t FrontIndex = 0;      ///< the view in front when it began; 0 where it closes but one
+        std::set<std::int32_t> Awaited{}; ///< the views whose pages have not answered it yet
+    };
+    using Commands = std::vector<Command>;
+    struct Opened {
+        std::set<std::int32_t> Indexes{};
+        std::int32_t Front = 0; ///< that of the tab that was in front; 0 when it is not among them
+    };
+    struct Several {
+        bool Now = false; ///< a command closes several tabs just now
+        std::uint64_t Last = 0;
     };
 
+    /// The command that awaits that view, which it does no more; the end for none.
+    Commands::iterator TakeAwaiting(std::int32_t Index);
+    void Add(Commands::iterator command, ClosedTab tab);
+    void DropEmpty();
     void Forget();
-    /// Opens that tab again in the background; nothing when there is no room for one more.
-    Tab* Open(const ClosedTab& closed, bool awake);
-    /// The tab that the command has left blank, with its page again; nothing when it has shown another one since.
-    Tab* Unblank(const Command& command);
+    /// Takes a command out of the list, with places as if it had been the last one.
+    Command TakeOut(Commands::iterator command);
+    void TakeBack(const Command& command);
+    /// Opens its tabs again.
+    Opened OpenAll(const Command& command);
+    [[nodiscard]] Tab* Leftmost(const std::set<std::int32_t>& indexes) const;
+    /// The last command that has closed a tab; the end for none.
+    [[nodiscard]] Commands::const_iterator Latest() const;
+    /// Opens that tab again in the background, and answers with its view; 0 when there is no room for one more.
+    std::int32_t Open(const ClosedTab& closed, bool awake);
+    /// Brings the page of the tab back that the command has left blank. False when that has shown another one since.
+    bool Unblank(const Command& command);
 
     TabSet& m_tabs;
     TabStrip& m_pcPage;
     ViewArray& m_browser;
     TabGroups& m_groups;
-    bool m_several = false;
-    std::vector<Command> m_closed; ///< the one closed last at the end
+    Several m_several;
+    Commands m_closed; ///< the one closed last at the end
 };
 
 } // namespace tessa

@@ -10,22 +10,38 @@ namespace tessa {
 void PageLeaving::WhenLeft(std::int32_t Index, std::function<void()> then) {
     const auto* view = m_browser.Find(Index);
     if (!view || !view->Control->MayHold()) return then();
-    if (!m_asked.insert(Index).second) return;
-    view->Control->AskToLeave(LeaveReason::ToClose,
-                              [this, Index, then = std::move(then)](bool holds) { OnAnswer(Index, holds, then); });
+    if (!m_asked.emplace(Index, m_questions + 1).second) return;
+    view->Control->AskToLeave(LeaveReason::ToClose, [this, Index, question = ++m_questions, then = std::move(then)](
+                                                        bool holds) { OnAnswer(Index, question, holds, then); });
 }
 
-void PageLeaving::OnAnswer(std::int32_t Index, bool holds, const std::function<void()>& then) {
+bool PageLeaving::Awaits(std::int32_t Index, Question question) const {
+    const auto asked = m_asked.find(Index);
+    return asked != m_asked.end() && asked->second == question;
+}
+
+void PageLeaving::OnAnswer(std::int32_t Index, Question question, bool holds, const std::function<void()>& then) {
     const auto* view = m_browser.Find(Index);
     auto* tab = TabOfView(m_pcPage, Index);
-    if (!m_asked.contains(Index) || !view || !tab) return;
-    const auto leave = [this, Index, then](bool leaves) {
-        if (m_asked.erase(Index) != 0 && leaves) then();
+    if (!view || !tab) return;
+    // Who lets go has taken its leave, and is of no use to anybody who wants it to stay.
+    if (!holds && !Asks(Index)) return ResumeNext(view->Control->Refresh());
+    if (!Awaits(Index, question)) return;
+    const auto leave = [this, Index, question, then](bool leaves) {
+        if (!Awaits(Index, question)) return;
+        m_asked.erase(Index);
+        if (leaves) return then();
+        Stays(Index);
     };
     if (!holds) return leave(true);
     // What is asked is to be seen.
     m_pcPage.Select(tab);
     view->Control->AskUserToLeave(leave);
+}
+
+void PageLeaving::LetStay(std::int32_t Index) {
+    if (m_asked.erase(Index) == 0) return;
+    if (const auto* view = m_browser.Find(Index)) view->Control->LetUserStay();
 }
 
 void PageLeaving::FindHolders(std::function<void(const std::vector<std::int32_t>&)> told) {

@@ -132,6 +132,8 @@ public:
     /// One command is about to close several tabs, and has closed them. One of them may only be blanked.
     Signal<void()> ClosingSeveral, ClosedSeveral;
     Signal<void(std::int32_t Index)> Blanking;
+    /// The command that closes several tabs has asked that one's page, and is done with it when the page answers.
+    Signal<void(std::int32_t Index)> Awaiting;
     /// One of several tabs is about to be closed; its view still lives.
     Signal<void(std::int32_t Index)> Closing;
 
@@ -140,6 +142,7 @@ private:
     void TellWhenIndexesRanOut(std::int32_t index);
     void CloseOneOfSeveral(std::int32_t Index);
     void BlankTab(std::int32_t Index);
+    void WhenLeft(std::int32_t Index, std::function<void()> then);
     void AsOneCommand(const std::function<void()>& close);
     void ForgetGone();
     std::vector<std::int32_t> ShowBeside(std::int32_t Index);

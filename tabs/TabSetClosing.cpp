@@ -16,7 +16,12 @@ constexpr TextView kLastTabQuestion = u"Do you want to close the last browser ta
 void TabSet::CloseBrowserTab(std::int32_t Index) {
     // Its page is asked with the window, which may yet stay.
     if (m_pcPage.Count() == 1) return CloseUnasked(Index);
-    Leaving.WhenLeft(Index, [this, Index] { CloseUnasked(Index); });
+    WhenLeft(Index, [this, Index] { CloseUnasked(Index); });
+}
+
+void TabSet::WhenLeft(std::int32_t Index, std::function<void()> then) {
+    Leaving.WhenLeft(Index, std::move(then));
+    if (m_closingSeveral && Leaving.Asks(Index)) Awaiting(Index);
 }
 
 void TabSet::CloseUnasked(std::int32_t Index) {
@@ -86,7 +91,7 @@ void TabSet::AsOneCommand(const std::function<void()>& close) {
 }
 
 void TabSet::BlankTab(std::int32_t Index) {
-    Leaving.WhenLeft(Index, [this, Index] {
+    WhenLeft(Index, [this, Index] {
         auto* view = OpenView(Index);
         if (!view) return;
         Blanking(Index);

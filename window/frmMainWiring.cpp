@@ -77,6 +77,8 @@ void frmMain::WireClosing() {
     });
     m_tabs.ClosingSeveral.ConnectForLife([this] { m_closed.BeginSeveral(); });
     m_tabs.ClosedSeveral.ConnectForLife([this] { m_closed.EndSeveral(); });
+    m_tabs.Awaiting.ConnectForLife([this](std::int32_t index) { m_closed.Await(index); });
+    m_tabs.Leaving.Stays.ConnectForLife([this](std::int32_t index) { m_closed.Stays(index); });
     m_tabs.Blanking.ConnectForLife([this](std::int32_t index) { m_closed.RememberBlanked(index); });
 }
 

@@ -1,6 +1,7 @@
 #include "commands/effects/ReadingCommands.h"
 
 #include "bar/ToolName.h"
+#include "commands/effects/SeveralTabs.h"
 #include "history/ReadPages.h"
 #include "tabs/OpenTabs.h"
 
@@ -39,8 +40,7 @@ void CloseAmong(CommandContext& context, std::vector<std::int32_t> indexes, Text
     if (indexes.empty()) return context.tabs.Say(none);
     const auto count = static_cast<std::int64_t>(indexes.size());
     context.tabs.CloseTabs(indexes);
-    context.tabs.Say(count == 1 ? Text(u"One tab was closed.") : Decimal(count) + u" tabs were closed.",
-                     [&context] { context.closed.Reopen(); });
+    SeveralTabs::SayClosed(context, count == 1 ? Text(u"One tab was closed.") : Decimal(count) + u" tabs were closed.");
 }
 
 } // namespace

@@ -91,6 +91,13 @@ void Close(CommandContext& context, Indexes indexes) {
     context.tabs.CloseTabs(indexes);
 }
 
+// By then the user may have closed something else, too.
+void SayClosed(CommandContext& context, TextView words) {
+    const auto command = context.closed.LastSeveral();
+    if (!context.closed.Has(command)) return context.tabs.Say(words);
+    context.tabs.Say(words, [&context, command] { context.closed.Reopen(command); });
+}
+
 void AddToTessaGroup(CommandContext& context, const Indexes& indexes) {
     if (indexes.empty()) return;
     if (indexes.size() == 1) return CollectionCommands::AddViewToTessaGroup(context, indexes.front());

@@ -21,6 +21,8 @@ void Mute(const CommandContext& context, const Indexes& indexes);
 void Sleep(CommandContext& context, const Indexes& indexes);
 /// Closes them as one command, the one in front last.
 void Close(CommandContext& context, Indexes indexes);
+/// Says so of the tabs that one command has just closed. Where that can be taken back, it offers to.
+void SayClosed(CommandContext& context, TextView words);
 /// Adds their addresses to a TessaGroup that the user names. When some of several are private, he is asked before.
 void AddToTessaGroup(CommandContext& context, const Indexes& indexes);
 /// To the clipboard, a line for each.

@@ -105,7 +105,7 @@ void CloseAll(CommandContext& context) {
     if (tabs.size() == context.pcPage.Count()) context.tabs.GetNewBrowser(InFront::Yes);
     const Text name = OneLine(PopupGroup(context)->Name());
     SeveralTabs::Close(context, tabs);
-    context.tabs.Say(u"The tabs of " + name + u" were closed.", [&context] { context.closed.Reopen(); });
+    SeveralTabs::SayClosed(context, u"The tabs of " + name + u" were closed.");
 }
 
 void ShowState(CommandContext& context) {

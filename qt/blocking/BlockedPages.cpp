@@ -107,6 +107,9 @@ void BlockedPages::Follow(QWebEnginePage& page) {
     stopped.interceptor = std::make_unique<OfPage>(*this, page);
     page.setUrlRequestInterceptor(stopped.interceptor.get());
     connect(&page, &QWebEnginePage::loadStarted, this, [this, shown = &page] { Begin(*shown); });
+    const auto keep = [this, shown = &page] { m_pages[shown].requested = shown->requestedUrl(); };
+    connect(&page, &QWebEnginePage::urlChanged, this, keep);
+    connect(&page, &QWebEnginePage::loadFinished, this, keep);
     connect(&page, &QObject::destroyed, this, [this, gone = &page] { m_pages.erase(gone); });
 }
 
@@ -129,12 +132,16 @@ void BlockedPages::FollowOpened(WebPage& opened, QWebEnginePage& opener) {
     });
 }
 
+// The engine takes long to say what was requested, and of a page that does not load it says always the same.
+bool BlockedPages::Stopped::IsAt(const QUrl& shown, IsSame isSame) const {
+    return page && (isSame(page->url(), shown) || isSame(page->isLoading() ? page->requestedUrl() : requested, shown));
+}
+
 // The engine says to whom a request belongs by the address of the page alone, which several may have.
 std::vector<QWebEnginePage*> BlockedPages::FindPages(const QUrl& shown, IsSame isSame) const {
     std::vector<QWebEnginePage*> found;
     for (const auto& [page, stopped] : m_pages)
-        if (stopped.page && (isSame(stopped.page->url(), shown) || isSame(stopped.page->requestedUrl(), shown)))
-            found.push_back(stopped.page);
+        if (stopped.IsAt(shown, isSame)) found.push_back(stopped.page);
     // Where nobody says it better, the one that loads.
     std::ranges::stable_partition(found, &QWebEnginePage::isLoading);
     return found;

@@ -49,8 +49,12 @@ public:
 
 private:
     class OfPage;
+    using IsSame = bool (*)(const QUrl&, const QUrl&);
     struct Stopped {
+        [[nodiscard]] bool IsAt(const QUrl& shown, IsSame isSame) const;
+
         QPointer<QWebEnginePage> page;
+        QUrl requested; ///< while it does not load
         int count = 0;
         std::vector<BlockedRequest> first;
         std::unique_ptr<OfPage> interceptor;
@@ -64,7 +68,6 @@ private:
     void JudgeFor(QWebEnginePage& page, QWebEngineUrlRequestInfo& info);
     void Begin(QWebEnginePage& page);
     void Note(QWebEnginePage& page, const QUrl& address, const RuleFound& by);
-    using IsSame = bool (*)(const QUrl&, const QUrl&);
     [[nodiscard]] std::vector<QWebEnginePage*> FindPages(const QUrl& shown, IsSame isSame) const;
     [[nodiscard]] QWebEnginePage* FindAsker(const QWebEngineUrlRequestInfo& info) const;
 

@@ -141,13 +141,16 @@ QJsonObject ElementHiding::SiteAnswer(const QUrlQuery& asked) const {
 QJsonObject ElementHiding::StoppedAnswer(const QUrlQuery& asked) const {
     constexpr std::array kTypes{RequestType::Image, RequestType::Frame, RequestType::Object, RequestType::Media};
     const QUrl page(ItemIn(asked, "page")), top(QStringLiteral("https://") + ItemIn(asked, "top"));
-    const QUrl site(QStringLiteral("https://") + ItemIn(asked, "host")), address(ItemIn(asked, "url"));
-    const QStringList kinds = ItemIn(asked, "kinds").split(u' ');
-    const bool stopped = std::ranges::any_of(kinds, [&](const QString& each) {
-        const auto kind = static_cast<std::size_t>(each.toInt());
-        return kind < kTypes.size() &&
-               m_blocker.VerdictOn(address, page.host().isEmpty() ? site : page, top, kTypes.at(kind)).Blocked;
-    });
+    const QUrl asker = page.host().isEmpty() ? QUrl(QStringLiteral("https://") + ItemIn(asked, "host")) : page;
+    QJsonArray stopped;
+    for (const QJsonValue& each : QJsonDocument::fromJson(ItemIn(asked, "items").toUtf8()).array()) {
+        const QStringList kinds = each.toArray().at(0).toString().split(u' ');
+        const QUrl address(each.toArray().at(1).toString());
+        stopped.append(std::ranges::any_of(kinds, [&](const QString& kind) {
+            const auto type = static_cast<std::size_t>(kind.toInt());
+            return type < kTypes.size() && m_blocker.VerdictOn(address, asker, top, kTypes.at(type)).Blocked;
+        }));
+    }
     return {{QStringLiteral("stopped"), stopped}};
 }
 

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QTimer>
 
+class QCheckBox;
 class QComboBox;
 class QHBoxLayout;
 class QTreeWidget;
@@ -28,7 +29,7 @@ private:
     QHBoxLayout* Sorting();
     QWidget* Buttons();
     void BindTasks();
-    void BindSorting(QComboBox& column, class QCheckBox& descending);
+    void BindSorting(QComboBox& column, QCheckBox& descending);
 
     frmTaskView& m_form;
     QTreeWidget* m_tasks;

@@ -5,10 +5,10 @@
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <QWebEngineView>
 
 class QPoint;
 class QWebEngineFullScreenRequest;
-class QWebEngineView;
 
 namespace tessa {
 struct PageContext;

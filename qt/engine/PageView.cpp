@@ -185,6 +185,10 @@ void PageView::AskUserToLeave(std::function<void(bool leaves)> answered) {
     });
 }
 
+void PageView::LetUserStay() {
+    if (m_page) Questions()->dialogs.LetUserStay();
+}
+
 void PageView::SetMuted(bool muted) {
     m_muted = muted;
     ApplyMute();

@@ -49,6 +49,7 @@ public:
     [[nodiscard]] bool MayHold() const override;
     void AskToLeave(LeaveReason why, std::function<void(bool holds)> told) override;
     void AskUserToLeave(std::function<void(bool leaves)> answered) override;
+    void LetUserStay() override;
     [[nodiscard]] std::string History() const override { return m_navigation.History(); }
     Outcome Restore(const std::string& history, TextView address) override {
         return m_navigation.Restore(history, address);

@@ -21,14 +21,6 @@ std::string StringOf(const QByteArray& bytes) { return {bytes.constData(), stati
 
 } // namespace
 
-/// What is known of a page in the database.
-struct HistoryRecords::Row {
-    std::int64_t id = 0;
-    QString address, title, group;
-    std::string passages;
-    std::string icon;
-};
-
 QByteArray HistoryRecords::Packed(const std::string& passages) {
     return passages.empty() ? QByteArray() : qCompress(BytesOf(passages), kPackedFirst);
 }
@@ -70,12 +62,8 @@ std::optional<HistoryRecords::Row> HistoryRecords::RowOf(QSqlQuery query) {
     const bool found = query.next();
     m_database.Note(query);
     if (!found) return std::nullopt;
-    return Row{query.value(0).toLongLong(),
-               query.value(1).toString(),
-               query.value(2).toString(),
-               query.value(3).toString(),
-               Unpacked(query.value(4).toByteArray()),
-               {}};
+    return Row{query.value(0).toLongLong(), query.value(1).toString(), query.value(2).toString(),
+               query.value(3).toString(), Unpacked(query.value(4).toByteArray())};
 }
 
 namespace {

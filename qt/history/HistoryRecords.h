@@ -3,6 +3,11 @@
 #include "qt/history/HistoryDatabase.h"
 
 #include <QByteArray>
+#include <QString>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace tessa::qt {
 
@@ -37,7 +42,12 @@ public:
     [[nodiscard]] static std::string Unpacked(const QByteArray& packed);
 
 private:
-    struct Row;
+    /// What is known of a page in the database.
+    struct Row {
+        std::int64_t id = 0;
+        QString address, title, group;
+        std::string passages;
+    };
     [[nodiscard]] std::optional<Row> FindRow(const QString& address);
     [[nodiscard]] std::optional<Row> FindRow(std::int64_t id);
     [[nodiscard]] std::optional<Row> RowOf(QSqlQuery query);

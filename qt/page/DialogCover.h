@@ -40,10 +40,10 @@ protected:
     void AddButtons(const QString& accept, const QString& cancel, DefaultAnswer byDefault = DefaultAnswer::Accept);
 
     bool event(QEvent* event) override;
-    void paintEvent(class QPaintEvent* event) override;
-    void keyPressEvent(class QKeyEvent* event) override;
-    void mousePressEvent(class QMouseEvent* event) override;
-    void resizeEvent(class QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:

@@ -46,25 +46,27 @@
         return false;
     }
 
+    function addressOf(what) {
+        return 'tessaview-hide:' + what + '&word=@word@&host=' + encodeURIComponent(host) + '&top=' +
+            encodeURIComponent(topHost) + '&page=' + encodeURIComponent(location.href.slice(0, kMostRead));
+    }
+    function answerTo(request) {
+        try { return JSON.parse(request.responseText); } catch (e) { return {}; }
+    }
+    function askWithoutWaiting(what, then) {
+        const request = new XMLHttpRequest();
+        request.onloadend = function () { then(answerTo(request)); };
+        request.open('GET', addressOf(what));
+        request.send();
+    }
     // A page can forbid requests that it has to wait for. There what is to be hidden may be seen for a moment.
     function ask(what, then) {
-        const address = 'tessaview-hide:' + what + '&word=@word@&host=' + encodeURIComponent(host) + '&top=' +
-            encodeURIComponent(topHost) + '&page=' + encodeURIComponent(location.href.slice(0, kMostRead));
         const request = new XMLHttpRequest();
-        function take() {
-            let answer = {};
-            try { answer = JSON.parse(request.responseText); } catch (e) { return; }
-            then(answer);
-        }
         try {
-            request.open('GET', address, false);
+            request.open('GET', addressOf(what), false);
             request.send();
-        } catch (e) {
-            request.onload = take;
-            request.open('GET', address);
-            return request.send();
-        }
-        take();
+        } catch (e) { return askWithoutWaiting(what, then); }
+        then(answerTo(request));
     }
 
     // Fields of a form hide its properties when they are called like them. So these are asked for in another way; of an
@@ -81,51 +83,118 @@
 
     // What was stopped leaves no empty box. The kinds are those that the program knows, in its order.
     const kKinds = { img: '0', input: '0', iframe: '1', frame: '1', object: '1 2 0', embed: '1 2 0', video: '3', audio: '3' };
-    const collapsed = new WeakSet();
     function sourceOf(element) {
         if (element.currentSrc || element.src || element.data) return element.currentSrc || element.src || element.data;
         const source = element.querySelector('source');
         return source ? source.src : '';
     }
+
+    // What stood there before comes back, unless the page itself has changed it.
+    function Override(name, value) {
+        const before = new WeakMap();
+        this.isOn = function (element) { return before.has(element); };
+        this.put = function (element) {
+            const style = element.style;
+            if (!before.has(element)) before.set(element, [style.getPropertyValue(name), style.getPropertyPriority(name)]);
+            style.setProperty(name, value, 'important');
+        };
+        this.takeBack = function (element) {
+            const was = before.get(element), style = element.style;
+            if (!was) return;
+            before.delete(element);
+            if (style.getPropertyValue(name) === value) style.setProperty(name, was[0], was[1]);
+        };
+    }
+    // No page says that a picture is to be collapsed, so what it says itself is not taken for ours.
+    const gone = new Override('display', 'none'), unseen = new Override('visibility', 'collapse');
+    function collapse(element) {
+        gone.put(element);
+        unseen.takeBack(element);
+    }
+    // Once: the page may say something of it while the answer is on the way.
+    function veil(element) {
+        if (!unseen.isOn(element)) unseen.put(element);
+    }
     function show(element) {
-        if (collapsed.delete(element)) element.style.removeProperty('display');
+        gone.takeBack(element);
+        unseen.takeBack(element);
     }
-    const answers = new Map();
-    function tellWhetherStopped(kinds, source, then) {
-        const what = 'stopped?kinds=' + kinds + '&url=' + encodeURIComponent(source);
-        if (answers.has(what)) return then(answers.get(what));
-        ask(what, function (answer) {
-            if (answers.size >= kMostSeen) answers.clear();
-            answers.set(what, answer.stopped);
-            then(answer.stopped);
-        });
-    }
-    function collapseIfStopped(element, tag) {
+
+    // Nobody waits for the answer, and while one is on the way, the questions gather. So they do while nobody sees the
+    // page. What they are about is by kinds and address, and so is what waits for the answer.
+    const answers = new Map(), waiting = new Map();
+    let unasked = [], asks = false;
+    function questionOf(element, tag) {
         const kinds = kKinds[tag], source = kinds ? sourceOf(element) : '';
-        if (!/^https?:/.test(source)) return;
-        tellWhetherStopped(kinds, source, function (stopped) {
-            if (!stopped) return show(element);
-            collapsed.add(element);
-            element.style.setProperty('display', 'none', 'important');
+        return /^https?:/.test(source) ? kinds + '\n' + source : '';
+    }
+    function settle(question, stopped) {
+        if (answers.size >= kMostSeen) answers.clear();
+        answers.set(question, stopped);
+        const elements = waiting.get(question);
+        waiting.delete(question);
+        // Its page may have given it another source by now.
+        for (const each of elements.keys()) {
+            const now = questionOf(each, tagOf.call(each));
+            if (answers.get(now)) collapse(each);
+            else if (!waiting.has(now)) show(each);
+        }
+    }
+    function askBy(how, some, then) {
+        const items = some.map(function (question) { return question.split('\n'); });
+        how('stopped?items=' + encodeURIComponent(JSON.stringify(items)), function (answer) {
+            some.forEach(function (question, at) { settle(question, Boolean(answer.stopped && answer.stopped[at])); });
+            then();
         });
+    }
+    function mayAsk() { return unasked.length >= (document.hidden ? kMostKeysAtOnce : 1); }
+    function askAboutStopped() {
+        asks = mayAsk();
+        if (asks) askBy(askWithoutWaiting, unasked.splice(0, kMostKeysAtOnce), askAboutStopped);
+    }
+    function askSoon() {
+        if (asks || !mayAsk()) return;
+        asks = true;
+        Promise.resolve().then(askAboutStopped);
+    }
+    // Nearly all that fails while there are rules was stopped. So it is not painted until that is known.
+    function veilUntilAnswered() {
+        for (const [question, elements] of waiting)
+            for (const [each, hasFailed] of elements)
+                if (hasFailed && questionOf(each, tagOf.call(each)) === question) veil(each);
+    }
+    function collapseIfStopped(element, tag, hasFailed) {
+        const question = questionOf(element, tag);
+        if (!question) return;
+        if (answers.has(question)) return answers.get(question) ? collapse(element) : show(element);
+        if (hasFailed && !document.hidden) veil(element);
+        if (!waiting.has(question)) {
+            waiting.set(question, new Map());
+            unasked.push(question);
+        }
+        waiting.get(question).set(element, hasFailed);
+        askSoon();
+    }
+    function askBeforePrint() {
+        while (unasked.length > 0) askBy(ask, unasked.splice(0, kMostKeysAtOnce), function () {});
     }
     document.addEventListener('error', function (event) {
         const of = event.target;
         if (!isElement(of)) return;
         const tag = tagOf.call(of), around = tag === 'source' ? aroundOf.call(of) : null;
-        if (around && around.networkState === 3) collapseIfStopped(around, tagOf.call(around));
-        else collapseIfStopped(of, tag);
+        if (around && around.networkState === 3) collapseIfStopped(around, tagOf.call(around), true);
+        else collapseIfStopped(of, tag, true);
     }, true);
     // A frame that was stopped loads a page of the engine's, which nobody can look into.
     document.addEventListener('load', function (event) {
         const of = event.target, tag = isElement(of) ? tagOf.call(of) : '';
-        if ((tag === 'iframe' || tag === 'frame' || tag === 'embed') && !of.contentDocument) collapseIfStopped(of, tag);
+        if ((tag === 'iframe' || tag === 'frame' || tag === 'embed') && !of.contentDocument) collapseIfStopped(of, tag, false);
         else show(of);
     }, true);
 
     // Pictures that a script has asked for may come into the page when they have failed already.
     function collapseFailed(picture) {
-        if (picture.complete && picture.naturalWidth === 0 && picture.currentSrc) collapseIfStopped(picture, 'img');
+        if (picture.complete && picture.naturalWidth === 0 && picture.currentSrc) collapseIfStopped(picture, 'img', true);
     }
 
     const sheets = [];
@@ -395,9 +464,26 @@
         });
     else beOn({ generic: true });
     begun = true;
-    watch();
-    lookAround();
-    beginRush();
+    // What comes before a page that nobody sees is there is looked at together.
+    let watches = false;
+    function beginWatch() {
+        if (watches) return;
+        watches = true;
+        watch();
+        lookAround();
+        if (!document.hidden) beginRush();
+    }
+    if (document.hidden) document.addEventListener('DOMContentLoaded', beginWatch);
+    else beginWatch();
+    document.addEventListener('visibilitychange', function () {
+        if (document.hidden) return;
+        beginWatch();
+        veilUntilAnswered();
+        askSoon();
+    });
     // A page that nobody sees can be printed.
-    addEventListener('beforeprint', lookAround);
+    addEventListener('beforeprint', function () {
+        lookAround();
+        askBeforePrint();
+    });
 })();

@@ -24,7 +24,7 @@ public:
     Signal<void()> GoOn;
 
 protected:
-    void keyPressEvent(class QKeyEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void AddWords(QVBoxLayout& column, const RefusedCertificate& certificate);

@@ -9,6 +9,7 @@
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
 #include <QWebEngineUrlRequestJob>
+#include <algorithm>
 #include <utility>
 
 namespace tessa::qt {
@@ -56,6 +57,17 @@ void PageDialogCovers::AskToLeave(std::function<void(bool leaves)> answered) {
          [answered = std::move(answered)](const PageDialogAnswer& answer) { answered(answer.accepted); },
          nullptr,
          true});
+}
+
+void PageDialogCovers::LetUserStay() {
+    const auto found =
+        std::ranges::find(m_asked, PageDialogKind::Leave, [](const Asked& each) { return each.request.kind; });
+    if (found == m_asked.end()) return;
+    if (found == m_asked.begin() && m_shown) m_covers.Remove(std::exchange(m_shown, nullptr).data());
+    const Answer answer = found->answer;
+    m_asked.erase(found);
+    if (!m_shown) ShowNext();
+    answer({});
 }
 
 void PageDialogCovers::OnJob(QWebEngineUrlRequestJob& job) {

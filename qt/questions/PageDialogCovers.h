@@ -27,6 +27,8 @@ public:
 
     /// Asks the user over the page whether he leaves it. Not answered any more once the page has gone.
     void AskToLeave(std::function<void(bool leaves)> answered);
+    /// Takes that question away, and answers it so.
+    void LetUserStay();
 
 private:
     using Answer = std::function<void(const PageDialogAnswer&)>;

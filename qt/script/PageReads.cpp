@@ -6,6 +6,7 @@
 #include "qt/page/WebPageLife.h"
 
 #include <QBuffer>
+#include <QEvent>
 #include <QFile>
 #include <QImage>
 #include <QPixmap>

@@ -175,6 +175,30 @@ TEST(Blocking, APictureThatFailedBeforeItCameIntoThePageLeavesNoBoxEither) {
     }
 }
 
+TEST(Blocking, APictureThatFailedButWasNotStoppedIsAsItsPageWantsIt) {
+    LocalServer server;
+    server.Raw(QStringLiteral("/fine.svg"),
+               "HTTP/1.1 200 OK\r\nContent-Type: image/svg+xml\r\nConnection: close\r\n\r\n"
+               "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
+    server.Page(QStringLiteral("/page"),
+                "<title>page</title><body><img id=one src=/gone-1 style='display: block !important'>"
+                "<img id=two src=/gone-2 style='display: block' onerror=\"this.style.display = 'none'\">"
+                "<img id=three src=/gone-3 onerror=\"this.style.visibility = 'hidden'\">"
+                "<img id=four src=/ad-1 loading=lazy onerror=\"this.onerror = null; this.src = '/fine.svg'\">"
+                "<img id=five src=/ad-2>");
+    BlockingView desk("/ad-\n");
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    const QString styles = QStringLiteral("[one, two, three, four].map(e => getComputedStyle(e))"
+                                          ".map(s => s.display + ' ' + s.visibility).join(', ')");
+    EXPECT_TRUE(
+        WaitUntil([&] { return desk.view.Script(QStringLiteral("getComputedStyle(five).display")) == u"none"; }));
+    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(QStringLiteral("String(four.naturalWidth)")) == u"9"; }));
+    EXPECT_TRUE(WaitUntil([&] {
+        return desk.view.Script(styles) == u"block visible, none visible, inline hidden, inline visible";
+    })) << desk.view.Script(styles).toStdString();
+    EXPECT_EQ(desk.view.Script(QStringLiteral("one.style.getPropertyPriority('display')")), u"important");
+}
+
 TEST(Blocking, APlaceThatIsGivenAnotherSourceIsSeenAgain) {
     LocalServer server;
     server.Page(QStringLiteral("/inside"), "<p>words");

@@ -103,6 +103,51 @@ TEST(ElementHiding, WhatIsPrintedIsHiddenBefore) {
     EXPECT_EQ(desk.view.Script(QStringLiteral("height")), u"0");
 }
 
+/// A page with a picture that rules of `kStoppedRules` stop, and one that is not there. It says which are seen.
+constexpr auto kFailedPage =
+    "<title>page</title><body><img id=stopped src=/ad.gif width=9 height=9><img id=gone src=/gone.gif width=9 height=9>"
+    "<script>const isSeen = e => e.offsetHeight > 0 && getComputedStyle(e).visibility === 'visible';"
+    "const seen = () => ['stopped', 'gone'].filter(id => isSeen(document.getElementById(id))).join(' ');"
+    "first = ''; document.addEventListener('visibilitychange', () => "
+    "requestAnimationFrame(() => { first = seen() || 'none' }))</script>";
+constexpr auto kStoppedRules = "/ad.gif\n";
+
+/// Waits until both pictures have failed.
+void WaitFailed(BlockingView& desk) {
+    EXPECT_TRUE(WaitUntil([&] {
+        return desk.Count() == 1 &&
+               desk.view.Script(QStringLiteral("document.readyState === 'complete' && 'done'")) == u"done";
+    }));
+}
+
+TEST(ElementHiding, APageLosesItsEmptyBoxesBeforeSomebodySeesIt) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), kFailedPage);
+    BlockingView desk(kStoppedRules);
+    desk.view.Load(QStringLiteral("about:blank"));
+    FrontView front(desk);
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    WaitFailed(desk);
+    front.view->MoveLeft({100000});
+    desk.view.view->BringToFront();
+    const QString first = QStringLiteral("first");
+    EXPECT_TRUE(WaitUntil([&] { return !desk.view.Script(first).isEmpty(); }));
+    EXPECT_FALSE(desk.view.Script(first).contains(u"stopped")) << desk.view.Script(first).toStdString();
+    EXPECT_TRUE(WaitUntil([&] { return desk.view.Script(QStringLiteral("seen()")) == u"gone"; }))
+        << desk.view.Script(QStringLiteral("seen()")).toStdString();
+}
+
+TEST(ElementHiding, APageThatNobodySeesIsPrintedWithoutEmptyBoxes) {
+    LocalServer server;
+    server.Page(QStringLiteral("/page"), kFailedPage);
+    BlockingView desk(kStoppedRules);
+    desk.view.Load(QStringLiteral("about:blank"));
+    const FrontView front(desk);
+    desk.view.Load(server.Address(QStringLiteral("/page")));
+    WaitFailed(desk);
+    EXPECT_EQ(desk.view.Script(QStringLiteral("dispatchEvent(new Event('beforeprint')); seen()")), u"gone");
+}
+
 TEST(ElementHiding, WhatComesOutOfAnotherFrameIsHidden) {
     LocalServer server;
     server.Page(QStringLiteral("/inside"), "<p class=ad>a</p><p class=words>w</p>");

@@ -49,6 +49,18 @@ protected:
         FAIL() << button.toStdString();
     }
     [[nodiscard]] std::size_t Tabs() { return desk.main->pcPage.Count(); }
+    void CloseTogether(const std::vector<std::int32_t>& indexes) {
+        desk.main->Choice().Replace(indexes);
+        Click(u"xtrChosenClose");
+    }
+    /// What the entry says that brings back what was closed last.
+    [[nodiscard]] std::string Reopens() { return ToUtf8(desk.main->actBar.Find(u"xtrReopenTab")->Caption()); }
+    [[nodiscard]] std::string Paths() {
+        std::string all;
+        for (std::size_t position = 1; position <= Tabs(); ++position)
+            all += QUrl(ToQt(desk.View(desk.main->pcPage.FindAt(position)->Tag).LocationURL())).path().toStdString();
+        return all;
+    }
     /// The views whose pages hold their user, as the end of the program finds out.
     [[nodiscard]] std::vector<std::int32_t> Holders() {
         std::vector<std::int32_t> holders;
@@ -145,6 +157,51 @@ TEST_F(LeavingPages, WhoHasLeftIsNotAskedAgainOnTheWay) {
     Answer(QStringLiteral("Leave"));
     EXPECT_TRUE(WaitUntil([&] { return Front().LocationURL() == u"about:blank"; })) << ToUtf8(Front().LocationURL());
     EXPECT_EQ(Question(), nullptr);
+}
+
+TEST_F(LeavingPages, TabsThatCloseTogetherComeBackTogetherWhereverHeWas) {
+    server.Page(QStringLiteral("/plain"), "<title>Plain</title>words");
+    Show(QStringLiteral("/plain"), u"Plain");
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    desk.main->GetNewBrowser(InFront::Yes);
+    Show(QStringLiteral("/plain"), u"Plain");
+    ShowAndClick(QStringLiteral("/other"), u"Other");
+    CloseTogether({2, 3, 4});
+    Answer(QStringLiteral("Leave"));
+    ASSERT_TRUE(WaitUntil([&] { return Tabs() == 1; }));
+    EXPECT_EQ(Reopens(), "&Reopen 3 Tabs");
+    Click(u"xtrReopenTab");
+    EXPECT_EQ(Paths(), "/plain/holds/plain/other");
+    EXPECT_TRUE(WaitTitle(u"Other")) << "it was in front";
+    EXPECT_FALSE(Enabled(u"xtrReopenTab"));
+}
+
+TEST_F(LeavingPages, OneThatHisUserStaysInIsNotAmongThem) {
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    ShowAndClick(QStringLiteral("/other"), u"Other");
+    CloseTogether({2, 3});
+    Answer(QStringLiteral("Stay"));
+    ASSERT_TRUE(WaitUntil([&] { return Tabs() == 2 && !desk.main->Tabs().Leaving.Asks(2); }));
+    EXPECT_EQ(Reopens(), "&Reopen Closed Tab");
+    Click(u"xtrReopenTab");
+    EXPECT_EQ(Tabs(), 3U);
+    EXPECT_FALSE(Enabled(u"xtrReopenTab"));
+}
+
+TEST_F(LeavingPages, WhoTakesTheClosingBackIsAskedNoMore) {
+    desk.main->GetNewBrowser(InFront::Yes);
+    Show(QStringLiteral("/other"), u"Other");
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    CloseTogether({2, 3});
+    ASSERT_TRUE(WaitUntil([&] { return Question() != nullptr; }));
+    Click(u"xtrReopenTab");
+    EXPECT_TRUE(WaitUntil([&] { return Question() == nullptr; }));
+    EXPECT_EQ(Paths(), "blank/other/holds");
+    EXPECT_EQ(desk.main->Tabs().CurrentIndex(), 3) << "it was in front";
+    EXPECT_EQ(Script(QStringLiteral("document.title")), u"Holds") << "it has not taken its leave";
+    desk.main->CloseBrowserTab(3);
+    Answer(QStringLiteral("Leave"));
+    EXPECT_TRUE(WaitUntil([&] { return Paths() == "blank/other"; })) << "it is asked as ever";
 }
 
 /// The same user, who types into forms that ask for nothing themselves.

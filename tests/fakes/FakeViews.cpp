@@ -45,6 +45,10 @@ void FakeView::AskUserToLeave(std::function<void(bool leaves)> hears) {
     answered = std::move(hears);
 }
 
+void FakeView::LetUserStay() {
+    if (const auto hears = std::exchange(answered, nullptr)) hears(false);
+}
+
 Outcome FakeView::RestoreLater(const std::string& bytes, TextView address) {
     const Outcome outcome = Restore(bytes, address);
     calls.back() += " later";

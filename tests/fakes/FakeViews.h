@@ -57,6 +57,7 @@ public:
     [[nodiscard]] bool MayHold() const override { return mayHold; }
     void AskToLeave(LeaveReason why, std::function<void(bool holds)> told) override;
     void AskUserToLeave(std::function<void(bool leaves)> answered) override;
+    void LetUserStay() override;
     [[nodiscard]] std::string History() const override { return history; }
     Outcome Restore(const std::string& bytes, TextView address) override;
     Outcome RestoreLater(const std::string& bytes, TextView address) override;
