@@ -209,7 +209,7 @@ void WebPage::Halt() {
 // it is still at work, and does not bear that the page goes. A page that is on its way to another is not printed.
 void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patience,
                     const std::function<void(const PrintedPage& printed)>& printed) {
-    if (AwaitsAny() && isLoading()) return printed({});
+    if (isLoading()) return AwaitsAny() ? printed({}) : PrintOnceLoaded(layout, patience, printed);
     ++m_printing;
     auto* watch = new QTimer(this);
     const auto told = std::make_shared<std::function<void(const PrintedPage&)>>(printed);
@@ -233,6 +233,31 @@ void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patienc
         this, &QWebEnginePage::renderProcessTerminated, watch, [end] { end({}); }, Qt::QueuedConnection);
     watch->start(patience);
     printToPdf(end, layout);
+}
+
+// Of what it is asked to print while it loads, the engine never makes anything, nor of anything later.
+void WebPage::PrintOnceLoaded(const QPageLayout& layout, std::chrono::milliseconds patience,
+                              const std::function<void(const PrintedPage& printed)>& printed) {
+    auto* wait = new QTimer(this);
+    const auto told = std::make_shared<std::function<void(const PrintedPage&)>>(printed);
+    const auto tell = [told](const PrintedPage& result) {
+        if (const auto once = std::exchange(*told, {})) once(result);
+    };
+    const auto begin = [this, wait, layout, told] {
+        const auto left = wait->remainingTimeAsDuration();
+        wait->deleteLater();
+        const auto once = std::exchange(*told, {});
+        if (once) m_ending ? once({}) : Print(layout, left, once);
+    };
+    wait->setSingleShot(true);
+    wait->callOnTimeout(this, [wait, tell] {
+        wait->deleteLater();
+        tell({.answered = false});
+    });
+    // Queued: the engine is in the middle of telling.
+    connect(this, &QWebEnginePage::loadFinished, wait, begin, Qt::QueuedConnection);
+    connect(this, &QObject::destroyed, wait, [tell] { tell({}); });
+    wait->start(patience);
 }
 
 // What ends without an answer answers while it ends, when nothing of ours is left of it.

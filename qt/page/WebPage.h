@@ -97,7 +97,8 @@ public:
     void Ask(const QString& script, std::function<void(const QVariant&)> answered);
     /// Ends with the page, before the engine's part of it does, which answers what was asked while it ends.
     [[nodiscard]] std::weak_ptr<const void> Whole() const { return m_asked; }
-    /// Prints the page. The engine cannot be told to stop: a page that takes longer than that stays until it is done.
+    /// Prints the page once it has loaded. The engine cannot be told to stop: a page that takes longer than that stays
+    /// until it is done.
     void Print(const QPageLayout& layout, std::chrono::milliseconds patience,
                const std::function<void(const PrintedPage& printed)>& printed);
     /// Whether it is being printed, also where nobody waits for that any more. The engine does not bear that the page
@@ -153,6 +154,8 @@ private:
     void OnDocument(const QUrl& address);
     void NoteShown();
     PageDialogAnswer Ask(const PageDialogRequest& request);
+    void PrintOnceLoaded(const QPageLayout& layout, std::chrono::milliseconds patience,
+                         const std::function<void(const PrintedPage& printed)>& printed);
     void EndPrint();
     [[nodiscard]] bool StaysForPrint(const QUrl& url, NavigationType type);
 

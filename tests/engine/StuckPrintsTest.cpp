@@ -57,10 +57,10 @@ protected:
     }
 
     void Print() {
-        Front().Page()->Print(QPageLayout(), 1min,
-                              [printed = printed](const PrintedPage& result) { *printed = result; });
+        Front().Page()->Print(layout, 1min, [printed = printed](const PrintedPage& result) { *printed = result; });
     }
 
+    const QPageLayout layout{QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()};
     const std::shared_ptr<std::optional<PrintedPage>> printed = std::make_shared<std::optional<PrintedPage>>();
     QPointer<WebPage> before; ///< the page that is printed
 };
@@ -146,18 +146,53 @@ TEST_F(StuckPrints, GoOnByThemselvesOnceTheyHaveBeenPrinted) {
     EXPECT_TRUE(WaitUntil([this] { return desk.View(1).LocationName() == u"next"; }));
 }
 
-TEST_F(StuckPrints, APageThatLoadsIsPrintedOnceItHasStopped) {
-    server.Stall(QStringLiteral("/picture"));
-    Stuck(QStringLiteral("/loads"), {}, "<img src=/picture>");
-    Go(server.Address(QStringLiteral("/loads")));
-    ASSERT_TRUE(WaitUntil([this] { return Front().LocationName() == u"loads" && Front().Busy(); }));
+/// A page that is shown, and waits for a picture.
+class PrintsWhileLoading : public StuckPrints {
+protected:
+    PrintsWhileLoading() {
+        server.Stall(QStringLiteral("/picture"));
+        server.Page(QStringLiteral("/loads"), "<title>loads</title><p>words</p><img src=/picture>");
+        Go(server.Address(QStringLiteral("/loads")));
+        EXPECT_TRUE(WaitUntil([this] { return Front().LocationName() == u"loads" && !Front().Page()->AwaitsAny(); }));
+        EXPECT_TRUE(Front().Busy());
+    }
+    void ExpectPrinted() {
+        ASSERT_TRUE(WaitUntil([this] { return printed->has_value(); }));
+        EXPECT_TRUE((*printed)->pdf.startsWith("%PDF-"));
+        EXPECT_FALSE(Front().Page()->Prints());
+    }
+};
+
+TEST_F(PrintsWhileLoading, ComeOnceItHasLoaded) {
+    Print();
+    EXPECT_FALSE(*printed);
+    Release();
+    ExpectPrinted();
+}
+
+TEST_F(PrintsWhileLoading, ComeOnceItHasBeenStopped) {
     Print();
     ResumeNext(Front().Stop());
-    ASSERT_TRUE(WaitUntil([this] { return IsStuck(); }));
-    EXPECT_FALSE(Front().Busy());
-    Release();
+    ExpectPrinted();
+}
+
+TEST_F(PrintsWhileLoading, AreGivenUpAndComeLaterAllTheSame) {
+    Front().Page()->Print(layout, 1ms, [printed = printed](const PrintedPage& result) { *printed = result; });
     ASSERT_TRUE(WaitUntil([this] { return printed->has_value(); }));
-    EXPECT_TRUE((*printed)->pdf.startsWith("%PDF-"));
+    EXPECT_FALSE((*printed)->answered);
+    EXPECT_FALSE(Front().Page()->Prints());
+    printed->reset();
+    ResumeNext(Front().Stop());
+    Print();
+    ExpectPrinted();
+}
+
+TEST_F(PrintsWhileLoading, AreAnsweredWhenThePageGoes) {
+    Print();
+    Click(u"mnuNewBlank");
+    desk.main->CloseBrowserTab(1);
+    ASSERT_TRUE(WaitUntil([this] { return printed->has_value(); }));
+    EXPECT_TRUE((*printed)->pdf.isEmpty());
 }
 
 TEST_F(StuckPrints, APageThatIsOnItsWayToAnotherIsNotPrinted) {
