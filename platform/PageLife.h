@@ -15,10 +15,11 @@ struct PageActivity {
     bool Asks = false;       ///< it waits for an answer, or something covers it
     bool Inspected = false;  ///< developer tools look at it
     bool FullScreen = false; ///< it fills the screen
+    bool Prints = false;     ///< it is being printed
     bool Visible = false;    ///< it is on the screen, maybe for a moment longer than its tab is in front
 
     [[nodiscard]] bool Any() const {
-        return Loading || Audible || HoldsInput || Downloads || Asks || Inspected || FullScreen || Visible;
+        return Loading || Audible || HoldsInput || Downloads || Asks || Inspected || FullScreen || Prints || Visible;
     }
 };
 
@@ -41,7 +42,9 @@ public:
     [[nodiscard]] virtual std::int64_t Process() const = 0;
     /// Whether that process has died and the page was not loaded again.
     [[nodiscard]] virtual bool Ended() const = 0;
-    /// Ends the process at once, with all that runs in it. Fails when there is none.
+    /// Whether a page that runs in that process is being printed. Until that is done, the process cannot be ended.
+    [[nodiscard]] virtual bool ProcessPrints() const = 0;
+    /// Ends the process at once, with all that runs in it. Fails when there is none, or when it prints.
     virtual Outcome EndProcess() = 0;
 };
 

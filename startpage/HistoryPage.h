@@ -38,6 +38,8 @@ inline constexpr std::size_t kEntries = 60;
 [[nodiscard]] Text GroupsAnswer(const std::vector<Text>& groups);
 /// Has the page ask again for what it shows.
 inline constexpr TextView kAskAgain = u"again";
+/// Likewise, unless its user has ticked some of what it shows.
+inline constexpr TextView kLookAnew = u"anew";
 
 } // namespace HistoryPage
 

@@ -28,8 +28,11 @@ bool HistoryPages::Shows(std::int32_t index) const {
 void HistoryPages::Show() {
     for (const OpenTab open : OpenTabs(m_parts.pcPage, m_parts.Browser)) {
         if (open.Address() != OwnAddresses::kHistory) continue;
+        const std::int32_t index = open.Index();
         m_parts.pcPage.Select(&open.Item);
-        return;
+        // Other pages have been read since it was looked at last.
+        Loads(index);
+        return Tell(index, HistoryPage::kLookAnew);
     }
     if (auto* view = m_parts.tabs.GetNewBrowser(InFront::Yes)) ResumeNext(view->Navigate(OwnAddresses::kHistory));
 }

@@ -17,6 +17,7 @@ TextView StateOf(const PageLife* life, bool front) {
     if (!life) return u"Not loaded";
     if (life->Ended()) return u"Ended";
     if (life->Asleep()) return u"Asleep";
+    if (life->ProcessPrints()) return u"Being printed";
     return front ? u"In front" : u"In the background";
 }
 
@@ -152,7 +153,7 @@ Text frmTaskView::Selected() const {
 void frmTaskView::ShowSelected() {
     const auto* life = LifeOf(Selected());
     cmdGoTo.Enabled = m_pcPage.Find(Selected()) != nullptr;
-    cmdEnd.Enabled = life && life->Process() > 0;
+    cmdEnd.Enabled = life && life->Process() > 0 && !life->ProcessPrints();
     const auto* measured = MeasuredOf(life);
     const bool shared = measured && measured->tabs > 1;
     lblShared.Caption =

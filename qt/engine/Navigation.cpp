@@ -46,7 +46,7 @@ Outcome Navigation::Stop() {
     FollowTries();
     m_view.services.schedule.EndTurn(m_view.index);
     if (m_page && m_where.stage.Busy())
-        Page()->triggerAction(QWebEnginePage::Stop);
+        Page()->Halt();
     else if (waited)
         TellUnbegun();
     return Outcome::Done;

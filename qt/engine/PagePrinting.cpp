@@ -34,8 +34,8 @@ Outcome PagePrinting::Print() {
 void PagePrinting::Preview() {
     const QPointer<PagePrinting> self(this);
     // A PDF is its own preview.
-    const auto fetched = [self](const QByteArray& pdf) {
-        if (self) self->PreviewSoon({pdf});
+    const auto fetched = [self, name = PageOutput::FileNameFor(m_page->Page().title())](const QByteArray& pdf) {
+        if (self) self->PreviewSoon({pdf}, name);
     };
     m_view.services.output.FetchPdf(m_page->Page(), fetched, [self] {
         if (self && self->m_page) self->PrintToPreview();
@@ -48,22 +48,22 @@ void PagePrinting::PrintToPreview() {
     if (m_previewsLater) return;
     PageOutput& output = m_view.services.output;
     m_page->Page().Print(output.Layout(), PageOutput::kPrintPatience,
-                         [self = QPointer<PagePrinting>(this)](const PrintedPage& printed) {
-                             if (self) self->PreviewSoon(printed);
+                         [self = QPointer<PagePrinting>(this),
+                          name = PageOutput::FileNameFor(m_page->Page().title())](const PrintedPage& printed) {
+                             if (self) self->PreviewSoon(printed, name);
                          });
 }
 
 // Queued: the engine is in the middle of telling.
-void PagePrinting::PreviewSoon(const PrintedPage& printed) {
+void PagePrinting::PreviewSoon(const PrintedPage& printed, const QString& name) {
     const PageOutput& output = m_view.services.output;
     if (!printed.answered) return output.Say(QStringLiteral("The page does not answer. No preview was made."));
     if (printed.pdf.isEmpty()) return output.Say(QStringLiteral("The preview could not be made."));
     QMetaObject::invokeMethod(
-        this, [this, pdf = printed.pdf] { OpenPreview(pdf); }, Qt::QueuedConnection);
+        this, [this, pdf = printed.pdf, name] { OpenPreview(pdf, name); }, Qt::QueuedConnection);
 }
 
-void PagePrinting::OpenPreview(const QByteArray& pdf) {
-    const QString name = m_page ? PageOutput::FileNameFor(m_page->Page().title()) : QString();
+void PagePrinting::OpenPreview(const QByteArray& pdf, const QString& name) {
     const NewWindows& windows = m_view.services.newWindows;
     auto* opened = windows.Find(m_view.events.NewWindow2(m_view.index, NewWindowPlace::InFront));
     if (opened) opened->TakePreview(pdf, name);

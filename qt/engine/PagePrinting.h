@@ -50,8 +50,9 @@ public:
 private:
     [[nodiscard]] bool ShowsPreview() const;
     void PrintToPreview();
-    void PreviewSoon(const PrintedPage& printed);
-    void OpenPreview(const QByteArray& pdf);
+    /// The view may show another page by then.
+    void PreviewSoon(const PrintedPage& printed, const QString& name);
+    void OpenPreview(const QByteArray& pdf, const QString& name);
     void MakeBar();
     void DropBar();
 

@@ -7,6 +7,7 @@
 #include "qt/engine/EngineHost.h"
 #include "qt/engine/PageSignals.h"
 #include "qt/engine/Profiles.h"
+#include "qt/page/PageHistory.h"
 #include "qt/page/PageOutput.h"
 #include "qt/page/PageTrust.h"
 #include "qt/page/WebPage.h"
@@ -54,6 +55,46 @@ PageView::~PageView() {
     m_self.services.schedule.Remove(m_self.index);
     m_self.services.newWindows.Remove(*this);
     m_self.services.profiles.RemoveView(m_self.privacy);
+}
+
+Outcome PageView::Navigate(TextView address) {
+    LeavePrinted();
+    return m_navigation.Navigate(address);
+}
+
+Outcome PageView::Refresh() {
+    LeavePrinted();
+    return m_navigation.Refresh();
+}
+
+void PageView::Renew() {
+    LeavePrinted();
+    m_navigation.Renew();
+}
+
+Outcome PageView::GoBack() {
+    LeavePrinted();
+    return m_navigation.GoBack();
+}
+
+Outcome PageView::GoForward() {
+    LeavePrinted();
+    return m_navigation.GoForward();
+}
+
+// The engine ends the program where a page that is being printed goes to another site and does not answer. It stays as
+// it is until it has been printed; another one, which has been where it was, takes its place.
+void PageView::LeavePrinted() {
+    if (!m_page || !m_page->Page().Prints()) return;
+    const QByteArray history = PageHistory::Bytes(m_page->Page());
+    m_where.requested = m_where.shown;
+    EndPage();
+    MakePage();
+    const Schedule& schedule = m_self.services.schedule;
+    if (schedule.AllShown().contains(m_self.index))
+        m_surface.Show(schedule.Shown() == m_self.index ? ShownAs::Front : ShownAs::Beside);
+    m_page->Life()->NoteRefill();
+    if (!PageHistory::Fill(m_page->Page(), history)) m_where.shown.clear();
 }
 
 Outcome PageView::GoHome() {
@@ -294,6 +335,8 @@ void PageView::FollowLife() {
         activity.Asks = m_page->Asks();
         activity.FullScreen = m_surface.FillsScreen();
     });
+    m_page->Life()->OthersPrint.ConnectForLife(
+        [this](std::int64_t process, bool& prints) { prints = prints || m_self.services.profiles.PrintsIn(process); });
     m_page->Life()->IconChanged.ConnectForLife([this] { m_self.services.told.IconChanged(m_self.index); });
 }
 

@@ -28,11 +28,11 @@ public:
     PageView(std::int16_t index, BrowserViewEvents& events, const ViewServices& services, Privacy privacy);
     ~PageView() override;
 
-    Outcome Navigate(TextView address) override { return m_navigation.Navigate(address); }
+    Outcome Navigate(TextView address) override;
     Outcome Stop() override { return m_navigation.Stop(); }
-    Outcome Refresh() override { return m_navigation.Refresh(); }
-    Outcome GoBack() override { return m_navigation.GoBack(); }
-    Outcome GoForward() override { return m_navigation.GoForward(); }
+    Outcome Refresh() override;
+    Outcome GoBack() override;
+    Outcome GoForward() override;
     Outcome GoHome() override;
     Outcome ExecWB(BrowserCommand command) override;
     [[nodiscard]] Text LocationName() const override;
@@ -70,7 +70,7 @@ public:
 
     // For the engine.
     /// See `Navigation`.
-    void Renew() { m_navigation.Renew(); }
+    void Renew();
     /// What waits until somebody looks loads now; false when nothing does.
     bool LoadPutOff() { return m_navigation.Look(); }
     /// Lays the widget out, because bars beside the page came or went.
@@ -105,6 +105,7 @@ private:
     void ApplyZoom();
     void MakePage();
     void EndPage();
+    void LeavePrinted();
     void FollowPage();
     void FollowWindow();
     void FollowQuestions();

@@ -62,8 +62,15 @@ WebPage* Profiles::MakePage(Privacy privacy) {
         // Queued: the profile must outlive the page, which is not quite gone yet.
         connect(page, &QObject::destroyed, this, &Profiles::OnPrivatePageGone, Qt::QueuedConnection);
     }
+    std::erase_if(m_pages, [](const auto& each) { return each.isNull(); });
+    m_pages.emplace_back(page);
     PageMade(*page);
     return page;
+}
+
+bool Profiles::PrintsIn(std::int64_t process) const {
+    return std::ranges::any_of(
+        m_pages, [process](const auto& each) { return each && each->Prints() && each->renderProcessPid() == process; });
 }
 
 void Profiles::OnPrivatePageGone() {

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -41,6 +42,8 @@ public:
     /// What the program itself shows as pages.
     [[nodiscard]] StartPageScheme& OwnPages(Privacy privacy);
     [[nodiscard]] WebPage* MakePage(Privacy privacy);
+    /// Whether a page in that process is being printed, be it one that is done with.
+    [[nodiscard]] bool PrintsIn(std::int64_t process) const;
     /// A view is done with its page, which ends as soon as it can.
     void End(WebPage& page);
     /// A view comes or goes, with a page or without one. What private pages have left behind stays as long as a view.
@@ -82,6 +85,7 @@ private:
     std::unique_ptr<Profile> m_profile, m_private;
     int m_privatePages = 0;
     int m_privateViews = 0;
+    std::vector<QPointer<WebPage>> m_pages;  ///< all that were made; some may have gone
     std::vector<QPointer<WebPage>> m_ending; ///< pages that were there last when theirs ended
     LoadOptions m_loadOptions;
     Answers m_answers, m_privateAnswers;

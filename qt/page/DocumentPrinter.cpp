@@ -3,6 +3,7 @@
 #include <QPageRanges>
 #include <QPrinter>
 #include <QProcess>
+#include <QStandardPaths>
 #include <memory>
 #include <utility>
 
@@ -31,6 +32,8 @@ QString PagesOf(const QPrinter& printer) {
 }
 
 } // namespace
+
+bool DocumentPrinter::IsThere() { return !QStandardPaths::findExecutable(QStringLiteral("lp")).isEmpty(); }
 
 QStringList DocumentPrinter::Arguments(const QPrinter& printer, const QString& file) {
     QStringList all;

@@ -10,6 +10,9 @@ namespace tessa::qt {
 /// anew they would be pictures of themselves.
 namespace DocumentPrinter {
 
+/// Whether this machine has the printing system's own program.
+[[nodiscard]] bool IsThere();
+
 /// What the printing system's own program is told for what was chosen in the print dialog.
 [[nodiscard]] QStringList Arguments(const QPrinter& printer, const QString& file);
 

@@ -242,6 +242,7 @@ void PageOutput::PrintPage(WebPage& page, const std::shared_ptr<QPrinter>& print
     // The engine writes PDF itself, with text that can be searched.
     if (printer->outputFormat() == QPrinter::PdfFormat)
         return WritePdf(page, printer->outputFileName(), printer->pageLayout(), parent);
+    if (DocumentPrinter::IsThere()) return PrintPaper(page, printer, parent);
     auto* view = QWebEngineView::forPage(&page);
     if (!view) return;
     // The printer must live until the engine is done with it.
@@ -249,6 +250,23 @@ void PageOutput::PrintPage(WebPage& page, const std::shared_ptr<QPrinter>& print
     *held = QObject::connect(view, &QWebEngineView::printFinished, view,
                              [printer, held](bool) { QObject::disconnect(*held); });
     view->print(printer.get());
+}
+
+// Not by the engine itself, which would do it for the view and not bear that its tab closes.
+void PageOutput::PrintPaper(WebPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent) {
+    const auto tell = [parent = QPointer(parent)](const QString& words) {
+        if (parent && parent->isVisible()) TellTrouble(words, parent);
+    };
+    page.Print(printer->pageLayout(), kPrintPatience, [printer, tell](const PrintedPage& printed) {
+        if (!printed.answered) return tell(QStringLiteral("The page does not answer. Nothing was printed."));
+        // The file stays for as long as the printing system reads it.
+        const auto folder = std::make_shared<QTemporaryDir>();
+        if (!folder->isValid() || !Write(PathIn(folder), printed.pdf))
+            return tell(QStringLiteral("The page could not be printed."));
+        DocumentPrinter::Print(*printer, PathIn(folder), [tell, folder](bool taken) {
+            if (!taken) tell(QStringLiteral("The printer did not take the page. Nothing was printed."));
+        });
+    });
 }
 
 // The engine would print its viewer, with the buttons.

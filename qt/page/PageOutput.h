@@ -74,6 +74,7 @@ private:
     void AskForPrinter(WebPage& page, const DocumentKind& kind, QWidget* parent);
     [[nodiscard]] static QByteArray PreviewIn(const WebPage& page);
     void Save(WebPage& page, const DocumentKind& kind, const QString& path, QWidget* parent);
+    void PrintPaper(WebPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent);
     void PrintDocument(WebPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent);
     void PrintPage(WebPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent);
     /// A folder with the file in it, which goes with the last who needs it.

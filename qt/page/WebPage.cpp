@@ -73,6 +73,7 @@ bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool
     if (isMainFrame && KindOfScheme(FromQt(url.scheme())) == SchemeKind::Inner) return false;
     if (isMainFrame && type != NavigationTypeTyped && !MayLeadOn(url)) return false;
     if (HandOver(url, type == NavigationTypeLinkClicked, isMainFrame)) return false;
+    if (isMainFrame && StaysForPrint(url, type)) return false;
     if (isMainFrame) m_awaited = url;
     // What the page of the history shows is shown by a script.
     if (isMainFrame && StartPageScheme::IsHistory(url))
@@ -84,6 +85,15 @@ bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool
     if (isMainFrame && (type == NavigationTypeTyped || (type == NavigationTypeLinkClicked && TakePerson())))
         Q_EMIT PersonNavigated();
     Q_EMIT NavigationRequested(url, isMainFrame);
+    return true;
+}
+
+// The engine ends the program where a page that is being printed goes to another site and does not answer. What a form
+// holds would be lost on the way, so its user sends it again.
+bool WebPage::StaysForPrint(const QUrl& url, NavigationType type) {
+    const bool form = type == NavigationTypeFormSubmitted;
+    if (m_printing == 0 || (form && SiteOf(url) == SiteOf(ShownAddress()))) return false;
+    if (!form) m_afterPrint = url;
     return true;
 }
 
@@ -182,10 +192,24 @@ PageDialogAnswer WebPage::Ask(const PageDialogRequest& request) {
     return given->value_or(PageDialogAnswer{});
 }
 
+// What was wanted of the page meanwhile.
+void WebPage::EndPrint() {
+    if (--m_printing > 0) return;
+    if (m_ending && !m_waiting) return deleteLater();
+    if (m_ending) return;
+    if (!m_afterPrint.isEmpty()) load(std::exchange(m_afterPrint, {}));
+}
+
+void WebPage::Halt() {
+    m_afterPrint.clear();
+    triggerAction(Stop);
+}
+
 // The engine forgets what it was printing of a page whose process ends, and never tells. Where it only takes too long,
-// it is still at work, and does not bear that the page goes.
+// it is still at work, and does not bear that the page goes. A page that is on its way to another is not printed.
 void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patience,
                     const std::function<void(const PrintedPage& printed)>& printed) {
+    if (isLoading()) return AwaitsAny() ? printed({}) : PrintOnceLoaded(layout, patience, printed);
     ++m_printing;
     auto* watch = new QTimer(this);
     const auto told = std::make_shared<std::function<void(const PrintedPage&)>>(printed);
@@ -197,9 +221,8 @@ void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patienc
         if (!watch->isActive()) --m_overdue;
         watch->stop();
         watch->deleteLater();
-        --m_printing;
         tell({pdf});
-        if (m_ending && m_printing == 0 && !m_waiting) deleteLater();
+        EndPrint();
     };
     watch->setSingleShot(true);
     watch->callOnTimeout(this, [this, tell] {
@@ -210,6 +233,31 @@ void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patienc
         this, &QWebEnginePage::renderProcessTerminated, watch, [end] { end({}); }, Qt::QueuedConnection);
     watch->start(patience);
     printToPdf(end, layout);
+}
+
+// Of what it is asked to print while it loads, the engine never makes anything, nor of anything later.
+void WebPage::PrintOnceLoaded(const QPageLayout& layout, std::chrono::milliseconds patience,
+                              const std::function<void(const PrintedPage& printed)>& printed) {
+    auto* wait = new QTimer(this);
+    const auto told = std::make_shared<std::function<void(const PrintedPage&)>>(printed);
+    const auto tell = [told](const PrintedPage& result) {
+        if (const auto once = std::exchange(*told, {})) once(result);
+    };
+    const auto begin = [this, wait, layout, told] {
+        const auto left = wait->remainingTimeAsDuration();
+        wait->deleteLater();
+        const auto once = std::exchange(*told, {});
+        if (once) m_ending ? once({}) : Print(layout, left, once);
+    };
+    wait->setSingleShot(true);
+    wait->callOnTimeout(this, [wait, tell] {
+        wait->deleteLater();
+        tell({.answered = false});
+    });
+    // Queued: the engine is in the middle of telling.
+    connect(this, &QWebEnginePage::loadFinished, wait, begin, Qt::QueuedConnection);
+    connect(this, &QObject::destroyed, wait, [tell] { tell({}); });
+    wait->start(patience);
 }
 
 // What ends without an answer answers while it ends, when nothing of ours is left of it.

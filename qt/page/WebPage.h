@@ -97,9 +97,15 @@ public:
     void Ask(const QString& script, std::function<void(const QVariant&)> answered);
     /// Ends with the page, before the engine's part of it does, which answers what was asked while it ends.
     [[nodiscard]] std::weak_ptr<const void> Whole() const { return m_asked; }
-    /// Prints the page. The engine cannot be told to stop: a page that takes longer than that stays until it is done.
+    /// Prints the page once it has loaded. The engine cannot be told to stop: a page that takes longer than that stays
+    /// until it is done.
     void Print(const QPageLayout& layout, std::chrono::milliseconds patience,
                const std::function<void(const PrintedPage& printed)>& printed);
+    /// Whether it is being printed, also where nobody waits for that any more. The engine does not bear that the page
+    /// then goes to another site, sleeps, or loses its process.
+    [[nodiscard]] bool Prints() const { return m_printing > 0; }
+    /// Stops what it loads.
+    void Halt();
     /// Deletes the page as soon as it waits for nothing any more: an answer, or that it is printed.
     void End();
     /// Whether nobody needs the page any more, though it may still be there.
@@ -148,6 +154,10 @@ private:
     void OnDocument(const QUrl& address);
     void NoteShown();
     PageDialogAnswer Ask(const PageDialogRequest& request);
+    void PrintOnceLoaded(const QPageLayout& layout, std::chrono::milliseconds patience,
+                         const std::function<void(const PrintedPage& printed)>& printed);
+    void EndPrint();
+    [[nodiscard]] bool StaysForPrint(const QUrl& url, NavigationType type);
 
     [[nodiscard]] bool MayLeadOn(const QUrl& url);
     [[nodiscard]] bool AcceptOwn(const QUrl& url, NavigationType type, bool isMainFrame);
@@ -159,6 +169,7 @@ private:
     std::shared_ptr<int> m_asked = std::make_shared<int>(0); ///< how many scripts have not answered yet
     int m_printing = 0; ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
     int m_overdue = 0;  ///< how often of that nobody waits for it any more
+    QUrl m_afterPrint;  ///< where it wanted to go meanwhile
     PersonNote m_person, m_opener;
     bool m_personWasHere = false;
     QString m_actedFrame; ///< the origin of the frame in which a person acted last; empty for the page itself

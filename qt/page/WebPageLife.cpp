@@ -43,6 +43,7 @@ PageActivity WebPageLife::Activity() const {
                           .Audible = m_page.recentlyAudible(),
                           .HoldsInput = m_page.HoldsInput(),
                           .Inspected = m_page.devToolsPage() != nullptr,
+                          .Prints = m_page.Prints(),
                           .Visible = m_page.isVisible()};
     // One that was refused before it began has not finished in every engine's eyes.
     activity.Downloads = std::ranges::any_of(m_downloads, [](const auto& each) {
@@ -54,7 +55,7 @@ PageActivity WebPageLife::Activity() const {
 
 // Only when a page is halted does the engine think anew about what may become of it.
 Outcome WebPageLife::Sleep() {
-    if (m_ended) return Outcome::Failed;
+    if (m_ended || m_page.Prints()) return Outcome::Failed;
     m_page.setLifecycleState(State::Frozen);
     if (m_page.recommendedState() == State::Active) m_page.setLifecycleState(State::Active);
     if (m_page.recommendedState() == State::Discarded) {
@@ -68,7 +69,15 @@ void WebPageLife::Wake() { m_page.setLifecycleState(State::Active); }
 
 std::int64_t WebPageLife::Process() const { return m_page.renderProcessPid(); }
 
+bool WebPageLife::ProcessPrints() const {
+    bool prints = m_page.Prints();
+    OthersPrint(Process(), prints);
+    return prints;
+}
+
+// The engine ends the program with a process that prints.
 Outcome WebPageLife::EndProcess() {
+    if (ProcessPrints()) return Outcome::Failed;
     const auto process = static_cast<pid_t>(Process());
     return process > 0 && ::kill(process, SIGKILL) == 0 ? Outcome::Done : Outcome::Failed;
 }

@@ -29,6 +29,7 @@ public:
     [[nodiscard]] std::string Picture() const override;
     [[nodiscard]] std::int64_t Process() const override;
     [[nodiscard]] bool Ended() const override { return m_ended; }
+    [[nodiscard]] bool ProcessPrints() const override;
     Outcome EndProcess() override;
 
     /// Wakes the page although it is not shown, because it is about to be used.
@@ -40,6 +41,8 @@ public:
 
     /// What only the view knows of what goes on.
     Signal<void(PageActivity&)> AddActivity;
+    /// Which other pages run in that process is known to whoever makes them: whether one of them is being printed.
+    Signal<void(std::int64_t process, bool& prints)> OthersPrint;
     /// Another icon than before.
     Signal<void()> IconChanged;
 

@@ -128,10 +128,16 @@
         if (!more.hidden && !waiting && end.scrollTop + innerHeight > end.scrollHeight - 600) find(below);
     });
 
-    // "list N APPEND MORE BELOW", what is said of it, and the rows; "groups", and one in each line; "again".
+    // "list N APPEND MORE BELOW", what is said of it, and the rows; "groups", and one in each line; "again"; "anew".
     window.tessaOwn = function (message) {
         var lines = message.split('\n'), head = lines[0].split(' ');
         if (head[0] === 'again') return find(0);
+        if (head[0] === 'anew') {
+            // What is typed from now on is for what comes.
+            words.focus();
+            if (selected().length === 0) find(0);
+            return;
+        }
         if (head[0] === 'groups') {
             var chosen = group.value;
             group.length = 1;

@@ -42,6 +42,7 @@ public:
     }
     [[nodiscard]] std::int64_t Process() const override { return asleep ? 0 : process; }
     [[nodiscard]] bool Ended() const override { return ended; }
+    [[nodiscard]] bool ProcessPrints() const override { return prints; }
     Outcome EndProcess() override;
     [[nodiscard]] PageSecurity Security() const override { return security; }
     Outcome Run(PageAction action) override;
@@ -103,6 +104,7 @@ public:
     mutable int pictured = 0; ///< how often it was asked for that
     bool asleep = false;
     bool ended = false;
+    bool prints = false;
     std::int64_t process = 0;
     PageSecurity security = PageSecurity::None;
     Privacy privacy = Privacy::Ordinary;

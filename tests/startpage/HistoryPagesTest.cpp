@@ -38,6 +38,15 @@ TEST_F(HistoryPagesTest, TheCommandShowsThePageOnce) {
     EXPECT_EQ(m_desk.views.Calls(3), "go about:blank, go tessaview:history");
 }
 
+TEST_F(HistoryPagesTest, TheCommandHasAPageThatIsThereLookAnew) {
+    const std::size_t told = m_desk.views.At(1).messages.size();
+    m_desk.Click(u"xtrHistory");
+    const auto& messages = m_desk.views.At(1).messages;
+    ASSERT_EQ(messages.size(), told + 2);
+    EXPECT_TRUE(messages.at(told).starts_with(u"groups"));
+    EXPECT_EQ(messages.back(), u"anew");
+}
+
 TEST_F(HistoryPagesTest, AListIsToldToThePageAlone) {
     EXPECT_TRUE(Told().starts_with(u"list 1 0 0 1\n3 pages\n"));
     m_desk.visits.slow = true;

@@ -242,7 +242,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Reason{"Loading", &PageActivity::Loading}, Reason{"Audible", &PageActivity::Audible},
                     Reason{"HoldsInput", &PageActivity::HoldsInput}, Reason{"Downloads", &PageActivity::Downloads},
                     Reason{"Asks", &PageActivity::Asks}, Reason{"Inspected", &PageActivity::Inspected},
-                    Reason{"FullScreen", &PageActivity::FullScreen}, Reason{"Visible", &PageActivity::Visible}),
+                    Reason{"FullScreen", &PageActivity::FullScreen}, Reason{"Prints", &PageActivity::Prints},
+                    Reason{"Visible", &PageActivity::Visible}),
     [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace

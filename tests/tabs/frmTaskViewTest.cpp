@@ -199,6 +199,18 @@ TEST_F(TaskView, EndsTheProcessOfTheSelectedTab) {
     EXPECT_EQ(desk.Strip(), "[1*] 2 3");
 }
 
+TEST_F(TaskView, AProcessWhosePageIsBeingPrintedCannotBeEnded) {
+    desk.views.At(2).prints = true;
+    Open();
+    EXPECT_EQ(Column(TaskColumn::State), "Being printed|In front|In the background");
+    form.lstTasks.Select(TextView(u"Tab2"));
+    EXPECT_FALSE(form.cmdEnd.Enabled());
+    desk.views.At(2).prints = false;
+    form.Refresh();
+    EXPECT_EQ(Column(TaskColumn::State), "In the background|In front|In the background");
+    EXPECT_TRUE(form.cmdEnd.Enabled());
+}
+
 TEST_F(TaskView, AProcessThatCannotBeEndedStays) {
     Open();
     desk.views.At(1).refuses = true;
