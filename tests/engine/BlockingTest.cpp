@@ -1,5 +1,6 @@
 // Tests: Blocker, BlockedPages, EmptyAnswers, ListUpdates
 #include "base/os/AtomicFile.h"
+#include "qt/base/Strings.h"
 #include "qt/blocking/ListUpdates.h"
 #include "tests/engine/BlockingView.h"
 
