@@ -193,10 +193,9 @@ PageDialogAnswer WebPage::Ask(const PageDialogRequest& request) {
 }
 
 // What was wanted of the page meanwhile.
-void WebPage::EndPrint() {
-    if (--m_printing > 0) return;
-    if (m_ending && !m_waiting) return deleteLater();
-    if (m_ending) return;
+void WebPage::GoOnAfterPrint() {
+    if (m_printing > 0 || (m_ending && m_waiting)) return;
+    if (m_ending) return deleteLater();
     if (!m_afterPrint.isEmpty()) load(std::exchange(m_afterPrint, {}));
 }
 
@@ -221,8 +220,10 @@ void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patienc
         if (!watch->isActive()) --m_overdue;
         watch->stop();
         watch->deleteLater();
+        // Who hears it may let the page sleep.
+        --m_printing;
         tell({pdf});
-        EndPrint();
+        if (!whole.expired()) GoOnAfterPrint();
     };
     watch->setSingleShot(true);
     watch->callOnTimeout(this, [this, tell] {

@@ -156,7 +156,7 @@ private:
     PageDialogAnswer Ask(const PageDialogRequest& request);
     void PrintOnceLoaded(const QPageLayout& layout, std::chrono::milliseconds patience,
                          const std::function<void(const PrintedPage& printed)>& printed);
-    void EndPrint();
+    void GoOnAfterPrint();
     [[nodiscard]] bool StaysForPrint(const QUrl& url, NavigationType type);
 
     [[nodiscard]] bool MayLeadOn(const QUrl& url);

@@ -1,4 +1,5 @@
 // Tests: PageView, LoadEnds, LoadEvents, Navigation, WebPage, ViewPage
+#include "qt/base/Strings.h"
 #include "qt/engine/PageView.h"
 #include "tests/engine/EngineDesk.h"
 
