@@ -126,6 +126,17 @@ class Serving(Folder):
         with self.assertRaisesRegex(SystemExit, "nothing came"):
             wait_for(lambda: False, 0, lambda: "nothing came")
 
+    def test_a_program_is_not_looked_at_as_tests_do(self):
+        script = self.program("tells", f"env >{self.folder}/told\nmv {self.folder}/told {self.folder}/all\n"
+                                       "exec sleep 600\n")
+        with mock.patch.dict(os.environ, {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "KEPT": "1"}):
+            with started(script, "argument", self.folder):
+                wait_for((self.folder / "all").exists, 30, lambda: "it told nothing")
+        told = (self.folder / "all").read_text().splitlines()
+        self.assertIn("KEPT=1", told)
+        self.assertIn(f"TESSAVIEW_HOME={self.folder}", told)
+        self.assertFalse([line for line in told if "ACCESSIBILITY" in line])
+
     def test_a_program_is_ended_with_its_block_and_its_children_are_found(self):
         script = self.program("parent", "sleep 600 &\nwait\n")
         with started(script, "argument", self.folder) as process:

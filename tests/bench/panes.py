@@ -17,7 +17,7 @@ import tempfile
 import time
 
 from measure.processes import Processes, adopt_orphans
-from measure.serving import MadePages, write_group
+from measure.serving import MadePages, usual_environment, write_group
 
 LAYOUTS = {1: "", 2: "h(1 2)", 4: "v(h(1 2) h(3 4))", 6: "v(h(1 2 3) h(4 5 6))"}
 PATIENCE_SECONDS = 120
@@ -66,7 +66,7 @@ def run(command, pages, count, seconds, environment):
     pages.said.clear()
     processes = Processes()
     process = subprocess.Popen(
-        command, env={**os.environ, **environment}, stderr=subprocess.DEVNULL, start_new_session=True
+        command, env={**usual_environment(), **environment}, stderr=subprocess.DEVNULL, start_new_session=True
     )
     processes.session = process.pid
     try:
