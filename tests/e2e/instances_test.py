@@ -97,6 +97,7 @@ class Instances(unittest.TestCase):
             first.wait_strip(["[none]"])
             self.expect("set/second", "Set", "Profile 2")
             with self.start("ask") as second:
+                desk.wait_until(lambda: self.sign(second) == "Profile 2", what=lambda: f"it has {self.sign(second)}")
                 second.wait_strip(["[who=second]"])
                 second.kill()
             self.expect("ask", "who=second", "Profile 2")
