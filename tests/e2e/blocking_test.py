@@ -2,9 +2,7 @@
 """Content blocking as its user meets it: off at first and asked about once; a list by file takes a picture and a box
 away; the status bar counts; off on a site it is all there again; what is pointed at stays hidden."""
 
-import http.server
 import os
-import threading
 import unittest
 
 import desk
@@ -34,47 +32,24 @@ def text_in(path):
         return file.read()
 
 
-class Server:
-    """The page on 127.0.0.1 and its picture on 127.0.0.2; remembers what was asked for."""
+class Server(desk.PageServer):
+    """The page on 127.0.0.1 and its picture on 127.0.0.2."""
 
     def __init__(self):
-        self.asked = []
-        server = self
+        super().__init__(hosts=2, stored=False)
 
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                server.asked.append(self.path)
-                isPicture = self.path.endswith(".gif")
-                body = PICTURE if isPicture else PAGE.format(port=server.port).encode()
-                self.send_response(200)
-                self.send_header("Content-Type", "image/gif" if isPicture else "text/html; charset=utf-8")
-                self.send_header("Content-Length", str(len(body)))
-                self.send_header("Cache-Control", "no-store")
-                self.end_headers()
-                self.wfile.write(body)
-
-            def log_message(self, *words):
-                pass
-
-        self.servers = [http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)]
-        self.port = self.servers[0].server_address[1]
-        self.servers.append(http.server.ThreadingHTTPServer(("127.0.0.2", self.port), Handler))
-        for each in self.servers:
-            threading.Thread(target=each.serve_forever, daemon=True).start()
+    def answer(self, request):
+        if request.path.endswith(".gif"):
+            return request.send(PICTURE, "image/gif")
+        request.send(PAGE.format(port=self.port).encode())
 
     def pictures(self):
-        return sum(path.endswith(".gif") for path in self.asked)
-
-    def close(self):
-        for each in self.servers:
-            each.shutdown()
-            each.server_close()
+        return sum(path.endswith(".gif") for path in self.requested())
 
 
 class Blocking(unittest.TestCase):
     def setUp(self):
-        self.server = Server()
-        self.addCleanup(self.server.close)
+        self.server = self.enterContext(Server())
         self.home = desk.state_folder()
         self.list = os.path.join(self.home, "garden.txt")
         with open(self.list, "w", encoding="utf-8") as file:

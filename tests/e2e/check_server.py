@@ -1,11 +1,12 @@
 """A server whose answers are all that an address of a group can meet."""
 
 import base64
-import http.server
 import random
 import struct
 import threading
 import zlib
+
+import desk
 
 ANSWERS = {
     "/fine": (200, None), "/moved": (301, "/fine"), "/for-now": (302, "/fine"), "/gone": (410, None),
@@ -52,49 +53,36 @@ BODIES = {
 }
 
 
-class Server:
+class Server(desk.PageServer):
     """Use it in a `with`. `cookies` are those that came, though each answer sets one. "/held" says by `held` that it was
     asked for, and answers with `release`; "/printed" says so by `printed`."""
 
-    def __enter__(self):
+    def __init__(self):
         self.cookies = set()
         self.held, self.release, self.printed = threading.Event(), threading.Event(), threading.Event()
-        outer = self
-
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                if "Cookie" in self.headers:
-                    outer.cookies.add(self.headers["Cookie"])
-                if self.path == "/held":
-                    outer.held.set()
-                    outer.release.wait(60)
-                if self.path == "/printed":
-                    outer.printed.set()
-                status, location = ANSWERS.get(self.path.split("?")[0], (404, None))
-                self.send_response(status)
-                self.send_header("Set-Cookie", "seen=1")
-                if location:
-                    self.send_header("Location", location)
-                if self.path in MORE:
-                    self.send_header(*MORE[self.path])
-                path = self.path.split("?")[0]
-                body = noise() if path == "/noise.png" else BODIES.get(path, b"")
-                self.send_header("Content-Type", TYPES.get(path, "text/html; charset=utf-8"))
-                self.send_header("Content-Length", str(len(body)))
-                self.end_headers()
-                self.wfile.write(body)
-
-            def log_message(self, *arguments):
-                pass
-
-        self._server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        threading.Thread(target=self._server.serve_forever, daemon=True).start()
-        return self
+        super().__init__()
 
     def __exit__(self, *error):
         self.release.set()
-        self._server.shutdown()
-        self._server.server_close()
+        super().__exit__(*error)
 
     def address(self, path):
-        return f"http://127.0.0.1:{self._server.server_address[1]}{path}"
+        return super().address(path.removeprefix("/"))
+
+    def answer(self, request):
+        if "Cookie" in request.headers:
+            self.cookies.add(request.headers["Cookie"])
+        if request.path == "/held":
+            self.held.set()
+            self.release.wait(60)
+        if request.path == "/printed":
+            self.printed.set()
+        path = request.path.split("?")[0]
+        status, location = ANSWERS.get(path, (404, None))
+        headers = [("Set-Cookie", "seen=1")]
+        if location:
+            headers.append(("Location", location))
+        if request.path in MORE:
+            headers.append(MORE[request.path])
+        body = noise() if path == "/noise.png" else BODIES.get(path, b"")
+        request.send(body, TYPES.get(path, desk.HTML), status, headers)

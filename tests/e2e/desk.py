@@ -419,6 +419,35 @@ def press_node(node):
     raise AssertionError(f"{role_of(node)} {node.name!r} cannot be pressed, only {names}")
 
 
+HTML = "text/html; charset=utf-8"
+
+
+class PageHandler(http.server.BaseHTTPRequestHandler):
+    """Answers with what the `pages` of its server say. Has no words for the terminal."""
+
+    def do_GET(self):
+        self.server.pages.take(self)
+        self.server.pages.answer(self)
+
+    def send(self, body, kind=HTML, status=200, headers=()):
+        self.send_response(status)
+        for header in (("Content-Type", kind), ("Content-Length", str(len(body))), *headers):
+            self.send_header(*header)
+        if not self.server.pages.stored:
+            self.send_header("Cache-Control", "no-store")
+        self.end_headers()
+        self.wfile.write(body)
+
+    def handle(self):
+        try:
+            super().handle()
+        except OSError:
+            pass  # nobody reads it any more
+
+    def log_message(self, *words):
+        pass
+
+
 class PageServer:
     """Pages on 127.0.0.1, 127.0.0.2 and so on, all at one port, so that each is a host of its own to the engine. The
     address says the title: /Garden is a page with the title "Garden". Nobody may store them when they are to be asked for
@@ -431,13 +460,18 @@ class PageServer:
         self.requests = []  # paths in the order in which they were asked for, the host before them: "127.0.0.1/Garden"
         self._lock = threading.Lock()
         self._servers = []
-        port = 0
+        self.port = 0
         for host in range(1, hosts + 1):
-            server = http.server.ThreadingHTTPServer((f"127.0.0.{host}", port), self._handler())
-            port = server.server_address[1]
-            self._servers.append(server)
-            threading.Thread(target=server.serve_forever, daemon=True).start()
-        self.port = port
+            self.port = self.listen(f"127.0.0.{host}", self.port).server_address[1]
+
+    def listen(self, host, port=0, prepare=lambda server: None):
+        """Serves the pages there as well, once the server is prepared."""
+        server = http.server.ThreadingHTTPServer((host, port), PageHandler)
+        server.pages = self
+        prepare(server)
+        self._servers.append(server)
+        threading.Thread(target=server.serve_forever, daemon=True).start()
+        return server
 
     def __enter__(self):
         return self
@@ -458,32 +492,20 @@ class PageServer:
         with self._lock:
             return list(self.requests)
 
-    def _handler(self):
-        pages = self
+    def take(self, request):
+        """Notes the request, and waits when nothing more is answered."""
+        with self._lock:
+            self.requests.append(request.server.server_address[0] + request.path)
+            waits = self.answers is not None and len(self.requests) > self.answers
+        if waits:
+            self._answers_all.wait()
 
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                host = self.server.server_address[0]
-                with pages._lock:
-                    pages.requests.append(host + self.path)
-                    waits = pages.answers is not None and len(pages.requests) > pages.answers
-                if waits:
-                    pages._answers_all.wait()
-                title = self.path.strip("/")
-                known = title != "favicon.ico"
-                page = f"<!doctype html><title>{title}</title><h1>{title}</h1>".encode() if known else b""
-                self.send_response(200 if known else 404)
-                self.send_header("Content-Type", "text/html; charset=utf-8")
-                self.send_header("Content-Length", str(len(page)))
-                if not pages.stored:
-                    self.send_header("Cache-Control", "no-store")
-                self.end_headers()
-                self.wfile.write(page)
-
-            def log_message(self, *words):
-                pass
-
-        return Handler
+    def answer(self, request):
+        """Sends the page that was asked for."""
+        title = request.path.strip("/")
+        if title == "favicon.ico":
+            return request.send(b"", status=404)
+        request.send(f"<!doctype html><title>{title}</title><h1>{title}</h1>".encode())
 
 
 def write_group(file, addresses):

@@ -1,7 +1,6 @@
 # Tests: HistoryAssembly, OpenPagesPanel, PassageLines, ScreenReader
 """What was read, from outside: three pages are read, one changes and is marked, all are found again and forgotten."""
 
-import http.server
 import itertools
 import os
 import sqlite3
@@ -21,23 +20,11 @@ STORIES = {
 class ChangingPages(desk.PageServer):
     """Pages whose text is that of STORIES, as it is then."""
 
-    def _handler(self):
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                title = self.path.strip("/")
-                words = "".join(f"<p>{each}</p>" for each in STORIES.get(title, []))
-                page = f"<!doctype html><meta charset=utf-8><title>{title}</title><h1>{title}</h1>{words}".encode()
-                self.send_response(200 if words else 404)
-                self.send_header("Content-Type", "text/html; charset=utf-8")
-                self.send_header("Content-Length", str(len(page)))
-                self.send_header("Cache-Control", "no-store")
-                self.end_headers()
-                self.wfile.write(page)
-
-            def log_message(self, *words):
-                pass
-
-        return Handler
+    def answer(self, request):
+        title = request.path.strip("/")
+        words = "".join(f"<p>{each}</p>" for each in STORIES.get(title, []))
+        page = f"<!doctype html><meta charset=utf-8><title>{title}</title><h1>{title}</h1>{words}".encode()
+        request.send(page, status=200 if words else 404)
 
 
 def history_file(home):

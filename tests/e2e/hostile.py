@@ -24,57 +24,41 @@ class Site(desk.PageServer):
     content with a name and password, /endless never ends, /stall never answers and /late.bin only when it is told to.
     Any other address is an honest page."""
 
-    def _handler(self):
-        pages = self
+    def take(self, request):
+        """What comes from pages that mean no good is not noted."""
 
-        class Handler(super()._handler()):
-            def do_GET(self):
-                name = self.path.strip("/").partition("?")[0]
-                file = os.path.join(SITE, name + ".html")
-                if name == "login":
-                    pages.logins += 1
-                    self.answer(401, b"<title>No</title>", ("WWW-Authenticate", 'Basic realm="Never"'))
-                elif name == "storm.bin":
-                    self.answer(200, b"storm", ("Content-Disposition", "attachment"))
-                elif name == "endless":
-                    self.never_end()
-                elif name == "granted":
-                    pages.granted.append(self.path)
-                    self.answer(200, b"")
-                elif name == "stall":
-                    pages.closed.wait()
-                elif name == "late.bin":
-                    pages.waiting += 1
-                    pages.late.wait()
-                    self.answer(200, b"late", ("Content-Disposition", "attachment"))
-                elif name and os.path.exists(file):
-                    with open(file, "rb") as page:
-                        self.answer(200, page.read())
-                else:
-                    super().do_GET()
+    def answer(self, request):
+        name = request.path.strip("/").partition("?")[0]
+        file = os.path.join(SITE, name + ".html")
+        if name == "login":
+            self.logins += 1
+            request.send(b"<title>No</title>", status=401, headers=[("WWW-Authenticate", 'Basic realm="Never"')])
+        elif name == "storm.bin":
+            request.send(b"storm", headers=[("Content-Disposition", "attachment")])
+        elif name == "endless":
+            self.never_end(request)
+        elif name == "granted":
+            self.granted.append(request.path)
+            request.send(b"")
+        elif name == "stall":
+            self.closed.wait()
+        elif name == "late.bin":
+            self.waiting += 1
+            self.late.wait()
+            request.send(b"late", headers=[("Content-Disposition", "attachment")])
+        elif name and os.path.exists(file):
+            with open(file, "rb") as page:
+                request.send(page.read())
+        else:
+            super().answer(request)
 
-            def answer(self, code, body, *headers):
-                self.send_response(code)
-                for header in (("Content-Type", "text/html; charset=utf-8"), ("Content-Length", str(len(body))), *headers):
-                    self.send_header(*header)
-                self.end_headers()
-                self.wfile.write(body)
-
-            def never_end(self):
-                self.send_response(200)
-                self.send_header("Content-Type", "text/html; charset=utf-8")
-                self.end_headers()
-                self.wfile.write(b"<!doctype html><title>Endless</title>")
-                while not pages.closed.wait(0.1):
-                    self.wfile.write(b"<p>and on it goes" + b" and on" * 100)
-
-            def handle(self):
-                try:
-                    super().handle()
-                except OSError:
-                    pass  # nobody reads it any more
-
-        return Handler
+    def never_end(self, request):
+        request.send_response(200)
+        request.send_header("Content-Type", desk.HTML)
+        request.end_headers()
+        request.wfile.write(b"<!doctype html><title>Endless</title>")
+        while not self.closed.wait(0.1):
+            request.wfile.write(b"<p>and on it goes" + b" and on" * 100)
 
     def __init__(self):
         self.closed = threading.Event()

@@ -1,9 +1,7 @@
 """Several instances of the program at once: each keeps its cookies in a profile of its own, and finds them again."""
 
-import http.server
 import os
 import signal
-import threading
 import unittest
 
 import desk
@@ -11,37 +9,14 @@ import desk
 PROGRAM = desk.program_file()
 
 
-class CookieServer:
-    """Pages that set a cookie, /set/NAME, and that have the cookies that came as their title, /ask. Use it in a `with`."""
+class CookieServer(desk.PageServer):
+    """Pages that set a cookie, /set/NAME, and that have the cookies that came as their title, /ask."""
 
-    def __enter__(self):
-        self._server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Cookies)
-        threading.Thread(target=self._server.serve_forever, daemon=True).start()
-        return self
-
-    def __exit__(self, *error):
-        self._server.shutdown()
-        self._server.server_close()
-
-    def address(self, path):
-        return f"http://127.0.0.1:{self._server.server_address[1]}/{path}"
-
-
-class Cookies(http.server.BaseHTTPRequestHandler):
-    def do_GET(self):
-        _, what, *name = self.path.split("/")
-        title = "Set" if what == "set" else self.headers.get("Cookie", "none")
-        page = f"<!doctype html><title>{title}</title><h1>{title}</h1>".encode()
-        self.send_response(200)
-        self.send_header("Content-Type", "text/html; charset=utf-8")
-        self.send_header("Content-Length", str(len(page)))
-        if what == "set":
-            self.send_header("Set-Cookie", f"who={name[0]}; Max-Age=9999; Path=/")
-        self.end_headers()
-        self.wfile.write(page)
-
-    def log_message(self, *words):
-        pass
+    def answer(self, request):
+        _, what, *name = request.path.split("/")
+        title = "Set" if what == "set" else request.headers.get("Cookie", "none")
+        cookie = [("Set-Cookie", f"who={name[0]}; Max-Age=9999; Path=/")] if what == "set" else []
+        request.send(f"<!doctype html><title>{title}</title><h1>{title}</h1>".encode(), headers=cookie)
 
 
 def end(program):

@@ -1,10 +1,8 @@
 """Mails reach the desktop's mail program whole, whatever they contain: as one word, seen by no shell, no option of it."""
 
-import http.server
 import json
 import os
 import stat
-import threading
 import unittest
 import urllib.parse
 
@@ -25,37 +23,20 @@ HOSTILE = [
 ]
 
 
-class Pages:
-    """One page under a title of its own. It is all one link, which after every click leads to the next address."""
+class Links(desk.PageServer):
+    """One page, which is all one link. After every click that leads to the next address."""
 
-    def __init__(self, title, links):
-        html = (
-            f"<!doctype html><meta charset=utf-8><title>{title}</title>"
+    def __init__(self, links):
+        super().__init__()
+        self._page = (
+            "<!doctype html><meta charset=utf-8><title>Links</title>"
             "<a id=a style='position: fixed; inset: 0; background: #def'>link</a>"
             f"<script>const links = {json.dumps(links)}; const next = () => a.href = links.shift() || '#';"
             "next(); a.onclick = () => setTimeout(next)</script>"
-        )
+        ).encode()
 
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                self.send_response(200)
-                self.send_header("Content-Type", "text/html; charset=utf-8")
-                self.end_headers()
-                self.wfile.write(html.encode())
-
-            def log_message(self, *words):
-                pass
-
-        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        self.address = f"http://127.0.0.1:{self.server.server_address[1]}/page"
-
-    def __enter__(self):
-        threading.Thread(target=self.server.serve_forever, daemon=True).start()
-        return self
-
-    def __exit__(self, *error):
-        self.server.shutdown()
-        self.server.server_close()
+    def answer(self, request):
+        request.send(self._page)
 
 
 def middle(program):
@@ -112,8 +93,8 @@ class Mail(unittest.TestCase):
         return lines[-1][1:-1]
 
     def test_hostile_links_arrive_as_one_address_that_is_a_mail(self):
-        with Pages("Links", HOSTILE) as pages:
-            with desk.Program(PROGRAM, pages.address, home=self.home) as program:
+        with Links(HOSTILE) as pages:
+            with desk.Program(PROGRAM, pages.address("Links"), home=self.home) as program:
                 program.wait_strip(["[Links]"])
                 middle(program)
                 for at, link in enumerate(HOSTILE):
@@ -132,8 +113,8 @@ class Mail(unittest.TestCase):
             self.name_mail_program(entry)
             with open(os.path.join(self.entries, "tessaview.desktop"), "w") as file:
                 file.write(f"[Desktop Entry]\nType=Application\nName=TessaView\nExec={PROGRAM} %u\n")
-            with Pages("Links", ["mailto:a@b.example"] * 20) as pages:
-                with desk.Program(PROGRAM, pages.address, home=self.home) as program:
+            with Links(["mailto:a@b.example"] * 20) as pages:
+                with desk.Program(PROGRAM, pages.address("Links"), home=self.home) as program:
                     program.wait_strip(["[Links]"])
                     middle(program)
                     program.focus()

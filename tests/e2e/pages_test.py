@@ -2,12 +2,10 @@
 """What pages ask of their user, from outside: a login, a refused certificate, the whole screen."""
 
 import base64
-import http.server
 import os
 import ssl
 import subprocess
 import tempfile
-import threading
 import unittest
 
 import desk
@@ -19,33 +17,16 @@ RIGHT = "Basic " + base64.b64encode(b"anna:rosebud").decode()
 class Guarded(desk.PageServer):
     """/Vault wants a name and a password; any other address is a page with a button that fills the screen."""
 
-    def _handler(self):
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                title = self.path.strip("/")
-                if title == "Vault" and self.headers.get("Authorization") != RIGHT:
-                    return self.answer(401, "Keep out", ("WWW-Authenticate", 'Basic realm="the vault"'))
-                self.answer(200, title)
+    def answer(self, request):
+        title = request.path.strip("/")
+        if title == "Vault" and request.headers.get("Authorization") != RIGHT:
+            return self.say(request, "Keep out", status=401, headers=[("WWW-Authenticate", 'Basic realm="the vault"')])
+        self.say(request, title)
 
-            def answer(self, code, title, *headers):
-                page = f"<!doctype html><title>{title}</title><h1>{title}</h1>".encode()
-                page += b"<button style='position: fixed; inset: 0' onclick='document.body.requestFullscreen()'>Fill</button>"
-                self.send_response(code)
-                for header in (("Content-Type", "text/html"), ("Content-Length", str(len(page))), *headers):
-                    self.send_header(*header)
-                self.end_headers()
-                self.wfile.write(page)
-
-            def handle(self):
-                try:
-                    super().handle()
-                except OSError:
-                    pass  # it does not trust the certificate
-
-            def log_message(self, *words):
-                pass
-
-        return Handler
+    def say(self, request, title, **more):
+        page = f"<!doctype html><title>{title}</title><h1>{title}</h1>"
+        page += "<button style='position: fixed; inset: 0' onclick='document.body.requestFullscreen()'>Fill</button>"
+        request.send(page.encode(), **more)
 
 
 def self_signed(server):
@@ -100,12 +81,7 @@ class Pages(unittest.TestCase):
             program.wait_strip(["[Keep out]"])
 
     def test_a_refused_certificate_is_explained_and_can_be_gone_on_with(self):
-        server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), self.pages._handler())
-        server.daemon_threads = True
-        self_signed(server)
-        threading.Thread(target=server.serve_forever, daemon=True).start()
-        self.addCleanup(server.server_close)
-        self.addCleanup(server.shutdown)
+        server = self.pages.listen("127.0.0.1", prepare=self_signed)
         with self.start(f"https://127.0.0.1:{server.server_address[1]}/Secret") as program:
             desk.wait_until(
                 lambda: desk.is_focused(program.find("push button", "Back")), what="the safe answer does not have the keyboard"

@@ -1,8 +1,5 @@
 """Pages that want to be printed: the dialog comes when a person has clicked, in the real window."""
 
-import http.server
-import os
-import threading
 import unittest
 
 import desk
@@ -21,16 +18,12 @@ SCRIPTS = {
 }
 
 
-class Handler(http.server.BaseHTTPRequestHandler):
-    def do_GET(self):
-        name = self.path.strip("/")
-        self.send_response(200)
-        self.send_header("Content-Type", "text/html; charset=utf-8")
-        self.end_headers()
-        self.wfile.write(f"<!doctype html><title>{name}</title>{SCRIPTS.get(name, '')}".encode())
+class Pages(desk.PageServer):
+    """Pages with the script of their name."""
 
-    def log_message(self, *words):
-        pass
+    def answer(self, request):
+        name = request.path.strip("/")
+        request.send(f"<!doctype html><title>{name}</title>{SCRIPTS.get(name, '')}".encode())
 
 
 def wait_window(title):
@@ -48,17 +41,10 @@ def click_page(program):
 class PrintRequest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        threading.Thread(target=cls.server.serve_forever, daemon=True).start()
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.server.shutdown()
-        cls.server.server_close()
+        cls.pages = cls.enterClassContext(Pages())
 
     def check(self, name):
-        address = f"http://127.0.0.1:{self.server.server_address[1]}/{name}"
-        with desk.Program(PROGRAM, address, home=desk.state_folder()) as program:
+        with desk.Program(PROGRAM, self.pages.address(name), home=desk.state_folder()) as program:
             program.wait_strip([f"[{name}]"])
             click_page(program)
             wait_window("Print")

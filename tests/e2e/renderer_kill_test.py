@@ -19,22 +19,8 @@ fetch('/Ready');</script>"""
 class Pages(desk.PageServer):
     """The page /Heavy holds so much memory that its process is the largest."""
 
-    def _handler(self):
-        pages = self
-
-        class Handler(super()._handler()):
-            def do_GET(self):
-                if self.path not in ("/Heavy", "/Ready"):
-                    return super().do_GET()
-                with pages._lock:
-                    pages.requests.append(self.server.server_address[0] + self.path)
-                self.send_response(200)
-                self.send_header("Content-Type", "text/html")
-                self.send_header("Content-Length", str(len(HEAVY)))
-                self.end_headers()
-                self.wfile.write(HEAVY)
-
-        return Handler
+    def answer(self, request):
+        request.send(HEAVY) if request.path in ("/Heavy", "/Ready") else super().answer(request)
 
 
 def renderers(program):

@@ -1,10 +1,8 @@
 # Tests: StripAssembly
 """The tab strip under a real pointer: the popup on a background tab, tabs that are dragged, what another program drops."""
 
-import http.server
 import os
 import subprocess
-import threading
 import unittest
 
 import desk
@@ -57,36 +55,6 @@ class Source:
         )
 
 
-class Stalling:
-    """A server that never answers, and counts how often it was asked."""
-
-    def __enter__(self):
-        let_go = self.let_go = threading.Event()
-        asked = self.asked = []
-
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                asked.append(self.path)
-                let_go.wait()
-
-            def log_message(self, *words):
-                pass
-
-        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        self.server.daemon_threads = True
-        threading.Thread(target=self.server.serve_forever, daemon=True).start()
-        self.address = f"http://127.0.0.1:{self.server.server_address[1]}/page"
-        return self
-
-    def count(self):
-        return len([path for path in self.asked if path == "/page"])
-
-    def __exit__(self, *error):
-        self.let_go.set()
-        self.server.shutdown()
-        self.server.server_close()
-
-
 class Strip(unittest.TestCase):
     def setUp(self):
         self.home = desk.state_folder()
@@ -114,11 +82,12 @@ class Strip(unittest.TestCase):
         desk.wait_until(lambda: not self.windows(program) - before, what=f"the popup is still there after {keys}")
 
     def test_popup_works_on_the_tab_under_the_pointer_and_selects_nothing(self):
-        with desk.PageServer() as pages, Stalling() as slow:
+        with desk.PageServer() as pages, desk.PageServer(answers=0) as slow:
+            asked = lambda: slow.requested().count("127.0.0.1/Slow")
             with desk.Program(PROGRAM, pages.address("One"), home=self.home) as program:
                 program.wait_strip(["[One]"])
-                self.drop(program, "link", slow.address, 0)
-                desk.wait_until(lambda: len(program.strip()) == 2 and slow.count() == 1)
+                self.drop(program, "link", slow.address("Slow"), 0)
+                desk.wait_until(lambda: len(program.strip()) == 2 and asked() == 1)
                 program.keys("ctrl+t")
                 desk.wait_until(lambda: len(program.strip()) == 3)
                 strip = program.strip()
@@ -129,9 +98,9 @@ class Strip(unittest.TestCase):
                 desk.wait_until(lambda: len(pages.requested()) > count, what=lambda: str(pages.requested()))
                 # For a busy page it is the other way round; once stopped, it can be refreshed.
                 self.popup(program, 1, "r", "s")
-                self.assertEqual(slow.count(), 1)
+                self.assertEqual(asked(), 1)
                 self.popup(program, 1, "r")
-                desk.wait_until(lambda: slow.count() == 2, what="the stopped page was not asked for again")
+                desk.wait_until(lambda: asked() == 2, what="the stopped page was not asked for again")
                 self.assertEqual([each.startswith("[") for each in program.strip()], [False, False, True])
                 self.popup(program, 0, "c")
                 desk.wait_until(lambda: len(program.strip()) == 2, what=lambda: str(program.strip()))
