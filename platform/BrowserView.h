@@ -113,7 +113,7 @@ public:
     /// Asks the user over the page, which is in front. Once he leaves, the page holds him no more. `answered` hears it
     /// once, unless the view goes.
     virtual void AskUserToLeave(std::function<void(bool leaves)> answered) = 0;
-    /// Takes that question away: he stays.
+    /// Takes both questions away: he stays. A page that has let go by then still tells that.
     virtual void LetUserStay() = 0;
 
     /// Where the page has been, as bytes that only `Restore` of a view understands; empty when there is nothing.

@@ -5,7 +5,8 @@
 
 namespace tessa {
 
-/// What has the keyboard while a key goes down. A tool is one of the command bar, the menu bar or the status bar.
+/// What has the keyboard while a key goes down. A tool is one of the command bar, the menu bar or the status bar, or
+/// the dividers between panes.
 enum class KeyboardOn { Tool, Other };
 
 /// Keys as the main window receives them, before its controls. Owned by the main window.

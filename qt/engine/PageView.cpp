@@ -168,7 +168,10 @@ PageProgress PageView::Progress() const {
     return stage.Waits() && !m_navigation.StaysBlank() ? PageProgress::PutOff : PageProgress::Done;
 }
 
-bool PageView::MayHold() const { return m_page && !CrashPage() && m_page->Leaving().MayHold(); }
+// A page that waits for an answer cannot give one.
+bool PageView::MayHold() const {
+    return m_page && !CrashPage() && !Questions()->dialogs.HasQuestion() && m_page->Leaving().MayHold();
+}
 
 void PageView::AskToLeave(LeaveReason why, std::function<void(bool holds)> told) {
     if (!m_page) return told(false);
@@ -186,7 +189,9 @@ void PageView::AskUserToLeave(std::function<void(bool leaves)> answered) {
 }
 
 void PageView::LetUserStay() {
-    if (m_page) Questions()->dialogs.LetUserStay();
+    if (!m_page) return;
+    m_page->Leaving().LetStay();
+    Questions()->dialogs.LetUserStay();
 }
 
 void PageView::SetMuted(bool muted) {
@@ -307,12 +312,19 @@ void PageView::FollowWindow() {
     });
     connect(page, &QWebEnginePage::fullScreenRequested, this,
             [this](QWebEngineFullScreenRequest request) { m_surface.OnFullScreen(std::move(request)); });
-    // Queued: closing may ask the user, and the page waits for its own answer meanwhile.
-    connect(page, &QWebEnginePage::windowCloseRequested, this, &PageView::OnWindowClose, Qt::QueuedConnection);
+    connect(page, &QWebEnginePage::windowCloseRequested, this, &PageView::OnWindowClose);
 }
 
+// Which document closes is known only now. The rest is queued: it may ask the user, and the page waits for its own
+// answer meanwhile.
 void PageView::OnWindowClose() {
-    if (m_page && !m_page->Leaving().TakeClose()) m_self.events.WindowClosing(m_self.index);
+    if (!m_page || m_page->Leaving().TakeClose()) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (m_page) m_self.events.WindowClosing(m_self.index);
+        },
+        Qt::QueuedConnection);
 }
 
 void PageView::FollowQuestions() {

@@ -83,6 +83,8 @@ Outcome WebPageLife::EndProcess() {
 }
 
 void WebPageLife::OnIcon() {
+    // Of a page of which it tells nothing more, it says with every load that there is none.
+    if (m_untold && m_page.icon().isNull()) return;
     m_icon = m_page.icon();
     m_iconHost = m_page.url().host();
     IconChanged();

@@ -9,12 +9,13 @@ class frmMain;
 namespace tessa::qt {
 
 class BarAssembly;
+class TileArea;
 
 /// Who sees a key first, and where it leads.
 class KeyboardAssembly final : private KeyTaker {
 public:
     /// All outlive it.
-    KeyboardAssembly(frmMain& main, QWidget& window, BarAssembly& bar);
+    KeyboardAssembly(frmMain& main, QWidget& window, BarAssembly& bar, const TileArea& tiles);
 
 private:
     KeyUsed KeyDown(KeyStroke key) override;
@@ -23,6 +24,7 @@ private:
 
     frmMain& m_main;
     BarAssembly& m_bar;
+    const TileArea& m_tiles;
     KeyFilter m_keys;
     Typing m_typing;
 };

@@ -82,7 +82,7 @@ struct RunningProgram::Parts {
     WindowAssembly frame{main, window, strip.strip};
     TabPanelAssembly tabPanel{main, engine.engine, window, tiles.area};
     BarAssembly bar{main, window, {strip.strip, frame.statusBar, bars, engine.engine}};
-    KeyboardAssembly keyboard{main, window, bar};
+    KeyboardAssembly keyboard{main, window, bar, tiles.area};
     TaskViewPresenter taskView{main.TaskView(), window};
     ScriptedWindow scripted{main, window};
     ScriptBus scripts{scripted, engine.engine, history.store, accepted};

@@ -35,10 +35,10 @@ constexpr auto kHoldProbe = R"((() => {
 Leaving::Leaving(WebPage& page) : QObject(&page), m_page(page) {
     m_patience.setSingleShot(true);
     m_patience.setInterval(kLeavePatience);
-    m_patience.callOnTimeout(this, [this] { Tell(false); });
+    m_patience.callOnTimeout(this, [this] { GiveUp(); });
     m_connections += page.HoldWanted.Connect([this](std::optional<bool>& leaves) { leaves = OnHold(); });
     connect(&page, &WebPage::DocumentBegan, this, [this] { m_left = false; });
-    connect(&page, &QWebEnginePage::renderProcessTerminated, this, [this] { Tell(false); });
+    connect(&page, &QWebEnginePage::renderProcessTerminated, this, [this] { GiveUp(); });
 }
 
 bool Leaving::MayHold() const {
@@ -48,41 +48,66 @@ bool Leaving::MayHold() const {
 }
 
 void Leaving::Ask(LeaveReason why, std::function<void(bool holds)> told) {
-    m_told.push_back(std::move(told));
+    (why == LeaveReason::ToClose ? m_closers : m_seekers).push_back(std::move(told));
     m_patience.start();
-    if (why == LeaveReason::ToClose) {
-        m_closing = true;
-        return m_page.triggerAction(QWebEnginePage::RequestClose);
-    }
+    if (why == LeaveReason::ToClose) return RequestClose();
     const int question = ++m_question;
     m_page.LookAtInput();
     m_page.runJavaScript(QString::fromLatin1(kHoldProbe), QWebEngineScript::MainWorld,
                          [self = QPointer<Leaving>(this), question](const QVariant& holds) {
                              if (!self || question != self->m_question) return;
-                             self->Tell(holds.toBool() || self->m_page.HoldsText());
+                             self->Tell(self->m_seekers, holds.toBool() || self->m_page.HoldsText());
                          });
 }
 
+// The engine gives a page half a second to hold its user. So one that is busy is asked as soon as it listens again.
+void Leaving::RequestClose() {
+    m_page.runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,
+                         [self = QPointer<Leaving>(this), question = ++m_closeQuestion](const QVariant&) {
+                             if (!self || question != self->m_closeQuestion || self->m_closers.empty()) return;
+                             self->m_requested = true;
+                             self->m_page.triggerAction(QWebEnginePage::RequestClose);
+                         });
+}
+
+void Leaving::LetStay() {
+    if (m_requested) return;
+    m_closers.clear();
+    if (m_seekers.empty()) m_patience.stop();
+}
+
 // Queued: the engine is in the middle of asking, and who hears the answer may ask the user.
-void Leaving::Tell(bool holds) {
-    m_patience.stop();
-    m_closing = false;
-    ++m_question;
-    for (auto& told : std::exchange(m_told, {}))
+void Leaving::Tell(Askers& askers, bool holds) {
+    for (auto& told : std::exchange(askers, {}))
         QMetaObject::invokeMethod(
             this, [told = std::move(told), holds] { told(holds); }, Qt::QueuedConnection);
+    if (m_closers.empty() && m_seekers.empty()) m_patience.stop();
+}
+
+void Leaving::GiveUp() {
+    ++m_question;
+    Tell(m_seekers, false);
+    if (!m_closers.empty()) LetGo();
+}
+
+void Leaving::LetGo() {
+    m_left = true;
+    m_requested = false;
+    Tell(m_closers, false);
 }
 
 std::optional<bool> Leaving::OnHold() {
     if (m_left) return true;
-    if (!m_closing) return std::nullopt;
-    Tell(true);
+    if (m_closers.empty()) return std::nullopt;
+    m_requested = false;
+    Tell(m_closers, true);
     return false;
 }
 
+// The engine closes a page that hangs by itself, and once more when the page comes to it.
 bool Leaving::TakeClose() {
-    if (!m_closing) return false;
-    Tell(false);
+    if (m_closers.empty()) return m_left;
+    LetGo();
     return true;
 }
 

@@ -27,19 +27,29 @@ public:
     void Ask(LeaveReason why, std::function<void(bool holds)> told);
     /// The user leaves the document shown, whatever it wants.
     void Leave() { m_left = true; }
-    /// The engine closes the page: whether that is the answer to a question of ours.
+    /// He stays after all: nobody waits for the page's answer, unless it has been asked for good already.
+    void LetStay();
+    /// The engine closes the page: whether that is the answer to a question of ours, perhaps one that came too late.
+    /// A page that has let go closes nothing any more.
     [[nodiscard]] bool TakeClose();
 
 private:
-    void Tell(bool holds);
+    using Askers = std::vector<std::function<void(bool holds)>>;
+
+    void RequestClose();
+    void Tell(Askers& askers, bool holds);
+    void GiveUp();
+    void LetGo();
     [[nodiscard]] std::optional<bool> OnHold();
 
     WebPage& m_page;
-    std::vector<std::function<void(bool holds)>> m_told; ///< all who wait for the answer
+    Askers m_closers; ///< who have asked it for good, and wait for its answer
+    Askers m_seekers; ///< who want to know
     QTimer m_patience;
-    int m_question = 0;     ///< counts them, for answers that come too late
-    bool m_closing = false; ///< one of those who wait asked it for good
-    bool m_left = false;
+    int m_question = 0;       ///< counts those that only want to know, for answers that come too late
+    int m_closeQuestion = 0;  ///< counts those for good
+    bool m_requested = false; ///< the page is being asked for good
+    bool m_left = false;      ///< the document shown has let go, or its user has left it
     Connections m_connections;
 };
 

@@ -70,6 +70,10 @@ void PageDialogCovers::LetUserStay() {
     answer({});
 }
 
+bool PageDialogCovers::HasQuestion() const {
+    return !m_asked.empty() && m_asked.front().request.kind != PageDialogKind::Leave;
+}
+
 void PageDialogCovers::OnJob(QWebEngineUrlRequestJob& job) {
     // A frame from elsewhere would speak over the page and in its name. What is in a sandbox may not speak at all.
     if (!m_page.IsOwnOrigin(job.initiator())) return DialogScheme::Reply(job, {});

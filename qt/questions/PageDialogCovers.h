@@ -29,6 +29,8 @@ public:
     void AskToLeave(std::function<void(bool leaves)> answered);
     /// Takes that question away, and answers it so.
     void LetUserStay();
+    /// Whether the page waits for the user's answer to a question of its own.
+    [[nodiscard]] bool HasQuestion() const;
 
 private:
     using Answer = std::function<void(const PageDialogAnswer&)>;

@@ -137,6 +137,29 @@ class Tiles(unittest.TestCase):
             self.wait_panes(program, *[[title] for title in TITLES])
             self.wait_drawn(program, *TITLES)
 
+    def test_escape_leaves_the_dividers_and_the_tabs_that_are_chosen(self):
+        with desk.Program(PROGRAM, self.group(), home=self.home) as program:
+            program.wait_strip(["about:blank", "Garden", "Pond", "Meadow", "[Wood]"])
+            program.focus()
+            said = lambda: [tab.name for tab in program.tabs() if tab.description == "Selected with others"]
+            desk.xdotool("keydown", "shift")
+            desk.click(program.tabs()[1])
+            desk.xdotool("keyup", "shift")
+            desk.wait_until(lambda: said() == TITLES, what=lambda: str(said()))
+            self.tile(program, "g")
+            self.wait_panes(program, TITLES[:2], TITLES[2:])
+            width = lambda: self.panes(program)["Meadow"][2]
+            equal = width()
+            self.tile(program, "v")
+            desk.xdotool("key", "Right")
+            desk.wait_until(lambda: width() > equal, what="the divider stays")
+            desk.xdotool("key", "Escape")
+            moved = width()
+            self.tile(program, "v")
+            desk.xdotool("key", "Right")
+            desk.wait_until(lambda: width() > moved, what="the divider stays")
+            self.assertEqual(said(), TITLES)
+
     def test_a_tab_is_dragged_to_an_edge_and_a_click_gives_a_pane_the_focus(self):
         with desk.Program(PROGRAM, self.group(), home=self.home) as program:
             program.wait_strip(["about:blank", "Garden", "Pond", "Meadow", "[Wood]"])

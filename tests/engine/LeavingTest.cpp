@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QWebEngineView>
+#include <chrono>
 
 namespace tessa::qt {
 
@@ -202,6 +204,111 @@ TEST_F(LeavingPages, WhoTakesTheClosingBackIsAskedNoMore) {
     desk.main->CloseBrowserTab(3);
     Answer(QStringLiteral("Leave"));
     EXPECT_TRUE(WaitUntil([&] { return Paths() == "blank/other"; })) << "it is asked as ever";
+}
+
+TEST_F(LeavingPages, ABusyPageIsAskedAsSoonAsItListens) {
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    Front().Page()->runJavaScript(QStringLiteral("for (const end = Date.now() + 1000; Date.now() < end;) ;"));
+    desk.main->CloseBrowserTab(2);
+    Answer(QStringLiteral("Stay"));
+    EXPECT_TRUE(WaitUntil([&] { return !desk.main->Tabs().Leaving.Asks(2); }));
+    EXPECT_EQ(Tabs(), 2U);
+    EXPECT_EQ(Script(QStringLiteral("document.title")), u"Holds") << "it has not taken its leave";
+}
+
+TEST_F(LeavingPages, WhoTakesTheClosingBackKeepsABusyPageAsItIs) {
+    desk.main->GetNewBrowser(InFront::Yes);
+    Show(QStringLiteral("/other"), u"Other");
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    Front().Page()->runJavaScript(QStringLiteral("for (const end = Date.now() + 1000; Date.now() < end;) ;"));
+    CloseTogether({2, 3});
+    Click(u"xtrReopenTab");
+    Settle(desk.engine, Front().Page());
+    EXPECT_EQ(Script(QStringLiteral("document.title")), u"Holds") << "it was not asked";
+    EXPECT_EQ(Paths(), "blank/other/holds");
+    EXPECT_TRUE(Front().MayHold());
+    EXPECT_EQ(Question(), nullptr);
+}
+
+TEST_F(LeavingPages, APageThatAsksItsUserIsNotAskedItself) {
+    ShowAndClick(QStringLiteral("/holds"), u"Holds");
+    Front().Page()->runJavaScript(QStringLiteral("confirm('Really?')"));
+    ASSERT_TRUE(WaitUntil([&] { return Question() != nullptr; }));
+    desk.main->CloseBrowserTab(2);
+    EXPECT_EQ(Tabs(), 1U);
+}
+
+/// The same user, whose pages take their leave so slowly that the engine closes them before, and once more then.
+class SlowLeaving : public LeavingPages {
+protected:
+    SlowLeaving() {
+        const QByteArray slow = "navigator.sendBeacon('/leaving');"
+                                "for (const end = Date.now() + 1500; Date.now() < end;) ;";
+        server.Page(QStringLiteral("/slow"),
+                    "<title>Slow</title><p>words<script>onbeforeunload = e => {" + slow + "};</script>");
+        server.Page(QStringLiteral("/slow-holds"), "<title>Slow</title><p>words<script>onbeforeunload = e => {" + slow +
+                                                       "e.preventDefault(); return 'no'; };</script>");
+        server.Page(QStringLiteral("/leaving"), "");
+    }
+
+    void ShowSlow(const QString& path) {
+        ShowAndClick(path, u"Slow");
+        QObject::connect(Front().Page(), &WebPage::DocumentBegan, &m_follower, [this] { ++m_documents; });
+    }
+    bool WaitUntilLeaving() {
+        return WaitUntil([&] { return server.requests.contains(QStringLiteral("/leaving")); });
+    }
+    /// The tab of the page is to show another document, or that one anew. Of that nobody may be asked.
+    void GoOn(const std::string& paths, TextView title) {
+        const std::size_t tabs = Tabs();
+        // Nothing else comes to its turn while the engine asks.
+        QTimer asked;
+        asked.callOnTimeout([this] {
+            if (!Question()) return;
+            ADD_FAILURE() << "somebody was asked";
+            Answer(QStringLiteral("Leave"));
+        });
+        asked.start(std::chrono::milliseconds(1));
+        ASSERT_TRUE(WaitUntil([&] { return m_documents > 0 || Tabs() != tabs || !desk.messages.asked.empty(); }));
+        ASSERT_EQ(Tabs(), tabs);
+        ASSERT_TRUE(WaitTitle(title)) << ToUtf8(Front().LocationName());
+        Settle(desk.engine, Front().Page());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Paths(), paths);
+        EXPECT_TRUE(desk.messages.asked.empty());
+    }
+
+private:
+    int m_documents = 0; ///< new ones in the tab of the page
+    QObject m_follower;
+};
+
+TEST_F(SlowLeaving, WhoTakesTheClosingBackKeepsThePage) {
+    desk.main->GetNewBrowser(InFront::Yes);
+    Show(QStringLiteral("/other"), u"Other");
+    ShowSlow(QStringLiteral("/slow"));
+    CloseTogether({2, 3});
+    ASSERT_TRUE(WaitUntilLeaving());
+    Click(u"xtrReopenTab");
+    GoOn("blank/other/slow", u"Slow");
+}
+
+TEST_F(SlowLeaving, OneThatWouldHoldItsUserIsLoadedAgainWithoutAQuestion) {
+    desk.main->GetNewBrowser(InFront::Yes);
+    Show(QStringLiteral("/other"), u"Other");
+    ShowSlow(QStringLiteral("/slow-holds"));
+    CloseTogether({2, 3});
+    ASSERT_TRUE(WaitUntilLeaving());
+    Click(u"xtrReopenTab");
+    GoOn("blank/other/slow-holds", u"Slow");
+}
+
+TEST_F(SlowLeaving, TheTabThatIsLeftStays) {
+    ShowSlow(QStringLiteral("/slow"));
+    desk.main->CloseBrowserTab(1);
+    desk.main->actBar.UserClick(*desk.main->actBar.Find(u"mnuCloseAll"));
+    ASSERT_TRUE(WaitUntilLeaving());
+    GoOn("blank", u"about:blank");
 }
 
 /// The same user, who types into forms that ask for nothing themselves.

@@ -79,6 +79,31 @@ TEST_F(TabHistoryTest, AMutedViewStaysMutedWhenItsPageIsMade) {
     EXPECT_TRUE(second.Real().Page()->isAudioMuted()) << "sounds are switched off for all";
 }
 
+TEST(TabHistory, ARestoredPageKeepsItsIconWhenItIsLoadedAgain) {
+    LocalServer server;
+    server.Page(QStringLiteral("/icon"), "<title>icon</title><link rel=icon href=/red.svg>");
+    server.Raw(QStringLiteral("/red.svg"), "HTTP/1.1 200 OK\r\nContent-Type: image/svg+xml\r\nConnection: close\r\n\r\n"
+                                           "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16'>"
+                                           "<rect width='16' height='16' fill='red'/></svg>");
+    // Only a profile on disk knows the icons of pages that were shown before.
+    ProfileFolder folder;
+    EngineView tab(folder.dir.path());
+    tab.Load(server.Address(QStringLiteral("/icon")));
+    ASSERT_TRUE(WaitUntil([&] { return !tab.engine.Icon(1).isNull(); }));
+    const std::string bytes = tab.view->History();
+    const Text address = tab.view->LocationURL();
+    tab.Replace(Privacy::Ordinary);
+    ResumeNext(tab.view->Restore(bytes, address));
+    for (int loads = 2; loads < 5; ++loads) {
+        SCOPED_TRACE(loads);
+        ASSERT_TRUE(WaitUntil([&] { return server.requests.count(QStringLiteral("/icon")) == loads; }));
+        ASSERT_TRUE(WaitUntil([&] { return tab.view->LocationName() == u"icon" && !tab.view->Busy(); }));
+        Settle(tab.engine, tab.Real().Page());
+        ASSERT_TRUE(WaitUntil([&] { return !tab.engine.Icon(1).isNull(); }));
+        ResumeNext(tab.view->Refresh());
+    }
+}
+
 } // namespace
 
 } // namespace tessa::qt
