@@ -255,6 +255,20 @@ TEST_F(PageMenuTest, OfASelectionMakesATessaGroupOfItsLinks) {
     EXPECT_EQ(desk.Said(), "No link to a page is selected.");
 }
 
+TEST_F(PageMenuTest, OfAPrivateSelectionAsksBeforeItsLinksAreKept) {
+    const TemporaryFolder folder;
+    desk.Click(u"xtrPrivateTab");
+    desk.views.At(2).selectedLinks = {u"https://b.example/"};
+    desk.views.At(2).events.ContextMenu(2, Selection(u"x"));
+    desk.files.chosen = folder.PathText("links.tvg");
+    desk.Click(u"xtrSaveSelectedLinks");
+    EXPECT_EQ(folder.Files(), 0U);
+    EXPECT_EQ(desk.messages.Buttons(), "&Cancel|&Save Them");
+    desk.messages.answer = Answer::Yes;
+    desk.Click(u"xtrSaveSelectedLinks");
+    EXPECT_EQ(folder.Read("links.tvg"), "[TessaGroup]\r\nurl1=https://b.example/\r\n");
+}
+
 TEST_F(PageMenuTest, OfASelectionOpensItsLinksBehindInTheirOrder) {
     desk.views.At(1).selectedLinks = {u"https://b.example/", u"file:///etc/passwd", u"https://c.example/"};
     Ask(Selection(u"x"));
