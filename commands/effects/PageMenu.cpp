@@ -173,7 +173,7 @@ void SaveSelectedLinks(CommandContext& context) {
             !context.messages.AskOwn({u"The links are in a private tab", u"The TessaGroup would keep their addresses.",
                                       Text(kCancelButton), u"&Save Them"}))
             return;
-        const Text file = CollectionCommands::AskForNewGroup(context);
+        const Text file = CollectionCommands::AskForNewGroup(context, u"Save Selected Links as TessaGroup");
         if (file.empty()) return;
         context.groups.SaveAddresses(file, pages);
         context.groupsMenuStale = true;

@@ -52,7 +52,7 @@ class SelectedLinks(unittest.TestCase):
             try:
                 desk.wait_until(lambda: program.windows_shown() > before, 5)
                 desk.xdotool("key", "l")
-                return program.find("dialog", "Save as TessaGroup", seconds=5)
+                return program.find("dialog", "Save Selected Links as TessaGroup", seconds=5)
             except desk.NeverTrue:
                 desk.xdotool("key", "Escape")
                 return None
@@ -63,7 +63,7 @@ class SelectedLinks(unittest.TestCase):
         with LinkServer() as pages, desk.Program(PROGRAM, pages.address("List"), home=self.home) as program:
             program.wait_strip(["[List]"])
             self.choose_save(program)
-            program.accept_name("Save as TessaGroup", self.file)
+            program.accept_name("Save Selected Links as TessaGroup", self.file)
             desk.wait_until(lambda: program.status() == "Saved as the TessaGroup Kept.", what=program.status)
             with open(self.file, encoding="utf-8") as group:
                 lines = group.read().split("\n")

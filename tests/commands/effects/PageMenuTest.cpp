@@ -249,6 +249,7 @@ TEST_F(PageMenuTest, OfASelectionMakesATessaGroupOfItsLinks) {
     Ask(Selection(u"x"));
     desk.files.chosen = folder.PathText("links.tvg");
     desk.Click(u"xtrSaveSelectedLinks");
+    EXPECT_EQ(desk.files.last.DialogTitle, u"Save Selected Links as TessaGroup");
     EXPECT_EQ(folder.Read("links.tvg"), "[TessaGroup]\r\nurl1=https://b.example/\r\nurl2=https://c.example/\r\n");
     desk.views.At(1).selectedLinks = {u"mailto:a@b"};
     desk.Click(u"xtrSaveSelectedLinks");
