@@ -4,9 +4,11 @@
 #include "base/os/AtomicFile.h"
 #include "base/os/Paths.h"
 #include "groups/TessaGroups.h"
+#include "history/Snippets.h"
 #include "tabs/TabKeys.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -69,11 +71,37 @@ std::vector<ScriptTab> ScriptedWindow::List() const {
 }
 
 std::vector<ScriptTab> ScriptedWindow::Search(TextView words) const {
-    std::vector<ScriptTab> tabs = List();
-    std::erase_if(tabs, [words](const ScriptTab& tab) {
-        return tab.address.empty() || !HasAll(FromBytes(tab.title + '\n' + tab.address), words);
-    });
-    return tabs;
+    const auto pieces = SearchText::PiecesOf(words);
+    std::vector<ScriptTab> named, saying;
+    for (ScriptTab& tab : List()) {
+        if (tab.address.empty()) continue;
+        if (HasAll(FromBytes(tab.title + '\n' + tab.address), words))
+            named.push_back(std::move(tab));
+        else if (!pieces.empty() && Says(tab, pieces))
+            saying.push_back(std::move(tab));
+    }
+    std::ranges::move(saying, std::back_inserter(named));
+    return named;
+}
+
+bool ScriptedWindow::Says(const ScriptTab& tab, const std::vector<SearchText::Piece>& pieces) const {
+    const Text title = FromBytes(tab.title), address = FromBytes(tab.address);
+    std::vector<TextView> texts{title, address};
+    for (const Passage& each : m_main.Reads().TextOf(static_cast<std::int32_t>(tab.number)))
+        texts.push_back(each.Words);
+    return Snippets::HoldAll(pieces, texts);
+}
+
+std::vector<std::int32_t> ScriptedWindow::ReadUnread() {
+    std::vector<std::int32_t> reading;
+    for (const ScriptTab& tab : List()) {
+        const auto index = static_cast<std::int32_t>(tab.number);
+        const auto* view = tab.address.empty() ? nullptr : m_main.Tabs().OpenView(index);
+        auto* life = view ? view->Control->Life() : nullptr;
+        if (!view || (life && life->Asleep()) || m_main.Reads().HasText(index)) continue;
+        if (m_main.Reads().ReadNow(index) && !m_main.Reads().HasText(index)) reading.push_back(index);
+    }
+    return reading;
 }
 
 std::vector<ScriptTab> ScriptedWindow::WithRead(std::vector<ScriptTab> tabs,

@@ -1,4 +1,6 @@
 #pragma once
+#include "base/Signal.h"
+#include "history/SearchText.h"
 #include "platform/VisitStore.h"
 #include "script/TabList.h"
 #include "window/frmMain.h"
@@ -26,8 +28,13 @@ public:
     ScriptedWindow(frmMain& main, MainWindow& window) : m_main(main), m_window(window) {}
 
     [[nodiscard]] std::vector<ScriptTab> List() const;
-    /// The tabs that have all these words, whatever their case, in title or address; no private ones.
+    /// The tabs that have all these words, whatever their case, in title or address, and behind them those whose page
+    /// says them, as far as it was read; no private ones.
     [[nodiscard]] std::vector<ScriptTab> Search(TextView words) const;
+    /// Has the open pages read that were not read yet, as somebody does who searches in them. No private ones, and none
+    /// is woken. Those that are being read now; `PageRead` tells when one has been.
+    [[nodiscard]] std::vector<std::int32_t> ReadUnread();
+    [[nodiscard]] Signal<void(std::int32_t index)>& PageRead() { return m_main.Reads().Changed; }
     /// These tabs, the other tabs that show pages of which the history knows, and behind them the pages that are not
     /// open. The number of the latter is 0, their state "history".
     [[nodiscard]] std::vector<ScriptTab> WithRead(std::vector<ScriptTab> tabs,
@@ -61,6 +68,7 @@ private:
     [[nodiscard]] const Tab* Find(std::uint32_t number) const;
     [[nodiscard]] std::optional<std::uint32_t> OpenOne(TextView address, InFront place);
     [[nodiscard]] ScriptTab Describe(const Tab& tab) const;
+    [[nodiscard]] bool Says(const ScriptTab& tab, const std::vector<SearchText::Piece>& pieces) const;
     [[nodiscard]] std::string StateOf(const Tab& tab, ArrayView& view) const;
 
     frmMain& m_main;

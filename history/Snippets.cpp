@@ -80,14 +80,16 @@ bool HoldAll(const std::vector<Piece>& pieces, const std::vector<TextView>& text
     });
 }
 
-std::vector<FoundPassage> Best(const std::vector<Piece>& pieces, const std::vector<Passage>& passages,
+std::vector<FoundPassage> Best(const std::vector<Piece>& pieces, const std::vector<Passage>& passages, TextView title,
                                std::size_t count, std::size_t most) {
     struct Rated {
         std::size_t number, pieces;
     };
     std::vector<Rated> rated;
-    for (std::size_t i = 0; i < passages.size(); ++i)
-        if (const std::size_t held = CountIn(pieces, passages[i].Words)) rated.push_back({i, held});
+    for (std::size_t i = 0; i < passages.size(); ++i) {
+        const std::size_t held = CountIn(pieces, passages[i].Words);
+        if (held > 0 && passages[i].Words != title) rated.push_back({i, held});
+    }
     std::ranges::stable_sort(rated, std::ranges::greater(), &Rated::pieces);
     if (rated.size() > count) rated.resize(count);
     std::ranges::sort(rated, {}, &Rated::number);

@@ -29,9 +29,11 @@ namespace Snippets {
 [[nodiscard]] Snippet Of(const std::vector<SearchText::Piece>& pieces, TextView text, std::size_t most);
 /// Whether each piece stands in one of these texts.
 [[nodiscard]] bool HoldAll(const std::vector<SearchText::Piece>& pieces, const std::vector<TextView>& texts);
-/// Those passages that hold most of the pieces, `count` at most, in the order of the page.
+/// Those passages that hold most of the pieces, `count` at most, in the order of the page. What says no more than the
+/// title, beneath which they are shown, is left out.
 [[nodiscard]] std::vector<FoundPassage> Best(const std::vector<SearchText::Piece>& pieces,
-                                             const std::vector<Passage>& passages, std::size_t count, std::size_t most);
+                                             const std::vector<Passage>& passages, TextView title, std::size_t count,
+                                             std::size_t most);
 
 } // namespace Snippets
 

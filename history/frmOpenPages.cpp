@@ -98,7 +98,7 @@ void frmOpenPages::Search(const std::vector<SearchText::Piece>& pieces, std::int
     if (!Snippets::HoldAll(pieces, texts)) return;
     const Text shown = found.title.empty() ? PlainLine(found.address, kShownTitle) : found.title;
     found.lines.push_back({index, true, Snippets::Of(pieces, shown, kShownTitle), {}});
-    for (FoundPassage& each : Snippets::Best(pieces, passages, kPassagesOfAPage, kShownPassage))
+    for (FoundPassage& each : Snippets::Best(pieces, passages, found.title, kPassagesOfAPage, kShownPassage))
         found.lines.push_back({index, false, std::move(each.Shown), passages[each.Number].Words});
 }
 

@@ -32,7 +32,7 @@ public:
 /// One use of the common file dialog `cmDialog`.
 struct FileDialogRequest {
     Text DialogTitle;
-    Text InitDir;
+    Text InitDir; ///< empty for the one that the desktop has for documents, when saving
     Text Filter; ///< pairs of description and patterns, separated by "|", patterns by ";"
     bool MustExist = false;
     Text FileName{}; ///< suggested, when saving

@@ -58,7 +58,7 @@ std::string IconOf(const HistoryEntry& entry) {
 std::string AboutOf(const HistoryEntry& entry, const std::vector<SearchText::Piece>& pieces) {
     std::string about = "<div class=\"about\"><button data-site=\"" + HistoryEscaped(entry.Site) +
                         "\" title=\"Show this site only\">" + MarkedLine({}, entry.Site, kLongestAddress) +
-                        "</button> ";
+                        "</button> &middot; ";
     about += MarkedLine(pieces, entry.Address, kLongestAddress);
     if (entry.Visits > 1) about += " &middot; " + std::to_string(entry.Visits) + " visits";
     if (!entry.Group.empty()) about += " &middot; " + MarkedLine({}, entry.Group, kLongestTitle);
@@ -77,7 +77,7 @@ std::string RowOf(const HistoryEntry& entry, const std::vector<SearchText::Piece
                       "</time>" + AboutOf(entry, pieces);
     if (!pieces.empty())
         for (const FoundPassage& each :
-             Snippets::Best(pieces, Passages::FromBytes(entry.Passages), kSnippets, kSnippet))
+             Snippets::Best(pieces, Passages::FromBytes(entry.Passages), entry.Title, kSnippets, kSnippet))
             row += "<p><bdi>" + Marked(each.Shown) + "</bdi></p>";
     return row + "</li>";
 }

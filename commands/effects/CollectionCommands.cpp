@@ -1,11 +1,15 @@
 #include "commands/effects/CollectionCommands.h"
 
+#include "base/Captions.h"
+#include "base/os/AtomicFile.h"
+#include "base/os/Paths.h"
 #include "groups/TessaGroups.h"
 
 namespace tessa {
 
 namespace {
 
+constexpr TextView kPdf = u".pdf";
 constexpr TextView kRepairQuestion =
     u"You cannot add new Favorites because of a bug in the way Microsoft installs Internet Explorer 4.0.\n\n"
     u"TessaView can make some changes to the system registry to allow you to add Favorites.\n\n"
@@ -63,9 +67,18 @@ void OrganizeTessaGroups(CommandContext& context) { context.groups.OrganizeTessa
 
 void CheckAllGroups(CommandContext& context) { context.groups.CheckAll(); }
 
-Text AskForPdf(CommandContext& context) {
-    return context.files.ShowSave(
-        {.DialogTitle = u"Save All Pages as PDF", .InitDir{}, .Filter = u"PDF document (*.pdf)|*.pdf"});
+Text AskForPdf(CommandContext& context, TextView name) {
+    Text path = context.files.ShowSave({.DialogTitle = u"Save All Pages as PDF",
+                                        .InitDir{},
+                                        .Filter = u"PDF document (*.pdf)|*.pdf",
+                                        .FileName = Text(name) + Text(kPdf)});
+    if (path.empty()) return {};
+    if (!InSmallLetters(path).ends_with(kPdf)) path += kPdf;
+    const bool replaces = FileExists(PathToBytes(path));
+    if (replaces &&
+        !context.messages.AskOwn({u"A file with this name already exists", OneLine(path), u"&Cancel", u"&Replace It"}))
+        return {};
+    return path;
 }
 
 Text AskForOffline(CommandContext& context) {
@@ -75,7 +88,7 @@ Text AskForOffline(CommandContext& context) {
 }
 
 void SaveAllAsPdf(CommandContext& context) {
-    const Text file = AskForPdf(context);
+    const Text file = AskForPdf(context, u"All pages");
     if (!file.empty()) context.groups.WriteTabs(GroupCommands::Writes::Pdf, file);
 }
 

@@ -16,8 +16,9 @@ void SaveAsTessaGroup(CommandContext& context);
 void OrganizeTessaGroups(CommandContext& context);
 /// Checks the groups of the user's folder.
 void CheckAllGroups(CommandContext& context);
-/// Asks for the file of a PDF of several pages, or of a group that opens them offline; empty for none.
-[[nodiscard]] Text AskForPdf(CommandContext& context);
+/// Asks for the file of a PDF of several pages, by a name that suggests itself, or of a group that opens them offline;
+/// empty for none.
+[[nodiscard]] Text AskForPdf(CommandContext& context, TextView name);
 [[nodiscard]] Text AskForOffline(CommandContext& context);
 /// Asks for a file and writes the pages of all tabs into it.
 void SaveAllAsPdf(CommandContext& context);

@@ -62,7 +62,7 @@ void CheckGroup(CommandContext& context) { context.groups.Check({Text(context.me
 // Behind the dialog another entry may have been chosen.
 void SaveGroupAsPdf(CommandContext& context) {
     const Text group = context.menuEntry;
-    const Text file = CollectionCommands::AskForPdf(context);
+    const Text file = CollectionCommands::AskForPdf(context, GroupNameOf(group));
     if (!file.empty()) context.groups.WriteGroup(GroupCommands::Writes::Pdf, group, file);
 }
 

@@ -161,14 +161,19 @@ void SearchForSelection(CommandContext& context) {
 void SaveSelectedLinks(CommandContext& context) {
     auto* tools = Tools(context, context.menuView);
     if (!tools) return;
-    tools->FindSelectedLinks([&context](const std::vector<Text>& links) {
+    const bool isPrivate = context.tabs.PrivacyOf(context.menuView) == Privacy::Private;
+    tools->FindSelectedLinks([&context, isPrivate](const std::vector<Text>& links) {
         std::vector<Text> pages;
         for (const Text& link : links) {
             const bool isPage = TrustOf(link, LinkSource::Group) == LinkTrust::Open;
             if (isPage && std::ranges::find(pages, link) == pages.end()) pages.push_back(link);
         }
         if (pages.empty()) return context.tabs.Say(u"No link to a page is selected.");
-        const Text file = CollectionCommands::AskForNewGroup(context);
+        if (isPrivate &&
+            !context.messages.AskOwn({u"The links are in a private tab", u"The TessaGroup would keep their addresses.",
+                                      Text(kCancelButton), u"&Save Them"}))
+            return;
+        const Text file = CollectionCommands::AskForNewGroup(context, u"Save Selected Links as TessaGroup");
         if (file.empty()) return;
         context.groups.SaveAddresses(file, pages);
         context.groupsMenuStale = true;

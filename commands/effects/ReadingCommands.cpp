@@ -2,10 +2,12 @@
 
 #include "bar/ToolName.h"
 #include "commands/effects/SeveralTabs.h"
+#include "commands/effects/TabCommands.h"
 #include "history/ReadPages.h"
-#include "tabs/OpenTabs.h"
+#include "tabs/TabKeys.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tessa {
 
@@ -27,19 +29,24 @@ void ShowNewsOf(CommandContext& context, std::int32_t index) {
     if (place > 0) context.tabs.Say(PlaceWords(place, all));
 }
 
-// Those of them that hold nothing of their user's, with a page that does nothing that would be lost.
+// A pinned tab stays, and so does what holds something of its user's, or does something that would be lost.
+bool Stays(const CommandContext& context, std::int32_t index) {
+    const ArrayView* view = context.tabs.OpenView(index);
+    const Tab* tab = TabOfView(context.pcPage, index);
+    if (!view || !tab || tab->Pinned()) return true;
+    auto* life = view->Control->Life();
+    if (!life || life->Asleep()) return false;
+    const PageActivity activity = life->Activity();
+    return activity.HoldsInput || activity.Audible || activity.Downloads || activity.Asks;
+}
+
+// Where all are closed a blank tab takes their place, for without any the program would end.
 void CloseAmong(CommandContext& context, std::vector<std::int32_t> indexes, TextView none) {
-    std::erase_if(indexes, [&](std::int32_t index) {
-        const ArrayView* view = context.tabs.OpenView(index);
-        auto* life = view ? view->Control->Life() : nullptr;
-        if (!view) return true;
-        if (!life || life->Asleep()) return false;
-        const PageActivity activity = life->Activity();
-        return activity.HoldsInput || activity.Audible || activity.Downloads || activity.Asks;
-    });
+    std::erase_if(indexes, [&](std::int32_t index) { return Stays(context, index); });
     if (indexes.empty()) return context.tabs.Say(none);
     const auto count = static_cast<std::int64_t>(indexes.size());
-    context.tabs.CloseTabs(indexes);
+    if (indexes.size() == context.pcPage.Count()) TabCommands::NewBlank(context);
+    SeveralTabs::Close(context, std::move(indexes));
     SeveralTabs::SayClosed(context, count == 1 ? Text(u"One tab was closed.") : Decimal(count) + u" tabs were closed.");
 }
 

@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTreeView>
 
 namespace tessa::qt {
@@ -111,7 +112,9 @@ Text DesktopFileDialogs::ShowOpen(const FileDialogRequest& request) {
 }
 
 Text DesktopFileDialogs::ShowSave(const FileDialogRequest& request) {
-    QFileDialog dialog(QApplication::activeWindow(), ToQt(request.DialogTitle), ToQt(request.InitDir));
+    const QString folder = request.InitDir.empty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                                                   : ToQt(request.InitDir);
+    QFileDialog dialog(QApplication::activeWindow(), ToQt(request.DialogTitle), folder);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (!request.FileName.empty()) dialog.selectFile(ToQt(request.FileName));

@@ -55,6 +55,10 @@ Outcome Navigation::Stop() {
 Outcome Navigation::Refresh() {
     // A view that was stopped before it showed anything has nothing to reload: it loads what it was to show.
     if (!m_where.stage.HasDocument()) return Navigate(FullAddress(m_where.requested));
+    return Reload();
+}
+
+Outcome Navigation::Reload() {
     m_page->Awaited().Ask();
     Page()->triggerAction(QWebEnginePage::Reload);
     return Outcome::Done;

@@ -26,6 +26,8 @@ public:
     Outcome Navigate(TextView address);
     Outcome Stop();
     Outcome Refresh();
+    /// Has the engine load the page anew, whether or not it has shown anything yet. There is one.
+    Outcome Reload();
     /// Ends the document, whether or not its server has another, and loads its address anew.
     void Renew();
     Outcome GoBack();

@@ -62,15 +62,9 @@ Outcome PageView::Navigate(TextView address) {
     return m_navigation.Navigate(address);
 }
 
-Outcome PageView::Refresh() {
-    LeavePrinted();
-    return m_navigation.Refresh();
-}
+Outcome PageView::Refresh() { return LeavePrinted() ? m_navigation.Reload() : m_navigation.Refresh(); }
 
-void PageView::Renew() {
-    LeavePrinted();
-    m_navigation.Renew();
-}
+void PageView::Renew() { LeavePrinted() ? ResumeNext(m_navigation.Reload()) : m_navigation.Renew(); }
 
 Outcome PageView::GoBack() {
     LeavePrinted();
@@ -84,8 +78,8 @@ Outcome PageView::GoForward() {
 
 // The engine ends the program where a page that is being printed goes to another site and does not answer. It stays as
 // it is until it has been printed; another one, which has been where it was, takes its place.
-void PageView::LeavePrinted() {
-    if (!m_page || !m_page->Page().Prints()) return;
+bool PageView::LeavePrinted() {
+    if (!m_page || !m_page->Page().Prints()) return false;
     const QByteArray history = PageHistory::Bytes(m_page->Page());
     m_where.requested = m_where.shown;
     EndPage();
@@ -95,6 +89,7 @@ void PageView::LeavePrinted() {
         m_surface.Show(schedule.Shown() == m_self.index ? ShownAs::Front : ShownAs::Beside);
     m_page->Life()->NoteRefill();
     if (!PageHistory::Fill(m_page->Page(), history)) m_where.shown.clear();
+    return true;
 }
 
 Outcome PageView::GoHome() {

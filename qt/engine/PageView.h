@@ -105,7 +105,8 @@ private:
     void ApplyZoom();
     void MakePage();
     void EndPage();
-    void LeavePrinted();
+    /// Gives up the page if it is being printed: whether that was so. Then another one begins to load what it showed.
+    bool LeavePrinted();
     void FollowPage();
     void FollowWindow();
     void FollowQuestions();

@@ -16,7 +16,6 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPageSetupDialog>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -198,14 +197,15 @@ void PageOutput::Save(WebPage& page, const DocumentKind& kind, const QString& pa
 }
 
 // The file is written here: the engine does not survive that the page goes while it writes one.
-void PageOutput::WritePdf(WebPage& page, const QString& path, const QPageLayout& layout, QWidget* parent) {
+void PageOutput::WritePdf(WebPage& page, const QString& path, const QPageLayout& layout, QWidget* parent,
+                          const QPageRanges& ranges) {
     Say(QStringLiteral("Saving %1").arg(ShownName(path)));
     const auto done = [path, told = Ending(path, parent), parent = QPointer(parent)](const PrintedPage& printed) {
         if (printed.answered) return told(Write(path, printed.pdf));
         if (parent && parent->isVisible())
             TellTrouble(QStringLiteral("The page does not answer. %1 was not written.").arg(path), parent);
     };
-    page.Print(layout, kPrintPatience, done);
+    page.Print(layout, kPrintPatience, done, ranges);
 }
 
 std::function<void(bool)> PageOutput::Ending(const QString& path, QWidget* parent) const {
@@ -213,6 +213,14 @@ std::function<void(bool)> PageOutput::Ending(const QString& path, QWidget* paren
         if (!parent || !parent->isVisible()) return;
         if (!written) return TellNotWritten(path, parent);
         Say(QStringLiteral("%1 has been saved.").arg(ShownName(path)));
+    };
+}
+
+std::function<void(bool)> PageOutput::Taken(const QString& what, QWidget* parent) const {
+    return [this, what, parent = QPointer(parent)](bool taken) {
+        if (!parent || !parent->isVisible()) return;
+        if (taken) return Say(QStringLiteral("The printer has taken the %1.").arg(what));
+        TellTrouble(QStringLiteral("The printer did not take the %1. Nothing was printed.").arg(what), parent);
     };
 }
 
@@ -228,9 +236,7 @@ void PageOutput::AskForPrinter(WebPage& page, const DocumentKind& kind, QWidget*
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageLayout(m_layout);
     printer->setDocName(page.title());
-    QPrintDialog dialog(printer.get(), parent);
-    dialog.setWindowTitle(QStringLiteral("Print"));
-    if (dialog.exec() != QDialog::Accepted) return;
+    if (!DocumentPrinter::Ask(*printer, parent)) return;
     if (!alive || alive->Ended()) return;
     WhenStill(*alive, {kind, address}, parent, QStringLiteral("The page has changed meanwhile. Nothing was printed."),
               [this, isPdf = kind.IsPdf, printer](WebPage& now, QWidget* window) {
@@ -241,7 +247,8 @@ void PageOutput::AskForPrinter(WebPage& page, const DocumentKind& kind, QWidget*
 void PageOutput::PrintPage(WebPage& page, const std::shared_ptr<QPrinter>& printer, QWidget* parent) {
     // The engine writes PDF itself, with text that can be searched.
     if (printer->outputFormat() == QPrinter::PdfFormat)
-        return WritePdf(page, printer->outputFileName(), printer->pageLayout(), parent);
+        return WritePdf(page, printer->outputFileName(), printer->pageLayout(), parent,
+                        DocumentPrinter::Some(*printer));
     if (DocumentPrinter::IsThere()) return PrintPaper(page, printer, parent);
     auto* view = QWebEngineView::forPage(&page);
     if (!view) return;
@@ -257,16 +264,15 @@ void PageOutput::PrintPaper(WebPage& page, const std::shared_ptr<QPrinter>& prin
     const auto tell = [parent = QPointer(parent)](const QString& words) {
         if (parent && parent->isVisible()) TellTrouble(words, parent);
     };
-    page.Print(printer->pageLayout(), kPrintPatience, [printer, tell](const PrintedPage& printed) {
-        if (!printed.answered) return tell(QStringLiteral("The page does not answer. Nothing was printed."));
-        // The file stays for as long as the printing system reads it.
-        const auto folder = std::make_shared<QTemporaryDir>();
-        if (!folder->isValid() || !Write(PathIn(folder), printed.pdf))
-            return tell(QStringLiteral("The page could not be printed."));
-        DocumentPrinter::Print(*printer, PathIn(folder), [tell, folder](bool taken) {
-            if (!taken) tell(QStringLiteral("The printer did not take the page. Nothing was printed."));
-        });
-    });
+    page.Print(printer->pageLayout(), kPrintPatience,
+               [printer, tell, taken = Taken(QStringLiteral("page"), parent)](const PrintedPage& printed) {
+                   if (!printed.answered) return tell(QStringLiteral("The page does not answer. Nothing was printed."));
+                   // The file stays for as long as the printing system reads it.
+                   const auto folder = std::make_shared<QTemporaryDir>();
+                   if (!folder->isValid() || !Write(PathIn(folder), printed.pdf))
+                       return tell(QStringLiteral("The page could not be printed."));
+                   DocumentPrinter::Print(*printer, PathIn(folder), [taken, folder](bool done) { taken(done); });
+               });
 }
 
 // The engine would print its viewer, with the buttons.
@@ -276,19 +282,18 @@ void PageOutput::PrintDocument(WebPage& page, const std::shared_ptr<QPrinter>& p
         return TellTrouble(QStringLiteral("Some pages of a PDF document can be printed, but not written to a file of "
                                           "their own. Nothing was written."),
                            parent);
-    Fetch(page, [printer, toFile, written = Ending(printer->outputFileName(), parent),
-                 parent = QPointer(parent)](const FetchedFile& file) {
-        const auto tell = [parent](const QString& words) {
-            if (parent && parent->isVisible()) TellTrouble(words, parent);
-        };
-        if (!file) return tell(QStringLiteral("The document cannot be had any more. Nothing was printed."));
-        const QString target = printer->outputFileName();
-        if (toFile) return written(Write(target, WholeFile(PathIn(file))));
-        // The file stays for as long as the printing system reads it.
-        DocumentPrinter::Print(*printer, PathIn(file), [tell, file](bool taken) {
-            if (!taken) tell(QStringLiteral("The printer did not take the document. Nothing was printed."));
-        });
-    });
+    Fetch(page,
+          [printer, toFile, written = Ending(printer->outputFileName(), parent),
+           taken = Taken(QStringLiteral("document"), parent), parent = QPointer(parent)](const FetchedFile& file) {
+              const auto tell = [parent](const QString& words) {
+                  if (parent && parent->isVisible()) TellTrouble(words, parent);
+              };
+              if (!file) return tell(QStringLiteral("The document cannot be had any more. Nothing was printed."));
+              const QString target = printer->outputFileName();
+              if (toFile) return written(Write(target, WholeFile(PathIn(file))));
+              // The file stays for as long as the printing system reads it.
+              DocumentPrinter::Print(*printer, PathIn(file), [taken, file](bool done) { taken(done); });
+          });
 }
 
 Outcome PageOutput::PageSetup(QWidget* parent) {

@@ -80,10 +80,13 @@ private:
     /// A folder with the file in it, which goes with the last who needs it.
     using FetchedFile = std::shared_ptr<QTemporaryDir>;
     void Fetch(WebPage& page, const std::function<void(const FetchedFile& file)>& fetched);
-    void WritePdf(WebPage& page, const QString& path, const QPageLayout& layout, QWidget* parent);
+    void WritePdf(WebPage& page, const QString& path, const QPageLayout& layout, QWidget* parent,
+                  const QPageRanges& ranges = {});
     void FetchShownPdf(WebPage& page, const std::function<void(const QByteArray& pdf)>& fetched);
     /// Tells how the writing of that file has ended, unless the window has gone meanwhile.
     [[nodiscard]] std::function<void(bool written)> Ending(const QString& path, QWidget* parent) const;
+    /// The same of whether the printer has it, a page or a document.
+    [[nodiscard]] std::function<void(bool taken)> Taken(const QString& what, QWidget* parent) const;
 
     PageDocuments m_documents;
     int m_wishes = 0;          ///< for dialogs, which are counted

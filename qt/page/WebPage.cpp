@@ -207,8 +207,8 @@ void WebPage::Halt() {
 // The engine forgets what it was printing of a page whose process ends, and never tells. Where it only takes too long,
 // it is still at work, and does not bear that the page goes. A page that is on its way to another is not printed.
 void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patience,
-                    const std::function<void(const PrintedPage& printed)>& printed) {
-    if (isLoading()) return AwaitsAny() ? printed({}) : PrintOnceLoaded(layout, patience, printed);
+                    const std::function<void(const PrintedPage& printed)>& printed, const QPageRanges& ranges) {
+    if (isLoading()) return AwaitsAny() ? printed({}) : PrintOnceLoaded(layout, patience, printed, ranges);
     ++m_printing;
     auto* watch = new QTimer(this);
     const auto told = std::make_shared<std::function<void(const PrintedPage&)>>(printed);
@@ -233,22 +233,23 @@ void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patienc
     connect(
         this, &QWebEnginePage::renderProcessTerminated, watch, [end] { end({}); }, Qt::QueuedConnection);
     watch->start(patience);
-    printToPdf(end, layout);
+    printToPdf(end, layout, ranges);
 }
 
 // Of what it is asked to print while it loads, the engine never makes anything, nor of anything later.
 void WebPage::PrintOnceLoaded(const QPageLayout& layout, std::chrono::milliseconds patience,
-                              const std::function<void(const PrintedPage& printed)>& printed) {
+                              const std::function<void(const PrintedPage& printed)>& printed,
+                              const QPageRanges& ranges) {
     auto* wait = new QTimer(this);
     const auto told = std::make_shared<std::function<void(const PrintedPage&)>>(printed);
     const auto tell = [told](const PrintedPage& result) {
         if (const auto once = std::exchange(*told, {})) once(result);
     };
-    const auto begin = [this, wait, layout, told] {
+    const auto begin = [this, wait, layout, told, ranges] {
         const auto left = wait->remainingTimeAsDuration();
         wait->deleteLater();
         const auto once = std::exchange(*told, {});
-        if (once) m_ending ? once({}) : Print(layout, left, once);
+        if (once) m_ending ? once({}) : Print(layout, left, once, ranges);
     };
     wait->setSingleShot(true);
     wait->callOnTimeout(this, [wait, tell] {

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QEventLoop>
 #include <QPageLayout>
+#include <QPageRanges>
 #include <QPointer>
 #include <QSet>
 #include <QTimer>
@@ -97,10 +98,10 @@ public:
     void Ask(const QString& script, std::function<void(const QVariant&)> answered);
     /// Ends with the page, before the engine's part of it does, which answers what was asked while it ends.
     [[nodiscard]] std::weak_ptr<const void> Whole() const { return m_asked; }
-    /// Prints the page once it has loaded. The engine cannot be told to stop: a page that takes longer than that stays
-    /// until it is done.
+    /// Prints the page once it has loaded; all of its pages of paper unless some are named. The engine cannot be told
+    /// to stop: a page that takes longer than that stays until it is done.
     void Print(const QPageLayout& layout, std::chrono::milliseconds patience,
-               const std::function<void(const PrintedPage& printed)>& printed);
+               const std::function<void(const PrintedPage& printed)>& printed, const QPageRanges& ranges = {});
     /// Whether it is being printed, also where nobody waits for that any more. The engine does not bear that the page
     /// then goes to another site, sleeps, or loses its process.
     [[nodiscard]] bool Prints() const { return m_printing > 0; }
@@ -155,7 +156,7 @@ private:
     void NoteShown();
     PageDialogAnswer Ask(const PageDialogRequest& request);
     void PrintOnceLoaded(const QPageLayout& layout, std::chrono::milliseconds patience,
-                         const std::function<void(const PrintedPage& printed)>& printed);
+                         const std::function<void(const PrintedPage& printed)>& printed, const QPageRanges& ranges);
     void GoOnAfterPrint();
     [[nodiscard]] bool StaysForPrint(const QUrl& url, NavigationType type);
 

@@ -3,7 +3,6 @@
 #include "qt/page/DocumentPrinter.h"
 #include "qt/page/PageOutput.h"
 
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QTemporaryDir>
 #include <memory>
@@ -15,9 +14,7 @@ void GroupPrint::Print(const GroupOutput::Pages& pages, const GroupOutput::Told&
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageLayout(m_pages.Layout());
     printer->setDocName(QStringLiteral("TessaView"));
-    QPrintDialog dialog(printer.get(), &m_window);
-    dialog.setWindowTitle(QStringLiteral("Print"));
-    if (dialog.exec() != QDialog::Accepted) return;
+    if (!DocumentPrinter::Ask(*printer, &m_window)) return;
     const bool toFile = printer->outputFormat() == QPrinter::PdfFormat;
     if (toFile && printer->printRange() != QPrinter::AllPages)
         return printed({QStringLiteral("Some of the pages can be printed, but not written to a file of their own. "

@@ -3,9 +3,16 @@
 #include "history/SearchText.h"
 #include "qt/base/Strings.h"
 
+#include <QTimer>
+#include <chrono>
+#include <memory>
 #include <utility>
 
 namespace tessa::qt {
+
+namespace {
+constexpr std::chrono::seconds kReadPatience{2};
+}
 
 std::vector<ScriptMethod> TabMethods::All() {
     const auto text = [](const ScriptCall& call, int at) { return FromQt(call.TextAt(at)); };
@@ -29,8 +36,31 @@ std::vector<ScriptMethod> TabMethods::All() {
     };
 }
 
-// The open tabs first. What was read is known by the store, which answers later.
 void TabMethods::Search(const ScriptCall& call) {
+    WhenRead([this, call] { FindRead(call); });
+}
+
+void TabMethods::WhenRead(const std::function<void()>& then) {
+    struct Waiting {
+        std::vector<std::int32_t> left;
+        std::function<void()> then;
+        Connection heard{};
+        void End() {
+            heard = {};
+            if (const auto once = std::exchange(then, {})) once();
+        }
+    };
+    const auto waiting = std::make_shared<Waiting>(Waiting{m_window.ReadUnread(), then});
+    if (waiting->left.empty()) return waiting->End();
+    waiting->heard = m_window.PageRead().Connect([known = std::weak_ptr(waiting)](std::int32_t index) {
+        const auto all = known.lock();
+        if (all && std::erase(all->left, index) > 0 && all->left.empty()) all->End();
+    });
+    QTimer::singleShot(kReadPatience, &m_waiter, [waiting] { waiting->End(); });
+}
+
+// The open tabs first. What was read is known by the store, which answers later.
+void TabMethods::FindRead(const ScriptCall& call) {
     const Text words = FromQt(call.TextAt(0));
     const Text match = SearchText::QueryOf(SearchText::PiecesOf(words));
     if (match.empty() || !m_visits.Works()) return call.Answer(QVariantList{ScriptCall::OnBus(m_window.Search(words))});

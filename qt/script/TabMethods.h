@@ -4,6 +4,8 @@
 #include "qt/script/ScriptCall.h"
 #include "qt/script/TabWalk.h"
 
+#include <QObject>
+#include <functional>
 #include <vector>
 
 namespace tessa::qt {
@@ -22,6 +24,10 @@ public:
 
 private:
     void Search(const ScriptCall& call);
+    void FindRead(const ScriptCall& call);
+    /// Calls `then` when the open pages have been read that were not read yet. One that is busy with itself is not
+    /// waited for long.
+    void WhenRead(const std::function<void()>& then);
     void RunCommand(const ScriptCall& call);
     void Wait(const ScriptCall& call);
     void ComeForward(const ScriptCall& call);
@@ -31,6 +37,7 @@ private:
     VisitStore& m_visits;
     PageReads& m_reads;
     LoadWaits& m_waits;
+    QObject m_waiter; ///< ends what waits for pages
 };
 
 } // namespace tessa::qt

@@ -2,6 +2,7 @@
 
 #include "tests/Desk.h"
 #include "tests/fakes/TemporaryFolder.h"
+#include "tests/history/ReadingDesk.h"
 
 namespace tessa {
 
@@ -96,6 +97,67 @@ TEST_F(ScriptedWindowTest, SearchFindsAllTheWordsWhateverTheirCase) {
     desk.views.At(1).name = u"Weather today";
     EXPECT_EQ(Short(script.Search(u"weather NEWS")), "1/front/http://one.example/News");
     EXPECT_EQ(Short(script.Search(u"weather sports")), "");
+}
+
+/// A script that searches in what somebody reads.
+class ScriptedSearchTest : public testing::Test {
+protected:
+    [[nodiscard]] std::string Found(TextView words) const {
+        std::string all;
+        for (const ScriptTab& tab : script.Search(words)) all += std::to_string(tab.number) + " ";
+        return all;
+    }
+    /// Those that are being read.
+    std::string Reading() {
+        std::string all;
+        for (const std::int32_t each : script.ReadUnread()) all += std::to_string(each) + " ";
+        return all;
+    }
+
+    ReadingDesk desk{4};
+    ScriptedWindow script{desk.main, desk.window};
+};
+
+TEST_F(ScriptedSearchTest, PagesThatSayTheWordsComeBehindThoseThatAreCalledSo) {
+    desk.Read(1, u"http://a/", u"hFruit|pApples are red");
+    desk.Read(2, u"http://apples/", u"pNothing");
+    desk.Read(3, u"http://c/", u"pRed|pPineapples and apple trees");
+    EXPECT_EQ(Found(u"apples"), "2 1 ");
+    EXPECT_EQ(Found(u"RED apple"), "1 3 ");
+    EXPECT_EQ(Found(u"title red"), "1 3 ");
+    EXPECT_EQ(Found(u"\"apples are\""), "1 ");
+    EXPECT_EQ(Found(u"green"), "");
+}
+
+TEST_F(ScriptedSearchTest, WhatWasNotReadYetIsReadAndNothingElse) {
+    desk.Read(1, u"http://a/", u"pOld words");
+    desk.Load(2, u"http://b/", u"pFresh words");
+    desk.Load(3, u"http://c/", u"pAsleep");
+    desk.views.At(3).asleep = true;
+    desk.views.At(1).reads = desk.views.At(1).glances = 0;
+    desk.views.At(2).readsSlowly = true;
+    std::string heard;
+    const Connection hears =
+        script.PageRead().Connect([&heard](std::int32_t index) { heard += std::to_string(index) + " "; });
+    EXPECT_EQ(Reading(), "2 ");
+    EXPECT_EQ(Found(u"fresh"), "");
+    desk.views.At(2).readers.front()(u"uhttp://b/\npFresh words");
+    EXPECT_EQ(heard, "2 ");
+    EXPECT_EQ(Found(u"fresh"), "2 ");
+    EXPECT_EQ(Reading(), "");
+    EXPECT_EQ(desk.views.At(1).reads + desk.views.At(1).glances, 0);
+    EXPECT_EQ(desk.views.At(3).reads + desk.views.At(3).glances, 0);
+}
+
+TEST_F(ScriptedSearchTest, APrivatePageIsNeitherReadNorFound) {
+    desk.NewTab(InFront::No, Privacy::Private);
+    desk.Load(5, u"http://secret/", u"pHidden words");
+    EXPECT_EQ(Reading(), "");
+    EXPECT_EQ(desk.views.At(5).reads + desk.views.At(5).glances, 0);
+    // Nor is what somebody has searched for in it.
+    desk.Rest();
+    EXPECT_TRUE(desk.main.Reads().HasText(5));
+    EXPECT_EQ(Found(u"hidden"), "");
 }
 
 TEST_F(ScriptedWindowTest, AddressesOpenInFrontOrBehindInTheirOrder) {

@@ -132,7 +132,7 @@ private:
                 HistorySearch(m_database)
                     .Find({.Match = SearchText::QueryOf(pieces), .Most = 60, .Passages = !pieces.empty()});
             for (const HistoryEntry& each : found.Entries)
-                (void)Snippets::Best(pieces, Passages::FromBytes(each.Passages), 2, 220);
+                (void)Snippets::Best(pieces, Passages::FromBytes(each.Passages), each.Title, 2, 220);
             count = found.Entries.size();
             worst = std::max(worst, Milliseconds(start));
             best = std::min(best, Milliseconds(start));
@@ -157,7 +157,7 @@ void MeasureOpenPages() {
         const auto pieces = SearchText::PiecesOf(typed);
         const auto start = Clock::now();
         std::size_t found = 0;
-        for (const auto& page : pages) found += Snippets::Best(pieces, page, 3, 140).size();
+        for (const auto& page : pages) found += Snippets::Best(pieces, page, {}, 3, 140).size();
         std::printf("search \"%s\" in 100 open pages: %zu passages, %.1f ms\n", ToUtf8(typed).c_str(), found,
                     Milliseconds(start));
     }

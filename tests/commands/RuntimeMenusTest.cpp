@@ -248,7 +248,9 @@ TEST_F(RuntimeMenusTest, ThePagesOfAGroupAreWrittenWhileItStaysClosed) {
     });
     for (const TextView tool : {u"xtrGroupPagesPdf", u"xtrGroupPagesOffline"}) m_desk.Click(tool);
     EXPECT_EQ(wrote, "") << "no file was chosen";
-    m_desk.files.chosen = u"/x/all.pdf";
+    m_desk.Click(u"xtrGroupPagesPdf");
+    EXPECT_EQ(m_desk.files.last.FileName, u"g.pdf");
+    m_desk.files.chosen = u"/x/all";
     m_desk.Click(u"xtrGroupPagesPdf");
     EXPECT_EQ(m_desk.Said(), "all.pdf has been saved.");
     m_desk.files.chosen = u"/x/day.tvg";
@@ -256,6 +258,23 @@ TEST_F(RuntimeMenusTest, ThePagesOfAGroupAreWrittenWhileItStaysClosed) {
     m_desk.Click(u"xtrGroupPagesPrint");
     EXPECT_EQ(wrote, "0 /x/all.pdf of g, 1 /x/day.tvg of g, 2  of g, ");
     EXPECT_EQ(m_desk.Strip(), "[1*]");
+}
+
+TEST_F(RuntimeMenusTest, APdfTakesNoFilesPlaceUnasked) {
+    std::string wrote;
+    m_desk.main.Groups().Write.ConnectForLife(
+        [&](const GroupCommands::Writing& writing) { wrote += ToUtf8(writing.path.substr(writing.path.size() - 7)); });
+    m_groups.Write("old.pdf", "%PDF");
+    for (const char* name : {"old", "old.pdf"}) {
+        m_desk.files.chosen = m_groups.PathText(name);
+        m_desk.Click(u"xtrGroupPdf");
+        EXPECT_EQ(m_desk.files.last.FileName, u"All pages.pdf");
+        EXPECT_EQ(m_desk.messages.Buttons(), "&Cancel|&Replace It");
+        EXPECT_EQ(wrote, "") << name;
+    }
+    m_desk.messages.answer = Answer::Yes;
+    m_desk.Click(u"xtrGroupPdf");
+    EXPECT_EQ(wrote, "old.pdf");
 }
 
 TEST_F(RuntimeMenusTest, AGroupGoesToTheTrashOnceTheUserAgrees) {

@@ -89,6 +89,22 @@ class FavoritesMenu(unittest.TestCase):
                 desk.click(program.find("menu item", "Trees"), button=2)
                 program.wait_strip(["about:blank", "Oak", "Pine", "Oak", "[Pine]"])
 
+    def test_a_folder_opens_with_its_sub_folders(self):
+        home = desk.state_folder()
+        with desk.PageServer() as pages:
+            trees = os.path.join(home, "Favorites", "Trees")
+            for folder, title in ((trees, "Pine"), (os.path.join(trees, "Fruit"), "Apple"),
+                                  (os.path.join(trees, "Fruit", "Soft"), "Cherry"), (os.path.join(trees, "Leaf"), "Birch")):
+                add(folder, title, pages.address(title))
+            # Nobody has clicked on a script; and a link to a folder may lead back.
+            add(os.path.join(trees, "Leaf"), "Script", "javascript:alert(1)")
+            os.symlink(trees, os.path.join(trees, "Leaf", "Round"))
+            with desk.Program(PROGRAM, "about:blank", home=home) as program:
+                program.wait_strip(["[about:blank]"])
+                program.keys("alt+a")
+                program.menu_of("Trees", "s")
+                program.wait_strip(["about:blank", "Pine", "Apple", "Cherry", "[Birch]"])
+
     def test_a_page_is_added_and_opens_in_a_tab_of_its_own_with_the_middle_button(self):
         home = desk.state_folder()
         with desk.PageServer() as pages:

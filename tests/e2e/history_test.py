@@ -250,6 +250,58 @@ class History(unittest.TestCase):
                     desk.wait_until(lambda at=position: "new: " in self.tip_of(program, at), what=lambda at=position: self.tip_of(program, at))
                 self.wait_home(program, "2 of 3 new since yesterday")
 
+    def choose_for_tab(self, program, position, key):
+        """Chooses from the More menu of a tab, by its access key."""
+        program.wait_menu(lambda: desk.click(program.tabs()[position], button=3))
+        program.wait_menu(lambda: desk.xdotool("key", "m"))
+        shown = program.windows_shown()
+        desk.xdotool("key", key)
+        desk.wait_until(lambda: program.windows_shown() < shown, what="the menu stays")
+
+    def test_tabs_without_news_are_closed_and_come_back(self):
+        group = os.path.join(self.home, "Morning.tvg")
+        with ChangingPages() as pages:
+            desk.write_group(group, [pages.address(title) for title in STORIES])
+            with desk.Program(PROGRAM, group, home=self.home) as program:
+                program.wait_strip(["about:blank", "Lantern", "Bakery", "[Weather]"])
+                self.wait_all_remembered()
+                for strip in (["about:blank", "Lantern", "[Bakery]", "Weather"], ["about:blank", "[Lantern]", "Bakery", "Weather"]):
+                    program.keys("ctrl+shift+Tab")
+                    program.wait_strip(strip)
+                self.wait_looked_at(3)
+                STORIES["Bakery"].insert(0, "A new oven arrived today from the coast.")
+                for position, strip, words in (
+                    (1, ["about:blank", "[Lantern]", "Bakery", "Weather"], "Nothing new since you read it"),
+                    (2, ["about:blank", "Lantern", "[Bakery]", "Weather"], "new: A new oven"),
+                    (3, ["about:blank", "Lantern", "Bakery", "[Weather]"], "Nothing new since you read it"),
+                ):
+                    if position > 1:
+                        program.keys("ctrl+Tab")
+                        program.wait_strip(strip)
+                    program.keys("F5")
+                    desk.wait_until(lambda: words in self.tip_of(program, position), what=lambda: self.tip_of(program, position))
+                self.choose_for_tab(program, 1, "w")
+                program.wait_strip(["about:blank", "[Bakery]"])
+                desk.wait_until(lambda: program.status().startswith("2 tabs were closed."), what=program.status)
+                program.press("push button", "Undo")
+                everything = ["about:blank", "Lantern", "Bakery", "Weather"]
+                desk.wait_until(
+                    lambda: [each.strip("[]") for each in program.strip()] == everything, what=lambda: str(program.strip())
+                )
+
+    def test_what_was_read_is_closed_and_the_rest_stays(self):
+        with ChangingPages() as pages:
+            group = os.path.join(self.home, "Morning.tvg")
+            desk.write_group(group, [pages.address(title) for title in STORIES])
+            with desk.Program(PROGRAM, group, home=self.home) as program:
+                program.wait_strip(["about:blank", "Lantern", "Bakery", "[Weather]"])
+                self.wait_all_remembered()
+                program.keys("space")
+                program.wait_strip(["about:blank", "[Lantern]", "Bakery", "Weather"])
+                self.choose_for_tab(program, 0, "s")
+                program.wait_strip(["about:blank", "[Bakery]"])
+                desk.wait_until(lambda: program.status().startswith("2 tabs were closed."), what=program.status)
+
     def wait_home(self, program, words):
         """Opens the home page and waits until it says that."""
         program.enter("tessaview:start", "alt+d")

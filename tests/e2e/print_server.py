@@ -39,6 +39,13 @@ DESCRIPTION = """*PPD-Adobe: "4.3"
 *ImageableArea A4/A4: "12 12 583 830"
 *DefaultPaperDimension: A4
 *PaperDimension A4/A4: "595 842"
+*OpenUI *Duplex/2-Sided Printing: PickOne
+*OrderDependency: 20 AnySetup *Duplex
+*DefaultDuplex: None
+*Duplex None/Off: "<</Duplex false>>setpagedevice"
+*Duplex DuplexNoTumble/Long Edge: "<</Duplex true/Tumble false>>setpagedevice"
+*Duplex DuplexTumble/Short Edge: "<</Duplex true/Tumble true>>setpagedevice"
+*CloseUI: *Duplex
 *DefaultFont: Courier
 *Font Courier: Standard "(1.0)" Standard ROM
 """
@@ -113,20 +120,63 @@ class Handler(http.server.BaseHTTPRequestHandler):
 class PrintServer:
     """A printer and its program `lp`, for programs that are started while the block lasts. Use it in a `with`."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, installed=True):
+        """Without `installed` there is no `lp` on this machine."""
         self.folder = os.path.join(folder, "lp")
         os.makedirs(self.folder)
+        self.path = self.folder + os.pathsep + os.environ["PATH"] if installed else self.folder
+        if not installed:
+            self.show_others()
+            self.ready()
+            return
         program = os.path.join(self.folder, "lp")
         with open(program, "w") as script:
             # The file is there whole once its name is.
             script.write(f'''#!/bin/sh
+echo "$$" >>"{self.folder}/calls"
 printf '%s\\n' "$@" >"{self.folder}/arguments"
+while [ -e "{self.folder}/held" ]; do sleep 0.05; done
+[ ! -e "{self.folder}/refused" ] || {{ echo "lp: Nobody may print." >&2; exit 1; }}
 for file; do :; done
 cp "$file" "{self.folder}/taken" && mv "{self.folder}/taken" "{self.paper()}"
+echo "request id is {NAME}-1 (1 file(s))"
 ''')
         os.chmod(program, 0o755)
+        self.ready()
+
+    def ready(self):
         self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
         self.before = {name: os.environ.get(name) for name in ("CUPS_SERVER", "PATH")}
+
+    def show_others(self):
+        """Has all programs of this machine in the folder, but for `lp`."""
+        for folder in reversed(os.environ["PATH"].split(os.pathsep)):
+            for name in os.listdir(folder) if os.path.isdir(folder) else []:
+                link = os.path.join(self.folder, name)
+                if os.path.lexists(link):
+                    os.remove(link)
+                if name != "lp":
+                    os.symlink(os.path.join(folder, name), link)
+
+    def refuse(self, refuses=True):
+        """From now on `lp` takes nothing; or does again."""
+        self.mark("refused", refuses)
+
+    def hold(self, holds=True):
+        """From now on `lp` does not go on; or does again."""
+        self.mark("held", holds)
+
+    def mark(self, name, there):
+        file = os.path.join(self.folder, name)
+        open(file, "w").close() if there else os.remove(file)
+
+    def calls(self):
+        """How often `lp` was called."""
+        try:
+            with open(os.path.join(self.folder, "calls")) as calls:
+                return len(calls.readlines())
+        except FileNotFoundError:
+            return 0
 
     def paper(self):
         return os.path.join(self.folder, "paper.pdf")
@@ -138,7 +188,7 @@ cp "$file" "{self.folder}/taken" && mv "{self.folder}/taken" "{self.paper()}"
     def __enter__(self):
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
         os.environ["CUPS_SERVER"] = f"127.0.0.1:{self.server.server_address[1]}"
-        os.environ["PATH"] = self.folder + os.pathsep + os.environ["PATH"]
+        os.environ["PATH"] = self.path
         return self
 
     def __exit__(self, *error):

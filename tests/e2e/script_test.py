@@ -243,9 +243,10 @@ class Searching(Scripted):
         with check_server.Server() as server:
             self.ctl("open", server.address("/story"), "--wait")
             (story,) = self.tabs()
-            # What is in front is read a little later than it has come.
-            desk.wait_until(lambda: self.hits() == [(story["number"], "Story", ["front"])], what=self.hits)
+            # It is read at once for who searches, though else only when it rests.
+            self.assertEqual(self.hits(), [(story["number"], "Story", ["front"])])
             self.ctl("open", "about:blank", "--wait")
+            self.assertEqual(self.hits(), [(story["number"], "Story", [])])
             self.ctl("close", str(story["number"]))
             desk.wait_until(lambda: self.hits() == [(0, "Story", ["history"])], what=self.hits)
 

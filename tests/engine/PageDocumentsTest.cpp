@@ -20,6 +20,8 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
+#include <QRadioButton>
+#include <QSpinBox>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -384,6 +386,29 @@ TEST_F(PageDocuments, APageIsPrintedByTheEngine) {
     Visit(QStringLiteral("/page"));
     PrintTo(folder.filePath(QStringLiteral("paper.pdf")));
     EXPECT_TRUE(WaitUntil([this] { return Written(QStringLiteral("paper.pdf")).startsWith("%PDF-"); }));
+}
+
+TEST_F(PageDocuments, SomeSheetsOfAPageAreWrittenToAFile) {
+    server.Page(QStringLiteral("/page"),
+                "<title>page</title><p style='break-after: page'>one<p style='break-after: page'>two<p>three");
+    Visit(QStringLiteral("/page"));
+    const auto sheets = [this](const QString& name, const std::function<void(QPrintDialog&)>& choose) {
+        In<QPrintDialog>([this, name, choose](QPrintDialog& dialog) {
+            dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->setText(folder.filePath(name));
+            choose(dialog);
+            dialog.accept();
+        });
+        ClickAndAnswer(u"mnuPrint");
+        EXPECT_TRUE(WaitUntil([&] { return Written(name).startsWith("%PDF-"); })) << name.toStdString();
+        return Written(name).count("/Type /Page\n");
+    };
+    EXPECT_EQ(sheets(QStringLiteral("all.pdf"), [](QPrintDialog&) {}), 3);
+    const auto secondAndThird = [](QPrintDialog& dialog) {
+        dialog.findChild<QRadioButton*>(QStringLiteral("printRange"))->setChecked(true);
+        dialog.findChild<QSpinBox*>(QStringLiteral("to"))->setValue(3);
+        dialog.findChild<QSpinBox*>(QStringLiteral("from"))->setValue(2);
+    };
+    EXPECT_EQ(sheets(QStringLiteral("some.pdf"), secondAndThird), 2);
 }
 
 TEST_F(PageDocuments, APdfIsItsOwnPreviewWhichCanBeSavedAndPrinted) {

@@ -81,6 +81,8 @@ TEST_P(StuckPrintsThatAreLeft, StayWhereTheyAreAndTheTabGoesOn) {
     EXPECT_NE(Front().Page(), before);
     EXPECT_TRUE(Front().Widget()->isVisible());
     EXPECT_EQ(desk.main->pcPage.Count(), 1U);
+    // No page is twice among those that the tab has shown.
+    EXPECT_EQ(Front().Page()->history()->count(), act < 2 ? 3 : 2);
     Release();
     EXPECT_TRUE(PreviewComes(u"Preview: stuck"));
     EXPECT_TRUE(WaitUntil([this] { return !before; }));

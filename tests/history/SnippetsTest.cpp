@@ -60,10 +60,14 @@ TEST(Snippets, ThePassagesWithMostWordsAreShownInTheOrderOfThePage) {
                                         {PassageKind::Words, u"only pears"},
                                         {PassageKind::Words, u"pears and apples"}};
     Text found;
-    for (const FoundPassage& each : Snippets::Best(PiecesOf(u"apples pears"), passages, 3, 100))
+    for (const FoundPassage& each : Snippets::Best(PiecesOf(u"apples pears"), passages, {}, 3, 100))
         found += Decimal(static_cast<std::int64_t>(each.Number)) + u":" + Shown(each.Shown) + u"|";
     EXPECT_EQ(ToUtf8(found), "0:only [apples]|2:[apples] and [pears]|4:[pears] and [apples]|");
-    EXPECT_TRUE(Snippets::Best(PiecesOf(u"plums"), passages, 3, 100).empty());
+    EXPECT_TRUE(Snippets::Best(PiecesOf(u"plums"), passages, {}, 3, 100).empty());
+    // A heading that is the title once more says nothing beneath it.
+    const auto beneath = Snippets::Best(PiecesOf(u"apples pears"), passages, u"apples and pears", 1, 100);
+    ASSERT_EQ(beneath.size(), 1U);
+    EXPECT_EQ(beneath.front().Number, 4U);
 }
 
 } // namespace

@@ -249,10 +249,25 @@ TEST_F(PageMenuTest, OfASelectionMakesATessaGroupOfItsLinks) {
     Ask(Selection(u"x"));
     desk.files.chosen = folder.PathText("links.tvg");
     desk.Click(u"xtrSaveSelectedLinks");
+    EXPECT_EQ(desk.files.last.DialogTitle, u"Save Selected Links as TessaGroup");
     EXPECT_EQ(folder.Read("links.tvg"), "[TessaGroup]\r\nurl1=https://b.example/\r\nurl2=https://c.example/\r\n");
     desk.views.At(1).selectedLinks = {u"mailto:a@b"};
     desk.Click(u"xtrSaveSelectedLinks");
     EXPECT_EQ(desk.Said(), "No link to a page is selected.");
+}
+
+TEST_F(PageMenuTest, OfAPrivateSelectionAsksBeforeItsLinksAreKept) {
+    const TemporaryFolder folder;
+    desk.Click(u"xtrPrivateTab");
+    desk.views.At(2).selectedLinks = {u"https://b.example/"};
+    desk.views.At(2).events.ContextMenu(2, Selection(u"x"));
+    desk.files.chosen = folder.PathText("links.tvg");
+    desk.Click(u"xtrSaveSelectedLinks");
+    EXPECT_EQ(folder.Files(), 0U);
+    EXPECT_EQ(desk.messages.Buttons(), "&Cancel|&Save Them");
+    desk.messages.answer = Answer::Yes;
+    desk.Click(u"xtrSaveSelectedLinks");
+    EXPECT_EQ(folder.Read("links.tvg"), "[TessaGroup]\r\nurl1=https://b.example/\r\n");
 }
 
 TEST_F(PageMenuTest, OfASelectionOpensItsLinksBehindInTheirOrder) {

@@ -93,6 +93,26 @@ TEST_F(ReadingCommandsTest, WhatWasReadIsClosedAndTheRestStays) {
     EXPECT_EQ(m_desk.Said(), "2 tabs were closed. [Undo]");
 }
 
+TEST_F(ReadingCommandsTest, WhereAllWasReadABlankTabIsLeft) {
+    m_desk.ClickTab(2);
+    m_desk.ClickTab(3);
+    m_desk.Click(u"xtrTabCloseRead");
+    EXPECT_EQ(m_desk.Strip(), "[4*]");
+    EXPECT_EQ(m_desk.Said(), "3 tabs were closed. [Undo]");
+    m_desk.Undo();
+    EXPECT_EQ(m_desk.CountTabs(), 4U);
+}
+
+TEST_F(ReadingCommandsTest, PinnedTabsStayOpen) {
+    m_desk.main.pcPage.SetPinned(m_desk.main.pcPage.FindAt(3), true);
+    m_desk.Click(u"xtrTabCloseWithoutNews");
+    EXPECT_EQ(m_desk.CountTabs(), 3U);
+    EXPECT_EQ(m_desk.Said(), "There is no tab of which it is known that nothing is new.");
+    m_desk.main.pcPage.SetPinned(m_desk.main.pcPage.FindAt(1), false);
+    m_desk.Click(u"xtrTabCloseWithoutNews");
+    EXPECT_EQ(m_desk.CountTabs(), 2U);
+}
+
 TEST_F(ReadingCommandsTest, WhatHoldsATypedTextStaysOpen) {
     m_desk.views.At(3).activity.HoldsInput = true;
     m_desk.Click(u"xtrTabCloseWithoutNews");
