@@ -33,7 +33,7 @@ public:
 struct FileDialogRequest {
     Text DialogTitle;
     Text InitDir; ///< empty for the one that the desktop has for documents, when saving
-    Text Filter; ///< pairs of description and patterns, separated by "|", patterns by ";"
+    Text Filter;  ///< pairs of description and patterns, separated by "|", patterns by ";"
     bool MustExist = false;
     Text FileName{}; ///< suggested, when saving
 };

@@ -1,7 +1,6 @@
 # Tests: DocumentPrinter, PageOutput
 """Pages go to the printer as the PDF that the engine makes of them, with what was chosen in the dialog."""
 
-import http.server
 import os
 import subprocess
 import threading
@@ -15,6 +14,12 @@ PROGRAM = desk.program_file()
 TAKEN = "The printer has taken the page."
 REFUSED = "The printer did not take the page. Nothing was printed."
 SHEETS = "".join(f"<p style='break-after: page'>Sheet {number} of the harbour book</p>" for number in range(1, 6))
+HELD = "const held = new XMLHttpRequest(); held.open('GET', '/held', false); held.send();"
+BODIES = {
+    "/book": f"<title>Book</title>{SHEETS}",
+    "/stuck": f"<title>Stuck</title>{SHEETS}<script>addEventListener('beforeprint', () => {{ {HELD} }});</script>",
+    "/next": "<title>Next</title><p>Next",
+}
 
 
 class BookServer(desk.PageServer):
@@ -29,34 +34,14 @@ class BookServer(desk.PageServer):
         self.goes_on.set()
         super().__exit__(*error)
 
-    def _handler(self):
-        pages = self
-        held = "const held = new XMLHttpRequest(); held.open('GET', '/held', false); held.send();"
-        bodies = {
-            "/book": f"<title>Book</title>{SHEETS}",
-            "/stuck": f"<title>Stuck</title>{SHEETS}<script>addEventListener('beforeprint', () => {{ {held} }});</script>",
-            "/next": "<title>Next</title><p>Next",
-        }
-
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                if self.path == "/held":
-                    pages.asked.set()
-                    pages.goes_on.wait()
-                body = ("<!doctype html>" + bodies[self.path]).encode() if self.path in bodies else b""
-                kind = "text/html; charset=utf-8"
-                if self.path == "/paper.pdf":
-                    body, kind = one_sheet(), "application/pdf"
-                self.send_response(200 if body else 404)
-                self.send_header("Content-Type", kind)
-                self.send_header("Content-Length", str(len(body)))
-                self.end_headers()
-                self.wfile.write(body)
-
-            def log_message(self, *words):
-                pass
-
-        return Handler
+    def answer(self, request):
+        if request.path == "/held":
+            self.asked.set()
+            self.goes_on.wait()
+        if request.path == "/paper.pdf":
+            return request.send(one_sheet(), "application/pdf")
+        body = BODIES.get(request.path)
+        request.send(("<!doctype html>" + body).encode() if body else b"", status=200 if body else 404)
 
 
 def one_sheet():

@@ -1,6 +1,5 @@
 """Links that are selected in a page, by mouse and keys, become a TessaGroup."""
 
-import http.server
 import os
 import unittest
 
@@ -13,23 +12,11 @@ PROGRAM = desk.program_file()
 class LinkServer(desk.PageServer):
     """A page /List with links; any other address is a page of that title."""
 
-    def _handler(self):
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                title = self.path.strip("/")
-                links = ("/One", "/Two?a=1&amp;b=2", "javascript:void(0)", "/One", "mailto:a@b.example", "/Three#part")
-                body = "".join(f'<p><a href="{each}">{each}</a>' for each in links) if title == "List" else "words"
-                page = f"<!doctype html><title>{title}</title><h1>{title}</h1>{body}".encode()
-                self.send_response(200)
-                self.send_header("Content-Type", "text/html; charset=utf-8")
-                self.send_header("Content-Length", str(len(page)))
-                self.end_headers()
-                self.wfile.write(page)
-
-            def log_message(self, *words):
-                pass
-
-        return Handler
+    def answer(self, request):
+        title = request.path.strip("/")
+        links = ("/One", "/Two?a=1&amp;b=2", "javascript:void(0)", "/One", "mailto:a@b.example", "/Three#part")
+        body = "".join(f'<p><a href="{each}">{each}</a>' for each in links) if title == "List" else "words"
+        request.send(f"<!doctype html><title>{title}</title><h1>{title}</h1>{body}".encode())
 
 
 class SelectedLinks(unittest.TestCase):
