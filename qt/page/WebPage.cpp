@@ -240,6 +240,7 @@ void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patienc
 void WebPage::PrintOnceLoaded(const QPageLayout& layout, std::chrono::milliseconds patience,
                               const std::function<void(const PrintedPage& printed)>& printed,
                               const QPageRanges& ranges) {
+    ++m_toPrint;
     auto* wait = new QTimer(this);
     const auto told = std::make_shared<std::function<void(const PrintedPage&)>>(printed);
     const auto tell = [told](const PrintedPage& result) {
@@ -249,10 +250,14 @@ void WebPage::PrintOnceLoaded(const QPageLayout& layout, std::chrono::millisecon
         const auto left = wait->remainingTimeAsDuration();
         wait->deleteLater();
         const auto once = std::exchange(*told, {});
-        if (once) m_ending ? once({}) : Print(layout, left, once, ranges);
+        if (!once) return;
+        --m_toPrint;
+        Print(layout, left, once, ranges);
+        if (m_ending) EndOnceDone();
     };
     wait->setSingleShot(true);
-    wait->callOnTimeout(this, [wait, tell] {
+    wait->callOnTimeout(this, [this, wait, tell] {
+        --m_toPrint;
         wait->deleteLater();
         tell({.answered = false});
     });
@@ -271,19 +276,25 @@ void WebPage::Ask(const QString& script, std::function<void(const QVariant&)> an
                       const auto asked = left.lock();
                       if (asked) --*asked;
                       answered(answer);
-                      if (asked && page && page->m_ending && *asked == 0 && page->m_printing == 0 && !page->m_waiting)
-                          page->deleteLater();
+                      if (asked && page && page->m_ending) page->EndOnceDone();
                   });
 }
 
 void WebPage::End() {
     m_ending = true;
-    if (m_waiting)
-        m_waiting->quit();
-    else if (m_printing == 0 && *m_asked == 0)
-        deleteLater();
-    else if (m_printing == 0)
-        QTimer::singleShot(kLastAnswerPatience, this, &QObject::deleteLater);
+    if (m_waiting) return m_waiting->quit();
+    // What answers by then may have it printed.
+    QTimer::singleShot(kLastAnswerPatience, this, [this] {
+        if (m_printing == 0) deleteLater();
+    });
+    EndOnceDone();
+}
+
+void WebPage::EndOnceDone() {
+    if (m_waiting || m_printing > 0) return;
+    // What has come by now is printed.
+    if (m_toPrint > 0) return triggerAction(Stop);
+    if (*m_asked == 0) deleteLater();
 }
 
 // Newer engines, as 6.11, tell of a download by a call that waits, with a bare pointer to its page.

@@ -158,6 +158,7 @@ private:
     void PrintOnceLoaded(const QPageLayout& layout, std::chrono::milliseconds patience,
                          const std::function<void(const PrintedPage& printed)>& printed, const QPageRanges& ranges);
     void GoOnAfterPrint();
+    void EndOnceDone();
     [[nodiscard]] bool StaysForPrint(const QUrl& url, NavigationType type);
 
     [[nodiscard]] bool MayLeadOn(const QUrl& url);
@@ -170,6 +171,7 @@ private:
     std::shared_ptr<int> m_asked = std::make_shared<int>(0); ///< how many scripts have not answered yet
     int m_printing = 0; ///< how often it is being printed; the engine cannot bear that the page goes meanwhile
     int m_overdue = 0;  ///< how often of that nobody waits for it any more
+    int m_toPrint = 0;  ///< how often it is to be printed once it has loaded
     QUrl m_afterPrint;  ///< where it wanted to go meanwhile
     PersonNote m_person, m_opener;
     bool m_personWasHere = false;

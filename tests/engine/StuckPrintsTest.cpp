@@ -189,12 +189,22 @@ TEST_F(PrintsWhileLoading, AreGivenUpAndComeLaterAllTheSame) {
     ExpectPrinted();
 }
 
-TEST_F(PrintsWhileLoading, AreAnsweredWhenThePageGoes) {
+TEST_F(PrintsWhileLoading, HaveWhatHasComeWhenTheTabCloses) {
     Print();
+    const QPointer<WebPage> page(Front().Page());
     Click(u"mnuNewBlank");
     desk.main->CloseBrowserTab(1);
     ASSERT_TRUE(WaitUntil([this] { return printed->has_value(); }));
-    EXPECT_TRUE((*printed)->pdf.isEmpty());
+    EXPECT_TRUE((*printed)->pdf.startsWith("%PDF-"));
+    EXPECT_TRUE(WaitUntil([&] { return page.isNull(); }));
+}
+
+TEST_F(PrintsWhileLoading, HaveWhatHasComeWhenTheProgramEnds) {
+    Print();
+    desk.main->Form_Unload();
+    EXPECT_TRUE(desk.engine.Shutdown());
+    ASSERT_TRUE(*printed);
+    EXPECT_TRUE((*printed)->pdf.startsWith("%PDF-"));
 }
 
 TEST_F(StuckPrints, APageThatIsOnItsWayToAnotherIsNotPrinted) {
