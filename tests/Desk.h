@@ -68,7 +68,7 @@ public:
         return main.GetNewBrowser(inFront, privacy);
     }
     void Close(std::int32_t index) { main.CloseBrowserTab(index); }
-    void Pin(std::int32_t index) { main.pcPage.SetPinned(&TabOf(index), true); }
+    void Pin(std::int32_t index, bool pinned = true) { main.pcPage.SetPinned(&TabOf(index), pinned); }
     void NameTab(std::size_t position, TextView name) { main.pcPage.SetName(&TabAt(position), Text(name)); }
     /// Opens tabs and closes them again until the view index `last` has been used.
     void UseIndexesUpTo(std::int32_t last);

@@ -151,6 +151,13 @@ QString LeaveQuestion() {
         "QWebEnginePage", "Are you sure you want to leave this page? Changes that you made may not be saved.");
 }
 
+/// Tells the first result, and no other.
+auto Once(const std::function<void(const PrintedPage&)>& printed) {
+    return [told = std::make_shared<std::function<void(const PrintedPage&)>>(printed)](const PrintedPage& result) {
+        if (const auto once = std::exchange(*told, {})) once(result);
+    };
+}
+
 } // namespace
 
 void WebPage::javaScriptAlert(const QUrl& origin, const QString& message) {
@@ -211,10 +218,7 @@ void WebPage::Print(const QPageLayout& layout, std::chrono::milliseconds patienc
     if (isLoading()) return AwaitsAny() ? printed({}) : PrintOnceLoaded(layout, patience, printed, ranges);
     ++m_printing;
     auto* watch = new QTimer(this);
-    const auto told = std::make_shared<std::function<void(const PrintedPage&)>>(printed);
-    const auto tell = [told](const PrintedPage& result) {
-        if (const auto once = std::exchange(*told, {})) once(result);
-    };
+    const auto tell = Once(printed);
     const auto end = [this, tell, watch, whole = Whole(), open = std::make_shared<bool>(true)](const QByteArray& pdf) {
         if (whole.expired() || !std::exchange(*open, false)) return tell({});
         if (!watch->isActive()) --m_overdue;

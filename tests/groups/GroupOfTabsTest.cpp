@@ -76,7 +76,7 @@ TEST_F(GroupOfTabs, SavedOverItsOwnFileAGroupStaysTheSame) {
 }
 
 TEST_F(GroupOfTabs, PinnedTabsStayWhereTheyAreAndTheirPagesInTheFile) {
-    desk.main.pcPage.SetPinned(desk.main.pcPage.FindAt(6), true);
+    desk.Pin(desk.TabAt(6).Tag);
     Group("News", {6, 2});
     EXPECT_EQ(desk.Units(), "^6 [1*] News(2) 3 4 5");
     desk.Close(2);

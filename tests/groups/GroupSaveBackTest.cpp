@@ -109,7 +109,7 @@ TEST_F(GroupSaveBack, OnlyTabsOfNoGroupJoinAndNoPinnedOnes) {
     desk.PageLoads(4, u"http://m/", u"M");
     desk.NewTab(InFront::Yes);
     desk.PageLoads(5, u"http://p/", u"P");
-    desk.main.pcPage.SetPinned(desk.main.pcPage.FindAt(5), true);
+    desk.Pin(desk.TabAt(5).Tag);
     desk.PageLoads(1, u"http://one/", u"One");
     EXPECT_EQ(desk.Units(), "[^5*] 1 News(2 3) Mail(4)");
     desk.main.Groups().AddTabsToTessaGroup({5, 4, 1, 77}, groups.PathText("News.tvg"));

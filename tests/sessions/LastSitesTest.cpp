@@ -134,7 +134,7 @@ TEST(LastSites, GroupsAndPinnedTabsAreThereAtTheNextStart) {
     later.Start();
     EXPECT_EQ(later.Units(), "^1 News-(2 3) [4*]");
     EXPECT_EQ(later.TabAt(2).Colour(), TabColour::Red);
-    later.main.pcPage.SetPinned(&later.TabOf(1), false);
+    later.Pin(1, false);
     for (const int index : {2, 3}) later.main.TabGroups().TakeOut(index);
     later.Unload();
     EXPECT_EQ(later.settings.Stored(u"LastGroups"), u"");

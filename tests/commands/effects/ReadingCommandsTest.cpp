@@ -104,11 +104,11 @@ TEST_F(ReadingCommandsTest, WhereAllWasReadABlankTabIsLeft) {
 }
 
 TEST_F(ReadingCommandsTest, PinnedTabsStayOpen) {
-    m_desk.main.pcPage.SetPinned(m_desk.main.pcPage.FindAt(3), true);
+    m_desk.Pin(3);
     m_desk.Click(u"xtrTabCloseWithoutNews");
     EXPECT_EQ(m_desk.CountTabs(), 3U);
     EXPECT_EQ(m_desk.Said(), "There is no tab of which it is known that nothing is new.");
-    m_desk.main.pcPage.SetPinned(m_desk.main.pcPage.FindAt(1), false);
+    m_desk.Pin(3, false);
     m_desk.Click(u"xtrTabCloseWithoutNews");
     EXPECT_EQ(m_desk.CountTabs(), 2U);
 }
